@@ -1,0 +1,80 @@
+# How the parts of this tree are built. Users' projects want Morvanite.cmake instead.
+
+# What every target of ours is compiled with.
+add_library(morvanite_options INTERFACE)
+target_compile_options(morvanite_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -fvisibility=hidden -fstack-protector-strong)
+target_compile_definitions(morvanite_options INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS $<$<CONFIG:Release>:_FORTIFY_SOURCE=2>)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # GCC 12 takes any std::string built with operator+ for an overlapping copy (its bug 105651).
+    target_compile_options(morvanite_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict>)
+endif()
+if(MORVANITE_SANITIZE)
+    target_compile_options(morvanite_options INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(morvanite_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(MORVANITE_FUZZ)
+    target_compile_options(morvanite_options INTERFACE
+        -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(morvanite_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# morvanite_core(pack USES platform model LIBS X::y): the folder src/core/pack as a library. A header is visible only to the
+# folders that name its folder in USES, so an include that runs upwards doesn't compile.
+function(morvanite_core name)
+    cmake_parse_arguments(arg "" "" "USES;LIBS" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
+    if(NOT sources)
+        return()
+    endif()
+    add_library(morvanite_${name} STATIC ${sources})
+    target_include_directories(morvanite_${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/${name})
+    list(TRANSFORM arg_USES PREPEND morvanite_)
+    target_link_libraries(morvanite_${name} PUBLIC ${arg_USES} ${arg_LIBS} PRIVATE morvanite_options)
+endfunction()
+
+function(morvanite_uses target)
+    foreach(use ${ARGN})
+        if(TARGET morvanite_${use})
+            target_link_libraries(${target} PRIVATE morvanite_${use})
+        else()
+            target_link_libraries(${target} PRIVATE ${use})
+        endif()
+    endforeach()
+    target_link_libraries(${target} PRIVATE morvanite_options)
+endfunction()
+
+# morvanite_test(model SOURCES a.cpp USES model project): a GoogleTest program whose tests CTest lists one by one.
+function(morvanite_test name)
+    cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
+    add_executable(${name}_test ${arg_SOURCES})
+    morvanite_uses(${name}_test ${arg_USES} GTest::gmock GTest::gtest_main)
+    set_target_properties(${name}_test PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
+    gtest_discover_tests(${name}_test DISCOVERY_TIMEOUT 60 PROPERTIES ENVIRONMENT "MORVANITE_PROGRAM_DIR=${CMAKE_BINARY_DIR}/bin"
+        TIMEOUT 300)
+endfunction()
+
+# morvanite_fuzz(elf SOURCES elf.cpp USES pack): a libFuzzer program; its seeds lie in fuzz/seeds/elf.
+function(morvanite_fuzz name)
+    cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
+    add_executable(fuzz_${name} ${arg_SOURCES})
+    morvanite_uses(fuzz_${name} ${arg_USES})
+    target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
+    set_target_properties(fuzz_${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/fuzz)
+endfunction()
+
+# Every file of the folder goes beside the programs, and again when it changes.
+function(add_program_folder folder)
+    file(GLOB files CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/${folder}
+        ${CMAKE_SOURCE_DIR}/${folder}/*.ini ${CMAKE_SOURCE_DIR}/${folder}/*.img)
+    set(copies "")
+    foreach(file ${files})
+        add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/bin/${file}
+            COMMAND ${CMAKE_COMMAND} -E copy ${CMAKE_SOURCE_DIR}/${folder}/${file} ${CMAKE_BINARY_DIR}/bin/${file}
+            DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/${file})
+        list(APPEND copies ${CMAKE_BINARY_DIR}/bin/${file})
+    endforeach()
+    add_custom_target(program_folder ALL DEPENDS ${copies})
+endfunction()

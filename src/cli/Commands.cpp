@@ -1,0 +1,63 @@
+#include "Commands.h"
+
+#include "Session.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <unistd.h>
+
+std::vector<std::unique_ptr<ICommand>> AllCommands()
+{
+    std::vector<std::unique_ptr<ICommand>> commands;
+    commands.push_back(MakeLoadCommand());
+    commands.push_back(MakeSaveCommand());
+    commands.push_back(MakePackCommand());
+    commands.push_back(MakeIdsCommand());
+    commands.push_back(MakeInspectCommand());
+    commands.push_back(MakeServeCommand());
+    return commands;
+}
+
+namespace {
+
+int ParseAndRun(int argc, char **argv)
+{
+    CLI::App app{"Morvanite: manages, numbers and packs the resources of applications on small devices.", "morvanite-cli"};
+    app.set_version_flag("--version", std::string("morvanite-cli ") + MORVANITE_VERSION);
+    std::string debugLog;
+    app.add_option("--debug-log", debugLog, "Append the developer's log to a file; \"-\" is standard error")
+        ->envname("MORVANITE_DEBUG_LOG")
+        ->type_name("FILE");
+    app.require_subcommand(1);
+    app.fallthrough();
+
+    ICommand *chosen = nullptr;
+    const auto commands = AllCommands();
+    for (const auto &command : commands)
+        command->Add(app)->callback([&chosen, &command] { chosen = command.get(); });
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError &error) {
+        return app.exit(error) == 0 ? EXIT_FINE : EXIT_WRONG_USE;
+    }
+    Session session(QString::fromStdString(debugLog));
+    const int status = chosen->Run(session);
+    session.report.Flush();
+    // The system takes the memory of a large project back faster than the tree's destructors would.
+    fflush(nullptr);
+    _exit(status);
+}
+
+} // namespace
+
+/// The whole program, from the command line to the exit status.
+extern "C" __attribute__((visibility("default"))) int MorvaniteRun(int argc, char **argv)
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    try {
+        return ParseAndRun(argc, argv);
+    } catch (const std::bad_alloc &) {
+        Complain(QStringLiteral("out of memory"));
+        return EXIT_FAILED;
+    }
+}

@@ -1,0 +1,48 @@
+#include "Commands.h"
+#include "IDGen.h"
+#include "Session.h"
+#include "SortedIds.h"
+
+#include <unistd.h>
+
+namespace {
+
+class IdsCommand : public ICommand
+{
+public:
+    CLI::App *Add(CLI::App &app) override
+    {
+        CLI::App *command = app.add_subcommand("ids", "List a project's IDs with their numbers, sorted by name");
+        command->add_option("PROJECT", project, "The project's .vcproj file")->required();
+        return command;
+    }
+
+    int Run(Session &session) override
+    {
+        StandardOutput errors(STDERR_FILENO);
+        CResDoc *document = session.OpenQuietly(AbsolutePath(project), errors);
+        if (!document)
+            return EXIT_FAILED;
+        if (document->GenerateIds(nullptr) != 0) {
+            Complain(QString::fromStdString(project) + QStringLiteral(": more IDs of one kind than there are numbers"));
+            return EXIT_FAILED;
+        }
+        const IDRecord *last = nullptr;
+        for (const IDRecord *record : SortedIds(document->ids)) {
+            if (!last || last->name != record->name)
+                session.report.WriteBytes(session.env.Shown(record->name) + '\t' + QByteArray::number(record->value) + '\n');
+            last = record;
+        }
+        return EXIT_FINE;
+    }
+
+private:
+    std::string project;
+};
+
+} // namespace
+
+std::unique_ptr<ICommand> MakeIdsCommand()
+{
+    return std::make_unique<IdsCommand>();
+}

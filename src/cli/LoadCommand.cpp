@@ -1,0 +1,39 @@
+#include "CommandRecord.h"
+#include "Commands.h"
+#include "RemoteCommand.h"
+
+namespace {
+
+class LoadCommand : public ICommand
+{
+public:
+    CLI::App *Add(CLI::App &app) override
+    {
+        CLI::App *command = app.add_subcommand("load", "Open a project and report what is wrong with it");
+        command->add_option("PROJECT", project, "The project's .vcproj file")->required();
+        command->add_flag("--remote", remote, "Let the running window do it");
+        return command;
+    }
+
+    int Run(Session &session) override
+    {
+        QString error;
+        const auto record = BuildRecord(CommandRecord{AbsolutePath(project)}, error);
+        if (!record) {
+            Complain(error);
+            return EXIT_WRONG_USE;
+        }
+        return RunCommand(session, COMMAND_LOAD, *record, remote);
+    }
+
+private:
+    std::string project;
+    bool remote = false;
+};
+
+} // namespace
+
+std::unique_ptr<ICommand> MakeLoadCommand()
+{
+    return std::make_unique<LoadCommand>();
+}

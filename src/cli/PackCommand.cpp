@@ -1,0 +1,89 @@
+#include "CommandRecord.h"
+#include "Commands.h"
+#include "Depfile.h"
+#include "Paths.h"
+#include "RemoteCommand.h"
+
+#include <cstring>
+
+namespace {
+
+class PackCommand : public ICommand
+{
+public:
+    CLI::App *Add(CLI::App &app) override
+    {
+        CLI::App *command = app.add_subcommand("pack", "Pack a project's resources into an application file");
+        command->add_option("PROJECT", project, "The project's .vcproj file")->required();
+        command->add_option("--input", input, "The application file as built; it isn't changed")->required();
+        command->add_option("--output", output, "The file to make (default: the input's name and \".pkd\")");
+        command->add_option("--resolution", resolution, "The device's screen, such as 240x320")->required();
+        command->add_option("--target", target, "What the application file is: axf (ELF) or dll")->required();
+        command->add_option("--convert-images", convertImages, "Not 0: convert images into the device's format");
+        command->add_option("--ver", version, "A version number for the log");
+        CLI::Option *depfileOption =
+            command->add_option("--depfile", depfile, "Write the files that were read, for make or ninja")->type_name("FILE");
+        command->add_flag("--remote", remote, "Let the running window do it")->excludes(depfileOption);
+        return command;
+    }
+
+    int Run(Session &session) override
+    {
+        PackCommandRecord request;
+        request.projectPath = AbsolutePath(project);
+        request.inputFile = AbsolutePath(input);
+        request.outputFile = AbsolutePath(output);
+        request.resolution = QString::fromStdString(resolution);
+        request.targetKind = QString::fromStdString(target);
+        request.imageConvert = convertImages;
+        request.version = version;
+        QString error;
+        const auto record = BuildRecord(request, error);
+        if (!record) {
+            Complain(error);
+            return EXIT_WRONG_USE;
+        }
+        // Made absolute now: a pack moves to the project's folder.
+        const QString depfilePath = AbsolutePath(depfile);
+        std::vector<QByteArray> inputs;
+        if (!depfile.empty())
+            session.handler.packInputs = &inputs;
+        const int status = RunCommand(session, COMMAND_PACK, *record, remote);
+        if (status == EXIT_FINE && !depfile.empty())
+            return WriteDependencies(session, request, depfilePath, std::move(inputs));
+        return status;
+    }
+
+private:
+    static int WriteDependencies(Session &session, const PackCommandRecord &request, const QString &path,
+                                 std::vector<QByteArray> inputs)
+    {
+        inputs.push_back(request.inputFile.toUtf8());
+        const auto *document = static_cast<const CResDoc *>(session.documents.FindDocument(request.projectPath));
+        for (const QString &file : document ? document->ProjectFiles() : QStringList())
+            inputs.push_back(HostPath(file));
+        const QString made = request.outputFile.isEmpty() ? request.inputFile + QStringLiteral(".pkd") : request.outputFile;
+        if (const int error = WriteDepfile(path, made.toUtf8(), std::move(inputs))) {
+            Complain(QStringLiteral("cannot write %1: %2").arg(path, QString::fromLocal8Bit(strerror(error))));
+            return EXIT_FAILED;
+        }
+        return EXIT_FINE;
+    }
+
+    std::string project;
+    std::string input;
+    std::string output;
+    std::string resolution;
+    std::string target;
+    std::string depfile;
+    int convertImages = 0;
+    int version = 0;
+    bool remote = false;
+};
+
+} // namespace
+
+std::unique_ptr<ICommand> MakePackCommand()
+{
+    return std::make_unique<PackCommand>();
+}

@@ -1,0 +1,52 @@
+#include "CommandRecord.h"
+#include "Commands.h"
+#include "RemoteCommand.h"
+
+namespace {
+
+class SaveCommand : public ICommand
+{
+public:
+    CLI::App *Add(CLI::App &app) override
+    {
+        CLI::App *command =
+            app.add_subcommand("save", "Open a project, number its IDs, write its headers and files");
+        command->add_option("PROJECT", project, "The project's .vcproj file")->required();
+        command->add_flag("--remote", remote, "Let the running window save the project that it has open");
+        return command;
+    }
+
+    int Run(Session &session) override
+    {
+        const QString path = AbsolutePath(project);
+        QString error;
+        const auto record = BuildRecord(CommandRecord{path}, error);
+        if (!record) {
+            Complain(error);
+            return EXIT_WRONG_USE;
+        }
+        if (remote)
+            return RunCommand(session, COMMAND_SAVE, *record, remote);
+        const CResDoc *document = session.OpenQuietly(path, session.report);
+        if (!document)
+            return EXIT_FAILED;
+        const int status = RunCommand(session, COMMAND_SAVE, *record, remote);
+        // The report of a save has no error line for these.
+        if (document->lastSave.write != 0)
+            Complain(path + QStringLiteral(": failed to save the resources"));
+        else if (document->lastSave.generate != 0)
+            Complain(path + QStringLiteral(": failed to generate header files: more IDs of one kind than there are numbers"));
+        return document->lastSave.write != 0 || document->lastSave.generate != 0 ? EXIT_FAILED : status;
+    }
+
+private:
+    std::string project;
+    bool remote = false;
+};
+
+} // namespace
+
+std::unique_ptr<ICommand> MakeSaveCommand()
+{
+    return std::make_unique<SaveCommand>();
+}

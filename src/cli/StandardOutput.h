@@ -1,0 +1,24 @@
+#pragma once
+
+#include "CommandHandler.h"
+
+/// A report on a stream of the process, as UTF-8. A closed one ends the program quietly.
+class StandardOutput : public IReportPipe
+{
+public:
+    explicit StandardOutput(int descriptor) : fd(descriptor) {}
+    ~StandardOutput() override;
+
+    bool Open() override;
+    [[nodiscard]] bool IsOpen() const override { return open; }
+    void Write(QStringView text) override;
+    void WriteBytes(QByteArrayView bytes);
+    void Flush() override;
+    void Close() override;
+
+private:
+    int fd;
+    bool open = false;
+    QByteArray held;
+    qint64 heldSince = 0; // milliseconds of a steady clock
+};

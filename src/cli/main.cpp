@@ -1,0 +1,45 @@
+// The program itself: small, so that it starts at once. Everything but the version lies in libmorvanite-commands.so
+// beside it.
+
+#include <climits>
+#include <cstdio>
+#include <cstring>
+#include <dlfcn.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr char LIBRARY[] = "libmorvanite-commands.so";
+using RunFunction = int (*)(int, char **);
+
+/// The library's path beside the program; false when it doesn't fit.
+bool FindLibrary(char (&path)[PATH_MAX])
+{
+    const ssize_t size = readlink("/proc/self/exe", path, sizeof path - 1);
+    if (size <= 0)
+        return false;
+    path[size] = 0;
+    char *const name = strrchr(path, '/') + 1;
+    if (size_t(name - path) + sizeof LIBRARY > sizeof path)
+        return false;
+    memcpy(name, LIBRARY, sizeof LIBRARY);
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (argc == 2 && strcmp(argv[1], "--version") == 0) {
+        static constexpr char VERSION[] = "morvanite-cli " MORVANITE_VERSION "\n";
+        return write(STDOUT_FILENO, VERSION, sizeof VERSION - 1) < 0 ? 1 : 0;
+    }
+    char path[PATH_MAX];
+    void *const library = FindLibrary(path) ? dlopen(path, RTLD_LAZY | RTLD_LOCAL) : nullptr;
+    void *const run = library ? dlsym(library, "MorvaniteRun") : nullptr;
+    if (!run) {
+        fprintf(stderr, "morvanite-cli: %s must lie beside the program: %s\n", LIBRARY, dlerror());
+        return 2;
+    }
+    return reinterpret_cast<RunFunction>(run)(argc, argv);
+}

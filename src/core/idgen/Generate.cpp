@@ -1,0 +1,111 @@
+#include "IDGen.h"
+
+#include "Environment.h"
+#include "Header.h"
+#include "HostFiles.h"
+#include "Paths.h"
+#include "ResModel.h"
+#include "SortedIds.h"
+
+#include <QSet>
+
+namespace {
+
+/// The headers that one run writes, and the names that stand in one already.
+class HeaderRun
+{
+public:
+    HeaderRun(CResModel &model, const QString &folder) : document(model), env(model.env), outputFolder(folder) {}
+
+    void WriteComponents()
+    {
+        const CResFolder *components = document.root.FindFolder(KIND_CPIMAGES, 2);
+        if (!components)
+            return;
+        const QString format = env.settings.String("ResID", "comp_header", "uix_rp_%s_def.h");
+        for (const auto &component : components->subfolders)
+            WriteComponent(format, component->title);
+    }
+
+    void WriteMain(const IDPool &pool)
+    {
+        const QString path = ResolvePath(env.settings.String("ResID", "main_header", "ResID.h"), outputFolder);
+        const std::vector<IDRecord *> sorted = SortedIds(pool);
+        Header header(env.WideToNarrow(path));
+        DefineThoseOf(sorted, /*push=*/false, header);
+        header.EmptyLine();
+        DefineThoseOf(sorted, /*push=*/true, header);
+        Write(header, path);
+    }
+
+private:
+    void WriteComponent(const QString &format, const QString &component)
+    {
+        QString fileName = format;
+        fileName.replace(QStringLiteral("%s"), component);
+        Header header(env.WideToNarrow(fileName));
+        if (const CResFolder *images = document.root.FindFolder(KIND_COMPONENT, component, 2)) {
+            for (const CBaseRes *image : images->resources) {
+                header.Define(*image->Id());
+                inComponents.insert(image->Id()->name);
+            }
+        }
+        Write(header, outputFolder + u'\\' + fileName);
+    }
+
+    void DefineThoseOf(const std::vector<IDRecord *> &sorted, bool push, Header &header)
+    {
+        const NarrowText *last = nullptr; // equal names stand together
+        for (const IDRecord *record : sorted) {
+            if (record->push != push || (last && *last == record->name) || inComponents.contains(record->name) ||
+                (push && written.contains(record->name)))
+                continue;
+            header.Define(*record);
+            last = &record->name;
+            if (!push)
+                MarkIfAlsoPush(*record);
+        }
+    }
+
+    /// A name whose records differ in kind stands once, in the first group; few names need to be remembered for that.
+    void MarkIfAlsoPush(const IDRecord &record)
+    {
+        if (document.ids.HasSeveral(record.name))
+            written.insert(record.name);
+    }
+
+    void Write(Header &header, const QString &path)
+    {
+        if (!header.Write(path))
+            env.DebugTrace("IDGen::Generate(): cannot write %s\n", qUtf8Printable(path));
+    }
+
+    CResModel &document;
+    Environment &env;
+    QString outputFolder;
+    QSet<NarrowText> inComponents;
+    QSet<NarrowText> written;
+};
+
+} // namespace
+
+int IDGen::Generate(IDPool *pool, const QString &outputFolder, CResModel &document)
+{
+    Environment &env = document.env;
+    env.DebugTrace("enter IDGen::Generate()");
+    if (const int result = FillValue(env, pool)) {
+        env.DebugTrace("leave IDGen::Generate(): filled value failed, result=%d", result);
+        return result;
+    }
+    if (outputFolder.isEmpty()) {
+        env.DebugTrace("leave IDGen::Generate(): filled value, but not generated ID file(s)");
+        return 0;
+    }
+    if (!PathExists(outputFolder))
+        CreateFolderOnDisk(outputFolder);
+    HeaderRun run(document, outputFolder);
+    run.WriteComponents();
+    run.WriteMain(*pool);
+    env.DebugTrace("leave IDGen::Generate(), filled value, and generated ID file(s)");
+    return 0;
+}

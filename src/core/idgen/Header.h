@@ -1,0 +1,23 @@
+#pragma once
+
+#include "IDPool.h"
+
+/// The text of one generated C header, gathered in memory.
+class Header
+{
+public:
+    /// Begins with the banner and the guard, which both come from `fileName`.
+    explicit Header(const NarrowText &fileName);
+
+    void Define(const IDRecord &record);
+    void EmptyLine() { text += '\n'; }
+    /// Ends the header and writes it to `path`, with the line ends of the device's tool chain. A failure shows nowhere but in the return value.
+    bool Write(const QString &path);
+
+private:
+    NarrowText guard;
+    QByteArray text; // line feeds alone
+};
+
+/// The guard word of a file name: small letters in capitals, and "_" for dots and separators.
+[[nodiscard]] NarrowText GuardName(NarrowText fileName);

@@ -1,0 +1,203 @@
+#include "ResModel.h"
+
+#include "Environment.h"
+#include "IdNames.h"
+#include "Paths.h"
+
+#include <limits>
+
+struct CResModel::FileTypes
+{
+    explicit FileTypes(const Settings &settings)
+        : image(ToLowerSimple(settings.String("FileType", "image", "*.bmp; *.png; *.gif; *.jpg"))),
+          audio(ToLowerSimple(settings.String("FileType", "audio", "*.wav; *.wma; *.mp3"))),
+          video(ToLowerSimple(settings.String("FileType", "video", "*.avi; *.asf; *.wmv; *.3gp; *.rm; *.rmvb")))
+    {
+    }
+    QString image;
+    QString audio;
+    QString video;
+};
+
+CResModel::CResModel(Environment &environment, ProcessTables &processTables)
+    : env(environment), tables(processTables), fileTypes(std::make_unique<FileTypes>(environment.settings))
+{
+}
+
+CResModel::~CResModel() = default;
+
+std::unique_ptr<CResFolder> CResModel::CreateFolder(quint32 kind, qint32 index)
+{
+    constexpr quint32 OBSERVED = 0x50058; // images, layouts and component images of any sort
+    auto folder = std::make_unique<CResFolder>(kind, index);
+    if ((kind & OBSERVED) || kind == KIND_STRINGS)
+        folder->SetObserver(nodeObserver);
+    return folder;
+}
+
+std::unique_ptr<CFileRes> CResModel::CreateFileRes(const NarrowText &idName, qint16 scope)
+{
+    IDRecord *record = ids.Allocate(idName, scope);
+    if (!record)
+        return nullptr;
+    auto res = std::make_unique<CFileRes>();
+    res->SetObserver(nodeObserver);
+    res->SetId(record);
+    record->Release();
+    return res;
+}
+
+std::unique_ptr<CStringRes> CResModel::CreateStringRes(const NarrowText &idName, qint32 language)
+{
+    IDRecord *record = ids.Allocate(idName, ANY_RESOLUTION);
+    if (!record)
+        return nullptr;
+    auto res = CreateStringRes(record, language);
+    record->Release();
+    return res;
+}
+
+std::unique_ptr<CStringRes> CResModel::CreateStringRes(IDRecord *resId, qint32 language)
+{
+    if (!resId)
+        return nullptr;
+    auto res = std::make_unique<CStringRes>();
+    res->language = language;
+    res->SetObserver(nodeObserver);
+    res->SetId(resId);
+    return res;
+}
+
+std::unique_ptr<CStringRes> CResModel::CreateDetachedStringRes(const NarrowText &idName)
+{
+    IDRecord *made = detachedIds.Allocate(idName, ANY_RESOLUTION);
+    IDRecord *record = made ? made : detachedIds.FindName(idName);
+    if (!record || record == &detachedIds.sentinel)
+        return nullptr;
+    auto res = std::make_unique<CStringRes>();
+    res->SetId(record);
+    if (made)
+        made->Release();
+    return res;
+}
+
+std::unique_ptr<CFileRes> CResModel::CreateDefaultFileRes(const CResFolder &folder, const QString &path)
+{
+    const quint32 kind = folder.kind == KIND_FILES || folder.kind <= KIND_BINARY ? ClassifyFile(KIND_FILES, path)
+                                                                                : folder.kind & ~KIND_FLAG_RESO;
+    const char *key = "binary_id";
+    const char *fallback = "ID_FILE_%s";
+    if (kind == KIND_IMAGES) {
+        key = "image_id";
+        fallback = "ID_IMAGE_%s";
+    } else if (kind == KIND_AUDIO) {
+        key = "audio_id";
+        fallback = "ID_AUDIO_%s";
+    } else if (kind == KIND_VIDEO) {
+        key = "video_id";
+        fallback = "ID_VIDEO_%s";
+    }
+    QString word = FileTitle(path);
+    if (!MakeIdSafe(word)) {
+        word = FileExtension(path);
+        if (word.isEmpty())
+            word = QStringLiteral("NONAME");
+    }
+    QString base = env.settings.String("DefaultID", key, fallback);
+    base.replace(QStringLiteral("%s"), word);
+    base = ToUpperSimple(base.left(MAX_ID_NAME));
+    const qint16 scope = qint16(folder.index);
+    auto res = CreateFileRes(env.WideToNarrow(base), scope);
+    for (int counter = 1; !res && counter < std::numeric_limits<int>::max(); ++counter)
+        res = CreateFileRes(env.WideToNarrow(AppendCounter(base, counter)), scope);
+    return res;
+}
+
+bool CResModel::IsIdInUse(const QString &idName)
+{
+    return ids.unique && ids.FindName(env.WideToNarrow(idName));
+}
+
+CResFolder *CResModel::UseFolder(quint32 kind, qint32 index)
+{
+    if (CResFolder *inUse = root.FindFolder(kind, index, 2))
+        return inUse;
+    CResFolder *folder = root.FindFolder(kind | KIND_FLAG_OFF, index, 2);
+    if (folder) {
+        folder->kind &= ~quint32(KIND_FLAG_OFF);
+        folder->NotifyChanged();
+    }
+    return folder;
+}
+
+namespace {
+
+/// True when `list` (in lower case) has the pattern "*.ext" and not merely a longer one that begins with it.
+bool HasPattern(const QString &list, const QString &pattern)
+{
+    for (qsizetype at = list.indexOf(pattern); at >= 0; at = list.indexOf(pattern, at + 1)) {
+        const qsizetype behind = at + pattern.size();
+        const QChar c = behind < list.size() ? list[behind] : QChar(u';');
+        if (!(c == u'_' || (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z')))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+quint32 CResModel::ClassifyFile(quint32 mask, const QString &path) const
+{
+    const QString pattern = QStringLiteral("*.") + ToLowerSimple(FileExtension(path));
+    if ((mask & KIND_AUDIO) && HasPattern(fileTypes->audio, pattern))
+        return KIND_AUDIO;
+    if ((mask & KIND_VIDEO) && HasPattern(fileTypes->video, pattern))
+        return KIND_VIDEO;
+    if ((mask == KIND_RESO_IMAGES || mask == KIND_COMPONENT) && HasPattern(fileTypes->image, pattern))
+        return mask;
+    return KIND_BINARY;
+}
+
+PushKind CResModel::PushKindOf(quint32 folderKind)
+{
+    switch (folderKind & ~quint32(KIND_FLAG_OFF)) {
+    case KIND_AUDIO:
+        return PUSH_AUDIO;
+    case KIND_VIDEO:
+        return PUSH_VIDEO;
+    case KIND_BINARY:
+        return PUSH_BINARY;
+    case KIND_RESO_IMAGES:
+    case KIND_COMPONENT:
+        return PUSH_IMAGE;
+    case KIND_STRINGS:
+    case KIND_LANGUAGE:
+        return PUSH_STRING;
+    default:
+        return PUSH_NONE;
+    }
+}
+
+void CResModel::ClearByKind(CResFolder &folder)
+{
+    switch (folder.kind) {
+    case KIND_AUDIO:
+    case KIND_VIDEO:
+    case KIND_BINARY:
+    case KIND_RESO_IMAGES:
+    case KIND_RESO_LAYOUTS:
+    case KIND_LANGUAGE:
+        folder.Clear();
+        break;
+    case KIND_COMPONENT:
+        for (CBaseRes *res : folder.resources) {
+            static_cast<CFileRes *>(res)->inUse = false;
+            if (res->observer)
+                res->observer->NodeRemoved(res);
+        }
+        break;
+    default:
+        for (const auto &subfolder : folder.subfolders)
+            ClearByKind(*subfolder);
+    }
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "ProcessTables.h"
+#include "ResFolder.h"
+
+class Environment;
+
+/// The model half of a project: its name and path, the resource tree and the ID pools. What numbers, packs, reads and
+/// writes a project is handed this, not the document.
+class CResModel
+{
+public:
+    CResModel(Environment &environment, ProcessTables &processTables);
+    virtual ~CResModel();
+    CResModel(const CResModel &) = delete;
+    CResModel &operator=(const CResModel &) = delete;
+
+    Environment &env;
+    ProcessTables &tables;
+
+    QString name; ///< the project's name
+    /// Who watches the nodes that the factories make; set by the document.
+    IEspia *nodeObserver = nullptr;
+    IDPool ids;         ///< every resource of the tree takes its ID from here
+    IDPool detachedIds; ///< IDs of string rows held outside the tree
+    CResFolder root{KIND_ROOT, -1};
+
+    /// The absolute path of the ".vcproj" file.
+    [[nodiscard]] virtual const QString &PathName() const = 0;
+
+    // Factories: each gives null on failure and makes nothing then. The caller attaches the result.
+    [[nodiscard]] std::unique_ptr<CResFolder> CreateFolder(quint32 kind, qint32 index);
+    [[nodiscard]] std::unique_ptr<CFileRes> CreateFileRes(const NarrowText &idName, qint16 scope);
+    [[nodiscard]] std::unique_ptr<CStringRes> CreateStringRes(const NarrowText &idName, qint32 language);
+    /// Shares an ID that exists.
+    [[nodiscard]] std::unique_ptr<CStringRes> CreateStringRes(IDRecord *resId, qint32 language);
+    /// Outside the tree, without observer; equal names share one ID.
+    [[nodiscard]] std::unique_ptr<CStringRes> CreateDetachedStringRes(const NarrowText &idName);
+
+    /// Makes a file resource with an ID formed from the file's name, with a counter where that is taken. Null when
+    /// every counter is.
+    [[nodiscard]] std::unique_ptr<CFileRes> CreateDefaultFileRes(const CResFolder &folder, const QString &path);
+
+    /// True if some record bears the name, in any scope.
+    [[nodiscard]] bool IsIdInUse(const QString &idName);
+    /// The image folder of a resolution, brought into use if it wasn't; null if there is none.
+    CResFolder *UseResolutionImages(qint32 index) { return UseFolder(KIND_RESO_IMAGES, index); }
+    CResFolder *UseResolutionLayouts(qint32 index) { return UseFolder(KIND_RESO_LAYOUTS, index); }
+
+    /// The kind of folder that a file belongs to, by its extension.
+    [[nodiscard]] quint32 ClassifyFile(quint32 mask, const QString &path) const;
+    /// What `pushKind` a file's ID has in a folder of that kind.
+    [[nodiscard]] static PushKind PushKindOf(quint32 folderKind);
+    /// Empties a folder as the command Clear does, keeping the fixed tree.
+    static void ClearByKind(CResFolder &folder);
+
+private:
+    CResFolder *UseFolder(quint32 kind, qint32 index);
+    struct FileTypes; // the patterns of the settings, in lower case
+    std::unique_ptr<FileTypes> fileTypes;
+};

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "Text.h"
+
+#include <vector>
+
+class CResModel;
+
+/// What a pack attaches the payload to.
+enum PackMode : qint32
+{
+    PACK_TO_TARGET = 0, ///< an ELF file gets a new section, and a side file is written
+    PACK_TO_DLL = 1,    ///< the payload is appended behind a DLL
+};
+
+/// The parameters of one pack.
+struct packinfo
+{
+    NarrowText inputfilename;  ///< the application file as built; only read
+    NarrowText outputfilename; ///< the file to make; empty: the input's name and ".pkd"
+    qint32 packmode = PACK_TO_TARGET;
+    qint16 scope = -1; ///< resolution index of the target, -1 if it isn't known
+    qint32 imageconvert = 0;
+    qint32 ver = 0;
+};
+
+/// Turns a project's resources into one payload and attaches it to the application file.
+class Packer
+{
+public:
+    /// 0, or a failure code: from -1000 down, or the positive error number of an output file that couldn't be opened. IDs
+    /// must have been numbered, and the project's folder must be the current one. `inputs`, if not null, gets the host path of every file that
+    /// was read.
+    [[nodiscard]] static int Pack(const packinfo &parameters, CResModel &document, std::vector<QByteArray> *inputs = nullptr);
+};

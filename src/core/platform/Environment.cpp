@@ -1,0 +1,111 @@
+#include "Environment.h"
+
+#include "HostFiles.h"
+
+#include <cstdarg>
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+
+constexpr qsizetype LOG_LIMIT = 511; // what a buffer of 512 holds beside its terminator
+constexpr qsizetype LOG_KEEP = 508;
+
+QString WithSeparator(const QString &folder)
+{
+    return folder.endsWith(u'/') ? folder : folder + u'/';
+}
+
+QString UserSettingsFile()
+{
+    const QByteArray config = qgetenv("XDG_CONFIG_HOME");
+    const QString folder = config.startsWith('/') ? QString::fromUtf8(config)
+                                                  : QString::fromUtf8(qgetenv("HOME")) + QStringLiteral("/.config");
+    return folder + QStringLiteral("/morvanite/Morvanite.ini");
+}
+
+void Log(const Environment::Sink &sink, const char *format, va_list arguments)
+{
+    char small[1024];
+    va_list again;
+    va_copy(again, arguments);
+    const int size = std::vsnprintf(small, sizeof small, format, arguments);
+    QString text;
+    if (size >= 0 && size_t(size) < sizeof small) {
+        text = QString::fromUtf8(small, size);
+    } else if (size > 0) {
+        QByteArray large(size + 1, Qt::Uninitialized);
+        std::vsnprintf(large.data(), size_t(large.size()), format, again);
+        text = QString::fromUtf8(large.constData(), size);
+    }
+    va_end(again);
+    if (text.size() > LOG_LIMIT) {
+        text.truncate(text.at(LOG_KEEP - 1).isHighSurrogate() ? LOG_KEEP - 1 : LOG_KEEP);
+        text += QStringLiteral("...");
+    }
+    sink(text);
+}
+
+} // namespace
+
+QString Environment::FindProgramDir()
+{
+    const QByteArray chosen = qgetenv("MORVANITE_PROGRAM_DIR");
+    if (!chosen.isEmpty())
+        return QString::fromUtf8(chosen);
+    char path[4096];
+    const ssize_t size = readlink("/proc/self/exe", path, sizeof path);
+    const QString program = QString::fromUtf8(path, size > 0 ? size : 0);
+    return program.left(program.lastIndexOf(u'/') + 1);
+}
+
+Environment::Environment(const QString &programFolder)
+    : settings(WithSeparator(programFolder) + QStringLiteral("Morvanite.ini"), UserSettingsFile()),
+      programDir(WithSeparator(programFolder))
+{
+    codePage.Select(settings.String("Text", "code_page").toUtf8());
+}
+
+Environment::~Environment() = default;
+
+QByteArray Environment::Shown(const NarrowText &text) const
+{
+    return codePage.IsUtf8() ? text : NarrowToWide(text).toUtf8();
+}
+
+void Environment::WriteOutput(const char *format, ...)
+{
+    if (!output)
+        return;
+    va_list arguments;
+    va_start(arguments, format);
+    Log(output, format, arguments);
+    va_end(arguments);
+}
+
+void Environment::DebugTrace(const char *format, ...)
+{
+    if (!trace)
+        return;
+    va_list arguments;
+    va_start(arguments, format);
+    Log(trace, format, arguments);
+    va_end(arguments);
+}
+
+const Profile &Environment::Languages() const
+{
+    if (!languages)
+        languages = std::make_unique<Profile>(Profile::Load(programDir + QStringLiteral("tuvik.ini")));
+    return *languages;
+}
+
+QStringList Environment::ReadLanguageTable() const
+{
+    return Languages().Section(u"Language");
+}
+
+int Environment::LanguageNumber(const QString &name) const
+{
+    return Languages().Int(u"Language", name.trimmed(), -1);
+}

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "Settings.h"
+#include "Text.h"
+
+#include <functional>
+#include <memory>
+
+/// What one running program shares: its folder, settings, code page, both logs and the counters of the current
+/// operation. A test makes a fresh one. Main thread only.
+class Environment
+{
+public:
+    using Sink = std::function<void(QStringView)>;
+
+    /// `programFolder` is the folder of the program's own files. Reads "Morvanite.ini" there and in the user's folder.
+    explicit Environment(const QString &programFolder = FindProgramDir());
+    ~Environment();
+    Environment(const Environment &) = delete;
+    Environment &operator=(const Environment &) = delete;
+
+    /// The value of MORVANITE_PROGRAM_DIR, else the folder of the executable.
+    static QString FindProgramDir();
+
+    /// The program's folder with its trailing separator.
+    [[nodiscard]] const QString &ProgramDir() const { return programDir; }
+
+    [[nodiscard]] NarrowText WideToNarrow(QStringView text) const { return codePage.FromWide(text); }
+    [[nodiscard]] QString NarrowToWide(QByteArrayView text) const { return codePage.ToWide(text); }
+
+    /// Narrow text as the UTF-8 that the log functions take for %s.
+    [[nodiscard]] QByteArray Shown(const NarrowText &text) const;
+
+    /// The user-visible log. Text beyond 511 characters is cut to 508 and "...". %s takes UTF-8.
+    void WriteOutput(const char *format, ...) __attribute__((format(printf, 2, 3)));
+
+    /// The developer's log, cut in the same way; goes nowhere unless somebody listens.
+    void DebugTrace(const char *format, ...) __attribute__((format(printf, 2, 3)));
+
+    /// Who gets what `WriteOutput` writes. The frame and the command handler set it.
+    Sink output;
+    /// Called before something that takes long, so that nothing written is held back meanwhile; may be empty.
+    std::function<void()> flushOutput;
+    /// Who gets what `DebugTrace` writes; empty by default.
+    Sink trace;
+
+    /// Errors and warnings of the current load, save or import; they number its messages.
+    int ErrorCount = 0;
+    int WarningCount = 0;
+
+    Settings settings;
+    CodePage codePage;
+
+    /// The language table's section `Language` of "tuvik.ini", lines of the form name=number.
+    [[nodiscard]] QStringList ReadLanguageTable() const;
+    /// The number of a language of that table, or -1.
+    [[nodiscard]] int LanguageNumber(const QString &name) const;
+
+private:
+    QString programDir;
+    mutable std::unique_ptr<Profile> languages; // read at the first use
+    [[nodiscard]] const Profile &Languages() const;
+};

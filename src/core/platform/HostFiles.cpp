@@ -1,0 +1,134 @@
+#include "HostFiles.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+FileHandle::~FileHandle()
+{
+    if (fd >= 0)
+        close(fd);
+}
+
+FileHandle &FileHandle::operator=(FileHandle &&other) noexcept
+{
+    std::swap(fd, other.fd);
+    return *this;
+}
+
+FileHandle FileHandle::OpenRead(QStringView path)
+{
+    // Not blocking, so that a pipe in the place of a file doesn't hang the program.
+    constexpr int FLAGS = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
+    QByteArray host = path.toUtf8();
+    host.replace('\\', '/');
+    FileHandle file(open(host.constData(), FLAGS));
+    if (!file.IsOpen() && errno == ENOENT && !host.isEmpty())
+        file = FileHandle(open(HostPaths().Resolve(path).constData(), FLAGS));
+    struct stat info;
+    if (file.IsOpen() && (fstat(file.Get(), &info) != 0 || !S_ISREG(info.st_mode))) {
+        const int error = S_ISDIR(info.st_mode) ? EISDIR : EINVAL;
+        file = FileHandle();
+        errno = error;
+    }
+    return file;
+}
+
+qint64 FileHandle::Size() const
+{
+    struct stat info;
+    return fstat(fd, &info) == 0 ? qint64(info.st_size) : -1;
+}
+
+ssize_t FileHandle::Read(void *buffer, size_t size) const
+{
+    size_t done = 0;
+    while (done < size) {
+        const ssize_t got = read(fd, static_cast<char *>(buffer) + done, size - done);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            return -1;
+        if (got == 0)
+            break;
+        done += size_t(got);
+    }
+    return ssize_t(done);
+}
+
+bool FileHandle::WriteAll(const void *bytes, size_t size) const
+{
+    size_t done = 0;
+    while (done < size) {
+        const ssize_t put = write(fd, static_cast<const char *>(bytes) + done, size - done);
+        if (put < 0 && errno == EINTR)
+            continue;
+        if (put <= 0) {
+            if (put == 0)
+                errno = ENOSPC;
+            return false;
+        }
+        done += size_t(put);
+    }
+    return true;
+}
+
+int ReadFile(QStringView path, QByteArray &bytes, qint64 limit)
+{
+    const FileHandle file = FileHandle::OpenRead(path);
+    if (!file.IsOpen())
+        return errno;
+    const qint64 size = file.Size();
+    if (size < 0)
+        return errno;
+    if (size > limit)
+        return EFBIG;
+    QByteArray content(size, Qt::Uninitialized);
+    const ssize_t got = file.Read(content.data(), size_t(size));
+    if (got < 0)
+        return errno;
+    content.truncate(got);
+    bytes = std::move(content);
+    return 0;
+}
+
+bool CreateFolderOnDisk(QStringView path)
+{
+    return mkdir(HostPath(path).constData(), 0777) == 0;
+}
+
+bool SetCurrentFolder(QStringView path)
+{
+    return chdir(HostPath(path).constData()) == 0;
+}
+
+QString CurrentFolder()
+{
+    char path[PATH_MAX];
+    return getcwd(path, sizeof path) ? QString::fromUtf8(path) : QString();
+}
+
+bool DeleteFileOnDisk(QStringView path)
+{
+    return unlink(HostPath(path).constData()) == 0;
+}
+
+void MakeWritable(QStringView path)
+{
+    const QByteArray host = HostPath(path);
+    struct stat info;
+    if (stat(host.constData(), &info) == 0 && !(info.st_mode & S_IWUSR))
+        chmod(host.constData(), (info.st_mode & 07777) | S_IWUSR);
+}
+
+void MoveToRecycleBin(const QString &path)
+{
+    if (path.size() <= 260 && PathExists(path))
+        QFile::moveToTrash(QString::fromUtf8(HostPath(path)));
+}

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "Text.h"
+
+#include <memory>
+#include <sys/types.h>
+#include <vector>
+
+/// Turns paths into what the file system wants, for the length of one operation.
+///
+/// "\" becomes "/". Where no file has the exact name each component is matched without regard to case, so projects born on
+/// a file system without case keep opening. A folder is listed once per object, so don't keep one longer than an operation.
+class HostPaths
+{
+public:
+    HostPaths();
+    ~HostPaths();
+
+    /// The host's path of `path`, in bytes for the system's calls. A name that doesn't exist keeps its spelling.
+    [[nodiscard]] QByteArray Resolve(QStringView path);
+
+    /// Says whether a file or folder is there, by the listings.
+    [[nodiscard]] bool Exists(QStringView path);
+
+private:
+    struct Listings;
+    std::unique_ptr<Listings> listings;
+};
+
+/// The same for a single look; looks for the exact name first, without listing anything.
+[[nodiscard]] QByteArray HostPath(QStringView path);
+[[nodiscard]] bool PathExists(QStringView path);
+
+/// Reads a file whole. 0, or the system's error number (EFBIG above `limit` bytes).
+[[nodiscard]] int ReadFile(QStringView path, QByteArray &bytes, qint64 limit = qint64(1) << 31);
+
+/// Replaces a file in one step: written beside it, synced, renamed over it; mode and symbolic link stay. 0, or the system's
+/// error number, and then the old file is as it was.
+[[nodiscard]] int WriteFileAtomically(QStringView path, QByteArrayView bytes);
+
+/// Holds back all replacements by `WriteFileAtomically` until they are committed together, so that a save that fails in its
+/// second file leaves the first as it was. One at a time in the process.
+class FileTransaction
+{
+public:
+    FileTransaction();
+    ~FileTransaction(); ///< drops what wasn't committed
+    FileTransaction(const FileTransaction &) = delete;
+    FileTransaction &operator=(const FileTransaction &) = delete;
+
+    /// Puts all written files into their places, in the order of writing. False when the system refused one; those before it have changed.
+    [[nodiscard]] bool Commit();
+
+    /// A written file that waits for its place.
+    struct Staged
+    {
+        QByteArray temporary;
+        QByteArray target;
+    };
+
+private:
+    friend int WriteFileAtomically(QStringView path, QByteArrayView bytes);
+    static FileTransaction *current;
+    std::vector<Staged> staged;
+};
+
+/// A file of the system, closed by itself.
+class FileHandle
+{
+public:
+    explicit FileHandle(int descriptor = -1) : fd(descriptor) {}
+    ~FileHandle();
+    FileHandle(FileHandle &&other) noexcept : fd(other.fd) { other.fd = -1; }
+    FileHandle &operator=(FileHandle &&other) noexcept;
+    [[nodiscard]] bool IsOpen() const { return fd >= 0; }
+    [[nodiscard]] int Get() const { return fd; }
+
+    /// Opens for reading, matching names without regard to case where need be. Not open: errno tells why. Folders are refused.
+    static FileHandle OpenRead(QStringView path);
+    /// The file's size, or -1.
+    [[nodiscard]] qint64 Size() const;
+    /// Reads up to `size` bytes, going on after interrupts; the number of bytes, or -1.
+    [[nodiscard]] ssize_t Read(void *buffer, size_t size) const;
+    /// Writes all of it; false with errno set.
+    [[nodiscard]] bool WriteAll(const void *bytes, size_t size) const;
+
+private:
+    int fd;
+};
+
+/// Makes one folder; false when it wasn't made.
+bool CreateFolderOnDisk(QStringView path);
+/// The current directory of the process. Setting fails quietly, as the operations on a project want it.
+bool SetCurrentFolder(QStringView path);
+[[nodiscard]] QString CurrentFolder();
+bool DeleteFileOnDisk(QStringView path);
+/// Clears a file's read-only state (adds the owner's right to write).
+void MakeWritable(QStringView path);
+/// Moves a file to the desktop's trash; ignored for a path of more than 260 characters or when it isn't there.
+void MoveToRecycleBin(const QString &path);

@@ -1,0 +1,151 @@
+#include "HostFiles.h"
+
+#include <dirent.h>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <unordered_map>
+
+namespace {
+
+struct StringHash
+{
+    using is_transparent = void;
+    size_t operator()(std::string_view text) const noexcept { return std::hash<std::string_view>()(text); }
+};
+
+template <typename Value> using NameMap = std::unordered_map<std::string, Value, StringHash, std::equal_to<>>;
+
+std::string LowerUtf8(std::string_view name)
+{
+    return ToLowerSimple(QString::fromUtf8(name.data(), qsizetype(name.size()))).toStdString();
+}
+
+/// What stood in a folder when it was listed.
+struct Listing
+{
+    bool readable = false;
+    NameMap<bool> names;        // false: a symbolic link, which may lead nowhere
+    NameMap<std::string> lower; // made at the first look that needs it
+    bool hasLower = false;
+
+    explicit Listing(const std::string &folder)
+    {
+        DIR *dir = opendir(folder.c_str());
+        if (!dir)
+            return;
+        readable = true;
+        while (const dirent *entry = readdir(dir))
+            names.emplace(entry->d_name, entry->d_type != DT_LNK && entry->d_type != DT_UNKNOWN);
+        closedir(dir);
+    }
+
+    const std::string *FindNoCase(std::string_view name)
+    {
+        if (!hasLower) {
+            hasLower = true;
+            for (const auto &[known, certain] : names) {
+                std::string &first = lower.try_emplace(LowerUtf8(known), known).first->second;
+                first = std::min(first, known); // of several spellings always the same one
+            }
+        }
+        const auto found = lower.find(LowerUtf8(name));
+        return found == lower.end() ? nullptr : &found->second;
+    }
+};
+
+QByteArray WithSlashes(QStringView path)
+{
+    QByteArray bytes = path.toUtf8();
+    bytes.replace('\\', '/');
+    return bytes;
+}
+
+} // namespace
+
+struct HostPaths::Listings
+{
+    NameMap<Listing> byFolder;
+    NameMap<std::string> resolved; // folders as written, and as the host has them
+
+    Listing &Of(const std::string &folder) { return byFolder.try_emplace(folder, folder).first->second; }
+
+    const std::string &ResolveFolder(std::string_view folder)
+    {
+        const auto known = resolved.find(folder);
+        if (known != resolved.end())
+            return known->second;
+        std::string host(folder);
+        if (access(host.c_str(), F_OK) != 0)
+            host = Resolve(folder);
+        return resolved.emplace(folder, std::move(host)).first->second;
+    }
+
+    /// Splits a path, finds its folder, and gives the folder's listing and the name in it.
+    Listing &Locate(std::string_view path, std::string &folder, std::string_view &name)
+    {
+        const size_t slash = path.rfind('/');
+        name = slash == std::string_view::npos ? path : path.substr(slash + 1);
+        if (slash == std::string_view::npos)
+            folder = ".";
+        else
+            folder = ResolveFolder(slash == 0 ? "/" : path.substr(0, slash));
+        return Of(folder);
+    }
+
+    std::string Resolve(std::string_view path)
+    {
+        while (path.size() > 1 && path.back() == '/')
+            path.remove_suffix(1);
+        std::string folder;
+        std::string_view name;
+        Listing &listing = Locate(path, folder, name);
+        std::string found(name);
+        if (listing.readable && !listing.names.contains(name)) {
+            if (const std::string *other = listing.FindNoCase(name))
+                found = *other;
+        }
+        if (path.find('/') == std::string_view::npos)
+            return found;
+        return folder == "/" ? folder + found : folder + '/' + found;
+    }
+
+    bool Exists(std::string_view path)
+    {
+        std::string folder;
+        std::string_view name;
+        Listing &listing = Locate(path, folder, name);
+        const auto exact = listing.names.find(name);
+        if (exact != listing.names.end() && exact->second)
+            return true;
+        return access(Resolve(path).c_str(), F_OK) == 0;
+    }
+};
+
+HostPaths::HostPaths() : listings(std::make_unique<Listings>()) {}
+HostPaths::~HostPaths() = default;
+
+QByteArray HostPaths::Resolve(QStringView path)
+{
+    const QByteArray bytes = WithSlashes(path);
+    return bytes.isEmpty() ? bytes : QByteArray::fromStdString(listings->Resolve({bytes.constData(), size_t(bytes.size())}));
+}
+
+bool HostPaths::Exists(QStringView path)
+{
+    const QByteArray bytes = WithSlashes(path);
+    return !bytes.isEmpty() && listings->Exists({bytes.constData(), size_t(bytes.size())});
+}
+
+QByteArray HostPath(QStringView path)
+{
+    const QByteArray exact = WithSlashes(path);
+    if (exact.isEmpty() || access(exact.constData(), F_OK) == 0)
+        return exact;
+    return HostPaths().Resolve(path);
+}
+
+bool PathExists(QStringView path)
+{
+    return !path.isEmpty() && access(HostPath(path).constData(), F_OK) == 0;
+}

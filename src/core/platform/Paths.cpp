@@ -1,0 +1,131 @@
+#include "Paths.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qsizetype LONGEST_PATH = 520;
+
+bool IsSeparator(QChar c)
+{
+    return c == u'\\' || c == u'/';
+}
+
+qsizetype LastSeparator(QStringView path)
+{
+    return std::max(path.lastIndexOf(u'\\'), path.lastIndexOf(u'/'));
+}
+
+/// Equal without regard to case, and whichever separator stands.
+bool SamePath(QStringView a, QStringView b)
+{
+    if (a.size() != b.size())
+        return false;
+    for (qsizetype i = 0; i < a.size(); ++i) {
+        const bool same = IsSeparator(a[i]) ? IsSeparator(b[i]) : a[i] == b[i] || a[i].toUpper() == b[i].toUpper();
+        if (!same)
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+bool IsRelativePath(QStringView path)
+{
+    return !(path.startsWith(u'/') || path.startsWith(u"\\\\") || (path.size() > 1 && path[1] == u':'));
+}
+
+QString DirectoryOf(QStringView path)
+{
+    const qsizetype at = LastSeparator(path);
+    if (at == 0 && path[0] == u'/')
+        return QStringLiteral("/");
+    return at <= 0 ? QStringLiteral(".") : path.first(at).toString();
+}
+
+QString FileName(QStringView path)
+{
+    return path.sliced(LastSeparator(path) + 1).toString();
+}
+
+QString FileTitle(QStringView path)
+{
+    const QString name = FileName(path);
+    const qsizetype dot = name.lastIndexOf(u'.');
+    return dot < 0 ? name : name.first(dot);
+}
+
+QString FileExtension(QStringView path)
+{
+    const qsizetype dot = path.lastIndexOf(u'.');
+    return dot <= LastSeparator(path) ? QString() : path.sliced(dot + 1).toString();
+}
+
+QString CanonicalPath(QStringView path)
+{
+    const bool rooted = path.startsWith(u'/');
+    QStringList kept;
+    qsizetype at = 0;
+    while (at <= path.size()) {
+        qsizetype end = at;
+        while (end < path.size() && !IsSeparator(path[end]))
+            ++end;
+        const QStringView part = path.sliced(at, end - at);
+        at = end + 1;
+        if (part.isEmpty() || part == u".")
+            continue;
+        if (part != u"..")
+            kept.append(part.toString());
+        else if (!kept.isEmpty() && kept.last() != u"..")
+            kept.removeLast();
+        else if (!rooted)
+            kept.append(part.toString());
+    }
+    const QString joined = kept.join(u'/');
+    if (rooted)
+        return u'/' + joined;
+    return joined.isEmpty() ? QStringLiteral(".") : joined;
+}
+
+bool MakeAbsolute(QString &path, const QString &base)
+{
+    if (!IsRelativePath(path))
+        return true;
+    const QString joined = CanonicalPath(base + u'/' + path);
+    if (joined.size() > LONGEST_PATH)
+        return false;
+    path = joined;
+    return true;
+}
+
+bool MakeRelative(QString &path, const QString &base)
+{
+    if (base.isEmpty() || IsRelativePath(path))
+        return true;
+    if (SamePath(path, base)) {
+        path = QStringLiteral(".");
+        return true;
+    }
+    if (path.size() <= base.size() || !SamePath(QStringView(path).first(base.size()), base))
+        return false;
+    qsizetype rest = -1;
+    if (IsSeparator(base.back()))
+        rest = base.size() - 1;
+    else if (IsSeparator(path[base.size()]))
+        rest = base.size();
+    if (rest < 0)
+        return false;
+    path = u'.' + path.sliced(rest);
+    path.replace(u'/', u'\\');
+    return true;
+}
+
+QString ResolvePath(const QString &path, const QString &base)
+{
+    QString joined = path;
+    MakeAbsolute(joined, base);
+    return joined;
+}

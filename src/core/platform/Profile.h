@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+/// A text file of sections, keys and values ("INI"), kept line by line: what isn't changed is written back as it was.
+///
+/// Section and key names compare without regard to case, blanks around names and values don't count, one pair of equal
+/// quotes around a value is taken off, a line that begins with ";" is a comment. Of several equal sections or keys the
+/// first counts. Text is UTF-8 unless it begins with a UTF-16 mark.
+class Profile
+{
+public:
+    /// Reads a file; an absent or unreadable one gives an empty profile.
+    static Profile Load(const QString &path);
+    static Profile Parse(QByteArrayView bytes);
+
+    [[nodiscard]] bool Has(QStringView section, QStringView key) const;
+    [[nodiscard]] QString String(QStringView section, QStringView key, const QString &fallback) const;
+
+    /// A leading decimal number, with a sign if need be; 0 for a value that doesn't begin with one.
+    [[nodiscard]] int Int(QStringView section, QStringView key, int fallback) const;
+
+    /// The lines of a section, comments and empty lines left out, as many as fit whole into `limit` characters when a
+    /// zero is counted behind each line and one more behind the last.
+    [[nodiscard]] QStringList Section(QStringView section, qsizetype limit = 4096) const;
+
+    void Set(QStringView section, QStringView key, const QString &value);
+
+    /// The whole text, lines ended as they were.
+    [[nodiscard]] QByteArray Bytes() const;
+
+private:
+    struct Line
+    {
+        QString text;    // without its line end
+        QString section; // upper case; of the section that the line is in
+        QString key;     // upper case; empty unless the line is `key=value`
+    };
+
+    [[nodiscard]] const Line *Find(QStringView section, QStringView key) const;
+
+    QList<Line> lines;
+    QString lineEnd = QStringLiteral("\n");
+};

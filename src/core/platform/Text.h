@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// Text in the ANSI code page: ID names, paths in records, everything in XML. Wide text is QString.
+using NarrowText = QByteArray;
+
+/// Says whether two texts are equal without regard to case, one character at a time (Unicode simple case mapping).
+[[nodiscard]] bool EqualsNoCase(QStringView a, QStringView b);
+
+/// Upper case, one character to one: never changes the number of characters ("ß" stays).
+[[nodiscard]] QString ToUpperSimple(QStringView text);
+
+/// Lower case, one character to one.
+[[nodiscard]] QString ToLowerSimple(QStringView text);
+
+/// The decimal number that a text begins with: leading blanks, a sign, digits; 0 if there is none. A number beyond 32 bits
+/// gives the nearest that fits.
+[[nodiscard]] int LeadingNumber(QStringView text);
+
+/// Conversion between wide text and the code page that stands for the ANSI one.
+///
+/// UTF-8 unless another is named. A character that the code page lacks becomes "?"; bytes that are no text of the code
+/// page become U+FFFD. Nothing is ever cut.
+class CodePage
+{
+public:
+    /// UTF-8.
+    CodePage();
+    ~CodePage();
+    CodePage(const CodePage &) = delete;
+    CodePage &operator=(const CodePage &) = delete;
+
+    /// Takes the code page of that name ("utf-8", "936", "1252", or a name that ICU knows). False, and no change, when
+    /// there is no such code page.
+    bool Select(const QByteArray &name);
+
+    [[nodiscard]] bool IsUtf8() const { return !converter; }
+    [[nodiscard]] NarrowText FromWide(QStringView text) const;
+    [[nodiscard]] QString ToWide(QByteArrayView text) const;
+
+private:
+    void *converter = nullptr; // UConverter, null for UTF-8
+};

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Text.h"
+
+#include <tinyxml.h>
+
+class Environment;
+
+/// Reads an XML file into `document`. The only way in: the file is turned into UTF-8, and nesting (256), attributes of an
+/// element (1000) and size are bounded before the parser sees it. 0; -1 when it can't be opened; -2 when it isn't well-formed, and
+/// then `document.ErrorRow()` tells where (0 for an empty file).
+[[nodiscard]] int LoadXml(const Environment &env, const QString &path, TiXmlDocument &document);
+[[nodiscard]] int ParseXml(const Environment &env, QByteArrayView bytes, TiXmlDocument &document);
+
+/// Prints `document` into memory and replaces the file with it. False when it couldn't be written.
+[[nodiscard]] bool SaveXml(const Environment &env, const TiXmlDocument &document, const QString &path);
+
+/// Text of the document (UTF-8) in the ANSI code page, and back.
+[[nodiscard]] NarrowText FromXml(const Environment &env, const char *text);
+[[nodiscard]] QByteArray ToXml(const Environment &env, const NarrowText &text);
+
+/// White space condensing of the parser, a switch of the whole process.
+void CondenseWhiteSpace(bool on);

@@ -1,0 +1,262 @@
+#include "CResDoc.h"
+
+#include "Environment.h"
+#include "HostFiles.h"
+#include "IDGen.h"
+#include "LayoutExport.h"
+#include "Paths.h"
+#include "ProjectConfig.h"
+#include "ProjectContext.h"
+#include "StringFile.h"
+
+#include <utility>
+
+namespace {
+
+constexpr int CAUSE_BAD_DOCUMENT = 7;
+constexpr int OLDEST_VERSION = 20;
+
+} // namespace
+
+void CResSpy::NodeChanged(CResNode *)
+{
+    if (doc)
+        doc->SetModifiedFlag(true);
+}
+
+void CResSpy::NodeRemoved(CResNode *node)
+{
+    NodeChanged(node);
+}
+
+void CResSpy::NodeAdded(CResNode *node)
+{
+    NodeChanged(node);
+}
+
+CResDoc::CResDoc(Environment &environment, ProcessTables &processTables, const CFrameServices &frameServices)
+    : CResModel(environment, processTables), services(frameServices)
+{
+    nodeObserver = &spy;
+    tables.LoadOnce(env);
+    SetCurrentFolder(env.ProgramDir());
+}
+
+CResDoc::~CResDoc()
+{
+    spy.doc = nullptr;
+    root.Clear(); // while the observer of its nodes is still there
+}
+
+bool CResDoc::IsCommandRunning(const QString &path) const
+{
+    return services.GetCommandID && services.GetCommandID(path) != 0;
+}
+
+bool CResDoc::BuildFolderTree(const QString &path)
+{
+    ProjectConfig config;
+    ReadConfig(env, path, config);
+    if (config.zepVersion < OLDEST_VERSION) {
+        if (services.Explain)
+            services.Explain(path + QStringLiteral(": its configuration (config.xml beside it) is missing, can't be read, or "
+                                                   "has a zepversion below 20"));
+        return false;
+    }
+    const int own = tables.resolutions.IndexOf(config.width, config.height);
+
+    const auto add = [this](CResFolder &parent, quint32 kind, qint32 index, const QString &title) -> CResFolder & {
+        std::unique_ptr<CResFolder> folder = CreateFolder(kind, index);
+        folder->title = title;
+        CResFolder &added = *folder;
+        parent.AddFolder(std::move(folder));
+        return added;
+    };
+    CResFolder &files = add(root, KIND_FILES, -1, QStringLiteral("Files"));
+    add(files, KIND_AUDIO, -1, QStringLiteral("Audio"));
+    add(files, KIND_VIDEO, -1, QStringLiteral("Video"));
+    add(files, KIND_BINARY, -1, QStringLiteral("Binary"));
+    CResFolder &images = add(root, KIND_IMAGES, -1, QStringLiteral("Images"));
+    for (int i = 0; i < tables.resolutions.Count(); ++i) {
+        const quint32 kind = i == own ? KIND_RESO_IMAGES : KIND_RESO_IMAGES | quint32(KIND_FLAG_OFF);
+        add(images, kind, i, env.NarrowToWide(tables.resolutions.At(i).name));
+    }
+    add(images, KIND_RESO_IMAGES, -1, QStringLiteral("Default"));
+    add(root, KIND_STRINGS, -1, QStringLiteral("Strings"));
+    return true;
+}
+
+void CResDoc::Serialize(bool loading)
+{
+    if (!loading)
+        return;
+    env.ErrorCount = env.WarningCount = 0;
+    if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
+        throw ArchiveException{CAUSE_BAD_DOCUMENT};
+    name = FileTitle(m_strPathName);
+    spy.doc = this;
+    tables.projectPath = m_strPathName;
+}
+
+bool CResDoc::OnSaveDocument(const QString &path)
+{
+    env.ErrorCount = env.WarningCount = 0;
+    FileTransaction files;
+    lastSave.generate = GenerateIds(&path);
+    lastSave.write = WriteProject(path, *this, files);
+    if (services.user && !IsCommandRunning(path)) {
+        if (lastSave.write != 0)
+            services.user->MessageBox(QStringLiteral("Failed to save the resources."));
+        else if (lastSave.generate != 0)
+            services.user->MessageBox(QStringLiteral("Failed to generate header files."));
+    }
+    if (lastSave.write == 0 && lastSave.generate == 0)
+        SetModifiedFlag(false);
+    return true;
+}
+
+void CResDoc::OnCloseDocument()
+{
+    if (services.watch)
+        services.watch->Stop();
+    SetCurrentFolder(env.ProgramDir());
+}
+
+void CResDoc::ReportSaveLoadException(const QString &path, const ArchiveException &exception, bool saving)
+{
+    if (IsCommandRunning(path))
+        env.WriteOutput("\r\n### error %d ###\r\n", exception.cause);
+    else if (services.user)
+        services.user->MessageBox((saving ? QStringLiteral("%1 could not be saved. The output tells why.")
+                                          : QStringLiteral("%1 could not be opened. The output tells why."))
+                                      .arg(path));
+}
+
+int CResDoc::GenerateIds(const QString *path)
+{
+    if (!path)
+        return IDGen::Generate(&ids, QString(), *this);
+    const QString folder = DirectoryOf(*path);
+    SetCurrentFolder(folder);
+    ExportLayoutTables(env, folder);
+    return IDGen::Generate(&ids, env.settings.String("Path", "header_output", ".\\ResID"), *this);
+}
+
+QStringList CResDoc::ProjectFiles()
+{
+    const QString folder = DirectoryOf(m_strPathName);
+    const ProjectContext context(m_strPathName, *this);
+    QStringList files{ResolvePath(env.settings.String("Path", "proj_cfg", ".\\config.xml"), folder),
+                      context.Absolute(context.ResourcePath())};
+    if (!refPath.isEmpty())
+        files.append(refPath);
+    return files;
+}
+
+IProjView *CResDoc::GetProjView() const
+{
+    for (CView *view : Views()) {
+        if (auto *projView = dynamic_cast<IProjView *>(view))
+            return projView;
+    }
+    return nullptr;
+}
+
+void CResDoc::WatchFile(const QString &path, WatchClass watchClass)
+{
+    UnwatchFile(path, watchClass);
+    if (watchClass == WATCH_STRINGS)
+        refPath = path;
+    if (!services.watch)
+        return;
+    const quint32 handle = services.watch->AddFile(path, this);
+    ReloadFlags *const flags = services.reloadFlags;
+    qint32 *fileFlag = nullptr;
+    qint32 *typeFlag = nullptr;
+    switch (watchClass) {
+    case WATCH_RESOURCES:
+        resWatch = handle;
+        typeFlag = flags ? &flags->resources : nullptr;
+        break;
+    case WATCH_STRINGS:
+        refWatch = handle;
+        typeFlag = flags ? &flags->strings : nullptr;
+        break;
+    case WATCH_LAYOUT:
+        layoutWatches[path] = handle;
+        fileFlag = flags ? &flags->layouts[path] : nullptr;
+        break;
+    }
+    services.watch->SetAutoReloadFlags(handle, fileFlag, typeFlag);
+}
+
+void CResDoc::UnwatchFile(const QString &path, WatchClass watchClass)
+{
+    quint32 handle = 0;
+    if (watchClass == WATCH_RESOURCES) {
+        handle = std::exchange(resWatch, 0);
+    } else if (watchClass == WATCH_STRINGS) {
+        handle = std::exchange(refWatch, 0);
+    } else if (const auto known = layoutWatches.find(path); known != layoutWatches.end()) {
+        handle = known->second;
+        layoutWatches.erase(known);
+    }
+    if (handle && services.watch)
+        services.watch->RemoveFile(handle);
+}
+
+void CResDoc::OnWatchedFileChanged(quint32 handle)
+{
+    if (handle == 0)
+        return;
+    env.ErrorCount = env.WarningCount = 0;
+    if (handle == resWatch) {
+        root.Clear();
+        if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
+            throw ArchiveException{CAUSE_BAD_DOCUMENT};
+        UpdateAllViews(nullptr);
+        SetModifiedFlag(false);
+    } else if (handle == refWatch) {
+        if (ReadStringFile(refPath, *this) != 0)
+            throw ArchiveException{CAUSE_BAD_DOCUMENT};
+        IProjView *const view = GetProjView();
+        const CResFolder *selected = view ? view->SelectedFolder() : nullptr;
+        if (selected && selected->kind == KIND_STRINGS)
+            UpdateAllViews(view);
+    }
+}
+
+void CResDoc::ChooseFiles(quint32 mask, bool multiSelect, const QString &initialName, QStringList &results)
+{
+    struct Entry
+    {
+        quint32 bit;
+        const char *name;
+        const char *key;
+        const char *patterns;
+    };
+    static constexpr Entry ENTRIES[] = {
+        {KIND_IMAGES, "Image Files", "image", "*.bmp; *.png; *.gif; *.jpg"},
+        {KIND_AUDIO, "Audio Files", "audio", "*.wav; *.wma; *.mp3"},
+        {KIND_VIDEO, "Video Files", "video", "*.avi; *.asf; *.wmv; *.3gp; *.rm; *.rmvb"},
+    };
+    constexpr qsizetype NAME_BUFFER = 2048;
+
+    QString filter;
+    int count = 0;
+    for (const Entry &entry : ENTRIES) {
+        if (!(mask & entry.bit))
+            continue;
+        const QString patterns = env.settings.String("FileType", entry.key, entry.patterns);
+        filter += QStringLiteral("%1%2 (%3)|%3").arg(QLatin1String(count++ ? "|" : ""), QLatin1String(entry.name), patterns);
+    }
+    if (mask & KIND_BINARY)
+        filter += QStringLiteral("%1All Files (*.*)|*.*").arg(QLatin1String(count++ ? "|" : ""));
+    if (count == 0 || !services.user)
+        return;
+    const QString prefilled = initialName.size() < NAME_BUFFER ? initialName : QString();
+    for (QString path : services.user->OpenFileDialog(filter + QStringLiteral("||"), count, multiSelect, prefilled)) {
+        path.replace(QStringLiteral(":\\\\"), QStringLiteral(":\\"));
+        results.append(path);
+    }
+}

@@ -1,0 +1,103 @@
+#pragma once
+
+#include "Document.h"
+#include "FileWatch.h"
+#include "ResModel.h"
+#include "UserInterface.h"
+
+#include <map>
+
+class CResDoc;
+
+/// Watches every node of a document and marks it modified. Linked to the document only once it is loaded, so that reading
+/// leaves it clean.
+class CResSpy : public IEspia
+{
+public:
+    CResDoc *doc = nullptr;
+    void NodeChanged(CResNode *node) override;
+    void NodeRemoved(CResNode *node) override;
+    void NodeAdded(CResNode *node) override;
+};
+
+/// The view that shows the document's tree; the folder selected there is what many operations act on.
+class IProjView : public CView
+{
+public:
+    [[nodiscard]] virtual CResFolder *SelectedFolder() const = 0;
+};
+
+/// What the documents of a process are handed by their frame. All of it outlives the documents.
+struct CFrameServices
+{
+    /// The command of the channel that is running for a document's path; 0 when none is.
+    std::function<quint32(const QString &docPath)> GetCommandID;
+    IUserInterface *user = nullptr;      ///< message boxes and file dialogs; null without a window
+    IFileChangeMonitor *watch = nullptr; ///< null where nobody watches files
+    ReloadFlags *reloadFlags = nullptr;  ///< null where nobody watches files
+    /// Told what the report of a command has no words for, in plain ones; may be empty.
+    std::function<void(const QString &text)> Explain;
+};
+
+/// The document of one project, named by the path of its ".vcproj" file, which is never read or written.
+class CResDoc : public CDocument, public CResModel
+{
+public:
+    CResDoc(Environment &environment, ProcessTables &processTables, const CFrameServices &frameServices);
+    ~CResDoc() override;
+
+    const QString &PathName() const override { return m_strPathName; }
+
+    // The framework's operations.
+    bool OnNewDocument() override { return false; }
+    void Serialize(bool loading) override;
+    /// Numbers the IDs, writes the headers and the project. Always true: failures show in the output, in `lastSave`, and,
+    /// when no command is running, in a box.
+    bool OnSaveDocument(const QString &path) override;
+    void OnCloseDocument() override;
+    void ReportSaveLoadException(const QString &path, const ArchiveException &exception, bool saving) override;
+
+    /// What the last OnSaveDocument came to: 0, or the first failure of the numbering and of the writing.
+    struct SaveResult
+    {
+        int generate = 0;
+        int write = 0;
+    };
+    SaveResult lastSave;
+
+    /// Numbers all IDs; with a path also writes the headers beside it. 0 on success.
+    int GenerateIds(const QString *path);
+
+    /// Makes the fixed folders of a project. False when its configuration is missing or too old.
+    bool BuildFolderTree(const QString &path);
+
+    enum WatchClass
+    {
+        WATCH_RESOURCES = 0,
+        WATCH_STRINGS = 1,
+        WATCH_LAYOUT = 2,
+    };
+    void WatchFile(const QString &path, WatchClass watchClass);
+    void UnwatchFile(const QString &path, WatchClass watchClass);
+    /// Loads again what a watched file holds. Throws ArchiveException when that fails.
+    void OnWatchedFileChanged(quint32 handle);
+
+    /// The files that the project was read from, absolute: its configuration, resource list and string file.
+    [[nodiscard]] QStringList ProjectFiles();
+
+    /// The document's project view, or null.
+    [[nodiscard]] IProjView *GetProjView() const;
+
+    /// Asks for files to add; `mask` tells which kinds. Nothing is asked when the mask has none.
+    void ChooseFiles(quint32 mask, bool multiSelect, const QString &initialName, QStringList &results);
+
+private:
+    [[nodiscard]] bool IsCommandRunning(const QString &path) const;
+
+    CResSpy spy;
+    const CFrameServices &services;
+    quint32 resWatch = 0;
+    quint32 refWatch = 0;
+    QString refPath; // of the string file that was read or written last
+    std::map<QString, quint32> layoutWatches;
+};

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Text.h"
+
+#include <map>
+
+class CDocument;
+
+/// Watches files for changes by other programs. A handle is never 0.
+class IFileChangeMonitor
+{
+public:
+    /// Starts watching; 0 if the file can't be read.
+    virtual quint32 AddFile(const QString &path, CDocument *doc) = 0;
+    /// The flags say "reload without asking"; they live longer than the watch.
+    virtual void SetAutoReloadFlags(quint32 handle, qint32 *fileFlag, qint32 *typeFlag) = 0;
+    virtual void RemoveFile(quint32 handle) = 0;
+    /// Ends all watching, of every document.
+    virtual void Stop() = 0;
+
+protected:
+    ~IFileChangeMonitor() = default;
+};
+
+/// Which kinds of file are to be loaded again without a question; shared by all documents.
+struct ReloadFlags
+{
+    qint32 resources = 0;
+    qint32 strings = 0;
+    std::map<QString, qint32> layouts; // by path, made at the first use
+};

@@ -1,0 +1,36 @@
+#include "CResDoc.h"
+#include "Paths.h"
+#include "ProjectContext.h"
+#include "Xml.h"
+
+#include <cstring>
+
+namespace {
+
+int IntAttribute(const TiXmlElement &element, const char *name)
+{
+    const char *text = element.Attribute(name);
+    return text ? LeadingNumber(QString::fromUtf8(text)) : 0;
+}
+
+} // namespace
+
+int FindLayoutResolution(const QString &projectPath, const QString &layoutPath, CResDoc &doc)
+{
+    const ProjectContext context(projectPath, doc);
+    TiXmlDocument document;
+    if (LoadXml(doc.env, context.ResourcePath(), document) != 0)
+        return -1;
+    const TiXmlElement *root = document.FirstChildElement();
+    for (auto *element = root ? root->FirstChildElement("RESOLUTION") : nullptr; element;
+         element = element->NextSiblingElement("RESOLUTION")) {
+        const char *group = element->Attribute("class");
+        const TiXmlElement *layout = element->FirstChildElement();
+        if (!group || !std::strstr(group, "layout") || !layout || layout->ValueStr() != "LAYOUT")
+            continue;
+        const char *text = layout->GetText();
+        if (text && QString::fromUtf8(text) == layoutPath)
+            return doc.tables.resolutions.IndexOf(IntAttribute(*element, "width"), IntAttribute(*element, "height"));
+    }
+    return -1;
+}

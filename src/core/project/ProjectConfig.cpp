@@ -1,0 +1,66 @@
+#include "ProjectConfig.h"
+
+#include "Environment.h"
+#include "Paths.h"
+#include "Xml.h"
+
+namespace {
+
+/// The number that an element's text begins with; 0 for an element without one.
+qint32 NumberIn(const TiXmlElement &element)
+{
+    const char *text = element.GetText();
+    return text ? LeadingNumber(QString::fromUtf8(text)) : 0;
+}
+
+void ReadResolution(const TiXmlElement &resolution, ProjectConfig &config)
+{
+    bool hasWidth = false;
+    bool hasHeight = false;
+    for (auto *child = resolution.FirstChildElement(); child && !(hasWidth && hasHeight);
+         child = child->NextSiblingElement()) {
+        if (child->ValueStr() == "Width") {
+            config.width = NumberIn(*child);
+            hasWidth = true;
+        } else if (child->ValueStr() == "Height") {
+            config.height = NumberIn(*child);
+            hasHeight = true;
+        }
+    }
+}
+
+void ReadApplication(const TiXmlElement &application, ProjectConfig &config)
+{
+    for (auto *child = application.FirstChildElement(); child; child = child->NextSiblingElement()) {
+        if (child->ValueStr() == "zepversion") {
+            config.zepVersion = NumberIn(*child);
+        } else if (child->ValueStr() == "tarvo") {
+            const char *text = child->GetText();
+            config.tarvoChecked = text && EqualsNoCase(QString::fromUtf8(text), u"checked");
+        }
+    }
+}
+
+} // namespace
+
+void ReadConfig(const Environment &env, const QString &path, ProjectConfig &config)
+{
+    QString file = env.settings.String("Path", "proj_cfg", ".\\config.xml");
+    MakeAbsolute(file, DirectoryOf(path));
+    TiXmlDocument document;
+    if (LoadXml(env, file, document) != 0)
+        return;
+    const TiXmlElement *first = document.FirstChildElement();
+    bool hasResolution = false;
+    bool hasApplication = false;
+    for (auto *child = first ? first->FirstChildElement() : nullptr; child && !(hasResolution && hasApplication);
+         child = child->NextSiblingElement()) {
+        if (child->ValueStr() == "resolution") {
+            ReadResolution(*child, config);
+            hasResolution = true;
+        } else if (child->ValueStr() == "zxa") {
+            ReadApplication(*child, config);
+            hasApplication = true;
+        }
+    }
+}

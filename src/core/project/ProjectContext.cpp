@@ -1,0 +1,35 @@
+#include "ProjectContext.h"
+
+#include "CResDoc.h"
+#include "Environment.h"
+#include "HostFiles.h"
+#include "Paths.h"
+
+ProjectContext::ProjectContext(const QString &path, CResDoc &document)
+    : dir(DirectoryOf(path)), name(FileTitle(path)), doc(document), env(document.env)
+{
+}
+
+QString ProjectContext::ResourceFolder() const
+{
+    QString folder = env.settings.String("Path", "main_xml", "res");
+    if (!folder.endsWith(u'\\') && !folder.endsWith(u'/'))
+        folder += u'\\';
+    return folder;
+}
+
+QString ProjectContext::ResourcePath() const
+{
+    SetCurrentFolder(dir);
+    return ResourceFolder() + name + QStringLiteral(".res.xml");
+}
+
+QString ProjectContext::StringPath() const
+{
+    return ResourceFolder() + QStringLiteral("ref_list_") + name + QStringLiteral(".txt");
+}
+
+QString ProjectContext::Absolute(const QString &path) const
+{
+    return ResolvePath(path, dir);
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "Text.h"
+
+class CResDoc;
+class Environment;
+class FileTransaction;
+
+/// What the reader and the writer of a project carry.
+struct ProjectContext
+{
+    ProjectContext(const QString &path, CResDoc &document);
+
+    QString dir;  ///< the project's folder
+    QString name; ///< the project's name
+    CResDoc &doc;
+    Environment &env;
+
+    /// The path of the ".res.xml" file, relative to `dir`; makes `dir` the current folder.
+    [[nodiscard]] QString ResourcePath() const;
+    /// The path of the string file, relative to `dir`.
+    [[nodiscard]] QString StringPath() const;
+    [[nodiscard]] QString Absolute(const QString &path) const;
+
+private:
+    [[nodiscard]] QString ResourceFolder() const;
+};
+
+/// Reads the resource list of a project into the document's tree. 0, or the code of what stopped it: -1 can't be opened, -2 not
+/// well-formed, 11 no resource list, or the string file's.
+[[nodiscard]] int ReadProject(const QString &path, CResDoc &doc);
+
+/// Writes the resource list and the string file and commits `files`, with what else was written to it. 0; -3 if a file
+/// couldn't be written, and then none has changed.
+[[nodiscard]] int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files);
+
+/// The resolution index that the project's resource list names for a layout file, or -1.
+[[nodiscard]] int FindLayoutResolution(const QString &projectPath, const QString &layoutPath, CResDoc &doc);

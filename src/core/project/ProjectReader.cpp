@@ -1,0 +1,278 @@
+#include "CResDoc.h"
+#include "Environment.h"
+#include "HostFiles.h"
+#include "IdNames.h"
+#include "Paths.h"
+#include "ProjectContext.h"
+#include "StringFile.h"
+#include "Xml.h"
+
+#include <cstring>
+
+namespace {
+
+constexpr int WRONG_FORMAT = 11;
+
+/// The two elements that make file resources, by the word that their messages have.
+constexpr char FILE_TAG[] = "file";
+constexpr char IMAGE_TAG[] = "image";
+
+int LineOf(const TiXmlNode &node)
+{
+    return node.Row() + 1;
+}
+
+const char *TextOf(const TiXmlElement &element)
+{
+    const char *text = element.GetText();
+    return text ? text : "";
+}
+
+QByteArray WithoutOuterQuotes(QByteArray text)
+{
+    if (text.startsWith('"'))
+        text.remove(0, 1);
+    if (text.endsWith('"'))
+        text.chop(1);
+    return text;
+}
+
+/// One reading of a resource list.
+class ProjectReader
+{
+public:
+    explicit ProjectReader(const ProjectContext &projectContext)
+        : context(projectContext), doc(context.doc), env(context.env)
+    {
+    }
+
+    int Read(TiXmlElement &app)
+    {
+        int code = 0;
+        // Each element goes as soon as it is read, which keeps the memory of the largest projects near the parser's.
+        while (TiXmlNode *node = app.FirstChild()) {
+            if (TiXmlElement *element = node->ToElement())
+                code = ReadElement(*element);
+            app.RemoveChild(node);
+            if (code != 0)
+                break;
+        }
+        return code;
+    }
+
+private:
+    int ReadElement(const TiXmlElement &element)
+    {
+        const std::string &tag = element.ValueStr();
+        if (tag == "FILE")
+            ReadFile(element);
+        else if (tag == "IMAGE")
+            ReadImage(element, DefaultImages(), ANY_RESOLUTION);
+        else if (tag == "RESOLUTION")
+            return ReadResolution(element);
+        else if (tag == "STRING")
+            return ReadStrings(element);
+        else if (tag == "COMPONENT")
+            ReadComponent(element);
+        else
+            UnknownTag(element);
+        return 0;
+    }
+
+    CResFolder *DefaultImages()
+    {
+        if (!defaultImages)
+            defaultImages = doc.root.FindFolder(KIND_RESO_IMAGES, -1, 2);
+        return defaultImages;
+    }
+
+    CResFolder *FilesFolder(quint32 kind)
+    {
+        const size_t place = kind == KIND_AUDIO ? 0 : kind == KIND_VIDEO ? 1 : 2;
+        if (!files[place])
+            files[place] = doc.root.FindFolder(kind, 2);
+        return files[place];
+    }
+
+    void ReadFile(const TiXmlElement &element)
+    {
+        const QByteArray path = WithoutOuterQuotes(TextOf(element));
+        const quint32 kind = doc.ClassifyFile(KIND_FILES, QString::fromUtf8(path));
+        AddFileRes(element, FILE_TAG, FilesFolder(kind), ANY_RESOLUTION, CResModel::PushKindOf(kind));
+    }
+
+    void ReadImage(const TiXmlElement &element, CResFolder *folder, qint16 scope)
+    {
+        AddFileRes(element, IMAGE_TAG, folder, scope, PUSH_IMAGE);
+    }
+
+    void AddFileRes(const TiXmlElement &element, const char *tag, CResFolder *folder, qint16 scope, PushKind pushKind)
+    {
+        const char *id = element.Attribute("id");
+        if (!id) {
+            const int count = ++env.ErrorCount;
+            env.WriteOutput("Error %d: invalid %s tag (Line %d).\r\n", count, tag, LineOf(element));
+            return;
+        }
+        const char *text = TextOf(element);
+        if (!IsValidIdName(QString::fromUtf8(id))) {
+            const int count = ++env.ErrorCount;
+            env.WriteOutput("Error %d: invalid ID format - [%s] (Line %d).\r\n", count, id, LineOf(element));
+        } else if (*text && !hostPaths.Exists(QString::fromUtf8(text))) {
+            const int count = ++env.WarningCount;
+            env.WriteOutput("Warning %d: file not found - [%s] (Line %d).\r\n", count, id, LineOf(element));
+        }
+        std::unique_ptr<CFileRes> res = doc.CreateFileRes(FromXml(env, id), scope);
+        if (!res) {
+            const int count = ++env.ErrorCount;
+            env.WriteOutput("Error %d: failed to load %s [%s].\r\n", count, tag, id);
+            return;
+        }
+        const char *type = element.Attribute("type");
+        if (type && std::strcmp(type, "Push") == 0) {
+            res->Id()->push = true;
+            res->Id()->pushKind = pushKind;
+        }
+        CFileRes *const added = res.get();
+        folder->AddResource(std::move(res));
+        added->SetPath(FromXml(env, WithoutOuterQuotes(text)));
+    }
+
+    int ReadResolution(const TiXmlElement &element)
+    {
+        const char *widthText = element.Attribute("width");
+        const char *heightText = element.Attribute("height");
+        const int width = widthText ? LeadingNumber(QString::fromUtf8(widthText)) : 0;
+        const int height = heightText ? LeadingNumber(QString::fromUtf8(heightText)) : 0;
+        if (width < 1 || height < 1) {
+            const int count = ++env.ErrorCount;
+            env.WriteOutput("Error %d: invalid resolution tag (Line %d).\r\n", count, LineOf(element));
+            return 0;
+        }
+        const qint16 index = doc.tables.resolutions.IndexOf(width, height);
+        if (index < 0) {
+            const int count = ++env.WarningCount;
+            env.WriteOutput("Warning %d: unsupported resolution (%dx%d) discarded.\r\n", count, width, height);
+            return 0;
+        }
+        const char *group = element.Attribute("class");
+        CResFolder *images = group && std::strstr(group, "image") ? doc.UseResolutionImages(index) : nullptr;
+        if (group && std::strstr(group, "layout"))
+            doc.UseResolutionLayouts(index);
+        for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement()) {
+            if (images && child->ValueStr() == "IMAGE")
+                ReadImage(*child, images, index);
+            else
+                UnknownTag(*child);
+        }
+        return 0;
+    }
+
+    int ReadStrings(const TiXmlElement &element)
+    {
+        QByteArray text = TextOf(element);
+        if (text.isEmpty()) {
+            const int count = ++env.WarningCount;
+            env.WriteOutput("Warning %d: ref_list not found (Line %d).\r\n", count, LineOf(element));
+            return 0;
+        }
+        text.replace('"', "");
+        SetCurrentFolder(context.dir);
+        const QString path = QString::fromUtf8(text);
+        const int code = ReadStringFile(path, doc);
+        if (code == 0)
+            doc.WatchFile(context.Absolute(path), CResDoc::WATCH_STRINGS);
+        return code;
+    }
+
+    void ReadComponent(const TiXmlElement &element)
+    {
+        const char *id = element.Attribute("id");
+        if (!id) {
+            const int count = ++env.ErrorCount;
+            env.WriteOutput("Error %d: invalid component tag (Line %d).\r\n", count, LineOf(element));
+            return;
+        }
+        const CResFolder *component = doc.root.FindFolder(KIND_COMPONENT, QString::fromUtf8(id), 2);
+        if (!component) {
+            const int count = ++env.WarningCount;
+            env.WriteOutput("Warning %d: unknow component [%s] discarded.\r\n", count, id);
+            return;
+        }
+        for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement()) {
+            if (child->ValueStr() == "IMAGE")
+                ReadComponentImage(*child, *component);
+            else
+                UnknownTag(*child);
+        }
+    }
+
+    void ReadComponentImage(const TiXmlElement &element, const CResFolder &component)
+    {
+        const char *id = element.Attribute("id");
+        if (!id) {
+            const int count = ++env.ErrorCount;
+            env.WriteOutput("Error %d: invalid component image tag (Line %d).\r\n", count, LineOf(element));
+            return;
+        }
+        auto *image = static_cast<CFileRes *>(component.FindResource(FromXml(env, id)));
+        if (!image) {
+            const int count = ++env.WarningCount;
+            env.WriteOutput("Warning %d: unknown component image [%s] discarded.\r\n", count, id);
+            return;
+        }
+        const QByteArray text = WithoutOuterQuotes(TextOf(element));
+        if (!text.isEmpty())
+            image->SetPath(FromXml(env, text));
+        image->inUse = true;
+        if (image->observer)
+            image->observer->NodeAdded(image);
+    }
+
+    void UnknownTag(const TiXmlElement &element)
+    {
+        const int count = ++env.WarningCount;
+        env.WriteOutput("Warning %d: unknown XML tag [%s] discarded (Line %d).\r\n", count, element.Value(),
+                        LineOf(element));
+    }
+
+    const ProjectContext &context;
+    CResDoc &doc;
+    Environment &env;
+    HostPaths hostPaths;
+    CResFolder *defaultImages = nullptr;
+    CResFolder *files[3] = {};
+};
+
+int ReadInto(const ProjectContext &context, const QString &path)
+{
+    Environment &env = context.env;
+    env.WriteOutput("Loading resource from \"%s\"...\r\n", qUtf8Printable(path));
+    TiXmlDocument document;
+    if (const int code = LoadXml(env, path, document)) {
+        ++env.ErrorCount;
+        env.WriteOutput("Fatal error: invalid resource format (Line %d).\r\n", document.ErrorRow() + 1);
+        return code;
+    }
+    TiXmlElement *app = document.FirstChildElement();
+    if (!app || app->ValueStr() != "APP") {
+        const int count = ++env.ErrorCount;
+        env.WriteOutput("Error %d: invalid resource format \"%s\".\r\n", count, qUtf8Printable(path));
+        return WRONG_FORMAT;
+    }
+    return ProjectReader(context).Read(*app);
+}
+
+} // namespace
+
+int ReadProject(const QString &path, CResDoc &doc)
+{
+    const ProjectContext context(path, doc);
+    const QString file = context.ResourcePath();
+    const int code = ReadInto(context, file);
+    doc.env.WriteOutput("[%s] open - %d error(s), %d warning(s)\r\n", qUtf8Printable(context.name), doc.env.ErrorCount,
+                        doc.env.WarningCount);
+    if (code == 0)
+        doc.WatchFile(context.Absolute(file), CResDoc::WATCH_RESOURCES);
+    return code;
+}
