@@ -1,0 +1,367 @@
+/* See docs/payload-format.md for the bytes:
+ *
+ *     directory   name, zero byte, offset (4), size (4); again and again, up to the empty name
+ *     items       key (4), offset (4); again and again, up to the key 0xFFFFFFFF, whose offset is where the last item
+ * ends language    count (4), then id (4), offset (4); again and again, up to the id 0xFFFFFFFF
+ *
+ * Numbers are little-endian and stand at any address. A range is checked by subtraction, never by a sum that could
+ * wrap. */
+#include "morvanite_device.h"
+
+#define PAIR_SIZE 8u
+#define END_KEY UINT32_C(0xFFFFFFFF)
+#define REPLACEMENT_CHARACTER 0xFFFDu
+
+static uint32_t read_u32(const uint8_t *at)
+{
+    return (uint32_t)at[0] | (uint32_t)at[1] << 8 | (uint32_t)at[2] << 16 | (uint32_t)at[3] << 24;
+}
+
+static uint32_t key_at(const morvanite_table *table, uint32_t position)
+{
+    return read_u32(table->pairs + position * PAIR_SIZE);
+}
+
+static uint32_t offset_at(const morvanite_table *table, uint32_t position)
+{
+    return read_u32(table->pairs + position * PAIR_SIZE + 4);
+}
+
+/* Counts the pairs before the one that ends the table, which must be among the first `limit`. */
+static morvanite_result open_table(morvanite_table *table, const uint8_t *pairs, uint32_t limit)
+{
+    table->pairs = pairs;
+    table->order = 0;
+    for (table->count = 0; table->count < limit; ++table->count)
+        if (key_at(table, table->count) == END_KEY)
+            return MORVANITE_OK;
+    table->count = 0;
+    return MORVANITE_DAMAGED;
+}
+
+/* The first position with that key, or the table's count. */
+static uint32_t find_key(const morvanite_table *table, uint32_t key)
+{
+    uint32_t low = 0;
+    uint32_t high = table->count;
+
+    if (!table->order) {
+        while (low < high && key_at(table, low) != key)
+            ++low;
+        return low;
+    }
+    while (low < high) {
+        uint32_t middle = low + (high - low) / 2;
+        if (key_at(table, table->order[middle]) < key)
+            low = middle + 1;
+        else
+            high = middle;
+    }
+    if (low < table->count && key_at(table, table->order[low]) == key)
+        return table->order[low];
+    return table->count;
+}
+
+/* Equal keys stay in the table's order, so that the first one is found as a walk would find it. */
+static int is_before(const morvanite_table *table, uint32_t left, uint32_t right)
+{
+    uint32_t left_key = key_at(table, left);
+    uint32_t right_key = key_at(table, right);
+    return left_key < right_key || (left_key == right_key && left < right);
+}
+
+morvanite_result morvanite_make_index(morvanite_table *table, uint32_t *order, uint32_t room)
+{
+    uint32_t unsorted = table->count; /* order[0 .. unsorted) is a heap with the greatest on top */
+    uint32_t root = table->count / 2; /* from here on it is one while it's being built */
+    uint32_t i;
+
+    if (room < table->count)
+        return MORVANITE_NO_ROOM;
+    for (i = 0; i < table->count; ++i)
+        order[i] = i;
+    while (unsorted > 1) {
+        uint32_t hole;
+        uint32_t moved;
+        if (root > 0) {
+            moved = order[--root];
+        } else {
+            moved = order[--unsorted];
+            order[unsorted] = order[0];
+        }
+        for (hole = root; hole < unsorted / 2;) {
+            uint32_t child = 2 * hole + 1;
+            if (child + 1 < unsorted && is_before(table, order[child], order[child + 1]))
+                ++child;
+            if (!is_before(table, moved, order[child]))
+                break;
+            order[hole] = order[child];
+            hole = child;
+        }
+        order[hole] = moved;
+    }
+    table->order = order;
+    return MORVANITE_OK;
+}
+
+/* Reads the entry at `*cursor` and moves on behind it. MORVANITE_DAMAGED: the payload ends within it, and `*cursor`
+ * stays.
+ * `*offset` is the entry's, as it is written. */
+static morvanite_result read_entry(const morvanite_payload *payload, uint32_t *cursor, morvanite_entry *entry,
+                                   uint32_t *offset)
+{
+    uint32_t end = *cursor;
+
+    while (end < payload->size && payload->bytes[end] != 0)
+        ++end;
+    if (end >= payload->size || payload->size - end < 9)
+        return MORVANITE_DAMAGED;
+    entry->name = (const char *)payload->bytes + *cursor;
+    entry->name_length = end - *cursor;
+    *offset = read_u32(payload->bytes + end + 1);
+    entry->size = read_u32(payload->bytes + end + 5);
+    if (entry->name_length == 0)
+        return MORVANITE_NOT_FOUND;
+    *cursor = end + 9;
+    return MORVANITE_OK;
+}
+
+/* Where `size` bytes at `offset` lie, or null when they don't lie within the payload. */
+static const uint8_t *find_range(const morvanite_payload *payload, uint32_t offset, uint32_t size)
+{
+    uint32_t at = offset - payload->base;
+
+    if (offset < payload->base || at > payload->size || size > payload->size - at)
+        return 0;
+    return payload->bytes + at;
+}
+
+morvanite_result morvanite_next_entry(const morvanite_payload *payload, uint32_t *cursor, morvanite_entry *entry)
+{
+    uint32_t offset;
+    morvanite_result result;
+
+    /* A payload that couldn't be opened has no directory. */
+    if (payload->size == 0)
+        return MORVANITE_NOT_FOUND;
+    result = read_entry(payload, cursor, entry, &offset);
+    if (result != MORVANITE_OK)
+        return result;
+    entry->data = find_range(payload, offset, entry->size);
+    if (entry->data)
+        return MORVANITE_OK;
+    entry->size = 0;
+    return MORVANITE_DAMAGED;
+}
+
+morvanite_result morvanite_find_entry(const morvanite_payload *payload, const char *name, morvanite_entry *entry)
+{
+    uint32_t cursor = 0;
+
+    for (;;) {
+        uint32_t before = cursor;
+        uint32_t i = 0;
+        morvanite_result result = morvanite_next_entry(payload, &cursor, entry);
+        if (cursor == before)
+            return result;
+        while (name[i] != 0 && name[i] == entry->name[i])
+            ++i;
+        if (name[i] == entry->name[i])
+            return result;
+    }
+}
+
+morvanite_result morvanite_open(morvanite_payload *payload, const void *bytes, uint32_t size, uint32_t base)
+{
+    static const char block_name[] = {'z', 'e', 'p', '-', '2', '.', '0', 0};
+    uint32_t cursor = 0;
+    uint32_t offset;
+    morvanite_entry entry;
+    morvanite_result result;
+
+    payload->bytes = (const uint8_t *)bytes;
+    payload->size = size;
+    payload->base = base;
+    payload->items.count = 0;
+    payload->items.order = 0;
+    do
+        result = read_entry(payload, &cursor, &entry, &offset);
+    while (result == MORVANITE_OK);
+    if (result == MORVANITE_NOT_FOUND) {
+        result = morvanite_find_entry(payload, block_name, &entry);
+        if (result == MORVANITE_OK)
+            result = open_table(&payload->items, entry.data, entry.size / PAIR_SIZE);
+        if (result == MORVANITE_OK)
+            return result;
+    }
+    payload->size = 0;
+    return MORVANITE_DAMAGED;
+}
+
+morvanite_result morvanite_item_at(const morvanite_payload *payload, uint32_t position, morvanite_item *item)
+{
+    uint32_t offset;
+    uint32_t end;
+
+    if (position >= payload->items.count)
+        return MORVANITE_NOT_FOUND;
+    item->key = key_at(&payload->items, position);
+    offset = offset_at(&payload->items, position);
+    end = offset_at(&payload->items, position + 1); /* there is always one more: the pair that ends the table */
+    item->size = end - offset;
+    item->data = offset > end ? 0 : find_range(payload, offset, item->size);
+    if (item->data)
+        return MORVANITE_OK;
+    item->size = 0;
+    return MORVANITE_DAMAGED;
+}
+
+morvanite_result morvanite_find_item(const morvanite_payload *payload, uint32_t key, morvanite_item *item)
+{
+    return morvanite_item_at(payload, find_key(&payload->items, key), item);
+}
+
+morvanite_result morvanite_open_language(const morvanite_item *item, morvanite_language *language)
+{
+    uint32_t count;
+
+    language->number = item->key - MORVANITE_LANGUAGE_KEY(0);
+    language->strings.count = 0;
+    language->strings.order = 0;
+    if (!MORVANITE_IS_LANGUAGE(item->key))
+        return MORVANITE_NOT_FOUND;
+    if (item->size < 4)
+        return MORVANITE_DAMAGED;
+    count = read_u32(item->data); /* with the pair that ends the table */
+    if (count == 0 || count > (item->size - 4) / PAIR_SIZE)
+        return MORVANITE_DAMAGED;
+    if (open_table(&language->strings, item->data + 4, count) == MORVANITE_OK && language->strings.count == count - 1) {
+        language->data = item->data;
+        language->size = offset_at(&language->strings, count - 1);
+        if (language->size <= item->size)
+            return MORVANITE_OK;
+    }
+    language->strings.count = 0;
+    return MORVANITE_DAMAGED;
+}
+
+morvanite_result morvanite_find_language(const morvanite_payload *payload, uint32_t number,
+                                         morvanite_language *language)
+{
+    morvanite_item item;
+    morvanite_result result;
+
+    language->strings.count = 0;
+    if (number > 0xFFFEu)
+        return MORVANITE_NOT_FOUND;
+    result = morvanite_find_item(payload, MORVANITE_LANGUAGE_KEY(number), &item);
+    return result == MORVANITE_OK ? morvanite_open_language(&item, language) : result;
+}
+
+morvanite_result morvanite_string_at(const morvanite_language *language, uint32_t position, morvanite_string *string)
+{
+    uint32_t offset;
+    uint32_t at;
+
+    if (position >= language->strings.count)
+        return MORVANITE_NOT_FOUND;
+    string->id = key_at(&language->strings, position);
+    string->units = 0;
+    string->length = 0;
+    offset = offset_at(&language->strings, position);
+    /* The first string stands behind the count and all the pairs; a smaller offset would give their bytes as text. */
+    if (offset < 4 + (language->strings.count + 1) * PAIR_SIZE)
+        return MORVANITE_DAMAGED;
+    for (at = offset; at < language->size && language->size - at >= 2; at += 2)
+        if ((language->data[at] | language->data[at + 1]) == 0) {
+            string->units = language->data + offset;
+            string->length = (at - offset) / 2;
+            return MORVANITE_OK;
+        }
+    return MORVANITE_DAMAGED;
+}
+
+morvanite_result morvanite_find_string(const morvanite_language *language, uint32_t id, morvanite_string *string)
+{
+    return morvanite_string_at(language, find_key(&language->strings, id), string);
+}
+
+morvanite_result morvanite_find_text(const morvanite_payload *payload, uint32_t number, uint32_t id,
+                                     morvanite_string *string)
+{
+    morvanite_language language;
+    morvanite_result result = morvanite_find_language(payload, number, &language);
+
+    return result == MORVANITE_OK ? morvanite_find_string(&language, id, string) : result;
+}
+
+uint16_t morvanite_string_unit(const morvanite_string *string, uint32_t i)
+{
+    if (i >= string->length)
+        return 0;
+    return (uint16_t)(string->units[2 * i] | string->units[2 * i + 1] << 8);
+}
+
+/* The character at `*i`, moving on behind it. */
+static uint32_t next_character(const morvanite_string *string, uint32_t *i)
+{
+    uint32_t unit = morvanite_string_unit(string, (*i)++);
+    uint32_t low;
+
+    if (unit < 0xD800u || unit > 0xDFFFu)
+        return unit;
+    low = morvanite_string_unit(string, *i);
+    if (unit > 0xDBFFu || low < 0xDC00u || low > 0xDFFFu)
+        return REPLACEMENT_CHARACTER;
+    ++*i;
+    return 0x10000u + ((unit - 0xD800u) << 10) + (low - 0xDC00u);
+}
+
+uint32_t morvanite_string_utf8(const morvanite_string *string, char *buffer, uint32_t room)
+{
+    uint32_t written = 0;
+    uint32_t needed = 0;
+    uint32_t i = 0;
+
+    while (i < string->length) {
+        uint32_t character = next_character(string, &i);
+        uint32_t more = (character >= 0x80u) + (uint32_t)(character >= 0x800u) + (character >= 0x10000u);
+        /* The first byte says how many follow, by its leading ones. */
+        uint32_t lead = more == 0 ? 0 : (0xF80u >> more) & 0xFFu;
+        if (written == needed && room - written > more + 1) {
+            buffer[written++] = (char)(lead | character >> (6 * more));
+            while (more > 0) {
+                --more;
+                buffer[written++] = (char)(0x80u | (character >> (6 * more) & 0x3Fu));
+            }
+            needed = written;
+        } else if (needed < UINT32_C(0xFFFFFFF0)) { /* a text of gigabytes: stop counting, don't wrap */
+            needed += more + 1;
+        }
+    }
+    if (room > 0)
+        buffer[written] = 0;
+    return needed;
+}
+
+morvanite_result morvanite_find_appended(const void *file, uint32_t file_size, const uint8_t **payload, uint32_t *size,
+                                         uint32_t *base)
+{
+    static const uint8_t magic[8] = {'.', 'z', 'p', '_', 'r', 'e', 's', 0};
+    const uint8_t *bytes = (const uint8_t *)file;
+    uint32_t at;
+    uint32_t i;
+
+    if (file_size < sizeof magic + 4)
+        return MORVANITE_NOT_FOUND;
+    at = read_u32(bytes + file_size - 4);
+    if (at > file_size - 4 - sizeof magic)
+        return MORVANITE_NOT_FOUND;
+    for (i = 0; i < sizeof magic; ++i)
+        if (bytes[at + i] != magic[i])
+            return MORVANITE_NOT_FOUND;
+    *payload = bytes + at + sizeof magic;
+    *base = at + (uint32_t)sizeof magic;
+    *size = file_size - 4 - *base;
+    return MORVANITE_OK;
+}

@@ -1,0 +1,165 @@
+/* The reader of Morvanite's resources for the application on the device.
+ *
+ * Plain C99 (and C++), freestanding: no allocation, no library call, no state of its own. It reads a payload where it
+ * lies in memory, a byte at a time, so alignment is no matter, and checks every offset: a damaged payload gives a
+ * result other than MORVANITE_OK and never a read outside of the bytes it was given.
+ *
+ *     morvanite_payload resources;
+ *     morvanite_item logo;
+ *     morvanite_string title;
+ *
+ *     if (morvanite_open(&resources, flash_address, flash_size, 0) == MORVANITE_OK) {
+ *         if (morvanite_find_item(&resources, ID_IMAGE_LOGO, &logo) == MORVANITE_OK)
+ *             draw(logo.data, logo.size);
+ *         if (morvanite_find_text(&resources, 0, ID_STRING_TITLE, &title) == MORVANITE_OK)
+ *             print_utf16(title.units, title.length);
+ *     }
+ *
+ * Nothing is copied: what a look-up gives points into the payload and is good as long as the payload is. A function
+ * that doesn't give MORVANITE_OK leaves its output unset unless its comment says otherwise. Pointers must not be null,
+ * but for `bytes` of size 0 and `buffer` of room 0.
+ *
+ * Only morvanite_open, morvanite_open_language and morvanite_make_index write to the structures; everything else takes
+ * them as const, so any number of threads and interrupts can look things up at once when those three are done.
+ *
+ * docs/device-reader.md is the manual, docs/payload-format.md draws the bytes.
+ */
+#ifndef MORVANITE_DEVICE_H
+#define MORVANITE_DEVICE_H
+
+#include <stdint.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+typedef enum morvanite_result
+{
+    MORVANITE_OK = 0,
+    MORVANITE_NOT_FOUND = 1, /* no such entry, item, language or string; the end of a walk */
+    MORVANITE_DAMAGED = 2,   /* the bytes are no payload, or a part of one that points outside or has no end */
+    MORVANITE_NO_ROOM = 3    /* the memory given for an index is too small */
+} morvanite_result;
+
+/* A table of pairs of key and offset, of 8 bytes each. The members are the reader's own but for `count`. */
+typedef struct morvanite_table
+{
+    const uint8_t *pairs;
+    uint32_t count;        /* pairs before the one that ends the table: the room an index needs */
+    const uint32_t *order; /* the positions sorted by key, or null: then look-ups walk */
+} morvanite_table;
+
+/* An open payload. The members are the reader's own but for `items.count`, the number of items. */
+typedef struct morvanite_payload
+{
+    const uint8_t *bytes;
+    uint32_t size;
+    uint32_t base;
+    morvanite_table items;
+} morvanite_payload;
+
+/* A named entry of the directory: the icon, a preview image, a file of the version 1.0 list, or "zep-2.0", whose bytes
+ * are the table of items. */
+typedef struct morvanite_entry
+{
+    const char *name; /* ends with a zero byte */
+    uint32_t name_length;
+    const uint8_t *data;
+    uint32_t size; /* the file's true size */
+} morvanite_entry;
+
+/* A file, an image, a layout or a language's strings. */
+typedef struct morvanite_item
+{
+    uint32_t key; /* the value in ResID.h, or MORVANITE_LANGUAGE_KEY */
+    const uint8_t *data;
+    uint32_t size; /* with the zero bytes that fill it up to a multiple of 4 */
+} morvanite_item;
+
+/* The open strings of a language. `strings.count` is their number; `order` of `strings` is the language's own index. */
+typedef struct morvanite_language
+{
+    uint32_t number;
+    const uint8_t *data;
+    uint32_t size;
+    morvanite_table strings;
+} morvanite_language;
+
+/* A string of `length` code units of UTF-16, little-endian, at any alignment; a zero unit stands behind the last one.
+ */
+typedef struct morvanite_string
+{
+    uint32_t id;
+    const uint8_t *units;
+    uint32_t length; /* without the zero unit */
+} morvanite_string;
+
+/* Language numbers run from 0 to 65534. */
+#define MORVANITE_LANGUAGE_KEY(number) (UINT32_C(0xFFFF0000) | (uint32_t)(number))
+#define MORVANITE_IS_LANGUAGE(key) ((uint32_t)(key) >= UINT32_C(0xFFFF0000))
+
+/* Opens the `size` bytes at `bytes`. `base` is what the payload's offsets count from: 0 for a section packed with the
+ * default settings and for a side file; see docs/device-reader.md for the others.
+ *
+ * Walks the directory and the table of items once. MORVANITE_DAMAGED: one of them has no end within the bytes, or the
+ * directory leads to no table. A payload that isn't open holds nothing: look-ups in it give MORVANITE_NOT_FOUND. */
+morvanite_result morvanite_open(morvanite_payload *payload, const void *bytes, uint32_t size, uint32_t base);
+
+/* The first entry with that name, compared byte for byte. MORVANITE_DAMAGED: its data isn't within the payload. */
+morvanite_result morvanite_find_entry(const morvanite_payload *payload, const char *name, morvanite_entry *entry);
+
+/* The entries in their order: start with `*cursor` 0, go on until MORVANITE_NOT_FOUND. MORVANITE_DAMAGED: this entry's
+ * data isn't within the payload; its name is set, data is null, size is 0, and the walk can go on. */
+morvanite_result morvanite_next_entry(const morvanite_payload *payload, uint32_t *cursor, morvanite_entry *entry);
+
+/* The first item with that key, which is an ID's value. MORVANITE_DAMAGED: its bytes aren't within the payload. */
+morvanite_result morvanite_find_item(const morvanite_payload *payload, uint32_t key, morvanite_item *item);
+
+/* The item at `position`, from 0 to items.count - 1, in the order of the table; behind that MORVANITE_NOT_FOUND.
+ * MORVANITE_DAMAGED: its bytes aren't within the payload; its key is set, data is null and size is 0. */
+morvanite_result morvanite_item_at(const morvanite_payload *payload, uint32_t position, morvanite_item *item);
+
+/* Finds and opens the strings of the language with that number. The results are those of the two functions it stands
+ * for, morvanite_find_item and morvanite_open_language. */
+morvanite_result morvanite_find_language(const morvanite_payload *payload, uint32_t number,
+                                         morvanite_language *language);
+
+/* Opens an item that MORVANITE_IS_LANGUAGE. Walks its table once, so a language that is used often is best kept open.
+ * MORVANITE_NOT_FOUND: the item is of another kind. MORVANITE_DAMAGED: the table's count, its end and the item's size
+ * don't fit together. A language that isn't open holds no strings. */
+morvanite_result morvanite_open_language(const morvanite_item *item, morvanite_language *language);
+
+/* The first string with that ID. MORVANITE_DAMAGED: it doesn't begin and end within its table. */
+morvanite_result morvanite_find_string(const morvanite_language *language, uint32_t id, morvanite_string *string);
+
+/* The string at `position`, from 0 to strings.count - 1, in the order of the table; behind that MORVANITE_NOT_FOUND.
+ * MORVANITE_DAMAGED: it doesn't begin and end within its table; its id is set, units is null and length is 0. */
+morvanite_result morvanite_string_at(const morvanite_language *language, uint32_t position, morvanite_string *string);
+
+/* morvanite_find_language and morvanite_find_string in one. */
+morvanite_result morvanite_find_text(const morvanite_payload *payload, uint32_t number, uint32_t id,
+                                     morvanite_string *string);
+
+/* Sorts the positions of the table's pairs into `order`, which then belongs to the table: look-ups take a number of
+ * steps that grows with the logarithm of `count`, and find the same as before. For `items` of a payload and `strings`
+ * of a language. MORVANITE_NO_ROOM: `room`, in numbers, is below `count`; look-ups walk as before. */
+morvanite_result morvanite_make_index(morvanite_table *table, uint32_t *order, uint32_t room);
+
+/* Code unit `i`, or 0 from the string's end on. */
+uint16_t morvanite_string_unit(const morvanite_string *string, uint32_t i);
+
+/* Writes the string as UTF-8 and a zero byte to the `room` bytes at `buffer`, and gives the number of bytes that the
+ * whole text takes without the zero byte: a result of `room` or more means that the text was cut, behind a whole
+ * character. A surrogate without its other half becomes U+FFFD. */
+uint32_t morvanite_string_utf8(const morvanite_string *string, char *buffer, uint32_t room);
+
+/* For a whole file in memory to which a payload was appended (the target kind dll): where its payload lies and what its
+ * base is, both for morvanite_open. MORVANITE_NOT_FOUND: the file doesn't end that way. */
+morvanite_result morvanite_find_appended(const void *file, uint32_t file_size, const uint8_t **payload, uint32_t *size,
+                                         uint32_t *base);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
