@@ -1,0 +1,165 @@
+#include "CommandHandler.h"
+
+#include "HostFiles.h"
+#include "PackRequest.h"
+#include "Paths.h"
+
+/// Ends the state of a command on every way out.
+class CommandHandler::Running
+{
+public:
+    explicit Running(CommandHandler &commandHandler) : handler(commandHandler) {}
+    ~Running()
+    {
+        handler.CommandTarget = nullptr;
+        handler.commandId = 0;
+        if (closesPipe && handler.pipe.IsOpen())
+            handler.pipe.Close();
+    }
+    Running(const Running &) = delete;
+    Running &operator=(const Running &) = delete;
+
+    void LeavePipe() { closesPipe = false; }
+
+private:
+    CommandHandler &handler;
+    bool closesPipe = true;
+};
+
+CommandHandler::CommandHandler(Environment &environment, CDocManager &documentManager, IReportPipe &reportPipe)
+    : env(environment), documents(documentManager), pipe(reportPipe)
+{
+    env.output = [this](QStringView text) {
+        if (commandId != 0) {
+            if (pipe.IsOpen())
+                pipe.Write(text);
+        } else if (idleOutput) {
+            idleOutput(text);
+        }
+    };
+}
+
+CommandHandler::~CommandHandler()
+{
+    env.output = nullptr;
+}
+
+int CommandHandler::Handle(quint32 dwData, QByteArrayView record)
+{
+    Running running(*this);
+    commandId = dwData;
+    env.DebugTrace("Morvanite: m_uCmdId=%ud\n", dwData);
+    switch (dwData) {
+    case COMMAND_LOAD:
+        Load(record);
+        break;
+    case COMMAND_SAVE:
+        Save(record);
+        break;
+    case COMMAND_PACK:
+        Pack(record);
+        break;
+    default:
+        running.LeavePipe();
+        break;
+    }
+    return 1;
+}
+
+quint32 CommandHandler::GetCommandID(const QString *docPath) const
+{
+    env.DebugTrace("enter CMainFrame::GetCommandID, docPath=%s", docPath ? qUtf8Printable(*docPath) : "(null)");
+    if (CommandTarget && docPath && EqualsNoCase(*CommandTarget, *docPath)) {
+        env.DebugTrace("CMainFrame::GetCommandID, return m_uCmdId=%ud", commandId);
+        return commandId;
+    }
+    env.DebugTrace("CMainFrame::GetCommandID, return m_uCmdId=0");
+    return 0;
+}
+
+void CommandHandler::Load(QByteArrayView bytes)
+{
+    int errorCode = 0;
+    const auto record = ParseCommandRecord(bytes);
+    if (record) {
+        env.DebugTrace("Morvanite got LOAD command\n");
+        OpenPipe();
+        CommandTarget = &record->projectPath;
+        if (!documents.OpenDocumentFile(record->projectPath))
+            errorCode = int(ReportCode::NotLoaded);
+        if (bringToTop)
+            bringToTop();
+        env.DebugTrace("Morvanite finished LOAD command\n");
+    }
+    env.DebugTrace("Morvanite ENDed LOAD command\n");
+    Report("\r\n\r\nload done\r\n", errorCode);
+}
+
+void CommandHandler::Save(QByteArrayView bytes)
+{
+    int errorCode = 0;
+    const auto record = ParseCommandRecord(bytes);
+    if (record) {
+        env.DebugTrace("Morvanite got SAVE command\n");
+        OpenPipe();
+        CDocument *doc = documents.FindDocument(record->projectPath);
+        CommandTarget = &record->projectPath;
+        if (doc && !doc->DoFileSave())
+            errorCode = int(ReportCode::SaveFailed);
+    }
+    env.DebugTrace("Morvanite finished SAVE command\n");
+    Report("\r\n\r\nsave done\r\n", errorCode);
+}
+
+void CommandHandler::Pack(QByteArrayView bytes)
+{
+    int errorCode = 0;
+    const auto record = ParsePackCommandRecord(bytes);
+    if (record) {
+        OpenPipe();
+        env.DebugTrace("Morvanite got PACK command\n");
+        CDocument *open = documents.FindDocument(record->projectPath);
+        CommandTarget = &record->projectPath;
+        env.DebugTrace("Morvanite: m_szCmdTarget=%s\n", qUtf8Printable(record->projectPath));
+        if (!open)
+            open = documents.OpenDocumentFile(record->projectPath);
+        if (auto *doc = dynamic_cast<CResDoc *>(open)) {
+            env.DebugTrace("implicit ID Gen before Pack\n");
+            const int generated = doc->GenerateIds(nullptr);
+            env.DebugTrace("implicit ID Gen before Pack done, result is %d\n", generated);
+            errorCode = PackDocument(*doc, *record);
+        } else {
+            errorCode = int(ReportCode::NoDocument);
+        }
+        env.DebugTrace("Morvanite finished PACK command, err code=%d\n", errorCode);
+    }
+    Report("\r\n\r\npack done\r\n", errorCode);
+}
+
+int CommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &record)
+{
+    const auto parameters = PackInfoOf(record, env, doc.tables.resolutions);
+    if (!parameters)
+        return int(ReportCode::BadPackRequest);
+    SetCurrentFolder(DirectoryOf(doc.PathName()));
+    pipe.Flush(); // outside tools may run for long, and the pack itself writes few lines
+    return Packer::Pack(*parameters, doc, packInputs);
+}
+
+void CommandHandler::OpenPipe()
+{
+    if (!pipe.IsOpen() && !pipe.Open())
+        env.DebugTrace("Could not open pipe");
+}
+
+void CommandHandler::Report(const char *doneText, int errorCode)
+{
+    lastError = errorCode;
+    if (!pipe.IsOpen())
+        return;
+    QString text = QString::fromLatin1(doneText);
+    if (errorCode != 0)
+        text += QStringLiteral("\r\n### error %1 ###\r\n").arg(errorCode);
+    pipe.Write(text);
+    pipe.Close();
+}

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "CResDoc.h"
+#include "Environment.h"
+
+#include <functional>
+
+struct PackCommandRecord;
+
+/// Commands that an IDE sends; the number is what the message carries.
+enum CommandId : quint32
+{
+    COMMAND_LOAD = 0xAFBDDBFB,
+    COMMAND_SAVE = 0xAFBDDBFC,
+    COMMAND_PACK = 0xAFBDDBFD,
+};
+
+/// The error codes of a report that no operation gave. A pack adds its own.
+enum class ReportCode : int
+{
+    SaveFailed = 29,
+    BadPackRequest = 87, ///< resolution or target kind not recognised
+    NotLoaded = 110,
+    NoDocument = 404, ///< a pack of a project that isn't open and couldn't be opened
+};
+
+/// Where a report goes: the IDE's pipe, or the standard output of the headless program.
+class IReportPipe
+{
+public:
+    virtual ~IReportPipe() = default;
+    /// Connects; false when nobody serves the pipe.
+    virtual bool Open() = 0;
+    [[nodiscard]] virtual bool IsOpen() const = 0;
+    /// Takes UTF-16 text whole, blocking; drops the rest silently when the other end is gone. May hold text back for a
+    /// moment, until `Flush` or `Close` at the latest.
+    virtual void Write(QStringView text) = 0;
+    /// Sends what is held back: a step that may take long comes next.
+    virtual void Flush() {}
+    virtual void Close() = 0;
+};
+
+/// What a command does, with a window and without. Main thread only; one command at a time.
+///
+/// For its life it is what `Environment::output` leads to: to the pipe while a command runs, else to `idleOutput`.
+class CommandHandler
+{
+public:
+    /// Everything handed in must live longer.
+    CommandHandler(Environment &environment, CDocManager &documentManager, IReportPipe &reportPipe);
+    ~CommandHandler();
+    CommandHandler(const CommandHandler &) = delete;
+    CommandHandler &operator=(const CommandHandler &) = delete;
+
+    /// Runs one command; always 1. `record` is only looked at during the call. What an operation throws goes through,
+    /// with the pipe closed and no command running.
+    int Handle(quint32 dwData, QByteArrayView record);
+
+    /// The command that is running for the document of that path, compared without regard to case; 0 when none is.
+    [[nodiscard]] quint32 GetCommandID(const QString *docPath) const;
+
+    /// Where output goes while no command runs; nothing by default.
+    Environment::Sink idleOutput;
+    /// Brings the main window to the top; may be empty.
+    std::function<void()> bringToTop;
+    /// Gets the host path of every file that a pack reads, for a build tool's list of dependencies; null: not wanted.
+    std::vector<QByteArray> *packInputs = nullptr;
+    /// The error code of the last report, 0 if it had none.
+    [[nodiscard]] int LastError() const { return lastError; }
+
+private:
+    class Running;
+    void Load(QByteArrayView bytes);
+    void Save(QByteArrayView bytes);
+    void Pack(QByteArrayView bytes);
+    [[nodiscard]] int PackDocument(CResDoc &doc, const PackCommandRecord &record);
+    void OpenPipe();
+    void Report(const char *doneText, int errorCode);
+
+    Environment &env;
+    CDocManager &documents;
+    IReportPipe &pipe;
+    quint32 commandId = 0;
+    const QString *CommandTarget = nullptr; // only while a command runs
+    int lastError = 0;
+};
