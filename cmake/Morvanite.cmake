@@ -1,0 +1,139 @@
+# For the build of an application whose resources Morvanite keeps: docs/cmake.md tells how to use it.
+#
+#   morvanite_pack(<target>
+#       PROJECT <file.vcproj>       the resource project; relative paths count from the current source folder
+#       RESOLUTION <WxH>            the device's screen
+#       [TARGET axf|dll]            kind of the application file; axf when not given
+#       [OUTPUT <file>]             the packed file; relative paths count from the current binary folder.
+#                                   <target>.packed.axf or <target>.packed.dll when not given
+#       [HEADER <file>]             the generated main header, relative to the project's folder; ResID/ResID.h when not
+#                                   given. Morvanite.ini decides where it really goes, so the two have to agree
+#       [CONVERT_IMAGES]            pack the images in the device's format, and the previews
+#       [VER <n>])                  version number for the pack's log
+#
+# <target> gets the generated headers before it compiles and their folder as an include path. The packed file is made by
+# the target <target>_packed, which is part of a plain build. MORVANITE_CLI names the program; it is searched when unset.
+
+# Also the policies of the functions below: depfiles are in the form of 3.20.
+cmake_minimum_required(VERSION 3.20)
+
+set(MORVANITE_CMAKE_DIR ${CMAKE_CURRENT_LIST_DIR})
+find_program(MORVANITE_CLI morvanite-cli
+    HINTS ENV MORVANITE_PROGRAM_DIR
+    PATHS ${MORVANITE_CMAKE_DIR}/../../../bin ${MORVANITE_CMAKE_DIR}/../build/bin
+    DOC "The program morvanite-cli")
+
+# The files beside the program that a pack reads, those that are there.
+function(_morvanite_program_files result)
+    get_filename_component(program ${MORVANITE_CLI} REALPATH)
+    get_filename_component(folder ${program} DIRECTORY)
+    if(DEFINED ENV{MORVANITE_PROGRAM_DIR})
+        set(folder $ENV{MORVANITE_PROGRAM_DIR})
+    endif()
+    set(files ${program})
+    foreach(name Morvanite.ini tuvik.ini resolutions.ini AppLogo.img qrk_resgenerator.exe)
+        if(EXISTS ${folder}/${name})
+            list(APPEND files ${folder}/${name})
+        endif()
+    endforeach()
+    set(${result} ${files} PARENT_SCOPE)
+endfunction()
+
+# The command line that runs morvanite-cli with the remaining arguments for the rule whose output is `output`. A pack makes
+# temporary files beside the pictures, so the rules of one project take turns.
+function(_morvanite_run result output depfile lock)
+    set(${result} ${CMAKE_COMMAND} -D OUTPUT=${output} -D DEPFILE=${depfile} -D LOCK=${lock}
+        -P ${MORVANITE_CMAKE_DIR}/MorvaniteRun.cmake -- ${MORVANITE_CLI} ${ARGN} --depfile ${depfile} PARENT_SCOPE)
+endfunction()
+
+# The target that keeps the headers of a project up to date, one for all that are packed from it.
+function(_morvanite_ids_target result project header state)
+    get_filename_component(name ${project} NAME_WE)
+    string(MD5 hash ${project})
+    string(SUBSTRING ${hash} 0 8 hash)
+    set(ids morvanite_ids_${name}_${hash})
+    set(${result} ${ids} PARENT_SCOPE)
+    if(TARGET ${ids})
+        return()
+    endif()
+    set(stamp ${state}/ids.stamp)
+    _morvanite_program_files(program_files)
+    _morvanite_run(command ${stamp} ${state}/ids.d ${state}/lock save ${project})
+    add_custom_command(OUTPUT ${stamp}
+        BYPRODUCTS ${header}
+        COMMAND ${command}
+        COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
+        DEPENDS ${project} ${program_files}
+        DEPFILE ${state}/ids.d
+        COMMENT "Numbering the resources of ${name}"
+        VERBATIM)
+    add_custom_target(${ids} DEPENDS ${stamp})
+endfunction()
+
+function(morvanite_pack target)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "CONVERT_IMAGES" "PROJECT;RESOLUTION;TARGET;OUTPUT;HEADER;VER" "")
+    if(NOT TARGET ${target})
+        message(FATAL_ERROR "morvanite_pack: ${target} is no target; call it behind add_executable")
+    elseif(arg_UNPARSED_ARGUMENTS)
+        message(FATAL_ERROR "morvanite_pack(${target}): unknown argument ${arg_UNPARSED_ARGUMENTS}")
+    elseif(NOT arg_PROJECT OR NOT arg_RESOLUTION)
+        message(FATAL_ERROR "morvanite_pack(${target}): PROJECT and RESOLUTION are needed")
+    elseif(NOT arg_RESOLUTION MATCHES "^[0-9]+x[0-9]+$")
+        message(FATAL_ERROR "morvanite_pack(${target}): RESOLUTION is \"${arg_RESOLUTION}\", not of the form 240x320")
+    elseif(NOT MORVANITE_CLI)
+        message(FATAL_ERROR "morvanite_pack(${target}): morvanite-cli wasn't found; set MORVANITE_CLI to its path")
+    endif()
+    if(NOT arg_TARGET)
+        set(arg_TARGET axf)
+    elseif(NOT arg_TARGET MATCHES "^(axf|dll)$")
+        message(FATAL_ERROR "morvanite_pack(${target}): TARGET is \"${arg_TARGET}\", neither axf nor dll")
+    endif()
+
+    get_filename_component(project "${arg_PROJECT}" ABSOLUTE)
+    if(NOT EXISTS ${project})
+        message(FATAL_ERROR "morvanite_pack(${target}): there is no project ${project}")
+    endif()
+    get_filename_component(folder ${project} DIRECTORY)
+    get_filename_component(name ${project} NAME_WLE)
+    if(NOT arg_HEADER)
+        set(arg_HEADER ResID/ResID.h)
+    endif()
+    get_filename_component(header "${arg_HEADER}" ABSOLUTE BASE_DIR ${folder})
+    get_filename_component(header_folder ${header} DIRECTORY)
+    if(NOT arg_OUTPUT)
+        set(arg_OUTPUT ${target}.packed.${arg_TARGET})
+    endif()
+    get_filename_component(output "${arg_OUTPUT}" ABSOLUTE BASE_DIR ${CMAKE_CURRENT_BINARY_DIR})
+
+    string(MD5 hash ${project})
+    set(state ${CMAKE_BINARY_DIR}/CMakeFiles/morvanite/${hash})
+    file(MAKE_DIRECTORY ${state})
+    _morvanite_ids_target(ids ${project} ${header} ${state})
+    add_dependencies(${target} ${ids})
+    target_include_directories(${target} PRIVATE ${header_folder})
+
+    set(options --resolution ${arg_RESOLUTION} --target ${arg_TARGET})
+    if(arg_CONVERT_IMAGES)
+        list(APPEND options --convert-images 1)
+    endif()
+    if(DEFINED arg_VER)
+        list(APPEND options --ver ${arg_VER})
+    endif()
+    # These are looked for at every pack, so one that appears or goes is a change too.
+    file(GLOB found CONFIGURE_DEPENDS ${folder}/preview.lst ${folder}/${name}_res.lst ${folder}/AppLogo.img)
+    _morvanite_program_files(program_files)
+    _morvanite_run(command ${output} ${state}/${target}.d ${state}/lock
+        pack ${project} --input $<TARGET_FILE:${target}> --output ${output} ${options})
+    # The packer writes the resources alone into this folder, and doesn't make it.
+    set(side_folder $<TARGET_FILE_DIR:${target}>/arm)
+    add_custom_command(OUTPUT ${output}
+        COMMAND ${CMAKE_COMMAND} -E make_directory ${side_folder}
+        COMMAND ${command}
+        DEPENDS ${target} ${project} ${found} ${program_files}
+        DEPFILE ${state}/${target}.d
+        COMMENT "Packing the resources of ${name} into ${arg_OUTPUT}"
+        VERBATIM)
+    add_custom_target(${target}_packed ALL DEPENDS ${output})
+    set_property(TARGET ${target} APPEND PROPERTY
+        ADDITIONAL_CLEAN_FILES ${side_folder}/$<TARGET_FILE_BASE_NAME:${target}>.res)
+endfunction()

@@ -1,0 +1,17 @@
+/* The head of a picture in the device's format. */
+#ifndef WEATHERCLOCK_PICTURE_H
+#define WEATHERCLOCK_PICTURE_H
+
+#include <stdint.h>
+
+typedef struct picture_info
+{
+    uint32_t width;  /* pixels */
+    uint32_t height; /* pixels */
+    const char *format;
+} picture_info;
+
+/* 0, or -1 when the bytes don't begin with such a head. */
+int picture_read(const uint8_t *data, uint32_t size, picture_info *info);
+
+#endif
