@@ -31,7 +31,7 @@ function(_morvanite_program_files result)
         set(folder $ENV{MORVANITE_PROGRAM_DIR})
     endif()
     set(files ${program})
-    foreach(name Morvanite.ini tuvik.ini resolutions.ini AppLogo.img qrk_resgenerator.exe)
+    foreach(name libmorvanite-commands.so Morvanite.ini tuvik.ini resolutions.ini AppLogo.img qrk_resgenerator.exe)
         if(EXISTS ${folder}/${name})
             list(APPEND files ${folder}/${name})
         endif()
@@ -59,8 +59,15 @@ function(_morvanite_ids_target result project header state)
     set(stamp ${state}/ids.stamp)
     _morvanite_program_files(program_files)
     _morvanite_run(command ${stamp} ${state}/ids.d ${state}/lock save ${project})
+    if(CMAKE_GENERATOR MATCHES "Ninja")
+        set(also BYPRODUCTS ${header})
+    else()
+        # Make knows nothing of by-products: this is how it sees that somebody removed the header.
+        add_custom_command(OUTPUT ${header} COMMAND ${CMAKE_COMMAND} -E true)
+        set(also DEPENDS ${header})
+    endif()
     add_custom_command(OUTPUT ${stamp}
-        BYPRODUCTS ${header}
+        ${also}
         COMMAND ${command}
         COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
         DEPENDS ${project} ${program_files}

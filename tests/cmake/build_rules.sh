@@ -1,0 +1,119 @@
+#!/usr/bin/env bash
+# What a build with morvanite_pack does again, and what not, when one file of the project changes.
+# Use: build_rules.sh MORVANITE_CLI REPOSITORY GENERATOR
+set -euo pipefail
+cli=$1 repository=$2 generator=$3
+unset MAKEFLAGS MFLAGS CMAKE_GENERATOR
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+app="$work/weather clock" # paths with a blank are the ones that go wrong
+build="$app/out"
+mkdir "$app"
+cp -r "$repository"/sample/{res,config.xml,weatherclock.vcproj,weatherclock_res.lst,preview.lst} "$app"
+
+cat >"$app/main.c" <<'END'
+#include "ResID.h"
+int main(void) { return ID_IMAGE_SUN == 0; }
+END
+echo 'int without_ids(void); int without_ids(void) { return 1; }' >"$app/other.c"
+cat >"$app/CMakeLists.txt" <<END
+cmake_minimum_required(VERSION 3.20)
+project(Clock LANGUAGES C)
+find_package(Morvanite REQUIRED PATHS "$repository")
+foreach(name upright across)
+    add_executable(\${name} main.c other.c)
+    set_target_properties(\${name} PROPERTIES SUFFIX .axf)
+endforeach()
+morvanite_pack(upright PROJECT weatherclock.vcproj RESOLUTION 240x320 CONVERT_IMAGES)
+morvanite_pack(across PROJECT weatherclock.vcproj RESOLUTION 320x240 TARGET axf OUTPUT packed.bin CONVERT_IMAGES VER 3)
+END
+
+fail() {
+    printf 'FAILED: %s\n' "$1"
+    [ ! -e "$work/log" ] || cat "$work/log"
+    exit 1
+}
+
+# builds WHAT STEPS: a build after WHAT has exactly these steps, by name and number.
+builds() {
+    cmake --build "$build" -j 4 >"$work/log" 2>&1 || fail "the build after $1 failed"
+    local steps
+    steps=$({ grep -oE 'Numbering the|Building C|Linking C|Packing the' "$work/log" || :; } | sort | uniq -c | awk '{printf "%s%s %s", s, $2, $1; s = ", "}')
+    [ "$steps" = "$2" ] || fail "after $1: found the steps [$steps], wanted [$2]"
+}
+
+fails() {
+    ! cmake --build "$build" -j 4 >"$work/log" 2>&1 || fail "the build after $1 didn't fail"
+}
+
+has_entry() {
+    local found
+    found=$("$cli" inspect --json "$1")
+    grep -q "$2" <<<"$found"
+}
+
+cmake -S "$app" -B "$build" -G "$generator" -DCMAKE_C_COMPILER=arm-linux-gnueabihf-gcc -DCMAKE_SYSTEM_NAME=Linux \
+    -DMORVANITE_CLI="$cli" >"$work/log" 2>&1 || fail "configuring"
+all='Building 4, Linking 2, Numbering 1, Packing 2'
+find "$app/res" -type f -exec sha256sum {} + | sort -k 2 >"$work/before"
+
+builds 'nothing was there' "$all"
+[ -s "$build/upright.packed.axf" ] && [ -s "$build/packed.bin" ] && [ -s "$build/arm/upright.res" ] || fail 'a packed file is missing'
+arm-linux-gnueabihf-readelf -S "$build/packed.bin" | grep -q '\.zp_res' || fail 'the packed file has no section .zp_res'
+find "$app/res" -type f -exec sha256sum {} + | sort -k 2 | cmp - "$work/before" || fail 'the build changed the project'
+builds 'nothing changed' ''
+
+# A picture of one resolution: only that pack is done again, and its bytes are the new ones.
+cp "$build/upright.packed.axf" "$work/old"
+cp "$app/res/240x320/rain.png" "$app/res/240x320/sun.png"
+builds 'a picture changed' 'Packing 1'
+! cmp -s "$build/upright.packed.axf" "$work/old" || fail 'the changed picture was not packed'
+builds 'a picture was packed' ''
+
+touch "$app/res/common/logo.gif"
+builds 'a picture of all resolutions was touched' 'Packing 2'
+
+# A text, no ID: the headers are worked out again and stay as they are, so nothing is compiled.
+python3 - "$app/res/ref_list_weatherclock.txt" <<'END'
+import sys
+text = open(sys.argv[1], encoding="utf-16", newline="").read()
+open(sys.argv[1], "wb").write(("\ufeff" + text.replace("\tToday\t", "\tThis day\t")).encode("utf-16-le"))
+END
+builds 'a text changed' 'Numbering 1, Packing 2'
+builds 'a text was packed' ''
+
+# An ID's name: everything that includes the header is compiled again.
+sed -i 's/ID_IMAGE_FOG/ID_IMAGE_MIST/' "$app/res/weatherclock.res.xml"
+builds 'an ID changed' 'Building 2, Linking 2, Numbering 1, Packing 2'
+grep -q ID_IMAGE_MIST "$app/ResID/ResID.h" || fail 'the header does not have the new ID'
+
+rm "$app/ResID/ResID.h"
+cmake --build "$build" >"$work/log" 2>&1 || fail 'the build after the header was removed failed'
+[ -s "$app/ResID/ResID.h" ] || fail 'a removed header was not written again'
+builds 'the header came back' ''
+
+# Lists that weren't there, or go.
+rm "$app/preview.lst"
+builds 'the previews were dropped' 'Packing 2'
+! has_entry "$build/packed.bin" zep.preview_0 || fail 'the dropped previews are still packed'
+printf '.\\res\\preview\\day.png\r\n' >"$app/preview.lst"
+builds 'previews came' 'Packing 2'
+has_entry "$build/packed.bin" zep.preview_0 || fail 'the new preview is not packed'
+
+# A pack that fails says why, and isn't taken for done.
+mv "$app/res/common/alarm.png" "$work/alarm.png"
+fails 'a picture went missing'
+grep -q 'Image file does not exist: .*alarm.png' "$work/log" || fail 'the message of the pack is not shown'
+fails 'a picture is still missing'
+mv "$work/alarm.png" "$app/res/common/alarm.png"
+cmake --build "$build" >"$work/log" 2>&1 || fail 'the build after the picture came back failed'
+builds 'all is well again' ''
+
+[ -z "$(find "$app" -name '*.tmp')" ] || fail 'temporary files stay behind'
+
+cmake --build "$build" --target clean >"$work/log" 2>&1 || fail 'cleaning failed'
+[ ! -e "$build/upright.packed.axf" ] && [ ! -e "$build/arm/upright.res" ] || fail 'cleaning leaves packed files'
+[ -s "$app/weatherclock.vcproj" ] && [ -s "$app/res/weatherclock.res.xml" ] || fail 'cleaning took files of the project'
+builds 'cleaning' "$all"
+echo 'The build rules hold.'
