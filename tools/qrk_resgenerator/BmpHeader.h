@@ -1,0 +1,38 @@
+#pragma once
+
+#include "Buffer.h"
+#include "Outcome.h"
+
+/// How the pixels of a bmp file are stored.
+enum class BmpCoding
+{
+    Indexed,   ///< 1, 4 or 8 bits, an index into the palette
+    Rle4,      ///< runs of 4-bit indices
+    Rle8,      ///< runs of 8-bit indices
+    Bgr,       ///< 24 bits
+    Bitfields, ///< 16 or 32 bits, cut up by masks
+};
+
+/// A component of a 16 or 32-bit pixel.
+struct BmpChannel
+{
+    std::uint32_t mask = 0;
+    unsigned shift = 0;
+    std::uint32_t max = 0; ///< the largest value; 0 without a mask
+};
+
+/// What stands before the pixels of a bmp file, checked: all sizes and offsets hold for the file.
+struct BmpHeader
+{
+    std::uint64_t width = 0;
+    std::uint64_t height = 0;
+    bool isTopDown = false;
+    unsigned bitsPerPixel = 0;
+    BmpCoding coding = BmpCoding::Indexed;
+    BmpChannel blue, green, red, alpha; ///< of Bitfields
+    std::uint8_t palette[256][4] = {};  ///< blue, green, red, 255; black where the file has none
+    Bytes pixels;                       ///< from the first pixel to the end of the file
+};
+
+/// Reads the headers of Windows (40, 52, 56, 108 and 124 bytes) and of OS/2 (12 and 16 to 64 bytes) and the palette.
+Outcome ReadBmpHeader(Bytes file, BmpHeader &header);

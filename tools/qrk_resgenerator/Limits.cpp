@@ -1,0 +1,64 @@
+#include "Limits.h"
+
+#include <algorithm>
+#include <csignal>
+#include <cstring>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#if defined(__SANITIZE_ADDRESS__)
+#define MORVANITE_HAS_SHADOW_MEMORY 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define MORVANITE_HAS_SHADOW_MEMORY 1
+#endif
+#endif
+
+namespace
+{
+
+/// What the largest picture needs: 512 MiB for the file, 512 MB for the coefficients of a progressive jpg with four
+/// components (2 bytes each), 128 MB for its result. All other kinds need less: beside the file there is a result of
+/// 256 MB.
+constexpr rlim_t maxMemory = rlim_t{1536} << 20;
+
+/// The largest pictures take some seconds.
+constexpr rlim_t maxSeconds = 60;
+
+const char *g_lastLine = ""; // for the signal handler alone
+
+void OnTimeIsOver(int)
+{
+    // Whether anybody reads it makes no difference to what follows.
+    [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, g_lastLine, std::strlen(g_lastLine));
+    _exit(1);
+}
+
+void Lower(__rlimit_resource resource, rlim_t soft, rlim_t hard)
+{
+    rlimit limit;
+    if (getrlimit(resource, &limit) != 0)
+        return;
+    limit.rlim_cur = std::min(limit.rlim_cur, soft);
+    limit.rlim_max = std::min(limit.rlim_max, hard);
+    setrlimit(resource, &limit);
+}
+
+} // namespace
+
+void LimitMemoryAndTime(const char *lastLine)
+{
+    g_lastLine = lastLine;
+    std::signal(SIGXCPU, OnTimeIsOver);
+    std::signal(SIGXFSZ, SIG_IGN); // a limit on file sizes is then an error of write
+    std::signal(SIGPIPE, SIG_IGN); // and so is a closed standard error
+#ifndef MORVANITE_HAS_SHADOW_MEMORY
+    Lower(RLIMIT_AS, maxMemory, maxMemory);
+#endif
+    Lower(RLIMIT_CPU, maxSeconds, maxSeconds + 10);
+}
+
+void StopWatchingTime()
+{
+    std::signal(SIGXCPU, SIG_IGN);
+}
