@@ -8,6 +8,7 @@
 #                                   <target>.packed.axf or <target>.packed.dll when not given
 #       [HEADER <file>]             the generated main header, relative to the project's folder; ResID/ResID.h when not
 #                                   given. Morvanite.ini decides where it really goes, so the two have to agree
+#       [LISTS <folder>]            where the project's .res.xml and string file lie; res when not given. As above
 #       [CONVERT_IMAGES]            pack the images in the device's format, and the previews
 #       [VER <n>])                  version number for the pack's log
 #
@@ -39,26 +40,29 @@ function(_morvanite_program_files result)
     set(${result} ${files} PARENT_SCOPE)
 endfunction()
 
-# The command line that runs morvanite-cli with the remaining arguments for the rule whose output is `output`. A pack makes
-# temporary files beside the pictures, so the rules of one project take turns.
-function(_morvanite_run result output depfile lock)
-    set(${result} ${CMAKE_COMMAND} -D OUTPUT=${output} -D DEPFILE=${depfile} -D LOCK=${lock}
-        -P ${MORVANITE_CMAKE_DIR}/MorvaniteRun.cmake -- ${MORVANITE_CLI} ${ARGN} --depfile ${depfile} PARENT_SCOPE)
+# The command line that runs morvanite-cli with the remaining arguments. A pack makes temporary files beside the pictures, so
+# the commands of one project take turns.
+function(_morvanite_run result lock)
+    set(${result} ${CMAKE_COMMAND} -D LOCK=${lock} -P ${MORVANITE_CMAKE_DIR}/MorvaniteRun.cmake -- ${MORVANITE_CLI} ${ARGN}
+        PARENT_SCOPE)
 endfunction()
 
 # The target that keeps the headers of a project up to date, one for all that are packed from it.
-function(_morvanite_ids_target result project header state)
-    get_filename_component(name ${project} NAME_WE)
+function(_morvanite_ids_target result project header lists state)
+    get_filename_component(folder ${project} DIRECTORY)
+    get_filename_component(name ${project} NAME_WLE)
     string(MD5 hash ${project})
     string(SUBSTRING ${hash} 0 8 hash)
-    set(ids morvanite_ids_${name}_${hash})
+    string(MAKE_C_IDENTIFIER morvanite_ids_${name}_${hash} ids)
     set(${result} ${ids} PARENT_SCOPE)
     if(TARGET ${ids})
         return()
     endif()
     set(stamp ${state}/ids.stamp)
     _morvanite_program_files(program_files)
-    _morvanite_run(command ${stamp} ${state}/ids.d ${state}/lock save ${project})
+    # The numbers come from the names alone: a picture that changes is no reason to work them out again.
+    file(GLOB lists CONFIGURE_DEPENDS ${lists}/${name}.res.xml ${lists}/ref_list_${name}.txt ${folder}/config.xml)
+    _morvanite_run(command ${state}/lock save ${project})
     if(CMAKE_GENERATOR MATCHES "Ninja")
         set(also BYPRODUCTS ${header})
     else()
@@ -70,15 +74,14 @@ function(_morvanite_ids_target result project header state)
         ${also}
         COMMAND ${command}
         COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
-        DEPENDS ${project} ${program_files}
-        DEPFILE ${state}/ids.d
+        DEPENDS ${project} ${lists} ${program_files}
         COMMENT "Numbering the resources of ${name}"
         VERBATIM)
     add_custom_target(${ids} DEPENDS ${stamp})
 endfunction()
 
 function(morvanite_pack target)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "CONVERT_IMAGES" "PROJECT;RESOLUTION;TARGET;OUTPUT;HEADER;VER" "")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "CONVERT_IMAGES" "PROJECT;RESOLUTION;TARGET;OUTPUT;HEADER;LISTS;VER" "")
     if(NOT TARGET ${target})
         message(FATAL_ERROR "morvanite_pack: ${target} is no target; call it behind add_executable")
     elseif(arg_UNPARSED_ARGUMENTS)
@@ -107,6 +110,10 @@ function(morvanite_pack target)
     endif()
     get_filename_component(header "${arg_HEADER}" ABSOLUTE BASE_DIR ${folder})
     get_filename_component(header_folder ${header} DIRECTORY)
+    if(NOT arg_LISTS)
+        set(arg_LISTS res)
+    endif()
+    get_filename_component(lists "${arg_LISTS}" ABSOLUTE BASE_DIR ${folder})
     if(NOT arg_OUTPUT)
         set(arg_OUTPUT ${target}.packed.${arg_TARGET})
     endif()
@@ -115,7 +122,7 @@ function(morvanite_pack target)
     string(MD5 hash ${project})
     set(state ${CMAKE_BINARY_DIR}/CMakeFiles/morvanite/${hash})
     file(MAKE_DIRECTORY ${state})
-    _morvanite_ids_target(ids ${project} ${header} ${state})
+    _morvanite_ids_target(ids ${project} ${header} ${lists} ${state})
     add_dependencies(${target} ${ids})
     target_include_directories(${target} PRIVATE ${header_folder})
 
@@ -129,8 +136,8 @@ function(morvanite_pack target)
     # These are looked for at every pack, so one that appears or goes is a change too.
     file(GLOB found CONFIGURE_DEPENDS ${folder}/preview.lst ${folder}/${name}_res.lst ${folder}/AppLogo.img)
     _morvanite_program_files(program_files)
-    _morvanite_run(command ${output} ${state}/${target}.d ${state}/lock
-        pack ${project} --input $<TARGET_FILE:${target}> --output ${output} ${options})
+    _morvanite_run(command ${state}/lock
+        pack ${project} --input $<TARGET_FILE:${target}> --output ${output} ${options} --depfile ${state}/${target}.d)
     # The packer writes the resources alone into this folder, and doesn't make it.
     set(side_folder $<TARGET_FILE_DIR:${target}>/arm)
     add_custom_command(OUTPUT ${output}

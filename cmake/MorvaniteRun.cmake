@@ -1,7 +1,6 @@
 # Runs one command of morvanite-cli for a build rule of Morvanite.cmake:
-#   cmake -D OUTPUT=<the rule's output> -D DEPFILE=<file> -D LOCK=<file> -P MorvaniteRun.cmake -- <command line>
-# It waits for its turn, shows the whole report when the command fails and otherwise only the warnings, and makes the depfile
-# speak of the rule's output.
+#   cmake -D LOCK=<file> -P MorvaniteRun.cmake -- <command line>
+# It waits for its turn, and shows the whole report when the command fails, otherwise only the warnings.
 
 cmake_minimum_required(VERSION 3.20)
 
@@ -17,7 +16,6 @@ foreach(n RANGE ${last})
 endforeach()
 
 file(LOCK "${LOCK}" GUARD PROCESS)
-file(REMOVE "${DEPFILE}")
 execute_process(COMMAND ${command} RESULT_VARIABLE status OUTPUT_VARIABLE report ERROR_VARIABLE complaint)
 string(REPLACE "\r\n" "\n" report "${report}${complaint}")
 if(NOT status EQUAL 0)
@@ -25,14 +23,7 @@ if(NOT status EQUAL 0)
     message(FATAL_ERROR "morvanite-cli ended with ${status}")
 endif()
 string(REGEX MATCHALL "[^\n]*(Warning [0-9]+:|\\[warning\\]|\\[error\\]|not exist, ignore)[^\n]*" warnings "${report}")
-if(warnings)
+if(NOT warnings STREQUAL "")
     string(REPLACE ";" "\n" warnings "${warnings}")
     message("${warnings}")
 endif()
-
-# The command names the file that it wrote; a rule's output may be a stamp.
-file(READ "${DEPFILE}" rule)
-string(REPLACE " " "\\ " target "${OUTPUT}")
-string(FIND "${rule}" ": " colon)
-string(SUBSTRING "${rule}" ${colon} -1 inputs)
-file(WRITE "${DEPFILE}" "${target}${inputs}")
