@@ -144,9 +144,7 @@ void CommandServer::WatchAll()
 
 void CommandServer::AcceptWaiting()
 {
-    for (size_t i = 0; i < CONNECTION_LIMIT; ++i) { // then the others' turn
-        if (connections.size() >= CONNECTION_LIMIT && !MakeRoom())
-            return;
+    for (size_t i = 0; i < CONNECTION_LIMIT && ready.size() < CONNECTION_LIMIT; ++i) { // then the others' turn
         FileHandle socket = listener.Accept();
         if (!socket.IsOpen() && (errno == EMFILE || errno == ENFILE)) {
             spare = FileHandle();
@@ -158,6 +156,8 @@ void CommandServer::AcceptWaiting()
         }
         if (!socket.IsOpen())
             return;
+        if (connections.size() >= CONNECTION_LIMIT)
+            MakeRoom();
         Connection &connection = *(connections[++lastId] = std::make_unique<Connection>());
         connection.socket = std::move(socket);
         connection.watch.id = lastId;
@@ -166,7 +166,7 @@ void CommandServer::AcceptWaiting()
     }
 }
 
-bool CommandServer::MakeRoom()
+void CommandServer::MakeRoom()
 {
     auto silent = connections.end();
     for (auto it = connections.begin(); it != connections.end(); ++it) {
@@ -174,10 +174,8 @@ bool CommandServer::MakeRoom()
             (silent == connections.end() || it->second->lastActivity < silent->second->lastActivity))
             silent = it;
     }
-    if (silent == connections.end())
-        return false;
-    connections.erase(silent);
-    return true;
+    if (silent != connections.end())
+        connections.erase(silent);
 }
 
 void CommandServer::Serve(quint64 id)

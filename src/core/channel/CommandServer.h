@@ -66,7 +66,7 @@ private:
     void WatchAll();
     void WatchConnection(Connection &connection) const;
     void AcceptWaiting();
-    bool MakeRoom();
+    void MakeRoom();
     void Serve(quint64 id);
     Progress Receive(Connection &connection);
     static Progress SendAnswer(Connection &connection);
