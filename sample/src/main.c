@@ -250,7 +250,9 @@ static int show_entries(const application *app)
     while ((result = morvanite_next_entry(&app->resources, &cursor, &entry)) == MORVANITE_OK) {
         picture_info info;
         printf("  %-34s", entry.name);
-        if (picture_read(entry.data, entry.size, &info) == 0)
+        if (strcmp(entry.name, "zep-2.0") == 0)
+            printf("%21s%7u items with IDs\n", "", (unsigned)app->resources.items.count);
+        else if (picture_read(entry.data, entry.size, &info) == 0)
             show_picture(entry.data, entry.size);
         else
             printf("%21s%7u bytes\n", "", (unsigned)entry.size);
