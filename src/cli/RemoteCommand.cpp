@@ -1,5 +1,30 @@
 #include "RemoteCommand.h"
 
+#include "CommandClient.h"
+
+namespace {
+
+int RunRemotely(Session &session, CommandId command, const QByteArray &record)
+{
+    QString report;
+    session.report.Open();
+    const auto show = [&](QStringView text) {
+        report += text;
+        session.report.Write(text);
+        session.report.Flush();
+    };
+    QString error;
+    const auto answer = CommandClient::Run(command, record, show, error);
+    session.report.Close();
+    if (!answer) {
+        Complain(error);
+        return EXIT_FAILED;
+    }
+    return report.contains(u"\r\n### error ") ? EXIT_FAILED : EXIT_FINE;
+}
+
+} // namespace
+
 int RunCommand(Session &session, CommandId command, const QByteArray &record, bool remote)
 {
     if (remote)

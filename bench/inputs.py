@@ -1,0 +1,117 @@
+"""Makes the inputs of the benchmarks: projects, string files, pictures, an ELF file. Same arguments, same bytes."""
+
+import os
+import random
+import struct
+import subprocess
+import zlib
+
+CONFIG = ('<config><resolution><Width>240</Width><Height>320</Height></resolution>'
+          '<zxa><zepversion>20</zepversion><tarvo>checked</tarvo></zxa></config>\n')
+LANGUAGES = 12
+
+
+def project(folder, elements, strings=False):
+    """A project called demo in `folder` with the given elements of its resource list; the path of its .vcproj file."""
+    os.makedirs(os.path.join(folder, 'res', 'tmp'), exist_ok=True)
+    with open(os.path.join(folder, 'config.xml'), 'w') as out:
+        out.write(CONFIG)
+    with open(os.path.join(folder, 'res', 'demo.res.xml'), 'w') as out:
+        out.write('<APP id="APP_demo">\n')
+        out.writelines('    %s\n' % element for element in elements)
+        if strings:
+            out.write('    <STRING>res\\ref_list_demo.txt</STRING>\n')
+        out.write('</APP>\n')
+    path = os.path.join(folder, 'demo.vcproj')
+    open(path, 'w').close()
+    return path
+
+
+def files(folder, count, size, seed):
+    """`count` files of `size` bytes that don't compress, and their elements."""
+    rng = random.Random(seed)
+    os.makedirs(os.path.join(folder, 'data'), exist_ok=True)
+    elements, paths = [], []
+    for i in range(count):
+        name = os.path.join(folder, 'data', 'file%05d.bin' % i)
+        with open(name, 'wb') as out:
+            out.write(rng.randbytes(size))
+        paths.append(name)
+        elements.append('<FILE id="ID_FILE_%05d" type="Normal">.\\data\\file%05d.bin</FILE>' % (i, i))
+    return elements, paths
+
+
+def resource_elements(count):
+    """Elements of `count` resources, half files and half images, whose files don't exist."""
+    kinds = (('FILE', 'bin'), ('IMAGE', 'png'))
+    return ['<%s id="ID_%s_NUMBER_%06d" type="Normal">.\\res\\folder%02d\\resource%06d.%s</%s>'
+            % (kinds[i % 2][0], kinds[i % 2][0], i * 7919 % count, i % 50, i, kinds[i % 2][1], kinds[i % 2][0])
+            for i in range(count)]
+
+
+def sentence(rng):
+    words = ('the', 'weather', 'will', 'be', 'sunny', 'tomorrow', 'morning', 'settings', 'alarm', 'Straße', 'Ночь', '天气')
+    return ' '.join(rng.choice(words) for _ in range(rng.randint(3, 7)))
+
+
+def string_table(folder, rows, po_folder):
+    """The string file of a project in 12 languages, and the same texts as a .po file for each; the .po paths."""
+    rng = random.Random(5)
+    texts = [[sentence(rng) for _ in range(LANGUAGES)] for _ in range(rows)]
+    lines = ['Number of Language\t%d' % LANGUAGES,
+             'String ID\tResource Type\tDescription' + ''.join('\tLanguage%d(%d)' % (n, n) for n in range(LANGUAGES))]
+    lines += ['ID_STRING_%05d\tNormal\trow %d\t%s' % (i, i, '\t'.join(row)) for i, row in enumerate(texts)]
+    lines.append('##number\t%d' % rows)
+    with open(os.path.join(folder, 'res', 'ref_list_demo.txt'), 'wb') as out:
+        out.write(b'\xff\xfe' + ''.join(line + '\r\n' for line in lines).encode('utf-16-le'))
+    os.makedirs(po_folder, exist_ok=True)
+    paths = []
+    for language in range(LANGUAGES):
+        path = os.path.join(po_folder, 'language%02d.po' % language)
+        with open(path, 'w', encoding='utf-8') as out:
+            out.write('msgid ""\nmsgstr "Content-Type: text/plain; charset=UTF-8\\n"\n')
+            for i, row in enumerate(texts):
+                out.write('\nmsgid "ID_STRING_%05d"\nmsgstr "%s"\n' % (i, row[language]))
+        paths.append(path)
+    return paths
+
+
+def png(path, width, height, rng):
+    """A true-colour picture with gradients and some noise."""
+    rows = bytearray()
+    tint = [rng.randrange(256) for _ in range(3)]
+    for y in range(height):
+        rows.append(0)
+        for x in range(width):
+            rows += bytes(((x + tint[0]) & 255, (y + tint[1]) & 255, (x * y // 64 + tint[2]) & 255))
+
+    def chunk(kind, data):
+        return struct.pack('>I', len(data)) + kind + data + struct.pack('>I', zlib.crc32(kind + data))
+
+    with open(path, 'wb') as out:
+        out.write(b'\x89PNG\r\n\x1a\n' + chunk(b'IHDR', struct.pack('>IIBBBBB', width, height, 8, 2, 0, 0, 0)) +
+                  chunk(b'IDAT', zlib.compress(bytes(rows), 6)) + chunk(b'IEND', b''))
+
+
+def images(folder, count, width=160, height=120):
+    """`count` pictures and their elements."""
+    rng = random.Random(9)
+    os.makedirs(os.path.join(folder, 'img'), exist_ok=True)
+    elements, paths = [], []
+    for i in range(count):
+        path = os.path.join(folder, 'img', 'image%03d.png' % i)
+        png(path, width, height, rng)
+        paths.append(path)
+        elements.append('<IMAGE id="ID_IMAGE_%03d" type="Normal">.\\img\\image%03d.png</IMAGE>' % (i, i))
+    return elements, paths
+
+
+def elf(path, size):
+    """An ARM ELF file of about `size` bytes, by the cross compiler."""
+    data = path + '.data'
+    with open(data, 'wb') as out:
+        out.write(random.Random(3).randbytes(size))
+    source = '.section .data\n.incbin "%s"\n.text\n.global _start\n_start: b _start\n' % data
+    subprocess.run(['arm-linux-gnueabihf-gcc', '-nostdlib', '-static', '-x', 'assembler', '-', '-o', path],
+                   input=source.encode(), check=True)
+    os.unlink(data)

@@ -1,0 +1,208 @@
+#!/usr/bin/env python3
+"""Times whole commands beside peers that do the same work, and prints the ratios as a table.
+
+usage: bench/whole_commands.py BUILD [--rounds N] [--only WORD]
+
+Ours and its peer run in turn, start included, warm cache; a figure is the median of the rounds. "limit" is what must be
+reached, "aim" what we want. The exit status is 1 when a limit is missed.
+"""
+
+import argparse
+import os
+import shutil
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+import inputs
+
+RCC = '/usr/lib/qt6/libexec/rcc'
+
+
+class Run:
+    """One command line, or several in turn that count as one."""
+
+    def __init__(self, *commands, prepare=None):
+        self.commands = commands
+        self.prepare = prepare
+
+    def once(self):
+        """Seconds of wall time and KiB of the largest process."""
+        if self.prepare:
+            self.prepare()
+        seconds, memory = 0.0, 0
+        for command in self.commands:
+            start = time.perf_counter()
+            pid = os.posix_spawnp(command[0], command, os.environ, file_actions=[
+                (os.POSIX_SPAWN_OPEN, 1, '/dev/null', os.O_WRONLY, 0),
+                (os.POSIX_SPAWN_OPEN, 2, '/dev/null', os.O_WRONLY, 0)])
+            _, status, usage = os.wait4(pid, 0)
+            seconds += time.perf_counter() - start
+            memory = max(memory, usage.ru_maxrss)
+            if status != 0:
+                sys.exit('failed: %s' % ' '.join(command))
+        return seconds, memory
+
+
+def remove(*paths):
+    def work():
+        for path in paths:
+            if os.path.exists(path):
+                os.unlink(path)
+    return work
+
+
+class Table:
+    def __init__(self, rounds):
+        self.rounds = rounds
+        self.missed = 0
+        print('%-44s %9s %9s %7s %7s %7s' % ('work, and what beside', 'ours', 'peer', 'ratio', 'limit', 'aim'))
+
+    def row(self, name, ours, peer, unit, limit, aim):
+        ratio = ours / peer
+        self.missed += ratio > limit
+        mark = '' if aim is None or ratio <= aim else ' .' if ratio <= limit else ' MISSED'
+        print('%-44s %9s %9s %6.2fx %6.2fx %7s%s' % (name, unit(ours), unit(peer), ratio, limit,
+                                                    '%.2fx' % aim if aim else '', mark), flush=True)
+
+    def compare(self, name, ours, peer, limit, aim, memory=None):
+        """`memory`: (name, bytes or None for the peer's own, limit, aim)."""
+        ours.once(), peer.once()
+        rounds = [(ours.once(), peer.once()) for _ in range(self.rounds)]
+        median = [[statistics.median(r[who][what] for r in rounds) for what in (0, 1)] for who in (0, 1)]
+        self.row(name, median[0][0], median[1][0], lambda s: '%.1f ms' % (s * 1000), limit, aim)
+        if memory:
+            label, size, memory_limit, memory_aim = memory
+            beside = median[1][1] if size is None else size / 1024
+            self.row('  ' + label, median[0][1], beside, lambda k: '%.1f MB' % (k / 1024), memory_limit, memory_aim)
+
+
+class Suite:
+    def __init__(self, build, work, table):
+        self.bin = os.path.join(os.path.abspath(build), 'bin')
+        self.cli = os.path.join(self.bin, 'morvanite-cli')
+        self.peers = os.path.join(os.path.abspath(build), 'bench')
+        self.work = work
+        self.table = table
+
+    def folder(self, name):
+        path = os.path.join(self.work, name)
+        os.makedirs(os.path.join(path, 'arm'), exist_ok=True)
+        return path
+
+    def pack(self, folder, project, elf, convert='0'):
+        out = os.path.join(folder, 'app.packed.axf')
+        side = os.path.join(folder, 'arm', 'app.res')
+        return Run([self.cli, 'pack', project, '--input', elf, '--output', out, '--resolution', '240x320', '--target', 'axf',
+                    '--convert-images', convert], prepare=remove(out, side)), side
+
+    def small_elf(self, folder):
+        elf = os.path.join(folder, 'app.axf')
+        inputs.elf(elf, 1000)
+        return elf
+
+    def large_elf(self):
+        folder = self.folder('large')
+        elements, _ = inputs.files(folder, 50, 1 << 20, seed=1)
+        project = inputs.project(folder, elements)
+        elf = os.path.join(folder, 'app.axf')
+        inputs.elf(elf, 20 << 20)
+        ours, side = self.pack(folder, project, elf)
+        ours.once()
+        payload = os.path.join(folder, 'payload')
+        shutil.copy(side, payload)
+        copied = os.path.join(folder, 'copied.axf')
+        peer = Run(['arm-none-eabi-objcopy', '--add-section', '.zp_res=' + payload, elf, copied], prepare=remove(copied))
+        self.table.compare('pack 50 MB into 20 MB ELF; objcopy', ours, peer, 1.6, 1.0,
+                           ('memory; the payload', os.path.getsize(payload), 1.2, None))
+
+    def rcc(self, folder, paths):
+        qrc = os.path.join(folder, 'files.qrc')
+        with open(qrc, 'w') as out:
+            out.write('<RCC><qresource>%s</qresource></RCC>\n' % ''.join('<file>%s</file>' % os.path.relpath(p, folder)
+                                                                        for p in paths))
+        made = os.path.join(folder, 'files.rcc')
+        return Run([RCC, '--binary', '--no-compress', qrc, '-o', made], prepare=remove(made))
+
+    def many_small(self):
+        folder = self.folder('small')
+        elements, paths = inputs.files(folder, 10000, 2048, seed=2)
+        project = inputs.project(folder, elements)
+        ours, _ = self.pack(folder, project, self.small_elf(folder))
+        self.table.compare('pack 10,000 files of 2 KB; rcc', ours, self.rcc(folder, paths), 0.85, 0.7)
+        made = os.path.join(folder, 'files.tar')
+        tar = Run(['tar', 'cf', made, '-C', folder, 'data'], prepare=remove(made))
+        self.table.compare('pack 10,000 files of 2 KB; tar', ours, tar, 2.0, 1.6)
+
+    def medium(self):
+        folder = self.folder('medium')
+        elements, paths = inputs.files(folder, 300, 200 << 10, seed=3)
+        project = inputs.project(folder, elements)
+        ours, _ = self.pack(folder, project, self.small_elf(folder))
+        self.table.compare('pack 300 files of 200 KB; rcc', ours, self.rcc(folder, paths), 1.2, 1.0,
+                           ('memory; the payload', 300 * (200 << 10), 1.3, None))
+
+    def strings(self):
+        folder = self.folder('strings')
+        project = inputs.project(folder, [], strings=True)
+        pos = inputs.string_table(folder, 50000, os.path.join(folder, 'po'))
+        peer = Run(*[['msgfmt', '-o', po[:-3] + '.mo', po] for po in pos])
+        self.table.compare('load 50,000 rows in 12 languages; msgfmt', Run([self.cli, 'load', project]), peer, 0.15, 0.11)
+        ours, _ = self.pack(folder, project, self.small_elf(folder))
+        self.table.compare('pack 50,000 rows in 12 languages; msgfmt', ours, peer, 0.27, 0.16)
+
+    def images(self):
+        folder = self.folder('images')
+        elements, paths = inputs.images(folder, 200)
+        project = inputs.project(folder, elements)
+        ours, _ = self.pack(folder, project, self.small_elf(folder), convert='1')
+        made = os.path.join(folder, 'converted.rgb')
+        peer = Run(*[['/usr/bin/convert', path, 'rgb:' + made] for path in paths])
+        self.table.compare('pack 200 images, converted twice; convert', ours, peer, 0.8, 0.68)
+
+    def resources(self):
+        folder = self.folder('resources')
+        project = inputs.project(folder, inputs.resource_elements(99999))
+        listing = os.path.join(folder, 'res', 'demo.res.xml')
+        names = os.path.join(folder, 'names')
+        with open(names, 'wb') as out:
+            subprocess.run(['grep', '-o', 'ID_[A-Z_0-9]*', listing], stdout=out, check=True)
+        parse = [os.path.join(self.peers, 'peer_tinyxml'), listing]
+        self.table.compare('load 99,999 resources; TinyXML', Run([self.cli, 'load', project]), Run(parse), 1.8, 1.4,
+                           ('memory; TinyXML', None, 1.5, 1.2))
+        self.table.compare('save 99,999 resources; TinyXML and sort -u', Run([self.cli, 'save', project]),
+                           Run(parse, ['sort', '-u', names, '-o', names + '.sorted']), 3.0, 2.0)
+
+    def starts(self):
+        self.table.compare('morvanite-cli --version; hello in C++', Run([self.cli, '--version']),
+                           Run([os.path.join(self.peers, 'peer_hello')]), 2.3, 1.5)
+        folder = self.folder('one')
+        _, paths = inputs.images(folder, 1, 1, 1)
+        target = os.path.join(folder, 'converted')
+        ours = Run([os.path.join(self.bin, 'qrk_resgenerator.exe'), '-f', '-i', paths[0], target])
+        self.table.compare('convert a 1x1 picture; empty C program', ours, Run([os.path.join(self.peers, 'peer_empty')]), 3.0,
+                           2.0)
+
+
+SUITE = ('large_elf', 'many_small', 'medium', 'strings', 'images', 'resources', 'starts')
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument('build')
+    parser.add_argument('--rounds', type=int, default=9)
+    parser.add_argument('--only', default='', help='only the parts whose name holds this: ' + ', '.join(SUITE))
+    arguments = parser.parse_args()
+    with tempfile.TemporaryDirectory() as work:
+        table = Table(arguments.rounds)
+        suite = Suite(arguments.build, work, table)
+        for name in SUITE:
+            if arguments.only in name:
+                getattr(suite, name)()
+    sys.exit(table.missed > 0)
+
+
+if __name__ == '__main__':
+    main()

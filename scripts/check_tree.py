@@ -1,0 +1,67 @@
+#!/usr/bin/env python3
+"""Checks rules of this tree that no compiler knows. Prints each breach; the exit status is 1 when there is one."""
+
+import pathlib
+import re
+import subprocess
+import sys
+
+LONGEST_FILE = 500
+LONGEST_FUNCTION = 60
+# Who may be longer, and why. The list may only shrink.
+EXCUSED_FILES = {}
+EXCUSED_FUNCTIONS = {}
+# Who may open a file for writing in the core: the one that replaces project files in one step, and the pack's outputs.
+WRITERS = ('src/core/platform/AtomicWrite.cpp', 'src/core/pack/', 'src/core/channel/LocalSocket.cpp')
+
+
+def tracked(*patterns):
+    out = subprocess.run(['git', 'ls-files', '-z', '--', *patterns], check=True, capture_output=True).stdout
+    return [name.decode() for name in out.split(b'\0') if name]
+
+
+def function_lengths(lines):
+    """(name, first line, length) of each function: from a line that opens a brace of its own to the brace that ends it."""
+    start = None
+    for number, line in enumerate(lines, 1):
+        indent = len(line) - len(line.lstrip())
+        if start is None and line.strip() == '{' and indent <= 4:
+            head = lines[number - 2].strip() if number > 1 else ''
+            if '(' in head or ')' in head:
+                start = (number, indent, head)
+        elif start and line.rstrip() in (' ' * start[1] + '}', ' ' * start[1] + '};'):
+            yield start[2], start[0], number - start[0] - 1
+            start = None
+
+
+def main():
+    breaches = []
+    sources = tracked('src/*.cpp', 'src/*.h', 'tools/*.cpp', 'tools/*.h', 'device/*.c', 'device/*.h', 'tests/*.cpp',
+                      'tests/*.h', 'fuzz/*.cpp')
+    for name in sources:
+        text = pathlib.Path(name).read_text(encoding='utf-8')
+        lines = text.splitlines()
+        if len(lines) > LONGEST_FILE and name not in EXCUSED_FILES:
+            breaches.append('%s: %d lines, more than %d' % (name, len(lines), LONGEST_FILE))
+        if not name.startswith('tests/'):
+            for head, line, length in function_lengths(lines):
+                if length > LONGEST_FUNCTION and '%s: %s' % (name, head) not in EXCUSED_FUNCTIONS:
+                    breaches.append('%s:%d: a function of %d lines, more than %d' % (name, line, length, LONGEST_FUNCTION))
+        for number, line in enumerate(lines, 1):
+            where = '%s:%d: ' % (name, number)
+            if re.search(r'\b(TODO|FIXME|XXX)\b', line):
+                breaches.append(where + 'a left-over')
+            if line.rstrip() != line:
+                breaches.append(where + 'a blank at the end')
+            if name.startswith('src/core/') and not name.startswith(WRITERS) and \
+                    re.search(r'O_WRONLY|O_RDWR|fopen\(|QSaveFile|QFile [a-z]|ofstream', line):
+                breaches.append(where + 'opens a file by itself; project files are replaced by WriteFileAtomically')
+            if name.startswith('src/core/') and re.search(r'\bassert\(', line):
+                breaches.append(where + 'an assert; bytes of a file are checked instead')
+    for breach in breaches:
+        print(breach)
+    return bool(breaches)
+
+
+if __name__ == '__main__':
+    sys.exit(main())

@@ -1,0 +1,37 @@
+# What run.sh, test.sh and .ci/run share. Source it from the top of the tree.
+
+say() { printf '\n== %s\n' "$*"; }
+
+# What the build and the sample need.
+BUILD_PACKAGES="g++ cmake ninja-build pkg-config ccache qt6-base-dev libtinyxml-dev libicu-dev libcli11-dev libpng-dev
+    libjpeg62-turbo-dev libgif-dev zlib1g-dev gcc-arm-linux-gnueabihf libc6-dev-armhf-cross qemu-user"
+# What the tests need beside it.
+TEST_PACKAGES="libgtest-dev libgmock-dev librapidcheck-dev python3 llvm-14 elfutils binutils"
+# What the stricter checks need beside that.
+CHECK_PACKAGES="clang-14 libclang-rt-14-dev clang-format clang-tidy libbenchmark-dev binutils-arm-none-eabi gettext
+    imagemagick qt6-base-dev-tools git"
+
+# Installs what is missing of the given Debian packages; silent and offline when nothing is.
+need_packages() {
+    local missing="" package
+    for package in "$@"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing="$missing $package"
+    done
+    [ -n "$missing" ] || return 0
+    say "Installing:$missing"
+    local sudo=""
+    [ "$(id -u)" = 0 ] || sudo=sudo
+    $sudo apt-get update -qq
+    # shellcheck disable=SC2086
+    $sudo env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null
+}
+
+# configure_and_build FOLDER [cmake option ...]: configures once, builds what changed.
+configure_and_build() {
+    local folder="$1"
+    shift
+    say "Building into $folder"
+    cmake -S . -B "$folder" -G Ninja -DCMAKE_C_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_COMPILER_LAUNCHER=ccache "$@" >"$folder.log" 2>&1 ||
+        { cat "$folder.log"; return 1; }
+    cmake --build "$folder"
+}
