@@ -1,0 +1,46 @@
+#!/bin/sh
+# Compiles the reader as a firmware's compiler would: every warning an error, as C99 and as C++, freestanding. With the ARM
+# compiler also holds it to its size, 2 KiB of Thumb code, and to needing nothing from any library, not even memcpy.
+# Usage: check-compilers.sh DEVICE_FOLDER. Exit status 77: no compiler is there.
+set -eu
+device=$1
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+strict="-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -ffreestanding -c"
+tried=0
+
+compile() { # COMPILER FLAGS...
+    command -v "$1" >/dev/null || return 0
+    tried=$((tried + 1))
+    for source in morvanite_device.c morvanite_elf.c; do
+        # shellcheck disable=SC2086
+        "$@" $strict -o "$work/$source.o" "$device/$source" || { echo "failed: $* $source" >&2; exit 1; }
+    done
+}
+
+for optimise in -O0 -O3; do
+    compile gcc -std=c99 $optimise
+    compile clang -std=c99 $optimise
+    compile g++ -x c++ -std=c++11 $optimise
+    compile clang++ -x c++ -std=c++20 $optimise
+done
+
+arm=arm-linux-gnueabihf
+if command -v $arm-gcc >/dev/null; then
+    for cpu in cortex-m0 cortex-m3; do
+        compile $arm-gcc -std=c99 -mthumb -mcpu=$cpu -mfloat-abi=soft -Os
+        size=$($arm-size "$work/morvanite_device.c.o" | awk 'NR == 2 { print $1 + $2 + $3 }')
+        echo "$cpu: morvanite_device.c takes $size bytes"
+        if [ "$size" -ge 2048 ]; then
+            echo "$cpu: the reader takes $size bytes, wanted below 2048; look at $arm-nm --size-sort" >&2
+            exit 1
+        fi
+        needed=$($arm-nm -u "$work/morvanite_device.c.o" "$work/morvanite_elf.c.o" | grep ' U ' || true)
+        if [ -n "$needed" ]; then
+            echo "$cpu: the reader must need no other code, but needs:" >&2
+            echo "$needed" >&2
+            exit 1
+        fi
+    done
+fi
+[ $tried -gt 0 ] || exit 77
