@@ -1,0 +1,195 @@
+#include "PngUnpacker.h"
+
+#include <algorithm>
+#include <cstring>
+#include <libdeflate.h>
+#include <optional>
+
+// A png is 8 bytes of signature and chunks: length (4), type (4), data, checksum (4), numbers with the high byte first.
+// The first chunk is the header, and the compressed pixels are the data of all IDAT chunks in turn, which follow one
+// another.
+
+namespace
+{
+
+constexpr std::uint64_t maxPixelBytes = 16 << 20;
+constexpr std::size_t signatureSize = 8;
+constexpr std::size_t chunkOverhead = 12;
+constexpr std::size_t maxStored = 65535; // of one stored block
+
+std::uint32_t U32(const std::uint8_t *from)
+{
+    return std::uint32_t{from[0]} << 24 | std::uint32_t{from[1]} << 16 | std::uint32_t{from[2]} << 8 | from[3];
+}
+
+void PutU32(std::uint8_t *to, std::uint32_t value)
+{
+    for (unsigned byte = 0; byte < 4; ++byte)
+        to[byte] = static_cast<std::uint8_t>(value >> (24 - 8 * byte));
+}
+
+bool IsOfType(Bytes chunk, const char *type)
+{
+    return std::memcmp(chunk.data() + 4, type, 4) == 0;
+}
+
+/// The chunk at `at`, whole, if it is there and its checksum is right.
+std::optional<Bytes> ChunkAt(Bytes file, std::size_t at)
+{
+    if (file.size() - at < chunkOverhead)
+        return std::nullopt;
+    const std::size_t length = U32(file.data() + at);
+    if (length > file.size() - at - chunkOverhead)
+        return std::nullopt;
+    const Bytes chunk = file.subspan(at, length + chunkOverhead);
+#ifndef FUZZING_BUILD_MODE_UNSAFE_FOR_PRODUCTION
+    if (libdeflate_crc32(0, chunk.data() + 4, length + 4) != U32(chunk.data() + 8 + length))
+        return std::nullopt;
+#endif
+    return chunk;
+}
+
+/// Where the IDAT chunks stand, and how many bytes of data they hold together.
+struct PixelChunks
+{
+    std::size_t begin = 0;
+    std::size_t end = 0;
+    std::size_t dataSize = 0;
+};
+
+/// Walks through all chunks.
+std::optional<PixelChunks> FindPixelChunks(Bytes file)
+{
+    PixelChunks pixels;
+    std::size_t at = signatureSize;
+    for (bool isLast = false; !isLast;) {
+        const auto chunk = ChunkAt(file, at);
+        if (!chunk)
+            return std::nullopt;
+        if (IsOfType(*chunk, "IDAT")) {
+            if (pixels.end == 0)
+                pixels.begin = at;
+            else if (pixels.end != at)
+                return std::nullopt;
+            pixels.end = at + chunk->size();
+            pixels.dataSize += chunk->size() - chunkOverhead;
+        }
+        isLast = IsOfType(*chunk, "IEND");
+        at += chunk->size();
+    }
+    if (pixels.end == 0)
+        return std::nullopt;
+    return pixels;
+}
+
+/// The bytes of a picture, or of one pass over it: each row has a byte before its pixels.
+std::uint64_t SizeOfRows(std::uint64_t width, std::uint64_t height, unsigned bitsPerPixel)
+{
+    return width == 0 || height == 0 ? 0 : height * (1 + (width * bitsPerPixel + 7) / 8);
+}
+
+/// The decompressed size that the header chunk's data call for. Nothing if they are out of the ordinary.
+std::optional<std::uint64_t> SizeOfPixels(const std::uint8_t *header)
+{
+    constexpr unsigned channelsOfType[] = {1, 0, 3, 1, 2, 0, 4};
+    const std::uint64_t width = U32(header);
+    const std::uint64_t height = U32(header + 4);
+    const unsigned depth = header[8];
+    const unsigned type = header[9];
+    const unsigned interlace = header[12];
+    if (type > 6 || channelsOfType[type] == 0 || depth > 16 || interlace > 1 || width > maxPixelBytes ||
+        height > maxPixelBytes)
+        return std::nullopt;
+    const unsigned bits = channelsOfType[type] * depth;
+    if (interlace == 0)
+        return SizeOfRows(width, height, bits);
+
+    struct Pass
+    {
+        unsigned x, y, right, down;
+    };
+    constexpr Pass passes[] = {{0, 0, 8, 8}, {4, 0, 8, 8}, {0, 4, 4, 8}, {2, 0, 4, 4},
+                               {0, 2, 2, 4}, {1, 0, 2, 2}, {0, 1, 1, 2}};
+    std::uint64_t size = 0;
+    for (const Pass &pass : passes)
+        size += SizeOfRows((width + pass.right - 1 - pass.x) / pass.right,
+                           (height + pass.down - 1 - pass.y) / pass.down, bits);
+    return size;
+}
+
+bool Decompress(Bytes file, const PixelChunks &chunks, std::uint8_t *to, std::size_t size)
+{
+    Buffer gathered;
+    const std::uint8_t *data = file.data() + chunks.begin + 8;
+    if (chunks.end - chunks.begin != chunks.dataSize + chunkOverhead) { // more than one chunk
+        if (!gathered.Allocate(chunks.dataSize))
+            return false;
+        std::uint8_t *next = gathered.Data();
+        for (std::size_t at = chunks.begin; at < chunks.end;) {
+            const std::size_t length = U32(file.data() + at);
+            std::memcpy(next, file.data() + at + 8, length);
+            next += length;
+            at += length + chunkOverhead;
+        }
+        data = gathered.Data();
+    }
+    libdeflate_decompressor *decompressor = libdeflate_alloc_decompressor();
+    if (decompressor == nullptr)
+        return false;
+    const libdeflate_result result = libdeflate_zlib_decompress(decompressor, data, chunks.dataSize, to, size, nullptr);
+    libdeflate_free_decompressor(decompressor);
+    return result == LIBDEFLATE_SUCCESS;
+}
+
+/// Moves the `size` bytes that stand at the end of `chunk`, before its checksums, forward into stored blocks.
+void MakeStoredChunk(std::uint8_t *chunk, std::size_t dataSize, const std::uint8_t *from, std::size_t size)
+{
+    PutU32(chunk, static_cast<std::uint32_t>(dataSize));
+    std::memcpy(chunk + 4, "IDAT\x78\x01", 6);
+    std::uint8_t *to = chunk + 10;
+    while (size > 0) {
+        const std::size_t count = std::min(size, maxStored);
+        size -= count;
+        const auto number = static_cast<std::uint16_t>(count);
+        to[0] = size == 0 ? 1 : 0; // the last block
+        to[1] = static_cast<std::uint8_t>(number);
+        to[2] = static_cast<std::uint8_t>(number >> 8);
+        to[3] = static_cast<std::uint8_t>(~to[1]);
+        to[4] = static_cast<std::uint8_t>(~to[2]);
+        std::memmove(to + 5, from, count);
+        to += 5 + count;
+        from += count;
+    }
+}
+
+} // namespace
+
+bool UnpackPng(Bytes file, Buffer &unpacked)
+{
+    // The caller may have seen to a part of this already, but nothing here rests on it.
+    constexpr std::size_t headerEnd = signatureSize + 13 + chunkOverhead;
+    if (file.size() < headerEnd || U32(file.data() + signatureSize) != 13)
+        return false;
+    const auto size = SizeOfPixels(file.data() + signatureSize + 8);
+    if (!size || *size == 0 || *size > maxPixelBytes)
+        return false;
+    const auto chunks = FindPixelChunks(file);
+    if (!chunks)
+        return false;
+
+    const auto pixelSize = static_cast<std::size_t>(*size);
+    const std::size_t blocks = (pixelSize + maxStored - 1) / maxStored;
+    const std::size_t dataSize =
+        2 + 5 * blocks + pixelSize + 4; // the checksums stay 0: libpng is told not to look at them
+    const std::size_t tailSize = file.size() - chunks->end;
+    if (!unpacked.Allocate(chunks->begin + chunkOverhead + dataSize + tailSize))
+        return false;
+    std::uint8_t *chunk = unpacked.Data() + chunks->begin;
+    std::uint8_t *pixels = chunk + 8 + dataSize - 4 - pixelSize;
+    if (!Decompress(file, *chunks, pixels, pixelSize))
+        return false;
+    MakeStoredChunk(chunk, dataSize, pixels, pixelSize);
+    std::memcpy(unpacked.Data(), file.data(), chunks->begin);
+    std::memcpy(chunk + chunkOverhead + dataSize, file.data() + chunks->end, tailSize);
+    return true;
+}
