@@ -16,15 +16,14 @@ public:
 
     [[nodiscard]] Bytes Build() const
     {
-        Bytes names{0};
+        std::string names(1, '\0');
         Bytes headers(SectionHeaderSize);
-        Bytes body;
         AppendName(names, ".shstrtab");
         std::vector<std::size_t> places;
         for (const SectionData &section : m_sections)
             places.push_back(AppendName(names, section.name));
         AppendHeader(headers, 1, 3, FileHeaderSize, names.size());
-        body = names;
+        Bytes body(names.begin(), names.end());
         for (std::size_t i = 0; i < m_sections.size(); ++i) {
             const SectionData &section = m_sections[i];
             AppendHeader(headers, places[i], section.type, FileHeaderSize + body.size(), section.data.size());
@@ -55,11 +54,10 @@ private:
         std::uint32_t type;
     };
 
-    static std::size_t AppendName(Bytes &names, const std::string &name)
+    static std::size_t AppendName(std::string &names, const std::string &name)
     {
         const std::size_t place = names.size();
-        names.insert(names.end(), name.begin(), name.end());
-        names.push_back(0);
+        names.append(name.c_str(), name.size() + 1);
         return place;
     }
 
