@@ -56,11 +56,14 @@ TEST_F(ProjectCommands, PackOpensTheProjectAndLeavesItOpen)
     EXPECT_FALSE(Pack().contains(u"Loading"_s));
 }
 
-TEST_F(ProjectCommands, EverySpellingOfAResolutionPacksTheSame)
+TEST_F(ProjectCommands, EverySpellingOfAResolutionPacksTheSameAndOneThatIsNotKnownPacksToo)
 {
-    project.Put("demo/res/demo.res.xml", "<APP><RESO width=\"240\" height=\"320\"></RESO></APP>");
+    project.Put("demo/large.bmp", "a picture for 240x320");
+    project.Put("demo/res/demo.res.xml", "<APP><RESOLUTION width=\"240\" height=\"320\" class=\"image\">"
+                                         "<IMAGE id=\"ID_IMAGE_LARGE\">.\\large.bmp</IMAGE></RESOLUTION></APP>");
     Pack();
     const QByteArray expected = project.Get("demo/app.axf.pkd");
+    EXPECT_TRUE(expected.contains("a picture for 240x320"));
     for (const auto &spelling : {u"240*320"_s, u"240X320"_s}) {
         request.resolution = spelling;
         EXPECT_TRUE(Pack().endsWith(u"pack done\r\n"_s));
@@ -68,8 +71,9 @@ TEST_F(ProjectCommands, EverySpellingOfAResolutionPacksTheSame)
     }
     QStringList trace;
     env.trace = [&](QStringView text) { trace += text.toString(); };
-    request.resolution = u"1x1"_s; // not in the table
+    request.resolution = u"1x1"_s;
     EXPECT_TRUE(Pack().endsWith(u"pack done\r\n"_s));
+    EXPECT_FALSE(project.Get("demo/app.axf.pkd").contains("a picture for 240x320"));
     EXPECT_TRUE(trace.contains(u"packinfo.scope=-1\n"_s));
     EXPECT_TRUE(trace.contains(u"implicit ID Gen before Pack done, result is 0\n"_s));
 }

@@ -23,7 +23,7 @@ public:
         Put("bin/AppLogo.img", "a drawn logo");
         Put("demo/config.xml", "<config><zxa><zepversion>20</zepversion></zxa>"
                                "<resolution><Width>240</Width><Height>320</Height></resolution></config>");
-        Put("demo/res/demo.res.xml", "<APP><AUDIO id=\"ID_AUDIO_BELL\">.\\bell.wav</AUDIO></APP>");
+        Put("demo/res/demo.res.xml", "<APP><FILE id=\"ID_AUDIO_BELL\">.\\bell.wav</FILE></APP>");
         Put("demo/bell.wav", "ding dong");
         Put("demo/app.axf", TinyElf());
     }

@@ -1,0 +1,94 @@
+// A command as it arrives: 4 bytes of dwData, and the record. Runs the handler over a document that never opens, and
+// works out what would be packed; aborts when a command leaves anything behind or its report lacks its end.
+#include "CResoTable.h"
+#include "CommandHandler.h"
+#include "PackRequest.h"
+
+#include <QtEndian>
+
+#include <cstdlib>
+
+namespace
+{
+
+void Require(bool condition)
+{
+    if (!condition)
+        std::abort();
+}
+
+class ClosedDocument : public CDocument
+{
+public:
+    explicit ClosedDocument(Environment &environment) : env(environment) {}
+    void Serialize(bool) override { throw ArchiveException{7}; }
+    bool OnSaveDocument(const QString &) override { return false; }
+    void ReportSaveLoadException(const QString &path, const ArchiveException &exception, bool) override
+    {
+        env.WriteOutput("%s\r\n### error %d ###\r\n", qUtf8Printable(path), exception.cause);
+    }
+
+private:
+    Environment &env;
+};
+
+class Report : public IReportPipe
+{
+public:
+    bool Open() override { return open = true; }
+    [[nodiscard]] bool IsOpen() const override { return open; }
+    void Write(QStringView piece) override
+    {
+        Require(open);
+        text += piece;
+    }
+    void Close() override { open = false; }
+
+    QString text;
+    bool open = false;
+};
+
+/// What can't be true of a record that was read, and of what is asked of the packer.
+void CheckRecord(const PackCommandRecord &record, const Environment &env, const CResoTable &resolutions)
+{
+    for (const QString *path : {&record.projectPath, &record.inputFile, &record.outputFile})
+        Require(path->size() <= 260 && !path->contains(QChar(u'\0')));
+    Require(record.resolution.size() <= 32 && record.targetKind.size() <= 32);
+    if (const auto parameters = PackInfoOf(record, env, resolutions)) {
+        Require(parameters->scope >= -1 && parameters->scope < resolutions.Count());
+        Require(parameters->packmode == PACK_TO_TARGET || parameters->packmode == PACK_TO_DLL);
+    }
+    QString error;
+    if (const auto built = BuildRecord(record, error)) {
+        const auto again = ParsePackCommandRecord(*built);
+        Require(again && again->inputFile == record.inputFile && again->version == record.version);
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    static Environment env(QStringLiteral("/nonexistent"));
+    static CResoTable resolutions;
+    if (resolutions.Count() == 0) {
+        resolutions.Add("", 240, 320);
+        resolutions.Add("", 320, 480);
+    }
+    if (size < 4)
+        return 0;
+    const quint32 id = qFromLittleEndian<quint32>(data);
+    const QByteArrayView record(data + 4, qsizetype(size) - 4);
+
+    CDocManager documents([] { return std::make_unique<ClosedDocument>(env); });
+    Report report;
+    CommandHandler handler(env, documents, report);
+    Require(handler.Handle(id, record) == 1);
+    Require(!report.open && documents.Documents().empty());
+    Require(report.text.isEmpty() || report.text.contains(u" done\r\n"));
+    const auto path = ParseCommandRecord(record);
+    Require(!path || handler.GetCommandID(&path->projectPath) == 0);
+    if (const auto parsed = ParsePackCommandRecord(record))
+        CheckRecord(*parsed, env, resolutions);
+    return 0;
+}
