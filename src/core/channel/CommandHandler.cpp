@@ -4,6 +4,8 @@
 #include "PackRequest.h"
 #include "Paths.h"
 
+#include <utility>
+
 /// Ends the state of a command on every way out.
 class CommandHandler::Running
 {
@@ -27,8 +29,10 @@ private:
 };
 
 CommandHandler::CommandHandler(Environment &environment, CDocManager &documentManager, IReportPipe &reportPipe)
-    : env(environment), documents(documentManager), pipe(reportPipe)
+    : env(environment), documents(documentManager), pipe(reportPipe), previousOutput(env.output),
+      previousFlush(env.flushOutput)
 {
+    env.flushOutput = [this] { pipe.Flush(); };
     env.output = [this](QStringView text) {
         if (commandId != 0) {
             if (pipe.IsOpen())
@@ -41,7 +45,8 @@ CommandHandler::CommandHandler(Environment &environment, CDocManager &documentMa
 
 CommandHandler::~CommandHandler()
 {
-    env.output = nullptr;
+    env.output = std::move(previousOutput);
+    env.flushOutput = std::move(previousFlush);
 }
 
 int CommandHandler::Handle(quint32 dwData, QByteArrayView record)

@@ -42,7 +42,8 @@ public:
 
 /// What a command does, with a window and without. Main thread only; one command at a time.
 ///
-/// For its life it is what `Environment::output` leads to: to the pipe while a command runs, else to `idleOutput`.
+/// For its life it is what the environment's output leads to: to the pipe while a command runs, else to `idleOutput`.
+/// Afterwards the output goes where it went before.
 class CommandHandler
 {
 public:
@@ -80,6 +81,8 @@ private:
     Environment &env;
     CDocManager &documents;
     IReportPipe &pipe;
+    Environment::Sink previousOutput;
+    std::function<void()> previousFlush;
     quint32 commandId = 0;
     const QString *CommandTarget = nullptr; // only while a command runs
     int lastError = 0;
