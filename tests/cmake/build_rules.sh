@@ -21,12 +21,17 @@ cat >"$app/CMakeLists.txt" <<END
 cmake_minimum_required(VERSION 3.20)
 project(Clock LANGUAGES C)
 find_package(Morvanite REQUIRED PATHS "$repository")
-foreach(name upright across)
+foreach(name upright across appended)
     add_executable(\${name} main.c other.c)
     set_target_properties(\${name} PROPERTIES SUFFIX .axf)
 endforeach()
 morvanite_pack(upright PROJECT weatherclock.vcproj RESOLUTION 240x320 CONVERT_IMAGES)
 morvanite_pack(across PROJECT weatherclock.vcproj RESOLUTION 320x240 TARGET axf OUTPUT packed.bin CONVERT_IMAGES VER 3)
+if(WITH_DLL)
+    morvanite_pack(appended PROJECT weatherclock.vcproj RESOLUTION 480x272 TARGET dll)
+else()
+    set_property(TARGET appended PROPERTY EXCLUDE_FROM_ALL TRUE)
+endif()
 END
 
 fail() {
@@ -111,6 +116,12 @@ cmake --build "$build" >"$work/log" 2>&1 || fail 'the build after the picture ca
 builds 'all is well again' ''
 
 [ -z "$(find "$app" -name '*.tmp')" ] || fail 'temporary files stay behind'
+
+# The same resources behind an application of the other kind.
+cmake -S "$app" -B "$build" -DWITH_DLL=ON >"$work/log" 2>&1 || fail 'configuring again'
+builds 'a third target came' 'Building 2, Linking 1, Packing 1'
+has_entry "$build/appended.packed.dll" AppLogo.img || fail 'the file of kind dll has no icon'
+cmake -S "$app" -B "$build" -DWITH_DLL=OFF >"$work/log" 2>&1 || fail 'configuring again'
 
 cmake --build "$build" --target clean >"$work/log" 2>&1 || fail 'cleaning failed'
 [ ! -e "$build/upright.packed.axf" ] && [ ! -e "$build/arm/upright.res" ] || fail 'cleaning leaves packed files'
