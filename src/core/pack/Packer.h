@@ -5,6 +5,7 @@
 #include <vector>
 
 class CResModel;
+struct PackRun;
 
 /// What a pack attaches the payload to.
 enum PackMode : qint32
@@ -28,8 +29,14 @@ struct packinfo
 class Packer
 {
 public:
-    /// 0, or a failure code: from -1000 down, or the positive error number of an output file that couldn't be opened. IDs
-    /// must have been numbered, and the project's folder must be the current one. `inputs`, if not null, gets the host path of every file that
-    /// was read.
-    [[nodiscard]] static int Pack(const packinfo &parameters, CResModel &document, std::vector<QByteArray> *inputs = nullptr);
+    /// 0, or a failure code: from -1000 down, or the positive error number of an output file that couldn't be opened.
+    /// IDs must have been numbered, and the project's folder must be the current one. `inputs`, if not null, gets the
+    /// host path of every file that was read.
+    [[nodiscard]] static int Pack(const packinfo &parameters, CResModel &document,
+                                  std::vector<QByteArray> *inputs = nullptr);
+
+private:
+    [[nodiscard]] static int PackToTarget(PackRun &run);
+    [[nodiscard]] static int PackToDLL(PackRun &run);
+    [[nodiscard]] static int WriteResFile(PackRun &run);
 };

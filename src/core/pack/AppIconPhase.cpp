@@ -1,0 +1,28 @@
+#include "Phases.h"
+
+int ConstructAppIcon(PackContext &context)
+{
+    Environment &env = context.Env();
+    const QString name = env.settings.String("Application", "app_icon", "AppLogo.img");
+    QString path = context.projectFolder + u'/' + name;
+    env.WriteOutput("\r\n%s", qUtf8Printable(path));
+    PackEntry &entry = context.image.AddEntry(env.WideToNarrow(name));
+    PackFile icon = context.files.Open(path);
+    if (!icon.file.IsOpen()) {
+        env.WriteOutput("\r\n[warning] App icon file does not exist in project folder, use default icon");
+        path = env.ProgramDir() + name;
+        icon = context.files.Open(path);
+        if (!icon.file.IsOpen()) {
+            env.WriteOutput("\r\n[error] Could not find the default icon in tool folder");
+            return PACK_NO_ICON;
+        }
+    }
+    if (icon.size < 0) {
+        env.DebugTrace("Get file info error while read icon file : %s.\n", qUtf8Printable(path));
+        return PACK_FILE_INFO;
+    }
+    char *place = context.image.EntryData(entry, quint64(icon.size));
+    if (!place)
+        return PACK_MEMORY;
+    return icon.ReadTo(place) ? PACK_OK : PACK_FILE_READ;
+}

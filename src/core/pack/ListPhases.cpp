@@ -1,0 +1,133 @@
+#include "ImageConversion.h"
+#include "Paths.h"
+#include "Phases.h"
+#include "V1ResourceList.h"
+
+namespace
+{
+
+constexpr qsizetype LONGEST_LINE = 255; // bytes; what is longer goes on in the next line
+
+enum class ListKind
+{
+    Preview, ///< entries are numbered
+    Files,   ///< entries bear the files' names
+};
+
+/// One run over a list file.
+class ListReader
+{
+public:
+    ListReader(PackContext &packContext, ListKind listKind, bool convertImages)
+        : context(packContext), env(packContext.Env()), kind(listKind), convert(convertImages)
+    {
+    }
+
+    int Read(const QString &list);
+
+private:
+    int AddLine(const NarrowText &line, const QString &folder);
+    int AddEntry(const NarrowText &name, const PackFile &file, const QString &path);
+
+    PackContext &context;
+    Environment &env;
+    ListKind kind;
+    bool convert;
+    int previews = 0;
+};
+
+int ListReader::Read(const QString &list)
+{
+    QByteArray bytes;
+    PackFile file = context.files.Open(list);
+    if (!file.file.IsOpen()) {
+        env.DebugTrace("Could not read list file : %s.\n", qUtf8Printable(list));
+        return PACK_FILE_OPEN;
+    }
+    bytes.resize(file.size);
+    if (!file.ReadTo(bytes.data()))
+        return PACK_FILE_READ;
+    const QString folder = DirectoryOf(list);
+    for (qsizetype at = 0; at < bytes.size();) {
+        const qsizetype feed = bytes.indexOf('\n', at);
+        const qsizetype end = std::min(feed < 0 ? bytes.size() : feed + 1, at + LONGEST_LINE);
+        const auto endsText = [](char c) { return c == '\r' || c == '\n' || c == '\0'; };
+        const qsizetype textEnd = std::find_if(bytes.cbegin() + at, bytes.cbegin() + end, endsText) - bytes.cbegin();
+        const NarrowText line = bytes.mid(at, textEnd - at);
+        at = end;
+        if (line.isEmpty())
+            continue; // it would name the folder itself
+        if (const int code = AddLine(line, folder))
+            return code;
+    }
+    return PACK_OK;
+}
+
+int ListReader::AddLine(const NarrowText &line, const QString &folder)
+{
+    const QString wide = env.NarrowToWide(line);
+    const QString path = ResolvePath(wide, folder);
+    const NarrowText name =
+        kind == ListKind::Preview ? "zep.preview_" + QByteArray::number(previews) : env.WideToNarrow(FileName(wide));
+    const bool converts = convert && NeedImageConvert(path);
+    PackFile file;
+    QByteArray source;
+    if (converts)
+        source = context.files.Find(path);
+    else
+        file = context.files.Open(path);
+    if (converts ? source.isEmpty() : !file.exists) {
+        env.WriteOutput("\r\nResource file %s not exist, ignore...", qUtf8Printable(path));
+        return PACK_OK;
+    }
+    ++previews;
+    env.WriteOutput("\r\n%s", qUtf8Printable(path));
+    if (!converts)
+        return AddEntry(name, file, path);
+
+    const ConvertedImage converted(env, source);
+    if (converted.Code() != 0)
+        return PACK_NOT_THERE;
+    return AddEntry(name, PackFiles::OpenMade(converted.Target()), QString::fromUtf8(converted.Target()));
+}
+
+int ListReader::AddEntry(const NarrowText &name, const PackFile &file, const QString &path)
+{
+    PackEntry &entry = context.image.AddEntry(name);
+    if (file.size < 0) {
+        env.DebugTrace("Get file info error while read resource file : %s.\n", qUtf8Printable(path));
+        return PACK_FILE_INFO;
+    }
+    if (convert && file.size <= IMAGE_TOO_SMALL) {
+        PACK_LOG_BOTH(env, "\r\n[error] Got invalid file attributes: %s", qUtf8Printable(path));
+        return PACK_IMAGE_SIZE;
+    }
+    if (!file.file.IsOpen()) {
+        env.DebugTrace("Could not read resource file : %s.\n", qUtf8Printable(path));
+        return PACK_FILE_OPEN;
+    }
+    char *place = context.image.EntryData(entry, quint64(file.size));
+    if (!place)
+        return PACK_MEMORY;
+    return file.ReadTo(place) ? PACK_OK : PACK_FILE_READ;
+}
+
+} // namespace
+
+int ConstructPreview(PackContext &context)
+{
+    if (context.info.imageconvert == 0)
+        return PACK_OK;
+    const QString list = context.projectFolder + QStringLiteral("/preview.lst");
+    if (!PathExists(list))
+        return PACK_OK;
+    return ListReader(context, ListKind::Preview, true).Read(list);
+}
+
+int ConstructV1(PackContext &context)
+{
+    const QString list = V1ListPath(context.document.PathName());
+    if (!PathExists(list))
+        return PACK_OK;
+    return ListReader(context, ListKind::Files, context.info.imageconvert != 0).Read(list);
+}

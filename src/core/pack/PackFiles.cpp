@@ -1,0 +1,84 @@
+#include "PackFiles.h"
+
+#include "Paths.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+
+QByteArray WithSlashes(QStringView path)
+{
+    QByteArray host = path.toUtf8();
+    host.replace('\\', '/');
+    return host;
+}
+
+/// Opens `found.host`, and says what is there. The error number when it isn't open.
+int OpenHost(PackFile &found)
+{
+    // Not blocking, so that a pipe in the place of a file doesn't hang the program.
+    found.file = FileHandle(open(found.host.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const int error = found.file.IsOpen() ? 0 : errno;
+    if (error == ENOENT)
+        return error;
+    struct stat info;
+    const bool known = (error ? stat(found.host.constData(), &info) : fstat(found.file.Get(), &info)) == 0;
+    found.exists = known || !error;
+    found.size = known ? qint64(info.st_size) : -1;
+    if (known && !S_ISREG(info.st_mode))
+        found.file = FileHandle();
+    return error;
+}
+
+} // namespace
+
+QByteArray AbsoluteHost(const QByteArray &host)
+{
+    return host.startsWith('/') ? host : ResolvePath(QString::fromUtf8(host), CurrentFolder()).toUtf8();
+}
+
+PackFile PackFiles::Open(QStringView path)
+{
+    PackFile found;
+    found.host = WithSlashes(path);
+    if (OpenHost(found) == ENOENT && !path.isEmpty()) {
+        QByteArray other = paths.Resolve(path);
+        if (other != found.host) {
+            found.host = std::move(other);
+            OpenHost(found);
+        }
+    }
+    if (found.file.IsOpen())
+        Note(found.host);
+    return found;
+}
+
+PackFile PackFiles::OpenMade(const QByteArray &host)
+{
+    PackFile found;
+    found.host = host;
+    OpenHost(found);
+    return found;
+}
+
+QByteArray PackFiles::Find(QStringView path)
+{
+    QByteArray host = WithSlashes(path);
+    if (access(host.constData(), F_OK) != 0) {
+        host = paths.Resolve(path);
+        if (host.isEmpty() || access(host.constData(), F_OK) != 0)
+            return {};
+    }
+    Note(host);
+    return AbsoluteHost(host);
+}
+
+void PackFiles::Note(const QByteArray &host)
+{
+    if (inputs)
+        inputs->push_back(AbsoluteHost(host));
+}

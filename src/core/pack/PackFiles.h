@@ -1,0 +1,42 @@
+#pragma once
+
+#include "HostFiles.h"
+
+#include <vector>
+
+/// A file that a pack reads, looked at once.
+struct PackFile
+{
+    FileHandle file;     ///< not open: it isn't there, may not be read, or is no file
+    QByteArray host;     ///< its path on this host
+    bool exists = false; ///< something bears the name
+    qint64 size = -1;    ///< bytes; -1: couldn't be read
+
+    /// Reads the whole file to `place`. False when it ended early.
+    [[nodiscard]] bool ReadTo(char *place) const { return file.Read(place, size_t(size)) == ssize_t(size); }
+};
+
+/// Finds and opens the files of one pack; a folder is listed at most once, and only when a name isn't found as it is
+/// written.
+class PackFiles
+{
+public:
+    /// `readFiles`, if not null, gets the absolute host path of every file that is opened.
+    explicit PackFiles(std::vector<QByteArray> *readFiles) : inputs(readFiles) {}
+
+    /// A relative path counts from the current folder.
+    [[nodiscard]] PackFile Open(QStringView path);
+    /// The same for a file that this pack has made itself: exactly that name, and no input.
+    [[nodiscard]] static PackFile OpenMade(const QByteArray &host);
+    /// The absolute host path of something that is there, counted as read; empty when there is nothing.
+    [[nodiscard]] QByteArray Find(QStringView path);
+
+private:
+    void Note(const QByteArray &host);
+
+    HostPaths paths;
+    std::vector<QByteArray> *inputs;
+};
+
+/// `host` as an absolute path.
+[[nodiscard]] QByteArray AbsoluteHost(const QByteArray &host);

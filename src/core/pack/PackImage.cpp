@@ -1,0 +1,87 @@
+#include "PackImage.h"
+
+#include <cstring>
+
+PackImage::PackImage(PayloadBuffer &memory, EntryPadding entryPadding) : bytes(memory), padding(entryPadding)
+{
+    bytes.Clear();
+}
+
+PackEntry &PackImage::AddEntry(const NarrowText &name)
+{
+    return entries.emplace_back(PackEntry{name});
+}
+
+char *PackImage::EntryData(PackEntry &entry, quint64 size)
+{
+    const quint64 padded = padding == EntryPadding::FourBytes ? RoundUpTo4(size) : size;
+    char *place = bytes.Append(padded);
+    if (!place)
+        return nullptr;
+    std::memset(place + size, 0, size_t(padded - size));
+    entry.size = quint32(size);
+    entry.paddedSize = quint32(padded);
+    entryBytes = bytes.Size();
+    return place;
+}
+
+void PackImage::BeginBlock()
+{
+    AddEntry(BLOCK_NAME).isBlock = true;
+    AddEntry({});
+}
+
+void PackImage::EndBlock()
+{
+    AddItem(BLOCK_END_KEY, ITEM_STRINGS);
+}
+
+BlockItem &PackImage::AddItem(quint32 key, ItemKind kind)
+{
+    itemStart = bytes.Size();
+    BlockItem &item = items.emplace_back();
+    item.key = key;
+    item.itemKind = kind;
+    return item;
+}
+
+char *PackImage::ExtendItem(quint64 size)
+{
+    char *place = bytes.Append(size);
+    if (place)
+        items.back().size = quint32(ItemSize());
+    return place;
+}
+
+bool PackImage::PadItem()
+{
+    const quint64 missing = RoundUpTo4(ItemSize()) - ItemSize();
+    char *place = ExtendItem(missing);
+    if (!place)
+        return false;
+    std::memset(place, 0, size_t(missing));
+    return true;
+}
+
+bool PackImage::LayOut()
+{
+    const auto computed = LayOutPayload(entries, items, quint64(base));
+    if (computed)
+        layout = *computed;
+    return computed.has_value();
+}
+
+QByteArrayView PackImage::Serialise(QByteArrayView prefix)
+{
+    const quint64 head = quint64(prefix.size()) + layout.directory + layout.table;
+    if (!bytes.EnsureFront(head))
+        return {};
+    // The entries' data, mostly an icon, moves forward and lets the table in before the items.
+    std::memmove(bytes.At(-qint64(layout.table)), bytes.At(0), size_t(entryBytes));
+    WriteBlockTable(items, bytes.At(qint64(entryBytes) - qint64(layout.table)));
+    WriteDirectory(entries, layout, bytes.At(-qint64(layout.table + layout.directory)));
+    char *const start = bytes.At(-qint64(head));
+    if (!prefix.isEmpty())
+        std::memcpy(start, prefix.data(), size_t(prefix.size()));
+    return QByteArrayView(start, qsizetype(quint64(prefix.size()) + layout.Total()));
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "PackImage.h"
+#include "Phases.h"
+
+/// One pack from its start to its end.
+struct PackRun
+{
+    CResModel &document;
+    const packinfo info;
+    PackFiles files;
+    QByteArray inputHost;
+    QByteArray outputHost;
+    PayloadBuffer memory{}; // each payload of the run lies in it, one at a time
+
+    [[nodiscard]] Environment &Env() const { return document.env; }
+};
+
+/// Runs all phases and puts the payload, behind `prefix`, into the run's memory, where it stays until the next one is
+/// built. 0 or a failure code.
+[[nodiscard]] int BuildPayload(PackRun &run, EntryPadding padding, quint64 base, QByteArrayView prefix,
+                               QByteArrayView &payload);

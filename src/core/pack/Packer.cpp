@@ -1,0 +1,73 @@
+#include "Packer.h"
+
+#include "OutputFile.h"
+#include "PackRun.h"
+#include "Paths.h"
+
+namespace
+{
+
+void TraceParameters(Environment &env, const packinfo &info)
+{
+    env.DebugTrace("Pack Parameters:");
+    env.DebugTrace("packinfo.inputfilename=%s\n", env.Shown(info.inputfilename).constData());
+    env.DebugTrace("packinfo.outputfilename=%s\n", env.Shown(info.outputfilename).constData());
+    env.DebugTrace("packinfo.packmode=%d (0=PACK_TO_TARGET, 1=PACK_TO_DLL)\n", info.packmode);
+    env.DebugTrace("packinfo.scope=%d\n", info.scope);
+    env.DebugTrace("packinfo.imageconvert=%d\n", info.imageconvert);
+    env.DebugTrace("packinfo.ver=%d\n", info.ver);
+}
+
+int RefuseSameFile(Environment &env, const packinfo &info)
+{
+    env.DebugTrace("[error] the packed file and output file cannot be same : %s",
+                   env.Shown(info.outputfilename).constData());
+    return PACK_SAME_FILE;
+}
+
+} // namespace
+
+int Packer::Pack(const packinfo &parameters, CResModel &document, std::vector<QByteArray> *inputs)
+{
+    Environment &env = document.env;
+    packinfo info = parameters;
+    env.WriteOutput("\r\npack resource started\r\n");
+    if (info.inputfilename.isEmpty()) {
+        env.DebugTrace("[error] the packed file name empty");
+        return PACK_NO_INPUT;
+    }
+    if (info.inputfilename == info.outputfilename)
+        return RefuseSameFile(env, info);
+    if (info.outputfilename.isEmpty())
+        info.outputfilename = info.inputfilename + ".pkd";
+    const QByteArray inputHost = HostPath(env.NarrowToWide(info.inputfilename));
+    const QByteArray outputHost = OutputPath(env.NarrowToWide(info.outputfilename));
+    // Another spelling, or a link: writing the output would destroy the input.
+    if (IsSameFile(inputHost, outputHost))
+        return RefuseSameFile(env, info);
+    TraceParameters(env, info);
+
+    PackRun run{document, info, PackFiles(inputs), inputHost, outputHost};
+    int code = PACK_UNKNOWN_MODE;
+    if (info.packmode == PACK_TO_TARGET)
+        code = PackToTarget(run);
+    else if (info.packmode == PACK_TO_DLL)
+        code = PackToDLL(run);
+    else
+        return code;
+    env.WriteOutput("\r\npack resource done, result=%d\r\n", code);
+    return code;
+}
+
+int BuildPayload(PackRun &run, EntryPadding padding, quint64 base, QByteArrayView prefix, QByteArrayView &payload)
+{
+    PackImage image(run.memory, padding);
+    PackContext context{run.document, run.info, image, run.files, DirectoryOf(run.document.PathName())};
+    if (const int code = ConstructResources(context))
+        return code;
+    image.base = qint64(base);
+    if (!image.LayOut())
+        return PACK_MEMORY;
+    payload = image.Serialise(prefix);
+    return payload.isNull() ? PACK_MEMORY : PACK_OK;
+}

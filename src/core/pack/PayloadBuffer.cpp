@@ -1,0 +1,59 @@
+#include "PayloadBuffer.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+#include <sys/mman.h>
+
+namespace
+{
+
+constexpr size_t FIRST_CAPACITY = size_t(32) << 20;
+constexpr quint64 LARGEST = std::numeric_limits<quint32>::max();
+
+} // namespace
+
+PayloadBuffer::PayloadBuffer(size_t frontRoom) : front(frontRoom) {}
+
+PayloadBuffer::~PayloadBuffer()
+{
+    if (memory)
+        munmap(memory, capacity);
+}
+
+bool PayloadBuffer::Grow(quint64 needed)
+{
+    if (memory && needed <= capacity)
+        return true;
+    // Addresses only: a page gets memory when it is first written to.
+    size_t wanted = std::max(capacity * 2, FIRST_CAPACITY);
+    wanted = std::max(wanted, size_t(needed));
+    void *grown =
+        memory ? mremap(memory, capacity, wanted, MREMAP_MAYMOVE)
+               : mmap(nullptr, wanted, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    if (grown == MAP_FAILED)
+        return false;
+    memory = static_cast<char *>(grown);
+    capacity = wanted;
+    return true;
+}
+
+char *PayloadBuffer::Append(quint64 size)
+{
+    if (size > LARGEST - used || !Grow(front + used + size))
+        return nullptr;
+    char *place = At(qint64(used));
+    used += size;
+    return place;
+}
+
+bool PayloadBuffer::EnsureFront(quint64 size)
+{
+    if (size <= front)
+        return Grow(front + used);
+    if (!Grow(size + used))
+        return false;
+    std::memmove(memory + size, memory + front, size_t(used));
+    front = size_t(size);
+    return true;
+}

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "Text.h"
+
+#include <optional>
+#include <vector>
+
+// The payload: what a device reads. All numbers have 32 bits, the low byte first.
+//
+//   part            size                        content
+//   directory       d, filled up to D = 4 x n   records: name, zero byte, offset (4), size (4); not aligned
+//   entry data      sum of paddedSize           each entry's bytes, in directory order
+//   block table     8 x N                       records: key (4), offset (4); the last has the key 0xFFFFFFFF
+//   block data      sum of the items' sizes     each item's bytes, in table order
+//
+// The last two entries of the directory are "zep-2.0", whose data is the table, and one with the empty name, which ends
+// it. All offsets count from `base`, the place of the payload's first byte (or 0).
+
+/// A file of the directory.
+struct PackEntry
+{
+    NarrowText name; ///< ends at its first zero byte on the device
+    quint32 offset = 0;
+    quint32 size = 0;
+    quint32 paddedSize = 0;
+    bool isBlock = false; ///< the entry of the block table; a listed file may bear its name too
+};
+
+enum ItemKind : qint32
+{
+    ITEM_STRINGS = 0,
+    ITEM_FILE = 1,
+    ITEM_IMAGE = 2,
+    ITEM_LAYOUT = 3,
+};
+
+/// A resource that is known by its number.
+struct BlockItem
+{
+    quint32 key = 0;
+    quint32 offset = 0;
+    quint32 size = 0; ///< with its zero bytes at the end; a multiple of 4
+    ItemKind itemKind = ITEM_STRINGS;
+};
+
+inline constexpr char BLOCK_NAME[] = "zep-2.0";
+inline constexpr quint32 BLOCK_END_KEY = 0xFFFFFFFF;
+inline constexpr quint32 LANGUAGE_KEY = 0xFFFF0000; ///< the language number stands in the low 16 bits
+inline constexpr quint32 BLOCK_RECORD = 8;          ///< bytes
+
+[[nodiscard]] constexpr quint64 RoundUpTo4(quint64 size)
+{
+    return (size + 3) & ~quint64(3);
+}
+
+/// Sizes of the parts, in bytes.
+struct PayloadLayout
+{
+    quint64 directory = 0; ///< D
+    quint64 entryData = 0;
+    quint64 table = 0;
+    quint64 blockData = 0;
+    quint32 tableOffset = 0; ///< counted from `base`
+
+    [[nodiscard]] quint64 Total() const { return directory + entryData + table + blockData; }
+};
+
+/// Gives every entry and item its offset, and the block's entry its size, from names and sizes alone. Nothing when an
+/// offset would need more than 32 bits.
+[[nodiscard]] std::optional<PayloadLayout> LayOutPayload(std::vector<PackEntry> &entries, std::vector<BlockItem> &items,
+                                                         quint64 base);
+
+/// Writes the directory with its padding: `layout.directory` bytes.
+void WriteDirectory(const std::vector<PackEntry> &entries, const PayloadLayout &layout, char *at);
+/// Writes the block table: `layout.table` bytes.
+void WriteBlockTable(const std::vector<BlockItem> &items, char *at);

@@ -1,0 +1,132 @@
+#include "RunTool.h"
+
+#include "Environment.h"
+#include "HostFiles.h"
+
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace
+{
+
+bool IsBlank(QChar c)
+{
+    return c == u' ' || c == u'\t';
+}
+
+bool IsFile(const QByteArray &path)
+{
+    struct stat info;
+    return stat(path.constData(), &info) == 0 && S_ISREG(info.st_mode);
+}
+
+/// Takes an unquoted program's name off the front of `rest`; empty, and no change, when no stretch of it names a file.
+QByteArray TakeProgram(QStringView &rest)
+{
+    for (qsizetype end = 1; end <= rest.size(); ++end) {
+        if (end < rest.size() && !IsBlank(rest[end]))
+            continue;
+        const QByteArray program = HostPath(rest.first(end));
+        if (IsFile(program)) {
+            rest = rest.sliced(end);
+            return program;
+        }
+    }
+    return {};
+}
+
+/// What the child starts with: the three standard files, no others, and signals as a shell would leave them.
+class SpawnSettings
+{
+public:
+    SpawnSettings()
+    {
+        posix_spawn_file_actions_init(&actions);
+        posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+        posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        posix_spawn_file_actions_addclosefrom_np(&actions, STDERR_FILENO + 1);
+        posix_spawnattr_init(&attributes);
+        posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
+        sigset_t signals;
+        sigemptyset(&signals);
+        posix_spawnattr_setsigmask(&attributes, &signals);
+        sigaddset(&signals, SIGPIPE);
+        posix_spawnattr_setsigdefault(&attributes, &signals);
+    }
+    ~SpawnSettings()
+    {
+        posix_spawn_file_actions_destroy(&actions);
+        posix_spawnattr_destroy(&attributes);
+    }
+    SpawnSettings(const SpawnSettings &) = delete;
+    SpawnSettings &operator=(const SpawnSettings &) = delete;
+
+    posix_spawn_file_actions_t actions;
+    posix_spawnattr_t attributes;
+};
+
+} // namespace
+
+std::vector<QByteArray> SplitCommandLine(QStringView commandLine)
+{
+    std::vector<QByteArray> words;
+    QStringView rest = commandLine.trimmed();
+    if (!rest.isEmpty() && rest.front() != u'"') {
+        QByteArray program = TakeProgram(rest);
+        if (!program.isEmpty())
+            words.push_back(std::move(program));
+    }
+    QString word;
+    bool quoted = false;
+    bool inWord = false;
+    for (const QChar c : rest) {
+        if (c == u'"') {
+            quoted = !quoted;
+            inWord = true;
+        } else if (IsBlank(c) && !quoted) {
+            if (inWord)
+                words.push_back(word.toUtf8());
+            word.clear();
+            inWord = false;
+        } else {
+            word += c;
+            inWord = true;
+        }
+    }
+    if (inWord)
+        words.push_back(word.toUtf8());
+    return words;
+}
+
+int RunTool(Environment &env, const QString &commandLine)
+{
+    if (env.flushOutput)
+        env.flushOutput();
+    std::vector<QByteArray> words = SplitCommandLine(commandLine);
+    if (words.empty()) {
+        env.DebugTrace("CreateProcess failed (%d)\n", ENOENT);
+        return TOOL_NOT_STARTED;
+    }
+    words.front() = HostPath(QString::fromUtf8(words.front()));
+    std::vector<char *> arguments;
+    for (QByteArray &word : words)
+        arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+
+    const SpawnSettings settings;
+    pid_t child = -1;
+    const int error =
+        posix_spawn(&child, arguments.front(), &settings.actions, &settings.attributes, arguments.data(), environ);
+    if (error != 0) {
+        env.DebugTrace("CreateProcess failed (%d)\n", error);
+        return TOOL_NOT_STARTED;
+    }
+    while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
+    }
+    return 0;
+}
