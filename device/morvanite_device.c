@@ -233,7 +233,7 @@ morvanite_result morvanite_open_language(const morvanite_item *item, morvanite_l
     if (item->size < 4)
         return MORVANITE_DAMAGED;
     count = read_u32(item->data); /* with the pair that ends the table */
-    if (count == 0 || count > (item->size - 4) / PAIR_SIZE)
+    if (count > (item->size - 4) / PAIR_SIZE)
         return MORVANITE_DAMAGED;
     if (open_table(&language->strings, item->data + 4, count) == MORVANITE_OK && language->strings.count == count - 1) {
         language->data = item->data;

@@ -144,6 +144,8 @@ TEST(DeviceReader, WalksGiveEverythingInTheOrderOfThePayload)
     EXPECT_EQ(names,
               (std::vector<std::string>{"AppLogo.img", "zep.preview_0", "zep.preview_1", "tune.mid", "zep-2.0"}));
     EXPECT_EQ(morvanite_next_entry(&open.payload, &cursor, &entry), MORVANITE_NOT_FOUND) << "the end stays the end";
+    cursor = 0xFFFFFFF0;
+    EXPECT_EQ(morvanite_next_entry(&open.payload, &cursor, &entry), MORVANITE_DAMAGED) << "no cursor of ours";
 
     std::map<std::uint32_t, std::vector<std::uint32_t>> idsOfLanguage;
     std::vector<std::uint32_t> others;
@@ -238,6 +240,8 @@ TEST(DeviceReader, Utf16BecomesUtf8)
     EXPECT_EQ(Utf8(u"a\u007F\u0080\u07FF\u0800\uFFFF"), "a\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF");
     EXPECT_EQ(Utf8(u"\U00010000\U0001F600\U0010FFFF"), "\xF0\x90\x80\x80\xF0\x9F\x98\x80\xF4\x8F\xBF\xBF");
     EXPECT_EQ(Utf8({0xD83D, u'x'}), "\xEF\xBF\xBDx");
+    EXPECT_EQ(Utf8({0xD83D, 0xE000}), "\xEF\xBF\xBD\xEE\x80\x80");
+    EXPECT_EQ(Utf8({0xDC00, 0xDC00}), "\xEF\xBF\xBD\xEF\xBF\xBD");
     EXPECT_EQ(Utf8({0xDE00, 0xD83D}), "\xEF\xBF\xBD\xEF\xBF\xBD");
     EXPECT_EQ(Utf8({0xD83D, 0xD83D, 0xDE00}), "\xEF\xBF\xBD\xF0\x9F\x98\x80");
 }
@@ -336,6 +340,27 @@ TEST(DeviceReader, OnlyTheDamagedItemIsLost)
     }
 }
 
+TEST(DeviceReader, OffsetsThatWrapRoundAreDamaged)
+{
+    // Of the payload of 120 bytes the last 20 would lie behind what 32 bits can count.
+    const std::uint32_t base = 0xFFFFFFFF - 99;
+    const OpenPayload open(PayloadBuilder().Item(1, Bytes(64)).Item(2, {1}).Base(base).Build(), base);
+    ASSERT_EQ(open.memory.Size(), 120U);
+    morvanite_item item;
+    EXPECT_EQ(morvanite_find_item(&open.payload, 1, &item), MORVANITE_DAMAGED);
+    EXPECT_EQ(morvanite_find_item(&open.payload, 2, &item), MORVANITE_DAMAGED);
+}
+
+TEST(DeviceReader, BehindAStringThereAreOnlyZeroUnits)
+{
+    const OpenPayload open(PayloadBuilder().Language(0, {{1, u"ab"}}).Build());
+    morvanite_string string;
+    ASSERT_EQ(morvanite_find_text(&open.payload, 0, 1, &string), MORVANITE_OK);
+    EXPECT_EQ(morvanite_string_unit(&string, 1), u'b');
+    for (const std::uint32_t i : {2U, 3U, 1000U, 0x80000000U, 0xFFFFFFFFU})
+        EXPECT_EQ(morvanite_string_unit(&string, i), 0) << i;
+}
+
 TEST(DeviceReader, ADirectoryThatDoesNotLeadToAWholeTableIsRefused)
 {
     const Bytes whole = PayloadBuilder().Item(1, {1}).Build(); // "zep-2.0" 28, 16; "" 28, 0; pad; the table at 28
@@ -375,7 +400,7 @@ TEST(DeviceReader, AStringTableMustFitItsItemAndHoldItsStrings)
     // count 2; (5, 20); (end, 28); "ab", a zero unit, two zero bytes
     const Bytes table = PayloadBuilder::StringTable({{5, u"ab"}});
     const auto find = [](Bytes bytes) {
-        const OpenPayload open(PayloadBuilder().Item(0xFFFF0000, std::move(bytes)).Item(1, Bytes(64, 7)).Build());
+        const OpenPayload open(PayloadBuilder().Item(0xFFFF0000, std::move(bytes)).Item(1, Bytes(64)).Build());
         morvanite_string string;
         return morvanite_find_text(&open.payload, 0, 5, &string);
     };
@@ -429,4 +454,17 @@ TEST(DeviceReader, AnAppendedPayloadIsFoundByTheEndOfTheFile)
                 << end;
         }
     }
+}
+
+TEST(DeviceReader, AMagicThatReachesIntoTheTrailerIsNone)
+{
+    Bytes file(256);
+    for (const char c : {'.', 'z', 'p', '_', 'r', 'e', 's'})
+        file.push_back(static_cast<std::uint8_t>(c));
+    PayloadBuilder::AppendU32(file, 256); // its first byte is the zero that the magic ends with
+    const ExactBytes memory(file);
+    const std::uint8_t *found = nullptr;
+    std::uint32_t size = 0;
+    std::uint32_t base = 0;
+    EXPECT_EQ(morvanite_find_appended(memory.Data(), memory.Size(), &found, &size, &base), MORVANITE_NOT_FOUND);
 }

@@ -77,3 +77,24 @@ TEST(ElfSection, CutsAndDamagedBytesAreSurvived)
         }
     }
 }
+
+TEST(ElfSection, SizesThatLeadOutsideAreDamaged)
+{
+    const Bytes whole = ElfBuilder().Section(".zp_res", Bytes(20, 7)).Build();
+    const std::size_t headers = whole.size() - 3 * 40; // of sections 0, the names and .zp_res
+
+    Bytes bytes = whole;
+    for (std::size_t i = 0; i < 4; ++i)
+        bytes[headers + 80 + 20 + i] = 0xFF; // offset and size would wrap
+    EXPECT_EQ(Find(bytes).result, MORVANITE_DAMAGED);
+
+    bytes = whole;
+    bytes[46] = 0; // the size of a section header, so that any number of them fits behind the end
+    bytes[32] = static_cast<std::uint8_t>(whole.size() & 0xFF);
+    bytes[33] = static_cast<std::uint8_t>(whole.size() >> 8);
+    EXPECT_EQ(Find(bytes).result, MORVANITE_DAMAGED);
+
+    bytes = whole;
+    --bytes[headers + 40 + 20]; // the last name loses its zero byte
+    EXPECT_EQ(Find(bytes).result, MORVANITE_NOT_FOUND);
+}
