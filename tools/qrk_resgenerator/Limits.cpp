@@ -17,10 +17,10 @@
 namespace
 {
 
-/// What the largest picture needs: 512 MiB for the file, 512 MB for the coefficients of a progressive jpg with four
-/// components (2 bytes each), 128 MB for its result. All other kinds need less: beside the file there is a result of
-/// 256 MB.
-constexpr rlim_t maxMemory = rlim_t{1536} << 20;
+/// What the largest picture needs. The usual shapes take 1.2 GiB: 512 MiB for the file, 512 MB for the coefficients of
+/// a progressive jpg with four components (2 bytes each), 128 MB for its result. One row of 64 million pixels of 8
+/// bytes takes 1.5 GiB beside the file, since libpng keeps two of them.
+constexpr rlim_t maxMemory = rlim_t{2} << 30;
 
 /// The largest pictures take some seconds.
 constexpr rlim_t maxSeconds = 60;
@@ -39,8 +39,11 @@ void Lower(__rlimit_resource resource, rlim_t soft, rlim_t hard)
     rlimit limit;
     if (getrlimit(resource, &limit) != 0)
         return;
-    limit.rlim_cur = std::min(limit.rlim_cur, soft);
     limit.rlim_max = std::min(limit.rlim_max, hard);
+    limit.rlim_cur = std::min({limit.rlim_cur, limit.rlim_max, soft});
+    // Where both were equal already the process would be killed before it could say why.
+    if (resource == RLIMIT_CPU && limit.rlim_cur == limit.rlim_max && limit.rlim_cur > 1)
+        --limit.rlim_cur;
     setrlimit(resource, &limit);
 }
 
