@@ -1,6 +1,7 @@
 #include "CommandRecord.h"
 #include "Commands.h"
 #include "Depfile.h"
+#include "HostFiles.h"
 #include "Paths.h"
 #include "RemoteCommand.h"
 
@@ -59,7 +60,7 @@ private:
                                  std::vector<QByteArray> inputs)
     {
         inputs.push_back(request.inputFile.toUtf8());
-        const auto *document = static_cast<const CResDoc *>(session.documents.FindDocument(request.projectPath));
+        auto *document = static_cast<CResDoc *>(session.documents.FindDocument(request.projectPath));
         for (const QString &file : document ? document->ProjectFiles() : QStringList())
             inputs.push_back(HostPath(file));
         const QString made = request.outputFile.isEmpty() ? request.inputFile + QStringLiteral(".pkd") : request.outputFile;

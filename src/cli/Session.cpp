@@ -1,5 +1,6 @@
 #include "Session.h"
 
+#include "HostFiles.h"
 #include "Paths.h"
 
 #include <cerrno>

@@ -18,6 +18,8 @@ public:
     bool Rename(IDPool &pool, const NarrowText &newName);
 
     [[nodiscard]] CResFolder *Folder() const { return folder; }
+    /// The next resource that bears the same ID, newest first.
+    [[nodiscard]] CBaseRes *NextHolder() const { return nextHolder; }
     /// The next resource of the folder, in its order.
     [[nodiscard]] CBaseRes *NextInFolder() const { return nextInFolder; }
 
