@@ -12,7 +12,7 @@
 #       [CONVERT_IMAGES]            pack the images in the device's format, and the previews
 #       [VER <n>])                  version number for the pack's log
 #
-# <target> gets the generated headers before it compiles and their folder as an include path. The packed file is made by
+# <target> gets the generated headers before it compiles, and a folder with copies of them as an include path. The packed file is made by
 # the target <target>_packed, which is part of a plain build. MORVANITE_CLI names the program; it is searched when unset.
 
 # Also the policies of the functions below: depfiles are in the form of 3.20.
@@ -63,16 +63,22 @@ function(_morvanite_ids_target result project header lists state)
     # The numbers come from the names alone: a picture that changes is no reason to work them out again.
     file(GLOB lists CONFIGURE_DEPENDS ${lists}/${name}.res.xml ${lists}/ref_list_${name}.txt ${folder}/config.xml)
     _morvanite_run(command ${state}/lock save ${project})
+    get_filename_component(header_name ${header} NAME)
+    get_filename_component(header_folder ${header} DIRECTORY)
+    set(copy ${state}/include/${header_name})
     if(CMAKE_GENERATOR MATCHES "Ninja")
-        set(also BYPRODUCTS ${header})
+        set(also BYPRODUCTS ${copy})
     else()
         # Make knows nothing of by-products: this is how it sees that somebody removed the header.
-        add_custom_command(OUTPUT ${header} COMMAND ${CMAKE_COMMAND} -E true)
-        set(also DEPENDS ${header})
+        add_custom_command(OUTPUT ${copy} COMMAND ${CMAKE_COMMAND} -E true)
+        set(also DEPENDS ${copy})
     endif()
+    # Every save writes the headers; what is compiled is a copy that stays as old as its text.
     add_custom_command(OUTPUT ${stamp}
         ${also}
         COMMAND ${command}
+        COMMAND ${CMAKE_COMMAND} -D FROM=${header_folder} -D TO=${state}/include
+            -P ${MORVANITE_CMAKE_DIR}/MorvaniteHeaders.cmake
         COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
         DEPENDS ${project} ${lists} ${program_files}
         COMMENT "Numbering the resources of ${name}"
@@ -112,7 +118,6 @@ function(morvanite_pack target)
         set(arg_HEADER ResID/ResID.h)
     endif()
     get_filename_component(header "${arg_HEADER}" ABSOLUTE BASE_DIR ${folder})
-    get_filename_component(header_folder ${header} DIRECTORY)
     if(NOT arg_LISTS)
         set(arg_LISTS res)
     endif()
@@ -127,7 +132,7 @@ function(morvanite_pack target)
     file(MAKE_DIRECTORY ${state})
     _morvanite_ids_target(ids ${project} ${header} ${lists} ${state})
     add_dependencies(${target} ${ids})
-    target_include_directories(${target} PRIVATE ${header_folder})
+    target_include_directories(${target} PRIVATE ${state}/include)
 
     set(options --resolution ${arg_RESOLUTION} --target ${arg_TARGET})
     if(arg_CONVERT_IMAGES)

@@ -24,6 +24,7 @@ if(NOT status EQUAL 0)
 endif()
 string(REGEX MATCHALL "[^\n]*(Warning [0-9]+:|\\[warning\\]|\\[error\\]|not exist, ignore)[^\n]*" warnings "${report}")
 if(NOT warnings STREQUAL "")
+    list(REMOVE_DUPLICATES warnings) # a pack goes through the resources twice
     string(REPLACE ";" "\n" warnings "${warnings}")
     message("${warnings}")
 endif()

@@ -91,11 +91,12 @@ builds 'a text was packed' ''
 # An ID's name: everything that includes the header is compiled again.
 sed -i 's/ID_IMAGE_FOG/ID_IMAGE_MIST/' "$app/res/weatherclock.res.xml"
 builds 'an ID changed' 'Building 2, Linking 2, Numbering 1, Packing 2'
-grep -q ID_IMAGE_MIST "$app/ResID/ResID.h" || fail 'the header does not have the new ID'
+header=$(find "$build/CMakeFiles/morvanite" -name ResID.h)
+grep -q ID_IMAGE_MIST "$header" || fail 'the header does not have the new ID'
 
-rm "$app/ResID/ResID.h"
+rm -r "$app/ResID" "$header"
 cmake --build "$build" >"$work/log" 2>&1 || fail 'the build after the header was removed failed'
-[ -s "$app/ResID/ResID.h" ] || fail 'a removed header was not written again'
+[ -s "$app/ResID/ResID.h" ] && [ -s "$header" ] || fail 'a removed header was not written again'
 builds 'the header came back' ''
 
 # Lists that weren't there, or go.

@@ -51,7 +51,8 @@ qemu-arm "$work/240x320/weatherclock.axf" >"$work/found" 2>"$work/errors" || sta
 grep -q '^weatherclock: this program carries no resources' "$work/errors" || fail 'the message for missing resources'
 
 # A damaged section ends in a message, never in a crash. The entry that leads to the items can't be done without.
-arm-linux-gnueabihf-objcopy --dump-section .zp_res="$work/section" "$app" "$work/copy.axf"
+arm-linux-gnueabihf-objcopy --dump-section .zp_res="$work/section" "$app" "$work/copy.axf" 2>"$work/log" ||
+    fail 'the section cannot be taken out'
 offset=$(arm-linux-gnueabihf-readelf -SW "$app" | sed -n 's/.*\.zp_res *[A-Z]* *[0-9a-f]* \([0-9a-f]*\) .*/\1/p')
 items=$(grep -abo 'zep-2\.0' "$work/section" | sed -n '1s/:.*//p')
 for at in 0 16 $items $((items + 8)) $((items + 12)) $((items + 20)); do
