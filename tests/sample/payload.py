@@ -1,0 +1,170 @@
+#!/usr/bin/env python3
+"""Packs the sample a second time, in Python and from the description of the format alone, and wants the same bytes.
+
+Use: payload.py MORVANITE_CLI REPOSITORY
+"""
+
+import os
+import pathlib
+import re
+import shutil
+import struct
+import subprocess
+import sys
+import tempfile
+import unittest
+import xml.etree.ElementTree
+
+REPOSITORY = pathlib.Path(sys.argv.pop())
+CLI = pathlib.Path(sys.argv.pop())
+PUSH_KINDS = {"audio": 100000, "binary": 102000, "image": 103000, "string": 104000}
+
+
+def padded(data):
+    return data + bytes(-len(data) % 4)
+
+
+class Project:
+    """The sample's project, read without Morvanite."""
+
+    def __init__(self, folder, converter):
+        self.folder, self.converter = folder, converter
+        self.root = xml.etree.ElementTree.parse(folder / "res/weatherclock.res.xml").getroot()
+        lines = (folder / "res/ref_list_weatherclock.txt").read_bytes().decode("utf-16").split("\r\n")
+        self.languages = [int(n) for n in re.findall(r"\((\d+)\)", lines[1])]
+        self.rows = [line.split("\t") for line in lines[2:] if line and not line.startswith("##")]
+        self.values = self.number()
+
+    def number(self):
+        kinds = {row[0]: (row[1], "string") for row in self.rows}
+        for element in self.root.iter():
+            if element.tag == "IMAGE":
+                kinds[element.get("id")] = (element.get("type"), "image")
+            elif element.tag == "FILE":
+                kinds[element.get("id")] = (element.get("type"), "audio" if element.text.endswith("wav") else "binary")
+        values, following = {}, {"Normal": 1, **PUSH_KINDS}
+        for name in sorted(kinds, key=str.encode):
+            push, kind = kinds[name]
+            counter = kind if push == "Push" else "Normal"
+            values[name] = following[counter]
+            following[counter] += 1
+        return values
+
+    def read(self, path, convert):
+        source = self.folder / path.replace("\\", "/")
+        if not convert or source.suffix not in (".png", ".jpg", ".gif", ".bmp"):
+            return source.read_bytes()
+        with tempfile.NamedTemporaryFile() as target:
+            subprocess.run([self.converter, "-f", "-i", source, target.name], check=True)
+            return pathlib.Path(target.name).read_bytes()
+
+    def entries(self, convert):
+        yield "AppLogo.img", (self.folder / "AppLogo.img").read_bytes()
+        if convert:
+            for number, line in enumerate((self.folder / "preview.lst").read_text().splitlines()):
+                yield f"zep.preview_{number}", self.read(line, True)
+        for line in (self.folder / "weatherclock_res.lst").read_text().splitlines():
+            yield line.split("\\")[-1], self.read(line, convert)
+
+    def strings(self, column):
+        rows = [(self.values[row[0]], row[3 + column]) for row in self.rows if row[3 + column]]
+        at = 4 + 8 * (len(rows) + 1)
+        table, texts = struct.pack("<I", len(rows) + 1), b""
+        for value, text in rows:
+            table += struct.pack("<II", value, at + len(texts))
+            texts += padded(text.encode("utf-16-le") + b"\0\0")
+        return table + struct.pack("<II", 0xFFFFFFFF, at + len(texts)) + texts
+
+    def items(self, screen, convert):
+        for column, language in enumerate(self.languages):
+            yield 0xFFFF0000 | language, self.strings(column)
+        for kind in (".wav", ".bin"):
+            for element in self.root.iter("FILE"):
+                if element.text.endswith(kind):
+                    yield self.values[element.get("id")], padded(bytes(8 if convert else 0) + self.read(element.text, False))
+        groups = [g for g in self.root.findall("RESOLUTION") if f"{g.get('width')}x{g.get('height')}" == screen]
+        for group in groups + [self.root]:
+            for element in group.findall("IMAGE"):
+                pushed = element.get("type") == "Push"
+                yield self.values[element.get("id")], padded(self.read(element.text, convert or pushed))
+
+    def payload(self, screen, convert, base, pad):
+        entries, items = list(self.entries(convert)), list(self.items(screen, convert))
+        size = sum(len(name) + 9 for name, _ in entries) + len("zep-2.0") + 9 + 9
+        directory, data, table, blocks = b"", b"", b"", b""
+        start = base + size + -size % 4
+        for name, content in entries:
+            directory += name.encode() + b"\0" + struct.pack("<II", start + len(data), len(content))
+            data += pad(content)
+        start += len(data)
+        count = 8 * (len(items) + 1)
+        directory += b"zep-2.0\0" + struct.pack("<II", start, count) + b"\0" + struct.pack("<II", start, 0)
+        for key, content in items:
+            table += struct.pack("<II", key, start + count + len(blocks))
+            blocks += content
+        return padded(directory) + data + table + struct.pack("<II", 0xFFFFFFFF, start + count + len(blocks)) + blocks
+
+
+class Payload(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+        shutil.copytree(REPOSITORY / "sample", self.folder / "sample")
+        self.project = Project(self.folder / "sample", CLI.parent / "qrk_resgenerator.exe")
+        (self.folder / "arm").mkdir()
+        (self.folder / "main.c").write_text("void _start(void); void _start(void) { for (;;) { } }\n")
+        self.input = self.folder / "clock.axf"
+        subprocess.run(["arm-linux-gnueabihf-gcc", "-nostdlib", "-static", "-o", self.input, self.folder / "main.c"],
+                       check=True)
+
+    def pack(self, screen, kind, *options):
+        """The bytes that the pack put behind those of the input."""
+        output = self.folder / "packed"
+        environment = {**os.environ, "XDG_CONFIG_HOME": str(self.folder / "config")}
+        result = subprocess.run([CLI, "pack", self.folder / "sample/weatherclock.vcproj", "--input", self.input, "--output",
+                                 output, "--resolution", screen, "--target", kind, *options],
+                                env=environment, capture_output=True, check=False)
+        self.assertEqual(result.returncode, 0, result.stdout.decode() + result.stderr.decode())
+        return output.read_bytes()[self.input.stat().st_size:]
+
+    def side_file(self):
+        return (self.folder / "arm/clock.res").read_bytes()
+
+    def assert_same(self, found, wanted):
+        """Without the megabyte that assertEqual would print."""
+        self.assertEqual(len(found), len(wanted))
+        where = next((n for n, (a, b) in enumerate(zip(found, wanted)) if a != b), None)
+        self.assertIsNone(where, "first byte that differs")
+
+    def test_every_screen_with_and_without_conversion(self):
+        for screen in ("240x320", "320x240", "480x272", "128x128"):
+            for convert in (0, 1):
+                with self.subTest(screen=screen, convert=convert):
+                    appended = self.pack(screen, "axf", "--convert-images", str(convert))
+                    wanted = self.project.payload(screen, convert, 0, padded)
+                    self.assert_same(self.side_file(), wanted)
+                    fill = bytes(-self.input.stat().st_size % 4)
+                    self.assert_same(appended[:len(fill) + len(wanted)], fill + wanted)
+
+    def test_offsets_from_the_start_of_the_file(self):
+        settings = self.folder / "config/morvanite/Morvanite.ini"
+        settings.parent.mkdir(parents=True)
+        settings.write_text("[ResID]\nrelativeoffset=0\n")
+        appended = self.pack("240x320", "axf")
+        size = self.input.stat().st_size
+        wanted = self.project.payload("240x320", 0, size + -size % 4, padded)
+        self.assert_same(appended[-size % 4:][:len(wanted)], wanted)
+        self.assert_same(self.side_file(), self.project.payload("240x320", 0, 0, padded))
+
+    def test_behind_a_dll_of_any_size(self):
+        with self.input.open("ab") as application:
+            application.write(b"odd"[:3 - self.input.stat().st_size % 4])
+        size = self.input.stat().st_size
+        appended = self.pack("320x240", "dll", "--convert-images", "1")
+        wanted = self.project.payload("320x240", 1, size + 8, bytes)
+        self.assert_same(appended, b".zp_res\0" + wanted + struct.pack("<I", size))
+
+
+if __name__ == "__main__":
+    unittest.main()
