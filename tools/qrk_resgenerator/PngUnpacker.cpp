@@ -141,7 +141,8 @@ bool Decompress(Bytes file, const PixelChunks &chunks, std::uint8_t *to, std::si
     return result == LIBDEFLATE_SUCCESS;
 }
 
-/// Moves the `size` bytes that stand at the end of `chunk`, before its checksums, forward into stored blocks.
+/// Writes an IDAT chunk of stored blocks. The `size` bytes at `from` may stand at the end of the chunk's own data: each
+/// block moves its bytes forward or leaves them where they are.
 void MakeStoredChunk(std::uint8_t *chunk, std::size_t dataSize, const std::uint8_t *from, std::size_t size)
 {
     PutU32(chunk, static_cast<std::uint32_t>(dataSize));
@@ -179,8 +180,8 @@ bool UnpackPng(Bytes file, Buffer &unpacked)
 
     const auto pixelSize = static_cast<std::size_t>(*size);
     const std::size_t blocks = (pixelSize + maxStored - 1) / maxStored;
-    const std::size_t dataSize =
-        2 + 5 * blocks + pixelSize + 4; // the checksums stay 0: libpng is told not to look at them
+    // The two checksums at the end stay 0: libpng is told not to look at them.
+    const std::size_t dataSize = 2 + 5 * blocks + pixelSize + 4;
     const std::size_t tailSize = file.size() - chunks->end;
     if (!unpacked.Allocate(chunks->begin + chunkOverhead + dataSize + tailSize))
         return false;
