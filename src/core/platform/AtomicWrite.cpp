@@ -7,7 +7,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace {
+namespace
+{
 
 /// What the symbolic links at `path` lead to, even when nothing is there yet.
 QByteArray FollowLinks(QByteArray path)
@@ -30,10 +31,15 @@ mode_t ModeOfNewFile()
     return 0666 & ~mask;
 }
 
-void SyncFolderOf(const QByteArray &path)
+QByteArray FolderOf(const QByteArray &path)
 {
     const qsizetype slash = path.lastIndexOf('/');
-    const QByteArray folder = slash < 0 ? QByteArray(".") : path.left(slash + 1);
+    return slash < 0 ? QByteArray(".") : path.left(slash + 1);
+}
+
+void SyncFolderOf(const QByteArray &path)
+{
+    const QByteArray folder = FolderOf(path);
     const FileHandle handle(open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (handle.IsOpen())
         fsync(handle.Get());
@@ -41,10 +47,7 @@ void SyncFolderOf(const QByteArray &path)
 
 bool PutInPlace(const FileTransaction::Staged &file)
 {
-    if (rename(file.temporary.constData(), file.target.constData()) != 0)
-        return false;
-    SyncFolderOf(file.target);
-    return true;
+    return rename(file.temporary.constData(), file.target.constData()) == 0;
 }
 
 } // namespace
@@ -73,8 +76,10 @@ int WriteFileAtomically(QStringView path, QByteArrayView bytes)
         FileTransaction::current->staged.push_back(staged);
         return 0;
     }
-    if (done && PutInPlace(staged))
+    if (done && PutInPlace(staged)) {
+        SyncFolderOf(target);
         return 0;
+    }
     const int error = errno;
     unlink(temporary.constData());
     return error;
@@ -96,11 +101,13 @@ FileTransaction::~FileTransaction()
 
 bool FileTransaction::Commit()
 {
-    while (!staged.empty()) {
-        if (!PutInPlace(staged.front()))
-            return false;
-        staged.erase(staged.begin());
+    size_t done = 0;
+    while (done < staged.size() && PutInPlace(staged[done]))
+        ++done;
+    for (size_t i = 0; i < done; ++i) {
+        if (i == 0 || FolderOf(staged[i].target) != FolderOf(staged[i - 1].target))
+            SyncFolderOf(staged[i].target); // once for the files of one folder
     }
-    return true;
+    staged.erase(staged.begin(), staged.begin() + ptrdiff_t(done));
+    return staged.empty();
 }
-

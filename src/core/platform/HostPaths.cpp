@@ -6,7 +6,8 @@
 #include <unistd.h>
 #include <unordered_map>
 
-namespace {
+namespace
+{
 
 struct StringHash
 {
@@ -61,6 +62,10 @@ QByteArray WithSlashes(QStringView path)
     return bytes;
 }
 
+/// How many folders are kept at a time: more than any project has, and few enough for memory when a file names
+/// thousands.
+constexpr size_t MOST_FOLDERS = 1000;
+
 } // namespace
 
 struct HostPaths::Listings
@@ -68,17 +73,46 @@ struct HostPaths::Listings
     NameMap<Listing> byFolder;
     NameMap<std::string> resolved; // folders as written, and as the host has them
 
-    Listing &Of(const std::string &folder) { return byFolder.try_emplace(folder, folder).first->second; }
+    Listing &Of(const std::string &folder)
+    {
+        if (byFolder.size() >= MOST_FOLDERS && !byFolder.contains(folder))
+            byFolder.clear();
+        return byFolder.try_emplace(folder, folder).first->second;
+    }
 
-    const std::string &ResolveFolder(std::string_view folder)
+    /// A folder as the host has it, found from its start; what lies below a folder that isn't there keeps its spelling.
+    std::string ResolveFolder(std::string_view folder)
     {
         const auto known = resolved.find(folder);
         if (known != resolved.end())
             return known->second;
         std::string host(folder);
-        if (access(host.c_str(), F_OK) != 0)
-            host = Resolve(folder);
-        return resolved.emplace(folder, std::move(host)).first->second;
+        for (size_t slash = 0; access(host.c_str(), F_OK) != 0 && slash != std::string::npos;) {
+            slash = host.find('/', slash + 1);
+            const std::string upTo = host.substr(0, slash);
+            if (access(upTo.c_str(), F_OK) == 0)
+                continue;
+            const std::string other = OtherSpelling(upTo);
+            if (other.empty())
+                break;
+            host.replace(0, upTo.size(), other);
+            slash = slash == std::string::npos ? slash : other.size();
+        }
+        if (resolved.size() >= MOST_FOLDERS)
+            resolved.clear();
+        resolved.emplace(folder, host);
+        return host;
+    }
+
+    /// The path whose last name is spelled as the host has it; empty if its folder has nothing like it.
+    std::string OtherSpelling(const std::string &path)
+    {
+        const size_t slash = path.rfind('/');
+        const std::string folder = slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
+        Listing &listing = Of(folder);
+        const std::string_view name = std::string_view(path).substr(slash == std::string::npos ? 0 : slash + 1);
+        const std::string *found = listing.readable ? listing.FindNoCase(name) : nullptr;
+        return found ? path.substr(0, path.size() - name.size()) + *found : std::string();
     }
 
     /// Splits a path, finds its folder, and gives the folder's listing and the name in it.
@@ -128,7 +162,8 @@ HostPaths::~HostPaths() = default;
 QByteArray HostPaths::Resolve(QStringView path)
 {
     const QByteArray bytes = WithSlashes(path);
-    return bytes.isEmpty() ? bytes : QByteArray::fromStdString(listings->Resolve({bytes.constData(), size_t(bytes.size())}));
+    return bytes.isEmpty() ? bytes
+                           : QByteArray::fromStdString(listings->Resolve({bytes.constData(), size_t(bytes.size())}));
 }
 
 bool HostPaths::Exists(QStringView path)

@@ -4,7 +4,8 @@
 
 #include <algorithm>
 
-namespace {
+namespace
+{
 
 constexpr qsizetype LONGEST_PATH = 520;
 
@@ -66,7 +67,7 @@ QString FileExtension(QStringView path)
 
 QString CanonicalPath(QStringView path)
 {
-    const bool rooted = path.startsWith(u'/');
+    const bool rooted = path.startsWith(u'/') || path.startsWith(u"\\\\");
     QStringList kept;
     qsizetype at = 0;
     while (at <= path.size()) {

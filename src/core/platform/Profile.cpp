@@ -4,23 +4,21 @@
 #include "Text.h"
 
 #include <QStringDecoder>
+#include <QStringEncoder>
 
-namespace {
+#include <algorithm>
 
-QString Decode(QByteArrayView bytes)
+namespace
 {
-    if (bytes.startsWith("\xFF\xFE")) {
-        QStringDecoder decode(QStringDecoder::Utf16LE);
-        return decode(bytes.sliced(2));
-    }
-    if (bytes.startsWith("\xEF\xBB\xBF"))
-        bytes = bytes.sliced(3);
-    return QString::fromUtf8(bytes);
-}
+
+constexpr char UTF16_MARK[] = "\xFF\xFE";
+constexpr char UTF8_MARK[] = "\xEF\xBB\xBF";
+constexpr qint64 LARGEST_FILE = 1 << 20; // bytes; each line takes a multiple of its length in memory
 
 QString Unquoted(QStringView value)
 {
-    const bool quoted = value.size() >= 2 && value.front() == value.back() && (value.front() == u'"' || value.front() == u'\'');
+    const bool quoted =
+        value.size() >= 2 && value.front() == value.back() && (value.front() == u'"' || value.front() == u'\'');
     return (quoted ? value.sliced(1, value.size() - 2) : value).toString();
 }
 
@@ -29,7 +27,7 @@ QString Unquoted(QStringView value)
 Profile Profile::Load(const QString &path)
 {
     QByteArray bytes;
-    if (ReadFile(path, bytes, 16 << 20) != 0)
+    if (ReadFile(path, bytes, LARGEST_FILE) != 0)
         return {};
     return Parse(bytes);
 }
@@ -37,7 +35,13 @@ Profile Profile::Load(const QString &path)
 Profile Profile::Parse(QByteArrayView bytes)
 {
     Profile profile;
-    const QString text = Decode(bytes);
+    for (const QByteArrayView mark : {QByteArrayView(UTF16_MARK), QByteArrayView(UTF8_MARK)}) {
+        if (bytes.startsWith(mark))
+            profile.mark = mark.toByteArray();
+    }
+    bytes = bytes.sliced(profile.mark.size());
+    QStringDecoder decode(profile.IsUtf16() ? QStringDecoder::Utf16LE : QStringDecoder::Utf8);
+    const QString text = decode(bytes);
     if (text.contains(u"\r\n"))
         profile.lineEnd = QStringLiteral("\r\n");
     QString section;
@@ -52,7 +56,8 @@ Profile Profile::Parse(QByteArrayView bytes)
         at = end + 1;
         const QStringView trimmed = line.trimmed();
         QString key;
-        if (trimmed.startsWith(u'[')) {
+        const bool isHead = trimmed.startsWith(u'[');
+        if (isHead) {
             const qsizetype close = trimmed.indexOf(u']');
             section = ToUpperSimple(trimmed.sliced(1, (close < 0 ? trimmed.size() : close) - 1).trimmed());
         } else if (!trimmed.startsWith(u';')) {
@@ -60,18 +65,31 @@ Profile Profile::Parse(QByteArrayView bytes)
             if (equals > 0)
                 key = ToUpperSimple(trimmed.first(equals).trimmed());
         }
-        profile.lines.append({line.toString(), section, key});
+        profile.lines.append({line.toString(), section, key, isHead});
     }
     return profile;
+}
+
+std::pair<qsizetype, qsizetype> Profile::Range(const QString &upperSection) const
+{
+    qsizetype first = 0;
+    while (first < lines.size() && !(lines[first].isHead && lines[first].section == upperSection))
+        ++first;
+    first = std::min(first + 1, lines.size());
+    qsizetype behind = first;
+    while (behind < lines.size() && !lines[behind].isHead)
+        ++behind;
+    return {first, behind};
 }
 
 const Profile::Line *Profile::Find(QStringView section, QStringView key) const
 {
     const QString upperSection = ToUpperSimple(section);
     const QString upperKey = ToUpperSimple(key);
-    for (const Line &line : lines) {
-        if (!line.key.isEmpty() && line.key == upperKey && line.section == upperSection)
-            return &line;
+    const auto [first, behind] = Range(upperSection);
+    for (qsizetype i = first; i < behind; ++i) {
+        if (!upperKey.isEmpty() && lines[i].key == upperKey)
+            return &lines[i];
     }
     return nullptr;
 }
@@ -101,9 +119,10 @@ QStringList Profile::Section(QStringView section, qsizetype limit) const
     const QString upperSection = ToUpperSimple(section);
     QStringList result;
     qsizetype used = 1;
-    for (const Line &line : lines) {
-        const QStringView text = QStringView(line.text).trimmed();
-        if (line.section != upperSection || text.isEmpty() || text.startsWith(u';') || text.startsWith(u'['))
+    const auto [first, behind] = Range(upperSection);
+    for (qsizetype i = first; i < behind; ++i) {
+        const QStringView text = QStringView(lines[i].text).trimmed();
+        if (text.isEmpty() || text.startsWith(u';'))
             continue;
         used += text.size() + 1;
         if (used > limit)
@@ -121,16 +140,14 @@ void Profile::Set(QStringView section, QStringView key, const QString &value)
         return;
     }
     const QString upperSection = ToUpperSimple(section);
-    qsizetype place = -1;
-    for (qsizetype i = 0; i < lines.size(); ++i) {
-        if (lines[i].section == upperSection && !lines[i].text.trimmed().isEmpty())
-            place = i + 1;
+    auto [first, place] = Range(upperSection);
+    if (first == lines.size() && !(first > 0 && lines.last().isHead && lines.last().section == upperSection)) {
+        lines.append({u'[' + section.toString() + u']', upperSection, {}, true});
+        first = place = lines.size();
     }
-    if (place < 0) {
-        lines.append({u'[' + section.toString() + u']', upperSection, {}});
-        place = lines.size();
-    }
-    lines.insert(place, {text, upperSection, ToUpperSimple(key)});
+    while (place > first && lines[place - 1].text.trimmed().isEmpty())
+        --place; // the empty lines in front of the next section stay there
+    lines.insert(place, {text, upperSection, ToUpperSimple(key), false});
 }
 
 QByteArray Profile::Bytes() const
@@ -138,5 +155,6 @@ QByteArray Profile::Bytes() const
     QString text;
     for (const Line &line : lines)
         text += line.text + lineEnd;
-    return text.toUtf8();
+    QStringEncoder encode(IsUtf16() ? QStringEncoder::Utf16LE : QStringEncoder::Utf8);
+    return mark + encode.encode(text);
 }

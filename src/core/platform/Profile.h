@@ -4,15 +4,18 @@
 #include <QString>
 #include <QStringList>
 
+#include <utility>
+
 /// A text file of sections, keys and values ("INI"), kept line by line: what isn't changed is written back as it was.
 ///
 /// Section and key names compare without regard to case, blanks around names and values don't count, one pair of equal
 /// quotes around a value is taken off, a line that begins with ";" is a comment. Of several equal sections or keys the
-/// first counts. Text is UTF-8 unless it begins with a UTF-16 mark.
+/// first counts, so a key that only the second of two equal sections has isn't found. Text is UTF-8 unless it begins
+/// with a UTF-16 mark.
 class Profile
 {
 public:
-    /// Reads a file; an absent or unreadable one gives an empty profile.
+    /// Reads a file; an absent or unreadable one, or one above 1 MiB, gives an empty profile.
     static Profile Load(const QString &path);
     static Profile Parse(QByteArrayView bytes);
 
@@ -28,7 +31,7 @@ public:
 
     void Set(QStringView section, QStringView key, const QString &value);
 
-    /// The whole text, lines ended as they were.
+    /// The whole text in its encoding, lines ended as they were.
     [[nodiscard]] QByteArray Bytes() const;
 
 private:
@@ -37,10 +40,16 @@ private:
         QString text;    // without its line end
         QString section; // upper case; of the section that the line is in
         QString key;     // upper case; empty unless the line is `key=value`
+        bool isHead;     // begins the section
     };
+
+    /// The lines of the first section of that name: its first, and the one behind its last.
+    [[nodiscard]] std::pair<qsizetype, qsizetype> Range(const QString &upperSection) const;
+    [[nodiscard]] bool IsUtf16() const { return mark.size() == 2; }
 
     [[nodiscard]] const Line *Find(QStringView section, QStringView key) const;
 
     QList<Line> lines;
     QString lineEnd = QStringLiteral("\n");
+    QByteArray mark; // the byte order mark that the file begins with
 };

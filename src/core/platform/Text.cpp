@@ -6,7 +6,8 @@
 #include <algorithm>
 #include <limits>
 
-namespace {
+namespace
+{
 
 char16_t Upper(char16_t c)
 {
@@ -58,6 +59,25 @@ CodePage::~CodePage()
         ucnv_close(static_cast<UConverter *>(converter));
 }
 
+namespace
+{
+
+/// Says whether each byte of ASCII text stands for itself, wherever a character may begin.
+bool KeepsAscii(UConverter *converter)
+{
+    for (char c = '\t'; c < 0x7F; ++c) {
+        const bool isText = c >= ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\x1b';
+        UErrorCode status = U_ZERO_ERROR;
+        UChar wide[4];
+        if (isText &&
+            (ucnv_toUChars(converter, wide, 4, &c, 1, &status) != 1 || U_FAILURE(status) || wide[0] != UChar(c)))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
 bool CodePage::Select(const QByteArray &name)
 {
     const QByteArray lower = name.trimmed().toLower();
@@ -78,10 +98,12 @@ bool CodePage::Select(const QByteArray &name)
     if (converter)
         ucnv_close(static_cast<UConverter *>(converter));
     converter = opened;
+    keepsAscii = opened && KeepsAscii(opened);
     return true;
 }
 
-namespace {
+namespace
+{
 
 bool IsPrivateUse(QStringView text)
 {
@@ -110,7 +132,12 @@ NarrowText CodePage::FromWide(QStringView text) const
     const StoppingConverter stopping(converter);
     NarrowText result;
     for (qsizetype i = 0; i < text.size();) {
-        const qsizetype units = text.at(i).isHighSurrogate() && i + 1 < text.size() ? 2 : 1;
+        if (keepsAscii && text.at(i).unicode() < 0x80) {
+            result.append(char(text.at(i++).unicode()));
+            continue;
+        }
+        const bool isPair = text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
+        const qsizetype units = isPair ? 2 : 1;
         char bytes[16];
         UErrorCode status = U_ZERO_ERROR;
         const int32_t size =
@@ -137,6 +164,12 @@ QString CodePage::ToWide(QByteArrayView text) const
     const char *const end = text.data() + text.size();
     while (source < end) {
         const char *const start = source;
+        while (keepsAscii && source < end && quint8(*source) < 0x80)
+            ++source;
+        if (source != start) {
+            result += QLatin1StringView(start, source - start);
+            continue;
+        }
         UErrorCode status = U_ZERO_ERROR;
         const UChar32 c = ucnv_getNextUChar(stopping.converter, &source, end, &status);
         const char32_t valid = U_FAILURE(status) || (c >= 0xE000 && c <= 0xF8FF) ? 0xFFFDu : char32_t(c);

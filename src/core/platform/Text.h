@@ -15,8 +15,8 @@ using NarrowText = QByteArray;
 /// Lower case, one character to one.
 [[nodiscard]] QString ToLowerSimple(QStringView text);
 
-/// The decimal number that a text begins with: leading blanks, a sign, digits; 0 if there is none. A number beyond 32 bits
-/// gives the nearest that fits.
+/// The decimal number that a text begins with: leading blanks, a sign, digits; 0 if there is none. A number beyond 32
+/// bits gives the nearest that fits.
 [[nodiscard]] int LeadingNumber(QStringView text);
 
 /// Conversion between wide text and the code page that stands for the ANSI one.
@@ -42,4 +42,5 @@ public:
 
 private:
     void *converter = nullptr; // UConverter, null for UTF-8
+    bool keepsAscii = false;   // ASCII goes without it; its tables shift some control characters
 };

@@ -6,68 +6,134 @@
 #include <algorithm>
 #include <cstring>
 
-namespace {
-
-constexpr int DEEPEST_NESTING = 256;     // the parser recurses
-constexpr int MOST_ATTRIBUTES = 1000;    // its attribute lists are searched one by one
-constexpr qint64 LARGEST_FILE = 1 << 30; // bytes
-constexpr int PADDING = 8;               // it reads past a cut UTF-8 sequence
-
-/// Says whether the parser can take a document: how deep its elements stand and how many attributes they have.
-///
-/// Follows the parser in what it takes for a tag, not the standard: a "<" within a tag's quotes opens nothing.
-bool IsHarmless(const char *at, const char *end, int &line)
+namespace
 {
-    int depth = 0;
-    const auto skipPast = [&](const char *mark, size_t size) {
-        while (at < end && (size_t(end - at) < size || memcmp(at, mark, size) != 0))
-            line += *at++ == '\n';
-        at = size_t(end - at) < size ? end : at + size;
-    };
-    while (at < end) {
-        const char *open = static_cast<const char *>(memchr(at, '<', size_t(end - at)));
-        const char *const stop = open ? open : end;
-        line += int(std::count(at, stop, '\n'));
-        at = stop;
-        if (!open)
-            break;
-        const QByteArrayView rest(at, end - at);
-        if (rest.startsWith("<!--")) {
-            skipPast("-->", 3);
-        } else if (rest.startsWith("<![CDATA[")) {
-            skipPast("]]>", 3);
-        } else if (rest.startsWith("<!") || rest.startsWith("<?")) {
-            skipPast(">", 1);
-        } else if (rest.startsWith("</")) {
-            --depth;
-            skipPast(">", 1);
-        } else {
-            ++at;
-            int attributes = 0;
-            char quote = 0;
-            while (at < end && (quote || *at != '>')) {
-                if (quote)
-                    quote = *at == quote ? char(0) : quote;
-                else if (*at == '"' || *at == '\'')
-                    quote = *at;
-                attributes += !quote && *at == '=';
-                line += *at++ == '\n';
-            }
-            const bool closed = at < end && at[-1] == '/';
-            if (!closed && ++depth > DEEPEST_NESTING)
-                return false;
-            if (attributes > MOST_ATTRIBUTES)
-                return false;
-        }
-    }
-    return true;
+
+constexpr int DEEPEST_NESTING = 256;       // the parser recurses
+constexpr int MOST_ATTRIBUTES = 128;       // of an element; the parser searches its list for each
+constexpr int MOST_TAGS = 4'000'000;       // the parser takes some 700 bytes for an element
+constexpr qint64 LARGEST_FILE = 256 << 20; // bytes
+constexpr int PADDING = 8;                 // it reads past a cut UTF-8 sequence
+
+bool BeginsName(char c)
+{
+    return c == '_' || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || quint8(c) >= 127;
 }
 
-/// Has the document's error set without reading anything.
-void Refuse(TiXmlDocument &document, int line)
+/// Says whether the parser can take a document: how deep its elements stand, how many there are, and how many
+/// attributes each has.
+///
+/// Follows the parser in what it takes for a tag, not the standard: a "<" within a tag's quotes opens nothing, and an
+/// end tag with nothing to end counts for nothing.
+class XmlGuard
 {
-    const QByteArray broken = QByteArray(line - 1, '\n') + "<";
+public:
+    explicit XmlGuard(QByteArrayView text) : at(text.data()), end(text.data() + text.size()) {}
+
+    bool IsHarmless()
+    {
+        while ((at = Next('<')) < end) {
+            if (++tags > MOST_TAGS || !Tag())
+                return false;
+        }
+        return true;
+    }
+
+    /// How far it got.
+    [[nodiscard]] const char *Place() const { return at; }
+
+private:
+    [[nodiscard]] const char *Next(char c) const
+    {
+        const void *found = at < end ? memchr(at, c, size_t(end - at)) : nullptr;
+        return found ? static_cast<const char *>(found) : end;
+    }
+
+    void Skip(qsizetype opening, QByteArrayView closing)
+    {
+        const QByteArrayView rest(at + opening, end - at - opening);
+        const qsizetype found = rest.indexOf(closing);
+        at = found < 0 ? end : rest.data() + found + closing.size();
+    }
+
+    bool Tag()
+    {
+        const QByteArrayView rest(at, end - at);
+        if (rest.startsWith("<!--")) {
+            Skip(4, "-->");
+        } else if (rest.startsWith("<![CDATA[")) {
+            Skip(9, "]]>");
+        } else if (rest.startsWith("<?")) {
+            const char *const start = at;
+            Skip(2, ">");
+            return HasClosedValues({start, at - start});
+        } else if (rest.startsWith("</")) {
+            depth -= depth > 0;
+            Skip(2, ">");
+        } else if (rest.size() < 2 || !BeginsName(rest[1])) {
+            Skip(1, ">");
+        } else {
+            return StartTag();
+        }
+        return true;
+    }
+
+    /// The parser looks for the end of a declaration's values behind its ">" too, and then takes other tags than these.
+    static bool HasClosedValues(QByteArrayView declaration)
+    {
+        char before = 0;
+        for (qsizetype i = 0; i < declaration.size(); ++i) {
+            const char c = declaration[i];
+            if (before == '=' && (c == '"' || c == '\'') && declaration.indexOf(c, i + 1) < 0)
+                return false;
+            if (quint8(c) > ' ')
+                before = c;
+        }
+        return true;
+    }
+
+    bool StartTag()
+    {
+        int attributes = 0;
+        for (++at; at < end && *at != '>'; ++at) {
+            attributes += *at == '=';
+            if (*at == '"' || *at == '\'') {
+                const char quote = *at++;
+                at = Next(quote);
+                if (at == end)
+                    break;
+            }
+        }
+        if (!(at < end && at[-1] == '/'))
+            ++depth;
+        return attributes <= MOST_ATTRIBUTES && depth <= DEEPEST_NESTING;
+    }
+
+    const char *at;
+    const char *end;
+    int depth = 0;
+    int tags = 0;
+};
+
+/// Has the document's error set, at some line, without reading anything.
+void Refuse(TiXmlDocument &document, qsizetype line)
+{
+    const QByteArray broken = QByteArray(line - 1, '\n') + "<a";
     document.Parse(broken.constData(), nullptr, TIXML_ENCODING_UTF8);
+}
+
+/// Ends every line with a line feed, as the parser does only when it opens a file itself.
+void UnifyLineEnds(QByteArray &text)
+{
+    if (!text.contains('\r'))
+        return;
+    char *to = text.data();
+    for (const char *from = to, *const end = to + text.size(); from < end; ++from) {
+        if (from[0] == '\r' && from + 1 < end && from[1] == '\n')
+            ++from;
+        *to++ = *from == '\r' ? '\n' : *from;
+    }
+    text.truncate(to - text.constData());
 }
 
 } // namespace
@@ -75,8 +141,10 @@ void Refuse(TiXmlDocument &document, int line)
 int LoadXml(const Environment &env, const QString &path, TiXmlDocument &document)
 {
     QByteArray bytes;
-    if (ReadFile(path, bytes, LARGEST_FILE) != 0)
+    if (ReadFile(path, bytes, LARGEST_FILE) != 0) {
+        document.SetError(TiXmlBase::TIXML_ERROR_OPENING_FILE, nullptr, nullptr, TIXML_ENCODING_UNKNOWN);
         return -1;
+    }
     return ParseXml(env, bytes, document);
 }
 
@@ -89,10 +157,11 @@ int ParseXml(const Environment &env, QByteArrayView bytes, TiXmlDocument &docume
     } else {
         text = env.NarrowToWide(bytes).toUtf8();
     }
+    UnifyLineEnds(text);
     text.append(PADDING, '\0');
-    int line = 1;
-    if (!IsHarmless(text.constData(), text.constData() + strlen(text.constData()), line)) {
-        Refuse(document, line);
+    XmlGuard guard({text.constData(), qsizetype(strlen(text.constData()))}); // the parser stops at a zero too
+    if (!guard.IsHarmless()) {
+        Refuse(document, 1 + std::count(text.constData(), guard.Place(), '\n'));
         return -2;
     }
     document.Parse(text.constData(), nullptr, TIXML_ENCODING_UTF8);
