@@ -60,7 +60,7 @@ public:
 
     bool Save(const QString &path) { return SaveXml(env, document, path); }
 
-    QString writtenStrings;  ///< the string file, if the project has strings
+    QString writtenStrings;  ///< the string file, if the project has strings and they were written
     QString obsoleteStrings; ///< the string file that it no longer has, if it has none
 
 private:
@@ -122,7 +122,10 @@ private:
         SetCurrentFolder(context.dir);
         writtenStrings = context.Absolute(path);
         doc.UnwatchFile(writtenStrings, CResDoc::WATCH_STRINGS);
-        return WriteStringFile(path, doc);
+        const int code = WriteStringFile(path, doc);
+        if (code != 0)
+            writtenStrings.clear();
+        return code;
     }
 
     const ProjectContext &context;
@@ -149,7 +152,7 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
         const int count = ++env.ErrorCount;
         env.WriteOutput("Error %d: failed to write to file \"%s\".\r\n", count, qUtf8Printable(file));
     }
-    if (code == 0 && !writer.writtenStrings.isEmpty())
+    if (!writer.writtenStrings.isEmpty())
         doc.WatchFile(writer.writtenStrings, CResDoc::WATCH_STRINGS);
     // Only now that the list on disk no longer names it, so that a failed save loses nothing.
     if (code == 0 && !writer.obsoleteStrings.isEmpty())
