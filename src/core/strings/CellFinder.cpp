@@ -1,37 +1,40 @@
 #include "CellFinder.h"
 
-namespace {
+namespace
+{
 
-constexpr int FEW = 64; // so many holders are walked faster than an index is made
+constexpr qint32 FEW = 64; // so many holders are walked faster than an index is made
+
+// Only strings stand in the folders of languages.
+CStringRes *AsString(CBaseRes *res)
+{
+    return static_cast<CStringRes *>(res);
+}
 
 } // namespace
 
-CStringRes *CellFinder::Find(const IDRecord *id, const CResFolder *folder)
+CStringRes *CellFinder::Find(const IDRecord *id, const CResFolder &folder)
 {
-    // Only strings stand in the folders of languages.
-    CStringRes *found = nullptr;
-    int walked = 0;
-    // Holders are newest first, the oldest of a folder is the one to find.
-    for (CBaseRes *res = id->holders; res && walked <= FEW; res = res->NextHolder(), ++walked) {
-        if (res->Folder() == folder)
-            found = static_cast<CStringRes *>(res);
+    if (id->refs <= FEW)
+        return AsString(folder.FindResource(id));
+    if (index.empty())
+        MakeIndex();
+    const Cells &cells = index[&folder];
+    const auto found = cells.find(id);
+    return found == cells.end() ? nullptr : found->second;
+}
+
+void CellFinder::MakeIndex()
+{
+    for (const CResFolder *folder : folders) {
+        const auto [cells, isNew] = index.try_emplace(folder);
+        for (CBaseRes *res = isNew ? folder->resources.First() : nullptr; res; res = res->NextInFolder())
+            cells->second.try_emplace(res->Id(), AsString(res));
     }
-    if (walked <= FEW)
-        return found;
-    const auto [index, isNew] = wide.try_emplace(id);
-    if (isNew) {
-        for (CBaseRes *res = id->holders; res; res = res->NextHolder())
-            index->second[res->Folder()] = static_cast<CStringRes *>(res);
-    }
-    const auto place = index->second.find(folder);
-    return place == index->second.end() ? nullptr : place->second;
 }
 
 void CellFinder::Added(CStringRes *record)
 {
-    if (wide.empty())
-        return;
-    const auto index = wide.find(record->Id());
-    if (index != wide.end())
-        index->second.try_emplace(record->Folder(), record);
+    if (!index.empty())
+        index[record->Folder()].try_emplace(record->Id(), record);
 }

@@ -4,7 +4,8 @@
 
 #include <optional>
 
-namespace {
+namespace
+{
 
 constexpr qsizetype MAX_NAME = 128;
 

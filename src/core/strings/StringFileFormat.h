@@ -10,7 +10,8 @@
 /// | 2 | ID_WORD, TYPE_WORD, DESCRIPTION_WORD, then "name(number)" for each language |
 /// | rows | the ID, PUSH_WORD or NORMAL_WORD, the description, then the text of each language |
 /// | last | END_WORD, the number of rows |
-namespace StringFileFormat {
+namespace StringFileFormat
+{
 
 inline constexpr QStringView COUNT_WORD = u"Number of Language";
 inline constexpr QStringView ID_WORD = u"String ID";

@@ -4,7 +4,8 @@
 
 static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "the buffer is looked at as it was read");
 
-namespace {
+namespace
+{
 
 constexpr qsizetype UNIT = qsizetype(sizeof(char16_t));
 constexpr qsizetype FIRST_SIZE = 256 * 1024; // stays in the processor's cache

@@ -16,8 +16,8 @@ public:
     using Source = std::function<ssize_t(void *buffer, size_t size)>;
     explicit Utf16Lines(Source bytes);
 
-    /// The next line, its line feed included; good until the next call. False when the text ends before a line feed (the
-    /// odd byte at the end of a cut file doesn't count), can't be read, or has a line of more than 1 GiB.
+    /// The next line, its line feed included; good until the next call. False when the text ends before a line feed
+    /// (the odd byte at the end of a cut file doesn't count), can't be read, or has a line of more than 1 GiB.
     [[nodiscard]] bool Next(QStringView &line);
 
 private:

@@ -1,0 +1,141 @@
+#include "Environment.h"
+#include "HostFiles.h"
+#include "ResModel.h"
+#include "StringFile.h"
+#include "StringFileFormat.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <unordered_map>
+
+using namespace StringFileFormat;
+
+static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "the text is written as it lies in memory");
+
+namespace
+{
+
+constexpr qsizetype MAX_CHARS = qsizetype(1) << 29; // a file of 1 GiB
+constexpr QStringView LINE_END = u"\r\n";
+
+/// Puts down the text of the file.
+class StringFileText
+{
+public:
+    explicit StringFileText(const CResModel &model);
+
+    /// The whole file; empty when it would be too large.
+    [[nodiscard]] QString Make();
+
+private:
+    using Cells = std::vector<const QString *>;
+    void PutHeader();
+    [[nodiscard]] bool PutRows();
+    void CollectRow(CStringRes *head);
+    void Put(QStringView first, QStringView second) { out.append(first).append(second); }
+
+    const CResModel &document;
+    const std::vector<std::unique_ptr<CResFolder>> none;
+    const std::vector<std::unique_ptr<CResFolder>> &folders;
+    std::unordered_map<qint32, std::vector<size_t>> columnsOf; // by language; a language may have several folders
+    Cells row;                                                 // the texts of one row, by folder; null: no cell
+    QString out;
+};
+
+const std::vector<std::unique_ptr<CResFolder>> &FoldersOf(const CResFolder *strings,
+                                                          const std::vector<std::unique_ptr<CResFolder>> &none)
+{
+    return strings ? strings->subfolders : none;
+}
+
+StringFileText::StringFileText(const CResModel &model)
+    : document(model), folders(FoldersOf(model.root.FindFolder(KIND_STRINGS, 2), none)), row(folders.size())
+{
+    for (size_t i = 0; i < folders.size(); ++i)
+        columnsOf[folders[i]->index].push_back(i);
+}
+
+QString StringFileText::Make()
+{
+    PutHeader();
+    if (!folders.empty() && !PutRows())
+        return {};
+    return out;
+}
+
+void StringFileText::PutHeader()
+{
+    out = QChar(BYTE_ORDER_MARK);
+    Put(COUNT_WORD, u"\t");
+    Put(QString::number(folders.empty() ? 0 : folders.size() - 1), LINE_END);
+    Put(ID_WORD, u"\t");
+    Put(TYPE_WORD, u"\t");
+    Put(DESCRIPTION_WORD, {});
+    for (size_t i = 1; i < folders.size(); ++i) {
+        Put(u"\t", folders[i]->title);
+        Put(u"(", QString::number(folders[i]->index));
+        Put(u")", {});
+    }
+    Put(LINE_END, {});
+}
+
+/// Finds the texts of a row in one walk of its chain, in the order in which `FindLanguage` looks.
+void StringFileText::CollectRow(CStringRes *head)
+{
+    std::fill(row.begin(), row.end(), nullptr);
+    const auto take = [&](const CStringRes *cell) {
+        const auto found = columnsOf.find(cell->language);
+        if (found == columnsOf.end() || row[found->second.front()])
+            return;
+        for (const size_t column : found->second)
+            row[column] = &cell->text;
+    };
+    for (const CStringRes *cell = head; cell; cell = cell->next)
+        take(cell);
+    for (const CStringRes *cell = head->prev; cell; cell = cell->prev)
+        take(cell);
+}
+
+bool StringFileText::PutRows()
+{
+    for (CBaseRes *res : folders.front()->resources) {
+        CollectRow(static_cast<CStringRes *>(res));
+        Put(document.env.NarrowToWide(res->Id()->name), u"\t");
+        Put(res->Id()->push ? PUSH_WORD : NORMAL_WORD, {});
+        for (const QString *text : row)
+            Put(u"\t", text ? QStringView(*text) : QStringView());
+        Put(LINE_END, {});
+        if (out.size() > MAX_CHARS)
+            return false;
+    }
+    Put(END_WORD, u"\t");
+    Put(QString::number(folders.front()->resources.Count()), LINE_END);
+    return true;
+}
+
+/// Says whether the file was there to be written to and the disk gave out.
+bool FellShort(int error)
+{
+    return error == ENOSPC || error == EDQUOT || error == EFBIG || error == EIO;
+}
+
+} // namespace
+
+int WriteStringFile(const QString &path, CResModel &document)
+{
+    const QString text = StringFileText(document).Make();
+    const auto *bytes = reinterpret_cast<const char *>(text.constData());
+    const int error = text.isEmpty()
+                          ? EFBIG
+                          : WriteFileAtomically(path, QByteArrayView(bytes, text.size() * qsizetype(sizeof(QChar))));
+    if (error == 0)
+        return OK;
+    if (FellShort(error)) {
+        document.env.WriteOutput("Error %d: failed to write to file \"%s\".\r\n", ++document.env.ErrorCount,
+                                 qUtf8Printable(path));
+        return CANT_WRITE;
+    }
+    document.env.WriteOutput("Error %d: failed to open file \"%s\".\r\n", ++document.env.ErrorCount,
+                             qUtf8Printable(path));
+    return CANT_OPEN;
+}
