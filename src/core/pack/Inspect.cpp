@@ -1,0 +1,108 @@
+#include "Inspect.h"
+
+#include "ByteReader.h"
+#include "HostFiles.h"
+
+#include <cstring>
+
+namespace
+{
+
+constexpr char MAGIC[8] = ".zp_res"; // with its zero byte
+constexpr qint64 LARGEST_FILE = qint64(1) << 32;
+constexpr quint64 TRAILER = 4; // bytes
+
+/// Finds the newest section ".zp_res" of a 32-bit little-endian ELF file. Empty, or what is wrong.
+QString FindSection(const ByteReader &file, quint64 &offset, quint64 &size)
+{
+    constexpr quint64 SECTION_HEADER = 40;
+    const auto table = file.U32(32);
+    const auto step = file.U16(46);
+    const auto count = file.U16(48);
+    const auto namesIndex = file.U16(50);
+    const auto header = [&](quint64 i) { return file.Slice(quint64(*table) + *step * i, SECTION_HEADER); };
+    if (!namesIndex || *namesIndex >= *count || !header(*namesIndex))
+        return QStringLiteral("an ELF file whose section table lies outside the file");
+    const ByteReader namesHeader(*header(*namesIndex));
+    const auto names = file.Slice(*namesHeader.U32(16), *namesHeader.U32(20));
+    if (!names)
+        return QStringLiteral("an ELF file whose section names lie outside the file");
+    for (quint64 i = *count; i-- > 0;) {
+        const auto bytes = header(i);
+        if (!bytes)
+            return QStringLiteral("section header %1 lies outside the file").arg(i);
+        const ByteReader section(*bytes);
+        const auto name = ByteReader(*names).Slice(*section.U32(0), sizeof MAGIC);
+        if (!name || std::memcmp(name->data(), MAGIC, sizeof MAGIC) != 0)
+            continue;
+        offset = *section.U32(16);
+        size = *section.U32(20);
+        if (!file.Slice(offset, size))
+            return QStringLiteral("section .zp_res goes from %1 to %2, behind the file's end at %3")
+                .arg(offset)
+                .arg(offset + size)
+                .arg(file.Size());
+        return {};
+    }
+    return QStringLiteral("an ELF file without a section .zp_res: it hasn't been packed");
+}
+
+/// Finds a payload that was appended behind its magic. False when the file doesn't end that way.
+bool FindAppended(const ByteReader &file, quint64 &offset, quint64 &size)
+{
+    if (file.Size() < TRAILER)
+        return false;
+    const quint64 end = file.Size() - TRAILER;
+    const quint64 input = *file.U32(end);
+    const auto magic = file.Slice(input, sizeof MAGIC);
+    if (!magic || input + sizeof MAGIC > end || std::memcmp(magic->data(), MAGIC, sizeof MAGIC) != 0)
+        return false;
+    offset = input + sizeof MAGIC;
+    size = end - offset;
+    return true;
+}
+
+/// A payload's offsets count from `expected`, or, in an ELF file, from the section.
+QString CheckBase(const InspectResult &result)
+{
+    const quint64 base = result.payload.base;
+    const bool right = result.kind == "elf"   ? base == 0 || base == result.payloadOffset
+                       : result.kind == "dll" ? base == result.payloadOffset
+                                              : base == 0;
+    if (right)
+        return {};
+    return QStringLiteral("its offsets count from %1, where %2 is wanted")
+        .arg(base)
+        .arg(result.kind == "res" ? 0 : result.payloadOffset);
+}
+
+} // namespace
+
+QString InspectFile(const QString &path, InspectResult &result)
+{
+    QByteArray bytes;
+    if (const int error = ReadFile(path, bytes, LARGEST_FILE))
+        return QStringLiteral("can't be read: ") + QString::fromLocal8Bit(std::strerror(error));
+    return InspectBytes(std::move(bytes), result);
+}
+
+QString InspectBytes(QByteArray bytes, InspectResult &result)
+{
+    result = InspectResult();
+    result.file = std::move(bytes);
+    const ByteReader file(result.file);
+    result.payloadSize = file.Size();
+    result.kind = "res";
+    if (FindAppended(file, result.payloadOffset, result.payloadSize)) {
+        result.kind = "dll";
+    } else if (result.file.startsWith("\x7F"
+                                      "ELF")) {
+        result.kind = "elf";
+        const QString wrong = FindSection(file, result.payloadOffset, result.payloadSize);
+        if (!wrong.isEmpty())
+            return wrong;
+    }
+    const auto payload = file.Slice(result.payloadOffset, result.payloadSize);
+    const QString wrong = ReadPayload(*payload, result.payload);
+    return wrong.isEmpty() ? CheckBase(result) : wrong;
+}

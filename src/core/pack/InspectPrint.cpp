@@ -1,0 +1,136 @@
+#include "Environment.h"
+#include "Inspect.h"
+
+#include <algorithm>
+
+namespace
+{
+
+/// A text in JSON's quotes (RFC 8259). A surrogate without its other half becomes U+FFFD.
+QByteArray Quoted(QStringView text)
+{
+    QByteArray result = "\"";
+    for (const char c : text.toUtf8()) {
+        if (c == '"' || c == '\\')
+            result.append('\\').append(c);
+        else if (quint8(c) < 0x20)
+            result += "\\u00" + QByteArray(1, c).toHex();
+        else
+            result += c;
+    }
+    return result + '"';
+}
+
+QByteArray Number(quint64 number)
+{
+    return QByteArray::number(number);
+}
+
+/// Appends `items` as a list, one a line, each made by `print`.
+template <typename Items, typename Print> void AppendList(QByteArray &json, const Items &items, const Print &print)
+{
+    bool first = true;
+    for (const auto &item : items) {
+        json += first ? "\n" : ",\n";
+        first = false;
+        print(item);
+    }
+    if (!first)
+        json += "\n  ";
+}
+
+/// What an item is, by the range that its key lies in.
+const char *WhatIs(quint32 key)
+{
+    if (key >= FIRST_LANGUAGE_KEY)
+        return "strings";
+    if (key >= 100000 && key < 110000) {
+        static constexpr const char *PUSH[] = {"push audio",  "push video",  "push binary", "push image", "push string",
+                                               "push string", "push string", "push string", "push string", "push"};
+        return PUSH[(key - 100000) / 1000];
+    }
+    return key == 0 ? "no number" : "file, image or layout";
+}
+
+/// Texts on one line of a listing, control characters shown.
+QByteArray OnOneLine(const QString &text)
+{
+    QByteArray result;
+    for (const char c : text.toUtf8()) {
+        if (c == '\n' || c == '\r' || c == '\t')
+            result += c == '\n' ? "\\n" : c == '\r' ? "\\r" : "\\t";
+        else
+            result += quint8(c) < 0x20 || c == 0x7F ? '?' : c;
+    }
+    return result;
+}
+
+QByteArray Column(const QByteArray &text, int width)
+{
+    return text.rightJustified(width);
+}
+
+} // namespace
+
+QByteArray InspectJson(const Environment &env, const InspectResult &result)
+{
+    const Payload &payload = result.payload;
+    QByteArray json = "{\n  \"kind\": " + Quoted(QString::fromLatin1(result.kind)) + ",\n  \"base\": " + Number(payload.base) +
+                      ",\n  \"entries\": [";
+    AppendList(json, payload.entries, [&](const DirectoryEntry &entry) {
+        json += "    {\"name\": " + Quoted(env.NarrowToWide(entry.name)) + ", \"offset\": " + Number(entry.offset) +
+                ", \"size\": " + Number(entry.size) + '}';
+    });
+    json += "],\n  \"block\": [";
+    AppendList(json, payload.block, [&](const BlockEntry &item) {
+        json += "    {\"key\": " + Number(item.key) + ", \"offset\": " + Number(item.offset) +
+                ", \"size\": " + Number(item.size) + '}';
+    });
+    json += "],\n  \"strings\": {";
+    // Of several tables of a language the first counts, as on the device.
+    std::vector<const LanguageStrings *> languages;
+    for (const LanguageStrings &language : payload.languages) {
+        if (std::none_of(languages.begin(), languages.end(),
+                         [&](const LanguageStrings *known) { return known->language == language.language; }))
+            languages.push_back(&language);
+    }
+    AppendList(json, languages, [&](const LanguageStrings *language) {
+        json += "    \"" + Number(language->language) + "\": {";
+        const char *separator = "";
+        for (const TableString &string : language->strings) {
+            json += separator;
+            json += '"' + Number(string.id) + "\": " + Quoted(string.text);
+            separator = ", ";
+        }
+        json += '}';
+    });
+    return json + "}\n}\n";
+}
+
+QByteArray InspectText(const Environment &env, const InspectResult &result)
+{
+    const Payload &payload = result.payload;
+    const QByteArray kind = result.kind == "elf"   ? "ELF file with a section .zp_res"
+                            : result.kind == "dll" ? "file with the payload behind its end"
+                                                   : "side file";
+    QByteArray text = "kind     " + result.kind + ", " + kind + "\npayload  " + Number(result.payloadSize) + " bytes at " +
+                      Number(result.payloadOffset) + ", offsets count from " + Number(payload.base) + "\n";
+    text += "\nentries  " + Number(payload.entries.size()) + "\n" + Column("offset", 12) + Column("size", 12) + "  name\n";
+    for (const DirectoryEntry &entry : payload.entries)
+        text += Column(Number(entry.offset), 12) + Column(Number(entry.size), 12) + "  " +
+                OnOneLine(env.NarrowToWide(entry.name)) + '\n';
+    text += "\nblock    " + Number(payload.block.size()) + "\n" + Column("offset", 12) + Column("size", 12) +
+            Column("key", 12) + "  what\n";
+    for (const BlockEntry &item : payload.block) {
+        const bool isLanguage = item.key >= FIRST_LANGUAGE_KEY;
+        text += Column(Number(item.offset), 12) + Column(Number(item.size), 12) +
+                Column(isLanguage ? "0x" + QByteArray::number(item.key, 16).toUpper() : Number(item.key), 12) + "  " +
+                WhatIs(item.key) + (isLanguage ? " of language " + Number(item.key & 0xFFFF) : QByteArray()) + '\n';
+    }
+    for (const LanguageStrings &language : payload.languages) {
+        text += "\nlanguage " + Number(language.language) + ", " + Number(language.strings.size()) + " strings\n";
+        for (const TableString &string : language.strings)
+            text += Column(Number(string.id), 12) + "  " + OnOneLine(string.text) + '\n';
+    }
+    return text;
+}
