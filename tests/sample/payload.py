@@ -165,6 +165,11 @@ class Payload(unittest.TestCase):
         wanted = self.project.payload("320x240", 1, size + 8, bytes)
         self.assert_same(appended, b".zp_res\0" + wanted + struct.pack("<I", size))
 
+    def test_the_icons_are_those_of_their_pictures(self):
+        for picture, icon in (("sample/art/AppLogo.png", "sample/AppLogo.img"),
+                              ("packaging/program/AppLogo.png", "packaging/program/AppLogo.img")):
+            self.assert_same((REPOSITORY / icon).read_bytes(), self.project.read(str(REPOSITORY / picture), True))
+
 
 if __name__ == "__main__":
     unittest.main()
