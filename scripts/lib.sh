@@ -4,7 +4,7 @@ say() { printf '\n== %s\n' "$*"; }
 
 # What the build and the sample need.
 BUILD_PACKAGES="g++ cmake ninja-build pkg-config ccache qt6-base-dev libtinyxml-dev libicu-dev libcli11-dev libpng-dev
-    libjpeg62-turbo-dev libgif-dev zlib1g-dev gcc-arm-linux-gnueabihf libc6-dev-armhf-cross qemu-user"
+    libjpeg62-turbo-dev libgif-dev zlib1g-dev libdeflate-dev gcc-arm-linux-gnueabihf libc6-dev-armhf-cross qemu-user"
 # What the tests need beside it.
 TEST_PACKAGES="libgtest-dev libgmock-dev librapidcheck-dev python3 llvm-14 elfutils binutils"
 # What the stricter checks need beside that.
@@ -31,7 +31,8 @@ configure_and_build() {
     local folder="$1"
     shift
     say "Building into $folder"
-    cmake -S . -B "$folder" -G Ninja -DCMAKE_C_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_COMPILER_LAUNCHER=ccache "$@" >"$folder.log" 2>&1 ||
-        { cat "$folder.log"; return 1; }
+    mkdir -p "$folder"
+    cmake -S . -B "$folder" -G Ninja -DCMAKE_C_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_COMPILER_LAUNCHER=ccache "$@" >"$folder/configure.log" 2>&1 ||
+        { cat "$folder/configure.log"; return 1; }
     cmake --build "$folder"
 }
