@@ -9,6 +9,7 @@ namespace
 {
 
 constexpr size_t FIRST_CAPACITY = size_t(32) << 20;
+constexpr size_t TOUCH_AHEAD = size_t(128) << 10;
 constexpr quint64 LARGEST = std::numeric_limits<quint32>::max();
 
 } // namespace
@@ -38,10 +39,23 @@ bool PayloadBuffer::Grow(quint64 needed)
     return true;
 }
 
+void PayloadBuffer::Touch(quint64 end)
+{
+    if (end <= touched)
+        return;
+    // One call for many pages is much cheaper than a fault for each. A system that can't do it has the faults.
+    constexpr size_t PAGE_MASK = 4095;
+    const size_t from = std::max(touched, front) & ~PAGE_MASK;
+    touched = std::min(capacity, size_t(end) + TOUCH_AHEAD) & ~PAGE_MASK;
+    if (touched > from)
+        (void)madvise(memory + from, touched - from, MADV_POPULATE_WRITE);
+}
+
 char *PayloadBuffer::Append(quint64 size)
 {
     if (size > LARGEST - used || !Grow(front + used + size))
         return nullptr;
+    Touch(front + used + size);
     char *place = At(qint64(used));
     used += size;
     return place;

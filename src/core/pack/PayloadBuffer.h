@@ -33,9 +33,11 @@ public:
 
 private:
     bool Grow(quint64 needed);
+    void Touch(quint64 end);
 
     char *memory = nullptr;
     size_t capacity = 0;
     size_t front;
     quint64 used = 0;
+    size_t touched = 0; // pages before this place have memory, from `front` on
 };

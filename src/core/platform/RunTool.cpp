@@ -75,7 +75,9 @@ public:
 std::vector<QByteArray> SplitCommandLine(QStringView commandLine)
 {
     std::vector<QByteArray> words;
-    QStringView rest = commandLine.trimmed();
+    QStringView rest = commandLine;
+    while (!rest.isEmpty() && IsBlank(rest.front()))
+        rest = rest.sliced(1);
     if (!rest.isEmpty() && rest.front() != u'"') {
         QByteArray program = TakeProgram(rest);
         if (!program.isEmpty())
