@@ -1,0 +1,52 @@
+#include "TestProject.h"
+
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// The first block of code in a page of the documents that is marked with that language.
+QByteArray Example(const char *page, const QString &language)
+{
+    QFile file(QStringLiteral(MORVANITE_DOCS "/formats/%1.md").arg(QString::fromUtf8(page)));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << page;
+    const QString text = QString::fromUtf8(file.readAll());
+    const QRegularExpression block(u"```"_s + language + u"\\n(.*?)```"_s,
+                                   QRegularExpression::DotMatchesEverythingOption);
+    const auto match = block.match(text);
+    EXPECT_TRUE(match.hasMatch()) << page;
+    return match.captured(1).toUtf8();
+}
+
+} // namespace
+
+TEST(FormatPages, TheirExampleProjectOpensAndIsSavedAsItStandsThere)
+{
+    const QByteArray list = Example("project-files", u"xml res"_s);
+    TestProject project(list);
+    project.folder.Put("demo/config.xml", Example("project-files", u"xml config"_s));
+    project.folder.Put("demo/res/ref_list_demo.txt", TestProject::StringTable({"ID_HELLO"}));
+    CResDoc *const doc = project.Open();
+    ASSERT_NE(doc, nullptr) << project.TakeOutput().constData();
+    EXPECT_EQ(project.env->ErrorCount, 0);
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_EQ(project.folder.Get("demo/res/demo.res.xml"), list);
+    EXPECT_EQ(project.folder.Get("demo/ResID/ResID.h").replace("\r\n", "\n"), Example("headers", u"c"_s));
+}
+
+TEST(FormatPages, TheirSettingsAreRead)
+{
+    const TempFolder folder;
+    folder.Put("Morvanite.ini", Example("settings", u"ini settings"_s));
+    folder.Put("sizes.ini", Example("settings", u"ini resolutions"_s));
+    folder.Put("tuvik.ini", Example("settings", u"ini languages"_s));
+    const Environment env(folder.Path());
+    EXPECT_EQ(env.settings.String("Path", "main_xml"), u"res"_s);
+    EXPECT_EQ(env.LanguageNumber(u"Deutsch"_s), 7);
+    ProcessTables tables;
+    tables.LoadOnce(env);
+    EXPECT_EQ(tables.resolutions.IndexOf(240, 320), 1);
+    EXPECT_EQ(tables.resourceTypes.size(), 2);
+}
