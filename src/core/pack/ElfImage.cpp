@@ -2,17 +2,22 @@
 
 #include "Environment.h"
 #include "HostFiles.h"
+#include "OutputFile.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace {
+namespace
+{
 
 constexpr char SECTION_NAME[8] = ".zp_res"; // with its zero byte
 constexpr quint32 TYPE_PROGBITS = 1;
 constexpr quint32 TYPE_NOBITS = 8;
 constexpr quint32 FLAG_ALLOC = 2;
+constexpr quint64 LARGEST = 0xFFFFFFFF;  // what an offset can tell
+constexpr size_t MOST_SECTIONS = 0xFFFF; // what the header's count can tell
 
 // Offsets of the header's fields.
 constexpr size_t E_PHOFF = 28;
@@ -73,52 +78,115 @@ int Fail(Environment &env, const char *text, const QByteArray &path, ElfCode cod
     return int(code);
 }
 
+int FailTooLarge(Environment &env, const QByteArray &path)
+{
+    return Fail(env, "[error] the grown file would need offsets of more than 32 bits: ", path, ElfCode::TooLarge);
+}
+
+/// What is said when a place of the file can't be gone to, or isn't there.
+struct ReadStep
+{
+    const char *seekText;
+    ElfCode seekCode;
+    const char *readText;
+    ElfCode readCode;
+};
+
+constexpr ReadStep PROGRAM_HEADERS{"[error]Could not seek file: ", ElfCode::SeekProgramHeaders,
+                                   "[error] read program head error: ", ElfCode::ReadProgramHeader};
+constexpr ReadStep SECTION_RECORD{"[error] could not seek file: ", ElfCode::SeekSectionHeader,
+                                  "[error] read section head error: ", ElfCode::ReadSectionHeader};
+constexpr ReadStep SECTION_DATA{"[error] could not seek file: ", ElfCode::SeekSectionData,
+                                "[error] could not read section data: ", ElfCode::ReadSectionData};
+
 /// The input file: reads fields at places that the file itself names.
 class ElfInput
 {
 public:
-    explicit ElfInput(const QString &path) : file(FileHandle::OpenRead(path)) {}
-    [[nodiscard]] bool IsOpen() const { return file.IsOpen(); }
-    [[nodiscard]] quint64 Size() const { return quint64(std::max<qint64>(file.Size(), 0)); }
-    [[nodiscard]] bool Holds(quint64 at, quint64 size) const { return at <= Size() && size <= Size() - at; }
-    [[nodiscard]] bool Read(quint64 at, void *buffer, size_t size) const
+    ElfInput(Environment &environment, const QString &path)
+        : env(environment), shown(path.toUtf8()), file(FileHandle::OpenRead(path))
     {
-        return lseek(file.Get(), off_t(at), SEEK_SET) >= 0 && file.Read(buffer, size) == ssize_t(size);
+    }
+
+    /// Reads the file header, and nothing else before it.
+    int ReadHeader(ElfImage &elf)
+    {
+        if (!file.IsOpen())
+            return Fail(env, "[error]Could not open file: ", shown, ElfCode::OpenRead);
+        fileSize = quint64(std::max<qint64>(file.Size(), 0));
+        elf.inputSize = fileSize;
+        if (file.Read(elf.header.data(), elf.header.size()) != ssize_t(elf.header.size()))
+            return Fail(env, "[error] read elf head fail: ", shown, ElfCode::ReadHeader);
+        return fileSize > LARGEST ? FailTooLarge(env, shown) : 0;
+    }
+
+    /// Makes sure that there are `size` bytes at `at`, and reads them where there is a `buffer` for them.
+    int Read(const ReadStep &step, quint64 at, quint64 size, char *buffer = nullptr)
+    {
+        if (lseek(file.Get(), off_t(at), SEEK_SET) < 0)
+            return Fail(env, step.seekText, shown, step.seekCode);
+        const bool there = at <= fileSize && size <= fileSize - at;
+        if (!there || (buffer && file.Read(buffer, size) != ssize_t(size)))
+            return Fail(env, step.readText, shown, step.readCode);
+        return 0;
+    }
+
+    /// The section table, and the bytes of the section with the names; those of the others are only looked for.
+    int ReadSections(ElfImage &elf)
+    {
+        const quint64 offset = Get32(elf.header.data() + E_SHOFF);
+        const quint64 step = Get16(elf.header.data() + E_SHENTSIZE);
+        const size_t count = Get16(elf.header.data() + E_SHNUM);
+        elf.sections.reserve(count + 1);
+        for (size_t i = 0; i < count; ++i) {
+            Record record;
+            if (const int code = Read(SECTION_RECORD, offset + step * i, record.size(), record.data()))
+                return code;
+            elf.sections.push_back(Decode(record));
+            const ElfImage::SectionHeader &section = elf.sections.back();
+            if (section.type == TYPE_NOBITS || section.size == 0)
+                continue;
+            const bool isNameTable = i == elf.nameTableIndex;
+            if (const int code =
+                    isNameTable ? ReadNames(elf, section) : Read(SECTION_DATA, section.offset, section.size))
+                return code;
+        }
+        return 0;
     }
 
 private:
-    FileHandle file;
+    int ReadNames(ElfImage &elf, const ElfImage::SectionHeader &section)
+    {
+        if (const int code = Read(SECTION_DATA, section.offset, section.size))
+            return code;
+        // The grown file holds the table twice.
+        if (section.size > LARGEST - fileSize)
+            return FailTooLarge(env, shown);
+        elf.nameTable.reserve(qsizetype(section.size + sizeof SECTION_NAME));
+        elf.nameTable.resize(qsizetype(section.size));
+        return Read(SECTION_DATA, section.offset, section.size, elf.nameTable.data());
+    }
+
+    Environment &env;
+    const QByteArray shown;
+    const FileHandle file;
+    quint64 fileSize = 0; // bytes
 };
 
-bool HasData(const ElfImage::SectionHeader &section)
+/// Puts the new section's name behind the others, and a record for it behind the table.
+int MakeRoom(Environment &env, const QByteArray &shown, ElfImage &elf)
 {
-    return section.type != TYPE_NOBITS && section.size != 0;
-}
-
-/// Reads the section table; the sections' bytes are only looked for, but for the name table's.
-int ReadSections(Environment &env, const ElfInput &input, const QByteArray &shown, ElfImage &elf)
-{
-    const quint64 offset = Get32(elf.header.data() + E_SHOFF);
-    const quint64 step = Get16(elf.header.data() + E_SHENTSIZE);
-    const quint16 count = Get16(elf.header.data() + E_SHNUM);
-    elf.sections.reserve(size_t(count) + 1);
-    for (quint16 i = 0; i < count; ++i) {
-        Record record;
-        const quint64 at = offset + step * i;
-        if (!input.Holds(at, record.size()) || !input.Read(at, record.data(), record.size()))
-            return Fail(env, "[error] read section head error: ", shown, ElfCode::ReadSectionHeader);
-        elf.sections.push_back(Decode(record));
-        const ElfImage::SectionHeader &section = elf.sections.back();
-        if (!HasData(section))
-            continue;
-        if (!input.Holds(section.offset, section.size))
-            return Fail(env, "[error] could not read section data: ", shown, ElfCode::ReadSectionData);
-        if (i == elf.nameTableIndex) {
-            elf.nameTable.resize(qsizetype(section.size));
-            if (!input.Read(section.offset, elf.nameTable.data(), section.size))
-                return Fail(env, "[error] could not read section data: ", shown, ElfCode::ReadSectionData);
-        }
-    }
+    if (elf.nameTable.isEmpty())
+        return Fail(env, "[error] no section name table to put the name .zp_res into: ", shown, ElfCode::NoNameTable);
+    if (elf.sections.size() >= MOST_SECTIONS)
+        return Fail(env, "[error] the section table is full, at 65535 sections: ", shown, ElfCode::TooLarge);
+    elf.nameTable.append(SECTION_NAME, sizeof SECTION_NAME);
+    quint32 &namesSize = elf.sections[elf.nameTableIndex].size;
+    ElfImage::SectionHeader section{};
+    section.name = namesSize;
+    namesSize += quint32(sizeof SECTION_NAME);
+    elf.sections.push_back(section);
+    Put16(elf.header.data() + E_SHNUM, quint16(elf.sections.size()));
     return 0;
 }
 
@@ -126,33 +194,19 @@ int ReadSections(Environment &env, const ElfInput &input, const QByteArray &show
 
 int ReadElf(Environment &env, const QString &path, ElfImage &elf)
 {
-    const QByteArray shown = path.toUtf8();
-    const ElfInput input(path);
-    if (!input.IsOpen())
-        return Fail(env, "[error]Could not open file: ", shown, ElfCode::OpenRead);
-    elf.inputSize = input.Size();
-    if (!input.Read(0, elf.header.data(), elf.header.size()))
-        return Fail(env, "[error] read elf head fail: ", shown, ElfCode::ReadHeader);
-    const quint64 programHeaders = quint64(Get16(elf.header.data() + E_PHNUM)) * ElfImage::PROGRAM_HEADER_SIZE;
-    if (programHeaders && !input.Holds(Get32(elf.header.data() + E_PHOFF), programHeaders))
-        return Fail(env, "[error] read program head error: ", shown, ElfCode::ReadProgramHeader);
-    elf.nameTableIndex = Get16(elf.header.data() + E_SHSTRNDX);
-    if (const int code = ReadSections(env, input, shown, elf))
+    elf = ElfImage();
+    ElfInput input(env, path);
+    if (const int code = input.ReadHeader(elf))
         return code;
-    if (elf.nameTable.isEmpty())
-        return Fail(env, "[error] no section name table to put the name .zp_res into: ", shown, ElfCode::NoNameTable);
-    if (elf.sections.size() == 0xFFFF)
-        return Fail(env, "[error] no room for one more section: ", shown, ElfCode::TooLarge);
-
-    ElfImage::SectionHeader &names = elf.sections[elf.nameTableIndex];
-    if (names.size > 0xFFFFFFFFu - sizeof SECTION_NAME)
-        return Fail(env, "[error] section name table too large: ", shown, ElfCode::TooLarge);
-    elf.sections.push_back({});
-    elf.sections.back().name = elf.sections[elf.nameTableIndex].size;
-    elf.nameTable.append(SECTION_NAME, sizeof SECTION_NAME);
-    elf.sections[elf.nameTableIndex].size += quint32(sizeof SECTION_NAME);
-    Put16(elf.header.data() + E_SHNUM, quint16(elf.sections.size()));
-    return 0;
+    const quint64 programHeaders = quint64(Get16(elf.header.data() + E_PHNUM)) * ElfImage::PROGRAM_HEADER_SIZE;
+    if (programHeaders) {
+        if (const int code = input.Read(PROGRAM_HEADERS, Get32(elf.header.data() + E_PHOFF), programHeaders))
+            return code;
+    }
+    elf.nameTableIndex = Get16(elf.header.data() + E_SHSTRNDX);
+    if (const int code = input.ReadSections(elf))
+        return code;
+    return MakeRoom(env, path.toUtf8(), elf);
 }
 
 int AddResSection(ElfImage &elf, QByteArrayView payload)
@@ -170,26 +224,42 @@ int SetElfLayout(Environment &env, ElfImage &elf)
     const quint64 payload = elf.PayloadOffset();
     const quint64 table = payload + quint64(elf.payload.size());
     const quint64 names = table + ElfImage::SECTION_HEADER_SIZE * elf.sections.size();
-    if (names + quint64(elf.nameTable.size()) > 0xFFFFFFFFu) {
-        env.DebugTrace("[error] the grown file would be more than 32 bits can tell");
-        return int(ElfCode::TooLarge);
-    }
+    if (names + quint64(elf.nameTable.size()) > LARGEST)
+        return FailTooLarge(env, ".zp_res");
     elf.sections.back().offset = quint32(payload);
     elf.sections[elf.nameTableIndex].offset = quint32(names);
     Put32(elf.header.data() + E_SHOFF, quint32(table));
     return 0;
 }
 
-namespace {
+namespace
+{
+
+int FailToOpen(Environment &env, const QByteArray &shown)
+{
+    const int error = errno;
+    env.DebugTrace("[error] could not open file while write data to file: %s", shown.constData());
+    return error;
+}
+
+QByteArray SectionTable(const ElfImage &elf)
+{
+    QByteArray table;
+    table.reserve(qsizetype(elf.sections.size() * ElfImage::SECTION_HEADER_SIZE));
+    for (const ElfImage::SectionHeader &section : elf.sections) {
+        const Record record = Encode(section);
+        table.append(record.data(), qsizetype(record.size()));
+    }
+    return table;
+}
 
 int AppendTail(Environment &env, const ElfImage &elf, const QByteArray &host, const QByteArray &shown)
 {
-    const FileHandle file(open(host.constData(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666));
-    if (!file.IsOpen()) {
-        const int error = errno;
-        env.DebugTrace("[error] could not open file while write data to file: %s", shown.constData());
-        return error;
-    }
+    const FileHandle file = AppendToOutput(host);
+    if (!file.IsOpen())
+        return FailToOpen(env, shown);
+    if (quint64(file.Size()) != elf.inputSize)
+        return Fail(env, "[error] the output is no copy of the input, its size differs: ", shown, ElfCode::InputChanged);
     static constexpr char ZEROS[4] = {};
     const auto failed = [&env] {
         env.DebugTrace("[error] write res data to file error.\n");
@@ -198,17 +268,11 @@ int AppendTail(Environment &env, const ElfImage &elf, const QByteArray &host, co
     if (!file.WriteAll(ZEROS, size_t(elf.PayloadOffset() - elf.inputSize)) ||
         !file.WriteAll(elf.payload.data(), size_t(elf.payload.size())))
         return failed();
-    QByteArray table;
-    table.reserve(qsizetype(elf.sections.size() * ElfImage::SECTION_HEADER_SIZE));
-    for (const ElfImage::SectionHeader &section : elf.sections) {
-        const Record record = Encode(section);
-        table.append(record.data(), qsizetype(record.size()));
-    }
+    const QByteArray table = SectionTable(elf);
+    // Goes on with the names, whose failure is the one that counts.
     if (!file.WriteAll(table.constData(), size_t(table.size())))
         env.DebugTrace("[error] write section head error: %s", shown.constData());
-    if (!file.WriteAll(elf.nameTable.constData(), size_t(elf.nameTable.size())))
-        return failed();
-    return 0;
+    return file.WriteAll(elf.nameTable.constData(), size_t(elf.nameTable.size())) ? 0 : failed();
 }
 
 } // namespace
@@ -219,12 +283,9 @@ int WriteElf(Environment &env, const ElfImage &elf, const QString &path)
     const QByteArray shown = path.toUtf8();
     if (const int code = AppendTail(env, elf, host, shown))
         return code;
-    const FileHandle file(open(host.constData(), O_RDWR | O_CLOEXEC));
-    if (!file.IsOpen()) {
-        const int error = errno;
-        env.DebugTrace("[error] could not open file while write data to file: %s", shown.constData());
-        return error;
-    }
+    const FileHandle file(open(host.constData(), O_RDWR | O_CLOEXEC | O_NONBLOCK));
+    if (!file.IsOpen())
+        return FailToOpen(env, shown);
     if (lseek(file.Get(), 0, SEEK_SET) != 0)
         return Fail(env, "[error]Could not seek file: ", shown, ElfCode::SeekProgramHeaders);
     if (!file.WriteAll(elf.header.data(), elf.header.size()))

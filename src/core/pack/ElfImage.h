@@ -21,15 +21,16 @@ enum class ElfCode : int
     SeekSectionData = -1037,
     ReadSectionData = -1038,
     WriteHeader = -1039,
-    NoNameTable = -1040, ///< no table that the new section's name could go into
-    TooLarge = -1041,    ///< more sections than 16 bits or offsets than 32 bits can tell
+    NoNameTable = -1040,  ///< no table that the new section's name could go into
+    TooLarge = -1041,     ///< more sections than 16 bits or offsets than 32 bits can tell
+    InputChanged = -1042, ///< the copy hasn't the size of the file whose tables were read
 };
 
-/// A 32-bit little-endian ELF file between reading and growing: its header and section table as they stand in the file, with
-/// the new section behind them.
+/// A 32-bit little-endian ELF file between reading and growing: its header and section table as they stand in the file,
+/// with the new section behind them.
 ///
-/// Nothing of it is tested but that its tables lie within the file. What the old sections hold stays in the file; only the
-/// name table is kept, since it grows. Format: Tool Interface Standard, Executable and Linking Format 1.2.
+/// Nothing of it is tested but that its tables lie within the file. What the old sections hold stays in the file; only
+/// the name table is kept, since it grows. Format: Tool Interface Standard, Executable and Linking Format 1.2.
 struct ElfImage
 {
     static constexpr size_t HEADER_SIZE = 52;
@@ -59,10 +60,11 @@ struct ElfImage
 /// Fills the new section's record. `payload` isn't copied. 0.
 int AddResSection(ElfImage &elf, QByteArrayView payload);
 
-/// Sets the places of the payload, the section table and the name table behind the input's end. 0, or TooLarge when the file
-/// would be more than 32 bits can tell.
+/// Sets the places of the payload, the section table and the name table behind the input's end. 0, or TooLarge when the
+/// file would be more than 32 bits can tell.
 [[nodiscard]] int SetElfLayout(Environment &env, ElfImage &elf);
 
-/// Appends the payload and the tables to the file at `path`, a copy of the input, and last rewrites its header. 0, an ElfCode, or the
-/// system's error number when it can't be opened. Until the last step the file is the input with bytes behind its end.
+/// Appends the payload and the tables to the file at `path`, a copy of the input, and last rewrites its header. 0, an
+/// ElfCode, or the system's error number when it can't be opened. Until the last step the file is the input with bytes
+/// behind its end.
 [[nodiscard]] int WriteElf(Environment &env, const ElfImage &elf, const QString &path);
