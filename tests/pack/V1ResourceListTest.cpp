@@ -114,4 +114,17 @@ TEST_F(V1ResourceListTest, ACopyGoesIntoTheFolderOfTheSelectedConfiguration)
     EXPECT_FALSE(project.Has("demo/config/demo_res.lst"));
 }
 
+TEST_F(V1ResourceListTest, TheExampleOfTheManualIsReadAndWrittenUnchanged)
+{
+    QByteArray page;
+    ASSERT_EQ(ReadFile(u"" MORVANITE_DOCS "/formats/lists.md", page), 0);
+    const qsizetype begin = page.indexOf("```text\n") + 8;
+    QByteArray example = page.mid(begin, page.indexOf("\n```", begin) - begin);
+    const V1ResourceList list = Load(example);
+    EXPECT_EQ(Paths(list),
+              QStringList({Demo("res/v1/chime.mid"), Demo("res/v1/manual.txt"), u"/opt/shared/logo.gif"_s}));
+    ASSERT_TRUE(list.Save());
+    EXPECT_EQ(project.Get("demo/demo_res.lst"), example.replace("\n", "\r\n"));
+}
+
 } // namespace
