@@ -1,7 +1,7 @@
 #include "Readers.h"
 
-/// The picture readers of the converter, told apart by their first bytes as the program does it. Pictures are kept small here,
-/// or most of the time would go into clearing memory.
+/// The picture readers of the converter, told apart by their first bytes as the program does it. Pictures are kept
+/// small here, or most of the time would go into clearing memory.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     Picture picture(1 << 18);

@@ -18,11 +18,13 @@ std::vector<std::unique_ptr<ICommand>> AllCommands()
     return commands;
 }
 
-namespace {
+namespace
+{
 
 int ParseAndRun(int argc, char **argv)
 {
-    CLI::App app{"Morvanite: manages, numbers and packs the resources of applications on small devices.", "morvanite-cli"};
+    CLI::App app{"Morvanite: manages, numbers and packs the resources of applications on small devices.",
+                 "morvanite-cli"};
     app.set_version_flag("--version", std::string("morvanite-cli ") + MORVANITE_VERSION);
     std::string debugLog;
     app.add_option("--debug-log", debugLog, "Append the developer's log to a file; \"-\" is standard error")

@@ -4,7 +4,8 @@
 
 #include <algorithm>
 
-namespace {
+namespace
+{
 
 QByteArray Escaped(const QByteArray &path)
 {

@@ -5,7 +5,8 @@
 
 #include <unistd.h>
 
-namespace {
+namespace
+{
 
 class IdsCommand : public ICommand
 {
@@ -30,7 +31,8 @@ public:
         const IDRecord *last = nullptr;
         for (const IDRecord *record : SortedIds(document->ids)) {
             if (!last || last->name != record->name)
-                session.report.WriteBytes(session.env.Shown(record->name) + '\t' + QByteArray::number(record->value) + '\n');
+                session.report.WriteBytes(session.env.Shown(record->name) + '\t' + QByteArray::number(record->value) +
+                                          '\n');
             last = record;
         }
         return EXIT_FINE;

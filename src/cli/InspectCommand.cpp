@@ -2,17 +2,20 @@
 #include "Inspect.h"
 #include "Session.h"
 
-namespace {
+namespace
+{
 
 class InspectCommand : public ICommand
 {
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *command = app.add_subcommand("inspect", "Show what a packed application, side file or DLL-side file holds");
+        CLI::App *command =
+            app.add_subcommand("inspect", "Show what a packed application, side file or DLL-side file holds");
         command->add_option("FILE", file, "A file that a pack has made")->required();
         command->add_flag("--json", json, "As JSON");
-        command->add_option("--extract", folder, "Write each entry, item and language to a file below DIR")->type_name("DIR");
+        command->add_option("--extract", folder, "Write each entry, item and language to a file below DIR")
+            ->type_name("DIR");
         return command;
     }
 

@@ -2,7 +2,8 @@
 #include "Commands.h"
 #include "RemoteCommand.h"
 
-namespace {
+namespace
+{
 
 class LoadCommand : public ICommand
 {

@@ -7,7 +7,8 @@
 
 #include <cstring>
 
-namespace {
+namespace
+{
 
 class PackCommand : public ICommand
 {
@@ -23,7 +24,8 @@ public:
         command->add_option("--convert-images", convertImages, "Not 0: convert images into the device's format");
         command->add_option("--ver", version, "A version number for the log");
         CLI::Option *depfileOption =
-            command->add_option("--depfile", depfile, "Write the files that were read, for make or ninja")->type_name("FILE");
+            command->add_option("--depfile", depfile, "Write the files that were read, for make or ninja")
+                ->type_name("FILE");
         command->add_flag("--remote", remote, "Let the running window do it")->excludes(depfileOption);
         return command;
     }
@@ -63,7 +65,8 @@ private:
         auto *document = static_cast<CResDoc *>(session.documents.FindDocument(request.projectPath));
         for (const QString &file : document ? document->ProjectFiles() : QStringList())
             inputs.push_back(HostPath(file));
-        const QString made = request.outputFile.isEmpty() ? request.inputFile + QStringLiteral(".pkd") : request.outputFile;
+        const QString made =
+            request.outputFile.isEmpty() ? request.inputFile + QStringLiteral(".pkd") : request.outputFile;
         if (const int error = WriteDepfile(path, made.toUtf8(), std::move(inputs))) {
             Complain(QStringLiteral("cannot write %1: %2").arg(path, QString::fromLocal8Bit(strerror(error))));
             return EXIT_FAILED;

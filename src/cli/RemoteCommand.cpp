@@ -2,7 +2,8 @@
 
 #include "CommandClient.h"
 
-namespace {
+namespace
+{
 
 int RunRemotely(Session &session, CommandId command, const QByteArray &record)
 {

@@ -2,15 +2,15 @@
 #include "Commands.h"
 #include "RemoteCommand.h"
 
-namespace {
+namespace
+{
 
 class SaveCommand : public ICommand
 {
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *command =
-            app.add_subcommand("save", "Open a project, number its IDs, write its headers and files");
+        CLI::App *command = app.add_subcommand("save", "Open a project, number its IDs, write its headers and files");
         command->add_option("PROJECT", project, "The project's .vcproj file")->required();
         command->add_flag("--remote", remote, "Let the running window save the project that it has open");
         return command;
@@ -35,7 +35,8 @@ public:
         if (document->lastSave.write != 0)
             Complain(path + QStringLiteral(": failed to save the resources"));
         else if (document->lastSave.generate != 0)
-            Complain(path + QStringLiteral(": failed to generate header files: more IDs of one kind than there are numbers"));
+            Complain(path +
+                     QStringLiteral(": failed to generate header files: more IDs of one kind than there are numbers"));
         return document->lastSave.write != 0 || document->lastSave.generate != 0 ? EXIT_FAILED : status;
     }
 

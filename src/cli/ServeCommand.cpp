@@ -8,7 +8,8 @@
 #include <sys/signalfd.h>
 #include <unistd.h>
 
-namespace {
+namespace
+{
 
 /// Readable once the process is asked to end.
 FileHandle EndSignals()

@@ -43,8 +43,8 @@ void Session::OpenDebugLog(const QString &debugLog)
         debugLog == u"-" ? dup(STDERR_FILENO)
                          : open(debugLog.toUtf8().constData(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666));
     if (!log->IsOpen()) {
-        Complain(QStringLiteral("cannot open the debug log %1: %2")
-                     .arg(debugLog, QString::fromLocal8Bit(strerror(errno))));
+        Complain(
+            QStringLiteral("cannot open the debug log %1: %2").arg(debugLog, QString::fromLocal8Bit(strerror(errno))));
         _exit(EXIT_WRONG_USE);
     }
     env.trace = [log](QStringView text) {

@@ -4,8 +4,8 @@
 #include "Environment.h"
 #include "StandardOutput.h"
 
-/// What every command of morvanite-cli works with: one process's environment, its documents and the command handler, with
-/// the standard output in the place of the IDE's pipe.
+/// What every command of morvanite-cli works with: one process's environment, its documents and the command handler,
+/// with the standard output in the place of the IDE's pipe.
 class Session
 {
 public:

@@ -7,7 +7,8 @@
 #include <ctime>
 #include <unistd.h>
 
-namespace {
+namespace
+{
 
 constexpr qsizetype HOLD_AT_MOST = 64 * 1024; // bytes
 constexpr qint64 HOLD_NO_LONGER = 50;         // milliseconds

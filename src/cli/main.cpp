@@ -7,7 +7,8 @@
 #include <dlfcn.h>
 #include <unistd.h>
 
-namespace {
+namespace
+{
 
 constexpr char LIBRARY[] = "libmorvanite-commands.so";
 using RunFunction = int (*)(int, char **);

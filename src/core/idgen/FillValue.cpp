@@ -5,7 +5,8 @@
 
 #include <array>
 
-namespace {
+namespace
+{
 
 constexpr quint32 LAST_NORMAL = 99999;
 
@@ -51,15 +52,16 @@ int IDGen::FillValue(Environment &env, IDPool *pool)
         first = record;
         if (!record->push) {
             if (nextNormal > LAST_NORMAL) {
-                env.DebugTrace("enter IDGen::FillValue(): ID value overflow, non-push ID cannot larger than%u", LAST_NORMAL);
+                env.DebugTrace("enter IDGen::FillValue(): ID value overflow, non-push ID cannot larger than%u",
+                               LAST_NORMAL);
                 return -2;
             }
             record->value = nextNormal++;
         } else if (record->pushKind >= 1 && size_t(record->pushKind) < ranges.size()) {
             PushRange &range = ranges[size_t(record->pushKind)];
             if (range.next > range.last) {
-                env.DebugTrace("enter IDGen::FillValue(): ID value overflow, push %s ID cannot larger than%u", range.what,
-                               range.last);
+                env.DebugTrace("enter IDGen::FillValue(): ID value overflow, push %s ID cannot larger than%u",
+                               range.what, range.last);
                 return -2;
             }
             record->value = range.next++;

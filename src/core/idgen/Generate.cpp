@@ -9,7 +9,8 @@
 
 #include <QSet>
 
-namespace {
+namespace
+{
 
 /// The headers that one run writes, and the names that stand in one already.
 class HeaderRun

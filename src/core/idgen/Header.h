@@ -11,7 +11,8 @@ public:
 
     void Define(const IDRecord &record);
     void EmptyLine() { text += '\n'; }
-    /// Ends the header and writes it to `path`, with the line ends of the device's tool chain. A failure shows nowhere but in the return value.
+    /// Ends the header and writes it to `path`, with the line ends of the device's tool chain. A failure shows nowhere
+    /// but in the return value.
     bool Write(const QString &path);
 
 private:

@@ -10,8 +10,8 @@ class IDPool;
 class IDGen
 {
 public:
-    /// Gives every ID its value from the byte order of the names. 0; -1 without a pool; -2 when a range overflows, and then
-    /// the IDs visited so far have their new values.
+    /// Gives every ID its value from the byte order of the names. 0; -1 without a pool; -2 when a range overflows, and
+    /// then the IDs visited so far have their new values.
     [[nodiscard]] static int FillValue(Environment &env, IDPool *pool);
 
     /// Numbers, and writes the headers into `outputFolder` unless that is empty. 0, or FillValue's failure, and then no

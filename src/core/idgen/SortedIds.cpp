@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <cstring>
 
-namespace {
+namespace
+{
 
-/// A record and the bytes of its name behind the part that all names share, so that most comparisons need no look into the
-/// name itself.
+/// A record and the bytes of its name behind the part that all names share, so that most comparisons need no look into
+/// the name itself.
 struct Keyed
 {
     quint64 head;

@@ -37,7 +37,8 @@ void CResFolder::DestroyContents()
     }
 }
 
-namespace {
+namespace
+{
 
 template <typename Test> CResFolder *FindWhere(const CResFolder &below, int depth, const Test &test)
 {
@@ -137,8 +138,8 @@ bool CResFolder::DeleteResource(const IDRecord *resId)
 
 bool CResFolder::DeleteFolder(CResFolder *folder)
 {
-    const auto found = std::find_if(subfolders.begin(), subfolders.end(),
-                                    [&](const auto &owned) { return owned.get() == folder; });
+    const auto found =
+        std::find_if(subfolders.begin(), subfolders.end(), [&](const auto &owned) { return owned.get() == folder; });
     if (found == subfolders.end())
         return false;
     const std::unique_ptr<CResFolder> taken = std::move(*found);

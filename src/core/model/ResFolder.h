@@ -76,7 +76,8 @@ public:
     qint32 index = -1; ///< resolution index or language number, else -1
     QString title;
 
-    /// The first folder below this one of that kind, depth first, each before its children; `depth` levels are searched.
+    /// The first folder below this one of that kind, depth first, each before its children; `depth` levels are
+    /// searched.
     [[nodiscard]] CResFolder *FindFolder(quint32 wanted, int depth) const;
     [[nodiscard]] CResFolder *FindFolder(quint32 wanted, qint32 wantedIndex, int depth) const;
     [[nodiscard]] CResFolder *FindFolder(quint32 wanted, const QString &wantedTitle, int depth) const;
@@ -93,7 +94,8 @@ public:
     bool DeleteFolder(CResFolder *folder);
     bool Clear();
 
-    /// The head counts as the folder's own only after its folder is asked: hands a resource out again. Null if not here.
+    /// The head counts as the folder's own only after its folder is asked: hands a resource out again. Null if not
+    /// here.
     [[nodiscard]] std::unique_ptr<CBaseRes> TakeResource(CBaseRes *res);
 
 private:

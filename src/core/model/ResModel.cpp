@@ -84,7 +84,7 @@ std::unique_ptr<CStringRes> CResModel::CreateDetachedStringRes(const NarrowText 
 std::unique_ptr<CFileRes> CResModel::CreateDefaultFileRes(const CResFolder &folder, const QString &path)
 {
     const quint32 kind = folder.kind == KIND_FILES || folder.kind <= KIND_BINARY ? ClassifyFile(KIND_FILES, path)
-                                                                                : folder.kind & ~KIND_FLAG_RESO;
+                                                                                 : folder.kind & ~KIND_FLAG_RESO;
     const char *key = "binary_id";
     const char *fallback = "ID_FILE_%s";
     if (kind == KIND_IMAGES) {
@@ -130,7 +130,8 @@ CResFolder *CResModel::UseFolder(quint32 kind, qint32 index)
     return folder;
 }
 
-namespace {
+namespace
+{
 
 /// True when `list` (in lower case) has the pattern "*.ext" and not merely a longer one that begins with it.
 bool HasPattern(const QString &list, const QString &pattern)

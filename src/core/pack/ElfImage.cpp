@@ -259,7 +259,8 @@ int AppendTail(Environment &env, const ElfImage &elf, const QByteArray &host, co
     if (!file.IsOpen())
         return FailToOpen(env, shown);
     if (quint64(file.Size()) != elf.inputSize)
-        return Fail(env, "[error] the output is no copy of the input, its size differs: ", shown, ElfCode::InputChanged);
+        return Fail(env, "[error] the output is no copy of the input, its size differs: ", shown,
+                    ElfCode::InputChanged);
     static constexpr char ZEROS[4] = {};
     const auto failed = [&env] {
         env.DebugTrace("[error] write res data to file error.\n");

@@ -68,8 +68,8 @@ public:
     using Factory = std::function<std::unique_ptr<CDocument>()>;
     explicit CDocManager(Factory documentFactory) : factory(std::move(documentFactory)) {}
 
-    /// Opens a path into a new document, or gives the open one of that path. Null when it doesn't load: the document has
-    /// then reported it (ReportSaveLoadException) and is closed. Keeps ownership.
+    /// Opens a path into a new document, or gives the open one of that path. Null when it doesn't load: the document
+    /// has then reported it (ReportSaveLoadException) and is closed. Keeps ownership.
     CDocument *OpenDocumentFile(const QString &path);
     /// The first open document of that path, without regard to case; null if there is none.
     [[nodiscard]] CDocument *FindDocument(const QString &path) const;

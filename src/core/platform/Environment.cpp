@@ -6,7 +6,8 @@
 #include <cstdio>
 #include <unistd.h>
 
-namespace {
+namespace
+{
 
 constexpr qsizetype LOG_LIMIT = 511; // what a buffer of 512 holds beside its terminator
 constexpr qsizetype LOG_KEEP = 508;

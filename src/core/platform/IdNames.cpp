@@ -1,6 +1,7 @@
 #include "IdNames.h"
 
-namespace {
+namespace
+{
 
 bool IsAsciiWordChar(QChar c)
 {

@@ -21,8 +21,8 @@
 /// `path` with "." and ".." resolved and "/" as separator; a leading ".." stays.
 [[nodiscard]] QString CanonicalPath(QStringView path);
 
-/// Joins a relative `path` to `base`, in the host's form. False, and no change, when the result would be longer than 520
-/// characters. A path that isn't relative stays unchanged.
+/// Joins a relative `path` to `base`, in the host's form. False, and no change, when the result would be longer than
+/// 520 characters. A path that isn't relative stays unchanged.
 bool MakeAbsolute(QString &path, const QString &base);
 
 /// Turns a path inside `base` into one that begins with ".\". True: `path` may be stored as it now stands.

@@ -12,7 +12,8 @@ public:
     [[nodiscard]] QString String(const char *section, const char *key, const char *fallback = "") const;
     [[nodiscard]] int Int(const char *section, const char *key, int fallback) const;
 
-    /// Changes a key in the program's file where that is writable, else in the user's. False when neither can be written.
+    /// Changes a key in the program's file where that is writable, else in the user's. False when neither can be
+    /// written.
     bool Write(const QString &section, const QString &key, const QString &value);
 
 private:

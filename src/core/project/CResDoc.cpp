@@ -11,7 +11,8 @@
 
 #include <utility>
 
-namespace {
+namespace
+{
 
 constexpr int CAUSE_BAD_DOCUMENT = 7;
 constexpr int OLDEST_VERSION = 20;
@@ -59,8 +60,9 @@ bool CResDoc::BuildFolderTree(const QString &path)
     ReadConfig(env, path, config);
     if (config.zepVersion < OLDEST_VERSION) {
         if (services.Explain)
-            services.Explain(path + QStringLiteral(": its configuration (config.xml beside it) is missing, can't be read, or "
-                                                   "has a zepversion below 20"));
+            services.Explain(path +
+                             QStringLiteral(": its configuration (config.xml beside it) is missing, can't be read, or "
+                                            "has a zepversion below 20"));
         return false;
     }
     const int own = tables.resolutions.IndexOf(config.width, config.height);
@@ -248,7 +250,8 @@ void CResDoc::ChooseFiles(quint32 mask, bool multiSelect, const QString &initial
         if (!(mask & entry.bit))
             continue;
         const QString patterns = env.settings.String("FileType", entry.key, entry.patterns);
-        filter += QStringLiteral("%1%2 (%3)|%3").arg(QLatin1String(count++ ? "|" : ""), QLatin1String(entry.name), patterns);
+        filter +=
+            QStringLiteral("%1%2 (%3)|%3").arg(QLatin1String(count++ ? "|" : ""), QLatin1String(entry.name), patterns);
     }
     if (mask & KIND_BINARY)
         filter += QStringLiteral("%1All Files (*.*)|*.*").arg(QLatin1String(count++ ? "|" : ""));

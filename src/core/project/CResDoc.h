@@ -9,8 +9,8 @@
 
 class CResDoc;
 
-/// Watches every node of a document and marks it modified. Linked to the document only once it is loaded, so that reading
-/// leaves it clean.
+/// Watches every node of a document and marks it modified. Linked to the document only once it is loaded, so that
+/// reading leaves it clean.
 class CResSpy : public IEspia
 {
 public:
@@ -51,8 +51,8 @@ public:
     // The framework's operations.
     bool OnNewDocument() override { return false; }
     void Serialize(bool loading) override;
-    /// Numbers the IDs, writes the headers and the project. Always true: failures show in the output, in `lastSave`, and,
-    /// when no command is running, in a box.
+    /// Numbers the IDs, writes the headers and the project. Always true: failures show in the output, in `lastSave`,
+    /// and, when no command is running, in a box.
     bool OnSaveDocument(const QString &path) override;
     void OnCloseDocument() override;
     void ReportSaveLoadException(const QString &path, const ArchiveException &exception, bool saving) override;

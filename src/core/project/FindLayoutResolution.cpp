@@ -5,7 +5,8 @@
 
 #include <cstring>
 
-namespace {
+namespace
+{
 
 int IntAttribute(const TiXmlElement &element, const char *name)
 {

@@ -4,7 +4,8 @@
 #include "Paths.h"
 #include "Xml.h"
 
-namespace {
+namespace
+{
 
 /// The number that an element's text begins with; 0 for an element without one.
 qint32 NumberIn(const TiXmlElement &element)

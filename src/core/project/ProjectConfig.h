@@ -13,6 +13,6 @@ struct ProjectConfig
     qint32 height = 0;
 };
 
-/// Fills what the configuration of the project at `path` (its ".vcproj" file) has; leaves the rest, and all of it when the
-/// file can't be read.
+/// Fills what the configuration of the project at `path` (its ".vcproj" file) has; leaves the rest, and all of it when
+/// the file can't be read.
 void ReadConfig(const Environment &env, const QString &path, ProjectConfig &config);

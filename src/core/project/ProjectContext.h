@@ -26,8 +26,8 @@ private:
     [[nodiscard]] QString ResourceFolder() const;
 };
 
-/// Reads the resource list of a project into the document's tree. 0, or the code of what stopped it: -1 can't be opened, -2 not
-/// well-formed, 11 no resource list, or the string file's.
+/// Reads the resource list of a project into the document's tree. 0, or the code of what stopped it: -1 can't be
+/// opened, -2 not well-formed, 11 no resource list, or the string file's.
 [[nodiscard]] int ReadProject(const QString &path, CResDoc &doc);
 
 /// Writes the resource list and the string file and commits `files`, with what else was written to it. 0; -3 if a file

@@ -6,7 +6,8 @@
 #include "StringFile.h"
 #include "Xml.h"
 
-namespace {
+namespace
+{
 
 constexpr int CANNOT_WRITE = -3;
 
@@ -46,9 +47,10 @@ public:
             if (const int code = Write(*subfolder, *inner))
                 return code;
         }
-        const char *tag = folder.kind == KIND_RESO_IMAGES                                                      ? "IMAGE"
-                          : folder.kind == KIND_AUDIO || folder.kind == KIND_VIDEO || folder.kind == KIND_BINARY ? "FILE"
-                                                                                                               : nullptr;
+        const char *tag = folder.kind == KIND_RESO_IMAGES ? "IMAGE"
+                          : folder.kind == KIND_AUDIO || folder.kind == KIND_VIDEO || folder.kind == KIND_BINARY
+                              ? "FILE"
+                              : nullptr;
         if (tag) {
             for (const CBaseRes *res : folder.resources)
                 AddFileRes(*inner, tag, static_cast<const CFileRes &>(*res));

@@ -9,8 +9,10 @@ class IUserInterface
 {
 public:
     virtual void MessageBox(const QString &text) = 0;
-    /// A dialog for existing files. `filter` has the form "Name|*.a; *.b|...||"; the entry `selectedFilter` (from 1) is chosen.
-    virtual QStringList OpenFileDialog(const QString &filter, int selectedFilter, bool multiSelect, const QString &initialName) = 0;
+    /// A dialog for existing files. `filter` has the form "Name|*.a; *.b|...||"; the entry `selectedFilter` (from 1) is
+    /// chosen.
+    virtual QStringList OpenFileDialog(const QString &filter, int selectedFilter, bool multiSelect,
+                                       const QString &initialName) = 0;
 
 protected:
     ~IUserInterface() = default;
