@@ -1,13 +1,22 @@
 #include "IDPool.h"
 
+#include <bit>
 #include <string_view>
+#include <utility>
 
-size_t IDPool::Hash::operator()(const NarrowText &name) const noexcept
+namespace
+{
+
+constexpr size_t FEWEST_BUCKETS = 16;
+
+size_t HashOf(const NarrowText &name)
 {
     return std::hash<std::string_view>()({name.constData(), size_t(name.size())});
 }
 
-IDPool::IDPool()
+} // namespace
+
+IDPool::IDPool() : buckets(FEWEST_BUCKETS)
 {
     sentinel.scope = -16;
     sentinel.prev = sentinel.next = &sentinel;
@@ -22,29 +31,76 @@ IDPool::~IDPool()
 
 void IDPool::Reserve(size_t more)
 {
-    byName.reserve(byName.size() + more);
+    if (names + more > buckets.size())
+        Rehash(std::bit_ceil(names + more));
+}
+
+void IDPool::Rehash(size_t size)
+{
+    std::vector<IDRecord *> old(size);
+    old.swap(buckets);
+    for (IDRecord *first : old) {
+        while (first) {
+            IDRecord *&bucket = buckets[first->hash & (size - 1)];
+            IDRecord *const next = first->nextInBucket;
+            first->nextInBucket = bucket;
+            bucket = first;
+            first = next;
+        }
+    }
+}
+
+IDRecord **IDPool::LinkOf(const NarrowText &name, size_t hash)
+{
+    IDRecord **link = &buckets[hash & (buckets.size() - 1)];
+    while (*link && ((*link)->hash != hash || (*link)->name != name))
+        link = &(*link)->nextInBucket;
+    return link;
+}
+
+IDRecord *IDPool::Oldest(const NarrowText &name, size_t hash) const
+{
+    return *const_cast<IDPool *>(this)->LinkOf(name, hash);
 }
 
 void IDPool::Index(IDRecord *record)
 {
-    IDRecord *&oldest = byName.try_emplace(record->name, nullptr).first->second;
-    IDRecord **place = &oldest;
-    while (*place && (*place)->serial < record->serial)
-        place = &(*place)->nextOfName;
-    record->nextOfName = *place;
-    *place = record;
+    record->hash = HashOf(record->name);
+    IDRecord **link = LinkOf(record->name, record->hash);
+    IDRecord *const oldest = *link;
+    if (!oldest) {
+        *link = record;
+        if (++names > buckets.size())
+            Rehash(buckets.size() * 2);
+    } else if (oldest->serial > record->serial) {
+        *link = record;
+        record->nextInBucket = std::exchange(oldest->nextInBucket, nullptr);
+        record->nextOfName = oldest;
+    } else {
+        IDRecord **place = &oldest->nextOfName;
+        while (*place && (*place)->serial < record->serial)
+            place = &(*place)->nextOfName;
+        record->nextOfName = std::exchange(*place, record);
+    }
 }
 
 void IDPool::Unindex(IDRecord *record)
 {
-    const auto found = byName.find(record->name);
-    IDRecord **place = &found->second;
-    while (*place != record)
-        place = &(*place)->nextOfName;
-    *place = record->nextOfName;
-    record->nextOfName = nullptr;
-    if (!found->second)
-        byName.erase(found);
+    IDRecord **link = LinkOf(record->name, record->hash);
+    IDRecord *const inBucket = std::exchange(record->nextInBucket, nullptr);
+    IDRecord *const next = std::exchange(record->nextOfName, nullptr);
+    if (*link != record) {
+        IDRecord **place = &(*link)->nextOfName;
+        while (*place != record)
+            place = &(*place)->nextOfName;
+        *place = next;
+    } else if (next) {
+        *link = next;
+        next->nextInBucket = inBucket;
+    } else {
+        *link = inBucket;
+        --names;
+    }
 }
 
 void IDPool::Unlink(IDRecord *record)
@@ -56,18 +112,14 @@ void IDPool::Unlink(IDRecord *record)
 
 IDRecord *IDPool::FindName(const NarrowText &name)
 {
-    if (name.isEmpty())
-        return &sentinel;
-    const auto found = byName.find(name);
-    return found == byName.end() ? nullptr : found->second;
+    return name.isEmpty() ? &sentinel : Oldest(name, HashOf(name));
 }
 
 IDRecord *IDPool::Find(const NarrowText &name, qint16 scope)
 {
     if (name.isEmpty() && scope == sentinel.scope)
         return &sentinel;
-    const auto found = byName.find(name);
-    IDRecord *record = found == byName.end() ? nullptr : found->second;
+    IDRecord *record = Oldest(name, HashOf(name));
     while (record && record->scope != scope)
         record = record->nextOfName;
     return record;
@@ -75,20 +127,25 @@ IDRecord *IDPool::Find(const NarrowText &name, qint16 scope)
 
 bool IDPool::HasSeveral(const NarrowText &name) const
 {
-    const auto found = byName.find(name);
-    return found != byName.end() && found->second->nextOfName;
+    const IDRecord *oldest = Oldest(name, HashOf(name));
+    return oldest && oldest->nextOfName;
 }
 
-bool IDPool::IsTaken(const NarrowText &name, qint16 scope)
+bool IDPool::IsTaken(const NarrowText &name, size_t hash, qint16 scope) const
 {
-    if (scope == ANY_RESOLUTION && FindName(name))
-        return true;
-    return Find(name, scope) || Find(name, ANY_RESOLUTION);
+    const IDRecord *record = Oldest(name, hash);
+    if (name.isEmpty() && (scope == ANY_RESOLUTION || scope == sentinel.scope))
+        return true; // the sentinel bears it
+    if (scope == ANY_RESOLUTION)
+        return record;
+    while (record && record->scope != scope && record->scope != ANY_RESOLUTION)
+        record = record->nextOfName;
+    return record;
 }
 
 IDRecord *IDPool::Allocate(const NarrowText &name, qint16 scope)
 {
-    if (unique && IsTaken(name, scope))
+    if (unique && IsTaken(name, HashOf(name), scope))
         return nullptr;
     auto *record = new IDRecord;
     record->name = name;
@@ -107,7 +164,7 @@ bool IDRecord::Rename(IDPool &pool, const NarrowText &newName)
 {
     if (name == newName)
         return true;
-    if (pool.IsTaken(newName, scope))
+    if (pool.IsTaken(newName, HashOf(newName), scope))
         return false;
     if (owner)
         owner->Unindex(this);

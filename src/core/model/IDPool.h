@@ -2,7 +2,7 @@
 
 #include "Text.h"
 
-#include <unordered_map>
+#include <vector>
 
 class CBaseRes;
 class IDPool;
@@ -25,8 +25,8 @@ inline constexpr qint16 ANY_RESOLUTION = -1;
 class IDRecord
 {
 public:
-    NarrowText name;      ///< at most 64 characters; change it only through `Rename`
-    quint32 value = 0;    ///< 0 until IDs are numbered; never stored
+    NarrowText name;               ///< at most 64 characters; change it only through `Rename`
+    quint32 value = 0;             ///< 0 until IDs are numbered; never stored
     qint16 scope = ANY_RESOLUTION; ///< a resolution index, or ANY_RESOLUTION
     qint32 refs = 1;
     qint32 pushKind = PUSH_NONE;
@@ -50,13 +50,15 @@ private:
 
     IDPool *owner = nullptr;
     quint64 serial = 0;               // rises with the place in the pool
+    size_t hash = 0;                  // of the name
     IDRecord *nextOfName = nullptr;   // next newer record of the same name
+    IDRecord *nextInBucket = nullptr; // oldest record of another name; set for the oldest of a name only
 };
 
 /// The live IDs of one document, oldest first.
 ///
-/// A name may stand once per resolution; with scope ANY_RESOLUTION it shuts out the same name everywhere. Owns nothing: a
-/// record lives while it has holders. Look-ups are hashed. Main thread only.
+/// A name may stand once per resolution; with scope ANY_RESOLUTION it shuts out the same name everywhere. Owns nothing:
+/// a record lives while it has holders. Look-ups are hashed. Main thread only.
 ///
 ///     IDRecord *logo = pool.Allocate("ID_IMAGE_LOGO", 2);   // null: the name is taken
 class IDPool
@@ -86,15 +88,18 @@ public:
 
 private:
     friend class IDRecord;
-    [[nodiscard]] bool IsTaken(const NarrowText &name, qint16 scope);
+    [[nodiscard]] bool IsTaken(const NarrowText &name, size_t hash, qint16 scope) const;
+    [[nodiscard]] IDRecord *Oldest(const NarrowText &name, size_t hash) const;
+    /// The link that leads to the oldest record of a name, or to nothing at the end of the name's bucket.
+    [[nodiscard]] IDRecord **LinkOf(const NarrowText &name, size_t hash);
     void Index(IDRecord *record);
     void Unindex(IDRecord *record);
     void Unlink(IDRecord *record);
+    void Rehash(size_t size);
 
-    struct Hash
-    {
-        size_t operator()(const NarrowText &name) const noexcept;
-    };
-    std::unordered_map<NarrowText, IDRecord *, Hash> byName; // the oldest of each name
+    // A hash table of our own, since a project of 100,000 names spends a good part of its loading here: the standard's
+    // would copy each name and look each up four times.
+    std::vector<IDRecord *> buckets; // a power of two of them, each the oldest records of its names
+    size_t names = 0;
     quint64 nextSerial = 1;
 };

@@ -8,8 +8,9 @@
 
 /// Turns paths into what the file system wants, for the length of one operation.
 ///
-/// "\" becomes "/". Where no file has the exact name each component is matched without regard to case, so projects born on
-/// a file system without case keep opening. A folder is listed once per object, so don't keep one longer than an operation.
+/// "\" becomes "/". Where no file has the exact name each component is matched without regard to case, so projects born
+/// on a file system without case keep opening. A folder is listed once per object, so don't keep one longer than an
+/// operation.
 class HostPaths
 {
 public:
@@ -21,6 +22,7 @@ public:
 
     /// Says whether a file or folder is there, by the listings.
     [[nodiscard]] bool Exists(QStringView path);
+    [[nodiscard]] bool Exists(QByteArray utf8);
 
 private:
     struct Listings;
@@ -34,12 +36,12 @@ private:
 /// Reads a file whole. 0, or the system's error number (EFBIG above `limit` bytes).
 [[nodiscard]] int ReadFile(QStringView path, QByteArray &bytes, qint64 limit = qint64(1) << 31);
 
-/// Replaces a file in one step: written beside it, synced, renamed over it; mode and symbolic link stay. 0, or the system's
-/// error number, and then the old file is as it was.
+/// Replaces a file in one step: written beside it, synced, renamed over it; mode and symbolic link stay. 0, or the
+/// system's error number, and then the old file is as it was.
 [[nodiscard]] int WriteFileAtomically(QStringView path, QByteArrayView bytes);
 
-/// Holds back all replacements by `WriteFileAtomically` until they are committed together, so that a save that fails in its
-/// second file leaves the first as it was. One at a time in the process.
+/// Holds back all replacements by `WriteFileAtomically` until they are committed together, so that a save that fails in
+/// its second file leaves the first as it was. One at a time in the process.
 class FileTransaction
 {
 public:
@@ -48,7 +50,8 @@ public:
     FileTransaction(const FileTransaction &) = delete;
     FileTransaction &operator=(const FileTransaction &) = delete;
 
-    /// Puts all written files into their places, in the order of writing. False when the system refused one; those before it have changed.
+    /// Puts all written files into their places, in the order of writing. False when the system refused one; those
+    /// before it have changed.
     [[nodiscard]] bool Commit();
 
     /// A written file that waits for its place.
@@ -75,7 +78,8 @@ public:
     [[nodiscard]] bool IsOpen() const { return fd >= 0; }
     [[nodiscard]] int Get() const { return fd; }
 
-    /// Opens for reading, matching names without regard to case where need be. Not open: errno tells why. Folders are refused.
+    /// Opens for reading, matching names without regard to case where need be. Not open: errno tells why. Folders are
+    /// refused.
     static FileHandle OpenRead(QStringView path);
     /// The file's size, or -1.
     [[nodiscard]] qint64 Size() const;

@@ -1,5 +1,6 @@
 #include "HostFiles.h"
 
+#include <cerrno>
 #include <dirent.h>
 #include <string>
 #include <sys/stat.h>
@@ -26,6 +27,7 @@ std::string LowerUtf8(std::string_view name)
 struct Listing
 {
     bool readable = false;
+    bool missing = false;       // there is no such folder
     NameMap<bool> names;        // false: a symbolic link, which may lead nowhere
     NameMap<std::string> lower; // made at the first look that needs it
     bool hasLower = false;
@@ -33,6 +35,7 @@ struct Listing
     explicit Listing(const std::string &folder)
     {
         DIR *dir = opendir(folder.c_str());
+        missing = !dir && (errno == ENOENT || errno == ENOTDIR);
         if (!dir)
             return;
         readable = true;
@@ -149,9 +152,13 @@ struct HostPaths::Listings
         std::string folder;
         std::string_view name;
         Listing &listing = Locate(path, folder, name);
+        if (listing.missing)
+            return false;
         const auto exact = listing.names.find(name);
         if (exact != listing.names.end() && exact->second)
             return true;
+        if (listing.readable && exact == listing.names.end() && !name.empty() && !listing.FindNoCase(name))
+            return false;
         return access(Resolve(path).c_str(), F_OK) == 0;
     }
 };
@@ -168,8 +175,13 @@ QByteArray HostPaths::Resolve(QStringView path)
 
 bool HostPaths::Exists(QStringView path)
 {
-    const QByteArray bytes = WithSlashes(path);
-    return !bytes.isEmpty() && listings->Exists({bytes.constData(), size_t(bytes.size())});
+    return Exists(path.toUtf8());
+}
+
+bool HostPaths::Exists(QByteArray utf8)
+{
+    utf8.replace('\\', '/');
+    return !utf8.isEmpty() && listings->Exists({utf8.constData(), size_t(utf8.size())});
 }
 
 QByteArray HostPath(QStringView path)

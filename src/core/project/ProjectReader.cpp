@@ -9,7 +9,8 @@
 
 #include <cstring>
 
-namespace {
+namespace
+{
 
 constexpr int WRONG_FORMAT = 11;
 
@@ -118,7 +119,7 @@ private:
         if (!IsValidIdName(QString::fromUtf8(id))) {
             const int count = ++env.ErrorCount;
             env.WriteOutput("Error %d: invalid ID format - [%s] (Line %d).\r\n", count, id, LineOf(element));
-        } else if (*text && !hostPaths.Exists(QString::fromUtf8(text))) {
+        } else if (*text && !hostPaths.Exists(QByteArray(text))) {
             const int count = ++env.WarningCount;
             env.WriteOutput("Warning %d: file not found - [%s] (Line %d).\r\n", count, id, LineOf(element));
         }
