@@ -34,7 +34,6 @@ public:
     {
         ReportPipe pipe;
         CommandHandler handler(session.env, session.documents, pipe);
-        session.env.flushOutput = [&pipe] { pipe.Flush(); };
         session.services.GetCommandID = [&handler](const QString &path) { return handler.GetCommandID(&path); };
 
         CommandServer server([&handler](quint32 id, QByteArrayView record) { return handler.Handle(id, record); });

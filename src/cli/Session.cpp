@@ -27,7 +27,6 @@ Session::Session(const QString &debugLog)
       handler(env, documents, report)
 {
     OpenDebugLog(debugLog);
-    env.flushOutput = [this] { report.Flush(); };
     services.GetCommandID = [this](const QString &path) { return handler.GetCommandID(&path); };
     services.Explain = [this](const QString &text) {
         report.Flush();
