@@ -1,5 +1,8 @@
 # What run.sh, test.sh and .ci/run share. Source it from the top of the tree.
 
+# Another clone of this tree finds what this one has compiled.
+export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
+
 say() { printf '\n== %s\n' "$*"; }
 
 # What the build and the sample need.
