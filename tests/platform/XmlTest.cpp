@@ -73,6 +73,8 @@ TEST_F(Xml, BrokenTextIsAnErrorOrIgnoredAndNeverACrash)
     EXPECT_EQ(Parse("<a b=\"\xf0\x9f"), -2);
     EXPECT_EQ(Parse("<a/>\xf0"), 0);
     EXPECT_EQ(Parse(QByteArray("<a>\0</a>", 8)), -2);
+    EXPECT_EQ(Parse(QByteArray("<a>\xef\0x</a>", 10)), -2) << "a zero ends the text even within a character";
+    EXPECT_EQ(Parse(QByteArray("<a>\xf0\0", 5) + QByteArray("<b>").repeated(100'000)), -2);
     EXPECT_EQ(Parse("<a>\n\n<b>\n</a>"), -2);
     EXPECT_EQ(document.ErrorRow(), 4);
     Parse(QByteArray(10 << 20, '<'));

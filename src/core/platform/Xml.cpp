@@ -157,13 +157,16 @@ int ParseXml(const Environment &env, QByteArrayView bytes, TiXmlDocument &docume
     } else {
         text = env.NarrowToWide(bytes).toUtf8();
     }
+    // The parser stops at a zero, but not at one within what begins like a character of several bytes.
+    if (const qsizetype zero = text.indexOf('\0'); zero >= 0)
+        text.truncate(zero);
     UnifyLineEnds(text);
-    text.append(PADDING, '\0');
-    XmlGuard guard({text.constData(), qsizetype(strlen(text.constData()))}); // the parser stops at a zero too
+    XmlGuard guard(text);
     if (!guard.IsHarmless()) {
         Refuse(document, 1 + std::count(text.constData(), guard.Place(), '\n'));
         return -2;
     }
+    text.append(PADDING, '\0');
     document.Parse(text.constData(), nullptr, TIXML_ENCODING_UTF8);
     return document.Error() ? -2 : 0;
 }
