@@ -18,7 +18,7 @@ QByteArray WithSlashes(QStringView path)
 }
 
 /// Opens `found.host`, and says what is there. The error number when it isn't open.
-int OpenHost(PackFile &found)
+int Look(PackFile &found)
 {
     // Not blocking, so that a pipe in the place of a file doesn't hang the program.
     found.file = FileHandle(open(found.host.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
@@ -43,13 +43,18 @@ QByteArray AbsoluteHost(const QByteArray &host)
 
 PackFile PackFiles::Open(QStringView path)
 {
+    return OpenHost(WithSlashes(path));
+}
+
+PackFile PackFiles::OpenHost(const QByteArray &host)
+{
     PackFile found;
-    found.host = WithSlashes(path);
-    if (OpenHost(found) == ENOENT && !path.isEmpty()) {
-        QByteArray other = paths.Resolve(path);
-        if (other != found.host) {
+    found.host = host;
+    if (Look(found) == ENOENT && !host.isEmpty()) {
+        QByteArray other = paths.Resolve(QString::fromUtf8(host));
+        if (other != host) {
             found.host = std::move(other);
-            OpenHost(found);
+            Look(found);
         }
     }
     if (found.file.IsOpen())
@@ -61,7 +66,7 @@ PackFile PackFiles::OpenMade(const QByteArray &host)
 {
     PackFile found;
     found.host = host;
-    OpenHost(found);
+    Look(found);
     return found;
 }
 

@@ -26,6 +26,8 @@ public:
 
     /// A relative path counts from the current folder.
     [[nodiscard]] PackFile Open(QStringView path);
+    /// The same for a path in the host's form.
+    [[nodiscard]] PackFile OpenHost(const QByteArray &host);
     /// The same for a file that this pack has made itself: exactly that name, and no input.
     [[nodiscard]] static PackFile OpenMade(const QByteArray &host);
     /// The absolute host path of something that is there, counted as read; empty when there is nothing.
