@@ -16,6 +16,8 @@ using namespace StringFileFormat;
 namespace
 {
 
+constexpr qint64 MAX_EXPECTED_ROWS = 1 << 17; // a first row of a few characters promises too many
+
 /// For a %s of the log, which shows no more than this of it anyway.
 QByteArray Shown(QStringView text)
 {
@@ -33,16 +35,17 @@ int ReadStringFile(const QString &path, CResModel &document)
         return CANT_OPEN;
     }
     document.env.WriteOutput("Loading strings from \"%s\"...\r\n", Shown(path).constData());
-    return StringFileReader(document, [&](void *buffer, size_t size) { return file.Read(buffer, size); }).Read();
+    return StringFileReader(document, [&](void *buffer, size_t size) { return file.Read(buffer, size); })
+        .Read(file.Size());
 }
 
-int StringFileReader::Read()
+int StringFileReader::Read(qint64 size)
 {
     int languages = 0;
     int code = ReadCount(languages);
     if (code == OK)
         code = ReadColumns(languages);
-    return code == OK ? ReadRows() : code;
+    return code == OK ? ReadRows(size) : code;
 }
 
 int StringFileReader::LineError()
@@ -135,10 +138,14 @@ CResFolder *StringFileReader::EnsureFolder(qint32 index, const QString &title)
     return folder;
 }
 
-int StringFileReader::ReadRows()
+int StringFileReader::ReadRows(qint64 size)
 {
     QStringView line;
     while (lines.Next(line)) {
+        if (rows == 0 && size > 0) {
+            document.ids.Reserve(size_t(qMin(size / (line.size() * 2), MAX_EXPECTED_ROWS)));
+            size = 0;
+        }
         if (EqualsNoCase(FieldCursor(line).Next(), END_WORD))
             return OK;
         ReadRow(line);
@@ -201,8 +208,10 @@ void StringFileReader::MakeCell(CResFolder &folder, std::unique_ptr<CStringRes> 
         cell->Id()->pushKind = PUSH_STRING;
     }
     folder.AddResource(std::move(made));
-    if (!text.isEmpty())
-        cell->SetText(text.toString());
+    if (!text.isEmpty()) {
+        cell->text = text.toString(); // what SetText does, without a look at the old text and a copy of the new
+        cell->NotifyChanged();
+    }
     if (previous)
         previous->LinkBehind(cell);
     cells.Added(cell);

@@ -17,15 +17,16 @@ class StringFileReader
 public:
     StringFileReader(CResModel &model, Utf16Lines::Source bytes) : document(model), lines(std::move(bytes)) {}
 
-    /// 0, or the code of the failure, which has been logged; what was read by then stays in the tree.
-    [[nodiscard]] int Read();
+    /// 0, or the code of the failure, which has been logged; what was read by then stays in the tree. `size` is how
+    /// many bytes are likely to come, 0 if nobody knows.
+    [[nodiscard]] int Read(qint64 size = 0);
     /// How many rows were read whole.
     [[nodiscard]] int Rows() const { return rows; }
 
 private:
     [[nodiscard]] int ReadCount(int &languages);
     [[nodiscard]] int ReadColumns(int languages);
-    [[nodiscard]] int ReadRows();
+    [[nodiscard]] int ReadRows(qint64 size);
     void ReadRow(QStringView line);
     void MakeCell(CResFolder &folder, std::unique_ptr<CStringRes> made, QStringView text, CStringRes *previous,
                   bool push);
