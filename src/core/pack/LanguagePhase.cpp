@@ -7,59 +7,115 @@
 namespace
 {
 
-constexpr quint64 RECORD = 8; // ID, offset
+constexpr quint64 RECORD = 8;      // ID, offset
+constexpr size_t TEXTS_AHEAD = 16; // so many texts are on their way from memory while one is copied
 
-/// Builds the table of the strings as the last item of `image`, at its size exactly:
+/// What a table needs of a string.
+struct TableString
+{
+    const char16_t *text;
+    quint32 units;
+    quint32 id;
+};
+
+/// The strings of a language, gathered for its table.
+struct LanguageStrings
+{
+    qint32 language;
+    CBaseRes *next;
+    std::vector<TableString> strings;
+    quint64 bytes = 0;      // of their texts in the table
+    bool withoutId = false; // some string has no ID
+};
+
+/// The bytes of a text in the table.
+quint64 Space(quint64 units)
+{
+    return RoundUpTo4(2 * units + 2);
+}
+
+void TakeNext(LanguageStrings &from)
+{
+    const auto *res = static_cast<const CStringRes *>(from.next);
+    from.next = from.next->NextInFolder();
+    from.withoutId |= !res->Id();
+    from.strings.push_back({QStringView(res->text).utf16(), quint32(res->text.size()), res->Id() ? res->Id()->value : 0});
+    from.bytes += Space(quint64(res->text.size()));
+}
+
+/// The strings of all languages. They are taken in turn, since those of one row lie side by side in memory: one
+/// language after the other would wait for memory at every string.
+std::vector<LanguageStrings> Gather(const CResModel &document, const CResFolder &strings)
+{
+    std::vector<LanguageStrings> languages;
+    // The first is the column of descriptions.
+    for (size_t n = 1; n < strings.subfolders.size(); ++n) {
+        const qint32 language = strings.subfolders[n]->index;
+        const CResFolder *folder = document.root.FindFolder(KIND_LANGUAGE, language, 2);
+        languages.push_back({language, folder ? folder->resources.First() : nullptr, {}});
+        languages.back().strings.reserve(folder ? folder->resources.Count() : 0);
+    }
+    for (bool more = true; more;) {
+        more = false;
+        for (LanguageStrings &language : languages) {
+            if (language.next)
+                TakeNext(language);
+            more |= language.next != nullptr;
+        }
+    }
+    return languages;
+}
+
+/// Builds the table of the strings as the last item of `image`:
 ///
 ///   count (4)                           S + 1
 ///   records of ID (4), offset (4)       S in order, then 0xFFFFFFFF and the table's size; offsets count from the table
 ///   strings                             UTF-16, a zero unit, zero bytes up to a multiple of 4
 ///
 /// 0 or a PackCode.
-int BuildStringTable(const ResourceList &strings, PackImage &image)
+int BuildStringTable(const LanguageStrings &from, PackImage &image)
 {
-    const quint64 head = 4 + RECORD * (quint64(strings.Count()) + 1);
-    char *at = image.ExtendItem(head);
-    if (!at)
+    if (from.withoutId)
+        return PACK_STRING_LIST;
+    const size_t count = from.strings.size();
+    const quint64 head = 4 + RECORD * (quint64(count) + 1);
+    char *const table = image.ExtendItem(head + from.bytes);
+    if (!table)
         return PACK_STRING_TABLE;
-    qToLittleEndian(quint32(strings.Count() + 1), at);
+    qToLittleEndian(quint32(count + 1), table);
 
-    quint64 record = 4;
-    for (CBaseRes *res : strings) {
-        if (!res->Id())
-            return PACK_STRING_LIST;
-        qToLittleEndian(res->Id()->value, image.ItemAt(record));
-        qToLittleEndian(quint32(image.ItemSize()), image.ItemAt(record + 4));
+    char *record = table + 4;
+    char *place = table + head;
+    for (size_t n = 0; n < count; ++n) {
+        if (n + TEXTS_AHEAD < count)
+            __builtin_prefetch(from.strings[n + TEXTS_AHEAD].text);
+        const TableString &string = from.strings[n];
+        qToLittleEndian(string.id, record);
+        qToLittleEndian(quint32(place - table), record + 4);
         record += RECORD;
 
-        const QString &text = static_cast<const CStringRes *>(res)->text;
-        const quint64 units = quint64(text.size());
-        const quint64 space = RoundUpTo4(2 * units + 2);
-        char *place = image.ExtendItem(space);
-        if (!place)
-            return PACK_STRING_TABLE;
-        qToLittleEndian<char16_t>(text.utf16(), qsizetype(units), place);
-        std::memset(place + 2 * units, 0, size_t(space - 2 * units));
+        const quint64 space = Space(string.units);
+        std::memset(place + space - 4, 0, 4); // the text may cover the first half of it again
+        qToLittleEndian<char16_t>(string.text, qsizetype(string.units), place);
+        place += space;
     }
-    qToLittleEndian(quint32(0xFFFFFFFF), image.ItemAt(record));
-    qToLittleEndian(quint32(image.ItemSize()), image.ItemAt(record + 4));
+    qToLittleEndian(quint32(0xFFFFFFFF), record);
+    qToLittleEndian(quint32(place - table), record + 4);
     return PACK_OK;
 }
 
-int AddLanguage(PackContext &context, qint32 language)
+int AddLanguage(PackContext &context, const LanguageStrings &strings)
 {
     Environment &env = context.Env();
-    env.WriteOutput("\r\nLanguage ID: %d", language);
-    if (language < 0) {
-        env.WriteOutput("\r\n[error] Illegal language ID: %d.", language);
+    env.WriteOutput("\r\nLanguage ID: %d", strings.language);
+    if (strings.language < 0) {
+        env.WriteOutput("\r\n[error] Illegal language ID: %d.", strings.language);
         return PACK_LANGUAGE_NUMBER;
     }
-    context.image.AddItem(LANGUAGE_KEY | (quint32(language) & 0xFFFF), ITEM_STRINGS);
-    static const ResourceList none;
-    const CResFolder *folder = context.document.root.FindFolder(KIND_LANGUAGE, language, 2);
-    const int code = BuildStringTable(folder ? folder->resources : none, context.image);
+    context.image.AddItem(LANGUAGE_KEY | (quint32(strings.language) & 0xFFFF), ITEM_STRINGS);
+    const int code = BuildStringTable(strings, context.image);
     if (code == PACK_STRING_TABLE)
-        env.WriteOutput("\r\n[error] Construct string resource fail : language ID: %d.", language);
+        env.WriteOutput("\r\n[error] Construct string resource fail : language ID: %d.", strings.language);
     return code;
 }
 
@@ -70,9 +126,8 @@ int ConstructLanguages(PackContext &context)
     const CResFolder *strings = context.document.root.FindFolder(KIND_STRINGS, 2);
     if (!strings)
         return PACK_LANGUAGE_LIST;
-    // The first is the column of descriptions.
-    for (size_t n = 1; n < strings->subfolders.size(); ++n) {
-        if (const int code = AddLanguage(context, strings->subfolders[n]->index))
+    for (const LanguageStrings &language : Gather(context.document, *strings)) {
+        if (const int code = AddLanguage(context, language))
             return code;
     }
     return PACK_OK;

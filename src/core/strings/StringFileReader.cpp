@@ -142,7 +142,7 @@ int StringFileReader::ReadRows(qint64 size)
 {
     QStringView line;
     while (lines.Next(line)) {
-        if (rows == 0 && size > 0) {
+        if (size > 0) {
             document.ids.Reserve(size_t(qMin(size / (line.size() * 2), MAX_EXPECTED_ROWS)));
             size = 0;
         }
