@@ -2,10 +2,11 @@
 #include "HostFiles.h"
 #include "Inspect.h"
 
+#include <QHash>
+
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
-#include <set>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -14,20 +15,45 @@ namespace
 
 constexpr qsizetype LONGEST_NAME = 200; // bytes, with room for what makes it unique
 
+/// True for what no file's name should hold on any host: separators, wildcards, and what doesn't show.
+bool IsBad(char32_t c)
+{
+    switch (QChar::category(c)) {
+    case QChar::Other_Control:
+    case QChar::Other_Format:
+    case QChar::Other_Surrogate:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return true;
+    default:
+        return c < 0x80 && std::strchr("/\\:*?\"<>|", int(c));
+    }
+}
+
+/// True for the names that some hosts give to devices, with any extension.
+bool IsDevice(const QByteArray &name)
+{
+    const QByteArray title = name.split('.').first().toUpper();
+    if (title.size() == 4 && (title.startsWith("COM") || title.startsWith("LPT")))
+        return title[3] >= '0' && title[3] <= '9';
+    return title == "CON" || title == "PRN" || title == "AUX" || title == "NUL";
+}
+
 /// A name of the payload as a file name that leads nowhere else and is good on any host.
 QByteArray SafeName(const QString &name)
 {
-    QString safe;
-    for (const QChar c : name) {
-        const bool bad = c.unicode() < 0x20 || c.unicode() == 0x7F || QStringView(u"/\\:*?\"<>|").contains(c) ||
-                         c.category() == QChar::Other_Control || c.category() == QChar::Other_Format;
-        safe += bad ? u'_' : c;
+    QByteArray safe;
+    for (const char32_t c : name.left(LONGEST_NAME).toUcs4()) {
+        const QByteArray bytes = IsBad(c) ? QByteArray("_") : QString::fromUcs4(&c, 1).toUtf8();
+        if (safe.size() + bytes.size() > LONGEST_NAME)
+            break;
+        safe += bytes;
     }
-    if (safe.isEmpty() || safe.startsWith(u'.'))
-        safe.prepend(u'_');
-    while (safe.toUtf8().size() > LONGEST_NAME)
-        safe.chop(1);
-    return safe.toUtf8();
+    if (safe.endsWith('.') || safe.endsWith(' '))
+        safe.back() = '_';
+    if (safe.isEmpty() || safe.startsWith('.') || IsDevice(safe))
+        safe.prepend('_');
+    return safe;
 }
 
 /// Writes the files of one extraction. The first failure ends it; `Error` tells it.
@@ -57,10 +83,13 @@ public:
         unlinkat(current.Get(), name.constData(), 0); // a link of that name goes, what it leads to stays
         const FileHandle file(
             openat(current.Get(), name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
-        if (!file.IsOpen() || !file.WriteAll(bytes.data(), size_t(bytes.size())))
-            Fail(shown);
-        else
+        if (file.IsOpen() && file.WriteAll(bytes.data(), size_t(bytes.size()))) {
             written.push_back(shown);
+            return;
+        }
+        Fail(shown);
+        if (file.IsOpen()) // no half of a file stays behind
+            unlinkat(current.Get(), name.constData(), 0);
     }
 
     [[nodiscard]] const QString &Error() const { return error; }
@@ -76,14 +105,29 @@ private:
             Fail(folder);
     }
 
-    /// A name that no file of this run has, also where case doesn't count.
+    /// A name that no file of this run has, also where case doesn't count: "a.png", "a~2.png", "a~3.png".
     QByteArray Unique(const QByteArray &folder, const QByteArray &name)
     {
-        QByteArray unique = name;
-        const QString prefix = QString::fromUtf8(folder) + u'/';
-        for (int n = 2; !used.insert(ToLowerSimple(prefix + QString::fromUtf8(unique))).second; ++n)
-            unique = name + '~' + QByteArray::number(n);
-        return unique;
+        const auto key = [&folder](const QByteArray &file) {
+            return ToLowerSimple(QString::fromUtf8(folder + '/' + file));
+        };
+        const QString first = key(name);
+        if (!used.contains(first)) {
+            used.insert(first, 2);
+            return name;
+        }
+        const qsizetype dot = name.lastIndexOf('.');
+        const qsizetype title = dot > 0 ? dot : name.size();
+        // Each name remembers where its numbers had come to, so many equal ones take no longer than different ones.
+        for (quint32 n = used.value(first);; ++n) {
+            const QByteArray unique = name.left(title) + '~' + QByteArray::number(n) + name.mid(title);
+            const QString taken = key(unique);
+            if (!used.contains(taken)) {
+                used.insert(taken, 2);
+                used[first] = n + 1;
+                return unique;
+            }
+        }
     }
 
     void Fail(const QByteArray &what)
@@ -97,15 +141,37 @@ private:
     FileHandle top;
     FileHandle current;
     QByteArray currentName;
-    std::set<QString> used;
+    QHash<QString, quint32> used; // and the number to try next
     QString error;
 };
 
+/// A line for each string: ID value, tab, text. In the text "\\" stands before "\\", and before "t", "n", "r" for what
+/// they name.
 QByteArray Lines(const LanguageStrings &language)
 {
     QByteArray lines;
-    for (const TableString &string : language.strings)
-        lines += QByteArray::number(string.id) + '\t' + string.text.toUtf8() + '\n';
+    for (const TableString &string : language.strings) {
+        lines += QByteArray::number(string.id) + '\t';
+        for (const char c : TextToUtf8(string.text)) {
+            switch (c) {
+            case '\\':
+                lines += "\\\\";
+                break;
+            case '\t':
+                lines += "\\t";
+                break;
+            case '\n':
+                lines += "\\n";
+                break;
+            case '\r':
+                lines += "\\r";
+                break;
+            default:
+                lines += c;
+            }
+        }
+        lines += '\n';
+    }
     return lines;
 }
 
@@ -122,7 +188,7 @@ QString ExtractAll(const Environment &env, const InspectResult &result, const QS
     }
     for (const BlockEntry &item : payload.block) {
         if (item.key < FIRST_LANGUAGE_KEY)
-            extraction.Write("items", QByteArray::number(item.key) + ".bin", item.data);
+            extraction.Write("items", QByteArray::number(item.key).rightJustified(8, '0') + ".bin", item.data);
     }
     for (const LanguageStrings &language : payload.languages)
         extraction.Write("strings", QByteArray::number(language.language) + ".txt", Lines(language));

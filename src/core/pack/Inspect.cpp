@@ -16,6 +16,8 @@ constexpr quint64 TRAILER = 4; // bytes
 QString FindSection(const ByteReader &file, quint64 &offset, quint64 &size)
 {
     constexpr quint64 SECTION_HEADER = 40;
+    if (file.Slice(4, 2) != QByteArrayView("\1\1"))
+        return QStringLiteral("an ELF file, but not a 32-bit little-endian one");
     const auto table = file.U32(32);
     const auto step = file.U16(46);
     const auto count = file.U16(48);
@@ -76,6 +78,51 @@ QString CheckBase(const InspectResult &result)
         .arg(result.kind == "res" ? 0 : result.payloadOffset);
 }
 
+QString ReadFound(InspectResult &result, const char *kind, quint64 offset, quint64 size)
+{
+    result.kind = kind;
+    result.payloadOffset = offset;
+    result.payloadSize = size;
+    result.payload = Payload();
+    const QByteArrayView bytes = QByteArrayView(result.file).sliced(qsizetype(offset), qsizetype(size));
+    const QString wrong = ReadPayload(bytes, result.payload);
+    return wrong.isEmpty() ? CheckBase(result) : wrong;
+}
+
+bool IsElf(const InspectResult &result)
+{
+    return result.file.startsWith("\x7F"
+                                  "ELF");
+}
+
+// The three kinds of file: nothing when it isn't of the kind, an empty text when it is read, or what is wrong with it.
+
+std::optional<QString> ReadAppended(InspectResult &result)
+{
+    quint64 offset = 0;
+    quint64 size = 0;
+    if (!FindAppended(ByteReader(result.file), offset, size))
+        return std::nullopt;
+    return ReadFound(result, "dll", offset, size);
+}
+
+std::optional<QString> ReadSection(InspectResult &result)
+{
+    if (!IsElf(result))
+        return std::nullopt;
+    quint64 offset = 0;
+    quint64 size = 0;
+    const QString wrong = FindSection(ByteReader(result.file), offset, size);
+    return wrong.isEmpty() ? ReadFound(result, "elf", offset, size) : wrong;
+}
+
+std::optional<QString> ReadSideFile(InspectResult &result)
+{
+    if (IsElf(result))
+        return std::nullopt;
+    return ReadFound(result, "res", 0, quint64(result.file.size()));
+}
+
 } // namespace
 
 QString InspectFile(const QString &path, InspectResult &result)
@@ -90,19 +137,15 @@ QString InspectBytes(QByteArray bytes, InspectResult &result)
 {
     result = InspectResult();
     result.file = std::move(bytes);
-    const ByteReader file(result.file);
-    result.payloadSize = file.Size();
-    result.kind = "res";
-    if (FindAppended(file, result.payloadOffset, result.payloadSize)) {
-        result.kind = "dll";
-    } else if (result.file.startsWith("\x7F"
-                                      "ELF")) {
-        result.kind = "elf";
-        const QString wrong = FindSection(file, result.payloadOffset, result.payloadSize);
-        if (!wrong.isEmpty())
-            return wrong;
+    // An ELF file may end in what looks like a trailer, and an ELF file with a trailer was packed as a DLL, so the
+    // payload decides. Of several failures the first tells most.
+    QString wrong;
+    for (const auto read : {ReadAppended, ReadSection, ReadSideFile}) {
+        const std::optional<QString> failure = read(result);
+        if (failure && failure->isEmpty())
+            return {};
+        if (failure && wrong.isEmpty())
+            wrong = *failure;
     }
-    const auto payload = file.Slice(result.payloadOffset, result.payloadSize);
-    const QString wrong = ReadPayload(*payload, result.payload);
-    return wrong.isEmpty() ? CheckBase(result) : wrong;
+    return wrong;
 }

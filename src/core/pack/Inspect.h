@@ -14,21 +14,25 @@ struct InspectResult
     Payload payload;
 };
 
-/// Reads the payload back from a grown ELF file (of several sections the newest), a side file or a DLL-side file. Empty, or what
-/// is wrong with the file.
+/// Reads the payload back from a grown ELF file (of several sections the newest), a side file or a DLL-side file.
+/// Empty, or what is wrong with the file.
 [[nodiscard]] QString InspectFile(const QString &path, InspectResult &result);
 
 /// The same for bytes in memory, which are moved into the result.
 [[nodiscard]] QString InspectBytes(QByteArray bytes, InspectResult &result);
 
+/// A packed text as UTF-8. Half a surrogate pair becomes U+FFFD.
+[[nodiscard]] QByteArray TextToUtf8(QString text);
+
 /// A listing for people, UTF-8.
 [[nodiscard]] QByteArray InspectText(const Environment &env, const InspectResult &result);
 
-/// The same as one JSON object: `kind`, `base`, `entries` (`name`, `offset`, `size`), `block` (`key`, `offset`, `size`),
-/// `strings` (language number to ID value to text). Offsets are those of the file.
+/// The same as one JSON object: `kind`, `base`, `entries` (`name`, `offset`, `size`), `block` (`key`, `offset`,
+/// `size`), `strings` (language number to ID value to text). Offsets are those of the file.
 [[nodiscard]] QByteArray InspectJson(const Environment &env, const InspectResult &result);
 
 /// Writes every entry, item and language to a file of its own below `folder`, which is made if need be. Never writes
-/// outside, whatever the names, and follows no link below it. `written` gets the paths relative to `folder`. Empty, or what went wrong.
+/// outside, whatever the names, and follows no link below it. `written` gets the paths relative to `folder`. Empty, or
+/// what went wrong.
 [[nodiscard]] QString ExtractAll(const Environment &env, const InspectResult &result, const QString &folder,
                                  std::vector<QByteArray> &written);

@@ -1,16 +1,18 @@
 #include "Environment.h"
 #include "Inspect.h"
 
-#include <algorithm>
+#include <set>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
 
-/// A text in JSON's quotes (RFC 8259). A surrogate without its other half becomes U+FFFD.
-QByteArray Quoted(QStringView text)
+/// A text in JSON's quotes (RFC 8259).
+QByteArray Quoted(const QString &text)
 {
     QByteArray result = "\"";
-    for (const char c : text.toUtf8()) {
+    for (const char c : TextToUtf8(text)) {
         if (c == '"' || c == '\\')
             result.append('\\').append(c);
         else if (quint8(c) < 0x20)
@@ -45,24 +47,33 @@ const char *WhatIs(quint32 key)
     if (key >= FIRST_LANGUAGE_KEY)
         return "strings";
     if (key >= 100000 && key < 110000) {
-        static constexpr const char *PUSH[] = {"push audio",  "push video",  "push binary", "push image", "push string",
-                                               "push string", "push string", "push string", "push string", "push"};
+        static constexpr const char *PUSH[] = {"push audio",  "push video",  "push binary", "push image",
+                                               "push string", "push string", "push string", "push string",
+                                               "push string", "push"};
         return PUSH[(key - 100000) / 1000];
     }
     return key == 0 ? "no number" : "file, image or layout";
 }
 
-/// Texts on one line of a listing, control characters shown.
+/// True for what steers a terminal or turns the order of the text around it.
+bool IsSteering(QChar c)
+{
+    const char16_t unit = c.unicode();
+    return c.category() == QChar::Other_Control || unit == 0x2028 || unit == 0x2029 ||
+           (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2066 && unit <= 0x2069);
+}
+
+/// Texts on one line of a listing.
 QByteArray OnOneLine(const QString &text)
 {
-    QByteArray result;
-    for (const char c : text.toUtf8()) {
-        if (c == '\n' || c == '\r' || c == '\t')
-            result += c == '\n' ? "\\n" : c == '\r' ? "\\r" : "\\t";
+    QString result;
+    for (const QChar c : text) {
+        if (c == u'\n' || c == u'\r' || c == u'\t')
+            result += c == u'\n' ? u"\\n"_s : c == u'\r' ? u"\\r"_s : u"\\t"_s;
         else
-            result += quint8(c) < 0x20 || c == 0x7F ? '?' : c;
+            result += IsSteering(c) ? u'?' : c;
     }
-    return result;
+    return TextToUtf8(std::move(result));
 }
 
 QByteArray Column(const QByteArray &text, int width)
@@ -72,11 +83,22 @@ QByteArray Column(const QByteArray &text, int width)
 
 } // namespace
 
+QByteArray TextToUtf8(QString text)
+{
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate())
+            ++i;
+        else if (text[i].isSurrogate())
+            text[i] = QChar(QChar::ReplacementCharacter);
+    }
+    return text.toUtf8();
+}
+
 QByteArray InspectJson(const Environment &env, const InspectResult &result)
 {
     const Payload &payload = result.payload;
-    QByteArray json = "{\n  \"kind\": " + Quoted(QString::fromLatin1(result.kind)) + ",\n  \"base\": " + Number(payload.base) +
-                      ",\n  \"entries\": [";
+    QByteArray json = "{\n  \"kind\": " + Quoted(QString::fromLatin1(result.kind)) +
+                      ",\n  \"base\": " + Number(payload.base) + ",\n  \"entries\": [";
     AppendList(json, payload.entries, [&](const DirectoryEntry &entry) {
         json += "    {\"name\": " + Quoted(env.NarrowToWide(entry.name)) + ", \"offset\": " + Number(entry.offset) +
                 ", \"size\": " + Number(entry.size) + '}';
@@ -89,9 +111,9 @@ QByteArray InspectJson(const Environment &env, const InspectResult &result)
     json += "],\n  \"strings\": {";
     // Of several tables of a language the first counts, as on the device.
     std::vector<const LanguageStrings *> languages;
+    std::set<quint32> known;
     for (const LanguageStrings &language : payload.languages) {
-        if (std::none_of(languages.begin(), languages.end(),
-                         [&](const LanguageStrings *known) { return known->language == language.language; }))
+        if (known.insert(language.language).second)
             languages.push_back(&language);
     }
     AppendList(json, languages, [&](const LanguageStrings *language) {
@@ -113,9 +135,11 @@ QByteArray InspectText(const Environment &env, const InspectResult &result)
     const QByteArray kind = result.kind == "elf"   ? "ELF file with a section .zp_res"
                             : result.kind == "dll" ? "file with the payload behind its end"
                                                    : "side file";
-    QByteArray text = "kind     " + result.kind + ", " + kind + "\npayload  " + Number(result.payloadSize) + " bytes at " +
-                      Number(result.payloadOffset) + ", offsets count from " + Number(payload.base) + "\n";
-    text += "\nentries  " + Number(payload.entries.size()) + "\n" + Column("offset", 12) + Column("size", 12) + "  name\n";
+    QByteArray text = "kind     " + result.kind + ", " + kind + "\npayload  " + Number(result.payloadSize) +
+                      " bytes at " + Number(result.payloadOffset) + ", offsets count from " + Number(payload.base) +
+                      "\n";
+    text +=
+        "\nentries  " + Number(payload.entries.size()) + "\n" + Column("offset", 12) + Column("size", 12) + "  name\n";
     for (const DirectoryEntry &entry : payload.entries)
         text += Column(Number(entry.offset), 12) + Column(Number(entry.size), 12) + "  " +
                 OnOneLine(env.NarrowToWide(entry.name)) + '\n';

@@ -58,7 +58,9 @@ private:
             return QStringLiteral("the directory is empty");
         const quint32 first = payload.entries.front().offset;
         if (first < directorySize)
-            return QStringLiteral("the first entry's offset is %1, within the directory of %2 bytes").arg(first).arg(directorySize);
+            return QStringLiteral("the first entry's offset is %1, within the directory of %2 bytes")
+                .arg(first)
+                .arg(directorySize);
         payload.base = first - directorySize;
         return {};
     }
@@ -75,8 +77,8 @@ private:
         for (DirectoryEntry &entry : payload.entries) {
             const auto data = Part(entry.offset, entry.size);
             if (!data || entry.offset < end)
-                return QStringLiteral("entry \"%1\" has offset %2 and size %3, but must lie from %4 to %5")
-                    .arg(QString::fromUtf8(entry.name.left(80)))
+                return QStringLiteral("entry %1 has offset %2 and size %3, but must lie from %4 to %5")
+                    .arg(&entry - payload.entries.data())
                     .arg(entry.offset)
                     .arg(entry.size)
                     .arg(end)
@@ -91,8 +93,9 @@ private:
     {
         const DirectoryEntry &table = payload.entries.back();
         if (table.name != BLOCK_ENTRY)
-            return QStringLiteral("the last entry is \"%1\", not \"%2\"")
-                .arg(QString::fromUtf8(table.name.left(80)), QLatin1String(BLOCK_ENTRY));
+            return QStringLiteral("the last entry, %1, isn't named \"%2\"")
+                .arg(payload.entries.size() - 1)
+                .arg(QLatin1String(BLOCK_ENTRY));
         const quint64 count = table.size / PAIR;
         const ByteReader pairs(table.data);
         if (count == 0 || table.size % PAIR != 0 || *pairs.U32((count - 1) * PAIR) != END_KEY)
@@ -110,7 +113,12 @@ private:
                     .arg(next)
                     .arg(start)
                     .arg(payload.base + bytes.Size());
-            payload.block.push_back({*pairs.U32(i * PAIR), offset, next - offset, *data});
+            const quint32 key = *pairs.U32(i * PAIR);
+            if (key == END_KEY)
+                return QStringLiteral("block record %1 has the key 0xFFFFFFFF, which ends the table, but %2 follow")
+                    .arg(i)
+                    .arg(count - 1 - i);
+            payload.block.push_back({key, offset, next - offset, *data});
             start = next;
         }
         return {};
@@ -135,14 +143,21 @@ private:
         const ByteReader reader(table);
         const auto count = reader.U32(0);
         if (!count || *count == 0 || !reader.Slice(4, PAIR * *count))
-            return QStringLiteral("a string count of %1 doesn't fit into %2 bytes").arg(count.value_or(0)).arg(table.size());
+            return QStringLiteral("a string count of %1 doesn't fit into %2 bytes")
+                .arg(count.value_or(0))
+                .arg(table.size());
         quint64 start = 4 + PAIR * *count;
         for (quint64 i = 0; i + 1 < *count; ++i) {
             const quint32 id = *reader.U32(4 + i * PAIR);
             const quint32 offset = *reader.U32(8 + i * PAIR);
-            const quint64 end = FindEnd(reader, offset);
+            if (id == END_KEY)
+                return QStringLiteral("string %1 has the ID 0xFFFFFFFF, which ends the table, but %2 follow")
+                    .arg(i)
+                    .arg(*count - 1 - i);
+            const quint64 end = offset < start ? 0 : FindEnd(reader, offset);
             if (offset < start || end == 0)
-                return QStringLiteral("the string of ID %1 at %2 doesn't begin behind %3 or doesn't end within the table")
+                return QStringLiteral(
+                           "the string of ID %1 at %2 doesn't begin behind %3 or doesn't end within the table")
                     .arg(id)
                     .arg(offset)
                     .arg(start);
@@ -153,6 +168,8 @@ private:
         }
         if (*reader.U32(4 + PAIR * (*count - 1)) != END_KEY)
             return QStringLiteral("the string table doesn't end in the ID 0xFFFFFFFF");
+        if (const quint32 size = *reader.U32(PAIR * *count); size != reader.Size())
+            return QStringLiteral("the string table says it has %1 bytes, but it has %2").arg(size).arg(reader.Size());
         KeepFirstOfEach(strings);
         return {};
     }

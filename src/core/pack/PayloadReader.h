@@ -36,7 +36,8 @@ struct LanguageStrings
     std::vector<TableString> strings;
 };
 
-/// A payload whose every offset has been checked: no two parts share a byte, and none lies outside. Views into its bytes.
+/// A payload whose every offset has been checked: no two parts share a byte, and none lies outside. Views into its
+/// bytes.
 struct Payload
 {
     quint64 base = 0;
@@ -48,6 +49,6 @@ struct Payload
 /// The first of the keys that belong to languages; the number is in the low 16 bits.
 inline constexpr quint32 FIRST_LANGUAGE_KEY = 0xFFFF0000;
 
-/// Reads a payload (docs/payload-format.md). Its base is what its first offset says. Empty, or what is wrong with the bytes:
-/// field, value and limit.
+/// Reads a payload (docs/payload-format.md). Its base is what its first offset says. Empty, or what is wrong with the
+/// bytes: field, value and limit.
 [[nodiscard]] QString ReadPayload(QByteArrayView bytes, Payload &payload);
