@@ -88,8 +88,30 @@ TEST_F(Xml, LinesEndTheSameWayHoweverTheyAreWritten)
     ASSERT_EQ(Parse("<a>\r\n<b x=\"1\r\n2\"/>\r<c/>\r\r\n<d/></a>"), 0);
     const TiXmlElement *a = document.FirstChildElement();
     EXPECT_STREQ(a->FirstChildElement("b")->Attribute("x"), "1\n2");
-    EXPECT_EQ(a->FirstChildElement("c")->Row(), 4);
-    EXPECT_EQ(a->FirstChildElement("d")->Row(), 6);
+    EXPECT_EQ(RowOf(*a->FirstChildElement("c")), 4);
+    EXPECT_EQ(RowOf(*a->FirstChildElement("d")), 6);
+}
+
+TEST_F(Xml, TheRowsOfElementsAreThoseThatTheParserItselfCounts)
+{
+    const QByteArray text =
+        "<?xml version=\"1.0\"?>\n<!-- <no>\n -->\n<!DOCTYPE x>\n<a\n b='<no>\n'>t\n<![CDATA[<no>\n]]><b/>\n"
+        "<c><d>x</d\n><1/><e\n/></c></a>\n<f/>";
+    ASSERT_EQ(Parse(text), 0);
+    TiXmlDocument plain;
+    plain.Parse(text.constData(), nullptr, TIXML_ENCODING_UTF8);
+    ASSERT_FALSE(plain.Error());
+    const auto compare = [](const auto &self, const TiXmlNode &ours, const TiXmlNode &other) -> int {
+        int count = 0;
+        const TiXmlElement *theirs = other.FirstChildElement();
+        for (auto *element = ours.FirstChildElement(); element; element = element->NextSiblingElement()) {
+            EXPECT_EQ(RowOf(*element), theirs->Row()) << element->Value();
+            count += 1 + self(self, *element, *theirs);
+            theirs = theirs->NextSiblingElement();
+        }
+        return count;
+    };
+    EXPECT_EQ(compare(compare, document, plain), 6);
 }
 
 TEST_F(Xml, FilesThatCannotBeReadAreMinus1)

@@ -74,6 +74,21 @@ TEST(ProjectWriter, WithoutStringsTheOldStringFileGoesToTheTrash)
     qunsetenv("XDG_DATA_HOME");
 }
 
+TEST(ProjectWriter, APathThatIsNoTextDoesNotSpoilTheList)
+{
+    TestProject project("<APP><FILE id=\"A\">\"cut\xc7\"</FILE><FILE id=\"B\">\xcd\xbc.bin</FILE><FILE "
+                        "id=\"C\">x&quot;\xe4&amp;</FILE></APP>");
+    CResDoc *const doc = project.Open();
+    ASSERT_NE(doc, nullptr);
+    EXPECT_TRUE(doc->DoFileSave());
+    project.documents.CloseAll();
+    CResDoc *const again = project.Open();
+    ASSERT_NE(again, nullptr) << project.TakeOutput().constData();
+    EXPECT_EQ(NamesIn(*again->root.FindFolder(KIND_BINARY, 2)), "A B C");
+    EXPECT_TRUE(project.folder.Get("demo/res/demo.res.xml").contains(">\xcd\xbc.bin</FILE>"))
+        << "of another code page, and kept";
+}
+
 TEST(ProjectWriter, TheFilesLieWhereTheirKeysSay)
 {
     TestProject project("<APP/>", "main_xml=lists\\\nheader_output=gen\n[ResID]\nmain_header=ids.h\n");

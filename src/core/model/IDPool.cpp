@@ -63,10 +63,10 @@ IDRecord *IDPool::Oldest(const NarrowText &name, size_t hash) const
     return *const_cast<IDPool *>(this)->LinkOf(name, hash);
 }
 
-void IDPool::Index(IDRecord *record)
+void IDPool::Index(IDRecord *record, size_t hash)
 {
-    record->hash = HashOf(record->name);
-    IDRecord **link = LinkOf(record->name, record->hash);
+    record->hash = hash;
+    IDRecord **link = LinkOf(record->name, hash);
     IDRecord *const oldest = *link;
     if (!oldest) {
         *link = record;
@@ -145,7 +145,8 @@ bool IDPool::IsTaken(const NarrowText &name, size_t hash, qint16 scope) const
 
 IDRecord *IDPool::Allocate(const NarrowText &name, qint16 scope)
 {
-    if (unique && IsTaken(name, HashOf(name), scope))
+    const size_t hash = HashOf(name);
+    if (unique && IsTaken(name, hash, scope))
         return nullptr;
     auto *record = new IDRecord;
     record->name = name;
@@ -156,7 +157,7 @@ IDRecord *IDPool::Allocate(const NarrowText &name, qint16 scope)
     record->next = &sentinel;
     sentinel.prev->next = record;
     sentinel.prev = record;
-    Index(record);
+    Index(record, hash);
     return record;
 }
 
@@ -170,7 +171,7 @@ bool IDRecord::Rename(IDPool &pool, const NarrowText &newName)
         owner->Unindex(this);
     name = newName;
     if (owner)
-        owner->Index(this);
+        owner->Index(this, HashOf(newName));
     return true;
 }
 

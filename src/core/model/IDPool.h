@@ -92,7 +92,7 @@ private:
     [[nodiscard]] IDRecord *Oldest(const NarrowText &name, size_t hash) const;
     /// The link that leads to the oldest record of a name, or to nothing at the end of the name's bucket.
     [[nodiscard]] IDRecord **LinkOf(const NarrowText &name, size_t hash);
-    void Index(IDRecord *record);
+    void Index(IDRecord *record, size_t hash);
     void Unindex(IDRecord *record);
     void Unlink(IDRecord *record);
     void Rehash(size_t size);

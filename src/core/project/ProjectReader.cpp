@@ -7,6 +7,7 @@
 #include "StringFile.h"
 #include "Xml.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace
@@ -18,9 +19,9 @@ constexpr int WRONG_FORMAT = 11;
 constexpr char FILE_TAG[] = "file";
 constexpr char IMAGE_TAG[] = "image";
 
-int LineOf(const TiXmlNode &node)
+int LineOf(const TiXmlElement &element)
 {
-    return node.Row() + 1;
+    return RowOf(element) + 1;
 }
 
 const char *TextOf(const TiXmlElement &element)
@@ -97,9 +98,20 @@ private:
 
     void ReadFile(const TiXmlElement &element)
     {
-        const QByteArray path = WithoutOuterQuotes(TextOf(element));
-        const quint32 kind = doc.ClassifyFile(KIND_FILES, QString::fromUtf8(path));
+        const quint32 kind = KindOf(WithoutOuterQuotes(TextOf(element)));
         AddFileRes(element, FILE_TAG, FilesFolder(kind), ANY_RESOLUTION, CResModel::PushKindOf(kind));
+    }
+
+    /// The kind of a file, which the end of its path decides from its last dot on; most have the same as the one
+    /// before.
+    quint32 KindOf(const QByteArray &path)
+    {
+        const QByteArray end = path.sliced(std::max<qsizetype>(path.lastIndexOf('.'), 0));
+        if (lastKind == 0 || end != lastEnd) {
+            lastEnd = end;
+            lastKind = doc.ClassifyFile(KIND_FILES, QString::fromUtf8(path));
+        }
+        return lastKind;
     }
 
     void ReadImage(const TiXmlElement &element, CResFolder *folder, qint16 scope)
@@ -243,6 +255,8 @@ private:
     HostPaths hostPaths;
     CResFolder *defaultImages = nullptr;
     CResFolder *files[3] = {};
+    QByteArray lastEnd;
+    quint32 lastKind = 0;
 };
 
 int ReadInto(const ProjectContext &context, const QString &path)
