@@ -39,8 +39,9 @@ void TakeNext(LanguageStrings &from)
     const auto *res = static_cast<const CStringRes *>(from.next);
     from.next = from.next->NextInFolder();
     from.withoutId |= !res->Id();
-    from.strings.push_back({QStringView(res->text).utf16(), quint32(res->text.size()), res->Id() ? res->Id()->value : 0});
-    from.bytes += Space(quint64(res->text.size()));
+    const QStringView text(res->text); // QString::utf16 would look whether the text is its own
+    from.strings.push_back({text.utf16(), quint32(text.size()), res->Id() ? res->Id()->value : 0});
+    from.bytes += Space(quint64(text.size()));
 }
 
 /// The strings of all languages. They are taken in turn, since those of one row lie side by side in memory: one
