@@ -96,6 +96,25 @@ TEST_F(InspectTest, EveryCutIsAnError)
     }
 }
 
+TEST_F(InspectTest, AnyChangedByteGivesAResultOrOneLine)
+{
+    const auto elf = ElfBuilder().Section(".text", Bytes(4)).Section(".zp_res", Sample().Build()).Build();
+    for (const Bytes &good : {PayloadBuilder::AppendedTo(Bytes(9), Sample(17).Unpadded().Build()), elf}) {
+        QByteArray file = Array(good);
+        for (char &byte : file) {
+            const char before = byte;
+            for (const int value : {before ^ 1, before ^ 0x80, 0, 0x0A, 0xFF}) {
+                byte = char(value);
+                InspectResult result;
+                const QString wrong = InspectBytes(file, result);
+                EXPECT_FALSE(wrong.contains(u'\n')) << wrong.toStdString();
+                EXPECT_TRUE(!wrong.isEmpty() || QJsonDocument::fromJson(InspectJson(env, result)).isObject());
+            }
+            byte = before;
+        }
+    }
+}
+
 TEST_F(InspectTest, EachOffsetAndSizeIsCheckedAndNamed)
 {
     const QByteArray good = Array(Sample().Build());
