@@ -1,0 +1,69 @@
+#include "ElfImage.h"
+
+#include "Environment.h"
+#include "HostFiles.h"
+
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+namespace
+{
+
+/// A file in memory that has a path.
+class MemoryFile
+{
+public:
+    explicit MemoryFile(QByteArrayView bytes) : file(memfd_create("fuzz", MFD_CLOEXEC))
+    {
+        if (!file.WriteAll(bytes.data(), size_t(bytes.size())))
+            std::abort();
+    }
+    [[nodiscard]] QString Path() const { return QString::fromLatin1("/proc/self/fd/%1").arg(file.Get()); }
+    [[nodiscard]] QByteArray Bytes() const
+    {
+        QByteArray bytes;
+        if (ReadFile(Path(), bytes) != 0)
+            std::abort();
+        return bytes;
+    }
+
+private:
+    FileHandle file;
+};
+
+void Check(bool holds)
+{
+    if (!holds)
+        std::abort();
+}
+
+} // namespace
+
+// The first byte is the payload's size, the rest the file that is to grow. What grows must be the input with two fields
+// of its header changed, and must be one that can grow again.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    static Environment env(QStringLiteral("/nonexistent"));
+    if (size == 0)
+        return 0;
+    const QByteArrayView input(reinterpret_cast<const char *>(data) + 1, qsizetype(size) - 1);
+    const QByteArray payload(data[0], 'P');
+    const MemoryFile source(input);
+    ElfImage elf;
+    if (ReadElf(env, source.Path(), elf) != 0)
+        return 0;
+    AddResSection(elf, payload);
+    Check(SetElfLayout(env, elf) == 0); // an input this small always fits
+    const MemoryFile target(input);
+    Check(WriteElf(env, elf, target.Path()) == 0);
+    const QByteArray grown = target.Bytes();
+    Check(grown.size() == qsizetype(elf.PayloadOffset()) + payload.size() +
+                              qsizetype(elf.sections.size()) * qsizetype(ElfImage::SECTION_HEADER_SIZE) +
+                              elf.nameTable.size());
+    Check(grown.first(32) == input.first(32) && grown.mid(36, 12) == input.sliced(36, 12) &&
+          grown.mid(50, input.size() - 50) == input.sliced(50));
+    Check(grown.mid(qsizetype(elf.PayloadOffset()), payload.size()) == payload);
+    return 0;
+}

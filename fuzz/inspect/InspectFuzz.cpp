@@ -1,0 +1,56 @@
+#include "Environment.h"
+#include "Inspect.h"
+
+#include <QDir>
+#include <QJsonDocument>
+#include <QTemporaryDir>
+
+#include <cstdlib>
+
+namespace
+{
+
+/// Extracts into a folder in memory, and wants each file said to be written below it, and nothing beside it.
+void Extract(const Environment &env, const InspectResult &result)
+{
+    const QTemporaryDir parent(QStringLiteral("/dev/shm/fuzz_inspect"));
+    std::vector<QByteArray> written;
+    const QString folder = parent.filePath(QStringLiteral("out"));
+    if (!parent.isValid() || !ExtractAll(env, result, folder, written).isEmpty())
+        std::abort();
+    const auto in = [](const QString &path) {
+        return QDir(path).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    };
+    size_t found = 0;
+    for (const QString &below : in(folder))
+        found += size_t(in(folder + u'/' + below).size());
+    if (in(parent.path()) != QStringList(QStringLiteral("out")) || found != written.size())
+        std::abort();
+}
+
+} // namespace
+
+// Any file, of all three kinds. What is read lies in the file and takes no byte twice; the JSON of it is JSON. Of some
+// the parts are written out.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    static Environment env(QStringLiteral("/nonexistent"));
+    InspectResult result;
+    if (!InspectBytes(QByteArray(reinterpret_cast<const char *>(data), qsizetype(size)), result).isEmpty())
+        return 0;
+    quint64 total = 0;
+    for (const DirectoryEntry &entry : result.payload.entries)
+        total += quint64(entry.data.size());
+    for (const BlockEntry &item : result.payload.block)
+        total += quint64(item.data.size());
+    if (total > size)
+        std::abort();
+    QJsonParseError error;
+    QJsonDocument::fromJson(InspectJson(env, result), &error);
+    if (error.error != QJsonParseError::NoError || InspectText(env, result).isEmpty())
+        std::abort();
+    static unsigned round = 0;
+    if (++round % 16 == 0)
+        Extract(env, result);
+    return 0;
+}
