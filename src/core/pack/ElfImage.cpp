@@ -140,7 +140,7 @@ public:
         elf.sections.reserve(count + 1);
         for (size_t i = 0; i < count; ++i) {
             Record record;
-            if (const int code = Read(SECTION_RECORD, offset + step * i, record.size(), record.data()))
+            if (const int code = ReadRecord(offset + step * i, record))
                 return code;
             elf.sections.push_back(Decode(record));
             const ElfImage::SectionHeader &section = elf.sections.back();
@@ -155,6 +155,20 @@ public:
     }
 
 private:
+    /// A record of the section table, out of the part of the file that was read last where it lies there: a table of
+    /// 65,535 records would take as many calls of the system.
+    int ReadRecord(quint64 at, Record &record)
+    {
+        if (at < windowAt || at + record.size() > windowAt + windowSize) {
+            windowAt = at;
+            windowSize = at < fileSize ? std::min<quint64>(fileSize - at, window.size()) : 0;
+            if (const int code = Read(SECTION_RECORD, at, std::max<quint64>(windowSize, record.size()), window.data()))
+                return code;
+        }
+        std::copy_n(window.begin() + qptrdiff(at - windowAt), record.size(), record.begin());
+        return 0;
+    }
+
     int ReadNames(ElfImage &elf, const ElfImage::SectionHeader &section)
     {
         if (const int code = Read(SECTION_DATA, section.offset, section.size))
@@ -171,6 +185,9 @@ private:
     const QByteArray shown;
     const FileHandle file;
     quint64 fileSize = 0; // bytes
+    std::array<char, 4096> window{};
+    quint64 windowAt = 0;
+    quint64 windowSize = 0; // bytes of it that are the file's
 };
 
 /// Puts the new section's name behind the others, and a record for it behind the table.
