@@ -36,15 +36,21 @@ PushRanges FreshRanges()
 
 int IDGen::FillValue(Environment &env, IDPool *pool)
 {
-    env.DebugTrace("enter IDGen::FillValue()");
     if (!pool) {
+        env.DebugTrace("enter IDGen::FillValue()");
         env.DebugTrace("enter IDGen::FillValue(): empty idpool");
         return -1;
     }
+    return FillSorted(env, SortedIds(*pool));
+}
+
+int FillSorted(Environment &env, const std::vector<IDRecord *> &sorted)
+{
+    env.DebugTrace("enter IDGen::FillValue()");
     quint32 nextNormal = 1;
     PushRanges ranges = FreshRanges();
     const IDRecord *first = nullptr; // of the records with the same name
-    for (IDRecord *record : SortedIds(*pool)) {
+    for (IDRecord *record : sorted) {
         if (first && first->name == record->name) {
             record->value = first->value;
             continue;

@@ -28,10 +28,9 @@ public:
             WriteComponent(format, component->title);
     }
 
-    void WriteMain(const IDPool &pool)
+    void WriteMain(const std::vector<IDRecord *> &sorted)
     {
         const QString path = ResolvePath(env.settings.String("ResID", "main_header", "ResID.h"), outputFolder);
-        const std::vector<IDRecord *> sorted = SortedIds(pool);
         Header header(env.WideToNarrow(path));
         DefineThoseOf(sorted, /*push=*/false, header);
         header.EmptyLine();
@@ -57,22 +56,18 @@ private:
     void DefineThoseOf(const std::vector<IDRecord *> &sorted, bool push, Header &header)
     {
         const NarrowText *last = nullptr; // equal names stand together
-        for (const IDRecord *record : sorted) {
-            if (record->push != push || (last && *last == record->name) || inComponents.contains(record->name) ||
-                (push && written.contains(record->name)))
+        for (size_t i = 0; i < sorted.size(); ++i) {
+            const IDRecord &record = *sorted[i];
+            if (record.push != push || (last && *last == record.name) || inComponents.contains(record.name) ||
+                written.contains(record.name))
                 continue;
-            header.Define(*record);
-            last = &record->name;
-            if (!push)
-                MarkIfAlsoPush(*record);
+            header.Define(record);
+            last = &record.name;
+            // A name whose records differ in kind stands once, in the first group; few need to be remembered for that.
+            const bool hasBefore = i > 0 && sorted[i - 1]->name == record.name;
+            if (hasBefore || (i + 1 < sorted.size() && sorted[i + 1]->name == record.name))
+                written.insert(record.name);
         }
-    }
-
-    /// A name whose records differ in kind stands once, in the first group; few names need to be remembered for that.
-    void MarkIfAlsoPush(const IDRecord &record)
-    {
-        if (document.ids.HasSeveral(record.name))
-            written.insert(record.name);
     }
 
     void Write(Header &header, const QString &path)
@@ -94,7 +89,8 @@ int IDGen::Generate(IDPool *pool, const QString &outputFolder, CResModel &docume
 {
     Environment &env = document.env;
     env.DebugTrace("enter IDGen::Generate()");
-    if (const int result = FillValue(env, pool)) {
+    const std::vector<IDRecord *> sorted = pool ? SortedIds(*pool) : std::vector<IDRecord *>();
+    if (const int result = pool ? FillSorted(env, sorted) : FillValue(env, pool)) {
         env.DebugTrace("leave IDGen::Generate(): filled value failed, result=%d", result);
         return result;
     }
@@ -106,7 +102,7 @@ int IDGen::Generate(IDPool *pool, const QString &outputFolder, CResModel &docume
         CreateFolderOnDisk(outputFolder);
     HeaderRun run(document, outputFolder);
     run.WriteComponents();
-    run.WriteMain(*pool);
+    run.WriteMain(sorted);
     env.DebugTrace("leave IDGen::Generate(), filled value, and generated ID file(s)");
     return 0;
 }

@@ -2,6 +2,13 @@
 
 #include "HostFiles.h"
 
+namespace
+{
+
+constexpr char LINE_END[] = "\r\n";
+
+} // namespace
+
 NarrowText GuardName(NarrowText fileName)
 {
     for (char &c : fileName) {
@@ -34,6 +41,7 @@ Header::Header(const NarrowText &fileName) : guard(GuardName(fileName))
            "\n\n#ifdef __cplusplus"
            "\n    extern \"C\" {"
            "\n#endif\n";
+    text.replace("\n", LINE_END);
 }
 
 void Header::Define(const IDRecord &record)
@@ -45,7 +53,7 @@ void Header::Define(const IDRecord &record)
         *--digit = char('0' + value % 10);
         value /= 10;
     } while (value > 0);
-    text.append("\n#define  ");
+    text.append("\r\n#define  ");
     text.append(record.name);
     text.append("    ");
     text.append(digit, number + sizeof number - digit);
@@ -53,11 +61,11 @@ void Header::Define(const IDRecord &record)
 
 bool Header::Write(const QString &path)
 {
-    text += "\n\n#ifdef __cplusplus"
-            "\n    }"
-            "\n#endif"
-            "\n\n#endif  /* _" +
-            guard + "_ */\n\n";
-    text.replace("\n", "\r\n");
+    QByteArray tail = "\n\n#ifdef __cplusplus"
+                      "\n    }"
+                      "\n#endif"
+                      "\n\n#endif  /* _" +
+                      guard + "_ */\n\n";
+    text += tail.replace("\n", LINE_END);
     return WriteFileAtomically(path, text) == 0;
 }

@@ -2,7 +2,7 @@
 
 #include "IDPool.h"
 
-/// The text of one generated C header, gathered in memory.
+/// The text of one generated C header, gathered in memory, with the line ends of the device's tool chain.
 class Header
 {
 public:
@@ -10,14 +10,14 @@ public:
     explicit Header(const NarrowText &fileName);
 
     void Define(const IDRecord &record);
-    void EmptyLine() { text += '\n'; }
-    /// Ends the header and writes it to `path`, with the line ends of the device's tool chain. A failure shows nowhere
+    void EmptyLine() { text += "\r\n"; }
+    /// Ends the header and writes it to `path`. A failure shows nowhere
     /// but in the return value.
     bool Write(const QString &path);
 
 private:
     NarrowText guard;
-    QByteArray text; // line feeds alone
+    QByteArray text;
 };
 
 /// The guard word of a file name: small letters in capitals, and "_" for dots and separators.

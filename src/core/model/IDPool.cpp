@@ -71,7 +71,7 @@ void IDPool::Index(IDRecord *record, size_t hash)
     if (!oldest) {
         *link = record;
         if (++names > buckets.size())
-            Rehash(buckets.size() * 2);
+            Rehash(buckets.size() * 4);
     } else if (oldest->serial > record->serial) {
         *link = record;
         record->nextInBucket = std::exchange(oldest->nextInBucket, nullptr);
