@@ -21,7 +21,10 @@ int RunRemotely(Session &session, CommandId command, const QByteArray &record)
         Complain(error);
         return EXIT_FAILED;
     }
-    return report.contains(u"\r\n### error ") ? EXIT_FAILED : EXIT_FINE;
+    // A save that fails has no error line, only its count of errors.
+    const bool saved =
+        command != COMMAND_SAVE || !report.contains(u" save - ") || report.contains(u" save - 0 error(s)");
+    return report.contains(u"\r\n### error ") || !saved ? EXIT_FAILED : EXIT_FINE;
 }
 
 } // namespace

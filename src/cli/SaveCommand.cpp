@@ -2,6 +2,8 @@
 #include "Commands.h"
 #include "RemoteCommand.h"
 
+#include <unistd.h>
+
 namespace
 {
 
@@ -27,7 +29,8 @@ public:
         }
         if (remote)
             return RunCommand(session, COMMAND_SAVE, *record, remote);
-        const CResDoc *document = session.OpenQuietly(path, session.report);
+        StandardOutput errors(STDERR_FILENO); // the opening has no lines in the report of a save
+        const CResDoc *document = session.OpenQuietly(path, errors);
         if (!document)
             return EXIT_FAILED;
         const int status = RunCommand(session, COMMAND_SAVE, *record, remote);

@@ -4,6 +4,7 @@
 #include "Session.h"
 
 #include <csignal>
+#include <new>
 #include <poll.h>
 #include <sys/signalfd.h>
 #include <unistd.h>
@@ -36,7 +37,14 @@ public:
         CommandHandler handler(session.env, session.documents, pipe);
         session.services.GetCommandID = [&handler](const QString &path) { return handler.GetCommandID(&path); };
 
-        CommandServer server([&handler](quint32 id, QByteArrayView record) { return handler.Handle(id, record); });
+        CommandServer server([&handler](quint32 id, QByteArrayView record) {
+            try {
+                return handler.Handle(id, record);
+            } catch (const std::bad_alloc &) { // the next command may need less
+                Complain(QStringLiteral("a command ran out of memory"));
+                return 1;
+            }
+        });
         QString error;
         if (!server.Listen(error)) {
             Complain(error);

@@ -19,7 +19,7 @@ void Complain(const QString &text)
 QString AbsolutePath(const std::string &typed)
 {
     const QString path = QString::fromStdString(typed);
-    return path.isEmpty() ? path : ResolvePath(path, CurrentFolder());
+    return path.isEmpty() ? path : CanonicalPath(ResolvePath(path, CurrentFolder()));
 }
 
 Session::Session(const QString &debugLog)

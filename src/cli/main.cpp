@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstring>
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace
@@ -27,10 +28,20 @@ bool FindLibrary(char (&path)[PATH_MAX])
     return true;
 }
 
+/// Puts something harmless where a standard file is closed: the next file that is opened would take its number.
+void FillClosedFiles()
+{
+    for (int fd = STDIN_FILENO; fd <= STDERR_FILENO; ++fd) {
+        if (fcntl(fd, F_GETFD) == -1 && open("/dev/null", O_RDWR) == -1)
+            return;
+    }
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
+    FillClosedFiles();
     if (argc == 2 && strcmp(argv[1], "--version") == 0) {
         static constexpr char VERSION[] = "morvanite-cli " MORVANITE_VERSION "\n";
         return write(STDOUT_FILENO, VERSION, sizeof VERSION - 1) < 0 ? 1 : 0;

@@ -7,6 +7,7 @@
 namespace
 {
 
+constexpr quint32 NUMBER_BITS = 0xFFFF;
 constexpr quint64 RECORD = 8;      // ID, offset
 constexpr size_t TEXTS_AHEAD = 16; // so many texts are on their way from memory while one is copied
 
@@ -109,11 +110,12 @@ int AddLanguage(PackContext &context, const LanguageStrings &strings)
 {
     Environment &env = context.Env();
     env.WriteOutput("\r\nLanguage ID: %d", strings.language);
-    if (strings.language < 0) {
+    // With all of these bits set the key would be the one that ends the table.
+    if (strings.language < 0 || (quint32(strings.language) & NUMBER_BITS) == NUMBER_BITS) {
         env.WriteOutput("\r\n[error] Illegal language ID: %d.", strings.language);
         return PACK_LANGUAGE_NUMBER;
     }
-    context.image.AddItem(LANGUAGE_KEY | (quint32(strings.language) & 0xFFFF), ITEM_STRINGS);
+    context.image.AddItem(LANGUAGE_KEY | (quint32(strings.language) & NUMBER_BITS), ITEM_STRINGS);
     const int code = BuildStringTable(strings, context.image);
     if (code == PACK_STRING_TABLE)
         env.WriteOutput("\r\n[error] Construct string resource fail : language ID: %d.", strings.language);

@@ -8,6 +8,7 @@
 
 #include <cstdio>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -35,9 +36,11 @@ void MoveAside(const QString &table)
 {
     const QByteArray host = HostPath(table);
     struct stat info;
-    if (lstat(host.constData(), &info) != 0 || S_ISDIR(info.st_mode))
+    if (lstat(host.constData(), &info) == 0 && S_ISDIR(info.st_mode))
         return;
-    (void)std::rename(host.constData(), (host + ".old").constData()); // replaces the older one
+    const QByteArray old = host + ".old";
+    (void)unlink(old.constData()); // also when there is no newer one: it belongs to the run before the last
+    (void)std::rename(host.constData(), old.constData());
 }
 
 } // namespace

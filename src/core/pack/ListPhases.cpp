@@ -6,7 +6,8 @@
 namespace
 {
 
-constexpr qsizetype LONGEST_LINE = 255; // bytes; what is longer goes on in the next line
+constexpr qsizetype LONGEST_LINE = 255;   // bytes; what is longer goes on in the next line
+constexpr qint64 LARGEST_LIST = 64 << 20; // bytes
 
 enum class ListKind
 {
@@ -44,13 +45,18 @@ int ListReader::Read(const QString &list)
         env.DebugTrace("Could not read list file : %s.\n", qUtf8Printable(list));
         return PACK_FILE_OPEN;
     }
+    if (file.size > LARGEST_LIST) {
+        env.WriteOutput("\r\n[error] The list file is too large: %s", qUtf8Printable(list));
+        return PACK_MEMORY;
+    }
     bytes.resize(file.size);
     if (!file.ReadTo(bytes.data()))
         return PACK_FILE_READ;
     const QString folder = DirectoryOf(list);
     for (qsizetype at = 0; at < bytes.size();) {
-        const qsizetype feed = bytes.indexOf('\n', at);
-        const qsizetype end = std::min(feed < 0 ? bytes.size() : feed + 1, at + LONGEST_LINE);
+        const qsizetype limit = std::min(bytes.size(), at + LONGEST_LINE);
+        const qsizetype feed = std::find(bytes.cbegin() + at, bytes.cbegin() + limit, '\n') - bytes.cbegin();
+        const qsizetype end = std::min(feed + 1, limit);
         const auto endsText = [](char c) { return c == '\r' || c == '\n' || c == '\0'; };
         const qsizetype textEnd = std::find_if(bytes.cbegin() + at, bytes.cbegin() + end, endsText) - bytes.cbegin();
         const NarrowText line = bytes.mid(at, textEnd - at);

@@ -1,6 +1,7 @@
 #include "Environment.h"
 
 #include "HostFiles.h"
+#include "Paths.h"
 
 #include <cstdarg>
 #include <cstdio>
@@ -53,7 +54,7 @@ QString Environment::FindProgramDir()
 {
     const QByteArray chosen = qgetenv("MORVANITE_PROGRAM_DIR");
     if (!chosen.isEmpty())
-        return QString::fromUtf8(chosen);
+        return ResolvePath(QString::fromUtf8(chosen), CurrentFolder()); // the current folder changes with each project
     char path[4096];
     const ssize_t size = readlink("/proc/self/exe", path, sizeof path);
     const QString program = QString::fromUtf8(path, size > 0 ? size : 0);

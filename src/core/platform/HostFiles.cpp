@@ -1,5 +1,6 @@
 #include "HostFiles.h"
 
+#include <QDir>
 #include <QFile>
 
 #include <algorithm>
@@ -127,8 +128,27 @@ void MakeWritable(QStringView path)
         chmod(host.constData(), (info.st_mode & 07777) | S_IWUSR);
 }
 
+namespace
+{
+
+/// Makes the user's trash (XDG Trash 1.0); false when there is no place for one. Without it the library would make
+/// shift in the current folder.
+bool EnsureTrash()
+{
+    const QByteArray data = qgetenv("XDG_DATA_HOME");
+    const QByteArray home = qgetenv("HOME");
+    const QString folder = data.startsWith('/') ? QString::fromUtf8(data)
+                           : home.startsWith('/') && PathExists(QString::fromUtf8(home))
+                               ? QString::fromUtf8(home) + QStringLiteral("/.local/share")
+                               : QString();
+    return !folder.isEmpty() && QDir().mkpath(folder + QStringLiteral("/Trash/files")) &&
+           QDir().mkpath(folder + QStringLiteral("/Trash/info"));
+}
+
+} // namespace
+
 void MoveToRecycleBin(const QString &path)
 {
-    if (path.size() <= 260 && PathExists(path))
+    if (path.size() <= 260 && PathExists(path) && EnsureTrash())
         QFile::moveToTrash(QString::fromUtf8(HostPath(path)));
 }

@@ -100,5 +100,6 @@ bool SetCurrentFolder(QStringView path);
 bool DeleteFileOnDisk(QStringView path);
 /// Clears a file's read-only state (adds the owner's right to write).
 void MakeWritable(QStringView path);
-/// Moves a file to the desktop's trash; ignored for a path of more than 260 characters or when it isn't there.
+/// Moves a file to the desktop's trash; ignored for a path of more than 260 characters, when it isn't there, or
+/// when the user has no place for a trash.
 void MoveToRecycleBin(const QString &path);

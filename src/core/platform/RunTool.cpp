@@ -26,10 +26,13 @@ bool IsFile(const QByteArray &path)
 }
 
 /// Takes an unquoted program's name off the front of `rest`; empty, and no change, when no stretch of it names a file.
+///
+/// The longest stretch that does: a file "/opt/my" is no reason to run it in the place of "/opt/my tools/convert.exe".
 QByteArray TakeProgram(QStringView &rest)
 {
-    for (qsizetype end = 1; end <= rest.size(); ++end) {
-        if (end < rest.size() && !IsBlank(rest[end]))
+    const qsizetype quote = rest.indexOf(u'"'); // the arguments begin there at the latest
+    for (qsizetype end = quote < 0 ? rest.size() : quote; end > 0; --end) {
+        if (IsBlank(rest[end - 1]) || (end < rest.size() && !IsBlank(rest[end])))
             continue;
         const QByteArray program = HostPath(rest.first(end));
         if (IsFile(program)) {
