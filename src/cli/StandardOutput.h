@@ -3,7 +3,7 @@
 #include "CommandHandler.h"
 
 /// A report on a stream of the process, as UTF-8. A closed one ends the program quietly.
-class StandardOutput : public IReportPipe
+class StandardOutput final : public IReportPipe
 {
 public:
     explicit StandardOutput(int descriptor) : fd(descriptor) {}

@@ -20,7 +20,7 @@ namespace
 /// What the largest picture needs. The usual shapes take 1.2 GiB: 512 MiB for the file, 512 MB for the coefficients of
 /// a progressive jpg with four components (2 bytes each), 128 MB for its result. One row of 64 million pixels of 8
 /// bytes takes 1.5 GiB beside the file, since libpng keeps two of them.
-constexpr rlim_t maxMemory = rlim_t{2} << 30;
+[[maybe_unused]] constexpr rlim_t maxMemory = rlim_t{2} << 30;
 
 /// The largest pictures take some seconds.
 constexpr rlim_t maxSeconds = 60;
