@@ -195,9 +195,6 @@ int MakeRoom(Environment &env, const QByteArray &shown, ElfImage &elf)
 {
     if (elf.nameTable.isEmpty())
         return Fail(env, "[error] no section name table to put the name .zp_res into: ", shown, ElfCode::NoNameTable);
-    // The header keeps its step, so with another one nobody could read the new table.
-    if (Get16(elf.header.data() + E_SHENTSIZE) != ElfImage::SECTION_HEADER_SIZE)
-        return Fail(env, "[error] the section headers are not 40 bytes apart: ", shown, ElfCode::HeaderStep);
     if (elf.sections.size() >= MOST_SECTIONS)
         return Fail(env, "[error] the section table is full, at 65535 sections: ", shown, ElfCode::TooLarge);
     elf.nameTable.append(SECTION_NAME, sizeof SECTION_NAME);

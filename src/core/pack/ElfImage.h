@@ -24,7 +24,6 @@ enum class ElfCode : int
     NoNameTable = -1040,  ///< no table that the new section's name could go into
     TooLarge = -1041,     ///< more sections than 16 bits or offsets than 32 bits can tell
     InputChanged = -1042, ///< the copy hasn't the size of the file whose tables were read
-    HeaderStep = -1043,   ///< section headers aren't 40 bytes apart, as the new table's are
 };
 
 /// A 32-bit little-endian ELF file between reading and growing: its header and section table as they stand in the file,
