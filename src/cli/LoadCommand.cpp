@@ -1,4 +1,3 @@
-#include "CommandRecord.h"
 #include "Commands.h"
 #include "RemoteCommand.h"
 
@@ -18,13 +17,11 @@ public:
 
     int Run(Session &session) override
     {
-        QString error;
-        const auto record = BuildRecord(CommandRecord{AbsolutePath(project)}, error);
-        if (!record) {
-            Complain(error);
-            return EXIT_WRONG_USE;
-        }
-        return RunCommand(session, COMMAND_LOAD, *record, remote);
+        const CommandRecord record{AbsolutePath(project)};
+        if (remote)
+            return RunRemotely(session, COMMAND_LOAD, record);
+        session.handler.Load(record);
+        return session.LastStatus();
     }
 
 private:

@@ -1,4 +1,3 @@
-#include "CommandRecord.h"
 #include "Commands.h"
 #include "Depfile.h"
 #include "HostFiles.h"
@@ -40,18 +39,15 @@ public:
         request.targetKind = QString::fromStdString(target);
         request.imageConvert = convertImages;
         request.version = version;
-        QString error;
-        const auto record = BuildRecord(request, error);
-        if (!record) {
-            Complain(error);
-            return EXIT_WRONG_USE;
-        }
+        if (remote)
+            return RunRemotely(session, request);
         // Made absolute now: a pack moves to the project's folder.
         const QString depfilePath = AbsolutePath(depfile);
         std::vector<QByteArray> inputs;
         if (!depfile.empty())
             session.handler.packInputs = &inputs;
-        const int status = RunCommand(session, COMMAND_PACK, *record, remote);
+        session.handler.Pack(request);
+        const int status = session.LastStatus();
         if (status == EXIT_FINE && !depfile.empty())
             return WriteDependencies(session, request, depfilePath, std::move(inputs));
         return status;

@@ -5,8 +5,12 @@
 namespace
 {
 
-int RunRemotely(Session &session, CommandId command, const QByteArray &record)
+int Send(Session &session, CommandId command, const std::optional<QByteArray> &record, const QString &recordError)
 {
+    if (!record) {
+        Complain(recordError);
+        return EXIT_WRONG_USE;
+    }
     QString report;
     session.report.Open();
     const auto show = [&](QStringView text) {
@@ -15,7 +19,7 @@ int RunRemotely(Session &session, CommandId command, const QByteArray &record)
         session.report.Flush();
     };
     QString error;
-    const auto answer = CommandClient::Run(command, record, show, error);
+    const auto answer = CommandClient::Run(command, *record, show, error);
     session.report.Close();
     if (!answer) {
         Complain(error);
@@ -29,10 +33,16 @@ int RunRemotely(Session &session, CommandId command, const QByteArray &record)
 
 } // namespace
 
-int RunCommand(Session &session, CommandId command, const QByteArray &record, bool remote)
+int RunRemotely(Session &session, CommandId command, const CommandRecord &record)
 {
-    if (remote)
-        return RunRemotely(session, command, record);
-    session.handler.Handle(command, record);
-    return session.handler.LastError() == 0 ? EXIT_FINE : EXIT_FAILED;
+    QString error;
+    const auto bytes = BuildRecord(record, error);
+    return Send(session, command, bytes, error);
+}
+
+int RunRemotely(Session &session, const PackCommandRecord &record)
+{
+    QString error;
+    const auto bytes = BuildRecord(record, error);
+    return Send(session, COMMAND_PACK, bytes, error);
 }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "CommandRecord.h"
 #include "Session.h"
 
-/// Runs a command here, or sends it to the running window. The exit status.
-[[nodiscard]] int RunCommand(Session &session, CommandId command, const QByteArray &record, bool remote);
+/// Sends a command to the running window and shows its report. The exit status: a record whose paths are too long for a
+/// message is wrong use.
+[[nodiscard]] int RunRemotely(Session &session, CommandId command, const CommandRecord &record);
+[[nodiscard]] int RunRemotely(Session &session, const PackCommandRecord &record);

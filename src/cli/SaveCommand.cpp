@@ -1,4 +1,3 @@
-#include "CommandRecord.h"
 #include "Commands.h"
 #include "RemoteCommand.h"
 
@@ -21,26 +20,21 @@ public:
     int Run(Session &session) override
     {
         const QString path = AbsolutePath(project);
-        QString error;
-        const auto record = BuildRecord(CommandRecord{path}, error);
-        if (!record) {
-            Complain(error);
-            return EXIT_WRONG_USE;
-        }
+        const CommandRecord record{path};
         if (remote)
-            return RunCommand(session, COMMAND_SAVE, *record, remote);
+            return RunRemotely(session, COMMAND_SAVE, record);
         StandardOutput errors(STDERR_FILENO); // the opening has no lines in the report of a save
         const CResDoc *document = session.OpenQuietly(path, errors);
         if (!document)
             return EXIT_FAILED;
-        const int status = RunCommand(session, COMMAND_SAVE, *record, remote);
+        session.handler.Save(record);
         // The report of a save has no error line for these.
         if (document->lastSave.write != 0)
             Complain(path + QStringLiteral(": failed to save the resources"));
         else if (document->lastSave.generate != 0)
             Complain(path +
                      QStringLiteral(": failed to generate header files: more IDs of one kind than there are numbers"));
-        return document->lastSave.write != 0 || document->lastSave.generate != 0 ? EXIT_FAILED : status;
+        return document->lastSave.write != 0 || document->lastSave.generate != 0 ? EXIT_FAILED : session.LastStatus();
     }
 
 private:

@@ -33,7 +33,8 @@ public:
 
     int Run(Session &session) override
     {
-        ReportPipe pipe;
+        const FileHandle ending = EndSignals();
+        ReportPipe pipe(ending.Get());
         CommandHandler handler(session.env, session.documents, pipe);
         session.services.GetCommandID = [&handler](const QString &path) { return handler.GetCommandID(&path); };
 
@@ -50,7 +51,6 @@ public:
             Complain(error);
             return EXIT_FAILED;
         }
-        const FileHandle ending = EndSignals();
         pollfd events[] = {{server.PollFd(), POLLIN, 0}, {ending.Get(), POLLIN, 0}};
         while (poll(events, 2, -1) >= 0 || errno == EINTR) {
             if (events[1].revents)

@@ -54,6 +54,11 @@ void Session::OpenDebugLog(const QString &debugLog)
     };
 }
 
+int Session::LastStatus() const
+{
+    return handler.LastError() == 0 ? EXIT_FINE : EXIT_FAILED;
+}
+
 CResDoc *Session::OpenQuietly(const QString &project, StandardOutput &complainTo)
 {
     const auto explain = std::exchange(services.Explain, nullptr);

@@ -19,6 +19,9 @@ public:
     StandardOutput report;
     CommandHandler handler;
 
+    /// The exit status of the command that the handler ran last.
+    [[nodiscard]] int LastStatus() const;
+
     /// Opens a project without a word; null when that fails, and then the report of the load stands on `complainTo`.
     CResDoc *OpenQuietly(const QString &project, StandardOutput &complainTo);
 

@@ -6,11 +6,15 @@
 
 #include <utility>
 
-/// Ends the state of a command on every way out.
+/// The state of a command, ended on every way out.
 class CommandHandler::Running
 {
 public:
-    explicit Running(CommandHandler &commandHandler) : handler(commandHandler) {}
+    Running(CommandHandler &commandHandler, quint32 id) : handler(commandHandler)
+    {
+        handler.commandId = id;
+        handler.env.DebugTrace("Morvanite: m_uCmdId=%ud\n", id);
+    }
     ~Running()
     {
         handler.CommandTarget = nullptr;
@@ -51,24 +55,40 @@ CommandHandler::~CommandHandler()
 
 int CommandHandler::Handle(quint32 dwData, QByteArrayView record)
 {
-    Running running(*this);
-    commandId = dwData;
-    env.DebugTrace("Morvanite: m_uCmdId=%ud\n", dwData);
+    Running running(*this, dwData);
     switch (dwData) {
     case COMMAND_LOAD:
-        Load(record);
+        RunLoad(ParseCommandRecord(record));
         break;
     case COMMAND_SAVE:
-        Save(record);
+        RunSave(ParseCommandRecord(record));
         break;
     case COMMAND_PACK:
-        Pack(record);
+        RunPack(ParsePackCommandRecord(record));
         break;
     default:
         running.LeavePipe();
         break;
     }
     return 1;
+}
+
+void CommandHandler::Load(const CommandRecord &record)
+{
+    const Running running(*this, COMMAND_LOAD);
+    RunLoad(record);
+}
+
+void CommandHandler::Save(const CommandRecord &record)
+{
+    const Running running(*this, COMMAND_SAVE);
+    RunSave(record);
+}
+
+void CommandHandler::Pack(const PackCommandRecord &record)
+{
+    const Running running(*this, COMMAND_PACK);
+    RunPack(record);
 }
 
 quint32 CommandHandler::GetCommandID(const QString *docPath) const
@@ -82,10 +102,9 @@ quint32 CommandHandler::GetCommandID(const QString *docPath) const
     return 0;
 }
 
-void CommandHandler::Load(QByteArrayView bytes)
+void CommandHandler::RunLoad(const std::optional<CommandRecord> &record)
 {
     int errorCode = 0;
-    const auto record = ParseCommandRecord(bytes);
     if (record) {
         env.DebugTrace("Morvanite got LOAD command\n");
         OpenPipe();
@@ -100,10 +119,9 @@ void CommandHandler::Load(QByteArrayView bytes)
     Report("\r\n\r\nload done\r\n", errorCode);
 }
 
-void CommandHandler::Save(QByteArrayView bytes)
+void CommandHandler::RunSave(const std::optional<CommandRecord> &record)
 {
     int errorCode = 0;
-    const auto record = ParseCommandRecord(bytes);
     if (record) {
         env.DebugTrace("Morvanite got SAVE command\n");
         OpenPipe();
@@ -116,10 +134,9 @@ void CommandHandler::Save(QByteArrayView bytes)
     Report("\r\n\r\nsave done\r\n", errorCode);
 }
 
-void CommandHandler::Pack(QByteArrayView bytes)
+void CommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
 {
     int errorCode = 0;
-    const auto record = ParsePackCommandRecord(bytes);
     if (record) {
         OpenPipe();
         env.DebugTrace("Morvanite got PACK command\n");

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "CResDoc.h"
+#include "CommandRecord.h"
 #include "Environment.h"
 
 #include <functional>
-
-struct PackCommandRecord;
 
 /// Commands that an IDE sends; the number is what the message carries.
 enum CommandId : quint32
@@ -57,6 +56,11 @@ public:
     /// with the pipe closed and no command running.
     int Handle(quint32 dwData, QByteArrayView record);
 
+    // The same for records at hand, whose paths may be longer than a message has room for.
+    void Load(const CommandRecord &record);
+    void Save(const CommandRecord &record);
+    void Pack(const PackCommandRecord &record);
+
     /// The command that is running for the document of that path, compared without regard to case; 0 when none is.
     [[nodiscard]] quint32 GetCommandID(const QString *docPath) const;
 
@@ -71,9 +75,10 @@ public:
 
 private:
     class Running;
-    void Load(QByteArrayView bytes);
-    void Save(QByteArrayView bytes);
-    void Pack(QByteArrayView bytes);
+    // Without a record: its message was too short.
+    void RunLoad(const std::optional<CommandRecord> &record);
+    void RunSave(const std::optional<CommandRecord> &record);
+    void RunPack(const std::optional<PackCommandRecord> &record);
     [[nodiscard]] int PackDocument(CResDoc &doc, const PackCommandRecord &record);
     void OpenPipe();
     void Report(const char *doneText, int errorCode);

@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/time.h>
 
 namespace
@@ -13,12 +14,20 @@ namespace
 
 constexpr timeval BUSY_WAIT{2, 0};
 
-/// Makes a socket wait where it has to, at most for `limit`; 0 is no limit.
-bool MakeBlocking(int socket, const timeval &limit)
+bool SetBlocking(int socket, bool blocks)
 {
     const int flags = fcntl(socket, F_GETFL);
-    return flags >= 0 && fcntl(socket, F_SETFL, flags & ~O_NONBLOCK) == 0 &&
-           setsockopt(socket, SOL_SOCKET, SO_SNDTIMEO, &limit, sizeof limit) == 0;
+    return flags >= 0 && fcntl(socket, F_SETFL, blocks ? flags & ~O_NONBLOCK : flags | O_NONBLOCK) == 0;
+}
+
+/// Connects to a socket with a full backlog, waiting for a place in it.
+int ConnectWaiting(const FileHandle &socket, const QByteArray &path)
+{
+    if (!SetBlocking(socket.Get(), true) ||
+        setsockopt(socket.Get(), SOL_SOCKET, SO_SNDTIMEO, &BUSY_WAIT, sizeof BUSY_WAIT) != 0)
+        return errno;
+    const int failure = ConnectSocket(socket, path);
+    return failure == 0 && !SetBlocking(socket.Get(), false) ? errno : failure;
 }
 
 } // namespace
@@ -34,12 +43,9 @@ bool ReportPipe::Open()
     if (!socket.IsOpen())
         return false;
     int failure = ConnectSocket(socket, path);
-    if (failure == EAGAIN) { // busy: now let the system wait for a place in the backlog
-        if (!MakeBlocking(socket.Get(), BUSY_WAIT))
-            return false;
-        failure = ConnectSocket(socket, path);
-    }
-    if (failure != 0 || !IsSameUser(socket.Get()) || !MakeBlocking(socket.Get(), timeval{0, 0}))
+    if (failure == EAGAIN)
+        failure = ConnectWaiting(socket, path);
+    if (failure != 0 || !IsSameUser(socket.Get()))
         return false;
     connection = std::move(socket);
     linesAtOnce = LINES_AT_ONCE;
@@ -80,6 +86,28 @@ void ReportPipe::Close()
 void ReportPipe::Send()
 {
     if (IsOpen() && !held.isEmpty() && !broken)
-        broken = !SendAll(connection.Get(), held.constData(), size_t(held.size()));
+        broken = !SendHeld();
     held.clear();
+}
+
+bool ReportPipe::SendHeld()
+{
+    qsizetype done = 0;
+    while (done < held.size()) {
+        const ssize_t sent = send(connection.Get(), held.constData() + done, size_t(held.size() - done), MSG_NOSIGNAL);
+        if (sent >= 0)
+            done += sent;
+        else if (errno != EINTR && !(errno == EAGAIN && WaitForRoom()))
+            return false;
+    }
+    return true;
+}
+
+/// False when the program is to end meanwhile.
+bool ReportPipe::WaitForRoom() const
+{
+    pollfd events[] = {{connection.Get(), POLLOUT, 0}, {ending, POLLIN, 0}};
+    while (poll(events, 2, -1) < 0 && errno == EINTR) {
+    }
+    return events[1].revents == 0;
 }

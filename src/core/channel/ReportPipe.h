@@ -12,6 +12,10 @@
 class ReportPipe : public IReportPipe
 {
 public:
+    /// `endRequest`: a descriptor that becomes readable when the program is to end; a write that an IDE leaves waiting
+    /// is given up then. -1: none. Not owned.
+    explicit ReportPipe(int endRequest = -1) : ending(endRequest) {}
+
     /// Connects to the socket of `PIPE_SOCKET`. Where the IDE's backlog is full, waits 2000 ms for a place.
     bool Open() override;
     [[nodiscard]] bool IsOpen() const override { return connection.IsOpen(); }
@@ -25,7 +29,10 @@ public:
 
 private:
     void Send();
+    [[nodiscard]] bool SendHeld();
+    [[nodiscard]] bool WaitForRoom() const;
 
+    int ending;
     FileHandle connection;
     QByteArray held;
     std::chrono::steady_clock::time_point heldSince;
