@@ -1,6 +1,8 @@
 #include "CommandHandler.h"
 
 #include "CommandRecord.h"
+#include "ReportPipe.h"
+#include "Sockets.h"
 #include "TestProject.h"
 
 using namespace Qt::StringLiterals;
@@ -8,49 +10,25 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// A pipe that keeps what is written, with or without an IDE behind it.
-class FakePipe : public IReportPipe
-{
-public:
-    bool Open() override
-    {
-        ++opened;
-        return open = served;
-    }
-    [[nodiscard]] bool IsOpen() const override { return open; }
-    void Write(QStringView text) override
-    {
-        EXPECT_TRUE(open);
-        report += text.toUtf8();
-    }
-    void Close() override { open = false; }
-
-    bool served = true;
-    bool open = false;
-    int opened = 0;
-    QByteArray report;
-};
-
 /// A document whose save may fail.
-class TestDocument : public CResDoc
+struct TestDocument : CResDoc
 {
-public:
     TestDocument(TestProject &project, const bool &savesNow)
         : CResDoc(*project.env, project.tables, project.services), saves(savesNow)
     {
     }
     bool OnSaveDocument(const QString &path) override { return saves && CResDoc::OnSaveDocument(path); }
-
-private:
     const bool &saves;
 };
 
-/// The commands on a project on disk.
+/// The commands on a project on disk, and the IDE that reads their reports.
 class CommandHandlerTest : public ::testing::Test
 {
 protected:
     CommandHandlerTest()
     {
+        QString error;
+        EXPECT_TRUE(ide.Open(runtime.Path(PIPE_SOCKET), ListeningSocket::Turn::Now, error));
         project.services.GetCommandID = [this](const QString &path) { return handler.GetCommandID(&path); };
         handler.idleOutput = [this](QStringView text) { pane += text.toUtf8(); };
         handler.bringToTop = [this] { ++raised; };
@@ -60,26 +38,23 @@ protected:
         project.folder.Put("demo/app.dll", "MZ and so on");
     }
 
-    [[nodiscard]] QByteArray Record() const
-    {
-        QString error;
-        return BuildRecord(request, error).value();
-    }
-
-    /// The report of a command.
-    QByteArray Run(quint32 id)
+    /// The report of a command whose record may be cut.
+    QByteArray Run(quint32 id, qsizetype size = 1696)
     {
         trace.clear();
-        EXPECT_EQ(handler.Handle(id, Record()), 1);
-        EXPECT_FALSE(pipe.open);
-        return std::exchange(pipe.report, {});
+        QString error;
+        EXPECT_EQ(handler.Handle(id, BuildRecord(request, error).value().first(size)), 1);
+        const QByteArray bytes = ReadAll(ide.Accept());
+        return QString(reinterpret_cast<const QChar *>(bytes.constData()), bytes.size() / 2).toUtf8();
     }
 
+    TestRuntime runtime;
+    ListeningSocket ide;
     TestProject project{"<APP><RESOLUTION width=\"240\" height=\"320\" class=\"image\">"
                         "<IMAGE id=\"ID_IMAGE_LARGE\">.\\large.bmp</IMAGE></RESOLUTION></APP>"};
     bool saves = true;
     CDocManager documents{[this] { return std::make_unique<TestDocument>(project, saves); }};
-    FakePipe pipe;
+    ReportPipe pipe;
     CommandHandler handler{*project.env, documents, pipe};
     PackCommandRecord request{project.Path(), u"app.dll"_s, u"out.dll"_s, u"240x320"_s, u"Dll"_s};
     QByteArray pane;
@@ -144,9 +119,9 @@ TEST_F(CommandHandlerTest, EachFailureHasItsCode)
     EXPECT_TRUE(trace.endsWith("Morvanite finished PACK command, err code=404\n"));
 }
 
-TEST_F(CommandHandlerTest, WithoutAPipeTheCommandIsCarriedOutAndItsOutputLost)
+TEST_F(CommandHandlerTest, WithoutAnIdeTheCommandIsCarriedOutAndItsOutputLost)
 {
-    pipe.served = false;
+    unlink(runtime.Path(PIPE_SOCKET).constData());
     EXPECT_EQ(Run(COMMAND_LOAD), "");
     EXPECT_TRUE(trace.contains("Could not open pipe"));
     EXPECT_TRUE(documents.FindDocument(project.Path()));
@@ -159,15 +134,13 @@ TEST_F(CommandHandlerTest, ShortRecordsAndUnknownCommandsDoNothing)
     const std::pair<quint32, qsizetype> ignored[] = {
         {COMMAND_LOAD, 519}, {COMMAND_LOAD, 0}, {COMMAND_SAVE, 519}, {COMMAND_PACK, 1695}, {0xAFBDDBFE, 1696}};
     for (const auto &[id, size] : ignored) {
-        EXPECT_EQ(handler.Handle(id, Record().first(size)), 1);
-        EXPECT_FALSE(trace.contains(" got ")) << trace.constData();
+        EXPECT_EQ(Run(id, size), "");
+        EXPECT_FALSE(trace.contains(" got ") || trace.contains("pipe")) << trace.constData();
     }
-    EXPECT_EQ(pipe.opened, 0);
     EXPECT_FALSE(project.folder.Has("demo/ResID"));
     pipe.Open();
-    handler.Handle(0xAFBDDBFE, Record());
-    EXPECT_TRUE(pipe.open) << "an open pipe stays open";
-    EXPECT_EQ(pipe.report, "");
+    EXPECT_EQ(Run(0xAFBDDBFE), "");
+    EXPECT_TRUE(pipe.IsOpen());
 }
 
 TEST_F(CommandHandlerTest, ADocumentLearnsWhichCommandRunsForItUntilItEndsEvenByAnException)
@@ -185,7 +158,7 @@ TEST_F(CommandHandlerTest, ADocumentLearnsWhichCommandRunsForItUntilItEndsEvenBy
     EXPECT_TRUE(trace.contains("CMainFrame::GetCommandID, return m_uCmdId=2948455419d"
                                "enter CMainFrame::GetCommandID, docPath=/other"
                                "CMainFrame::GetCommandID, return m_uCmdId=0"));
-    EXPECT_FALSE(pipe.open);
+    EXPECT_FALSE(pipe.IsOpen());
     EXPECT_EQ(handler.GetCommandID(&own), 0U);
     project.env->WriteOutput("idle");
     EXPECT_EQ(pane, "idle");

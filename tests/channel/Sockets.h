@@ -26,9 +26,9 @@ private:
     QTemporaryDir folder;
 };
 
-/// A socket that listens without any lock, as another program's would. It stays behind as that of a program that was
-/// killed, with nobody to answer.
-inline FileHandle ListenAt(const QByteArray &path, int backlog = 16)
+/// A socket that listens without any lock, as another program's would, with a place for one client more than `backlog`.
+/// It stays behind as that of a program that was killed, with nobody to answer.
+inline FileHandle ListenAt(const QByteArray &path, int backlog = 0)
 {
     FileHandle listener = MakeSocket();
     const sockaddr_un address = SocketAddress(path);
@@ -47,18 +47,6 @@ inline FileHandle ConnectTo(const QByteArray &path)
     FileHandle connection = MakeSocket();
     EXPECT_EQ(ConnectSocket(connection, path), 0);
     return connection;
-}
-
-/// Takes places at a listener until it has none.
-inline std::vector<FileHandle> FillBacklog(const QByteArray &path)
-{
-    std::vector<FileHandle> crowd;
-    do
-        crowd.push_back(MakeSocket(SOCK_NONBLOCK));
-    while (ConnectSocket(crowd.back(), path) == 0);
-    EXPECT_EQ(errno, EAGAIN);
-    crowd.pop_back();
-    return crowd;
 }
 
 /// All that comes until the other end closes.
