@@ -59,21 +59,25 @@ TEST_F(ResDoc, IsModifiedByAnyChangeOfItsTreeUntilItIsSaved)
     EXPECT_TRUE(project.user.boxes.isEmpty());
 }
 
-TEST_F(ResDoc, StaysModifiedWhenTheListCannotBeWrittenAndGetsNoHeader)
+TEST_F(ResDoc, StaysModifiedWhenItCannotBeWrittenAndGetsNoHeader)
 {
+    const auto expectFailure = [&](const QByteArray &message, int code) {
+        (void)project.TakeOutput();
+        doc->SetModifiedFlag(true);
+        EXPECT_TRUE(doc->DoFileSave()) << "the framework hears of success either way";
+        EXPECT_EQ(project.TakeOutput(), "Error 1: " + message + ".\r\n[demo] save - 1 error(s), 0 warning(s)\r\n");
+        EXPECT_TRUE(doc->IsModified());
+        EXPECT_EQ(doc->lastSave.write, code);
+        EXPECT_EQ(project.folder.Names("demo/ResID"), QStringList());
+    };
     QFile::remove(project.folder.Path(LIST));
     project.folder.MakeFolder(LIST);
-    doc->SetModifiedFlag(true);
-    for (project.command = 0; project.command < 2; ++project.command) {
-        (void)project.TakeOutput();
-        EXPECT_TRUE(doc->DoFileSave()) << "the framework hears of success either way";
-        EXPECT_EQ(project.TakeOutput(), "Error 1: failed to write to file \"res\\demo.res.xml\".\r\n"
-                                        "[demo] save - 1 error(s), 0 warning(s)\r\n");
-        EXPECT_TRUE(doc->IsModified());
-        EXPECT_EQ(doc->lastSave.write, -3);
-        EXPECT_EQ(project.folder.Names("demo/ResID"), QStringList());
-    }
-    EXPECT_EQ(project.user.boxes, QStringList({u"Failed to save the resources."_s})) << "a command shows no box";
+    expectFailure("failed to write to file \"res\\demo.res.xml\"", -3);
+    EXPECT_EQ(project.user.boxes, QStringList({u"Failed to save the resources."_s}));
+    ASSERT_TRUE(QDir().rename(project.folder.Path("demo/res"), project.folder.Path("demo/away")));
+    project.command = 2;
+    expectFailure("failed to open file \"res\\ref_list_demo.txt\"", 110);
+    EXPECT_EQ(project.user.boxes.size(), 1) << "a command shows no box";
 }
 
 TEST_F(ResDoc, AnOverflowOfTheNumbersSavesTheProjectAndSaysSo)

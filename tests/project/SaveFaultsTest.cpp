@@ -93,20 +93,6 @@ TEST_F(SaveFaults, WhereverTheDiskGivesOutEveryFileStaysAndNothingLiesBesideIt)
         EXPECT_NE(Read()[file], before[file]);
 }
 
-TEST_F(SaveFaults, AFolderThatIsGoneLeavesTheRestAsItWas)
-{
-    const Contents before = Read();
-    Change("ID_NEW");
-    ASSERT_TRUE(QDir().rename(project.folder.Path("demo/res"), project.folder.Path("demo/away")));
-    EXPECT_TRUE(doc->DoFileSave());
-    EXPECT_EQ(project.TakeOutput(), "Error 1: failed to open file \"res\\ref_list_demo.txt\".\r\n"
-                                    "[demo] save - 1 error(s), 0 warning(s)\r\n");
-    EXPECT_EQ(doc->lastSave.write, 110);
-    EXPECT_TRUE(doc->IsModified());
-    ASSERT_TRUE(QDir().rename(project.folder.Path("demo/away"), project.folder.Path("demo/res")));
-    EXPECT_EQ(Read(), before);
-}
-
 TEST_F(SaveFaults, AKillAtAnyMomentLeavesEachFileWholeAndTheProjectOpens)
 {
     // Two states that a child saves in turn.
