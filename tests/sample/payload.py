@@ -4,6 +4,7 @@
 Use: payload.py MORVANITE_CLI REPOSITORY
 """
 
+import itertools
 import os
 import pathlib
 import re
@@ -118,52 +119,39 @@ class Payload(unittest.TestCase):
         subprocess.run(["arm-linux-gnueabihf-gcc", "-nostdlib", "-static", "-o", self.input, self.folder / "main.c"],
                        check=True)
 
-    def pack(self, screen, kind, *options):
-        """The bytes that the pack put behind those of the input."""
+    def pack(self, screen, kind, convert):
+        """The bytes that the pack put behind those of the input, and those of the side file."""
         output = self.folder / "packed"
-        environment = {**os.environ, "XDG_CONFIG_HOME": str(self.folder / "config")}
         result = subprocess.run([CLI, "pack", self.folder / "sample/weatherclock.vcproj", "--input", self.input, "--output",
-                                 output, "--resolution", screen, "--target", kind, *options],
-                                env=environment, capture_output=True, check=False)
+                                 output, "--resolution", screen, "--target", kind, "--convert-images", str(convert)],
+                                env={**os.environ, "XDG_CONFIG_HOME": str(self.folder)}, capture_output=True, check=False)
         self.assertEqual(result.returncode, 0, result.stdout.decode() + result.stderr.decode())
-        return output.read_bytes()[self.input.stat().st_size:]
-
-    def side_file(self):
-        return (self.folder / "arm/clock.res").read_bytes()
+        side = self.folder / "arm/clock.res"
+        return output.read_bytes()[self.input.stat().st_size:], side.read_bytes() if side.exists() else b""
 
     def assert_same(self, found, wanted):
         """Without the megabyte that assertEqual would print."""
         self.assertEqual(len(found), len(wanted))
-        where = next((n for n, (a, b) in enumerate(zip(found, wanted)) if a != b), None)
-        self.assertIsNone(where, "first byte that differs")
+        self.assertEqual(next((n for n, pair in enumerate(zip(found, wanted)) if pair[0] != pair[1]), None), None)
 
-    def test_every_screen_with_and_without_conversion(self):
-        for screen in ("240x320", "320x240", "480x272", "128x128"):
-            for convert in (0, 1):
-                with self.subTest(screen=screen, convert=convert):
-                    appended = self.pack(screen, "axf", "--convert-images", str(convert))
-                    wanted = self.project.payload(screen, convert, 0, padded)
-                    self.assert_same(self.side_file(), wanted)
-                    fill = bytes(-self.input.stat().st_size % 4)
-                    self.assert_same(appended[:len(fill) + len(wanted)], fill + wanted)
-
-    def test_offsets_from_the_start_of_the_file(self):
-        settings = self.folder / "config/morvanite/Morvanite.ini"
-        settings.parent.mkdir(parents=True)
-        settings.write_text("[ResID]\nrelativeoffset=0\n")
-        appended = self.pack("240x320", "axf")
-        size = self.input.stat().st_size
-        wanted = self.project.payload("240x320", 0, size + -size % 4, padded)
-        self.assert_same(appended[-size % 4:][:len(wanted)], wanted)
-        self.assert_same(self.side_file(), self.project.payload("240x320", 0, 0, padded))
+    def test_every_screen_with_and_without_conversion_and_offsets_of_the_section_or_the_file(self):
+        start = self.input.stat().st_size + -self.input.stat().st_size % 4
+        fill = bytes(start - self.input.stat().st_size)
+        (self.folder / "morvanite").mkdir()
+        for screen, convert, relative in itertools.product(("240x320", "320x240", "480x272", "128x128"), (0, 1), (0, 1)):
+            with self.subTest(screen=screen, convert=convert, relative=relative):
+                (self.folder / "morvanite/Morvanite.ini").write_text(f"[ResID]\nrelativeoffset={relative}\n")
+                appended, side = self.pack(screen, "axf", convert)
+                wanted = fill + self.project.payload(screen, convert, 0 if relative else start, padded)
+                self.assert_same(appended[:len(wanted)], wanted)
+                self.assert_same(side, self.project.payload(screen, convert, 0, padded))
 
     def test_behind_a_dll_of_any_size(self):
-        with self.input.open("ab") as application:
-            application.write(b"odd"[:3 - self.input.stat().st_size % 4])
-        size = self.input.stat().st_size
-        appended = self.pack("320x240", "dll", "--convert-images", "1")
-        wanted = self.project.payload("320x240", 1, size + 8, bytes)
-        self.assert_same(appended, b".zp_res\0" + wanted + struct.pack("<I", size))
+        for size in range(self.input.stat().st_size, self.input.stat().st_size + 4):
+            with self.input.open("ab") as application:
+                application.truncate(size)
+            wanted = self.project.payload("320x240", 1, size + 8, bytes)
+            self.assert_same(self.pack("320x240", "dll", 1)[0], b".zp_res\0" + wanted + struct.pack("<I", size))
 
     def test_the_icons_are_those_of_their_pictures(self):
         for picture, icon in (("sample/art/AppLogo.png", "sample/AppLogo.img"),
