@@ -40,9 +40,6 @@ class Cli(DemoProject):
         self.assertEqual(status, 1)
         self.assertIn('failed to generate header files', err)
 
-    def test_ids_are_listed_in_the_byte_order_of_their_names(self):
-        self.assertEqual(self.run_cli('ids', self.project), (0, 'ID_FILE_TUNE\t100000\nID_IMAGE_LOGO\t1\nID_STRING_HI\t2\n', ''))
-
     def test_a_pack_prints_every_phase_and_inspect_reads_the_result_back(self):
         status, out, err = self.run_cli(*self.to_pack, '--convert-images', '1', '--depfile', 'deps')
         self.assertEqual((status, err), (0, ''))
@@ -76,11 +73,11 @@ class Cli(DemoProject):
             self.assertEqual(self.run_cli(command, '--help')[0], 0)
             self.assertIn(command, self.run_cli('--help')[1])
 
-    def test_the_debug_log_goes_where_it_is_sent(self):
-        self.assertIn('Morvanite got LOAD command\n', self.run_cli('--debug-log', '-', 'load', self.project)[2])
+    def test_ids_are_listed_in_the_byte_order_of_their_names_and_the_debug_log_goes_where_it_is_sent(self):
         self.env['MORVANITE_DEBUG_LOG'] = str(self.dir / 'log')
-        self.run_cli('ids', self.project)
+        self.assertEqual(self.run_cli('ids', self.project), (0, 'ID_FILE_TUNE\t100000\nID_IMAGE_LOGO\t1\nID_STRING_HI\t2\n', ''))
         self.assertIn('enter IDGen::FillValue()\n', (self.dir / 'log').read_text())
+        self.assertIn('Morvanite got LOAD command\n', self.run_cli('--debug-log', '-', 'load', self.project)[2])
 
     def test_a_closed_or_full_output_ends_the_program_without_a_crash(self):
         reader, writer = os.pipe()

@@ -3,6 +3,7 @@
 import os
 import pathlib
 import shutil
+import socket
 import struct
 import subprocess
 import sys
@@ -10,19 +11,6 @@ import tempfile
 import unittest
 
 CLI = os.path.abspath(sys.argv[1])
-REPOSITORY = pathlib.Path(__file__).parents[2]
-CONFIG = ('<config><resolution><Width>240</Width><Height>320</Height></resolution>'
-          '<zxa><zepversion>20</zepversion></zxa></config>')
-LIST = ('<APP id="APP_demo">\n'
-        '<FILE id="ID_FILE_TUNE" type="Push">.\\tune.mp3</FILE>\n'
-        '<RESOLUTION width="240" height="320" class="image">'
-        '<IMAGE id="ID_IMAGE_LOGO" type="Normal">.\\logo.png</IMAGE></RESOLUTION>\n'
-        '<STRING>res\\ref_list_demo.txt</STRING>\n'
-        '</APP>\n')
-STRINGS = ('Number of Language\t1\r\n'
-           'String ID\tResource Type\tDescription\tEnglish(0)\r\n'
-           'ID_STRING_HI\tNormal\tgreeting\tHi\r\n'
-           '##number\t1\r\n')
 LOADED = ('Loading resource from "res\\demo.res.xml"...\r\n'
           'Loading strings from "res\\ref_list_demo.txt"...\r\n'
           '[demo] open - 0 error(s), 0 warning(s)\r\n')
@@ -34,6 +22,21 @@ def arm_elf():
     return header + b'\0.shstrtab\0\0' + bytes(40) + struct.pack('<10I', 1, 3, 0, 0, 52, 11, 0, 0, 1, 0)
 
 
+FILES = {
+    'config.xml': b'<config><resolution><Width>240</Width><Height>320</Height></resolution>'
+                  b'<zxa><zepversion>20</zepversion></zxa></config>',
+    'res/demo.res.xml': b'<APP id="APP_demo">\n<FILE id="ID_FILE_TUNE" type="Push">.\\tune.mp3</FILE>\n'
+                        b'<RESOLUTION width="240" height="320" class="image">'
+                        b'<IMAGE id="ID_IMAGE_LOGO" type="Normal">.\\logo.png</IMAGE></RESOLUTION>\n'
+                        b'<STRING>res\\ref_list_demo.txt</STRING>\n</APP>\n',
+    'res/ref_list_demo.txt': ('Number of Language\t1\r\nString ID\tResource Type\tDescription\tEnglish(0)\r\n'
+                              'ID_STRING_HI\tNormal\tgreeting\tHi\r\n##number\t1\r\n').encode('utf-16'),
+    'tune.mp3': b'tune',
+    'app.axf': arm_elf(),
+    'logo.png': (pathlib.Path(__file__).parents[2] / 'sample/art/AppLogo.png').read_bytes(),
+}
+
+
 class DemoProject(unittest.TestCase):
     def setUp(self):
         self.maxDiff = None
@@ -41,12 +44,8 @@ class DemoProject(unittest.TestCase):
         self.addCleanup(shutil.rmtree, self.dir, ignore_errors=True)
         (self.dir / 'res').mkdir()
         (self.dir / 'arm').mkdir()
-        (self.dir / 'config.xml').write_text(CONFIG)
-        (self.dir / 'res/demo.res.xml').write_text(LIST)
-        (self.dir / 'res/ref_list_demo.txt').write_bytes(STRINGS.encode('utf-16'))
-        (self.dir / 'tune.mp3').write_bytes(b'tune')
-        (self.dir / 'app.axf').write_bytes(arm_elf())
-        shutil.copy(REPOSITORY / 'sample/art/AppLogo.png', self.dir / 'logo.png')
+        for name, content in FILES.items():
+            (self.dir / name).write_bytes(content)
         self.project = str(self.dir / 'demo.vcproj')
         self.to_pack = ('pack', self.project, '--input', str(self.dir / 'app.axf'), '--resolution', '240x320', '--target', 'axf')
         self.runtime = self.dir / 'run'
@@ -66,6 +65,7 @@ class DemoProject(unittest.TestCase):
         server = subprocess.Popen([CLI, 'serve'], env=self.env, stdin=subprocess.DEVNULL, stderr=subprocess.PIPE)
         self.addCleanup(server.communicate)
         self.addCleanup(server.kill)
-        while not (self.runtime / '#QRK-MORVANITE-WNDCLASS#').exists():
-            self.assertIsNone(server.poll())
+        with socket.socket(socket.AF_UNIX) as probe:
+            while probe.connect_ex(str(self.runtime / '#QRK-MORVANITE-WNDCLASS#')) != 0:
+                self.assertIsNone(server.poll())
         return server
