@@ -55,13 +55,6 @@ class Cli(DemoProject):
         self.assertEqual([item['key'] for item in seen[0]['block']][1:3], [100000, 1])
         self.assertEqual(seen[0]['strings'], {'0': {'2': 'Hi'}})
 
-    def test_a_pack_that_fails_has_its_code(self):
-        for target, source, output, code in (('elf', 'app.axf', 'new', 87), ('axf', 'app.axf', 'app.axf', -1001),
-                                             ('axf', 'none.axf', 'new', -1030)):
-            status, out, _ = self.run_cli('pack', self.project, '--input', source, '--output', output, '--resolution', '1x1',
-                                          '--target', target)
-            self.assertTrue(status == 1 and out.endswith(f'\r\n### error {code} ###\r\n'), out)
-
     def test_a_wrong_command_line_ends_with_2_and_a_message(self):
         for arguments in ((), ('fly',), ('load',), ('pack', self.project), ('load', self.project, '--fast'),
                           ('load', '/' + 'x' * 300)):

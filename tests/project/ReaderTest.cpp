@@ -53,24 +53,16 @@ TEST(ProjectReader, PutsEachResourceIntoItsFolder)
 TEST(ProjectReader, EachFaultHasItsMessageNumberAndLineAndTheRestIsRead)
 {
     const QByteArray longName(65, 'N');
-    TestProject project("<APP>\n"
-                        "<FILE/>\n"
-                        "<IMAGE>x</IMAGE>\n"
-                        "<FILE id=\"1BAD\">missing</FILE>\n"
+    TestProject project("<APP>\n<FILE/>\n<IMAGE>x</IMAGE>\n<FILE id=\"1BAD\">missing</FILE>\n"
                         "<FILE id=\"ID_F\">missing</FILE><IMAGE id=\"" +
                         longName +
-                        "\"/>\n"
-                        "<FILE id=\"ID_F\"/>\n"
-                        "<IMAGE id=\"ID_F\">also missing</IMAGE>\n"
+                        "\"/>\n<FILE id=\"ID_F\"/>\n<IMAGE id=\"ID_F\">also missing</IMAGE>\n"
                         "<RESOLUTION height=\"1\"/><RESOLUTION width=\"5\"/><RESOLUTION width=\"5\" height=\"0\"/>\n"
                         "<RESOLUTION width=\"65776\" height=\"65856\" class=\"image\"><IMAGE/></RESOLUTION>\n"
                         "<RESOLUTION width=\"176\" height=\"220\" class=\"layout\">\n<IMAGE id=\"A\"/></RESOLUTION>\n"
                         "<RESOLUTION width=\"240\" height=\"320\" class=\"an image\"><IMAGE id=\"ID_F\"/><FILE/>"
                         "</RESOLUTION>\n"
-                        "<STRING/>\n"
-                        "<COMPONENT/><COMPONENT id=\"%s%n\"><NONSENSE/></COMPONENT>\n"
-                        "<file id=\"C\"/>\n"
-                        "</APP>");
+                        "<STRING/>\n<COMPONENT/><COMPONENT id=\"%s%n\"><NONSENSE/></COMPONENT>\n<file/>\n</APP>");
     EXPECT_EQ(project.MessagesOfOpening().replace(longName, "LONG"),
               "Error 1: invalid file tag (Line 3).\r\n"
               "Error 2: invalid image tag (Line 4).\r\n"
