@@ -68,7 +68,8 @@ class Cli(DemoProject):
 
     def test_ids_are_listed_in_the_byte_order_of_their_names_and_the_debug_log_goes_where_it_is_sent(self):
         self.env['MORVANITE_DEBUG_LOG'] = str(self.dir / 'log')
-        self.assertEqual(self.run_cli('ids', self.project), (0, 'ID_FILE_TUNE\t100000\nID_IMAGE_LOGO\t1\nID_STRING_HI\t2\n', ''))
+        listed = 'ID_FILE_TUNE\t100000\nID_IMAGE_LOGO\t1\nID_STRING_HI\t2\n'
+        self.assertEqual(self.run_cli('ids', self.project), (0, listed, ''))
         self.assertIn('enter IDGen::FillValue()\n', (self.dir / 'log').read_text())
         self.assertIn('Morvanite got LOAD command\n', self.run_cli('--debug-log', '-', 'load', self.project)[2])
 

@@ -47,7 +47,7 @@ class DemoProject(unittest.TestCase):
         for name, content in FILES.items():
             (self.dir / name).write_bytes(content)
         self.project = str(self.dir / 'demo.vcproj')
-        self.to_pack = ('pack', self.project, '--input', str(self.dir / 'app.axf'), '--resolution', '240x320', '--target', 'axf')
+        self.to_pack = ('pack', self.project, '--input', self.dir / 'app.axf', '--resolution', '240x320', '--target', 'axf')
         self.runtime = self.dir / 'run'
         self.env = dict(os.environ, XDG_CONFIG_HOME=str(self.dir / 'none'), MORVANITE_RUNTIME_DIR=str(self.runtime))
 
