@@ -84,11 +84,12 @@ TEST_F(CommandHandlerTest, LoadOpensTheProjectAndSaveSavesWhatIsOpenWhateverTheC
 
 TEST_F(CommandHandlerTest, PackOpensTheProjectAndPacksInItsFolderForEverySpellingOfItsResolution)
 {
+    QByteArray opening = LOADED;
     for (const auto &[resolution, found] : {std::pair(u"240x320"_s, true), {u"240*320"_s, true}, {u"1x1"_s, false}}) {
         QDir::setCurrent(u"/"_s);
         request.resolution = resolution;
         const QByteArray report = Run(COMMAND_PACK);
-        EXPECT_TRUE(report.startsWith(LOADED + "\r\npack resource started\r\n")) << report.constData();
+        EXPECT_TRUE(report.startsWith(opening + "\r\npack resource started\r\n")) << report.constData();
         EXPECT_TRUE(report.endsWith("\r\npack resource done, result=0\r\n\r\n\r\npack done\r\n")) << report.constData();
         EXPECT_EQ(QDir::currentPath(), project.folder.Path("demo"));
         EXPECT_TRUE(project.folder.Get("demo/out.dll").startsWith(QByteArray("MZ and so on.zp_res\0", 20)));
@@ -97,8 +98,7 @@ TEST_F(CommandHandlerTest, PackOpensTheProjectAndPacksInItsFolderForEverySpellin
         EXPECT_TRUE(trace.contains("implicit ID Gen before Pack done, result is 0\n"));
         EXPECT_TRUE(trace.contains("Morvanite: m_szCmdTarget=" + project.Path().toUtf8() + '\n'));
         EXPECT_TRUE(trace.endsWith("Morvanite finished PACK command, err code=0\n"));
-        EXPECT_EQ(documents.Documents().size(), 1U);
-        documents.CloseAll();
+        opening.clear(); // it stays open
     }
 }
 

@@ -31,9 +31,9 @@ TEST(CommandRecord, HasItsFieldsAtTheirOffsetsAndIsReadAsItWasBuilt)
     EXPECT_EQ(bytes.mid(1560, 4), QByteArray("2\0004\0", 4));
     EXPECT_EQ(bytes.mid(1624, 8), QByteArray("A\0x\0f\0\0\0", 8));
     EXPECT_EQ(bytes.mid(1688), QByteArray("\xfe\xff\xff\xff\x04\x03\x02\x01", 8));
-    EXPECT_EQ(Built(*ParsePackCommandRecord(bytes + QByteArray(5000, 'x'))), bytes);
-    EXPECT_EQ(ParseCommandRecord(bytes.first(520))->projectPath, u"/x/demo.vcproj"_s);
-    EXPECT_EQ(ParsePackCommandRecord(QByteArray(1696, 'a'))->resolution, QString(32, QChar(0x6161)))
+    EXPECT_EQ(Built(ParsePackCommandRecord(bytes + QByteArray(5000, 'x')).value()), bytes);
+    EXPECT_EQ(ParseCommandRecord(bytes.first(520)).value().projectPath, u"/x/demo.vcproj"_s);
+    EXPECT_EQ(ParsePackCommandRecord(QByteArray(1696, 'a')).value().resolution, QString(32, QChar(0x6161)))
         << "its whole field";
 }
 

@@ -135,11 +135,12 @@ TEST_F(CommandServerTest, RunsOneCommandAtATimeAndAPeersNextBehindThoseOfOthers)
 TEST_F(CommandServerTest, HoldsCommandsBackWhilePaused)
 {
     const FileHandle peer = Connect(Message(1) + Message(2));
+    const FileHandle ready = Connect(Message(3));
     const FileHandle gone = Connect();
     during = [&] { server->SetPaused(true); }; // a box opens
     DispatchAll();
     shutdown(gone.Get(), SHUT_RDWR);
-    const FileHandle later = Connect(Message(3));
+    const FileHandle later = Connect(Message(4));
     server->Dispatch();
     DispatchAll();
     EXPECT_EQ(commands, QByteArrayList({"1"}));
@@ -148,7 +149,7 @@ TEST_F(CommandServerTest, HoldsCommandsBackWhilePaused)
     server->SetPaused(false);
     EXPECT_EQ(Answers(later), ANSWER);
     EXPECT_EQ(ReadNow(peer), ANSWER.repeated(2));
-    EXPECT_EQ(server->ConnectionCount(), 2U);
+    EXPECT_EQ(server->ConnectionCount(), 3U);
 }
 
 TEST_F(CommandServerTest, APeerThatDoesNotReadItsAnswersGetsThemLater)

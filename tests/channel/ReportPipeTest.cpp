@@ -2,6 +2,8 @@
 
 #include "Sockets.h"
 
+#include <QElapsedTimer>
+
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -65,7 +67,10 @@ TEST_F(ReportPipeTest, AnIdeThatGoesAwayRaisesNoSignalAndDropsTheRest)
 TEST_F(ReportPipeTest, WaitsForAPlaceAtABusyIdeButNotForEverNorForOneThatIsGone)
 {
     const FileHandle other = ConnectTo(path);
+    QElapsedTimer timer;
+    timer.start();
     EXPECT_FALSE(pipe.Open());
+    EXPECT_GE(timer.elapsed(), 1990);
     std::thread ide([&] { AcceptAt(listener); });
     EXPECT_TRUE(pipe.Open());
     ide.join();

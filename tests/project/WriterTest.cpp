@@ -50,6 +50,11 @@ TEST(ProjectWriter, WithoutStringsTheOldStringFileGoesToTheTrash)
     EXPECT_TRUE(project.folder.Has("demo/res/ref_list_demo.txt")) << "a description is something to store";
 
     strings.subfolders.front()->Clear();
+    QFile::remove(project.folder.Path("demo/res/demo.res.xml"));
+    project.folder.MakeFolder("demo/res/demo.res.xml");
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_TRUE(project.folder.Has("demo/res/ref_list_demo.txt")) << "a save that fails loses nothing";
+    QDir().rmdir(project.folder.Path("demo/res/demo.res.xml"));
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_FALSE(project.folder.Has("demo/res/ref_list_demo.txt"));
     EXPECT_TRUE(project.folder.Has("share/Trash/files/ref_list_demo.txt"));
