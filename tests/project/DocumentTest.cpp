@@ -56,6 +56,7 @@ TEST_F(ResDoc, IsModifiedByAnyChangeOfItsTreeUntilItIsSaved)
     EXPECT_TRUE(changes([&] { doc->UseResolutionImages(0); }));
     EXPECT_FALSE(changes([&] { doc->UseResolutionImages(0); }));
     EXPECT_FALSE(changes([&] { doc->GenerateIds(nullptr); })) << "numbers aren't part of the project";
+    EXPECT_FALSE(doc->OnNewDocument());
     EXPECT_TRUE(project.user.boxes.isEmpty());
 }
 
