@@ -70,11 +70,9 @@ void CheckRecord(const PackCommandRecord &record, const Environment &env, const 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     static Environment env(QStringLiteral("/nonexistent"));
-    static CResoTable resolutions;
-    if (resolutions.Count() == 0) {
-        resolutions.Add("", 240, 320);
-        resolutions.Add("", 320, 480);
-    }
+    CResoTable resolutions;
+    resolutions.Add("", 240, 320);
+    resolutions.Add("", 320, 480);
     if (size < 4)
         return 0;
     const quint32 id = qFromLittleEndian<quint32>(data);
@@ -86,8 +84,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     Require(handler.Handle(id, record) == 1);
     Require(!report.open && documents.Documents().empty());
     Require(report.text.isEmpty() || report.text.contains(u" done\r\n"));
-    const auto path = ParseCommandRecord(record);
-    Require(!path || handler.GetCommandID(&path->projectPath) == 0);
+    if (const auto path = ParseCommandRecord(record))
+        Require(handler.GetCommandID(&path->projectPath) == 0);
     if (const auto parsed = ParsePackCommandRecord(record))
         CheckRecord(*parsed, env, resolutions);
     return 0;

@@ -1,6 +1,5 @@
 // Settings of any bytes: every reading ends, and a change of one key leaves the rest as it was.
 
-#include "Environment.h"
 #include "ProcessTables.h"
 #include "Profile.h"
 #include "ScratchFolder.h"

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QByteArray>
+#include "Environment.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -19,6 +20,15 @@ public:
         QFile file(Path(name));
         if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
             std::abort();
+    }
+
+    /// A silent program with these settings.
+    [[nodiscard]] std::unique_ptr<Environment> Program(const QByteArray &settings) const
+    {
+        Put("bin/Morvanite.ini", settings);
+        auto env = std::make_unique<Environment>(Path("bin"));
+        env->output = [](QStringView) {};
+        return env;
     }
 
 private:

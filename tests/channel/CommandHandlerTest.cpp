@@ -1,220 +1,167 @@
 #include "CommandHandler.h"
 
 #include "CommandRecord.h"
-
-#include <gtest/gtest.h>
-
-#include "FakePipe.h"
-
-#include <stdexcept>
+#include "ReportPipe.h"
+#include "Sockets.h"
+#include "TestProject.h"
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 
-const QString DEMO = u"/x/demo.vcproj"_s;
-
-QByteArray RecordOf(const QString &path)
+/// A document whose save may fail.
+struct TestDocument : CResDoc
 {
-    QString error;
-    return BuildRecord(CommandRecord{path}, error).value();
-}
-
-QByteArray PackRecordOf(const QString &path)
-{
-    QString error;
-    return BuildRecord(PackCommandRecord{path, {}, {}, u"240x320"_s, u"axf"_s}, error).value();
-}
-
-/// A document whose operations do as the test wants, and write a line.
-class FakeDocument : public CDocument
-{
-public:
-    struct Orders
+    TestDocument(TestProject &project, const bool &savesNow)
+        : CResDoc(*project.env, project.tables, project.services), saves(savesNow)
     {
-        Environment &env;
-        std::function<void()> load;
-        std::function<bool()> save;
-    };
-    explicit FakeDocument(const Orders &fakeOrders) : orders(fakeOrders) {}
-    void Serialize(bool) override
-    {
-        orders.env.WriteOutput("loading\r\n");
-        if (orders.load)
-            orders.load();
     }
-    bool OnSaveDocument(const QString &) override
-    {
-        orders.env.WriteOutput("saving\r\n");
-        return !orders.save || orders.save();
-    }
-    void ReportSaveLoadException(const QString &, const ArchiveException &exception, bool) override
-    {
-        orders.env.WriteOutput("\r\n### error %d ###\r\n", exception.cause);
-    }
-
-private:
-    const Orders &orders;
+    bool OnSaveDocument(const QString &path) override { return saves && CResDoc::OnSaveDocument(path); }
+    const bool &saves;
 };
 
+/// The commands on a project on disk, and the IDE that reads their reports.
 class CommandHandlerTest : public ::testing::Test
 {
 protected:
     CommandHandlerTest()
     {
-        handler.idleOutput = [this](QStringView text) { pane += text; };
-        env.trace = [this](QStringView text) { trace += text.toString(); };
+        QString error;
+        EXPECT_TRUE(ide.Open(runtime.Path(PIPE_SOCKET), ListeningSocket::Turn::Now, error));
+        project.services.GetCommandID = [this](const QString &path) { return handler.GetCommandID(&path); };
+        handler.idleOutput = [this](QStringView text) { pane += text.toUtf8(); };
+        handler.bringToTop = [this] { ++raised; };
+        project.env->trace = [this](QStringView text) { trace += text.toUtf8(); };
+        project.folder.Put("bin/AppLogo.img", "a drawn logo");
+        project.folder.Put("demo/large.bmp", "a picture for 240x320");
+        project.folder.Put("demo/app.dll", "MZ and so on");
     }
 
-    Environment env{u"/nonexistent"_s};
-    FakeDocument::Orders orders{env, nullptr, nullptr};
-    CDocManager documents{[this] { return std::make_unique<FakeDocument>(orders); }};
-    FakePipe pipe;
-    CommandHandler handler{env, documents, pipe};
-    QString pane;
-    QStringList trace;
+    /// The report of a command whose record may be cut.
+    QByteArray Run(quint32 id, qsizetype size = 1696)
+    {
+        trace.clear();
+        QString error;
+        EXPECT_EQ(handler.Handle(id, BuildRecord(request, error).value().first(size)), 1);
+        const QByteArray bytes = ReadAll(ide.Accept());
+        return QString(reinterpret_cast<const QChar *>(bytes.constData()), bytes.size() / 2).toUtf8();
+    }
+
+    TestRuntime runtime;
+    ListeningSocket ide;
+    TestProject project{"<APP><RESOLUTION width=\"240\" height=\"320\" class=\"image\">"
+                        "<IMAGE id=\"ID_IMAGE_LARGE\">.\\large.bmp</IMAGE></RESOLUTION></APP>"};
+    bool saves = true;
+    CDocManager documents{[this] { return std::make_unique<TestDocument>(project, saves); }};
+    ReportPipe pipe;
+    CommandHandler handler{*project.env, documents, pipe};
+    PackCommandRecord request{project.Path(), u"app.dll"_s, u"out.dll"_s, u"240x320"_s, u"Dll"_s};
+    QByteArray pane;
+    QByteArray trace;
+    int raised = 0;
 };
 
-TEST_F(CommandHandlerTest, LoadOpensTheDocumentAndReports)
-{
-    int raised = 0;
-    handler.bringToTop = [&] { ++raised; };
-    EXPECT_EQ(handler.Handle(COMMAND_LOAD, RecordOf(DEMO)), 1);
-    EXPECT_EQ(pipe.report, u"loading\r\n\r\n\r\nload done\r\n"_s);
-    EXPECT_EQ(handler.LastError(), 0);
-    EXPECT_FALSE(pipe.open);
-    EXPECT_EQ(raised, 1);
-    ASSERT_TRUE(documents.FindDocument(DEMO));
-    EXPECT_EQ(trace, QStringList({u"Morvanite: m_uCmdId=2948455419d\n"_s, u"Morvanite got LOAD command\n"_s,
-                                  u"Morvanite finished LOAD command\n"_s, u"Morvanite ENDed LOAD command\n"_s}));
+const QByteArray LOADED =
+    "Loading resource from \"res\\demo.res.xml\"...\r\n[demo] open - 0 error(s), 0 warning(s)\r\n";
 
-    pipe.report.clear();
-    handler.Handle(COMMAND_LOAD, RecordOf(u"/X/DEMO.vcproj"_s)); // is open
-    EXPECT_EQ(pipe.report, u"\r\n\r\nload done\r\n"_s);
+TEST_F(CommandHandlerTest, LoadOpensTheProjectAndSaveSavesWhatIsOpenWhateverTheCaseOfItsPath)
+{
+    EXPECT_EQ(Run(COMMAND_SAVE), "\r\n\r\nsave done\r\n") << "no document is no error";
+    EXPECT_EQ(Run(COMMAND_LOAD), LOADED + "\r\n\r\nload done\r\n");
+    EXPECT_EQ(trace, "Morvanite: m_uCmdId=2948455419d\nMorvanite got LOAD command\n"
+                     "Morvanite finished LOAD command\nMorvanite ENDed LOAD command\n");
+    request.projectPath = request.projectPath.toUpper();
+    EXPECT_EQ(Run(COMMAND_LOAD), "\r\n\r\nload done\r\n");
+    EXPECT_EQ(Run(COMMAND_SAVE), "[demo] save - 0 error(s), 0 warning(s)\r\n\r\n\r\nsave done\r\n");
+    EXPECT_TRUE(trace.startsWith("Morvanite: m_uCmdId=2948455420d\nMorvanite got SAVE command\n"));
+    EXPECT_TRUE(trace.endsWith("Morvanite finished SAVE command\n"));
+    EXPECT_TRUE(project.folder.Has("demo/ResID/ResID.h"));
     EXPECT_EQ(documents.Documents().size(), 1U);
-}
-
-TEST_F(CommandHandlerTest, LoadThatFailsReports110BehindTheDocumentsOwnError)
-{
-    orders.load = [] { throw ArchiveException{7}; };
-    int raised = 0;
-    handler.bringToTop = [&] { ++raised; };
-    EXPECT_EQ(handler.Handle(COMMAND_LOAD, RecordOf(DEMO)), 1);
-    EXPECT_EQ(pipe.report, u"loading\r\n\r\n### error 7 ###\r\n\r\n\r\nload done\r\n\r\n### error 110 ###\r\n"_s);
-    EXPECT_EQ(handler.LastError(), 110);
-    EXPECT_EQ(raised, 1);
-    EXPECT_TRUE(documents.Documents().empty());
-}
-
-TEST_F(CommandHandlerTest, SaveSavesWhatIsOpen)
-{
-    handler.Handle(COMMAND_SAVE, RecordOf(DEMO));
-    EXPECT_EQ(pipe.report, u"\r\n\r\nsave done\r\n"_s); // no document is no error
-    documents.OpenDocumentFile(DEMO);
-    pipe.report.clear();
-    trace.clear();
-    handler.Handle(COMMAND_SAVE, RecordOf(DEMO.toUpper()));
-    EXPECT_EQ(pipe.report, u"saving\r\n\r\n\r\nsave done\r\n"_s);
-    EXPECT_EQ(trace, QStringList({u"Morvanite: m_uCmdId=2948455420d\n"_s, u"Morvanite got SAVE command\n"_s,
-                                  u"Morvanite finished SAVE command\n"_s}));
-
-    pipe.report.clear();
-    orders.save = [] { return false; };
-    handler.Handle(COMMAND_SAVE, RecordOf(DEMO));
-    EXPECT_EQ(pipe.report, u"saving\r\n\r\n\r\nsave done\r\n\r\n### error 29 ###\r\n"_s);
-    EXPECT_EQ(handler.LastError(), 29);
-}
-
-TEST_F(CommandHandlerTest, PackOfAProjectThatDoesNotOpenReports404)
-{
-    orders.load = [] { throw ArchiveException{7}; };
-    EXPECT_EQ(handler.Handle(COMMAND_PACK, PackRecordOf(DEMO)), 1);
-    EXPECT_EQ(pipe.report, u"loading\r\n\r\n### error 7 ###\r\n\r\n\r\npack done\r\n\r\n### error 404 ###\r\n"_s);
-    EXPECT_EQ(trace, QStringList({u"Morvanite: m_uCmdId=2948455421d\n"_s, u"Morvanite got PACK command\n"_s,
-                                  u"Morvanite: m_szCmdTarget=/x/demo.vcproj\n"_s,
-                                  u"Morvanite finished PACK command, err code=404\n"_s}));
-}
-
-TEST_F(CommandHandlerTest, OutputGoesToThePipeOnlyWhileACommandRuns)
-{
-    env.WriteOutput("before\r\n");
-    handler.Handle(COMMAND_LOAD, RecordOf(DEMO));
-    env.WriteOutput("after\r\n");
-    EXPECT_EQ(pane, u"before\r\nafter\r\n"_s);
-    handler.idleOutput = nullptr;
-    env.WriteOutput("dropped\r\n");
-}
-
-TEST_F(CommandHandlerTest, WithoutAPipeTheCommandIsCarriedOutAndItsOutputLost)
-{
-    pipe.served = false;
-    EXPECT_EQ(handler.Handle(COMMAND_LOAD, RecordOf(DEMO)), 1);
-    EXPECT_TRUE(documents.FindDocument(DEMO));
-    EXPECT_EQ(pipe.report, QString());
-    EXPECT_EQ(pane, QString());
-    EXPECT_TRUE(trace.contains(u"Could not open pipe"_s));
-}
-
-TEST_F(CommandHandlerTest, RecordThatIsTooSmallDoesNothingAndReachesNoPipe)
-{
-    documents.OpenDocumentFile(DEMO);
-    orders.save = []() -> bool { throw std::logic_error("saved"); };
-    EXPECT_EQ(handler.Handle(COMMAND_LOAD, RecordOf(u"/x/other.vcproj"_s).first(519)), 1);
-    EXPECT_EQ(handler.Handle(COMMAND_SAVE, RecordOf(DEMO).first(519)), 1);
-    EXPECT_EQ(handler.Handle(COMMAND_PACK, PackRecordOf(u"/x/other.vcproj"_s).first(1695)), 1);
-    EXPECT_EQ(handler.Handle(COMMAND_LOAD, {}), 1);
-    EXPECT_EQ(pipe.opened, 0);
-    EXPECT_EQ(pipe.report, QString());
-    EXPECT_EQ(documents.Documents().size(), 1U);
+    EXPECT_EQ(raised, 2);
     EXPECT_EQ(handler.LastError(), 0);
-    env.WriteOutput("idle");
-    EXPECT_TRUE(pane.endsWith(u"idle"_s));
 }
 
-TEST_F(CommandHandlerTest, UnknownCommandIsIgnoredAndLeavesAnOpenPipeOpen)
+TEST_F(CommandHandlerTest, PackOpensTheProjectAndPacksInItsFolderForEverySpellingOfItsResolution)
 {
+    QByteArray opening = LOADED;
+    for (const auto &[resolution, found] : {std::pair(u"240x320"_s, true), {u"240*320"_s, true}, {u"1x1"_s, false}}) {
+        QDir::setCurrent(u"/"_s);
+        request.resolution = resolution;
+        const QByteArray report = Run(COMMAND_PACK);
+        EXPECT_TRUE(report.startsWith(opening + "\r\npack resource started\r\n")) << report.constData();
+        EXPECT_TRUE(report.endsWith("\r\npack resource done, result=0\r\n\r\n\r\npack done\r\n")) << report.constData();
+        EXPECT_EQ(QDir::currentPath(), project.folder.Path("demo"));
+        EXPECT_TRUE(project.folder.Get("demo/out.dll").startsWith(QByteArray("MZ and so on.zp_res\0", 20)));
+        EXPECT_EQ(project.folder.Get("demo/out.dll").contains("a picture for 240x320"), found);
+        EXPECT_FALSE(project.folder.Has("demo/ResID")) << "the numbers are fresh, but no header is written";
+        EXPECT_TRUE(trace.contains("implicit ID Gen before Pack done, result is 0\n"));
+        EXPECT_TRUE(trace.contains("Morvanite: m_szCmdTarget=" + project.Path().toUtf8() + '\n'));
+        EXPECT_TRUE(trace.endsWith("Morvanite finished PACK command, err code=0\n"));
+        opening.clear(); // it stays open
+    }
+}
+
+TEST_F(CommandHandlerTest, EachFailureHasItsCode)
+{
+    EXPECT_EQ(Run(COMMAND_LOAD), LOADED + "\r\n\r\nload done\r\n");
+    saves = false;
+    EXPECT_EQ(Run(COMMAND_SAVE), "\r\n\r\nsave done\r\n\r\n### error 29 ###\r\n");
+    request.resolution = u"240"_s;
+    EXPECT_EQ(Run(COMMAND_PACK), "\r\n\r\npack done\r\n\r\n### error 87 ###\r\n");
+    request.resolution = u"240x320"_s;
+    request.inputFile.clear();
+    EXPECT_TRUE(Run(COMMAND_PACK).endsWith("\r\n\r\npack done\r\n\r\n### error -1000 ###\r\n"));
+    EXPECT_EQ(handler.LastError(), -1000);
+    request.projectPath = project.folder.Path("none.vcproj");
+    EXPECT_EQ(Run(COMMAND_LOAD), "\r\n### error 7 ###\r\n\r\n\r\nload done\r\n\r\n### error 110 ###\r\n");
+    EXPECT_EQ(Run(COMMAND_PACK), "\r\n### error 7 ###\r\n\r\n\r\npack done\r\n\r\n### error 404 ###\r\n");
+    EXPECT_TRUE(trace.endsWith("Morvanite finished PACK command, err code=404\n"));
+}
+
+TEST_F(CommandHandlerTest, WithoutAnIdeTheCommandIsCarriedOutAndItsOutputLost)
+{
+    unlink(runtime.Path(PIPE_SOCKET).constData());
+    EXPECT_EQ(Run(COMMAND_LOAD), "");
+    EXPECT_TRUE(trace.contains("Could not open pipe"));
+    EXPECT_TRUE(documents.FindDocument(project.Path()));
+    EXPECT_EQ(pane, "");
+}
+
+TEST_F(CommandHandlerTest, ShortRecordsAndUnknownCommandsDoNothing)
+{
+    documents.OpenDocumentFile(project.Path());
+    const std::pair<quint32, qsizetype> ignored[] = {
+        {COMMAND_LOAD, 519}, {COMMAND_LOAD, 0}, {COMMAND_SAVE, 519}, {COMMAND_PACK, 1695}, {0xAFBDDBFE, 1696}};
+    for (const auto &[id, size] : ignored) {
+        EXPECT_EQ(Run(id, size), "");
+        EXPECT_FALSE(trace.contains(" got ") || trace.contains("pipe")) << trace.constData();
+    }
+    EXPECT_FALSE(project.folder.Has("demo/ResID"));
     pipe.Open();
-    EXPECT_EQ(handler.Handle(0xAFBDDBFE, PackRecordOf(DEMO)), 1);
-    EXPECT_TRUE(pipe.open);
-    EXPECT_EQ(pipe.report, QString());
-    EXPECT_TRUE(documents.Documents().empty());
-    env.WriteOutput("idle");
-    EXPECT_EQ(pane, u"idle"_s);
-
-    handler.Handle(COMMAND_SAVE, RecordOf(DEMO)); // takes the open one
-    EXPECT_EQ(pipe.opened, 1);
-    EXPECT_EQ(pipe.report, u"\r\n\r\nsave done\r\n"_s);
-    EXPECT_FALSE(pipe.open);
+    EXPECT_EQ(Run(0xAFBDDBFE), "");
+    EXPECT_TRUE(pipe.IsOpen());
 }
 
-TEST_F(CommandHandlerTest, TellsADocumentWhichCommandRunsForIt)
+TEST_F(CommandHandlerTest, ADocumentLearnsWhichCommandRunsForItUntilItEndsEvenByAnException)
 {
-    const QString demo = DEMO.toUpper();
-    const QString other = u"/x/other.vcproj"_s;
-    quint32 own = 0;
-    orders.load = [&] {
-        own = handler.GetCommandID(&demo);
+    const QString own = project.Path().toUpper();
+    const QString other = u"/other"_s;
+    documents.opened = [&](CDocument &) {
+        trace.clear();
+        EXPECT_EQ(handler.GetCommandID(&own), quint32(COMMAND_LOAD));
         EXPECT_EQ(handler.GetCommandID(&other), 0U);
         EXPECT_EQ(handler.GetCommandID(nullptr), 0U);
+        throw std::bad_alloc();
     };
-    handler.Handle(COMMAND_LOAD, RecordOf(DEMO));
-    EXPECT_EQ(own, quint32(COMMAND_LOAD));
-    EXPECT_EQ(trace.mid(2, 4), QStringList({u"enter CMainFrame::GetCommandID, docPath=/X/DEMO.VCPROJ"_s,
-                                            u"CMainFrame::GetCommandID, return m_uCmdId=2948455419d"_s,
-                                            u"enter CMainFrame::GetCommandID, docPath=/x/other.vcproj"_s,
-                                            u"CMainFrame::GetCommandID, return m_uCmdId=0"_s}));
-    EXPECT_EQ(handler.GetCommandID(&DEMO), 0U);
-}
-
-TEST_F(CommandHandlerTest, WhatAnOperationThrowsLeavesNoCommandRunning)
-{
-    orders.load = [] { throw std::bad_alloc(); };
-    EXPECT_THROW(handler.Handle(COMMAND_LOAD, RecordOf(DEMO)), std::bad_alloc);
-    EXPECT_FALSE(pipe.open);
-    EXPECT_EQ(handler.GetCommandID(&DEMO), 0U);
-    env.WriteOutput("idle");
-    EXPECT_EQ(pane, u"idle"_s);
+    EXPECT_THROW(Run(COMMAND_LOAD), std::bad_alloc);
+    EXPECT_TRUE(trace.contains("CMainFrame::GetCommandID, return m_uCmdId=2948455419d"
+                               "enter CMainFrame::GetCommandID, docPath=/other"
+                               "CMainFrame::GetCommandID, return m_uCmdId=0"));
+    EXPECT_FALSE(pipe.IsOpen());
+    EXPECT_EQ(handler.GetCommandID(&own), 0U);
+    project.env->WriteOutput("idle");
+    EXPECT_EQ(pane, "idle");
 }
 
 } // namespace

@@ -1,4 +1,7 @@
 #include "CommandRecord.h"
+#include "CResoTable.h"
+#include "Environment.h"
+#include "PackRequest.h"
 
 #include <gtest/gtest.h>
 
@@ -9,71 +12,87 @@ namespace
 
 PackCommandRecord FullRecord()
 {
-    return {
-        u"/home/x/demo.vcproj"_s, u"/home/x/app.axf"_s, u"/home/x/app.out"_s, u"240x320"_s, u"axf"_s, -2, 0x01020304};
+    return {u"/x/demo.vcproj"_s, u"/x/äpp.axf"_s, u"/x/app.out"_s, u"240*320"_s, u"Axf"_s, -2, 0x01020304};
 }
 
-TEST(CommandRecord, FieldsStandAtTheirOffsets)
+QByteArray Built(const PackCommandRecord &record)
 {
     QString error;
-    const QByteArray bytes = BuildRecord(FullRecord(), error).value();
+    return BuildRecord(record, error).value();
+}
+
+TEST(CommandRecord, HasItsFieldsAtTheirOffsetsAndIsReadAsItWasBuilt)
+{
+    const QByteArray bytes = Built(FullRecord());
     ASSERT_EQ(bytes.size(), 1696);
-    EXPECT_EQ(bytes.mid(0, 4), QByteArray("/\0h\0", 4));
-    EXPECT_EQ(bytes.mid(520 + 20, 8), QByteArray("p\0.\0a\0x\0", 8));
-    EXPECT_EQ(bytes.mid(1040 + 28, 4), QByteArray("t\0\0\0", 4));
+    EXPECT_EQ(bytes.mid(0, 4), QByteArray("/\0x\0", 4));
+    EXPECT_EQ(bytes.mid(520 + 14, 8), QByteArray("a\0x\0f\0\0\0", 8));
+    EXPECT_EQ(bytes.mid(1040 + 18, 4), QByteArray("t\0\0\0", 4));
     EXPECT_EQ(bytes.mid(1560, 4), QByteArray("2\0004\0", 4));
-    EXPECT_EQ(bytes.mid(1624, 8), QByteArray("a\0x\0f\0\0\0", 8));
+    EXPECT_EQ(bytes.mid(1624, 8), QByteArray("A\0x\0f\0\0\0", 8));
     EXPECT_EQ(bytes.mid(1688), QByteArray("\xfe\xff\xff\xff\x04\x03\x02\x01", 8));
+    EXPECT_EQ(Built(ParsePackCommandRecord(bytes + QByteArray(5000, 'x')).value()), bytes);
+    EXPECT_EQ(ParseCommandRecord(bytes.first(520)).value().projectPath, u"/x/demo.vcproj"_s);
+    EXPECT_EQ(ParsePackCommandRecord(QByteArray(1696, 'a')).value().resolution, QString(32, QChar(0x6161)))
+        << "its whole field";
 }
 
-TEST(CommandRecord, WhatIsBuiltIsWhatIsReadAndBytesBehindItAreNotLookedAt)
-{
-    QString error;
-    const QByteArray bytes = BuildRecord(FullRecord(), error).value() + QByteArray(5000, 'x');
-    const auto read = ParsePackCommandRecord(bytes);
-    ASSERT_TRUE(read);
-    EXPECT_EQ(read->projectPath, FullRecord().projectPath);
-    EXPECT_EQ(read->inputFile, FullRecord().inputFile);
-    EXPECT_EQ(read->outputFile, FullRecord().outputFile);
-    EXPECT_EQ(read->resolution, FullRecord().resolution);
-    EXPECT_EQ(read->targetKind, FullRecord().targetKind);
-    EXPECT_EQ(read->imageConvert, -2);
-    EXPECT_EQ(read->version, 0x01020304);
-    EXPECT_EQ(ParseCommandRecord(bytes)->projectPath, FullRecord().projectPath);
-}
-
-TEST(CommandRecord, OneByteTooFewIsNoRecord)
-{
-    EXPECT_FALSE(ParseCommandRecord(QByteArray(519, '\0')));
-    EXPECT_TRUE(ParseCommandRecord(QByteArray(520, '\0')));
-    EXPECT_FALSE(ParsePackCommandRecord(QByteArray(1695, '\0')));
-    EXPECT_TRUE(ParsePackCommandRecord(QByteArray(1696, '\0')));
-}
-
-TEST(CommandRecord, TextWithoutTerminatorEndsWithItsField)
-{
-    const auto read = ParsePackCommandRecord(QByteArray(1696, 'a'));
-    ASSERT_TRUE(read);
-    EXPECT_EQ(read->projectPath, QString(260, QChar(0x6161)));
-    EXPECT_EQ(read->outputFile.size(), 260);
-    EXPECT_EQ(read->resolution.size(), 32);
-    EXPECT_EQ(read->targetKind.size(), 32);
-}
-
-TEST(CommandRecord, TextThatDoesNotFitIsRefusedByName)
+TEST(CommandRecord, IsNotBuiltOfTextThatDoesNotFit)
 {
     QString error;
     EXPECT_TRUE(BuildRecord(CommandRecord{QString(259, u'a')}, error));
     EXPECT_FALSE(BuildRecord(CommandRecord{QString(260, u'a')}, error));
-    EXPECT_TRUE(error.startsWith(u"the project path has 260 characters, and a command has room for 259: aaa"_s))
-        << qPrintable(error);
-
-    PackCommandRecord record = FullRecord();
-    record.targetKind = QString(32, u'a');
-    EXPECT_FALSE(BuildRecord(record, error));
+    EXPECT_TRUE(error.startsWith(u"the project path has 260 characters, and a command has room for 259: aaa"_s));
+    EXPECT_FALSE(BuildRecord(PackCommandRecord{{}, {}, {}, {}, QString(32, u'a')}, error));
     EXPECT_TRUE(error.startsWith(u"the target kind has 32 characters, and a command has room for 31"_s));
     EXPECT_FALSE(BuildRecord(CommandRecord{u"a"_s + QChar(u'\0') + u"b"_s}, error));
     EXPECT_EQ(error, u"the project path holds a null character"_s);
+}
+
+/// "240,320", or "-" for a text that isn't taken.
+QString Scanned(const QString &text)
+{
+    const auto size = ParseResolution(text);
+    return size ? u"%1,%2"_s.arg(size->width).arg(size->height) : u"-"_s;
+}
+
+TEST(PackRequest, ScansAResolutionAsTheFormatDoes)
+{
+    for (const auto &text : {u"240x320"_s, u"240X320"_s, u"240*320"_s, u" \t\n240x \r320"_s, u"+240xX**x+320"_s,
+                             u"0240x320x16"_s, u"240x320 and more"_s})
+        EXPECT_EQ(Scanned(text), u"240,320"_s) << qPrintable(text);
+    for (const auto &text : {u""_s, u" "_s, u"240"_s, u"240x"_s, u"240 x320"_s, u"240 320"_s, u"240,320"_s, u"x320"_s,
+                             u"- 240x320"_s, u"+-240x320"_s, u"240x-"_s, u"240xy320"_s, u"٢x٣"_s})
+        EXPECT_EQ(Scanned(text), u"-"_s) << qPrintable(text);
+    EXPECT_EQ(Scanned(u"99999999999999999999999x-99999999999"_s), u"2147483647,-2147483648"_s);
+    EXPECT_EQ(Scanned(u"2147483648x-2147483648"_s), u"2147483647,-2147483648"_s);
+}
+
+TEST(PackRequest, BecomesTheParametersOfAPack)
+{
+    const Environment env(u"/nonexistent"_s);
+    CResoTable resolutions;
+    resolutions.Add("", 176, 220);
+    resolutions.Add("", 240, 320);
+    PackCommandRecord record = FullRecord();
+    auto parameters = PackInfoOf(record, env, resolutions);
+    ASSERT_TRUE(parameters);
+    EXPECT_EQ(parameters->inputfilename, "/x/äpp.axf");
+    EXPECT_EQ(parameters->outputfilename, "/x/app.out");
+    EXPECT_EQ(parameters->packmode, PACK_TO_TARGET);
+    EXPECT_EQ(parameters->scope, 1);
+    EXPECT_EQ(parameters->imageconvert, -2);
+    EXPECT_EQ(parameters->ver, 0x01020304);
+
+    record.resolution = u"241x320"_s;
+    record.targetKind = u"DLL"_s;
+    parameters = PackInfoOf(record, env, resolutions);
+    EXPECT_EQ(parameters->scope, -1);
+    EXPECT_EQ(parameters->packmode, PACK_TO_DLL);
+    for (const auto &kind : {u""_s, u"elf"_s, u"dll "_s, u" axf"_s}) {
+        record.targetKind = kind;
+        EXPECT_FALSE(PackInfoOf(record, env, resolutions)) << qPrintable(kind);
+    }
 }
 
 } // namespace

@@ -1,93 +1,48 @@
-#include "RuntimeFolder.h"
-
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
+#include "Sockets.h"
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
-namespace
+TEST(RuntimeFolder, IsTheOneChosenElseTheSessionsElseOneInTmpAndAlwaysOneOfTheUsersOwn)
 {
-
-class RuntimeFolder : public ::testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        session = qgetenv("XDG_RUNTIME_DIR");
-        qunsetenv("XDG_RUNTIME_DIR");
+    const TestRuntime top;
+    const QByteArray session = qgetenv("XDG_RUNTIME_DIR");
+    const QByteArray inTmp = "/tmp/morvanite-" + QByteArray::number(geteuid());
+    ASSERT_EQ(symlink(top.Path().constData(), top.Path("link").constData()), 0);
+    ASSERT_EQ(mkdir(top.Path("others").constData(), 0777), 0);
+    const bool root = chown(top.Path("others").constData(), 12345, 12345) == 0;
+    const std::tuple<QByteArray, QByteArray, QByteArray> cases[] = {
+        {"", "", inTmp},
+        {"", "relative", inTmp},
+        {"", top.Path(), top.Path("morvanite")},
+        {top.Path("own/"), top.Path(), top.Path("own")},
+        {top.Path("link/"), "", "is no folder"},
+        {"/dev/null", "", "is no folder"},
+        {top.Path("missing/own"), "", "can't be made: No such file"},
+        {"relative", "", "no absolute path"},
+        {root ? top.Path("others") : "/", "", root ? "belongs to user 12345, not to you (0)" : "belongs to user 0"},
+    };
+    for (const auto &[chosen, ofSession, expected] : cases) {
+        qputenv("MORVANITE_RUNTIME_DIR", chosen);
+        qputenv("XDG_RUNTIME_DIR", ofSession);
+        QString error;
+        const QByteArray folder = EnsureRuntimeFolder(error);
+        EXPECT_EQ(folder, expected.startsWith('/') ? expected : QByteArray());
+        EXPECT_TRUE(folder == expected || error.contains(QString::fromUtf8(expected))) << qPrintable(error);
     }
-    void TearDown() override
-    {
-        qunsetenv("MORVANITE_RUNTIME_DIR");
-        if (session.isEmpty())
-            qunsetenv("XDG_RUNTIME_DIR");
-        else
-            qputenv("XDG_RUNTIME_DIR", session);
-    }
-
-    [[nodiscard]] QByteArray In(const char *name) const { return folder.path().toLocal8Bit() + '/' + name; }
-
-    /// The error of choosing this folder.
-    QString Refused(const QByteArray &path)
-    {
-        qputenv("MORVANITE_RUNTIME_DIR", path);
-        QString why;
-        EXPECT_EQ(EnsureRuntimeFolder(why), QByteArray());
-        return why;
-    }
-
-    QTemporaryDir folder;
-    QByteArray session;
-    QString error;
-};
-
-TEST_F(RuntimeFolder, IsTheOneChosenElseTheSessionsElseOneOfTheUsersInTmp)
-{
-    EXPECT_EQ(EnsureRuntimeFolder(error), "/tmp/morvanite-" + QByteArray::number(geteuid()));
-    qputenv("XDG_RUNTIME_DIR", folder.path().toLocal8Bit());
-    EXPECT_EQ(EnsureRuntimeFolder(error), In("morvanite"));
-    qputenv("MORVANITE_RUNTIME_DIR", In("own/"));
-    EXPECT_EQ(EnsureRuntimeFolder(error), In("own"));
-    EXPECT_EQ(SocketPath("name", error), In("own/name"));
-}
-
-TEST_F(RuntimeFolder, IsMadeForTheUserAlone)
-{
-    qputenv("MORVANITE_RUNTIME_DIR", In("own"));
-    ASSERT_EQ(EnsureRuntimeFolder(error), In("own"));
+    qputenv("XDG_RUNTIME_DIR", session);
     struct stat info;
-    ASSERT_EQ(stat(In("own").constData(), &info), 0);
+    ASSERT_EQ(stat(top.Path("own").constData(), &info), 0);
     EXPECT_EQ(info.st_mode & 07777, 0700U);
 }
 
-TEST_F(RuntimeFolder, IsRefusedWhenItIsNoFolderOfTheUsersOwn)
+TEST(RuntimeFolder, RoomForASocketsPathEndsAt107Bytes)
 {
-    ASSERT_EQ(symlink(folder.path().toLocal8Bit().constData(), In("link").constData()), 0);
-    EXPECT_TRUE(Refused(In("link")).contains(u"is no folder"_s));
-    EXPECT_TRUE(Refused(In("link/")).contains(u"is no folder"_s));
-    EXPECT_TRUE(Refused("/dev/null").contains(u"is no folder"_s));
-    EXPECT_TRUE(Refused(In("missing/own")).contains(u"can't be made: No such file"_s));
-    EXPECT_TRUE(Refused("relative").contains(u"no absolute path"_s));
-    if (geteuid() == 0) {
-        ASSERT_EQ(mkdir(In("others").constData(), 0777), 0);
-        ASSERT_EQ(chown(In("others").constData(), 12345, 12345), 0);
-        EXPECT_TRUE(Refused(In("others")).contains(u"belongs to user 12345, not to you (0)"_s));
-    } else {
-        EXPECT_TRUE(Refused("/").contains(u"belongs to user 0"_s));
-    }
-}
-
-TEST_F(RuntimeFolder, RoomForASocketsPathEndsAt107Bytes)
-{
-    qputenv("MORVANITE_RUNTIME_DIR", folder.path().toLocal8Bit());
-    const qsizetype room = 107 - folder.path().toLocal8Bit().size() - 1;
-    EXPECT_EQ(SocketPath(QByteArray(room, 'a').constData(), error).size(), 107);
-    EXPECT_EQ(SocketPath(QByteArray(room + 1, 'a').constData(), error), QByteArray());
+    const TestRuntime top;
+    QString error;
+    const QByteArray longest(107 - top.Path().size() - 1, 'a');
+    EXPECT_EQ(SocketPath(longest.constData(), error), top.Path(longest.constData()));
+    EXPECT_EQ(SocketPath((longest + 'a').constData(), error), QByteArray());
     EXPECT_TRUE(error.contains(u"has 108 bytes, and there is room for 107"_s)) << qPrintable(error);
 }
-
-} // namespace

@@ -14,17 +14,21 @@
 class TestRuntime
 {
 public:
-    TestRuntime() { qputenv("MORVANITE_RUNTIME_DIR", folder.path().toLocal8Bit()); }
+    TestRuntime() { qputenv("MORVANITE_RUNTIME_DIR", Path()); }
     ~TestRuntime() { qunsetenv("MORVANITE_RUNTIME_DIR"); }
 
-    [[nodiscard]] QByteArray Path(const char *name) const { return folder.path().toLocal8Bit() + '/' + name; }
+    [[nodiscard]] QByteArray Path(const char *name = "") const
+    {
+        return folder.filePath(QString::fromUtf8(name)).toLocal8Bit();
+    }
 
 private:
     QTemporaryDir folder;
 };
 
-/// A socket that listens without any lock, as another program's would.
-inline FileHandle ListenAt(const QByteArray &path, int backlog = 16)
+/// A socket that listens without any lock, as another program's would, with a place for one client more than `backlog`.
+/// It stays behind as that of a program that was killed, with nobody to answer.
+inline FileHandle ListenAt(const QByteArray &path, int backlog = 0)
 {
     FileHandle listener = MakeSocket();
     const sockaddr_un address = SocketAddress(path);
@@ -33,10 +37,9 @@ inline FileHandle ListenAt(const QByteArray &path, int backlog = 16)
     return listener;
 }
 
-/// What a program that was killed leaves: a socket with nobody behind it.
-inline void LeaveStaleSocket(const QByteArray &path)
+inline FileHandle AcceptAt(const FileHandle &listener)
 {
-    ListenAt(path);
+    return FileHandle(accept(listener.Get(), nullptr, nullptr));
 }
 
 inline FileHandle ConnectTo(const QByteArray &path)
@@ -46,52 +49,21 @@ inline FileHandle ConnectTo(const QByteArray &path)
     return connection;
 }
 
-inline bool IsReadable(int descriptor)
+/// All that comes until the other end closes.
+inline QByteArray ReadAll(const FileHandle &connection, int flags = 0)
 {
-    pollfd wait{descriptor, POLLIN, 0};
-    return poll(&wait, 1, 0) == 1;
+    QByteArray all;
+    char bytes[4096];
+    ssize_t size = 0;
+    while ((size = recv(connection.Get(), bytes, sizeof bytes, flags)) > 0)
+        all.append(bytes, size);
+    return all;
 }
 
-/// What can be read now, without waiting.
+/// What is there without waiting.
 inline QByteArray ReadNow(const FileHandle &connection)
 {
-    QByteArray all;
-    char bytes[4096];
-    ssize_t size = 0;
-    while ((size = recv(connection.Get(), bytes, sizeof bytes, MSG_DONTWAIT)) > 0)
-        all.append(bytes, size);
-    return all;
-}
-
-/// Says whether the other end has closed the connection.
-inline bool IsClosed(const FileHandle &connection)
-{
-    char byte = 0;
-    const ssize_t size = recv(connection.Get(), &byte, 1, MSG_DONTWAIT | MSG_PEEK);
-    return size == 0 || (size < 0 && errno == ECONNRESET);
-}
-
-/// All that comes until the other end closes; waits.
-inline QByteArray ReadToEnd(const FileHandle &connection)
-{
-    QByteArray all;
-    char bytes[4096];
-    ssize_t size = 0;
-    while ((size = recv(connection.Get(), bytes, sizeof bytes, 0)) > 0)
-        all.append(bytes, size);
-    return all;
-}
-
-inline QString FromUtf16(const QByteArray &bytes)
-{
-    return QString(reinterpret_cast<const QChar *>(bytes.constData()), bytes.size() / 2);
-}
-
-/// A command as it travels.
-inline QByteArray Message(quint32 dwData, const QByteArray &record)
-{
-    const quint32 header[2] = {dwData, quint32(record.size())};
-    return QByteArray(reinterpret_cast<const char *>(header), sizeof header) + record;
+    return ReadAll(connection, MSG_DONTWAIT);
 }
 
 inline void SendBytes(const FileHandle &connection, const QByteArray &bytes)

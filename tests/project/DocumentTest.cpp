@@ -1,93 +1,163 @@
 #include "TestProject.h"
 
-#include <sys/stat.h>
-
 using namespace Qt::StringLiterals;
 
-TEST(ResDoc, IsCleanWhenOpenedAndModifiedByAnyChangeOfItsTree)
+namespace
 {
-    TestProject project("<APP><FILE id=\"ID_A\">a.wav</FILE><IMAGE id=\"ID_B\"/></APP>");
-    CResDoc &doc = *project.Open();
-    EXPECT_FALSE(doc.IsModified());
-    auto *const a = static_cast<CFileRes *>(doc.root.FindFolder(KIND_AUDIO, 2)->resources.First());
+
+class CountingView : public IProjView
+{
+public:
+    void OnUpdate(CView *, long, CView *) override { ++updates; }
+    [[nodiscard]] CResFolder *SelectedFolder() const override { return selected; }
+    CResFolder *selected = nullptr;
+    int updates = 0;
+};
+
+/// An open project with a file and a text, and its handles at the monitor of files.
+class ResDoc : public testing::Test
+{
+protected:
+    ResDoc()
+    {
+        project.folder.Put(STRINGS, TestProject::StringTable({"ID_HELLO"}));
+        doc = project.Open();
+        doc->AddView(&projView);
+        doc->AddView(&other);
+    }
+
+    [[nodiscard]] quint32 Handle(const char *name) const { return project.monitor.HandleOf(project.folder.Path(name)); }
+    [[nodiscard]] CResFolder &Files() const { return *doc->root.FindFolder(KIND_BINARY, 2); }
+
+    static constexpr const char *LIST = "demo/res/demo.res.xml";
+    static constexpr const char *STRINGS = "demo/res/ref_list_demo.txt";
+    TestProject project{"<APP><FILE id=\"ID_A\"/><IMAGE id=\"ID_B\"/><STRING>res\\ref_list_demo.txt</STRING></APP>"};
+    CResDoc *doc;
+    CountingView projView;
+    CountingView other;
+};
+
+} // namespace
+
+TEST_F(ResDoc, IsModifiedByAnyChangeOfItsTreeUntilItIsSaved)
+{
+    auto *const file = static_cast<CFileRes *>(Files().resources.First());
     const auto changes = [&](const auto &change) {
-        doc.SetModifiedFlag(false);
+        EXPECT_TRUE(doc->DoFileSave());
+        EXPECT_FALSE(doc->IsModified());
         change();
-        return doc.IsModified();
+        return doc->IsModified();
     };
-    EXPECT_TRUE(changes([&] { a->SetPath("b.wav"); }));
-    EXPECT_FALSE(changes([&] { a->SetPath("b.wav"); }));
-    EXPECT_TRUE(changes([&] { a->Rename(doc.ids, "ID_C"); }));
-    EXPECT_FALSE(changes([&] { a->Rename(doc.ids, "ID_B"); })) << "the name is taken";
-    EXPECT_TRUE(changes([&] { doc.root.FindFolder(KIND_AUDIO, 2)->DeleteResource(a); })) << "seen through the resource";
-    EXPECT_TRUE(changes([&] { doc.UseResolutionImages(0); }));
-    EXPECT_FALSE(changes([&] { doc.UseResolutionImages(0); }));
-    EXPECT_FALSE(changes([&] { doc.GenerateIds(nullptr); })) << "numbers aren't part of the project";
-    EXPECT_FALSE(doc.OnNewDocument());
-}
-
-TEST(ResDoc, SavingMakesItCleanUnlessSomethingFailed)
-{
-    TestProject project("<APP><FILE id=\"ID_A\"/></APP>");
-    CResDoc &doc = *project.Open();
-    doc.SetModifiedFlag(true);
-    EXPECT_TRUE(doc.DoFileSave());
-    EXPECT_FALSE(doc.IsModified());
+    EXPECT_TRUE(changes([&] { file->SetPath("b.wav"); }));
+    EXPECT_FALSE(changes([&] { file->SetPath("b.wav"); }));
+    EXPECT_TRUE(changes([&] { file->Rename(doc->ids, "ID_C"); }));
+    EXPECT_FALSE(changes([&] { file->Rename(doc->ids, "ID_B"); })) << "the name is taken";
+    EXPECT_TRUE(changes([&] { Files().DeleteResource(file); })) << "seen through the resource";
+    EXPECT_TRUE(changes([&] { doc->UseResolutionImages(0); }));
+    EXPECT_FALSE(changes([&] { doc->UseResolutionImages(0); }));
+    EXPECT_FALSE(changes([&] { doc->GenerateIds(nullptr); })) << "numbers aren't part of the project";
+    EXPECT_FALSE(doc->OnNewDocument());
     EXPECT_TRUE(project.user.boxes.isEmpty());
-
-    doc.SetModifiedFlag(true);
-    QFile::remove(project.folder.Path("demo/res/demo.res.xml"));
-    project.folder.MakeFolder("demo/res/demo.res.xml");
-    const QByteArray header = project.folder.Get("demo/ResID/ResID.h");
-    doc.ids.sentinel.next->Rename(doc.ids, "ID_Z");
-    (void)project.TakeOutput();
-    EXPECT_TRUE(doc.DoFileSave()) << "the framework hears of success either way";
-    EXPECT_EQ(project.TakeOutput(), "Error 1: failed to write to file \"res\\demo.res.xml\".\r\n"
-                                    "[demo] save - 1 error(s), 0 warning(s)\r\n");
-    EXPECT_EQ(project.user.boxes, QStringList({u"Failed to save the resources."_s}));
-    EXPECT_TRUE(doc.IsModified());
-    EXPECT_EQ(doc.lastSave.write, -3);
-    EXPECT_EQ(project.folder.Get("demo/ResID/ResID.h"), header) << "no header is written for a list that isn't";
-    EXPECT_EQ(project.folder.Names("demo/ResID"), QStringList({u"ResID.h"_s}));
-
-    project.command = 2;
-    EXPECT_TRUE(doc.DoFileSave());
-    EXPECT_EQ(project.user.boxes.size(), 1) << "a command shows no box";
-    EXPECT_TRUE(doc.IsModified());
 }
 
-TEST(ResDoc, AnOverflowOfTheNumbersSavesTheProjectAndSaysSo)
+TEST_F(ResDoc, StaysModifiedWhenItCannotBeWrittenAndGetsNoHeader)
 {
-    QByteArray resources = "<APP>";
+    const auto expectFailure = [&](const QByteArray &message, int code) {
+        (void)project.TakeOutput();
+        doc->SetModifiedFlag(true);
+        EXPECT_TRUE(doc->DoFileSave()) << "the framework hears of success either way";
+        EXPECT_EQ(project.TakeOutput(), "Error 1: " + message + ".\r\n[demo] save - 1 error(s), 0 warning(s)\r\n");
+        EXPECT_TRUE(doc->IsModified());
+        EXPECT_EQ(doc->lastSave.write, code);
+        EXPECT_EQ(project.folder.Names("demo/ResID"), QStringList());
+    };
+    QFile::remove(project.folder.Path(LIST));
+    project.folder.MakeFolder(LIST);
+    expectFailure("failed to write to file \"res\\demo.res.xml\"", -3);
+    EXPECT_EQ(project.user.boxes, QStringList({u"Failed to save the resources."_s}));
+    ASSERT_TRUE(QDir().rename(project.folder.Path("demo/res"), project.folder.Path("demo/away")));
+    project.command = 2;
+    expectFailure("failed to open file \"res\\ref_list_demo.txt\"", 110);
+    EXPECT_EQ(project.user.boxes.size(), 1) << "a command shows no box";
+}
+
+TEST_F(ResDoc, AnOverflowOfTheNumbersSavesTheProjectAndSaysSo)
+{
+    QByteArray resources;
     for (int i = 0; i <= 1000; ++i)
         resources += "<FILE id=\"ID_" + QByteArray::number(i) + "\" type=\"Push\">a.wav</FILE>";
-    TestProject project(resources + "</APP>");
-    CResDoc &doc = *project.Open();
-    doc.SetModifiedFlag(true);
-    EXPECT_TRUE(doc.DoFileSave());
+    project.folder.Put(LIST, "<APP>" + resources + "</APP>");
+    doc->OnWatchedFileChanged(Handle(LIST));
+    doc->SetModifiedFlag(true);
+    EXPECT_TRUE(doc->DoFileSave());
     EXPECT_EQ(project.user.boxes, QStringList({u"Failed to generate header files."_s}));
-    EXPECT_TRUE(doc.IsModified());
-    EXPECT_EQ(doc.lastSave.generate, -2);
-    EXPECT_EQ(doc.lastSave.write, 0);
+    EXPECT_TRUE(doc->IsModified());
+    EXPECT_EQ(doc->lastSave.generate, -2);
+    EXPECT_EQ(doc->lastSave.write, 0);
     EXPECT_FALSE(project.folder.Has("demo/ResID"));
-    EXPECT_TRUE(project.folder.Get("demo/res/demo.res.xml").startsWith("<APP id=\"APP_demo\">\n"));
+    EXPECT_TRUE(project.folder.Get(LIST).startsWith("<APP id=\"APP_demo\">\n"));
 }
 
-TEST(ResDoc, TheCurrentFolderIsTheProjectsWhileItWorksAndTheProgramsAfterwards)
+TEST_F(ResDoc, AChangedListReplacesTheTreeAndLocalChangesAreGone)
 {
-    TestProject project;
-    CResDoc *const doc = project.Open();
-    EXPECT_EQ(QDir::currentPath(), project.folder.Path("demo"));
+    Files().resources.First()->Rename(doc->ids, "ID_LOCAL");
+    project.folder.Put(LIST, "<APP><FILE id=\"ID_NEW\"/></APP>");
+    doc->OnWatchedFileChanged(Handle(LIST));
+    EXPECT_EQ(NamesIn(Files()), "ID_NEW");
+    EXPECT_EQ(doc->ids.FindName("ID_LOCAL"), nullptr);
+    EXPECT_EQ(doc->root.subfolders.size(), 3U);
+    EXPECT_FALSE(doc->IsModified());
+    EXPECT_TRUE(other.updates == 1 && projView.updates == 1);
+    Files().Clear();
+    EXPECT_TRUE(doc->IsModified()) << "the new nodes are watched too";
+    project.folder.Put(LIST, "<APP>");
+    EXPECT_THROW(doc->OnWatchedFileChanged(Handle(LIST)), ArchiveException);
+}
+
+TEST_F(ResDoc, AChangedStringFileIsReadAgainAndShownWhereStringsAre)
+{
+    project.folder.Put(STRINGS, TestProject::StringTable({"ID_HELLO", "ID_BYE"}));
+    doc->OnWatchedFileChanged(Handle(STRINGS));
+    EXPECT_NE(doc->ids.FindName("ID_BYE"), nullptr);
+    EXPECT_EQ(other.updates, 0) << "some other folder is selected";
+    projView.selected = doc->root.FindFolder(KIND_STRINGS, 1);
+    doc->OnWatchedFileChanged(Handle(STRINGS));
+    EXPECT_EQ(other.updates, 1);
+    EXPECT_EQ(projView.updates, 0) << "it is the sender";
+    QFile::remove(project.folder.Path(STRINGS));
+    EXPECT_THROW(doc->OnWatchedFileChanged(Handle(STRINGS)), ArchiveException);
+}
+
+TEST_F(ResDoc, WatchesItsFilesWhileItIsOpenButNotItsOwnWriting)
+{
+    const quint32 handles[] = {0, Handle(LIST), Handle(STRINGS)};
+    EXPECT_EQ(project.monitor.flags[Handle(LIST)].second, &project.flags.resources);
+    EXPECT_EQ(project.monitor.flags[Handle(STRINGS)].second, &project.flags.strings);
     QDir::setCurrent(u"/"_s);
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_EQ(QDir::currentPath(), project.folder.Path("demo"));
-    EXPECT_FALSE(project.monitor.watched.empty());
+    EXPECT_EQ(project.monitor.watched.size(), 2U);
+    EXPECT_TRUE(Handle(LIST) > 2 && Handle(STRINGS) > 2);
+    for (const quint32 handle : handles)
+        doc->OnWatchedFileChanged(handle); // means nothing, or nothing any more
+    EXPECT_EQ(projView.updates, 0);
+    EXPECT_EQ(doc->ProjectFiles(), QStringList({project.folder.Path("demo/config.xml"), project.folder.Path(LIST),
+                                                project.folder.Path(STRINGS)}));
+
+    const QString layout = project.folder.Path("demo/res/layout.xml");
+    doc->WatchFile(layout, CResDoc::WATCH_LAYOUT);
+    doc->WatchFile(layout, CResDoc::WATCH_LAYOUT);
+    EXPECT_EQ(project.monitor.flags[project.monitor.HandleOf(layout)].first, &project.flags.layouts[layout]);
+    doc->UnwatchFile(u"unknown"_s, CResDoc::WATCH_LAYOUT);
+    EXPECT_EQ(project.monitor.watched.size(), 3U);
+    doc->UnwatchFile(layout, CResDoc::WATCH_LAYOUT);
+    EXPECT_EQ(project.monitor.HandleOf(layout), 0U);
     project.documents.CloseAll();
-    EXPECT_EQ(QDir::currentPath(), project.folder.Path("bin"));
     EXPECT_TRUE(project.monitor.watched.empty());
+    EXPECT_EQ(QDir::currentPath(), project.folder.Path("bin"));
 }
 
-TEST(ResDoc, TheFileDialogOffersWhatTheMaskAsksFor)
+TEST(FileDialog, OffersWhatTheMaskAsksFor)
 {
     TestProject project("<APP/>", "[FileType]\naudio=*.wav\n");
     CResDoc &doc = *project.Open();
@@ -105,10 +175,7 @@ TEST(ResDoc, TheFileDialogOffersWhatTheMaskAsksFor)
 
     doc.ChooseFiles(KIND_RESO_IMAGES, false, QString(3000, u'x'), results);
     EXPECT_EQ(project.user.lastFilter, u"Image Files (*.bmp; *.png; *.gif; *.jpg)|*.bmp; *.png; *.gif; *.jpg||"_s);
-    EXPECT_EQ(project.user.lastSelected, 1);
     EXPECT_EQ(project.user.lastInitial, QString()) << "a name that doesn't fit isn't offered";
-
-    const qsizetype before = results.size();
     doc.ChooseFiles(KIND_STRINGS, false, QString(), results);
-    EXPECT_EQ(results.size(), before) << "without a kind of file there is no dialog";
+    EXPECT_EQ(results.size(), 5) << "without a kind of file there is no dialog";
 }

@@ -1,4 +1,5 @@
 #include "ProjectConfig.h"
+#include "ProjectContext.h"
 #include "TestProject.h"
 
 using namespace Qt::StringLiterals;
@@ -10,17 +11,9 @@ namespace
 QString Tree(const CResFolder &folder)
 {
     QString text;
-    for (const auto &sub : folder.subfolders) {
+    for (const auto &sub : folder.subfolders)
         text += QString::asprintf("(%x %d ", sub->kind, sub->index) + sub->title + Tree(*sub) + u')';
-    }
     return text;
-}
-
-ProjectConfig ConfigOf(const TestProject &project)
-{
-    ProjectConfig config;
-    ReadConfig(*project.env, project.Path(), config);
-    return config;
 }
 
 } // namespace
@@ -28,75 +21,70 @@ ProjectConfig ConfigOf(const TestProject &project)
 TEST(FolderTree, OfAProjectIsAlwaysThisOne)
 {
     TestProject project;
-    CResDoc *const doc = project.Open();
-    ASSERT_NE(doc, nullptr);
-    EXPECT_EQ(Tree(doc->root), u"(7 -1 Files(1 -1 Audio)(2 -1 Video)(4 -1 Binary))"
-                               "(8 -1 Images(30008 0 176x220)(10008 1 240x320)(30008 2 320x240)(10008 -1 Default))"
-                               "(20 -1 Strings)"_s);
-    EXPECT_EQ(doc->root.kind, quint32(KIND_ROOT));
-    EXPECT_EQ(doc->name, u"demo"_s);
+    CResDoc &doc = *project.Open();
+    EXPECT_EQ(Tree(doc.root), u"(7 -1 Files(1 -1 Audio)(2 -1 Video)(4 -1 Binary))"
+                              "(8 -1 Images(30008 0 176x220)(10008 1 240x320)(30008 2 320x240)(10008 -1 Default))"
+                              "(20 -1 Strings)"_s);
+    EXPECT_EQ(doc.name, u"demo"_s);
     EXPECT_EQ(project.tables.projectPath, project.Path());
-    EXPECT_EQ(doc->root.observer, nullptr);
-    EXPECT_EQ(doc->root.subfolders[0]->observer, nullptr);
-    EXPECT_NE(doc->root.subfolders[1]->observer, nullptr);
-    EXPECT_NE(doc->root.subfolders[2]->observer, nullptr);
-}
 
-TEST(FolderTree, AnUnknownScreenLeavesEveryResolutionOutOfUse)
-{
-    TestProject project;
+    project.documents.CloseAll();
     project.folder.Put("demo/config.xml", TestProject::Config("20", "999", "1"));
-    CResDoc *const doc = project.Open();
-    ASSERT_NE(doc, nullptr);
-    EXPECT_TRUE(Tree(*doc->root.subfolders[1]).startsWith(u"(30008 0 176x220)(30008 1 240x320)(30008 2 "_s));
+    EXPECT_TRUE(Tree(project.Open()->root).contains(u"(30008 0 176x220)(30008 1 240x320)(30008 2 320x240)"_s))
+        << "an unknown screen leaves every resolution out of use";
 }
 
-TEST(FolderTree, AMissingBrokenOrOldConfigurationDoesNotOpen)
+TEST(ProjectConfig, MissingBrokenOrOldDoesNotOpen)
 {
     TestProject project;
     for (const QByteArray &bad : {TestProject::Config("19", "240", "320"), QByteArray("<config>"), QByteArray(),
                                   QByteArray("<config/>"), TestProject::Config("-99999999999", "1", "1")}) {
         project.folder.Put("demo/config.xml", bad);
         EXPECT_EQ(project.Open(), nullptr) << bad.constData();
-        EXPECT_EQ(project.TakeOutput(), "") << "it has no message of its own";
     }
     QFile::remove(project.folder.Path("demo/config.xml"));
     EXPECT_EQ(project.Open(), nullptr);
-    EXPECT_EQ(project.user.boxes.size(), 6);
-    EXPECT_TRUE(project.user.boxes.last().contains(project.Path()));
-
+    EXPECT_EQ(project.TakeOutput(), "") << "it has no message of its own";
+    EXPECT_EQ(project.user.boxes, QStringList(6, project.Path() + u" could not be opened. The output tells why."_s));
     project.command = 3;
     EXPECT_EQ(project.Open(), nullptr);
     EXPECT_EQ(project.TakeOutput(), "\r\n### error 7 ###\r\n");
     EXPECT_EQ(project.user.boxes.size(), 6) << "a command shows no box";
 }
 
-TEST(ProjectConfig, IsReadWhateverStandsAroundIt)
-{
-    TestProject project;
-    project.folder.Put("demo/config.xml",
-                       "<?xml version=\"1.0\"?><!-- by the IDE --><anything><other><Width>1</Width></other>"
-                       "<resolution><Height> 320px</Height><x/><Width>240</Width><Width>7</Width></resolution>"
-                       "<zxa><tarvo>CHECKED</tarvo><zepversion>21</zepversion></zxa>"
-                       "<resolution><Width>9</Width></resolution></anything>");
-    const ProjectConfig config = ConfigOf(project);
-    EXPECT_EQ(config.width, 240);
-    EXPECT_EQ(config.height, 320);
-    EXPECT_EQ(config.zepVersion, 21);
-    EXPECT_TRUE(config.tarvoChecked);
-
-    project.folder.Put("demo/config.xml",
-                       "<c><zxa><tarvo>unchecked</tarvo></zxa><resolution><Width>99999999999</Width></resolution></c>");
-    EXPECT_FALSE(ConfigOf(project).tarvoChecked);
-    EXPECT_EQ(ConfigOf(project).width, 2147483647);
-    EXPECT_EQ(ConfigOf(project).height, 0);
-}
-
-TEST(ProjectConfig, LiesWhereItsKeySays)
+TEST(ProjectConfig, IsReadWhateverStandsAroundItAndWhereItsKeySays)
 {
     TestProject project("<APP/>", "proj_cfg=..\\IDE\\Settings.XML\n");
-    EXPECT_EQ(project.Open(), nullptr);
-    project.folder.Put("ide/settings.xml", TestProject::Config("20", "1", "2"));
-    EXPECT_NE(project.Open(), nullptr);
-    EXPECT_EQ(ConfigOf(project).height, 2);
+    const auto read = [&](const QByteArray &text) {
+        project.folder.Put("ide/settings.xml", text);
+        ProjectConfig config;
+        ReadConfig(*project.env, project.Path(), config);
+        return QString::asprintf("%dx%d %d %d", config.width, config.height, config.zepVersion, config.tarvoChecked);
+    };
+    EXPECT_EQ(read("<?xml version=\"1.0\"?><!-- by the IDE --><anything><other><Width>1</Width></other>"
+                   "<resolution><Height> 320px</Height><x/><Width>240</Width><Width>7</Width></resolution>"
+                   "<zxa><tarvo>CHECKED</tarvo><zepversion>21</zepversion></zxa>"
+                   "<resolution><Width>9</Width></resolution></anything>"),
+              u"240x320 21 1"_s);
+    EXPECT_EQ(
+        read("<c><zxa><tarvo>unchecked</tarvo></zxa><resolution><Width>99999999999</Width></resolution></c>").left(12),
+        u"2147483647x0"_s);
+}
+
+TEST(LayoutResolution, IsThatOfTheElementWhoseFirstChildNamesTheFile)
+{
+    TestProject project;
+    CResDoc &doc = *project.Open();
+    project.folder.Put(
+        "demo/res/demo.res.xml",
+        "<APP><RESOLUTION width=\"176\" height=\"220\" class=\"image\"><LAYOUT>a.xml</LAYOUT></RESOLUTION>"
+        "<RESOLUTION width=\"176\" height=\"220\" class=\"layout\"><IMAGE/><LAYOUT>a.xml</LAYOUT></RESOLUTION>"
+        "<RESOLUTION width=\"320\" height=\"240\" class=\"layout\"><LAYOUT>a.xml</LAYOUT></RESOLUTION>"
+        "<RESOLUTION width=\"3\" height=\"4\" class=\"layout\"><LAYOUT>b.xml</LAYOUT></RESOLUTION>"
+        "<RESOLUTION class=\"layout\"><LAYOUT/></RESOLUTION></APP>");
+    EXPECT_EQ(FindLayoutResolution(project.Path(), u"a.xml"_s, doc), 2);
+    EXPECT_EQ(FindLayoutResolution(project.Path(), u"A.xml"_s, doc), -1);
+    EXPECT_EQ(FindLayoutResolution(project.Path(), u"b.xml"_s, doc), -1) << "no such screen is known";
+    project.folder.Put("demo/res/demo.res.xml", "<APP>");
+    EXPECT_EQ(FindLayoutResolution(project.Path(), u"a.xml"_s, doc), -1);
 }

@@ -4,7 +4,7 @@
 Use: payload.py MORVANITE_CLI REPOSITORY
 """
 
-import os
+import itertools
 import pathlib
 import re
 import shutil
@@ -15,8 +15,10 @@ import tempfile
 import unittest
 import xml.etree.ElementTree
 
-REPOSITORY = pathlib.Path(sys.argv.pop())
-CLI = pathlib.Path(sys.argv.pop())
+REPOSITORY = pathlib.Path(sys.argv[2])
+sys.path.insert(0, str(REPOSITORY / "tests/cli"))
+from demo import CLI, DemoProject  # noqa: E402
+
 PUSH_KINDS = {"audio": 100000, "binary": 102000, "image": 103000, "string": 104000}
 
 
@@ -24,7 +26,7 @@ def padded(data):
     return data + bytes(-len(data) % 4)
 
 
-class Project:
+class Sample:
     """The sample's project, read without Morvanite."""
 
     def __init__(self, folder, converter):
@@ -105,71 +107,50 @@ class Project:
         return padded(directory) + data + table + struct.pack("<II", 0xFFFFFFFF, start + count + len(blocks)) + blocks
 
 
-class Payload(unittest.TestCase):
+class Payload(DemoProject):
     def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = pathlib.Path(folder.name)
-        shutil.copytree(REPOSITORY / "sample", self.folder / "sample")
-        self.project = Project(self.folder / "sample", CLI.parent / "qrk_resgenerator.exe")
-        (self.folder / "arm").mkdir()
-        (self.folder / "main.c").write_text("void _start(void); void _start(void) { for (;;) { } }\n")
-        self.input = self.folder / "clock.axf"
-        subprocess.run(["arm-linux-gnueabihf-gcc", "-nostdlib", "-static", "-o", self.input, self.folder / "main.c"],
-                       check=True)
+        super().setUp()
+        shutil.copytree(REPOSITORY / "sample", self.dir / "sample")
+        self.sample = Sample(self.dir / "sample", pathlib.Path(CLI).parent / "qrk_resgenerator.exe")
+        self.input = self.dir / "app.axf"
+        self.env["XDG_CONFIG_HOME"] = str(self.dir)
 
-    def pack(self, screen, kind, *options):
+    def pack(self, screen, kind, convert):
         """The bytes that the pack put behind those of the input."""
-        output = self.folder / "packed"
-        environment = {**os.environ, "XDG_CONFIG_HOME": str(self.folder / "config")}
-        result = subprocess.run([CLI, "pack", self.folder / "sample/weatherclock.vcproj", "--input", self.input, "--output",
-                                 output, "--resolution", screen, "--target", kind, *options],
-                                env=environment, capture_output=True, check=False)
-        self.assertEqual(result.returncode, 0, result.stdout.decode() + result.stderr.decode())
-        return output.read_bytes()[self.input.stat().st_size:]
-
-    def side_file(self):
-        return (self.folder / "arm/clock.res").read_bytes()
+        status, out, err = self.run_cli("pack", "sample/weatherclock.vcproj", "--input", self.input, "--output", "packed",
+                                        "--resolution", screen, "--target", kind, "--convert-images", str(convert))
+        self.assertEqual(status, 0, out + err)
+        return (self.dir / "packed").read_bytes()[self.input.stat().st_size:]
 
     def assert_same(self, found, wanted):
         """Without the megabyte that assertEqual would print."""
         self.assertEqual(len(found), len(wanted))
-        where = next((n for n, (a, b) in enumerate(zip(found, wanted)) if a != b), None)
-        self.assertIsNone(where, "first byte that differs")
+        self.assertEqual(next((n for n, pair in enumerate(zip(found, wanted)) if pair[0] != pair[1]), None), None)
 
-    def test_every_screen_with_and_without_conversion(self):
-        for screen in ("240x320", "320x240", "480x272", "128x128"):
-            for convert in (0, 1):
-                with self.subTest(screen=screen, convert=convert):
-                    appended = self.pack(screen, "axf", "--convert-images", str(convert))
-                    wanted = self.project.payload(screen, convert, 0, padded)
-                    self.assert_same(self.side_file(), wanted)
-                    fill = bytes(-self.input.stat().st_size % 4)
-                    self.assert_same(appended[:len(fill) + len(wanted)], fill + wanted)
-
-    def test_offsets_from_the_start_of_the_file(self):
-        settings = self.folder / "config/morvanite/Morvanite.ini"
-        settings.parent.mkdir(parents=True)
-        settings.write_text("[ResID]\nrelativeoffset=0\n")
-        appended = self.pack("240x320", "axf")
-        size = self.input.stat().st_size
-        wanted = self.project.payload("240x320", 0, size + -size % 4, padded)
-        self.assert_same(appended[-size % 4:][:len(wanted)], wanted)
-        self.assert_same(self.side_file(), self.project.payload("240x320", 0, 0, padded))
+    def test_every_screen_with_and_without_conversion_and_offsets_of_the_section_or_the_file(self):
+        self.input.write_bytes(self.input.read_bytes() + b"?")
+        start, fill = self.input.stat().st_size + 3, bytes(3)
+        (self.dir / "morvanite").mkdir()
+        for screen, convert, relative in itertools.product(("240x320", "320x240", "480x272", "128x128"), (0, 1), (0, 1)):
+            with self.subTest(screen=screen, convert=convert, relative=relative):
+                (self.dir / "morvanite/Morvanite.ini").write_text(f"[ResID]\nrelativeoffset={relative}\n")
+                appended = self.pack(screen, "axf", convert)
+                wanted = fill + self.sample.payload(screen, convert, 0 if relative else start, padded)
+                self.assert_same(appended[:len(wanted)], wanted)
+                self.assert_same((self.dir / "arm/app.res").read_bytes(), self.sample.payload(screen, convert, 0, padded))
 
     def test_behind_a_dll_of_any_size(self):
-        with self.input.open("ab") as application:
-            application.write(b"odd"[:3 - self.input.stat().st_size % 4])
-        size = self.input.stat().st_size
-        appended = self.pack("320x240", "dll", "--convert-images", "1")
-        wanted = self.project.payload("320x240", 1, size + 8, bytes)
-        self.assert_same(appended, b".zp_res\0" + wanted + struct.pack("<I", size))
+        for size in range(self.input.stat().st_size, self.input.stat().st_size + 4):
+            with self.input.open("ab") as application:
+                application.truncate(size)
+            wanted = self.sample.payload("320x240", 1, size + 8, bytes)
+            self.assert_same(self.pack("320x240", "dll", 1), b".zp_res\0" + wanted + struct.pack("<I", size))
 
     def test_the_icons_are_those_of_their_pictures(self):
         for picture, icon in (("sample/art/AppLogo.png", "sample/AppLogo.img"),
                               ("packaging/program/AppLogo.png", "packaging/program/AppLogo.img")):
-            self.assert_same((REPOSITORY / icon).read_bytes(), self.project.read(str(REPOSITORY / picture), True))
+            self.assert_same((REPOSITORY / icon).read_bytes(), self.sample.read(str(REPOSITORY / picture), True))
 
 
 if __name__ == "__main__":
-    unittest.main()
+    unittest.main(argv=sys.argv[:1])
