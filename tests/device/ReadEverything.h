@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <map>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -19,8 +20,8 @@ private:
     const std::vector<std::uint8_t> m_bytes;
 };
 
-/// A line for each place of a table that has items or strings. A look-up, with or without an index, that doesn't find
-/// what the walk found first adds a line "WRONG".
+/// A line for each place of a table that has items or strings. Throws when a look-up, with or without an index, doesn't
+/// find what the walk found first.
 template <typename Owner, typename Part>
 std::string ReadTable(const Owner &walked, morvanite_table Owner::*table, std::uint32_t Part::*key,
                       morvanite_result (*at)(const Owner *, std::uint32_t, Part *),
@@ -47,7 +48,8 @@ std::string ReadTable(const Owner &walked, morvanite_table Owner::*table, std::u
             for (const std::uint32_t wanted : {known, known + 1}) {
                 Part part;
                 const std::string found = shown(find(owner, wanted, &part), part);
-                text += found == (first.contains(wanted) ? first[wanted] : "none") ? "" : "WRONG\n";
+                if (found != (first.contains(wanted) ? first[wanted] : "none"))
+                    throw std::logic_error("a look-up of " + std::to_string(wanted) + " found " + found);
             }
     return text;
 }
@@ -79,7 +81,7 @@ inline std::string ReadEverything(const std::string &bytes, std::uint32_t base =
     morvanite_entry entry;
     std::uint32_t cursor = 0;
     if (morvanite_open(&payload, memory.Data(), memory.Size(), base) != MORVANITE_OK)
-        return morvanite_next_entry(&payload, &cursor, &entry) == MORVANITE_NOT_FOUND ? "no payload" : "WRONG";
+        return morvanite_next_entry(&payload, &cursor, &entry) == MORVANITE_NOT_FOUND ? "no payload" : "an entry";
     std::string text;
     for (morvanite_result result; (result = morvanite_next_entry(&payload, &cursor, &entry)) != MORVANITE_NOT_FOUND;) {
         const bool isWhole = result == MORVANITE_OK;
