@@ -167,7 +167,7 @@ TEST(DeviceReader, DamageIsToldAndCostsNothingButItsPart)
                                                 {noLanguage, 88, {6}},
                                                 {noLanguage, 92, {32, 0xFFFFFFF}},
                                                 {noString, 92, {4}},
-                                                {noString, 84, {0, 18, 27, 28, 0xFFFFFFFE}},
+                                                {noString, 84, {0, 18, 19, 27, 28, 0xFFFFFFFE}},
                                                 {noString, 100, {0x00010001}}})
         for (const std::uint32_t number : numbers)
             EXPECT_THAT(ReadEverything(WithU32(whole, at, number)), HasSubstr(expected)) << at << ' ' << number;

@@ -49,6 +49,7 @@ TEST(ElfSection, DamageIsToldAndSurvived)
     EXPECT_EQ(with(50, "\3"), "damaged");                              // the names of section 3
     EXPECT_EQ(with(headers + 40 + 20, "\xFF\xFF\xFF\xFF"), "damaged"); // a size that would wrap
     EXPECT_EQ(with(headers + 80 + 4, "\x08"), "damaged");              // names without bytes
+    EXPECT_EQ(with(headers + 80 + 20, "\x08"), "none");                // the name loses its zero byte
     for (std::size_t at = 0; at < whole.size(); ++at) {
         EXPECT_EQ(Find(whole.substr(0, at)), "damaged") << at;
         for (int value = 0; value < 256; ++value)

@@ -25,7 +25,7 @@ for optimise in -O0 -O3; do
     compile clang++ -x c++ -std=c++20 $optimise
 done
 
-arm=arm-linux-gnueabihf
+arm='arm-linux-gnueabihf'
 for cpu in cortex-m0 cortex-m3; do
     command -v $arm-gcc >/dev/null || break
     compile $arm-gcc -std=c99 -mthumb -mcpu=$cpu -mfloat-abi=soft -Os

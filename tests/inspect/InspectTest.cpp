@@ -51,7 +51,8 @@ TEST_F(InspectTest, WhatIsNoPackedFileIsSaidToBeSo)
           {Bytes(elf).replace(50, 1, "\3"), "whose section table lies outside"},
           {Bytes(elf).replace(elf.size() - 40 + 20, 1, "\xFF"), "whose section names lie outside"},
           {Bytes(), "the directory has no end"},
-          {"plain text", "the directory has no end"}})
+          {"plain text", "the directory has no end"},
+          {Bytes(256, 'x') + ".zp_res" + PayloadBuilder::U32({256}), "the directory is cut off in entry 0"}})
         EXPECT_THAT(Wrong(file), HasSubstr(text));
     EXPECT_THAT(InspectFile(folder.Path("none"), result).toStdString(), HasSubstr("can't be read: No such file"));
     EXPECT_NE(InspectFile(u"/dev/zero"_s, result), QString());
