@@ -171,6 +171,11 @@ TEST(DeviceReader, DamageIsToldAndCostsNothingButItsPart)
                                                 {noString, 100, {0x00010001}}})
         for (const std::uint32_t number : numbers)
             EXPECT_THAT(ReadEverything(WithU32(whole, at, number)), HasSubstr(expected)) << at << ' ' << number;
+    const ExactBytes memory(WithU32(whole, 76, 0));
+    morvanite_payload payload;
+    morvanite_string string;
+    EXPECT_EQ(morvanite_open(&payload, memory.Data(), memory.Size(), 0), MORVANITE_OK);
+    EXPECT_EQ(morvanite_find_text(&payload, 0, 5, &string), MORVANITE_DAMAGED);
     EXPECT_EQ(ReadEverything(whole, 41), "no payload");
     EXPECT_EQ(ReadEverything({}), "no payload");
     EXPECT_THAT(ReadEverything(PayloadBuilder().Item(0xFFFF0000, "").Item(0xFFFF0001, "\1").Build()),

@@ -24,13 +24,16 @@ private:
 /// find what the walk found first.
 template <typename Owner, typename Part>
 std::string ReadTable(const Owner &walked, morvanite_table Owner::*table, std::uint32_t Part::*key,
+                      const std::uint8_t *Part::*data, std::uint32_t Part::*size,
                       morvanite_result (*at)(const Owner *, std::uint32_t, Part *),
                       morvanite_result (*find)(const Owner *, std::uint32_t, Part *), std::string (*show)(const Part &))
 {
     std::string text;
     std::map<std::uint32_t, std::string> first;
     const auto shown = [&](morvanite_result result, const Part &part) {
-        return result == MORVANITE_OK ? show(part) : result == MORVANITE_DAMAGED ? "damaged\n" : "none";
+        if (result == MORVANITE_DAMAGED)
+            return std::string(part.*data == nullptr && part.*size == 0 ? "damaged\n" : "damaged, but with bytes\n");
+        return result == MORVANITE_OK ? show(part) : "none";
     };
     Owner indexed = walked;
     std::vector<std::uint32_t> order((walked.*table).count);
@@ -69,8 +72,8 @@ inline std::string ShowItem(const morvanite_item &item)
         return result == MORVANITE_DAMAGED ? "damaged language\n"
                                            : std::string(item.data, item.data + item.size) + '\n';
     return "language " + std::to_string(language.number) + "\n" +
-           ReadTable(language, &morvanite_language::strings, &morvanite_string::id, morvanite_string_at,
-                     morvanite_find_string, ShowString);
+           ReadTable(language, &morvanite_language::strings, &morvanite_string::id, &morvanite_string::units,
+                     &morvanite_string::length, morvanite_string_at, morvanite_find_string, ShowString);
 }
 
 /// All that the reader comes by in a payload, as text: its entries and items, and the strings of each language.
@@ -84,9 +87,9 @@ inline std::string ReadEverything(const std::string &bytes, std::uint32_t base =
         return morvanite_next_entry(&payload, &cursor, &entry) == MORVANITE_NOT_FOUND ? "no payload" : "an entry";
     std::string text;
     for (morvanite_result result; (result = morvanite_next_entry(&payload, &cursor, &entry)) != MORVANITE_NOT_FOUND;) {
-        const bool isWhole = result == MORVANITE_OK;
-        text += entry.name + (isWhole ? ' ' + std::string(entry.data, entry.data + entry.size) : " damaged") + '\n';
+        const bool hasBytes = result == MORVANITE_OK || entry.data != nullptr || entry.size != 0;
+        text += entry.name + (hasBytes ? ' ' + std::string(entry.data, entry.data + entry.size) : " damaged") + '\n';
     }
-    return text + ReadTable(payload, &morvanite_payload::items, &morvanite_item::key, morvanite_item_at,
-                            morvanite_find_item, ShowItem);
+    return text + ReadTable(payload, &morvanite_payload::items, &morvanite_item::key, &morvanite_item::data,
+                            &morvanite_item::size, morvanite_item_at, morvanite_find_item, ShowItem);
 }
