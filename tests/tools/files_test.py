@@ -3,7 +3,6 @@
 import os
 import re
 import stat
-import unittest
 
 from converter import CONVERTER, ConverterTest, main, run
 from pictures import bmp, device, gif, gif_frame
