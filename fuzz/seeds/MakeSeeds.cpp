@@ -43,7 +43,7 @@ std::map<std::string, std::string> Seeds()
             {"inspect/elf-file-relative", packed(packed(0).find("AppLogo.img"))},
             {"elf/least", std::string(1, '\0') + ElfBuilder().Build()},
             {"elf/program",
-             "\x08" + ElfBuilder(1).Section(".text", text).Section(".bss", ElfBuilder::NoBits, 4096).Build()},
+             "\x08" + ElfBuilder(1).Section(".text", text).Section(".bss", "", ElfBuilder::NoBits, 4096).Build()},
             {"elf/odd", "\5" + ElfBuilder().Section(".data", "dat").Build() + "ttt"},
             {"elf/wide-steps", "\4" + ElfBuilder(0, 64).Section(".text", text).Build()},
             {"elf/no-names", "\4" + elf.Build(ElfBuilder::NoBits)}};

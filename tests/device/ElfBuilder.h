@@ -19,14 +19,10 @@ public:
     {
     }
 
-    ElfBuilder &Section(const std::string &name, const Bytes &data, std::uint32_t type = 1)
+    /// `missing`: bytes that the section says it has beyond its data.
+    ElfBuilder &Section(const std::string &name, const Bytes &data, std::uint32_t type = 1, std::size_t missing = 0)
     {
-        return Section(name, type, data.size(), data);
-    }
-
-    /// A section that says its size is another one than that of its bytes.
-    ElfBuilder &Section(const std::string &name, std::uint32_t type, std::size_t size, const Bytes &data = {})
-    {
+        const std::size_t size = data.size() + missing;
         m_headers.push_back(PayloadBuilder::U32({m_names.size(), type, 0, 0, m_file.size(), size, 0, 0, 1, 0}));
         m_names += name + '\0';
         m_file += data;

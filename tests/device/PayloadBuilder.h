@@ -32,7 +32,16 @@ public:
 
     PayloadBuilder &Language(std::uint16_t number, const Strings &strings)
     {
-        return Item(0xFFFF0000U | number, StringTable(strings));
+        const std::size_t head = 4 + 8 * (strings.size() + 1);
+        Bytes pairs = U32({strings.size() + 1});
+        Bytes texts;
+        for (const auto &[id, text] : strings) {
+            pairs += U32({id, head + texts.size()});
+            for (const char16_t unit : text + u'\0')
+                texts += U32({unit}).substr(0, 2);
+            texts = Padded(texts);
+        }
+        return Item(0xFFFF0000U | number, pairs + U32({EndKey, head + texts.size()}) + texts);
     }
 
     PayloadBuilder &Base(std::uint32_t base)
@@ -79,20 +88,6 @@ public:
             for (unsigned shift = 0; shift < 32; shift += 8)
                 bytes += static_cast<char>(number >> shift & 0xFF);
         return bytes;
-    }
-
-    static Bytes StringTable(const Strings &strings)
-    {
-        const std::size_t head = 4 + 8 * (strings.size() + 1);
-        Bytes pairs = U32({strings.size() + 1});
-        Bytes texts;
-        for (const auto &[id, text] : strings) {
-            pairs += U32({id, head + texts.size()});
-            for (const char16_t unit : text + u'\0')
-                texts += U32({unit}).substr(0, 2);
-            texts = Padded(texts);
-        }
-        return pairs + U32({EndKey, head + texts.size()}) + texts;
     }
 
     /// A file of another kind with the payload behind its magic; the payload's base must be the file's size plus 8.

@@ -1,7 +1,6 @@
 #!/bin/sh
-# Compiles the reader as a firmware's compiler would: every warning an error, as C99 and as C++, freestanding. With the ARM
-# compiler also holds it to its size, 2 KiB of Thumb code, and to needing nothing from any library, not even memcpy.
-# Usage: check-compilers.sh DEVICE_FOLDER. Exit status 77: no compiler is there.
+# Compiles the reader as a firmware's compiler would: every warning an error, as C99 and as C++, freestanding; for ARM in
+# less than 2 KiB of Thumb code that needs no library. Usage: check-compilers.sh DEVICE_FOLDER. 77: no compiler is there.
 set -eu
 device=$1
 work=$(mktemp -d)

@@ -97,7 +97,8 @@ protected:
 
 TEST_F(ElfImageTest, TheFileOnlyGrowsAtItsEndAndNothingInItsHeaderIsTested)
 {
-    const ElfBuilder program = ElfBuilder(1).Section(".text", "code").Section(".bss", ElfBuilder::NoBits, 0xFFFFFFFF);
+    const ElfBuilder program =
+        ElfBuilder(1).Section(".text", "code").Section(".bss", "", ElfBuilder::NoBits, 0xFFFFFFFF);
     for (qsizetype tail = 0; tail < 4; ++tail) {
         const QByteArray input = Bytes(program) + QByteArray(tail, 't');
         ASSERT_EQ(Grow(input), 0);

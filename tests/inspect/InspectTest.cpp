@@ -11,17 +11,15 @@ using InspectTest = InspectFixture;
 
 TEST_F(InspectTest, AllThreeKindsOfFileAreToldApartAndReadAlike)
 {
-    const Bytes code(33, 'x');
-    const ElfBuilder elf = ElfBuilder().Section(".text", code);
-    const auto packed = [&elf](quint32 base) {
-        return ElfBuilder(elf).Section(".zp_res", "old").Section(".zp_res", Sample(base).Build()).Build();
+    const auto packed = [](quint32 base) {
+        return ElfBuilder(1).Section(".zp_res", "old").Section(".zp_res", Sample(base).Build()).Build();
     };
     const auto section = quint32(packed(0).find("AppLogo.img")); // the newest one's place in the file
     const auto dll = [](const Bytes &file) {
         return PayloadBuilder::AppendedTo(file, Sample(quint32(file.size()) + 8).Unpadded().Build());
     };
     for (const auto &[file, kind, base] : {std::tuple(Sample().Build(), "res", 0U),
-                                           {dll(code), "dll", 41U},
+                                           {dll(Bytes(33, 'x')), "dll", 41U},
                                            {packed(0), "elf", 0U},
                                            {packed(section), "elf", section},
                                            {dll(packed(0)), "dll", quint32(packed(0).size()) + 8},
@@ -82,7 +80,6 @@ TEST_F(InspectTest, EachOffsetAndSizeIsCheckedAndNamed)
          {std::tuple(12U, 3U, "the first entry's offset is 3, within the directory of 64 bytes"),
           {16U, size, "entry 0 has offset 64 and size "},
           {29U, 70U, "entry 1 has offset 70 and size 0, but must lie from 74 to "},
-          {29U, 0xFFFFFFFFU, "entry 1 has offset 4294967295"},
           {37U, 0x2D70657AU - 1, "the last entry, 2, isn't named \"zep-2.0\""},
           {49U, 0U, "the block table of 0 bytes doesn't end"},
           {49U, 39U, "the block table of 39 bytes doesn't end"},
@@ -92,7 +89,6 @@ TEST_F(InspectTest, EachOffsetAndSizeIsCheckedAndNamed)
           {112U, size + 1, "block record 3 goes from "},
           {112U, 220U, "block record 3 goes from 228 to 220, but must lie from 228 to 232"},
           {116U, 0U, "language 0: a string count of 0 doesn't fit"},
-          {116U, 0xFFFFFFFFU, "a string count of 4294967295 doesn't fit"},
           {120U, 0xFFFFFFFFU, "string 0 has the ID 0xFFFFFFFF, which ends the table, but 2 follow"},
           {124U, 8U, "the string of ID 7 at 8 doesn't begin behind 28"},
           {132U, 30U, "the string of ID 3 at 30 doesn't begin behind 40"},
