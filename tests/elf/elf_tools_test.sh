@@ -43,7 +43,7 @@ check() { # WHAT; the file is old/demo.axf
     "$cli" pack "$work/demo.vcproj" --input "$work/old/demo.axf" --output "$work/new/demo.axf" --resolution 240x320 \
         --target axf >pack.out || fail "$(cat pack.out)"
     cmp -i 52 -n $(($(stat -c %s old/demo.axf) - 52)) old/demo.axf new/demo.axf || fail "bytes have changed"
-    "${gcc%gcc}objcopy" --dump-section .zp_res=section new/demo.axf /dev/null 2>warnings
+    "${gcc%gcc}objcopy" --dump-section .zp_res=section new/demo.axf /dev/null 2>warnings || fail "$(cat warnings)"
     cmp section old/arm/demo.res || fail "the side file is another one"
     for tool in 'readelf -a -W' 'llvm-readelf-14 -a' 'arm-linux-gnueabihf-objdump -x -s' 'llvm-objdump-14 -x -s' \
         'eu-readelf -a' 'eu-elflint --gnu-ld'; do
