@@ -2,72 +2,62 @@
 
 #include "PayloadBuilder.h"
 
-/// Writes a small 32-bit little-endian ELF file whose sections are named as given; the names come first, as section 1.
+#include <algorithm>
+
+/// Writes small 32-bit little-endian ELF files. Each part can be bent, since nothing in such a file is to be trusted.
+/// In the file: header, program headers, the sections' bytes, the name table (always the last section), section table.
 class ElfBuilder
 {
 public:
     using Bytes = PayloadBuilder::Bytes;
 
-    ElfBuilder &Section(std::string name, Bytes data, std::uint32_t type = 1)
+    static constexpr std::uint32_t NoBits = 8;
+
+    /// With program headers that cover the whole file, and a distance from one section header to the next.
+    explicit ElfBuilder(std::size_t segments = 0, std::size_t step = HeaderSize)
+        : m_segments(segments), m_step(step), m_file(52 + 32 * segments, '\0')
     {
-        m_sections.push_back({std::move(name), std::move(data), type});
+    }
+
+    /// `missing`: bytes that the section says it has beyond its data.
+    ElfBuilder &Section(const std::string &name, const Bytes &data, std::uint32_t type = 1, std::size_t missing = 0)
+    {
+        const std::size_t size = data.size() + missing;
+        m_headers.push_back(PayloadBuilder::U32({m_names.size(), type, 0, 0, m_file.size(), size, 0, 0, 1, 0}));
+        m_names += name + '\0';
+        m_file += data;
         return *this;
     }
 
-    [[nodiscard]] Bytes Build() const
+    [[nodiscard]] Bytes Build(std::uint32_t nameTableType = 3) const
     {
-        std::string names(1, '\0');
-        Bytes headers(SectionHeaderSize);
-        AppendName(names, ".shstrtab");
-        std::vector<std::size_t> places;
-        for (const SectionData &section : m_sections)
-            places.push_back(AppendName(names, section.name));
-        AppendHeader(headers, 1, 3, FileHeaderSize, names.size());
-        Bytes body(names.begin(), names.end());
-        for (std::size_t i = 0; i < m_sections.size(); ++i) {
-            const SectionData &section = m_sections[i];
-            AppendHeader(headers, places[i], section.type, FileHeaderSize + body.size(), section.data.size());
-            body.insert(body.end(), section.data.begin(), section.data.end());
+        ElfBuilder whole = *this;
+        const Bytes names = m_names + ".shstrtab" + '\0';
+        whole.Section(".shstrtab", names, nameTableType);
+        Bytes &file = whole.m_file;
+        const std::size_t table = file.size();
+        const std::size_t count = whole.m_headers.size();
+        Bytes head("\x7F"
+                   "ELF\1\1\1\0\0\0\0\0\0\0\0\0",
+                   16);
+        head += PayloadBuilder::U32({2 | 40 << 16, 1, 0x8000, m_segments > 0 ? 52U : 0U, table, 0x5000400,
+                                     52 | 32 << 16, m_segments | m_step << 16, count | (count - 1) << 16});
+        for (std::size_t i = 0; i < m_segments; ++i)
+            head += PayloadBuilder::U32({1, 0, 0x8000, 0x8000, table, table, 5, 4});
+        file.replace(0, head.size(), head);
+        for (std::size_t i = 0; i < count; ++i) {
+            file.resize(std::max(file.size(), table + m_step * i + HeaderSize));
+            file.replace(table + m_step * i, HeaderSize, whole.m_headers[i]);
         }
-
-        Bytes file{0x7F, 'E', 'L', 'F', 1, 1, 1};
-        file.resize(32);
-        PayloadBuilder::AppendU32(file, FileHeaderSize + body.size());
-        file.resize(46);
-        for (const std::size_t number : {SectionHeaderSize, m_sections.size() + 2, std::size_t{1}}) {
-            file.push_back(static_cast<std::uint8_t>(number & 0xFF));
-            file.push_back(static_cast<std::uint8_t>(number >> 8));
-        }
-        file.insert(file.end(), body.begin(), body.end());
-        file.insert(file.end(), headers.begin(), headers.end());
         return file;
     }
 
 private:
-    static constexpr std::size_t FileHeaderSize = 52;
-    static constexpr std::size_t SectionHeaderSize = 40;
+    static constexpr std::size_t HeaderSize = 40;
 
-    struct SectionData
-    {
-        std::string name;
-        Bytes data;
-        std::uint32_t type;
-    };
-
-    static std::size_t AppendName(std::string &names, const std::string &name)
-    {
-        const std::size_t place = names.size();
-        names.append(name.c_str(), name.size() + 1);
-        return place;
-    }
-
-    static void AppendHeader(Bytes &headers, std::size_t name, std::size_t type, std::size_t offset, std::size_t size)
-    {
-        const std::size_t end = headers.size() + SectionHeaderSize;
-        for (const std::size_t number : {name, type, std::size_t{0}, std::size_t{0}, offset, size})
-            PayloadBuilder::AppendU32(headers, number);
-        headers.resize(end);
-    }
-
-    std::vector<SectionData> m_sections;
+    std::size_t m_segments;
+    std::size_t m_step;
+    Bytes m_file;
+    Bytes m_names = Bytes(1, '\0');
+    std::vector<Bytes> m_headers{Bytes(HeaderSize, '\0')};
 };

@@ -1,38 +1,47 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <utility>
 #include <vector>
 
-/// Writes payloads for tests of the reader, by the drawing of docs/payload-format.md and with no code of the packer.
+/// Writes payloads for tests of the readers, by the drawing of docs/payload-format.md and with no code of the packer.
 ///
-///     PayloadBuilder().Entry("AppLogo.img", icon).Language(0, {{2, u"Hi"}}).Item(1, bytes).Base(0).Bytes()
+///     PayloadBuilder().Entry("AppLogo.img", icon).Language(0, {{2, u"Hi"}}).Item(1, bytes).Base(0).Build()
 class PayloadBuilder
 {
 public:
-    using Bytes = std::vector<std::uint8_t>;
+    using Bytes = std::string;
     using Strings = std::vector<std::pair<std::uint32_t, std::u16string>>;
 
     static constexpr std::uint32_t EndKey = 0xFFFFFFFF;
 
-    PayloadBuilder &Entry(std::string name, Bytes data)
+    PayloadBuilder &Entry(const std::string &name, const Bytes &data)
     {
-        m_entries.emplace_back(std::move(name), std::move(data));
+        m_entries.emplace_back(name, data);
         return *this;
     }
 
     /// An item as it is, filled up with zero bytes to a multiple of 4.
-    PayloadBuilder &Item(std::uint32_t key, Bytes data)
+    PayloadBuilder &Item(std::uint32_t key, const Bytes &data)
     {
-        Pad(data);
-        m_items.emplace_back(key, std::move(data));
+        m_items.emplace_back(key, Padded(data));
         return *this;
     }
 
     PayloadBuilder &Language(std::uint16_t number, const Strings &strings)
     {
-        return Item(0xFFFF0000U | number, StringTable(strings));
+        const std::size_t head = 4 + 8 * (strings.size() + 1);
+        Bytes pairs = U32({strings.size() + 1});
+        Bytes texts;
+        for (const auto &[id, text] : strings) {
+            pairs += U32({id, head + texts.size()});
+            for (const char16_t unit : text + u'\0')
+                texts += U32({unit}).substr(0, 2);
+            texts = Padded(texts);
+        }
+        return Item(0xFFFF0000U | number, pairs + U32({EndKey, head + texts.size()}) + texts);
     }
 
     PayloadBuilder &Base(std::uint32_t base)
@@ -50,86 +59,48 @@ public:
 
     [[nodiscard]] Bytes Build() const
     {
-        std::size_t directory = std::string("zep-2.0").size() + 9 + 9;
+        std::size_t at = sizeof "zep-2.0" + 8 + 9;
         for (const auto &[name, data] : m_entries)
-            directory += name.size() + 9;
-        directory += (4 - directory % 4) % 4;
-
-        Bytes head;
+            at += name.size() + 9;
+        at = (at + 3) / 4 * 4;
+        Bytes directory;
         Bytes body;
         for (const auto &[name, data] : m_entries) {
-            AppendRecord(head, name, directory + body.size(), data.size());
-            body.insert(body.end(), data.begin(), data.end());
-            if (m_padded)
-                Pad(body);
+            directory += name + '\0' + U32({m_base + at + body.size(), data.size()});
+            body += m_padded ? Padded(data) : data;
         }
-        const std::size_t table = directory + body.size();
         const std::size_t tableSize = 8 * (m_items.size() + 1);
-        AppendRecord(head, "zep-2.0", table, tableSize);
-        AppendRecord(head, "", table, 0);
-        head.resize(directory);
-        head.insert(head.end(), body.begin(), body.end());
-
-        std::size_t at = table + tableSize;
+        const std::size_t tableAt = m_base + at + body.size();
+        directory += std::string("zep-2.0") + '\0' + U32({tableAt, tableSize}) + '\0' + U32({tableAt, 0});
+        Bytes items;
         for (const auto &[key, data] : m_items) {
-            AppendU32(head, key);
-            AppendU32(head, m_base + at);
-            at += data.size();
+            body += U32({key, tableAt + tableSize + items.size()});
+            items += data;
         }
-        AppendU32(head, EndKey);
-        AppendU32(head, m_base + at);
-        for (const auto &[key, data] : m_items)
-            head.insert(head.end(), data.begin(), data.end());
-        return head;
+        return Padded(directory) + body + U32({EndKey, tableAt + tableSize + items.size()}) + items;
     }
 
-    static Bytes StringTable(const Strings &strings)
+    /// Numbers of 4 bytes each.
+    static Bytes U32(std::initializer_list<std::size_t> numbers)
     {
-        Bytes table;
-        Bytes texts;
-        const std::size_t head = 4 + 8 * (strings.size() + 1);
-        AppendU32(table, strings.size() + 1);
-        for (const auto &[id, text] : strings) {
-            AppendU32(table, id);
-            AppendU32(table, head + texts.size());
-            for (const char16_t unit : text + u'\0') {
-                texts.push_back(static_cast<std::uint8_t>(unit & 0xFF));
-                texts.push_back(static_cast<std::uint8_t>(unit >> 8));
-            }
-            Pad(texts);
-        }
-        AppendU32(table, EndKey);
-        AppendU32(table, head + texts.size());
-        table.insert(table.end(), texts.begin(), texts.end());
-        return table;
-    }
-
-    static void AppendU32(Bytes &bytes, std::size_t number)
-    {
-        for (unsigned shift = 0; shift < 32; shift += 8)
-            bytes.push_back(static_cast<std::uint8_t>(number >> shift & 0xFF));
+        Bytes bytes;
+        for (const std::size_t number : numbers)
+            for (unsigned shift = 0; shift < 32; shift += 8)
+                bytes += static_cast<char>(number >> shift & 0xFF);
+        return bytes;
     }
 
     /// A file of another kind with the payload behind its magic; the payload's base must be the file's size plus 8.
-    static Bytes AppendedTo(Bytes file, const Bytes &payload)
+    static Bytes AppendedTo(const Bytes &file, const Bytes &payload)
     {
-        const std::size_t size = file.size();
-        for (const char c : {'.', 'z', 'p', '_', 'r', 'e', 's', '\0'})
-            file.push_back(static_cast<std::uint8_t>(c));
-        file.insert(file.end(), payload.begin(), payload.end());
-        AppendU32(file, size);
-        return file;
+        return file + ".zp_res" + '\0' + payload + U32({file.size()});
     }
 
 private:
-    static void Pad(Bytes &bytes) { bytes.resize((bytes.size() + 3) / 4 * 4); }
-
-    void AppendRecord(Bytes &head, const std::string &name, std::size_t at, std::size_t size) const
+    static Bytes Padded(Bytes bytes)
     {
-        head.insert(head.end(), name.begin(), name.end());
-        head.push_back(0);
-        AppendU32(head, m_base + at);
-        AppendU32(head, size);
+        bytes.resize((bytes.size() + 3) / 4 * 4);
+        return bytes;
     }
 
     std::vector<std::pair<std::string, Bytes>> m_entries;

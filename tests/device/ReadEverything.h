@@ -3,121 +3,93 @@
 #include "morvanite_device.h"
 
 #include <cstdint>
-#include <cstring>
-#include <memory>
+#include <map>
+#include <stdexcept>
+#include <string>
 #include <vector>
 
 /// Bytes in a heap block of just their size, so that AddressSanitizer sees a read outside.
 class ExactBytes
 {
 public:
-    explicit ExactBytes(const std::vector<std::uint8_t> &bytes)
-        : m_bytes(new std::uint8_t[bytes.size()]), m_size(static_cast<std::uint32_t>(bytes.size()))
-    {
-        if (!bytes.empty())
-            std::memcpy(m_bytes.get(), bytes.data(), bytes.size());
-    }
-
-    [[nodiscard]] const std::uint8_t *Data() const { return m_bytes.get(); }
-    [[nodiscard]] std::uint32_t Size() const { return m_size; }
+    explicit ExactBytes(const std::string &bytes) : m_bytes(bytes.begin(), bytes.end()) {}
+    [[nodiscard]] const std::uint8_t *Data() const { return m_bytes.data(); }
+    [[nodiscard]] std::uint32_t Size() const { return static_cast<std::uint32_t>(m_bytes.size()); }
 
 private:
-    std::unique_ptr<std::uint8_t[]> m_bytes;
-    std::uint32_t m_size;
+    const std::vector<std::uint8_t> m_bytes;
 };
 
-/// What ReadEverything came by.
-struct Reading
+/// A line for each place of a table that has items or strings. Throws when a look-up, with or without an index, doesn't
+/// find what the walk found first.
+template <typename Owner, typename Part>
+std::string ReadTable(const Owner &walked, morvanite_table Owner::*table, std::uint32_t Part::*key,
+                      const std::uint8_t *Part::*data, std::uint32_t Part::*size,
+                      morvanite_result (*at)(const Owner *, std::uint32_t, Part *),
+                      morvanite_result (*find)(const Owner *, std::uint32_t, Part *), std::string (*show)(const Part &))
 {
-    std::uint32_t items = 0;   ///< items whose bytes were there
-    std::uint32_t strings = 0; ///< strings that were there
-    std::uint32_t damaged = 0; ///< entries, items, languages and strings that were damaged
-    std::uint32_t sum = 0;     ///< over all bytes, so that no read is left out
-    bool indexAgrees = true;   ///< look-ups with an index gave what those without gave
-};
-
-namespace reading
-{
-
-inline void Touch(Reading &reading, const std::uint8_t *data, std::uint32_t size)
-{
-    for (std::uint32_t i = 0; i < size; ++i)
-        reading.sum += data[i];
+    std::string text;
+    std::map<std::uint32_t, std::string> first;
+    const auto shown = [&](morvanite_result result, const Part &part) {
+        if (result == MORVANITE_DAMAGED)
+            return std::string(part.*data == nullptr && part.*size == 0 ? "damaged\n" : "damaged, but with bytes\n");
+        return result == MORVANITE_OK ? show(part) : "none";
+    };
+    Owner indexed = walked;
+    std::vector<std::uint32_t> order((walked.*table).count);
+    morvanite_make_index(&(indexed.*table), order.data(), (walked.*table).count);
+    for (std::uint32_t i = 0; i < order.size(); ++i) {
+        Part part;
+        const std::string line = shown(at(&walked, i, &part), part);
+        first.emplace(part.*key, line);
+        text += std::to_string(part.*key) + ' ' + line;
+        if (text.size() > 1U << 20) // a damaged table can give the same bytes again and again
+            return text;
+    }
+    for (const auto &[known, line] : first)
+        for (const Owner *owner : {&walked, static_cast<const Owner *>(&indexed)})
+            for (const std::uint32_t wanted : {known, known + 1}) {
+                Part part;
+                const std::string found = shown(find(owner, wanted, &part), part);
+                if (found != (first.contains(wanted) ? first[wanted] : "none"))
+                    throw std::logic_error("a look-up of " + std::to_string(wanted) + " found " + found);
+            }
+    return text;
 }
 
-/// Strings of one language; `budget` bounds the bytes of text, which a damaged table can give once for each string.
-inline void ReadLanguage(Reading &reading, const morvanite_item &item, std::uint32_t &budget)
+inline std::string ShowString(const morvanite_string &string)
 {
-    morvanite_language walked;
-    if (morvanite_open_language(&item, &walked) != MORVANITE_OK) {
-        ++reading.damaged;
-        return;
-    }
-    morvanite_language indexed = walked;
-    std::vector<std::uint32_t> order(indexed.strings.count);
-    morvanite_make_index(&indexed.strings, order.data(), indexed.strings.count);
-    for (std::uint32_t i = 0; i < walked.strings.count && budget > 0; ++i) {
-        morvanite_string string;
-        const morvanite_result result = morvanite_string_at(&walked, i, &string);
-        budget -= budget < item.size ? budget : item.size;
-        if (result != MORVANITE_OK) {
-            ++reading.damaged;
-        } else {
-            ++reading.strings;
-            Touch(reading, string.units, 2 * string.length + 2);
-            std::vector<char> text(morvanite_string_utf8(&string, nullptr, 0) + 1);
-            morvanite_string_utf8(&string, text.data(), static_cast<std::uint32_t>(text.size()));
-        }
-        morvanite_string left{};
-        morvanite_string right{};
-        reading.indexAgrees =
-            reading.indexAgrees &&
-            morvanite_find_string(&walked, string.id, &left) == morvanite_find_string(&indexed, string.id, &right) &&
-            left.units == right.units && left.length == right.length;
-    }
+    std::vector<char> utf8(morvanite_string_utf8(&string, nullptr, 0) + 1);
+    morvanite_string_utf8(&string, utf8.data(), static_cast<std::uint32_t>(utf8.size()));
+    return utf8.data() + std::string(1, '\n');
 }
 
-} // namespace reading
-
-/// Opens and reads all that the reader can reach, by walking and by look-ups with and without an index.
-inline morvanite_result ReadEverything(const ExactBytes &bytes, std::uint32_t base, Reading &reading)
+inline std::string ShowItem(const morvanite_item &item)
 {
-    morvanite_payload walked;
-    const morvanite_result opened = morvanite_open(&walked, bytes.Data(), bytes.Size(), base);
-    if (opened != MORVANITE_OK)
-        return opened;
+    morvanite_language language;
+    const morvanite_result result = morvanite_open_language(&item, &language);
+    if (result != MORVANITE_OK)
+        return result == MORVANITE_DAMAGED ? "damaged language\n"
+                                           : std::string(item.data, item.data + item.size) + '\n';
+    return "language " + std::to_string(language.number) + "\n" +
+           ReadTable(language, &morvanite_language::strings, &morvanite_string::id, &morvanite_string::units,
+                     &morvanite_string::length, morvanite_string_at, morvanite_find_string, ShowString);
+}
 
-    std::uint32_t cursor = 0;
+/// All that the reader comes by in a payload, as text: its entries and items, and the strings of each language.
+inline std::string ReadEverything(const std::string &bytes, std::uint32_t base = 0)
+{
+    const ExactBytes memory(bytes);
+    morvanite_payload payload;
     morvanite_entry entry;
-    for (;;) {
-        const morvanite_result result = morvanite_next_entry(&walked, &cursor, &entry);
-        if (result == MORVANITE_NOT_FOUND)
-            break;
-        reading.damaged += result == MORVANITE_DAMAGED;
-        reading::Touch(reading, entry.data, entry.size);
+    std::uint32_t cursor = 0;
+    if (morvanite_open(&payload, memory.Data(), memory.Size(), base) != MORVANITE_OK)
+        return morvanite_next_entry(&payload, &cursor, &entry) == MORVANITE_NOT_FOUND ? "no payload" : "an entry";
+    std::string text;
+    for (morvanite_result result; (result = morvanite_next_entry(&payload, &cursor, &entry)) != MORVANITE_NOT_FOUND;) {
+        const bool hasBytes = result == MORVANITE_OK || entry.data != nullptr || entry.size != 0;
+        text += entry.name + (hasBytes ? ' ' + std::string(entry.data, entry.data + entry.size) : " damaged") + '\n';
     }
-
-    morvanite_payload indexed = walked;
-    std::vector<std::uint32_t> order(indexed.items.count);
-    morvanite_make_index(&indexed.items, order.data(), indexed.items.count);
-    std::uint32_t budget = 1U << 20;
-    for (std::uint32_t i = 0; i < walked.items.count; ++i) {
-        morvanite_item item;
-        if (morvanite_item_at(&walked, i, &item) != MORVANITE_OK) {
-            ++reading.damaged;
-        } else if (budget > 0) {
-            ++reading.items;
-            budget -= budget < item.size ? budget : item.size;
-            reading::Touch(reading, item.data, item.size);
-            if (MORVANITE_IS_LANGUAGE(item.key))
-                reading::ReadLanguage(reading, item, budget);
-        }
-        morvanite_item left{};
-        morvanite_item right{};
-        reading.indexAgrees =
-            reading.indexAgrees &&
-            morvanite_find_item(&walked, item.key, &left) == morvanite_find_item(&indexed, item.key, &right) &&
-            left.data == right.data && left.size == right.size;
-    }
-    return MORVANITE_OK;
+    return text + ReadTable(payload, &morvanite_payload::items, &morvanite_item::key, &morvanite_item::data,
+                            &morvanite_item::size, morvanite_item_at, morvanite_find_item, ShowItem);
 }

@@ -1,0 +1,66 @@
+#!/bin/sh
+# Files of the real compiler, grown by a pack, as other people's tools see them: none complains of anything new, nothing
+# behind the header has changed, and the new section holds what the side file holds.
+# Usage: elf_tools_test.sh MORVANITE_CLI ARM_GCC
+set -eu
+cli=$1
+gcc=$2
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work"
+export LC_ALL=C XDG_CONFIG_HOME="$work/none"
+mkdir -p res old/arm new
+touch demo.vcproj
+echo 'static const char words[] = "some words of a section";
+int counters[1000];
+int main(int argc, char **argv) { counters[argc] = words[argc % 8]; return argv[0] == words; }' >main.c
+echo '<config><resolution><Width>240</Width><Height>320</Height></resolution>
+<zxa><zepversion>20</zepversion></zxa></config>' >config.xml
+printf '<APP id="APP_demo">\n<STRING>res\\ref_list_demo.txt</STRING>\n</APP>\n' >res/demo.res.xml
+printf '%s\r\n' 'Number of Language	1' 'String ID	Resource Type	Description	English(0)' \
+    'ID_STRING_HI	Normal	greeting	Hi' '##number	1' | iconv -f utf-8 -t utf-16 >res/ref_list_demo.txt
+
+fail() {
+    echo "FAILED: $*" >&2
+    exit 1
+}
+
+# What a tool complains of in the file of a folder, and its exit status; its output is left in the file "said".
+complaints() { # FOLDER TOOL...
+    (cd "$1" && shift && "$@" demo.axf) >said 2>errors && status=0 || status=$?
+    case $2 in
+    eu-elflint) # one complaint is meant: the section is for the application, and in no segment
+        grep -v -e 'No errors' -e "'.zp_res': alloc flag set but section not in any loaded segment" said || true ;;
+    *)
+        grep -a -e arning -e rror: said || true
+        echo "status $status" ;;
+    esac
+    cat errors
+}
+
+check() { # WHAT; the file is old/demo.axf
+    echo "$1"
+    "$cli" pack "$work/demo.vcproj" --input "$work/old/demo.axf" --output "$work/new/demo.axf" --resolution 240x320 \
+        --target axf >pack.out || fail "$(cat pack.out)"
+    cmp -i 52 -n $(($(stat -c %s old/demo.axf) - 52)) old/demo.axf new/demo.axf || fail "bytes have changed"
+    "${gcc%gcc}objcopy" --dump-section .zp_res=section new/demo.axf /dev/null 2>warnings || fail "$(cat warnings)"
+    cmp section old/arm/demo.res || fail "the side file is another one"
+    for tool in 'readelf -a -W' 'llvm-readelf-14 -a' 'arm-linux-gnueabihf-objdump -x -s' 'llvm-objdump-14 -x -s' \
+        'eu-readelf -a' 'eu-elflint --gnu-ld'; do
+        command -v "${tool%% *}" >/dev/null || continue
+        # shellcheck disable=SC2086
+        complaints old $tool >old.txt
+        # shellcheck disable=SC2086
+        complaints new $tool >new.txt
+        grep -aq '\.zp_res' said || [ "$tool" = 'eu-elflint --gnu-ld' ] || fail "$tool doesn't see the section"
+        diff old.txt new.txt || fail "$tool complains of more than before"
+    done
+}
+
+compile() { "$gcc" -O1 "$@" -o old/demo.axf main.c; }
+
+compile -g && check "a program with debug information and dynamic libraries"
+compile -static && check "a static program"
+compile -c && check "an object without segments"
+compile -s -nostdlib -Wl,-e,main && printf x >>old/demo.axf && check "a stripped program of an odd size"
+mv new/demo.axf old/demo.axf && check "a program packed twice"
