@@ -2,7 +2,6 @@
 
 #include "TempFolder.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -10,19 +9,16 @@ using namespace Qt::StringLiterals;
 TEST(HostPaths, EachNameIsMatchedWithoutCaseAndTheExactOneFirst)
 {
     const TempFolder folder;
-    folder.Put("Res/Images/Logo.PNG", "1");
-    folder.Put("res/other.png", "2");
-    folder.Put("Res/Über.png", "3");
+    for (const char *name : {"Res/Images/Logo.PNG", "res/other.png", "Res/Über.png"})
+        folder.Put(name, "");
     QDir::setCurrent(folder.Path());
     EXPECT_EQ(HostPath(u".\\Res\\Images\\Logo.PNG"), "./Res/Images/Logo.PNG");
     EXPECT_EQ(HostPath(u".\\Res\\IMAGES\\logo.png"), "./Res/Images/Logo.PNG");
     EXPECT_EQ(HostPath(u"res\\OTHER.png"), "res/other.png");
     EXPECT_EQ(HostPath(u"Res\\üBER.png"), QByteArray("Res/Über.png"));
+    EXPECT_EQ(HostPath(u"Res\\missing\\Logo.PNG"), "Res/missing/Logo.PNG");
     EXPECT_TRUE(PathExists(folder.Path("RES/Images/logo.png")) != PathExists(folder.Path("RES/other.png")))
         << "of two folders one is taken, always the same";
-    EXPECT_EQ(HostPath(u"Res\\missing\\Logo.PNG"), "Res/missing/Logo.PNG");
-    EXPECT_FALSE(PathExists(u"Res\\missing"));
-    EXPECT_FALSE(PathExists(u""));
 }
 
 TEST(HostPaths, ListingsAnswerAsTheFileSystemDoes)
@@ -35,9 +31,9 @@ TEST(HostPaths, ListingsAnswerAsTheFileSystemDoes)
     HostPaths paths;
     for (const QString &there : {u".\\a\\file.png"_s, u"A/FILE.PNG"_s, u"a/link"_s, u"a"_s, u"."_s, u"a\\.."_s,
                                  folder.Path("a/file.png"), folder.Path("A/File.png")})
-        EXPECT_TRUE(paths.Exists(there)) << qPrintable(there);
+        EXPECT_TRUE(paths.Exists(there) && PathExists(there)) << qPrintable(there);
     for (const QString &missing : {u"a/dangling"_s, u"a/none"_s, u"b/file.png"_s, QString(), u"a/file.png/x"_s})
-        EXPECT_FALSE(paths.Exists(missing)) << qPrintable(missing);
+        EXPECT_FALSE(paths.Exists(missing) || PathExists(missing)) << qPrintable(missing);
 }
 
 TEST(HostPaths, EndlessPathsAndThousandsOfFoldersAreAnswered)
@@ -45,13 +41,10 @@ TEST(HostPaths, EndlessPathsAndThousandsOfFoldersAreAnswered)
     const TempFolder folder;
     QDir::setCurrent(folder.Path());
     HostPaths paths;
-    EXPECT_FALSE(paths.Exists(u"x/"_s.repeated(1'000'000) + u"y"_s));
-    EXPECT_FALSE(paths.Exists(u"./"_s.repeated(1'000'000) + u"y"_s));
-    EXPECT_FALSE(paths.Exists(u"/"_s.repeated(1'000'000) + u"none here"_s));
+    for (const QString &part : {u"x/"_s, u"./"_s, u"/"_s})
+        EXPECT_FALSE(paths.Exists(part.repeated(1'000'000) + u"none here"_s));
     for (int i = 1; i < 1500; ++i)
         EXPECT_FALSE(paths.Exists(u"./"_s.repeated(i) + u"Y"_s));
-    folder.Put("y", "");
-    EXPECT_TRUE(HostPaths().Exists(u"./Y"_s));
 }
 
 TEST(ReadFile, WhatIsNoPlainFileIsRefusedWithoutWaiting)
