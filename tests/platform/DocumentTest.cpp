@@ -37,18 +37,15 @@ struct CountingView : CView
 
 TEST(Documents, APathOpensOnceAndOneThatDoesNotLoadIsReportedAndClosed)
 {
-    int opened = 0;
     CDocManager documents([] { return std::make_unique<FakeDocument>(); });
-    documents.opened = [&](CDocument &) { ++opened; };
-    CDocument *const first = documents.OpenDocumentFile(u"/p/Demo.vcproj"_s);
+    documents.opened = [&](CDocument &document) { happened << u"opened "_s + document.m_strPathName; };
+    CDocument *const first = documents.OpenDocumentFile(u"/Demo"_s);
     ASSERT_TRUE(first && !first->IsModified());
-    EXPECT_EQ(documents.OpenDocumentFile(u"/P/demo.VCPROJ"_s), first);
-    EXPECT_EQ(documents.OpenDocumentFile(u"/bad.vcproj"_s), nullptr);
-    EXPECT_EQ(opened, 1);
-    documents.OpenDocumentFile(u"/q.vcproj"_s);
+    EXPECT_EQ(documents.OpenDocumentFile(u"/demO"_s), first);
+    EXPECT_EQ(documents.OpenDocumentFile(u"/bad"_s), nullptr);
+    documents.OpenDocumentFile(u"/q"_s);
     documents.CloseAll();
-    EXPECT_EQ(happened, QStringList({u"reported /bad.vcproj 7"_s, u"closed /bad.vcproj"_s, u"closed /q.vcproj"_s,
-                                     u"closed /p/Demo.vcproj"_s}));
+    EXPECT_EQ(happened.join(u", "), u"opened /Demo, reported /bad 7, closed /bad, opened /q, closed /q, closed /Demo");
 }
 
 TEST(Documents, AnUpdateReachesEveryViewButItsSender)

@@ -18,25 +18,19 @@ TEST(Log, ALineOf511CharactersStaysAndALongerOneIsCutTo508AndDots)
             EXPECT_EQ(written, size == 511 ? letter.repeated(511) : letter.repeated(508) + u"..."_s) << size;
         }
     }
-    env.WriteOutput("x%s", QByteArray("\xf0\x9f\x98\x80").repeated(300).constData());
+    env.WriteOutput("x%s", u"\U0001F600"_s.repeated(300).toUtf8().constData());
     EXPECT_TRUE(written.endsWith(u"\U0001F600...")) << "no pair is cut";
 }
 
-TEST(Environment, NarrowTextIsShownInUtf8WhateverItsCodePage)
-{
-    const TempFolder folder;
-    folder.Put("Morvanite.ini", "[Text]\ncode_page=936\n");
-    const Environment env(folder.Path());
-    EXPECT_EQ(env.WideToNarrow(u"中"), "\xd6\xd0");
-    EXPECT_EQ(env.Shown("\xd6\xd0"), "\xe4\xb8\xad");
-}
-
-TEST(Environment, LanguagesAreFoundByNameAndAnUnknownOneIsMinus1)
+TEST(Environment, ShowsNarrowTextInUtf8AndFindsLanguagesByName)
 {
     const TempFolder folder;
     EXPECT_EQ(Environment(folder.Path()).LanguageNumber(u"English"_s), -1);
+    folder.Put("Morvanite.ini", "[Text]\ncode_page=936\n");
     folder.Put("tuvik.ini", "[Language]\nEnglish=0\n中文 = 7\nBroken=x\n");
     const Environment env(folder.Path());
+    EXPECT_EQ(env.WideToNarrow(u"中"), "\xd6\xd0");
+    EXPECT_EQ(env.Shown("\xd6\xd0"), "\xe4\xb8\xad");
     EXPECT_EQ(env.LanguageNumber(u"english"_s), 0);
     EXPECT_EQ(env.LanguageNumber(u"中文"_s), 7);
     EXPECT_EQ(env.LanguageNumber(u"Klingon"_s), -1);

@@ -6,28 +6,23 @@ using namespace Qt::StringLiterals;
 
 TEST(Profile, AValueIsWhatStandsBehindItsKeyInTheFirstSectionOfThatName)
 {
-    const struct
-    {
-        QByteArray text;
-        QString value;
-    } cases[] = {
-        {"  [ S ] behind\r\n  Key \t=  a = b  \r\n", u"a = b"_s},
-        {"[other]\nkey=1\n[s]\n", u"(none)"_s},
-        {"key=before any section\n[s]\n", u"(none)"_s},
-        {"[s]\nkey\n=x\n;key=comment\n", u"(none)"_s},
-        {"[s]\nother=1\n[S]\nkey=2\n", u"(none)"_s},
-        {"[s]\nkey=1\nkey=2\n", u"1"_s},
-        {"[s]\nkey=", u""_s},
-        {"[s\nkey=head without its end", u"head without its end"_s},
-        {"[s]\nkey=\" a \"", u" a "_s},
-        {"[s]\nkey='\"a\"'", u"\"a\""_s},
-        {"[s]\nkey=\"a'", u"\"a'"_s},
-        {"[s]\nkey=\"", u"\""_s},
-        {"[s]\nkey=.\\res\\tmp\\ ; no comment", u".\\res\\tmp\\ ; no comment"_s},
-        {"\xEF\xBB\xBF[s]\nkey=\xe4\xb8\xad", u"\u4e2d"_s},
-        {{"\xFF\xFE[\0s\0]\0\n\0k\0e\0y\0=\0\x2d\x4e\r", 21}, u"\u4e2d"_s}, // cut in the middle of a character
-    };
-    for (const auto &[text, value] : cases)
+    for (const auto &[text, value] : {
+             std::pair<QByteArray, QString>("  [ S ] behind\r\n  Key \t=  a = b  \r\n", u"a = b"_s),
+             {"[other]\nkey=1\n[s]\n", u"(none)"_s},
+             {"key=before any section\n[s]\n", u"(none)"_s},
+             {"[s]\nkey\n=x\n;key=comment\n", u"(none)"_s},
+             {"[s]\nother=1\n[S]\nkey=2\n", u"(none)"_s},
+             {"[s]\nkey=1\nkey=2\n", u"1"_s},
+             {"[s]\nkey=", u""_s},
+             {"[s\nkey=head without its end", u"head without its end"_s},
+             {"[s]\nkey=\" a \"", u" a "_s},
+             {"[s]\nkey='\"a\"'", u"\"a\""_s},
+             {"[s]\nkey=\"a'", u"\"a'"_s},
+             {"[s]\nkey=\"", u"\""_s},
+             {"[s]\nkey=.\\res\\tmp\\ ; no comment", u".\\res\\tmp\\ ; no comment"_s},
+             {"\xEF\xBB\xBF[s]\nkey=\xe4\xb8\xad", u"\u4e2d"_s},
+             {{"\xFF\xFE[\0s\0]\0\n\0k\0e\0y\0=\0\x2d\x4e\r", 21}, u"\u4e2d"_s}, // cut in the middle of a character
+         })
         EXPECT_EQ(Profile::Parse(text).String(u"s", u"kEY", u"(none)"_s), value) << text.constData();
 }
 
@@ -67,41 +62,29 @@ TEST(Profile, ChangingAKeyLeavesEveryOtherLineAsItWas)
 TEST(Profile, WhatIsNoFileGivesAnEmptyProfile)
 {
     const TempFolder folder;
-    folder.MakeFolder("folder.ini");
     folder.Put("huge.ini", "[s]\nk=1\n" + QByteArray(2 << 20, '\n'));
-    for (const char *name : {"folder.ini", "missing.ini", "huge.ini"})
+    for (const char *name : {"", "missing.ini", "huge.ini"})
         EXPECT_FALSE(Profile::Load(folder.Path(name)).Has(u"s", u"k")) << name;
 }
 
-TEST(Settings, TheUsersFileGoesBeforeTheProgramsAndBothBeforeTheDefault)
-{
-    const TempFolder folder;
-    folder.Put("bin/m.ini", "[Path]\na=program\nb=program\nn=1\n");
-    folder.Put("user/m.ini", "[Path]\na=user\n");
-    const Settings settings(folder.Path("bin/m.ini"), folder.Path("user/m.ini"));
-    EXPECT_EQ(settings.String("Path", "a", "default"), u"user"_s);
-    EXPECT_EQ(settings.String("Path", "b", "default"), u"program"_s);
-    EXPECT_EQ(settings.String("Path", "c", "default"), u"default"_s);
-    EXPECT_EQ(settings.Int("Path", "n", 0), 1);
-    EXPECT_EQ(settings.Int("Path", "missing", 42), 42);
-}
-
-TEST(Settings, AKeyIsWrittenWhereItWillBeReadFrom)
+TEST(Settings, TheUsersFileGoesBeforeTheProgramsAndAKeyIsWrittenWhereItWillBeReadFrom)
 {
     const TempFolder folder;
     folder.Put("bin/m.ini", "[Path]\na=program\n");
     folder.MakeFolder("ro/m.ini");
     const auto write = [&](const char *program, const QString &value) {
         Settings settings(folder.Path(program), folder.Path("u/v/m.ini"));
-        EXPECT_TRUE(settings.Write(u"split1st"_s, u"width"_s, value));
-        EXPECT_EQ(settings.String("split1st", "width", ""), value);
+        EXPECT_TRUE(settings.Write(u"Path"_s, u"n"_s, value));
+        EXPECT_EQ(settings.String("Path", "n", "0"), value);
     };
-    write("bin/m.ini", u"250"_s);
-    const QByteArray program = "[Path]\na=program\n[split1st]\nwidth=250\n";
-    EXPECT_EQ(folder.Get("bin/m.ini"), program);
-    write("ro/m.ini", u"300"_s); // one that can't be replaced (here: a folder) sends the key to the user's
-    EXPECT_EQ(folder.Get("u/v/m.ini"), "[split1st]\nwidth=300\n");
-    write("bin/m.ini", u"310"_s); // what the user's file has would hide the program's key
-    EXPECT_EQ(folder.Get("u/v/m.ini"), "[split1st]\nwidth=310\n");
-    EXPECT_EQ(folder.Get("bin/m.ini"), program);
+    write("bin/m.ini", u"1"_s);
+    EXPECT_EQ(folder.Get("bin/m.ini"), "[Path]\na=program\nn=1\n");
+    write("ro/m.ini", u"2"_s);  // one that can't be replaced (here: a folder) sends the key to the user's
+    write("bin/m.ini", u"3"_s); // and what that has would hide the program's key
+    EXPECT_EQ(folder.Get("u/v/m.ini"), "[Path]\nn=3\n");
+    EXPECT_EQ(folder.Get("bin/m.ini"), "[Path]\na=program\nn=1\n");
+    const Settings settings(folder.Path("bin/m.ini"), folder.Path("u/v/m.ini"));
+    EXPECT_EQ(settings.Int("Path", "n", 0), 3);
+    EXPECT_EQ(settings.String("Path", "a", "default"), u"program");
+    EXPECT_EQ(settings.String("Path", "c", "default"), u"default");
 }

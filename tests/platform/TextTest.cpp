@@ -1,66 +1,46 @@
 #include "IdNames.h"
 
+#include <QStringList>
+
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
-
-namespace
-{
 
 struct Selected : CodePage
 {
     explicit Selected(const char *name) { EXPECT_TRUE(Select(name)) << name; }
 };
 
-} // namespace
-
 TEST(CodePage, TextComesBackAsItWasAndEveryByteOfAsciiIsItself)
 {
     QByteArray ascii;
     for (char c = 1; c < 127; ++c)
         ascii += c;
-    const struct
-    {
-        const char *page;
-        QString wide;
-        QByteArray narrow;
-    } cases[] = {
-        {"936", u"中"_s, "\xd6\xd0"},  {"932", u"表\\"_s, "\x95\x5c\\"},
-        {"1252", u"€é"_s, "\x80\xe9"}, {"949", u""_s, ""},
-        {"950", u"中"_s, "\xa4\xa4"},  {"utf-8", u"中😀"_s, "\xe4\xb8\xad\xf0\x9f\x98\x80"},
-    };
-    for (const auto &[name, wide, narrow] : cases) {
+    for (const auto &[name, wide, narrow] : {std::tuple("936", u"中"_s, "\xd6\xd0"),
+                                             {"932", u"表\\"_s, "\x95\x5c\\"},
+                                             {"1252", u"€é"_s, "\x80\xe9"},
+                                             {"949", u"가"_s, "\xb0\xa1"},
+                                             {"950", u"中"_s, "\xa4\xa4"},
+                                             {"utf-8", u"中😀"_s, "\xe4\xb8\xad\xf0\x9f\x98\x80"}}) {
         const Selected page(name);
-        EXPECT_EQ(page.ToWide(narrow + ascii), wide + QString::fromLatin1(ascii)) << name;
-        EXPECT_EQ(page.FromWide(wide + QString::fromLatin1(ascii)), narrow + ascii) << name;
+        EXPECT_EQ(page.ToWide(narrow + ascii), wide + QLatin1StringView(ascii)) << name;
+        EXPECT_EQ(page.FromWide(wide + QLatin1StringView(ascii)), narrow + ascii) << name;
     }
 }
 
 TEST(CodePage, WhatItLacksIsOneQuestionMarkAndBytesThatAreNoTextAreReplacementCharacters)
 {
-    const Selected latin("1252");
-    const Selected chinese("936");
-    EXPECT_EQ(latin.FromWide(u"a中b"), "a?b");
-    EXPECT_EQ(latin.FromWide(u"a😀b"), "a?b");
-    EXPECT_EQ(latin.FromWide(QString(QChar(0xD83D)) + u"xy"_s), "?xy");
-    EXPECT_EQ(chinese.FromWide(u"\uE000"), "?");
-    EXPECT_EQ(chinese.FromWide(u"ﬁ"), "?"); // no look-alike for a ligature
+    EXPECT_EQ(Selected("1252").FromWide(u"a中b😀c"), "a?b?c");
+    EXPECT_EQ(Selected("1252").FromWide(QString(QChar(0xD83D)) + u"xy"_s), "?xy");
+    Selected chinese("936");
+    EXPECT_EQ(chinese.FromWide(u"\uE000ﬁ"), "??"); // no look-alike for a ligature
     EXPECT_EQ(chinese.ToWide("a\xd6"), u"a\uFFFD"_s);
-    EXPECT_EQ(chinese
-                  .ToWide("\xff\xff"
-                          "a")
-                  .back(),
-              u'a');
+    EXPECT_EQ(chinese.ToWide("\xff\xff\x61").back(), u'a');
     EXPECT_EQ(chinese.ToWide("\xaa\xa1"), u"\uFFFD"_s); // a place for private use
     EXPECT_TRUE(CodePage().ToWide("a\xe4\xb8").startsWith(u"a\uFFFD"));
-}
-
-TEST(CodePage, AnUnknownNameChangesNothing)
-{
-    Selected page("936");
-    EXPECT_FALSE(page.Select("no such code page") || page.Select("99999"));
-    EXPECT_EQ(page.FromWide(u"中"), "\xd6\xd0");
-    EXPECT_TRUE(page.Select("UTF-8") && page.IsUtf8());
+    EXPECT_FALSE(chinese.Select("no such code page") || chinese.Select("99999"));
+    EXPECT_EQ(chinese.FromWide(u"中"), "\xd6\xd0") << "an unknown name changes nothing";
+    EXPECT_TRUE(chinese.Select("UTF-8") && chinese.IsUtf8());
 }
 
 TEST(Text, CaseIsMappedOneCharacterToOne)
@@ -71,7 +51,7 @@ TEST(Text, CaseIsMappedOneCharacterToOne)
     EXPECT_FALSE(EqualsNoCase(u"ß", u"ss") || EqualsNoCase(u"a", u"ab"));
 }
 
-TEST(IdNames, ANameHas1To64WordCharactersAndNoDigitInFront)
+TEST(IdNames, HaveOneTo64WordCharactersAndNoDigitInFront)
 {
     for (const QString &good : {u"A"_s, u"_1"_s, u"id_image_9"_s, QString(64, u'x')})
         EXPECT_TRUE(IsValidIdName(good)) << qPrintable(good);
@@ -83,8 +63,7 @@ TEST(IdNames, AreMadeFromAnyText)
 {
     for (const auto &[from, to, anyLeft] : {std::tuple(u"my file-\u00e91"_s, u"my_file__1"_s, true),
                                             {u"9_"_s, u"9_"_s, true},
-                                            {u"+++"_s, u"___"_s, false},
-                                            {u""_s, u""_s, false}}) {
+                                            {u"+++"_s, u"___"_s, false}}) {
         QString text = from;
         EXPECT_EQ(MakeIdSafe(text), anyLeft) << qPrintable(from);
         EXPECT_EQ(text, to);
@@ -93,13 +72,10 @@ TEST(IdNames, AreMadeFromAnyText)
     EXPECT_EQ(AppendCounter(u"ID"_s, 7), u"ID7"_s);
 }
 
-TEST(IdNames, AFloatLosesTheZerosBehindItsPointAndNoOthers)
+TEST(FormatFloat, DropsTheZerosBehindItsPointAndNoOthers)
 {
-    for (const auto &[value, text] : {std::pair(1.5, u"1.5"_s),
-                                      {2.0, u"2"_s},
-                                      {100.0, u"100"_s},
-                                      {0.0, u"0"_s},
-                                      {-0.25, u"-0.25"_s},
-                                      {1e-9, u"0"_s}})
-        EXPECT_EQ(FormatFloat(value), text);
+    QStringList texts;
+    for (const double value : {1.5, 2.0, 100.0, 0.0, -0.25, 1e-9})
+        texts << FormatFloat(value);
+    EXPECT_EQ(texts.join(u' '), u"1.5 2 100 0 -0.25 0");
 }
