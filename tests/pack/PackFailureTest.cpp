@@ -7,12 +7,6 @@ namespace
 /// A file of the system that is shorter than its size says.
 constexpr char SHORT_FILE[] = "/sys/kernel/mm/transparent_hugepage/enabled";
 
-enum Logs
-{
-    REPORT = 1,
-    TRACE = 2,
-};
-
 /// A project that fails to pack, and what it says then.
 struct Failure
 {
@@ -23,6 +17,9 @@ struct Failure
     int logs = 0; ///< which of them have `said`
     const char *said = "";
 };
+
+constexpr int REPORT = 1;
+constexpr int TRACE = 2;
 
 const Failure FAILURES[] = {
     {"app icon", "gone", 0, PACK_NO_ICON, REPORT, "\r\n[error] Could not find the default icon in tool folder"},

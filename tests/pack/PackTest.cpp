@@ -68,47 +68,23 @@ TEST(Pack, EveryLineOfTheReportStandsInItsOrder)
     project.PutTool("{ printf converted; cat \"$3\"; } > \"$4\"");
     project.info.imageconvert = 1;
     ASSERT_EQ(project.Pack(PACK_TO_DLL), 0) << project.output.constData();
-    EXPECT_EQ(project.output.replace("\r\n", "\n").replace(project.Narrow(""), "@").toStdString(), R"(
-pack resource started
+    EXPECT_EQ(
+        project.output.replace("\r\n", "\n").replace(project.Narrow(""), "@").toStdString(),
 
-construct app icon resource...
-@/AppLogo.img
-construct app icon resource done
-
-construct preview image resource...
-@/res/one.gif
-Need image convert, convert... 
-Resource file @/gone.gif not exist, ignore...
-@/res/two.dat
-construct preview image resource done
-
-construct zep1.0 resource...
-@/res/two.dat
-construct zep1.0 resource done
-
-construct zep2.0 resource...
-construct language resource...
-Language ID: 3
-construct language resource done
-
-construct file resource...
-[error] Illegal resource id value :"ID_1" with value "0"
-.\res\tune.mid
-construct file resource done
-
-construct image resource...
-@/res/one.gif
-Need image convert, convert... 
-construct image resource done
-
-construct layout resource...
-there are no any layout xml 
-construct layout resource done
-
-construct zep2.0 resource done
-
-pack resource done, result=0
-)");
+        "\npack resource started\n"
+        "\nconstruct app icon resource...\n@/AppLogo.img\nconstruct app icon resource done\n"
+        "\nconstruct preview image resource..."
+        "\n@/res/one.gif\nNeed image convert, convert... \nResource file @/gone.gif not exist, ignore...\n@/res/two.dat"
+        "\nconstruct preview image resource done\n"
+        "\nconstruct zep1.0 resource...\n@/res/two.dat\nconstruct zep1.0 resource done\n"
+        "\nconstruct zep2.0 resource..."
+        "\nconstruct language resource...\nLanguage ID: 3\nconstruct language resource done\n"
+        "\nconstruct file resource...\n[error] Illegal resource id value :\"ID_1\" with value \"0\"\n.\\res\\tune.mid"
+        "\nconstruct file resource done\n"
+        "\nconstruct image resource...\n@/res/one.gif\nNeed image convert, convert... \nconstruct image resource done\n"
+        "\nconstruct layout resource...\nthere are no any layout xml \nconstruct layout resource done\n"
+        "\nconstruct zep2.0 resource done\n"
+        "\npack resource done, result=0\n");
     const auto payload = PayloadBuilder()
                              .Unpadded()
                              .Base(quint32(project.elf.size()) + 8)
@@ -124,12 +100,15 @@ pack resource done, result=0
     EXPECT_FALSE(project.folder.Has("res/one.gif.tmp")) << "temporary images go when they have been read";
 }
 
-TEST(Pack, TakesTextsFilesAndImagesInTheOrderOfTheTree)
+TEST(Pack, TakesListedFilesTextsFilesAndImagesInTheirOrder)
 {
     PackProject project;
-    for (const char *name : {"res/wide.tga", "res/any.png", "res/used.png", "res/Tune.MID"})
-        project.folder.Put(name, "content of " + QByteArray(name));
+    for (const char *file : {"res/wide.tga", "res/any.png", "res/used.png", "res/Tune.MID", "a.bin"})
+        project.folder.Put(file, "content of " + QByteArray(file));
     project.PutTool("printf 'from the tool' > \"$4\"");
+    // Written by hand: blank lines, a line of 300 bytes, which is one of 255 and one of the rest, and no line end.
+    project.folder.Put("demo_res.lst", "\n.\\a.bin\n\r\n" + QByteArray(300, 'x') + "\r\n" +
+                                           project.Narrow("res/Tune.MID") + "\r\n.\\RES\\TUNE.mid\rbehind");
     const PayloadBuilder::Strings texts = {{9, u"ab"}, {4, u""}, {7, u"\xD83D\xDE00!"}};
     project.AddLanguage(0x1FFFE, texts);
     project.AddLanguage(2);
@@ -146,29 +125,18 @@ TEST(Pack, TakesTextsFilesAndImagesInTheOrderOfTheTree)
         project.info.scope = scope;
         std::vector<QByteArray> inputs;
         ASSERT_EQ(project.Pack(PACK_TO_TARGET, &inputs), 0) << project.output.constData();
-        auto expected = Payload().Language(0xFFFE, texts).Language(2, {}).Item(1, ToBytes("content of res/Tune.MID"));
+        const auto tune = ToBytes("content of res/Tune.MID");
+        auto expected = Payload().Entry("a.bin", ToBytes("content of a.bin"));
+        expected.Entry("Tune.MID", tune).Entry("TUNE.mid", tune);
+        expected.Language(0xFFFE, texts).Language(2, {}).Item(1, tune);
         if (scope == 1)
             expected.Item(5, ToBytes("content of res/wide.tga"));
         expected.Item(103000, ToBytes("from the tool")).Item(2, ToBytes("content of res/used.png"));
         EXPECT_EQ(project.folder.Get("arm/app.res"), BytesOf(expected.Build()));
         EXPECT_THAT(inputs, testing::IsSupersetOf({project.Narrow("res/Tune.MID"), project.Narrow("bin/AppLogo.img")}));
+        EXPECT_EQ(project.output.count(" not exist, ignore..."), 4) << "two, in both runs of the phases";
         EXPECT_TRUE(project.output.contains("[warning] App icon file does not exist in project folder, use default"));
     }
-}
-
-TEST(Pack, ListFilesAreReadAsWrittenByHandToo)
-{
-    PackProject project;
-    project.folder.Put("a.bin", "first");
-    project.folder.Put("res/b c.bin", "second");
-    project.folder.Put("demo_res.lst", "\n.\\a.bin\n\r\n" + QByteArray(300, 'x') + "\r\n" +
-                                           project.Narrow("res/b c.bin") + "\r\n.\\RES\\B C.bin\rbehind");
-    ASSERT_EQ(project.Pack(), 0) << project.output.constData();
-    const auto expected = Payload().Entry("a.bin", ToBytes("first")).Entry("b c.bin", ToBytes("second"));
-    EXPECT_EQ(project.folder.Get("arm/app.res"),
-              BytesOf(PayloadBuilder(expected).Entry("B C.bin", ToBytes("second")).Build()));
-    // 300 bytes are a line of 255 and one of the rest, twice since the phases run twice.
-    EXPECT_EQ(project.output.count(" not exist, ignore..."), 4);
 }
 
 TEST(Pack, OffsetsCountFromTheStartOfTheFileWhereTheSettingSaysSo)

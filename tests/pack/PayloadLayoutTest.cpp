@@ -20,28 +20,18 @@ TEST(PackImage, FindsRoomForALongDirectoryInFrontOfItsData)
 {
     for (const size_t frontRoom : {0, 1, 40, 4096}) {
         PayloadBuffer memory(frontRoom);
-        for (int run = 0; run < 2; ++run) {
-            PackImage image(memory, EntryPadding::None);
-            PayloadBuilder expected;
-            const auto put = [](char *place, const QByteArray &text) {
-                ASSERT_TRUE(place);
-                memcpy(place, text.constData(), size_t(text.size()));
-            };
-            for (int n = 0; n < 300; ++n) {
-                const QByteArray text = "text " + QByteArray::number(n);
-                put(image.EntryData(image.AddEntry(text), quint64(text.size())), text);
-                expected.Entry(text.toStdString(), ToBytes(text));
-            }
-            image.BeginBlock();
-            image.AddItem(7, ITEM_FILE);
-            put(image.ExtendItem(5), "bytes");
-            ASSERT_TRUE(image.PadItem());
-            image.EndBlock();
-            image.base = 8;
-            ASSERT_TRUE(image.LayOut());
-            EXPECT_EQ(image.Serialise("a prefix").toByteArray(),
-                      "a prefix" + BytesOf(expected.Unpadded().Base(8).Item(7, ToBytes("bytes")).Build()));
+        PackImage image(memory, EntryPadding::None);
+        PayloadBuilder expected;
+        for (int n = 0; n < 300; ++n) {
+            const QByteArray text = "text " + QByteArray::number(n);
+            memcpy(image.EntryData(image.AddEntry(text), quint64(text.size())), text.constData(), size_t(text.size()));
+            expected.Entry(text.toStdString(), ToBytes(text));
         }
+        image.BeginBlock();
+        image.EndBlock();
+        image.base = 8;
+        ASSERT_TRUE(image.LayOut());
+        EXPECT_EQ(image.Serialise("a prefix").toByteArray(), "a prefix" + BytesOf(expected.Unpadded().Base(8).Build()));
     }
 }
 
