@@ -2,16 +2,11 @@
 
 using namespace Qt::StringLiterals;
 
-namespace
-{
-
 constexpr const char *SMALL = "Number of Language|1\n"
                               "String ID|Resource Type|Description|English(9)\n"
                               "ID_A|Push|a|A\n"
                               "ID_B|Normal|b|B\n"
                               "##number|2\n";
-
-} // namespace
 
 TEST(HostileStringFile, EveryCutIsTheReadErrorAndKeepsTheRowsBeforeInPiecesOfAnySize)
 {

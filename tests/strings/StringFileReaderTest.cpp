@@ -2,16 +2,11 @@
 
 using namespace Qt::StringLiterals;
 
-namespace
-{
-
 constexpr const char *TABLE = "Number of Language|2\n"
                               "String ID|Resource Type|Description|English(9)|French(12)\n"
                               "ID_HELLO|Normal|greeting|Hello|Bonjour\n"
                               "ID_BYE|Push||Bye|\n"
                               "##number|2\n";
-
-} // namespace
 
 TEST(StringFileReader, BuildsFoldersRowsAndChainsAndTellsTheObserver)
 {
@@ -49,37 +44,32 @@ TEST(StringFileReader, SaysWhichFileItReads)
 
 TEST(StringFileReader, SaysWhatIsWrongWithAHeader)
 {
-    const std::string line1 = "Error 1: invalid file format; \"Number of Language\" expected at line 1.\r\n";
+    const auto format = [](const std::string &word, int line) {
+        return "Error 1: invalid file format; \"" + word + "\" expected at line " + std::to_string(line) + ".\r\n";
+    };
+    const auto language = [](const std::string &word) {
+        return "Error 1: language \"" + word + "\" is unrecognized.\r\n";
+    };
+    const auto count = [](const char *number) {
+        return std::string("Warning 1: Number of Language = ") + number + ".\r\n";
+    };
     const std::string noLine = "Error 1: failed to read a new line.\r\n";
-    const auto line2 = [](const std::string &expected) {
-        return "Error 1: invalid file format; \"" + expected + "\" expected at line 2.\r\n";
-    };
-    const auto unknown = [](const std::string &name) {
-        return "Error 1: language \"" + name + "\" is unrecognized.\r\n";
-    };
-    const struct
-    {
-        const char *file;
-        int code;
-        std::string message;
-    } cases[] = {
-        {"", 1012, noLine},
-        {"Number of Language|1\n", 1012, noLine},
-        {"Number of language|1\n", 11, line1},
-        {"|Number of Language|1\n", 11, line1},
-        {"Number of Languages|0\nString IDs|\n", 11, "Warning 1: Number of Language = 0.\r\n" + line2("String ID")},
-        {"Number of Language|1\nString ID|RESOURCE type|Description|x(1)\n", 11, line2("Resource Type")},
-        {"Number of Language|1\nString ID|Resource Type|description|x(1)\n", 11, line2("Description")},
-        {"Number of Language|1\nString ID|Type|Description|x(1)\n", 11, line2("Description")},
-        {"Number of Language|1\nString ID|Description|Klingon\n", 1608, unknown("Klingon")},
-        {"Number of Language|2147483647\nString ID|Description|x(1)\n", 1608, unknown("")},
-        {"Number of Language|1\nString ID|Description|x(-1)\n", 1608, unknown("x")},
-        {"Number of Language|many\nString ID|Description|x\n##number\n", 0, "Warning 1: Number of Language = 0.\r\n"},
-        {"Number of Language\nString ID|Description|x\n##NUMBER|9\n", 0, "Warning 1: Number of Language = 0.\r\n"},
-        {"Number of Language|-99999999999\nString ID|Description|x\n##number|9\n", 0,
-         "Warning 1: Number of Language = -2147483648.\r\n"},
-    };
-    for (const auto &[file, code, message] : cases) {
+    for (const auto &[file, code, message] : {
+             std::tuple("", 1012, noLine),
+             {"Number of Language|1\n", 1012, noLine},
+             {"Number of language|1\n", 11, format("Number of Language", 1)},
+             {"|Number of Language|1\n", 11, format("Number of Language", 1)},
+             {"Number of Languages|0\nString IDs|\n", 11, count("0") + format("String ID", 2)},
+             {"Number of Language|1\nString ID|RESOURCE type|Description|x(1)\n", 11, format("Resource Type", 2)},
+             {"Number of Language|1\nString ID|Resource Type|description|x(1)\n", 11, format("Description", 2)},
+             {"Number of Language|1\nString ID|Type|Description|x(1)\n", 11, format("Description", 2)},
+             {"Number of Language|1\nString ID|Description|Klingon\n", 1608, language("Klingon")},
+             {"Number of Language|2147483647\nString ID|Description|x(1)\n", 1608, language("")},
+             {"Number of Language|1\nString ID|Description|x(-1)\n", 1608, language("x")},
+             {"Number of Language|many\nString ID|Description|x\n##number\n", 0, count("0")},
+             {"Number of Language\nString ID|Description|x\n##number\n", 0, count("0")},
+             {"Number of Language|-99999999999\nString ID|Description|x\n##number\n", 0, count("-2147483648")},
+         }) {
         StringProject project;
         EXPECT_EQ(project.Read(file), code) << file;
         EXPECT_EQ(project.Messages(), message) << file;
