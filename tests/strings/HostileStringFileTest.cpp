@@ -2,11 +2,8 @@
 
 using namespace Qt::StringLiterals;
 
-constexpr const char *SMALL = "Number of Language|1\n"
-                              "String ID|Resource Type|Description|English(9)\n"
-                              "ID_A|Push|a|A\n"
-                              "ID_B|Normal|b|B\n"
-                              "##number|2\n";
+constexpr const char *SMALL = "Number of Language|1\nString ID|Resource Type|Description|English(9)\n"
+                              "ID_A|Push|a|A\nID_B|Normal|b|B\n##number|2\n";
 
 TEST(HostileStringFile, EveryCutIsTheReadErrorAndKeepsTheRowsBeforeInPiecesOfAnySize)
 {
