@@ -1,4 +1,3 @@
-#include "Header.h"
 #include "IDGen.h"
 
 #include "PoolBuilder.h"
@@ -92,15 +91,15 @@ TEST_F(Generate, IdsOfComponentsStandInTheirOwnHeadersOnly)
     EXPECT_TRUE(foo.contains("*  uix_rp_Foo_def.h : header file\r\n") && foo.contains("_UIX_RP_FOO_DEF_H_\r\n"));
 }
 
-TEST_F(Generate, OneFileTakesAllComponentsAndAnAbsoluteNameIsTakenAsItIs)
+TEST_F(Generate, OneFileTakesAllComponentsAndOfAnyNameAGuardIsMade)
 {
-    model.env.settings.Write(u"ResID"_s, u"main_header"_s, model.folder.Path("main ids.h"));
+    model.env.settings.Write(u"ResID"_s, u"main_header"_s, model.folder.Path("main ids-B{\xc3\xa9.h"));
     model.env.settings.Write(u"ResID"_s, u"comp_header"_s, u"all.h"_s);
     ids.Normal("ID_A").Normal("ID_B");
     AddComponent(u"Foo"_s, {"ID_A"});
     AddComponent(u"Bar"_s, {"ID_B"});
     ASSERT_EQ(Run(), 0);
-    EXPECT_TRUE(model.folder.Get("main ids.h").contains("_MAIN IDS_H_\r\n"));
+    EXPECT_TRUE(model.folder.Get("main ids-B{\xc3\xa9.h").contains("_MAIN IDS-B{\xc3\xa9_H_\r\n"));
     EXPECT_EQ(Defines("ResID/all.h"), "\n#define  ID_B    2");
 }
 
@@ -115,9 +114,4 @@ TEST_F(Generate, NothingIsWrittenWithoutNumbersOrAPlace)
         ids.Push("ID_" + NarrowText::number(i), PUSH_VIDEO);
     EXPECT_EQ(Run(), -2);
     EXPECT_EQ(model.folder.Names(), QStringList({u"bin"_s}));
-}
-
-TEST(GuardName, SmallLettersDotsAndSeparatorsChangeAndNothingElse)
-{
-    EXPECT_EQ(GuardName("C:\\res id/a.B-z.h\xc3\xa9{`"), "C:_RES ID_A_B-Z_H\xc3\xa9{`");
 }

@@ -14,10 +14,11 @@ struct PlainPool : std::vector<IDRecord *>
 {
     [[nodiscard]] IDRecord *Find(const NarrowText &name, std::optional<int> scope) const
     {
-        const auto found = std::find_if(begin(), end(), [&](const IDRecord *record) {
-            return record->name == name && (!scope || record->scope == *scope);
-        });
-        return found == end() ? nullptr : *found;
+        for (IDRecord *record : *this) {
+            if (record->name == name && (!scope || record->scope == *scope))
+                return record;
+        }
+        return nullptr;
     }
     [[nodiscard]] bool IsTaken(const NarrowText &name, int scope) const
     {

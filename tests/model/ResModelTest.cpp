@@ -5,20 +5,15 @@ using namespace Qt::StringLiterals;
 TEST(ResModel, AFileBelongsWhereItsExtensionSays)
 {
     const TestModel model("[FileType]\naudio=*.oggx;*.OGG\n"); // the longer pattern in front hides nothing
-    const struct
-    {
-        quint32 mask, kind;
-        QStringList paths;
-    } cases[] = {
-        {KIND_FILES, KIND_AUDIO, {u"a.ogg"_s, u"dir.d\\a.OGG"_s}},
-        {KIND_FILES, KIND_VIDEO, {u"a.rm"_s, u"a.rmvb"_s}},
-        {KIND_FILES, KIND_BINARY, {u"a.oggy"_s, u"a.png"_s, u"ogg"_s, u"a.mp3"_s, u""_s}},
-        {KIND_RESO_IMAGES, KIND_RESO_IMAGES, {u"a.PNG"_s}},
-        {KIND_COMPONENT, KIND_COMPONENT, {u"a.jpg"_s}},
-        {KIND_IMAGES, KIND_BINARY, {u"a.png"_s}},
-        {KIND_VIDEO, KIND_BINARY, {u"a.ogg"_s}},
-    };
-    for (const auto &[mask, kind, paths] : cases) {
+    for (const auto &[mask, kind, paths] : {
+             std::tuple(KIND_FILES, KIND_AUDIO, QStringList{u"a.ogg"_s, u"dir.d\\a.OGG"_s}),
+             {KIND_FILES, KIND_VIDEO, {u"a.rm"_s, u"a.rmvb"_s}},
+             {KIND_FILES, KIND_BINARY, {u"a.oggy"_s, u"a.png"_s, u"ogg"_s, u"a.mp3"_s, u""_s}},
+             {KIND_RESO_IMAGES, KIND_RESO_IMAGES, {u"a.PNG"_s}},
+             {KIND_COMPONENT, KIND_COMPONENT, {u"a.jpg"_s}},
+             {KIND_IMAGES, KIND_BINARY, {u"a.png"_s}},
+             {KIND_VIDEO, KIND_BINARY, {u"a.ogg"_s}},
+         }) {
         for (const QString &path : paths)
             EXPECT_EQ(model.ClassifyFile(mask, path), kind) << qPrintable(path);
     }

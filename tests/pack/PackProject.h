@@ -19,9 +19,8 @@ inline PayloadBuilder::Bytes ToBytes(const QByteArray &text)
 }
 
 /// A project whose tree a test fills by hand, in the current folder, beside the application that it is packed into.
-class PackProject : public TestModel
+struct PackProject : TestModel
 {
-public:
     explicit PackProject(const QByteArray &settings = {}, size_t text = 64) : TestModel(settings)
     {
         elf = BytesOf(ElfBuilder().Section(".text", ElfBuilder::Bytes(text, 0x5A)).Build());
@@ -91,7 +90,5 @@ public:
     CResFolder &wideImages = AddFolder(images, KIND_RESO_IMAGES, 1);
     CResFolder &defaultImages = AddFolder(images, KIND_RESO_IMAGES);
     CResFolder &strings = AddFolder(root, KIND_STRINGS);
-
-private:
     int made = 0;
 };

@@ -19,9 +19,8 @@ inline QByteArray StringFileBytes(const QByteArray &readable)
 }
 
 /// A project without strings, beside a program that knows English as 9 and French as 12.
-class StringProject : public TestModel
+struct StringProject : TestModel
 {
-public:
     StringProject() { folder.Put("bin/tuvik.ini", "[Language]\nEnglish=9\nFrench=12\n"); }
 
     int Read(const QByteArray &readable) { return ReadBytes(StringFileBytes(readable)); }
