@@ -78,8 +78,11 @@ TEST(ResModel, AResolutionComesIntoUseOnceAndClearingEmptiesAllButComponents)
     auto *const image = static_cast<CFileRes *>(component.resources.First());
     image->inUse = true;
     images.AddResource(model.CreateFileRes("A", -1));
+    for (const quint32 kind : {KIND_AUDIO, KIND_VIDEO, KIND_BINARY, KIND_RESO_LAYOUTS, KIND_LANGUAGE})
+        model.AddFolder(model.root, kind).AddResource(model.CreateFileRes("A" + QByteArray::number(kind), -1));
     CResModel::ClearByKind(model.root);
     EXPECT_FALSE(image->inUse);
-    EXPECT_EQ(model.ids.FindName("A"), nullptr);
-    EXPECT_EQ(model.root.FindFolder(KIND_RESO_IMAGES, 4, 2), &images) << "the fixed tree stays";
+    EXPECT_TRUE(model.ids.sentinel.next == image->Id() && model.ids.sentinel.prev == image->Id());
+    EXPECT_EQ(model.root.subfolders.size(), 7U) << "the fixed tree stays";
+    EXPECT_EQ(model.root.FindFolder(KIND_RESO_IMAGES, 4, 2), &images);
 }

@@ -62,6 +62,7 @@ TEST(SplitCommandLine, BlanksDivideOutsideQuotes)
 TEST(RunTool, GivesTheToolNothingToReadAndNoneOfOurFilesAndWaitsForItsEnd)
 {
     PackProject project;
+    project.folder.Put("my", "no reason to run it in the place of a tool in \"my tools\"");
     project.folder.MakeFolder("my tools");
     project.PutTool("echo \"$1\" > said; wc -c >> said; ls /proc/self/fd > files; echo dropped\n"
                     "kill -USR1 $PPID; kill -USR1 $PPID; echo done >> said",

@@ -90,11 +90,8 @@ TEST(PackFailure, HasItsCodeAndItsLines)
             continue;
         PackProject project;
         project.folder.MakeFolder("folder");
-        project.folder.Put("short.png", "12345678");
-        project.folder.Put("short.bin", "12345678");
-        project.folder.Put("a.jpeg", "a picture of some bytes");
-        project.folder.Put("a.BMP", "a bitmap of some bytes");
-        project.folder.Put("huge", "");
+        for (const char *file : {"short.png", "short.bin", "a.jpeg", "a.BMP", "huge"})
+            project.folder.Put(file, *file == 's' ? "12345678" : "a picture of some bytes");
         EXPECT_TRUE(truncate("huge", off_t(1) << 32) == 0 && mkfifo("pipe", 0600) == 0);
         Spoil(project, failure.phase, failure.path);
         ExpectFailure(project, failure);
