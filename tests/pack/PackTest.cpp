@@ -47,18 +47,14 @@ TEST(Pack, EveryLineOfTheReportStandsInItsOrder)
         "\nconstruct zep2.0 resource done\n"
         "\npack resource done, result=0\n";
     EXPECT_EQ(project.output.replace(project.Narrow(""), "@"), QByteArray(report).replace("\n", "\r\n"));
-    const auto payload = PayloadBuilder()
-                             .Unpadded()
-                             .Base(quint32(project.elf.size()) + 8)
-                             .Entry("AppLogo.img", ToBytes("icon"))
-                             .Entry("zep.preview_0", ToBytes("converteda gif of some bytes"))
-                             .Entry("zep.preview_1", ToBytes("data of some bytes"))
-                             .Entry("two.dat", ToBytes("data of some bytes"))
-                             .Language(3, {})
-                             .Item(0, ToBytes(QByteArray(8, '\0') + "tune"))
-                             .Item(7, ToBytes("converteda gif of some bytes"))
-                             .Build();
-    EXPECT_EQ(ToBytes(project.folder.Get("app.out")), PayloadBuilder::AppendedTo(ToBytes(project.elf), payload));
+    const auto data = ToBytes("data of some bytes");
+    const auto converted = ToBytes("converteda gif of some bytes");
+    auto payload =
+        PayloadBuilder().Unpadded().Base(quint32(project.elf.size()) + 8).Entry("AppLogo.img", ToBytes("icon"));
+    payload.Entry("zep.preview_0", converted).Entry("zep.preview_1", data).Entry("two.dat", data);
+    payload.Language(3, {}).Item(0, ToBytes(QByteArray(8, '\0') + "tune")).Item(7, converted);
+    EXPECT_EQ(ToBytes(project.folder.Get("app.out")),
+              PayloadBuilder::AppendedTo(ToBytes(project.elf), payload.Build()));
     EXPECT_FALSE(project.folder.Has("res/one.gif.tmp")) << "temporary images go when they have been read";
 }
 

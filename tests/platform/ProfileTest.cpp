@@ -37,12 +37,12 @@ TEST(Profile, ANumberIsWhatTheValueBeginsWith)
 
 TEST(Profile, ASectionEndsWhereItsLinesNoLongerFit)
 {
-    const QByteArray text = "[s]\n; a comment\n\n  first  \n" + QByteArray("123456789\n").repeated(1000) + "[S]\nk=3\n";
+    const QByteArray text = "[s]\n; a comment\n\n  four  \n" + QByteArray("123456789\n").repeated(1000) + "[S]\nk=3\n";
     const QStringList lines = Profile::Parse(text).Section(u"s");
     ASSERT_FALSE(lines.isEmpty());
-    EXPECT_EQ(lines.first(), u"first"_s);
-    // 4096 characters hold "first" and a zero, lines of 9 and a zero each, and a last zero.
-    EXPECT_EQ(lines.size(), 1 + (4096 - 1 - 6) / 10);
+    EXPECT_EQ(lines.first(), u"four"_s);
+    // 4096 characters hold "four" and a zero, lines of 9 and a zero each, and a last zero.
+    EXPECT_EQ(lines.size(), 1 + (4096 - 1 - 5) / 10);
 }
 
 TEST(Profile, ChangingAKeyLeavesEveryOtherLineAsItWas)
