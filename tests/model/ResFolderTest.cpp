@@ -81,9 +81,11 @@ TEST(Resources, TheRecordsOfAStringFormAChainAndShareOneIdUntilTheLastGoes)
     auto german = model.CreateStringRes(english->Id(), 2);
     english->LinkBehind(german.get());
     english->LinkBehind(french.get());
-    for (const auto *wanted : {&english, &french, &german})
-        EXPECT_EQ(french->FindLanguage((*wanted)->language), wanted->get());
-    EXPECT_EQ(french->FindLanguage(3), nullptr);
+    for (CStringRes *from : {english.get(), french.get(), german.get()}) {
+        for (CStringRes *wanted : {english.get(), french.get(), german.get()})
+            EXPECT_EQ(from->FindLanguage(wanted->language), wanted);
+        EXPECT_EQ(from->FindLanguage(3), nullptr);
+    }
     EXPECT_EQ(english->Id()->refs, 3);
     french.reset();
     EXPECT_TRUE(english->next == german.get() && german->prev == english.get());
