@@ -45,6 +45,11 @@ TEST(ResFolder, SearchesGoDepthFirstAndNoDeeperThanAsked)
     EXPECT_EQ(model.root.FindFolder(KIND_RESO_IMAGES, u"A"_s, 2), &second);
     EXPECT_EQ(model.root.FindFolder(KIND_RESO_IMAGES, 0, 1), nullptr);
     EXPECT_EQ(model.root.FindFolder(KIND_ROOT, 3), nullptr) << "a folder is no result of its own search";
+
+    inner.AddResource(model.CreateStringRes("ID_S", 0));
+    CBaseRes *const first = inner.resources.First();
+    inner.AddResource(model.CreateStringRes(first->Id(), 1));
+    EXPECT_EQ(inner.FindResource(first->Id()), first) << "of several the first";
 }
 
 TEST(Resources, ChangesAreToldAndNonChangesAreNot)
