@@ -111,7 +111,6 @@ TEST(StringFileReader, ReadingAgainChangesTextsAndKeepsWhatIsThere)
     project.nodeObserver = &observer;
     ASSERT_EQ(project.Read(TABLE), 0);
     CBaseRes *const hello = project.Language(9)->resources.First();
-    project.strings.observer = nullptr;
     observer.changed = 0;
     ASSERT_EQ(project.Read("Number of Language|2\nString ID|Resource Type|Description|Renamed(9)|French(12)\n"
                            "ID_BYE|Normal||Bye|\nID_HELLO|Push|greeting|Hi|\n##number|2\n"),
