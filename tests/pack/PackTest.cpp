@@ -191,16 +191,16 @@ TEST(Pack, AFullDiskAtAnyByteIsAFailedWriteAndLeavesTheInputWhole)
         ASSERT_EQ(project.Pack(mode), 0);
         const QByteArray made = project.folder.Get("app.out");
         const qsizetype size = made.size();
-        const auto failsToWrite = [&] { return project.Pack(mode) == PACK_WRITE; };
+        const auto pack = [&] { return project.Pack(mode); };
         for (qsizetype limit = 0; limit < size; ++limit) {
-            ASSERT_EQ(WithFileLimit(rlim_t(limit), failsToWrite), true) << limit;
+            ASSERT_EQ(WithFileLimit(rlim_t(limit), pack), PACK_WRITE) << limit;
             ASSERT_EQ(project.folder.Get("app.axf"), project.elf);
             const QByteArray left = project.folder.Get("app.out");
             ASSERT_TRUE(left.startsWith(project.elf) || project.elf.startsWith(left))
                 << "the old header describes what is there";
         }
         project.info.ver = 2;
-        EXPECT_EQ(WithFileLimit(rlim_t(size), [&] { return project.Pack(mode); }), 0);
+        EXPECT_EQ(WithFileLimit(rlim_t(size), pack), 0);
         EXPECT_EQ(project.folder.Get("app.out"), made) << "the same project gives the same bytes";
     }
 }

@@ -45,17 +45,18 @@ TEST(StringFileWriter, AProjectWithoutStringsGivesTwoLinesThatEndInTheReadError)
 TEST(StringFileWriter, NamesAPathThatCantBeOpenedAndKeepsTheOldFileWhenTheDiskGivesOut)
 {
     StringProject project;
-    /// The code without its thousand, so that a child can return it; 99 when the message is another.
-    const auto code = [&](const char *name, const char *message) {
+    const auto write = [&](const char *name, const char *message) {
         project.env.ErrorCount = 4;
-        const int result = WriteStringFile(project.folder.Path(name), project);
-        return project.Messages() == message + project.folder.Path(name).toStdString() + "\".\r\n" ? result % 1000 : 99;
+        const int code = WriteStringFile(project.folder.Path(name), project);
+        EXPECT_EQ(project.Messages(), message + project.folder.Path(name).toStdString() + "\".\r\n");
+        return code;
     };
     for (const char *name : {"no/such/folder.txt", "bin"})
-        EXPECT_EQ(code(name, "Error 5: failed to open file \""), 110);
+        EXPECT_EQ(write(name, "Error 5: failed to open file \""), 110);
     project.folder.Put("strings.txt", "as it was");
     for (const rlim_t room : {0, 1, 100})
-        EXPECT_EQ(WithFileLimit(room, [&] { return code("strings.txt", "Error 5: failed to write to file \""); }), 13);
+        EXPECT_EQ(WithFileLimit(room, [&] { return write("strings.txt", "Error 5: failed to write to file \""); }),
+                  1013);
     EXPECT_EQ(project.folder.Get("strings.txt"), "as it was");
     EXPECT_EQ(project.folder.Names(), QStringList({u"bin"_s, u"strings.txt"_s})) << "nothing is left beside it";
 }
