@@ -2,65 +2,43 @@
 
 using namespace Qt::StringLiterals;
 
-namespace
-{
-
-NarrowText DefaultId(CResModel &model, quint32 kind, const QString &path, qint32 index = -1)
-{
-    CResFolder folder(kind, index);
-    const auto res = model.CreateDefaultFileRes(folder, path);
-    return res ? res->Id()->name : "(none)";
-}
-
-} // namespace
-
 TEST(ResModel, AFileBelongsWhereItsExtensionSays)
 {
-    const TestModel model;
-    EXPECT_EQ(model.ClassifyFile(KIND_FILES, u"a.MP3"_s), KIND_AUDIO);
-    EXPECT_EQ(model.ClassifyFile(KIND_FILES, u"a.mp34"_s), KIND_BINARY);
-    EXPECT_EQ(model.ClassifyFile(KIND_FILES, u"a.rm"_s), KIND_VIDEO);
-    EXPECT_EQ(model.ClassifyFile(KIND_FILES, u"a.rmvb"_s), KIND_VIDEO);
-    EXPECT_EQ(model.ClassifyFile(KIND_FILES, u"a.png"_s), KIND_BINARY) << "images aren't in that mask";
-    EXPECT_EQ(model.ClassifyFile(KIND_RESO_IMAGES, u"dir.d\\a.PNG"_s), KIND_RESO_IMAGES);
-    EXPECT_EQ(model.ClassifyFile(KIND_COMPONENT, u"a.jpg"_s), KIND_COMPONENT);
-    EXPECT_EQ(model.ClassifyFile(KIND_IMAGES, u"a.png"_s), KIND_BINARY);
-    EXPECT_EQ(model.ClassifyFile(KIND_VIDEO, u"a.mp3"_s), KIND_BINARY);
-    EXPECT_EQ(model.ClassifyFile(KIND_FILES, u"mp3"_s), KIND_BINARY);
-    EXPECT_EQ(model.ClassifyFile(KIND_FILES, QString()), KIND_BINARY);
-
-    const TestModel own("[FileType]\naudio=*.oggx;*.OGG\n");
-    EXPECT_EQ(own.ClassifyFile(KIND_FILES, u"a.ogg"_s), KIND_AUDIO) << "the longer pattern in front hides nothing";
-    EXPECT_EQ(own.ClassifyFile(KIND_FILES, u"a.mp3"_s), KIND_BINARY);
+    const TestModel model("[FileType]\naudio=*.oggx;*.OGG\n"); // the longer pattern in front hides nothing
+    for (const auto &[mask, kind, paths] : {
+             std::tuple(KIND_FILES, KIND_AUDIO, QStringList{u"a.ogg"_s, u"dir.d\\a.OGG"_s}),
+             {KIND_FILES, KIND_VIDEO, {u"a.rm"_s, u"a.rmvb"_s}},
+             {KIND_FILES, KIND_BINARY, {u"a.oggy"_s, u"a.png"_s, u"ogg"_s, u"a.mp3"_s, u""_s}},
+             {KIND_RESO_IMAGES, KIND_RESO_IMAGES, {u"a.PNG"_s}},
+             {KIND_COMPONENT, KIND_COMPONENT, {u"a.jpg"_s}},
+             {KIND_IMAGES, KIND_BINARY, {u"a.png"_s}},
+             {KIND_VIDEO, KIND_BINARY, {u"a.ogg"_s}},
+         }) {
+        for (const QString &path : paths)
+            EXPECT_EQ(model.ClassifyFile(mask, path), kind) << qPrintable(path);
+    }
 }
 
-TEST(ResModel, ADefaultIdComesFromTheFilesName)
+TEST(ResModel, ADefaultIdComesFromTheFilesNameAndIsCountedWhereItIsTaken)
 {
-    TestModel model;
-    EXPECT_EQ(DefaultId(model, KIND_RESO_IMAGES, u"C:\\p\\big logo.v2.png"_s), "ID_IMAGE_BIG_LOGO_V2");
-    EXPECT_EQ(DefaultId(model, KIND_FILES, u"tune.mp3"_s), "ID_AUDIO_TUNE");
-    EXPECT_EQ(DefaultId(model, KIND_FILES, u"logo.png"_s), "ID_FILE_LOGO");
-    EXPECT_EQ(DefaultId(model, KIND_VIDEO, u"clip.avi"_s), "ID_VIDEO_CLIP");
-    EXPECT_EQ(DefaultId(model, KIND_RESO_IMAGES, u"+++.png"_s), "ID_IMAGE_PNG");
-    EXPECT_EQ(DefaultId(model, KIND_RESO_IMAGES, u"+++"_s), "ID_IMAGE_NONAME");
-    TestModel own("[DefaultID]\nimage_id=PIC_%s_END\n");
-    EXPECT_EQ(DefaultId(own, KIND_RESO_IMAGES, u"a.png"_s), "PIC_A_END");
-}
-
-TEST(ResModel, ATakenDefaultIdGetsACounterAndStaysWithin64Characters)
-{
-    TestModel model;
-    const QString path = QString(80, u'n') + u".png"_s;
-    const NarrowText base = ("ID_IMAGE_" + NarrowText(80, 'N')).left(64);
+    TestModel model("[DefaultID]\nvideo_id=MOVIE_%s_END\n");
     std::vector<std::unique_ptr<CFileRes>> kept;
-    CResFolder folder(KIND_RESO_IMAGES, -1);
-    for (int i = 0; i <= 10; ++i)
-        kept.push_back(model.CreateDefaultFileRes(folder, path));
-    EXPECT_EQ(kept[0]->Id()->name, base);
-    EXPECT_EQ(kept[9]->Id()->name, base.left(63) + "9");
-    EXPECT_EQ(kept[10]->Id()->name, base.left(62) + "10");
-    EXPECT_EQ(DefaultId(model, KIND_RESO_IMAGES, path, 3), base.left(62) + "11")
-        << "Default shuts out every resolution";
+    const auto made = [&](quint32 kind, const QString &path, qint32 index = -1) {
+        kept.push_back(model.CreateDefaultFileRes({kind, index}, path));
+        return kept.back()->Id()->name;
+    };
+    EXPECT_EQ(made(KIND_RESO_IMAGES, u"C:\\p\\big logo.v2.png"_s), "ID_IMAGE_BIG_LOGO_V2");
+    EXPECT_EQ(made(KIND_FILES, u"tune.mp3"_s), "ID_AUDIO_TUNE");
+    EXPECT_EQ(made(KIND_FILES, u"logo.png"_s), "ID_FILE_LOGO");
+    EXPECT_EQ(made(KIND_VIDEO, u"clip.avi"_s), "MOVIE_CLIP_END");
+    EXPECT_EQ(made(KIND_RESO_IMAGES, u"+++.png"_s), "ID_IMAGE_PNG");
+    EXPECT_EQ(made(KIND_RESO_IMAGES, u"+++"_s), "ID_IMAGE_NONAME");
+    const NarrowText longest = ("ID_IMAGE_" + NarrowText(80, 'N')).left(64);
+    for (const NarrowText counter : {"", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11"}) {
+        const qint32 index = counter == "11" ? 3 : -1; // one of any resolution shuts out those of each
+        EXPECT_EQ(made(KIND_RESO_IMAGES, QString(80, u'n') + u".png"_s, index),
+                  longest.chopped(counter.size()) + counter);
+    }
 }
 
 TEST(ResModel, FoldersOfImagesAndStringsAreWatchedAndThoseOfFilesAreNot)
@@ -72,66 +50,39 @@ TEST(ResModel, FoldersOfImagesAndStringsAreWatchedAndThoseOfFilesAreNot)
         EXPECT_EQ(model.CreateFolder(kind, -1)->observer, &watch) << kind;
     for (const quint32 kind : {KIND_FILES, KIND_AUDIO, KIND_VIDEO, KIND_BINARY, KIND_LANGUAGE})
         EXPECT_EQ(model.CreateFolder(kind, -1)->observer, nullptr) << kind;
-    EXPECT_EQ(model.CreateFileRes("A", 0)->observer, &watch);
+    const auto a = model.CreateFileRes("A", 0);
+    EXPECT_EQ(a->observer, &watch);
     EXPECT_EQ(model.CreateStringRes("B", 0)->observer, &watch);
     EXPECT_EQ(model.CreateDetachedStringRes("B")->observer, nullptr);
-    const auto a = model.CreateFileRes("A", 0);
-    EXPECT_EQ(model.CreateFileRes("A", 0), nullptr);
-    EXPECT_EQ(model.CreateStringRes("A", 0), nullptr);
-    EXPECT_EQ(model.CreateStringRes(nullptr, 0), nullptr);
+    EXPECT_TRUE(!model.CreateFileRes("A", 0) && !model.CreateStringRes("A", 0) && !model.CreateStringRes(nullptr, 0));
     EXPECT_EQ(a->Id()->refs, 1);
-    EXPECT_TRUE(model.IsIdInUse(u"A"_s));
-    EXPECT_FALSE(model.IsIdInUse(u"B"_s));
+    EXPECT_TRUE(model.IsIdInUse(u"A"_s) && !model.IsIdInUse(u"B"_s));
     model.ids.unique = 0;
     EXPECT_FALSE(model.IsIdInUse(u"A"_s));
-    model.ids.unique = 1;
 }
 
-TEST(ResModel, AResolutionComesIntoUseOnceAndTellsIt)
+TEST(ResModel, AResolutionComesIntoUseOnceAndClearingEmptiesAllButComponents)
 {
-    TestModel model;
     CountingObserver watch;
-    model.nodeObserver = &watch;
-    auto images = model.CreateFolder(KIND_IMAGES, -1);
-    images->AddFolder(model.CreateFolder(KIND_RESO_IMAGES | quint32(KIND_FLAG_OFF), 4));
-    model.root.AddFolder(std::move(images));
-    const int before = watch.changed;
-    CResFolder *const folder = model.UseResolutionImages(4);
-    ASSERT_NE(folder, nullptr);
-    EXPECT_EQ(folder->kind, quint32(KIND_RESO_IMAGES));
-    EXPECT_EQ(model.UseResolutionImages(4), folder);
-    EXPECT_EQ(watch.changed, before + 1);
-    EXPECT_EQ(model.UseResolutionImages(5), nullptr);
-    EXPECT_EQ(model.UseResolutionLayouts(4), nullptr);
-    model.root.Clear();
-    model.nodeObserver = nullptr;
-}
-
-TEST(ResModel, ClearingKeepsTheFixedFoldersAndTheImagesOfComponents)
-{
     TestModel model;
-    const auto add = [&](CResFolder &to, quint32 kind) -> CResFolder & {
-        to.AddFolder(model.CreateFolder(kind, -1));
-        return *to.subfolders.back();
-    };
-    CResFolder &files = add(model.root, KIND_FILES);
-    CResFolder &audio = add(files, KIND_AUDIO);
-    audio.AddResource(model.CreateFileRes("A", -1));
-    CResFolder &off = add(add(model.root, KIND_IMAGES), KIND_RESO_IMAGES | quint32(KIND_FLAG_OFF));
-    CResFolder &language = add(add(model.root, KIND_STRINGS), KIND_LANGUAGE);
-    language.AddResource(model.CreateStringRes("S", -1));
-    CResFolder &component = add(model.root, KIND_COMPONENT);
-    auto stock = model.CreateFileRes("C", -1);
-    stock->inUse = true;
-    CFileRes *const image = stock.get();
-    component.AddResource(std::move(stock));
+    CResFolder &images = model.AddFolder(model.AddFolder(model.root, KIND_IMAGES), KIND_RESO_IMAGES | KIND_FLAG_OFF, 4);
+    images.observer = &watch;
+    for (int again = 0; again < 2; ++again)
+        EXPECT_EQ(model.UseResolutionImages(4), &images);
+    EXPECT_EQ(images.kind, quint32(KIND_RESO_IMAGES));
+    EXPECT_EQ(watch.changed, 1);
+    EXPECT_TRUE(!model.UseResolutionImages(5) && !model.UseResolutionLayouts(4));
 
+    CResFolder &component = model.AddFolder(model.root, KIND_COMPONENT);
+    component.AddResource(model.CreateFileRes("C", -1));
+    auto *const image = static_cast<CFileRes *>(component.resources.First());
+    image->inUse = true;
+    images.AddResource(model.CreateFileRes("A", -1));
+    for (const quint32 kind : {KIND_AUDIO, KIND_VIDEO, KIND_BINARY, KIND_RESO_LAYOUTS, KIND_LANGUAGE})
+        model.AddFolder(model.root, kind).AddResource(model.CreateFileRes("A" + QByteArray::number(kind), -1));
     CResModel::ClearByKind(model.root);
-    EXPECT_TRUE(audio.resources.IsEmpty());
-    EXPECT_TRUE(language.resources.IsEmpty());
-    EXPECT_EQ(off.kind, KIND_RESO_IMAGES | quint32(KIND_FLAG_OFF));
-    EXPECT_EQ(component.resources.Count(), 1U);
     EXPECT_FALSE(image->inUse);
-    EXPECT_EQ(model.ids.FindName("A"), nullptr);
-    EXPECT_NE(model.ids.FindName("C"), nullptr);
+    EXPECT_TRUE(model.ids.sentinel.next == image->Id() && model.ids.sentinel.prev == image->Id());
+    EXPECT_EQ(model.root.subfolders.size(), 7U) << "the fixed tree stays";
+    EXPECT_EQ(model.root.FindFolder(KIND_RESO_IMAGES, 4, 2), &images);
 }

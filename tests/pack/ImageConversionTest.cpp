@@ -3,14 +3,10 @@
 #include "PackProject.h"
 #include "RunTool.h"
 
-#include <gmock/gmock.h>
-
+#include <csignal>
 #include <fcntl.h>
 
 using namespace Qt::StringLiterals;
-
-namespace
-{
 
 TEST(NeedImageConvert, GoesByTheExtensionOfTheName)
 {
@@ -20,55 +16,39 @@ TEST(NeedImageConvert, GoesByTheExtensionOfTheName)
         EXPECT_FALSE(NeedImageConvert(QString::fromUtf8(path))) << path;
 }
 
-class ConvertImageTest : public testing::Test
+TEST(ConvertImage, RunsTheToolInItsFolderAndTidiesUpBehindIt)
 {
-protected:
-    ConvertImageTest() { project.Put("demo/my picture.png", "pixels"); }
-    int Convert()
-    {
-        const int code = ConvertImage(*project.env, project.Path("demo/my picture.png"), project.Path("demo/target"));
-        EXPECT_EQ(CurrentFolder(), project.Path("demo")) << "the old working folder is back";
-        return code;
-    }
     PackProject project;
-};
-
-TEST_F(ConvertImageTest, RunsTheToolInItsFolderAndTidiesUpBehindIt)
-{
-    project.Put("demo/my picture.ABM", "left over");
-    project.Put("demo/my picture.BMPA", "left over");
-    project.PutConverter("pwd > args; printf '%s\\n' \"$@\" >> args; touch temp_image\n"
-                         "test -d Debug && printf 123456789 > \"$4\" && chmod 444 \"$4\"");
-    EXPECT_EQ(Convert(), 0) << project.output.constData();
-    EXPECT_EQ(project.Get("bin/args"), project.Narrow("bin") + "\n-f\n-i\n" + project.Narrow("demo/my picture.png") +
-                                           "\n" + project.Narrow("demo/target") + "\n");
-    EXPECT_EQ(project.Mode("demo/target"), 0644);
-    EXPECT_FALSE(project.Has("bin/temp_image"));
-    EXPECT_FALSE(project.Has("demo/my picture.ABM"));
-    EXPECT_FALSE(project.Has("demo/my picture.BMPA"));
-    EXPECT_EQ(project.output, "");
+    for (const char *name : {"my picture.png", "my picture.ABM", "my picture.BMPA"})
+        project.folder.Put(name, "");
+    project.PutTool("pwd > args; printf '%s\\n' \"$@\" >> args; touch temp_image\n"
+                    "test -d Debug && printf 123456789 > \"$4\" && chmod 444 \"$4\"");
+    EXPECT_EQ(ConvertImage(project.env, project.folder.Path("my picture.png"), project.folder.Path("target")), 0);
+    EXPECT_EQ(QDir::currentPath(), project.folder.Path()) << "the old working folder is back";
+    EXPECT_EQ(project.folder.Get("bin/args").replace(project.Narrow(""), "@"),
+              "@/bin\n-f\n-i\n@/my picture.png\n@/target\n");
+    EXPECT_EQ(project.Mode("target"), 0644);
+    for (const char *name : {"bin/temp_image", "my picture.ABM", "my picture.BMPA"})
+        EXPECT_FALSE(project.folder.Has(name)) << name;
+    EXPECT_EQ(project.TakeOutput(), "");
 }
 
-TEST_F(ConvertImageTest, AToolThatFailsCrashesOrIsMissingLeavesNoTarget)
+TEST(ConvertImage, AToolThatFailsCrashesOrIsMissingLeavesNoTarget)
 {
-    const QByteArray line = "\r\n[error] Cannot open file for read: " + project.Narrow("demo/target");
-    EXPECT_EQ(Convert(), CONVERT_NO_TARGET);
-    EXPECT_THAT(project.trace.toStdString(), testing::HasSubstr("CreateProcess failed (2)\n"));
-    EXPECT_EQ(project.output, line);
-    for (const char *body : {"exit 1", "kill -SEGV $$"}) {
-        project.output.clear();
-        project.PutConverter(body);
-        EXPECT_EQ(Convert(), CONVERT_NO_TARGET) << body;
-        EXPECT_EQ(project.output, line);
+    PackProject project;
+    const QString target = project.folder.Path("target");
+    const std::string noTarget = "\r\n[error] Cannot open file for read: " + target.toStdString();
+    const std::string tooShort = "\r\n[error] Convert fail, got illegal file size: " + target.toStdString() + ", <= 8 ";
+    for (const auto &[body, code, said] : {std::tuple("", CONVERT_NO_TARGET, noTarget),
+                                           {"exit 1", CONVERT_NO_TARGET, noTarget},
+                                           {"kill -SEGV $$", CONVERT_NO_TARGET, noTarget},
+                                           {"printf 12345678 > \"$4\"", CONVERT_TARGET_SHORT, tooShort}}) {
+        if (*body)
+            project.PutTool(body);
+        EXPECT_EQ(ConvertImage(project.env, u"a.png"_s, target), code) << body;
+        EXPECT_EQ(project.TakeOutput().toStdString(), said) << body;
+        EXPECT_EQ(project.trace, "CreateProcess failed (2)\n");
     }
-}
-
-TEST_F(ConvertImageTest, EightBytesAreNoImage)
-{
-    project.PutConverter("printf 12345678 > \"$4\"");
-    EXPECT_EQ(Convert(), CONVERT_TARGET_SHORT);
-    EXPECT_EQ(project.output,
-              "\r\n[error] Convert fail, got illegal file size: " + project.Narrow("demo/target") + ", <= 8 ");
 }
 
 TEST(SplitCommandLine, BlanksDivideOutsideQuotes)
@@ -79,53 +59,31 @@ TEST(SplitCommandLine, BlanksDivideOutsideQuotes)
     EXPECT_EQ(SplitCommandLine(u"\"my tool\" 1"), (Words{"my tool", "1"}));
 }
 
-TEST(RunTool, FindsAProgramInAFolderWithABlank)
+TEST(RunTool, GivesTheToolNothingToReadAndNoneOfOurFilesAndWaitsForItsEnd)
 {
     PackProject project;
-    ASSERT_TRUE(CreateFolderOnDisk(project.Path("my tools")));
-    project.PutTool("my tools/Tool.exe", "echo \"$1\" > said");
-    EXPECT_EQ(RunTool(*project.env, project.Path("my tools") + u"\\tool.exe \"two words\""_s), 0);
-    EXPECT_EQ(project.Get("demo/said"), "two words\n");
-}
-
-TEST(RunTool, GivesTheToolNothingToReadAndNoneOfOurFiles)
-{
-    PackProject project;
-    project.PutTool("bin/tool", "wc -c > read; ls /proc/self/fd > files; echo dropped");
-    project.Put("demo/ours", "");
-    const int ours = open("ours", O_RDONLY); // deliberately inheritable
-    ASSERT_GE(ours, 0);
+    project.folder.Put("my", "no reason to run it in the place of a tool in \"my tools\"");
+    project.folder.MakeFolder("my tools");
+    project.PutTool("echo \"$1\" > said; wc -c >> said; ls /proc/self/fd > files; echo dropped\n"
+                    "kill -USR1 $PPID; kill -USR1 $PPID; echo done >> said",
+                    "my tools/Tool.exe");
+    const int ours = open("app.axf", O_RDONLY); // deliberately inheritable
     ASSERT_EQ(dup2(ours, 200), 200);
-    EXPECT_EQ(RunTool(*project.env, project.Path("bin/tool")), 0);
-    close(200);
-    close(ours);
-    EXPECT_EQ(project.Get("demo/read").trimmed(), "0");
-    EXPECT_FALSE(project.Get("demo/files").contains("200"));
-}
-
-TEST(RunTool, WaitsThroughSignalsAndFlushesTheLogFirst)
-{
-    PackProject project;
-    bool flushed = false;
-    project.env->flushOutput = [&] { flushed = true; };
     struct sigaction action = {};
     action.sa_handler = [](int) {}; // without SA_RESTART
     struct sigaction before;
     ASSERT_EQ(sigaction(SIGUSR1, &action, &before), 0);
-    project.PutTool("bin/tool", "kill -USR1 $PPID; kill -USR1 $PPID; echo done > result");
-    EXPECT_EQ(RunTool(*project.env, project.Path("bin/tool")), 0);
+    bool flushed = false;
+    project.env.flushOutput = [&] { flushed = true; };
+    EXPECT_EQ(RunTool(project.env, project.folder.Path("my tools") + u"\\tool.exe \"two words\""_s), 0);
     sigaction(SIGUSR1, &before, nullptr);
-    EXPECT_EQ(project.Get("demo/result"), "done\n");
+    close(200);
+    close(ours);
+    EXPECT_EQ(project.folder.Get("said"), "two words\n0\ndone\n");
+    EXPECT_FALSE(project.folder.Get("files").contains("200"));
     EXPECT_TRUE(flushed);
-}
 
-TEST(RunTool, SaysWhyAToolCannotBeStarted)
-{
-    PackProject project;
-    project.Put("bin/data", "no program");
-    EXPECT_EQ(RunTool(*project.env, project.Path("bin/data")), TOOL_NOT_STARTED);
-    EXPECT_EQ(project.trace, "CreateProcess failed (13)\n");
-    EXPECT_EQ(RunTool(*project.env, QString()), TOOL_NOT_STARTED);
+    for (const QString &command : {project.folder.Path("app.axf"), QString()})
+        EXPECT_EQ(RunTool(project.env, command), TOOL_NOT_STARTED);
+    EXPECT_EQ(project.trace, "CreateProcess failed (13)\nCreateProcess failed (2)\n");
 }
-
-} // namespace

@@ -11,9 +11,8 @@ namespace
 
 QStringList happened;
 
-class FakeDocument : public CDocument
+struct FakeDocument : CDocument
 {
-public:
     void Serialize(bool) override
     {
         SetModifiedFlag(true);
@@ -28,52 +27,36 @@ public:
     void OnCloseDocument() override { happened << u"closed "_s + m_strPathName; }
 };
 
-class FakeView : public CView
+struct CountingView : CView
 {
-public:
     void OnUpdate(CView *, long hint, CView *) override { updates += hint == 0; }
     int updates = 0;
 };
 
 } // namespace
 
-TEST(Documents, OneThatDoesNotLoadIsReportedClosedAndNotKept)
+TEST(Documents, APathOpensOnceAndOneThatDoesNotLoadIsReportedAndClosed)
 {
-    happened.clear();
     CDocManager documents([] { return std::make_unique<FakeDocument>(); });
-    EXPECT_EQ(documents.OpenDocumentFile(u"/bad.vcproj"_s), nullptr);
-    EXPECT_EQ(happened, QStringList({u"reported /bad.vcproj 7"_s, u"closed /bad.vcproj"_s}));
-    EXPECT_TRUE(documents.Documents().empty());
-}
-
-TEST(Documents, APathOpensOnceAndItsDocumentIsCleanAtFirst)
-{
-    happened.clear();
-    int opened = 0;
-    CDocManager documents([] { return std::make_unique<FakeDocument>(); });
-    documents.opened = [&](CDocument &) { ++opened; };
-    CDocument *const first = documents.OpenDocumentFile(u"/p/Demo.vcproj"_s);
-    ASSERT_NE(first, nullptr);
-    EXPECT_FALSE(first->IsModified());
-    EXPECT_EQ(documents.OpenDocumentFile(u"/P/demo.VCPROJ"_s), first);
-    EXPECT_EQ(opened, 1);
-    documents.OpenDocumentFile(u"/q.vcproj"_s);
+    documents.opened = [&](CDocument &document) { happened << u"opened "_s + document.m_strPathName; };
+    CDocument *const first = documents.OpenDocumentFile(u"/Demo"_s);
+    ASSERT_TRUE(first && !first->IsModified());
+    EXPECT_EQ(documents.OpenDocumentFile(u"/demO"_s), first);
+    EXPECT_EQ(documents.OpenDocumentFile(u"/bad"_s), nullptr);
+    documents.OpenDocumentFile(u"/q"_s);
     documents.CloseAll();
-    EXPECT_EQ(happened, QStringList({u"closed /q.vcproj"_s, u"closed /p/Demo.vcproj"_s}));
+    EXPECT_EQ(happened.join(u", "), u"opened /Demo, reported /bad 7, closed /bad, opened /q, closed /q, closed /Demo");
 }
 
 TEST(Documents, AnUpdateReachesEveryViewButItsSender)
 {
     FakeDocument document;
-    FakeView a;
-    FakeView b;
+    CountingView a, b;
     document.AddView(&a);
     document.AddView(&b);
     document.UpdateAllViews(&a);
-    EXPECT_EQ(a.updates, 0);
-    EXPECT_EQ(b.updates, 1);
     document.RemoveView(&b);
+    EXPECT_TRUE(a.updates == 0 && b.updates == 1);
     document.UpdateAllViews(nullptr);
-    EXPECT_EQ(a.updates, 1);
-    EXPECT_EQ(b.updates, 1);
+    EXPECT_TRUE(a.updates == 1 && b.updates == 1);
 }

@@ -2,79 +2,59 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
-TEST(Paths, TheDirectoryIsWhatStandsBeforeTheLastSeparator)
+TEST(Paths, ArePartedAtTheLastSeparatorAndTheLastDotOfTheName)
 {
-    EXPECT_EQ(DirectoryOf(u"C:\\proj\\a.vcproj"), u"C:\\proj"_s);
-    EXPECT_EQ(DirectoryOf(u"/home/x/a.vcproj"), u"/home/x"_s);
-    EXPECT_EQ(DirectoryOf(u"mixed/up\\a"), u"mixed/up"_s);
-    EXPECT_EQ(DirectoryOf(u"a.vcproj"), u"."_s);
-    EXPECT_EQ(DirectoryOf(u"\\a.vcproj"), u"."_s);
-    EXPECT_EQ(DirectoryOf(u"/a.vcproj"), u"/"_s);
-    EXPECT_EQ(DirectoryOf(u""), u"."_s);
-}
-
-TEST(Paths, TitleAndExtensionPartAtTheLastDotOfTheName)
-{
-    EXPECT_EQ(FileTitle(u"C:\\p\\demo.res.xml"), u"demo.res"_s);
-    EXPECT_EQ(FileExtension(u"C:\\p\\demo.res.xml"), u"xml"_s);
-    EXPECT_EQ(FileTitle(u"p.d/demo"), u"demo"_s);
-    EXPECT_EQ(FileExtension(u"p.d/demo"), QString());
-    EXPECT_EQ(FileTitle(u".hidden"), QString());
-    EXPECT_EQ(FileExtension(u".hidden"), u"hidden"_s);
-    EXPECT_EQ(FileExtension(u"ends."), QString());
-    EXPECT_EQ(FileTitle(u"folder/"), QString());
+    using Parts = std::array<QString, 4>;
+    for (const auto &[path, directory, title, extension] : {
+             Parts{u"C:\\p\\demo.res.xml"_s, u"C:\\p"_s, u"demo.res"_s, u"xml"_s},
+             Parts{u"mixed.d/up\\a"_s, u"mixed.d/up"_s, u"a"_s, u""_s},
+             Parts{u"\\a.vcproj"_s, u"."_s, u"a"_s, u"vcproj"_s},
+             Parts{u"/a.vcproj"_s, u"/"_s, u"a"_s, u"vcproj"_s},
+             Parts{u".hidden"_s, u"."_s, u""_s, u"hidden"_s},
+             Parts{u"folder/"_s, u"folder"_s, u""_s, u""_s},
+             Parts{u"ends."_s, u"."_s, u"ends"_s, u""_s},
+             Parts{u""_s, u"."_s, u""_s, u""_s},
+         })
+        EXPECT_EQ((Parts{path, DirectoryOf(path), FileTitle(path), FileExtension(path)}),
+                  (Parts{path, directory, title, extension}))
+            << qPrintable(path);
 }
 
 TEST(Paths, ARelativePathIsJoinedAndItsDotsGo)
 {
-    const auto absolute = [](QString path, const QString &base) {
-        EXPECT_TRUE(MakeAbsolute(path, base));
-        return path;
-    };
-    EXPECT_EQ(absolute(u".\\config.xml"_s, u"/home/x/demo"_s), u"/home/x/demo/config.xml"_s);
-    EXPECT_EQ(absolute(u"..\\..\\..\\..\\a"_s, u"/home/x/"_s), u"/a"_s);
-    EXPECT_EQ(absolute(u"res\\\\b\\..\\a.png"_s, u"C:\\proj"_s), u"C:/proj/res/a.png"_s);
-    EXPECT_EQ(absolute(u"a"_s, u"\\\\server\\share"_s), u"/server/share/a"_s);
+    EXPECT_EQ(ResolvePath(u".\\config.xml"_s, u"/home/x/demo"_s), u"/home/x/demo/config.xml"_s);
+    EXPECT_EQ(ResolvePath(u"..\\..\\..\\..\\a"_s, u"/home/x/"_s), u"/a"_s);
+    EXPECT_EQ(ResolvePath(u"res\\\\b\\..\\a.png"_s, u"C:\\proj"_s), u"C:/proj/res/a.png"_s);
+    EXPECT_EQ(ResolvePath(u"a"_s, u"\\\\server\\share"_s), u"/server/share/a"_s);
+    EXPECT_EQ(ResolvePath(u"..\\ResID.h"_s, u".\\ResID\\..\\.."_s), u"../../ResID.h"_s);
     for (const QString &path : {u"/etc/x"_s, u"\\\\server\\x"_s, u"D:\\..\\x"_s})
-        EXPECT_EQ(absolute(path, u"/home/x"_s), path);
-    EXPECT_EQ(ResolvePath(u"ResID.h"_s, u".\\ResID"_s), u"ResID/ResID.h"_s);
-    EXPECT_EQ(ResolvePath(u"/abs/R.h"_s, u".\\ResID"_s), u"/abs/R.h"_s);
-}
-
-TEST(Paths, AJoinOfMoreThan520CharactersIsRefused)
-{
-    QString path(520 - 3, u'a');
-    EXPECT_TRUE(MakeAbsolute(path, u"/b"_s));
-    EXPECT_EQ(path.size(), 520);
-    QString longer(520 - 2, u'a');
-    EXPECT_FALSE(MakeAbsolute(longer, u"/b"_s));
-    EXPECT_EQ(longer, QString(518, u'a'));
+        EXPECT_EQ(ResolvePath(path, u"/home/x"_s), path);
+    QString longest(517, u'a');
+    EXPECT_TRUE(MakeAbsolute(longest, u"/b"_s) && longest.size() == 520);
+    QString tooLong(518, u'a');
+    EXPECT_TRUE(!MakeAbsolute(tooLong, u"/b"_s) && tooLong.size() == 518);
 }
 
 TEST(Paths, OnlyWhatLiesInTheFolderIsMadeRelative)
 {
-    struct Case
-    {
-        QString path, base, result;
-        bool mayBeStored;
-    };
-    const Case cases[] = {
-        {u"C:\\PROJ\\res\\a.png"_s, u"C:\\proj"_s, u".\\res\\a.png"_s, true},
-        {u"C:\\proj\\res\\a.png"_s, u"C:\\proj\\"_s, u".\\res\\a.png"_s, true},
-        {u"/home/x/proj/res/a.png"_s, u"/home/x/proj"_s, u".\\res\\a.png"_s, true},
-        {u"C:\\proj2\\a.png"_s, u"C:\\proj"_s, u"C:\\proj2\\a.png"_s, false},
-        {u"C:\\proj"_s, u"c:\\PROJ"_s, u"."_s, true},
-        {u"C:\\pro"_s, u"C:\\proj"_s, u"C:\\pro"_s, false},
-        {u"D:\\elsewhere\\a.png"_s, u"C:\\proj"_s, u"D:\\elsewhere\\a.png"_s, false},
-        {u"res\\a.png"_s, u"C:\\proj"_s, u"res\\a.png"_s, true},
-        {u"C:\\proj\\a"_s, QString(), u"C:\\proj\\a"_s, true},
-        {u"\\\\srv\\p\\a"_s, u"\\\\SRV\\p"_s, u".\\a"_s, true},
-    };
-    for (const Case &c : cases) {
-        QString path = c.path;
-        EXPECT_EQ(MakeRelative(path, c.base), c.mayBeStored) << qPrintable(c.path);
-        EXPECT_EQ(path, c.result) << qPrintable(c.path);
+    const QString refused;
+    for (const auto &[path, base, result] : {
+             std::tuple(u"C:\\PROJ\\res\\a.png"_s, u"C:\\proj"_s, u".\\res\\a.png"_s),
+             {u"C:\\proj\\res\\a.png"_s, u"C:/proj/"_s, u".\\res\\a.png"_s},
+             {u"/home/x/proj/res/a.png"_s, u"/home/x/proj"_s, u".\\res\\a.png"_s},
+             {u"C:\\proj"_s, u"c:\\PROJ"_s, u"."_s},
+             {u"res\\a.png"_s, u"C:\\proj"_s, u"res\\a.png"_s},
+             {u"C:\\proj\\a"_s, u""_s, u"C:\\proj\\a"_s},
+             {u"C:\\proj2\\a.png"_s, u"C:\\proj"_s, refused},
+             {u"C:\\pro"_s, u"C:\\proj"_s, refused},
+             {u"D:\\elsewhere\\a.png"_s, u"C:\\proj"_s, refused},
+         }) {
+        QString made = path;
+        EXPECT_EQ(MakeRelative(made, base), result != refused) << qPrintable(path);
+        EXPECT_EQ(made, result == refused ? path : result);
     }
 }

@@ -1,79 +1,48 @@
-#include "Profile.h"
-
 #include "Settings.h"
+
 #include "TempFolder.h"
 
 using namespace Qt::StringLiterals;
 
-namespace
+TEST(Profile, AValueIsWhatStandsBehindItsKeyInTheFirstSectionOfThatName)
 {
-
-QString Value(QByteArrayView text, QStringView key)
-{
-    return Profile::Parse(text).String(u"s", key, u"(none)"_s);
-}
-
-} // namespace
-
-TEST(Profile, NamesCompareWithoutCaseAndBlanksAroundThemDoNotCount)
-{
-    EXPECT_EQ(Value("  [ S ] behind\r\n  Key \t=  a = b  \r\n", u"kEY"), u"a = b"_s);
-    EXPECT_EQ(Value("[other]\nkey=1\n[s]\n", u"key"), u"(none)"_s);
-    EXPECT_EQ(Value("key=before any section\n[s]\n", u"key"), u"(none)"_s);
-    EXPECT_EQ(Value("[s]\nkey\n=x\n;key=comment\n", u"key"), u"(none)"_s);
-    EXPECT_EQ(Value("[s]\nkey=", u"key"), QString());
-    EXPECT_EQ(Value("[s\nkey=head without its end", u"key"), u"head without its end"_s);
-}
-
-TEST(Profile, OnePairOfEqualQuotesGoes)
-{
-    EXPECT_EQ(Value("[s]\nk=\" a \"", u"k"), u" a "_s);
-    EXPECT_EQ(Value("[s]\nk='\"a\"'", u"k"), u"\"a\""_s);
-    EXPECT_EQ(Value("[s]\nk=\"a'", u"k"), u"\"a'"_s);
-    EXPECT_EQ(Value("[s]\nk=\"", u"k"), u"\""_s);
-    EXPECT_EQ(Value("[s]\nk=.\\res\\tmp\\ ; no comment", u"k"), u".\\res\\tmp\\ ; no comment"_s);
-}
-
-TEST(Profile, OfEqualSectionsAndKeysTheFirstCounts)
-{
-    const QByteArrayView text("[s]\nk=1\nk=2\n[S]\nk=3\nother=4\n");
-    EXPECT_EQ(Value(text, u"k"), u"1"_s);
-    EXPECT_EQ(Value(text, u"other"), u"(none)"_s);
-    EXPECT_EQ(Profile::Parse(text).Section(u"s"), QStringList({u"k=1"_s, u"k=2"_s}));
+    for (const auto &[text, value] : {
+             std::pair<QByteArray, QString>("  [ S ] behind\r\n  Key \t=  a = b  \r\n", u"a = b"_s),
+             {"[other]\nkey=1\n[s]\n", u"(none)"_s},
+             {"key=before any section\n[s]\n", u"(none)"_s},
+             {"[s]\nkey\n=x\n;key=comment\n", u"(none)"_s},
+             {"[s]\nother=1\n[S]\nkey=2\n", u"(none)"_s},
+             {"[s]\nkey=1\nkey=2\n", u"1"_s},
+             {"[s]\nkey=", u""_s},
+             {"[s\nkey=head without its end", u"head without its end"_s},
+             {"[s]\nkey=\" a \"", u" a "_s},
+             {"[s]\nkey='\"a\"'", u"\"a\""_s},
+             {"[s]\nkey=\"a'", u"\"a'"_s},
+             {"[s]\nkey=\"", u"\""_s},
+             {"[s]\nkey=.\\res\\tmp\\ ; no comment", u".\\res\\tmp\\ ; no comment"_s},
+             {"\xEF\xBB\xBF[s]\nkey=\xe4\xb8\xad", u"\u4e2d"_s},
+             {{"\xFF\xFE[\0s\0]\0\n\0k\0e\0y\0=\0\x2d\x4e\r", 21}, u"\u4e2d"_s}, // cut in the middle of a character
+         })
+        EXPECT_EQ(Profile::Parse(text).String(u"s", u"kEY", u"(none)"_s), value) << text.constData();
 }
 
 TEST(Profile, ANumberIsWhatTheValueBeginsWith)
 {
     const Profile profile = Profile::Parse("[s]\na= 12px\nb=-3\nc=x\nd=\ne=99999999999\nf=-99999999999\n");
-    EXPECT_EQ(profile.Int(u"s", u"a", 7), 12);
-    EXPECT_EQ(profile.Int(u"s", u"b", 7), -3);
-    EXPECT_EQ(profile.Int(u"s", u"c", 7), 0);
-    EXPECT_EQ(profile.Int(u"s", u"d", 7), 0);
-    EXPECT_EQ(profile.Int(u"s", u"e", 7), 2147483647);
-    EXPECT_EQ(profile.Int(u"s", u"f", 7), -2147483647 - 1);
-    EXPECT_EQ(profile.Int(u"s", u"missing", 7), 7);
+    QList<int> numbers;
+    for (const QString &key : {u"a"_s, u"b"_s, u"c"_s, u"d"_s, u"e"_s, u"f"_s, u"missing"_s})
+        numbers << profile.Int(u"s", key, 7);
+    EXPECT_EQ(numbers, QList<int>({12, -3, 0, 0, 2147483647, -2147483647 - 1, 7}));
 }
 
 TEST(Profile, ASectionEndsWhereItsLinesNoLongerFit)
 {
-    QByteArray text = "[s]\n; a comment\n\n  first  \n";
-    for (int i = 0; i < 1000; ++i)
-        text += "123456789\n";
+    const QByteArray text = "[s]\n; a comment\n\n  four  \n" + QByteArray("123456789\n").repeated(1000) + "[S]\nk=3\n";
     const QStringList lines = Profile::Parse(text).Section(u"s");
     ASSERT_FALSE(lines.isEmpty());
-    EXPECT_EQ(lines.first(), u"first"_s);
-    // 4096 characters hold "first" and a zero, lines of 9 and a zero each, and a last zero.
-    EXPECT_EQ(lines.size(), 1 + (4096 - 1 - 6) / 10);
-    EXPECT_TRUE(Profile::Parse(text).Section(u"missing").isEmpty());
-}
-
-TEST(Profile, TheMarkOfUtf16OrUtf8NamesTheEncoding)
-{
-    const QByteArray utf16("\xFF\xFE[\0s\0]\0\r\0\n\0k\0=\0\x2d\x4e\r\0\n\0", 22);
-    EXPECT_EQ(Value(utf16, u"k"), u"\u4e2d"_s);
-    EXPECT_EQ(Value("\xEF\xBB\xBF[s]\nk=\xe4\xb8\xad", u"k"), u"\u4e2d"_s);
-    EXPECT_EQ(Profile::Parse(utf16).Bytes(), utf16);
-    EXPECT_EQ(Value(utf16.first(19), u"k"), u"\u4e2d"_s); // cut in the middle of a character
+    EXPECT_EQ(lines.first(), u"four"_s);
+    // 4096 characters hold "four" and a zero, lines of 9 and a zero each, and a last zero.
+    EXPECT_EQ(lines.size(), 1 + (4096 - 1 - 5) / 10);
 }
 
 TEST(Profile, ChangingAKeyLeavesEveryOtherLineAsItWas)
@@ -86,50 +55,36 @@ TEST(Profile, ChangingAKeyLeavesEveryOtherLineAsItWas)
     profile.Set(u"New", u"k", u"5"_s);
     profile.Set(u"new", u"l", u"6"_s);
     EXPECT_EQ(profile.Bytes(), "; head\r\n[A]\r\n x = 1 ; odd\r\nz=4\r\n\r\n[B]\r\nY=3\r\n[New]\r\nk=5\r\nl=6\r\n");
-    EXPECT_EQ(profile.String(u"NEW", u"L", {}), u"6"_s);
-}
-
-TEST(Settings, TheUsersFileGoesBeforeTheProgramsAndBothBeforeTheDefault)
-{
-    const TempFolder folder;
-    folder.Put("bin/m.ini", "[Path]\na=program\nb=program\n[Frame]\nmaximized=1\n");
-    folder.Put("user/m.ini", "[Path]\na=user\n");
-    const Settings settings(folder.Path("bin/m.ini"), folder.Path("user/m.ini"));
-    EXPECT_EQ(settings.String("Path", "a", "default"), u"user"_s);
-    EXPECT_EQ(settings.String("Path", "b", "default"), u"program"_s);
-    EXPECT_EQ(settings.String("Path", "c", "default"), u"default"_s);
-    EXPECT_EQ(settings.Int("Frame", "maximized", 0), 1);
-    EXPECT_EQ(settings.Int("Frame", "missing", 42), 42);
-}
-
-TEST(Settings, AKeyIsWrittenWhereItWillBeReadFrom)
-{
-    const TempFolder folder;
-    folder.Put("bin/m.ini", "[Path]\na=program\n");
-    Settings settings(folder.Path("bin/m.ini"), folder.Path("u/v/m.ini"));
-    EXPECT_TRUE(settings.Write(u"split1st"_s, u"width"_s, u"250"_s));
-    EXPECT_EQ(folder.Get("bin/m.ini"), "[Path]\na=program\n[split1st]\nwidth=250\n");
-    EXPECT_EQ(settings.Int("split1st", "width", 200), 250);
-
-    // A program's file that can't be replaced (here: a folder) sends the key to the user's, whose folders are made.
-    folder.MakeFolder("ro/m.ini");
-    Settings readOnly(folder.Path("ro/m.ini"), folder.Path("u/v/m.ini"));
-    EXPECT_TRUE(readOnly.Write(u"split1st"_s, u"width"_s, u"300"_s));
-    EXPECT_EQ(folder.Get("u/v/m.ini"), "[split1st]\nwidth=300\n");
-
-    // What the user's file has would hide the program's key.
-    Settings both(folder.Path("bin/m.ini"), folder.Path("u/v/m.ini"));
-    EXPECT_TRUE(both.Write(u"split1st"_s, u"width"_s, u"310"_s));
-    EXPECT_EQ(folder.Get("u/v/m.ini"), "[split1st]\nwidth=310\n");
-    EXPECT_EQ(folder.Get("bin/m.ini"), "[Path]\na=program\n[split1st]\nwidth=250\n");
+    const QByteArray utf16("\xFF\xFE[\0s\0]\0\n\0", 10);
+    EXPECT_EQ(Profile::Parse(utf16).Bytes(), utf16);
 }
 
 TEST(Profile, WhatIsNoFileGivesAnEmptyProfile)
 {
     const TempFolder folder;
-    folder.MakeFolder("folder.ini");
-    EXPECT_FALSE(Profile::Load(folder.Path("folder.ini")).Has(u"s", u"k"));
-    EXPECT_FALSE(Profile::Load(folder.Path("missing.ini")).Has(u"s", u"k"));
     folder.Put("huge.ini", "[s]\nk=1\n" + QByteArray(2 << 20, '\n'));
-    EXPECT_FALSE(Profile::Load(folder.Path("huge.ini")).Has(u"s", u"k"));
+    for (const char *name : {"", "missing.ini", "huge.ini"})
+        EXPECT_FALSE(Profile::Load(folder.Path(name)).Has(u"s", u"k")) << name;
+}
+
+TEST(Settings, TheUsersFileGoesBeforeTheProgramsAndAKeyIsWrittenWhereItWillBeReadFrom)
+{
+    const TempFolder folder;
+    folder.Put("bin/m.ini", "[Path]\na=program\n");
+    folder.MakeFolder("ro/m.ini");
+    const auto write = [&](const char *program, const QString &value) {
+        Settings settings(folder.Path(program), folder.Path("u/v/m.ini"));
+        EXPECT_TRUE(settings.Write(u"Path"_s, u"n"_s, value));
+        EXPECT_EQ(settings.String("Path", "n", "0"), value);
+    };
+    write("bin/m.ini", u"1"_s);
+    EXPECT_EQ(folder.Get("bin/m.ini"), "[Path]\na=program\nn=1\n");
+    write("ro/m.ini", u"2"_s);  // one that can't be replaced (here: a folder) sends the key to the user's
+    write("bin/m.ini", u"3"_s); // and what that has would hide the program's key
+    EXPECT_EQ(folder.Get("u/v/m.ini"), "[Path]\nn=3\n");
+    EXPECT_EQ(folder.Get("bin/m.ini"), "[Path]\na=program\nn=1\n");
+    const Settings settings(folder.Path("bin/m.ini"), folder.Path("u/v/m.ini"));
+    EXPECT_EQ(settings.Int("Path", "n", 0), 3);
+    EXPECT_EQ(settings.String("Path", "a", "default"), u"program");
+    EXPECT_EQ(settings.String("Path", "c", "default"), u"default");
 }

@@ -2,62 +2,26 @@
 
 #include "StringProject.h"
 
-namespace
-{
+using namespace Qt::StringLiterals;
 
-struct Parsed
-{
-    int number;
-    QString name;
-    bool operator==(const Parsed &other) const = default;
-};
-
-void PrintTo(const Parsed &parsed, std::ostream *out)
-{
-    *out << parsed.name.toStdString() << " = " << parsed.number;
-}
-
-Parsed Parse(const QString &header)
-{
-    static const StringProject project;
-    QString text = header;
-    const int number = ParseLanguageHeader(*project.TestProgram::env, text);
-    return {number, text};
-}
-
-Parsed Parse(const char *header)
-{
-    return Parse(QString::fromUtf8(header));
-}
-
-Parsed Is(int number, const char *name)
-{
-    return {number, QString::fromUtf8(name)};
-}
-
-} // namespace
-
-TEST(LanguageHeader, ItsOwnNumberCountsWhateverTheTableHolds)
-{
-    EXPECT_EQ(Parse("English(1)"), Is(1, "English"));
-    EXPECT_EQ(Parse("Klingon(0)"), Is(0, "Klingon"));
-    EXPECT_EQ(Parse("English (US) ( +7 rest"), Is(-1, "English (US) ( +7 rest"));
-    EXPECT_EQ(Parse("English( +7 rest"), Is(7, "English"));
-    EXPECT_EQ(Parse("English(-5)"), Is(-5, "English"));
-    EXPECT_EQ(Parse("English(99999999999)"), Is(2147483647, "English"));
-}
-
-TEST(LanguageHeader, WithoutANumberTheWholeTextIsLookedUp)
-{
-    EXPECT_EQ(Parse("French"), Is(12, "French"));
-    for (const char *unknown : {"", "Klingon", "(1)", "English(", "English()", "English(-)", "English(x1)"})
-        EXPECT_EQ(Parse(unknown), Is(-1, unknown));
-}
-
-TEST(LanguageHeader, ANameBeforeTheNumberHas128CharactersAtMost)
+TEST(LanguageHeader, ItsOwnNumberCountsAndWithoutOneTheWholeTextIsLookedUp)
 {
     const QString longest(128, u'n');
-    EXPECT_EQ(Parse(longest + QStringLiteral("(3)")), (Parsed{3, longest}));
-    const QString tooLong = longest + QStringLiteral("n(3)");
-    EXPECT_EQ(Parse(tooLong), (Parsed{-1, tooLong}));
+    const StringProject project;
+    for (const auto &[header, number, name] : {
+             std::tuple(u"English(1)"_s, 1, u"English"_s),
+             {u"Klingon(0)"_s, 0, u"Klingon"_s},
+             {u"English( +7 rest"_s, 7, u"English"_s},
+             {u"English(-5)"_s, -5, u"English"_s},
+             {u"English(99999999999)"_s, 2147483647, u"English"_s},
+             {longest + u"(3)"_s, 3, longest},
+             {u"French"_s, 12, u"French"_s},
+         }) {
+        QString text = header;
+        EXPECT_EQ(ParseLanguageHeader(project.env, text), number) << qPrintable(header);
+        EXPECT_EQ(text, name);
+    }
+    for (QString unknown : {u""_s, u"Klingon"_s, u"(1)"_s, u"English("_s, u"English()"_s, u"English(-)"_s,
+                            u"English(x1)"_s, u"English (US) ( +7 rest"_s, longest + u"n(3)"_s})
+        EXPECT_EQ(ParseLanguageHeader(project.env, unknown), -1) << qPrintable(unknown);
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "StringFile.h"
-#include "StringFileFormat.h"
 #include "StringFileReader.h"
 #include "TestModel.h"
 
@@ -10,44 +9,24 @@
 #include <algorithm>
 #include <cstring>
 
-/// UTF-16 little-endian with its mark, from a literal in which "|" divides fields and "\n" lines.
-inline QByteArray StringFileBytes(const char *readable)
+/// UTF-16 little-endian with its mark, from a text in which "|" divides fields and "\n" lines.
+inline QByteArray StringFileBytes(const QByteArray &readable)
 {
-    QString text = QString::fromUtf8(readable);
-    text.replace(u'|', u'\t').replace(QStringLiteral("\n"), QStringLiteral("\r\n")).prepend(QChar(0xFEFF));
-    return QByteArray(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
-}
-
-/// And back.
-inline std::string Readable(const QByteArray &bytes)
-{
-    QString text(reinterpret_cast<const QChar *>(bytes.constData()), bytes.size() / 2);
-    EXPECT_TRUE(text.startsWith(QChar(0xFEFF)));
-    return text.mid(1).replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\t', u'|').toStdString();
+    const QString text =
+        QChar(0xFEFF) +
+        QString::fromUtf8(readable).replace(u'|', u'\t').replace(QStringLiteral("\n"), QStringLiteral("\r\n"));
+    return {reinterpret_cast<const char *>(text.utf16()), text.size() * 2};
 }
 
 /// A project without strings, beside a program that knows English as 9 and French as 12.
-class StringProject : public TestModel
+struct StringProject : TestModel
 {
-public:
-    StringProject()
-    {
-        folder.Put("bin/tuvik.ini", "[Language]\nEnglish=9\nFrench=12\n");
-        auto made = CreateFolder(KIND_STRINGS, -1);
-        strings = made.get();
-        root.AddFolder(std::move(made));
-    }
+    StringProject() { folder.Put("bin/tuvik.ini", "[Language]\nEnglish=9\nFrench=12\n"); }
 
-    /// Reads the file that a literal describes.
-    int Read(const char *readable) { return ReadBytes(StringFileBytes(readable)); }
-    int ReadBytes(const QByteArray &bytes)
-    {
-        folder.Put("strings.txt", bytes);
-        return ReadStringFile(folder.Path("strings.txt"), *this);
-    }
+    int Read(const QByteArray &readable) { return ReadBytes(StringFileBytes(readable)); }
 
-    /// Reads bytes that come in pieces, without a file.
-    int ReadPieces(const QByteArray &bytes, size_t piece)
+    /// Reads a file that comes in pieces of so many bytes.
+    int ReadBytes(const QByteArray &bytes, size_t piece = 4096)
     {
         qsizetype at = 0;
         StringFileReader reader(*this, [&](void *buffer, size_t size) {
@@ -56,29 +35,31 @@ public:
             at += qsizetype(count);
             return ssize_t(count);
         });
-        const int code = reader.Read();
+        const int code = reader.Read(bytes.size());
         rows = reader.Rows();
         return code;
     }
 
-    /// What would be written now.
+    /// What would be written now, in the form that `Read` takes.
     std::string Written()
     {
         EXPECT_EQ(WriteStringFile(folder.Path("out.txt"), *this), 0);
-        return Readable(folder.Get("out.txt"));
+        const QByteArray bytes = folder.Get("out.txt");
+        const QString text(reinterpret_cast<const QChar *>(bytes.constData()), bytes.size() / 2);
+        EXPECT_TRUE(text.startsWith(QChar(0xFEFF)) && text.endsWith(u"\r\n") &&
+                    text.count(u'\n') == text.count(u"\r\n"));
+        return text.mid(1).remove(u'\r').replace(u'\t', u'|').toStdString();
     }
 
-    /// The messages since the last call, without the line that a read begins with.
-    std::string Messages()
+    std::string Messages() { return TakeOutput().toStdString(); }
+
+    [[nodiscard]] CResFolder *Language(int number) const { return strings.FindFolder(KIND_LANGUAGE, number, 1); }
+    /// The text of the first row, in a language.
+    [[nodiscard]] const QString &Text(int number) const
     {
-        QByteArray text = TakeOutput();
-        if (text.startsWith("Loading strings from \""))
-            text.remove(0, text.indexOf("\r\n") + 2);
-        return text.toStdString();
+        return static_cast<CStringRes *>(Language(number)->resources.First())->text;
     }
 
-    [[nodiscard]] CResFolder *Language(int number) const { return strings->FindFolder(KIND_LANGUAGE, number, 1); }
-
-    CResFolder *strings = nullptr;
+    CResFolder &strings = AddFolder(root, KIND_STRINGS);
     int rows = 0;
 };
