@@ -24,20 +24,21 @@ find_program(MORVANITE_CLI morvanite-cli
     PATHS ${MORVANITE_CMAKE_DIR}/../../../bin ${MORVANITE_CMAKE_DIR}/../build/bin
     DOC "The program morvanite-cli")
 
-# The files beside the program that a pack reads, those that are there.
+# The program and the files that its settings lead to, those that are there.
 function(_morvanite_program_files result)
     get_filename_component(program ${MORVANITE_CLI} REALPATH)
     get_filename_component(folder ${program} DIRECTORY)
     if(DEFINED ENV{MORVANITE_PROGRAM_DIR})
         set(folder $ENV{MORVANITE_PROGRAM_DIR})
     endif()
-    set(files ${program})
-    foreach(name libmorvanite-commands.so Morvanite.ini tuvik.ini resolutions.ini AppLogo.img qrk_resgenerator.exe)
-        if(EXISTS ${folder}/${name})
-            list(APPEND files ${folder}/${name})
-        endif()
-    endforeach()
-    set(${result} ${files} PARENT_SCOPE)
+    set(config $ENV{HOME}/.config)
+    if(DEFINED ENV{XDG_CONFIG_HOME})
+        set(config $ENV{XDG_CONFIG_HOME})
+    endif()
+    # The settings may name other tables and another icon.
+    file(GLOB files CONFIGURE_DEPENDS ${folder}/libmorvanite-commands.so ${folder}/*.ini ${folder}/*.img
+        ${folder}/qrk_resgenerator.exe ${config}/morvanite/Morvanite.ini)
+    set(${result} ${program} ${files} PARENT_SCOPE)
 endfunction()
 
 # The command line that runs morvanite-cli with the remaining arguments. A pack makes temporary files beside the pictures, so

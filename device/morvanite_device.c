@@ -1,8 +1,9 @@
 /* See docs/payload-format.md for the bytes:
  *
  *     directory   name, zero byte, offset (4), size (4); again and again, up to the empty name
- *     items       key (4), offset (4); again and again, up to the key 0xFFFFFFFF, whose offset is where the last item
- * ends language    count (4), then id (4), offset (4); again and again, up to the id 0xFFFFFFFF
+ *     items       key (4), offset (4); again and again, up to the key 0xFFFFFFFF;
+ *                 its offset is where the last item ends
+ *     language    count (4), then id (4), offset (4); again and again, up to the id 0xFFFFFFFF
  *
  * Numbers are little-endian and stand at any address. A range is checked by subtraction, never by a sum that could
  * wrap. */
@@ -154,19 +155,23 @@ morvanite_result morvanite_next_entry(const morvanite_payload *payload, uint32_t
     return MORVANITE_DAMAGED;
 }
 
+static int is_named(const morvanite_entry *entry, const char *name)
+{
+    uint32_t i = 0;
+
+    while (name[i] != 0 && name[i] == entry->name[i])
+        ++i;
+    return name[i] == entry->name[i];
+}
+
 morvanite_result morvanite_find_entry(const morvanite_payload *payload, const char *name, morvanite_entry *entry)
 {
     uint32_t cursor = 0;
 
     for (;;) {
         uint32_t before = cursor;
-        uint32_t i = 0;
         morvanite_result result = morvanite_next_entry(payload, &cursor, entry);
-        if (cursor == before)
-            return result;
-        while (name[i] != 0 && name[i] == entry->name[i])
-            ++i;
-        if (name[i] == entry->name[i])
+        if (cursor == before || is_named(entry, name))
             return result;
     }
 }
@@ -175,6 +180,8 @@ morvanite_result morvanite_open(morvanite_payload *payload, const void *bytes, u
 {
     static const char block_name[] = {'z', 'e', 'p', '-', '2', '.', '0', 0};
     uint32_t cursor = 0;
+    uint32_t last = 0; /* where the last entry begins: the table's, and a file's may have its name too */
+    uint32_t first_data = 0;
     uint32_t offset;
     morvanite_entry entry;
     morvanite_result result;
@@ -184,16 +191,20 @@ morvanite_result morvanite_open(morvanite_payload *payload, const void *bytes, u
     payload->base = base;
     payload->items.count = 0;
     payload->items.order = 0;
-    do
+    for (;;) {
+        uint32_t before = cursor;
         result = read_entry(payload, &cursor, &entry, &offset);
-    while (result == MORVANITE_OK);
-    if (result == MORVANITE_NOT_FOUND) {
-        result = morvanite_find_entry(payload, block_name, &entry);
-        if (result == MORVANITE_OK)
-            result = open_table(&payload->items, entry.data, entry.size / PAIR_SIZE);
-        if (result == MORVANITE_OK)
-            return result;
+        if (before == 0)
+            first_data = offset - base;
+        if (result != MORVANITE_OK)
+            break;
+        last = before;
     }
+    /* The data begins behind the directory, at the next multiple of 4; with another base it would not. */
+    if (result == MORVANITE_NOT_FOUND && first_data == ((cursor + 9 + 3) & ~UINT32_C(3)) &&
+        morvanite_next_entry(payload, &last, &entry) == MORVANITE_OK && is_named(&entry, block_name) &&
+        open_table(&payload->items, entry.data, entry.size / PAIR_SIZE) == MORVANITE_OK)
+        return MORVANITE_OK;
     payload->size = 0;
     return MORVANITE_DAMAGED;
 }

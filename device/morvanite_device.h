@@ -19,8 +19,9 @@
  * that doesn't give MORVANITE_OK leaves its output unset unless its comment says otherwise. Pointers must not be null,
  * but for `bytes` of size 0 and `buffer` of room 0.
  *
- * Only morvanite_open, morvanite_open_language and morvanite_make_index write to the structures; everything else takes
- * them as const, so any number of threads and interrupts can look things up at once when those three are done.
+ * Only morvanite_open, morvanite_open_language, morvanite_find_language and morvanite_make_index write to an open
+ * payload, language or table; everything else takes them as const, so any number of threads and interrupts can look
+ * things up at once when those are done.
  *
  * docs/device-reader.md is the manual, docs/payload-format.md draws the bytes.
  */
@@ -101,8 +102,9 @@ typedef struct morvanite_string
 /* Opens the `size` bytes at `bytes`. `base` is what the payload's offsets count from: 0 for a section packed with the
  * default settings and for a side file; see docs/device-reader.md for the others.
  *
- * Walks the directory and the table of items once. MORVANITE_DAMAGED: one of them has no end within the bytes, or the
- * directory leads to no table. A payload that isn't open holds nothing: look-ups in it give MORVANITE_NOT_FOUND. */
+ * Walks the directory and the table of items once. MORVANITE_DAMAGED: one of them has no end within the bytes, the
+ * directory leads to no table, or `base` is another than the payload's. A payload that isn't open holds nothing:
+ * look-ups in it give MORVANITE_NOT_FOUND. */
 morvanite_result morvanite_open(morvanite_payload *payload, const void *bytes, uint32_t size, uint32_t base);
 
 /* The first entry with that name, compared byte for byte. MORVANITE_DAMAGED: its data isn't within the payload. */

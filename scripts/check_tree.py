@@ -38,7 +38,7 @@ def function_lengths(lines):
 def main():
     breaches = []
     sources = tracked('src/*.cpp', 'src/*.h', 'tools/*.cpp', 'tools/*.h', 'device/*.c', 'device/*.h', 'tests/*.cpp',
-                      'tests/*.h', 'fuzz/*.cpp')
+                      'tests/*.h', 'fuzz/*.cpp', 'fuzz/*.h', 'bench/*.c', 'bench/*.cpp', 'sample/src/*.c', 'sample/src/*.h')
     for name in sources:
         text = pathlib.Path(name).read_text(encoding='utf-8')
         lines = text.splitlines()

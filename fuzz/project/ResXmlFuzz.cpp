@@ -24,7 +24,7 @@ static int Load(Environment &env, const QString &path, bool save)
     int count = 0;
     for (const IDRecord *id = doc.ids.sentinel.next; id != &doc.ids.sentinel; id = id->next)
         ++count;
-    FileTransaction files;
+    FileTransaction files(doc.env);
     if (save && WriteProject(path, doc, files) != 0)
         std::abort();
     return count;

@@ -43,8 +43,10 @@ int ParseAndRun(int argc, char **argv)
         return app.exit(error) == 0 ? EXIT_FINE : EXIT_WRONG_USE;
     }
     Session session(QString::fromStdString(debugLog));
-    const int status = chosen->Run(session);
+    int status = chosen->Run(session);
     session.report.Flush();
+    if (session.report.IsBroken())
+        status = EXIT_FAILED;
     // The system takes the memory of a large project back faster than the tree's destructors would.
     fflush(nullptr);
     _exit(status);

@@ -3,8 +3,6 @@
 #include "Session.h"
 #include "SortedIds.h"
 
-#include <unistd.h>
-
 namespace
 {
 
@@ -20,8 +18,7 @@ public:
 
     int Run(Session &session) override
     {
-        StandardOutput errors(STDERR_FILENO);
-        CResDoc *document = session.OpenQuietly(AbsolutePath(project), errors);
+        CResDoc *document = session.OpenQuietly(AbsolutePath(project));
         if (!document)
             return EXIT_FAILED;
         if (document->GenerateIds(nullptr) != 0) {

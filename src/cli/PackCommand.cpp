@@ -48,6 +48,8 @@ public:
             session.handler.packInputs = &inputs;
         session.handler.Pack(request);
         const int status = session.LastStatus();
+        if (const int code = session.handler.LastError())
+            Complain(QStringLiteral("the pack failed with %1: %2").arg(code).arg(PackReportText(code)));
         if (status == EXIT_FINE && !depfile.empty())
             return WriteDependencies(session, request, depfilePath, std::move(inputs));
         return status;

@@ -1,8 +1,6 @@
 #include "Commands.h"
 #include "RemoteCommand.h"
 
-#include <unistd.h>
-
 namespace
 {
 
@@ -23,8 +21,7 @@ public:
         const CommandRecord record{path};
         if (remote)
             return RunRemotely(session, COMMAND_SAVE, record);
-        StandardOutput errors(STDERR_FILENO); // the opening has no lines in the report of a save
-        const CResDoc *document = session.OpenQuietly(path, errors);
+        const CResDoc *document = session.OpenQuietly(path); // it has no lines in the report of a save
         if (!document)
             return EXIT_FAILED;
         session.handler.Save(record);

@@ -10,16 +10,25 @@
 #include <memory>
 #include <unistd.h>
 
+namespace
+{
+
+const QString COMPLAINT_START = QStringLiteral("morvanite-cli: ");
+
+} // namespace
+
 void Complain(const QString &text)
 {
-    const QByteArray line = "morvanite-cli: " + text.toUtf8() + '\n';
+    const QByteArray line = (COMPLAINT_START + text).toUtf8() + '\n';
     (void)!write(STDERR_FILENO, line.constData(), size_t(line.size()));
 }
 
 QString AbsolutePath(const std::string &typed)
 {
     const QString path = QString::fromStdString(typed);
-    return path.isEmpty() ? path : CanonicalPath(ResolvePath(path, CurrentFolder()));
+    if (path.isEmpty())
+        return path;
+    return CanonicalPath(IsRelativePath(path) ? CurrentFolder() + u'/' + path : path);
 }
 
 Session::Session(const QString &debugLog)
@@ -27,6 +36,11 @@ Session::Session(const QString &debugLog)
       handler(env, documents, report)
 {
     OpenDebugLog(debugLog);
+    if (env.codePageUnknown) {
+        Complain(QStringLiteral("Morvanite.ini: there is no code page \"%1\" (section Text, key code_page)")
+                     .arg(env.settings.String("Text", "code_page")));
+        _exit(EXIT_FAILED); // with another, a save would destroy the project's texts
+    }
     services.GetCommandID = [this](const QString &path) { return handler.GetCommandID(&path); };
     services.Explain = [this](const QString &text) {
         report.Flush();
@@ -59,17 +73,18 @@ int Session::LastStatus() const
     return handler.LastError() == 0 ? EXIT_FINE : EXIT_FAILED;
 }
 
-CResDoc *Session::OpenQuietly(const QString &project, StandardOutput &complainTo)
+CResDoc *Session::OpenQuietly(const QString &project)
 {
-    const auto explain = std::exchange(services.Explain, nullptr);
+    QString lines;
+    const auto idleOutput = std::exchange(handler.idleOutput, [&](QStringView text) { lines += text; });
+    const auto explain =
+        std::exchange(services.Explain, [&](const QString &text) { lines += COMPLAINT_START + text + u'\n'; });
     CDocument *document = documents.OpenDocumentFile(project);
     services.Explain = explain;
-    if (document)
-        return static_cast<CResDoc *>(document);
-    handler.idleOutput = [&](QStringView text) { complainTo.Write(text); };
-    documents.OpenDocumentFile(project); // once more, for what it has to say
-    handler.idleOutput = nullptr;
-    complainTo.Flush();
-    Complain(project + QStringLiteral(": the project can't be opened"));
-    return nullptr;
+    handler.idleOutput = idleOutput;
+    if (!document || env.ErrorCount + env.WarningCount > 0)
+        StandardOutput(STDERR_FILENO).Write(lines);
+    if (!document)
+        Complain(project + QStringLiteral(": the project can't be opened"));
+    return static_cast<CResDoc *>(document);
 }

@@ -22,8 +22,9 @@ public:
     /// The exit status of the command that the handler ran last.
     [[nodiscard]] int LastStatus() const;
 
-    /// Opens a project without a word; null when that fails, and then the report of the load stands on `complainTo`.
-    CResDoc *OpenQuietly(const QString &project, StandardOutput &complainTo);
+    /// Opens a project. Null when that fails. The report of the load goes to standard error when it has an error or a
+    /// warning, and nowhere otherwise.
+    CResDoc *OpenQuietly(const QString &project);
 
 private:
     void OpenDebugLog(const QString &debugLog);

@@ -40,6 +40,8 @@ void StandardOutput::Write(QStringView text)
 
 void StandardOutput::WriteBytes(QByteArrayView bytes)
 {
+    if (broken)
+        return;
     const qint64 now = Now();
     if (held.isEmpty())
         heldSince = now;
@@ -58,7 +60,8 @@ void StandardOutput::Flush()
         if (put < 0) {
             if (errno != EPIPE && fd != STDERR_FILENO)
                 Complain(QStringLiteral("cannot write the output: ") + QString::fromLocal8Bit(strerror(errno)));
-            _exit(EXIT_FAILED);
+            broken = true; // what the command does to files goes on to its end
+            break;
         }
         done += put;
     }

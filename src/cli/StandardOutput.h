@@ -2,7 +2,7 @@
 
 #include "CommandHandler.h"
 
-/// A report on a stream of the process, as UTF-8. A closed one ends the program quietly.
+/// A report on a stream of the process, as UTF-8. What a closed one can't take is dropped quietly.
 class StandardOutput final : public IReportPipe
 {
 public:
@@ -15,10 +15,13 @@ public:
     void WriteBytes(QByteArrayView bytes);
     void Flush() override;
     void Close() override;
+    /// Some of it couldn't be written.
+    [[nodiscard]] bool IsBroken() const { return broken; }
 
 private:
     int fd;
     bool open = false;
+    bool broken = false;
     QByteArray held;
     qint64 heldSince = 0; // milliseconds of a steady clock
 };

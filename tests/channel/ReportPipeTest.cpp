@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 
+#include <sys/eventfd.h>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -62,6 +63,20 @@ TEST_F(ReportPipeTest, AnIdeThatGoesAwayRaisesNoSignalAndDropsTheRest)
     pipe.Write(u"kept");
     pipe.Close();
     EXPECT_EQ(ReadAll(ide), Utf16(u"kept"));
+}
+
+TEST_F(ReportPipeTest, AnEndRequestGivesUpAReportThatNobodyReads)
+{
+    const FileHandle ending(eventfd(1, EFD_CLOEXEC));
+    ReportPipe ended(ending.Get());
+    ASSERT_TRUE(ended.Open());
+    const FileHandle ide = AcceptAt(listener);
+    ended.Write(QString(4 << 20, u'x')); // more than the system takes; without the request it would wait here
+    ended.Write(u"dropped");
+    ended.Close();
+    const QByteArray got = ReadAll(ide);
+    EXPECT_LT(got.size(), 8 << 20);
+    EXPECT_FALSE(got.contains("d\0r\0"));
 }
 
 TEST_F(ReportPipeTest, WaitsForAPlaceAtABusyIdeButNotForEverNorForOneThatIsGone)

@@ -57,7 +57,7 @@ class Cli(DemoProject):
 
     def test_a_wrong_command_line_ends_with_2_and_a_message(self):
         for arguments in ((), ('fly',), ('load',), ('pack', self.project), ('load', self.project, '--fast'),
-                          ('load', '/' + 'x' * 300)):
+                          ('load', '/' + 'x' * 300, '--remote')):
             status, out, err = self.run_cli(*arguments)
             self.assertEqual((status, out), (2, ''), arguments)
             self.assertNotEqual(err, '', arguments)
@@ -73,12 +73,36 @@ class Cli(DemoProject):
         self.assertIn('enter IDGen::FillValue()\n', (self.dir / 'log').read_text())
         self.assertIn('Morvanite got LOAD command\n', self.run_cli('--debug-log', '-', 'load', self.project)[2])
 
-    def test_a_closed_or_full_output_ends_the_program_without_a_crash(self):
+    def test_a_failed_pack_says_in_words_what_its_number_means(self):
+        (self.dir / 'arm').rmdir()
+        for arguments, code, words in ((self.to_pack, 2, 'the folder arm must stand beside the input'),
+                                       ((*self.to_pack, '--output', 'app.axf'), -1001, 'must be different files'),
+                                       ((*self.to_pack[:-3], '240', *self.to_pack[-2:]), 87, 'not of the form 240x320')):
+            status, out, err = self.run_cli(*arguments)
+            self.assertEqual(status, 1)
+            self.assertTrue(out.endswith(f'\r\n\r\npack done\r\n\r\n### error {code} ###\r\n'), out)
+            self.assertTrue(err.startswith(f'morvanite-cli: the pack failed with {code}: ') and words in err, err)
+
+    def test_what_an_opening_leaves_out_is_told_on_the_error_stream_before_a_save_drops_it(self):
+        (self.dir / 'res/demo.res.xml').write_text('<APP><NEWS/></APP>')
+        status, out, err = self.run_cli('save', self.project)
+        self.assertEqual((status, out), (0, '[demo] save - 0 error(s), 0 warning(s)\r\n\r\n\r\nsave done\r\n'))
+        self.assertIn('Warning 1: unknown XML tag [NEWS] discarded (Line 2).', err)
+
+    def test_a_path_may_be_longer_than_a_message_of_the_channel(self):
+        deep = self.dir / ('deep' * 40) / ('deep' * 40)
+        (deep / 'res').mkdir(parents=True)
+        (deep / 'config.xml').write_bytes((self.dir / 'config.xml').read_bytes())
+        (deep / 'res/demo.res.xml').write_text('<APP/>')
+        self.assertEqual(self.run_cli('load', str(deep / 'demo.vcproj'))[0], 0)
+
+    def test_a_closed_or_full_output_stops_no_work_on_files(self):
         reader, writer = os.pipe()
         os.close(reader)
-        status, _, err = self.run_cli('load', self.project, stdout=writer)
+        status, _, err = self.run_cli(*self.to_pack, stdout=writer)
         os.close(writer)
-        self.assertTrue(status >= 0 and err == '', err)
+        self.assertEqual((status, err), (1, ''))
+        self.assertEqual(self.run_cli('inspect', 'arm/app.res')[0], 0)
         with open('/dev/full', 'wb') as full:
             status, _, err = self.run_cli('load', self.project, stdout=full)
         self.assertEqual(status, 1)

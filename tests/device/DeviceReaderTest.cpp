@@ -176,7 +176,10 @@ TEST(DeviceReader, DamageIsToldAndCostsNothingButItsPart)
     morvanite_string string;
     EXPECT_EQ(morvanite_open(&payload, memory.Data(), memory.Size(), 0), MORVANITE_OK);
     EXPECT_EQ(morvanite_find_text(&payload, 0, 5, &string), MORVANITE_DAMAGED);
-    EXPECT_EQ(ReadEverything(whole, 41), "no payload");
+    for (std::uint32_t base = 1; base < whole.size(); ++base)
+        EXPECT_EQ(ReadEverything(whole, base), "no payload") << base;
+    EXPECT_THAT(ReadEverything(PayloadBuilder().Entry("zep-2.0", "a file").Item(1, "item").Build()),
+                AllOf(StartsWith("zep-2.0 a file\nzep-2.0 "), EndsWith("\n1 item\n")));
     EXPECT_EQ(ReadEverything({}), "no payload");
     EXPECT_THAT(ReadEverything(PayloadBuilder().Item(0xFFFF0000, "").Item(0xFFFF0001, "\1").Build()),
                 EndsWith("\n4294901760 damaged language\n4294901761 damaged language\n"));

@@ -26,7 +26,8 @@ TEST_F(FillValue, LongNamesWithALongCommonBeginningAreSortedToTheirEnd)
 {
     std::vector<NarrowText> names;
     for (int i = 0; i < 300; ++i)
-        names.push_back("N" + NarrowText::number(10 + i % 20) + NarrowText(50, 'N') + NarrowText::number(i));
+        names.push_back("N" + NarrowText::number(10 + i % 20) + NarrowText(i % 2 ? 50 : 99, 'N') +
+                        NarrowText::number(i));
     std::shuffle(names.begin(), names.end(), std::mt19937(5));
     for (const NarrowText &name : names)
         ids.Normal(name);

@@ -63,7 +63,7 @@ TEST(Resources, ChangesAreToldAndNonChangesAreNot)
         EXPECT_TRUE(file->SetPath("STOCK.png") && file->Rename(model.ids, "B"));
     EXPECT_FALSE(file->Rename(model.ids, "C"));
     file->defaultPath = "stock.PNG";
-    file->Reset();
+    file->Reset(model.env);
     EXPECT_EQ(watch.changed, 2);
     file->SetId(other->Id());
     EXPECT_EQ(watch.changed, 3);
@@ -71,7 +71,7 @@ TEST(Resources, ChangesAreToldAndNonChangesAreNot)
     EXPECT_EQ(model.ids.FindName("B"), nullptr);
     file->inUse = true;
     file->path = "own.png";
-    file->Reset();
+    file->Reset(model.env);
     EXPECT_EQ(file->path, "stock.PNG");
     EXPECT_EQ(watch.changed, 5);
     file.reset();

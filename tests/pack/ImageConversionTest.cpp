@@ -49,6 +49,9 @@ TEST(ConvertImage, AToolThatFailsCrashesOrIsMissingLeavesNoTarget)
         EXPECT_EQ(project.TakeOutput().toStdString(), said) << body;
         EXPECT_EQ(project.trace, "CreateProcess failed (2)\n");
     }
+    EXPECT_EQ(ConvertImage(project.env, u"a \"b\".png"_s, target), CONVERT_NO_TARGET);
+    EXPECT_EQ(project.TakeOutput(),
+              "\r\n[error] A name with a double quote can't be handed to the converter: a \"b\".png");
 }
 
 TEST(SplitCommandLine, BlanksDivideOutsideQuotes)

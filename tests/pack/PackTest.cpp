@@ -142,6 +142,8 @@ TEST(Pack, ParametersAreRefusedBeforeAnythingIsDone)
             EXPECT_EQ(refused(input, project.Narrow("") + '/' + same, mode), PACK_SAME_FILE) << same;
         EXPECT_THAT(project.trace.toStdString(), HasSubstr("the packed file and output file cannot be same : "));
     }
+    ASSERT_EQ(link("app.axf", "arm/app.res"), 0); // the side file would be written over the input
+    EXPECT_EQ(refused(input, "x", PACK_TO_TARGET), PACK_SAME_FILE);
 }
 
 TEST(Pack, AnOldOutputIsReplacedALinkIsWrittenThroughAndPermissionsAreTheInputs)
@@ -150,6 +152,9 @@ TEST(Pack, AnOldOutputIsReplacedALinkIsWrittenThroughAndPermissionsAreTheInputs)
     ASSERT_EQ(chmod("app.axf", 0555), 0);
     project.folder.Put("app.axf.pkd", QByteArray(100000, 'x'));
     project.info.outputfilename.clear();
+    ASSERT_EQ(project.Pack(), 0);
+    EXPECT_EQ(project.Mode("app.axf.pkd"), 0755);
+    ASSERT_EQ(chmod("app.axf.pkd", 0444), 0);
     ASSERT_EQ(project.Pack(), 0);
     EXPECT_EQ(project.Mode("app.axf.pkd"), 0755);
 
@@ -173,6 +178,12 @@ TEST(Pack, TheSideFileStandsBesideTheInputAndFailsBehindACompleteOutput)
     EXPECT_EQ(project.folder.Names("v1.2/ARM"), QStringList({u"app.old.res"_s, u"plain.res"_s}));
 
     const QByteArray made = project.folder.Get("app.out");
+    ASSERT_EQ(symlink("/dev/full", "v1.2/ARM/PLAIN.res"), 0);
+    project.info.inputfilename =
+        "v1.2/PLAIN"; // found as it is spelled there; the side file has the name that was given
+    EXPECT_EQ(project.Pack(), PACK_WRITE);
+    EXPECT_EQ(project.folder.Get("app.out"), made);
+    EXPECT_THAT(project.trace.toStdString(), HasSubstr("[error] write res data into resfile error: "));
     ASSERT_TRUE(QDir(project.folder.Path("v1.2/ARM")).removeRecursively() && unlink("app.out") == 0);
     EXPECT_EQ(project.Pack(), ENOENT);
     EXPECT_EQ(project.folder.Get("app.out"), made);

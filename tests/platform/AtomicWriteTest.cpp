@@ -1,3 +1,4 @@
+#include "Environment.h"
 #include "HostFiles.h"
 
 #include "FileLimit.h"
@@ -64,17 +65,33 @@ TEST_F(WriteFile, AFullDiskLeavesTheOldFileAndNothingBesideIt)
 
 TEST_F(WriteFile, OfATransactionHappensWithTheCommitOrNotAtAll)
 {
+    Environment env(folder.Path());
+    const auto write = [&env](const char *text) { return env.ReplaceFile(u"a", text) + env.ReplaceFile(u"b", text); };
     folder.Put("a", "old");
     for (const bool commits : {false, true}) {
-        FileTransaction files;
-        for (const char *text : {"new", "newer"})
-            EXPECT_TRUE(WriteFileAtomically(u"a", text) == 0 && WriteFileAtomically(u"b", text) == 0);
+        FileTransaction files(env);
+        EXPECT_TRUE(write("new") == 0 && write("newer") == 0);
         EXPECT_EQ(folder.Get("a"), "old");
         EXPECT_FALSE(folder.Has("b")) << "what wasn't committed left no trace";
-        EXPECT_TRUE(!commits || (files.Commit() && files.Commit()));
+        EXPECT_TRUE(!commits || (!files.Commit() && !files.Commit()));
     }
     EXPECT_EQ(folder.Get("a") + ' ' + folder.Get("b"), "newer newer") << "of two writings of one file the last stays";
     EXPECT_EQ(folder.Names(), QStringList({u"a"_s, u"b"_s}));
-    EXPECT_EQ(WriteFileAtomically(u"a", "newest"), 0);
+    EXPECT_EQ(write("newest"), 0);
     EXPECT_EQ(folder.Get("a"), "newest") << "afterwards writing is immediate again";
+}
+
+TEST_F(WriteFile, OfATransactionAGeneratedFileThatIsRefusedHoldsUpNoOther)
+{
+    Environment env(folder.Path());
+    for (const IfRefused refused : {IfRefused::GoOn, IfRefused::Stop}) {
+        FileTransaction files(env);
+        EXPECT_EQ(env.ReplaceFile(u"header", "h", refused), 0);
+        EXPECT_EQ(env.ReplaceFile(u"list", refused == IfRefused::GoOn ? "saved" : "not saved"), 0);
+        folder.MakeFolder("header/in the way");
+        EXPECT_EQ(files.Commit(), refused == IfRefused::GoOn ? std::nullopt : std::optional(u"header"_s));
+        EXPECT_EQ(folder.Get("list"), "saved");
+        EXPECT_EQ(folder.Names(), QStringList({u"header"_s, u"list"_s}));
+        ASSERT_TRUE(QDir(u"header"_s).removeRecursively());
+    }
 }

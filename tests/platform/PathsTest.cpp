@@ -29,6 +29,7 @@ TEST(Paths, ARelativePathIsJoinedAndItsDotsGo)
     EXPECT_EQ(ResolvePath(u".\\config.xml"_s, u"/home/x/demo"_s), u"/home/x/demo/config.xml"_s);
     EXPECT_EQ(ResolvePath(u"..\\..\\..\\..\\a"_s, u"/home/x/"_s), u"/a"_s);
     EXPECT_EQ(ResolvePath(u"res\\\\b\\..\\a.png"_s, u"C:\\proj"_s), u"C:/proj/res/a.png"_s);
+    EXPECT_EQ(ResolvePath(u"..\\..\\a"_s, u"C:\\proj"_s), u"C:/a"_s);
     EXPECT_EQ(ResolvePath(u"a"_s, u"\\\\server\\share"_s), u"/server/share/a"_s);
     EXPECT_EQ(ResolvePath(u"..\\ResID.h"_s, u".\\ResID\\..\\.."_s), u"../../ResID.h"_s);
     for (const QString &path : {u"/etc/x"_s, u"\\\\server\\x"_s, u"D:\\..\\x"_s})

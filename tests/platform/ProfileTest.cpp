@@ -57,6 +57,9 @@ TEST(Profile, ChangingAKeyLeavesEveryOtherLineAsItWas)
     EXPECT_EQ(profile.Bytes(), "; head\r\n[A]\r\n x = 1 ; odd\r\nz=4\r\n\r\n[B]\r\nY=3\r\n[New]\r\nk=5\r\nl=6\r\n");
     const QByteArray utf16("\xFF\xFE[\0s\0]\0\n\0", 10);
     EXPECT_EQ(Profile::Parse(utf16).Bytes(), utf16);
+    Profile foreign = Profile::Parse("; \xD6\xD0\r\n[s]\na=1\n; no end");
+    foreign.Set(u"s", u"b", u"2"_s);
+    EXPECT_EQ(foreign.Bytes(), "; \xD6\xD0\r\n[s]\na=1\n; no end\r\nb=2\r\n") << "neither UTF-8 nor of one mind";
 }
 
 TEST(Profile, WhatIsNoFileGivesAnEmptyProfile)
@@ -87,4 +90,23 @@ TEST(Settings, TheUsersFileGoesBeforeTheProgramsAndAKeyIsWrittenWhereItWillBeRea
     EXPECT_EQ(settings.Int("Path", "n", 0), 3);
     EXPECT_EQ(settings.String("Path", "a", "default"), u"program");
     EXPECT_EQ(settings.String("Path", "c", "default"), u"default");
+}
+
+TEST(Settings, WhatOthersChangeMeanwhileIsReadAndStays)
+{
+    const TempFolder folder;
+    folder.Put("bin/m.ini", "[A]\na=1\n");
+    Settings settings(folder.Path("bin/m.ini"), folder.Path("u/m.ini"));
+    folder.Put("bin/m.ini", "[A]\na=22\nb=1\n");
+    EXPECT_EQ(settings.Int("A", "a", 0), 1) << "an operation goes on with what it began with";
+    settings.Refresh();
+    EXPECT_EQ(settings.Int("A", "a", 0), 22);
+    folder.Put("bin/m.ini", "[A]\na=333\nb=1\n");
+    EXPECT_TRUE(settings.Write(u"A"_s, u"c"_s, u"2"_s));
+    EXPECT_EQ(folder.Get("bin/m.ini"), "[A]\na=333\nb=1\nc=2\n");
+    const QByteArray huge(2 << 20, '\n');
+    folder.Put("bin/m.ini", huge);
+    EXPECT_TRUE(settings.Write(u"A"_s, u"c"_s, u"3"_s));
+    EXPECT_EQ(folder.Get("bin/m.ini"), huge) << "what can't be read isn't written over";
+    EXPECT_EQ(folder.Get("u/m.ini"), "[A]\nc=3\n");
 }

@@ -112,6 +112,8 @@ TEST_F(ResDoc, AChangedListReplacesTheTreeAndLocalChangesAreGone)
     EXPECT_TRUE(doc->IsModified()) << "the new nodes are watched too";
     project.folder.Put(LIST, "<APP>");
     EXPECT_THROW(doc->OnWatchedFileChanged(Handle(LIST)), ArchiveException);
+    EXPECT_TRUE(doc->DoFileSave() && doc->lastSave.write != 0);
+    EXPECT_EQ(project.folder.Get(LIST), "<APP>") << "a tree that was lost replaces nothing";
 }
 
 TEST_F(ResDoc, AChangedStringFileIsReadAgainAndShownWhereStringsAre)

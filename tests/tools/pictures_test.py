@@ -172,6 +172,12 @@ class Gif(ConverterTest):
         besides = gif_frame(drawn(3, 3, index), left=6, top=5)
         self.assertEqual(self.converted(gif(6, 5, besides)), device([[(0, 0, 0, 0)] * 6] * 5))
 
+    def test_zeros_behind_the_last_frame_are_passed_over_and_other_bytes_are_not(self):
+        rows = drawn(4, 3, index)
+        self.assertEqual(self.converted(gif(4, 3, gif_frame(rows) + bytes(3))), device(colours(rows)))
+        self.refuses(gif(4, 3, gif_frame(rows) + b'\1'), b'broken gif')
+        self.refuses(gif(4, 3, bytes(1) + gif_frame(rows)), b'broken gif')
+
     def test_files_without_frame_or_colours_or_with_an_impossible_size_are_refused(self):
         frame = gif_frame(drawn(2, 2, index))
         self.refuses(gif(6, 5), b'gif without a frame')
@@ -209,8 +215,10 @@ class Jpg(ConverterTest):
         self.comes_back(area, lambda *inks: times([255 - part for part in from_ycc(*inks[:3])], inks[3]), adobe=2)
         self.comes_back(area, lambda *inks: times([255 - ink for ink in inks[:3]], 255 - inks[3]))
 
-    def test_damaged_pixels_are_refused_and_not_filled_up(self):
+    def test_damaged_pixels_are_refused_and_stray_bytes_ahead_of_them_passed_over(self):
         whole = jpg(64, 64, motley)
+        end = 4 + int.from_bytes(whole[4:6], 'big')  # of the first segment
+        self.assertEqual(self.converted(whole[:end] + b'\0\0' + whole[end:]), self.converted(whole))
         self.refuses(whole[:-90] + whole[-40:], b'broken jpg: Corrupt JPEG data')
 
     def test_impossible_sizes_are_refused(self):

@@ -133,8 +133,12 @@ Outcome ReadRecords(GifSession &session, Picture &picture)
     bool hasFrame = false;
     for (;;) {
         GifRecordType record = UNDEFINED_RECORD_TYPE;
-        if (DGifGetRecordType(session.gif, &record) == GIF_ERROR)
+        if (DGifGetRecordType(session.gif, &record) == GIF_ERROR) {
+            // Some programs leave zeros behind the last frame's own end.
+            if (hasFrame && session.gif->Error == D_GIF_ERR_WRONG_RECORD && session.file[session.at - 1] == 0)
+                continue;
             return Broken(session.gif->Error);
+        }
         if (record == TERMINATE_RECORD_TYPE)
             return hasFrame ? Outcome::Done() : Outcome::Failed("gif without a frame, wanted at least one");
         if (record == EXTENSION_RECORD_TYPE) {

@@ -45,6 +45,9 @@ JpegSession &SessionOf(j_common_ptr jpeg)
 void OnMessage(j_common_ptr jpeg, int level)
 {
     const int code = jpeg->err->msg_code;
+    const bool beforePixels = reinterpret_cast<j_decompress_ptr>(jpeg)->input_scan_number == 0;
+    if (code == JWRN_EXTRANEOUS_DATA && beforePixels)
+        return;
     if (level < 0 && code != JWRN_JFIF_MAJOR && code != JWRN_ADOBE_XFORM && code != JWRN_BOGUS_ICC)
         OnError(jpeg);
 }

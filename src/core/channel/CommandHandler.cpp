@@ -1,10 +1,23 @@
 #include "CommandHandler.h"
 
 #include "HostFiles.h"
+#include "PackFailure.h"
 #include "PackRequest.h"
 #include "Paths.h"
 
 #include <utility>
+
+QString PackReportText(int errorCode)
+{
+    switch (errorCode) {
+    case int(ReportCode::BadPackRequest):
+        return QStringLiteral("the resolution is not of the form 240x320, or the target kind is neither axf nor dll");
+    case int(ReportCode::NoDocument):
+        return QStringLiteral("the project can't be opened");
+    default:
+        return PackFailureText(errorCode);
+    }
+}
 
 /// The state of a command, ended on every way out.
 class CommandHandler::Running
@@ -94,7 +107,7 @@ void CommandHandler::Pack(const PackCommandRecord &record)
 quint32 CommandHandler::GetCommandID(const QString *docPath) const
 {
     env.DebugTrace("enter CMainFrame::GetCommandID, docPath=%s", docPath ? qUtf8Printable(*docPath) : "(null)");
-    if (CommandTarget && docPath && EqualsNoCase(*CommandTarget, *docPath)) {
+    if (CommandTarget && docPath && IsSamePath(*CommandTarget, *docPath)) {
         env.DebugTrace("CMainFrame::GetCommandID, return m_uCmdId=%ud", commandId);
         return commandId;
     }
@@ -146,6 +159,7 @@ void CommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
         if (!open)
             open = documents.OpenDocumentFile(record->projectPath);
         if (auto *doc = dynamic_cast<CResDoc *>(open)) {
+            env.RefreshSettings();
             env.DebugTrace("implicit ID Gen before Pack\n");
             const int generated = doc->GenerateIds(nullptr);
             env.DebugTrace("implicit ID Gen before Pack done, result is %d\n", generated);
@@ -164,7 +178,6 @@ int CommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &record)
     if (!parameters)
         return int(ReportCode::BadPackRequest);
     SetCurrentFolder(DirectoryOf(doc.PathName()));
-    pipe.Flush(); // outside tools may run for long, and the pack itself writes few lines
     return Packer::Pack(*parameters, doc, packInputs);
 }
 

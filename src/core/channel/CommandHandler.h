@@ -14,6 +14,9 @@ enum CommandId : quint32
     COMMAND_PACK = 0xAFBDDBFD,
 };
 
+/// What the error code of a pack's report means, in one sentence; empty for 0.
+[[nodiscard]] QString PackReportText(int errorCode);
+
 /// The error codes of a report that no operation gave. A pack adds its own.
 enum class ReportCode : int
 {
@@ -61,7 +64,7 @@ public:
     void Save(const CommandRecord &record);
     void Pack(const PackCommandRecord &record);
 
-    /// The command that is running for the document of that path, compared without regard to case; 0 when none is.
+    /// The command that is running for the document of that path (IsSamePath); 0 when none is.
     [[nodiscard]] quint32 GetCommandID(const QString *docPath) const;
 
     /// Where output goes while no command runs; nothing by default.

@@ -72,7 +72,7 @@ private:
 
     void Write(Header &header, const QString &path)
     {
-        if (!header.Write(path))
+        if (!header.Write(env, path))
             env.DebugTrace("IDGen::Generate(): cannot write %s\n", qUtf8Printable(path));
     }
 

@@ -1,6 +1,6 @@
 #include "Header.h"
 
-#include "HostFiles.h"
+#include "Environment.h"
 
 namespace
 {
@@ -59,7 +59,7 @@ void Header::Define(const IDRecord &record)
     text.append(digit, number + sizeof number - digit);
 }
 
-bool Header::Write(const QString &path)
+bool Header::Write(const Environment &env, const QString &path)
 {
     QByteArray tail = "\n\n#ifdef __cplusplus"
                       "\n    }"
@@ -67,5 +67,5 @@ bool Header::Write(const QString &path)
                       "\n\n#endif  /* _" +
                       guard + "_ */\n\n";
     text += tail.replace("\n", LINE_END);
-    return WriteFileAtomically(path, text) == 0;
+    return env.ReplaceFile(path, text, IfRefused::GoOn) == 0;
 }

@@ -2,6 +2,8 @@
 
 #include "IDPool.h"
 
+class Environment;
+
 /// The text of one generated C header, gathered in memory, with the line ends of the device's tool chain.
 class Header
 {
@@ -11,9 +13,8 @@ public:
 
     void Define(const IDRecord &record);
     void EmptyLine() { text += "\r\n"; }
-    /// Ends the header and writes it to `path`. A failure shows nowhere
-    /// but in the return value.
-    bool Write(const QString &path);
+    /// Ends the header and writes it to `path`. A failure shows nowhere but in the return value.
+    bool Write(const Environment &env, const QString &path);
 
 private:
     NarrowText guard;

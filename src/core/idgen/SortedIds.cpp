@@ -24,36 +24,36 @@ quint64 Head(const NarrowText &name, qsizetype from)
 }
 
 /// How many bytes all names have in common.
-qsizetype CommonPrefix(Place first, Place behind)
+qsizetype CommonPrefix(const std::vector<Keyed> &keyed)
 {
-    const NarrowText &one = first->record->name;
+    const NarrowText &one = keyed.front().record->name;
     qsizetype common = one.size();
-    for (Place key = first; key != behind; ++key) {
-        const NarrowText &other = key->record->name;
+    for (const Keyed &key : keyed) {
+        const NarrowText &other = key.record->name;
         common = std::min(common, other.size());
         common = std::mismatch(one.begin(), one.begin() + common, other.begin()).first - one.begin();
     }
     return common;
 }
 
-/// Sorts by the bytes behind what all names share, then each group that is still equal in the same way.
-void Sort(Place first, Place behind, qsizetype sorted)
+/// Sorts names that are equal up to `from` by the eight bytes from there on, then each group that is still equal in the
+/// same way.
+void Sort(Place first, Place behind, qsizetype from)
 {
     constexpr ptrdiff_t FEW = 12;
-    const qsizetype common = behind - first > FEW ? CommonPrefix(first, behind) : 0;
-    if (behind - first <= FEW || common < sorted) {
-        // Also where a name ends and another goes on with zeros: their heads are equal, and always will be.
+    constexpr qsizetype LONGEST = 64; // of a valid name; others may be of any length, and equal in all of it
+    if (behind - first <= FEW || from > LONGEST) {
         std::stable_sort(first, behind, [](const Keyed &a, const Keyed &b) { return a.record->name < b.record->name; });
         return;
     }
     for (Place key = first; key != behind; ++key)
-        key->head = Head(key->record->name, common);
+        key->head = Head(key->record->name, from);
     std::stable_sort(first, behind, [](const Keyed &a, const Keyed &b) { return a.head < b.head; });
     while (first != behind) {
         const Place end =
             std::find_if(first, behind, [head = first->head](const Keyed &key) { return key.head != head; });
         if (end - first > 1)
-            Sort(first, end, common + 8);
+            Sort(first, end, from + qsizetype(sizeof(quint64)));
         first = end;
     }
 }
@@ -65,7 +65,8 @@ std::vector<IDRecord *> SortedIds(const IDPool &pool)
     std::vector<Keyed> keyed;
     for (IDRecord *record = pool.sentinel.next; record != &pool.sentinel; record = record->next)
         keyed.push_back({0, record});
-    Sort(keyed.begin(), keyed.end(), 0);
+    if (!keyed.empty())
+        Sort(keyed.begin(), keyed.end(), CommonPrefix(keyed));
     std::vector<IDRecord *> sorted;
     sorted.reserve(keyed.size());
     for (const Keyed &key : keyed)

@@ -94,8 +94,7 @@ public:
     bool DeleteFolder(CResFolder *folder);
     bool Clear();
 
-    /// The head counts as the folder's own only after its folder is asked: hands a resource out again. Null if not
-    /// here.
+    /// Takes a resource out and hands it over, telling nobody. Null when it isn't here.
     [[nodiscard]] std::unique_ptr<CBaseRes> TakeResource(CBaseRes *res);
 
 private:

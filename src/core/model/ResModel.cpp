@@ -8,10 +8,9 @@
 
 struct CResModel::FileTypes
 {
-    explicit FileTypes(const Settings &settings)
-        : image(ToLowerSimple(settings.String("FileType", "image", "*.bmp; *.png; *.gif; *.jpg"))),
-          audio(ToLowerSimple(settings.String("FileType", "audio", "*.wav; *.wma; *.mp3"))),
-          video(ToLowerSimple(settings.String("FileType", "video", "*.avi; *.asf; *.wmv; *.3gp; *.rm; *.rmvb")))
+    explicit FileTypes(const CResModel &model)
+        : image(ToLowerSimple(model.FilePatterns("image"))), audio(ToLowerSimple(model.FilePatterns("audio"))),
+          video(ToLowerSimple(model.FilePatterns("video")))
     {
     }
     QString image;
@@ -20,11 +19,19 @@ struct CResModel::FileTypes
 };
 
 CResModel::CResModel(Environment &environment, ProcessTables &processTables)
-    : env(environment), tables(processTables), fileTypes(std::make_unique<FileTypes>(environment.settings))
+    : env(environment), tables(processTables), fileTypes(std::make_unique<FileTypes>(*this))
 {
 }
 
 CResModel::~CResModel() = default;
+
+QString CResModel::FilePatterns(const char *type) const
+{
+    const char *const fallback = qstrcmp(type, "image") == 0   ? "*.bmp; *.png; *.gif; *.jpg"
+                                 : qstrcmp(type, "audio") == 0 ? "*.wav; *.wma; *.mp3"
+                                                               : "*.avi; *.asf; *.wmv; *.3gp; *.rm; *.rmvb";
+    return env.settings.String("FileType", type, fallback);
+}
 
 std::unique_ptr<CResFolder> CResModel::CreateFolder(quint32 kind, qint32 index)
 {

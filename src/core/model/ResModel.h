@@ -47,6 +47,8 @@ public:
     CResFolder *UseResolutionImages(qint32 index) { return UseFolder(KIND_RESO_IMAGES, index); }
     CResFolder *UseResolutionLayouts(qint32 index) { return UseFolder(KIND_RESO_LAYOUTS, index); }
 
+    /// The patterns of the files that are "image", "audio" or "video".
+    [[nodiscard]] QString FilePatterns(const char *type) const;
     /// The kind of folder that a file belongs to, by its extension.
     [[nodiscard]] quint32 ClassifyFile(quint32 mask, const QString &path) const;
     /// What `pushKind` a file's ID has in a folder of that kind.

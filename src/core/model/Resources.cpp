@@ -1,5 +1,7 @@
 #include "Resources.h"
 
+#include "Environment.h"
+
 #include <utility>
 
 CBaseRes::~CBaseRes()
@@ -51,9 +53,9 @@ bool CFileRes::SetPath(const NarrowText &newPath)
     return true;
 }
 
-void CFileRes::Reset()
+void CFileRes::Reset(const Environment &env)
 {
-    if (!EqualsNoCase(QString::fromUtf8(path), QString::fromUtf8(defaultPath))) {
+    if (!EqualsNoCase(env.NarrowToWide(path), env.NarrowToWide(defaultPath))) {
         path = defaultPath;
         NotifyChanged();
     }

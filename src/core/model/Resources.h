@@ -4,6 +4,7 @@
 #include "ResNode.h"
 
 class CResFolder;
+class Environment;
 
 /// A resource that bears an ID. Stands in at most one folder, which owns it.
 class CBaseRes : public CResNode
@@ -48,8 +49,8 @@ public:
     bool inUse = false;     ///< component images only: the project uses it
 
     bool SetPath(const NarrowText &newPath);
-    /// Back to the stock image; no longer in use as the project's own.
-    void Reset();
+    /// Puts the stock image in the place of the project's own; `inUse` stays.
+    void Reset(const Environment &env);
 };
 
 /// A text of one language, or, with language -1, a row's description. The records of one string ID form a chain.
@@ -68,6 +69,6 @@ public:
     [[nodiscard]] CStringRes *FindLanguage(qint32 wanted);
     /// Puts `record` into the chain directly behind this one.
     void LinkBehind(CStringRes *record);
-    /// Destroys this record and those after it, the last first.
+    /// Destroys this record and those after it, the last first. For a chain that stands in no folder.
     void DestroyChain();
 };

@@ -108,6 +108,8 @@ public:
     {
     }
 
+    [[nodiscard]] FileHandle TakeFile() { return std::move(file); }
+
     /// Reads the file header, and nothing else before it.
     int ReadHeader(ElfImage &elf)
     {
@@ -183,7 +185,7 @@ private:
 
     Environment &env;
     const QByteArray shown;
-    const FileHandle file;
+    FileHandle file;
     quint64 fileSize = 0; // bytes
     std::array<char, 4096> window{};
     quint64 windowAt = 0;
@@ -223,6 +225,8 @@ int ReadElf(Environment &env, const QString &path, ElfImage &elf)
     elf.nameTableIndex = Get16(elf.header.data() + E_SHSTRNDX);
     if (const int code = input.ReadSections(elf))
         return code;
+    elf.path = path;
+    elf.file = input.TakeFile();
     return MakeRoom(env, path.toUtf8(), elf);
 }
 
@@ -242,7 +246,7 @@ int SetElfLayout(Environment &env, ElfImage &elf)
     const quint64 table = payload + quint64(elf.payload.size());
     const quint64 names = table + ElfImage::SECTION_HEADER_SIZE * elf.sections.size();
     if (names + quint64(elf.nameTable.size()) > LARGEST)
-        return FailTooLarge(env, ".zp_res");
+        return FailTooLarge(env, elf.path.toUtf8());
     elf.sections.back().offset = quint32(payload);
     elf.sections[elf.nameTableIndex].offset = quint32(names);
     Put32(elf.header.data() + E_SHOFF, quint32(table));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Text.h"
+#include "HostFiles.h"
 
 #include <array>
 #include <vector>
@@ -49,6 +49,8 @@ struct ElfImage
     quint16 nameTableIndex = 0;
     QByteArrayView payload; ///< not owned: must live until the file is written
     quint64 inputSize = 0;
+    QString path;    ///< of the input
+    FileHandle file; ///< the input, still open: what is copied is what was read
 
     /// Where the payload goes: the input's size rounded up to a multiple of 4.
     [[nodiscard]] quint64 PayloadOffset() const { return (inputSize + 3) & ~quint64(3); }

@@ -40,11 +40,16 @@ bool NeedImageConvert(const QString &path)
 
 int ConvertImage(Environment &env, const QString &source, const QString &target)
 {
+    if (source.contains(u'"')) {
+        env.WriteOutput("\r\n[error] A name with a double quote can't be handed to the converter: %s",
+                        qUtf8Printable(source));
+        return CONVERT_NO_TARGET;
+    }
     const WorkingFolder folder;
     SetCurrentFolder(env.ProgramDir());
     // Programs that are installed for everybody can't make it, and a converter may do without.
-    if (!PathExists(u".\\Debug"))
-        CreateFolderOnDisk(u".\\Debug");
+    if (const QString debug = env.ProgramDir() + QStringLiteral("Debug"); !PathExists(debug))
+        CreateFolderOnDisk(debug);
     (void)RunTool(env, env.ProgramDir() + QStringLiteral("qrk_resgenerator.exe -f -i \"") + source +
                            QStringLiteral("\" \"") + target + u'"');
 
@@ -68,7 +73,7 @@ int ConvertImage(Environment &env, const QString &source, const QString &target)
     }
     if (!(info.st_mode & S_IWUSR))
         chmod(made.constData(), (info.st_mode & 07777) | S_IWUSR);
-    unlink("temp_image");
+    DeleteFileOnDisk(env.ProgramDir() + QStringLiteral("temp_image"));
     if (ToUpperSimple(FileExtension(source)) == u"PNG") {
         const QByteArray title = source.left(source.lastIndexOf(u'.')).toUtf8();
         unlink((title + ".ABM").constData());

@@ -11,6 +11,7 @@ struct PackRun
     PackFiles files;
     QByteArray inputHost;
     QByteArray outputHost;
+    QByteArray sideHost;    // the payload alone; empty in a mode without it
     PayloadBuffer memory{}; // each payload of the run lies in it, one at a time
 
     [[nodiscard]] Environment &Env() const { return document.env; }

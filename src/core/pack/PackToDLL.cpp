@@ -1,10 +1,10 @@
+#include "ElfImage.h"
 #include "OutputFile.h"
 #include "PackRun.h"
 
 #include <QtEndian>
 
 #include <cerrno>
-#include <limits>
 
 // A packed DLL: the input's bytes, MAGIC, the payload, and the input's size in 4 bytes, the low one first. A reader
 // goes from that last field to the magic.
@@ -14,11 +14,14 @@ namespace
 
 constexpr char MAGIC[8] = ".zp_res"; // with its zero byte
 
-int Append(const QByteArray &output, QByteArrayView bytes)
+/// Appends to the output, which must have `size` bytes already.
+int Append(const QByteArray &output, qint64 size, QByteArrayView bytes)
 {
     const FileHandle file = AppendToOutput(output);
     if (!file.IsOpen())
         return errno;
+    if (file.Size() != size)
+        return int(ElfCode::InputChanged);
     return file.WriteAll(bytes.data(), size_t(bytes.size())) ? PACK_OK : PACK_WRITE;
 }
 
@@ -26,11 +29,11 @@ int WriteOutputFile(PackRun &run, const FileHandle &input, quint32 inputSize, QB
 {
     if (const int code = CopyToOutput(run.Env(), input, run.outputHost))
         return code;
-    if (const int code = Append(run.outputHost, payload))
+    if (const int code = Append(run.outputHost, inputSize, payload))
         return code;
     char trailer[4];
     qToLittleEndian(inputSize, trailer);
-    return Append(run.outputHost, {trailer, sizeof trailer});
+    return Append(run.outputHost, inputSize + payload.size(), {trailer, sizeof trailer});
 }
 
 } // namespace

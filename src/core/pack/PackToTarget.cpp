@@ -7,22 +7,13 @@
 namespace
 {
 
-/// The side file of `input`: in the folder "arm" beside it, with the extension "res".
-QByteArray SideFile(const QByteArray &input)
-{
-    const qsizetype name = input.lastIndexOf('/') + 1;
-    const qsizetype dot = input.lastIndexOf('.');
-    const QByteArray title = dot < name ? input.mid(name) + '.' : input.mid(name, dot + 1 - name);
-    return OutputPath(QString::fromUtf8(input.left(name) + "arm/" + title + "res"));
-}
-
 /// Grows a copy of the input by the payload.
-int WriteTarget(PackRun &run, const FileHandle &input, ElfImage &elf, QByteArrayView payload)
+int WriteTarget(PackRun &run, ElfImage &elf, QByteArrayView payload)
 {
     AddResSection(elf, payload);
     if (const int code = SetElfLayout(run.Env(), elf))
         return code;
-    if (const int code = CopyToOutput(run.Env(), input, run.outputHost))
+    if (const int code = CopyToOutput(run.Env(), elf.file, run.outputHost))
         return code;
     return WriteElf(run.Env(), elf, QString::fromUtf8(run.outputHost));
 }
@@ -38,15 +29,12 @@ int Packer::PackToTarget(PackRun &run)
             env.DebugTrace("Parse zxa file failed.\n");
             return code;
         }
-        const FileHandle input = FileHandle::OpenRead(QString::fromUtf8(run.inputHost));
-        if (!input.IsOpen())
-            return int(ElfCode::OpenRead);
         const bool fromSection = env.settings.String("ResID", "relativeoffset", "1") == u"1";
         const quint64 base = fromSection ? 0 : elf.PayloadOffset();
         QByteArrayView payload;
         if (const int code = BuildPayload(run, EntryPadding::FourBytes, base, {}, payload))
             return code;
-        if (const int code = WriteTarget(run, input, elf, payload))
+        if (const int code = WriteTarget(run, elf, payload))
             return code;
     }
     const int code = WriteResFile(run);
@@ -60,7 +48,8 @@ int Packer::WriteResFile(PackRun &run)
     QByteArrayView payload;
     if (const int code = BuildPayload(run, EntryPadding::FourBytes, 0, {}, payload))
         return code;
-    const QByteArray path = SideFile(run.inputHost);
+    env.FlushOutput();
+    const QByteArray &path = run.sideHost;
     const FileHandle file = CreateOutput(path);
     if (!file.IsOpen()) {
         const int error = errno;

@@ -18,6 +18,16 @@ void TraceParameters(Environment &env, const packinfo &info)
     env.DebugTrace("packinfo.ver=%d\n", info.ver);
 }
 
+/// The side file of an input: in the folder "arm" beside it, with the extension "res".
+QByteArray SideFile(const QString &input)
+{
+    const QByteArray host = OutputPath(input);
+    const qsizetype name = host.lastIndexOf('/') + 1;
+    const qsizetype dot = host.lastIndexOf('.');
+    const QByteArray title = dot < name ? host.mid(name) + '.' : host.mid(name, dot + 1 - name);
+    return OutputPath(QString::fromUtf8(host.left(name) + "arm/" + title + "res"));
+}
+
 int RefuseSameFile(Environment &env, const packinfo &info)
 {
     env.DebugTrace("[error] the packed file and output file cannot be same : %s",
@@ -42,12 +52,13 @@ int Packer::Pack(const packinfo &parameters, CResModel &document, std::vector<QB
         info.outputfilename = info.inputfilename + ".pkd";
     const QByteArray inputHost = HostPath(env.NarrowToWide(info.inputfilename));
     const QByteArray outputHost = OutputPath(env.NarrowToWide(info.outputfilename));
-    // Another spelling, or a link: writing the output would destroy the input.
-    if (IsSameFile(inputHost, outputHost))
+    const QByteArray sideHost = info.packmode == PACK_TO_TARGET ? SideFile(env.NarrowToWide(info.inputfilename)) : "";
+    // Another spelling, or a link: writing one would destroy the other.
+    if (IsSameFile(inputHost, outputHost) || IsSameFile(inputHost, sideHost) || IsSameFile(outputHost, sideHost))
         return RefuseSameFile(env, info);
     TraceParameters(env, info);
 
-    PackRun run{document, info, PackFiles(inputs), inputHost, outputHost};
+    PackRun run{document, info, PackFiles(inputs), inputHost, outputHost, sideHost};
     int code = PACK_UNKNOWN_MODE;
     if (info.packmode == PACK_TO_TARGET)
         code = PackToTarget(run);

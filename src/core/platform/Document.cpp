@@ -1,5 +1,7 @@
 #include "Document.h"
 
+#include "Paths.h"
+
 #include <algorithm>
 
 void CDocument::SetModifiedFlag(bool flag)
@@ -20,7 +22,7 @@ void CDocument::UpdateAllViews(CView *sender, long hint, CView *target)
 {
     const std::vector<CView *> told = views; // a view may add or remove another
     for (CView *view : told) {
-        if (view != sender)
+        if (view != sender && std::find(views.begin(), views.end(), view) != views.end())
             view->OnUpdate(sender, hint, target);
     }
 }
@@ -37,6 +39,9 @@ CDocument *CDocManager::OpenDocumentFile(const QString &path)
         document->ReportSaveLoadException(path, exception, false);
         document->OnCloseDocument();
         return nullptr;
+    } catch (...) {
+        document->OnCloseDocument();
+        throw;
     }
     document->SetModifiedFlag(false);
     documents.push_back(std::move(document));
@@ -49,7 +54,7 @@ CDocument *CDocManager::OpenDocumentFile(const QString &path)
 CDocument *CDocManager::FindDocument(const QString &path) const
 {
     const auto found = std::find_if(documents.begin(), documents.end(),
-                                    [&](const auto &document) { return EqualsNoCase(document->m_strPathName, path); });
+                                    [&](const auto &document) { return IsSamePath(document->m_strPathName, path); });
     return found == documents.end() ? nullptr : found->get();
 }
 

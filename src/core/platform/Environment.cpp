@@ -65,7 +65,8 @@ Environment::Environment(const QString &programFolder)
     : settings(WithSeparator(programFolder) + QStringLiteral("Morvanite.ini"), UserSettingsFile()),
       programDir(WithSeparator(programFolder))
 {
-    codePage.Select(settings.String("Text", "code_page").toUtf8());
+    const QByteArray name = settings.String("Text", "code_page").toUtf8();
+    codePageUnknown = !name.isEmpty() && !codePage.Select(name);
 }
 
 Environment::~Environment() = default;
@@ -95,11 +96,29 @@ void Environment::DebugTrace(const char *format, ...)
     va_end(arguments);
 }
 
+void Environment::RefreshSettings()
+{
+    settings.Refresh();
+    if (languages)
+        languages->Refresh();
+}
+
+void Environment::FlushOutput()
+{
+    if (flushOutput)
+        flushOutput();
+}
+
+int Environment::ReplaceFile(QStringView path, QByteArrayView bytes, IfRefused ifRefused) const
+{
+    return transaction ? transaction->Write(path, bytes, ifRefused) : WriteFileAtomically(path, bytes);
+}
+
 const Profile &Environment::Languages() const
 {
     if (!languages)
-        languages = std::make_unique<Profile>(Profile::Load(programDir + QStringLiteral("tuvik.ini")));
-    return *languages;
+        languages = std::make_unique<ProfileFile>(programDir + QStringLiteral("tuvik.ini"));
+    return languages->Content();
 }
 
 QStringList Environment::ReadLanguageTable() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FileTransaction.h"
 #include "Settings.h"
 #include "Text.h"
 
@@ -39,7 +40,7 @@ public:
 
     /// Who gets what `WriteOutput` writes. The frame and the command handler set it.
     Sink output;
-    /// Called before something that takes long, so that nothing written is held back meanwhile; may be empty.
+    /// What `FlushOutput` calls; may be empty.
     std::function<void()> flushOutput;
     /// Who gets what `DebugTrace` writes; empty by default.
     Sink trace;
@@ -49,7 +50,21 @@ public:
     int WarningCount = 0;
 
     Settings settings;
+    /// Takes in what has been changed in the settings and the language table; at the beginning of an operation. The
+    /// code page stays: what is in memory has it.
+    void RefreshSettings();
     CodePage codePage;
+    /// True when the settings name a code page that doesn't exist; UTF-8 is used then.
+    bool codePageUnknown = false;
+
+    /// Sends on what `WriteOutput` wrote and is held back, since something that takes long comes next.
+    void FlushOutput();
+
+    /// Replaces a file in one step, or together with the others of the transaction that is under way. 0, or the
+    /// system's error number.
+    [[nodiscard]] int ReplaceFile(QStringView path, QByteArrayView bytes, IfRefused ifRefused = IfRefused::Stop) const;
+    /// The transaction under way; it sets this itself.
+    FileTransaction *transaction = nullptr;
 
     /// The language table's section `Language` of "tuvik.ini", lines of the form name=number.
     [[nodiscard]] QStringList ReadLanguageTable() const;
@@ -58,6 +73,6 @@ public:
 
 private:
     QString programDir;
-    mutable std::unique_ptr<Profile> languages; // read at the first use
+    mutable std::unique_ptr<ProfileFile> languages; // read at the first use
     [[nodiscard]] const Profile &Languages() const;
 };

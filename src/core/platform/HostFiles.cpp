@@ -32,7 +32,7 @@ FileHandle FileHandle::OpenRead(QStringView path)
     FileHandle file(open(host.constData(), FLAGS));
     if (!file.IsOpen() && errno == ENOENT && !host.isEmpty())
         file = FileHandle(open(HostPaths().Resolve(path).constData(), FLAGS));
-    struct stat info;
+    struct stat info = {};
     if (file.IsOpen() && (fstat(file.Get(), &info) != 0 || !S_ISREG(info.st_mode))) {
         const int error = S_ISDIR(info.st_mode) ? EISDIR : EINVAL;
         file = FileHandle();

@@ -40,33 +40,6 @@ private:
 /// system's error number, and then the old file is as it was.
 [[nodiscard]] int WriteFileAtomically(QStringView path, QByteArrayView bytes);
 
-/// Holds back all replacements by `WriteFileAtomically` until they are committed together, so that a save that fails in
-/// its second file leaves the first as it was. One at a time in the process.
-class FileTransaction
-{
-public:
-    FileTransaction();
-    ~FileTransaction(); ///< drops what wasn't committed
-    FileTransaction(const FileTransaction &) = delete;
-    FileTransaction &operator=(const FileTransaction &) = delete;
-
-    /// Puts all written files into their places, in the order of writing. False when the system refused one; those
-    /// before it have changed.
-    [[nodiscard]] bool Commit();
-
-    /// A written file that waits for its place.
-    struct Staged
-    {
-        QByteArray temporary;
-        QByteArray target;
-    };
-
-private:
-    friend int WriteFileAtomically(QStringView path, QByteArrayView bytes);
-    static FileTransaction *current;
-    std::vector<Staged> staged;
-};
-
 /// A file of the system, closed by itself.
 class FileHandle
 {

@@ -68,6 +68,7 @@ QString FileExtension(QStringView path)
 QString CanonicalPath(QStringView path)
 {
     const bool rooted = path.startsWith(u'/') || path.startsWith(u"\\\\");
+    const bool hasDrive = path.size() > 1 && path[1] == u':';
     QStringList kept;
     qsizetype at = 0;
     while (at <= path.size()) {
@@ -81,7 +82,7 @@ QString CanonicalPath(QStringView path)
         if (part != u"..")
             kept.append(part.toString());
         else if (!kept.isEmpty() && kept.last() != u"..")
-            kept.removeLast();
+            kept.resize(kept.size() - (hasDrive && kept.size() == 1 ? 0 : 1));
         else if (!rooted)
             kept.append(part.toString());
     }
@@ -89,6 +90,11 @@ QString CanonicalPath(QStringView path)
     if (rooted)
         return u'/' + joined;
     return joined.isEmpty() ? QStringLiteral(".") : joined;
+}
+
+bool IsSamePath(QStringView a, QStringView b)
+{
+    return EqualsNoCase(a, b) || EqualsNoCase(CanonicalPath(a), CanonicalPath(b));
 }
 
 bool MakeAbsolute(QString &path, const QString &base)

@@ -18,8 +18,12 @@
 /// The name behind the last separator.
 [[nodiscard]] QString FileName(QStringView path);
 
-/// `path` with "." and ".." resolved and "/" as separator; a leading ".." stays.
+/// `path` with "." and ".." resolved and "/" as separator. A ".." that leads a relative path stays; above a root or a
+/// drive there is nothing.
 [[nodiscard]] QString CanonicalPath(QStringView path);
+
+/// Says whether two paths name the same file: without regard to case, and canonical.
+[[nodiscard]] bool IsSamePath(QStringView a, QStringView b);
 
 /// Joins a relative `path` to `base`, in the host's form. False, and no change, when the result would be longer than
 /// 520 characters. A path that isn't relative stays unchanged.

@@ -26,10 +26,18 @@ QString Unquoted(QStringView value)
 
 Profile Profile::Load(const QString &path)
 {
+    Profile profile;
+    (void)Read(path, profile);
+    return profile;
+}
+
+int Profile::Read(const QString &path, Profile &profile)
+{
     QByteArray bytes;
-    if (ReadFile(path, bytes, LARGEST_FILE) != 0)
-        return {};
-    return Parse(bytes);
+    const int error = ReadFile(path, bytes, LARGEST_FILE);
+    if (error == 0)
+        profile = Parse(bytes);
+    return error;
 }
 
 Profile Profile::Parse(QByteArrayView bytes)
@@ -39,35 +47,48 @@ Profile Profile::Parse(QByteArrayView bytes)
         if (bytes.startsWith(mark))
             profile.mark = mark.toByteArray();
     }
-    bytes = bytes.sliced(profile.mark.size());
-    QStringDecoder decode(profile.IsUtf16() ? QStringDecoder::Utf16LE : QStringDecoder::Utf8);
-    const QString text = decode(bytes);
-    if (text.contains(u"\r\n"))
-        profile.lineEnd = QStringLiteral("\r\n");
+    const qsizetype unit = profile.IsUtf16() ? 2 : 1;
     QString section;
-    qsizetype at = 0;
-    while (at < text.size()) {
-        qsizetype end = text.indexOf(u'\n', at);
-        if (end < 0)
-            end = text.size();
-        QStringView line = QStringView(text).sliced(at, end - at);
-        if (line.endsWith(u'\r'))
-            line.chop(1);
-        at = end + 1;
-        const QStringView trimmed = line.trimmed();
-        QString key;
-        const bool isHead = trimmed.startsWith(u'[');
-        if (isHead) {
-            const qsizetype close = trimmed.indexOf(u']');
-            section = ToUpperSimple(trimmed.sliced(1, (close < 0 ? trimmed.size() : close) - 1).trimmed());
-        } else if (!trimmed.startsWith(u';')) {
-            const qsizetype equals = trimmed.indexOf(u'=');
-            if (equals > 0)
-                key = ToUpperSimple(trimmed.first(equals).trimmed());
-        }
-        profile.lines.append({line.toString(), section, key, isHead});
+    for (qsizetype at = profile.mark.size(); at < bytes.size();) {
+        qsizetype end = at;
+        while (end < bytes.size() &&
+               !(bytes[end] == '\n' && (unit == 1 || (end + 1 < bytes.size() && !bytes[end + 1]))))
+            end += unit;
+        end = std::min(end + unit, bytes.size());
+        profile.AddLine(bytes.sliced(at, end - at), section);
+        at = end;
     }
     return profile;
+}
+
+void Profile::AddLine(QByteArrayView raw, QString &section)
+{
+    QStringDecoder decode(IsUtf16() ? QStringDecoder::Utf16LE : QStringDecoder::Utf8);
+    QString text = decode(raw);
+    const bool isFed = text.endsWith(u'\n');
+    text.chop(isFed);
+    const bool isReturned = text.endsWith(u'\r');
+    text.chop(isReturned);
+    if (lines.isEmpty() && isFed && isReturned)
+        lineEnd = QStringLiteral("\r\n");
+    const QStringView trimmed = QStringView(text).trimmed();
+    QString key;
+    const bool isHead = trimmed.startsWith(u'[');
+    if (isHead) {
+        const qsizetype close = trimmed.indexOf(u']');
+        section = ToUpperSimple(trimmed.sliced(1, (close < 0 ? trimmed.size() : close) - 1).trimmed());
+    } else if (!trimmed.startsWith(u';')) {
+        const qsizetype equals = trimmed.indexOf(u'=');
+        if (equals > 0)
+            key = ToUpperSimple(trimmed.first(equals).trimmed());
+    }
+    lines.append({raw.toByteArray(), text, section, key, isHead});
+}
+
+QByteArray Profile::Encoded(const QString &text) const
+{
+    QStringEncoder encode(IsUtf16() ? QStringEncoder::Utf16LE : QStringEncoder::Utf8);
+    return encode.encode(text);
 }
 
 std::pair<qsizetype, qsizetype> Profile::Range(const QString &upperSection) const
@@ -135,26 +156,33 @@ QStringList Profile::Section(QStringView section, qsizetype limit) const
 void Profile::Set(QStringView section, QStringView key, const QString &value)
 {
     const QString text = key.toString() + u'=' + value;
-    if (const Line *line = Find(section, key)) {
-        const_cast<Line *>(line)->text = text;
+    const QByteArray raw = Encoded(text + lineEnd);
+    if (const Line *found = Find(section, key)) {
+        auto *const line = const_cast<Line *>(found);
+        line->text = text;
+        line->raw = raw;
         return;
     }
     const QString upperSection = ToUpperSimple(section);
     auto [first, place] = Range(upperSection);
     if (first == lines.size() && !(first > 0 && lines.last().isHead && lines.last().section == upperSection)) {
-        lines.append({u'[' + section.toString() + u']', upperSection, {}, true});
+        const QString head = u'[' + section.toString() + u']';
+        lines.append({Encoded(head + lineEnd), head, upperSection, {}, true});
         first = place = lines.size();
     }
     while (place > first && lines[place - 1].text.trimmed().isEmpty())
         --place; // the empty lines in front of the next section stay there
-    lines.insert(place, {text, upperSection, ToUpperSimple(key), false});
+    lines.insert(place, {raw, text, upperSection, ToUpperSimple(key), false});
 }
 
 QByteArray Profile::Bytes() const
 {
-    QString text;
-    for (const Line &line : lines)
-        text += line.text + lineEnd;
-    QStringEncoder encode(IsUtf16() ? QStringEncoder::Utf16LE : QStringEncoder::Utf8);
-    return mark + encode.encode(text);
+    const QByteArray feed = Encoded(QStringLiteral("\n"));
+    QByteArray bytes = mark;
+    for (const Line &line : lines) {
+        bytes += line.raw;
+        if (&line != &lines.last() && !line.raw.endsWith(feed)) // it was the last one
+            bytes += Encoded(lineEnd);
+    }
+    return bytes;
 }

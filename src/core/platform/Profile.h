@@ -6,7 +6,8 @@
 
 #include <utility>
 
-/// A text file of sections, keys and values ("INI"), kept line by line: what isn't changed is written back as it was.
+/// A text file of sections, keys and values ("INI"), kept line by line: what isn't changed is written back byte for
+/// byte.
 ///
 /// Section and key names compare without regard to case, blanks around names and values don't count, one pair of equal
 /// quotes around a value is taken off, a line that begins with ";" is a comment. Of several equal sections or keys the
@@ -17,6 +18,8 @@ class Profile
 public:
     /// Reads a file; an absent or unreadable one, or one above 1 MiB, gives an empty profile.
     static Profile Load(const QString &path);
+    /// The same, and the system's error number when there is no profile to read; 0 otherwise.
+    [[nodiscard]] static int Read(const QString &path, Profile &profile);
     static Profile Parse(QByteArrayView bytes);
 
     [[nodiscard]] bool Has(QStringView section, QStringView key) const;
@@ -31,12 +34,13 @@ public:
 
     void Set(QStringView section, QStringView key, const QString &value);
 
-    /// The whole text in its encoding, lines ended as they were.
+    /// The whole text in its encoding; new lines end as the first one did.
     [[nodiscard]] QByteArray Bytes() const;
 
 private:
     struct Line
     {
+        QByteArray raw;  // as it stands in the file, with its line end
         QString text;    // without its line end
         QString section; // upper case; of the section that the line is in
         QString key;     // upper case; empty unless the line is `key=value`
@@ -46,6 +50,8 @@ private:
     /// The lines of the first section of that name: its first, and the one behind its last.
     [[nodiscard]] std::pair<qsizetype, qsizetype> Range(const QString &upperSection) const;
     [[nodiscard]] bool IsUtf16() const { return mark.size() == 2; }
+    [[nodiscard]] QByteArray Encoded(const QString &text) const;
+    void AddLine(QByteArrayView raw, QString &section);
 
     [[nodiscard]] const Line *Find(QStringView section, QStringView key) const;
 

@@ -110,8 +110,7 @@ std::vector<QByteArray> SplitCommandLine(QStringView commandLine)
 
 int RunTool(Environment &env, const QString &commandLine)
 {
-    if (env.flushOutput)
-        env.flushOutput();
+    env.FlushOutput();
     std::vector<QByteArray> words = SplitCommandLine(commandLine);
     if (words.empty()) {
         env.DebugTrace("CreateProcess failed (%d)\n", ENOENT);

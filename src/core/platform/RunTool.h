@@ -17,6 +17,6 @@ inline constexpr int TOOL_NOT_STARTED = -1030;
 [[nodiscard]] int RunTool(Environment &env, const QString &commandLine);
 
 /// The words of a command line: divided by blanks, a double quote begins or ends a stretch in which a blank doesn't
-/// divide. There is no escape. Of a program's name that isn't quoted but holds blanks the shortest stretch that names a
+/// divide. There is no escape. Of a program's name that isn't quoted but holds blanks the longest stretch that names a
 /// file counts.
 [[nodiscard]] std::vector<QByteArray> SplitCommandLine(QStringView commandLine);

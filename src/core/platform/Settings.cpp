@@ -5,9 +5,8 @@
 
 #include <unistd.h>
 
-Settings::Settings(QString programPath, QString userPath)
-    : programFile(std::move(programPath)), userFile(std::move(userPath)), program(Profile::Load(programFile)),
-      user(Profile::Load(userFile))
+Settings::Settings(const QString &programFile, const QString &userFile)
+    : programFolder(DirectoryOf(programFile)), userFolder(DirectoryOf(userFile)), program(programFile), user(userFile)
 {
 }
 
@@ -15,27 +14,30 @@ QString Settings::String(const char *section, const char *key, const char *fallb
 {
     const QString wideSection = QString::fromUtf8(section);
     const QString wideKey = QString::fromUtf8(key);
-    return user.String(wideSection, wideKey, program.String(wideSection, wideKey, QString::fromUtf8(fallback)));
+    return user.Content().String(wideSection, wideKey,
+                                 program.Content().String(wideSection, wideKey, QString::fromUtf8(fallback)));
 }
 
 int Settings::Int(const char *section, const char *key, int fallback) const
 {
     const QString wideSection = QString::fromUtf8(section);
     const QString wideKey = QString::fromUtf8(key);
-    return user.Int(wideSection, wideKey, program.Int(wideSection, wideKey, fallback));
+    return user.Content().Int(wideSection, wideKey, program.Content().Int(wideSection, wideKey, fallback));
+}
+
+void Settings::Refresh()
+{
+    program.Refresh();
+    user.Refresh();
 }
 
 bool Settings::Write(const QString &section, const QString &key, const QString &value)
 {
-    const bool hasUserValue = user.Has(section, key); // that one would hide the program's
-    if (!hasUserValue && access(HostPath(DirectoryOf(programFile)).constData(), W_OK) == 0) {
-        program.Set(section, key, value);
-        if (WriteFileAtomically(programFile, program.Bytes()) == 0)
-            return true;
-    }
-    user.Set(section, key, value);
-    const QString folder = DirectoryOf(userFile);
-    CreateFolderOnDisk(DirectoryOf(folder));
-    CreateFolderOnDisk(folder);
-    return WriteFileAtomically(userFile, user.Bytes()) == 0;
+    Refresh();
+    const bool hasUserValue = user.Content().Has(section, key); // that one would hide the program's
+    if (!hasUserValue && access(HostPath(programFolder).constData(), W_OK) == 0 && program.Set(section, key, value))
+        return true;
+    CreateFolderOnDisk(DirectoryOf(userFolder));
+    CreateFolderOnDisk(userFolder);
+    return user.Set(section, key, value);
 }

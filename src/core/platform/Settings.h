@@ -1,24 +1,27 @@
 #pragma once
 
-#include "Profile.h"
+#include "ProfileFile.h"
 
 /// The program's settings: the user's "Morvanite.ini" first, the program's next, the caller's default last.
 class Settings
 {
 public:
     /// Reads `programFile`, and `userFile` over it; either may be absent.
-    Settings(QString programFile, QString userFile);
+    Settings(const QString &programFile, const QString &userFile);
 
     [[nodiscard]] QString String(const char *section, const char *key, const char *fallback = "") const;
     [[nodiscard]] int Int(const char *section, const char *key, int fallback) const;
+
+    /// Takes in what has been changed in the files since they were read.
+    void Refresh();
 
     /// Changes a key in the program's file where that is writable, else in the user's. False when neither can be
     /// written.
     bool Write(const QString &section, const QString &key, const QString &value);
 
 private:
-    QString programFile;
-    QString userFile;
-    Profile program;
-    Profile user;
+    QString programFolder;
+    QString userFolder;
+    ProfileFile program;
+    ProfileFile user;
 };

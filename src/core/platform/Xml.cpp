@@ -224,8 +224,8 @@ bool SaveXml(const Environment &env, const TiXmlDocument &document, const QStrin
     document.Accept(&printer);
     const QByteArrayView text(printer.CStr(), qsizetype(printer.Size()));
     if (env.codePage.IsUtf8())
-        return WriteFileAtomically(path, text) == 0;
-    return WriteFileAtomically(path, env.WideToNarrow(QString::fromUtf8(text))) == 0;
+        return env.ReplaceFile(path, text) == 0;
+    return env.ReplaceFile(path, env.WideToNarrow(QString::fromUtf8(text))) == 0;
 }
 
 NarrowText FromXml(const Environment &env, const char *text)

@@ -60,9 +60,9 @@ bool CResDoc::BuildFolderTree(const QString &path)
     ReadConfig(env, path, config);
     if (config.zepVersion < OLDEST_VERSION) {
         if (services.Explain)
-            services.Explain(path +
-                             QStringLiteral(": its configuration (config.xml beside it) is missing, can't be read, or "
-                                            "has a zepversion below 20"));
+            services.Explain(
+                path + QStringLiteral(": its configuration (config.xml beside it) is missing, can't be read, has a "
+                                      "zepversion below 20, or has a path of more than 520 characters"));
         return false;
     }
     const int own = tables.resolutions.IndexOf(config.width, config.height);
@@ -92,6 +92,7 @@ void CResDoc::Serialize(bool loading)
 {
     if (!loading)
         return;
+    env.RefreshSettings();
     env.ErrorCount = env.WarningCount = 0;
     if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
@@ -102,10 +103,9 @@ void CResDoc::Serialize(bool loading)
 
 bool CResDoc::OnSaveDocument(const QString &path)
 {
+    env.RefreshSettings();
     env.ErrorCount = env.WarningCount = 0;
-    FileTransaction files;
-    lastSave.generate = GenerateIds(&path);
-    lastSave.write = WriteProject(path, *this, files);
+    lastSave = treeLost ? SaveResult{0, CANNOT_WRITE} : SaveAll(path);
     if (services.user && !IsCommandRunning(path)) {
         if (lastSave.write != 0)
             services.user->MessageBox(QStringLiteral("Failed to save the resources."));
@@ -115,6 +115,15 @@ bool CResDoc::OnSaveDocument(const QString &path)
     if (lastSave.write == 0 && lastSave.generate == 0)
         SetModifiedFlag(false);
     return true;
+}
+
+CResDoc::SaveResult CResDoc::SaveAll(const QString &path)
+{
+    FileTransaction files(env);
+    SaveResult result;
+    result.generate = GenerateIds(&path);
+    result.write = WriteProject(path, *this, files);
+    return result;
 }
 
 void CResDoc::OnCloseDocument()
@@ -171,7 +180,7 @@ void CResDoc::WatchFile(const QString &path, WatchClass watchClass)
         refPath = path;
     if (!services.watch)
         return;
-    const quint32 handle = services.watch->AddFile(path, this);
+    const quint32 handle = services.watch->AddFile(QString::fromUtf8(HostPath(path)), this);
     ReloadFlags *const flags = services.reloadFlags;
     qint32 *fileFlag = nullptr;
     qint32 *typeFlag = nullptr;
@@ -189,7 +198,8 @@ void CResDoc::WatchFile(const QString &path, WatchClass watchClass)
         fileFlag = flags ? &flags->layouts[path] : nullptr;
         break;
     }
-    services.watch->SetAutoReloadFlags(handle, fileFlag, typeFlag);
+    if (handle)
+        services.watch->SetAutoReloadFlags(handle, fileFlag, typeFlag);
 }
 
 void CResDoc::UnwatchFile(const QString &path, WatchClass watchClass)
@@ -211,11 +221,15 @@ void CResDoc::OnWatchedFileChanged(quint32 handle)
 {
     if (handle == 0)
         return;
+    env.RefreshSettings();
     env.ErrorCount = env.WarningCount = 0;
+    SetCurrentFolder(DirectoryOf(m_strPathName));
     if (handle == resWatch) {
+        treeLost = true;
         root.Clear();
         if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
             throw ArchiveException{CAUSE_BAD_DOCUMENT};
+        treeLost = false;
         UpdateAllViews(nullptr);
         SetModifiedFlag(false);
     } else if (handle == refWatch) {
@@ -235,12 +249,11 @@ void CResDoc::ChooseFiles(quint32 mask, bool multiSelect, const QString &initial
         quint32 bit;
         const char *name;
         const char *key;
-        const char *patterns;
     };
     static constexpr Entry ENTRIES[] = {
-        {KIND_IMAGES, "Image Files", "image", "*.bmp; *.png; *.gif; *.jpg"},
-        {KIND_AUDIO, "Audio Files", "audio", "*.wav; *.wma; *.mp3"},
-        {KIND_VIDEO, "Video Files", "video", "*.avi; *.asf; *.wmv; *.3gp; *.rm; *.rmvb"},
+        {KIND_IMAGES, "Image Files", "image"},
+        {KIND_AUDIO, "Audio Files", "audio"},
+        {KIND_VIDEO, "Video Files", "video"},
     };
     constexpr qsizetype NAME_BUFFER = 2048;
 
@@ -249,7 +262,7 @@ void CResDoc::ChooseFiles(quint32 mask, bool multiSelect, const QString &initial
     for (const Entry &entry : ENTRIES) {
         if (!(mask & entry.bit))
             continue;
-        const QString patterns = env.settings.String("FileType", entry.key, entry.patterns);
+        const QString patterns = FilePatterns(entry.key);
         filter +=
             QStringLiteral("%1%2 (%3)|%3").arg(QLatin1String(count++ ? "|" : ""), QLatin1String(entry.name), patterns);
     }

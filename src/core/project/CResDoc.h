@@ -52,7 +52,7 @@ public:
     bool OnNewDocument() override { return false; }
     void Serialize(bool loading) override;
     /// Numbers the IDs, writes the headers and the project. Always true: failures show in the output, in `lastSave`,
-    /// and, when no command is running, in a box.
+    /// and, when no command is running, in a box. Nothing is written after a reload that failed.
     bool OnSaveDocument(const QString &path) override;
     void OnCloseDocument() override;
     void ReportSaveLoadException(const QString &path, const ArchiveException &exception, bool saving) override;
@@ -92,8 +92,10 @@ public:
     void ChooseFiles(quint32 mask, bool multiSelect, const QString &initialName, QStringList &results);
 
 private:
+    [[nodiscard]] SaveResult SaveAll(const QString &path);
     [[nodiscard]] bool IsCommandRunning(const QString &path) const;
 
+    bool treeLost = false; // a reload failed halfway: what is in memory must not replace what is on disk
     CResSpy spy;
     const CFrameServices &services;
     quint32 resWatch = 0;

@@ -47,7 +47,8 @@ void ReadApplication(const TiXmlElement &application, ProjectConfig &config)
 void ReadConfig(const Environment &env, const QString &path, ProjectConfig &config)
 {
     QString file = env.settings.String("Path", "proj_cfg", ".\\config.xml");
-    MakeAbsolute(file, DirectoryOf(path));
+    if (!MakeAbsolute(file, DirectoryOf(path)))
+        return;
     TiXmlDocument document;
     if (LoadXml(env, file, document) != 0)
         return;

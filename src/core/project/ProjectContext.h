@@ -30,8 +30,11 @@ private:
 /// opened, -2 not well-formed, 11 no resource list, or the string file's.
 [[nodiscard]] int ReadProject(const QString &path, CResDoc &doc);
 
-/// Writes the resource list and the string file and commits `files`, with what else was written to it. 0; -3 if a file
-/// couldn't be written, and then none has changed.
+inline constexpr int CANNOT_WRITE = -3;
+
+/// Writes the resource list and the string file and commits `files`, the environment's transaction, with what else was
+/// written in it. 0; the string file's code, or -3, if a file couldn't be written. None has changed then, but for those
+/// before one that the system refused to put in place.
 [[nodiscard]] int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files);
 
 /// The resolution index that the project's resource list names for a layout file, or -1.

@@ -263,6 +263,7 @@ int ReadInto(const ProjectContext &context, const QString &path)
 {
     Environment &env = context.env;
     env.WriteOutput("Loading resource from \"%s\"...\r\n", qUtf8Printable(path));
+    env.FlushOutput();
     TiXmlDocument document;
     if (const int code = LoadXml(env, path, document)) {
         ++env.ErrorCount;

@@ -9,8 +9,6 @@
 namespace
 {
 
-constexpr int CANNOT_WRITE = -3;
-
 /// One writing of a resource list.
 class ProjectWriter
 {
@@ -149,10 +147,13 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
     CondenseWhiteSpace(false);
     ProjectWriter writer(context);
     int code = writer.Write(doc.root, writer.Root());
-    if (code == 0 && !(writer.Save(file) && files.Commit())) {
+    std::optional<QString> refused;
+    if (code == 0)
+        refused = writer.Save(file) ? files.Commit() : file;
+    if (refused) {
         code = CANNOT_WRITE;
         const int count = ++env.ErrorCount;
-        env.WriteOutput("Error %d: failed to write to file \"%s\".\r\n", count, qUtf8Printable(file));
+        env.WriteOutput("Error %d: failed to write to file \"%s\".\r\n", count, qUtf8Printable(*refused));
     }
     if (!writer.writtenStrings.isEmpty())
         doc.WatchFile(writer.writtenStrings, CResDoc::WATCH_STRINGS);

@@ -35,6 +35,7 @@ int ReadStringFile(const QString &path, CResModel &document)
         return CANT_OPEN;
     }
     document.env.WriteOutput("Loading strings from \"%s\"...\r\n", Shown(path).constData());
+    document.env.FlushOutput();
     return StringFileReader(document, [&](void *buffer, size_t size) { return file.Read(buffer, size); })
         .Read(file.Size());
 }

@@ -125,9 +125,9 @@ int WriteStringFile(const QString &path, CResModel &document)
 {
     const QString text = StringFileText(document).Make();
     const auto *bytes = reinterpret_cast<const char *>(text.constData());
-    const int error = text.isEmpty()
-                          ? EFBIG
-                          : WriteFileAtomically(path, QByteArrayView(bytes, text.size() * qsizetype(sizeof(QChar))));
+    const int error =
+        text.isEmpty() ? EFBIG
+                       : document.env.ReplaceFile(path, QByteArrayView(bytes, text.size() * qsizetype(sizeof(QChar))));
     if (error == 0)
         return OK;
     if (FellShort(error)) {

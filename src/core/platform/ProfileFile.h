@@ -1,0 +1,29 @@
+#pragma once
+
+#include "Profile.h"
+
+#include <sys/stat.h>
+
+/// A profile and the file that it was read from.
+class ProfileFile
+{
+public:
+    /// Reads the file; an absent or unreadable one gives an empty profile.
+    explicit ProfileFile(QString path);
+
+    [[nodiscard]] const Profile &Content() const { return content; }
+
+    /// Reads the file again if it is another than the one that was read, or has changed since.
+    void Refresh();
+
+    /// Changes one key in the file as it stands now. False when it can't be read, or can't be written; it is as it was
+    /// then.
+    bool Set(const QString &section, const QString &key, const QString &value);
+
+private:
+    void Read();
+
+    QString path;
+    Profile content;
+    struct stat stamp; // of the file that was read; all zero: there was none
+};
