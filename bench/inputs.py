@@ -49,6 +49,10 @@ def resource_elements(count):
             for i in range(count)]
 
 
+def project_of_resources(folder, count):
+    return project(folder, resource_elements(count))
+
+
 def sentence(rng):
     words = ('the', 'weather', 'will', 'be', 'sunny', 'tomorrow', 'morning', 'settings', 'alarm', 'Straße', 'Ночь', '天气')
     return ' '.join(rng.choice(words) for _ in range(rng.randint(3, 7)))

@@ -1,4 +1,5 @@
 #include "Xml.h"
+#include "XmlWriter.h"
 
 #include "Environment.h"
 #include "TempFolder.h"
@@ -102,8 +103,20 @@ TEST_F(Xml, TextIsTurnedFromTheCodePageAndBackIntoIt)
     EXPECT_STREQ(a->GetText(), "\xe4\xb8\xad");
     EXPECT_EQ(FromXml(env, a->Attribute("b")), "\xd6\xd0");
     EXPECT_EQ(ToXml(env, "\xd6\xd0"), "\xe4\xb8\xad");
-    EXPECT_TRUE(SaveXml(env, document, folder.Path("out.xml")));
-    EXPECT_EQ(folder.Get("out.xml"), "<a b=\"\xd6\xd0\">\xd6\xd0</a>\n");
+    XmlWriter writer(env);
+    writer.Begin(TiXmlElement("all"));
+    writer.Put(*a);
+    for (const bool empty : {true, false}) {
+        writer.Begin(TiXmlElement("inner"));
+        if (!empty)
+            writer.Put(TiXmlElement("b"));
+        writer.End();
+    }
+    writer.End();
+    EXPECT_TRUE(writer.Save(folder.Path("out.xml")));
+    EXPECT_EQ(folder.Get("out.xml"),
+              "<all>\n    <a b=\"\xd6\xd0\">\xd6\xd0</a>\n    <inner />\n    <inner>\n        <b />\n"
+              "    </inner>\n</all>\n");
     ASSERT_EQ(Parse("\xEF\xBB\xBF<a>\xe4\xb8\xad</a>"), 0) << "a mark says that the file is UTF-8";
     EXPECT_STREQ(document.FirstChildElement()->GetText(), "\xe4\xb8\xad");
 

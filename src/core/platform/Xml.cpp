@@ -218,16 +218,6 @@ int RowOf(const TiXmlElement &element)
     return row > 0 ? int(row) : element.Row();
 }
 
-bool SaveXml(const Environment &env, const TiXmlDocument &document, const QString &path)
-{
-    TiXmlPrinter printer;
-    document.Accept(&printer);
-    const QByteArrayView text(printer.CStr(), qsizetype(printer.Size()));
-    if (env.codePage.IsUtf8())
-        return env.ReplaceFile(path, text) == 0;
-    return env.ReplaceFile(path, env.WideToNarrow(QString::fromUtf8(text))) == 0;
-}
-
 NarrowText FromXml(const Environment &env, const char *text)
 {
     if (!text)

@@ -16,9 +16,6 @@ class Environment;
 /// The row in which an element of a document that was read begins, from 1. The parser's own count is switched off.
 [[nodiscard]] int RowOf(const TiXmlElement &element);
 
-/// Prints `document` into memory and replaces the file with it. False when it couldn't be written.
-[[nodiscard]] bool SaveXml(const Environment &env, const TiXmlDocument &document, const QString &path);
-
 /// Text of the document (UTF-8) in the ANSI code page, and back. Bytes that are no UTF-8 stay as they are where the
 /// parser would read them as such, and become U+FFFD where it wouldn't.
 [[nodiscard]] NarrowText FromXml(const Environment &env, const char *text);

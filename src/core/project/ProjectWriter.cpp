@@ -5,6 +5,7 @@
 #include "ProjectContext.h"
 #include "StringFile.h"
 #include "Xml.h"
+#include "XmlWriter.h"
 
 namespace
 {
@@ -14,18 +15,32 @@ class ProjectWriter
 {
 public:
     explicit ProjectWriter(const ProjectContext &projectContext)
-        : context(projectContext), doc(context.doc), env(context.env)
+        : context(projectContext), doc(context.doc), env(context.env), list(env)
     {
-        app = document.InsertEndChild(TiXmlElement("APP"))->ToElement();
-        app->SetAttribute("id", (QStringLiteral("APP_") + context.name).toUtf8().constData());
     }
 
-    /// Adds the elements of a folder and of those below it: subfolders before the folder's own resources.
-    int Write(const CResFolder &folder, TiXmlElement &parent)
+    /// Writes the whole list, and the string file.
+    int WriteAll()
+    {
+        TiXmlElement app("APP");
+        app.SetAttribute("id", (QStringLiteral("APP_") + context.name).toUtf8().constData());
+        list.Begin(app);
+        const int code = Write(doc.root);
+        list.End();
+        return code;
+    }
+
+    bool Save(const QString &path) { return list.Save(path); }
+
+    QString writtenStrings;  ///< the string file, if the project has strings and they were written
+    QString obsoleteStrings; ///< the string file that it no longer has, if it has none
+
+private:
+    /// Writes the elements of a folder and of those below it: subfolders before the folder's own resources.
+    int Write(const CResFolder &folder)
     {
         if (folder.kind & KIND_FLAG_OFF)
             return 0;
-        TiXmlElement *inner = &parent;
         switch (folder.kind) {
         case KIND_STRINGS:
             return WriteStrings(folder);
@@ -35,78 +50,70 @@ public:
             WriteComponent(folder);
             return 0;
         case KIND_RESO_IMAGES:
-            if (folder.index >= 0)
-                inner = &AddResolution(folder.index, "image");
-            break;
+            WriteImages(folder);
+            return 0;
+        case KIND_AUDIO:
+        case KIND_VIDEO:
+        case KIND_BINARY:
+            PutFiles(folder, "FILE");
+            return 0;
         default:
             break;
         }
         for (const auto &subfolder : folder.subfolders) {
-            if (const int code = Write(*subfolder, *inner))
+            if (const int code = Write(*subfolder))
                 return code;
-        }
-        const char *tag = folder.kind == KIND_RESO_IMAGES ? "IMAGE"
-                          : folder.kind == KIND_AUDIO || folder.kind == KIND_VIDEO || folder.kind == KIND_BINARY
-                              ? "FILE"
-                              : nullptr;
-        if (tag) {
-            for (const CBaseRes *res : folder.resources)
-                AddFileRes(*inner, tag, static_cast<const CFileRes &>(*res));
         }
         return 0;
     }
 
-    TiXmlElement &Root() { return *app; }
-
-    bool Save(const QString &path) { return SaveXml(env, document, path); }
-
-    QString writtenStrings;  ///< the string file, if the project has strings and they were written
-    QString obsoleteStrings; ///< the string file that it no longer has, if it has none
-
-private:
-    static TiXmlElement &AddElement(TiXmlElement &parent, const char *tag)
-    {
-        auto *element = new TiXmlElement(tag);
-        parent.LinkEndChild(element);
-        return *element;
-    }
-
-    static void AddText(TiXmlElement &element, const QByteArray &text)
+    void Put(TiXmlElement &element, const QByteArray &text)
     {
         element.LinkEndChild(new TiXmlText(text.constData()));
+        list.Put(element);
     }
 
-    TiXmlElement &AddResolution(qint32 index, const char *group)
+    void PutFiles(const CResFolder &folder, const char *tag)
     {
-        const CResoEntry &resolution = doc.tables.resolutions.At(index);
-        TiXmlElement &element = AddElement(*app, "RESOLUTION");
+        for (const CBaseRes *res : folder.resources) {
+            TiXmlElement element(tag);
+            element.SetAttribute("id", ToXml(env, res->Id()->name).constData());
+            element.SetAttribute("type", res->Id()->push ? "Push" : "Normal");
+            Put(element, ToXml(env, static_cast<const CFileRes *>(res)->path));
+        }
+    }
+
+    void WriteImages(const CResFolder &folder)
+    {
+        if (folder.index < 0) {
+            PutFiles(folder, "IMAGE");
+            return;
+        }
+        const CResoEntry &resolution = doc.tables.resolutions.At(folder.index);
+        TiXmlElement element("RESOLUTION");
         element.SetAttribute("width", resolution.width);
         element.SetAttribute("height", resolution.height);
-        element.SetAttribute("class", group);
-        return element;
-    }
-
-    void AddFileRes(TiXmlElement &parent, const char *tag, const CFileRes &res)
-    {
-        TiXmlElement &element = AddElement(parent, tag);
-        element.SetAttribute("id", ToXml(env, res.Id()->name).constData());
-        element.SetAttribute("type", res.Id()->push ? "Push" : "Normal");
-        AddText(element, ToXml(env, res.path));
+        element.SetAttribute("class", "image");
+        list.Begin(element);
+        PutFiles(folder, "IMAGE");
+        list.End();
     }
 
     void WriteComponent(const CResFolder &component)
     {
-        TiXmlElement &element = AddElement(*app, "COMPONENT");
+        TiXmlElement element("COMPONENT");
         element.SetAttribute("id", component.title.toUtf8().constData());
+        list.Begin(element);
         for (const CBaseRes *res : component.resources) {
             const auto &image = static_cast<const CFileRes &>(*res);
             if (!image.inUse)
                 continue;
-            TiXmlElement &child = AddElement(element, "IMAGE");
+            TiXmlElement child("IMAGE");
             child.SetAttribute("id", ToXml(env, image.Id()->name).constData());
             const bool stock = EqualsNoCase(env.NarrowToWide(image.path), env.NarrowToWide(image.defaultPath));
-            AddText(child, stock ? QByteArray() : ToXml(env, image.path));
+            Put(child, stock ? QByteArray() : ToXml(env, image.path));
         }
+        list.End();
     }
 
     int WriteStrings(const CResFolder &strings)
@@ -118,7 +125,8 @@ private:
             obsoleteStrings = context.Absolute(path);
             return 0;
         }
-        AddText(AddElement(*app, "STRING"), path.toUtf8());
+        TiXmlElement element("STRING");
+        Put(element, path.toUtf8());
         SetCurrentFolder(context.dir);
         writtenStrings = context.Absolute(path);
         doc.UnwatchFile(writtenStrings, CResDoc::WATCH_STRINGS);
@@ -131,8 +139,7 @@ private:
     const ProjectContext &context;
     CResDoc &doc;
     Environment &env;
-    TiXmlDocument document;
-    TiXmlElement *app;
+    XmlWriter list;
 };
 
 } // namespace
@@ -146,7 +153,7 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
     doc.UnwatchFile(absolute, CResDoc::WATCH_RESOURCES);
     CondenseWhiteSpace(false);
     ProjectWriter writer(context);
-    int code = writer.Write(doc.root, writer.Root());
+    int code = writer.WriteAll();
     std::optional<QString> refused;
     if (code == 0)
         refused = writer.Save(file) ? files.Commit() : file;
