@@ -1,0 +1,44 @@
+#include "Sheet.h"
+
+#include <algorithm>
+
+namespace
+{
+
+bool IsBefore(const Sheet::Cell &a, const Sheet::Cell &b)
+{
+    return a.row != b.row ? a.row < b.row : a.column < b.column;
+}
+
+} // namespace
+
+void Sheet::Add(quint32 row, quint32 column, QString text)
+{
+    if (!text.isEmpty() && row < MOST_ROWS && column < MOST_COLUMNS)
+        cells.push_back({row, column, std::move(text)});
+}
+
+void Sheet::Finish()
+{
+    if (!std::is_sorted(cells.begin(), cells.end(), IsBefore))
+        std::stable_sort(cells.begin(), cells.end(), IsBefore);
+    // Of equal places the last one stays: unique keeps the first, so it looks from the end.
+    const auto isSame = [](const Cell &a, const Cell &b) { return a.row == b.row && a.column == b.column; };
+    const auto kept = std::unique(cells.rbegin(), cells.rend(), isSame);
+    cells.erase(cells.begin(), kept.base());
+    if (cells.empty())
+        return;
+    const auto [first, last] = std::minmax_element(cells.begin(), cells.end(),
+                                                   [](const Cell &a, const Cell &b) { return a.column < b.column; });
+    usedRows = cells.back().row - cells.front().row + 1;
+    usedColumns = last->column - first->column + 1;
+    endRow = cells.back().row + 1;
+}
+
+const QString &Sheet::At(quint32 row, quint32 column) const
+{
+    static const QString none;
+    const Cell wanted{row, column, {}};
+    const auto found = std::lower_bound(cells.begin(), cells.end(), wanted, IsBefore);
+    return found != cells.end() && found->row == row && found->column == column ? found->text : none;
+}
