@@ -14,6 +14,7 @@ std::vector<std::unique_ptr<ICommand>> AllCommands()
     commands.push_back(MakePackCommand());
     commands.push_back(MakeIdsCommand());
     commands.push_back(MakeInspectCommand());
+    commands.push_back(MakeStringsCommand());
     commands.push_back(MakeServeCommand());
     return commands;
 }

@@ -100,6 +100,8 @@ void IDPool::Unindex(IDRecord *record)
     } else {
         *link = inBucket;
         --names;
+        if (nameFreed)
+            nameFreed(record->name);
     }
 }
 
@@ -123,12 +125,6 @@ IDRecord *IDPool::Find(const NarrowText &name, qint16 scope)
     while (record && record->scope != scope)
         record = record->nextOfName;
     return record;
-}
-
-bool IDPool::HasSeveral(const NarrowText &name) const
-{
-    const IDRecord *oldest = Oldest(name, HashOf(name));
-    return oldest && oldest->nextOfName;
 }
 
 bool IDPool::IsTaken(const NarrowText &name, size_t hash, qint16 scope) const

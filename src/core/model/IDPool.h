@@ -2,6 +2,7 @@
 
 #include "Text.h"
 
+#include <functional>
 #include <vector>
 
 class CBaseRes;
@@ -80,8 +81,8 @@ public:
     [[nodiscard]] IDRecord *Find(const NarrowText &name, qint16 scope);
     /// Appends a record with one holder, or gives null when `name` is taken in `scope`.
     [[nodiscard]] IDRecord *Allocate(const NarrowText &name, qint16 scope);
-    /// True when more than one record bears the name.
-    [[nodiscard]] bool HasSeveral(const NarrowText &name) const;
+    /// Told when the last record of a name has left it; may be empty.
+    std::function<void(const NarrowText &name)> nameFreed;
     [[nodiscard]] bool IsEmpty() const { return sentinel.next == &sentinel; }
     /// Makes room for that many more names.
     void Reserve(size_t more);

@@ -35,6 +35,13 @@ void Sheet::Finish()
     endRow = cells.back().row + 1;
 }
 
+quint32 Sheet::EndColumn(quint32 row) const
+{
+    const Cell behind{row + 1, 0, {}};
+    const auto next = std::lower_bound(cells.begin(), cells.end(), behind, IsBefore);
+    return next != cells.begin() && (next - 1)->row == row ? (next - 1)->column + 1 : 0;
+}
+
 const QString &Sheet::At(quint32 row, quint32 column) const
 {
     static const QString none;

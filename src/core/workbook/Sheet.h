@@ -37,6 +37,8 @@ public:
     [[nodiscard]] quint32 UsedColumns() const { return usedColumns; }
     /// One behind the last row that has a text.
     [[nodiscard]] quint32 EndRow() const { return endRow; }
+    /// One behind the last column of a row that has a text.
+    [[nodiscard]] quint32 EndColumn(quint32 row) const;
 
 private:
     std::vector<Cell> cells; // by row and column, once finished

@@ -1,0 +1,257 @@
+#include "CellFinder.h"
+#include "Environment.h"
+#include "IdNames.h"
+#include "Paths.h"
+#include "ResModel.h"
+#include "Spreadsheet.h"
+#include "StringFileFormat.h"
+
+#include <algorithm>
+
+using namespace StringFileFormat;
+
+namespace
+{
+
+// Rows of the sheet.
+constexpr quint32 COUNT_ROW = 0;
+constexpr quint32 NAMES_ROW = 1;
+constexpr quint32 FIRST_ROW = 2;
+constexpr quint32 FEWEST = 3; // columns and rows
+
+/// One import. For one use.
+class Importer
+{
+public:
+    Importer(CResModel &model, const Sheet &readSheet, IImportWatch *cellWatch)
+        : document(model), env(model.env), sheet(readSheet), watch(cellWatch)
+    {
+    }
+
+    /// 0, or the code of what stopped it.
+    int Import()
+    {
+        if (const int code = ReadHeader())
+            return code;
+        for (quint32 row = FIRST_ROW; row < sheet.EndRow(); ++row)
+            ReadRow(row);
+        return OK;
+    }
+
+private:
+    int Expect(quint32 row, quint32 column, QStringView expected, bool anywhere = false)
+    {
+        const QString &found = sheet.At(row, column);
+        if (anywhere ? found.contains(expected) : found == expected)
+            return OK;
+        const int count = ++env.ErrorCount;
+        env.WriteOutput("Error %d: invalid file format; \"%s\" expected at cell %s.\r\n", count,
+                        expected.toUtf8().constData(), qUtf8Printable(CellName(column, row + 1)));
+        return WRONG_HEADER;
+    }
+
+    int ReadHeader()
+    {
+        if (const int code = Expect(COUNT_ROW, 0, COUNT_WORD, /*anywhere=*/true))
+            return code;
+        int languages = LeadingNumber(sheet.At(COUNT_ROW, 1));
+        if (languages < 1) {
+            const int count = ++env.WarningCount;
+            env.WriteOutput("Warning %d: %s = %d.\r\n", count, COUNT_WORD.toUtf8().constData(), languages);
+            languages = 0;
+        }
+        hasType = EqualsNoCase(sheet.At(NAMES_ROW, 1), TYPE_WORD);
+        firstText = hasType ? 2 : 1;
+        if (qint64(sheet.UsedColumns()) < qint64(languages) + firstText + 1) {
+            const int count = ++env.ErrorCount;
+            env.WriteOutput("Error %d: invalid number of languages.\r\n", count);
+            return WRONG_HEADER;
+        }
+        int code = Expect(NAMES_ROW, 0, ID_WORD);
+        if (code == OK && hasType)
+            code = Expect(NAMES_ROW, 1, TYPE_WORD);
+        if (code == OK)
+            code = Expect(NAMES_ROW, firstText, DESCRIPTION_WORD);
+        return code == OK ? ReadLanguages(quint32(languages)) : code;
+    }
+
+    int ReadLanguages(quint32 languages)
+    {
+        columns.push_back(EnsureFolder(DESCRIPTION, QString()));
+        for (quint32 i = 0; i < languages; ++i) {
+            const QString &name = sheet.At(NAMES_ROW, firstText + 1 + i);
+            const int number = env.LanguageNumber(name);
+            if (number == -1) {
+                const int count = ++env.ErrorCount;
+                env.WriteOutput("Error %d: language \"%s\" is unrecognized.\r\n", count, Shown(name).constData());
+                return UNKNOWN_LANGUAGE;
+            }
+            columns.push_back(EnsureFolder(number, name));
+        }
+        return OK;
+    }
+
+    CResFolder *EnsureFolder(qint32 index, const QString &title)
+    {
+        CResFolder *const strings = document.root.FindFolder(KIND_STRINGS, 2);
+        if (CResFolder *folder = strings->FindFolder(KIND_LANGUAGE, index, 1))
+            return folder;
+        auto made = document.CreateFolder(KIND_LANGUAGE, index);
+        made->title = title;
+        CResFolder *const folder = made.get();
+        strings->AddFolder(std::move(made));
+        return folder;
+    }
+
+    /// For a %s of the log, which shows no more than this of it anyway.
+    static QByteArray Shown(QStringView text) { return text.first(qMin(text.size(), qsizetype(512))).toUtf8(); }
+
+    void ReadRow(quint32 row)
+    {
+        read = 0;
+        ReadCells(row);
+        for (quint32 column = read; watch && column < sheet.EndColumn(row); ++column)
+            Tell(row, column, CellFate::Nowhere, QString());
+    }
+
+    void ReadCells(quint32 row)
+    {
+        const QString &id = sheet.At(row, 0);
+        if (id.isEmpty()) {
+            const int count = ++env.WarningCount;
+            env.WriteOutput("Warning %d: empty ID discarded (Line %d).\r\n", count, int(row) + 1);
+            return;
+        }
+        if (EqualsNoCase(id, END_WORD))
+            return;
+        if (!IsValidIdName(id)) {
+            const int count = ++env.ErrorCount;
+            env.WriteOutput("Error %d: invalid ID format - [%s].\r\n", count, Shown(id).constData());
+        }
+        const bool push = ReadKind(row);
+        const NarrowText name = env.WideToNarrow(id);
+        const IDRecord *rowId = document.ids.Find(name, ANY_RESOLUTION);
+        CStringRes *previous = nullptr;
+        read = firstText;
+        for (CResFolder *folder : columns) {
+            const QString &text = sheet.At(row, read);
+            if (text.isEmpty() && folder->index != DESCRIPTION) {
+                ++read;
+                continue;
+            }
+            CStringRes *cell = rowId ? cells.Find(rowId, *folder) : nullptr;
+            if (cell)
+                Fill(*cell, row, text);
+            else
+                cell = Make(*folder, name, row, text, previous);
+            if (!cell)
+                return;
+            ++read;
+            previous = cell;
+            rowId = cell->Id();
+            cell->Id()->push = push;
+            if (push)
+                cell->Id()->pushKind = PUSH_STRING;
+        }
+    }
+
+    bool ReadKind(quint32 row)
+    {
+        if (!hasType)
+            return false;
+        const QString &type = sheet.At(row, 1);
+        if (type != PUSH_WORD && type != NORMAL_WORD) {
+            const int count = ++env.ErrorCount;
+            env.WriteOutput("Error %d: invalid push format - [%s].\r\n", count, Shown(type).constData());
+        }
+        return type == PUSH_WORD;
+    }
+
+    void Fill(CStringRes &cell, quint32 row, const QString &text)
+    {
+        const CellFate fate = cell.text == text     ? CellFate::Same
+                              : cell.text.isEmpty() ? CellFate::Filled
+                                                    : CellFate::Kept;
+        Tell(row, read, fate, cell.text);
+        if (fate == CellFate::Filled)
+            cell.SetText(text);
+    }
+
+    /// Null, with the error logged, when the ID is borne by another resource.
+    CStringRes *Make(CResFolder &folder, const NarrowText &name, quint32 row, const QString &text, CStringRes *previous)
+    {
+        auto made = previous ? document.CreateStringRes(previous->Id(), folder.index)
+                             : document.CreateStringRes(name, folder.index);
+        if (!made) {
+            const int count = ++env.ErrorCount;
+            env.WriteOutput("Error %d: ID conflicts - %s (Line %d).\r\n", count, Shown(sheet.At(row, 0)).constData(),
+                            int(row) + 1);
+            return nullptr;
+        }
+        CStringRes *const cell = made.get();
+        folder.AddResource(std::move(made));
+        cell->SetText(text);
+        if (previous)
+            previous->LinkBehind(cell);
+        cells.Added(cell);
+        Tell(row, read, CellFate::New, QString());
+        return cell;
+    }
+
+    void Tell(quint32 row, quint32 column, CellFate fate, const QString &inTable)
+    {
+        if (watch && !sheet.At(row, column).isEmpty())
+            watch->Cell(row, column, fate, inTable, sheet.At(row, column));
+    }
+
+    CResModel &document;
+    Environment &env;
+    const Sheet &sheet;
+    IImportWatch *watch;
+    bool hasType = false;
+    quint32 firstText = 0; // the column of descriptions
+    quint32 read = 0;      // so many columns of the row have been told of
+    std::vector<CResFolder *> columns;
+    CellFinder cells{columns};
+};
+
+int ImportSheet(CResModel &document, const Sheet &sheet, IImportWatch *watch)
+{
+    if (sheet.UsedColumns() < FEWEST || sheet.UsedRows() < FEWEST) {
+        const int count = ++document.env.WarningCount;
+        document.env.WriteOutput("Warning %d: the sheet is almost empty.\r\n", count);
+        return SHEET_EMPTY;
+    }
+    return Importer(document, sheet, watch).Import();
+}
+
+} // namespace
+
+QString CellName(quint32 column, quint32 row)
+{
+    QString letters;
+    for (quint32 rest = column + 1; rest > 0; rest = (rest - 1) / 26)
+        letters.prepend(QChar(u'A' + (rest - 1) % 26));
+    return letters + QString::number(row);
+}
+
+SpreadsheetResult ImportSpreadsheet(CResModel &document, const QString &path, IImportWatch *watch)
+{
+    Environment &env = document.env;
+    env.ErrorCount = env.WarningCount = 0;
+    SpreadsheetResult result;
+    Sheet sheet;
+    const WorkbookResult opened = ReadWorkbook(path, sheet);
+    if (opened.HasFailed()) {
+        const int count = ++env.ErrorCount;
+        env.WriteOutput(opened.fault == WorkbookFault::NoWorkbook ? "Error %d: failed to connect to Excel.\r\n"
+                                                                  : "Error %d: failed to import from Excel.\r\n",
+                        count);
+        result = {SHEET_FAILED, opened.reason};
+    } else {
+        result.code = ImportSheet(document, sheet, watch);
+    }
+    env.WriteOutput("[%s] import - %d error(s), %d warning(s)\r\n", qUtf8Printable(FileTitle(document.PathName())),
+                    env.ErrorCount, env.WarningCount);
+    return result;
+}

@@ -1,0 +1,143 @@
+#pragma once
+
+#include "CommandHistory.h"
+#include "CounterNames.h"
+#include "ResModel.h"
+#include "RowList.h"
+
+#include <map>
+#include <unordered_set>
+
+/// Why an edit of the string table failed: the numbers of the messages that the user sees.
+enum StringEditCode : int
+{
+    EDIT_DONE = 0,
+    EDIT_ID_TAKEN = 124,
+    EDIT_NO_DEFAULT_ID = 125,
+    EDIT_INVALID_ID = 130,
+    EDIT_NO_LANGUAGE = 170,
+    EDIT_NO_ROW = 171,
+};
+
+/// The message of such a number; empty for 0.
+[[nodiscard]] QString StringEditMessage(int code);
+
+/// Destroys a chain of string records that stand in no folder, from its first.
+struct ChainDeleter
+{
+    void operator()(CStringRes *first) const { first->DestroyChain(); }
+};
+
+/// A copy of a row that stands in no folder; its ID blocks no name.
+using Snapshot = std::unique_ptr<CStringRes, ChainDeleter>;
+
+/// What shows a string table: the grid of a window, or nothing at all. Row numbers are those of the table.
+class IStringGrid
+{
+public:
+    virtual ~IStringGrid() = default;
+    virtual void RowInserted(int row) = 0;
+    virtual void RowRemoved(int row) = 0;
+    virtual void CellShows(int row, int col, const QString &text) = 0;
+    /// Scrolls a cell into view and gives its row the focus state.
+    virtual void FocusCell(int row, int col) = 0;
+    /// Shows the message, selects the row alone and opens the editor on the cell, so that the user can correct it.
+    virtual void ReportCellError(int code, int row, int col) = 0;
+    virtual void ShowMessage(int code) = 0;
+    virtual void ColumnsChanged() = 0;
+};
+
+/// The string table of a project: a row for each string ID, a column for the ID (0), its kind (1), the description (2)
+/// and each language (3 and up). It has no storage of its own: rows are records below the Strings folder, and what
+/// stands here is the order in which they are shown. The last row is the new-row line, which has no head.
+///
+/// The edits change tree and grid together; users' edits are commands (STR_..._CMD) that `history` runs. Main thread
+/// only.
+///
+///     StringTable table(model, grid);
+///     table.Rebuild();
+///     table.history.Run(std::make_unique<STR_MOD_CMD>(table, row, 3, u"Bonjour"));
+class StringTable
+{
+public:
+    static constexpr int ID_COLUMN = 0;
+    static constexpr int KIND_COLUMN = 1;
+    static constexpr int DESCRIPTION_COLUMN = 2;
+    static constexpr int FIRST_LANGUAGE_COLUMN = 3;
+    static constexpr size_t MOST_UNDO = 20;
+
+    /// Both must live longer.
+    StringTable(CResModel &model, IStringGrid &shownIn);
+    ~StringTable();
+    StringTable(const StringTable &) = delete;
+    StringTable &operator=(const StringTable &) = delete;
+
+    CommandHistory history{MOST_UNDO};
+    IStringGrid &grid;
+
+    /// Takes columns and rows anew from the tree, in its order. Forgets the history of a table with languages.
+    void Rebuild();
+    /// Appends a column for a language's folder, and forgets the history.
+    void AddLanguageColumn(const CResFolder &folder);
+    /// Takes the column of a language away, whose folder is gone or goes. The history stays.
+    void RemoveLanguageColumn(qint32 language);
+
+    // Look-ups.
+    [[nodiscard]] int RowCount() const { return rows.Count(); } ///< without the new-row line
+    [[nodiscard]] int ColumnCount() const { return FIRST_LANGUAGE_COLUMN + int(languages.size()); }
+    [[nodiscard]] bool IsNewRow(int row) const { return row == RowCount(); }
+    /// A row's record in the Description folder, which stands for the row; null for the new-row line.
+    [[nodiscard]] CStringRes *Head(int row) const { return rows.At(row); }
+    /// The folder bound to a column; null for columns 0 and 1 and where there is none any more.
+    [[nodiscard]] CResFolder *ColumnLanguage(int col) const;
+    /// The column of a language; one behind the last when it has none.
+    [[nodiscard]] int ColumnOf(qint32 language) const;
+    [[nodiscard]] CStringRes *CellRecord(int row, int col) const;
+    /// What a cell shows; "<New>" in column 0 of the new-row line.
+    [[nodiscard]] QString CellText(int row, int col) const;
+    /// The row with that ID, which stood at `hint` before; -1 if there is none. Quick unless rows have moved.
+    [[nodiscard]] int RowOf(const NarrowText &name, int hint) const;
+    CResFolder *EnsureDescriptionFolder();
+
+    /// A free name for a new string.
+    [[nodiscard]] QString DefaultStringId();
+    /// A free name for a copy.
+    [[nodiscard]] QString CopyStringId(const QString &source);
+
+    // Edits; each gives 0 or a StringEditCode, and has then changed nothing unless it says so.
+    [[nodiscard]] int ApplyCellEdit(int row, int col, QString text);
+    /// Makes a row with that ID, or with a default one for an empty text, in front of the row that stands at `row`.
+    [[nodiscard]] int CreateRow(const QString &idText, int row);
+    /// Makes a row from what was typed into cell `col` of the new-row line. A row that was made stays when the column
+    /// turns out to have no folder.
+    [[nodiscard]] int InsertFromCell(int row, int col, QString text);
+    [[nodiscard]] int SnapshotRow(CStringRes *head, Snapshot &snapshot);
+    /// Makes a row from a snapshot, under its own ID or one for a copy.
+    [[nodiscard]] int RestoreRow(CStringRes &snapshot, int row, bool keepId);
+    [[nodiscard]] int DeleteRow(int row);
+    /// From the last to the first; the first failure ends it. `toDelete` is ascending.
+    [[nodiscard]] int DeleteRows(const std::vector<int> &toDelete);
+
+    // The rows that Copy has marked, by number. They are live: one that is edited or deleted empties the whole set.
+    using CopySet = std::map<int, CStringRes *>;
+    void Copy(const std::vector<int> &toCopy);
+    [[nodiscard]] const CopySet &Copied() const { return copied; }
+    void ForgetCopies();
+    void ForgetCopiedRow(int row);
+
+private:
+    [[nodiscard]] CResFolder *Strings() const;
+    [[nodiscard]] int Rename(CStringRes &head, const QString &name);
+    CStringRes *AddCell(CStringRes &behind, CResFolder &folder, const QString &text);
+    void ForgetCopyOf(const CStringRes *head);
+    void Show(int row, int col, const QString &text);
+
+    CResModel &model;
+    RowList rows;
+    std::vector<qint32> languages; // of the columns from the first language on
+    CopySet copied;
+    std::unordered_set<const CStringRes *> copiedHeads;
+    CounterNames defaultNames;
+    CounterNames copyNames;
+    quint32 nextDefault = 1; // all default names below it are taken
+};
