@@ -34,7 +34,6 @@ void ExpectEqual(IDPool &pool, const PlainPool &plain)
         EXPECT_EQ(record->next->prev, record);
         EXPECT_EQ(pool.FindName(record->name), plain.Find(record->name, {}));
         EXPECT_EQ(pool.Find(record->name, record->scope), plain.Find(record->name, record->scope));
-        const auto same = [&](const IDRecord *other) { return other->name == record->name; };
         record = record->next;
     }
     EXPECT_EQ(record, &pool.sentinel);

@@ -1,0 +1,343 @@
+#include "StringCommands.h"
+
+#include "PlainTable.h"
+#include "StringProject.h"
+
+#include <rapidcheck.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// A grid that only remembers the last message and keeps the shown texts.
+struct FakeGrid : IStringGrid
+{
+    void RowInserted(int) override { ++shownRows; }
+    void RowRemoved(int) override { --shownRows; }
+    void CellShows(int, int, const QString &text) override { lastText = text; }
+    void FocusCell(int row, int col) override { focus = {row, col}; }
+    void ReportCellError(int code, int row, int col) override
+    {
+        message = code;
+        focus = {row, col};
+    }
+    void ShowMessage(int code) override { message = code; }
+    void ColumnsChanged() override {}
+
+    int TakeMessage() { return std::exchange(message, 0); }
+
+    int shownRows = 0;
+    int message = 0;
+    QString lastText;
+    std::pair<int, int> focus;
+};
+
+struct TableProject : StringProject
+{
+    TableProject() { table.Rebuild(); }
+    explicit TableProject(const QByteArray &file)
+    {
+        EXPECT_EQ(Read(file), 0);
+        table.Rebuild();
+        grid.shownRows = table.RowCount();
+    }
+
+    void Mod(int row, int col, const QString &text) { Run<STR_MOD_CMD>(row, col, text); }
+    void Type(int col, const QString &text) { Run<STR_IST_CMD>(table.RowCount(), col, text); }
+    void Delete(const std::vector<int> &some) { Run<STR_DEL_CMD>(some); }
+    void Paste() { table.history.Run(std::make_unique<STR_PST_CMD>(table)); }
+    template <typename T, typename... Arguments> void Run(Arguments &&...arguments)
+    {
+        table.history.Run(std::make_unique<T>(table, std::forward<Arguments>(arguments)...));
+    }
+
+    /// IDs, kinds and texts, row by row.
+    QString Dump()
+    {
+        QStringList lines;
+        for (int row = 0; row < table.RowCount(); ++row) {
+            QStringList cells;
+            for (int col = 0; col < table.ColumnCount(); ++col)
+                cells << table.CellText(row, col);
+            lines << cells.join(u' ');
+        }
+        return lines.join(u'|');
+    }
+
+    FakeGrid grid;
+    StringTable table{*this, grid};
+};
+
+const QByteArray TWO_LANGUAGES = "Number of Language|2\nString ID|Resource Type|Description|English(9)|French(12)\n";
+
+/// The rows of the tree, with every law that holds for a row.
+PlainTable::Rows RowsOfTree(TableProject &project)
+{
+    PlainTable::Rows rows;
+    const auto &folders = project.strings.subfolders;
+    size_t records = 0;
+    for (CBaseRes *res : folders.front()->resources) {
+        auto *head = static_cast<CStringRes *>(res);
+        RC_ASSERT(head == project.table.Head(int(rows.size())));
+        PlainTable::Row row{project.env.NarrowToWide(head->Id()->name), head->Id()->push, head->text, {}};
+        RC_ASSERT(!row.push || head->Id()->pushKind == PUSH_STRING);
+        int cells = 0;
+        for (size_t n = 1; n < folders.size(); ++n) {
+            const CStringRes *cell = head->FindLanguage(folders[n]->index);
+            if (!cell)
+                continue;
+            RC_ASSERT(cell->Folder() == folders[n].get() && cell->Id() == head->Id());
+            RC_ASSERT((!cell->next || cell->next->prev == cell) && (!cell->prev || cell->prev->next == cell));
+            row.cells[StringTable::FIRST_LANGUAGE_COLUMN + int(n) - 1] = cell->text;
+            ++cells;
+        }
+        RC_ASSERT(head->Id()->refs == cells + 1);
+        records += size_t(cells) + 1;
+        rows.push_back(row);
+    }
+    size_t held = 0;
+    for (const auto &folder : folders)
+        held += folder->resources.Count();
+    RC_ASSERT(held == records);
+    RC_ASSERT(project.table.RowCount() == int(rows.size()));
+    RC_ASSERT(project.grid.shownRows == int(rows.size()));
+    return rows;
+}
+
+/// A command on both tables: how to do it again and how to take it back on the plain one.
+struct PlainCommand
+{
+    std::function<bool(PlainTable &)> execute;
+    std::function<void(PlainTable &)> undo;
+};
+
+/// Both tables side by side, with the histories of both.
+struct Pair
+{
+    TableProject real{TWO_LANGUAGES + "ID_B|Push|b|B|\nID_A|Normal||A|aa\nID_C|Normal|c||\n##number|3\n"};
+    PlainTable plain{RowsOfTree(real), {}};
+    std::vector<PlainCommand> done, undone;
+
+    void Run(const PlainCommand &command)
+    {
+        undone.clear();
+        if (command.execute(plain))
+            done.push_back(command);
+        if (done.size() > StringTable::MOST_UNDO)
+            done.erase(done.begin());
+    }
+
+    void Edit(int row, int col, const QString &text)
+    {
+        const auto at = size_t(row);
+        const QString before = real.table.CellText(row, col);
+        Run({[=](PlainTable &table) { return table.Edit(at, col, text); },
+             [=](PlainTable &table) { (void)table.Edit(at, col, before); }});
+        real.Mod(row, col, text);
+    }
+};
+
+/// What stands for a text in a cell, an ID or a kind.
+QString SomeText()
+{
+    static const std::vector<QString> TEXTS{u"ID_A"_s, u" id_x "_s, u"ID_Y"_s, u"bad name"_s, u""_s,
+                                            u"push"_s, u"Hello"_s,  u"1X"_s,   u"Normal"_s,   QString(60, u'L')};
+    return *rc::gen::elementOf(TEXTS);
+}
+
+} // namespace
+
+TEST(StringTable, RandomEditsUndoneAndDoneAgainAreThoseOfAPlainTable)
+{
+    setenv("RC_PARAMS", "seed=7 max_success=300", /*overwrite=*/0); // the same tables each time
+    const bool holds = rc::check([] {
+        Pair pair;
+        StringTable &table = pair.real.table;
+        PlainTable &plain = pair.plain;
+        for (int step = *rc::gen::inRange(1, 60); step > 0; --step) {
+            const int rows = table.RowCount();
+            const int row = rows == 0 ? 0 : *rc::gen::inRange(0, rows);
+            const int col = *rc::gen::inRange(0, table.ColumnCount());
+            switch (*rc::gen::inRange(0, 7)) {
+            case 0:
+            case 1:
+                if (rows > 0)
+                    pair.Edit(row, col, SomeText());
+                break;
+            case 2: {
+                const QString text = SomeText();
+                pair.Run(
+                    {[=](PlainTable &t) { return t.Insert(col, text); }, [](PlainTable &t) { t.rows.pop_back(); }});
+                pair.real.Type(col, text);
+                break;
+            }
+            case 3: {
+                std::vector<int> some;
+                for (int at = 0; at < rows; ++at) {
+                    if (*rc::gen::inRange(0, 3) == 0)
+                        some.push_back(at);
+                }
+                const PlainTable::Rows before = plain.rows;
+                pair.Run({[=](PlainTable &t) {
+                              for (auto at = some.rbegin(); at != some.rend(); ++at)
+                                  t.rows.erase(t.rows.begin() + *at);
+                              return true;
+                          },
+                          [=](PlainTable &t) { t.rows = before; }});
+                pair.real.Delete(some);
+                break;
+            }
+            case 4:
+                if (rows > 0) {
+                    table.Copy({row});
+                    plain.copied = {{size_t(row), plain.rows[size_t(row)]}};
+                    const auto copied = plain.copied;
+                    const size_t before = plain.rows.size();
+                    pair.Run({[=](PlainTable &t) {
+                                  t.copied = copied;
+                                  return t.Paste();
+                              },
+                              [=](PlainTable &t) { t.rows.resize(before); }});
+                    pair.real.Paste();
+                }
+                break;
+            case 5:
+                table.history.Undo();
+                if (!pair.done.empty()) {
+                    pair.done.back().undo(plain);
+                    pair.undone.push_back(pair.done.back());
+                    pair.done.pop_back();
+                }
+                break;
+            default:
+                table.history.Redo();
+                if (!pair.undone.empty()) {
+                    RC_ASSERT(pair.undone.back().execute(plain));
+                    pair.done.push_back(pair.undone.back());
+                    pair.undone.pop_back();
+                }
+                break;
+            }
+            RC_ASSERT(RowsOfTree(pair.real) == plain.rows);
+            RC_ASSERT(table.history.CanUndo() == !pair.done.empty());
+            RC_ASSERT(table.history.CanRedo() == !pair.undone.empty());
+        }
+        table.history.Clear();
+        RC_ASSERT(pair.real.detachedIds.IsEmpty());
+    });
+    EXPECT_TRUE(holds);
+}
+
+TEST(StringTable, NamesAreTrimmedRaisedCheckedAndToldByNumber)
+{
+    TableProject project(TWO_LANGUAGES + "ID_A|Normal|||\nID_B|Normal|||\n##number|2\n");
+    const QString longest(64, u'X');
+    for (const auto &[typed, message, name] : {std::tuple(u" id_c "_s, 0, u"ID_C"_s),
+                                               {u"ID A"_s, 130, u"ID_C"_s},
+                                               {u"1ID"_s, 130, u"ID_C"_s},
+                                               {longest + u'X', 130, u"ID_C"_s},
+                                               {u"  "_s, 130, u"ID_C"_s},
+                                               {u"ID_B"_s, 124, u"ID_C"_s},
+                                               {longest, 0, longest}}) {
+        project.Mod(0, 0, typed);
+        EXPECT_EQ(project.grid.TakeMessage(), message) << qPrintable(typed);
+        EXPECT_EQ(project.table.CellText(0, 0), name);
+    }
+    project.Type(0, u" ID_D"_s);
+    EXPECT_EQ(project.grid.TakeMessage(), 130) << "what starts a row isn't trimmed";
+    project.Type(3, u"hello"_s);
+    project.Mod(2, 4, u"bonjour"_s);
+    EXPECT_EQ(project.Dump(), longest + u" Normal   |ID_B Normal   |ID_STRING_0001 Normal  HELLO bonjour"_s);
+    EXPECT_EQ(StringEditMessage(124), u"The ID already exists, or it is reserved."_s);
+    EXPECT_EQ(StringEditMessage(125), u"Failed to allocate a default ID. Please assign one for it."_s);
+    EXPECT_EQ(StringEditMessage(130), u"The ID is invalid."_s);
+    EXPECT_EQ(StringEditMessage(170), u"The language does not exist"_s);
+    EXPECT_EQ(StringEditMessage(171), u"Unkown error"_s);
+}
+
+TEST(StringTable, ADefaultNameIsTheLowestThatIsFree)
+{
+    TableProject project;
+    for (int i = 0; i < 12; ++i)
+        project.Type(0, QString());
+    EXPECT_EQ(project.table.CellText(9, 0), u"ID_STRING_000A"_s);
+    project.Delete({3, 7});
+    project.Mod(0, 0, u"ID_OTHER"_s);
+    for (const QString &name : {u"ID_STRING_0001"_s, u"ID_STRING_0004"_s, u"ID_STRING_0008"_s, u"ID_STRING_000D"_s}) {
+        project.Type(2, u"x"_s);
+        EXPECT_EQ(project.table.CellText(project.table.RowCount() - 1, 0), name);
+    }
+    EXPECT_EQ(project.strings.subfolders.size(), 1U) << "the folder of descriptions was made once";
+    EXPECT_EQ(CounterNames(u"%s-%3u%%n"_s).Name(7, u"%d"_s), u"%d-  7%%n"_s);
+    EXPECT_EQ(CounterNames(u"fixed %n%s"_s).Name(7, u"x"_s), u"fixed %nx"_s);
+    TestModel fixed("[DefaultID]\nstring_id=ID_ONLY\n");
+    fixed.AddFolder(fixed.root, KIND_STRINGS);
+    FakeGrid grid;
+    StringTable table(fixed, grid);
+    EXPECT_EQ(table.CreateRow(QString(), 0), 0);
+    EXPECT_EQ(table.CreateRow(QString(), 1), EDIT_NO_DEFAULT_ID);
+}
+
+TEST(StringTable, CopiesAreThoseOfTheSourcesUntilOneOfThemChanges)
+{
+    TableProject project(TWO_LANGUAGES + "ID_A|Push|d|a|\nID_B|Normal||b|\n##number|2\n");
+    project.table.Copy({0, 1, 2});
+    project.Paste();
+    project.Mod(2, 3, u"other"_s);
+    project.Paste();
+    EXPECT_EQ(project.Dump(), u"ID_A Push d a |ID_B Normal  b |ID_A_COPY_0001 Push d other |ID_B_COPY_0001 Normal  b |"
+                              "ID_A_COPY_0002 Push d a |ID_B_COPY_0002 Normal  b "_s);
+    for (const bool deletes : {true, false}) {
+        project.table.Copy({1});
+        project.Mod(0, 2, u"not in the set"_s);
+        EXPECT_EQ(project.table.Copied().size(), 1U);
+        if (deletes)
+            project.Delete({1});
+        else
+            project.Mod(1, 1, u"Push"_s);
+        EXPECT_TRUE(project.table.Copied().empty());
+    }
+    project.Mod(0, 0, QString(60, u'N'));
+    project.table.Copy({0});
+    project.Paste();
+    EXPECT_EQ(project.grid.TakeMessage(), 130) << "the name of the copy would be too long";
+}
+
+TEST(StringTable, CommandsFindTheirRowsAndLanguagesAgainOrDoNothing)
+{
+    TableProject project(TWO_LANGUAGES + "ID_A|Normal||a|x\nID_B|Normal||b|y\nID_C|Normal||c|z\n##number|3\n");
+    project.Mod(0, 4, u"first"_s);
+    project.Mod(1, 3, u"second"_s);
+    project.strings.DeleteFolder(project.Language(9));
+    project.table.RemoveLanguageColumn(9);
+    project.table.history.Undo();
+    EXPECT_EQ(project.grid.TakeMessage(), 170);
+    ASSERT_EQ(project.table.CreateRow(u"ID_NEW"_s, 0), 0); // the rows move
+    project.table.history.Undo();
+    EXPECT_EQ(project.Dump(), u"ID_NEW Normal  |ID_A Normal  x|ID_B Normal  y|ID_C Normal  z"_s);
+    project.Delete({1, 3});
+    ASSERT_EQ(project.table.DeleteRow(1), 0);
+    project.table.history.Undo();
+    EXPECT_EQ(project.Dump(), u"ID_NEW Normal  |ID_A Normal  x|ID_C Normal  z"_s);
+    ASSERT_EQ(project.table.DeleteRow(2), 0);
+    project.table.history.Redo();
+    EXPECT_EQ(project.grid.TakeMessage(), 171) << "one of its rows is gone, so none is deleted";
+    EXPECT_EQ(project.Dump(), u"ID_NEW Normal  |ID_A Normal  x"_s);
+}
+
+TEST(StringTable, EditsMarkTheDocumentButAKindAndAnUnchangedTextDoNot)
+{
+    TableProject project(TWO_LANGUAGES + "ID_A|Normal|d|a|\n##number|1\n");
+    CountingObserver watch;
+    for (CBaseRes *res : project.strings.subfolders.front()->resources)
+        res->observer = &watch;
+    project.Mod(0, 1, u"Push"_s);
+    project.Mod(0, 2, u"d"_s);
+    EXPECT_EQ(watch.changed, 0);
+    project.Mod(0, 2, u"e"_s);
+    project.Mod(0, 0, u"ID_B"_s);
+    EXPECT_EQ(watch.changed, 2);
+    project.table.history.Undo();
+    EXPECT_EQ(watch.changed, 3);
+}
