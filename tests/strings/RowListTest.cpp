@@ -1,0 +1,34 @@
+#include "RowList.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+TEST(RowList, DoesWhatAVectorDoesAcrossItsBlocks)
+{
+    std::mt19937 random(3);
+    std::vector<CStringRes *> plain;
+    RowList list;
+    for (size_t step = 1; step <= 20000; ++step) {
+        const size_t at = random() % (plain.size() + 1);
+        if (random() % 5 < (step < 15000 ? 4 : 1) || plain.empty()) {
+            auto *head = reinterpret_cast<CStringRes *>(step); // never looked into
+            plain.insert(plain.begin() + ptrdiff_t(at), head);
+            list.Insert(int(at), head);
+        } else {
+            list.Remove(int(at)); // at the end: nothing
+            if (at < plain.size())
+                plain.erase(plain.begin() + ptrdiff_t(at));
+        }
+        ASSERT_EQ(list.Count(), int(plain.size()));
+    }
+    for (size_t at = 0; at < plain.size(); ++at) {
+        ASSERT_EQ(list.At(int(at)), plain[at]);
+        if (at % 97 == 0) {
+            ASSERT_EQ(list.Find(plain[at]), int(at));
+        }
+    }
+    EXPECT_EQ(list.At(-1), nullptr);
+    EXPECT_EQ(list.At(list.Count()), nullptr);
+    EXPECT_EQ(list.Find(nullptr), -1);
+}

@@ -1,0 +1,142 @@
+#include "Spreadsheet.h"
+
+#include "StringProject.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::string_literals;
+using ::testing::HasSubstr;
+
+namespace
+{
+
+/// A project and workbooks beside it; "|" divides cells.
+struct SheetProject : StringProject
+{
+    int Import(const QByteArray &readable, IImportWatch *watch = nullptr)
+    {
+        folder.Put("in.csv", QByteArray(readable).replace('|', ','));
+        return ImportSpreadsheet(*this, folder.Path("in.csv"), watch).code;
+    }
+};
+
+const QByteArray HEAD = "Number of Language|2\nString ID|Resource Type|Description|English|French\n";
+const QByteArray FILE_HEAD = "Number of Language|2\nString ID|Resource Type|Description|English(9)|French(12)\n";
+
+/// What became of each text, in the order of the sheet.
+struct Fates : IImportWatch
+{
+    void Cell(quint32 row, quint32 column, CellFate fate, const QString &inTable, const QString &inSheet) override
+    {
+        all += CellName(column, row + 1) + u' ' + u"FN=K-"[int(fate)] + u' ' + inSheet +
+               (fate == CellFate::Kept ? u'/' + inTable : QString()) + u'\n';
+    }
+    QString all;
+};
+
+} // namespace
+
+TEST(Spreadsheet, AnImportFillsWhatIsEmptyMakesWhatIsMissingAndKeepsTheRest)
+{
+    SheetProject project;
+    ASSERT_EQ(project.Read(FILE_HEAD + "ID_A|Push||a|\nID_B|Normal|note|b|\n##number|2\n"), 0);
+    (void)project.Messages();
+    Fates fates;
+    EXPECT_EQ(project.Import(HEAD + "ID_A|Normal|told|other|oui|beyond\n"
+                                    "ID_B|Push|note||b\n"
+                                    "##number|2\n"
+                                    "ID_NEW|Push||new|\n",
+                             &fates),
+              0);
+    EXPECT_EQ(project.Messages(), "[demo] import - 0 error(s), 0 warning(s)\r\n");
+    EXPECT_EQ(
+        project.Written(),
+        (FILE_HEAD + "ID_A|Normal|told|a|oui\nID_B|Push|note|b|b\nID_NEW|Push||new|\n##number|3\n").toStdString());
+    EXPECT_EQ(fates.all, u"C3 F told\nD3 K other/a\nE3 N oui\nF3 - beyond\nC4 = note\nE4 N b\nA5 - ##number\nB5 - 2\n"
+                         "D6 N new\n"_s);
+    const std::string before = project.Written();
+    EXPECT_EQ(project.Import(HEAD + "ID_A|Normal|told|a|oui\nID_B|Push||b|\n"), 0) << "emptied cells empty nothing";
+    EXPECT_EQ(project.Written(), before);
+    EXPECT_EQ(project.Import("Number of Language|1\nString ID|Description|English\nID_B||b\n"), 0);
+    EXPECT_THAT(project.Written(), HasSubstr("ID_B|Normal|note|b|b\n")) << "without a kind it is cleared";
+}
+
+TEST(Spreadsheet, EachFaultHasItsMessageItsCellAndItsCode)
+{
+    const std::string tooFew = "Error 1: invalid number of languages.\r\n";
+    const auto expected = [](const char *word, const char *cell) {
+        return "Error 1: invalid file format; \"" + std::string(word) + "\" expected at cell " + cell + ".\r\n";
+    };
+    for (const auto &[sheet, code, message] : {
+             std::tuple(QByteArray("a|b\nc|d\n"), 4306, "Warning 1: the sheet is almost empty.\r\n"s),
+             {"a|b|c\nd|e|f\n", 4306, "Warning 1: the sheet is almost empty.\r\n"},
+             {"Number|2|x\nString ID|y|z\na|b|c\n", 11, expected("Number of Language", "A1")},
+             {"My Number of Languages|3\nString ID|resource type|Description|a|b\nx\n", 11, tooFew},
+             {"Number of Language|2\nString ID|Description|a\nx\n", 11, tooFew},
+             {"Number of Language|2\nID|Resource Type|Description|a|b\nx\n", 11, expected("String ID", "A2")},
+             {"Number of Language|1\nString ID|RESOURCE TYPE|Description|a\nx\n", 11, expected("Resource Type", "B2")},
+             {"Number of Language|1\nString ID|Resource Type|Text|a\nx\n", 11, expected("Description", "C2")},
+             {"Number of Language|1\nString ID|Text|a\nx\n", 11, expected("Description", "B2")},
+             {"Number of Language|2\nString ID|Description|French|Elvish\nx\n", 1608,
+              "Error 1: language \"Elvish\" is unrecognized.\r\n"},
+             {"Number of Language|no|x\nString ID|Description\nx\n", 0, "Warning 1: Number of Language = 0.\r\n"},
+         }) {
+        SheetProject project;
+        EXPECT_EQ(project.Import(sheet), code) << sheet.constData();
+        EXPECT_THAT(project.Messages(), testing::StartsWith(message + (code == 0 ? "" : "[demo] import - ")));
+    }
+    SheetProject project;
+    const auto image = project.CreateFileRes("ID_IMAGE", ANY_RESOLUTION);
+    EXPECT_EQ(project.Import(HEAD + "ID_IMAGE|Normal|x\n|Normal|no id\n1BAD|push|y|\n"), 0);
+    EXPECT_EQ(project.Messages(), "Error 1: ID conflicts - ID_IMAGE (Line 3).\r\n"
+                                  "Warning 1: empty ID discarded (Line 4).\r\n"
+                                  "Error 2: invalid ID format - [1BAD].\r\n"
+                                  "Error 3: invalid push format - [push].\r\n"
+                                  "[demo] import - 3 error(s), 1 warning(s)\r\n");
+    EXPECT_THAT(project.Written(), HasSubstr("\n1BAD|Normal|y||\n##number|1\n")) << "the row is taken all the same";
+    for (const auto &[file, bytes, message] :
+         {std::tuple("missing.xls", "", "Error 1: failed to connect to Excel.\r\n"s),
+          {"no.xls", "no workbook at all", "Error 1: failed to connect to Excel.\r\n"},
+          {"cut.csv", "a,\"b", "Error 1: failed to import from Excel.\r\n"},
+          {"what.ods", "x", "Error 1: failed to connect to Excel.\r\n"}}) {
+        if (*bytes)
+            project.folder.Put(file, bytes);
+        const SpreadsheetResult result = ImportSpreadsheet(project, project.folder.Path(file));
+        EXPECT_EQ(result.code, 1726);
+        EXPECT_TRUE(result.reason.startsWith(project.folder.Path(file))) << qPrintable(result.reason);
+        EXPECT_EQ(project.Messages(), message + "[demo] import - 1 error(s), 0 warning(s)\r\n");
+    }
+}
+
+TEST(Spreadsheet, AnExportComesBackTheSameFromEachFormatAndAFailedOneLeavesTheOldFile)
+{
+    const QByteArray table =
+        FILE_HEAD + "ID_A|Push|=1+1|'a|\xF0\x9F\x98\x80 \xE4\xB8\xAD\nID_B|Normal||12|1.50\n##number|2\n";
+    for (const char *file : {"out.xls", "OUT.XLSX", "out.csv"}) {
+        SheetProject project;
+        ASSERT_EQ(project.Read(table), 0);
+        (void)project.Messages();
+        EXPECT_EQ(ExportSpreadsheet(project, project.folder.Path(file)).code, 0);
+        EXPECT_EQ(project.Messages(), "[demo] export - 0 error(s), 0 warning(s)\r\n");
+        SheetProject other;
+        EXPECT_EQ(ImportSpreadsheet(other, project.folder.Path(file)).code, 0) << file;
+        EXPECT_EQ(other.Written(), table.toStdString());
+    }
+    SheetProject project;
+    ASSERT_EQ(project.Read(FILE_HEAD + "ID_A|Normal|" + QByteArray(40000, 'x') + "||\n##number|1\n"), 0);
+    project.folder.Put("out.xls", "the old one");
+    const SpreadsheetResult result = ExportSpreadsheet(project, project.folder.Path("out.xls"));
+    EXPECT_EQ(result.code, 1726);
+    EXPECT_THAT(result.reason.toStdString(), HasSubstr("32767"));
+    EXPECT_THAT(project.Messages(), HasSubstr("Error 1: failed to export to Excel.\r\n[demo] export - 1 error(s)"));
+    EXPECT_EQ(project.folder.Get("out.xls"), "the old one");
+    SheetProject empty;
+    ASSERT_EQ(ExportSpreadsheet(empty, empty.folder.Path("out.csv")).code, 0);
+    EXPECT_EQ(empty.folder.Get("out.csv"), "\xEF\xBB\xBFNumber of Language,0\r\nString ID,Resource Type,Description\r\n"
+                                           "##number,0\r\n");
+}
+
+TEST(Spreadsheet, CellsAreNamedByLettersAndARow)
+{
+    EXPECT_EQ((QStringList{CellName(0, 1), CellName(25, 3), CellName(26, 3), CellName(701, 9), CellName(702, 9)}),
+              QStringList({u"A1"_s, u"Z3"_s, u"AA3"_s, u"ZZ9"_s, u"AAA9"_s}));
+}
