@@ -9,6 +9,8 @@ import zlib
 CONFIG = ('<config><resolution><Width>240</Width><Height>320</Height></resolution>'
           '<zxa><zepversion>20</zepversion><tarvo>checked</tarvo></zxa></config>\n')
 LANGUAGES = 12
+LANGUAGE_NAMES = ('English', 'English, UK', 'Chinese, Simplified', 'Chinese, Traditional', 'Japanese', 'Korean', 'French',
+                  'French, Canada', 'German', 'Italian', 'Spanish', 'Spanish, Latin America')
 
 
 def project(folder, elements, strings=False):
@@ -63,7 +65,7 @@ def string_table(folder, rows, po_folder):
     rng = random.Random(5)
     texts = [[sentence(rng) for _ in range(LANGUAGES)] for _ in range(rows)]
     lines = ['Number of Language\t%d' % LANGUAGES,
-             'String ID\tResource Type\tDescription' + ''.join('\tLanguage%d(%d)' % (n, n) for n in range(LANGUAGES))]
+             'String ID\tResource Type\tDescription' + ''.join('\t%s(%d)' % (name, n) for n, name in enumerate(LANGUAGE_NAMES))]
     lines += ['ID_STRING_%05d\tNormal\trow %d\t%s' % (i, i, '\t'.join(row)) for i, row in enumerate(texts)]
     lines.append('##number\t%d' % rows)
     with open(os.path.join(folder, 'res', 'ref_list_demo.txt'), 'wb') as out:

@@ -161,6 +161,23 @@ class Suite:
         ours, _ = self.pack(folder, project, self.small_elf(folder))
         self.table.compare('pack 50,000 rows in 12 languages; msgfmt', ours, peer, 0.27, 0.16)
 
+    def workbooks(self):
+        folder = self.folder('workbooks')
+        project = inputs.project(folder, [], strings=True)
+        apart(inputs.string_table, folder, 50000, os.path.join(folder, 'po'))
+        books = {kind: os.path.join(folder, 'table.' + kind) for kind in ('xls', 'xlsx')}
+        for path in books.values():
+            Run([self.cli, 'strings', 'export', project, path]).once()
+        for kind, other in (('xls', 'xlsx'), ('xlsx', 'xls')):
+            made = os.path.join(folder, 'made.' + kind)
+            peer = Run(['ssconvert', books[other], made], prepare=remove(made))
+            self.table.compare('export 50,000 rows to .%s; ssconvert from .%s' % (kind, other),
+                               Run([self.cli, 'strings', 'export', project, books[kind]]), peer, 1.0, None,
+                               ('memory; ssconvert', None, 1.0, None))
+            self.table.compare('import them from .%s; the same' % kind,
+                               Run([self.cli, 'strings', 'import', project, books[kind]]), peer, 1.0, None,
+                               ('memory; ssconvert', None, 1.0, None))
+
     def images(self):
         folder = self.folder('images')
         elements, paths = apart(inputs.images, folder, 200)
@@ -194,7 +211,7 @@ class Suite:
                            2.0)
 
 
-SUITE = ('large_elf', 'many_small', 'medium', 'strings', 'images', 'resources', 'starts')
+SUITE = ('large_elf', 'many_small', 'medium', 'strings', 'workbooks', 'images', 'resources', 'starts')
 
 
 def main():
