@@ -57,6 +57,9 @@ TEST(Profile, ChangingAKeyLeavesEveryOtherLineAsItWas)
     EXPECT_EQ(profile.Bytes(), "; head\r\n[A]\r\n x = 1 ; odd\r\nz=4\r\n\r\n[B]\r\nY=3\r\n[New]\r\nk=5\r\nl=6\r\n");
     const QByteArray utf16("\xFF\xFE[\0s\0]\0\n\0", 10);
     EXPECT_EQ(Profile::Parse(utf16).Bytes(), utf16);
+    Profile cut = Profile::Parse(utf16 + 'x');
+    cut.Set(u"s", u"k", u"v"_s);
+    EXPECT_EQ(Profile::Parse(cut.Bytes()).String(u"s", u"k", {}), u"v");
     Profile foreign = Profile::Parse("; \xD6\xD0\r\n[s]\na=1\n; no end");
     foreign.Set(u"s", u"b", u"2"_s);
     EXPECT_EQ(foreign.Bytes(), "; \xD6\xD0\r\n[s]\na=1\n; no end\r\nb=2\r\n") << "neither UTF-8 nor of one mind";

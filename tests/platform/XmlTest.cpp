@@ -117,6 +117,10 @@ TEST_F(Xml, TextIsTurnedFromTheCodePageAndBackIntoIt)
     EXPECT_EQ(folder.Get("out.xml"),
               "<all>\n    <a b=\"\xd6\xd0\">\xd6\xd0</a>\n    <inner />\n    <inner>\n        <b />\n"
               "    </inner>\n</all>\n");
+    for (int size = 0; size < 100; ++size) { // whatever room the text has behind its end
+        ASSERT_EQ(Parse("<a>" + QByteArray(size, 'x') + "\n\n<b/></a>"), 0);
+        EXPECT_EQ(RowOf(*document.FirstChildElement()->FirstChildElement()), 3);
+    }
     ASSERT_EQ(Parse("\xEF\xBB\xBF<a>\xe4\xb8\xad</a>"), 0) << "a mark says that the file is UTF-8";
     EXPECT_STREQ(document.FirstChildElement()->GetText(), "\xe4\xb8\xad");
 

@@ -48,6 +48,7 @@ Profile Profile::Parse(QByteArrayView bytes)
             profile.mark = mark.toByteArray();
     }
     const qsizetype unit = profile.IsUtf16() ? 2 : 1;
+    bytes.chop(bytes.size() % unit); // half of a unit at the end
     QString section;
     for (qsizetype at = profile.mark.size(); at < bytes.size();) {
         qsizetype end = at;

@@ -194,12 +194,12 @@ int ParseXml(const Environment &env, QByteArrayView bytes, TiXmlDocument &docume
     if (const qsizetype zero = text.indexOf('\0'); zero >= 0)
         text.truncate(zero);
     UnifyLineEnds(text);
-    XmlGuard guard(text);
+    text.append(PADDING, '\0'); // now: the guard remembers places
+    XmlGuard guard(QByteArrayView(text).chopped(PADDING));
     if (!guard.IsHarmless()) {
         Refuse(document, 1 + std::count(text.constData(), guard.Place(), '\n'));
         return -2;
     }
-    text.append(PADDING, '\0');
     const int tabSize = document.TabSize();
     document.SetTabSize(0); // no rows
     document.Parse(text.constData(), nullptr, TIXML_ENCODING_UTF8);
