@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 TEST(Xls, Thin)
 {
-    CellSource source({{{0, 0}, u"ID"_s}, {{1, 2}, u"Grüße"_s}, {{5, 1}, u"\U0001F600 你好"_s}});
+    CellSource source({{{0, 0}, u"ID"_s}, {{1, 2}, u"Grüße"_s}, {{5, 1}, u"\U0001F600 你好 "_s + u"long text "_s.repeated(40)}});
     QByteArray file;
     ASSERT_EQ(WriteXls(source, file).reason, QString());
     Sheet sheet;

@@ -33,6 +33,8 @@ enum BiffRecord : quint16
     BIFF_NUMBER = 0x0203,
     BIFF_LABEL = 0x0204,
     BIFF_STRING = 0x0207, ///< the text that a formula gave
+    BIFF_ROW = 0x0208,
+    BIFF_DEFAULTROWHEIGHT = 0x0225,
     BIFF_WINDOW2 = 0x023E,
     BIFF_RK = 0x027E,
     BIFF_STYLE = 0x0293,

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 
+#include <initializer_list>
 #include <vector>
 
 /// Sectors of one size that lie side by side, chained by a table of what follows each.
@@ -60,5 +61,6 @@ private:
     std::vector<Stream> streams;
 };
 
-/// A compound file with one stream in its root folder; the same bytes for the same stream.
-[[nodiscard]] WorkbookResult WriteCompoundFile(const char *name, QByteArrayView stream, QByteArray &file);
+/// A compound file with one stream in its root folder, given in pieces; the same bytes for the same stream.
+[[nodiscard]] WorkbookResult WriteCompoundFile(const char *name, std::initializer_list<QByteArrayView> stream,
+                                               QByteArray &file);

@@ -2,12 +2,15 @@
 
 #include "BiffWriter.h"
 
+#include <QHashSeed>
 #include <QString>
 
-#include <unordered_map>
 #include <vector>
 
 /// The texts that the cells of a workbook share, each once, in the order in which they came.
+///
+/// They lie in one buffer as the file has them, and a hash finds them there: a table has so many texts that an
+/// allocation for each would be most of what writing it costs.
 class XlsTextTable
 {
 public:
@@ -18,18 +21,25 @@ public:
     void Write(BiffWriter &writer) const;
 
 private:
-    struct Hash
+    struct Text
     {
-        using is_transparent = void;
-        size_t operator()(QStringView text) const { return qHash(text); }
-    };
-    struct Same
-    {
-        using is_transparent = void;
-        bool operator()(QStringView a, QStringView b) const { return a == b; }
+        qsizetype at; // in the buffer
+        quint32 hash;
+        quint16 length;
+        quint16 width; // bytes of a character
     };
 
-    std::unordered_map<QString, quint32, Hash, Same> numbers;
-    std::vector<QStringView> texts; // views of the keys above
+    [[nodiscard]] QByteArrayView BytesOf(const Text &text) const;
+    [[nodiscard]] bool IsSame(const Text &text, quint32 hash, QStringView other) const;
+    /// The slot that holds a text that `isWanted`, or the free one where it belongs.
+    template <typename IsWanted> [[nodiscard]] quint32 &SlotOf(quint32 hash, IsWanted isWanted);
+    void Grow();
+
+    QByteArray buffer;
+    std::vector<Text> texts;
+    std::vector<quint32> table = std::vector<quint32>(1024, FREE); // numbers of texts; a power of two of them
+    size_t seed = QHashSeed::globalSeed();
     quint32 uses = 0;
+
+    static constexpr quint32 FREE = 0xFFFFFFFF;
 };

@@ -13,8 +13,11 @@ constexpr int HEADER_ROWS = 2;
 
 // The formats of cells. Programs expect those of styles first, and number 15 to be that of a cell without any.
 constexpr int STYLE_FORMATS = 15;
+constexpr quint16 FORMAT_NONE = 15;
 constexpr quint16 FORMAT_TEXT = 16;
 constexpr quint16 FORMAT_HEADER = 17;
+
+constexpr quint16 LINE_HEIGHT = 255; // in 1/20 points, of 10 points
 
 constexpr quint16 FONT_NORMAL = 0;
 constexpr quint16 FONT_BOLD = 1;
@@ -78,17 +81,47 @@ QByteArray Globals(qsizetype sheetAt)
     return writer.Bytes();
 }
 
-/// Column 0 is for the names of IDs, column 1 for types, the others for texts. A cell that is typed into later has the
-/// column's format.
+/// Column 0 is for the names of IDs, column 1 for types, the others for texts; in characters.
+qsizetype WidthOf(size_t column)
+{
+    return column == 0 ? 30 : column == 1 ? 14 : 40;
+}
+
+/// A cell that is typed into later has the column's format.
 void WriteColumns(BiffWriter &writer, int columns)
 {
-    const auto write = [&writer](int first, int last, quint16 characters) {
-        writer.Begin(BIFF_COLINFO).Add<quint16>(first, last, characters * 256, FORMAT_TEXT, 0, 0);
-    };
-    for (const auto &[first, last, characters] : {std::tuple(0, 0, quint16(30)), {1, 1, 14}, {2, columns - 1, 40}}) {
-        if (first < columns)
-            write(first, last, characters);
+    for (int column = 0; column < columns; ++column)
+        writer.Begin(BIFF_COLINFO).Add<quint16>(column, column, WidthOf(size_t(column)) * 256, FORMAT_TEXT, 0, 0);
+}
+
+/// How many lines a text takes, about: a letter of East Asia is as wide as two others.
+qsizetype LinesOf(QStringView text, qsizetype width)
+{
+    constexpr char16_t FIRST_OF_EAST_ASIA = 0x2E80;
+    qsizetype lines = 0;
+    qsizetype used = 0;
+    for (const QChar c : text) {
+        const qsizetype wide = c.unicode() < FIRST_OF_EAST_ASIA || c.isSurrogate() ? 1 : 2;
+        if (c == u'\n' || used + wide > width) {
+            ++lines;
+            used = 0;
+        }
+        used += c == u'\n' ? 0 : wide;
     }
+    return lines + 1;
+}
+
+/// A row that has its cells on one line needs no record. Programs that lay out anew what is wrapped do so still.
+void WriteHeight(BiffWriter &writer, qint64 row, std::span<const QStringView> cells)
+{
+    constexpr qsizetype MOST_LINES = 32; // Excel has rows of 409 points
+    constexpr quint16 MUST_BE_SET = 0x0100;
+    qsizetype lines = 1;
+    for (size_t column = 0; column < cells.size(); ++column)
+        lines = std::max(lines, LinesOf(cells[column], WidthOf(column)));
+    if (lines > 1)
+        writer.Begin(BIFF_ROW).Add<quint16>(row, 0, cells.size(), LINE_HEIGHT * std::min(lines, MOST_LINES), 0, 0,
+                                            MUST_BE_SET, FORMAT_NONE);
 }
 
 /// The header stays in sight while the rows below it are scrolled.
@@ -106,6 +139,7 @@ void WriteView(BiffWriter &writer)
 
 WorkbookResult WriteRow(BiffWriter &writer, XlsTextTable &texts, qint64 row, std::span<const QStringView> cells)
 {
+    WriteHeight(writer, row, cells);
     for (size_t column = 0; column < cells.size(); ++column) {
         const QStringView text = cells[column];
         if (text.size() > LONGEST_XLS_TEXT)
@@ -139,6 +173,7 @@ WorkbookResult WriteXls(ISheetSource &source, QByteArray &file)
     XlsTextTable texts;
     BiffWriter sheet;
     WriteBegin(sheet, BOF_WORKSHEET);
+    sheet.Begin(BIFF_DEFAULTROWHEIGHT).Add<quint16>(0, LINE_HEIGHT);
     WriteColumns(sheet, columns);
     sheet.Begin(BIFF_DIMENSIONS).Add<quint32>(0, rows).Add<quint16>(0, columns, 0);
     for (qint64 row = 0; row < rows; ++row) {
@@ -154,5 +189,5 @@ WorkbookResult WriteXls(ISheetSource &source, QByteArray &file)
     texts.Write(table);
     table.Begin(BIFF_EOF);
     const qsizetype sheetAt = Globals(0).size() + table.Bytes().size();
-    return WriteCompoundFile("Workbook", Globals(sheetAt) + table.Bytes() + sheet.Bytes(), file);
+    return WriteCompoundFile("Workbook", {Globals(sheetAt), table.Bytes(), sheet.Bytes()}, file);
 }
