@@ -2,6 +2,7 @@
 
 #include "Biff.h"
 #include "ByteReader.h"
+#include "XlsFault.h"
 
 #include <QtEndian>
 
@@ -20,6 +21,38 @@ std::optional<BiffReader::Record> BiffReader::Next()
     const Record record{*type, at, *data};
     at += 4 + quint64(*size);
     return record;
+}
+
+WorkbookResult Damaged(const BiffReader::Record &record, const QString &what)
+{
+    return BrokenXls(QStringLiteral("record 0x%1 at 0x%2: %3").arg(record.type, 0, 16).arg(record.at, 0, 16).arg(what));
+}
+
+WorkbookResult TooShort(const BiffReader::Record &record)
+{
+    return Damaged(record, QStringLiteral("%1 bytes are too few").arg(record.data.size()));
+}
+
+WorkbookResult BiffReader::CutOff() const
+{
+    return BrokenXls(
+        QStringLiteral("the stream of %1 bytes is cut off in the record at 0x%2").arg(stream.size()).arg(at, 0, 16));
+}
+
+WorkbookResult BiffReader::ReadBegin(quint16 kind)
+{
+    const auto record = Next();
+    if (!record)
+        return CutOff();
+    const auto version = ByteReader(record->data).U16(0);
+    const auto found = ByteReader(record->data).U16(2);
+    if (record->type != BIFF_BOF || !found)
+        return Damaged(*record, QStringLiteral("a BOF was expected"));
+    if (*version != BIFF8)
+        return NoXls(QStringLiteral("it is of version 0x%1 (Excel 97-2003 has 0x600)").arg(*version, 0, 16));
+    if (*found != kind)
+        return Damaged(*record, QStringLiteral("a BOF of kind %1 was expected, not %2").arg(kind).arg(*found));
+    return {};
 }
 
 BiffCursor BiffReader::WithContinued(const Record &record)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Workbook.h"
+
 #include <QByteArrayView>
 #include <QString>
 
@@ -51,9 +53,17 @@ public:
     [[nodiscard]] std::optional<Record> Next();
     /// The data of `record`, which came last, and of the CONTINUE records behind it, which won't come any more.
     [[nodiscard]] BiffCursor WithContinued(const Record &record);
-    [[nodiscard]] quint64 At() const { return at; }
+    /// Reads the first record of a part of the stream, which must be of `kind` and in the format's version.
+    [[nodiscard]] WorkbookResult ReadBegin(quint16 kind);
+
+    /// What is wrong when no record is left.
+    [[nodiscard]] WorkbookResult CutOff() const;
 
 private:
     QByteArrayView stream;
     quint64 at;
 };
+
+// What is wrong with a record.
+[[nodiscard]] WorkbookResult Damaged(const BiffReader::Record &record, const QString &what);
+[[nodiscard]] WorkbookResult TooShort(const BiffReader::Record &record);
