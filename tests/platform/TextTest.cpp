@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 struct Selected : CodePage
@@ -75,7 +77,8 @@ TEST(IdNames, AreMadeFromAnyText)
 TEST(FormatFloat, DropsTheZerosBehindItsPointAndNoOthers)
 {
     QStringList texts;
-    for (const double value : {1.5, 2.0, 100.0, 0.0, -0.25, 1e-9})
+    for (const double value : {1.5, 2.0, 100.0, 0.0, -0.25, 1e-9, 1e23, std::numeric_limits<double>::infinity()})
         texts << FormatFloat(value);
-    EXPECT_EQ(texts.join(u' '), u"1.5 2 100 0 -0.25 0");
+    EXPECT_EQ(texts.join(u' '), u"1.5 2 100 0 -0.25 0 99999999999999991611392 inf");
+    EXPECT_EQ(FormatFloat(-std::numeric_limits<double>::max()).size(), 310);
 }

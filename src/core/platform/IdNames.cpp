@@ -1,5 +1,9 @@
 #include "IdNames.h"
 
+#include <charconv>
+#include <cmath>
+#include <iterator>
+
 namespace
 {
 
@@ -41,12 +45,13 @@ QString AppendCounter(const QString &base, int n)
 
 QString FormatFloat(double value)
 {
-    QString text = QString::asprintf("%f", value);
-    if (text.contains(u'.')) {
-        while (text.endsWith(u'0'))
-            text.chop(1);
-        if (text.endsWith(u'.'))
-            text.chop(1);
+    char text[320]; // the largest number has 309 digits before its point
+    const char *end = std::to_chars(text, std::end(text), value, std::chars_format::fixed, 6).ptr;
+    if (std::isfinite(value)) {
+        while (end[-1] == '0')
+            --end;
+        if (end[-1] == '.')
+            --end;
     }
-    return text;
+    return QString::fromLatin1(text, end - text);
 }

@@ -1,0 +1,118 @@
+#include "Biff.h"
+#include "BiffReader.h"
+#include "ByteReader.h"
+#include "CompoundFile.h"
+#include "Formats.h"
+#include "XlsFault.h"
+#include "XlsSheetReader.h"
+
+namespace
+{
+
+enum class SheetKind : quint8
+{
+    Worksheet = 0,
+};
+
+/// One reading of a workbook's stream: what holds for all sheets first, then the first worksheet.
+class XlsParser
+{
+public:
+    XlsParser(QByteArrayView view, Sheet &result) : stream(view), records(view), sheet(result) {}
+
+    [[nodiscard]] WorkbookResult Parse();
+
+private:
+    using Record = BiffReader::Record;
+
+    [[nodiscard]] WorkbookResult ReadGlobals();
+    [[nodiscard]] WorkbookResult ReadGlobal(const Record &record);
+    [[nodiscard]] WorkbookResult ReadBoundSheet(const Record &record);
+    [[nodiscard]] WorkbookResult ReadTexts(BiffCursor data);
+
+    QByteArrayView stream;
+    BiffReader records;
+    Sheet &sheet;
+    std::vector<QString> texts; // that cells share
+    std::optional<quint32> sheetAt;
+};
+
+WorkbookResult XlsParser::Parse()
+{
+    if (const WorkbookResult wrong = ReadGlobals(); wrong.HasFailed())
+        return wrong;
+    if (!sheetAt)
+        return NoXls(QStringLiteral("it has no worksheet"));
+    return XlsSheetReader(stream, *sheetAt, texts, sheet).Read();
+}
+
+WorkbookResult XlsParser::ReadGlobals()
+{
+    if (const WorkbookResult wrong = records.ReadBegin(BOF_GLOBALS); wrong.HasFailed())
+        return wrong;
+    for (;;) {
+        const auto record = records.Next();
+        if (!record)
+            return records.CutOff();
+        if (record->type == BIFF_EOF)
+            return {};
+        if (const WorkbookResult wrong = ReadGlobal(*record); wrong.HasFailed())
+            return wrong;
+    }
+}
+
+WorkbookResult XlsParser::ReadGlobal(const Record &record)
+{
+    switch (record.type) {
+    case BIFF_FILEPASS:
+        return NoXls(QStringLiteral("it is protected by a password"));
+    case BIFF_BOUNDSHEET:
+        return ReadBoundSheet(record);
+    case BIFF_SST:
+        return ReadTexts(records.WithContinued(record));
+    default:
+        return {};
+    }
+}
+
+WorkbookResult XlsParser::ReadBoundSheet(const Record &record)
+{
+    const auto at = ByteReader(record.data).U32(0);
+    const auto flags = ByteReader(record.data).U16(4); // how it is hidden, and its kind
+    if (!at || !flags)
+        return TooShort(record);
+    if (!sheetAt && SheetKind(*flags >> 8) == SheetKind::Worksheet)
+        sheetAt = at;
+    return {};
+}
+
+WorkbookResult XlsParser::ReadTexts(BiffCursor data)
+{
+    const bool hasTotal = data.U32().has_value(); // how often the texts are used
+    const auto count = data.U32();
+    if (!hasTotal || !count)
+        return BrokenXls(QStringLiteral("the table of texts has no count"));
+    texts.clear();
+    for (quint32 i = 0; i < *count; ++i) {
+        std::optional<QString> text = data.Text();
+        if (!text)
+            return BrokenXls(QStringLiteral("the table of texts ends within text %1 of %2").arg(i + 1).arg(*count));
+        texts.push_back(std::move(*text));
+    }
+    return {};
+}
+
+} // namespace
+
+WorkbookResult ReadXls(QByteArrayView file, Sheet &sheet)
+{
+    CompoundReader container;
+    if (const WorkbookResult wrong = container.Open(file); wrong.HasFailed())
+        return wrong;
+    if (!container.Has(u"Workbook") && container.Has(u"Book"))
+        return NoXls(QStringLiteral("it is of Excel 5.0 or 95, older than Excel 97"));
+    QByteArray stream;
+    if (const WorkbookResult wrong = container.Read(u"Workbook", stream); wrong.HasFailed())
+        return wrong;
+    return XlsParser(stream, sheet).Parse();
+}

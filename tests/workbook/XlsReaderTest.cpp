@@ -1,0 +1,384 @@
+#include "Oracle.h"
+#include "RandomTable.h"
+#include "XlsBuilder.h"
+
+#include <QElapsedTimer>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr quint16 SHARED_FORMULA = 0x04BC;
+constexpr quint16 BOOLEAN = 0x0205;
+constexpr quint16 BLANK = 0x0201;
+constexpr quint16 BLANKS = 0x00BE;
+constexpr quint16 CHART = 0x0020;
+
+/// What a file gives: its cells, or the reason of its failure.
+struct Reading
+{
+    explicit Reading(const QByteArray &file)
+    {
+        Sheet sheet;
+        result = ReadXls(file, sheet);
+        cells = CellsOf(sheet);
+    }
+
+    WorkbookResult result;
+    Cells cells;
+};
+
+/// The reason why a file is refused; nothing when the fault is another one.
+std::string Refusal(const QByteArray &file, WorkbookFault fault)
+{
+    const Reading reading(file);
+    return reading.result.fault == fault ? reading.result.reason.toStdString() : "another fault";
+}
+
+/// The texts of column 0, one behind the other.
+std::string ColumnOf(const QByteArray &records)
+{
+    const Reading reading(XlsBuilder{.globals = {}, .sheets = {{0, records}}}.Build());
+    EXPECT_EQ(reading.result.reason, QString());
+    QString all;
+    for (const auto &[place, text] : reading.cells)
+        all += (place.second == 0 ? QString() : u"elsewhere: "_s) + text + u'|';
+    return all.toStdString();
+}
+
+QByteArray Narrow(const QByteArray &text)
+{
+    return Pack(quint16(text.size()), quint8(0)) + text;
+}
+
+/// A workbook of a shared text, a text and a number.
+XlsBuilder SmallBook()
+{
+    XlsBuilder book;
+    book.globals = Rec(BIFF_SST, Pack(1, 1) + Narrow("shared"));
+    book.sheets = {{0, Rec(BIFF_LABELSST, CellData(0, 0, 0)) + Rec(BIFF_LABEL, CellData(1, 0) + Narrow("text")) +
+                           Rec(BIFF_RK, CellData(2, 0, 1 << 2 | 2))}};
+    return book;
+}
+
+/// A table of texts in pieces that may be parted from one another. A piece of characters has flags when it begins a
+/// record.
+class TextTable
+{
+public:
+    void Add(const QString &text, bool isWide, int runs, int extension)
+    {
+        const quint8 flags =
+            quint8((isWide ? TEXT_WIDE : 0) | (runs ? TEXT_RICH : 0) | (extension ? TEXT_EXTENDED : 0));
+        AddBytes(Pack(quint16(text.size()), flags));
+        if (runs)
+            AddBytes(Pack(quint16(runs)));
+        if (extension)
+            AddBytes(Pack(quint32(extension)));
+        for (const QChar c : text)
+            pieces.push_back({{}, c.unicode(), isWide});
+        AddBytes(QByteArray(4 * runs + extension, '\x5A'));
+        ++count;
+    }
+
+    [[nodiscard]] size_t Pieces() const { return pieces.size(); }
+
+    /// The records, with a CONTINUE before each piece that `isCut` names. From the first such one within a text on,
+    /// its characters are of the other width where they can be.
+    template <typename IsCut> [[nodiscard]] QByteArray Records(IsCut isCut, bool changesWidth) const
+    {
+        BiffWriter writer;
+        writer.Begin(BIFF_SST).Add<quint32>(count, count);
+        bool isOther = false;
+        for (size_t i = 0; i < pieces.size(); ++i) {
+            const auto &[bytes, character, wasWide] = pieces[i];
+            isOther = isOther && bytes.isEmpty();
+            if (isCut(i)) {
+                writer.Begin(BIFF_CONTINUE);
+                isOther = changesWidth && bytes.isEmpty();
+            }
+            const bool isWide = isOther ? true : wasWide;
+            if (isCut(i) && bytes.isEmpty())
+                writer.Add<quint8>(isWide ? TEXT_WIDE : 0);
+            if (!bytes.isEmpty())
+                writer.Add(bytes);
+            else if (isWide)
+                writer.Add<quint16>(character);
+            else
+                writer.Add<quint8>(character);
+        }
+        return writer.Bytes();
+    }
+
+private:
+    struct Piece
+    {
+        QByteArray bytes; // none for a character
+        char16_t character;
+        bool isWide;
+    };
+
+    void AddBytes(const QByteArray &bytes)
+    {
+        for (const char byte : bytes)
+            pieces.push_back({QByteArray(1, byte), 0, false});
+    }
+
+    std::vector<Piece> pieces;
+    quint32 count = 0;
+};
+
+/// Reads the table from one sheet that shows each text in a row of its own.
+QString ReadTexts(const QByteArray &table, quint32 count)
+{
+    QByteArray cells;
+    for (quint32 i = 0; i < count; ++i)
+        cells += Rec(BIFF_LABELSST, CellData(int(i), 0, i));
+    const Reading reading(XlsBuilder{.globals = table, .sheets = {{0, cells}}}.Build());
+    QString all = reading.result.reason;
+    for (const auto &[place, text] : reading.cells)
+        all += QString::number(place.first) + u':' + text + u' ';
+    return all;
+}
+
+const Cells SEED_CELLS = {{{0, 0}, u"ID"_s},
+                          {{0, 1}, u"Type"_s},
+                          {{0, 2}, u"English"_s},
+                          {{1, 0}, u"ID_HELLO"_s},
+                          {{1, 2}, u"Gr\u00FC\u00DFe"_s},
+                          {{2, 0}, u"ID_EMOJI"_s},
+                          {{2, 2}, u"\U0001F600 \u4F60\u597D"_s},
+                          {{3, 1}, u"1.5"_s},
+                          {{3, 2}, u"-12345678"_s},
+                          {{4, 1}, u"0.1"_s},
+                          {{4, 2}, u"38113"_s},
+                          {{5, 2}, u"two\nlines"_s}};
+
+} // namespace
+
+TEST(XlsReader, EachKindOfCellGivesItsTextOrNothing)
+{
+    const auto rk = [](qint32 packed) { return Rec(BIFF_RK, CellData(0, 0, packed)); };
+    const quint64 half = 0x3FE0000000000000;
+    const quint64 isText = 0xFFFF000000000000;
+    const auto formula = [](quint64 result) {
+        return Rec(BIFF_FORMULA, CellData(0, 0, result, quint64(0), quint16(0)));
+    };
+    const auto label = [](const QByteArray &text) { return Rec(BIFF_LABEL, CellData(0, 0) + text); };
+    for (const auto &[records, text] : {
+             std::pair(Rec(BIFF_NUMBER, CellData(0, 0, half)), "0.5|"),
+             {rk(qint32(quint32(-7) << 2 | 2)), "-7|"},
+             {rk(qint32(12345 << 2 | 3)), "123.45|"},
+             {rk(0x3FE00000), "0.5|"},
+             {rk(0x3FE00001), "0.005|"},
+             {Rec(BIFF_MULRK, Pack(quint16(3), quint16(0), quint16(0), 4 << 2 | 2, quint16(0))), "4|"},
+             {label(Narrow("caf\xE9")), "caf\u00E9|"},
+             {label(Pack(quint16(2), quint8(1), u'\u4F60', u'!')), "\u4F60!|"},
+             {label(Pack(quint16(4), quint8(0), 'a', 'b')) + Rec(BIFF_CONTINUE, Pack(quint8(1), u'c', u'd')), "abcd|"},
+             {Rec(BIFF_RSTRING, CellData(0, 0) + Narrow("rich") + Pack(quint16(1), 0)), "rich|"},
+             {Rec(BOOLEAN, CellData(0, 0, quint8(1), quint8(0))), ""},
+             {Rec(BLANK, CellData(0, 0)) + Rec(BLANKS, CellData(0, 1, quint16(0), quint16(2))), ""},
+             {formula(half), "0.5|"},
+             {formula(isText | 1), ""},
+             {formula(isText | 2), ""},
+             {formula(isText | 3), ""},
+             {formula(isText) + Rec(BIFF_STRING, Narrow("sum")), "sum|"},
+             {formula(isText) + Rec(SHARED_FORMULA) + Rec(BIFF_STRING, Narrow("sum")), "sum|"},
+             {formula(isText) + Rec(BIFF_STRING, Pack(quint16(4), quint8(0), 'a')) +
+                  Rec(BIFF_CONTINUE, QByteArray("\0bcd", 4)),
+              "abcd|"},
+             {formula(isText) + formula(half) + Rec(BIFF_STRING, Narrow("no text is due")), "0.5|"},
+             {Rec(BIFF_STRING, Narrow("no text is due")), ""},
+             {label(Narrow("old")) + label(Narrow("new")), "new|"},
+             {Rec(BIFF_BOF, Pack(BIFF8, CHART)) + label(Narrow("of a chart")) + Rec(BIFF_EOF) + label(Narrow("mine")),
+              "mine|"},
+         })
+        EXPECT_EQ(ColumnOf(records), text);
+}
+
+TEST(XlsReader, ManyNumbersStandSideBySide)
+{
+    const QByteArray records =
+        Rec(BIFF_MULRK, Pack(quint16(7), quint16(2), quint16(0), 1 << 2 | 2, quint16(0), 2 << 2 | 2, quint16(3)));
+    EXPECT_EQ(Reading(XlsBuilder{.globals = {}, .sheets = {{0, records}}}.Build()).cells,
+              (Cells{{{7, 2}, u"1"_s}, {{7, 3}, u"2"_s}}));
+}
+
+TEST(XlsReader, TakesTheFirstSheetThatIsAWorksheetEvenAHiddenOne)
+{
+    const auto label = [](const char *text) { return Rec(BIFF_LABEL, CellData(0, 0) + Narrow(text)); };
+    XlsBuilder book;
+    book.sheets = {
+        {2, label("chart"), CHART}, {1, label("macro")}, {0, label("hidden"), BOF_WORKSHEET, 2}, {0, label("seen")}};
+    EXPECT_EQ(Reading(book.Build()).cells, (Cells{{{0, 0}, u"hidden"_s}}));
+    book.sheets.resize(2);
+    EXPECT_EQ(Refusal(book.Build(), WorkbookFault::NoWorkbook), "it has no worksheet");
+}
+
+TEST(XlsReader, TheTableOfTextsMayBeCutAnywhere)
+{
+    TextTable table;
+    table.Add(u"ab\u00FFcd"_s, false, 0, 0);
+    table.Add(u""_s, false, 0, 0);
+    table.Add(u"x\u4F60\U0001F600"_s, true, 2, 0);
+    table.Add(u"ext"_s, false, 0, 3);
+    table.Add(u"wxyz"_s, true, 1, 5);
+    const QString expected = u"0:ab\u00FFcd 2:x\u4F60\U0001F600 3:ext 4:wxyz "_s;
+    ASSERT_EQ(ReadTexts(table.Records([](size_t) { return false; }, false), 5), expected);
+    EXPECT_EQ(ReadTexts(table.Records([](size_t) { return true; }, false), 5), expected);
+    for (size_t first = 0; first < table.Pieces(); ++first) {
+        for (size_t second = first; second < table.Pieces(); ++second) {
+            for (const bool changesWidth : {false, true}) {
+                const auto isCut = [&](size_t i) { return i == first || i == second; };
+                ASSERT_EQ(ReadTexts(table.Records(isCut, changesWidth), 5), expected) << first << ' ' << second;
+            }
+        }
+    }
+}
+
+TEST(XlsReader, SaysWhyItRefusesAFile)
+{
+    const XlsBuilder empty{.globals = {}, .sheets = {{0, {}}}};
+    XlsBuilder book = empty;
+    EXPECT_EQ(Refusal("PK\3\4", WorkbookFault::NoWorkbook), "it isn't a compound file");
+    EXPECT_EQ(Refusal(book.Build("Other"), WorkbookFault::NoWorkbook), "the compound file has no stream \"Workbook\"");
+    EXPECT_EQ(Refusal(book.Build("Book"), WorkbookFault::NoWorkbook), "it is of Excel 5.0 or 95, older than Excel 97");
+    book.version = 0x0500;
+    EXPECT_EQ(Refusal(book.Build(), WorkbookFault::NoWorkbook), "it is of version 0x500 (Excel 97-2003 has 0x600)");
+    book = empty;
+    book.globals = Rec(BIFF_FILEPASS, Pack(quint16(1)));
+    EXPECT_EQ(Refusal(book.Build(), WorkbookFault::NoWorkbook), "it is protected by a password");
+
+    const quint32 many = 0xFFFFFFFF;
+    book.globals = Rec(BIFF_SST, Pack(many, many) + Narrow("one"));
+    EXPECT_EQ(Refusal(book.Build(), WorkbookFault::Broken), "the table of texts ends within text 2 of 4294967295");
+    book.globals = Rec(BIFF_SST, Pack(1, 1, quint16(2), quint8(1), u'a', 'b')) + Rec(BIFF_CONTINUE, Pack(quint16(1)));
+    EXPECT_EQ(Refusal(book.Build(), WorkbookFault::Broken), "the table of texts ends within text 1 of 1");
+
+    const auto broken = [&empty](const QByteArray &records) {
+        XlsBuilder with = empty;
+        with.sheets[0].records = records;
+        return Refusal(with.Build(), WorkbookFault::Broken);
+    };
+    EXPECT_EQ(broken(Rec(BIFF_DIMENSIONS, Pack(0, many, 0))),
+              "record 0x200 at 0x31: 4294967295 rows and 0 columns: an .xls sheet has 65536 and 256");
+    EXPECT_EQ(broken(Rec(BIFF_LABELSST, CellData(2, 1, 7))), "row 3, column 2: text 7 of 0 isn't there");
+    EXPECT_EQ(broken(Rec(BIFF_LABEL, CellData(0, 256) + Narrow("a"))),
+              "row 1, column 257: an .xls sheet has 256 columns");
+    EXPECT_EQ(broken(Rec(BIFF_LABEL, CellData(0, 0, quint16(9), quint8(0), 'a'))),
+              "row 1, column 1: the text is cut off");
+    EXPECT_EQ(broken(Rec(BIFF_NUMBER, CellData(0, 0, 1))), "row 1, column 1: the number is cut off");
+    EXPECT_EQ(broken(Rec(BIFF_FORMULA, CellData(0, 0, 1))), "record 0x6 at 0x31: 10 bytes are too few");
+}
+
+TEST(XlsReader, EveryCutIsAnErrorOrHarmlessAndNoneACrash)
+{
+    const QByteArray stream = SmallBook().Stream();
+    const Cells whole = Reading(InContainer(stream)).cells;
+    ASSERT_EQ(whole.size(), 3);
+    for (qsizetype size = 0; size < stream.size(); ++size) {
+        const Reading cut(InContainer(stream.first(size)));
+        EXPECT_EQ(cut.result.fault, WorkbookFault::Broken) << size;
+        EXPECT_TRUE(std::includes(whole.begin(), whole.end(), cut.cells.begin(), cut.cells.end())) << size;
+    }
+    for (const QByteArray &file : {InContainer(stream), LargeSectors(stream, 0)}) {
+        ASSERT_EQ(Reading(file).cells, whole);
+        for (qsizetype size = 0; size < file.size(); ++size) {
+            const Reading cut(file.first(size));
+            EXPECT_TRUE(cut.result.HasFailed() || cut.cells == whole) << size;
+        }
+    }
+}
+
+TEST(XlsReader, AnyNumberInTheContainerIsHarmless)
+{
+    QByteArray large = SmallBook().Stream();
+    large.resize(9000, 0);
+    for (const QByteArray &file : {SmallBook().Build(), InContainer(large), LargeSectors(large, 0)}) {
+        const Cells whole = Reading(file).cells;
+        ASSERT_EQ(whole.size(), 3);
+        for (qsizetype at = 0; at + 4 <= file.size(); at += 2) {
+            if (large.contains(file.mid(at, 8)) && at > 512)
+                continue; // a part of the stream
+            for (const quint32 value :
+                 {0u, 1u, 2u, 3u, 5u, 0x00010000u, 0x7FFFFFFFu, 0xFFFFFFF0u, 0xFFFFFFFEu, 0xFFFFFFFFu}) {
+                QByteArray hostile = file;
+                qToLittleEndian(value, hostile.data() + at);
+                const Reading reading(hostile);
+                EXPECT_TRUE(reading.result.HasFailed() || reading.cells == whole) << at << ' ' << value;
+            }
+        }
+    }
+}
+
+TEST(XlsReader, LoopsAndClaimsInTheContainerCostNothing)
+{
+    QByteArray large = SmallBook().Stream();
+    large.resize(9000, 0);
+    const QByteArray file = InContainer(large);
+    const auto with = [&file](qsizetype at, quint32 value) {
+        QByteArray changed = file;
+        qToLittleEndian(value, changed.data() + at);
+        return Refusal(changed, WorkbookFault::Broken);
+    };
+    const auto sectorAt = [&file](qsizetype at) { return 512 * (1 + qFromLittleEndian<qint32>(file.data() + at)); };
+    const qsizetype table = sectorAt(76);
+    const qsizetype entry = sectorAt(48) + 128;
+    const quint32 start = qFromLittleEndian<quint32>(file.data() + entry + 116);
+    EXPECT_EQ(with(table + 4 * (start + 1), start),
+              "the stream \"Workbook\": the chain of sectors comes back to sector 0");
+    EXPECT_EQ(with(table + 4 * (start + 1), 0xFFFFFFFF),
+              "the stream \"Workbook\": the chain of sectors leads to 0xffffffff after 1024 bytes, of 20 sectors");
+    EXPECT_EQ(with(entry + 120, 0xFFFFFFFF),
+              "the stream \"Workbook\" is said to have 4294967295 bytes, in 10240 bytes of sectors");
+    EXPECT_EQ(with(30, 0x0006001F), "the compound file has sectors of 2^31 and 2^6 bytes, not of 2^9 or 2^12 and 2^6");
+    EXPECT_EQ(with(76, 0x7FFFFFFF), "part 1 of 1 of the sector table isn't within the file");
+
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_EQ(Reading(LargeSectors(large, 200'000)).cells.size(), 3);
+    EXPECT_LT(timer.elapsed(), 5000);
+}
+
+TEST(XlsReader, NumbersOfManyDigitsAreRefusedBeforeTheyFillTheMemory)
+{
+    QByteArray records;
+    for (int row = 0; row < 300; ++row) {
+        QByteArray data = Pack(quint16(row), quint16(0));
+        for (int column = 0; column < 256; ++column)
+            data += Pack(quint16(15), 0x7FE00000);
+        records += Rec(BIFF_MULRK, data + Pack(quint16(255)));
+    }
+    const std::string reason =
+        Refusal(XlsBuilder{.globals = {}, .sheets = {{0, records}}}.Build(), WorkbookFault::TooLarge);
+    EXPECT_TRUE(reason.ends_with("the numbers have more digits than a file of this size is granted")) << reason;
+}
+
+TEST(XlsReader, ReadsWhatOtherProgramsMakeOfRandomTables)
+{
+    for (unsigned seed = 0; seed < 4; ++seed) {
+        const Cells cells = RandomTable(seed, ALPHABETS);
+        const Reading xlwt(OracleWrites("xlwt", cells, "xls"));
+        EXPECT_EQ(xlwt.result.reason, QString());
+        EXPECT_TRUE(xlwt.cells == cells) << seed;
+        // No text that gnumeric would take for a number or a formula, and none that it counts wrongly (beyond 0xFFFF).
+        const Cells plain = RandomTable(seed, {u"z\u00E9\u4F60"_s, u"xy z"_s});
+        const Reading gnumeric(OracleWrites("csv", plain, "xls"));
+        EXPECT_EQ(gnumeric.result.reason, QString());
+        EXPECT_TRUE(gnumeric.cells == plain) << seed;
+    }
+}
+
+TEST(XlsReader, ReadsTheFilesOfOtherPrograms)
+{
+    for (const char *name : {"xlwt", "gnumeric", "libreoffice"}) {
+        QFile file(QStringLiteral(WORKBOOK_SEEDS "/xls/") + QLatin1String(name));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+        const Reading reading(file.readAll());
+        EXPECT_EQ(reading.result.reason, QString()) << name;
+        EXPECT_EQ(reading.cells, SEED_CELLS) << name;
+    }
+}
