@@ -67,6 +67,12 @@ inline std::vector<QStringList> Read(Reader read, QByteArrayView file)
     return rows;
 }
 
+/// How a failing test shows a text.
+inline void PrintTo(const QString &text, std::ostream *stream)
+{
+    *stream << '"' << text.left(30).toUtf8().toPercentEncoding(" !#$&'()*+,/:;=?@[]<>|").toStdString() << '"';
+}
+
 inline WorkbookResult ReadFailing(Reader read, QByteArrayView file)
 {
     Sheet sheet;

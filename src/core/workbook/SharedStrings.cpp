@@ -28,18 +28,16 @@ public:
     }
 
 private:
-    void Enter(int place, const XmlAttributes &attributes) override
+    void Enter(int place, const XmlAttributes &) override
     {
         if (place == ITEM)
             joined.clear();
-        else if (place == TEXT)
-            keepsBlanks = attributes.Find(XML_SPACE) == "preserve";
     }
 
     void Leave(int place, QByteArrayView content) override
     {
         if (place == TEXT) {
-            joined += DecodeXlsxText(content, keepsBlanks);
+            joined += DecodeXlsxText(content);
         } else if (place == ITEM) {
             if (!budget.GrantCell() || !budget.GrantText(joined.size()))
                 return Fail(WorkbookFault::TooLarge,
@@ -51,7 +49,6 @@ private:
     TextBudget &budget;
     std::vector<QString> &strings;
     QString joined; // of the runs
-    bool keepsBlanks = false;
 };
 
 } // namespace

@@ -82,15 +82,13 @@ private:
         } else if (place == CELL) {
             EnterCell(attributes.Find("r"));
             SetType(attributes.Find("t").value_or("n"));
-        } else if (place == TEXT) {
-            keepsBlanks = attributes.Find(XML_SPACE) == "preserve";
         }
     }
 
     void Leave(int place, QByteArrayView content) override
     {
         if (place == TEXT)
-            text += DecodeXlsxText(content, keepsBlanks);
+            text += DecodeXlsxText(content);
         else if (place == INLINE && type == Type::Text)
             Add(std::exchange(text, {}));
         else if (place == VALUE)
@@ -151,7 +149,7 @@ private:
     void AddValue(std::string_view value)
     {
         if (type == Type::Text)
-            return Add(DecodeXlsxText({value.data(), qsizetype(value.size())}, true));
+            return Add(DecodeXlsxText({value.data(), qsizetype(value.size())}));
         if (type == Type::SharedString) {
             const auto index = ParseNumber(value);
             if (!index || *index >= sharedStrings.size())
@@ -194,7 +192,6 @@ private:
     quint64 column = 0;
     Type type = Type::None;
     QString text; // of the runs of a cell
-    bool keepsBlanks = false;
 };
 
 } // namespace

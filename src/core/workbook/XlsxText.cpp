@@ -9,16 +9,6 @@ namespace
 
 constexpr qsizetype ESCAPE_SIZE = 7; // "_xHHHH_"
 
-QByteArrayView WithoutBlanks(QByteArrayView text)
-{
-    static constexpr std::string_view BLANKS = " \t\r\n";
-    const std::string_view view(text.data(), size_t(text.size()));
-    const size_t begin = view.find_first_not_of(BLANKS);
-    if (begin == std::string_view::npos)
-        return {};
-    return text.sliced(qsizetype(begin), qsizetype(view.find_last_not_of(BLANKS) + 1 - begin));
-}
-
 /// The unit that the escape at `at` stands for; nothing when there is none.
 std::optional<QChar> EscapeAt(QStringView text, qsizetype at)
 {
@@ -45,9 +35,9 @@ bool NeedsEscape(QStringView text, qsizetype at)
 
 } // namespace
 
-QString DecodeXlsxText(QByteArrayView utf8, bool keepsBlanks)
+QString DecodeXlsxText(QByteArrayView utf8)
 {
-    const QString raw = FromUtf8(keepsBlanks ? utf8 : WithoutBlanks(utf8));
+    const QString raw = FromUtf8(utf8);
     if (!raw.contains(QLatin1String("_x")))
         return raw;
     QString text;

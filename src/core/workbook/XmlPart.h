@@ -12,9 +12,6 @@
 
 class ZipFile;
 
-/// The name of the attribute that says whether blanks count.
-inline constexpr std::string_view XML_SPACE = "http://www.w3.org/XML/1998/namespace\nspace";
-
 /// The attributes of an element, as expat tells them.
 class XmlAttributes
 {
