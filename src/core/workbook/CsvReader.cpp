@@ -1,0 +1,163 @@
+#include "Formats.h"
+
+#include "CsvGuard.h"
+#include "TextBudget.h"
+
+#include <QStringDecoder>
+
+#include <algorithm>
+
+namespace
+{
+
+/// Where a file isn't text of its encoding.
+WorkbookResult FindBadLine(QByteArrayView utf8)
+{
+    int line = 1;
+    for (qsizetype begin = 0; begin < utf8.size(); ++line) {
+        qsizetype end = utf8.indexOf('\n', begin);
+        end = end < 0 ? utf8.size() : end;
+        if (!utf8.sliced(begin, end - begin).isValidUtf8())
+            break;
+        begin = end + 1;
+    }
+    return {WorkbookFault::Broken, QStringLiteral("line %1 isn't UTF-8: save it as CSV in UTF-8").arg(line)};
+}
+
+/// The text of the file: UTF-16 with a byte order mark, or UTF-8 with or without one.
+WorkbookResult Decode(QByteArrayView file, QString &text)
+{
+    const auto encoding = QStringConverter::encodingForData(file).value_or(QStringConverter::Utf8);
+    const bool isUtf16 = encoding == QStringConverter::Utf16LE || encoding == QStringConverter::Utf16BE;
+    if (encoding != QStringConverter::Utf8 && !isUtf16)
+        return {WorkbookFault::NoWorkbook, QStringLiteral("it isn't text in UTF-8 or UTF-16")};
+    QStringDecoder decoder(encoding);
+    text = decoder(file);
+    if (text.contains(QChar(u'\0')))
+        return {WorkbookFault::NoWorkbook, QStringLiteral("it isn't text: a zero stands in it")};
+    if (!decoder.hasError())
+        return {};
+    return isUtf16 ? WorkbookResult{WorkbookFault::Broken, QStringLiteral("it isn't UTF-16")} : FindBadLine(file);
+}
+
+bool IsLineEnd(QChar c)
+{
+    return c == u'\r' || c == u'\n';
+}
+
+/// Of comma, semicolon and tab the one that stands most often in the first line, outside of quotes.
+QChar FindSeparator(QStringView text)
+{
+    static constexpr QStringView CANDIDATES = u",;\t";
+    qsizetype counts[CANDIDATES.size()] = {};
+    bool isQuoted = false;
+    for (const QChar c : text) {
+        if (c == u'"')
+            isQuoted = !isQuoted;
+        if (isQuoted)
+            continue;
+        if (IsLineEnd(c))
+            break;
+        if (const qsizetype candidate = CANDIDATES.indexOf(c); candidate >= 0)
+            ++counts[candidate];
+    }
+    return CANDIDATES[std::max_element(std::begin(counts), std::end(counts)) - std::begin(counts)];
+}
+
+class CsvParser
+{
+public:
+    CsvParser(QStringView all, qsizetype fileSize, Sheet &result)
+        : text(all), separator(FindSeparator(all)), budget(fileSize), sheet(result)
+    {
+    }
+
+    WorkbookResult Parse()
+    {
+        WorkbookResult result;
+        while (at < text.size() && !result.HasFailed()) {
+            result = ReadField();
+            if (at == text.size())
+                break;
+            const QChar end = text[at++];
+            if (end == separator) {
+                ++column;
+                continue;
+            }
+            if (end == u'\r' && at < text.size() && text[at] == u'\n')
+                ++at;
+            ++row;
+            column = 0;
+        }
+        return result;
+    }
+
+private:
+    /// Reads up to what ends the field. What follows a closing quote belongs to the field as it stands.
+    WorkbookResult ReadField()
+    {
+        field.resize(0);
+        const qsizetype start = at;
+        if (text[at] == u'"' && !ReadQuoted())
+            return {WorkbookFault::Broken, QStringLiteral("line %1: a quote isn't closed").arg(LineAt(start))};
+        const qsizetype rest = at;
+        while (at < text.size() && text[at] != separator && !IsLineEnd(text[at]))
+            ++at;
+        field += text.sliced(rest, at - rest);
+        const QStringView value = WithoutCsvGuard(field);
+        if (value.isEmpty())
+            return {};
+        if (row >= Sheet::MOST_ROWS || column >= Sheet::MOST_COLUMNS)
+            return {WorkbookFault::TooLarge, QStringLiteral("line %1, column %2: there may be %3 rows and %4 columns")
+                                                 .arg(LineAt(start))
+                                                 .arg(column + 1)
+                                                 .arg(Sheet::MOST_ROWS)
+                                                 .arg(Sheet::MOST_COLUMNS)};
+        if (!budget.GrantCell() || !budget.GrantText(value.size()))
+            return {WorkbookFault::TooLarge,
+                    QStringLiteral("line %1: the cells take too much memory").arg(LineAt(start))};
+        sheet.Add(quint32(row), quint32(column), value.toString());
+        return {};
+    }
+
+    /// Reads what stands in quotes, where two of them stand for one. False when the closing one is missing.
+    bool ReadQuoted()
+    {
+        for (++at;; ++at) {
+            const qsizetype quote = text.indexOf(u'"', at);
+            if (quote < 0)
+                return false;
+            field += text.sliced(at, quote - at);
+            at = quote + 1;
+            if (at == text.size() || text[at] != u'"')
+                return true;
+            field += u'"';
+        }
+    }
+
+    [[nodiscard]] qsizetype LineAt(qsizetype place) const
+    {
+        qsizetype line = 1;
+        for (qsizetype i = 0; i < place; ++i)
+            line += text[i] == u'\n' || (text[i] == u'\r' && text[i + 1] != u'\n');
+        return line;
+    }
+
+    QStringView text;
+    QChar separator;
+    TextBudget budget;
+    Sheet &sheet;
+    qsizetype at = 0;
+    qsizetype row = 0;
+    qsizetype column = 0;
+    QString field;
+};
+
+} // namespace
+
+WorkbookResult ReadCsv(QByteArrayView file, Sheet &sheet)
+{
+    QString text;
+    const WorkbookResult result = Decode(file, text);
+    return result.HasFailed() ? result : CsvParser(text, file.size(), sheet).Parse();
+}

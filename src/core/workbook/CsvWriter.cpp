@@ -1,0 +1,58 @@
+#include "Formats.h"
+
+#include "CsvGuard.h"
+#include "Utf8.h"
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr char BYTE_ORDER_MARK[] = "\xEF\xBB\xBF";
+
+/// Blanks at the ends and the separators of other places need no quotes by the standard, but not every reader is as
+/// careful.
+bool NeedsQuotes(QStringView text)
+{
+    return text.front().isSpace() || text.back().isSpace() || std::any_of(text.begin(), text.end(), [](QChar c) {
+               return c == u'"' || c == u',' || c == u';' || c == u'\t' || c == u'\r' || c == u'\n';
+           });
+}
+
+void AppendField(QStringView text, QString &line)
+{
+    if (text.isEmpty())
+        return;
+    const qsizetype start = line.size();
+    if (NeedsCsvGuard(text))
+        line += u'\'';
+    line += text;
+    if (!NeedsQuotes(QStringView(line).sliced(start)))
+        return;
+    const QString field = line.sliced(start).replace(u'"', QLatin1String("\"\""));
+    line.truncate(start);
+    line += u'"' + field + u'"';
+}
+
+} // namespace
+
+/// No text file holds a zero: it becomes U+FFFD, as a lone surrogate does.
+WorkbookResult WriteCsv(ISheetSource &source, QByteArray &file)
+{
+    file = BYTE_ORDER_MARK;
+    QString line;
+    for (qint64 row = 0; row < source.RowCount(); ++row) {
+        const std::span<const QStringView> texts = source.Row(row);
+        line.resize(0);
+        for (int column = 0; column < source.ColumnCount(); ++column) {
+            if (column > 0)
+                line += u',';
+            if (size_t(column) < texts.size())
+                AppendField(texts[size_t(column)], line);
+        }
+        line.replace(QChar(u'\0'), QChar(QChar::ReplacementCharacter));
+        line += QLatin1String("\r\n");
+        file += ToUtf8(line);
+    }
+    return {};
+}

@@ -1,0 +1,203 @@
+#include "XlsxSheet.h"
+
+#include "IdNames.h"
+#include "SharedStrings.h"
+#include "XlsxText.h"
+#include "XmlPart.h"
+
+#include <charconv>
+#include <cmath>
+
+namespace
+{
+
+enum Place
+{
+    SHEET = XmlGrammar::DOCUMENT + 1,
+    ROWS,
+    ROW,
+    CELL,
+    VALUE,
+    INLINE,
+    RUN,
+    TEXT,
+};
+constexpr XmlStep STEPS[] = {
+    {ROW, "c", CELL},           {CELL, "v", VALUE}, {ROWS, "row", ROW}, {CELL, "is", INLINE},
+    {INLINE, "t", TEXT},        {INLINE, "r", RUN}, {RUN, "t", TEXT},   {XmlGrammar::DOCUMENT, "worksheet", SHEET},
+    {SHEET, "sheetData", ROWS},
+};
+constexpr XmlGrammar GRAMMAR = {{SPREADSHEET_ML, STRICT_SPREADSHEET_ML}, STEPS, WorkbookFault::Broken};
+
+QString ToText(std::string_view view)
+{
+    return QString::fromUtf8(view.data(), qsizetype(view.size()));
+}
+
+/// A number without a sign that is all of the text; nothing when it is something else or doesn't fit.
+std::optional<quint64> ParseNumber(std::string_view text)
+{
+    quint64 number = 0;
+    const char *const end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, number);
+    if (text.empty() || error != std::errc() || rest != end)
+        return std::nullopt;
+    return number;
+}
+
+/// The number of the column that a reference such as "AB12" begins with, from 1, of which the letters are taken off; 0
+/// when there is none.
+quint64 TakeColumn(std::string_view &reference)
+{
+    constexpr int MOST_LETTERS = 7;
+    quint64 column = 0;
+    for (int i = 0; i < MOST_LETTERS && !reference.empty() && reference[0] >= 'A' && reference[0] <= 'Z'; ++i) {
+        column = column * 26 + quint64(reference[0] - 'A' + 1);
+        reference.remove_prefix(1);
+    }
+    return column;
+}
+
+class SheetPart : public XmlPart
+{
+public:
+    SheetPart(const std::vector<QString> &shared, TextBudget &granted, Sheet &result)
+        : XmlPart(GRAMMAR), sharedStrings(shared), budget(granted), sheet(result)
+    {
+    }
+
+private:
+    enum class Type
+    {
+        Number,
+        Text,
+        SharedString,
+        None,
+    };
+
+    void Enter(int place, const XmlAttributes &attributes) override
+    {
+        if (place == ROW) {
+            EnterRow(attributes.Find("r"));
+        } else if (place == CELL) {
+            EnterCell(attributes.Find("r"));
+            SetType(attributes.Find("t").value_or("n"));
+        }
+    }
+
+    void Leave(int place, QByteArrayView content) override
+    {
+        if (place == TEXT)
+            text += DecodeXlsxText(content);
+        else if (place == INLINE && type == Type::Text)
+            Add(std::exchange(text, {}));
+        else if (place == VALUE)
+            AddValue({content.data(), size_t(content.size())});
+    }
+
+    void EnterRow(std::optional<std::string_view> reference)
+    {
+        ++row;
+        column = 0;
+        if (!reference)
+            return CheckPlace();
+        const auto number = ParseNumber(*reference);
+        if (!number || *number == 0)
+            return Fail(WorkbookFault::Broken, QStringLiteral("\"%1\" is no row").arg(ToText(*reference)));
+        row = *number;
+        CheckPlace();
+    }
+
+    /// The reference of a cell names its row too, which counts.
+    void EnterCell(std::optional<std::string_view> reference)
+    {
+        ++column;
+        text.clear();
+        if (reference) {
+            std::string_view rest = *reference;
+            column = TakeColumn(rest);
+            row = ParseNumber(rest).value_or(0);
+            if (column == 0 || row == 0)
+                return Fail(WorkbookFault::Broken, QStringLiteral("\"%1\" is no cell").arg(ToText(*reference)));
+        }
+        CheckPlace();
+    }
+
+    void CheckPlace()
+    {
+        if (row > Sheet::MOST_ROWS)
+            Fail(WorkbookFault::TooLarge, QStringLiteral("row %1: a sheet has %2").arg(row).arg(Sheet::MOST_ROWS));
+        else if (column > Sheet::MOST_COLUMNS)
+            Fail(WorkbookFault::TooLarge,
+                 QStringLiteral("column %1 in row %2: a sheet has %3").arg(column).arg(row).arg(Sheet::MOST_COLUMNS));
+    }
+
+    void SetType(std::string_view name)
+    {
+        if (name == "s")
+            type = Type::SharedString;
+        else if (name == "inlineStr" || name == "str")
+            type = Type::Text;
+        else if (name == "n")
+            type = Type::Number;
+        else if (name == "b" || name == "e" || name == "d")
+            type = Type::None;
+        else
+            FailInCell(WorkbookFault::Broken, QStringLiteral("\"%1\" is no type of a cell").arg(ToText(name)));
+    }
+
+    void AddValue(std::string_view value)
+    {
+        if (type == Type::Text)
+            return Add(DecodeXlsxText({value.data(), qsizetype(value.size())}));
+        if (type == Type::SharedString) {
+            const auto index = ParseNumber(value);
+            if (!index || *index >= sharedStrings.size())
+                return FailInCell(WorkbookFault::Broken, QStringLiteral("there is no shared string \"%1\" of %2")
+                                                             .arg(ToText(value))
+                                                             .arg(sharedStrings.size()));
+            AddGranted(sharedStrings[*index]);
+        } else if (type == Type::Number && !value.empty()) {
+            bool isNumber = false;
+            const double number = QByteArrayView(value.data(), qsizetype(value.size())).toDouble(&isNumber);
+            if (!isNumber || !std::isfinite(number))
+                return FailInCell(WorkbookFault::Broken, QStringLiteral("\"%1\" is no number").arg(ToText(value)));
+            Add(FormatFloat(number));
+        }
+    }
+
+    void Add(QString own)
+    {
+        if (!own.isEmpty() && !budget.GrantText(own.size()))
+            return FailInCell(WorkbookFault::TooLarge, QStringLiteral("the texts take too much memory"));
+        AddGranted(std::move(own));
+    }
+
+    void AddGranted(QString granted)
+    {
+        if (!granted.isEmpty() && !budget.GrantCell())
+            return FailInCell(WorkbookFault::TooLarge, QStringLiteral("the cells take too much memory"));
+        sheet.Add(quint32(row - 1), quint32(column - 1), std::move(granted));
+    }
+
+    void FailInCell(WorkbookFault fault, const QString &what)
+    {
+        Fail(fault, QStringLiteral("row %1, column %2: %3").arg(row).arg(column).arg(what));
+    }
+
+    const std::vector<QString> &sharedStrings;
+    TextBudget &budget;
+    Sheet &sheet;
+    quint64 row = 0; // both from 1
+    quint64 column = 0;
+    Type type = Type::None;
+    QString text; // of the runs of a cell
+};
+
+} // namespace
+
+WorkbookResult ReadXlsxSheet(const ZipFile &zip, const QByteArray &part, const std::vector<QString> &sharedStrings,
+                             TextBudget &budget, Sheet &sheet)
+{
+    return SheetPart(sharedStrings, budget, sheet).Read(zip, part);
+}

@@ -1,0 +1,145 @@
+#include "Formats.h"
+
+#include "XlsxText.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <xlsxwriter.h>
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr int HEADER_ROWS = 2;
+constexpr qsizetype LONGEST_TEXT = 32'767; // UTF-16 units
+constexpr double WIDTHS[] = {30, 14};      // of the first columns, in characters
+constexpr double OTHER_WIDTH = 40;
+constexpr time_t CREATED = 1577836800; // 2020-01-01, so that the same sheet gives the same bytes
+
+WorkbookResult CheckSize(const ISheetSource &source)
+{
+    if (source.RowCount() > LXW_ROW_MAX)
+        return {WorkbookFault::TooLarge,
+                QStringLiteral("row %1: an .xlsx sheet has %2").arg(LXW_ROW_MAX + 1).arg(LXW_ROW_MAX)};
+    if (source.ColumnCount() > LXW_COL_MAX)
+        return {WorkbookFault::TooLarge,
+                QStringLiteral("column %1: an .xlsx sheet has %2").arg(LXW_COL_MAX + 1).arg(LXW_COL_MAX)};
+    return {};
+}
+
+/// One writing of a workbook to a file of its own.
+///
+/// The library writes each row out as soon as the next one begins, with the texts in their cells: for texts that hardly
+/// repeat, that is both faster and smaller in memory than a table of them.
+class XlsxFile
+{
+public:
+    XlsxFile(const QByteArray &path, QByteArray &folder)
+    {
+        lxw_workbook_options options{};
+        options.constant_memory = true;
+        options.tmpdir = folder.data();
+        workbook = workbook_new_opt(path.constData(), &options);
+    }
+    ~XlsxFile() { lxw_workbook_free(workbook); }
+    XlsxFile(const XlsxFile &) = delete;
+    XlsxFile &operator=(const XlsxFile &) = delete;
+
+    [[nodiscard]] WorkbookResult Write(ISheetSource &source)
+    {
+        WorkbookResult result = Prepare(source.ColumnCount());
+        for (qint64 row = 0; row < source.RowCount() && !result.HasFailed(); ++row)
+            result = WriteRow(lxw_row_t(row), source.Row(row));
+        return result.HasFailed() ? result : Result(workbook_close(std::exchange(workbook, nullptr)));
+    }
+
+private:
+    static WorkbookResult Result(lxw_error error)
+    {
+        if (error == LXW_NO_ERROR)
+            return {};
+        return {WorkbookFault::CannotWrite, QString::fromUtf8(lxw_strerror(error))};
+    }
+
+    WorkbookResult Prepare(int columns)
+    {
+        sheet = workbook ? workbook_add_worksheet(workbook, "Strings") : nullptr;
+        if (!sheet)
+            return Result(LXW_ERROR_CREATING_TMPFILE);
+        lxw_doc_properties properties{};
+        properties.created = CREATED;
+        workbook_set_properties(workbook, &properties);
+        cell = AddFormat();
+        header = AddFormat();
+        format_set_bold(header);
+        worksheet_freeze_panes(sheet, HEADER_ROWS, 0);
+        // Empty cells too: what somebody types into one has to stay a text.
+        for (int column = 0; column < columns; ++column)
+            worksheet_set_column(sheet, lxw_col_t(column), lxw_col_t(column),
+                                 column < int(std::size(WIDTHS)) ? WIDTHS[column] : OTHER_WIDTH, cell);
+        return {};
+    }
+
+    lxw_format *AddFormat()
+    {
+        lxw_format *const format = workbook_add_format(workbook);
+        format_set_num_format(format, "@");
+        format_set_text_wrap(format);
+        format_set_align(format, LXW_ALIGN_VERTICAL_TOP);
+        return format;
+    }
+
+    WorkbookResult WriteRow(lxw_row_t row, std::span<const QStringView> texts)
+    {
+        for (size_t column = 0; column < texts.size(); ++column) {
+            const QStringView text = texts[column];
+            if (text.isEmpty())
+                continue;
+            lxw_error error = LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED;
+            if (text.size() <= LONGEST_TEXT)
+                error = worksheet_write_string(sheet, row, lxw_col_t(column), EncodeXlsxText(text).constData(),
+                                               row < HEADER_ROWS ? header : cell);
+            if (error == LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED)
+                return {WorkbookFault::TooLarge,
+                        QStringLiteral("row %1, column %2: the text has %3 characters, an .xlsx cell %4")
+                            .arg(row + 1)
+                            .arg(column + 1)
+                            .arg(text.size())
+                            .arg(LONGEST_TEXT)};
+            if (error != LXW_NO_ERROR)
+                return Result(error);
+        }
+        return {};
+    }
+
+    lxw_workbook *workbook = nullptr; // null once it is closed
+    lxw_worksheet *sheet = nullptr;
+    lxw_format *cell = nullptr;
+    lxw_format *header = nullptr;
+};
+
+} // namespace
+
+WorkbookResult WriteXlsx(ISheetSource &source, QByteArray &file)
+{
+    const WorkbookResult tooLarge = CheckSize(source);
+    if (tooLarge.HasFailed())
+        return tooLarge;
+    const QTemporaryDir folder;
+    if (!folder.isValid())
+        return {WorkbookFault::CannotWrite, folder.errorString()};
+    const QString path = folder.filePath(QStringLiteral("workbook.xlsx"));
+    QByteArray folderName = QFile::encodeName(folder.path());
+    const WorkbookResult result = XlsxFile(QFile::encodeName(path), folderName).Write(source);
+    if (result.HasFailed())
+        return result;
+    QFile written(path);
+    if (!written.open(QIODevice::ReadOnly))
+        return {WorkbookFault::CannotWrite, written.errorString()};
+    file = written.readAll();
+    if (file.size() != written.size())
+        return {WorkbookFault::CannotWrite, written.errorString()};
+    return {};
+}
