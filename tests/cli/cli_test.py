@@ -62,9 +62,36 @@ class Cli(DemoProject):
             self.assertEqual((status, out), (2, ''), arguments)
             self.assertNotEqual(err, '', arguments)
         self.assertEqual(self.run_cli('--version')[:2], (0, 'morvanite-cli 1.0.0\n'))
-        for command in ('load', 'save', 'pack', 'ids', 'inspect', 'serve'):
+        for command in ('load', 'save', 'pack', 'ids', 'inspect', 'strings', 'serve'):
             self.assertEqual(self.run_cli(command, '--help')[0], 0)
             self.assertIn(command, self.run_cli('--help')[1])
+
+    def test_strings_go_into_a_workbook_and_come_back_and_a_dry_run_changes_nothing(self):
+        strings = self.dir / 'res/ref_list_demo.txt'
+        before = strings.read_bytes()
+        imported = '[demo] import - 0 error(s), 0 warning(s)\r\n'
+        for name in ('table.xls', 'table.xlsx', 'table.csv'):
+            self.assertEqual(self.run_cli('strings', 'export', self.project, name),
+                             (0, '[demo] export - 0 error(s), 0 warning(s)\r\n', ''))
+            self.assertEqual(self.run_cli('strings', 'import', self.project, name, '--dry-run'),
+                             (0, 'same\tC3\tgreeting\nsame\tD3\tHi\nnowhere\tA4\t##number\nnowhere\tB4\t1\n' + imported, ''))
+        sheet = (self.dir / name).read_text(encoding='utf-8-sig')
+        (self.dir / name).write_text(sheet.replace('Hi', '"Hello\tthere"').replace('##', 'ID_NEW,Push,,"a, b"\n##'))
+        status, out, _ = self.run_cli('strings', 'import', self.project, name, '--dry-run')
+        self.assertEqual((status, out[:out.index('nowhere')]),
+                         (0, 'same\tC3\tgreeting\nkept\tD3\tHello\\tthere\tHi\nnew\tD4\ta, b\n'))
+        self.assertEqual(strings.read_bytes(), before)
+        status, out, err = self.run_cli('strings', 'import', self.project, name)
+        self.assertEqual((status, out, err), (0, imported + '[demo] save - 0 error(s), 0 warning(s)\r\n', ''))
+        self.assertIn('ID_STRING_HI\tNormal\tgreeting\tHi\r\nID_NEW\tPush\t\ta, b\r\n##number\t2\r\n',
+                      strings.read_bytes().decode('utf-16'))
+        status, out, _ = self.run_cli('strings', 'stats', self.project, '--json')
+        self.assertEqual(json.loads(out), {'rows': 2, 'languages': [
+            {'language': 0, 'name': 'English', 'texts': 2, 'missing': 0, 'same_as_first': 0}]})
+        (self.dir / 'cut.csv').write_text('"')
+        status, out, err = self.run_cli('strings', 'import', self.project, 'cut.csv')
+        self.assertEqual(status, 1)
+        self.assertTrue(out.startswith('Error 1: failed to import from Excel.\r\n') and 'cut.csv: line 1: ' in err, out + err)
 
     def test_ids_are_listed_in_the_byte_order_of_their_names_and_the_debug_log_goes_where_it_is_sent(self):
         self.env['MORVANITE_DEBUG_LOG'] = str(self.dir / 'log')
