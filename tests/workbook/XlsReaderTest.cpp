@@ -1,3 +1,4 @@
+#include "ByteReader.h"
 #include "Oracle.h"
 #include "RandomTable.h"
 #include "XlsBuilder.h"
@@ -81,8 +82,8 @@ public:
         ++count;
     }
 
-    /// The records, with a CONTINUE before each piece that `isCut` names. Of a text that is cut once more or once less,
-    /// the characters behind the cut may be wide in spite of its flags.
+    /// The records, with a CONTINUE before each piece that `isCut` names. With `widens`, every other cut within a text
+    /// makes the characters behind it wide, whatever the text's own flags say.
     [[nodiscard]] QByteArray Records(const std::function<bool(size_t)> &isCut, bool widens = false) const
     {
         BiffWriter writer;
@@ -281,10 +282,10 @@ TEST(XlsReader, LoopsAndClaimsInTheContainerCostNothing)
         qToLittleEndian(value, changed.data() + at);
         return Refusal(changed, WorkbookFault::Broken);
     };
-    const auto sectorAt = [&file](qsizetype at) { return 512 * (1 + qFromLittleEndian<qint32>(file.data() + at)); };
+    const auto sectorAt = [&file](qsizetype at) { return 512 * (1 + qsizetype(*ByteReader(file).U32(quint64(at)))); };
     const qsizetype table = sectorAt(76);
     const qsizetype entry = sectorAt(48) + 128;
-    const quint32 start = qFromLittleEndian<quint32>(file.data() + entry + 116);
+    const quint32 start = *ByteReader(file).U32(quint64(entry) + 116);
     EXPECT_EQ(with(table + 4 * (start + 1), start),
               "the stream \"Workbook\": the chain of sectors comes back to sector 0");
     EXPECT_EQ(with(table + 4 * (start + 1), 0xFFFFFFFF),
