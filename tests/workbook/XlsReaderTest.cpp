@@ -158,7 +158,7 @@ TEST(XlsReader, EachKindOfCellGivesItsTextOrNothing)
              {formula(isText) + formula(half) + Rec(BIFF_STRING, Narrow("no text is due")), "0.5|"},
              {Rec(BIFF_STRING, Narrow("no text is due")), ""},
              {label(Narrow("old")) + label(Narrow("new")), "new|"},
-             {Rec(BIFF_BOF, Pack(BIFF8, CHART)) + label(Narrow("of a chart")) + Rec(BIFF_EOF) + label(Narrow("mine")),
+             {label(Narrow("mine")) + Rec(BIFF_BOF, Pack(BIFF8, CHART)) + label(Narrow("of a chart")) + Rec(BIFF_EOF),
               "mine|"},
              {Rec(BIFF_MULRK, Pack(quint16(0), quint16(0), quint16(0), 1 << 2 | 2, quint16(0), 2 << 2 | 2, quint16(1))),
               "1|0,1:2|"},
