@@ -30,18 +30,12 @@ TEST(XlsWriter, RandomTablesAreReadBackByOurReaderAndByOthersCellForCell)
         const Cells cells = RandomTable(seed, ALPHABETS);
         const QByteArray file = Written(cells);
         ASSERT_TRUE(ReadBack(file) == cells);
+        const Cells wild = RandomTable(seed, {WILD, WILD + ALPHABETS[0]});
+        ASSERT_TRUE(ReadBack(Written(wild)) == wild);
         if (seed < 4) {
             ASSERT_TRUE(OracleReads("xlrd", file, "xls") == cells);
             ASSERT_TRUE(OracleReads("csv", file, "xls") == cells);
         }
-    }
-}
-
-TEST(XlsWriter, AnyCharactersComeBack)
-{
-    for (unsigned seed = 0; seed < 20; ++seed) {
-        const Cells cells = RandomTable(seed, {WILD, WILD + ALPHABETS[0]});
-        ASSERT_TRUE(ReadBack(Written(cells)) == cells) << seed;
     }
 }
 
@@ -78,8 +72,9 @@ TEST(XlsWriter, LargestTablesFitAndLargerOnesAreRefusedWithPlaceAndLimit)
 
 TEST(XlsWriter, ATableBeyondTheSectorsThatTheHeaderListsIsReadBack)
 {
+    // 15 MiB of sectors are listed in the header and the first sector of the list behind it.
     Cells cells;
-    for (quint32 row = 0; row < 200; ++row)
+    for (quint32 row = 0; row < 300; ++row)
         cells[{row, row % 3}] = QString::number(row) + QString(30'000, u'\u4F60');
     EXPECT_TRUE(ReadBack(Written(cells)) == cells);
 }

@@ -5,6 +5,7 @@
 #include <QByteArray>
 
 #include <initializer_list>
+#include <limits>
 #include <vector>
 
 /// Sectors of one size that lie side by side, chained by a table of what follows each.
@@ -16,10 +17,11 @@ struct SectorSpace
     quint64 sectorSize = 0;
     std::vector<quint32> next; // by sector; the number of another one, or END_OF_CHAIN
 
-    /// Puts the bytes of the chain that begins with sector `start` into `result`: the first `length`, or all of them
-    /// up to the end of the chain. `name` is for the reason of a failure.
+    static constexpr quint64 WHOLE_CHAIN = std::numeric_limits<quint64>::max();
+
+    /// Puts `length` bytes of the chain that begins with sector `start` into `result`, or those up to the end of the
+    /// chain. `name` is for the reason of a failure.
     [[nodiscard]] WorkbookResult Gather(quint32 start, quint64 length, const QString &name, QByteArray &result) const;
-    [[nodiscard]] WorkbookResult GatherAll(quint32 start, const QString &name, QByteArray &result) const;
 };
 
 /// The streams in the root folder of a compound file ([MS-CFB]), read from memory.

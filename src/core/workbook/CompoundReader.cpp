@@ -5,7 +5,6 @@
 #include <QtEndian>
 
 #include <algorithm>
-#include <limits>
 
 namespace
 {
@@ -55,12 +54,12 @@ constexpr char KIND_STREAM = 2;
 
 constexpr quint32 END_OF_CHAIN = 0xFFFFFFFE;
 constexpr quint64 SMALL_SECTOR_SIZE = 64;
-constexpr quint64 ALL = std::numeric_limits<quint64>::max();
 
 std::vector<quint32> Numbers(QByteArrayView bytes)
 {
     std::vector<quint32> numbers(size_t(bytes.size() / 4));
-    qFromLittleEndian<quint32>(bytes.data(), qsizetype(numbers.size()), numbers.data());
+    for (size_t i = 0; i < numbers.size(); ++i)
+        numbers[i] = qFromLittleEndian<quint32>(bytes.data() + 4 * i);
     return numbers;
 }
 
@@ -69,54 +68,42 @@ quint64 DivideUp(quint64 value, quint64 by)
     return value / by + (value % by != 0 ? 1 : 0);
 }
 
-WorkbookResult GatherChain(const SectorSpace &space, quint32 start, quint64 length, const QString &name,
-                           QByteArray &result)
+} // namespace
+
+WorkbookResult SectorSpace::Gather(quint32 start, quint64 length, const QString &name, QByteArray &result) const
 {
-    const ByteReader bytes(space.bytes);
-    std::vector<bool> seen(space.next.size());
+    const ByteReader reader(bytes);
+    if (length != WHOLE_CHAIN && length > reader.Size())
+        return BrokenXls(QStringLiteral("%1 is said to have %2 bytes, in %3 bytes of sectors")
+                             .arg(name)
+                             .arg(length)
+                             .arg(bytes.size()));
+    std::vector<bool> seen(next.size());
     result.clear();
     quint64 left = length;
-    for (quint32 sector = start; left > 0; sector = space.next[sector]) {
-        if (sector == END_OF_CHAIN && length == ALL)
+    for (quint32 sector = start; left > 0; sector = next[sector]) {
+        if (sector == END_OF_CHAIN && length == WHOLE_CHAIN)
             break;
-        if (sector >= space.next.size())
+        if (sector >= next.size())
             return BrokenXls(QStringLiteral("%1: the chain of sectors leads to 0x%2 after %3 bytes, of %4 sectors")
                                  .arg(name)
                                  .arg(sector, 0, 16)
                                  .arg(result.size())
-                                 .arg(space.next.size()));
+                                 .arg(next.size()));
         if (seen[sector])
             return BrokenXls(QStringLiteral("%1: the chain of sectors comes back to sector %2").arg(name).arg(sector));
         seen[sector] = true;
-        const quint64 at = sector * space.sectorSize;
         // The last sector of a file may be cut where its bytes aren't needed.
-        const quint64 wanted = length == ALL ? std::min(space.sectorSize, bytes.Size() - std::min(at, bytes.Size()))
-                                             : std::min(space.sectorSize, left);
-        const auto part = bytes.Slice(at, wanted);
+        const quint64 at = sector * sectorSize;
+        const quint64 here = std::min(sectorSize, reader.Size() - std::min(at, reader.Size()));
+        const quint64 wanted = length == WHOLE_CHAIN ? here : std::min(sectorSize, left);
+        const auto part = reader.Slice(at, wanted);
         if (!part)
             return BrokenXls(QStringLiteral("%1: sector %2 lies behind the end of the file").arg(name).arg(sector));
         result.append(*part);
         left -= wanted;
     }
     return {};
-}
-
-} // namespace
-
-WorkbookResult SectorSpace::Gather(quint32 start, quint64 length, const QString &name, QByteArray &result) const
-{
-    if (length > quint64(bytes.size()))
-        return BrokenXls(QStringLiteral("%1 is said to have %2 bytes, in %3 bytes of sectors")
-                             .arg(name)
-                             .arg(length)
-                             .arg(bytes.size()));
-    result.reserve(qsizetype(length));
-    return GatherChain(*this, start, length, name, result);
-}
-
-WorkbookResult SectorSpace::GatherAll(quint32 start, const QString &name, QByteArray &result) const
-{
-    return GatherChain(*this, start, ALL, name, result);
 }
 
 quint32 CompoundReader::HeaderField(quint64 at) const
@@ -189,8 +176,8 @@ CompoundReader::Stream CompoundReader::ReadEntry(QByteArrayView entry) const
 WorkbookResult CompoundReader::ReadDirectory()
 {
     QByteArray directory;
-    const WorkbookResult wrong =
-        sectors.GatherAll(HeaderField(DIRECTORY), QStringLiteral("the directory of the compound file"), directory);
+    const WorkbookResult wrong = sectors.Gather(HeaderField(DIRECTORY), SectorSpace::WHOLE_CHAIN,
+                                                QStringLiteral("the directory of the compound file"), directory);
     if (wrong.HasFailed())
         return wrong;
     const quint64 count = quint64(directory.size()) / ENTRY_SIZE;
@@ -238,8 +225,8 @@ WorkbookResult CompoundReader::Read(QStringView name, QByteArray &stream) const
 WorkbookResult CompoundReader::ReadSmall(const Stream &found, QByteArray &stream) const
 {
     QByteArray table;
-    WorkbookResult wrong =
-        sectors.GatherAll(HeaderField(SMALL_TABLE), QStringLiteral("the table of small sectors"), table);
+    WorkbookResult wrong = sectors.Gather(HeaderField(SMALL_TABLE), SectorSpace::WHOLE_CHAIN,
+                                          QStringLiteral("the table of small sectors"), table);
     if (wrong.HasFailed())
         return wrong;
     QByteArray bytes;

@@ -9,10 +9,7 @@
 namespace
 {
 
-enum class SheetKind : quint8
-{
-    Worksheet = 0,
-};
+constexpr int SHEET_IS_WORKSHEET = 0;
 
 /// One reading of a workbook's stream: what holds for all sheets first, then the first worksheet.
 class XlsParser
@@ -81,7 +78,7 @@ WorkbookResult XlsParser::ReadBoundSheet(const Record &record)
     const auto flags = ByteReader(record.data).U16(4); // how it is hidden, and its kind
     if (!at || !flags)
         return TooShort(record);
-    if (!sheetAt && SheetKind(*flags >> 8) == SheetKind::Worksheet)
+    if (!sheetAt && *flags >> 8 == SHEET_IS_WORKSHEET)
         sheetAt = at;
     return {};
 }

@@ -39,13 +39,14 @@ WorkbookResult XlsSheetReader::Read()
         const auto record = records.Next();
         if (!record)
             return records.CutOff();
-        if (record->type == BIFF_BOF)
+        if (record->type == BIFF_BOF) {
             ++depth;
-        else if (record->type == BIFF_EOF)
+        } else if (record->type == BIFF_EOF) {
             --depth;
-        else if (depth == 1)
+        } else if (depth == 1) {
             if (const WorkbookResult wrong = ReadRecord(*record); wrong.HasFailed())
                 return wrong;
+        }
     }
     return {};
 }
@@ -85,14 +86,12 @@ WorkbookResult XlsSheetReader::ReadAwaited(BiffCursor data)
 /// The cells say more exactly where they are; this only catches claims that nothing can come up to.
 WorkbookResult XlsSheetReader::CheckDimensions(const Record &record) const
 {
-    const auto rows = ByteReader(record.data).U32(4);
-    const auto columns = ByteReader(record.data).U16(10);
-    if (!rows || !columns)
-        return TooShort(record);
-    if (*rows > MOST_XLS_ROWS || *columns > MOST_XLS_COLUMNS)
+    const quint32 rows = ByteReader(record.data).U32(4).value_or(0);
+    const quint16 columns = ByteReader(record.data).U16(10).value_or(0);
+    if (rows > MOST_XLS_ROWS || columns > MOST_XLS_COLUMNS)
         return Damaged(record, QStringLiteral("%1 rows and %2 columns: an .xls sheet has %3 and %4")
-                                   .arg(*rows)
-                                   .arg(*columns)
+                                   .arg(rows)
+                                   .arg(columns)
                                    .arg(MOST_XLS_ROWS)
                                    .arg(MOST_XLS_COLUMNS));
     return {};
