@@ -12,7 +12,8 @@ void RunProgram(const QString &program, const QStringList &arguments)
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(program, arguments);
-    ASSERT_TRUE(process.waitForFinished(120'000)) << program.toStdString() << ": " << process.errorString().toStdString();
+    ASSERT_TRUE(process.waitForFinished(120'000))
+        << program.toStdString() << ": " << process.errorString().toStdString();
     ASSERT_EQ(process.exitCode(), 0) << process.readAll().toStdString();
 }
 
@@ -20,12 +21,16 @@ void RunProgram(const QString &program, const QStringList &arguments)
 TestTable CommonTable()
 {
     std::vector<QStringList> rows;
-    rows.push_back({QStringLiteral("ID"), QStringLiteral("type"), QStringLiteral("English"), QStringLiteral("\u4F60\u597D")});
+    rows.push_back(
+        {QStringLiteral("ID"), QStringLiteral("type"), QStringLiteral("English"), QStringLiteral("\u4F60\u597D")});
     rows.push_back({QStringLiteral("=1+1"), QStringLiteral("-5"), QStringLiteral("@x"), QStringLiteral("+a")});
     rows.push_back({QStringLiteral("007"), QStringLiteral("TRUE"), QStringLiteral("1/2"), QStringLiteral("1e5")});
-    rows.push_back({QStringLiteral(" blanks  "), QStringLiteral("two\nlines\n"), QStringLiteral("\ttab"), QStringLiteral("\"q\"\"")});
-    rows.push_back({QStringLiteral("<&>]]>'"), QStringLiteral("_x004 _x"), QStringLiteral("\U0001F600\U00020000"), QStringLiteral("a,b;c")});
-    rows.push_back({QStringLiteral("\u05E9\u202E"), QStringLiteral("http://example.org/"), QString(), QStringLiteral("e\u0301 \u00A0")});
+    rows.push_back({QStringLiteral(" blanks  "), QStringLiteral("two\nlines\n"), QStringLiteral("\ttab"),
+                    QStringLiteral("\"q\"\"")});
+    rows.push_back({QStringLiteral("<&>]]>'"), QStringLiteral("_x004 _x"), QStringLiteral("\U0001F600\U00020000"),
+                    QStringLiteral("a,b;c")});
+    rows.push_back({QStringLiteral("\u05E9\u202E"), QStringLiteral("http://example.org/"), QString(),
+                    QStringLiteral("e\u0301 \u00A0")});
     rows.push_back({QString(32'000, QChar(0x4E00))});
     return TestTable(rows);
 }
@@ -43,11 +48,12 @@ protected:
         if (!GetParam())
             RunProgram(QStringLiteral("ssconvert"), {folder.Path("table.xlsx"), folder.Path(out.constData())});
         else
-            RunProgram(QStringLiteral("soffice"),
-                       {QStringLiteral("-env:UserInstallation=file://") + folder.Path("profile"),
-                        QStringLiteral("--headless"), QStringLiteral("--convert-to"),
-                        kind == QLatin1String("csv") ? QStringLiteral("csv:Text - txt - csv (StarCalc):44,34,76,1") : kind,
-                        QStringLiteral("--outdir"), folder.Path("out"), folder.Path("table.xlsx")});
+            RunProgram(
+                QStringLiteral("soffice"),
+                {QStringLiteral("-env:UserInstallation=file://") + folder.Path("profile"), QStringLiteral("--headless"),
+                 QStringLiteral("--convert-to"),
+                 kind == QLatin1String("csv") ? QStringLiteral("csv:Text - txt - csv (StarCalc):44,34,76,1") : kind,
+                 QStringLiteral("--outdir"), folder.Path("out"), folder.Path("table.xlsx")});
         return folder.Get(out.constData());
     }
 

@@ -35,7 +35,8 @@ WorkbookResult Decode(QByteArrayView file, QString &text)
     text = decoder(file);
     if (text.contains(QChar(u'\0')))
         return {WorkbookFault::NoWorkbook, QStringLiteral("it isn't text: a zero stands in it")};
-    if (!decoder.hasError())
+    const bool isCut = isUtf16 && file.size() % 2 != 0;
+    if (!decoder.hasError() && !isCut)
         return {};
     return isUtf16 ? WorkbookResult{WorkbookFault::Broken, QStringLiteral("it isn't UTF-16")} : FindBadLine(file);
 }

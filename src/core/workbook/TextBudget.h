@@ -13,7 +13,7 @@ public:
     [[nodiscard]] bool GrantText(qsizetype length) { return Grant(TEXT + qsizetype(sizeof(char16_t)) * length); }
 
 private:
-    static constexpr qsizetype AT_LEAST = 160 << 20;
+    static constexpr qsizetype AT_LEAST = 96 << 20;
     static constexpr qsizetype PER_BYTE = 24;
     static constexpr qsizetype CELL = 64; // twice a Sheet::Cell: the list of cells moves when it grows
     static constexpr qsizetype TEXT = 32; // what the heap takes for a text of one character
