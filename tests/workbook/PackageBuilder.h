@@ -24,6 +24,7 @@ public:
                                             "relationships'>%1</Relationships>";
     static constexpr char SHEET[] = "<worksheet xmlns='http://schemas.openxmlformats.org/spreadsheetml/2006/main'>"
                                     "<sheetData>%1</sheetData></worksheet>";
+    static constexpr char STRINGS[] = "<sst xmlns='http://schemas.openxmlformats.org/spreadsheetml/2006/main'>%1</sst>";
 
     Package()
     {
@@ -38,10 +39,9 @@ public:
 
     Package &Rows(const QByteArray &xml) { return Set("xl/sheet.xml", QByteArray(SHEET).replace("%1", xml)); }
 
-    Package &Strings(const QByteArray &xml)
+    Package &Strings(const QByteArray &xml, bool isDeflated = false)
     {
-        return Set("xl/strings.xml",
-                   "<sst xmlns='http://schemas.openxmlformats.org/spreadsheetml/2006/main'>" + xml + "</sst>");
+        return Set("xl/strings.xml", QByteArray(STRINGS).replace("%1", xml), isDeflated);
     }
 
     /// Relationships r1, r2 and so on, each of a kind and with a target.
@@ -124,7 +124,7 @@ private:
     static QByteArray Deflated(const QByteArray &bytes)
     {
         z_stream stream{};
-        deflateInit2(&stream, 9, Z_DEFLATED, -MAX_WBITS, 9, Z_DEFAULT_STRATEGY);
+        deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, -MAX_WBITS, 9, Z_DEFAULT_STRATEGY);
         QByteArray packed(qsizetype(deflateBound(&stream, uLong(bytes.size()))), '\0');
         stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(bytes.data()));
         stream.avail_in = uInt(bytes.size());

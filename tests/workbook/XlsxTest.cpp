@@ -3,7 +3,6 @@
 #include "TempFolder.h"
 #include "TestTable.h"
 
-#include <QElapsedTimer>
 #include <QThread>
 
 namespace
@@ -22,7 +21,8 @@ QByteArray SheetOf(const QByteArray &rows)
     return QByteArray(Package::SHEET).replace("%1", rows);
 }
 
-/// The most memory that the process had since the last call, in bytes. None with a sanitizer, which keeps what is freed.
+/// The most memory that the process had since the last call, in bytes. None with a sanitizer, which keeps what is
+/// freed.
 qint64 PeakMemory()
 {
 #ifdef __SANITIZE_ADDRESS__
@@ -224,51 +224,48 @@ TEST(Xlsx, EveryCutIsAFaultAndNoDamageACrash)
 
 TEST(Xlsx, BombsAreRefusedInTimeAndMemory)
 {
-    const qsizetype size = 64 << 20;
-    const auto repeated = [](qsizetype times, const auto &make) {
-        QByteArray all;
-        for (qsizetype i = 0; i < times; ++i)
-            all += make(i);
-        return all;
-    };
-    const auto constant = [](const char *text) { return [text](qsizetype) { return QByteArray(text); }; };
     const auto sheet = [](const QByteArray &rows) {
         return Package().Set("xl/sheet.xml", SheetOf(rows), true).Build();
     };
+    const QByteArray blanks(64 << 20, ' ');
     // A part that has the size of a bomb, but the directory tells another.
-    QByteArray lying = sheet(QByteArray(size, ' '));
-    const QByteArray trueSize = Package::U32({quint32(SheetOf({}).size() + size)});
-    lying.replace(trueSize, Package::U32({1000}));
-    // Each cell takes more memory than it has bytes, and the part doesn't shrink too much.
+    QByteArray lying = sheet(blanks);
+    lying.replace(Package::U32({quint32(SheetOf(blanks).size())}), Package::U32({1000}));
+    // These shrink a lot, but not too much, and take more memory than they have bytes.
     std::mt19937 random(1);
-    QByteArray cells;
-    for (int i = 0; i < 2'000'000; ++i) {
-        cells += "<c><v>1</v></c>";
-        if (i % 25 == 0)
-            cells += "<c><v>" + QByteArray::number(random()) + "</v></c>";
-        if (i % 10'000 == 0)
-            cells += "</row><row>";
+    QByteArray cells = "<row>";
+    QByteArray runs;
+    for (int i = 0; i < 150'000; ++i) {
+        const QByteArray number = QByteArray::number(random());
+        cells += QByteArray("<c><v>1</v></c>").repeated(25) + "<c><v>" + number + "</v></c>";
+        cells += i % 500 == 0 ? "</row><row>" : "";
+        runs += "<r><t>" + QByteArray(900, 'x') + number + "</t></r>";
     }
+    QByteArray names;
+    for (int i = 0; i < 700'000; ++i)
+        names += "<a" + QByteArray::number(i) + "/>";
+    const QByteArray longText(15 << 20, 'x');
+    const std::vector many(70'000, std::pair<QByteArray, QByteArray>("a", "b"));
     const std::pair<const char *, QByteArray> bombs[] = {
-        {"nothing but blanks", sheet(QByteArray(size, ' '))},
-        {"a wrong size", lying},
-        {"small cells", sheet("<row>" + cells + "</row>")},
-        {"open elements", sheet(QByteArray(repeated(1'000'000, constant("<a>"))))},
-        {"many names", sheet(repeated(700'000, [](qsizetype i) { return "<a" + QByteArray::number(i) + "/>"; }))},
-        {"a long tag", sheet("<a b='" + QByteArray(15 << 20, 'x') + "'/>")},
-        {"a long text", Package().Strings("<si><t>" + QByteArray(15 << 20, 'x') + "</t></si>").Build()},
-        {"many relationships",
-         Package().Links("_rels/.rels", std::vector(70'000, std::pair<QByteArray, QByteArray>("a", "b"))).Build()},
+        {"is the most for", sheet(blanks)},
+        {"can't be unpacked", lying},
+        {"the cells take too much memory", sheet(cells + "</row>")},
+        {"the texts take too much memory", sheet("<row><c t='inlineStr'><is>" + runs + "</is></c></row>")},
+        {"the shared strings take too much memory", Package().Strings("<si>" + runs + "</si>", true).Build()},
+        {"elements take too much memory", sheet(QByteArray("<a>").repeated(1'000'000))},
+        {"its elements take too much memory", sheet(names)},
+        {"a tag of more than", sheet("<a b='" + longText + "'/>")},
+        {"a text of more than", Package().Strings("<si><t>" + longText + "</t></si>").Build()},
+        {"more than 65536 relationships", Package().Links("_rels/.rels", many).Build()},
     };
-    for (const auto &[what, file] : bombs) {
-        SCOPED_TRACE(what);
+    for (const auto &[reason, file] : bombs) {
+        SCOPED_TRACE(reason);
         const qint64 before = PeakMemory();
-        QElapsedTimer timer;
-        timer.start();
+        const clock_t start = clock(); // of this process alone
         const WorkbookResult result = ReadFailing(ReadXlsx, file);
-        EXPECT_TRUE(result.HasFailed());
-        EXPECT_LT(timer.elapsed(), 5000) << result.reason.toStdString();
-        EXPECT_LT(PeakMemory() - before, 256 << 20) << result.reason.toStdString();
+        EXPECT_TRUE(result.reason.contains(QLatin1String(reason))) << result.reason.toStdString();
+        EXPECT_LT(clock() - start, CLOCKS_PER_SEC);
+        EXPECT_LT(PeakMemory() - before, 256 << 20);
     }
 }
 

@@ -10,6 +10,8 @@
 namespace
 {
 
+constexpr qsizetype MEMORY_PER_BYTE = 16; // a cell of one character takes 49, one of ten takes 11
+
 /// Where a file isn't text of its encoding.
 WorkbookResult FindBadLine(QByteArrayView utf8)
 {
@@ -69,7 +71,7 @@ class CsvParser
 {
 public:
     CsvParser(QStringView all, qsizetype fileSize, Sheet &result)
-        : text(all), separator(FindSeparator(all)), budget(fileSize), sheet(result)
+        : text(all), separator(FindSeparator(all)), budget(fileSize, MEMORY_PER_BYTE), sheet(result)
     {
     }
 

@@ -8,7 +8,8 @@
 
 #include <xlsxwriter.h>
 
-#include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace
 {
