@@ -20,7 +20,7 @@ void RunProgram(const QString &program, const QStringList &arguments)
 /// What a program keeps: Gnumeric knows no escapes, so that gets no control characters.
 TestTable CommonTable(bool hasEscapes)
 {
-    std::vector<QStringList> rows;
+    Rows rows;
     rows.push_back(
         {QStringLiteral("ID"), QStringLiteral("type"), QStringLiteral("English"), QStringLiteral("\u4F60\u597D")});
     rows.push_back({QStringLiteral("=1+1"), QStringLiteral("-5"), QStringLiteral("@x"), QStringLiteral("+a")});
