@@ -24,6 +24,7 @@ public:
                                             "relationships'>%1</Relationships>";
     static constexpr char SHEET[] = "<worksheet xmlns='http://schemas.openxmlformats.org/spreadsheetml/2006/main'>"
                                     "<sheetData>%1</sheetData></worksheet>";
+    static constexpr char STRINGS[] = "<sst xmlns='http://schemas.openxmlformats.org/spreadsheetml/2006/main'>%1</sst>";
 
     Package()
     {
@@ -38,10 +39,9 @@ public:
 
     Package &Rows(const QByteArray &xml) { return Set("xl/sheet.xml", QByteArray(SHEET).replace("%1", xml)); }
 
-    Package &Strings(const QByteArray &xml)
+    Package &Strings(const QByteArray &xml, bool isDeflated = false)
     {
-        return Set("xl/strings.xml",
-                   "<sst xmlns='http://schemas.openxmlformats.org/spreadsheetml/2006/main'>" + xml + "</sst>");
+        return Set("xl/strings.xml", QByteArray(STRINGS).replace("%1", xml), isDeflated);
     }
 
     /// Relationships r1, r2 and so on, each of a kind and with a target.
@@ -51,8 +51,8 @@ public:
         int number = 0;
         for (const auto &[kind, target] : links)
             xml += "<Relationship Id='r" + QByteArray::number(++number) +
-                   "' Type='http://schemas.openxmlformats.org/officeDocument/2006/relationships/" + kind + "' Target='" +
-                   target + "'/>";
+                   "' Type='http://schemas.openxmlformats.org/officeDocument/2006/relationships/" + kind +
+                   "' Target='" + target + "'/>";
         return Set(part, QByteArray(RELATIONSHIPS).replace("%1", xml));
     }
 
@@ -93,11 +93,13 @@ public:
         QByteArray directory;
         for (const Part &part : parts) {
             const QByteArray data = part.isDeflated ? Deflated(part.bytes) : part.bytes;
-            const auto crc = quint32(crc32_z(0, reinterpret_cast<const Bytef *>(part.bytes.data()), size_t(part.bytes.size())));
+            const auto crc =
+                quint32(crc32_z(0, reinterpret_cast<const Bytef *>(part.bytes.data()), size_t(part.bytes.size())));
             const QByteArray common = U16({0, quint16(part.isDeflated ? 8 : 0), 0, 0x21}) +
                                       U32({crc, quint32(data.size()), quint32(part.bytes.size())}) +
                                       U16({quint16(part.name.size()), 0});
-            directory += "PK\1\2" + U16({20, 20}) + common + U16({0, 0, 0, 0, 0}) + U32({quint32(file.size())}) + part.name;
+            directory +=
+                "PK\1\2" + U16({20, 20}) + common + U16({0, 0, 0, 0, 0}) + U32({quint32(file.size())}) + part.name;
             file += "PK\3\4" + U16({20}) + common + part.name + data;
         }
         const auto count = quint16(parts.size());
@@ -122,7 +124,7 @@ private:
     static QByteArray Deflated(const QByteArray &bytes)
     {
         z_stream stream{};
-        deflateInit2(&stream, 9, Z_DEFLATED, -MAX_WBITS, 9, Z_DEFAULT_STRATEGY);
+        deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, -MAX_WBITS, 9, Z_DEFAULT_STRATEGY);
         QByteArray packed(qsizetype(deflateBound(&stream, uLong(bytes.size()))), '\0');
         stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(bytes.data()));
         stream.avail_in = uInt(bytes.size());

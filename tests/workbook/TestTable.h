@@ -4,16 +4,19 @@
 
 #include <gtest/gtest.h>
 
+#include <QStringEncoder>
 #include <QStringList>
 
 #include <random>
+
+using Rows = std::vector<QStringList>;
 
 /// A table of texts: what a sheet is written from, and what is compared with one that was read.
 class TestTable : public ISheetSource
 {
 public:
     TestTable(std::initializer_list<QStringList> texts) : rows(texts) {}
-    explicit TestTable(std::vector<QStringList> texts) : rows(std::move(texts)) {}
+    explicit TestTable(Rows texts) : rows(std::move(texts)) {}
 
     [[nodiscard]] qint64 RowCount() const override { return qint64(rows.size()); }
     [[nodiscard]] int ColumnCount() const override
@@ -29,7 +32,7 @@ public:
         return views;
     }
 
-    std::vector<QStringList> rows;
+    Rows rows;
 
 private:
     std::vector<QStringView> views;
@@ -47,14 +50,14 @@ inline QByteArray Written(Writer write, TestTable table)
 }
 
 /// Reads a file and tells it as a table, rows of cells without the empty ones at their ends.
-inline std::vector<QStringList> Read(Reader read, QByteArrayView file)
+inline Rows Read(Reader read, QByteArrayView file)
 {
     Sheet sheet;
     const WorkbookResult result = read(file, sheet);
     EXPECT_EQ(result.reason.toStdString(), "");
     EXPECT_FALSE(result.HasFailed());
     sheet.Finish();
-    std::vector<QStringList> rows(sheet.EndRow());
+    Rows rows(sheet.EndRow());
     for (quint32 row = 0; row < sheet.EndRow(); ++row) {
         for (quint32 column = 0; column < 64; ++column) {
             const QString &text = sheet.At(row, column);
@@ -65,6 +68,12 @@ inline std::vector<QStringList> Read(Reader read, QByteArrayView file)
         }
     }
     return rows;
+}
+
+/// A text in UTF-16, with a byte order mark.
+inline QByteArray Utf16(const QString &text, QStringConverter::Encoding encoding)
+{
+    return QStringEncoder(encoding, QStringConverter::Flag::WriteBom)(text);
 }
 
 /// How a failing test shows a text.
@@ -102,7 +111,7 @@ inline TestTable AwkwardTable(unsigned seed)
     };
     std::mt19937 random(seed);
     const auto below = [&random](qsizetype most) { return qsizetype(random() % unsigned(most)); };
-    std::vector<QStringList> rows(size_t(1 + below(6)));
+    Rows rows(size_t(1 + below(6)));
     for (QStringList &row : rows) {
         const qsizetype width = 1 + below(5);
         while (row.size() < width) {

@@ -10,6 +10,8 @@
 namespace
 {
 
+constexpr qsizetype MEMORY_PER_BYTE = 16; // a cell of one character takes 49, one of ten takes 11
+
 /// Where a file isn't text of its encoding.
 WorkbookResult FindBadLine(QByteArrayView utf8)
 {
@@ -35,7 +37,8 @@ WorkbookResult Decode(QByteArrayView file, QString &text)
     text = decoder(file);
     if (text.contains(QChar(u'\0')))
         return {WorkbookFault::NoWorkbook, QStringLiteral("it isn't text: a zero stands in it")};
-    if (!decoder.hasError())
+    const bool isCut = isUtf16 && file.size() % 2 != 0;
+    if (!decoder.hasError() && !isCut)
         return {};
     return isUtf16 ? WorkbookResult{WorkbookFault::Broken, QStringLiteral("it isn't UTF-16")} : FindBadLine(file);
 }
@@ -68,7 +71,7 @@ class CsvParser
 {
 public:
     CsvParser(QStringView all, qsizetype fileSize, Sheet &result)
-        : text(all), separator(FindSeparator(all)), budget(fileSize), sheet(result)
+        : text(all), separator(FindSeparator(all)), budget(fileSize, MEMORY_PER_BYTE), sheet(result)
     {
     }
 

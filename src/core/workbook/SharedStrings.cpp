@@ -3,6 +3,8 @@
 #include "XlsxText.h"
 #include "XmlPart.h"
 
+#include <utility>
+
 namespace
 {
 
@@ -28,22 +30,26 @@ public:
     }
 
 private:
-    void Enter(int place, const XmlAttributes &) override
-    {
-        if (place == ITEM)
-            joined.clear();
-    }
+    void Enter(int, const XmlAttributes &) override {}
 
     void Leave(int place, QByteArrayView content) override
     {
         if (place == TEXT) {
-            joined += DecodeXlsxText(content);
+            const QString run = DecodeXlsxText(content);
+            if (!budget.GrantText(run.size()))
+                return FailAtString();
+            joined += run;
         } else if (place == ITEM) {
-            if (!budget.GrantCell() || !budget.GrantText(joined.size()))
-                return Fail(WorkbookFault::TooLarge,
-                            QStringLiteral("the shared strings take too much memory from %1 on").arg(strings.size()));
-            strings.push_back(joined);
+            if (!budget.GrantCell())
+                return FailAtString();
+            strings.push_back(std::exchange(joined, {}));
         }
+    }
+
+    void FailAtString()
+    {
+        Fail(WorkbookFault::TooLarge,
+             QStringLiteral("the shared strings take too much memory from %1 on").arg(strings.size()));
     }
 
     TextBudget &budget;

@@ -6,15 +6,15 @@
 class TextBudget
 {
 public:
-    explicit TextBudget(qsizetype fileSize) : left(AT_LEAST + PER_BYTE * fileSize) {}
+    /// So many bytes of memory for each byte of the file, beside what any file gets.
+    TextBudget(qsizetype fileSize, qsizetype perByte) : left(AT_LEAST + perByte * fileSize) {}
 
     /// False when the memory for a cell, and for a text of its own with so many characters, isn't granted.
     [[nodiscard]] bool GrantCell() { return Grant(CELL); }
     [[nodiscard]] bool GrantText(qsizetype length) { return Grant(TEXT + qsizetype(sizeof(char16_t)) * length); }
 
 private:
-    static constexpr qsizetype AT_LEAST = 160 << 20;
-    static constexpr qsizetype PER_BYTE = 24;
+    static constexpr qsizetype AT_LEAST = 96 << 20;
     static constexpr qsizetype CELL = 64; // twice a Sheet::Cell: the list of cells moves when it grows
     static constexpr qsizetype TEXT = 32; // what the heap takes for a text of one character
 

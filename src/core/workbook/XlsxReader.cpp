@@ -12,6 +12,7 @@ namespace
 {
 
 constexpr std::string_view COMPOUND_FILE = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
+constexpr qsizetype MEMORY_PER_BYTE = 64; // the file is packed
 constexpr size_t MOST_SHEETS = 65'536;
 
 enum Place
@@ -118,6 +119,6 @@ WorkbookResult ReadXlsx(QByteArrayView file, Sheet &sheet)
     const WorkbookResult result = zip.Open(file);
     if (result.HasFailed())
         return result;
-    TextBudget budget(file.size());
+    TextBudget budget(file.size(), MEMORY_PER_BYTE);
     return ReadPackage(zip, budget, sheet);
 }

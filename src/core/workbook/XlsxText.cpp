@@ -38,7 +38,7 @@ bool NeedsEscape(QStringView text, qsizetype at)
 QString DecodeXlsxText(QByteArrayView utf8)
 {
     const QString raw = FromUtf8(utf8);
-    if (!raw.contains(QLatin1String("_x")))
+    if (!raw.contains(u'_'))
         return raw;
     QString text;
     text.reserve(raw.size());

@@ -1,13 +1,17 @@
 #include "Formats.h"
+#include "HostFiles.h"
 
 #include "XlsxText.h"
+#include "ZipFile.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <xlsxwriter.h>
 
-#include <algorithm>
+#include <cstring>
+#include <iterator>
+#include <utility>
 
 namespace
 {
@@ -29,6 +33,24 @@ WorkbookResult CheckSize(const ISheetSource &source)
     return {};
 }
 
+/// Says whether a workbook has so many cells, and its sheet an end. The library doesn't look whether its temporary
+/// files take what it writes: when the disk is full, rows are missing and it knows of no error.
+bool IsWhole(QByteArrayView file, qsizetype cells)
+{
+    static constexpr QByteArrayView CELL_END = "</c>";
+    QByteArray rest; // behind the last cell
+    const auto countCells = [&](QByteArrayView piece) {
+        rest += piece;
+        cells -= rest.count(CELL_END);
+        if (const qsizetype last = rest.lastIndexOf(CELL_END); last >= 0)
+            rest = rest.mid(last + CELL_END.size());
+        return true;
+    };
+    ZipFile zip;
+    return !zip.Open(file).HasFailed() && !zip.Read("xl/worksheets/sheet1.xml", countCells).HasFailed() && cells == 0 &&
+           rest.trimmed().endsWith("</worksheet>");
+}
+
 /// One writing of a workbook to a file of its own.
 ///
 /// The library writes each row out as soon as the next one begins, with the texts in their cells: for texts that hardly
@@ -43,7 +65,13 @@ public:
         options.tmpdir = folder.data();
         workbook = workbook_new_opt(path.constData(), &options);
     }
-    ~XlsxFile() { lxw_workbook_free(workbook); }
+    ~XlsxFile()
+    {
+        // Only closing the workbook closes the file of the rows.
+        if (workbook && sheet && sheet->optimize_tmpfile)
+            fclose(sheet->optimize_tmpfile);
+        lxw_workbook_free(workbook);
+    }
     XlsxFile(const XlsxFile &) = delete;
     XlsxFile &operator=(const XlsxFile &) = delete;
 
@@ -54,6 +82,9 @@ public:
             result = WriteRow(lxw_row_t(row), source.Row(row));
         return result.HasFailed() ? result : Result(workbook_close(std::exchange(workbook, nullptr)));
     }
+
+    /// How many cells were written.
+    [[nodiscard]] qsizetype Cells() const { return cells; }
 
 private:
     static WorkbookResult Result(lxw_error error)
@@ -110,6 +141,7 @@ private:
                             .arg(LONGEST_TEXT)};
             if (error != LXW_NO_ERROR)
                 return Result(error);
+            ++cells;
         }
         return {};
     }
@@ -118,6 +150,7 @@ private:
     lxw_worksheet *sheet = nullptr;
     lxw_format *cell = nullptr;
     lxw_format *header = nullptr;
+    qsizetype cells = 0;
 };
 
 } // namespace
@@ -132,14 +165,15 @@ WorkbookResult WriteXlsx(ISheetSource &source, QByteArray &file)
         return {WorkbookFault::CannotWrite, folder.errorString()};
     const QString path = folder.filePath(QStringLiteral("workbook.xlsx"));
     QByteArray folderName = QFile::encodeName(folder.path());
-    const WorkbookResult result = XlsxFile(QFile::encodeName(path), folderName).Write(source);
+    XlsxFile xlsx(QFile::encodeName(path), folderName);
+    const WorkbookResult result = xlsx.Write(source);
     if (result.HasFailed())
         return result;
-    QFile written(path);
-    if (!written.open(QIODevice::ReadOnly))
-        return {WorkbookFault::CannotWrite, written.errorString()};
-    file = written.readAll();
-    if (file.size() != written.size())
-        return {WorkbookFault::CannotWrite, written.errorString()};
+    QByteArray bytes;
+    if (const int error = ReadFile(path, bytes))
+        return {WorkbookFault::CannotWrite, QString::fromLocal8Bit(std::strerror(error))};
+    if (!IsWhole(bytes, xlsx.Cells()))
+        return {WorkbookFault::CannotWrite, QStringLiteral("%1 has no room for it").arg(folder.path())};
+    file = std::move(bytes);
     return {};
 }

@@ -93,8 +93,9 @@ bool XmlPart::Take(QByteArrayView piece)
     fed += piece.size();
     if (XML_Parse(parser, piece.data(), int(piece.size()), piece.isEmpty()) != XML_STATUS_OK) {
         const XML_Error error = XML_GetErrorCode(parser);
-        FailAtLine(error == XML_ERROR_NO_MEMORY ? WorkbookFault::TooLarge : WorkbookFault::Broken,
-                   QString::fromUtf8(XML_ErrorString(error)));
+        if (error == XML_ERROR_NO_MEMORY)
+            FailAtLine(WorkbookFault::TooLarge, QStringLiteral("its elements take too much memory"));
+        FailAtLine(WorkbookFault::Broken, QString::fromUtf8(XML_ErrorString(error)));
     } else if (fed - XML_GetCurrentByteIndex(parser) > LONGEST_TAG) {
         FailAtLine(WorkbookFault::TooLarge, QStringLiteral("a tag of more than %1 bytes").arg(LONGEST_TAG));
     }

@@ -62,7 +62,8 @@ protected:
     explicit XmlPart(const XmlGrammar &what) : grammar(what) {}
 
     virtual void Enter(int place, const XmlAttributes &attributes) = 0;
-    /// `text` is what stands in the element behind the last one that was entered, in UTF-8.
+    /// `text` is what was read since the last element was entered, in UTF-8: of an element without others within it,
+    /// all.
     virtual void Leave(int place, QByteArrayView text) = 0;
 
     /// Ends the reading.

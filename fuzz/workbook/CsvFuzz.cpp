@@ -1,0 +1,12 @@
+// A .csv file. Writes what was read and reads it again; aborts when that gives other texts.
+#include "SheetTexts.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    Sheet sheet;
+    const WorkbookResult result = ReadCsv({reinterpret_cast<const char *>(data), qsizetype(size)}, sheet);
+    Require(result.HasFailed() != result.reason.isEmpty());
+    sheet.Finish();
+    RequireSameAgain(sheet, WriteCsv, ReadCsv);
+    return 0;
+}
