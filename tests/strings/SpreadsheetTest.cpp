@@ -131,8 +131,9 @@ TEST(Spreadsheet, AnExportComesBackTheSameFromEachFormatAndAFailedOneLeavesTheOl
     EXPECT_EQ(project.folder.Get("out.xls"), "the old one");
     SheetProject empty;
     ASSERT_EQ(ExportSpreadsheet(empty, empty.folder.Path("out.csv")).code, 0);
-    EXPECT_EQ(empty.folder.Get("out.csv"), "\xEF\xBB\xBFNumber of Language,0,\r\nString ID,Resource Type,Description\r\n"
-                                           "##number,0,\r\n");
+    EXPECT_EQ(empty.folder.Get("out.csv"),
+              "\xEF\xBB\xBFNumber of Language,0,\r\nString ID,Resource Type,Description\r\n"
+              "##number,0,\r\n");
 }
 
 TEST(Spreadsheet, CellsAreNamedByLettersAndARow)
