@@ -27,10 +27,10 @@ public:
 
     void Cell(quint32 row, quint32 column, CellFate fate, const QString &inTable, const QString &inSheet) override
     {
-        static constexpr const char *WORDS[] = {"filled", "new", "same", "kept", "nowhere"};
+        static constexpr const char *WORDS[] = {"filled", "new", "same", "kept", "replaced", "nowhere"};
         QString line =
             QString::fromLatin1(WORDS[int(fate)]) + u'\t' + CellName(column, row + 1) + u'\t' + OnOneLine(inSheet);
-        if (fate == CellFate::Kept)
+        if (fate == CellFate::Kept || fate == CellFate::Replaced)
             line += u'\t' + OnOneLine(inTable);
         out.Write(line + u'\n');
     }
@@ -89,13 +89,28 @@ private:
         FateList fates(session.report);
         const SpreadsheetResult result = ImportSpreadsheet(document, workbook, dryRun ? &fates : nullptr);
         const int status = Finish(session, result);
-        if (result.code != 0 || dryRun)
+        if (result.code != 0 || !ChecksTexts(document))
+            return EXIT_FAILED;
+        if (dryRun)
             return status;
         (void)document.DoFileSave();
         const bool saved = document.lastSave.write == 0 && document.lastSave.generate == 0;
         if (!saved)
             Complain(document.PathName() + QStringLiteral(": failed to save the project with the imported texts"));
         return saved ? status : int(EXIT_FAILED);
+    }
+
+    /// False, having said so, when the string file can't hold what was imported.
+    static bool ChecksTexts(const CResDoc &document)
+    {
+        constexpr qsizetype SHOWN = 10;
+        const QStringList cells = TextsThatDontFit(document);
+        if (cells.isEmpty())
+            return true;
+        Complain(QStringLiteral("a string can't hold a tab or a line end; nothing is saved. Mend %1%2")
+                     .arg(cells.first(qMin(cells.size(), SHOWN)).join(QStringLiteral(", ")),
+                          cells.size() > SHOWN ? QStringLiteral(" and %1 more").arg(cells.size() - SHOWN) : QString()));
+        return false;
     }
 
     int PrintStats(Session &session, const CResDoc &document) const
@@ -117,12 +132,10 @@ private:
         }
         session.report.Write(QStringLiteral("%1 strings\n\n   texts  missing  as first  language\n").arg(rows));
         for (const LanguageStats &language : languages) {
-            session.report.Write(QStringLiteral("%1%2%3  %4 (%5)\n")
-                                     .arg(language.texts, 8)
-                                     .arg(language.missing, 9)
-                                     .arg(language.sameAsFirst, 10)
-                                     .arg(language.name)
-                                     .arg(language.number));
+            const QString numbers =
+                QStringLiteral("%1%2%3").arg(language.texts, 8).arg(language.missing, 9).arg(language.sameAsFirst, 10);
+            session.report.Write(numbers + QStringLiteral("  ") + language.name +
+                                 QStringLiteral(" (%1)\n").arg(language.number));
         }
         return EXIT_FINE;
     }

@@ -74,12 +74,12 @@ class Cli(DemoProject):
             self.assertEqual(self.run_cli('strings', 'export', self.project, name),
                              (0, '[demo] export - 0 error(s), 0 warning(s)\r\n', ''))
             self.assertEqual(self.run_cli('strings', 'import', self.project, name, '--dry-run'),
-                             (0, 'same\tC3\tgreeting\nsame\tD3\tHi\nnowhere\tA4\t##number\nnowhere\tB4\t1\n' + imported, ''))
+                             (0, 'same\tB3\tNormal\nsame\tC3\tgreeting\nsame\tD3\tHi\n' + imported, ''))
         sheet = (self.dir / name).read_text(encoding='utf-8-sig')
         (self.dir / name).write_text(sheet.replace('Hi', '"Hello\tthere"').replace('##', 'ID_NEW,Push,,"a, b"\n##'))
-        status, out, _ = self.run_cli('strings', 'import', self.project, name, '--dry-run')
-        self.assertEqual((status, out[:out.index('nowhere')]),
-                         (0, 'same\tC3\tgreeting\nkept\tD3\tHello\\tthere\tHi\nnew\tD4\ta, b\n'))
+        self.assertEqual(self.run_cli('strings', 'import', self.project, name, '--dry-run'),
+                         (0, 'same\tB3\tNormal\nsame\tC3\tgreeting\nkept\tD3\tHello\\tthere\tHi\n'
+                             'new\tB4\tPush\nnew\tD4\ta, b\n' + imported, ''))
         self.assertEqual(strings.read_bytes(), before)
         status, out, err = self.run_cli('strings', 'import', self.project, name)
         self.assertEqual((status, out, err), (0, imported + '[demo] save - 0 error(s), 0 warning(s)\r\n', ''))
@@ -88,6 +88,11 @@ class Cli(DemoProject):
         status, out, _ = self.run_cli('strings', 'stats', self.project, '--json')
         self.assertEqual(json.loads(out), {'rows': 2, 'languages': [
             {'language': 0, 'name': 'English', 'texts': 2, 'missing': 0, 'same_as_first': 0}]})
+        after = strings.read_bytes()
+        (self.dir / name).write_text(sheet.replace('##', 'ID_TWO,Normal,,"two\nlines"\n##'))
+        status, _, err = self.run_cli('strings', 'import', self.project, name)
+        self.assertTrue(status == 1 and 'nothing is saved. Mend ID_TWO (English)' in err, err)
+        self.assertEqual(strings.read_bytes(), after)
         (self.dir / 'cut.csv').write_text('"')
         status, out, err = self.run_cli('strings', 'import', self.project, 'cut.csv')
         self.assertEqual(status, 1)

@@ -27,8 +27,8 @@ struct Fates : IImportWatch
 {
     void Cell(quint32 row, quint32 column, CellFate fate, const QString &inTable, const QString &inSheet) override
     {
-        all += CellName(column, row + 1) + u' ' + u"FN=K-"[int(fate)] + u' ' + inSheet +
-               (fate == CellFate::Kept ? u'/' + inTable : QString()) + u'\n';
+        all += CellName(column, row + 1) + u' ' + u"FN=KR-"[int(fate)] + u' ' + inSheet +
+               (fate == CellFate::Kept || fate == CellFate::Replaced ? u'/' + inTable : QString()) + u'\n';
     }
     QString all;
 };
@@ -51,12 +51,14 @@ TEST(Spreadsheet, AnImportFillsWhatIsEmptyMakesWhatIsMissingAndKeepsTheRest)
     EXPECT_EQ(
         project.Written(),
         (FILE_HEAD + "ID_A|Normal|told|a|oui\nID_B|Push|note|b|b\nID_NEW|Push||new|\n##number|3\n").toStdString());
-    EXPECT_EQ(fates.all, u"C3 F told\nD3 K other/a\nE3 N oui\nF3 - beyond\nC4 = note\nE4 N b\nA5 - ##number\nB5 - 2\n"
-                         "D6 N new\n"_s);
+    EXPECT_EQ(fates.all, u"B3 R Normal/Push\nC3 F told\nD3 K other/a\nE3 N oui\nF3 - beyond\n"
+                         "B4 R Push/Normal\nC4 = note\nE4 N b\nB6 N Push\nD6 N new\n"_s);
     const std::string before = project.Written();
     EXPECT_EQ(project.Import(HEAD + "ID_A|Normal|told|a|oui\nID_B|Push||b|\n"), 0) << "emptied cells empty nothing";
     EXPECT_EQ(project.Written(), before);
-    EXPECT_EQ(project.Import("Number of Language|1\nString ID|Description|English\nID_B||b\n"), 0);
+    fates.all.clear();
+    EXPECT_EQ(project.Import("Number of Language|1\nString ID|Description|English\nID_B||b\n", &fates), 0);
+    EXPECT_EQ(fates.all, u"A3 R Normal/Push\nC3 = b\n"_s);
     EXPECT_THAT(project.Written(), HasSubstr("ID_B|Normal|note|b|b\n")) << "without a kind it is cleared";
 }
 

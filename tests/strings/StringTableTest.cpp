@@ -246,6 +246,10 @@ TEST(StringTable, NamesAreTrimmedRaisedCheckedAndToldByNumber)
     }
     project.Type(0, u" ID_D"_s);
     EXPECT_EQ(project.grid.TakeMessage(), 130) << "what starts a row isn't trimmed";
+    project.grid.lastText = u"untouched"_s;
+    project.Type(0, QString());
+    EXPECT_EQ(project.grid.lastText, u"untouched"_s) << "a default ID is shown with its row, not over it";
+    project.table.history.Undo();
     project.Type(3, u"hello"_s);
     project.Mod(2, 4, u"bonjour"_s);
     EXPECT_EQ(project.Dump(), longest + u" Normal   |ID_B Normal   |ID_STRING_0001 Normal  HELLO bonjour"_s);
@@ -302,6 +306,31 @@ TEST(StringTable, CopiesAreThoseOfTheSourcesUntilOneOfThemChanges)
     project.table.Copy({0});
     project.Paste();
     EXPECT_EQ(project.grid.TakeMessage(), 130) << "the name of the copy would be too long";
+}
+
+TEST(StringTable, SnapshotsOfOneIdKeepTheirOwnKinds)
+{
+    TableProject project(TWO_LANGUAGES + "ID_A|Push|||\n##number|1\n");
+    project.table.Copy({0});
+    project.Paste();
+    project.Mod(0, 1, u"Normal"_s);
+    project.table.Copy({0});
+    project.Paste();
+    for (int step = 0; step < 3; ++step)
+        project.table.history.Undo();
+    project.table.history.Redo();
+    EXPECT_EQ(project.Dump(), u"ID_A Push   |ID_A_COPY_0001 Push   "_s);
+    project.Delete({0});
+    project.Type(0, u"ID_A"_s);
+    project.Delete({1});
+    for (int step = 0; step < 3; ++step)
+        project.table.history.Undo();
+    EXPECT_EQ(project.Dump(), u"ID_A Push   |ID_A_COPY_0001 Push   "_s);
+    project.table.Forget();
+    project.strings.Clear();
+    project.table.history.Undo();
+    project.Paste();
+    EXPECT_EQ(project.table.RowCount(), 0);
 }
 
 TEST(StringTable, CommandsFindTheirRowsAndLanguagesAgainOrDoNothing)

@@ -21,6 +21,8 @@ public:
     QString name; ///< the project's name
     /// Who watches the nodes that the factories make; set by the document.
     IEspia *nodeObserver = nullptr;
+    /// Told before a reload destroys what the tree holds; may be empty.
+    std::function<void()> treeGoes;
     IDPool ids;         ///< every resource of the tree takes its ID from here
     IDPool detachedIds; ///< IDs of string rows held outside the tree
     CResFolder root{KIND_ROOT, -1};

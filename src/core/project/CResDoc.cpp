@@ -226,6 +226,8 @@ void CResDoc::OnWatchedFileChanged(quint32 handle)
     SetCurrentFolder(DirectoryOf(m_strPathName));
     if (handle == resWatch) {
         treeLost = true;
+        if (treeGoes)
+            treeGoes();
         root.Clear();
         if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
             throw ArchiveException{CAUSE_BAD_DOCUMENT};

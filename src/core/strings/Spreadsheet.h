@@ -2,6 +2,8 @@
 
 #include "Workbook.h"
 
+#include <QStringList>
+
 class CResModel;
 
 /// The numbers of failures, as whoever imports or exports sees them; with those of the string file's header.
@@ -14,14 +16,16 @@ enum SpreadsheetCode : int
 /// What became of a text of the sheet.
 enum class CellFate
 {
-    Filled,  ///< it came into a cell that was there and empty
-    New,     ///< it came into a new cell
-    Same,    ///< the table has it already
-    Kept,    ///< another text stands in the table, and stays
-    Nowhere, ///< it belongs to no row or column of the table
+    Filled,   ///< it came into a cell that was there and empty
+    New,      ///< it came into a new cell
+    Same,     ///< the table has it already
+    Kept,     ///< another text stands in the table, and stays
+    Replaced, ///< the row had another kind
+    Nowhere,  ///< it belongs to no row or column of the table
 };
 
-/// Hears of every text of the sheet below the header, row by row. Rows and columns count from 0.
+/// Hears of every text of the sheet below the header but the IDs and the row that ends it, row by row. Rows and columns
+/// count from 0. A sheet without kinds clears them: that a row loses its own is told of its ID.
 class IImportWatch
 {
 public:
@@ -42,6 +46,9 @@ struct SpreadsheetResult
 /// before a failure stays.
 [[nodiscard]] SpreadsheetResult ImportSpreadsheet(CResModel &document, const QString &path,
                                                   IImportWatch *watch = nullptr);
+
+/// The cells, by ID and language, whose texts a string file can't hold: those with a tab or a line end.
+[[nodiscard]] QStringList TextsThatDontFit(const CResModel &document);
 
 /// Writes the string table into a workbook and replaces the file at `path`; on a failure the old one stays.
 [[nodiscard]] SpreadsheetResult ExportSpreadsheet(CResModel &document, const QString &path);

@@ -93,7 +93,13 @@ private:
 
     CResFolder *EnsureFolder(qint32 index, const QString &title)
     {
-        CResFolder *const strings = document.root.FindFolder(KIND_STRINGS, 2);
+        CResFolder *strings = document.root.FindFolder(KIND_STRINGS, 2);
+        if (!strings) {
+            auto folder = document.CreateFolder(KIND_STRINGS, -1);
+            folder->title = QStringLiteral("Strings");
+            strings = folder.get();
+            document.root.AddFolder(std::move(folder));
+        }
         if (CResFolder *folder = strings->FindFolder(KIND_LANGUAGE, index, 1))
             return folder;
         auto made = document.CreateFolder(KIND_LANGUAGE, index);
@@ -122,8 +128,10 @@ private:
             env.WriteOutput("Warning %d: empty ID discarded (Line %d).\r\n", count, int(row) + 1);
             return;
         }
-        if (EqualsNoCase(id, END_WORD))
+        if (EqualsNoCase(id, END_WORD)) {
+            read = sheet.EndColumn(row);
             return;
+        }
         if (!IsValidIdName(id)) {
             const int count = ++env.ErrorCount;
             env.WriteOutput("Error %d: invalid ID format - [%s].\r\n", count, Shown(id).constData());
@@ -132,6 +140,8 @@ private:
         const NarrowText name = env.WideToNarrow(id);
         const IDRecord *rowId = document.ids.Find(name, ANY_RESOLUTION);
         CStringRes *previous = nullptr;
+        if (watch)
+            TellKind(row, rowId, push);
         read = firstText;
         for (CResFolder *folder : columns) {
             const QString &text = sheet.At(row, read);
@@ -165,6 +175,16 @@ private:
             env.WriteOutput("Error %d: invalid push format - [%s].\r\n", count, Shown(type).constData());
         }
         return type == PUSH_WORD;
+    }
+
+    void TellKind(quint32 row, const IDRecord *rowId, bool push)
+    {
+        const auto word = [](bool isPush) { return (isPush ? PUSH_WORD : NORMAL_WORD).toString(); };
+        const bool changes = rowId && rowId->push != push;
+        if (hasType)
+            Tell(row, 1, !rowId ? CellFate::New : changes ? CellFate::Replaced : CellFate::Same, word(!push));
+        else if (changes)
+            watch->Cell(row, 0, CellFate::Replaced, word(!push), word(push));
     }
 
     void Fill(CStringRes &cell, quint32 row, const QString &text)
@@ -226,6 +246,23 @@ int ImportSheet(CResModel &document, const Sheet &sheet, IImportWatch *watch)
 }
 
 } // namespace
+
+QStringList TextsThatDontFit(const CResModel &document)
+{
+    QStringList cells;
+    const CResFolder *strings = document.root.FindFolder(KIND_STRINGS, 2);
+    const auto isBad = [](QChar c) { return c == u'\t' || c == u'\r' || c == u'\n'; };
+    for (size_t n = 0; strings && n < strings->subfolders.size(); ++n) {
+        const CResFolder &folder = *strings->subfolders[n];
+        for (CBaseRes *res : folder.resources) {
+            const QString &text = static_cast<CStringRes *>(res)->text;
+            const QString id = document.env.NarrowToWide(res->Id()->name);
+            if (std::any_of(text.begin(), text.end(), isBad) || std::any_of(id.begin(), id.end(), isBad))
+                cells.append(id + QStringLiteral(" (") + (n == 0 ? DESCRIPTION_WORD.toString() : folder.title) + u')');
+        }
+    }
+    return cells;
+}
 
 QString CellName(quint32 column, quint32 row)
 {

@@ -41,10 +41,12 @@ bool STR_MOD_CMD::Apply(const QString &text)
     const int row = table.RowOf(mark.id, mark.row);
     const int now = col < StringTable::FIRST_LANGUAGE_COLUMN ? col : table.ColumnOf(language);
     const int code = table.ApplyCellEdit(row, now, text);
-    if (code != EDIT_DONE)
-        table.grid.ReportCellError(code, row, col);
-    else
+    if (code == EDIT_DONE)
         mark = MarkOf(table, row); // it may have got another ID
+    else if (row < 0 || now >= table.ColumnCount())
+        table.grid.ShowMessage(code); // there is no cell to correct it in
+    else
+        table.grid.ReportCellError(code, row, now);
     return code == EDIT_DONE;
 }
 
@@ -87,7 +89,7 @@ bool STR_DEL_CMD::Execute()
 bool STR_DEL_CMD::Undo()
 {
     for (const auto &[row, snapshot] : snapshots) {
-        if (const int code = table.RestoreRow(*snapshot, row, /*keepId=*/true)) {
+        if (const int code = table.RestoreRow(snapshot, row, /*keepId=*/true)) {
             table.grid.ShowMessage(code);
             return false;
         }
@@ -108,7 +110,7 @@ bool STR_PST_CMD::Execute()
 {
     for (const auto &[row, snapshot] : snapshots) {
         const int place = table.RowCount();
-        if (const int code = table.RestoreRow(*snapshot, place, /*keepId=*/false)) {
+        if (const int code = table.RestoreRow(snapshot, place, /*keepId=*/false)) {
             table.grid.ShowMessage(code);
             return false;
         }

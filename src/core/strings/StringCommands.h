@@ -13,7 +13,7 @@ struct RowMark
     NarrowText id;
 };
 
-/// Another text in a cell.
+/// Another text in a cell. Made before anything changes: it takes back to what the cell shows now.
 class STR_MOD_CMD : public Command
 {
 public:

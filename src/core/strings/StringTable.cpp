@@ -34,19 +34,31 @@ StringTable::StringTable(CResModel &document, IStringGrid &shownIn)
       copyNames(document.env.settings.String("DefaultID", "string_copy_id", "%s_COPY_%04X"))
 {
     model.ids.nameFreed = [this](const NarrowText &name) {
-        if (const auto number = defaultNames.NumberOf(model.env.NarrowToWide(name)))
-            nextDefault = std::min(nextDefault, std::max(*number, 1U));
+        const auto number = defaultNames.NumberOf(model.env.NarrowToWide(name));
+        if (number && *number > 0 && *number < freshDefault)
+            freedDefaults.insert(*number);
     };
+    model.treeGoes = [this] { Forget(); };
 }
 
 StringTable::~StringTable()
 {
     model.ids.nameFreed = nullptr;
+    model.treeGoes = nullptr;
 }
 
 CResFolder *StringTable::Strings() const
 {
     return model.root.FindFolder(KIND_STRINGS, 2);
+}
+
+void StringTable::Forget()
+{
+    history.Clear();
+    rows.Clear();
+    languages.clear();
+    ForgetCopies();
+    grid.ColumnsChanged();
 }
 
 void StringTable::Rebuild()
@@ -55,6 +67,8 @@ void StringTable::Rebuild()
     languages.clear();
     ForgetCopies();
     const CResFolder *strings = Strings();
+    if (!strings)
+        return;
     for (const auto &folder : strings->subfolders) {
         if (folder->index != DESCRIPTION)
             AddLanguageColumn(*folder);
@@ -84,7 +98,8 @@ CResFolder *StringTable::ColumnLanguage(int col) const
         return nullptr;
     const qint32 language =
         col == DESCRIPTION_COLUMN ? DESCRIPTION : languages[size_t(col) - size_t(FIRST_LANGUAGE_COLUMN)];
-    return Strings()->FindFolder(KIND_LANGUAGE, language, 1);
+    const CResFolder *strings = Strings();
+    return strings ? strings->FindFolder(KIND_LANGUAGE, language, 1) : nullptr;
 }
 
 int StringTable::ColumnOf(qint32 language) const
@@ -128,13 +143,23 @@ CResFolder *StringTable::EnsureDescriptionFolder()
         return folder;
     auto made = model.CreateFolder(KIND_LANGUAGE, DESCRIPTION);
     CResFolder *const folder = made.get();
-    Strings()->AddFolder(std::move(made));
+    CResFolder *const strings = Strings();
+    if (!strings)
+        return nullptr;
+    strings->AddFolder(std::move(made));
     return folder;
 }
 
 QString StringTable::DefaultStringId()
 {
-    return defaultNames.Free(model, nextDefault);
+    while (!freedDefaults.empty()) {
+        const quint32 number = *freedDefaults.begin();
+        QString name = defaultNames.Name(number);
+        if (!model.IsIdInUse(name))
+            return name;
+        freedDefaults.erase(number); // taken again since
+    }
+    return defaultNames.Free(model, freshDefault);
 }
 
 QString StringTable::CopyStringId(const QString &source)
@@ -199,7 +224,7 @@ int StringTable::CreateRow(const QString &idText, int row)
     if (!idText.isEmpty() && !IsValidIdName(idText))
         return EDIT_INVALID_ID;
     const QString name = idText.isEmpty() ? DefaultStringId() : idText;
-    auto made = model.CreateStringRes(model.env.WideToNarrow(name), DESCRIPTION);
+    auto made = descriptions ? model.CreateStringRes(model.env.WideToNarrow(name), DESCRIPTION) : nullptr;
     if (!made)
         return idText.isEmpty() ? EDIT_NO_DEFAULT_ID : EDIT_ID_TAKEN;
     CStringRes *const head = made.get();
@@ -218,7 +243,8 @@ int StringTable::InsertFromCell(int row, int col, QString text)
 {
     text = ToUpperSimple(text);
     row = std::min(row, RowCount());
-    if (const int code = CreateRow(col == ID_COLUMN ? text : QString(), row))
+    const int code = CreateRow(col == ID_COLUMN ? text : QString(), row);
+    if (code != EDIT_DONE || col == ID_COLUMN)
         return code;
     CStringRes *const head = Head(row);
     if (col == KIND_COLUMN || col == DESCRIPTION_COLUMN) {
@@ -235,18 +261,19 @@ int StringTable::InsertFromCell(int row, int col, QString text)
 
 int StringTable::SnapshotRow(CStringRes *head, Snapshot &snapshot)
 {
-    Snapshot made(model.CreateDetachedStringRes(head->Id()->name).release());
-    if (!made)
+    Snapshot made;
+    made.head.reset(model.CreateDetachedStringRes(head->Id()->name).release());
+    if (!made.head)
         return EDIT_ID_TAKEN;
-    made->SetText(head->text);
-    made->Id()->push = head->Id()->push;
-    made->Id()->pushKind = head->Id()->pushKind;
-    CStringRes *last = made.get();
+    made.head->SetText(head->text);
+    made.push = head->Id()->push;
+    made.pushKind = head->Id()->pushKind;
+    CStringRes *last = made.head.get();
     for (const auto &folder : Strings()->subfolders) {
         const CStringRes *cell = folder->index == DESCRIPTION ? nullptr : head->FindLanguage(folder->index);
         if (!cell)
             continue;
-        CStringRes *const copy = model.CreateStringRes(made->Id(), folder->index).release(); // the chain's now
+        CStringRes *const copy = model.CreateStringRes(made.head->Id(), folder->index).release(); // the chain's now
         last->LinkBehind(copy);
         copy->SetText(cell->text);
         last = copy;
@@ -255,22 +282,23 @@ int StringTable::SnapshotRow(CStringRes *head, Snapshot &snapshot)
     return EDIT_DONE;
 }
 
-int StringTable::RestoreRow(CStringRes &snapshot, int row, bool keepId)
+int StringTable::RestoreRow(const Snapshot &snapshot, int row, bool keepId)
 {
-    const QString own = model.env.NarrowToWide(snapshot.Id()->name);
+    CStringRes &copy = *snapshot.head;
+    const QString own = model.env.NarrowToWide(copy.Id()->name);
     row = std::min(row, RowCount());
     if (const int code = CreateRow(keepId ? own : CopyStringId(own), row))
         return code;
     CStringRes *const head = Head(row);
-    head->SetText(snapshot.text);
-    head->Id()->push = snapshot.Id()->push;
-    head->Id()->pushKind = snapshot.Id()->pushKind;
+    head->SetText(copy.text);
+    head->Id()->push = snapshot.push;
+    head->Id()->pushKind = snapshot.pushKind;
     grid.CellShows(row, KIND_COLUMN, CellText(row, KIND_COLUMN));
     grid.CellShows(row, DESCRIPTION_COLUMN, head->text);
     CStringRes *last = head;
     for (int col = FIRST_LANGUAGE_COLUMN; col < ColumnCount(); ++col) {
         CResFolder *const folder = ColumnLanguage(col);
-        const CStringRes *cell = folder ? snapshot.FindLanguage(folder->index) : nullptr;
+        const CStringRes *cell = folder ? copy.FindLanguage(folder->index) : nullptr;
         if (!cell)
             continue;
         last = AddCell(*last, *folder, cell->text);
@@ -285,15 +313,15 @@ int StringTable::DeleteRow(int row)
     CStringRes *const head = Head(row);
     if (!head)
         return EDIT_NO_ROW;
+    grid.FocusCell(row, ID_COLUMN);
+    ForgetCopyOf(head);
+    rows.Remove(row); // before its records go: the grid may ask for any row
     IDRecord *const id = head->Id();
     id->AddRef(); // it would go with the last of its holders, and is asked for once more
     for (const auto &folder : Strings()->subfolders)
         folder->DeleteResource(id);
     id->Release();
-    grid.FocusCell(row, ID_COLUMN);
-    rows.Remove(row);
     grid.RowRemoved(row);
-    ForgetCopyOf(head);
     return EDIT_DONE;
 }
 

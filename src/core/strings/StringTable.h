@@ -6,6 +6,7 @@
 #include "RowList.h"
 
 #include <map>
+#include <set>
 #include <unordered_set>
 
 /// Why an edit of the string table failed: the numbers of the messages that the user sees.
@@ -29,9 +30,16 @@ struct ChainDeleter
 };
 
 /// A copy of a row that stands in no folder; its ID blocks no name.
-using Snapshot = std::unique_ptr<CStringRes, ChainDeleter>;
+struct Snapshot
+{
+    std::unique_ptr<CStringRes, ChainDeleter> head; ///< of the chain
+    // The row's kind. Copies of one ID share its record, so that one doesn't hold it.
+    bool push = false;
+    qint32 pushKind = PUSH_NONE;
+};
 
-/// What shows a string table: the grid of a window, or nothing at all. Row numbers are those of the table.
+/// What shows a string table: the grid of a window, or nothing at all. Row numbers are those of the table, which may be
+/// asked for any cell meanwhile. A message ends whatever the grid has pending.
 class IStringGrid
 {
 public:
@@ -51,8 +59,8 @@ public:
 /// and each language (3 and up). It has no storage of its own: rows are records below the Strings folder, and what
 /// stands here is the order in which they are shown. The last row is the new-row line, which has no head.
 ///
-/// The edits change tree and grid together; users' edits are commands (STR_..._CMD) that `history` runs. Main thread
-/// only.
+/// The edits change tree and grid together; users' edits are commands (STR_..._CMD) that `history` runs. A model has
+/// one table at a time. Main thread only.
 ///
 ///     StringTable table(model, grid);
 ///     table.Rebuild();
@@ -75,6 +83,8 @@ public:
     CommandHistory history{MOST_UNDO};
     IStringGrid &grid;
 
+    /// Lets go of the tree, history and all; a reload is going to destroy it.
+    void Forget();
     /// Takes columns and rows anew from the tree, in its order. Forgets the history of a table with languages.
     void Rebuild();
     /// Appends a column for a language's folder, and forgets the history.
@@ -113,7 +123,7 @@ public:
     [[nodiscard]] int InsertFromCell(int row, int col, QString text);
     [[nodiscard]] int SnapshotRow(CStringRes *head, Snapshot &snapshot);
     /// Makes a row from a snapshot, under its own ID or one for a copy.
-    [[nodiscard]] int RestoreRow(CStringRes &snapshot, int row, bool keepId);
+    [[nodiscard]] int RestoreRow(const Snapshot &snapshot, int row, bool keepId);
     [[nodiscard]] int DeleteRow(int row);
     /// From the last to the first; the first failure ends it. `toDelete` is ascending.
     [[nodiscard]] int DeleteRows(const std::vector<int> &toDelete);
@@ -139,5 +149,7 @@ private:
     std::unordered_set<const CStringRes *> copiedHeads;
     CounterNames defaultNames;
     CounterNames copyNames;
-    quint32 nextDefault = 1; // all default names below it are taken
+    // Every default name of a number below `freshDefault` is taken or was freed.
+    quint32 freshDefault = 1;
+    std::set<quint32> freedDefaults;
 };

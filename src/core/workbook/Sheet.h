@@ -11,7 +11,7 @@
 ///     Sheet sheet;
 ///     sheet.Add(row, column, text);    // in any order; of two texts of one cell the later one stays
 ///     sheet.Finish();
-///     sheet.At(0, 1), sheet.Rows(), sheet.Columns()
+///     sheet.At(0, 1), sheet.UsedRows(), sheet.UsedColumns()
 class Sheet
 {
 public:
