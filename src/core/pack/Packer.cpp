@@ -54,7 +54,8 @@ int Packer::Pack(const packinfo &parameters, CResModel &document, std::vector<QB
     const QByteArray outputHost = OutputPath(env.NarrowToWide(info.outputfilename));
     const QByteArray sideHost = info.packmode == PACK_TO_TARGET ? SideFile(env.NarrowToWide(info.inputfilename)) : "";
     // Another spelling, or a link: writing one would destroy the other.
-    if (IsSameFile(inputHost, outputHost) || IsSameFile(inputHost, sideHost) || IsSameFile(outputHost, sideHost))
+    if (outputHost == sideHost || IsSameFile(inputHost, outputHost) || IsSameFile(inputHost, sideHost) ||
+        IsSameFile(outputHost, sideHost))
         return RefuseSameFile(env, info);
     TraceParameters(env, info);
 
