@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Formats.h"
+#include "MemoryFile.h"
 
 #include <cstdlib>
 
@@ -14,40 +15,44 @@ inline void Require(bool condition)
 class SheetTexts : public ISheetSource
 {
 public:
-    explicit SheetTexts(const Sheet &read) : sheet(read) {}
+    SheetTexts(const Sheet &read, size_t columns) : sheet(read), texts(columns), views(columns) {}
 
     [[nodiscard]] qint64 RowCount() const override { return std::min(sheet.EndRow(), 100u); }
-    [[nodiscard]] int ColumnCount() const override { return int(std::size(texts)); }
+    [[nodiscard]] int ColumnCount() const override { return int(texts.size()); }
     std::span<const QStringView> Row(qint64 row) override
     {
-        for (quint32 column = 0; column < std::size(texts); ++column)
-            texts[column] = sheet.At(quint32(row), column);
-        return texts;
+        for (size_t column = 0; column < texts.size(); ++column)
+            views[column] = texts[column] = sheet.At(quint32(row), quint32(column));
+        return views;
     }
 
 private:
     const Sheet &sheet;
-    QStringView texts[20];
+    std::vector<QString> texts;
+    std::vector<QStringView> views;
 };
 
-/// Writes a sheet that was read, and aborts when reading that gives others than these texts.
-inline void RequireSameAgain(const Sheet &sheet, WorkbookResult write(ISheetSource &, QByteArray &),
-                             WorkbookResult read(QByteArrayView, Sheet &))
+/// Writes a sheet that was read, and aborts when reading that gives others than these texts. In a format that can't
+/// hold all of them some characters may have become U+FFFD.
+inline void RequireSameAgain(const Sheet &sheet, size_t columns, bool canHoldAll,
+                             WorkbookResult write(ISheetSource &, std::FILE *),
+                             WorkbookResult read(QByteArray, Sheet &))
 {
-    SheetTexts texts(sheet);
-    QByteArray file;
-    const WorkbookResult result = write(texts, file);
+    SheetTexts texts(sheet, columns);
+    WorkbookResult result;
+    const QByteArray file = InMemory([&](std::FILE *stream) { result = write(texts, stream); });
     if (result.fault == WorkbookFault::TooLarge)
         return;
     Sheet again;
     Require(!result.HasFailed() && !read(file, again).HasFailed());
     again.Finish();
+    Require(again.EndRow() <= texts.RowCount());
     for (qint64 row = 0; row < texts.RowCount(); ++row) {
         quint32 column = 0;
         for (const QStringView text : texts.Row(row)) {
-            const QString &found = again.At(quint32(row), column++);
-            // What no file can hold became another character.
-            Require(found == text || (found.size() == text.size() && found.contains(QChar::ReplacementCharacter)));
+            const QString found = again.At(quint32(row), column++);
+            Require(found == text ||
+                    (!canHoldAll && found.size() == text.size() && found.contains(QChar::ReplacementCharacter)));
         }
     }
 }

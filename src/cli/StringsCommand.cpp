@@ -32,7 +32,7 @@ public:
             QString::fromLatin1(WORDS[int(fate)]) + u'\t' + CellName(column, row + 1) + u'\t' + OnOneLine(inSheet);
         if (fate == CellFate::Kept || fate == CellFate::Replaced)
             line += u'\t' + OnOneLine(inTable);
-        out.Write(line + u'\n');
+        out.Write(line + QStringLiteral("\r\n"));
     }
 
 private:
@@ -86,6 +86,11 @@ private:
 
     int Import(Session &session, CResDoc &document, const QString &workbook) const
     {
+        if (session.env.ErrorCount > 0 && !dryRun) {
+            Complain(QStringLiteral("the project has errors, told above, and saving it would leave out what they are "
+                                    "about; nothing is imported. Mend them first"));
+            return EXIT_FAILED;
+        }
         FateList fates(session.report);
         const SpreadsheetResult result = ImportSpreadsheet(document, workbook, dryRun ? &fates : nullptr);
         const int status = Finish(session, result);

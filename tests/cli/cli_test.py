@@ -74,12 +74,12 @@ class Cli(DemoProject):
             self.assertEqual(self.run_cli('strings', 'export', self.project, name),
                              (0, '[demo] export - 0 error(s), 0 warning(s)\r\n', ''))
             self.assertEqual(self.run_cli('strings', 'import', self.project, name, '--dry-run'),
-                             (0, 'same\tB3\tNormal\nsame\tC3\tgreeting\nsame\tD3\tHi\n' + imported, ''))
+                             (0, 'same\tB3\tNormal\r\nsame\tC3\tgreeting\r\nsame\tD3\tHi\r\n' + imported, ''))
         sheet = (self.dir / name).read_text(encoding='utf-8-sig')
         (self.dir / name).write_text(sheet.replace('Hi', '"Hello\tthere"').replace('##', 'ID_NEW,Push,,"a, b"\n##'))
         self.assertEqual(self.run_cli('strings', 'import', self.project, name, '--dry-run'),
-                         (0, 'same\tB3\tNormal\nsame\tC3\tgreeting\nkept\tD3\tHello\\tthere\tHi\n'
-                             'new\tB4\tPush\nnew\tD4\ta, b\n' + imported, ''))
+                         (0, 'same\tB3\tNormal\r\nsame\tC3\tgreeting\r\nkept\tD3\tHello\\tthere\tHi\r\n'
+                             'new\tB4\tPush\r\nnew\tD4\ta, b\r\n' + imported, ''))
         self.assertEqual(strings.read_bytes(), before)
         status, out, err = self.run_cli('strings', 'import', self.project, name)
         self.assertEqual((status, out, err), (0, imported + '[demo] save - 0 error(s), 0 warning(s)\r\n', ''))
@@ -97,6 +97,9 @@ class Cli(DemoProject):
         status, out, err = self.run_cli('strings', 'import', self.project, 'cut.csv')
         self.assertEqual(status, 1)
         self.assertTrue(out.startswith('Error 1: failed to import from Excel.\r\n') and 'cut.csv: line 1: ' in err, out + err)
+        strings.write_bytes(after.decode('utf-16').replace('ID_NEW', 'ID_IMAGE_LOGO').encode('utf-16'))
+        status, out, err = self.run_cli('strings', 'import', self.project, name)
+        self.assertTrue((status, out) == (1, '') and 'ID conflicts' in err and 'nothing is imported' in err, out + err)
 
     def test_ids_are_listed_in_the_byte_order_of_their_names_and_the_debug_log_goes_where_it_is_sent(self):
         self.env['MORVANITE_DEBUG_LOG'] = str(self.dir / 'log')

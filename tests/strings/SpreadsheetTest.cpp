@@ -52,14 +52,23 @@ TEST(Spreadsheet, AnImportFillsWhatIsEmptyMakesWhatIsMissingAndKeepsTheRest)
         project.Written(),
         (FILE_HEAD + "ID_A|Normal|told|a|oui\nID_B|Push|note|b|b\nID_NEW|Push||new|\n##number|3\n").toStdString());
     EXPECT_EQ(fates.all, u"B3 R Normal/Push\nC3 F told\nD3 K other/a\nE3 N oui\nF3 - beyond\n"
-                         "B4 R Push/Normal\nC4 = note\nE4 N b\nB6 N Push\nD6 N new\n"_s);
+                         "B4 R Push/Normal\nC4 = note\nD4 K /b\nE4 N b\nB6 N Push\nD6 N new\n"_s);
     const std::string before = project.Written();
     EXPECT_EQ(project.Import(HEAD + "ID_A|Normal|told|a|oui\nID_B|Push||b|\n"), 0) << "emptied cells empty nothing";
     EXPECT_EQ(project.Written(), before);
     fates.all.clear();
     EXPECT_EQ(project.Import("Number of Language|1\nString ID|Description|English\nID_B||b\n", &fates), 0);
-    EXPECT_EQ(fates.all, u"A3 R Normal/Push\nC3 = b\n"_s);
+    EXPECT_EQ(fates.all, u"A3 R Normal/Push\nB3 K /note\nC3 = b\n"_s);
     EXPECT_THAT(project.Written(), HasSubstr("ID_B|Normal|note|b|b\n")) << "without a kind it is cleared";
+    project.ids.Find("ID_B", ANY_RESOLUTION)->push = true;
+    const auto image = project.CreateFileRes("ID_IMAGE", ANY_RESOLUTION);
+    fates.all.clear();
+    EXPECT_EQ(project.Import("Number of Language|1\nString ID|Resource Type|Description|\"French\n\"\n"
+                             "ID_IMAGE|Push|x|y\nID_B|odd|note|b\nID_LATE|push||\n",
+                             &fates),
+              0);
+    EXPECT_EQ(fates.all.toStdString(), "B3 - Push\nC3 - x\nD3 - y\nB4 R Normal/Push\nC4 = note\nD4 = b\nB5 - push\n");
+    EXPECT_THAT(project.Written(), testing::StartsWith(FILE_HEAD.toStdString()));
 }
 
 TEST(Spreadsheet, EachFaultHasItsMessageItsCellAndItsCode)

@@ -1,6 +1,7 @@
 #include "StringCommands.h"
 
 #include "PlainTable.h"
+#include "Spreadsheet.h"
 #include "StringProject.h"
 
 #include <rapidcheck.h>
@@ -353,6 +354,31 @@ TEST(StringTable, CommandsFindTheirRowsAndLanguagesAgainOrDoNothing)
     project.table.history.Redo();
     EXPECT_EQ(project.grid.TakeMessage(), 171) << "one of its rows is gone, so none is deleted";
     EXPECT_EQ(project.Dump(), u"ID_NEW Normal  |ID_A Normal  x"_s);
+
+    TableProject other(TWO_LANGUAGES + "ID_A|Normal||a|x\n##number|1\n");
+    other.Type(4, u"bonjour"_s);
+    other.table.history.Undo();
+    other.strings.DeleteFolder(other.Language(9));
+    other.table.RemoveLanguageColumn(9);
+    other.table.history.Redo();
+    EXPECT_EQ(other.Dump(), u"ID_A Normal  x|ID_STRING_0001 Normal  BONJOUR"_s) << "in the language it was typed in";
+}
+
+TEST(StringTable, AnImportThatFailsInTheMiddleLeavesTheHistoryInOrder)
+{
+    TableProject project("Number of Language|1\nString ID|Description|English(9)\nID_A||a\n##number|1\n");
+    project.Mod(0, 3, u"b"_s);
+    for (const auto &[sheet, code] :
+         {std::pair("Number of Language,1\nString ID,Description,French\nID_A,d,oui\nID_NEW,,new\n", 0),
+          {"Number of Language,2\nString ID,Description,French,Elvish\nID_LATE,,\n", 1608}}) {
+        project.folder.Put("in.csv", sheet);
+        EXPECT_EQ(ImportSpreadsheet(project, project.folder.Path("in.csv")).code, code);
+    }
+    project.table.history.Undo();
+    project.table.history.Redo();
+    project.table.history.Undo();
+    project.table.Rebuild();
+    EXPECT_EQ(project.Dump(), u"ID_A Normal d a oui|ID_NEW Normal   new"_s);
 }
 
 TEST(StringTable, EditsMarkTheDocumentButAKindAndAnUnchangedTextDoNot)

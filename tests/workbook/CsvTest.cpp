@@ -63,7 +63,7 @@ TEST(Csv, WhatIsWrongIsSaid)
         {WorkbookFault::TooLarge, "line 1048577, column 1:", QByteArray(1'048'576, '\n') + "a"},
         {WorkbookFault::TooLarge, "line 1, column 16385:", QByteArray(16'384, ',') + "a"},
         {WorkbookFault::TooLarge, "take too much memory",
-         (QByteArray(16'383, ',').replace(",", "a,") + '\n').repeated(150)},
+         (QByteArray(16'383, ',').replace(",", "a,") + '\n').repeated(400)},
     };
     for (const auto &[fault, reason, file] : cases) {
         SCOPED_TRACE(reason);
@@ -71,4 +71,11 @@ TEST(Csv, WhatIsWrongIsSaid)
         EXPECT_EQ(result.fault, fault);
         EXPECT_TRUE(result.reason.contains(QLatin1String(reason))) << result.reason.toStdString();
     }
+
+    struct Endless : TestTable
+    {
+        Endless() : TestTable({{}}) {}
+        [[nodiscard]] qint64 RowCount() const override { return Sheet::MOST_ROWS + 1; }
+    } endless;
+    EXPECT_EQ(WriteCsv(endless, nullptr).fault, WorkbookFault::TooLarge);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Formats.h"
+#include "MemoryFile.h"
 
 #include <gtest/gtest.h>
 
@@ -38,19 +39,16 @@ private:
     std::vector<QStringView> views;
 };
 
-using Reader = WorkbookResult(QByteArrayView, Sheet &);
-using Writer = WorkbookResult(ISheetSource &, QByteArray &);
+using Reader = WorkbookResult(QByteArray, Sheet &);
+using Writer = WorkbookResult(ISheetSource &, std::FILE *);
 
 inline QByteArray Written(Writer write, TestTable table)
 {
-    QByteArray file;
-    const WorkbookResult result = write(table, file);
-    EXPECT_EQ(result.reason.toStdString(), "");
-    return file;
+    return InMemory([&](std::FILE *file) { EXPECT_EQ(write(table, file).reason.toStdString(), ""); });
 }
 
 /// Reads a file and tells it as a table, rows of cells without the empty ones at their ends.
-inline Rows Read(Reader read, QByteArrayView file)
+inline Rows Read(Reader read, const QByteArray &file)
 {
     Sheet sheet;
     const WorkbookResult result = read(file, sheet);
@@ -60,7 +58,7 @@ inline Rows Read(Reader read, QByteArrayView file)
     Rows rows(sheet.EndRow());
     for (quint32 row = 0; row < sheet.EndRow(); ++row) {
         for (quint32 column = 0; column < 64; ++column) {
-            const QString &text = sheet.At(row, column);
+            const QString text = sheet.At(row, column);
             while (!text.isEmpty() && rows[row].size() < column)
                 rows[row].append(QString());
             if (!text.isEmpty())
@@ -82,7 +80,7 @@ inline void PrintTo(const QString &text, std::ostream *stream)
     *stream << '"' << text.left(30).toUtf8().toPercentEncoding(" !#$&'()*+,/:;=?@[]<>|").toStdString() << '"';
 }
 
-inline WorkbookResult ReadFailing(Reader read, QByteArrayView file)
+inline WorkbookResult ReadFailing(Reader read, const QByteArray &file)
 {
     Sheet sheet;
     return read(file, sheet);

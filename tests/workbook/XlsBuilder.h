@@ -2,6 +2,7 @@
 
 #include "BiffWriter.h"
 #include "CompoundFile.h"
+#include "MemoryFile.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +12,11 @@
 
 inline QByteArray Rec(quint16 type, const QByteArray &data = {})
 {
-    return BiffWriter().Begin(type).Add(data).Bytes();
+    QByteArray bytes;
+    BiffWriter writer([&bytes](QByteArrayView piece) { bytes += piece; });
+    writer.Begin(type).Add(data);
+    writer.Flush();
+    return bytes;
 }
 
 /// The bytes of numbers, each as wide as its type.
@@ -34,9 +39,11 @@ template <typename... T> QByteArray CellData(int row, int column, T... values)
 
 inline QByteArray InContainer(const QByteArray &stream, const char *name = "Workbook")
 {
-    QByteArray file;
-    EXPECT_EQ(WriteCompoundFile(name, {stream}, file).reason, QString());
-    return file;
+    return InMemory([&](std::FILE *file) {
+        CompoundWriter container(name, file);
+        container.Write(stream);
+        EXPECT_EQ(container.Close().reason, QString());
+    });
 }
 
 struct XlsBuilder

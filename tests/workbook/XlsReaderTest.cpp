@@ -84,7 +84,8 @@ public:
     /// makes the characters behind it wide, whatever the text's own flags say.
     [[nodiscard]] QByteArray Records(const std::function<bool(size_t)> &isCut, bool widens = false) const
     {
-        BiffWriter writer;
+        QByteArray records;
+        BiffWriter writer([&records](QByteArrayView piece) { records += piece; });
         writer.Begin(BIFF_SST).Add<quint32>(count, count);
         bool isWidened = false;
         for (size_t i = 0; i < pieces.size(); ++i) {
@@ -98,7 +99,8 @@ public:
             }
             isWide || isWidened ? writer.Add<quint16>(value) : writer.Add<quint8>(value);
         }
-        return writer.Bytes();
+        writer.Flush();
+        return records;
     }
 
     [[nodiscard]] size_t Pieces() const { return pieces.size(); }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Text.h"
+#include "FileReplacement.h"
 
 #include <optional>
 #include <vector>
@@ -31,17 +31,16 @@ public:
     /// file that the system refused, as it was handed in; those before it have changed.
     [[nodiscard]] std::optional<QString> Commit();
 
+private:
+    void End();
+
     /// A written file that waits for its place.
     struct Staged
     {
-        QByteArray temporary;
-        QByteArray target;
+        FileReplacement file;
         QString path;
         IfRefused ifRefused;
     };
-
-private:
-    void End();
 
     Environment &env;
     std::vector<Staged> staged;

@@ -19,13 +19,14 @@ enum class CellFate
     Filled,   ///< it came into a cell that was there and empty
     New,      ///< it came into a new cell
     Same,     ///< the table has it already
-    Kept,     ///< another text stands in the table, and stays
+    Kept,     ///< another text stands in the table, and stays; the sheet's may be empty
     Replaced, ///< the row had another kind
     Nowhere,  ///< it belongs to no row or column of the table
 };
 
-/// Hears of every text of the sheet below the header but the IDs and the row that ends it, row by row. Rows and columns
-/// count from 0. A sheet without kinds clears them: that a row loses its own is told of its ID.
+/// Hears of every text of the sheet below the header but the IDs and the row that ends it, row by row, and of every
+/// cell that is empty there and isn't in the table. Rows and columns count from 0. What is no kind, and a sheet without
+/// kinds, clears a row's own: that is told with the word that the row has then, in the latter case of its ID.
 class IImportWatch
 {
 public:

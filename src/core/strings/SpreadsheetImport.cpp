@@ -41,7 +41,7 @@ public:
 private:
     int Expect(quint32 row, quint32 column, QStringView expected, bool anywhere = false)
     {
-        const QString &found = sheet.At(row, column);
+        const QString found = sheet.At(row, column);
         if (anywhere ? found.contains(expected) : found == expected)
             return OK;
         const int count = ++env.ErrorCount;
@@ -79,14 +79,14 @@ private:
     {
         columns.push_back(EnsureFolder(DESCRIPTION, QString()));
         for (quint32 i = 0; i < languages; ++i) {
-            const QString &name = sheet.At(NAMES_ROW, firstText + 1 + i);
+            const QString name = sheet.At(NAMES_ROW, firstText + 1 + i);
             const int number = env.LanguageNumber(name);
             if (number == -1) {
                 const int count = ++env.ErrorCount;
                 env.WriteOutput("Error %d: language \"%s\" is unrecognized.\r\n", count, Shown(name).constData());
                 return UNKNOWN_LANGUAGE;
             }
-            columns.push_back(EnsureFolder(number, name));
+            columns.push_back(EnsureFolder(number, name.trimmed())); // as it was looked up
         }
         return OK;
     }
@@ -122,7 +122,7 @@ private:
 
     void ReadCells(quint32 row)
     {
-        const QString &id = sheet.At(row, 0);
+        const QString id = sheet.At(row, 0);
         if (id.isEmpty()) {
             const int count = ++env.WarningCount;
             env.WriteOutput("Warning %d: empty ID discarded (Line %d).\r\n", count, int(row) + 1);
@@ -139,24 +139,30 @@ private:
         const bool push = ReadKind(row);
         const NarrowText name = env.WideToNarrow(id);
         const IDRecord *rowId = document.ids.Find(name, ANY_RESOLUTION);
+        const bool isNew = !rowId;
+        const bool wasPush = rowId && rowId->push;
         CStringRes *previous = nullptr;
-        if (watch)
-            TellKind(row, rowId, push);
-        read = firstText;
+        read = 1;
         for (CResFolder *folder : columns) {
-            const QString &text = sheet.At(row, read);
-            if (text.isEmpty() && folder->index != DESCRIPTION) {
-                ++read;
+            const quint32 column = previous ? read : firstText;
+            const QString text = sheet.At(row, column);
+            const bool isPassedOver = text.isEmpty() && folder->index != DESCRIPTION;
+            CStringRes *cell = rowId && (!isPassedOver || watch) ? cells.Find(rowId, *folder) : nullptr;
+            if (isPassedOver) {
+                if (cell)
+                    Tell(row, column, CellFate::Kept, cell->text);
+                read = column + 1;
                 continue;
             }
-            CStringRes *cell = rowId ? cells.Find(rowId, *folder) : nullptr;
-            if (cell)
-                Fill(*cell, row, text);
-            else
+            const CellFate fate = cell ? Fill(*cell, text) : CellFate::New;
+            if (!cell)
                 cell = Make(*folder, name, row, text, previous);
             if (!cell)
                 return;
-            ++read;
+            if (!previous)
+                TellKind(row, isNew, wasPush, push);
+            Tell(row, column, fate, cell->text);
+            read = column + 1;
             previous = cell;
             rowId = cell->Id();
             cell->Id()->push = push;
@@ -169,7 +175,7 @@ private:
     {
         if (!hasType)
             return false;
-        const QString &type = sheet.At(row, 1);
+        const QString type = sheet.At(row, 1);
         if (type != PUSH_WORD && type != NORMAL_WORD) {
             const int count = ++env.ErrorCount;
             env.WriteOutput("Error %d: invalid push format - [%s].\r\n", count, Shown(type).constData());
@@ -177,24 +183,27 @@ private:
         return type == PUSH_WORD;
     }
 
-    void TellKind(quint32 row, const IDRecord *rowId, bool push)
+    void TellKind(quint32 row, bool isNew, bool wasPush, bool push)
     {
         const auto word = [](bool isPush) { return (isPush ? PUSH_WORD : NORMAL_WORD).toString(); };
-        const bool changes = rowId && rowId->push != push;
-        if (hasType)
-            Tell(row, 1, !rowId ? CellFate::New : changes ? CellFate::Replaced : CellFate::Same, word(!push));
-        else if (changes)
-            watch->Cell(row, 0, CellFate::Replaced, word(!push), word(push));
+        if (!watch)
+            return;
+        if (!isNew && wasPush != push)
+            watch->Cell(row, hasType ? 1 : 0, CellFate::Replaced, word(wasPush), word(push));
+        else if (hasType && sheet.At(row, 1) != word(push))
+            Tell(row, 1, CellFate::Nowhere, QString());
+        else if (hasType)
+            Tell(row, 1, isNew ? CellFate::New : CellFate::Same, QString());
     }
 
-    void Fill(CStringRes &cell, quint32 row, const QString &text)
+    static CellFate Fill(CStringRes &cell, const QString &text)
     {
-        const CellFate fate = cell.text == text     ? CellFate::Same
-                              : cell.text.isEmpty() ? CellFate::Filled
-                                                    : CellFate::Kept;
-        Tell(row, read, fate, cell.text);
-        if (fate == CellFate::Filled)
-            cell.SetText(text);
+        if (cell.text == text)
+            return CellFate::Same;
+        if (!cell.text.isEmpty())
+            return CellFate::Kept;
+        cell.SetText(text);
+        return CellFate::Filled;
     }
 
     /// Null, with the error logged, when the ID is borne by another resource.
@@ -214,14 +223,17 @@ private:
         if (previous)
             previous->LinkBehind(cell);
         cells.Added(cell);
-        Tell(row, read, CellFate::New, QString());
         return cell;
     }
 
     void Tell(quint32 row, quint32 column, CellFate fate, const QString &inTable)
     {
-        if (watch && !sheet.At(row, column).isEmpty())
-            watch->Cell(row, column, fate, inTable, sheet.At(row, column));
+        if (!watch)
+            return;
+        const QString text = sheet.At(row, column);
+        const bool isEmptied = fate == CellFate::Kept && !inTable.isEmpty();
+        if (!text.isEmpty() || isEmptied)
+            watch->Cell(row, column, fate, inTable, text);
     }
 
     CResModel &document;

@@ -11,6 +11,18 @@ RowMark MarkOf(const StringTable &table, int row)
     return {row, head ? head->Id()->name : NarrowText()};
 }
 
+qint32 LanguageOf(const StringTable &table, int col)
+{
+    const CResFolder *folder = table.ColumnLanguage(col);
+    return folder ? folder->index : -1;
+}
+
+/// Where the column stands that stood at `col` when it was the one of `language`.
+int ColumnNow(const StringTable &table, int col, qint32 language)
+{
+    return col < StringTable::FIRST_LANGUAGE_COLUMN ? col : table.ColumnOf(language);
+}
+
 /// Deletes the rows where they stand now. False, with the message shown, when it didn't come to its end; nothing has
 /// changed then if one of the rows is gone.
 bool DeleteMarked(StringTable &table, const std::vector<RowMark> &marks)
@@ -29,17 +41,15 @@ bool DeleteMarked(StringTable &table, const std::vector<RowMark> &marks)
 } // namespace
 
 STR_MOD_CMD::STR_MOD_CMD(StringTable &stringTable, int cellRow, int cellCol, QString text)
-    : table(stringTable), mark(MarkOf(table, cellRow)), col(cellCol), oldText(table.CellText(cellRow, cellCol)),
-      newText(std::move(text))
+    : table(stringTable), mark(MarkOf(table, cellRow)), col(cellCol), language(LanguageOf(table, col)),
+      oldText(table.CellText(cellRow, cellCol)), newText(std::move(text))
 {
-    if (const CResFolder *folder = table.ColumnLanguage(col))
-        language = folder->index;
 }
 
 bool STR_MOD_CMD::Apply(const QString &text)
 {
     const int row = table.RowOf(mark.id, mark.row);
-    const int now = col < StringTable::FIRST_LANGUAGE_COLUMN ? col : table.ColumnOf(language);
+    const int now = ColumnNow(table, col, language);
     const int code = table.ApplyCellEdit(row, now, text);
     if (code == EDIT_DONE)
         mark = MarkOf(table, row); // it may have got another ID
@@ -51,16 +61,17 @@ bool STR_MOD_CMD::Apply(const QString &text)
 }
 
 STR_IST_CMD::STR_IST_CMD(StringTable &stringTable, int newRow, int cellCol, QString typed)
-    : table(stringTable), mark{newRow, {}}, col(cellCol), text(std::move(typed))
+    : table(stringTable), mark{newRow, {}}, col(cellCol), language(LanguageOf(table, col)), text(std::move(typed))
 {
 }
 
 bool STR_IST_CMD::Execute()
 {
     mark.row = std::min(mark.row, table.RowCount());
-    const int code = table.InsertFromCell(mark.row, col, text);
+    const int now = ColumnNow(table, col, language);
+    const int code = table.InsertFromCell(mark.row, now, text);
     if (code != EDIT_DONE)
-        table.grid.ReportCellError(code, mark.row, col);
+        table.grid.ReportCellError(code, mark.row, now);
     else
         mark = MarkOf(table, mark.row);
     return code == EDIT_DONE;

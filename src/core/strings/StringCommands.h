@@ -44,6 +44,7 @@ private:
     StringTable &table;
     RowMark mark;
     int col;
+    qint32 language = -1; // as above
     QString text;
 };
 

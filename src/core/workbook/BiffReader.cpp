@@ -124,7 +124,22 @@ bool BiffCursor::Skip(quint64 count)
     return true;
 }
 
-bool BiffCursor::Characters(quint8 flags, QString &text)
+/// Nearly every text lies within one record.
+std::optional<TextPool::Ref> BiffCursor::Characters(quint16 length, quint8 flags, TextPool &pool)
+{
+    const bool isWide = (flags & TEXT_WIDE) != 0;
+    const qsizetype size = qsizetype(length) << int(isWide);
+    if (part < parts.size() && parts[part].size() - at >= size) {
+        at += size;
+        return pool.InFile(parts[part].sliced(at - size, size), isWide);
+    }
+    QString text(length, Qt::Uninitialized);
+    if (!GatherCharacters(flags, text))
+        return std::nullopt;
+    return pool.Add(text);
+}
+
+bool BiffCursor::GatherCharacters(quint8 flags, QString &text)
 {
     qsizetype done = 0;
     while (done < text.size()) {
@@ -151,7 +166,7 @@ bool BiffCursor::Characters(quint8 flags, QString &text)
     return true;
 }
 
-std::optional<QString> BiffCursor::Text()
+std::optional<TextPool::Ref> BiffCursor::Text(TextPool &pool)
 {
     const auto length = U16();
     const auto flags = U8();
@@ -161,8 +176,8 @@ std::optional<QString> BiffCursor::Text()
     const auto extension = *flags & TEXT_EXTENDED ? U32() : 0;
     if (!runs || !extension)
         return std::nullopt;
-    QString text(*length, Qt::Uninitialized);
-    if (!Characters(*flags, text) || !Skip(4 * quint64(*runs) + *extension))
+    const auto text = Characters(*length, *flags, pool);
+    if (!text || !Skip(4 * quint64(*runs) + *extension))
         return std::nullopt;
     return text;
 }

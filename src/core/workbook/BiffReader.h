@@ -3,7 +3,6 @@
 #include "Workbook.h"
 
 #include <QByteArrayView>
-#include <QString>
 
 #include <optional>
 #include <vector>
@@ -23,12 +22,13 @@ public:
     [[nodiscard]] bool Skip(quint64 count);
 
     /// A text with its count of characters in 2 bytes; runs and data behind the characters are skipped. When a record
-    /// ends within the characters, the next one begins with flags of its own.
-    [[nodiscard]] std::optional<QString> Text();
+    /// ends within the characters, the next one begins with flags of its own. The stream is what `pool` has adopted.
+    [[nodiscard]] std::optional<TextPool::Ref> Text(TextPool &pool);
 
 private:
     [[nodiscard]] bool EnterNextPart();
-    [[nodiscard]] bool Characters(quint8 flags, QString &text);
+    [[nodiscard]] std::optional<TextPool::Ref> Characters(quint16 length, quint8 flags, TextPool &pool);
+    [[nodiscard]] bool GatherCharacters(quint8 flags, QString &text);
     template <typename T> [[nodiscard]] std::optional<T> Number();
 
     std::vector<QByteArrayView> parts; // none is empty

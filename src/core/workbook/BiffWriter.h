@@ -5,14 +5,23 @@
 #include <QByteArray>
 #include <QtEndian>
 
-/// Makes the records of a BIFF stream, one behind the other.
+#include <functional>
+
+/// Makes the records of a BIFF stream, one behind the other, and hands them on in pieces of whole records.
 ///
+///     BiffWriter writer(take);
 ///     writer.Begin(BIFF_PANE).Add<quint16>(0, 2, 2, 0).Add<quint8>(2, 0);
+///     writer.Flush();
 class BiffWriter
 {
 public:
+    explicit BiffWriter(std::function<void(QByteArrayView)> takePiece) : take(std::move(takePiece)) {}
+
     BiffWriter &Begin(quint16 type)
     {
+        constexpr qsizetype PIECE = 64 << 10;
+        if (bytes.size() > PIECE)
+            Flush();
         dataAt = bytes.size() + 4;
         return AddNumber(type), AddNumber<quint16>(0), *this;
     }
@@ -23,7 +32,12 @@ public:
 
     /// How much more data the record can take.
     [[nodiscard]] quint64 Room() const { return MOST_RECORD_DATA - quint64(bytes.size() - dataAt); }
-    [[nodiscard]] const QByteArray &Bytes() const { return bytes; }
+    /// Hands on what is left, the last record complete.
+    void Flush()
+    {
+        take(bytes);
+        bytes.resize(0);
+    }
 
 private:
     template <typename T> void AddNumber(T value)
@@ -38,6 +52,7 @@ private:
         return *this;
     }
 
+    std::function<void(QByteArrayView)> take;
     QByteArray bytes;
     qsizetype dataAt = 0; // of the record begun last
 };

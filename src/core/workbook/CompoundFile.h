@@ -4,9 +4,14 @@
 
 #include <QByteArray>
 
-#include <initializer_list>
+#include <cstdio>
 #include <limits>
+#include <memory>
+#include <optional>
 #include <vector>
+
+typedef struct _GsfOutput GsfOutput;
+typedef struct _GsfOutfile GsfOutfile;
 
 /// Sectors of one size that lie side by side, chained by a table of what follows each.
 ///
@@ -22,6 +27,8 @@ struct SectorSpace
     /// Puts `length` bytes of the chain that begins with sector `start` into `result`, or those up to the end of the
     /// chain. `name` is for the reason of a failure.
     [[nodiscard]] WorkbookResult Gather(quint32 start, quint64 length, const QString &name, QByteArray &result) const;
+    /// The same bytes where they lie, when the chain's sectors do so side by side; else nothing.
+    [[nodiscard]] std::optional<QByteArrayView> InPlace(quint32 start, quint64 length) const;
 };
 
 /// The streams in the root folder of a compound file ([MS-CFB]), read from memory.
@@ -32,15 +39,16 @@ struct SectorSpace
 ///
 ///     CompoundReader container;
 ///     if (const WorkbookResult wrong = container.Open(file); wrong.HasFailed()) ...
-///     if (container.Has(u"Workbook")) container.Read(u"Workbook", stream)
+///     if (container.Has(u"Workbook")) container.Read(u"Workbook", stream, gathered)
 class CompoundReader
 {
 public:
     [[nodiscard]] WorkbookResult Open(QByteArrayView file);
     /// Names are compared without regard to case.
     [[nodiscard]] bool Has(QStringView name) const { return Find(name) != nullptr; }
-    /// The bytes of a stream that is there.
-    [[nodiscard]] WorkbookResult Read(QStringView name, QByteArray &stream) const;
+    /// The bytes of a stream that is there: most writers leave them in one piece of the file. Those that aren't are
+    /// put into `gathered`.
+    [[nodiscard]] WorkbookResult Read(QStringView name, QByteArrayView &stream, QByteArray &gathered) const;
 
 private:
     struct Stream
@@ -63,6 +71,28 @@ private:
     std::vector<Stream> streams;
 };
 
-/// A compound file with one stream in its root folder, given in pieces; the same bytes for the same stream.
-[[nodiscard]] WorkbookResult WriteCompoundFile(const char *name, std::initializer_list<QByteArrayView> stream,
-                                               QByteArray &file);
+/// Writes a compound file with one stream in its root folder; the same bytes for the same stream.
+///
+///     CompoundWriter container("Workbook", file);
+///     container.Write(piece);
+///     return container.Close();
+class CompoundWriter
+{
+public:
+    /// The file has to stay, and isn't closed.
+    CompoundWriter(const char *name, std::FILE *file);
+    /// Appends to the stream.
+    void Write(QByteArrayView piece);
+    /// Completes the file; once. Tells of what failed before, too.
+    [[nodiscard]] WorkbookResult Close();
+
+private:
+    struct Release
+    {
+        void operator()(void *object) const;
+    };
+    std::unique_ptr<GsfOutput, Release> output;
+    std::unique_ptr<GsfOutfile, Release> container;
+    std::unique_ptr<GsfOutput, Release> stream;
+    bool isWritten = true;
+};

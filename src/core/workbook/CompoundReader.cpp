@@ -106,6 +106,18 @@ WorkbookResult SectorSpace::Gather(quint32 start, quint64 length, const QString 
     return {};
 }
 
+std::optional<QByteArrayView> SectorSpace::InPlace(quint32 start, quint64 length) const
+{
+    const quint64 sectorCount = DivideUp(length, sectorSize);
+    if (start >= next.size() || sectorCount > next.size() - start)
+        return std::nullopt;
+    for (quint64 sector = start; sector + 1 < start + sectorCount; ++sector) {
+        if (next[sector] != sector + 1)
+            return std::nullopt;
+    }
+    return ByteReader(bytes).Slice(start * sectorSize, length);
+}
+
 quint32 CompoundReader::HeaderField(quint64 at) const
 {
     return *ByteReader(header).U32(at);
@@ -212,14 +224,21 @@ const CompoundReader::Stream *CompoundReader::Find(QStringView name) const
     return found != streams.end() ? &*found : nullptr;
 }
 
-WorkbookResult CompoundReader::Read(QStringView name, QByteArray &stream) const
+WorkbookResult CompoundReader::Read(QStringView name, QByteArrayView &stream, QByteArray &gathered) const
 {
     const Stream *found = Find(name);
     if (!found)
         return NoXls(QStringLiteral("the compound file has no stream \"%1\"").arg(name));
-    if (found->size < HeaderField(SMALLEST_IN_SECTORS))
-        return ReadSmall(*found, stream);
-    return sectors.Gather(found->start, found->size, QStringLiteral("the stream \"%1\"").arg(name), stream);
+    const bool isSmall = found->size < HeaderField(SMALLEST_IN_SECTORS);
+    if (const auto inPlace = isSmall ? std::nullopt : sectors.InPlace(found->start, found->size)) {
+        stream = *inPlace;
+        return {};
+    }
+    const WorkbookResult result =
+        isSmall ? ReadSmall(*found, gathered)
+                : sectors.Gather(found->start, found->size, QStringLiteral("the stream \"%1\"").arg(name), gathered);
+    stream = gathered;
+    return result;
 }
 
 WorkbookResult CompoundReader::ReadSmall(const Stream &found, QByteArray &stream) const

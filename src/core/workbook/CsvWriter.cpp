@@ -37,9 +37,15 @@ void AppendField(QStringView text, QString &line)
 } // namespace
 
 /// No text file holds a zero: it becomes U+FFFD, as a lone surrogate does.
-WorkbookResult WriteCsv(ISheetSource &source, QByteArray &file)
+WorkbookResult WriteCsv(ISheetSource &source, std::FILE *file)
 {
-    file = BYTE_ORDER_MARK;
+    if (source.RowCount() > Sheet::MOST_ROWS || source.ColumnCount() > int(Sheet::MOST_COLUMNS))
+        return {WorkbookFault::TooLarge, QStringLiteral("%1 rows and %2 columns: a sheet has %3 and %4")
+                                             .arg(source.RowCount())
+                                             .arg(source.ColumnCount())
+                                             .arg(Sheet::MOST_ROWS)
+                                             .arg(Sheet::MOST_COLUMNS)};
+    std::fputs(BYTE_ORDER_MARK, file);
     QString line;
     for (qint64 row = 0; row < source.RowCount(); ++row) {
         const std::span<const QStringView> texts = source.Row(row);
@@ -52,7 +58,8 @@ WorkbookResult WriteCsv(ISheetSource &source, QByteArray &file)
         }
         line.replace(QChar(u'\0'), QChar(QChar::ReplacementCharacter));
         line += QLatin1String("\r\n");
-        file += ToUtf8(line);
+        const QByteArray bytes = ToUtf8(line);
+        std::fwrite(bytes.data(), 1, size_t(bytes.size()), file);
     }
     return {};
 }

@@ -4,19 +4,21 @@
 
 #include <QByteArray>
 
+#include <cstdio>
+
 // The formats, a pair of functions each. A reader gets the whole file, trusts nothing in it, and may add cells before
 // it fails; it doesn't call Sheet::Finish. It gives a text as it stands, a number as FormatFloat prints it, and nothing
-// for any other value (a boolean, an error, an empty cell). A writer gives the whole file, the same bytes for the same
-// sheet.
+// for any other value (a boolean, an error, an empty cell). A writer writes to the start of an empty file, the same
+// bytes for the same sheet, and nothing when the sheet doesn't fit; whether the file took them, the caller asks it.
 
 /// Excel 97-2003: BIFF8 in the stream "Workbook" of a compound file ([MS-XLS], [MS-CFB]).
-[[nodiscard]] WorkbookResult ReadXls(QByteArrayView file, Sheet &sheet);
-[[nodiscard]] WorkbookResult WriteXls(ISheetSource &source, QByteArray &file);
+[[nodiscard]] WorkbookResult ReadXls(QByteArray file, Sheet &sheet);
+[[nodiscard]] WorkbookResult WriteXls(ISheetSource &source, std::FILE *file);
 
 /// Office Open XML SpreadsheetML (ECMA-376) in a ZIP file.
-[[nodiscard]] WorkbookResult ReadXlsx(QByteArrayView file, Sheet &sheet);
-[[nodiscard]] WorkbookResult WriteXlsx(ISheetSource &source, QByteArray &file);
+[[nodiscard]] WorkbookResult ReadXlsx(QByteArray file, Sheet &sheet);
+[[nodiscard]] WorkbookResult WriteXlsx(ISheetSource &source, std::FILE *file);
 
 /// Comma-separated values (RFC 4180), UTF-8 with a byte order mark.
-[[nodiscard]] WorkbookResult ReadCsv(QByteArrayView file, Sheet &sheet);
-[[nodiscard]] WorkbookResult WriteCsv(ISheetSource &source, QByteArray &file);
+[[nodiscard]] WorkbookResult ReadCsv(QByteArray file, Sheet &sheet);
+[[nodiscard]] WorkbookResult WriteCsv(ISheetSource &source, std::FILE *file);

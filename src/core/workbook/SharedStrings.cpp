@@ -3,8 +3,6 @@
 #include "XlsxText.h"
 #include "XmlPart.h"
 
-#include <utility>
-
 namespace
 {
 
@@ -24,8 +22,8 @@ constexpr XmlGrammar GRAMMAR = {{SPREADSHEET_ML, STRICT_SPREADSHEET_ML}, STEPS, 
 class SharedStringsPart : public XmlPart
 {
 public:
-    SharedStringsPart(TextBudget &granted, std::vector<QString> &result)
-        : XmlPart(GRAMMAR), budget(granted), strings(result)
+    SharedStringsPart(TextBudget &granted, TextPool &pool, std::vector<TextPool::Ref> &result)
+        : XmlPart(GRAMMAR), budget(granted), texts(pool), strings(result)
     {
     }
 
@@ -42,7 +40,8 @@ private:
         } else if (place == ITEM) {
             if (!budget.GrantCell())
                 return FailAtString();
-            strings.push_back(std::exchange(joined, {}));
+            strings.push_back(texts.Add(joined));
+            joined.resize(0);
         }
     }
 
@@ -53,14 +52,15 @@ private:
     }
 
     TextBudget &budget;
-    std::vector<QString> &strings;
+    TextPool &texts;
+    std::vector<TextPool::Ref> &strings;
     QString joined; // of the runs
 };
 
 } // namespace
 
-WorkbookResult ReadSharedStrings(const ZipFile &zip, const QByteArray &part, TextBudget &budget,
-                                 std::vector<QString> &strings)
+WorkbookResult ReadSharedStrings(const ZipFile &zip, const QByteArray &part, TextBudget &budget, TextPool &texts,
+                                 std::vector<TextPool::Ref> &strings)
 {
-    return SharedStringsPart(budget, strings).Read(zip, part);
+    return SharedStringsPart(budget, texts, strings).Read(zip, part);
 }

@@ -12,6 +12,6 @@ class ZipFile;
 inline constexpr std::string_view SPREADSHEET_ML = "http://schemas.openxmlformats.org/spreadsheetml/2006/main";
 inline constexpr std::string_view STRICT_SPREADSHEET_ML = "http://purl.oclc.org/ooxml/spreadsheetml/main";
 
-/// Reads the texts that the cells of a workbook name by their numbers.
+/// Reads the texts that the cells of a workbook name by their numbers, into `texts`.
 [[nodiscard]] WorkbookResult ReadSharedStrings(const ZipFile &zip, const QByteArray &part, TextBudget &budget,
-                                               std::vector<QString> &strings);
+                                               TextPool &texts, std::vector<TextPool::Ref> &strings);

@@ -12,10 +12,10 @@ bool IsBefore(const Sheet::Cell &a, const Sheet::Cell &b)
 
 } // namespace
 
-void Sheet::Add(quint32 row, quint32 column, QString text)
+void Sheet::Add(quint32 row, quint32 column, TextPool::Ref text)
 {
-    if (!text.isEmpty() && row < MOST_ROWS && column < MOST_COLUMNS)
-        cells.push_back({row, column, std::move(text)});
+    if (!text.IsEmpty() && row < MOST_ROWS && column < MOST_COLUMNS)
+        cells.push_back({row, column, text});
 }
 
 void Sheet::Finish()
@@ -42,10 +42,9 @@ quint32 Sheet::EndColumn(quint32 row) const
     return next != cells.begin() && (next - 1)->row == row ? (next - 1)->column + 1 : 0;
 }
 
-const QString &Sheet::At(quint32 row, quint32 column) const
+QString Sheet::At(quint32 row, quint32 column) const
 {
-    static const QString none;
     const Cell wanted{row, column, {}};
     const auto found = std::lower_bound(cells.begin(), cells.end(), wanted, IsBefore);
-    return found != cells.end() && found->row == row && found->column == column ? found->text : none;
+    return found != cells.end() && found->row == row && found->column == column ? texts.Text(found->text) : QString();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "TextPool.h"
 
 #include <span>
 #include <vector>
@@ -22,16 +22,20 @@ public:
     {
         quint32 row;
         quint32 column;
-        QString text;
+        TextPool::Ref text;
     };
 
+    /// What the cells' texts lie in; cells may share one.
+    TextPool texts;
+
     /// Adds a cell; one without text or beyond what a sheet can have is left out.
-    void Add(quint32 row, quint32 column, QString text);
+    void Add(quint32 row, quint32 column, TextPool::Ref text);
+    void Add(quint32 row, quint32 column, QStringView text) { Add(row, column, texts.Add(text)); }
     /// Makes what was added ready for looking it up; once, before anything below.
     void Finish();
 
     /// The text of a cell; empty when there is none.
-    [[nodiscard]] const QString &At(quint32 row, quint32 column) const;
+    [[nodiscard]] QString At(quint32 row, quint32 column) const;
     /// How many rows, and columns, the smallest rectangle has that holds all texts.
     [[nodiscard]] quint32 UsedRows() const { return usedRows; }
     [[nodiscard]] quint32 UsedColumns() const { return usedColumns; }

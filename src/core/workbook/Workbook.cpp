@@ -1,10 +1,15 @@
 #include "Workbook.h"
 
+#include "FileReplacement.h"
 #include "Formats.h"
-#include "HostFiles.h"
 #include "Paths.h"
 
+#include <cerrno>
+#include <cstdio>
 #include <cstring>
+#include <memory>
+#include <unistd.h>
+#include <utility>
 
 namespace
 {
@@ -14,8 +19,8 @@ constexpr qint64 LARGEST_FILE = qint64(256) << 20; // bytes
 struct Format
 {
     const char16_t *extension;
-    WorkbookResult (*read)(QByteArrayView file, Sheet &sheet);
-    WorkbookResult (*write)(ISheetSource &source, QByteArray &file);
+    WorkbookResult (*read)(QByteArray file, Sheet &sheet);
+    WorkbookResult (*write)(ISheetSource &source, std::FILE *file);
 };
 
 constexpr Format FORMATS[] = {
@@ -50,6 +55,25 @@ QString SystemText(int error)
     return QString::fromLocal8Bit(std::strerror(error));
 }
 
+struct CloseFile
+{
+    void operator()(std::FILE *file) const { std::fclose(file); }
+};
+
+WorkbookResult WriteTo(const FileHandle &handle, const Format &format, ISheetSource &source)
+{
+    const std::unique_ptr<std::FILE, CloseFile> file(fdopen(dup(handle.Get()), "wb"));
+    if (!file)
+        return {WorkbookFault::CannotWrite, SystemText(errno)};
+    const WorkbookResult result = format.write(source, file.get());
+    if (result.fault != WorkbookFault::None && result.fault != WorkbookFault::CannotWrite)
+        return result;
+    // What failed before fails again here, but for a disk that has room again; then its error is gone, not the mark.
+    if (std::fflush(file.get()) != 0)
+        return {WorkbookFault::CannotWrite, SystemText(errno)};
+    return std::ferror(file.get()) ? WorkbookResult{WorkbookFault::CannotWrite, SystemText(EIO)} : result;
+}
+
 } // namespace
 
 WorkbookResult ReadWorkbook(const QString &path, Sheet &sheet)
@@ -60,7 +84,7 @@ WorkbookResult ReadWorkbook(const QString &path, Sheet &sheet)
     QByteArray bytes;
     if (const int error = ReadFile(path, bytes, LARGEST_FILE))
         return Failed(WorkbookFault::NoWorkbook, path, SystemText(error));
-    const WorkbookResult result = format->read(bytes, sheet);
+    const WorkbookResult result = format->read(std::move(bytes), sheet);
     if (result.HasFailed())
         return Failed(result.fault, path, result.reason);
     sheet.Finish();
@@ -72,11 +96,17 @@ WorkbookResult WriteWorkbook(const QString &path, ISheetSource &source)
     const Format *format = FormatOf(path);
     if (!format)
         return NoFormat(path);
-    QByteArray bytes;
-    const WorkbookResult result = format->write(source, bytes);
+    FileReplacement file;
+    if (const int error = file.Begin(path))
+        return Failed(WorkbookFault::CannotWrite, path, SystemText(error));
+    const WorkbookResult result = WriteTo(file.Handle(), *format, source);
     if (result.HasFailed())
         return Failed(result.fault, path, result.reason);
-    if (const int error = WriteFileAtomically(path, bytes))
+    int error = file.Finish();
+    if (error == 0)
+        error = file.PutInPlace();
+    if (error != 0)
         return Failed(WorkbookFault::CannotWrite, path, SystemText(error));
-    return result;
+    SyncFolder(file.Folder());
+    return {};
 }

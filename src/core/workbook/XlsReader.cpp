@@ -30,7 +30,7 @@ private:
     QByteArrayView stream;
     BiffReader records;
     Sheet &sheet;
-    std::vector<QString> texts; // that cells share
+    std::vector<TextPool::Ref> texts; // that cells share
     std::optional<quint32> sheetAt;
 };
 
@@ -91,25 +91,29 @@ WorkbookResult XlsParser::ReadTexts(BiffCursor data)
         return BrokenXls(QStringLiteral("the table of texts has no count"));
     texts.clear();
     for (quint32 i = 0; i < *count; ++i) {
-        std::optional<QString> text = data.Text();
+        const auto text = data.Text(sheet.texts);
         if (!text)
             return BrokenXls(QStringLiteral("the table of texts ends within text %1 of %2").arg(i + 1).arg(*count));
-        texts.push_back(std::move(*text));
+        texts.push_back(*text);
     }
     return {};
 }
 
 } // namespace
 
-WorkbookResult ReadXls(QByteArrayView file, Sheet &sheet)
+WorkbookResult ReadXls(QByteArray file, Sheet &sheet)
 {
     CompoundReader container;
     if (const WorkbookResult wrong = container.Open(file); wrong.HasFailed())
         return wrong;
     if (!container.Has(u"Workbook") && container.Has(u"Book"))
         return NoXls(QStringLiteral("it is of Excel 5.0 or 95, older than Excel 97"));
-    QByteArray stream;
-    if (const WorkbookResult wrong = container.Read(u"Workbook", stream); wrong.HasFailed())
+    QByteArrayView stream;
+    QByteArray gathered;
+    if (const WorkbookResult wrong = container.Read(u"Workbook", stream, gathered); wrong.HasFailed())
         return wrong;
+    if (!gathered.isEmpty())
+        file = std::move(gathered);
+    sheet.texts.Adopt(std::move(file));
     return XlsParser(stream, sheet).Parse();
 }

@@ -80,7 +80,7 @@ WorkbookResult XlsSheetReader::ReadRecord(const Record &record)
 WorkbookResult XlsSheetReader::ReadAwaited(BiffCursor data)
 {
     const auto cell = std::exchange(awaited, std::nullopt);
-    return cell ? AddText(cell->first, cell->second, data.Text()) : WorkbookResult();
+    return cell ? AddText(cell->first, cell->second, data.Text(sheet.texts)) : WorkbookResult();
 }
 
 /// The cells say more exactly where they are; this only catches claims that nothing can come up to.
@@ -114,7 +114,7 @@ WorkbookResult XlsSheetReader::ReadCell(const Record &record, quint16 row, quint
         break;
     }
     BiffCursor data = records.WithContinued(record);
-    return AddText(row, column, data.Skip(6) ? data.Text() : std::nullopt);
+    return AddText(row, column, data.Skip(6) ? data.Text(sheet.texts) : std::nullopt);
 }
 
 /// The result is a number, or something else when its last two bytes are 0xFFFF; then the first one tells what.
@@ -156,13 +156,13 @@ WorkbookResult XlsSheetReader::ReadShared(const Record &record, quint16 row, qui
     return AddText(row, column, texts[*index]);
 }
 
-WorkbookResult XlsSheetReader::AddText(quint16 row, quint16 column, std::optional<QString> text)
+WorkbookResult XlsSheetReader::AddText(quint16 row, quint16 column, std::optional<TextPool::Ref> text)
 {
     if (!text)
         return BrokenXls(XlsPlace(row, column) + QStringLiteral("the text is cut off"));
     if (column >= MOST_XLS_COLUMNS)
         return BrokenXls(XlsPlace(row, column) + QStringLiteral("an .xls sheet has %1 columns").arg(MOST_XLS_COLUMNS));
-    sheet.Add(row, column, std::move(*text));
+    sheet.Add(row, column, *text);
     return {};
 }
 
@@ -170,10 +170,10 @@ WorkbookResult XlsSheetReader::AddNumber(quint16 row, quint16 column, std::optio
 {
     if (!value)
         return BrokenXls(XlsPlace(row, column) + QStringLiteral("the number is cut off"));
-    QString text = FormatFloat(*value);
+    const QString text = FormatFloat(*value);
     if (quint64(text.size()) > grant)
         return TooLargeForXls(XlsPlace(row, column) +
                               QStringLiteral("the numbers have more digits than a file of this size is granted"));
     grant -= quint64(text.size());
-    return AddText(row, column, std::move(text));
+    return AddText(row, column, sheet.texts.Add(text));
 }

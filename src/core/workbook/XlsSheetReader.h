@@ -12,7 +12,7 @@
 class XlsSheetReader
 {
 public:
-    XlsSheetReader(QByteArrayView stream, quint32 at, const std::vector<QString> &shared, Sheet &result)
+    XlsSheetReader(QByteArrayView stream, quint32 at, const std::vector<TextPool::Ref> &shared, Sheet &result)
         : records(stream, at), texts(shared), sheet(result), grant(FIXED_GRANT + GRANT_BY_BYTE * quint64(stream.size()))
     {
     }
@@ -34,11 +34,11 @@ private:
     [[nodiscard]] WorkbookResult ReadFormula(const Record &record, quint16 row, quint16 column);
     [[nodiscard]] WorkbookResult ReadNumbers(const Record &record, quint16 row, quint16 column);
     [[nodiscard]] WorkbookResult ReadShared(const Record &record, quint16 row, quint16 column);
-    [[nodiscard]] WorkbookResult AddText(quint16 row, quint16 column, std::optional<QString> text);
+    [[nodiscard]] WorkbookResult AddText(quint16 row, quint16 column, std::optional<TextPool::Ref> text);
     [[nodiscard]] WorkbookResult AddNumber(quint16 row, quint16 column, std::optional<double> value);
 
     BiffReader records;
-    const std::vector<QString> &texts;
+    const std::vector<TextPool::Ref> &texts;
     Sheet &sheet;
     quint64 grant;
     std::optional<std::pair<quint16, quint16>> awaited; // the formula whose text comes in a record of its own

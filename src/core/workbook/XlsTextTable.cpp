@@ -5,11 +5,6 @@
 namespace
 {
 
-bool IsLatin1(QStringView text)
-{
-    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x100; });
-}
-
 /// So much of `characters` as goes into `room` bytes, and never half of a surrogate pair.
 QByteArrayView Fitting(QByteArrayView characters, quint64 room, quint16 width)
 {
@@ -45,49 +40,26 @@ void WriteText(BiffWriter &writer, QByteArrayView characters, quint16 width)
 quint32 XlsTextTable::NumberOf(QStringView text)
 {
     ++uses;
-    const quint32 hash = quint32(qHash(text, seed));
-    quint32 &slot = SlotOf(hash, [&](const Text &known) { return IsSame(known, hash, text); });
-    if (slot != FREE)
+    const TextPool::Ref ref = pool.Add(text);
+    quint32 &slot = SlotOf(ref);
+    if (slot != FREE) {
+        pool.TakeBack(ref);
         return slot;
+    }
     const quint32 number = quint32(texts.size());
-    const quint16 width = IsLatin1(text) ? 1 : 2;
     slot = number;
-    texts.push_back({buffer.size(), hash, quint16(text.size()), width});
-    buffer.resize(buffer.size() + text.size() * width);
-    char *bytes = buffer.data() + texts.back().at;
-    if (width == 1)
-        std::transform(text.begin(), text.end(), bytes, [](QChar c) { return char(c.unicode()); });
-    else
-        qToLittleEndian<char16_t>(text.utf16(), text.size(), bytes);
+    texts.push_back(ref);
     if (texts.size() > table.size() / 2)
         Grow();
     return number;
 }
 
-QByteArrayView XlsTextTable::BytesOf(const Text &text) const
+quint32 &XlsTextTable::SlotOf(TextPool::Ref text)
 {
-    return QByteArrayView(buffer).sliced(text.at, text.length * text.width);
-}
-
-bool XlsTextTable::IsSame(const Text &text, quint32 hash, QStringView other) const
-{
-    if (text.hash != hash || text.length != other.size())
-        return false;
-    const char *bytes = BytesOf(text).data();
-    if (text.width == 1)
-        return QLatin1String(bytes, text.length) == other;
-    for (qsizetype i = 0; i < other.size(); ++i) {
-        if (qFromLittleEndian<char16_t>(bytes + 2 * i) != other[i])
-            return false;
-    }
-    return true;
-}
-
-template <typename IsWanted> quint32 &XlsTextTable::SlotOf(quint32 hash, IsWanted isWanted)
-{
-    for (size_t i = hash;; ++i) {
+    const QByteArrayView bytes = pool.Bytes(text);
+    for (size_t i = HashOf(text);; ++i) {
         quint32 &slot = table[i & (table.size() - 1)];
-        if (slot == FREE || isWanted(texts[slot]))
+        if (slot == FREE || (texts[slot].isWide == text.isWide && pool.Bytes(texts[slot]) == bytes))
             return slot;
     }
 }
@@ -96,12 +68,12 @@ void XlsTextTable::Grow()
 {
     table.assign(table.size() * 2, FREE);
     for (size_t i = 0; i < texts.size(); ++i)
-        SlotOf(texts[i].hash, [](const Text &) { return false; }) = quint32(i);
+        SlotOf(texts[i]) = quint32(i);
 }
 
 void XlsTextTable::Write(BiffWriter &writer) const
 {
     writer.Begin(BIFF_SST).Add<quint32>(uses, texts.size());
-    for (const Text &text : texts)
-        WriteText(writer, BytesOf(text), text.width);
+    for (const TextPool::Ref text : texts)
+        WriteText(writer, pool.Bytes(text), text.isWide ? 2 : 1);
 }

@@ -67,18 +67,19 @@ void WriteFormats(BiffWriter &writer)
     writer.Begin(BIFF_STYLE).Add<quint16>(0x8000).Add<quint8>(0, 0xFF); // "Normal"
 }
 
-/// What holds for the whole workbook, up to the table of texts; the sheet begins at `sheetAt`.
-QByteArray Globals(qsizetype sheetAt)
+/// What holds for the whole workbook; the sheet begins at `sheetAt`.
+void WriteGlobals(BiffWriter &writer, qsizetype sheetAt, const XlsTextTable &texts)
 {
     constexpr quint16 UTF16 = 1200;
-    BiffWriter writer;
     WriteBegin(writer, BOF_GLOBALS);
     writer.Begin(BIFF_CODEPAGE).Add<quint16>(UTF16);
     writer.Begin(BIFF_WINDOW1).Add<quint16>(0, 0, 0x4000, 0x2000, 0x38, 0, 0, 1, 600);
     WriteFormats(writer);
     writer.Begin(BIFF_BOUNDSHEET).Add<quint32>(sheetAt).Add<quint16>(0);
     writer.Add<quint8>(SHEET_NAME.size(), 0).Add(SHEET_NAME);
-    return writer.Bytes();
+    texts.Write(writer);
+    writer.Begin(BIFF_EOF);
+    writer.Flush();
 }
 
 /// Column 0 is for the names of IDs, column 1 for types, the others for texts; in characters.
@@ -154,9 +155,29 @@ WorkbookResult WriteRow(BiffWriter &writer, XlsTextTable &texts, qint64 row, std
     return {};
 }
 
+WorkbookResult WriteSheet(BiffWriter &writer, XlsTextTable &texts, ISheetSource &source)
+{
+    const qint64 rows = source.RowCount();
+    const int columns = source.ColumnCount();
+    WriteBegin(writer, BOF_WORKSHEET);
+    writer.Begin(BIFF_DEFAULTROWHEIGHT).Add<quint16>(0, LINE_HEIGHT);
+    WriteColumns(writer, columns);
+    writer.Begin(BIFF_DIMENSIONS).Add<quint32>(0, rows).Add<quint16>(0, columns, 0);
+    for (qint64 row = 0; row < rows; ++row) {
+        const auto cells = source.Row(row);
+        const auto wrong = WriteRow(writer, texts, row, cells.first(std::min(cells.size(), size_t(columns))));
+        if (wrong.HasFailed())
+            return wrong;
+    }
+    WriteView(writer);
+    writer.Begin(BIFF_EOF);
+    writer.Flush();
+    return {};
+}
+
 } // namespace
 
-WorkbookResult WriteXls(ISheetSource &source, QByteArray &file)
+WorkbookResult WriteXls(ISheetSource &source, std::FILE *file)
 {
     const qint64 rows = source.RowCount();
     const int columns = source.ColumnCount();
@@ -171,23 +192,19 @@ WorkbookResult WriteXls(ISheetSource &source, QByteArray &file)
                                   .arg(MOST_XLS_COLUMNS)
                                   .arg(columns));
     XlsTextTable texts;
-    BiffWriter sheet;
-    WriteBegin(sheet, BOF_WORKSHEET);
-    sheet.Begin(BIFF_DEFAULTROWHEIGHT).Add<quint16>(0, LINE_HEIGHT);
-    WriteColumns(sheet, columns);
-    sheet.Begin(BIFF_DIMENSIONS).Add<quint32>(0, rows).Add<quint16>(0, columns, 0);
-    for (qint64 row = 0; row < rows; ++row) {
-        const auto cells = source.Row(row);
-        const auto wrong = WriteRow(sheet, texts, row, cells.first(std::min(cells.size(), size_t(columns))));
-        if (wrong.HasFailed())
-            return wrong;
-    }
-    WriteView(sheet);
-    sheet.Begin(BIFF_EOF);
+    QByteArray sheet;
+    BiffWriter sheetWriter([&sheet](QByteArrayView piece) { sheet += piece; });
+    if (const WorkbookResult wrong = WriteSheet(sheetWriter, texts, source); wrong.HasFailed())
+        return wrong;
+    texts.Close();
 
-    BiffWriter table;
-    texts.Write(table);
-    table.Begin(BIFF_EOF);
-    const qsizetype sheetAt = Globals(0).size() + table.Bytes().size();
-    return WriteCompoundFile("Workbook", {Globals(sheetAt), table.Bytes(), sheet.Bytes()}, file);
+    // The globals say where the sheet behind them begins, so they are measured first.
+    qsizetype sheetAt = 0;
+    BiffWriter measure([&sheetAt](QByteArrayView piece) { sheetAt += piece.size(); });
+    WriteGlobals(measure, 0, texts);
+    CompoundWriter container("Workbook", file);
+    BiffWriter globals([&container](QByteArrayView piece) { container.Write(piece); });
+    WriteGlobals(globals, sheetAt, texts);
+    container.Write(sheet);
+    return container.Close();
 }

@@ -12,7 +12,7 @@ namespace
 {
 
 constexpr std::string_view COMPOUND_FILE = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
-constexpr qsizetype MEMORY_PER_BYTE = 64; // the file is packed
+constexpr qsizetype MEMORY_PER_BYTE = 32; // the file is packed
 constexpr size_t MOST_SHEETS = 65'536;
 
 enum Place
@@ -94,9 +94,9 @@ WorkbookResult ReadPackage(const ZipFile &zip, TextBudget &budget, Sheet &sheet)
     if (result.HasFailed())
         return result;
 
-    std::vector<QString> strings;
+    std::vector<TextPool::Ref> strings;
     if (const Relationship *const shared = FindByKind(relationships, "sharedStrings"))
-        result = ReadSharedStrings(zip, shared->target, budget, strings);
+        result = ReadSharedStrings(zip, shared->target, budget, sheet.texts, strings);
     return result.HasFailed() ? result : ReadXlsxSheet(zip, worksheet, strings, budget, sheet);
 }
 
@@ -111,7 +111,7 @@ WorkbookResult ExplainCompoundFile(QByteArrayView file)
 
 } // namespace
 
-WorkbookResult ReadXlsx(QByteArrayView file, Sheet &sheet)
+WorkbookResult ReadXlsx(QByteArray file, Sheet &sheet)
 {
     if (file.startsWith(QByteArrayView(COMPOUND_FILE.data(), qsizetype(COMPOUND_FILE.size()))))
         return ExplainCompoundFile(file);

@@ -7,7 +7,6 @@
 
 #include <charconv>
 #include <cmath>
-#include <utility>
 
 namespace
 {
@@ -62,7 +61,7 @@ quint64 TakeColumn(std::string_view &reference)
 class SheetPart : public XmlPart
 {
 public:
-    SheetPart(const std::vector<QString> &shared, TextBudget &granted, Sheet &result)
+    SheetPart(const std::vector<TextPool::Ref> &shared, TextBudget &granted, Sheet &result)
         : XmlPart(GRAMMAR), sharedStrings(shared), budget(granted), sheet(result)
     {
     }
@@ -91,7 +90,7 @@ private:
         if (place == TEXT)
             AppendRun(DecodeXlsxText(content));
         else if (place == INLINE && type == Type::Text)
-            AddGranted(std::exchange(text, {}));
+            AddGathered();
         else if (place == VALUE)
             AddValue({content.data(), size_t(content.size())});
     }
@@ -113,7 +112,7 @@ private:
     void EnterCell(std::optional<std::string_view> reference)
     {
         ++column;
-        text.clear();
+        text.resize(0);
         if (reference) {
             std::string_view rest = *reference;
             column = TakeColumn(rest);
@@ -185,14 +184,20 @@ private:
     void Add(const QString &own)
     {
         AppendRun(own);
-        AddGranted(std::exchange(text, {}));
+        AddGathered();
     }
 
-    void AddGranted(QString granted)
+    void AddGathered()
     {
-        if (!granted.isEmpty() && !budget.GrantCell())
+        AddGranted(sheet.texts.Add(text));
+        text.resize(0);
+    }
+
+    void AddGranted(TextPool::Ref granted)
+    {
+        if (!granted.IsEmpty() && !budget.GrantCell())
             return FailInCell(WorkbookFault::TooLarge, QStringLiteral("the cells take too much memory"));
-        sheet.Add(quint32(row - 1), quint32(column - 1), std::move(granted));
+        sheet.Add(quint32(row - 1), quint32(column - 1), granted);
     }
 
     void FailInCell(WorkbookFault fault, const QString &what)
@@ -200,7 +205,7 @@ private:
         Fail(fault, QStringLiteral("row %1, column %2: %3").arg(row).arg(column).arg(what));
     }
 
-    const std::vector<QString> &sharedStrings;
+    const std::vector<TextPool::Ref> &sharedStrings;
     TextBudget &budget;
     Sheet &sheet;
     quint64 row = 0; // both from 1
@@ -211,8 +216,8 @@ private:
 
 } // namespace
 
-WorkbookResult ReadXlsxSheet(const ZipFile &zip, const QByteArray &part, const std::vector<QString> &sharedStrings,
-                             TextBudget &budget, Sheet &sheet)
+WorkbookResult ReadXlsxSheet(const ZipFile &zip, const QByteArray &part,
+                             const std::vector<TextPool::Ref> &sharedStrings, TextBudget &budget, Sheet &sheet)
 {
     return SheetPart(sharedStrings, budget, sheet).Read(zip, part);
 }

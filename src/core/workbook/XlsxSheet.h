@@ -7,4 +7,5 @@ class ZipFile;
 
 /// Reads the cells of a worksheet part into `sheet`.
 [[nodiscard]] WorkbookResult ReadXlsxSheet(const ZipFile &zip, const QByteArray &part,
-                                           const std::vector<QString> &sharedStrings, TextBudget &budget, Sheet &sheet);
+                                           const std::vector<TextPool::Ref> &sharedStrings, TextBudget &budget,
+                                           Sheet &sheet);

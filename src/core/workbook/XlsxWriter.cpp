@@ -155,7 +155,7 @@ private:
 
 } // namespace
 
-WorkbookResult WriteXlsx(ISheetSource &source, QByteArray &file)
+WorkbookResult WriteXlsx(ISheetSource &source, std::FILE *file)
 {
     const WorkbookResult tooLarge = CheckSize(source);
     if (tooLarge.HasFailed())
@@ -174,6 +174,6 @@ WorkbookResult WriteXlsx(ISheetSource &source, QByteArray &file)
         return {WorkbookFault::CannotWrite, QString::fromLocal8Bit(std::strerror(error))};
     if (!IsWhole(bytes, xlsx.Cells()))
         return {WorkbookFault::CannotWrite, QStringLiteral("%1 has no room for it").arg(folder.path())};
-    file = std::move(bytes);
+    std::fwrite(bytes.data(), 1, size_t(bytes.size()), file);
     return {};
 }
