@@ -36,7 +36,7 @@ private:
 /// hold all of them some characters may have become U+FFFD.
 inline void RequireSameAgain(const Sheet &sheet, size_t columns, bool canHoldAll,
                              WorkbookResult write(ISheetSource &, std::FILE *),
-                             WorkbookResult read(QByteArray, Sheet &))
+                             WorkbookResult read(const QByteArray &, Sheet &))
 {
     SheetTexts texts(sheet, columns);
     WorkbookResult result;

@@ -39,7 +39,7 @@ private:
     std::vector<QStringView> views;
 };
 
-using Reader = WorkbookResult(QByteArray, Sheet &);
+using Reader = WorkbookResult(const QByteArray &, Sheet &);
 using Writer = WorkbookResult(ISheetSource &, std::FILE *);
 
 inline QByteArray Written(Writer write, TestTable table)

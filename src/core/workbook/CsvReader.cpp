@@ -158,7 +158,7 @@ private:
 
 } // namespace
 
-WorkbookResult ReadCsv(QByteArray file, Sheet &sheet)
+WorkbookResult ReadCsv(const QByteArray &file, Sheet &sheet)
 {
     QString text;
     const WorkbookResult result = Decode(file, text);

@@ -12,13 +12,13 @@
 // bytes for the same sheet, and nothing when the sheet doesn't fit; whether the file took them, the caller asks it.
 
 /// Excel 97-2003: BIFF8 in the stream "Workbook" of a compound file ([MS-XLS], [MS-CFB]).
-[[nodiscard]] WorkbookResult ReadXls(QByteArray file, Sheet &sheet);
+[[nodiscard]] WorkbookResult ReadXls(const QByteArray &file, Sheet &sheet);
 [[nodiscard]] WorkbookResult WriteXls(ISheetSource &source, std::FILE *file);
 
 /// Office Open XML SpreadsheetML (ECMA-376) in a ZIP file.
-[[nodiscard]] WorkbookResult ReadXlsx(QByteArray file, Sheet &sheet);
+[[nodiscard]] WorkbookResult ReadXlsx(const QByteArray &file, Sheet &sheet);
 [[nodiscard]] WorkbookResult WriteXlsx(ISheetSource &source, std::FILE *file);
 
 /// Comma-separated values (RFC 4180), UTF-8 with a byte order mark.
-[[nodiscard]] WorkbookResult ReadCsv(QByteArray file, Sheet &sheet);
+[[nodiscard]] WorkbookResult ReadCsv(const QByteArray &file, Sheet &sheet);
 [[nodiscard]] WorkbookResult WriteCsv(ISheetSource &source, std::FILE *file);

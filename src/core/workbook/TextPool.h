@@ -20,7 +20,7 @@ public:
         quint32 length : 31 = 0; ///< in characters; 0 is the empty text, of any pool
 
         [[nodiscard]] bool IsEmpty() const { return length == 0; }
-        [[nodiscard]] quint32 Size() const { return length << isWide; } ///< in bytes
+        [[nodiscard]] quint32 Size() const { return quint32(length) << isWide; } ///< in bytes
     };
     static constexpr qsizetype MOST_BYTES = qsizetype(3) << 30; ///< who fills a pool sees to it
 

@@ -19,7 +19,7 @@ constexpr qint64 LARGEST_FILE = qint64(256) << 20; // bytes
 struct Format
 {
     const char16_t *extension;
-    WorkbookResult (*read)(QByteArray file, Sheet &sheet);
+    WorkbookResult (*read)(const QByteArray &file, Sheet &sheet);
     WorkbookResult (*write)(ISheetSource &source, std::FILE *file);
 };
 
@@ -84,7 +84,7 @@ WorkbookResult ReadWorkbook(const QString &path, Sheet &sheet)
     QByteArray bytes;
     if (const int error = ReadFile(path, bytes, LARGEST_FILE))
         return Failed(WorkbookFault::NoWorkbook, path, SystemText(error));
-    const WorkbookResult result = format->read(std::move(bytes), sheet);
+    const WorkbookResult result = format->read(bytes, sheet);
     if (result.HasFailed())
         return Failed(result.fault, path, result.reason);
     sheet.Finish();

@@ -101,7 +101,7 @@ WorkbookResult XlsParser::ReadTexts(BiffCursor data)
 
 } // namespace
 
-WorkbookResult ReadXls(QByteArray file, Sheet &sheet)
+WorkbookResult ReadXls(const QByteArray &file, Sheet &sheet)
 {
     CompoundReader container;
     if (const WorkbookResult wrong = container.Open(file); wrong.HasFailed())
@@ -112,8 +112,6 @@ WorkbookResult ReadXls(QByteArray file, Sheet &sheet)
     QByteArray gathered;
     if (const WorkbookResult wrong = container.Read(u"Workbook", stream, gathered); wrong.HasFailed())
         return wrong;
-    if (!gathered.isEmpty())
-        file = std::move(gathered);
-    sheet.texts.Adopt(std::move(file));
+    sheet.texts.Adopt(gathered.isEmpty() ? file : gathered);
     return XlsParser(stream, sheet).Parse();
 }

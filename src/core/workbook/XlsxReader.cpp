@@ -111,7 +111,7 @@ WorkbookResult ExplainCompoundFile(QByteArrayView file)
 
 } // namespace
 
-WorkbookResult ReadXlsx(QByteArray file, Sheet &sheet)
+WorkbookResult ReadXlsx(const QByteArray &file, Sheet &sheet)
 {
     if (file.startsWith(QByteArrayView(COMPOUND_FILE.data(), qsizetype(COMPOUND_FILE.size()))))
         return ExplainCompoundFile(file);
