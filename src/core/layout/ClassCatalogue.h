@@ -1,0 +1,43 @@
+#pragma once
+
+#include "Text.h"
+
+#include <memory>
+#include <vector>
+
+enum ClassKind : qint32
+{
+    CLASS_CLASS = 1,
+    CLASS_STRUCTURE = 2,
+    CLASS_ENUMERATION = 3,
+};
+
+/// A class of components, a structure or an enumeration.
+struct ClassDescriptor
+{
+    struct Item
+    {
+        NarrowText name;     ///< of a member, or an enumerator
+        NarrowText typeName; ///< of a member
+    };
+
+    NarrowText name;
+    NarrowText baseName; ///< of a class's base; empty for none
+    qint32 kind = CLASS_CLASS;
+    bool excluded = false; ///< not offered to whoever makes components
+    std::vector<Item> items;
+};
+
+/// The types that layouts are made of beside the built-in ones. Empty unless a file of definitions was read.
+class ClassCatalogue
+{
+public:
+    std::vector<std::unique_ptr<ClassDescriptor>> entries;
+    QString path;        ///< of the file it was read from
+    bool loaded = false; ///< a file was read
+
+    /// The first entry of exactly that name, of any kind; null when there is none.
+    [[nodiscard]] const ClassDescriptor *Find(const NarrowText &name) const;
+    /// Appends the names of the classes, in the order of the entries; how many they are.
+    int CollectClassNames(std::vector<NarrowText> &names) const;
+};
