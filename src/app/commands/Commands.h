@@ -1,0 +1,45 @@
+#pragma once
+
+/// The commands of menus, keys and the tool bar.
+enum UiCommand : int
+{
+    CMD_SPLIT = 57653,
+    CMD_NEW_FILE = 57600,
+    CMD_OPEN = 57601,
+    CMD_CLOSE = 57602,
+    CMD_SAVE = 57603,
+    CMD_RECENT_FILE = 57616, ///< the first of four
+    CMD_COPY = 57634,
+    CMD_CUT = 57635,
+    CMD_PASTE = 57637,
+    CMD_UNDO = 57643,
+    CMD_REDO = 57644,
+    CMD_ARRANGE_ICONS = 57649,
+    CMD_CASCADE = 57650,
+    CMD_TILE = 57651,
+    CMD_ABOUT = 57664,
+    CMD_EXIT = 57665,
+    CMD_NEXT_PANE = 57680,
+    CMD_PREVIOUS_PANE = 57681,
+    CMD_TOOLBAR = 59392,
+    CMD_STATUS_BAR = 59393,
+
+    CMD_CLEAR = 32773,
+    CMD_RESOLUTION = 32775,
+    CMD_NEW_LAYOUT = 32776,
+    CMD_DELETE_ALL = 32796,
+    CMD_NEW = 32798,
+    CMD_IMPORT = 32800,
+    CMD_EXPORT = 32801,
+    CMD_FILTER = 32807,
+    CMD_DELETE = 32810,
+    CMD_TOOLBOX = 32814,
+    CMD_OUTPUT = 32815,
+    CMD_ZOOM_IN = 32817,
+    CMD_ZOOM_OUT = 32818,
+    CMD_FIT_VIEW = 32819,
+    CMD_RENAME = 32826,
+    CMD_SELECT_ALL = 32831,
+    CMD_CLEAR_OUTPUT = 32837,
+    CMD_V1_LIST = 32873,
+};

@@ -1,0 +1,93 @@
+#include "EditCommands.h"
+
+#include "Commands.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPlainTextEdit>
+
+std::optional<CommandState> EditCommandState(int command, const EditControlState &control)
+{
+    switch (command) {
+    case CMD_UNDO:
+        return CommandState{!control.readOnly && control.canUndo};
+    case CMD_PASTE:
+        return CommandState{!control.readOnly && control.clipboardHasText};
+    case CMD_COPY:
+    case CMD_CUT:
+        return CommandState{control.hasSelection};
+    case CMD_DELETE:
+        return CommandState{!control.readOnly};
+    case CMD_SELECT_ALL:
+        return CommandState{};
+    default:
+        return std::nullopt;
+    }
+}
+
+QWidget *FocusedEdit::Control()
+{
+    QWidget *const focus = QApplication::focusWidget();
+    const bool isEdit = qobject_cast<QLineEdit *>(focus) || qobject_cast<QPlainTextEdit *>(focus);
+    return isEdit ? focus : nullptr;
+}
+
+std::optional<CommandState> FocusedEdit::StateOf(int command) const
+{
+    EditControlState state;
+    QWidget *const control = Control();
+    if (const auto *line = qobject_cast<const QLineEdit *>(control))
+        state = {line->isReadOnly(), line->isUndoAvailable(), line->hasSelectedText(), false};
+    else if (const auto *text = qobject_cast<const QPlainTextEdit *>(control))
+        state = {text->isReadOnly(), text->document()->isUndoAvailable(), text->textCursor().hasSelection(), false};
+    else
+        return std::nullopt;
+    if (command == CMD_PASTE) {
+        const QMimeData *clipboard = QApplication::clipboard()->mimeData();
+        state.clipboardHasText = clipboard && clipboard->hasText();
+    }
+    return EditCommandState(command, state);
+}
+
+namespace
+{
+
+template <typename Edit> void RunIn(Edit &edit, int command)
+{
+    switch (command) {
+    case CMD_UNDO:
+        edit.undo();
+        break;
+    case CMD_PASTE:
+        edit.paste();
+        break;
+    case CMD_COPY:
+        edit.copy();
+        break;
+    case CMD_CUT:
+        edit.cut();
+        break;
+    case CMD_SELECT_ALL:
+        edit.selectAll();
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace
+
+void FocusedEdit::Run(int command)
+{
+    QWidget *const control = Control();
+    if (auto *line = qobject_cast<QLineEdit *>(control)) {
+        command == CMD_DELETE ? line->del() : RunIn(*line, command);
+    } else if (auto *text = qobject_cast<QPlainTextEdit *>(control)) {
+        if (command == CMD_DELETE)
+            text->textCursor().deleteChar();
+        else
+            RunIn(*text, command);
+    }
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "CommandTarget.h"
+
+class QWidget;
+
+/// What an edit control says of itself.
+struct EditControlState
+{
+    bool readOnly = false;
+    bool canUndo = false;
+    bool hasSelection = false;
+    bool clipboardHasText = false;
+};
+
+/// What a command of the Edit menu is while an edit control has the focus; nothing for any other command.
+[[nodiscard]] std::optional<CommandState> EditCommandState(int command, const EditControlState &control);
+
+/// The edit control that has the focus, if one has: Cut, Copy, Paste, Delete, Undo and Select All are then its own.
+class FocusedEdit : public ICommandTarget
+{
+public:
+    [[nodiscard]] std::optional<CommandState> StateOf(int command) const override;
+    void Run(int command) override;
+
+    /// The control; null when the focus is elsewhere.
+    [[nodiscard]] static QWidget *Control();
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "Commands.h"
+
+#include <span>
+
+/// An entry of a menu.
+struct MenuEntry
+{
+    int command;                ///< 0: a line
+    const char *text = "";      ///< with "&" before the letter that reaches it
+    const char *shortcuts = ""; ///< divided by blanks, the one that is shown first
+    bool isToggle = false;
+};
+
+struct Menu
+{
+    const char *title;
+    std::span<const MenuEntry> entries;
+};
+
+/// The menu bar while no document is open, and that while one is.
+[[nodiscard]] std::span<const Menu> MenuBar(bool hasDocument);
+
+/// Keys of commands that stand in no menu. Each works like a menu's.
+[[nodiscard]] std::span<const MenuEntry> FurtherKeys();
+
+/// The commands of the tool bar; 0 is a gap.
+[[nodiscard]] std::span<const int> ToolBarCommands();

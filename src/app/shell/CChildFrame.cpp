@@ -1,0 +1,172 @@
+#include "CChildFrame.h"
+
+#include "Commands.h"
+#include "Environment.h"
+#include "KeyboardSplitter.h"
+#include "Paths.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMessageBox>
+#include <QStackedWidget>
+
+#include <utility>
+
+CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost)
+    : document(projectDocument), shell(shellHost), splitter(new KeyboardSplitter(Qt::Horizontal, this)),
+      right(new QStackedWidget(splitter))
+{
+    setWindowIcon(MakeIcon(UiIcon::Project));
+    setAttribute(Qt::WA_DeleteOnClose);
+    tree = new CProjView(document, *this);
+    splitter->insertWidget(0, tree);
+    splitter->setChildrenCollapsible(false);
+    splitter->setStretchFactor(1, 1);
+    splitter->setSizes({qBound(50, document.env.settings.Int("split1st", "width", 200), 4000), 1000});
+    setWidget(splitter);
+    ShowPane(Pane::Default);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
+        if (now && splitter && splitter->isAncestorOf(now))
+            lastFocus = now;
+    });
+    document.modifiedChanged = [this] { ShowTitle(); };
+    ShowTitle();
+}
+
+CChildFrame::~CChildFrame()
+{
+    LeaveDocument();
+}
+
+/// The views look at the document, so they go before it does.
+void CChildFrame::LeaveDocument()
+{
+    if (!splitter)
+        return;
+    document.modifiedChanged = nullptr;
+    Settings &settings = document.env.settings;
+    const int width = splitter->sizes().value(0);
+    if (width > 0 && width != settings.Int("split1st", "width", 200))
+        (void)settings.Write(QStringLiteral("split1st"), QStringLiteral("width"), QString::number(width));
+    delete std::exchange(splitter, nullptr);
+}
+
+void CChildFrame::ShowTitle()
+{
+    setWindowTitle(FileTitle(document.PathName()) + QStringLiteral("[*]"));
+    setWindowModified(document.IsModified());
+    setToolTip(document.PathName());
+}
+
+QWidget *CChildFrame::MakePane(Pane pane)
+{
+    // A kind of pane that isn't here yet shows what lies below its folder.
+    return pane == Pane::Default ? new CDefaultView(document, *tree, *this) : nullptr;
+}
+
+void CChildFrame::ShowPane(Pane pane)
+{
+    QWidget *&known = panes[pane];
+    if (!known) {
+        known = MakePane(pane);
+        if (!known)
+            known = panes[Pane::Default];
+        else
+            right->addWidget(known);
+    }
+    right->setCurrentWidget(known);
+}
+
+ICommandTarget *CChildFrame::ActiveView()
+{
+    QWidget *focus = QApplication::focusWidget();
+    if (!focus || !splitter->isAncestorOf(focus))
+        focus = lastFocus;
+    for (QWidget *widget = focus; widget && widget != splitter; widget = widget->parentWidget()) {
+        if (auto *const target = dynamic_cast<ICommandTarget *>(widget))
+            return target;
+    }
+    return tree;
+}
+
+bool CChildFrame::MayClose()
+{
+    if (!document.IsModified())
+        return true;
+    QMessageBox box(QMessageBox::Question, QStringLiteral("Morvanite"),
+                    QStringLiteral("Save changes to %1?").arg(FileTitle(document.PathName())),
+                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, this);
+    box.setDefaultButton(QMessageBox::Yes);
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        (void)document.DoFileSave();
+        return !document.IsModified(); // else it couldn't be saved, and closing would lose the changes
+    case QMessageBox::No:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void CChildFrame::closeEvent(QCloseEvent *event)
+{
+    if (!HasLeft() && !MayClose()) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    if (HasLeft())
+        return;
+    LeaveDocument();
+    if (closed)
+        closed(document);
+}
+
+void CChildFrame::changeEvent(QEvent *event)
+{
+    QMdiSubWindow::changeEvent(event);
+    if (event->type() == QEvent::ModifiedChange && parentWidget())
+        QCoreApplication::sendEvent(window(), event);
+}
+
+std::optional<CommandState> CChildFrame::StateOf(int command) const
+{
+    switch (command) {
+    case CMD_SAVE:
+    case CMD_CLOSE:
+    case CMD_SPLIT:
+    case CMD_NEXT_PANE:
+    case CMD_PREVIOUS_PANE:
+        return CommandState{!HasLeft()};
+    default:
+        return std::nullopt;
+    }
+}
+
+void CChildFrame::Run(int command)
+{
+    switch (command) {
+    case CMD_SAVE:
+        (void)document.DoFileSave();
+        break;
+    case CMD_CLOSE:
+        close();
+        break;
+    case CMD_SPLIT:
+        splitter->handle(1)->setFocus();
+        break;
+    case CMD_NEXT_PANE:
+    case CMD_PREVIOUS_PANE:
+        GoToOtherPane();
+        break;
+    default:
+        break;
+    }
+}
+
+void CChildFrame::GoToOtherPane()
+{
+    QWidget *const focus = QApplication::focusWidget();
+    const bool isInTree = focus && (focus == tree || tree->isAncestorOf(focus));
+    isInTree ? right->currentWidget()->setFocus() : tree->setFocus();
+}

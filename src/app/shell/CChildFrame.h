@@ -1,0 +1,63 @@
+#pragma once
+
+#include "CDefaultView.h"
+
+#include <QMdiSubWindow>
+#include <QSplitter>
+
+#include <map>
+
+/// The window of one project: the project tree on the left, the pane of the selected folder on the right.
+///
+/// A pane is made when it is first needed, and then only swapped.
+class CChildFrame : public QMdiSubWindow, public IViewHost, public ICommandTarget
+{
+public:
+    /// `shellHost` does for the views what isn't this window's to do.
+    CChildFrame(CResDoc &projectDocument, IViewHost &shellHost);
+    ~CChildFrame() override;
+
+    [[nodiscard]] CResDoc &Document() const { return document; }
+    [[nodiscard]] CProjView &Tree() { return *tree; }
+
+    /// The view that takes commands: the one with the focus, else the one that had it last.
+    [[nodiscard]] ICommandTarget *ActiveView();
+
+    /// Asks about changes that aren't saved. False when the window has to stay: the user said so, or saving failed.
+    [[nodiscard]] bool MayClose();
+    /// Told once the window has let go of its document, which can be closed then.
+    std::function<void(CResDoc &)> closed;
+    /// The document is gone, or about to go.
+    [[nodiscard]] bool HasLeft() const { return !splitter; }
+
+    // IViewHost
+    [[nodiscard]] bool AskYesNo(const QString &question) override { return shell.AskYesNo(question); }
+    void ShowMessage(const QString &text) override { shell.ShowMessage(text); }
+    void ShowPane(Pane pane) override;
+    void RunCommand(int command) override { shell.RunCommand(command); }
+    [[nodiscard]] bool IsEnabled(int command) const override { return shell.IsEnabled(command); }
+
+    // ICommandTarget
+    [[nodiscard]] std::optional<CommandState> StateOf(int command) const override;
+    void Run(int command) override;
+
+    /// Moves the keyboard focus to the other pane.
+    void GoToOtherPane();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    [[nodiscard]] QWidget *MakePane(Pane pane);
+    void ShowTitle();
+    void LeaveDocument();
+
+    CResDoc &document;
+    IViewHost &shell;
+    QSplitter *splitter; // null once the document has been left
+    CProjView *tree;
+    std::map<Pane, QWidget *> panes; // those that were made, owned by the splitter's right side
+    class QStackedWidget *right;
+    QWidget *lastFocus = nullptr;
+};

@@ -1,0 +1,419 @@
+#include "CMainFrame.h"
+
+#include "AboutBox.h"
+#include "CInfoPane.h"
+#include "CSizingControlBar.h"
+#include "CommandHandler.h"
+#include "FrameState.h"
+#include "MenuTable.h"
+#include "Paths.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QMdiArea>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QToolBar>
+
+#include <utility>
+
+namespace
+{
+
+constexpr char PROJECT_FILTER[] = "Project Files (*.vcproj)";
+
+} // namespace
+
+/// While a box is open, commands of the channel wait.
+class CMainFrame::ModalBox
+{
+public:
+    explicit ModalBox(CMainFrame &mainFrame) : frame(mainFrame)
+    {
+        if (frame.openBoxes++ == 0 && frame.pauseCommands)
+            frame.pauseCommands(true);
+    }
+    ~ModalBox()
+    {
+        if (--frame.openBoxes == 0 && frame.pauseCommands)
+            frame.pauseCommands(false);
+    }
+    ModalBox(const ModalBox &) = delete;
+    ModalBox &operator=(const ModalBox &) = delete;
+
+private:
+    CMainFrame &frame;
+};
+
+CMainFrame::Busy::Busy(CMainFrame &mainFrame, quint32 command) : frame(mainFrame)
+{
+    frame.busyCommand = command;
+    const QString what = command == COMMAND_LOAD   ? QStringLiteral("opening a project")
+                         : command == COMMAND_SAVE ? QStringLiteral("saving a project")
+                                                   : QStringLiteral("packing a project");
+    frame.statusBar()->showMessage(QStringLiteral("The IDE's command is running: %1...").arg(what));
+    QApplication::setOverrideCursor(Qt::BusyCursor);
+}
+
+CMainFrame::Busy::~Busy()
+{
+    QApplication::restoreOverrideCursor();
+    frame.statusBar()->clearMessage();
+    frame.busyCommand = 0;
+}
+
+CMainFrame::CMainFrame(Environment &environment, ProcessTables &processTables, CDocManager &documentManager)
+    : env(environment), tables(processTables), documents(documentManager), area(new QMdiArea(this))
+{
+    setWindowTitle(QStringLiteral("Morvanite"));
+    setWindowIcon(MakeIcon(UiIcon::Application));
+    setAcceptDrops(true);
+    setDockNestingEnabled(true);
+    if (const QScreen *own = screen())
+        setMinimumSize(SmallestFrame(own->availableSize()));
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setCentralWidget(area);
+    route.targets = [this] { return Targets(); };
+    recentFiles.Read(env.settings);
+    MakeActions();
+    MakeToolBar();
+    MakeStatusBar();
+    MakeBars();
+    ShowMenus();
+    documents.opened = [this](CDocument &document) { Opened(document); };
+    // Whatever has happened, what menus and tool bar show is right before the program waits for the user again.
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            [this] { UpdateCommands(); });
+}
+
+CMainFrame::~CMainFrame()
+{
+    documents.opened = nullptr;
+    disconnect(QAbstractEventDispatcher::instance(), nullptr, this, nullptr);
+    for (CChildFrame *child : Children())
+        delete child; // before the documents that its views look at
+}
+
+QAction *CMainFrame::AddAction(int command, const QString &text, const QString &shortcuts, bool isToggle)
+{
+    auto *const action = new QAction(text, this);
+    QList<QKeySequence> keys;
+    for (const QString &key : shortcuts.split(u' ', Qt::SkipEmptyParts))
+        keys.append(QKeySequence(key, QKeySequence::PortableText));
+    action->setShortcuts(keys);
+    action->setCheckable(isToggle);
+    connect(action, &QAction::triggered, this, [this, command] { route.Run(command); });
+    addAction(action);
+    actions[command] = action;
+    return action;
+}
+
+void CMainFrame::MakeActions()
+{
+    for (const bool hasDocument : {true, false}) {
+        for (const Menu &menu : MenuBar(hasDocument)) {
+            for (const MenuEntry &entry : menu.entries) {
+                if (entry.command != 0 && entry.command != CMD_RECENT_FILE && !actions.contains(entry.command))
+                    AddAction(entry.command, QString::fromLatin1(entry.text), QString::fromLatin1(entry.shortcuts),
+                              entry.isToggle);
+            }
+        }
+    }
+    for (const MenuEntry &entry : FurtherKeys())
+        AddAction(entry.command, QString(), QString::fromLatin1(entry.shortcuts), false);
+    for (int i = 0; i < RecentFiles::MOST; ++i) {
+        auto *const action = new QAction(this);
+        connect(action, &QAction::triggered, this, [this, i] { OpenRecent(i); });
+        recentActions.append(action);
+    }
+    actions[CMD_ABOUT]->setMenuRole(QAction::AboutRole);
+    actions[CMD_EXIT]->setMenuRole(QAction::QuitRole);
+}
+
+void CMainFrame::ShowMenus()
+{
+    const bool hasDocument = ActiveChild() != nullptr;
+    if (shownMenus == hasDocument)
+        return;
+    shownMenus = hasDocument;
+    menuBar()->clear();
+    for (const Menu &menu : MenuBar(hasDocument)) {
+        QMenu *const shown = menuBar()->addMenu(QString::fromLatin1(menu.title));
+        for (const MenuEntry &entry : menu.entries) {
+            if (entry.command == 0)
+                shown->addSeparator();
+            else if (entry.command == CMD_RECENT_FILE)
+                shown->addActions(recentActions);
+            else
+                shown->addAction(actions[entry.command]);
+        }
+        connect(shown, &QMenu::aboutToShow, this, [this] { UpdateCommands(); });
+    }
+    ShowRecentFiles();
+}
+
+void CMainFrame::ShowRecentFiles()
+{
+    const QStringList &paths = recentFiles.Paths();
+    for (int i = 0; i < recentActions.size(); ++i) {
+        QAction *const action = recentActions[i];
+        action->setVisible(i < paths.size() || i == 0); // an empty list shows that there is one
+        action->setEnabled(i < paths.size());
+        action->setText(i < paths.size() ? recentFiles.Label(i) : QStringLiteral("Recent File"));
+        action->setStatusTip(paths.value(i));
+    }
+}
+
+std::vector<ICommandTarget *> CMainFrame::Targets() const
+{
+    auto *const self = const_cast<CMainFrame *>(this);
+    const bool isInOutput = output->hasFocus();
+    CChildFrame *const child = ActiveChild();
+    return {isInOutput ? static_cast<ICommandTarget *>(output) : nullptr, &self->focusedEdit,
+            child && !isInOutput ? child->ActiveView() : nullptr, child, self};
+}
+
+void CMainFrame::UpdateCommands()
+{
+    ShowMenus();
+    for (const auto &[command, action] : actions) {
+        const CommandState state = route.StateOf(command);
+        action->setEnabled(state.enabled);
+        if (action->isCheckable())
+            action->setChecked(state.checked);
+    }
+    UpdateIndicators();
+}
+
+std::optional<CommandState> CMainFrame::StateOf(int command) const
+{
+    switch (command) {
+    case CMD_OPEN:
+    case CMD_EXIT:
+    case CMD_ABOUT:
+    case CMD_NEW_FILE:
+        return CommandState{};
+    case CMD_TOOLBAR:
+        return CommandState{true, !toolBar->isHidden()};
+    case CMD_STATUS_BAR:
+        return CommandState{true, !statusBar()->isHidden()};
+    case CMD_OUTPUT:
+        return CommandState{true, !outputBar->isHidden()};
+    case CMD_CASCADE:
+    case CMD_TILE:
+    case CMD_ARRANGE_ICONS:
+        return CommandState{ActiveChild() != nullptr};
+    default:
+        return std::nullopt;
+    }
+}
+
+void CMainFrame::Run(int command)
+{
+    switch (command) {
+    case CMD_OPEN:
+        return ChooseProject();
+    case CMD_EXIT:
+        close();
+        return;
+    case CMD_ABOUT:
+        return ShowAbout();
+    case CMD_TOOLBAR:
+        return toolBar->setVisible(toolBar->isHidden());
+    case CMD_STATUS_BAR:
+        return statusBar()->setVisible(statusBar()->isHidden());
+    case CMD_OUTPUT:
+        return ShowOutput(outputBar->isHidden());
+    case CMD_CASCADE:
+        return area->cascadeSubWindows();
+    case CMD_TILE:
+        return area->tileSubWindows();
+    case CMD_ARRANGE_ICONS:
+        for (CChildFrame *child : Children()) {
+            if (child->isMinimized())
+                child->showMinimized(); // which finds it its place along the bottom again
+        }
+        return;
+    default:
+        return;
+    }
+}
+
+QList<CChildFrame *> CMainFrame::Children() const
+{
+    QList<CChildFrame *> children;
+    for (QMdiSubWindow *window : area->subWindowList()) {
+        auto *const child = static_cast<CChildFrame *>(window);
+        if (!child->HasLeft())
+            children.append(child);
+    }
+    return children;
+}
+
+CChildFrame *CMainFrame::ActiveChild() const
+{
+    // Also while another program's window is active.
+    auto *const child = static_cast<CChildFrame *>(area->currentSubWindow());
+    return child && !child->HasLeft() ? child : nullptr;
+}
+
+void CMainFrame::Opened(CDocument &document)
+{
+    auto &project = static_cast<CResDoc &>(document);
+    auto *const child = new CChildFrame(project, *this);
+    child->closed = [this](CResDoc &closing) { documents.CloseDocument(&closing); };
+    area->addSubWindow(child);
+    child->showMaximized();
+    project.UpdateAllViews(nullptr);
+    child->Tree().setFocus();
+    recentFiles.Add(project.PathName(), env.settings);
+    ShowRecentFiles();
+    UpdateCommands();
+}
+
+bool CMainFrame::OpenProject(const QString &path)
+{
+    const CDocument *const open = documents.OpenDocumentFile(path);
+    output->Flush();
+    for (CChildFrame *child : Children()) {
+        if (&child->Document() == open)
+            area->setActiveSubWindow(child);
+    }
+    return open != nullptr;
+}
+
+void CMainFrame::ChooseProject()
+{
+    QString path;
+    {
+        const ModalBox box(*this);
+        path =
+            QFileDialog::getOpenFileName(this, QStringLiteral("Open"), QString(), QString::fromLatin1(PROJECT_FILTER));
+    }
+    if (!path.isEmpty())
+        (void)OpenProject(CanonicalPath(path));
+}
+
+void CMainFrame::OpenRecent(int index)
+{
+    const QString path = recentFiles.Paths().value(index);
+    if (path.isEmpty() || OpenProject(path))
+        return;
+    recentFiles.Remove(path, env.settings);
+    ShowRecentFiles();
+}
+
+void CMainFrame::BringToTop()
+{
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
+void CMainFrame::MessageBox(const QString &text)
+{
+    const ModalBox box(*this);
+    output->Flush();
+    QMessageBox::warning(this, QStringLiteral("Morvanite"), text);
+}
+
+bool CMainFrame::AskYesNo(const QString &question)
+{
+    const ModalBox box(*this);
+    return QMessageBox::question(this, QStringLiteral("Morvanite"), question, QMessageBox::Yes | QMessageBox::No,
+                                 QMessageBox::No) == QMessageBox::Yes;
+}
+
+QStringList CMainFrame::OpenFileDialog(const QString &filter, int selectedFilter, bool multiSelect,
+                                       const QString &initialName)
+{
+    QStringList filters;
+    const QStringList parts = filter.split(u'|', Qt::SkipEmptyParts);
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString patterns = parts[i + 1];
+        filters.append(parts[i].section(QStringLiteral(" ("), 0, 0) + QStringLiteral(" (") +
+                       patterns.replace(u';', u' ') + u')');
+    }
+    const ModalBox box(*this);
+    QFileDialog dialog(this, QStringLiteral("Open"));
+    dialog.setNameFilters(filters);
+    dialog.selectNameFilter(filters.value(selectedFilter - 1));
+    dialog.setFileMode(multiSelect ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+    if (!initialName.isEmpty())
+        dialog.selectFile(initialName);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
+}
+
+void CMainFrame::ShowAbout()
+{
+    const ModalBox box(*this);
+    ShowAboutBox(this);
+}
+
+bool CMainFrame::MayCloseAll()
+{
+    for (CChildFrame *child : Children()) {
+        const ModalBox box(*this);
+        if (!child->MayClose())
+            return false;
+    }
+    return true;
+}
+
+void CMainFrame::closeEvent(QCloseEvent *event)
+{
+    if (busyCommand != 0 || openBoxes > 0) {
+        event->ignore(); // the command, or the box, has to end first
+        return;
+    }
+    StoreState();
+    if (!MayCloseAll()) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    for (CChildFrame *child : Children()) {
+        CResDoc &document = child->Document();
+        delete child;
+        documents.CloseDocument(&document);
+    }
+}
+
+namespace
+{
+
+QStringList DroppedFiles(const QMimeData *data)
+{
+    QStringList files;
+    for (const QUrl &url : data->urls()) {
+        if (url.isLocalFile())
+            files.append(url.toLocalFile());
+    }
+    return files;
+}
+
+} // namespace
+
+void CMainFrame::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (busyCommand == 0 && !DroppedFiles(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void CMainFrame::dropEvent(QDropEvent *event)
+{
+    event->acceptProposedAction();
+    for (const QString &file : DroppedFiles(event->mimeData())) {
+        if (FileExtension(file).compare(u"vcproj", Qt::CaseInsensitive) == 0)
+            (void)OpenProject(CanonicalPath(file));
+        else
+            MessageBox(QStringLiteral("%1 is no project. Drop the project's .vcproj file here.").arg(file));
+    }
+}

@@ -1,0 +1,122 @@
+#pragma once
+
+#include "CChildFrame.h"
+#include "CommandRoute.h"
+#include "EditCommands.h"
+#include "KeyboardLocks.h"
+#include "RecentFiles.h"
+
+#include <QMainWindow>
+
+#include <map>
+
+class CInfoPane;
+class CSizingControlBar;
+class QLabel;
+class QListWidget;
+class QMdiArea;
+
+/// The main window: menus, tool bar, status bar, the docking bars, and a window for each open project.
+class CMainFrame : public QMainWindow, public IUserInterface, public IViewHost, public ICommandTarget
+{
+public:
+    CMainFrame(Environment &environment, ProcessTables &processTables, CDocManager &documentManager);
+    ~CMainFrame() override;
+
+    /// Puts window and bars where they were when the program ended.
+    void Restore();
+    /// Opens a project, or brings the window of an open one to the front. False when it doesn't open, which the user
+    /// has been told.
+    bool OpenProject(const QString &path);
+    void BringToTop();
+
+    /// Appends to the output pane, if that is in sight.
+    void WriteOutput(QStringView text);
+    /// The same for a line of its own.
+    void WriteLine(const QString &text);
+
+    /// Told to hold back commands of the channel while a box is open.
+    std::function<void(bool pause)> pauseCommands;
+
+    /// A command of the channel runs, for as long as this lives: the status bar tells, and the window takes no input.
+    class Busy
+    {
+    public:
+        Busy(CMainFrame &mainFrame, quint32 command);
+        ~Busy();
+        Busy(const Busy &) = delete;
+        Busy &operator=(const Busy &) = delete;
+
+    private:
+        CMainFrame &frame;
+    };
+
+    [[nodiscard]] CInfoPane &Output() { return *output; }
+    [[nodiscard]] CSizingControlBar &OutputBar() { return *outputBar; }
+    [[nodiscard]] CSizingControlBar &ToolboxBar() { return *toolboxBar; }
+    /// The active project's window, or null.
+    [[nodiscard]] CChildFrame *ActiveChild() const;
+
+    // IUserInterface
+    void MessageBox(const QString &text) override;
+    QStringList OpenFileDialog(const QString &filter, int selectedFilter, bool multiSelect,
+                               const QString &initialName) override;
+    // IViewHost
+    [[nodiscard]] bool AskYesNo(const QString &question) override;
+    void ShowMessage(const QString &text) override { MessageBox(text); }
+    void ShowPane(Pane) override {}
+    void RunCommand(int command) override { route.Run(command); }
+    [[nodiscard]] bool IsEnabled(int command) const override { return route.StateOf(command).enabled; }
+    // ICommandTarget
+    [[nodiscard]] std::optional<CommandState> StateOf(int command) const override;
+    void Run(int command) override;
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    class ModalBox;
+
+    void MakeActions();
+    void MakeToolBar();
+    void MakeStatusBar();
+    void MakeBars();
+    QAction *AddAction(int command, const QString &text, const QString &shortcuts, bool isToggle);
+    /// Shows the menus that belong to what is open.
+    void ShowMenus();
+    void ShowRecentFiles();
+    /// Has menus, keys and tool bar show what each command is at this moment.
+    void UpdateCommands();
+    void UpdateIndicators();
+    void Opened(CDocument &document);
+    void ChooseProject();
+    void OpenRecent(int index);
+    void ShowOutput(bool show);
+    void ShowAbout();
+    void StoreState();
+    [[nodiscard]] bool MayCloseAll();
+    [[nodiscard]] std::vector<ICommandTarget *> Targets() const;
+    [[nodiscard]] QList<CChildFrame *> Children() const;
+
+    Environment &env;
+    ProcessTables &tables;
+    CDocManager &documents;
+    CommandRoute route;
+    FocusedEdit focusedEdit;
+    RecentFiles recentFiles;
+    KeyboardLocks locks;
+    std::map<int, QAction *> actions;
+    QList<QAction *> recentActions;
+    QMdiArea *area;
+    QToolBar *toolBar = nullptr;
+    CSizingControlBar *toolboxBar = nullptr;
+    CSizingControlBar *outputBar = nullptr;
+    QListWidget *toolbox = nullptr;
+    CInfoPane *output = nullptr;
+    QLabel *indicators[KeyboardLocks::LOCKS] = {};
+    std::optional<bool> shownMenus; // for a document or none
+    quint32 busyCommand = 0;
+    int openBoxes = 0;
+};

@@ -1,0 +1,71 @@
+#include "CMorvaniteApp.h"
+
+#include "Paths.h"
+#include "SingleInstance.h"
+
+#include <QMessageBox>
+#include <QSocketNotifier>
+
+#include <new>
+
+CMorvaniteApp::CMorvaniteApp()
+    : documents([this] { return std::make_unique<CResDoc>(env, tables, services); }), handler(env, documents, pipe),
+      server([this](quint32 id, QByteArrayView record) { return RunCommand(id, record); })
+{
+    services.reloadFlags = &reloadFlags;
+    services.GetCommandID = [this](const QString &path) { return handler.GetCommandID(&path); };
+}
+
+CMorvaniteApp::~CMorvaniteApp()
+{
+    commands.reset();
+    frame.reset();
+    documents.CloseAll();
+}
+
+bool CMorvaniteApp::InitInstance(const QStringList &arguments)
+{
+    if (env.codePageUnknown) {
+        QMessageBox::critical(
+            nullptr, QStringLiteral("Morvanite"),
+            QStringLiteral("Morvanite.ini: there is no code page \"%1\" (section Text, key code_page). "
+                           "Correct it and start Morvanite again.")
+                .arg(env.settings.String("Text", "code_page")));
+        return false; // with another, a save would destroy the projects' texts
+    }
+    QString error;
+    if (!server.Listen(error)) {
+        QMessageBox::critical(nullptr, QStringLiteral("Morvanite"), error);
+        return false;
+    }
+    commands = std::make_unique<QSocketNotifier>(server.PollFd(), QSocketNotifier::Read);
+    QObject::connect(commands.get(), &QSocketNotifier::activated, [this] { server.Dispatch(); });
+
+    frame = std::make_unique<CMainFrame>(env, tables, documents);
+    services.user = frame.get();
+    services.Explain = [this](const QString &text) { frame->WriteLine(text); };
+    handler.idleOutput = [this](QStringView text) { frame->WriteOutput(text); };
+    handler.bringToTop = [this] { frame->BringToTop(); };
+    frame->pauseCommands = [this](bool pause) { server.SetPaused(pause); };
+    frame->Restore();
+    for (const QString &argument : arguments)
+        (void)frame->OpenProject(CanonicalPath(argument));
+    frame->show();
+    return true;
+}
+
+int CMorvaniteApp::RunCommand(quint32 dwData, QByteArrayView record)
+{
+    if (dwData == COMMAND_SHOW) {
+        frame->BringToTop();
+        return 1;
+    }
+    const CMainFrame::Busy busy(*frame, dwData);
+    pipe.Breathe();
+    try {
+        return handler.Handle(dwData, record);
+    } catch (const std::bad_alloc &) { // the next command may need less
+        frame->WriteLine(QStringLiteral("A command of the IDE ran out of memory."));
+        return 1;
+    }
+}

@@ -1,0 +1,86 @@
+#include "FrameState.h"
+
+#include "Settings.h"
+
+#include <cstdio>
+
+QString PositionText(const QRect &position)
+{
+    return QStringLiteral("%1,%2,%3,%4")
+        .arg(position.x())
+        .arg(position.y())
+        .arg(position.x() + position.width())
+        .arg(position.y() + position.height());
+}
+
+namespace
+{
+
+/// As scanning with "%d,%d,..." finds them.
+QList<int> LeadingNumbers(const QString &text, int most)
+{
+    QList<int> numbers;
+    for (const QString &part : text.split(u',')) {
+        bool isNumber = false;
+        const int number = part.trimmed().toInt(&isNumber);
+        if (!isNumber || numbers.size() == most)
+            break;
+        numbers.append(number);
+    }
+    return numbers;
+}
+
+} // namespace
+
+std::optional<QRect> ParsePosition(const QString &text)
+{
+    constexpr int FARTHEST = 1 << 20;
+    const QList<int> numbers = LeadingNumbers(text, 4);
+    if (numbers.size() < 4)
+        return std::nullopt;
+    for (const int number : numbers) {
+        if (number < -FARTHEST || number > FARTHEST)
+            return std::nullopt;
+    }
+    return QRect(numbers[0], numbers[1], numbers[2] - numbers[0], numbers[3] - numbers[1]);
+}
+
+QString SizeText(const QSize &size)
+{
+    return QStringLiteral("%1,%2").arg(size.width()).arg(size.height());
+}
+
+QSize ParseSize(const QString &text, const QSize &fallback)
+{
+    constexpr int LARGEST = 1 << 14;
+    const QList<int> numbers = LeadingNumbers(text, 2);
+    const bool isSize = numbers.size() == 2 && numbers[0] > 0 && numbers[1] > 0;
+    return isSize ? QSize(qMin(numbers[0], LARGEST), qMin(numbers[1], LARGEST)) : fallback;
+}
+
+QSize SmallestFrame(const QSize &screen)
+{
+    return SMALLEST_FRAME.boundedTo(screen);
+}
+
+QRect BroughtBack(const QRect &position, const QList<QRect> &screens)
+{
+    constexpr int TITLE_HEIGHT = 24;
+    constexpr int ENOUGH = 80; // of the title to take hold of
+    if (screens.isEmpty())
+        return position;
+    for (const QRect &screen : screens) {
+        const QRect title = screen & QRect(position.topLeft(), QSize(position.width(), TITLE_HEIGHT));
+        if (title.width() >= ENOUGH && title.height() > 0)
+            return position;
+    }
+    const QRect &first = screens.front();
+    QRect back(first.topLeft(), position.size().expandedTo(SmallestFrame(first.size())).boundedTo(first.size()));
+    back.moveCenter(first.center());
+    return back;
+}
+
+FrameState FrameState::Read(const Settings &settings)
+{
+    return {settings.Int("Frame", "maximized", 0) != 0, ParsePosition(settings.String("Frame", "position"))};
+}

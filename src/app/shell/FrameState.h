@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QList>
+#include <QRect>
+#include <QString>
+
+#include <optional>
+
+class Settings;
+
+/// What the settings remember of the main window. Positions are in pixels that don't depend on the screen's scale.
+struct FrameState
+{
+    bool maximized = false;
+    std::optional<QRect> position; ///< nothing when the key has fewer than four numbers
+
+    [[nodiscard]] static FrameState Read(const Settings &settings);
+};
+
+inline constexpr QSize SMALLEST_FRAME(500, 450);
+
+/// "left,top,right,bottom".
+[[nodiscard]] QString PositionText(const QRect &position);
+[[nodiscard]] std::optional<QRect> ParsePosition(const QString &text);
+
+/// "width,height"; the fallback when the text has no two numbers above 0.
+[[nodiscard]] QString SizeText(const QSize &size);
+[[nodiscard]] QSize ParseSize(const QString &text, const QSize &fallback);
+
+/// The smallest size of the window on a screen of that size.
+[[nodiscard]] QSize SmallestFrame(const QSize &screen);
+
+/// A stored position, moved and shrunk so that the window can be reached: when its title lies off all screens, onto the
+/// first one.
+[[nodiscard]] QRect BroughtBack(const QRect &position, const QList<QRect> &screens);

@@ -1,0 +1,24 @@
+#include "LivePipe.h"
+
+#include <QCoreApplication>
+
+void LivePipe::Write(QStringView text)
+{
+    pipe.Write(text);
+    Breathe();
+}
+
+void LivePipe::Flush()
+{
+    pipe.Flush();
+    Breathe();
+}
+
+void LivePipe::Breathe()
+{
+    constexpr qint64 BETWEEN_MS = 40;
+    if (last.isValid() && last.elapsed() < BETWEEN_MS)
+        return;
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
+    last.start();
+}

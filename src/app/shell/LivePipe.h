@@ -1,0 +1,26 @@
+#pragma once
+
+#include "CommandHandler.h"
+
+#include <QElapsedTimer>
+
+/// An IDE's pipe that lets the window draw itself while a command runs: at each text, but not more often than is of
+/// use.
+class LivePipe : public IReportPipe
+{
+public:
+    explicit LivePipe(IReportPipe &idePipe) : pipe(idePipe) {}
+
+    bool Open() override { return pipe.Open(); }
+    [[nodiscard]] bool IsOpen() const override { return pipe.IsOpen(); }
+    void Write(QStringView text) override;
+    void Flush() override;
+    void Close() override { pipe.Close(); }
+
+    /// Lets the window draw itself and answer the desktop, but takes no input and no other command.
+    void Breathe();
+
+private:
+    IReportPipe &pipe;
+    QElapsedTimer last;
+};

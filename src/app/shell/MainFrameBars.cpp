@@ -1,0 +1,158 @@
+// The bars of the main frame, and what is remembered of them.
+#include "CInfoPane.h"
+#include "CMainFrame.h"
+#include "CSizingControlBar.h"
+#include "Environment.h"
+#include "FrameState.h"
+#include "MenuTable.h"
+
+#include <QCloseEvent>
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QListWidget>
+#include <QScreen>
+#include <QStatusBar>
+#include <QToolBar>
+
+namespace
+{
+
+constexpr int TOOLBOX_NUMBER = 1;
+constexpr int OUTPUT_NUMBER = 2;
+constexpr QSize TOOLBOX_SIZE(150, 400);
+constexpr QSize OUTPUT_SIZE(400, 150);
+constexpr int DOCK_STATE_VERSION = 1;
+
+struct CommandIcon
+{
+    int command;
+    UiIcon icon;
+};
+constexpr CommandIcon COMMAND_ICONS[] = {
+    {CMD_OPEN, UiIcon::Open}, {CMD_SAVE, UiIcon::Save},     {CMD_UNDO, UiIcon::Undo},
+    {CMD_REDO, UiIcon::Redo}, {CMD_OUTPUT, UiIcon::Output}, {CMD_ABOUT, UiIcon::About},
+};
+
+} // namespace
+
+void CMainFrame::MakeToolBar()
+{
+    for (const auto &[command, icon] : COMMAND_ICONS)
+        actions[command]->setIcon(MakeIcon(icon));
+    toolBar = addToolBar(QStringLiteral("Standard"));
+    toolBar->setObjectName(QStringLiteral("Standard"));
+    toolBar->setAccessibleName(QStringLiteral("Tool bar"));
+    toolBar->setIconSize(QSize(16, 16));
+    for (const int command : ToolBarCommands())
+        command == 0 ? toolBar->addSeparator() : (toolBar->addAction(actions[command]), nullptr);
+    toolBar->toggleViewAction()->setVisible(false); // the View menu has it
+}
+
+void CMainFrame::MakeStatusBar()
+{
+    static constexpr const char *TEXTS[] = {"CAP", "NUM", "SCRL"};
+    static constexpr const char *NAMES[] = {"Caps Lock", "Num Lock", "Scroll Lock"};
+    for (int lock = 0; lock < KeyboardLocks::LOCKS; ++lock) {
+        auto *const label = new QLabel(QString::fromLatin1(TEXTS[lock]), statusBar());
+        label->setAccessibleName(QString::fromLatin1(NAMES[lock]));
+        label->setMinimumWidth(label->sizeHint().width() + 8);
+        label->setAlignment(Qt::AlignCenter);
+        statusBar()->addPermanentWidget(label);
+        indicators[lock] = label;
+    }
+}
+
+void CMainFrame::UpdateIndicators()
+{
+    static constexpr const char *TEXTS[] = {"CAP", "NUM", "SCRL"};
+    for (int lock = 0; lock < KeyboardLocks::LOCKS; ++lock) {
+        const bool isOn = locks.IsOn(KeyboardLocks::Lock(lock));
+        indicators[lock]->setText(isOn ? QString::fromLatin1(TEXTS[lock]) : QString());
+        indicators[lock]->setAccessibleDescription(isOn ? QStringLiteral("on") : QStringLiteral("off"));
+    }
+}
+
+void CMainFrame::MakeBars()
+{
+    const Settings &settings = env.settings;
+    toolboxBar = new CSizingControlBar(QStringLiteral("Toolbox"), TOOLBOX_NUMBER,
+                                       ParseSize(settings.String("Toolbox", "size", "150,400"), TOOLBOX_SIZE), this);
+    toolbox = new QListWidget(toolboxBar);
+    toolbox->setAccessibleName(QStringLiteral("Toolbox"));
+    toolboxBar->SetContent(toolbox);
+    toolboxBar->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
+    addDockWidget(Qt::LeftDockWidgetArea, toolboxBar);
+
+    outputBar = new CSizingControlBar(QStringLiteral("Output"), OUTPUT_NUMBER,
+                                      ParseSize(settings.String("Output", "size", "400,150"), OUTPUT_SIZE), this);
+    output = new CInfoPane(outputBar);
+    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    font.setPointSize(10);
+    output->setFont(font);
+    outputBar->SetContent(output);
+    addDockWidget(Qt::RightDockWidgetArea, outputBar);
+    for (CSizingControlBar *bar : {toolboxBar, outputBar}) {
+        bar->ReadSizes(settings);
+        bar->toggleViewAction()->setVisible(false); // the View menu has it
+    }
+}
+
+void CMainFrame::Restore()
+{
+    const FrameState state = FrameState::Read(env.settings);
+    QList<QRect> screens;
+    for (const QScreen *each : QGuiApplication::screens())
+        screens.append(each->availableGeometry());
+    if (state.position)
+        setGeometry(BroughtBack(*state.position, screens));
+    else
+        resize(QSize(1000, 700).boundedTo(screens.isEmpty() ? QSize(1000, 700) : screens.front().size()));
+    if (state.maximized)
+        setWindowState(Qt::WindowMaximized);
+
+    const QByteArray bars = QByteArray::fromBase64(env.settings.String("DockState", "state").toLatin1());
+    if (bars.isEmpty() || !restoreState(bars, DOCK_STATE_VERSION))
+        ShowOutput(true);
+    toolboxBar->hide(); // it belongs to layouts
+}
+
+void CMainFrame::StoreState()
+{
+    Settings &settings = env.settings;
+    const auto store = [&settings](const char *section, const char *key, const QString &value) {
+        if (settings.String(section, key) != value)
+            (void)settings.Write(QString::fromLatin1(section), QString::fromLatin1(key), value);
+    };
+    if (isMaximized()) {
+        store("Frame", "maximized", QStringLiteral("1"));
+    } else if (!isMinimized()) {
+        store("Frame", "maximized", QStringLiteral("0"));
+        store("Frame", "position", PositionText(geometry()));
+    }
+    for (const auto &[section, bar] : {std::pair("Toolbox", toolboxBar), {"Output", outputBar}}) {
+        const QSize size = bar->PreferredSize();
+        if (size.width() > 0 && size.height() > 0)
+            store(section, "size", SizeText(size));
+        bar->StoreSizes(settings);
+    }
+    store("DockState", "state", QString::fromLatin1(saveState(DOCK_STATE_VERSION).toBase64()));
+}
+
+void CMainFrame::ShowOutput(bool show)
+{
+    outputBar->setVisible(show);
+    if (show)
+        output->GoToEnd();
+}
+
+void CMainFrame::WriteOutput(QStringView text)
+{
+    if (!outputBar->isHidden())
+        output->Append(text);
+}
+
+void CMainFrame::WriteLine(const QString &text)
+{
+    WriteOutput(text + QStringLiteral("\r\n"));
+}

@@ -1,0 +1,68 @@
+#include "SingleInstance.h"
+
+#include "LocalSocket.h"
+#include "RuntimeFolder.h"
+
+#include <QDeadlineTimer>
+#include <QtEndian>
+
+#include <array>
+#include <cerrno>
+#include <poll.h>
+
+namespace
+{
+
+FirstInstance Hangs(QString &error)
+{
+    error =
+        QStringLiteral("Morvanite is running, but its window doesn't answer. Close it, or end its process, and start "
+                       "Morvanite again.");
+    return FirstInstance::NoAnswer;
+}
+
+/// A connection that waits neither for room in the other end's queue nor for anything else.
+int Connect(const FileHandle &socket, const QByteArray &path, const QDeadlineTimer &deadline)
+{
+    int failure = ConnectSocket(socket, path);
+    while (failure == EAGAIN && !deadline.hasExpired()) {
+        (void)poll(nullptr, 0, 50);
+        failure = ConnectSocket(socket, path);
+    }
+    return failure;
+}
+
+} // namespace
+
+FirstInstance ShowFirstInstance(int milliseconds, QString &error)
+{
+    const QDeadlineTimer deadline(milliseconds);
+    const QByteArray path = SocketPath(WINDOW_SOCKET, error);
+    if (path.isEmpty())
+        return FirstInstance::NoAnswer;
+    const FileHandle window = MakeSocket(SOCK_NONBLOCK);
+    if (const int failure = Connect(window, path, deadline); failure == EAGAIN)
+        return Hangs(error);
+    else if (failure != 0)
+        return FirstInstance::None;
+
+    std::array<char, 8> message{};
+    qToLittleEndian<quint32>(COMMAND_SHOW, message.data());
+    if (!SendAll(window.Get(), message.data(), message.size()))
+        return FirstInstance::None; // it went away
+    std::array<char, 4> answer{};
+    size_t received = 0;
+    while (received < answer.size()) {
+        pollfd waits{window.Get(), POLLIN, 0};
+        const int count = poll(&waits, 1, int(qMax<qint64>(deadline.remainingTime(), 0)));
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            return Hangs(error);
+        const ssize_t size = recv(window.Get(), answer.data() + received, answer.size() - received, 0);
+        if (size == 0 || (size < 0 && errno != EAGAIN && errno != EINTR))
+            return FirstInstance::None;
+        received += size > 0 ? size_t(size) : 0;
+    }
+    return FirstInstance::Shown;
+}

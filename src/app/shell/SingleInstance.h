@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+/// The command by which a second start has the window come to the front; its record is empty.
+inline constexpr quint32 COMMAND_SHOW = 0xAFBDDB00;
+
+/// What became of asking a running window to show itself.
+enum class FirstInstance
+{
+    None,     ///< nobody runs: go on
+    Shown,    ///< it came to the front: end
+    NoAnswer, ///< somebody holds the window's place and doesn't answer: end with `error`
+};
+
+/// Looks for a window that runs already and brings it to the front. Takes no more than `milliseconds`.
+[[nodiscard]] FirstInstance ShowFirstInstance(int milliseconds, QString &error);

@@ -1,0 +1,93 @@
+#include "CDefaultView.h"
+
+#include "Commands.h"
+
+#include <QContextMenuEvent>
+
+CDefaultView::CDefaultView(CResDoc &projectDocument, CProjView &projectTree, IViewHost &viewHost)
+    : document(projectDocument), tree(projectTree), host(viewHost)
+{
+    setViewMode(QListView::IconMode);
+    setIconSize(QSize(32, 32));
+    setGridSize(QSize(96, 72));
+    setMovement(QListView::Static);
+    setResizeMode(QListView::Adjust);
+    setWordWrap(true);
+    setTextElideMode(Qt::ElideMiddle);
+    setAccessibleName(QStringLiteral("Contents"));
+    const auto enter = [this](const QListWidgetItem *row) {
+        if (QTreeWidgetItem *item = TreeItemOf(row))
+            tree.setCurrentItem(item);
+    };
+    connect(this, &QListWidget::itemDoubleClicked, this, enter);
+    connect(this, &QListWidget::itemActivated, this, enter);
+    document.AddView(this);
+}
+
+CDefaultView::~CDefaultView()
+{
+    document.RemoveView(this);
+}
+
+QTreeWidgetItem *CDefaultView::TreeItemOf(const QListWidgetItem *row) const
+{
+    return row ? tree.ItemOf(static_cast<const CResFolder *>(row->data(Qt::UserRole).value<void *>())) : nullptr;
+}
+
+QListWidgetItem *CDefaultView::SelectedRow() const
+{
+    const QList<QListWidgetItem *> selected = selectedItems();
+    return selected.isEmpty() ? nullptr : selected.front();
+}
+
+void CDefaultView::OnUpdate(CView *, long, CView *target)
+{
+    if ((!target || target == this) && isVisible())
+        Fill();
+}
+
+void CDefaultView::showEvent(QShowEvent *event)
+{
+    QListWidget::showEvent(event);
+    Fill();
+}
+
+void CDefaultView::Fill()
+{
+    clear();
+    const QTreeWidgetItem *const shown = tree.currentItem();
+    for (int i = 0; shown && i < shown->childCount(); ++i) {
+        const QTreeWidgetItem *const child = shown->child(i);
+        auto *const row = new QListWidgetItem(child->icon(0), child->text(0), this);
+        row->setData(Qt::UserRole, child->data(0, Qt::UserRole));
+    }
+}
+
+std::optional<CommandState> CDefaultView::StateOf(int command) const
+{
+    switch (command) {
+    case CMD_CLEAR:
+    case CMD_RESOLUTION:
+        return tree.StateOf(command);
+    default:
+        return std::nullopt;
+    }
+}
+
+void CDefaultView::Run(int command)
+{
+    tree.SetContextFolder(CProjView::FolderOf(TreeItemOf(SelectedRow())));
+    tree.Run(command);
+}
+
+void CDefaultView::contextMenuEvent(QContextMenuEvent *event)
+{
+    const bool isFromKeyboard = event->reason() == QContextMenuEvent::Keyboard;
+    const QListWidgetItem *const row = SelectedRow();
+    QTreeWidgetItem *const item = row ? TreeItemOf(row) : tree.currentItem();
+    QPoint place = event->globalPos();
+    if (isFromKeyboard)
+        place = viewport()->mapToGlobal(row ? visualItemRect(row).center() : QPoint());
+    if (item)
+        tree.OpenContextMenu(item, place);
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "CProjView.h"
+
+#include <QListWidget>
+
+/// The children of the selected folder as large icons, for a folder that has no view of its own. Leads into them.
+class CDefaultView : public QListWidget, public CView, public ICommandTarget
+{
+public:
+    CDefaultView(CResDoc &projectDocument, CProjView &projectTree, IViewHost &viewHost);
+    ~CDefaultView() override;
+
+    void OnUpdate(CView *sender, long hint, CView *target) override;
+    [[nodiscard]] std::optional<CommandState> StateOf(int command) const override;
+    void Run(int command) override;
+
+protected:
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void Fill();
+    [[nodiscard]] QTreeWidgetItem *TreeItemOf(const QListWidgetItem *row) const;
+    /// The row that is selected, or null.
+    [[nodiscard]] QListWidgetItem *SelectedRow() const;
+
+    CResDoc &document;
+    CProjView &tree;
+    IViewHost &host;
+};

@@ -1,0 +1,238 @@
+#include "CProjView.h"
+
+#include "Commands.h"
+#include "EditCommands.h"
+#include "ProjectTree.h"
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScopedValueRollback>
+#include <QStyledItemDelegate>
+
+#include <span>
+
+/// Edits labels in place.
+class CProjView::LabelDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &, const QModelIndex &) const override
+    {
+        auto *const edit = new QLineEdit(parent);
+        edit->setMaxLength(LONGEST_LABEL);
+        return edit;
+    }
+};
+
+CProjView::CProjView(CResDoc &projectDocument, IViewHost &viewHost) : document(projectDocument), host(viewHost)
+{
+    setHeaderHidden(true);
+    setColumnCount(1);
+    setAccessibleName(QStringLiteral("Project"));
+    setIconSize(QSize(16, 16));
+    setEditTriggers(QAbstractItemView::SelectedClicked);
+    setItemDelegate(new LabelDelegate(this));
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header()->setStretchLastSection(false);
+    connect(this, &QTreeWidget::currentItemChanged, this, [this] { SelectionChanged(); });
+    connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem *item) { LabelEdited(item); });
+    document.AddView(this);
+}
+
+CProjView::~CProjView()
+{
+    document.RemoveView(this);
+}
+
+CResFolder *CProjView::FolderOf(const QTreeWidgetItem *item)
+{
+    return item ? static_cast<CResFolder *>(item->data(0, Qt::UserRole).value<void *>()) : nullptr;
+}
+
+QTreeWidgetItem *CProjView::ItemOf(const CResFolder *folder) const
+{
+    for (QTreeWidgetItemIterator item(const_cast<CProjView *>(this)); *item; ++item) {
+        if (FolderOf(*item) == folder)
+            return *item;
+    }
+    return nullptr;
+}
+
+void CProjView::OnUpdate(CView *sender, long, CView *target)
+{
+    if ((!target || target == this) && sender != this && isVisible())
+        Fill();
+}
+
+/// What changed while the tree was out of sight shows now.
+void CProjView::showEvent(QShowEvent *event)
+{
+    QTreeWidget::showEvent(event);
+    if (!event->spontaneous())
+        Fill();
+}
+
+void CProjView::Fill()
+{
+    CResFolder *const selected = selectedFolder;
+    {
+        const QScopedValueRollback filling(isFilling, true);
+        setUpdatesEnabled(false);
+        clear();
+        contextFolder = nullptr;
+        Insert(invisibleRootItem(), document.root);
+        setUpdatesEnabled(true);
+    }
+    QTreeWidgetItem *const item = selected ? ItemOf(selected) : nullptr;
+    setCurrentItem(item ? item : topLevelItem(0));
+}
+
+void CProjView::Insert(QTreeWidgetItem *parent, CResFolder &folder)
+{
+    if (!IsShown(folder))
+        return;
+    auto *const item = new QTreeWidgetItem(parent);
+    item->setText(0, &folder == &document.root ? document.name : folder.title);
+    item->setIcon(0, MakeIcon(IconOf(folder)));
+    item->setData(0, Qt::UserRole, QVariant::fromValue(static_cast<void *>(&folder)));
+    if (CanEditLabel(&folder))
+        item->setFlags(item->flags() | Qt::ItemIsEditable);
+    for (const auto &subfolder : folder.subfolders)
+        Insert(item, *subfolder);
+    item->setExpanded(true);
+}
+
+void CProjView::SelectionChanged()
+{
+    if (isFilling)
+        return;
+    selectedFolder = FolderOf(currentItem());
+    host.ShowPane(selectedFolder ? EntryOf(selectedFolder->kind).pane : Pane::Default);
+    UpdatePanes();
+}
+
+/// Has all other views take up what is selected, or what has changed here.
+void CProjView::UpdatePanes()
+{
+    document.UpdateAllViews(this);
+}
+
+void CProjView::LabelEdited(QTreeWidgetItem *item)
+{
+    CResFolder *const folder = FolderOf(item);
+    if (isFilling || !folder || item->text(0) == folder->title || !CanEditLabel(folder))
+        return;
+    const LabelEdit edit = EndLabelEdit(document, *folder, item->text(0));
+    {
+        const QScopedValueRollback filling(isFilling, true);
+        item->setText(0, folder->title);
+    }
+    if (!edit.message.isEmpty())
+        host.ShowMessage(edit.message);
+    else if (!edit.label.isEmpty())
+        UpdatePanes();
+}
+
+std::optional<CommandState> CProjView::StateOf(int command) const
+{
+    const CResFolder *folder = TargetFolder();
+    switch (command) {
+    case CMD_CLEAR:
+        return CommandState{folder != nullptr};
+    case CMD_RENAME:
+        return CommandState{CanEditLabel(folder)};
+    default:
+        return std::nullopt;
+    }
+}
+
+void CProjView::Run(int command)
+{
+    CResFolder *const folder = TargetFolder();
+    contextFolder = nullptr;
+    if (!folder)
+        return;
+    if (command == CMD_CLEAR)
+        Clear(*folder);
+    else if (command == CMD_RENAME)
+        editItem(ItemOf(folder));
+}
+
+void CProjView::Clear(CResFolder &folder)
+{
+    if (!host.AskYesNo(ClearQuestion(folder)))
+        return;
+    CResModel::ClearByKind(folder);
+    document.UpdateAllViews(nullptr);
+}
+
+void CProjView::contextMenuEvent(QContextMenuEvent *event)
+{
+    const bool isFromKeyboard = event->reason() == QContextMenuEvent::Keyboard;
+    QTreeWidgetItem *item = isFromKeyboard ? currentItem() : itemAt(event->pos());
+    if (!item)
+        item = topLevelItem(0);
+    if (item)
+        OpenContextMenu(item,
+                        isFromKeyboard ? viewport()->mapToGlobal(visualItemRect(item).center()) : event->globalPos());
+}
+
+namespace
+{
+
+struct ContextEntry
+{
+    int command; // 0: a line
+    const char *text = "";
+};
+
+constexpr ContextEntry LINE{0};
+constexpr ContextEntry SAVE{CMD_SAVE, "&Save\tCtrl+S"};
+constexpr ContextEntry CLEAR{CMD_CLEAR, "Clea&r"};
+
+constexpr ContextEntry ROOT_MENU[] = {SAVE, LINE, {CMD_RESOLUTION, "&Resolution..."}, LINE, CLEAR};
+constexpr ContextEntry LEAF_MENU[] = {SAVE, LINE, CLEAR};
+constexpr ContextEntry LAYOUT_RESOLUTION_MENU[] = {{CMD_NEW_LAYOUT, "&New"}, SAVE, LINE, CLEAR};
+constexpr ContextEntry LAYOUT_MENU[] = {{CMD_RENAME, "Re&name\tF2"}, SAVE, LINE, {CMD_DELETE, "&Delete\tDel"}};
+constexpr ContextEntry COMPONENT_IMAGES_MENU[] = {SAVE, LINE, {CMD_FILTER, "&Filter..."}, LINE, CLEAR};
+
+std::span<const ContextEntry> EntriesOf(TreeMenu menu)
+{
+    switch (menu) {
+    case TreeMenu::Root:
+        return ROOT_MENU;
+    case TreeMenu::Leaf:
+        return LEAF_MENU;
+    case TreeMenu::LayoutResolution:
+        return LAYOUT_RESOLUTION_MENU;
+    case TreeMenu::Layout:
+        return LAYOUT_MENU;
+    case TreeMenu::ComponentImages:
+        return COMPONENT_IMAGES_MENU;
+    case TreeMenu::None:
+        break;
+    }
+    return {};
+}
+
+} // namespace
+
+void CProjView::OpenContextMenu(QTreeWidgetItem *item, const QPoint &globalPlace)
+{
+    contextFolder = FolderOf(item);
+    QMenu menu(this);
+    for (const ContextEntry &entry : EntriesOf(contextFolder ? EntryOf(contextFolder->kind).menu : TreeMenu::None)) {
+        if (entry.command == 0) {
+            menu.addSeparator();
+            continue;
+        }
+        QAction *const action = menu.addAction(QString::fromLatin1(entry.text), this,
+                                               [this, command = entry.command] { host.RunCommand(command); });
+        action->setEnabled(host.IsEnabled(entry.command));
+    }
+    if (!menu.isEmpty())
+        menu.exec(globalPlace);
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "CResDoc.h"
+#include "CommandTarget.h"
+#include "FolderKinds.h"
+#include "ViewHost.h"
+
+#include <QTreeWidget>
+
+/// The project tree, left in a project's window: the folders in use, whose selection decides what stands right of it.
+class CProjView : public QTreeWidget, public IProjView, public ICommandTarget
+{
+public:
+    CProjView(CResDoc &projectDocument, IViewHost &viewHost);
+    ~CProjView() override;
+
+    [[nodiscard]] CResFolder *SelectedFolder() const override { return selectedFolder; }
+    void OnUpdate(CView *sender, long hint, CView *target) override;
+
+    [[nodiscard]] std::optional<CommandState> StateOf(int command) const override;
+    void Run(int command) override;
+
+    /// The folder of a row.
+    [[nodiscard]] static CResFolder *FolderOf(const QTreeWidgetItem *item);
+    /// The row of a folder, searched depth first; null when it has none.
+    [[nodiscard]] QTreeWidgetItem *ItemOf(const CResFolder *folder) const;
+    /// Opens the menu of a row's folder, which commands act on until one has run or another row's menu opens.
+    void OpenContextMenu(QTreeWidgetItem *item, const QPoint &globalPlace);
+    /// Makes the commands to come act on that folder; null: on the selected one.
+    void SetContextFolder(CResFolder *folder) { contextFolder = folder; }
+
+protected:
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    class LabelDelegate;
+
+    void Fill();
+    void Insert(QTreeWidgetItem *parent, CResFolder &folder);
+    void SelectionChanged();
+    void LabelEdited(QTreeWidgetItem *item);
+    void Clear(CResFolder &folder);
+    [[nodiscard]] CResFolder *TargetFolder() const { return contextFolder ? contextFolder : selectedFolder; }
+    void UpdatePanes();
+
+    CResDoc &document;
+    IViewHost &host;
+    CResFolder *contextFolder = nullptr;
+    CResFolder *selectedFolder = nullptr;
+    bool isFilling = false;
+};

@@ -1,0 +1,305 @@
+#include "UiIcons.h"
+
+#include <QGuiApplication>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPalette>
+
+#include <array>
+
+namespace
+{
+
+// Colours that stand out on white and on dark grey alike.
+const QColor BLUE(0x3B, 0x82, 0xD8);
+const QColor GREEN(0x3A, 0xA6, 0x6B);
+const QColor ORANGE(0xE0, 0x8A, 0x2C);
+const QColor RED(0xD6, 0x55, 0x50);
+const QColor PURPLE(0x92, 0x6B, 0xD6);
+const QColor YELLOW(0xEB, 0xB5, 0x3C);
+const QColor PAPER(0xF7, 0xF9, 0xFB);
+const QColor GREY(0x8A, 0x94, 0x9E);
+
+/// Draws in a square of sixteen by sixteen.
+class Canvas
+{
+public:
+    explicit Canvas(QPainter &target) : painter(target) {}
+
+    void Fill(const QRectF &rect, const QColor &color, qreal radius = 1)
+    {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(color);
+        painter.drawRoundedRect(rect, radius, radius);
+    }
+    void Frame(const QRectF &rect, const QColor &color, const QColor &inside, qreal radius = 1)
+    {
+        painter.setPen(QPen(color, 1));
+        painter.setBrush(inside);
+        painter.drawRoundedRect(rect, radius, radius);
+    }
+    void Shape(std::initializer_list<QPointF> points, const QColor &color)
+    {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(color);
+        painter.drawPolygon(QPolygonF(QList<QPointF>(points)));
+    }
+    void Line(std::initializer_list<QPointF> points, const QColor &color, qreal width)
+    {
+        painter.setPen(QPen(color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawPolyline(QPolygonF(QList<QPointF>(points)));
+    }
+    void Disc(const QPointF &center, qreal radius, const QColor &color)
+    {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(color);
+        painter.drawEllipse(center, radius, radius);
+    }
+    void Arc(const QRectF &rect, int fromDegrees, int spanDegrees, const QColor &color, qreal width)
+    {
+        painter.setPen(QPen(color, width, Qt::SolidLine, Qt::RoundCap));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawArc(rect, fromDegrees * 16, spanDegrees * 16);
+    }
+    void Path(const QPainterPath &path, const QColor &color)
+    {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(color);
+        painter.drawPath(path);
+    }
+
+private:
+    QPainter &painter;
+};
+
+void DrawPage(Canvas &canvas, const QColor &edge)
+{
+    canvas.Frame({3.5, 1.5, 9, 13}, edge, PAPER);
+}
+
+void DrawFiles(Canvas &canvas)
+{
+    canvas.Fill({1, 3, 6, 4}, YELLOW.darker(115));
+    canvas.Fill({1, 4.5, 14, 9.5}, YELLOW);
+    canvas.Fill({1, 6.5, 14, 7.5}, YELLOW.lighter(115));
+}
+
+void DrawAudio(Canvas &canvas)
+{
+    canvas.Line({{6, 11.5}, {6, 3}, {13, 2}, {13, 10}}, PURPLE, 1.6);
+    canvas.Disc({4.3, 12}, 2.2, PURPLE);
+    canvas.Disc({11.3, 10.6}, 2.2, PURPLE);
+}
+
+void DrawVideo(Canvas &canvas)
+{
+    canvas.Fill({1, 2.5, 14, 11}, RED);
+    for (const qreal x : {2.0, 6.0, 10.0}) {
+        canvas.Fill({x + 0.5, 3.5, 2.5, 1.5}, PAPER, 0.4);
+        canvas.Fill({x + 0.5, 11, 2.5, 1.5}, PAPER, 0.4);
+    }
+    canvas.Shape({{6.3, 5.8}, {6.3, 10.2}, {10.4, 8}}, PAPER);
+}
+
+void DrawBinary(Canvas &canvas)
+{
+    DrawPage(canvas, GREY);
+    for (const qreal y : {4.0, 7.0, 10.0}) {
+        canvas.Frame({5.5, y + 0.2, 1.6, 2}, BLUE, Qt::transparent, 0.8);
+        canvas.Line({{9.8, y + 0.2}, {9.8, y + 2.2}}, BLUE, 1);
+    }
+}
+
+void DrawImages(Canvas &canvas)
+{
+    canvas.Frame({1.5, 2.5, 13, 11}, GREEN.darker(120), QColor(0xD6, 0xEC, 0xFA));
+    canvas.Disc({5, 6}, 1.5, YELLOW);
+    canvas.Shape({{2, 13}, {6.5, 8}, {9, 10.5}, {11, 8.5}, {14, 12}, {14, 13}}, GREEN);
+}
+
+void DrawScreen(Canvas &canvas, const QColor &edge)
+{
+    canvas.Fill({3, 1, 10, 14}, edge, 1.6);
+    canvas.Fill({4.2, 2.6, 7.6, 9.4}, QColor(0xD6, 0xEC, 0xFA), 0.4);
+    canvas.Disc({8, 13.4}, 0.8, PAPER);
+}
+
+void DrawDefaultResolution(Canvas &canvas)
+{
+    DrawScreen(canvas, GREY);
+    canvas.Line({{6, 7.3}, {7.4, 8.8}, {10, 5.6}}, GREEN, 1.4);
+}
+
+void DrawComponentImages(Canvas &canvas)
+{
+    canvas.Frame({1.5, 1.5, 8, 8}, GREEN.darker(120), QColor(0xD6, 0xEC, 0xFA));
+    canvas.Fill({6, 6, 9, 9}, ORANGE, 1.4);
+    canvas.Disc({10.5, 10.5}, 2.2, PAPER);
+}
+
+void DrawStrings(Canvas &canvas)
+{
+    canvas.Frame({1.5, 2.5, 13, 9}, BLUE, PAPER, 2);
+    canvas.Shape({{4, 11}, {4, 15}, {8, 11}}, BLUE);
+    canvas.Line({{4.5, 5.5}, {11.5, 5.5}}, BLUE, 1.2);
+    canvas.Line({{4.5, 8.5}, {9, 8.5}}, BLUE, 1.2);
+}
+
+void DrawLayouts(Canvas &canvas)
+{
+    canvas.Frame({1.5, 1.5, 13, 13}, PURPLE, PAPER);
+    canvas.Fill({3, 3, 10, 2.6}, PURPLE, 0.5);
+    canvas.Fill({3, 7, 4, 6}, PURPLE.lighter(135), 0.5);
+    canvas.Fill({8.4, 7, 4.6, 2.4}, PURPLE.lighter(135), 0.5);
+    canvas.Fill({8.4, 10.6, 4.6, 2.4}, PURPLE.lighter(135), 0.5);
+}
+
+void DrawProject(Canvas &canvas)
+{
+    canvas.Shape({{8, 1}, {15, 4.4}, {8, 7.8}, {1, 4.4}}, BLUE.lighter(130));
+    canvas.Shape({{1, 5.2}, {7.6, 8.4}, {7.6, 15}, {1, 11.8}}, BLUE);
+    canvas.Shape({{15, 5.2}, {8.4, 8.4}, {8.4, 15}, {15, 11.8}}, BLUE.darker(125));
+}
+
+void DrawOpen(Canvas &canvas)
+{
+    canvas.Fill({1, 3, 6, 4}, YELLOW.darker(115));
+    canvas.Fill({1, 4.5, 12.5, 9.5}, YELLOW.darker(115));
+    canvas.Shape({{3.6, 7.2}, {15.6, 7.2}, {13.2, 14}, {1, 14}}, YELLOW.lighter(112));
+}
+
+void DrawSave(Canvas &canvas)
+{
+    canvas.Fill({1.5, 1.5, 13, 13}, BLUE, 1.2);
+    canvas.Fill({4, 1.5, 7.5, 4.6}, PAPER, 0.4);
+    canvas.Fill({8.6, 2.2, 1.8, 3}, BLUE, 0.3);
+    canvas.Fill({3.6, 8.2, 8.8, 6.3}, PAPER, 0.4);
+}
+
+void DrawTurn(Canvas &canvas, const QColor &color)
+{
+    canvas.Arc({3.5, 4.5, 9, 9}, -60, 190, color, 2);
+    canvas.Shape({{1, 7.6}, {6.6, 7.6}, {3.4, 12}}, color);
+}
+
+void DrawOutput(Canvas &canvas)
+{
+    canvas.Frame({1.5, 2.5, 13, 11}, GREY, PAPER);
+    canvas.Fill({1.5, 2.5, 13, 2.6}, GREY, 0.8);
+    canvas.Line({{4, 7.2}, {6, 8.7}, {4, 10.2}}, GREEN, 1.2);
+    canvas.Line({{7.6, 11}, {11.6, 11}}, GREEN, 1.2);
+}
+
+void DrawAbout(Canvas &canvas)
+{
+    canvas.Disc({8, 8}, 6.8, BLUE);
+    canvas.Disc({8, 4.7}, 1.15, PAPER);
+    canvas.Fill({7, 6.8, 2, 5.4}, PAPER, 0.8);
+}
+
+/// An M of two peaks in a chip with its pins.
+void DrawApplication(Canvas &canvas)
+{
+    for (const qreal at : {4.0, 7.2, 10.4}) {
+        canvas.Fill({at, 0.4, 1.6, 15.2}, GREY, 0.5);
+        canvas.Fill({0.4, at, 15.2, 1.6}, GREY, 0.5);
+    }
+    canvas.Fill({2, 2, 12, 12}, QColor(0x24, 0x5C, 0xA8), 2);
+    canvas.Line({{4.4, 11.4}, {4.4, 5}, {8, 9.4}, {11.6, 5}, {11.6, 11.4}}, PAPER, 1.7);
+}
+
+void Draw(UiIcon icon, QPainter &painter)
+{
+    Canvas canvas(painter);
+    switch (icon) {
+    case UiIcon::None:
+        return;
+    case UiIcon::Files:
+        return DrawFiles(canvas);
+    case UiIcon::Audio:
+        return DrawAudio(canvas);
+    case UiIcon::Video:
+        return DrawVideo(canvas);
+    case UiIcon::Binary:
+        return DrawBinary(canvas);
+    case UiIcon::Images:
+        return DrawImages(canvas);
+    case UiIcon::Resolution:
+        return DrawScreen(canvas, BLUE);
+    case UiIcon::DefaultResolution:
+        return DrawDefaultResolution(canvas);
+    case UiIcon::ComponentImages:
+        return DrawComponentImages(canvas);
+    case UiIcon::Strings:
+        return DrawStrings(canvas);
+    case UiIcon::Layouts:
+        return DrawLayouts(canvas);
+    case UiIcon::Project:
+        return DrawProject(canvas);
+    case UiIcon::Open:
+        return DrawOpen(canvas);
+    case UiIcon::Save:
+        return DrawSave(canvas);
+    case UiIcon::Undo:
+        return DrawTurn(canvas, BLUE);
+    case UiIcon::Redo:
+        painter.translate(16, 0);
+        painter.scale(-1, 1);
+        return DrawTurn(canvas, BLUE);
+    case UiIcon::Output:
+        return DrawOutput(canvas);
+    case UiIcon::About:
+        return DrawAbout(canvas);
+    case UiIcon::Application:
+        return DrawApplication(canvas);
+    }
+}
+
+class VectorEngine : public QIconEngine
+{
+public:
+    explicit VectorEngine(UiIcon which) : icon(which) {}
+
+    void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State) override
+    {
+        const int side = qMin(rect.width(), rect.height());
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->translate(rect.x() + (rect.width() - side) / 2, rect.y() + (rect.height() - side) / 2);
+        painter->scale(side / 16.0, side / 16.0);
+        if (mode == QIcon::Disabled)
+            painter->setOpacity(0.35);
+        Draw(icon, *painter);
+        painter->restore();
+    }
+
+    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override
+    {
+        QPixmap made(size);
+        made.fill(Qt::transparent);
+        QPainter painter(&made);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        return made;
+    }
+
+    QPixmap scaledPixmap(const QSize &size, QIcon::Mode mode, QIcon::State state, qreal) override
+    {
+        return pixmap(size, mode, state);
+    }
+
+    bool isNull() override { return icon == UiIcon::None; }
+
+    [[nodiscard]] QIconEngine *clone() const override { return new VectorEngine(icon); }
+
+private:
+    UiIcon icon;
+};
+
+} // namespace
+
+QIcon MakeIcon(UiIcon icon)
+{
+    return icon == UiIcon::None ? QIcon() : QIcon(new VectorEngine(icon));
+}

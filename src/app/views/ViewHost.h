@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+enum class Pane;
+
+/// What views ask of the window they stand in.
+class IViewHost
+{
+public:
+    /// Asks a question that Yes or No answers; No is the default.
+    [[nodiscard]] virtual bool AskYesNo(const QString &question) = 0;
+    virtual void ShowMessage(const QString &text) = 0;
+    /// Puts a pane right of the project tree.
+    virtual void ShowPane(Pane pane) = 0;
+    /// Carries out a command as the menu does.
+    virtual void RunCommand(int command) = 0;
+    /// Says whether the command is enabled, as the menu shows it.
+    [[nodiscard]] virtual bool IsEnabled(int command) const = 0;
+
+protected:
+    ~IViewHost() = default;
+};
