@@ -95,7 +95,7 @@ void CProjView::Insert(QTreeWidgetItem *parent, CResFolder &folder)
     if (!IsShown(folder))
         return;
     auto *const item = new QTreeWidgetItem(parent);
-    item->setText(0, &folder == &document.root ? document.name : folder.title);
+    item->setText(0, LabelOf(folder, document));
     item->setIcon(0, MakeIcon(IconOf(folder)));
     item->setData(0, Qt::UserRole, QVariant::fromValue(static_cast<void *>(&folder)));
     if (CanEditLabel(&folder))
@@ -163,7 +163,7 @@ void CProjView::Run(int command)
 
 void CProjView::Clear(CResFolder &folder)
 {
-    if (!host.AskYesNo(ClearQuestion(folder)))
+    if (!host.AskYesNo(ClearQuestion(LabelOf(folder, document))))
         return;
     CResModel::ClearByKind(folder);
     document.UpdateAllViews(nullptr);

@@ -4,9 +4,14 @@
 #include "IdNames.h"
 #include "ResModel.h"
 
-QString ClearQuestion(const CResFolder &folder)
+QString LabelOf(const CResFolder &folder, const CResModel &document)
 {
-    return QStringLiteral("All resources of \"%1\" will be deleted. Continue?").arg(folder.title);
+    return &folder == &document.root ? document.name : folder.title;
+}
+
+QString ClearQuestion(const QString &label)
+{
+    return QStringLiteral("All resources of \"%1\" will be deleted. Continue?").arg(label);
 }
 
 bool CanEditLabel(const CResFolder *folder)

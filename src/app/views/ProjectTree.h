@@ -2,13 +2,15 @@
 
 #include "ResFolder.h"
 
-class CResDoc;
 class CResModel;
 
 // What the project tree decides, without a window.
 
+/// What a folder is called: its title, and for the root, which has none, the project's name.
+[[nodiscard]] QString LabelOf(const CResFolder &folder, const CResModel &document);
+
 /// The question before a folder is emptied.
-[[nodiscard]] QString ClearQuestion(const CResFolder &folder);
+[[nodiscard]] QString ClearQuestion(const QString &label);
 
 /// Says whether a folder's label may be edited: a layout's alone.
 [[nodiscard]] bool CanEditLabel(const CResFolder *folder);

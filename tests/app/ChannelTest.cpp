@@ -1,0 +1,108 @@
+#include "CommandClient.h"
+#include "CommandRecord.h"
+#include "LocalSocket.h"
+#include "RuntimeFolder.h"
+#include "SingleInstance.h"
+#include "TestWindow.h"
+
+#include <QElapsedTimer>
+#include <QStatusBar>
+
+#include <thread>
+
+namespace
+{
+
+/// Sends a command as an IDE does, while the window's events go on; the report.
+std::string Send(quint32 command, const QByteArray &record)
+{
+    QString report, error;
+    std::atomic<bool> isOver = false;
+    std::thread ide([&] {
+        (void)CommandClient::Run(
+            command, record, [&](QStringView text) { report += text; }, error);
+        isOver = true;
+    });
+    EXPECT_TRUE(TestWindow::WaitFor([&] { return isOver.load(); }));
+    ide.join();
+    return (report + error).toStdString();
+}
+
+QByteArray RecordOf(const QString &path)
+{
+    QString error;
+    return BuildRecord(CommandRecord{path}, error).value();
+}
+
+} // namespace
+
+TEST(Channel, AnIdesCommandsRunInTheWindowWithoutBoxesAndWithNothingInThePane)
+{
+    TestWindow window;
+    window.MakeProject("bad", "<APP>");
+    window.Start();
+    EXPECT_THAT(Send(COMMAND_LOAD, RecordOf(window.Project())), testing::EndsWith("\r\n\r\nload done\r\n"));
+    ASSERT_NE(window.Frame().ActiveChild(), nullptr);
+    EXPECT_EQ(window.OutputText(), "");
+    window.Document().SetModifiedFlag(true);
+    EXPECT_THAT(Send(COMMAND_SAVE, RecordOf(window.Project())), testing::EndsWith("\r\n\r\nsave done\r\n"));
+    EXPECT_FALSE(window.Document().IsModified());
+    EXPECT_THAT(Send(COMMAND_LOAD, RecordOf(window.Project("bad"))), testing::EndsWith("\r\n### error 110 ###\r\n"));
+    EXPECT_EQ(window.boxes, QStringList());
+    EXPECT_EQ(window.Frame().statusBar()->currentMessage(), QString());
+
+    {
+        QString said;
+        const CMainFrame::Busy busy(window.Frame(), COMMAND_PACK);
+        EXPECT_TRUE(window.Frame().statusBar()->currentMessage().contains(u"packing"_s));
+        window.Picture("busy");
+        EXPECT_FALSE(window.Frame().close()) << "not while a command runs";
+    }
+    EXPECT_TRUE(window.Frame().close());
+}
+
+TEST(Channel, ACommandWaitsWhileABoxIsOpen)
+{
+    TestWindow window;
+    window.Start();
+    std::atomic<bool> isOver = false;
+    QString error;
+    std::thread ide;
+    QTimer::singleShot(50, [&] {
+        ide = std::thread([&] {
+            (void)CommandClient::Run(COMMAND_LOAD, RecordOf(window.Project()), {}, error);
+            isOver = true;
+        });
+    });
+    QTimer::singleShot(400, [&] {
+        EXPECT_FALSE(isOver.load());
+        QApplication::activeModalWidget()->close();
+    });
+    window.Frame().MessageBox(u"wait"_s);
+    EXPECT_TRUE(TestWindow::WaitFor([&] { return isOver.load(); }));
+    ide.join();
+    EXPECT_NE(window.Frame().ActiveChild(), nullptr);
+}
+
+TEST(SingleInstance, ASecondStartBringsTheFirstToTheFrontAndOneThatHangsIsToldOf)
+{
+    TestWindow window;
+    QString error;
+    EXPECT_EQ(ShowFirstInstance(1000, error), FirstInstance::None);
+    window.Start();
+    window.Frame().showMinimized();
+    std::atomic<bool> isOver = false;
+    std::thread second([&] {
+        EXPECT_EQ(ShowFirstInstance(5000, error), FirstInstance::Shown);
+        isOver = true;
+    });
+    EXPECT_TRUE(TestWindow::WaitFor([&] { return isOver.load(); }));
+    second.join();
+    EXPECT_FALSE(window.Frame().isMinimized());
+    EXPECT_EQ(ShowFirstInstance(200, error), FirstInstance::NoAnswer) << "its events don't run here";
+    EXPECT_TRUE(error.contains(u"doesn't answer"_s));
+    CMorvaniteApp other;
+    window.Answer({QMessageBox::Ok});
+    EXPECT_FALSE(other.InitInstance({}));
+    EXPECT_EQ(window.boxes.size(), 1);
+}

@@ -1,0 +1,192 @@
+#include "ProjectTree.h"
+#include "TestWindow.h"
+
+#include <QDropEvent>
+#include <QListWidget>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace
+{
+
+/// The labels of a tree, indented by two for each level.
+std::string Shown(const QTreeWidgetItem *item, int depth = 0)
+{
+    std::string all = std::string(size_t(depth) * 2, ' ') + item->text(0).toStdString() + '\n';
+    for (int i = 0; i < item->childCount(); ++i)
+        all += Shown(item->child(i), depth + 1);
+    return all;
+}
+
+QListWidget &DefaultView(TestWindow &window)
+{
+    return *window.Child().findChild<QListWidget *>();
+}
+
+std::string RowsOf(const QListWidget &list)
+{
+    QStringList rows;
+    for (int i = 0; i < list.count(); ++i)
+        rows.append(list.item(i)->text());
+    return rows.join(u' ').toStdString();
+}
+
+} // namespace
+
+TEST(ProjectWindow, ShowsTheFoldersInUseAndLeadsIntoThem)
+{
+    TestWindow window;
+    window.MakeProject("big", "<APP><RESOLUTION width=\"320\" height=\"240\" class=\"image\"/></APP>");
+    window.Start({window.Project("big")});
+    EXPECT_EQ(Shown(window.Tree().topLevelItem(0)), "big\n  Files\n    Audio\n    Video\n    Binary\n  Images\n"
+                                                    "    240x320\n    320x240\n    Default\n  Strings\n");
+    EXPECT_EQ(window.Tree().currentItem(), window.Tree().topLevelItem(0));
+    EXPECT_EQ(window.Tree().SelectedFolder(), &window.Document().root);
+    QListWidget &list = DefaultView(window);
+    EXPECT_EQ(RowsOf(list), "Files Images Strings");
+    for (const QListWidgetItem *row : {list.item(0), list.item(1), list.item(2)})
+        EXPECT_FALSE(row->icon().isNull());
+
+    const QPoint images = list.visualItemRect(list.item(1)).center();
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, images);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, images);
+    EXPECT_EQ(window.Tree().currentItem(), window.Row(u"Images"_s));
+    EXPECT_EQ(RowsOf(list), "240x320 320x240 Default");
+    QTest::keyClick(&window.Tree(), Qt::Key_Down);
+    EXPECT_EQ(window.Tree().SelectedFolder()->title, u"240x320"_s);
+
+    window.Document().UpdateAllViews(nullptr);
+    EXPECT_EQ(window.Tree().SelectedFolder()->title, u"240x320"_s) << "a refill keeps the selection";
+    EXPECT_EQ(EntryOf(KIND_COMPONENT | KIND_FLAG_OFF).icon, UiIcon::None);
+}
+
+TEST(ProjectWindow, ClearAsksAndMarksTheProjectUntilItIsSaved)
+{
+    TestWindow window;
+    window.Start({window.Project()});
+    EXPECT_EQ(window.Frame().windowTitle(), u"Morvanite - [demo[*]]"_s);
+    EXPECT_FALSE(window.Frame().isWindowModified());
+    window.Tree().SetContextFolder(CProjView::FolderOf(window.Row(u"Images"_s)));
+    window.Answer({QMessageBox::No, QMessageBox::Yes});
+    window.Frame().RunCommand(CMD_CLEAR);
+    EXPECT_FALSE(window.Document().IsModified());
+    EXPECT_TRUE(window.Document().IsIdInUse(u"ID_IMAGE"_s));
+    window.Frame().RunCommand(CMD_CLEAR); // of the selected folder: the context menu's is used up
+    EXPECT_EQ(window.boxes, QStringList({u"All resources of \"Images\" will be deleted. Continue?"_s,
+                                         u"All resources of \"demo\" will be deleted. Continue?"_s}));
+    EXPECT_FALSE(window.Document().IsIdInUse(u"ID_IMAGE"_s));
+    window.Settle();
+    EXPECT_TRUE(window.Frame().isWindowModified());
+    window.Picture("modified");
+    window.Frame().activateWindow();
+    window.Settle();
+    QTest::keyClick(&window.Frame(), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_FALSE(window.Document().IsModified());
+    EXPECT_FALSE(window.Frame().isWindowModified());
+    EXPECT_FALSE(window.folder.Get("demo/res/demo.res.xml").contains("ID_IMAGE"));
+}
+
+TEST(ProjectWindow, ClosingAsksAboutChangesAndKeepsWhatCannotBeSaved)
+{
+    TestWindow window;
+    window.Start({window.Project()});
+    window.Document().SetModifiedFlag(true);
+    const QSignalSpy ended(qApp, &QGuiApplication::lastWindowClosed);
+    window.Answer({QMessageBox::Cancel});
+    window.Frame().setGeometry(11, 12, 800, 600);
+    EXPECT_FALSE(window.Frame().close());
+    EXPECT_TRUE(window.folder.Get("bin/Morvanite.ini").contains("position=11,12,811,612")) << "stored all the same";
+
+    const QByteArray list = window.folder.Get("demo/res/demo.res.xml");
+    ASSERT_TRUE(QFile::remove(window.folder.Path("demo/res/demo.res.xml")));
+    window.folder.MakeFolder("demo/res/demo.res.xml/in the way");
+    window.Answer({QMessageBox::Yes, QMessageBox::Ok});
+    EXPECT_FALSE(window.Frame().close()) << "saving failed";
+    EXPECT_EQ(window.boxes.last(), u"Failed to save the resources."_s);
+    ASSERT_TRUE(QDir(window.folder.Path("demo/res/demo.res.xml")).removeRecursively());
+    window.folder.Put("demo/res/demo.res.xml", list);
+
+    window.Answer({QMessageBox::No});
+    EXPECT_TRUE(window.Frame().close());
+    EXPECT_EQ(window.boxes.last(), u"Save changes to demo?"_s);
+    EXPECT_EQ(window.folder.Get("demo/res/demo.res.xml"), list);
+    EXPECT_TRUE(window.app->Documents().Documents().empty());
+}
+
+TEST(ProjectWindow, AProjectThatDoesNotOpenLeavesTheWindowAsItWasAndSaysWhy)
+{
+    TestWindow window;
+    window.MakeProject("bad", "<APP>");
+    window.Start({window.Project()});
+    window.Answer({QMessageBox::Ok, QMessageBox::Ok});
+    EXPECT_FALSE(window.Frame().OpenProject(window.Project("bad")));
+    EXPECT_FALSE(window.Frame().OpenProject(window.Project("none")));
+    EXPECT_TRUE(window.boxes.first().contains(u"bad.vcproj could not be opened"_s)) << qPrintable(window.boxes.first());
+    EXPECT_THAT(window.OutputText(), testing::HasSubstr("Fatal error: invalid resource format"));
+    EXPECT_THAT(window.OutputText(), testing::HasSubstr("its configuration (config.xml beside it) is missing"));
+    EXPECT_EQ(window.Frame().windowTitle(), u"Morvanite - [demo[*]]"_s);
+    EXPECT_TRUE(window.Frame().OpenProject(window.Project())) << "the open one";
+    EXPECT_EQ(window.app->Documents().Documents().size(), 1U);
+}
+
+TEST(ProjectWindow, DroppedProjectsOpenAndOtherFilesAreRefused)
+{
+    TestWindow window;
+    window.MakeProject("other", "<APP/>");
+    window.Start();
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(window.Project()), QUrl::fromLocalFile(window.folder.Path("a.png")),
+                  QUrl::fromLocalFile(window.Project("other"))});
+    window.Answer({QMessageBox::Ok});
+    QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&window.Frame(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(9, 9), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&window.Frame(), &drop);
+    EXPECT_TRUE(window.boxes.value(0).contains(u"a.png is no project"_s));
+    EXPECT_EQ(window.app->Documents().Documents().size(), 2U);
+}
+
+TEST(ProjectWindow, IsReachedByTheKeyboard)
+{
+    TestWindow window;
+    window.Start({window.Project()});
+    window.Frame().activateWindow();
+    window.Settle();
+    window.Tree().setFocus();
+    QTest::keyClick(&window.Frame(), Qt::Key_F6);
+    EXPECT_EQ(QApplication::focusWidget(), &DefaultView(window));
+    QTest::keyClick(&window.Frame(), Qt::Key_F6, Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::focusWidget(), &window.Tree());
+
+    window.Frame().RunCommand(CMD_SPLIT);
+    const int before = window.Tree().width();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    EXPECT_GT(window.Tree().width(), before);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_EQ(window.Tree().width(), before);
+    for (const QWidget *widget : window.Frame().findChildren<QWidget *>()) {
+        if (widget->isVisible() && widget->focusPolicy() != Qt::NoFocus && widget->inherits("QAbstractScrollArea") &&
+            !widget->inherits("QMdiArea")) {
+            EXPECT_FALSE(widget->accessibleName().isEmpty()) << widget->metaObject()->className();
+        }
+    }
+}
+
+TEST(ProjectTree, ALayoutIsRenamedInUpperCaseAndOnlyToAFreeValidName)
+{
+    TestWindow window;
+    window.Start({window.Project()});
+    CResFolder layout(KIND_LAYOUT, 1);
+    layout.title = u"ID_LAYOUT_0001"_s;
+    layout.AddResource(window.Document().CreateFileRes("ID_LAYOUT_0001", 1));
+    EXPECT_EQ(EndLabelEdit(window.Document(), layout, u"  "_s).message, QString());
+    EXPECT_EQ(EndLabelEdit(window.Document(), layout, u"1 a"_s).message, u"The ID is invalid."_s);
+    EXPECT_EQ(EndLabelEdit(window.Document(), layout, u"id_image"_s).message,
+              u"The ID already exists, or it is reserved."_s);
+    EXPECT_EQ(layout.title, u"ID_LAYOUT_0001"_s);
+    EXPECT_EQ(EndLabelEdit(window.Document(), layout, u" id_start "_s).label, u"ID_START"_s);
+    EXPECT_EQ(layout.resources.First()->Id()->name, "ID_START");
+    EXPECT_TRUE(!CanEditLabel(&window.Document().root) && !CanEditLabel(nullptr) && CanEditLabel(&layout));
+}

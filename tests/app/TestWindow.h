@@ -1,0 +1,125 @@
+#pragma once
+
+#include "CInfoPane.h"
+#include "CMorvaniteApp.h"
+#include "CSizingControlBar.h"
+#include "Commands.h"
+#include "TempFolder.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QTimer>
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+
+/// The folders of a program and of a project called demo, and the program itself when a test starts it.
+struct TestWindow
+{
+    TestWindow()
+    {
+        qputenv("XDG_CONFIG_HOME", folder.Path("user").toUtf8());
+        qputenv("MORVANITE_PROGRAM_DIR", folder.Path("bin").toUtf8());
+        qputenv("MORVANITE_RUNTIME_DIR", folder.Path("run").toUtf8());
+        folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n");
+        folder.Put("bin/sizes.ini", "[Resolution]\n176x220\n240x320\n320x240\n");
+        folder.Put("bin/tuvik.ini", "[Language]\nEnglish=0\n");
+        MakeProject("demo", "<APP><IMAGE id=\"ID_IMAGE\" type=\"Normal\">a.png</IMAGE></APP>");
+    }
+    ~TestWindow()
+    {
+        qunsetenv("MORVANITE_PROGRAM_DIR");
+        qunsetenv("MORVANITE_RUNTIME_DIR");
+    }
+
+    void MakeProject(const QByteArray &name, const QByteArray &resources) const
+    {
+        folder.Put(name + "/config.xml",
+                   "<config><zxa><zepversion>20</zepversion><tarvo>Checked</tarvo></zxa><resolution>"
+                   "<Width>240</Width><Height>320</Height></resolution></config>");
+        folder.Put(name + "/res/" + name + ".res.xml", resources);
+        folder.Put(name + '/' + name + ".vcproj", "");
+    }
+
+    [[nodiscard]] QString Project(const QByteArray &name = "demo") const
+    {
+        return folder.Path(name + '/' + name + ".vcproj");
+    }
+
+    /// Starts the program and waits until it waits.
+    void Start(const QStringList &arguments = {})
+    {
+        app = std::make_unique<CMorvaniteApp>();
+        ASSERT_TRUE(app->InitInstance(arguments));
+        app->Frame().activateWindow();
+        Settle();
+    }
+    void Restart()
+    {
+        app.reset();
+        Start();
+    }
+
+    /// Lets everything happen that is due.
+    static void Settle()
+    {
+        bool isOver = false;
+        QTimer::singleShot(20, [&isOver] { isOver = true; });
+        while (!isOver)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    template <typename Condition> static bool WaitFor(Condition condition)
+    {
+        for (const QDeadlineTimer deadline(10'000); !condition() && !deadline.hasExpired();)
+            Settle();
+        return condition();
+    }
+
+    /// Answers the next boxes with these buttons, one each, and keeps what they said.
+    void Answer(const QList<QMessageBox::StandardButton> &buttons)
+    {
+        answers = buttons;
+        answering = std::make_unique<QTimer>();
+        QObject::connect(answering.get(), &QTimer::timeout, [this] {
+            auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            if (!box || answers.isEmpty())
+                return;
+            boxes.append(box->text());
+            box->button(answers.takeFirst())->click();
+        });
+        answering->start(10);
+    }
+
+    [[nodiscard]] CMainFrame &Frame() const { return app->Frame(); }
+    [[nodiscard]] CChildFrame &Child() const { return *Frame().ActiveChild(); }
+    [[nodiscard]] CProjView &Tree() const { return Child().Tree(); }
+    [[nodiscard]] CResDoc &Document() const { return Child().Document(); }
+    /// The row of the project tree with that label.
+    [[nodiscard]] QTreeWidgetItem *Row(const QString &label) const
+    {
+        return Tree().findItems(label, Qt::MatchExactly | Qt::MatchRecursive).value(0);
+    }
+    [[nodiscard]] std::string OutputText() const
+    {
+        Settle();
+        return Frame().Output().toPlainText().toStdString();
+    }
+
+    /// Writes a picture of the window into the folder that the environment names, if it does.
+    void Picture(const char *name) const
+    {
+        if (const QByteArray to = qgetenv("MORVANITE_SCREENSHOTS"); !to.isEmpty())
+            Frame().grab().save(QString::fromUtf8(to) + u'/' + QString::fromUtf8(name) + u".png"_s);
+    }
+
+    TempFolder folder;
+    std::unique_ptr<CMorvaniteApp> app;
+    QStringList boxes;
+    QList<QMessageBox::StandardButton> answers;
+    std::unique_ptr<QTimer> answering;
+};
