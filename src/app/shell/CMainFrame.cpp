@@ -17,6 +17,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPainter>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -26,6 +27,27 @@ namespace
 {
 
 constexpr char PROJECT_FILTER[] = "Project Files (*.vcproj)";
+
+/// Where the windows of projects lie. While there is none it says how to get one.
+class ProjectArea : public QMdiArea
+{
+public:
+    using QMdiArea::QMdiArea;
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        QPainter painter(viewport());
+        painter.fillRect(event->rect(), palette().brush(QPalette::Window).color().darker(108));
+        if (!subWindowList().isEmpty())
+            return;
+        QColor text = palette().color(QPalette::WindowText);
+        text.setAlphaF(0.65F);
+        painter.setPen(text);
+        painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap,
+                         QStringLiteral("Open a project with Ctrl+O, or drop its .vcproj file here."));
+    }
+};
 
 } // namespace
 
@@ -68,7 +90,7 @@ CMainFrame::Busy::~Busy()
 }
 
 CMainFrame::CMainFrame(Environment &environment, ProcessTables &processTables, CDocManager &documentManager)
-    : env(environment), tables(processTables), documents(documentManager), area(new QMdiArea(this))
+    : env(environment), tables(processTables), documents(documentManager), area(new ProjectArea(this))
 {
     setWindowTitle(QStringLiteral("Morvanite"));
     setWindowIcon(MakeIcon(UiIcon::Application));

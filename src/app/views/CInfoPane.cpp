@@ -4,8 +4,8 @@
 
 #include <QContextMenuEvent>
 #include <QMenu>
-#include <QScopedValueRollback>
 #include <QTextBlock>
+#include <QTextOption>
 #include <QTimer>
 
 CInfoPane::CInfoPane(QWidget *parent) : QPlainTextEdit(parent)
@@ -13,6 +13,9 @@ CInfoPane::CInfoPane(QWidget *parent) : QPlainTextEdit(parent)
     setReadOnly(true);
     setUndoRedoEnabled(false);
     setLineWrapMode(QPlainTextEdit::NoWrap);
+    QTextOption direction = document()->defaultTextOption();
+    direction.setTextDirection(Qt::LeftToRight); // of the lines: a name in them may run the other way
+    document()->setDefaultTextOption(direction);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setAccessibleName(QStringLiteral("Output"));
     // What is selected stays so for the eye while the focus is elsewhere.

@@ -5,7 +5,6 @@
 #include "ProjectTree.h"
 
 #include <QContextMenuEvent>
-#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QScopedValueRollback>
@@ -35,8 +34,7 @@ CProjView::CProjView(CResDoc &projectDocument, IViewHost &viewHost) : document(p
     setIconSize(QSize(16, 16));
     setEditTriggers(QAbstractItemView::SelectedClicked);
     setItemDelegate(new LabelDelegate(this));
-    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    header()->setStretchLastSection(false);
+    setTextElideMode(Qt::ElideMiddle);
     connect(this, &QTreeWidget::currentItemChanged, this, [this] { SelectionChanged(); });
     connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem *item) { LabelEdited(item); });
     document.AddView(this);
@@ -96,6 +94,7 @@ void CProjView::Insert(QTreeWidgetItem *parent, CResFolder &folder)
         return;
     auto *const item = new QTreeWidgetItem(parent);
     item->setText(0, LabelOf(folder, document));
+    item->setToolTip(0, item->text(0));
     item->setIcon(0, MakeIcon(IconOf(folder)));
     item->setData(0, Qt::UserRole, QVariant::fromValue(static_cast<void *>(&folder)));
     if (CanEditLabel(&folder))
