@@ -87,6 +87,16 @@ class Table:
             self.row('  ' + label, median[0][1], beside, lambda k: '%.1f MB' % (k / 1024), memory_limit, memory_aim)
 
 
+    def difference(self, name, ours, without, peer, limit):
+        """What `ours` takes longer than `without`, beside the peer."""
+        runs = (ours, without, peer)
+        for run in runs:
+            run.once()
+        rounds = [[run.once()[0] for run in runs] for _ in range(self.rounds)]
+        median = [statistics.median(values) for values in zip(*rounds)]
+        self.row(name, median[0] - median[1], median[2], lambda s: '%.1f ms' % (s * 1000), limit, None)
+
+
 class Suite:
     def __init__(self, build, work, table):
         self.bin = os.path.join(os.path.abspath(build), 'bin')
@@ -200,6 +210,19 @@ class Suite:
         self.table.compare('save 99,999 resources; TinyXML and sort -u', Run([self.cli, 'save', project]),
                            Run(parse, ['sort', '-u', names, '-o', names + '.sorted']), 3.0, 2.0)
 
+    def window(self):
+        """Starts until the window is painted, beside an empty one; and what a project adds, beside its load alone."""
+        folder = self.folder('window')
+        os.makedirs(os.path.join(folder, 'runtime'), mode=0o700, exist_ok=True)
+        os.environ.update(QT_QPA_PLATFORM='offscreen', MORVANITE_RUNTIME_DIR=os.path.join(folder, 'runtime'),
+                          MORVANITE_PROGRAM_DIR=self.bin, XDG_CONFIG_HOME=os.path.join(folder, 'settings'))
+        ours = os.path.join(self.peers, 'bench_window')
+        self.table.compare('start to the painted window; an empty one', Run([ours]),
+                           Run([os.path.join(self.peers, 'peer_window')]), 1.3, None, ('memory; an empty one', None, 1.5, None))
+        project = apart(inputs.project_of_resources, folder, 99999)
+        self.table.difference('a project with 99,999 resources; load', Run([ours, project]), Run([ours]),
+                              Run([self.cli, 'load', project]), 1.2)
+
     def starts(self):
         self.table.compare('morvanite-cli --version; hello in C++', Run([self.cli, '--version']),
                            Run([os.path.join(self.peers, 'peer_hello')]), 2.3, 1.5)
@@ -211,7 +234,7 @@ class Suite:
                            2.0)
 
 
-SUITE = ('large_elf', 'many_small', 'medium', 'strings', 'workbooks', 'images', 'resources', 'starts')
+SUITE = ('large_elf', 'many_small', 'medium', 'strings', 'workbooks', 'images', 'resources', 'window', 'starts')
 
 
 def main():

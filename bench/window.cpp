@@ -1,0 +1,19 @@
+// The program with its window, for a benchmark: starts, opens the project that is named, if one is, and ends once the
+// tree, or without a project the output pane, is painted.
+#include "CInfoPane.h"
+#include "CMorvaniteApp.h"
+#include "SingleInstance.h"
+
+#include "until_painted.h"
+
+int main(int argc, char **argv)
+{
+    QString error;
+    (void)ShowFirstInstance(1000, error);
+    QApplication application(argc, argv);
+    CMorvaniteApp app;
+    if (!app.InitInstance(QApplication::arguments().mid(1)))
+        return 1;
+    CChildFrame *const child = app.Frame().ActiveChild();
+    return child ? RunUntilPainted(child->Tree()) : RunUntilPainted(app.Frame().Output());
+}
