@@ -1,0 +1,120 @@
+#!/usr/bin/env python3
+"""The program on a screen with a window manager: opens a project, goes through its tree, empties a folder, saves, ends, and
+comes back in the same place.
+
+usage: desktop_test.py MORVANITE SAMPLE_PROJECT_FOLDER
+"""
+
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+PROGRAM, SAMPLE = sys.argv[1:3]
+del sys.argv[1:3]
+
+
+def until(condition, seconds=20):
+    end = time.monotonic() + seconds
+    while time.monotonic() < end:
+        result = condition()
+        if result:
+            return result
+        time.sleep(0.1)
+    raise AssertionError('it did not come to pass: %s' % condition)
+
+
+class Desktop(unittest.TestCase):
+    def setUp(self):
+        self.dir = pathlib.Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.dir)
+        shutil.copytree(SAMPLE, self.dir / 'sample', ignore=shutil.ignore_patterns('ResID'))
+        (self.dir / 'run').mkdir(mode=0o700)
+        self.env = dict(os.environ, XDG_CONFIG_HOME=str(self.dir / 'settings'), MORVANITE_RUNTIME_DIR=str(self.dir / 'run'),
+                        XDG_RUNTIME_DIR=str(self.dir / 'run'), QT_QPA_PLATFORM='xcb', LC_ALL='C.UTF-8')
+        # The settings are written where they lie: into a program folder of the test's own.
+        shutil.copytree(pathlib.Path(PROGRAM).parent, self.dir / 'bin',
+                        ignore=lambda folder, names: [name for name in names if not name.endswith(('.ini', '.img'))])
+        self.env['MORVANITE_PROGRAM_DIR'] = str(self.dir / 'bin')
+        reader, writer = os.pipe()
+        self.screen = self.start('Xvfb', '-displayfd', str(writer), '-screen', '0', '1280x900x24', pass_fds=[writer])
+        os.close(writer)
+        with os.fdopen(reader) as number:
+            self.env['DISPLAY'] = ':' + number.readline().strip()
+        self.start('openbox', '--sm-disable')
+        time.sleep(0.5)
+
+    def start(self, *command, **options):
+        process = subprocess.Popen(command, env=self.env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, **options)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        return process
+
+    def xdotool(self, *arguments):
+        done = subprocess.run(['xdotool', *map(str, arguments)], env=self.env, capture_output=True, text=True)
+        return done.stdout.strip()
+
+    def window(self, name):
+        return until(lambda: self.xdotool('search', '--onlyvisible', '--name', name).split('\n')[0])
+
+    def keys(self, *keys):
+        for key in keys:
+            self.xdotool('key', key)
+            time.sleep(0.15)
+
+    def geometry(self, window):
+        text = self.xdotool('getwindowgeometry', '--shell', window)
+        return {key: value for key, _, value in (line.partition('=') for line in text.split('\n'))
+                if key in ('X', 'Y', 'WIDTH', 'HEIGHT')}
+
+    def open(self):
+        program = self.start(PROGRAM, str(self.dir / 'sample/weatherclock.vcproj'))
+        window = self.window(r'Morvanite - \[weatherclock')
+        self.xdotool('windowactivate', '--sync', window)
+        time.sleep(0.5)
+        return program, window
+
+    def close(self, program):
+        self.keys('alt+F4')
+        self.assertEqual(program.wait(20), 0)
+
+    def test_a_day_with_a_project(self):
+        resources = self.dir / 'sample/res/weatherclock.res.xml'
+        program, window = self.open()
+        self.assertIn('<FILE', resources.read_text())
+        for row in range(10):
+            self.xdotool('mousemove', '--window', window, 60, 70 + 19 * row, 'click', 1)
+        self.xdotool('mousemove', '--window', window, 60, 70, 'click', 1)
+        self.keys('Home', 'Down', 'Menu')  # Files, and its menu
+        self.keys('r')
+        self.window('^Morvanite$')  # the question
+        self.keys('alt+y')
+        until(lambda: self.xdotool('search', '--onlyvisible', '--name', r'Morvanite - \[weatherclock\*'))
+        self.keys('ctrl+s')
+        until(lambda: '<FILE' not in resources.read_text())
+        self.assertIn('<IMAGE', resources.read_text())
+        self.xdotool('windowmove', '--sync', window, 130, 90, 'windowsize', '--sync', window, 820, 610)
+        time.sleep(0.5)
+        before = self.geometry(window)
+        self.close(program)
+
+        program, window = self.open()
+        self.assertEqual(self.geometry(window), before)
+        second = self.start(PROGRAM)
+        self.assertEqual(second.wait(10), 0, 'a second start ends at once')
+        self.close(program)
+
+    def test_a_lost_screen_ends_the_program_and_harms_no_file(self):
+        before = {path: path.read_bytes() for path in self.dir.glob('sample/**/*') if path.is_file()}
+        program, _ = self.open()
+        self.screen.kill()
+        until(lambda: program.poll() is not None)
+        self.assertEqual({path: path.read_bytes() for path in before}, before)
+
+
+if __name__ == '__main__':
+    unittest.main(verbosity=2)
