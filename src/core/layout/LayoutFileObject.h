@@ -20,10 +20,8 @@ enum LayoutCode : int
     LAYOUT_NO_ROOT = -1500,
     LAYOUT_WRONG_ROOT = -1502,
     LAYOUT_WRONG_CHILD = -1503, ///< of the root
-    LAYOUT_NO_MEMORY = -1504,
     LAYOUT_NO_ID = -1505,
-    LAYOUT_ID_REFUSED = -1506, ///< it is taken
-    LAYOUT_COMPONENT_NO_MEMORY = -1507,
+    LAYOUT_ID_REFUSED = -1506,        ///< it is taken
     LAYOUT_CANT_BE_READ_BACK = -1512, ///< a component that no file can hold: too deep, too many attributes, no name
 };
 
