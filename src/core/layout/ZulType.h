@@ -54,6 +54,8 @@ protected:
 class CZulBase : public CZulType
 {
 public:
+    /// Follows from the type's name.
+    [[nodiscard]] qint32 GetTypeId() const override;
     bool BindAttribute(AttributeRecord *record) override;
     /// Says whether a user may type that text.
     [[nodiscard]] virtual bool IsValid(const NarrowText &text) const = 0;
@@ -137,6 +139,10 @@ public:
 /// it with an unknown kind.
 [[nodiscard]] std::unique_ptr<CZulType> CreateType(const ClassCatalogue &catalogue, const NarrowText &propName,
                                                    const NarrowText &typeName);
+
+/// The kind of value of a built-in type of that name, 256 for any other name. TYPE_STATE_IMAGE for "ZrpStateImage",
+/// whose objects say TYPE_STRUCTURE.
+[[nodiscard]] qint32 TypeIdOf(const NarrowText &typeName);
 
 /// Lays an object over a component, with all that lies in it. False when it is bound already or the component is of
 /// another class.
