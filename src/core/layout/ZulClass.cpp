@@ -43,7 +43,7 @@ bool CZulClass::Define(const ClassDescriptor &definition)
     int depth = 0;
     for (const CZulCustom *above = this; above; above = above->owner)
         ++depth;
-    if (depth > DEEPEST_TYPE)
+    if (depth >= DEEPEST_TYPE)
         return true;
     static const NarrowText superName("super");
     super = std::make_unique<CZulClass>(catalogue);
