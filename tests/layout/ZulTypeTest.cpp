@@ -54,7 +54,7 @@ TEST_F(ZulType, ADerivedMemberHidesThatOfTheBaseAndAllStoreInOneComponent)
     const auto component =
         Component("Button", {{"align", "right"}, {"unknown", "x"}, {"text", "@ID_A"}, {"pos", "(1,2"}});
     const auto button = catalogue.Bound(*component);
-    EXPECT_EQ(button->members.size(), 1U);
+    EXPECT_EQ(button->Members().size(), 1U);
     ASSERT_TRUE(button->super && button->super->super);
     EXPECT_EQ(button->super->typeName, "Label");
     EXPECT_EQ(button->super->parent, nullptr);
@@ -192,7 +192,7 @@ TEST_F(ZulType, AStateImageThatCameAsAComponentWritesNoAttributeWithoutAName)
     const auto component = Component("Button");
     component->children.push_back(Component("ZrpStateImage", {{"prop", "images"}}));
     const auto button = catalogue.Bound(*component);
-    auto *const images = static_cast<CZulStateImg *>(button->members[0].get());
+    auto *const images = static_cast<CZulStateImg *>(button->Members()[0].get());
     Set(*images, "normalId", "@ID_P");
     EXPECT_EQ(Dump(*component), "Button {ZrpStateImage prop=images}");
     EXPECT_EQ(Shown(*images, "normalId"), "@ID_P");
@@ -203,14 +203,14 @@ TEST(HandMadeCatalogue, ATypeThatHoldsItselfIsCutOff)
     TestCatalogue catalogue;
     catalogue.Add("Self", {{"a", "ZulBool"}, {"self", "Self"}, {"a", "ZulS32"}});
     const auto self = CreateType(catalogue, {}, "Self");
-    ASSERT_EQ(static_cast<CZulClass &>(*self).members.size(), 1U);
-    EXPECT_EQ(static_cast<CZulClass &>(*self).members[0]->GetTypeId(), TYPE_BOOL);
+    ASSERT_EQ(static_cast<CZulClass &>(*self).Members().size(), 1U);
+    EXPECT_EQ(static_cast<CZulClass &>(*self).Members()[0]->GetTypeId(), TYPE_BOOL);
 
     // Each holds two of the other, and derives from it.
     catalogue.Add("Egg", {{"x", "Hen"}, {"y", "Hen"}, {"z", "ZulBool"}}, "Hen");
     catalogue.Add("Hen", {{"x", "Egg"}, {"y", "Egg"}}, "Egg");
     const auto egg = CreateType(catalogue, {}, "Egg");
-    EXPECT_FALSE(static_cast<CZulClass &>(*egg).members.empty());
+    EXPECT_FALSE(static_cast<CZulClass &>(*egg).Members().empty());
 
     for (int i = 0; i < 100; ++i)
         catalogue.Add("D" + QByteArray::number(i), {{"v" + QByteArray::number(i), "ZulBool"}},
@@ -245,7 +245,7 @@ TEST(HandMadeCatalogue, WithoutEntriesAnyNameIsAnEmptyClass)
     const auto component = Component("AnyName", {{"color", "RGB(1,2,3)"}});
     component->children.push_back(Component("Other"));
     const auto object = catalogue.Bound(*component);
-    EXPECT_TRUE(object->members.empty());
+    EXPECT_TRUE(object->Members().empty());
     EXPECT_TRUE(object->subComponents.empty());
     EXPECT_EQ(Dump(*component), "AnyName color=RGB(1,2,3) {Other}");
 }
