@@ -2,6 +2,7 @@
 #include "TestWindow.h"
 
 #include <QDropEvent>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMimeData>
 #include <QSignalSpy>
@@ -172,6 +173,39 @@ TEST(ProjectWindow, IsReachedByTheKeyboard)
             EXPECT_FALSE(widget->accessibleName().isEmpty()) << widget->metaObject()->className();
         }
     }
+}
+
+TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
+{
+    TestWindow window;
+    window.folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\n");
+    window.Start({window.Project()});
+    QTreeWidgetItem *const layouts = window.Row(u"Layouts"_s);
+    ASSERT_NE(layouts, nullptr);
+    window.Tree().setCurrentItem(layouts->child(0));
+    window.Frame().RunCommand(CMD_NEW_LAYOUT);
+    QLineEdit *const edit = window.Tree().findChild<QLineEdit *>();
+    ASSERT_NE(edit, nullptr);
+    edit->selectAll();
+    QTest::keyClicks(edit, u"id_start"_s);
+    QTest::keyClick(edit, Qt::Key_Return);
+    window.Settle();
+    EXPECT_EQ(Shown(layouts->child(0)), "240x320\n  ID_START\n");
+    EXPECT_TRUE(window.Document().IsModified());
+    window.Frame().RunCommand(CMD_SAVE);
+    EXPECT_TRUE(window.folder.Get("demo/res/layout_demo_240x320.xml").contains("ID_START"));
+
+    window.Answer({QMessageBox::No, QMessageBox::Yes});
+    window.Tree().setFocus();
+    for (const int left : {1, 0}) {
+        window.Frame().activateWindow();
+        window.Settle();
+        QTest::keyClick(&window.Tree(), Qt::Key_Delete);
+        window.Settle();
+        EXPECT_EQ(layouts->child(0)->childCount(), left);
+    }
+    EXPECT_EQ(window.boxes.size(), 2);
+    EXPECT_FALSE(window.Document().IsIdInUse(u"ID_START"_s));
 }
 
 TEST(ProjectTree, ALayoutIsRenamedInUpperCaseAndOnlyToAFreeValidName)

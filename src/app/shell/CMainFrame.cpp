@@ -294,6 +294,7 @@ void CMainFrame::Opened(CDocument &document)
     child->showMaximized();
     project.UpdateAllViews(nullptr);
     child->Tree().setFocus();
+    FillToolbox();
     recentFiles.Add(project.PathName(), env.settings);
     ShowRecentFiles();
     UpdateCommands();

@@ -95,6 +95,7 @@ private:
     void OpenRecent(int index);
     void ShowOutput(bool show);
     void ShowAbout();
+    void FillToolbox();
     void StoreState();
     [[nodiscard]] bool MayCloseAll();
     [[nodiscard]] std::vector<ICommandTarget *> Targets() const;

@@ -2,6 +2,7 @@
 #include "CInfoPane.h"
 #include "CMainFrame.h"
 #include "CSizingControlBar.h"
+#include "ClassCatalogue.h"
 #include "Environment.h"
 #include "FrameState.h"
 #include "MenuTable.h"
@@ -95,6 +96,17 @@ void CMainFrame::MakeBars()
     for (CSizingControlBar *bar : {toolboxBar, outputBar}) {
         bar->ReadSizes(settings);
         bar->toggleViewAction()->setVisible(false); // the View menu has it
+    }
+}
+
+/// The classes of components that a layout can be made of.
+void CMainFrame::FillToolbox()
+{
+    if (!tables.classes->loaded || toolbox->count() > 0)
+        return;
+    for (const auto &entry : tables.classes->entries) {
+        if (entry->kind == CLASS_CLASS && !entry->excluded)
+            toolbox->addItem(env.NarrowToWide(entry->name));
     }
 }
 

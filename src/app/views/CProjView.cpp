@@ -59,6 +59,12 @@ QTreeWidgetItem *CProjView::ItemOf(const CResFolder *folder) const
     return nullptr;
 }
 
+void CProjView::SelectFolder(CResFolder *folder)
+{
+    if (QTreeWidgetItem *item = ItemOf(folder))
+        setCurrentItem(item);
+}
+
 void CProjView::OnUpdate(CView *sender, long, CView *target)
 {
     if ((!target || target == this) && sender != this && isVisible())
@@ -88,10 +94,10 @@ void CProjView::Fill()
     setCurrentItem(item ? item : topLevelItem(0));
 }
 
-void CProjView::Insert(QTreeWidgetItem *parent, CResFolder &folder)
+QTreeWidgetItem *CProjView::Insert(QTreeWidgetItem *parent, CResFolder &folder)
 {
     if (!IsShown(folder))
-        return;
+        return nullptr;
     auto *const item = new QTreeWidgetItem(parent);
     item->setText(0, LabelOf(folder, document));
     item->setToolTip(0, item->text(0));
@@ -102,6 +108,7 @@ void CProjView::Insert(QTreeWidgetItem *parent, CResFolder &folder)
     for (const auto &subfolder : folder.subfolders)
         Insert(item, *subfolder);
     item->setExpanded(true);
+    return item;
 }
 
 void CProjView::SelectionChanged()
@@ -142,7 +149,10 @@ std::optional<CommandState> CProjView::StateOf(int command) const
     case CMD_CLEAR:
         return CommandState{folder != nullptr};
     case CMD_RENAME:
+    case CMD_DELETE:
         return CommandState{CanEditLabel(folder)};
+    case CMD_NEW_LAYOUT:
+        return CommandState{folder && folder->kind == KIND_RESO_LAYOUTS};
     default:
         return std::nullopt;
     }
@@ -158,6 +168,45 @@ void CProjView::Run(int command)
         Clear(*folder);
     else if (command == CMD_RENAME)
         editItem(ItemOf(folder));
+    else if (command == CMD_NEW_LAYOUT)
+        NewLayout(*folder);
+    else if (command == CMD_DELETE)
+        DeleteLayout(*folder);
+}
+
+void CProjView::NewLayout(const CResFolder &folder)
+{
+    CResFolder *const made = document.CreateLayoutRes(folder.index);
+    if (!made)
+        return host.ShowMessage(
+            QStringLiteral("There can be no new layout in \"%1\". If its layout file wasn't loaded, "
+                           "the output tells why; mend the file, or take it out of the project's "
+                           "resource list.")
+                .arg(folder.title));
+    QTreeWidgetItem *const parent = ItemOf(&folder);
+    QTreeWidgetItem *item = nullptr;
+    {
+        const QScopedValueRollback filling(isFilling, true);
+        item = Insert(parent, *made);
+        parent->setExpanded(true);
+    }
+    setCurrentItem(item);
+    editItem(item);
+}
+
+void CProjView::DeleteLayout(CResFolder &folder)
+{
+    if (!host.AskYesNo(QStringLiteral("The selected item(s) will be deleted. Continue?")))
+        return;
+    QTreeWidgetItem *const item = ItemOf(&folder);
+    CResFolder *const parent = item ? FolderOf(item->parent()) : nullptr;
+    if (!parent)
+        return;
+    if (selectedFolder == &folder)
+        setCurrentItem(item->parent()); // before what it stands for goes
+    delete item;
+    parent->DeleteFolder(&folder);
+    UpdatePanes();
 }
 
 void CProjView::Clear(CResFolder &folder)

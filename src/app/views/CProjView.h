@@ -15,6 +15,7 @@ public:
     ~CProjView() override;
 
     [[nodiscard]] CResFolder *SelectedFolder() const override { return selectedFolder; }
+    void SelectFolder(CResFolder *folder) override;
     void OnUpdate(CView *sender, long hint, CView *target) override;
 
     [[nodiscard]] std::optional<CommandState> StateOf(int command) const override;
@@ -37,10 +38,12 @@ private:
     class LabelDelegate;
 
     void Fill();
-    void Insert(QTreeWidgetItem *parent, CResFolder &folder);
+    QTreeWidgetItem *Insert(QTreeWidgetItem *parent, CResFolder &folder);
     void SelectionChanged();
     void LabelEdited(QTreeWidgetItem *item);
     void Clear(CResFolder &folder);
+    void NewLayout(const CResFolder &folder);
+    void DeleteLayout(CResFolder &folder);
     [[nodiscard]] CResFolder *TargetFolder() const { return contextFolder ? contextFolder : selectedFolder; }
     void UpdatePanes();
 

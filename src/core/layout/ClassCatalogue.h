@@ -2,8 +2,12 @@
 
 #include "Text.h"
 
+#include <QHash>
+
 #include <memory>
 #include <vector>
+
+class MemberTable;
 
 enum ClassKind : qint32
 {
@@ -26,9 +30,13 @@ struct ClassDescriptor
     qint32 kind = CLASS_CLASS;
     bool excluded = false; ///< not offered to whoever makes components
     std::vector<Item> items;
+    /// Made of the items with the first object of this type; they stay as they are from then on.
+    mutable std::shared_ptr<const MemberTable> table;
 };
 
 /// The types that layouts are made of beside the built-in ones. Empty unless a file of definitions was read.
+///
+/// Entries are added at the end and keep their names: look-ups are hashed. Main thread only.
 class ClassCatalogue
 {
 public:
@@ -40,4 +48,8 @@ public:
     [[nodiscard]] const ClassDescriptor *Find(const NarrowText &name) const;
     /// Appends the names of the classes, in the order of the entries; how many they are.
     int CollectClassNames(std::vector<NarrowText> &names) const;
+
+private:
+    mutable QHash<NarrowText, size_t> places; // of the first entry of each name
+    mutable size_t placesOf = 0;              // how many entries the table knows
 };

@@ -252,6 +252,17 @@ QByteArray ToXml(const Environment &env, const NarrowText &text)
     return ComesBackWhole(utf8) ? utf8 : QString::fromUtf8(utf8).toUtf8();
 }
 
+bool IsXmlName(QByteArrayView name)
+{
+    const auto continues = [](char c) { return BeginsName(c) || (c >= '0' && c <= '9') || (c && strchr("-.:", c)); };
+    return !name.isEmpty() && BeginsName(name.front()) && std::all_of(name.begin(), name.end(), continues);
+}
+
+bool KeepsXmlBounds(QByteArrayView text)
+{
+    return text.size() <= LARGEST_FILE && XmlGuard(text).IsHarmless();
+}
+
 void CondenseWhiteSpace(bool on)
 {
     TiXmlBase::SetCondenseWhiteSpace(on);

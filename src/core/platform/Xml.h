@@ -21,5 +21,11 @@ class Environment;
 [[nodiscard]] NarrowText FromXml(const Environment &env, const char *text);
 [[nodiscard]] QByteArray ToXml(const Environment &env, const NarrowText &text);
 
+/// Says whether the parser takes a text (UTF-8) for the name of an element or an attribute.
+[[nodiscard]] bool IsXmlName(QByteArrayView name);
+
+/// Says whether a document (UTF-8) keeps the bounds of LoadXml, so that what is written can be read again.
+[[nodiscard]] bool KeepsXmlBounds(QByteArrayView text);
+
 /// White space condensing of the parser, a switch of the whole process.
 void CondenseWhiteSpace(bool on);

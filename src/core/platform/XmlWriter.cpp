@@ -2,43 +2,154 @@
 
 #include "Environment.h"
 
-void XmlWriter::PrintPending()
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace
 {
-    if (!pending)
-        return;
-    pending = false;
-    TiXmlElement &element = open.back();
-    element.LinkEndChild(new TiXmlElement("")); // the printer looks whether there is one
-    printer.VisitEnter(element, element.FirstAttribute());
+
+constexpr qsizetype INDENT = 4; // blanks a level
+
+/// What stands for a character, or nothing.
+constexpr const char *EntityOf(char c)
+{
+    switch (c) {
+    case '&':
+        return "&amp;";
+    case '<':
+        return "&lt;";
+    case '>':
+        return "&gt;";
+    case '"':
+        return "&quot;";
+    case '\'':
+        return "&apos;";
+    default:
+        return nullptr;
+    }
+}
+
+/// By byte: it stands for itself.
+constexpr auto IS_PLAIN = [] {
+    std::array<bool, 256> plain{};
+    for (size_t byte = ' '; byte < plain.size(); ++byte)
+        plain[byte] = !EntityOf(char(byte));
+    return plain;
+}();
+
+} // namespace
+
+char *XmlWriter::Room(qsizetype size)
+{
+    if (buffer.size() - used < size)
+        buffer.resize(std::max(buffer.size() * 2, used + size + 4096));
+    return buffer.data() + used;
+}
+
+void XmlWriter::Add(QByteArrayView piece)
+{
+    std::memcpy(Room(piece.size()), piece.data(), size_t(piece.size()));
+    used += piece.size();
+}
+
+void XmlWriter::Indent()
+{
+    const qsizetype blanks = INDENT * qsizetype(open.size());
+    std::memset(Room(blanks), ' ', size_t(blanks));
+    used += blanks;
+}
+
+void XmlWriter::Encode(QByteArrayView plain)
+{
+    const char *from = plain.begin();
+    for (;;) {
+        const char *const at = std::find_if(from, plain.end(), [](char c) { return !IS_PLAIN[quint8(c)]; });
+        Add(QByteArrayView(from, at));
+        if (at == plain.end())
+            return;
+        if (const char *entity = EntityOf(*at)) {
+            Add(entity);
+        } else {
+            constexpr char HEX[] = "0123456789ABCDEF";
+            const char number[] = {'&', '#', 'x', HEX[*at >> 4], HEX[*at & 15], ';'};
+            Add(QByteArrayView(number, sizeof number));
+        }
+        from = at + 1;
+    }
+}
+
+void XmlWriter::CloseTag()
+{
+    if (inTag)
+        Add(">\n");
+    inTag = false;
+}
+
+void XmlWriter::BeginElement(const QByteArray &name)
+{
+    CloseTag();
+    Indent();
+    Add("<");
+    Add(name);
+    open.push_back(name);
+    inTag = true;
+}
+
+void XmlWriter::Attribute(QByteArrayView name, QByteArrayView value)
+{
+    const bool hasQuote = value.contains('"');
+    Add(" ");
+    Add(name);
+    Add(hasQuote ? "='" : "=\"");
+    Encode(value);
+    Add(hasQuote ? "'" : "\"");
 }
 
 void XmlWriter::Begin(const TiXmlElement &element)
 {
-    PrintPending();
-    open.push_back(element);
-    pending = true;
+    BeginElement(QByteArray::fromStdString(element.ValueStr()));
+    for (auto *attribute = element.FirstAttribute(); attribute; attribute = attribute->Next())
+        Attribute(attribute->Name(), attribute->ValueStr());
 }
 
 void XmlWriter::Put(const TiXmlElement &element)
 {
-    PrintPending();
-    element.Accept(&printer);
+    Begin(element);
+    const TiXmlNode *only = element.FirstChild() == element.LastChild() ? element.FirstChild() : nullptr;
+    if (only && only->ToText()) {
+        Add(">");
+        Encode(only->ValueStr());
+        Add("</");
+        Add(open.back());
+        Add(">\n");
+        open.pop_back();
+        inTag = false;
+        return;
+    }
+    for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement())
+        Put(*child);
+    End();
 }
 
 void XmlWriter::End()
 {
-    if (pending)
-        open.back().Accept(&printer);
-    else
-        printer.VisitExit(open.back());
-    pending = false;
+    const QByteArray name = std::move(open.back());
     open.pop_back();
+    if (inTag) {
+        Add(" />\n");
+    } else {
+        Indent();
+        Add("</");
+        Add(name);
+        Add(">\n");
+    }
+    inTag = false;
 }
 
 bool XmlWriter::Save(const QString &path)
 {
-    const QByteArrayView text(printer.CStr(), qsizetype(printer.Size()));
     if (env.codePage.IsUtf8())
-        return env.ReplaceFile(path, text) == 0;
-    return env.ReplaceFile(path, env.WideToNarrow(QString::fromUtf8(text))) == 0;
+        return env.ReplaceFile(path, Text()) == 0;
+    return env.ReplaceFile(path, env.WideToNarrow(QString::fromUtf8(Text()))) == 0;
 }

@@ -1,0 +1,254 @@
+#include "LayoutFileObject.h"
+
+#include "Environment.h"
+#include "Xml.h"
+#include "XmlWriter.h"
+
+#include <algorithm>
+#include <string>
+
+namespace
+{
+
+constexpr char ROOT[] = "TarvoXML";
+constexpr char LAYOUT[] = "Layout";
+constexpr char ID[] = "id";
+constexpr char NAME[] = "name";
+constexpr char RECT[] = "rect"; // of old files; nobody reads it
+
+} // namespace
+
+/// Turns elements into components. Equal names share their bytes: a file has few.
+class ComponentReader
+{
+public:
+    explicit ComponentReader(const Environment &environment) : env(environment) {}
+
+    /// Nesting is bounded: the file was read by LoadXml.
+    std::unique_ptr<ComponentObject> Read(const TiXmlElement &element)
+    {
+        auto component = std::make_unique<ComponentObject>();
+        component->className = Shared(element.ValueStr());
+        for (auto *attribute = element.FirstAttribute(); attribute; attribute = attribute->Next()) {
+            const std::string &attributeName = attribute->NameTStr();
+            if (attributeName == NAME)
+                component->name = FromXml(env, attribute->Value());
+            else if (attributeName != RECT)
+                component->AddAttribute(Shared(attributeName), FromXml(env, attribute->Value()));
+        }
+        for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement())
+            component->children.push_back(Read(*child));
+        return component;
+    }
+
+private:
+    const NarrowText &Shared(const std::string &text)
+    {
+        const auto [place, isNew] = names.try_emplace(text);
+        if (isNew)
+            place->second = FromXml(env, text.c_str());
+        return place->second;
+    }
+
+    const Environment &env;
+    std::unordered_map<std::string, NarrowText> names;
+};
+
+namespace
+{
+
+/// Prints the layouts of a file.
+class LayoutPrinter
+{
+public:
+    explicit LayoutPrinter(const Environment &environment) : env(environment), xml(environment) {}
+
+    /// False for what no file can hold.
+    bool Print(const LayoutFileObject::Layouts &layouts)
+    {
+        xml.BeginElement(ROOT);
+        for (const auto &layout : layouts) {
+            xml.BeginElement(LAYOUT);
+            xml.Attribute(ID, ToXml(env, layout->Id()->name));
+            for (const auto &component : layout->components) {
+                if (!Print(*component, 1))
+                    return false;
+            }
+            xml.End();
+        }
+        xml.End();
+        return KeepsXmlBounds(xml.Text());
+    }
+
+    bool Save(const QString &path) { return xml.Save(path); }
+
+private:
+    bool Print(const ComponentObject &component, int depth)
+    {
+        constexpr int DEEPEST = 256; // before the bounds are looked at: this recurses
+        const QByteArray &className = XmlName(component.className);
+        if (className.isEmpty() || depth > DEEPEST)
+            return false;
+        xml.BeginElement(className);
+        for (auto record = component.attributes.begin(); record != component.attributes.end(); ++record) {
+            if (!Print(component, record))
+                return false;
+        }
+        if (!component.name.isEmpty())
+            xml.Attribute(NAME, ToXml(env, component.name));
+        for (const auto &child : component.children) {
+            if (!Print(*child, depth + 1))
+                return false;
+        }
+        xml.End();
+        return true;
+    }
+
+    /// An attribute stands where its name comes first, with the last value. The component's name has its own.
+    bool Print(const ComponentObject &component, std::list<AttributeRecord>::const_iterator record)
+    {
+        const auto isSame = [&](const AttributeRecord &other) {
+            return other.name.constData() == record->name.constData() || other.name == record->name;
+        };
+        if (record->name == NAME && !component.name.isEmpty())
+            return true;
+        const auto first = std::find_if(component.attributes.begin(), record, isSame);
+        if (first != record)
+            return true;
+        const NarrowText *value = &record->value;
+        for (auto later = std::next(record); later != component.attributes.end(); ++later) {
+            if (isSame(*later))
+                value = &later->value;
+        }
+        const QByteArray &name = XmlName(record->name);
+        if (name.isEmpty())
+            return false;
+        xml.Attribute(name, ToXml(env, *value));
+        return true;
+    }
+
+    /// A name as the file has it; empty for a text that is none.
+    const QByteArray &XmlName(const NarrowText &name)
+    {
+        const auto [place, isNew] = names.try_emplace(name.constData());
+        if (isNew) {
+            const QByteArray text = ToXml(env, name);
+            place->second = IsXmlName(text) ? text : QByteArray();
+        }
+        return place->second;
+    }
+
+    const Environment &env;
+    XmlWriter xml;
+    std::unordered_map<const char *, QByteArray> names; // by their bytes, which equal ones share
+};
+
+} // namespace
+
+int LayoutObject::AddComponent(Environment &env, std::unique_ptr<ComponentObject> component)
+{
+    if (!component) {
+        env.DebugTrace("NULL pointer\n");
+        return -1;
+    }
+    components.push_back(std::move(component));
+    return 0;
+}
+
+int LayoutFileObject::Load(const NarrowText &file)
+{
+    env.DebugTrace("Parsing Layout xml file: %s\n", env.Shown(file).constData());
+    TiXmlDocument document;
+    if (const int code = LoadXml(env, env.NarrowToWide(file), document)) {
+        env.DebugTrace("Parse Layout Xml file fail: %s\n", env.Shown(file).constData());
+        return code;
+    }
+    path = file;
+    return Convert(document);
+}
+
+int LayoutFileObject::Convert(TiXmlDocument &document)
+{
+    env.DebugTrace("Convert Layout XML DS to Layout DS\n");
+    TiXmlElement *root = document.FirstChildElement();
+    if (!root)
+        return LAYOUT_NO_ROOT;
+    if (root->ValueStr() != ROOT) {
+        env.DebugTrace("File format error: \"%s\" should be \"%s\"\n", root->Value(), ROOT);
+        return LAYOUT_WRONG_ROOT;
+    }
+    ComponentReader components(env);
+    // Each layout of the parser goes as soon as it is read, and not sooner: components that are laid into the gaps of
+    // its tree lie far apart, and take twice as long to save.
+    while (TiXmlNode *node = root->FirstChild()) {
+        if (const TiXmlElement *element = node->ToElement()) {
+            if (element->ValueStr() != LAYOUT) {
+                env.DebugTrace("unknown type when parsing LayoutXML\n");
+                return LAYOUT_WRONG_CHILD;
+            }
+            if (const int code = ConvertLayout(*element, components))
+                return code;
+        }
+        root->RemoveChild(node);
+    }
+    loaded = true;
+    return 0;
+}
+
+int LayoutFileObject::ConvertLayout(const TiXmlElement &element, ComponentReader &components)
+{
+    const char *id = element.Attribute(ID);
+    if (!id) {
+        env.DebugTrace("Not Enough Memory when new LayoutObject"); // its words for this too
+        return LAYOUT_NO_ID;
+    }
+    IDRecord *record = pool.Allocate(FromXml(env, id), resolution);
+    if (!record) {
+        env.DebugTrace("Allocate ID from idpool fail\n");
+        return LAYOUT_ID_REFUSED;
+    }
+    auto made = std::make_unique<LayoutObject>(record);
+    LayoutObject &layout = *made;
+    Add(std::move(made));
+    record->Release();
+    for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement())
+        layout.AddComponent(env, components.Read(*child));
+    return 0;
+}
+
+int LayoutFileObject::Save(const NarrowText &file)
+{
+    LayoutPrinter printer(env);
+    if (!printer.Print(layouts)) {
+        env.DebugTrace("Merge to XmlDS fail\n");
+        return LAYOUT_CANT_BE_READ_BACK;
+    }
+    const int code = file.isEmpty() ? LAYOUT_NO_PATH : !printer.Save(env.NarrowToWide(file)) ? LAYOUT_NOT_WRITTEN : 0;
+    if (code != 0)
+        env.DebugTrace("Save to xml file fail : %s\n", env.Shown(file).constData());
+    return code;
+}
+
+int LayoutFileObject::Add(std::unique_ptr<LayoutObject> layout)
+{
+    const auto [place, isNew] = byId.try_emplace(layout->Id());
+    if (!isNew)
+        return -1;
+    place->second = layouts.insert(layouts.end(), std::move(layout));
+    return 0;
+}
+
+LayoutObject *LayoutFileObject::Find(const IDRecord *id) const
+{
+    const auto found = byId.find(id);
+    return found == byId.end() ? nullptr : found->second->get();
+}
+
+void LayoutFileObject::Remove(const IDRecord *id)
+{
+    const auto found = byId.find(id);
+    if (found == byId.end())
+        return;
+    layouts.erase(found->second);
+    byId.erase(found);
+}

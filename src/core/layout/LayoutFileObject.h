@@ -1,0 +1,93 @@
+#pragma once
+
+#include "ComponentObject.h"
+#include "IDPool.h"
+
+#include <list>
+#include <unordered_map>
+
+class Environment;
+class TiXmlDocument;
+class TiXmlElement;
+
+/// Why a layout file didn't load or wasn't saved; 0 is success.
+enum LayoutCode : int
+{
+    LAYOUT_NOT_OPENED = -1,
+    LAYOUT_NOT_WELL_FORMED = -2,
+    LAYOUT_NOT_WRITTEN = -3,
+    LAYOUT_NO_PATH = -4, ///< to save to
+    LAYOUT_NO_ROOT = -1500,
+    LAYOUT_WRONG_ROOT = -1502,
+    LAYOUT_WRONG_CHILD = -1503, ///< of the root
+    LAYOUT_NO_ID = -1505,
+    LAYOUT_ID_REFUSED = -1506,        ///< it is taken
+    LAYOUT_CANT_BE_READ_BACK = -1512, ///< a component that no file can hold: too deep, too many attributes, no name
+};
+
+/// One layout: the components of one screen. Owns them.
+class LayoutObject
+{
+public:
+    /// Holds the ID.
+    explicit LayoutObject(IDRecord *record) : id(record) { id->AddRef(); }
+    ~LayoutObject() { id->Release(); }
+    LayoutObject(const LayoutObject &) = delete;
+    LayoutObject &operator=(const LayoutObject &) = delete;
+
+    [[nodiscard]] IDRecord *Id() const { return id; }
+    /// Appends to the top level. -1, and a line in the developer's log, without a component.
+    int AddComponent(Environment &env, std::unique_ptr<ComponentObject> component);
+
+    std::vector<std::unique_ptr<ComponentObject>> components; ///< the top level
+
+private:
+    IDRecord *id;
+};
+
+/// The layouts of one resolution, which lie in one XML file.
+///
+///     LayoutFileObject file(env, pool, resolution);
+///     if (file.Load("res\\layout_demo_240x320.xml") == 0) ...
+///     file.Save(file.path);
+class LayoutFileObject
+{
+public:
+    using Layouts = std::list<std::unique_ptr<LayoutObject>>;
+
+    LayoutFileObject(Environment &environment, IDPool &idPool, qint16 resolutionIndex)
+        : resolution(resolutionIndex), env(environment), pool(idPool)
+    {
+    }
+
+    /// Reads a file. 0 or a LayoutCode; the layouts before the one that is wrong stay.
+    [[nodiscard]] int Load(const NarrowText &file);
+    /// Replaces a file, together with the others of a transaction that is under way. 0 or a LayoutCode, and then the
+    /// file is as it was.
+    [[nodiscard]] int Save(const NarrowText &file);
+
+    /// -1 when there is one of that ID.
+    int Add(std::unique_ptr<LayoutObject> layout);
+    /// The layout of that ID, or null.
+    [[nodiscard]] LayoutObject *Find(const IDRecord *id) const;
+    /// Destroys the layout of that ID, if there is one.
+    void Remove(const IDRecord *id);
+    /// In the order of the file, new ones behind.
+    [[nodiscard]] const Layouts &All() const { return layouts; }
+
+    NarrowText path;     ///< of the file that was read; empty for a new one
+    qint16 resolution;   ///< index
+    bool loaded = false; ///< a file was read whole
+
+private:
+    [[nodiscard]] int Convert(TiXmlDocument &document);
+    [[nodiscard]] int ConvertLayout(const TiXmlElement &element, class ComponentReader &components);
+
+    Environment &env;
+    IDPool &pool;
+    Layouts layouts;
+    std::unordered_map<const IDRecord *, Layouts::iterator> byId;
+};
+
+/// Each layout of a resolution holds its file; with the last of them it goes.
+using LayoutFileRef = std::shared_ptr<LayoutFileObject>;
