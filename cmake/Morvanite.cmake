@@ -62,7 +62,8 @@ function(_morvanite_ids_target result project header lists state)
     set(stamp ${state}/ids.stamp)
     _morvanite_program_files(program_files)
     # The numbers come from the names alone: a picture that changes is no reason to work them out again.
-    file(GLOB lists CONFIGURE_DEPENDS ${lists}/${name}.res.xml ${lists}/ref_list_${name}.txt ${folder}/config.xml)
+    file(GLOB lists CONFIGURE_DEPENDS ${lists}/${name}.res.xml ${lists}/ref_list_${name}.txt ${lists}/layout_${name}_*.xml
+        ${folder}/config.xml)
     _morvanite_run(command ${state}/lock save ${project})
     get_filename_component(header_name ${header} NAME)
     get_filename_component(header_folder ${header} DIRECTORY)
