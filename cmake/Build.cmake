@@ -68,7 +68,7 @@ endfunction()
 # Every file of the folder goes beside the programs, and again when it changes.
 function(add_program_folder folder)
     file(GLOB files CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/${folder}
-        ${CMAKE_SOURCE_DIR}/${folder}/*.ini ${CMAKE_SOURCE_DIR}/${folder}/*.img)
+        ${CMAKE_SOURCE_DIR}/${folder}/*.ini ${CMAKE_SOURCE_DIR}/${folder}/*.img ${CMAKE_SOURCE_DIR}/${folder}/*.xml)
     set(copies "")
     foreach(file ${files})
         add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/bin/${file}

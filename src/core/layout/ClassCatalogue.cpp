@@ -1,12 +1,30 @@
 #include "ClassCatalogue.h"
 
+namespace
+{
+
+/// A walk is as fast as the table up to here.
+constexpr size_t FEW = 8;
+
+} // namespace
+
 const ClassDescriptor *ClassCatalogue::Find(const NarrowText &name) const
 {
-    for (const auto &entry : entries) {
-        if (entry->name == name)
-            return entry.get();
+    if (entries.size() <= FEW) {
+        for (const auto &entry : entries) {
+            if (entry->name == name)
+                return entry.get();
+        }
+        return nullptr;
     }
-    return nullptr;
+    if (placesOf != entries.size()) {
+        places.clear();
+        placesOf = entries.size();
+        for (size_t i = placesOf; i-- > 0;)
+            places.insert(entries[i]->name, i);
+    }
+    const auto found = places.constFind(name);
+    return found == places.constEnd() ? nullptr : entries[*found].get();
 }
 
 int ClassCatalogue::CollectClassNames(std::vector<NarrowText> &names) const

@@ -2,6 +2,8 @@
 
 #include "Text.h"
 
+#include <QHash>
+
 #include <memory>
 #include <vector>
 
@@ -29,6 +31,8 @@ struct ClassDescriptor
 };
 
 /// The types that layouts are made of beside the built-in ones. Empty unless a file of definitions was read.
+///
+/// Entries are added at the end and keep their names: look-ups are hashed. Main thread only.
 class ClassCatalogue
 {
 public:
@@ -40,4 +44,8 @@ public:
     [[nodiscard]] const ClassDescriptor *Find(const NarrowText &name) const;
     /// Appends the names of the classes, in the order of the entries; how many they are.
     int CollectClassNames(std::vector<NarrowText> &names) const;
+
+private:
+    mutable QHash<NarrowText, size_t> places; // of the first entry of each name
+    mutable size_t placesOf = 0;              // how many entries the table knows
 };

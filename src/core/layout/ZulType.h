@@ -4,6 +4,11 @@
 #include "ComponentObject.h"
 
 class CZulCustom;
+class CZulType;
+
+/// What CreateType and Define make members with.
+[[nodiscard]] std::unique_ptr<CZulType> CreateOwned(const ClassCatalogue &catalogue, CZulCustom *owner,
+                                                    const NarrowText &propName, const NarrowText &typeName);
 
 /// What kind of value an object is. The numbers of classes, structures and enumerations are those of ClassKind.
 enum TypeId : qint32
@@ -93,6 +98,11 @@ public:
 
 protected:
     const ClassCatalogue &catalogue;
+
+private:
+    friend std::unique_ptr<CZulType> CreateOwned(const ClassCatalogue &catalogue, CZulCustom *owner,
+                                                 const NarrowText &propName, const NarrowText &typeName);
+    quint32 valuesBelow = 0; // counted in the outermost owner only
 };
 
 /// A component, or a member that is one.
@@ -137,8 +147,16 @@ public:
 
 /// An object of a type by the type's name. An unknown name gives a class without members. Null when the catalogue has
 /// it with an unknown kind.
+///
+/// A catalogue whose types hold one another is no danger: members that stand too deep, and those beyond the largest
+/// number of values, are left out.
 [[nodiscard]] std::unique_ptr<CZulType> CreateType(const ClassCatalogue &catalogue, const NarrowText &propName,
                                                    const NarrowText &typeName);
+
+/// How deep a type may nest, bases counted too, and how many values an object may have in all, bases and nested ones
+/// included.
+inline constexpr int DEEPEST_TYPE = 32;
+inline constexpr int MOST_VALUES = 1000;
 
 /// The kind of value of a built-in type of that name, 256 for any other name. TYPE_STATE_IMAGE for "ZrpStateImage",
 /// whose objects say TYPE_STRUCTURE.

@@ -170,4 +170,5 @@ private:
     void Parse(QByteArrayView text);
 
     std::array<AttributeRecord, 4> records; // of the members, in their order
+    bool parsing = false;                   // the members' writes don't reach `attr`
 };
