@@ -4,6 +4,9 @@
 
 #include <QStringList>
 
+#include <memory>
+
+class ClassCatalogue;
 class Environment;
 
 /// Tables that all documents of the process share, read once when the first document is made.
@@ -14,6 +17,8 @@ public:
     QStringList resourceTypes;
     /// The ".vcproj" path of the project loaded last.
     QString projectPath;
+    /// The types of layouts. Filled by the first document that is made, and never null from then on.
+    std::shared_ptr<ClassCatalogue> classes;
 
     /// Fills the tables that are still empty from the files that the settings name.
     void LoadOnce(const Environment &env);

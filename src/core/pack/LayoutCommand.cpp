@@ -1,9 +1,31 @@
 #include "LayoutCommand.h"
 
+#include "Environment.h"
+#include "HostFiles.h"
+#include "Paths.h"
+
 using namespace Qt::StringLiterals;
 
 QString LayoutCommand::CommandLine() const
 {
     return tool + u" -i \""_s + input + u"\" -o \""_s + output + u"\" -x \""_s + xml + u"\" -t \""_s + table +
            u"\" -h \""_s + header + u'"' + (p ? u" -p "_s : QString()) + u" -e -E \""_s + subtool + u'"';
+}
+
+QString InProgramDir(const Environment &env, const QString &name)
+{
+    return QString::fromUtf8(HostPath(env.ProgramDir() + name));
+}
+
+LayoutCommand LayoutCommand::In(const Environment &env, const QString &projectFolder)
+{
+    const Settings &settings = env.settings;
+    LayoutCommand command;
+    command.tool = InProgramDir(env, settings.String("Application", "layout_convert_tool", "zul_xml_conv.exe"));
+    command.xml = InProgramDir(env, settings.String("Path", "export_xml"));
+    command.table =
+        ResolvePath(DirectoryOf(settings.String("ResID", "layout_include_table", ".\\ResID\\")), projectFolder);
+    command.subtool =
+        InProgramDir(env, settings.String("Application", "layout_convert_sub", "convert_i_2_h\\convert_i_2_h.exe"));
+    return command;
 }

@@ -2,6 +2,8 @@
 
 #include "Text.h"
 
+class Environment;
+
 /// The options of one run of the layout converter.
 struct LayoutCommand
 {
@@ -15,4 +17,10 @@ struct LayoutCommand
     QString subtool; ///< -e -E
 
     [[nodiscard]] QString CommandLine() const;
+
+    /// With what every run has in common: the converter, its subtool, the catalogue and the folder of the tables.
+    [[nodiscard]] static LayoutCommand In(const Environment &env, const QString &projectFolder);
 };
+
+/// A path of the program's folder, as the host has it.
+[[nodiscard]] QString InProgramDir(const Environment &env, const QString &name);

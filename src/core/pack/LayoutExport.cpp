@@ -18,12 +18,6 @@ namespace
 /// What the converter may leave in its output folder and nobody wants.
 constexpr char16_t LEFT_OVER[] = u"ID_D279A4D9_BC6C_420b_9EC7_CE2FA9F8415D.bin";
 
-/// A path of the program's folder, as the host has it.
-QString InProgramDir(const Environment &env, const QString &name)
-{
-    return QString::fromUtf8(HostPath(env.ProgramDir() + name));
-}
-
 QString WithoutLastSeparator(QString folder)
 {
     if (folder.size() > 1 && folder.endsWith(u'/'))
@@ -49,20 +43,13 @@ void ExportLayoutTables(Environment &env, const QString &projectFolder)
 {
     const Settings &settings = env.settings;
     const QString layouts = settings.String("Path", "export_layout");
-    const QString classes = settings.String("Path", "export_xml");
-    if (layouts.isEmpty() || classes.isEmpty())
+    if (layouts.isEmpty() || settings.String("Path", "export_xml").isEmpty())
         return; // nothing to export; the tables of before stay in use
 
-    LayoutCommand command;
-    command.tool = InProgramDir(env, settings.String("Application", "layout_convert_tool", "zul_xml_conv.exe"));
+    LayoutCommand command = LayoutCommand::In(env, projectFolder);
     command.input = InProgramDir(env, layouts);
     command.output = WithoutLastSeparator(env.ProgramDir());
-    command.xml = InProgramDir(env, classes);
-    command.table =
-        ResolvePath(DirectoryOf(settings.String("ResID", "layout_include_table", ".\\ResID\\")), projectFolder);
     command.header = InProgramDir(env, settings.String("Path", "export_h"));
-    command.subtool =
-        InProgramDir(env, settings.String("Application", "layout_convert_sub", "convert_i_2_h\\convert_i_2_h.exe"));
 
     const QString headers = ResolvePath(settings.String("Path", "header_output", ".\\ResID"), projectFolder);
     for (const char *key : {"zul_xml_enum_i", "zul_xml_table_i"}) {

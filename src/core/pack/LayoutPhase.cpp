@@ -1,8 +1,127 @@
+#include "CLayoutRes.h"
+#include "IdNames.h"
+#include "LayoutCommand.h"
+#include "Paths.h"
 #include "Phases.h"
+#include "RunTool.h"
+
+#include <cerrno>
+#include <unistd.h>
+
+namespace
+{
+
+/// A file that the converter is to write for a layout.
+struct LayoutOutput
+{
+    qint32 value;
+    NarrowText name;
+    QByteArray host;
+};
+
+using Layouts = std::vector<const CLayoutRes *>;
+
+Layouts Gather(const CResFolder *folder)
+{
+    Layouts layouts;
+    if (!folder)
+        return layouts;
+    for (const auto &subfolder : folder->subfolders) {
+        if (const CBaseRes *first = subfolder->resources.First())
+            layouts.push_back(static_cast<const CLayoutRes *>(first));
+    }
+    return layouts;
+}
+
+int InfoFail(Environment &env, const QByteArray &host)
+{
+    env.WriteOutput("\r\n[error] Get file information fail: %s", host.constData());
+    return PACK_FILE_INFO;
+}
+
+/// The files that are wanted. What an earlier run left under their names is gone afterwards, so that it never passes
+/// for new.
+int Expect(Environment &env, const Layouts &layouts, const QString &folder, std::vector<LayoutOutput> &outputs)
+{
+    for (const CLayoutRes *layout : layouts) {
+        const IDRecord &id = *layout->Id();
+        const QString name = env.NarrowToWide(id.name);
+        const QByteArray host = (folder + u'/' + name + QStringLiteral(".bin")).toUtf8();
+        // A name that is no ID may lead out of the folder.
+        if (!IsValidIdName(name) || (unlink(host.constData()) != 0 && errno != ENOENT && errno != ENOTDIR))
+            return InfoFail(env, host);
+        outputs.push_back({qint32(id.value), id.name, host});
+    }
+    return PACK_OK;
+}
+
+int AddLayout(PackContext &context, const LayoutOutput &output)
+{
+    Environment &env = context.Env();
+    const QByteArray name = env.Shown(output.name);
+    context.image.AddItem(quint32(output.value), ITEM_LAYOUT);
+    if (output.value <= 0) {
+        env.WriteOutput("\r\n[error] Illegal resource id value :\"%s\" with value \"%d\"", name.constData(),
+                        output.value);
+    }
+    env.WriteOutput("\r\n  %s", name.constData());
+    const PackFile file = PackFiles::OpenMade(output.host);
+    if (file.size < 0)
+        return InfoFail(env, output.host);
+    if (!file.file.IsOpen()) {
+        env.WriteOutput("\r\n[error] Could not open file while read resource data : %s.\n", output.host.constData());
+        return PACK_FILE_OPEN;
+    }
+    char *place = context.image.ExtendItem(quint64(file.size));
+    if (!place)
+        return PACK_MEMORY;
+    if (!file.ReadTo(place))
+        return PACK_FILE_READ;
+    return context.image.PadItem() ? PACK_OK : PACK_MEMORY;
+}
+
+} // namespace
 
 int ConstructLayouts(PackContext &context)
 {
-    // No tree has layout folders: the fixed tree of a project has none, and nothing else makes one.
-    context.Env().WriteOutput("\r\nthere are no any layout xml ");
+    Environment &env = context.Env();
+    const Layouts layouts = Gather(context.document.root.FindFolder(KIND_RESO_LAYOUTS, context.info.scope, 2));
+    if (layouts.empty()) {
+        env.WriteOutput("\r\nthere are no any layout xml ");
+        return PACK_OK;
+    }
+    const NarrowText &source = layouts.front()->File()->path;
+    env.WriteOutput("\r\n%s", env.Shown(source).constData());
+    env.FlushOutput();
+
+    const Settings &settings = env.settings;
+    LayoutCommand command = LayoutCommand::In(env, context.projectFolder);
+    command.input = ResolvePath(env.NarrowToWide(source), context.projectFolder);
+    if (const QByteArray found = context.files.Find(command.input); !found.isEmpty())
+        command.input = QString::fromUtf8(found);
+    if (!settings.String("Path", "export_xml").isEmpty())
+        (void)context.files.Find(command.xml); // a pack depends on it too
+    command.output =
+        ResolvePath(DirectoryOf(settings.String("Path", "layout_temp", ".\\res\\tmp\\")), context.projectFolder);
+    command.header = ResolvePath(ResolvePath(settings.String("ResID", "main_header", "ResID.h"),
+                                             settings.String("Path", "header_output", ".\\ResID")),
+                                 context.projectFolder);
+    env.DebugTrace("Layout command:%s.", qUtf8Printable(command.CommandLine()));
+    if ((command.input + command.output + command.header).contains(u'"')) {
+        env.WriteOutput("\r\n[error] A name with a double quote can't be handed to the converter: %s",
+                        qUtf8Printable(command.input));
+        return PACK_FILE_INFO;
+    }
+    if (!PathExists(command.output))
+        CreateFolderOnDisk(command.output);
+
+    std::vector<LayoutOutput> outputs;
+    if (const int code = Expect(env, layouts, command.output, outputs))
+        return code;
+    (void)RunTool(env, command.CommandLine());
+    for (const LayoutOutput &output : outputs) {
+        if (const int code = AddLayout(context, output))
+            return code;
+    }
     return PACK_OK;
 }

@@ -1,12 +1,16 @@
 #include "CResDoc.h"
 
+#include "CatalogueFile.h"
+#include "CounterNames.h"
 #include "Environment.h"
 #include "HostFiles.h"
 #include "IDGen.h"
+#include "IdNames.h"
 #include "LayoutExport.h"
 #include "Paths.h"
 #include "ProjectConfig.h"
 #include "ProjectContext.h"
+#include "ProjectLayouts.h"
 #include "StringFile.h"
 
 #include <utility>
@@ -40,6 +44,7 @@ CResDoc::CResDoc(Environment &environment, ProcessTables &processTables, const C
 {
     nodeObserver = &spy;
     tables.LoadOnce(env);
+    LoadClasses();
     SetCurrentFolder(env.ProgramDir());
 }
 
@@ -47,6 +52,25 @@ CResDoc::~CResDoc()
 {
     spy.doc = nullptr;
     root.Clear(); // while the observer of its nodes is still there
+}
+
+void CResDoc::LoadClasses()
+{
+    if (!tables.classes)
+        tables.classes = std::make_shared<ClassCatalogue>();
+    QString file = env.settings.String("Layout", "catalogue");
+    if (tables.classes->loaded || file.isEmpty())
+        return;
+    MakeAbsolute(file, env.ProgramDir());
+    QStringList errors;
+    if (LoadCatalogue(env, file, *tables.classes, errors))
+        return;
+    for (const QString &error : errors) {
+        if (services.Explain)
+            services.Explain(error);
+        else
+            env.WriteOutput("%s\r\n", qUtf8Printable(error));
+    }
 }
 
 bool CResDoc::IsCommandRunning(const QString &path) const
@@ -78,12 +102,16 @@ bool CResDoc::BuildFolderTree(const QString &path)
     add(files, KIND_AUDIO, -1, QStringLiteral("Audio"));
     add(files, KIND_VIDEO, -1, QStringLiteral("Video"));
     add(files, KIND_BINARY, -1, QStringLiteral("Binary"));
-    CResFolder &images = add(root, KIND_IMAGES, -1, QStringLiteral("Images"));
-    for (int i = 0; i < tables.resolutions.Count(); ++i) {
-        const quint32 kind = i == own ? KIND_RESO_IMAGES : KIND_RESO_IMAGES | quint32(KIND_FLAG_OFF);
-        add(images, kind, i, env.NarrowToWide(tables.resolutions.At(i).name));
-    }
-    add(images, KIND_RESO_IMAGES, -1, QStringLiteral("Default"));
+    const auto addByResolution = [&](quint32 kind, const QString &title) {
+        CResFolder &all = add(root, kind, -1, title);
+        kind |= KIND_FLAG_RESO;
+        for (int i = 0; i < tables.resolutions.Count(); ++i)
+            add(all, i == own ? kind : kind | KIND_FLAG_OFF, i, env.NarrowToWide(tables.resolutions.At(i).name));
+        add(all, kind, -1, QStringLiteral("Default"));
+    };
+    addByResolution(KIND_IMAGES, QStringLiteral("Images"));
+    if (env.settings.Int("Layout", "folders", 0) != 0)
+        addByResolution(KIND_LAYOUTS, QStringLiteral("Layouts"));
     add(root, KIND_STRINGS, -1, QStringLiteral("Strings"));
     return true;
 }
@@ -161,6 +189,19 @@ QStringList CResDoc::ProjectFiles()
                       context.Absolute(context.ResourcePath())};
     if (!refPath.isEmpty())
         files.append(refPath);
+    QByteArrayList layouts;
+    if (const CResFolder *all = root.FindFolder(KIND_LAYOUTS, 1)) {
+        for (const auto &resolution : all->subfolders) {
+            if (const LayoutFileRef file = LayoutFileOf(*resolution); file && !file->path.isEmpty())
+                layouts.append(file->path);
+        }
+    }
+    for (const auto &[resolution, paths] : untouchedLayouts)
+        layouts += paths;
+    for (const NarrowText &path : layouts) {
+        if (const QString file = context.Absolute(env.NarrowToWide(path)); !files.contains(file))
+            files.append(file);
+    }
     return files;
 }
 
@@ -225,23 +266,99 @@ void CResDoc::OnWatchedFileChanged(quint32 handle)
     env.ErrorCount = env.WarningCount = 0;
     SetCurrentFolder(DirectoryOf(m_strPathName));
     if (handle == resWatch) {
-        treeLost = true;
-        if (treeGoes)
-            treeGoes();
-        root.Clear();
-        if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
-            throw ArchiveException{CAUSE_BAD_DOCUMENT};
-        treeLost = false;
-        UpdateAllViews(nullptr);
-        SetModifiedFlag(false);
+        ReloadResources();
     } else if (handle == refWatch) {
-        if (ReadStringFile(refPath, *this) != 0)
-            throw ArchiveException{CAUSE_BAD_DOCUMENT};
-        IProjView *const view = GetProjView();
-        const CResFolder *selected = view ? view->SelectedFolder() : nullptr;
-        if (selected && selected->kind == KIND_STRINGS)
-            UpdateAllViews(view);
+        ReloadStrings();
+    } else {
+        for (const auto &[path, watch] : layoutWatches) {
+            if (watch == handle) {
+                ReloadLayouts(QString(path)); // the entry may go meanwhile
+                break;
+            }
+        }
     }
+}
+
+void CResDoc::ReloadResources()
+{
+    treeLost = true;
+    if (treeGoes)
+        treeGoes();
+    root.Clear();
+    untouchedLayouts.clear();
+    while (!layoutWatches.empty())
+        UnwatchFile(QString(layoutWatches.begin()->first), WATCH_LAYOUT);
+    if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
+        throw ArchiveException{CAUSE_BAD_DOCUMENT};
+    treeLost = false;
+    UpdateAllViews(nullptr);
+    SetModifiedFlag(false);
+}
+
+void CResDoc::ReloadStrings()
+{
+    if (ReadStringFile(refPath, *this) != 0)
+        throw ArchiveException{CAUSE_BAD_DOCUMENT};
+    IProjView *const view = GetProjView();
+    const CResFolder *selected = view ? view->SelectedFolder() : nullptr;
+    if (selected && selected->kind == KIND_STRINGS)
+        UpdateAllViews(view);
+}
+
+void CResDoc::ReloadLayouts(const QString &path)
+{
+    IProjView *const view = GetProjView();
+    const CResFolder *selected = view ? view->SelectedFolder() : nullptr;
+    const QString title = selected && selected->kind == KIND_LAYOUT ? selected->title : QString();
+    const LayoutEntry entry = FindLayoutEntry(m_strPathName, path, *this);
+    CResFolder *const folder = root.FindFolder(KIND_RESO_LAYOUTS, entry.resolution, 2);
+    if (!folder)
+        return;
+    folder->Clear();
+    const QByteArrayList untouched = std::exchange(untouchedLayouts[folder->index], {});
+    SetCurrentFolder(DirectoryOf(m_strPathName));
+    LoadLayoutFile(*this, *folder, entry.resolution < 0 ? env.WideToNarrow(path) : entry.path);
+    if (untouched.size() > 1)
+        untouchedLayouts[folder->index] = untouched; // the list names another file too
+    UpdateAllViews(nullptr);
+    CResFolder *const again = title.isEmpty() ? nullptr : folder->FindFolder(KIND_LAYOUT, title, 1);
+    if (again)
+        view->SelectFolder(again);
+}
+
+CResFolder &CResDoc::AddLayoutFolder(CResFolder &folder, std::unique_ptr<CLayoutRes> layout)
+{
+    layout->SetObserver(&spy);
+    folder.AddFolder(CreateFolder(KIND_LAYOUT, folder.index));
+    CResFolder &own = *folder.subfolders.back();
+    own.title = env.NarrowToWide(layout->Id()->name);
+    own.AddResource(std::move(layout));
+    return own;
+}
+
+CResFolder *CResDoc::CreateLayoutRes(qint32 resolutionIndex)
+{
+    CResFolder *const folder = root.FindFolder(KIND_RESO_LAYOUTS, resolutionIndex, 2);
+    if (!folder || !untouchedLayouts[resolutionIndex].empty())
+        return nullptr;
+    LayoutFileRef file = LayoutFileOf(*folder);
+    if (!file && resolutionIndex < 0)
+        return nullptr;
+    if (!file)
+        file = std::make_shared<LayoutFileObject>(env, ids, qint16(resolutionIndex));
+    const CounterNames names(env.settings.String("DefaultID", "layout_id", "ID_LAYOUT_%04X"));
+    IDRecord *record = nullptr;
+    for (quint32 number = 1; !record; ++number) {
+        const QString idName = names.Name(number);
+        if (!IsValidIdName(idName))
+            return nullptr;
+        record = ids.Allocate(env.WideToNarrow(idName), file->resolution);
+        if (!record && idName == names.Name(number + 1))
+            return nullptr; // the template has no number
+    }
+    std::unique_ptr<CLayoutRes> layout = CLayoutRes::CreateEmpty(record, file, *tables.classes);
+    record->Release();
+    return layout ? &AddLayoutFolder(*folder, std::move(layout)) : nullptr;
 }
 
 void CResDoc::ChooseFiles(quint32 mask, bool multiSelect, const QString &initialName, QStringList &results)

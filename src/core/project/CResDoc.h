@@ -5,8 +5,11 @@
 #include "ResModel.h"
 #include "UserInterface.h"
 
+#include <QByteArrayList>
+
 #include <map>
 
+class CLayoutRes;
 class CResDoc;
 
 /// Watches every node of a document and marks it modified. Linked to the document only once it is loaded, so that
@@ -25,6 +28,7 @@ class IProjView : public CView
 {
 public:
     [[nodiscard]] virtual CResFolder *SelectedFolder() const = 0;
+    virtual void SelectFolder(CResFolder *folder) = 0;
 };
 
 /// What the documents of a process are handed by their frame. All of it outlives the documents.
@@ -82,7 +86,16 @@ public:
     /// Loads again what a watched file holds. Throws ArchiveException when that fails.
     void OnWatchedFileChanged(quint32 handle);
 
-    /// The files that the project was read from, absolute: its configuration, resource list and string file.
+    /// Makes a layout without components for a resolution, with a default ID; its folder. Null where there is no folder
+    /// for layouts, and where the resolution's layout file wasn't loaded whole.
+    CResFolder *CreateLayoutRes(qint32 resolutionIndex);
+    /// Puts a layout into a new folder at the end of its resolution's.
+    CResFolder &AddLayoutFolder(CResFolder &folder, std::unique_ptr<CLayoutRes> layout);
+    /// By resolution, the paths of the layout files that weren't loaded whole: a save leaves those files as they are,
+    /// and keeps their names.
+    std::map<qint32, QByteArrayList> untouchedLayouts;
+
+    /// The files that the project was read from, absolute: its configuration, resource list, string file and layouts.
     [[nodiscard]] QStringList ProjectFiles();
 
     /// The document's project view, or null.
@@ -93,6 +106,10 @@ public:
 
 private:
     [[nodiscard]] SaveResult SaveAll(const QString &path);
+    void LoadClasses();
+    void ReloadResources();
+    void ReloadStrings();
+    void ReloadLayouts(const QString &path);
     [[nodiscard]] bool IsCommandRunning(const QString &path) const;
 
     bool treeLost = false; // a reload failed halfway: what is in memory must not replace what is on disk

@@ -1,6 +1,8 @@
 #include "CResDoc.h"
+#include "Environment.h"
 #include "Paths.h"
 #include "ProjectContext.h"
+#include "ProjectLayouts.h"
 #include "Xml.h"
 
 #include <cstring>
@@ -16,12 +18,12 @@ int IntAttribute(const TiXmlElement &element, const char *name)
 
 } // namespace
 
-int FindLayoutResolution(const QString &projectPath, const QString &layoutPath, CResDoc &doc)
+LayoutEntry FindLayoutEntry(const QString &projectPath, const QString &layoutPath, CResDoc &doc)
 {
     const ProjectContext context(projectPath, doc);
     TiXmlDocument document;
     if (LoadXml(doc.env, context.ResourcePath(), document) != 0)
-        return -1;
+        return {};
     const TiXmlElement *root = document.FirstChildElement();
     for (auto *element = root ? root->FirstChildElement("RESOLUTION") : nullptr; element;
          element = element->NextSiblingElement("RESOLUTION")) {
@@ -30,8 +32,16 @@ int FindLayoutResolution(const QString &projectPath, const QString &layoutPath, 
         if (!group || !std::strstr(group, "layout") || !layout || layout->ValueStr() != "LAYOUT")
             continue;
         const char *text = layout->GetText();
-        if (text && QString::fromUtf8(text) == layoutPath)
-            return doc.tables.resolutions.IndexOf(IntAttribute(*element, "width"), IntAttribute(*element, "height"));
+        const QString path = QString::fromUtf8(text).remove(u'"');
+        // Whoever watches the file knows its absolute path.
+        if (text && (path == layoutPath || context.Absolute(path) == layoutPath))
+            return {doc.tables.resolutions.IndexOf(IntAttribute(*element, "width"), IntAttribute(*element, "height")),
+                    doc.env.WideToNarrow(path)};
     }
-    return -1;
+    return {};
+}
+
+int FindLayoutResolution(const QString &projectPath, const QString &layoutPath, CResDoc &doc)
+{
+    return FindLayoutEntry(projectPath, layoutPath, doc).resolution;
 }

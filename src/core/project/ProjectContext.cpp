@@ -29,6 +29,11 @@ QString ProjectContext::StringPath() const
     return ResourceFolder() + QStringLiteral("ref_list_") + name + QStringLiteral(".txt");
 }
 
+QString ProjectContext::LayoutPath(int width, int height) const
+{
+    return ResourceFolder() + QStringLiteral("layout_%1_%2x%3.xml").arg(name).arg(width).arg(height);
+}
+
 QString ProjectContext::Absolute(const QString &path) const
 {
     return ResolvePath(path, dir);

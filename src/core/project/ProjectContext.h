@@ -20,6 +20,8 @@ struct ProjectContext
     [[nodiscard]] QString ResourcePath() const;
     /// The path of the string file, relative to `dir`.
     [[nodiscard]] QString StringPath() const;
+    /// The path of a resolution's layout file, relative to `dir`.
+    [[nodiscard]] QString LayoutPath(int width, int height) const;
     [[nodiscard]] QString Absolute(const QString &path) const;
 
 private:
@@ -33,8 +35,8 @@ private:
 inline constexpr int CANNOT_WRITE = -3;
 
 /// Writes the resource list and the string file and commits `files`, the environment's transaction, with what else was
-/// written in it. 0; the string file's code, or -3, if a file couldn't be written. None has changed then, but for those
-/// before one that the system refused to put in place.
+/// written in it. 0; the code of the string file or of a layout file, or -3, if a file couldn't be written. None has
+/// changed then, but for those before one that the system refused to put in place.
 [[nodiscard]] int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files);
 
 /// The resolution index that the project's resource list names for a layout file, or -1.

@@ -4,6 +4,7 @@
 #include "IdNames.h"
 #include "Paths.h"
 #include "ProjectContext.h"
+#include "ProjectLayouts.h"
 #include "StringFile.h"
 #include "Xml.h"
 
@@ -170,15 +171,30 @@ private:
         }
         const char *group = element.Attribute("class");
         CResFolder *images = group && std::strstr(group, "image") ? doc.UseResolutionImages(index) : nullptr;
-        if (group && std::strstr(group, "layout"))
-            doc.UseResolutionLayouts(index);
+        CResFolder *layouts = group && std::strstr(group, "layout") ? doc.UseResolutionLayouts(index) : nullptr;
         for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement()) {
             if (images && child->ValueStr() == "IMAGE")
                 ReadImage(*child, images, index);
+            else if (layouts && child->ValueStr() == "LAYOUT")
+                ReadLayouts(*child, *layouts);
             else
                 UnknownTag(*child);
         }
         return 0;
+    }
+
+    void ReadLayouts(const TiXmlElement &element, CResFolder &folder)
+    {
+        QByteArray text = TextOf(element);
+        if (text.isEmpty()) {
+            const int count = ++env.ErrorCount; // though it is called a warning
+            env.WriteOutput("Warning %d: layout file not found.\r\n", count);
+            return;
+        }
+        text.replace('"', "");
+        SetCurrentFolder(context.dir);
+        LoadLayoutFile(doc, folder, FromXml(env, text));
+        doc.WatchFile(context.Absolute(QString::fromUtf8(text)), CResDoc::WATCH_LAYOUT);
     }
 
     int ReadStrings(const TiXmlElement &element)

@@ -3,12 +3,21 @@
 #include "HostFiles.h"
 #include "Paths.h"
 #include "ProjectContext.h"
+#include "ProjectLayouts.h"
 #include "StringFile.h"
 #include "Xml.h"
 #include "XmlWriter.h"
 
+#include <algorithm>
+
 namespace
 {
+
+void ReportRefused(Environment &env, const QString &path)
+{
+    const int count = ++env.ErrorCount;
+    env.WriteOutput("Error %d: failed to write to file \"%s\".\r\n", count, qUtf8Printable(path));
+}
 
 /// One writing of a resource list.
 class ProjectWriter
@@ -32,8 +41,17 @@ public:
 
     bool Save(const QString &path) { return list.Save(path); }
 
-    QString writtenStrings;  ///< the string file, if the project has strings and they were written
-    QString obsoleteStrings; ///< the string file that it no longer has, if it has none
+    /// A layout file that was written.
+    struct WrittenLayouts
+    {
+        LayoutFileRef file;
+        NarrowText path; ///< as the list has it
+        QString absolute;
+    };
+
+    QString writtenStrings; ///< the string file, if the project has strings and they were written
+    std::vector<WrittenLayouts> writtenLayouts;
+    QStringList obsolete; ///< string and layout files that the project no longer has
 
 private:
     /// Writes the elements of a folder and of those below it: subfolders before the folder's own resources.
@@ -52,6 +70,8 @@ private:
         case KIND_RESO_IMAGES:
             WriteImages(folder);
             return 0;
+        case KIND_RESO_LAYOUTS:
+            return WriteResolutionLayouts(folder);
         case KIND_AUDIO:
         case KIND_VIDEO:
         case KIND_BINARY:
@@ -89,14 +109,70 @@ private:
             PutFiles(folder, "IMAGE");
             return;
         }
+        BeginResolution(folder, "image");
+        PutFiles(folder, "IMAGE");
+        list.End();
+    }
+
+    void BeginResolution(const CResFolder &folder, const char *group)
+    {
         const CResoEntry &resolution = doc.tables.resolutions.At(folder.index);
         TiXmlElement element("RESOLUTION");
         element.SetAttribute("width", resolution.width);
         element.SetAttribute("height", resolution.height);
-        element.SetAttribute("class", "image");
+        element.SetAttribute("class", group);
         list.Begin(element);
-        PutFiles(folder, "IMAGE");
+    }
+
+    int WriteResolutionLayouts(const CResFolder &folder)
+    {
+        if (folder.index < 0)
+            return 0;
+        BeginResolution(folder, "layout");
+        const QByteArrayList &untouched = doc.untouchedLayouts[folder.index];
+        for (const NarrowText &path : untouched)
+            NameUntouched(path);
+        const int code = untouched.empty() ? WriteLayouts(folder) : 0;
         list.End();
+        return code;
+    }
+
+    void NameUntouched(const NarrowText &path)
+    {
+        TiXmlElement element("LAYOUT");
+        Put(element, ToXml(env, path));
+        const int count = ++env.WarningCount;
+        env.WriteOutput("Warning %d: layout file \"%s\" wasn't loaded whole and is left as it is.\r\n", count,
+                        env.Shown(path).constData());
+    }
+
+    int WriteLayouts(const CResFolder &folder)
+    {
+        const LayoutFileRef file = LayoutFileOf(folder);
+        if (!file)
+            return 0;
+        const CResoEntry &resolution = doc.tables.resolutions.At(file->resolution);
+        NarrowText path = file->path;
+        if (path.isEmpty())
+            path = env.WideToNarrow(context.LayoutPath(resolution.width, resolution.height));
+        const QString absolute = context.Absolute(env.NarrowToWide(path));
+        if (file->All().empty() && !file->path.isEmpty()) {
+            obsolete.append(absolute);
+            return 0;
+        }
+        TiXmlElement element("LAYOUT");
+        Put(element, ToXml(env, path));
+        SetCurrentFolder(context.dir);
+        doc.UnwatchFile(absolute, CResDoc::WATCH_LAYOUT);
+        // A list made by hand may name one file for two resolutions: the second would replace the first.
+        const bool isTaken = std::any_of(writtenLayouts.begin(), writtenLayouts.end(),
+                                         [&](const auto &other) { return IsSamePath(other.absolute, absolute); });
+        const int code = isTaken ? CANNOT_WRITE : file->Save(path);
+        if (code != 0)
+            ReportRefused(env, env.NarrowToWide(path));
+        else
+            writtenLayouts.push_back({file, path, absolute});
+        return code;
     }
 
     void WriteComponent(const CResFolder &component)
@@ -122,7 +198,7 @@ private:
         const bool nothing = strings.subfolders.size() < 2 &&
                              (strings.subfolders.empty() || strings.subfolders.front()->resources.IsEmpty());
         if (nothing) {
-            obsoleteStrings = context.Absolute(path);
+            obsolete.append(context.Absolute(path));
             return 0;
         }
         TiXmlElement element("STRING");
@@ -155,18 +231,33 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
     ProjectWriter writer(context);
     int code = writer.WriteAll();
     std::optional<QString> refused;
-    if (code == 0)
-        refused = writer.Save(file) ? files.Commit() : file;
+    if (code == 0 && !writer.Save(file)) {
+        refused = file;
+    } else if (code == 0) {
+        // What bears the name of a new layout file belongs to no resource, but may have been work once.
+        for (const auto &layouts : writer.writtenLayouts) {
+            if (layouts.file->path.isEmpty())
+                MoveToRecycleBin(layouts.absolute);
+        }
+        refused = files.Commit();
+    }
     if (refused) {
         code = CANNOT_WRITE;
-        const int count = ++env.ErrorCount;
-        env.WriteOutput("Error %d: failed to write to file \"%s\".\r\n", count, qUtf8Printable(*refused));
+        ReportRefused(env, *refused);
     }
     if (!writer.writtenStrings.isEmpty())
         doc.WatchFile(writer.writtenStrings, CResDoc::WATCH_STRINGS);
+    for (const auto &layouts : writer.writtenLayouts) {
+        if (code == 0)
+            layouts.file->path = layouts.path;
+        if (!layouts.file->path.isEmpty())
+            doc.WatchFile(layouts.absolute, CResDoc::WATCH_LAYOUT);
+    }
     // Only now that the list on disk no longer names it, so that a failed save loses nothing.
-    if (code == 0 && !writer.obsoleteStrings.isEmpty())
-        MoveToRecycleBin(writer.obsoleteStrings);
+    for (const QString &obsolete : code == 0 ? writer.obsolete : QStringList()) {
+        doc.UnwatchFile(obsolete, CResDoc::WATCH_LAYOUT);
+        MoveToRecycleBin(obsolete);
+    }
     env.WriteOutput("[%s] save - %d error(s), %d warning(s)\r\n", qUtf8Printable(context.name), env.ErrorCount,
                     env.WarningCount);
     doc.WatchFile(absolute, CResDoc::WATCH_RESOURCES);

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "CLayoutRes.h"
+
+class CResDoc;
+class CResFolder;
+
+/// Loads the layouts of a file into the folder of their resolution. What fails is reported; a file that isn't loaded
+/// whole is noted in the document, so that no save touches it.
+void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path);
+
+/// The file of a resolution's layouts, by their folder; null while it has none.
+[[nodiscard]] LayoutFileRef LayoutFileOf(const CResFolder &folder);
+
+/// Which resolution the project's list names a layout file for, and how.
+struct LayoutEntry
+{
+    qint16 resolution = -1;
+    NarrowText path; ///< as the list has it
+};
+[[nodiscard]] LayoutEntry FindLayoutEntry(const QString &projectPath, const QString &layoutPath, CResDoc &doc);
