@@ -5,15 +5,6 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-class CountingView : public IProjView
-{
-public:
-    void OnUpdate(CView *, long, CView *) override { ++updates; }
-    [[nodiscard]] CResFolder *SelectedFolder() const override { return selected; }
-    CResFolder *selected = nullptr;
-    int updates = 0;
-};
-
 /// An open project with a file and a text, and its handles at the monitor of files.
 class ResDoc : public testing::Test
 {

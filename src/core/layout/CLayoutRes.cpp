@@ -82,6 +82,8 @@ bool CLayoutRes::MoveComponent(CZulClass *newParent, CZulClass *object)
 {
     if (object->parent == newParent)
         return true;
+    if (newParent && !newParent->component)
+        return false; // it has no place for another
     CZulClass::Detached detached = object->parent ? object->parent->DetachSubComponent(object) : Detach(object);
     if (!detached.object)
         return false;

@@ -14,6 +14,7 @@ namespace
 
 constexpr int MOST_ERRORS = 1000; // told
 constexpr qsizetype LONGEST_NAME = 64;
+constexpr int MOST_VALUES = 1000; // of an object, those of its base and of its members included
 
 /// Attributes that a component has by itself, or that aren't kept.
 constexpr QByteArrayView RESERVED[] = {"name", "prop", "rect"};

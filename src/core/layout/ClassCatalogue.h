@@ -7,6 +7,8 @@
 #include <memory>
 #include <vector>
 
+class MemberTable;
+
 enum ClassKind : qint32
 {
     CLASS_CLASS = 1,
@@ -28,6 +30,8 @@ struct ClassDescriptor
     qint32 kind = CLASS_CLASS;
     bool excluded = false; ///< not offered to whoever makes components
     std::vector<Item> items;
+    /// Made of the items with the first object of this type; they stay as they are from then on.
+    mutable std::shared_ptr<const MemberTable> table;
 };
 
 /// The types that layouts are made of beside the built-in ones. Empty unless a file of definitions was read.

@@ -38,12 +38,7 @@ bool CZulClass::Define(const ClassDescriptor &definition)
     if (definition.baseName.isEmpty() || definition.baseName == typeName)
         return true;
     const ClassDescriptor *base = catalogue.Find(definition.baseName);
-    if (!base || base->kind != CLASS_CLASS)
-        return true;
-    int depth = 0;
-    for (const CZulCustom *above = this; above; above = above->owner)
-        ++depth;
-    if (depth >= DEEPEST_TYPE)
+    if (!base || base->kind != CLASS_CLASS || Depth() >= DEEPEST_TYPE)
         return true;
     static const NarrowText superName("super");
     super = std::make_unique<CZulClass>(catalogue);

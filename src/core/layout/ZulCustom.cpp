@@ -1,3 +1,4 @@
+#include "MemberTable.h"
 #include "ZulType.h"
 
 namespace
@@ -42,8 +43,40 @@ NarrowText CZulCustom::GetText() const
     return component ? NarrowText("{...}") : NarrowText();
 }
 
+int CZulCustom::Depth() const
+{
+    int depth = 0;
+    for (const CZulCustom *above = owner; above && depth < DEEPEST_TYPE; above = above->owner)
+        ++depth;
+    return depth;
+}
+
+CZulType *CZulCustom::Member(size_t place) const
+{
+    if (members.empty())
+        members.resize(table->Count());
+    std::unique_ptr<CZulType> &member = members[place];
+    if (!member) {
+        const ClassDescriptor::Item &item = table->At(place);
+        member = CreateType(catalogue, item.name, item.typeName, const_cast<CZulCustom *>(this));
+    }
+    return member.get();
+}
+
+const std::vector<std::unique_ptr<CZulType>> &CZulCustom::Members() const
+{
+    for (size_t i = 0; table && i < table->Count(); ++i)
+        Member(i);
+    return members;
+}
+
 CZulType *CZulCustom::FindMember(const NarrowText &name) const
 {
+    if (table) {
+        const int place = table->PlaceOf(name);
+        CZulType *const member = place < 0 ? nullptr : Member(size_t(place));
+        return member && member->propName == name ? member : nullptr; // a component may have changed the name
+    }
     for (const auto &member : members) {
         if (member->propName == name)
             return member.get();
@@ -78,12 +111,11 @@ bool CZulCustom::Define(const ClassDescriptor &definition)
     if (!descriptor)
         descriptor = &definition;
     typeName = definition.name;
-    members.reserve(std::min(definition.items.size(), size_t(MOST_VALUES)));
-    for (const ClassDescriptor::Item &item : definition.items) {
-        if (item.typeName == typeName || FindMember(item.name))
-            continue; // it would hold itself; or the first of a name counts
-        if (auto member = CreateOwned(catalogue, this, item.name, item.typeName))
-            members.push_back(std::move(member));
+    if (Depth() < DEEPEST_TYPE) {
+        if (!definition.table)
+            definition.table = std::make_shared<const MemberTable>(definition, catalogue);
+        table = definition.table.get();
+        members.clear();
     }
     return true;
 }

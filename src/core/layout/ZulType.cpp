@@ -98,17 +98,9 @@ void CZulBase::SetText(const NarrowText &text)
         owner->OnMemberChanged(this);
 }
 
-/// Knows the owner already while the object's own members are made, so that it can tell how deep they stand.
-std::unique_ptr<CZulType> CreateOwned(const ClassCatalogue &catalogue, CZulCustom *owner, const NarrowText &propName,
-                                      const NarrowText &typeName)
+std::unique_ptr<CZulType> CreateType(const ClassCatalogue &catalogue, const NarrowText &propName,
+                                     const NarrowText &typeName, CZulCustom *owner)
 {
-    int depth = 0;
-    for (CZulCustom *above = owner; above; above = above->owner) {
-        if (++depth > DEEPEST_TYPE)
-            return nullptr;
-        if (!above->owner && ++above->valuesBelow > MOST_VALUES)
-            return nullptr;
-    }
     std::unique_ptr<CZulType> object;
     const ClassDescriptor *definition = nullptr;
     if (const qint32 id = TypeIdOf(typeName); id != TYPE_UNKNOWN)
@@ -129,10 +121,4 @@ std::unique_ptr<CZulType> CreateOwned(const ClassCatalogue &catalogue, CZulCusto
         return nullptr;
     }
     return object;
-}
-
-std::unique_ptr<CZulType> CreateType(const ClassCatalogue &catalogue, const NarrowText &propName,
-                                     const NarrowText &typeName)
-{
-    return CreateOwned(catalogue, nullptr, propName, typeName);
 }

@@ -6,10 +6,6 @@
 class CZulCustom;
 class CZulType;
 
-/// What CreateType and Define make members with.
-[[nodiscard]] std::unique_ptr<CZulType> CreateOwned(const ClassCatalogue &catalogue, CZulCustom *owner,
-                                                    const NarrowText &propName, const NarrowText &typeName);
-
 /// What kind of value an object is. The numbers of classes, structures and enumerations are those of ClassKind.
 enum TypeId : qint32
 {
@@ -79,6 +75,9 @@ public:
 
     [[nodiscard]] NarrowText GetText() const override;
     bool BindAttribute(AttributeRecord *) override { return false; }
+    /// The members in their order, without those of a base class. A member is made when it is asked for the first
+    /// time: most values of most components are never set.
+    [[nodiscard]] const std::vector<std::unique_ptr<CZulType>> &Members() const;
     /// The member of that name, or null.
     [[nodiscard]] virtual CZulType *FindMember(const NarrowText &name) const;
     /// A member wrote its attribute.
@@ -87,22 +86,26 @@ public:
     [[nodiscard]] virtual AttributeRecord *AttributeForMember(CZulType *member);
     /// Where a member that is a composite lives; made when missing.
     [[nodiscard]] virtual ComponentObject *ComponentForMember(CZulType *member);
-    /// Makes the members.
+    /// Has the members of that type from now on.
     virtual bool Define(const ClassDescriptor &definition);
     /// Takes a component as one that lies in this one.
     virtual bool AddSubComponent(ComponentObject *child) = 0;
 
-    std::vector<std::unique_ptr<CZulType>> members;
     ComponentObject *component = nullptr;        ///< not owned; null until bound
     const ClassDescriptor *descriptor = nullptr; ///< not owned; null when nothing defined it
 
 protected:
+    /// How many owners are above, up to the bound of a type's depth.
+    [[nodiscard]] int Depth() const;
+
     const ClassCatalogue &catalogue;
+    /// Those that aren't made yet are null; it is empty while none is.
+    mutable std::vector<std::unique_ptr<CZulType>> members;
 
 private:
-    friend std::unique_ptr<CZulType> CreateOwned(const ClassCatalogue &catalogue, CZulCustom *owner,
-                                                 const NarrowText &propName, const NarrowText &typeName);
-    quint32 valuesBelow = 0; // counted in the outermost owner only
+    CZulType *Member(size_t place) const;
+
+    const MemberTable *table = nullptr; // of the descriptor's; null for a type that makes its members itself
 };
 
 /// A component, or a member that is one.
@@ -145,18 +148,15 @@ public:
     bool AddSubComponent(ComponentObject *) override { return false; }
 };
 
-/// An object of a type by the type's name. An unknown name gives a class without members. Null when the catalogue has
-/// it with an unknown kind.
+/// An object of a type by the type's name; `owner` is null but for a member. An unknown name gives a class without
+/// members. Null when the catalogue has it with an unknown kind.
 ///
-/// A catalogue whose types hold one another is no danger: members that stand too deep, and those beyond the largest
-/// number of values, are left out.
+/// A catalogue whose types hold one another is no danger: what stands too deep has no members.
 [[nodiscard]] std::unique_ptr<CZulType> CreateType(const ClassCatalogue &catalogue, const NarrowText &propName,
-                                                   const NarrowText &typeName);
+                                                   const NarrowText &typeName, CZulCustom *owner = nullptr);
 
-/// How deep a type may nest, bases counted too, and how many values an object may have in all, bases and nested ones
-/// included.
+/// How deep a type may nest, bases counted too.
 inline constexpr int DEEPEST_TYPE = 32;
-inline constexpr int MOST_VALUES = 1000;
 
 /// The kind of value of a built-in type of that name, 256 for any other name. TYPE_STATE_IMAGE for "ZrpStateImage",
 /// whose objects say TYPE_STRUCTURE.

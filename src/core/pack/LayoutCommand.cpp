@@ -12,6 +12,11 @@ QString LayoutCommand::CommandLine() const
            u"\" -h \""_s + header + u'"' + (p ? u" -p "_s : QString()) + u" -e -E \""_s + subtool + u'"';
 }
 
+QString HostForm(const QString &path, const QString &base)
+{
+    return QString::fromUtf8(HostPath(ResolvePath(path, base)));
+}
+
 QString InProgramDir(const Environment &env, const QString &name)
 {
     return QString::fromUtf8(HostPath(env.ProgramDir() + name));
@@ -24,7 +29,7 @@ LayoutCommand LayoutCommand::In(const Environment &env, const QString &projectFo
     command.tool = InProgramDir(env, settings.String("Application", "layout_convert_tool", "zul_xml_conv.exe"));
     command.xml = InProgramDir(env, settings.String("Path", "export_xml"));
     command.table =
-        ResolvePath(DirectoryOf(settings.String("ResID", "layout_include_table", ".\\ResID\\")), projectFolder);
+        HostForm(DirectoryOf(settings.String("ResID", "layout_include_table", ".\\ResID\\")), projectFolder);
     command.subtool =
         InProgramDir(env, settings.String("Application", "layout_convert_sub", "convert_i_2_h\\convert_i_2_h.exe"));
     return command;

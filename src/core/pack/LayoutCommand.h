@@ -22,5 +22,7 @@ struct LayoutCommand
     [[nodiscard]] static LayoutCommand In(const Environment &env, const QString &projectFolder);
 };
 
+/// A path, absolute and as the host has it.
+[[nodiscard]] QString HostForm(const QString &path, const QString &base);
 /// A path of the program's folder, as the host has it.
 [[nodiscard]] QString InProgramDir(const Environment &env, const QString &name);

@@ -96,16 +96,16 @@ int ConstructLayouts(PackContext &context)
 
     const Settings &settings = env.settings;
     LayoutCommand command = LayoutCommand::In(env, context.projectFolder);
-    command.input = ResolvePath(env.NarrowToWide(source), context.projectFolder);
-    if (const QByteArray found = context.files.Find(command.input); !found.isEmpty())
-        command.input = QString::fromUtf8(found);
-    if (!settings.String("Path", "export_xml").isEmpty())
-        (void)context.files.Find(command.xml); // a pack depends on it too
+    command.input = HostForm(env.NarrowToWide(source), context.projectFolder);
     command.output =
-        ResolvePath(DirectoryOf(settings.String("Path", "layout_temp", ".\\res\\tmp\\")), context.projectFolder);
-    command.header = ResolvePath(ResolvePath(settings.String("ResID", "main_header", "ResID.h"),
-                                             settings.String("Path", "header_output", ".\\ResID")),
-                                 context.projectFolder);
+        HostForm(DirectoryOf(settings.String("Path", "layout_temp", ".\\res\\tmp\\")), context.projectFolder);
+    command.header = HostForm(ResolvePath(settings.String("ResID", "main_header", "ResID.h"),
+                                          settings.String("Path", "header_output", ".\\ResID")),
+                              context.projectFolder);
+    // What the converter reads the pack depends on.
+    (void)context.files.Find(command.input);
+    if (!settings.String("Path", "export_xml").isEmpty())
+        (void)context.files.Find(command.xml);
     env.DebugTrace("Layout command:%s.", qUtf8Printable(command.CommandLine()));
     if ((command.input + command.output + command.header).contains(u'"')) {
         env.WriteOutput("\r\n[error] A name with a double quote can't be handed to the converter: %s",

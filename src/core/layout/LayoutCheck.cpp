@@ -1,0 +1,241 @@
+#include "LayoutCheck.h"
+
+#include "Environment.h"
+#include "Xml.h"
+#include "ZulValues.h"
+
+#include <QSet>
+
+#include <algorithm>
+#include <map>
+
+namespace
+{
+
+/// Says whether a member is an element of its own in a file.
+bool IsMadeOfMembers(const CZulType &member)
+{
+    const qint32 id = member.GetTypeId();
+    return (id == TYPE_CLASS || id == TYPE_STRUCTURE) && TypeIdOf(member.typeName) != TYPE_STATE_IMAGE;
+}
+
+/// One check of a layout file.
+class LayoutChecker
+{
+public:
+    LayoutChecker(const Environment &environment, const ClassCatalogue &classes, const FindReference &findReference)
+        : env(environment), catalogue(classes), find(findReference)
+    {
+    }
+
+    void Check(const TiXmlDocument &document)
+    {
+        const TiXmlElement *root = document.RootElement();
+        if (!root)
+            Tell(1, QStringLiteral("there is no element <TarvoXML>"));
+        else if (root->ValueStr() != "TarvoXML")
+            Tell(*root, QStringLiteral("<%1> should be <TarvoXML>").arg(Text(root->Value())));
+        else
+            ForEachChild(*root, [this](const TiXmlElement &layout) { CheckLayout(layout); });
+    }
+
+    std::vector<LayoutFinding> findings;
+
+private:
+    static QString Text(const char *text) { return QString::fromUtf8(text); }
+    [[nodiscard]] QString Text(const NarrowText &text) const { return env.NarrowToWide(text); }
+
+    void Tell(int line, const QString &text) { findings.push_back({line, text}); }
+    void Tell(const TiXmlElement &element, const QString &text) { Tell(RowOf(element), text); }
+
+    template <typename Function> static void ForEachChild(const TiXmlElement &element, Function &&function)
+    {
+        for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement())
+            function(*child);
+    }
+
+    void CheckLayout(const TiXmlElement &layout)
+    {
+        if (layout.ValueStr() != "Layout") {
+            Tell(layout, QStringLiteral("<%1> should be <Layout>").arg(Text(layout.Value())));
+            return;
+        }
+        const char *const id = layout.Attribute("id");
+        if (!id)
+            Tell(layout, QStringLiteral("<Layout> needs the attribute \"id\""));
+        else if (ids.contains(QByteArray(id)))
+            Tell(layout, QStringLiteral("the layout \"%1\" stands twice").arg(Text(id)));
+        else
+            ids.insert(QByteArray(id));
+        namesOfLayout.clear();
+        ForEachChild(layout, [this](const TiXmlElement &component) { CheckComponent(component); });
+    }
+
+    void CheckComponent(const TiXmlElement &component)
+    {
+        const char *const name = component.Attribute("name");
+        if (name && *name) {
+            int &line = namesOfLayout[QByteArray(name)];
+            if (line != 0)
+                Tell(component, QStringLiteral("the name \"%1\" stands in line %2 already").arg(Text(name)).arg(line));
+            else
+                line = RowOf(component);
+        }
+        const CZulType *type = TypeOf(component);
+        if (type && type->GetTypeId() != TYPE_CLASS) {
+            Tell(component, QStringLiteral("\"%1\" is no class").arg(Text(component.Value())));
+            type = nullptr;
+        }
+        CheckContent(component, static_cast<const CZulClass *>(type));
+    }
+
+    /// An object of the element's type, which stands for all; null, and a finding, when there is no such type.
+    const CZulType *TypeOf(const TiXmlElement &element)
+    {
+        if (catalogue.entries.empty())
+            return nullptr;
+        const NarrowText name = FromXml(env, element.Value());
+        const auto known = types.find(name);
+        if (known != types.end()) {
+            if (!known->second)
+                Tell(element, QStringLiteral("unknown class \"%1\"").arg(Text(name)));
+            return known->second.get();
+        }
+        std::unique_ptr<CZulType> &type = types[name];
+        if (TypeIdOf(name) != TYPE_UNKNOWN || catalogue.Find(name))
+            type = CreateType(catalogue, {}, name);
+        else
+            Tell(element, QStringLiteral("unknown class \"%1\"").arg(Text(name)));
+        return type.get();
+    }
+
+    /// `type` is null when nothing is known about the element.
+    void CheckContent(const TiXmlElement &element, const CZulCustom *type)
+    {
+        for (const TiXmlAttribute *attribute = element.FirstAttribute(); attribute; attribute = attribute->Next()) {
+            const std::string &name = attribute->NameTStr();
+            if (name != "name" && name != "prop" && name != "rect")
+                CheckProperty(element, *attribute, type);
+        }
+        QSet<QByteArray> members;
+        ForEachChild(element, [&](const TiXmlElement &child) {
+            const char *const prop = child.Attribute("prop");
+            const CZulType *const member = prop && *prop && type ? type->FindMember(FromXml(env, prop)) : nullptr;
+            if (member) {
+                CheckMember(child, *member);
+                if (members.contains(member->propName))
+                    Tell(child, QStringLiteral("the property \"%1\" stands twice").arg(Text(prop)));
+                members.insert(member->propName);
+                return;
+            }
+            if (prop && *prop && type)
+                Tell(child, QStringLiteral("\"%1\" has no property \"%2\"").arg(Text(type->typeName), Text(prop)));
+            if (type && type->GetTypeId() == TYPE_STRUCTURE)
+                Tell(child, QStringLiteral("no component can stand in the structure \"%1\"").arg(Text(type->typeName)));
+            CheckComponent(child);
+        });
+    }
+
+    void CheckMember(const TiXmlElement &element, const CZulType &member)
+    {
+        if (!IsMadeOfMembers(member)) {
+            Tell(element, QStringLiteral("the property \"%1\" is an attribute, no element").arg(Text(member.propName)));
+            return;
+        }
+        if (FromXml(env, element.Value()) != member.typeName) {
+            Tell(element, QStringLiteral("<%1> should be <%2>, the type of \"%3\"")
+                              .arg(Text(element.Value()), Text(member.typeName), Text(member.propName)));
+            return;
+        }
+        CheckContent(element, static_cast<const CZulCustom *>(&member));
+    }
+
+    void CheckProperty(const TiXmlElement &element, const TiXmlAttribute &attribute, const CZulCustom *type)
+    {
+        const NarrowText value = FromXml(env, attribute.Value());
+        const CZulType *const member = type ? type->FindMember(FromXml(env, attribute.Name())) : nullptr;
+        if (!member) {
+            if (type)
+                Tell(element,
+                     QStringLiteral("\"%1\" has no property \"%2\"").arg(Text(type->typeName), Text(attribute.Name())));
+            else if (catalogue.entries.empty())
+                CheckReference(element, value, TYPE_RES_ID);
+            return;
+        }
+        if (IsMadeOfMembers(*member)) {
+            Tell(element, QStringLiteral("the property \"%1\" is an element <%2>, no attribute")
+                              .arg(Text(member->propName), Text(member->typeName)));
+            return;
+        }
+        const qint32 id = TypeIdOf(member->typeName);
+        if (id == TYPE_STATE_IMAGE) {
+            CheckStateImage(element, *member, value);
+            return;
+        }
+        if (!static_cast<const CZulBase *>(member)->IsValid(value))
+            Refuse(element, *member, value);
+        if (id == TYPE_RES_ID || id == TYPE_WSTRING || id == TYPE_IMAGE_SRC)
+            CheckReference(element, value, id);
+    }
+
+    void Refuse(const TiXmlElement &element, const CZulType &member, const NarrowText &value)
+    {
+        Tell(element, QStringLiteral("the value \"%1\" of \"%2\" is no %3")
+                          .arg(Text(value), Text(member.propName), Text(member.typeName)));
+    }
+
+    void CheckStateImage(const TiXmlElement &element, const CZulType &member, const NarrowText &value)
+    {
+        const NarrowText text = value.trimmed();
+        if (!text.startsWith('(') || !text.endsWith(')') || text.count(',') != 3) {
+            Refuse(element, member, value);
+            return;
+        }
+        for (const QByteArray &token : text.sliced(1).chopped(1).split(','))
+            CheckReference(element, token.trimmed(), TYPE_IMAGE_SRC);
+    }
+
+    void CheckReference(const TiXmlElement &element, const NarrowText &value, qint32 type)
+    {
+        if (!value.startsWith('@'))
+            return;
+        const NarrowText id = value.sliced(1);
+        const ReferenceKind kind = find(id);
+        if (kind == ReferenceKind::NONE)
+            Tell(element, QStringLiteral("no resource has the ID \"%1\"").arg(Text(id)));
+        else if (type == TYPE_WSTRING && kind != ReferenceKind::STRING)
+            Tell(element, QStringLiteral("\"%1\" is no string").arg(Text(id)));
+        else if (type == TYPE_IMAGE_SRC && kind != ReferenceKind::IMAGE)
+            Tell(element, QStringLiteral("\"%1\" is no image").arg(Text(id)));
+    }
+
+    const Environment &env;
+    const ClassCatalogue &catalogue;
+    const FindReference &find;
+    std::map<NarrowText, std::unique_ptr<CZulType>> types;
+    QSet<QByteArray> ids;                 // of the layouts
+    QHash<QByteArray, int> namesOfLayout; // of the components of the layout at hand, with their lines
+};
+
+} // namespace
+
+std::vector<LayoutFinding> CheckLayouts(const Environment &env, const TiXmlDocument &document,
+                                        const ClassCatalogue &catalogue, const FindReference &find)
+{
+    LayoutChecker checker(env, catalogue, find);
+    checker.Check(document);
+    return std::move(checker.findings);
+}
+
+std::vector<LayoutFinding> CheckLayoutFile(const Environment &env, const QString &path, const ClassCatalogue &catalogue,
+                                           const FindReference &find)
+{
+    TiXmlDocument document;
+    const int result = LoadXml(env, path, document);
+    if (result == -1)
+        return {{0, QStringLiteral("can't be opened")}};
+    if (result != 0)
+        return {{std::max(document.ErrorRow(), 1),
+                 QStringLiteral("this is no well-formed XML: %1").arg(QString::fromUtf8(document.ErrorDesc()))}};
+    return CheckLayouts(env, document, catalogue, find);
+}

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "CatalogueFile.h"
+#include "Environment.h"
+#include "ZulValues.h"
+
+#include <gtest/gtest.h>
+
+/// A catalogue made of a text, and components to lay its types over.
+struct TestCatalogue : ClassCatalogue
+{
+    TestCatalogue() = default;
+    explicit TestCatalogue(QByteArrayView definitions)
+    {
+        QStringList errors;
+        const QByteArray text = "<catalogue version='1'>" + definitions.toByteArray() + "</catalogue>";
+        EXPECT_TRUE(ParseCatalogue(env, text, QStringLiteral("test"), *this, errors))
+            << errors.join(u'\n').toStdString();
+    }
+
+    /// A class by hand, past the checks of the reader.
+    ClassDescriptor &Add(const NarrowText &name, std::vector<ClassDescriptor::Item> items, const NarrowText &base = {},
+                         qint32 kind = CLASS_CLASS)
+    {
+        entries.push_back(std::make_unique<ClassDescriptor>());
+        ClassDescriptor &entry = *entries.back();
+        entry.name = name;
+        entry.baseName = base;
+        entry.kind = kind;
+        entry.items = std::move(items);
+        return entry;
+    }
+
+    [[nodiscard]] std::unique_ptr<CZulClass> Bound(ComponentObject &component) const
+    {
+        std::unique_ptr<CZulType> made = CreateType(*this, {}, component.className);
+        EXPECT_EQ(made->GetTypeId(), TYPE_CLASS);
+        std::unique_ptr<CZulClass> object(static_cast<CZulClass *>(made.release()));
+        EXPECT_TRUE(BindComponent(*object, &component));
+        return object;
+    }
+
+    Environment env{QStringLiteral("/nonexistent")};
+};
+
+inline std::unique_ptr<ComponentObject> Component(const NarrowText &className,
+                                                  std::initializer_list<AttributeRecord> attributes = {})
+{
+    auto component = std::make_unique<ComponentObject>();
+    component->className = className;
+    component->attributes = attributes;
+    return component;
+}
+
+/// The component as a text: class, attributes, and what lies in it.
+inline QByteArray Dump(const ComponentObject &component)
+{
+    QByteArray text = component.className;
+    for (const AttributeRecord &attribute : component.attributes)
+        text += ' ' + attribute.name + '=' + attribute.value;
+    for (const auto &child : component.children)
+        text += " {" + Dump(*child) + '}';
+    return text;
+}
+
+inline void Set(CZulCustom &object, const NarrowText &member, const NarrowText &text)
+{
+    auto *value = dynamic_cast<CZulBase *>(object.FindMember(member));
+    ASSERT_TRUE(value);
+    value->SetText(text);
+}
+
+inline QByteArray Shown(const CZulCustom &object, const NarrowText &member)
+{
+    const CZulType *value = object.FindMember(member);
+    return value ? value->GetText() : "no such member";
+}

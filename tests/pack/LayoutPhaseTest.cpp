@@ -1,0 +1,99 @@
+#include "CLayoutRes.h"
+#include "PackCodes.h"
+#include "PackProject.h"
+
+using testing::HasSubstr;
+
+namespace
+{
+
+/// A project with layouts for the resolution that is packed, and a converter that notes its arguments in args and makes
+/// what `tool` says; the output folder is $4.
+struct LayoutProject : PackProject
+{
+    explicit LayoutProject(const QByteArray &tool, const QByteArray &settings = {}) : PackProject(settings)
+    {
+        PutTool("printf '%s\\n' \"$@\" >> args\n" + tool, "bin/zul_xml_conv.exe");
+        folder.MakeFolder("res");
+        info.imageconvert = 0;
+    }
+
+    void AddLayout(const QByteArray &id, quint32 value, CResFolder *to = nullptr)
+    {
+        IDRecord *record = ids.Allocate(id, 1);
+        record->value = value;
+        AddFolder(to ? *to : screens, KIND_LAYOUT, 1).AddResource(CLayoutRes::CreateEmpty(record, file, catalogue));
+        record->Release();
+    }
+
+    [[nodiscard]] QByteArray Arguments() const { return folder.Get("args").replace(Narrow(""), "@"); }
+
+    ClassCatalogue catalogue;
+    LayoutFileRef file = std::make_shared<LayoutFileObject>(env, ids, 1);
+    CResFolder &layouts = AddFolder(root, KIND_LAYOUTS);
+    CResFolder &screens = AddFolder(layouts, KIND_RESO_LAYOUTS, 1);
+};
+
+} // namespace
+
+TEST(LayoutPhase, EachLayoutOfTheResolutionIsConvertedAndPacked)
+{
+    LayoutProject project("for id in ID_B ID_A; do printf \"layout $id\" > \"$4/$id.bin\"; done",
+                          "[Path]\nexport_xml=classes.xml\n");
+    project.folder.Put("res/Screens.xml", "<TarvoXML/>");
+    project.folder.Put("bin/classes.xml", "<catalogue/>");
+    project.file->path = ".\\res\\screens.xml";
+    project.AddLayout("ID_B", 7);
+    project.AddLayout("ID_A", 0);
+    project.AddLayout("ID_ELSEWHERE", 9, &project.AddFolder(project.layouts, KIND_RESO_LAYOUTS, 2));
+    std::vector<QByteArray> inputs;
+    ASSERT_EQ(project.Pack(PACK_TO_TARGET, &inputs), 0) << project.output.constData();
+    EXPECT_THAT(project.output.constData(),
+                HasSubstr("\r\nconstruct layout resource...\r\n.\\res\\screens.xml\r\n  ID_B"
+                          "\r\n[error] Illegal resource id value :\"ID_A\" with value \"0\"\r\n  ID_A"
+                          "\r\nconstruct layout resource done\r\n"));
+    const QByteArray arguments = "-i\n@/res/Screens.xml\n-o\n@/res/tmp\n-x\n@/bin/classes.xml\n-t\n@/ResID\n"
+                                 "-h\n@/ResID/ResID.h\n-p\n-e\n-E\n@/bin/convert_i_2_h/convert_i_2_h.exe\n";
+    EXPECT_EQ(project.Arguments(), arguments + arguments) << "once for each output";
+    EXPECT_THAT(inputs, testing::IsSupersetOf({project.Narrow("res/Screens.xml"), project.Narrow("bin/classes.xml")}));
+    const auto payload = PayloadBuilder()
+                             .Entry("AppLogo.img", ToBytes("program's logo"))
+                             .Item(7, ToBytes("layout ID_B"))
+                             .Item(0, ToBytes("layout ID_A"))
+                             .Build();
+    EXPECT_EQ(ToBytes(project.folder.Get("arm/app.res")), payload);
+}
+
+TEST(LayoutPhase, WhatAnEarlierRunLeftNeverPassesForNewAndAMissingResultFails)
+{
+    LayoutProject project("printf new > \"$4/ID_A.bin\"",
+                          "[Path]\nlayout_temp=made\\x\n[ResID]\nlayout_include_table=none\n");
+    project.AddLayout("ID_A", 1);
+    project.AddLayout("ID_B", 2);
+    project.folder.Put("made/ID_B.bin", "old");
+    EXPECT_EQ(project.Pack(), PACK_FILE_INFO);
+    EXPECT_THAT(project.output.replace(project.Narrow(""), "@").constData(),
+                HasSubstr("\r\n  ID_A\r\n  ID_B\r\n[error] Get file information fail: @/made/ID_B.bin"
+                          "\r\n[error] construct layout resource error, result=-1013"));
+    EXPECT_THAT(project.Arguments().constData(), HasSubstr("-o\n@/made\n"));
+    EXPECT_THAT(project.Arguments().constData(), HasSubstr("-t\n@\n"));
+
+    project.PutTool("mkdir -p \"$4/ID_B.bin\"", "bin/zul_xml_conv.exe");
+    project.folder.Put("made/ID_A.bin", "old");
+    EXPECT_EQ(project.Pack(), PACK_FILE_INFO);
+    project.PutTool("printf x > \"$4/ID_A.bin\"; mkdir \"$4/ID_B.bin\"", "bin/zul_xml_conv.exe");
+    QDir().rmdir(project.folder.Path("made/ID_B.bin"));
+    EXPECT_EQ(project.Pack(), PACK_FILE_OPEN);
+    EXPECT_THAT(project.output.constData(), HasSubstr("[error] Could not open file while read resource data : "));
+}
+
+TEST(LayoutPhase, ANameThatLeadsElsewhereDeletesNothing)
+{
+    LayoutProject project("");
+    project.folder.Put("precious.bin", "mine");
+    project.AddLayout("..\\../precious", 1);
+    project.AddLayout("../../precious", 2);
+    EXPECT_EQ(project.Pack(), PACK_FILE_INFO);
+    EXPECT_TRUE(project.folder.Has("precious.bin"));
+    EXPECT_FALSE(project.folder.Has("args"));
+}

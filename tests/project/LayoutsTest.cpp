@@ -1,0 +1,293 @@
+#include "CLayoutRes.h"
+#include "TestProject.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+QByteArray Layout(const QByteArray &id, const QByteArray &components = "<Label text=\"Hello\" name=\"greeting\" />")
+{
+    return "    <Layout id=\"" + id + "\">\n        " + components + "\n    </Layout>\n";
+}
+
+QByteArray LayoutFile(const QByteArray &layouts)
+{
+    return "<TarvoXML>\n" + layouts + "</TarvoXML>\n";
+}
+
+/// The element of a resolution's layouts in the list, as it is written.
+QByteArray Resolution(const QByteArray &width, const QByteArray &height, const QByteArray &inside)
+{
+    const QByteArray tag = "    <RESOLUTION width=\"" + width + "\" height=\"" + height + "\" class=\"layout\"";
+    return inside.isEmpty() ? tag + " />\n" : tag + ">\n        " + inside + "\n    </RESOLUTION>\n";
+}
+
+/// A project with layouts for its own screen, 240x320; 176x220 is in use too and has none.
+struct Layouts : testing::Test
+{
+    static QByteArray List(const QByteArray &own = "<LAYOUT>res\\screens.xml</LAYOUT>")
+    {
+        return "<APP>" + Resolution("240", "320", own) + Resolution("176", "220", {}) + "</APP>";
+    }
+
+    CResDoc &Open()
+    {
+        project.documents.CloseAll();
+        (void)project.TakeOutput();
+        doc = project.Open();
+        EXPECT_NE(doc, nullptr);
+        folder = doc->root.FindFolder(KIND_RESO_LAYOUTS, 1, 2);
+        return *doc;
+    }
+
+    /// What a save writes between the first line and the last.
+    QByteArray Save(int code = 0)
+    {
+        (void)project.TakeOutput();
+        EXPECT_TRUE(doc->DoFileSave());
+        EXPECT_EQ(doc->lastSave.write, code);
+        const QByteArray said = project.TakeOutput();
+        return said.first(said.lastIndexOf("[demo] save"));
+    }
+
+    /// The list without its frame and what isn't of layouts.
+    QByteArray Written() const
+    {
+        QByteArray text;
+        bool inside = false;
+        for (const QByteArray &line : project.folder.Get("demo/res/demo.res.xml").split('\n')) {
+            const bool begins = line.contains("class=\"layout\"");
+            if (begins || inside)
+                text += line + '\n';
+            inside = (begins || inside) && !line.endsWith("/>") && !line.contains("</RESOLUTION>");
+        }
+        return text;
+    }
+
+    QStringList Titles() const
+    {
+        QStringList titles;
+        for (const auto &sub : folder->subfolders)
+            titles.append(sub->title);
+        return titles;
+    }
+
+    CLayoutRes &LayoutAt(size_t place) const
+    {
+        return static_cast<CLayoutRes &>(*folder->subfolders.at(place)->resources.First());
+    }
+
+    quint32 Handle(const char *file) const { return project.monitor.HandleOf(project.folder.Path(file)); }
+
+    static constexpr const char *FILE = "demo/res/screens.xml";
+    TestProject project{List(), "[Layout]\nfolders=1\n"};
+    CResDoc *doc = nullptr;
+    CResFolder *folder = nullptr;
+};
+
+} // namespace
+
+TEST_F(Layouts, StandInFoldersLikeThoseOfImagesAndAreSavedAsTheyWere)
+{
+    const QByteArray file = LayoutFile(Layout("ID_MAIN") + Layout("ID_ABOUT"));
+    project.folder.Put(FILE, file);
+    Open();
+    EXPECT_EQ(project.TakeOutput(),
+              "Loading resource from \"res\\demo.res.xml\"...\r\nLoading layouts from \"res\\screens.xml\"...\r\n"
+              "[demo] open - 0 error(s), 0 warning(s)\r\n");
+    QStringList tree;
+    const CResFolder &all = *doc->root.subfolders.at(2);
+    for (const auto &sub : all.subfolders)
+        tree.append(QString::asprintf("%x %d ", sub->kind, sub->index) + sub->title);
+    EXPECT_EQ(all.title, u"Layouts"_s);
+    EXPECT_EQ(tree,
+              QStringList({u"10010 0 176x220"_s, u"10010 1 240x320"_s, u"30010 2 320x240"_s, u"10010 -1 Default"_s}));
+    EXPECT_EQ(Titles(), QStringList({u"ID_MAIN"_s, u"ID_ABOUT"_s}));
+    EXPECT_EQ(LayoutAt(0).FindComponent("greeting")->component->GetAttribute("text"), "Hello");
+    EXPECT_FALSE(doc->IsModified());
+    EXPECT_TRUE(doc->ProjectFiles().contains(project.folder.Path(FILE)));
+
+    EXPECT_EQ(Save(), "");
+    EXPECT_EQ(Written(), Resolution("176", "220", {}) + Resolution("240", "320", "<LAYOUT>res\\screens.xml</LAYOUT>"));
+    EXPECT_EQ(project.folder.Get(FILE), file);
+    EXPECT_NE(Handle(FILE), 0U);
+    EXPECT_TRUE(project.folder.Get("demo/ResID/ResID.h").contains("#define  ID_ABOUT    1\r\n"));
+
+    ASSERT_TRUE(LayoutAt(0).Rename(doc->ids, "ID_START"));
+    EXPECT_TRUE(folder->DeleteFolder(folder->subfolders.back().get()));
+    EXPECT_TRUE(doc->IsModified());
+    EXPECT_EQ(Save(), "");
+    EXPECT_EQ(project.folder.Get(FILE), LayoutFile(Layout("ID_START")));
+}
+
+TEST_F(Layouts, AreNoneWithoutTheSettingAndTheListIsAsEver)
+{
+    project.folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n");
+    project.folder.Put(FILE, LayoutFile(Layout("ID_MAIN")));
+    Open();
+    EXPECT_TRUE(project.TakeOutput().contains("Warning 1: unknown XML tag [LAYOUT] discarded (Line 3).\r\n"));
+    EXPECT_EQ(doc->root.subfolders.size(), 3U);
+    EXPECT_EQ(doc->CreateLayoutRes(1), nullptr);
+    EXPECT_EQ(Save(), "");
+    EXPECT_EQ(Written(), "");
+    EXPECT_EQ(project.folder.Get(FILE), LayoutFile(Layout("ID_MAIN")));
+}
+
+TEST_F(Layouts, ANewOneGetsAFreeNameAndAFileOfItsResolution)
+{
+    project.folder.MakeFolder("share");
+    qputenv("XDG_DATA_HOME", project.folder.Path("share").toUtf8());
+    project.folder.Put("demo/res/demo.res.xml", List(QByteArray()));
+    project.folder.Put("demo/res/layout_demo_240x320.xml", "somebody's work");
+    Open();
+    EXPECT_EQ(doc->CreateLayoutRes(-1), nullptr);
+    EXPECT_EQ(doc->CreateLayoutRes(2), nullptr) << "not in use";
+    ASSERT_NE(doc->CreateLayoutRes(1), nullptr);
+    ASSERT_TRUE(LayoutAt(0).Rename(doc->ids, "ID_LAYOUT_0002"));
+    EXPECT_EQ(doc->CreateLayoutRes(1)->title, u"ID_LAYOUT_0001"_s);
+    EXPECT_EQ(doc->CreateLayoutRes(1)->title, u"ID_LAYOUT_0003"_s);
+    EXPECT_EQ(doc->CreateLayoutRes(0)->title, u"ID_LAYOUT_0001"_s) << "of another resolution";
+    EXPECT_EQ(LayoutAt(0).File(), LayoutAt(2).File());
+    auto label = std::make_unique<ComponentObject>();
+    label->className = "Label";
+    EXPECT_NE(LayoutAt(0).AddComponent(*project.env, std::move(label)), nullptr);
+
+    EXPECT_EQ(Save(), "");
+    EXPECT_EQ(Written(), Resolution("176", "220", "<LAYOUT>res\\layout_demo_176x220.xml</LAYOUT>") +
+                             Resolution("240", "320", "<LAYOUT>res\\layout_demo_240x320.xml</LAYOUT>"));
+    EXPECT_EQ(project.folder.Get("demo/res/layout_demo_240x320.xml"),
+              LayoutFile(Layout("ID_LAYOUT_0002", "<Label />") +
+                         "    <Layout id=\"ID_LAYOUT_0001\" />\n    <Layout id=\"ID_LAYOUT_0003\" />\n"));
+    EXPECT_EQ(project.folder.Get("share/Trash/files/layout_demo_240x320.xml"), "somebody's work");
+    EXPECT_NE(Handle("demo/res/layout_demo_240x320.xml"), 0U);
+    Open();
+    EXPECT_EQ(folder->subfolders.size(), 3U);
+}
+
+TEST_F(Layouts, AFileThatDoesNotLoadWholeIsLeftAloneAndStaysInTheList)
+{
+    project.folder.Put("bin/catalogue.xml",
+                       "<catalogue version=\"1\"><structure name=\"Insets\"></structure></catalogue>");
+    project.folder.Put("bin/Morvanite.ini",
+                       "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\ncatalogue=catalogue.xml\n");
+    const QByteArray kept = "Warning 1: layout file \"res\\screens.xml\" wasn't loaded whole and is left as it is.\r\n";
+    struct Case
+    {
+        QByteArray file;
+        QByteArray message;
+        QStringList titles;
+    };
+    for (const auto &[file, message, titles] :
+         {Case{"<TarvoXML>", "Error 1: failed to load layout file \"res\\screens.xml\".\r\n", {}},
+          Case{LayoutFile(Layout("ID_A") + Layout("ID_A")),
+               "Error 1: failed to load layout file \"res\\screens.xml\".\r\n",
+               {}},
+          Case{LayoutFile(Layout("ID_A", "<Label/><Insets/>") + Layout("ID_B")),
+               "Error 1: failed to load layout [ID_A].\r\n",
+               {u"ID_B"_s}}}) {
+        project.folder.Put(FILE, file);
+        Open();
+        EXPECT_TRUE(project.TakeOutput().contains("screens.xml\"...\r\n" + message)) << file.constData();
+        EXPECT_EQ(Titles(), titles);
+        EXPECT_EQ(doc->CreateLayoutRes(1), nullptr);
+        folder->Clear();
+        EXPECT_EQ(Save(), kept);
+        EXPECT_EQ(Written(),
+                  Resolution("176", "220", {}) + Resolution("240", "320", "<LAYOUT>res\\screens.xml</LAYOUT>"));
+        EXPECT_EQ(project.folder.Get(FILE), file);
+        EXPECT_TRUE(doc->ProjectFiles().contains(project.folder.Path(FILE)));
+
+        project.folder.Put(FILE, LayoutFile(Layout("ID_GOOD")));
+        doc->OnWatchedFileChanged(Handle(FILE));
+        EXPECT_EQ(Titles(), QStringList({u"ID_GOOD"_s})) << "mended";
+        EXPECT_NE(doc->CreateLayoutRes(1), nullptr);
+        EXPECT_EQ(Save(), "");
+        EXPECT_TRUE(project.folder.Get(FILE).contains("ID_LAYOUT_0001"));
+    }
+}
+
+TEST_F(Layouts, OfTwoFilesForOneResolutionOrTwoResolutionsOfOneFileNoneIsLost)
+{
+    project.folder.Put(FILE, LayoutFile(Layout("ID_A")));
+    project.folder.Put("demo/res/more.xml", LayoutFile(Layout("ID_B")));
+    const QByteArray two = "<LAYOUT>res\\screens.xml</LAYOUT>\n        <LAYOUT>res\\more.xml</LAYOUT>";
+    project.folder.Put("demo/res/demo.res.xml", List(two));
+    Open();
+    EXPECT_TRUE(project.TakeOutput().contains("Error 1: failed to load layout file \"res\\more.xml\".\r\n"));
+    LayoutAt(0).Rename(doc->ids, "ID_C");
+    doc->OnWatchedFileChanged(Handle(FILE));
+    EXPECT_EQ(Titles(), QStringList({u"ID_A"_s}));
+    (void)Save();
+    EXPECT_EQ(Written(), Resolution("176", "220", {}) + Resolution("240", "320", two));
+    EXPECT_EQ(project.folder.Get("demo/res/more.xml"), LayoutFile(Layout("ID_B")));
+
+    project.folder.Put("demo/res/demo.res.xml",
+                       "<APP>" + Resolution("240", "320", "<LAYOUT>res\\screens.xml</LAYOUT>") +
+                           Resolution("176", "220", "<LAYOUT>RES\\Screens.xml</LAYOUT>") + "</APP>");
+    Open();
+    EXPECT_EQ(Save(-3), "Error 1: failed to write to file \"res\\screens.xml\".\r\n");
+    EXPECT_EQ(project.folder.Get(FILE), LayoutFile(Layout("ID_A")));
+}
+
+TEST_F(Layouts, AFileWhoseLayoutsAreGoneGoesToTheTrashOnceTheListIsWritten)
+{
+    project.folder.MakeFolder("share");
+    qputenv("XDG_DATA_HOME", project.folder.Path("share").toUtf8());
+    project.folder.Put(FILE, LayoutFile(Layout("ID_A")));
+    Open();
+    LayoutAt(0).File()->Remove(LayoutAt(0).Id()); // its resource stands still
+    QFile::remove(project.folder.Path("demo/res/demo.res.xml"));
+    project.folder.MakeFolder("demo/res/demo.res.xml");
+    (void)Save(-3);
+    EXPECT_TRUE(project.folder.Has(FILE)) << "a save that fails loses nothing";
+    QDir().rmdir(project.folder.Path("demo/res/demo.res.xml"));
+    EXPECT_EQ(Save(), "");
+    EXPECT_EQ(Written(), Resolution("176", "220", {}) + Resolution("240", "320", {}));
+    EXPECT_TRUE(project.folder.Has("share/Trash/files/screens.xml"));
+    EXPECT_FALSE(project.folder.Has(FILE));
+}
+
+TEST_F(Layouts, AreReadAgainWhenTheirFileChanges)
+{
+    project.folder.Put(FILE, LayoutFile(Layout("ID_A") + Layout("ID_B")));
+    Open();
+    CountingView view;
+    doc->AddView(&view);
+    view.selected = folder->subfolders.at(1).get();
+    project.folder.Put(FILE, LayoutFile(Layout("ID_NEW") + Layout("ID_B")));
+    (void)project.TakeOutput();
+    doc->OnWatchedFileChanged(Handle(FILE));
+    EXPECT_EQ(project.TakeOutput(), "Loading layouts from \"res\\screens.xml\"...\r\n");
+    EXPECT_EQ(Titles(), QStringList({u"ID_NEW"_s, u"ID_B"_s}));
+    EXPECT_EQ(view.selected, folder->subfolders.at(1).get());
+    EXPECT_EQ(view.updates, 1);
+    EXPECT_EQ(Save(), "");
+    EXPECT_EQ(Written(), Resolution("176", "220", {}) + Resolution("240", "320", "<LAYOUT>res\\screens.xml</LAYOUT>"));
+
+    // With the list, which no longer names it, its watch goes.
+    const quint32 handle = Handle(FILE);
+    project.folder.Put("demo/res/demo.res.xml", List(QByteArray()));
+    doc->OnWatchedFileChanged(Handle("demo/res/demo.res.xml"));
+    EXPECT_EQ(Handle(FILE), 0U);
+    doc->OnWatchedFileChanged(handle);
+    EXPECT_TRUE(doc->root.FindFolder(KIND_RESO_LAYOUTS, 1, 2)->subfolders.empty());
+    doc->RemoveView(&view);
+}
+
+TEST_F(Layouts, AnElementWithoutAFileIsReportedAndACatalogueWithErrorsToo)
+{
+    project.folder.Put("demo/res/demo.res.xml", List("<LAYOUT/><IMAGE id=\"ID_A\"/>"));
+    project.folder.Put("bin/catalogue.xml", "<catalogue version=\"1\">\n<class/></catalogue>");
+    project.folder.Put("bin/Morvanite.ini",
+                       "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\ncatalogue=catalogue.xml\n");
+    project.env->RefreshSettings();
+    Open();
+    const QByteArray said = project.TakeOutput();
+    EXPECT_TRUE(said.contains("Warning 1: layout file not found.\r\n"));
+    EXPECT_TRUE(said.contains("Warning 1: unknown XML tag [IMAGE] discarded (Line 3).\r\n"));
+    EXPECT_TRUE(said.contains("line 2")) << said.constData();
+    EXPECT_TRUE(project.tables.classes->entries.empty());
+    EXPECT_EQ(Save(), "");
+    EXPECT_EQ(Written(), Resolution("176", "220", {}) + Resolution("240", "320", {}));
+}
