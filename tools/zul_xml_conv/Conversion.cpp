@@ -3,6 +3,7 @@
 #include "CatalogueFile.h"
 #include "Environment.h"
 #include "HostFiles.h"
+#include "IdNames.h"
 #include "LayoutRows.h"
 #include "LayoutTables.h"
 #include "LayoutWriter.h"
@@ -161,8 +162,9 @@ bool Conversion::Convert(const LayoutTables &tables)
     LayoutWriter writer(types, tables, numbers, tell);
     for (const auto &layout : file.All()) {
         const NarrowText &id = layout->Id()->name;
-        if (id.isEmpty() || id.contains('/') || id.contains('\\'))
-            tell(nullptr, "the ID of this layout can't be the name of a file");
+        if (!IsValidIdName(env.NarrowToWide(id)))
+            tell(nullptr,
+                 "the ID of this layout is none: letters, digits and \"_\", at most 64, and no digit at the front");
         const QString name = env.NarrowToWide(id) + u".bin"_s;
         if (names.contains(ToUpperSimple(name)))
             tell(nullptr, "the ID differs from that of another layout in small and capital letters alone");

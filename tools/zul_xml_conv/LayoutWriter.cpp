@@ -166,6 +166,8 @@ void LayoutWriter::WriteContent(QByteArray &parts, const CZulCustom &object, con
     for (const ComponentObject *child : inside) {
         if (asClass && next < asClass->subComponents.size() && asClass->subComponents[next]->component == child)
             WriteTyped(parts, *asClass->subComponents[next++]);
+        else if (const NarrowText &property = child->GetAttribute(PROP); !property.isEmpty())
+            tell(child, Shown(child->className) + " can't be the value of " + Shown(property));
         else
             tell(child, Shown(child->className) + " can't stand here: " +
                             (asClass ? "it is no class of components" : "a structure holds no components"));
@@ -249,12 +251,12 @@ void LayoutWriter::WriteStateImage(QByteArray &parts, quint16 property, const CZ
                                    const NarrowText &text, const ComponentObject &where)
 {
     const NarrowText value = text.trimmed();
-    if (!value.startsWith('(') || !value.endsWith(')') || value.count(',') != qsizetype(member.members.size()) - 1) {
+    if (!value.startsWith('(') || !value.endsWith(')') || value.count(',') != qsizetype(member.Members().size()) - 1) {
         tell(&where, Shown(text) + " is no value for " + Shown(member.propName) + ", which is a " + member.typeName);
         return;
     }
     QByteArray words;
-    for (const auto &image : member.members)
+    for (const auto &image : member.Members())
         words += U32(Reference(image->GetText(), where));
     Part(parts, property, MORVANITE_STATE_IMAGE, words);
 }
