@@ -248,7 +248,7 @@ TEST(LayoutFormatDoc, ItsExampleIsWhatTheConverterWrites)
             block = line == "```xml catalogue" ? &catalogue : line == "```xml layout" ? &layout : nullptr;
         } else if (block) {
             *block += line + '\n';
-        } else if (line.size() > 6 && line[4] == ':') { // an offset, a colon and pairs of hex digits
+        } else if (line.size() > 6 && line[0] == '0' && line[4] == ':') { // an offset, a colon and pairs of hex digits
             EXPECT_EQ(std::stoul(line, nullptr, 16), bytes.size()) << line;
             std::istringstream words(line.substr(5));
             for (std::string word; words >> word && word.size() == 2;)

@@ -1,10 +1,12 @@
 // Makes a C header of the tables of numbers that zul_xml_conv.exe writes.
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <fstream>
 #include <map>
 #include <regex>
 #include <set>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -63,7 +65,8 @@ public:
 private:
     using Table = std::map<unsigned long, std::string>;
 
-    static constexpr size_t LONGEST_LINE = 1000; // the patterns below are recursive
+    static constexpr size_t LONGEST_LINE = 1000; // matching the patterns below recurses
+    static constexpr unsigned long LARGEST_NUMBER = 0xFFFF;
 
     bool Line(const std::string &line)
     {
@@ -79,6 +82,8 @@ private:
         if (std::regex_match(line, found, stamp)) {
             Define("LAYOUT_TABLE", found[1].str() + 'u');
         } else if (std::regex_match(line, found, name)) {
+            if (std::stoul(found[2]) > LARGEST_NUMBER)
+                return false;
             Define("LAYOUT_" + found[1].str() + '_' + found[3].str(), found[2]);
             (found[1] == "CLASS" ? classes : properties)[std::stoul(found[2])] = found[3];
         } else if (std::regex_match(line, found, enumerator)) {
