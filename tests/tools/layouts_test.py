@@ -94,7 +94,7 @@ class Layouts(unittest.TestCase):
 
     def test_what_is_wrong_is_told_with_its_file_and_line_and_nothing_is_written(self):
         for content, message in (
-                (b"<TarvoXML>\n<Layout id=/></TarvoXML>", "in.xml, line 2: this is no well-formed XML"),
+                (b"<TarvoXML>\n<Layout id></TarvoXML>", "in.xml, line 2: this is no well-formed XML"),
                 (b"", "in.xml, line 1: "), (b"\n<Other/>", "in.xml, line 2: the outermost element should be <TarvoXML>"),
                 (b"<TarvoXML>\n<Layout id='ID_LAYOUT_A'/>\n<layout/></TarvoXML>", "line 3: only <Layout> can stand"),
                 (b"<TarvoXML>\n<Layout/></TarvoXML>", 'line 2: <Layout> needs the attribute "id"'),

@@ -105,7 +105,7 @@ void Conversion::TellWhyNotLoaded(int code)
         tell(culprit, u"<Layout> needs the attribute \"id\""_s);
         break;
     default:
-        tell(culprit, u"the ID of this layout is taken"_s);
+        tell(culprit, u"the ID of this layout is taken, or empty"_s);
     }
 }
 
