@@ -12,7 +12,7 @@ LONGEST_FUNCTION = 60
 EXCUSED_FILES = {}
 EXCUSED_FUNCTIONS = {}
 # Who may open a file for writing in the core: the one that replaces project files in one step, and the pack's outputs.
-WRITERS = ('src/core/platform/AtomicWrite.cpp', 'src/core/pack/', 'src/core/channel/LocalSocket.cpp',
+WRITERS = ('src/core/platform/FileReplacement.cpp', 'src/core/pack/', 'src/core/channel/LocalSocket.cpp',
            'src/core/platform/RunTool.cpp')
 
 
