@@ -100,8 +100,7 @@ struct Editor
         } else if (action <= 3) {
             CZulClass *const object = any();
             CZulClass *const to = action == 2 ? any() : nullptr;
-            if (!LiesIn(to, object))
-                RC_ASSERT(res->MoveComponent(to, object));
+            RC_ASSERT(res->MoveComponent(to, object) == (!LiesIn(to, object) || to == object->parent));
         } else if (action == 4) {
             CZulClass *const object = any();
             object->propName = object->component->name = "n" + QByteArray::number(*rc::gen::inRange(0, 100));

@@ -84,6 +84,10 @@ bool CLayoutRes::MoveComponent(CZulClass *newParent, CZulClass *object)
         return true;
     if (newParent && !newParent->component)
         return false; // it has no place for another
+    for (const CZulClass *above = newParent; above; above = above->parent) {
+        if (above == object)
+            return false;
+    }
     CZulClass::Detached detached = object->parent ? object->parent->DetachSubComponent(object) : Detach(object);
     if (!detached.object)
         return false;

@@ -31,7 +31,8 @@ public:
     CZulClass *AddComponent(Environment &env, std::unique_ptr<ComponentObject> component);
     /// Destroys a component of the top level with all that lies in it. Nothing happens when it is none.
     bool DeleteComponent(CZulClass *object);
-    /// Moves a component to the end of another, or of the top level when `newParent` is null. That must not lie in it.
+    /// Moves a component to the end of another, or of the top level when `newParent` is null. False, and no change,
+    /// when that lies in it.
     bool MoveComponent(CZulClass *newParent, CZulClass *object);
     /// The first component of that name, each before those that lie in it; null when there is none.
     [[nodiscard]] CZulClass *FindComponent(const NarrowText &name) const;

@@ -4,8 +4,6 @@
 #include "Xml.h"
 #include "XmlWriter.h"
 
-#include <QHash>
-
 #include <algorithm>
 #include <string>
 
@@ -109,7 +107,9 @@ private:
     /// An attribute stands where its name comes first, with the last value. The component's name has its own.
     bool Print(const ComponentObject &component, std::list<AttributeRecord>::const_iterator record)
     {
-        const auto isSame = [&](const AttributeRecord &other) { return other.name == record->name; };
+        const auto isSame = [&](const AttributeRecord &other) {
+            return other.name.constData() == record->name.constData() || other.name == record->name;
+        };
         if (record->name == NAME && !component.name.isEmpty())
             return true;
         const auto first = std::find_if(component.attributes.begin(), record, isSame);
@@ -130,16 +130,17 @@ private:
     /// A name as the file has it; empty for a text that is none.
     const QByteArray &XmlName(const NarrowText &name)
     {
-        const auto known = names.find(name);
-        if (known != names.end())
-            return *known;
-        const QByteArray text = ToXml(env, name);
-        return *names.insert(name, IsXmlName(text) ? text : QByteArray());
+        const auto [place, isNew] = names.try_emplace(name.constData());
+        if (isNew) {
+            const QByteArray text = ToXml(env, name);
+            place->second = IsXmlName(text) ? text : QByteArray();
+        }
+        return place->second;
     }
 
     const Environment &env;
     XmlWriter xml;
-    QHash<NarrowText, QByteArray> names;
+    std::unordered_map<const char *, QByteArray> names; // by their bytes, which equal ones share
 };
 
 } // namespace
@@ -177,9 +178,10 @@ int LayoutFileObject::Convert(TiXmlDocument &document)
         return LAYOUT_WRONG_ROOT;
     }
     ComponentReader components(env);
-    // Each element goes as soon as it is read: the parser's tree is several times as large as ours.
+    // Each layout of the parser goes as soon as it is read, and not sooner: components that are laid into the gaps of
+    // its tree lie far apart, and take twice as long to save.
     while (TiXmlNode *node = root->FirstChild()) {
-        if (TiXmlElement *element = node->ToElement()) {
+        if (const TiXmlElement *element = node->ToElement()) {
             if (element->ValueStr() != LAYOUT) {
                 env.DebugTrace("unknown type when parsing LayoutXML\n");
                 return LAYOUT_WRONG_CHILD;
@@ -193,7 +195,7 @@ int LayoutFileObject::Convert(TiXmlDocument &document)
     return 0;
 }
 
-int LayoutFileObject::ConvertLayout(TiXmlElement &element, ComponentReader &components)
+int LayoutFileObject::ConvertLayout(const TiXmlElement &element, ComponentReader &components)
 {
     const char *id = element.Attribute(ID);
     if (!id) {
@@ -209,11 +211,8 @@ int LayoutFileObject::ConvertLayout(TiXmlElement &element, ComponentReader &comp
     LayoutObject &layout = *made;
     Add(std::move(made));
     record->Release();
-    while (TiXmlNode *node = element.FirstChild()) {
-        if (TiXmlElement *child = node->ToElement())
-            layout.AddComponent(env, components.Read(*child));
-        element.RemoveChild(node);
-    }
+    for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement())
+        layout.AddComponent(env, components.Read(*child));
     return 0;
 }
 

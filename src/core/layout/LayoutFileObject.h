@@ -81,7 +81,7 @@ public:
 
 private:
     [[nodiscard]] int Convert(TiXmlDocument &document);
-    [[nodiscard]] int ConvertLayout(TiXmlElement &element, class ComponentReader &components);
+    [[nodiscard]] int ConvertLayout(const TiXmlElement &element, class ComponentReader &components);
 
     Environment &env;
     IDPool &pool;

@@ -2,13 +2,17 @@
 
 #include "Environment.h"
 
+#include <algorithm>
+#include <array>
+#include <cstring>
+
 namespace
 {
 
 constexpr qsizetype INDENT = 4; // blanks a level
 
 /// What stands for a character, or nothing.
-const char *EntityOf(char c)
+constexpr const char *EntityOf(char c)
 {
     switch (c) {
     case '&':
@@ -26,49 +30,80 @@ const char *EntityOf(char c)
     }
 }
 
+/// By byte: it stands for itself.
+constexpr auto IS_PLAIN = [] {
+    std::array<bool, 256> plain{};
+    for (size_t byte = ' '; byte < plain.size(); ++byte)
+        plain[byte] = !EntityOf(char(byte));
+    return plain;
+}();
+
 } // namespace
+
+char *XmlWriter::Room(qsizetype size)
+{
+    if (buffer.size() - used < size)
+        buffer.resize(std::max(buffer.size() * 2, used + size + 4096));
+    return buffer.data() + used;
+}
+
+void XmlWriter::Add(QByteArrayView piece)
+{
+    std::memcpy(Room(piece.size()), piece.data(), size_t(piece.size()));
+    used += piece.size();
+}
+
+void XmlWriter::Indent()
+{
+    const qsizetype blanks = INDENT * qsizetype(open.size());
+    std::memset(Room(blanks), ' ', size_t(blanks));
+    used += blanks;
+}
 
 void XmlWriter::Encode(QByteArrayView plain)
 {
     const char *from = plain.begin();
-    for (const char *at = from; at < plain.end(); ++at) {
-        const bool control = quint8(*at) < ' ';
-        const char *entity = control ? nullptr : EntityOf(*at);
-        if (!control && !entity)
-            continue;
-        text.append(from, at - from);
-        if (entity) {
-            text.append(entity);
+    for (;;) {
+        const char *const at = std::find_if(from, plain.end(), [](char c) { return !IS_PLAIN[quint8(c)]; });
+        Add(QByteArrayView(from, at));
+        if (at == plain.end())
+            return;
+        if (const char *entity = EntityOf(*at)) {
+            Add(entity);
         } else {
             constexpr char HEX[] = "0123456789ABCDEF";
-            text.append("&#x").append(HEX[*at >> 4]).append(HEX[*at & 15]).append(';');
+            const char number[] = {'&', '#', 'x', HEX[*at >> 4], HEX[*at & 15], ';'};
+            Add(QByteArrayView(number, sizeof number));
         }
         from = at + 1;
     }
-    text.append(from, plain.end() - from);
 }
 
-void XmlWriter::EndTag()
+void XmlWriter::CloseTag()
 {
     if (inTag)
-        text.append(">\n");
+        Add(">\n");
     inTag = false;
 }
 
 void XmlWriter::BeginElement(const QByteArray &name)
 {
-    EndTag();
-    text.append(INDENT * qsizetype(open.size()), ' ').append('<').append(name);
+    CloseTag();
+    Indent();
+    Add("<");
+    Add(name);
     open.push_back(name);
     inTag = true;
 }
 
 void XmlWriter::Attribute(QByteArrayView name, QByteArrayView value)
 {
-    const char quote = value.contains('"') ? '\'' : '"';
-    text.append(' ').append(name).append('=').append(quote);
+    const bool hasQuote = value.contains('"');
+    Add(" ");
+    Add(name);
+    Add(hasQuote ? "='" : "=\"");
     Encode(value);
-    text.append(quote);
+    Add(hasQuote ? "'" : "\"");
 }
 
 void XmlWriter::Begin(const TiXmlElement &element)
@@ -83,9 +118,11 @@ void XmlWriter::Put(const TiXmlElement &element)
     Begin(element);
     const TiXmlNode *only = element.FirstChild() == element.LastChild() ? element.FirstChild() : nullptr;
     if (only && only->ToText()) {
-        text.append('>');
+        Add(">");
         Encode(only->ValueStr());
-        text.append("</").append(open.back()).append(">\n");
+        Add("</");
+        Add(open.back());
+        Add(">\n");
         open.pop_back();
         inTag = false;
         return;
@@ -97,17 +134,22 @@ void XmlWriter::Put(const TiXmlElement &element)
 
 void XmlWriter::End()
 {
-    if (inTag)
-        text.append(" />\n");
-    else
-        text.append(INDENT * qsizetype(open.size() - 1), ' ').append("</").append(open.back()).append(">\n");
-    inTag = false;
+    const QByteArray name = std::move(open.back());
     open.pop_back();
+    if (inTag) {
+        Add(" />\n");
+    } else {
+        Indent();
+        Add("</");
+        Add(name);
+        Add(">\n");
+    }
+    inTag = false;
 }
 
 bool XmlWriter::Save(const QString &path)
 {
     if (env.codePage.IsUtf8())
-        return env.ReplaceFile(path, text) == 0;
-    return env.ReplaceFile(path, env.WideToNarrow(QString::fromUtf8(text))) == 0;
+        return env.ReplaceFile(path, Text()) == 0;
+    return env.ReplaceFile(path, env.WideToNarrow(QString::fromUtf8(Text()))) == 0;
 }

@@ -32,16 +32,21 @@ public:
     void Attribute(QByteArrayView name, QByteArrayView value);
 
     /// What has been written, UTF-8.
-    [[nodiscard]] const QByteArray &Text() const { return text; }
+    [[nodiscard]] QByteArrayView Text() const { return QByteArrayView(buffer).first(used); }
     /// Replaces the file. False when it couldn't be written.
     [[nodiscard]] bool Save(const QString &path);
 
 private:
-    void EndTag();
+    /// Room for so many more bytes; the place of the first.
+    char *Room(qsizetype size);
+    void Add(QByteArrayView piece);
+    void Indent();
+    void CloseTag();
     void Encode(QByteArrayView plain);
 
     const Environment &env;
-    QByteArray text;
+    QByteArray buffer; // a layout is some million pieces: each is copied into its place and costs nothing else
+    qsizetype used = 0;
     std::vector<QByteArray> open; // names, outermost first
     bool inTag = false;           // how the innermost ends depends on whether it holds anything
 };

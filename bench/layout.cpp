@@ -1,0 +1,154 @@
+// Layout files: loading one beside the parser's own reading, saving it beside the parser's printing, and setting one
+// property, whatever the layout's size.
+
+#include "CLayoutRes.h"
+#include "CatalogueFile.h"
+#include "Environment.h"
+#include "HostFiles.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+#include <tinyxml.h>
+
+#include <chrono>
+
+namespace
+{
+
+/// A layout of panels with nine labels each.
+QByteArray FileOf(qint64 components)
+{
+    QByteArray text = "<TarvoXML>\n    <Layout id=\"ID_MAIN\">\n";
+    for (qint64 i = 0; i < components; ++i) {
+        const QByteArray number = QByteArray::number(i);
+        const bool isPanel = i % 10 == 0;
+        text += isPanel ? "        <Panel" : "            <Label";
+        text += " pos=\"(" + number + ", 20)\" size=\"(100, 24)\" bgColor=\"#FFFFFF\" text=\"@ID_STRING_" + number +
+                "\" name=\"component" + number + "\"" + (isPanel ? ">\n" : " />\n");
+        if (i % 10 == 9 || i == components - 1)
+            text += "        </Panel>\n";
+    }
+    return text + "    </Layout>\n</TarvoXML>\n";
+}
+
+struct World
+{
+    explicit World(qint64 components)
+    {
+        if (WriteFileAtomically(path, FileOf(components)) != 0)
+            std::abort();
+        QStringList errors;
+        const QByteArray classes =
+            "<catalogue version=\"1\"><class name=\"Base\"><member name=\"pos\" type=\"ZulPoint\"/>"
+            "<member name=\"size\" type=\"ZulSize\"/><member name=\"bgColor\" type=\"ZulColor\"/>"
+            "<member name=\"text\" type=\"ZulWString\"/></class><class name=\"Panel\" base=\"Base\"/>"
+            "<class name=\"Label\" base=\"Base\"/></catalogue>";
+        if (!ParseCatalogue(env, classes, QStringLiteral("catalogue"), catalogue, errors))
+            std::abort();
+    }
+
+    [[nodiscard]] LayoutFileRef Load()
+    {
+        auto file = std::make_shared<LayoutFileObject>(env, pool, 0);
+        if (file->Load(path.toUtf8()) != 0)
+            std::abort();
+        return file;
+    }
+
+    Environment env{QStringLiteral("/nowhere")};
+    QTemporaryDir folder{QDir(QStringLiteral("/dev/shm")).exists() ? QStringLiteral("/dev/shm/layout-XXXXXX")
+                                                                   : QStringLiteral("layout-XXXXXX")};
+    QString path = folder.filePath(QStringLiteral("layout.xml"));
+    ClassCatalogue catalogue;
+    IDPool pool;
+};
+
+double Seconds(std::chrono::steady_clock::time_point from)
+{
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - from).count();
+}
+
+/// "ratio" is the time beside that of the parse alone, without the reading of the file; at most 2 is wanted.
+void LoadLayouts(benchmark::State &state)
+{
+    World world(state.range(0));
+    const QByteArray text = FileOf(state.range(0));
+    double ours = 0;
+    double parse = 0;
+    for (auto _ : state) {
+        auto start = std::chrono::steady_clock::now();
+        LayoutFileRef file = world.Load();
+        ours += Seconds(start);
+        state.PauseTiming();
+        file.reset();
+        start = std::chrono::steady_clock::now();
+        TiXmlDocument document;
+        document.Parse(text.constData(), nullptr, TIXML_ENCODING_UTF8);
+        parse += Seconds(start);
+        state.ResumeTiming();
+    }
+    state.counters["ratio"] = ours / parse;
+}
+BENCHMARK(LoadLayouts)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+/// The same for a save with its file, beside the printing alone.
+void SaveLayouts(benchmark::State &state)
+{
+    World world(state.range(0));
+    const LayoutFileRef file = world.Load();
+    TiXmlDocument document;
+    document.Parse(FileOf(state.range(0)).constData(), nullptr, TIXML_ENCODING_UTF8);
+    double ours = 0;
+    double print = 0;
+    for (auto _ : state) {
+        auto start = std::chrono::steady_clock::now();
+        if (file->Save(file->path) != 0)
+            std::abort();
+        ours += Seconds(start);
+        state.PauseTiming();
+        start = std::chrono::steady_clock::now();
+        TiXmlPrinter printer;
+        document.Accept(&printer);
+        benchmark::DoNotOptimize(printer.Size());
+        print += Seconds(start);
+        state.ResumeTiming();
+    }
+    state.counters["ratio"] = ours / print;
+}
+BENCHMARK(SaveLayouts)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+/// The typed objects over a loaded file.
+void OpenLayout(benchmark::State &state)
+{
+    World world(state.range(0));
+    for (auto _ : state) {
+        state.PauseTiming();
+        const LayoutFileRef file = world.Load();
+        state.ResumeTiming();
+        auto layout = CLayoutRes::Create(file, file->All().front().get(), world.catalogue);
+        benchmark::DoNotOptimize(layout);
+        state.PauseTiming();
+        layout.reset();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(OpenLayout)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+/// One property of a component in the middle, by its name; at most 5 microseconds, whatever the size.
+void SetProperty(benchmark::State &state)
+{
+    World world(state.range(0));
+    const LayoutFileRef file = world.Load();
+    const auto layout = CLayoutRes::Create(file, file->All().front().get(), world.catalogue);
+    CZulClass &panel = *layout->Components().at(layout->Components().size() / 2);
+    CZulClass &label = *panel.subComponents.at(4);
+    int number = 0;
+    for (auto _ : state) {
+        const NarrowText text = ++number % 2 ? "(12, 34)" : "(56,78)";
+        static_cast<CZulBase *>(label.FindMember("pos"))->SetText(text);
+    }
+}
+BENCHMARK(SetProperty)->Arg(1000)->Arg(100000)->Unit(benchmark::kMicrosecond);
+
+} // namespace
