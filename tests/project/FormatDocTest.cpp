@@ -36,6 +36,21 @@ TEST(FormatPages, TheirExampleProjectOpensAndIsSavedAsItStandsThere)
     EXPECT_EQ(project.folder.Get("demo/ResID/ResID.h").replace("\r\n", "\n"), Example("headers", u"c"_s));
 }
 
+TEST(FormatPages, TheirLayoutFileIsSavedAsItStandsThere)
+{
+    const QByteArray layouts = Example("project-files", u"xml layout"_s);
+    TestProject project(
+        "<APP><RESOLUTION width=\"240\" height=\"320\" class=\"layout\"><LAYOUT>res\\layout_demo_240x320.xml</LAYOUT>"
+        "</RESOLUTION></APP>",
+        "[Layout]\nfolders=1\n");
+    project.folder.Put("demo/res/layout_demo_240x320.xml", layouts);
+    CResDoc *const doc = project.Open();
+    ASSERT_NE(doc, nullptr);
+    EXPECT_EQ(project.env->ErrorCount, 0);
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_EQ(project.folder.Get("demo/res/layout_demo_240x320.xml"), layouts);
+}
+
 TEST(FormatPages, TheirSettingsAreRead)
 {
     const TempFolder folder;

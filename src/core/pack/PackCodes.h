@@ -16,7 +16,7 @@ enum PackCode : int
     PACK_LANGUAGE_NUMBER = -1010, ///< a language number below 0
     PACK_STRING_TABLE = -1011,    ///< no memory for a string table
     PACK_STRING_LIST = -1012,     ///< a string without an ID
-    PACK_FILE_INFO = -1013,       ///< a file's size couldn't be read
+    PACK_FILE_INFO = -1013,       ///< a file's size couldn't be read, or there is none for a layout
     PACK_FILE_OPEN = -1014,       ///< a file couldn't be opened
     PACK_FILE_READ = -1015,       ///< a file ended early
     PACK_NOT_THERE = -1016,       ///< a file doesn't exist, or an image wasn't converted

@@ -26,7 +26,7 @@ constexpr Failure FAILURES[] = {
     {PACK_LANGUAGE_NUMBER, "a language's number isn't from 0 to 65534"},
     {PACK_STRING_TABLE, "the strings of a language take more than there is memory, or more than 4 GiB"},
     {PACK_STRING_LIST, "a string has no ID"},
-    {PACK_FILE_INFO, "the size of a resource's file can't be read"},
+    {PACK_FILE_INFO, "the size of a resource's file can't be read, or the layout converter made no file for a layout"},
     {PACK_FILE_OPEN, "a resource's file can't be opened"},
     {PACK_FILE_READ, "a resource's file ended while it was read"},
     {PACK_NOT_THERE, "a resource's file isn't there, or an image couldn't be converted; the last lines above name it"},
