@@ -32,7 +32,7 @@ static void show_place(const morvanite_part *component)
         snprintf(place, sizeof place, "(%d, %d)", (int)at.x, (int)at.y);
     text_print(place, 12);
     if (morvanite_get_size(component, LAYOUT_PROPERTY_size, &size) == MORVANITE_OK)
-        printf("%3d x %-3d", (int)size.width, (int)size.height);
+        printf("%3d x %d", (int)size.width, (int)size.height);
 }
 
 static void show_image(const screen *where, const char *property, uint32_t id)
