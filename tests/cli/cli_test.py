@@ -62,9 +62,52 @@ class Cli(DemoProject):
             self.assertEqual((status, out), (2, ''), arguments)
             self.assertNotEqual(err, '', arguments)
         self.assertEqual(self.run_cli('--version')[:2], (0, 'morvanite-cli 1.0.0\n'))
-        for command in ('load', 'save', 'pack', 'ids', 'inspect', 'strings', 'serve'):
+        for command in ('load', 'save', 'pack', 'ids', 'inspect', 'strings', 'layouts', 'serve'):
             self.assertEqual(self.run_cli(command, '--help')[0], 0)
             self.assertIn(command, self.run_cli('--help')[1])
+
+    def use_layouts(self, content, catalogue='catalogue.xml'):
+        settings = self.dir / 'none/morvanite/Morvanite.ini'
+        settings.parent.mkdir(parents=True, exist_ok=True)
+        settings.write_text(f'[Layout]\nfolders=1\ncatalogue={catalogue}\n')
+        (self.dir / 'res/screens.xml').write_text(content)
+        listing = self.dir / 'res/demo.res.xml'
+        listing.write_text(listing.read_text().replace('class="image">', 'class="image layout"><LAYOUT>res\\screens.xml</LAYOUT>'))
+
+    def test_layouts_are_listed_and_checked(self):
+        status, _, err = self.run_cli('layouts', self.project)
+        self.assertEqual(status, 1)
+        self.assertIn('key folders', err)
+        self.use_layouts('<TarvoXML>\n<Layout id="ID_START">\n<Screen name="start" background="@ID_IMAGE_LOGO">\n'
+                         '<Label pos="(1,2)" name="hi" text="@ID_STRING_HI">\n<TextStyle prop="textStyle" font="large"/></Label>\n'
+                         '<Panel/></Screen></Layout></TarvoXML>')
+        self.assertEqual(self.run_cli('layouts', self.project),
+                         (0, '240x320 ID_START\n  Screen "start" background="@ID_IMAGE_LOGO"\n'
+                             '    Label "hi" pos="(1,2)" text="@ID_STRING_HI"\n'
+                             '      TextStyle prop="textStyle" font="large"\n    Panel\n', ''))
+        self.assertEqual(self.run_cli('layouts', self.project, '--check'), (0, '', ''))
+        layout, = json.loads(self.run_cli('layouts', self.project, '--json')[1])['layouts']
+        self.assertEqual((layout['resolution'], layout['id'], layout['file']), ('240x320', 'ID_START', 'res/screens.xml'))
+        label = layout['components'][0]['components'][0]
+        self.assertEqual((label['class'], label['name'], label['properties']['pos']), ('Label', 'hi', '(1,2)'))
+        self.assertEqual(label['components'][0]['member'], 'textStyle')
+
+    def test_the_check_of_layouts_names_file_and_line(self):
+        wrong = ('<TarvoXML>\n<Layout id="ID_START">\n<Screen background="@ID_STRING_HI" colour="x">\n'
+                 '<Label pos="1,2" text="@ID_START"/></Screen></Layout></TarvoXML>')
+        self.use_layouts(wrong)
+        self.assertEqual(self.run_cli('layouts', self.project, '--check'),
+                         (1, 'res/screens.xml, line 3: "ID_STRING_HI" is no image\n'
+                             'res/screens.xml, line 3: "Screen" has no property "colour"\n'
+                             'res/screens.xml, line 4: the value "1,2" of "pos" is no ZulPoint\n'
+                             'res/screens.xml, line 4: "ID_START" is no string\n', ''))
+        (self.dir / 'bad.xml').write_text('<catalogue version="1">\n<class name="A" base="B"/></catalogue>')
+        self.use_layouts(wrong.replace('ID_STRING_HI', 'ID_NOBODY').replace('</Layout>', ''), self.dir / 'bad.xml')
+        status, out, _ = self.run_cli('layouts', self.project, '--check')
+        self.assertEqual(status, 1)
+        self.assertIn('bad.xml, line 2: unknown base "B"\n', out)
+        self.assertIn('screens.xml, line 4: this is no well-formed XML', out)
+        self.assertEqual(self.run_cli('layouts', self.project)[:2], (1, ''))
 
     def test_strings_go_into_a_workbook_and_come_back_and_a_dry_run_changes_nothing(self):
         strings = self.dir / 'res/ref_list_demo.txt'
