@@ -31,8 +31,8 @@ int CountAndSet(CZulCustom &object)
         else
             static_cast<CZulBase &>(*member).SetText("(1, 2, 3, 4)");
     }
-    if (auto *object1 = dynamic_cast<CZulClass *>(&object); object1 && object1->super)
-        count += CountAndSet(*object1->super);
+    if (auto *derived = dynamic_cast<CZulClass *>(&object); derived && derived->super)
+        count += CountAndSet(*derived->super);
     return count;
 }
 

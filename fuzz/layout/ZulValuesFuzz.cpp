@@ -58,7 +58,8 @@ void TryStateImage(const ClassCatalogue &catalogue, const NarrowText &text)
     CZulStateImg images(catalogue);
     AttributeRecord record{"p", text};
     Require(images.BindAttribute(&record) && record.value == text);
-    static_cast<CZulBase &>(*images.Members()[2]).SetText("@ID");
+    auto &disabled = static_cast<CZulBase &>(*images.Members()[2]);
+    disabled.SetText(disabled.GetText() + 'x'); // the same once more would change nothing
     Require(record.value.startsWith('(') && record.value.endsWith(')'));
     const NarrowText written = record.value;
     CZulStateImg again(catalogue);
