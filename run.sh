@@ -14,7 +14,10 @@ project=sample/weatherclock.vcproj
 out=build/sample
 mkdir -p $out/arm
 
-say "Numbering the IDs of $project and writing sample/ResID/ResID.h"
+# The sample's own settings: it has layouts.
+export XDG_CONFIG_HOME="$PWD/sample/settings"
+
+say "Numbering the IDs of $project and writing sample/ResID/ResID.h and LayoutID.h"
 $cli save $project
 
 say "Compiling the sample application for ARM"
@@ -35,6 +38,7 @@ say "Made
   $out/weatherclock.packed.axf   the application with its resources in the section .zp_res
   $out/arm/weatherclock.res      the same resources in a file of their own
   sample/ResID/ResID.h           the numbers of the IDs for the application's source
+  sample/ResID/LayoutID.h        the numbers of the classes and properties in its layouts
 
 Look at them with
   $cli inspect $out/weatherclock.packed.axf --json

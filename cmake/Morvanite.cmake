@@ -9,6 +9,8 @@
 #       [HEADER <file>]             the generated main header, relative to the project's folder; ResID/ResID.h when not
 #                                   given. Morvanite.ini decides where it really goes, so the two have to agree
 #       [LISTS <folder>]            where the project's .res.xml and string file lie; res when not given. As above
+#       [SETTINGS <folder>]         settings of the project's own, in <folder>/morvanite/Morvanite.ini; the user's are
+#                                   not read then
 #       [CONVERT_IMAGES]            pack the images in the device's format, and the previews
 #       [VER <n>])                  version number for the pack's log
 #
@@ -25,31 +27,34 @@ find_program(MORVANITE_CLI morvanite-cli
     DOC "The program morvanite-cli")
 
 # The program and the files that its settings lead to, those that are there.
-function(_morvanite_program_files result)
+function(_morvanite_program_files result settings)
     get_filename_component(program ${MORVANITE_CLI} REALPATH)
     get_filename_component(folder ${program} DIRECTORY)
     if(DEFINED ENV{MORVANITE_PROGRAM_DIR})
         set(folder $ENV{MORVANITE_PROGRAM_DIR})
     endif()
     set(config $ENV{HOME}/.config)
-    if(DEFINED ENV{XDG_CONFIG_HOME})
+    if(settings)
+        set(config ${settings})
+    elseif(DEFINED ENV{XDG_CONFIG_HOME})
         set(config $ENV{XDG_CONFIG_HOME})
     endif()
     # The settings may name other tables and another icon.
     file(GLOB files CONFIGURE_DEPENDS ${folder}/libmorvanite-commands.so ${folder}/*.ini ${folder}/*.img
-        ${folder}/qrk_resgenerator.exe ${config}/morvanite/Morvanite.ini)
+        ${folder}/*.xml ${folder}/qrk_resgenerator.exe ${folder}/zul_xml_conv.exe ${folder}/convert_i_2_h/convert_i_2_h.exe
+        ${config}/morvanite/Morvanite.ini)
     set(${result} ${program} ${files} PARENT_SCOPE)
 endfunction()
 
-# The command line that runs morvanite-cli with the remaining arguments. A pack makes temporary files beside the pictures, so
+# The command line that runs morvanite-cli with those settings and the remaining arguments. A pack makes temporary files beside the pictures, so
 # the commands of one project take turns.
-function(_morvanite_run result lock)
-    set(${result} ${CMAKE_COMMAND} -D LOCK=${lock} -P ${MORVANITE_CMAKE_DIR}/MorvaniteRun.cmake -- ${MORVANITE_CLI} ${ARGN}
+function(_morvanite_run result lock settings)
+    set(${result} ${CMAKE_COMMAND} -D LOCK=${lock} -D SETTINGS=${settings} -P ${MORVANITE_CMAKE_DIR}/MorvaniteRun.cmake -- ${MORVANITE_CLI} ${ARGN}
         PARENT_SCOPE)
 endfunction()
 
 # The target that keeps the headers of a project up to date, one for all that are packed from it.
-function(_morvanite_ids_target result project header lists state)
+function(_morvanite_ids_target result project header lists settings state)
     get_filename_component(folder ${project} DIRECTORY)
     get_filename_component(name ${project} NAME_WLE)
     string(MD5 hash ${project})
@@ -60,11 +65,11 @@ function(_morvanite_ids_target result project header lists state)
         return()
     endif()
     set(stamp ${state}/ids.stamp)
-    _morvanite_program_files(program_files)
+    _morvanite_program_files(program_files "${settings}")
     # The numbers come from the names alone: a picture that changes is no reason to work them out again.
     file(GLOB lists CONFIGURE_DEPENDS ${lists}/${name}.res.xml ${lists}/ref_list_${name}.txt ${lists}/layout_${name}_*.xml
         ${folder}/config.xml)
-    _morvanite_run(command ${state}/lock save ${project})
+    _morvanite_run(command ${state}/lock "${settings}" save ${project})
     get_filename_component(header_name ${header} NAME)
     get_filename_component(header_folder ${header} DIRECTORY)
     set(copy ${state}/include/${header_name})
@@ -89,7 +94,7 @@ function(_morvanite_ids_target result project header lists state)
 endfunction()
 
 function(morvanite_pack target)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "CONVERT_IMAGES" "PROJECT;RESOLUTION;TARGET;OUTPUT;HEADER;LISTS;VER" "")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "CONVERT_IMAGES" "PROJECT;RESOLUTION;TARGET;OUTPUT;HEADER;LISTS;SETTINGS;VER" "")
     if(NOT TARGET ${target})
         message(FATAL_ERROR "morvanite_pack: ${target} is no target; call it behind add_executable")
     elseif(TARGET ${target}_packed)
@@ -124,6 +129,10 @@ function(morvanite_pack target)
         set(arg_LISTS res)
     endif()
     get_filename_component(lists "${arg_LISTS}" ABSOLUTE BASE_DIR ${folder})
+    set(settings "")
+    if(arg_SETTINGS)
+        get_filename_component(settings "${arg_SETTINGS}" ABSOLUTE)
+    endif()
     if(NOT arg_OUTPUT)
         set(arg_OUTPUT ${target}.packed.${arg_TARGET})
     endif()
@@ -132,7 +141,7 @@ function(morvanite_pack target)
     string(MD5 hash ${project})
     set(state ${CMAKE_BINARY_DIR}/CMakeFiles/morvanite/${hash})
     file(MAKE_DIRECTORY ${state})
-    _morvanite_ids_target(ids ${project} ${header} ${lists} ${state})
+    _morvanite_ids_target(ids ${project} ${header} ${lists} "${settings}" ${state})
     add_dependencies(${target} ${ids})
     target_include_directories(${target} PRIVATE ${state}/include)
 
@@ -145,8 +154,8 @@ function(morvanite_pack target)
     endif()
     # These are looked for at every pack, so one that appears or goes is a change too.
     file(GLOB found CONFIGURE_DEPENDS ${folder}/preview.lst ${folder}/${name}_res.lst ${folder}/AppLogo.img)
-    _morvanite_program_files(program_files)
-    _morvanite_run(command ${state}/lock
+    _morvanite_program_files(program_files "${settings}")
+    _morvanite_run(command ${state}/lock "${settings}"
         pack ${project} --input $<TARGET_FILE:${target}> --output ${output} ${options} --depfile ${state}/${target}.d)
     # The packer writes the resources alone into this folder, and doesn't make it.
     set(side_folder $<TARGET_FILE_DIR:${target}>/arm)

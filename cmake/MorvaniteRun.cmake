@@ -1,5 +1,5 @@
 # Runs one command of morvanite-cli for a build rule of Morvanite.cmake:
-#   cmake -D LOCK=<file> -P MorvaniteRun.cmake -- <command line>
+#   cmake -D LOCK=<file> -D SETTINGS=<folder, or empty> -P MorvaniteRun.cmake -- <command line>
 # It waits for its turn, and shows the whole report when the command fails, otherwise only the warnings.
 
 cmake_minimum_required(VERSION 3.20)
@@ -15,6 +15,9 @@ foreach(n RANGE ${last})
     endif()
 endforeach()
 
+if(SETTINGS)
+    set(ENV{XDG_CONFIG_HOME} "${SETTINGS}")
+endif()
 file(LOCK "${LOCK}" GUARD PROCESS)
 execute_process(COMMAND ${command} RESULT_VARIABLE status OUTPUT_VARIABLE report ERROR_VARIABLE complaint)
 string(REPLACE "\r\n" "\n" report "${report}${complaint}")

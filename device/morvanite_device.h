@@ -39,7 +39,8 @@ typedef enum morvanite_result
     MORVANITE_OK = 0,
     MORVANITE_NOT_FOUND = 1, /* no such entry, item, language or string; the end of a walk */
     MORVANITE_DAMAGED = 2,   /* the bytes are no payload, or a part of one that points outside or has no end */
-    MORVANITE_NO_ROOM = 3    /* the memory given for an index is too small */
+    MORVANITE_NO_ROOM = 3,   /* the memory given for an index is too small */
+    MORVANITE_OTHER_TYPE = 4 /* a layout's property holds a value of another type than was asked for */
 } morvanite_result;
 
 /* A table of pairs of key and offset, of 8 bytes each. The members are the reader's own but for `count`. */

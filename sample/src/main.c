@@ -9,6 +9,7 @@
 #include "morvanite_elf.h"
 #include "own_file.h"
 #include "picture.h"
+#include "start_screen.h"
 #include "text.h"
 #include "weather.h"
 
@@ -263,6 +264,8 @@ static int show_entries(const application *app)
 static int show_all(const application *app, int language)
 {
     show_screen(app, &app->language[language]);
+    if (start_screen_show(&app->resources, &app->language[language]) != 0)
+        return -1;
     show_strings(app);
     if (show_images(app) != 0 || show_sounds(app) != 0)
         return -1;

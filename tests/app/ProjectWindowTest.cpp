@@ -192,6 +192,14 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
     window.Settle();
     EXPECT_EQ(Shown(layouts->child(0)), "240x320\n  ID_START\n");
     EXPECT_TRUE(window.Document().IsModified());
+    window.Answer({QMessageBox::Ok});
+    window.Tree().setCurrentItem(layouts->child(0));
+    QListWidget &list = DefaultView(window);
+    list.item(0)->setText(u"no good"_s);
+    list.item(0)->setText(u"id_main"_s);
+    EXPECT_EQ(RowsOf(list), "ID_MAIN");
+    list.item(0)->setText(u"id_start"_s);
+    window.Tree().setCurrentItem(layouts->child(0)->child(0));
     window.Frame().RunCommand(CMD_SAVE);
     EXPECT_TRUE(window.folder.Get("demo/res/layout_demo_240x320.xml").contains("ID_START"));
 
@@ -204,7 +212,8 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
         window.Settle();
         EXPECT_EQ(layouts->child(0)->childCount(), left);
     }
-    EXPECT_EQ(window.boxes.size(), 2);
+    EXPECT_EQ(window.boxes.size(), 3);
+    EXPECT_EQ(window.boxes.first(), u"The ID is invalid."_s);
     EXPECT_FALSE(window.Document().IsIdInUse(u"ID_START"_s));
 }
 

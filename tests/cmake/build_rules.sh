@@ -10,7 +10,7 @@ trap 'rm -rf "$work"' EXIT
 app="$work/weather clock" # paths with a blank are the ones that go wrong
 build="$app/out"
 mkdir "$app"
-cp -r "$repository"/sample/{res,config.xml,weatherclock.vcproj,weatherclock_res.lst,preview.lst} "$app"
+cp -r "$repository"/sample/{res,settings,config.xml,weatherclock.vcproj,weatherclock_res.lst,preview.lst} "$app"
 printf '#include "ResID.h"\nint main(void) { return ID_IMAGE_SUN == 0; }\n' >"$app/main.c"
 echo 'int without_ids(void); int without_ids(void) { return 1; }' >"$app/other.c"
 cat >"$app/CMakeLists.txt" <<END
@@ -21,10 +21,10 @@ foreach(name upright across appended)
     add_executable(\${name} main.c other.c)
     set_target_properties(\${name} PROPERTIES SUFFIX .axf)
 endforeach()
-morvanite_pack(upright PROJECT weatherclock.vcproj RESOLUTION 240x320 CONVERT_IMAGES)
-morvanite_pack(across PROJECT weatherclock.vcproj RESOLUTION 320x240 TARGET axf OUTPUT packed.bin CONVERT_IMAGES VER 3)
+morvanite_pack(upright PROJECT weatherclock.vcproj RESOLUTION 240x320 SETTINGS settings CONVERT_IMAGES)
+morvanite_pack(across PROJECT weatherclock.vcproj RESOLUTION 320x240 SETTINGS settings TARGET axf OUTPUT packed.bin CONVERT_IMAGES VER 3)
 if(WITH_DLL)
-    morvanite_pack(appended PROJECT weatherclock.vcproj RESOLUTION 480x272 TARGET dll)
+    morvanite_pack(appended PROJECT weatherclock.vcproj RESOLUTION 480x272 SETTINGS settings TARGET dll)
 else()
     set_property(TARGET appended PROPERTY EXCLUDE_FROM_ALL TRUE)
 endif()
@@ -70,6 +70,14 @@ builds 'a picture of all resolutions was touched' 'Packing 2'
 iconv -f utf-16 -t utf-8 "$work/before/ref_list_weatherclock.txt" | sed 's/\tToday\t/\tThis day\t/' | iconv -t utf-16 >"$app/res/ref_list_weatherclock.txt"
 builds 'a text changed' 'Numbering 1, Packing 2'
 builds 'a text was packed' ''
+
+# A layout: all of them are written again when the IDs are numbered.
+layout="$app/res/layout_weatherclock_240x320.xml"
+cp "$build/upright.packed.axf" "$work/old"
+sed -i 's/value="62"/value="63"/' "$layout"
+builds 'a layout changed' 'Numbering 1, Packing 2'
+builds 'a layout was packed' ''
+! cmp -s "$build/upright.packed.axf" "$work/old" || fail 'the changed layout was not packed'
 
 # An ID's name: everything that includes the header is compiled again.
 sed -i 's/ID_IMAGE_FOG/ID_IMAGE_MIST/' "$app/res/weatherclock.res.xml"

@@ -1,6 +1,6 @@
 #!/bin/sh
 # Compiles the reader as a firmware's compiler would: every warning an error, as C99 and as C++, freestanding; for ARM in
-# less than 2 KiB of Thumb code that needs no library. Usage: check-compilers.sh DEVICE_FOLDER. 77: no compiler is there.
+# less than 2 KiB of Thumb code, and 1 KiB for layouts, that needs no library. Usage: check-compilers.sh DEVICE_FOLDER. 77: no compiler is there.
 set -eu
 device=$1
 work=$(mktemp -d)
@@ -11,7 +11,7 @@ tried=0
 compile() { # COMPILER FLAGS...
     command -v "$1" >/dev/null || return 0
     tried=$((tried + 1))
-    for source in morvanite_device.c morvanite_elf.c; do
+    for source in morvanite_device.c morvanite_elf.c morvanite_layout.c; do
         # shellcheck disable=SC2086
         "$@" $strict -o "$work/$source.o" "$device/$source" || { echo "failed: $* $source" >&2; exit 1; }
     done
@@ -28,10 +28,12 @@ arm='arm-linux-gnueabihf'
 for cpu in cortex-m0 cortex-m3; do
     command -v $arm-gcc >/dev/null || break
     compile $arm-gcc -std=c99 -mthumb -mcpu=$cpu -mfloat-abi=soft -Os
-    size=$($arm-size "$work/morvanite_device.c.o" | awk 'NR == 2 { print $1 + $2 + $3 }')
-    echo "$cpu: morvanite_device.c takes $size bytes, wanted below 2048; $arm-nm --size-sort tells where they go"
-    [ "$size" -lt 2048 ]
+    for part in device:2048 layout:1024; do
+        size=$($arm-size "$work/morvanite_${part%:*}.c.o" | awk 'NR == 2 { print $1 + $2 + $3 }')
+        echo "$cpu: morvanite_${part%:*}.c takes $size bytes, wanted below ${part#*:}; $arm-nm --size-sort tells where they go"
+        [ "$size" -lt "${part#*:}" ]
+    done
     echo "$cpu: it needs no other code, but for what follows"
-    ! $arm-nm -u "$work/morvanite_device.c.o" "$work/morvanite_elf.c.o" | grep ' U ' || exit 1
+    ! $arm-nm -u "$work/morvanite_device.c.o" "$work/morvanite_elf.c.o" "$work/morvanite_layout.c.o" | grep ' U ' || exit 1
 done
 [ $tried -gt 0 ] || exit 77

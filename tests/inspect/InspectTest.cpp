@@ -114,6 +114,16 @@ TEST_F(InspectTest, TheJsonHasWhatTheFileHas)
               wanted.toJson().toStdString());
 }
 
+TEST_F(InspectTest, ALayoutIsKnownByTheIdInItsHead)
+{
+    const Bytes layout = "MLAY\1\x14" + Bytes(2, '\0') + PayloadBuilder::U32({20, 7, 0});
+    const QByteArray text =
+        InspectText(env, Read(PayloadBuilder().Item(7, layout).Item(8, layout).Item(9, "MLAY").Build()));
+    EXPECT_THAT(text.toStdString(), HasSubstr(" 7  layout\n"));
+    EXPECT_THAT(text.toStdString(), HasSubstr(" 8  file, image or layout\n"));
+    EXPECT_THAT(text.toStdString(), HasSubstr(" 9  file, image or layout\n"));
+}
+
 TEST_F(InspectTest, TheListingIsForReadingAndCannotSteerTheTerminal)
 {
     const std::string expected = "kind     res, side file\n"

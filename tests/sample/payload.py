@@ -26,11 +26,69 @@ def padded(data):
     return data + bytes(-len(data) % 4)
 
 
+class Layout:
+    """The device's form of a layout, by the description of it alone; of a layout without faults and with a catalogue."""
+
+    WORDS = {"ZulBool": 16, "ZulS32": 17, "ZulU32": 18, "ZulId": 18, "ZulMsec": 19, "ZulFloat": 20, "ZulColor": 21, "ZulResId": 23,
+             "ZulWString": 24, "ZulImageSrc": 25, "ZulPoint": 26, "ZulSize": 27, "ZulFPoint": 28, "ZulRect": 29, "ZrpStateImage": 30}
+
+    def __init__(self, catalogue, values):
+        self.values, self.types, self.properties = values, {}, []
+        for element in xml.etree.ElementTree.parse(catalogue).getroot():
+            self.types[element.get("name")] = element
+            if element.tag != "enumeration":
+                self.properties += [m.get("name") for m in element if m.get("name") not in self.properties]
+        self.classes = [name for name, element in self.types.items() if element.tag == "class"]
+
+    def members(self, type_name):
+        element = self.types[type_name]
+        inherited = self.members(element.get("base")) if element.get("base") else {}
+        return inherited | {member.get("name"): member.get("type") for member in element}
+
+    def value(self, type_name, text):
+        if type_name in self.types:
+            return 22, struct.pack("<I", [item.get("name") for item in self.types[type_name]].index(text))
+        if type_name == "ZulColor":
+            return 21, struct.pack("<I", int(text[1:], 16))
+        if type_name == "ZulMsec":
+            return 19, struct.pack("<I", int(float(text.rstrip("ms")) * (1 if text.endswith("ms") else 1000)))
+        words = [word.strip() for word in text.strip("()").split(",")]
+        if "@" in text:
+            return self.WORDS[type_name], struct.pack(f"<{len(words)}I", *(self.values.get(word[1:], 0) for word in words))
+        if type_name in ("ZulFloat", "ZulFPoint"):
+            return self.WORDS[type_name], struct.pack(f"<{len(words)}f", *map(float, words))
+        return self.WORDS[type_name], struct.pack(f"<{len(words)}i", *(int(word == "true" or word) for word in words))
+
+    @staticmethod
+    def part(number, kind, content):
+        words = len(content) // 4
+        return struct.pack("<HBB", number, kind, min(words, 255)) + (b"" if words < 255 else struct.pack("<I", len(content))) + content
+
+    def content(self, element, depth):
+        self.levels = max(self.levels, depth)
+        members, groups, inside = self.members(element.tag), b"", b""
+        values = b"" if not element.get("name") else self.part(0, 3, padded(element.get("name").encode() + b"\0"))
+        for name, text in element.items():
+            if name not in ("name", "prop"):
+                values += self.part(self.properties.index(name) + 1, *self.value(members[name], text))
+        for child in element:
+            if child.get("prop"):
+                groups += self.part(self.properties.index(child.get("prop")) + 1, 2, self.content(child, depth + 1))
+            else:
+                inside += self.part(self.classes.index(child.tag) + 1, 1, self.content(child, depth + 1))
+        return values + groups + inside
+
+    def convert(self, layout, table):
+        self.levels = 0
+        parts = b"".join(self.part(self.classes.index(c.tag) + 1, 1, self.content(c, 1)) for c in layout)
+        return struct.pack("<4sBBHIII", b"MLAY", 1, 20, self.levels, 20 + len(parts), self.values[layout.get("id")], table) + parts
+
+
 class Sample:
     """The sample's project, read without Morvanite."""
 
     def __init__(self, folder, converter):
-        self.folder, self.converter = folder, converter
+        self.folder, self.converter, self.with_layouts = folder, converter, False
         self.root = xml.etree.ElementTree.parse(folder / "res/weatherclock.res.xml").getroot()
         lines = (folder / "res/ref_list_weatherclock.txt").read_bytes().decode("utf-16").split("\r\n")
         self.languages = [int(n) for n in re.findall(r"\((\d+)\)", lines[1])]
@@ -44,6 +102,8 @@ class Sample:
                 kinds[element.get("id")] = (element.get("type"), "image")
             elif element.tag == "FILE":
                 kinds[element.get("id")] = (element.get("type"), "audio" if element.text.endswith("wav") else "binary")
+        for path in self.folder.glob("res/layout_*.xml") if self.with_layouts else ():
+            kinds |= {layout.get("id"): ("Normal", "layout") for layout in xml.etree.ElementTree.parse(path).getroot()}
         values, following = {}, {"Normal": 1, **PUSH_KINDS}
         for name in sorted(kinds, key=str.encode):
             push, kind = kinds[name]
@@ -89,6 +149,12 @@ class Sample:
             for element in group.findall("IMAGE"):
                 pushed = element.get("type") == "Push"
                 yield self.values[element.get("id")], padded(self.read(element.text, convert or pushed))
+
+        for path in self.folder.glob(f"res/layout_*_{screen}.xml") if self.with_layouts else ():
+            table = int(re.search(r"LAYOUT_TABLE (0x[0-9A-F]+)", (self.folder / "ResID/LayoutID.h").read_text())[1], 16)
+            converter = Layout(REPOSITORY / "packaging/program/catalogue.xml", self.values)
+            for layout in xml.etree.ElementTree.parse(path).getroot():
+                yield self.values[layout.get("id")], converter.convert(layout, table)
 
     def payload(self, screen, convert, base, pad):
         entries, items = list(self.entries(convert)), list(self.items(screen, convert))
@@ -138,6 +204,18 @@ class Payload(DemoProject):
                 wanted = fill + self.sample.payload(screen, convert, 0 if relative else start, padded)
                 self.assert_same(appended[:len(wanted)], wanted)
                 self.assert_same((self.dir / "arm/app.res").read_bytes(), self.sample.payload(screen, convert, 0, padded))
+
+    def test_layouts_where_the_settings_give_the_project_some(self):
+        self.env["XDG_CONFIG_HOME"] = str(self.dir / "sample/settings")
+        self.sample.with_layouts = True
+        self.sample.values = self.sample.number()
+        status, out, err = self.run_cli("save", "sample/weatherclock.vcproj")
+        self.assertEqual(status, 0, out + err)
+        for screen in ("240x320", "320x240", "480x272", "128x128"):
+            with self.subTest(screen=screen):
+                wanted = self.sample.payload(screen, 1, 0, padded)
+                self.assertEqual(wanted.count(b"MLAY\1"), screen != "128x128")
+                self.assert_same(self.pack(screen, "axf", 1)[:len(wanted)], wanted)
 
     def test_behind_a_dll_of_any_size(self):
         for size in range(self.input.stat().st_size, self.input.stat().st_size + 4):

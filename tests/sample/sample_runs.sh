@@ -24,6 +24,7 @@ for screen in 240x320 320x240 480x272; do
     qemu-arm $screen/weatherclock.packed.axf >found
     [ $screen != 240x320 ] || diff "$here/screen_240x320.txt" found || fail "the output for $screen"
     grep -qE "ID_IMAGE_BACKGROUND +[0-9]+ +${screen%x*} x ${screen#*x} " found || fail "the background for $screen"
+    grep -qE "^  Screen +start +${screen%x*} x ${screen#*x} .* background ${screen}$" found || fail "the layout for $screen"
     grep -qE 'ID_IMAGE_LOGO +[0-9]+ +48 x 48 ' found || fail "the pictures of all screens for $screen"
 done
 diff -r -x ResID before sample || fail 'saving and packing changed the files of the project'

@@ -7,7 +7,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QMessageBox>
 #include <QStackedWidget>
 
 #include <utility>
@@ -93,19 +92,12 @@ bool CChildFrame::MayClose()
 {
     if (!document.IsModified())
         return true;
-    QMessageBox box(QMessageBox::Question, QStringLiteral("Morvanite"),
-                    QStringLiteral("Save changes to %1?").arg(FileTitle(document.PathName())),
-                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, this);
-    box.setDefaultButton(QMessageBox::Yes);
-    switch (box.exec()) {
-    case QMessageBox::Yes:
+    const Answer answer =
+        shell.AskYesNoCancel(QStringLiteral("Save changes to %1?").arg(FileTitle(document.PathName())));
+    if (answer == Answer::Yes)
         (void)document.DoFileSave();
-        return !document.IsModified(); // else it couldn't be saved, and closing would lose the changes
-    case QMessageBox::No:
-        return true;
-    default:
-        return false;
-    }
+    // What is still modified then couldn't be saved, and closing would lose it.
+    return answer == Answer::No || (answer == Answer::Yes && !document.IsModified());
 }
 
 void CChildFrame::closeEvent(QCloseEvent *event)

@@ -32,6 +32,7 @@ public:
 
     // IViewHost
     [[nodiscard]] bool AskYesNo(const QString &question) override { return shell.AskYesNo(question); }
+    [[nodiscard]] Answer AskYesNoCancel(const QString &question) override { return shell.AskYesNoCancel(question); }
     void ShowMessage(const QString &text) override { shell.ShowMessage(text); }
     void ShowPane(Pane pane) override;
     void RunCommand(int command) override { shell.RunCommand(command); }

@@ -354,6 +354,20 @@ bool CMainFrame::AskYesNo(const QString &question)
                                  QMessageBox::No) == QMessageBox::Yes;
 }
 
+Answer CMainFrame::AskYesNoCancel(const QString &question)
+{
+    const ModalBox box(*this);
+    switch (QMessageBox::question(this, QStringLiteral("Morvanite"), question,
+                                  QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes)) {
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    default:
+        return Answer::Cancel;
+    }
+}
+
 QStringList CMainFrame::OpenFileDialog(const QString &filter, int selectedFilter, bool multiSelect,
                                        const QString &initialName)
 {
@@ -383,7 +397,6 @@ void CMainFrame::ShowAbout()
 bool CMainFrame::MayCloseAll()
 {
     for (CChildFrame *child : Children()) {
-        const ModalBox box(*this);
         if (!child->MayClose())
             return false;
     }

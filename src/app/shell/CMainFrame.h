@@ -63,6 +63,7 @@ public:
                                const QString &initialName) override;
     // IViewHost
     [[nodiscard]] bool AskYesNo(const QString &question) override;
+    [[nodiscard]] Answer AskYesNoCancel(const QString &question) override;
     void ShowMessage(const QString &text) override { MessageBox(text); }
     void ShowPane(Pane) override {}
     void RunCommand(int command) override { route.Run(command); }

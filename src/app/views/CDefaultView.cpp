@@ -2,7 +2,10 @@
 
 #include "Commands.h"
 
+#include "ProjectTree.h"
+
 #include <QContextMenuEvent>
+#include <QScopedValueRollback>
 
 CDefaultView::CDefaultView(CResDoc &projectDocument, CProjView &projectTree, IViewHost &viewHost)
     : document(projectDocument), tree(projectTree), host(viewHost)
@@ -21,6 +24,11 @@ CDefaultView::CDefaultView(CResDoc &projectDocument, CProjView &projectTree, IVi
     };
     connect(this, &QListWidget::itemDoubleClicked, this, enter);
     connect(this, &QListWidget::itemActivated, this, enter);
+    connect(this, &QListWidget::itemChanged, this, [this](const QListWidgetItem *row) {
+        QTreeWidgetItem *const item = isFilling ? nullptr : TreeItemOf(row);
+        if (item && item->text(0) != row->text())
+            tree.EditLabel(item, QString(row->text())); // which fills this view anew
+    });
     document.AddView(this);
 }
 
@@ -54,12 +62,15 @@ void CDefaultView::showEvent(QShowEvent *event)
 
 void CDefaultView::Fill()
 {
+    const QScopedValueRollback filling(isFilling, true);
     clear();
     const QTreeWidgetItem *const shown = tree.currentItem();
     for (int i = 0; shown && i < shown->childCount(); ++i) {
         const QTreeWidgetItem *const child = shown->child(i);
         auto *const row = new QListWidgetItem(child->icon(0), child->text(0), this);
         row->setData(Qt::UserRole, child->data(0, Qt::UserRole));
+        if (CanEditLabel(CProjView::FolderOf(child)))
+            row->setFlags(row->flags() | Qt::ItemIsEditable);
     }
 }
 
@@ -69,6 +80,8 @@ std::optional<CommandState> CDefaultView::StateOf(int command) const
     case CMD_CLEAR:
     case CMD_RESOLUTION:
         return tree.StateOf(command);
+    case CMD_RENAME:
+        return CommandState{SelectedRow() && (SelectedRow()->flags() & Qt::ItemIsEditable)};
     default:
         return std::nullopt;
     }
@@ -76,6 +89,8 @@ std::optional<CommandState> CDefaultView::StateOf(int command) const
 
 void CDefaultView::Run(int command)
 {
+    if (command == CMD_RENAME)
+        return editItem(SelectedRow());
     tree.SetContextFolder(CProjView::FolderOf(TreeItemOf(SelectedRow())));
     tree.Run(command);
 }

@@ -28,4 +28,5 @@ private:
     CResDoc &document;
     CProjView &tree;
     IViewHost &host;
+    bool isFilling = false;
 };

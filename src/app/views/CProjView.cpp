@@ -128,18 +128,25 @@ void CProjView::UpdatePanes()
 
 void CProjView::LabelEdited(QTreeWidgetItem *item)
 {
+    const CResFolder *folder = FolderOf(item);
+    if (!isFilling && folder && item->text(0) != folder->title)
+        EditLabel(item, item->text(0));
+}
+
+void CProjView::EditLabel(QTreeWidgetItem *item, const QString &typed)
+{
     CResFolder *const folder = FolderOf(item);
-    if (isFilling || !folder || item->text(0) == folder->title || !CanEditLabel(folder))
+    if (!CanEditLabel(folder))
         return;
-    const LabelEdit edit = EndLabelEdit(document, *folder, item->text(0));
+    const LabelEdit edit = EndLabelEdit(document, *folder, typed);
     {
         const QScopedValueRollback filling(isFilling, true);
         item->setText(0, folder->title);
+        item->setToolTip(0, folder->title);
     }
     if (!edit.message.isEmpty())
         host.ShowMessage(edit.message);
-    else if (!edit.label.isEmpty())
-        UpdatePanes();
+    UpdatePanes();
 }
 
 std::optional<CommandState> CProjView::StateOf(int command) const

@@ -25,6 +25,8 @@ public:
     [[nodiscard]] static CResFolder *FolderOf(const QTreeWidgetItem *item);
     /// The row of a folder, searched depth first; null when it has none.
     [[nodiscard]] QTreeWidgetItem *ItemOf(const CResFolder *folder) const;
+    /// Gives a row the label that was typed, or leaves it and says why.
+    void EditLabel(QTreeWidgetItem *item, const QString &typed);
     /// Opens the menu of a row's folder, which commands act on until one has run or another row's menu opens.
     void OpenContextMenu(QTreeWidgetItem *item, const QPoint &globalPlace);
     /// Makes the commands to come act on that folder; null: on the selected one.

@@ -4,12 +4,21 @@
 
 enum class Pane;
 
+enum class Answer
+{
+    Yes,
+    No,
+    Cancel,
+};
+
 /// What views ask of the window they stand in.
 class IViewHost
 {
 public:
     /// Asks a question that Yes or No answers; No is the default.
     [[nodiscard]] virtual bool AskYesNo(const QString &question) = 0;
+    /// The same with a third answer; Yes is the default.
+    [[nodiscard]] virtual Answer AskYesNoCancel(const QString &question) = 0;
     virtual void ShowMessage(const QString &text) = 0;
     /// Puts a pane right of the project tree.
     virtual void ShowPane(Pane pane) = 0;

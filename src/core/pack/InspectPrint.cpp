@@ -1,3 +1,4 @@
+#include "ByteReader.h"
 #include "Environment.h"
 #include "Inspect.h"
 
@@ -41,9 +42,17 @@ template <typename Items, typename Print> void AppendList(QByteArray &json, cons
         json += "\n  ";
 }
 
-/// What an item is, by the range that its key lies in.
-const char *WhatIs(quint32 key)
+/// A converted layout has its ID's number in its head.
+bool IsLayout(const BlockEntry &item)
 {
+    constexpr quint64 ID_AT = 12;
+    return item.data.startsWith("MLAY") && ByteReader(item.data).U32(ID_AT) == item.key;
+}
+
+/// What an item is, by the range that its key lies in.
+const char *WhatIs(const BlockEntry &item)
+{
+    const quint32 key = item.key;
     if (key >= FIRST_LANGUAGE_KEY)
         return "strings";
     if (key >= 100000 && key < 110000) {
@@ -52,7 +61,7 @@ const char *WhatIs(quint32 key)
                                                "push string", "push"};
         return PUSH[(key - 100000) / 1000];
     }
-    return key == 0 ? "no number" : "file, image or layout";
+    return key == 0 ? "no number" : IsLayout(item) ? "layout" : "file, image or layout";
 }
 
 /// True for what steers a terminal or turns the order of the text around it.
@@ -149,7 +158,7 @@ QByteArray InspectText(const Environment &env, const InspectResult &result)
         const bool isLanguage = item.key >= FIRST_LANGUAGE_KEY;
         text += Column(Number(item.offset), 12) + Column(Number(item.size), 12) +
                 Column(isLanguage ? "0x" + QByteArray::number(item.key, 16).toUpper() : Number(item.key), 12) + "  " +
-                WhatIs(item.key) + (isLanguage ? " of language " + Number(item.key & 0xFFFF) : QByteArray()) + '\n';
+                WhatIs(item) + (isLanguage ? " of language " + Number(item.key & 0xFFFF) : QByteArray()) + '\n';
     }
     for (const LanguageStrings &language : payload.languages) {
         text += "\nlanguage " + Number(language.language) + ", " + Number(language.strings.size()) + " strings\n";

@@ -1,0 +1,219 @@
+#include "Conversion.h"
+
+#include "CatalogueFile.h"
+#include "Environment.h"
+#include "HostFiles.h"
+#include "IdNames.h"
+#include "LayoutRows.h"
+#include "LayoutTables.h"
+#include "LayoutWriter.h"
+#include "Xml.h"
+
+#include <QSet>
+
+#include <cstring>
+#include <spawn.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr int MOST_ERRORS = 100; // told
+constexpr qint64 LARGEST_HEADER = 64 << 20;
+constexpr qint64 LARGEST_TABLE = 16 << 20;
+
+/// No screen: who packs it wants the tables. The packer deletes a file of this name, should there be one.
+constexpr char TABLES_LAYOUT[] = "ID_D279A4D9_BC6C_420b_9EC7_CE2FA9F8415D";
+
+QString SystemError(int error)
+{
+    return QString::fromLocal8Bit(std::strerror(error));
+}
+
+bool IsFile(const QString &path)
+{
+    struct stat info;
+    return !path.isEmpty() && stat(HostPath(path).constData(), &info) == 0 && S_ISREG(info.st_mode);
+}
+
+/// A path of the folder, as it is given to the file functions.
+QString InFolder(const QString &folder, const QString &name)
+{
+    return folder.endsWith(u'/') || folder.endsWith(u'\\') ? folder + name : folder + u'/' + name;
+}
+
+} // namespace
+
+bool Conversion::Run()
+{
+    if (!LoadLayouts() || !LoadTypes())
+        return false;
+    const LayoutTables tables(types);
+    if (!tables.Fit()) {
+        messages.append(options.xml + u": more than 65535 classes or properties"_s);
+        return false;
+    }
+    if (AskForTables())
+        return WriteTables(tables);
+    return LoadNumbers() && !HasTablesOfOthers(tables) && Convert(tables);
+}
+
+bool Conversion::AskForTables() const
+{
+    for (const auto &layout : file.All()) {
+        if (layout->Id()->name == TABLES_LAYOUT)
+            return true;
+    }
+    return false;
+}
+
+bool Conversion::LoadLayouts()
+{
+    const int code = file.Load(env.WideToNarrow(options.input));
+    if (code != 0)
+        TellWhyNotLoaded(code);
+    return code == 0;
+}
+
+void Conversion::TellWhyNotLoaded(int code)
+{
+    const LayoutRows rows(env, options.input);
+    const int culprit = rows.OfLayout(int(file.All().size()));
+    const auto tell = [&](int row, const QString &text) {
+        messages.append(u"%1, line %2: %3"_s.arg(options.input).arg(row).arg(text));
+    };
+    switch (code) {
+    case LAYOUT_NOT_OPENED:
+        messages.append(options.input + u": can't be opened"_s);
+        break;
+    case LAYOUT_NOT_WELL_FORMED:
+        tell(rows.OfError(), u"this is no well-formed XML"_s);
+        break;
+    case LAYOUT_NO_ROOT:
+        tell(1, u"there is no element <TarvoXML>"_s);
+        break;
+    case LAYOUT_WRONG_ROOT:
+        tell(rows.OfRoot(), u"the outermost element should be <TarvoXML>"_s);
+        break;
+    case LAYOUT_WRONG_CHILD:
+        tell(culprit, u"only <Layout> can stand in <TarvoXML>"_s);
+        break;
+    case LAYOUT_NO_ID:
+        tell(culprit, u"<Layout> needs the attribute \"id\""_s);
+        break;
+    default:
+        tell(culprit, u"the ID of this layout is taken, or empty"_s);
+    }
+}
+
+bool Conversion::LoadTypes()
+{
+    if (!IsFile(options.xml)) {
+        if (options.xml.endsWith(u".xml", Qt::CaseInsensitive))
+            messages.append(options.xml + u": isn't there, so all properties stay text"_s);
+        return true;
+    }
+    return LoadCatalogue(env, options.xml, types, messages);
+}
+
+bool Conversion::LoadNumbers()
+{
+    QByteArray header;
+    const int error = ReadFile(options.header, header, LARGEST_HEADER);
+    if (error != 0) {
+        messages.append(u"%1: %2; saving the project writes it"_s.arg(options.header, SystemError(error)));
+        return false;
+    }
+    numbers.Read(header);
+    return true;
+}
+
+/// An application that was compiled with other numbers would take one property for another.
+bool Conversion::HasTablesOfOthers(const LayoutTables &tables)
+{
+    const QString path = InFolder(options.table, QLatin1String(LayoutTables::TABLE_FILE));
+    QByteArray table;
+    if (options.table.isEmpty() || ReadFile(path, table, LARGEST_TABLE) != 0 ||
+        LayoutTables::StampOf(table) == tables.Stamp()) {
+        return false;
+    }
+    messages.append(path + u": was made from another catalogue; save the project, then compile the application"_s);
+    return true;
+}
+
+bool Conversion::Convert(const LayoutTables &tables)
+{
+    std::vector<std::pair<QString, QByteArray>> results;
+    QSet<QString> names;
+    std::unique_ptr<LayoutRows> rows; // read again when there is something to tell
+    int errors = 0;
+    int layoutNumber = 0;
+    const auto tell = [&](const ComponentObject *component, const QByteArray &text) {
+        if (++errors > MOST_ERRORS)
+            return;
+        if (!rows)
+            rows = std::make_unique<LayoutRows>(env, options.input, file);
+        const int row = component ? rows->OfComponent(component) : rows->OfLayout(layoutNumber);
+        messages.append(u"%1, line %2: %3"_s.arg(options.input).arg(row).arg(env.NarrowToWide(text)));
+    };
+    LayoutWriter writer(types, tables, numbers, tell);
+    for (const auto &layout : file.All()) {
+        const NarrowText &id = layout->Id()->name;
+        if (!IsValidIdName(env.NarrowToWide(id)))
+            tell(nullptr,
+                 "the ID of this layout is none: letters, digits and \"_\", at most 64, and no digit at the front");
+        const QString name = env.NarrowToWide(id) + u".bin"_s;
+        if (names.contains(ToUpperSimple(name)))
+            tell(nullptr, "the ID differs from that of another layout in small and capital letters alone");
+        names.insert(ToUpperSimple(name));
+        results.emplace_back(InFolder(options.output, name), writer.Write(id, layout->components));
+        ++layoutNumber;
+    }
+    if (errors > MOST_ERRORS)
+        messages.append(u"%1: %2 more errors"_s.arg(options.input).arg(errors - MOST_ERRORS));
+    if (errors > 0)
+        return false;
+    for (const auto &[path, bytes] : results) {
+        if (!WriteFile(path, bytes))
+            return false;
+    }
+    return true;
+}
+
+bool Conversion::WriteTables(const LayoutTables &tables)
+{
+    CreateFolderOnDisk(options.table);
+    const QString table = InFolder(options.table, QLatin1String(LayoutTables::TABLE_FILE));
+    const QString enums = InFolder(options.table, QLatin1String(LayoutTables::ENUM_FILE));
+    if (!WriteFile(table, tables.TableFile()) || !WriteFile(enums, tables.EnumFile()))
+        return false;
+    return options.subtool.isEmpty() ||
+           RunSubTool(enums, table, InFolder(options.table, QLatin1String(LayoutTables::HEADER_FILE)));
+}
+
+bool Conversion::RunSubTool(const QString &enums, const QString &table, const QString &header)
+{
+    QByteArray words[] = {HostPath(options.subtool), HostPath(table), HostPath(enums), HostPath(header)};
+    char *const arguments[] = {words[0].data(), words[1].data(), words[2].data(), words[3].data(), nullptr};
+    pid_t child = -1;
+    int status = 0;
+    const int error = posix_spawn(&child, arguments[0], nullptr, nullptr, arguments, environ);
+    if (error != 0) {
+        messages.append(u"%1: %2"_s.arg(options.subtool, SystemError(error)));
+        return false;
+    }
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0; // else it said why
+}
+
+bool Conversion::WriteFile(const QString &path, const QByteArray &bytes)
+{
+    const int error = WriteFileAtomically(path, bytes);
+    if (error != 0)
+        messages.append(u"%1: %2"_s.arg(path, SystemError(error)));
+    return error == 0;
+}

@@ -1,0 +1,45 @@
+#include "IdNumbers.h"
+
+namespace
+{
+
+/// The next word of a line, which it is taken off.
+QByteArrayView TakeWord(QByteArrayView &line)
+{
+    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+    qsizetype begin = 0;
+    while (begin < line.size() && isBlank(line[begin]))
+        ++begin;
+    qsizetype end = begin;
+    while (end < line.size() && !isBlank(line[end]))
+        ++end;
+    const QByteArrayView word = line.sliced(begin, end - begin);
+    line = line.sliced(end);
+    return word;
+}
+
+} // namespace
+
+void IdNumbers::Read(QByteArrayView header)
+{
+    for (qsizetype end = 0; !header.isEmpty(); header = header.sliced(end)) {
+        const qsizetype lineEnd = header.indexOf('\n');
+        end = lineEnd < 0 ? header.size() : lineEnd + 1;
+        QByteArrayView line = header.first(lineEnd < 0 ? end : lineEnd);
+        if (line.endsWith('\r'))
+            line.chop(1);
+        if (TakeWord(line) != "#define")
+            continue;
+        const QByteArrayView name = TakeWord(line);
+        bool isNumber = false;
+        const quint32 number = TakeWord(line).toUInt(&isNumber, 10);
+        if (isNumber && TakeWord(line).isEmpty() && !numbers.contains(name.toByteArray()))
+            numbers.insert(name.toByteArray(), number);
+    }
+}
+
+std::optional<quint32> IdNumbers::Find(const NarrowText &name) const
+{
+    const auto found = numbers.constFind(name);
+    return found == numbers.constEnd() ? std::nullopt : std::optional(*found);
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "ClassCatalogue.h"
+
+#include <QHash>
+
+#include <vector>
+
+/// The numbers of a catalogue's classes and properties, which stand for their names in a converted layout.
+///
+/// Both count from 1 in the order of the catalogue; a property's name has one number whatever the class. The
+/// enumerators of an enumeration count from 0.
+class LayoutTables
+{
+public:
+    explicit LayoutTables(const ClassCatalogue &catalogue);
+
+    /// 0 when there is none.
+    [[nodiscard]] quint16 Class(const NarrowText &name) const { return classNumbers.value(name); }
+    [[nodiscard]] quint16 Property(const NarrowText &name) const { return propertyNumbers.value(name); }
+
+    /// Changes with every name and number. 0 for the tables of an empty catalogue.
+    [[nodiscard]] quint32 Stamp() const { return stamp; }
+    /// False when there are more names than numbers.
+    [[nodiscard]] bool Fit() const;
+
+    /// The files that a run writes on demand, for inclusion in C or for the sub-tool.
+    [[nodiscard]] QByteArray TableFile() const;
+    [[nodiscard]] QByteArray EnumFile() const;
+    /// The stamp of a table file; 0 for a file of another kind.
+    static quint32 StampOf(QByteArrayView tableFile);
+
+    static constexpr char TABLE_FILE[] = "zul_xml_table.i";
+    static constexpr char ENUM_FILE[] = "zul_xml_enum.i";
+    static constexpr char HEADER_FILE[] = "LayoutID.h";
+
+private:
+    [[nodiscard]] QByteArray TableLines() const;
+    [[nodiscard]] QByteArray EnumLines() const;
+
+    const ClassCatalogue &types;
+    std::vector<NarrowText> classes;
+    std::vector<NarrowText> properties;
+    QHash<NarrowText, quint16> classNumbers;
+    QHash<NarrowText, quint16> propertyNumbers;
+    quint32 stamp = 0;
+};

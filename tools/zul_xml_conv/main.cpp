@@ -1,0 +1,45 @@
+#include "Conversion.h"
+#include "Environment.h"
+
+#include <csignal>
+#include <cstdio>
+#include <sys/resource.h>
+
+namespace
+{
+
+/// What hostile files may cost; the packer waits without end.
+constexpr rlim_t MOST_SECONDS = 120;
+
+void Print(const QString &line)
+{
+    QString oneLine = line;
+    for (QChar &c : oneLine) {
+        if (c < u' ')
+            c = u'?';
+    }
+    std::fprintf(stderr, "zul_xml_conv.exe: %s\n", oneLine.toUtf8().constData());
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const rlimit seconds{MOST_SECONDS, MOST_SECONDS};
+    setrlimit(RLIMIT_CPU, &seconds);
+    std::signal(SIGPIPE, SIG_IGN);
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(QString::fromUtf8(argv[i]));
+    Options options;
+    if (!options.Parse(arguments)) {
+        std::fputs(Options::usage, stderr);
+        return 2;
+    }
+    Environment env;
+    Conversion conversion(env, options);
+    const bool isDone = conversion.Run();
+    for (const QString &line : conversion.messages)
+        Print(line);
+    return isDone ? 0 : 1;
+}
