@@ -60,7 +60,7 @@ void CChildFrame::ShowTitle()
 QWidget *CChildFrame::MakePane(Pane pane)
 {
     // A kind of pane that isn't here yet shows what lies below its folder.
-    return pane == Pane::Default ? new CDefaultView(document, *tree, *this) : nullptr;
+    return pane == Pane::Default ? new CDefaultView(document, *tree) : nullptr;
 }
 
 void CChildFrame::ShowPane(Pane pane)

@@ -7,8 +7,8 @@
 #include <QContextMenuEvent>
 #include <QScopedValueRollback>
 
-CDefaultView::CDefaultView(CResDoc &projectDocument, CProjView &projectTree, IViewHost &viewHost)
-    : document(projectDocument), tree(projectTree), host(viewHost)
+CDefaultView::CDefaultView(CResDoc &projectDocument, CProjView &projectTree)
+    : document(projectDocument), tree(projectTree)
 {
     setViewMode(QListView::IconMode);
     setIconSize(QSize(32, 32));

@@ -8,7 +8,7 @@
 class CDefaultView : public QListWidget, public CView, public ICommandTarget
 {
 public:
-    CDefaultView(CResDoc &projectDocument, CProjView &projectTree, IViewHost &viewHost);
+    CDefaultView(CResDoc &projectDocument, CProjView &projectTree);
     ~CDefaultView() override;
 
     void OnUpdate(CView *sender, long hint, CView *target) override;
@@ -27,6 +27,5 @@ private:
 
     CResDoc &document;
     CProjView &tree;
-    IViewHost &host;
     bool isFilling = false;
 };

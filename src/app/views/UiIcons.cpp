@@ -267,7 +267,7 @@ public:
         const int side = qMin(rect.width(), rect.height());
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
-        painter->translate(rect.x() + (rect.width() - side) / 2, rect.y() + (rect.height() - side) / 2);
+        painter->translate(rect.x() + (rect.width() - side) / 2.0, rect.y() + (rect.height() - side) / 2.0);
         painter->scale(side / 16.0, side / 16.0);
         if (mode == QIcon::Disabled)
             painter->setOpacity(0.35);
