@@ -83,7 +83,7 @@ constexpr char WHOLE[] =
     R"xml(<Label name="a" pos="(1, -2)" size="(3,4)" text="@ID_STRING_HI" align="right" shown="TRUE" order="-5" event="6"
         wait="2s" scale="-1.5" color="RGB(1,2,3)" clip="(1,2,3,-4)" anchor="(0.5, 1)" data="@ID_LAYOUT_START"
         icon="@ID_IMAGE_A" images="( @ID_IMAGE_A , 0,@ID_IMAGE_PUSH,)">
-        <Label prop="inner" text="plain"/>
+        <Label prop="inner" name="c" text="plain"/>
         <Insets prop="padding" left="9"/>
         <Other name="b" what="ever" size="x"><Label icon="0" order=""/></Other>
     </Label><Label color="#80FF8040"/>)xml";
@@ -118,7 +118,7 @@ TEST(LayoutReader, ReadsEveryTypeThatTheConverterWrites)
   18 = 7 0 103000 0
   7 {
     1 = 9
-  2:  inner
+  2:  c
     5 = plain
   0: Other b
     0 = what ever
@@ -133,6 +133,9 @@ TEST(LayoutReader, ConverterRefusesWhatADeviceWouldTakeForSomethingElse)
     for (const auto &[xml, error] : std::initializer_list<std::pair<const char *, const char *>>{
              {"<Label order='1.5'/>", "\"1.5\" is no value for \"order\", which is a ZulS32"},
              {"<Label align='Left'/>", "\"Left\" is no value for \"align\", which is a Align"},
+             {"<Label color='RGB(300,0,-5)'/>", "\"RGB(300,0,-5)\" is no value for \"color\""},
+             {"<Label wait='soon'/>", "\"soon\" is no value for \"wait\", which is a ZulMsec"},
+             {"<Label images='(@ID_IMAGE_A,0,0,0) '/>", "is no value for \"images\""},
              {"<Label color='red'/>", "\"red\" is no value for \"color\", which is a ZulColor"},
              {"<Label text='@ID_NONE'/>", "\"ID_NONE\" has no number in the header"},
              {"<Label icon='@ID_IMAGE_B'/>", "\"ID_IMAGE_B\" has no number in the header"},

@@ -97,3 +97,19 @@ TEST(LayoutPhase, ANameThatLeadsElsewhereDeletesNothing)
     EXPECT_TRUE(project.folder.Has("precious.bin"));
     EXPECT_FALSE(project.folder.Has("args"));
 }
+
+TEST(LayoutPhase, NumbersThatAreNotThoseOfTheHeaderArePackedNever)
+{
+    LayoutProject project("for id in ID_A; do printf x > \"$4/$id.bin\"; done");
+    project.folder.Put("res/screens.xml", "<TarvoXML/>");
+    project.file->path = ".\\res\\screens.xml";
+    project.AddLayout("ID_A", 7);
+    for (const auto &[header, message] : {std::pair("#define ID_A    7\r\n", ""),
+                                          {"#define ID_A    6\r\n", "\r\n[error] ID_A has the number 7, in "},
+                                          {"#define ID_B    7\r\n", "ResID.h it has none: save the project"}}) {
+        project.output.clear();
+        project.folder.Put("ResID/ResID.h", header);
+        EXPECT_EQ(project.Pack(PACK_TO_TARGET), *message ? PACK_FILE_INFO : 0) << header;
+        EXPECT_THAT(project.output.constData(), HasSubstr(message));
+    }
+}

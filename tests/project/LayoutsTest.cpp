@@ -281,7 +281,6 @@ TEST_F(Layouts, AnElementWithoutAFileIsReportedAndACatalogueWithErrorsToo)
     project.folder.Put("bin/catalogue.xml", "<catalogue version=\"1\">\n<class/></catalogue>");
     project.folder.Put("bin/Morvanite.ini",
                        "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\ncatalogue=catalogue.xml\n");
-    project.env->RefreshSettings();
     Open();
     const QByteArray said = project.TakeOutput();
     EXPECT_TRUE(said.contains("Warning 1: layout file not found.\r\n"));

@@ -96,6 +96,8 @@ void LayoutWriter::WriteComponent(QByteArray &out, ComponentObject &component)
         tell(&component, Shown(component.className) + " is no class of components");
         return;
     }
+    written.clear();
+    Remember(component);
     auto &typed = static_cast<CZulClass &>(*object);
     if (!BindComponent(typed, &component))
         tell(&component, "a " + Shown(component.className) + " can't be made of this");
@@ -109,10 +111,10 @@ void LayoutWriter::WriteTyped(QByteArray &out, const CZulClass &object)
     QByteArray parts;
     if (!object.descriptor) {
         Part(parts, 0, MORVANITE_CLASS_NAME, Text(object.typeName));
-        WriteName(parts, object.propName);
+        WriteName(parts, object.component->name);
         WriteUntyped(parts, *object.component);
     } else {
-        WriteName(parts, object.propName);
+        WriteName(parts, object.component->name);
         WriteContent(parts, object, &object);
     }
     Part(out, object.descriptor ? tables.Class(object.typeName) : 0, MORVANITE_COMPONENT, parts);
@@ -174,13 +176,30 @@ void LayoutWriter::WriteContent(QByteArray &parts, const CZulCustom &object, con
     }
 }
 
+/// Keeps the texts that may be given a normal form: whether they are values is asked of what stood in the file.
+void LayoutWriter::Remember(const ComponentObject &component)
+{
+    for (const AttributeRecord &record : component.attributes) {
+        if (record.value.startsWith('#') || record.value.startsWith("RGB("))
+            written.emplace(&record, record.value);
+    }
+    for (const auto &child : component.children)
+        Remember(*child);
+}
+
+const NarrowText &LayoutWriter::AsWritten(const AttributeRecord &record) const
+{
+    const auto found = written.find(&record);
+    return found == written.end() ? record.value : found->second;
+}
+
 void LayoutWriter::WriteAttribute(QByteArray &parts, const CZulCustom &object, const AttributeRecord &record)
 {
     CZulType *const member = object.FindMember(record.name);
     if (!member)
         Part(parts, 0, MORVANITE_UNNUMBERED, Text(record.name + '\0' + record.value));
     else if (!record.value.isEmpty()) // else nothing was set
-        WriteValue(parts, tables.Property(record.name), *member, record.value, *object.component);
+        WriteValue(parts, tables.Property(record.name), *member, AsWritten(record), *object.component);
 }
 
 void LayoutWriter::WriteValue(QByteArray &parts, quint16 property, CZulType &member, const NarrowText &text,
@@ -198,7 +217,8 @@ void LayoutWriter::WriteValue(QByteArray &parts, quint16 property, CZulType &mem
         tell(&where, Shown(member.propName) + " is no text, but an element of its own");
         return;
     }
-    if (!value->IsValid(text)) {
+    const bool isTime = dynamic_cast<const CZulMsec *>(value) != nullptr;
+    if (!value->IsValid(text) || (isTime && !CZulMsec::HasNumber(text))) {
         tell(&where, Shown(text) + " is no value for " + Shown(member.propName) + ", which is a " + member.typeName);
         return;
     }
@@ -250,8 +270,7 @@ void LayoutWriter::WriteReference(QByteArray &parts, quint16 property, const Nar
 void LayoutWriter::WriteStateImage(QByteArray &parts, quint16 property, const CZulStruct &member,
                                    const NarrowText &text, const ComponentObject &where)
 {
-    const NarrowText value = text.trimmed();
-    if (!value.startsWith('(') || !value.endsWith(')') || value.count(',') != qsizetype(member.Members().size()) - 1) {
+    if (!CZulStateImg::IsComplete(text)) {
         tell(&where, Shown(text) + " is no value for " + Shown(member.propName) + ", which is a " + member.typeName);
         return;
     }

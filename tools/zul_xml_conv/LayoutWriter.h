@@ -5,6 +5,7 @@
 #include "ZulType.h"
 
 #include <functional>
+#include <unordered_map>
 
 /// Turns a layout's components into the device's form (docs/layout-format.md).
 class LayoutWriter
@@ -29,6 +30,8 @@ private:
     void WriteUntyped(QByteArray &out, const ComponentObject &component);
     void WriteName(QByteArray &parts, const NarrowText &name);
     void WriteContent(QByteArray &parts, const CZulCustom &object, const CZulClass *asClass);
+    void Remember(const ComponentObject &component);
+    [[nodiscard]] const NarrowText &AsWritten(const AttributeRecord &record) const;
     void WriteAttribute(QByteArray &parts, const CZulCustom &object, const AttributeRecord &record);
     void WriteValue(QByteArray &parts, quint16 property, CZulType &member, const NarrowText &text,
                     const ComponentObject &where);
@@ -43,6 +46,7 @@ private:
     const LayoutTables &tables;
     const IdNumbers &ids;
     ErrorSink tell;
+    std::unordered_map<const AttributeRecord *, NarrowText> written; // in the file, where that may be another text
     int depth = 0;
     int levels = 0;
 };

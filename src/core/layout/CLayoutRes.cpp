@@ -21,8 +21,8 @@ std::unique_ptr<CLayoutRes> CLayoutRes::Create(const LayoutFileRef &file, Layout
         return nullptr;
     std::unique_ptr<CLayoutRes> res(new CLayoutRes(file, layout, catalogue));
     for (const auto &component : layout->components) {
-        auto object = res->MakeObject(component.get());
-        if (!object)
+        auto object = res->MakeObject(component->className);
+        if (!object || !BindComponent(*object, component.get()))
             return nullptr;
         res->components.push_back(std::move(object));
     }
@@ -37,22 +37,23 @@ std::unique_ptr<CLayoutRes> CLayoutRes::CreateEmpty(IDRecord *record, const Layo
     return Create(file, file->Find(record), catalogue);
 }
 
-std::unique_ptr<CZulClass> CLayoutRes::MakeObject(ComponentObject *component) const
+std::unique_ptr<CZulClass> CLayoutRes::MakeObject(const NarrowText &className) const
 {
-    std::unique_ptr<CZulType> made = CreateType(catalogue, {}, component->className);
+    std::unique_ptr<CZulType> made = CreateType(catalogue, {}, className);
     if (!made || made->GetTypeId() != TYPE_CLASS)
         return nullptr;
-    std::unique_ptr<CZulClass> object(static_cast<CZulClass *>(made.release()));
-    return BindComponent(*object, component) ? std::move(object) : nullptr;
+    return std::unique_ptr<CZulClass>(static_cast<CZulClass *>(made.release()));
 }
 
 CZulClass *CLayoutRes::AddComponent(Environment &env, std::unique_ptr<ComponentObject> component)
 {
-    auto object = component ? MakeObject(component.get()) : nullptr;
-    if (!object || layout->AddComponent(env, std::move(component)) != 0)
+    auto object = component ? MakeObject(component->className) : nullptr;
+    if (!object)
+        return nullptr;
+    NotifyChanged();
+    if (!BindComponent(*object, component.get()) || layout->AddComponent(env, std::move(component)) != 0)
         return nullptr;
     components.push_back(std::move(object));
-    NotifyChanged();
     return components.back().get();
 }
 

@@ -39,7 +39,7 @@ public:
 
 private:
     CLayoutRes(LayoutFileRef fileRef, LayoutObject *object, const ClassCatalogue &types);
-    [[nodiscard]] std::unique_ptr<CZulClass> MakeObject(ComponentObject *component) const;
+    [[nodiscard]] std::unique_ptr<CZulClass> MakeObject(const NarrowText &className) const;
     [[nodiscard]] CZulClass::Detached Detach(CZulClass *object);
 
     const ClassCatalogue &catalogue;

@@ -1,6 +1,7 @@
 #include "LayoutCheck.h"
 
 #include "Environment.h"
+#include "IdNames.h"
 #include "Xml.h"
 #include "ZulValues.h"
 
@@ -60,15 +61,34 @@ private:
             Tell(layout, QStringLiteral("<%1> should be <Layout>").arg(Text(layout.Value())));
             return;
         }
-        const char *const id = layout.Attribute("id");
-        if (!id)
-            Tell(layout, QStringLiteral("<Layout> needs the attribute \"id\""));
-        else if (ids.contains(QByteArray(id)))
-            Tell(layout, QStringLiteral("the layout \"%1\" stands twice").arg(Text(id)));
-        else
-            ids.insert(QByteArray(id));
+        CheckLayoutId(layout);
         namesOfLayout.clear();
-        ForEachChild(layout, [this](const TiXmlElement &component) { CheckComponent(component); });
+        ForEachChild(layout, [this](const TiXmlElement &component) {
+            if (const char *const prop = component.Attribute("prop"))
+                Tell(component,
+                     QStringLiteral("a component of the layout itself is no property \"%1\"").arg(Text(prop)));
+            CheckComponent(component);
+        });
+    }
+
+    void CheckLayoutId(const TiXmlElement &layout)
+    {
+        const char *const id = layout.Attribute("id");
+        if (!id) {
+            Tell(layout, QStringLiteral("<Layout> needs the attribute \"id\""));
+            return;
+        }
+        const QString name = Text(FromXml(env, id));
+        const ReferenceKind kind = find(FromXml(env, id));
+        if (!IsValidIdName(name))
+            Tell(layout,
+                 QStringLiteral("\"%1\" is no ID: letters, digits and \"_\", at most 64, no digit in front").arg(name));
+        else if (ids.contains(ToUpperSimple(name)))
+            Tell(layout,
+                 QStringLiteral("the layout \"%1\" stands twice, small and capital letters being the same").arg(name));
+        else if (kind == ReferenceKind::STRING || kind == ReferenceKind::IMAGE)
+            Tell(layout, QStringLiteral("the ID \"%1\" is that of another resource").arg(name));
+        ids.insert(ToUpperSimple(name));
     }
 
     void CheckComponent(const TiXmlElement &component)
@@ -172,7 +192,8 @@ private:
             CheckStateImage(element, *member, value);
             return;
         }
-        if (!static_cast<const CZulBase *>(member)->IsValid(value))
+        if (!static_cast<const CZulBase *>(member)->IsValid(value) ||
+            (id == TYPE_MSEC && !value.isEmpty() && !CZulMsec::HasNumber(value)))
             Refuse(element, *member, value);
         if (id == TYPE_RES_ID || id == TYPE_WSTRING || id == TYPE_IMAGE_SRC)
             CheckReference(element, value, id);
@@ -186,19 +207,24 @@ private:
 
     void CheckStateImage(const TiXmlElement &element, const CZulType &member, const NarrowText &value)
     {
-        const NarrowText text = value.trimmed();
-        if (!text.startsWith('(') || !text.endsWith(')') || text.count(',') != 3) {
+        if (!CZulStateImg::IsComplete(value)) {
             Refuse(element, member, value);
             return;
         }
+        const NarrowText text = value.trimmed();
         for (const QByteArray &token : text.sliced(1).chopped(1).split(','))
             CheckReference(element, token.trimmed(), TYPE_IMAGE_SRC);
     }
 
     void CheckReference(const TiXmlElement &element, const NarrowText &value, qint32 type)
     {
-        if (!value.startsWith('@'))
+        if (!value.startsWith('@')) {
+            const bool isLiteral = type == TYPE_WSTRING || catalogue.entries.empty();
+            if (!isLiteral && !value.isEmpty() && value != "0")
+                Tell(element,
+                     QStringLiteral("\"%1\" is no reference: \"@\" and an ID, or 0 for none").arg(Text(value)));
             return;
+        }
         const NarrowText id = value.sliced(1);
         const ReferenceKind kind = find(id);
         if (kind == ReferenceKind::NONE)
@@ -213,7 +239,7 @@ private:
     const ClassCatalogue &catalogue;
     const FindReference &find;
     std::map<NarrowText, std::unique_ptr<CZulType>> types;
-    QSet<QByteArray> ids;                 // of the layouts
+    QSet<QString> ids;                    // of the layouts, in capitals
     QHash<QByteArray, int> namesOfLayout; // of the components of the layout at hand, with their lines
 };
 

@@ -11,6 +11,16 @@ void SkipBlanks(QByteArrayView &text)
         text = text.sliced(1);
 }
 
+/// Leaves what stands between them. False when the text isn't in parentheses, but for blanks in front.
+bool TakeParentheses(QByteArrayView &text)
+{
+    SkipBlanks(text);
+    if (text.size() < SHORTEST || text[0] != '(' || text.back() != ')')
+        return false;
+    text = text.sliced(1).chopped(1);
+    return true;
+}
+
 } // namespace
 
 CZulStateImg::CZulStateImg(const ClassCatalogue &types) : CZulStruct(types)
@@ -69,12 +79,15 @@ bool CZulStateImg::BindAttribute(AttributeRecord *record)
     return true;
 }
 
+bool CZulStateImg::IsComplete(QByteArrayView text)
+{
+    return TakeParentheses(text) && text.count(',') == 3;
+}
+
 void CZulStateImg::Parse(QByteArrayView text)
 {
-    SkipBlanks(text);
-    if (text.size() < SHORTEST || text[0] != '(' || text.back() != ')')
+    if (!TakeParentheses(text))
         return;
-    text = text.sliced(1).chopped(1);
     for (size_t i = 0; i < members.size(); ++i) {
         const bool isLast = i + 1 == members.size();
         const qsizetype comma = isLast ? text.size() : text.indexOf(',');

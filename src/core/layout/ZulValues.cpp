@@ -170,6 +170,12 @@ bool CZulMsec::IsValid(const NarrowText &text) const
     return unit.isEmpty() || EqualsUnit(unit, "ms") || (EqualsUnit(unit, "s") && FitsS32(number * 1000));
 }
 
+bool CZulMsec::HasNumber(const NarrowText &text)
+{
+    qint64 number = 0;
+    return TextScan(text).Number(number);
+}
+
 void CZulMsec::SetText(const NarrowText &text)
 {
     TextScan scan(text);

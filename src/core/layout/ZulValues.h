@@ -51,6 +51,9 @@ public:
 class CZulMsec : public CZulBase
 {
 public:
+    /// Says whether a text sets a time. What has no number is valid, and leaves the time as it was.
+    [[nodiscard]] static bool HasNumber(const NarrowText &text);
+
     [[nodiscard]] NarrowText GetText() const override;
     [[nodiscard]] bool IsValid(const NarrowText &text) const override;
     void SetText(const NarrowText &text) override;
@@ -158,6 +161,9 @@ class CZulStateImg : public CZulStruct
 {
 public:
     explicit CZulStateImg(const ClassCatalogue &types);
+
+    /// Says whether a text sets all four images.
+    [[nodiscard]] static bool IsComplete(QByteArrayView text);
 
     bool BindAttribute(AttributeRecord *record) override;
     void OnMemberChanged(CZulType *member) override;

@@ -17,7 +17,7 @@ public:
     QStringList resourceTypes;
     /// The ".vcproj" path of the project loaded last.
     QString projectPath;
-    /// The types of layouts. Filled by the first document that is made, and never null from then on.
+    /// The types of layouts. Never null once a document was made; filled when one is loaded.
     std::shared_ptr<ClassCatalogue> classes;
 
     /// Fills the tables that are still empty from the files that the settings name.

@@ -1,5 +1,7 @@
 #include "CLayoutRes.h"
+#include "HostFiles.h"
 #include "IdNames.h"
+#include "IdNumbers.h"
 #include "LayoutCommand.h"
 #include "Paths.h"
 #include "Phases.h"
@@ -47,10 +49,38 @@ int Expect(Environment &env, const Layouts &layouts, const QString &folder, std:
         const IDRecord &id = *layout->Id();
         const QString name = env.NarrowToWide(id.name);
         const QByteArray host = (folder + u'/' + name + QStringLiteral(".bin")).toUtf8();
-        // A name that is no ID may lead out of the folder.
-        if (!IsValidIdName(name) || (unlink(host.constData()) != 0 && errno != ENOENT && errno != ENOTDIR))
+        if (!IsValidIdName(name)) { // which may lead out of the folder
+            env.WriteOutput("\r\n[error] The ID of a layout is invalid: \"%s\"", qUtf8Printable(name));
+            return PACK_FILE_INFO;
+        }
+        if (unlink(host.constData()) != 0 && errno != ENOENT && errno != ENOTDIR)
             return InfoFail(env, host);
         outputs.push_back({qint32(id.value), id.name, host});
+    }
+    return PACK_OK;
+}
+
+/// The converter puts the numbers of the header into the layouts. The pack numbers the IDs anew, and the two must be
+/// the same: a layout with a wrong number shows a wrong text and no error.
+int CompareNumbers(PackContext &context, const QString &header)
+{
+    constexpr qint64 LARGEST_HEADER = 64 << 20;
+    QByteArray bytes;
+    if (ReadFile(header, bytes, LARGEST_HEADER) != 0)
+        return PACK_OK; // the converter says so
+    IdNumbers numbers;
+    numbers.Read(bytes);
+    const IDPool &ids = context.document.ids;
+    for (const IDRecord *id = ids.sentinel.next; id != &ids.sentinel; id = id->next) {
+        const auto number = numbers.Find(id->name);
+        if (number == id->value || !IsValidIdName(context.Env().NarrowToWide(id->name)))
+            continue;
+        Environment &env = context.Env();
+        env.WriteOutput("\r\n[error] %s has the number %u, in %s it has %s: save the project, and compile the "
+                        "application with the new header",
+                        env.Shown(id->name).constData(), id->value, qUtf8Printable(header),
+                        number ? QByteArray::number(*number).constData() : "none");
+        return PACK_FILE_INFO;
     }
     return PACK_OK;
 }
@@ -112,6 +142,8 @@ int ConstructLayouts(PackContext &context)
                         qUtf8Printable(command.input));
         return PACK_FILE_INFO;
     }
+    if (const int code = CompareNumbers(context, command.header))
+        return code;
     if (!PathExists(command.output))
         CreateFolderOnDisk(command.output);
 

@@ -44,7 +44,8 @@ CResDoc::CResDoc(Environment &environment, ProcessTables &processTables, const C
 {
     nodeObserver = &spy;
     tables.LoadOnce(env);
-    LoadClasses();
+    if (!tables.classes)
+        tables.classes = std::make_shared<ClassCatalogue>();
     SetCurrentFolder(env.ProgramDir());
 }
 
@@ -56,8 +57,6 @@ CResDoc::~CResDoc()
 
 void CResDoc::LoadClasses()
 {
-    if (!tables.classes)
-        tables.classes = std::make_shared<ClassCatalogue>();
     QString file = env.settings.String("Layout", "catalogue");
     if (tables.classes->loaded || file.isEmpty())
         return;
@@ -122,6 +121,7 @@ void CResDoc::Serialize(bool loading)
         return;
     env.RefreshSettings();
     env.ErrorCount = env.WarningCount = 0;
+    LoadClasses();
     if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
     name = FileTitle(m_strPathName);

@@ -45,6 +45,7 @@ void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path)
         return;
     }
     env.WriteOutput("Loading layouts from \"%s\"...\r\n", env.Shown(path).constData());
+    env.FlushOutput();
     const auto file = std::make_shared<LayoutFileObject>(env, doc.ids, qint16(folder.index));
     if (file->Load(path) != 0) {
         untouched.append(path);

@@ -238,8 +238,11 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
         for (const auto &layouts : writer.writtenLayouts) {
             if (layouts.file->path.isEmpty())
                 MoveToRecycleBin(layouts.absolute);
+            if (layouts.file->path.isEmpty() && PathExists(layouts.absolute))
+                refused = layouts.absolute; // there is no trash for it
         }
-        refused = files.Commit();
+        if (!refused)
+            refused = files.Commit();
     }
     if (refused) {
         code = CANNOT_WRITE;
