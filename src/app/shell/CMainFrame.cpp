@@ -303,7 +303,6 @@ void CMainFrame::Opened(CDocument &document)
 bool CMainFrame::OpenProject(const QString &path)
 {
     const CDocument *const open = documents.OpenDocumentFile(path);
-    output->Flush();
     for (CChildFrame *child : Children()) {
         if (&child->Document() == open)
             area->setActiveSubWindow(child);

@@ -28,21 +28,48 @@ CInfoPane::CInfoPane(QWidget *parent) : QPlainTextEdit(parent)
 
 void CInfoPane::Append(QStringView text)
 {
-    if (pending.isEmpty())
-        QTimer::singleShot(0, this, [this] { Flush(); });
     pending += text;
+    ShowLater();
+}
+
+void CInfoPane::ShowLater()
+{
+    if (isWaiting || pending.isEmpty())
+        return;
+    isWaiting = true;
+    QTimer::singleShot(0, this, [this] {
+        isWaiting = false;
+        ShowPiece();
+    });
+}
+
+void CInfoPane::ShowPiece()
+{
+    constexpr qsizetype PIECE = 64 << 10;
+    const qsizetype end = pending.indexOf(u'\n', taken + PIECE) + 1;
+    if (end == 0)
+        return Flush();
+    const QString piece = pending.mid(taken, end - taken);
+    taken = end;
+    Show(piece);
+    ShowLater();
 }
 
 void CInfoPane::Flush()
 {
     // A line end may come in two pieces, which would show as two.
     const bool isCut = pending.endsWith(u'\r');
-    QString text = pending.chopped(isCut ? 1 : 0);
+    const QString text = pending.mid(taken, pending.size() - taken - isCut);
     pending = isCut ? QStringLiteral("\r") : QString();
+    taken = 0;
+    Show(text);
+}
+
+void CInfoPane::Show(QString text)
+{
+    text.remove(u'\r');
     if (text.isEmpty())
         return;
-    text.remove(u'\r');
-
     const QTextCursor before = textCursor();
     const int anchor = before.anchor();
     const int position = before.position();
@@ -93,6 +120,7 @@ void CInfoPane::Run(int command)
         break;
     case CMD_CLEAR_OUTPUT:
         pending.clear();
+        taken = 0;
         clear();
         break;
     default:

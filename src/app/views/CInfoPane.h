@@ -12,10 +12,10 @@ class CInfoPane : public QPlainTextEdit, public ICommandTarget
 public:
     explicit CInfoPane(QWidget *parent = nullptr);
 
-    /// Appends text as it comes, in parts of lines or in many lines. What comes in one go of the event loop is shown
-    /// together.
+    /// Appends text as it comes, in parts of lines or in many lines. It shows when the event loop has nothing more
+    /// urgent to do, a piece at a time, so that a flood of lines holds up nothing else.
     void Append(QStringView text);
-    /// Shows what is held back.
+    /// Shows all that is held back.
     void Flush();
     /// Puts the caret behind the last line.
     void GoToEnd();
@@ -27,5 +27,11 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
+    void ShowLater();
+    void ShowPiece();
+    void Show(QString text);
+
     QString pending;
+    qsizetype taken = 0;    // so much of it shows already
+    bool isWaiting = false; // for the event loop
 };
