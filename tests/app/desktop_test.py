@@ -35,7 +35,8 @@ class Desktop(unittest.TestCase):
         shutil.copytree(SAMPLE, self.dir / 'sample', ignore=shutil.ignore_patterns('ResID'))
         (self.dir / 'run').mkdir(mode=0o700)
         self.env = dict(os.environ, XDG_CONFIG_HOME=str(self.dir / 'settings'), MORVANITE_RUNTIME_DIR=str(self.dir / 'run'),
-                        XDG_RUNTIME_DIR=str(self.dir / 'run'), QT_QPA_PLATFORM='xcb', LC_ALL='C.UTF-8')
+                        XDG_RUNTIME_DIR=str(self.dir / 'run'), QT_QPA_PLATFORM='xcb', LC_ALL='C.UTF-8',
+                        LSAN_OPTIONS='print_suppressions=0:suppressions=%s/leaks_of_others.txt' % pathlib.Path(__file__).parent)
         # The settings are written where they lie: into a program folder of the test's own.
         shutil.copytree(pathlib.Path(PROGRAM).parent, self.dir / 'bin',
                         ignore=lambda folder, names: [name for name in names if not name.endswith(('.ini', '.img'))])
@@ -49,7 +50,8 @@ class Desktop(unittest.TestCase):
         time.sleep(0.5)
 
     def start(self, *command, **options):
-        process = subprocess.Popen(command, env=self.env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, **options)
+        with open(self.dir / 'said', 'ab') as said:
+            process = subprocess.Popen(command, env=self.env, stdout=said, stderr=said, **options)
         self.addCleanup(process.wait)
         self.addCleanup(process.kill)
         return process
@@ -80,7 +82,7 @@ class Desktop(unittest.TestCase):
 
     def close(self, program):
         self.keys('alt+F4')
-        self.assertEqual(program.wait(20), 0)
+        self.assertEqual(program.wait(20), 0, (self.dir / 'said').read_text(errors='replace')[-8000:])
 
     def test_a_day_with_a_project(self):
         resources = self.dir / 'sample/res/weatherclock.res.xml'
