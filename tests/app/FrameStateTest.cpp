@@ -20,6 +20,7 @@ TEST(FrameState, AStoredPositionIsFourNumbersAndIsBroughtBackOntoAScreen)
         EXPECT_TRUE(screens[0].contains(back) && back.size() == lost.size());
     }
     EXPECT_EQ(BroughtBack(QRect(9000, 0, 9000, 10), screens).size(), QSize(1920, 450));
+    EXPECT_EQ(BroughtBack(QRect(0, 0, 100'000, 100'000), screens).size(), QSize(3200, 1080));
     EXPECT_EQ(SmallestFrame(QSize(480, 1000)), QSize(480, 450));
 }
 

@@ -145,6 +145,7 @@ TEST(ProjectWindow, DroppedProjectsOpenAndOtherFilesAreRefused)
     EXPECT_TRUE(enter.isAccepted());
     QDropEvent drop(QPointF(9, 9), Qt::CopyAction, &data, Qt::LeftButton, {});
     QApplication::sendEvent(&window.Frame(), &drop);
+    window.Settle();
     EXPECT_TRUE(window.boxes.value(0).contains(u"a.png is no project"_s));
     EXPECT_EQ(window.app->Documents().Documents().size(), 2U);
 }
@@ -158,8 +159,13 @@ TEST(ProjectWindow, IsReachedByTheKeyboard)
     window.Tree().setFocus();
     QTest::keyClick(&window.Frame(), Qt::Key_F6);
     EXPECT_EQ(QApplication::focusWidget(), &DefaultView(window));
-    QTest::keyClick(&window.Frame(), Qt::Key_F6, Qt::ShiftModifier);
+    QTest::keyClick(&window.Frame(), Qt::Key_F6);
+    EXPECT_EQ(QApplication::focusWidget(), &window.Frame().Output());
+    QTest::keyClick(&window.Frame(), Qt::Key_F6);
     EXPECT_EQ(QApplication::focusWidget(), &window.Tree());
+    const QPoint strings = window.Tree().visualItemRect(window.Row(u"Strings"_s)).center();
+    QTest::mouseClick(window.Tree().viewport(), Qt::RightButton, {}, strings);
+    EXPECT_EQ(window.Tree().SelectedFolder(), &window.Document().root) << "a right click selects nothing";
 
     window.Frame().RunCommand(CMD_SPLIT);
     const int before = window.Tree().width();

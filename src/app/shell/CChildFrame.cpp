@@ -127,8 +127,6 @@ std::optional<CommandState> CChildFrame::StateOf(int command) const
     case CMD_SAVE:
     case CMD_CLOSE:
     case CMD_SPLIT:
-    case CMD_NEXT_PANE:
-    case CMD_PREVIOUS_PANE:
         return CommandState{!HasLeft()};
     default:
         return std::nullopt;
@@ -147,18 +145,12 @@ void CChildFrame::Run(int command)
     case CMD_SPLIT:
         splitter->handle(1)->setFocus();
         break;
-    case CMD_NEXT_PANE:
-    case CMD_PREVIOUS_PANE:
-        GoToOtherPane();
-        break;
     default:
         break;
     }
 }
 
-void CChildFrame::GoToOtherPane()
+QList<QWidget *> CChildFrame::Panes() const
 {
-    QWidget *const focus = QApplication::focusWidget();
-    const bool isInTree = focus && (focus == tree || tree->isAncestorOf(focus));
-    isInTree ? right->currentWidget()->setFocus() : tree->setFocus();
+    return {tree, right->currentWidget()};
 }

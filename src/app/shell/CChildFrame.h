@@ -3,6 +3,7 @@
 #include "CDefaultView.h"
 
 #include <QMdiSubWindow>
+#include <QPointer>
 #include <QSplitter>
 
 #include <map>
@@ -42,8 +43,8 @@ public:
     [[nodiscard]] std::optional<CommandState> StateOf(int command) const override;
     void Run(int command) override;
 
-    /// Moves the keyboard focus to the other pane.
-    void GoToOtherPane();
+    /// The tree, and what stands right of it.
+    [[nodiscard]] QList<QWidget *> Panes() const;
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -60,5 +61,5 @@ private:
     CProjView *tree;
     std::map<Pane, QWidget *> panes; // those that were made, owned by the splitter's right side
     class QStackedWidget *right;
-    QWidget *lastFocus = nullptr;
+    QPointer<QWidget> lastFocus;
 };

@@ -19,6 +19,7 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolBar>
 
 #include <utility>
@@ -77,7 +78,8 @@ CMainFrame::Busy::Busy(CMainFrame &mainFrame, quint32 command) : frame(mainFrame
     frame.busyCommand = command;
     const QString what = command == COMMAND_LOAD   ? QStringLiteral("opening a project")
                          : command == COMMAND_SAVE ? QStringLiteral("saving a project")
-                                                   : QStringLiteral("packing a project");
+                         : command == COMMAND_PACK ? QStringLiteral("packing a project")
+                                                   : QStringLiteral("an unknown one");
     frame.statusBar()->showMessage(QStringLiteral("The IDE's command is running: %1...").arg(what));
     QApplication::setOverrideCursor(Qt::BusyCursor);
 }
@@ -164,6 +166,8 @@ void CMainFrame::ShowMenus()
     if (shownMenus == hasDocument)
         return;
     shownMenus = hasDocument;
+    for (QAction *title : menuBar()->actions())
+        title->menu()->deleteLater();
     menuBar()->clear();
     for (const Menu &menu : MenuBar(hasDocument)) {
         QMenu *const shown = menuBar()->addMenu(QString::fromLatin1(menu.title));
@@ -198,7 +202,7 @@ std::vector<ICommandTarget *> CMainFrame::Targets() const
     const bool isInOutput = output->hasFocus();
     CChildFrame *const child = ActiveChild();
     return {isInOutput ? static_cast<ICommandTarget *>(output) : nullptr, &self->focusedEdit,
-            child && !isInOutput ? child->ActiveView() : nullptr, child, self};
+            child ? child->ActiveView() : nullptr, child, self};
 }
 
 void CMainFrame::UpdateCommands()
@@ -231,6 +235,9 @@ std::optional<CommandState> CMainFrame::StateOf(int command) const
     case CMD_TILE:
     case CMD_ARRANGE_ICONS:
         return CommandState{ActiveChild() != nullptr};
+    case CMD_NEXT_PANE:
+    case CMD_PREVIOUS_PANE:
+        return CommandState{};
     default:
         return std::nullopt;
     }
@@ -252,6 +259,10 @@ void CMainFrame::Run(int command)
         return statusBar()->setVisible(statusBar()->isHidden());
     case CMD_OUTPUT:
         return ShowOutput(outputBar->isHidden());
+    case CMD_NEXT_PANE:
+        return GoToPane(1);
+    case CMD_PREVIOUS_PANE:
+        return GoToPane(-1);
     case CMD_CASCADE:
         return area->cascadeSubWindows();
     case CMD_TILE:
@@ -265,6 +276,23 @@ void CMainFrame::Run(int command)
     default:
         return;
     }
+}
+
+/// The panes are those of the active project, and the output while it is in sight.
+void CMainFrame::GoToPane(int step)
+{
+    CChildFrame *const child = ActiveChild();
+    QList<QWidget *> panes = child ? child->Panes() : QList<QWidget *>();
+    if (!outputBar->isHidden())
+        panes.append(output);
+    const QWidget *const focus = QApplication::focusWidget();
+    qsizetype now = 0;
+    for (qsizetype i = 0; i < panes.size(); ++i) {
+        if (panes[i] == focus || panes[i]->isAncestorOf(focus))
+            now = i + step;
+    }
+    if (!panes.isEmpty())
+        panes[(now + panes.size()) % panes.size()]->setFocus();
 }
 
 QList<CChildFrame *> CMainFrame::Children() const
@@ -404,8 +432,8 @@ bool CMainFrame::MayCloseAll()
 
 void CMainFrame::closeEvent(QCloseEvent *event)
 {
-    if (busyCommand != 0 || openBoxes > 0) {
-        event->ignore(); // the command, or the box, has to end first
+    if (busyCommand != 0 || openBoxes > 0 || QApplication::activePopupWidget()) {
+        event->ignore(); // the command, the box or the menu has to end first
         return;
     }
     StoreState();
@@ -444,8 +472,17 @@ void CMainFrame::dragEnterEvent(QDragEnterEvent *event)
 
 void CMainFrame::dropEvent(QDropEvent *event)
 {
+    if (busyCommand != 0)
+        return event->ignore();
     event->acceptProposedAction();
-    for (const QString &file : DroppedFiles(event->mimeData())) {
+    // Not within the drop: whoever is dragged from waits for its end.
+    const QStringList files = DroppedFiles(event->mimeData());
+    QTimer::singleShot(0, this, [this, files] { OpenDropped(files); });
+}
+
+void CMainFrame::OpenDropped(const QStringList &files)
+{
+    for (const QString &file : files) {
         if (FileExtension(file).compare(u"vcproj", Qt::CaseInsensitive) == 0)
             (void)OpenProject(CanonicalPath(file));
         else

@@ -54,6 +54,8 @@ public:
     [[nodiscard]] CInfoPane &Output() { return *output; }
     [[nodiscard]] CSizingControlBar &OutputBar() { return *outputBar; }
     [[nodiscard]] CSizingControlBar &ToolboxBar() { return *toolboxBar; }
+    /// The command of the channel that runs; 0 when none does.
+    [[nodiscard]] quint32 BusyCommand() const { return busyCommand; }
     /// The active project's window, or null.
     [[nodiscard]] CChildFrame *ActiveChild() const;
 
@@ -93,6 +95,8 @@ private:
     void UpdateIndicators();
     void Opened(CDocument &document);
     void ChooseProject();
+    void OpenDropped(const QStringList &files);
+    void GoToPane(int step);
     void OpenRecent(int index);
     void ShowOutput(bool show);
     void ShowAbout();

@@ -3,6 +3,7 @@
 #include "Paths.h"
 #include "SingleInstance.h"
 
+#include <QDir>
 #include <QMessageBox>
 #include <QSocketNotifier>
 
@@ -33,6 +34,9 @@ bool CMorvaniteApp::InitInstance(const QStringList &arguments)
                 .arg(env.settings.String("Text", "code_page")));
         return false; // with another, a save would destroy the projects' texts
     }
+    QStringList paths; // now: an opening changes the current folder
+    for (const QString &argument : arguments)
+        paths.append(CanonicalPath(QDir::current().absoluteFilePath(argument)));
     QString error;
     if (!server.Listen(error)) {
         QMessageBox::critical(nullptr, QStringLiteral("Morvanite"), error);
@@ -43,13 +47,19 @@ bool CMorvaniteApp::InitInstance(const QStringList &arguments)
 
     frame = std::make_unique<CMainFrame>(env, tables, documents);
     services.user = frame.get();
-    services.Explain = [this](const QString &text) { frame->WriteLine(text); };
+    services.Explain = [this](const QString &text) {
+        if (frame->BusyCommand() == 0)
+            frame->WriteLine(text);
+    };
     handler.idleOutput = [this](QStringView text) { frame->WriteOutput(text); };
     handler.bringToTop = [this] { frame->BringToTop(); };
     frame->pauseCommands = [this](bool pause) { server.SetPaused(pause); };
     frame->Restore();
-    for (const QString &argument : arguments)
-        (void)frame->OpenProject(CanonicalPath(argument));
+    bool isOpen = true;
+    for (const QString &path : paths)
+        isOpen = frame->OpenProject(path) && isOpen;
+    if (!isOpen)
+        return false; // which has been told
     frame->show();
     return true;
 }

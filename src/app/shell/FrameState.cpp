@@ -69,10 +69,13 @@ QRect BroughtBack(const QRect &position, const QList<QRect> &screens)
     constexpr int ENOUGH = 80; // of the title to take hold of
     if (screens.isEmpty())
         return position;
+    QRect all;
+    for (const QRect &screen : screens)
+        all |= screen;
     for (const QRect &screen : screens) {
         const QRect title = screen & QRect(position.topLeft(), QSize(position.width(), TITLE_HEIGHT));
         if (title.width() >= ENOUGH && title.height() > 0)
-            return position;
+            return QRect(position.topLeft(), position.size().boundedTo(all.size()));
     }
     const QRect &first = screens.front();
     QRect back(first.topLeft(), position.size().expandedTo(SmallestFrame(first.size())).boundedTo(first.size()));

@@ -136,7 +136,7 @@ void CMainFrame::StoreState()
         if (settings.String(section, key) != value)
             (void)settings.Write(QString::fromLatin1(section), QString::fromLatin1(key), value);
     };
-    if (isMaximized()) {
+    if (isMaximized() && !isMinimized()) {
         store("Frame", "maximized", QStringLiteral("1"));
     } else if (!isMinimized()) {
         store("Frame", "maximized", QStringLiteral("0"));

@@ -16,8 +16,8 @@ namespace
 FirstInstance Hangs(QString &error)
 {
     error =
-        QStringLiteral("Morvanite is running, but its window doesn't answer. Close it, or end its process, and start "
-                       "Morvanite again.");
+        QStringLiteral("Morvanite is running, but its window doesn't answer now: a box in it is open, or a command of "
+                       "the IDE runs. Answer the box, or wait for the command.");
     return FirstInstance::NoAnswer;
 }
 

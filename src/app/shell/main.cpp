@@ -22,7 +22,7 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("morvanite"));
     QApplication::setApplicationVersion(QStringLiteral(MORVANITE_VERSION));
-    QApplication::setDesktopFileName(QStringLiteral("morvanite"));
+    QApplication::setDesktopFileName(QStringLiteral("org.morvanite.Morvanite"));
     if (first == FirstInstance::NoAnswer) {
         QMessageBox::critical(nullptr, QStringLiteral("Morvanite"), error);
         return 1;

@@ -5,6 +5,7 @@
 #include "ProjectTree.h"
 
 #include <QContextMenuEvent>
+#include <QMouseEvent>
 #include <QScopedValueRollback>
 
 CDefaultView::CDefaultView(CResDoc &projectDocument, CProjView &projectTree)
@@ -52,6 +53,13 @@ void CDefaultView::OnUpdate(CView *, long, CView *target)
 {
     if ((!target || target == this) && isVisible())
         Fill();
+}
+
+void CDefaultView::mousePressEvent(QMouseEvent *event)
+{
+    if (!itemAt(event->pos()))
+        clearSelection(); // what follows is about the folder itself
+    QListWidget::mousePressEvent(event);
 }
 
 void CDefaultView::showEvent(QShowEvent *event)

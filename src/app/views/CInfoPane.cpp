@@ -4,7 +4,9 @@
 
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QTextBlock>
+#include <QTextDocumentFragment>
 #include <QTextOption>
 #include <QTimer>
 
@@ -126,6 +128,14 @@ void CInfoPane::Run(int command)
     default:
         break;
     }
+}
+
+/// Plain text alone.
+QMimeData *CInfoPane::createMimeDataFromSelection() const
+{
+    auto *const plain = new QMimeData;
+    plain->setText(textCursor().selection().toPlainText());
+    return plain;
 }
 
 void CInfoPane::contextMenuEvent(QContextMenuEvent *event)

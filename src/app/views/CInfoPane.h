@@ -25,6 +25,7 @@ public:
 
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
+    [[nodiscard]] QMimeData *createMimeDataFromSelection() const override;
 
 private:
     void ShowLater();

@@ -71,6 +71,15 @@ void CProjView::OnUpdate(CView *sender, long, CView *target)
         Fill();
 }
 
+/// A click of the right button opens the menu of a folder and selects nothing.
+void CProjView::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::RightButton)
+        return QTreeWidget::mousePressEvent(event);
+    setFocus();
+    event->accept();
+}
+
 /// What changed while the tree was out of sight shows now.
 void CProjView::showEvent(QShowEvent *event)
 {
@@ -284,8 +293,10 @@ void CProjView::OpenContextMenu(QTreeWidgetItem *item, const QPoint &globalPlace
             menu.addSeparator();
             continue;
         }
-        QAction *const action = menu.addAction(QString::fromLatin1(entry.text), this,
-                                               [this, command = entry.command] { host.RunCommand(command); });
+        QAction *const action = menu.addAction(QString::fromLatin1(entry.text), this, [this, command = entry.command] {
+            host.RunCommand(command);
+            contextFolder = nullptr; // also when somebody else had the command
+        });
         action->setEnabled(host.IsEnabled(entry.command));
     }
     if (!menu.isEmpty())
