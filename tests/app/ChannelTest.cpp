@@ -52,10 +52,8 @@ TEST(Channel, AnIdesCommandsRunInTheWindowWithoutBoxesAndWithNothingInThePane)
     EXPECT_EQ(window.Frame().statusBar()->currentMessage(), QString());
 
     {
-        QString said;
         const CMainFrame::Busy busy(window.Frame(), COMMAND_PACK);
         EXPECT_TRUE(window.Frame().statusBar()->currentMessage().contains(u"packing"_s));
-        window.Picture("busy");
         EXPECT_FALSE(window.Frame().close()) << "not while a command runs";
     }
     EXPECT_TRUE(window.Frame().close());

@@ -80,7 +80,6 @@ TEST(MainFrame, HasTheMenusOfNoDocumentAndThoseOfOne)
                   "Edit: (Undo Ctrl+Z Alt+Backspace), (Redo Ctrl+Y), | (Rename F2), (Copy Ctrl+C Ctrl+Ins), "
                   "(Paste Ctrl+V Shift+Ins), (Delete All), | (Select All Ctrl+A), \n" +
                   view + "Split, \nWindow: Cascade, Tile, Arrange Icons, \nOther: (1.0 Res), \n" + help);
-    window.Picture("project");
     window.Frame().RunCommand(CMD_CLOSE);
     window.Settle();
     EXPECT_EQ(window.Frame().ActiveChild(), nullptr);

@@ -79,7 +79,6 @@ TEST(ProjectWindow, ClearAsksAndMarksTheProjectUntilItIsSaved)
     EXPECT_FALSE(window.Document().IsIdInUse(u"ID_IMAGE"_s));
     window.Settle();
     EXPECT_TRUE(window.Frame().isWindowModified());
-    window.Picture("modified");
     window.Frame().activateWindow();
     window.Settle();
     QTest::keyClick(&window.Frame(), Qt::Key_S, Qt::ControlModifier);
@@ -129,6 +128,18 @@ TEST(ProjectWindow, AProjectThatDoesNotOpenLeavesTheWindowAsItWasAndSaysWhy)
     EXPECT_EQ(window.Frame().windowTitle(), u"Morvanite - [demo[*]]"_s);
     EXPECT_TRUE(window.Frame().OpenProject(window.Project())) << "the open one";
     EXPECT_EQ(window.app->Documents().Documents().size(), 1U);
+}
+
+TEST(ProjectWindow, AStartWithAProjectThatDoesNotOpenEndsAndSaysWhyInTheBox)
+{
+    TestWindow window;
+    window.MakeProject("bad", "<APP>");
+    window.app = std::make_unique<CMorvaniteApp>();
+    window.Answer({QMessageBox::Ok});
+    EXPECT_FALSE(window.app->InitInstance({window.Project("bad")}));
+    EXPECT_TRUE(window.boxes.value(0).contains(u"could not be opened"_s) &&
+                window.boxes.value(0).contains(u"Fatal error: invalid resource format"_s))
+        << qPrintable(window.boxes.value(0));
 }
 
 TEST(ProjectWindow, DroppedProjectsOpenAndOtherFilesAreRefused)

@@ -110,13 +110,6 @@ struct TestWindow
         return Frame().Output().toPlainText().toStdString();
     }
 
-    /// Writes a picture of the window into the folder that the environment names, if it does.
-    void Picture(const char *name) const
-    {
-        if (const QByteArray to = qgetenv("MORVANITE_SCREENSHOTS"); !to.isEmpty())
-            Frame().grab().save(QString::fromUtf8(to) + u'/' + QString::fromUtf8(name) + u".png"_s);
-    }
-
     TempFolder folder;
     std::unique_ptr<CMorvaniteApp> app;
     QStringList boxes;

@@ -369,9 +369,12 @@ void CMainFrame::BringToTop()
 
 void CMainFrame::MessageBox(const QString &text)
 {
+    constexpr qsizetype MOST_TOLD = 1000;
     const ModalBox box(*this);
     output->Flush();
-    QMessageBox::warning(this, QStringLiteral("Morvanite"), text);
+    // Before the window is there nobody sees the output that a box speaks of.
+    const QString told = isVisible() ? QString() : QStringLiteral("\n\n") + output->toPlainText().right(MOST_TOLD);
+    QMessageBox::warning(this, QStringLiteral("Morvanite"), text + told);
 }
 
 bool CMainFrame::AskYesNo(const QString &question)

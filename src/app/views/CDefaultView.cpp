@@ -1,7 +1,6 @@
 #include "CDefaultView.h"
 
 #include "Commands.h"
-
 #include "ProjectTree.h"
 
 #include <QContextMenuEvent>
