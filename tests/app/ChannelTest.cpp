@@ -44,6 +44,10 @@ TEST(Channel, AnIdesCommandsRunInTheWindowWithoutBoxesAndWithNothingInThePane)
     EXPECT_THAT(Send(COMMAND_LOAD, RecordOf(window.Project())), testing::EndsWith("\r\n\r\nload done\r\n"));
     ASSERT_NE(window.Frame().ActiveChild(), nullptr);
     EXPECT_EQ(window.OutputText(), "");
+    window.MakeProject("other", "<APP/>");
+    Send(COMMAND_LOAD, RecordOf(window.Project("other")));
+    Send(COMMAND_LOAD, RecordOf(window.Project()));
+    EXPECT_EQ(window.Document().PathName(), window.Project()) << "the open one comes to the front";
     window.Document().SetModifiedFlag(true);
     EXPECT_THAT(Send(COMMAND_SAVE, RecordOf(window.Project())), testing::EndsWith("\r\n\r\nsave done\r\n"));
     EXPECT_FALSE(window.Document().IsModified());
@@ -59,26 +63,27 @@ TEST(Channel, AnIdesCommandsRunInTheWindowWithoutBoxesAndWithNothingInThePane)
     EXPECT_TRUE(window.Frame().close());
 }
 
-TEST(Channel, ACommandWaitsWhileABoxIsOpen)
+TEST(Channel, ACommandWaitsWhileABoxIsOpenButASecondStartDoesNot)
 {
     TestWindow window;
     window.Start();
-    std::atomic<bool> isOver = false;
+    window.Frame().showMinimized();
+    std::atomic<bool> isShown = false, isOver = false;
     QString error;
-    std::thread ide;
-    QTimer::singleShot(50, [&] {
-        ide = std::thread([&] {
-            (void)CommandClient::Run(COMMAND_LOAD, RecordOf(window.Project()), {}, error);
-            isOver = true;
-        });
+    std::thread others([&] {
+        isShown = ShowFirstInstance(5000, error) == FirstInstance::Shown;
+        (void)CommandClient::Run(COMMAND_LOAD, RecordOf(window.Project()), {}, error);
+        isOver = true;
     });
     QTimer::singleShot(400, [&] {
+        EXPECT_TRUE(isShown.load() && !window.Frame().isMinimized());
         EXPECT_FALSE(isOver.load());
-        QApplication::activeModalWidget()->close();
+        if (QWidget *box = QApplication::activeModalWidget())
+            box->close();
     });
     window.Frame().MessageBox(u"wait"_s);
     EXPECT_TRUE(TestWindow::WaitFor([&] { return isOver.load(); }));
-    ide.join();
+    others.join();
     EXPECT_NE(window.Frame().ActiveChild(), nullptr);
 }
 

@@ -3,6 +3,8 @@
 #include "Settings.h"
 #include "TestWindow.h"
 
+#include <QStatusBar>
+
 TEST(FrameState, AStoredPositionIsFourNumbersAndIsBroughtBackOntoAScreen)
 {
     EXPECT_EQ(ParsePosition(u"10,20,610,520"_s), QRect(10, 20, 600, 500));
@@ -49,11 +51,12 @@ TEST(FrameState, TheWindowComesBackWhereItWas)
     window.Start();
     window.Frame().setGeometry(30, 40, 700, 500);
     window.Frame().OutputBar().hide();
+    window.Frame().RunCommand(CMD_STATUS_BAR);
     window.Frame().close();
     EXPECT_THAT(window.folder.Get("bin/Morvanite.ini").toStdString(), testing::HasSubstr("position=30,40,730,540"));
     window.Restart();
     EXPECT_EQ(window.Frame().geometry(), QRect(30, 40, 700, 500));
-    EXPECT_TRUE(window.Frame().OutputBar().isHidden());
+    EXPECT_TRUE(window.Frame().OutputBar().isHidden() && window.Frame().statusBar()->isHidden());
 
     window.Frame().showMaximized();
     window.Frame().close();
@@ -69,4 +72,19 @@ TEST(FrameState, TheWindowComesBackWhereItWas)
     window.Frame().resize(10, 10);
     EXPECT_GE(window.Frame().width(), 500);
     EXPECT_GE(window.Frame().height(), 450);
+}
+
+TEST(FrameState, TheToolboxIsToggledWhileALayoutIsShownAndRemembered)
+{
+    TestWindow window;
+    window.Start({window.Project()});
+    window.Frame().RunCommand(CMD_TOOLBOX);
+    window.Child().layoutMode = 1;
+    EXPECT_TRUE(window.Frame().ToolboxBar().isHidden());
+    for (const bool isHidden : {true, false, true}) { // it counts as shown at first
+        window.Frame().RunCommand(CMD_TOOLBOX);
+        EXPECT_EQ(window.Frame().ToolboxBar().isHidden(), isHidden);
+    }
+    window.Frame().close();
+    EXPECT_TRUE(window.folder.Get("bin/Morvanite.ini").contains("show=0"));
 }

@@ -59,6 +59,11 @@ TEST(ProjectWindow, ShowsTheFoldersInUseAndLeadsIntoThem)
 
     window.Document().UpdateAllViews(nullptr);
     EXPECT_EQ(window.Tree().SelectedFolder()->title, u"240x320"_s) << "a refill keeps the selection";
+    for (ITreeListener *listener : window.Document().treeListeners)
+        listener->TreeGoes();
+    EXPECT_EQ(window.Tree().SelectedFolder(), nullptr) << "what a reload destroys is let go of";
+    window.Document().UpdateAllViews(nullptr);
+    EXPECT_EQ(window.Tree().SelectedFolder(), &window.Document().root);
     EXPECT_EQ(EntryOf(KIND_COMPONENT | KIND_FLAG_OFF).icon, UiIcon::None);
 }
 
@@ -79,11 +84,22 @@ TEST(ProjectWindow, ClearAsksAndMarksTheProjectUntilItIsSaved)
     EXPECT_FALSE(window.Document().IsIdInUse(u"ID_IMAGE"_s));
     window.Settle();
     EXPECT_TRUE(window.Frame().isWindowModified());
+    window.Frame().RunCommand(CMD_TILE);
+    window.Settle();
+    EXPECT_EQ(window.Frame().windowTitle(), u"Morvanite - demo[*]"_s);
+    EXPECT_TRUE(window.Frame().isWindowModified());
     window.Frame().activateWindow();
     window.Settle();
     QTest::keyClick(&window.Frame(), Qt::Key_S, Qt::ControlModifier);
     EXPECT_FALSE(window.Document().IsModified());
+    window.Settle();
     EXPECT_FALSE(window.Frame().isWindowModified());
+    window.Child().showMaximized();
+    window.Settle();
+    EXPECT_EQ(window.Frame().windowTitle(), u"Morvanite - [demo[*]]"_s);
+    window.Frame().RunCommand(CMD_CLOSE);
+    window.Settle();
+    EXPECT_EQ(window.Frame().windowTitle(), u"Morvanite"_s);
     EXPECT_FALSE(window.folder.Get("demo/res/demo.res.xml").contains("ID_IMAGE"));
 }
 

@@ -58,7 +58,7 @@ protected:
     std::function<void()> during = [] {};
     std::optional<CommandServer> server{[this](quint32 id, QByteArrayView record) {
         commands.append(QByteArray::number(id) + record.toByteArray());
-        during();
+        (std::function<void()>(during))(); // it may set another
         return 1;
     }};
 };
@@ -144,12 +144,36 @@ TEST_F(CommandServerTest, HoldsCommandsBackWhilePaused)
     server->Dispatch();
     DispatchAll();
     EXPECT_EQ(commands, QByteArrayList({"1"}));
+    EXPECT_EQ(server->ConnectionCount(), 3U) << "who is gone, is gone";
 
     during = [] {};
     server->SetPaused(false);
     EXPECT_EQ(Answers(later), ANSWER);
     EXPECT_EQ(ReadNow(peer), ANSWER.repeated(2));
     EXPECT_EQ(server->ConnectionCount(), 3U);
+}
+
+TEST_F(CommandServerTest, ACommandThatWaitsForNothingRunsInsideAnotherAndWhilePaused)
+{
+    server->waitsForNothing = [](quint32 id) { return id == 9; };
+    const FileHandle peer = Connect(Message(1) + Message(2));
+    std::vector<FileHandle> others;
+    during = [&] {
+        during = [] {};
+        for (size_t i = 0; i + 1 < CommandServer::CONNECTION_LIMIT; ++i) // the server's tables grow meanwhile
+            others.push_back(Connect(Message(9)));
+        for (int round = 0; round < 10; ++round)
+            server->Dispatch();
+        EXPECT_EQ(ReadNow(others.back()), ANSWER);
+        others.clear();
+        server->SetPaused(true);
+    };
+    DispatchAll();
+    const FileHandle later = Connect(Message(9));
+    EXPECT_EQ(Answers(later), ANSWER);
+    EXPECT_EQ(commands.count("2"), 0);
+    server->SetPaused(false);
+    EXPECT_EQ(Answers(peer), ANSWER.repeated(2));
 }
 
 TEST_F(CommandServerTest, APeerThatDoesNotReadItsAnswersGetsThemLater)

@@ -11,9 +11,9 @@
 
 #include <utility>
 
-CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost)
-    : document(projectDocument), shell(shellHost), splitter(new KeyboardSplitter(Qt::Horizontal, this)),
-      right(new QStackedWidget(splitter))
+CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, ToolboxState &sharedToolbox)
+    : document(projectDocument), shell(shellHost), toolbox(sharedToolbox),
+      splitter(new KeyboardSplitter(Qt::Horizontal, this)), right(new QStackedWidget(splitter))
 {
     setWindowIcon(MakeIcon(UiIcon::Project));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -22,6 +22,7 @@ CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost)
     splitter->setChildrenCollapsible(false);
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({qBound(50, document.env.settings.Int("split1st", "width", 200), 4000), 1000});
+    (void)toolbox.IsShown(document.env.settings); // read now, for all windows
     setWidget(splitter);
     ShowPane(Pane::Default);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
@@ -44,6 +45,7 @@ void CChildFrame::LeaveDocument()
         return;
     document.modifiedChanged = nullptr;
     Settings &settings = document.env.settings;
+    toolbox.Store(settings);
     const int width = splitter->sizes().value(0);
     if (width > 0 && width != settings.Int("split1st", "width", 200))
         (void)settings.Write(QStringLiteral("split1st"), QStringLiteral("width"), QString::number(width));
@@ -112,13 +114,6 @@ void CChildFrame::closeEvent(QCloseEvent *event)
     LeaveDocument();
     if (closed)
         closed(document);
-}
-
-void CChildFrame::changeEvent(QEvent *event)
-{
-    QMdiSubWindow::changeEvent(event);
-    if (event->type() == QEvent::ModifiedChange && parentWidget())
-        QCoreApplication::sendEvent(window(), event);
 }
 
 std::optional<CommandState> CChildFrame::StateOf(int command) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CDefaultView.h"
+#include "FrameState.h"
 
 #include <QMdiSubWindow>
 #include <QPointer>
@@ -15,7 +16,7 @@ class CChildFrame : public QMdiSubWindow, public IViewHost, public ICommandTarge
 {
 public:
     /// `shellHost` does for the views what isn't this window's to do.
-    CChildFrame(CResDoc &projectDocument, IViewHost &shellHost);
+    CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, ToolboxState &sharedToolbox);
     ~CChildFrame() override;
 
     [[nodiscard]] CResDoc &Document() const { return document; }
@@ -30,6 +31,9 @@ public:
     std::function<void(CResDoc &)> closed;
     /// The document is gone, or about to go.
     [[nodiscard]] bool HasLeft() const { return !splitter; }
+
+    /// Not 0 while a layout is shown.
+    int layoutMode = 0;
 
     // IViewHost
     [[nodiscard]] bool AskYesNo(const QString &question) override { return shell.AskYesNo(question); }
@@ -48,7 +52,6 @@ public:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
-    void changeEvent(QEvent *event) override;
 
 private:
     [[nodiscard]] QWidget *MakePane(Pane pane);
@@ -57,6 +60,7 @@ private:
 
     CResDoc &document;
     IViewHost &shell;
+    ToolboxState &toolbox;
     QSplitter *splitter; // null once the document has been left
     CProjView *tree;
     std::map<Pane, QWidget *> panes; // those that were made, owned by the splitter's right side

@@ -1,6 +1,5 @@
 #include "CMainFrame.h"
 
-#include "AboutBox.h"
 #include "CInfoPane.h"
 #include "CSizingControlBar.h"
 #include "CommandHandler.h"
@@ -12,12 +11,11 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
-#include <QFileDialog>
 #include <QMdiArea>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QPainter>
+#include <QSessionManager>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
@@ -26,8 +24,6 @@
 
 namespace
 {
-
-constexpr char PROJECT_FILTER[] = "Project Files (*.vcproj)";
 
 /// Where the windows of projects lie. While there is none it says how to get one.
 class ProjectArea : public QMdiArea
@@ -51,27 +47,6 @@ protected:
 };
 
 } // namespace
-
-/// While a box is open, commands of the channel wait.
-class CMainFrame::ModalBox
-{
-public:
-    explicit ModalBox(CMainFrame &mainFrame) : frame(mainFrame)
-    {
-        if (frame.openBoxes++ == 0 && frame.pauseCommands)
-            frame.pauseCommands(true);
-    }
-    ~ModalBox()
-    {
-        if (--frame.openBoxes == 0 && frame.pauseCommands)
-            frame.pauseCommands(false);
-    }
-    ModalBox(const ModalBox &) = delete;
-    ModalBox &operator=(const ModalBox &) = delete;
-
-private:
-    CMainFrame &frame;
-};
 
 CMainFrame::Busy::Busy(CMainFrame &mainFrame, quint32 command) : frame(mainFrame)
 {
@@ -111,6 +86,8 @@ CMainFrame::CMainFrame(Environment &environment, ProcessTables &processTables, C
     MakeBars();
     ShowMenus();
     documents.opened = [this](CDocument &document) { Opened(document); };
+    documents.foundOpen = [this](const CDocument &document) { Activate(document); };
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &CMainFrame::EndSession, Qt::DirectConnection);
     // Whatever has happened, what menus and tool bar show is right before the program waits for the user again.
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             [this] { UpdateCommands(); });
@@ -119,6 +96,7 @@ CMainFrame::CMainFrame(Environment &environment, ProcessTables &processTables, C
 CMainFrame::~CMainFrame()
 {
     documents.opened = nullptr;
+    documents.foundOpen = nullptr;
     disconnect(QAbstractEventDispatcher::instance(), nullptr, this, nullptr);
     for (CChildFrame *child : Children())
         delete child; // before the documents that its views look at
@@ -215,6 +193,21 @@ void CMainFrame::UpdateCommands()
             action->setChecked(state.checked);
     }
     UpdateIndicators();
+    ShowTitle();
+}
+
+/// Names the active project; as the window of a maximised one would, which keeps the two from fighting.
+void CMainFrame::ShowTitle()
+{
+    const CChildFrame *const child = ActiveChild();
+    const QString title = !child                 ? QStringLiteral("Morvanite")
+                          : child->isMaximized() ? QStringLiteral("Morvanite - [%1]").arg(child->windowTitle())
+                                                 : QStringLiteral("Morvanite - %1").arg(child->windowTitle());
+    if (windowTitle() != title)
+        setWindowTitle(title);
+    const bool isModified = child && child->isWindowModified();
+    if (isWindowModified() != isModified)
+        setWindowModified(isModified); // which is an event each time
 }
 
 std::optional<CommandState> CMainFrame::StateOf(int command) const
@@ -231,6 +224,8 @@ std::optional<CommandState> CMainFrame::StateOf(int command) const
         return CommandState{true, !statusBar()->isHidden()};
     case CMD_OUTPUT:
         return CommandState{true, !outputBar->isHidden()};
+    case CMD_TOOLBOX:
+        return CommandState{ActiveChild() && ActiveChild()->layoutMode != 0, !toolboxBar->isHidden()};
     case CMD_CASCADE:
     case CMD_TILE:
     case CMD_ARRANGE_ICONS:
@@ -259,6 +254,8 @@ void CMainFrame::Run(int command)
         return statusBar()->setVisible(statusBar()->isHidden());
     case CMD_OUTPUT:
         return ShowOutput(outputBar->isHidden());
+    case CMD_TOOLBOX:
+        return ToggleToolbox();
     case CMD_NEXT_PANE:
         return GoToPane(1);
     case CMD_PREVIOUS_PANE:
@@ -316,7 +313,7 @@ CChildFrame *CMainFrame::ActiveChild() const
 void CMainFrame::Opened(CDocument &document)
 {
     auto &project = static_cast<CResDoc &>(document);
-    auto *const child = new CChildFrame(project, *this);
+    auto *const child = new CChildFrame(project, *this, toolboxState);
     child->closed = [this](CResDoc &closing) { documents.CloseDocument(&closing); };
     area->addSubWindow(child);
     child->showMaximized();
@@ -328,26 +325,20 @@ void CMainFrame::Opened(CDocument &document)
     UpdateCommands();
 }
 
-bool CMainFrame::OpenProject(const QString &path)
+void CMainFrame::Activate(const CDocument &document)
 {
-    const CDocument *const open = documents.OpenDocumentFile(path);
     for (CChildFrame *child : Children()) {
-        if (&child->Document() == open)
-            area->setActiveSubWindow(child);
+        if (&child->Document() != &document)
+            continue;
+        if (child->isMinimized())
+            child->showNormal();
+        area->setActiveSubWindow(child);
     }
-    return open != nullptr;
 }
 
-void CMainFrame::ChooseProject()
+bool CMainFrame::OpenProject(const QString &path)
 {
-    QString path;
-    {
-        const ModalBox box(*this);
-        path =
-            QFileDialog::getOpenFileName(this, QStringLiteral("Open"), QString(), QString::fromLatin1(PROJECT_FILTER));
-    }
-    if (!path.isEmpty())
-        (void)OpenProject(CanonicalPath(path));
+    return documents.OpenDocumentFile(path) != nullptr;
 }
 
 void CMainFrame::OpenRecent(int index)
@@ -365,63 +356,10 @@ void CMainFrame::BringToTop()
     show();
     raise();
     activateWindow();
-}
-
-void CMainFrame::MessageBox(const QString &text)
-{
-    constexpr qsizetype MOST_TOLD = 1000;
-    const ModalBox box(*this);
-    output->Flush();
-    // Before the window is there nobody sees the output that a box speaks of.
-    const QString told = isVisible() ? QString() : QStringLiteral("\n\n") + output->toPlainText().right(MOST_TOLD);
-    QMessageBox::warning(this, QStringLiteral("Morvanite"), text + told);
-}
-
-bool CMainFrame::AskYesNo(const QString &question)
-{
-    const ModalBox box(*this);
-    return QMessageBox::question(this, QStringLiteral("Morvanite"), question, QMessageBox::Yes | QMessageBox::No,
-                                 QMessageBox::No) == QMessageBox::Yes;
-}
-
-Answer CMainFrame::AskYesNoCancel(const QString &question)
-{
-    const ModalBox box(*this);
-    switch (QMessageBox::question(this, QStringLiteral("Morvanite"), question,
-                                  QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes)) {
-    case QMessageBox::Yes:
-        return Answer::Yes;
-    case QMessageBox::No:
-        return Answer::No;
-    default:
-        return Answer::Cancel;
+    if (QWidget *const box = QApplication::activeModalWidget()) {
+        box->raise(); // it is what the window waits for
+        box->activateWindow();
     }
-}
-
-QStringList CMainFrame::OpenFileDialog(const QString &filter, int selectedFilter, bool multiSelect,
-                                       const QString &initialName)
-{
-    QStringList filters;
-    const QStringList parts = filter.split(u'|', Qt::SkipEmptyParts);
-    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        QString patterns = parts[i + 1];
-        filters.append(parts[i].section(QStringLiteral(" ("), 0, 0) + QStringLiteral(" (") +
-                       patterns.replace(u';', u' ') + u')');
-    }
-    const ModalBox box(*this);
-    QFileDialog dialog(this, QStringLiteral("Open"));
-    dialog.setNameFilters(filters);
-    dialog.selectNameFilter(filters.value(selectedFilter - 1));
-    dialog.setFileMode(multiSelect ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
-    if (!initialName.isEmpty())
-        dialog.selectFile(initialName);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
-}
-
-void CMainFrame::ShowAbout()
-{
-    const ModalBox box(*this);
-    ShowAboutBox(this);
 }
 
 bool CMainFrame::MayCloseAll()
@@ -440,6 +378,8 @@ void CMainFrame::closeEvent(QCloseEvent *event)
         return;
     }
     StoreState();
+    if (stopWatching)
+        stopWatching();
     if (!MayCloseAll()) {
         event->ignore();
         return;
@@ -450,6 +390,16 @@ void CMainFrame::closeEvent(QCloseEvent *event)
         delete child;
         documents.CloseDocument(&document);
     }
+}
+
+/// The desktop logs out: what isn't saved is asked about while the user can still stay.
+void CMainFrame::EndSession(QSessionManager &session)
+{
+    if (!session.allowsInteraction())
+        return;
+    if (busyCommand != 0 || openBoxes > 0 || !MayCloseAll())
+        session.cancel();
+    session.release();
 }
 
 namespace

@@ -15,6 +15,7 @@ class CSizingControlBar;
 class QLabel;
 class QListWidget;
 class QMdiArea;
+class QSessionManager;
 
 /// The main window: menus, tool bar, status bar, the docking bars, and a window for each open project.
 class CMainFrame : public QMainWindow, public IUserInterface, public IViewHost, public ICommandTarget
@@ -37,6 +38,8 @@ public:
 
     /// Told to hold back commands of the channel while a box is open.
     std::function<void(bool pause)> pauseCommands;
+    /// Ends the watching of files, with all that hangs on it.
+    std::function<void()> stopWatching;
 
     /// A command of the channel runs, for as long as this lives: the status bar tells, and the window takes no input.
     class Busy
@@ -93,12 +96,16 @@ private:
     /// Has menus, keys and tool bar show what each command is at this moment.
     void UpdateCommands();
     void UpdateIndicators();
+    void ShowTitle();
     void Opened(CDocument &document);
+    void Activate(const CDocument &document);
+    void EndSession(QSessionManager &session);
     void ChooseProject();
     void OpenDropped(const QStringList &files);
     void GoToPane(int step);
     void OpenRecent(int index);
     void ShowOutput(bool show);
+    void ToggleToolbox();
     void ShowAbout();
     void FillToolbox();
     void StoreState();
@@ -120,6 +127,7 @@ private:
     CSizingControlBar *toolboxBar = nullptr;
     CSizingControlBar *outputBar = nullptr;
     QListWidget *toolbox = nullptr;
+    ToolboxState toolboxState;
     CInfoPane *output = nullptr;
     QLabel *indicators[KeyboardLocks::LOCKS] = {};
     std::optional<bool> shownMenus; // for a document or none

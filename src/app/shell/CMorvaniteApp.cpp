@@ -1,10 +1,10 @@
 #include "CMorvaniteApp.h"
 
+#include "Boxes.h"
 #include "Paths.h"
 #include "SingleInstance.h"
 
 #include <QDir>
-#include <QMessageBox>
 #include <QSocketNotifier>
 
 #include <new>
@@ -14,6 +14,8 @@ CMorvaniteApp::CMorvaniteApp()
       server([this](quint32 id, QByteArrayView record) { return RunCommand(id, record); })
 {
     services.reloadFlags = &reloadFlags;
+    server.waitsForNothing = [](quint32 id) { return id == COMMAND_SHOW; };
+    pipe.serveMeanwhile = [this] { server.Dispatch(); };
     services.GetCommandID = [this](const QString &path) { return handler.GetCommandID(&path); };
 }
 
@@ -27,11 +29,10 @@ CMorvaniteApp::~CMorvaniteApp()
 bool CMorvaniteApp::InitInstance(const QStringList &arguments)
 {
     if (env.codePageUnknown) {
-        QMessageBox::critical(
-            nullptr, QStringLiteral("Morvanite"),
-            QStringLiteral("Morvanite.ini: there is no code page \"%1\" (section Text, key code_page). "
-                           "Correct it and start Morvanite again.")
-                .arg(env.settings.String("Text", "code_page")));
+        (void)ShowBox(nullptr, QMessageBox::Critical,
+                      QStringLiteral("Morvanite.ini: there is no code page \"%1\" (section Text, key code_page). "
+                                     "Correct it and start Morvanite again.")
+                          .arg(env.settings.String("Text", "code_page")));
         return false; // with another, a save would destroy the projects' texts
     }
     QStringList paths; // now: an opening changes the current folder
@@ -39,7 +40,7 @@ bool CMorvaniteApp::InitInstance(const QStringList &arguments)
         paths.append(CanonicalPath(QDir::current().absoluteFilePath(argument)));
     QString error;
     if (!server.Listen(error)) {
-        QMessageBox::critical(nullptr, QStringLiteral("Morvanite"), error);
+        (void)ShowBox(nullptr, QMessageBox::Critical, error);
         return false;
     }
     commands = std::make_unique<QSocketNotifier>(server.PollFd(), QSocketNotifier::Read);
@@ -54,6 +55,11 @@ bool CMorvaniteApp::InitInstance(const QStringList &arguments)
     handler.idleOutput = [this](QStringView text) { frame->WriteOutput(text); };
     handler.bringToTop = [this] { frame->BringToTop(); };
     frame->pauseCommands = [this](bool pause) { server.SetPaused(pause); };
+    frame->stopWatching = [this] {
+        if (services.watch)
+            services.watch->Stop();
+        reloadFlags.layouts.clear();
+    };
     frame->Restore();
     bool isOpen = true;
     for (const QString &path : paths)

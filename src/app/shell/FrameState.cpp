@@ -87,3 +87,16 @@ FrameState FrameState::Read(const Settings &settings)
 {
     return {settings.Int("Frame", "maximized", 0) != 0, ParsePosition(settings.String("Frame", "position"))};
 }
+
+bool ToolboxState::IsShown(const Settings &settings)
+{
+    if (!shown)
+        shown = settings.Int("Toolbox", "show", 1) != 0;
+    return *shown;
+}
+
+void ToolboxState::Store(Settings &settings) const
+{
+    if (shown && *shown != (settings.Int("Toolbox", "show", 1) != 0))
+        (void)settings.Write(QStringLiteral("Toolbox"), QStringLiteral("show"), QString::number(int(*shown)));
+}

@@ -17,6 +17,19 @@ struct FrameState
     [[nodiscard]] static FrameState Read(const Settings &settings);
 };
 
+/// Whether the Toolbox bar is to be shown while a layout is: one answer for all project windows, read at first use.
+class ToolboxState
+{
+public:
+    [[nodiscard]] bool IsShown(const Settings &settings);
+    void Show(bool show) { shown = show; }
+    /// Writes it, if it was ever read.
+    void Store(Settings &settings) const;
+
+private:
+    std::optional<bool> shown;
+};
+
 inline constexpr QSize SMALLEST_FRAME(500, 450);
 
 /// "left,top,right,bottom".

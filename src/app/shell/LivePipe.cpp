@@ -20,5 +20,7 @@ void LivePipe::Breathe()
     if (last.isValid() && last.elapsed() < BETWEEN_MS)
         return;
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
+    if (serveMeanwhile)
+        serveMeanwhile();
     last.start();
 }

@@ -9,6 +9,9 @@
 class LivePipe : public IReportPipe
 {
 public:
+    /// Called then too, for what must not wait for the command's end; may be empty.
+    std::function<void()> serveMeanwhile;
+
     explicit LivePipe(IReportPipe &idePipe) : pipe(idePipe) {}
 
     bool Open() override { return pipe.Open(); }
@@ -17,7 +20,7 @@ public:
     void Flush() override;
     void Close() override { pipe.Close(); }
 
-    /// Lets the window draw itself and answer the desktop, but takes no input and no other command.
+    /// Lets the window draw itself and answer the desktop, but takes no input.
     void Breathe();
 
 private:

@@ -122,6 +122,7 @@ void CMainFrame::Restore()
         resize(QSize(1000, 700).boundedTo(screens.isEmpty() ? QSize(1000, 700) : screens.front().size()));
     if (state.maximized)
         setWindowState(Qt::WindowMaximized);
+    statusBar()->setVisible(env.settings.Int("DockState", "statusBar", 1) != 0);
 
     const QByteArray bars = QByteArray::fromBase64(env.settings.String("DockState", "state").toLatin1());
     if (bars.isEmpty() || !restoreState(bars, DOCK_STATE_VERSION))
@@ -148,6 +149,7 @@ void CMainFrame::StoreState()
             store(section, "size", SizeText(size));
         bar->StoreSizes(settings);
     }
+    store("DockState", "statusBar", QString::number(int(!statusBar()->isHidden())));
     store("DockState", "state", QString::fromLatin1(saveState(DOCK_STATE_VERSION).toBase64()));
 }
 
@@ -156,6 +158,14 @@ void CMainFrame::ShowOutput(bool show)
     outputBar->setVisible(show);
     if (show)
         output->GoToEnd();
+}
+
+void CMainFrame::ToggleToolbox()
+{
+    const bool show = !toolboxState.IsShown(env.settings);
+    toolboxState.Show(show);
+    FillToolbox();
+    toolboxBar->setVisible(show);
 }
 
 void CMainFrame::WriteOutput(QStringView text)

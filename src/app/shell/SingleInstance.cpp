@@ -16,8 +16,8 @@ namespace
 FirstInstance Hangs(QString &error)
 {
     error =
-        QStringLiteral("Morvanite is running, but its window doesn't answer now: a box in it is open, or a command of "
-                       "the IDE runs. Answer the box, or wait for the command.");
+        QStringLiteral("Morvanite is running, but doesn't answer now. It may be in a long step of a command: wait for "
+                       "it, or end its process if it never answers.");
     return FirstInstance::NoAnswer;
 }
 

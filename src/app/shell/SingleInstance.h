@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// The command by which a second start has the window come to the front; its record is empty.
+/// The command by which a second start has the window come to the front; its record is empty. It waits for nothing.
 inline constexpr quint32 COMMAND_SHOW = 0xAFBDDB00;
 
 /// What became of asking a running window to show itself.

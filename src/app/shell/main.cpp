@@ -1,8 +1,8 @@
+#include "Boxes.h"
 #include "CMorvaniteApp.h"
 #include "SingleInstance.h"
 
 #include <QApplication>
-#include <QMessageBox>
 
 #include <csignal>
 #include <cstdio>
@@ -24,7 +24,7 @@ int main(int argc, char **argv)
     QApplication::setApplicationVersion(QStringLiteral(MORVANITE_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("org.morvanite.Morvanite"));
     if (first == FirstInstance::NoAnswer) {
-        QMessageBox::critical(nullptr, QStringLiteral("Morvanite"), error);
+        (void)ShowBox(nullptr, QMessageBox::Critical, error);
         return 1;
     }
     CMorvaniteApp app;

@@ -38,10 +38,12 @@ CProjView::CProjView(CResDoc &projectDocument, IViewHost &viewHost) : document(p
     connect(this, &QTreeWidget::currentItemChanged, this, [this] { SelectionChanged(); });
     connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem *item) { LabelEdited(item); });
     document.AddView(this);
+    document.treeListeners.push_back(this);
 }
 
 CProjView::~CProjView()
 {
+    std::erase(document.treeListeners, this);
     document.RemoveView(this);
 }
 
@@ -88,14 +90,21 @@ void CProjView::showEvent(QShowEvent *event)
         Fill();
 }
 
+/// Lets go of all folders.
+void CProjView::TreeGoes()
+{
+    const QScopedValueRollback filling(isFilling, true);
+    clear();
+    contextFolder = selectedFolder = nullptr;
+}
+
 void CProjView::Fill()
 {
     CResFolder *const selected = selectedFolder;
     {
         const QScopedValueRollback filling(isFilling, true);
         setUpdatesEnabled(false);
-        clear();
-        contextFolder = nullptr;
+        TreeGoes();
         Insert(invisibleRootItem(), document.root);
         setUpdatesEnabled(true);
     }

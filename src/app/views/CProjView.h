@@ -8,7 +8,7 @@
 #include <QTreeWidget>
 
 /// The project tree, left in a project's window: the folders in use, whose selection decides what stands right of it.
-class CProjView : public QTreeWidget, public IProjView, public ICommandTarget
+class CProjView : public QTreeWidget, public IProjView, public ICommandTarget, public ITreeListener
 {
 public:
     CProjView(CResDoc &projectDocument, IViewHost &viewHost);
@@ -17,6 +17,7 @@ public:
     [[nodiscard]] CResFolder *SelectedFolder() const override { return selectedFolder; }
     void SelectFolder(CResFolder *folder) override;
     void OnUpdate(CView *sender, long hint, CView *target) override;
+    void TreeGoes() override;
 
     [[nodiscard]] std::optional<CommandState> StateOf(int command) const override;
     void Run(int command) override;

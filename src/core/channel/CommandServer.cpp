@@ -2,6 +2,7 @@
 
 #include "RuntimeFolder.h"
 
+#include <QScopedValueRollback>
 #include <QtEndian>
 
 #include <algorithm>
@@ -86,18 +87,13 @@ void CommandServer::SetPaused(bool pause)
 
 void CommandServer::Dispatch()
 {
-    if (dispatching || paused || !epoll.IsOpen())
+    if (!epoll.IsOpen())
         return;
     struct Guard
     {
         CommandServer &server;
-        explicit Guard(CommandServer &commandServer) : server(commandServer) { server.dispatching = true; }
-        ~Guard()
-        {
-            server.dispatching = false;
-            server.WatchAll();
-        }
-    } guard(*this);
+        ~Guard() { server.WatchAll(); }
+    } guard{*this};
 
     std::array<epoll_event, 64> events;
     const int count = epoll_wait(epoll.Get(), events.data(), int(events.size()), 0);
@@ -108,7 +104,8 @@ void CommandServer::Dispatch()
         else if (id != READY_ID)
             Serve(id);
     }
-    RunNext();
+    if (!isRunning && !paused)
+        RunNext();
 }
 
 void CommandServer::Watch(int descriptor, Watched &state, quint32 events) const
@@ -126,9 +123,9 @@ void CommandServer::Watch(int descriptor, Watched &state, quint32 events) const
 void CommandServer::WatchConnection(Connection &connection) const
 {
     quint32 events = 0;
-    if (!paused && connection.state == Connection::State::Receiving)
+    if (connection.state == Connection::State::Receiving)
         events = EPOLLIN;
-    else if (!paused && connection.state == Connection::State::Answering)
+    else if (connection.state == Connection::State::Answering)
         events = EPOLLOUT;
     Watch(connection.socket.Get(), connection.watch, events);
 }
@@ -136,7 +133,7 @@ void CommandServer::WatchConnection(Connection &connection) const
 void CommandServer::WatchAll()
 {
     const bool full = ready.size() >= CONNECTION_LIMIT; // nobody can be closed for a newcomer
-    Watch(listener.Get(), listenerWatch, paused || full ? 0 : quint32(EPOLLIN));
+    Watch(listener.Get(), listenerWatch, full ? 0 : quint32(EPOLLIN));
     Watch(readyEvent.Get(), readyWatch, paused || ready.empty() ? 0 : quint32(EPOLLIN));
     for (auto &[id, connection] : connections)
         WatchConnection(*connection);
@@ -217,10 +214,19 @@ CommandServer::Progress CommandServer::Receive(Connection &connection)
         connection.record.resize(qsizetype(connection.RecordSize()));
     }
     if (connection.received >= HEADER_SIZE && connection.received - HEADER_SIZE == connection.RecordSize()) {
+        Arrived(connection);
+    }
+    return Progress::More;
+}
+
+void CommandServer::Arrived(Connection &connection)
+{
+    if (waitsForNothing && waitsForNothing(connection.CommandId())) {
+        connection.BeginAnswer(runner(connection.CommandId(), connection.record));
+    } else {
         connection.state = Connection::State::Ready;
         ready.push_back(connection.watch.id);
     }
-    return Progress::More;
 }
 
 CommandServer::Progress CommandServer::SendAnswer(Connection &connection)
@@ -241,14 +247,15 @@ void CommandServer::RunNext()
 {
     if (ready.empty())
         return;
-    const auto found = connections.find(ready.front()); // one with a command is closed by nobody
+    const quint64 id = ready.front();
     ready.pop_front();
-    Connection &connection = *found->second;
+    Connection &connection = *connections.at(id); // one with a command is closed by nobody
+    const QScopedValueRollback running(isRunning, true);
     try {
         connection.BeginAnswer(runner(connection.CommandId(), connection.record));
     } catch (...) {
-        connections.erase(found);
+        connections.erase(id);
         throw;
     }
-    Serve(found->first);
+    Serve(id);
 }

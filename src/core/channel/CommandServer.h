@@ -37,12 +37,16 @@ public:
     [[nodiscard]] int PollFd() const { return epoll.Get(); }
 
     /// Does what can be done without waiting, and runs one command at most, so that the caller's loop gets its turn.
-    /// Does nothing inside a command: whoever runs an event loop there pauses the server first. What the runner throws
-    /// goes through, and the connection is closed without an answer.
+    /// Inside a command and while paused it runs only those that wait for nothing. What the runner throws goes through,
+    /// and the connection is closed without an answer.
     void Dispatch();
 
-    /// Holds all commands back while a modal box is open; `PollFd` isn't readable meanwhile. Peers wait.
+    /// Holds commands back while a modal box is open. Peers wait.
     void SetPaused(bool pause);
+
+    /// Says which commands run as soon as they have arrived, whatever else runs or waits: those that touch no document.
+    /// Their runner throws nothing. May be empty.
+    std::function<bool(quint32 dwData)> waitsForNothing;
 
     [[nodiscard]] size_t ConnectionCount() const { return connections.size(); }
 
@@ -69,6 +73,7 @@ private:
     void MakeRoom();
     void Serve(quint64 id);
     Progress Receive(Connection &connection);
+    void Arrived(Connection &connection);
     static Progress SendAnswer(Connection &connection);
     void RunNext();
 
@@ -84,5 +89,5 @@ private:
     quint64 lastId;
     quint64 activity = 0; // counts up with every sign of life of a peer
     bool paused = false;
-    bool dispatching = false;
+    bool isRunning = false;
 };

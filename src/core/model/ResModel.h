@@ -5,6 +5,17 @@
 
 class Environment;
 
+/// Who holds on to nodes of a tree.
+class ITreeListener
+{
+public:
+    /// A reload is going to destroy what the tree holds: let go of it.
+    virtual void TreeGoes() = 0;
+
+protected:
+    ~ITreeListener() = default;
+};
+
 /// The model half of a project: its name and path, the resource tree and the ID pools. What numbers, packs, reads and
 /// writes a project is handed this, not the document.
 class CResModel
@@ -21,8 +32,8 @@ public:
     QString name; ///< the project's name
     /// Who watches the nodes that the factories make; set by the document.
     IEspia *nodeObserver = nullptr;
-    /// Told before a reload destroys what the tree holds; may be empty.
-    std::function<void()> treeGoes;
+    /// Told in their order before a reload destroys what the tree holds. Not owned; they take themselves off.
+    std::vector<ITreeListener *> treeListeners;
     IDPool ids;         ///< every resource of the tree takes its ID from here
     IDPool detachedIds; ///< IDs of string rows held outside the tree
     CResFolder root{KIND_ROOT, -1};

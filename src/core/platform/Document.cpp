@@ -29,8 +29,11 @@ void CDocument::UpdateAllViews(CView *sender, long hint, CView *target)
 
 CDocument *CDocManager::OpenDocumentFile(const QString &path)
 {
-    if (CDocument *open = FindDocument(path))
+    if (CDocument *open = FindDocument(path)) {
+        if (foundOpen)
+            foundOpen(*open);
         return open;
+    }
     std::unique_ptr<CDocument> document = factory();
     document->m_strPathName = path;
     try {

@@ -80,6 +80,8 @@ public:
 
     /// Told after a document has been opened; the window makes its frame then.
     std::function<void(CDocument &)> opened;
+    /// Told when the document that OpenDocumentFile was asked for is open already; the window comes to the front then.
+    std::function<void(CDocument &)> foundOpen;
 
 private:
     Factory factory;

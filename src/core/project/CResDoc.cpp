@@ -282,16 +282,16 @@ void CResDoc::OnWatchedFileChanged(quint32 handle)
 void CResDoc::ReloadResources()
 {
     treeLost = true;
-    if (treeGoes)
-        treeGoes();
+    for (ITreeListener *listener : treeListeners)
+        listener->TreeGoes();
     root.Clear();
     untouchedLayouts.clear();
     while (!layoutWatches.empty())
         UnwatchFile(QString(layoutWatches.begin()->first), WATCH_LAYOUT);
-    if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
+    treeLost = !BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0;
+    UpdateAllViews(nullptr); // of what a failure has left, too
+    if (treeLost)
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
-    treeLost = false;
-    UpdateAllViews(nullptr);
     SetModifiedFlag(false);
 }
 

@@ -38,13 +38,13 @@ StringTable::StringTable(CResModel &document, IStringGrid &shownIn)
         if (number && *number > 0 && *number < freshDefault)
             freedDefaults.insert(*number);
     };
-    model.treeGoes = [this] { Forget(); };
+    model.treeListeners.push_back(this);
 }
 
 StringTable::~StringTable()
 {
     model.ids.nameFreed = nullptr;
-    model.treeGoes = nullptr;
+    std::erase(model.treeListeners, this);
 }
 
 CResFolder *StringTable::Strings() const

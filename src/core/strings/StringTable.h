@@ -65,7 +65,7 @@ public:
 ///     StringTable table(model, grid);
 ///     table.Rebuild();
 ///     table.history.Run(std::make_unique<STR_MOD_CMD>(table, row, 3, u"Bonjour"));
-class StringTable
+class StringTable : public ITreeListener
 {
 public:
     static constexpr int ID_COLUMN = 0;
@@ -85,6 +85,7 @@ public:
 
     /// Lets go of the tree, history and all; a reload is going to destroy it.
     void Forget();
+    void TreeGoes() override { Forget(); }
     /// Takes columns and rows anew from the tree, in its order. Forgets the history of a table with languages.
     void Rebuild();
     /// Appends a column for a language's folder, and forgets the history.

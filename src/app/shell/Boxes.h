@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QMessageBox>
+
+/// Shows a box of the program and waits for the answer. `text` is plain: what looks like markup in it is shown.
+QMessageBox::StandardButton ShowBox(QWidget *parent, QMessageBox::Icon icon, const QString &text,
+                                    QMessageBox::StandardButtons buttons = QMessageBox::Ok,
+                                    QMessageBox::StandardButton defaultButton = QMessageBox::NoButton);

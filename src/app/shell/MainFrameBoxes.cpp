@@ -1,0 +1,98 @@
+// The boxes and dialogs of the main frame.
+#include "AboutBox.h"
+#include "Boxes.h"
+#include "CInfoPane.h"
+#include "CMainFrame.h"
+#include "Paths.h"
+
+#include <QFileDialog>
+
+/// While a box is open, commands of the channel wait.
+class CMainFrame::ModalBox
+{
+public:
+    explicit ModalBox(CMainFrame &mainFrame) : frame(mainFrame)
+    {
+        if (frame.openBoxes++ == 0 && frame.pauseCommands)
+            frame.pauseCommands(true);
+    }
+    ~ModalBox()
+    {
+        if (--frame.openBoxes == 0 && frame.pauseCommands)
+            frame.pauseCommands(false);
+    }
+    ModalBox(const ModalBox &) = delete;
+    ModalBox &operator=(const ModalBox &) = delete;
+
+private:
+    CMainFrame &frame;
+};
+
+void CMainFrame::ChooseProject()
+{
+    QString path;
+    {
+        const ModalBox box(*this);
+        path = QFileDialog::getOpenFileName(this, QStringLiteral("Open"), QString(),
+                                            QStringLiteral("Project Files (*.vcproj)"));
+    }
+    if (!path.isEmpty())
+        (void)OpenProject(CanonicalPath(path));
+}
+
+void CMainFrame::MessageBox(const QString &text)
+{
+    constexpr qsizetype MOST_TOLD = 1000;
+    const ModalBox box(*this);
+    output->Flush();
+    // Before the window is there nobody sees the output that a box speaks of.
+    const QString told = isVisible() ? QString() : QStringLiteral("\n\n") + output->toPlainText().right(MOST_TOLD);
+    (void)ShowBox(this, QMessageBox::Warning, text + told);
+}
+
+bool CMainFrame::AskYesNo(const QString &question)
+{
+    const ModalBox box(*this);
+    return ShowBox(this, QMessageBox::Question, question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
+           QMessageBox::Yes;
+}
+
+Answer CMainFrame::AskYesNoCancel(const QString &question)
+{
+    const ModalBox box(*this);
+    switch (ShowBox(this, QMessageBox::Question, question, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+                    QMessageBox::Yes)) {
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    default:
+        return Answer::Cancel;
+    }
+}
+
+QStringList CMainFrame::OpenFileDialog(const QString &filter, int selectedFilter, bool multiSelect,
+                                       const QString &initialName)
+{
+    QStringList filters;
+    const QStringList parts = filter.split(u'|', Qt::SkipEmptyParts);
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString patterns = parts[i + 1];
+        filters.append(parts[i].section(QStringLiteral(" ("), 0, 0) + QStringLiteral(" (") +
+                       patterns.replace(u';', u' ') + u')');
+    }
+    const ModalBox box(*this);
+    QFileDialog dialog(this, QStringLiteral("Open"));
+    dialog.setNameFilters(filters);
+    dialog.selectNameFilter(filters.value(selectedFilter - 1));
+    dialog.setFileMode(multiSelect ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+    if (!initialName.isEmpty())
+        dialog.selectFile(initialName);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
+}
+
+void CMainFrame::ShowAbout()
+{
+    const ModalBox box(*this);
+    ShowAboutBox(this);
+}
