@@ -41,6 +41,7 @@ say "Made
   sample/ResID/LayoutID.h        the numbers of the classes and properties in its layouts
 
 Look at them with
+  XDG_CONFIG_HOME=\$PWD/sample/settings build/bin/morvanite sample/weatherclock.vcproj
   $cli inspect $out/weatherclock.packed.axf --json
   $cli inspect $out/weatherclock.packed.axf --extract /tmp/weatherclock
   qemu-arm $out/weatherclock.packed.axf"

@@ -34,7 +34,7 @@ def text(x, y, words, colour='#d8dee9', weight='normal'):
 def table(line, y):
     """A row of the table of strings: its columns are two blanks or more apart, and scripts differ in width."""
     columns = [column for column in line.strip().split('  ') if column.strip()]
-    places = (0, 225, 290, 410, 640, 720, 860, 960)
+    places = (0, 225, 290, 424, 652, 732, 872, 972)
     return ''.join(text(LEFT + place, y, column.strip()) for place, column in zip(places, columns))
 
 
