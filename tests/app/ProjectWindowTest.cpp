@@ -175,6 +175,18 @@ TEST(ProjectWindow, DroppedProjectsOpenAndOtherFilesAreRefused)
     window.Settle();
     EXPECT_TRUE(window.boxes.value(0).contains(u"a.png is no project"_s));
     EXPECT_EQ(window.app->Documents().Documents().size(), 2U);
+
+    QMenu *const menu = window.Frame().menuBar()->actions()[3]->menu();
+    for (int round = 0; round < 2; ++round) {
+        window.Settle();
+        Q_EMIT menu->aboutToShow();
+        ASSERT_EQ(menu->actions().size(), 3 + 1 + 2) << "the windows follow the entries";
+        const QList<QAction *> windows = menu->actions().last(2);
+        EXPECT_EQ(windows[0]->text() + windows[1]->text(), u"&1 demo&2 other"_s);
+        EXPECT_TRUE(windows[round == 0]->isChecked() && !windows[round == 1]->isChecked());
+        windows[0]->trigger();
+    }
+    EXPECT_EQ(window.Document().PathName(), window.Project());
 }
 
 TEST(ProjectWindow, IsReachedByTheKeyboard)

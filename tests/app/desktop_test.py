@@ -110,6 +110,13 @@ class Desktop(unittest.TestCase):
         self.assertEqual(second.wait(10), 0, 'a second start ends at once')
         self.close(program)
 
+    def test_options_need_no_screen(self):
+        said = {option: subprocess.run([PROGRAM, option], capture_output=True, text=True, env={**os.environ, 'DISPLAY': ''})
+                for option in ('--help', '--version')}
+        self.assertIn('PROJECT.vcproj', said['--help'].stdout)
+        self.assertRegex(said['--version'].stdout, r'^morvanite \d+\.\d+\.\d+\n$')
+        self.assertEqual([said['--help'].returncode, said['--version'].returncode], [0, 0])
+
     def test_a_lost_screen_ends_the_program_and_harms_no_file(self):
         before = {path: path.read_bytes() for path in self.dir.glob('sample/**/*') if path.is_file()}
         program, _ = self.open()

@@ -57,8 +57,8 @@ constexpr Menu WITHOUT_DOCUMENT[] = {
     {"&Help", HELP_ENTRIES},
 };
 constexpr Menu WITH_DOCUMENT[] = {
-    {"&File", FILE_ENTRIES},     {"&Edit", EDIT_ENTRIES},   {"&View", VIEW_ENTRIES},
-    {"&Window", WINDOW_ENTRIES}, {"&Other", OTHER_ENTRIES}, {"&Help", HELP_ENTRIES},
+    {"&File", FILE_ENTRIES},           {"&Edit", EDIT_ENTRIES},   {"&View", VIEW_ENTRIES},
+    {"&Window", WINDOW_ENTRIES, true}, {"&Other", OTHER_ENTRIES}, {"&Help", HELP_ENTRIES},
 };
 
 constexpr MenuEntry FURTHER_KEYS[] = {

@@ -17,6 +17,7 @@ struct Menu
 {
     const char *title;
     std::span<const MenuEntry> entries;
+    bool listsWindows = false; ///< the open projects follow the entries
 };
 
 /// The menu bar while no document is open, and that while one is.

@@ -144,6 +144,7 @@ void CMainFrame::ShowMenus()
     if (shownMenus == hasDocument)
         return;
     shownMenus = hasDocument;
+    windowActions.clear(); // they go with their menu
     for (QAction *title : menuBar()->actions())
         title->menu()->deleteLater();
     menuBar()->clear();
@@ -158,6 +159,8 @@ void CMainFrame::ShowMenus()
                 shown->addAction(actions[entry.command]);
         }
         connect(shown, &QMenu::aboutToShow, this, [this] { UpdateCommands(); });
+        if (menu.listsWindows)
+            connect(shown, &QMenu::aboutToShow, this, [this, shown] { ShowWindows(shown); });
     }
     ShowRecentFiles();
 }
@@ -171,6 +174,22 @@ void CMainFrame::ShowRecentFiles()
         action->setEnabled(i < paths.size());
         action->setText(i < paths.size() ? recentFiles.Label(i) : QStringLiteral("Recent File"));
         action->setStatusTip(paths.value(i));
+    }
+}
+
+void CMainFrame::ShowWindows(QMenu *menu)
+{
+    qDeleteAll(std::exchange(windowActions, {menu->addSeparator()}));
+    for (CChildFrame *child : Children()) {
+        const CDocument &document = child->Document();
+        QString label = FileTitle(document.m_strPathName).replace(u'&', QStringLiteral("&&"));
+        if (windowActions.size() < 10)
+            label.prepend(QStringLiteral("&%1 ").arg(windowActions.size()));
+        QAction *const action = menu->addAction(label, this, [this, &document] { Activate(document); });
+        action->setCheckable(true);
+        action->setChecked(child == ActiveChild());
+        action->setStatusTip(document.m_strPathName);
+        windowActions.append(action);
     }
 }
 

@@ -93,6 +93,8 @@ private:
     /// Shows the menus that belong to what is open.
     void ShowMenus();
     void ShowRecentFiles();
+    /// Lists the windows of projects at the end of the Window menu.
+    void ShowWindows(QMenu *menu);
     /// Has menus, keys and tool bar show what each command is at this moment.
     void UpdateCommands();
     void UpdateIndicators();
@@ -122,6 +124,7 @@ private:
     KeyboardLocks locks;
     std::map<int, QAction *> actions;
     QList<QAction *> recentActions;
+    QList<QAction *> windowActions; // of the Window menu that is shown or was last
     QMdiArea *area;
     QToolBar *toolBar = nullptr;
     CSizingControlBar *toolboxBar = nullptr;

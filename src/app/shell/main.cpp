@@ -6,9 +6,32 @@
 
 #include <csignal>
 #include <cstdio>
+#include <optional>
+
+namespace
+{
+
+constexpr char USAGE[] = "usage: morvanite [PROJECT.vcproj...]\n"
+                         "       morvanite --help | --version\n";
+
+/// What needs no window: the exit status when `argument` asks for it.
+std::optional<int> AnswerWithoutWindow(const char *argument)
+{
+    if (qstrcmp(argument, "--version") == 0)
+        return std::puts("morvanite " MORVANITE_VERSION) < 0;
+    if (qstrcmp(argument, "--help") == 0 || qstrcmp(argument, "-h") == 0)
+        return std::fputs(USAGE, stdout) < 0;
+    return std::nullopt;
+}
+
+} // namespace
 
 int main(int argc, char **argv)
 {
+    for (int i = 1; i < argc; ++i) {
+        if (const std::optional<int> status = AnswerWithoutWindow(argv[i]))
+            return *status;
+    }
     constexpr int PATIENCE_MS = 4000;
     std::signal(SIGPIPE, SIG_IGN);
     QString error;
@@ -27,6 +50,13 @@ int main(int argc, char **argv)
         (void)ShowBox(nullptr, QMessageBox::Critical, error);
         return 1;
     }
+    const QStringList arguments = QApplication::arguments().mid(1);
+    for (const QString &argument : arguments) {
+        if (argument.startsWith(u'-')) {
+            std::fprintf(stderr, "morvanite: unknown option %s\n%s", qUtf8Printable(argument), USAGE);
+            return 2;
+        }
+    }
     CMorvaniteApp app;
-    return app.InitInstance(QApplication::arguments().mid(1)) ? QApplication::exec() : 1;
+    return app.InitInstance(arguments) ? QApplication::exec() : 1;
 }
