@@ -90,6 +90,8 @@ struct TestWindow
             if (!box || answers.isEmpty())
                 return;
             boxes.append(box->text());
+            const QCursor *const pointer = QGuiApplication::overrideCursor();
+            EXPECT_TRUE(!pointer || pointer->shape() == Qt::ArrowCursor) << "nobody waits while a box does";
             box->button(answers.takeFirst())->click();
         });
         answering->start(10);

@@ -4,6 +4,7 @@
 #include "Environment.h"
 #include "KeyboardSplitter.h"
 #include "Paths.h"
+#include "WaitCursor.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -90,6 +91,12 @@ ICommandTarget *CChildFrame::ActiveView()
     return tree;
 }
 
+void CChildFrame::Save()
+{
+    const WaitCursor cursor;
+    (void)document.DoFileSave();
+}
+
 bool CChildFrame::MayClose()
 {
     if (!document.IsModified())
@@ -97,7 +104,7 @@ bool CChildFrame::MayClose()
     const Answer answer =
         shell.AskYesNoCancel(QStringLiteral("Save changes to %1?").arg(FileTitle(document.PathName())));
     if (answer == Answer::Yes)
-        (void)document.DoFileSave();
+        Save();
     // What is still modified then couldn't be saved, and closing would lose it.
     return answer == Answer::No || (answer == Answer::Yes && !document.IsModified());
 }
@@ -132,7 +139,7 @@ void CChildFrame::Run(int command)
 {
     switch (command) {
     case CMD_SAVE:
-        (void)document.DoFileSave();
+        Save();
         break;
     case CMD_CLOSE:
         close();

@@ -57,6 +57,7 @@ private:
     [[nodiscard]] QWidget *MakePane(Pane pane);
     void ShowTitle();
     void LeaveDocument();
+    void Save();
 
     CResDoc &document;
     IViewHost &shell;

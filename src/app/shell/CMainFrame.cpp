@@ -56,12 +56,10 @@ CMainFrame::Busy::Busy(CMainFrame &mainFrame, quint32 command) : frame(mainFrame
                          : command == COMMAND_PACK ? QStringLiteral("packing a project")
                                                    : QStringLiteral("an unknown one");
     frame.statusBar()->showMessage(QStringLiteral("The IDE's command is running: %1...").arg(what));
-    QApplication::setOverrideCursor(Qt::BusyCursor);
 }
 
 CMainFrame::Busy::~Busy()
 {
-    QApplication::restoreOverrideCursor();
     frame.statusBar()->clearMessage();
     frame.busyCommand = 0;
 }
@@ -357,6 +355,7 @@ void CMainFrame::Activate(const CDocument &document)
 
 bool CMainFrame::OpenProject(const QString &path)
 {
+    const WaitCursor cursor;
     return documents.OpenDocumentFile(path) != nullptr;
 }
 

@@ -5,6 +5,7 @@
 #include "EditCommands.h"
 #include "KeyboardLocks.h"
 #include "RecentFiles.h"
+#include "WaitCursor.h"
 
 #include <QMainWindow>
 
@@ -52,6 +53,7 @@ public:
 
     private:
         CMainFrame &frame;
+        WaitCursor cursor{Qt::BusyCursor};
     };
 
     [[nodiscard]] CInfoPane &Output() { return *output; }

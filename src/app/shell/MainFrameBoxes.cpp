@@ -15,6 +15,8 @@ public:
     {
         if (frame.openBoxes++ == 0 && frame.pauseCommands)
             frame.pauseCommands(true);
+        if (QGuiApplication::overrideCursor())
+            pointer.emplace(Qt::ArrowCursor); // the box waits for the user, whatever waits for the box
     }
     ~ModalBox()
     {
@@ -26,6 +28,7 @@ public:
 
 private:
     CMainFrame &frame;
+    std::optional<WaitCursor> pointer;
 };
 
 void CMainFrame::ChooseProject()
