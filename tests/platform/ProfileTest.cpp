@@ -110,6 +110,7 @@ TEST(Settings, WhatOthersChangeMeanwhileIsReadAndStays)
     const QByteArray huge(2 << 20, '\n');
     folder.Put("bin/m.ini", huge);
     EXPECT_TRUE(settings.Write(u"A"_s, u"c"_s, u"3"_s));
+    EXPECT_FALSE(settings.Write(u"A"_s, u"c"_s, u"4\n[Text]\ncode_page=936"_s));
     EXPECT_EQ(folder.Get("bin/m.ini"), huge) << "what can't be read isn't written over";
     EXPECT_EQ(folder.Get("u/m.ini"), "[A]\nc=3\n");
 }

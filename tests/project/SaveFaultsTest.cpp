@@ -127,3 +127,23 @@ TEST_F(SaveFaults, AKillAtAnyMomentLeavesEachFileWholeAndTheProjectOpens)
     }
     EXPECT_TRUE(sawEach[0] && sawEach[1]);
 }
+
+TEST_F(SaveFaults, AProjectWhoseFolderIsGoneIsNotSavedIntoTheFolderOfAnother)
+{
+    const Contents before = Read();
+    ASSERT_TRUE(QDir().rename(project.folder.Path("demo"), project.folder.Path("moved")));
+    ASSERT_TRUE(QDir().mkpath(project.folder.Path("other/res")) && QDir().mkpath(project.folder.Path("other/ResID")));
+    ASSERT_TRUE(QDir::setCurrent(project.folder.Path("other")));
+    Change("ID_NEW");
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_TRUE(doc->IsModified() && doc->lastSave.write != 0 && doc->lastSave.generate != 0);
+    const QByteArray said = project.TakeOutput();
+    EXPECT_TRUE(said.contains("failed to write to file") && said.contains("save - 1 error(s)")) << said.constData();
+    EXPECT_EQ(QDir(project.folder.Path("other/res")).count() + QDir(project.folder.Path("other/ResID")).count(), 4U)
+        << "nothing but . and ..";
+
+    ASSERT_TRUE(QDir().rename(project.folder.Path("moved"), project.folder.Path("demo")));
+    EXPECT_EQ(Read(), before);
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_FALSE(doc->IsModified());
+}

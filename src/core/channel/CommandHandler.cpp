@@ -5,6 +5,7 @@
 #include "PackRequest.h"
 #include "Paths.h"
 
+#include <cerrno>
 #include <utility>
 
 QString PackReportText(int errorCode)
@@ -177,7 +178,8 @@ int CommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &record)
     const auto parameters = PackInfoOf(record, env, doc.tables.resolutions);
     if (!parameters)
         return int(ReportCode::BadPackRequest);
-    SetCurrentFolder(DirectoryOf(doc.PathName()));
+    if (!SetCurrentFolder(DirectoryOf(doc.PathName())))
+        return errno; // its folder is gone
     return Packer::Pack(*parameters, doc, packInputs);
 }
 

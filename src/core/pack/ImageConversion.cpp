@@ -46,7 +46,7 @@ int ConvertImage(Environment &env, const QString &source, const QString &target)
         return CONVERT_NO_TARGET;
     }
     const WorkingFolder folder;
-    SetCurrentFolder(env.ProgramDir());
+    (void)SetCurrentFolder(env.ProgramDir());
     // Programs that are installed for everybody can't make it, and a converter may do without.
     if (const QString debug = env.ProgramDir() + QStringLiteral("Debug"); !PathExists(debug))
         CreateFolderOnDisk(debug);

@@ -67,8 +67,9 @@ private:
 
 /// Makes one folder; false when it wasn't made.
 bool CreateFolderOnDisk(QStringView path);
-/// The current directory of the process. Setting fails quietly, as the operations on a project want it.
-bool SetCurrentFolder(QStringView path);
+/// Sets the current directory of the process. Where that fails (errno says why) it stays what it was, maybe another
+/// project's: whoever goes on with relative paths reads and writes there.
+[[nodiscard]] bool SetCurrentFolder(QStringView path);
 [[nodiscard]] QString CurrentFolder();
 bool DeleteFileOnDisk(QStringView path);
 /// Clears a file's read-only state (adds the owner's right to write).

@@ -33,6 +33,8 @@ void Settings::Refresh()
 
 bool Settings::Write(const QString &section, const QString &key, const QString &value)
 {
+    if (value.contains(u'\n') || value.contains(u'\r'))
+        return false;
     Refresh();
     const bool hasUserValue = user.Content().Has(section, key); // that one would hide the program's
     if (!hasUserValue && access(HostPath(programFolder).constData(), W_OK) == 0 && program.Set(section, key, value))

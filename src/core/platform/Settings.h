@@ -16,7 +16,7 @@ public:
     void Refresh();
 
     /// Changes a key in the program's file where that is writable, else in the user's. False when neither can be
-    /// written.
+    /// written, and for a value with a line end, which would become other keys.
     bool Write(const QString &section, const QString &key, const QString &value);
 
 private:

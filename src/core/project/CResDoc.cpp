@@ -46,7 +46,7 @@ CResDoc::CResDoc(Environment &environment, ProcessTables &processTables, const C
     tables.LoadOnce(env);
     if (!tables.classes)
         tables.classes = std::make_shared<ClassCatalogue>();
-    SetCurrentFolder(env.ProgramDir());
+    (void)SetCurrentFolder(env.ProgramDir());
 }
 
 CResDoc::~CResDoc()
@@ -158,7 +158,7 @@ void CResDoc::OnCloseDocument()
 {
     if (services.watch)
         services.watch->Stop();
-    SetCurrentFolder(env.ProgramDir());
+    (void)SetCurrentFolder(env.ProgramDir());
 }
 
 void CResDoc::ReportSaveLoadException(const QString &path, const ArchiveException &exception, bool saving)
@@ -176,7 +176,8 @@ int CResDoc::GenerateIds(const QString *path)
     if (!path)
         return IDGen::Generate(&ids, QString(), *this);
     const QString folder = DirectoryOf(*path);
-    SetCurrentFolder(folder);
+    if (!SetCurrentFolder(folder))
+        return CANNOT_WRITE;
     ExportLayoutTables(env, folder);
     return IDGen::Generate(&ids, env.settings.String("Path", "header_output", ".\\ResID"), *this);
 }
@@ -264,7 +265,8 @@ void CResDoc::OnWatchedFileChanged(quint32 handle)
         return;
     env.RefreshSettings();
     env.ErrorCount = env.WarningCount = 0;
-    SetCurrentFolder(DirectoryOf(m_strPathName));
+    if (!SetCurrentFolder(DirectoryOf(m_strPathName)))
+        return; // the file went with its folder: there is nothing to load
     if (handle == resWatch) {
         ReloadResources();
     } else if (handle == refWatch) {
@@ -316,7 +318,7 @@ void CResDoc::ReloadLayouts(const QString &path)
         return;
     folder->Clear();
     const QByteArrayList untouched = std::exchange(untouchedLayouts[folder->index], {});
-    SetCurrentFolder(DirectoryOf(m_strPathName));
+    (void)SetCurrentFolder(DirectoryOf(m_strPathName)); // which could be entered before
     LoadLayoutFile(*this, *folder, entry.resolution < 0 ? env.WideToNarrow(path) : entry.path);
     if (untouched.size() > 1)
         untouchedLayouts[folder->index] = untouched; // the list names another file too

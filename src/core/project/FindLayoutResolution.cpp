@@ -22,7 +22,7 @@ LayoutEntry FindLayoutEntry(const QString &projectPath, const QString &layoutPat
 {
     const ProjectContext context(projectPath, doc);
     TiXmlDocument document;
-    if (LoadXml(doc.env, context.ResourcePath(), document) != 0)
+    if (LoadXml(doc.env, context.Absolute(context.ResourcePath()), document) != 0)
         return {};
     const TiXmlElement *root = document.FirstChildElement();
     for (auto *element = root ? root->FirstChildElement("RESOLUTION") : nullptr; element;

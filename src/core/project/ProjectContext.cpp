@@ -2,7 +2,6 @@
 
 #include "CResDoc.h"
 #include "Environment.h"
-#include "HostFiles.h"
 #include "Paths.h"
 
 ProjectContext::ProjectContext(const QString &path, CResDoc &document)
@@ -20,7 +19,6 @@ QString ProjectContext::ResourceFolder() const
 
 QString ProjectContext::ResourcePath() const
 {
-    SetCurrentFolder(dir);
     return ResourceFolder() + name + QStringLiteral(".res.xml");
 }
 

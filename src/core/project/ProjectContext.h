@@ -16,7 +16,7 @@ struct ProjectContext
     CResDoc &doc;
     Environment &env;
 
-    /// The path of the ".res.xml" file, relative to `dir`; makes `dir` the current folder.
+    /// The path of the ".res.xml" file, relative to `dir`.
     [[nodiscard]] QString ResourcePath() const;
     /// The path of the string file, relative to `dir`.
     [[nodiscard]] QString StringPath() const;

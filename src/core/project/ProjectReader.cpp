@@ -14,6 +14,7 @@
 namespace
 {
 
+constexpr int CANNOT_OPEN = -1;
 constexpr int WRONG_FORMAT = 11;
 
 /// The two elements that make file resources, by the word that their messages have.
@@ -192,7 +193,7 @@ private:
             return;
         }
         text.replace('"', "");
-        SetCurrentFolder(context.dir);
+        (void)SetCurrentFolder(context.dir); // which could be entered before
         LoadLayoutFile(doc, folder, FromXml(env, text));
         doc.WatchFile(context.Absolute(QString::fromUtf8(text)), CResDoc::WATCH_LAYOUT);
     }
@@ -206,7 +207,7 @@ private:
             return 0;
         }
         text.replace('"', "");
-        SetCurrentFolder(context.dir);
+        (void)SetCurrentFolder(context.dir); // which could be entered before
         const QString path = QString::fromUtf8(text);
         const int code = ReadStringFile(path, doc);
         if (code == 0)
@@ -301,7 +302,7 @@ int ReadProject(const QString &path, CResDoc &doc)
 {
     const ProjectContext context(path, doc);
     const QString file = context.ResourcePath();
-    const int code = ReadInto(context, file);
+    const int code = SetCurrentFolder(context.dir) ? ReadInto(context, file) : CANNOT_OPEN;
     doc.env.WriteOutput("[%s] open - %d error(s), %d warning(s)\r\n", qUtf8Printable(context.name), doc.env.ErrorCount,
                         doc.env.WarningCount);
     if (code == 0)

@@ -162,7 +162,7 @@ private:
         }
         TiXmlElement element("LAYOUT");
         Put(element, ToXml(env, path));
-        SetCurrentFolder(context.dir);
+        (void)SetCurrentFolder(context.dir); // which could be entered before
         doc.UnwatchFile(absolute, CResDoc::WATCH_LAYOUT);
         // A list made by hand may name one file for two resolutions: the second would replace the first.
         const bool isTaken = std::any_of(writtenLayouts.begin(), writtenLayouts.end(),
@@ -203,7 +203,7 @@ private:
         }
         TiXmlElement element("STRING");
         Put(element, path.toUtf8());
-        SetCurrentFolder(context.dir);
+        (void)SetCurrentFolder(context.dir); // which could be entered before
         writtenStrings = context.Absolute(path);
         doc.UnwatchFile(writtenStrings, CResDoc::WATCH_STRINGS);
         const int code = WriteStringFile(path, doc);
@@ -226,6 +226,15 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
     Environment &env = doc.env;
     const QString file = context.ResourcePath();
     const QString absolute = context.Absolute(file);
+    const auto summarize = [&] {
+        env.WriteOutput("[%s] save - %d error(s), %d warning(s)\r\n", qUtf8Printable(context.name), env.ErrorCount,
+                        env.WarningCount);
+    };
+    if (!SetCurrentFolder(context.dir)) { // it is gone
+        ReportRefused(env, absolute);
+        summarize();
+        return CANNOT_WRITE;
+    }
     doc.UnwatchFile(absolute, CResDoc::WATCH_RESOURCES);
     CondenseWhiteSpace(false);
     ProjectWriter writer(context);
@@ -261,8 +270,7 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
         doc.UnwatchFile(obsolete, CResDoc::WATCH_LAYOUT);
         MoveToRecycleBin(obsolete);
     }
-    env.WriteOutput("[%s] save - %d error(s), %d warning(s)\r\n", qUtf8Printable(context.name), env.ErrorCount,
-                    env.WarningCount);
+    summarize();
     doc.WatchFile(absolute, CResDoc::WATCH_RESOURCES);
     return code;
 }
