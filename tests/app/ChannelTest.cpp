@@ -5,8 +5,10 @@
 #include "SingleInstance.h"
 #include "TestWindow.h"
 
-#include <QElapsedTimer>
+#include <QContextMenuEvent>
+#include <QLineEdit>
 #include <QStatusBar>
+#include <QTest>
 
 #include <thread>
 
@@ -59,8 +61,45 @@ TEST(Channel, AnIdesCommandsRunInTheWindowWithoutBoxesAndWithNothingInThePane)
         const CMainFrame::Busy busy(window.Frame(), COMMAND_PACK);
         EXPECT_TRUE(window.Frame().statusBar()->currentMessage().contains(u"packing"_s));
         EXPECT_FALSE(window.Frame().close()) << "not while a command runs";
+        window.Document().SetModifiedFlag(true);
+        QTest::keyClick(&window.Frame(), Qt::Key_S, Qt::ControlModifier);
+        EXPECT_TRUE(window.Document().IsModified()) << "what the user does meanwhile is dropped";
+        window.Document().SetModifiedFlag(false);
     }
     EXPECT_TRUE(window.Frame().close());
+}
+
+TEST(Channel, ACommandEndsWhatTheUserIsInTheMiddleOf)
+{
+    TestWindow window;
+    window.folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\n");
+    window.MakeProject("other", "<APP/>");
+    window.Start({window.Project()});
+    QTimer::singleShot(0, [&] {
+        ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+        Send(COMMAND_LOAD, RecordOf(window.Project("other")));
+    });
+    QContextMenuEvent click(QContextMenuEvent::Mouse, QPoint(9, 9),
+                            window.Tree().viewport()->mapToGlobal(QPoint(9, 9)));
+    QApplication::sendEvent(window.Tree().viewport(), &click); // an entry chosen later would act on the other project
+    EXPECT_EQ(window.Document().PathName(), window.Project("other"));
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+
+    Send(COMMAND_LOAD, RecordOf(window.Project()));
+    window.Frame().activateWindow();
+    window.Tree().setFocus();
+    window.Settle();
+    window.Tree().setCurrentItem(window.Row(u"Layouts"_s)->child(0));
+    window.Frame().RunCommand(CMD_NEW_LAYOUT);
+    window.Tree().findChild<QLineEdit *>()->setText(u"1 bad"_s);
+    QTimer boxes;
+    QObject::connect(&boxes, &QTimer::timeout,
+                     [&] { EXPECT_TRUE(!QApplication::activeModalWidget() || window.Frame().BusyCommand() == 0); });
+    boxes.start(1);
+    window.Answer({QMessageBox::Ok});
+    Send(COMMAND_LOAD, RecordOf(window.Project("other")));
+    EXPECT_TRUE(TestWindow::WaitFor([&] { return !window.boxes.isEmpty(); }));
+    EXPECT_EQ(window.boxes, QStringList(u"The ID is invalid."_s)) << "once the command is over";
 }
 
 TEST(Channel, ACommandWaitsWhileABoxIsOpenButASecondStartDoesNot)
@@ -104,8 +143,11 @@ TEST(SingleInstance, ASecondStartBringsTheFirstToTheFrontAndOneThatHangsIsToldOf
     EXPECT_FALSE(window.Frame().isMinimized());
     EXPECT_EQ(ShowFirstInstance(200, error), FirstInstance::NoAnswer) << "its events don't run here";
     EXPECT_TRUE(error.contains(u"doesn't answer"_s));
+
+    window.folder.Put("in the way", "");
+    qputenv("MORVANITE_RUNTIME_DIR", window.folder.Path("in the way").toUtf8());
     CMorvaniteApp other;
     window.Answer({QMessageBox::Ok});
-    EXPECT_FALSE(other.InitInstance({}));
+    EXPECT_EQ(other.InitInstance({}), 1);
     EXPECT_EQ(window.boxes.size(), 1);
 }

@@ -8,8 +8,9 @@
 TEST(FrameState, AStoredPositionIsFourNumbersAndIsBroughtBackOntoAScreen)
 {
     EXPECT_EQ(ParsePosition(u"10,20,610,520"_s), QRect(10, 20, 600, 500));
+    EXPECT_EQ(ParsePosition(u" 10, 20,610,520x"_s), QRect(10, 20, 600, 500));
     EXPECT_EQ(ParsePosition(PositionText(QRect(-5, 7, 600, 500))), QRect(-5, 7, 600, 500));
-    for (const QString &wrong : {u""_s, u"1,2,3"_s, u"a,2,3,4"_s, u"1,2,3,99999999999"_s})
+    for (const QString &wrong : {u""_s, u"1,2,3"_s, u"a,2,3,4"_s, u"1,2,3,99999999999"_s, u"1 ,2,3,4"_s})
         EXPECT_FALSE(ParsePosition(wrong)) << qPrintable(wrong);
     EXPECT_EQ(ParseSize(u"150,400"_s, QSize(1, 1)), QSize(150, 400));
     EXPECT_EQ(ParseSize(u"150,0"_s, QSize(1, 2)), QSize(1, 2));
@@ -22,7 +23,7 @@ TEST(FrameState, AStoredPositionIsFourNumbersAndIsBroughtBackOntoAScreen)
         EXPECT_TRUE(screens[0].contains(back) && back.size() == lost.size());
     }
     EXPECT_EQ(BroughtBack(QRect(9000, 0, 9000, 10), screens).size(), QSize(1920, 450));
-    EXPECT_EQ(BroughtBack(QRect(0, 0, 100'000, 100'000), screens).size(), QSize(3200, 1080));
+    EXPECT_EQ(BroughtBack(QRect(0, 0, 100'000, 100'000), screens).size(), QSize(3200, 1080 - 24));
     EXPECT_EQ(SmallestFrame(QSize(480, 1000)), QSize(480, 450));
 }
 
@@ -50,9 +51,12 @@ TEST(FrameState, TheWindowComesBackWhereItWas)
     TestWindow window;
     window.Start();
     window.Frame().setGeometry(30, 40, 700, 500);
+    window.Settle();
+    const QByteArray outputSize = SizeText(window.Frame().OutputBar().widget()->size()).toLatin1();
     window.Frame().OutputBar().hide();
     window.Frame().RunCommand(CMD_STATUS_BAR);
     window.Frame().close();
+    EXPECT_TRUE(window.folder.Get("bin/Morvanite.ini").contains("size=" + outputSize));
     EXPECT_THAT(window.folder.Get("bin/Morvanite.ini").toStdString(), testing::HasSubstr("position=30,40,730,540"));
     window.Restart();
     EXPECT_EQ(window.Frame().geometry(), QRect(30, 40, 700, 500));
@@ -72,6 +76,20 @@ TEST(FrameState, TheWindowComesBackWhereItWas)
     window.Frame().resize(10, 10);
     EXPECT_GE(window.Frame().width(), 500);
     EXPECT_GE(window.Frame().height(), 450);
+}
+
+TEST(FrameState, ADamagedStateOfTheBarsIsNotTaken)
+{
+    TestWindow window;
+    window.Start();
+    window.Frame().OutputBar().hide();
+    window.Frame().close();
+    QByteArray settings = window.folder.Get("bin/Morvanite.ini");
+    const qsizetype place = settings.indexOf("state=") + 40;
+    settings[place] = settings[place] == 'B' ? 'C' : 'B'; // a restore of such a one can crash
+    window.folder.Put("bin/Morvanite.ini", settings);
+    window.Restart();
+    EXPECT_FALSE(window.Frame().OutputBar().isHidden());
 }
 
 TEST(FrameState, TheToolboxIsToggledWhileALayoutIsShownAndRemembered)

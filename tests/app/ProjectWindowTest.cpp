@@ -142,8 +142,15 @@ TEST(ProjectWindow, AProjectThatDoesNotOpenLeavesTheWindowAsItWasAndSaysWhy)
     EXPECT_THAT(window.OutputText(), testing::HasSubstr("Fatal error: invalid resource format"));
     EXPECT_THAT(window.OutputText(), testing::HasSubstr("its configuration (config.xml beside it) is missing"));
     EXPECT_EQ(window.Frame().windowTitle(), u"Morvanite - [demo[*]]"_s);
-    EXPECT_TRUE(window.Frame().OpenProject(window.Project())) << "the open one";
+    ASSERT_TRUE(QFile::link(window.folder.Path("demo"), window.folder.Path("link")));
+    for (const QString &path : {window.Project(), window.folder.Path("link/demo.vcproj")})
+        EXPECT_TRUE(window.Frame().OpenProject(path)) << "the open one";
     EXPECT_EQ(window.app->Documents().Documents().size(), 1U);
+
+    window.Frame().RunCommand(CMD_OUTPUT);
+    window.Answer({QMessageBox::Ok});
+    EXPECT_FALSE(window.Frame().OpenProject(window.Project("bad")));
+    EXPECT_TRUE(window.boxes.last().contains(u"invalid resource format"_s)) << "there is no pane to tell it";
 }
 
 TEST(ProjectWindow, AStartWithAProjectThatDoesNotOpenEndsAndSaysWhyInTheBox)
@@ -152,7 +159,7 @@ TEST(ProjectWindow, AStartWithAProjectThatDoesNotOpenEndsAndSaysWhyInTheBox)
     window.MakeProject("bad", "<APP>");
     window.app = std::make_unique<CMorvaniteApp>();
     window.Answer({QMessageBox::Ok});
-    EXPECT_FALSE(window.app->InitInstance({window.Project("bad")}));
+    EXPECT_EQ(window.app->InitInstance({window.Project("bad")}), 1);
     EXPECT_TRUE(window.boxes.value(0).contains(u"could not be opened"_s) &&
                 window.boxes.value(0).contains(u"Fatal error: invalid resource format"_s))
         << qPrintable(window.boxes.value(0));
@@ -165,7 +172,7 @@ TEST(ProjectWindow, DroppedProjectsOpenAndOtherFilesAreRefused)
     window.Start();
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(window.Project()), QUrl::fromLocalFile(window.folder.Path("a.png")),
-                  QUrl::fromLocalFile(window.Project("other"))});
+                  QUrl::fromLocalFile(window.Project("other")), QUrl::fromLocalFile(window.folder.Path("b.png"))});
     window.Answer({QMessageBox::Ok});
     QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction, &data, Qt::LeftButton, {});
     QApplication::sendEvent(&window.Frame(), &enter);
@@ -173,7 +180,8 @@ TEST(ProjectWindow, DroppedProjectsOpenAndOtherFilesAreRefused)
     QDropEvent drop(QPointF(9, 9), Qt::CopyAction, &data, Qt::LeftButton, {});
     QApplication::sendEvent(&window.Frame(), &drop);
     window.Settle();
-    EXPECT_TRUE(window.boxes.value(0).contains(u"a.png is no project"_s));
+    EXPECT_TRUE(window.boxes.size() == 1 && window.boxes[0].contains(u"a.png\n"_s) &&
+                window.boxes[0].endsWith(u"b.png"_s));
     EXPECT_EQ(window.app->Documents().Documents().size(), 2U);
 
     QMenu *const menu = window.Frame().menuBar()->actions()[3]->menu();
@@ -187,6 +195,9 @@ TEST(ProjectWindow, DroppedProjectsOpenAndOtherFilesAreRefused)
         windows[0]->trigger();
     }
     EXPECT_EQ(window.Document().PathName(), window.Project());
+    window.Frame().RunCommand(CMD_CLOSE);
+    window.Settle();
+    EXPECT_TRUE(window.Child().isMaximized()) << "as the closed one was";
 }
 
 TEST(ProjectWindow, IsReachedByTheKeyboard)
@@ -237,6 +248,12 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
     window.Settle();
     EXPECT_EQ(Shown(layouts->child(0)), "240x320\n  ID_START\n");
     EXPECT_TRUE(window.Document().IsModified());
+    window.Document().SetModifiedFlag(false);
+    window.Frame().RunCommand(CMD_RENAME);
+    window.Tree().findChild<QLineEdit *>()->setText(u"id_second"_s);
+    window.Answer({QMessageBox::Cancel});
+    EXPECT_FALSE(window.Frame().close()) << "what is being typed counts";
+    EXPECT_EQ(Shown(layouts->child(0)), "240x320\n  ID_SECOND\n");
     window.Answer({QMessageBox::Ok});
     window.Tree().setCurrentItem(layouts->child(0));
     QListWidget &list = DefaultView(window);
@@ -257,8 +274,8 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
         window.Settle();
         EXPECT_EQ(layouts->child(0)->childCount(), left);
     }
-    EXPECT_EQ(window.boxes.size(), 3);
-    EXPECT_EQ(window.boxes.first(), u"The ID is invalid."_s);
+    EXPECT_EQ(window.boxes.size(), 4);
+    EXPECT_EQ(window.boxes[1], u"The ID is invalid."_s);
     EXPECT_FALSE(window.Document().IsIdInUse(u"ID_START"_s));
 }
 

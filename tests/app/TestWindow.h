@@ -54,7 +54,7 @@ struct TestWindow
     void Start(const QStringList &arguments = {})
     {
         app = std::make_unique<CMorvaniteApp>();
-        ASSERT_TRUE(app->InitInstance(arguments));
+        ASSERT_EQ(app->InitInstance(arguments), std::nullopt);
         app->Frame().activateWindow();
         Settle();
     }

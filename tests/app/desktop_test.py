@@ -110,6 +110,12 @@ class Desktop(unittest.TestCase):
         self.assertEqual(second.wait(10), 0, 'a second start ends at once')
         self.close(program)
 
+        both = [self.start(PROGRAM), self.start(PROGRAM)]  # an icon that is clicked twice
+        until(lambda: any(start.poll() == 0 for start in both))
+        self.window('^Morvanite$')
+        time.sleep(0.3)
+        self.close(next(start for start in both if start.poll() is None))
+
     def test_options_need_no_screen(self):
         said = {option: subprocess.run([PROGRAM, option], capture_output=True, text=True, env={**os.environ, 'DISPLAY': ''})
                 for option in ('--help', '--version')}

@@ -68,7 +68,7 @@ TEST(RunTool, GivesTheToolNothingToReadAndNoneOfOurFilesAndWaitsForItsEnd)
     project.folder.Put("my", "no reason to run it in the place of a tool in \"my tools\"");
     project.folder.MakeFolder("my tools");
     project.PutTool("echo \"$1\" > said; wc -c >> said; ls /proc/self/fd > files; echo dropped\n"
-                    "kill -USR1 $PPID; kill -USR1 $PPID; echo done >> said",
+                    "kill -USR1 $PPID; kill -USR1 $PPID; sleep 0.2; echo done >> said",
                     "my tools/Tool.exe");
     const int ours = open("app.axf", O_RDONLY); // deliberately inheritable
     ASSERT_EQ(dup2(ours, 200), 200);
@@ -78,13 +78,15 @@ TEST(RunTool, GivesTheToolNothingToReadAndNoneOfOurFilesAndWaitsForItsEnd)
     ASSERT_EQ(sigaction(SIGUSR1, &action, &before), 0);
     bool flushed = false;
     project.env.flushOutput = [&] { flushed = true; };
+    int turns = 0;
+    project.env.whileWaiting = [&] { ++turns; };
     EXPECT_EQ(RunTool(project.env, project.folder.Path("my tools") + u"\\tool.exe \"two words\""_s), 0);
     sigaction(SIGUSR1, &before, nullptr);
     close(200);
     close(ours);
     EXPECT_EQ(project.folder.Get("said"), "two words\n0\ndone\n");
     EXPECT_FALSE(project.folder.Get("files").contains("200"));
-    EXPECT_TRUE(flushed);
+    EXPECT_TRUE(flushed && turns > 0);
 
     for (const QString &command : {project.folder.Path("app.axf"), QString()})
         EXPECT_EQ(RunTool(project.env, command), TOOL_NOT_STARTED);

@@ -89,6 +89,11 @@ QSize CSizingControlBar::PreferredSize() const
 void CSizingControlBar::resizeEvent(QResizeEvent *event)
 {
     QDockWidget::resizeEvent(event);
+    RememberSize();
+}
+
+void CSizingControlBar::RememberSize()
+{
     if (isVisible() && widget())
         sizes[CurrentForm()] = widget()->size();
 }

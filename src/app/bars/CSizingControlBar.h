@@ -17,6 +17,8 @@ public:
     void ReadSizes(const Settings &settings);
     void StoreSizes(Settings &settings) const;
 
+    /// Takes the size that the bar has now, if it is shown, for the place where it stands.
+    void RememberSize();
     /// What the bar would take in the place where it stands.
     [[nodiscard]] QSize PreferredSize() const;
 

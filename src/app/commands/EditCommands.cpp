@@ -19,7 +19,6 @@ std::optional<CommandState> EditCommandState(int command, const EditControlState
     case CMD_CUT:
         return CommandState{control.hasSelection};
     case CMD_DELETE:
-        return CommandState{!control.readOnly};
     case CMD_SELECT_ALL:
         return CommandState{};
     default:
@@ -83,11 +82,14 @@ void FocusedEdit::Run(int command)
 {
     QWidget *const control = Control();
     if (auto *line = qobject_cast<QLineEdit *>(control)) {
-        command == CMD_DELETE ? line->del() : RunIn(*line, command);
+        if (command != CMD_DELETE)
+            RunIn(*line, command);
+        else if (!line->isReadOnly())
+            line->del();
     } else if (auto *text = qobject_cast<QPlainTextEdit *>(control)) {
-        if (command == CMD_DELETE)
-            text->textCursor().deleteChar();
-        else
+        if (command != CMD_DELETE)
             RunIn(*text, command);
+        else if (!text->isReadOnly())
+            text->textCursor().deleteChar();
     }
 }

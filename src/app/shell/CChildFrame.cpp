@@ -119,6 +119,7 @@ void CChildFrame::closeEvent(QCloseEvent *event)
     if (HasLeft())
         return;
     LeaveDocument();
+    QMdiSubWindow::closeEvent(event); // has the next one take over what this one was: maximised, or not
     if (closed)
         closed(document);
 }

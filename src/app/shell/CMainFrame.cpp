@@ -2,9 +2,9 @@
 
 #include "CInfoPane.h"
 #include "CSizingControlBar.h"
-#include "CommandHandler.h"
-#include "FrameState.h"
-#include "MenuTable.h"
+#include "Commands.h"
+#include "Environment.h"
+#include "HostFiles.h"
 #include "Paths.h"
 
 #include <QAbstractEventDispatcher>
@@ -12,7 +12,6 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QMdiArea>
-#include <QMenuBar>
 #include <QMimeData>
 #include <QPainter>
 #include <QSessionManager>
@@ -47,22 +46,6 @@ protected:
 };
 
 } // namespace
-
-CMainFrame::Busy::Busy(CMainFrame &mainFrame, quint32 command) : frame(mainFrame)
-{
-    frame.busyCommand = command;
-    const QString what = command == COMMAND_LOAD   ? QStringLiteral("opening a project")
-                         : command == COMMAND_SAVE ? QStringLiteral("saving a project")
-                         : command == COMMAND_PACK ? QStringLiteral("packing a project")
-                                                   : QStringLiteral("an unknown one");
-    frame.statusBar()->showMessage(QStringLiteral("The IDE's command is running: %1...").arg(what));
-}
-
-CMainFrame::Busy::~Busy()
-{
-    frame.statusBar()->clearMessage();
-    frame.busyCommand = 0;
-}
 
 CMainFrame::CMainFrame(Environment &environment, ProcessTables &processTables, CDocManager &documentManager)
     : env(environment), tables(processTables), documents(documentManager), area(new ProjectArea(this))
@@ -100,97 +83,6 @@ CMainFrame::~CMainFrame()
         delete child; // before the documents that its views look at
 }
 
-QAction *CMainFrame::AddAction(int command, const QString &text, const QString &shortcuts, bool isToggle)
-{
-    auto *const action = new QAction(text, this);
-    QList<QKeySequence> keys;
-    for (const QString &key : shortcuts.split(u' ', Qt::SkipEmptyParts))
-        keys.append(QKeySequence(key, QKeySequence::PortableText));
-    action->setShortcuts(keys);
-    action->setCheckable(isToggle);
-    connect(action, &QAction::triggered, this, [this, command] { route.Run(command); });
-    addAction(action);
-    actions[command] = action;
-    return action;
-}
-
-void CMainFrame::MakeActions()
-{
-    for (const bool hasDocument : {true, false}) {
-        for (const Menu &menu : MenuBar(hasDocument)) {
-            for (const MenuEntry &entry : menu.entries) {
-                if (entry.command != 0 && entry.command != CMD_RECENT_FILE && !actions.contains(entry.command))
-                    AddAction(entry.command, QString::fromLatin1(entry.text), QString::fromLatin1(entry.shortcuts),
-                              entry.isToggle);
-            }
-        }
-    }
-    for (const MenuEntry &entry : FurtherKeys())
-        AddAction(entry.command, QString(), QString::fromLatin1(entry.shortcuts), false);
-    for (int i = 0; i < RecentFiles::MOST; ++i) {
-        auto *const action = new QAction(this);
-        connect(action, &QAction::triggered, this, [this, i] { OpenRecent(i); });
-        recentActions.append(action);
-    }
-    actions[CMD_ABOUT]->setMenuRole(QAction::AboutRole);
-    actions[CMD_EXIT]->setMenuRole(QAction::QuitRole);
-}
-
-void CMainFrame::ShowMenus()
-{
-    const bool hasDocument = ActiveChild() != nullptr;
-    if (shownMenus == hasDocument)
-        return;
-    shownMenus = hasDocument;
-    windowActions.clear(); // they go with their menu
-    for (QAction *title : menuBar()->actions())
-        title->menu()->deleteLater();
-    menuBar()->clear();
-    for (const Menu &menu : MenuBar(hasDocument)) {
-        QMenu *const shown = menuBar()->addMenu(QString::fromLatin1(menu.title));
-        for (const MenuEntry &entry : menu.entries) {
-            if (entry.command == 0)
-                shown->addSeparator();
-            else if (entry.command == CMD_RECENT_FILE)
-                shown->addActions(recentActions);
-            else
-                shown->addAction(actions[entry.command]);
-        }
-        connect(shown, &QMenu::aboutToShow, this, [this] { UpdateCommands(); });
-        if (menu.listsWindows)
-            connect(shown, &QMenu::aboutToShow, this, [this, shown] { ShowWindows(shown); });
-    }
-    ShowRecentFiles();
-}
-
-void CMainFrame::ShowRecentFiles()
-{
-    const QStringList &paths = recentFiles.Paths();
-    for (int i = 0; i < recentActions.size(); ++i) {
-        QAction *const action = recentActions[i];
-        action->setVisible(i < paths.size() || i == 0); // an empty list shows that there is one
-        action->setEnabled(i < paths.size());
-        action->setText(i < paths.size() ? recentFiles.Label(i) : QStringLiteral("Recent File"));
-        action->setStatusTip(paths.value(i));
-    }
-}
-
-void CMainFrame::ShowWindows(QMenu *menu)
-{
-    qDeleteAll(std::exchange(windowActions, {menu->addSeparator()}));
-    for (CChildFrame *child : Children()) {
-        const CDocument &document = child->Document();
-        QString label = FileTitle(document.m_strPathName).replace(u'&', QStringLiteral("&&"));
-        if (windowActions.size() < 10)
-            label.prepend(QStringLiteral("&%1 ").arg(windowActions.size()));
-        QAction *const action = menu->addAction(label, this, [this, &document] { Activate(document); });
-        action->setCheckable(true);
-        action->setChecked(child == ActiveChild());
-        action->setStatusTip(document.m_strPathName);
-        windowActions.append(action);
-    }
-}
-
 std::vector<ICommandTarget *> CMainFrame::Targets() const
 {
     auto *const self = const_cast<CMainFrame *>(this);
@@ -198,19 +90,6 @@ std::vector<ICommandTarget *> CMainFrame::Targets() const
     CChildFrame *const child = ActiveChild();
     return {isInOutput ? static_cast<ICommandTarget *>(output) : nullptr, &self->focusedEdit,
             child ? child->ActiveView() : nullptr, child, self};
-}
-
-void CMainFrame::UpdateCommands()
-{
-    ShowMenus();
-    for (const auto &[command, action] : actions) {
-        const CommandState state = route.StateOf(command);
-        action->setEnabled(state.enabled);
-        if (action->isCheckable())
-            action->setChecked(state.checked);
-    }
-    UpdateIndicators();
-    ShowTitle();
 }
 
 /// Names the active project; as the window of a maximised one would, which keeps the two from fighting.
@@ -356,6 +235,12 @@ void CMainFrame::Activate(const CDocument &document)
 bool CMainFrame::OpenProject(const QString &path)
 {
     const WaitCursor cursor;
+    told.clear();
+    // One that is open by another name, through a link, would be overwritten from two windows.
+    for (const auto &open : documents.Documents()) {
+        if (IsSameFile(HostPath(open->m_strPathName), HostPath(path)))
+            return documents.OpenDocumentFile(open->m_strPathName) != nullptr;
+    }
     return documents.OpenDocumentFile(path) != nullptr;
 }
 
@@ -395,6 +280,7 @@ void CMainFrame::closeEvent(QCloseEvent *event)
         event->ignore(); // the command, the box or the menu has to end first
         return;
     }
+    TakeLabel();
     StoreState();
     if (stopWatching)
         stopWatching();
@@ -448,15 +334,24 @@ void CMainFrame::dropEvent(QDropEvent *event)
     event->acceptProposedAction();
     // Not within the drop: whoever is dragged from waits for its end.
     const QStringList files = DroppedFiles(event->mimeData());
-    QTimer::singleShot(0, this, [this, files] { OpenDropped(files); });
+    QTimer::singleShot(0, this, [this, files] { AfterCommand([this, files] { OpenDropped(files); }); });
 }
 
 void CMainFrame::OpenDropped(const QStringList &files)
 {
+    constexpr qsizetype MOST_NAMED = 10;
+    QStringList others;
     for (const QString &file : files) {
         if (FileExtension(file).compare(u"vcproj", Qt::CaseInsensitive) == 0)
             (void)OpenProject(CanonicalPath(file));
         else
-            MessageBox(QStringLiteral("%1 is no project. Drop the project's .vcproj file here.").arg(file));
+            others.append(file);
     }
+    if (others.size() > MOST_NAMED)
+        others = others.first(MOST_NAMED) << QStringLiteral("...");
+    if (!others.isEmpty())
+        MessageBox((others.size() == 1
+                        ? QStringLiteral("%1 is no project. Drop the project's .vcproj file here.")
+                        : QStringLiteral("These are no projects. Drop a project's .vcproj file here.\n\n%1"))
+                       .arg(others.join(u'\n')));
 }

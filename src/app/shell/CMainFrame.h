@@ -42,19 +42,26 @@ public:
     /// Ends the watching of files, with all that hangs on it.
     std::function<void()> stopWatching;
 
-    /// A command of the channel runs, for as long as this lives: the status bar tells, and the window takes no input.
-    class Busy
+    /// A command of the channel runs, for as long as this lives: the status bar tells, and what the user does is
+    /// dropped.
+    class Busy : public QObject
     {
     public:
         Busy(CMainFrame &mainFrame, quint32 command);
-        ~Busy();
-        Busy(const Busy &) = delete;
-        Busy &operator=(const Busy &) = delete;
+        ~Busy() override;
+
+        bool eventFilter(QObject *watched, QEvent *event) override;
 
     private:
         CMainFrame &frame;
         WaitCursor cursor{Qt::BusyCursor};
     };
+
+    /// Ends what the user is in the middle of, where a command of the channel begins: menus close, and a label that is
+    /// being edited is taken.
+    void EndInput();
+    /// Has something done as soon as no command of the channel runs.
+    void AfterCommand(std::function<void()> action);
 
     [[nodiscard]] CInfoPane &Output() { return *output; }
     [[nodiscard]] CSizingControlBar &OutputBar() { return *outputBar; }
@@ -73,7 +80,7 @@ public:
     [[nodiscard]] Answer AskYesNoCancel(const QString &question) override;
     void ShowMessage(const QString &text) override { MessageBox(text); }
     void ShowPane(Pane) override {}
-    void RunCommand(int command) override { route.Run(command); }
+    void RunCommand(int command) override;
     [[nodiscard]] bool IsEnabled(int command) const override { return route.StateOf(command).enabled; }
     // ICommandTarget
     [[nodiscard]] std::optional<CommandState> StateOf(int command) const override;
@@ -81,6 +88,9 @@ public:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
@@ -100,10 +110,12 @@ private:
     /// Has menus, keys and tool bar show what each command is at this moment.
     void UpdateCommands();
     void UpdateIndicators();
+    void UpdateIndicatorsAfter(const QKeyEvent &event);
     void ShowTitle();
     void Opened(CDocument &document);
     void Activate(const CDocument &document);
     void EndSession(QSessionManager &session);
+    void TakeLabel();
     void ChooseProject();
     void OpenDropped(const QStringList &files);
     void GoToPane(int step);
@@ -137,5 +149,7 @@ private:
     QLabel *indicators[KeyboardLocks::LOCKS] = {};
     std::optional<bool> shownMenus; // for a document or none
     quint32 busyCommand = 0;
+    std::vector<std::function<void()>> afterCommand;
+    QString told; // the end of the output since the user did something, seen or not
     int openBoxes = 0;
 };

@@ -21,27 +21,33 @@ CMorvaniteApp::CMorvaniteApp()
 
 CMorvaniteApp::~CMorvaniteApp()
 {
+    env.whileWaiting = nullptr;
     commands.reset();
     frame.reset();
     documents.CloseAll();
 }
 
-bool CMorvaniteApp::InitInstance(const QStringList &arguments)
+std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
 {
     if (env.codePageUnknown) {
         (void)ShowBox(nullptr, QMessageBox::Critical,
                       QStringLiteral("Morvanite.ini: there is no code page \"%1\" (section Text, key code_page). "
                                      "Correct it and start Morvanite again.")
                           .arg(env.settings.String("Text", "code_page")));
-        return false; // with another, a save would destroy the projects' texts
+        return 1; // with another, a save would destroy the projects' texts
     }
     QStringList paths; // now: an opening changes the current folder
     for (const QString &argument : arguments)
         paths.append(CanonicalPath(QDir::current().absoluteFilePath(argument)));
     QString error;
     if (!server.Listen(error)) {
-        (void)ShowBox(nullptr, QMessageBox::Critical, error);
-        return false;
+        // Another start may have taken the place since the first look.
+        QString hangs;
+        if (ShowFirstInstance(PATIENCE_MS, hangs) == FirstInstance::Shown)
+            return 0;
+        (void)ShowBox(nullptr, QMessageBox::Critical,
+                      QStringLiteral("The place where commands of an IDE arrive can't be taken: %1").arg(error));
+        return 1;
     }
     commands = std::make_unique<QSocketNotifier>(server.PollFd(), QSocketNotifier::Read);
     QObject::connect(commands.get(), &QSocketNotifier::activated, [this] { server.Dispatch(); });
@@ -53,6 +59,10 @@ bool CMorvaniteApp::InitInstance(const QStringList &arguments)
             frame->WriteLine(text);
     };
     handler.idleOutput = [this](QStringView text) { frame->WriteOutput(text); };
+    env.whileWaiting = [this] {
+        if (frame->BusyCommand() != 0)
+            pipe.Breathe();
+    };
     handler.bringToTop = [this] { frame->BringToTop(); };
     frame->pauseCommands = [this](bool pause) { server.SetPaused(pause); };
     frame->stopWatching = [this] {
@@ -61,13 +71,13 @@ bool CMorvaniteApp::InitInstance(const QStringList &arguments)
         reloadFlags.layouts.clear();
     };
     frame->Restore();
-    bool isOpen = true;
+    bool isAnyOpen = paths.isEmpty();
     for (const QString &path : paths)
-        isOpen = frame->OpenProject(path) && isOpen;
-    if (!isOpen)
-        return false; // which has been told
+        isAnyOpen = frame->OpenProject(path) || isAnyOpen;
+    if (!isAnyOpen)
+        return 1; // which has been told
     frame->show();
-    return true;
+    return std::nullopt;
 }
 
 int CMorvaniteApp::RunCommand(quint32 dwData, QByteArrayView record)
@@ -77,11 +87,12 @@ int CMorvaniteApp::RunCommand(quint32 dwData, QByteArrayView record)
         return 1;
     }
     const CMainFrame::Busy busy(*frame, dwData);
+    frame->EndInput();
     pipe.Breathe();
     try {
         return handler.Handle(dwData, record);
     } catch (const std::bad_alloc &) { // the next command may need less
-        frame->WriteLine(QStringLiteral("A command of the IDE ran out of memory."));
+        frame->AfterCommand([this] { frame->WriteLine(QStringLiteral("A command of the IDE ran out of memory.")); });
         return 1;
     }
 }

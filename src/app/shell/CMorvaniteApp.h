@@ -6,6 +6,7 @@
 #include "ReportPipe.h"
 
 #include <memory>
+#include <optional>
 
 class QSocketNotifier;
 
@@ -18,9 +19,10 @@ public:
     CMorvaniteApp(const CMorvaniteApp &) = delete;
     CMorvaniteApp &operator=(const CMorvaniteApp &) = delete;
 
-    /// Takes the window's place on the channel, makes the window, opens the project that `arguments` name, if they do,
-    /// and shows the window. False, with the reason told, when the program can't go on.
-    [[nodiscard]] bool InitInstance(const QStringList &arguments);
+    /// Takes the window's place on the channel, makes the window, opens the projects that `arguments` name, if they do,
+    /// and shows the window. Where the program can't go on, its exit status: 0 when a window that runs already has come
+    /// to the front, else 1, with the reason told.
+    [[nodiscard]] std::optional<int> InitInstance(const QStringList &arguments);
 
     [[nodiscard]] CMainFrame &Frame() { return *frame; }
     [[nodiscard]] CDocManager &Documents() { return documents; }

@@ -2,7 +2,7 @@
 
 #include "Settings.h"
 
-#include <cstdio>
+#include <QRegularExpression>
 
 QString PositionText(const QRect &position)
 {
@@ -16,16 +16,22 @@ QString PositionText(const QRect &position)
 namespace
 {
 
-/// As scanning with "%d,%d,..." finds them.
+/// As scanning with "%d,%d,..." finds them: blanks may stand before a number, and anything behind the last. A number
+/// that int doesn't hold ends them.
 QList<int> LeadingNumbers(const QString &text, int most)
 {
+    static const QRegularExpression number(QStringLiteral("\\G\\s*([+-]?[0-9]+)(,?)"));
     QList<int> numbers;
-    for (const QString &part : text.split(u',')) {
-        bool isNumber = false;
-        const int number = part.trimmed().toInt(&isNumber);
-        if (!isNumber || numbers.size() == most)
+    QRegularExpressionMatch found = number.match(text);
+    while (found.hasMatch() && numbers.size() < most) {
+        bool fits = false;
+        const int value = found.capturedView(1).toInt(&fits);
+        if (!fits)
             break;
-        numbers.append(number);
+        numbers.append(value);
+        if (found.capturedView(2).isEmpty())
+            break;
+        found = number.match(text, found.capturedEnd());
     }
     return numbers;
 }
@@ -75,7 +81,7 @@ QRect BroughtBack(const QRect &position, const QList<QRect> &screens)
     for (const QRect &screen : screens) {
         const QRect title = screen & QRect(position.topLeft(), QSize(position.width(), TITLE_HEIGHT));
         if (title.width() >= ENOUGH && title.height() > 0)
-            return QRect(position.topLeft(), position.size().boundedTo(all.size()));
+            return QRect(position.topLeft(), position.size().boundedTo(all.size() - QSize(0, TITLE_HEIGHT)));
     }
     const QRect &first = screens.front();
     QRect back(first.topLeft(), position.size().expandedTo(SmallestFrame(first.size())).boundedTo(first.size()));

@@ -2,9 +2,15 @@
 
 #include <QDir>
 #include <QFile>
+#include <QGuiApplication>
+
+#include <cstdlib>
+#include <xcb/xcb.h>
 
 KeyboardLocks::KeyboardLocks(const char *folder)
 {
+    if (QGuiApplication::platformName() == QLatin1String("xcb"))
+        display.reset(xcb_connect(nullptr, nullptr));
     static constexpr const char *NAMES[] = {"*::capslock", "*::numlock", "*::scrolllock"};
     const QDir leds(QString::fromUtf8(folder));
     for (int lock = 0; lock < LOCKS; ++lock) {
@@ -13,12 +19,27 @@ KeyboardLocks::KeyboardLocks(const char *folder)
     }
 }
 
-bool KeyboardLocks::IsOn(Lock lock) const
+void KeyboardLocks::Disconnect::operator()(xcb_connection_t *connection) const
 {
-    for (const QByteArray &light : lights[lock]) {
-        QFile file(QFile::decodeName(light));
-        if (file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) && file.read(8).trimmed().toInt() > 0)
-            return true;
+    xcb_disconnect(connection);
+}
+
+void KeyboardLocks::Read()
+{
+    if (display && !xcb_connection_has_error(display.get())) {
+        // The first three lights of a keyboard are these, in this order.
+        auto *const reply =
+            xcb_get_keyboard_control_reply(display.get(), xcb_get_keyboard_control(display.get()), nullptr);
+        for (int lock = 0; reply && lock < LOCKS; ++lock)
+            isOn[lock] = (reply->led_mask >> lock) & 1;
+        return std::free(reply);
     }
-    return false;
+    for (int lock = 0; lock < LOCKS; ++lock) {
+        isOn[lock] = false;
+        for (const QByteArray &light : lights[lock]) {
+            QFile file(QFile::decodeName(light));
+            if (file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) && file.read(8).trimmed().toInt() > 0)
+                isOn[lock] = true;
+        }
+    }
 }

@@ -19,7 +19,7 @@ void LivePipe::Breathe()
     constexpr qint64 BETWEEN_MS = 40;
     if (last.isValid() && last.elapsed() < BETWEEN_MS)
         return;
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
+    QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers);
     if (serveMeanwhile)
         serveMeanwhile();
     last.start();

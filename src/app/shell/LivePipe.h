@@ -20,7 +20,7 @@ public:
     void Flush() override;
     void Close() override { pipe.Close(); }
 
-    /// Lets the window draw itself and answer the desktop, but takes no input.
+    /// Lets the window draw itself and answer the desktop. What the user does meanwhile is the window's to refuse.
     void Breathe();
 
 private:

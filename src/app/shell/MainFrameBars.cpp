@@ -8,12 +8,15 @@
 #include "MenuTable.h"
 
 #include <QCloseEvent>
+#include <QCryptographicHash>
 #include <QFontDatabase>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolBar>
 
 namespace
@@ -34,6 +37,11 @@ constexpr CommandIcon COMMAND_ICONS[] = {
     {CMD_OPEN, UiIcon::Open}, {CMD_SAVE, UiIcon::Save},     {CMD_UNDO, UiIcon::Undo},
     {CMD_REDO, UiIcon::Redo}, {CMD_OUTPUT, UiIcon::Output}, {CMD_ABOUT, UiIcon::About},
 };
+
+QString CheckOf(const QByteArray &state)
+{
+    return QString::fromLatin1(QCryptographicHash::hash(state, QCryptographicHash::Md5).toHex());
+}
 
 } // namespace
 
@@ -62,10 +70,38 @@ void CMainFrame::MakeStatusBar()
         statusBar()->addPermanentWidget(label);
         indicators[lock] = label;
     }
+    UpdateIndicators();
+}
+
+void CMainFrame::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        UpdateIndicators();
+}
+
+void CMainFrame::keyPressEvent(QKeyEvent *event)
+{
+    UpdateIndicatorsAfter(*event);
+    QMainWindow::keyPressEvent(event);
+}
+
+void CMainFrame::keyReleaseEvent(QKeyEvent *event)
+{
+    UpdateIndicatorsAfter(*event);
+    QMainWindow::keyReleaseEvent(event);
+}
+
+void CMainFrame::UpdateIndicatorsAfter(const QKeyEvent &event)
+{
+    constexpr int LIGHTS_TAKE_MS = 50;
+    if (event.key() == Qt::Key_CapsLock || event.key() == Qt::Key_NumLock || event.key() == Qt::Key_ScrollLock)
+        QTimer::singleShot(LIGHTS_TAKE_MS, this, [this] { UpdateIndicators(); });
 }
 
 void CMainFrame::UpdateIndicators()
 {
+    locks.Read();
     static constexpr const char *TEXTS[] = {"CAP", "NUM", "SCRL"};
     for (int lock = 0; lock < KeyboardLocks::LOCKS; ++lock) {
         const bool isOn = locks.IsOn(KeyboardLocks::Lock(lock));
@@ -124,8 +160,11 @@ void CMainFrame::Restore()
         setWindowState(Qt::WindowMaximized);
     statusBar()->setVisible(env.settings.Int("DockState", "statusBar", 1) != 0);
 
+    (void)winId(); // what floats is shown before the window, and has to know whose it is
     const QByteArray bars = QByteArray::fromBase64(env.settings.String("DockState", "state").toLatin1());
-    if (bars.isEmpty() || !restoreState(bars, DOCK_STATE_VERSION))
+    // A state that isn't whole would end the program at each start.
+    const bool isWhole = !bars.isEmpty() && env.settings.String("DockState", "check") == CheckOf(bars);
+    if (!isWhole || !restoreState(bars, DOCK_STATE_VERSION))
         ShowOutput(true);
     toolboxBar->hide(); // it belongs to layouts
 }
@@ -144,13 +183,16 @@ void CMainFrame::StoreState()
         store("Frame", "position", PositionText(geometry()));
     }
     for (const auto &[section, bar] : {std::pair("Toolbox", toolboxBar), {"Output", outputBar}}) {
+        bar->RememberSize();
         const QSize size = bar->PreferredSize();
         if (size.width() > 0 && size.height() > 0)
             store(section, "size", SizeText(size));
         bar->StoreSizes(settings);
     }
     store("DockState", "statusBar", QString::number(int(!statusBar()->isHidden())));
-    store("DockState", "state", QString::fromLatin1(saveState(DOCK_STATE_VERSION).toBase64()));
+    const QByteArray bars = saveState(DOCK_STATE_VERSION);
+    store("DockState", "state", QString::fromLatin1(bars.toBase64()));
+    store("DockState", "check", CheckOf(bars));
 }
 
 void CMainFrame::ShowOutput(bool show)
@@ -170,6 +212,8 @@ void CMainFrame::ToggleToolbox()
 
 void CMainFrame::WriteOutput(QStringView text)
 {
+    constexpr qsizetype MOST_TOLD = 1000;
+    told = told.append(text).remove(u'\r').right(MOST_TOLD);
     if (!outputBar->isHidden())
         output->Append(text);
 }

@@ -1,8 +1,9 @@
 // The boxes and dialogs of the main frame.
 #include "AboutBox.h"
 #include "Boxes.h"
-#include "CInfoPane.h"
 #include "CMainFrame.h"
+#include "CSizingControlBar.h"
+#include "Environment.h"
 #include "Paths.h"
 
 #include <QFileDialog>
@@ -36,8 +37,11 @@ void CMainFrame::ChooseProject()
     QString path;
     {
         const ModalBox box(*this);
-        path = QFileDialog::getOpenFileName(this, QStringLiteral("Open"), QString(),
-                                            QStringLiteral("Project Files (*.vcproj)"));
+        const CChildFrame *const child = ActiveChild();
+        const QString last = child ? child->Document().PathName() : recentFiles.Paths().value(0);
+        path =
+            QFileDialog::getOpenFileName(this, QStringLiteral("Open"), last.isEmpty() ? QString() : DirectoryOf(last),
+                                         QStringLiteral("Project Files (*.vcproj)"));
     }
     if (!path.isEmpty())
         (void)OpenProject(CanonicalPath(path));
@@ -45,16 +49,17 @@ void CMainFrame::ChooseProject()
 
 void CMainFrame::MessageBox(const QString &text)
 {
-    constexpr qsizetype MOST_TOLD = 1000;
+    if (busyCommand != 0)
+        return AfterCommand([this, text] { MessageBox(text); }); // there may be nobody to answer it
     const ModalBox box(*this);
-    output->Flush();
-    // Before the window is there nobody sees the output that a box speaks of.
-    const QString told = isVisible() ? QString() : QStringLiteral("\n\n") + output->toPlainText().right(MOST_TOLD);
-    (void)ShowBox(this, QMessageBox::Warning, text + told);
+    const bool isSeen = isVisible() && !outputBar->isHidden();
+    (void)ShowBox(this, QMessageBox::Warning, isSeen || told.isEmpty() ? text : text + QStringLiteral("\n\n") + told);
 }
 
 bool CMainFrame::AskYesNo(const QString &question)
 {
+    if (busyCommand != 0)
+        return false;
     const ModalBox box(*this);
     return ShowBox(this, QMessageBox::Question, question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
            QMessageBox::Yes;
@@ -62,6 +67,8 @@ bool CMainFrame::AskYesNo(const QString &question)
 
 Answer CMainFrame::AskYesNoCancel(const QString &question)
 {
+    if (busyCommand != 0)
+        return Answer::Cancel;
     const ModalBox box(*this);
     switch (ShowBox(this, QMessageBox::Question, question, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
                     QMessageBox::Yes)) {

@@ -3,6 +3,8 @@
 #include "Paths.h"
 #include "Settings.h"
 
+#include <algorithm>
+
 namespace
 {
 
@@ -60,5 +62,10 @@ QString RecentFiles::Label(int index) const
     QString path = paths.value(index);
     if (path.size() > LONGEST)
         path = path.first(HEAD) + QStringLiteral("...") + path.last(LONGEST - HEAD - 3);
+    const bool hasRightToLeft = std::any_of(path.cbegin(), path.cend(), [](QChar c) {
+        return c.direction() == QChar::DirR || c.direction() == QChar::DirAL;
+    });
+    if (hasRightToLeft) // else neighbouring folders of such a script change places
+        path.replace(u'/', QStringLiteral("/\u200E"));
     return QStringLiteral("&%1 %2").arg(index + 1).arg(path.replace(u'&', QStringLiteral("&&")));
 }

@@ -32,7 +32,6 @@ int main(int argc, char **argv)
         if (const std::optional<int> status = AnswerWithoutWindow(argv[i]))
             return *status;
     }
-    constexpr int PATIENCE_MS = 4000;
     std::signal(SIGPIPE, SIG_IGN);
     QString error;
     // Before anything of a window is made: a second start is over in a moment.
@@ -45,6 +44,7 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("morvanite"));
     QApplication::setApplicationVersion(QStringLiteral(MORVANITE_VERSION));
+    QApplication::setWindowIcon(MakeIcon(UiIcon::Application));
     QApplication::setDesktopFileName(QStringLiteral("org.morvanite.Morvanite"));
     if (first == FirstInstance::NoAnswer) {
         (void)ShowBox(nullptr, QMessageBox::Critical, error);
@@ -58,5 +58,6 @@ int main(int argc, char **argv)
         }
     }
     CMorvaniteApp app;
-    return app.InitInstance(arguments) ? QApplication::exec() : 1;
+    const std::optional<int> ended = app.InitInstance(arguments);
+    return ended ? *ended : QApplication::exec();
 }

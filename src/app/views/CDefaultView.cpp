@@ -7,12 +7,22 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
+namespace
+{
+
+constexpr int ICON_SIDE = 32;
+constexpr int GRID_WIDTH = 96;
+constexpr int GRID_HEIGHT = 72;
+
+} // namespace
+
 CDefaultView::CDefaultView(CResDoc &projectDocument, CProjView &projectTree)
     : document(projectDocument), tree(projectTree)
 {
     setViewMode(QListView::IconMode);
-    setIconSize(QSize(32, 32));
-    setGridSize(QSize(96, 72));
+    setIconSize(QSize(ICON_SIDE, ICON_SIDE));
+    setGridSize(QSize(GRID_WIDTH, GRID_HEIGHT));
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setMovement(QListView::Static);
     setResizeMode(QListView::Adjust);
     setWordWrap(true);
@@ -65,6 +75,13 @@ void CDefaultView::showEvent(QShowEvent *event)
 {
     QListWidget::showEvent(event);
     Fill();
+}
+
+/// A narrow view shows narrow columns, so that no name is cut off.
+void CDefaultView::resizeEvent(QResizeEvent *event)
+{
+    setGridSize(QSize(qBound(ICON_SIDE + 8, viewport()->width() - 2, GRID_WIDTH), GRID_HEIGHT));
+    QListWidget::resizeEvent(event);
 }
 
 void CDefaultView::Fill()

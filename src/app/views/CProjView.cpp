@@ -5,6 +5,7 @@
 #include "ProjectTree.h"
 
 #include <QContextMenuEvent>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QScopedValueRollback>
@@ -34,7 +35,9 @@ CProjView::CProjView(CResDoc &projectDocument, IViewHost &viewHost) : document(p
     setIconSize(QSize(16, 16));
     setEditTriggers(QAbstractItemView::SelectedClicked);
     setItemDelegate(new LabelDelegate(this));
-    setTextElideMode(Qt::ElideMiddle);
+    setTextElideMode(Qt::ElideNone); // what is wider scrolls
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    connect(this, &QTreeWidget::itemExpanded, this, &CProjView::FitColumn);
     connect(this, &QTreeWidget::currentItemChanged, this, [this] { SelectionChanged(); });
     connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem *item) { LabelEdited(item); });
     document.AddView(this);
@@ -110,6 +113,13 @@ void CProjView::Fill()
     }
     QTreeWidgetItem *const item = selected ? ItemOf(selected) : nullptr;
     setCurrentItem(item ? item : topLevelItem(0));
+    FitColumn();
+}
+
+/// The column is as wide as the view, and wider where the longest label is.
+void CProjView::FitColumn()
+{
+    header()->setMinimumSectionSize(sizeHintForColumn(0));
 }
 
 QTreeWidgetItem *CProjView::Insert(QTreeWidgetItem *parent, CResFolder &folder)
@@ -161,6 +171,7 @@ void CProjView::EditLabel(QTreeWidgetItem *item, const QString &typed)
         const QScopedValueRollback filling(isFilling, true);
         item->setText(0, folder->title);
         item->setToolTip(0, folder->title);
+        FitColumn();
     }
     if (!edit.message.isEmpty())
         host.ShowMessage(edit.message);
@@ -214,6 +225,7 @@ void CProjView::NewLayout(const CResFolder &folder)
         const QScopedValueRollback filling(isFilling, true);
         item = Insert(parent, *made);
         parent->setExpanded(true);
+        FitColumn();
     }
     setCurrentItem(item);
     editItem(item);
@@ -248,9 +260,24 @@ void CProjView::contextMenuEvent(QContextMenuEvent *event)
     QTreeWidgetItem *item = isFromKeyboard ? currentItem() : itemAt(event->pos());
     if (!item)
         item = topLevelItem(0);
-    if (item)
-        OpenContextMenu(item,
-                        isFromKeyboard ? viewport()->mapToGlobal(visualItemRect(item).center()) : event->globalPos());
+    if (!item)
+        return;
+    if (isFromKeyboard)
+        scrollToItem(item);
+    OpenContextMenu(item, isFromKeyboard ? viewport()->mapToGlobal(MiddleOfText(item)) : event->globalPos());
+}
+
+QPoint CProjView::MiddleOfText(const QTreeWidgetItem *item) const
+{
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.rect = visualItemRect(item);
+    option.features = QStyleOptionViewItem::HasDecoration | QStyleOptionViewItem::HasDisplay;
+    option.icon = item->icon(0);
+    option.text = item->text(0);
+    QRect text = style()->subElementRect(QStyle::SE_ItemViewItemText, &option, this);
+    text.setWidth(qMin(text.width(), fontMetrics().horizontalAdvance(option.text)));
+    return text.center();
 }
 
 namespace

@@ -50,6 +50,8 @@ private:
     void DeleteLayout(CResFolder &folder);
     [[nodiscard]] CResFolder *TargetFolder() const { return contextFolder ? contextFolder : selectedFolder; }
     void UpdatePanes();
+    void FitColumn();
+    [[nodiscard]] QPoint MiddleOfText(const QTreeWidgetItem *item) const;
 
     CResDoc &document;
     IViewHost &host;

@@ -264,13 +264,15 @@ public:
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State) override
     {
+        if (mode == QIcon::Selected)
+            PaintHalo(*painter, rect);
         const int side = qMin(rect.width(), rect.height());
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         painter->translate(rect.x() + (rect.width() - side) / 2.0, rect.y() + (rect.height() - side) / 2.0);
         painter->scale(side / 16.0, side / 16.0);
         if (mode == QIcon::Disabled)
-            painter->setOpacity(0.35);
+            painter->setOpacity(QGuiApplication::palette().window().color().lightness() < 128 ? 0.55 : 0.35);
         Draw(icon, *painter);
         painter->restore();
     }
@@ -294,6 +296,20 @@ public:
     [[nodiscard]] QIconEngine *clone() const override { return new VectorEngine(icon); }
 
 private:
+    /// An edge in the colour of selected text around the icon, which might be of the colour of the selection.
+    void PaintHalo(QPainter &painter, const QRect &rect)
+    {
+        const qreal ratio = painter.device()->devicePixelRatioF();
+        QPixmap shape = pixmap(rect.size() * ratio, QIcon::Normal, QIcon::Off);
+        shape.setDevicePixelRatio(ratio);
+        QPainter inner(&shape);
+        inner.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        inner.fillRect(QRect(QPoint(), rect.size()), QGuiApplication::palette().highlightedText());
+        inner.end();
+        for (const QPointF &offset : {QPointF(-1, 0), QPointF(1, 0), QPointF(0, -1), QPointF(0, 1)})
+            painter.drawPixmap(rect.topLeft() + offset * (rect.width() / 16.0), shape);
+    }
+
     UiIcon icon;
 };
 

@@ -55,14 +55,6 @@ QByteArray OutputPath(const QString &path)
                       : HostPath(QStringView(host).first(slash)) + QStringView(host).sliced(slash).toUtf8();
 }
 
-bool IsSameFile(const QByteArray &a, const QByteArray &b)
-{
-    struct stat first;
-    struct stat second;
-    return stat(a.constData(), &first) == 0 && stat(b.constData(), &second) == 0 && first.st_dev == second.st_dev &&
-           first.st_ino == second.st_ino;
-}
-
 FileHandle CreateOutput(const QByteArray &host)
 {
     struct stat old;

@@ -7,9 +7,6 @@ class Environment;
 /// The host path of a file to be made: folders are matched without regard to case, the file's own name stays as it is.
 [[nodiscard]] QByteArray OutputPath(const QString &path);
 
-/// True when both names lead to the same file of the disk.
-[[nodiscard]] bool IsSameFile(const QByteArray &a, const QByteArray &b);
-
 /// Opens a file empty for writing; not open: errno tells why. An old file is replaced by a new one of the same mode,
 /// which costs half of emptying it; a link or a device is written through.
 [[nodiscard]] FileHandle CreateOutput(const QByteArray &host);

@@ -42,6 +42,8 @@ public:
     Sink output;
     /// What `FlushOutput` calls; may be empty.
     std::function<void()> flushOutput;
+    /// Called again and again while the program waits for an outside tool; may be empty.
+    std::function<void()> whileWaiting;
     /// Who gets what `DebugTrace` writes; empty by default.
     Sink trace;
 

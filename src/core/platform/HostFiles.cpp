@@ -115,6 +115,14 @@ QString CurrentFolder()
     return getcwd(path, sizeof path) ? QString::fromUtf8(path) : QString();
 }
 
+bool IsSameFile(const QByteArray &a, const QByteArray &b)
+{
+    struct stat first;
+    struct stat second;
+    return stat(a.constData(), &first) == 0 && stat(b.constData(), &second) == 0 && first.st_dev == second.st_dev &&
+           first.st_ino == second.st_ino;
+}
+
 bool DeleteFileOnDisk(QStringView path)
 {
     return unlink(HostPath(path).constData()) == 0;

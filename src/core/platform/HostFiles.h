@@ -71,6 +71,8 @@ bool CreateFolderOnDisk(QStringView path);
 /// project's: whoever goes on with relative paths reads and writes there.
 [[nodiscard]] bool SetCurrentFolder(QStringView path);
 [[nodiscard]] QString CurrentFolder();
+/// True when both names lead to the same file of the disk.
+[[nodiscard]] bool IsSameFile(const QByteArray &a, const QByteArray &b);
 bool DeleteFileOnDisk(QStringView path);
 /// Clears a file's read-only state (adds the owner's right to write).
 void MakeWritable(QStringView path);

@@ -6,8 +6,10 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <poll.h>
 #include <spawn.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -73,6 +75,22 @@ public:
     posix_spawnattr_t attributes;
 };
 
+void WaitFor(pid_t child, const std::function<void()> &meanwhile)
+{
+    constexpr int PATIENCE_MS = 50;
+    const FileHandle watched(meanwhile ? int(syscall(SYS_pidfd_open, child, 0)) : -1);
+    pollfd ends{watched.Get(), POLLIN, 0};
+    for (int ended = 0; watched.IsOpen() && ended <= 0;) {
+        ended = poll(&ends, 1, PATIENCE_MS);
+        if (ended < 0 && errno != EINTR)
+            break;
+        if (ended == 0)
+            meanwhile();
+    }
+    while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
+    }
+}
+
 } // namespace
 
 std::vector<QByteArray> SplitCommandLine(QStringView commandLine)
@@ -130,7 +148,6 @@ int RunTool(Environment &env, const QString &commandLine)
         env.DebugTrace("CreateProcess failed (%d)\n", error);
         return TOOL_NOT_STARTED;
     }
-    while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
-    }
+    WaitFor(child, env.whileWaiting);
     return 0;
 }

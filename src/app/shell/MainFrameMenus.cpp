@@ -1,0 +1,111 @@
+// The menus of the main frame, and what they show of the commands.
+#include "CMainFrame.h"
+#include "MenuTable.h"
+#include "Paths.h"
+
+#include <QMenuBar>
+
+#include <utility>
+
+QAction *CMainFrame::AddAction(int command, const QString &text, const QString &shortcuts, bool isToggle)
+{
+    auto *const action = new QAction(text, this);
+    QList<QKeySequence> keys;
+    for (const QString &key : shortcuts.split(u' ', Qt::SkipEmptyParts))
+        keys.append(QKeySequence(key, QKeySequence::PortableText));
+    action->setShortcuts(keys);
+    action->setCheckable(isToggle);
+    connect(action, &QAction::triggered, this, [this, command] { RunCommand(command); });
+    addAction(action);
+    actions[command] = action;
+    return action;
+}
+
+void CMainFrame::MakeActions()
+{
+    for (const bool hasDocument : {true, false}) {
+        for (const Menu &menu : MenuBar(hasDocument)) {
+            for (const MenuEntry &entry : menu.entries) {
+                if (entry.command != 0 && entry.command != CMD_RECENT_FILE && !actions.contains(entry.command))
+                    AddAction(entry.command, QString::fromLatin1(entry.text), QString::fromLatin1(entry.shortcuts),
+                              entry.isToggle);
+            }
+        }
+    }
+    for (const MenuEntry &entry : FurtherKeys())
+        AddAction(entry.command, QString(), QString::fromLatin1(entry.shortcuts), false);
+    for (int i = 0; i < RecentFiles::MOST; ++i) {
+        auto *const action = new QAction(this);
+        connect(action, &QAction::triggered, this, [this, i] { OpenRecent(i); });
+        recentActions.append(action);
+    }
+    actions[CMD_ABOUT]->setMenuRole(QAction::AboutRole);
+    actions[CMD_EXIT]->setMenuRole(QAction::QuitRole);
+}
+
+void CMainFrame::ShowMenus()
+{
+    const bool hasDocument = ActiveChild() != nullptr;
+    if (shownMenus == hasDocument)
+        return;
+    shownMenus = hasDocument;
+    windowActions.clear(); // they go with their menu
+    for (QAction *title : menuBar()->actions())
+        title->menu()->deleteLater();
+    menuBar()->clear();
+    for (const Menu &menu : MenuBar(hasDocument)) {
+        QMenu *const shown = menuBar()->addMenu(QString::fromLatin1(menu.title));
+        for (const MenuEntry &entry : menu.entries) {
+            if (entry.command == 0)
+                shown->addSeparator();
+            else if (entry.command == CMD_RECENT_FILE)
+                shown->addActions(recentActions);
+            else
+                shown->addAction(actions[entry.command]);
+        }
+        connect(shown, &QMenu::aboutToShow, this, [this] { UpdateCommands(); });
+        if (menu.listsWindows)
+            connect(shown, &QMenu::aboutToShow, this, [this, shown] { ShowWindows(shown); });
+    }
+    ShowRecentFiles();
+}
+
+void CMainFrame::ShowRecentFiles()
+{
+    const QStringList &paths = recentFiles.Paths();
+    for (int i = 0; i < recentActions.size(); ++i) {
+        QAction *const action = recentActions[i];
+        action->setVisible(i < paths.size() || i == 0); // an empty list shows that there is one
+        action->setEnabled(i < paths.size());
+        action->setText(i < paths.size() ? recentFiles.Label(i) : QStringLiteral("Recent File"));
+        action->setStatusTip(paths.value(i));
+    }
+}
+
+void CMainFrame::ShowWindows(QMenu *menu)
+{
+    qDeleteAll(std::exchange(windowActions, {menu->addSeparator()}));
+    for (CChildFrame *child : Children()) {
+        const CDocument &document = child->Document();
+        QString label = FileTitle(document.m_strPathName).replace(u'&', QStringLiteral("&&"));
+        if (windowActions.size() < 10)
+            label.prepend(QStringLiteral("&%1 ").arg(windowActions.size()));
+        QAction *const action = menu->addAction(label, this, [this, &document] { Activate(document); });
+        action->setCheckable(true);
+        action->setChecked(child == ActiveChild());
+        action->setStatusTip(document.m_strPathName);
+        windowActions.append(action);
+    }
+}
+
+void CMainFrame::UpdateCommands()
+{
+    ShowMenus();
+    for (const auto &[command, action] : actions) {
+        const CommandState state = route.StateOf(command);
+        action->setEnabled(state.enabled);
+        if (action->isCheckable())
+            action->setChecked(state.checked);
+    }
+    ShowTitle();
+}
