@@ -73,6 +73,20 @@ void CMainFrame::MakeStatusBar()
     UpdateIndicators();
 }
 
+/// A bar that floats was shown before the window was there to lie under it.
+void CMainFrame::showEvent(QShowEvent *event)
+{
+    QMainWindow::showEvent(event);
+    for (CSizingControlBar *bar : {toolboxBar, outputBar}) {
+        if (event->spontaneous() || !bar->isFloating() || bar->isHidden())
+            continue;
+        QTimer::singleShot(0, bar, [bar] {
+            bar->hide();
+            bar->show();
+        });
+    }
+}
+
 void CMainFrame::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
@@ -160,7 +174,6 @@ void CMainFrame::Restore()
         setWindowState(Qt::WindowMaximized);
     statusBar()->setVisible(env.settings.Int("DockState", "statusBar", 1) != 0);
 
-    (void)winId(); // what floats is shown before the window, and has to know whose it is
     const QByteArray bars = QByteArray::fromBase64(env.settings.String("DockState", "state").toLatin1());
     // A state that isn't whole would end the program at each start.
     const bool isWhole = !bars.isEmpty() && env.settings.String("DockState", "check") == CheckOf(bars);
