@@ -82,10 +82,13 @@ bool CResDoc::BuildFolderTree(const QString &path)
     ProjectConfig config;
     ReadConfig(env, path, config);
     if (config.zepVersion < OLDEST_VERSION) {
+        const QString problem = !config.problem.isEmpty()
+                                    ? config.problem
+                                    : QStringLiteral("has the zepversion %1, and %2 is the lowest that opens")
+                                          .arg(config.zepVersion)
+                                          .arg(OLDEST_VERSION);
         if (services.Explain)
-            services.Explain(
-                path + QStringLiteral(": its configuration (config.xml beside it) is missing, can't be read, has a "
-                                      "zepversion below 20, or has a path of more than 520 characters"));
+            services.Explain(QStringLiteral("The project's configuration %1: %2").arg(problem, config.file));
         return false;
     }
     const int own = tables.resolutions.IndexOf(config.width, config.height);

@@ -46,12 +46,17 @@ void ReadApplication(const TiXmlElement &application, ProjectConfig &config)
 
 void ReadConfig(const Environment &env, const QString &path, ProjectConfig &config)
 {
-    QString file = env.settings.String("Path", "proj_cfg", ".\\config.xml");
-    if (!MakeAbsolute(file, DirectoryOf(path)))
+    config.file = env.settings.String("Path", "proj_cfg", ".\\config.xml");
+    if (!MakeAbsolute(config.file, DirectoryOf(path))) {
+        config.problem = QStringLiteral("would have a path of more than 520 characters");
         return;
+    }
     TiXmlDocument document;
-    if (LoadXml(env, file, document) != 0)
+    if (const int code = LoadXml(env, config.file, document)) {
+        config.problem = code == -1 ? QStringLiteral("is missing or can't be read")
+                                    : QStringLiteral("is not well-formed (line %1)").arg(qMax(1, document.ErrorRow()));
         return;
+    }
     const TiXmlElement *first = document.FirstChildElement();
     bool hasResolution = false;
     bool hasApplication = false;

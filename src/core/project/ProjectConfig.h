@@ -11,6 +11,8 @@ struct ProjectConfig
     bool tarvoChecked = false;
     qint32 width = 0; ///< pixels
     qint32 height = 0;
+    QString file;    ///< the path of the configuration
+    QString problem; ///< what it is or has that it gave nothing; empty when it was read
 };
 
 /// Fills what the configuration of the project at `path` (its ".vcproj" file) has; leaves the rest, and all of it when
