@@ -6,12 +6,14 @@
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QStyle>
 
 namespace
 {
 
 constexpr int ICON_SIDE = 32;
 constexpr int GRID_WIDTH = 96;
+constexpr int NARROWEST = 64; // has room for the name of a resolution
 constexpr int GRID_HEIGHT = 72;
 
 } // namespace
@@ -23,6 +25,7 @@ CDefaultView::CDefaultView(CResDoc &projectDocument, CProjView &projectTree)
     setIconSize(QSize(ICON_SIDE, ICON_SIDE));
     setGridSize(QSize(GRID_WIDTH, GRID_HEIGHT));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setMinimumWidth(NARROWEST + style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2 * frameWidth() + 2);
     setMovement(QListView::Static);
     setResizeMode(QListView::Adjust);
     setWordWrap(true);
@@ -80,7 +83,7 @@ void CDefaultView::showEvent(QShowEvent *event)
 /// A narrow view shows narrow columns, so that no name is cut off.
 void CDefaultView::resizeEvent(QResizeEvent *event)
 {
-    setGridSize(QSize(qBound(ICON_SIDE + 8, viewport()->width() - 2, GRID_WIDTH), GRID_HEIGHT));
+    setGridSize(QSize(qBound(NARROWEST, viewport()->width() - 2, GRID_WIDTH), GRID_HEIGHT));
     QListWidget::resizeEvent(event);
 }
 
