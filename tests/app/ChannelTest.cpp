@@ -61,6 +61,7 @@ TEST(Channel, AnIdesCommandsRunInTheWindowWithoutBoxesAndWithNothingInThePane)
         const CMainFrame::Busy busy(window.Frame(), COMMAND_PACK);
         EXPECT_TRUE(window.Frame().statusBar()->currentMessage().contains(u"packing"_s));
         EXPECT_FALSE(window.Frame().close()) << "not while a command runs";
+        EXPECT_FALSE(window.Child().close());
         window.Document().SetModifiedFlag(true);
         QTest::keyClick(&window.Frame(), Qt::Key_S, Qt::ControlModifier);
         EXPECT_TRUE(window.Document().IsModified()) << "what the user does meanwhile is dropped";

@@ -146,6 +146,13 @@ TEST(ProjectWindow, AProjectThatDoesNotOpenLeavesTheWindowAsItWasAndSaysWhy)
     for (const QString &path : {window.Project(), window.folder.Path("link/demo.vcproj")})
         EXPECT_TRUE(window.Frame().OpenProject(path)) << "the open one";
     EXPECT_EQ(window.app->Documents().Documents().size(), 1U);
+    window.MakeProject("copy", "<APP/>");
+    ASSERT_TRUE(
+        QFile::rename(window.folder.Path("copy/res/copy.res.xml"), window.folder.Path("copy/res/demo.res.xml")));
+    ASSERT_TRUE(QFile::link(window.Project(), window.folder.Path("copy/demo.vcproj")));
+    EXPECT_TRUE(window.Frame().OpenProject(window.folder.Path("copy/demo.vcproj")));
+    EXPECT_EQ(window.app->Documents().Documents().size(), 2U) << "a project is where its folder is";
+    window.Frame().RunCommand(CMD_CLOSE);
 
     window.Frame().RunCommand(CMD_OUTPUT);
     window.Answer({QMessageBox::Ok});
@@ -253,6 +260,14 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
     window.Tree().findChild<QLineEdit *>()->setText(u"id_second"_s);
     window.Answer({QMessageBox::Cancel});
     EXPECT_FALSE(window.Frame().close()) << "what is being typed counts";
+    window.Frame().activateWindow();
+    window.Settle();
+    window.Frame().RunCommand(CMD_RENAME);
+    QLineEdit *const again = window.Tree().findChild<QLineEdit *>();
+    ASSERT_NE(again, nullptr);
+    again->setText(u"id_image"_s);
+    window.Answer({QMessageBox::Ok});
+    EXPECT_FALSE(window.Frame().close()) << "nobody ends who has just been told to correct something";
     EXPECT_EQ(Shown(layouts->child(0)), "240x320\n  ID_SECOND\n");
     window.Answer({QMessageBox::Ok});
     window.Tree().setCurrentItem(layouts->child(0));
@@ -274,8 +289,8 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
         window.Settle();
         EXPECT_EQ(layouts->child(0)->childCount(), left);
     }
-    EXPECT_EQ(window.boxes.size(), 4);
-    EXPECT_EQ(window.boxes[1], u"The ID is invalid."_s);
+    EXPECT_EQ(window.boxes.size(), 5);
+    EXPECT_EQ(window.boxes[2], u"The ID is invalid."_s);
     EXPECT_FALSE(window.Document().IsIdInUse(u"ID_START"_s));
 }
 

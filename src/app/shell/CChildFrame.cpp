@@ -111,7 +111,7 @@ bool CChildFrame::MayClose()
 
 void CChildFrame::closeEvent(QCloseEvent *event)
 {
-    if (!HasLeft() && !MayClose()) {
+    if (!HasLeft() && (!shell.IsEnabled(CMD_CLOSE) || !MayClose())) { // not during a command of the channel
         event->ignore();
         return;
     }

@@ -4,7 +4,6 @@
 #include "CSizingControlBar.h"
 #include "Commands.h"
 #include "Environment.h"
-#include "HostFiles.h"
 #include "Paths.h"
 
 #include <QAbstractEventDispatcher>
@@ -236,11 +235,6 @@ bool CMainFrame::OpenProject(const QString &path)
 {
     const WaitCursor cursor;
     told.clear();
-    // One that is open by another name, through a link, would be overwritten from two windows.
-    for (const auto &open : documents.Documents()) {
-        if (IsSameFile(HostPath(open->m_strPathName), HostPath(path)))
-            return documents.OpenDocumentFile(open->m_strPathName) != nullptr;
-    }
     return documents.OpenDocumentFile(path) != nullptr;
 }
 
@@ -280,7 +274,10 @@ void CMainFrame::closeEvent(QCloseEvent *event)
         event->ignore(); // the command, the box or the menu has to end first
         return;
     }
-    TakeLabel();
+    if (!TakeLabel()) {
+        event->ignore();
+        return;
+    }
     StoreState();
     if (stopWatching)
         stopWatching();
@@ -301,7 +298,7 @@ void CMainFrame::EndSession(QSessionManager &session)
 {
     if (!session.allowsInteraction())
         return;
-    if (busyCommand != 0 || openBoxes > 0 || !MayCloseAll())
+    if (busyCommand != 0 || openBoxes > 0 || !TakeLabel() || !MayCloseAll())
         session.cancel();
     session.release();
 }

@@ -42,8 +42,8 @@ public:
     /// Ends the watching of files, with all that hangs on it.
     std::function<void()> stopWatching;
 
-    /// A command of the channel runs, for as long as this lives: the status bar tells, and what the user does is
-    /// dropped.
+    /// A command of the channel runs, for as long as this lives. What the user is in the middle of ends (menus close, a
+    /// label that is being edited is taken), what the user does is dropped, and the status bar tells.
     class Busy : public QObject
     {
     public:
@@ -55,11 +55,9 @@ public:
     private:
         CMainFrame &frame;
         WaitCursor cursor{Qt::BusyCursor};
+        Qt::MouseButtons dropped; // pressed during the command
     };
 
-    /// Ends what the user is in the middle of, where a command of the channel begins: menus close, and a label that is
-    /// being edited is taken.
-    void EndInput();
     /// Has something done as soon as no command of the channel runs.
     void AfterCommand(std::function<void()> action);
 
@@ -81,7 +79,10 @@ public:
     void ShowMessage(const QString &text) override { MessageBox(text); }
     void ShowPane(Pane) override {}
     void RunCommand(int command) override;
-    [[nodiscard]] bool IsEnabled(int command) const override { return route.StateOf(command).enabled; }
+    [[nodiscard]] bool IsEnabled(int command) const override
+    {
+        return busyCommand == 0 && route.StateOf(command).enabled;
+    }
     // ICommandTarget
     [[nodiscard]] std::optional<CommandState> StateOf(int command) const override;
     void Run(int command) override;
@@ -116,7 +117,7 @@ private:
     void Opened(CDocument &document);
     void Activate(const CDocument &document);
     void EndSession(QSessionManager &session);
-    void TakeLabel();
+    bool TakeLabel();
     void ChooseProject();
     void OpenDropped(const QStringList &files);
     void GoToPane(int step);
@@ -153,4 +154,5 @@ private:
     std::vector<std::function<void()>> afterCommand;
     QString told; // the end of the output since the user did something, seen or not
     int openBoxes = 0;
+    int messages = 0; // how many the user was shown, or is to be
 };

@@ -84,10 +84,11 @@ int CMorvaniteApp::RunCommand(quint32 dwData, QByteArrayView record)
 {
     if (dwData == COMMAND_SHOW) {
         frame->BringToTop();
-        return 1;
+        return WINDOW_SHOWN;
     }
+    if (dwData != COMMAND_LOAD && dwData != COMMAND_SAVE && dwData != COMMAND_PACK)
+        return handler.Handle(dwData, record); // which ignores it
     const CMainFrame::Busy busy(*frame, dwData);
-    frame->EndInput();
     pipe.Breathe();
     try {
         return handler.Handle(dwData, record);

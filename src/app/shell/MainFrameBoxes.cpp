@@ -49,6 +49,7 @@ void CMainFrame::ChooseProject()
 
 void CMainFrame::MessageBox(const QString &text)
 {
+    ++messages;
     if (busyCommand != 0)
         return AfterCommand([this, text] { MessageBox(text); }); // there may be nobody to answer it
     const ModalBox box(*this);

@@ -5,6 +5,7 @@
 
 #include <QMenuBar>
 
+#include <algorithm>
 #include <utility>
 
 QAction *CMainFrame::AddAction(int command, const QString &text, const QString &shortcuts, bool isToggle)
@@ -85,9 +86,16 @@ void CMainFrame::ShowRecentFiles()
 void CMainFrame::ShowWindows(QMenu *menu)
 {
     qDeleteAll(std::exchange(windowActions, {menu->addSeparator()}));
-    for (CChildFrame *child : Children()) {
+    const QList<CChildFrame *> children = Children();
+    for (const CChildFrame *child : children) {
         const CDocument &document = child->Document();
-        QString label = FileTitle(document.m_strPathName).replace(u'&', QStringLiteral("&&"));
+        QString label = FileTitle(document.m_strPathName);
+        const auto isNamesake = [&](const CChildFrame *other) {
+            return FileTitle(other->Document().PathName()) == label;
+        };
+        if (std::count_if(children.begin(), children.end(), isNamesake) > 1)
+            label += QStringLiteral(" (%1)").arg(DirectoryOf(document.m_strPathName));
+        label.replace(u'&', QStringLiteral("&&"));
         if (windowActions.size() < 10)
             label.prepend(QStringLiteral("&%1 ").arg(windowActions.size()));
         QAction *const action = menu->addAction(label, this, [this, &document] { Activate(document); });

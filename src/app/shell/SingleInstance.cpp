@@ -64,5 +64,10 @@ FirstInstance ShowFirstInstance(int milliseconds, QString &error)
             return FirstInstance::None;
         received += size > 0 ? size_t(size) : 0;
     }
-    return FirstInstance::Shown;
+    if (qFromLittleEndian<quint32>(answer.data()) == WINDOW_SHOWN)
+        return FirstInstance::Shown;
+    error =
+        QStringLiteral("The place of the window is taken by a program without one, such as \"morvanite-cli serve\". "
+                       "End that first.");
+    return FirstInstance::NoAnswer;
 }

@@ -5,6 +5,9 @@
 /// The command by which a second start has the window come to the front; its record is empty. It waits for nothing.
 inline constexpr quint32 COMMAND_SHOW = 0xAFBDDB00;
 
+/// What a window answers to it; who knows no such command answers 1.
+inline constexpr quint32 WINDOW_SHOWN = 2;
+
 /// How long a start waits for the window that runs already.
 inline constexpr int PATIENCE_MS = 4000;
 

@@ -50,7 +50,8 @@ int main(int argc, char **argv)
         (void)ShowBox(nullptr, QMessageBox::Critical, error);
         return 1;
     }
-    const QStringList arguments = QApplication::arguments().mid(1);
+    QStringList arguments = QApplication::arguments().mid(1);
+    arguments.removeOne(QStringLiteral("--"));
     for (const QString &argument : arguments) {
         if (argument.startsWith(u'-')) {
             std::fprintf(stderr, "morvanite: unknown option %s\n%s", qUtf8Printable(argument), USAGE);

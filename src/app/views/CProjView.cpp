@@ -38,6 +38,7 @@ CProjView::CProjView(CResDoc &projectDocument, IViewHost &viewHost) : document(p
     setTextElideMode(Qt::ElideNone); // what is wider scrolls
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     connect(this, &QTreeWidget::itemExpanded, this, &CProjView::FitColumn);
+    connect(this, &QTreeWidget::itemCollapsed, this, &CProjView::FitColumn);
     connect(this, &QTreeWidget::currentItemChanged, this, [this] { SelectionChanged(); });
     connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem *item) { LabelEdited(item); });
     document.AddView(this);
@@ -277,7 +278,7 @@ QPoint CProjView::MiddleOfText(const QTreeWidgetItem *item) const
     option.text = item->text(0);
     QRect text = style()->subElementRect(QStyle::SE_ItemViewItemText, &option, this);
     text.setWidth(qMin(text.width(), fontMetrics().horizontalAdvance(option.text)));
-    return text.center();
+    return {qMin(text.center().x(), viewport()->width() - 1), text.center().y()};
 }
 
 namespace

@@ -5,7 +5,6 @@
 #include "PackRequest.h"
 #include "Paths.h"
 
-#include <cerrno>
 #include <utility>
 
 QString PackReportText(int errorCode)
@@ -108,7 +107,7 @@ void CommandHandler::Pack(const PackCommandRecord &record)
 quint32 CommandHandler::GetCommandID(const QString *docPath) const
 {
     env.DebugTrace("enter CMainFrame::GetCommandID, docPath=%s", docPath ? qUtf8Printable(*docPath) : "(null)");
-    if (CommandTarget && docPath && IsSamePath(*CommandTarget, *docPath)) {
+    if (CommandTarget && docPath && NamesSameFile(*CommandTarget, *docPath)) {
         env.DebugTrace("CMainFrame::GetCommandID, return m_uCmdId=%ud", commandId);
         return commandId;
     }
@@ -179,7 +178,7 @@ int CommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &record)
     if (!parameters)
         return int(ReportCode::BadPackRequest);
     if (!SetCurrentFolder(DirectoryOf(doc.PathName())))
-        return errno; // its folder is gone
+        return int(ReportCode::NoDocument); // its folder is gone
     return Packer::Pack(*parameters, doc, packInputs);
 }
 

@@ -64,7 +64,7 @@ public:
     void Save(const CommandRecord &record);
     void Pack(const PackCommandRecord &record);
 
-    /// The command that is running for the document of that path (IsSamePath); 0 when none is.
+    /// The command that is running for the document of that path (NamesSameFile); 0 when none is.
     [[nodiscard]] quint32 GetCommandID(const QString *docPath) const;
 
     /// Where output goes while no command runs; nothing by default.

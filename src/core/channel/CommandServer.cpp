@@ -158,8 +158,8 @@ void CommandServer::AcceptWaiting()
         Connection &connection = *(connections[++lastId] = std::make_unique<Connection>());
         connection.socket = std::move(socket);
         connection.watch.id = lastId;
-        connection.lastActivity = ++activity;
         WatchConnection(connection);
+        Serve(lastId); // now: who has sent a whole command isn't closed for a newcomer
     }
 }
 

@@ -1,6 +1,6 @@
 #include "Document.h"
 
-#include "Paths.h"
+#include "HostFiles.h"
 
 #include <algorithm>
 
@@ -57,7 +57,7 @@ CDocument *CDocManager::OpenDocumentFile(const QString &path)
 CDocument *CDocManager::FindDocument(const QString &path) const
 {
     const auto found = std::find_if(documents.begin(), documents.end(),
-                                    [&](const auto &document) { return IsSamePath(document->m_strPathName, path); });
+                                    [&](const auto &document) { return NamesSameFile(document->m_strPathName, path); });
     return found == documents.end() ? nullptr : found->get();
 }
 

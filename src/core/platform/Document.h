@@ -71,7 +71,7 @@ public:
     /// Opens a path into a new document, or gives the open one of that path. Null when it doesn't load: the document
     /// has then reported it (ReportSaveLoadException) and is closed. Keeps ownership.
     CDocument *OpenDocumentFile(const QString &path);
-    /// The first open document of that path (IsSamePath); null if there is none.
+    /// The first open document of that path (NamesSameFile); null if there is none.
     [[nodiscard]] CDocument *FindDocument(const QString &path) const;
     /// Runs OnCloseDocument and destroys it.
     void CloseDocument(CDocument *document);

@@ -1,5 +1,7 @@
 #include "HostFiles.h"
 
+#include "Paths.h"
+
 #include <QDir>
 #include <QFile>
 
@@ -121,6 +123,13 @@ bool IsSameFile(const QByteArray &a, const QByteArray &b)
     struct stat second;
     return stat(a.constData(), &first) == 0 && stat(b.constData(), &second) == 0 && first.st_dev == second.st_dev &&
            first.st_ino == second.st_ino;
+}
+
+bool NamesSameFile(const QString &a, const QString &b)
+{
+    return IsSamePath(a, b) ||
+           (EqualsNoCase(FileTitle(a), FileTitle(b)) && EqualsNoCase(FileExtension(a), FileExtension(b)) &&
+            IsSameFile(HostPath(DirectoryOf(a)), HostPath(DirectoryOf(b))));
 }
 
 bool DeleteFileOnDisk(QStringView path)

@@ -73,6 +73,8 @@ bool CreateFolderOnDisk(QStringView path);
 [[nodiscard]] QString CurrentFolder();
 /// True when both names lead to the same file of the disk.
 [[nodiscard]] bool IsSameFile(const QByteArray &a, const QByteArray &b);
+/// True when both paths name one file, which need not be there: also where a link leads to the folder of one.
+[[nodiscard]] bool NamesSameFile(const QString &a, const QString &b);
 bool DeleteFileOnDisk(QStringView path);
 /// Clears a file's read-only state (adds the owner's right to write).
 void MakeWritable(QStringView path);
