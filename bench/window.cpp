@@ -12,8 +12,8 @@ int main(int argc, char **argv)
     (void)ShowFirstInstance(1000, error);
     QApplication application(argc, argv);
     CMorvaniteApp app;
-    if (!app.InitInstance(QApplication::arguments().mid(1)))
-        return 1;
+    if (const std::optional<int> ended = app.InitInstance(QApplication::arguments().mid(1)))
+        return *ended;
     CChildFrame *const child = app.Frame().ActiveChild();
     return child ? RunUntilPainted(child->Tree()) : RunUntilPainted(app.Frame().Output());
 }
