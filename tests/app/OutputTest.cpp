@@ -38,6 +38,27 @@ TEST(InfoPane, FollowsTheEndUnlessTheUserIsElsewhere)
     EXPECT_TRUE(pane.textCursor().atEnd()) << "an empty pane is followed again";
 }
 
+TEST(InfoPane, ShowsAFloodPieceByPieceInItsOrder)
+{
+    CInfoPane pane;
+    QString all;
+    for (int i = 0; i < 5000; ++i) {
+        const QString line = u"line %1 of many\r\n"_s.arg(i);
+        pane.Append(line.first(7));
+        pane.Append(line.mid(7));
+        all += line;
+    }
+    QCoreApplication::processEvents();
+    EXPECT_LT(pane.toPlainText().size(), all.size() / 2) << "the rest waits, and with it nothing else";
+    all.remove(u'\r');
+    EXPECT_TRUE(TestWindow::WaitFor([&] { return pane.toPlainText().size() >= all.size(); }));
+    EXPECT_EQ(pane.toPlainText(), all);
+    pane.Append(u"late\r\n");
+    pane.Run(CMD_CLEAR_OUTPUT); // nothing comes after it
+    TestWindow::Settle();
+    EXPECT_TRUE(pane.toPlainText().isEmpty());
+}
+
 TEST(MainFrame, WhatIsWrittenWhileTheOutputIsHiddenIsDropped)
 {
     TestWindow window;

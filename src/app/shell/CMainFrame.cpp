@@ -234,7 +234,7 @@ void CMainFrame::Activate(const CDocument &document)
 bool CMainFrame::OpenProject(const QString &path)
 {
     const WaitCursor cursor;
-    told.clear();
+    told.Clear();
     return documents.OpenDocumentFile(path) != nullptr;
 }
 

@@ -4,6 +4,7 @@
 #include "CommandRoute.h"
 #include "EditCommands.h"
 #include "KeyboardLocks.h"
+#include "OutputTail.h"
 #include "RecentFiles.h"
 #include "WaitCursor.h"
 
@@ -152,7 +153,7 @@ private:
     std::optional<bool> shownMenus; // for a document or none
     quint32 busyCommand = 0;
     std::vector<std::function<void()>> afterCommand;
-    QString told; // the end of the output since the user did something, seen or not
+    OutputTail told; // the end of the output since the user did something, seen or not
     int openBoxes = 0;
     int messages = 0; // how many the user was shown, or is to be
 };

@@ -225,8 +225,7 @@ void CMainFrame::ToggleToolbox()
 
 void CMainFrame::WriteOutput(QStringView text)
 {
-    constexpr qsizetype MOST_TOLD = 1000;
-    told = told.append(text).remove(u'\r').right(MOST_TOLD);
+    told.Append(text);
     if (!outputBar->isHidden())
         output->Append(text);
 }

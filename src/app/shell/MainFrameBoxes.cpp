@@ -53,8 +53,8 @@ void CMainFrame::MessageBox(const QString &text)
     if (busyCommand != 0)
         return AfterCommand([this, text] { MessageBox(text); }); // there may be nobody to answer it
     const ModalBox box(*this);
-    const bool isSeen = isVisible() && !outputBar->isHidden();
-    (void)ShowBox(this, QMessageBox::Warning, isSeen || told.isEmpty() ? text : text + QStringLiteral("\n\n") + told);
+    const QString reason = isVisible() && !outputBar->isHidden() ? QString() : told.Text();
+    (void)ShowBox(this, QMessageBox::Warning, reason.isEmpty() ? text : text + QStringLiteral("\n\n") + reason);
 }
 
 bool CMainFrame::AskYesNo(const QString &question)

@@ -81,7 +81,7 @@ void CMainFrame::RunCommand(int command)
 {
     if (busyCommand != 0)
         return;
-    told.clear();
+    told.Clear();
     if (focusedEdit.StateOf(command) || TakeLabel())
         route.Run(command);
 }

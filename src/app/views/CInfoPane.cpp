@@ -10,6 +10,13 @@
 #include <QTextOption>
 #include <QTimer>
 
+namespace
+{
+
+constexpr qsizetype PIECE = 16 << 10; // characters: shown within a few milliseconds
+
+} // namespace
+
 CInfoPane::CInfoPane(QWidget *parent) : QPlainTextEdit(parent)
 {
     setReadOnly(true);
@@ -30,41 +37,37 @@ CInfoPane::CInfoPane(QWidget *parent) : QPlainTextEdit(parent)
 
 void CInfoPane::Append(QStringView text)
 {
-    pending += text;
+    if (pending.empty() || (pending.back().size() >= PIECE && pending.back().endsWith(u'\n')))
+        pending.emplace_back();
+    pending.back() += text;
     ShowLater();
 }
 
 void CInfoPane::ShowLater()
 {
-    if (isWaiting || pending.isEmpty())
+    if (isWaiting || pending.empty())
         return;
     isWaiting = true;
     QTimer::singleShot(0, this, [this] {
         isWaiting = false;
         ShowPiece();
+        ShowLater();
     });
 }
 
 void CInfoPane::ShowPiece()
 {
-    constexpr qsizetype PIECE = 64 << 10;
-    const qsizetype end = pending.indexOf(u'\n', taken + PIECE) + 1;
-    if (end == 0)
-        return Flush();
-    const QString piece = pending.mid(taken, end - taken);
-    taken = end;
+    if (pending.empty())
+        return;
+    const QString piece = std::move(pending.front());
+    pending.pop_front();
     Show(piece);
-    ShowLater();
 }
 
 void CInfoPane::Flush()
 {
-    // A line end may come in two pieces, which would show as two.
-    const bool isCut = pending.endsWith(u'\r');
-    const QString text = pending.mid(taken, pending.size() - taken - isCut);
-    pending = isCut ? QStringLiteral("\r") : QString();
-    taken = 0;
-    Show(text);
+    while (!pending.empty())
+        ShowPiece();
 }
 
 void CInfoPane::Show(QString text)
@@ -122,7 +125,6 @@ void CInfoPane::Run(int command)
         break;
     case CMD_CLEAR_OUTPUT:
         pending.clear();
-        taken = 0;
         clear();
         break;
     default:

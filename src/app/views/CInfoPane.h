@@ -4,6 +4,8 @@
 
 #include <QPlainTextEdit>
 
+#include <deque>
+
 /// The text of the Output bar: what loads, saves, imports and packs have to say.
 ///
 /// It follows the newest line unless the user has put the caret elsewhere or selected something.
@@ -32,7 +34,6 @@ private:
     void ShowPiece();
     void Show(QString text);
 
-    QString pending;
-    qsizetype taken = 0;    // so much of it shows already
-    bool isWaiting = false; // for the event loop
+    std::deque<QString> pending; // pieces of whole lines, but for the last
+    bool isWaiting = false;      // for the event loop
 };
