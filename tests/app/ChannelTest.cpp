@@ -95,7 +95,7 @@ TEST(Channel, ACommandEndsWhatTheUserIsInTheMiddleOf)
     window.Tree().findChild<QLineEdit *>()->setText(u"1 bad"_s);
     QTimer boxes;
     QObject::connect(&boxes, &QTimer::timeout,
-                     [&] { EXPECT_TRUE(!QApplication::activeModalWidget() || window.Frame().BusyCommand() == 0); });
+                     [&] { EXPECT_TRUE(!QApplication::activeModalWidget() || !window.Frame().Turn().IsOn()); });
     boxes.start(1);
     window.Answer({QMessageBox::Ok});
     Send(COMMAND_LOAD, RecordOf(window.Project("other")));
@@ -121,7 +121,7 @@ TEST(Channel, ACommandWaitsWhileABoxIsOpenButASecondStartDoesNot)
         if (QWidget *box = QApplication::activeModalWidget())
             box->close();
     });
-    window.Frame().MessageBox(u"wait"_s);
+    window.Frame().Boxes().MessageBox(u"wait"_s);
     EXPECT_TRUE(TestWindow::WaitFor([&] { return isOver.load(); }));
     others.join();
     EXPECT_NE(window.Frame().ActiveChild(), nullptr);

@@ -2,11 +2,13 @@
 
 #include "CInfoPane.h"
 #include "CSizingControlBar.h"
+#include "CommandHandler.h"
 #include "Commands.h"
 #include "Environment.h"
 #include "Paths.h"
 
 #include <QAbstractEventDispatcher>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -59,10 +61,10 @@ CMainFrame::CMainFrame(Environment &environment, ProcessTables &processTables, C
     area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(area);
     route.targets = [this] { return Targets(); };
+    boxes.unseenOutput = [this] { return isVisible() && !outputBar->isHidden() ? QString() : told.Text(); };
     recentFiles.Read(env.settings);
     MakeActions();
     MakeToolBar();
-    MakeStatusBar();
     MakeBars();
     ShowMenus();
     documents.opened = [this](CDocument &document) { Opened(document); };
@@ -142,7 +144,7 @@ void CMainFrame::Run(int command)
         close();
         return;
     case CMD_ABOUT:
-        return ShowAbout();
+        return boxes.ShowAbout();
     case CMD_TOOLBAR:
         return toolBar->setVisible(toolBar->isHidden());
     case CMD_STATUS_BAR:
@@ -231,6 +233,54 @@ void CMainFrame::Activate(const CDocument &document)
     }
 }
 
+CMainFrame::Busy::Busy(CMainFrame &mainFrame, quint32 command) : frame(mainFrame)
+{
+    frame.turn.Begin();
+    (void)frame.TakeLabel();
+    const QString what = command == COMMAND_LOAD   ? QStringLiteral("opening a project")
+                         : command == COMMAND_SAVE ? QStringLiteral("saving a project")
+                                                   : QStringLiteral("packing a project");
+    frame.statusBar()->showMessage(QStringLiteral("The IDE's command is running: %1...").arg(what));
+}
+
+CMainFrame::Busy::~Busy()
+{
+    frame.statusBar()->clearMessage();
+    frame.turn.End();
+    frame.indicators.Update(); // the keys of the locks work all the same
+}
+
+/// Takes the label that is being edited in a tree or a list, as leaving it does. False when it was refused, which the
+/// user has been told.
+bool CMainFrame::TakeLabel()
+{
+    const int before = boxes.Messages();
+    QWidget *const edit = FocusedEdit::Control();
+    for (QWidget *widget = edit ? edit->parentWidget() : nullptr; widget; widget = widget->parentWidget()) {
+        if (auto *const view = qobject_cast<QAbstractItemView *>(widget))
+            view->setFocus();
+    }
+    return boxes.Messages() == before;
+}
+
+void CMainFrame::RunCommand(int command)
+{
+    if (turn.IsOn())
+        return;
+    told.Clear();
+    if (focusedEdit.StateOf(command) || TakeLabel())
+        route.Run(command);
+}
+
+void CMainFrame::ChooseProject()
+{
+    const CChildFrame *const child = ActiveChild();
+    const QString last = child ? child->Document().PathName() : recentFiles.Paths().value(0);
+    const QString path = boxes.ChooseProject(last.isEmpty() ? QString() : DirectoryOf(last));
+    if (!path.isEmpty())
+        (void)OpenProject(CanonicalPath(path));
+}
+
 bool CMainFrame::OpenProject(const QString &path)
 {
     const WaitCursor cursor;
@@ -270,7 +320,7 @@ bool CMainFrame::MayCloseAll()
 
 void CMainFrame::closeEvent(QCloseEvent *event)
 {
-    if (busyCommand != 0 || openBoxes > 0 || QApplication::activePopupWidget()) {
+    if (turn.IsOn() || boxes.IsAnyOpen() || QApplication::activePopupWidget()) {
         event->ignore(); // the command, the box or the menu has to end first
         return;
     }
@@ -298,7 +348,7 @@ void CMainFrame::EndSession(QSessionManager &session)
 {
     if (!session.allowsInteraction())
         return;
-    if (busyCommand != 0 || openBoxes > 0 || !TakeLabel() || !MayCloseAll())
+    if (turn.IsOn() || boxes.IsAnyOpen() || !TakeLabel() || !MayCloseAll())
         session.cancel();
     session.release();
 }
@@ -320,18 +370,18 @@ QStringList DroppedFiles(const QMimeData *data)
 
 void CMainFrame::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (busyCommand == 0 && !DroppedFiles(event->mimeData()).isEmpty())
+    if (!turn.IsOn() && !DroppedFiles(event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 
 void CMainFrame::dropEvent(QDropEvent *event)
 {
-    if (busyCommand != 0)
+    if (turn.IsOn())
         return event->ignore();
     event->acceptProposedAction();
     // Not within the drop: whoever is dragged from waits for its end.
     const QStringList files = DroppedFiles(event->mimeData());
-    QTimer::singleShot(0, this, [this, files] { AfterCommand([this, files] { OpenDropped(files); }); });
+    QTimer::singleShot(0, this, [this, files] { turn.AfterCommand([this, files] { OpenDropped(files); }); });
 }
 
 void CMainFrame::OpenDropped(const QStringList &files)
@@ -347,8 +397,8 @@ void CMainFrame::OpenDropped(const QStringList &files)
     if (others.size() > MOST_NAMED)
         others = others.first(MOST_NAMED) << QStringLiteral("...");
     if (!others.isEmpty())
-        MessageBox((others.size() == 1
-                        ? QStringLiteral("%1 is no project. Drop the project's .vcproj file here.")
-                        : QStringLiteral("These are no projects. Drop a project's .vcproj file here.\n\n%1"))
-                       .arg(others.join(u'\n')));
+        boxes.MessageBox((others.size() == 1
+                              ? QStringLiteral("%1 is no project. Drop the project's .vcproj file here.")
+                              : QStringLiteral("These are no projects. Drop a project's .vcproj file here.\n\n%1"))
+                             .arg(others.join(u'\n')));
 }

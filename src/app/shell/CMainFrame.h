@@ -1,11 +1,13 @@
 #pragma once
 
 #include "CChildFrame.h"
+#include "ChannelTurn.h"
 #include "CommandRoute.h"
 #include "EditCommands.h"
-#include "KeyboardLocks.h"
+#include "KeyboardIndicators.h"
 #include "OutputTail.h"
 #include "RecentFiles.h"
+#include "UserBoxes.h"
 #include "WaitCursor.h"
 
 #include <QMainWindow>
@@ -14,13 +16,12 @@
 
 class CInfoPane;
 class CSizingControlBar;
-class QLabel;
 class QListWidget;
 class QMdiArea;
 class QSessionManager;
 
 /// The main window: menus, tool bar, status bar, the docking bars, and a window for each open project.
-class CMainFrame : public QMainWindow, public IUserInterface, public IViewHost, public ICommandTarget
+class CMainFrame : public QMainWindow, public IViewHost, public ICommandTarget
 {
 public:
     CMainFrame(Environment &environment, ProcessTables &processTables, CDocManager &documentManager);
@@ -38,52 +39,39 @@ public:
     /// The same for a line of its own.
     void WriteLine(const QString &text);
 
-    /// Told to hold back commands of the channel while a box is open.
-    std::function<void(bool pause)> pauseCommands;
     /// Ends the watching of files, with all that hangs on it.
     std::function<void()> stopWatching;
 
-    /// A command of the channel runs, for as long as this lives. What the user is in the middle of ends (menus close, a
-    /// label that is being edited is taken), what the user does is dropped, and the status bar tells.
-    class Busy : public QObject
+    /// A command of the channel runs, for as long as this lives: a label that is being edited is taken, and the status
+    /// bar tells.
+    class Busy
     {
     public:
         Busy(CMainFrame &mainFrame, quint32 command);
-        ~Busy() override;
-
-        bool eventFilter(QObject *watched, QEvent *event) override;
+        ~Busy();
+        Busy(const Busy &) = delete;
+        Busy &operator=(const Busy &) = delete;
 
     private:
         CMainFrame &frame;
         WaitCursor cursor{Qt::BusyCursor};
-        Qt::MouseButtons dropped; // pressed during the command
     };
 
-    /// Has something done as soon as no command of the channel runs.
-    void AfterCommand(std::function<void()> action);
-
+    [[nodiscard]] ChannelTurn &Turn() { return turn; }
+    [[nodiscard]] UserBoxes &Boxes() { return boxes; }
     [[nodiscard]] CInfoPane &Output() { return *output; }
     [[nodiscard]] CSizingControlBar &OutputBar() { return *outputBar; }
     [[nodiscard]] CSizingControlBar &ToolboxBar() { return *toolboxBar; }
-    /// The command of the channel that runs; 0 when none does.
-    [[nodiscard]] quint32 BusyCommand() const { return busyCommand; }
     /// The active project's window, or null.
     [[nodiscard]] CChildFrame *ActiveChild() const;
 
-    // IUserInterface
-    void MessageBox(const QString &text) override;
-    QStringList OpenFileDialog(const QString &filter, int selectedFilter, bool multiSelect,
-                               const QString &initialName) override;
     // IViewHost
-    [[nodiscard]] bool AskYesNo(const QString &question) override;
-    [[nodiscard]] Answer AskYesNoCancel(const QString &question) override;
-    void ShowMessage(const QString &text) override { MessageBox(text); }
+    [[nodiscard]] bool AskYesNo(const QString &question) override { return boxes.AskYesNo(question); }
+    [[nodiscard]] Answer AskYesNoCancel(const QString &question) override { return boxes.AskYesNoCancel(question); }
+    void ShowMessage(const QString &text) override { boxes.MessageBox(text); }
     void ShowPane(Pane) override {}
     void RunCommand(int command) override;
-    [[nodiscard]] bool IsEnabled(int command) const override
-    {
-        return busyCommand == 0 && route.StateOf(command).enabled;
-    }
+    [[nodiscard]] bool IsEnabled(int command) const override { return !turn.IsOn() && route.StateOf(command).enabled; }
     // ICommandTarget
     [[nodiscard]] std::optional<CommandState> StateOf(int command) const override;
     void Run(int command) override;
@@ -91,18 +79,12 @@ public:
 protected:
     void closeEvent(QCloseEvent *event) override;
     void showEvent(QShowEvent *event) override;
-    void changeEvent(QEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
-    void keyReleaseEvent(QKeyEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
 private:
-    class ModalBox;
-
     void MakeActions();
     void MakeToolBar();
-    void MakeStatusBar();
     void MakeBars();
     QAction *AddAction(int command, const QString &text, const QString &shortcuts, bool isToggle);
     /// Shows the menus that belong to what is open.
@@ -112,8 +94,6 @@ private:
     void ShowWindows(QMenu *menu);
     /// Has menus, keys and tool bar show what each command is at this moment.
     void UpdateCommands();
-    void UpdateIndicators();
-    void UpdateIndicatorsAfter(const QKeyEvent &event);
     void ShowTitle();
     void Opened(CDocument &document);
     void Activate(const CDocument &document);
@@ -125,20 +105,20 @@ private:
     void OpenRecent(int index);
     void ShowOutput(bool show);
     void ToggleToolbox();
-    void ShowAbout();
     void FillToolbox();
     void StoreState();
     [[nodiscard]] bool MayCloseAll();
     [[nodiscard]] std::vector<ICommandTarget *> Targets() const;
     [[nodiscard]] QList<CChildFrame *> Children() const;
 
+    ChannelTurn turn;
+    UserBoxes boxes{*this, turn};
     Environment &env;
     ProcessTables &tables;
     CDocManager &documents;
     CommandRoute route;
     FocusedEdit focusedEdit;
     RecentFiles recentFiles;
-    KeyboardLocks locks;
     std::map<int, QAction *> actions;
     QList<QAction *> recentActions;
     QList<QAction *> windowActions; // of the Window menu that is shown or was last
@@ -149,11 +129,7 @@ private:
     QListWidget *toolbox = nullptr;
     ToolboxState toolboxState;
     CInfoPane *output = nullptr;
-    QLabel *indicators[KeyboardLocks::LOCKS] = {};
+    KeyboardIndicators indicators{*statusBar()};
     std::optional<bool> shownMenus; // for a document or none
-    quint32 busyCommand = 0;
-    std::vector<std::function<void()>> afterCommand;
-    OutputTail told; // the end of the output since the user did something, seen or not
-    int openBoxes = 0;
-    int messages = 0; // how many the user was shown, or is to be
+    OutputTail told;                // the end of the output since the user did something, seen or not
 };

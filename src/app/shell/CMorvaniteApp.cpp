@@ -53,18 +53,18 @@ std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
     QObject::connect(commands.get(), &QSocketNotifier::activated, [this] { server.Dispatch(); });
 
     frame = std::make_unique<CMainFrame>(env, tables, documents);
-    services.user = frame.get();
+    services.user = &frame->Boxes();
     services.Explain = [this](const QString &text) {
-        if (frame->BusyCommand() == 0)
+        if (!frame->Turn().IsOn())
             frame->WriteLine(text);
     };
     handler.idleOutput = [this](QStringView text) { frame->WriteOutput(text); };
     env.whileWaiting = [this] {
-        if (frame->BusyCommand() != 0)
+        if (frame->Turn().IsOn())
             pipe.Breathe();
     };
     handler.bringToTop = [this] { frame->BringToTop(); };
-    frame->pauseCommands = [this](bool pause) { server.SetPaused(pause); };
+    frame->Boxes().pauseCommands = [this](bool pause) { server.SetPaused(pause); };
     frame->stopWatching = [this] {
         if (services.watch)
             services.watch->Stop();
@@ -93,7 +93,8 @@ int CMorvaniteApp::RunCommand(quint32 dwData, QByteArrayView record)
     try {
         return handler.Handle(dwData, record);
     } catch (const std::bad_alloc &) { // the next command may need less
-        frame->AfterCommand([this] { frame->WriteLine(QStringLiteral("A command of the IDE ran out of memory.")); });
+        frame->Turn().AfterCommand(
+            [this] { frame->WriteLine(QStringLiteral("A command of the IDE ran out of memory.")); });
         return 1;
     }
 }

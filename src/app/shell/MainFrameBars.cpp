@@ -7,12 +7,9 @@
 #include "FrameState.h"
 #include "MenuTable.h"
 
-#include <QCloseEvent>
 #include <QCryptographicHash>
 #include <QFontDatabase>
 #include <QGuiApplication>
-#include <QKeyEvent>
-#include <QLabel>
 #include <QListWidget>
 #include <QScreen>
 #include <QStatusBar>
@@ -58,21 +55,6 @@ void CMainFrame::MakeToolBar()
     toolBar->toggleViewAction()->setVisible(false); // the View menu has it
 }
 
-void CMainFrame::MakeStatusBar()
-{
-    static constexpr const char *TEXTS[] = {"CAP", "NUM", "SCRL"};
-    static constexpr const char *NAMES[] = {"Caps Lock", "Num Lock", "Scroll Lock"};
-    for (int lock = 0; lock < KeyboardLocks::LOCKS; ++lock) {
-        auto *const label = new QLabel(QString::fromLatin1(TEXTS[lock]), statusBar());
-        label->setAccessibleName(QString::fromLatin1(NAMES[lock]));
-        label->setMinimumWidth(label->sizeHint().width() + 8);
-        label->setAlignment(Qt::AlignCenter);
-        statusBar()->addPermanentWidget(label);
-        indicators[lock] = label;
-    }
-    UpdateIndicators();
-}
-
 /// A bar that floats was shown before the window was there to lie under it.
 void CMainFrame::showEvent(QShowEvent *event)
 {
@@ -84,43 +66,6 @@ void CMainFrame::showEvent(QShowEvent *event)
             bar->hide();
             bar->show();
         });
-    }
-}
-
-void CMainFrame::changeEvent(QEvent *event)
-{
-    QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        UpdateIndicators();
-}
-
-void CMainFrame::keyPressEvent(QKeyEvent *event)
-{
-    UpdateIndicatorsAfter(*event);
-    QMainWindow::keyPressEvent(event);
-}
-
-void CMainFrame::keyReleaseEvent(QKeyEvent *event)
-{
-    UpdateIndicatorsAfter(*event);
-    QMainWindow::keyReleaseEvent(event);
-}
-
-void CMainFrame::UpdateIndicatorsAfter(const QKeyEvent &event)
-{
-    constexpr int LIGHTS_TAKE_MS = 50;
-    if (event.key() == Qt::Key_CapsLock || event.key() == Qt::Key_NumLock || event.key() == Qt::Key_ScrollLock)
-        QTimer::singleShot(LIGHTS_TAKE_MS, this, [this] { UpdateIndicators(); });
-}
-
-void CMainFrame::UpdateIndicators()
-{
-    locks.Read();
-    static constexpr const char *TEXTS[] = {"CAP", "NUM", "SCRL"};
-    for (int lock = 0; lock < KeyboardLocks::LOCKS; ++lock) {
-        const bool isOn = locks.IsOn(KeyboardLocks::Lock(lock));
-        indicators[lock]->setText(isOn ? QString::fromLatin1(TEXTS[lock]) : QString());
-        indicators[lock]->setAccessibleDescription(isOn ? QStringLiteral("on") : QStringLiteral("off"));
     }
 }
 

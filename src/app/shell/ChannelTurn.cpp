@@ -1,0 +1,58 @@
+#include "ChannelTurn.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QTimer>
+#include <QWidget>
+
+#include <utility>
+
+void ChannelTurn::Begin()
+{
+    isOn = true;
+    dropped = {};
+    qApp->installEventFilter(this);
+    while (QWidget *popup = QApplication::activePopupWidget()) {
+        if (!popup->close())
+            break;
+    }
+}
+
+void ChannelTurn::End()
+{
+    qApp->removeEventFilter(this);
+    isOn = false;
+    // Not here, where the command's caller still waits; by then the next command may run.
+    for (std::function<void()> &action : std::exchange(waiting, {}))
+        QTimer::singleShot(0, this, [this, action = std::move(action)] { AfterCommand(action); });
+}
+
+void ChannelTurn::AfterCommand(std::function<void()> action)
+{
+    if (!isOn)
+        return action();
+    waiting.push_back(std::move(action));
+}
+
+bool ChannelTurn::eventFilter(QObject *, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        dropped |= static_cast<QMouseEvent *>(event)->button();
+        return true;
+    case QEvent::MouseButtonRelease: // who was pressed before has to learn of it
+        return dropped & static_cast<QMouseEvent *>(event)->button();
+    case QEvent::Wheel:
+    case QEvent::KeyPress:
+    case QEvent::Shortcut:
+    case QEvent::ShortcutOverride:
+    case QEvent::ContextMenu:
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+        return true;
+    default:
+        return false;
+    }
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "KeyboardLocks.h"
+
+#include <QObject>
+
+class QLabel;
+class QStatusBar;
+
+/// The fields at the right end of the status bar that tell which locks of the keyboard are on.
+class KeyboardIndicators : public QObject
+{
+public:
+    /// The bar's window is watched for keys.
+    explicit KeyboardIndicators(QStatusBar &bar);
+
+    void Update();
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    KeyboardLocks locks;
+    QLabel *labels[KeyboardLocks::LOCKS] = {};
+};

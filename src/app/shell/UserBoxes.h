@@ -1,0 +1,45 @@
+#pragma once
+
+#include "UserInterface.h"
+#include "ViewHost.h"
+
+#include <functional>
+
+class ChannelTurn;
+class QWidget;
+
+/// The boxes and dialogs of the program. While one is open, commands of the channel wait; while a command runs none
+/// opens, since there may be nobody to answer it: messages come after the command, questions are answered with No or
+/// Cancel.
+class UserBoxes : public IUserInterface
+{
+public:
+    /// Both must outlive the boxes.
+    UserBoxes(QWidget &mainWindow, ChannelTurn &channelTurn) : window(mainWindow), turn(channelTurn) {}
+
+    /// Told to hold back commands of the channel while a box is open.
+    std::function<void(bool pause)> pauseCommands;
+    /// What a message adds to its text: the output that the user can't see, or nothing.
+    std::function<QString()> unseenOutput;
+
+    void MessageBox(const QString &text) override;
+    QStringList OpenFileDialog(const QString &filter, int selectedFilter, bool multiSelect,
+                               const QString &initialName) override;
+    [[nodiscard]] bool AskYesNo(const QString &question);
+    [[nodiscard]] Answer AskYesNoCancel(const QString &question);
+    /// The path of the project that the user chooses; empty when none. It looks in `folder` first.
+    [[nodiscard]] QString ChooseProject(const QString &folder);
+    void ShowAbout();
+
+    [[nodiscard]] bool IsAnyOpen() const { return openBoxes > 0; }
+    /// How many messages the user was shown, or is to be.
+    [[nodiscard]] int Messages() const { return messages; }
+
+private:
+    class ModalBox;
+
+    QWidget &window;
+    ChannelTurn &turn;
+    int openBoxes = 0;
+    int messages = 0;
+};
