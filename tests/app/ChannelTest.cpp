@@ -103,6 +103,22 @@ TEST(Channel, ACommandEndsWhatTheUserIsInTheMiddleOf)
     EXPECT_EQ(window.boxes, QStringList(u"The ID is invalid."_s)) << "once the command is over";
 }
 
+TEST(Channel, WhatWaitsForACommandsEndAlsoWaitsForThatOfTheNext)
+{
+    ChannelTurn turn;
+    int done = 0;
+    turn.Begin();
+    turn.AfterCommand([&] { ++done; });
+    turn.End();
+    turn.Begin();
+    TestWindow::Settle();
+    EXPECT_EQ(done, 0);
+    turn.End();
+    EXPECT_EQ(done, 0) << "who gave the command still waits for its answer";
+    TestWindow::Settle();
+    EXPECT_EQ(done, 1);
+}
+
 TEST(Channel, ACommandWaitsWhileABoxIsOpenButASecondStartDoesNot)
 {
     TestWindow window;
