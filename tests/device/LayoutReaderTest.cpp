@@ -239,27 +239,40 @@ TEST(LayoutReader, NumbersFollowTheOrderOfTheCatalogueAndAStampTellsCataloguesAp
     EXPECT_EQ(LayoutTables(Converted("", "").types).Stamp(), 0U);
 }
 
-TEST(LayoutFormatDoc, ItsExampleIsWhatTheConverterWrites)
+/// The example of a page of the manual: the bytes of its dump, whose lines are an offset, a colon and pairs of hex
+/// digits, and the blocks of XML that are marked with these words.
+struct Example
 {
-    std::ifstream document(MORVANITE_DOCS "/layout-format.md");
-    std::string bytes;
-    QByteArray catalogue;
-    QByteArray layout;
-    QByteArray *block = nullptr;
-    for (std::string line; std::getline(document, line);) {
-        if (line.starts_with("```")) {
-            block = line == "```xml catalogue" ? &catalogue : line == "```xml layout" ? &layout : nullptr;
-        } else if (block) {
-            *block += line + '\n';
-        } else if (line.size() > 6 && line[0] == '0' && line[4] == ':') { // an offset, a colon and pairs of hex digits
-            EXPECT_EQ(std::stoul(line, nullptr, 16), bytes.size()) << line;
-            std::istringstream words(line.substr(5));
-            for (std::string word; words >> word && word.size() == 2;)
-                bytes += static_cast<char>(std::stoul(word, nullptr, 16));
+    explicit Example(const std::string &page)
+    {
+        std::ifstream document(MORVANITE_DOCS "/" + page);
+        QByteArray *block = nullptr;
+        for (std::string line; std::getline(document, line);) {
+            if (line.starts_with("```")) {
+                block = line == "```xml catalogue" ? &catalogue : line == "```xml layout" ? &layout : nullptr;
+            } else if (block) {
+                *block += line + '\n';
+            } else if (line.size() > 6 && line[0] == '0' && line[4] == ':') {
+                EXPECT_EQ(std::stoul(line, nullptr, 16), bytes.size()) << line;
+                std::istringstream words(line.substr(5));
+                for (std::string word; words >> word && word.size() == 2;)
+                    bytes += static_cast<char>(std::stoul(word, nullptr, 16));
+            }
         }
     }
-    const Converted converted(layout, catalogue);
+
+    std::string bytes;
+    QByteArray catalogue, layout;
+};
+
+TEST(FormatDocs, TheirExamplesAreTheBytesTheyDescribe)
+{
+    const Example example("layout-format.md");
+    const Converted converted(example.layout, example.catalogue);
     EXPECT_EQ(converted.errors, "");
-    EXPECT_EQ(bytes, converted.bytes);
-    EXPECT_EQ(ReadLayout(bytes, 20), "2:  a\n  2 = @ 300\n  1 = 10 -5\n  3 {\n    4 = 8\n  2:  \n    0 = hint top\n");
+    EXPECT_EQ(example.bytes, converted.bytes);
+    EXPECT_EQ(converted.Text(), "2:  a\n  2 = @ 300\n  1 = 10 -5\n  3 {\n    4 = 8\n  2:  \n    0 = hint top\n");
+    const std::string sound("\0\0\0\0\0\0\0\0SOUND", 13);
+    EXPECT_EQ(Example("payload-format.md").bytes,
+              PayloadBuilder().Entry("AppLogo.img", "0123456789").Language(0, {{2, u"Hi"}}).Item(1, sound).Build());
 }
