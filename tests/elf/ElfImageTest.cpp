@@ -8,8 +8,6 @@
 #include <QtEndian>
 
 #include <cerrno>
-#include <csignal>
-#include <sys/resource.h>
 
 namespace
 {
@@ -193,24 +191,4 @@ TEST_F(ElfImageTest, ACopyOfAnotherSizeIsntGrown)
     EXPECT_EQ(WriteElf(env, elf, folder.Path("none/out.axf")), ENOENT);
     EXPECT_TRUE(trace.endsWith("[error] could not open file while write data to file: " +
                                folder.Path("none/out.axf").toUtf8()));
-}
-
-TEST_F(ElfImageTest, AFullDiskAtAnyByteLeavesTheInputWithBytesBehindIt)
-{
-    const QByteArray input = Bytes(ElfBuilder(1).Section(".text", "code")) + "tt";
-    const QByteArray payload = "payload!";
-    ASSERT_EQ(Grow(input, payload), 0);
-    const QByteArray whole = grown;
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    signal(SIGXFSZ, SIG_IGN);
-    for (qsizetype size = input.size(); size < whole.size(); ++size) {
-        folder.Put("out.axf", input);
-        const rlimit most{rlim_t(size), before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &most);
-        const int code = WriteElf(env, elf, folder.Path("out.axf"));
-        setrlimit(RLIMIT_FSIZE, &before);
-        EXPECT_EQ(code, -1029);
-        EXPECT_EQ(folder.Get("out.axf"), input + whole.mid(input.size(), size - input.size())) << size;
-    }
 }
