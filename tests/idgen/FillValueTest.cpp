@@ -13,28 +13,21 @@ struct FillValue : testing::Test
     PoolBuilder ids{model};
 };
 
-TEST_F(FillValue, NumbersFollowTheBytesOfTheNames)
+TEST_F(FillValue, NumbersFollowTheBytesOfTheNamesUpToTheirEnds)
 {
-    ids.Normal("ID_b").Normal("ID_").Normal("ID_B").Normal("ID").Normal("ID__").Normal("ID_\xc3\xa9").Normal("ID_B1");
-    for (int again = 0; again < 2; ++again) {
-        EXPECT_EQ(Run(), 0);
-        EXPECT_EQ(ids.Values(), "ID_b=6 ID_=2 ID_B=3 ID=1 ID__=5 ID_\xc3\xa9=7 ID_B1=4");
-    }
-}
-
-TEST_F(FillValue, LongNamesWithALongCommonBeginningAreSortedToTheirEnd)
-{
-    std::vector<NarrowText> names;
+    std::vector<NarrowText> names{"ID_b", "ID_", "ID_B", "ID", "ID__", "ID_\xc3\xa9", "ID_B1"};
     for (int i = 0; i < 300; ++i)
         names.push_back("N" + NarrowText::number(10 + i % 20) + NarrowText(i % 2 ? 50 : 99, 'N') +
                         NarrowText::number(i));
     std::shuffle(names.begin(), names.end(), std::mt19937(5));
     for (const NarrowText &name : names)
         ids.Normal(name);
-    ASSERT_EQ(Run(), 0);
-    std::sort(names.begin(), names.end());
-    for (size_t i = 0; i < names.size(); ++i)
-        EXPECT_EQ(model.ids.FindName(names[i])->value, i + 1) << names[i].constData();
+    std::sort(names.begin(), names.end(), [](auto &a, auto &b) { return a.toStdString() < b.toStdString(); });
+    for (int again = 0; again < 2; ++again) {
+        ASSERT_EQ(Run(), 0);
+        for (size_t i = 0; i < names.size(); ++i)
+            EXPECT_EQ(model.ids.FindName(names[i])->value, i + 1) << names[i].constData();
+    }
 }
 
 TEST_F(FillValue, EachClassHasItsRangeAndTheFirstRecordOfANameDecides)
