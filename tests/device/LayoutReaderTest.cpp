@@ -1,14 +1,14 @@
 #include "CatalogueFile.h"
 #include "Environment.h"
+#include "LayoutFileObject.h"
 #include "LayoutWriter.h"
 #include "PayloadBuilder.h"
 #include "ReadLayout.h"
-#include "Xml.h"
+#include "TempFolder.h"
 
 #include <gmock/gmock.h>
 
 #include <fstream>
-#include <random>
 
 using namespace std::string_literals;
 using testing::HasSubstr;
@@ -44,37 +44,22 @@ struct Converted
         QStringList wrong;
         EXPECT_TRUE(catalogue.isEmpty() || ParseCatalogue(env, catalogue, QStringLiteral("c"), types, wrong))
             << wrong.join(u'\n').toStdString();
-        TiXmlDocument document;
-        EXPECT_EQ(ParseXml(env, "<Layout>" + xml + "</Layout>", document), 0);
-        Read(env, *document.FirstChildElement(), components);
+        const TempFolder folder;
+        folder.Put("layouts.xml", "<TarvoXML><Layout id=\"ID_LAYOUT_START\">" + xml + "</Layout></TarvoXML>");
+        IDPool ids;
+        LayoutFileObject file(env, ids, 0);
+        EXPECT_EQ(file.Load(folder.Path("layouts.xml").toUtf8()), 0);
         numbers.Read(HEADER);
         const LayoutTables tables(types);
         LayoutWriter writer(types, tables, numbers,
                             [this](const ComponentObject *, const QByteArray &text) { errors += text + '\n'; });
-        bytes = writer.Write("ID_LAYOUT_START", components).toStdString();
-    }
-
-    static void Read(const Environment &env, const TiXmlElement &element,
-                     std::vector<std::unique_ptr<ComponentObject>> &into)
-    {
-        for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement()) {
-            auto &component = into.emplace_back(std::make_unique<ComponentObject>());
-            component->className = child->Value();
-            for (auto *attribute = child->FirstAttribute(); attribute; attribute = attribute->Next()) {
-                if (attribute->NameTStr() == "name")
-                    component->name = attribute->Value();
-                else
-                    component->AddAttribute(attribute->Name(), FromXml(env, attribute->Value()));
-            }
-            Read(env, *child, component->children);
-        }
+        bytes = writer.Write("ID_LAYOUT_START", file.All().front()->components).toStdString();
     }
 
     [[nodiscard]] std::string Text() const { return ReadLayout(bytes, 20); }
 
     ClassCatalogue types;
     IdNumbers numbers;
-    std::vector<std::unique_ptr<ComponentObject>> components;
     std::string bytes;
     std::string errors;
 };
@@ -163,8 +148,7 @@ TEST(LayoutReader, LongPartsAndDeepOnesKeepTheirBytes)
                     HasSubstr(around.toStdString() + "\n  9 = 3\n"));
     }
     constexpr int DEEPEST = 254; // of an XML file's 256
-    const Converted deep(QByteArray("<Label>").repeated(DEEPEST) + "<!-- -->" +
-                         QByteArray("</Label>").repeated(DEEPEST));
+    const Converted deep(QByteArray("<Label>").repeated(DEEPEST) + QByteArray("</Label>").repeated(DEEPEST));
     EXPECT_EQ(deep.bytes.substr(6, 2), "\xFE\0"s) << "levels";
     EXPECT_THAT(deep.Text(), Not(HasSubstr("damaged")));
     std::string deeper = deep.bytes.substr(0, 8) + "\0\x10\0\0"s + deep.bytes.substr(12, 8);
