@@ -171,17 +171,18 @@ TEST(LayoutReader, EveryCutAndEveryDamagedByteIsNoticedOrHarmless)
     EXPECT_EQ(ReadLayout(WithByte(whole, 4, 2), 20), "no layout") << "of a version to come";
 }
 
-TEST(LayoutReader, SkipsWhatALaterConverterOfThisVersionAdds)
+TEST(LayoutReader, SkipsWhatALaterConverterOfThisVersionAddsAndTellsWhatFallsShort)
 {
     const std::string whole = Converted("<Label order='7'/><Label/>").bytes;
     std::string later = whole.substr(0, 20) + "MORE"s + whole.substr(20);
     later[5] = 24;
     later[8] = static_cast<char>(later[8] + 4);
     EXPECT_EQ(ReadLayout(later, 20), ReadLayout(whole, 20)) << "a longer head";
-    // A type of part that there isn't yet, and a value with one word more.
-    const std::string parts = "\2\0\1\5\x63\0\x63\1zzzz\x09\0\x11\2\7\0\0\0more\1\0\1\0"s;
+    // A type of part that there isn't yet, a value with one word more, one with a word too few, half of a pair of
+    // texts.
+    const std::string parts = "\2\0\1\x08\x63\0\x63\1zzzz\x09\0\x11\2\7\0\0\0more\x0A\0\x11\0\0\0\5\1abc\0\1\0\1\0"s;
     const std::string made = "MLAY\1\x14\1\0"s + PayloadBuilder::U32({20 + parts.size(), 20, 0}) + parts;
-    EXPECT_EQ(ReadLayout(made, 20), "2:  \n  99 = is unknown\n  9 = 7\n1:  \n");
+    EXPECT_EQ(ReadLayout(made, 20), "2:  \n  99 = is unknown\n  9 = 7\n  10 = damaged\n  0 = damaged\n1:  \n");
 }
 
 TEST(LayoutReader, TellsThatAPropertyIsMissingOrOfAnotherType)
