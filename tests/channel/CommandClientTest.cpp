@@ -21,16 +21,10 @@ void SendReport(const QString &text)
 class CommandClientTest : public ::testing::Test
 {
 protected:
-    ~CommandClientTest() override
-    {
-        if (window.joinable())
-            window.join();
-    }
-
     /// Begins a window on a thread of its own that takes so many commands, and answers where `run` says so.
     void BeginWindow(int commands, std::function<bool(const QByteArray &record)> run)
     {
-        window = std::thread([commands, run, listener = std::make_shared<FileHandle>(ListenAt(windowPath, 64))] {
+        window = std::jthread([commands, run, listener = std::make_shared<FileHandle>(ListenAt(windowPath, 64))] {
             for (int i = 0; i < commands; ++i) {
                 const FileHandle client = AcceptAt(*listener);
                 QByteArray message(8 + 6, '\0');
@@ -51,9 +45,9 @@ protected:
     TestRuntime runtime;
     QByteArray windowPath = runtime.Path(WINDOW_SOCKET);
     QByteArray pipePath = runtime.Path(PIPE_SOCKET);
-    std::thread window;
     QStringList pieces;
     QString error;
+    std::jthread window;
 };
 
 TEST_F(CommandClientTest, CollectsTheReportInPiecesOfWholeCharactersAndTheAnswer)

@@ -32,7 +32,6 @@ protected:
         project.services.GetCommandID = [this](const QString &path) { return handler.GetCommandID(&path); };
         handler.idleOutput = [this](QStringView text) { pane += text.toUtf8(); };
         handler.bringToTop = [this] { ++raised; };
-        project.env->trace = [this](QStringView text) { trace += text.toUtf8(); };
         project.folder.Put("bin/AppLogo.img", "a drawn logo");
         project.folder.Put("demo/large.bmp", "a picture for 240x320");
         project.folder.Put("demo/app.dll", "MZ and so on");
@@ -41,7 +40,7 @@ protected:
     /// The report of a command whose record may be cut.
     QByteArray Run(quint32 id, qsizetype size = 1696)
     {
-        trace.clear();
+        project.trace.clear();
         QString error;
         EXPECT_EQ(handler.Handle(id, BuildRecord(request, error).value().first(size)), 1);
         const QByteArray bytes = ReadAll(ide.Accept());
@@ -58,7 +57,6 @@ protected:
     CommandHandler handler{*project.env, documents, pipe};
     PackCommandRecord request{project.Path(), u"app.dll"_s, u"out.dll"_s, u"240x320"_s, u"Dll"_s};
     QByteArray pane;
-    QByteArray trace;
     int raised = 0;
 };
 
@@ -69,13 +67,13 @@ TEST_F(CommandHandlerTest, LoadOpensTheProjectAndSaveSavesWhatIsOpenWhateverTheC
 {
     EXPECT_EQ(Run(COMMAND_SAVE), "\r\n\r\nsave done\r\n") << "no document is no error";
     EXPECT_EQ(Run(COMMAND_LOAD), LOADED + "\r\n\r\nload done\r\n");
-    EXPECT_EQ(trace, "Morvanite: m_uCmdId=2948455419d\nMorvanite got LOAD command\n"
-                     "Morvanite finished LOAD command\nMorvanite ENDed LOAD command\n");
+    EXPECT_EQ(project.trace, "Morvanite: m_uCmdId=2948455419d\nMorvanite got LOAD command\n"
+                             "Morvanite finished LOAD command\nMorvanite ENDed LOAD command\n");
     request.projectPath = request.projectPath.toUpper();
     EXPECT_EQ(Run(COMMAND_LOAD), "\r\n\r\nload done\r\n");
     EXPECT_EQ(Run(COMMAND_SAVE), "[demo] save - 0 error(s), 0 warning(s)\r\n\r\n\r\nsave done\r\n");
-    EXPECT_TRUE(trace.startsWith("Morvanite: m_uCmdId=2948455420d\nMorvanite got SAVE command\n"));
-    EXPECT_TRUE(trace.endsWith("Morvanite finished SAVE command\n"));
+    EXPECT_TRUE(project.trace.startsWith("Morvanite: m_uCmdId=2948455420d\nMorvanite got SAVE command\n"));
+    EXPECT_TRUE(project.trace.endsWith("Morvanite finished SAVE command\n"));
     EXPECT_TRUE(project.folder.Has("demo/ResID/ResID.h"));
     EXPECT_EQ(documents.Documents().size(), 1U);
     EXPECT_EQ(raised, 2);
@@ -95,9 +93,9 @@ TEST_F(CommandHandlerTest, PackOpensTheProjectAndPacksInItsFolderForEverySpellin
         EXPECT_TRUE(project.folder.Get("demo/out.dll").startsWith(QByteArray("MZ and so on.zp_res\0", 20)));
         EXPECT_EQ(project.folder.Get("demo/out.dll").contains("a picture for 240x320"), found);
         EXPECT_FALSE(project.folder.Has("demo/ResID")) << "the numbers are fresh, but no header is written";
-        EXPECT_TRUE(trace.contains("implicit ID Gen before Pack done, result is 0\n"));
-        EXPECT_TRUE(trace.contains("Morvanite: m_szCmdTarget=" + project.Path().toUtf8() + '\n'));
-        EXPECT_TRUE(trace.endsWith("Morvanite finished PACK command, err code=0\n"));
+        EXPECT_TRUE(project.trace.contains("implicit ID Gen before Pack done, result is 0\n"));
+        EXPECT_TRUE(project.trace.contains("Morvanite: m_szCmdTarget=" + project.Path().toUtf8() + '\n'));
+        EXPECT_TRUE(project.trace.endsWith("Morvanite finished PACK command, err code=0\n"));
         opening.clear(); // it stays open
     }
 }
@@ -116,14 +114,14 @@ TEST_F(CommandHandlerTest, EachFailureHasItsCode)
     request.projectPath = project.folder.Path("none.vcproj");
     EXPECT_EQ(Run(COMMAND_LOAD), "\r\n### error 7 ###\r\n\r\n\r\nload done\r\n\r\n### error 110 ###\r\n");
     EXPECT_EQ(Run(COMMAND_PACK), "\r\n### error 7 ###\r\n\r\n\r\npack done\r\n\r\n### error 404 ###\r\n");
-    EXPECT_TRUE(trace.endsWith("Morvanite finished PACK command, err code=404\n"));
+    EXPECT_TRUE(project.trace.endsWith("Morvanite finished PACK command, err code=404\n"));
 }
 
 TEST_F(CommandHandlerTest, WithoutAnIdeTheCommandIsCarriedOutAndItsOutputLost)
 {
     unlink(runtime.Path(PIPE_SOCKET).constData());
     EXPECT_EQ(Run(COMMAND_LOAD), "");
-    EXPECT_TRUE(trace.contains("Could not open pipe"));
+    EXPECT_TRUE(project.trace.contains("Could not open pipe"));
     EXPECT_TRUE(documents.FindDocument(project.Path()));
     EXPECT_EQ(pane, "");
 }
@@ -135,7 +133,7 @@ TEST_F(CommandHandlerTest, ShortRecordsAndUnknownCommandsDoNothing)
         {COMMAND_LOAD, 519}, {COMMAND_LOAD, 0}, {COMMAND_SAVE, 519}, {COMMAND_PACK, 1695}, {0xAFBDDBFE, 1696}};
     for (const auto &[id, size] : ignored) {
         EXPECT_EQ(Run(id, size), "");
-        EXPECT_FALSE(trace.contains(" got ") || trace.contains("pipe")) << trace.constData();
+        EXPECT_FALSE(project.trace.contains(" got ") || project.trace.contains("pipe")) << project.trace.constData();
     }
     EXPECT_FALSE(project.folder.Has("demo/ResID"));
     pipe.Open();
@@ -148,16 +146,16 @@ TEST_F(CommandHandlerTest, ADocumentLearnsWhichCommandRunsForItUntilItEndsEvenBy
     const QString own = project.Path().toUpper();
     const QString other = u"/other"_s;
     documents.opened = [&](CDocument &) {
-        trace.clear();
+        project.trace.clear();
         EXPECT_EQ(handler.GetCommandID(&own), quint32(COMMAND_LOAD));
         EXPECT_EQ(handler.GetCommandID(&other), 0U);
         EXPECT_EQ(handler.GetCommandID(nullptr), 0U);
         throw std::bad_alloc();
     };
     EXPECT_THROW(Run(COMMAND_LOAD), std::bad_alloc);
-    EXPECT_TRUE(trace.contains("CMainFrame::GetCommandID, return m_uCmdId=2948455419d"
-                               "enter CMainFrame::GetCommandID, docPath=/other"
-                               "CMainFrame::GetCommandID, return m_uCmdId=0"));
+    EXPECT_TRUE(project.trace.contains("CMainFrame::GetCommandID, return m_uCmdId=2948455419d"
+                                       "enter CMainFrame::GetCommandID, docPath=/other"
+                                       "CMainFrame::GetCommandID, return m_uCmdId=0"));
     EXPECT_FALSE(pipe.IsOpen());
     EXPECT_EQ(handler.GetCommandID(&own), 0U);
     project.env->WriteOutput("idle");

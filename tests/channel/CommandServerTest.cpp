@@ -117,12 +117,15 @@ TEST_F(CommandServerTest, AnswersAllInTheirOrderAndBeyondItsLimitClosesTheLonges
 
 TEST_F(CommandServerTest, RunsOneCommandAtATimeAndAPeersNextBehindThoseOfOthers)
 {
+    const FileHandle second = Connect();
+    DispatchAll();
     const FileHandle first = Connect(Message(1) + Message(3));
-    const FileHandle second = Connect(Message(2));
     int running = 0;
     during = [&] {
         EXPECT_EQ(running++, 0);
         server->Dispatch(); // as a nested event loop might
+        if (commands.size() == 1)
+            SendBytes(second, Message(2));
         --running;
     };
     for (qsizetype before = 0; commands.size() < 3; before = commands.size()) {

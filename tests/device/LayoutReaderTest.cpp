@@ -1,14 +1,14 @@
 #include "CatalogueFile.h"
 #include "Environment.h"
+#include "LayoutFileObject.h"
 #include "LayoutWriter.h"
 #include "PayloadBuilder.h"
 #include "ReadLayout.h"
-#include "Xml.h"
+#include "TempFolder.h"
 
 #include <gmock/gmock.h>
 
 #include <fstream>
-#include <random>
 
 using namespace std::string_literals;
 using testing::HasSubstr;
@@ -44,37 +44,22 @@ struct Converted
         QStringList wrong;
         EXPECT_TRUE(catalogue.isEmpty() || ParseCatalogue(env, catalogue, QStringLiteral("c"), types, wrong))
             << wrong.join(u'\n').toStdString();
-        TiXmlDocument document;
-        EXPECT_EQ(ParseXml(env, "<Layout>" + xml + "</Layout>", document), 0);
-        Read(env, *document.FirstChildElement(), components);
+        const TempFolder folder;
+        folder.Put("layouts.xml", "<TarvoXML><Layout id=\"ID_LAYOUT_START\">" + xml + "</Layout></TarvoXML>");
+        IDPool ids;
+        LayoutFileObject file(env, ids, 0);
+        EXPECT_EQ(file.Load(folder.Path("layouts.xml").toUtf8()), 0);
         numbers.Read(HEADER);
         const LayoutTables tables(types);
         LayoutWriter writer(types, tables, numbers,
                             [this](const ComponentObject *, const QByteArray &text) { errors += text + '\n'; });
-        bytes = writer.Write("ID_LAYOUT_START", components).toStdString();
-    }
-
-    static void Read(const Environment &env, const TiXmlElement &element,
-                     std::vector<std::unique_ptr<ComponentObject>> &into)
-    {
-        for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement()) {
-            auto &component = into.emplace_back(std::make_unique<ComponentObject>());
-            component->className = child->Value();
-            for (auto *attribute = child->FirstAttribute(); attribute; attribute = attribute->Next()) {
-                if (attribute->NameTStr() == "name")
-                    component->name = attribute->Value();
-                else
-                    component->AddAttribute(attribute->Name(), FromXml(env, attribute->Value()));
-            }
-            Read(env, *child, component->children);
-        }
+        bytes = writer.Write("ID_LAYOUT_START", file.All().front()->components).toStdString();
     }
 
     [[nodiscard]] std::string Text() const { return ReadLayout(bytes, 20); }
 
     ClassCatalogue types;
     IdNumbers numbers;
-    std::vector<std::unique_ptr<ComponentObject>> components;
     std::string bytes;
     std::string errors;
 };
@@ -163,8 +148,7 @@ TEST(LayoutReader, LongPartsAndDeepOnesKeepTheirBytes)
                     HasSubstr(around.toStdString() + "\n  9 = 3\n"));
     }
     constexpr int DEEPEST = 254; // of an XML file's 256
-    const Converted deep(QByteArray("<Label>").repeated(DEEPEST) + "<!-- -->" +
-                         QByteArray("</Label>").repeated(DEEPEST));
+    const Converted deep(QByteArray("<Label>").repeated(DEEPEST) + QByteArray("</Label>").repeated(DEEPEST));
     EXPECT_EQ(deep.bytes.substr(6, 2), "\xFE\0"s) << "levels";
     EXPECT_THAT(deep.Text(), Not(HasSubstr("damaged")));
     std::string deeper = deep.bytes.substr(0, 8) + "\0\x10\0\0"s + deep.bytes.substr(12, 8);
@@ -187,17 +171,18 @@ TEST(LayoutReader, EveryCutAndEveryDamagedByteIsNoticedOrHarmless)
     EXPECT_EQ(ReadLayout(WithByte(whole, 4, 2), 20), "no layout") << "of a version to come";
 }
 
-TEST(LayoutReader, SkipsWhatALaterConverterOfThisVersionAdds)
+TEST(LayoutReader, SkipsWhatALaterConverterOfThisVersionAddsAndTellsWhatFallsShort)
 {
     const std::string whole = Converted("<Label order='7'/><Label/>").bytes;
     std::string later = whole.substr(0, 20) + "MORE"s + whole.substr(20);
     later[5] = 24;
     later[8] = static_cast<char>(later[8] + 4);
     EXPECT_EQ(ReadLayout(later, 20), ReadLayout(whole, 20)) << "a longer head";
-    // A type of part that there isn't yet, and a value with one word more.
-    const std::string parts = "\2\0\1\5\x63\0\x63\1zzzz\x09\0\x11\2\7\0\0\0more\1\0\1\0"s;
+    // A type of part that there isn't yet, a value with one word more, one with a word too few, half of a pair of
+    // texts.
+    const std::string parts = "\2\0\1\x08\x63\0\x63\1zzzz\x09\0\x11\2\7\0\0\0more\x0A\0\x11\0\0\0\5\1abc\0\1\0\1\0"s;
     const std::string made = "MLAY\1\x14\1\0"s + PayloadBuilder::U32({20 + parts.size(), 20, 0}) + parts;
-    EXPECT_EQ(ReadLayout(made, 20), "2:  \n  99 = is unknown\n  9 = 7\n1:  \n");
+    EXPECT_EQ(ReadLayout(made, 20), "2:  \n  99 = is unknown\n  9 = 7\n  10 = damaged\n  0 = damaged\n1:  \n");
 }
 
 TEST(LayoutReader, TellsThatAPropertyIsMissingOrOfAnotherType)
@@ -239,27 +224,40 @@ TEST(LayoutReader, NumbersFollowTheOrderOfTheCatalogueAndAStampTellsCataloguesAp
     EXPECT_EQ(LayoutTables(Converted("", "").types).Stamp(), 0U);
 }
 
-TEST(LayoutFormatDoc, ItsExampleIsWhatTheConverterWrites)
+/// The example of a page of the manual: the bytes of its dump, whose lines are an offset, a colon and pairs of hex
+/// digits, and the blocks of XML that are marked with these words.
+struct Example
 {
-    std::ifstream document(MORVANITE_DOCS "/layout-format.md");
-    std::string bytes;
-    QByteArray catalogue;
-    QByteArray layout;
-    QByteArray *block = nullptr;
-    for (std::string line; std::getline(document, line);) {
-        if (line.starts_with("```")) {
-            block = line == "```xml catalogue" ? &catalogue : line == "```xml layout" ? &layout : nullptr;
-        } else if (block) {
-            *block += line + '\n';
-        } else if (line.size() > 6 && line[0] == '0' && line[4] == ':') { // an offset, a colon and pairs of hex digits
-            EXPECT_EQ(std::stoul(line, nullptr, 16), bytes.size()) << line;
-            std::istringstream words(line.substr(5));
-            for (std::string word; words >> word && word.size() == 2;)
-                bytes += static_cast<char>(std::stoul(word, nullptr, 16));
+    explicit Example(const std::string &page)
+    {
+        std::ifstream document(MORVANITE_DOCS "/" + page);
+        QByteArray *block = nullptr;
+        for (std::string line; std::getline(document, line);) {
+            if (line.starts_with("```")) {
+                block = line == "```xml catalogue" ? &catalogue : line == "```xml layout" ? &layout : nullptr;
+            } else if (block) {
+                *block += line + '\n';
+            } else if (line.size() > 6 && line[0] == '0' && line[4] == ':') {
+                EXPECT_EQ(std::stoul(line, nullptr, 16), bytes.size()) << line;
+                std::istringstream words(line.substr(5));
+                for (std::string word; words >> word && word.size() == 2;)
+                    bytes += static_cast<char>(std::stoul(word, nullptr, 16));
+            }
         }
     }
-    const Converted converted(layout, catalogue);
+
+    std::string bytes;
+    QByteArray catalogue, layout;
+};
+
+TEST(FormatDocs, TheirExamplesAreTheBytesTheyDescribe)
+{
+    const Example example("layout-format.md");
+    const Converted converted(example.layout, example.catalogue);
     EXPECT_EQ(converted.errors, "");
-    EXPECT_EQ(bytes, converted.bytes);
-    EXPECT_EQ(ReadLayout(bytes, 20), "2:  a\n  2 = @ 300\n  1 = 10 -5\n  3 {\n    4 = 8\n  2:  \n    0 = hint top\n");
+    EXPECT_EQ(example.bytes, converted.bytes);
+    EXPECT_EQ(converted.Text(), "2:  a\n  2 = @ 300\n  1 = 10 -5\n  3 {\n    4 = 8\n  2:  \n    0 = hint top\n");
+    const std::string sound("\0\0\0\0\0\0\0\0SOUND", 13);
+    EXPECT_EQ(Example("payload-format.md").bytes,
+              PayloadBuilder().Entry("AppLogo.img", "0123456789").Language(0, {{2, u"Hi"}}).Item(1, sound).Build());
 }

@@ -9,77 +9,63 @@
 /// What the getter of that part's type says, as text; the names of results that aren't MORVANITE_OK.
 inline std::string ShowProperty(const morvanite_part &owner, const morvanite_part &part)
 {
-    const std::uint32_t number = part.number;
     std::ostringstream text;
-    const auto told = [&](morvanite_result result, const auto &...values) {
+    const auto show = [&text](morvanite_result result, const auto &...values) {
         if (result == MORVANITE_OK)
             ((text << ' ' << values), ...);
         else
             text << (result == MORVANITE_DAMAGED ? " damaged" : " of another type");
+        return text.str();
     };
-    int truth = 0;
-    std::int32_t s32 = 0;
-    std::uint32_t u32 = 0;
-    float real = 0;
-    morvanite_point point = {};
-    morvanite_size size = {};
-    morvanite_fpoint place = {};
-    morvanite_rect rect = {};
-    morvanite_state_image images = {};
+    const auto told = [&]<typename Value, typename... Member>(
+                          morvanite_result (*get)(const morvanite_part *, std::uint32_t, Value *), Member... members) {
+        Value value{};
+        const morvanite_result result = get(&owner, part.number, &value);
+        if constexpr (sizeof...(members) == 0)
+            return show(result, value);
+        else
+            return show(result, value.*members...);
+    };
     const char *string = "";
     const char *name = "";
     switch (part.type) {
     case MORVANITE_UNNUMBERED:
-        told(morvanite_unnumbered(&part, &name, &string), name, string);
-        break;
+        return show(morvanite_unnumbered(&part, &name, &string), name, string);
     case MORVANITE_BOOL:
-        told(morvanite_get_bool(&owner, number, &truth), truth);
-        break;
+        return told(morvanite_get_bool);
     case MORVANITE_S32:
-        told(morvanite_get_s32(&owner, number, &s32), s32);
-        break;
+        return told(morvanite_get_s32);
     case MORVANITE_U32:
     case MORVANITE_MSEC:
-        told(morvanite_get_u32(&owner, number, &u32), u32);
-        break;
+        return told(morvanite_get_u32);
     case MORVANITE_FLOAT:
-        told(morvanite_get_float(&owner, number, &real), real);
-        break;
+        return told(morvanite_get_float);
     case MORVANITE_COLOR:
         text << std::hex;
-        told(morvanite_get_color(&owner, number, &u32), u32);
-        break;
+        return told(morvanite_get_color);
     case MORVANITE_ENUMERATOR:
-        told(morvanite_get_enumerator(&owner, number, &u32), u32);
-        break;
+        return told(morvanite_get_enumerator);
     case MORVANITE_REFERENCE:
     case MORVANITE_STRING:
     case MORVANITE_IMAGE:
-        told(morvanite_get_reference(&owner, number, &u32), '@', u32);
-        break;
+        return " @" + told(morvanite_get_reference);
     case MORVANITE_POINT:
-        told(morvanite_get_point(&owner, number, &point), point.x, point.y);
-        break;
+        return told(morvanite_get_point, &morvanite_point::x, &morvanite_point::y);
     case MORVANITE_SIZE:
-        told(morvanite_get_size(&owner, number, &size), size.width, size.height);
-        break;
+        return told(morvanite_get_size, &morvanite_size::width, &morvanite_size::height);
     case MORVANITE_FPOINT:
-        told(morvanite_get_fpoint(&owner, number, &place), place.x, place.y);
-        break;
+        return told(morvanite_get_fpoint, &morvanite_fpoint::x, &morvanite_fpoint::y);
     case MORVANITE_RECT:
-        told(morvanite_get_rect(&owner, number, &rect), rect.left, rect.top, rect.width, rect.height);
-        break;
+        return told(morvanite_get_rect, &morvanite_rect::left, &morvanite_rect::top, &morvanite_rect::width,
+                    &morvanite_rect::height);
     case MORVANITE_STATE_IMAGE:
-        told(morvanite_get_state_image(&owner, number, &images), images.normal, images.pressed, images.disabled,
-             images.highlight);
-        break;
+        return told(morvanite_get_state_image, &morvanite_state_image::normal, &morvanite_state_image::pressed,
+                    &morvanite_state_image::disabled, &morvanite_state_image::highlight);
     case MORVANITE_TEXT:
-        told(morvanite_get_text(&owner, number, &string), string);
-        break;
+        return told(morvanite_get_text);
     default:
         return " is unknown";
     }
-    return text.str();
 }
 
 /// All that stands in an owner, a line for each part. Throws when a walk of components meets others than a walk of all.
@@ -92,21 +78,18 @@ inline void ReadParts(const morvanite_part &owner, std::string &text)
     morvanite_result result;
     const std::string indent(2U * owner.depth, ' ');
     while ((result = morvanite_next_part(&owner, &cursor, &part)) == MORVANITE_OK && text.size() < Enough) {
-        text += indent + std::to_string(part.number);
+        const std::string line = indent + std::to_string(part.number);
         if (part.type == MORVANITE_COMPONENT) {
             morvanite_part same;
             if (morvanite_next_component(&owner, &components, &same) != MORVANITE_OK || same.data != part.data)
                 throw std::logic_error("a walk of components finds another one");
-            text += ": " + std::string(morvanite_component_class_name(&part)) + ' ' + morvanite_component_name(&part) +
-                    '\n';
+            text += line + ": " + morvanite_component_class_name(&part) + ' ' + morvanite_component_name(&part) + '\n';
             ReadParts(part, text);
         } else if (part.type == MORVANITE_GROUP) {
-            text += " {\n";
+            text += line + " {\n";
             ReadParts(part, text);
         } else if (part.type != MORVANITE_NAME && part.type != MORVANITE_CLASS_NAME) {
-            text += " =" + ShowProperty(owner, part) + '\n';
-        } else {
-            text.resize(text.size() - std::to_string(part.number).size() - indent.size());
+            text += line + " =" + ShowProperty(owner, part) + '\n';
         }
     }
     if (result == MORVANITE_DAMAGED)

@@ -1,15 +1,12 @@
 #include "ElfImage.h"
 
 #include "../device/ElfBuilder.h"
-#include "../fixtures/TempFolder.h"
+#include "../fixtures/TestModel.h"
 #include "ByteReader.h"
-#include "Environment.h"
 
 #include <QtEndian>
 
 #include <cerrno>
-#include <csignal>
-#include <sys/resource.h>
 
 namespace
 {
@@ -55,24 +52,18 @@ QByteArray Grown(const QByteArray &input, const QByteArray &payload, quint16 cou
            QByteArray(start - input.size(), '\0') + payload + headers + names;
 }
 
-class ElfImageTest : public testing::Test
+struct ElfImageTest : testing::Test, TestProgram
 {
-protected:
-    ElfImageTest() : env(folder.Path())
-    {
-        env.trace = [this](QStringView text) { trace += text.toUtf8(); };
-    }
-
     int Read(const QByteArray &input)
     {
         folder.Put("in.axf", input);
-        return ReadElf(env, folder.Path("in.axf"), elf);
+        return ReadElf(*env, folder.Path("in.axf"), elf);
     }
 
     int Prepare(const QByteArray &input, const QByteArray &payload)
     {
         const int code = Read(input);
-        return code ? code : AddResSection(elf, payload) ? -1 : SetElfLayout(env, elf);
+        return code ? code : AddResSection(elf, payload) ? -1 : SetElfLayout(*env, elf);
     }
 
     /// Grows the bytes as the packer does: 0 or a code, and `grown` is what became of the copy.
@@ -81,15 +72,12 @@ protected:
         folder.Put("out.axf", input);
         int code = Prepare(input, payload);
         if (!code)
-            code = WriteElf(env, elf, folder.Path("out.axf"));
+            code = WriteElf(*env, elf, folder.Path("out.axf"));
         grown = folder.Get("out.axf");
         return code;
     }
 
-    TempFolder folder;
-    Environment env;
     ElfImage elf;
-    QByteArray trace;
     QByteArray grown;
 };
 
@@ -154,9 +142,9 @@ TEST_F(ElfImageTest, EveryFailureOfReadingHasItsNumberAndText)
     fails(-1040, noNames, With(good, E_SHENTSIZE, quint16(0))); // all sections are the first one
     fails(-1040, noNames, QByteArray(52, '\0'));
     trace.clear();
-    EXPECT_EQ(ReadElf(env, folder.Path("none.axf"), elf), -1030);
+    EXPECT_EQ(ReadElf(*env, folder.Path("none.axf"), elf), -1030);
     EXPECT_EQ(trace, "[error]Could not open file: " + folder.Path("none.axf").toUtf8());
-    EXPECT_EQ(ReadElf(env, folder.Path(), elf), -1030);
+    EXPECT_EQ(ReadElf(*env, folder.Path(), elf), -1030);
 }
 
 TEST_F(ElfImageTest, TheMostThatTheNumbersOfTheFormatCanTellIsTaken)
@@ -179,7 +167,7 @@ TEST_F(ElfImageTest, TheMostThatTheNumbersOfTheFormatCanTellIsTaken)
                                      {quint64(0xFFFFFFFF), -1041},
                                      {quint64(5) << 32, -1041}}) {
         elf.inputSize = size;
-        EXPECT_EQ(SetElfLayout(env, elf), code) << size;
+        EXPECT_EQ(SetElfLayout(*env, elf), code) << size;
     }
 }
 
@@ -188,29 +176,9 @@ TEST_F(ElfImageTest, ACopyOfAnotherSizeIsntGrown)
     const QByteArray input = Bytes(ElfBuilder());
     ASSERT_EQ(Prepare(input, "payload"), 0);
     folder.Put("out.axf", input + 'x');
-    EXPECT_EQ(WriteElf(env, elf, folder.Path("out.axf")), -1042);
+    EXPECT_EQ(WriteElf(*env, elf, folder.Path("out.axf")), -1042);
     EXPECT_EQ(folder.Get("out.axf"), input + 'x');
-    EXPECT_EQ(WriteElf(env, elf, folder.Path("none/out.axf")), ENOENT);
+    EXPECT_EQ(WriteElf(*env, elf, folder.Path("none/out.axf")), ENOENT);
     EXPECT_TRUE(trace.endsWith("[error] could not open file while write data to file: " +
                                folder.Path("none/out.axf").toUtf8()));
-}
-
-TEST_F(ElfImageTest, AFullDiskAtAnyByteLeavesTheInputWithBytesBehindIt)
-{
-    const QByteArray input = Bytes(ElfBuilder(1).Section(".text", "code")) + "tt";
-    const QByteArray payload = "payload!";
-    ASSERT_EQ(Grow(input, payload), 0);
-    const QByteArray whole = grown;
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    signal(SIGXFSZ, SIG_IGN);
-    for (qsizetype size = input.size(); size < whole.size(); ++size) {
-        folder.Put("out.axf", input);
-        const rlimit most{rlim_t(size), before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &most);
-        const int code = WriteElf(env, elf, folder.Path("out.axf"));
-        setrlimit(RLIMIT_FSIZE, &before);
-        EXPECT_EQ(code, -1029);
-        EXPECT_EQ(folder.Get("out.axf"), input + whole.mid(input.size(), size - input.size())) << size;
-    }
 }

@@ -16,9 +16,7 @@ int counters[1000];
 int main(int argc, char **argv) { counters[argc] = words[argc % 8]; return argv[0] == words; }' >main.c
 echo '<config><resolution><Width>240</Width><Height>320</Height></resolution>
 <zxa><zepversion>20</zepversion></zxa></config>' >config.xml
-printf '<APP id="APP_demo">\n<STRING>res\\ref_list_demo.txt</STRING>\n</APP>\n' >res/demo.res.xml
-printf '%s\r\n' 'Number of Language	1' 'String ID	Resource Type	Description	English(0)' \
-    'ID_STRING_HI	Normal	greeting	Hi' '##number	1' | iconv -f utf-8 -t utf-16 >res/ref_list_demo.txt
+echo '<APP><FILE id="ID_MAIN">main.c</FILE></APP>' >res/demo.res.xml
 
 fail() {
     echo "FAILED: $*" >&2

@@ -1,7 +1,6 @@
+#include "FileLimit.h"
 #include "InspectFixture.h"
 
-#include <csignal>
-#include <sys/resource.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -96,14 +95,7 @@ TEST_F(ExtractTest, AFailureIsToldEndsTheExtractionAndLeavesNoHalfOfAFile)
     EXPECT_EQ(folder.Get("out"), "a file");
 
     QFile::remove(folder.Path("out"));
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit most{5, before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &most);
-    const std::string wrong = Extract();
-    setrlimit(RLIMIT_FSIZE, &before);
-    EXPECT_EQ(wrong, "cannot write entries/AppLogo.img: File too large");
+    EXPECT_EQ(WithFileLimit(5, [&] { return Extract(); }), "cannot write entries/AppLogo.img: File too large");
     EXPECT_THAT(written, IsEmpty());
     EXPECT_THAT(folder.Names("out/entries"), IsEmpty());
 }

@@ -108,15 +108,11 @@ TEST(Pack, OffsetsCountFromTheStartOfTheFileWhereTheSettingSaysSo)
         project.AddLanguage(1, {{1, u"text"}});
         ASSERT_EQ(project.Pack(), 0) << project.output.constData();
         const QByteArray made = project.folder.Get("app.out");
-        const qsizetype size = project.elf.size();
-        const qsizetype offset = (size + 3) / 4 * 4;
+        const qsizetype offset = (project.elf.size() + 3) / 4 * 4;
         auto expected = Payload().Language(1, {{1, u"text"}});
         EXPECT_EQ(project.folder.Get("arm/app.res"), BytesOf(expected.Build()));
         const QByteArray section = BytesOf(expected.Base(quint32(offset)).Build());
         EXPECT_EQ(made.mid(offset, section.size()), section);
-        // Of the input only the place and the number of the sections have changed.
-        EXPECT_EQ(made.first(size).replace(32, 4, project.elf.mid(32, 4)).replace(48, 2, project.elf.mid(48, 2)),
-                  project.elf);
     }
 }
 
@@ -208,7 +204,7 @@ TEST(Pack, AFullDiskAtAnyByteIsAFailedWriteAndLeavesTheInputWhole)
             ASSERT_EQ(WithFileLimit(rlim_t(limit), pack), PACK_WRITE) << limit;
             ASSERT_EQ(project.folder.Get("app.axf"), project.elf);
             const QByteArray left = project.folder.Get("app.out");
-            ASSERT_TRUE(left.startsWith(project.elf) || project.elf.startsWith(left))
+            ASSERT_EQ(left, (project.elf + made.mid(project.elf.size())).first(limit))
                 << "the old header describes what is there";
         }
         project.info.ver = 2;

@@ -20,6 +20,15 @@ QByteArray Example(const char *page, const QString &language)
     return match.captured(1).toUtf8();
 }
 
+/// Opens a project, which must have no errors, and saves it.
+void OpenAndSave(TestProject &project)
+{
+    CResDoc *const doc = project.Open();
+    ASSERT_NE(doc, nullptr) << project.TakeOutput().constData();
+    EXPECT_EQ(project.env->ErrorCount, 0);
+    EXPECT_TRUE(doc->DoFileSave());
+}
+
 } // namespace
 
 TEST(FormatPages, TheirExampleProjectOpensAndIsSavedAsItStandsThere)
@@ -28,27 +37,18 @@ TEST(FormatPages, TheirExampleProjectOpensAndIsSavedAsItStandsThere)
     TestProject project(list);
     project.folder.Put("demo/config.xml", Example("project-files", u"xml config"_s));
     project.folder.Put("demo/res/ref_list_demo.txt", TestProject::StringTable({"ID_HELLO"}));
-    CResDoc *const doc = project.Open();
-    ASSERT_NE(doc, nullptr) << project.TakeOutput().constData();
-    EXPECT_EQ(project.env->ErrorCount, 0);
-    EXPECT_TRUE(doc->DoFileSave());
+    OpenAndSave(project);
     EXPECT_EQ(project.folder.Get("demo/res/demo.res.xml"), list);
     EXPECT_EQ(project.folder.Get("demo/ResID/ResID.h").replace("\r\n", "\n"), Example("headers", u"c"_s));
-}
 
-TEST(FormatPages, TheirLayoutFileIsSavedAsItStandsThere)
-{
     const QByteArray layouts = Example("project-files", u"xml layout"_s);
-    TestProject project(
+    TestProject withLayouts(
         "<APP><RESOLUTION width=\"240\" height=\"320\" class=\"layout\"><LAYOUT>res\\layout_demo_240x320.xml</LAYOUT>"
         "</RESOLUTION></APP>",
         "[Layout]\nfolders=1\n");
-    project.folder.Put("demo/res/layout_demo_240x320.xml", layouts);
-    CResDoc *const doc = project.Open();
-    ASSERT_NE(doc, nullptr);
-    EXPECT_EQ(project.env->ErrorCount, 0);
-    EXPECT_TRUE(doc->DoFileSave());
-    EXPECT_EQ(project.folder.Get("demo/res/layout_demo_240x320.xml"), layouts);
+    withLayouts.folder.Put("demo/res/layout_demo_240x320.xml", layouts);
+    OpenAndSave(withLayouts);
+    EXPECT_EQ(withLayouts.folder.Get("demo/res/layout_demo_240x320.xml"), layouts);
 }
 
 TEST(FormatPages, TheirSettingsAreRead)

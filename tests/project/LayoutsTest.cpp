@@ -1,6 +1,8 @@
 #include "CLayoutRes.h"
 #include "TestProject.h"
 
+#include <QRegularExpression>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -17,18 +19,42 @@ QByteArray LayoutFile(const QByteArray &layouts)
 }
 
 /// The element of a resolution's layouts in the list, as it is written.
-QByteArray Resolution(const QByteArray &width, const QByteArray &height, const QByteArray &inside)
+QByteArray Resolution(const QByteArray &size, const QByteArray &inside)
 {
-    const QByteArray tag = "    <RESOLUTION width=\"" + width + "\" height=\"" + height + "\" class=\"layout\"";
+    const QByteArray tag = "    <RESOLUTION " + size + " class=\"layout\"";
     return inside.isEmpty() ? tag + " />\n" : tag + ">\n        " + inside + "\n    </RESOLUTION>\n";
+}
+
+constexpr char SMALL[] = "width=\"176\" height=\"220\"";
+constexpr char SCREEN[] = "width=\"240\" height=\"320\"";
+constexpr char NAMED[] = "<LAYOUT>res\\screens.xml</LAYOUT>";
+
+/// The elements of layouts as a save writes them.
+QByteArray Elements(const QByteArray &ofScreen, const QByteArray &ofSmall = {})
+{
+    return Resolution(SMALL, ofSmall) + Resolution(SCREEN, ofScreen);
 }
 
 /// A project with layouts for its own screen, 240x320; 176x220 is in use too and has none.
 struct Layouts : testing::Test
 {
-    static QByteArray List(const QByteArray &own = "<LAYOUT>res\\screens.xml</LAYOUT>")
+    Layouts()
     {
-        return "<APP>" + Resolution("240", "320", own) + Resolution("176", "220", {}) + "</APP>";
+        project.folder.MakeFolder("share");
+        qputenv("XDG_DATA_HOME", project.folder.Path("share").toUtf8());
+    }
+    ~Layouts() override { qunsetenv("XDG_DATA_HOME"); }
+
+    static QByteArray List(const QByteArray &ofScreen = NAMED, const QByteArray &ofSmall = {})
+    {
+        return "<APP>" + Resolution(SCREEN, ofScreen) + Resolution(SMALL, ofSmall) + "</APP>";
+    }
+
+    void UseCatalogue(const QByteArray &catalogue)
+    {
+        project.folder.Put("bin/catalogue.xml", catalogue);
+        project.folder.Put("bin/Morvanite.ini",
+                           "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\ncatalogue=catalogue.xml\n");
     }
 
     CResDoc &Open()
@@ -51,18 +77,15 @@ struct Layouts : testing::Test
         return said.first(said.lastIndexOf("[demo] save"));
     }
 
-    /// The list without its frame and what isn't of layouts.
+    /// The elements of layouts in the list.
     QByteArray Written() const
     {
-        QByteArray text;
-        bool inside = false;
-        for (const QByteArray &line : project.folder.Get("demo/res/demo.res.xml").split('\n')) {
-            const bool begins = line.contains("class=\"layout\"");
-            if (begins || inside)
-                text += line + '\n';
-            inside = (begins || inside) && !line.endsWith("/>") && !line.contains("</RESOLUTION>");
-        }
-        return text;
+        const QRegularExpression element(u" *<RESOLUTION[^>]*class=\"layout\"( />|>.*?</RESOLUTION>)\n"_s,
+                                         QRegularExpression::DotMatchesEverythingOption);
+        QString text;
+        for (const auto &match : element.globalMatch(QString::fromUtf8(project.folder.Get(LIST))))
+            text += match.captured();
+        return text.toUtf8();
     }
 
     QStringList Titles() const
@@ -80,6 +103,7 @@ struct Layouts : testing::Test
 
     quint32 Handle(const char *file) const { return project.monitor.HandleOf(project.folder.Path(file)); }
 
+    static constexpr const char *LIST = "demo/res/demo.res.xml";
     static constexpr const char *FILE = "demo/res/screens.xml";
     TestProject project{List(), "[Layout]\nfolders=1\n"};
     CResDoc *doc = nullptr;
@@ -109,7 +133,7 @@ TEST_F(Layouts, StandInFoldersLikeThoseOfImagesAndAreSavedAsTheyWere)
     EXPECT_TRUE(doc->ProjectFiles().contains(project.folder.Path(FILE)));
 
     EXPECT_EQ(Save(), "");
-    EXPECT_EQ(Written(), Resolution("176", "220", {}) + Resolution("240", "320", "<LAYOUT>res\\screens.xml</LAYOUT>"));
+    EXPECT_EQ(Written(), Elements(NAMED));
     EXPECT_EQ(project.folder.Get(FILE), file);
     EXPECT_NE(Handle(FILE), 0U);
     EXPECT_TRUE(project.folder.Get("demo/ResID/ResID.h").contains("#define  ID_ABOUT    1\r\n"));
@@ -136,9 +160,7 @@ TEST_F(Layouts, AreNoneWithoutTheSettingAndTheListIsAsEver)
 
 TEST_F(Layouts, ANewOneGetsAFreeNameAndAFileOfItsResolution)
 {
-    project.folder.MakeFolder("share");
-    qputenv("XDG_DATA_HOME", project.folder.Path("share").toUtf8());
-    project.folder.Put("demo/res/demo.res.xml", List(QByteArray()));
+    project.folder.Put(LIST, List(QByteArray()));
     project.folder.Put("demo/res/layout_demo_240x320.xml", "somebody's work");
     Open();
     EXPECT_EQ(doc->CreateLayoutRes(-1), nullptr);
@@ -154,8 +176,8 @@ TEST_F(Layouts, ANewOneGetsAFreeNameAndAFileOfItsResolution)
     EXPECT_NE(LayoutAt(0).AddComponent(*project.env, std::move(label)), nullptr);
 
     EXPECT_EQ(Save(), "");
-    EXPECT_EQ(Written(), Resolution("176", "220", "<LAYOUT>res\\layout_demo_176x220.xml</LAYOUT>") +
-                             Resolution("240", "320", "<LAYOUT>res\\layout_demo_240x320.xml</LAYOUT>"));
+    EXPECT_EQ(Written(), Elements("<LAYOUT>res\\layout_demo_240x320.xml</LAYOUT>",
+                                  "<LAYOUT>res\\layout_demo_176x220.xml</LAYOUT>"));
     EXPECT_EQ(project.folder.Get("demo/res/layout_demo_240x320.xml"),
               LayoutFile(Layout("ID_LAYOUT_0002", "<Label />") +
                          "    <Layout id=\"ID_LAYOUT_0001\" />\n    <Layout id=\"ID_LAYOUT_0003\" />\n"));
@@ -167,25 +189,15 @@ TEST_F(Layouts, ANewOneGetsAFreeNameAndAFileOfItsResolution)
 
 TEST_F(Layouts, AFileThatDoesNotLoadWholeIsLeftAloneAndStaysInTheList)
 {
-    project.folder.Put("bin/catalogue.xml",
-                       "<catalogue version=\"1\"><structure name=\"Insets\"></structure></catalogue>");
-    project.folder.Put("bin/Morvanite.ini",
-                       "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\ncatalogue=catalogue.xml\n");
+    UseCatalogue("<catalogue version=\"1\"><structure name=\"Insets\"></structure></catalogue>");
     const QByteArray kept = "Warning 1: layout file \"res\\screens.xml\" wasn't loaded whole and is left as it is.\r\n";
-    struct Case
-    {
-        QByteArray file;
-        QByteArray message;
-        QStringList titles;
-    };
-    for (const auto &[file, message, titles] :
-         {Case{"<TarvoXML>", "Error 1: failed to load layout file \"res\\screens.xml\".\r\n", {}},
-          Case{LayoutFile(Layout("ID_A") + Layout("ID_A")),
-               "Error 1: failed to load layout file \"res\\screens.xml\".\r\n",
-               {}},
-          Case{LayoutFile(Layout("ID_A", "<Label/><Insets/>") + Layout("ID_B")),
-               "Error 1: failed to load layout [ID_A].\r\n",
-               {u"ID_B"_s}}}) {
+    const QByteArray wholeFile = "Error 1: failed to load layout file \"res\\screens.xml\".\r\n";
+    const QByteArray oneLayout = "Error 1: failed to load layout [ID_A].\r\n";
+    for (const auto &[layouts, message, titles] :
+         {std::tuple(QByteArray("<Layout"), wholeFile, QStringList()),
+          {Layout("ID_A") + Layout("ID_A"), wholeFile, QStringList()},
+          {Layout("ID_A", "<Label/><Insets/>") + Layout("ID_B"), oneLayout, QStringList(u"ID_B"_s)}}) {
+        const QByteArray file = LayoutFile(layouts);
         project.folder.Put(FILE, file);
         Open();
         EXPECT_TRUE(project.TakeOutput().contains("screens.xml\"...\r\n" + message)) << file.constData();
@@ -193,8 +205,7 @@ TEST_F(Layouts, AFileThatDoesNotLoadWholeIsLeftAloneAndStaysInTheList)
         EXPECT_EQ(doc->CreateLayoutRes(1), nullptr);
         folder->Clear();
         EXPECT_EQ(Save(), kept);
-        EXPECT_EQ(Written(),
-                  Resolution("176", "220", {}) + Resolution("240", "320", "<LAYOUT>res\\screens.xml</LAYOUT>"));
+        EXPECT_EQ(Written(), Elements(NAMED));
         EXPECT_EQ(project.folder.Get(FILE), file);
         EXPECT_TRUE(doc->ProjectFiles().contains(project.folder.Path(FILE)));
 
@@ -212,38 +223,29 @@ TEST_F(Layouts, OfTwoFilesForOneResolutionOrTwoResolutionsOfOneFileNoneIsLost)
     project.folder.Put(FILE, LayoutFile(Layout("ID_A")));
     project.folder.Put("demo/res/more.xml", LayoutFile(Layout("ID_B")));
     const QByteArray two = "<LAYOUT>res\\screens.xml</LAYOUT>\n        <LAYOUT>res\\more.xml</LAYOUT>";
-    project.folder.Put("demo/res/demo.res.xml", List(two));
+    project.folder.Put(LIST, List(two));
     Open();
     EXPECT_TRUE(project.TakeOutput().contains("Error 1: failed to load layout file \"res\\more.xml\".\r\n"));
     LayoutAt(0).Rename(doc->ids, "ID_C");
     doc->OnWatchedFileChanged(Handle(FILE));
     EXPECT_EQ(Titles(), QStringList({u"ID_A"_s}));
     (void)Save();
-    EXPECT_EQ(Written(), Resolution("176", "220", {}) + Resolution("240", "320", two));
+    EXPECT_EQ(Written(), Elements(two));
     EXPECT_EQ(project.folder.Get("demo/res/more.xml"), LayoutFile(Layout("ID_B")));
 
-    project.folder.Put("demo/res/demo.res.xml",
-                       "<APP>" + Resolution("240", "320", "<LAYOUT>res\\screens.xml</LAYOUT>") +
-                           Resolution("176", "220", "<LAYOUT>RES\\Screens.xml</LAYOUT>") + "</APP>");
+    project.folder.Put(LIST, List(NAMED, "<LAYOUT>RES\\Screens.xml</LAYOUT>"));
     Open();
     EXPECT_EQ(Save(-3), "Error 1: failed to write to file \"res\\screens.xml\".\r\n");
     EXPECT_EQ(project.folder.Get(FILE), LayoutFile(Layout("ID_A")));
 }
 
-TEST_F(Layouts, AFileWhoseLayoutsAreGoneGoesToTheTrashOnceTheListIsWritten)
+TEST_F(Layouts, AFileWhoseLayoutsAreGoneGoesToTheTrash)
 {
-    project.folder.MakeFolder("share");
-    qputenv("XDG_DATA_HOME", project.folder.Path("share").toUtf8());
     project.folder.Put(FILE, LayoutFile(Layout("ID_A")));
     Open();
     LayoutAt(0).File()->Remove(LayoutAt(0).Id()); // its resource stands still
-    QFile::remove(project.folder.Path("demo/res/demo.res.xml"));
-    project.folder.MakeFolder("demo/res/demo.res.xml");
-    (void)Save(-3);
-    EXPECT_TRUE(project.folder.Has(FILE)) << "a save that fails loses nothing";
-    QDir().rmdir(project.folder.Path("demo/res/demo.res.xml"));
     EXPECT_EQ(Save(), "");
-    EXPECT_EQ(Written(), Resolution("176", "220", {}) + Resolution("240", "320", {}));
+    EXPECT_EQ(Written(), Elements({}));
     EXPECT_TRUE(project.folder.Has("share/Trash/files/screens.xml"));
     EXPECT_FALSE(project.folder.Has(FILE));
 }
@@ -263,12 +265,12 @@ TEST_F(Layouts, AreReadAgainWhenTheirFileChanges)
     EXPECT_EQ(view.selected, folder->subfolders.at(1).get());
     EXPECT_EQ(view.updates, 1);
     EXPECT_EQ(Save(), "");
-    EXPECT_EQ(Written(), Resolution("176", "220", {}) + Resolution("240", "320", "<LAYOUT>res\\screens.xml</LAYOUT>"));
+    EXPECT_EQ(Written(), Elements(NAMED));
 
     // With the list, which no longer names it, its watch goes.
     const quint32 handle = Handle(FILE);
-    project.folder.Put("demo/res/demo.res.xml", List(QByteArray()));
-    doc->OnWatchedFileChanged(Handle("demo/res/demo.res.xml"));
+    project.folder.Put(LIST, List(QByteArray()));
+    doc->OnWatchedFileChanged(Handle(LIST));
     EXPECT_EQ(Handle(FILE), 0U);
     doc->OnWatchedFileChanged(handle);
     EXPECT_TRUE(doc->root.FindFolder(KIND_RESO_LAYOUTS, 1, 2)->subfolders.empty());
@@ -277,10 +279,8 @@ TEST_F(Layouts, AreReadAgainWhenTheirFileChanges)
 
 TEST_F(Layouts, AnElementWithoutAFileIsReportedAndACatalogueWithErrorsToo)
 {
-    project.folder.Put("demo/res/demo.res.xml", List("<LAYOUT/><IMAGE id=\"ID_A\"/>"));
-    project.folder.Put("bin/catalogue.xml", "<catalogue version=\"1\">\n<class/></catalogue>");
-    project.folder.Put("bin/Morvanite.ini",
-                       "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\ncatalogue=catalogue.xml\n");
+    project.folder.Put(LIST, List("<LAYOUT/><IMAGE id=\"ID_A\"/>"));
+    UseCatalogue("<catalogue version=\"1\">\n<class/></catalogue>");
     Open();
     const QByteArray said = project.TakeOutput();
     EXPECT_TRUE(said.contains("Warning 1: layout file not found.\r\n"));
@@ -288,5 +288,5 @@ TEST_F(Layouts, AnElementWithoutAFileIsReportedAndACatalogueWithErrorsToo)
     EXPECT_TRUE(said.contains("line 2")) << said.constData();
     EXPECT_TRUE(project.tables.classes->entries.empty());
     EXPECT_EQ(Save(), "");
-    EXPECT_EQ(Written(), Resolution("176", "220", {}) + Resolution("240", "320", {}));
+    EXPECT_EQ(Written(), Elements({}));
 }
