@@ -224,6 +224,25 @@ TEST(ProjectWindow, IsReachedByTheKeyboard)
     QTest::mouseClick(window.Tree().viewport(), Qt::RightButton, {}, strings);
     EXPECT_EQ(window.Tree().SelectedFolder(), &window.Document().root) << "a right click selects nothing";
 
+    QTest::mouseClick(window.Tree().viewport(), Qt::LeftButton, Qt::ControlModifier, strings);
+    QTest::mouseClick(window.Tree().viewport(), Qt::LeftButton, Qt::ControlModifier, strings);
+    EXPECT_EQ(window.Tree().selectedItems(), QList<QTreeWidgetItem *>({window.Row(u"Strings"_s)}))
+        << "nothing deselects a folder";
+
+    const auto isCopyOn = [&window] {
+        const QList<QAction *> edit = window.Frame().menuBar()->actions()[1]->menu()->actions();
+        return std::any_of(edit.begin(), edit.end(),
+                           [](const QAction *entry) { return entry->text() == u"&Copy"_s && entry->isEnabled(); });
+    };
+    window.Frame().Output().setFocus();
+    window.Frame().RunCommand(CMD_SELECT_ALL);
+    QTest::keyClick(&window.Frame(), Qt::Key_E, Qt::AltModifier);
+    EXPECT_TRUE(QApplication::activePopupWidget() && isCopyOn()) << "of what gets the focus back";
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    QTest::keyClick(window.Frame().menuBar(), Qt::Key_Escape);
+    EXPECT_EQ(QApplication::focusWidget(), &window.Frame().Output());
+    window.Tree().setFocus();
+
     window.Frame().RunCommand(CMD_SPLIT);
     const int before = window.Tree().width();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
@@ -251,6 +270,9 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
     ASSERT_NE(edit, nullptr);
     edit->selectAll();
     QTest::keyClicks(edit, u"id_start"_s);
+    window.Frame().menuBar()->setFocus(Qt::MenuBarFocusReason);
+    edit->setFocus(Qt::MenuBarFocusReason);
+    EXPECT_EQ(window.Tree().findChild<QLineEdit *>(), edit) << "a menu ends no editing";
     QTest::keyClick(edit, Qt::Key_Return);
     window.Settle();
     EXPECT_EQ(Shown(layouts->child(0)), "240x320\n  ID_START\n");
@@ -266,18 +288,38 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
     QLineEdit *const again = window.Tree().findChild<QLineEdit *>();
     ASSERT_NE(again, nullptr);
     again->setText(u"id_image"_s);
-    window.Answer({QMessageBox::Ok});
+    bool isLabelLeft = false;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&] {
+        if (QApplication::activeModalWidget())
+            isLabelLeft = window.Frame().focusWidget() == &window.Tree();
+    });
+    look.start(1);
+    window.Answer({QMessageBox::Ok, QMessageBox::Ok});
+    QTest::keyClick(again, Qt::Key_Return);
+    window.Settle();
+    EXPECT_TRUE(isLabelLeft && window.boxes.size() == 2) << "the keys are the tree's again";
+    look.stop();
+    window.Frame().activateWindow();
+    window.Settle();
+    window.Frame().RunCommand(CMD_RENAME);
+    window.Tree().findChild<QLineEdit *>()->setText(u"id_image"_s);
     EXPECT_FALSE(window.Frame().close()) << "nobody ends who has just been told to correct something";
+    window.Settle();
     EXPECT_EQ(Shown(layouts->child(0)), "240x320\n  ID_SECOND\n");
     window.Answer({QMessageBox::Ok});
     window.Tree().setCurrentItem(layouts->child(0));
     QListWidget &list = DefaultView(window);
     list.item(0)->setText(u"no good"_s);
+    window.Settle();
     list.item(0)->setText(u"id_main"_s);
     EXPECT_EQ(RowsOf(list), "ID_MAIN");
     list.item(0)->setText(u"id_start"_s);
-    window.Tree().setCurrentItem(layouts->child(0)->child(0));
+    window.Tree().SetContextFolder(CProjView::FolderOf(layouts->child(0)->child(0)));
+    EXPECT_TRUE(window.Tree().StateOf(CMD_RENAME)->enabled);
     window.Frame().RunCommand(CMD_SAVE);
+    EXPECT_FALSE(window.Tree().StateOf(CMD_RENAME)->enabled) << "a command has run since that folder's menu";
+    window.Tree().setCurrentItem(layouts->child(0)->child(0));
     EXPECT_TRUE(window.folder.Get("demo/res/layout_demo_240x320.xml").contains("ID_START"));
 
     window.Answer({QMessageBox::No, QMessageBox::Yes});
@@ -289,8 +331,8 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
         window.Settle();
         EXPECT_EQ(layouts->child(0)->childCount(), left);
     }
-    EXPECT_EQ(window.boxes.size(), 5);
-    EXPECT_EQ(window.boxes[2], u"The ID is invalid."_s);
+    EXPECT_EQ(window.boxes.size(), 6);
+    EXPECT_EQ(window.boxes[3], u"The ID is invalid."_s);
     EXPECT_FALSE(window.Document().IsIdInUse(u"ID_START"_s));
 }
 

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QPlainTextEdit>
 
@@ -26,9 +27,21 @@ std::optional<CommandState> EditCommandState(int command, const EditControlState
     }
 }
 
-QWidget *FocusedEdit::Control()
+FocusedEdit::FocusedEdit()
 {
-    QWidget *const focus = QApplication::focusWidget();
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *before, const QWidget *now) {
+        behindMenus = qobject_cast<const QMenuBar *>(now) ? before : nullptr;
+    });
+}
+
+QWidget *FocusedEdit::Focus() const
+{
+    return behindMenus ? behindMenus.data() : QApplication::focusWidget();
+}
+
+QWidget *FocusedEdit::Control() const
+{
+    QWidget *const focus = Focus();
     const bool isEdit = qobject_cast<QLineEdit *>(focus) || qobject_cast<QPlainTextEdit *>(focus);
     return isEdit ? focus : nullptr;
 }

@@ -2,7 +2,8 @@
 
 #include "CommandTarget.h"
 
-class QWidget;
+#include <QPointer>
+#include <QWidget>
 
 /// What an edit control says of itself.
 struct EditControlState
@@ -17,12 +18,19 @@ struct EditControlState
 [[nodiscard]] std::optional<CommandState> EditCommandState(int command, const EditControlState &control);
 
 /// The edit control that has the focus, if one has: Cut, Copy, Paste, Delete, Undo and Select All are then its own.
-class FocusedEdit : public ICommandTarget
+class FocusedEdit : public QObject, public ICommandTarget
 {
 public:
+    FocusedEdit();
+
     [[nodiscard]] std::optional<CommandState> StateOf(int command) const override;
     void Run(int command) override;
 
+    /// The widget that has the focus; while the menu bar has it, the one that gets it back.
+    [[nodiscard]] QWidget *Focus() const;
     /// The control; null when the focus is elsewhere.
-    [[nodiscard]] static QWidget *Control();
+    [[nodiscard]] QWidget *Control() const;
+
+private:
+    QPointer<QWidget> behindMenus;
 };

@@ -140,6 +140,7 @@ void CChildFrame::Run(int command)
 {
     switch (command) {
     case CMD_SAVE:
+        tree->SetContextFolder(nullptr); // a command has run since the menu opened
         Save();
         break;
     case CMD_CLOSE:

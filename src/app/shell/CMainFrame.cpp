@@ -87,7 +87,7 @@ CMainFrame::~CMainFrame()
 std::vector<ICommandTarget *> CMainFrame::Targets() const
 {
     auto *const self = const_cast<CMainFrame *>(this);
-    const bool isInOutput = output->hasFocus();
+    const bool isInOutput = focusedEdit.Focus() == output;
     CChildFrame *const child = ActiveChild();
     return {isInOutput ? static_cast<ICommandTarget *>(output) : nullptr, &self->focusedEdit,
             child ? child->ActiveView() : nullptr, child, self};
@@ -255,7 +255,7 @@ CMainFrame::Busy::~Busy()
 bool CMainFrame::TakeLabel()
 {
     const int before = boxes.Messages();
-    QWidget *const edit = FocusedEdit::Control();
+    QWidget *const edit = focusedEdit.Control();
     for (QWidget *widget = edit ? edit->parentWidget() : nullptr; widget; widget = widget->parentWidget()) {
         if (auto *const view = qobject_cast<QAbstractItemView *>(widget))
             view->setFocus();

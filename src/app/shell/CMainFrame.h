@@ -68,7 +68,7 @@ public:
     // IViewHost
     [[nodiscard]] bool AskYesNo(const QString &question) override { return boxes.AskYesNo(question); }
     [[nodiscard]] Answer AskYesNoCancel(const QString &question) override { return boxes.AskYesNoCancel(question); }
-    void ShowMessage(const QString &text) override { boxes.MessageBox(text); }
+    void ShowMessage(const QString &text) override { boxes.MessageSoon(text); }
     void ShowPane(Pane) override {}
     void RunCommand(int command) override;
     [[nodiscard]] bool IsEnabled(int command) const override { return !turn.IsOn() && route.StateOf(command).enabled; }

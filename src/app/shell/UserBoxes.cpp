@@ -6,6 +6,7 @@
 #include "WaitCursor.h"
 
 #include <QFileDialog>
+#include <QTimer>
 
 /// While a box is open, commands of the channel wait.
 class UserBoxes::ModalBox
@@ -20,8 +21,12 @@ public:
     }
     ~ModalBox()
     {
-        if (--boxes.openBoxes == 0 && boxes.pauseCommands)
+        if (--boxes.openBoxes > 0)
+            return;
+        if (boxes.pauseCommands)
             boxes.pauseCommands(false);
+        if (!boxes.waiting.isEmpty())
+            QTimer::singleShot(0, &boxes.window, [&waiter = boxes] { waiter.ShowWaiting(); });
     }
     ModalBox(const ModalBox &) = delete;
     ModalBox &operator=(const ModalBox &) = delete;
@@ -33,9 +38,29 @@ private:
 
 void UserBoxes::MessageBox(const QString &text)
 {
-    ++messages;
     if (turn.IsOn())
-        return turn.AfterCommand([this, text] { MessageBox(text); });
+        return MessageSoon(text);
+    ++messages;
+    Show(text);
+}
+
+void UserBoxes::MessageSoon(const QString &text)
+{
+    ++messages;
+    waiting.append(text);
+    QTimer::singleShot(0, &window, [this] { ShowWaiting(); });
+}
+
+void UserBoxes::ShowWaiting()
+{
+    if (turn.IsOn())
+        return turn.AfterCommand([this] { ShowWaiting(); });
+    while (openBoxes == 0 && !waiting.isEmpty())
+        Show(waiting.takeFirst());
+}
+
+void UserBoxes::Show(const QString &text)
+{
     const ModalBox box(*this);
     const QString reason = unseenOutput ? unseenOutput() : QString();
     (void)ShowBox(&window, QMessageBox::Warning, reason.isEmpty() ? text : text + QStringLiteral("\n\n") + reason);

@@ -23,6 +23,8 @@ public:
     std::function<QString()> unseenOutput;
 
     void MessageBox(const QString &text) override;
+    /// The same when the caller is through with what it does.
+    void MessageSoon(const QString &text);
     QStringList OpenFileDialog(const QString &filter, int selectedFilter, bool multiSelect,
                                const QString &initialName) override;
     [[nodiscard]] bool AskYesNo(const QString &question);
@@ -38,8 +40,12 @@ public:
 private:
     class ModalBox;
 
+    void Show(const QString &text);
+    void ShowWaiting();
+
     QWidget &window;
     ChannelTurn &turn;
+    QStringList waiting; // messages for the end of a command, of another box, or of what the caller does
     int openBoxes = 0;
     int messages = 0;
 };

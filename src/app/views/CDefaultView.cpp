@@ -1,6 +1,7 @@
 #include "CDefaultView.h"
 
 #include "Commands.h"
+#include "LabelDelegate.h"
 #include "ProjectTree.h"
 
 #include <QContextMenuEvent>
@@ -26,6 +27,7 @@ CDefaultView::CDefaultView(CResDoc &projectDocument, CProjView &projectTree)
     setGridSize(QSize(GRID_WIDTH, GRID_HEIGHT));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setMinimumWidth(NARROWEST + style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2 * frameWidth() + 2);
+    setItemDelegate(new LabelDelegate(this));
     setMovement(QListView::Static);
     setResizeMode(QListView::Adjust);
     setWordWrap(true);

@@ -2,30 +2,16 @@
 
 #include "Commands.h"
 #include "EditCommands.h"
+#include "LabelDelegate.h"
 #include "ProjectTree.h"
 
 #include <QContextMenuEvent>
 #include <QHeaderView>
-#include <QLineEdit>
 #include <QMenu>
+#include <QPainter>
 #include <QScopedValueRollback>
-#include <QStyledItemDelegate>
 
 #include <span>
-
-/// Edits labels in place.
-class CProjView::LabelDelegate : public QStyledItemDelegate
-{
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &, const QModelIndex &) const override
-    {
-        auto *const edit = new QLineEdit(parent);
-        edit->setMaxLength(LONGEST_LABEL);
-        return edit;
-    }
-};
 
 CProjView::CProjView(CResDoc &projectDocument, IViewHost &viewHost) : document(projectDocument), host(viewHost)
 {
@@ -84,6 +70,40 @@ void CProjView::mousePressEvent(QMouseEvent *event)
         return QTreeWidget::mousePressEvent(event);
     setFocus();
     event->accept();
+}
+
+/// One folder is always selected: nothing deselects it.
+QItemSelectionModel::SelectionFlags CProjView::selectionCommand(const QModelIndex &index, const QEvent *event) const
+{
+    if (!index.isValid())
+        return QItemSelectionModel::NoUpdate;
+    const QItemSelectionModel::SelectionFlags flags = QTreeWidget::selectionCommand(index, event);
+    return flags & (QItemSelectionModel::Toggle | QItemSelectionModel::Deselect) ? QItemSelectionModel::ClearAndSelect
+                                                                                 : flags;
+}
+
+/// Lines from a folder to what lies below it; they leave room for the sign that opens and closes.
+void CProjView::drawBranches(QPainter *painter, const QRect &rect, const QModelIndex &index) const
+{
+    constexpr int SIGN = 7; // half of its side
+    QColor color = palette().color(QPalette::Text);
+    color.setAlphaF(0.3F);
+    painter->save();
+    painter->setPen(color);
+    QPoint middle(rect.right() + 1 - indentation() / 2, rect.center().y());
+    const int gap = index.model()->hasChildren(index) ? SIGN : 0;
+    painter->drawLine(middle + QPoint(gap, 0), QPoint(rect.right(), middle.y()));
+    if (index.parent().isValid() || index.row() > 0)
+        painter->drawLine(QPoint(middle.x(), rect.top()), middle - QPoint(0, gap));
+    if (index.siblingAtRow(index.row() + 1).isValid())
+        painter->drawLine(middle + QPoint(0, gap), QPoint(middle.x(), rect.bottom()));
+    for (QModelIndex above = index.parent(); above.isValid(); above = above.parent()) {
+        middle.rx() -= indentation();
+        if (above.siblingAtRow(above.row() + 1).isValid())
+            painter->drawLine(middle.x(), rect.top(), middle.x(), rect.bottom());
+    }
+    painter->restore();
+    QTreeWidget::drawBranches(painter, rect, index);
 }
 
 /// What changed while the tree was out of sight shows now.

@@ -37,10 +37,11 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    void drawBranches(QPainter *painter, const QRect &rect, const QModelIndex &index) const override;
+    [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
+                                                                       const QEvent *event) const override;
 
 private:
-    class LabelDelegate;
-
     void Fill();
     QTreeWidgetItem *Insert(QTreeWidgetItem *parent, CResFolder &folder);
     void SelectionChanged();

@@ -19,6 +19,7 @@ public:
     [[nodiscard]] virtual bool AskYesNo(const QString &question) = 0;
     /// The same with a third answer; Yes is the default.
     [[nodiscard]] virtual Answer AskYesNoCancel(const QString &question) = 0;
+    /// Shows it once the view is through with what it does: a label that is being edited has been left by then.
     virtual void ShowMessage(const QString &text) = 0;
     /// Puts a pane right of the project tree.
     virtual void ShowPane(Pane pane) = 0;
