@@ -16,18 +16,15 @@ const char DEFINITIONS[] = "<structure name='Insets'><member name='left' type='Z
 
 using Objects = std::vector<CZulClass *>;
 
-void Collect(const std::vector<std::unique_ptr<CZulClass>> &from, Objects &all)
-{
-    for (const auto &object : from) {
-        all.push_back(object.get());
-        Collect(object->subComponents, all);
-    }
-}
-
-Objects AllOf(const CLayoutRes &res)
+/// The objects and all below them, depth first.
+Objects AllOf(const std::vector<std::unique_ptr<CZulClass>> &objects)
 {
     Objects all;
-    Collect(res.Components(), all);
+    for (const auto &object : objects) {
+        const Objects below = AllOf(object->subComponents);
+        all.push_back(object.get());
+        all.insert(all.end(), below.begin(), below.end());
+    }
     return all;
 }
 
@@ -85,7 +82,7 @@ struct Editor
 
     void Step()
     {
-        const Objects all = AllOf(*res);
+        const Objects all = AllOf(res->Components());
         const auto any = [&] { return all[*rc::gen::inRange<size_t>(0, all.size())]; };
         const int action = all.empty() ? 0 : *rc::gen::inRange(0, 6);
         if (action == 0) {

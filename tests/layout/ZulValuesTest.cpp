@@ -197,11 +197,9 @@ TEST(ZulValues, ColorsAreStoredInOneForm)
     {
         const char *text, *stored, *shown;
         int alpha;
-    } colors[] = {{"#12345", "#123405", "RGB(18, 52, 5)", 0},
-                  {"#80ff8040", "#80FF8040", "RGB(255, 128, 64)", 0x80},
-                  {"RGB( 1, 2, 3", "#010203", "RGB(1, 2, 3)", 0},
-                  {"#1234", "", "RGB(0, 0, 0)", 255},
-                  {"rgb(1,2,3)", "", "RGB(0, 0, 0)", 255}};
+    } colors[] = {{"#12345", "#123405", "RGB(18, 52, 5)", 0},     {"#80ff8040", "#80FF8040", "RGB(255, 128, 64)", 0x80},
+                  {"RGB( 1, 2, 3", "#010203", "RGB(1, 2, 3)", 0}, {"#1234", "", "RGB(0, 0, 0)", 255},
+                  {"RGB(1,x,3)", "", "RGB(0, 0, 0)", 255},        {"rgb(1,2,3)", "", "RGB(0, 0, 0)", 255}};
     for (const auto &[text, stored, shown, alpha] : colors) {
         const Value color("ZulColor", text);
         EXPECT_EQ(color.base.GetText(), shown);
