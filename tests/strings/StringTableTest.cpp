@@ -188,6 +188,16 @@ TEST(StringTable, RandomEditsUndoneAndDoneAgainAreThoseOfAPlainTable)
     }));
 }
 
+TEST(StringTable, TheLast20EditsCanBeTakenBack)
+{
+    TableProject project(TWO_LANGUAGES + "ID_A|Normal|||\n##number|1\n");
+    for (int i = 1; i <= 25; ++i)
+        project.Mod(0, 2, QString::number(i));
+    while (project.table.history.CanUndo())
+        project.table.history.Undo();
+    EXPECT_EQ(project.Dump(), u"ID_A Normal 5  "_s);
+}
+
 TEST(StringTable, NamesAreTrimmedRaisedCheckedAndToldByNumber)
 {
     TableProject project(TWO_LANGUAGES + "ID_A|Normal|||\nID_B|Normal|||\n##number|2\n");

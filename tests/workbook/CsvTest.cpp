@@ -14,6 +14,8 @@ TEST(Csv, TheFileIsWhatSpreadsheetsTakeAndNoTextAFormula)
                                        ",,\r\n"
                                        "'-,'\xEF\xBC\x8B"
                                        "1,\xEF\xBF\xBD\xEF\xBF\xBD\r\n");
+    for (const QChar start : u"=+-@\uFF1D\uFF0B\uFF0D\uFF20\t\r\n"_s)
+        EXPECT_TRUE(Written(WriteCsv, {{start + u"1"_s}}).contains('\'')) << int(start.unicode());
 }
 
 TEST(Csv, FilesOfOtherProgramsAreRead)
@@ -35,7 +37,7 @@ TEST(Csv, FilesOfOtherProgramsAreRead)
 TEST(Csv, WhatIsWrongIsSaid)
 {
     const QByteArray manyCells = QByteArray(16'383, ',').replace(",", "a,") + '\n';
-    ExpectRefused(ReadCsv, {{Broken, "line 4: a quote isn't closed", "a,\"b\nc\"\r\nd\re,\"f\ng"},
+    ExpectRefused(ReadCsv, {{Broken, "line 5: a quote isn't closed", "a,\"b\nc\"\r\nd\r\re,\"f\ng"},
                             {Broken, "line 2 isn't UTF-8", "a,b\n\xE9,b\n"},
                             {Broken, "isn't UTF-16", Utf16(u"ab"_s, QStringConverter::Utf16LE).chopped(1)},
                             {NoWorkbook, "a zero stands in it", QByteArray("a,b\n\0", 5)},

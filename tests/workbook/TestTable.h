@@ -25,16 +25,14 @@ inline void PrintTo(const QString &text, std::ostream *stream)
 class TestTable : public ISheetSource
 {
 public:
-    explicit TestTable(Rows texts) : rows(std::move(texts)) {}
+    explicit TestTable(Rows texts) : rows(std::move(texts))
+    {
+        for (const QStringList &row : rows)
+            columns = std::max(columns, int(row.size()));
+    }
 
     [[nodiscard]] qint64 RowCount() const override { return qint64(rows.size()); }
-    [[nodiscard]] int ColumnCount() const override
-    {
-        qsizetype most = 0;
-        for (const QStringList &row : rows)
-            most = std::max(most, row.size());
-        return int(most);
-    }
+    [[nodiscard]] int ColumnCount() const override { return columns; }
     std::span<const QStringView> Row(qint64 row) override
     {
         views.assign(rows[size_t(row)].begin(), rows[size_t(row)].end());
@@ -43,6 +41,7 @@ public:
 
 private:
     Rows rows;
+    int columns = 0;
     std::vector<QStringView> views;
 };
 
