@@ -4,6 +4,8 @@
 
 #include <rapidcheck.h>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -14,18 +16,15 @@ const char DEFINITIONS[] = "<structure name='Insets'><member name='left' type='Z
 
 using Objects = std::vector<CZulClass *>;
 
-void Collect(const std::vector<std::unique_ptr<CZulClass>> &from, Objects &all)
-{
-    for (const auto &object : from) {
-        all.push_back(object.get());
-        Collect(object->subComponents, all);
-    }
-}
-
-Objects AllOf(const CLayoutRes &res)
+/// The objects and all below them, depth first.
+Objects AllOf(const std::vector<std::unique_ptr<CZulClass>> &objects)
 {
     Objects all;
-    Collect(res.Components(), all);
+    for (const auto &object : objects) {
+        const Objects below = AllOf(object->subComponents);
+        all.push_back(object.get());
+        all.insert(all.end(), below.begin(), below.end());
+    }
     return all;
 }
 
@@ -83,16 +82,17 @@ struct Editor
 
     void Step()
     {
-        const Objects all = AllOf(*res);
+        const Objects all = AllOf(res->Components());
         const auto any = [&] { return all[*rc::gen::inRange<size_t>(0, all.size())]; };
         const int action = all.empty() ? 0 : *rc::gen::inRange(0, 6);
         if (action == 0) {
             const auto className = *rc::gen::element<std::string>("Panel", "Base", "Unknown");
-            auto component = Component(QByteArray::fromStdString(className), {{"text", "x"}, {"other", "y"}});
-            component->children.push_back(Component("Panel", {{"pos", "(1,2)"}}));
-            RC_ASSERT(res->AddComponent(*program.env, std::move(component)));
+            RC_ASSERT(res->AddComponent(*program.env,
+                                        Component(QByteArray::fromStdString(className), {{"text", "x"}, {"other", "y"}},
+                                                  Component("Panel", {{"pos", "(1,2)"}}))));
         } else if (action == 1) {
             CZulClass *const object = any();
+            RC_ASSERT(!object->DeleteSubComponent(object)); // it doesn't lie in itself
             if (object->parent)
                 RC_ASSERT(object->parent->DeleteSubComponent(object));
             else
@@ -100,11 +100,16 @@ struct Editor
         } else if (action <= 3) {
             CZulClass *const object = any();
             CZulClass *const to = action == 2 ? any() : nullptr;
-            RC_ASSERT(res->MoveComponent(to, object) == (!LiesIn(to, object) || to == object->parent));
+            const bool stays = to == object->parent;
+            RC_ASSERT(res->MoveComponent(to, object) == (stays || !LiesIn(to, object)));
+            if (object->parent == to && !stays)
+                RC_ASSERT((to ? to->subComponents : res->Components()).back().get() == object);
         } else if (action == 4) {
             CZulClass *const object = any();
             object->propName = object->component->name = "n" + QByteArray::number(*rc::gen::inRange(0, 100));
-            RC_ASSERT(res->FindComponent(object->propName));
+            const auto isIt = [&](const CZulClass *other) { return other->propName == object->propName; };
+            RC_ASSERT(res->FindComponent(object->propName) == *std::find_if(all.begin(), all.end(), isIt));
+            RC_ASSERT(!res->FindComponent("nobody"));
         } else {
             SetOne(*any());
             RC_ASSERT(res->Rename(pool, "ID_" + QByteArray::number(*rc::gen::inRange(0, 9))));

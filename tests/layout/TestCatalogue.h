@@ -43,12 +43,14 @@ struct TestCatalogue : ClassCatalogue
     Environment env{QStringLiteral("/nonexistent")};
 };
 
-inline std::unique_ptr<ComponentObject> Component(const NarrowText &className,
-                                                  std::initializer_list<AttributeRecord> attributes = {})
+template <typename... Children>
+std::unique_ptr<ComponentObject> Component(const NarrowText &className,
+                                           std::initializer_list<AttributeRecord> attributes = {}, Children... children)
 {
     auto component = std::make_unique<ComponentObject>();
     component->className = className;
     component->attributes = attributes;
+    (component->children.push_back(std::move(children)), ...);
     return component;
 }
 

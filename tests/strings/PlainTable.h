@@ -1,27 +1,25 @@
 #pragma once
 
-#include <QString>
+#include <QRegularExpression>
 
 #include <algorithm>
-#include <functional>
 #include <map>
 #include <vector>
 
-/// A string table as plain values, by the same rules as the real one, with a history that keeps whole tables.
+/// A string table as plain values, by the same rules as the real one. Each edit says whether it was done; one that was
+/// refused has changed nothing.
 struct PlainTable
 {
     struct Row
     {
         QString id;
         bool push = false;
-        QString description;
-        std::map<int, QString> cells; // by column from 3 on; an emptied one stays
+        std::map<int, QString> texts; // by column, but for empty ones
         bool operator==(const Row &) const = default;
     };
-    using Rows = std::vector<Row>;
 
-    Rows rows;
-    std::map<size_t, Row> copied;
+    std::vector<Row> rows;
+    bool operator==(const PlainTable &) const = default;
 
     [[nodiscard]] bool IsTaken(const QString &id) const
     {
@@ -37,7 +35,13 @@ struct PlainTable
         }
     }
 
-    /// Like an edit of the table; false when it is refused.
+    static void SetText(Row &row, int col, const QString &text)
+    {
+        row.texts[col] = text;
+        if (text.isEmpty())
+            row.texts.erase(col);
+    }
+
     bool Edit(size_t at, int col, const QString &text)
     {
         if (at >= rows.size())
@@ -49,10 +53,8 @@ struct PlainTable
             rows[at].id = id;
         } else if (col == 1) {
             rows[at].push = text.compare(u"push", Qt::CaseInsensitive) == 0;
-        } else if (col == 2) {
-            rows[at].description = text;
         } else {
-            rows[at].cells[col] = text;
+            SetText(rows[at], col, text);
         }
         return true;
     }
@@ -60,37 +62,36 @@ struct PlainTable
     bool Insert(int col, const QString &typed)
     {
         const QString text = typed.toUpper();
-        Row row;
-        row.id = col == 0 && !text.isEmpty() ? text : Free(QStringLiteral("ID_STRING_"));
+        Row row{col == 0 && !text.isEmpty() ? text : Free(QStringLiteral("ID_STRING_")), false, {}};
         if (!IsValid(row.id) || IsTaken(row.id))
             return false;
-        if (col == 1 || col == 2)
-            row.description = text;
-        else if (col > 2)
-            row.cells[col] = text;
+        if (col > 0)
+            SetText(row, std::max(col, 2), text); // what is typed as a kind becomes the description
         rows.push_back(row);
         return true;
     }
 
-    bool Paste()
+    void Remove(const std::vector<int> &some)
     {
-        for (const auto &[at, row] : copied) {
-            rows.push_back(row);
-            rows.back().id = QString();
-            rows.back().id = Free(row.id + QStringLiteral("_COPY_"));
-            if (!IsValid(rows.back().id)) {
-                rows.pop_back();
-                return false;
-            }
-        }
+        for (auto at = some.rbegin(); at != some.rend(); ++at)
+            rows.erase(rows.begin() + *at);
+    }
+
+    bool AppendCopy(size_t at)
+    {
+        if (at >= rows.size())
+            return true;
+        Row row = rows[at];
+        row.id = Free(row.id + QStringLiteral("_COPY_"));
+        if (!IsValid(row.id))
+            return false;
+        rows.push_back(row);
         return true;
     }
 
     static bool IsValid(const QString &id)
     {
-        static const auto isBad = [](QChar c) {
-            return !(c == u'_' || (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z'));
-        };
-        return !id.isEmpty() && id.size() <= 64 && !id[0].isDigit() && std::none_of(id.begin(), id.end(), isBad);
+        static const QRegularExpression name(QStringLiteral("\\A[A-Za-z_][A-Za-z0-9_]{0,63}\\z"));
+        return name.match(id).hasMatch();
     }
 };

@@ -123,17 +123,7 @@ private:
 
     static QByteArray Deflated(const QByteArray &bytes)
     {
-        z_stream stream{};
-        deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, -MAX_WBITS, 9, Z_DEFAULT_STRATEGY);
-        QByteArray packed(qsizetype(deflateBound(&stream, uLong(bytes.size()))), '\0');
-        stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(bytes.data()));
-        stream.avail_in = uInt(bytes.size());
-        stream.next_out = reinterpret_cast<Bytef *>(packed.data());
-        stream.avail_out = uInt(packed.size());
-        deflate(&stream, Z_FINISH);
-        packed.truncate(qsizetype(stream.total_out));
-        deflateEnd(&stream);
-        return packed;
+        return qCompress(bytes, Z_BEST_SPEED).sliced(6).chopped(4); // between the heads and the checksum of zlib
     }
 
     std::vector<Part> parts;
