@@ -273,7 +273,8 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
     window.Frame().menuBar()->setFocus(Qt::MenuBarFocusReason);
     edit->setFocus(Qt::MenuBarFocusReason);
     EXPECT_EQ(window.Tree().findChild<QLineEdit *>(), edit) << "a menu ends no editing";
-    QTest::keyClick(edit, Qt::Key_Return);
+    window.Frame().menuBar()->setFocus(Qt::MenuBarFocusReason);
+    window.Frame().RunCommand(CMD_OUTPUT);
     window.Settle();
     EXPECT_EQ(Shown(layouts->child(0)), "240x320\n  ID_START\n");
     EXPECT_TRUE(window.Document().IsModified());

@@ -30,7 +30,11 @@ std::optional<CommandState> EditCommandState(int command, const EditControlState
 FocusedEdit::FocusedEdit()
 {
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *before, const QWidget *now) {
-        behindMenus = qobject_cast<const QMenuBar *>(now) ? before : nullptr;
+        // Without a widget before or now the window isn't active; the menus have the focus again when it is.
+        if (qobject_cast<const QMenuBar *>(now))
+            behindMenus = before ? before : behindMenus.data();
+        else if (now)
+            behindMenus = nullptr;
     });
 }
 

@@ -8,6 +8,7 @@
 #include "Paths.h"
 
 #include <QAbstractEventDispatcher>
+#include <QAbstractItemDelegate>
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QCloseEvent>
@@ -251,14 +252,16 @@ CMainFrame::Busy::~Busy()
 }
 
 /// Takes the label that is being edited in a tree or a list, as leaving it does. False when it was refused, which the
-/// user has been told.
+/// user is told.
 bool CMainFrame::TakeLabel()
 {
     const int before = boxes.Messages();
     QWidget *const edit = focusedEdit.Control();
-    for (QWidget *widget = edit ? edit->parentWidget() : nullptr; widget; widget = widget->parentWidget()) {
-        if (auto *const view = qobject_cast<QAbstractItemView *>(widget))
-            view->setFocus();
+    QWidget *const viewport = edit ? edit->parentWidget() : nullptr;
+    // Not by moving the focus: the menus may have it, or another program.
+    if (auto *const view = qobject_cast<QAbstractItemView *>(viewport ? viewport->parentWidget() : nullptr)) {
+        Q_EMIT view->itemDelegate()->commitData(edit);
+        Q_EMIT view->itemDelegate()->closeEditor(edit);
     }
     return boxes.Messages() == before;
 }
