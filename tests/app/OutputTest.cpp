@@ -59,6 +59,39 @@ TEST(InfoPane, ShowsAFloodPieceByPieceInItsOrder)
     EXPECT_TRUE(pane.toPlainText().isEmpty());
 }
 
+TEST(OutputTail, IsTheLastThousandCharactersHoweverManyCame)
+{
+    OutputTail tail;
+    QString all;
+    for (int i = 0; i < 5000; ++i) {
+        const QString line = u"line %1\r\n"_s.arg(i);
+        tail.Append(line);
+        all += u"line %1\n"_s.arg(i);
+        ASSERT_EQ(tail.Text(), all.right(1000)) << i;
+    }
+}
+
+TEST(MainFrame, MessagesThatComeTogetherAreShownOneAfterTheOther)
+{
+    TestWindow window;
+    window.Start();
+    qsizetype most = 0;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&most] {
+        const QWidgetList widgets = QApplication::topLevelWidgets();
+        most = qMax(most, std::count_if(widgets.begin(), widgets.end(), [](const QWidget *widget) {
+                        return widget->isVisible() && widget->inherits("QMessageBox");
+                    }));
+    });
+    look.start(1);
+    window.Answer({QMessageBox::Ok, QMessageBox::Ok});
+    for (const QString &text : {u"first"_s, u"second"_s})
+        window.Frame().ShowMessage(text);
+    EXPECT_TRUE(TestWindow::WaitFor([&window] { return window.boxes.size() == 2; }));
+    EXPECT_EQ(window.boxes, QStringList({u"first"_s, u"second"_s}));
+    EXPECT_EQ(most, 1);
+}
+
 TEST(MainFrame, WhatIsWrittenWhileTheOutputIsHiddenIsDropped)
 {
     TestWindow window;

@@ -272,7 +272,7 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
     QTest::keyClicks(edit, u"id_start"_s);
     window.Frame().menuBar()->setFocus(Qt::MenuBarFocusReason);
     edit->setFocus(Qt::MenuBarFocusReason);
-    EXPECT_EQ(window.Tree().findChild<QLineEdit *>(), edit) << "a menu ends no editing";
+    EXPECT_TRUE(edit->isVisible()) << "a menu ends no editing";
     window.Frame().menuBar()->setFocus(Qt::MenuBarFocusReason);
     window.Frame().RunCommand(CMD_OUTPUT);
     window.Settle();
