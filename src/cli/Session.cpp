@@ -42,7 +42,7 @@ Session::Session(const QString &debugLog)
         _exit(EXIT_FAILED); // with another, a save would destroy the project's texts
     }
     services.GetCommandID = [this](const QString &path) { return handler.GetCommandID(&path); };
-    services.Explain = [this](const QString &text) {
+    env.explain = [this](const QString &text) {
         report.Flush();
         Complain(text);
     };
@@ -70,7 +70,7 @@ void Session::OpenDebugLog(const QString &debugLog)
 
 int Session::LastStatus() const
 {
-    return handler.LastError() == 0 ? EXIT_FINE : EXIT_FAILED;
+    return handler.LastError() == 0 && env.FailureCount == 0 ? EXIT_FINE : EXIT_FAILED;
 }
 
 CResDoc *Session::OpenQuietly(const QString &project)
@@ -78,9 +78,9 @@ CResDoc *Session::OpenQuietly(const QString &project)
     QString lines;
     const auto idleOutput = std::exchange(handler.idleOutput, [&](QStringView text) { lines += text; });
     const auto explain =
-        std::exchange(services.Explain, [&](const QString &text) { lines += COMPLAINT_START + text + u'\n'; });
+        std::exchange(env.explain, [&](const QString &text) { lines += COMPLAINT_START + text + u'\n'; });
     CDocument *document = documents.OpenDocumentFile(project);
-    services.Explain = explain;
+    env.explain = explain;
     handler.idleOutput = idleOutput;
     if (!document || env.ErrorCount + env.WarningCount > 0)
         StandardOutput(STDERR_FILENO).Write(lines);

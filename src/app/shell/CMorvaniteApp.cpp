@@ -54,7 +54,7 @@ std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
 
     frame = std::make_unique<CMainFrame>(env, tables, documents);
     services.user = &frame->Boxes();
-    services.Explain = [this](const QString &text) {
+    env.explain = [this](const QString &text) {
         if (!frame->Turn().IsOn())
             frame->WriteLine(text);
     };

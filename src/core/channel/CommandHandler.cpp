@@ -26,6 +26,7 @@ public:
     Running(CommandHandler &commandHandler, quint32 id) : handler(commandHandler)
     {
         handler.commandId = id;
+        handler.env.FailureCount = 0;
         handler.env.DebugTrace("Morvanite: m_uCmdId=%ud\n", id);
     }
     ~Running()

@@ -96,6 +96,18 @@ void Environment::DebugTrace(const char *format, ...)
     va_end(arguments);
 }
 
+void Environment::Explain(const QString &text) const
+{
+    if (explain)
+        explain(text);
+}
+
+void Environment::ExplainFailure(const QString &text)
+{
+    ++FailureCount;
+    Explain(text);
+}
+
 void Environment::RefreshSettings()
 {
     settings.Refresh();

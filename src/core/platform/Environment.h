@@ -46,10 +46,26 @@ public:
     std::function<void()> whileWaiting;
     /// Who gets what `DebugTrace` writes; empty by default.
     Sink trace;
+    /// Who gets what `Explain` and `ExplainFailure` say; may be empty. The command line shows it on standard error, the
+    /// window in its output.
+    std::function<void(const QString &text)> explain;
 
     /// Errors and warnings of the current load, save or import; they number its messages.
     int ErrorCount = 0;
     int WarningCount = 0;
+    /// How many elements and rows the current load left out, so that a save would lose them.
+    int DroppedCount = 0;
+    /// How many times `ExplainFailure` was called in the current operation.
+    int FailureCount = 0;
+
+    /// Sets the four counters to 0, at the beginning of an operation.
+    void ResetCounts() { ErrorCount = WarningCount = DroppedCount = FailureCount = 0; }
+
+    /// Says in plain words what the report of an operation has no line for: which file, why, what to do. One sentence
+    /// without a line end.
+    void Explain(const QString &text) const;
+    /// Says it of work that was not done although the report has no error line for it: the command line ends with 1.
+    void ExplainFailure(const QString &text);
 
     Settings settings;
     /// Takes in what has been changed in the settings and the language table; at the beginning of an operation. The

@@ -65,8 +65,8 @@ void CResDoc::LoadClasses()
     if (LoadCatalogue(env, file, *tables.classes, errors))
         return;
     for (const QString &error : errors) {
-        if (services.Explain)
-            services.Explain(error);
+        if (env.explain)
+            env.Explain(error);
         else
             env.WriteOutput("%s\r\n", qUtf8Printable(error));
     }
@@ -87,8 +87,7 @@ bool CResDoc::BuildFolderTree(const QString &path)
                                     : QStringLiteral("has the zepversion %1, and %2 is the lowest that opens")
                                           .arg(config.zepVersion)
                                           .arg(OLDEST_VERSION);
-        if (services.Explain)
-            services.Explain(QStringLiteral("The project's configuration %1: %2").arg(problem, config.file));
+        env.Explain(QStringLiteral("The project's configuration %1: %2").arg(problem, config.file));
         return false;
     }
     const int own = tables.resolutions.IndexOf(config.width, config.height);
@@ -123,7 +122,7 @@ void CResDoc::Serialize(bool loading)
     if (!loading)
         return;
     env.RefreshSettings();
-    env.ErrorCount = env.WarningCount = 0;
+    env.ResetCounts();
     LoadClasses();
     if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
@@ -135,7 +134,7 @@ void CResDoc::Serialize(bool loading)
 bool CResDoc::OnSaveDocument(const QString &path)
 {
     env.RefreshSettings();
-    env.ErrorCount = env.WarningCount = 0;
+    env.ResetCounts();
     lastSave = treeLost ? SaveResult{0, CANNOT_WRITE} : SaveAll(path);
     if (services.user && !IsCommandRunning(path)) {
         if (lastSave.write != 0)
@@ -267,7 +266,7 @@ void CResDoc::OnWatchedFileChanged(quint32 handle)
     if (handle == 0)
         return;
     env.RefreshSettings();
-    env.ErrorCount = env.WarningCount = 0;
+    env.ResetCounts();
     if (!SetCurrentFolder(DirectoryOf(m_strPathName)))
         return; // the file went with its folder: there is nothing to load
     if (handle == resWatch) {

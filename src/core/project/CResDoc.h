@@ -39,8 +39,9 @@ struct CFrameServices
     IUserInterface *user = nullptr;      ///< message boxes and file dialogs; null without a window
     IFileChangeMonitor *watch = nullptr; ///< null where nobody watches files
     ReloadFlags *reloadFlags = nullptr;  ///< null where nobody watches files
-    /// Told what the report of a command has no words for, in plain ones; may be empty.
-    std::function<void(const QString &text)> Explain;
+    /// Told what the user of an open document has to know although nothing failed, such as where the files are that a
+    /// save replaced; may be empty. The window shows it in a bar of the document's window.
+    std::function<void(const CResDoc &doc, const QString &text)> Notify;
 };
 
 /// The document of one project, named by the path of its ".vcproj" file, which is never read or written.

@@ -79,7 +79,7 @@ private:
 SpreadsheetResult ExportSpreadsheet(CResModel &document, const QString &path)
 {
     Environment &env = document.env;
-    env.ErrorCount = env.WarningCount = 0;
+    env.ResetCounts();
     SpreadsheetResult result;
     const CResFolder none;
     const CResFolder *strings = document.root.FindFolder(KIND_STRINGS, 2);

@@ -287,7 +287,7 @@ QString CellName(quint32 column, quint32 row)
 SpreadsheetResult ImportSpreadsheet(CResModel &document, const QString &path, IImportWatch *watch)
 {
     Environment &env = document.env;
-    env.ErrorCount = env.WarningCount = 0;
+    env.ResetCounts();
     SpreadsheetResult result;
     Sheet sheet;
     const WorkbookResult opened = ReadWorkbook(path, sheet);
