@@ -42,8 +42,8 @@ void MoveAside(const QString &table)
 void ExportLayoutTables(Environment &env, const QString &projectFolder)
 {
     const Settings &settings = env.settings;
-    const QString layouts = settings.String("Path", "export_layout");
-    if (layouts.isEmpty() || settings.String("Path", "export_xml").isEmpty())
+    const QString layouts = LayoutSetting(settings, "export_layout");
+    if (layouts.isEmpty() || LayoutSetting(settings, "export_xml").isEmpty())
         return; // nothing to export; the tables of before stay in use
 
     LayoutCommand command = LayoutCommand::In(env, projectFolder);
