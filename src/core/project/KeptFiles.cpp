@@ -108,6 +108,7 @@ QString KeptFiles::MakeEntry(QString &entry) const
 
 QString KeptFiles::Keep(const QStringList &files, QString &entry) const
 {
+    entry.clear();
     QJsonArray index;
     for (const QString &file : files) {
         QByteArray bytes;
