@@ -160,6 +160,11 @@ void CommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
         if (!open)
             open = documents.OpenDocumentFile(record->projectPath);
         if (auto *doc = dynamic_cast<CResDoc *>(open)) {
+            if (beforePack && !beforePack(*doc)) {
+                pipe.Close();
+                lastError = 0;
+                return;
+            }
             env.RefreshSettings();
             env.DebugTrace("implicit ID Gen before Pack\n");
             const int generated = doc->GenerateIds(nullptr);
