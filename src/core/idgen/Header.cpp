@@ -1,6 +1,6 @@
 #include "Header.h"
 
-#include "Environment.h"
+#include <utility>
 
 namespace
 {
@@ -59,7 +59,7 @@ void Header::Define(const IDRecord &record)
     text.append(digit, number + sizeof number - digit);
 }
 
-bool Header::Write(const Environment &env, const QString &path)
+QByteArray Header::Finish()
 {
     QByteArray tail = "\n\n#ifdef __cplusplus"
                       "\n    }"
@@ -67,5 +67,5 @@ bool Header::Write(const Environment &env, const QString &path)
                       "\n\n#endif  /* _" +
                       guard + "_ */\n\n";
     text += tail.replace("\n", LINE_END);
-    return env.ReplaceFile(path, text, IfRefused::GoOn) == 0;
+    return std::exchange(text, {});
 }

@@ -2,7 +2,13 @@
 
 #include "IDPool.h"
 
-class Environment;
+/// A generated header, for whoever writes it.
+struct GeneratedHeader
+{
+    QString path; ///< where a save writes it
+    QString name; ///< its path in the folder of the headers; a setting may give an absolute one
+    QByteArray text;
+};
 
 /// The text of one generated C header, gathered in memory, with the line ends of the device's tool chain.
 class Header
@@ -13,8 +19,8 @@ public:
 
     void Define(const IDRecord &record);
     void EmptyLine() { text += "\r\n"; }
-    /// Ends the header and writes it to `path`. A failure shows nowhere but in the return value.
-    bool Write(const Environment &env, const QString &path);
+    /// Ends the header: its whole text.
+    [[nodiscard]] QByteArray Finish();
 
 private:
     NarrowText guard;
