@@ -25,7 +25,12 @@ public:
         CLI::Option *depfileOption =
             command->add_option("--depfile", depfile, "Write the files that were read, for make or ninja")
                 ->type_name("FILE");
-        command->add_flag("--remote", remote, "Let the running window do it")->excludes(depfileOption);
+        CLI::Option *tempOption =
+            command->add_option("--temp", temp, "Put temporary files there, and none beside the sources")
+                ->type_name("DIR");
+        command->add_flag("--remote", remote, "Let the running window do it")
+            ->excludes(depfileOption)
+            ->excludes(tempOption);
         return command;
     }
 
@@ -46,6 +51,7 @@ public:
         std::vector<QByteArray> inputs;
         if (!depfile.empty())
             session.handler.packInputs = &inputs;
+        session.handler.packTemp = AbsolutePath(temp);
         session.handler.Pack(request);
         const int status = session.LastStatus();
         if (const int code = session.handler.LastError())
@@ -78,6 +84,7 @@ private:
     std::string resolution;
     std::string target;
     std::string depfile;
+    std::string temp;
     int convertImages = 0;
     int version = 0;
     bool remote = false;

@@ -73,6 +73,8 @@ public:
     std::function<void()> bringToTop;
     /// Gets the host path of every file that a pack reads, for a build tool's list of dependencies; null: not wanted.
     std::vector<QByteArray> *packInputs = nullptr;
+    /// The folder for what a pack makes for itself (packinfo::temp); empty: beside the sources.
+    QString packTemp;
     /// The error code of the last report, 0 if it had none.
     [[nodiscard]] int LastError() const { return lastError; }
 
