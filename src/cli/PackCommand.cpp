@@ -28,9 +28,17 @@ public:
             command->add_option("--depfile", depfile, "Write the files that were read, for make or ninja")
                 ->type_name("FILE");
         CLI::Option *strictOption = command->add_flag("--strict", strict, STRICT_HELP);
-        command->add_flag("--remote", remote, "Let the running window do it")
-            ->excludes(depfileOption)
-            ->excludes(strictOption);
+        CLI::Option *tempOption =
+            command->add_option("--temp", temp, "Put temporary files there, and none beside the sources")
+                ->type_name("DIR");
+        CLI::Option *headersOption =
+            command
+                ->add_option("--headers", headers,
+                             "The folder that the headers were written to (default: where a save writes them)")
+                ->type_name("DIR");
+        CLI::Option *remoteOption = command->add_flag("--remote", remote, "Let the running window do it");
+        for (CLI::Option *option : {depfileOption, strictOption, tempOption, headersOption})
+            remoteOption->excludes(option);
         return command;
     }
 
@@ -54,6 +62,8 @@ public:
         if (!depfile.empty())
             session.handler.packInputs = &inputs;
         session.handler.beforePack = [&](CResDoc &document) { return MayPack(session, document); };
+        session.handler.packTemp = AbsolutePath(temp);
+        session.handler.packHeaders = AbsolutePath(headers);
         session.handler.Pack(request);
         const int status = session.LastStatus();
         if (strict && session.handler.LastError() == int(ReportCode::NoDocument))
@@ -119,6 +129,8 @@ private:
     std::string resolution;
     std::string target;
     std::string depfile;
+    std::string temp;
+    std::string headers;
     int convertImages = 0;
     int version = 0;
     bool remote = false;

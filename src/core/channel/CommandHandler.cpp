@@ -180,9 +180,11 @@ void CommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
 
 int CommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &record)
 {
-    const auto parameters = PackInfoOf(record, env, doc.tables.resolutions);
+    auto parameters = PackInfoOf(record, env, doc.tables.resolutions);
     if (!parameters)
         return int(ReportCode::BadPackRequest);
+    parameters->temp = packTemp;
+    parameters->headers = packHeaders;
     if (!SetCurrentFolder(DirectoryOf(doc.PathName())))
         return int(ReportCode::NoDocument); // its folder is gone
     return Packer::Pack(*parameters, doc, packInputs);

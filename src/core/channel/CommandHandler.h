@@ -76,6 +76,10 @@ public:
     /// Asked when a project is open and before it is packed; false: it isn't packed, and the report ends there. May be
     /// empty.
     std::function<bool(CResDoc &document)> beforePack;
+    /// The folder for what a pack makes for itself (packinfo::temp); empty: beside the sources.
+    QString packTemp;
+    /// The folder that the headers of a pack's project were written to (packinfo::headers); empty: the project's.
+    QString packHeaders;
     /// The error code of the last report, 0 if it had none.
     [[nodiscard]] int LastError() const { return lastError; }
 

@@ -1,5 +1,7 @@
 #include "Header.h"
 
+#include "Paths.h"
+
 #include <utility>
 
 namespace
@@ -18,6 +20,12 @@ NarrowText GuardName(NarrowText fileName)
             c = '_';
     }
     return fileName;
+}
+
+QString HeaderIn(const QString &folder, const QString &name)
+{
+    const QString inside = IsRelativePath(name) ? CanonicalPath(name) : FileName(name);
+    return folder + u'/' + (inside.startsWith(u"..") ? FileName(inside) : inside);
 }
 
 Header::Header(const NarrowText &fileName) : guard(GuardName(fileName))

@@ -27,5 +27,8 @@ private:
     QByteArray text;
 };
 
+/// The path of a header that the settings call `name` in a folder of its own: below it, whatever the name is.
+[[nodiscard]] QString HeaderIn(const QString &folder, const QString &name);
+
 /// The guard word of a file name: small letters in capitals, and "_" for dots and separators.
 [[nodiscard]] NarrowText GuardName(NarrowText fileName);

@@ -25,7 +25,7 @@ QString HeaderFolder::Write()
     if (IDGen::MakeHeaders(&doc.ids, doc.env.settings.String("Path", "header_output", ".\\ResID"), doc, headers) != 0)
         return u"%1: more IDs of one kind than there are numbers"_s.arg(doc.PathName());
     for (GeneratedHeader &header : headers)
-        files.push_back({PlaceOf(header.name), std::move(header.text)});
+        files.push_back({HeaderIn(folder, header.name), std::move(header.text)});
     if (HasLayoutTables(doc.env)) {
         if (QString problem = MakeTables(); !problem.isEmpty())
             return problem;
@@ -35,14 +35,7 @@ QString HeaderFolder::Write()
 
 QString HeaderFolder::MainHeader() const
 {
-    return PlaceOf(doc.env.settings.String("ResID", "main_header", "ResID.h"));
-}
-
-/// A header may be in a folder below that of the headers, but nothing is written outside of this one.
-QString HeaderFolder::PlaceOf(const QString &name) const
-{
-    const QString inside = IsRelativePath(name) ? CanonicalPath(name) : FileName(name);
-    return folder + u'/' + (inside.startsWith(u"..") ? FileName(inside) : inside);
+    return HeaderIn(folder, doc.env.settings.String("ResID", "main_header", "ResID.h"));
 }
 
 QString HeaderFolder::MakeTables()

@@ -30,7 +30,6 @@ public:
 
 private:
     [[nodiscard]] QString MakeTables();
-    [[nodiscard]] QString PlaceOf(const QString &name) const;
     [[nodiscard]] QString WriteAll();
 
     struct File
