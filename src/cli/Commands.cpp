@@ -53,16 +53,12 @@ int ParseAndRun(int argc, char **argv)
     } catch (const CLI::ParseError &error) {
         return app.exit(error) == 0 ? EXIT_FINE : EXIT_WRONG_USE;
     }
-<<<<<<< HEAD
     if (settings->count() > 0 && !QFileInfo(AbsolutePath(configFolder)).isDir()) {
         Complain(QStringLiteral("--settings %1: there is no such folder").arg(QString::fromStdString(configFolder)));
         return EXIT_WRONG_USE;
     }
-    Session session(QString::fromStdString(debugLog), AbsolutePath(configFolder));
-=======
     SignalCleanup::Install(); // `serve` holds the signals back and reads them itself
-    Session session(QString::fromStdString(debugLog));
->>>>>>> w-pack
+    Session session(QString::fromStdString(debugLog), AbsolutePath(configFolder));
     int status = chosen->Run(session);
     session.report.Flush();
     if (session.report.IsBroken())
