@@ -28,6 +28,7 @@ struct PackProject : TestModel
         folder.Put("bin/AppLogo.img", "program's logo");
         folder.MakeFolder("arm");
         QDir::setCurrent(folder.Path());
+        env.explain = [this](const QString &text) { explained += text.toUtf8() + '\n'; };
         info.inputfilename = Narrow("app.axf");
         info.outputfilename = Narrow("app.out");
         info.scope = 1;
@@ -70,6 +71,9 @@ struct PackProject : TestModel
         }
     }
 
+    /// What was explained since the last call, a line each.
+    [[nodiscard]] QByteArray TakeExplained() { return std::exchange(explained, {}); }
+
     /// Packs; `output` and `trace` are those of this pack.
     int Pack(qint32 mode = PACK_TO_TARGET, std::vector<QByteArray> *inputs = nullptr)
     {
@@ -91,4 +95,7 @@ struct PackProject : TestModel
     CResFolder &defaultImages = AddFolder(images, KIND_RESO_IMAGES);
     CResFolder &strings = AddFolder(root, KIND_STRINGS);
     int made = 0;
+
+private:
+    QByteArray explained;
 };

@@ -155,3 +155,65 @@ TEST(KeptFiles, TheNewestTwentyOfAProjectStayAndOnlyTheUserReadsThem)
     EXPECT_EQ(kept.Keep({program.folder.Path("missing.txt")}, nothing), QString());
     EXPECT_EQ(nothing, QString());
 }
+
+TEST(KeptFiles, EachWayToLeaveSomethingOutAtAnOpeningKeepsTheFilesOfBefore)
+{
+    struct Way
+    {
+        const char *what;
+        QByteArray list;
+        const char *settings = "";
+        const char *strings = "ID_HELLO\tNormal\tabout\tHello\tAllô\r\n";
+    };
+    const QByteArray string = "<STRING>res\\ref_list_demo.txt</STRING>";
+    const QByteArray layout = "<RESOLUTION width=\"240\" height=\"320\" class=\"layout\"><LAYOUT>res\\l.xml</LAYOUT>"
+                              "</RESOLUTION>";
+    const QByteArray picture =
+        "<RESOLUTION width=\"240\" height=\"320\" class=\"image\"><IMAGE id=\"ID_P\">p.png</IMAGE>"
+        "</RESOLUTION>";
+    const Way ways[] = {
+        {"a file without an ID", "<FILE>lost.bin</FILE>" + string},
+        {"a picture without an ID", "<IMAGE>lost.png</IMAGE>"},
+        {"an unknown element", "<SOUND id=\"ID_S\">lost.wav</SOUND>"},
+        {"an unknown element of a screen", layout},
+        {"an ID twice", "<IMAGE id=\"ID_A\">a.png</IMAGE><IMAGE id=\"ID_A\">lost.png</IMAGE>"},
+        {"a picture and a string with one ID", "<IMAGE id=\"ID_HELLO\">a.png</IMAGE>" + string},
+        {"a screen without a size", "<RESOLUTION class=\"image\"><IMAGE id=\"ID_P\">p.png</IMAGE></RESOLUTION>"},
+        {"a screen that isn't listed",
+         "<RESOLUTION width=\"7\" height=\"9\" class=\"image\"><IMAGE id=\"ID_P\">p.png</IMAGE></RESOLUTION>"},
+        {"a list of screens that isn't there", picture, "reso_set=missing.ini\n"},
+        {"an unknown component", "<COMPONENT id=\"radio\"><IMAGE id=\"ID_P\">p.png</IMAGE></COMPONENT>"},
+        {"a component without an ID", "<COMPONENT><IMAGE id=\"ID_P\">p.png</IMAGE></COMPONENT>"},
+        {"a layout without a file", "<RESOLUTION width=\"240\" height=\"320\" class=\"layout\"><LAYOUT/></RESOLUTION>",
+         "[Layout]\nfolders=1\n"},
+        {"more fields than languages", string, "", "ID_HELLO\tNormal\tabout\tHello\tAllô\tlost\r\n"},
+        {"a text of a row that has none before", string, "",
+         "ID_HELLO\tNormal\tabout\tHello\tAllô\r\nID_HELLO\tNormal\tabout\tlost\t\r\n"},
+        {"a text of no string file", "<STRING/>"},
+    };
+    for (const Way &way : ways) {
+        SCOPED_TRACE(way.what);
+        TestProject project("<APP>" + way.list + "</APP>");
+        project.folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n" + QByteArray(way.settings));
+        if (QByteArray(way.settings).startsWith("reso_set"))
+            project.folder.Put("bin/Morvanite.ini", "[Path]\n" + QByteArray(way.settings));
+        project.tables = {};
+        const QString text = u"\uFEFFNumber of Language\t2\r\nString ID\tResource Type\tDescription\tEnglish(0)\t"
+                             "Français(1)\r\n"_s +
+                             QString::fromUtf8(way.strings) + u"##number\t1\r\n"_s;
+        const QByteArray table(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
+        project.folder.Put("demo/res/ref_list_demo.txt", table);
+        const QByteArray list = project.folder.Get("demo/res/demo.res.xml");
+        CResDoc *const doc = project.Open();
+        ASSERT_NE(doc, nullptr);
+        EXPECT_TRUE(doc->DoFileSave());
+        EXPECT_EQ(doc->lastSave.write, 0);
+        EXPECT_NE(project.folder.Get("demo/res/demo.res.xml"), list) << "or the test is none";
+        const std::vector<KeptFiles::Entry> kept = KeptFiles(project.Path()).Entries();
+        ASSERT_EQ(kept.size(), 1U);
+        QString replaced;
+        EXPECT_EQ(KeptFiles(project.Path()).Restore(1, replaced), QString());
+        EXPECT_EQ(project.folder.Get("demo/res/demo.res.xml"), list);
+        EXPECT_EQ(project.folder.Get("demo/res/ref_list_demo.txt"), table);
+    }
+}

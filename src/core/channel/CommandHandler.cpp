@@ -163,6 +163,11 @@ void CommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
         else
             open->OnOpenAgain();
         if (auto *doc = dynamic_cast<CResDoc *>(open); doc && !doc->IsUnreadable()) {
+            if (beforePack && !beforePack(*doc)) {
+                pipe.Close();
+                lastError = 0;
+                return;
+            }
             doc->env.RefreshSettings();
             env.DebugTrace("implicit ID Gen before Pack\n");
             const int generated = doc->GenerateIds(nullptr);
@@ -178,9 +183,11 @@ void CommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
 
 int CommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &record)
 {
-    const auto parameters = PackInfoOf(record, doc.env, doc.tables.resolutions);
+    auto parameters = PackInfoOf(record, doc.env, doc.tables.resolutions);
     if (!parameters)
         return int(ReportCode::BadPackRequest);
+    parameters->temp = packTemp;
+    parameters->headers = packHeaders;
     if (!SetCurrentFolder(DirectoryOf(doc.PathName())))
         return int(ReportCode::NoDocument); // its folder is gone
     return Packer::Pack(*parameters, doc, packInputs);

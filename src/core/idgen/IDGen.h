@@ -1,6 +1,8 @@
 #pragma once
 
-#include "Text.h"
+#include "Header.h"
+
+#include <vector>
 
 class CResModel;
 class Environment;
@@ -17,4 +19,9 @@ public:
     /// Numbers, and writes the headers into `outputFolder` unless that is empty. 0, or FillValue's failure, and then no
     /// header is written. A header that can't be written is no failure.
     [[nodiscard]] static int Generate(IDPool *pool, const QString &outputFolder, CResModel &document);
+
+    /// Numbers, and gives the headers that Generate would write into `outputFolder`, in the order of their writing.
+    /// Writes nothing. FillValue's result; no header when that isn't 0.
+    [[nodiscard]] static int MakeHeaders(IDPool *pool, const QString &outputFolder, CResModel &document,
+                                         std::vector<GeneratedHeader> &headers);
 };

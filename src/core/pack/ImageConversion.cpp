@@ -5,6 +5,7 @@
 #include "PackLog.h"
 #include "Paths.h"
 #include "RunTool.h"
+#include "ScratchFolder.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -38,7 +39,7 @@ bool NeedImageConvert(const QString &path)
     return extension == u"bmp" || extension == u"gif" || extension == u"jpg" || extension == u"png";
 }
 
-int ConvertImage(Environment &env, const QString &source, const QString &target)
+int ConvertImage(Environment &env, const QString &source, const QString &target, BesideSource besideSource)
 {
     if (source.contains(u'"')) {
         env.WriteOutput("\r\n[error] A name with a double quote can't be handed to the converter: %s",
@@ -74,7 +75,7 @@ int ConvertImage(Environment &env, const QString &source, const QString &target)
     if (!(info.st_mode & S_IWUSR))
         chmod(made.constData(), (info.st_mode & 07777) | S_IWUSR);
     DeleteFileOnDisk(env.ProgramDir() + QStringLiteral("temp_image"));
-    if (ToUpperSimple(FileExtension(source)) == u"PNG") {
+    if (besideSource == BesideSource::Delete && ToUpperSimple(FileExtension(source)) == u"PNG") {
         const QByteArray title = source.left(source.lastIndexOf(u'.')).toUtf8();
         unlink((title + ".ABM").constData());
         unlink((title + ".BMPA").constData());
@@ -82,10 +83,12 @@ int ConvertImage(Environment &env, const QString &source, const QString &target)
     return PACK_OK;
 }
 
-ConvertedImage::ConvertedImage(Environment &env, const QByteArray &sourceFile) : target(sourceFile + ".tmp")
+ConvertedImage::ConvertedImage(Environment &env, const QByteArray &sourceFile, ScratchFolder &scratch)
+    : target(scratch.ForPicture(sourceFile)), isScratch(scratch.IsNamed())
 {
     env.WriteOutput("\r\nNeed image convert, convert... ");
-    code = ConvertImage(env, QString::fromUtf8(sourceFile), QString::fromUtf8(target));
+    code = ConvertImage(env, QString::fromUtf8(sourceFile), QString::fromUtf8(target),
+                        isScratch ? BesideSource::Leave : BesideSource::Delete);
     if (code != 0)
         PACK_LOG_BOTH(env, "\r\n[error] Convert image fail.");
     else
@@ -94,6 +97,6 @@ ConvertedImage::ConvertedImage(Environment &env, const QByteArray &sourceFile) :
 
 ConvertedImage::~ConvertedImage()
 {
-    if (code == 0)
+    if (code == 0 || isScratch)
         unlink(target.constData());
 }

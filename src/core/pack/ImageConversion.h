@@ -3,6 +3,14 @@
 #include "Text.h"
 
 class Environment;
+class ScratchFolder;
+
+/// What becomes of the files "NAME.ABM" and "NAME.BMPA" that a converter may make beside "NAME.png".
+enum class BesideSource
+{
+    Delete, ///< also when they were there before
+    Leave,
+};
 
 /// True for the kinds of image that the converter takes: bmp, gif, jpg, png, without regard to case.
 [[nodiscard]] bool NeedImageConvert(const QString &path);
@@ -12,15 +20,16 @@ class Environment;
 ///
 /// The program's folder is the working directory meanwhile; on every way out the old one is back. An old target passes
 /// for a new one when the converter doesn't run.
-[[nodiscard]] int ConvertImage(Environment &env, const QString &source, const QString &target);
+[[nodiscard]] int ConvertImage(Environment &env, const QString &source, const QString &target,
+                               BesideSource besideSource = BesideSource::Delete);
 
-/// A converted image beside its source, named after it with ".tmp", with the lines that a phase writes about it.
-/// Deleted at the end of this object, if the conversion succeeded.
+/// A converted image in the place for it, with the lines that a phase writes about it. Deleted at the end of this
+/// object; beside its source only if the conversion succeeded.
 class ConvertedImage
 {
 public:
     /// `sourceFile` is an absolute host path.
-    ConvertedImage(Environment &env, const QByteArray &sourceFile);
+    ConvertedImage(Environment &env, const QByteArray &sourceFile, ScratchFolder &scratch);
     ~ConvertedImage();
     ConvertedImage(const ConvertedImage &) = delete;
     ConvertedImage &operator=(const ConvertedImage &) = delete;
@@ -31,5 +40,6 @@ public:
 
 private:
     QByteArray target;
+    bool isScratch; // in a folder for such files
     int code;
 };

@@ -75,7 +75,7 @@ int AddConverted(PackContext &context, const QByteArray &source, const QString &
         PACK_LOG_BOTH(env, "\r\n[error] un-supported image type.");
         return PACK_IMAGE_TYPE;
     }
-    const ConvertedImage converted(env, source);
+    const ConvertedImage converted(env, source, context.scratch);
     if (converted.Code() != 0)
         return PACK_NOT_THERE;
     return ReadImage(context, PackFiles::OpenMade(converted.Target()), QString::fromUtf8(converted.Target()), stored);

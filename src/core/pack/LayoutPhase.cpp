@@ -1,4 +1,5 @@
 #include "CLayoutRes.h"
+#include "Header.h"
 #include "HostFiles.h"
 #include "IdNames.h"
 #include "IdNumbers.h"
@@ -110,6 +111,15 @@ int AddLayout(PackContext &context, const LayoutOutput &output)
     return context.image.PadItem() ? PACK_OK : PACK_MEMORY;
 }
 
+int AddLayouts(PackContext &context, const std::vector<LayoutOutput> &outputs)
+{
+    for (const LayoutOutput &output : outputs) {
+        if (const int code = AddLayout(context, output))
+            return code;
+    }
+    return PACK_OK;
+}
+
 } // namespace
 
 int ConstructLayouts(PackContext &context)
@@ -128,10 +138,16 @@ int ConstructLayouts(PackContext &context)
     LayoutCommand command = LayoutCommand::In(env, context.projectFolder);
     command.input = HostForm(env.NarrowToWide(source), context.projectFolder);
     command.output =
-        HostForm(DirectoryOf(settings.String("Path", "layout_temp", ".\\res\\tmp\\")), context.projectFolder);
+        context.scratch.IsNamed()
+            ? QString::fromUtf8(context.scratch.Path())
+            : HostForm(DirectoryOf(settings.String("Path", "layout_temp", ".\\res\\tmp\\")), context.projectFolder);
     command.header = HostForm(ResolvePath(settings.String("ResID", "main_header", "ResID.h"),
                                           settings.String("Path", "header_output", ".\\ResID")),
                               context.projectFolder);
+    if (const QString &headers = context.info.headers; !headers.isEmpty()) {
+        command.header = HostForm(HeaderIn(headers, settings.String("ResID", "main_header", "ResID.h")), {});
+        command.table = HostForm(headers, {});
+    }
     // What the converter reads the pack depends on.
     (void)context.files.Find(command.input);
     if (!LayoutSetting(settings, "export_xml").isEmpty())
@@ -151,9 +167,10 @@ int ConstructLayouts(PackContext &context)
     if (const int code = Expect(env, layouts, command.output, outputs))
         return code;
     (void)RunTool(env, command.CommandLine());
-    for (const LayoutOutput &output : outputs) {
-        if (const int code = AddLayout(context, output))
-            return code;
+    const int code = AddLayouts(context, outputs);
+    if (context.scratch.IsNamed()) {
+        for (const LayoutOutput &output : outputs)
+            unlink(output.host.constData());
     }
-    return PACK_OK;
+    return code;
 }

@@ -91,7 +91,7 @@ int ListReader::AddLine(const NarrowText &line, const QString &folder)
     if (!converts)
         return AddEntry(name, file, path);
 
-    const ConvertedImage converted(env, source);
+    const ConvertedImage converted(env, source, context.scratch);
     if (converted.Code() != 0)
         return PACK_NOT_THERE;
     return AddEntry(name, PackFiles::OpenMade(converted.Target()), QString::fromUtf8(converted.Target()));

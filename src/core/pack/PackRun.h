@@ -9,6 +9,7 @@ struct PackRun
     CResModel &document;
     const packinfo info;
     PackFiles files;
+    ScratchFolder scratch;
     QByteArray inputHost;
     QByteArray outputHost;
     QByteArray sideHost;    // the payload alone; empty in a mode without it

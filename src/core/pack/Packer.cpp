@@ -58,8 +58,11 @@ int Packer::Pack(const packinfo &parameters, CResModel &document, std::vector<QB
         IsSameFile(outputHost, sideHost))
         return RefuseSameFile(env, info);
     TraceParameters(env, info);
+    const ScratchFolder scratch(info.temp.isEmpty() ? "" : AbsoluteHost(OutputPath(info.temp)));
+    if (!scratch.Prepare(env))
+        return PACK_TEMP_FOLDER;
 
-    PackRun run{document, info, PackFiles(inputs), inputHost, outputHost, sideHost};
+    PackRun run{document, info, PackFiles(inputs), scratch, inputHost, outputHost, sideHost};
     int code = PACK_UNKNOWN_MODE;
     if (info.packmode == PACK_TO_TARGET)
         code = PackToTarget(run);
@@ -74,7 +77,7 @@ int Packer::Pack(const packinfo &parameters, CResModel &document, std::vector<QB
 int BuildPayload(PackRun &run, EntryPadding padding, quint64 base, QByteArrayView prefix, QByteArrayView &payload)
 {
     PackImage image(run.memory, padding);
-    PackContext context{run.document, run.info, image, run.files, DirectoryOf(run.document.PathName())};
+    PackContext context{run.document, run.info, image, run.files, run.scratch, DirectoryOf(run.document.PathName())};
     if (const int code = ConstructResources(context))
         return code;
     image.base = qint64(base);

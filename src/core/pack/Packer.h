@@ -23,6 +23,9 @@ struct packinfo
     qint16 scope = -1; ///< resolution index of the target, -1 if it isn't known
     qint32 imageconvert = 0;
     qint32 ver = 0;
+    /// The folder with the generated headers and the layout converter's tables; empty: where the settings put them.
+    QString headers;
+    QString temp; ///< a folder for what the pack makes for itself; empty: beside the sources
 };
 
 /// Turns a project's resources into one payload and attaches it to the application file.

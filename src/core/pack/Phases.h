@@ -6,6 +6,7 @@
 #include "PackLog.h"
 #include "Packer.h"
 #include "ResModel.h"
+#include "ScratchFolder.h"
 
 /// What the phases of one run share.
 struct PackContext
@@ -14,6 +15,7 @@ struct PackContext
     const packinfo &info;
     PackImage &image;
     PackFiles &files;
+    ScratchFolder &scratch;
     QString projectFolder; ///< host form, without a separator at its end
 
     [[nodiscard]] Environment &Env() const { return document.env; }

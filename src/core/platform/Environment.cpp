@@ -18,11 +18,12 @@ QString WithSeparator(const QString &folder)
     return folder.endsWith(u'/') ? folder : folder + u'/';
 }
 
-QString UserSettingsFile()
+QString UserSettingsFile(const QString &configFolder)
 {
     const QByteArray config = qgetenv("XDG_CONFIG_HOME");
-    const QString folder = config.startsWith('/') ? QString::fromUtf8(config)
-                                                  : QString::fromUtf8(qgetenv("HOME")) + QStringLiteral("/.config");
+    const QString folder = !configFolder.isEmpty()  ? configFolder
+                           : config.startsWith('/') ? QString::fromUtf8(config)
+                                                    : QString::fromUtf8(qgetenv("HOME")) + QStringLiteral("/.config");
     return folder + QStringLiteral("/morvanite/Morvanite.ini");
 }
 
@@ -61,16 +62,17 @@ QString Environment::FindProgramDir()
     return program.left(program.lastIndexOf(u'/') + 1);
 }
 
-Environment::Environment(const QString &programFolder)
+Environment::Environment(const QString &programFolder, const QString &configFolder)
     : own(std::make_unique<Shared>()), shared(*own),
-      settings(WithSeparator(programFolder) + QStringLiteral("Morvanite.ini"), UserSettingsFile()),
-      programDir(WithSeparator(programFolder))
+      settings(WithSeparator(programFolder) + QStringLiteral("Morvanite.ini"), UserSettingsFile(configFolder)),
+      programDir(WithSeparator(programFolder)), ownConfigFolder(configFolder)
 {
     SelectCodePage();
 }
 
 Environment::Environment(Environment &process)
-    : shared(process.shared), settings(process.settings), programDir(process.programDir)
+    : shared(process.shared), settings(process.settings), programDir(process.programDir),
+      ownConfigFolder(process.ownConfigFolder)
 {
     SelectCodePage();
 }
@@ -95,6 +97,19 @@ bool Environment::UseProjectSettings(const QString &folder)
 }
 
 Environment::~Environment() = default;
+
+QStringList Environment::SettingsFiles() const
+{
+    QStringList files{programDir + QStringLiteral("Morvanite.ini"), UserSettingsFile(ownConfigFolder), LanguageFile()};
+    if (!settings.ProjectFile().isEmpty())
+        files.append(settings.ProjectFile());
+    return files;
+}
+
+QString Environment::LanguageFile() const
+{
+    return programDir + QStringLiteral("tuvik.ini");
+}
 
 QByteArray Environment::Shown(const NarrowText &text) const
 {
@@ -154,7 +169,7 @@ int Environment::ReplaceFile(QStringView path, QByteArrayView bytes, IfRefused i
 const Profile &Environment::Languages() const
 {
     if (!languages)
-        languages = std::make_unique<ProfileFile>(programDir + QStringLiteral("tuvik.ini"));
+        languages = std::make_unique<ProfileFile>(LanguageFile());
     return languages->Content();
 }
 

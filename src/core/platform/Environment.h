@@ -17,8 +17,9 @@ class Environment
 public:
     using Sink = std::function<void(QStringView)>;
 
-    /// `programFolder` is the folder of the program's own files. Reads "Morvanite.ini" there and in the user's folder.
-    explicit Environment(const QString &programFolder = FindProgramDir());
+    /// `programFolder` is the folder of the program's own files. Reads "Morvanite.ini" there and in the user's folder:
+    /// "morvanite" in `configFolder`, or in the user's configuration folder where that is empty.
+    explicit Environment(const QString &programFolder = FindProgramDir(), const QString &configFolder = {});
     /// The environment of a project that isn't open yet. `process` must live longer.
     explicit Environment(Environment &process);
     ~Environment();
@@ -30,6 +31,10 @@ public:
 
     /// The program's folder with its trailing separator.
     [[nodiscard]] const QString &ProgramDir() const { return programDir; }
+    /// The configuration folder that was given in place of the user's; empty when none was.
+    [[nodiscard]] const QString &ConfigFolder() const { return ownConfigFolder; }
+    /// The files that settings and the language table are read from; some may not be there.
+    [[nodiscard]] QStringList SettingsFiles() const;
 
     [[nodiscard]] NarrowText WideToNarrow(QStringView text) const { return codePage.FromWide(text); }
     [[nodiscard]] QString NarrowToWide(QByteArrayView text) const { return codePage.ToWide(text); }
@@ -118,6 +123,8 @@ public:
 private:
     void SelectCodePage();
     QString programDir;
+    QString ownConfigFolder;
     mutable std::unique_ptr<ProfileFile> languages; // read at the first use
     [[nodiscard]] const Profile &Languages() const;
+    [[nodiscard]] QString LanguageFile() const;
 };

@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstring>
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
@@ -44,6 +45,30 @@ QByteArray TakeProgram(QStringView &rest)
     }
     return {};
 }
+
+/// The variables of the child's environment: ours, with the settings that this process was given.
+class ToolVariables
+{
+public:
+    explicit ToolVariables(const Environment &env) : config("XDG_CONFIG_HOME=" + env.ConfigFolder().toUtf8())
+    {
+        const qsizetype name = config.indexOf('=') + 1;
+        const bool isOwn = !env.ConfigFolder().isEmpty();
+        for (char **variable = environ; *variable; ++variable) {
+            if (!isOwn || std::strncmp(*variable, config.constData(), size_t(name)) != 0)
+                pointers.push_back(*variable);
+        }
+        if (isOwn)
+            pointers.push_back(config.data());
+        pointers.push_back(nullptr);
+    }
+
+    [[nodiscard]] char *const *All() { return pointers.data(); }
+
+private:
+    QByteArray config;
+    std::vector<char *> pointers;
+};
 
 /// What the child starts with: the three standard files, no others, and signals as a shell would leave them.
 class SpawnSettings
@@ -141,9 +166,10 @@ int RunTool(Environment &env, const QString &commandLine)
     arguments.push_back(nullptr);
 
     const SpawnSettings settings;
+    ToolVariables variables(env);
     pid_t child = -1;
-    const int error =
-        posix_spawn(&child, arguments.front(), &settings.actions, &settings.attributes, arguments.data(), environ);
+    const int error = posix_spawn(&child, arguments.front(), &settings.actions, &settings.attributes, arguments.data(),
+                                  variables.All());
     if (error != 0) {
         env.DebugTrace("CreateProcess failed (%d)\n", error);
         return TOOL_NOT_STARTED;

@@ -12,8 +12,9 @@ inline constexpr int TOOL_NOT_STARTED = -1030;
 /// Runs an outside tool and waits for its end, however long that takes. 0 once the tool has ended, whatever its exit
 /// status; TOOL_NOT_STARTED otherwise, with the system's error number in the debug log.
 ///
-/// The tool gets this process's environment and working directory, reads nothing, and what it prints on its standard
-/// output is dropped; its standard error is ours. No other open file reaches it.
+/// The tool gets this process's environment (with the folder of settings that `env` was given) and working directory,
+/// reads nothing, and what it prints on its standard output is dropped; its standard error is ours. No other open file
+/// reaches it.
 [[nodiscard]] int RunTool(Environment &env, const QString &commandLine);
 
 /// The words of a command line: divided by blanks, a double quote begins or ends a stretch in which a blank doesn't

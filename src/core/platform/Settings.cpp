@@ -62,6 +62,7 @@ const Profile *Settings::ProjectsOwn(const QString &section, const QString &key)
 
 QStringList Settings::UseProject(const QString &file)
 {
+    projectFile = file;
     project.emplace(file);
     QStringList ignored;
     for (const auto &[section, key] : project->Content().Keys()) {

@@ -22,6 +22,9 @@ public:
     /// "[Section] key".
     [[nodiscard]] QStringList UseProject(const QString &file);
 
+    /// The path of the project's file, which need not be there; empty before there is a project.
+    [[nodiscard]] const QString &ProjectFile() const { return projectFile; }
+
     /// Takes in what has been changed in the files since they were read.
     void Refresh();
 
@@ -34,6 +37,7 @@ private:
     QString userFolder;
     ProfileFile program;
     ProfileFile user;
+    QString projectFile;
     std::optional<ProfileFile> project;
     [[nodiscard]] const Profile *ProjectsOwn(const QString &section, const QString &key) const;
 };

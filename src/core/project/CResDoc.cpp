@@ -138,6 +138,7 @@ void CResDoc::Serialize(bool loading)
 
 void CResDoc::Load()
 {
+    findings.Clear();
     stamps.Clear();
     NoteFile(ResolvePath(env.settings.String("Path", "proj_cfg", ".\\config.xml"), DirectoryOf(m_strPathName)));
     if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
@@ -211,8 +212,6 @@ CResDoc::Outside CResDoc::TakeInChanges()
 
 bool CResDoc::KeepReplaced(const QStringList &files)
 {
-    if (keepReason.isEmpty())
-        return true;
     const QString problem = KeptFiles(m_strPathName).Keep(files, keptEntry);
     if (problem.isEmpty())
         return true;
@@ -309,10 +308,8 @@ int CResDoc::GenerateIds(const QString *path)
 
 QStringList CResDoc::ProjectFiles()
 {
-    const QString folder = DirectoryOf(m_strPathName);
     const ProjectContext context(m_strPathName, *this);
-    QStringList files{ResolvePath(env.settings.String("Path", "proj_cfg", ".\\config.xml"), folder),
-                      context.Absolute(context.ResourcePath())};
+    QStringList files{context.ConfigPath(), context.Absolute(context.ResourcePath())};
     if (!refPath.isEmpty())
         files.append(refPath);
     QByteArrayList layouts;
@@ -390,6 +387,7 @@ void CResDoc::OnWatchedFileChanged(quint32 handle)
         return;
     env.RefreshSettings();
     env.ResetCounts();
+    findings.Clear();
     if (!SetCurrentFolder(DirectoryOf(m_strPathName)))
         return; // the file went with its folder: there is nothing to load
     if (handle == resWatch) {

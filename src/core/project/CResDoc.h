@@ -114,8 +114,10 @@ public:
 
     /// Takes the stamp of a file that is read next.
     void NoteFile(const QString &path) { stamps.Note(path); }
-    /// Before a save replaces these files (absolute): keeps copies of them if there is something in them that the
-    /// document doesn't have. False when that fails; they must not be replaced then.
+    /// Says whether there may be something in the files that the document doesn't have.
+    [[nodiscard]] bool HasToKeep() const { return !keepReason.isEmpty(); }
+    /// Keeps copies of these files (absolute) before a save replaces them. False when that fails; they must not be
+    /// replaced then.
     [[nodiscard]] bool KeepReplaced(const QStringList &files);
 
     /// Makes a layout without components for a resolution, with a default ID; its folder. Null where there is no folder

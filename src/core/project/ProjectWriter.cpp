@@ -250,7 +250,7 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
             if (layouts.file->path.isEmpty() && PathExists(layouts.absolute))
                 refused = layouts.absolute; // there is no trash for it
         }
-        if (!refused && !doc.KeepReplaced(files.Replaced() + writer.obsolete))
+        if (!refused && doc.HasToKeep() && !doc.KeepReplaced(files.Replaced() + writer.obsolete))
             refused = absolute;
         if (!refused)
             refused = files.Commit();

@@ -1,0 +1,57 @@
+#include "PackCodes.h"
+#include "PackProject.h"
+
+namespace
+{
+
+/// When something was last made, deleted or renamed in a folder.
+timespec Changed(const PackProject &project, const char *folder)
+{
+    struct stat info = {};
+    EXPECT_EQ(stat(project.Narrow(folder).constData(), &info), 0);
+    return info.st_mtim;
+}
+
+} // namespace
+
+TEST(ScratchFolder, TakesAllConvertedPicturesSoThatNothingBesideTheSourcesIsTouched)
+{
+    PackProject project;
+    for (const char *file : {"res/a.png", "res/a.png.tmp", "res/a.ABM", "res/a.BMPA", "res/b.jpg"})
+        project.folder.Put(file, "the user's own " + QByteArray(file));
+    project.folder.Put("preview.lst", ".\\res\\a.png\n");
+    project.folder.MakeFolder("build");
+    project.PutTool("basename \"$4\" >> ../names; { printf converted; cat \"$3\"; } > \"$4\"");
+    project.AddFile(project.wideImages, "res\\a.png", 1);
+    project.AddFile(project.wideImages, "res\\b.jpg", 2);
+    project.info.imageconvert = 1;
+    project.info.temp = project.folder.Path("build/temp");
+    const QStringList before = project.folder.Names("res");
+    const timespec unchanged = Changed(project, "res");
+    ASSERT_EQ(project.Pack(), 0) << project.output.constData();
+    const timespec now = Changed(project, "res");
+    EXPECT_TRUE(now.tv_sec == unchanged.tv_sec && now.tv_nsec == unchanged.tv_nsec);
+    EXPECT_EQ(project.folder.Names("res"), before);
+    EXPECT_EQ(project.folder.Get("names"), "1.tmp\n2.tmp\n3.tmp\n4.tmp\n5.tmp\n6.tmp\n")
+        << "in both runs of the phases";
+    EXPECT_EQ(project.folder.Names("build/temp"), QStringList());
+    EXPECT_TRUE(project.folder.Get("arm/app.res").contains("convertedthe user's own res/b.jpg"));
+
+    project.PutTool("printf short > \"$4\"");
+    EXPECT_EQ(project.Pack(), PACK_NOT_THERE);
+    EXPECT_EQ(project.folder.Names("build/temp"), QStringList());
+}
+
+TEST(ScratchFolder, ThatCannotBeUsedIsToldBeforeAnythingIsDone)
+{
+    PackProject project;
+    for (const auto &[folder, reason] : {std::pair("none/temp", "/none/temp: No such file or directory"),
+                                         {"app.axf", "/app.axf: Not a directory"},
+                                         {"a\"b", "a name with a double quote"}}) {
+        project.info.temp = project.folder.Path(folder);
+        EXPECT_EQ(project.Pack(), PACK_TEMP_FOLDER);
+        EXPECT_EQ(project.output, "\r\npack resource started\r\n");
+        EXPECT_THAT(project.TakeExplained().toStdString(), testing::HasSubstr(reason));
+        EXPECT_FALSE(project.folder.Has("app.out"));
+    }
+}
