@@ -2,9 +2,12 @@
 
 #include "Text.h"
 
+#include <QStringList>
+
 #include <vector>
 
 class CResModel;
+class OutputFile;
 struct PackRun;
 
 /// What a pack attaches the payload to.
@@ -23,7 +26,8 @@ struct packinfo
     qint16 scope = -1; ///< resolution index of the target, -1 if it isn't known
     qint32 imageconvert = 0;
     qint32 ver = 0;
-    QString temp; ///< a folder for what the pack makes for itself; empty: beside the sources
+    QStringList projectFiles; ///< absolute paths of what the project was read from; no output replaces one
+    QString temp;             ///< a folder for what the pack makes for itself; empty: beside the sources
 };
 
 /// Turns a project's resources into one payload and attaches it to the application file.
@@ -39,5 +43,5 @@ public:
 private:
     [[nodiscard]] static int PackToTarget(PackRun &run);
     [[nodiscard]] static int PackToDLL(PackRun &run);
-    [[nodiscard]] static int WriteResFile(PackRun &run);
+    [[nodiscard]] static int WriteResFile(PackRun &run, OutputFile &output);
 };
