@@ -179,6 +179,7 @@ int CommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &record)
     if (!parameters)
         return int(ReportCode::BadPackRequest);
     parameters->temp = packTemp;
+    parameters->projectFiles = doc.ProjectFiles();
     if (!SetCurrentFolder(DirectoryOf(doc.PathName())))
         return int(ReportCode::NoDocument); // its folder is gone
     return Packer::Pack(*parameters, doc, packInputs);

@@ -12,6 +12,17 @@
 namespace
 {
 
+/// The name of a component's header.
+QString ComponentHeader(const Environment &env, const QString &component)
+{
+    return env.settings.String("ResID", "comp_header", "uix_rp_%s_def.h").replace(QStringLiteral("%s"), component);
+}
+
+QString MainHeader(const Environment &env, const QString &outputFolder)
+{
+    return ResolvePath(env.settings.String("ResID", "main_header", "ResID.h"), outputFolder);
+}
+
 /// The headers that one run writes, and the names that stand in one already.
 class HeaderRun
 {
@@ -23,14 +34,13 @@ public:
         const CResFolder *components = document.root.FindFolder(KIND_CPIMAGES, 2);
         if (!components)
             return;
-        const QString format = env.settings.String("ResID", "comp_header", "uix_rp_%s_def.h");
         for (const auto &component : components->subfolders)
-            WriteComponent(format, component->title);
+            WriteComponent(component->title);
     }
 
     void WriteMain(const std::vector<IDRecord *> &sorted)
     {
-        const QString path = ResolvePath(env.settings.String("ResID", "main_header", "ResID.h"), outputFolder);
+        const QString path = MainHeader(env, outputFolder);
         Header header(env.WideToNarrow(path));
         DefineThoseOf(sorted, /*push=*/false, header);
         header.EmptyLine();
@@ -39,10 +49,9 @@ public:
     }
 
 private:
-    void WriteComponent(const QString &format, const QString &component)
+    void WriteComponent(const QString &component)
     {
-        QString fileName = format;
-        fileName.replace(QStringLiteral("%s"), component);
+        const QString fileName = ComponentHeader(env, component);
         Header header(env.WideToNarrow(fileName));
         if (const CResFolder *images = document.root.FindFolder(KIND_COMPONENT, component, 2)) {
             for (const CBaseRes *image : images->resources) {
@@ -105,4 +114,14 @@ int IDGen::Generate(IDPool *pool, const QString &outputFolder, CResModel &docume
     run.WriteMain(sorted);
     env.DebugTrace("leave IDGen::Generate(), filled value, and generated ID file(s)");
     return 0;
+}
+
+QStringList IDGen::Headers(const QString &outputFolder, const CResModel &document)
+{
+    QStringList headers{MainHeader(document.env, outputFolder)};
+    if (const CResFolder *components = document.root.FindFolder(KIND_CPIMAGES, 2)) {
+        for (const auto &component : components->subfolders)
+            headers.append(outputFolder + u'\\' + ComponentHeader(document.env, component->title));
+    }
+    return headers;
 }

@@ -2,6 +2,8 @@
 
 #include "Text.h"
 
+#include <QStringList>
+
 class CResModel;
 class Environment;
 class IDPool;
@@ -17,4 +19,7 @@ public:
     /// Numbers, and writes the headers into `outputFolder` unless that is empty. 0, or FillValue's failure, and then no
     /// header is written. A header that can't be written is no failure.
     [[nodiscard]] static int Generate(IDPool *pool, const QString &outputFolder, CResModel &document);
+
+    /// The paths of the headers that `Generate` writes into `outputFolder`.
+    [[nodiscard]] static QStringList Headers(const QString &outputFolder, const CResModel &document);
 };

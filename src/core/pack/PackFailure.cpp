@@ -17,7 +17,8 @@ struct Failure
 constexpr Failure FAILURES[] = {
     {PACK_INPUT_SIZE, "the input file isn't there, or can't be read"},
     {PACK_NO_INPUT, "no input file is named"},
-    {PACK_SAME_FILE, "the input, the output and the side file in the folder arm must be different files"},
+    {PACK_SAME_FILE, "the input, the output and the side file in the folder arm must be different files, and none a "
+                     "file of the project"},
     {PACK_UNKNOWN_MODE, "the target kind is neither axf nor dll"},
     {PACK_MEMORY, "the resources take more than there is memory, or more than 4 GiB"},
     {PACK_LANGUAGE_LIST, "the project has no strings folder"},

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "HostFiles.h"
+#include "OutputGuard.h"
 
 #include <vector>
 
@@ -22,7 +23,8 @@ class PackFiles
 {
 public:
     /// `readFiles`, if not null, gets the absolute host path of every file that is opened.
-    explicit PackFiles(std::vector<QByteArray> *readFiles) : inputs(readFiles) {}
+    /// They are compared with the outputs of `outputGuard`.
+    PackFiles(std::vector<QByteArray> *readFiles, OutputGuard &outputGuard) : inputs(readFiles), guard(outputGuard) {}
 
     /// A relative path counts from the current folder.
     [[nodiscard]] PackFile Open(QStringView path);
@@ -38,6 +40,7 @@ private:
 
     HostPaths paths;
     std::vector<QByteArray> *inputs;
+    OutputGuard &guard;
 };
 
 /// `host` as an absolute path.
