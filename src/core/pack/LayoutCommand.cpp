@@ -3,6 +3,7 @@
 #include "Environment.h"
 #include "HostFiles.h"
 #include "Paths.h"
+#include "RunTool.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,6 +21,17 @@ QString HostForm(const QString &path, const QString &base)
 QString InProgramDir(const Environment &env, const QString &name)
 {
     return QString::fromUtf8(HostPath(env.ProgramDir() + name));
+}
+
+void LayoutCommand::Run(Environment &env) const
+{
+    ToolEnd end;
+    (void)RunTool(env, CommandLine(), &end);
+    const QString text = QStringLiteral("%1: the layout converter %2 %3").arg(input, tool, end.Text());
+    if (end.startError != 0)
+        env.ExplainFailure(text);
+    else if (!end.Text().isEmpty())
+        env.Explain(text);
 }
 
 LayoutCommand LayoutCommand::In(const Environment &env, const QString &projectFolder)

@@ -4,7 +4,6 @@
 #include "HostFiles.h"
 #include "LayoutCommand.h"
 #include "Paths.h"
-#include "RunTool.h"
 
 #include <cstdio>
 #include <sys/stat.h>
@@ -57,6 +56,6 @@ void ExportLayoutTables(Environment &env, const QString &projectFolder)
         if (!table.isEmpty())
             MoveAside(ResolvePath(table, headers));
     }
-    (void)RunTool(env, command.CommandLine());
+    command.Run(env);
     DeleteFileOnDisk(command.output + u'/' + QString::fromUtf16(LEFT_OVER));
 }
