@@ -3,6 +3,8 @@
 #include "Session.h"
 #include "SignalCleanup.h"
 
+#include <QFileInfo>
+
 #include <csignal>
 #include <cstdlib>
 #include <unistd.h>
@@ -12,6 +14,7 @@ std::vector<std::unique_ptr<ICommand>> AllCommands()
     std::vector<std::unique_ptr<ICommand>> commands;
     commands.push_back(MakeLoadCommand());
     commands.push_back(MakeSaveCommand());
+    commands.push_back(MakeHeadersCommand());
     commands.push_back(MakePackCommand());
     commands.push_back(MakeIdsCommand());
     commands.push_back(MakeInspectCommand());
@@ -33,6 +36,11 @@ int ParseAndRun(int argc, char **argv)
     app.add_option("--debug-log", debugLog, "Append the developer's log to a file; \"-\" is standard error")
         ->envname("MORVANITE_DEBUG_LOG")
         ->type_name("FILE");
+    std::string configFolder;
+    const CLI::Option *settings =
+        app.add_option("--settings", configFolder,
+                       "A folder with settings in morvanite/Morvanite.ini, in place of the user's configuration folder")
+            ->type_name("DIR");
     app.require_subcommand(1);
     app.fallthrough();
 
@@ -45,8 +53,12 @@ int ParseAndRun(int argc, char **argv)
     } catch (const CLI::ParseError &error) {
         return app.exit(error) == 0 ? EXIT_FINE : EXIT_WRONG_USE;
     }
+    if (settings->count() > 0 && !QFileInfo(AbsolutePath(configFolder)).isDir()) {
+        Complain(QStringLiteral("--settings %1: there is no such folder").arg(QString::fromStdString(configFolder)));
+        return EXIT_WRONG_USE;
+    }
     SignalCleanup::Install(); // `serve` holds the signals back and reads them itself
-    Session session(QString::fromStdString(debugLog));
+    Session session(QString::fromStdString(debugLog), AbsolutePath(configFolder));
     int status = chosen->Run(session);
     session.report.Flush();
     if (session.report.IsBroken())

@@ -20,6 +20,7 @@ public:
 
 std::unique_ptr<ICommand> MakeLoadCommand();
 std::unique_ptr<ICommand> MakeSaveCommand();
+std::unique_ptr<ICommand> MakeHeadersCommand();
 std::unique_ptr<ICommand> MakePackCommand();
 std::unique_ptr<ICommand> MakeIdsCommand();
 std::unique_ptr<ICommand> MakeInspectCommand();

@@ -1,4 +1,5 @@
 #include "Commands.h"
+#include "OpeningReport.h"
 #include "RemoteCommand.h"
 
 namespace
@@ -11,7 +12,8 @@ public:
     {
         CLI::App *command = app.add_subcommand("load", "Open a project and report what is wrong with it");
         command->add_option("PROJECT", project, "The project's .vcproj file")->required();
-        command->add_flag("--remote", remote, "Let the running window do it");
+        CLI::Option *remoteOption = command->add_flag("--remote", remote, "Let the running window do it");
+        command->add_flag("--strict", strict, STRICT_HELP)->excludes(remoteOption);
         return command;
     }
 
@@ -21,12 +23,14 @@ public:
         if (remote)
             return RunRemotely(session, COMMAND_LOAD, record);
         session.handler.Load(record);
-        return session.LastStatus();
+        auto *const document = static_cast<CResDoc *>(session.documents.FindDocument(record.projectPath));
+        return TellOfOpening(session, record.projectPath, document, strict) ? session.LastStatus() : int(EXIT_FAILED);
     }
 
 private:
     std::string project;
     bool remote = false;
+    bool strict = false;
 };
 
 } // namespace

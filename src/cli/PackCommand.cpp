@@ -1,6 +1,8 @@
 #include "Commands.h"
 #include "Depfile.h"
 #include "HostFiles.h"
+#include "OpeningReport.h"
+#include "PackRequest.h"
 #include "Paths.h"
 #include "RemoteCommand.h"
 
@@ -25,17 +27,25 @@ public:
         CLI::Option *depfileOption =
             command->add_option("--depfile", depfile, "Write the files that were read, for make or ninja")
                 ->type_name("FILE");
+        CLI::Option *strictOption = command->add_flag("--strict", strict, STRICT_HELP);
         CLI::Option *tempOption =
             command->add_option("--temp", temp, "Put temporary files there, and none beside the sources")
                 ->type_name("DIR");
-        command->add_flag("--remote", remote, "Let the running window do it")
-            ->excludes(depfileOption)
-            ->excludes(tempOption);
+        CLI::Option *headersOption =
+            command
+                ->add_option("--headers", headers,
+                             "The folder that the headers were written to (default: where a save writes them)")
+                ->type_name("DIR");
+        CLI::Option *remoteOption = command->add_flag("--remote", remote, "Let the running window do it");
+        for (CLI::Option *option : {depfileOption, strictOption, tempOption, headersOption})
+            remoteOption->excludes(option);
         return command;
     }
 
     int Run(Session &session) override
     {
+        if (!HasRightWords())
+            return EXIT_WRONG_USE;
         PackCommandRecord request;
         request.projectPath = AbsolutePath(project);
         request.inputFile = AbsolutePath(input);
@@ -51,9 +61,13 @@ public:
         std::vector<QByteArray> inputs;
         if (!depfile.empty())
             session.handler.packInputs = &inputs;
+        session.handler.beforePack = [&](CResDoc &document) { return MayPack(session, document); };
         session.handler.packTemp = AbsolutePath(temp);
+        session.handler.packHeaders = AbsolutePath(headers);
         session.handler.Pack(request);
         const int status = session.LastStatus();
+        if (strict && session.handler.LastError() == int(ReportCode::NoDocument))
+            (void)TellOfOpening(session, request.projectPath, nullptr, true);
         if (const int code = session.handler.LastError())
             Complain(QStringLiteral("the pack failed with %1: %2").arg(code).arg(PackReportText(code)));
         if (status == EXIT_FINE && !depfile.empty())
@@ -62,6 +76,37 @@ public:
     }
 
 private:
+    /// False, having said so, when a word of the command line is none that a pack understands.
+    [[nodiscard]] bool HasRightWords() const
+    {
+        const auto refuse = [](const char *option, const std::string &word, const char *right) {
+            Complain(QStringLiteral("%1 is \"%2\", but it must be %3")
+                         .arg(QString::fromLatin1(option), QString::fromStdString(word), QString::fromLatin1(right)));
+            return false;
+        };
+        if (!PackModeOf(QString::fromStdString(target)))
+            return refuse("--target", target, "axf (an ELF file) or dll");
+        if (!ParseResolution(QString::fromStdString(resolution)))
+            return refuse("--resolution", resolution, "a width and a height in pixels, such as 240x320");
+        return true;
+    }
+
+    /// Says what is wrong with the opened project, or with the pack that is asked for.
+    [[nodiscard]] bool MayPack(Session &session, CResDoc &document) const
+    {
+        const QString &path = document.PathName();
+        bool isWhole = !strict || TellOfOpening(session, path, &document, true);
+        const auto size = ParseResolution(QString::fromStdString(resolution));
+        const OpeningCheck check(session.env, session.tables, path, &document);
+        if (const auto reason = check.UnlistedResolution(size->width, size->height)) {
+            session.env.Explain(FindingText(*reason));
+            isWhole = isWhole && !strict;
+        }
+        if (!isWhole)
+            session.env.ExplainFailure(QStringLiteral("the pack is strict, so nothing is written"));
+        return isWhole;
+    }
+
     static int WriteDependencies(Session &session, const PackCommandRecord &request, const QString &path,
                                  std::vector<QByteArray> inputs)
     {
@@ -85,9 +130,11 @@ private:
     std::string target;
     std::string depfile;
     std::string temp;
+    std::string headers;
     int convertImages = 0;
     int version = 0;
     bool remote = false;
+    bool strict = false;
 };
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "Commands.h"
+#include "OpeningReport.h"
 #include "RemoteCommand.h"
 
 namespace
@@ -11,7 +12,9 @@ public:
     {
         CLI::App *command = app.add_subcommand("save", "Open a project, number its IDs, write its headers and files");
         command->add_option("PROJECT", project, "The project's .vcproj file")->required();
-        command->add_flag("--remote", remote, "Let the running window save the project that it has open");
+        CLI::Option *remoteOption =
+            command->add_flag("--remote", remote, "Let the running window save the project that it has open");
+        command->add_flag("--strict", strict, STRICT_HELP)->excludes(remoteOption);
         return command;
     }
 
@@ -21,8 +24,8 @@ public:
         const CommandRecord record{path};
         if (remote)
             return RunRemotely(session, COMMAND_SAVE, record);
-        const CResDoc *document = session.OpenQuietly(path); // it has no lines in the report of a save
-        if (!document)
+        CResDoc *const document = session.OpenQuietly(path); // it has no lines in the report of a save
+        if (!TellOfOpening(session, path, document, strict && document) || !document)
             return EXIT_FAILED;
         session.handler.Save(record);
         // The report of a save has no error line for these.
@@ -37,6 +40,7 @@ public:
 private:
     std::string project;
     bool remote = false;
+    bool strict = false;
 };
 
 } // namespace

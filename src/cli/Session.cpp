@@ -31,8 +31,9 @@ QString AbsolutePath(const std::string &typed)
     return CanonicalPath(IsRelativePath(path) ? CurrentFolder() + u'/' + path : path);
 }
 
-Session::Session(const QString &debugLog)
-    : documents([this] { return std::make_unique<CResDoc>(env, tables, services); }), report(STDOUT_FILENO),
+Session::Session(const QString &debugLog, const QString &configFolder)
+    : env(Environment::FindProgramDir(), configFolder),
+      documents([this] { return std::make_unique<CResDoc>(env, tables, services); }), report(STDOUT_FILENO),
       handler(env, documents, report)
 {
     OpenDebugLog(debugLog);

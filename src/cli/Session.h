@@ -9,8 +9,9 @@
 class Session
 {
 public:
-    /// `debugLog`: where the developer's log goes; empty: nowhere, "-": standard error.
-    explicit Session(const QString &debugLog);
+    /// `debugLog`: where the developer's log goes; empty: nowhere, "-": standard error. `configFolder` takes the place
+    /// of the user's configuration folder unless it is empty.
+    Session(const QString &debugLog, const QString &configFolder);
 
     Environment env;
     ProcessTables tables;

@@ -1,4 +1,5 @@
 #include "Commands.h"
+#include "OpeningReport.h"
 #include "Session.h"
 #include "Spreadsheet.h"
 #include "StringStats.h"
@@ -55,6 +56,7 @@ public:
         for (CLI::App *sub : {exporting, importing})
             sub->add_option("FILE", file, "The workbook; the extension of its name says what it is")->required();
         importing->add_flag("--dry-run", dryRun, "Change nothing; tell what would become of each text of the sheet");
+        importing->add_flag("--strict", strict, STRICT_HELP);
         stats->add_flag("--json", json, "As JSON");
         return command;
     }
@@ -63,7 +65,7 @@ public:
     {
         const QString workbook = AbsolutePath(file); // an opening changes the current folder
         CResDoc *document = session.OpenQuietly(AbsolutePath(project));
-        if (!document)
+        if (!document || (strict && !TellOfOpening(session, document->PathName(), document, true)))
             return EXIT_FAILED;
         session.handler.idleOutput = [&session](QStringView text) { session.report.Write(text); };
         if (*stats)
@@ -149,6 +151,7 @@ private:
     std::string file;
     bool dryRun = false;
     bool json = false;
+    bool strict = false;
     CLI::App *exporting = nullptr;
     CLI::App *importing = nullptr;
     CLI::App *stats = nullptr;

@@ -160,6 +160,11 @@ void CommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
         if (!open)
             open = documents.OpenDocumentFile(record->projectPath);
         if (auto *doc = dynamic_cast<CResDoc *>(open)) {
+            if (beforePack && !beforePack(*doc)) {
+                pipe.Close();
+                lastError = 0;
+                return;
+            }
             env.RefreshSettings();
             env.DebugTrace("implicit ID Gen before Pack\n");
             const int generated = doc->GenerateIds(nullptr);
@@ -179,6 +184,7 @@ int CommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &record)
     if (!parameters)
         return int(ReportCode::BadPackRequest);
     parameters->temp = packTemp;
+    parameters->headers = packHeaders;
     parameters->projectFiles = doc.ProjectFiles();
     if (!SetCurrentFolder(DirectoryOf(doc.PathName())))
         return int(ReportCode::NoDocument); // its folder is gone

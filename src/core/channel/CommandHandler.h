@@ -73,8 +73,13 @@ public:
     std::function<void()> bringToTop;
     /// Gets the host path of every file that a pack reads, for a build tool's list of dependencies; null: not wanted.
     std::vector<QByteArray> *packInputs = nullptr;
+    /// Asked when a project is open and before it is packed; false: it isn't packed, and the report ends there. May be
+    /// empty.
+    std::function<bool(CResDoc &document)> beforePack;
     /// The folder for what a pack makes for itself (packinfo::temp); empty: beside the sources.
     QString packTemp;
+    /// The folder that the headers of a pack's project were written to (packinfo::headers); empty: the project's.
+    QString packHeaders;
     /// The error code of the last report, 0 if it had none.
     [[nodiscard]] int LastError() const { return lastError; }
 

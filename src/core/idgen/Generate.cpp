@@ -18,38 +18,42 @@ QString ComponentHeader(const Environment &env, const QString &component)
     return env.settings.String("ResID", "comp_header", "uix_rp_%s_def.h").replace(QStringLiteral("%s"), component);
 }
 
-QString MainHeader(const Environment &env, const QString &outputFolder)
+QString MainHeader(const Environment &env)
 {
-    return ResolvePath(env.settings.String("ResID", "main_header", "ResID.h"), outputFolder);
+    return env.settings.String("ResID", "main_header", "ResID.h");
 }
 
-/// The headers that one run writes, and the names that stand in one already.
+/// The headers that one run makes, and the names that are in one already.
 class HeaderRun
 {
 public:
-    HeaderRun(CResModel &model, const QString &folder) : document(model), env(model.env), outputFolder(folder) {}
+    HeaderRun(CResModel &model, const QString &folder, std::vector<GeneratedHeader> &made)
+        : document(model), env(model.env), outputFolder(folder), headers(made)
+    {
+    }
 
-    void WriteComponents()
+    void MakeComponents()
     {
         const CResFolder *components = document.root.FindFolder(KIND_CPIMAGES, 2);
         if (!components)
             return;
         for (const auto &component : components->subfolders)
-            WriteComponent(component->title);
+            MakeComponent(component->title);
     }
 
-    void WriteMain(const std::vector<IDRecord *> &sorted)
+    void MakeMain(const std::vector<IDRecord *> &sorted)
     {
-        const QString path = MainHeader(env, outputFolder);
+        const QString fileName = MainHeader(env);
+        const QString path = ResolvePath(fileName, outputFolder);
         Header header(env.WideToNarrow(path));
         DefineThoseOf(sorted, /*push=*/false, header);
         header.EmptyLine();
         DefineThoseOf(sorted, /*push=*/true, header);
-        Write(header, path);
+        headers.push_back({path, fileName, header.Finish()});
     }
 
 private:
-    void WriteComponent(const QString &component)
+    void MakeComponent(const QString &component)
     {
         const QString fileName = ComponentHeader(env, component);
         Header header(env.WideToNarrow(fileName));
@@ -59,7 +63,7 @@ private:
                 inComponents.insert(image->Id()->name);
             }
         }
-        Write(header, outputFolder + u'\\' + fileName);
+        headers.push_back({outputFolder + u'\\' + fileName, fileName, header.Finish()});
     }
 
     void DefineThoseOf(const std::vector<IDRecord *> &sorted, bool push, Header &header)
@@ -79,27 +83,37 @@ private:
         }
     }
 
-    void Write(Header &header, const QString &path)
-    {
-        if (!header.Write(env, path))
-            env.DebugTrace("IDGen::Generate(): cannot write %s\n", qUtf8Printable(path));
-    }
-
     CResModel &document;
     Environment &env;
     QString outputFolder;
+    std::vector<GeneratedHeader> &headers;
     QSet<NarrowText> inComponents;
     QSet<NarrowText> written;
 };
 
 } // namespace
 
+int IDGen::MakeHeaders(IDPool *pool, const QString &outputFolder, CResModel &document,
+                       std::vector<GeneratedHeader> &headers)
+{
+    Environment &env = document.env;
+    const std::vector<IDRecord *> sorted = pool ? SortedIds(*pool) : std::vector<IDRecord *>();
+    if (const int result = pool ? FillSorted(env, sorted) : FillValue(env, pool))
+        return result;
+    if (outputFolder.isEmpty())
+        return 0;
+    HeaderRun run(document, outputFolder, headers);
+    run.MakeComponents();
+    run.MakeMain(sorted);
+    return 0;
+}
+
 int IDGen::Generate(IDPool *pool, const QString &outputFolder, CResModel &document)
 {
     Environment &env = document.env;
     env.DebugTrace("enter IDGen::Generate()");
-    const std::vector<IDRecord *> sorted = pool ? SortedIds(*pool) : std::vector<IDRecord *>();
-    if (const int result = pool ? FillSorted(env, sorted) : FillValue(env, pool)) {
+    std::vector<GeneratedHeader> headers;
+    if (const int result = MakeHeaders(pool, outputFolder, document, headers)) {
         env.DebugTrace("leave IDGen::Generate(): filled value failed, result=%d", result);
         return result;
     }
@@ -109,16 +123,17 @@ int IDGen::Generate(IDPool *pool, const QString &outputFolder, CResModel &docume
     }
     if (!PathExists(outputFolder))
         CreateFolderOnDisk(outputFolder);
-    HeaderRun run(document, outputFolder);
-    run.WriteComponents();
-    run.WriteMain(sorted);
+    for (const GeneratedHeader &header : headers) {
+        if (env.ReplaceFile(header.path, header.text, IfRefused::GoOn) != 0)
+            env.DebugTrace("IDGen::Generate(): cannot write %s\n", qUtf8Printable(header.path));
+    }
     env.DebugTrace("leave IDGen::Generate(), filled value, and generated ID file(s)");
     return 0;
 }
 
 QStringList IDGen::Headers(const QString &outputFolder, const CResModel &document)
 {
-    QStringList headers{MainHeader(document.env, outputFolder)};
+    QStringList headers{ResolvePath(MainHeader(document.env), outputFolder)};
     if (const CResFolder *components = document.root.FindFolder(KIND_CPIMAGES, 2)) {
         for (const auto &component : components->subfolders)
             headers.append(outputFolder + u'\\' + ComponentHeader(document.env, component->title));

@@ -1,6 +1,8 @@
 #include "Header.h"
 
-#include "Environment.h"
+#include "Paths.h"
+
+#include <utility>
 
 namespace
 {
@@ -18,6 +20,12 @@ NarrowText GuardName(NarrowText fileName)
             c = '_';
     }
     return fileName;
+}
+
+QString HeaderIn(const QString &folder, const QString &name)
+{
+    const QString inside = IsRelativePath(name) ? CanonicalPath(name) : FileName(name);
+    return folder + u'/' + (inside.startsWith(u"..") ? FileName(inside) : inside);
 }
 
 Header::Header(const NarrowText &fileName) : guard(GuardName(fileName))
@@ -59,7 +67,7 @@ void Header::Define(const IDRecord &record)
     text.append(digit, number + sizeof number - digit);
 }
 
-bool Header::Write(const Environment &env, const QString &path)
+QByteArray Header::Finish()
 {
     QByteArray tail = "\n\n#ifdef __cplusplus"
                       "\n    }"
@@ -67,5 +75,5 @@ bool Header::Write(const Environment &env, const QString &path)
                       "\n\n#endif  /* _" +
                       guard + "_ */\n\n";
     text += tail.replace("\n", LINE_END);
-    return env.ReplaceFile(path, text, IfRefused::GoOn) == 0;
+    return std::exchange(text, {});
 }

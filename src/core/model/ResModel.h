@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LoadFindings.h"
 #include "ProcessTables.h"
 #include "ResFolder.h"
 
@@ -37,6 +38,7 @@ public:
     IDPool ids;         ///< every resource of the tree takes its ID from here
     IDPool detachedIds; ///< IDs of string rows held outside the tree
     CResFolder root{KIND_ROOT, -1};
+    LoadFindings findings; ///< of the last load, or of the reload since
 
     /// The absolute path of the ".vcproj" file.
     [[nodiscard]] virtual const QString &PathName() const = 0;

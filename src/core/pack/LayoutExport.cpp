@@ -36,26 +36,59 @@ void MoveAside(const QString &table)
     (void)std::rename(host.constData(), old.constData());
 }
 
+LayoutCommand TablesCommand(const Environment &env, const QString &projectFolder)
+{
+    LayoutCommand command = LayoutCommand::In(env, projectFolder);
+    command.input = InProgramDir(env, env.settings.String("Path", "export_layout"));
+    command.header = InProgramDir(env, env.settings.String("Path", "export_h"));
+    return command;
+}
+
+void Run(Environment &env, const LayoutCommand &command)
+{
+    command.Run(env);
+    DeleteFileOnDisk(command.output + u'/' + QString::fromUtf16(LEFT_OVER));
+}
+
 } // namespace
+
+bool HasLayoutTables(const Environment &env)
+{
+    return !env.settings.String("Path", "export_layout").isEmpty() &&
+           !env.settings.String("Path", "export_xml").isEmpty();
+}
+
+QStringList LayoutTableInputs(const Environment &env)
+{
+    const LayoutCommand command = TablesCommand(env, {});
+    QStringList inputs{command.input, command.xml};
+    if (!env.settings.String("Path", "export_h").isEmpty())
+        inputs.append(command.header);
+    return inputs;
+}
+
+void MakeLayoutTables(Environment &env, const QString &projectFolder, const QString &folder)
+{
+    LayoutCommand command = TablesCommand(env, projectFolder);
+    command.output = folder;
+    command.table = folder;
+    Run(env, command);
+}
 
 void ExportLayoutTables(Environment &env, const QString &projectFolder)
 {
-    const Settings &settings = env.settings;
-    const QString layouts = settings.String("Path", "export_layout");
-    if (layouts.isEmpty() || settings.String("Path", "export_xml").isEmpty())
+    if (!HasLayoutTables(env))
         return; // nothing to export; the tables of before stay in use
 
-    LayoutCommand command = LayoutCommand::In(env, projectFolder);
-    command.input = InProgramDir(env, layouts);
+    LayoutCommand command = TablesCommand(env, projectFolder);
     command.output = WithoutLastSeparator(env.ProgramDir());
-    command.header = InProgramDir(env, settings.String("Path", "export_h"));
 
+    const Settings &settings = env.settings;
     const QString headers = ResolvePath(settings.String("Path", "header_output", ".\\ResID"), projectFolder);
     for (const char *key : {"zul_xml_enum_i", "zul_xml_table_i"}) {
         const QString table = settings.String("Path", key);
         if (!table.isEmpty())
             MoveAside(ResolvePath(table, headers));
     }
-    command.Run(env);
-    DeleteFileOnDisk(command.output + u'/' + QString::fromUtf16(LEFT_OVER));
+    Run(env, command);
 }

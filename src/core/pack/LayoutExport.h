@@ -2,8 +2,18 @@
 
 #include "Text.h"
 
+#include <QStringList>
+
 class Environment;
 
 /// Runs the layout converter on the layout tables of the installation, after moving the tables of the last run aside.
 /// Can't fail: nothing of it is checked.
 void ExportLayoutTables(Environment &env, const QString &projectFolder);
+
+/// True when the settings ask for such tables.
+[[nodiscard]] bool HasLayoutTables(const Environment &env);
+/// Runs the converter on the same tables with `folder`, a path of the host, in the place of every folder that it writes
+/// to. The folder must be there; what the converter made is in it afterwards, nothing when it failed.
+void MakeLayoutTables(Environment &env, const QString &projectFolder, const QString &folder);
+/// The files that these runs read, in the host's form; some may not be there.
+[[nodiscard]] QStringList LayoutTableInputs(const Environment &env);

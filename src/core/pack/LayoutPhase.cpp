@@ -1,4 +1,5 @@
 #include "CLayoutRes.h"
+#include "Header.h"
 #include "HostFiles.h"
 #include "IdNames.h"
 #include "IdNumbers.h"
@@ -146,6 +147,10 @@ int ConstructLayouts(PackContext &context)
     command.header = HostForm(ResolvePath(settings.String("ResID", "main_header", "ResID.h"),
                                           settings.String("Path", "header_output", ".\\ResID")),
                               context.projectFolder);
+    if (const QString &headers = context.info.headers; !headers.isEmpty()) {
+        command.header = HostForm(HeaderIn(headers, settings.String("ResID", "main_header", "ResID.h")), {});
+        command.table = HostForm(headers, {});
+    }
     // What the converter reads the pack depends on.
     (void)context.files.Find(command.input);
     if (!settings.String("Path", "export_xml").isEmpty())

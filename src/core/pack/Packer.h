@@ -27,7 +27,9 @@ struct packinfo
     qint32 imageconvert = 0;
     qint32 ver = 0;
     QStringList projectFiles; ///< absolute paths of what the project was read from; no output replaces one
-    QString temp;             ///< a folder for what the pack makes for itself; empty: beside the sources
+    /// The folder with the generated headers and the layout converter's tables; empty: where the settings put them.
+    QString headers;
+    QString temp; ///< a folder for what the pack makes for itself; empty: beside the sources
 };
 
 /// Turns a project's resources into one payload and attaches it to the application file.

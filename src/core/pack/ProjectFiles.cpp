@@ -42,12 +42,14 @@ private:
     HostPaths paths;
 };
 
-void CompareGenerated(Comparison &comparison, const CResModel &document, const QString &folder)
+void CompareGenerated(Comparison &comparison, const packinfo &info, const CResModel &document, const QString &folder)
 {
     const Settings &settings = document.env.settings;
     const QString headers = ResolvePath(settings.String("Path", "header_output", ".\\ResID"), folder);
     for (const QString &header : IDGen::Headers(headers, document))
         comparison.File(header);
+    if (!info.headers.isEmpty())
+        comparison.File(HeaderIn(info.headers, settings.String("ResID", "main_header", "ResID.h")));
     for (const char *key : {"zul_xml_enum_i", "zul_xml_table_i"}) {
         if (const QString table = settings.String("Path", key); !table.isEmpty())
             comparison.File(ResolvePath(table, headers));
@@ -67,7 +69,7 @@ void CompareProjectFiles(OutputGuard &guard, const packinfo &info, const CResMod
     comparison.File(document.PathName());
     comparison.File(QStringLiteral("preview.lst"));
     comparison.File(V1ListPath(document.PathName()));
-    CompareGenerated(comparison, document, folder);
+    CompareGenerated(comparison, info, document, folder);
     if (const CResFolder *images = document.root.FindFolder(KIND_IMAGES, 2)) {
         for (const auto &resolution : images->subfolders) {
             if (resolution->index != info.scope && resolution->index != ANY_RESOLUTION)

@@ -18,11 +18,12 @@ QString WithSeparator(const QString &folder)
     return folder.endsWith(u'/') ? folder : folder + u'/';
 }
 
-QString UserSettingsFile()
+QString UserSettingsFile(const QString &configFolder)
 {
     const QByteArray config = qgetenv("XDG_CONFIG_HOME");
-    const QString folder = config.startsWith('/') ? QString::fromUtf8(config)
-                                                  : QString::fromUtf8(qgetenv("HOME")) + QStringLiteral("/.config");
+    const QString folder = !configFolder.isEmpty()  ? configFolder
+                           : config.startsWith('/') ? QString::fromUtf8(config)
+                                                    : QString::fromUtf8(qgetenv("HOME")) + QStringLiteral("/.config");
     return folder + QStringLiteral("/morvanite/Morvanite.ini");
 }
 
@@ -61,15 +62,25 @@ QString Environment::FindProgramDir()
     return program.left(program.lastIndexOf(u'/') + 1);
 }
 
-Environment::Environment(const QString &programFolder)
-    : settings(WithSeparator(programFolder) + QStringLiteral("Morvanite.ini"), UserSettingsFile()),
-      programDir(WithSeparator(programFolder))
+Environment::Environment(const QString &programFolder, const QString &configFolder)
+    : settings(WithSeparator(programFolder) + QStringLiteral("Morvanite.ini"), UserSettingsFile(configFolder)),
+      programDir(WithSeparator(programFolder)), ownConfigFolder(configFolder)
 {
     const QByteArray name = settings.String("Text", "code_page").toUtf8();
     codePageUnknown = !name.isEmpty() && !codePage.Select(name);
 }
 
 Environment::~Environment() = default;
+
+QStringList Environment::SettingsFiles() const
+{
+    return {programDir + QStringLiteral("Morvanite.ini"), UserSettingsFile(ownConfigFolder), LanguageFile()};
+}
+
+QString Environment::LanguageFile() const
+{
+    return programDir + QStringLiteral("tuvik.ini");
+}
 
 QByteArray Environment::Shown(const NarrowText &text) const
 {
@@ -129,7 +140,7 @@ int Environment::ReplaceFile(QStringView path, QByteArrayView bytes, IfRefused i
 const Profile &Environment::Languages() const
 {
     if (!languages)
-        languages = std::make_unique<ProfileFile>(programDir + QStringLiteral("tuvik.ini"));
+        languages = std::make_unique<ProfileFile>(LanguageFile());
     return languages->Content();
 }
 

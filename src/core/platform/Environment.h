@@ -14,8 +14,9 @@ class Environment
 public:
     using Sink = std::function<void(QStringView)>;
 
-    /// `programFolder` is the folder of the program's own files. Reads "Morvanite.ini" there and in the user's folder.
-    explicit Environment(const QString &programFolder = FindProgramDir());
+    /// `programFolder` is the folder of the program's own files. Reads "Morvanite.ini" there and in the user's folder:
+    /// "morvanite" in `configFolder`, or in the user's configuration folder where that is empty.
+    explicit Environment(const QString &programFolder = FindProgramDir(), const QString &configFolder = {});
     ~Environment();
     Environment(const Environment &) = delete;
     Environment &operator=(const Environment &) = delete;
@@ -25,6 +26,10 @@ public:
 
     /// The program's folder with its trailing separator.
     [[nodiscard]] const QString &ProgramDir() const { return programDir; }
+    /// The configuration folder that was given in place of the user's; empty when none was.
+    [[nodiscard]] const QString &ConfigFolder() const { return ownConfigFolder; }
+    /// The files that settings and the language table are read from; some may not be there.
+    [[nodiscard]] QStringList SettingsFiles() const;
 
     [[nodiscard]] NarrowText WideToNarrow(QStringView text) const { return codePage.FromWide(text); }
     [[nodiscard]] QString NarrowToWide(QByteArrayView text) const { return codePage.ToWide(text); }
@@ -91,6 +96,8 @@ public:
 
 private:
     QString programDir;
+    QString ownConfigFolder;
     mutable std::unique_ptr<ProfileFile> languages; // read at the first use
     [[nodiscard]] const Profile &Languages() const;
+    [[nodiscard]] QString LanguageFile() const;
 };

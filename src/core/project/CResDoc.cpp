@@ -123,6 +123,7 @@ void CResDoc::Serialize(bool loading)
         return;
     env.RefreshSettings();
     env.ResetCounts();
+    findings.Clear();
     LoadClasses();
     if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
@@ -186,10 +187,8 @@ int CResDoc::GenerateIds(const QString *path)
 
 QStringList CResDoc::ProjectFiles()
 {
-    const QString folder = DirectoryOf(m_strPathName);
     const ProjectContext context(m_strPathName, *this);
-    QStringList files{ResolvePath(env.settings.String("Path", "proj_cfg", ".\\config.xml"), folder),
-                      context.Absolute(context.ResourcePath())};
+    QStringList files{context.ConfigPath(), context.Absolute(context.ResourcePath())};
     if (!refPath.isEmpty())
         files.append(refPath);
     QByteArrayList layouts;
@@ -267,6 +266,7 @@ void CResDoc::OnWatchedFileChanged(quint32 handle)
         return;
     env.RefreshSettings();
     env.ResetCounts();
+    findings.Clear();
     if (!SetCurrentFolder(DirectoryOf(m_strPathName)))
         return; // the file went with its folder: there is nothing to load
     if (handle == resWatch) {

@@ -4,12 +4,21 @@
 #include "Environment.h"
 #include "Paths.h"
 
-ProjectContext::ProjectContext(const QString &path, CResDoc &document)
-    : dir(DirectoryOf(path)), name(FileTitle(path)), doc(document), env(document.env)
+ProjectPaths::ProjectPaths(const QString &path, Environment &environment)
+    : dir(DirectoryOf(path)), name(FileTitle(path)), env(environment)
 {
 }
 
-QString ProjectContext::ResourceFolder() const
+ProjectContext::ProjectContext(const QString &path, CResDoc &document) : ProjectPaths(path, document.env), doc(document)
+{
+}
+
+QString ProjectPaths::ConfigPath() const
+{
+    return Absolute(env.settings.String("Path", "proj_cfg", ".\\config.xml"));
+}
+
+QString ProjectPaths::ResourceFolder() const
 {
     QString folder = env.settings.String("Path", "main_xml", "res");
     if (!folder.endsWith(u'\\') && !folder.endsWith(u'/'))
@@ -17,22 +26,22 @@ QString ProjectContext::ResourceFolder() const
     return folder;
 }
 
-QString ProjectContext::ResourcePath() const
+QString ProjectPaths::ResourcePath() const
 {
     return ResourceFolder() + name + QStringLiteral(".res.xml");
 }
 
-QString ProjectContext::StringPath() const
+QString ProjectPaths::StringPath() const
 {
     return ResourceFolder() + QStringLiteral("ref_list_") + name + QStringLiteral(".txt");
 }
 
-QString ProjectContext::LayoutPath(int width, int height) const
+QString ProjectPaths::LayoutPath(int width, int height) const
 {
     return ResourceFolder() + QStringLiteral("layout_%1_%2x%3.xml").arg(name).arg(width).arg(height);
 }
 
-QString ProjectContext::Absolute(const QString &path) const
+QString ProjectPaths::Absolute(const QString &path) const
 {
     return ResolvePath(path, dir);
 }

@@ -6,16 +6,18 @@ class CResDoc;
 class Environment;
 class FileTransaction;
 
-/// What the reader and the writer of a project carry.
-struct ProjectContext
+/// Where the files of a project are.
+struct ProjectPaths
 {
-    ProjectContext(const QString &path, CResDoc &document);
+    /// `path` is that of the ".vcproj" file.
+    ProjectPaths(const QString &path, Environment &environment);
 
     QString dir;  ///< the project's folder
     QString name; ///< the project's name
-    CResDoc &doc;
     Environment &env;
 
+    /// The absolute path of the project's configuration.
+    [[nodiscard]] QString ConfigPath() const;
     /// The path of the ".res.xml" file, relative to `dir`.
     [[nodiscard]] QString ResourcePath() const;
     /// The path of the string file, relative to `dir`.
@@ -26,6 +28,14 @@ struct ProjectContext
 
 private:
     [[nodiscard]] QString ResourceFolder() const;
+};
+
+/// What the reader and the writer of a project carry.
+struct ProjectContext : ProjectPaths
+{
+    ProjectContext(const QString &path, CResDoc &document);
+
+    CResDoc &doc;
 };
 
 /// Reads the resource list of a project into the document's tree. 0, or the code of what stopped it: -1 can't be

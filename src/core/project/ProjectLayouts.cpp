@@ -2,6 +2,11 @@
 
 #include "CResDoc.h"
 #include "Environment.h"
+#include "HostFiles.h"
+#include "LayoutFault.h"
+#include "Paths.h"
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -27,12 +32,15 @@ LayoutFileRef LayoutFileOf(const CResFolder &folder)
 void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path)
 {
     Environment &env = doc.env;
-    const auto fail = [&] {
+    const QString absolute = ResolvePath(env.NarrowToWide(path), CurrentFolder());
+    const auto fail = [&](const LoadFinding &finding) {
         const int count = ++env.ErrorCount;
+        ++env.DroppedCount;
+        doc.findings.Add(finding.file, finding.line, finding.text);
         env.WriteOutput("Error %d: failed to load layout file \"%s\".\r\n", count, env.Shown(path).constData());
     };
     if (folder.index < 0) {
-        fail();
+        fail({absolute, 0, u"layouts belong to a screen size, and this file is listed without one"_s});
         return;
     }
     QByteArrayList &untouched = doc.untouchedLayouts[folder.index];
@@ -41,24 +49,32 @@ void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path)
         if (untouched.empty())
             untouched.append(other->path);
         untouched.append(path);
-        fail();
+        fail({absolute, 0,
+              u"a screen size has one layout file, and the list names %1 too"_s.arg(
+                  env.NarrowToWide(untouched.front()))});
         return;
     }
     env.WriteOutput("Loading layouts from \"%s\"...\r\n", env.Shown(path).constData());
     env.FlushOutput();
     const auto file = std::make_shared<LayoutFileObject>(env, doc.ids, qint16(folder.index));
-    if (file->Load(path) != 0) {
+    if (const int code = file->Load(path)) {
         untouched.append(path);
-        fail();
+        fail(LayoutFault(env, absolute, code, int(file->All().size())));
         return;
     }
     std::vector<LayoutObject *> layouts;
     for (const auto &layout : file->All())
         layouts.push_back(layout.get());
+    int place = -1;
     for (LayoutObject *layout : layouts) {
         const NarrowText name = layout->Id()->name;
+        ++place;
         if (AddLayout(doc, folder, file, layout))
             continue;
+        ++env.DroppedCount;
+        doc.findings.Add(absolute, RowOfLayout(env, absolute, place),
+                         u"the layout %1 can't be opened: one of its components has the name of a type that is no "
+                         "class"_s.arg(env.NarrowToWide(name)));
         untouched = {path};
         const int count = ++env.ErrorCount;
         env.WriteOutput("Error %d: failed to load layout [%s].\r\n", count, env.Shown(name).constData());

@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <cstring>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -21,6 +23,9 @@ constexpr int WRONG_FORMAT = 11;
 constexpr char FILE_TAG[] = "file";
 constexpr char IMAGE_TAG[] = "image";
 
+const QString ID_RULE = u"1 to 64 letters, digits and \"_\", and no digit at the front"_s;
+const QString NO_FILE = u"it names no file"_s;
+
 int LineOf(const TiXmlElement &element)
 {
     return RowOf(element) + 1;
@@ -30,6 +35,15 @@ const char *TextOf(const TiXmlElement &element)
 {
     const char *text = element.GetText();
     return text ? text : "";
+}
+
+/// The elements in it, itself counted.
+int CountElements(const TiXmlElement &element)
+{
+    int count = 1;
+    for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement())
+        count += CountElements(*child);
+    return count;
 }
 
 QByteArray WithoutOuterQuotes(QByteArray text)
@@ -46,7 +60,7 @@ class ProjectReader
 {
 public:
     explicit ProjectReader(const ProjectContext &projectContext)
-        : context(projectContext), doc(context.doc), env(context.env)
+        : context(projectContext), doc(context.doc), env(context.env), list(context.Absolute(context.ResourcePath()))
     {
     }
 
@@ -98,6 +112,16 @@ private:
         return files[place];
     }
 
+    /// Notes what is wrong with an element, in plain words.
+    void Note(const TiXmlElement &element, const QString &text) { doc.findings.Add(list, RowOf(element), text); }
+
+    /// Notes why an element and what it holds are left out: the next save would lose them.
+    void Drop(const TiXmlElement &element, const QString &why)
+    {
+        env.DroppedCount += CountElements(element);
+        Note(element, u"<%1> is left out: %2"_s.arg(QString::fromUtf8(element.Value()), why));
+    }
+
     void ReadFile(const TiXmlElement &element)
     {
         const quint32 kind = KindOf(WithoutOuterQuotes(TextOf(element)));
@@ -127,12 +151,14 @@ private:
         if (!id) {
             const int count = ++env.ErrorCount;
             env.WriteOutput("Error %d: invalid %s tag (Line %d).\r\n", count, tag, LineOf(element));
+            Drop(element, u"it has no attribute \"id\""_s);
             return;
         }
         const char *text = TextOf(element);
         if (!IsValidIdName(QString::fromUtf8(id))) {
             const int count = ++env.ErrorCount;
             env.WriteOutput("Error %d: invalid ID format - [%s] (Line %d).\r\n", count, id, LineOf(element));
+            Note(element, u"\"%1\" is no ID: %2"_s.arg(QString::fromUtf8(id), ID_RULE));
         } else if (*text && !hostPaths.Exists(QByteArray(text))) {
             const int count = ++env.WarningCount;
             env.WriteOutput("Warning %d: file not found - [%s] (Line %d).\r\n", count, id, LineOf(element));
@@ -141,6 +167,7 @@ private:
         if (!res) {
             const int count = ++env.ErrorCount;
             env.WriteOutput("Error %d: failed to load %s [%s].\r\n", count, tag, id);
+            Drop(element, u"another resource has the ID %1"_s.arg(QString::fromUtf8(id)));
             return;
         }
         const char *type = element.Attribute("type");
@@ -162,12 +189,14 @@ private:
         if (width < 1 || height < 1) {
             const int count = ++env.ErrorCount;
             env.WriteOutput("Error %d: invalid resolution tag (Line %d).\r\n", count, LineOf(element));
+            Drop(element, u"it needs a width and a height above 0"_s);
             return 0;
         }
         const qint16 index = doc.tables.resolutions.IndexOf(width, height);
         if (index < 0) {
             const int count = ++env.WarningCount;
             env.WriteOutput("Warning %d: unsupported resolution (%dx%d) discarded.\r\n", count, width, height);
+            Drop(element, u"the list of sizes has no %1x%2"_s.arg(width).arg(height));
             return 0;
         }
         const char *group = element.Attribute("class");
@@ -190,6 +219,7 @@ private:
         if (text.isEmpty()) {
             const int count = ++env.ErrorCount; // though it is called a warning
             env.WriteOutput("Warning %d: layout file not found.\r\n", count);
+            Drop(element, NO_FILE);
             return;
         }
         text.replace('"', "");
@@ -204,6 +234,7 @@ private:
         if (text.isEmpty()) {
             const int count = ++env.WarningCount;
             env.WriteOutput("Warning %d: ref_list not found (Line %d).\r\n", count, LineOf(element));
+            Drop(element, NO_FILE);
             return 0;
         }
         text.replace('"', "");
@@ -221,12 +252,14 @@ private:
         if (!id) {
             const int count = ++env.ErrorCount;
             env.WriteOutput("Error %d: invalid component tag (Line %d).\r\n", count, LineOf(element));
+            Drop(element, u"it has no attribute \"id\""_s);
             return;
         }
         const CResFolder *component = doc.root.FindFolder(KIND_COMPONENT, QString::fromUtf8(id), 2);
         if (!component) {
             const int count = ++env.WarningCount;
             env.WriteOutput("Warning %d: unknow component [%s] discarded.\r\n", count, id);
+            Drop(element, u"there is no component \"%1\""_s.arg(QString::fromUtf8(id)));
             return;
         }
         for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement()) {
@@ -243,12 +276,14 @@ private:
         if (!id) {
             const int count = ++env.ErrorCount;
             env.WriteOutput("Error %d: invalid component image tag (Line %d).\r\n", count, LineOf(element));
+            Drop(element, u"it has no attribute \"id\""_s);
             return;
         }
         auto *image = static_cast<CFileRes *>(component.FindResource(FromXml(env, id)));
         if (!image) {
             const int count = ++env.WarningCount;
             env.WriteOutput("Warning %d: unknown component image [%s] discarded.\r\n", count, id);
+            Drop(element, u"the component has no image \"%1\""_s.arg(QString::fromUtf8(id)));
             return;
         }
         const QByteArray text = WithoutOuterQuotes(TextOf(element));
@@ -264,11 +299,15 @@ private:
         const int count = ++env.WarningCount;
         env.WriteOutput("Warning %d: unknown XML tag [%s] discarded (Line %d).\r\n", count, element.Value(),
                         LineOf(element));
+        const bool isSwitchedOff = element.ValueStr() == "LAYOUT" && !doc.root.FindFolder(KIND_LAYOUTS, 1);
+        Drop(element, isSwitchedOff ? u"the settings have no layouts (section Layout, key folders)"_s
+                                    : u"nothing of that name is known in this place"_s);
     }
 
     const ProjectContext &context;
     CResDoc &doc;
     Environment &env;
+    const QString list; // absolute path
     HostPaths hostPaths;
     CResFolder *defaultImages = nullptr;
     CResFolder *files[3] = {};

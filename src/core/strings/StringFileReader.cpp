@@ -5,12 +5,14 @@
 #include "HostFiles.h"
 #include "IdNames.h"
 #include "LanguageTable.h"
+#include "Paths.h"
 #include "ResModel.h"
 #include "StringFile.h"
 #include "StringFileFormat.h"
 
-#include <unordered_set>
+#include <algorithm>
 
+using namespace Qt::StringLiterals;
 using namespace StringFileFormat;
 
 namespace
@@ -22,6 +24,23 @@ constexpr qint64 MAX_EXPECTED_ROWS = 1 << 17; // a first row of a few characters
 QByteArray Shown(QStringView text)
 {
     return text.first(qMin(text.size(), qsizetype(512))).toUtf8();
+}
+
+/// A text as a message quotes it.
+QString Cut(QStringView text)
+{
+    constexpr qsizetype MOST = 60;
+    return text.size() <= MOST ? text.toString() : text.first(MOST).toString() + u"..."_s;
+}
+
+/// True when a field that is left has something in it.
+bool HasText(FieldCursor fields)
+{
+    while (!fields.AtEnd()) {
+        if (!fields.Next().isEmpty())
+            return true;
+    }
+    return false;
 }
 
 } // namespace
@@ -36,7 +55,9 @@ int ReadStringFile(const QString &path, CResModel &document)
     }
     document.env.WriteOutput("Loading strings from \"%s\"...\r\n", Shown(path).constData());
     document.env.FlushOutput();
-    return StringFileReader(document, [&](void *buffer, size_t size) { return file.Read(buffer, size); })
+    return StringFileReader(
+               document, [&](void *buffer, size_t size) { return file.Read(buffer, size); },
+               ResolvePath(path, CurrentFolder()))
         .Read(file.Size());
 }
 
@@ -47,6 +68,18 @@ int StringFileReader::Read(qint64 size)
     if (code == OK)
         code = ReadColumns(languages);
     return code == OK ? ReadRows(size) : code;
+}
+
+bool StringFileReader::NextLine(QStringView &line)
+{
+    ++lineNumber;
+    return lines.Next(line);
+}
+
+void StringFileReader::Drop(const QString &why)
+{
+    ++document.env.DroppedCount;
+    document.findings.Add(file, lineNumber, why);
 }
 
 int StringFileReader::LineError()
@@ -65,7 +98,7 @@ int StringFileReader::HeaderError(int line, QStringView expected)
 int StringFileReader::ReadCount(int &languages)
 {
     QStringView line;
-    if (!lines.Next(line))
+    if (!NextLine(line))
         return LineError();
     FieldCursor fields(line);
     if (!fields.Next().contains(COUNT_WORD))
@@ -82,7 +115,7 @@ int StringFileReader::ReadCount(int &languages)
 int StringFileReader::ReadColumns(int languages)
 {
     QStringView line;
-    if (!lines.Next(line))
+    if (!NextLine(line))
         return LineError();
     FieldCursor fields(line);
     if (fields.Next() != ID_WORD)
@@ -111,6 +144,11 @@ int StringFileReader::ReadColumns(int languages)
         columns.push_back(EnsureFolder(number, name));
         repeated |= !seen.insert(columns.back()).second;
     }
+    while (!fields.AtEnd()) {
+        if (const QStringView name = fields.Next(); !name.isEmpty()) {
+            Drop(u"the language %1 is left out: line 1 has a count of %2"_s.arg(Cut(name)).arg(languages));
+        }
+    }
     return OK;
 }
 
@@ -125,6 +163,7 @@ CResFolder *StringFileReader::EnsureFolder(qint32 index, const QString &title)
             document.root.AddFolder(std::move(made));
         }
         for (const auto &folder : strings->subfolders) {
+            isReload |= !folder->resources.IsEmpty();
             if (folder->kind == KIND_LANGUAGE)
                 byNumber.try_emplace(folder->index, folder.get());
         }
@@ -142,16 +181,41 @@ CResFolder *StringFileReader::EnsureFolder(qint32 index, const QString &title)
 int StringFileReader::ReadRows(qint64 size)
 {
     QStringView line;
-    while (lines.Next(line)) {
+    while (NextLine(line)) {
         if (size > 0) {
             document.ids.Reserve(size_t(qMin(size / (line.size() * 2), MAX_EXPECTED_ROWS)));
             size = 0;
         }
-        if (EqualsNoCase(FieldCursor(line).Next(), END_WORD))
+        if (EqualsNoCase(FieldCursor(line).Next(), END_WORD)) {
+            DropRest();
             return OK;
+        }
         ReadRow(line);
     }
     return LineError();
+}
+
+void StringFileReader::DropRest()
+{
+    const auto look = [this](QStringView line) {
+        if (!line.trimmed().isEmpty())
+            Drop(u"what is behind the row %1 isn't read"_s.arg(END_WORD));
+    };
+    QStringView line;
+    while (NextLine(line))
+        look(line);
+    look(lines.Rest());
+}
+
+void StringFileReader::Overwrite(CStringRes &cell, QStringView text)
+{
+    const bool isSecond = !isReload || !read.insert(&cell).second;
+    if (cell.text == text)
+        return;
+    if (isSecond && !cell.text.isEmpty())
+        Drop(u"the text \"%1\" of %2 is left out: \"%3\" comes behind it for the same ID and language"_s.arg(
+            Cut(cell.text), document.env.NarrowToWide(cell.Id()->name), Cut(text)));
+    cell.SetText(text.toString());
 }
 
 void StringFileReader::ReadRow(QStringView line)
@@ -159,14 +223,25 @@ void StringFileReader::ReadRow(QStringView line)
     Environment &env = document.env;
     FieldCursor fields(line);
     const QStringView id = fields.Next();
-    if (id.isEmpty())
-        return;
     const QStringView type = hasType ? fields.Next() : QStringView();
+    if (id.isEmpty()) {
+        if (HasText(fields))
+            Drop(u"the row is left out: it has no ID"_s);
+        return;
+    }
     const bool push = EqualsNoCase(type, PUSH_WORD);
-    if (hasType && !push && !EqualsNoCase(type, NORMAL_WORD))
+    if (hasType && !push && !EqualsNoCase(type, NORMAL_WORD)) {
         env.WriteOutput("Error %d: invalid resource type - [%s].\r\n", ++env.ErrorCount, Shown(type).constData());
-    if (!IsValidIdName(id))
+        document.findings.Add(
+            file, lineNumber,
+            u"the type \"%1\" of %2 is neither %3 nor %4"_s.arg(Cut(type), Cut(id), NORMAL_WORD, PUSH_WORD));
+    }
+    if (!IsValidIdName(id)) {
         env.WriteOutput("Error %d: invalid ID format - [%s].\r\n", ++env.ErrorCount, Shown(id).constData());
+        document.findings.Add(
+            file, lineNumber,
+            u"\"%1\" is no ID: 1 to 64 letters, digits and \"_\", and no digit at the front"_s.arg(Cut(id)));
+    }
 
     const NarrowText name = env.WideToNarrow(id);
     // Strings have IDs of no resolution: a name that no such record bears can be in none of the folders.
@@ -180,8 +255,7 @@ void StringFileReader::ReadRow(QStringView line)
             continue;
         CStringRes *cell = rowId ? cells.Find(rowId, *folder) : nullptr;
         if (cell) {
-            if (cell->text != text)
-                cell->SetText(text.toString());
+            Overwrite(*cell, text);
             previous = cell;
             continue;
         }
@@ -189,6 +263,8 @@ void StringFileReader::ReadRow(QStringView line)
                              : document.CreateStringRes(name, folder->index);
         if (!made) {
             env.WriteOutput("Error %d: ID conflicts - %s.\r\n", ++env.ErrorCount, Shown(id).constData());
+            Drop(
+                u"the row of %1 is left out with all its texts: a resource of another kind has that ID"_s.arg(Cut(id)));
             return;
         }
         cell = made.get();
@@ -198,6 +274,10 @@ void StringFileReader::ReadRow(QStringView line)
         previous = cell;
     }
     ++rows;
+    while (!fields.AtEnd()) {
+        if (const QStringView text = fields.Next(); !text.isEmpty())
+            Drop(u"the text \"%1\" of %2 is left out: line 2 has no language for it"_s.arg(Cut(text), Cut(id)));
+    }
 }
 
 void StringFileReader::MakeCell(CResFolder &folder, std::unique_ptr<CStringRes> made, QStringView text,
@@ -216,4 +296,6 @@ void StringFileReader::MakeCell(CResFolder &folder, std::unique_ptr<CStringRes> 
     if (previous)
         previous->LinkBehind(cell);
     cells.Added(cell);
+    if (isReload)
+        read.insert(cell);
 }

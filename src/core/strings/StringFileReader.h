@@ -4,18 +4,23 @@
 #include "Utf16Lines.h"
 
 #include <unordered_map>
+#include <unordered_set>
 
 class CResModel;
 
 /// One read of a string file into the tree of `document`: new rows are made, rows that are there get new texts. Takes
 /// time and memory in the size of the text, whatever it holds. For one use.
 ///
-///     StringFileReader reader(document, source);
+///     StringFileReader reader(document, source, file);
 ///     const int code = reader.Read();
 class StringFileReader
 {
 public:
-    StringFileReader(CResModel &model, Utf16Lines::Source bytes) : document(model), lines(std::move(bytes)) {}
+    /// `absolutePath` is what the findings of the model name as the file.
+    StringFileReader(CResModel &model, Utf16Lines::Source bytes, QString absolutePath = {})
+        : document(model), lines(std::move(bytes)), file(std::move(absolutePath))
+    {
+    }
 
     /// 0, or the code of the failure, which has been logged; what was read by then stays in the tree. `size` is how
     /// many bytes are likely to come, 0 if nobody knows.
@@ -31,16 +36,27 @@ private:
     void MakeCell(CResFolder &folder, std::unique_ptr<CStringRes> made, QStringView text, CStringRes *previous,
                   bool push);
     [[nodiscard]] CResFolder *EnsureFolder(qint32 index, const QString &title);
+    [[nodiscard]] bool NextLine(QStringView &line);
+    /// Counts what is behind the last row: nobody reads it, and a save doesn't write it.
+    void DropRest();
+    /// Counts something of the current line that a save would lose, and notes why.
+    void Drop(const QString &why);
+    /// Puts the text of a later field or row into a cell that is there.
+    void Overwrite(CStringRes &cell, QStringView text);
     [[nodiscard]] int LineError();
     [[nodiscard]] int HeaderError(int line, QStringView expected);
 
     CResModel &document;
     Utf16Lines lines;
+    QString file;
+    int lineNumber = 0; // of the line that was read last
     int rows = 0;
     bool hasType = false;
     bool repeated = false;             // some folder stands in `columns` twice
     std::vector<CResFolder *> columns; // the Description folder, then the languages in the order of the file
     CellFinder cells{columns};
+    bool isReload = false;                       // there were rows before
+    std::unordered_set<const CStringRes *> read; // in a reload: the cells that this file has given a text
 
     CResFolder *strings = nullptr;
     std::unordered_map<qint32, CResFolder *> byNumber; // the language folders, found without walking them

@@ -33,6 +33,11 @@ bool Utf16Lines::Next(QStringView &line)
     }
 }
 
+QStringView Utf16Lines::Rest() const
+{
+    return {reinterpret_cast<const char16_t *>(buffer.constData() + start), (filled - start) / UNIT};
+}
+
 bool Utf16Lines::Fill()
 {
     if (start > 0) {

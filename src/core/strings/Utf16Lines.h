@@ -20,6 +20,9 @@ public:
     /// (the odd byte at the end of a cut file doesn't count), can't be read, or has a line of more than 1 GiB.
     [[nodiscard]] bool Next(QStringView &line);
 
+    /// What is left when `Next` has given false: a last line without its line feed.
+    [[nodiscard]] QStringView Rest() const;
+
 private:
     [[nodiscard]] bool Fill();
 

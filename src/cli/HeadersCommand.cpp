@@ -1,0 +1,74 @@
+#include "Commands.h"
+#include "Depfile.h"
+#include "HeaderFolder.h"
+#include "HostFiles.h"
+#include "OpeningReport.h"
+
+#include <cstring>
+
+namespace
+{
+
+class HeadersCommand : public ICommand
+{
+public:
+    CLI::App *Add(CLI::App &app) override
+    {
+        CLI::App *command =
+            app.add_subcommand("headers", "Write a project's headers into a folder, and nothing into the project");
+        command->add_option("PROJECT", project, "The project's .vcproj file")->required();
+        command->add_option("--output", folder, "The folder; made when missing")->required()->type_name("DIR");
+        CLI::Option *depfileOption =
+            command->add_option("--depfile", depfile, "Write the files that were read, for make or ninja")
+                ->type_name("FILE");
+        command
+            ->add_option("--depfile-target", depfileTarget,
+                         "What the depfile says is made of them (default: the header of the IDs)")
+            ->type_name("NAME")
+            ->needs(depfileOption);
+        return command;
+    }
+
+    int Run(Session &session) override
+    {
+        const QString path = AbsolutePath(project);
+        const QString output = AbsolutePath(folder); // an opening changes the current folder
+        const QString depfilePath = AbsolutePath(depfile);
+        CResDoc *const document = session.OpenQuietly(path);
+        if (!TellOfOpening(session, path, document, document != nullptr) || !document)
+            return EXIT_FAILED;
+        HeaderFolder headers(*document, output);
+        const QString problem = headers.Write();
+        if (!problem.isEmpty()) {
+            Complain(problem);
+            return EXIT_FAILED;
+        }
+        return depfile.empty() ? int(EXIT_FINE) : WriteDependencies(headers, depfilePath);
+    }
+
+private:
+    [[nodiscard]] int WriteDependencies(const HeaderFolder &headers, const QString &path) const
+    {
+        std::vector<QByteArray> inputs;
+        for (const QString &file : headers.Inputs())
+            inputs.push_back(HostPath(file));
+        const QByteArray made =
+            depfileTarget.empty() ? headers.MainHeader().toUtf8() : QByteArray::fromStdString(depfileTarget);
+        const int error = WriteDepfile(path, made, std::move(inputs));
+        if (error != 0)
+            Complain(QStringLiteral("cannot write %1: %2").arg(path, QString::fromLocal8Bit(strerror(error))));
+        return error == 0 ? EXIT_FINE : EXIT_FAILED;
+    }
+
+    std::string project;
+    std::string folder;
+    std::string depfile;
+    std::string depfileTarget;
+};
+
+} // namespace
+
+std::unique_ptr<ICommand> MakeHeadersCommand()
+{
+    return std::make_unique<HeadersCommand>();
+}

@@ -1,0 +1,94 @@
+#include "HeaderFolder.h"
+
+#include "CResDoc.h"
+#include "Environment.h"
+#include "HostFiles.h"
+#include "IDGen.h"
+#include "LayoutExport.h"
+#include "Paths.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <cstring>
+
+using namespace Qt::StringLiterals;
+
+HeaderFolder::HeaderFolder(CResDoc &document, QString folderPath) : doc(document), folder(std::move(folderPath)) {}
+
+QString HeaderFolder::Write()
+{
+    files.clear();
+    if (!QDir().mkpath(folder))
+        return u"%1: the folder can't be made: %2"_s.arg(folder, QString::fromLocal8Bit(strerror(errno)));
+    std::vector<GeneratedHeader> headers;
+    if (IDGen::MakeHeaders(&doc.ids, doc.env.settings.String("Path", "header_output", ".\\ResID"), doc, headers) != 0)
+        return u"%1: more IDs of one kind than there are numbers"_s.arg(doc.PathName());
+    for (GeneratedHeader &header : headers)
+        files.push_back({HeaderIn(folder, header.name), std::move(header.text)});
+    if (HasLayoutTables(doc.env)) {
+        if (QString problem = MakeTables(); !problem.isEmpty())
+            return problem;
+    }
+    return WriteAll();
+}
+
+QString HeaderFolder::MainHeader() const
+{
+    return HeaderIn(folder, doc.env.settings.String("ResID", "main_header", "ResID.h"));
+}
+
+QString HeaderFolder::MakeTables()
+{
+    const QTemporaryDir made(folder + u"/tables-XXXXXX"_s);
+    if (!made.isValid())
+        return u"%1: %2"_s.arg(folder, made.errorString());
+    const QString projectFolder = DirectoryOf(doc.PathName());
+    if (!SetCurrentFolder(projectFolder))
+        return u"%1: the project's folder is gone"_s.arg(projectFolder);
+    MakeLayoutTables(doc.env, projectFolder, made.path());
+    bool hasHeader = false;
+    for (const QString &name : QDir(made.path()).entryList(QDir::Files, QDir::Name)) {
+        File file{folder + u'/' + name, {}};
+        if (const int error = ReadFile(made.filePath(name), file.text))
+            return u"%1: %2"_s.arg(made.filePath(name), QString::fromLocal8Bit(strerror(error)));
+        hasHeader = hasHeader || name.endsWith(u".h");
+        files.push_back(std::move(file));
+    }
+    return hasHeader ? QString()
+                     : u"the layout converter made no header of its tables (keys export_xml and export_layout)"_s;
+}
+
+QString HeaderFolder::WriteAll()
+{
+    FileTransaction transaction(doc.env);
+    for (const File &file : files) {
+        QByteArray old;
+        if (ReadFile(file.path, old) == 0 && old == file.text)
+            continue;
+        if (!QDir().mkpath(DirectoryOf(file.path)))
+            return u"%1: the folder can't be made"_s.arg(DirectoryOf(file.path));
+        if (const int error = transaction.Write(file.path, file.text, IfRefused::Stop))
+            return u"%1: %2"_s.arg(file.path, QString::fromLocal8Bit(strerror(error)));
+    }
+    const std::optional<QString> refused = transaction.Commit();
+    return refused ? u"%1: can't be replaced"_s.arg(*refused) : QString();
+}
+
+QStringList HeaderFolder::Inputs() const
+{
+    const Environment &env = doc.env;
+    QStringList inputs = doc.ProjectFiles();
+    inputs += env.SettingsFiles();
+    inputs.append(ResolvePath(u"morvanite.ini"_s, DirectoryOf(doc.PathName())));
+    const auto addInProgramDir = [&](const char *section, const char *key) {
+        if (const QString file = env.settings.String(section, key); !file.isEmpty())
+            inputs.append(ResolvePath(file, env.ProgramDir()));
+    };
+    addInProgramDir("Path", "reso_set");
+    addInProgramDir("Layout", "catalogue");
+    if (HasLayoutTables(env))
+        inputs += LayoutTableInputs(env);
+    inputs.removeIf([](const QString &file) { return !PathExists(file); });
+    return inputs;
+}

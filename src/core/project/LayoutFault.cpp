@@ -1,0 +1,55 @@
+#include "LayoutFault.h"
+
+#include "LayoutFileObject.h"
+#include "Xml.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+QString Reason(int code)
+{
+    switch (code) {
+    case LAYOUT_NOT_OPENED:
+        return u"the layout file can't be opened"_s;
+    case LAYOUT_NOT_WELL_FORMED:
+        return u"the layout file is no well-formed XML"_s;
+    case LAYOUT_NO_ROOT:
+    case LAYOUT_WRONG_ROOT:
+        return u"the outermost element of a layout file has to be <TarvoXML>"_s;
+    case LAYOUT_WRONG_CHILD:
+        return u"only <Layout> can be in <TarvoXML>"_s;
+    case LAYOUT_NO_ID:
+        return u"this <Layout> has no attribute \"id\""_s;
+    default:
+        return u"another resource has the ID of this layout"_s;
+    }
+}
+
+} // namespace
+
+int RowOfLayout(const Environment &env, const QString &file, int place)
+{
+    TiXmlDocument document;
+    const TiXmlElement *root = LoadXml(env, file, document) == 0 ? document.FirstChildElement() : nullptr;
+    const TiXmlElement *layout = root ? root->FirstChildElement() : nullptr;
+    for (; layout && place > 0; --place)
+        layout = layout->NextSiblingElement();
+    return layout ? RowOf(*layout) : 0;
+}
+
+LoadFinding LayoutFault(const Environment &env, const QString &file, int code, int loaded)
+{
+    LoadFinding finding{file, 0, Reason(code) + u"; the file isn't loaded whole"_s};
+    if (code == LAYOUT_NOT_WELL_FORMED) {
+        TiXmlDocument document;
+        if (LoadXml(env, file, document) != 0)
+            finding.line = std::max(document.ErrorRow(), 1);
+    } else if (code != LAYOUT_NOT_OPENED && code != LAYOUT_NO_ROOT && code != LAYOUT_WRONG_ROOT) {
+        finding.line = RowOfLayout(env, file, loaded);
+    }
+    return finding;
+}

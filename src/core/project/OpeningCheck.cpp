@@ -1,0 +1,97 @@
+#include "OpeningCheck.h"
+
+#include "CResDoc.h"
+#include "ConflictMarkers.h"
+#include "Environment.h"
+#include "HostFiles.h"
+#include "Paths.h"
+#include "ProjectContext.h"
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+OpeningCheck::OpeningCheck(Environment &environment, const ProcessTables &processTables, QString path,
+                           CResDoc *document)
+    : env(environment), tables(processTables), projectPath(std::move(path)), doc(document)
+{
+}
+
+std::vector<LoadFinding> OpeningCheck::SilentReasons() const
+{
+    std::vector<LoadFinding> reasons;
+    AddConflictMarkers(reasons);
+    AddMissingSizes(reasons);
+    return reasons;
+}
+
+std::vector<LoadFinding> OpeningCheck::AllReasons() const
+{
+    std::vector<LoadFinding> reasons = SilentReasons();
+    const std::vector<LoadFinding> found = doc ? doc->findings.All() : std::vector<LoadFinding>();
+    reasons.insert(reasons.end(), found.begin(), found.end());
+    if (!doc)
+        reasons.push_back({projectPath, 0, u"the project can't be opened"_s});
+    else if (found.empty() && env.ErrorCount + env.DroppedCount > 0)
+        reasons.push_back({projectPath, 0, u"the opening told of an error"_s});
+    return reasons;
+}
+
+std::optional<LoadFinding> OpeningCheck::UnlistedResolution(int width, int height) const
+{
+    const CResoTable &sizes = tables.resolutions;
+    if (sizes.IndexOf(width, height) >= 0)
+        return std::nullopt;
+    QStringList known;
+    for (int i = 0; i < sizes.Count(); ++i)
+        known.append(QString::fromUtf8(sizes.At(i).name));
+    return LoadFinding{
+        SizesFile(), 0,
+        u"the list of screen sizes has no %1x%2, so the pack has no pictures of that screen; it has %3"_s.arg(width)
+            .arg(height)
+            .arg(known.isEmpty() ? u"none at all"_s : known.join(u", "_s))};
+}
+
+QString OpeningCheck::SizesFile() const
+{
+    const QString file = env.settings.String("Path", "reso_set");
+    return ResolvePath(file.isEmpty() ? u"Morvanite.ini"_s : file, env.ProgramDir());
+}
+
+void OpeningCheck::AddMissingSizes(std::vector<LoadFinding> &reasons) const
+{
+    if (tables.resolutions.Count() > 0)
+        return;
+    const QString file = SizesFile();
+    QString text = u"there is no list of screen sizes, so a project's pictures and layouts are left out: "_s;
+    if (env.settings.String("Path", "reso_set").isEmpty())
+        text += u"the key reso_set in section Path names none"_s;
+    else if (!PathExists(file))
+        text += u"the key reso_set in section Path of Morvanite.ini names this file, and it isn't there"_s;
+    else
+        text += u"this file has no section Resolution with lines such as 240x320"_s;
+    reasons.push_back({file, 0, text});
+}
+
+void OpeningCheck::AddConflictMarkers(std::vector<LoadFinding> &reasons) const
+{
+    QStringList files;
+    if (doc) {
+        files = doc->ProjectFiles();
+    } else {
+        const ProjectPaths paths(projectPath, env);
+        files = {paths.ConfigPath(), paths.Absolute(paths.ResourcePath()), paths.Absolute(paths.StringPath())};
+    }
+    for (const QString &file : files) {
+        for (const ConflictMarker &found : FindConflictMarkers(file))
+            reasons.push_back(
+                {file, found.line,
+                 u"the line begins with \"%1\": a merge has left a conflict in the file"_s.arg(found.marker)});
+    }
+}
+
+QString FindingText(const LoadFinding &finding)
+{
+    const QString place = finding.line > 0 ? u"%1:%2"_s.arg(finding.file).arg(finding.line) : finding.file;
+    return place + u": "_s + finding.text;
+}
