@@ -104,13 +104,13 @@ int AddLayout(PackContext &context, const LayoutOutput &output)
         return InfoFail(env, output.host);
     if (!file.file.IsOpen()) {
         env.WriteOutput("\r\n[error] Could not open file while read resource data : %s.\n", output.host.constData());
-        return PACK_FILE_OPEN;
+        return FailFile(env, file, PACK_FILE_OPEN);
     }
     char *place = context.image.ExtendItem(quint64(file.size));
     if (!place)
         return PACK_MEMORY;
     if (!file.ReadTo(place))
-        return PACK_FILE_READ;
+        return FailFile(env, file, PACK_FILE_READ);
     return context.image.PadItem() ? PACK_OK : PACK_MEMORY;
 }
 

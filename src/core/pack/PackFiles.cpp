@@ -1,8 +1,10 @@
 #include "PackFiles.h"
 
+#include "Environment.h"
 #include "Paths.h"
 
 #include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -22,6 +24,7 @@ int Look(PackFile &found, OutputGuard *guard)
     // Not blocking, so that a pipe in the place of a file doesn't hang the program.
     found.file = FileHandle(open(found.host.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     const int error = found.file.IsOpen() ? 0 : errno;
+    found.error = error;
     if (error == ENOENT)
         return error;
     struct stat info;
@@ -36,6 +39,23 @@ int Look(PackFile &found, OutputGuard *guard)
 }
 
 } // namespace
+
+bool PackFile::ReadTo(char *place) const
+{
+    errno = 0;
+    return file.Read(place, size_t(size)) == ssize_t(size);
+}
+
+int FailFile(const Environment &env, const PackFile &file, int code)
+{
+    const bool isOpen = file.file.IsOpen();
+    const int error = isOpen ? errno : file.error;
+    const QString reason = error != 0 ? QString::fromLocal8Bit(strerror(error))
+                           : isOpen   ? QStringLiteral("it ended early")
+                                      : QStringLiteral("it is no regular file");
+    env.Explain(QStringLiteral("cannot read %1: %2").arg(QString::fromUtf8(file.host), reason));
+    return code;
+}
 
 QByteArray AbsoluteHost(const QByteArray &host)
 {
