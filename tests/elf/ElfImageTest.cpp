@@ -3,10 +3,14 @@
 #include "../device/ElfBuilder.h"
 #include "../fixtures/TestModel.h"
 #include "ByteReader.h"
+#include "OutputFile.h"
 
 #include <QtEndian>
 
-#include <cerrno>
+#include <csignal>
+#include <sys/resource.h>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -66,15 +70,22 @@ struct ElfImageTest : testing::Test, TestProgram
         return code ? code : AddResSection(elf, payload) ? -1 : SetElfLayout(*env, elf);
     }
 
-    /// Grows the bytes as the packer does: 0 or a code, and `grown` is what became of the copy.
+    int Write()
+    {
+        OutputFile made(*env);
+        int code = made.Begin(folder.Path("out.axf").toUtf8(), {});
+        if (!code)
+            code = WriteElf(*env, elf, made, folder.Path("out.axf").toUtf8());
+        return code ? code : made.PutInPlace();
+    }
+
+    /// Grows the bytes as the packer does: 0 or a code, and `grown` is what was made.
     int Grow(const QByteArray &input, const QByteArray &payload = "payload")
     {
-        folder.Put("out.axf", input);
-        int code = Prepare(input, payload);
-        if (!code)
-            code = WriteElf(*env, elf, folder.Path("out.axf"));
-        grown = folder.Get("out.axf");
-        return code;
+        const int code = Prepare(input, payload);
+        const int written = code ? code : Write();
+        grown = written ? QByteArray() : folder.Get("out.axf");
+        return written;
     }
 
     ElfImage elf;
@@ -171,14 +182,33 @@ TEST_F(ElfImageTest, TheMostThatTheNumbersOfTheFormatCanTellIsTaken)
     }
 }
 
-TEST_F(ElfImageTest, ACopyOfAnotherSizeIsntGrown)
+TEST_F(ElfImageTest, AnInputThatChangesItsSizeMeanwhileIsntGrown)
 {
+    folder.Put("out.axf", "old");
+    ASSERT_EQ(Prepare(Bytes(ElfBuilder()), "payload"), 0);
+    folder.Put("in.axf", Bytes(ElfBuilder()) + 'x');
+    EXPECT_EQ(Write(), -1042);
+    EXPECT_EQ(folder.Get("out.axf"), "old");
+}
+
+TEST_F(ElfImageTest, WithoutItsSectionTableItIsNoFailureButDoesNotReplaceTheOldFile)
+{
+    folder.Put("out.axf", "old");
     const QByteArray input = Bytes(ElfBuilder());
-    ASSERT_EQ(Prepare(input, "payload"), 0);
-    folder.Put("out.axf", input + 'x');
-    EXPECT_EQ(WriteElf(*env, elf, folder.Path("out.axf")), -1042);
-    EXPECT_EQ(folder.Get("out.axf"), input + 'x');
-    EXPECT_EQ(WriteElf(*env, elf, folder.Path("none/out.axf")), ENOENT);
-    EXPECT_TRUE(trace.endsWith("[error] could not open file while write data to file: " +
-                               folder.Path("none/out.axf").toUtf8()));
+    ASSERT_EQ(Prepare(input, "12345678"), 0);
+    // The write that goes beyond the limit fails, and those behind it don't.
+    struct sigaction action = {}, before;
+    action.sa_handler = [](int) {
+        const rlimit none{RLIM_INFINITY, RLIM_INFINITY};
+        setrlimit(RLIMIT_FSIZE, &none);
+    };
+    ASSERT_EQ(sigaction(SIGXFSZ, &action, &before), 0);
+    const rlimit limit{rlim_t(elf.PayloadOffset() + 8), RLIM_INFINITY};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    EXPECT_EQ(Write(), 0);
+    sigaction(SIGXFSZ, &before, nullptr);
+    EXPECT_EQ(folder.Get("out.axf"), "old");
+    EXPECT_TRUE(trace.contains("[error] write section head error: "));
+    EXPECT_EQ(env->FailureCount, 1);
+    EXPECT_EQ(folder.Names(), QStringList({u"bin"_s, u"in.axf"_s, u"out.axf"_s}));
 }

@@ -78,6 +78,9 @@ void ExpectFailure(PackProject &project, const Failure &failure)
                                       result + "pack resource done" + result));
         EXPECT_EQ(project.output.contains(failure.said), !*failure.said || (failure.logs & REPORT));
         EXPECT_EQ(project.trace.contains(failure.said), !*failure.said || (failure.logs & TRACE));
+        const bool isUnreadable = failure.code == PACK_FILE_OPEN || failure.code == PACK_FILE_READ ||
+                                  failure.code == PACK_IMAGE_OPEN || failure.code == PACK_IMAGE_READ;
+        EXPECT_EQ(project.TakeExplained().contains("cannot read "), isUnreadable);
         EXPECT_EQ(project.folder.Get("app.axf"), project.elf);
         EXPECT_FALSE(project.folder.Has("app.out")) << "nothing is written before all has been read";
     }

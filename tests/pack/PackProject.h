@@ -28,7 +28,7 @@ struct PackProject : TestModel
         folder.Put("bin/AppLogo.img", "program's logo");
         folder.MakeFolder("arm");
         QDir::setCurrent(folder.Path());
-        env.explain = [this](const QString &text) { explained += text.toUtf8() + '\n'; };
+        env.explain = [this](const QString &line) { explained += line.toUtf8() + '\n'; };
         info.inputfilename = Narrow("app.axf");
         info.outputfilename = Narrow("app.out");
         info.scope = 1;
@@ -85,6 +85,7 @@ struct PackProject : TestModel
     }
 
     QByteArray elf; ///< the application
+    QByteArray explained;
     packinfo info;
     QByteArray output;
     CResFolder &files = AddFolder(root, KIND_FILES);
@@ -95,7 +96,4 @@ struct PackProject : TestModel
     CResFolder &defaultImages = AddFolder(images, KIND_RESO_IMAGES);
     CResFolder &strings = AddFolder(root, KIND_STRINGS);
     int made = 0;
-
-private:
-    QByteArray explained;
 };

@@ -179,6 +179,8 @@ TEST(Pack, TheSideFileStandsBesideTheInputAndFailsBehindACompleteOutput)
     project.info.inputfilename =
         "v1.2/PLAIN"; // found as it is spelled there; the side file has the name that was given
     EXPECT_EQ(project.Pack(), PACK_WRITE);
+    EXPECT_THAT(project.TakeExplained().toStdString(),
+                HasSubstr("PLAIN.res: No space left on device\nv1.2/ARM/PLAIN.res is of an earlier pack"));
     EXPECT_EQ(project.folder.Get("app.out"), made);
     EXPECT_THAT(project.trace.toStdString(), HasSubstr("[error] write res data into resfile error: "));
     ASSERT_TRUE(QDir(project.folder.Path("v1.2/ARM")).removeRecursively() && unlink("app.out") == 0);
@@ -191,22 +193,27 @@ TEST(Pack, TheSideFileStandsBesideTheInputAndFailsBehindACompleteOutput)
     EXPECT_EQ(project.Pack(PACK_TO_DLL), ENOENT);
 }
 
-TEST(Pack, AFullDiskAtAnyByteIsAFailedWriteAndLeavesTheInputWhole)
+TEST(Pack, AFullDiskAtAnyByteIsAFailedWriteAndLeavesTheFilesOfBefore)
 {
     PackProject project;
     project.AddLanguage(0, {{1, u"text"}});
+    ASSERT_EQ(project.Pack(), 0);
+    const QStringList names = project.folder.Names();
     for (const PackMode mode : {PACK_TO_TARGET, PACK_TO_DLL}) {
         ASSERT_EQ(project.Pack(mode), 0);
+        project.folder.Put("arm/app.res", "of an earlier pack");
         const QByteArray made = project.folder.Get("app.out");
         const qsizetype size = made.size();
         const auto pack = [&] { return project.Pack(mode); };
         for (qsizetype limit = 0; limit < size; ++limit) {
             ASSERT_EQ(WithFileLimit(rlim_t(limit), pack), PACK_WRITE) << limit;
             ASSERT_EQ(project.folder.Get("app.axf"), project.elf);
-            const QByteArray left = project.folder.Get("app.out");
-            ASSERT_EQ(left, (project.elf + made.mid(project.elf.size())).first(limit))
-                << "the old header describes what is there";
+            ASSERT_EQ(project.folder.Get("app.out"), made);
+            ASSERT_EQ(project.folder.Names(), names);
+            ASSERT_EQ(project.folder.Get("arm/app.res"), "of an earlier pack");
+            ASSERT_EQ(project.TakeExplained(), "cannot write " + project.Narrow("app.out") + ": File too large\n");
         }
+        (void)project.TakeExplained();
         project.info.ver = 2;
         EXPECT_EQ(WithFileLimit(rlim_t(size), pack), 0);
         EXPECT_EQ(project.folder.Get("app.out"), made) << "the same project gives the same bytes";

@@ -1,9 +1,11 @@
 #include "CommandHandler.h"
 
 #include "HostFiles.h"
+#include "PackCodes.h"
 #include "PackFailure.h"
 #include "PackRequest.h"
 #include "Paths.h"
+#include "ProjectLayouts.h"
 
 #include <utility>
 
@@ -172,6 +174,12 @@ void CommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
             env.DebugTrace("implicit ID Gen before Pack\n");
             const int generated = doc->GenerateIds(nullptr);
             env.DebugTrace("implicit ID Gen before Pack done, result is %d\n", generated);
+            if (generated != 0) {
+                env.ExplainFailure(
+                    QStringLiteral("%1: there are more IDs of one kind than numbers, so IDs of the pack have "
+                                   "wrong ones")
+                        .arg(record->projectPath));
+            }
             errorCode = PackDocument(*doc, *record);
         } else {
             errorCode = int(ReportCode::NoDocument);
@@ -188,6 +196,12 @@ int CommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &record)
         return int(ReportCode::BadPackRequest);
     parameters->temp = packTemp;
     parameters->headers = packHeaders;
+    parameters->projectFiles = doc.ProjectFiles();
+    if (const QStringList missing = MissingLayouts(doc); !missing.isEmpty()) {
+        for (const QString &reason : missing)
+            env.Explain(reason);
+        return PACK_LAYOUT_FILE;
+    }
     if (!SetCurrentFolder(DirectoryOf(doc.PathName())))
         return int(ReportCode::NoDocument); // its folder is gone
     return Packer::Pack(*parameters, doc, packInputs);

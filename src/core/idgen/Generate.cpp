@@ -14,6 +14,17 @@
 namespace
 {
 
+/// The name of a component's header.
+QString ComponentHeader(const Environment &env, const QString &component)
+{
+    return env.settings.String("ResID", "comp_header", "uix_rp_%s_def.h").replace(QStringLiteral("%s"), component);
+}
+
+QString MainHeader(const Environment &env)
+{
+    return env.settings.String("ResID", "main_header", "ResID.h");
+}
+
 /// The headers that one run makes, and the names that are in one already.
 class HeaderRun
 {
@@ -28,14 +39,13 @@ public:
         const CResFolder *components = document.root.FindFolder(KIND_CPIMAGES, 2);
         if (!components)
             return;
-        const QString format = env.settings.String("ResID", "comp_header", "uix_rp_%s_def.h");
         for (const auto &component : components->subfolders)
-            MakeComponent(format, component->title);
+            MakeComponent(component->title);
     }
 
     void MakeMain(const std::vector<IDRecord *> &sorted)
     {
-        const QString fileName = env.settings.String("ResID", "main_header", "ResID.h");
+        const QString fileName = MainHeader(env);
         const QString path = ResolvePath(fileName, outputFolder);
         Header header(env.WideToNarrow(path));
         DefineThoseOf(sorted, /*push=*/false, header);
@@ -45,10 +55,9 @@ public:
     }
 
 private:
-    void MakeComponent(const QString &format, const QString &component)
+    void MakeComponent(const QString &component)
     {
-        QString fileName = format;
-        fileName.replace(QStringLiteral("%s"), component);
+        const QString fileName = ComponentHeader(env, component);
         Header header(env.WideToNarrow(fileName));
         if (const CResFolder *images = document.root.FindFolder(KIND_COMPONENT, component, 2)) {
             for (const CBaseRes *image : images->resources) {
@@ -140,4 +149,14 @@ int IDGen::Generate(IDPool *pool, const QString &outputFolder, CResModel &docume
     }
     env.DebugTrace("leave IDGen::Generate(), filled value, and generated ID file(s)");
     return 0;
+}
+
+QStringList IDGen::Headers(const QString &outputFolder, const CResModel &document)
+{
+    QStringList headers{ResolvePath(MainHeader(document.env), outputFolder)};
+    if (const CResFolder *components = document.root.FindFolder(KIND_CPIMAGES, 2)) {
+        for (const auto &component : components->subfolders)
+            headers.append(outputFolder + u'\\' + ComponentHeader(document.env, component->title));
+    }
+    return headers;
 }

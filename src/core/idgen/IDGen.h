@@ -2,6 +2,8 @@
 
 #include "Header.h"
 
+#include <QStringList>
+
 #include <vector>
 
 class CResModel;
@@ -24,4 +26,7 @@ public:
     /// Writes nothing. FillValue's result; no header when that isn't 0.
     [[nodiscard]] static int MakeHeaders(IDPool *pool, const QString &outputFolder, CResModel &document,
                                          std::vector<GeneratedHeader> &headers);
+
+    /// The paths of the headers that `Generate` writes into `outputFolder`.
+    [[nodiscard]] static QStringList Headers(const QString &outputFolder, const CResModel &document);
 };

@@ -24,5 +24,5 @@ int ConstructAppIcon(PackContext &context)
     char *place = context.image.EntryData(entry, quint64(icon.size));
     if (!place)
         return PACK_MEMORY;
-    return icon.ReadTo(place) ? PACK_OK : PACK_FILE_READ;
+    return icon.ReadTo(place) ? PACK_OK : FailFile(env, icon, PACK_FILE_READ);
 }

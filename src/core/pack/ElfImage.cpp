@@ -6,7 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <fcntl.h>
+#include <cstring>
 #include <unistd.h>
 
 namespace
@@ -104,7 +104,7 @@ class ElfInput
 {
 public:
     ElfInput(Environment &environment, const QString &path)
-        : env(environment), shown(path.toUtf8()), file(FileHandle::OpenRead(path))
+        : env(environment), shown(path.toUtf8()), file(FileHandle::OpenRead(path)), openError(file.IsOpen() ? 0 : errno)
     {
     }
 
@@ -113,8 +113,11 @@ public:
     /// Reads the file header, and nothing else before it.
     int ReadHeader(ElfImage &elf)
     {
-        if (!file.IsOpen())
+        if (!file.IsOpen()) {
+            env.Explain(
+                QStringLiteral("cannot open %1: %2").arg(elf.path, QString::fromLocal8Bit(strerror(openError))));
             return Fail(env, "[error]Could not open file: ", shown, ElfCode::OpenRead);
+        }
         fileSize = quint64(std::max<qint64>(file.Size(), 0));
         elf.inputSize = fileSize;
         if (file.Read(elf.header.data(), elf.header.size()) != ssize_t(elf.header.size()))
@@ -186,6 +189,7 @@ private:
     Environment &env;
     const QByteArray shown;
     FileHandle file;
+    int openError;
     quint64 fileSize = 0; // bytes
     std::array<char, 4096> window{};
     quint64 windowAt = 0;
@@ -214,6 +218,7 @@ int MakeRoom(Environment &env, const QByteArray &shown, ElfImage &elf)
 int ReadElf(Environment &env, const QString &path, ElfImage &elf)
 {
     elf = ElfImage();
+    elf.path = path;
     ElfInput input(env, path);
     if (const int code = input.ReadHeader(elf))
         return code;
@@ -225,7 +230,6 @@ int ReadElf(Environment &env, const QString &path, ElfImage &elf)
     elf.nameTableIndex = Get16(elf.header.data() + E_SHSTRNDX);
     if (const int code = input.ReadSections(elf))
         return code;
-    elf.path = path;
     elf.file = input.TakeFile();
     return MakeRoom(env, path.toUtf8(), elf);
 }
@@ -256,13 +260,6 @@ int SetElfLayout(Environment &env, ElfImage &elf)
 namespace
 {
 
-int FailToOpen(Environment &env, const QByteArray &shown)
-{
-    const int error = errno;
-    env.DebugTrace("[error] could not open file while write data to file: %s", shown.constData());
-    return error;
-}
-
 QByteArray SectionTable(const ElfImage &elf)
 {
     QByteArray table;
@@ -274,43 +271,66 @@ QByteArray SectionTable(const ElfImage &elf)
     return table;
 }
 
-int AppendTail(Environment &env, const ElfImage &elf, const QByteArray &host, const QByteArray &shown)
+QByteArrayView Header(const ElfImage &elf)
 {
-    const FileHandle file = AppendToOutput(host);
-    if (!file.IsOpen())
-        return FailToOpen(env, shown);
-    if (quint64(file.Size()) != elf.inputSize)
+    return {elf.header.data(), qsizetype(elf.header.size())};
+}
+
+int FailWrite(Environment &env)
+{
+    env.DebugTrace("[error] write res data to file error.\n");
+    return int(ElfCode::Write);
+}
+
+/// What can't be written twice gets its new header at once.
+int WriteInput(Environment &env, const ElfImage &elf, OutputFile &output, const QByteArray &shown)
+{
+    const qint64 header = output.CanGoBack() ? 0 : qint64(elf.header.size());
+    if (header != 0 && !output.Write(Header(elf)))
+        return FailWrite(env);
+    const qint64 copied = output.Copy(elf.file, header);
+    if (copied < 0)
+        return FailWrite(env);
+    if (quint64(header + copied) != elf.inputSize) {
+        env.Explain(QStringLiteral("%1 had %2 bytes when it was read, and %3 when it was copied")
+                        .arg(elf.path)
+                        .arg(elf.inputSize)
+                        .arg(header + copied));
         return Fail(env, "[error] the output is no copy of the input, its size differs: ", shown,
                     ElfCode::InputChanged);
+    }
+    return 0;
+}
+
+int WriteTail(Environment &env, const ElfImage &elf, OutputFile &output, const QByteArray &shown)
+{
     static constexpr char ZEROS[4] = {};
-    const auto failed = [&env] {
-        env.DebugTrace("[error] write res data to file error.\n");
-        return int(ElfCode::Write);
-    };
-    if (!file.WriteAll(ZEROS, size_t(elf.PayloadOffset() - elf.inputSize)) ||
-        !file.WriteAll(elf.payload.data(), size_t(elf.payload.size())))
-        return failed();
-    const QByteArray table = SectionTable(elf);
+    if (!output.Write({ZEROS, qsizetype(elf.PayloadOffset() - elf.inputSize)}) || !output.Write(elf.payload))
+        return FailWrite(env);
     // Goes on with the names, whose failure is the one that counts.
-    if (!file.WriteAll(table.constData(), size_t(table.size())))
+    const bool hasTable = output.Write(SectionTable(elf));
+    if (!hasTable)
         env.DebugTrace("[error] write section head error: %s", shown.constData());
-    return file.WriteAll(elf.nameTable.constData(), size_t(elf.nameTable.size())) ? 0 : failed();
+    if (!output.Write(elf.nameTable))
+        return FailWrite(env);
+    if (!hasTable) {
+        const QString file = QString::fromUtf8(shown);
+        env.ExplainFailure(output.Drop()
+                               ? file + QStringLiteral(": the section table couldn't be written; the old file stays")
+                               : file + QStringLiteral(": the section table couldn't be written; don't use the file"));
+    }
+    return 0;
 }
 
 } // namespace
 
-int WriteElf(Environment &env, const ElfImage &elf, const QString &path)
+int WriteElf(Environment &env, const ElfImage &elf, OutputFile &output, const QByteArray &shown)
 {
-    const QByteArray host = HostPath(path);
-    const QByteArray shown = path.toUtf8();
-    if (const int code = AppendTail(env, elf, host, shown))
+    if (const int code = WriteInput(env, elf, output, shown))
         return code;
-    const FileHandle file(open(host.constData(), O_RDWR | O_CLOEXEC | O_NONBLOCK));
-    if (!file.IsOpen())
-        return FailToOpen(env, shown);
-    if (lseek(file.Get(), 0, SEEK_SET) != 0)
-        return Fail(env, "[error]Could not seek file: ", shown, ElfCode::SeekProgramHeaders);
-    if (!file.WriteAll(elf.header.data(), elf.header.size()))
+    if (const int code = WriteTail(env, elf, output, shown))
+        return code;
+    if (output.CanGoBack() && !output.WriteAtStart(Header(elf)))
         return Fail(env, "[error] write elf head error: ", shown, ElfCode::WriteHeader);
     return 0;
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 class Environment;
+class OutputFile;
 
 /// Why the target couldn't be read or grown. The numbers are what the report shows.
 enum class ElfCode : int
@@ -14,7 +15,7 @@ enum class ElfCode : int
     Write = -1029,
     OpenRead = -1030,
     ReadHeader = -1031,
-    SeekProgramHeaders = -1033, ///< also: back to the header, for rewriting it
+    SeekProgramHeaders = -1033,
     ReadProgramHeader = -1034,
     SeekSectionHeader = -1035,
     ReadSectionHeader = -1036,
@@ -23,7 +24,7 @@ enum class ElfCode : int
     WriteHeader = -1039,
     NoNameTable = -1040,  ///< no table that the new section's name could go into
     TooLarge = -1041,     ///< more sections than 16 bits or offsets than 32 bits can tell
-    InputChanged = -1042, ///< the copy hasn't the size of the file whose tables were read
+    InputChanged = -1042, ///< what was copied hasn't the size of the file whose tables were read
 };
 
 /// A 32-bit little-endian ELF file between reading and growing: its header and section table as they stand in the file,
@@ -66,7 +67,7 @@ int AddResSection(ElfImage &elf, QByteArrayView payload);
 /// file would be more than 32 bits can tell.
 [[nodiscard]] int SetElfLayout(Environment &env, ElfImage &elf);
 
-/// Appends the payload and the tables to the file at `path`, a copy of the input, and last rewrites its header. 0, an
-/// ElfCode, or the system's error number when it can't be opened. Until the last step the file is the input with bytes
-/// behind its end.
-[[nodiscard]] int WriteElf(Environment &env, const ElfImage &elf, const QString &path);
+/// Writes the whole grown file: the input, the payload and the tables, and last the header over that of the input, so
+/// that a file which breaks off is the input with bytes behind its end. 0 or an ElfCode. `shown` is the path in what is
+/// said. A section table that can't be written is no failure; that is explained, and no new file takes its place then.
+[[nodiscard]] int WriteElf(Environment &env, const ElfImage &elf, OutputFile &output, const QByteArray &shown);

@@ -21,12 +21,12 @@ int ReadFileResource(PackContext &context, const QByteArray &host, const QByteAr
     }
     if (!file.file.IsOpen()) {
         env.DebugTrace("[error] Could not open file while read resource data : %s.\n", shown.constData());
-        return PACK_FILE_OPEN;
+        return FailFile(env, file, PACK_FILE_OPEN);
     }
     char *place = context.image.ExtendItem(quint64(file.size));
     if (!place)
         return PACK_MEMORY;
-    return file.ReadTo(place) ? PACK_OK : PACK_FILE_READ;
+    return file.ReadTo(place) ? PACK_OK : FailFile(env, file, PACK_FILE_READ);
 }
 
 int AddFile(PackContext &context, const CFileRes &res)

@@ -7,6 +7,8 @@
 #include "RunTool.h"
 #include "ScratchFolder.h"
 
+#include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -31,6 +33,36 @@ private:
     FileHandle folder;
 };
 
+int FailWithoutTarget(Environment &env, const QByteArray &target)
+{
+    env.WriteOutput("\r\n[error] Cannot open file for read: %s", target.constData());
+    return CONVERT_NO_TARGET;
+}
+
+/// Removes what an earlier run left under the target's name, so that it never passes for new.
+bool RemoveOld(Environment &env, const QByteArray &target)
+{
+    struct stat info;
+    if (unlink(target.constData()) == 0)
+        return true;
+    const int error = errno;
+    if (lstat(target.constData(), &info) != 0)
+        return true; // there is none, which a read-only file system tells in another way
+    env.Explain(QStringLiteral("the picture isn't converted, since the old %1 can't be removed: %2")
+                    .arg(QString::fromUtf8(target), QString::fromLocal8Bit(strerror(error))));
+    return false;
+}
+
+void RunConverter(Environment &env, const QString &source, const QString &target)
+{
+    const QString converter = env.ProgramDir() + QStringLiteral("qrk_resgenerator.exe");
+    ToolEnd end;
+    (void)RunTool(env, converter + QStringLiteral(" -f -i \"") + source + QStringLiteral("\" \"") + target + u'"',
+                  &end);
+    if (const QString wrong = end.Text(); !wrong.isEmpty())
+        env.Explain(QStringLiteral("%1: the converter %2 %3").arg(source, converter, wrong));
+}
+
 } // namespace
 
 bool NeedImageConvert(const QString &path)
@@ -46,19 +78,18 @@ int ConvertImage(Environment &env, const QString &source, const QString &target,
                         qUtf8Printable(source));
         return CONVERT_NO_TARGET;
     }
+    const QByteArray made = target.toUtf8();
+    if (!RemoveOld(env, made))
+        return FailWithoutTarget(env, made);
     const WorkingFolder folder;
     (void)SetCurrentFolder(env.ProgramDir());
     // Programs that are installed for everybody can't make it, and a converter may do without.
     if (const QString debug = env.ProgramDir() + QStringLiteral("Debug"); !PathExists(debug))
         CreateFolderOnDisk(debug);
-    (void)RunTool(env, env.ProgramDir() + QStringLiteral("qrk_resgenerator.exe -f -i \"") + source +
-                           QStringLiteral("\" \"") + target + u'"');
+    RunConverter(env, source, target);
 
-    const QByteArray made = target.toUtf8();
-    if (!PackFiles::OpenMade(made).file.IsOpen()) {
-        env.WriteOutput("\r\n[error] Cannot open file for read: %s", made.constData());
-        return CONVERT_NO_TARGET;
-    }
+    if (!PackFiles::OpenMade(made).file.IsOpen())
+        return FailWithoutTarget(env, made);
     struct stat info;
     if (stat(made.constData(), &info) != 0) {
         env.WriteOutput("\r\n[error]  Convert fail, got file information fail: %s", made.constData());
@@ -84,7 +115,7 @@ int ConvertImage(Environment &env, const QString &source, const QString &target,
 }
 
 ConvertedImage::ConvertedImage(Environment &env, const QByteArray &sourceFile, ScratchFolder &scratch)
-    : target(scratch.ForPicture(sourceFile)), isScratch(scratch.IsNamed())
+    : target(scratch.ForPicture(sourceFile)), isScratch(scratch.IsNamed()), cleanup(SignalCleanup::OfFile(target))
 {
     env.WriteOutput("\r\nNeed image convert, convert... ");
     code = ConvertImage(env, QString::fromUtf8(sourceFile), QString::fromUtf8(target),

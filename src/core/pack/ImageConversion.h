@@ -1,5 +1,6 @@
 #pragma once
 
+#include "SignalCleanup.h"
 #include "Text.h"
 
 class Environment;
@@ -18,8 +19,9 @@ enum class BesideSource
 /// Runs "qrk_resgenerator.exe" of the program's folder on `source`, which writes the device's form to `target`; both
 /// are absolute host paths. 0, or a PackCode from -1023 to -1026.
 ///
-/// The program's folder is the working directory meanwhile; on every way out the old one is back. An old target passes
-/// for a new one when the converter doesn't run.
+/// The program's folder is the working directory meanwhile; on every way out the old one is back. An old target is
+/// removed first; where that can't be done nothing is converted. A converter that doesn't start, or doesn't end with 0,
+/// is explained; only its target counts.
 [[nodiscard]] int ConvertImage(Environment &env, const QString &source, const QString &target,
                                BesideSource besideSource = BesideSource::Delete);
 
@@ -41,5 +43,6 @@ public:
 private:
     QByteArray target;
     bool isScratch; // in a folder for such files
+    SignalCleanup cleanup;
     int code;
 };

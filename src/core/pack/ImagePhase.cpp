@@ -55,12 +55,13 @@ int ReadImage(PackContext &context, const PackFile &file, const QString &path, c
     if (!file.file.IsOpen()) {
         PACK_LOG_BOTH(env, "\r\n[error] Could not open file while reading resource data. (%s)",
                       env.Shown(stored).constData());
-        return PACK_IMAGE_OPEN;
+        return FailFile(env, file, PACK_IMAGE_OPEN);
     }
     char *place = context.image.ExtendItem(quint64(file.size));
     if (!place)
         return PACK_MEMORY;
     if (!file.ReadTo(place)) {
+        (void)FailFile(env, file, PACK_IMAGE_READ);
         PACK_LOG_BOTH(env, "\r\n[error] Read data fail while reading resource data. (%s)",
                       env.Shown(stored).constData());
         return PACK_IMAGE_READ;

@@ -3,6 +3,7 @@
 #include "Environment.h"
 #include "HostFiles.h"
 #include "Paths.h"
+#include "RunTool.h"
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +27,17 @@ QString LayoutSetting(const Settings &settings, const char *key)
 {
     const QString projects = settings.String("Layout", key);
     return projects.isEmpty() ? settings.String("Path", key) : projects;
+}
+
+void LayoutCommand::Run(Environment &env) const
+{
+    ToolEnd end;
+    (void)RunTool(env, CommandLine(), &end);
+    const QString text = QStringLiteral("%1: the layout converter %2 %3").arg(input, tool, end.Text());
+    if (end.startError != 0)
+        env.ExplainFailure(text);
+    else if (!end.Text().isEmpty())
+        env.Explain(text);
 }
 
 LayoutCommand LayoutCommand::In(const Environment &env, const QString &projectFolder)

@@ -19,6 +19,10 @@ struct LayoutCommand
 
     [[nodiscard]] QString CommandLine() const;
 
+    /// Runs the converter and waits for its end. What is wrong with that is explained; one that can't be started is
+    /// work that wasn't done.
+    void Run(Environment &env) const;
+
     /// With what every run has in common: the converter, its subtool, the catalogue and the folder of the tables.
     [[nodiscard]] static LayoutCommand In(const Environment &env, const QString &projectFolder);
 };

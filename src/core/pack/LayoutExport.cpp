@@ -4,7 +4,6 @@
 #include "HostFiles.h"
 #include "LayoutCommand.h"
 #include "Paths.h"
-#include "RunTool.h"
 
 #include <cstdio>
 #include <sys/stat.h>
@@ -47,7 +46,7 @@ LayoutCommand TablesCommand(const Environment &env, const QString &projectFolder
 
 void Run(Environment &env, const LayoutCommand &command)
 {
-    (void)RunTool(env, command.CommandLine());
+    command.Run(env);
     DeleteFileOnDisk(command.output + u'/' + QString::fromUtf16(LEFT_OVER));
 }
 

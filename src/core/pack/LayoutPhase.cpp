@@ -6,7 +6,7 @@
 #include "LayoutCommand.h"
 #include "Paths.h"
 #include "Phases.h"
-#include "RunTool.h"
+#include "SignalCleanup.h"
 
 #include <cerrno>
 #include <unistd.h>
@@ -20,6 +20,7 @@ struct LayoutOutput
     qint32 value;
     NarrowText name;
     QByteArray host;
+    SignalCleanup cleanup; // where it goes at the end
 };
 
 using Layouts = std::vector<const CLayoutRes *>;
@@ -44,8 +45,9 @@ int InfoFail(Environment &env, const QByteArray &host)
 
 /// The files that are wanted. What an earlier run left under their names is gone afterwards, so that it never passes
 /// for new.
-int Expect(Environment &env, const Layouts &layouts, const QString &folder, std::vector<LayoutOutput> &outputs)
+int Expect(PackContext &context, const Layouts &layouts, const QString &folder, std::vector<LayoutOutput> &outputs)
 {
+    Environment &env = context.Env();
     for (const CLayoutRes *layout : layouts) {
         const IDRecord &id = *layout->Id();
         const QString name = env.NarrowToWide(id.name);
@@ -56,7 +58,8 @@ int Expect(Environment &env, const Layouts &layouts, const QString &folder, std:
         }
         if (unlink(host.constData()) != 0 && errno != ENOENT && errno != ENOTDIR)
             return InfoFail(env, host);
-        outputs.push_back({qint32(id.value), id.name, host});
+        outputs.push_back({qint32(id.value), id.name, host,
+                           context.scratch.IsNamed() ? SignalCleanup::OfFile(host) : SignalCleanup()});
     }
     return PACK_OK;
 }
@@ -101,13 +104,13 @@ int AddLayout(PackContext &context, const LayoutOutput &output)
         return InfoFail(env, output.host);
     if (!file.file.IsOpen()) {
         env.WriteOutput("\r\n[error] Could not open file while read resource data : %s.\n", output.host.constData());
-        return PACK_FILE_OPEN;
+        return FailFile(env, file, PACK_FILE_OPEN);
     }
     char *place = context.image.ExtendItem(quint64(file.size));
     if (!place)
         return PACK_MEMORY;
     if (!file.ReadTo(place))
-        return PACK_FILE_READ;
+        return FailFile(env, file, PACK_FILE_READ);
     return context.image.PadItem() ? PACK_OK : PACK_MEMORY;
 }
 
@@ -164,9 +167,9 @@ int ConstructLayouts(PackContext &context)
         CreateFolderOnDisk(command.output);
 
     std::vector<LayoutOutput> outputs;
-    if (const int code = Expect(env, layouts, command.output, outputs))
+    if (const int code = Expect(context, layouts, command.output, outputs))
         return code;
-    (void)RunTool(env, command.CommandLine());
+    command.Run(env);
     const int code = AddLayouts(context, outputs);
     if (context.scratch.IsNamed()) {
         for (const LayoutOutput &output : outputs)

@@ -43,7 +43,7 @@ int ListReader::Read(const QString &list)
     PackFile file = context.files.Open(list);
     if (!file.file.IsOpen()) {
         env.DebugTrace("Could not read list file : %s.\n", qUtf8Printable(list));
-        return PACK_FILE_OPEN;
+        return FailFile(env, file, PACK_FILE_OPEN);
     }
     if (file.size > LARGEST_LIST) {
         env.WriteOutput("\r\n[error] The list file is too large: %s", qUtf8Printable(list));
@@ -51,7 +51,7 @@ int ListReader::Read(const QString &list)
     }
     bytes.resize(file.size);
     if (!file.ReadTo(bytes.data()))
-        return PACK_FILE_READ;
+        return FailFile(env, file, PACK_FILE_READ);
     const QString folder = DirectoryOf(list);
     for (qsizetype at = 0; at < bytes.size();) {
         const qsizetype limit = std::min(bytes.size(), at + LONGEST_LINE);
@@ -110,12 +110,12 @@ int ListReader::AddEntry(const NarrowText &name, const PackFile &file, const QSt
     }
     if (!file.file.IsOpen()) {
         env.DebugTrace("Could not read resource file : %s.\n", qUtf8Printable(path));
-        return PACK_FILE_OPEN;
+        return FailFile(env, file, PACK_FILE_OPEN);
     }
     char *place = context.image.EntryData(entry, quint64(file.size));
     if (!place)
         return PACK_MEMORY;
-    return file.ReadTo(place) ? PACK_OK : PACK_FILE_READ;
+    return file.ReadTo(place) ? PACK_OK : FailFile(env, file, PACK_FILE_READ);
 }
 
 } // namespace

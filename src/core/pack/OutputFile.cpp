@@ -1,10 +1,12 @@
 #include "OutputFile.h"
 
-#include "PackCodes.h"
-#include "PackLog.h"
-#include "Paths.h"
+#include "Environment.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <cstring>
 #include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>
@@ -14,34 +16,32 @@ namespace
 {
 
 constexpr size_t COPY_PIECE = size_t(256) << 10; // bytes
-constexpr mode_t PERMISSIONS = 0777;
-constexpr mode_t NEW_FILE = 0666;
+constexpr qsizetype WRITE_PIECE = 4 << 20;       // bytes
+constexpr mode_t ALL_BITS = 07777;
 
-/// Makes way for a new file: that takes half the time of writing over the old one, and changes nothing else.
-bool UnlinkOld(const QByteArray &host, struct stat &old)
+QString Reason(int error)
 {
-    return lstat(host.constData(), &old) == 0 && S_ISREG(old.st_mode) && old.st_nlink == 1 && old.st_uid == geteuid() &&
-           unlink(host.constData()) == 0;
+    return QString::fromLocal8Bit(strerror(error));
 }
 
-FileHandle OpenEmpty(const QByteArray &host, mode_t mode)
+/// What the symbolic links at `path` lead to, even when nothing is there yet.
+QByteArray FollowLinks(QByteArray path)
 {
-    // Not blocking, so that a pipe without a reader doesn't hang the program.
-    return FileHandle(open(host.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, mode));
-}
-
-bool CopyBytes(const FileHandle &input, const FileHandle &output)
-{
-    const auto piece = std::make_unique_for_overwrite<char[]>(COPY_PIECE);
-    if (lseek(input.Get(), 0, SEEK_SET) < 0)
-        return false;
-    for (;;) {
-        const ssize_t got = input.Read(piece.get(), COPY_PIECE);
-        if (got <= 0)
-            return got == 0;
-        if (!output.WriteAll(piece.get(), size_t(got)))
-            return false;
+    for (int hops = 0; hops < 40; ++hops) {
+        char link[PATH_MAX];
+        const ssize_t size = readlink(path.constData(), link, sizeof link);
+        if (size <= 0)
+            break;
+        const QByteArray to(link, size);
+        path = to.startsWith('/') ? to : path.left(path.lastIndexOf('/') + 1) + to;
     }
+    return path;
+}
+
+/// Says whether a new file was refused for what its folder is, although an old file there may be written.
+bool IsFolderClosed(int error)
+{
+    return error == EACCES || error == EPERM || error == EROFS || error == ENAMETOOLONG;
 }
 
 } // namespace
@@ -55,37 +55,185 @@ QByteArray OutputPath(const QString &path)
                       : HostPath(QStringView(host).first(slash)) + QStringView(host).sliced(slash).toUtf8();
 }
 
-FileHandle CreateOutput(const QByteArray &host)
+OutputRights RightsOfInput(const FileHandle &input)
 {
-    struct stat old;
-    const bool replaced = access(host.constData(), W_OK) == 0 && UnlinkOld(host, old);
-    FileHandle file = OpenEmpty(host, NEW_FILE);
-    if (replaced && file.IsOpen())
-        fchmod(file.Get(), old.st_mode & PERMISSIONS);
-    return file;
-}
-
-FileHandle AppendToOutput(const QByteArray &host)
-{
-    return FileHandle(open(host.constData(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK, NEW_FILE));
-}
-
-int CopyToOutput(Environment &env, const FileHandle &input, const QByteArray &host)
-{
-    env.FlushOutput();
+    constexpr mode_t PERMISSIONS = 0777;
     struct stat info;
-    const mode_t mode = (fstat(input.Get(), &info) == 0 ? info.st_mode & PERMISSIONS : NEW_FILE) | S_IWUSR;
+    OutputRights rights{.replacesReadOnly = true};
+    if (fstat(input.Get(), &info) == 0)
+        rights.fresh = info.st_mode & PERMISSIONS;
+    rights.fresh |= S_IWUSR;
+    return rights;
+}
+
+int OutputFile::Begin(const QByteArray &host, const OutputRights &rights)
+{
+    path = host;
+    const int error = Open(rights);
+    if (error != 0)
+        env.Explain(QStringLiteral("cannot make %1: %2").arg(QString::fromUtf8(path), Reason(error)));
+    return error;
+}
+
+int OutputFile::Open(const OutputRights &rights)
+{
     struct stat old;
-    UnlinkOld(host, old); // a read-only one too
-    const FileHandle output = OpenEmpty(host, mode);
-    if (!output.IsOpen()) {
-        const int error = errno;
-        env.DebugTrace("[error] could not open file while write data to file: %s", host.constData());
-        return error;
+    const bool exists = stat(path.constData(), &old) == 0;
+    if (!exists && errno != ENOENT)
+        return errno;
+    if (exists && !S_ISREG(old.st_mode))
+        return OpenDirectly(rights.fresh);
+    struct stat name;
+    const bool isLink = lstat(path.constData(), &name) == 0 && S_ISLNK(name.st_mode);
+    const bool isOwn = exists && !isLink && old.st_nlink == 1 && old.st_uid == geteuid();
+    const bool isFresh = !exists || (isOwn && rights.replacesReadOnly);
+    if (!isFresh && access(path.constData(), W_OK) != 0)
+        return errno;
+    if (exists && old.st_nlink > 1)
+        return OpenDirectly(rights.fresh);
+    if (const int error = OpenBeside(isFresh ? rights.fresh : S_IRUSR | S_IWUSR))
+        return IsFolderClosed(error) ? OpenDirectly(rights.fresh) : error;
+    if (isFresh || GiveTo(isOwn ? uid_t(-1) : old.st_uid, isOwn ? gid_t(-1) : old.st_gid, old.st_mode))
+        return 0;
+    Drop();
+    return OpenDirectly(rights.fresh);
+}
+
+int OutputFile::OpenBeside(mode_t mode)
+{
+    constexpr int MOST_LEFT_OVERS = 1000; // of programs that were killed
+    target = FollowLinks(path);
+    const qsizetype slash = target.lastIndexOf('/');
+    const QByteArray start = target.left(slash + 1) + '.' + target.mid(slash + 1).left(200) + '.' +
+                             QByteArray::number(qint64(getpid())) + '-';
+    const SignalHold hold;
+    for (int n = 0; n < MOST_LEFT_OVERS; ++n) {
+        const QByteArray tried = start + QByteArray::number(n);
+        handle = FileHandle(open(tried.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+        if (handle.IsOpen()) {
+            temporary = tried;
+            cleanup = SignalCleanup::OfFile(tried);
+            isRegular = true;
+            return 0;
+        }
+        if (errno != EEXIST)
+            break;
     }
-    if (!CopyBytes(input, output)) {
-        env.DebugTrace("[error] write res data to file error.\n");
-        return PACK_WRITE;
+    return errno;
+}
+
+int OutputFile::OpenDirectly(mode_t mode)
+{
+    // Not blocking, so that a pipe without a reader doesn't hang the program.
+    handle = FileHandle(open(path.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, mode));
+    struct stat info;
+    if (!handle.IsOpen() || fstat(handle.Get(), &info) != 0)
+        return errno;
+    isRegular = S_ISREG(info.st_mode);
+    // A pipe with a reader takes what it can hold, and the rest when there is room again.
+    return fcntl(handle.Get(), F_SETFL, fcntl(handle.Get(), F_GETFL) & ~O_NONBLOCK) == 0 ? 0 : errno;
+}
+
+bool OutputFile::GiveTo(uid_t user, gid_t group, mode_t mode) const
+{
+    // The owner first, since that clears bits of the mode.
+    return fchown(handle.Get(), user, group) == 0 && fchmod(handle.Get(), mode & ALL_BITS) == 0;
+}
+
+bool OutputFile::Write(QByteArrayView bytes)
+{
+    while (!bytes.isEmpty()) {
+        const qsizetype size = std::min(bytes.size(), WRITE_PIECE);
+        if (!handle.WriteAll(bytes.data(), size_t(size)))
+            return ExplainFailedWrite();
+        bytes = bytes.sliced(size);
+        Breathe();
     }
-    return PACK_OK;
+    return true;
+}
+
+qint64 OutputFile::Copy(const FileHandle &input, qint64 from)
+{
+    const auto piece = std::make_unique_for_overwrite<char[]>(COPY_PIECE);
+    qint64 copied = 0;
+    ssize_t got = lseek(input.Get(), off_t(from), SEEK_SET) < 0 ? -1 : 1;
+    while (got > 0) {
+        got = input.Read(piece.get(), COPY_PIECE);
+        if (got > 0 && !Write({piece.get(), got}))
+            return -1;
+        copied += got;
+    }
+    if (got == 0)
+        return copied;
+    env.Explain(QStringLiteral("cannot read what is copied to %1: %2").arg(QString::fromUtf8(path), Reason(errno)));
+    return -1;
+}
+
+bool OutputFile::WriteAtStart(QByteArrayView bytes)
+{
+    return (lseek(handle.Get(), 0, SEEK_SET) == 0 && handle.WriteAll(bytes.data(), size_t(bytes.size()))) ||
+           ExplainFailedWrite();
+}
+
+int OutputFile::PutInPlace()
+{
+    if (temporary.isEmpty())
+        return 0;
+    // Some file systems tell only when a file is closed that they had no room for it.
+    const int copy = fcntl(handle.Get(), F_DUPFD_CLOEXEC, 0);
+    int error = copy >= 0 && close(copy) != 0 ? errno : 0;
+    if (error == 0) {
+        const SignalHold hold;
+        error = rename(temporary.constData(), target.constData()) == 0 ? 0 : errno;
+        if (error == EBUSY)
+            error = OverwriteMounted();
+        else if (error == 0)
+            temporary.clear();
+        Drop();
+    }
+    if (error != 0)
+        env.Explain(QStringLiteral("cannot replace %1: %2").arg(QString::fromUtf8(path), Reason(error)));
+    return error;
+}
+
+/// Nothing takes the place of a file that is itself the mount point of one, as containers do it; it can be written.
+int OutputFile::OverwriteMounted()
+{
+    const FileHandle made = std::exchange(handle, FileHandle(open(target.constData(), O_WRONLY | O_TRUNC | O_CLOEXEC)));
+    if (!handle.IsOpen())
+        return errno;
+    return Copy(made) >= 0 ? 0 : errno;
+}
+
+bool OutputFile::Drop()
+{
+    const bool isBeside = !temporary.isEmpty();
+    if (isBeside)
+        unlink(temporary.constData());
+    temporary.clear();
+    cleanup.Release();
+    return isBeside;
+}
+
+bool OutputFile::ExplainFailedWrite()
+{
+    const int error = errno;
+    if (!std::exchange(isFailureTold, true))
+        env.Explain(QStringLiteral("cannot write %1: %2%3")
+                        .arg(QString::fromUtf8(path), Reason(error),
+                             temporary.isEmpty() && isRegular ? QStringLiteral("; it isn't whole now") : QString()));
+    errno = error;
+    return false;
+}
+
+void OutputFile::Breathe()
+{
+    constexpr std::chrono::milliseconds PATIENCE{50};
+    if (!env.whileWaiting)
+        return;
+    const auto now = std::chrono::steady_clock::now();
+    if (now - lastBreath < PATIENCE)
+        return;
+    env.whileWaiting();
+    lastBreath = std::chrono::steady_clock::now();
 }

@@ -31,6 +31,7 @@ enum PackCode : int
     CONVERT_TARGET_STATE = -1026, ///< the attributes of the converted image couldn't be read
     PACK_WRITE = -1029,           ///< a write fell short
     PACK_NO_ICON = -1032,         ///< no icon, neither the project's nor the program's
+    PACK_LAYOUT_FILE = -1044,     ///< a layout file wasn't loaded whole, so the numbers would be others
     PACK_TEMP_FOLDER = -1043,     ///< the folder for temporary files can't be made or written
 };
 

@@ -17,7 +17,8 @@ struct Failure
 constexpr Failure FAILURES[] = {
     {PACK_INPUT_SIZE, "the input file isn't there, or can't be read"},
     {PACK_NO_INPUT, "no input file is named"},
-    {PACK_SAME_FILE, "the input, the output and the side file in the folder arm must be different files"},
+    {PACK_SAME_FILE, "the input, the output and the side file in the folder arm must be different files, and none a "
+                     "file of the project"},
     {PACK_UNKNOWN_MODE, "the target kind is neither axf nor dll"},
     {PACK_MEMORY, "the resources take more than there is memory, or more than 4 GiB"},
     {PACK_LANGUAGE_LIST, "the project has no strings folder"},
@@ -49,6 +50,7 @@ constexpr Failure FAILURES[] = {
     {int(ElfCode::NoNameTable), "the input has no section name table: it is no 32-bit ELF file, or was stripped of it"},
     {int(ElfCode::TooLarge), "the grown file would have more than 65535 sections or 4 GiB"},
     {int(ElfCode::InputChanged), "the input changed while it was packed"},
+    {PACK_LAYOUT_FILE, "a layout file wasn't loaded whole, and without its layouts the IDs would get other numbers"},
     {PACK_TEMP_FOLDER, "the folder for temporary files can't be made, or can't be written"},
 };
 

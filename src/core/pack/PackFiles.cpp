@@ -1,11 +1,12 @@
 #include "PackFiles.h"
 
+#include "Environment.h"
 #include "Paths.h"
 
 #include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace
 {
@@ -18,16 +19,19 @@ QByteArray WithSlashes(QStringView path)
 }
 
 /// Opens `found.host`, and says what is there. The error number when it isn't open.
-int Look(PackFile &found)
+int Look(PackFile &found, OutputGuard *guard)
 {
     // Not blocking, so that a pipe in the place of a file doesn't hang the program.
     found.file = FileHandle(open(found.host.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     const int error = found.file.IsOpen() ? 0 : errno;
+    found.error = error;
     if (error == ENOENT)
         return error;
     struct stat info;
     const bool known = (error ? stat(found.host.constData(), &info) : fstat(found.file.Get(), &info)) == 0;
     found.exists = known || !error;
+    if (known && guard)
+        guard->Compare(found.host, info);
     found.size = known ? qint64(info.st_size) : -1;
     if (known && !S_ISREG(info.st_mode))
         found.file = FileHandle();
@@ -35,6 +39,23 @@ int Look(PackFile &found)
 }
 
 } // namespace
+
+bool PackFile::ReadTo(char *place) const
+{
+    errno = 0;
+    return file.Read(place, size_t(size)) == ssize_t(size);
+}
+
+int FailFile(const Environment &env, const PackFile &file, int code)
+{
+    const bool isOpen = file.file.IsOpen();
+    const int error = isOpen ? errno : file.error;
+    const QString reason = error != 0 ? QString::fromLocal8Bit(strerror(error))
+                           : isOpen   ? QStringLiteral("it ended early")
+                                      : QStringLiteral("it is no regular file");
+    env.Explain(QStringLiteral("cannot read %1: %2").arg(QString::fromUtf8(file.host), reason));
+    return code;
+}
 
 QByteArray AbsoluteHost(const QByteArray &host)
 {
@@ -50,11 +71,11 @@ PackFile PackFiles::OpenHost(const QByteArray &host)
 {
     PackFile found;
     found.host = host;
-    if (Look(found) == ENOENT && !host.isEmpty()) {
+    if (Look(found, &guard) == ENOENT && !host.isEmpty()) {
         QByteArray other = paths.Resolve(QString::fromUtf8(host));
         if (other != host) {
             found.host = std::move(other);
-            Look(found);
+            Look(found, &guard);
         }
     }
     if (found.file.IsOpen())
@@ -66,18 +87,20 @@ PackFile PackFiles::OpenMade(const QByteArray &host)
 {
     PackFile found;
     found.host = host;
-    Look(found);
+    Look(found, nullptr);
     return found;
 }
 
 QByteArray PackFiles::Find(QStringView path)
 {
     QByteArray host = WithSlashes(path);
-    if (access(host.constData(), F_OK) != 0) {
+    struct stat info;
+    if (stat(host.constData(), &info) != 0) {
         host = paths.Resolve(path);
-        if (host.isEmpty() || access(host.constData(), F_OK) != 0)
+        if (host.isEmpty() || stat(host.constData(), &info) != 0)
             return {};
     }
+    guard.Compare(host, info);
     Note(host);
     return AbsoluteHost(host);
 }

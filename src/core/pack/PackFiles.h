@@ -1,8 +1,11 @@
 #pragma once
 
 #include "HostFiles.h"
+#include "OutputGuard.h"
 
 #include <vector>
+
+class Environment;
 
 /// A file that a pack reads, looked at once.
 struct PackFile
@@ -11,9 +14,10 @@ struct PackFile
     QByteArray host;     ///< its path on this host
     bool exists = false; ///< something bears the name
     qint64 size = -1;    ///< bytes; -1: couldn't be read
+    int error = 0;       ///< the system's error number when it isn't open; 0: it is no regular file
 
-    /// Reads the whole file to `place`. False when it ended early.
-    [[nodiscard]] bool ReadTo(char *place) const { return file.Read(place, size_t(size)) == ssize_t(size); }
+    /// Reads the whole file to `place`. False when it ended early, with errno 0, or couldn't be read.
+    [[nodiscard]] bool ReadTo(char *place) const;
 };
 
 /// Finds and opens the files of one pack; a folder is listed at most once, and only when a name isn't found as it is
@@ -22,7 +26,8 @@ class PackFiles
 {
 public:
     /// `readFiles`, if not null, gets the absolute host path of every file that is opened.
-    explicit PackFiles(std::vector<QByteArray> *readFiles) : inputs(readFiles) {}
+    /// They are compared with the outputs of `outputGuard`.
+    PackFiles(std::vector<QByteArray> *readFiles, OutputGuard &outputGuard) : inputs(readFiles), guard(outputGuard) {}
 
     /// A relative path counts from the current folder.
     [[nodiscard]] PackFile Open(QStringView path);
@@ -38,7 +43,11 @@ private:
 
     HostPaths paths;
     std::vector<QByteArray> *inputs;
+    OutputGuard &guard;
 };
+
+/// Explains why a file couldn't be opened, or not be read to its end right before; `code`.
+int FailFile(const Environment &env, const PackFile &file, int code);
 
 /// `host` as an absolute path.
 [[nodiscard]] QByteArray AbsoluteHost(const QByteArray &host);

@@ -8,6 +8,7 @@ struct PackRun
 {
     CResModel &document;
     const packinfo info;
+    const OutputGuard &guard;
     PackFiles files;
     ScratchFolder scratch;
     QByteArray inputHost;
@@ -19,6 +20,6 @@ struct PackRun
 };
 
 /// Runs all phases and puts the payload, behind `prefix`, into the run's memory, where it stays until the next one is
-/// built. 0 or a failure code.
+/// built. 0 or a failure code; PACK_SAME_FILE when an output is a file that was read.
 [[nodiscard]] int BuildPayload(PackRun &run, EntryPadding padding, quint64 base, QByteArrayView prefix,
                                QByteArrayView &payload);

@@ -5,6 +5,7 @@
 #include <QtEndian>
 
 #include <cerrno>
+#include <cstring>
 
 // A packed DLL: the input's bytes, MAGIC, the payload, and the input's size in 4 bytes, the low one first. A reader
 // goes from that last field to the magic.
@@ -14,26 +15,30 @@ namespace
 
 constexpr char MAGIC[8] = ".zp_res"; // with its zero byte
 
-/// Appends to the output, which must have `size` bytes already.
-int Append(const QByteArray &output, qint64 size, QByteArrayView bytes)
-{
-    const FileHandle file = AppendToOutput(output);
-    if (!file.IsOpen())
-        return errno;
-    if (file.Size() != size)
-        return int(ElfCode::InputChanged);
-    return file.WriteAll(bytes.data(), size_t(bytes.size())) ? PACK_OK : PACK_WRITE;
-}
-
 int WriteOutputFile(PackRun &run, const FileHandle &input, quint32 inputSize, QByteArrayView payload)
 {
-    if (const int code = CopyToOutput(run.Env(), input, run.outputHost))
-        return code;
-    if (const int code = Append(run.outputHost, inputSize, payload))
-        return code;
+    Environment &env = run.Env();
+    env.FlushOutput();
+    OutputFile output(env);
+    if (const int error = output.Begin(run.outputHost, RightsOfInput(input))) {
+        env.DebugTrace("[error] could not open file while write data to file: %s", run.outputHost.constData());
+        return error;
+    }
+    const qint64 copied = output.Copy(input);
+    if (copied >= 0 && copied != inputSize) {
+        env.Explain(QStringLiteral("%1 had %2 bytes when it was read, and %3 when it was copied")
+                        .arg(QString::fromUtf8(run.inputHost))
+                        .arg(inputSize)
+                        .arg(copied));
+        return int(ElfCode::InputChanged);
+    }
     char trailer[4];
     qToLittleEndian(inputSize, trailer);
-    return Append(run.outputHost, inputSize + payload.size(), {trailer, sizeof trailer});
+    if (copied < 0 || !output.Write(payload) || !output.Write({trailer, sizeof trailer})) {
+        env.DebugTrace("[error] write res data to file error.\n");
+        return PACK_WRITE;
+    }
+    return output.PutInPlace();
 }
 
 } // namespace
@@ -42,8 +47,11 @@ int Packer::PackToDLL(PackRun &run)
 {
     const FileHandle input = FileHandle::OpenRead(QString::fromUtf8(run.inputHost));
     const qint64 inputSize = input.IsOpen() ? input.Size() : -1;
-    if (inputSize < 0)
+    if (inputSize < 0) {
+        run.Env().Explain(QStringLiteral("cannot read %1: %2")
+                              .arg(QString::fromUtf8(run.inputHost), QString::fromLocal8Bit(strerror(errno))));
         return PACK_INPUT_SIZE;
+    }
     QByteArrayView payload;
     const quint64 base = quint64(inputSize) + sizeof MAGIC;
     if (const int code = BuildPayload(run, EntryPadding::None, base, {MAGIC, sizeof MAGIC}, payload))

@@ -2,20 +2,44 @@
 #include "OutputFile.h"
 #include "PackRun.h"
 
-#include <cerrno>
+#include <unistd.h>
 
 namespace
 {
 
-/// Grows a copy of the input by the payload.
-int WriteTarget(PackRun &run, ElfImage &elf, QByteArrayView payload)
+/// Writes the input, grown by the payload, without giving it its name.
+int WriteTarget(PackRun &run, ElfImage &elf, QByteArrayView payload, OutputFile &output)
 {
+    Environment &env = run.Env();
     AddResSection(elf, payload);
-    if (const int code = SetElfLayout(run.Env(), elf))
+    if (const int code = SetElfLayout(env, elf))
         return code;
-    if (const int code = CopyToOutput(run.Env(), elf.file, run.outputHost))
+    env.FlushOutput();
+    if (const int error = output.Begin(run.outputHost, RightsOfInput(elf.file))) {
+        env.DebugTrace("[error] could not open file while write data to file: %s", run.outputHost.constData());
+        return error;
+    }
+    return WriteElf(env, elf, output, run.outputHost);
+}
+
+/// Writes the payload alone, without giving the file its name.
+int WriteSideFile(PackRun &run, OutputFile &side)
+{
+    Environment &env = run.Env();
+    QByteArrayView payload;
+    if (const int code = BuildPayload(run, EntryPadding::FourBytes, 0, {}, payload))
         return code;
-    return WriteElf(run.Env(), elf, QString::fromUtf8(run.outputHost));
+    env.FlushOutput();
+    const QByteArray &path = run.sideHost;
+    if (const int error = side.Begin(path, {})) {
+        env.DebugTrace("[error] could not open file while write data into resfile: %s\n", path.constData());
+        return error;
+    }
+    if (!side.Write(payload)) {
+        env.DebugTrace("[error] write res data into resfile error: %s\n", path.constData());
+        return PACK_WRITE;
+    }
+    return PACK_OK;
 }
 
 } // namespace
@@ -23,6 +47,7 @@ int WriteTarget(PackRun &run, ElfImage &elf, QByteArrayView payload)
 int Packer::PackToTarget(PackRun &run)
 {
     Environment &env = run.Env();
+    OutputFile output(env);
     {
         ElfImage elf;
         if (const int code = ReadElf(env, QString::fromUtf8(run.inputHost), elf)) {
@@ -34,31 +59,28 @@ int Packer::PackToTarget(PackRun &run)
         QByteArrayView payload;
         if (const int code = BuildPayload(run, EntryPadding::FourBytes, base, {}, payload))
             return code;
-        if (const int code = WriteTarget(run, elf, payload))
+        if (const int code = WriteTarget(run, elf, payload, output))
             return code;
     }
-    const int code = WriteResFile(run);
+    const int code = WriteResFile(run, output);
     env.DebugTrace("leave Packer::PackToTarget(): result=%d", code);
     return code;
 }
 
-int Packer::WriteResFile(PackRun &run)
+/// Both files get their names together, when both are whole. Where the side file fails the output gets its name all the
+/// same.
+int Packer::WriteResFile(PackRun &run, OutputFile &output)
 {
     Environment &env = run.Env();
-    QByteArrayView payload;
-    if (const int code = BuildPayload(run, EntryPadding::FourBytes, 0, {}, payload))
-        return code;
-    env.FlushOutput();
-    const QByteArray &path = run.sideHost;
-    const FileHandle file = CreateOutput(path);
-    if (!file.IsOpen()) {
-        const int error = errno;
-        env.DebugTrace("[error] could not open file while write data into resfile: %s\n", path.constData());
+    OutputFile side(env);
+    int code = WriteSideFile(run, side);
+    const SignalHold together;
+    if (const int error = output.PutInPlace())
         return error;
-    }
-    if (!file.WriteAll(payload.data(), size_t(payload.size()))) {
-        env.DebugTrace("[error] write res data into resfile error: %s\n", path.constData());
-        return PACK_WRITE;
-    }
-    return PACK_OK;
+    if (code == PACK_OK)
+        code = side.PutInPlace();
+    if (code != PACK_OK && access(run.sideHost.constData(), F_OK) == 0)
+        env.Explain(QStringLiteral("%1 is of an earlier pack and doesn't go with %2")
+                        .arg(QString::fromUtf8(run.sideHost), QString::fromUtf8(run.outputHost)));
+    return code;
 }

@@ -3,6 +3,7 @@
 #include "OutputFile.h"
 #include "PackRun.h"
 #include "Paths.h"
+#include "ProjectFiles.h"
 
 namespace
 {
@@ -28,11 +29,35 @@ QByteArray SideFile(const QString &input)
     return OutputPath(QString::fromUtf8(host.left(name) + "arm/" + title + "res"));
 }
 
-int RefuseSameFile(Environment &env, const packinfo &info)
+int RefuseSameFile(Environment &env, const packinfo &info, const QString &reason)
 {
     env.DebugTrace("[error] the packed file and output file cannot be same : %s",
                    env.Shown(info.outputfilename).constData());
+    env.Explain(reason);
     return PACK_SAME_FILE;
+}
+
+/// Which two of the files of a pack are one, under whatever names; empty when none are.
+QString FindSameFile(const QByteArray &input, const QByteArray &output, const QByteArray &side)
+{
+    const auto compare = [](const char *what, const QByteArray &a, const char *asWhat, const QByteArray &b) {
+        return a == b || IsSameFile(a, b)
+                   ? QStringLiteral("the %1 %2 is the same file as the %3 %4")
+                         .arg(QLatin1String(what), QString::fromUtf8(a), QLatin1String(asWhat), QString::fromUtf8(b))
+                   : QString();
+    };
+    for (const QString &found : {compare("output", output, "input", input), compare("side file", side, "input", input),
+                                 compare("output", output, "side file", side)}) {
+        if (!found.isEmpty())
+            return found;
+    }
+    return {};
+}
+
+QString ProjectFileText(const OutputGuard &guard)
+{
+    return QStringLiteral("%1 is not written, since it is the same file as %2 of the project")
+        .arg(QString::fromUtf8(guard.Output()), QString::fromUtf8(guard.File()));
 }
 
 } // namespace
@@ -47,22 +72,26 @@ int Packer::Pack(const packinfo &parameters, CResModel &document, std::vector<QB
         return PACK_NO_INPUT;
     }
     if (info.inputfilename == info.outputfilename)
-        return RefuseSameFile(env, info);
+        return RefuseSameFile(env, info,
+                              QStringLiteral("%1 is both input and output").arg(env.NarrowToWide(info.inputfilename)));
     if (info.outputfilename.isEmpty())
         info.outputfilename = info.inputfilename + ".pkd";
     const QByteArray inputHost = HostPath(env.NarrowToWide(info.inputfilename));
     const QByteArray outputHost = OutputPath(env.NarrowToWide(info.outputfilename));
     const QByteArray sideHost = info.packmode == PACK_TO_TARGET ? SideFile(env.NarrowToWide(info.inputfilename)) : "";
     // Another spelling, or a link: writing one would destroy the other.
-    if (outputHost == sideHost || IsSameFile(inputHost, outputHost) || IsSameFile(inputHost, sideHost) ||
-        IsSameFile(outputHost, sideHost))
-        return RefuseSameFile(env, info);
+    if (const QString found = FindSameFile(inputHost, outputHost, sideHost); !found.isEmpty())
+        return RefuseSameFile(env, info, found);
+    OutputGuard guard({outputHost, sideHost});
+    CompareProjectFiles(guard, info, document);
+    if (guard.HasClash())
+        return RefuseSameFile(env, info, ProjectFileText(guard));
     TraceParameters(env, info);
     const ScratchFolder scratch(info.temp.isEmpty() ? "" : AbsoluteHost(OutputPath(info.temp)));
     if (!scratch.Prepare(env))
         return PACK_TEMP_FOLDER;
 
-    PackRun run{document, info, PackFiles(inputs), scratch, inputHost, outputHost, sideHost};
+    PackRun run{document, info, guard, PackFiles(inputs, guard), scratch, inputHost, outputHost, sideHost};
     int code = PACK_UNKNOWN_MODE;
     if (info.packmode == PACK_TO_TARGET)
         code = PackToTarget(run);
@@ -80,6 +109,8 @@ int BuildPayload(PackRun &run, EntryPadding padding, quint64 base, QByteArrayVie
     PackContext context{run.document, run.info, image, run.files, run.scratch, DirectoryOf(run.document.PathName())};
     if (const int code = ConstructResources(context))
         return code;
+    if (run.guard.HasClash())
+        return RefuseSameFile(run.Env(), run.info, ProjectFileText(run.guard));
     image.base = qint64(base);
     if (!image.LayOut())
         return PACK_MEMORY;

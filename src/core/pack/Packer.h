@@ -2,9 +2,12 @@
 
 #include "Text.h"
 
+#include <QStringList>
+
 #include <vector>
 
 class CResModel;
+class OutputFile;
 struct PackRun;
 
 /// What a pack attaches the payload to.
@@ -23,6 +26,7 @@ struct packinfo
     qint16 scope = -1; ///< resolution index of the target, -1 if it isn't known
     qint32 imageconvert = 0;
     qint32 ver = 0;
+    QStringList projectFiles; ///< absolute paths of what the project was read from; no output replaces one
     /// The folder with the generated headers and the layout converter's tables; empty: where the settings put them.
     QString headers;
     QString temp; ///< a folder for what the pack makes for itself; empty: beside the sources
@@ -41,5 +45,5 @@ public:
 private:
     [[nodiscard]] static int PackToTarget(PackRun &run);
     [[nodiscard]] static int PackToDLL(PackRun &run);
-    [[nodiscard]] static int WriteResFile(PackRun &run);
+    [[nodiscard]] static int WriteResFile(PackRun &run, OutputFile &output);
 };

@@ -2,6 +2,7 @@
 
 #include "Environment.h"
 #include "HostFiles.h"
+#include "SignalCleanup.h"
 
 #include <cerrno>
 #include <csignal>
@@ -100,6 +101,7 @@ public:
     posix_spawnattr_t attributes;
 };
 
+/// Waits for the end of a child without taking its status away: its number stays its own.
 void WaitFor(pid_t child, const std::function<void()> &meanwhile)
 {
     constexpr int PATIENCE_MS = 50;
@@ -112,8 +114,34 @@ void WaitFor(pid_t child, const std::function<void()> &meanwhile)
         if (ended == 0)
             meanwhile();
     }
-    while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
+    siginfo_t info;
+    while (waitid(P_PID, id_t(child), &info, WEXITED | WNOWAIT) < 0 && errno == EINTR) {
     }
+}
+
+/// Starts a program and waits for its end.
+ToolEnd Run(const std::vector<char *> &arguments, char *const *variables, const std::function<void()> &meanwhile)
+{
+    const SpawnSettings settings;
+    pid_t child = -1;
+    SignalCleanup cleanup;
+    ToolEnd end;
+    {
+        const SignalHold hold;
+        end.startError = posix_spawn(&child, arguments.front(), &settings.actions, &settings.attributes,
+                                     arguments.data(), variables);
+        if (end.startError != 0)
+            return end;
+        cleanup = SignalCleanup::OfChild(child);
+    }
+    WaitFor(child, meanwhile);
+    cleanup.Release();
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+    end.status = WIFEXITED(status) ? WEXITSTATUS(status) : 0;
+    end.signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+    return end;
 }
 
 } // namespace
@@ -151,11 +179,24 @@ std::vector<QByteArray> SplitCommandLine(QStringView commandLine)
     return words;
 }
 
-int RunTool(Environment &env, const QString &commandLine)
+QString ToolEnd::Text() const
 {
+    if (startError != 0)
+        return QStringLiteral("couldn't be started: %1").arg(QString::fromLocal8Bit(strerror(startError)));
+    if (signal != 0)
+        return QStringLiteral("was ended by signal %1 (%2)").arg(signal).arg(QString::fromLocal8Bit(strsignal(signal)));
+    return status != 0 ? QStringLiteral("ended with status %1").arg(status) : QString();
+}
+
+int RunTool(Environment &env, const QString &commandLine, ToolEnd *end)
+{
+    ToolEnd unwanted;
+    ToolEnd &result = end ? *end : unwanted;
+    result = ToolEnd();
     env.FlushOutput();
     std::vector<QByteArray> words = SplitCommandLine(commandLine);
     if (words.empty()) {
+        result.startError = ENOENT;
         env.DebugTrace("CreateProcess failed (%d)\n", ENOENT);
         return TOOL_NOT_STARTED;
     }
@@ -165,15 +206,10 @@ int RunTool(Environment &env, const QString &commandLine)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
 
-    const SpawnSettings settings;
     ToolVariables variables(env);
-    pid_t child = -1;
-    const int error = posix_spawn(&child, arguments.front(), &settings.actions, &settings.attributes, arguments.data(),
-                                  variables.All());
-    if (error != 0) {
-        env.DebugTrace("CreateProcess failed (%d)\n", error);
-        return TOOL_NOT_STARTED;
-    }
-    WaitFor(child, env.whileWaiting);
-    return 0;
+    result = Run(arguments, variables.All(), env.whileWaiting);
+    if (result.startError == 0)
+        return 0;
+    env.DebugTrace("CreateProcess failed (%d)\n", result.startError);
+    return TOOL_NOT_STARTED;
 }

@@ -302,6 +302,13 @@ int CResDoc::GenerateIds(const QString *path)
     const QString folder = DirectoryOf(*path);
     if (!SetCurrentFolder(folder))
         return CANNOT_WRITE;
+    if (const QStringList missing = MissingLayouts(*this); !missing.isEmpty()) {
+        for (const QString &reason : missing)
+            env.Explain(reason);
+        env.ExplainFailure(QStringLiteral("the headers stay as they are: without these layouts the IDs would get other "
+                                          "numbers"));
+        return IDGen::Generate(&ids, QString(), *this);
+    }
     ExportLayoutTables(env, folder);
     return IDGen::Generate(&ids, env.settings.String("Path", "header_output", ".\\ResID"), *this);
 }

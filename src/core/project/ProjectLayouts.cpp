@@ -4,6 +4,7 @@
 #include "Environment.h"
 #include "HostFiles.h"
 #include "LayoutFault.h"
+#include "OpeningCheck.h"
 #include "Paths.h"
 
 using namespace Qt::StringLiterals;
@@ -27,6 +28,26 @@ LayoutFileRef LayoutFileOf(const CResFolder &folder)
 {
     const CBaseRes *first = folder.subfolders.empty() ? nullptr : folder.subfolders.front()->resources.First();
     return first ? static_cast<const CLayoutRes *>(first)->File() : nullptr;
+}
+
+QStringList MissingLayouts(const CResDoc &doc)
+{
+    QStringList reasons;
+    for (const auto &[resolution, paths] : doc.untouchedLayouts) {
+        QStringList files;
+        for (const NarrowText &path : paths)
+            files.append(ResolvePath(doc.env.NarrowToWide(path), DirectoryOf(doc.PathName())));
+        const qsizetype before = reasons.size();
+        for (const LoadFinding &finding : doc.findings.All()) {
+            if (files.contains(finding.file))
+                reasons.append(FindingText(finding));
+        }
+        if (reasons.size() > before)
+            continue;
+        for (const QString &file : files)
+            reasons.append(u"%1: the layout file isn't loaded whole"_s.arg(file));
+    }
+    return reasons;
 }
 
 void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path)

@@ -9,6 +9,10 @@ class CResFolder;
 /// whole is noted in the document, so that no save touches it.
 void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path);
 
+/// Why layout files of the project weren't loaded whole, a sentence each with its file and line; empty when all were.
+/// Without their layouts the IDs get other numbers, so nothing that holds numbers may be made then.
+[[nodiscard]] QStringList MissingLayouts(const CResDoc &doc);
+
 /// The file of a resolution's layouts, by their folder; null while it has none.
 [[nodiscard]] LayoutFileRef LayoutFileOf(const CResFolder &folder);
 

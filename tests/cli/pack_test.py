@@ -1,0 +1,139 @@
+"""What a pack does to files, and what it says of them on the error stream."""
+
+import os
+import pathlib
+import signal
+import subprocess
+import time
+import unittest
+
+from demo import CLI, FILES, DemoProject
+
+SLOW_AT_THE_SECOND_CALL = '''
+if [ -e ran ]; then echo $$ > pid.new; mv pid.new pid; printf half > "$4"; exec sleep 60; fi
+touch ran
+printf 'a converted picture' > "$4"
+'''
+
+
+class Pack(DemoProject):
+    def use_converter(self, script):
+        """The program's own folder, with a script in the place of the converter: its source is $3 and its target $4."""
+        program = self.dir / 'program'
+        if not program.exists():
+            program.mkdir()
+            for entry in pathlib.Path(CLI).parent.iterdir():
+                (program / entry.name).symlink_to(entry)
+        tool = program / 'qrk_resgenerator.exe'
+        tool.unlink(missing_ok=True)
+        if script is not None:
+            tool.write_text('#!/bin/sh\n' + script)
+            tool.chmod(0o755)
+        self.env['MORVANITE_PROGRAM_DIR'] = str(program)
+        return program
+
+    def names(self):
+        return sorted(str(path.relative_to(self.dir)) for path in self.dir.rglob('*') if 'program' not in path.parts)
+
+    def pack(self, *more):
+        return self.run_cli(*self.to_pack, '--convert-images', '1', *more)
+
+    def test_three_packs_of_one_project_at_a_time_touch_no_source_and_give_the_same(self):
+        sources = [self.dir / 'pictures', self.dir / 'res']
+        sources[0].mkdir()
+        for n in range(20):
+            (sources[0] / f'{n}.png').write_bytes(FILES['logo.png'])
+        images = ''.join(f'<IMAGE id="ID_IMAGE_{n}" type="Normal">.\\pictures\\{n}.png</IMAGE>' for n in range(20))
+        listing = self.dir / 'res/demo.res.xml'
+        listing.write_text(listing.read_text().replace('<IMAGE', images + '<IMAGE', 1))
+        before = [folder.stat().st_mtime_ns for folder in sources]
+        packs = [subprocess.Popen([CLI, *self.to_pack, '--convert-images', '1', '--output', f'{n}.out', '--temp', f'temp{n}'],
+                                  stdout=subprocess.PIPE, stderr=subprocess.PIPE, env=self.env, cwd=self.dir) for n in range(3)]
+        self.assertEqual([(pack.communicate(timeout=60)[1], pack.returncode) for pack in packs], [(b'', 0)] * 3)
+        self.assertEqual([folder.stat().st_mtime_ns for folder in sources], before)
+        outputs = [(self.dir / f'{n}.out').read_bytes() for n in range(3)]
+        self.assertEqual(outputs, outputs[:1] * 3)
+        self.assertIn((self.dir / 'arm/app.res').read_bytes(), outputs[0])
+        self.assertEqual([list((self.dir / f'temp{n}').iterdir()) for n in range(3)], [[]] * 3)
+
+    def test_a_signal_ends_the_converter_and_leaves_no_temporary_file(self):
+        (self.dir / 'temp').mkdir()
+        before = self.names()
+        for number, temp in ((signal.SIGTERM, ()), (signal.SIGINT, ('--temp', 'temp'))):
+            program = self.use_converter(SLOW_AT_THE_SECOND_CALL)
+            for name in ('ran', 'pid'):
+                (program / name).unlink(missing_ok=True)
+            packing = subprocess.Popen([CLI, *self.to_pack, '--convert-images', '1', *temp], env=self.env, cwd=self.dir,
+                                       stdout=subprocess.DEVNULL)
+            self.addCleanup(packing.wait)
+            self.addCleanup(packing.kill)
+            while not (program / 'pid').exists():
+                self.assertIsNone(packing.poll())
+                time.sleep(0.01)
+            self.assertGreaterEqual(len(self.names()), len(before) + 2, 'the output waits for the side file')
+            packing.send_signal(number)
+            self.assertEqual(packing.wait(20), -number)
+            self.assertEqual(self.names(), before)
+            with self.assertRaises(ProcessLookupError):
+                os.kill(int((program / 'pid').read_text()), 0)
+
+    def test_how_the_converter_ended_is_told_and_an_old_target_never_passes_for_new(self):
+        tool = self.use_converter('printf "a converted picture" > "$4"; exit 3') / 'qrk_resgenerator.exe'
+        told = f'morvanite-cli: {self.dir}/logo.png: the converter {tool} '
+        status, _, err = self.pack()
+        self.assertEqual((status, err), (0, 2 * (told + 'ended with status 3\n')))
+        for script, words in (('kill -SEGV $$', 'was ended by signal 11 (Segmentation fault)\n'),
+                              (None, "couldn't be started: No such file or directory\n")):
+            self.use_converter(script)
+            (self.dir / 'logo.png.tmp').write_bytes(b'the picture of another day')
+            status, out, err = self.pack()
+            self.assertEqual((status, err.startswith(told + words)), (1, True), err)
+            self.assertIn(f'\r\n[error] Cannot open file for read: {self.dir}/logo.png.tmp\r\n[error] Convert image fail.', out)
+        self.use_converter('printf "a converted picture" > "$4"')
+        (self.dir / 'logo.png.tmp').mkdir()
+        status, out, err = self.pack()
+        self.assertEqual(status, 1)
+        self.assertIn(f"since the old {self.dir}/logo.png.tmp can't be removed: Is a directory\n", err)
+        self.assertTrue(out.endswith('result=-1016\r\n\r\n\r\npack done\r\n\r\n### error -1016 ###\r\n'), out)
+
+    def test_more_ids_than_numbers_and_layouts_that_do_not_load_never_pass_for_success(self):
+        listing = self.dir / 'res/demo.res.xml'
+        good = listing.read_text()
+        listing.write_text('<APP>%s</APP>' % ''.join(f'<FILE id="ID_{n}" type="Push">tune.mp3</FILE>' for n in range(1001)))
+        status, out, err = self.pack()
+        self.assertTrue(status == 1 and out.endswith('result=0\r\n\r\n\r\npack done\r\n'), out)
+        self.assertIn('more IDs of one kind than numbers', err)
+        settings = self.dir / 'none/morvanite/Morvanite.ini'
+        settings.parent.mkdir(parents=True)
+        settings.write_text('[Layout]\nfolders=1\n')
+        listing.write_text(good.replace('class="image">', 'class="image layout"><LAYOUT>res\\screens.xml</LAYOUT>'))
+        layouts = self.dir / 'res/screens.xml'
+        layouts.write_text('<TarvoXML><Layout id="ID_START"/></TarvoXML>')
+        self.assertEqual(self.run_cli('save', self.project)[0], 0)
+        header = (self.dir / 'ResID/ResID.h').read_bytes()
+        self.assertIn(b'ID_START', header)
+        layouts.write_text('<TarvoXML>\n<Layout id="ID_START"></TarvoXML>')
+        (self.dir / 'app.axf.pkd').write_bytes(b'of before')
+        status, out, err = self.run_cli(*self.to_pack)
+        self.assertTrue(status == 1 and out.endswith('\r\n\r\npack done\r\n\r\n### error -1044 ###\r\n'), out)
+        self.assertIn('screens.xml:2: the layout file is no well-formed XML', err)
+        self.assertEqual((self.dir / 'app.axf.pkd').read_bytes(), b'of before')
+        status, out, err = self.run_cli('save', self.project)
+        self.assertEqual(status, 1)
+        self.assertTrue(out.endswith('[demo] save - 0 error(s), 1 warning(s)\r\n\r\n\r\nsave done\r\n'), out)
+        self.assertIn('the headers stay as they are', err)
+        self.assertEqual((self.dir / 'ResID/ResID.h').read_bytes(), header)
+
+    def test_an_output_may_be_a_device_and_is_no_file_of_the_project(self):
+        self.assertEqual(self.run_cli(*self.to_pack, '--output', '/dev/null')[::2], (0, ''))
+        self.run_cli('save', self.project)
+        for name in ('logo.png', 'tune.mp3', 'config.xml', 'res/demo.res.xml', 'res/ref_list_demo.txt', 'ResID/ResID.h'):
+            before = (self.dir / name).read_bytes()
+            status, out, err = self.run_cli(*self.to_pack, '--output', name)
+            self.assertTrue(status == 1 and out.endswith('### error -1001 ###\r\n'), out)
+            self.assertIn(f'{self.dir}/{name} is not written', err)
+            self.assertEqual((self.dir / name).read_bytes(), before)
+
+
+if __name__ == '__main__':
+    unittest.main(argv=['pack_test'])
