@@ -12,7 +12,6 @@ QStringList ProjectInputs(CResDoc &doc)
     const Environment &env = doc.env;
     QStringList inputs = doc.ProjectFiles();
     inputs += env.SettingsFiles();
-    inputs.append(ResolvePath(u"morvanite.ini"_s, DirectoryOf(doc.PathName())));
     const auto addInProgramDir = [&](const char *section, const char *key) {
         if (const QString file = env.settings.String(section, key); !file.isEmpty())
             inputs.append(ResolvePath(file, env.ProgramDir()));
