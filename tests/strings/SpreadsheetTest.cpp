@@ -147,6 +147,25 @@ TEST(Spreadsheet, AnExportComesBackTheSameFromEachFormatAndAFailedOneLeavesTheOl
               "##number,0,\r\n");
 }
 
+TEST(Spreadsheet, AnExportWithLanguagesThatOnlyTheProjectKnowsComesBack)
+{
+    const QByteArray head = "Number of Language|4\nString ID|Resource Type|Description|Elvish(4)|French(7)|Elvish(5)|";
+    const QByteArray empty = "Klingon (3)\nID_A|Normal|||||\n##number|1\n";
+    SheetProject project;
+    ASSERT_EQ(project.Read(head + "Klingon (3)\nID_A|Normal||four|seven|five|three\n##number|1\n"), 0);
+    ASSERT_EQ(ExportSpreadsheet(project, project.folder.Path("out.csv")).code, 0);
+    SheetProject other;
+    ASSERT_EQ(other.Read(head + empty), 0);
+    EXPECT_EQ(ImportSpreadsheet(other, project.folder.Path("out.csv")).code, 0);
+    EXPECT_EQ((QStringList{other.Text(4), other.Text(5), other.Text(3)}),
+              (QStringList{u"four"_s, u"five"_s, u"three"_s}));
+    EXPECT_EQ(other.Text(12), u"seven"_s) << "the table goes first";
+    ASSERT_EQ(other.Read(head + empty), 0);
+    EXPECT_EQ(other.Import("Number of Language|1\nString ID|Description|elvISH \nID_A||x\n"), 0);
+    EXPECT_EQ(other.Import("Number of Language|1\nString ID|Description|Entish\nID_A||x\n"), 1608);
+    EXPECT_EQ(other.Import("Number of Language|1\nString ID|Description|\nID_A||x\n"), 1608);
+}
+
 TEST(Spreadsheet, CellsAreNamedByLettersAndARow)
 {
     EXPECT_EQ((QStringList{CellName(0, 1), CellName(25, 3), CellName(26, 3), CellName(701, 9), CellName(702, 9)}),

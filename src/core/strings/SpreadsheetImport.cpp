@@ -80,7 +80,7 @@ private:
         columns.push_back(EnsureFolder(DESCRIPTION, QString()));
         for (quint32 i = 0; i < languages; ++i) {
             const QString name = sheet.At(NAMES_ROW, firstText + 1 + i);
-            const int number = env.LanguageNumber(name);
+            const int number = NumberOf(name);
             if (number == -1) {
                 const int count = ++env.ErrorCount;
                 env.WriteOutput("Error %d: language \"%s\" is unrecognized.\r\n", count, Shown(name).constData());
@@ -89,6 +89,29 @@ private:
             columns.push_back(EnsureFolder(number, name.trimmed())); // as it was looked up
         }
         return OK;
+    }
+
+    /// The language's number, or -1. The table of languages decides; for a name that it lacks, the project's own
+    /// language of that name, so that what was exported can be imported. Of several with one name each column takes
+    /// the next.
+    [[nodiscard]] int NumberOf(const QString &name) const
+    {
+        const int number = env.LanguageNumber(name);
+        const CResFolder *strings = document.root.FindFolder(KIND_STRINGS, 2);
+        if (number != -1 || !strings || name.trimmed().isEmpty())
+            return number;
+        const CResFolder *found = nullptr;
+        for (const auto &folder : strings->subfolders) {
+            if (folder->kind != KIND_LANGUAGE || folder->index == DESCRIPTION ||
+                !EqualsNoCase(folder->title.trimmed(), name.trimmed()))
+                continue;
+            const bool isTaken = std::find(columns.begin(), columns.end(), folder.get()) != columns.end();
+            if (!found || !isTaken)
+                found = folder.get();
+            if (!isTaken)
+                break;
+        }
+        return found ? found->index : -1;
     }
 
     CResFolder *EnsureFolder(qint32 index, const QString &title)
