@@ -156,7 +156,7 @@ TEST(Spreadsheet, AnExportWithLanguagesThatOnlyTheProjectKnowsComesBack)
     ASSERT_EQ(ExportSpreadsheet(project, project.folder.Path("out.csv")).code, 0);
     SheetProject other;
     ASSERT_EQ(other.Read(head + empty), 0);
-    EXPECT_EQ(ImportSpreadsheet(other, project.folder.Path("out.csv")).code, 0);
+    ASSERT_EQ(ImportSpreadsheet(other, project.folder.Path("out.csv")).code, 0);
     EXPECT_EQ((QStringList{other.Text(4), other.Text(5), other.Text(3)}),
               (QStringList{u"four"_s, u"five"_s, u"three"_s}));
     EXPECT_EQ(other.Text(12), u"seven"_s) << "the table goes first";
