@@ -22,11 +22,17 @@ constexpr XmlStep STEPS[] = {
     {XmlGrammar::DOCUMENT, "workbook", WORKBOOK}, {WORKBOOK, "sheets", SHEETS}, {SHEETS, "sheet", SHEET}};
 constexpr XmlGrammar GRAMMAR = {{SPREADSHEET_ML, STRICT_SPREADSHEET_ML}, STEPS, WorkbookFault::NoWorkbook};
 
-/// Lists the sheets of the workbook, in their order, by the IDs of their relationships.
+struct ListedSheet
+{
+    QByteArray id; // of its relationship
+    QString name;
+};
+
+/// Lists the sheets of the workbook, in their order.
 class WorkbookPart : public XmlPart
 {
 public:
-    explicit WorkbookPart(std::vector<QByteArray> &result) : XmlPart(GRAMMAR), sheets(result) {}
+    explicit WorkbookPart(std::vector<ListedSheet> &result) : XmlPart(GRAMMAR), sheets(result) {}
 
 private:
     void Enter(int place, const XmlAttributes &attributes) override
@@ -38,27 +44,36 @@ private:
         for (const std::string_view name : {"http://schemas.openxmlformats.org/officeDocument/2006/relationships\nid",
                                             "http://purl.oclc.org/ooxml/officeDocument/relationships\nid"}) {
             if (const auto id = attributes.Find(name))
-                return sheets.emplace_back(id->data(), qsizetype(id->size())), void();
+                return sheets.push_back({Bytes(*id).toByteArray(), Name(attributes)});
         }
         Fail(WorkbookFault::Broken, QStringLiteral("sheet %1 names no part").arg(sheets.size() + 1));
     }
 
     void Leave(int, QByteArrayView) override {}
 
-    std::vector<QByteArray> &sheets;
+    static QByteArrayView Bytes(std::string_view view) { return {view.data(), qsizetype(view.size())}; }
+
+    static QString Name(const XmlAttributes &attributes)
+    {
+        constexpr qsizetype LONGEST_NAME = 31; // of a sheet
+        return QString::fromUtf8(Bytes(attributes.Find("name").value_or(std::string_view()))).left(LONGEST_NAME);
+    }
+
+    std::vector<ListedSheet> &sheets;
 };
 
 /// Finds the first sheet that has cells; a chart can be a sheet too.
-WorkbookResult FindWorksheet(const std::vector<QByteArray> &sheets, const std::vector<Relationship> &relationships,
-                             QByteArray &part)
+WorkbookResult FindWorksheet(const std::vector<ListedSheet> &sheets, const std::vector<Relationship> &relationships,
+                             XlsxParts &parts)
 {
-    for (const QByteArray &id : sheets) {
+    for (const auto &[id, name] : sheets) {
         const auto found = std::find_if(relationships.begin(), relationships.end(),
-                                        [&id](const Relationship &item) { return item.id == id; });
+                                        [&id = id](const Relationship &item) { return item.id == id; });
         if (found == relationships.end())
             return {WorkbookFault::Broken, QStringLiteral("the relationship %1 is missing").arg(QString::fromUtf8(id))};
         if (found->kind == "worksheet") {
-            part = found->target;
+            parts.worksheet = found->target;
+            parts.sheetName = name;
             return {};
         }
     }
@@ -80,7 +95,7 @@ WorkbookResult FindXlsxParts(const ZipFile &zip, XlsxParts &parts)
         return {WorkbookFault::NoWorkbook, QStringLiteral("it has no workbook part")};
     const QByteArray workbook = document->target;
 
-    std::vector<QByteArray> sheets;
+    std::vector<ListedSheet> sheets;
     result = WorkbookPart(sheets).Read(zip, workbook);
     if (result.HasFailed())
         return result;
@@ -90,5 +105,5 @@ WorkbookResult FindXlsxParts(const ZipFile &zip, XlsxParts &parts)
         return result;
     if (const Relationship *const shared = FindByKind(relationships, "sharedStrings"))
         parts.sharedStrings = shared->target;
-    return FindWorksheet(sheets, relationships, parts.worksheet);
+    return FindWorksheet(sheets, relationships, parts);
 }

@@ -11,6 +11,7 @@ struct XlsxParts
 {
     QByteArray worksheet;
     QByteArray sharedStrings; ///< empty when there is no such part
+    QString sheetName;
 };
 
 /// Finds them, by the relationships of the package.

@@ -17,6 +17,7 @@ WorkbookResult ReadPackage(const ZipFile &zip, TextBudget &budget, Sheet &sheet)
     WorkbookResult result = FindXlsxParts(zip, parts);
     if (result.HasFailed())
         return result;
+    sheet.name = parts.sheetName;
     std::vector<TextPool::Ref> strings;
     if (!parts.sharedStrings.isEmpty())
         result = ReadSharedStrings(zip, parts.sharedStrings, budget, sheet.texts, strings);
