@@ -95,7 +95,7 @@ private:
             }
         });
         session.report.WriteBytes(json ? LayoutsJson(session.env, layouts) : LayoutsText(session.env, layouts));
-        return isWhole ? EXIT_FINE : EXIT_FAILED;
+        return session.StatusAfter(isWhole ? EXIT_FINE : EXIT_FAILED);
     }
 
     int Check(Session &session, CResDoc &document, const QString &folder) const
@@ -120,7 +120,7 @@ private:
             }
         });
         session.report.WriteBytes(json ? AsJson(findings) : AsText(findings));
-        return findings.empty() && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED;
+        return session.StatusAfter(findings.empty() && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED);
     }
 
     /// Tells why the catalogue that the settings name isn't there. False when they name none.
