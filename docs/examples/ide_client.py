@@ -36,8 +36,10 @@ class ChannelError(Exception):
 def runtime_folder():
     """The folder of the user's sockets, made when it isn't there."""
     session = os.environ.get("XDG_RUNTIME_DIR", "")
+    # After su it can be another user's.
+    has_session = session.startswith("/") and os.path.isdir(session) and os.stat(session).st_uid == os.geteuid()
     folder = os.environ.get("MORVANITE_RUNTIME_DIR") or (
-        os.path.join(session, "morvanite") if session.startswith("/") else f"/tmp/morvanite-{os.geteuid()}")
+        os.path.join(session, "morvanite") if has_session else f"/tmp/morvanite-{os.geteuid()}")
     try:
         os.mkdir(folder, 0o700)
     except FileExistsError:
@@ -46,6 +48,8 @@ def runtime_folder():
         raise ChannelError(f"{folder}: {error.strerror}") from error
     if os.path.islink(folder) or not os.path.isdir(folder) or os.stat(folder).st_uid != os.geteuid():
         raise ChannelError(f"{folder} is no folder of yours")
+    if os.stat(folder).st_mode & 0o022:
+        raise ChannelError(f"{folder} can be written to by others")
     return folder
 
 

@@ -32,7 +32,7 @@ public:
                                           '\n');
             last = record;
         }
-        return EXIT_FINE;
+        return session.StatusAfter(EXIT_FINE);
     }
 
 private:

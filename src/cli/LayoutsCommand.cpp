@@ -96,7 +96,7 @@ private:
             }
         });
         session.report.WriteBytes(json ? LayoutsJson(document.env, layouts) : LayoutsText(document.env, layouts));
-        return isWhole ? EXIT_FINE : EXIT_FAILED;
+        return session.StatusAfter(isWhole ? EXIT_FINE : EXIT_FAILED);
     }
 
     int Check(Session &session, CResDoc &document, const QString &folder) const
@@ -121,7 +121,7 @@ private:
             }
         });
         session.report.WriteBytes(json ? AsJson(findings) : AsText(findings));
-        return findings.empty() && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED;
+        return session.StatusAfter(findings.empty() && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED);
     }
 
     /// Tells why the catalogue that the settings name isn't there. False when they name none.

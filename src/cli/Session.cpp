@@ -7,7 +7,6 @@
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
-#include <memory>
 #include <unistd.h>
 
 namespace
@@ -31,12 +30,12 @@ QString AbsolutePath(const std::string &typed)
     return CanonicalPath(IsRelativePath(path) ? CurrentFolder() + u'/' + path : path);
 }
 
-Session::Session(const QString &debugLog, const QString &configFolder)
+Session::Session(const QString &debugLogName, const QString &configFolder)
     : env(Environment::FindProgramDir(), configFolder),
       documents([this] { return std::make_unique<CResDoc>(env, tables, services); }), report(STDOUT_FILENO),
       handler(env, documents, report)
 {
-    OpenDebugLog(debugLog);
+    OpenDebugLog(debugLogName);
     if (env.codePageUnknown) {
         Complain(QStringLiteral("Morvanite.ini: there is no code page \"%1\" (section Text, key code_page)")
                      .arg(env.settings.String("Text", "code_page")));
@@ -50,29 +49,37 @@ Session::Session(const QString &debugLog, const QString &configFolder)
     };
 }
 
-void Session::OpenDebugLog(const QString &debugLog)
+void Session::OpenDebugLog(const QString &name)
 {
-    if (debugLog.isEmpty())
+    if (name.isEmpty())
         return;
-    const auto log = std::make_shared<FileHandle>(
-        debugLog == u"-" ? dup(STDERR_FILENO)
-                         : open(debugLog.toUtf8().constData(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666));
-    if (!log->IsOpen()) {
-        Complain(
-            QStringLiteral("cannot open the debug log %1: %2").arg(debugLog, QString::fromLocal8Bit(strerror(errno))));
+    const bool isErrors = name == u"-";
+    if (!isErrors)
+        debugLog = FileHandle(open(name.toUtf8().constData(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666));
+    if (!isErrors && !debugLog.IsOpen()) {
+        Complain(QStringLiteral("cannot open the debug log %1: %2").arg(name, QString::fromLocal8Bit(strerror(errno))));
         _exit(EXIT_WRONG_USE);
     }
-    env.trace = [log](QStringView text) {
+    env.trace = [this, isErrors](QStringView text) {
         QByteArray line = text.toUtf8();
         if (!line.endsWith('\n'))
             line += '\n';
-        (void)log->WriteAll(line.constData(), size_t(line.size()));
+        if (isErrors)
+            (void)!write(STDERR_FILENO, line.constData(), size_t(line.size()));
+        else
+            (void)debugLog.WriteAll(line.constData(), size_t(line.size()));
     };
 }
 
 int Session::LastStatus() const
 {
     return handler.LastError() == 0 && env.FailureCount == 0 ? EXIT_FINE : EXIT_FAILED;
+}
+
+int Session::StatusAfter(int status)
+{
+    hasFailures = hasFailures || env.FailureCount > 0;
+    return hasFailures ? int(EXIT_FAILED) : status;
 }
 
 CResDoc *Session::OpenQuietly(const QString &project)
@@ -84,7 +91,8 @@ CResDoc *Session::OpenQuietly(const QString &project)
     CDocument *document = documents.OpenDocumentFile(project);
     env.explain = explain;
     handler.idleOutput = idleOutput;
-    if (!document || env.ErrorCount + env.WarningCount > 0)
+    const bool hasFailed = StatusAfter(EXIT_FINE) != EXIT_FINE;
+    if (!document || hasFailed || env.ErrorCount + env.WarningCount > 0)
         StandardOutput(STDERR_FILENO).Write(lines);
     if (!document)
         Complain(project + QStringLiteral(": the project can't be opened"));

@@ -9,9 +9,9 @@
 class Session
 {
 public:
-    /// `debugLog`: where the developer's log goes; empty: nowhere, "-": standard error. `configFolder` takes the place
-    /// of the user's configuration folder unless it is empty.
-    Session(const QString &debugLog, const QString &configFolder);
+    /// `debugLogName`: where the developer's log goes; empty: nowhere, "-": standard error. `configFolder` takes the
+    /// place of the user's configuration folder unless it is empty.
+    Session(const QString &debugLogName, const QString &configFolder);
 
     Environment env;
     ProcessTables tables;
@@ -19,16 +19,25 @@ public:
     CDocManager documents;
     StandardOutput report;
     CommandHandler handler;
+    /// The file of the developer's log; not open when that goes nowhere or to standard error.
+    FileHandle debugLog;
 
     /// The exit status of the command that the handler ran last.
     [[nodiscard]] int LastStatus() const;
+
+    /// The exit status of a command that would end with `status`: EXIT_FAILED when an operation on the project has told
+    /// of work that was not done (Environment::ExplainFailure). To be called behind each operation, since the next one
+    /// counts afresh; `OpenQuietly` does so itself.
+    [[nodiscard]] int StatusAfter(int status);
 
     /// Opens a project. Null when that fails. The report of the load goes to standard error when it has an error or a
     /// warning, and nowhere otherwise.
     CResDoc *OpenQuietly(const QString &project);
 
 private:
-    void OpenDebugLog(const QString &debugLog);
+    void OpenDebugLog(const QString &name);
+
+    bool hasFailures = false; // of any operation so far
 };
 
 /// Says on standard error what is wrong: "morvanite-cli: " and the text.

@@ -74,11 +74,11 @@ public:
     }
 
 private:
-    static int Finish(const Session &session, const SpreadsheetResult &result)
+    static int Finish(Session &session, const SpreadsheetResult &result)
     {
         if (!result.reason.isEmpty())
             Complain(result.reason);
-        return result.code == 0 && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED;
+        return session.StatusAfter(result.code == 0 && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED);
     }
 
     static int Export(Session &session, CResDoc &document, const QString &workbook)
@@ -104,7 +104,7 @@ private:
         const bool saved = document.lastSave.write == 0 && document.lastSave.generate == 0;
         if (!saved)
             Complain(document.PathName() + QStringLiteral(": failed to save the project with the imported texts"));
-        return saved ? status : int(EXIT_FAILED);
+        return session.StatusAfter(saved ? status : int(EXIT_FAILED));
     }
 
     /// False, having said so, when the string file can't hold what was imported.
@@ -135,7 +135,7 @@ private:
             }
             const QJsonObject all{{QStringLiteral("rows"), rows}, {QStringLiteral("languages"), list}};
             session.report.WriteBytes(QJsonDocument(all).toJson());
-            return EXIT_FINE;
+            return session.StatusAfter(EXIT_FINE);
         }
         session.report.Write(QStringLiteral("%1 strings\n\n   texts  missing  as first  language\n").arg(rows));
         for (const LanguageStats &language : languages) {
@@ -144,7 +144,7 @@ private:
             session.report.Write(numbers + QStringLiteral("  ") + language.name +
                                  QStringLiteral(" (%1)\n").arg(language.number));
         }
-        return EXIT_FINE;
+        return session.StatusAfter(EXIT_FINE);
     }
 
     std::string project;

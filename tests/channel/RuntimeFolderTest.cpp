@@ -11,16 +11,26 @@ TEST(RuntimeFolder, IsTheOneChosenElseTheSessionsElseOneInTmpAndAlwaysOneOfTheUs
     const QByteArray inTmp = "/tmp/morvanite-" + QByteArray::number(geteuid());
     ASSERT_EQ(symlink(top.Path().constData(), top.Path("link").constData()), 0);
     ASSERT_EQ(mkdir(top.Path("others").constData(), 0777), 0);
+    ASSERT_EQ(mkdir(top.Path("open").constData(), 0700), 0);
+    ASSERT_EQ(chmod(top.Path("open").constData(), 0777), 0);
+    ASSERT_EQ(mkdir(top.Path("session").constData(), 0700), 0);
+    ASSERT_EQ(mkdir(top.Path("session/morvanite").constData(), 0700), 0);
+    ASSERT_EQ(chmod(top.Path("session/morvanite").constData(), 0720), 0);
     const bool root = chown(top.Path("others").constData(), 12345, 12345) == 0;
     const std::tuple<QByteArray, QByteArray, QByteArray> cases[] = {
         {"", "", inTmp},
         {"", "relative", inTmp},
+        {"", top.Path("missing"), inTmp},
+        {"", "/dev/null", inTmp},
+        {"", root ? top.Path("others") : "/", inTmp},
         {"", top.Path(), top.Path("morvanite")},
         {top.Path("own/"), top.Path(), top.Path("own")},
         {top.Path("link/"), "", "is no folder"},
         {"/dev/null", "", "is no folder"},
         {top.Path("missing/own"), "", "can't be made: No such file"},
         {"relative", "", "no absolute path"},
+        {top.Path("open"), "", "has mode 0777, so that"},
+        {"", top.Path("session"), "session/morvanite has mode 0720, so that"},
         {root ? top.Path("others") : "/", "", root ? "belongs to user 12345, not to you (0)" : "belongs to user 0"},
     };
     for (const auto &[chosen, ofSession, expected] : cases) {

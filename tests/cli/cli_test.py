@@ -2,6 +2,9 @@
 
 import json
 import os
+import socket
+import struct
+import threading
 import unittest
 
 from demo import LOADED, DemoProject
@@ -211,6 +214,32 @@ class Cli(DemoProject):
         server.terminate()
         self.assertEqual(server.wait(10), 0)
         self.assertFalse([path for path in self.runtime.iterdir() if path.is_socket()])
+
+    def test_a_server_whose_messages_nobody_reads_serves_on_and_ends_on_sigterm(self):
+        self.env['MORVANITE_DEBUG_LOG'] = '-'
+        record = f'{self.dir}/{"x" * 150}.vcproj'.encode('utf-16-le').ljust(520, b'\0')
+
+        def load(count):
+            with socket.socket(socket.AF_UNIX) as ide:
+                ide.settimeout(20)
+                ide.connect(str(self.runtime / '#QRK-MORVANITE-WNDCLASS#'))
+                for _ in range(count):
+                    ide.sendall(struct.pack('<II', 0xAFBDDBFB, len(record)) + record)
+                    self.assertEqual(ide.recv(4), b'\1\0\0\0')
+
+        for is_read_later in (False, True):
+            server = self.serve()
+            load(1500)
+            read = []
+            reader = threading.Thread(target=lambda: read.append(server.stderr.read()))
+            if is_read_later:
+                reader.start()
+                load(1)
+            server.terminate()
+            self.assertEqual(server.wait(10), 0)
+            if is_read_later:
+                reader.join(10)
+                self.assertRegex(read[0], rb'\nmorvanite-cli: \d+ lines are missing here')
 
 
 if __name__ == '__main__':

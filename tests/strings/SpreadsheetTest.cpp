@@ -147,6 +147,59 @@ TEST(Spreadsheet, AnExportComesBackTheSameFromEachFormatAndAFailedOneLeavesTheOl
               "##number,0,\r\n");
 }
 
+TEST(Spreadsheet, AnExportWithLanguagesThatOnlyTheProjectKnowsComesBack)
+{
+    const QByteArray head = "Number of Language|4\nString ID|Resource Type|Description|Elvish(4)|French(7)|Elvish(5)|";
+    const QByteArray empty = "Klingon (3)\nID_A|Normal|||||\n##number|1\n";
+    SheetProject project;
+    ASSERT_EQ(project.Read(head + "Klingon (3)\nID_A|Normal||four|seven|five|three\n##number|1\n"), 0);
+    ASSERT_EQ(ExportSpreadsheet(project, project.folder.Path("out.csv")).code, 0);
+    SheetProject other;
+    ASSERT_EQ(other.Read(head + empty), 0);
+    ASSERT_EQ(ImportSpreadsheet(other, project.folder.Path("out.csv")).code, 0);
+    EXPECT_EQ((QStringList{other.Text(4), other.Text(5), other.Text(3)}),
+              (QStringList{u"four"_s, u"five"_s, u"three"_s}));
+    EXPECT_EQ(other.Text(12), u"seven"_s) << "the table goes first";
+    ASSERT_EQ(other.Read(head + empty), 0);
+    EXPECT_EQ(other.Import("Number of Language|1\nString ID|Description|elvISH \nID_A||x\n"), 0);
+    EXPECT_EQ(other.Import("Number of Language|1\nString ID|Description|Entish\nID_A||x\n"), 1608);
+    EXPECT_EQ(other.Import("Number of Language|1\nString ID|Description|\nID_A||x\n"), 1608);
+}
+
+TEST(Spreadsheet, WhatIsWrongWithTheSheetIsExplainedWithItsNameItsCellAndWhatIsExpected)
+{
+    SheetProject project;
+    std::string explained;
+    project.env.explain = [&explained](const QString &text) { explained += text.toStdString() + '\n'; };
+    for (const auto &[sheet, expected] : {
+             std::pair("Notes|x\nc|d\n",
+                       "in.csv: texts stand in 2 rows and 2 columns, and a string table has 3 at least; "
+                       "only the first sheet is read, and its first row has to have \"Number of "
+                       "Language\" in A1 and the number of languages in B1\n"),
+             {"Notes|2|x\nString ID|y|z\na|b|c\n", "in.csv: has \"Notes\" in cell A1; only the first sheet"},
+             {"Number of Language|2\n|Resource Type|Description|a|b\nx\n",
+              "in.csv: cell A2 has nothing in the place of \"String ID\"\n"},
+             {"Number of Language|2\nString ID|Description|a\nx\n",
+              "in.csv: cell B1 has 2 languages, and with them 4 columns are expected: only 3 have texts\n"},
+             {"Number of Language|no|x\nString ID|Description\nx\n",
+              "in.csv: cell B1 has \"no\", where the number of languages is expected: none is read\n"},
+             {"Number of Language|1\nString ID|Description|Elvish\nx\n",
+              "in.csv: cell C2 has \"Elvish\", and neither the project nor the section Language of tuvik.ini has"},
+         }) {
+        explained.clear();
+        (void)project.Import(sheet);
+        EXPECT_THAT(explained, HasSubstr(expected));
+    }
+    for (const char *file : {"out.xls", "out.xlsx"}) {
+        explained.clear();
+        SheetProject empty;
+        empty.env.explain = project.env.explain;
+        ASSERT_EQ(ExportSpreadsheet(empty, empty.folder.Path(file)).code, 0);
+        (void)ImportSpreadsheet(empty, empty.folder.Path(file));
+        EXPECT_THAT(explained, HasSubstr(std::string(file) + ", sheet \"Strings\": cell B1 has \"0\""));
+    }
+}
+
 TEST(Spreadsheet, CellsAreNamedByLettersAndARow)
 {
     EXPECT_EQ((QStringList{CellName(0, 1), CellName(25, 3), CellName(26, 3), CellName(701, 9), CellName(702, 9)}),

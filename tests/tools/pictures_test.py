@@ -131,6 +131,28 @@ class Bmp(ConverterTest):
     def test_a_palette_shorter_than_its_indices_is_filled_up_with_black(self):
         self.assertEqual(self.converted(bmp(2, 1, 8, b'\1\xc8\0\0', colours=2)), device([[PALETTE[1], (0, 0, 0)]]))
 
+    def test_a_palette_that_reaches_into_the_pixels_is_short_or_refused(self):
+        def with_offset(picture, offset, declared):
+            return picture[:10] + struct.pack('<I', offset) + picture[14:46] + struct.pack('<I', declared) + picture[50:]
+
+        row = b'\1\0\0\0'
+        full = bmp(2, 1, 8, row, colours=16)                   # 16 colours, the pixels at byte 118
+        for declared in (16, 0):                               # 0 is 256, for which there is no room
+            self.assertEqual(self.converted(with_offset(full, 118, declared)), device([[PALETTE[1], PALETTE[0]]]))
+        short = bmp(2, 1, 8, row, colours=8)
+        self.assertEqual(self.converted(with_offset(short, 86, 16)), device([[PALETTE[1], PALETTE[0]]]))
+        runs = bytes((2, 1, 0, 1))
+        self.assertEqual(self.converted(with_offset(bmp(2, 1, 8, runs, 1, colours=8), 86, 0)), device([[PALETTE[1]] * 2]))
+        hint = bmp(1, 1, 24, bytes(8), colours=2)
+        for picture, text in ((with_offset(full, 54, 16), b'pixels at byte 54, within the palette of 16 colours'),
+                              (with_offset(bmp(2, 1, 8, row, colours=256) + bytes(900), 118, 0), b'of 256 colours, wanted'),
+                              (with_offset(bmp(2, 1, 8, runs, 1, colours=16), 86, 16), b'pixels at byte 86'),
+                              (with_offset(hint, 54, 2), b'wanted them at byte 62'),
+                              (with_offset(bmp(2, 1, 8, b'\1\x09\0\0', colours=8), 86, 16),
+                               b'a pixel of colour 9, but the palette ends with 8 colours'),
+                              (with_offset(bmp(2, 1, 8, bytes((2, 9, 0, 1)), 1, colours=8), 86, 16), b'colour 9')):
+            self.refuses(picture, text)
+
     def test_impossible_headers_are_refused_with_what_was_found(self):
         row = b'\1\2\3\0'
         early = bytearray(bmp(1, 1, 24, row))

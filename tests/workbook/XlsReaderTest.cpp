@@ -108,8 +108,8 @@ TEST(XlsReader, EachKindOfCellGivesItsTextOrNothing)
     const auto rk = [](qint32 packed) { return Rec(BIFF_RK, CellData(0, 0, packed)); };
     const quint64 half = 0x3FE0000000000000;
     const quint64 isText = 0xFFFF000000000000;
-    const auto formula = [](quint64 result) {
-        return Rec(BIFF_FORMULA, CellData(0, 0, result, quint64(0), quint16(0)));
+    const auto formula = [](quint64 result, quint16 type = BIFF_FORMULA) {
+        return Rec(type, CellData(0, 0, result, quint64(0), quint16(0)));
     };
     const auto label = [](const QByteArray &text) { return Rec(BIFF_LABEL, CellData(0, 0) + text); };
     for (const auto &[records, text] : {
@@ -125,6 +125,10 @@ TEST(XlsReader, EachKindOfCellGivesItsTextOrNothing)
              {Rec(BOOLEAN, CellData(0, 0, quint8(1), quint8(0))), ""},
              {Rec(BLANK, CellData(0, 0)) + Rec(BLANKS, CellData(0, 1, quint16(0), quint16(2))), ""},
              {formula(half), "0.5"},
+             {formula(half, BIFF_FORMULA3), "0.5"},
+             {formula(half, BIFF_FORMULA4), "0.5"},
+             {formula(isText, BIFF_FORMULA3) + Rec(BIFF_STRING, Narrow("sum")), "sum"},
+             {formula(isText, BIFF_FORMULA4) + Rec(BIFF_STRING, Narrow("sum")), "sum"},
              {formula(isText | 1), ""},
              {formula(isText | 2), ""},
              {formula(isText | 3), ""},

@@ -14,6 +14,7 @@
 // |        |      | height      | 20: 2 bytes, unsigned | 22: 4 bytes, signed; negative is top-down  |
 // |        |      | bits a pixel| 24: 2 bytes           | 28: 2 bytes                                |
 // |     30 |    4 | compression |                       | from a size of 20 on                       |
+// |     34 |    4 | pixel bytes |                       | from a size of 24 on; of runs              |
 // |     46 |    4 | colours     |                       | from a size of 36 on; 0: all               |
 // |     54 |   16 | masks       |                       | red, green, blue, alpha; see ReadMasks     |
 
@@ -39,6 +40,7 @@ struct Layout
     std::uint32_t infoSize = 0;
     std::uint32_t pixelsAt = 0;
     std::uint32_t compression = Plain;
+    std::uint32_t pixelBytes = 0;
     std::uint32_t colours = 0;
     std::uint64_t paletteAt = 0;
 };
@@ -77,6 +79,8 @@ Outcome ReadSizes(const ByteReader &file, Layout &layout, BmpHeader &header)
     header.bitsPerPixel = *file.U16(infoAt + 14);
     if (*infoSize >= 20)
         layout.compression = *file.U32(infoAt + 16);
+    if (*infoSize >= 24)
+        layout.pixelBytes = *file.U32(infoAt + 20);
     if (*infoSize >= 36)
         layout.colours = *file.U32(infoAt + 32);
     return Outcome::Done();
@@ -141,12 +145,36 @@ Outcome ReadMasks(const ByteReader &file, Layout &layout, BmpHeader &header)
     return Outcome::Done();
 }
 
-/// The palette ends with its number of colours or where the pixels begin.
+/// Whether all pixels fit into the file behind byte `at`.
+bool HasRoomForPixels(const ByteReader &file, const Layout &layout, const BmpHeader &header, std::uint64_t at)
+{
+    if (at > file.Size())
+        return false;
+    const std::uint64_t room = file.Size() - at;
+    if (header.HasRuns())
+        return layout.pixelBytes <= room;
+    const std::uint64_t rowSize = header.RowSize();
+    return rowSize == 0 || header.height <= room / rowSize;
+}
+
+/// A palette that ends behind the first pixel has either fewer colours than the header says, or the offset of the
+/// pixels is wrong. It is the offset where the file is long enough for the whole palette and the pixels behind it.
 Outcome ReadPalette(const ByteReader &file, const Layout &layout, BmpHeader &header)
 {
-    const std::uint32_t all = 1U << header.bitsPerPixel;
+    const bool isIndexed = header.bitsPerPixel <= 8;
+    const std::uint64_t all = isIndexed ? 1U << header.bitsPerPixel : 0;
     const std::uint64_t entrySize = layout.infoSize == coreSize ? 3 : 4;
-    const std::uint64_t wanted = layout.colours != 0 ? std::min(layout.colours, all) : all;
+    std::uint64_t wanted = layout.colours != 0 ? layout.colours : all;
+    if (isIndexed)
+        wanted = std::min(wanted, all);
+    const std::uint64_t end = layout.paletteAt + wanted * entrySize;
+    if (layout.pixelsAt < end && HasRoomForPixels(file, layout, header, end))
+        return Outcome::Failed("broken bmp: pixels at byte %u, within the palette of %llu colours, wanted them at byte "
+                               "%llu, where it ends",
+                               layout.pixelsAt, static_cast<unsigned long long>(wanted),
+                               static_cast<unsigned long long>(end));
+    if (!isIndexed)
+        return Outcome::Done();
     const std::uint64_t count = std::min(wanted, (layout.pixelsAt - layout.paletteAt) / entrySize);
     const auto entries = file.Slice(layout.paletteAt, count * entrySize);
     if (!entries)
@@ -156,6 +184,8 @@ Outcome ReadPalette(const ByteReader &file, const Layout &layout, BmpHeader &hea
             header.palette[entry][part] = (*entries)[entry * entrySize + part];
         header.palette[entry][3] = 0xFF;
     }
+    header.colours = static_cast<unsigned>(count);
+    header.coloursWanted = static_cast<unsigned>(wanted);
     return Outcome::Done();
 }
 
@@ -175,9 +205,8 @@ Outcome ReadBmpHeader(Bytes bytes, BmpHeader &header)
     if (layout.pixelsAt < layout.paletteAt)
         return Outcome::Failed("broken bmp: pixels at byte %u, wanted them behind the headers of %llu bytes",
                                layout.pixelsAt, static_cast<unsigned long long>(layout.paletteAt));
-    if (header.bitsPerPixel <= 8)
-        if (const Outcome outcome = ReadPalette(file, layout, header); outcome.HasFailed())
-            return outcome;
+    if (const Outcome outcome = ReadPalette(file, layout, header); outcome.HasFailed())
+        return outcome;
     const auto pixels =
         file.Slice(layout.pixelsAt, bytes.size() - std::min<std::uint64_t>(layout.pixelsAt, bytes.size()));
     if (!pixels)

@@ -31,7 +31,13 @@ struct BmpHeader
     BmpCoding coding = BmpCoding::Indexed;
     BmpChannel blue, green, red, alpha; ///< of Bitfields
     std::uint8_t palette[256][4] = {};  ///< blue, green, red, 255; black where the file has none
+    unsigned colours = 0;               ///< how many the palette has in front of the pixels
+    unsigned coloursWanted = 0;         ///< how many it has by the header
     Bytes pixels;                       ///< from the first pixel to the end of the file
+
+    [[nodiscard]] bool HasRuns() const { return coding == BmpCoding::Rle4 || coding == BmpCoding::Rle8; }
+    /// How many bytes a row of plain pixels takes in the file.
+    [[nodiscard]] std::uint64_t RowSize() const { return (width * bitsPerPixel + 31) / 32 * 4; }
 };
 
 /// Reads the headers of Windows (40, 52, 56, 108 and 124 bytes) and of OS/2 (12 and 16 to 64 bytes) and the palette.

@@ -13,14 +13,45 @@ std::uint32_t PlaceOf(const BmpHeader &header, const Picture &picture, std::uint
     return header.isTopDown ? number : picture.Height() - 1 - number;
 }
 
-void UnpackIndexed(const BmpHeader &header, const std::uint8_t *from, std::uint8_t *to, std::uint32_t width)
+/// Looks the colours of a row up. Fails for one whose place in the palette is taken by pixels; one beyond the palette
+/// is black.
+class Colours
+{
+public:
+    explicit Colours(const BmpHeader &header) : m_header(header) {}
+
+    void Put(unsigned index, std::uint8_t *to)
+    {
+        if (index >= m_header.colours && index < m_header.coloursWanted)
+            m_missing = index;
+        std::memcpy(to, m_header.palette[index], 4);
+    }
+
+    [[nodiscard]] Outcome Check() const
+    {
+        if (m_missing == none)
+            return Outcome::Done();
+        return Outcome::Failed(
+            "broken bmp: a pixel of colour %u, but the palette ends with %u colours where the pixels begin, wanted %u",
+            m_missing, m_header.colours, m_header.coloursWanted);
+    }
+
+private:
+    static constexpr unsigned none = 256;
+
+    const BmpHeader &m_header;
+    unsigned m_missing = none;
+};
+
+void UnpackIndexed(const BmpHeader &header, const std::uint8_t *from, std::uint8_t *to, std::uint32_t width,
+                   Colours &colours)
 {
     const unsigned bits = header.bitsPerPixel;
     const unsigned perByte = 8 / bits;
     const unsigned mask = (1U << bits) - 1;
     for (std::uint32_t x = 0; x < width; ++x) {
         const unsigned shift = 8 - bits * (x % perByte + 1);
-        std::memcpy(to + std::size_t{x} * 4, header.palette[from[x / perByte] >> shift & mask], 4);
+        colours.Put(from[x / perByte] >> shift & mask, to + std::size_t{x} * 4);
     }
 }
 
@@ -57,22 +88,23 @@ void UnpackBitfields(const BmpHeader &header, const std::uint8_t *from, std::uin
 
 Outcome ReadPlain(const BmpHeader &header, Picture &picture)
 {
-    const std::uint64_t rowSize = (header.width * header.bitsPerPixel + 31) / 32 * 4;
+    const std::uint64_t rowSize = header.RowSize();
     if (header.pixels.size() < rowSize * header.height)
         return Outcome::Failed("broken bmp: %zu bytes of pixels, wanted %llu", header.pixels.size(),
                                static_cast<unsigned long long>(rowSize * header.height));
+    Colours colours(header);
     for (std::uint32_t number = 0; number < picture.Height(); ++number) {
         const std::uint32_t y = PlaceOf(header, picture, number);
         const std::uint8_t *from = header.pixels.data() + rowSize * number;
         if (header.coding == BmpCoding::Indexed)
-            UnpackIndexed(header, from, picture.Row(y), picture.Width());
+            UnpackIndexed(header, from, picture.Row(y), picture.Width(), colours);
         else if (header.coding == BmpCoding::Bgr)
             UnpackBgr(from, picture.Row(y), picture.Width());
         else
             UnpackBitfields(header, from, picture.Row(y), picture.Width());
         picture.FinishRow(y);
     }
-    return Outcome::Done();
+    return colours.Check();
 }
 
 Outcome ReadRunLength(const BmpHeader &header, Picture &picture)
@@ -81,16 +113,18 @@ Outcome ReadRunLength(const BmpHeader &header, Picture &picture)
     if (!indices.Allocate(picture.Width()))
         return Outcome::Failed("bmp, for which there is not enough memory");
     BmpRunLength runs(header.pixels, header.coding == BmpCoding::Rle4);
+    Colours colours(header);
     for (std::uint32_t number = 0; number < picture.Height(); ++number) {
         if (const Outcome outcome = runs.NextRow({indices.Data(), picture.Width()}); outcome.HasFailed())
             return outcome;
         const std::uint32_t y = PlaceOf(header, picture, number);
         std::uint8_t *to = picture.Row(y);
         for (std::size_t x = 0; x < picture.Width(); ++x)
-            std::memcpy(to + 4 * x, header.palette[indices.Data()[x]], 4);
+            colours.Put(indices.Data()[x], to + 4 * x);
         picture.FinishRow(y);
     }
-    return runs.Finish();
+    const Outcome outcome = runs.Finish();
+    return outcome.HasFailed() ? outcome : colours.Check();
 }
 
 } // namespace
@@ -103,6 +137,5 @@ Outcome ReadBmp(Bytes file, Picture &picture)
     const Filling filling = header.alpha.mask != 0 ? Filling::WholePicture : Filling::OpaqueRows;
     if (const Outcome outcome = picture.Start(header.width, header.height, filling); outcome.HasFailed())
         return outcome;
-    const bool isRunLength = header.coding == BmpCoding::Rle4 || header.coding == BmpCoding::Rle8;
-    return isRunLength ? ReadRunLength(header, picture) : ReadPlain(header, picture);
+    return header.HasRuns() ? ReadRunLength(header, picture) : ReadPlain(header, picture);
 }

@@ -14,13 +14,22 @@ namespace
 
 constexpr qsizetype SOCKET_PATH_LIMIT = qsizetype(sizeof(sockaddr_un::sun_path)) - 1;
 
+constexpr mode_t WRITABLE_BY_OTHERS = S_IWGRP | S_IWOTH;
+
+/// False for the session's folder of the user who called su or sudo, and for one that is gone.
+bool IsOwnFolder(const QByteArray &path)
+{
+    struct stat info;
+    return stat(path.constData(), &info) == 0 && S_ISDIR(info.st_mode) && info.st_uid == geteuid();
+}
+
 QByteArray ChosenFolder()
 {
     const QByteArray chosen = qgetenv("MORVANITE_RUNTIME_DIR");
     if (!chosen.isEmpty())
         return chosen;
     const QByteArray session = qgetenv("XDG_RUNTIME_DIR");
-    if (session.startsWith('/'))
+    if (session.startsWith('/') && IsOwnFolder(session))
         return session + "/morvanite";
     return "/tmp/morvanite-" + QByteArray::number(geteuid());
 }
@@ -54,6 +63,12 @@ QByteArray EnsureRuntimeFolder(QString &error)
                 .arg(shown)
                 .arg(info.st_uid)
                 .arg(geteuid());
+        return {};
+    }
+    if (info.st_mode & WRITABLE_BY_OTHERS) {
+        error =
+            u"the runtime folder %1 has mode %2, so that other users can put files into it; set MORVANITE_RUNTIME_DIR to a folder that only you can write to, or, if this one is for nothing else, enter \"chmod 700 %1\""_s
+                .arg(shown, u"%1"_s.arg(uint(info.st_mode & 07777), 4, 8, QChar(u'0')));
         return {};
     }
     return folder;

@@ -7,6 +7,7 @@
 #include "StringFileFormat.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace StringFileFormat;
 
@@ -19,12 +20,36 @@ constexpr quint32 NAMES_ROW = 1;
 constexpr quint32 FIRST_ROW = 2;
 constexpr quint32 FEWEST = 3; // columns and rows
 
+/// How a message shows what a cell has.
+QString Quoted(const QString &text)
+{
+    constexpr qsizetype MOST = 60;
+    if (text.isEmpty())
+        return QStringLiteral("nothing");
+    return u'"' + (text.size() > MOST ? text.first(MOST) + QStringLiteral("...") : text) + u'"';
+}
+
+/// Goes on from what is wrong with the start of a sheet.
+QString WhatIsExpected(const QString &wrong)
+{
+    return wrong + QStringLiteral("; only the first sheet is read, and its first row has to have \"%1\" in A1 and the "
+                                  "number of languages in B1")
+                       .arg(COUNT_WORD);
+}
+
+/// The file and its sheet, as messages name them.
+QString PlaceOf(const QString &path, const Sheet &sheet)
+{
+    return sheet.name.isEmpty() ? path + u':' : QStringLiteral("%1, sheet \"%2\":").arg(path, sheet.name);
+}
+
 /// One import. For one use.
 class Importer
 {
 public:
-    Importer(CResModel &model, const Sheet &readSheet, IImportWatch *cellWatch)
-        : document(model), env(model.env), sheet(readSheet), watch(cellWatch)
+    /// `sheetPlace` is how messages name the sheet.
+    Importer(CResModel &model, const Sheet &readSheet, QString sheetPlace, IImportWatch *cellWatch)
+        : document(model), env(model.env), sheet(readSheet), place(std::move(sheetPlace)), watch(cellWatch)
     {
     }
 
@@ -47,6 +72,9 @@ private:
         const int count = ++env.ErrorCount;
         env.WriteOutput("Error %d: invalid file format; \"%s\" expected at cell %s.\r\n", count,
                         expected.toUtf8().constData(), qUtf8Printable(CellName(column, row + 1)));
+        Explain(row == COUNT_ROW ? WhatIsExpected(QStringLiteral("has %1 in cell A1").arg(Quoted(found)))
+                                 : QStringLiteral("cell %1 has %2 in the place of \"%3\"")
+                                       .arg(CellName(column, row + 1), Quoted(found), expected));
         return WRONG_HEADER;
     }
 
@@ -58,6 +86,8 @@ private:
         if (languages < 1) {
             const int count = ++env.WarningCount;
             env.WriteOutput("Warning %d: %s = %d.\r\n", count, COUNT_WORD.toUtf8().constData(), languages);
+            Explain(QStringLiteral("cell B1 has %1, where the number of languages is expected: none is read")
+                        .arg(Quoted(sheet.At(COUNT_ROW, 1))));
             languages = 0;
         }
         hasType = EqualsNoCase(sheet.At(NAMES_ROW, 1), TYPE_WORD);
@@ -65,6 +95,11 @@ private:
         if (qint64(sheet.UsedColumns()) < qint64(languages) + firstText + 1) {
             const int count = ++env.ErrorCount;
             env.WriteOutput("Error %d: invalid number of languages.\r\n", count);
+            Explain(
+                QStringLiteral("cell B1 has %1 languages, and with them %2 columns are expected: only %3 have texts")
+                    .arg(languages)
+                    .arg(qint64(languages) + firstText + 1)
+                    .arg(sheet.UsedColumns()));
             return WRONG_HEADER;
         }
         int code = Expect(NAMES_ROW, 0, ID_WORD);
@@ -80,15 +115,41 @@ private:
         columns.push_back(EnsureFolder(DESCRIPTION, QString()));
         for (quint32 i = 0; i < languages; ++i) {
             const QString name = sheet.At(NAMES_ROW, firstText + 1 + i);
-            const int number = env.LanguageNumber(name);
+            const int number = NumberOf(name);
             if (number == -1) {
                 const int count = ++env.ErrorCount;
                 env.WriteOutput("Error %d: language \"%s\" is unrecognized.\r\n", count, Shown(name).constData());
+                Explain(QStringLiteral("cell %1 has %2, and neither the project nor the section Language of tuvik.ini "
+                                       "has a language of that name")
+                            .arg(CellName(firstText + 1 + i, NAMES_ROW + 1), Quoted(name)));
                 return UNKNOWN_LANGUAGE;
             }
             columns.push_back(EnsureFolder(number, name.trimmed())); // as it was looked up
         }
         return OK;
+    }
+
+    /// The language's number, or -1. The table of languages decides; for a name that it lacks, the project's own
+    /// language of that name, so that what was exported can be imported. Of several with one name each column takes
+    /// the next.
+    [[nodiscard]] int NumberOf(const QString &name) const
+    {
+        const int number = env.LanguageNumber(name);
+        const CResFolder *strings = document.root.FindFolder(KIND_STRINGS, 2);
+        if (number != -1 || !strings || name.trimmed().isEmpty())
+            return number;
+        const CResFolder *found = nullptr;
+        for (const auto &folder : strings->subfolders) {
+            if (folder->kind != KIND_LANGUAGE || folder->index == DESCRIPTION ||
+                !EqualsNoCase(folder->title.trimmed(), name.trimmed()))
+                continue;
+            const bool isTaken = std::find(columns.begin(), columns.end(), folder.get()) != columns.end();
+            if (!found || !isTaken)
+                found = folder.get();
+            if (!isTaken)
+                break;
+        }
+        return found ? found->index : -1;
     }
 
     CResFolder *EnsureFolder(qint32 index, const QString &title)
@@ -108,6 +169,9 @@ private:
         strings->AddFolder(std::move(made));
         return folder;
     }
+
+    /// Says what the fixed lines have no words for.
+    void Explain(const QString &what) const { env.Explain(place + u' ' + what); }
 
     /// For a %s of the log, which shows no more than this of it anyway.
     static QByteArray Shown(QStringView text) { return text.first(qMin(text.size(), qsizetype(512))).toUtf8(); }
@@ -239,6 +303,7 @@ private:
     CResModel &document;
     Environment &env;
     const Sheet &sheet;
+    QString place;
     IImportWatch *watch;
     bool hasType = false;
     quint32 firstText = 0; // the column of descriptions
@@ -247,14 +312,19 @@ private:
     CellFinder cells{columns};
 };
 
-int ImportSheet(CResModel &document, const Sheet &sheet, IImportWatch *watch)
+int ImportSheet(CResModel &document, const Sheet &sheet, const QString &place, IImportWatch *watch)
 {
     if (sheet.UsedColumns() < FEWEST || sheet.UsedRows() < FEWEST) {
         const int count = ++document.env.WarningCount;
         document.env.WriteOutput("Warning %d: the sheet is almost empty.\r\n", count);
+        document.env.Explain(place + u' ' +
+                             WhatIsExpected(QStringLiteral("texts stand in %1 rows and %2 columns, and a string table "
+                                                           "has 3 at least")
+                                                .arg(sheet.UsedRows())
+                                                .arg(sheet.UsedColumns())));
         return SHEET_EMPTY;
     }
-    return Importer(document, sheet, watch).Import();
+    return Importer(document, sheet, place, watch).Import();
 }
 
 } // namespace
@@ -298,7 +368,7 @@ SpreadsheetResult ImportSpreadsheet(CResModel &document, const QString &path, II
                         count);
         result = {SHEET_FAILED, opened.reason};
     } else {
-        result.code = ImportSheet(document, sheet, watch);
+        result.code = ImportSheet(document, sheet, PlaceOf(path, sheet), watch);
     }
     env.WriteOutput("[%s] import - %d error(s), %d warning(s)\r\n", qUtf8Printable(FileTitle(document.PathName())),
                     env.ErrorCount, env.WarningCount);

@@ -32,12 +32,14 @@ enum BiffRecord : quint16
     BIFF_DIMENSIONS = 0x0200,
     BIFF_NUMBER = 0x0203,
     BIFF_LABEL = 0x0204,
-    BIFF_STRING = 0x0207, ///< the text that a formula gave
+    BIFF_FORMULA3 = 0x0206, ///< as BIFF3 has it and some programs still write it; the result has the same place
+    BIFF_STRING = 0x0207,   ///< the text that a formula gave
     BIFF_ROW = 0x0208,
     BIFF_DEFAULTROWHEIGHT = 0x0225,
     BIFF_WINDOW2 = 0x023E,
     BIFF_RK = 0x027E,
     BIFF_STYLE = 0x0293,
+    BIFF_FORMULA4 = 0x0406, ///< the same of BIFF4
     BIFF_BOF = 0x0809,
 };
 

@@ -25,6 +25,8 @@ public:
         TextPool::Ref text;
     };
 
+    /// The sheet's name; empty where the format has none.
+    QString name;
     /// What the cells' texts lie in; cells may share one.
     TextPool texts;
 

@@ -6,10 +6,29 @@
 #include "XlsFault.h"
 #include "XlsSheetReader.h"
 
+#include <QtEndian>
+
+#include <algorithm>
+
 namespace
 {
 
 constexpr int SHEET_IS_WORKSHEET = 0;
+constexpr qsizetype NAME_AT = 6; // in BOUNDSHEET
+
+/// A name with its count of characters in one byte. As much of it as is there: it is only shown.
+QString SheetName(QByteArrayView field)
+{
+    if (field.size() < 2)
+        return {};
+    const QByteArrayView characters = field.sliced(2);
+    const qsizetype length = quint8(field[0]);
+    if (!(quint8(field[1]) & TEXT_WIDE))
+        return QString::fromLatin1(characters.first(std::min(length, characters.size())));
+    QString name(std::min(length, characters.size() / 2), Qt::Uninitialized);
+    qFromLittleEndian<char16_t>(characters.data(), name.size(), name.data());
+    return name;
+}
 
 /// One reading of a workbook's stream: what holds for all sheets first, then the first worksheet.
 class XlsParser
@@ -78,8 +97,10 @@ WorkbookResult XlsParser::ReadBoundSheet(const Record &record)
     const auto flags = ByteReader(record.data).U16(4); // how it is hidden, and its kind
     if (!at || !flags)
         return TooShort(record);
-    if (!sheetAt && *flags >> 8 == SHEET_IS_WORKSHEET)
+    if (!sheetAt && *flags >> 8 == SHEET_IS_WORKSHEET) {
         sheetAt = at;
+        sheet.name = SheetName(record.data.sliced(NAME_AT));
+    }
     return {};
 }
 

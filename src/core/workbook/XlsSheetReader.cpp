@@ -59,6 +59,8 @@ WorkbookResult XlsSheetReader::ReadRecord(const Record &record)
     case BIFF_STRING:
         return ReadAwaited(records.WithContinued(record));
     case BIFF_FORMULA:
+    case BIFF_FORMULA3:
+    case BIFF_FORMULA4:
     case BIFF_NUMBER:
     case BIFF_RK:
     case BIFF_MULRK:
@@ -102,6 +104,8 @@ WorkbookResult XlsSheetReader::ReadCell(const Record &record, quint16 row, quint
 {
     switch (record.type) {
     case BIFF_FORMULA:
+    case BIFF_FORMULA3:
+    case BIFF_FORMULA4:
         return ReadFormula(record, row, column);
     case BIFF_NUMBER:
         return AddNumber(row, column, Double(record.data, 6));

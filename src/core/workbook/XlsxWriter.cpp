@@ -1,9 +1,10 @@
 #include "Formats.h"
 #include "HostFiles.h"
 
+#include "XlsxCheck.h"
 #include "XlsxText.h"
-#include "ZipFile.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -31,24 +32,6 @@ WorkbookResult CheckSize(const ISheetSource &source)
         return {WorkbookFault::TooLarge,
                 QStringLiteral("column %1: an .xlsx sheet has %2").arg(LXW_COL_MAX + 1).arg(LXW_COL_MAX)};
     return {};
-}
-
-/// Says whether a workbook has so many cells, and its sheet an end. The library doesn't look whether its temporary
-/// files take what it writes: when the disk is full, rows are missing and it knows of no error.
-bool IsWhole(QByteArrayView file, qsizetype cells)
-{
-    static constexpr QByteArrayView CELL_END = "</c>";
-    QByteArray rest; // behind the last cell
-    const auto countCells = [&](QByteArrayView piece) {
-        rest += piece;
-        cells -= rest.count(CELL_END);
-        if (const qsizetype last = rest.lastIndexOf(CELL_END); last >= 0)
-            rest = rest.mid(last + CELL_END.size());
-        return true;
-    };
-    ZipFile zip;
-    return !zip.Open(file).HasFailed() && !zip.Read("xl/worksheets/sheet1.xml", countCells).HasFailed() && cells == 0 &&
-           rest.trimmed().endsWith("</worksheet>");
 }
 
 /// One writing of a workbook to a file of its own.
@@ -83,8 +66,8 @@ public:
         return result.HasFailed() ? result : Result(workbook_close(std::exchange(workbook, nullptr)));
     }
 
-    /// How many cells were written.
-    [[nodiscard]] qsizetype Cells() const { return cells; }
+    /// The cells that were handed to the library.
+    [[nodiscard]] const CellSum &Cells() const { return cells; }
 
 private:
     static WorkbookResult Result(lxw_error error)
@@ -128,9 +111,10 @@ private:
             const QStringView text = texts[column];
             if (text.isEmpty())
                 continue;
+            const QByteArray encoded = EncodeXlsxText(text);
             lxw_error error = LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED;
             if (text.size() <= LONGEST_TEXT)
-                error = worksheet_write_string(sheet, row, lxw_col_t(column), EncodeXlsxText(text).constData(),
+                error = worksheet_write_string(sheet, row, lxw_col_t(column), encoded.constData(),
                                                row < HEADER_ROWS ? header : cell);
             if (error == LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED)
                 return {WorkbookFault::TooLarge,
@@ -141,7 +125,9 @@ private:
                             .arg(LONGEST_TEXT)};
             if (error != LXW_NO_ERROR)
                 return Result(error);
-            ++cells;
+            char place[LXW_MAX_CELL_NAME_LENGTH];
+            lxw_rowcol_to_cell(place, row, lxw_col_t(column));
+            cells.Add(place, encoded);
         }
         return {};
     }
@@ -150,7 +136,7 @@ private:
     lxw_worksheet *sheet = nullptr;
     lxw_format *cell = nullptr;
     lxw_format *header = nullptr;
-    qsizetype cells = 0;
+    CellSum cells;
 };
 
 } // namespace
@@ -172,8 +158,14 @@ WorkbookResult WriteXlsx(ISheetSource &source, std::FILE *file)
     QByteArray bytes;
     if (const int error = ReadFile(path, bytes))
         return {WorkbookFault::CannotWrite, QString::fromLocal8Bit(std::strerror(error))};
-    if (!IsWhole(bytes, xlsx.Cells()))
-        return {WorkbookFault::CannotWrite, QStringLiteral("%1 has no room for it").arg(folder.path())};
+    // The library doesn't look whether its temporary files take what it writes: when a write fails, something is
+    // missing, and it knows of no error.
+    if (const WorkbookResult damaged = CheckXlsx(bytes, xlsx.Cells()); damaged.HasFailed())
+        return {WorkbookFault::CannotWrite,
+                QStringLiteral("the new workbook was damaged on the way (%1), so the file is as it was before. "
+                               "Temporary files are made in %2: look whether its disk is full or broken, or set "
+                               "TMPDIR to another folder")
+                    .arg(damaged.reason, QDir::tempPath())};
     std::fwrite(bytes.data(), 1, size_t(bytes.size()), file);
     return {};
 }

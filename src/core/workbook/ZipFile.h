@@ -25,6 +25,9 @@ public:
 
     [[nodiscard]] bool Has(const QByteArray &name) const { return parts.contains(name.toLower()); }
 
+    /// The names of all parts, in lower case and no order.
+    [[nodiscard]] QList<QByteArray> Names() const { return parts.keys(); }
+
     /// Hands out a part piece by piece, until `take` gives false, which isn't a failure.
     [[nodiscard]] WorkbookResult Read(const QByteArray &name, const std::function<bool(QByteArrayView)> &take) const;
 

@@ -1,0 +1,109 @@
+#include "XlsxPackage.h"
+
+#include "Relationships.h"
+#include "SharedStrings.h"
+#include "XmlPart.h"
+#include "ZipFile.h"
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr size_t MOST_SHEETS = 65'536;
+
+enum Place
+{
+    WORKBOOK = XmlGrammar::DOCUMENT + 1,
+    SHEETS,
+    SHEET,
+};
+constexpr XmlStep STEPS[] = {
+    {XmlGrammar::DOCUMENT, "workbook", WORKBOOK}, {WORKBOOK, "sheets", SHEETS}, {SHEETS, "sheet", SHEET}};
+constexpr XmlGrammar GRAMMAR = {{SPREADSHEET_ML, STRICT_SPREADSHEET_ML}, STEPS, WorkbookFault::NoWorkbook};
+
+struct ListedSheet
+{
+    QByteArray id; // of its relationship
+    QString name;
+};
+
+/// Lists the sheets of the workbook, in their order.
+class WorkbookPart : public XmlPart
+{
+public:
+    explicit WorkbookPart(std::vector<ListedSheet> &result) : XmlPart(GRAMMAR), sheets(result) {}
+
+private:
+    void Enter(int place, const XmlAttributes &attributes) override
+    {
+        if (place != SHEET)
+            return;
+        if (sheets.size() == MOST_SHEETS)
+            return Fail(WorkbookFault::TooLarge, QStringLiteral("more than %1 sheets").arg(MOST_SHEETS));
+        for (const std::string_view name : {"http://schemas.openxmlformats.org/officeDocument/2006/relationships\nid",
+                                            "http://purl.oclc.org/ooxml/officeDocument/relationships\nid"}) {
+            if (const auto id = attributes.Find(name))
+                return sheets.push_back({Bytes(*id).toByteArray(), Name(attributes)});
+        }
+        Fail(WorkbookFault::Broken, QStringLiteral("sheet %1 names no part").arg(sheets.size() + 1));
+    }
+
+    void Leave(int, QByteArrayView) override {}
+
+    static QByteArrayView Bytes(std::string_view view) { return {view.data(), qsizetype(view.size())}; }
+
+    static QString Name(const XmlAttributes &attributes)
+    {
+        constexpr qsizetype LONGEST_NAME = 31; // of a sheet
+        return QString::fromUtf8(Bytes(attributes.Find("name").value_or(std::string_view()))).left(LONGEST_NAME);
+    }
+
+    std::vector<ListedSheet> &sheets;
+};
+
+/// Finds the first sheet that has cells; a chart can be a sheet too.
+WorkbookResult FindWorksheet(const std::vector<ListedSheet> &sheets, const std::vector<Relationship> &relationships,
+                             XlsxParts &parts)
+{
+    for (const auto &[id, name] : sheets) {
+        const auto found = std::find_if(relationships.begin(), relationships.end(),
+                                        [&id = id](const Relationship &item) { return item.id == id; });
+        if (found == relationships.end())
+            return {WorkbookFault::Broken, QStringLiteral("the relationship %1 is missing").arg(QString::fromUtf8(id))};
+        if (found->kind == "worksheet") {
+            parts.worksheet = found->target;
+            parts.sheetName = name;
+            return {};
+        }
+    }
+    return {WorkbookFault::Broken, QStringLiteral("it has no worksheet")};
+}
+
+} // namespace
+
+WorkbookResult FindXlsxParts(const ZipFile &zip, XlsxParts &parts)
+{
+    std::vector<Relationship> relationships;
+    if (!zip.Has("_rels/.rels"))
+        return {WorkbookFault::NoWorkbook, QStringLiteral("_rels/.rels is missing")};
+    WorkbookResult result = ReadRelationships(zip, {}, relationships);
+    if (result.HasFailed())
+        return result;
+    const Relationship *const document = FindByKind(relationships, "officeDocument");
+    if (!document)
+        return {WorkbookFault::NoWorkbook, QStringLiteral("it has no workbook part")};
+    const QByteArray workbook = document->target;
+
+    std::vector<ListedSheet> sheets;
+    result = WorkbookPart(sheets).Read(zip, workbook);
+    if (result.HasFailed())
+        return result;
+    relationships.clear();
+    result = ReadRelationships(zip, workbook, relationships);
+    if (result.HasFailed())
+        return result;
+    if (const Relationship *const shared = FindByKind(relationships, "sharedStrings"))
+        parts.sharedStrings = shared->target;
+    return FindWorksheet(sheets, relationships, parts);
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "Workbook.h"
+
+#include <QByteArray>
+
+class ZipFile;
+
+/// The names of the parts of a package that the first worksheet is read from.
+struct XlsxParts
+{
+    QByteArray worksheet;
+    QByteArray sharedStrings; ///< empty when there is no such part
+    QString sheetName;
+};
+
+/// Finds them, by the relationships of the package.
+[[nodiscard]] WorkbookResult FindXlsxParts(const ZipFile &zip, XlsxParts &parts);
