@@ -1,6 +1,7 @@
 #include "Commands.h"
 
 #include "Session.h"
+#include "SignalCleanup.h"
 
 #include <csignal>
 #include <cstdlib>
@@ -44,6 +45,7 @@ int ParseAndRun(int argc, char **argv)
     } catch (const CLI::ParseError &error) {
         return app.exit(error) == 0 ? EXIT_FINE : EXIT_WRONG_USE;
     }
+    SignalCleanup::Install(); // `serve` holds the signals back and reads them itself
     Session session(QString::fromStdString(debugLog));
     int status = chosen->Run(session);
     session.report.Flush();

@@ -1,0 +1,160 @@
+#include "SignalCleanup.h"
+
+#include <atomic>
+#include <cerrno>
+#include <climits>
+#include <poll.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <utility>
+
+/// An entry of the register, which is a chain. The handler follows `next` only, and each change of the chain that it
+/// can see is the writing of one pointer: it may come between any two instructions.
+struct SignalCleanup::Entry
+{
+    std::atomic<Entry *> next = nullptr;
+    Entry *previous = nullptr;
+    pid_t child = 0; // 0: it is a file
+    QByteArray path;
+};
+
+namespace
+{
+
+using Entry = SignalCleanup::Entry;
+
+constexpr int END_SIGNALS[] = {SIGINT, SIGTERM};
+
+/// The first entry. A handler of signals is handed nothing, so the register has to be found without being handed on.
+std::atomic<Entry *> first = nullptr;
+/// The process that installed the handlers.
+std::atomic<pid_t> owner = 0;
+
+static_assert(std::atomic<Entry *>::is_always_lock_free && std::atomic<pid_t>::is_always_lock_free);
+
+// What follows runs in the handler and may only call what is safe there: no memory is allocated or freed.
+
+void WaitForEnd(pid_t child)
+{
+    constexpr int PATIENCE_MS = 1000;
+    constexpr int STEP_MS = 10;
+    for (int waited = 0; waited < PATIENCE_MS; waited += STEP_MS) {
+        if (waitpid(child, nullptr, WNOHANG) != 0)
+            return;
+        poll(nullptr, 0, STEP_MS);
+    }
+    kill(child, SIGKILL);
+    while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
+    }
+}
+
+/// Children first: they may be writing the files.
+void CleanUp()
+{
+    for (const Entry *entry = first; entry; entry = entry->next) {
+        if (entry->child > 0)
+            kill(entry->child, SIGTERM);
+    }
+    for (const Entry *entry = first; entry; entry = entry->next) {
+        if (entry->child > 0)
+            WaitForEnd(entry->child);
+    }
+    for (const Entry *entry = first; entry; entry = entry->next) {
+        if (entry->child == 0)
+            unlink(entry->path.constData());
+    }
+}
+
+void EndBySignal(int signal)
+{
+    if (owner == getpid())
+        CleanUp();
+    std::signal(signal, SIG_DFL);
+    raise(signal); // takes effect when the handler returns
+}
+
+sigset_t EndSignals()
+{
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int signal : END_SIGNALS)
+        sigaddset(&signals, signal);
+    return signals;
+}
+
+QByteArray FromRoot(const QByteArray &path)
+{
+    char folder[PATH_MAX];
+    if (path.startsWith('/') || !getcwd(folder, sizeof folder))
+        return path;
+    return QByteArray(folder) + '/' + path;
+}
+
+} // namespace
+
+void SignalCleanup::Install()
+{
+    owner = getpid();
+    for (const int signal : END_SIGNALS) {
+        struct sigaction action = {};
+        if (sigaction(signal, nullptr, &action) != 0 || action.sa_handler == SIG_IGN)
+            continue;
+        action = {};
+        action.sa_handler = EndBySignal;
+        action.sa_mask = EndSignals();
+        sigaction(signal, &action, nullptr);
+    }
+}
+
+SignalCleanup SignalCleanup::OfFile(const QByteArray &path)
+{
+    auto *entry = new Entry;
+    entry->path = FromRoot(path);
+    return SignalCleanup(entry);
+}
+
+SignalCleanup SignalCleanup::OfChild(pid_t child)
+{
+    auto *entry = new Entry;
+    entry->child = child;
+    return SignalCleanup(entry);
+}
+
+SignalCleanup::SignalCleanup(Entry *registered) : entry(registered)
+{
+    Entry *const second = first;
+    entry->next = second;
+    if (second)
+        second->previous = entry;
+    first = entry;
+}
+
+SignalCleanup::SignalCleanup(SignalCleanup &&other) noexcept : entry(std::exchange(other.entry, nullptr)) {}
+
+SignalCleanup &SignalCleanup::operator=(SignalCleanup &&other) noexcept
+{
+    std::swap(entry, other.entry);
+    return *this;
+}
+
+void SignalCleanup::Release()
+{
+    if (!entry)
+        return;
+    Entry *const following = entry->next;
+    if (following)
+        following->previous = entry->previous;
+    (entry->previous ? entry->previous->next : first) = following;
+    delete std::exchange(entry, nullptr);
+}
+
+SignalHold::SignalHold()
+{
+    const sigset_t signals = EndSignals();
+    pthread_sigmask(SIG_BLOCK, &signals, &before);
+}
+
+SignalHold::~SignalHold()
+{
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+}
