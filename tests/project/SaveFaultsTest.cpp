@@ -76,7 +76,7 @@ TEST_F(SaveFaults, WhereverTheDiskGivesOutEveryFileStaysAndNothingLiesBesideIt)
         EXPECT_NE(Read()[file], before[file]);
 }
 
-TEST_F(SaveFaults, AKillAtAnyMomentLeavesEachFileWholeAndTheProjectOpens)
+TEST_F(SaveFaults, AKillAtAnyMomentLeavesEachFileWholeAndTheProjectOpensWithFilesOfOneSave)
 {
     // Two states that a child saves in turn.
     const char *const names[] = {"ID_A", "ID_B_AND_MORE"};
@@ -112,7 +112,11 @@ TEST_F(SaveFaults, AKillAtAnyMomentLeavesEachFileWholeAndTheProjectOpens)
         CDocManager documents([&] { return std::make_unique<CResDoc>(*other.env, project.tables, other.services); });
         ASSERT_NE(documents.OpenDocumentFile(project.Path()), nullptr) << other.TakeOutput().constData();
         documents.CloseAll();
+        ASSERT_TRUE(Read() == states[0] || Read() == states[1]);
     }
+    ASSERT_TRUE(doc->DoFileSave());
+    EXPECT_EQ(project.folder.Names("demo/res"), QStringList({u"demo.res.xml"_s, u"ref_list_demo.txt"_s}));
+    EXPECT_EQ(project.folder.Names("demo/ResID"), QStringList({u"ResID.h"_s}));
     EXPECT_TRUE(sawEach[0] && sawEach[1]);
 }
 

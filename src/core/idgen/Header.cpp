@@ -59,7 +59,7 @@ void Header::Define(const IDRecord &record)
     text.append(digit, number + sizeof number - digit);
 }
 
-bool Header::Write(const Environment &env, const QString &path)
+bool Header::Write(Environment &env, const QString &path)
 {
     QByteArray tail = "\n\n#ifdef __cplusplus"
                       "\n    }"

@@ -13,8 +13,8 @@ public:
 
     void Define(const IDRecord &record);
     void EmptyLine() { text += "\r\n"; }
-    /// Ends the header and writes it to `path`. A failure shows nowhere but in the return value.
-    bool Write(const Environment &env, const QString &path);
+    /// Ends the header and writes it to `path`. False when that failed, which has been explained.
+    bool Write(Environment &env, const QString &path);
 
 private:
     NarrowText guard;

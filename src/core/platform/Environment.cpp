@@ -2,6 +2,7 @@
 
 #include "HostFiles.h"
 #include "Paths.h"
+#include "WriteFault.h"
 
 #include <cstdarg>
 #include <cstdio>
@@ -121,9 +122,14 @@ void Environment::FlushOutput()
         flushOutput();
 }
 
-int Environment::ReplaceFile(QStringView path, QByteArrayView bytes, IfRefused ifRefused) const
+int Environment::ReplaceFile(QStringView path, QByteArrayView bytes, IfRefused ifRefused)
 {
-    return transaction ? transaction->Write(path, bytes, ifRefused) : WriteFileAtomically(path, bytes);
+    if (transaction)
+        return transaction->Write(path, bytes, ifRefused);
+    const int error = WriteFileAtomically(path, bytes);
+    if (error != 0)
+        ExplainFailure(WhyNotWritten(path.toString(), error));
+    return error;
 }
 
 const Profile &Environment::Languages() const

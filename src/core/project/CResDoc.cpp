@@ -11,6 +11,7 @@
 #include "ProjectConfig.h"
 #include "ProjectContext.h"
 #include "ProjectLayouts.h"
+#include "ProjectSave.h"
 #include "StringFile.h"
 
 #include <utility>
@@ -124,7 +125,8 @@ void CResDoc::Serialize(bool loading)
     env.RefreshSettings();
     env.ResetCounts();
     LoadClasses();
-    if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
+    if (!RecoverProjectFiles(env, m_strPathName) || !BuildFolderTree(m_strPathName) ||
+        ReadProject(m_strPathName, *this) != 0)
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
     name = FileTitle(m_strPathName);
     spy.doc = this;
@@ -149,7 +151,9 @@ bool CResDoc::OnSaveDocument(const QString &path)
 
 CResDoc::SaveResult CResDoc::SaveAll(const QString &path)
 {
-    FileTransaction files(env);
+    if (!RecoverProjectFiles(env, path))
+        return {0, CANNOT_WRITE};
+    FileTransaction files(env, SavedProjectOf(env, path));
     SaveResult result;
     result.generate = GenerateIds(&path);
     result.write = WriteProject(path, *this, files);
