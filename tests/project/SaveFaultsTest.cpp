@@ -1,4 +1,5 @@
 #include "FileLimit.h"
+#include "SignalCleanup.h"
 #include "TestProject.h"
 
 #include <QElapsedTimer>
@@ -91,18 +92,26 @@ TEST_F(SaveFaults, AKillAtAnyMomentLeavesEachFileWholeAndTheProjectOpensWithFile
     const auto longest = unsigned(std::clamp<qint64>(timer.nsecsElapsed() / 700, 3000, 200'000)); // about three saves
     std::mt19937 random(11);
     bool sawEach[2] = {};
-    for (int round = 0; round < 200; ++round) {
+    for (int round = 0; round < 240; ++round) {
         SCOPED_TRACE(round);
+        const int signal = round < 200 ? SIGKILL : SIGTERM;
         const pid_t child = fork();
         if (child == 0) {
+            SignalCleanup::Install();
             for (int which = round % 2;; which = !which) {
                 Change(names[which]);
                 (void)doc->DoFileSave();
             }
         }
         usleep(useconds_t(random() % longest)); // somewhere within the first few saves
-        kill(child, SIGKILL);
-        ASSERT_EQ(waitpid(child, nullptr, 0), child);
+        kill(child, signal);
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal);
+        if (round > 200) { // of the one before
+            ASSERT_EQ(project.folder.Names("demo/res"), QStringList({u"demo.res.xml"_s, u"ref_list_demo.txt"_s}));
+            ASSERT_EQ(project.folder.Names("demo/ResID"), QStringList({u"ResID.h"_s}));
+        }
         const Contents now = Read();
         for (int file = 0; file < 3; ++file) {
             ASSERT_TRUE(now[file] == states[0][file] || now[file] == states[1][file]) << file;

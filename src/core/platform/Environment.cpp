@@ -1,8 +1,8 @@
 #include "Environment.h"
 
+#include "FileFault.h"
 #include "HostFiles.h"
 #include "Paths.h"
-#include "WriteFault.h"
 
 #include <cstdarg>
 #include <cstdio>

@@ -12,7 +12,8 @@
 
 FileReplacement::FileReplacement(FileReplacement &&other) noexcept
     : temporary(std::exchange(other.temporary, {})), old(std::exchange(other.old, {})), target(std::move(other.target)),
-      handle(std::move(other.handle)), cleanup(std::move(other.cleanup)), number(other.number), isThere(other.isThere)
+      handle(std::move(other.handle)), cleanup(std::move(other.cleanup)), number(other.number), isThere(other.isThere),
+      isDevice(other.isDevice)
 {
 }
 
@@ -24,10 +25,19 @@ FileReplacement::~FileReplacement()
     }
 }
 
-int FileReplacement::Begin(QStringView path)
+int FileReplacement::Begin(QStringView path, IfDevice ifDevice)
 {
+    const QByteArray host = HostPath(path);
+    struct stat info;
+    if (ifDevice == IfDevice::WriteThrough && stat(host.constData(), &info) == 0 &&
+        (S_ISCHR(info.st_mode) || S_ISFIFO(info.st_mode))) {
+        isDevice = true;
+        target = host;
+        handle = FileHandle(open(host.constData(), O_WRONLY | O_NOCTTY | O_CLOEXEC));
+        return handle.IsOpen() ? 0 : errno;
+    }
     Leftovers leftovers;
-    return BeginAt(FollowLinks(HostPath(path)), leftovers);
+    return BeginAt(FollowLinks(host), leftovers);
 }
 
 int FileReplacement::BeginAt(const QByteArray &place, Leftovers &leftovers)
@@ -68,15 +78,16 @@ int FileReplacement::MakeBeside()
 
 int FileReplacement::Finish()
 {
-    const int error = fsync(handle.Get()) == 0 ? 0 : errno;
+    const int error = isDevice || fsync(handle.Get()) == 0 ? 0 : errno;
     handle = FileHandle();
     return error;
 }
 
-int FileReplacement::Write(QStringView path, QByteArrayView bytes)
+int FileReplacement::Write(QStringView path, QByteArrayView bytes, IfDevice ifDevice)
 {
-    Leftovers leftovers;
-    return WriteAt(FollowLinks(HostPath(path)), bytes, leftovers);
+    if (const int error = Begin(path, ifDevice))
+        return error;
+    return handle.WriteAll(bytes.data(), size_t(bytes.size())) ? Finish() : errno;
 }
 
 int FileReplacement::WriteAt(const QByteArray &place, QByteArrayView bytes, Leftovers &leftovers)
@@ -88,6 +99,8 @@ int FileReplacement::WriteAt(const QByteArray &place, QByteArrayView bytes, Left
 
 int FileReplacement::PutInPlace()
 {
+    if (isDevice)
+        return 0;
     if (rename(temporary.constData(), target.constData()) != 0)
         return errno;
     LeaveTemporary();
@@ -150,10 +163,10 @@ void SyncFolder(const QByteArray &folder)
         fsync(handle.Get());
 }
 
-int WriteFileAtomically(QStringView path, QByteArrayView bytes)
+int WriteFileAtomically(QStringView path, QByteArrayView bytes, IfDevice ifDevice)
 {
     FileReplacement file;
-    int error = file.Write(path, bytes);
+    int error = file.Write(path, bytes, ifDevice);
     if (error == 0)
         error = file.PutInPlace();
     if (error == 0)

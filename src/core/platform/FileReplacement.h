@@ -25,13 +25,13 @@ public:
     // Each gives 0, or the system's error number.
 
     /// Makes the new file, if the old one may be replaced at all. Removes first what killed processes left beside it.
-    [[nodiscard]] int Begin(QStringView path);
+    [[nodiscard]] int Begin(QStringView path, IfDevice ifDevice = IfDevice::Refuse);
     /// The same for a host's path that is no link any more, with what is known of such leftovers.
     [[nodiscard]] int BeginAt(const QByteArray &place, Leftovers &leftovers);
     /// Brings what was written to the disk.
     [[nodiscard]] int Finish();
     /// All of this at once, for a file of these bytes.
-    [[nodiscard]] int Write(QStringView path, QByteArrayView bytes);
+    [[nodiscard]] int Write(QStringView path, QByteArrayView bytes, IfDevice ifDevice = IfDevice::Refuse);
     [[nodiscard]] int WriteAt(const QByteArray &place, QByteArrayView bytes, Leftovers &leftovers);
     /// Renames the new file over the old one. `SyncFolder` makes that last.
     [[nodiscard]] int PutInPlace();
@@ -67,7 +67,8 @@ private:
     FileHandle handle;
     SignalCleanup cleanup; // of the temporary file
     int number = 0;
-    bool isThere = false; // the target, at the beginning
+    bool isThere = false;  // the target, at the beginning
+    bool isDevice = false; // what is written goes into it at once
 };
 
 /// Brings the names of a folder to the disk.

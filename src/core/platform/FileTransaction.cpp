@@ -1,8 +1,8 @@
 #include "Environment.h"
+#include "FileFault.h"
 #include "FilePlace.h"
 #include "Paths.h"
 #include "SaveJournal.h"
-#include "WriteFault.h"
 
 #include <algorithm>
 #include <cerrno>

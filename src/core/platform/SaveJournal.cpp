@@ -1,9 +1,10 @@
 #include "SaveJournal.h"
 
 #include "Environment.h"
+#include "FileFault.h"
 #include "FilePlace.h"
 #include "Leftovers.h"
-#include "WriteFault.h"
+#include "ProjectPlaces.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -42,49 +43,6 @@ QByteArray StampOf(const QByteArray &path)
     return QByteArray::number(qint64(info.st_size)) + ' ' + QByteArray::number(qint64(info.st_mtim.tv_sec)) + '.' +
            QByteArray::number(qint64(info.st_mtim.tv_nsec));
 }
-
-/// Where the files of a project may be.
-class ProjectPlaces
-{
-public:
-    explicit ProjectPlaces(const SavedProject &project) : folder(RealPath(HostPath(project.folder)))
-    {
-        for (const QString &other : project.outside) {
-            QByteArray place;
-            if (StaysInProject(HostPath(other) + "/file", folder, place) || project.followsLinks)
-                outside.insert(FolderOf(place));
-        }
-    }
-
-    [[nodiscard]] bool Have(const QByteArray &place) const
-    {
-        return IsBelow(place, folder) || outside.contains(FolderOf(place));
-    }
-
-    [[nodiscard]] QByteArray Stored(const QByteArray &place) const
-    {
-        return IsBelow(place, folder) ? place.mid(folder.size() + 1) : place;
-    }
-
-    /// The place of a stored path; empty when no file of the project can be there.
-    [[nodiscard]] QByteArray Restored(const QByteArray &stored) const
-    {
-        const QByteArray place = stored.startsWith('/') ? stored : folder + '/' + stored;
-        const QByteArrayList names = place.mid(1).split('/');
-        const bool isPlain = std::none_of(names.begin(), names.end(), [](const QByteArray &name) {
-            return name.isEmpty() || name == "." || name == ".." || name.contains('\0');
-        });
-        if (!isPlain || !Have(place))
-            return {};
-        const QByteArray real = RealPath(FolderOf(place));
-        const bool isThere = real.isEmpty() || real + '/' == FolderOf(place) || real == "/";
-        return isThere ? place : QByteArray(); // else a link leads there
-    }
-
-private:
-    QByteArray folder;
-    std::set<QByteArray> outside;
-};
 
 /// A file of a journal that was read.
 struct Renaming

@@ -22,5 +22,15 @@ SavedProject SavedProjectOf(const Environment &env, const QString &path)
 
 bool RecoverProjectFiles(Environment &env, const QString &path)
 {
-    return FinishInterruptedSave(env, SavedProjectOf(env, path));
+    const SavedProject project = SavedProjectOf(env, path);
+    if (IsRelativePath(project.journal)) {
+        env.ExplainFailure(
+            QStringLiteral("the path of a project and its files may have %1 characters, and \"%2\" has %3; "
+                           "move the project to a shorter path")
+                .arg(LONGEST_PATH)
+                .arg(path)
+                .arg(path.size()));
+        return false;
+    }
+    return FinishInterruptedSave(env, project);
 }
