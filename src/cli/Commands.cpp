@@ -2,6 +2,7 @@
 
 #include "Session.h"
 #include "SignalCleanup.h"
+#include "TypedText.h"
 
 #include <QFileInfo>
 
@@ -45,6 +46,12 @@ int ParseAndRun(int argc, char **argv)
     app.require_subcommand(1);
     app.fallthrough();
 
+    for (int i = 1; i < argc; ++i) {
+        if (const QString why = WhyNotUsable(argv[i]); !why.isEmpty()) {
+            Complain(why);
+            return EXIT_WRONG_USE;
+        }
+    }
     ICommand *chosen = nullptr;
     const auto commands = AllCommands();
     for (const auto &command : commands)
@@ -75,6 +82,7 @@ int ParseAndRun(int argc, char **argv)
 extern "C" __attribute__((visibility("default"))) int MorvaniteRun(int argc, char **argv)
 {
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN); // a file that grows beyond the limit is an error like any other
     try {
         return ParseAndRun(argc, argv);
     } catch (const std::bad_alloc &) {

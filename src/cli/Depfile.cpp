@@ -29,5 +29,5 @@ int WriteDepfile(const QString &path, const QByteArray &target, std::vector<QByt
     QByteArray text = Escaped(target) + ':';
     for (const QByteArray &input : inputs)
         text += " \\\n  " + Escaped(input);
-    return WriteFileAtomically(path, text + '\n');
+    return WriteFileAtomically(path, text + '\n', IfDevice::WriteThrough);
 }

@@ -2,6 +2,7 @@
 
 #include "HostFiles.h"
 #include "Paths.h"
+#include "TypedText.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -27,7 +28,13 @@ QString AbsolutePath(const std::string &typed)
     const QString path = QString::fromStdString(typed);
     if (path.isEmpty())
         return path;
-    return CanonicalPath(IsRelativePath(path) ? CurrentFolder() + u'/' + path : path);
+    if (!IsRelativePath(path))
+        return CanonicalPath(path);
+    if (const QString why = WhyNotUsable(CurrentFolderBytes()); !why.isEmpty()) {
+        Complain(why);
+        _exit(EXIT_WRONG_USE);
+    }
+    return CanonicalPath(CurrentFolder() + u'/' + path);
 }
 
 Session::Session(const QString &debugLogName, const QString &configFolder)

@@ -43,7 +43,7 @@ private:
 /// Says on standard error what is wrong: "morvanite-cli: " and the text.
 void Complain(const QString &text);
 
-/// The absolute path of what a user typed.
+/// The absolute path of what a user typed. Ends the program with a message when the current folder's name isn't UTF-8.
 [[nodiscard]] QString AbsolutePath(const std::string &typed);
 
 /// Exit statuses.

@@ -101,7 +101,8 @@ private:
         if (dryRun)
             return status;
         (void)document.DoFileSave();
-        const bool saved = document.lastSave.write == 0 && document.lastSave.generate == 0;
+        const bool saved =
+            document.lastSave.write == 0 && document.lastSave.generate == 0 && session.env.FailureCount == 0;
         if (!saved)
             Complain(document.PathName() + QStringLiteral(": failed to save the project with the imported texts"));
         return session.StatusAfter(saved ? status : int(EXIT_FAILED));

@@ -94,3 +94,14 @@ TEST_F(V1List, TheExampleOfTheManualIsReadAndWrittenUnchanged)
     EXPECT_EQ(Paths(list), "@/res/v1/chime.mid @/res/v1/manual.txt /opt/shared/logo.gif");
     EXPECT_EQ(Saved(list), example.replace("\n", "\r\n"));
 }
+
+TEST_F(V1List, IsNotWrittenWhereALinkLeadsOutOfTheProject)
+{
+    V1ResourceList list = Load();
+    list.Add({folder.Path("res/a.gif")});
+    TempFolder user;
+    user.Put("profile", "mine");
+    ASSERT_EQ(symlink(user.Path("profile").toUtf8().constData(), Narrow("demo_res.lst").constData()), 0);
+    EXPECT_EQ(Saved(list), "mine");
+    EXPECT_EQ(env.FailureCount, 1);
+}

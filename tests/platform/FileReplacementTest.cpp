@@ -5,6 +5,7 @@
 #include "TempFolder.h"
 
 #include <sys/stat.h>
+#include <sys/wait.h>
 
 using namespace Qt::StringLiterals;
 
@@ -92,6 +93,47 @@ TEST_F(WriteFile, OfATransactionAGeneratedFileThatIsRefusedHoldsUpNoOther)
         EXPECT_EQ(files.Commit(), refused == IfRefused::GoOn ? std::nullopt : std::optional(u"header"_s));
         EXPECT_EQ(folder.Get("list"), "saved");
         EXPECT_EQ(folder.Names(), QStringList({u"header"_s, u"list"_s}));
+        EXPECT_EQ(env.FailureCount, refused == IfRefused::GoOn ? 1 : 2);
         ASSERT_TRUE(QDir(u"header"_s).removeRecursively());
     }
+}
+
+TEST_F(WriteFile, OfATransactionThoseBeforeTheRefusedOneGetTheirOldContentBack)
+{
+    Environment env(folder.Path());
+    folder.Put("there", "old");
+    FileTransaction files(env);
+    for (const QString &name : {u"there"_s, u"fresh"_s, u"refused"_s})
+        EXPECT_EQ(env.ReplaceFile(name, "new"), 0);
+    folder.MakeFolder("refused/in the way");
+    EXPECT_EQ(files.Commit(), u"refused"_s);
+    EXPECT_EQ(folder.Get("there"), "old");
+    EXPECT_EQ(folder.Names(), QStringList({u"refused"_s, u"there"_s}));
+}
+
+TEST_F(WriteFile, RemovesWhatKilledProcessesLeftBesideTheFileAndNothingElse)
+{
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(0);
+    ASSERT_EQ(waitpid(child, nullptr, 0), child);
+    const QByteArray gone = QByteArray::number(child);
+    for (const QByteArray &left : QByteArrayList{"." + QByteArray("a.") + gone + "-0", ".a." + gone + "-17"})
+        folder.Put(left, "half");
+    QStringList kept{u"a"_s};
+    for (const QByteArray &other :
+         QByteArrayList{".b." + gone + "-0", ".a." + gone + "-1000", ".a." + gone + "-01", ".a.0" + gone + "-0",
+                        ".a." + gone + "-", ".a." + gone + "-0x", "a." + gone + "-0", ".a.-" + gone + "-0",
+                        ".a." + QByteArray::number(getppid()) + "-0", ".a." + QByteArray::number(getpid()) + "-5"}) {
+        folder.Put(other, "kept");
+        kept.append(QString::fromUtf8(other));
+    }
+    ASSERT_EQ(symlink("a", (".a." + gone + "-3").constData()), 0);
+    folder.MakeFolder((".a." + gone + "-4").constData());
+    EXPECT_EQ(WriteFileAtomically(u"a", "new"), 0);
+    kept.append({QString::fromUtf8(".a." + gone + "-3"), QString::fromUtf8(".a." + gone + "-4")});
+    kept.sort();
+    QStringList names = folder.Names();
+    names.sort();
+    EXPECT_EQ(names, kept);
 }

@@ -2,6 +2,7 @@
 
 #include "TempFolder.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -19,6 +20,13 @@ TEST(HostPaths, EachNameIsMatchedWithoutCaseAndTheExactOneFirst)
     EXPECT_EQ(HostPath(u"Res\\missing\\Logo.PNG"), "Res/missing/Logo.PNG");
     EXPECT_EQ(HostPath(u"RES\\other.png"), "Res/other.png") << "of two folders one, always the same";
     EXPECT_EQ(HostPath(u"TWIN"), "TWin");
+    // A name that isn't UTF-8 is none of those that text can name: decoded, two of them would be equal.
+    QDir().mkdir(u"text"_s);
+    const FileHandle other(creat("text/M\xF6ller", 0600));
+    ASSERT_TRUE(other.IsOpen());
+    EXPECT_EQ(HostPath(u"text\\M\uFFFDller"), QByteArray("text/M\uFFFDller"));
+    EXPECT_FALSE(PathExists(u"text\\M\uFFFDller") || HostPaths().Exists(u"text\\M\uFFFDller"));
+    EXPECT_EQ(unlink("text/M\xF6ller"), 0); // who removes the folder can't
 }
 
 TEST(HostPaths, ListingsAnswerAsTheFileSystemDoes)

@@ -1,4 +1,5 @@
 #include "FileLimit.h"
+#include "SignalCleanup.h"
 #include "TestProject.h"
 
 #include <QElapsedTimer>
@@ -76,7 +77,7 @@ TEST_F(SaveFaults, WhereverTheDiskGivesOutEveryFileStaysAndNothingLiesBesideIt)
         EXPECT_NE(Read()[file], before[file]);
 }
 
-TEST_F(SaveFaults, AKillAtAnyMomentLeavesEachFileWholeAndTheProjectOpens)
+TEST_F(SaveFaults, AKillAtAnyMomentLeavesEachFileWholeAndTheProjectOpensWithFilesOfOneSave)
 {
     // Two states that a child saves in turn.
     const char *const names[] = {"ID_A", "ID_B_AND_MORE"};
@@ -91,18 +92,26 @@ TEST_F(SaveFaults, AKillAtAnyMomentLeavesEachFileWholeAndTheProjectOpens)
     const auto longest = unsigned(std::clamp<qint64>(timer.nsecsElapsed() / 700, 3000, 200'000)); // about three saves
     std::mt19937 random(11);
     bool sawEach[2] = {};
-    for (int round = 0; round < 200; ++round) {
+    for (int round = 0; round < 240; ++round) {
         SCOPED_TRACE(round);
+        const int signal = round < 200 ? SIGKILL : SIGTERM;
         const pid_t child = fork();
         if (child == 0) {
+            SignalCleanup::Install();
             for (int which = round % 2;; which = !which) {
                 Change(names[which]);
                 (void)doc->DoFileSave();
             }
         }
         usleep(useconds_t(random() % longest)); // somewhere within the first few saves
-        kill(child, SIGKILL);
-        ASSERT_EQ(waitpid(child, nullptr, 0), child);
+        kill(child, signal);
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal);
+        if (round > 200) { // of the one before
+            ASSERT_EQ(project.folder.Names("demo/res"), QStringList({u"demo.res.xml"_s, u"ref_list_demo.txt"_s}));
+            ASSERT_EQ(project.folder.Names("demo/ResID"), QStringList({u"ResID.h"_s}));
+        }
         const Contents now = Read();
         for (int file = 0; file < 3; ++file) {
             ASSERT_TRUE(now[file] == states[0][file] || now[file] == states[1][file]) << file;
@@ -112,7 +121,11 @@ TEST_F(SaveFaults, AKillAtAnyMomentLeavesEachFileWholeAndTheProjectOpens)
         CDocManager documents([&] { return std::make_unique<CResDoc>(*other.env, project.tables, other.services); });
         ASSERT_NE(documents.OpenDocumentFile(project.Path()), nullptr) << other.TakeOutput().constData();
         documents.CloseAll();
+        ASSERT_TRUE(Read() == states[0] || Read() == states[1]);
     }
+    ASSERT_TRUE(doc->DoFileSave());
+    EXPECT_EQ(project.folder.Names("demo/res"), QStringList({u"demo.res.xml"_s, u"ref_list_demo.txt"_s}));
+    EXPECT_EQ(project.folder.Names("demo/ResID"), QStringList({u"ResID.h"_s}));
     EXPECT_TRUE(sawEach[0] && sawEach[1]);
 }
 

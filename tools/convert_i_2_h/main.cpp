@@ -1,5 +1,6 @@
 // Makes a C header of the tables of numbers that zul_xml_conv.exe writes.
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <fstream>
@@ -143,6 +144,7 @@ int main(int argc, char **argv)
         std::fputs(USAGE, stderr);
         return 2;
     }
+    std::signal(SIGXFSZ, SIG_IGN); // a file that grows beyond the limit is an error like any other
     try {
         Header header;
         header.Read(argv[1]);

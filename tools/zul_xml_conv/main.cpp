@@ -1,5 +1,6 @@
 #include "Conversion.h"
 #include "Environment.h"
+#include "SignalCleanup.h"
 
 #include <csignal>
 #include <cstdio>
@@ -28,6 +29,8 @@ int main(int argc, char **argv)
     const rlimit seconds{MOST_SECONDS, MOST_SECONDS};
     setrlimit(RLIMIT_CPU, &seconds);
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN); // a file that grows beyond the limit is an error like any other
+    SignalCleanup::Install();      // the packer may be ended
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments.append(QString::fromUtf8(argv[i]));

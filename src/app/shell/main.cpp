@@ -1,6 +1,7 @@
 #include "Boxes.h"
 #include "CMorvaniteApp.h"
 #include "SingleInstance.h"
+#include "TypedText.h"
 
 #include <QApplication>
 
@@ -31,8 +32,13 @@ int main(int argc, char **argv)
     for (int i = 1; i < argc; ++i) {
         if (const std::optional<int> status = AnswerWithoutWindow(argv[i]))
             return *status;
+        if (const QString why = WhyNotUsable(argv[i]); !why.isEmpty()) {
+            std::fprintf(stderr, "morvanite: %s\n", qUtf8Printable(why));
+            return 2;
+        }
     }
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN); // a file that grows beyond the limit is an error like any other
     QString error;
     // Before anything of a window is made: a second start is over in a moment.
     const FirstInstance first = ShowFirstInstance(PATIENCE_MS, error);

@@ -61,7 +61,7 @@ namespace
 class LayoutPrinter
 {
 public:
-    explicit LayoutPrinter(const Environment &environment) : env(environment), xml(environment) {}
+    explicit LayoutPrinter(Environment &environment) : env(environment), xml(environment) {}
 
     /// False for what no file can hold.
     bool Print(const LayoutFileObject::Layouts &layouts)

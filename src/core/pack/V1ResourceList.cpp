@@ -117,7 +117,7 @@ bool V1ResourceList::Save() const
         if (!row.name.isEmpty() && !row.path.isEmpty())
             text += env.WideToNarrow(StoredPath(row.path));
     }
-    (void)WriteFileAtomically(V1ListPath(projectPath), text);
+    WriteList(V1ListPath(projectPath), text);
     CopyToConfiguration();
     return true;
 }
@@ -135,5 +135,13 @@ void V1ResourceList::CopyToConfiguration() const
         return;
     QByteArray bytes;
     if (ReadFile(V1ListPath(projectPath), bytes) == 0)
-        (void)WriteFileAtomically(folder + u'/' + FileName(V1ListPath(projectPath)), bytes);
+        WriteList(folder + u'/' + FileName(V1ListPath(projectPath)), bytes);
+}
+
+/// Writes a file of the project, unless a link leads it out of that.
+void V1ResourceList::WriteList(const QString &path, const QByteArray &bytes) const
+{
+    FileTransaction files(env, {projectFolder, {}, {}, env.settings.Int("Path", "follow_links", 0) != 0});
+    if (env.ReplaceFile(path, bytes) == 0)
+        (void)files.Commit();
 }

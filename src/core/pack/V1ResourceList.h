@@ -49,6 +49,7 @@ private:
     [[nodiscard]] bool AddLine(const QString &line);
     [[nodiscard]] QString StoredPath(const QString &path) const;
     void CopyToConfiguration() const;
+    void WriteList(const QString &path, const QByteArray &bytes) const;
 
     Environment &env;
     QString projectPath;

@@ -1,5 +1,6 @@
 #include "Environment.h"
 
+#include "FileFault.h"
 #include "HostFiles.h"
 #include "Paths.h"
 
@@ -161,9 +162,14 @@ void Environment::FlushOutput()
         flushOutput();
 }
 
-int Environment::ReplaceFile(QStringView path, QByteArrayView bytes, IfRefused ifRefused) const
+int Environment::ReplaceFile(QStringView path, QByteArrayView bytes, IfRefused ifRefused)
 {
-    return transaction ? transaction->Write(path, bytes, ifRefused) : WriteFileAtomically(path, bytes);
+    if (transaction)
+        return transaction->Write(path, bytes, ifRefused);
+    const int error = WriteFileAtomically(path, bytes);
+    if (error != 0)
+        ExplainFailure(WhyNotWritten(path.toString(), error));
+    return error;
 }
 
 const Profile &Environment::Languages() const

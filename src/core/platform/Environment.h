@@ -110,8 +110,8 @@ public:
     void FlushOutput();
 
     /// Replaces a file in one step, or together with the others of the transaction that is under way. 0, or the
-    /// system's error number.
-    [[nodiscard]] int ReplaceFile(QStringView path, QByteArrayView bytes, IfRefused ifRefused = IfRefused::Stop) const;
+    /// system's error number, which has been explained (ExplainFailure).
+    [[nodiscard]] int ReplaceFile(QStringView path, QByteArrayView bytes, IfRefused ifRefused = IfRefused::Stop);
     /// The transaction under way; it sets this itself.
     FileTransaction *transaction = nullptr;
 

@@ -1,89 +1,98 @@
 #include "FileReplacement.h"
 
+#include "FilePlace.h"
+#include "Leftovers.h"
+
 #include <cerrno>
-#include <climits>
-#include <cstdlib>
+#include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
-namespace
-{
-
-/// What the symbolic links at `path` lead to, even when nothing is there yet.
-QByteArray FollowLinks(QByteArray path)
-{
-    for (int hops = 0; hops < 40; ++hops) {
-        char target[PATH_MAX];
-        const ssize_t size = readlink(path.constData(), target, sizeof target);
-        if (size <= 0)
-            break;
-        const QByteArray link(target, size);
-        path = link.startsWith('/') ? link : path.left(path.lastIndexOf('/') + 1) + link;
-    }
-    return path;
-}
-
-/// Makes a file beside `target` with the rights that a new file has, and sets `name` to its path.
-FileHandle MakeBeside(const QByteArray &target, QByteArray &name)
-{
-    constexpr int MOST_LEFT_OVERS = 1000; // of programs that were killed
-    const qsizetype slash = target.lastIndexOf('/');
-    const QByteArray start = target.left(slash + 1) + '.' + target.mid(slash + 1).left(200) + '.' +
-                             QByteArray::number(qint64(getpid())) + '-';
-    for (int n = 0; n < MOST_LEFT_OVERS; ++n) {
-        const QByteArray tried = start + QByteArray::number(n);
-        FileHandle file(open(tried.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-        if (file.IsOpen())
-            name = tried;
-        if (file.IsOpen() || errno != EEXIST)
-            return file;
-    }
-    return FileHandle();
-}
-
-} // namespace
-
 FileReplacement::FileReplacement(FileReplacement &&other) noexcept
-    : temporary(std::exchange(other.temporary, {})), target(std::move(other.target)), handle(std::move(other.handle))
+    : temporary(std::exchange(other.temporary, {})), old(std::exchange(other.old, {})), target(std::move(other.target)),
+      handle(std::move(other.handle)), cleanup(std::move(other.cleanup)), number(other.number), isThere(other.isThere),
+      isDevice(other.isDevice)
 {
 }
 
 FileReplacement::~FileReplacement()
 {
-    if (!temporary.isEmpty())
-        unlink(temporary.constData());
+    for (const QByteArray &path : {temporary, old}) {
+        if (!path.isEmpty())
+            unlink(path.constData());
+    }
 }
 
-int FileReplacement::Begin(QStringView path)
+int FileReplacement::Begin(QStringView path, IfDevice ifDevice)
 {
-    target = FollowLinks(HostPath(path));
-    struct stat old;
-    const bool exists = stat(target.constData(), &old) == 0;
-    if (exists && !S_ISREG(old.st_mode))
-        return S_ISDIR(old.st_mode) ? EISDIR : EINVAL;
-    if (exists && access(target.constData(), W_OK) != 0)
+    const QByteArray host = HostPath(path);
+    struct stat info;
+    if (ifDevice == IfDevice::WriteThrough && stat(host.constData(), &info) == 0 &&
+        (S_ISCHR(info.st_mode) || S_ISFIFO(info.st_mode))) {
+        isDevice = true;
+        target = host;
+        handle = FileHandle(open(host.constData(), O_WRONLY | O_NOCTTY | O_CLOEXEC));
+        return handle.IsOpen() ? 0 : errno;
+    }
+    Leftovers leftovers;
+    return BeginAt(FollowLinks(host), leftovers);
+}
+
+int FileReplacement::BeginAt(const QByteArray &place, Leftovers &leftovers)
+{
+    target = place;
+    struct stat info;
+    isThere = stat(target.constData(), &info) == 0;
+    if (isThere && !S_ISREG(info.st_mode))
+        return S_ISDIR(info.st_mode) ? EISDIR : EINVAL;
+    if (isThere && access(target.constData(), W_OK) != 0)
         return errno;
-    handle = MakeBeside(target, temporary);
-    if (!handle.IsOpen())
-        return errno;
-    if (!exists)
+    leftovers.RemoveBeside(target);
+    if (const int error = MakeBeside())
+        return error;
+    if (!isThere)
         return 0;
-    (void)!fchown(handle.Get(), old.st_uid, old.st_gid); // before the mode, since it clears bits of that
-    return fchmod(handle.Get(), old.st_mode & 07777) == 0 ? 0 : errno;
+    (void)!fchown(handle.Get(), info.st_uid, info.st_gid); // before the mode, since it clears bits of that
+    return fchmod(handle.Get(), info.st_mode & 07777) == 0 ? 0 : errno;
+}
+
+/// Makes the temporary file, with the rights that a new file has.
+int FileReplacement::MakeBeside()
+{
+    for (number = 0; number < MOST_TEMPORARY_FILES; ++number) {
+        const QByteArray tried = TemporaryName(target, getpid(), number);
+        const SignalHold hold; // nothing is left between the two steps
+        handle = FileHandle(open(tried.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+        if (handle.IsOpen()) {
+            cleanup = SignalCleanup::OfFile(tried);
+            temporary = tried;
+            return 0;
+        }
+        if (errno != EEXIST)
+            return errno;
+    }
+    return EEXIST;
 }
 
 int FileReplacement::Finish()
 {
-    const int error = fsync(handle.Get()) == 0 ? 0 : errno;
+    const int error = isDevice || fsync(handle.Get()) == 0 ? 0 : errno;
     handle = FileHandle();
     return error;
 }
 
-int FileReplacement::Write(QStringView path, QByteArrayView bytes)
+int FileReplacement::Write(QStringView path, QByteArrayView bytes, IfDevice ifDevice)
 {
-    if (const int error = Begin(path))
+    if (const int error = Begin(path, ifDevice))
+        return error;
+    return handle.WriteAll(bytes.data(), size_t(bytes.size())) ? Finish() : errno;
+}
+
+int FileReplacement::WriteAt(const QByteArray &place, QByteArrayView bytes, Leftovers &leftovers)
+{
+    if (const int error = BeginAt(place, leftovers))
         return error;
     return handle.WriteAll(bytes.data(), size_t(bytes.size())) ? Finish() : errno;
 }
@@ -98,16 +107,61 @@ bool FileReplacement::Replaces() const
 
 int FileReplacement::PutInPlace()
 {
+    if (isDevice)
+        return 0;
     if (rename(temporary.constData(), target.constData()) != 0)
         return errno;
+    LeaveTemporary();
+    return 0;
+}
+
+int FileReplacement::PutInFreePlace()
+{
+    if (renameat2(AT_FDCWD, temporary.constData(), AT_FDCWD, target.constData(), RENAME_NOREPLACE) != 0) {
+        struct stat info;
+        if (errno != EINVAL && errno != ENOSYS)
+            return errno;
+        if (lstat(target.constData(), &info) == 0) // the file system doesn't know that call: as near as it gets
+            return EEXIST;
+        return PutInPlace();
+    }
+    LeaveTemporary();
+    return 0;
+}
+
+void FileReplacement::LeaveTemporary()
+{
+    cleanup.Release();
     temporary.clear();
+}
+
+bool FileReplacement::KeepOld()
+{
+    if (!isThere)
+        return true;
+    for (int n = 0; n < MOST_TEMPORARY_FILES; ++n) {
+        const QByteArray tried = TemporaryName(target, getpid(), n);
+        if (link(target.constData(), tried.constData()) == 0)
+            old = tried;
+        if (!old.isEmpty() || errno != EEXIST)
+            break;
+    }
+    return !old.isEmpty();
+}
+
+int FileReplacement::TakeBack()
+{
+    if (!isThere)
+        return unlink(target.constData()) == 0 || errno == ENOENT ? 0 : errno;
+    if (rename(old.constData(), target.constData()) != 0)
+        return errno;
+    old.clear();
     return 0;
 }
 
 QByteArray FileReplacement::Folder() const
 {
-    const qsizetype slash = target.lastIndexOf('/');
-    return slash < 0 ? QByteArray(".") : target.left(slash + 1);
+    return FolderOf(target);
 }
 
 void SyncFolder(const QByteArray &folder)
@@ -117,10 +171,10 @@ void SyncFolder(const QByteArray &folder)
         fsync(handle.Get());
 }
 
-int WriteFileAtomically(QStringView path, QByteArrayView bytes)
+int WriteFileAtomically(QStringView path, QByteArrayView bytes, IfDevice ifDevice)
 {
     FileReplacement file;
-    int error = file.Write(path, bytes);
+    int error = file.Write(path, bytes, ifDevice);
     if (error == 0)
         error = file.PutInPlace();
     if (error == 0)

@@ -1,8 +1,17 @@
 #include "Environment.h"
+#include "FileFault.h"
+#include "FilePlace.h"
 #include "HostFiles.h"
 #include "Paths.h"
+#include "SaveJournal.h"
 
-FileTransaction::FileTransaction(Environment &environment) : env(environment)
+#include <algorithm>
+#include <cerrno>
+
+using namespace Qt::StringLiterals;
+
+FileTransaction::FileTransaction(Environment &environment, SavedProject savedProject)
+    : env(environment), project(std::move(savedProject))
 {
     env.transaction = this;
 }
@@ -21,11 +30,28 @@ void FileTransaction::End()
 
 int FileTransaction::Write(QStringView path, QByteArrayView bytes, IfRefused ifRefused)
 {
+    const QByteArray host = HostPath(path);
+    QByteArray place = FollowLinks(host);
+    if (!project.folder.isEmpty() && !StaysInProject(host, HostPath(project.folder), place) && !project.followsLinks) {
+        env.ExplainFailure(u"\"%1\" isn't written: a symbolic link leads out of the project, to \"%2\"; remove the "
+                           "link, or allow such links with follow_links=1 in section Path of your Morvanite.ini"_s.arg(
+                               ResolvePath(path.toString(), project.folder), QString::fromUtf8(place)));
+        return ELOOP;
+    }
     FileReplacement file;
-    const int error = file.Write(path, bytes);
-    if (error == 0)
-        staged.push_back({std::move(file), path.toString(), ifRefused});
-    return error;
+    const int error = file.WriteAt(place, bytes, leftovers);
+    if (error != 0) {
+        Explain(path, error);
+        return error;
+    }
+    std::erase_if(staged, [&](const Staged &item) { return item.file.Target() == file.Target(); });
+    staged.push_back({std::move(file), path.toString(), ifRefused});
+    return 0;
+}
+
+void FileTransaction::Explain(QStringView path, int error)
+{
+    env.ExplainFailure(WhyNotWritten(path.toString(), error));
 }
 
 QStringList FileTransaction::Replaced() const
@@ -40,22 +66,78 @@ QStringList FileTransaction::Replaced() const
 
 std::optional<QString> FileTransaction::Commit()
 {
+    const SignalHold hold;
+    SaveJournal journal;
     std::optional<QString> refused;
-    QByteArray lastFolder;
-    for (Staged &item : staged) {
-        if (item.file.PutInPlace() != 0) {
-            if (item.ifRefused == IfRefused::GoOn)
-                continue;
-            refused = item.path;
-            break;
-        }
-        const QByteArray folder = item.file.Folder();
-        if (folder != lastFolder && !lastFolder.isEmpty())
-            SyncFolder(lastFolder);
-        lastFolder = folder; // once for the files of one folder
+    if (const int error = BeginJournal(journal)) {
+        refused = project.journal;
+        if (error != EBUSY)
+            Explain(project.journal, error);
+    } else {
+        refused = RenameAll();
+        const bool isDone = !refused || TakeBack();
+        SyncFolders();
+        if (isDone)
+            journal.End();
     }
-    if (!lastFolder.isEmpty())
-        SyncFolder(lastFolder);
     End();
     return refused;
+}
+
+/// One file needs no journal: it is there as a whole or not at all.
+int FileTransaction::BeginJournal(SaveJournal &journal)
+{
+    if (project.journal.isEmpty() || staged.size() < 2)
+        return 0;
+    std::vector<SaveJournal::Entry> entries;
+    for (const Staged &item : staged)
+        entries.push_back({item.file.Target(), item.file.Number(), item.ifRefused == IfRefused::GoOn});
+    return journal.Begin(env, project, entries);
+}
+
+std::optional<QString> FileTransaction::RenameAll()
+{
+    for (Staged &item : staged) {
+        (void)item.file.KeepOld();
+        const int error = item.file.PutInPlace();
+        item.isInPlace = error == 0;
+        if (error == 0)
+            continue;
+        Explain(item.path, error);
+        if (item.ifRefused == IfRefused::Stop)
+            return item.path;
+    }
+    return std::nullopt;
+}
+
+/// Gives the files that were renamed their old content back. False when that can't be and a later save is to finish
+/// this one.
+bool FileTransaction::TakeBack()
+{
+    const bool isPossible = std::all_of(staged.begin(), staged.end(),
+                                        [](const Staged &item) { return !item.isInPlace || item.file.CanTakeBack(); });
+    if (!isPossible && !project.journal.isEmpty()) {
+        for (Staged &item : staged)
+            item.file.LeaveTemporary();
+        env.Explain(u"this file system can't give the other files their old content back: the project's next opening "
+                    "or save finishes this one"_s);
+        return false;
+    }
+    for (auto item = staged.rbegin(); isPossible && item != staged.rend(); ++item) {
+        const int error = item->isInPlace ? item->file.TakeBack() : 0;
+        if (error != 0)
+            Explain(item->path, error);
+    }
+    return true;
+}
+
+void FileTransaction::SyncFolders() const
+{
+    QByteArray lastFolder;
+    for (const Staged &item : staged) {
+        if (const QByteArray folder = item.file.Folder(); item.isInPlace && folder != lastFolder) {
+            SyncFolder(folder);
+            lastFolder = folder; // once for the files of one folder
+        }
+    }
 }

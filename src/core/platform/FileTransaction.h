@@ -1,18 +1,20 @@
 #pragma once
 
 #include "FileReplacement.h"
+#include "Leftovers.h"
+#include "SavedProject.h"
 
 #include <QStringList>
 
+#include <list>
 #include <optional>
-#include <vector>
 
 class Environment;
 
 /// What becomes of the other files of a transaction when the system refuses to put one into its place.
 enum class IfRefused
 {
-    Stop, ///< those behind it stay as they were
+    Stop, ///< those behind it stay as they were, and those before it get their old content back
     GoOn, ///< it is made anew at every save, and none of the others depends on it
 };
 
@@ -21,32 +23,42 @@ enum class IfRefused
 class FileTransaction
 {
 public:
-    explicit FileTransaction(Environment &environment);
+    /// With a project a file must stay in it (StaysInProject), and the renames have a journal (SaveJournal).
+    explicit FileTransaction(Environment &environment, SavedProject savedProject = {});
     ~FileTransaction(); ///< drops what wasn't committed
     FileTransaction(const FileTransaction &) = delete;
     FileTransaction &operator=(const FileTransaction &) = delete;
 
-    /// Writes a file beside its place. 0, or the system's error number.
+    /// Writes a file beside its place. 0, or the system's error number, which the environment has explained; ELOOP when
+    /// a link leads out of the project.
     [[nodiscard]] int Write(QStringView path, QByteArrayView bytes, IfRefused ifRefused);
 
     /// The absolute paths of the written files that replace one with other bytes.
     [[nodiscard]] QStringList Replaced() const;
 
     /// Puts all written files into their places, in the order of writing, and ends the transaction. The path of the
-    /// file that the system refused, as it was handed in; those before it have changed.
+    /// file that the system refused, as it was handed in: no file has changed then. SIGINT and SIGTERM wait meanwhile.
     [[nodiscard]] std::optional<QString> Commit();
 
 private:
-    void End();
-
     /// A written file that waits for its place.
     struct Staged
     {
         FileReplacement file;
         QString path;
         IfRefused ifRefused;
+        bool isInPlace = false;
     };
 
+    void End();
+    [[nodiscard]] int BeginJournal(class SaveJournal &journal);
+    [[nodiscard]] std::optional<QString> RenameAll();
+    [[nodiscard]] bool TakeBack();
+    void SyncFolders() const;
+    void Explain(QStringView path, int error);
+
     Environment &env;
-    std::vector<Staged> staged;
+    SavedProject project;
+    Leftovers leftovers;
+    std::list<Staged> staged;
 };

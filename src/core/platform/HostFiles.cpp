@@ -111,10 +111,15 @@ bool SetCurrentFolder(QStringView path)
     return chdir(HostPath(path).constData()) == 0;
 }
 
-QString CurrentFolder()
+QByteArray CurrentFolderBytes()
 {
     char path[PATH_MAX];
-    return getcwd(path, sizeof path) ? QString::fromUtf8(path) : QString();
+    return getcwd(path, sizeof path) ? QByteArray(path) : QByteArray();
+}
+
+QString CurrentFolder()
+{
+    return QString::fromUtf8(CurrentFolderBytes());
 }
 
 bool IsSameFile(const QByteArray &a, const QByteArray &b)

@@ -36,9 +36,16 @@ private:
 /// Reads a file whole. 0, or the system's error number (EFBIG above `limit` bytes).
 [[nodiscard]] int ReadFile(QStringView path, QByteArray &bytes, qint64 limit = qint64(1) << 31);
 
+/// What becomes of a character device or a pipe (FIFO) that has the name of a file that is to be written.
+enum class IfDevice
+{
+    Refuse,       ///< the file can't be written
+    WriteThrough, ///< it is written to. A pipe without a reader is waited for. For files that the user names
+};
+
 /// Replaces a file in one step: written beside it, synced, renamed over it; mode and symbolic link stay. 0, or the
 /// system's error number, and then the old file is as it was.
-[[nodiscard]] int WriteFileAtomically(QStringView path, QByteArrayView bytes);
+[[nodiscard]] int WriteFileAtomically(QStringView path, QByteArrayView bytes, IfDevice ifDevice = IfDevice::Refuse);
 
 /// A file of the system, closed by itself.
 class FileHandle
@@ -70,6 +77,8 @@ bool CreateFolderOnDisk(QStringView path);
 /// Sets the current directory of the process. Where that fails (errno says why) it stays what it was, maybe another
 /// project's: whoever goes on with relative paths reads and writes there.
 [[nodiscard]] bool SetCurrentFolder(QStringView path);
+[[nodiscard]] QByteArray CurrentFolderBytes();
+/// The same as text: it leads nowhere when the name isn't UTF-8.
 [[nodiscard]] QString CurrentFolder();
 /// True when both names lead to the same file of the disk.
 [[nodiscard]] bool IsSameFile(const QByteArray &a, const QByteArray &b);

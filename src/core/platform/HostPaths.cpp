@@ -49,6 +49,8 @@ struct Listing
         if (!hasLower) {
             hasLower = true;
             for (const auto &[known, certain] : names) {
+                if (!QUtf8StringView(known).isValidUtf8())
+                    continue; // decoded, different names would be equal
                 std::string &first = lower.try_emplace(LowerUtf8(known), known).first->second;
                 first = std::min(first, known); // of several spellings always the same one
             }

@@ -7,8 +7,6 @@
 namespace
 {
 
-constexpr qsizetype LONGEST_PATH = 520;
-
 bool IsSeparator(QChar c)
 {
     return c == u'\\' || c == u'/';

@@ -25,8 +25,11 @@
 /// Says whether two paths name the same file: without regard to case, and canonical.
 [[nodiscard]] bool IsSamePath(QStringView a, QStringView b);
 
+/// How many characters a path may have that MakeAbsolute makes.
+inline constexpr qsizetype LONGEST_PATH = 520;
+
 /// Joins a relative `path` to `base`, in the host's form. False, and no change, when the result would be longer than
-/// 520 characters. A path that isn't relative stays unchanged.
+/// LONGEST_PATH. A path that isn't relative stays unchanged.
 bool MakeAbsolute(QString &path, const QString &base);
 
 /// Turns a path inside `base` into one that begins with ".\". True: `path` may be stored as it now stands.

@@ -87,6 +87,7 @@ public:
         sigemptyset(&signals);
         posix_spawnattr_setsigmask(&attributes, &signals);
         sigaddset(&signals, SIGPIPE);
+        sigaddset(&signals, SIGXFSZ);
         posix_spawnattr_setsigdefault(&attributes, &signals);
     }
     ~SpawnSettings()

@@ -4,6 +4,7 @@
 #include "HostFiles.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <vector>
 
@@ -174,8 +175,9 @@ void UnifyLineEnds(QByteArray &text)
 int LoadXml(const Environment &env, const QString &path, TiXmlDocument &document)
 {
     QByteArray bytes;
-    if (ReadFile(path, bytes, LARGEST_FILE) != 0) {
+    if (const int error = ReadFile(path, bytes, LARGEST_FILE)) {
         document.SetError(TiXmlBase::TIXML_ERROR_OPENING_FILE, nullptr, nullptr, TIXML_ENCODING_UNKNOWN);
+        errno = error;
         return -1;
     }
     return ParseXml(env, bytes, document);

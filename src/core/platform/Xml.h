@@ -8,8 +8,8 @@ class Environment;
 
 /// Reads an XML file into `document`. The only way in: the file is turned into UTF-8, and nesting (256), attributes of
 /// an element (128), the number of tags (4 million) and size (256 MiB) are bounded before the parser sees it. 0; -1
-/// when it can't be opened; -2 when it isn't well-formed, and then `document.ErrorRow()` tells where. That row is 0 for
-/// an empty file and one that isn't there.
+/// when it can't be opened (errno tells why); -2 when it isn't well-formed, and then `document.ErrorRow()` tells where.
+/// That row is 0 for an empty file and one that isn't there.
 [[nodiscard]] int LoadXml(const Environment &env, const QString &path, TiXmlDocument &document);
 [[nodiscard]] int ParseXml(const Environment &env, QByteArrayView bytes, TiXmlDocument &document);
 

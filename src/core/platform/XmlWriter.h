@@ -19,7 +19,7 @@ class Environment;
 class XmlWriter
 {
 public:
-    explicit XmlWriter(const Environment &environment) : env(environment) {}
+    explicit XmlWriter(Environment &environment) : env(environment) {}
 
     void Begin(const TiXmlElement &element);
     /// Elements and text only.
@@ -44,7 +44,7 @@ private:
     void CloseTag();
     void Encode(QByteArrayView plain);
 
-    const Environment &env;
+    Environment &env;
     QByteArray buffer; // a layout is some million pieces: each is copied into its place and costs nothing else
     qsizetype used = 0;
     std::vector<QByteArray> open; // names, outermost first

@@ -12,6 +12,7 @@
 #include "ProjectConfig.h"
 #include "ProjectContext.h"
 #include "ProjectLayouts.h"
+#include "ProjectSave.h"
 #include "StringFile.h"
 
 #include <utility>
@@ -127,7 +128,7 @@ void CResDoc::Serialize(bool loading)
         return;
     env.RefreshSettings();
     env.ResetCounts();
-    if (!env.UseProjectSettings(DirectoryOf(m_strPathName)))
+    if (!env.UseProjectSettings(DirectoryOf(m_strPathName)) || !RecoverProjectFiles(env, m_strPathName))
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
     LoadClasses();
     Load();
@@ -245,6 +246,12 @@ bool CResDoc::OnSaveDocument(const QString &path)
     env.RefreshSettings();
     TakeInChanges();
     env.ResetCounts();
+    if (IsUnreadable()) {
+        env.Explain(
+            QStringLiteral("%1: nothing was saved, since what is on the disk can't be read and what is open here is "
+                           "older, or incomplete. Repair the files, or close the project and open it again")
+                .arg(path));
+    }
     lastSave = IsUnreadable() ? RefuseSave(path) : SaveAll(path);
     FinishKeeping();
     if (services.user && !IsCommandRunning(path)) {
@@ -262,16 +269,14 @@ CResDoc::SaveResult CResDoc::RefuseSave(const QString &path)
 {
     const int count = ++env.ErrorCount;
     env.WriteOutput("Error %d: failed to write to file \"%s\".\r\n", count, qUtf8Printable(path));
-    env.Explain(
-        QStringLiteral("%1: nothing was saved, since what is on the disk can't be read and what is open here is "
-                       "older, or incomplete. Repair the files, or close the project and open it again")
-            .arg(path));
     return {0, CANNOT_WRITE};
 }
 
 CResDoc::SaveResult CResDoc::SaveAll(const QString &path)
 {
-    FileTransaction files(env);
+    if (!RecoverProjectFiles(env, path))
+        return RefuseSave(path);
+    FileTransaction files(env, SavedProjectOf(env, path));
     SaveResult result;
     result.generate = GenerateIds(&path);
     result.write = WriteProject(path, *this, files);

@@ -1,5 +1,6 @@
 #include "CResDoc.h"
 #include "Environment.h"
+#include "FileFault.h"
 #include "HostFiles.h"
 #include "IdNames.h"
 #include "Paths.h"
@@ -9,6 +10,7 @@
 #include "Xml.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 
 using namespace Qt::StringLiterals;
@@ -319,6 +321,15 @@ private:
     quint32 lastKind = 0;
 };
 
+/// The row of the message is one more than the true one.
+QString WhyNoXml(const QString &path, const TiXmlDocument &document)
+{
+    const QString file = QString::fromUtf8(HostPath(ResolvePath(path, CurrentFolder())));
+    return document.ErrorRow() == 0
+               ? QStringLiteral("\"%1\" is empty").arg(file)
+               : QStringLiteral("\"%1\", line %2: this is no well-formed XML").arg(file).arg(document.ErrorRow());
+}
+
 int ReadInto(const ProjectContext &context, const QString &path)
 {
     Environment &env = context.env;
@@ -326,8 +337,10 @@ int ReadInto(const ProjectContext &context, const QString &path)
     env.FlushOutput();
     TiXmlDocument document;
     if (const int code = LoadXml(env, path, document)) {
+        const QString why = code == CANNOT_OPEN ? WhyNotRead(path, errno) : WhyNoXml(path, document);
         ++env.ErrorCount;
         env.WriteOutput("Fatal error: invalid resource format (Line %d).\r\n", document.ErrorRow() + 1);
+        env.Explain(why);
         return code;
     }
     TiXmlElement *app = document.FirstChildElement();

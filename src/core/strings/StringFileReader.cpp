@@ -2,6 +2,7 @@
 
 #include "Environment.h"
 #include "FieldCursor.h"
+#include "FileFault.h"
 #include "HostFiles.h"
 #include "IdNames.h"
 #include "LanguageTable.h"
@@ -11,6 +12,7 @@
 #include "StringFileFormat.h"
 
 #include <algorithm>
+#include <cerrno>
 
 using namespace Qt::StringLiterals;
 using namespace StringFileFormat;
@@ -49,16 +51,22 @@ int ReadStringFile(const QString &path, CResModel &document)
 {
     const FileHandle file = FileHandle::OpenRead(path);
     if (!file.IsOpen()) {
+        const QString why = WhyNotRead(path, errno);
         document.env.WriteOutput("Error %d: failed to open file \"%s\".\r\n", ++document.env.ErrorCount,
                                  Shown(path).constData());
+        document.env.Explain(why);
         return CANT_OPEN;
     }
     document.env.WriteOutput("Loading strings from \"%s\"...\r\n", Shown(path).constData());
     document.env.FlushOutput();
-    return StringFileReader(
-               document, [&](void *buffer, size_t size) { return file.Read(buffer, size); },
-               ResolvePath(path, CurrentFolder()))
-        .Read(file.Size());
+    const QString absolute = ResolvePath(path, CurrentFolder());
+    StringFileReader reader(
+        document, [&](void *buffer, size_t size) { return file.Read(buffer, size); }, absolute);
+    const int code = reader.Read(file.Size());
+    if (!reader.Problem().isEmpty())
+        document.env.Explain(
+            QStringLiteral("\"%1\": %2").arg(QString::fromUtf8(HostPath(absolute)), reader.Problem()));
+    return code;
 }
 
 int StringFileReader::Read(qint64 size)
@@ -135,8 +143,12 @@ int StringFileReader::ReadColumns(int languages)
     // The count may be any number; the line's fields are what ends this.
     for (int i = 0; i < languages; ++i) {
         QString name = fields.Next().toString();
+        const bool isShort = name.isEmpty() && fields.AtEnd();
         const int number = ParseLanguageHeader(document.env, name);
         if (number == -1) {
+            if (isShort)
+                problem =
+                    QStringLiteral("line 1 says that there are %1 languages, and line 2 has %2").arg(languages).arg(i);
             document.env.WriteOutput("Error %d: language \"%s\" is unrecognized.\r\n", ++document.env.ErrorCount,
                                      Shown(name).constData());
             return UNKNOWN_LANGUAGE;

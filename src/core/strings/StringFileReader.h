@@ -25,6 +25,8 @@ public:
     /// 0, or the code of the failure, which has been logged; what was read by then stays in the tree. `size` is how
     /// many bytes are likely to come, 0 if nobody knows.
     [[nodiscard]] int Read(qint64 size = 0);
+    /// What the log's line about the failure doesn't tell; mostly empty.
+    [[nodiscard]] const QString &Problem() const { return problem; }
     /// How many rows were read whole.
     [[nodiscard]] int Rows() const { return rows; }
 
@@ -51,6 +53,7 @@ private:
     QString file;
     int lineNumber = 0; // of the line that was read last
     int rows = 0;
+    QString problem;
     bool hasType = false;
     bool repeated = false;             // some folder stands in `columns` twice
     std::vector<CResFolder *> columns; // the Description folder, then the languages in the order of the file

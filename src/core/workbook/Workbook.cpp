@@ -97,7 +97,7 @@ WorkbookResult WriteWorkbook(const QString &path, ISheetSource &source)
     if (!format)
         return NoFormat(path);
     FileReplacement file;
-    if (const int error = file.Begin(path))
+    if (const int error = file.Begin(path, IfDevice::WriteThrough))
         return Failed(WorkbookFault::CannotWrite, path, SystemText(error));
     const WorkbookResult result = WriteTo(file.Handle(), *format, source);
     if (result.HasFailed())

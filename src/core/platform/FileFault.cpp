@@ -1,0 +1,90 @@
+#include "FileFault.h"
+
+#include "FilePlace.h"
+#include "HostFiles.h"
+#include "Paths.h"
+
+#include <cerrno>
+#include <cstring>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// What is in the way of a writer who lacks a right, and what to do.
+QString WaysToRights(const QByteArray &host)
+{
+    if (access(host.constData(), F_OK) == 0 && access(host.constData(), W_OK) != 0)
+        return u"the file is write-protected: make it writable"_s;
+    return u"the folder \"%1\" is write-protected: make it writable"_s.arg(
+        DirectoryOf(QString::fromUtf8(FollowLinks(host))));
+}
+
+QString WaysToWrite(const QByteArray &host, int error)
+{
+    switch (error) {
+    case EACCES:
+    case EPERM:
+        return WaysToRights(host);
+    case EROFS:
+        return u"the disk can only be read: write elsewhere, or mount it for writing"_s;
+    case ENOSPC:
+        return u"the disk is full: make room on it"_s;
+    case EDQUOT:
+        return u"your share of the disk is used up: make room on it"_s;
+    case EFBIG:
+        return u"the file is larger than this program may write: raise the limit (ulimit -f)"_s;
+    case EISDIR:
+        return u"a folder has the file's name: move the folder away"_s;
+    case EINVAL:
+        return u"a device or a pipe has the file's name: move it away"_s;
+    case ENOENT:
+    case ENOTDIR:
+        return u"there is no folder \"%1\": make it"_s.arg(DirectoryOf(QString::fromUtf8(FollowLinks(host))));
+    case ENAMETOOLONG:
+        return u"move the project to a shorter path"_s;
+    default:
+        return u"try again"_s;
+    }
+}
+
+QString WaysToRead(int error)
+{
+    switch (error) {
+    case EACCES:
+    case EPERM:
+        return u"give yourself the right to read it"_s;
+    case ENOENT:
+    case ENOTDIR:
+        return u"bring the file back, or correct the path that names it"_s;
+    case EISDIR:
+        return u"a folder has the file's name: move the folder away"_s;
+    case EINVAL:
+        return u"a device or a pipe has the file's name: move it away"_s;
+    case EFBIG:
+        return u"no file of a project is that large: look at what it holds"_s;
+    default:
+        return u"try again"_s;
+    }
+}
+
+QString SystemReason(int error)
+{
+    return QString::fromLocal8Bit(std::strerror(error));
+}
+
+} // namespace
+
+QString WhyNotWritten(const QString &path, int error)
+{
+    const QByteArray host = HostPath(ResolvePath(path, CurrentFolder()));
+    return u"cannot write \"%1\": %2; %3"_s.arg(QString::fromUtf8(host), SystemReason(error), WaysToWrite(host, error));
+}
+
+QString WhyNotRead(const QString &path, int error)
+{
+    const QByteArray host = HostPath(ResolvePath(path, CurrentFolder()));
+    return u"cannot read \"%1\": %2; %3"_s.arg(QString::fromUtf8(host), SystemReason(error), WaysToRead(error));
+}

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "Text.h"
+
+// Why a file can't be written or read, in words for the user: its absolute path, the system's reason, and what to do.
+// `error` is the system's error number. A relative path counts from the current folder.
+
+[[nodiscard]] QString WhyNotWritten(const QString &path, int error);
+[[nodiscard]] QString WhyNotRead(const QString &path, int error);

@@ -1,0 +1,236 @@
+#include "SaveJournal.h"
+
+#include "Environment.h"
+#include "FileFault.h"
+#include "FilePlace.h"
+#include "Leftovers.h"
+#include "ProjectPlaces.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <optional>
+#include <poll.h>
+#include <set>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr char FIRST_LINE[] = "Morvanite journal 1";
+constexpr char LAST_LINE[] = "end";
+constexpr char NEEDED[] = "needed";
+constexpr char GENERATED[] = "generated";
+constexpr qint64 LARGEST_JOURNAL = 1 << 20; // bytes
+
+bool IsPlainFile(const QByteArray &path)
+{
+    struct stat info;
+    return lstat(path.constData(), &info) == 0 && S_ISREG(info.st_mode);
+}
+
+/// What tells whether a file has been changed.
+QByteArray StampOf(const QByteArray &path)
+{
+    struct stat info;
+    if (lstat(path.constData(), &info) != 0)
+        return "-";
+    return QByteArray::number(qint64(info.st_size)) + ' ' + QByteArray::number(qint64(info.st_mtim.tv_sec)) + '.' +
+           QByteArray::number(qint64(info.st_mtim.tv_nsec));
+}
+
+/// A file of a journal that was read.
+struct Renaming
+{
+    QByteArray place;
+    QByteArray temporary;
+    QByteArray before; // StampOf
+    bool isGenerated = false;
+};
+
+std::optional<std::vector<Renaming>> Parse(const QByteArray &text, const ProjectPlaces &places)
+{
+    const QByteArrayList lines = text.split('\n');
+    if (lines.size() < 4 || lines.first() != FIRST_LINE ||
+        lines.sliced(lines.size() - 2) != QByteArrayList{LAST_LINE, ""})
+        return std::nullopt;
+    const qint64 process = PlainNumber(lines[1]);
+    std::vector<Renaming> renamings;
+    for (const QByteArray &line : lines.sliced(2, lines.size() - 4)) {
+        const QByteArrayList fields = line.split('\t');
+        if (fields.size() != 4 || (fields[0] != NEEDED && fields[0] != GENERATED))
+            return std::nullopt;
+        const qint64 number = PlainNumber(fields[1]);
+        const QByteArray place = places.Restored(QByteArray::fromPercentEncoding(fields[3]));
+        if (process <= 0 || number < 0 || number >= MOST_TEMPORARY_FILES || place.isEmpty())
+            return std::nullopt;
+        renamings.push_back({place, TemporaryName(place, process, int(number)), fields[2], fields[0] == GENERATED});
+    }
+    return renamings;
+}
+
+/// One finishing of what a journal names.
+class Finishing
+{
+public:
+    Finishing(Environment &environment, const SavedProject &savedProject)
+        : env(environment), project(savedProject), path(HostPath(project.journal))
+    {
+    }
+
+    bool Run()
+    {
+        QByteArray place;
+        if (!StaysInProject(TemporaryName(path, getpid(), 0), HostPath(project.folder), place) && !project.followsLinks)
+            return Refuse(u"a symbolic link leads to it from outside"_s);
+        bool isThere = false;
+        if (!Lock(isThere))
+            return false;
+        return !isThere || Finish();
+    }
+
+private:
+    bool Refuse(const QString &why)
+    {
+        env.ExplainFailure(u"a save of this project was interrupted and can't be finished, so its files may be of two "
+                           "saves: journal \"%1\": %2; look at the files, then delete the journal"_s.arg(
+                               QString::fromUtf8(path), why));
+        return false;
+    }
+
+    /// Opens the journal and waits until no process has it locked. False, having said so, when that can't be.
+    bool Lock(bool &isThere)
+    {
+        constexpr int PATIENCE_MS = 10'000;
+        constexpr int STEP_MS = 10;
+        for (int waited = 0; waited < PATIENCE_MS; waited += STEP_MS) {
+            handle = FileHandle(open(path.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+            if (!handle.IsOpen() && (errno == ENOENT || errno == ENOTDIR))
+                return true;
+            if (!handle.IsOpen())
+                return Refuse(QString::fromLocal8Bit(std::strerror(errno)));
+            // A file system without locks has none that is held.
+            const bool isLocked = flock(handle.Get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+            if (!isLocked && IsStillInPlace()) {
+                isThere = true;
+                return true;
+            }
+            if (isLocked)
+                poll(nullptr, 0, STEP_MS);
+        }
+        env.ExplainFailure(u"another program is saving this project and doesn't come to its end; try again"_s);
+        return false;
+    }
+
+    [[nodiscard]] bool IsStillInPlace() const
+    {
+        struct stat opened;
+        struct stat named;
+        return fstat(handle.Get(), &opened) == 0 && lstat(path.constData(), &named) == 0 &&
+               opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+    }
+
+    bool Finish()
+    {
+        struct stat info;
+        if (fstat(handle.Get(), &info) != 0 || !S_ISREG(info.st_mode) || info.st_size > LARGEST_JOURNAL)
+            return Refuse(u"this is no journal"_s);
+        QByteArray text(info.st_size, Qt::Uninitialized);
+        if (handle.Read(text.data(), size_t(text.size())) != text.size())
+            return Refuse(QString::fromLocal8Bit(std::strerror(errno)));
+        const auto renamings = Parse(text, ProjectPlaces(project));
+        if (!renamings)
+            return Refuse(u"it isn't what a save of this project writes"_s);
+        for (const Renaming &renaming : *renamings) {
+            if (IsPlainFile(renaming.temporary) && StampOf(renaming.place) != renaming.before)
+                return Refuse(u"\"%1\" was changed since"_s.arg(QString::fromUtf8(renaming.place)));
+        }
+        return RenameAll(*renamings);
+    }
+
+    bool RenameAll(const std::vector<Renaming> &renamings)
+    {
+        const SignalHold hold;
+        std::set<QByteArray> folders;
+        for (const Renaming &renaming : renamings) {
+            if (!IsPlainFile(renaming.temporary))
+                continue; // it has its name
+            if (rename(renaming.temporary.constData(), renaming.place.constData()) == 0)
+                folders.insert(FolderOf(renaming.place));
+            else if (!renaming.isGenerated)
+                return Refuse(WhyNotWritten(QString::fromUtf8(renaming.place), errno));
+        }
+        for (const QByteArray &folder : folders)
+            SyncFolder(folder);
+        Leftovers leftovers; // the second names of the old files
+        for (const Renaming &renaming : renamings)
+            leftovers.RemoveBeside(renaming.place);
+        unlink(path.constData());
+        if (!folders.empty())
+            env.Explain(u"a save of this project was interrupted; it has been finished now"_s);
+        return true;
+    }
+
+    Environment &env;
+    const SavedProject &project;
+    QByteArray path;
+    FileHandle handle; // holds the lock
+};
+
+} // namespace
+
+int SaveJournal::Begin(Environment &env, const SavedProject &project, const std::vector<Entry> &entries)
+{
+    constexpr int MOST_TRIES = 100; // each time another process was quicker
+    const QByteArray place = HostPath(project.journal);
+    const ProjectPlaces places(project);
+    for (int i = 0; i < MOST_TRIES; ++i) {
+        if (!FinishInterruptedSave(env, project))
+            return EBUSY;
+        QByteArray text = QByteArray(FIRST_LINE) + '\n' + QByteArray::number(qint64(getpid())) + '\n';
+        for (const Entry &entry : entries) {
+            if (places.Have(entry.place))
+                text += QByteArray(entry.isGenerated ? GENERATED : NEEDED) + '\t' + QByteArray::number(entry.number) +
+                        '\t' + StampOf(entry.place) + '\t' + places.Stored(entry.place).toPercentEncoding("/ ") + '\n';
+        }
+        text += QByteArray(LAST_LINE) + '\n';
+
+        Leftovers leftovers;
+        FileReplacement file;
+        if (const int error = file.BeginAt(place, leftovers))
+            return error;
+        handle = FileHandle(fcntl(file.Handle().Get(), F_DUPFD_CLOEXEC, 0));
+        (void)flock(handle.Get(), LOCK_EX);
+        if (!handle.WriteAll(text.constData(), size_t(text.size())))
+            return errno;
+        int error = file.Finish();
+        if (error == 0)
+            error = file.PutInFreePlace();
+        if (error == 0) {
+            path = place;
+            SyncFolder(file.Folder());
+            return 0;
+        }
+        if (error != EEXIST)
+            return error;
+    }
+    return EBUSY;
+}
+
+void SaveJournal::End()
+{
+    if (!path.isEmpty())
+        unlink(path.constData());
+    path.clear();
+    handle = FileHandle();
+}
+
+bool FinishInterruptedSave(Environment &env, const SavedProject &project)
+{
+    return Finishing(env, project).Run();
+}

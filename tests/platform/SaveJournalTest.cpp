@@ -1,0 +1,162 @@
+#include "SaveJournal.h"
+#include "Environment.h"
+#include "FilePlace.h"
+
+#include "TempFolder.h"
+
+#include <csignal>
+#include <sys/stat.h>
+#include <sys/wait.h>
+
+using namespace Qt::StringLiterals;
+
+/// A project of three files, and one outside; the save of another process that is killed.
+struct Journal : testing::Test
+{
+    Journal()
+    {
+        QDir::setCurrent(folder.Path());
+        env.explain = [this](const QString &text) { said.append(text); };
+        folder.Put("user/profile", "mine");
+        PutOld();
+    }
+
+    void PutOld() const
+    {
+        for (const char *name : names)
+            folder.Put(name, "old");
+    }
+
+    QByteArrayList Contents() const
+    {
+        QByteArrayList all;
+        for (const char *name : names)
+            all.append(folder.Get(name));
+        return all;
+    }
+
+    /// In a process that ends by SIGKILL after so many of the renames.
+    void SaveAndDie(int renames, int sleepMs = 0, bool ends = false)
+    {
+        const pid_t child = fork();
+        if (child == 0) {
+            FileReplacement files[3];
+            std::vector<SaveJournal::Entry> entries;
+            Leftovers leftovers;
+            for (int i = 0; i < 3; ++i) {
+                const QByteArray place = RealPath(folder.Path(names[i]).toUtf8());
+                (void)files[i].WriteAt(place, "new", leftovers);
+                entries.push_back({place, files[i].Number(), i == 2});
+            }
+            SaveJournal journal;
+            (void)journal.Begin(env, project, entries);
+            folder.Put("begun", "");
+            for (int i = 0; i < renames; ++i) {
+                files[i].KeepOld();
+                (void)files[i].PutInPlace();
+                usleep(useconds_t(sleepMs) * 1000);
+            }
+            if (ends)
+                journal.End();
+            kill(getpid(), SIGKILL);
+        }
+        if (sleepMs == 0)
+            EXPECT_EQ(waitpid(child, nullptr, 0), child);
+        else
+            while (!folder.Has("begun"))
+                usleep(1000);
+        QFile::remove(folder.Path("begun"));
+    }
+
+    TempFolder folder;
+    Environment env{folder.Path()};
+    QStringList said;
+    static constexpr const char *names[] = {"demo/res/list", "demo/res/strings", "inc/ids.h"};
+    const SavedProject project{folder.Path("demo"), folder.Path("demo/res/.demo.journal"), {folder.Path("inc")}, false};
+};
+
+TEST_F(Journal, FinishesASaveThatWasKilledBetweenItsRenames)
+{
+    for (int renames = 0; renames <= 3; ++renames) {
+        PutOld();
+        SaveAndDie(renames);
+        EXPECT_TRUE(folder.Has("demo/res/.demo.journal"));
+        EXPECT_TRUE(FinishInterruptedSave(env, project)) << renames;
+        EXPECT_EQ(Contents(), QByteArrayList({"new", "new", "new"})) << renames;
+        EXPECT_EQ(folder.Names("demo/res") + folder.Names("inc"), QStringList({u"list"_s, u"strings"_s, u"ids.h"_s}));
+        EXPECT_EQ(said.size(), renames < 3 ? 1 : 0) << qPrintable(said.join(u'\n'));
+        said.clear();
+    }
+    // A generated file that can't have its name is no reason to refuse the project.
+    PutOld();
+    SaveAndDie(1);
+    ASSERT_TRUE(QFile::remove(folder.Path("inc/ids.h")));
+    EXPECT_FALSE(FinishInterruptedSave(env, project)) << "that is a change as well";
+    ASSERT_TRUE(QFile::remove(folder.Path("demo/res/.demo.journal")));
+    EXPECT_TRUE(FinishInterruptedSave(env, project) && env.FailureCount == 1);
+}
+
+TEST_F(Journal, WaitsForASaveThatIsUnderWayAndStartsItsOwnBehindIt)
+{
+    SaveAndDie(3, 100, true);
+    FileTransaction files(env, project);
+    QDir::setCurrent(project.folder);
+    EXPECT_EQ(env.ReplaceFile(u"res\\list", "newest") + env.ReplaceFile(u"res\\strings", "newest"), 0);
+    EXPECT_EQ(files.Commit(), std::nullopt);
+    EXPECT_EQ(Contents(), QByteArrayList({"newest", "newest", "new"}));
+    EXPECT_FALSE(folder.Has("demo/res/.demo.journal"));
+    (void)wait(nullptr);
+}
+
+TEST_F(Journal, OverwritesNothingThatWasChangedSince)
+{
+    SaveAndDie(1);
+    folder.Put("demo/res/strings", "edited");
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_FALSE(FinishInterruptedSave(env, project));
+        EXPECT_TRUE(said.last().contains(u"/demo/res/strings\" was changed"_s)) << qPrintable(said.last());
+    }
+    FileTransaction files(env, project);
+    EXPECT_EQ(env.ReplaceFile(folder.Path("demo/res/list"), "x") + env.ReplaceFile(folder.Path("inc/ids.h"), "x"), 0);
+    EXPECT_NE(files.Commit(), std::nullopt) << "a save doesn't hide it";
+    EXPECT_EQ(Contents(), QByteArrayList({"new", "edited", "old"}));
+    ASSERT_TRUE(QFile::remove(folder.Path("demo/res/.demo.journal")));
+    EXPECT_TRUE(FinishInterruptedSave(env, project)) << "the user has decided";
+}
+
+TEST_F(Journal, MayNameOnlyWhatASaveOfTheProjectWrites)
+{
+    folder.Put("user/.profile.1234567-0", "attack");
+    folder.Put("demo/res/.list.1234567-0", "attack");
+    ASSERT_EQ(symlink("../user", folder.Path("demo/link").toUtf8().constData()), 0);
+    const QString profile = folder.Path("user/profile");
+    const QByteArray line = "needed\t0\t4 1.0\t";
+    const QByteArrayList bodies = {
+        "1234567\n" + line + "../user/profile\nend\n",
+        "1234567\n" + line + "link/profile\nend\n",
+        "1234567\n" + line + profile.toUtf8() + "\nend\n",
+        "1234567\n" + line + "%2E%2E/user/profile\nend\n",
+        "1234567\n" + line + "res/list\n" + line + folder.Path("demo/link/profile").toUtf8() + "\nend\n",
+        "1234567\n" + line + "res/list\n",       // cut off
+        "1234567\nneeded\t0\tres/list\nend\n",   // a field is missing
+        "1234567\nother\t0\t-\tres/list\nend\n", // another word
+        "1234567\nneeded\t1000\t-\tres/list\nend\n",
+        "0001234567\nneeded\t0\t-\tres/list\nend\n",
+        "-1\nneeded\t0\t-\tres/list\nend\n",
+        "1234567\n" + line + "res//list\nend\n",
+    };
+    for (const QByteArray &body : bodies) {
+        folder.Put("demo/res/.demo.journal", "Morvanite journal 1\n" + body);
+        EXPECT_FALSE(FinishInterruptedSave(env, project)) << body.constData();
+    }
+    ASSERT_TRUE(QFile::remove(folder.Path("demo/res/.demo.journal")));
+    ASSERT_EQ(mkfifo("demo/res/.demo.journal", 0600), 0);
+    EXPECT_FALSE(FinishInterruptedSave(env, project));
+    ASSERT_TRUE(QFile::remove(folder.Path("demo/res/.demo.journal")));
+    ASSERT_EQ(symlink("strings", "demo/res/.demo.journal"), 0);
+    EXPECT_FALSE(FinishInterruptedSave(env, project));
+    EXPECT_EQ(env.FailureCount, bodies.size() + 2);
+    EXPECT_EQ(folder.Get("user/profile") + folder.Get("user/.profile.1234567-0"), "mineattack");
+    EXPECT_EQ(Contents(), QByteArrayList({"old", "old", "old"}));
+    EXPECT_TRUE(folder.Has("demo/res/.list.1234567-0"));
+}
