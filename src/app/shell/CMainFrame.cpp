@@ -45,6 +45,16 @@ protected:
         painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap,
                          QStringLiteral("Open a project with Ctrl+O, or drop its .vcproj file here."));
     }
+
+    /// With the first window the text goes, and with the last it comes back: all of it, not just where that window was.
+    bool viewportEvent(QEvent *event) override
+    {
+        const bool wasEmpty = subWindowList().isEmpty();
+        const bool result = QMdiArea::viewportEvent(event);
+        if (wasEmpty != subWindowList().isEmpty())
+            viewport()->update();
+        return result;
+    }
 };
 
 } // namespace
