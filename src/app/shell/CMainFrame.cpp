@@ -222,7 +222,14 @@ void CMainFrame::Opened(CDocument &document)
 {
     auto &project = static_cast<CResDoc &>(document);
     auto *const child = new CChildFrame(project, *this, toolboxState);
-    child->closed = [this](CResDoc &closing) { documents.CloseDocument(&closing); };
+    child->closed = [this, child](CResDoc &closing) {
+        for (const QString &unread : child->Notice().Texts().Unread())
+            WriteLine(unread); // such as that of the save before closing
+        documents.CloseDocument(&closing);
+    };
+    for (const QString &text : waitingNotices[&project])
+        child->Notice().Add(text);
+    waitingNotices.clear();
     area->addSubWindow(child);
     child->showMaximized();
     project.UpdateAllViews(nullptr);
@@ -231,6 +238,15 @@ void CMainFrame::Opened(CDocument &document)
     recentFiles.Add(project.PathName(), env.settings);
     ShowRecentFiles();
     UpdateCommands();
+}
+
+void CMainFrame::Notify(const CResDoc &document, const QString &text)
+{
+    for (CChildFrame *child : Children()) {
+        if (&child->Document() == &document)
+            return child->Notice().Add(text);
+    }
+    waitingNotices[&document].append(text);
 }
 
 void CMainFrame::Activate(const CDocument &document)

@@ -16,6 +16,7 @@
 
 class CInfoPane;
 class CSizingControlBar;
+class StatusPane;
 class QListWidget;
 class QMdiArea;
 class QSessionManager;
@@ -38,6 +39,11 @@ public:
     void WriteOutput(QStringView text);
     /// The same for a line of its own.
     void WriteLine(const QString &text);
+
+    /// Shows a notice in the document's window. While that is still being loaded the text waits for the window.
+    void Notify(const CResDoc &document, const QString &text);
+    /// A document is about to be loaded: what waits for another's window, which didn't load, goes.
+    void DropWaitingNotices() { waitingNotices.clear(); }
 
     /// Ends the watching of files, with all that hangs on it.
     std::function<void()> stopWatching;
@@ -129,7 +135,9 @@ private:
     QListWidget *toolbox = nullptr;
     ToolboxState toolboxState;
     CInfoPane *output = nullptr;
+    StatusPane *status = nullptr;
     KeyboardIndicators indicators{*statusBar()};
+    std::map<const CResDoc *, QStringList> waitingNotices;
     std::optional<bool> shownMenus; // for a document or none
     OutputTail told;                // the end of the output since the user did something, seen or not
 };
