@@ -6,6 +6,7 @@
 #include "Commands.h"
 #include "Environment.h"
 #include "Paths.h"
+#include "StatusPane.h"
 
 #include <QAbstractEventDispatcher>
 #include <QAbstractItemDelegate>
@@ -77,6 +78,8 @@ CMainFrame::CMainFrame(Environment &environment, ProcessTables &processTables, C
     MakeActions();
     MakeToolBar();
     MakeBars();
+    status = new StatusPane(statusBar());
+    statusBar()->addWidget(status, 1);
     ShowMenus();
     documents.opened = [this](CDocument &document) { Opened(document); };
     documents.foundOpen = [this](const CDocument &document) { Activate(document); };
@@ -345,6 +348,12 @@ bool CMainFrame::MayCloseAll()
             return false;
     }
     return true;
+}
+
+/// What a menu entry does is no matter while the status bar tells of a command.
+bool CMainFrame::event(QEvent *event)
+{
+    return (event->type() == QEvent::StatusTip && turn.IsOn()) || QMainWindow::event(event);
 }
 
 void CMainFrame::closeEvent(QCloseEvent *event)

@@ -66,6 +66,7 @@ public:
     [[nodiscard]] ChannelTurn &Turn() { return turn; }
     [[nodiscard]] UserBoxes &Boxes() { return boxes; }
     [[nodiscard]] CInfoPane &Output() { return *output; }
+    [[nodiscard]] const StatusPane &Status() const { return *status; }
     [[nodiscard]] CSizingControlBar &OutputBar() { return *outputBar; }
     [[nodiscard]] CSizingControlBar &ToolboxBar() { return *toolboxBar; }
     /// The active project's window, or null.
@@ -83,6 +84,7 @@ public:
     void Run(int command) override;
 
 protected:
+    bool event(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
