@@ -224,7 +224,7 @@ TEST(Contents, TellWhatIsInTheirFoldersAndLeadOutAgain)
     EXPECT_EQ(window.Tree().SelectedFolder(), &window.Document().root);
 }
 
-TEST(Contents, KeysOfALabelThatIsBeingEditedDoNotLeadOut)
+TEST(Contents, RenameAndDeleteLayoutsAndKeysOfALabelDoNotLeadOut)
 {
     TestWindow window;
     window.folder.Put("bin/Morvanite.ini", WITH_LAYOUTS);
@@ -249,6 +249,14 @@ TEST(Contents, KeysOfALabelThatIsBeingEditedDoNotLeadOut)
         EXPECT_EQ(window.Tree().SelectedFolder(), before);
         QTest::keyClick(edit, Qt::Key_Escape);
     }
+    window.Tree().SelectFolder(&screen);
+    Contents(window).setFocus();
+    EXPECT_FALSE(window.Frame().IsEnabled(CMD_DELETE)) << "no row is selected";
+    Contents(window).setCurrentRow(0);
+    window.Answer({QMessageBox::Yes});
+    window.Frame().RunCommand(CMD_DELETE);
+    EXPECT_TRUE(screen.subfolders.empty());
+    EXPECT_EQ(Contents(window).count(), 0);
 }
 
 TEST(StatusBar, ShowsTheActiveProjectAndFollowsItsChanges)

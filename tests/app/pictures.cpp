@@ -102,8 +102,9 @@ void TakeAll(TestWindow &window, const QString &folder, const QString &sample)
     window.Frame().resize(500, 450);
     Take(window, folder, "small");
     window.Frame().resize(900, 560);
-    for (int i = 0; i < 2; ++i)
-        QTest::keyClick(&window.Child().Notice(), Qt::Key_Escape);
+    QTest::keyClick(&window.Child().Notice(), Qt::Key_Escape);
+    Take(window, folder, "second-notice");
+    QTest::keyClick(&window.Child().Notice(), Qt::Key_Escape);
     TakeMenu(window, folder);
     TakeContextMenu(window, folder);
     window.Document().SetModifiedFlag(false);

@@ -173,8 +173,10 @@ std::optional<CommandState> CDefaultView::StateOf(int command) const
     switch (command) {
     case CMD_CLEAR:
     case CMD_RESOLUTION:
+    case CMD_NEW_LAYOUT:
         return tree.StateOf(command);
     case CMD_RENAME:
+    case CMD_DELETE:
         return CommandState{SelectedRow() && (SelectedRow()->flags() & Qt::ItemIsEditable)};
     default:
         return std::nullopt;

@@ -74,6 +74,7 @@ void NoticeBar::ShowNotice()
     if (text->toPlainText() != shown || isHidden()) {
         text->setPlainText(shown);
         text->updateGeometry();
+        layout()->activate(); // has the window below the bar move in one step
         show();
         QAccessibleEvent alert(this, QAccessible::Alert);
         QAccessible::updateAccessibility(&alert);
