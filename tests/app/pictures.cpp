@@ -1,11 +1,14 @@
-// Takes pictures of the window's main states: app_pictures FOLDER [dark]. QT_SCALE_FACTOR=2 takes them for a sharp
-// screen.
-// With "icons" in the place of "dark" it makes the application's icon in the usual sizes instead.
+// Takes pictures of the window's main states, with the sample: app_pictures FOLDER [dark] [rtl]. QT_SCALE_FACTOR=2
+// takes them for a sharp screen. "rtl" shows a right-to-left window. With "icons" behind FOLDER it makes the
+// application's icon in the usual sizes instead.
 #include "TestWindow.h"
 
 #include <QListWidget>
 #include <QMenu>
 #include <QStyleFactory>
+#include <QTest>
+
+#include <filesystem>
 
 namespace
 {
@@ -27,6 +30,94 @@ void Take(TestWindow &window, const QString &folder, const char *name)
     window.Frame().grab().save(folder + u'/' + QLatin1String(name) + u".png"_s);
 }
 
+/// The sample in a folder of its own with a short path, which the pictures show.
+class SampleCopy
+{
+public:
+    /// `window` gets the program's own settings, and those of the sample.
+    explicit SampleCopy(const TestWindow &window)
+    {
+        namespace fs = std::filesystem;
+        if (!fs::create_directory(folder))
+            throw std::runtime_error(folder.string() + " is in the way; take it away first.");
+        isMade = true;
+        fs::copy(MORVANITE_SAMPLE, folder, fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+        fs::copy(MORVANITE_PROGRAM_FILES, window.folder.Path("bin").toStdString(),
+                 fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+        if (fs::exists(folder / "settings"))
+            qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString((folder / "settings").string()));
+    }
+    ~SampleCopy()
+    {
+        if (isMade)
+            std::filesystem::remove_all(folder);
+    }
+    SampleCopy(const SampleCopy &) = delete;
+    SampleCopy &operator=(const SampleCopy &) = delete;
+
+    [[nodiscard]] QString Project() const { return QString::fromStdString((folder / "weatherclock.vcproj").string()); }
+
+private:
+    std::filesystem::path folder = std::filesystem::temp_directory_path() / "weatherclock";
+    bool isMade = false;
+};
+
+/// A menu of the window, with an entry under the pointer.
+void TakeMenu(TestWindow &window, const QString &folder)
+{
+    QMenu *const menu = window.Frame().menuBar()->actions().first()->menu();
+    menu->popup(window.Frame().mapToGlobal(QPoint(8, 24)));
+    menu->setActiveAction(menu->actions().value(2));
+    Take(window, folder, "tip");
+    menu->grab().save(folder + u"/file-menu.png"_s);
+    menu->close();
+}
+
+void TakeContextMenu(TestWindow &window, const QString &folder)
+{
+    QTimer::singleShot(100, [&] {
+        if (QWidget *menu = QApplication::activePopupWidget()) {
+            menu->grab().save(folder + u"/menu.png"_s);
+            menu->close();
+        }
+    });
+    window.Tree().OpenContextMenu(window.Row(u"Images"_s), window.Frame().mapToGlobal(QPoint(60, 120)));
+}
+
+void TakeAll(TestWindow &window, const QString &folder, const QString &sample)
+{
+    window.Frame().resize(900, 560);
+    Take(window, folder, "empty");
+    (void)window.Frame().OpenProject(sample);
+    Take(window, folder, "project");
+    window.Tree().setCurrentItem(window.Row(u"Images"_s));
+    window.Document().SetModifiedFlag(true);
+    Take(window, folder, "images");
+    window.Tree().setCurrentItem(window.Row(u"Images"_s)->child(0));
+    window.Frame().Notify(window.Document(),
+                          u"3 elements were left out when the project was opened. The files that this save replaced "
+                          "are kept in /home/x/.local/state/morvanite/kept/demo-1a2b/7."_s);
+    Take(window, folder, "notice");
+    window.Frame().Notify(window.Document(), u"A second notice."_s);
+    window.Frame().resize(500, 450);
+    Take(window, folder, "small");
+    window.Frame().resize(900, 560);
+    QTest::keyClick(&window.Child().Notice(), Qt::Key_Escape);
+    Take(window, folder, "second-notice");
+    QTest::keyClick(&window.Child().Notice(), Qt::Key_Escape);
+    TakeMenu(window, folder);
+    TakeContextMenu(window, folder);
+    window.Document().SetModifiedFlag(false);
+    (void)window.Frame().OpenProject(window.Project("天气时钟"));
+    Take(window, folder, "chinese");
+    (void)window.Frame().OpenProject(window.Project("ساعة الطقس"));
+    Take(window, folder, "arabic");
+    window.Frame().RunCommand(CMD_TILE);
+    Take(window, folder, "tiled");
+    const CMainFrame::Busy busy(window.Frame(), COMMAND_PACK);
+    Take(window, folder, "busy");
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -44,39 +135,18 @@ int main(int argc, char **argv)
         return 0;
     }
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
-    if (argc > 2)
+    const QStringList looks = QApplication::arguments().sliced(2);
+    if (looks.contains(u"dark"_s))
         QApplication::setPalette(DarkPalette());
+    if (looks.contains(u"rtl"_s))
+        QApplication::setLayoutDirection(Qt::RightToLeft);
 
     TestWindow window;
+    const SampleCopy sample(window);
     const QByteArray resolutions = "<RESOLUTION width=\"320\" height=\"240\" class=\"image\"/>";
-    window.MakeProject("weatherclock", "<APP>" + resolutions + "<NEWS/></APP>");
     window.MakeProject("天气时钟", "<APP>" + resolutions + "</APP>");
     window.MakeProject("ساعة الطقس", "<APP/>");
     window.Start();
-    window.Frame().resize(900, 560);
-    Take(window, folder, "empty");
-    (void)window.Frame().OpenProject(window.Project("weatherclock"));
-    Take(window, folder, "project");
-    window.Tree().setCurrentItem(window.Row(u"Images"_s));
-    window.Document().SetModifiedFlag(true);
-    Take(window, folder, "images");
-    QTimer::singleShot(100, [&] {
-        if (QWidget *menu = QApplication::activePopupWidget()) {
-            menu->grab().save(folder + u"/menu.png"_s);
-            menu->close();
-        }
-    });
-    window.Tree().OpenContextMenu(window.Row(u"Images"_s), window.Frame().mapToGlobal(QPoint(60, 120)));
-    window.Document().SetModifiedFlag(false);
-    (void)window.Frame().OpenProject(window.Project("天气时钟"));
-    Take(window, folder, "chinese");
-    (void)window.Frame().OpenProject(window.Project("ساعة الطقس"));
-    Take(window, folder, "arabic");
-    window.Frame().RunCommand(CMD_TILE);
-    Take(window, folder, "tiled");
-    {
-        const CMainFrame::Busy busy(window.Frame(), COMMAND_PACK);
-        Take(window, folder, "busy");
-    }
+    TakeAll(window, folder, sample.Project());
     return 0;
 }

@@ -2,6 +2,8 @@
 
 #include "Commands.h"
 
+#include <QString>
+
 #include <span>
 
 /// An entry of a menu.
@@ -10,6 +12,7 @@ struct MenuEntry
     int command;                ///< 0: a line
     const char *text = "";      ///< with "&" before the letter that reaches it
     const char *shortcuts = ""; ///< divided by blanks, the one that is shown first
+    const char *tip = "";       ///< what it does, in a sentence for the status bar
     bool isToggle = false;
 };
 
@@ -28,3 +31,7 @@ struct Menu
 
 /// The commands of the tool bar; 0 is a gap.
 [[nodiscard]] std::span<const int> ToolBarCommands();
+
+/// What a command of the menu bar, of a key or of a view's menu does, in a sentence for the status bar; empty for one
+/// that isn't known.
+[[nodiscard]] QString TipOf(int command);

@@ -9,27 +9,30 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QStackedWidget>
+#include <QVBoxLayout>
 
 #include <utility>
 
 CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, ToolboxState &sharedToolbox)
     : document(projectDocument), shell(shellHost), toolbox(sharedToolbox),
-      splitter(new KeyboardSplitter(Qt::Horizontal, this)), right(new QStackedWidget(splitter))
+      splitter(new KeyboardSplitter(Qt::Horizontal)), right(new QStackedWidget)
 {
     setWindowIcon(MakeIcon(UiIcon::Project));
     setAttribute(Qt::WA_DeleteOnClose);
     tree = new CProjView(document, *this);
-    splitter->insertWidget(0, tree);
+    splitter->addWidget(tree); // shown first, since the contents show what the tree has
+    splitter->addWidget(right);
     splitter->setChildrenCollapsible(false);
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({qBound(50, document.env.settings.Int("split1st", "width", 200), 4000), 1000});
     (void)toolbox.IsShown(document.env.settings); // read now, for all windows
-    setWidget(splitter);
+    MakeContent();
     ShowPane(Pane::Default);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
         if (now && splitter && splitter->isAncestorOf(now))
             lastFocus = now;
     });
+    notice->leavesFocus = [this] { (lastFocus ? lastFocus.data() : tree)->setFocus(); };
     document.modifiedChanged = [this] { ShowTitle(); };
     ShowTitle();
 }
@@ -39,12 +42,27 @@ CChildFrame::~CChildFrame()
     LeaveDocument();
 }
 
+/// Above all else the notice. By Tab it comes before the tree, as it is above it.
+void CChildFrame::MakeContent()
+{
+    auto *const content = new QWidget(this);
+    notice = new NoticeBar(content);
+    auto *const rows = new QVBoxLayout(content);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
+    rows->addWidget(notice);
+    rows->addWidget(splitter, 1);
+    content->setFocusProxy(tree);
+    setWidget(content);
+}
+
 /// The views look at the document, so they go before it does.
 void CChildFrame::LeaveDocument()
 {
     if (!splitter)
         return;
     document.modifiedChanged = nullptr;
+    notice->leavesFocus = nullptr;
     Settings &settings = document.env.settings;
     toolbox.Store(settings);
     const int width = splitter->sizes().value(0);
@@ -156,5 +174,8 @@ void CChildFrame::Run(int command)
 
 QList<QWidget *> CChildFrame::Panes() const
 {
-    return {tree, right->currentWidget()};
+    QList<QWidget *> all = {tree, right->currentWidget()};
+    if (!notice->isHidden())
+        all.append(notice);
+    return all;
 }

@@ -2,6 +2,7 @@
 
 #include "CDefaultView.h"
 #include "FrameState.h"
+#include "NoticeBar.h"
 
 #include <QMdiSubWindow>
 #include <QPointer>
@@ -9,7 +10,8 @@
 
 #include <map>
 
-/// The window of one project: the project tree on the left, the pane of the selected folder on the right.
+/// The window of one project: the project tree on the left, the pane of the selected folder on the right, and above
+/// them a bar for notices.
 ///
 /// A pane is made when it is first needed, and then only swapped.
 class CChildFrame : public QMdiSubWindow, public IViewHost, public ICommandTarget
@@ -21,6 +23,7 @@ public:
 
     [[nodiscard]] CResDoc &Document() const { return document; }
     [[nodiscard]] CProjView &Tree() { return *tree; }
+    [[nodiscard]] NoticeBar &Notice() { return *notice; }
 
     /// The view that takes commands: the one with the focus, else the one that had it last.
     [[nodiscard]] ICommandTarget *ActiveView();
@@ -47,7 +50,7 @@ public:
     [[nodiscard]] std::optional<CommandState> StateOf(int command) const override;
     void Run(int command) override;
 
-    /// The tree, and what stands right of it.
+    /// The tree, what is right of it, and the notice while one is shown.
     [[nodiscard]] QList<QWidget *> Panes() const;
 
 protected:
@@ -55,6 +58,7 @@ protected:
 
 private:
     [[nodiscard]] QWidget *MakePane(Pane pane);
+    void MakeContent();
     void ShowTitle();
     void LeaveDocument();
     void Save();
@@ -62,6 +66,7 @@ private:
     CResDoc &document;
     IViewHost &shell;
     ToolboxState &toolbox;
+    NoticeBar *notice;
     QSplitter *splitter; // null once the document has been left
     CProjView *tree;
     std::map<Pane, QWidget *> panes; // those that were made, owned by the splitter's right side

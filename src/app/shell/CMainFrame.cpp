@@ -6,6 +6,7 @@
 #include "Commands.h"
 #include "Environment.h"
 #include "Paths.h"
+#include "StatusPane.h"
 
 #include <QAbstractEventDispatcher>
 #include <QAbstractItemDelegate>
@@ -45,6 +46,16 @@ protected:
         painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap,
                          QStringLiteral("Open a project with Ctrl+O, or drop its .vcproj file here."));
     }
+
+    /// With the first window the text goes, and with the last it comes back: all of it, not just where that window was.
+    bool viewportEvent(QEvent *event) override
+    {
+        const bool wasEmpty = subWindowList().isEmpty();
+        const bool result = QMdiArea::viewportEvent(event);
+        if (wasEmpty != subWindowList().isEmpty())
+            viewport()->update();
+        return result;
+    }
 };
 
 } // namespace
@@ -67,6 +78,8 @@ CMainFrame::CMainFrame(Environment &environment, ProcessTables &processTables, C
     MakeActions();
     MakeToolBar();
     MakeBars();
+    status = new StatusPane(statusBar());
+    statusBar()->addWidget(status, 1);
     ShowMenus();
     documents.opened = [this](CDocument &document) { Opened(document); };
     documents.foundOpen = [this](const CDocument &document) { Activate(document); };
@@ -212,7 +225,14 @@ void CMainFrame::Opened(CDocument &document)
 {
     auto &project = static_cast<CResDoc &>(document);
     auto *const child = new CChildFrame(project, *this, toolboxState);
-    child->closed = [this](CResDoc &closing) { documents.CloseDocument(&closing); };
+    child->closed = [this, child](CResDoc &closing) {
+        for (const QString &unread : child->Notice().Texts().Unread())
+            WriteLine(unread); // such as that of the save before closing
+        documents.CloseDocument(&closing);
+    };
+    for (const QString &text : waitingNotices[&project])
+        child->Notice().Add(text);
+    waitingNotices.clear();
     area->addSubWindow(child);
     child->showMaximized();
     project.UpdateAllViews(nullptr);
@@ -221,6 +241,15 @@ void CMainFrame::Opened(CDocument &document)
     recentFiles.Add(project.PathName(), env.settings);
     ShowRecentFiles();
     UpdateCommands();
+}
+
+void CMainFrame::Notify(const CResDoc &document, const QString &text)
+{
+    for (CChildFrame *child : Children()) {
+        if (&child->Document() == &document)
+            return child->Notice().Add(text);
+    }
+    waitingNotices[&document].append(text);
 }
 
 void CMainFrame::Activate(const CDocument &document)
@@ -319,6 +348,12 @@ bool CMainFrame::MayCloseAll()
             return false;
     }
     return true;
+}
+
+/// What a menu entry does is no matter while the status bar tells of a command.
+bool CMainFrame::event(QEvent *event)
+{
+    return (event->type() == QEvent::StatusTip && turn.IsOn()) || QMainWindow::event(event);
 }
 
 void CMainFrame::closeEvent(QCloseEvent *event)

@@ -16,6 +16,7 @@
 
 class CInfoPane;
 class CSizingControlBar;
+class StatusPane;
 class QListWidget;
 class QMdiArea;
 class QSessionManager;
@@ -39,6 +40,11 @@ public:
     /// The same for a line of its own.
     void WriteLine(const QString &text);
 
+    /// Shows a notice in the document's window. While that is still being loaded the text waits for the window.
+    void Notify(const CResDoc &document, const QString &text);
+    /// A document is about to be loaded: what waits for another's window, which didn't load, goes.
+    void DropWaitingNotices() { waitingNotices.clear(); }
+
     /// Ends the watching of files, with all that hangs on it.
     std::function<void()> stopWatching;
 
@@ -60,6 +66,7 @@ public:
     [[nodiscard]] ChannelTurn &Turn() { return turn; }
     [[nodiscard]] UserBoxes &Boxes() { return boxes; }
     [[nodiscard]] CInfoPane &Output() { return *output; }
+    [[nodiscard]] const StatusPane &Status() const { return *status; }
     [[nodiscard]] CSizingControlBar &OutputBar() { return *outputBar; }
     [[nodiscard]] CSizingControlBar &ToolboxBar() { return *toolboxBar; }
     /// The active project's window, or null.
@@ -77,6 +84,7 @@ public:
     void Run(int command) override;
 
 protected:
+    bool event(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
@@ -129,7 +137,9 @@ private:
     QListWidget *toolbox = nullptr;
     ToolboxState toolboxState;
     CInfoPane *output = nullptr;
+    StatusPane *status = nullptr;
     KeyboardIndicators indicators{*statusBar()};
+    std::map<const CResDoc *, QStringList> waitingNotices;
     std::optional<bool> shownMenus; // for a document or none
     OutputTail told;                // the end of the output since the user did something, seen or not
 };

@@ -10,7 +10,7 @@
 #include <new>
 
 CMorvaniteApp::CMorvaniteApp()
-    : documents([this] { return std::make_unique<CResDoc>(env, tables, services); }), handler(env, documents, pipe),
+    : documents([this] { return MakeDocument(); }), handler(env, documents, pipe),
       server([this](quint32 id, QByteArrayView record) { return RunCommand(id, record); })
 {
     services.reloadFlags = &reloadFlags;
@@ -21,6 +21,7 @@ CMorvaniteApp::CMorvaniteApp()
 
 CMorvaniteApp::~CMorvaniteApp()
 {
+    services.Notify = nullptr;
     env.whileWaiting = nullptr;
     commands.reset();
     frame.reset();
@@ -54,6 +55,7 @@ std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
 
     frame = std::make_unique<CMainFrame>(env, tables, documents);
     services.user = &frame->Boxes();
+    services.Notify = [this](const CResDoc &document, const QString &text) { frame->Notify(document, text); };
     env.explain = [this](const QString &text) {
         if (!frame->Turn().IsOn())
             frame->WriteLine(text);
@@ -78,6 +80,13 @@ std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
         return 1; // which has been told
     frame->show();
     return std::nullopt;
+}
+
+std::unique_ptr<CDocument> CMorvaniteApp::MakeDocument()
+{
+    if (frame)
+        frame->DropWaitingNotices();
+    return std::make_unique<CResDoc>(env, tables, services);
 }
 
 int CMorvaniteApp::RunCommand(quint32 dwData, QByteArrayView record)

@@ -29,6 +29,7 @@ public:
     [[nodiscard]] Environment &Env() { return env; }
 
 private:
+    [[nodiscard]] std::unique_ptr<CDocument> MakeDocument();
     int RunCommand(quint32 dwData, QByteArrayView record);
 
     Environment env;

@@ -3,6 +3,7 @@
 #include "CMainFrame.h"
 #include "CSizingControlBar.h"
 #include "ClassCatalogue.h"
+#include "CopyGuard.h"
 #include "Environment.h"
 #include "FrameState.h"
 #include "MenuTable.h"
@@ -76,6 +77,7 @@ void CMainFrame::MakeBars()
                                        ParseSize(settings.String("Toolbox", "size", "150,400"), TOOLBOX_SIZE), this);
     toolbox = new QListWidget(toolboxBar);
     toolbox->setAccessibleName(QStringLiteral("Toolbox"));
+    new CopyGuard(*toolbox);
     toolboxBar->SetContent(toolbox);
     toolboxBar->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
     addDockWidget(Qt::LeftDockWidgetArea, toolboxBar);

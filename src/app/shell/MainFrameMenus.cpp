@@ -2,6 +2,7 @@
 #include "CMainFrame.h"
 #include "MenuTable.h"
 #include "Paths.h"
+#include "StatusPane.h"
 
 #include <QMenuBar>
 
@@ -16,6 +17,7 @@ QAction *CMainFrame::AddAction(int command, const QString &text, const QString &
         keys.append(QKeySequence(key, QKeySequence::PortableText));
     action->setShortcuts(keys);
     action->setCheckable(isToggle);
+    action->setStatusTip(TipOf(command));
     connect(action, &QAction::triggered, this, [this, command] { RunCommand(command); });
     addAction(action);
     actions[command] = action;
@@ -79,7 +81,7 @@ void CMainFrame::ShowRecentFiles()
         action->setVisible(i < paths.size() || i == 0); // an empty list shows that there is one
         action->setEnabled(i < paths.size());
         action->setText(i < paths.size() ? recentFiles.Label(i) : QStringLiteral("Recent File"));
-        action->setStatusTip(paths.value(i));
+        action->setStatusTip(i < paths.size() ? QStringLiteral("Opens %1.").arg(paths[i]) : TipOf(CMD_RECENT_FILE));
     }
 }
 
@@ -101,7 +103,7 @@ void CMainFrame::ShowWindows(QMenu *menu)
         QAction *const action = menu->addAction(label, this, [this, &document] { Activate(document); });
         action->setCheckable(true);
         action->setChecked(child == ActiveChild());
-        action->setStatusTip(document.m_strPathName);
+        action->setStatusTip(QStringLiteral("Shows %1.").arg(document.m_strPathName));
         windowActions.append(action);
     }
 }
@@ -116,4 +118,6 @@ void CMainFrame::UpdateCommands()
             action->setChecked(state.checked);
     }
     ShowTitle();
+    const CChildFrame *const child = ActiveChild();
+    status->Show(child ? &child->Document() : nullptr);
 }

@@ -1,11 +1,14 @@
 #include "CDefaultView.h"
 
 #include "Commands.h"
-#include "LabelDelegate.h"
+#include "ContentsDelegate.h"
+#include "CopyGuard.h"
 #include "ProjectTree.h"
+#include "ResourceCounts.h"
 
 #include <QContextMenuEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QStyle>
 
@@ -15,7 +18,7 @@ namespace
 constexpr int ICON_SIDE = 32;
 constexpr int GRID_WIDTH = 96;
 constexpr int NARROWEST = 64; // has room for the name of a resolution
-constexpr int GRID_HEIGHT = 72;
+constexpr int LINES = 3;      // of text below an icon: a name of two lines, and what is in it
 
 } // namespace
 
@@ -24,10 +27,10 @@ CDefaultView::CDefaultView(CResDoc &projectDocument, CProjView &projectTree)
 {
     setViewMode(QListView::IconMode);
     setIconSize(QSize(ICON_SIDE, ICON_SIDE));
-    setGridSize(QSize(GRID_WIDTH, GRID_HEIGHT));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setMinimumWidth(NARROWEST + style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2 * frameWidth() + 2);
-    setItemDelegate(new LabelDelegate(this));
+    setItemDelegate(new ContentsDelegate(this));
+    new CopyGuard(*this);
     setMovement(QListView::Static);
     setResizeMode(QListView::Adjust);
     setWordWrap(true);
@@ -82,25 +85,87 @@ void CDefaultView::showEvent(QShowEvent *event)
     Fill();
 }
 
-/// A narrow view shows narrow columns, so that no name is cut off.
 void CDefaultView::resizeEvent(QResizeEvent *event)
 {
-    setGridSize(QSize(qBound(NARROWEST, viewport()->width() - 2, GRID_WIDTH), GRID_HEIGHT));
+    FitGrid();
     QListWidget::resizeEvent(event);
+}
+
+void CDefaultView::changeEvent(QEvent *event)
+{
+    QListWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        FitGrid();
+}
+
+/// A narrow view shows narrow columns, so that no name is cut off.
+void CDefaultView::FitGrid()
+{
+    setGridSize(QSize(qBound(NARROWEST, viewport()->width() - 2, GRID_WIDTH),
+                      ICON_SIDE + LINES * fontMetrics().lineSpacing() + 8));
+}
+
+void CDefaultView::paintEvent(QPaintEvent *event)
+{
+    QListWidget::paintEvent(event);
+    if (hint.isEmpty())
+        return;
+    QPainter painter(viewport());
+    QColor color = palette().color(QPalette::Text);
+    color.setAlphaF(0.65F);
+    painter.setPen(color);
+    painter.setLayoutDirection(Qt::LeftToRight); // as its words are
+    painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap, hint);
+}
+
+void CDefaultView::keyPressEvent(QKeyEvent *event)
+{
+    if (state() == EditingState)
+        return; // a key that the label has no use for
+    if (LeadsOut(*event))
+        return GoOut();
+    QListWidget::keyPressEvent(event);
+}
+
+void CDefaultView::GoOut()
+{
+    const CResFolder *const left = CProjView::FolderOf(tree.currentItem());
+    if (tree.GoOut())
+        SelectRow(left);
+}
+
+void CDefaultView::SelectRow(const CResFolder *folder)
+{
+    for (int i = 0; i < count(); ++i) {
+        if (CProjView::FolderOf(TreeItemOf(item(i))) == folder)
+            setCurrentRow(i);
+    }
 }
 
 void CDefaultView::Fill()
 {
     const QScopedValueRollback filling(isFilling, true);
+    const QListWidgetItem *const selected = SelectedRow();
+    const void *const selectedFolder = selected ? selected->data(Qt::UserRole).value<void *>() : nullptr;
     clear();
     const QTreeWidgetItem *const shown = tree.currentItem();
     for (int i = 0; shown && i < shown->childCount(); ++i) {
         const QTreeWidgetItem *const child = shown->child(i);
+        const CResFolder &folder = *CProjView::FolderOf(child);
         auto *const row = new QListWidgetItem(child->icon(0), child->text(0), this);
+        const QString line = CountLineOf(folder);
         row->setData(Qt::UserRole, child->data(0, Qt::UserRole));
-        if (CanEditLabel(CProjView::FolderOf(child)))
+        row->setData(ContentsDelegate::COUNT_LINE, line);
+        row->setData(Qt::AccessibleTextRole, line.isEmpty() ? row->text() : row->text() + QStringLiteral(", ") + line);
+        row->setToolTip(row->data(Qt::AccessibleTextRole).toString());
+        if (CanEditLabel(&folder))
             row->setFlags(row->flags() | Qt::ItemIsEditable);
+        if (&folder == selectedFolder)
+            setCurrentItem(row);
     }
+    hint = shown && count() == 0 ? HintOf(*CProjView::FolderOf(shown)) : QString();
+    setAccessibleDescription(hint);
+    viewport()->update();
 }
 
 std::optional<CommandState> CDefaultView::StateOf(int command) const
@@ -108,8 +173,10 @@ std::optional<CommandState> CDefaultView::StateOf(int command) const
     switch (command) {
     case CMD_CLEAR:
     case CMD_RESOLUTION:
+    case CMD_NEW_LAYOUT:
         return tree.StateOf(command);
     case CMD_RENAME:
+    case CMD_DELETE:
         return CommandState{SelectedRow() && (SelectedRow()->flags() & Qt::ItemIsEditable)};
     default:
         return std::nullopt;

@@ -1,17 +1,29 @@
 #include "CProjView.h"
 
 #include "Commands.h"
+#include "CopyGuard.h"
 #include "EditCommands.h"
 #include "LabelDelegate.h"
+#include "MenuTable.h"
 #include "ProjectTree.h"
+#include "TreeLines.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QMenu>
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <QStatusTipEvent>
 
 #include <span>
+
+bool LeadsOut(const QKeyEvent &key)
+{
+    const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::KeypadModifier;
+    return (key.key() == Qt::Key_Backspace && modifiers == Qt::NoModifier) ||
+           (key.key() == Qt::Key_Up && modifiers == Qt::AltModifier);
+}
 
 CProjView::CProjView(CResDoc &projectDocument, IViewHost &viewHost) : document(projectDocument), host(viewHost)
 {
@@ -21,6 +33,7 @@ CProjView::CProjView(CResDoc &projectDocument, IViewHost &viewHost) : document(p
     setIconSize(QSize(16, 16));
     setEditTriggers(QAbstractItemView::SelectedClicked);
     setItemDelegate(new LabelDelegate(this));
+    new CopyGuard(*this);
     setTextElideMode(Qt::ElideNone); // what is wider scrolls
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     connect(this, &QTreeWidget::itemExpanded, this, &CProjView::FitColumn);
@@ -72,6 +85,23 @@ void CProjView::mousePressEvent(QMouseEvent *event)
     event->accept();
 }
 
+void CProjView::keyPressEvent(QKeyEvent *event)
+{
+    if (state() == EditingState)
+        return; // a key that the label has no use for
+    if (!LeadsOut(*event))
+        return QTreeWidget::keyPressEvent(event);
+    (void)GoOut();
+}
+
+bool CProjView::GoOut()
+{
+    QTreeWidgetItem *const above = currentItem() ? currentItem()->parent() : nullptr;
+    if (above)
+        setCurrentItem(above);
+    return above != nullptr;
+}
+
 /// One folder is always selected: nothing deselects it.
 QItemSelectionModel::SelectionFlags CProjView::selectionCommand(const QModelIndex &index, const QEvent *event) const
 {
@@ -82,26 +112,17 @@ QItemSelectionModel::SelectionFlags CProjView::selectionCommand(const QModelInde
                                                                                  : flags;
 }
 
-/// Lines from a folder to what lies below it; they leave room for the sign that opens and closes.
+/// Lines from a folder to what is below it; they leave room for the sign that opens and closes.
 void CProjView::drawBranches(QPainter *painter, const QRect &rect, const QModelIndex &index) const
 {
-    constexpr int SIGN = 7; // half of its side
+    TreeLinesRow row{index.model()->hasChildren(index), !index.parent().isValid() && index.row() == 0, {}};
+    for (QModelIndex each = index; each.isValid(); each = each.parent())
+        row.goesOn.append(each.siblingAtRow(each.row() + 1).isValid());
     QColor color = palette().color(QPalette::Text);
     color.setAlphaF(0.3F);
     painter->save();
     painter->setPen(color);
-    QPoint middle(rect.right() + 1 - indentation() / 2, rect.center().y());
-    const int gap = index.model()->hasChildren(index) ? SIGN : 0;
-    painter->drawLine(middle + QPoint(gap, 0), QPoint(rect.right(), middle.y()));
-    if (index.parent().isValid() || index.row() > 0)
-        painter->drawLine(QPoint(middle.x(), rect.top()), middle - QPoint(0, gap));
-    if (index.siblingAtRow(index.row() + 1).isValid())
-        painter->drawLine(middle + QPoint(0, gap), QPoint(middle.x(), rect.bottom()));
-    for (QModelIndex above = index.parent(); above.isValid(); above = above.parent()) {
-        middle.rx() -= indentation();
-        if (above.siblingAtRow(above.row() + 1).isValid())
-            painter->drawLine(middle.x(), rect.top(), middle.x(), rect.bottom());
-    }
+    painter->drawLines(TreeLines(rect, indentation(), layoutDirection(), row));
     painter->restore();
     QTreeWidget::drawBranches(painter, rect, index);
 }
@@ -350,12 +371,16 @@ void CProjView::OpenContextMenu(QTreeWidgetItem *item, const QPoint &globalPlace
             menu.addSeparator();
             continue;
         }
-        QAction *const action = menu.addAction(QString::fromLatin1(entry.text), this, [this, command = entry.command] {
-            host.RunCommand(command);
-            contextFolder = nullptr; // also when somebody else had the command
-        });
+        QAction *const action = menu.addAction(QString::fromLatin1(entry.text), this,
+                                               [this, command = entry.command] { host.RunCommand(command); });
         action->setEnabled(host.IsEnabled(entry.command));
+        action->setStatusTip(TipOf(entry.command));
     }
+    // A menu that no menu bar opened keeps the tips to itself.
+    connect(&menu, &QMenu::hovered, this, [this](QAction *action) { action->showStatusText(this); });
     if (!menu.isEmpty())
-        menu.exec(globalPlace);
+        menu.exec(globalPlace); // runs the command that is chosen
+    contextFolder = nullptr;    // also when none was, or when another view had it
+    QStatusTipEvent none{QString()};
+    QApplication::sendEvent(this, &none);
 }

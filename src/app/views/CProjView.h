@@ -7,6 +7,9 @@
 
 #include <QTreeWidget>
 
+/// Says whether a key leads out of a folder, to the one above it: Backspace and Alt+Up.
+[[nodiscard]] bool LeadsOut(const QKeyEvent &key);
+
 /// The project tree, left in a project's window: the folders in use, whose selection decides what stands right of it.
 class CProjView : public QTreeWidget, public IProjView, public ICommandTarget, public ITreeListener
 {
@@ -28,13 +31,17 @@ public:
     [[nodiscard]] QTreeWidgetItem *ItemOf(const CResFolder *folder) const;
     /// Gives a row the label that was typed, or leaves it and says why.
     void EditLabel(QTreeWidgetItem *item, const QString &typed);
-    /// Opens the menu of a row's folder, which commands act on until one has run or another row's menu opens.
+    /// Opens the menu of a row's folder, and runs the command that is chosen there on that folder. Returns when the
+    /// menu is closed and the command has run.
     void OpenContextMenu(QTreeWidgetItem *item, const QPoint &globalPlace);
+    /// Selects the folder above the selected one. False when there is none.
+    bool GoOut();
     /// Makes the commands to come act on that folder; null: on the selected one.
     void SetContextFolder(CResFolder *folder) { contextFolder = folder; }
 
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void drawBranches(QPainter *painter, const QRect &rect, const QModelIndex &index) const override;

@@ -199,6 +199,13 @@ void DrawAbout(Canvas &canvas)
     canvas.Fill({7, 6.8, 2, 5.4}, PAPER, 0.8);
 }
 
+void DrawClose(Canvas &canvas)
+{
+    const QColor color = QGuiApplication::palette().windowText().color();
+    canvas.Line({{4, 4}, {12, 12}}, color, 1.4);
+    canvas.Line({{12, 4}, {4, 12}}, color, 1.4);
+}
+
 /// An M of two peaks in a chip with its pins.
 void DrawApplication(Canvas &canvas)
 {
@@ -252,6 +259,8 @@ void Draw(UiIcon icon, QPainter &painter)
         return DrawOutput(canvas);
     case UiIcon::About:
         return DrawAbout(canvas);
+    case UiIcon::Close:
+        return DrawClose(canvas);
     case UiIcon::Application:
         return DrawApplication(canvas);
     }

@@ -25,6 +25,7 @@ enum class UiIcon
     Redo,
     Output,
     About,
+    Close,
     Application,
 };
 

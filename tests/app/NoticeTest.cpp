@@ -1,0 +1,124 @@
+#include "NoticeText.h"
+#include "TestWindow.h"
+
+#include <QClipboard>
+#include <QScrollBar>
+#include <QTest>
+#include <QToolButton>
+
+TEST(Notices, AreReadOneAfterTheOtherAndEachOnce)
+{
+    Notices notices;
+    notices.Add(u"first"_s);
+    EXPECT_EQ(notices.Shown() + notices.Place(), u"first"_s);
+    for (const QString &text : {u"second"_s, u"first"_s, QString()})
+        notices.Add(text);
+    EXPECT_EQ(notices.Shown() + notices.Place(), u"first1 of 2"_s);
+    notices.Dismiss();
+    EXPECT_EQ(notices.Shown() + notices.Place(), u"second2 of 2"_s);
+    notices.Dismiss();
+    notices.Dismiss();
+    EXPECT_TRUE(notices.Shown().isEmpty() && notices.Place().isEmpty());
+    notices.Add(u"first"_s);
+    EXPECT_EQ(notices.Shown() + notices.Place(), u"first"_s);
+}
+
+TEST(NoticeText, IsAsHighAsItsLinesAreAndCutsNothing)
+{
+    NoticeText text(nullptr, 22);
+    text.setPlainText(u"The files are kept in /home/"_s + QString(200, u'x') + u"."_s);
+    text.show();
+    int before = 0;
+    for (const int width : {2000, 600, 400, 300}) {
+        const int height = text.heightForWidth(width);
+        EXPECT_GE(height, before);
+        before = height;
+        text.resize(width, height);
+        TestWindow::Settle();
+        text.moveCursor(QTextCursor::End);
+        EXPECT_EQ(text.verticalScrollBar()->maximum(), 0) << width;
+        EXPECT_LE(text.cursorRect().bottom(), text.viewport()->height()) << width;
+        EXPECT_GT(text.cursorRect().bottom() + text.fontMetrics().height(), text.viewport()->height()) << width;
+    }
+    EXPECT_EQ(text.heightForWidth(20), text.heightForWidth(40)) << "a narrow one scrolls";
+}
+
+namespace
+{
+
+/// Tells a document's user something as a load or a save does.
+void Tell(TestWindow &window, const QString &text)
+{
+    window.Frame().Notify(window.Document(), text);
+    window.Settle();
+}
+
+} // namespace
+
+TEST(NoticeBar, IsReadCopiedAndDismissedByTheKeyboard)
+{
+    TestWindow window;
+    window.Start({window.Project()});
+    window.Tree().setFocus();
+    NoticeBar &bar = window.Child().Notice();
+    EXPECT_FALSE(bar.isVisible());
+    Tell(window, u"Kept in <b>/home/x</b>."_s);
+    Tell(window, u"second"_s);
+    EXPECT_TRUE(bar.isVisible());
+    EXPECT_EQ(bar.geometry().top(), 0);
+    EXPECT_GE(window.Tree().mapTo(bar.parentWidget(), QPoint()).y(), bar.geometry().bottom()) << "it is in no way";
+    EXPECT_EQ(QApplication::focusWidget(), &window.Tree()) << "it takes no keys from who types";
+    auto *const text = bar.findChild<QPlainTextEdit *>();
+    auto *const close = bar.findChild<QToolButton *>();
+    EXPECT_EQ(text->toPlainText(), u"Kept in <b>/home/x</b>."_s) << "plain text";
+    EXPECT_FALSE(close->toolTip().isEmpty() || close->accessibleName().isEmpty());
+
+    QTest::keyClick(&window.Frame(), Qt::Key_F6);
+    QTest::keyClick(&window.Frame(), Qt::Key_F6);
+    EXPECT_EQ(QApplication::focusWidget(), text);
+    for (const Qt::Key key : {Qt::Key_A, Qt::Key_C}) {
+        window.Settle();
+        QTest::keyClick(&window.Frame(), key, Qt::ControlModifier);
+    }
+    EXPECT_EQ(QApplication::clipboard()->text(), u"Kept in <b>/home/x</b>."_s);
+    QTest::keyClick(text, Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), close);
+    QTest::keyClick(close, Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), &window.Tree());
+    QTest::keyClick(&window.Tree(), Qt::Key_Backtab);
+    EXPECT_EQ(QApplication::focusWidget(), close);
+    QTest::keyClick(close, Qt::Key_Space);
+    EXPECT_EQ(text->toPlainText(), u"second"_s);
+    QWidget *const contents = window.Child().Panes()[1];
+    contents->setFocus();
+    text->setFocus();
+    QTest::keyClick(text, Qt::Key_Escape);
+    EXPECT_FALSE(bar.isVisible());
+    EXPECT_EQ(QApplication::focusWidget(), contents) << "the keys are again those of who had them";
+}
+
+TEST(NoticeBar, ComesWithTheWindowOfAProjectThatIsBeingLoadedAndOnlyThere)
+{
+    TestWindow window;
+    window.MakeProject("other", "<APP/>");
+    window.Start({window.Project("other")});
+    const auto opened = window.app->Documents().opened;
+    window.app->Documents().opened = [&](CDocument &document) {
+        window.Frame().Notify(static_cast<CResDoc &>(document), u"while it loads"_s);
+        opened(document);
+    };
+    ASSERT_TRUE(window.Frame().OpenProject(window.Project()));
+    EXPECT_EQ(window.Child().Notice().Texts().Unread(), QStringList(u"while it loads"_s));
+    window.Frame().RunCommand(CMD_CLOSE);
+    window.Settle();
+    EXPECT_THAT(window.OutputText(), testing::HasSubstr("while it loads\n")) << "nobody has read it yet";
+    EXPECT_FALSE(window.Child().Notice().isVisible()) << "it isn't the other project's";
+
+    const CResDoc &other = window.Document();
+    window.app->Documents().opened = opened;
+    {
+        const CMainFrame::Busy busy(window.Frame(), COMMAND_SAVE);
+        window.Frame().Notify(other, u"a command's"_s);
+        EXPECT_TRUE(window.Child().Notice().isVisible()) << "it waits for nobody";
+    }
+}

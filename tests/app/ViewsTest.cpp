@@ -1,0 +1,322 @@
+// What the views of a project decide, and what they do with the keyboard and the mouse.
+#include "MenuTable.h"
+#include "ResourceCounts.h"
+#include "StatusPane.h"
+#include "TestWindow.h"
+#include "TreeLines.h"
+
+#include <QClipboard>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMdiArea>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTest>
+
+namespace
+{
+
+constexpr char WITH_LAYOUTS[] = "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\n";
+
+QListWidget &Contents(TestWindow &window)
+{
+    return *window.Child().findChild<QListWidget *>();
+}
+
+/// A folder of the project that is open.
+CResFolder &Folder(TestWindow &window, const QString &label)
+{
+    return *CProjView::FolderOf(window.Row(label));
+}
+
+void AddFiles(TestWindow &window, CResFolder &folder, int number)
+{
+    for (int i = 0; i < number; ++i)
+        folder.AddResource(window.Document().CreateDefaultFileRes(folder, u"new.png"_s));
+}
+
+} // namespace
+
+TEST(ProjectTree, AMenuThatIsClosedWithoutACommandLeavesNothingBehind)
+{
+    TestWindow window;
+    window.folder.Put("bin/Morvanite.ini", WITH_LAYOUTS);
+    window.Start({window.Project()});
+    const CResFolder *const selected = window.Document().CreateLayoutRes(1);
+    const CResFolder *const other = window.Document().CreateLayoutRes(1);
+    ASSERT_TRUE(selected && other);
+    const QString selectedName = selected->title, otherName = other->title;
+    window.Document().UpdateAllViews(nullptr);
+    window.Tree().setCurrentItem(window.Row(selectedName));
+    window.Tree().setFocus();
+    const auto chooseInMenu = [&](Qt::Key key) {
+        QString tip;
+        QTimer::singleShot(0, [&] {
+            QWidget *const menu = QApplication::activePopupWidget();
+            QTest::keyClick(menu, Qt::Key_Up); // the last entry: Delete
+            tip = window.Frame().statusBar()->currentMessage();
+            QTest::keyClick(menu, key);
+        });
+        window.Tree().OpenContextMenu(window.Row(otherName), QPoint(9, 9));
+        EXPECT_EQ(tip, TipOf(CMD_DELETE));
+        EXPECT_EQ(window.Frame().statusBar()->currentMessage(), QString());
+    };
+    window.Answer({QMessageBox::Yes, QMessageBox::Yes});
+    chooseInMenu(Qt::Key_Escape);
+    window.Frame().RunCommand(CMD_DELETE);
+    EXPECT_TRUE(window.Row(otherName) && !window.Row(selectedName)) << "Delete is for what is selected";
+    chooseInMenu(Qt::Key_Return);
+    EXPECT_FALSE(window.Row(otherName)) << "a command of the menu is for the menu's folder";
+}
+
+TEST(ProjectTree, CopyKeysLeaveTheClipboardAloneWhereCopyIsDisabled)
+{
+    TestWindow window;
+    window.Start({window.Project()});
+    QApplication::clipboard()->setText(u"kept"_s);
+    window.Tree().setCurrentItem(window.Row(u"Images"_s));
+    Contents(window).setCurrentRow(0);
+    auto *const toolbox = window.Frame().ToolboxBar().findChild<QListWidget *>();
+    window.Frame().ToolboxBar().show();
+    toolbox->addItem(u"Button"_s);
+    toolbox->setCurrentRow(0);
+    for (QWidget *view : QList<QWidget *>{&window.Tree(), &Contents(window), toolbox}) {
+        view->setFocus();
+        QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
+        QTest::keyClick(view, Qt::Key_Insert, Qt::ControlModifier);
+        EXPECT_EQ(QApplication::clipboard()->text(), u"kept"_s) << view->metaObject()->className();
+    }
+}
+
+TEST(TreeLines, AreThoseOfTheOtherDirectionInAMirror)
+{
+    const QRect part(40, 100, 60, 18);
+    for (int bits = 0; bits < 32; ++bits) {
+        const TreeLinesRow row{(bits & 1) != 0, (bits & 2) != 0, {(bits & 4) != 0, (bits & 8) != 0, (bits & 16) != 0}};
+        const QList<QLine> lines = TreeLines(part, 20, Qt::LeftToRight, row);
+        const QList<QLine> mirrored = TreeLines(part, 20, Qt::RightToLeft, row);
+        ASSERT_EQ(lines.size(), 1 + int(!row.isTop) + row.goesOn.count(true)) << bits;
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            const auto mirror = [&](QPoint point) { return QPoint(part.left() + part.right() - point.x(), point.y()); };
+            ASSERT_EQ(mirrored.value(i), QLine(mirror(lines[i].p1()), mirror(lines[i].p2()))) << bits;
+            EXPECT_TRUE(part.contains(lines[i].p1()) && part.contains(lines[i].p2())) << bits;
+        }
+    }
+    // In the window: the line from the root down to the last folder is right of the icons there.
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    {
+        TestWindow window;
+        window.Start({window.Project()});
+        const QRect strings = window.Tree().visualItemRect(window.Row(u"Strings"_s));
+        const QImage picture = window.Tree().viewport()->grab().toImage();
+        int marks = 0;
+        for (int x = strings.right() + 1; x < picture.width(); ++x)
+            marks += picture.pixelColor(x, strings.center().y()) != window.Tree().palette().color(QPalette::Base);
+        EXPECT_GE(marks, 5);
+    }
+    QApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
+}
+
+TEST(MainFrame, PaintsItsWholeTextWhenTheLastProjectIsClosed)
+{
+    TestWindow window;
+    window.Start();
+    const auto onScreen = [&window] {
+        window.Settle();
+        const QWidget *const area = window.Frame().centralWidget();
+        const QRect place(area->mapTo(&window.Frame(), QPoint()), area->size());
+        return window.Frame().screen()->grabWindow(window.Frame().winId()).copy(place).toImage();
+    };
+    const QImage before = onScreen();
+    ASSERT_FALSE(before.isNull());
+    ASSERT_TRUE(window.Frame().OpenProject(window.Project()));
+    window.Child().showNormal();
+    window.Child().setGeometry(0, 0, before.width() / 2, before.height());
+    EXPECT_NE(onScreen(), before);
+    window.Frame().RunCommand(CMD_CLOSE);
+    EXPECT_EQ(onScreen(), before);
+}
+
+TEST(ResourceCounts, TellWhatAFolderHolds)
+{
+    TestWindow window;
+    window.folder.Put("bin/Morvanite.ini", WITH_LAYOUTS);
+    window.Start({window.Project()});
+    CResFolder &images = Folder(window, u"Images"_s);
+    CResFolder &forScreen = *images.FindFolder(KIND_RESO_IMAGES, 1, 1);
+    CResFolder &shared = *images.FindFolder(KIND_RESO_IMAGES, -1, 1);
+    CResFolder &audio = Folder(window, u"Audio"_s);
+    CResFolder &layouts = Folder(window, u"Layouts"_s);
+    CResFolder &strings = Folder(window, u"Strings"_s);
+    CResFolder &notInUse = *layouts.FindFolder(KIND_RESO_LAYOUTS | KIND_FLAG_OFF, 2, 1);
+    notInUse.AddFolder(window.Document().CreateFolder(KIND_LAYOUT, 2));
+    notInUse.subfolders.front()->AddResource(window.Document().CreateFileRes("ID_NOT_IN_USE", 2));
+    EXPECT_EQ(HintOf(forScreen), u"No images for 240x320 yet"_s);
+    EXPECT_EQ(HintOf(audio), u"No audio files yet"_s);
+    EXPECT_EQ(HintOf(strings), u"No strings yet"_s);
+    EXPECT_TRUE(HintOf(*layouts.subfolders[1]).startsWith(u"No layouts for 240x320 yet\n"_s));
+    EXPECT_EQ(CountLineOf(forScreen), u"empty"_s);
+    EXPECT_EQ(SummaryOf(CountResources(window.Document().root)), u"1 resource"_s);
+    EXPECT_EQ(CountLineOf(window.Document().root) + HintOf(window.Document().root), QString());
+
+    AddFiles(window, forScreen, 3);
+    AddFiles(window, audio, 1);
+    for (const qint32 language : {-1, 0, 1}) { // the descriptions, and two languages
+        auto folder = window.Document().CreateFolder(KIND_LANGUAGE, language);
+        for (const char *id : {"IDS_A", "IDS_B"}) {
+            IDRecord *const known = window.Document().ids.Find(id, ANY_RESOLUTION);
+            folder->AddResource(known ? window.Document().CreateStringRes(known, language)
+                                      : window.Document().CreateStringRes(id, language));
+        }
+        strings.AddFolder(std::move(folder));
+    }
+    const CResFolder *const layout = window.Document().CreateLayoutRes(1);
+    EXPECT_EQ(HintOf(forScreen), u"3 images for 240x320"_s);
+    EXPECT_EQ(HintOf(shared), u"1 image shared by all resolutions"_s);
+    EXPECT_EQ(HintOf(audio), u"1 audio file"_s);
+    EXPECT_EQ(HintOf(strings), u"2 strings in 2 languages"_s);
+    EXPECT_EQ(HintOf(*layout), u"Layout "_s + layout->title);
+    EXPECT_EQ(CountLineOf(images) + CountLineOf(audio) + CountLineOf(layouts) + CountLineOf(*layout),
+              u"4 images1 file1 layout"_s);
+    EXPECT_EQ(SummaryOf(CountResources(window.Document().root)), u"8 resources, 2 of them strings in 2 languages"_s);
+    EXPECT_EQ(SummaryOf(CountResources(strings)), u"2 strings in 2 languages"_s);
+    EXPECT_EQ(SummaryOf({}), u"no resources"_s);
+}
+
+TEST(Contents, TellWhatIsInTheirFoldersAndLeadOutAgain)
+{
+    TestWindow window;
+    window.Start({window.Project()});
+    QListWidget &list = Contents(window);
+    window.Tree().setCurrentItem(window.Row(u"Images"_s));
+    list.setFocus();
+    EXPECT_EQ(list.item(1)->data(Qt::AccessibleTextRole).toString(), u"Default, 1 image"_s);
+    list.setCurrentRow(1);
+    const QImage withCount = list.viewport()->grab().toImage();
+    Folder(window, u"Default"_s).Clear();
+    window.Document().UpdateAllViews(nullptr);
+    EXPECT_EQ(list.item(1)->data(Qt::AccessibleTextRole).toString(), u"Default, empty"_s);
+    EXPECT_EQ(list.currentRow(), 1) << "a refill keeps the selection";
+    EXPECT_NE(list.viewport()->grab().toImage(), withCount) << "it is painted";
+
+    QTest::keyClick(&list, Qt::Key_Return);
+    EXPECT_EQ(window.Tree().currentItem(), window.Row(u"Default"_s));
+    EXPECT_EQ(list.count(), 0);
+    EXPECT_EQ(list.accessibleDescription(), u"No images shared by all resolutions yet"_s);
+    QImage blank(list.viewport()->size(), QImage::Format_RGB32);
+    blank.fill(list.palette().color(QPalette::Base));
+    EXPECT_NE(list.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32), blank);
+
+    QTest::keyClick(&list, Qt::Key_Backspace);
+    EXPECT_EQ(window.Tree().currentItem(), window.Row(u"Images"_s));
+    ASSERT_TRUE(list.currentItem());
+    EXPECT_EQ(list.currentItem()->text(), u"Default"_s) << "the folder that was left";
+    EXPECT_EQ(QApplication::focusWidget(), &list);
+    QTest::keyClick(&list, Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(list.currentItem()->text(), u"Images"_s);
+    QTest::keyClick(&list, Qt::Key_Up, Qt::AltModifier); // there is nothing above the root
+    EXPECT_EQ(window.Tree().SelectedFolder(), &window.Document().root);
+
+    window.Tree().setCurrentItem(window.Row(u"Audio"_s));
+    QTest::keyClick(&window.Tree(), Qt::Key_Backspace);
+    EXPECT_EQ(window.Tree().currentItem(), window.Row(u"Files"_s));
+    QTest::keyClick(&window.Tree(), Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(window.Tree().SelectedFolder(), &window.Document().root);
+}
+
+TEST(Contents, RenameAndDeleteLayoutsAndKeysOfALabelDoNotLeadOut)
+{
+    TestWindow window;
+    window.folder.Put("bin/Morvanite.ini", WITH_LAYOUTS);
+    window.Start({window.Project()});
+    CResFolder &screen = *Folder(window, u"Layouts"_s).subfolders[1];
+    window.Tree().SelectFolder(&screen);
+    ASSERT_TRUE(window.Document().CreateLayoutRes(screen.index));
+    window.Document().UpdateAllViews(nullptr);
+    for (QAbstractItemView *view : QList<QAbstractItemView *>{&Contents(window), &window.Tree()}) {
+        if (view == &window.Tree())
+            window.Tree().SelectFolder(screen.subfolders.front().get());
+        else
+            Contents(window).setCurrentRow(0);
+        const CResFolder *const before = window.Tree().SelectedFolder();
+        view->setFocus();
+        window.Frame().RunCommand(CMD_RENAME);
+        auto *const edit = view->findChild<QLineEdit *>();
+        ASSERT_NE(edit, nullptr);
+        QTest::keyClick(edit, Qt::Key_Backspace);
+        QTest::keyClick(edit, Qt::Key_Up, Qt::AltModifier);
+        QTest::keyClick(edit, Qt::Key_Up);
+        EXPECT_EQ(window.Tree().SelectedFolder(), before);
+        QTest::keyClick(edit, Qt::Key_Escape);
+    }
+    window.Tree().SelectFolder(&screen);
+    Contents(window).setFocus();
+    EXPECT_FALSE(window.Frame().IsEnabled(CMD_DELETE)) << "no row is selected";
+    Contents(window).setCurrentRow(0);
+    window.Answer({QMessageBox::Yes});
+    window.Frame().RunCommand(CMD_DELETE);
+    EXPECT_TRUE(screen.subfolders.empty());
+    EXPECT_EQ(Contents(window).count(), 0);
+}
+
+TEST(StatusBar, ShowsTheActiveProjectAndFollowsItsChanges)
+{
+    TestWindow window;
+    window.MakeProject("other", "<APP/>");
+    window.Start();
+    const StatusPane &status = window.Frame().Status();
+    EXPECT_EQ(status.Path() + status.Summary(), QString());
+    ASSERT_TRUE(window.Frame().OpenProject(window.Project("other")));
+    ASSERT_TRUE(window.Frame().OpenProject(window.Project()));
+    window.Frame().resize(1600, 600);
+    window.Settle();
+    EXPECT_EQ(status.Path() + u' ' + status.Summary(), window.Project() + u" 1 resource"_s);
+    AddFiles(window, Folder(window, u"240x320"_s), 2); // which no view has told of
+    window.Settle();
+    EXPECT_EQ(status.Summary(), u"3 resources"_s);
+    EXPECT_TRUE(status.isVisible() && status.toolTip().isEmpty());
+    window.Frame().resize(500, 450);
+    window.Settle();
+    EXPECT_EQ(status.toolTip(), window.Project() + u"\n3 resources"_s) << "a path without room";
+    window.Frame().findChild<QMdiArea *>()->activateNextSubWindow();
+    window.Settle();
+    EXPECT_EQ(status.Path() + status.Summary(), window.Project("other") + u"no resources"_s);
+    for (const auto &document : window.app->Documents().Documents())
+        document->SetModifiedFlag(false);
+    for (int i = 0; i < 2; ++i) {
+        window.Frame().RunCommand(CMD_CLOSE);
+        window.Settle();
+    }
+    EXPECT_TRUE(window.app->Documents().Documents().empty());
+    EXPECT_EQ(status.Path() + status.Summary() + status.toolTip(), QString());
+}
+
+TEST(StatusBar, TellsInASentenceWhatAnEntryDoesWhileItIsHighlighted)
+{
+    for (const bool hasDocument : {true, false}) {
+        for (const Menu &menu : MenuBar(hasDocument)) {
+            for (const MenuEntry &entry : menu.entries) {
+                const QString tip = TipOf(entry.command);
+                EXPECT_TRUE(entry.command == 0 || (tip.size() > 15 && tip.endsWith(u'.') && tip.size() < 90 &&
+                                                   tip.front().isUpper() && tip == QLatin1String(entry.tip)))
+                    << entry.text;
+            }
+        }
+    }
+    TestWindow window;
+    window.Start({window.Project()});
+    QMenu *const file = window.Frame().menuBar()->actions().first()->menu();
+    file->popup(QPoint(9, 9));
+    file->setActiveAction(file->actions()[2]);
+    const QStatusBar &bar = *window.Frame().statusBar();
+    EXPECT_EQ(bar.currentMessage(), TipOf(CMD_SAVE));
+    EXPECT_FALSE(window.Frame().Status().isVisible());
+    {
+        const CMainFrame::Busy busy(window.Frame(), COMMAND_PACK);
+        file->setActiveAction(file->actions()[1]);
+        file->close();
+        EXPECT_TRUE(bar.currentMessage().contains(u"packing"_s)) << qPrintable(bar.currentMessage());
+    }
+    EXPECT_EQ(bar.currentMessage(), QString());
+    EXPECT_TRUE(window.Frame().Status().isVisible());
+}
