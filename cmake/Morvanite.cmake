@@ -2,20 +2,18 @@
 #
 #   morvanite_pack(<target>
 #       PROJECT <file.vcproj>       the resource project; relative paths count from the current source folder
-#       RESOLUTION <WxH>            the device's screen
+#       RESOLUTION <WxH>            the device's screen, one of the program's list
 #       [TARGET axf|dll]            kind of the application file; axf when not given
 #       [OUTPUT <file>]             the packed file; relative paths count from the current binary folder.
 #                                   <target>.packed.axf or <target>.packed.dll when not given
-#       [HEADER <file>]             the generated main header, relative to the project's folder; ResID/ResID.h when not
-#                                   given. Morvanite.ini decides where it really goes, so the two have to agree
-#       [LISTS <folder>]            where the project's .res.xml and string file lie; res when not given. As above
 #       [SETTINGS <folder>]         settings of the project's own, in <folder>/morvanite/Morvanite.ini; the user's are
 #                                   not read then
 #       [CONVERT_IMAGES]            pack the images in the device's format, and the previews
 #       [VER <n>])                  version number for the pack's log
 #
-# <target> gets the generated headers before it compiles, and a folder with copies of them as an include path. The packed file is made by
-# the target <target>_packed, which is part of a plain build. MORVANITE_CLI names the program; it is searched when unset.
+# <target> gets the generated headers before it compiles, in a folder of the build that becomes an include path. The packed
+# file is made by the target <target>_packed, which is part of a plain build. Nothing is written into the project.
+# MORVANITE_CLI names the program; it is searched when unset.
 
 # Also the policies of the functions below: depfiles are in the form of 3.20.
 cmake_minimum_required(VERSION 3.20)
@@ -26,8 +24,8 @@ find_program(MORVANITE_CLI morvanite-cli
     PATHS ${MORVANITE_CMAKE_DIR}/../../../bin ${MORVANITE_CMAKE_DIR}/../build/bin
     DOC "The program morvanite-cli")
 
-# The program and the files that its settings lead to, those that are there.
-function(_morvanite_program_files result settings)
+# The program's folder, and the folder with the settings that go before the program's.
+function(_morvanite_folders program_result config_result settings)
     get_filename_component(program ${MORVANITE_CLI} REALPATH)
     get_filename_component(folder ${program} DIRECTORY)
     if(DEFINED ENV{MORVANITE_PROGRAM_DIR})
@@ -39,6 +37,14 @@ function(_morvanite_program_files result settings)
     elseif(DEFINED ENV{XDG_CONFIG_HOME})
         set(config $ENV{XDG_CONFIG_HOME})
     endif()
+    set(${program_result} ${folder} PARENT_SCOPE)
+    set(${config_result} ${config} PARENT_SCOPE)
+endfunction()
+
+# The program and the files that its settings lead to, those that are there.
+function(_morvanite_program_files result settings)
+    get_filename_component(program ${MORVANITE_CLI} REALPATH)
+    _morvanite_folders(folder config "${settings}")
     # The settings may name other tables and another icon.
     file(GLOB files CONFIGURE_DEPENDS ${folder}/libmorvanite-commands.so ${folder}/*.ini ${folder}/*.img
         ${folder}/*.xml ${folder}/qrk_resgenerator.exe ${folder}/zul_xml_conv.exe ${folder}/convert_i_2_h/convert_i_2_h.exe
@@ -46,51 +52,166 @@ function(_morvanite_program_files result settings)
     set(${result} ${program} ${files} PARENT_SCOPE)
 endfunction()
 
-# The command line that runs morvanite-cli with those settings and the remaining arguments. A pack makes temporary files beside the pictures, so
-# the commands of one project take turns.
-function(_morvanite_run result lock settings)
-    set(${result} ${CMAKE_COMMAND} -D LOCK=${lock} -D SETTINGS=${settings} -P ${MORVANITE_CMAKE_DIR}/MorvaniteRun.cmake -- ${MORVANITE_CLI} ${ARGN}
+# The lines of a section of a settings file; empty when there is none. Configures again when the file changes.
+function(_morvanite_section result file section)
+    set(${result} "" PARENT_SCOPE)
+    if(NOT EXISTS "${file}")
+        return()
+    endif()
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${file}")
+    file(READ "${file}" mark LIMIT 2 HEX)
+    set(encoding "")
+    if(mark STREQUAL "fffe")
+        set(encoding ENCODING UTF-16LE)
+    endif()
+    # Without the lines that would upset a list: with a semicolon, or a bracket in the middle, or a backslash at the end.
+    file(STRINGS "${file}" lines REGEX "^[ \t]*(\\[[^];[]*\\]|[^];[]*[^];[\\])[ \t]*$" ${encoding})
+    set(found "")
+    set(is_inside FALSE)
+    foreach(line IN LISTS lines)
+        string(STRIP "${line}" line)
+        if(line MATCHES "^\\[(.*)\\]$")
+            string(STRIP "${CMAKE_MATCH_1}" name)
+            string(TOUPPER "${name}" name)
+            string(TOUPPER "${section}" wanted)
+            if(name STREQUAL wanted)
+                set(is_inside TRUE)
+            elseif(is_inside)
+                break() # the first section of a name is the one that counts
+            endif()
+        elseif(is_inside AND NOT line STREQUAL "")
+            list(APPEND found "${line}")
+        endif()
+    endforeach()
+    set(${result} "${found}" PARENT_SCOPE)
+endfunction()
+
+# A setting: the first of the files that has it counts.
+function(_morvanite_setting result section key default)
+    string(TOUPPER "${key}" wanted)
+    foreach(file IN LISTS ARGN)
+        _morvanite_section(lines "${file}" ${section})
+        foreach(line IN LISTS lines)
+            if(line MATCHES "^([^=]*)=(.*)$")
+                set(value "${CMAKE_MATCH_2}")
+                string(STRIP "${CMAKE_MATCH_1}" name)
+                string(TOUPPER "${name}" name)
+                if(name STREQUAL wanted)
+                    string(STRIP "${value}" value)
+                    if(value MATCHES "^\"(.*)\"$" OR value MATCHES "^'(.*)'$")
+                        set(value "${CMAKE_MATCH_1}")
+                    endif()
+                    set(${result} "${value}" PARENT_SCOPE)
+                    return()
+                endif()
+            endif()
+        endforeach()
+    endforeach()
+    set(${result} "${default}" PARENT_SCOPE)
+endfunction()
+
+# Stops when the program's list of sizes can be read and lacks the resolution: such a pack would have no pictures.
+function(_morvanite_check_resolution target resolution settings)
+    _morvanite_folders(folder config "${settings}")
+    _morvanite_setting(sizes Path reso_set "" ${config}/morvanite/Morvanite.ini ${folder}/Morvanite.ini)
+    if(sizes STREQUAL "")
+        return()
+    endif()
+    string(REPLACE "\\" "/" sizes "${sizes}")
+    get_filename_component(sizes "${sizes}" ABSOLUTE BASE_DIR ${folder})
+    _morvanite_section(lines "${sizes}" Resolution)
+    set(known "")
+    foreach(line IN LISTS lines)
+        if(line MATCHES "^([0-9]+)[*xX \t]+([0-9]+)")
+            list(APPEND known ${CMAKE_MATCH_1}x${CMAKE_MATCH_2})
+        endif()
+    endforeach()
+    if(known AND NOT resolution IN_LIST known)
+        list(JOIN known ", " known)
+        message(FATAL_ERROR "morvanite_pack(${target}): RESOLUTION is ${resolution}, and ${sizes} has no such size, only ${known}")
+    endif()
+endfunction()
+
+# The headers that the settings ask for, as far as the build has to know them.
+function(_morvanite_header_names result folder settings)
+    _morvanite_folders(program_folder config "${settings}")
+    set(files ${config}/morvanite/Morvanite.ini ${program_folder}/Morvanite.ini)
+    _morvanite_setting(main ResID main_header ResID.h ${files})
+    string(REPLACE "\\" "/" main "${main}")
+    if(main MATCHES "^(/|.*:|.*\\.\\.)")
+        get_filename_component(main "${main}" NAME)
+    endif()
+    set(names "${main}")
+    set(has_tables TRUE)
+    foreach(key export_xml export_layout)
+        # The project's own settings have these keys in another section.
+        _morvanite_setting(value Layout ${key} "" ${folder}/morvanite.ini ${files})
+        if(value STREQUAL "")
+            _morvanite_setting(value Path ${key} "" ${files})
+        endif()
+        if(value STREQUAL "")
+            set(has_tables FALSE)
+        endif()
+    endforeach()
+    if(has_tables)
+        list(APPEND names LayoutID.h)
+    endif()
+    set(${result} "${names}" PARENT_SCOPE)
+endfunction()
+
+# The command line that runs morvanite-cli with those settings and the remaining arguments, for the rule of a custom
+# target with that depfile.
+function(_morvanite_run result settings target depfile)
+    set(options --depfile ${depfile})
+    if(settings)
+        list(APPEND options --settings ${settings})
+    endif()
+    set(cache "")
+    if(CMAKE_GENERATOR MATCHES "Makefiles")
+        set(cache ${CMAKE_CURRENT_BINARY_DIR}/CMakeFiles/${target}.dir/compiler_depend.internal)
+    endif()
+    set(${result} ${CMAKE_COMMAND} -D DEPFILE=${depfile} -D CACHE=${cache} -P ${MORVANITE_CMAKE_DIR}/MorvaniteRun.cmake -- ${MORVANITE_CLI} ${ARGN} ${options}
         PARENT_SCOPE)
 endfunction()
 
-# The target that keeps the headers of a project up to date, one for all that are packed from it.
-function(_morvanite_ids_target result project header lists settings state)
+# The target that keeps the headers of a project up to date, one for all that are packed from it with the same settings.
+function(_morvanite_headers_target result project settings state)
     get_filename_component(folder ${project} DIRECTORY)
     get_filename_component(name ${project} NAME_WLE)
-    string(MD5 hash ${project})
+    get_filename_component(hash ${state} NAME)
     string(SUBSTRING ${hash} 0 8 hash)
     string(MAKE_C_IDENTIFIER morvanite_ids_${name}_${hash} ids)
     set(${result} ${ids} PARENT_SCOPE)
     if(TARGET ${ids})
         return()
     endif()
-    set(stamp ${state}/ids.stamp)
+    set(stamp ${state}/headers.stamp)
     _morvanite_program_files(program_files "${settings}")
-    # The numbers come from the names alone: a picture that changes is no reason to work them out again.
-    file(GLOB lists CONFIGURE_DEPENDS ${lists}/${name}.res.xml ${lists}/ref_list_${name}.txt ${lists}/layout_${name}_*.xml
-        ${folder}/config.xml)
-    _morvanite_run(command ${state}/lock "${settings}" save ${project})
-    get_filename_component(header_name ${header} NAME)
-    get_filename_component(header_folder ${header} DIRECTORY)
-    set(copy ${state}/include/${header_name})
+    file(GLOB own_settings CONFIGURE_DEPENDS ${folder}/morvanite.ini)
+    _morvanite_run(command "${settings}" ${ids} ${state}/headers.d
+        headers ${project} --output ${state}/include --depfile-target ${stamp})
+    _morvanite_header_names(headers ${folder} "${settings}")
+    list(TRANSFORM headers PREPEND ${state}/include/)
     if(CMAKE_GENERATOR MATCHES "Ninja")
-        set(also BYPRODUCTS ${copy})
+        set(also BYPRODUCTS ${headers})
     else()
-        # Make knows nothing of by-products: this is how it sees that somebody removed the header.
-        add_custom_command(OUTPUT ${copy} COMMAND ${CMAKE_COMMAND} -E true)
-        set(also DEPENDS ${copy})
+        # Make knows nothing of by-products: this is how it sees that somebody removed a header.
+        foreach(header ${headers})
+            add_custom_command(OUTPUT ${header} COMMAND ${CMAKE_COMMAND} -E true)
+        endforeach()
+        set(also DEPENDS ${headers})
     endif()
-    # Every save writes the headers; what is compiled is a copy that stays as old as its text.
+    # A header stays as old as its text; the stamp says when it was looked at.
     add_custom_command(OUTPUT ${stamp}
         ${also}
         COMMAND ${command}
-        COMMAND ${CMAKE_COMMAND} -D FROM=${header_folder} -D TO=${state}/include
-            -P ${MORVANITE_CMAKE_DIR}/MorvaniteHeaders.cmake
         COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
-        DEPENDS ${project} ${lists} ${program_files}
+        DEPENDS ${program_files} ${own_settings}
+        DEPFILE ${state}/headers.d
         COMMENT "Numbering the resources of ${name}"
         VERBATIM)
     add_custom_target(${ids} DEPENDS ${stamp})
+    set_property(TARGET ${ids} APPEND PROPERTY ADDITIONAL_CLEAN_FILES ${state}/include ${state}/headers.d)
 endfunction()
 
 function(morvanite_pack target)
@@ -121,31 +242,34 @@ function(morvanite_pack target)
     endif()
     get_filename_component(folder ${project} DIRECTORY)
     get_filename_component(name ${project} NAME_WLE)
-    if(NOT arg_HEADER)
-        set(arg_HEADER ResID/ResID.h)
-    endif()
-    get_filename_component(header "${arg_HEADER}" ABSOLUTE BASE_DIR ${folder})
-    if(NOT arg_LISTS)
-        set(arg_LISTS res)
-    endif()
-    get_filename_component(lists "${arg_LISTS}" ABSOLUTE BASE_DIR ${folder})
+    foreach(argument HEADER LISTS)
+        if(arg_${argument})
+            message(DEPRECATION "morvanite_pack(${target}): ${argument} isn't needed any more and says nothing")
+        endif()
+    endforeach()
     set(settings "")
     if(arg_SETTINGS)
         get_filename_component(settings "${arg_SETTINGS}" ABSOLUTE)
+        if(NOT IS_DIRECTORY ${settings})
+            message(FATAL_ERROR "morvanite_pack(${target}): there is no folder ${settings} for SETTINGS")
+        endif()
     endif()
+    _morvanite_check_resolution(${target} ${arg_RESOLUTION} "${settings}")
     if(NOT arg_OUTPUT)
         set(arg_OUTPUT ${target}.packed.${arg_TARGET})
     endif()
     get_filename_component(output "${arg_OUTPUT}" ABSOLUTE BASE_DIR ${CMAKE_CURRENT_BINARY_DIR})
 
-    string(MD5 hash ${project})
+    string(MD5 hash "${project} ${settings}")
     set(state ${CMAKE_BINARY_DIR}/CMakeFiles/morvanite/${hash})
-    file(MAKE_DIRECTORY ${state})
-    _morvanite_ids_target(ids ${project} ${header} ${lists} "${settings}" ${state})
+    file(MAKE_DIRECTORY ${state}/include)
+    _morvanite_headers_target(ids ${project} "${settings}" ${state})
     add_dependencies(${target} ${ids})
     target_include_directories(${target} PRIVATE ${state}/include)
 
-    set(options --resolution ${arg_RESOLUTION} --target ${arg_TARGET})
+    # What the pack makes for itself goes into a folder of its own, so packs can run at the same time.
+    set(options --resolution ${arg_RESOLUTION} --target ${arg_TARGET} --strict --headers ${state}/include
+        --temp ${state}/${target}.files)
     if(arg_CONVERT_IMAGES)
         list(APPEND options --convert-images 1)
     endif()
@@ -153,16 +277,17 @@ function(morvanite_pack target)
         list(APPEND options --ver ${arg_VER})
     endif()
     # These are looked for at every pack, so one that appears or goes is a change too.
-    file(GLOB found CONFIGURE_DEPENDS ${folder}/preview.lst ${folder}/${name}_res.lst ${folder}/AppLogo.img)
+    file(GLOB found CONFIGURE_DEPENDS ${folder}/preview.lst ${folder}/${name}_res.lst ${folder}/AppLogo.img
+        ${folder}/morvanite.ini)
     _morvanite_program_files(program_files "${settings}")
-    _morvanite_run(command ${state}/lock "${settings}"
-        pack ${project} --input $<TARGET_FILE:${target}> --output ${output} ${options} --depfile ${state}/${target}.d)
+    _morvanite_run(command "${settings}" ${target}_packed ${state}/${target}.d
+        pack ${project} --input $<TARGET_FILE:${target}> --output ${output} ${options})
     # The packer writes the resources alone into this folder, and doesn't make it.
     set(side_folder $<TARGET_FILE_DIR:${target}>/arm)
     add_custom_command(OUTPUT ${output}
         COMMAND ${CMAKE_COMMAND} -E make_directory ${side_folder}
         COMMAND ${command}
-        DEPENDS ${target} ${project} ${found} ${program_files}
+        DEPENDS ${target} ${ids} ${found} ${program_files}
         DEPFILE ${state}/${target}.d
         COMMENT "Packing the resources of ${name} into ${arg_OUTPUT}"
         VERBATIM)

@@ -1,6 +1,8 @@
 # Runs one command of morvanite-cli for a build rule of Morvanite.cmake:
-#   cmake -D LOCK=<file> -D SETTINGS=<folder, or empty> -P MorvaniteRun.cmake -- <command line>
-# It waits for its turn, and shows the whole report when the command fails, otherwise only the warnings.
+#   cmake [-D DEPFILE=<file> -D CACHE=<file>] -P MorvaniteRun.cmake -- <command line>
+# CACHE is what the generator for make remembers of the depfile. It never forgets a file, and make takes one that isn't
+# there for changed, at every build: so the cache is dropped when a file of the last depfile has gone.
+# Shows the whole report when the command fails, otherwise its errors and warnings, each once.
 
 cmake_minimum_required(VERSION 3.20)
 
@@ -15,19 +17,34 @@ foreach(n RANGE ${last})
     endif()
 endforeach()
 
-if(SETTINGS)
-    set(ENV{XDG_CONFIG_HOME} "${SETTINGS}")
+if(CACHE AND EXISTS "${DEPFILE}")
+    file(READ "${DEPFILE}" inputs)
+    string(FIND "${inputs}" "\n" place) # behind the name of what is made
+    string(SUBSTRING "${inputs}" ${place} -1 inputs)
+    string(REPLACE " \\\n" "\n" inputs "${inputs}")
+    string(REGEX REPLACE "\\\\([ #\\\\])" "\\1" inputs "${inputs}")
+    string(REPLACE "$$" "$" inputs "${inputs}")
+    string(REGEX MATCHALL "[^\n]+" inputs "${inputs}")
+    foreach(input IN LISTS inputs)
+        string(STRIP "${input}" input)
+        if(NOT EXISTS "${input}")
+            file(REMOVE "${CACHE}")
+            break()
+        endif()
+    endforeach()
 endif()
-file(LOCK "${LOCK}" GUARD PROCESS)
+
 execute_process(COMMAND ${command} RESULT_VARIABLE status OUTPUT_VARIABLE report ERROR_VARIABLE complaint)
-string(REPLACE "\r\n" "\n" report "${report}${complaint}")
+string(REPLACE "\r\n" "\n" report "${report}")
 if(NOT status EQUAL 0)
-    message("${report}")
+    message("${report}${complaint}")
     message(FATAL_ERROR "morvanite-cli ended with ${status}")
 endif()
-string(REGEX MATCHALL "[^\n]*(Warning [0-9]+:|\\[warning\\]|\\[error\\]|not exist, ignore)[^\n]*" warnings "${report}")
-if(NOT warnings STREQUAL "")
-    list(REMOVE_DUPLICATES warnings) # a pack goes through the resources twice
-    string(REPLACE ";" "\n" warnings "${warnings}")
-    message("${warnings}")
+string(REGEX MATCHALL "[^\n]*(Error [0-9]+:|Warning [0-9]+:|\\[warning\\]|\\[error\\]|not exist, ignore)[^\n]*" lines "${report}\n")
+string(REGEX MATCHALL "[^\n]+" complaints "${complaint}")
+list(APPEND lines ${complaints})
+if(NOT lines STREQUAL "")
+    list(REMOVE_DUPLICATES lines) # a pack goes through the resources twice
+    string(REPLACE ";" "\n" lines "${lines}")
+    message("${lines}")
 endif()

@@ -28,7 +28,7 @@ public:
         const IDRecord *last = nullptr;
         for (const IDRecord *record : SortedIds(document->ids)) {
             if (!last || last->name != record->name)
-                session.report.WriteBytes(session.env.Shown(record->name) + '\t' + QByteArray::number(record->value) +
+                session.report.WriteBytes(document->env.Shown(record->name) + '\t' + QByteArray::number(record->value) +
                                           '\n');
             last = record;
         }

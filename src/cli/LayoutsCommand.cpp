@@ -60,8 +60,9 @@ public:
         if (!document)
             return EXIT_FAILED;
         if (!document->root.FindFolder(KIND_LAYOUTS, 1)) {
-            Complain(QStringLiteral(
-                "the settings leave layouts out: see the key folders of section Layout in Morvanite.ini"));
+            Complain(QStringLiteral("the settings leave layouts out: see the key folders of section Layout in "
+                                    "morvanite.ini beside the project, or "
+                                    "in Morvanite.ini"));
             return EXIT_FAILED;
         }
         return check ? Check(session, *document, DirectoryOf(path)) : List(session, *document);
@@ -90,18 +91,18 @@ private:
             for (const auto &own : folder.subfolders) {
                 for (const CBaseRes *res : own->resources) {
                     const auto *const layout = static_cast<const CLayoutRes *>(res);
-                    layouts.push_back({resolution, HostForm(layout->File()->path, session.env), &layout->Layout()});
+                    layouts.push_back({resolution, HostForm(layout->File()->path, document.env), &layout->Layout()});
                 }
             }
         });
-        session.report.WriteBytes(json ? LayoutsJson(session.env, layouts) : LayoutsText(session.env, layouts));
+        session.report.WriteBytes(json ? LayoutsJson(document.env, layouts) : LayoutsText(document.env, layouts));
         return isWhole ? EXIT_FINE : EXIT_FAILED;
     }
 
     int Check(Session &session, CResDoc &document, const QString &folder) const
     {
         std::vector<Finding> findings;
-        if (!document.tables.classes->loaded && !CheckCatalogue(session, findings))
+        if (!document.classes->loaded && !CheckCatalogue(document.env, findings))
             Complain(
                 QStringLiteral("without a catalogue (section Layout of Morvanite.ini) classes, properties and values "
                                "aren't checked"));
@@ -110,13 +111,13 @@ private:
             if (const LayoutFileRef file = LayoutFileOf(resolution); file && !files.contains(file->path))
                 files.prepend(file->path);
             for (const NarrowText &file : files) {
-                QString path = session.env.NarrowToWide(file);
+                QString path = document.env.NarrowToWide(file);
                 MakeAbsolute(path, folder);
                 const auto find = [&](const NarrowText &id) {
                     return KindOf(document.ids, id, qint16(resolution.index));
                 };
-                for (const LayoutFinding &found : CheckLayoutFile(session.env, path, *document.tables.classes, find))
-                    findings.push_back({HostForm(file, session.env), found.line, found.text});
+                for (const LayoutFinding &found : CheckLayoutFile(document.env, path, *document.classes, find))
+                    findings.push_back({HostForm(file, document.env), found.line, found.text});
             }
         });
         session.report.WriteBytes(json ? AsJson(findings) : AsText(findings));
@@ -124,15 +125,15 @@ private:
     }
 
     /// Tells why the catalogue that the settings name isn't there. False when they name none.
-    static bool CheckCatalogue(Session &session, std::vector<Finding> &findings)
+    static bool CheckCatalogue(const Environment &env, std::vector<Finding> &findings)
     {
-        QString file = session.env.settings.String("Layout", "catalogue");
+        QString file = env.settings.String("Layout", "catalogue");
         if (file.isEmpty())
             return false;
-        MakeAbsolute(file, session.env.ProgramDir());
+        MakeAbsolute(file, env.ProgramDir());
         ClassCatalogue catalogue;
         QStringList errors;
-        (void)LoadCatalogue(session.env, file, catalogue, errors);
+        (void)LoadCatalogue(env, file, catalogue, errors);
         for (const QString &error : errors)
             findings.push_back({{}, 0, error});
         return true;

@@ -4,6 +4,7 @@
 #include "OpeningReport.h"
 #include "PackRequest.h"
 #include "Paths.h"
+#include "ProjectInputs.h"
 #include "RemoteCommand.h"
 
 #include <cstring>
@@ -112,7 +113,7 @@ private:
     {
         inputs.push_back(request.inputFile.toUtf8());
         auto *document = static_cast<CResDoc *>(session.documents.FindDocument(request.projectPath));
-        for (const QString &file : document ? document->ProjectFiles() : QStringList())
+        for (const QString &file : document ? ProjectInputs(*document) : QStringList())
             inputs.push_back(HostPath(file));
         const QString made =
             request.outputFile.isEmpty() ? request.inputFile + QStringLiteral(".pkd") : request.outputFile;

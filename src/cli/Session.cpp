@@ -43,6 +43,7 @@ Session::Session(const QString &debugLog, const QString &configFolder)
         _exit(EXIT_FAILED); // with another, a save would destroy the project's texts
     }
     services.GetCommandID = [this](const QString &path) { return handler.GetCommandID(&path); };
+    services.Notify = [this](const CResDoc &, const QString &text) { env.Explain(text); };
     env.explain = [this](const QString &text) {
         report.Flush();
         Complain(text);

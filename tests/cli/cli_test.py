@@ -33,6 +33,20 @@ class Cli(DemoProject):
         self.assertIn(b'\n#define  ID_FILE_TUNE    100000', contents[0][2])
         self.assertEqual(contents[0], contents[1])
 
+    def test_what_a_save_could_not_know_is_kept_and_comes_back(self):
+        listing = self.dir / 'res/demo.res.xml'
+        before = listing.read_bytes().replace(b'</APP>', b'<FILE>.\\lost.bin</FILE></APP>')
+        listing.write_bytes(before)
+        status, out, err = self.run_cli('save', self.project)
+        self.assertEqual((status, out), (0, '[demo] save - 0 error(s), 0 warning(s)\r\n\r\n\r\nsave done\r\n'))
+        self.assertIn('kept in ' + str(self.dir / 'state/morvanite/kept/demo-'), err)
+        self.assertNotIn(b'lost.bin', listing.read_bytes())
+        self.assertRegex(self.run_cli('kept', 'demo.vcproj')[1], r'(?m)^1\t[-:T0-9]+\t.*/res/demo\.res\.xml$')
+        status, out, _ = self.run_cli('kept', self.project, '--restore', '1')
+        self.assertEqual((status, listing.read_bytes()), (0, before))
+        self.assertRegex(out, 'is kept in .*/2$')
+        self.assertEqual(self.run_cli('kept', self.project, '--restore', '7')[0], 1)
+
     def test_a_save_that_numbers_in_vain_fails(self):
         names = ''.join(f'<FILE id="ID_{i}" type="Push">.\\a.mp3</FILE>' for i in range(1001))
         (self.dir / 'res/demo.res.xml').write_text(f'<APP>{names}</APP>')
@@ -62,7 +76,7 @@ class Cli(DemoProject):
             self.assertEqual((status, out), (2, ''), arguments)
             self.assertNotEqual(err, '', arguments)
         self.assertEqual(self.run_cli('--version')[:2], (0, 'morvanite-cli 1.0.0\n'))
-        for command in ('load', 'save', 'pack', 'ids', 'inspect', 'strings', 'layouts', 'serve'):
+        for command in ('load', 'save', 'pack', 'ids', 'inspect', 'strings', 'layouts', 'kept', 'serve'):
             self.assertEqual(self.run_cli(command, '--help')[0], 0)
             self.assertIn(command, self.run_cli('--help')[1])
 

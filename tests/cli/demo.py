@@ -49,7 +49,7 @@ class DemoProject(unittest.TestCase):
         self.project = str(self.dir / 'demo.vcproj')
         self.to_pack = ('pack', self.project, '--input', self.dir / 'app.axf', '--resolution', '240x320', '--target', 'axf')
         self.runtime = self.dir / 'run'
-        self.env = dict(os.environ, XDG_CONFIG_HOME=str(self.dir / 'none'), MORVANITE_RUNTIME_DIR=str(self.runtime))
+        self.env = dict(os.environ, XDG_CONFIG_HOME=str(self.dir / 'none'), XDG_STATE_HOME=str(self.dir / 'state'), MORVANITE_RUNTIME_DIR=str(self.runtime))
 
     def run_program(self, *arguments, **options):
         """The exit status, the output and the errors."""

@@ -10,7 +10,7 @@ import unittest
 from demo import CLI, FILES, DemoProject
 
 SLOW_AT_THE_SECOND_CALL = '''
-if [ -e ran ]; then echo $$ > pid.new; mv pid.new pid; printf half > "$4"; exec sleep 60; fi
+if [ -e ran ]; then printf half > "$4"; echo $$ > pid.new; mv pid.new pid; exec sleep 60; fi
 touch ran
 printf 'a converted picture' > "$4"
 '''

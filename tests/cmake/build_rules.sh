@@ -10,13 +10,23 @@ trap 'rm -rf "$work"' EXIT
 app="$work/weather clock" # paths with a blank are the ones that go wrong
 build="$app/out"
 mkdir "$app"
-cp -r "$repository"/sample/{res,settings,config.xml,weatherclock.vcproj,weatherclock_res.lst,preview.lst} "$app"
-printf '#include "ResID.h"\nint main(void) { return ID_IMAGE_SUN == 0; }\n' >"$app/main.c"
+cp -r "$repository"/sample/{res,config.xml,weatherclock.vcproj,weatherclock_res.lst,preview.lst} "$app"
+mkdir -p "$app/settings/morvanite"
+cat >"$app/settings/morvanite/Morvanite.ini" <<END
+[Layout]
+folders=1
+catalogue=catalogue.xml
+[Path]
+layout_temp=.\\ResID\\layouts\\
+export_xml=catalogue.xml
+export_layout=layout_tables.xml
+END
+printf '#include "LayoutID.h"\n#include "ResID.h"\nint main(void) { return ID_IMAGE_SUN == LAYOUT_CLASS_Label; }\n' >"$app/main.c"
 echo 'int without_ids(void); int without_ids(void) { return 1; }' >"$app/other.c"
 cat >"$app/CMakeLists.txt" <<END
 cmake_minimum_required(VERSION 3.20)
 project(Clock LANGUAGES C)
-find_package(Morvanite REQUIRED PATHS "$repository")
+find_package(Morvanite 1.0 REQUIRED PATHS "$repository")
 foreach(name upright across appended)
     add_executable(\${name} main.c other.c)
     set_target_properties(\${name} PROPERTIES SUFFIX .axf)
@@ -49,13 +59,14 @@ builds() {
 has_entry() { "$cli" inspect --json "$1" >"$work/entries" && grep -q "$2" "$work/entries"; }
 
 configure -G "$generator" -DCMAKE_C_COMPILER=arm-linux-gnueabihf-gcc -DCMAKE_SYSTEM_NAME=Linux -DMORVANITE_CLI="$cli"
-cp -r "$app/res" "$work/before"
+cp -r "$app" "$work/before"
+rm -r "$work/before/out"
 all='Building 4, Linking 2, Numbering 1, Packing 2'
 builds 'nothing was there' "$all"
 builds 'nothing changed' ''
 [ -s "$build/upright.packed.axf" ] && [ -s "$build/arm/upright.res" ] || fail 'a packed file is missing'
 arm-linux-gnueabihf-readelf -S "$build/packed.bin" | grep -q '\.zp_res' || fail 'the packed file has no section .zp_res'
-diff -r "$work/before" "$app/res" || fail 'the build changed the project'
+diff -r -x out "$work/before" "$app" || fail 'the build changed the project'
 
 # A picture of one resolution: only that pack is done again, and its bytes are the new ones.
 cp "$build/upright.packed.axf" "$work/old"
@@ -67,11 +78,11 @@ touch "$app/res/common/logo.gif"
 builds 'a picture of all resolutions was touched' 'Packing 2'
 
 # A text, no ID: the headers are worked out again and stay as they are, so nothing is compiled.
-iconv -f utf-16 -t utf-8 "$work/before/ref_list_weatherclock.txt" | sed 's/\tToday\t/\tThis day\t/' | iconv -t utf-16 >"$app/res/ref_list_weatherclock.txt"
+iconv -f utf-16 -t utf-8 "$work/before/res/ref_list_weatherclock.txt" | sed 's/\tToday\t/\tThis day\t/' | iconv -t utf-16 >"$app/res/ref_list_weatherclock.txt"
 builds 'a text changed' 'Numbering 1, Packing 2'
 builds 'a text was packed' ''
 
-# A layout: all of them are written again when the IDs are numbered.
+# A layout.
 layout="$app/res/layout_weatherclock_240x320.xml"
 cp "$build/upright.packed.axf" "$work/old"
 sed -i 's/value="62"/value="63"/' "$layout"
@@ -84,10 +95,20 @@ sed -i 's/ID_IMAGE_FOG/ID_IMAGE_MIST/' "$app/res/weatherclock.res.xml"
 builds 'an ID changed' 'Building 2, Linking 2, Numbering 1, Packing 2'
 header=$(find "$build/CMakeFiles/morvanite" -name ResID.h)
 grep -q ID_IMAGE_MIST "$header" || fail 'the header does not have the new ID'
-rm -r "$app/ResID" "$header"
-cmake --build "$build" >"$work/log" 2>&1 || fail 'the build after the header was removed failed'
-[ -s "$app/ResID/ResID.h" ] && [ -s "$header" ] || fail 'a removed header was not written again'
-builds 'the header came back' ''
+rm "$header" "$(dirname "$header")/LayoutID.h"
+cmake --build "$build" >"$work/log" 2>&1 || fail 'the build after the headers were removed failed'
+[ -s "$header" ] && [ -s "$(dirname "$header")/LayoutID.h" ] || fail 'a removed header was not written again'
+builds 'the headers came back' ''
+
+# Settings of the project, which may come and go.
+printf '[Layout]\nfolders=1\n' >"$app/morvanite.ini"
+builds 'settings of the project came' 'Numbering 1, Packing 2'
+builds 'settings of the project were read' ''
+touch "$app/settings/morvanite/Morvanite.ini"
+builds 'settings were touched' 'Numbering 1, Packing 2'
+rm "$app/morvanite.ini"
+builds 'settings of the project went' 'Numbering 1, Packing 2'
+builds 'settings of the project were forgotten' ''
 
 # Lists that weren't there, or go.
 rm "$app/preview.lst"

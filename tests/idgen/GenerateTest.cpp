@@ -115,3 +115,14 @@ TEST_F(Generate, NothingIsWrittenWithoutNumbersOrAPlace)
     EXPECT_EQ(Run(), -2);
     EXPECT_EQ(model.folder.Names(), QStringList({u"bin"_s}));
 }
+
+TEST_F(Generate, AnIdWithALineEndInItWritesNoLineOfItsOwnIntoTheHeader)
+{
+    QString explained;
+    model.env.explain = [&](const QString &text) { explained += text; };
+    ids.Normal("ID_A").Normal("ID_B\n#include \"/etc/passwd\"").Normal("ID_C");
+    EXPECT_EQ(Run(), 0);
+    EXPECT_EQ(Defines("ResID/ResID.h"), "\n#define  ID_A    1\n#define  ID_C    3\n");
+    EXPECT_EQ(model.env.FailureCount, 1);
+    EXPECT_TRUE(explained.contains(u"ID_B?#include"_s)) << qPrintable(explained);
+}

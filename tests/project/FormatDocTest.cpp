@@ -64,4 +64,10 @@ TEST(FormatPages, TheirSettingsAreRead)
     tables.LoadOnce(env);
     EXPECT_EQ(tables.resolutions.IndexOf(240, 320), 1);
     EXPECT_EQ(tables.resourceTypes.size(), 2);
+
+    folder.Put("demo/morvanite.ini", Example("settings", u"ini project"_s));
+    Settings settings = env.settings;
+    EXPECT_EQ(settings.UseProject(folder.Path("demo/morvanite.ini")), QStringList()) << "a key that doesn't count";
+    EXPECT_EQ(settings.String("Text", "code_page"), u"936"_s);
+    EXPECT_EQ(settings.Int("Layout", "folders", 0), 1);
 }

@@ -286,7 +286,7 @@ TEST_F(Layouts, AnElementWithoutAFileIsReportedAndACatalogueWithErrorsToo)
     EXPECT_TRUE(said.contains("Warning 1: layout file not found.\r\n"));
     EXPECT_TRUE(said.contains("Warning 1: unknown XML tag [IMAGE] discarded (Line 3).\r\n"));
     EXPECT_TRUE(said.contains("line 2")) << said.constData();
-    EXPECT_TRUE(project.tables.classes->entries.empty());
+    EXPECT_TRUE(project.Open()->classes->entries.empty());
     EXPECT_EQ(Save(), "");
     EXPECT_EQ(Written(), Elements({}));
 }

@@ -87,6 +87,7 @@ TEST(ProjectReader, EachFaultHasItsMessageNumberAndLineAndTheRestIsRead)
                                                                "10008 -1 " + longName + " normal "}));
     EXPECT_EQ(project.env->ErrorCount, 11);
     EXPECT_EQ(project.env->WarningCount, 8);
+    EXPECT_EQ(project.env->DroppedCount, 17);
     EXPECT_FALSE(project.Open()->IsModified());
 }
 

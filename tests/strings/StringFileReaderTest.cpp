@@ -136,3 +136,41 @@ TEST(StringFileReader, ReadsTheExampleOfItsDescription)
     EXPECT_EQ(project.Messages(), "");
     EXPECT_EQ(project.Written(), example.toStdString());
 }
+
+TEST(StringFileReader, CountsTheRowsAndCellsThatASaveWouldLose)
+{
+    const std::string head = "Number of Language|2\nString ID|Resource Type|Description|English(9)|French(12)";
+    const std::string row = "ID_A|Normal|about|one|un";
+    const auto dropped = [](const std::string &text) {
+        StringProject project;
+        project.AddFolder(project.root, KIND_BINARY).AddResource(project.CreateFileRes("ID_FILE", ANY_RESOLUTION));
+        EXPECT_EQ(project.Read(QByteArray::fromStdString(text)), 0);
+        QByteArray lines;
+        for (const LoadFinding &finding : project.findings.All())
+            lines += QByteArray::number(finding.line) + ' ';
+        EXPECT_EQ(project.env.DroppedCount, int(project.findings.All().size()));
+        return lines;
+    };
+    EXPECT_EQ(dropped(head + '\n' + row + "\nID_B|Push\nID_B|Push||two\n||\n|Normal||\n\n##number|9\n\n"), "");
+    EXPECT_EQ(dropped(head + '\n' + row + "\nID_FILE|Normal|a|b|c\n##number|2\n"), "4 ");
+    EXPECT_EQ(dropped(head + '\n' + row + "|three||four\n##number|1\n"), "3 3 ");
+    EXPECT_EQ(dropped(head + "|Other(13)||\n" + row + "||\n##number|1\n"), "2 ");
+    EXPECT_EQ(dropped(head + '\n' + row + "\n|Normal|without an ID\n##number|1\n"), "4 ");
+    EXPECT_EQ(dropped(head + '\n' + row + "\n##number|1\n" + row + "\n\nlast"), "5 7 ");
+    // Of two texts for one cell the second counts, and equal ones lose nothing.
+    EXPECT_EQ(dropped(head + '\n' + row + '\n' + row + "\nID_A|Normal|about|two|\n##number|2\n"), "5 ");
+    EXPECT_EQ(dropped("Number of Language|2\nString ID|Description|English(9)|English(9)\n"
+                      "ID_A|a|one|two\nID_B|b|one|\nID_C|c||two\nID_D|d|one|one\n##number|4\n"),
+              "3 ");
+}
+
+TEST(StringFileReader, AReloadCountsWhatTheFileLosesNotWhatItReplaces)
+{
+    StringProject project;
+    const QByteArray head = "Number of Language|1\nString ID|Description|English(9)\n";
+    ASSERT_EQ(project.Read(head + "ID_A|a|one\n##number|1\n"), 0);
+    ASSERT_EQ(project.Read(head + "ID_A|new|two\nID_B|b|one\n##number|2\n"), 0);
+    EXPECT_EQ(project.env.DroppedCount, 0);
+    ASSERT_EQ(project.Read(head + "ID_A|new|three\nID_A|new|four\nID_C|c|one\nID_C|c|two\n##number|4\n"), 0);
+    EXPECT_EQ(project.env.DroppedCount, 2);
+}

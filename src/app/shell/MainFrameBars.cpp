@@ -97,7 +97,7 @@ void CMainFrame::MakeBars()
 /// The classes of components that a layout can be made of.
 void CMainFrame::FillToolbox()
 {
-    if (!tables.classes->loaded || toolbox->count() > 0)
+    if (!tables.classes || !tables.classes->loaded || toolbox->count() > 0)
         return;
     for (const auto &entry : tables.classes->entries) {
         if (entry->kind == CLASS_CLASS && !entry->excluded)

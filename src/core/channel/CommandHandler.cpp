@@ -125,7 +125,8 @@ void CommandHandler::RunLoad(const std::optional<CommandRecord> &record)
         env.DebugTrace("Morvanite got LOAD command\n");
         OpenPipe();
         CommandTarget = &record->projectPath;
-        if (!documents.OpenDocumentFile(record->projectPath))
+        const auto *doc = dynamic_cast<CResDoc *>(documents.OpenDocumentFile(record->projectPath));
+        if (!doc || doc->IsUnreadable())
             errorCode = int(ReportCode::NotLoaded);
         if (bringToTop)
             bringToTop();
@@ -161,13 +162,15 @@ void CommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
         env.DebugTrace("Morvanite: m_szCmdTarget=%s\n", qUtf8Printable(record->projectPath));
         if (!open)
             open = documents.OpenDocumentFile(record->projectPath);
-        if (auto *doc = dynamic_cast<CResDoc *>(open)) {
+        else
+            open->OnOpenAgain();
+        if (auto *doc = dynamic_cast<CResDoc *>(open); doc && !doc->IsUnreadable()) {
             if (beforePack && !beforePack(*doc)) {
                 pipe.Close();
                 lastError = 0;
                 return;
             }
-            env.RefreshSettings();
+            doc->env.RefreshSettings();
             env.DebugTrace("implicit ID Gen before Pack\n");
             const int generated = doc->GenerateIds(nullptr);
             env.DebugTrace("implicit ID Gen before Pack done, result is %d\n", generated);
@@ -188,7 +191,7 @@ void CommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
 
 int CommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &record)
 {
-    auto parameters = PackInfoOf(record, env, doc.tables.resolutions);
+    auto parameters = PackInfoOf(record, doc.env, doc.tables.resolutions);
     if (!parameters)
         return int(ReportCode::BadPackRequest);
     parameters->temp = packTemp;

@@ -9,6 +9,8 @@
 
 #include <QSet>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -59,7 +61,7 @@ private:
         Header header(env.WideToNarrow(fileName));
         if (const CResFolder *images = document.root.FindFolder(KIND_COMPONENT, component, 2)) {
             for (const CBaseRes *image : images->resources) {
-                header.Define(*image->Id());
+                (void)Define(*image->Id(), header);
                 inComponents.insert(image->Id()->name);
             }
         }
@@ -74,13 +76,31 @@ private:
             if (record.push != push || (last && *last == record.name) || inComponents.contains(record.name) ||
                 written.contains(record.name))
                 continue;
-            header.Define(record);
             last = &record.name;
+            if (!Define(record, header))
+                continue;
             // A name whose records differ in kind stands once, in the first group; few need to be remembered for that.
             const bool hasBefore = i > 0 && sorted[i - 1]->name == record.name;
             if (hasBefore || (i + 1 < sorted.size() && sorted[i + 1]->name == record.name))
                 written.insert(record.name);
         }
+    }
+
+    /// Adds an ID's line to a header. False for a name with a control character: what follows a line end in it would
+    /// become lines of the header.
+    bool Define(const IDRecord &record, Header &header)
+    {
+        const auto isControl = [](char c) { return quint8(c) < 0x20 || c == 0x7F; };
+        if (std::none_of(record.name.begin(), record.name.end(), isControl)) {
+            header.Define(record);
+            return true;
+        }
+        QByteArray shown = env.Shown(record.name);
+        std::replace_if(shown.begin(), shown.end(), isControl, '?');
+        env.ExplainFailure(
+            QStringLiteral("the ID [%1] has a control character and is left out of the headers; rename it")
+                .arg(QString::fromUtf8(shown)));
+        return false;
     }
 
     CResModel &document;

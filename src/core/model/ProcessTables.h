@@ -4,6 +4,7 @@
 
 #include <QStringList>
 
+#include <map>
 #include <memory>
 
 class ClassCatalogue;
@@ -17,7 +18,9 @@ public:
     QStringList resourceTypes;
     /// The ".vcproj" path of the project loaded last.
     QString projectPath;
-    /// The types of layouts. Never null once a document was made; filled when one is loaded.
+    /// The types of layouts by the path of the catalogue's file, read with the first project that names it.
+    std::map<QString, std::shared_ptr<ClassCatalogue>> catalogues;
+    /// The catalogue of the project loaded last; null before one is.
     std::shared_ptr<ClassCatalogue> classes;
 
     /// Fills the tables that are still empty from the files that the settings name.

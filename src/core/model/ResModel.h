@@ -31,6 +31,8 @@ public:
     ProcessTables &tables;
 
     QString name; ///< the project's name
+    /// The types of the project's layouts; never null in a document.
+    std::shared_ptr<ClassCatalogue> classes;
     /// Who watches the nodes that the factories make; set by the document.
     IEspia *nodeObserver = nullptr;
     /// Told in their order before a reload destroys what the tree holds. Not owned; they take themselves off.

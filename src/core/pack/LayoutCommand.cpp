@@ -34,12 +34,18 @@ void LayoutCommand::Run(Environment &env) const
         env.Explain(text);
 }
 
+QString LayoutSetting(const Settings &settings, const char *key)
+{
+    const QString projects = settings.String("Layout", key);
+    return projects.isEmpty() ? settings.String("Path", key) : projects;
+}
+
 LayoutCommand LayoutCommand::In(const Environment &env, const QString &projectFolder)
 {
     const Settings &settings = env.settings;
     LayoutCommand command;
     command.tool = InProgramDir(env, settings.String("Application", "layout_convert_tool", "zul_xml_conv.exe"));
-    command.xml = InProgramDir(env, settings.String("Path", "export_xml"));
+    command.xml = InProgramDir(env, LayoutSetting(settings, "export_xml"));
     command.table =
         HostForm(DirectoryOf(settings.String("ResID", "layout_include_table", ".\\ResID\\")), projectFolder);
     command.subtool =

@@ -3,6 +3,7 @@
 #include "Text.h"
 
 class Environment;
+class Settings;
 
 /// The options of one run of the layout converter.
 struct LayoutCommand
@@ -25,6 +26,9 @@ struct LayoutCommand
     /// With what every run has in common: the converter, its subtool, the catalogue and the folder of the tables.
     [[nodiscard]] static LayoutCommand In(const Environment &env, const QString &projectFolder);
 };
+
+/// A setting of the layout conversion: the project's own in section `Layout`, else that in section `Path`; may be empty.
+[[nodiscard]] QString LayoutSetting(const Settings &settings, const char *key);
 
 /// A path, absolute and as the host has it.
 [[nodiscard]] QString HostForm(const QString &path, const QString &base);

@@ -39,7 +39,7 @@ void MoveAside(const QString &table)
 LayoutCommand TablesCommand(const Environment &env, const QString &projectFolder)
 {
     LayoutCommand command = LayoutCommand::In(env, projectFolder);
-    command.input = InProgramDir(env, env.settings.String("Path", "export_layout"));
+    command.input = InProgramDir(env, LayoutSetting(env.settings, "export_layout"));
     command.header = InProgramDir(env, env.settings.String("Path", "export_h"));
     return command;
 }
@@ -54,8 +54,8 @@ void Run(Environment &env, const LayoutCommand &command)
 
 bool HasLayoutTables(const Environment &env)
 {
-    return !env.settings.String("Path", "export_layout").isEmpty() &&
-           !env.settings.String("Path", "export_xml").isEmpty();
+    return !LayoutSetting(env.settings, "export_layout").isEmpty() &&
+           !LayoutSetting(env.settings, "export_xml").isEmpty();
 }
 
 QStringList LayoutTableInputs(const Environment &env)

@@ -153,7 +153,7 @@ int ConstructLayouts(PackContext &context)
     }
     // What the converter reads the pack depends on.
     (void)context.files.Find(command.input);
-    if (!settings.String("Path", "export_xml").isEmpty())
+    if (!LayoutSetting(settings, "export_xml").isEmpty())
         (void)context.files.Find(command.xml);
     env.DebugTrace("Layout command:%s.", qUtf8Printable(command.CommandLine()));
     if ((command.input + command.output + command.header).contains(u'"')) {

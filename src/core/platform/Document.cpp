@@ -30,6 +30,7 @@ void CDocument::UpdateAllViews(CView *sender, long hint, CView *target)
 CDocument *CDocManager::OpenDocumentFile(const QString &path)
 {
     if (CDocument *open = FindDocument(path)) {
+        open->OnOpenAgain();
         if (foundOpen)
             foundOpen(*open);
         return open;

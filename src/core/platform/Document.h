@@ -41,6 +41,8 @@ public:
     /// Tells the user, or the IDE, that loading or saving failed.
     virtual void ReportSaveLoadException(const QString &path, const ArchiveException &exception, bool saving) = 0;
     virtual void OnCloseDocument() {}
+    /// Told when somebody opens the path of this open document.
+    virtual void OnOpenAgain() {}
 
     void SetModifiedFlag(bool flag);
     [[nodiscard]] bool IsModified() const { return modified; }

@@ -63,18 +63,47 @@ QString Environment::FindProgramDir()
 }
 
 Environment::Environment(const QString &programFolder, const QString &configFolder)
-    : settings(WithSeparator(programFolder) + QStringLiteral("Morvanite.ini"), UserSettingsFile(configFolder)),
+    : own(std::make_unique<Shared>()), shared(*own),
+      settings(WithSeparator(programFolder) + QStringLiteral("Morvanite.ini"), UserSettingsFile(configFolder)),
       programDir(WithSeparator(programFolder)), ownConfigFolder(configFolder)
 {
+    SelectCodePage();
+}
+
+Environment::Environment(Environment &process)
+    : shared(process.shared), settings(process.settings), programDir(process.programDir),
+      ownConfigFolder(process.ownConfigFolder)
+{
+    SelectCodePage();
+}
+
+void Environment::SelectCodePage()
+{
     const QByteArray name = settings.String("Text", "code_page").toUtf8();
-    codePageUnknown = !name.isEmpty() && !codePage.Select(name);
+    codePageUnknown = !codePage.Select(name.isEmpty() ? QByteArray("UTF-8") : name);
+}
+
+bool Environment::UseProjectSettings(const QString &folder)
+{
+    const QString file = ResolvePath(QStringLiteral("morvanite.ini"), folder);
+    for (const QString &key : settings.UseProject(file))
+        Explain(QStringLiteral("%1: %2 is no setting of a project and is ignored").arg(file, key));
+    SelectCodePage();
+    if (codePageUnknown) {
+        Explain(QStringLiteral("%1: there is no code page \"%2\" (section Text, key code_page)")
+                    .arg(file, settings.String("Text", "code_page")));
+    }
+    return !codePageUnknown;
 }
 
 Environment::~Environment() = default;
 
 QStringList Environment::SettingsFiles() const
 {
-    return {programDir + QStringLiteral("Morvanite.ini"), UserSettingsFile(ownConfigFolder), LanguageFile()};
+    QStringList files{programDir + QStringLiteral("Morvanite.ini"), UserSettingsFile(ownConfigFolder), LanguageFile()};
+    if (!settings.ProjectFile().isEmpty())
+        files.append(settings.ProjectFile());
+    return files;
 }
 
 QString Environment::LanguageFile() const

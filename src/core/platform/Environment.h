@@ -9,6 +9,9 @@
 
 /// What one running program shares: its folder, settings, code page, both logs and the counters of the current
 /// operation. A test makes a fresh one. Main thread only.
+///
+/// Each document has an environment of its own, made of the process's: the two share logs and counters, but a project
+/// has its own settings and code page.
 class Environment
 {
 public:
@@ -17,6 +20,8 @@ public:
     /// `programFolder` is the folder of the program's own files. Reads "Morvanite.ini" there and in the user's folder:
     /// "morvanite" in `configFolder`, or in the user's configuration folder where that is empty.
     explicit Environment(const QString &programFolder = FindProgramDir(), const QString &configFolder = {});
+    /// The environment of a project that isn't open yet. `process` must live longer.
+    explicit Environment(Environment &process);
     ~Environment();
     Environment(const Environment &) = delete;
     Environment &operator=(const Environment &) = delete;
@@ -43,25 +48,43 @@ public:
     /// The developer's log, cut in the same way; goes nowhere unless somebody listens.
     void DebugTrace(const char *format, ...) __attribute__((format(printf, 2, 3)));
 
+private:
+    /// What the environments of a process have in common.
+    struct Shared
+    {
+        Sink output;
+        std::function<void()> flushOutput;
+        std::function<void()> whileWaiting;
+        Sink trace;
+        std::function<void(const QString &text)> explain;
+        int errors = 0;
+        int warnings = 0;
+        int dropped = 0;
+        int failures = 0;
+    };
+    std::unique_ptr<Shared> own; // of the process's environment
+    Shared &shared;
+
+public:
     /// Who gets what `WriteOutput` writes. The frame and the command handler set it.
-    Sink output;
+    Sink &output = shared.output;
     /// What `FlushOutput` calls; may be empty.
-    std::function<void()> flushOutput;
+    std::function<void()> &flushOutput = shared.flushOutput;
     /// Called again and again while the program waits for an outside tool; may be empty.
-    std::function<void()> whileWaiting;
+    std::function<void()> &whileWaiting = shared.whileWaiting;
     /// Who gets what `DebugTrace` writes; empty by default.
-    Sink trace;
+    Sink &trace = shared.trace;
     /// Who gets what `Explain` and `ExplainFailure` say; may be empty. The command line shows it on standard error, the
     /// window in its output.
-    std::function<void(const QString &text)> explain;
+    std::function<void(const QString &text)> &explain = shared.explain;
 
     /// Errors and warnings of the current load, save or import; they number its messages.
-    int ErrorCount = 0;
-    int WarningCount = 0;
+    int &ErrorCount = shared.errors;
+    int &WarningCount = shared.warnings;
     /// How many elements and rows the current load left out, so that a save would lose them.
-    int DroppedCount = 0;
+    int &DroppedCount = shared.dropped;
     /// How many times `ExplainFailure` was called in the current operation.
-    int FailureCount = 0;
+    int &FailureCount = shared.failures;
 
     /// Sets the four counters to 0, at the beginning of an operation.
     void ResetCounts() { ErrorCount = WarningCount = DroppedCount = FailureCount = 0; }
@@ -76,6 +99,9 @@ public:
     /// Takes in what has been changed in the settings and the language table; at the beginning of an operation. The
     /// code page stays: what is in memory has it.
     void RefreshSettings();
+    /// Puts the settings of the project in `folder` over the program's and selects the project's code page. What is
+    /// wrong with them is explained. False when they name a code page that doesn't exist. Before anything is read.
+    [[nodiscard]] bool UseProjectSettings(const QString &folder);
     CodePage codePage;
     /// True when the settings name a code page that doesn't exist; UTF-8 is used then.
     bool codePageUnknown = false;
@@ -95,6 +121,7 @@ public:
     [[nodiscard]] int LanguageNumber(const QString &name) const;
 
 private:
+    void SelectCodePage();
     QString programDir;
     QString ownConfigFolder;
     mutable std::unique_ptr<ProfileFile> languages; // read at the first use

@@ -88,6 +88,14 @@ int FileReplacement::Write(QStringView path, QByteArrayView bytes)
     return handle.WriteAll(bytes.data(), size_t(bytes.size())) ? Finish() : errno;
 }
 
+bool FileReplacement::Replaces() const
+{
+    QByteArray before;
+    QByteArray after;
+    const int error = ReadFile(QString::fromUtf8(target), before);
+    return error == 0 ? ReadFile(QString::fromUtf8(temporary), after) != 0 || before != after : error != ENOENT;
+}
+
 int FileReplacement::PutInPlace()
 {
     if (rename(temporary.constData(), target.constData()) != 0)

@@ -29,6 +29,9 @@ public:
     /// Renames the new file over the old one. `SyncFolder` makes that last.
     [[nodiscard]] int PutInPlace();
 
+    /// Says whether there is an old file with other bytes. After Finish.
+    [[nodiscard]] bool Replaces() const;
+
     /// What to write to.
     [[nodiscard]] const FileHandle &Handle() const { return handle; }
     /// The folder of the file.

@@ -1,4 +1,6 @@
 #include "Environment.h"
+#include "HostFiles.h"
+#include "Paths.h"
 
 FileTransaction::FileTransaction(Environment &environment) : env(environment)
 {
@@ -24,6 +26,16 @@ int FileTransaction::Write(QStringView path, QByteArrayView bytes, IfRefused ifR
     if (error == 0)
         staged.push_back({std::move(file), path.toString(), ifRefused});
     return error;
+}
+
+QStringList FileTransaction::Replaced() const
+{
+    QStringList replaced;
+    for (const Staged &item : staged) {
+        if (item.file.Replaces())
+            replaced.append(ResolvePath(item.path, CurrentFolder()));
+    }
+    return replaced;
 }
 
 std::optional<QString> FileTransaction::Commit()

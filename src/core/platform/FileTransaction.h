@@ -2,6 +2,8 @@
 
 #include "FileReplacement.h"
 
+#include <QStringList>
+
 #include <optional>
 #include <vector>
 
@@ -26,6 +28,9 @@ public:
 
     /// Writes a file beside its place. 0, or the system's error number.
     [[nodiscard]] int Write(QStringView path, QByteArrayView bytes, IfRefused ifRefused);
+
+    /// The absolute paths of the written files that replace one with other bytes.
+    [[nodiscard]] QStringList Replaced() const;
 
     /// Puts all written files into their places, in the order of writing, and ends the transaction. The path of the
     /// file that the system refused, as it was handed in; those before it have changed.

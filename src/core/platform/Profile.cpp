@@ -136,6 +136,19 @@ int Profile::Int(QStringView section, QStringView key, int fallback) const
     return LeadingNumber(String(section, key, {}));
 }
 
+QList<std::pair<QString, QString>> Profile::Keys() const
+{
+    QList<std::pair<QString, QString>> keys;
+    QString section;
+    for (const Line &line : lines) {
+        if (line.isHead)
+            section = QStringView(line.text).trimmed().sliced(1).split(u']').front().trimmed().toString();
+        else if (!line.key.isEmpty())
+            keys.emplaceBack(section, QStringView(line.text).first(line.text.indexOf(u'=')).trimmed().toString());
+    }
+    return keys;
+}
+
 QStringList Profile::Section(QStringView section, qsizetype limit) const
 {
     const QString upperSection = ToUpperSimple(section);

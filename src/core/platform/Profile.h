@@ -28,6 +28,9 @@ public:
     /// A leading decimal number, with a sign if need be; 0 for a value that doesn't begin with one.
     [[nodiscard]] int Int(QStringView section, QStringView key, int fallback) const;
 
+    /// Section and key of each line that has a key, in the file's order and spelling.
+    [[nodiscard]] QList<std::pair<QString, QString>> Keys() const;
+
     /// The lines of a section, comments and empty lines left out, as many as fit whole into `limit` characters when a
     /// zero is counted behind each line and one more behind the last.
     [[nodiscard]] QStringList Section(QStringView section, qsizetype limit = 4096) const;

@@ -5,25 +5,6 @@
 #include <cerrno>
 #include <utility>
 
-namespace
-{
-
-struct stat StampOf(const QString &path)
-{
-    struct stat stamp = {};
-    if (stat(HostPath(path).constData(), &stamp) != 0)
-        return {};
-    return stamp;
-}
-
-bool IsSame(const struct stat &a, const struct stat &b)
-{
-    return a.st_dev == b.st_dev && a.st_ino == b.st_ino && a.st_size == b.st_size &&
-           a.st_mtim.tv_sec == b.st_mtim.tv_sec && a.st_mtim.tv_nsec == b.st_mtim.tv_nsec;
-}
-
-} // namespace
-
 ProfileFile::ProfileFile(QString filePath) : path(std::move(filePath))
 {
     Read();
@@ -31,13 +12,13 @@ ProfileFile::ProfileFile(QString filePath) : path(std::move(filePath))
 
 void ProfileFile::Read()
 {
-    stamp = StampOf(path); // first: a change during the reading shows at the next look
+    stamp = FileStamp::Of(path); // first: a change during the reading shows at the next look
     content = Profile::Load(path);
 }
 
 void ProfileFile::Refresh()
 {
-    if (!IsSame(stamp, StampOf(path)))
+    if (!(stamp == FileStamp::Of(path)))
         Read();
 }
 
@@ -50,6 +31,6 @@ bool ProfileFile::Set(const QString &section, const QString &key, const QString 
     if (WriteFileAtomically(path, changed.Bytes()) != 0)
         return false;
     content = std::move(changed);
-    stamp = StampOf(path);
+    stamp = FileStamp::Of(path);
     return true;
 }

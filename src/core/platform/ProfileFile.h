@@ -1,8 +1,7 @@
 #pragma once
 
+#include "FileStamps.h"
 #include "Profile.h"
-
-#include <sys/stat.h>
 
 /// A profile and the file that it was read from.
 class ProfileFile
@@ -25,5 +24,5 @@ private:
 
     QString path;
     Profile content;
-    struct stat stamp; // of the file that was read; all zero: there was none
+    FileStamp stamp; // of the file that was read
 };

@@ -47,6 +47,30 @@ QByteArray TakeProgram(QStringView &rest)
     return {};
 }
 
+/// The variables of the child's environment: ours, with the settings that this process was given.
+class ToolVariables
+{
+public:
+    explicit ToolVariables(const Environment &env) : config("XDG_CONFIG_HOME=" + env.ConfigFolder().toUtf8())
+    {
+        const qsizetype name = config.indexOf('=') + 1;
+        const bool isOwn = !env.ConfigFolder().isEmpty();
+        for (char **variable = environ; *variable; ++variable) {
+            if (!isOwn || std::strncmp(*variable, config.constData(), size_t(name)) != 0)
+                pointers.push_back(*variable);
+        }
+        if (isOwn)
+            pointers.push_back(config.data());
+        pointers.push_back(nullptr);
+    }
+
+    [[nodiscard]] char *const *All() { return pointers.data(); }
+
+private:
+    QByteArray config;
+    std::vector<char *> pointers;
+};
+
 /// What the child starts with: the three standard files, no others, and signals as a shell would leave them.
 class SpawnSettings
 {
@@ -96,21 +120,22 @@ void WaitFor(pid_t child, const std::function<void()> &meanwhile)
 }
 
 /// Starts a program and waits for its end.
-ToolEnd Run(const std::vector<char *> &arguments, const std::function<void()> &meanwhile)
+ToolEnd Run(const Environment &env, const std::vector<char *> &arguments)
 {
     const SpawnSettings settings;
+    ToolVariables variables(env);
     pid_t child = -1;
     SignalCleanup cleanup;
     ToolEnd end;
     {
         const SignalHold hold;
-        end.startError =
-            posix_spawn(&child, arguments.front(), &settings.actions, &settings.attributes, arguments.data(), environ);
+        end.startError = posix_spawn(&child, arguments.front(), &settings.actions, &settings.attributes,
+                                     arguments.data(), variables.All());
         if (end.startError != 0)
             return end;
         cleanup = SignalCleanup::OfChild(child);
     }
-    WaitFor(child, meanwhile);
+    WaitFor(child, env.whileWaiting);
     cleanup.Release();
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
@@ -182,7 +207,7 @@ int RunTool(Environment &env, const QString &commandLine, ToolEnd *end)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
 
-    result = Run(arguments, env.whileWaiting);
+    result = Run(env, arguments);
     if (result.startError == 0)
         return 0;
     env.DebugTrace("CreateProcess failed (%d)\n", result.startError);

@@ -24,9 +24,9 @@ struct ToolEnd
 /// Runs an outside tool and waits for its end, however long that takes. 0 once the tool has ended, whatever its exit
 /// status; TOOL_NOT_STARTED otherwise, with the system's error number in the debug log.
 ///
-/// The tool gets this process's environment and working directory, reads nothing, and what it prints on its standard
-/// output is dropped; its standard error is ours. No other open file reaches it. When SIGINT or SIGTERM ends this
-/// program the tool is ended too (SignalCleanup).
+/// The tool gets this process's environment (with the folder of settings that `env` was given) and working directory,
+/// reads nothing, and what it prints on its standard output is dropped; its standard error is ours. No other open file
+/// reaches it. When SIGINT or SIGTERM ends this program the tool is ended too (SignalCleanup).
 ///
 /// `end`, if not null, gets how it ended.
 [[nodiscard]] int RunTool(Environment &env, const QString &commandLine, ToolEnd *end = nullptr);

@@ -3,7 +3,32 @@
 #include "HostFiles.h"
 #include "Paths.h"
 
+#include <algorithm>
+#include <iterator>
 #include <unistd.h>
+
+namespace
+{
+
+/// What a project decides by itself. No key here may name a program, or a file that is written.
+constexpr struct
+{
+    const char *section;
+    const char *key;
+} PROJECT_KEYS[] = {
+    {"Text", "code_page"},    {"Layout", "folders"},       {"Layout", "catalogue"},
+    {"Layout", "export_xml"}, {"Layout", "export_layout"},
+};
+
+bool IsProjectKey(QStringView section, QStringView key)
+{
+    return std::any_of(std::begin(PROJECT_KEYS), std::end(PROJECT_KEYS), [&](const auto &known) {
+        return section.compare(QLatin1String(known.section), Qt::CaseInsensitive) == 0 &&
+               key.compare(QLatin1String(known.key), Qt::CaseInsensitive) == 0;
+    });
+}
+
+} // namespace
 
 Settings::Settings(const QString &programFile, const QString &userFile)
     : programFolder(DirectoryOf(programFile)), userFolder(DirectoryOf(userFile)), program(programFile), user(userFile)
@@ -14,6 +39,8 @@ QString Settings::String(const char *section, const char *key, const char *fallb
 {
     const QString wideSection = QString::fromUtf8(section);
     const QString wideKey = QString::fromUtf8(key);
+    if (const Profile *profile = ProjectsOwn(wideSection, wideKey))
+        return profile->String(wideSection, wideKey, QString());
     return user.Content().String(wideSection, wideKey,
                                  program.Content().String(wideSection, wideKey, QString::fromUtf8(fallback)));
 }
@@ -22,11 +49,33 @@ int Settings::Int(const char *section, const char *key, int fallback) const
 {
     const QString wideSection = QString::fromUtf8(section);
     const QString wideKey = QString::fromUtf8(key);
+    if (const Profile *profile = ProjectsOwn(wideSection, wideKey))
+        return profile->Int(wideSection, wideKey, fallback);
     return user.Content().Int(wideSection, wideKey, program.Content().Int(wideSection, wideKey, fallback));
+}
+
+const Profile *Settings::ProjectsOwn(const QString &section, const QString &key) const
+{
+    const bool counts = project && IsProjectKey(section, key) && project->Content().Has(section, key);
+    return counts ? &project->Content() : nullptr;
+}
+
+QStringList Settings::UseProject(const QString &file)
+{
+    projectFile = file;
+    project.emplace(file);
+    QStringList ignored;
+    for (const auto &[section, key] : project->Content().Keys()) {
+        if (!IsProjectKey(section, key))
+            ignored.append(QStringLiteral("[%1] %2").arg(section, key));
+    }
+    return ignored;
 }
 
 void Settings::Refresh()
 {
+    if (project)
+        project->Refresh();
     program.Refresh();
     user.Refresh();
 }

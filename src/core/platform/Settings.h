@@ -2,7 +2,13 @@
 
 #include "ProfileFile.h"
 
-/// The program's settings: the user's "Morvanite.ini" first, the program's next, the caller's default last.
+#include <optional>
+
+/// The program's settings: the project's "morvanite.ini" first, the user's "Morvanite.ini" next, then the program's,
+/// the caller's default last.
+///
+/// A project comes from anybody, so it decides only what belongs to it: its sections `Text` and `Layout` count, with
+/// the keys that are known there. Its file is never written.
 class Settings
 {
 public:
@@ -11,6 +17,13 @@ public:
 
     [[nodiscard]] QString String(const char *section, const char *key, const char *fallback = "") const;
     [[nodiscard]] int Int(const char *section, const char *key, int fallback) const;
+
+    /// Reads the settings of a project, in place of another's. Each key of the file that doesn't count, in the form
+    /// "[Section] key".
+    [[nodiscard]] QStringList UseProject(const QString &file);
+
+    /// The path of the project's file, which need not be there; empty before there is a project.
+    [[nodiscard]] const QString &ProjectFile() const { return projectFile; }
 
     /// Takes in what has been changed in the files since they were read.
     void Refresh();
@@ -24,4 +37,7 @@ private:
     QString userFolder;
     ProfileFile program;
     ProfileFile user;
+    QString projectFile;
+    std::optional<ProfileFile> project;
+    [[nodiscard]] const Profile *ProjectsOwn(const QString &section, const QString &key) const;
 };

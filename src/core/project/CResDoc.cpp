@@ -6,6 +6,7 @@
 #include "HostFiles.h"
 #include "IDGen.h"
 #include "IdNames.h"
+#include "KeptFiles.h"
 #include "LayoutExport.h"
 #include "Paths.h"
 #include "ProjectConfig.h"
@@ -39,13 +40,12 @@ void CResSpy::NodeAdded(CResNode *node)
     NodeChanged(node);
 }
 
-CResDoc::CResDoc(Environment &environment, ProcessTables &processTables, const CFrameServices &frameServices)
-    : CResModel(environment, processTables), services(frameServices)
+CResDoc::CResDoc(Environment &process, ProcessTables &processTables, const CFrameServices &frameServices)
+    : ProjectEnvironment{Environment(process)}, CResModel(ownEnv, processTables), services(frameServices)
 {
     nodeObserver = &spy;
     tables.LoadOnce(env);
-    if (!tables.classes)
-        tables.classes = std::make_shared<ClassCatalogue>();
+    classes = std::make_shared<ClassCatalogue>();
     (void)SetCurrentFolder(env.ProgramDir());
 }
 
@@ -58,11 +58,15 @@ CResDoc::~CResDoc()
 void CResDoc::LoadClasses()
 {
     QString file = env.settings.String("Layout", "catalogue");
-    if (tables.classes->loaded || file.isEmpty())
+    if (file.isEmpty())
         return;
     MakeAbsolute(file, env.ProgramDir());
+    std::shared_ptr<ClassCatalogue> &known = tables.catalogues[file];
+    if (!known)
+        known = std::make_shared<ClassCatalogue>();
+    classes = tables.classes = known;
     QStringList errors;
-    if (LoadCatalogue(env, file, *tables.classes, errors))
+    if (known->loaded || LoadCatalogue(env, file, *known, errors))
         return;
     for (const QString &error : errors) {
         if (env.explain)
@@ -123,20 +127,126 @@ void CResDoc::Serialize(bool loading)
         return;
     env.RefreshSettings();
     env.ResetCounts();
-    findings.Clear();
-    LoadClasses();
-    if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
+    if (!env.UseProjectSettings(DirectoryOf(m_strPathName)))
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
+    LoadClasses();
+    Load();
     name = FileTitle(m_strPathName);
     spy.doc = this;
     tables.projectPath = m_strPathName;
 }
 
+void CResDoc::Load()
+{
+    findings.Clear();
+    stamps.Clear();
+    NoteFile(ResolvePath(env.settings.String("Path", "proj_cfg", ".\\config.xml"), DirectoryOf(m_strPathName)));
+    if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
+        throw ArchiveException{CAUSE_BAD_DOCUMENT};
+    keepReason.clear();
+    if (env.ErrorCount + env.DroppedCount > 0) {
+        keepReason = QStringLiteral("The opening of %1 reported %2 error(s) and left out %3 element(s).")
+                         .arg(FileName(m_strPathName))
+                         .arg(env.ErrorCount)
+                         .arg(env.DroppedCount);
+    }
+}
+
+bool CResDoc::CanBeLoaded() const
+{
+    // What the attempt has to say is only of interest when it fails.
+    QString report;
+    QStringList explained;
+    const auto output = std::exchange(env.output, [&](QStringView text) { report += text; });
+    const auto explain = std::exchange(env.explain, [&](const QString &text) { explained.append(text); });
+    bool isLoaded = true;
+    try {
+        CFrameServices nobody;
+        CResDoc attempt(env, tables, nobody);
+        attempt.m_strPathName = m_strPathName;
+        attempt.Serialize(true);
+    } catch (const ArchiveException &) {
+        isLoaded = false;
+    }
+    env.output = output;
+    env.explain = explain;
+    env.ResetCounts();
+    if (!isLoaded && env.output)
+        env.output(report);
+    for (const QString &text : isLoaded ? QStringList() : explained)
+        env.Explain(text);
+    return isLoaded;
+}
+
+CResDoc::Outside CResDoc::TakeInChanges()
+{
+    const FileStamps::Changes changes = stamps.Since();
+    if (changes.files.isEmpty())
+        return Outside::None;
+    unreadable = false;
+    const QString files = changes.files.join(QStringLiteral(", "));
+    if (IsModified() || !changes.vanished.isEmpty()) {
+        env.Explain(changes.vanished.isEmpty()
+                        ? QStringLiteral("Another program has changed %1; what is open here has changes that aren't "
+                                         "saved, so that was not taken in")
+                              .arg(files)
+                        : QStringLiteral("Another program has removed %1; the project stays open as it was")
+                              .arg(changes.vanished.join(QStringLiteral(", "))));
+        keepReason = QStringLiteral("Another program has changed %1 since it was opened here.").arg(files);
+        return Outside::LeftOut;
+    }
+    if (!CanBeLoaded()) {
+        unreadable = true;
+        env.Explain(
+            QStringLiteral("Another program has changed %1, and the project can't be read any more").arg(files));
+        return Outside::Unreadable;
+    }
+    try {
+        env.ResetCounts();
+        ReloadResources();
+    } catch (const ArchiveException &) {
+        return Outside::Unreadable;
+    }
+    return Outside::TakenIn;
+}
+
+bool CResDoc::KeepReplaced(const QStringList &files)
+{
+    const QString problem = KeptFiles(m_strPathName).Keep(files, keptEntry);
+    if (problem.isEmpty())
+        return true;
+    env.Explain(
+        QStringLiteral("%1 Copies of the files can't be kept, so nothing was saved: %2. XDG_STATE_HOME names the "
+                       "folder for them.")
+            .arg(keepReason, problem));
+    return false;
+}
+
+void CResDoc::FinishKeeping()
+{
+    if (lastSave.write != 0) {
+        KeptFiles::Drop(std::exchange(keptEntry, {}));
+        return;
+    }
+    if (!keptEntry.isEmpty()) {
+        const QString text =
+            QStringLiteral("%1 The files that this save replaced are kept in %2.").arg(keepReason, keptEntry);
+        if (services.Notify)
+            services.Notify(*this, text);
+        else
+            env.Explain(text);
+    }
+    keepReason.clear();
+    keptEntry.clear();
+}
+
 bool CResDoc::OnSaveDocument(const QString &path)
 {
     env.RefreshSettings();
+    TakeInChanges();
     env.ResetCounts();
-    lastSave = treeLost ? SaveResult{0, CANNOT_WRITE} : SaveAll(path);
+    lastSave = IsUnreadable() ? RefuseSave(path) : SaveAll(path);
+    FinishKeeping();
     if (services.user && !IsCommandRunning(path)) {
         if (lastSave.write != 0)
             services.user->MessageBox(QStringLiteral("Failed to save the resources."));
@@ -146,6 +256,17 @@ bool CResDoc::OnSaveDocument(const QString &path)
     if (lastSave.write == 0 && lastSave.generate == 0)
         SetModifiedFlag(false);
     return true;
+}
+
+CResDoc::SaveResult CResDoc::RefuseSave(const QString &path)
+{
+    const int count = ++env.ErrorCount;
+    env.WriteOutput("Error %d: failed to write to file \"%s\".\r\n", count, qUtf8Printable(path));
+    env.Explain(
+        QStringLiteral("%1: nothing was saved, since what is on the disk can't be read and what is open here is "
+                       "older, or incomplete. Repair the files, or close the project and open it again")
+            .arg(path));
+    return {0, CANNOT_WRITE};
 }
 
 CResDoc::SaveResult CResDoc::SaveAll(const QString &path)
@@ -299,15 +420,20 @@ void CResDoc::ReloadResources()
     untouchedLayouts.clear();
     while (!layoutWatches.empty())
         UnwatchFile(QString(layoutWatches.begin()->first), WATCH_LAYOUT);
-    treeLost = !BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0;
-    UpdateAllViews(nullptr); // of what a failure has left, too
-    if (treeLost)
-        throw ArchiveException{CAUSE_BAD_DOCUMENT};
+    try {
+        Load();
+        treeLost = false;
+    } catch (const ArchiveException &) {
+        UpdateAllViews(nullptr); // of what the failure has left
+        throw;
+    }
+    UpdateAllViews(nullptr);
     SetModifiedFlag(false);
 }
 
 void CResDoc::ReloadStrings()
 {
+    NoteFile(refPath);
     if (ReadStringFile(refPath, *this) != 0)
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
     IProjView *const view = GetProjView();
@@ -367,7 +493,7 @@ CResFolder *CResDoc::CreateLayoutRes(qint32 resolutionIndex)
         if (!record && idName == names.Name(number + 1))
             return nullptr; // the template has no number
     }
-    std::unique_ptr<CLayoutRes> layout = CLayoutRes::CreateEmpty(record, file, *tables.classes);
+    std::unique_ptr<CLayoutRes> layout = CLayoutRes::CreateEmpty(record, file, *classes);
     record->Release();
     return layout ? &AddLayoutFolder(*folder, std::move(layout)) : nullptr;
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "Document.h"
+#include "Environment.h"
+#include "FileStamps.h"
 #include "FileWatch.h"
 #include "ResModel.h"
 #include "UserInterface.h"
@@ -44,11 +46,18 @@ struct CFrameServices
     std::function<void(const CResDoc &doc, const QString &text)> Notify;
 };
 
+/// What a document's model needs before it is made.
+struct ProjectEnvironment
+{
+    Environment ownEnv;
+};
+
 /// The document of one project, named by the path of its ".vcproj" file, which is never read or written.
-class CResDoc : public CDocument, public CResModel
+class CResDoc : public CDocument, private ProjectEnvironment, public CResModel
 {
 public:
-    CResDoc(Environment &environment, ProcessTables &processTables, const CFrameServices &frameServices);
+    /// `process` is the environment that the project's own is made of.
+    CResDoc(Environment &process, ProcessTables &processTables, const CFrameServices &frameServices);
     ~CResDoc() override;
 
     const QString &PathName() const override { return m_strPathName; }
@@ -57,8 +66,11 @@ public:
     bool OnNewDocument() override { return false; }
     void Serialize(bool loading) override;
     /// Numbers the IDs, writes the headers and the project. Always true: failures show in the output, in `lastSave`,
-    /// and, when no command is running, in a box. Nothing is written after a reload that failed.
+    /// and, when no command is running, in a box. Nothing is written after a reload that failed. Takes in what others
+    /// have changed on the disk first; of what it can't take in, or left out at the opening, it keeps copies
+    /// (KeptFiles) before it replaces the files.
     bool OnSaveDocument(const QString &path) override;
+    void OnOpenAgain() override { TakeInChanges(); }
     void OnCloseDocument() override;
     void ReportSaveLoadException(const QString &path, const ArchiveException &exception, bool saving) override;
 
@@ -87,6 +99,27 @@ public:
     /// Loads again what a watched file holds. Throws ArchiveException when that fails.
     void OnWatchedFileChanged(quint32 handle);
 
+    /// What has become of the changes that others made to the project's files since they were read or written here.
+    enum class Outside
+    {
+        None,       ///< there are none
+        TakenIn,    ///< the document was loaded again
+        LeftOut,    ///< there are changes here that aren't saved, or a file is gone: the document stays as it is
+        Unreadable, ///< the files can't be read; the document stays as it is
+    };
+    /// Compares the files' times and sizes, and takes in what has changed. Says on the way what it left out.
+    Outside TakeInChanges();
+    /// The files on the disk couldn't be read when the document was to take them in last.
+    [[nodiscard]] bool IsUnreadable() const { return unreadable || treeLost; }
+
+    /// Takes the stamp of a file that is read next.
+    void NoteFile(const QString &path) { stamps.Note(path); }
+    /// Says whether there may be something in the files that the document doesn't have.
+    [[nodiscard]] bool HasToKeep() const { return !keepReason.isEmpty(); }
+    /// Keeps copies of these files (absolute) before a save replaces them. False when that fails; they must not be
+    /// replaced then.
+    [[nodiscard]] bool KeepReplaced(const QStringList &files);
+
     /// Makes a layout without components for a resolution, with a default ID; its folder. Null where there is no folder
     /// for layouts, and where the resolution's layout file wasn't loaded whole.
     CResFolder *CreateLayoutRes(qint32 resolutionIndex);
@@ -107,6 +140,10 @@ public:
 
 private:
     [[nodiscard]] SaveResult SaveAll(const QString &path);
+    [[nodiscard]] SaveResult RefuseSave(const QString &path);
+    void FinishKeeping();
+    void Load();
+    [[nodiscard]] bool CanBeLoaded() const;
     void LoadClasses();
     void ReloadResources();
     void ReloadStrings();
@@ -114,6 +151,10 @@ private:
     [[nodiscard]] bool IsCommandRunning(const QString &path) const;
 
     bool treeLost = false; // a reload failed halfway: what is in memory must not replace what is on disk
+    bool unreadable = false;
+    FileStamps stamps;  // of the files that the project was read from
+    QString keepReason; // why the next save has to keep what it replaces; empty when it hasn't
+    QString keptEntry;  // where the save under way has kept it
     CResSpy spy;
     const CFrameServices &services;
     quint32 resWatch = 0;

@@ -6,6 +6,7 @@
 #include "IDGen.h"
 #include "LayoutExport.h"
 #include "Paths.h"
+#include "ProjectInputs.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -77,18 +78,10 @@ QString HeaderFolder::WriteAll()
 
 QStringList HeaderFolder::Inputs() const
 {
-    const Environment &env = doc.env;
-    QStringList inputs = doc.ProjectFiles();
-    inputs += env.SettingsFiles();
-    inputs.append(ResolvePath(u"morvanite.ini"_s, DirectoryOf(doc.PathName())));
-    const auto addInProgramDir = [&](const char *section, const char *key) {
-        if (const QString file = env.settings.String(section, key); !file.isEmpty())
-            inputs.append(ResolvePath(file, env.ProgramDir()));
-    };
-    addInProgramDir("Path", "reso_set");
-    addInProgramDir("Layout", "catalogue");
-    if (HasLayoutTables(env))
-        inputs += LayoutTableInputs(env);
-    inputs.removeIf([](const QString &file) { return !PathExists(file); });
+    QStringList inputs = ProjectInputs(doc);
+    for (const QString &file : HasLayoutTables(doc.env) ? LayoutTableInputs(doc.env) : QStringList()) {
+        if (PathExists(file))
+            inputs.append(file);
+    }
     return inputs;
 }

@@ -15,7 +15,7 @@ namespace
 /// Opens a layout in a folder of its own below `folder`. False when it can't be.
 bool AddLayout(CResDoc &doc, CResFolder &folder, const LayoutFileRef &file, LayoutObject *layout)
 {
-    std::unique_ptr<CLayoutRes> res = CLayoutRes::Create(file, layout, *doc.tables.classes);
+    std::unique_ptr<CLayoutRes> res = CLayoutRes::Create(file, layout, *doc.classes);
     if (!res)
         return false;
     doc.AddLayoutFolder(folder, std::move(res));

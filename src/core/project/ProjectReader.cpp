@@ -224,8 +224,10 @@ private:
         }
         text.replace('"', "");
         (void)SetCurrentFolder(context.dir); // which could be entered before
+        const QString absolute = context.Absolute(QString::fromUtf8(text));
+        doc.NoteFile(absolute);
         LoadLayoutFile(doc, folder, FromXml(env, text));
-        doc.WatchFile(context.Absolute(QString::fromUtf8(text)), CResDoc::WATCH_LAYOUT);
+        doc.WatchFile(absolute, CResDoc::WATCH_LAYOUT);
     }
 
     int ReadStrings(const TiXmlElement &element)
@@ -240,9 +242,11 @@ private:
         text.replace('"', "");
         (void)SetCurrentFolder(context.dir); // which could be entered before
         const QString path = QString::fromUtf8(text);
+        const QString absolute = context.Absolute(path);
+        doc.NoteFile(absolute);
         const int code = ReadStringFile(path, doc);
         if (code == 0)
-            doc.WatchFile(context.Absolute(path), CResDoc::WATCH_STRINGS);
+            doc.WatchFile(absolute, CResDoc::WATCH_STRINGS);
         return code;
     }
 
@@ -341,6 +345,7 @@ int ReadProject(const QString &path, CResDoc &doc)
 {
     const ProjectContext context(path, doc);
     const QString file = context.ResourcePath();
+    doc.NoteFile(context.Absolute(file));
     const int code = SetCurrentFolder(context.dir) ? ReadInto(context, file) : CANNOT_OPEN;
     doc.env.WriteOutput("[%s] open - %d error(s), %d warning(s)\r\n", qUtf8Printable(context.name), doc.env.ErrorCount,
                         doc.env.WarningCount);

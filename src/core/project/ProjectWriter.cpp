@@ -250,8 +250,15 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
             if (layouts.file->path.isEmpty() && PathExists(layouts.absolute))
                 refused = layouts.absolute; // there is no trash for it
         }
+        if (!refused && doc.HasToKeep() && !doc.KeepReplaced(files.Replaced() + writer.obsolete))
+            refused = absolute;
         if (!refused)
             refused = files.Commit();
+        doc.NoteFile(absolute);
+        if (!writer.writtenStrings.isEmpty())
+            doc.NoteFile(writer.writtenStrings);
+        for (const auto &layouts : writer.writtenLayouts)
+            doc.NoteFile(layouts.absolute);
     }
     if (refused) {
         code = CANNOT_WRITE;
@@ -269,6 +276,7 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
     for (const QString &obsolete : code == 0 ? writer.obsolete : QStringList()) {
         doc.UnwatchFile(obsolete, CResDoc::WATCH_LAYOUT);
         MoveToRecycleBin(obsolete);
+        doc.NoteFile(obsolete);
     }
     summarize();
     doc.WatchFile(absolute, CResDoc::WATCH_RESOURCES);

@@ -1,0 +1,31 @@
+#include "FileStamps.h"
+
+#include "HostFiles.h"
+
+FileStamp FileStamp::Of(QStringView path)
+{
+    FileStamp stamp;
+    if (stat(HostPath(path).constData(), &stamp.info) != 0)
+        return {};
+    return stamp;
+}
+
+bool FileStamp::operator==(const FileStamp &other) const
+{
+    return info.st_dev == other.info.st_dev && info.st_ino == other.info.st_ino && info.st_size == other.info.st_size &&
+           info.st_mtim.tv_sec == other.info.st_mtim.tv_sec && info.st_mtim.tv_nsec == other.info.st_mtim.tv_nsec;
+}
+
+FileStamps::Changes FileStamps::Since() const
+{
+    Changes changes;
+    for (const auto &[path, before] : stamps) {
+        const FileStamp now = FileStamp::Of(path);
+        if (now == before)
+            continue;
+        changes.files.append(path);
+        if (!now.IsThere())
+            changes.vanished.append(path);
+    }
+    return changes;
+}

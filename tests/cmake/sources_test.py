@@ -1,0 +1,158 @@
+"""A build with morvanite_pack writes nothing beside the sources, whatever is wrong with them.
+
+Use: sources_test.py MORVANITE_CLI REPOSITORY GENERATOR
+"""
+
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+CLI, REPOSITORY, GENERATOR = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2]), sys.argv[3]
+NOBODY = 65534
+
+LIST = ('<APP id="APP_demo">\n<IMAGE id="ID_IMAGE_LOGO" type="Normal">.\\logo.png</IMAGE>\n'
+        '<RESOLUTION width="240" height="320" class="image">\n<IMAGE id="ID_IMAGE_OWN" type="Normal">.\\logo.png</IMAGE>\n'
+        '</RESOLUTION>\n<STRING>res\\ref_list_demo.txt</STRING>\n</APP>\n')
+STRINGS = ('Number of Language\t1\r\nString ID\tResource Type\tDescription\tEnglish(0)\r\n'
+           'ID_STRING_HI\tNormal\tgreeting\tHi\r\n##number\t1\r\n')
+BUILD = '''cmake_minimum_required(VERSION 3.20)
+project(Demo LANGUAGES C)
+find_package(Morvanite 1.0 REQUIRED PATHS "{repository}")
+add_executable(app main.c)
+morvanite_pack(app PROJECT demo.vcproj RESOLUTION {size} TARGET dll SETTINGS settings CONVERT_IMAGES)
+'''
+
+
+class Sources(unittest.TestCase):
+    def setUp(self):
+        self.work = pathlib.Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.work)
+        self.work.chmod(0o755)
+        self.app = self.work / 'the app'
+        self.user = {}
+        (self.app / 'res').mkdir(parents=True)
+        (self.app / 'settings/morvanite').mkdir(parents=True)
+        shutil.copy(pathlib.Path(REPOSITORY, 'sample/art/AppLogo.png'), self.app / 'logo.png')
+        self.put('demo.vcproj', '')
+        self.put('main.c', '#include "ResID.h"\nint main(void) { return ID_STRING_HI == 0; }\n')
+        self.put('config.xml', '<config><resolution><Width>240</Width><Height>320</Height></resolution>'
+                               '<zxa><zepversion>20</zepversion></zxa></config>')
+        self.put('settings/morvanite/Morvanite.ini', '[Application]\n')
+        self.put('res/demo.res.xml', LIST)
+        self.put('res/ref_list_demo.txt', STRINGS, 'utf-16')
+        self.put('CMakeLists.txt', BUILD.format(repository=REPOSITORY, size='240x320'))
+
+    def put(self, name, text, encoding='utf-8'):
+        (self.app / name).write_bytes(text.encode(encoding))
+
+    def run_cmake(self, *arguments):
+        """The exit status and the output, of which a message may be wrapped."""
+        env = {key: value for key, value in os.environ.items() if key not in ('MAKEFLAGS', 'MFLAGS', 'CMAKE_GENERATOR')}
+        done = subprocess.run(('cmake', *map(str, arguments)), stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+                              timeout=120, env=env, **self.user)
+        return done.returncode, re.sub(r'\s+', ' ', done.stdout)
+
+    def configure(self, folder):
+        return self.run_cmake('-G', GENERATOR, '-S', self.app, '-B', self.work / folder, '-D', f'MORVANITE_CLI={CLI}')
+
+    def steps(self, folder):
+        """What a build that has to succeed did."""
+        status, output = self.run_cmake('--build', self.work / folder)
+        self.assertEqual(status, 0, output)
+        return sorted(re.findall('Numbering the|Building C|Linking C|Packing the', output))
+
+    def state(self):
+        """All files beside the sources and beside the program, with their contents or times."""
+        files = {str(path): path.read_bytes() for path in self.app.rglob('*') if path.is_file()}
+        program = {str(path): path.stat().st_mtime_ns for path in pathlib.Path(CLI).parent.rglob('*')}
+        return files | program, sorted(map(str, self.app.rglob('*')))
+
+    def assert_fails_untouched(self, *reasons):
+        before = self.state()
+        status, output = self.configure('out')
+        if status == 0:
+            status, output = self.run_cmake('--build', self.work / 'out')
+        self.assertNotEqual(status, 0, output)
+        for reason in reasons:
+            self.assertIn(reason, output)
+        self.assertEqual(self.state(), before)
+        self.assertFalse(list(self.work.glob('out/**/ResID.h')) + list(self.work.glob('out/*.packed.dll')))
+
+    def test_a_sound_project_is_built_in_two_folders_that_leave_each_other_alone(self):
+        before = self.state()
+        for folder in ('one', 'two'):
+            self.assertEqual(self.configure(folder)[0], 0)
+            self.assertEqual(self.steps(folder), ['Building C', 'Linking C', 'Numbering the', 'Packing the'])
+        self.put('res/demo.res.xml', LIST.replace('ID_IMAGE_OWN', 'ID_IMAGE_MINE'))
+        for folder in ('one', 'two'):
+            self.assertNotEqual(self.steps(folder), [])
+        for folder in ('one', 'two', 'one'):
+            self.assertEqual(self.steps(folder), [], folder)
+        self.put('res/demo.res.xml', LIST)
+        self.assertEqual(self.state(), before)
+
+    def test_an_image_and_a_string_share_an_id(self):
+        self.put('res/ref_list_demo.txt', STRINGS.replace('ID_STRING_HI', 'ID_IMAGE_LOGO'), 'utf-16')
+        self.assert_fails_untouched('res/ref_list_demo.txt:3: the row of ID_IMAGE_LOGO is left out',
+                                    'Error 1: ID conflicts - ID_IMAGE_LOGO.')
+
+    def test_the_list_of_sizes_is_not_there(self):
+        self.put('settings/morvanite/Morvanite.ini', '[Path]\nreso_set=nowhere.ini\n')
+        self.assert_fails_untouched('nowhere.ini: there is no list of screen sizes',
+                                    'res/demo.res.xml:3: <RESOLUTION> is left out')
+
+    def test_a_merge_has_left_conflicts(self):
+        row = 'ID_STRING_HI\tNormal\tgreeting\tHi\r\n'
+        conflict = f'<<<<<<< HEAD\r\n{row}=======\r\n{row.replace("Hi", "Hello")}>>>>>>> other\r\n'
+        self.put('res/ref_list_demo.txt', STRINGS.replace(row, conflict), 'utf-16')
+        self.assert_fails_untouched('res/ref_list_demo.txt:3: the line begins with "<<<<<<<"', 'ref_list_demo.txt:7: ')
+        self.put('res/ref_list_demo.txt', STRINGS, 'utf-16')
+        self.put('res/demo.res.xml', LIST.replace('<STRING>', '<<<<<<< HEAD\n<STRING>'))
+        self.assert_fails_untouched('res/demo.res.xml:6: the line begins with "<<<<<<<"')
+
+    def test_the_resolution_is_mistyped(self):
+        self.put('CMakeLists.txt', BUILD.format(repository=REPOSITORY, size='240x32'))
+        self.assert_fails_untouched('RESOLUTION is 240x32, and', 'resolutions.ini has no such size, only 96x64, ')
+
+    def test_layouts_are_listed_and_the_settings_have_none(self):
+        self.put('res/demo.res.xml', LIST.replace('class="image">', 'class="image layout">\n<LAYOUT>res\\l.xml</LAYOUT>'))
+        self.assert_fails_untouched('res/demo.res.xml:4: <LAYOUT> is left out: the settings have no layouts')
+
+    def test_a_picture_has_no_id(self):
+        self.put('res/demo.res.xml', LIST.replace(' id="ID_IMAGE_OWN"', ''))
+        self.assert_fails_untouched('res/demo.res.xml:4: <IMAGE> is left out: it has no attribute "id"')
+
+    def test_a_tree_that_nobody_may_write_is_built(self):
+        (self.work / 'out').mkdir()
+        if os.geteuid() == 0:  # who may write everywhere
+            os.chown(self.work / 'out', NOBODY, NOBODY)
+            self.user = {'user': NOBODY, 'group': NOBODY, 'extra_groups': []}
+        for path in (*self.app.rglob('*'), self.app):
+            path.chmod(0o555 if path.is_dir() else 0o444)
+        self.addCleanup(lambda: [path.chmod(0o755) for path in (self.app, *self.app.rglob('*')) if path.is_dir()])
+        if subprocess.run((CLI, '--version'), stdout=subprocess.DEVNULL, **self.user).returncode != 0:
+            self.skipTest('another user may not run the program')
+        self.assertNotEqual(subprocess.run(('touch', self.app / 'res/x'), stderr=subprocess.DEVNULL, **self.user).returncode, 0)
+        status, output = self.configure('out')
+        self.assertEqual(status, 0, output)
+        self.assertIn('Packing the', self.steps('out'))
+        self.assertEqual(self.steps('out'), [])
+
+    def test_a_package_of_the_programs_version_is_found(self):
+        version = subprocess.run((CLI, '--version'), capture_output=True, text=True).stdout.split()[-1]
+        major, minor, _ = map(int, version.split('.'))
+        self.put('main.c', 'int main(void) { return 0; }\n')
+        for wanted, found in ((f'{version} EXACT', True), (f'{major}.{minor}', True), (f'{major}.{minor + 1}', False),
+                              (f'{major + 1}.0', False), (f'{major - 1}.0', False)):
+            self.put('CMakeLists.txt', BUILD.format(repository=REPOSITORY, size='240x320').replace('1.0 REQ', wanted + ' REQ'))
+            status, output = self.configure('version ' + wanted)
+            self.assertEqual(status == 0, found, output)
+
+
+if __name__ == '__main__':
+    unittest.main(argv=['sources_test'])

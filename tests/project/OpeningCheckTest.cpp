@@ -1,0 +1,131 @@
+#include "OpeningCheck.h"
+#include "ConflictMarkers.h"
+#include "TestProject.h"
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// Line and marker of each that is found.
+QByteArray Markers(const TestProject &project, const QByteArray &content)
+{
+    project.folder.Put("merged", content);
+    QByteArray text;
+    for (const ConflictMarker &found : FindConflictMarkers(project.folder.Path("merged")))
+        text += QByteArray::number(found.line) + found.marker.toLatin1() + ' ';
+    return text;
+}
+
+QByteArray Utf16(const QString &text)
+{
+    return QByteArray("\xFF\xFE", 2) + QByteArray(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
+}
+
+/// The reasons, with paths from the project's folder on.
+std::vector<std::string> Reasons(TestProject &project)
+{
+    project.documents.CloseAll();
+    CResDoc *const doc = project.Open();
+    const OpeningCheck check(*project.env, project.tables, project.Path(), doc);
+    std::vector<std::string> texts;
+    for (const LoadFinding &reason : check.AllReasons())
+        texts.push_back(FindingText(reason).remove(project.folder.Path("demo/")).toStdString());
+    return texts;
+}
+
+} // namespace
+
+TEST(ConflictMarkers, AreFoundAtTheStartsOfLinesInBytesAndInUtf16)
+{
+    const TestProject project;
+    EXPECT_EQ(Markers(project, "<<<<<<< HEAD\na\r\n=======\r\nb\n>>>>>>> x"), "1<<<<<<< 3======= 5>>>>>>> ");
+    EXPECT_EQ(Markers(project, "\xEF\xBB\xBF<<<<<<< HEAD\n||||||| base\n======="), "1<<<<<<< 2||||||| 3======= ");
+    EXPECT_EQ(Markers(project, Utf16(u"<<<<<<< HEAD\r\n\u0A0A\u0A00\n======= \r\n>>>>>>> x\r\n"_s)),
+              "1<<<<<<< 3======= 4>>>>>>> ");
+    EXPECT_EQ(Markers(project, Utf16(u"a\r\nb\r"_s) + "\n<<<<<<< HEAD\n" + QByteArray(1, '\0')), "2<<<<<<< ")
+        << "single bytes behind the first half of a line feed";
+    EXPECT_EQ(Markers(project, "========\n <<<<<<< x\n<<<<<<<\n<<<<<<x \n>>>>>>>x\n<!-- ======= -->\n<<<<<< <"), "");
+    EXPECT_EQ(Markers(project, ""), "");
+    EXPECT_TRUE(FindConflictMarkers(project.folder.Path("nowhere")).empty());
+}
+
+TEST(ConflictMarkers, AreFoundAcrossThePiecesThatAFileIsReadIn)
+{
+    const TestProject project;
+    for (int before = 256 * 1024 - 20; before < 256 * 1024 + 4; ++before) {
+        const QByteArray line(before - 1, 'a');
+        EXPECT_EQ(Markers(project, line + "\n<<<<<<< x\n"), "2<<<<<<< ") << before;
+        EXPECT_EQ(Markers(project, Utf16(QString(before / 2 - 2, u'a') + u"\n=======\r\n"_s)), "2======= ") << before;
+    }
+}
+
+TEST(OpeningCheck, TellsOfAllThatWasLeftOutWithFileAndLine)
+{
+    TestProject project(
+        "<APP>\n<FILE/>\n<FILE id=\"1BAD\"/>\n<RESOLUTION width=\"176\" height=\"220\" class=\"image\">\n"
+        "<LAYOUT>res\\l.xml</LAYOUT></RESOLUTION>\n"
+        "<RESOLUTION width=\"9\" height=\"9\"><IMAGE id=\"ID_A\"/></RESOLUTION>\n"
+        "<STRING>res\\ref_list_demo.txt</STRING>\n</APP>");
+    project.folder.Put("demo/res/ref_list_demo.txt", TestProject::StringTable({"ID_S", "1BAD"}));
+    EXPECT_EQ(
+        Reasons(project),
+        (std::vector<std::string>{"res/demo.res.xml:2: <FILE> is left out: it has no attribute \"id\"",
+                                  "res/demo.res.xml:3: \"1BAD\" is no ID: 1 to 64 letters, digits and \"_\", and no "
+                                  "digit at the front",
+                                  "res/demo.res.xml:5: <LAYOUT> is left out: the settings have no layouts (section "
+                                  "Layout, key folders)",
+                                  "res/demo.res.xml:6: <RESOLUTION> is left out: the list of sizes has no 9x9",
+                                  "res/ref_list_demo.txt:4: \"1BAD\" is no ID: 1 to 64 letters, digits and \"_\", and "
+                                  "no digit at the front",
+                                  "res/ref_list_demo.txt:4: the row of 1BAD is left out with all its texts: a resource "
+                                  "of another kind has that ID"}));
+    EXPECT_EQ(project.env->DroppedCount, 5) << "what is in an element counts too";
+    project.folder.Put("demo/res/demo.res.xml", "<APP><IMAGE id=\"ID_A\">missing</IMAGE></APP>");
+    EXPECT_THAT(Reasons(project), testing::IsEmpty());
+    EXPECT_EQ(project.env->DroppedCount, 0) << "a file that isn't there is kept in the list";
+}
+
+TEST(OpeningCheck, KnowsMarkersAlsoWhenTheProjectDoesNotOpenAndSizesThatAreNotThere)
+{
+    TestProject project("<APP>\n<<<<<<< HEAD\n</APP>");
+    EXPECT_THAT(Reasons(project), testing::ElementsAre(testing::HasSubstr("res/demo.res.xml:2: the line begins with"),
+                                                       testing::HasSubstr("can't be opened")));
+    project.folder.Put("demo/res/demo.res.xml", "<APP/>");
+    project.folder.Put("demo/config.xml", TestProject::Config("20", "240", "320") + "\n=======\n");
+    EXPECT_THAT(Reasons(project), testing::ElementsAre(testing::StartsWith("config.xml:2: ")));
+
+    const OpeningCheck check(*project.env, project.tables, project.Path(), project.Open());
+    EXPECT_FALSE(check.UnlistedResolution(240, 320));
+    EXPECT_TRUE(check.UnlistedResolution(240, 32)->text.contains(u"no 240x32"));
+    EXPECT_TRUE(check.UnlistedResolution(240, 32)->file.endsWith(u"bin/sizes.ini"));
+
+    TestProject without;
+    without.folder.Put("bin/sizes.ini", "[Resolutions]\n240x320\n");
+    EXPECT_THAT(Reasons(without), testing::ElementsAre(testing::HasSubstr("this file has no section Resolution")));
+}
+
+TEST(OpeningCheck, SaysWhyALayoutFileIsNotLoadedWhole)
+{
+    TestProject project("<APP><RESOLUTION width=\"240\" height=\"320\" class=\"layout\"><LAYOUT>res\\l.xml</LAYOUT>"
+                        "</RESOLUTION></APP>",
+                        "[Layout]\nfolders=1\n");
+    for (const auto &[content, reason] : {
+             std::pair<QByteArray, const char *>("<TarvoXML>\n<Layout id=\"ID_A\">\n</TarvoXML>",
+                                                 ":3: the layout file is no well-formed XML"),
+             {"<TarvoXML>\n<Layout id=\"ID_A\"/>\n<Layout/></TarvoXML>", ":3: this <Layout> has no attribute \"id\""},
+             {"<TarvoXML>\n<Layout id=\"ID_A\"/>\n<Screen/></TarvoXML>", ":3: only <Layout> can be in <TarvoXML>"},
+             {"<Layout/>", ": the outermost element of a layout file has to be <TarvoXML>"},
+             {"<TarvoXML><Layout id=\"ID_A\"/>\n<Layout id=\"ID_A\"/></TarvoXML>",
+              ":2: another resource has the ID of this layout"},
+         }) {
+        project.folder.Put("demo/res/l.xml", content);
+        EXPECT_THAT(Reasons(project), testing::ElementsAre(testing::StartsWith(std::string("res/l.xml") + reason)));
+        EXPECT_EQ(project.env->DroppedCount, 1);
+    }
+    QFile::remove(project.folder.Path("demo/res/l.xml"));
+    EXPECT_THAT(Reasons(project),
+                testing::ElementsAre(testing::StartsWith("res/l.xml: the layout file can't be opened")));
+}

@@ -1,0 +1,219 @@
+#include "KeptFiles.h"
+#include "TestProject.h"
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+using testing::HasSubstr;
+
+namespace
+{
+
+/// An open project whose files another program changes, and what the document says about that.
+class OutsideChanges : public testing::Test
+{
+protected:
+    OutsideChanges()
+    {
+        project.folder.Put(STRINGS, TestProject::StringTable({"ID_HELLO"}));
+        project.env->explain = [this](const QString &text) { explained += text.toStdString() + '\n'; };
+        project.services.Notify = [this](const CResDoc &, const QString &text) { notice += text.toStdString(); };
+        doc = project.Open();
+        (void)project.TakeOutput();
+    }
+
+    void ChangeOutside() { project.folder.Put(STRINGS, TestProject::StringTable({"ID_HELLO", "ID_OUTSIDE"})); }
+    void ChangeHere() { doc->root.FindFolder(KIND_BINARY, 2)->resources.First()->Rename(doc->ids, "ID_HERE"); }
+    [[nodiscard]] std::vector<KeptFiles::Entry> Kept() const { return KeptFiles(project.Path()).Entries(); }
+    [[nodiscard]] bool FileHas(const char *file, const char16_t *id) const
+    {
+        const QByteArray bytes = project.folder.Get(file);
+        return QString::fromUtf16(reinterpret_cast<const char16_t *>(bytes.constData()), bytes.size() / 2)
+            .contains(QStringView(id));
+    }
+
+    static constexpr const char *LIST = "demo/res/demo.res.xml";
+    static constexpr const char *STRINGS = "demo/res/ref_list_demo.txt";
+    TestProject project{"<APP><FILE id=\"ID_A\"/><STRING>res\\ref_list_demo.txt</STRING></APP>"};
+    CResDoc *doc = nullptr;
+    std::string explained;
+    std::string notice;
+};
+
+} // namespace
+
+TEST_F(OutsideChanges, AreLoadedBeforeTheDocumentIsUsedAgain)
+{
+    CountingView view;
+    doc->AddView(&view);
+    ChangeOutside();
+    EXPECT_EQ(project.Open(), doc);
+    EXPECT_NE(doc->ids.FindName("ID_OUTSIDE"), nullptr);
+    EXPECT_EQ(view.updates, 1);
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::None) << "once is enough";
+
+    project.folder.Put(STRINGS, TestProject::StringTable({"ID_THIRD"}));
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_TRUE(FileHas(STRINGS, u"ID_THIRD"));
+    EXPECT_FALSE(FileHas(STRINGS, u"ID_OUTSIDE"));
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::None) << "what a save writes is no change";
+    EXPECT_TRUE(Kept().empty());
+    EXPECT_EQ(notice + explained, "");
+}
+
+TEST_F(OutsideChanges, AreKeptWhenASaveReplacesThem)
+{
+    ChangeOutside();
+    ChangeHere();
+    const QByteArray outside = project.folder.Get(STRINGS);
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_FALSE(FileHas(STRINGS, u"ID_OUTSIDE"));
+    ASSERT_EQ(Kept().size(), 1U);
+    EXPECT_TRUE(Kept().front().files.contains(project.folder.Path(STRINGS)));
+    EXPECT_THAT(notice, HasSubstr("ref_list_demo.txt"));
+    EXPECT_THAT(notice, HasSubstr("morvanite/kept/demo-"));
+
+    QString replaced;
+    EXPECT_EQ(KeptFiles(project.Path()).Restore(1, replaced), QString());
+    EXPECT_EQ(project.folder.Get(STRINGS), outside);
+    EXPECT_EQ(Kept().size(), 2U) << "what was restored over is kept as well";
+
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_NE(doc->ids.FindName("ID_OUTSIDE"), nullptr) << "the document had no changes any more";
+    EXPECT_EQ(Kept().size(), 2U);
+}
+
+TEST_F(OutsideChanges, ThatCannotBeReadAreNeitherLoadedNorReplaced)
+{
+    const QByteArray broken = "<APP>\n<<<<<<< HEAD\n";
+    project.folder.Put(LIST, broken);
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::Unreadable);
+    EXPECT_NE(doc->ids.FindName("ID_A"), nullptr) << "the document is as it was";
+    EXPECT_THAT(project.TakeOutput(), HasSubstr("Fatal error: invalid resource format"));
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_EQ(doc->lastSave.write, -3);
+    EXPECT_THAT(project.TakeOutput(), HasSubstr("Error 1: failed to write to file"));
+    EXPECT_EQ(project.folder.Get(LIST), broken);
+
+    ChangeHere(); // now there is something that only the document has
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_EQ(doc->lastSave.write, 0);
+    ASSERT_EQ(Kept().size(), 1U);
+    EXPECT_TRUE(Kept().front().files.contains(project.folder.Path(LIST)));
+}
+
+TEST_F(OutsideChanges, ThatRemoveAFileLeaveTheDocumentAlone)
+{
+    QFile::remove(project.folder.Path(LIST));
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::LeftOut);
+    EXPECT_THAT(explained, HasSubstr("removed"));
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_TRUE(project.folder.Get(LIST).contains("ID_A"));
+}
+
+TEST_F(OutsideChanges, AnOpeningThatReportedAnErrorKeepsWhatTheFirstSaveReplaces)
+{
+    project.documents.CloseAll();
+    project.folder.Put(LIST, "<APP><FILE/><FILE id=\"ID_A\"/><STRING>res\\ref_list_demo.txt</STRING></APP>");
+    doc = project.Open();
+    const QByteArray before = project.folder.Get(LIST);
+    qputenv("XDG_STATE_HOME", "/dev/null");
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_EQ(doc->lastSave.write, -3) << "what can't be kept isn't replaced";
+    EXPECT_EQ(project.folder.Get(LIST), before);
+    EXPECT_THAT(explained, HasSubstr("/dev/null/morvanite/kept"));
+    qputenv("XDG_STATE_HOME", project.folder.Path("state").toUtf8());
+    EXPECT_TRUE(doc->DoFileSave());
+    ASSERT_EQ(Kept().size(), 1U);
+    EXPECT_THAT(notice, HasSubstr("reported 1 error"));
+    ChangeHere();
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_EQ(Kept().size(), 1U) << "only the first save replaces what wasn't read";
+}
+
+TEST(KeptFiles, TheNewestTwentyOfAProjectStayAndOnlyTheUserReadsThem)
+{
+    TestProgram program;
+    const KeptFiles kept(program.folder.Path("demo.vcproj"));
+    const QString file = program.folder.Path("demo.txt");
+    QString entry;
+    for (int i = 0; i < 23; ++i) {
+        program.folder.Put("demo.txt", QByteArray::number(i));
+        EXPECT_EQ(kept.Keep({file, program.folder.Path("missing.txt")}, entry), QString());
+    }
+    EXPECT_EQ(kept.Entries().size(), 20U);
+    EXPECT_EQ(kept.Entries().front().number, 4);
+    QString replaced;
+    EXPECT_EQ(kept.Restore(4, replaced), QString()) << "although keeping what it replaces removes it";
+    EXPECT_EQ(program.folder.Get("demo.txt"), "3");
+    EXPECT_NE(kept.Restore(4, replaced), QString());
+    EXPECT_EQ(QFileInfo(replaced).permissions() & (QFile::ReadGroup | QFile::ReadOther | QFile::ExeOther),
+              QFile::Permissions());
+    EXPECT_TRUE(KeptFiles(program.folder.Path("other/demo.vcproj")).Entries().empty())
+        << "the title alone isn't enough";
+    QString nothing;
+    EXPECT_EQ(kept.Keep({program.folder.Path("missing.txt")}, nothing), QString());
+    EXPECT_EQ(nothing, QString());
+}
+
+TEST(KeptFiles, EachWayToLeaveSomethingOutAtAnOpeningKeepsTheFilesOfBefore)
+{
+    struct Way
+    {
+        const char *what;
+        QByteArray list;
+        const char *settings = "";
+        const char *strings = "ID_HELLO\tNormal\tabout\tHello\tAllô\r\n";
+    };
+    const QByteArray string = "<STRING>res\\ref_list_demo.txt</STRING>";
+    const QByteArray layout = "<RESOLUTION width=\"240\" height=\"320\" class=\"layout\"><LAYOUT>res\\l.xml</LAYOUT>"
+                              "</RESOLUTION>";
+    const QByteArray picture =
+        "<RESOLUTION width=\"240\" height=\"320\" class=\"image\"><IMAGE id=\"ID_P\">p.png</IMAGE>"
+        "</RESOLUTION>";
+    const Way ways[] = {
+        {"a file without an ID", "<FILE>lost.bin</FILE>" + string},
+        {"a picture without an ID", "<IMAGE>lost.png</IMAGE>"},
+        {"an unknown element", "<SOUND id=\"ID_S\">lost.wav</SOUND>"},
+        {"an unknown element of a screen", layout},
+        {"an ID twice", "<IMAGE id=\"ID_A\">a.png</IMAGE><IMAGE id=\"ID_A\">lost.png</IMAGE>"},
+        {"a picture and a string with one ID", "<IMAGE id=\"ID_HELLO\">a.png</IMAGE>" + string},
+        {"a screen without a size", "<RESOLUTION class=\"image\"><IMAGE id=\"ID_P\">p.png</IMAGE></RESOLUTION>"},
+        {"a screen that isn't listed",
+         "<RESOLUTION width=\"7\" height=\"9\" class=\"image\"><IMAGE id=\"ID_P\">p.png</IMAGE></RESOLUTION>"},
+        {"a list of screens that isn't there", picture, "reso_set=missing.ini\n"},
+        {"an unknown component", "<COMPONENT id=\"radio\"><IMAGE id=\"ID_P\">p.png</IMAGE></COMPONENT>"},
+        {"a component without an ID", "<COMPONENT><IMAGE id=\"ID_P\">p.png</IMAGE></COMPONENT>"},
+        {"a layout without a file", "<RESOLUTION width=\"240\" height=\"320\" class=\"layout\"><LAYOUT/></RESOLUTION>",
+         "[Layout]\nfolders=1\n"},
+        {"more fields than languages", string, "", "ID_HELLO\tNormal\tabout\tHello\tAllô\tlost\r\n"},
+        {"a text of a row that has none before", string, "",
+         "ID_HELLO\tNormal\tabout\tHello\tAllô\r\nID_HELLO\tNormal\tabout\tlost\t\r\n"},
+        {"a text of no string file", "<STRING/>"},
+    };
+    for (const Way &way : ways) {
+        SCOPED_TRACE(way.what);
+        TestProject project("<APP>" + way.list + "</APP>");
+        project.folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n" + QByteArray(way.settings));
+        if (QByteArray(way.settings).startsWith("reso_set"))
+            project.folder.Put("bin/Morvanite.ini", "[Path]\n" + QByteArray(way.settings));
+        project.tables = {};
+        const QString text = u"\uFEFFNumber of Language\t2\r\nString ID\tResource Type\tDescription\tEnglish(0)\t"
+                             "Français(1)\r\n"_s +
+                             QString::fromUtf8(way.strings) + u"##number\t1\r\n"_s;
+        const QByteArray table(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
+        project.folder.Put("demo/res/ref_list_demo.txt", table);
+        const QByteArray list = project.folder.Get("demo/res/demo.res.xml");
+        CResDoc *const doc = project.Open();
+        ASSERT_NE(doc, nullptr);
+        EXPECT_TRUE(doc->DoFileSave());
+        EXPECT_EQ(doc->lastSave.write, 0);
+        EXPECT_NE(project.folder.Get("demo/res/demo.res.xml"), list) << "or the test is none";
+        const std::vector<KeptFiles::Entry> kept = KeptFiles(project.Path()).Entries();
+        ASSERT_EQ(kept.size(), 1U);
+        QString replaced;
+        EXPECT_EQ(KeptFiles(project.Path()).Restore(1, replaced), QString());
+        EXPECT_EQ(project.folder.Get("demo/res/demo.res.xml"), list);
+        EXPECT_EQ(project.folder.Get("demo/res/ref_list_demo.txt"), table);
+    }
+}
