@@ -104,7 +104,7 @@ private:
         const bool saved = document.lastSave.write == 0 && document.lastSave.generate == 0;
         if (!saved)
             Complain(document.PathName() + QStringLiteral(": failed to save the project with the imported texts"));
-        return saved ? status : int(EXIT_FAILED);
+        return saved && session.env.FailureCount == 0 ? status : int(EXIT_FAILED);
     }
 
     /// False, having said so, when the string file can't hold what was imported.
