@@ -88,6 +88,7 @@ class Pack(DemoProject):
             (self.dir / 'logo.png.tmp').write_bytes(b'the picture of another day')
             status, out, err = self.pack()
             self.assertEqual((status, err.startswith(told + words)), (1, True), err)
+            self.assertEqual(out.count('Need image convert'), 1, 'it fails at once')
             self.assertIn(f'\r\n[error] Cannot open file for read: {self.dir}/logo.png.tmp\r\n[error] Convert image fail.', out)
         self.use_converter('printf "a converted picture" > "$4"')
         (self.dir / 'logo.png.tmp').mkdir()
