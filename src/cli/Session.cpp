@@ -92,15 +92,17 @@ int Session::StatusAfter(int status)
 CResDoc *Session::OpenQuietly(const QString &project)
 {
     QString lines;
+    QString explained;
     const auto idleOutput = std::exchange(handler.idleOutput, [&](QStringView text) { lines += text; });
     const auto explain =
-        std::exchange(env.explain, [&](const QString &text) { lines += COMPLAINT_START + text + u'\n'; });
+        std::exchange(env.explain, [&](const QString &text) { explained += COMPLAINT_START + text + u'\n'; });
     CDocument *document = documents.OpenDocumentFile(project);
     env.explain = explain;
     handler.idleOutput = idleOutput;
     const bool hasFailed = StatusAfter(EXIT_FINE) != EXIT_FINE;
     if (!document || hasFailed || env.ErrorCount + env.WarningCount > 0)
         StandardOutput(STDERR_FILENO).Write(lines);
+    StandardOutput(STDERR_FILENO).Write(explained);
     if (!document)
         Complain(project + QStringLiteral(": the project can't be opened"));
     return static_cast<CResDoc *>(document);

@@ -10,7 +10,7 @@ import unittest
 from demo import CLI, FILES, DemoProject
 
 SLOW_AT_THE_SECOND_CALL = '''
-if [ -e ran ]; then echo $$ > pid.new; mv pid.new pid; printf half > "$4"; exec sleep 60; fi
+if [ -e ran ]; then printf half > "$4"; echo $$ > pid.new; mv pid.new pid; exec sleep 60; fi
 touch ran
 printf 'a converted picture' > "$4"
 '''
@@ -88,6 +88,7 @@ class Pack(DemoProject):
             (self.dir / 'logo.png.tmp').write_bytes(b'the picture of another day')
             status, out, err = self.pack()
             self.assertEqual((status, err.startswith(told + words)), (1, True), err)
+            self.assertEqual(out.count('Need image convert'), 1, 'it fails at once')
             self.assertIn(f'\r\n[error] Cannot open file for read: {self.dir}/logo.png.tmp\r\n[error] Convert image fail.', out)
         self.use_converter('printf "a converted picture" > "$4"')
         (self.dir / 'logo.png.tmp').mkdir()

@@ -314,10 +314,9 @@ int WriteTail(Environment &env, const ElfImage &elf, OutputFile &output, const Q
     if (!output.Write(elf.nameTable))
         return FailWrite(env);
     if (!hasTable) {
-        const QString file = QString::fromUtf8(shown);
-        env.ExplainFailure(output.Drop()
-                               ? file + QStringLiteral(": the section table couldn't be written; the old file stays")
-                               : file + QStringLiteral(": the section table couldn't be written; don't use the file"));
+        env.ExplainFailure((output.Drop() ? QStringLiteral("%1 isn't made, since its section table couldn't be written")
+                                          : QStringLiteral("%1 can't be used: its section table couldn't be written"))
+                               .arg(QString::fromUtf8(shown)));
     }
     return 0;
 }

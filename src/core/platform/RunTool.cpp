@@ -121,21 +121,22 @@ void WaitFor(pid_t child, const std::function<void()> &meanwhile)
 }
 
 /// Starts a program and waits for its end.
-ToolEnd Run(const std::vector<char *> &arguments, char *const *variables, const std::function<void()> &meanwhile)
+ToolEnd Run(const Environment &env, const std::vector<char *> &arguments)
 {
     const SpawnSettings settings;
+    ToolVariables variables(env);
     pid_t child = -1;
     SignalCleanup cleanup;
     ToolEnd end;
     {
         const SignalHold hold;
         end.startError = posix_spawn(&child, arguments.front(), &settings.actions, &settings.attributes,
-                                     arguments.data(), variables);
+                                     arguments.data(), variables.All());
         if (end.startError != 0)
             return end;
         cleanup = SignalCleanup::OfChild(child);
     }
-    WaitFor(child, meanwhile);
+    WaitFor(child, env.whileWaiting);
     cleanup.Release();
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
@@ -207,8 +208,7 @@ int RunTool(Environment &env, const QString &commandLine, ToolEnd *end)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
 
-    ToolVariables variables(env);
-    result = Run(arguments, variables.All(), env.whileWaiting);
+    result = Run(env, arguments);
     if (result.startError == 0)
         return 0;
     env.DebugTrace("CreateProcess failed (%d)\n", result.startError);
