@@ -5,6 +5,7 @@ comes back in the same place.
 usage: desktop_test.py MORVANITE SAMPLE_PROJECT_FOLDER
 """
 
+import ctypes
 import os
 import pathlib
 import shutil
@@ -115,6 +116,38 @@ class Desktop(unittest.TestCase):
         self.window('^Morvanite$')
         time.sleep(0.3)
         self.close(next(start for start in both if start.poll() is None))
+
+    def set(self, old, new):
+        settings = self.dir / 'bin/Morvanite.ini'
+        settings.write_text(settings.read_text().replace(old, new))
+
+    def own_clipboard(self):
+        """Takes the clipboard as a program that hangs: it never answers."""
+        x11 = ctypes.CDLL('libX11.so.6')
+        x11.XOpenDisplay.restype = ctypes.c_void_p
+        display = ctypes.c_void_p(x11.XOpenDisplay(self.env['DISPLAY'].encode()))
+        root = x11.XDefaultRootWindow(display)
+        owner = x11.XCreateSimpleWindow(display, ctypes.c_ulong(root), 0, 0, 1, 1, 0, ctypes.c_ulong(0), ctypes.c_ulong(0))
+        clipboard = x11.XInternAtom(display, b'CLIPBOARD', 0)
+        x11.XSetSelectionOwner(display, ctypes.c_ulong(clipboard), ctypes.c_ulong(owner), ctypes.c_ulong(0))
+        x11.XSync(display, 0)
+        self.addCleanup(x11.XCloseDisplay, display)
+
+    def test_a_clipboard_whose_owner_hangs_holds_up_nothing(self):
+        self.set('folders=0', 'folders=1')
+        program, window = self.open()
+        size = self.geometry(window)
+        self.own_clipboard()
+        begin = time.monotonic()
+        self.xdotool('mousemove', '--window', window, int(size['WIDTH']) - 60, int(size['HEIGHT']) // 2, 'click', 1)
+        self.keys('a', 'ctrl+a', 'F6')  # in the pane, then in the tree
+        self.keys('Home', 'L', 'Down', 'Menu', 'n', 'ctrl+a')  # a layout, its label being edited
+        self.own_clipboard()
+        self.xdotool('type', 'id_made')
+        self.keys('Return', 'ctrl+s')
+        until(lambda: any('ID_MADE' in path.read_text() for path in self.dir.glob('sample/res/layout_*.xml')))
+        self.close(program)
+        self.assertLess(time.monotonic() - begin, 9)
 
     def test_options_need_no_screen(self):
         said = {option: subprocess.run([PROGRAM, option], capture_output=True, text=True, env={**os.environ, 'DISPLAY': ''})
