@@ -22,7 +22,10 @@ CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, Toolbox
     splitter->insertWidget(0, tree);
     splitter->setChildrenCollapsible(false);
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({qBound(50, document.env.settings.Int("split1st", "width", 200), 4000), 1000});
+    treeWidth = qBound(50, document.env.settings.Int("split1st", "width", 200), 4000);
+    splitter->setSizes({treeWidth, 1000});
+    // The user has dragged the divider; what a small window does to the tree isn't remembered.
+    connect(splitter, &QSplitter::splitterMoved, this, [this] { treeWidth = splitter->sizes().value(0); });
     (void)toolbox.IsShown(document.env.settings); // read now, for all windows
     setWidget(splitter);
     ShowPane(Pane::Default);
@@ -45,12 +48,16 @@ void CChildFrame::LeaveDocument()
     if (!splitter)
         return;
     document.modifiedChanged = nullptr;
-    Settings &settings = document.env.settings;
-    toolbox.Store(settings);
-    const int width = splitter->sizes().value(0);
-    if (width > 0 && width != settings.Int("split1st", "width", 200))
-        (void)settings.Write(QStringLiteral("split1st"), QStringLiteral("width"), QString::number(width));
+    if (!isStored)
+        (void)document.env.settings.WriteAll(State());
     delete std::exchange(splitter, nullptr);
+}
+
+QList<ProfileEntry> CChildFrame::State() const
+{
+    QList<ProfileEntry> entries = toolbox.State();
+    entries.append({QStringLiteral("split1st"), QStringLiteral("width"), QString::number(treeWidth)});
+    return entries;
 }
 
 void CChildFrame::ShowTitle()

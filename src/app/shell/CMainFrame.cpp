@@ -341,6 +341,7 @@ void CMainFrame::closeEvent(QCloseEvent *event)
     event->accept();
     for (CChildFrame *child : Children()) {
         CResDoc &document = child->Document();
+        child->StateIsStored();
         delete child;
         documents.CloseDocument(&document);
     }

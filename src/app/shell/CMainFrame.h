@@ -1,5 +1,6 @@
 #pragma once
 
+#include "BarSizes.h"
 #include "CChildFrame.h"
 #include "ChannelTurn.h"
 #include "CommandRoute.h"
@@ -126,6 +127,7 @@ private:
     QToolBar *toolBar = nullptr;
     CSizingControlBar *toolboxBar = nullptr;
     CSizingControlBar *outputBar = nullptr;
+    std::unique_ptr<BarSizes> barSizes;
     QListWidget *toolbox = nullptr;
     ToolboxState toolboxState;
     CInfoPane *output = nullptr;

@@ -1,7 +1,5 @@
 #include "FrameState.h"
 
-#include "Settings.h"
-
 #include <QRegularExpression>
 
 QString PositionText(const QRect &position)
@@ -101,8 +99,9 @@ bool ToolboxState::IsShown(const Settings &settings)
     return *shown;
 }
 
-void ToolboxState::Store(Settings &settings) const
+QList<ProfileEntry> ToolboxState::State() const
 {
-    if (shown && *shown != (settings.Int("Toolbox", "show", 1) != 0))
-        (void)settings.Write(QStringLiteral("Toolbox"), QStringLiteral("show"), QString::number(int(*shown)));
+    if (!shown)
+        return {};
+    return {{QStringLiteral("Toolbox"), QStringLiteral("show"), QString::number(int(*shown))}};
 }

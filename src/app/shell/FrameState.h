@@ -1,12 +1,12 @@
 #pragma once
 
+#include "Settings.h"
+
 #include <QList>
 #include <QRect>
 #include <QString>
 
 #include <optional>
-
-class Settings;
 
 /// What the settings remember of the main window. Positions are in pixels that don't depend on the screen's scale.
 struct FrameState
@@ -23,8 +23,8 @@ class ToolboxState
 public:
     [[nodiscard]] bool IsShown(const Settings &settings);
     void Show(bool show) { shown = show; }
-    /// Writes it, if it was ever read.
-    void Store(Settings &settings) const;
+    /// What the settings are to remember; nothing if it was never read.
+    [[nodiscard]] QList<ProfileEntry> State() const;
 
 private:
     std::optional<bool> shown;

@@ -92,6 +92,7 @@ void CMainFrame::MakeBars()
         bar->ReadSizes(settings);
         bar->toggleViewAction()->setVisible(false); // the View menu has it
     }
+    barSizes = std::make_unique<BarSizes>(*this, QList{toolboxBar, outputBar});
 }
 
 /// The classes of components that a layout can be made of.
@@ -122,35 +123,34 @@ void CMainFrame::Restore()
     const QByteArray bars = QByteArray::fromBase64(env.settings.String("DockState", "state").toLatin1());
     // A state that isn't whole would end the program at each start.
     const bool isWhole = !bars.isEmpty() && env.settings.String("DockState", "check") == CheckOf(bars);
-    if (!isWhole || !restoreState(bars, DOCK_STATE_VERSION))
+    if (!isWhole || !restoreState(bars, DOCK_STATE_VERSION)) {
+        outputBar->LimitStandingWidth(width() / 4);
         ShowOutput(true);
+    }
     toolboxBar->hide(); // it belongs to layouts
 }
 
 void CMainFrame::StoreState()
 {
-    Settings &settings = env.settings;
-    const auto store = [&settings](const char *section, const char *key, const QString &value) {
-        if (settings.String(section, key) != value)
-            (void)settings.Write(QString::fromLatin1(section), QString::fromLatin1(key), value);
+    QList<ProfileEntry> entries;
+    const auto store = [&entries](const char *section, const char *key, const QString &value) {
+        entries.append({QString::fromLatin1(section), QString::fromLatin1(key), value});
     };
-    if (isMaximized() && !isMinimized()) {
-        store("Frame", "maximized", QStringLiteral("1"));
-    } else if (!isMinimized()) {
-        store("Frame", "maximized", QStringLiteral("0"));
+    if (!isMinimized())
+        store("Frame", "maximized", QString::number(int(isMaximized())));
+    if (!isMinimized() && !isMaximized())
         store("Frame", "position", PositionText(geometry()));
-    }
     for (const auto &[section, bar] : {std::pair("Toolbox", toolboxBar), {"Output", outputBar}}) {
-        bar->RememberSize();
-        const QSize size = bar->PreferredSize();
-        if (size.width() > 0 && size.height() > 0)
-            store(section, "size", SizeText(size));
-        bar->StoreSizes(settings);
+        store(section, "size", SizeText(bar->PreferredSize()));
+        entries += bar->Sizes();
     }
     store("DockState", "statusBar", QString::number(int(!statusBar()->isHidden())));
     const QByteArray bars = saveState(DOCK_STATE_VERSION);
     store("DockState", "state", QString::fromLatin1(bars.toBase64()));
     store("DockState", "check", CheckOf(bars));
+    for (CChildFrame *child : Children())
+        entries += child->State();
+    (void)env.settings.WriteAll(entries);
 }
 
 void CMainFrame::ShowOutput(bool show)
