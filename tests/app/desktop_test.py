@@ -8,6 +8,7 @@ usage: desktop_test.py MORVANITE SAMPLE_PROJECT_FOLDER
 import ctypes
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -29,7 +30,9 @@ def until(condition, seconds=20):
     raise AssertionError('it did not come to pass: %s' % condition)
 
 
-class Desktop(unittest.TestCase):
+class OnScreen(unittest.TestCase):
+    SIZE = '1280x900'
+
     def setUp(self):
         self.dir = pathlib.Path(tempfile.mkdtemp())
         self.addCleanup(shutil.rmtree, self.dir)
@@ -43,7 +46,7 @@ class Desktop(unittest.TestCase):
                         ignore=lambda folder, names: [name for name in names if not name.endswith(('.ini', '.img'))])
         self.env['MORVANITE_PROGRAM_DIR'] = str(self.dir / 'bin')
         reader, writer = os.pipe()
-        self.screen = self.start('Xvfb', '-displayfd', str(writer), '-screen', '0', '1280x900x24', pass_fds=[writer])
+        self.screen = self.start('Xvfb', '-displayfd', str(writer), '-screen', '0', self.SIZE + 'x24', pass_fds=[writer])
         os.close(writer)
         with os.fdopen(reader) as number:
             self.env['DISPLAY'] = ':' + number.readline().strip()
@@ -85,6 +88,16 @@ class Desktop(unittest.TestCase):
         self.keys('alt+F4')
         self.assertEqual(program.wait(20), 0, (self.dir / 'said').read_text(errors='replace')[-8000:])
 
+    def set(self, old, new):
+        settings = self.dir / 'bin/Morvanite.ini'
+        settings.write_text(settings.read_text().replace(old, new))
+
+    def position(self):
+        """The stored position: left, top, right and bottom of the window with its frame."""
+        return [int(number) for number in re.search(r'^position=(.*)', (self.dir / 'bin/Morvanite.ini').read_text(), re.M)[1].split(',')]
+
+
+class Desktop(OnScreen):
     def test_a_day_with_a_project(self):
         resources = self.dir / 'sample/res/weatherclock.res.xml'
         program, window = self.open()
@@ -116,10 +129,6 @@ class Desktop(unittest.TestCase):
         self.window('^Morvanite$')
         time.sleep(0.3)
         self.close(next(start for start in both if start.poll() is None))
-
-    def set(self, old, new):
-        settings = self.dir / 'bin/Morvanite.ini'
-        settings.write_text(settings.read_text().replace(old, new))
 
     def own_clipboard(self):
         """Takes the clipboard as a program that hangs: it never answers."""
@@ -162,6 +171,24 @@ class Desktop(unittest.TestCase):
         self.screen.kill()
         until(lambda: program.poll() is not None)
         self.assertEqual({path: path.read_bytes() for path in before}, before)
+
+
+class SmallScreen(OnScreen):
+    SIZE = '1024x700'
+
+    def test_the_whole_window_is_on_the_screen(self):
+        for stored, size in (('', None), ('100,-40,900,500', (800, 540)), ('0,0,3000,2000', (1024, 700)), ('20,30,720,530', (700, 500))):
+            self.set('position=', 'position=%s' % stored)
+            program, window = self.open()
+            shown = {key: int(value) for key, value in self.geometry(window).items()}
+            self.close(program)
+            left, top, right, bottom = self.position()
+            self.set('position=%d,%d,%d,%d' % (left, top, right, bottom), 'position=')
+            self.assertTrue(0 <= left <= right <= 1024 and 0 <= top <= bottom <= 700, (stored, left, top, right, bottom))
+            self.assertGreaterEqual(shown['Y'] - top, 15, 'the title counts')
+            if size:
+                self.assertEqual((right - left, bottom - top), size)
+        self.assertEqual((left, top), (20, 30))
 
 
 if __name__ == '__main__':

@@ -5,6 +5,7 @@
 #include "ChannelTurn.h"
 #include "CommandRoute.h"
 #include "EditCommands.h"
+#include "FramePlace.h"
 #include "KeyboardIndicators.h"
 #include "OutputTail.h"
 #include "RecentFiles.h"
@@ -124,6 +125,7 @@ private:
     QList<QAction *> recentActions;
     QList<QAction *> windowActions; // of the Window menu that is shown or was last
     QMdiArea *area;
+    FramePlace place{*this};
     QToolBar *toolBar = nullptr;
     CSizingControlBar *toolboxBar = nullptr;
     CSizingControlBar *outputBar = nullptr;

@@ -23,6 +23,7 @@ constexpr int TOOLBOX_NUMBER = 1;
 constexpr int OUTPUT_NUMBER = 2;
 constexpr QSize TOOLBOX_SIZE(150, 400);
 constexpr QSize OUTPUT_SIZE(400, 150);
+constexpr QSize FIRST_SIZE(1000, 700);
 constexpr int DOCK_STATE_VERSION = 1;
 
 struct CommandIcon
@@ -113,9 +114,9 @@ void CMainFrame::Restore()
     for (const QScreen *each : QGuiApplication::screens())
         screens.append(each->availableGeometry());
     if (state.position)
-        setGeometry(BroughtBack(*state.position, screens));
+        place.PutAt(BroughtBack(*state.position, screens));
     else
-        resize(QSize(1000, 700).boundedTo(screens.isEmpty() ? QSize(1000, 700) : screens.front().size()));
+        place.FitOntoScreen(FIRST_SIZE);
     if (state.maximized)
         setWindowState(Qt::WindowMaximized);
     statusBar()->setVisible(env.settings.Int("DockState", "statusBar", 1) != 0);
@@ -139,7 +140,7 @@ void CMainFrame::StoreState()
     if (!isMinimized())
         store("Frame", "maximized", QString::number(int(isMaximized())));
     if (!isMinimized() && !isMaximized())
-        store("Frame", "position", PositionText(geometry()));
+        store("Frame", "position", PositionText(place.Position()));
     for (const auto &[section, bar] : {std::pair("Toolbox", toolboxBar), {"Output", outputBar}}) {
         store(section, "size", SizeText(bar->PreferredSize()));
         entries += bar->Sizes();
