@@ -130,6 +130,26 @@ class Desktop(OnScreen):
         time.sleep(0.3)
         self.close(next(start for start in both if start.poll() is None))
 
+    def test_menus_and_keys_are_there_after_each_change_of_the_window(self):
+        self.set('folders=0', 'folders=1')
+        program, window = self.open()
+
+        def minimise(seconds):
+            self.xdotool('windowminimize', window)
+            time.sleep(seconds)
+            self.xdotool('windowactivate', window)
+
+        changes = [lambda pause=pause: minimise(pause) for pause in (0.02, 0.05, 0.1, 0.5)]
+        changes += [lambda keys=keys: self.keys(*keys) for keys in (('alt+w', 't'), ('alt+w', 'c'), ('alt+w', 'a'))]
+        for number, change in enumerate(changes):
+            self.keys('Home', 'L', 'Down', 'Menu', 'n', 'Return')  # a layout
+            self.window(r'^Morvanite - .*weatherclock\*')
+            change()
+            time.sleep(0.7)
+            self.keys('ctrl+s')
+            self.assertTrue(until(lambda: not self.xdotool('search', '--onlyvisible', '--name', r'^Morvanite - .*\*')), number)
+        self.close(program)
+
     def own_clipboard(self):
         """Takes the clipboard as a program that hangs: it never answers."""
         x11 = ctypes.CDLL('libX11.so.6')

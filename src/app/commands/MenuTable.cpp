@@ -15,7 +15,7 @@ constexpr MenuEntry FILE_WITHOUT_DOCUMENT[] = {
 };
 constexpr MenuEntry FILE_ENTRIES[] = {
     {CMD_OPEN, "&Open...", "Ctrl+O"},
-    {CMD_CLOSE, "&Close"},
+    {CMD_CLOSE, "&Close", "Ctrl+F4"},
     {CMD_SAVE, "&Save", "Ctrl+S"},
     LINE,
     {CMD_IMPORT, "&Import..."},

@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QMenu>
 #include <QStackedWidget>
 
 #include <utility>
@@ -18,6 +19,8 @@ CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, Toolbox
 {
     setWindowIcon(MakeIcon(UiIcon::Project));
     setAttribute(Qt::WA_DeleteOnClose);
+    for (QAction *entry : systemMenu()->actions())
+        entry->setShortcuts(QList<QKeySequence>()); // the keys are those of File, Close; of two neither would work
     tree = new CProjView(document, *this);
     splitter->insertWidget(0, tree);
     splitter->setChildrenCollapsible(false);

@@ -104,6 +104,9 @@ private:
     void ChooseProject();
     void OpenDropped(const QStringList &files);
     void GoToPane(int step);
+    /// Cascades or tiles the windows of projects.
+    void Arrange(int command);
+    void Cascade();
     void OpenRecent(int index);
     void ShowOutput(bool show);
     void ToggleToolbox();

@@ -41,6 +41,16 @@ QString CheckOf(const QByteArray &state)
     return QString::fromLatin1(QCryptographicHash::hash(state, QCryptographicHash::Md5).toHex());
 }
 
+/// What it does, and the key for it.
+QString ToolTipOf(const QAction &action)
+{
+    QString text = action.text().remove(u'&');
+    if (text.endsWith(QStringLiteral("...")))
+        text.chop(3);
+    const QString key = action.shortcut().toString(QKeySequence::NativeText);
+    return key.isEmpty() ? text : QStringLiteral("%1 (%2)").arg(text, key);
+}
+
 } // namespace
 
 void CMainFrame::MakeToolBar()
@@ -51,8 +61,11 @@ void CMainFrame::MakeToolBar()
     toolBar->setObjectName(QStringLiteral("Standard"));
     toolBar->setAccessibleName(QStringLiteral("Tool bar"));
     toolBar->setIconSize(QSize(16, 16));
-    for (const int command : ToolBarCommands())
+    for (const int command : ToolBarCommands()) {
+        if (command != 0)
+            actions[command]->setToolTip(ToolTipOf(*actions[command]));
         command == 0 ? toolBar->addSeparator() : (toolBar->addAction(actions[command]), nullptr);
+    }
     toolBar->toggleViewAction()->setVisible(false); // the View menu has it
 }
 
