@@ -103,6 +103,22 @@ TEST(Channel, ACommandEndsWhatTheUserIsInTheMiddleOf)
     EXPECT_EQ(window.boxes, QStringList(u"The ID is invalid."_s)) << "once the command is over";
 }
 
+TEST(Channel, ACommandThatClosesAMenuGivesTheKeyboardBack)
+{
+    TestWindow window;
+    window.MakeProject("other", "<APP/>");
+    window.Start({window.Project()});
+    window.Tree().setFocus();
+    QTest::keyClick(&window.Frame(), Qt::Key_F, Qt::AltModifier);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    Send(COMMAND_SAVE, RecordOf(window.Project()));
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_EQ(QApplication::focusWidget(), &window.Tree());
+    window.Document().SetModifiedFlag(true);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_FALSE(window.Document().IsModified());
+}
+
 TEST(Channel, WhatWaitsForACommandsEndAlsoWaitsForThatOfTheNext)
 {
     ChannelTurn turn;

@@ -2,7 +2,9 @@
 #include "MenuTable.h"
 #include "TestWindow.h"
 
+#include <QClipboard>
 #include <QLineEdit>
+#include <QMimeData>
 
 TEST(EditCommands, BelongToTheControlThatHasTheFocus)
 {
@@ -14,6 +16,44 @@ TEST(EditCommands, BelongToTheControlThatHasTheFocus)
     for (const int command : {CMD_COPY, CMD_CUT})
         EXPECT_TRUE(enabled(command, {false, false, true, false}) && !enabled(command, {}));
     EXPECT_FALSE(EditCommandState(CMD_SAVE, {}));
+}
+
+TEST(EditCommands, TheClipboardIsAskedOnceAfterEachChangeAndOnlyForAControlThatTakesText)
+{
+    struct Clip : QMimeData
+    {
+        explicit Clip(int &counter) : questions(counter) { setText(u"text"_s); }
+        [[nodiscard]] bool hasFormat(const QString &type) const override
+        {
+            ++questions;
+            return QMimeData::hasFormat(type);
+        }
+        int &questions;
+    };
+    TestWindow window;
+    window.Start();
+    QLineEdit line(&window.Frame());
+    line.show();
+    int first = 0, second = 0;
+    QApplication::clipboard()->setMimeData(new Clip(first));
+    window.Frame().Output().setFocus();
+    window.Settle();
+    EXPECT_FALSE(window.Frame().IsEnabled(CMD_PASTE));
+    EXPECT_EQ(first, 0) << "an owner that doesn't answer would hold up each key";
+    line.setFocus();
+    for (int i = 0; i < 3; ++i) {
+        window.Settle();
+        EXPECT_TRUE(window.Frame().IsEnabled(CMD_PASTE));
+    }
+    EXPECT_EQ(first, 1);
+    QApplication::clipboard()->setMimeData(new Clip(second));
+    for (int i = 0; i < 3; ++i)
+        EXPECT_TRUE(window.Frame().IsEnabled(CMD_PASTE));
+    EXPECT_EQ(second, 1);
+    auto *const picture = new QMimeData;
+    picture->setData(u"image/png"_s, "x");
+    QApplication::clipboard()->setMimeData(picture);
+    EXPECT_FALSE(window.Frame().IsEnabled(CMD_PASTE));
 }
 
 TEST(CommandRoute, TheFirstThatClaimsACommandHasItAndADisabledOneDoesNotRun)
@@ -70,12 +110,12 @@ TEST(MainFrame, HasTheMenusOfNoDocumentAndThoseOfOne)
     const std::string help = "Help: About Morvanite..., \n";
     const std::string view = "View: Toolbar, Status Bar, Output, | ";
     EXPECT_EQ(Shown(*window.Frame().menuBar()),
-              "File: Open... Ctrl+O, | (Recent File), | (Close), Exit, \n" + view + "(Split), \n" + help);
+              "File: Open... Ctrl+O, | (Recent File), | (Close Ctrl+F4), Exit, \n" + view + "(Split), \n" + help);
     ASSERT_TRUE(window.Frame().OpenProject(window.Project()));
     window.Settle();
     const std::string recent = "1 " + window.Project().toStdString();
     EXPECT_EQ(Shown(*window.Frame().menuBar()),
-              "File: Open... Ctrl+O, Close, Save Ctrl+S, | (Import...), (Export...), | " + recent +
+              "File: Open... Ctrl+O, Close Ctrl+F4, Save Ctrl+S, | (Import...), (Export...), | " + recent +
                   ", | Exit, \n"
                   "Edit: (Undo Ctrl+Z Alt+Backspace), (Redo Ctrl+Y), | (Rename F2), (Copy Ctrl+C Ctrl+Ins), "
                   "(Paste Ctrl+V Shift+Ins), (Delete All), | (Select All Ctrl+A), \n" +

@@ -4,6 +4,7 @@
 #include "TestWindow.h"
 
 #include <QStatusBar>
+#include <QWindow>
 
 TEST(FrameState, AStoredPositionIsFourNumbersAndIsBroughtBackOntoAScreen)
 {
@@ -16,6 +17,8 @@ TEST(FrameState, AStoredPositionIsFourNumbersAndIsBroughtBackOntoAScreen)
     EXPECT_EQ(ParseSize(u"150,0"_s, QSize(1, 2)), QSize(1, 2));
 
     const QList<QRect> screens = {QRect(0, 0, 1920, 1080), QRect(1920, 0, 1280, 1024)};
+    EXPECT_EQ(BroughtBack(QRect(100, -20, 800, 600), screens), QRect(100, 0, 800, 600)) << "its title can be taken";
+    EXPECT_EQ(FittedInto(QRect(900, -5, 800, 2000), QRect(0, 30, 1600, 1000)), QRect(800, 30, 800, 1000));
     for (const QRect &reachable : {QRect(100, 100, 800, 600), QRect(1900, 5, 800, 600), QRect(-700, 0, 800, 600)})
         EXPECT_EQ(BroughtBack(reachable, screens), reachable);
     for (const QRect &lost : {QRect(5000, 5000, 800, 600), QRect(100, -600, 800, 600), QRect(-799, 0, 800, 600)}) {
@@ -23,7 +26,7 @@ TEST(FrameState, AStoredPositionIsFourNumbersAndIsBroughtBackOntoAScreen)
         EXPECT_TRUE(screens[0].contains(back) && back.size() == lost.size());
     }
     EXPECT_EQ(BroughtBack(QRect(9000, 0, 9000, 10), screens).size(), QSize(1920, 450));
-    EXPECT_EQ(BroughtBack(QRect(0, 0, 100'000, 100'000), screens).size(), QSize(3200, 1080 - 24));
+    EXPECT_EQ(BroughtBack(QRect(0, 0, 100'000, 100'000), screens).size(), QSize(3200, 1080));
     EXPECT_EQ(SmallestFrame(QSize(480, 1000)), QSize(480, 450));
 }
 
@@ -52,12 +55,14 @@ TEST(FrameState, TheWindowComesBackWhereItWas)
     window.Start();
     window.Frame().setGeometry(30, 40, 700, 500);
     window.Settle();
-    const QByteArray outputSize = SizeText(window.Frame().OutputBar().widget()->size()).toLatin1();
+    const QMargins frame = window.Frame().windowHandle()->frameMargins();
+    EXPECT_FALSE(frame.isNull());
     window.Frame().OutputBar().hide();
     window.Frame().RunCommand(CMD_STATUS_BAR);
     window.Frame().close();
-    EXPECT_TRUE(window.folder.Get("bin/Morvanite.ini").contains("size=" + outputSize));
-    EXPECT_THAT(window.folder.Get("bin/Morvanite.ini").toStdString(), testing::HasSubstr("position=30,40,730,540"));
+    const Settings settings(window.folder.Path("bin/Morvanite.ini"), QString());
+    EXPECT_EQ(settings.String("Frame", "position"), PositionText(QRect(30, 40, 700, 500).marginsAdded(frame)));
+    EXPECT_EQ(settings.String("Output", "size"), SizeText(window.Frame().OutputBar().PreferredSize()));
     window.Restart();
     EXPECT_EQ(window.Frame().geometry(), QRect(30, 40, 700, 500));
     EXPECT_TRUE(window.Frame().OutputBar().isHidden() && window.Frame().statusBar()->isHidden());

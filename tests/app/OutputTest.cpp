@@ -1,6 +1,7 @@
 #include "TestWindow.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QTextBlock>
 
 TEST(InfoPane, FollowsTheEndUnlessTheUserIsElsewhere)
@@ -68,6 +69,28 @@ TEST(OutputTail, IsTheLastThousandCharactersHoweverManyCame)
         tail.Append(line);
         all += u"line %1\n"_s.arg(i);
         ASSERT_EQ(tail.Text(), all.right(1000)) << i;
+    }
+}
+
+TEST(InfoPane, TheMenuKeyOpensTheMenuInsideThePane)
+{
+    CInfoPane pane;
+    pane.resize(300, 100);
+    pane.show();
+    pane.Append(QString(u"a long line that goes on and on, far beyond the right edge of the pane\r\n"_s).repeated(50));
+    pane.GoToEnd();
+    QPoint place;
+    for (const bool isAllSelected : {true, false}) { // which begins above the pane
+        pane.GoToEnd();
+        if (isAllSelected)
+            pane.Run(CMD_SELECT_ALL);
+        QTimer::singleShot(0, [&place] {
+            place = QApplication::activePopupWidget()->pos();
+            QApplication::activePopupWidget()->close();
+        });
+        QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+        QApplication::sendEvent(pane.viewport(), &key);
+        EXPECT_TRUE(pane.viewport()->rect().contains(pane.viewport()->mapFromGlobal(place)));
     }
 }
 

@@ -112,7 +112,7 @@ TEST(ProjectWindow, ClosingAsksAboutChangesAndKeepsWhatCannotBeSaved)
     window.Answer({QMessageBox::Cancel});
     window.Frame().setGeometry(11, 12, 800, 600);
     EXPECT_FALSE(window.Frame().close());
-    EXPECT_TRUE(window.folder.Get("bin/Morvanite.ini").contains("position=11,12,811,612")) << "stored all the same";
+    EXPECT_TRUE(window.folder.Get("bin/Morvanite.ini").contains("maximized=0\nposition=")) << "stored all the same";
 
     const QByteArray list = window.folder.Get("demo/res/demo.res.xml");
     ASSERT_TRUE(QFile::remove(window.folder.Path("demo/res/demo.res.xml")));

@@ -5,8 +5,10 @@ comes back in the same place.
 usage: desktop_test.py MORVANITE SAMPLE_PROJECT_FOLDER
 """
 
+import ctypes
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -28,7 +30,9 @@ def until(condition, seconds=20):
     raise AssertionError('it did not come to pass: %s' % condition)
 
 
-class Desktop(unittest.TestCase):
+class OnScreen(unittest.TestCase):
+    SIZE = '1280x900'
+
     def setUp(self):
         self.dir = pathlib.Path(tempfile.mkdtemp())
         self.addCleanup(shutil.rmtree, self.dir)
@@ -42,7 +46,7 @@ class Desktop(unittest.TestCase):
                         ignore=lambda folder, names: [name for name in names if not name.endswith(('.ini', '.img'))])
         self.env['MORVANITE_PROGRAM_DIR'] = str(self.dir / 'bin')
         reader, writer = os.pipe()
-        self.screen = self.start('Xvfb', '-displayfd', str(writer), '-screen', '0', '1280x900x24', pass_fds=[writer])
+        self.screen = self.start('Xvfb', '-displayfd', str(writer), '-screen', '0', self.SIZE + 'x24', pass_fds=[writer])
         os.close(writer)
         with os.fdopen(reader) as number:
             self.env['DISPLAY'] = ':' + number.readline().strip()
@@ -84,6 +88,16 @@ class Desktop(unittest.TestCase):
         self.keys('alt+F4')
         self.assertEqual(program.wait(20), 0, (self.dir / 'said').read_text(errors='replace')[-8000:])
 
+    def set(self, old, new):
+        settings = self.dir / 'bin/Morvanite.ini'
+        settings.write_text(settings.read_text().replace(old, new))
+
+    def position(self):
+        """The stored position: left, top, right and bottom of the window with its frame."""
+        return [int(number) for number in re.search(r'^position=(.*)', (self.dir / 'bin/Morvanite.ini').read_text(), re.M)[1].split(',')]
+
+
+class Desktop(OnScreen):
     def test_a_day_with_a_project(self):
         resources = self.dir / 'sample/res/weatherclock.res.xml'
         program, window = self.open()
@@ -116,6 +130,54 @@ class Desktop(unittest.TestCase):
         time.sleep(0.3)
         self.close(next(start for start in both if start.poll() is None))
 
+    def test_menus_and_keys_are_there_after_each_change_of_the_window(self):
+        self.set('folders=0', 'folders=1')
+        program, window = self.open()
+
+        def minimise(seconds):
+            self.xdotool('windowminimize', window)
+            time.sleep(seconds)
+            self.xdotool('windowactivate', window)
+
+        changes = [lambda pause=pause: minimise(pause) for pause in (0.02, 0.05, 0.1, 0.5)]
+        changes += [lambda keys=keys: self.keys(*keys) for keys in (('alt+w', 't'), ('alt+w', 'c'), ('alt+w', 'a'))]
+        for number, change in enumerate(changes):
+            self.keys('Home', 'L', 'Down', 'Menu', 'n', 'Return')  # a layout
+            self.window(r'^Morvanite - .*weatherclock\*')
+            change()
+            time.sleep(0.7)
+            self.keys('ctrl+s')
+            self.assertTrue(until(lambda: not self.xdotool('search', '--onlyvisible', '--name', r'^Morvanite - .*\*')), number)
+        self.close(program)
+
+    def own_clipboard(self):
+        """Takes the clipboard as a program that hangs: it never answers."""
+        x11 = ctypes.CDLL('libX11.so.6')
+        x11.XOpenDisplay.restype = ctypes.c_void_p
+        display = ctypes.c_void_p(x11.XOpenDisplay(self.env['DISPLAY'].encode()))
+        root = x11.XDefaultRootWindow(display)
+        owner = x11.XCreateSimpleWindow(display, ctypes.c_ulong(root), 0, 0, 1, 1, 0, ctypes.c_ulong(0), ctypes.c_ulong(0))
+        clipboard = x11.XInternAtom(display, b'CLIPBOARD', 0)
+        x11.XSetSelectionOwner(display, ctypes.c_ulong(clipboard), ctypes.c_ulong(owner), ctypes.c_ulong(0))
+        x11.XSync(display, 0)
+        self.addCleanup(x11.XCloseDisplay, display)
+
+    def test_a_clipboard_whose_owner_hangs_holds_up_nothing(self):
+        self.set('folders=0', 'folders=1')
+        program, window = self.open()
+        size = self.geometry(window)
+        self.own_clipboard()
+        begin = time.monotonic()
+        self.xdotool('mousemove', '--window', window, int(size['WIDTH']) - 60, int(size['HEIGHT']) // 2, 'click', 1)
+        self.keys('a', 'ctrl+a', 'F6')  # in the pane, then in the tree
+        self.keys('Home', 'L', 'Down', 'Menu', 'n', 'ctrl+a')  # a layout, its label being edited
+        self.own_clipboard()
+        self.xdotool('type', 'id_made')
+        self.keys('Return', 'ctrl+s')
+        until(lambda: any('ID_MADE' in path.read_text() for path in self.dir.glob('sample/res/layout_*.xml')))
+        self.close(program)
+        self.assertLess(time.monotonic() - begin, 9)
+
     def test_options_need_no_screen(self):
         said = {option: subprocess.run([PROGRAM, option], capture_output=True, text=True, env={**os.environ, 'DISPLAY': ''})
                 for option in ('--help', '--version')}
@@ -129,6 +191,24 @@ class Desktop(unittest.TestCase):
         self.screen.kill()
         until(lambda: program.poll() is not None)
         self.assertEqual({path: path.read_bytes() for path in before}, before)
+
+
+class SmallScreen(OnScreen):
+    SIZE = '1024x700'
+
+    def test_the_whole_window_is_on_the_screen(self):
+        for stored, size in (('', None), ('100,-40,900,500', (800, 540)), ('0,0,3000,2000', (1024, 700)), ('20,30,720,530', (700, 500))):
+            self.set('position=', 'position=%s' % stored)
+            program, window = self.open()
+            shown = {key: int(value) for key, value in self.geometry(window).items()}
+            self.close(program)
+            left, top, right, bottom = self.position()
+            self.set('position=%d,%d,%d,%d' % (left, top, right, bottom), 'position=')
+            self.assertTrue(0 <= left <= right <= 1024 and 0 <= top <= bottom <= 700, (stored, left, top, right, bottom))
+            self.assertGreaterEqual(shown['Y'] - top, 15, 'the title counts')
+            if size:
+                self.assertEqual((right - left, bottom - top), size)
+        self.assertEqual((left, top), (20, 30))
 
 
 if __name__ == '__main__':

@@ -2,6 +2,8 @@
 
 #include "TempFolder.h"
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 TEST(Profile, AValueIsWhatStandsBehindItsKeyInTheFirstSectionOfThatName)
@@ -113,4 +115,27 @@ TEST(Settings, WhatOthersChangeMeanwhileIsReadAndStays)
     EXPECT_FALSE(settings.Write(u"A"_s, u"c"_s, u"4\n[Text]\ncode_page=936"_s));
     EXPECT_EQ(folder.Get("bin/m.ini"), huge) << "what can't be read isn't written over";
     EXPECT_EQ(folder.Get("u/m.ini"), "[A]\nc=3\n");
+}
+
+TEST(Settings, SeveralKeysAreOneWriteEachInTheFileWhereItWillBeReadFrom)
+{
+    const TempFolder folder;
+    folder.Put("bin/m.ini", "; mine\n[A]\na=1\nb=1\n");
+    folder.Put("u/m.ini", "[A]\nb=2\n");
+    Settings settings(folder.Path("bin/m.ini"), folder.Path("u/m.ini"));
+    EXPECT_TRUE(settings.WriteAll({{u"A"_s, u"b"_s, u"3"_s}, {u"A"_s, u"a"_s, u"4"_s}, {u"B"_s, u"c"_s, u"5"_s}}));
+    EXPECT_EQ(folder.Get("bin/m.ini"), "; mine\n[A]\na=4\nb=1\n[B]\nc=5\n");
+    EXPECT_EQ(folder.Get("u/m.ini"), "[A]\nb=3\n");
+
+    const auto fileNumber = [&] { // another with each write, which replaces the file
+        struct stat found = {};
+        EXPECT_EQ(stat(folder.Path("bin/m.ini").toUtf8().constData(), &found), 0);
+        return found.st_ino;
+    };
+    const ino_t before = fileNumber();
+    EXPECT_TRUE(settings.WriteAll({{u"A"_s, u"b"_s, u"3"_s}, {u"A"_s, u"a"_s, u"4"_s}}));
+    EXPECT_EQ(fileNumber(), before) << "nothing is written where nothing changes";
+    EXPECT_FALSE(settings.WriteAll({{u"A"_s, u"b"_s, u"x\ny"_s}, {u"A"_s, u"a"_s, u"6"_s}}));
+    EXPECT_EQ(settings.Int("A", "a", 0), 6) << "one that can't be written doesn't keep the others back";
+    EXPECT_EQ(settings.Int("A", "b", 0), 3);
 }

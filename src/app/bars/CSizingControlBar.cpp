@@ -2,7 +2,9 @@
 
 #include "Settings.h"
 
+#include <QGuiApplication>
 #include <QMainWindow>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace
@@ -59,16 +61,14 @@ void CSizingControlBar::ReadSizes(const Settings &settings)
     }
 }
 
-void CSizingControlBar::StoreSizes(Settings &settings) const
+QList<ProfileEntry> CSizingControlBar::Sizes() const
 {
-    const auto store = [&](const char *key, int value) {
-        if (settings.Int(Section().toUtf8().constData(), key, 0) != value)
-            (void)settings.Write(Section(), QString::fromLatin1(key), QString::number(value));
-    };
+    QList<ProfileEntry> entries;
     for (int form = 0; form < FORMS; ++form) {
-        store(WIDTH_KEYS[form], sizes[form].width());
-        store(HEIGHT_KEYS[form], sizes[form].height());
+        entries.append({Section(), QString::fromLatin1(WIDTH_KEYS[form]), QString::number(sizes[form].width())});
+        entries.append({Section(), QString::fromLatin1(HEIGHT_KEYS[form]), QString::number(sizes[form].height())});
     }
+    return entries;
 }
 
 CSizingControlBar::Form CSizingControlBar::CurrentForm() const
@@ -86,14 +86,42 @@ QSize CSizingControlBar::PreferredSize() const
     return sizes[CurrentForm()];
 }
 
+void CSizingControlBar::TakeChange(const QSize &before)
+{
+    QSize &size = sizes[CurrentForm()];
+    if (width() != before.width())
+        size.setWidth(width());
+    if (height() != before.height())
+        size.setHeight(height());
+}
+
+void CSizingControlBar::LimitStandingWidth(int most)
+{
+    sizes[Standing].setWidth(qMin(sizes[Standing].width(), most));
+}
+
+void CSizingControlBar::PlaceFloating()
+{
+    if (!isFloating()) {
+        isPlaced = false;
+    } else if (!isPlaced && QGuiApplication::mouseButtons() == Qt::NoButton) {
+        resize(sizes[Floating]);
+        isPlaced = true;
+    }
+}
+
+bool CSizingControlBar::event(QEvent *event)
+{
+    const bool isTaken = QDockWidget::event(event);
+    if (event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::NonClientAreaMouseButtonRelease)
+        QTimer::singleShot(0, this, [this] { PlaceFloating(); }); // the user has dropped it
+    return isTaken;
+}
+
+/// Docked, it is the divider that tells what the user chose.
 void CSizingControlBar::resizeEvent(QResizeEvent *event)
 {
     QDockWidget::resizeEvent(event);
-    RememberSize();
-}
-
-void CSizingControlBar::RememberSize()
-{
-    if (isVisible() && widget())
-        sizes[CurrentForm()] = widget()->size();
+    if (isFloating() && isPlaced && isVisible())
+        sizes[Floating] = size();
 }

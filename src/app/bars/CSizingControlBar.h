@@ -1,10 +1,14 @@
 #pragma once
 
+#include "Profile.h"
+
 #include <QDockWidget>
 
 class Settings;
 
-/// A docking bar that keeps a size of its own for lying, for standing and for floating. The settings remember them.
+/// A docking bar that keeps three sizes: for lying, for standing and for floating. The settings remember them.
+///
+/// The sizes are those that the user chose, of the whole bar in pixels. A small window can squeeze the bar below them.
 class CSizingControlBar : public QDockWidget
 {
 public:
@@ -15,14 +19,21 @@ public:
     void SetContent(QWidget *content);
 
     void ReadSizes(const Settings &settings);
-    void StoreSizes(Settings &settings) const;
+    /// What the settings are to remember of the sizes.
+    [[nodiscard]] QList<ProfileEntry> Sizes() const;
 
-    /// Takes the size that the bar has now, if it is shown, for the place where it stands.
-    void RememberSize();
-    /// What the bar would take in the place where it stands.
+    /// The size for the place where the bar is now.
     [[nodiscard]] QSize PreferredSize() const;
+    /// The user has changed the bar's size from `before` to what it is now, docked where it is.
+    void TakeChange(const QSize &before);
+    /// Standing, it is to be no wider than this.
+    void LimitStandingWidth(int most);
+
+    /// Gives the bar its size if it floats and the user isn't dragging it.
+    void PlaceFloating();
 
 protected:
+    bool event(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:
@@ -38,4 +49,5 @@ private:
 
     int number;
     QSize sizes[FORMS];
+    bool isPlaced = false; // floats, and has had the size for that
 };

@@ -3,10 +3,8 @@
 #include "Commands.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QPlainTextEdit>
 
 std::optional<CommandState> EditCommandState(int command, const EditControlState &control)
@@ -60,10 +58,8 @@ std::optional<CommandState> FocusedEdit::StateOf(int command) const
         state = {text->isReadOnly(), text->document()->isUndoAvailable(), text->textCursor().hasSelection(), false};
     else
         return std::nullopt;
-    if (command == CMD_PASTE) {
-        const QMimeData *clipboard = QApplication::clipboard()->mimeData();
-        state.clipboardHasText = clipboard && clipboard->hasText();
-    }
+    if (command == CMD_PASTE && !state.readOnly)
+        state.clipboardHasText = clipboard.HasText();
     return EditCommandState(command, state);
 }
 

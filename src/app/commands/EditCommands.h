@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ClipboardText.h"
 #include "CommandTarget.h"
 
 #include <QPointer>
@@ -33,4 +34,5 @@ public:
 
 private:
     QPointer<QWidget> behindMenus;
+    mutable ClipboardText clipboard;
 };

@@ -15,7 +15,7 @@ constexpr MenuEntry EXIT{CMD_EXIT, "E&xit", "", "Closes all projects and ends th
 constexpr MenuEntry FILE_WITHOUT_DOCUMENT[] = {OPEN, LINE, RECENT, LINE, CLOSE, EXIT};
 constexpr MenuEntry FILE_ENTRIES[] = {
     OPEN,
-    CLOSE,
+    {CMD_CLOSE, "&Close", "Ctrl+F4", CLOSE.tip},
     {CMD_SAVE, "&Save", "Ctrl+S", "Numbers the IDs, and writes the headers and the project's files."},
     LINE,
     {CMD_IMPORT, "&Import...", "", "Takes strings or files into the project."},

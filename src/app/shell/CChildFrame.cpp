@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QMenu>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -19,12 +20,17 @@ CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, Toolbox
 {
     setWindowIcon(MakeIcon(UiIcon::Project));
     setAttribute(Qt::WA_DeleteOnClose);
+    for (QAction *entry : systemMenu()->actions())
+        entry->setShortcuts(QList<QKeySequence>()); // the keys are those of File, Close; of two neither would work
     tree = new CProjView(document, *this);
     splitter->addWidget(tree); // shown first, since the contents show what the tree has
     splitter->addWidget(right);
     splitter->setChildrenCollapsible(false);
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({qBound(50, document.env.settings.Int("split1st", "width", 200), 4000), 1000});
+    treeWidth = qBound(50, document.env.settings.Int("split1st", "width", 200), 4000);
+    splitter->setSizes({treeWidth, 1000});
+    // The user has dragged the divider; what a small window does to the tree isn't remembered.
+    connect(splitter, &QSplitter::splitterMoved, this, [this] { treeWidth = splitter->sizes().value(0); });
     (void)toolbox.IsShown(document.env.settings); // read now, for all windows
     MakeContent();
     ShowPane(Pane::Default);
@@ -63,12 +69,16 @@ void CChildFrame::LeaveDocument()
         return;
     document.modifiedChanged = nullptr;
     notice->leavesFocus = nullptr;
-    Settings &settings = document.env.settings;
-    toolbox.Store(settings);
-    const int width = splitter->sizes().value(0);
-    if (width > 0 && width != settings.Int("split1st", "width", 200))
-        (void)settings.Write(QStringLiteral("split1st"), QStringLiteral("width"), QString::number(width));
+    if (!isStored)
+        (void)document.env.settings.WriteAll(State());
     delete std::exchange(splitter, nullptr);
+}
+
+QList<ProfileEntry> CChildFrame::State() const
+{
+    QList<ProfileEntry> entries = toolbox.State();
+    entries.append({QStringLiteral("split1st"), QStringLiteral("width"), QString::number(treeWidth)});
+    return entries;
 }
 
 void CChildFrame::ShowTitle()

@@ -35,6 +35,11 @@ public:
     /// The document is gone, or about to go.
     [[nodiscard]] bool HasLeft() const { return !splitter; }
 
+    /// What the settings are to remember of this window, which stores it when it ends.
+    [[nodiscard]] QList<ProfileEntry> State() const;
+    /// It has been stored already.
+    void StateIsStored() { isStored = true; }
+
     /// Not 0 while a layout is shown.
     int layoutMode = 0;
 
@@ -72,4 +77,6 @@ private:
     std::map<Pane, QWidget *> panes; // those that were made, owned by the splitter's right side
     class QStackedWidget *right;
     QPointer<QWidget> lastFocus;
+    int treeWidth = 0; // as the user chose it
+    bool isStored = false;
 };

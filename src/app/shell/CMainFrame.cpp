@@ -2,6 +2,7 @@
 
 #include "CInfoPane.h"
 #include "CSizingControlBar.h"
+#include "Cascade.h"
 #include "CommandHandler.h"
 #include "Commands.h"
 #include "Environment.h"
@@ -19,9 +20,11 @@
 #include <QPainter>
 #include <QSessionManager>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTimer>
 #include <QToolBar>
 
+#include <algorithm>
 #include <utility>
 
 namespace
@@ -172,9 +175,8 @@ void CMainFrame::Run(int command)
     case CMD_PREVIOUS_PANE:
         return GoToPane(-1);
     case CMD_CASCADE:
-        return area->cascadeSubWindows();
     case CMD_TILE:
-        return area->tileSubWindows();
+        return Arrange(command);
     case CMD_ARRANGE_ICONS:
         for (CChildFrame *child : Children()) {
             if (child->isMinimized())
@@ -184,6 +186,33 @@ void CMainFrame::Run(int command)
     default:
         return;
     }
+}
+
+void CMainFrame::Arrange(int command)
+{
+    const QPointer<QWidget> focus = focusedEdit.Focus();
+    if (command == CMD_CASCADE)
+        Cascade();
+    else
+        area->tileSubWindows();
+    if (focus)
+        focus->setFocus(); // which a window that changes its form gives away
+}
+
+void CMainFrame::Cascade()
+{
+    QList<QMdiSubWindow *> windows = area->subWindowList(QMdiArea::StackingOrder);
+    windows.removeIf([](const QMdiSubWindow *window) { return window->isMinimized() || window->isHidden(); });
+    QSize smallest;
+    for (QMdiSubWindow *window : windows) {
+        window->showNormal();
+        smallest = smallest.expandedTo(window->minimumSizeHint());
+    }
+    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this) +
+                      style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, this);
+    const QList<QRect> places = CascadePlaces(int(windows.size()), area->viewport()->size(), title, smallest);
+    for (qsizetype i = 0; i < windows.size(); ++i)
+        windows[i]->setGeometry(places[i]);
 }
 
 /// The panes are those of the active project, and the output while it is in sight.
@@ -216,9 +245,12 @@ QList<CChildFrame *> CMainFrame::Children() const
 
 CChildFrame *CMainFrame::ActiveChild() const
 {
-    // Also while another program's window is active.
-    auto *const child = static_cast<CChildFrame *>(area->currentSubWindow());
-    return child && !child->HasLeft() ? child : nullptr;
+    // The one that was active last: also while another program's window is active, and when the main window has been
+    // minimised and is back so soon that the area takes no window for the current one.
+    const QList<QMdiSubWindow *> windows = area->subWindowList(QMdiArea::ActivationHistoryOrder);
+    const auto left = [](QMdiSubWindow *window) { return static_cast<CChildFrame *>(window)->HasLeft(); };
+    const auto last = std::find_if_not(windows.crbegin(), windows.crend(), left);
+    return last != windows.crend() ? static_cast<CChildFrame *>(*last) : nullptr;
 }
 
 void CMainFrame::Opened(CDocument &document)
@@ -376,6 +408,7 @@ void CMainFrame::closeEvent(QCloseEvent *event)
     event->accept();
     for (CChildFrame *child : Children()) {
         CResDoc &document = child->Document();
+        child->StateIsStored();
         delete child;
         documents.CloseDocument(&document);
     }

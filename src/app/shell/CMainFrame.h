@@ -1,9 +1,11 @@
 #pragma once
 
+#include "BarSizes.h"
 #include "CChildFrame.h"
 #include "ChannelTurn.h"
 #include "CommandRoute.h"
 #include "EditCommands.h"
+#include "FramePlace.h"
 #include "KeyboardIndicators.h"
 #include "OutputTail.h"
 #include "RecentFiles.h"
@@ -110,6 +112,9 @@ private:
     void ChooseProject();
     void OpenDropped(const QStringList &files);
     void GoToPane(int step);
+    /// Cascades or tiles the windows of projects.
+    void Arrange(int command);
+    void Cascade();
     void OpenRecent(int index);
     void ShowOutput(bool show);
     void ToggleToolbox();
@@ -131,9 +136,11 @@ private:
     QList<QAction *> recentActions;
     QList<QAction *> windowActions; // of the Window menu that is shown or was last
     QMdiArea *area;
+    FramePlace place{*this};
     QToolBar *toolBar = nullptr;
     CSizingControlBar *toolboxBar = nullptr;
     CSizingControlBar *outputBar = nullptr;
+    std::unique_ptr<BarSizes> barSizes;
     QListWidget *toolbox = nullptr;
     ToolboxState toolboxState;
     CInfoPane *output = nullptr;

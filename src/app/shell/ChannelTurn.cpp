@@ -1,6 +1,7 @@
 #include "ChannelTurn.h"
 
 #include <QApplication>
+#include <QMenuBar>
 #include <QMouseEvent>
 #include <QTimer>
 #include <QWidget>
@@ -11,10 +12,23 @@ void ChannelTurn::Begin()
 {
     isOn = true;
     dropped = {};
-    qApp->installEventFilter(this);
     while (QWidget *popup = QApplication::activePopupWidget()) {
         if (!popup->close())
             break;
+    }
+    LeaveMenus();
+    qApp->installEventFilter(this);
+}
+
+/// A menu bar whose menu was opened by a key keeps the keyboard when the menu is closed for it: Escape gives it back.
+void ChannelTurn::LeaveMenus()
+{
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        auto *const menus = qobject_cast<QMenuBar *>(window->focusWidget());
+        if (!menus)
+            continue;
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QCoreApplication::sendEvent(menus, &escape);
     }
 }
 

@@ -21,6 +21,8 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    static void LeaveMenus();
+
     bool isOn = false;
     Qt::MouseButtons dropped; // pressed during the command
     std::vector<std::function<void()>> waiting;

@@ -1,7 +1,5 @@
 #include "FrameState.h"
 
-#include "Settings.h"
-
 #include <QRegularExpression>
 
 QString PositionText(const QRect &position)
@@ -80,13 +78,24 @@ QRect BroughtBack(const QRect &position, const QList<QRect> &screens)
         all |= screen;
     for (const QRect &screen : screens) {
         const QRect title = screen & QRect(position.topLeft(), QSize(position.width(), TITLE_HEIGHT));
-        if (title.width() >= ENOUGH && title.height() > 0)
-            return QRect(position.topLeft(), position.size().boundedTo(all.size() - QSize(0, TITLE_HEIGHT)));
+        if (title.width() < ENOUGH || title.height() <= 0)
+            continue;
+        QRect back(position.topLeft(), position.size().boundedTo(all.size()));
+        back.moveTop(qMax(back.top(), screen.top()));
+        return back.size() == position.size() ? back : FittedInto(back, all);
     }
     const QRect &first = screens.front();
     QRect back(first.topLeft(), position.size().expandedTo(SmallestFrame(first.size())).boundedTo(first.size()));
     back.moveCenter(first.center());
     return back;
+}
+
+QRect FittedInto(const QRect &position, const QRect &screen)
+{
+    QRect fitted(position.topLeft(), position.size().boundedTo(screen.size()));
+    fitted.moveTo(qBound(screen.left(), fitted.left(), screen.right() + 1 - fitted.width()),
+                  qBound(screen.top(), fitted.top(), screen.bottom() + 1 - fitted.height()));
+    return fitted;
 }
 
 FrameState FrameState::Read(const Settings &settings)
@@ -101,8 +110,9 @@ bool ToolboxState::IsShown(const Settings &settings)
     return *shown;
 }
 
-void ToolboxState::Store(Settings &settings) const
+QList<ProfileEntry> ToolboxState::State() const
 {
-    if (shown && *shown != (settings.Int("Toolbox", "show", 1) != 0))
-        (void)settings.Write(QStringLiteral("Toolbox"), QStringLiteral("show"), QString::number(int(*shown)));
+    if (!shown)
+        return {};
+    return {{QStringLiteral("Toolbox"), QStringLiteral("show"), QString::number(int(*shown))}};
 }

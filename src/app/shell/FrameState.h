@@ -1,14 +1,15 @@
 #pragma once
 
+#include "Settings.h"
+
 #include <QList>
 #include <QRect>
 #include <QString>
 
 #include <optional>
 
-class Settings;
-
-/// What the settings remember of the main window. Positions are in pixels that don't depend on the screen's scale.
+/// What the settings remember of the main window. Positions are those of the whole window with its frame, in pixels
+/// that don't depend on the screen's scale.
 struct FrameState
 {
     bool maximized = false;
@@ -23,8 +24,8 @@ class ToolboxState
 public:
     [[nodiscard]] bool IsShown(const Settings &settings);
     void Show(bool show) { shown = show; }
-    /// Writes it, if it was ever read.
-    void Store(Settings &settings) const;
+    /// What the settings are to remember; nothing if it was never read.
+    [[nodiscard]] QList<ProfileEntry> State() const;
 
 private:
     std::optional<bool> shown;
@@ -43,6 +44,9 @@ inline constexpr QSize SMALLEST_FRAME(500, 450);
 /// The smallest size of the window on a screen of that size.
 [[nodiscard]] QSize SmallestFrame(const QSize &screen);
 
-/// A stored position, moved and shrunk so that the window can be reached: when its title lies off all screens, onto the
-/// first one.
+/// A stored position, moved and shrunk so that the window can be reached: no larger than the screens together, its
+/// title below the top of the screen, and when the title is off all screens, in the middle of the first one.
 [[nodiscard]] QRect BroughtBack(const QRect &position, const QList<QRect> &screens);
+
+/// A position, moved and shrunk so that all of it is on the screen.
+[[nodiscard]] QRect FittedInto(const QRect &position, const QRect &screen);

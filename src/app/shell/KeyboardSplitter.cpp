@@ -45,7 +45,7 @@ protected:
             moveSplitter(place + STEP);
             break;
         case Qt::Key_Escape:
-            splitter()->setSizes(before);
+            moveSplitter(before.value(0));
             [[fallthrough]];
         case Qt::Key_Return:
         case Qt::Key_Enter:

@@ -24,6 +24,7 @@ constexpr int TOOLBOX_NUMBER = 1;
 constexpr int OUTPUT_NUMBER = 2;
 constexpr QSize TOOLBOX_SIZE(150, 400);
 constexpr QSize OUTPUT_SIZE(400, 150);
+constexpr QSize FIRST_SIZE(1000, 700);
 constexpr int DOCK_STATE_VERSION = 1;
 
 struct CommandIcon
@@ -41,6 +42,16 @@ QString CheckOf(const QByteArray &state)
     return QString::fromLatin1(QCryptographicHash::hash(state, QCryptographicHash::Md5).toHex());
 }
 
+/// What it does, and the key for it.
+QString ToolTipOf(const QAction &action)
+{
+    QString text = action.text().remove(u'&');
+    if (text.endsWith(QStringLiteral("...")))
+        text.chop(3);
+    const QString key = action.shortcut().toString(QKeySequence::NativeText);
+    return key.isEmpty() ? text : QStringLiteral("%1 (%2)").arg(text, key);
+}
+
 } // namespace
 
 void CMainFrame::MakeToolBar()
@@ -51,8 +62,11 @@ void CMainFrame::MakeToolBar()
     toolBar->setObjectName(QStringLiteral("Standard"));
     toolBar->setAccessibleName(QStringLiteral("Tool bar"));
     toolBar->setIconSize(QSize(16, 16));
-    for (const int command : ToolBarCommands())
+    for (const int command : ToolBarCommands()) {
+        if (command != 0)
+            actions[command]->setToolTip(ToolTipOf(*actions[command]));
         command == 0 ? toolBar->addSeparator() : (toolBar->addAction(actions[command]), nullptr);
+    }
     toolBar->toggleViewAction()->setVisible(false); // the View menu has it
 }
 
@@ -94,6 +108,7 @@ void CMainFrame::MakeBars()
         bar->ReadSizes(settings);
         bar->toggleViewAction()->setVisible(false); // the View menu has it
     }
+    barSizes = std::make_unique<BarSizes>(*this, QList{toolboxBar, outputBar});
 }
 
 /// The classes of components that a layout can be made of.
@@ -114,9 +129,9 @@ void CMainFrame::Restore()
     for (const QScreen *each : QGuiApplication::screens())
         screens.append(each->availableGeometry());
     if (state.position)
-        setGeometry(BroughtBack(*state.position, screens));
+        place.PutAt(BroughtBack(*state.position, screens));
     else
-        resize(QSize(1000, 700).boundedTo(screens.isEmpty() ? QSize(1000, 700) : screens.front().size()));
+        place.FitOntoScreen(FIRST_SIZE);
     if (state.maximized)
         setWindowState(Qt::WindowMaximized);
     statusBar()->setVisible(env.settings.Int("DockState", "statusBar", 1) != 0);
@@ -124,35 +139,34 @@ void CMainFrame::Restore()
     const QByteArray bars = QByteArray::fromBase64(env.settings.String("DockState", "state").toLatin1());
     // A state that isn't whole would end the program at each start.
     const bool isWhole = !bars.isEmpty() && env.settings.String("DockState", "check") == CheckOf(bars);
-    if (!isWhole || !restoreState(bars, DOCK_STATE_VERSION))
+    if (!isWhole || !restoreState(bars, DOCK_STATE_VERSION)) {
+        outputBar->LimitStandingWidth(width() / 4);
         ShowOutput(true);
+    }
     toolboxBar->hide(); // it belongs to layouts
 }
 
 void CMainFrame::StoreState()
 {
-    Settings &settings = env.settings;
-    const auto store = [&settings](const char *section, const char *key, const QString &value) {
-        if (settings.String(section, key) != value)
-            (void)settings.Write(QString::fromLatin1(section), QString::fromLatin1(key), value);
+    QList<ProfileEntry> entries;
+    const auto store = [&entries](const char *section, const char *key, const QString &value) {
+        entries.append({QString::fromLatin1(section), QString::fromLatin1(key), value});
     };
-    if (isMaximized() && !isMinimized()) {
-        store("Frame", "maximized", QStringLiteral("1"));
-    } else if (!isMinimized()) {
-        store("Frame", "maximized", QStringLiteral("0"));
-        store("Frame", "position", PositionText(geometry()));
-    }
+    if (!isMinimized())
+        store("Frame", "maximized", QString::number(int(isMaximized())));
+    if (!isMinimized() && !isMaximized())
+        store("Frame", "position", PositionText(place.Position()));
     for (const auto &[section, bar] : {std::pair("Toolbox", toolboxBar), {"Output", outputBar}}) {
-        bar->RememberSize();
-        const QSize size = bar->PreferredSize();
-        if (size.width() > 0 && size.height() > 0)
-            store(section, "size", SizeText(size));
-        bar->StoreSizes(settings);
+        store(section, "size", SizeText(bar->PreferredSize()));
+        entries += bar->Sizes();
     }
     store("DockState", "statusBar", QString::number(int(!statusBar()->isHidden())));
     const QByteArray bars = saveState(DOCK_STATE_VERSION);
     store("DockState", "state", QString::fromLatin1(bars.toBase64()));
     store("DockState", "check", CheckOf(bars));
+    for (CChildFrame *child : Children())
+        entries += child->State();
+    (void)env.settings.WriteAll(entries);
 }
 
 void CMainFrame::ShowOutput(bool show)

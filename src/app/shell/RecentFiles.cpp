@@ -47,12 +47,14 @@ void RecentFiles::Remove(const QString &path, Settings &settings)
 
 void RecentFiles::Store(Settings &settings) const
 {
+    QList<ProfileEntry> entries;
     for (int i = 0; i < MOST; ++i) {
         const QString path = paths.value(i);
         const QString key = KeyOf(i);
         if (settings.String(SECTION, key.toUtf8().constData()) != path)
-            (void)settings.Write(QString::fromLatin1(SECTION), key, path); // a list that can't be kept hinders nobody
+            entries.append({QString::fromLatin1(SECTION), key, path});
     }
+    (void)settings.WriteAll(entries); // a list that can't be kept hinders nobody
 }
 
 QString RecentFiles::Label(int index) const

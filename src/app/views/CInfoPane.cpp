@@ -153,7 +153,9 @@ void CInfoPane::contextMenuEvent(QContextMenuEvent *event)
     if (event->reason() == QContextMenuEvent::Keyboard) {
         QTextCursor start(document());
         start.setPosition(textCursor().selectionStart());
-        place = viewport()->mapToGlobal(cursorRect(start).bottomLeft());
+        const QPoint caret = cursorRect(start).bottomLeft(); // which may have been scrolled out of sight
+        place = viewport()->mapToGlobal(
+            QPoint(qBound(0, caret.x(), viewport()->width() - 1), qBound(0, caret.y(), viewport()->height() - 1)));
     }
     menu.exec(place);
 }

@@ -6,6 +6,14 @@
 
 #include <utility>
 
+/// A key with its value.
+struct ProfileEntry
+{
+    QString section;
+    QString key;
+    QString value;
+};
+
 /// A text file of sections, keys and values ("INI"), kept line by line: what isn't changed is written back byte for
 /// byte.
 ///

@@ -22,12 +22,13 @@ void ProfileFile::Refresh()
         Read();
 }
 
-bool ProfileFile::Set(const QString &section, const QString &key, const QString &value)
+bool ProfileFile::Set(const QList<ProfileEntry> &entries)
 {
     Profile changed;
     if (const int error = Profile::Read(path, changed); error != 0 && error != ENOENT)
         return false; // written back, it would be empty
-    changed.Set(section, key, value);
+    for (const ProfileEntry &entry : entries)
+        changed.Set(entry.section, entry.key, entry.value);
     if (WriteFileAtomically(path, changed.Bytes()) != 0)
         return false;
     content = std::move(changed);

@@ -15,9 +15,9 @@ public:
     /// Reads the file again if it is another than the one that was read, or has changed since.
     void Refresh();
 
-    /// Changes one key in the file as it stands now. False when it can't be read, or can't be written; it is as it was
-    /// then.
-    bool Set(const QString &section, const QString &key, const QString &value);
+    /// Changes keys in the file as it is now, in one write. False when it can't be read, or can't be written; it is as
+    /// it was then.
+    bool Set(const QList<ProfileEntry> &entries);
 
 private:
     void Read();

@@ -82,13 +82,33 @@ void Settings::Refresh()
 
 bool Settings::Write(const QString &section, const QString &key, const QString &value)
 {
-    if (value.contains(u'\n') || value.contains(u'\r'))
-        return false;
+    return WriteAll({{section, key, value}});
+}
+
+bool Settings::IsSet(const ProfileEntry &entry) const
+{
+    const Profile &content = user.Content().Has(entry.section, entry.key) ? user.Content() : program.Content();
+    return content.Has(entry.section, entry.key) && content.String(entry.section, entry.key, QString()) == entry.value;
+}
+
+bool Settings::WriteAll(QList<ProfileEntry> entries)
+{
+    const bool areValues = entries.removeIf([](const ProfileEntry &entry) {
+        return entry.value.contains(u'\n') || entry.value.contains(u'\r');
+    }) == 0;
     Refresh();
-    const bool hasUserValue = user.Content().Has(section, key); // that one would hide the program's
-    if (!hasUserValue && access(HostPath(programFolder).constData(), W_OK) == 0 && program.Set(section, key, value))
-        return true;
+    if (std::all_of(entries.cbegin(), entries.cend(), [this](const ProfileEntry &entry) { return IsSet(entry); }))
+        return areValues;
+    // A value that the user's file has would hide the program's.
+    const auto inProgram = std::stable_partition(entries.begin(), entries.end(), [this](const ProfileEntry &entry) {
+        return user.Content().Has(entry.section, entry.key);
+    });
+    const QList<ProfileEntry> forProgram(inProgram, entries.end());
+    if (!forProgram.isEmpty() && access(HostPath(programFolder).constData(), W_OK) == 0 && program.Set(forProgram))
+        entries.erase(inProgram, entries.end());
+    if (entries.isEmpty())
+        return areValues;
     CreateFolderOnDisk(DirectoryOf(userFolder));
     CreateFolderOnDisk(userFolder);
-    return user.Set(section, key, value);
+    return user.Set(entries) && areValues;
 }

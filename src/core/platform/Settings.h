@@ -31,8 +31,13 @@ public:
     /// Changes a key in the program's file where that is writable, else in the user's. False when neither can be
     /// written, and for a value with a line end, which would become other keys.
     bool Write(const QString &section, const QString &key, const QString &value);
+    /// Changes several keys as Write does, with at most one write of each file, and none where all values are the same
+    /// already. Of equal keys the last counts. False when any can't be changed; the others are.
+    bool WriteAll(QList<ProfileEntry> entries);
 
 private:
+    [[nodiscard]] bool IsSet(const ProfileEntry &entry) const;
+
     QString programFolder;
     QString userFolder;
     ProfileFile program;

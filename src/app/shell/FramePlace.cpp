@@ -1,0 +1,68 @@
+#include "FramePlace.h"
+
+#include "FrameState.h"
+
+#include <QEvent>
+#include <QScreen>
+#include <QTimer>
+#include <QWidget>
+#include <QWindow>
+
+namespace
+{
+
+constexpr QMargins USUAL_FRAME(4, 32, 4, 4);
+
+} // namespace
+
+FramePlace::FramePlace(QWidget &placedWindow) : window(placedWindow)
+{
+    window.installEventFilter(this);
+}
+
+void FramePlace::PutAt(const QRect &position)
+{
+    wanted = position;
+    isPlacing = true;
+    window.resize(position.marginsRemoved(USUAL_FRAME).size());
+    window.move(position.topLeft()); // which counts with the frame
+}
+
+void FramePlace::FitOntoScreen(const QSize &size)
+{
+    wanted.reset();
+    isPlacing = true;
+    const QScreen *const screen = window.screen();
+    window.resize(screen ? size.boundedTo(screen->availableGeometry().marginsRemoved(USUAL_FRAME).size()) : size);
+}
+
+QRect FramePlace::Position() const
+{
+    const QWindow *const handle = window.windowHandle();
+    return handle ? window.geometry().marginsAdded(handle->frameMargins()) : window.frameGeometry();
+}
+
+bool FramePlace::eventFilter(QObject *watched, QEvent *event)
+{
+    if (isPlacing) {
+        if (event->type() == QEvent::Show && watched == &window)
+            window.windowHandle()->installEventFilter(this);
+        else if (event->type() == QEvent::Expose || event->type() == QEvent::WindowStateChange)
+            QTimer::singleShot(0, this, [this] { Correct(); });
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void FramePlace::Correct()
+{
+    const QWindow *const handle = window.windowHandle();
+    const bool isNormal = !(window.windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen));
+    if (!isPlacing || !isNormal || !handle || !handle->isExposed())
+        return;
+    isPlacing = false;
+    const QScreen *const screen = window.screen();
+    const QRect position = wanted ? *wanted : screen ? FittedInto(Position(), screen->availableGeometry()) : Position();
+    const QRect inner = position.marginsRemoved(handle->frameMargins());
+    if (inner != window.geometry())
+        window.setGeometry(inner);
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QObject>
+#include <QRect>
+
+#include <optional>
+
+class QWidget;
+
+/// Puts a window that is about to be shown where it is to be, counted with its frame.
+///
+/// How wide the frame is turns out only when the desktop has put it around the window: then the window is put right.
+class FramePlace : public QObject
+{
+public:
+    explicit FramePlace(QWidget &placedWindow);
+
+    /// The whole window is to be there; while it is maximised, once it no longer is.
+    void PutAt(const QRect &position);
+    /// The window has this size, but for its frame, and is where the desktop puts it, all of it on the screen.
+    void FitOntoScreen(const QSize &size);
+    /// The whole window, as it is now.
+    [[nodiscard]] QRect Position() const;
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void Correct();
+
+    QWidget &window;
+    std::optional<QRect> wanted;
+    bool isPlacing = false;
+};

@@ -1,0 +1,129 @@
+// The sizes of the docking bars: which of them the user chose, and where they come back.
+#include "Settings.h"
+#include "TestWindow.h"
+
+#include <QSplitter>
+#include <QTest>
+
+#include <sys/inotify.h>
+#include <unistd.h>
+
+namespace
+{
+
+Settings SettingsOf(const TestWindow &window)
+{
+    return Settings(window.folder.Path("bin/Morvanite.ini"), window.folder.Path("user/morvanite/Morvanite.ini"));
+}
+
+/// Drags the divider between the Output bar, which is docked at the right, and what lies left of it.
+void DragDivider(const TestWindow &window, int by)
+{
+    const QPoint place = window.Frame().OutputBar().geometry().topLeft() + QPoint(-2, 100);
+    QTest::mousePress(&window.Frame(), Qt::LeftButton, {}, place);
+    QTest::mouseMove(&window.Frame(), place + QPoint(by, 0));
+    window.Settle();
+    QTest::mouseRelease(&window.Frame(), Qt::LeftButton, {}, place + QPoint(by, 0));
+    window.Settle();
+}
+
+/// What happens to the files of a folder.
+class FolderEvents
+{
+public:
+    explicit FolderEvents(const QString &folder) : watch(inotify_init1(IN_NONBLOCK))
+    {
+        // Also what is created: equal events that follow each other are told as one.
+        EXPECT_GE(inotify_add_watch(watch, folder.toUtf8().constData(), IN_CREATE | IN_MOVED_TO), 0);
+    }
+    ~FolderEvents() { close(watch); }
+
+    /// How often a file took another's place, so far.
+    [[nodiscard]] int Replaced() const
+    {
+        alignas(inotify_event) char events[1 << 16];
+        const ssize_t size = read(watch, events, sizeof(events));
+        int replaced = 0;
+        for (ssize_t at = 0; at < size;) {
+            const auto *const event = reinterpret_cast<const inotify_event *>(events + at);
+            replaced += (event->mask & IN_MOVED_TO) != 0;
+            at += ssize_t(sizeof(inotify_event) + event->len);
+        }
+        return replaced;
+    }
+
+private:
+    int watch;
+};
+
+} // namespace
+
+TEST(BarSizes, EachPlaceHasASizeOfItsOwnWhichIsThereAgainAfterARestart)
+{
+    TestWindow window;
+    window.Start();
+    const int first = window.Frame().OutputBar().width();
+    EXPECT_TRUE(first > 100 && first <= window.Frame().width() / 4) << first;
+    DragDivider(window, -80);
+    const int standing = window.Frame().OutputBar().width();
+    EXPECT_EQ(standing, first + 80);
+    for (const bool isRestarted : {false, true}) {
+        for (const Qt::DockWidgetArea area : {Qt::BottomDockWidgetArea, Qt::TopDockWidgetArea}) {
+            window.Frame().addDockWidget(area, &window.Frame().OutputBar());
+            window.Settle();
+            EXPECT_NEAR(window.Frame().OutputBar().height(), 150, 2) << isRestarted;
+        }
+        window.Frame().OutputBar().setFloating(true);
+        window.Settle();
+        EXPECT_EQ(window.Frame().OutputBar().size(), isRestarted ? QSize(333, 222) : QSize(400, 150));
+        window.Frame().OutputBar().resize(333, 222); // the user pulls its corner
+        window.Frame().OutputBar().setFloating(false);
+        window.Frame().addDockWidget(Qt::RightDockWidgetArea, &window.Frame().OutputBar());
+        window.Settle();
+        EXPECT_EQ(window.Frame().OutputBar().width(), standing) << isRestarted;
+        window.Frame().close();
+        const Settings settings = SettingsOf(window);
+        EXPECT_EQ(settings.Int("DockState-SCBar-2", "sizeHorzCY", 0), 150);
+        EXPECT_EQ(settings.Int("DockState-SCBar-2", "sizeVertCX", 0), standing);
+        EXPECT_EQ(settings.String("DockState-SCBar-2", "sizeFloatCX"), u"333");
+        window.Restart();
+    }
+    EXPECT_EQ(window.Frame().OutputBar().width(), standing);
+}
+
+TEST(BarSizes, WhatASmallWindowSqueezesIsBackWithTheRoomAndIsNotRemembered)
+{
+    TestWindow window;
+    window.Start({window.Project()});
+    window.Frame().resize(1400, 700);
+    window.Settle();
+    DragDivider(window, -450);
+    const int chosen = window.Frame().OutputBar().width();
+    for (int round = 0; round < 2; ++round) {
+        window.Frame().resize(500, 450);
+        window.Settle();
+        EXPECT_LT(window.Frame().OutputBar().width(), chosen);
+        window.Frame().close();
+        EXPECT_EQ(SettingsOf(window).Int("DockState-SCBar-2", "sizeVertCX", 0), chosen);
+        EXPECT_EQ(SettingsOf(window).Int("split1st", "width", 0), 200);
+        window.Restart();
+        EXPECT_LT(window.Frame().OutputBar().width(), chosen);
+        window.Frame().resize(1400, 700);
+        window.Settle();
+        EXPECT_EQ(window.Frame().OutputBar().width(), chosen);
+    }
+}
+
+TEST(BarSizes, ClosingWritesTheSettingsOnce)
+{
+    TestWindow window;
+    window.MakeProject("other", "<APP/>");
+    window.Start({window.Project(), window.Project("other")});
+    window.Child().findChild<QSplitter *>()->handle(1)->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right); // the windows differ in what they store
+    window.Frame().OutputBar().hide();
+    const FolderEvents events(window.folder.Path("bin"));
+    EXPECT_TRUE(window.Frame().close());
+    EXPECT_EQ(events.Replaced(), 1);
+    EXPECT_EQ(SettingsOf(window).Int("split1st", "width", 0), 216);
+}
