@@ -54,3 +54,17 @@ TEST(ExportLayoutTables, DoesNothingWhereThereIsNothingToExport)
         EXPECT_TRUE(!project.folder.Has("bin/args") && project.folder.Has("ResID/enum.i")) << settings;
     }
 }
+
+TEST(ExportLayoutTables, AreNotWrittenWhereALinkLeadsOutOfTheProject)
+{
+    LayoutExport project("export_layout=layouts\nexport_xml=classes.xml\n");
+    project.folder.MakeFolder("demo");
+    project.folder.MakeFolder("elsewhere");
+    ASSERT_EQ(symlink("../elsewhere", "demo/ResID"), 0);
+    ASSERT_EQ(unlink("bin/args"), 0);
+    (void)project.TakeExplained();
+    ExportLayoutTables(project.env, project.folder.Path("demo"));
+    EXPECT_FALSE(project.folder.Has("bin/args"));
+    EXPECT_TRUE(project.TakeExplained().contains("/elsewhere"));
+    EXPECT_EQ(project.env.FailureCount, 1);
+}

@@ -88,3 +88,11 @@ QString WhyNotRead(const QString &path, int error)
     const QByteArray host = HostPath(ResolvePath(path, CurrentFolder()));
     return u"cannot read \"%1\": %2; %3"_s.arg(QString::fromUtf8(host), SystemReason(error), WaysToRead(error));
 }
+
+QString WhyOutside(const QString &path, const QByteArray &place)
+{
+    return QStringLiteral(
+               "\"%1\" isn't written: a symbolic link leads out of the project, to \"%2\"; remove the link, or "
+               "allow such links with follow_links=1 in section Path of your Morvanite.ini")
+        .arg(path, QString::fromUtf8(place));
+}

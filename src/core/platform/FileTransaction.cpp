@@ -33,9 +33,7 @@ int FileTransaction::Write(QStringView path, QByteArrayView bytes, IfRefused ifR
     const QByteArray host = HostPath(path);
     QByteArray place = FollowLinks(host);
     if (!project.folder.isEmpty() && !StaysInProject(host, HostPath(project.folder), place) && !project.followsLinks) {
-        env.ExplainFailure(u"\"%1\" isn't written: a symbolic link leads out of the project, to \"%2\"; remove the "
-                           "link, or allow such links with follow_links=1 in section Path of your Morvanite.ini"_s.arg(
-                               ResolvePath(path.toString(), project.folder), QString::fromUtf8(place)));
+        env.ExplainFailure(WhyOutside(ResolvePath(path.toString(), project.folder), place));
         return ELOOP;
     }
     FileReplacement file;
