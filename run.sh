@@ -14,9 +14,6 @@ project=sample/weatherclock.vcproj
 out=build/sample
 mkdir -p $out/arm
 
-# The sample's own settings: it has layouts.
-export XDG_CONFIG_HOME="$PWD/sample/settings"
-
 say "Numbering the IDs of $project and writing sample/ResID/ResID.h and LayoutID.h"
 $cli save $project
 
@@ -26,7 +23,7 @@ arm-linux-gnueabihf-gcc -static -O2 -Wall -Wextra -Werror -Isample/ResID -Idevic
 
 say "Packing the resources into it"
 $cli pack $project --input $out/weatherclock.axf --output $out/weatherclock.packed.axf \
-    --resolution 240x320 --target axf --convert-images 1
+    --resolution 240x320 --target axf --convert-images 1 --temp $out/temp
 
 say "Running it: it reads its own section .zp_res"
 qemu-arm $out/weatherclock.packed.axf
@@ -41,7 +38,7 @@ say "Made
   sample/ResID/LayoutID.h        the numbers of the classes and properties in its layouts
 
 Look at them with
-  XDG_CONFIG_HOME=\$PWD/sample/settings build/bin/morvanite sample/weatherclock.vcproj
+  build/bin/morvanite sample/weatherclock.vcproj
   $cli inspect $out/weatherclock.packed.axf --json
   $cli inspect $out/weatherclock.packed.axf --extract /tmp/weatherclock
   qemu-arm $out/weatherclock.packed.axf"

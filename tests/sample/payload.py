@@ -176,7 +176,8 @@ class Sample:
 class Payload(DemoProject):
     def setUp(self):
         super().setUp()
-        shutil.copytree(REPOSITORY / "sample", self.dir / "sample")
+        # The settings of the project are copied where its layouts are wanted.
+        shutil.copytree(REPOSITORY / "sample", self.dir / "sample", ignore=shutil.ignore_patterns("morvanite.ini"))
         self.sample = Sample(self.dir / "sample", pathlib.Path(CLI).parent / "qrk_resgenerator.exe")
         self.input = self.dir / "app.axf"
         self.env["XDG_CONFIG_HOME"] = str(self.dir)
@@ -206,7 +207,7 @@ class Payload(DemoProject):
                 self.assert_same((self.dir / "arm/app.res").read_bytes(), self.sample.payload(screen, convert, 0, padded))
 
     def test_layouts_where_the_settings_give_the_project_some(self):
-        self.env["XDG_CONFIG_HOME"] = str(self.dir / "sample/settings")
+        shutil.copy(REPOSITORY / "sample/morvanite.ini", self.dir / "sample")
         self.sample.with_layouts = True
         self.sample.values = self.sample.number()
         status, out, err = self.run_cli("save", "sample/weatherclock.vcproj")

@@ -23,6 +23,12 @@ QString InProgramDir(const Environment &env, const QString &name)
     return QString::fromUtf8(HostPath(env.ProgramDir() + name));
 }
 
+QString LayoutSetting(const Settings &settings, const char *key)
+{
+    const QString projects = settings.String("Layout", key);
+    return projects.isEmpty() ? settings.String("Path", key) : projects;
+}
+
 void LayoutCommand::Run(Environment &env) const
 {
     ToolEnd end;
@@ -32,12 +38,6 @@ void LayoutCommand::Run(Environment &env) const
         env.ExplainFailure(text);
     else if (!end.Text().isEmpty())
         env.Explain(text);
-}
-
-QString LayoutSetting(const Settings &settings, const char *key)
-{
-    const QString projects = settings.String("Layout", key);
-    return projects.isEmpty() ? settings.String("Path", key) : projects;
 }
 
 LayoutCommand LayoutCommand::In(const Environment &env, const QString &projectFolder)

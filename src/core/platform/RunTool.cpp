@@ -120,22 +120,21 @@ void WaitFor(pid_t child, const std::function<void()> &meanwhile)
 }
 
 /// Starts a program and waits for its end.
-ToolEnd Run(const Environment &env, const std::vector<char *> &arguments)
+ToolEnd Run(const std::vector<char *> &arguments, char *const *variables, const std::function<void()> &meanwhile)
 {
     const SpawnSettings settings;
-    ToolVariables variables(env);
     pid_t child = -1;
     SignalCleanup cleanup;
     ToolEnd end;
     {
         const SignalHold hold;
         end.startError = posix_spawn(&child, arguments.front(), &settings.actions, &settings.attributes,
-                                     arguments.data(), variables.All());
+                                     arguments.data(), variables);
         if (end.startError != 0)
             return end;
         cleanup = SignalCleanup::OfChild(child);
     }
-    WaitFor(child, env.whileWaiting);
+    WaitFor(child, meanwhile);
     cleanup.Release();
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
@@ -207,7 +206,8 @@ int RunTool(Environment &env, const QString &commandLine, ToolEnd *end)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
 
-    result = Run(env, arguments);
+    ToolVariables variables(env);
+    result = Run(arguments, variables.All(), env.whileWaiting);
     if (result.startError == 0)
         return 0;
     env.DebugTrace("CreateProcess failed (%d)\n", result.startError);
