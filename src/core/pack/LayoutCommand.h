@@ -27,7 +27,8 @@ struct LayoutCommand
     [[nodiscard]] static LayoutCommand In(const Environment &env, const QString &projectFolder);
 };
 
-/// A setting of the layout conversion: the project's own in section `Layout`, else that in section `Path`; may be empty.
+/// A setting of the layout conversion: the project's own in section `Layout`, else that in section `Path`; may be
+/// empty.
 [[nodiscard]] QString LayoutSetting(const Settings &settings, const char *key);
 
 /// A path, absolute and as the host has it.

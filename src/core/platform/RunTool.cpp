@@ -124,7 +124,6 @@ void WaitFor(pid_t child, const std::function<void()> &meanwhile)
 ToolEnd Run(const Environment &env, const std::vector<char *> &arguments)
 {
     const SpawnSettings settings;
-    ToolVariables variables(env);
     pid_t child = -1;
     SignalCleanup cleanup;
     ToolEnd end;
@@ -136,7 +135,7 @@ ToolEnd Run(const Environment &env, const std::vector<char *> &arguments)
             return end;
         cleanup = SignalCleanup::OfChild(child);
     }
-    WaitFor(child, env.whileWaiting);
+    WaitFor(child, meanwhile);
     cleanup.Release();
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {

@@ -6,7 +6,6 @@
 #include "HostFiles.h"
 #include "IDGen.h"
 #include "IdNames.h"
-#include "KeptFiles.h"
 #include "LayoutExport.h"
 #include "Paths.h"
 #include "ProjectConfig.h"
@@ -144,101 +143,23 @@ void CResDoc::Load()
     NoteFile(ResolvePath(env.settings.String("Path", "proj_cfg", ".\\config.xml"), DirectoryOf(m_strPathName)));
     if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
-    keepReason.clear();
+    keepOnSave.Forget();
     if (env.ErrorCount + env.DroppedCount > 0) {
-        keepReason = QStringLiteral("The opening of %1 reported %2 error(s) and left out %3 element(s).")
-                         .arg(FileName(m_strPathName))
-                         .arg(env.ErrorCount)
-                         .arg(env.DroppedCount);
+        keepOnSave.Require(QStringLiteral("The opening of %1 reported %2 error(s) and left out %3 element(s).")
+                               .arg(FileName(m_strPathName))
+                               .arg(env.ErrorCount)
+                               .arg(env.DroppedCount));
     }
-}
-
-bool CResDoc::CanBeLoaded() const
-{
-    // What the attempt has to say is only of interest when it fails.
-    QString report;
-    QStringList explained;
-    const auto output = std::exchange(env.output, [&](QStringView text) { report += text; });
-    const auto explain = std::exchange(env.explain, [&](const QString &text) { explained.append(text); });
-    bool isLoaded = true;
-    try {
-        CFrameServices nobody;
-        CResDoc attempt(env, tables, nobody);
-        attempt.m_strPathName = m_strPathName;
-        attempt.Serialize(true);
-    } catch (const ArchiveException &) {
-        isLoaded = false;
-    }
-    env.output = output;
-    env.explain = explain;
-    env.ResetCounts();
-    if (!isLoaded && env.output)
-        env.output(report);
-    for (const QString &text : isLoaded ? QStringList() : explained)
-        env.Explain(text);
-    return isLoaded;
-}
-
-CResDoc::Outside CResDoc::TakeInChanges()
-{
-    const FileStamps::Changes changes = stamps.Since();
-    if (changes.files.isEmpty())
-        return Outside::None;
-    unreadable = false;
-    const QString files = changes.files.join(QStringLiteral(", "));
-    if (IsModified() || !changes.vanished.isEmpty()) {
-        env.Explain(changes.vanished.isEmpty()
-                        ? QStringLiteral("Another program has changed %1; what is open here has changes that aren't "
-                                         "saved, so that was not taken in")
-                              .arg(files)
-                        : QStringLiteral("Another program has removed %1; the project stays open as it was")
-                              .arg(changes.vanished.join(QStringLiteral(", "))));
-        keepReason = QStringLiteral("Another program has changed %1 since it was opened here.").arg(files);
-        return Outside::LeftOut;
-    }
-    if (!CanBeLoaded()) {
-        unreadable = true;
-        env.Explain(
-            QStringLiteral("Another program has changed %1, and the project can't be read any more").arg(files));
-        return Outside::Unreadable;
-    }
-    try {
-        env.ResetCounts();
-        ReloadResources();
-    } catch (const ArchiveException &) {
-        return Outside::Unreadable;
-    }
-    return Outside::TakenIn;
 }
 
 bool CResDoc::KeepReplaced(const QStringList &files)
 {
-    const QString problem = KeptFiles(m_strPathName).Keep(files, keptEntry);
-    if (problem.isEmpty())
+    if (!keepOnSave.IsRequired())
         return true;
-    env.Explain(
-        QStringLiteral("%1 Copies of the files can't be kept, so nothing was saved: %2. XDG_STATE_HOME names the "
-                       "folder for them.")
-            .arg(keepReason, problem));
-    return false;
-}
-
-void CResDoc::FinishKeeping()
-{
-    if (lastSave.write != 0) {
-        KeptFiles::Drop(std::exchange(keptEntry, {}));
-        return;
-    }
-    if (!keptEntry.isEmpty()) {
-        const QString text =
-            QStringLiteral("%1 The files that this save replaced are kept in %2.").arg(keepReason, keptEntry);
-        if (services.Notify)
-            services.Notify(*this, text);
-        else
-            env.Explain(text);
-    }
-    keepReason.clear();
-    keptEntry.clear();
+    const QString problem = keepOnSave.Keep(m_strPathName, files);
+    if (!problem.isEmpty())
+        env.Explain(problem);
+    return problem.isEmpty();
 }
 
 bool CResDoc::OnSaveDocument(const QString &path)
@@ -253,7 +174,12 @@ bool CResDoc::OnSaveDocument(const QString &path)
                 .arg(path));
     }
     lastSave = IsUnreadable() ? RefuseSave(path) : SaveAll(path);
-    FinishKeeping();
+    if (const QString notice = keepOnSave.Finish(lastSave.write == 0); !notice.isEmpty()) {
+        if (services.Notify)
+            services.Notify(*this, notice);
+        else
+            env.Explain(notice);
+    }
     if (services.user && !IsCommandRunning(path)) {
         if (lastSave.write != 0)
             services.user->MessageBox(QStringLiteral("Failed to save the resources."));

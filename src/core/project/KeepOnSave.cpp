@@ -1,0 +1,24 @@
+#include "KeepOnSave.h"
+
+#include "KeptFiles.h"
+
+using namespace Qt::StringLiterals;
+
+QString KeepOnSave::Keep(const QString &projectPath, const QStringList &files)
+{
+    const QString problem = KeptFiles(projectPath).Keep(files, entry);
+    return problem.isEmpty() ? problem
+                             : u"%1 Copies of the files can't be kept, so nothing was saved: %2. XDG_STATE_HOME names "
+                               "the folder for them."_s.arg(reason, problem);
+}
+
+QString KeepOnSave::Finish(bool isSaved)
+{
+    const QString kept = std::exchange(entry, {});
+    if (!isSaved) {
+        KeptFiles::Drop(kept);
+        return {};
+    }
+    const QString why = std::exchange(reason, {});
+    return kept.isEmpty() ? QString() : u"%1 The files that this save replaced are kept in %2."_s.arg(why, kept);
+}
