@@ -50,10 +50,9 @@ class Strict(DemoProject):
             status, _, err = self.run_cli(command, self.project)
             self.assertEqual(status, 0)
             self.assertIn('config.xml:3: ', err)
-        self.change('res/demo.res.xml', '<STRING>', '\n>>>>>>> other\n<STRING>')
-        self.change('res/demo.res.xml', '</APP>', '')
+        (self.dir / 'res/demo.res.xml').write_text('<APP>\n>>>>>>> other\n')
         for arguments in commands[:3]:
-            self.assert_refused(arguments, 'res/demo.res.xml:5: the line begins with ">>>>>>>"')
+            self.assert_refused(arguments, 'res/demo.res.xml:2: the line begins with ">>>>>>>"')
 
     def test_a_list_of_sizes_that_is_not_there_stops_it_and_is_told_without_strict(self):
         commands = self.strict_commands()
