@@ -1,5 +1,6 @@
 #include "Commands.h"
 #include "IDGen.h"
+#include "ProjectLayouts.h"
 #include "Session.h"
 #include "SortedIds.h"
 
@@ -21,6 +22,11 @@ public:
         CResDoc *document = session.OpenQuietly(AbsolutePath(project));
         if (!document)
             return EXIT_FAILED;
+        const QStringList missing = MissingLayouts(*document);
+        for (const QString &reason : missing)
+            Complain(reason);
+        if (!missing.isEmpty())
+            return EXIT_FAILED; // without their IDs the others would have other numbers
         if (document->GenerateIds(nullptr) != 0) {
             Complain(QString::fromStdString(project) + QStringLiteral(": more IDs of one kind than there are numbers"));
             return EXIT_FAILED;

@@ -197,7 +197,7 @@ TEST(KeptFiles, EachWayToLeaveSomethingOutAtAnOpeningKeepsTheFilesOfBefore)
         project.folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n" + QByteArray(way.settings));
         if (QByteArray(way.settings).startsWith("reso_set"))
             project.folder.Put("bin/Morvanite.ini", "[Path]\n" + QByteArray(way.settings));
-        project.tables = {};
+        project.env->RefreshSettings();
         const QString text = u"\uFEFFNumber of Language\t2\r\nString ID\tResource Type\tDescription\tEnglish(0)\t"
                              "Français(1)\r\n"_s +
                              QString::fromUtf8(way.strings) + u"##number\t1\r\n"_s;

@@ -1,10 +1,11 @@
 #include "OutputFile.h"
 
 #include "Environment.h"
+#include "FilePlace.h"
+#include "Leftovers.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <climits>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
@@ -22,20 +23,6 @@ constexpr mode_t ALL_BITS = 07777;
 QString Reason(int error)
 {
     return QString::fromLocal8Bit(strerror(error));
-}
-
-/// What the symbolic links at `path` lead to, even when nothing is there yet.
-QByteArray FollowLinks(QByteArray path)
-{
-    for (int hops = 0; hops < 40; ++hops) {
-        char link[PATH_MAX];
-        const ssize_t size = readlink(path.constData(), link, sizeof link);
-        if (size <= 0)
-            break;
-        const QByteArray to(link, size);
-        path = to.startsWith('/') ? to : path.left(path.lastIndexOf('/') + 1) + to;
-    }
-    return path;
 }
 
 /// Says whether a new file was refused for what its folder is, although an old file there may be written.
@@ -101,14 +88,11 @@ int OutputFile::Open(const OutputRights &rights)
 
 int OutputFile::OpenBeside(mode_t mode)
 {
-    constexpr int MOST_LEFT_OVERS = 1000; // of programs that were killed
     target = FollowLinks(path);
-    const qsizetype slash = target.lastIndexOf('/');
-    const QByteArray start = target.left(slash + 1) + '.' + target.mid(slash + 1).left(200) + '.' +
-                             QByteArray::number(qint64(getpid())) + '-';
+    Leftovers().RemoveBeside(target);
     const SignalHold hold;
-    for (int n = 0; n < MOST_LEFT_OVERS; ++n) {
-        const QByteArray tried = start + QByteArray::number(n);
+    for (int n = 0; n < MOST_TEMPORARY_FILES; ++n) {
+        const QByteArray tried = TemporaryName(target, getpid(), n);
         handle = FileHandle(open(tried.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode));
         if (handle.IsOpen()) {
             temporary = tried;

@@ -154,8 +154,6 @@ void CResDoc::Load()
 
 bool CResDoc::KeepReplaced(const QStringList &files)
 {
-    if (!keepOnSave.IsRequired())
-        return true;
     const QString problem = keepOnSave.Keep(m_strPathName, files);
     if (!problem.isEmpty())
         env.Explain(problem);

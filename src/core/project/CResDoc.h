@@ -4,6 +4,7 @@
 #include "Environment.h"
 #include "FileStamps.h"
 #include "FileWatch.h"
+#include "KeepOnSave.h"
 #include "ResModel.h"
 #include "UserInterface.h"
 
@@ -115,9 +116,9 @@ public:
     /// Takes the stamp of a file that is read next.
     void NoteFile(const QString &path) { stamps.Note(path); }
     /// Says whether there may be something in the files that the document doesn't have.
-    [[nodiscard]] bool HasToKeep() const { return !keepReason.isEmpty(); }
-    /// Keeps copies of these files (absolute) before a save replaces them. False when that fails; they must not be
-    /// replaced then.
+    [[nodiscard]] bool HasToKeep() const { return keepOnSave.IsRequired(); }
+    /// Keeps copies of these files (absolute) before a save replaces them. False when that fails, which has been
+    /// explained; they must not be replaced then.
     [[nodiscard]] bool KeepReplaced(const QStringList &files);
 
     /// Makes a layout without components for a resolution, with a default ID; its folder. Null where there is no folder
@@ -141,7 +142,6 @@ public:
 private:
     [[nodiscard]] SaveResult SaveAll(const QString &path);
     [[nodiscard]] SaveResult RefuseSave(const QString &path);
-    void FinishKeeping();
     void Load();
     [[nodiscard]] bool CanBeLoaded() const;
     void LoadClasses();
@@ -152,9 +152,8 @@ private:
 
     bool treeLost = false; // a reload failed halfway: what is in memory must not replace what is on disk
     bool unreadable = false;
-    FileStamps stamps;  // of the files that the project was read from
-    QString keepReason; // why the next save has to keep what it replaces; empty when it hasn't
-    QString keptEntry;  // where the save under way has kept it
+    FileStamps stamps; // of the files that the project was read from
+    KeepOnSave keepOnSave;
     CResSpy spy;
     const CFrameServices &services;
     quint32 resWatch = 0;

@@ -6,8 +6,8 @@
 
 #include <utility>
 
-/// Why the next save of a project has to keep copies of the files that it replaces (KeptFiles), and where the save under
-/// way has kept them.
+/// Why the next save of a project has to keep copies of the files that it replaces (KeptFiles), and where the save
+/// under way has kept them.
 class KeepOnSave
 {
 public:
