@@ -3,6 +3,7 @@
 #include "TestWindow.h"
 
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QTest>
 #include <QToolBar>
 
@@ -98,6 +99,26 @@ TEST(Arrange, CtrlF4ClosesTheActiveProjectAndAsks)
     }
     EXPECT_EQ(window.Frame().ActiveChild(), nullptr);
     EXPECT_EQ(window.boxes.value(3), u"Save changes to demo?"_s);
+}
+
+TEST(Arrange, TheButtonsOfEveryTitleBarAreSeenOnADarkDesktop)
+{
+    TestWindow window;
+    window.MakeProject("other", "<APP/>");
+    window.Start({window.Project(), window.Project("other")});
+    QPalette dark(QColor(0x2B, 0x2B, 0x2B));
+    window.Frame().setPalette(dark);
+    window.Frame().RunCommand(CMD_TILE);
+    window.Settle();
+    for (QMdiSubWindow *child : window.Frame().findChild<QMdiArea *>()->subWindowList()) {
+        const QImage bar = child->grab(QRect(child->width() - 70, 4, 66, 18)).toImage();
+        int lightest = 0;
+        for (int y = 0; y < bar.height(); ++y) {
+            for (int x = 0; x < bar.width(); ++x)
+                lightest = qMax(lightest, qGray(bar.pixel(x, y)));
+        }
+        EXPECT_GT(lightest, 200) << child->windowTitle().toStdString();
+    }
 }
 
 TEST(MainFrame, TheTipsOfTheToolBarNameTheKeys)

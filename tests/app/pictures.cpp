@@ -74,6 +74,8 @@ int main(int argc, char **argv)
     Take(window, folder, "arabic");
     window.Frame().RunCommand(CMD_TILE);
     Take(window, folder, "tiled");
+    window.Frame().RunCommand(CMD_CASCADE);
+    Take(window, folder, "cascaded");
     {
         const CMainFrame::Busy busy(window.Frame(), COMMAND_PACK);
         Take(window, folder, "busy");
