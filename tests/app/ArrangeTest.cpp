@@ -28,6 +28,30 @@ TEST(Cascade, LeavesATitleBarOfEachWindowInSight)
     }
 }
 
+TEST(Arrange, CascadeLeavesTheTitleBarsOfAllProjectsInSight)
+{
+    TestWindow window;
+    QStringList projects;
+    for (const char name : QByteArray("abcdefghijkl")) {
+        window.MakeProject(QByteArray(1, name), "<APP/>");
+        projects.append(window.Project(QByteArray(1, name)));
+    }
+    window.Start(projects);
+    window.Frame().resize(700, 600);
+    window.Frame().RunCommand(CMD_CASCADE);
+    window.Settle();
+    auto *const area = window.Frame().findChild<QMdiArea *>();
+    const QList<QMdiSubWindow *> windows = area->subWindowList(QMdiArea::StackingOrder);
+    ASSERT_EQ(windows.size(), 12);
+    EXPECT_EQ(windows.last(), &window.Child());
+    for (qsizetype i = 0; i < windows.size(); ++i) {
+        QRegion title(QRect(windows[i]->pos(), QSize(windows[i]->width(), 20)) & area->viewport()->rect());
+        for (qsizetype above = i + 1; above < windows.size(); ++above)
+            title -= windows[above]->geometry();
+        EXPECT_GE(title.boundingRect().width(), 60) << i;
+    }
+}
+
 TEST(Arrange, MenusAndKeysAreThereAfterEachChangeOfTheWindows)
 {
     TestWindow window;
