@@ -3,6 +3,8 @@
 #include "TestWindow.h"
 
 #include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QStyle>
 #include <QTest>
 #include <QToolBar>
 
@@ -24,6 +26,32 @@ TEST(Cascade, LeavesATitleBarOfEachWindowInSight)
                 }
             }
         }
+    }
+}
+
+TEST(Arrange, CascadeLeavesTheTitleBarsOfAllProjectsInSight)
+{
+    TestWindow window;
+    QStringList projects;
+    for (const char name : QByteArray("abcdefghijkl")) {
+        window.MakeProject(QByteArray(1, name), "<APP/>");
+        projects.append(window.Project(QByteArray(1, name)));
+    }
+    window.Start(projects);
+    window.Frame().resize(700, 600);
+    window.Frame().RunCommand(CMD_CASCADE);
+    window.Settle();
+    auto *const area = window.Frame().findChild<QMdiArea *>();
+    const QList<QMdiSubWindow *> windows = area->subWindowList(QMdiArea::StackingOrder);
+    ASSERT_EQ(windows.size(), 12);
+    EXPECT_EQ(windows.last(), &window.Child());
+    const int height = window.Frame().style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    for (qsizetype i = 0; i < windows.size(); ++i) {
+        const QRect title(windows[i]->pos(), QSize(60, height));
+        QRegion covered = QRegion(title) - area->viewport()->rect();
+        for (qsizetype above = i + 1; above < windows.size(); ++above)
+            covered += windows[above]->geometry() & title;
+        EXPECT_TRUE(covered.isEmpty()) << i;
     }
 }
 
@@ -98,6 +126,26 @@ TEST(Arrange, CtrlF4ClosesTheActiveProjectAndAsks)
     }
     EXPECT_EQ(window.Frame().ActiveChild(), nullptr);
     EXPECT_EQ(window.boxes.value(3), u"Save changes to demo?"_s);
+}
+
+TEST(Arrange, TheButtonsOfEveryTitleBarAreSeenOnADarkDesktop)
+{
+    TestWindow window;
+    window.MakeProject("other", "<APP/>");
+    window.Start({window.Project(), window.Project("other")});
+    QPalette dark(QColor(0x2B, 0x2B, 0x2B));
+    window.Frame().setPalette(dark);
+    window.Frame().RunCommand(CMD_TILE);
+    window.Settle();
+    for (QMdiSubWindow *child : window.Frame().findChild<QMdiArea *>()->subWindowList()) {
+        const QImage bar = child->grab(QRect(child->width() - 70, 4, 66, 18)).toImage();
+        int lightest = 0;
+        for (int y = 0; y < bar.height(); ++y) {
+            for (int x = 0; x < bar.width(); ++x)
+                lightest = qMax(lightest, qGray(bar.pixel(x, y)));
+        }
+        EXPECT_GT(lightest, 200) << child->windowTitle().toStdString();
+    }
 }
 
 TEST(MainFrame, TheTipsOfTheToolBarNameTheKeys)

@@ -131,11 +131,18 @@ TEST(MainFrame, ToolBarStatusBarAndOutputAreShownAndHidden)
 {
     TestWindow window;
     window.Start();
+    const auto marks = [&window] {
+        const QList<QAction *> view = window.Frame().menuBar()->actions()[1]->menu()->actions();
+        return std::count_if(view.begin(), view.end(), [](const QAction *entry) { return entry->isChecked(); });
+    };
+    EXPECT_EQ(marks(), 3);
     for (const int command : {CMD_TOOLBAR, CMD_STATUS_BAR, CMD_OUTPUT}) {
         const bool before = window.Frame().StateOf(command)->checked;
         EXPECT_TRUE(before);
         window.Frame().RunCommand(command);
         EXPECT_FALSE(window.Frame().StateOf(command)->checked);
+        window.Settle();
+        EXPECT_EQ(marks(), 2) << "the View menu shows what is in sight";
         window.Frame().RunCommand(command);
         EXPECT_TRUE(window.Frame().StateOf(command)->checked);
     }

@@ -119,6 +119,7 @@ class Pack(DemoProject):
         self.assertTrue(status == 1 and out.endswith('\r\n\r\npack done\r\n\r\n### error -1044 ###\r\n'), out)
         self.assertIn('screens.xml:2: the layout file is no well-formed XML', err)
         self.assertEqual((self.dir / 'app.axf.pkd').read_bytes(), b'of before')
+        self.assertEqual(self.run_cli('ids', self.project)[:2], (1, ''))
         status, out, err = self.run_cli('save', self.project)
         self.assertEqual(status, 1)
         self.assertTrue(out.endswith('[demo] save - 0 error(s), 1 warning(s)\r\n\r\n\r\nsave done\r\n'), out)

@@ -4,6 +4,7 @@
 #include "Environment.h"
 #include "KeyboardSplitter.h"
 #include "Paths.h"
+#include "TitleBarStyle.h"
 #include "WaitCursor.h"
 
 #include <QApplication>
@@ -20,6 +21,9 @@ CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, Toolbox
 {
     setWindowIcon(MakeIcon(UiIcon::Project));
     setAttribute(Qt::WA_DeleteOnClose);
+    auto *const drawing = new TitleBarStyle;
+    drawing->setParent(this);
+    setStyle(drawing);
     for (QAction *entry : systemMenu()->actions())
         entry->setShortcuts(QList<QKeySequence>()); // the keys are those of File, Close; of two neither would work
     tree = new CProjView(document, *this);

@@ -124,6 +124,7 @@ void WaitFor(pid_t child, const std::function<void()> &meanwhile)
 ToolEnd Run(const Environment &env, const std::vector<char *> &arguments)
 {
     const SpawnSettings settings;
+    ToolVariables variables(env);
     pid_t child = -1;
     SignalCleanup cleanup;
     ToolEnd end;
@@ -135,7 +136,7 @@ ToolEnd Run(const Environment &env, const std::vector<char *> &arguments)
             return end;
         cleanup = SignalCleanup::OfChild(child);
     }
-    WaitFor(child, meanwhile);
+    WaitFor(child, env.whileWaiting);
     cleanup.Release();
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
