@@ -114,6 +114,8 @@ void TakeAll(TestWindow &window, const QString &folder, const QString &sample)
     Take(window, folder, "arabic");
     window.Frame().RunCommand(CMD_TILE);
     Take(window, folder, "tiled");
+    window.Frame().RunCommand(CMD_CASCADE);
+    Take(window, folder, "cascaded");
     const CMainFrame::Busy busy(window.Frame(), COMMAND_PACK);
     Take(window, folder, "busy");
 }
@@ -147,36 +149,6 @@ int main(int argc, char **argv)
     window.MakeProject("天气时钟", "<APP>" + resolutions + "</APP>");
     window.MakeProject("ساعة الطقس", "<APP/>");
     window.Start();
-<<<<<<< HEAD
     TakeAll(window, folder, sample.Project());
-=======
-    window.Frame().resize(900, 560);
-    Take(window, folder, "empty");
-    (void)window.Frame().OpenProject(window.Project("weatherclock"));
-    Take(window, folder, "project");
-    window.Tree().setCurrentItem(window.Row(u"Images"_s));
-    window.Document().SetModifiedFlag(true);
-    Take(window, folder, "images");
-    QTimer::singleShot(100, [&] {
-        if (QWidget *menu = QApplication::activePopupWidget()) {
-            menu->grab().save(folder + u"/menu.png"_s);
-            menu->close();
-        }
-    });
-    window.Tree().OpenContextMenu(window.Row(u"Images"_s), window.Frame().mapToGlobal(QPoint(60, 120)));
-    window.Document().SetModifiedFlag(false);
-    (void)window.Frame().OpenProject(window.Project("天气时钟"));
-    Take(window, folder, "chinese");
-    (void)window.Frame().OpenProject(window.Project("ساعة الطقس"));
-    Take(window, folder, "arabic");
-    window.Frame().RunCommand(CMD_TILE);
-    Take(window, folder, "tiled");
-    window.Frame().RunCommand(CMD_CASCADE);
-    Take(window, folder, "cascaded");
-    {
-        const CMainFrame::Busy busy(window.Frame(), COMMAND_PACK);
-        Take(window, folder, "busy");
-    }
->>>>>>> w-bars
     return 0;
 }
