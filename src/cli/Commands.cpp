@@ -22,6 +22,7 @@ std::vector<std::unique_ptr<ICommand>> AllCommands()
     commands.push_back(MakeStringsCommand());
     commands.push_back(MakeLayoutsCommand());
     commands.push_back(MakeKeptCommand());
+    commands.push_back(MakeResolutionsCommand());
     commands.push_back(MakeServeCommand());
     return commands;
 }

@@ -27,4 +27,5 @@ std::unique_ptr<ICommand> MakeInspectCommand();
 std::unique_ptr<ICommand> MakeStringsCommand();
 std::unique_ptr<ICommand> MakeLayoutsCommand();
 std::unique_ptr<ICommand> MakeKeptCommand();
+std::unique_ptr<ICommand> MakeResolutionsCommand();
 std::unique_ptr<ICommand> MakeServeCommand();

@@ -3,6 +3,7 @@
 #include "HeaderFolder.h"
 #include "HostFiles.h"
 #include "OpeningReport.h"
+#include "Paths.h"
 
 #include <cstring>
 
@@ -17,7 +18,11 @@ public:
         CLI::App *command =
             app.add_subcommand("headers", "Write a project's headers into a folder, and nothing into the project");
         command->add_option("PROJECT", project, "The project's .vcproj file")->required();
-        command->add_option("--output", folder, "The folder; made when missing")->required()->type_name("DIR");
+        CLI::Option *outputOption =
+            command->add_option("--output", folder, "The folder; made when missing")->type_name("DIR");
+        CLI::Option *listOption =
+            command->add_flag("--list", isList, "Only list the headers' names, as far as the settings decide them");
+        listOption->excludes(outputOption);
         CLI::Option *depfileOption =
             command->add_option("--depfile", depfile, "Write the files that were read, for make or ninja")
                 ->type_name("FILE");
@@ -32,6 +37,12 @@ public:
     int Run(Session &session) override
     {
         const QString path = AbsolutePath(project);
+        if (isList)
+            return List(session, path);
+        if (folder.empty()) {
+            Complain(QStringLiteral("headers needs --output DIR, or --list"));
+            return EXIT_WRONG_USE;
+        }
         const QString output = AbsolutePath(folder); // an opening changes the current folder
         const QString depfilePath = AbsolutePath(depfile);
         CResDoc *const document = session.OpenQuietly(path);
@@ -47,6 +58,17 @@ public:
     }
 
 private:
+    /// Doesn't open the project, which need not be sound yet.
+    static int List(Session &session, const QString &path)
+    {
+        Environment env(session.env);
+        if (!env.UseProjectSettings(DirectoryOf(path)))
+            return EXIT_FAILED;
+        for (const QString &name : HeaderFolder::NamesBySettings(env))
+            session.report.Write(name + u'\n');
+        return EXIT_FINE;
+    }
+
     [[nodiscard]] int WriteDependencies(const HeaderFolder &headers, const QString &path) const
     {
         std::vector<QByteArray> inputs;
@@ -64,6 +86,7 @@ private:
     std::string folder;
     std::string depfile;
     std::string depfileTarget;
+    bool isList = false;
 };
 
 } // namespace

@@ -117,7 +117,7 @@ class Sources(unittest.TestCase):
 
     def test_the_resolution_is_mistyped(self):
         self.put('CMakeLists.txt', BUILD.format(repository=REPOSITORY, size='240x32'))
-        self.assert_fails_untouched('RESOLUTION is 240x32, and', 'resolutions.ini has no such size, only 96x64, ')
+        self.assert_fails_untouched('RESOLUTION is 240x32, and', 'the list of screen sizes has only 96x64, ')
 
     def test_layouts_are_listed_and_the_settings_have_none(self):
         self.put('res/demo.res.xml', LIST.replace('class="image">', 'class="image layout">\n<LAYOUT>res\\l.xml</LAYOUT>'))

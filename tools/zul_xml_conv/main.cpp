@@ -40,6 +40,9 @@ int main(int argc, char **argv)
         return 2;
     }
     Environment env;
+    // The packer names the project whose layouts these are: they have its code page.
+    if (const QByteArray project = qgetenv("MORVANITE_PROJECT_DIR"); !project.isEmpty())
+        (void)env.UseProjectSettings(QString::fromUtf8(project));
     Conversion conversion(env, options);
     const bool isDone = conversion.Run();
     for (const QString &line : conversion.messages)

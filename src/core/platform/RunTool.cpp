@@ -2,12 +2,14 @@
 
 #include "Environment.h"
 #include "HostFiles.h"
+#include "Paths.h"
 #include "SignalCleanup.h"
 
 #include <cerrno>
 #include <csignal>
 #include <cstring>
 #include <fcntl.h>
+#include <list>
 #include <poll.h>
 #include <spawn.h>
 #include <sys/stat.h>
@@ -47,27 +49,42 @@ QByteArray TakeProgram(QStringView &rest)
     return {};
 }
 
-/// The variables of the child's environment: ours, with the settings that this process was given.
+/// The variables of the child's environment: ours, with the settings that this process and the project have.
 class ToolVariables
 {
 public:
-    explicit ToolVariables(const Environment &env) : config("XDG_CONFIG_HOME=" + env.ConfigFolder().toUtf8())
+    explicit ToolVariables(const Environment &env) : pointers(environ, End())
     {
-        const qsizetype name = config.indexOf('=') + 1;
-        const bool isOwn = !env.ConfigFolder().isEmpty();
-        for (char **variable = environ; *variable; ++variable) {
-            if (!isOwn || std::strncmp(*variable, config.constData(), size_t(name)) != 0)
-                pointers.push_back(*variable);
-        }
-        if (isOwn)
-            pointers.push_back(config.data());
+        Set("XDG_CONFIG_HOME", env.ConfigFolder());
+        if (!env.settings.ProjectFile().isEmpty())
+            Set("MORVANITE_PROJECT_DIR", DirectoryOf(env.settings.ProjectFile()));
         pointers.push_back(nullptr);
     }
 
     [[nodiscard]] char *const *All() { return pointers.data(); }
 
 private:
-    QByteArray config;
+    static char **End()
+    {
+        char **end = environ;
+        while (*end)
+            ++end;
+        return end;
+    }
+
+    /// An empty value leaves the variable as it is.
+    void Set(const QByteArray &name, const QString &value)
+    {
+        if (value.isEmpty())
+            return;
+        const QByteArray start = name + '=';
+        std::erase_if(pointers, [&](const char *variable) {
+            return std::strncmp(variable, start.constData(), size_t(start.size())) == 0;
+        });
+        pointers.push_back(own.emplace_back(start + value.toUtf8()).data());
+    }
+
+    std::list<QByteArray> own;
     std::vector<char *> pointers;
 };
 

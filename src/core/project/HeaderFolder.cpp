@@ -36,7 +36,15 @@ QString HeaderFolder::Write()
 
 QString HeaderFolder::MainHeader() const
 {
-    return HeaderIn(folder, doc.env.settings.String("ResID", "main_header", "ResID.h"));
+    return folder + u'/' + NamesBySettings(doc.env).front();
+}
+
+QStringList HeaderFolder::NamesBySettings(const Environment &env)
+{
+    QStringList names{HeaderIn({}, env.settings.String("ResID", "main_header", "ResID.h")).sliced(1)};
+    if (HasLayoutTables(env))
+        names.append(u"LayoutID.h"_s);
+    return names;
 }
 
 QString HeaderFolder::MakeTables()

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 class CResDoc;
+class Environment;
 
 /// Writes the headers of a project for the application's source into a folder of its own, and nothing anywhere else.
 ///
@@ -24,6 +25,9 @@ public:
     [[nodiscard]] QString Write();
     /// The path of the header with the project's IDs.
     [[nodiscard]] QString MainHeader() const;
+    /// The names of the headers that the settings ask for, in the folder: the one with the IDs, and the layout
+    /// converter's. Those of components depend on the project and aren't among them.
+    [[nodiscard]] static QStringList NamesBySettings(const Environment &env);
     /// The absolute paths of the files that the opening and the writing have read, the settings among them. Only those
     /// that are there.
     [[nodiscard]] QStringList Inputs() const;
