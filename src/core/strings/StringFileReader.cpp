@@ -64,8 +64,7 @@ int ReadStringFile(const QString &path, CResModel &document)
         document, [&](void *buffer, size_t size) { return file.Read(buffer, size); }, absolute);
     const int code = reader.Read(file.Size());
     if (!reader.Problem().isEmpty())
-        document.env.Explain(
-            QStringLiteral("\"%1\": %2").arg(QString::fromUtf8(HostPath(absolute)), reader.Problem()));
+        document.env.Explain(QStringLiteral("\"%1\": %2").arg(QString::fromUtf8(HostPath(absolute)), reader.Problem()));
     return code;
 }
 
