@@ -102,13 +102,19 @@ TEST_F(OutsideChanges, ThatCannotBeReadAreNeitherLoadedNorReplaced)
     EXPECT_TRUE(Kept().front().files.contains(project.folder.Path(LIST)));
 }
 
-TEST_F(OutsideChanges, ThatRemoveAFileLeaveTheDocumentAlone)
+TEST_F(OutsideChanges, ThatRemoveAFileLeaveTheDocumentAloneUnlessTheProjectIsWholeWithoutIt)
 {
     QFile::remove(project.folder.Path(LIST));
-    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::LeftOut);
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::Gone);
+    EXPECT_TRUE(doc->IsUnreadable()) << "nothing may be packed";
+    EXPECT_EQ(project.TakeOutput(), "") << "a save has no lines of an opening";
     EXPECT_THAT(explained, HasSubstr("removed"));
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_TRUE(project.folder.Get(LIST).contains("ID_A"));
+    project.folder.Put(LIST, "<APP><FILE id=\"ID_ALONE\"/></APP>");
+    QFile::remove(project.folder.Path(STRINGS));
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::TakenIn);
+    EXPECT_EQ(NamesIn(*doc->root.FindFolder(KIND_BINARY, 2)), "ID_ALONE");
 }
 
 TEST_F(OutsideChanges, AnOpeningThatReportedAnErrorKeepsWhatTheFirstSaveReplaces)

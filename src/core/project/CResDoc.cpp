@@ -127,9 +127,8 @@ void CResDoc::Serialize(bool loading)
         return;
     env.RefreshSettings();
     env.ResetCounts();
-    if (!env.UseProjectSettings(DirectoryOf(m_strPathName)) || !RecoverProjectFiles(env, m_strPathName))
+    if (!RecoverProjectFiles(env, m_strPathName))
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
-    LoadClasses();
     Load();
     name = FileTitle(m_strPathName);
     spy.doc = this;
@@ -140,16 +139,25 @@ void CResDoc::Load()
 {
     findings.Clear();
     stamps.Clear();
-    NoteFile(ResolvePath(env.settings.String("Path", "proj_cfg", ".\\config.xml"), DirectoryOf(m_strPathName)));
+    if (!env.UseProjectSettings(DirectoryOf(m_strPathName)))
+        throw ArchiveException{CAUSE_BAD_DOCUMENT};
+    NoteFile(env.settings.ProjectFile());
+    LoadClasses();
+    NoteFile(ProjectContext(m_strPathName, *this).ConfigPath());
     if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
     keepOnSave.Forget();
-    if (env.ErrorCount + env.DroppedCount > 0) {
-        keepOnSave.Require(QStringLiteral("The opening of %1 reported %2 error(s) and left out %3 element(s).")
-                               .arg(FileName(m_strPathName))
-                               .arg(env.ErrorCount)
-                               .arg(env.DroppedCount));
-    }
+    KeepWhatIsLeftOut();
+}
+
+void CResDoc::KeepWhatIsLeftOut()
+{
+    if (env.ErrorCount + env.DroppedCount == 0)
+        return;
+    keepOnSave.Require(QStringLiteral("The opening of %1 reported %2 error(s) and left out %3 element(s).")
+                           .arg(FileName(m_strPathName))
+                           .arg(env.ErrorCount)
+                           .arg(env.DroppedCount));
 }
 
 bool CResDoc::KeepReplaced(const QStringList &files)
@@ -163,15 +171,15 @@ bool CResDoc::KeepReplaced(const QStringList &files)
 bool CResDoc::OnSaveDocument(const QString &path)
 {
     env.RefreshSettings();
-    TakeInChanges();
+    const bool isBlocked = TakeInChanges() == Outside::Unreadable || treeLost;
     env.ResetCounts();
-    if (IsUnreadable()) {
+    if (isBlocked) {
         env.Explain(
             QStringLiteral("%1: nothing was saved, since what is on the disk can't be read and what is open here is "
                            "older, or incomplete. Repair the files, or close the project and open it again")
                 .arg(path));
     }
-    lastSave = IsUnreadable() ? RefuseSave(path) : SaveAll(path);
+    lastSave = isBlocked ? RefuseSave(path) : SaveAll(path);
     if (const QString notice = keepOnSave.Finish(lastSave.write == 0); !notice.isEmpty()) {
         if (services.Notify)
             services.Notify(*this, notice);
@@ -193,13 +201,13 @@ CResDoc::SaveResult CResDoc::RefuseSave(const QString &path)
 {
     const int count = ++env.ErrorCount;
     env.WriteOutput("Error %d: failed to write to file \"%s\".\r\n", count, qUtf8Printable(path));
+    env.WriteOutput("[%s] save - %d error(s), %d warning(s)\r\n", qUtf8Printable(FileTitle(path)), env.ErrorCount,
+                    env.WarningCount);
     return {0, CANNOT_WRITE};
 }
 
 CResDoc::SaveResult CResDoc::SaveAll(const QString &path)
 {
-    if (!RecoverProjectFiles(env, path))
-        return RefuseSave(path);
     FileTransaction files(env, SavedProjectOf(env, path));
     SaveResult result;
     result.generate = GenerateIds(&path);
@@ -365,6 +373,7 @@ void CResDoc::ReloadStrings()
     NoteFile(refPath);
     if (ReadStringFile(refPath, *this) != 0)
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
+    KeepWhatIsLeftOut();
     IProjView *const view = GetProjView();
     const CResFolder *selected = view ? view->SelectedFolder() : nullptr;
     if (selected && selected->kind == KIND_STRINGS)
@@ -386,6 +395,7 @@ void CResDoc::ReloadLayouts(const QString &path)
     LoadLayoutFile(*this, *folder, entry.resolution < 0 ? env.WideToNarrow(path) : entry.path);
     if (untouched.size() > 1)
         untouchedLayouts[folder->index] = untouched; // the list names another file too
+    KeepWhatIsLeftOut();
     UpdateAllViews(nullptr);
     CResFolder *const again = title.isEmpty() ? nullptr : folder->FindFolder(KIND_LAYOUT, title, 1);
     if (again)

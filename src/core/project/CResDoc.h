@@ -105,12 +105,13 @@ public:
     {
         None,       ///< there are none
         TakenIn,    ///< the document was loaded again
-        LeftOut,    ///< there are changes here that aren't saved, or a file is gone: the document stays as it is
-        Unreadable, ///< the files can't be read; the document stays as it is
+        LeftOut,    ///< there are changes here that aren't saved: the document stays as it is
+        Gone,       ///< a file that the project needs is gone: the document stays as it is, and may be all that is left
+        Unreadable, ///< the files can't be read: the document stays as it is
     };
     /// Compares the files' times and sizes, and takes in what has changed. Says on the way what it left out.
     Outside TakeInChanges();
-    /// The files on the disk couldn't be read when the document was to take them in last.
+    /// The document isn't what the files on the disk are, and they couldn't be loaded, when that was looked at last.
     [[nodiscard]] bool IsUnreadable() const { return unreadable || treeLost; }
 
     /// Takes the stamp of a file that is read next.
@@ -143,7 +144,16 @@ private:
     [[nodiscard]] SaveResult SaveAll(const QString &path);
     [[nodiscard]] SaveResult RefuseSave(const QString &path);
     void Load();
-    [[nodiscard]] bool CanBeLoaded() const;
+    void KeepWhatIsLeftOut();
+    /// What came of loading the project into another document.
+    struct Attempt
+    {
+        bool isLoaded = false;
+        bool isWhole = false; ///< without an error, and nothing was left out
+        QString report;
+        QStringList explained;
+    };
+    [[nodiscard]] Attempt TryToLoad() const;
     void LoadClasses();
     void ReloadResources();
     void ReloadStrings();

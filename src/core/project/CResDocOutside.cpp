@@ -2,62 +2,73 @@
 
 #include "CResDoc.h"
 #include "Environment.h"
+#include "ProjectSave.h"
+
+#include <QScopeGuard>
 
 #include <utility>
 
-bool CResDoc::CanBeLoaded() const
+using namespace Qt::StringLiterals;
+
+CResDoc::Attempt CResDoc::TryToLoad() const
 {
-    // What the attempt has to say is only of interest when it fails.
-    QString report;
-    QStringList explained;
-    const auto output = std::exchange(env.output, [&](QStringView text) { report += text; });
-    const auto explain = std::exchange(env.explain, [&](const QString &text) { explained.append(text); });
-    bool isLoaded = true;
+    Attempt attempt;
+    const auto back =
+        qScopeGuard([this, output = std::exchange(env.output, nullptr), explain = std::exchange(env.explain, nullptr)] {
+            env.output = output;
+            env.explain = explain;
+            env.ResetCounts();
+        });
+    env.output = [&](QStringView text) { attempt.report += text; };
+    env.explain = [&](const QString &text) { attempt.explained.append(text); };
     try {
-        CFrameServices nobody;
-        CResDoc attempt(env, tables, nobody);
-        attempt.m_strPathName = m_strPathName;
-        attempt.Serialize(true);
-    } catch (const ArchiveException &) {
-        isLoaded = false;
+        const CFrameServices nobody;
+        CResDoc document(env, tables, nobody);
+        document.m_strPathName = m_strPathName;
+        document.Serialize(true);
+        attempt.isLoaded = true;
+        attempt.isWhole = env.ErrorCount + env.DroppedCount == 0;
+    } catch (const ArchiveException &) { // which the attempt tells
     }
-    env.output = output;
-    env.explain = explain;
-    env.ResetCounts();
-    if (!isLoaded && env.output)
-        env.output(report);
-    for (const QString &text : isLoaded ? QStringList() : explained)
-        env.Explain(text);
-    return isLoaded;
+    return attempt;
 }
 
 CResDoc::Outside CResDoc::TakeInChanges()
 {
+    // What a save of another process left undone is a change like any other.
+    unreadable = !RecoverProjectFiles(env, m_strPathName);
+    if (unreadable)
+        return Outside::Unreadable;
     const FileStamps::Changes changes = stamps.Since();
     if (changes.files.isEmpty())
         return Outside::None;
-    unreadable = false;
-    const QString files = changes.files.join(QStringLiteral(", "));
-    if (IsModified() || !changes.vanished.isEmpty()) {
-        env.Explain(changes.vanished.isEmpty()
-                        ? QStringLiteral("Another program has changed %1; what is open here has changes that aren't "
-                                         "saved, so that was not taken in")
-                              .arg(files)
-                        : QStringLiteral("Another program has removed %1; the project stays open as it was")
-                              .arg(changes.vanished.join(QStringLiteral(", "))));
-        keepOnSave.Require(QStringLiteral("Another program has changed %1 since it was opened here.").arg(files));
+    const QString files = changes.files.join(u", "_s);
+    if (IsModified()) {
+        env.Explain(u"Another program has changed %1; what is open here has changes that aren't saved, so that was not "
+                    "taken in"_s.arg(files));
+        keepOnSave.Require(u"Another program has changed %1 since it was opened here."_s.arg(files));
         return Outside::LeftOut;
     }
-    if (!CanBeLoaded()) {
+    const Attempt attempt = TryToLoad();
+    if (!changes.vanished.isEmpty() && !attempt.isWhole) {
         unreadable = true;
         env.Explain(
-            QStringLiteral("Another program has changed %1, and the project can't be read any more").arg(files));
+            u"Another program has removed %1; the project stays open as it was"_s.arg(changes.vanished.join(u", "_s)));
+        keepOnSave.Require(u"Another program has changed %1 since it was opened here."_s.arg(files));
+        return Outside::Gone;
+    }
+    unreadable = !attempt.isLoaded;
+    if (unreadable) {
+        if (env.output)
+            env.output(attempt.report);
+        for (const QString &text : attempt.explained)
+            env.Explain(text);
+        env.Explain(u"Another program has changed %1, and the project can't be read any more"_s.arg(files));
         return Outside::Unreadable;
     }
     try {
-        env.ResetCounts();
         ReloadResources();
-    } catch (const ArchiveException &) {
+    } catch (const ArchiveException &) { // changed again since the attempt
         return Outside::Unreadable;
     }
     return Outside::TakenIn;
