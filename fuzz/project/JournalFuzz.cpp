@@ -1,0 +1,33 @@
+// The journal of an interrupted save, of any bytes: recovery ends, and touches no file outside the project and none that
+// has no new content waiting beside it.
+
+#include "ProjectSave.h"
+#include "ScratchFolder.h"
+
+namespace
+{
+
+QByteArray ContentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const quint8 *data, size_t size)
+{
+    static const ScratchFolder folder;
+    static const std::unique_ptr<Environment> env = folder.Program({});
+    folder.Put("demo/res/demo.res.xml", "list");
+    folder.Put("demo/ResID/ResID.h", "old header");
+    folder.Put("demo/ResID/.ResID.h.1-0", "new header"); // process 1 is always there
+    folder.Put("outside", "the user's");
+    folder.Put("demo/res/.demo.journal", {reinterpret_cast<const char *>(data), qsizetype(size)});
+    (void)RecoverProjectFiles(*env, folder.Path("demo/demo.vcproj"));
+    const QByteArray header = ContentOf(folder.Path("demo/ResID/ResID.h"));
+    if (ContentOf(folder.Path("demo/res/demo.res.xml")) != "list" || ContentOf(folder.Path("outside")) != "the user's" ||
+        (header != "old header" && header != "new header"))
+        std::abort();
+    return 0;
+}
