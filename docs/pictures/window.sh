@@ -11,6 +11,9 @@ take() { # the picture's name among those that the program takes, the name of th
     cp "$taken/$1.png" "$pictures/$2"
 }
 export LC_ALL=C.UTF-8
+# A screen on which the window has room at either scale.
+printf '{"screens":[{"name":"s","x":0,"y":0,"width":2560,"height":1600,"logicalDpi":96,"logicalBaseDpi":96,"dpr":1}]}' >"$taken/screen.json"
+export QT_QPA_PLATFORM="offscreen:configfile=$taken/screen.json"
 QT_SCALE_FACTOR=2 take project window.png
 take tiled window-tiled.png
 take images window-dark.png dark
