@@ -58,7 +58,8 @@ TEST_F(OutsideChanges, AreLoadedBeforeTheDocumentIsUsedAgain)
     EXPECT_FALSE(FileHas(STRINGS, u"ID_OUTSIDE"));
     EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::None) << "what a save writes is no change";
     EXPECT_TRUE(Kept().empty());
-    EXPECT_EQ(notice + explained, "");
+    EXPECT_EQ(notice, "");
+    EXPECT_THAT(explained, HasSubstr("ref_list_demo.txt; it was read again"));
 }
 
 TEST_F(OutsideChanges, AreKeptWhenASaveReplacesThem)
@@ -115,6 +116,9 @@ TEST_F(OutsideChanges, ThatRemoveAFileLeaveTheDocumentAloneUnlessTheProjectIsWho
     QFile::remove(project.folder.Path(STRINGS));
     EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::TakenIn);
     EXPECT_EQ(NamesIn(*doc->root.FindFolder(KIND_BINARY, 2)), "ID_ALONE");
+    ASSERT_TRUE(QDir().rename(project.folder.Path("demo"), project.folder.Path("away")));
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_TRUE(doc->IsModified()) << "what is open may be all that is left";
 }
 
 TEST_F(OutsideChanges, AnOpeningThatReportedAnErrorKeepsWhatTheFirstSaveReplaces)

@@ -154,10 +154,15 @@ void CResDoc::KeepWhatIsLeftOut()
 {
     if (env.ErrorCount + env.DroppedCount == 0)
         return;
-    keepOnSave.Require(QStringLiteral("The opening of %1 reported %2 error(s) and left out %3 element(s).")
-                           .arg(FileName(m_strPathName))
-                           .arg(env.ErrorCount)
-                           .arg(env.DroppedCount));
+    QString why = QStringLiteral("The opening of %1 reported %2 error(s) and left out %3 element(s)")
+                      .arg(FileName(m_strPathName))
+                      .arg(env.ErrorCount)
+                      .arg(env.DroppedCount);
+    if (!findings.All().empty()) {
+        const LoadFinding &first = findings.All().front();
+        why += QStringLiteral(", first in %1, line %2: %3").arg(FileName(first.file)).arg(first.line).arg(first.text);
+    }
+    keepOnSave.Require(why + u'.');
 }
 
 bool CResDoc::KeepReplaced(const QStringList &files)
@@ -194,6 +199,8 @@ bool CResDoc::OnSaveDocument(const QString &path)
     }
     if (lastSave.write == 0 && lastSave.generate == 0)
         SetModifiedFlag(false);
+    else if (lastSave.write != 0 && !isBlocked)
+        SetModifiedFlag(true); // what is in memory may be all that is left
     return true;
 }
 

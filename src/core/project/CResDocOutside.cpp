@@ -66,6 +66,7 @@ CResDoc::Outside CResDoc::TakeInChanges()
         env.Explain(u"Another program has changed %1, and the project can't be read any more"_s.arg(files));
         return Outside::Unreadable;
     }
+    env.Explain(u"Another program has changed %1; it was read again"_s.arg(files));
     try {
         ReloadResources();
     } catch (const ArchiveException &) { // changed again since the attempt

@@ -20,5 +20,8 @@ QString KeepOnSave::Finish(bool isSaved)
         return {};
     }
     const QString why = std::exchange(reason, {});
-    return kept.isEmpty() ? QString() : u"%1 The files that this save replaced are kept in %2."_s.arg(why, kept);
+    return kept.isEmpty()
+               ? QString()
+               : u"%1 The files that the save replaced are kept in %2; \"morvanite-cli kept\" lists them and puts them back."_s
+                     .arg(why, kept);
 }
