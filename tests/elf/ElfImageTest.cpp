@@ -195,7 +195,8 @@ TEST_F(ElfImageTest, WithoutItsSectionTableItIsNoFailureButDoesNotReplaceTheOldF
 {
     folder.Put("out.axf", "old");
     const QByteArray input = Bytes(ElfBuilder());
-    ASSERT_EQ(Prepare(input, "12345678"), 0);
+    const QByteArray payload = "12345678";
+    ASSERT_EQ(Prepare(input, payload), 0);
     // The write that goes beyond the limit fails, and those behind it don't.
     struct sigaction action = {}, before;
     action.sa_handler = [](int) {

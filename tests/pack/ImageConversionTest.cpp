@@ -54,18 +54,9 @@ TEST(ConvertImage, AToolThatFailsCrashesOrIsMissingLeavesNoTarget)
               "\r\n[error] A name with a double quote can't be handed to the converter: a \"b\".png");
 }
 
-TEST(SplitCommandLine, BlanksDivideOutsideQuotes)
-{
-    using Words = std::vector<QByteArray>;
-    EXPECT_EQ(SplitCommandLine(u"tool -i \"a b\"  \"\" x\"y z\"\\\"w "), (Words{"tool", "-i", "a b", "", "xy z\\w "}));
-    EXPECT_EQ(SplitCommandLine(u"  "), Words{});
-    EXPECT_EQ(SplitCommandLine(u"\"my tool\" 1"), (Words{"my tool", "1"}));
-}
-
 TEST(RunTool, GivesTheToolNothingToReadAndNoneOfOurFilesAndWaitsForItsEnd)
 {
     PackProject project;
-    project.folder.Put("my", "no reason to run it in the place of a tool in \"my tools\"");
     project.folder.MakeFolder("my tools");
     project.PutTool("echo \"$1\" > said; wc -c >> said; ls /proc/self/fd > files; echo dropped\n"
                     "kill -USR1 $PPID; kill -USR1 $PPID; sleep 0.2; echo done >> said",
@@ -80,15 +71,15 @@ TEST(RunTool, GivesTheToolNothingToReadAndNoneOfOurFilesAndWaitsForItsEnd)
     project.env.flushOutput = [&] { flushed = true; };
     int turns = 0;
     project.env.whileWaiting = [&] { ++turns; };
-    EXPECT_EQ(RunTool(project.env, project.folder.Path("my tools") + u"\\tool.exe \"two words\""_s), 0);
+    EXPECT_EQ(RunTool(project.env, {project.folder.Path("my tools") + u"\\tool.exe"_s, u"\"two\" words"_s}), 0);
     sigaction(SIGUSR1, &before, nullptr);
     close(200);
     close(ours);
-    EXPECT_EQ(project.folder.Get("said"), "two words\n0\ndone\n");
+    EXPECT_EQ(project.folder.Get("said"), "\"two\" words\n0\ndone\n");
     EXPECT_FALSE(project.folder.Get("files").contains("200"));
     EXPECT_TRUE(flushed && turns > 0);
 
-    for (const QString &command : {project.folder.Path("app.axf"), QString()})
+    for (const QStringList &command : {QStringList{project.folder.Path("app.axf")}, QStringList()})
         EXPECT_EQ(RunTool(project.env, command), TOOL_NOT_STARTED);
     EXPECT_EQ(project.trace, "CreateProcess failed (13)\nCreateProcess failed (2)\n");
 }

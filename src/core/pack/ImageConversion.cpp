@@ -57,8 +57,7 @@ void RunConverter(Environment &env, const QString &source, const QString &target
 {
     const QString converter = env.ProgramDir() + QStringLiteral("qrk_resgenerator.exe");
     ToolEnd end;
-    (void)RunTool(env, converter + QStringLiteral(" -f -i \"") + source + QStringLiteral("\" \"") + target + u'"',
-                  &end);
+    (void)RunTool(env, {converter, QStringLiteral("-f"), QStringLiteral("-i"), source, target}, &end);
     if (const QString wrong = end.Text(); !wrong.isEmpty())
         env.Explain(QStringLiteral("%1: the converter %2 %3").arg(source, converter, wrong));
 }

@@ -1,11 +1,21 @@
 #include "LayoutCommand.h"
 
 #include "Environment.h"
+#include "FileFault.h"
+#include "FilePlace.h"
 #include "HostFiles.h"
 #include "Paths.h"
 #include "RunTool.h"
 
 using namespace Qt::StringLiterals;
+
+QStringList LayoutCommand::Words() const
+{
+    QStringList words{tool, u"-i"_s, input, u"-o"_s, output, u"-x"_s, xml, u"-t"_s, table, u"-h"_s, header};
+    if (p)
+        words.append(u"-p"_s);
+    return words + QStringList{u"-e"_s, u"-E"_s, subtool};
+}
 
 QString LayoutCommand::CommandLine() const
 {
@@ -26,7 +36,7 @@ QString InProgramDir(const Environment &env, const QString &name)
 void LayoutCommand::Run(Environment &env) const
 {
     ToolEnd end;
-    (void)RunTool(env, CommandLine(), &end);
+    (void)RunTool(env, Words(), &end);
     const QString text = QStringLiteral("%1: the layout converter %2 %3").arg(input, tool, end.Text());
     if (end.startError != 0)
         env.ExplainFailure(text);
@@ -38,6 +48,21 @@ QString LayoutSetting(const Settings &settings, const char *key)
 {
     const QString projects = settings.String("Layout", key);
     return projects.isEmpty() ? settings.String("Path", key) : projects;
+}
+
+bool MayWrite(Environment &env, const QString &projectFolder, const QString &folder, const QStringList &names)
+{
+    if (env.settings.Int("Path", "follow_links", 0) != 0)
+        return true;
+    for (const QString &name : names) {
+        const QString path = folder + u'/' + name;
+        QByteArray place;
+        if (!StaysInProject(path.toUtf8(), HostPath(projectFolder), place)) {
+            env.ExplainFailure(WhyOutside(path, place));
+            return false;
+        }
+    }
+    return true;
 }
 
 LayoutCommand LayoutCommand::In(const Environment &env, const QString &projectFolder)

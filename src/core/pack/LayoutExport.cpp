@@ -1,8 +1,6 @@
 #include "LayoutExport.h"
 
 #include "Environment.h"
-#include "FileFault.h"
-#include "FilePlace.h"
 #include "HostFiles.h"
 #include "LayoutCommand.h"
 #include "Paths.h"
@@ -46,17 +44,6 @@ LayoutCommand TablesCommand(const Environment &env, const QString &projectFolder
     return command;
 }
 
-/// False, having said so, when symbolic links lead the folder of the tables out of the project.
-bool MayWriteInto(const QString &tables, Environment &env, const QString &projectFolder)
-{
-    QByteArray place;
-    if (env.settings.Int("Path", "follow_links", 0) != 0 ||
-        StaysInProject(tables.toUtf8() + "/tables", HostPath(projectFolder), place))
-        return true;
-    env.ExplainFailure(WhyOutside(tables, FolderOf(place)));
-    return false;
-}
-
 void Run(Environment &env, const LayoutCommand &command)
 {
     command.Run(env);
@@ -94,7 +81,7 @@ void ExportLayoutTables(Environment &env, const QString &projectFolder)
         return; // nothing to export; the tables of before stay in use
 
     LayoutCommand command = TablesCommand(env, projectFolder);
-    if (!MayWriteInto(command.table, env, projectFolder))
+    if (!MayWrite(env, projectFolder, command.table, LAYOUT_TABLE_FILES))
         return;
     command.output = WithoutLastSeparator(env.ProgramDir());
 

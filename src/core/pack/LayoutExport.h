@@ -6,6 +6,10 @@
 
 class Environment;
 
+/// What the converter and its sub-tool write, by name: the tables and the header made of them.
+inline const QStringList LAYOUT_TABLE_FILES{QStringLiteral("zul_xml_table.i"), QStringLiteral("zul_xml_enum.i"),
+                                            QStringLiteral("LayoutID.h")};
+
 /// Runs the layout converter on the layout tables of the installation, after moving the tables of the last run aside.
 /// Can't fail: nothing of it is checked.
 void ExportLayoutTables(Environment &env, const QString &projectFolder);

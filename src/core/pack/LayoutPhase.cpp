@@ -163,6 +163,9 @@ int ConstructLayouts(PackContext &context)
     }
     if (const int code = CompareNumbers(context, command.header))
         return code;
+    if (!context.scratch.IsNamed() &&
+        !MayWrite(env, context.projectFolder, command.output, {QStringLiteral("layout.bin")}))
+        return PACK_FILE_INFO;
     if (!PathExists(command.output))
         CreateFolderOnDisk(command.output);
 

@@ -3,6 +3,7 @@
 #include "Environment.h"
 #include "HostFiles.h"
 #include "IDGen.h"
+#include "LayoutExport.h"
 #include "OutputGuard.h"
 #include "Packer.h"
 #include "Paths.h"
@@ -50,6 +51,9 @@ void CompareGenerated(Comparison &comparison, const packinfo &info, const CResMo
         comparison.File(header);
     if (!info.headers.isEmpty())
         comparison.File(HeaderIn(info.headers, settings.String("ResID", "main_header", "ResID.h")));
+    const QString tables = DirectoryOf(settings.String("ResID", "layout_include_table", ".\\ResID\\"));
+    for (const QString &name : LAYOUT_TABLE_FILES)
+        comparison.File(tables + u'/' + name);
     for (const char *key : {"zul_xml_enum_i", "zul_xml_table_i"}) {
         if (const QString table = settings.String("Path", key); !table.isEmpty())
             comparison.File(ResolvePath(table, headers));
@@ -67,6 +71,7 @@ void CompareProjectFiles(OutputGuard &guard, const packinfo &info, const CResMod
     for (const QString &file : info.projectFiles)
         comparison.File(file);
     comparison.File(document.PathName());
+    comparison.File(document.env.settings.ProjectFile());
     comparison.File(QStringLiteral("preview.lst"));
     comparison.File(V1ListPath(document.PathName()));
     CompareGenerated(comparison, info, document, folder);

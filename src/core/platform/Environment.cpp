@@ -4,6 +4,7 @@
 #include "HostFiles.h"
 #include "Paths.h"
 
+#include <cerrno>
 #include <cstdarg>
 #include <cstdio>
 #include <unistd.h>
@@ -87,6 +88,11 @@ void Environment::SelectCodePage()
 bool Environment::UseProjectSettings(const QString &folder)
 {
     const QString file = ResolvePath(QStringLiteral("morvanite.ini"), folder);
+    Profile unused;
+    if (const int error = Profile::Read(file, unused); error != 0 && error != ENOENT) {
+        Explain(WhyNotRead(file, error)); // without them the project would lose what they give it
+        return false;
+    }
     for (const QString &key : settings.UseProject(file))
         Explain(QStringLiteral("%1: %2 is no setting of a project and is ignored").arg(file, key));
     SelectCodePage();

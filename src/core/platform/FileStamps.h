@@ -33,6 +33,8 @@ public:
     /// reading is found then.
     void Note(const QString &path) { stamps[path] = FileStamp::Of(path); }
 
+    [[nodiscard]] bool Have(const QString &path) const { return stamps.contains(path); }
+
     /// The files that are other ones by now, in the order of their paths; `vanished` are those of them that are gone.
     struct Changes
     {

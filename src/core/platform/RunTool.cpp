@@ -20,35 +20,6 @@
 namespace
 {
 
-bool IsBlank(QChar c)
-{
-    return c == u' ' || c == u'\t';
-}
-
-bool IsFile(const QByteArray &path)
-{
-    struct stat info;
-    return stat(path.constData(), &info) == 0 && S_ISREG(info.st_mode);
-}
-
-/// Takes an unquoted program's name off the front of `rest`; empty, and no change, when no stretch of it names a file.
-///
-/// The longest stretch that does: a file "/opt/my" is no reason to run it in the place of "/opt/my tools/convert.exe".
-QByteArray TakeProgram(QStringView &rest)
-{
-    const qsizetype quote = rest.indexOf(u'"'); // the arguments begin there at the latest
-    for (qsizetype end = quote < 0 ? rest.size() : quote; end > 0; --end) {
-        if (IsBlank(rest[end - 1]) || (end < rest.size() && !IsBlank(rest[end])))
-            continue;
-        const QByteArray program = HostPath(rest.first(end));
-        if (IsFile(program)) {
-            rest = rest.sliced(end);
-            return program;
-        }
-    }
-    return {};
-}
-
 /// The variables of the child's environment: ours, with the settings that this process and the project have.
 class ToolVariables
 {
@@ -165,39 +136,6 @@ ToolEnd Run(const Environment &env, const std::vector<char *> &arguments)
 
 } // namespace
 
-std::vector<QByteArray> SplitCommandLine(QStringView commandLine)
-{
-    std::vector<QByteArray> words;
-    QStringView rest = commandLine;
-    while (!rest.isEmpty() && IsBlank(rest.front()))
-        rest = rest.sliced(1);
-    if (!rest.isEmpty() && rest.front() != u'"') {
-        QByteArray program = TakeProgram(rest);
-        if (!program.isEmpty())
-            words.push_back(std::move(program));
-    }
-    QString word;
-    bool quoted = false;
-    bool inWord = false;
-    for (const QChar c : rest) {
-        if (c == u'"') {
-            quoted = !quoted;
-            inWord = true;
-        } else if (IsBlank(c) && !quoted) {
-            if (inWord)
-                words.push_back(word.toUtf8());
-            word.clear();
-            inWord = false;
-        } else {
-            word += c;
-            inWord = true;
-        }
-    }
-    if (inWord)
-        words.push_back(word.toUtf8());
-    return words;
-}
-
 QString ToolEnd::Text() const
 {
     if (startError != 0)
@@ -207,19 +145,20 @@ QString ToolEnd::Text() const
     return status != 0 ? QStringLiteral("ended with status %1").arg(status) : QString();
 }
 
-int RunTool(Environment &env, const QString &commandLine, ToolEnd *end)
+int RunTool(Environment &env, const QStringList &commandLine, ToolEnd *end)
 {
     ToolEnd unwanted;
     ToolEnd &result = end ? *end : unwanted;
     result = ToolEnd();
     env.FlushOutput();
-    std::vector<QByteArray> words = SplitCommandLine(commandLine);
-    if (words.empty()) {
+    if (commandLine.isEmpty()) {
         result.startError = ENOENT;
         env.DebugTrace("CreateProcess failed (%d)\n", ENOENT);
         return TOOL_NOT_STARTED;
     }
-    words.front() = HostPath(QString::fromUtf8(words.front()));
+    std::vector<QByteArray> words;
+    for (const QString &word : commandLine)
+        words.push_back(words.empty() ? HostPath(word) : word.toUtf8());
     std::vector<char *> arguments;
     for (QByteArray &word : words)
         arguments.push_back(word.data());

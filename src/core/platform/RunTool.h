@@ -2,7 +2,7 @@
 
 #include "Text.h"
 
-#include <vector>
+#include <QStringList>
 
 class Environment;
 
@@ -21,17 +21,13 @@ struct ToolEnd
     [[nodiscard]] QString Text() const;
 };
 
-/// Runs an outside tool and waits for its end, however long that takes. 0 once the tool has ended, whatever its exit
-/// status; TOOL_NOT_STARTED otherwise, with the system's error number in the debug log.
+/// Runs an outside tool, whose path is the first word of the command line, and waits for its end, however long that
+/// takes. 0 once the tool has ended, whatever its exit status; TOOL_NOT_STARTED otherwise, with the system's error
+/// number in the debug log.
 ///
 /// The tool gets this process's environment (with the folder of settings that `env` was given) and working directory,
 /// reads nothing, and what it prints on its standard output is dropped; its standard error is ours. No other open file
 /// reaches it. When SIGINT or SIGTERM ends this program the tool is ended too (SignalCleanup).
 ///
 /// `end`, if not null, gets how it ended.
-[[nodiscard]] int RunTool(Environment &env, const QString &commandLine, ToolEnd *end = nullptr);
-
-/// The words of a command line: divided by blanks, a double quote begins or ends a stretch in which a blank doesn't
-/// divide. There is no escape. Of a program's name that isn't quoted but holds blanks the longest stretch that names a
-/// file counts.
-[[nodiscard]] std::vector<QByteArray> SplitCommandLine(QStringView commandLine);
+[[nodiscard]] int RunTool(Environment &env, const QStringList &commandLine, ToolEnd *end = nullptr);

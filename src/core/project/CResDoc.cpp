@@ -146,6 +146,7 @@ void CResDoc::Load()
     NoteFile(ProjectContext(m_strPathName, *this).ConfigPath());
     if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
+    losses = env.ErrorCount + env.DroppedCount;
     keepOnSave.Forget();
     KeepWhatIsLeftOut();
 }
@@ -163,6 +164,12 @@ void CResDoc::KeepWhatIsLeftOut()
         why += QStringLiteral(", first in %1, line %2: %3").arg(FileName(first.file)).arg(first.line).arg(first.text);
     }
     keepOnSave.Require(why + u'.');
+}
+
+void CResDoc::KeepUnread(const QString &path)
+{
+    if (!path.isEmpty() && !stamps.Have(path) && PathExists(path))
+        keepOnSave.Require(QStringLiteral("%1 was not read when the project was opened.").arg(path));
 }
 
 bool CResDoc::KeepReplaced(const QStringList &files)

@@ -116,6 +116,8 @@ public:
 
     /// Takes the stamp of a file that is read next.
     void NoteFile(const QString &path) { stamps.Note(path); }
+    /// Has the save keep what it replaces, or puts into the trash, when that is a file that this document hasn't read.
+    void KeepUnread(const QString &path);
     /// Says whether there may be something in the files that the document doesn't have.
     [[nodiscard]] bool HasToKeep() const { return keepOnSave.IsRequired(); }
     /// Keeps copies of these files (absolute) before a save replaces them. False when that fails, which has been
@@ -149,7 +151,7 @@ private:
     struct Attempt
     {
         bool isLoaded = false;
-        bool isWhole = false; ///< without an error, and nothing was left out
+        int losses = 0; ///< errors, and what was left out
         QString report;
         QStringList explained;
     };
@@ -162,6 +164,7 @@ private:
 
     bool treeLost = false; // a reload failed halfway: what is in memory must not replace what is on disk
     bool unreadable = false;
+    int losses = 0;    // of the last load, as an attempt counts them
     FileStamps stamps; // of the files that the project was read from
     KeepOnSave keepOnSave;
     CResSpy spy;

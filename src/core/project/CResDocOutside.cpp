@@ -27,7 +27,7 @@ CResDoc::Attempt CResDoc::TryToLoad() const
         document.m_strPathName = m_strPathName;
         document.Serialize(true);
         attempt.isLoaded = true;
-        attempt.isWhole = env.ErrorCount + env.DroppedCount == 0;
+        attempt.losses = env.ErrorCount + env.DroppedCount;
     } catch (const ArchiveException &) { // which the attempt tells
     }
     return attempt;
@@ -50,7 +50,7 @@ CResDoc::Outside CResDoc::TakeInChanges()
         return Outside::LeftOut;
     }
     const Attempt attempt = TryToLoad();
-    if (!changes.vanished.isEmpty() && !attempt.isWhole) {
+    if (!changes.vanished.isEmpty() && (!attempt.isLoaded || attempt.losses > losses)) {
         unreadable = true;
         env.Explain(
             u"Another program has removed %1; the project stays open as it was"_s.arg(changes.vanished.join(u", "_s)));

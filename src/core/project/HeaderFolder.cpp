@@ -49,6 +49,8 @@ QStringList HeaderFolder::NamesBySettings(const Environment &env)
 
 QString HeaderFolder::MakeTables()
 {
+    if (const QString catalogue = LayoutTableInputs(doc.env).value(1); !PathExists(catalogue))
+        return u"%1: the catalogue that export_xml names isn't there"_s.arg(catalogue);
     const QTemporaryDir made(folder + u"/tables-XXXXXX"_s);
     if (!made.isValid())
         return u"%1: %2"_s.arg(folder, made.errorString());

@@ -6,6 +6,7 @@
 #include "HostFiles.h"
 #include "Paths.h"
 #include "ProjectContext.h"
+#include "V1ResourceList.h"
 
 #include <utility>
 
@@ -82,6 +83,8 @@ void OpeningCheck::AddConflictMarkers(std::vector<LoadFinding> &reasons) const
         const ProjectPaths paths(projectPath, env);
         files = {paths.ConfigPath(), paths.Absolute(paths.ResourcePath()), paths.Absolute(paths.StringPath())};
     }
+    const QString folder = DirectoryOf(projectPath);
+    files += {folder + u"/morvanite.ini"_s, folder + u"/preview.lst"_s, V1ListPath(projectPath)};
     for (const QString &file : files) {
         for (const ConflictMarker &found : FindConflictMarkers(file))
             reasons.push_back(

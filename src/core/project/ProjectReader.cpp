@@ -80,6 +80,13 @@ public:
         return code;
     }
 
+    /// Leaves out what follows the list.
+    void DropBehind(const TiXmlElement &app)
+    {
+        for (auto *other = app.NextSiblingElement(); other; other = other->NextSiblingElement())
+            Drop(*other, u"a resource list has one element, the first"_s);
+    }
+
 private:
     int ReadElement(const TiXmlElement &element)
     {
@@ -124,6 +131,24 @@ private:
         Note(element, u"<%1> is left out: %2"_s.arg(QString::fromUtf8(element.Value()), why));
     }
 
+    /// Leaves out the elements in one that has only a text.
+    void DropChildren(const TiXmlElement &element)
+    {
+        for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement())
+            Drop(*child, u"<%1> has only a text"_s.arg(QString::fromUtf8(element.Value())));
+    }
+
+    /// A text of an element in the code page. Says so when that lacks a character, which the next save would lose.
+    NarrowText Narrow(const TiXmlElement &element, const QByteArray &utf8)
+    {
+        NarrowText text = FromXml(env, utf8);
+        if (!env.codePage.IsUtf8() && env.NarrowToWide(text) != QString::fromUtf8(utf8)) {
+            ++env.DroppedCount;
+            Note(element, u"the code page has no form of \"%1\""_s.arg(QString::fromUtf8(utf8)));
+        }
+        return text;
+    }
+
     void ReadFile(const TiXmlElement &element)
     {
         const quint32 kind = KindOf(WithoutOuterQuotes(TextOf(element)));
@@ -165,7 +190,7 @@ private:
             const int count = ++env.WarningCount;
             env.WriteOutput("Warning %d: file not found - [%s] (Line %d).\r\n", count, id, LineOf(element));
         }
-        std::unique_ptr<CFileRes> res = doc.CreateFileRes(FromXml(env, id), scope);
+        std::unique_ptr<CFileRes> res = doc.CreateFileRes(Narrow(element, id), scope);
         if (!res) {
             const int count = ++env.ErrorCount;
             env.WriteOutput("Error %d: failed to load %s [%s].\r\n", count, tag, id);
@@ -179,7 +204,8 @@ private:
         }
         CFileRes *const added = res.get();
         folder->AddResource(std::move(res));
-        added->SetPath(FromXml(env, WithoutOuterQuotes(text)));
+        added->SetPath(Narrow(element, WithoutOuterQuotes(text)));
+        DropChildren(element);
     }
 
     int ReadResolution(const TiXmlElement &element)
@@ -224,6 +250,7 @@ private:
             Drop(element, NO_FILE);
             return;
         }
+        DropChildren(element);
         text.replace('"', "");
         (void)SetCurrentFolder(context.dir); // which could be entered before
         const QString absolute = context.Absolute(QString::fromUtf8(text));
@@ -241,6 +268,7 @@ private:
             Drop(element, NO_FILE);
             return 0;
         }
+        DropChildren(element);
         text.replace('"', "");
         (void)SetCurrentFolder(context.dir); // which could be entered before
         const QString path = QString::fromUtf8(text);
@@ -349,7 +377,9 @@ int ReadInto(const ProjectContext &context, const QString &path)
         env.WriteOutput("Error %d: invalid resource format \"%s\".\r\n", count, qUtf8Printable(path));
         return WRONG_FORMAT;
     }
-    return ProjectReader(context).Read(*app);
+    ProjectReader reader(context);
+    reader.DropBehind(*app);
+    return reader.Read(*app);
 }
 
 } // namespace
