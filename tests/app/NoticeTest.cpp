@@ -43,18 +43,6 @@ TEST(NoticeText, IsAsHighAsItsLinesAreAndCutsNothing)
     EXPECT_EQ(text.heightForWidth(20), text.heightForWidth(40)) << "a narrow one scrolls";
 }
 
-namespace
-{
-
-/// Tells a document's user something as a load or a save does.
-void Tell(TestWindow &window, const QString &text)
-{
-    window.Frame().Notify(window.Document(), text);
-    window.Settle();
-}
-
-} // namespace
-
 TEST(NoticeBar, IsReadCopiedAndDismissedByTheKeyboard)
 {
     TestWindow window;
@@ -62,8 +50,9 @@ TEST(NoticeBar, IsReadCopiedAndDismissedByTheKeyboard)
     window.Tree().setFocus();
     NoticeBar &bar = window.Child().Notice();
     EXPECT_FALSE(bar.isVisible());
-    Tell(window, u"Kept in <b>/home/x</b>."_s);
-    Tell(window, u"second"_s);
+    for (const QString &text : {u"Kept in <b>/home/x</b>."_s, u"second"_s})
+        window.Frame().Notify(window.Document(), text);
+    window.Settle();
     EXPECT_TRUE(bar.isVisible());
     EXPECT_EQ(bar.geometry().top(), 0);
     EXPECT_GE(window.Tree().mapTo(bar.parentWidget(), QPoint()).y(), bar.geometry().bottom()) << "it is in no way";
