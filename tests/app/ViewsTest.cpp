@@ -3,7 +3,6 @@
 #include "ResourceCounts.h"
 #include "StatusPane.h"
 #include "TestWindow.h"
-#include "TreeLines.h"
 
 #include <QClipboard>
 #include <QLineEdit>
@@ -90,16 +89,7 @@ TEST(ProjectTree, CopyKeysLeaveTheClipboardAloneWhereCopyIsDisabled)
 
 TEST(TreeLines, AreThoseOfTheOtherDirectionInAMirror)
 {
-    const QRect part(40, 100, 60, 18);
-    const TreeLinesRow row{true, false, {true, false, true}};
-    const QList<QLine> lines = TreeLines(part, 20, Qt::LeftToRight, row);
-    const QList<QLine> mirrored = TreeLines(part, 20, Qt::RightToLeft, row);
-    ASSERT_EQ(lines.size(), 4);
-    for (qsizetype i = 0; i < lines.size(); ++i) {
-        const auto mirror = [&](QPoint point) { return QPoint(part.left() + part.right() - point.x(), point.y()); };
-        EXPECT_EQ(mirrored.value(i), QLine(mirror(lines[i].p1()), mirror(lines[i].p2())));
-    }
-    // In the window: the line from the root down to the last folder is right of the icons there.
+    // The line from the root down to the last folder is right of the icons there.
     QApplication::setLayoutDirection(Qt::RightToLeft);
     {
         TestWindow window;
@@ -179,21 +169,20 @@ TEST(Contents, TellWhatIsInTheirFoldersAndLeadOutAgain)
     list.setFocus();
     EXPECT_EQ(list.item(1)->data(Qt::AccessibleTextRole).toString(), u"Default, 1 image"_s);
     list.setCurrentRow(1);
-    const QImage withCount = list.viewport()->grab().toImage();
+    const auto painted = [&list] { return list.viewport()->grab().toImage(); };
+    const QImage withCount = painted();
     Folder(window, u"Default"_s).Clear();
     window.Document().UpdateAllViews(nullptr);
     EXPECT_EQ(list.item(1)->data(Qt::AccessibleTextRole).toString(), u"Default, empty"_s);
     EXPECT_EQ(list.currentRow(), 1) << "a refill keeps the selection";
-    EXPECT_NE(list.viewport()->grab().toImage(), withCount) << "it is painted";
+    EXPECT_NE(painted(), withCount);
 
     QTest::keyClick(&list, Qt::Key_Return);
     EXPECT_EQ(window.Tree().currentItem(), window.Row(u"Default"_s));
     EXPECT_EQ(list.count(), 0);
     EXPECT_EQ(list.accessibleDescription(), u"No images shared by all resolutions yet"_s);
-    QImage blank(list.viewport()->size(), QImage::Format_RGB32);
-    blank.fill(list.palette().color(QPalette::Base));
-    EXPECT_NE(list.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32), blank);
-
+    const QImage withHint = painted();
+    EXPECT_NE(withHint.copy(0, 0, 1, 1).scaled(withHint.size()), withHint);
     QTest::keyClick(&list, Qt::Key_Backspace);
     EXPECT_EQ(window.Tree().currentItem(), window.Row(u"Images"_s));
     ASSERT_TRUE(list.currentItem());
