@@ -38,7 +38,7 @@ class Cli(DemoProject):
 
     def test_what_a_save_could_not_know_is_kept_and_comes_back(self):
         listing = self.dir / 'res/demo.res.xml'
-        before = listing.read_bytes().replace(b'</APP>', b'<FILE>.\\lost.bin</FILE></APP>')
+        before = listing.read_bytes().replace(b'</APP>', b'<NEWS>.\\lost.bin</NEWS></APP>')
         listing.write_bytes(before)
         status, out, err = self.run_cli('save', self.project)
         self.assertEqual((status, out), (0, '[demo] save - 0 error(s), 0 warning(s)\r\n\r\n\r\nsave done\r\n'))

@@ -50,8 +50,6 @@ TEST_F(OutsideChanges, AreLoadedBeforeTheDocumentIsUsedAgain)
     EXPECT_EQ(project.Open(), doc);
     EXPECT_NE(doc->ids.FindName("ID_OUTSIDE"), nullptr);
     EXPECT_EQ(view.updates, 1);
-    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::None) << "once is enough";
-
     project.folder.Put(STRINGS, TestProject::StringTable({"ID_THIRD"}));
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_TRUE(FileHas(STRINGS, u"ID_THIRD"));
@@ -69,18 +67,12 @@ TEST_F(OutsideChanges, AreKeptWhenASaveReplacesThem)
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_FALSE(FileHas(STRINGS, u"ID_OUTSIDE"));
     ASSERT_EQ(Kept().size(), 1U);
-    EXPECT_TRUE(Kept().front().files.contains(project.folder.Path(STRINGS)));
-    EXPECT_THAT(notice, HasSubstr("ref_list_demo.txt"));
-    EXPECT_THAT(notice, HasSubstr("morvanite/kept/demo-"));
+    EXPECT_THAT(notice, testing::ContainsRegex("ref_list_demo.txt.*morvanite/kept/demo-"));
 
     QString replaced;
     EXPECT_EQ(KeptFiles(project.Path()).Restore(1, replaced), QString());
     EXPECT_EQ(project.folder.Get(STRINGS), outside);
     EXPECT_EQ(Kept().size(), 2U) << "what was restored over is kept as well";
-
-    EXPECT_TRUE(doc->DoFileSave());
-    EXPECT_NE(doc->ids.FindName("ID_OUTSIDE"), nullptr) << "the document had no changes any more";
-    EXPECT_EQ(Kept().size(), 2U);
 }
 
 TEST_F(OutsideChanges, ThatCannotBeReadAreNeitherLoadedNorReplaced)
