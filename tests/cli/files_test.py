@@ -46,12 +46,12 @@ class Files(DemoProject):
 
     def test_a_header_that_cannot_be_written_fails_the_save_and_the_import_and_says_why(self):
         self.assertEqual(self.run_cli('strings', 'export', self.project, 'a.csv')[0], 0)
-        (self.dir / 'ResID').write_text('')
+        (self.dir / 'ResID/ResID.h').mkdir(parents=True)
         for arguments in (('save', self.project), ('strings', 'import', self.project, 'a.csv')):
             status, out, err = self.run_cli(*arguments)
             self.assertEqual(status, 1, err)
             self.assertIn('[demo] save - 0 error(s), 0 warning(s)\r\n', out)
-            self.assertIn('there is no folder', err)
+            self.assertIn('ResID.h": Is a directory; ', err)
 
     def test_a_file_of_the_project_that_cannot_be_read_is_named_with_the_reason(self):
         strings, listing = self.dir / 'res/ref_list_demo.txt', self.dir / 'res/demo.res.xml'
