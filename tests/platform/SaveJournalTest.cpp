@@ -27,13 +27,7 @@ struct Journal : testing::Test
             folder.Put(name, "old");
     }
 
-    QByteArrayList Contents() const
-    {
-        QByteArrayList all;
-        for (const char *name : names)
-            all.append(folder.Get(name));
-        return all;
-    }
+    QByteArrayList Contents() const { return {folder.Get(names[0]), folder.Get(names[1]), folder.Get(names[2])}; }
 
     /// In a process that ends by SIGKILL after so many of the renames.
     void SaveAndDie(int renames, int sleepMs = 0, bool ends = false)
