@@ -86,8 +86,11 @@ class Strict(DemoProject):
             self.assertIn('/' + name, depfile)
         self.assertNotIn(str(self.dir / 'none'), depfile, 'the settings of a user who has none')
         self.assertEqual(times[0], times[1], 'equal headers stay as they are')
+        changed = (self.dir / 'res').stat().st_mtime_ns
         status, out, err = self.run_cli(*self.to_pack, '--strict', '--headers', made, '--temp', 'temp')
         self.assertEqual((status, err), (0, ''), out)
+        self.assertEqual((self.dir / 'res').stat().st_mtime_ns, changed, 'not even for a moment')
+        self.assertEqual(list((self.dir / 'temp').iterdir()), [])
         after = self.state()
         self.assertEqual({name: after[name] for name in before}, before)
         self.assertFalse((self.dir / 'ResID').exists())
