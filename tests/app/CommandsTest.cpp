@@ -26,7 +26,7 @@ TEST(EditCommands, PasteFollowsTheClipboardWhereAControlTakesText)
     line.show();
     auto *const picture = new QMimeData;
     picture->setData(u"image/png"_s, "x");
-    for (const bool isText : {true, false}) {
+    for (const bool isText : {true, false, true}) {
         isText ? QApplication::clipboard()->setText(u"text"_s) : QApplication::clipboard()->setMimeData(picture);
         window.Frame().Output().setFocus();
         window.Settle();

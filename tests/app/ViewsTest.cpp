@@ -3,6 +3,7 @@
 #include "ResourceCounts.h"
 #include "StatusPane.h"
 #include "TestWindow.h"
+#include "TreeLines.h"
 
 #include <QClipboard>
 #include <QLineEdit>
@@ -89,7 +90,16 @@ TEST(ProjectTree, CopyKeysLeaveTheClipboardAloneWhereCopyIsDisabled)
 
 TEST(TreeLines, AreThoseOfTheOtherDirectionInAMirror)
 {
-    // The line from the root down to the last folder is right of the icons there.
+    const QRect part(40, 100, 60, 18);
+    const TreeLinesRow row{true, false, {true, false, true}};
+    const QList<QLine> lines = TreeLines(part, 20, Qt::LeftToRight, row);
+    const QList<QLine> mirrored = TreeLines(part, 20, Qt::RightToLeft, row);
+    ASSERT_EQ(lines.size(), 4);
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const auto mirror = [&](QPoint point) { return QPoint(part.left() + part.right() - point.x(), point.y()); };
+        EXPECT_EQ(mirrored.value(i), QLine(mirror(lines[i].p1()), mirror(lines[i].p2())));
+    }
+    // In the window: the line from the root down to the last folder is right of the icons there.
     QApplication::setLayoutDirection(Qt::RightToLeft);
     {
         TestWindow window;
@@ -264,6 +274,10 @@ TEST(StatusBar, ShowsTheActiveProjectAndFollowsItsChanges)
 
 TEST(StatusBar, TellsInASentenceWhatAnEntryDoesWhileItIsHighlighted)
 {
+    for (const Menu &menu : MenuBar(/*hasDocument=*/true)) {
+        for (const MenuEntry &entry : menu.entries)
+            EXPECT_TRUE(entry.command == 0 || TipOf(entry.command).endsWith(u'.')) << entry.text;
+    }
     TestWindow window;
     window.Start({window.Project()});
     QMenu *const file = window.Frame().menuBar()->actions().first()->menu();
