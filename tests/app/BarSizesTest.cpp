@@ -1,4 +1,5 @@
 // The sizes of the docking bars: which of them the user chose, and where they come back.
+#include "HostFiles.h"
 #include "Settings.h"
 #include "TestWindow.h"
 
@@ -26,35 +27,6 @@ void DragDivider(const TestWindow &window, int by)
     QTest::mouseRelease(&window.Frame(), Qt::LeftButton, {}, place + QPoint(by, 0));
     window.Settle();
 }
-
-/// What happens to the files of a folder.
-class FolderEvents
-{
-public:
-    explicit FolderEvents(const QString &folder) : watch(inotify_init1(IN_NONBLOCK))
-    {
-        // Also what is created: equal events that follow each other are told as one.
-        EXPECT_GE(inotify_add_watch(watch, folder.toUtf8().constData(), IN_CREATE | IN_MOVED_TO), 0);
-    }
-    ~FolderEvents() { close(watch); }
-
-    /// How often a file took another's place, so far.
-    [[nodiscard]] int Replaced() const
-    {
-        alignas(inotify_event) char events[1 << 16];
-        const ssize_t size = read(watch, events, sizeof(events));
-        int replaced = 0;
-        for (ssize_t at = 0; at < size;) {
-            const auto *const event = reinterpret_cast<const inotify_event *>(events + at);
-            replaced += (event->mask & IN_MOVED_TO) != 0;
-            at += ssize_t(sizeof(inotify_event) + event->len);
-        }
-        return replaced;
-    }
-
-private:
-    int watch;
-};
 
 } // namespace
 
@@ -122,8 +94,18 @@ TEST(BarSizes, ClosingWritesTheSettingsOnce)
     window.Child().findChild<QSplitter *>()->handle(1)->setFocus();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right); // the windows differ in what they store
     window.Frame().OutputBar().hide();
-    const FolderEvents events(window.folder.Path("bin"));
+    const FileHandle events(inotify_init1(IN_NONBLOCK));
+    // Also what is created: equal events that follow each other are told as one.
+    ASSERT_GE(inotify_add_watch(events.Get(), window.folder.Path("bin").toUtf8(), IN_CREATE | IN_MOVED_TO), 0);
     EXPECT_TRUE(window.Frame().close());
-    EXPECT_EQ(events.Replaced(), 1);
+    alignas(inotify_event) char told[1 << 16];
+    const ssize_t size = read(events.Get(), told, sizeof told);
+    int replaced = 0;
+    for (ssize_t at = 0; at < size;) {
+        const auto *const event = reinterpret_cast<const inotify_event *>(told + at);
+        replaced += (event->mask & IN_MOVED_TO) != 0;
+        at += ssize_t(sizeof(inotify_event) + event->len);
+    }
+    EXPECT_EQ(replaced, 1);
     EXPECT_EQ(SettingsOf(window).Int("split1st", "width", 0), 216);
 }

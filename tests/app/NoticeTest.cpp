@@ -6,23 +6,6 @@
 #include <QTest>
 #include <QToolButton>
 
-TEST(Notices, AreReadOneAfterTheOtherAndEachOnce)
-{
-    Notices notices;
-    notices.Add(u"first"_s);
-    EXPECT_EQ(notices.Shown() + notices.Place(), u"first"_s);
-    for (const QString &text : {u"second"_s, u"first"_s, QString()})
-        notices.Add(text);
-    EXPECT_EQ(notices.Shown() + notices.Place(), u"first1 of 2"_s);
-    notices.Dismiss();
-    EXPECT_EQ(notices.Shown() + notices.Place(), u"second2 of 2"_s);
-    notices.Dismiss();
-    notices.Dismiss();
-    EXPECT_TRUE(notices.Shown().isEmpty() && notices.Place().isEmpty());
-    notices.Add(u"first"_s);
-    EXPECT_EQ(notices.Shown() + notices.Place(), u"first"_s);
-}
-
 TEST(NoticeText, IsAsHighAsItsLinesAreAndCutsNothing)
 {
     NoticeText text(nullptr, 22);
@@ -43,18 +26,6 @@ TEST(NoticeText, IsAsHighAsItsLinesAreAndCutsNothing)
     EXPECT_EQ(text.heightForWidth(20), text.heightForWidth(40)) << "a narrow one scrolls";
 }
 
-namespace
-{
-
-/// Tells a document's user something as a load or a save does.
-void Tell(TestWindow &window, const QString &text)
-{
-    window.Frame().Notify(window.Document(), text);
-    window.Settle();
-}
-
-} // namespace
-
 TEST(NoticeBar, IsReadCopiedAndDismissedByTheKeyboard)
 {
     TestWindow window;
@@ -62,8 +33,9 @@ TEST(NoticeBar, IsReadCopiedAndDismissedByTheKeyboard)
     window.Tree().setFocus();
     NoticeBar &bar = window.Child().Notice();
     EXPECT_FALSE(bar.isVisible());
-    Tell(window, u"Kept in <b>/home/x</b>."_s);
-    Tell(window, u"second"_s);
+    for (const QString &text : {u"Kept in <b>/home/x</b>."_s, u"second"_s, u"Kept in <b>/home/x</b>."_s, QString()})
+        window.Frame().Notify(window.Document(), text);
+    window.Settle();
     EXPECT_TRUE(bar.isVisible());
     EXPECT_EQ(bar.geometry().top(), 0);
     EXPECT_GE(window.Tree().mapTo(bar.parentWidget(), QPoint()).y(), bar.geometry().bottom()) << "it is in no way";
@@ -71,6 +43,7 @@ TEST(NoticeBar, IsReadCopiedAndDismissedByTheKeyboard)
     auto *const text = bar.findChild<QPlainTextEdit *>();
     auto *const close = bar.findChild<QToolButton *>();
     EXPECT_EQ(text->toPlainText(), u"Kept in <b>/home/x</b>."_s) << "plain text";
+    EXPECT_EQ(bar.Texts().Place(), u"1 of 2"_s) << "each is told once";
     EXPECT_FALSE(close->toolTip().isEmpty() || close->accessibleName().isEmpty());
 
     QTest::keyClick(&window.Frame(), Qt::Key_F6);

@@ -30,37 +30,16 @@ void Take(TestWindow &window, const QString &folder, const char *name)
     window.Frame().grab().save(folder + u'/' + QLatin1String(name) + u".png"_s);
 }
 
-/// The sample in a folder of its own with a short path, which the pictures show.
-class SampleCopy
+/// Copies the sample into `to`, whose short path the pictures show. `window` gets the program's own settings.
+void CopySample(const TestWindow &window, const std::filesystem::path &to)
 {
-public:
-    /// `window` gets the program's own settings, and those of the sample.
-    explicit SampleCopy(const TestWindow &window)
-    {
-        namespace fs = std::filesystem;
-        if (!fs::create_directory(folder))
-            throw std::runtime_error(folder.string() + " is in the way; take it away first.");
-        isMade = true;
-        fs::copy(MORVANITE_SAMPLE, folder, fs::copy_options::recursive | fs::copy_options::overwrite_existing);
-        fs::copy(MORVANITE_PROGRAM_FILES, window.folder.Path("bin").toStdString(),
-                 fs::copy_options::recursive | fs::copy_options::overwrite_existing);
-        if (fs::exists(folder / "settings"))
-            qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString((folder / "settings").string()));
-    }
-    ~SampleCopy()
-    {
-        if (isMade)
-            std::filesystem::remove_all(folder);
-    }
-    SampleCopy(const SampleCopy &) = delete;
-    SampleCopy &operator=(const SampleCopy &) = delete;
-
-    [[nodiscard]] QString Project() const { return QString::fromStdString((folder / "weatherclock.vcproj").string()); }
-
-private:
-    std::filesystem::path folder = std::filesystem::temp_directory_path() / "weatherclock";
-    bool isMade = false;
-};
+    constexpr auto options =
+        std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing;
+    if (!std::filesystem::create_directory(to))
+        throw std::runtime_error(to.string() + " is in the way; take it away first.");
+    std::filesystem::copy(MORVANITE_SAMPLE, to, options);
+    std::filesystem::copy(MORVANITE_PROGRAM_FILES, window.folder.Path("bin").toStdString(), options);
+}
 
 /// A menu of the window, with an entry under the pointer.
 void TakeMenu(TestWindow &window, const QString &folder)
@@ -145,11 +124,13 @@ int main(int argc, char **argv)
         QApplication::setLayoutDirection(Qt::RightToLeft);
 
     TestWindow window;
-    const SampleCopy sample(window);
+    const std::filesystem::path sample = std::filesystem::temp_directory_path() / "weatherclock";
+    CopySample(window, sample);
     const QByteArray resolutions = "<RESOLUTION width=\"320\" height=\"240\" class=\"image\"/>";
     window.MakeProject("天气时钟", "<APP>" + resolutions + "</APP>");
     window.MakeProject("ساعة الطقس", "<APP/>");
     window.Start();
-    TakeAll(window, folder, sample.Project());
+    TakeAll(window, folder, QString::fromStdString((sample / "weatherclock.vcproj").string()));
+    std::filesystem::remove_all(sample);
     return 0;
 }

@@ -10,7 +10,7 @@ import unittest
 from demo import CLI, FILES, DemoProject
 
 SLOW_AT_THE_SECOND_CALL = '''
-if [ -e ran ]; then printf half > "$4"; echo $$ > pid.new; mv pid.new pid; exec sleep 60; fi
+if [ -e ran ]; then printf half > "$4"; echo $$ > pid.new; mv pid.new pid; trap "" TERM; exec sleep 60; fi
 touch ran
 printf 'a converted picture' > "$4"
 '''
@@ -39,18 +39,15 @@ class Pack(DemoProject):
         return self.run_cli(*self.to_pack, '--convert-images', '1', *more)
 
     def test_three_packs_of_one_project_at_a_time_touch_no_source_and_give_the_same(self):
-        sources = [self.dir / 'pictures', self.dir / 'res']
-        sources[0].mkdir()
-        for n in range(20):
-            (sources[0] / f'{n}.png').write_bytes(FILES['logo.png'])
-        images = ''.join(f'<IMAGE id="ID_IMAGE_{n}" type="Normal">.\\pictures\\{n}.png</IMAGE>' for n in range(20))
+        (self.dir / 'res/logo.png').write_bytes(FILES['logo.png'])
         listing = self.dir / 'res/demo.res.xml'
+        images = ''.join(f'<IMAGE id="ID_IMAGE_{n}" type="Normal">.\\res\\logo.png</IMAGE>' for n in range(20))
         listing.write_text(listing.read_text().replace('<IMAGE', images + '<IMAGE', 1))
-        before = [folder.stat().st_mtime_ns for folder in sources]
+        before = (self.dir / 'res').stat().st_mtime_ns
         packs = [subprocess.Popen([CLI, *self.to_pack, '--convert-images', '1', '--output', f'{n}.out', '--temp', f'temp{n}'],
                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE, env=self.env, cwd=self.dir) for n in range(3)]
         self.assertEqual([(pack.communicate(timeout=60)[1], pack.returncode) for pack in packs], [(b'', 0)] * 3)
-        self.assertEqual([folder.stat().st_mtime_ns for folder in sources], before)
+        self.assertEqual((self.dir / 'res').stat().st_mtime_ns, before)
         outputs = [(self.dir / f'{n}.out').read_bytes() for n in range(3)]
         self.assertEqual(outputs, outputs[:1] * 3)
         self.assertIn((self.dir / 'arm/app.res').read_bytes(), outputs[0])
@@ -97,17 +94,19 @@ class Pack(DemoProject):
         self.assertIn(f"since the old {self.dir}/logo.png.tmp can't be removed: Is a directory\n", err)
         self.assertTrue(out.endswith('result=-1016\r\n\r\n\r\npack done\r\n\r\n### error -1016 ###\r\n'), out)
 
-    def test_more_ids_than_numbers_and_layouts_that_do_not_load_never_pass_for_success(self):
-        listing = self.dir / 'res/demo.res.xml'
-        good = listing.read_text()
-        listing.write_text('<APP>%s</APP>' % ''.join(f'<FILE id="ID_{n}" type="Push">tune.mp3</FILE>' for n in range(1001)))
+    def test_more_ids_than_numbers_never_pass_for_success(self):
+        names = ''.join(f'<FILE id="ID_{n}" type="Push">tune.mp3</FILE>' for n in range(1001))
+        (self.dir / 'res/demo.res.xml').write_text(f'<APP>{names}</APP>')
         status, out, err = self.pack()
         self.assertTrue(status == 1 and out.endswith('result=0\r\n\r\n\r\npack done\r\n'), out)
         self.assertIn('more IDs of one kind than numbers', err)
+
+    def test_layouts_that_do_not_load_never_pass_for_success(self):
         settings = self.dir / 'none/morvanite/Morvanite.ini'
         settings.parent.mkdir(parents=True)
         settings.write_text('[Layout]\nfolders=1\n')
-        listing.write_text(good.replace('class="image">', 'class="image layout"><LAYOUT>res\\screens.xml</LAYOUT>'))
+        listing = self.dir / 'res/demo.res.xml'
+        listing.write_text(listing.read_text().replace('class="image">', 'class="image layout"><LAYOUT>res\\screens.xml</LAYOUT>'))
         layouts = self.dir / 'res/screens.xml'
         layouts.write_text('<TarvoXML><Layout id="ID_START"/></TarvoXML>')
         self.assertEqual(self.run_cli('save', self.project)[0], 0)
@@ -126,10 +125,9 @@ class Pack(DemoProject):
         self.assertIn('the headers stay as they are', err)
         self.assertEqual((self.dir / 'ResID/ResID.h').read_bytes(), header)
 
-    def test_an_output_may_be_a_device_and_is_no_file_of_the_project(self):
-        self.assertEqual(self.run_cli(*self.to_pack, '--output', '/dev/null')[::2], (0, ''))
+    def test_a_file_of_the_project_is_no_output(self):
         self.run_cli('save', self.project)
-        for name in ('logo.png', 'tune.mp3', 'config.xml', 'res/demo.res.xml', 'res/ref_list_demo.txt', 'ResID/ResID.h'):
+        for name in ('logo.png', 'res/demo.res.xml', 'ResID/ResID.h'):
             before = (self.dir / name).read_bytes()
             status, out, err = self.run_cli(*self.to_pack, '--output', name)
             self.assertTrue(status == 1 and out.endswith('### error -1001 ###\r\n'), out)

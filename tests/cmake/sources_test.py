@@ -96,36 +96,22 @@ class Sources(unittest.TestCase):
         self.put('res/demo.res.xml', LIST)
         self.assertEqual(self.state(), before)
 
-    def test_an_image_and_a_string_share_an_id(self):
-        self.put('res/ref_list_demo.txt', STRINGS.replace('ID_STRING_HI', 'ID_IMAGE_LOGO'), 'utf-16')
-        self.assert_fails_untouched('res/ref_list_demo.txt:3: the row of ID_IMAGE_LOGO is left out',
-                                    'Error 1: ID conflicts - ID_IMAGE_LOGO.')
-
-    def test_the_list_of_sizes_is_not_there(self):
-        self.put('settings/morvanite/Morvanite.ini', '[Path]\nreso_set=nowhere.ini\n')
-        self.assert_fails_untouched('nowhere.ini: there is no list of screen sizes',
-                                    'res/demo.res.xml:3: <RESOLUTION> is left out')
-
-    def test_a_merge_has_left_conflicts(self):
+    def test_a_project_that_is_not_whole_fails_the_build(self):
         row = 'ID_STRING_HI\tNormal\tgreeting\tHi\r\n'
         conflict = f'<<<<<<< HEAD\r\n{row}=======\r\n{row.replace("Hi", "Hello")}>>>>>>> other\r\n'
-        self.put('res/ref_list_demo.txt', STRINGS.replace(row, conflict), 'utf-16')
-        self.assert_fails_untouched('res/ref_list_demo.txt:3: the line begins with "<<<<<<<"', 'ref_list_demo.txt:7: ')
-        self.put('res/ref_list_demo.txt', STRINGS, 'utf-16')
-        self.put('res/demo.res.xml', LIST.replace('<STRING>', '<<<<<<< HEAD\n<STRING>'))
-        self.assert_fails_untouched('res/demo.res.xml:6: the line begins with "<<<<<<<"')
-
-    def test_the_resolution_is_mistyped(self):
-        self.put('CMakeLists.txt', BUILD.format(repository=REPOSITORY, size='240x32'))
-        self.assert_fails_untouched('RESOLUTION is 240x32, and', 'the list of screen sizes has only 96x64, ')
-
-    def test_layouts_are_listed_and_the_settings_have_none(self):
-        self.put('res/demo.res.xml', LIST.replace('class="image">', 'class="image layout">\n<LAYOUT>res\\l.xml</LAYOUT>'))
-        self.assert_fails_untouched('res/demo.res.xml:4: <LAYOUT> is left out: the settings have no layouts')
-
-    def test_a_picture_has_no_id(self):
-        self.put('res/demo.res.xml', LIST.replace(' id="ID_IMAGE_OWN"', ''))
-        self.assert_fails_untouched('res/demo.res.xml:4: <IMAGE> is left out: it has no attribute "id"')
+        for name, text, *reasons in (
+                ('res/ref_list_demo.txt', STRINGS.replace('ID_STRING_HI', 'ID_IMAGE_LOGO'),
+                 'res/ref_list_demo.txt:3: the row of ID_IMAGE_LOGO is left out', 'Error 1: ID conflicts - ID_IMAGE_LOGO.'),
+                ('res/ref_list_demo.txt', STRINGS.replace(row, conflict),
+                 'res/ref_list_demo.txt:3: the line begins with "<<<<<<<"', 'ref_list_demo.txt:7: '),
+                ('settings/morvanite/Morvanite.ini', '[Path]\nreso_set=nowhere.ini\n',
+                 'nowhere.ini: there is no list of screen sizes', 'res/demo.res.xml:3: <RESOLUTION> is left out'),
+                ('CMakeLists.txt', BUILD.format(repository=REPOSITORY, size='240x32'),
+                 'RESOLUTION is 240x32, and', 'the list of screen sizes has only 96x64, ')):
+            good = (self.app / name).read_bytes()
+            self.put(name, text, 'utf-16' if name.endswith('list_demo.txt') else 'utf-8')
+            self.assert_fails_untouched(*reasons)
+            (self.app / name).write_bytes(good)
 
     def test_a_tree_that_nobody_may_write_is_built(self):
         (self.work / 'out').mkdir()

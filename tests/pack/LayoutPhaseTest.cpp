@@ -63,17 +63,6 @@ TEST(LayoutPhase, EachLayoutOfTheResolutionIsConvertedAndPacked)
     EXPECT_EQ(ToBytes(project.folder.Get("arm/app.res")), payload);
 }
 
-TEST(LayoutPhase, TheResultsGoIntoTheFolderForTemporaryFilesAndLeaveItAgain)
-{
-    LayoutProject project("for id in ID_A; do printf x > \"$4/$id.bin\"; done");
-    project.AddLayout("ID_A", 1);
-    project.info.temp = project.folder.Path("temp");
-    ASSERT_EQ(project.Pack(), 0) << project.output.constData();
-    EXPECT_THAT(project.Arguments().constData(), HasSubstr("-o\n@/temp\n"));
-    EXPECT_EQ(project.folder.Names("temp"), QStringList());
-    EXPECT_EQ(project.folder.Names("res"), QStringList(QStringLiteral("Screens.xml")));
-}
-
 TEST(LayoutPhase, WhatAnEarlierRunLeftNeverPassesForNewAndAMissingResultFails)
 {
     LayoutProject project("printf new > \"$4/ID_A.bin\"",

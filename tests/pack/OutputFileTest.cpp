@@ -23,41 +23,20 @@ public:
 struct OutputFileTest : testing::Test, PackProject
 {
     /// Writes a file; 0 or an error number.
-    int Make(const char *file, const OutputRights &rights, const QByteArray &bytes = "new")
+    int Make(const char *file, const OutputRights &rights)
     {
         OutputFile written(env);
         const int error = written.Begin(Narrow(file), rights);
         if (error != 0)
             return error;
-        EXPECT_TRUE(written.Write(bytes));
-        whileOpen = folder.Names();
+        EXPECT_TRUE(written.Write("new"));
         return written.PutInPlace();
     }
-
-    QStringList whileOpen;
 };
 
 constexpr OutputRights APPLICATION{.fresh = 0755, .replacesReadOnly = true};
 
 } // namespace
-
-TEST_F(OutputFileTest, TheOldFileIsThereUntilTheNewOneIsWhole)
-{
-    folder.Put("old", "old");
-    const QString beside = u".old.%1-0"_s.arg(getpid());
-    {
-        OutputFile written(env);
-        ASSERT_EQ(written.Begin(Narrow("old"), APPLICATION), 0);
-        ASSERT_TRUE(written.Write("new"));
-        EXPECT_EQ(folder.Get("old"), "old");
-        EXPECT_TRUE(folder.Names().contains(beside));
-    }
-    EXPECT_EQ(folder.Get("old"), "old");
-    EXPECT_FALSE(folder.Names().contains(beside));
-    EXPECT_EQ(Make("old", APPLICATION), 0);
-    EXPECT_EQ(folder.Get("old"), "new");
-    EXPECT_FALSE(folder.Names().contains(beside));
-}
 
 TEST_F(OutputFileTest, PermissionsAndNamesOfTheOldFileStayWhereTheyAreNotTheInputs)
 {

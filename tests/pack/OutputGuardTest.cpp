@@ -22,23 +22,17 @@ TEST(OutputGuard, NoFileOfTheProjectIsReplacedUnderAnyName)
     project.AddFile(project.wideImages, "wide.tga", 4);
     for (const char *file : own) {
         const QByteArray before = project.folder.Get(file);
-        const auto refuses = [&](const char *output) {
+        ASSERT_TRUE(symlink(project.Narrow(file).constData(), "soft") == 0 && link(file, "hard") == 0);
+        for (const char *name : {file, "soft", "hard", "app.out"}) {
+            const bool isSideFile = strcmp(name, "app.out") == 0; // that would replace it
+            ASSERT_TRUE(!isSideFile || rename("soft", "arm/app.res") == 0);
+            project.info.outputfilename = project.Narrow(name);
             EXPECT_EQ(project.Pack(), PACK_SAME_FILE) << file;
             EXPECT_EQ(project.folder.Get(file), before);
             EXPECT_THAT(project.TakeExplained().toStdString(),
-                        testing::AllOf(HasSubstr(output), HasSubstr(file), HasSubstr(" of the project\n")));
+                        testing::AllOf(HasSubstr(file), HasSubstr(" of the project\n")));
             EXPECT_FALSE(project.folder.Has("app.out"));
-        };
-        project.info.outputfilename = project.Narrow(file);
-        refuses(file);
-        ASSERT_TRUE(symlink(project.Narrow(file).constData(), "soft") == 0 && link(file, "hard") == 0);
-        for (const char *name : {"soft", "hard"}) {
-            project.info.outputfilename = project.Narrow(name);
-            refuses(name);
         }
-        ASSERT_EQ(rename("soft", "arm/app.res"), 0);
-        project.info.outputfilename = project.Narrow("app.out");
-        refuses("arm/app.res");
         ASSERT_TRUE(unlink("hard") == 0 && unlink("arm/app.res") == 0);
     }
     EXPECT_EQ(project.Pack(), 0) << project.output.constData();

@@ -143,7 +143,7 @@ TEST(Pack, ParametersAreRefusedBeforeAnythingIsDone)
     EXPECT_EQ(refused(input, "x", PACK_TO_TARGET), PACK_SAME_FILE);
 }
 
-TEST(Pack, AnOldOutputIsReplacedALinkIsWrittenThroughAndPermissionsAreTheInputs)
+TEST(Pack, AnOldOutputIsReplacedAndPermissionsAreTheInputs)
 {
     PackProject project;
     ASSERT_EQ(chmod("app.axf", 0555), 0);
@@ -154,13 +154,6 @@ TEST(Pack, AnOldOutputIsReplacedALinkIsWrittenThroughAndPermissionsAreTheInputs)
     ASSERT_EQ(chmod("app.axf.pkd", 0444), 0);
     ASSERT_EQ(project.Pack(), 0);
     EXPECT_EQ(project.Mode("app.axf.pkd"), 0755);
-
-    project.folder.Put("behind", "old");
-    ASSERT_EQ(symlink("behind", "link"), 0);
-    project.info.outputfilename = "link";
-    ASSERT_EQ(project.Pack(), 0);
-    EXPECT_EQ(project.folder.Get("behind"), project.folder.Get("app.axf.pkd"));
-    EXPECT_TRUE(QFileInfo(project.folder.Path("link")).isSymLink());
 }
 
 TEST(Pack, TheSideFileStandsBesideTheInputAndFailsBehindACompleteOutput)

@@ -64,25 +64,39 @@ TEST(ConflictMarkers, AreFoundAcrossThePiecesThatAFileIsReadIn)
 
 TEST(OpeningCheck, TellsOfAllThatWasLeftOutWithFileAndLine)
 {
-    TestProject project(
-        "<APP>\n<FILE/>\n<FILE id=\"1BAD\"/>\n<RESOLUTION width=\"176\" height=\"220\" class=\"image\">\n"
-        "<LAYOUT>res\\l.xml</LAYOUT></RESOLUTION>\n"
-        "<RESOLUTION width=\"9\" height=\"9\"><IMAGE id=\"ID_A\"/></RESOLUTION>\n"
-        "<STRING>res\\ref_list_demo.txt</STRING>\n</APP>");
+    TestProject project("<APP>\n"
+                        "<FILE/>\n"
+                        "<FILE id=\"1BAD\"/>\n"
+                        "<IMAGE/>\n"
+                        "<IMAGE id=\"ID_A\"/><IMAGE id=\"ID_A\"/>\n"
+                        "<SOUND/>\n"
+                        "<RESOLUTION class=\"image\"/>\n"
+                        "<RESOLUTION width=\"9\" height=\"9\"><IMAGE id=\"ID_B\"/></RESOLUTION>\n"
+                        "<RESOLUTION width=\"176\" height=\"220\" class=\"image\">\n<LAYOUT>l</LAYOUT></RESOLUTION>\n"
+                        "<COMPONENT/>\n"
+                        "<COMPONENT id=\"x\"/>\n"
+                        "<STRING/>\n"
+                        "<STRING>res\\ref_list_demo.txt</STRING>\n</APP>");
     project.folder.Put("demo/res/ref_list_demo.txt", TestProject::StringTable({"ID_S", "1BAD"}));
-    EXPECT_EQ(
-        Reasons(project),
-        (std::vector<std::string>{"res/demo.res.xml:2: <FILE> is left out: it has no attribute \"id\"",
-                                  "res/demo.res.xml:3: \"1BAD\" is no ID: 1 to 64 letters, digits and \"_\", and no "
-                                  "digit at the front",
-                                  "res/demo.res.xml:5: <LAYOUT> is left out: the settings have no layouts (section "
-                                  "Layout, key folders)",
-                                  "res/demo.res.xml:6: <RESOLUTION> is left out: the list of sizes has no 9x9",
-                                  "res/ref_list_demo.txt:4: \"1BAD\" is no ID: 1 to 64 letters, digits and \"_\", and "
-                                  "no digit at the front",
-                                  "res/ref_list_demo.txt:4: the row of 1BAD is left out with all its texts: a resource "
-                                  "of another kind has that ID"}));
-    EXPECT_EQ(project.env->DroppedCount, 5) << "what is in an element counts too";
+    constexpr char NO_ID[] = "\"1BAD\" is no ID: 1 to 64 letters, digits and \"_\", and no digit at the front";
+    EXPECT_EQ(Reasons(project),
+              (std::vector<std::string>{
+                  "res/demo.res.xml:2: <FILE> is left out: it has no attribute \"id\"",
+                  std::string("res/demo.res.xml:3: ") + NO_ID,
+                  "res/demo.res.xml:4: <IMAGE> is left out: it has no attribute \"id\"",
+                  "res/demo.res.xml:5: <IMAGE> is left out: another resource has the ID ID_A",
+                  "res/demo.res.xml:6: <SOUND> is left out: nothing of that name is known in this place",
+                  "res/demo.res.xml:7: <RESOLUTION> is left out: it needs a width and a height above 0",
+                  "res/demo.res.xml:8: <RESOLUTION> is left out: the list of sizes has no 9x9",
+                  "res/demo.res.xml:10: <LAYOUT> is left out: the settings have no layouts (section Layout, key "
+                  "folders)",
+                  "res/demo.res.xml:11: <COMPONENT> is left out: it has no attribute \"id\"",
+                  "res/demo.res.xml:12: <COMPONENT> is left out: there is no component \"x\"",
+                  "res/demo.res.xml:13: <STRING> is left out: it names no file",
+                  std::string("res/ref_list_demo.txt:4: ") + NO_ID,
+                  "res/ref_list_demo.txt:4: the row of 1BAD is left out with all its texts: a resource of another "
+                  "kind has that ID"}));
+    EXPECT_EQ(project.env->DroppedCount, 12) << "what is in an element counts too";
     project.folder.Put("demo/res/demo.res.xml", "<APP><IMAGE id=\"ID_A\">missing</IMAGE></APP>");
     EXPECT_THAT(Reasons(project), testing::IsEmpty());
     EXPECT_EQ(project.env->DroppedCount, 0) << "a file that isn't there is kept in the list";
@@ -94,9 +108,6 @@ TEST(OpeningCheck, KnowsMarkersAlsoWhenTheProjectDoesNotOpenAndSizesThatAreNotTh
     EXPECT_THAT(Reasons(project), testing::ElementsAre(testing::HasSubstr("res/demo.res.xml:2: the line begins with"),
                                                        testing::HasSubstr("can't be opened")));
     project.folder.Put("demo/res/demo.res.xml", "<APP/>");
-    project.folder.Put("demo/config.xml", TestProject::Config("20", "240", "320") + "\n=======\n");
-    EXPECT_THAT(Reasons(project), testing::ElementsAre(testing::StartsWith("config.xml:2: ")));
-
     const OpeningCheck check(*project.env, project.tables, project.Path(), project.Open());
     EXPECT_FALSE(check.UnlistedResolution(240, 320));
     EXPECT_TRUE(check.UnlistedResolution(240, 32)->text.contains(u"no 240x32"));
@@ -128,4 +139,7 @@ TEST(OpeningCheck, SaysWhyALayoutFileIsNotLoadedWhole)
     QFile::remove(project.folder.Path("demo/res/l.xml"));
     EXPECT_THAT(Reasons(project),
                 testing::ElementsAre(testing::StartsWith("res/l.xml: the layout file can't be opened")));
+    project.folder.Put("demo/res/demo.res.xml",
+                       "<APP><RESOLUTION width=\"240\" height=\"320\" class=\"layout\"><LAYOUT/></RESOLUTION></APP>");
+    EXPECT_THAT(Reasons(project), testing::ElementsAre(testing::HasSubstr("<LAYOUT> is left out: it names no file")));
 }
