@@ -3,6 +3,7 @@
 import os
 import pathlib
 import shutil
+import signal
 import socket
 import struct
 import subprocess
@@ -10,6 +11,8 @@ import sys
 import tempfile
 import unittest
 
+# A shell ignores this signal for what it runs in the background, and the programs under test would do so too.
+signal.signal(signal.SIGINT, signal.default_int_handler)
 CLI = os.path.abspath(sys.argv[1])
 LOADED = ('Loading resource from "res\\demo.res.xml"...\r\n'
           'Loading strings from "res\\ref_list_demo.txt"...\r\n'
