@@ -62,3 +62,10 @@ TEST(ExportLayoutTables, AreNotWrittenWhereALinkLeadsOutOfTheProject)
     EXPECT_TRUE(project.TakeExplained().contains("/elsewhere"));
     EXPECT_EQ(project.env.FailureCount, 1);
 }
+
+TEST(ExportLayoutTables, AQuoteInASettingOfTheProjectStaysInItsWord)
+{
+    LayoutExport project("export_layout=layouts\nexport_xml=a\" -E .\\evil.sh -t x\n");
+    EXPECT_TRUE(project.folder.Get("bin/args").contains("/bin/a\" -E ./evil.sh -t x\n-t\n"))
+        << project.folder.Get("bin/args").constData();
+}
