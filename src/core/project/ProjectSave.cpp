@@ -4,18 +4,25 @@
 #include "Paths.h"
 #include "SaveJournal.h"
 
+using namespace Qt::StringLiterals;
+
 SavedProject SavedProjectOf(const Environment &env, const QString &path)
 {
     const QString folder = DirectoryOf(path);
     const auto placeOf = [&](const char *section, const char *key, const char *otherwise, const QString &base) {
         return ResolvePath(env.settings.String(section, key, otherwise), base);
     };
+    const QString lists = placeOf("Path", "main_xml", "res", folder) + u'/';
+    const QString headers = placeOf("Path", "header_output", ".\\ResID", folder);
+    const QString name = FileTitle(path);
     SavedProject project;
     project.folder = folder;
-    const QString lists = placeOf("Path", "main_xml", "res", folder);
-    const QString headers = placeOf("Path", "header_output", ".\\ResID", folder);
-    project.outside = {lists, headers, DirectoryOf(placeOf("ResID", "main_header", "ResID.h", headers))};
-    project.journal = lists + QStringLiteral("/.%1.journal").arg(FileTitle(path));
+    project.journal = lists + u".%1.journal"_s.arg(name);
+    project.files = {lists + name + u".res.xml"_s, lists + u"ref_list_%1.txt"_s.arg(name),
+                     placeOf("ResID", "main_header", "ResID.h", headers)};
+    project.patterns = {lists + u"layout_%1_%s.xml"_s.arg(name),
+                        headers + u'/' + env.settings.String("ResID", "comp_header", "uix_rp_%s_def.h")};
+    project.config = placeOf("Path", "proj_cfg", ".\\config.xml", folder);
     project.followsLinks = env.settings.Int("Path", "follow_links", 0) != 0;
     return project;
 }
@@ -24,12 +31,10 @@ bool RecoverProjectFiles(Environment &env, const QString &path)
 {
     const SavedProject project = SavedProjectOf(env, path);
     if (IsRelativePath(project.journal)) {
-        env.ExplainFailure(
-            QStringLiteral("the path of a project and its files may have %1 characters, and \"%2\" has %3; "
-                           "move the project to a shorter path")
-                .arg(LONGEST_PATH)
-                .arg(path)
-                .arg(path.size()));
+        env.ExplainFailure(u"the path of a project and its files may have %1 characters, and \"%2\" has %3; "
+                           "move the project to a shorter path"_s.arg(LONGEST_PATH)
+                               .arg(path)
+                               .arg(path.size()));
         return false;
     }
     return FinishInterruptedSave(env, project);
