@@ -7,7 +7,7 @@ import subprocess
 import threading
 import unittest
 
-from demo import CLI, DemoProject
+from demo import CLI, LOADED, DemoProject
 
 SAVED = '[demo] save - 0 error(s), 0 warning(s)\r\n\r\n\r\nsave done\r\n'
 EXPORTED = '[demo] export - 0 error(s), 0 warning(s)\r\n'
@@ -36,6 +36,25 @@ class Files(DemoProject):
         (self.dir / 'none/morvanite/Morvanite.ini').write_text('[Path]\nfollow_links=1\n')
         self.assertEqual(self.run_cli('save', inner / 'demo.vcproj'), (0, SAVED, ''))
         self.assertIn('ID_FILE_TUNE', profile.read_text())
+
+    def test_a_project_whose_lists_are_behind_a_link_out_of_it_is_read_and_not_saved(self):
+        (self.dir / 'none').mkdir()
+        inner = self.dir / 'inner'
+        inner.mkdir()
+        for name in ('config.xml', 'tune.mp3', 'logo.png'):
+            (self.dir / name).rename(inner / name)
+        (inner / 'res').symlink_to('../res')
+        project = str(inner / 'demo.vcproj')
+        self.assertEqual(self.run_cli('load', project), (0, LOADED + '\r\n\r\nload done\r\n', ''))
+        self.assertEqual(self.run_cli('headers', project, '--output', 'made'), (0, '', ''))
+        self.assertEqual(self.run_cli(self.to_pack[0], project, *self.to_pack[2:])[::2], (0, ''))
+        before = self.content()
+        status, _, err = self.run_cli('save', project)
+        self.assertEqual(status, 1)
+        self.assertIn(f'{inner}/res/', err.replace('/./', '/'))
+        self.assertIn(os.path.realpath(self.dir / 'res') + '/', err)
+        self.assertNotIn('interrupted', err)
+        self.assertEqual(self.content(), before)
 
     def test_a_file_that_may_not_grow_fails_the_save_and_not_the_program(self):
         before = self.content()

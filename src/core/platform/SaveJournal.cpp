@@ -74,6 +74,14 @@ std::optional<std::vector<Renaming>> Parse(const QByteArray &text, const Project
     return renamings;
 }
 
+/// Says whether a link leads out of the project to its journal.
+bool IsOutside(const QByteArray &journal, const SavedProject &project)
+{
+    QByteArray place;
+    return !project.followsLinks &&
+           !StaysInProject(TemporaryName(journal, getpid(), 0), HostPath(project.folder), place);
+}
+
 /// One finishing of what a journal names.
 class Finishing
 {
@@ -85,12 +93,11 @@ public:
 
     bool Run()
     {
-        QByteArray place;
-        if (!StaysInProject(TemporaryName(path, getpid(), 0), HostPath(project.folder), place) && !project.followsLinks)
-            return Refuse(u"a symbolic link leads to it from outside"_s);
         bool isThere = false;
         if (!Lock(isThere))
             return false;
+        if (isThere && IsOutside(path, project))
+            return Refuse(u"a symbolic link leads out of the project to it"_s);
         return !isThere || Finish();
     }
 
@@ -188,6 +195,8 @@ int SaveJournal::Begin(Environment &env, const SavedProject &project, const std:
 {
     constexpr int MOST_TRIES = 100; // each time another process was quicker
     const QByteArray place = HostPath(project.journal);
+    if (IsOutside(place, project))
+        return ELOOP;
     const ProjectPlaces places(project);
     for (int i = 0; i < MOST_TRIES; ++i) {
         if (!FinishInterruptedSave(env, project))
