@@ -101,6 +101,13 @@ public:
         return !isThere || Finish();
     }
 
+    /// Says whether there is a journal that no process is at work with.
+    bool IsNeeded()
+    {
+        bool isThere = false;
+        return !Lock(isThere) || isThere;
+    }
+
 private:
     bool Refuse(const QString &why)
     {
@@ -237,6 +244,11 @@ void SaveJournal::End()
         unlink(path.constData());
     path.clear();
     handle = FileHandle();
+}
+
+bool HasJournalOfInterruptedSave(Environment &env, const SavedProject &project)
+{
+    return Finishing(env, project).IsNeeded();
 }
 
 bool FinishInterruptedSave(Environment &env, const SavedProject &project)

@@ -1,6 +1,7 @@
 #include "ProjectSave.h"
 
 #include "Environment.h"
+#include "HostFiles.h"
 #include "Paths.h"
 #include "SaveJournal.h"
 
@@ -38,4 +39,18 @@ bool RecoverProjectFiles(Environment &env, const QString &path)
         return false;
     }
     return FinishInterruptedSave(env, project);
+}
+
+bool HasInterruptedSave(Environment &env, const QString &path)
+{
+    if (!HasJournalOfInterruptedSave(env, SavedProjectOf(env, path)))
+        return false;
+    env.ExplainFailure(u"a save of \"%1\" was interrupted: \"morvanite-cli save\" or opening the project in the window "
+                       "finishes it. Nothing was written"_s.arg(path));
+    return true;
+}
+
+bool HasJournal(const Environment &env, const QString &path)
+{
+    return PathExists(SavedProjectOf(env, path).journal);
 }
