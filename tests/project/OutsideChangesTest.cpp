@@ -1,4 +1,5 @@
 #include "KeptFiles.h"
+#include "ProjectSave.h"
 #include "TestProject.h"
 
 #include <gmock/gmock.h>
@@ -75,7 +76,7 @@ TEST_F(OutsideChanges, AreKeptWhenASaveReplacesThem)
     EXPECT_THAT(notice, HasSubstr("morvanite/kept/demo-"));
 
     QString replaced;
-    EXPECT_EQ(KeptFiles(project.Path()).Restore(1, replaced), QString());
+    EXPECT_EQ(KeptFiles(project.Path()).Restore(*project.env, 1, replaced), QString());
     EXPECT_EQ(project.folder.Get(STRINGS), outside);
     EXPECT_EQ(Kept().size(), 2U) << "what was restored over is kept as well";
 
@@ -154,9 +155,9 @@ TEST(KeptFiles, TheNewestTwentyOfAProjectStayAndOnlyTheUserReadsThem)
     EXPECT_EQ(kept.Entries().size(), 20U);
     EXPECT_EQ(kept.Entries().front().number, 4);
     QString replaced;
-    EXPECT_EQ(kept.Restore(4, replaced), QString()) << "although keeping what it replaces removes it";
+    EXPECT_EQ(kept.Restore(*program.env, 4, replaced), QString()) << "although keeping what it replaces removes it";
     EXPECT_EQ(program.folder.Get("demo.txt"), "3");
-    EXPECT_NE(kept.Restore(4, replaced), QString());
+    EXPECT_NE(kept.Restore(*program.env, 4, replaced), QString());
     EXPECT_EQ(QFileInfo(replaced).permissions() & (QFile::ReadGroup | QFile::ReadOther | QFile::ExeOther),
               QFile::Permissions());
     EXPECT_TRUE(KeptFiles(program.folder.Path("other/demo.vcproj")).Entries().empty())
@@ -164,6 +165,24 @@ TEST(KeptFiles, TheNewestTwentyOfAProjectStayAndOnlyTheUserReadsThem)
     QString nothing;
     EXPECT_EQ(kept.Keep({program.folder.Path("missing.txt")}, nothing), QString());
     EXPECT_EQ(nothing, QString());
+}
+
+TEST(KeptFiles, OfAFailedSaveGoUnlessItsJournalIsStillThere)
+{
+    TestProject project;
+    const QString list = project.folder.Path("demo/res/demo.res.xml");
+    for (const bool hasJournal : {true, false}) {
+        KeepOnSave keep;
+        keep.Require(u"Why."_s);
+        EXPECT_EQ(keep.Keep(project.Path(), {list}), QString());
+        const std::string notice = keep.Finish(false, hasJournal).toStdString();
+        EXPECT_EQ(notice.find("morvanite/kept/demo-") != std::string::npos, hasJournal) << notice;
+        EXPECT_TRUE(keep.IsRequired());
+        EXPECT_EQ(KeptFiles(project.Path()).Entries().size(), 1U) << "the first one's";
+    }
+    EXPECT_FALSE(HasJournal(*project.env, project.Path()));
+    project.folder.Put("demo/res/.demo.journal", "");
+    EXPECT_TRUE(HasJournal(*project.env, project.Path()));
 }
 
 TEST(KeptFiles, EachWayToLeaveSomethingOutAtAnOpeningKeepsTheFilesOfBefore)
@@ -222,7 +241,7 @@ TEST(KeptFiles, EachWayToLeaveSomethingOutAtAnOpeningKeepsTheFilesOfBefore)
         const std::vector<KeptFiles::Entry> kept = KeptFiles(project.Path()).Entries();
         ASSERT_EQ(kept.size(), 1U);
         QString replaced;
-        EXPECT_EQ(KeptFiles(project.Path()).Restore(1, replaced), QString());
+        EXPECT_EQ(KeptFiles(project.Path()).Restore(*project.env, 1, replaced), QString());
         EXPECT_EQ(project.folder.Get("demo/res/demo.res.xml"), list);
         EXPECT_EQ(project.folder.Get("demo/res/ref_list_demo.txt"), table);
     }
