@@ -113,6 +113,46 @@ TEST_F(Journal, WaitsForASaveThatIsUnderWayAndStartsItsOwnBehindIt)
     (void)wait(nullptr);
 }
 
+TEST_F(Journal, LeavesFilesOfOneSaveWhenTheTakingBackOfARefusedOneIsKilled)
+{
+    folder.MakeFolder("demo/more");
+    for (int i = 0; i < 30; ++i) {
+        const QByteArray name = "demo/more/" + QByteArray::number(i) + ".xml";
+        folder.Put(name.constData(), "old");
+    }
+    ASSERT_TRUE(QFile::remove(folder.Path("inc/ids.h")));
+    for (int round = 0; round < 40; ++round) {
+        SCOPED_TRACE(round);
+        int ready[2];
+        ASSERT_EQ(pipe(ready), 0);
+        const pid_t child = fork();
+        if (child == 0) {
+            FileTransaction files(env, project);
+            for (int i = 0; i < 30; ++i)
+                (void)env.ReplaceFile(folder.Path("demo/more/") + QString::number(i) + u".xml"_s, "new");
+            (void)env.ReplaceFile(folder.Path("inc/ids.h"), "new");
+            env.explain = [&](const QString &) { (void)!write(ready[1], "x", 1); }; // refused: the taking back begins
+            QFile::remove(folder.Path("inc/.ids.h.") + QString::number(getpid()) + u"-0"_s);
+            (void)files.Commit();
+            _exit(0);
+        }
+        close(ready[1]);
+        char byte = 0;
+        ASSERT_EQ(read(ready[0], &byte, 1), 1);
+        usleep(useconds_t(round) * 15);
+        kill(child, SIGKILL);
+        ASSERT_EQ(waitpid(child, nullptr, 0), child);
+        close(ready[0]);
+        ASSERT_TRUE(FinishInterruptedSave(env, project)) << qPrintable(said.join(u'\n'));
+        const QByteArray first = folder.Get("demo/more/0.xml");
+        for (int i = 0; i < 30; ++i) {
+            const QByteArray name = "demo/more/" + QByteArray::number(i) + ".xml";
+            ASSERT_EQ(folder.Get(name.constData()), first) << i;
+            folder.Put(name.constData(), "old");
+        }
+    }
+}
+
 TEST_F(Journal, OverwritesNothingThatWasChangedSince)
 {
     SaveAndDie(1);

@@ -51,6 +51,12 @@ struct Renaming
     QByteArray temporary;
     QByteArray before; // StampOf
     bool isGenerated = false;
+
+    /// The file is in place, and a save that was to take it back gave it its temporary name once more.
+    [[nodiscard]] bool HasBothNames() const
+    {
+        return IsPlainFile(temporary) && IsPlainFile(place) && IsSameFile(temporary, place);
+    }
 };
 
 std::optional<std::vector<Renaming>> Parse(const QByteArray &text, const ProjectPlaces &places)
@@ -161,7 +167,8 @@ private:
         if (!renamings)
             return Refuse(u"it isn't what a save of this project writes"_s);
         for (const Renaming &renaming : *renamings) {
-            if (IsPlainFile(renaming.temporary) && StampOf(renaming.place) != renaming.before)
+            if (IsPlainFile(renaming.temporary) && !renaming.HasBothNames() &&
+                StampOf(renaming.place) != renaming.before)
                 return Refuse(u"\"%1\" was changed since"_s.arg(QString::fromUtf8(renaming.place)));
         }
         return RenameAll(*renamings);
@@ -174,7 +181,9 @@ private:
         for (const Renaming &renaming : renamings) {
             if (!IsPlainFile(renaming.temporary))
                 continue; // it has its name
-            if (rename(renaming.temporary.constData(), renaming.place.constData()) == 0)
+            if (renaming.HasBothNames())
+                unlink(renaming.temporary.constData());
+            else if (rename(renaming.temporary.constData(), renaming.place.constData()) == 0)
                 folders.insert(FolderOf(renaming.place));
             else if (!renaming.isGenerated)
                 return Refuse(WhyNotWritten(QString::fromUtf8(renaming.place), errno));
