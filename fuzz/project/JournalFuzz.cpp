@@ -1,5 +1,5 @@
-// The journal of an interrupted save, of any bytes: recovery ends, and touches no file outside the project and none that
-// has no new content waiting beside it.
+// The journal of an interrupted save, of any bytes: recovery ends, and touches no file outside the project, none that a
+// save doesn't write, and none that has no new content waiting beside it.
 
 #include "ProjectSave.h"
 #include "ScratchFolder.h"
@@ -22,11 +22,14 @@ extern "C" int LLVMFuzzerTestOneInput(const quint8 *data, size_t size)
     folder.Put("demo/res/demo.res.xml", "list");
     folder.Put("demo/ResID/ResID.h", "old header");
     folder.Put("demo/ResID/.ResID.h.1-0", "new header"); // process 1 is always there
+    folder.Put("demo/demo.c", "source");
+    folder.Put("demo/.demo.c.1-0", "new source");
     folder.Put("outside", "the user's");
     folder.Put("demo/res/.demo.journal", {reinterpret_cast<const char *>(data), qsizetype(size)});
     (void)RecoverProjectFiles(*env, folder.Path("demo/demo.vcproj"));
     const QByteArray header = ContentOf(folder.Path("demo/ResID/ResID.h"));
-    if (ContentOf(folder.Path("demo/res/demo.res.xml")) != "list" || ContentOf(folder.Path("outside")) != "the user's" ||
+    if (ContentOf(folder.Path("demo/res/demo.res.xml")) != "list" ||
+        ContentOf(folder.Path("outside")) != "the user's" || ContentOf(folder.Path("demo/demo.c")) != "source" ||
         (header != "old header" && header != "new header"))
         std::abort();
     return 0;

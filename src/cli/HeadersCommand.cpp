@@ -4,6 +4,7 @@
 #include "HostFiles.h"
 #include "OpeningReport.h"
 #include "Paths.h"
+#include "ProjectSave.h"
 
 #include <cstring>
 
@@ -45,6 +46,8 @@ public:
         }
         const QString output = AbsolutePath(folder); // an opening changes the current folder
         const QString depfilePath = AbsolutePath(depfile);
+        if (HasInterruptedSave(session.env, path))
+            return EXIT_FAILED;
         CResDoc *const document = session.OpenQuietly(path);
         if (!TellOfOpening(session, path, document, document != nullptr) || !document)
             return EXIT_FAILED;

@@ -42,7 +42,7 @@ private:
     int Restore(Session &session, const KeptFiles &kept) const
     {
         QString replaced;
-        const QString problem = kept.Restore(number, replaced);
+        const QString problem = kept.Restore(session.env, number, replaced);
         if (!replaced.isEmpty())
             session.report.Write(QStringLiteral("What was there before is kept in %1\n").arg(replaced));
         if (problem.isEmpty())

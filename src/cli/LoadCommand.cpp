@@ -1,5 +1,6 @@
 #include "Commands.h"
 #include "OpeningReport.h"
+#include "ProjectSave.h"
 #include "RemoteCommand.h"
 
 namespace
@@ -22,6 +23,8 @@ public:
         const CommandRecord record{AbsolutePath(project)};
         if (remote)
             return RunRemotely(session, COMMAND_LOAD, record);
+        if (strict && HasInterruptedSave(session.env, record.projectPath))
+            return EXIT_FAILED;
         session.handler.Load(record);
         auto *const document = static_cast<CResDoc *>(session.documents.FindDocument(record.projectPath));
         return TellOfOpening(session, record.projectPath, document, strict) ? session.LastStatus() : int(EXIT_FAILED);

@@ -5,6 +5,7 @@
 #include "PackRequest.h"
 #include "Paths.h"
 #include "ProjectInputs.h"
+#include "ProjectSave.h"
 #include "RemoteCommand.h"
 
 #include <cstring>
@@ -57,6 +58,8 @@ public:
         request.version = version;
         if (remote)
             return RunRemotely(session, request);
+        if (strict && HasInterruptedSave(session.env, request.projectPath))
+            return EXIT_FAILED;
         // Made absolute now: a pack moves to the project's folder.
         const QString depfilePath = AbsolutePath(depfile);
         std::vector<QByteArray> inputs;

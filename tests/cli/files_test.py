@@ -1,5 +1,7 @@
 """How morvanite-cli names, reads and writes files: links, limits, signals, pipes, and why something can't be done."""
 
+import fcntl
+import json
 import os
 import resource
 import signal
@@ -7,7 +9,7 @@ import subprocess
 import threading
 import unittest
 
-from demo import CLI, DemoProject
+from demo import CLI, LOADED, DemoProject
 
 EXPORTED = '[demo] export - 0 error(s), 0 warning(s)\r\n'
 
@@ -34,6 +36,90 @@ class Files(DemoProject):
         (self.dir / 'none/morvanite/Morvanite.ini').write_text('[Path]\nfollow_links=1\n')
         self.assertEqual(self.run_cli('save', project)[0], 0)
         self.assertIn('ID_FILE_TUNE', profile.read_text())
+
+    def test_a_project_whose_lists_are_behind_a_link_out_of_it_is_read_and_not_saved(self):
+        (self.dir / 'none').mkdir()
+        inner = self.dir / 'inner'
+        inner.mkdir()
+        for name in ('config.xml', 'tune.mp3', 'logo.png'):
+            (self.dir / name).rename(inner / name)
+        (inner / 'res').symlink_to('../res')
+        project = str(inner / 'demo.vcproj')
+        self.assertEqual(self.run_cli('load', project), (0, LOADED + '\r\n\r\nload done\r\n', ''))
+        self.assertEqual(self.run_cli('headers', project, '--output', 'made'), (0, '', ''))
+        self.assertEqual(self.run_cli(self.to_pack[0], project, *self.to_pack[2:])[::2], (0, ''))
+        before = self.content()
+        status, _, err = self.run_cli('save', project)
+        self.assertEqual(status, 1)
+        self.assertIn(f'{inner}/res/', err.replace('/./', '/'))
+        self.assertIn(os.path.realpath(self.dir / 'res') + '/', err)
+        self.assertNotIn('interrupted', err)
+        self.assertEqual(self.content(), before)
+
+    def interrupt_save(self):
+        """What a killed save leaves: a journal, and the new string file beside the old one."""
+        strings = self.dir / 'res/ref_list_demo.txt'
+        new = strings.read_bytes().decode('utf-16').replace('\tHi', '\tHello').encode('utf-16')
+        (self.dir / 'res/.ref_list_demo.txt.1-0').write_bytes(new)
+        info = strings.stat()
+        stamp = f'{info.st_size} {info.st_mtime_ns // 10**9}.{info.st_mtime_ns % 10**9}'
+        (self.dir / 'res/.demo.journal').write_text(
+            f'Morvanite journal 1\n1\nneeded\t0\t{stamp}\tres/ref_list_demo.txt\nend\n')
+        return strings, new
+
+    def test_what_only_reads_a_project_leaves_an_interrupted_save_to_those_that_write(self):
+        strings, new = self.interrupt_save()
+        before = self.content()
+        commands = (('headers', self.project, '--output', 'made'), ('load', self.project, '--strict'), (*self.to_pack, '--strict'))
+        for arguments in commands:
+            status, out, err = self.run_cli(*arguments)
+            self.assertEqual((status, out), (1, ''))
+            self.assertIn('was interrupted: "morvanite-cli save" or', err)
+            self.assertEqual(self.content(), before)
+        with open(self.dir / 'res/.demo.journal') as journal:
+            fcntl.flock(journal, fcntl.LOCK_EX)
+            waiting = subprocess.Popen([CLI, *commands[0]], env=self.env, cwd=self.dir)
+            self.addCleanup(waiting.kill)
+            with self.assertRaises(subprocess.TimeoutExpired):
+                waiting.wait(1)
+            os.remove(journal.name)
+        self.assertEqual(waiting.wait(10), 0)
+        self.interrupt_save()
+        self.assertIn('has been finished now', self.run_cli('save', self.project)[2])
+        self.assertEqual(strings.read_bytes(), new)
+
+    def test_a_restore_puts_all_files_back_or_none_and_writes_through_no_link(self):
+        listing = self.dir / 'res/demo.res.xml'
+        strings = self.dir / 'res/ref_list_demo.txt'
+        before = listing.read_bytes().replace(b'</APP>', b'<FILE>.\\lost.bin</FILE></APP>')
+        listing.write_bytes(before)
+        self.assertEqual(self.run_cli('save', self.project)[0], 0)
+        saved = listing.read_bytes()
+        entry, = (self.dir / 'state/morvanite/kept').glob('demo-*/1')
+        (entry / '1').write_bytes(b'strings of before')
+        (entry / 'index.json').write_text(json.dumps({'files': [str(listing), str(strings)]}))
+        (self.dir / 'none').mkdir()
+        profile = self.dir.parent / (self.dir.name + '.profile')
+        self.addCleanup(profile.unlink)
+        strings.rename(profile)
+        mine = profile.read_bytes()
+        strings.symlink_to(profile)
+        status, _, err = self.run_cli('kept', self.project, '--restore', '1')
+        self.assertEqual(status, 1)
+        self.assertIn(f'"{strings}" isn\'t written', err)
+        self.assertIn(f'to "{os.path.realpath(profile)}"', err)
+        self.assertEqual((profile.read_bytes(), listing.read_bytes()), (mine, saved))
+        strings.unlink()
+        strings.write_bytes(mine)
+        _, new = self.interrupt_save()
+        status, out, err = self.run_cli('kept', self.project, '--restore', '1')
+        self.assertEqual((status, listing.read_bytes(), strings.read_bytes()), (0, before, b'strings of before'), err)
+        self.assertEqual((entry.parent / '2/1').read_bytes(), new, 'the interrupted save was finished first')
+        self.assertFalse((self.dir / 'res/.demo.journal').exists())
+        (self.dir / 'demo.vcproj').write_text('')
+        listed = self.run_cli('kept', self.project)
+        self.assertEqual(listed[1].count('\n'), 4)
+        self.assertEqual(self.run_cli('kept', 'DEMO.vcproj'), listed)
 
     def test_a_file_that_may_not_grow_fails_the_save_and_not_the_program(self):
         before = self.content()

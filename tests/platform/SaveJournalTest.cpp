@@ -66,7 +66,12 @@ struct Journal : testing::Test
     Environment env{folder.Path()};
     QStringList said;
     static constexpr const char *names[] = {"demo/res/list", "demo/res/strings", "inc/ids.h"};
-    const SavedProject project{folder.Path("demo"), folder.Path("demo/res/.demo.journal"), {folder.Path("inc")}, false};
+    const SavedProject project{folder.Path("demo"),
+                               folder.Path("demo/res/.demo.journal"),
+                               {folder.Path(names[0]), folder.Path(names[1]), folder.Path(names[2])},
+                               false,
+                               {folder.Path("inc/uix_%s_def.h"), folder.Path("inc/%s.%s.h")},
+                               folder.Path("demo/config.xml")};
 };
 
 TEST_F(Journal, FinishesASaveThatWasKilledBetweenItsRenames)
@@ -102,6 +107,46 @@ TEST_F(Journal, WaitsForASaveThatIsUnderWayAndStartsItsOwnBehindIt)
     (void)wait(nullptr);
 }
 
+TEST_F(Journal, LeavesFilesOfOneSaveWhenTheTakingBackOfARefusedOneIsKilled)
+{
+    folder.MakeFolder("demo/more");
+    for (int i = 0; i < 30; ++i) {
+        const QByteArray name = "demo/more/" + QByteArray::number(i) + ".xml";
+        folder.Put(name.constData(), "old");
+    }
+    ASSERT_TRUE(QFile::remove(folder.Path("inc/ids.h")));
+    for (int round = 0; round < 40; ++round) {
+        SCOPED_TRACE(round);
+        int ready[2];
+        ASSERT_EQ(pipe(ready), 0);
+        const pid_t child = fork();
+        if (child == 0) {
+            FileTransaction files(env, project);
+            for (int i = 0; i < 30; ++i)
+                (void)env.ReplaceFile(folder.Path("demo/more/") + QString::number(i) + u".xml"_s, "new");
+            (void)env.ReplaceFile(folder.Path("inc/ids.h"), "new");
+            env.explain = [&](const QString &) { (void)!write(ready[1], "x", 1); }; // refused: the taking back begins
+            QFile::remove(folder.Path("inc/.ids.h.") + QString::number(getpid()) + u"-0"_s);
+            (void)files.Commit();
+            _exit(0);
+        }
+        close(ready[1]);
+        char byte = 0;
+        ASSERT_EQ(read(ready[0], &byte, 1), 1);
+        usleep(useconds_t(round) * 15);
+        kill(child, SIGKILL);
+        ASSERT_EQ(waitpid(child, nullptr, 0), child);
+        close(ready[0]);
+        ASSERT_TRUE(FinishInterruptedSave(env, project)) << qPrintable(said.join(u'\n'));
+        const QByteArray first = folder.Get("demo/more/0.xml");
+        for (int i = 0; i < 30; ++i) {
+            const QByteArray name = "demo/more/" + QByteArray::number(i) + ".xml";
+            ASSERT_EQ(folder.Get(name.constData()), first) << i;
+            folder.Put(name.constData(), "old");
+        }
+    }
+}
+
 TEST_F(Journal, OverwritesNothingThatWasChangedSince)
 {
     SaveAndDie(1);
@@ -125,7 +170,7 @@ TEST_F(Journal, MayNameOnlyWhatASaveOfTheProjectWrites)
     ASSERT_EQ(symlink("../user", folder.Path("demo/link").toUtf8().constData()), 0);
     const QString profile = folder.Path("user/profile");
     const QByteArray line = "needed\t0\t4 1.0\t";
-    const QByteArrayList bodies = {
+    QByteArrayList bodies = {
         "1234567\n" + line + "../user/profile\nend\n",
         "1234567\n" + line + "link/profile\nend\n",
         "1234567\n" + line + profile.toUtf8() + "\nend\n",
@@ -134,6 +179,12 @@ TEST_F(Journal, MayNameOnlyWhatASaveOfTheProjectWrites)
         "1234567\nneeded\t1000\t-\tres/list\nend\n",
         "-1\nneeded\t0\t-\tres/list\nend\n",
     };
+    const QByteArray inc = RealPath(folder.Path("inc").toUtf8());
+    for (const QByteArray &path :
+         {QByteArray("src/main.c"), QByteArray("demo.vcproj"), QByteArray(".git/hooks/pre-commit"),
+          QByteArray("res/.git/a.xml"), QByteArray("res/.xml"), QByteArray("Config.xml"), QByteArray("res/other"),
+          inc + "/other.h", inc + "/uix_def.h", inc + "/a.b.h", inc + "/sub/uix_a_def.h", inc + "/a.xml"})
+        bodies.append("1234567\n" + line + path + "\nend\n");
     for (const QByteArray &body : bodies) {
         folder.Put("demo/res/.demo.journal", "Morvanite journal 1\n" + body);
         EXPECT_FALSE(FinishInterruptedSave(env, project)) << body.constData();
@@ -144,6 +195,12 @@ TEST_F(Journal, MayNameOnlyWhatASaveOfTheProjectWrites)
         EXPECT_FALSE(FinishInterruptedSave(env, project));
     }
     EXPECT_EQ(env.FailureCount, bodies.size() + 2);
+    for (const QByteArray &path : {QByteArray("res/strings"), QByteArray("res/l_1.XML"), QByteArray("a.xml"),
+                                   inc + "/ids.h", inc + "/uix_radio_def.h", inc + "/a.a.h"}) {
+        (void)QFile::remove(folder.Path("demo/res/.demo.journal"));
+        folder.Put("demo/res/.demo.journal", "Morvanite journal 1\n7654321\n" + line + path + "\nend\n");
+        EXPECT_TRUE(FinishInterruptedSave(env, project)) << path.constData();
+    }
     EXPECT_EQ(folder.Get("user/profile") + folder.Get("user/.profile.1234567-0"), "mineattack");
     EXPECT_EQ(Contents(), QByteArrayList({"old", "old", "old"}));
     EXPECT_TRUE(folder.Has("demo/res/.list.1234567-0"));

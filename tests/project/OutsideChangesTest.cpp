@@ -1,4 +1,5 @@
 #include "KeptFiles.h"
+#include "ProjectSave.h"
 #include "TestProject.h"
 
 #include <gmock/gmock.h>
@@ -50,6 +51,8 @@ TEST_F(OutsideChanges, AreLoadedBeforeTheDocumentIsUsedAgain)
     EXPECT_EQ(project.Open(), doc);
     EXPECT_NE(doc->ids.FindName("ID_OUTSIDE"), nullptr);
     EXPECT_EQ(view.updates, 1);
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::None) << "once is enough";
+
     project.folder.Put(STRINGS, TestProject::StringTable({"ID_THIRD"}));
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_TRUE(FileHas(STRINGS, u"ID_THIRD"));
@@ -68,17 +71,24 @@ TEST_F(OutsideChanges, AreKeptWhenASaveReplacesThem)
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_FALSE(FileHas(STRINGS, u"ID_OUTSIDE"));
     ASSERT_EQ(Kept().size(), 1U);
-    EXPECT_THAT(notice, testing::ContainsRegex("ref_list_demo.txt.*morvanite/kept/demo-"));
+    EXPECT_TRUE(Kept().front().files.contains(project.folder.Path(STRINGS)));
+    EXPECT_THAT(notice, HasSubstr("ref_list_demo.txt"));
+    EXPECT_THAT(notice, HasSubstr("morvanite/kept/demo-"));
 
     QString replaced;
-    EXPECT_EQ(KeptFiles(project.Path()).Restore(1, replaced), QString());
+    EXPECT_EQ(KeptFiles(project.Path()).Restore(*project.env, 1, replaced), QString());
     EXPECT_EQ(project.folder.Get(STRINGS), outside);
     EXPECT_EQ(Kept().size(), 2U) << "what was restored over is kept as well";
+
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_NE(doc->ids.FindName("ID_OUTSIDE"), nullptr) << "the document had no changes any more";
+    EXPECT_EQ(Kept().size(), 2U);
 }
 
 TEST_F(OutsideChanges, ThatCannotBeReadAreNeitherLoadedNorReplaced)
 {
-    const QByteArray broken = "<APP>\n    project.folder.Put(LIST, broken);
+    const QByteArray broken = "<APP>\n<<<<<<< HEAD\n";
+    project.folder.Put(LIST, broken);
     EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::Unreadable);
     EXPECT_NE(doc->ids.FindName("ID_A"), nullptr) << "the document is as it was";
     EXPECT_THAT(project.TakeOutput(), HasSubstr("Fatal error: invalid resource format"));
@@ -137,24 +147,42 @@ TEST(KeptFiles, TheNewestTwentyOfAProjectStayAndOnlyTheUserReadsThem)
     TestProgram program;
     const KeptFiles kept(program.folder.Path("demo.vcproj"));
     const QString file = program.folder.Path("demo.txt");
-    QString entry, replaced;
+    QString entry;
     for (int i = 0; i < 23; ++i) {
         program.folder.Put("demo.txt", QByteArray::number(i));
         EXPECT_EQ(kept.Keep({file, program.folder.Path("missing.txt")}, entry), QString());
     }
     EXPECT_EQ(kept.Entries().size(), 20U);
     EXPECT_EQ(kept.Entries().front().number, 4);
-    EXPECT_EQ(kept.Restore(4, replaced), QString()) << "although keeping what it replaces removes it";
+    QString replaced;
+    EXPECT_EQ(kept.Restore(*program.env, 4, replaced), QString()) << "although keeping what it replaces removes it";
     EXPECT_EQ(program.folder.Get("demo.txt"), "3");
-    EXPECT_NE(kept.Restore(4, replaced), QString());
+    EXPECT_NE(kept.Restore(*program.env, 4, replaced), QString());
     EXPECT_EQ(QFileInfo(replaced).permissions() & (QFile::ReadGroup | QFile::ReadOther | QFile::ExeOther),
               QFile::Permissions());
     EXPECT_TRUE(KeptFiles(program.folder.Path("other/demo.vcproj")).Entries().empty())
         << "the title alone isn't enough";
-<<<<<<< HEAD
     QString nothing;
     EXPECT_EQ(kept.Keep({program.folder.Path("missing.txt")}, nothing), QString());
     EXPECT_EQ(nothing, QString());
+}
+
+TEST(KeptFiles, OfAFailedSaveGoUnlessItsJournalIsStillThere)
+{
+    TestProject project;
+    const QString list = project.folder.Path("demo/res/demo.res.xml");
+    for (const bool hasJournal : {true, false}) {
+        KeepOnSave keep;
+        keep.Require(u"Why."_s);
+        EXPECT_EQ(keep.Keep(project.Path(), {list}), QString());
+        const std::string notice = keep.Finish(false, hasJournal).toStdString();
+        EXPECT_EQ(notice.find("morvanite/kept/demo-") != std::string::npos, hasJournal) << notice;
+        EXPECT_TRUE(keep.IsRequired());
+        EXPECT_EQ(KeptFiles(project.Path()).Entries().size(), 1U) << "the first one's";
+    }
+    EXPECT_FALSE(HasJournal(*project.env, project.Path()));
+    project.folder.Put("demo/res/.demo.journal", "");
+    EXPECT_TRUE(HasJournal(*project.env, project.Path()));
 }
 
 TEST(KeptFiles, EachWayToLeaveSomethingOutAtAnOpeningKeepsTheFilesOfBefore)
@@ -219,7 +247,7 @@ TEST(KeptFiles, EachWayToLeaveSomethingOutAtAnOpeningKeepsTheFilesOfBefore)
         const std::vector<KeptFiles::Entry> kept = KeptFiles(project.Path()).Entries();
         ASSERT_EQ(kept.size(), 1U);
         QString replaced;
-        EXPECT_EQ(KeptFiles(project.Path()).Restore(1, replaced), QString());
+        EXPECT_EQ(KeptFiles(project.Path()).Restore(*project.env, 1, replaced), QString());
         EXPECT_EQ(project.folder.Get("demo/res/demo.res.xml"), list);
         EXPECT_TRUE(!hasTable || project.folder.Get("demo/res/ref_list_demo.txt") == table);
     }

@@ -7,8 +7,20 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// The name that a file has until it is put in place.
+QByteArray NameBefore(const FileReplacement &file)
+{
+    return TemporaryName(file.Target(), getpid(), file.Number());
+}
+
+} // namespace
 
 FileTransaction::FileTransaction(Environment &environment, SavedProject savedProject)
     : env(environment), project(std::move(savedProject))
@@ -77,6 +89,10 @@ std::optional<QString> FileTransaction::Commit()
         SyncFolders();
         if (isDone)
             journal.End();
+        if (isDone && refused) {
+            for (const Staged &item : staged)
+                unlink(NameBefore(item.file).constData());
+        }
     }
     End();
     return refused;
@@ -112,19 +128,25 @@ std::optional<QString> FileTransaction::RenameAll()
 /// this one.
 bool FileTransaction::TakeBack()
 {
-    const bool isPossible = std::all_of(staged.begin(), staged.end(),
-                                        [](const Staged &item) { return !item.isInPlace || item.file.CanTakeBack(); });
+    bool isPossible = std::all_of(staged.begin(), staged.end(),
+                                  [](const Staged &item) { return !item.isInPlace || item.file.CanTakeBack(); });
+    // First all get their temporary names again: a kill from here on leaves what the journal can finish.
+    isPossible = isPossible && std::all_of(staged.begin(), staged.end(), [&](const Staged &item) {
+                     return !item.isInPlace || project.journal.isEmpty() ||
+                            link(item.file.Target().constData(), NameBefore(item.file).constData()) == 0;
+                 });
+    for (auto item = staged.rbegin(); isPossible && item != staged.rend(); ++item) {
+        if (const int error = item->isInPlace ? item->file.TakeBack() : 0) {
+            Explain(item->path, error);
+            isPossible = false;
+        }
+    }
     if (!isPossible && !project.journal.isEmpty()) {
         for (Staged &item : staged)
             item.file.LeaveTemporary();
-        env.Explain(u"this file system can't give the other files their old content back: the project's next opening "
+        env.Explain(u"the system can't give the other files their old content back: the project's next opening "
                     "or save finishes this one"_s);
         return false;
-    }
-    for (auto item = staged.rbegin(); isPossible && item != staged.rend(); ++item) {
-        const int error = item->isInPlace ? item->file.TakeBack() : 0;
-        if (error != 0)
-            Explain(item->path, error);
     }
     return true;
 }

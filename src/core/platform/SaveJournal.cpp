@@ -51,6 +51,12 @@ struct Renaming
     QByteArray temporary;
     QByteArray before; // StampOf
     bool isGenerated = false;
+
+    /// The file is in place, and a save that was to take it back gave it its temporary name once more.
+    [[nodiscard]] bool HasBothNames() const
+    {
+        return IsPlainFile(temporary) && IsPlainFile(place) && IsSameFile(temporary, place);
+    }
 };
 
 std::optional<std::vector<Renaming>> Parse(const QByteArray &text, const ProjectPlaces &places)
@@ -74,6 +80,14 @@ std::optional<std::vector<Renaming>> Parse(const QByteArray &text, const Project
     return renamings;
 }
 
+/// Says whether a link leads out of the project to its journal.
+bool IsOutside(const QByteArray &journal, const SavedProject &project)
+{
+    QByteArray place;
+    return !project.followsLinks &&
+           !StaysInProject(TemporaryName(journal, getpid(), 0), HostPath(project.folder), place);
+}
+
 /// One finishing of what a journal names.
 class Finishing
 {
@@ -85,13 +99,19 @@ public:
 
     bool Run()
     {
-        QByteArray place;
-        if (!StaysInProject(TemporaryName(path, getpid(), 0), HostPath(project.folder), place) && !project.followsLinks)
-            return Refuse(u"a symbolic link leads to it from outside"_s);
         bool isThere = false;
         if (!Lock(isThere))
             return false;
+        if (isThere && IsOutside(path, project))
+            return Refuse(u"a symbolic link leads out of the project to it"_s);
         return !isThere || Finish();
+    }
+
+    /// Says whether there is a journal that no process is at work with.
+    bool IsNeeded()
+    {
+        bool isThere = false;
+        return !Lock(isThere) || isThere;
     }
 
 private:
@@ -147,7 +167,8 @@ private:
         if (!renamings)
             return Refuse(u"it isn't what a save of this project writes"_s);
         for (const Renaming &renaming : *renamings) {
-            if (IsPlainFile(renaming.temporary) && StampOf(renaming.place) != renaming.before)
+            if (IsPlainFile(renaming.temporary) && !renaming.HasBothNames() &&
+                StampOf(renaming.place) != renaming.before)
                 return Refuse(u"\"%1\" was changed since"_s.arg(QString::fromUtf8(renaming.place)));
         }
         return RenameAll(*renamings);
@@ -160,7 +181,9 @@ private:
         for (const Renaming &renaming : renamings) {
             if (!IsPlainFile(renaming.temporary))
                 continue; // it has its name
-            if (rename(renaming.temporary.constData(), renaming.place.constData()) == 0)
+            if (renaming.HasBothNames())
+                unlink(renaming.temporary.constData());
+            else if (rename(renaming.temporary.constData(), renaming.place.constData()) == 0)
                 folders.insert(FolderOf(renaming.place));
             else if (!renaming.isGenerated)
                 return Refuse(WhyNotWritten(QString::fromUtf8(renaming.place), errno));
@@ -188,6 +211,8 @@ int SaveJournal::Begin(Environment &env, const SavedProject &project, const std:
 {
     constexpr int MOST_TRIES = 100; // each time another process was quicker
     const QByteArray place = HostPath(project.journal);
+    if (IsOutside(place, project))
+        return ELOOP;
     const ProjectPlaces places(project);
     for (int i = 0; i < MOST_TRIES; ++i) {
         if (!FinishInterruptedSave(env, project))
@@ -228,6 +253,11 @@ void SaveJournal::End()
         unlink(path.constData());
     path.clear();
     handle = FileHandle();
+}
+
+bool HasJournalOfInterruptedSave(Environment &env, const SavedProject &project)
+{
+    return Finishing(env, project).IsNeeded();
 }
 
 bool FinishInterruptedSave(Environment &env, const SavedProject &project)

@@ -42,3 +42,7 @@ private:
 /// of two saves: the journal names a file that a save of this project wouldn't write, or one that was changed
 /// meanwhile, or the system refuses to rename one. Nothing that was changed meanwhile is overwritten.
 [[nodiscard]] bool FinishInterruptedSave(Environment &env, const SavedProject &project);
+
+/// Says whether such a save is to be finished, and changes nothing. Waits for one that is under way; true, having
+/// explained it, when that one doesn't end.
+[[nodiscard]] bool HasJournalOfInterruptedSave(Environment &env, const SavedProject &project);

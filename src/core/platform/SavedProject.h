@@ -4,11 +4,14 @@
 
 #include <QStringList>
 
-/// The project whose files a transaction replaces.
+/// The project whose files a transaction replaces. Paths are absolute.
 struct SavedProject
 {
-    QString folder;            ///< the project's folder, absolute; empty: the files belong to no project
-    QString journal;           ///< the journal of a save (SaveJournal), absolute; empty: there is none
-    QStringList outside;       ///< folders outside `folder` where the settings have a save put files, absolute
+    QString folder = {};       ///< the project's folder; empty: the files belong to no project
+    QString journal = {};      ///< the journal of a save (SaveJournal); empty: there is none
+    QStringList files = {};    ///< the files that a save writes under a name of their own
     bool followsLinks = false; ///< a file may be written where a link leads out of the project's folder
+    QStringList patterns =
+        {};              ///< further files that a save may write: "%s" in the name is any text without a separator
+    QString config = {}; ///< the project's configuration, which no save writes
 };

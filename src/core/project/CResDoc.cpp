@@ -192,7 +192,7 @@ bool CResDoc::OnSaveDocument(const QString &path)
                 .arg(path));
     }
     lastSave = isBlocked ? RefuseSave(path) : SaveAll(path);
-    if (const QString notice = keepOnSave.Finish(lastSave.write == 0); !notice.isEmpty()) {
+    if (const QString notice = keepOnSave.Finish(lastSave.write == 0, HasJournal(env, path)); !notice.isEmpty()) {
         if (services.Notify)
             services.Notify(*this, notice);
         else

@@ -12,9 +12,13 @@ QString KeepOnSave::Keep(const QString &projectPath, const QStringList &files)
                                "the folder for them."_s.arg(reason, problem);
 }
 
-QString KeepOnSave::Finish(bool isSaved)
+QString KeepOnSave::Finish(bool isSaved, bool hasJournal)
 {
     const QString kept = std::exchange(entry, {});
+    if (!isSaved && !kept.isEmpty() && hasJournal) {
+        return u"%1 The project's next opening or save finishes this one; the files that it replaces are kept in %2; "
+               "\"morvanite-cli kept\" lists them and puts them back."_s.arg(reason, kept);
+    }
     if (!isSaved) {
         KeptFiles::Drop(kept);
         return {};

@@ -21,8 +21,9 @@ public:
     /// or an empty text. The files must not be replaced when something did.
     [[nodiscard]] QString Keep(const QString &projectPath, const QStringList &files);
     /// Ends a save. What the user has to know of the copies, or an empty text. The copies of a save that failed go, and
-    /// the next one has to keep them again.
-    [[nodiscard]] QString Finish(bool isSaved);
+    /// the next one has to keep them again. They stay when its journal is there (`hasJournal`): the project's next
+    /// opening replaces the files.
+    [[nodiscard]] QString Finish(bool isSaved, bool hasJournal);
 
 private:
     QString reason; // empty when nothing has to be kept

@@ -1,7 +1,9 @@
 #include "KeptFiles.h"
 
+#include "Environment.h"
 #include "HostFiles.h"
 #include "Paths.h"
+#include "ProjectSave.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -46,8 +48,9 @@ QString StateFolder()
 
 /// The name of a project's folder: its title, so that people find it, and a mark of its path, which tells two projects
 /// of one title apart.
-QString FolderName(const QString &projectPath)
+QString FolderName(const QString &spelledPath)
 {
+    const QString projectPath = QString::fromUtf8(HostPath(spelledPath)); // one folder for all spellings
     const QString place = QFileInfo(DirectoryOf(projectPath)).canonicalFilePath();
     const QString path = (place.isEmpty() ? DirectoryOf(projectPath) : place) + u'/' + FileName(projectPath);
     QString title = FileTitle(projectPath).left(40);
@@ -69,7 +72,7 @@ bool MakePath(const QString &path, mode_t mode)
 
 } // namespace
 
-KeptFiles::KeptFiles(const QString &projectPath)
+KeptFiles::KeptFiles(const QString &projectPath) : project(projectPath)
 {
     if (const QString state = StateFolder(); !state.isEmpty())
         folder = state + QStringLiteral("/morvanite/kept/") + FolderName(projectPath);
@@ -170,7 +173,7 @@ std::vector<KeptFiles::Entry> KeptFiles::Entries() const
     return entries;
 }
 
-QString KeptFiles::Restore(int number, QString &replaced) const
+QString KeptFiles::Restore(Environment &env, int number, QString &replaced) const
 {
     const std::vector<Entry> entries = Entries();
     const auto found =
@@ -184,12 +187,15 @@ QString KeptFiles::Restore(int number, QString &replaced) const
         if (const int error = ReadFile(copy, contents[i]))
             return QStringLiteral("%1 can't be read: %2").arg(copy, Reason(error));
     }
+    const QString nothing = QStringLiteral("nothing was put back");
+    if (!RecoverProjectFiles(env, project))
+        return nothing;
+    FileTransaction files(env, SavedProjectOf(env, project));
+    for (size_t i = 0; i < contents.size(); ++i) {
+        if (files.Write(found->files[qsizetype(i)], contents[i], IfRefused::Stop) != 0)
+            return nothing;
+    }
     if (const QString problem = Keep(found->files, replaced); !problem.isEmpty())
         return problem;
-    for (size_t i = 0; i < contents.size(); ++i) {
-        const QString &file = found->files[qsizetype(i)];
-        if (const int error = WriteFileAtomically(file, contents[i]))
-            return QStringLiteral("%1 can't be written: %2").arg(file, Reason(error));
-    }
-    return {};
+    return files.Commit() ? nothing : QString();
 }

@@ -7,6 +7,8 @@
 
 #include <vector>
 
+class Environment;
+
 /// Copies of a project's files that a save replaced although it couldn't know all that was in them. They are in the
 /// user's state folder, `$XDG_STATE_HOME/morvanite/kept/`, in one folder a project, which only the user can read.
 ///
@@ -34,9 +36,10 @@ public:
     /// All entries, the oldest first. One that can't be read whole is left out.
     [[nodiscard]] std::vector<Entry> Entries() const;
 
-    /// Puts the files of an entry back where they were; what they replace becomes an entry of its own, `replaced`, as
-    /// Keep has it. What went wrong, or an empty text.
-    [[nodiscard]] QString Restore(int number, QString &replaced) const;
+    /// Puts the files of an entry back where they were, all of them or none; what they replace becomes an entry of its
+    /// own, `replaced`, as Keep has it. Finishes an interrupted save of the project first. What went wrong, or an empty
+    /// text; the environment has explained more. A link out of the project is refused.
+    [[nodiscard]] QString Restore(Environment &env, int number, QString &replaced) const;
 
 private:
     [[nodiscard]] std::vector<int> Numbers() const;
@@ -44,5 +47,6 @@ private:
     [[nodiscard]] QString MakeEntry(QString &entry) const;
     void Prune() const;
 
+    QString project;
     QString folder; // of the project's entries; empty where the user has no place for them
 };

@@ -1,8 +1,11 @@
 #include "ProjectSave.h"
 
 #include "Environment.h"
+#include "HostFiles.h"
 #include "Paths.h"
 #include "SaveJournal.h"
+
+using namespace Qt::StringLiterals;
 
 SavedProject SavedProjectOf(const Environment &env, const QString &path)
 {
@@ -10,12 +13,17 @@ SavedProject SavedProjectOf(const Environment &env, const QString &path)
     const auto placeOf = [&](const char *section, const char *key, const char *otherwise, const QString &base) {
         return ResolvePath(env.settings.String(section, key, otherwise), base);
     };
+    const QString lists = placeOf("Path", "main_xml", "res", folder) + u'/';
+    const QString headers = placeOf("Path", "header_output", ".\\ResID", folder);
+    const QString name = FileTitle(path);
     SavedProject project;
     project.folder = folder;
-    const QString lists = placeOf("Path", "main_xml", "res", folder);
-    const QString headers = placeOf("Path", "header_output", ".\\ResID", folder);
-    project.outside = {lists, headers, DirectoryOf(placeOf("ResID", "main_header", "ResID.h", headers))};
-    project.journal = lists + QStringLiteral("/.%1.journal").arg(FileTitle(path));
+    project.journal = lists + u".%1.journal"_s.arg(name);
+    project.files = {lists + name + u".res.xml"_s, lists + u"ref_list_%1.txt"_s.arg(name),
+                     placeOf("ResID", "main_header", "ResID.h", headers)};
+    project.patterns = {lists + u"layout_%1_%s.xml"_s.arg(name),
+                        headers + u'/' + env.settings.String("ResID", "comp_header", "uix_rp_%s_def.h")};
+    project.config = placeOf("Path", "proj_cfg", ".\\config.xml", folder);
     project.followsLinks = env.settings.Int("Path", "follow_links", 0) != 0;
     return project;
 }
@@ -24,13 +32,25 @@ bool RecoverProjectFiles(Environment &env, const QString &path)
 {
     const SavedProject project = SavedProjectOf(env, path);
     if (IsRelativePath(project.journal)) {
-        env.ExplainFailure(
-            QStringLiteral("the path of a project and its files may have %1 characters, and \"%2\" has %3; "
-                           "move the project to a shorter path")
-                .arg(LONGEST_PATH)
-                .arg(path)
-                .arg(path.size()));
+        env.ExplainFailure(u"the path of a project and its files may have %1 characters, and \"%2\" has %3; "
+                           "move the project to a shorter path"_s.arg(LONGEST_PATH)
+                               .arg(path)
+                               .arg(path.size()));
         return false;
     }
     return FinishInterruptedSave(env, project);
+}
+
+bool HasInterruptedSave(Environment &env, const QString &path)
+{
+    if (!HasJournalOfInterruptedSave(env, SavedProjectOf(env, path)))
+        return false;
+    env.ExplainFailure(u"a save of \"%1\" was interrupted: \"morvanite-cli save\" or opening the project in the window "
+                       "finishes it. Nothing was written"_s.arg(path));
+    return true;
+}
+
+bool HasJournal(const Environment &env, const QString &path)
+{
+    return PathExists(SavedProjectOf(env, path).journal);
 }
