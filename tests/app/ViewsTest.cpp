@@ -6,6 +6,7 @@
 #include "TreeLines.h"
 
 #include <QClipboard>
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMdiArea>
@@ -222,6 +223,24 @@ TEST(Contents, TellWhatIsInTheirFoldersAndLeadOutAgain)
     EXPECT_EQ(window.Tree().currentItem(), window.Row(u"Files"_s));
     QTest::keyClick(&window.Tree(), Qt::Key_Up, Qt::AltModifier);
     EXPECT_EQ(window.Tree().SelectedFolder(), &window.Document().root);
+}
+
+TEST(Contents, LeadOutOfOneOfManyLayoutsInAMoment)
+{
+    TestWindow window;
+    window.folder.Put("bin/Morvanite.ini", WITH_LAYOUTS);
+    window.Start({window.Project()});
+    CResFolder &screen = *Folder(window, u"Layouts"_s).subfolders[1];
+    for (int i = 0; i < 10'000; ++i)
+        screen.AddFolder(window.Document().CreateFolder(KIND_LAYOUT, screen.index));
+    window.Document().UpdateAllViews(nullptr);
+    window.Tree().SelectFolder(screen.subfolders[9'000].get());
+    Contents(window).setFocus();
+    QElapsedTimer clock;
+    clock.start();
+    QTest::keyClick(&Contents(window), Qt::Key_Backspace);
+    EXPECT_EQ(Contents(window).currentRow(), 9'000);
+    EXPECT_LT(clock.elapsed(), 2000); // milliseconds
 }
 
 TEST(Contents, RenameAndDeleteLayoutsAndKeysOfALabelDoNotLeadOut)
