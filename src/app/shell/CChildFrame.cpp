@@ -2,7 +2,6 @@
 
 #include "Commands.h"
 #include "Environment.h"
-#include "KeyboardSplitter.h"
 #include "Paths.h"
 #include "TitleBarStyle.h"
 #include "WaitCursor.h"
@@ -31,10 +30,8 @@ CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, Toolbox
     splitter->addWidget(right);
     splitter->setChildrenCollapsible(false);
     splitter->setStretchFactor(1, 1);
-    treeWidth = qBound(50, document.env.settings.Int("split1st", "width", 200), 4000);
-    splitter->setSizes({treeWidth, 1000});
-    // The user has dragged the divider; what a small window does to the tree isn't remembered.
-    connect(splitter, &QSplitter::splitterMoved, this, [this] { treeWidth = splitter->sizes().value(0); });
+    splitter->ChooseSize(qBound(50, document.env.settings.Int("split1st", "width", 200), 4000));
+    splitter->setSizes({splitter->ChosenSize(), 1000});
     (void)toolbox.IsShown(document.env.settings); // read now, for all windows
     MakeContent();
     ShowPane(Pane::Default);
@@ -81,7 +78,7 @@ void CChildFrame::LeaveDocument()
 QList<ProfileEntry> CChildFrame::State() const
 {
     QList<ProfileEntry> entries = toolbox.State();
-    entries.append({QStringLiteral("split1st"), QStringLiteral("width"), QString::number(treeWidth)});
+    entries.append({QStringLiteral("split1st"), QStringLiteral("width"), QString::number(splitter->ChosenSize())});
     return entries;
 }
 
@@ -89,7 +86,6 @@ void CChildFrame::ShowTitle()
 {
     setWindowTitle(FileTitle(document.PathName()) + QStringLiteral("[*]"));
     setWindowModified(document.IsModified());
-    setToolTip(document.PathName());
 }
 
 QWidget *CChildFrame::MakePane(Pane pane)
