@@ -6,6 +6,7 @@
 #include "TreeLines.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QListWidget>
@@ -338,4 +339,19 @@ TEST(StatusBar, TellsInASentenceWhatAnEntryDoesWhileItIsHighlighted)
     }
     EXPECT_EQ(bar.currentMessage(), QString());
     EXPECT_TRUE(window.Frame().Status().isVisible());
+    for (const QAction *entry : window.Frame().menuBar()->actions()[2]->menu()->actions())
+        EXPECT_FALSE(entry->isCheckable() && !entry->icon().isNull() && entry->isIconVisibleInMenu())
+            << "the check mark has the place";
+
+    window.Frame().WriteOutput(u"a line\r\n");
+    window.Settle();
+    QString tip;
+    QTimer::singleShot(0, [&] {
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Up); // the last entry
+        tip = bar.currentMessage();
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    });
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QApplication::sendEvent(window.Frame().Output().viewport(), &key);
+    EXPECT_EQ(tip.toStdString() + bar.currentMessage().toStdString(), TipOf(CMD_CLEAR_OUTPUT).toStdString());
 }
