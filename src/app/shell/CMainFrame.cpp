@@ -35,7 +35,7 @@ CMainFrame::CMainFrame(Environment &environment, ProcessTables &processTables, C
     setAcceptDrops(true);
     setDockNestingEnabled(true);
     if (const QScreen *own = screen())
-        setMinimumSize(SmallestFrame(own->availableSize()));
+        place.SetSmallest(SmallestFrame(own->availableSize()));
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(area);
