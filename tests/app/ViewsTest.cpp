@@ -3,6 +3,7 @@
 #include "ResourceCounts.h"
 #include "StatusPane.h"
 #include "TestWindow.h"
+#include "TitleBarStyle.h"
 #include "TreeLines.h"
 
 #include <QClipboard>
@@ -117,6 +118,27 @@ TEST(TreeLines, AreThoseOfTheOtherDirectionInAMirror)
         EXPECT_GE(marks, 5);
     }
     QApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
+}
+
+TEST(TitleBarStyle, ButtonsStandOutOnADarkDesktop)
+{
+    const TitleBarStyle style;
+    QStyleOption option;
+    for (const QColor &window : {QColor(0x2B, 0x2B, 0x2B), QColor(0xEF, 0xEF, 0xEF)}) {
+        const bool isDark = window.lightness() < 128;
+        option.palette = QPalette(isDark ? Qt::white : Qt::black, window);
+        for (const auto which : {QStyle::SP_TitleBarCloseButton, QStyle::SP_TitleBarNormalButton}) {
+            const QImage drawn = style.standardIcon(which, &option, nullptr).pixmap(16, 16).toImage();
+            int lightness = 0, pixels = 0;
+            for (int place = 0; place < drawn.width() * drawn.height(); ++place) {
+                const QColor pixel = drawn.pixelColor(place % drawn.width(), place / drawn.width());
+                pixels += pixel.alpha() > 128;
+                lightness += pixel.alpha() > 128 ? pixel.lightness() : 0;
+            }
+            ASSERT_GT(pixels, 5);
+            EXPECT_EQ(lightness / pixels > 200, isDark) << which;
+        }
+    }
 }
 
 TEST(MainFrame, PaintsItsWholeTextWhenTheLastProjectIsClosed)

@@ -3,7 +3,6 @@
 #include "Commands.h"
 #include "Environment.h"
 #include "Paths.h"
-#include "TitleBarStyle.h"
 #include "WaitCursor.h"
 
 #include <QApplication>
@@ -20,9 +19,6 @@ CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, Toolbox
 {
     setWindowIcon(MakeIcon(UiIcon::Project));
     setAttribute(Qt::WA_DeleteOnClose);
-    auto *const drawing = new TitleBarStyle;
-    drawing->setParent(this);
-    setStyle(drawing);
     for (QAction *entry : systemMenu()->actions())
         entry->setShortcuts(QList<QKeySequence>()); // the keys are those of File, Close; of two neither would work
     tree = new CProjView(document, *this);
