@@ -41,15 +41,6 @@ TEST(NoticeText, IsAsHighAsItsLinesAreAndCutsNothing)
         EXPECT_GT(text.cursorRect().bottom() + text.fontMetrics().height(), text.viewport()->height()) << width;
     }
     EXPECT_EQ(text.heightForWidth(20), text.heightForWidth(40)) << "a narrow one scrolls";
-
-    QWidget mirrored;
-    mirrored.setLayoutDirection(Qt::RightToLeft);
-    NoticeText inMirror(&mirrored, 22);
-    inMirror.setPlainText(text.toPlainText());
-    inMirror.resize(400, inMirror.heightForWidth(400));
-    mirrored.show();
-    TestWindow::Settle();
-    EXPECT_TRUE(inMirror.cursorRect().left() >= 0 && inMirror.cursorRect().left() < 20) << "from the first letter on";
 }
 
 namespace
