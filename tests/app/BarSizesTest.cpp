@@ -3,8 +3,10 @@
 #include "Settings.h"
 #include "TestWindow.h"
 
+#include <QScreen>
 #include <QSplitter>
 #include <QTest>
+#include <QWindow>
 
 #include <sys/inotify.h>
 #include <unistd.h>
@@ -48,7 +50,15 @@ TEST(BarSizes, EachPlaceHasASizeOfItsOwnWhichIsThereAgainAfterARestart)
         window.Frame().OutputBar().setFloating(true);
         window.Settle();
         EXPECT_EQ(window.Frame().OutputBar().size(), isRestarted ? QSize(333, 222) : QSize(400, 150));
-        window.Frame().OutputBar().resize(333, 222); // the user pulls its corner
+        window.Frame().OutputBar().windowHandle()->resize(333, 222); // the user pulls its corner
+        window.Settle();
+        window.Frame().OutputBar().hide();
+        window.Frame().OutputBar().move(9000, 9000); // a screen goes
+        window.Frame().OutputBar().show();
+        window.Settle();
+        EXPECT_TRUE(window.Frame().screen()->geometry().contains(window.Frame().OutputBar().geometry()));
+        window.Frame().OutputBar().resize(700, 90); // as docking does, before it docks
+        window.Settle();
         window.Frame().OutputBar().setFloating(false);
         window.Frame().addDockWidget(Qt::RightDockWidgetArea, &window.Frame().OutputBar());
         window.Settle();

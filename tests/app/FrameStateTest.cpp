@@ -78,9 +78,10 @@ TEST(FrameState, TheWindowComesBackWhereItWas)
     window.Frame().close();
     EXPECT_EQ(window.folder.Get("bin/Morvanite.ini").contains("maximized=1"), before.contains("maximized=1"));
     window.Frame().showNormal();
+    window.Settle();
     window.Frame().resize(10, 10);
-    EXPECT_GE(window.Frame().width(), 500);
-    EXPECT_GE(window.Frame().height(), 450);
+    window.Settle();
+    EXPECT_EQ(window.Frame().frameGeometry().size(), QSize(500, 450)) << "with its frame";
 }
 
 TEST(FrameState, ADamagedStateOfTheBarsIsNotTaken)

@@ -95,3 +95,30 @@ TEST(NoticeBar, ComesWithTheWindowOfAProjectThatIsBeingLoadedAndOnlyThere)
         EXPECT_TRUE(window.Child().Notice().isVisible()) << "it waits for nobody";
     }
 }
+
+TEST(NoticeBar, WhatASaveTellsWhileItsWindowGoesIsInABoxAndOnStandardError)
+{
+    TestWindow window;
+    window.Start({window.Project()});
+    window.Frame().Notify(window.Document(), u"seen before"_s);
+    const auto changeOutside = [&window] {
+        window.folder.Put("demo/res/demo.res.xml", "<APP><IMAGE id=\"ID_OTHER\" type=\"Normal\">b.png</IMAGE></APP>");
+        window.Document().SetModifiedFlag(true);
+    };
+    changeOutside();
+    window.Frame().OutputBar().hide(); // which would have it otherwise
+    window.Answer({QMessageBox::Yes, QMessageBox::Ok});
+    window.Frame().RunCommand(CMD_CLOSE);
+    EXPECT_TRUE(TestWindow::WaitFor([&window] { return window.boxes.size() == 2; }));
+    EXPECT_TRUE(window.boxes.value(1).contains(u"/state/morvanite/kept/demo-"_s));
+
+    ASSERT_TRUE(window.Frame().OpenProject(window.Project()));
+    window.Frame().Notify(window.Document(), u"seen before"_s);
+    changeOutside();
+    window.Answer({QMessageBox::Yes, QMessageBox::Ok});
+    testing::internal::CaptureStderr();
+    EXPECT_TRUE(window.Frame().close());
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("/state/morvanite/kept/demo-"));
+    EXPECT_TRUE(window.boxes.value(3).contains(u"/state/morvanite/kept/demo-"_s));
+    EXPECT_FALSE(window.boxes.value(3).contains(u"seen before"_s));
+}

@@ -59,10 +59,15 @@ TEST(ProjectWindow, ShowsTheFoldersInUseAndLeadsIntoThem)
 
     window.Document().UpdateAllViews(nullptr);
     EXPECT_EQ(window.Tree().SelectedFolder()->title, u"240x320"_s) << "a refill keeps the selection";
-    for (ITreeListener *listener : window.Document().treeListeners)
-        listener->TreeGoes();
-    EXPECT_EQ(window.Tree().SelectedFolder(), nullptr) << "what a reload destroys is let go of";
-    window.Document().UpdateAllViews(nullptr);
+    for (const bool isGone : {false, true}) {
+        for (ITreeListener *listener : window.Document().treeListeners)
+            listener->TreeGoes();
+        EXPECT_EQ(window.Tree().SelectedFolder(), nullptr) << "what a reload destroys is let go of";
+        if (isGone)
+            window.Document().root.FindFolder(KIND_RESO_IMAGES, 1, 2)->kind |= KIND_FLAG_OFF;
+        window.Document().UpdateAllViews(nullptr);
+        EXPECT_EQ(window.Tree().SelectedFolder()->title, isGone ? QString() : u"240x320"_s);
+    }
     EXPECT_EQ(window.Tree().SelectedFolder(), &window.Document().root);
     EXPECT_EQ(EntryOf(KIND_COMPONENT | KIND_FLAG_OFF).icon, UiIcon::None);
 }
@@ -243,12 +248,24 @@ TEST(ProjectWindow, IsReachedByTheKeyboard)
     EXPECT_EQ(QApplication::focusWidget(), &window.Frame().Output());
     window.Tree().setFocus();
 
-    window.Frame().RunCommand(CMD_SPLIT);
     const int before = window.Tree().width();
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
-    EXPECT_GT(window.Tree().width(), before);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-    EXPECT_EQ(window.Tree().width(), before);
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        window.Child().setLayoutDirection(direction);
+        window.Frame().activateWindow();
+        window.Settle();
+        window.Frame().RunCommand(CMD_SPLIT);
+        const bool isMirrored = direction == Qt::RightToLeft;
+        QTest::keyClick(QApplication::focusWidget(), isMirrored ? Qt::Key_Left : Qt::Key_Right);
+        EXPECT_EQ(window.Tree().width(), before + 16);
+        QTest::keyClick(QApplication::focusWidget(), isMirrored ? Qt::Key_Right : Qt::Key_Left);
+        EXPECT_EQ(window.Tree().width(), before);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Left);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        EXPECT_EQ(window.Tree().width(), before);
+        EXPECT_EQ(window.Child().State().last().value, QString::number(before));
+    }
+    window.Child().setLayoutDirection(Qt::LeftToRight);
+    EXPECT_TRUE(window.Child().toolTip().isEmpty()) << "all in the window would have it";
     for (const QWidget *widget : window.Frame().findChildren<QWidget *>()) {
         if (widget->isVisible() && widget->focusPolicy() != Qt::NoFocus && widget->inherits("QAbstractScrollArea") &&
             !widget->inherits("QMdiArea")) {

@@ -23,6 +23,7 @@ struct TestWindow
     TestWindow()
     {
         qputenv("XDG_CONFIG_HOME", folder.Path("user").toUtf8());
+        qputenv("XDG_STATE_HOME", folder.Path("state").toUtf8());
         qputenv("MORVANITE_PROGRAM_DIR", folder.Path("bin").toUtf8());
         qputenv("MORVANITE_RUNTIME_DIR", folder.Path("run").toUtf8());
         folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n");

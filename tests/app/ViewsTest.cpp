@@ -3,9 +3,12 @@
 #include "ResourceCounts.h"
 #include "StatusPane.h"
 #include "TestWindow.h"
+#include "TitleBarStyle.h"
 #include "TreeLines.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMdiArea>
@@ -114,6 +117,27 @@ TEST(TreeLines, AreThoseOfTheOtherDirectionInAMirror)
     QApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
 }
 
+TEST(TitleBarStyle, ButtonsStandOutOnADarkDesktop)
+{
+    const TitleBarStyle style;
+    QStyleOption option;
+    for (const QColor &window : {QColor(0x2B, 0x2B, 0x2B), QColor(0xEF, 0xEF, 0xEF)}) {
+        const bool isDark = window.lightness() < 128;
+        option.palette = QPalette(isDark ? Qt::white : Qt::black, window);
+        for (const auto which : {QStyle::SP_TitleBarCloseButton, QStyle::SP_TitleBarNormalButton}) {
+            const QImage drawn = style.standardIcon(which, &option, nullptr).pixmap(16, 16).toImage();
+            int lightness = 0, pixels = 0;
+            for (int place = 0; place < drawn.width() * drawn.height(); ++place) {
+                const QColor pixel = drawn.pixelColor(place % drawn.width(), place / drawn.width());
+                pixels += pixel.alpha() > 128;
+                lightness += pixel.alpha() > 128 ? pixel.lightness() : 0;
+            }
+            ASSERT_GT(pixels, 5);
+            EXPECT_EQ(lightness / pixels > 200, isDark) << which;
+        }
+    }
+}
+
 TEST(MainFrame, PaintsItsWholeTextWhenTheLastProjectIsClosed)
 {
     TestWindow window;
@@ -207,6 +231,24 @@ TEST(Contents, TellWhatIsInTheirFoldersAndLeadOutAgain)
     }
 }
 
+TEST(Contents, LeadOutOfOneOfManyLayoutsInAMoment)
+{
+    TestWindow window;
+    window.folder.Put("bin/Morvanite.ini", WITH_LAYOUTS);
+    window.Start({window.Project()});
+    CResFolder &screen = *Folder(window, u"Layouts"_s).subfolders[1];
+    for (int i = 0; i < 10'000; ++i)
+        screen.AddFolder(window.Document().CreateFolder(KIND_LAYOUT, screen.index));
+    window.Document().UpdateAllViews(nullptr);
+    window.Tree().SelectFolder(screen.subfolders[9'000].get());
+    Contents(window).setFocus();
+    QElapsedTimer clock;
+    clock.start();
+    QTest::keyClick(&Contents(window), Qt::Key_Backspace);
+    EXPECT_EQ(Contents(window).currentRow(), 9'000);
+    EXPECT_LT(clock.elapsed(), 2000); // milliseconds
+}
+
 TEST(Contents, RenameAndDeleteLayoutsAndKeysOfALabelDoNotLeadOut)
 {
     TestWindow window;
@@ -294,4 +336,19 @@ TEST(StatusBar, TellsInASentenceWhatAnEntryDoesWhileItIsHighlighted)
     }
     EXPECT_EQ(bar.currentMessage(), QString());
     EXPECT_TRUE(window.Frame().Status().isVisible());
+    for (const QAction *entry : window.Frame().menuBar()->actions()[2]->menu()->actions())
+        EXPECT_FALSE(entry->isCheckable() && !entry->icon().isNull() && entry->isIconVisibleInMenu())
+            << "the check mark has the place";
+
+    window.Frame().WriteOutput(u"a line\r\n");
+    window.Settle();
+    QString tip;
+    QTimer::singleShot(0, [&] {
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Up); // the last entry
+        tip = bar.currentMessage();
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    });
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QApplication::sendEvent(window.Frame().Output().viewport(), &key);
+    EXPECT_EQ(tip.toStdString() + bar.currentMessage().toStdString(), TipOf(CMD_CLEAR_OUTPUT).toStdString());
 }

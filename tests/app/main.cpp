@@ -1,4 +1,6 @@
 // The tests of the window: real events to real widgets, without a screen.
+#include "TitleBarStyle.h"
+
 #include <QApplication>
 
 #include <gtest/gtest.h>
@@ -9,5 +11,6 @@ int main(int argc, char **argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
+    QApplication::setStyle(new TitleBarStyle);
     return RUN_ALL_TESTS();
 }

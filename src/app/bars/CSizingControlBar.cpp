@@ -4,6 +4,8 @@
 
 #include <QGuiApplication>
 #include <QMainWindow>
+#include <QResizeEvent>
+#include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -106,22 +108,47 @@ void CSizingControlBar::PlaceFloating()
         isPlaced = false;
     } else if (!isPlaced && QGuiApplication::mouseButtons() == Qt::NoButton) {
         resize(sizes[Floating]);
+        BringBack();
         isPlaced = true;
     }
 }
 
+void CSizingControlBar::BringBack()
+{
+    constexpr int TITLE_HEIGHT = 16;
+    constexpr int ENOUGH = 40; // of the title to take hold of
+    const QRect title(pos(), QSize(frameGeometry().width(), TITLE_HEIGHT));
+    for (const QScreen *each : QGuiApplication::screens()) {
+        const QRect seen = each->availableGeometry() & title;
+        if (seen.width() >= qMin(ENOUGH, title.width()) && seen.height() > 0)
+            return;
+    }
+    if (const QScreen *const nearest = parentWidget() ? parentWidget()->screen() : nullptr)
+        move(nearest->availableGeometry().center() - QRect(QPoint(), frameGeometry().size()).center());
+}
+
 bool CSizingControlBar::event(QEvent *event)
 {
+    if (event->type() == QEvent::MouseButtonPress) // beside the edges, whose presses don't come here
+        isTitleHeld = true;
+    else if (event->type() == QEvent::MouseButtonRelease)
+        isTitleHeld = false;
+    else if (event->type() == QEvent::Show && !event->spontaneous())
+        isPlaced = false;
     const bool isTaken = QDockWidget::event(event);
     if (event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::NonClientAreaMouseButtonRelease)
         QTimer::singleShot(0, this, [this] { PlaceFloating(); }); // the user has dropped it
     return isTaken;
 }
 
-/// Docked, it is the divider that tells what the user chose.
+/// Docked, it is the divider that tells what the user chose. A bar that is being docked still floats while it changes
+/// to the size it is to have.
 void CSizingControlBar::resizeEvent(QResizeEvent *event)
 {
     QDockWidget::resizeEvent(event);
-    if (isFloating() && isPlaced && isVisible())
+    const bool hasFrameOfDesktop = !(windowFlags() & (Qt::FramelessWindowHint | Qt::X11BypassWindowManagerHint));
+    const bool isPulled =
+        hasFrameOfDesktop ? event->spontaneous() : QGuiApplication::mouseButtons() != Qt::NoButton && !isTitleHeld;
+    if (isFloating() && isPlaced && isVisible() && isPulled)
         sizes[Floating] = size();
 }

@@ -29,7 +29,7 @@ public:
     /// Standing, it is to be no wider than this.
     void LimitStandingWidth(int most);
 
-    /// Gives the bar its size if it floats and the user isn't dragging it.
+    /// Gives the bar its size, and a place on a screen, if it floats and the user isn't dragging it.
     void PlaceFloating();
 
 protected:
@@ -46,8 +46,10 @@ private:
     };
     [[nodiscard]] Form CurrentForm() const;
     [[nodiscard]] QString Section() const;
+    void BringBack();
 
     int number;
     QSize sizes[FORMS];
-    bool isPlaced = false; // floats, and has had the size for that
+    bool isPlaced = false;    // floats, and has had the size for that since it was shown
+    bool isTitleHeld = false; // the mouse is down on the title
 };

@@ -2,9 +2,7 @@
 
 #include "Commands.h"
 #include "Environment.h"
-#include "KeyboardSplitter.h"
 #include "Paths.h"
-#include "TitleBarStyle.h"
 #include "WaitCursor.h"
 
 #include <QApplication>
@@ -21,9 +19,6 @@ CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, Toolbox
 {
     setWindowIcon(MakeIcon(UiIcon::Project));
     setAttribute(Qt::WA_DeleteOnClose);
-    auto *const drawing = new TitleBarStyle;
-    drawing->setParent(this);
-    setStyle(drawing);
     for (QAction *entry : systemMenu()->actions())
         entry->setShortcuts(QList<QKeySequence>()); // the keys are those of File, Close; of two neither would work
     tree = new CProjView(document, *this);
@@ -31,10 +26,8 @@ CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, Toolbox
     splitter->addWidget(right);
     splitter->setChildrenCollapsible(false);
     splitter->setStretchFactor(1, 1);
-    treeWidth = qBound(50, document.env.settings.Int("split1st", "width", 200), 4000);
-    splitter->setSizes({treeWidth, 1000});
-    // The user has dragged the divider; what a small window does to the tree isn't remembered.
-    connect(splitter, &QSplitter::splitterMoved, this, [this] { treeWidth = splitter->sizes().value(0); });
+    splitter->ChooseSize(qBound(50, document.env.settings.Int("split1st", "width", 200), 4000));
+    splitter->setSizes({splitter->ChosenSize(), 1000});
     (void)toolbox.IsShown(document.env.settings); // read now, for all windows
     MakeContent();
     ShowPane(Pane::Default);
@@ -81,7 +74,7 @@ void CChildFrame::LeaveDocument()
 QList<ProfileEntry> CChildFrame::State() const
 {
     QList<ProfileEntry> entries = toolbox.State();
-    entries.append({QStringLiteral("split1st"), QStringLiteral("width"), QString::number(treeWidth)});
+    entries.append({QStringLiteral("split1st"), QStringLiteral("width"), QString::number(splitter->ChosenSize())});
     return entries;
 }
 
@@ -89,7 +82,6 @@ void CChildFrame::ShowTitle()
 {
     setWindowTitle(FileTitle(document.PathName()) + QStringLiteral("[*]"));
     setWindowModified(document.IsModified());
-    setToolTip(document.PathName());
 }
 
 QWidget *CChildFrame::MakePane(Pane pane)

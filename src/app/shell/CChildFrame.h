@@ -2,11 +2,11 @@
 
 #include "CDefaultView.h"
 #include "FrameState.h"
+#include "KeyboardSplitter.h"
 #include "NoticeBar.h"
 
 #include <QMdiSubWindow>
 #include <QPointer>
-#include <QSplitter>
 
 #include <map>
 
@@ -35,7 +35,8 @@ public:
     /// The document is gone, or about to go.
     [[nodiscard]] bool HasLeft() const { return !splitter; }
 
-    /// What the settings are to remember of this window, which stores it when it ends.
+    /// What the settings are to remember of this window, which stores it when it ends. Only before it has let go of its
+    /// document.
     [[nodiscard]] QList<ProfileEntry> State() const;
     /// It has been stored already.
     void StateIsStored() { isStored = true; }
@@ -72,11 +73,10 @@ private:
     IViewHost &shell;
     ToolboxState &toolbox;
     NoticeBar *notice;
-    QSplitter *splitter; // null once the document has been left
+    KeyboardSplitter *splitter; // null once the document has been left
     CProjView *tree;
     std::map<Pane, QWidget *> panes; // those that were made, owned by the splitter's right side
     class QStackedWidget *right;
     QPointer<QWidget> lastFocus;
-    int treeWidth = 0; // as the user chose it
     bool isStored = false;
 };

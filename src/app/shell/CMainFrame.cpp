@@ -7,6 +7,7 @@
 #include "Commands.h"
 #include "Environment.h"
 #include "Paths.h"
+#include "ProjectArea.h"
 #include "StatusPane.h"
 
 #include <QAbstractEventDispatcher>
@@ -15,9 +16,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
-#include <QMdiArea>
 #include <QMimeData>
-#include <QPainter>
 #include <QSessionManager>
 #include <QStatusBar>
 #include <QStyle>
@@ -25,43 +24,8 @@
 #include <QToolBar>
 
 #include <algorithm>
+#include <cstdio>
 #include <utility>
-
-namespace
-{
-
-/// Where the windows of projects lie. While there is none it says how to get one.
-class ProjectArea : public QMdiArea
-{
-public:
-    using QMdiArea::QMdiArea;
-
-protected:
-    void paintEvent(QPaintEvent *event) override
-    {
-        QPainter painter(viewport());
-        painter.fillRect(event->rect(), palette().brush(QPalette::Window).color().darker(108));
-        if (!subWindowList().isEmpty())
-            return;
-        QColor text = palette().color(QPalette::WindowText);
-        text.setAlphaF(0.65F);
-        painter.setPen(text);
-        painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap,
-                         QStringLiteral("Open a project with Ctrl+O, or drop its .vcproj file here."));
-    }
-
-    /// With the first window the text goes, and with the last it comes back: all of it, not just where that window was.
-    bool viewportEvent(QEvent *event) override
-    {
-        const bool wasEmpty = subWindowList().isEmpty();
-        const bool result = QMdiArea::viewportEvent(event);
-        if (wasEmpty != subWindowList().isEmpty())
-            viewport()->update();
-        return result;
-    }
-};
-
-} // namespace
 
 CMainFrame::CMainFrame(Environment &environment, ProcessTables &processTables, CDocManager &documentManager)
     : env(environment), tables(processTables), documents(documentManager), area(new ProjectArea(this))
@@ -71,7 +35,7 @@ CMainFrame::CMainFrame(Environment &environment, ProcessTables &processTables, C
     setAcceptDrops(true);
     setDockNestingEnabled(true);
     if (const QScreen *own = screen())
-        setMinimumSize(SmallestFrame(own->availableSize()));
+        place.SetSmallest(SmallestFrame(own->availableSize()));
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(area);
@@ -258,8 +222,7 @@ void CMainFrame::Opened(CDocument &document)
     auto &project = static_cast<CResDoc &>(document);
     auto *const child = new CChildFrame(project, *this, toolboxState);
     child->closed = [this, child](CResDoc &closing) {
-        for (const QString &unread : child->Notice().Texts().Unread())
-            WriteLine(unread); // such as that of the save before closing
+        TellUnread(child->Notice().Texts().Unread()); // such as that of the save before closing
         documents.CloseDocument(&closing);
     };
     for (const QString &text : waitingNotices[&project])
@@ -282,6 +245,19 @@ void CMainFrame::Notify(const CResDoc &document, const QString &text)
             return child->Notice().Add(text);
     }
     waitingNotices[&document].append(text);
+}
+
+/// Tells the notices of a project that is closed in the output, and in a box while that is hidden.
+void CMainFrame::TellUnread(const QStringList &texts)
+{
+    for (const QString &text : texts)
+        WriteLine(text);
+    if (texts.isEmpty() || !outputBar->isHidden())
+        return;
+    // Not here, where the window is still closing.
+    QTimer::singleShot(0, this, [this, text = texts.join(QStringLiteral("\n\n"))] {
+        turn.AfterCommand([this, text] { boxes.Inform(text); });
+    });
 }
 
 void CMainFrame::Activate(const CDocument &document)
@@ -373,12 +349,25 @@ void CMainFrame::BringToTop()
     }
 }
 
-bool CMainFrame::MayCloseAll()
+QStringList CMainFrame::UnreadNotices() const
 {
+    QStringList unread;
+    for (CChildFrame *child : Children())
+        unread += child->Notice().Texts().Unread();
+    return unread;
+}
+
+bool CMainFrame::MayCloseAll(QStringList &notices)
+{
+    const QStringList before = UnreadNotices();
     for (CChildFrame *child : Children()) {
         if (!child->MayClose())
             return false;
     }
+    notices = UnreadNotices();
+    notices.removeIf([&before](const QString &text) { return before.contains(text); });
+    for (const QString &text : std::as_const(notices))
+        std::fprintf(stderr, "%s\n", qUtf8Printable(text)); // the window that shows them goes
     return true;
 }
 
@@ -401,10 +390,13 @@ void CMainFrame::closeEvent(QCloseEvent *event)
     StoreState();
     if (stopWatching)
         stopWatching();
-    if (!MayCloseAll()) {
+    QStringList notices;
+    if (!MayCloseAll(notices)) {
         event->ignore();
         return;
     }
+    if (!notices.isEmpty())
+        boxes.Inform(notices.join(QStringLiteral("\n\n")));
     event->accept();
     for (CChildFrame *child : Children()) {
         CResDoc &document = child->Document();
@@ -419,7 +411,8 @@ void CMainFrame::EndSession(QSessionManager &session)
 {
     if (!session.allowsInteraction())
         return;
-    if (turn.IsOn() || boxes.IsAnyOpen() || !TakeLabel() || !MayCloseAll())
+    QStringList notices; // without a box, which would hold up the desktop
+    if (turn.IsOn() || boxes.IsAnyOpen() || !TakeLabel() || !MayCloseAll(notices))
         session.cancel();
     session.release();
 }

@@ -120,7 +120,11 @@ private:
     void ToggleToolbox();
     void FillToolbox();
     void StoreState();
-    [[nodiscard]] bool MayCloseAll();
+    /// Asks about what isn't saved. True when all projects may be closed; `notices` then gets the texts that have come
+    /// to their bars meanwhile, which standard error has as well.
+    [[nodiscard]] bool MayCloseAll(QStringList &notices);
+    [[nodiscard]] QStringList UnreadNotices() const;
+    void TellUnread(const QStringList &texts);
     [[nodiscard]] std::vector<ICommandTarget *> Targets() const;
     [[nodiscard]] QList<CChildFrame *> Children() const;
 

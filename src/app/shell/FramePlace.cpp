@@ -20,6 +20,19 @@ FramePlace::FramePlace(QWidget &placedWindow) : window(placedWindow)
     window.installEventFilter(this);
 }
 
+void FramePlace::SetSmallest(const QSize &size)
+{
+    smallest = size;
+    isPlacing = true; // the frame isn't known yet
+    ApplySmallest(USUAL_FRAME);
+}
+
+void FramePlace::ApplySmallest(const QMargins &frame)
+{
+    if (!smallest.isEmpty())
+        window.setMinimumSize(QRect(QPoint(), smallest).marginsRemoved(frame).size());
+}
+
 void FramePlace::PutAt(const QRect &position)
 {
     wanted = position;
@@ -60,8 +73,10 @@ void FramePlace::Correct()
     if (!isPlacing || !isNormal || !handle || !handle->isExposed())
         return;
     isPlacing = false;
+    const QRect whole = Position();
+    ApplySmallest(handle->frameMargins());
     const QScreen *const screen = window.screen();
-    const QRect position = wanted ? *wanted : screen ? FittedInto(Position(), screen->availableGeometry()) : Position();
+    const QRect position = wanted ? *wanted : screen ? FittedInto(whole, screen->availableGeometry()) : whole;
     const QRect inner = position.marginsRemoved(handle->frameMargins());
     if (inner != window.geometry())
         window.setGeometry(inner);

@@ -15,6 +15,8 @@ class FramePlace : public QObject
 public:
     explicit FramePlace(QWidget &placedWindow);
 
+    /// The whole window is to be no smaller.
+    void SetSmallest(const QSize &size);
     /// The whole window is to be there; while it is maximised, once it no longer is.
     void PutAt(const QRect &position);
     /// The window has this size, but for its frame, and is where the desktop puts it, all of it on the screen.
@@ -26,8 +28,10 @@ public:
 
 private:
     void Correct();
+    void ApplySmallest(const QMargins &frame);
 
     QWidget &window;
+    QSize smallest;
     std::optional<QRect> wanted;
     bool isPlacing = false;
 };

@@ -10,7 +10,8 @@ namespace
 class Handle : public QSplitterHandle
 {
 public:
-    Handle(Qt::Orientation orientation, QSplitter *parent) : QSplitterHandle(orientation, parent)
+    Handle(Qt::Orientation orientation, KeyboardSplitter *parent)
+        : QSplitterHandle(orientation, parent), keyboardSplitter(*parent)
     {
         setFocusPolicy(Qt::NoFocus); // reached by its command, not by Tab
         setAccessibleName(QStringLiteral("Splitter"));
@@ -20,6 +21,7 @@ protected:
     void focusInEvent(QFocusEvent *event) override
     {
         before = splitter()->sizes();
+        chosenBefore = keyboardSplitter.ChosenSize();
         QSplitterHandle::focusInEvent(event);
         update();
     }
@@ -33,19 +35,18 @@ protected:
     void keyPressEvent(QKeyEvent *event) override
     {
         constexpr int STEP = 16;
-        const bool isHorizontal = orientation() == Qt::Horizontal;
-        const int place = isHorizontal ? x() : y();
         switch (event->key()) {
         case Qt::Key_Left:
         case Qt::Key_Up:
-            moveSplitter(place - STEP);
+            Move(-STEP);
             break;
         case Qt::Key_Right:
         case Qt::Key_Down:
-            moveSplitter(place + STEP);
+            Move(STEP);
             break;
         case Qt::Key_Escape:
-            moveSplitter(before.value(0));
+            splitter()->setSizes(before);
+            keyboardSplitter.ChooseSize(chosenBefore);
             [[fallthrough]];
         case Qt::Key_Return:
         case Qt::Key_Enter:
@@ -64,10 +65,26 @@ protected:
     }
 
 private:
+    /// Moves the bar by so many pixels to the right or down.
+    void Move(int by)
+    {
+        const bool isHorizontal = orientation() == Qt::Horizontal;
+        // Where a window runs from right to left, Qt counts to the bar's other side.
+        const bool isMirrored = isHorizontal && splitter()->isRightToLeft();
+        moveSplitter((isHorizontal ? x() : y()) + by + (isMirrored ? width() : 0));
+    }
+
+    KeyboardSplitter &keyboardSplitter;
     QList<int> before;
+    int chosenBefore = 0;
 };
 
 } // namespace
+
+KeyboardSplitter::KeyboardSplitter(Qt::Orientation orientation) : QSplitter(orientation)
+{
+    connect(this, &QSplitter::splitterMoved, this, [this] { chosen = sizes().value(0); });
+}
 
 QSplitterHandle *KeyboardSplitter::createHandle()
 {

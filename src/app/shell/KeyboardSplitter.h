@@ -7,8 +7,16 @@
 class KeyboardSplitter : public QSplitter
 {
 public:
-    using QSplitter::QSplitter;
+    explicit KeyboardSplitter(Qt::Orientation orientation);
+
+    /// The size of what is before the bar, in pixels, as the user chose it last: what a small window does to it is no
+    /// choice.
+    [[nodiscard]] int ChosenSize() const { return chosen; }
+    void ChooseSize(int size) { chosen = size; }
 
 protected:
     QSplitterHandle *createHandle() override;
+
+private:
+    int chosen = 0;
 };

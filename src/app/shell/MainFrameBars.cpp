@@ -56,8 +56,10 @@ QString ToolTipOf(const QAction &action)
 
 void CMainFrame::MakeToolBar()
 {
-    for (const auto &[command, icon] : COMMAND_ICONS)
+    for (const auto &[command, icon] : COMMAND_ICONS) {
         actions[command]->setIcon(MakeIcon(icon));
+        actions[command]->setIconVisibleInMenu(!actions[command]->isCheckable()); // where the check mark is to be
+    }
     toolBar = addToolBar(QStringLiteral("Standard"));
     toolBar->setObjectName(QStringLiteral("Standard"));
     toolBar->setAccessibleName(QStringLiteral("Tool bar"));

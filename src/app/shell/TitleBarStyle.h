@@ -1,11 +1,14 @@
 #pragma once
 
 #include <QApplication>
+#include <QIcon>
+#include <QPainter>
 #include <QProxyStyle>
 #include <QStyleOptionTitleBar>
 
-/// Draws the title bar of a project's window so that it can be read on a dark desktop. There the style draws the
-/// buttons of one that isn't active black, and the shadow of the text light.
+/// The program's style: the desktop's, with title bars and their buttons that can be read on a dark desktop. There the
+/// desktop's style draws the buttons black, those of bars and those of a maximised project in the menu bar too, and the
+/// shadow of a project's title light.
 class TitleBarStyle : public QProxyStyle
 {
 public:
@@ -14,9 +17,8 @@ public:
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
                             const QWidget *widget) const override
     {
-        constexpr int DARK = 128; // of 255
         const auto *const bar = qstyleoption_cast<const QStyleOptionTitleBar *>(option);
-        if (control != CC_TitleBar || !bar || bar->palette.color(QPalette::Window).lightness() >= DARK)
+        if (control != CC_TitleBar || !bar || !IsDark(bar->palette))
             return QProxyStyle::drawComplexControl(control, option, painter, widget);
         QStyleOptionTitleBar drawn(*bar);
         drawn.palette.setColor(QPalette::Text, Qt::black); // of the shadow
@@ -27,5 +29,41 @@ public:
             drawn.palette.setColor(QPalette::Highlight, bar->palette.color(QPalette::Window));
         }
         QProxyStyle::drawComplexControl(control, &drawn, painter, widget);
+    }
+
+    QIcon standardIcon(StandardPixmap which, const QStyleOption *option, const QWidget *widget) const override
+    {
+        const QIcon icon = QProxyStyle::standardIcon(which, option, widget);
+        const QPalette palette = option ? option->palette : widget ? widget->palette() : QApplication::palette();
+        switch (which) {
+        case SP_TitleBarMinButton:
+        case SP_TitleBarMaxButton:
+        case SP_TitleBarNormalButton:
+        case SP_TitleBarCloseButton:
+            return IsDark(palette) ? Coloured(icon, palette.color(QPalette::WindowText)) : icon;
+        default:
+            return icon;
+        }
+    }
+
+private:
+    static bool IsDark(const QPalette &palette)
+    {
+        constexpr int DARK = 128; // of 255
+        return palette.color(QPalette::Window).lightness() < DARK;
+    }
+
+    static QIcon Coloured(const QIcon &icon, const QColor &colour)
+    {
+        QIcon coloured;
+        for (const QSize &size : icon.availableSizes()) {
+            QPixmap picture = icon.pixmap(size, 1);
+            QPainter painter(&picture);
+            painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+            painter.fillRect(QRect(QPoint(), size), colour);
+            painter.end();
+            coloured.addPixmap(picture);
+        }
+        return coloured.isNull() ? icon : coloured;
     }
 };

@@ -66,6 +66,12 @@ void UserBoxes::Show(const QString &text)
     (void)ShowBox(&window, QMessageBox::Warning, reason.isEmpty() ? text : text + QStringLiteral("\n\n") + reason);
 }
 
+void UserBoxes::Inform(const QString &text)
+{
+    const ModalBox box(*this);
+    (void)ShowBox(&window, QMessageBox::Information, text);
+}
+
 bool UserBoxes::AskYesNo(const QString &question)
 {
     if (turn.IsOn())

@@ -25,6 +25,8 @@ public:
     void MessageBox(const QString &text) override;
     /// The same when the caller is through with what it does.
     void MessageSoon(const QString &text);
+    /// Shows what the user has to know although nothing failed, and waits until it is read. Not while a command runs.
+    void Inform(const QString &text);
     QStringList OpenFileDialog(const QString &filter, int selectedFilter, bool multiSelect,
                                const QString &initialName) override;
     [[nodiscard]] bool AskYesNo(const QString &question);

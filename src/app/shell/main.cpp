@@ -1,6 +1,7 @@
 #include "Boxes.h"
 #include "CMorvaniteApp.h"
 #include "SingleInstance.h"
+#include "TitleBarStyle.h"
 #include "TypedText.h"
 
 #include <QApplication>
@@ -48,6 +49,7 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "morvanite: %s\n", qUtf8Printable(error));
 
     QApplication application(argc, argv);
+    QApplication::setStyle(new TitleBarStyle);
     QApplication::setApplicationName(QStringLiteral("morvanite"));
     QApplication::setApplicationVersion(QStringLiteral(MORVANITE_VERSION));
     QApplication::setWindowIcon(MakeIcon(UiIcon::Application));

@@ -20,6 +20,11 @@ constexpr int GRID_WIDTH = 96;
 constexpr int NARROWEST = 64; // has room for the name of a resolution
 constexpr int LINES = 3;      // of text below an icon: a name of two lines, and what is in it
 
+const CResFolder *FolderOf(const QListWidgetItem *row)
+{
+    return static_cast<const CResFolder *>(row->data(Qt::UserRole).value<void *>());
+}
+
 } // namespace
 
 CDefaultView::CDefaultView(CResDoc &projectDocument, CProjView &projectTree)
@@ -57,7 +62,7 @@ CDefaultView::~CDefaultView()
 
 QTreeWidgetItem *CDefaultView::TreeItemOf(const QListWidgetItem *row) const
 {
-    return row ? tree.ItemOf(static_cast<const CResFolder *>(row->data(Qt::UserRole).value<void *>())) : nullptr;
+    return row ? tree.ItemOf(FolderOf(row)) : nullptr;
 }
 
 QListWidgetItem *CDefaultView::SelectedRow() const
@@ -137,8 +142,8 @@ void CDefaultView::GoOut()
 void CDefaultView::SelectRow(const CResFolder *folder)
 {
     for (int i = 0; i < count(); ++i) {
-        if (CProjView::FolderOf(TreeItemOf(item(i))) == folder)
-            setCurrentRow(i);
+        if (FolderOf(item(i)) == folder)
+            return setCurrentRow(i);
     }
 }
 

@@ -1,10 +1,13 @@
 #include "CInfoPane.h"
 
 #include "Commands.h"
+#include "MenuTable.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QStatusTipEvent>
 #include <QTextBlock>
 #include <QTextDocumentFragment>
 #include <QTextOption>
@@ -148,7 +151,10 @@ void CInfoPane::contextMenuEvent(QContextMenuEvent *event)
                                         {QStringLiteral("Clea&r All"), CMD_CLEAR_OUTPUT}}) {
         QAction *const action = menu.addAction(text, this, [this, command = command] { Run(command); });
         action->setEnabled(StateOf(command)->enabled);
+        action->setStatusTip(TipOf(command));
     }
+    // A menu that no menu bar opened keeps the tips to itself.
+    connect(&menu, &QMenu::hovered, this, [this](QAction *action) { action->showStatusText(this); });
     QPoint place = event->globalPos();
     if (event->reason() == QContextMenuEvent::Keyboard) {
         QTextCursor start(document());
@@ -158,4 +164,6 @@ void CInfoPane::contextMenuEvent(QContextMenuEvent *event)
             QPoint(qBound(0, caret.x(), viewport()->width() - 1), qBound(0, caret.y(), viewport()->height() - 1)));
     }
     menu.exec(place);
+    QStatusTipEvent none{QString()};
+    QApplication::sendEvent(this, &none);
 }

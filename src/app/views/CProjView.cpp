@@ -16,7 +16,16 @@
 #include <QScopedValueRollback>
 #include <QStatusTipEvent>
 
-#include <span>
+namespace
+{
+
+/// A layout's folder is found by its title, any other by what it is for.
+CProjView::PathStep StepTo(const CResFolder &folder)
+{
+    return {folder.kind, folder.index, CanEditLabel(&folder) ? folder.title : QString()};
+}
+
+} // namespace
 
 bool LeadsOut(const QKeyEvent &key)
 {
@@ -135,12 +144,36 @@ void CProjView::showEvent(QShowEvent *event)
         Fill();
 }
 
-/// Lets go of all folders.
+/// Lets go of all folders. What is known of the selected one says which of those that come is the same.
 void CProjView::TreeGoes()
+{
+    if (selectedFolder) {
+        selectedPath.clear();
+        for (const QTreeWidgetItem *item = currentItem(); item && item->parent(); item = item->parent())
+            selectedPath.push_back(StepTo(*FolderOf(item)));
+    }
+    Empty();
+}
+
+void CProjView::Empty()
 {
     const QScopedValueRollback filling(isFilling, true);
     clear();
     contextFolder = selectedFolder = nullptr;
+}
+
+QTreeWidgetItem *CProjView::ItemAt(std::span<const PathStep> path) const
+{
+    QTreeWidgetItem *item = topLevelItem(0);
+    for (size_t left = path.size(); item && left > 0; --left) {
+        QTreeWidgetItem *next = nullptr;
+        for (int i = 0; i < item->childCount() && !next; ++i) {
+            if (StepTo(*FolderOf(item->child(i))) == path[left - 1])
+                next = item->child(i);
+        }
+        item = next;
+    }
+    return item;
 }
 
 void CProjView::Fill()
@@ -149,11 +182,12 @@ void CProjView::Fill()
     {
         const QScopedValueRollback filling(isFilling, true);
         setUpdatesEnabled(false);
-        TreeGoes();
+        Empty();
         Insert(invisibleRootItem(), document.root);
         setUpdatesEnabled(true);
     }
-    QTreeWidgetItem *const item = selected ? ItemOf(selected) : nullptr;
+    QTreeWidgetItem *const item = selected ? ItemOf(selected) : ItemAt(selectedPath);
+    selectedPath.clear();
     setCurrentItem(item ? item : topLevelItem(0));
     FitColumn();
 }

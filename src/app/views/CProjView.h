@@ -7,6 +7,9 @@
 
 #include <QTreeWidget>
 
+#include <span>
+#include <vector>
+
 /// Says whether a key leads out of a folder, to the one above it: Backspace and Alt+Up.
 [[nodiscard]] bool LeadsOut(const QKeyEvent &key);
 
@@ -24,6 +27,16 @@ public:
 
     [[nodiscard]] std::optional<CommandState> StateOf(int command) const override;
     void Run(int command) override;
+
+    /// What tells a folder from its siblings, also after it was loaded anew.
+    struct PathStep
+    {
+        quint32 kind;
+        qint32 index;
+        QString title; // of a layout
+
+        bool operator==(const PathStep &) const = default;
+    };
 
     /// The folder of a row.
     [[nodiscard]] static CResFolder *FolderOf(const QTreeWidgetItem *item);
@@ -50,6 +63,9 @@ protected:
 
 private:
     void Fill();
+    void Empty();
+    /// The row that a path from the selected folder up to the root leads to; null when there is none.
+    [[nodiscard]] QTreeWidgetItem *ItemAt(std::span<const PathStep> path) const;
     QTreeWidgetItem *Insert(QTreeWidgetItem *parent, CResFolder &folder);
     void SelectionChanged();
     void LabelEdited(QTreeWidgetItem *item);
@@ -65,5 +81,6 @@ private:
     IViewHost &host;
     CResFolder *contextFolder = nullptr;
     CResFolder *selectedFolder = nullptr;
+    std::vector<PathStep> selectedPath; // of what was selected when the folders went, without the root
     bool isFilling = false;
 };

@@ -18,6 +18,7 @@ NoticeText::NoticeText(QWidget *parent, int leastHeight) : QPlainTextEdit(parent
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setTabChangesFocus(true);
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    setLayoutDirection(Qt::LeftToRight); // as its words are
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     document()->setDocumentMargin(0);
