@@ -1,5 +1,6 @@
 #include "Commands.h"
 #include "OpeningReport.h"
+#include "ProjectSave.h"
 #include "RemoteCommand.h"
 
 namespace
@@ -24,6 +25,8 @@ public:
         const CommandRecord record{path};
         if (remote)
             return RunRemotely(session, COMMAND_SAVE, record);
+        if (strict && HasInterruptedSave(session.env, path))
+            return EXIT_FAILED;
         CResDoc *const document = session.OpenQuietly(path); // it has no lines in the report of a save
         if (!TellOfOpening(session, path, document, strict && document) || !document)
             return EXIT_FAILED;

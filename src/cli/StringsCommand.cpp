@@ -1,5 +1,6 @@
 #include "Commands.h"
 #include "OpeningReport.h"
+#include "ProjectSave.h"
 #include "Session.h"
 #include "Spreadsheet.h"
 #include "StringStats.h"
@@ -64,7 +65,10 @@ public:
     int Run(Session &session) override
     {
         const QString workbook = AbsolutePath(file); // an opening changes the current folder
-        CResDoc *document = session.OpenQuietly(AbsolutePath(project));
+        const QString path = AbsolutePath(project);
+        if (strict && HasInterruptedSave(session.env, path))
+            return EXIT_FAILED;
+        CResDoc *document = session.OpenQuietly(path);
         if (!document || (strict && !TellOfOpening(session, document->PathName(), document, true)))
             return EXIT_FAILED;
         session.handler.idleOutput = [&session](QStringView text) { session.report.Write(text); };

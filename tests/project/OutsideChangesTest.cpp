@@ -238,7 +238,9 @@ TEST(KeptFiles, EachWayToLeaveSomethingOutAtAnOpeningKeepsTheFilesOfBefore)
         const bool hasTable = way.list.contains(string) || way.list.startsWith("<FILE id=\"ID_F\">a.bin</FILE>");
         if (hasTable)
             project.folder.Put("demo/res/ref_list_demo.txt", table);
-        const QByteArray list = project.folder.Get("demo/res/demo.res.xml");
+        const bool isUtf8 = QByteArray(way.settings).contains("code_page"); // whatever the project's code page is
+        const QByteArray list = (isUtf8 ? "\xEF\xBB\xBF" : "") + project.folder.Get("demo/res/demo.res.xml");
+        project.folder.Put("demo/res/demo.res.xml", list);
         CResDoc *const doc = project.Open();
         ASSERT_NE(doc, nullptr);
         EXPECT_TRUE(doc->DoFileSave());

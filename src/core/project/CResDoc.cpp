@@ -166,10 +166,12 @@ void CResDoc::KeepWhatIsLeftOut()
     keepOnSave.Require(why + u'.');
 }
 
-void CResDoc::KeepUnread(const QString &path)
+void CResDoc::KeepUnread(const QStringList &paths)
 {
-    if (!path.isEmpty() && !stamps.Have(path) && PathExists(path))
-        keepOnSave.Require(QStringLiteral("%1 was not read when the project was opened.").arg(path));
+    for (const QString &path : paths) {
+        if (!stamps.Have(path) && PathExists(path))
+            keepOnSave.Require(QStringLiteral("%1 was not read when the project was opened.").arg(path));
+    }
 }
 
 bool CResDoc::KeepReplaced(const QStringList &files)

@@ -116,8 +116,9 @@ public:
 
     /// Takes the stamp of a file that is read next.
     void NoteFile(const QString &path) { stamps.Note(path); }
-    /// Has the save keep what it replaces, or puts into the trash, when that is a file that this document hasn't read.
-    void KeepUnread(const QString &path);
+    /// Has the save keep what it replaces, or puts into the trash, when one of these files wasn't read by this
+    /// document.
+    void KeepUnread(const QStringList &paths);
     /// Says whether there may be something in the files that the document doesn't have.
     [[nodiscard]] bool HasToKeep() const { return keepOnSave.IsRequired(); }
     /// Keeps copies of these files (absolute) before a save replaces them. False when that fails, which has been

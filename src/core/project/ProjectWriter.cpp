@@ -250,8 +250,7 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
             if (layouts.file->path.isEmpty() && PathExists(layouts.absolute))
                 refused = layouts.absolute; // there is no trash for it
         }
-        for (const QString &replaced : QStringList(writer.writtenStrings) + writer.obsolete)
-            doc.KeepUnread(replaced);
+        doc.KeepUnread(QStringList(writer.writtenStrings) + writer.obsolete);
         if (!refused && doc.HasToKeep() && !doc.KeepReplaced(files.Replaced() + writer.obsolete))
             refused = absolute;
         if (!refused)
