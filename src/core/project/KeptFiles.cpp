@@ -165,7 +165,8 @@ std::vector<KeptFiles::Entry> KeptFiles::Entries() const
         Entry entry{number, QFileInfo(list).lastModified(), {}};
         if (ReadFile(list, bytes) != 0)
             continue;
-        for (const QJsonValue &file : QJsonDocument::fromJson(bytes).object()[FILES].toArray())
+        const QJsonArray files = QJsonDocument::fromJson(bytes).object()[FILES].toArray();
+        for (const auto &file : files)
             entry.files.append(file.toString());
         if (!entry.files.isEmpty())
             entries.push_back(std::move(entry));
