@@ -2,6 +2,9 @@
 
 #include "Environment.h"
 #include "HostFiles.h"
+#include "OutputFile.h"
+
+#include <QTemporaryDir>
 
 #include <cstdlib>
 #include <fcntl.h>
@@ -21,13 +24,6 @@ public:
             std::abort();
     }
     [[nodiscard]] QString Path() const { return QString::fromLatin1("/proc/self/fd/%1").arg(file.Get()); }
-    [[nodiscard]] QByteArray Bytes() const
-    {
-        QByteArray bytes;
-        if (ReadFile(Path(), bytes) != 0)
-            std::abort();
-        return bytes;
-    }
 
 private:
     FileHandle file;
@@ -56,9 +52,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         return 0;
     AddResSection(elf, payload);
     Check(SetElfLayout(env, elf) == 0); // an input this small always fits
-    const MemoryFile target(input);
-    Check(WriteElf(env, elf, target.Path()) == 0);
-    const QByteArray grown = target.Bytes();
+    static const QTemporaryDir folder;
+    const QString target = folder.filePath(QStringLiteral("grown"));
+    OutputFile output(env);
+    Check(output.Begin(target.toUtf8(), {}) == 0 && WriteElf(env, elf, output, target.toUtf8()) == 0 &&
+          output.PutInPlace() == 0);
+    QByteArray grown;
+    Check(ReadFile(target, grown) == 0);
     Check(grown.size() == qsizetype(elf.PayloadOffset()) + payload.size() +
                               qsizetype(elf.sections.size()) * qsizetype(ElfImage::SECTION_HEADER_SIZE) +
                               elf.nameTable.size());
@@ -67,7 +67,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     Check(grown.mid(qsizetype(elf.PayloadOffset()), payload.size()) == payload);
     if (input.sliced(46, 2) != QByteArrayView("\x28\0", 2))
         return 0;
-    const int again = ReadElf(env, target.Path(), elf);
+    const int again = ReadElf(env, target, elf);
     Check(again == 0 || again == int(ElfCode::TooLarge)); // the table may be full now
     return 0;
 }
