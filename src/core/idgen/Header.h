@@ -2,7 +2,7 @@
 
 #include "IDPool.h"
 
-/// A generated header, for whoever writes it.
+/// A generated header and the places that it can be written to.
 struct GeneratedHeader
 {
     QString path; ///< where a save writes it

@@ -6,7 +6,7 @@ class Environment;
 
 /// Where a pack keeps the files that it makes for itself: converted pictures and the results of the layout converter.
 ///
-/// Without a folder of its own a picture lies beside its source, and the settings name the folder of the layouts. With
+/// Without a folder of its own a picture is beside its source, and the settings name the folder of the layouts. With
 /// one all of it goes there, so the sources may be read-only, and two packs of a project can run at the same time.
 class ScratchFolder
 {

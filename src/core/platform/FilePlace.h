@@ -4,13 +4,13 @@
 
 // Paths here are the host's, in bytes. A relative one counts from the current folder.
 
-/// The folder of a file: what stands before the last "/", which stays; "." without one.
+/// The folder of a file: its path up to the last "/", which is kept; "." when there is none.
 [[nodiscard]] QByteArray FolderOf(const QByteArray &path);
 
 /// The absolute path without links; empty where there is nothing.
 [[nodiscard]] QByteArray RealPath(const QByteArray &path);
 
-/// Says whether an absolute path without links lies below such a folder.
+/// Says whether an absolute path without links is below such a folder.
 [[nodiscard]] bool IsBelow(const QByteArray &path, const QByteArray &folder);
 
 /// What the symbolic links at the last name of `path` lead to, even when nothing is there yet.

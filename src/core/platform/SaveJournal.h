@@ -13,7 +13,7 @@ class Environment;
 /// The form is text: "Morvanite journal 1", a line with the process's number, a line for each file, and "end". A file's
 /// line has, between tabs: "needed" or "generated"; the N of its temporary file (TemporaryName); the size and the time
 /// of the last change of the file that it replaces, or "-"; its path with "%XX" for special bytes, which is relative
-/// to the project's folder where it lies in that.
+/// to the project's folder when it is below that.
 class SaveJournal
 {
 public:
