@@ -21,29 +21,31 @@ if(MORVANITE_FUZZ)
     target_link_options(morvanite_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# morvanite_core(pack USES platform model LIBS X::y): the folder src/core/pack as a library. A header is visible only to the
-# folders that name its folder in USES, so an include that runs upwards doesn't compile.
+# Links the named parts of ours, or libraries of the system, to a target.
+function(morvanite_link target visibility)
+    foreach(use ${ARGN})
+        if(TARGET morvanite_${use})
+            set(use morvanite_${use})
+        endif()
+        target_link_libraries(${target} ${visibility} ${use})
+    endforeach()
+endfunction()
+
+# morvanite_core(pack USES model platform WITHIN idgen X::y): the folder src/core/pack as a library.
+# USES names the libraries whose headers its own headers include, WITHIN those that only its sources include. A header is
+# visible only to who names its folder, so an include that runs upwards doesn't compile; scripts/check_tree.py compares
+# both lists with the includes.
 function(morvanite_core name)
-    cmake_parse_arguments(arg "" "" "USES;LIBS" ${ARGN})
+    cmake_parse_arguments(arg "" "" "USES;WITHIN" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
-    if(NOT sources)
-        return()
-    endif()
     add_library(morvanite_${name} STATIC ${sources})
     target_include_directories(morvanite_${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/${name})
-    list(TRANSFORM arg_USES PREPEND morvanite_)
-    target_link_libraries(morvanite_${name} PUBLIC ${arg_USES} ${arg_LIBS} PRIVATE morvanite_options)
+    morvanite_link(morvanite_${name} PUBLIC ${arg_USES})
+    morvanite_link(morvanite_${name} PRIVATE ${arg_WITHIN} options)
 endfunction()
 
 function(morvanite_uses target)
-    foreach(use ${ARGN})
-        if(TARGET morvanite_${use})
-            target_link_libraries(${target} PRIVATE morvanite_${use})
-        else()
-            target_link_libraries(${target} PRIVATE ${use})
-        endif()
-    endforeach()
-    target_link_libraries(${target} PRIVATE morvanite_options)
+    morvanite_link(${target} PRIVATE ${ARGN} options)
 endfunction()
 
 # morvanite_test(model SOURCES a.cpp USES model project): a GoogleTest program whose tests CTest lists one by one.
