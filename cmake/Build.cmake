@@ -31,15 +31,16 @@ function(morvanite_link target visibility)
     endforeach()
 endfunction()
 
-# morvanite_core(pack USES model platform WITHIN idgen X::y): the folder src/core/pack as a library.
+# morvanite_part(pack pack USES model platform WITHIN idgen X::y): a folder as the library morvanite_pack.
 # USES names the libraries whose headers its own headers include, WITHIN those that only its sources include. A header is
 # visible only to who names its folder, so an include that runs upwards doesn't compile; scripts/check_tree.py compares
 # both lists with the includes.
-function(morvanite_core name)
+function(morvanite_part name folder)
     cmake_parse_arguments(arg "" "" "USES;WITHIN" ${ARGN})
-    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
+    list(REMOVE_ITEM sources ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/main.cpp)
     add_library(morvanite_${name} STATIC ${sources})
-    target_include_directories(morvanite_${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/${name})
+    target_include_directories(morvanite_${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/${folder})
     morvanite_link(morvanite_${name} PUBLIC ${arg_USES})
     morvanite_link(morvanite_${name} PRIVATE ${arg_WITHIN} options)
 endfunction()

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QIcon>
-
 /// The program's pictures, drawn as vectors in a square of sixteen, sharp at any scale.
 enum class UiIcon
 {
@@ -28,7 +26,3 @@ enum class UiIcon
     Close,
     Application,
 };
-
-/// An icon that draws itself in the size and for the screen it is asked for, in colours that suit a light and a dark
-/// desktop.
-[[nodiscard]] QIcon MakeIcon(UiIcon icon);

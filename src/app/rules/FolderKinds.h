@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ResFolder.h"
-#include "UiIcons.h"
+#include "UiIcon.h"
 
 /// What stands right of the project tree.
 enum class Pane
