@@ -35,8 +35,50 @@ def function_lengths(lines):
             start = None
 
 
-def main():
+def parts_of_the_tree():
+    """folder -> (name, what its headers may include, what its sources may include) of each morvanite_part."""
+    parts = {}
+    for lists in tracked('src/*CMakeLists.txt'):
+        text = pathlib.Path(lists).read_text(encoding='utf-8')
+        for name, folder, rest in re.findall(r'^morvanite_part\((\S+) ([^\s)]+)([^)]*)\)', text, re.M):
+            uses, _, within = rest.partition('WITHIN')
+            uses, within = uses.split()[1:], within.split()
+            parts[str(pathlib.PurePath(lists).parent / folder)] = (name, uses, within)
+    return parts
+
+
+def include_breaches(headers):
+    """Includes that the lists of the parts don't have, entries of the lists that nothing includes, and names of headers
+    that are there twice: of these an include could find the wrong one."""
     breaches = []
+    folder_of = {}
+    for path in map(pathlib.PurePath, headers):
+        if path.name in folder_of:
+            breaches.append('%s: a header of that name is in %s too' % (path, folder_of[path.name]))
+        folder_of[path.name] = str(path.parent)
+    parts = parts_of_the_tree()
+    for folder, (name, uses, within) in parts.items():
+        included = {'.h': set(), '.cpp': set()}
+        for source in tracked(folder + '/*.h', folder + '/*.cpp'):
+            kind = pathlib.PurePath(source).suffix
+            for header in re.findall(r'^#include "([^"]+)"', pathlib.Path(source).read_text(encoding='utf-8'), re.M):
+                if header not in folder_of:
+                    breaches.append('%s: includes %s, which is no header of this tree' % (source, header))
+                elif folder_of[header] != folder:
+                    other = parts.get(folder_of[header], (folder_of[header],))[0]
+                    included[kind].add(other)
+                    if other not in uses and (kind == '.h' or other not in within):
+                        breaches.append('%s: includes %s of %s, which %s doesn\'t list' % (source, header, other, name))
+        known = {part[0] for part in parts.values()}
+        for other in known & set(uses) - included['.h']:
+            breaches.append('%s: no header of %s includes one of %s: USES is for those that do' % (folder, name, other))
+        for other in known & set(within) - included['.cpp']:
+            breaches.append('%s: no source of %s includes a header of %s' % (folder, name, other))
+    return breaches
+
+
+def main():
+    breaches = include_breaches(tracked('*.h'))
     sources = tracked('src/*.cpp', 'src/*.h', 'tools/*.cpp', 'tools/*.h', 'device/*.c', 'device/*.h', 'tests/*.cpp',
                       'tests/*.h', 'fuzz/*.cpp', 'fuzz/*.h', 'bench/*.c', 'bench/*.cpp', 'sample/src/*.c', 'sample/src/*.h')
     for name in sources:

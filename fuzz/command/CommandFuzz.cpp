@@ -1,7 +1,7 @@
 // A command as it arrives: 4 bytes of dwData, and the record. Runs the handler over a document that never opens, and
 // works out what would be packed; aborts when a command leaves anything behind or its report lacks its end.
 #include "CResoTable.h"
-#include "CommandHandler.h"
+#include "IdeCommandHandler.h"
 #include "PackRequest.h"
 
 #include <QtEndian>
@@ -80,7 +80,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 
     CDocManager documents([] { return std::make_unique<ClosedDocument>(env); });
     Report report;
-    CommandHandler handler(env, documents, report);
+    IdeCommandHandler handler(env, documents, report);
     Require(handler.Handle(id, record) == 1);
     Require(!report.open && documents.Documents().empty());
     Require(report.text.isEmpty() || report.text.contains(u" done\r\n"));

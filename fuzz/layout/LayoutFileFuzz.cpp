@@ -1,6 +1,6 @@
 // A layout file of any bytes: what it gives is saved, comes back the same, and takes typed objects.
 
-#include "../project/ScratchFolder.h"
+#include "../project/FuzzFolder.h"
 #include "CLayoutRes.h"
 #include "CatalogueFile.h"
 
@@ -72,7 +72,7 @@ void Edit(Environment &env, const LayoutFileRef &file, const ClassCatalogue &cat
 
 extern "C" int LLVMFuzzerTestOneInput(const quint8 *data, size_t size)
 {
-    static const ScratchFolder folder;
+    static const FuzzFolder folder;
     static const auto env = folder.Program({});
     static const ClassCatalogue catalogue = Classes(*env);
     const QByteArray bytes(reinterpret_cast<const char *>(data), qsizetype(size));

@@ -1,11 +1,11 @@
 // A project's configuration of any bytes: reading ends, in UTF-8 and in a code page of two bytes.
 
+#include "FuzzFolder.h"
 #include "ProjectConfig.h"
-#include "ScratchFolder.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const quint8 *data, size_t size)
 {
-    static const ScratchFolder folder;
+    static const FuzzFolder folder;
     static const auto utf8 = folder.Program("[Text]\ncode_page=utf-8\n");
     static const auto chinese = folder.Program("[Text]\ncode_page=936\n");
     folder.Put("config.xml", QByteArray(reinterpret_cast<const char *>(data), qsizetype(size)));

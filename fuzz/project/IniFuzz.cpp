@@ -1,8 +1,8 @@
 // Settings of any bytes: every reading ends, and a change of one key leaves the rest as it was.
 
+#include "FuzzFolder.h"
 #include "ProcessTables.h"
 #include "Profile.h"
-#include "ScratchFolder.h"
 
 using namespace Qt::StringLiterals;
 
@@ -23,7 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const quint8 *data, size_t size)
         again.String(u"Path", u"main_xml", u"(none)"_s) != before)
         std::abort();
 
-    static const ScratchFolder folder;
+    static const FuzzFolder folder;
     folder.Put("Morvanite.ini", bytes + "\n[Path]\nreso_set=Morvanite.ini\n");
     folder.Put("tuvik.ini", bytes);
     const Environment env(folder.Path(""));

@@ -1,8 +1,8 @@
 // The journal of an interrupted save, of any bytes: recovery ends, and touches no file outside the project, none that a
 // save doesn't write, and none that has no new content waiting beside it.
 
+#include "FuzzFolder.h"
 #include "ProjectSave.h"
-#include "ScratchFolder.h"
 
 namespace
 {
@@ -17,7 +17,7 @@ QByteArray ContentOf(const QString &path)
 
 extern "C" int LLVMFuzzerTestOneInput(const quint8 *data, size_t size)
 {
-    static const ScratchFolder folder;
+    static const FuzzFolder folder;
     static const std::unique_ptr<Environment> env = folder.Program({});
     folder.Put("demo/res/demo.res.xml", "list");
     folder.Put("demo/ResID/ResID.h", "old header");

@@ -1,9 +1,9 @@
 // A resource list of any bytes: it loads or it doesn't, and what has loaded can be saved and loads again.
 
 #include "CResDoc.h"
+#include "FuzzFolder.h"
 #include "HostFiles.h"
 #include "ProjectContext.h"
-#include "ScratchFolder.h"
 #include "Xml.h"
 
 /// The number of IDs that a load gives, or -1 where it fails or there are strings, whose file isn't there to be saved.
@@ -32,7 +32,7 @@ static int Load(Environment &env, const QString &path, bool save)
 
 extern "C" int LLVMFuzzerTestOneInput(const quint8 *data, size_t size)
 {
-    static const ScratchFolder folder;
+    static const FuzzFolder folder;
     static const auto env = folder.Program("[Path]\nreso_set=sizes.ini\n");
     folder.Put("bin/sizes.ini", "[Resolution]\n176x220\n240x320\n");
     folder.Put("demo/config.xml", "<c><zxa><zepversion>20</zepversion></zxa></c>");

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CommandHandler.h"
 #include "Environment.h"
+#include "IdeCommandHandler.h"
 #include "StandardOutput.h"
 
 /// What every command of morvanite-cli works with: one process's environment, its documents and the command handler,
@@ -18,7 +18,7 @@ public:
     CFrameServices services;
     CDocManager documents;
     StandardOutput report;
-    CommandHandler handler;
+    IdeCommandHandler handler;
     /// The file of the developer's log; not open when that goes nowhere or to standard error.
     FileHandle debugLog;
 

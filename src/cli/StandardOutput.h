@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CommandHandler.h"
+#include "IdeCommandHandler.h"
 
 /// A report on a stream of the process, as UTF-8. What a closed one can't take is dropped quietly.
 class StandardOutput final : public IReportPipe

@@ -20,7 +20,7 @@ TEST(Arrange, CascadeLeavesTheTitleBarsOfAllProjectsInSight)
     const int height = window.Frame().style()->pixelMetric(QStyle::PM_TitleBarHeight);
     for (const QSize &size : {QSize(700, 600), QSize(500, 450)}) {
         window.Frame().resize(size);
-        window.Frame().RunCommand(CMD_CASCADE);
+        window.Frame().RunAction(ACTION_CASCADE);
         window.Settle();
         const QList<QMdiSubWindow *> windows = area->subWindowList(QMdiArea::StackingOrder);
         ASSERT_EQ(windows.size(), 26);
@@ -39,11 +39,11 @@ TEST(Arrange, TheFocusStaysWhereItIs)
 {
     TestWindow window;
     window.Start({window.Project()});
-    for (const int command : {CMD_TILE, CMD_CASCADE}) {
+    for (const ActionId id : {ACTION_TILE, ACTION_CASCADE}) {
         window.Child().showMaximized();
         window.Tree().setFocus();
         window.Settle();
-        window.Frame().RunCommand(command);
+        window.Frame().RunAction(id);
         window.Settle();
         EXPECT_EQ(QApplication::focusWidget(), &window.Tree());
     }
@@ -75,7 +75,7 @@ TEST(Arrange, TheButtonsOfEveryTitleBarAreSeenOnADarkDesktop)
     window.Start({window.Project(), window.Project("other")});
     QPalette dark(QColor(0x2B, 0x2B, 0x2B));
     window.Frame().setPalette(dark);
-    window.Frame().RunCommand(CMD_TILE);
+    window.Frame().RunAction(ACTION_TILE);
     window.Settle();
     for (QMdiSubWindow *child : window.Frame().findChild<QMdiArea *>()->subWindowList()) {
         const QImage bar = child->grab(QRect(child->width() - 70, 4, 66, 18)).toImage();

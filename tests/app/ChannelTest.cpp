@@ -1,5 +1,5 @@
-#include "CommandClient.h"
 #include "CommandRecord.h"
+#include "IdeCommandClient.h"
 #include "LocalSocket.h"
 #include "RuntimeFolder.h"
 #include "SingleInstance.h"
@@ -21,7 +21,7 @@ std::string Send(quint32 command, const QByteArray &record)
     QString report, error;
     std::atomic<bool> isOver = false;
     std::thread ide([&] {
-        (void)CommandClient::Run(
+        (void)IdeCommandClient::Run(
             command, record, [&](QStringView text) { report += text; }, error);
         isOver = true;
     });
@@ -43,22 +43,23 @@ TEST(Channel, AnIdesCommandsRunInTheWindowWithoutBoxesAndWithNothingInThePane)
     TestWindow window;
     window.MakeProject("bad", "<APP>");
     window.Start();
-    EXPECT_THAT(Send(COMMAND_LOAD, RecordOf(window.Project())), testing::EndsWith("\r\n\r\nload done\r\n"));
+    EXPECT_THAT(Send(IDE_COMMAND_LOAD, RecordOf(window.Project())), testing::EndsWith("\r\n\r\nload done\r\n"));
     ASSERT_NE(window.Frame().ActiveChild(), nullptr);
     EXPECT_EQ(window.OutputText(), "");
     window.MakeProject("other", "<APP/>");
-    Send(COMMAND_LOAD, RecordOf(window.Project("other")));
-    Send(COMMAND_LOAD, RecordOf(window.Project()));
+    Send(IDE_COMMAND_LOAD, RecordOf(window.Project("other")));
+    Send(IDE_COMMAND_LOAD, RecordOf(window.Project()));
     EXPECT_EQ(window.Document().PathName(), window.Project()) << "the open one comes to the front";
     window.Document().SetModifiedFlag(true);
-    EXPECT_THAT(Send(COMMAND_SAVE, RecordOf(window.Project())), testing::EndsWith("\r\n\r\nsave done\r\n"));
+    EXPECT_THAT(Send(IDE_COMMAND_SAVE, RecordOf(window.Project())), testing::EndsWith("\r\n\r\nsave done\r\n"));
     EXPECT_FALSE(window.Document().IsModified());
-    EXPECT_THAT(Send(COMMAND_LOAD, RecordOf(window.Project("bad"))), testing::EndsWith("\r\n### error 110 ###\r\n"));
+    EXPECT_THAT(Send(IDE_COMMAND_LOAD, RecordOf(window.Project("bad"))),
+                testing::EndsWith("\r\n### error 110 ###\r\n"));
     EXPECT_EQ(window.boxes, QStringList());
     EXPECT_EQ(window.Frame().statusBar()->currentMessage(), QString());
 
     {
-        const CMainFrame::Busy busy(window.Frame(), COMMAND_PACK);
+        const CMainFrame::Busy busy(window.Frame(), IDE_COMMAND_PACK);
         EXPECT_TRUE(window.Frame().statusBar()->currentMessage().contains(u"packing"_s));
         EXPECT_FALSE(window.Frame().close()) << "not while a command runs";
         EXPECT_FALSE(window.Child().close());
@@ -78,7 +79,7 @@ TEST(Channel, ACommandEndsWhatTheUserIsInTheMiddleOf)
     window.Start({window.Project()});
     QTimer::singleShot(0, [&] {
         ASSERT_NE(QApplication::activePopupWidget(), nullptr);
-        Send(COMMAND_LOAD, RecordOf(window.Project("other")));
+        Send(IDE_COMMAND_LOAD, RecordOf(window.Project("other")));
     });
     QContextMenuEvent click(QContextMenuEvent::Mouse, QPoint(9, 9),
                             window.Tree().viewport()->mapToGlobal(QPoint(9, 9)));
@@ -86,19 +87,19 @@ TEST(Channel, ACommandEndsWhatTheUserIsInTheMiddleOf)
     EXPECT_EQ(window.Document().PathName(), window.Project("other"));
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 
-    Send(COMMAND_LOAD, RecordOf(window.Project()));
+    Send(IDE_COMMAND_LOAD, RecordOf(window.Project()));
     window.Frame().activateWindow();
     window.Tree().setFocus();
     window.Settle();
     window.Tree().setCurrentItem(window.Row(u"Layouts"_s)->child(0));
-    window.Frame().RunCommand(CMD_NEW_LAYOUT);
+    window.Frame().RunAction(ACTION_NEW_LAYOUT);
     window.Tree().findChild<QLineEdit *>()->setText(u"1 bad"_s);
     QTimer boxes;
     QObject::connect(&boxes, &QTimer::timeout,
                      [&] { EXPECT_TRUE(!QApplication::activeModalWidget() || !window.Frame().Turn().IsOn()); });
     boxes.start(1);
     window.Answer({QMessageBox::Ok});
-    Send(COMMAND_LOAD, RecordOf(window.Project("other")));
+    Send(IDE_COMMAND_LOAD, RecordOf(window.Project("other")));
     EXPECT_TRUE(TestWindow::WaitFor([&] { return !window.boxes.isEmpty(); }));
     EXPECT_EQ(window.boxes, QStringList(u"The ID is invalid."_s)) << "once the command is over";
 }
@@ -111,7 +112,7 @@ TEST(Channel, ACommandThatClosesAMenuGivesTheKeyboardBack)
     window.Tree().setFocus();
     QTest::keyClick(&window.Frame(), Qt::Key_F, Qt::AltModifier);
     ASSERT_NE(QApplication::activePopupWidget(), nullptr);
-    Send(COMMAND_SAVE, RecordOf(window.Project()));
+    Send(IDE_COMMAND_SAVE, RecordOf(window.Project()));
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
     EXPECT_EQ(QApplication::focusWidget(), &window.Tree());
     window.Document().SetModifiedFlag(true);
@@ -144,7 +145,7 @@ TEST(Channel, ACommandWaitsWhileABoxIsOpenButASecondStartDoesNot)
     QString error;
     std::thread others([&] {
         isShown = ShowFirstInstance(5000, error) == FirstInstance::Shown;
-        (void)CommandClient::Run(COMMAND_LOAD, RecordOf(window.Project()), {}, error);
+        (void)IdeCommandClient::Run(IDE_COMMAND_LOAD, RecordOf(window.Project()), {}, error);
         isOver = true;
     });
     QTimer::singleShot(400, [&] {

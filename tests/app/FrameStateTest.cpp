@@ -58,7 +58,7 @@ TEST(FrameState, TheWindowComesBackWhereItWas)
     const QMargins frame = window.Frame().windowHandle()->frameMargins();
     EXPECT_FALSE(frame.isNull());
     window.Frame().OutputBar().hide();
-    window.Frame().RunCommand(CMD_STATUS_BAR);
+    window.Frame().RunAction(ACTION_STATUS_BAR);
     window.Frame().close();
     const Settings settings(window.folder.Path("bin/Morvanite.ini"), QString());
     EXPECT_EQ(settings.String("Frame", "position"), PositionText(QRect(30, 40, 700, 500).marginsAdded(frame)));
@@ -102,11 +102,11 @@ TEST(FrameState, TheToolboxIsToggledWhileALayoutIsShownAndRemembered)
 {
     TestWindow window;
     window.Start({window.Project()});
-    window.Frame().RunCommand(CMD_TOOLBOX);
+    window.Frame().RunAction(ACTION_TOOLBOX);
     window.Child().layoutMode = 1;
     EXPECT_TRUE(window.Frame().ToolboxBar().isHidden());
     for (const bool isHidden : {true, false, true}) { // it counts as shown at first
-        window.Frame().RunCommand(CMD_TOOLBOX);
+        window.Frame().RunAction(ACTION_TOOLBOX);
         EXPECT_EQ(window.Frame().ToolboxBar().isHidden(), isHidden);
     }
     window.Frame().close();

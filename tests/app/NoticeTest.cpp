@@ -82,7 +82,7 @@ TEST(NoticeBar, ComesWithTheWindowOfAProjectThatIsBeingLoadedAndOnlyThere)
     };
     ASSERT_TRUE(window.Frame().OpenProject(window.Project()));
     EXPECT_EQ(window.Child().Notice().Texts().Unread(), QStringList(u"while it loads"_s));
-    window.Frame().RunCommand(CMD_CLOSE);
+    window.Frame().RunAction(ACTION_CLOSE);
     window.Settle();
     EXPECT_THAT(window.OutputText(), testing::HasSubstr("while it loads\n")) << "nobody has read it yet";
     EXPECT_FALSE(window.Child().Notice().isVisible()) << "it isn't the other project's";
@@ -90,7 +90,7 @@ TEST(NoticeBar, ComesWithTheWindowOfAProjectThatIsBeingLoadedAndOnlyThere)
     const CResDoc &other = window.Document();
     window.app->Documents().opened = opened;
     {
-        const CMainFrame::Busy busy(window.Frame(), COMMAND_SAVE);
+        const CMainFrame::Busy busy(window.Frame(), IDE_COMMAND_SAVE);
         window.Frame().Notify(other, u"a command's"_s);
         EXPECT_TRUE(window.Child().Notice().isVisible()) << "it waits for nobody";
     }
@@ -108,7 +108,7 @@ TEST(NoticeBar, WhatASaveTellsWhileItsWindowGoesIsInABoxAndOnStandardError)
     changeOutside();
     window.Frame().OutputBar().hide(); // which would have it otherwise
     window.Answer({QMessageBox::Yes, QMessageBox::Ok});
-    window.Frame().RunCommand(CMD_CLOSE);
+    window.Frame().RunAction(ACTION_CLOSE);
     EXPECT_TRUE(TestWindow::WaitFor([&window] { return window.boxes.size() == 2; }));
     EXPECT_TRUE(window.boxes.value(1).contains(u"/state/morvanite/kept/demo-"_s));
 

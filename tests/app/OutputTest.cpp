@@ -26,15 +26,15 @@ TEST(InfoPane, FollowsTheEndUnlessTheUserIsElsewhere)
     pane.setTextCursor(selection);
     append(u" more\r\n"_s);
     EXPECT_EQ(pane.textCursor().selectedText(), selection.selectedText());
-    pane.Run(CMD_SELECT_ALL); // the selection ends where the text does, and stays what it is
+    pane.Run(ACTION_SELECT_ALL); // the selection ends where the text does, and stays what it is
     const qsizetype selected = pane.textCursor().selectedText().size();
     append(u"x"_s);
     EXPECT_EQ(pane.textCursor().selectedText().size(), selected);
-    pane.Run(CMD_COPY);
+    pane.Run(ACTION_COPY);
     EXPECT_TRUE(QApplication::clipboard()->text().startsWith(u"line 0\nline 1\n"_s));
-    pane.Run(CMD_CLEAR_OUTPUT);
-    EXPECT_TRUE(pane.toPlainText().isEmpty() && !pane.StateOf(CMD_SELECT_ALL)->enabled &&
-                !pane.StateOf(CMD_COPY)->enabled && !pane.StateOf(CMD_SAVE));
+    pane.Run(ACTION_CLEAR_OUTPUT);
+    EXPECT_TRUE(pane.toPlainText().isEmpty() && !pane.StateOf(ACTION_SELECT_ALL)->enabled &&
+                !pane.StateOf(ACTION_COPY)->enabled && !pane.StateOf(ACTION_SAVE));
     append(u"new"_s);
     EXPECT_TRUE(pane.textCursor().atEnd()) << "an empty pane is followed again";
 }
@@ -55,7 +55,7 @@ TEST(InfoPane, ShowsAFloodPieceByPieceInItsOrder)
     EXPECT_TRUE(TestWindow::WaitFor([&] { return pane.toPlainText().size() >= all.size(); }));
     EXPECT_EQ(pane.toPlainText(), all);
     pane.Append(u"late\r\n");
-    pane.Run(CMD_CLEAR_OUTPUT); // nothing comes after it
+    pane.Run(ACTION_CLEAR_OUTPUT); // nothing comes after it
     TestWindow::Settle();
     EXPECT_TRUE(pane.toPlainText().isEmpty());
 }
@@ -81,7 +81,7 @@ TEST(InfoPane, TheMenuKeyOpensTheMenuInsideThePane)
     for (const bool isAllSelected : {true, false}) { // which begins above the pane
         pane.GoToEnd();
         if (isAllSelected)
-            pane.Run(CMD_SELECT_ALL);
+            pane.Run(ACTION_SELECT_ALL);
         QTimer::singleShot(0, [&pane] {
             QWidget *const menu = QApplication::activePopupWidget();
             EXPECT_TRUE(pane.viewport()->rect().contains(pane.viewport()->mapFromGlobal(menu->pos())));
@@ -118,9 +118,9 @@ TEST(MainFrame, WhatIsWrittenWhileTheOutputIsHiddenIsDropped)
     TestWindow window;
     window.Start();
     window.Frame().WriteOutput(u"seen\r\n");
-    window.Frame().RunCommand(CMD_OUTPUT);
+    window.Frame().RunAction(ACTION_OUTPUT);
     window.Frame().WriteOutput(u"not seen\r\n");
-    window.Frame().RunCommand(CMD_OUTPUT);
+    window.Frame().RunAction(ACTION_OUTPUT);
     EXPECT_EQ(window.OutputText(), "seen\n");
     EXPECT_TRUE(window.Frame().Output().textCursor().atEnd());
 }

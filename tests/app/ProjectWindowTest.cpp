@@ -80,16 +80,16 @@ TEST(ProjectWindow, ClearAsksAndMarksTheProjectUntilItIsSaved)
     EXPECT_FALSE(window.Frame().isWindowModified());
     window.Tree().SetContextFolder(CProjView::FolderOf(window.Row(u"Images"_s)));
     window.Answer({QMessageBox::No, QMessageBox::Yes});
-    window.Frame().RunCommand(CMD_CLEAR);
+    window.Frame().RunAction(ACTION_CLEAR);
     EXPECT_FALSE(window.Document().IsModified());
     EXPECT_TRUE(window.Document().IsIdInUse(u"ID_IMAGE"_s));
-    window.Frame().RunCommand(CMD_CLEAR); // of the selected folder: the context menu's is used up
+    window.Frame().RunAction(ACTION_CLEAR); // of the selected folder: the context menu's is used up
     EXPECT_EQ(window.boxes, QStringList({u"All resources of \"Images\" will be deleted. Continue?"_s,
                                          u"All resources of \"demo\" will be deleted. Continue?"_s}));
     EXPECT_FALSE(window.Document().IsIdInUse(u"ID_IMAGE"_s));
     window.Settle();
     EXPECT_TRUE(window.Frame().isWindowModified());
-    window.Frame().RunCommand(CMD_TILE);
+    window.Frame().RunAction(ACTION_TILE);
     window.Settle();
     EXPECT_EQ(window.Frame().windowTitle(), u"Morvanite - demo[*]"_s);
     EXPECT_TRUE(window.Frame().isWindowModified());
@@ -102,7 +102,7 @@ TEST(ProjectWindow, ClearAsksAndMarksTheProjectUntilItIsSaved)
     window.Child().showMaximized();
     window.Settle();
     EXPECT_EQ(window.Frame().windowTitle(), u"Morvanite - [demo[*]]"_s);
-    window.Frame().RunCommand(CMD_CLOSE);
+    window.Frame().RunAction(ACTION_CLOSE);
     window.Settle();
     EXPECT_EQ(window.Frame().windowTitle(), u"Morvanite"_s);
     EXPECT_FALSE(window.folder.Get("demo/res/demo.res.xml").contains("ID_IMAGE"));
@@ -157,9 +157,9 @@ TEST(ProjectWindow, AProjectThatDoesNotOpenLeavesTheWindowAsItWasAndSaysWhy)
     ASSERT_TRUE(QFile::link(window.Project(), window.folder.Path("copy/demo.vcproj")));
     EXPECT_TRUE(window.Frame().OpenProject(window.folder.Path("copy/demo.vcproj")));
     EXPECT_EQ(window.app->Documents().Documents().size(), 2U) << "a project is where its folder is";
-    window.Frame().RunCommand(CMD_CLOSE);
+    window.Frame().RunAction(ACTION_CLOSE);
 
-    window.Frame().RunCommand(CMD_OUTPUT);
+    window.Frame().RunAction(ACTION_OUTPUT);
     window.Answer({QMessageBox::Ok});
     EXPECT_FALSE(window.Frame().OpenProject(window.Project("bad")));
     EXPECT_TRUE(window.boxes.last().contains(u"invalid resource format"_s)) << "there is no pane to tell it";
@@ -207,7 +207,7 @@ TEST(ProjectWindow, DroppedProjectsOpenAndOtherFilesAreRefused)
         windows[0]->trigger();
     }
     EXPECT_EQ(window.Document().PathName(), window.Project());
-    window.Frame().RunCommand(CMD_CLOSE);
+    window.Frame().RunAction(ACTION_CLOSE);
     window.Settle();
     EXPECT_TRUE(window.Child().isMaximized()) << "as the closed one was";
 }
@@ -240,7 +240,7 @@ TEST(ProjectWindow, IsReachedByTheKeyboard)
                            [](const QAction *entry) { return entry->text() == u"&Copy"_s && entry->isEnabled(); });
     };
     window.Frame().Output().setFocus();
-    window.Frame().RunCommand(CMD_SELECT_ALL);
+    window.Frame().RunAction(ACTION_SELECT_ALL);
     QTest::keyClick(&window.Frame(), Qt::Key_E, Qt::AltModifier);
     EXPECT_TRUE(QApplication::activePopupWidget() && isCopyOn()) << "of what gets the focus back";
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
@@ -253,7 +253,7 @@ TEST(ProjectWindow, IsReachedByTheKeyboard)
         window.Child().setLayoutDirection(direction);
         window.Frame().activateWindow();
         window.Settle();
-        window.Frame().RunCommand(CMD_SPLIT);
+        window.Frame().RunAction(ACTION_SPLIT);
         const bool isMirrored = direction == Qt::RightToLeft;
         QTest::keyClick(QApplication::focusWidget(), isMirrored ? Qt::Key_Left : Qt::Key_Right);
         EXPECT_EQ(window.Tree().width(), before + 16);
@@ -282,7 +282,7 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
     QTreeWidgetItem *const layouts = window.Row(u"Layouts"_s);
     ASSERT_NE(layouts, nullptr);
     window.Tree().setCurrentItem(layouts->child(0));
-    window.Frame().RunCommand(CMD_NEW_LAYOUT);
+    window.Frame().RunAction(ACTION_NEW_LAYOUT);
     QLineEdit *const edit = window.Tree().findChild<QLineEdit *>();
     ASSERT_NE(edit, nullptr);
     edit->selectAll();
@@ -291,18 +291,18 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
     edit->setFocus(Qt::MenuBarFocusReason);
     EXPECT_TRUE(edit->isVisible()) << "a menu ends no editing";
     window.Frame().menuBar()->setFocus(Qt::MenuBarFocusReason);
-    window.Frame().RunCommand(CMD_OUTPUT);
+    window.Frame().RunAction(ACTION_OUTPUT);
     window.Settle();
     EXPECT_EQ(Shown(layouts->child(0)), "240x320\n  ID_START\n");
     EXPECT_TRUE(window.Document().IsModified());
     window.Document().SetModifiedFlag(false);
-    window.Frame().RunCommand(CMD_RENAME);
+    window.Frame().RunAction(ACTION_RENAME);
     window.Tree().findChild<QLineEdit *>()->setText(u"id_second"_s);
     window.Answer({QMessageBox::Cancel});
     EXPECT_FALSE(window.Frame().close()) << "what is being typed counts";
     window.Frame().activateWindow();
     window.Settle();
-    window.Frame().RunCommand(CMD_RENAME);
+    window.Frame().RunAction(ACTION_RENAME);
     QLineEdit *const again = window.Tree().findChild<QLineEdit *>();
     ASSERT_NE(again, nullptr);
     again->setText(u"id_image"_s);
@@ -320,7 +320,7 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
     look.stop();
     window.Frame().activateWindow();
     window.Settle();
-    window.Frame().RunCommand(CMD_RENAME);
+    window.Frame().RunAction(ACTION_RENAME);
     window.Tree().findChild<QLineEdit *>()->setText(u"id_image"_s);
     EXPECT_FALSE(window.Frame().close()) << "nobody ends who has just been told to correct something";
     window.Settle();
@@ -334,9 +334,9 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
     EXPECT_EQ(RowsOf(list), "ID_MAIN");
     list.item(0)->setText(u"id_start"_s);
     window.Tree().SetContextFolder(CProjView::FolderOf(layouts->child(0)->child(0)));
-    EXPECT_TRUE(window.Tree().StateOf(CMD_RENAME)->enabled);
-    window.Frame().RunCommand(CMD_SAVE);
-    EXPECT_FALSE(window.Tree().StateOf(CMD_RENAME)->enabled) << "a command has run since that folder's menu";
+    EXPECT_TRUE(window.Tree().StateOf(ACTION_RENAME)->enabled);
+    window.Frame().RunAction(ACTION_SAVE);
+    EXPECT_FALSE(window.Tree().StateOf(ACTION_RENAME)->enabled) << "an action has run since that folder's menu";
     window.Tree().setCurrentItem(layouts->child(0)->child(0));
     EXPECT_TRUE(window.folder.Get("demo/res/layout_demo_240x320.xml").contains("ID_START"));
 

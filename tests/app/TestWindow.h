@@ -1,9 +1,9 @@
 #pragma once
 
+#include "Actions.h"
 #include "CInfoPane.h"
 #include "CMorvaniteApp.h"
 #include "CSizingControlBar.h"
-#include "Commands.h"
 #include "TempFolder.h"
 
 #include <QAbstractButton>

@@ -40,7 +40,7 @@ void AddFiles(TestWindow &window, CResFolder &folder, int number)
 
 } // namespace
 
-TEST(ProjectTree, AMenuThatIsClosedWithoutACommandLeavesNothingBehind)
+TEST(ProjectTree, AMenuThatIsClosedWithoutAnActionLeavesNothingBehind)
 {
     TestWindow window;
     window.folder.Put("bin/Morvanite.ini", WITH_LAYOUTS);
@@ -61,15 +61,15 @@ TEST(ProjectTree, AMenuThatIsClosedWithoutACommandLeavesNothingBehind)
             QTest::keyClick(menu, key);
         });
         window.Tree().OpenContextMenu(window.Row(otherName), QPoint(9, 9));
-        EXPECT_EQ(tip, TipOf(CMD_DELETE));
+        EXPECT_EQ(tip, TipOf(ACTION_DELETE));
         EXPECT_EQ(window.Frame().statusBar()->currentMessage(), QString());
     };
     window.Answer({QMessageBox::Yes, QMessageBox::Yes});
     chooseInMenu(Qt::Key_Escape);
-    window.Frame().RunCommand(CMD_DELETE);
+    window.Frame().RunAction(ACTION_DELETE);
     EXPECT_TRUE(window.Row(otherName) && !window.Row(selectedName)) << "Delete is for what is selected";
     chooseInMenu(Qt::Key_Return);
-    EXPECT_FALSE(window.Row(otherName)) << "a command of the menu is for the menu's folder";
+    EXPECT_FALSE(window.Row(otherName)) << "an action of the menu is for the menu's folder";
 }
 
 TEST(ProjectTree, CopyKeysLeaveTheClipboardAloneWhereCopyIsDisabled)
@@ -154,7 +154,7 @@ TEST(MainFrame, PaintsItsWholeTextWhenTheLastProjectIsClosed)
     window.Child().showNormal();
     window.Child().setGeometry(0, 0, before.width() / 2, before.height());
     EXPECT_NE(onScreen(), before);
-    window.Frame().RunCommand(CMD_CLOSE);
+    window.Frame().RunAction(ACTION_CLOSE);
     EXPECT_EQ(onScreen(), before);
 }
 
@@ -265,7 +265,7 @@ TEST(Contents, RenameAndDeleteLayoutsAndKeysOfALabelDoNotLeadOut)
             Contents(window).setCurrentRow(0);
         const CResFolder *const before = window.Tree().SelectedFolder();
         view->setFocus();
-        window.Frame().RunCommand(CMD_RENAME);
+        window.Frame().RunAction(ACTION_RENAME);
         auto *const edit = view->findChild<QLineEdit *>();
         ASSERT_NE(edit, nullptr);
         QTest::keyClick(edit, Qt::Key_Backspace);
@@ -276,10 +276,10 @@ TEST(Contents, RenameAndDeleteLayoutsAndKeysOfALabelDoNotLeadOut)
     }
     window.Tree().SelectFolder(&screen);
     Contents(window).setFocus();
-    EXPECT_FALSE(window.Frame().IsEnabled(CMD_DELETE)) << "no row is selected";
+    EXPECT_FALSE(window.Frame().IsEnabled(ACTION_DELETE)) << "no row is selected";
     Contents(window).setCurrentRow(0);
     window.Answer({QMessageBox::Yes});
-    window.Frame().RunCommand(CMD_DELETE);
+    window.Frame().RunAction(ACTION_DELETE);
     EXPECT_TRUE(screen.subfolders.empty());
     EXPECT_EQ(Contents(window).count(), 0);
 }
@@ -308,7 +308,7 @@ TEST(StatusBar, ShowsTheActiveProjectAndFollowsItsChanges)
     EXPECT_EQ(status.toolTip(), window.Project(LONG_NAME) + u"\nno resources"_s) << "a path without room";
     for (int i = 0; i < 2; ++i) {
         window.Document().SetModifiedFlag(false);
-        window.Frame().RunCommand(CMD_CLOSE);
+        window.Frame().RunAction(ACTION_CLOSE);
         window.Settle();
     }
     EXPECT_EQ(status.Path() + status.Summary() + status.toolTip(), QString());
@@ -318,7 +318,7 @@ TEST(StatusBar, TellsInASentenceWhatAnEntryDoesWhileItIsHighlighted)
 {
     for (const Menu &menu : MenuBar(/*hasDocument=*/true)) {
         for (const MenuEntry &entry : menu.entries)
-            EXPECT_TRUE(entry.command == 0 || TipOf(entry.command).endsWith(u'.')) << entry.text;
+            EXPECT_TRUE(entry.id == 0 || TipOf(entry.id).endsWith(u'.')) << entry.text;
     }
     TestWindow window;
     window.Start({window.Project()});
@@ -326,10 +326,10 @@ TEST(StatusBar, TellsInASentenceWhatAnEntryDoesWhileItIsHighlighted)
     file->popup(QPoint(9, 9));
     file->setActiveAction(file->actions()[2]);
     const QStatusBar &bar = *window.Frame().statusBar();
-    EXPECT_EQ(bar.currentMessage(), TipOf(CMD_SAVE));
+    EXPECT_EQ(bar.currentMessage(), TipOf(ACTION_SAVE));
     EXPECT_FALSE(window.Frame().Status().isVisible());
     {
-        const CMainFrame::Busy busy(window.Frame(), COMMAND_PACK);
+        const CMainFrame::Busy busy(window.Frame(), IDE_COMMAND_PACK);
         file->setActiveAction(file->actions()[1]);
         file->close();
         EXPECT_TRUE(bar.currentMessage().contains(u"packing"_s)) << qPrintable(bar.currentMessage());
@@ -350,5 +350,5 @@ TEST(StatusBar, TellsInASentenceWhatAnEntryDoesWhileItIsHighlighted)
     });
     QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(), QPoint());
     QApplication::sendEvent(window.Frame().Output().viewport(), &key);
-    EXPECT_EQ(tip.toStdString() + bar.currentMessage().toStdString(), TipOf(CMD_CLEAR_OUTPUT).toStdString());
+    EXPECT_EQ(tip.toStdString() + bar.currentMessage().toStdString(), TipOf(ACTION_CLEAR_OUTPUT).toStdString());
 }

@@ -93,11 +93,11 @@ void TakeAll(TestWindow &window, const QString &folder, const QString &sample)
     (void)window.Frame().OpenProject(window.Project("ساعة الطقس"));
     Take(window, folder, "arabic");
     (void)window.Frame().OpenProject(sample); // its window comes to the front, and its path into the status bar
-    window.Frame().RunCommand(CMD_TILE);
+    window.Frame().RunAction(ACTION_TILE);
     Take(window, folder, "tiled");
-    window.Frame().RunCommand(CMD_CASCADE);
+    window.Frame().RunAction(ACTION_CASCADE);
     Take(window, folder, "cascaded");
-    const CMainFrame::Busy busy(window.Frame(), COMMAND_PACK);
+    const CMainFrame::Busy busy(window.Frame(), IDE_COMMAND_PACK);
     Take(window, folder, "busy");
 }
 

@@ -1,6 +1,6 @@
 #include "BmpHeader.h"
 
-#include "ByteReader.h"
+#include "PictureBytes.h"
 
 #include <algorithm>
 #include <bit>
@@ -45,13 +45,13 @@ struct Layout
     std::uint64_t paletteAt = 0;
 };
 
-Outcome EndsTooSoon(const ByteReader &file, const char *part)
+Outcome EndsTooSoon(const PictureBytes &file, const char *part)
 {
     return Outcome::Failed("broken bmp: %llu bytes, which end before its %s",
                            static_cast<unsigned long long>(file.Size()), part);
 }
 
-Outcome ReadSizes(const ByteReader &file, Layout &layout, BmpHeader &header)
+Outcome ReadSizes(const PictureBytes &file, Layout &layout, BmpHeader &header)
 {
     const auto pixelsAt = file.U32(10);
     const auto infoSize = file.U32(infoAt);
@@ -119,7 +119,7 @@ bool SetChannel(std::uint32_t mask, BmpChannel &channel)
 }
 
 /// The masks stand behind a header of 40 bytes, and at the same place within a longer one.
-Outcome ReadMasks(const ByteReader &file, Layout &layout, BmpHeader &header)
+Outcome ReadMasks(const PictureBytes &file, Layout &layout, BmpHeader &header)
 {
     std::uint32_t masks[4] = {0x7C00, 0x03E0, 0x001F, 0};
     if (header.bitsPerPixel == 32) {
@@ -146,7 +146,7 @@ Outcome ReadMasks(const ByteReader &file, Layout &layout, BmpHeader &header)
 }
 
 /// Whether all pixels fit into the file behind byte `at`.
-bool HasRoomForPixels(const ByteReader &file, const Layout &layout, const BmpHeader &header, std::uint64_t at)
+bool HasRoomForPixels(const PictureBytes &file, const Layout &layout, const BmpHeader &header, std::uint64_t at)
 {
     if (at > file.Size())
         return false;
@@ -159,7 +159,7 @@ bool HasRoomForPixels(const ByteReader &file, const Layout &layout, const BmpHea
 
 /// A palette that ends behind the first pixel has either fewer colours than the header says, or the offset of the
 /// pixels is wrong. It is the offset where the file is long enough for the whole palette and the pixels behind it.
-Outcome ReadPalette(const ByteReader &file, const Layout &layout, BmpHeader &header)
+Outcome ReadPalette(const PictureBytes &file, const Layout &layout, BmpHeader &header)
 {
     const bool isIndexed = header.bitsPerPixel <= 8;
     const std::uint64_t all = isIndexed ? 1U << header.bitsPerPixel : 0;
@@ -193,7 +193,7 @@ Outcome ReadPalette(const ByteReader &file, const Layout &layout, BmpHeader &hea
 
 Outcome ReadBmpHeader(Bytes bytes, BmpHeader &header)
 {
-    const ByteReader file(bytes);
+    const PictureBytes file(bytes);
     Layout layout;
     if (const Outcome outcome = ReadSizes(file, layout, header); outcome.HasFailed())
         return outcome;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Commands.h"
+#include "Actions.h"
 
 #include <QString>
 
@@ -9,7 +9,7 @@
 /// An entry of a menu.
 struct MenuEntry
 {
-    int command;                ///< 0: a line
+    ActionId id;                ///< ACTION_NONE: a line
     const char *text = "";      ///< with "&" before the letter that reaches it
     const char *shortcuts = ""; ///< divided by blanks, the one that is shown first
     const char *tip = "";       ///< what it does, in a sentence for the status bar
@@ -26,12 +26,12 @@ struct Menu
 /// The menu bar while no document is open, and that while one is.
 [[nodiscard]] std::span<const Menu> MenuBar(bool hasDocument);
 
-/// Keys of commands that stand in no menu. Each works like a menu's.
+/// Keys of actions that are in no menu. Each works like a menu's.
 [[nodiscard]] std::span<const MenuEntry> FurtherKeys();
 
-/// The commands of the tool bar; 0 is a gap.
-[[nodiscard]] std::span<const int> ToolBarCommands();
+/// The actions of the tool bar; ACTION_NONE is a gap.
+[[nodiscard]] std::span<const ActionId> ToolBarActions();
 
-/// What a command of the menu bar, of a key or of a view's menu does, in a sentence for the status bar; empty for one
+/// What an action of the menu bar, of a key or of a view's menu does, in a sentence for the status bar; empty for one
 /// that isn't known.
-[[nodiscard]] QString TipOf(int command);
+[[nodiscard]] QString TipOf(ActionId id);

@@ -3,7 +3,7 @@
 #include <QKeyEvent>
 #include <QWidget>
 
-/// Keeps the copy keys from an item view. While the command Copy is disabled they would reach the view, and its default
+/// Keeps the copy keys from an item view. While the action Copy is disabled they would reach the view, and its default
 /// for them replaces what the clipboard holds.
 class CopyGuard : public QObject
 {

@@ -13,7 +13,7 @@ public:
     Handle(Qt::Orientation orientation, KeyboardSplitter *parent)
         : QSplitterHandle(orientation, parent), keyboardSplitter(*parent)
     {
-        setFocusPolicy(Qt::NoFocus); // reached by its command, not by Tab
+        setFocusPolicy(Qt::NoFocus); // reached by its action, not by Tab
         setAccessibleName(QStringLiteral("Splitter"));
     }
 

@@ -1,6 +1,6 @@
 #include "CInfoPane.h"
 
-#include "Commands.h"
+#include "Actions.h"
 #include "MenuTable.h"
 
 #include <QApplication>
@@ -103,30 +103,30 @@ void CInfoPane::GoToEnd()
     ensureCursorVisible();
 }
 
-std::optional<CommandState> CInfoPane::StateOf(int command) const
+std::optional<ActionState> CInfoPane::StateOf(ActionId id) const
 {
-    switch (command) {
-    case CMD_COPY:
-        return CommandState{textCursor().hasSelection()};
-    case CMD_SELECT_ALL:
-    case CMD_CLEAR_OUTPUT:
-        return CommandState{!document()->isEmpty()};
+    switch (id) {
+    case ACTION_COPY:
+        return ActionState{textCursor().hasSelection()};
+    case ACTION_SELECT_ALL:
+    case ACTION_CLEAR_OUTPUT:
+        return ActionState{!document()->isEmpty()};
     default:
         return std::nullopt;
     }
 }
 
-void CInfoPane::Run(int command)
+void CInfoPane::Run(ActionId id)
 {
-    switch (command) {
-    case CMD_COPY:
+    switch (id) {
+    case ACTION_COPY:
         copy();
         break;
-    case CMD_SELECT_ALL:
+    case ACTION_SELECT_ALL:
         selectAll();
         ensureCursorVisible();
         break;
-    case CMD_CLEAR_OUTPUT:
+    case ACTION_CLEAR_OUTPUT:
         pending.clear();
         clear();
         break;
@@ -146,12 +146,12 @@ QMimeData *CInfoPane::createMimeDataFromSelection() const
 void CInfoPane::contextMenuEvent(QContextMenuEvent *event)
 {
     QMenu menu(this);
-    for (const auto &[text, command] : {std::pair(QStringLiteral("&Copy"), CMD_COPY),
-                                        {QStringLiteral("Select &All"), CMD_SELECT_ALL},
-                                        {QStringLiteral("Clea&r All"), CMD_CLEAR_OUTPUT}}) {
-        QAction *const action = menu.addAction(text, this, [this, command = command] { Run(command); });
-        action->setEnabled(StateOf(command)->enabled);
-        action->setStatusTip(TipOf(command));
+    for (const auto &[text, id] : {std::pair(QStringLiteral("&Copy"), ACTION_COPY),
+                                   {QStringLiteral("Select &All"), ACTION_SELECT_ALL},
+                                   {QStringLiteral("Clea&r All"), ACTION_CLEAR_OUTPUT}}) {
+        QAction *const action = menu.addAction(text, this, [this, id = id] { Run(id); });
+        action->setEnabled(StateOf(id)->enabled);
+        action->setStatusTip(TipOf(id));
     }
     // A menu that no menu bar opened keeps the tips to itself.
     connect(&menu, &QMenu::hovered, this, [this](QAction *action) { action->showStatusText(this); });

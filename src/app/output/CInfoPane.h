@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CommandTarget.h"
+#include "ActionTarget.h"
 
 #include <QPlainTextEdit>
 
@@ -9,7 +9,7 @@
 /// The text of the Output bar: what loads, saves, imports and packs have to say.
 ///
 /// It follows the newest line unless the user has put the caret elsewhere or selected something.
-class CInfoPane : public QPlainTextEdit, public ICommandTarget
+class CInfoPane : public QPlainTextEdit, public IActionTarget
 {
 public:
     explicit CInfoPane(QWidget *parent = nullptr);
@@ -22,8 +22,8 @@ public:
     /// Puts the caret behind the last line.
     void GoToEnd();
 
-    [[nodiscard]] std::optional<CommandState> StateOf(int command) const override;
-    void Run(int command) override;
+    [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
+    void Run(ActionId id) override;
 
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;

@@ -16,7 +16,7 @@ enum class UiIcon
     Strings,
     Layouts,
     Project,
-    // commands
+    // actions
     Open,
     Save,
     Undo,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Actions.h"
+
 #include <QString>
 
 enum class Pane;
@@ -23,10 +25,10 @@ public:
     virtual void ShowMessage(const QString &text) = 0;
     /// Puts a pane right of the project tree.
     virtual void ShowPane(Pane pane) = 0;
-    /// Carries out a command as the menu does.
-    virtual void RunCommand(int command) = 0;
-    /// Says whether the command is enabled, as the menu shows it.
-    [[nodiscard]] virtual bool IsEnabled(int command) const = 0;
+    /// Carries out an action as the menu does.
+    virtual void RunAction(ActionId id) = 0;
+    /// Says whether the action is enabled, as the menu shows it.
+    [[nodiscard]] virtual bool IsEnabled(ActionId id) const = 0;
 
 protected:
     ~IViewHost() = default;

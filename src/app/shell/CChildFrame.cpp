@@ -1,6 +1,6 @@
 #include "CChildFrame.h"
 
-#include "Commands.h"
+#include "Actions.h"
 #include "Environment.h"
 #include "Paths.h"
 #include "WaitCursor.h"
@@ -103,13 +103,13 @@ void CChildFrame::ShowPane(Pane pane)
     right->setCurrentWidget(known);
 }
 
-ICommandTarget *CChildFrame::ActiveView()
+IActionTarget *CChildFrame::ActiveView()
 {
     QWidget *focus = QApplication::focusWidget();
     if (!focus || !splitter->isAncestorOf(focus))
         focus = lastFocus;
     for (QWidget *widget = focus; widget && widget != splitter; widget = widget->parentWidget()) {
-        if (auto *const target = dynamic_cast<ICommandTarget *>(widget))
+        if (auto *const target = dynamic_cast<IActionTarget *>(widget))
             return target;
     }
     return tree;
@@ -135,7 +135,7 @@ bool CChildFrame::MayClose()
 
 void CChildFrame::closeEvent(QCloseEvent *event)
 {
-    if (!HasLeft() && (!shell.IsEnabled(CMD_CLOSE) || !MayClose())) { // not during a command of the channel
+    if (!HasLeft() && (!shell.IsEnabled(ACTION_CLOSE) || !MayClose())) { // not during a command of the channel
         event->ignore();
         return;
     }
@@ -148,29 +148,29 @@ void CChildFrame::closeEvent(QCloseEvent *event)
         closed(document);
 }
 
-std::optional<CommandState> CChildFrame::StateOf(int command) const
+std::optional<ActionState> CChildFrame::StateOf(ActionId id) const
 {
-    switch (command) {
-    case CMD_SAVE:
-    case CMD_CLOSE:
-    case CMD_SPLIT:
-        return CommandState{!HasLeft()};
+    switch (id) {
+    case ACTION_SAVE:
+    case ACTION_CLOSE:
+    case ACTION_SPLIT:
+        return ActionState{!HasLeft()};
     default:
         return std::nullopt;
     }
 }
 
-void CChildFrame::Run(int command)
+void CChildFrame::Run(ActionId id)
 {
-    switch (command) {
-    case CMD_SAVE:
-        tree->SetContextFolder(nullptr); // a command has run since the menu opened
+    switch (id) {
+    case ACTION_SAVE:
+        tree->SetContextFolder(nullptr); // an action has run since the menu opened
         Save();
         break;
-    case CMD_CLOSE:
+    case ACTION_CLOSE:
         close();
         break;
-    case CMD_SPLIT:
+    case ACTION_SPLIT:
         splitter->handle(1)->setFocus();
         break;
     default:

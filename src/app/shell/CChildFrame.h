@@ -14,7 +14,7 @@
 /// them a bar for notices.
 ///
 /// A pane is made when it is first needed, and then only swapped.
-class CChildFrame : public QMdiSubWindow, public IViewHost, public ICommandTarget
+class CChildFrame : public QMdiSubWindow, public IViewHost, public IActionTarget
 {
 public:
     /// `shellHost` does for the views what isn't this window's to do.
@@ -25,8 +25,8 @@ public:
     [[nodiscard]] CProjView &Tree() { return *tree; }
     [[nodiscard]] NoticeBar &Notice() { return *notice; }
 
-    /// The view that takes commands: the one with the focus, else the one that had it last.
-    [[nodiscard]] ICommandTarget *ActiveView();
+    /// The view that takes actions: the one with the focus, else the one that had it last.
+    [[nodiscard]] IActionTarget *ActiveView();
 
     /// Asks about changes that aren't saved. False when the window has to stay: the user said so, or saving failed.
     [[nodiscard]] bool MayClose();
@@ -49,12 +49,12 @@ public:
     [[nodiscard]] Answer AskYesNoCancel(const QString &question) override { return shell.AskYesNoCancel(question); }
     void ShowMessage(const QString &text) override { shell.ShowMessage(text); }
     void ShowPane(Pane pane) override;
-    void RunCommand(int command) override { shell.RunCommand(command); }
-    [[nodiscard]] bool IsEnabled(int command) const override { return shell.IsEnabled(command); }
+    void RunAction(ActionId id) override { shell.RunAction(id); }
+    [[nodiscard]] bool IsEnabled(ActionId id) const override { return shell.IsEnabled(id); }
 
-    // ICommandTarget
-    [[nodiscard]] std::optional<CommandState> StateOf(int command) const override;
-    void Run(int command) override;
+    // IActionTarget
+    [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
+    void Run(ActionId id) override;
 
     /// The tree, what is right of it, and the notice while one is shown.
     [[nodiscard]] QList<QWidget *> Panes() const;

@@ -1,11 +1,11 @@
 #include "CMainFrame.h"
 
+#include "Actions.h"
 #include "CInfoPane.h"
 #include "CSizingControlBar.h"
 #include "Cascade.h"
-#include "CommandHandler.h"
-#include "Commands.h"
 #include "Environment.h"
+#include "IdeCommandHandler.h"
 #include "Paths.h"
 #include "ProjectArea.h"
 #include "StatusPane.h"
@@ -53,7 +53,7 @@ CMainFrame::CMainFrame(Environment &environment, ProcessTables &processTables, C
     connect(qApp, &QGuiApplication::commitDataRequest, this, &CMainFrame::EndSession, Qt::DirectConnection);
     // Whatever has happened, what menus and tool bar show is right before the program waits for the user again.
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
-            [this] { UpdateCommands(); });
+            [this] { UpdateActions(); });
 }
 
 CMainFrame::~CMainFrame()
@@ -65,12 +65,12 @@ CMainFrame::~CMainFrame()
         delete child; // before the documents that its views look at
 }
 
-std::vector<ICommandTarget *> CMainFrame::Targets() const
+std::vector<IActionTarget *> CMainFrame::Targets() const
 {
     auto *const self = const_cast<CMainFrame *>(this);
     const bool isInOutput = focusedEdit.Focus() == output;
     CChildFrame *const child = ActiveChild();
-    return {isInOutput ? static_cast<ICommandTarget *>(output) : nullptr, &self->focusedEdit,
+    return {isInOutput ? static_cast<IActionTarget *>(output) : nullptr, &self->focusedEdit,
             child ? child->ActiveView() : nullptr, child, self};
 }
 
@@ -88,60 +88,60 @@ void CMainFrame::ShowTitle()
         setWindowModified(isModified); // which is an event each time
 }
 
-std::optional<CommandState> CMainFrame::StateOf(int command) const
+std::optional<ActionState> CMainFrame::StateOf(ActionId id) const
 {
-    switch (command) {
-    case CMD_OPEN:
-    case CMD_EXIT:
-    case CMD_ABOUT:
-    case CMD_NEW_FILE:
-        return CommandState{};
-    case CMD_TOOLBAR:
-        return CommandState{true, !toolBar->isHidden()};
-    case CMD_STATUS_BAR:
-        return CommandState{true, !statusBar()->isHidden()};
-    case CMD_OUTPUT:
-        return CommandState{true, !outputBar->isHidden()};
-    case CMD_TOOLBOX:
-        return CommandState{ActiveChild() && ActiveChild()->layoutMode != 0, !toolboxBar->isHidden()};
-    case CMD_CASCADE:
-    case CMD_TILE:
-    case CMD_ARRANGE_ICONS:
-        return CommandState{ActiveChild() != nullptr};
-    case CMD_NEXT_PANE:
-    case CMD_PREVIOUS_PANE:
-        return CommandState{};
+    switch (id) {
+    case ACTION_OPEN:
+    case ACTION_EXIT:
+    case ACTION_ABOUT:
+    case ACTION_NEW_FILE:
+        return ActionState{};
+    case ACTION_TOOLBAR:
+        return ActionState{true, !toolBar->isHidden()};
+    case ACTION_STATUS_BAR:
+        return ActionState{true, !statusBar()->isHidden()};
+    case ACTION_OUTPUT:
+        return ActionState{true, !outputBar->isHidden()};
+    case ACTION_TOOLBOX:
+        return ActionState{ActiveChild() && ActiveChild()->layoutMode != 0, !toolboxBar->isHidden()};
+    case ACTION_CASCADE:
+    case ACTION_TILE:
+    case ACTION_ARRANGE_ICONS:
+        return ActionState{ActiveChild() != nullptr};
+    case ACTION_NEXT_PANE:
+    case ACTION_PREVIOUS_PANE:
+        return ActionState{};
     default:
         return std::nullopt;
     }
 }
 
-void CMainFrame::Run(int command)
+void CMainFrame::Run(ActionId id)
 {
-    switch (command) {
-    case CMD_OPEN:
+    switch (id) {
+    case ACTION_OPEN:
         return ChooseProject();
-    case CMD_EXIT:
+    case ACTION_EXIT:
         close();
         return;
-    case CMD_ABOUT:
+    case ACTION_ABOUT:
         return boxes.ShowAbout();
-    case CMD_TOOLBAR:
+    case ACTION_TOOLBAR:
         return toolBar->setVisible(toolBar->isHidden());
-    case CMD_STATUS_BAR:
+    case ACTION_STATUS_BAR:
         return statusBar()->setVisible(statusBar()->isHidden());
-    case CMD_OUTPUT:
+    case ACTION_OUTPUT:
         return ShowOutput(outputBar->isHidden());
-    case CMD_TOOLBOX:
+    case ACTION_TOOLBOX:
         return ToggleToolbox();
-    case CMD_NEXT_PANE:
+    case ACTION_NEXT_PANE:
         return GoToPane(1);
-    case CMD_PREVIOUS_PANE:
+    case ACTION_PREVIOUS_PANE:
         return GoToPane(-1);
-    case CMD_CASCADE:
-    case CMD_TILE:
-        return Arrange(command);
-    case CMD_ARRANGE_ICONS:
+    case ACTION_CASCADE:
+    case ACTION_TILE:
+        return Arrange(id);
+    case ACTION_ARRANGE_ICONS:
         for (CChildFrame *child : Children()) {
             if (child->isMinimized())
                 child->showMinimized(); // which finds it its place along the bottom again
@@ -152,10 +152,10 @@ void CMainFrame::Run(int command)
     }
 }
 
-void CMainFrame::Arrange(int command)
+void CMainFrame::Arrange(ActionId id)
 {
     const QPointer<QWidget> focus = focusedEdit.Focus();
-    if (command == CMD_CASCADE)
+    if (id == ACTION_CASCADE)
         Cascade();
     else
         area->tileSubWindows();
@@ -235,7 +235,7 @@ void CMainFrame::Opened(CDocument &document)
     FillToolbox();
     recentFiles.Add(project.PathName(), env.settings);
     ShowRecentFiles();
-    UpdateCommands();
+    UpdateActions();
 }
 
 void CMainFrame::Notify(const CResDoc &document, const QString &text)
@@ -275,9 +275,9 @@ CMainFrame::Busy::Busy(CMainFrame &mainFrame, quint32 command) : frame(mainFrame
 {
     frame.turn.Begin();
     (void)frame.TakeLabel();
-    const QString what = command == COMMAND_LOAD   ? QStringLiteral("opening a project")
-                         : command == COMMAND_SAVE ? QStringLiteral("saving a project")
-                                                   : QStringLiteral("packing a project");
+    const QString what = command == IDE_COMMAND_LOAD   ? QStringLiteral("opening a project")
+                         : command == IDE_COMMAND_SAVE ? QStringLiteral("saving a project")
+                                                       : QStringLiteral("packing a project");
     frame.statusBar()->showMessage(QStringLiteral("The IDE's command is running: %1...").arg(what));
 }
 
@@ -303,13 +303,13 @@ bool CMainFrame::TakeLabel()
     return boxes.Messages() == before;
 }
 
-void CMainFrame::RunCommand(int command)
+void CMainFrame::RunAction(ActionId id)
 {
     if (turn.IsOn())
         return;
     told.Clear();
-    if (focusedEdit.StateOf(command) || TakeLabel())
-        route.Run(command);
+    if (focusedEdit.StateOf(id) || TakeLabel())
+        route.Run(id);
 }
 
 void CMainFrame::ChooseProject()

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "ActionRoute.h"
 #include "BarSizes.h"
 #include "CChildFrame.h"
 #include "ChannelTurn.h"
-#include "CommandRoute.h"
-#include "EditCommands.h"
+#include "EditActions.h"
 #include "FramePlace.h"
 #include "KeyboardIndicators.h"
 #include "OutputTail.h"
@@ -24,7 +24,7 @@ class QMdiArea;
 class QSessionManager;
 
 /// The main window: menus, tool bar, status bar, the docking bars, and a window for each open project.
-class CMainFrame : public QMainWindow, public IViewHost, public ICommandTarget
+class CMainFrame : public QMainWindow, public IViewHost, public IActionTarget
 {
 public:
     CMainFrame(Environment &environment, ProcessTables &processTables, CDocManager &documentManager);
@@ -79,11 +79,11 @@ public:
     [[nodiscard]] Answer AskYesNoCancel(const QString &question) override { return boxes.AskYesNoCancel(question); }
     void ShowMessage(const QString &text) override { boxes.MessageSoon(text); }
     void ShowPane(Pane) override {}
-    void RunCommand(int command) override;
-    [[nodiscard]] bool IsEnabled(int command) const override { return !turn.IsOn() && route.StateOf(command).enabled; }
-    // ICommandTarget
-    [[nodiscard]] std::optional<CommandState> StateOf(int command) const override;
-    void Run(int command) override;
+    void RunAction(ActionId id) override;
+    [[nodiscard]] bool IsEnabled(ActionId id) const override { return !turn.IsOn() && route.StateOf(id).enabled; }
+    // IActionTarget
+    [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
+    void Run(ActionId id) override;
 
 protected:
     bool event(QEvent *event) override;
@@ -96,14 +96,14 @@ private:
     void MakeActions();
     void MakeToolBar();
     void MakeBars();
-    QAction *AddAction(int command, const QString &text, const QString &shortcuts, bool isToggle);
+    QAction *AddAction(ActionId id, const QString &text, const QString &shortcuts, bool isToggle);
     /// Shows the menus that belong to what is open.
     void ShowMenus();
     void ShowRecentFiles();
     /// Lists the windows of projects at the end of the Window menu.
     void ShowWindows(QMenu *menu);
-    /// Has menus, keys and tool bar show what each command is at this moment.
-    void UpdateCommands();
+    /// Has menus, keys and tool bar show what each action is at this moment.
+    void UpdateActions();
     void ShowTitle();
     void Opened(CDocument &document);
     void Activate(const CDocument &document);
@@ -113,7 +113,7 @@ private:
     void OpenDropped(const QStringList &files);
     void GoToPane(int step);
     /// Cascades or tiles the windows of projects.
-    void Arrange(int command);
+    void Arrange(ActionId id);
     void Cascade();
     void OpenRecent(int index);
     void ShowOutput(bool show);
@@ -125,7 +125,7 @@ private:
     [[nodiscard]] bool MayCloseAll(QStringList &notices);
     [[nodiscard]] QStringList UnreadNotices() const;
     void TellUnread(const QStringList &texts);
-    [[nodiscard]] std::vector<ICommandTarget *> Targets() const;
+    [[nodiscard]] std::vector<IActionTarget *> Targets() const;
     [[nodiscard]] QList<CChildFrame *> Children() const;
 
     ChannelTurn turn;
@@ -133,10 +133,10 @@ private:
     Environment &env;
     ProcessTables &tables;
     CDocManager &documents;
-    CommandRoute route;
+    ActionRoute route;
     FocusedEdit focusedEdit;
     RecentFiles recentFiles;
-    std::map<int, QAction *> actions;
+    std::map<ActionId, QAction *> actions;
     QList<QAction *> recentActions;
     QList<QAction *> windowActions; // of the Window menu that is shown or was last
     QMdiArea *area;

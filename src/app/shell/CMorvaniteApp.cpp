@@ -11,7 +11,7 @@
 
 CMorvaniteApp::CMorvaniteApp()
     : documents([this] { return MakeDocument(); }), handler(env, documents, pipe),
-      server([this](quint32 id, QByteArrayView record) { return RunCommand(id, record); })
+      server([this](quint32 id, QByteArrayView record) { return RunAction(id, record); })
 {
     services.reloadFlags = &reloadFlags;
     server.waitsForNothing = [](quint32 id) { return id == COMMAND_SHOW; };
@@ -89,13 +89,13 @@ std::unique_ptr<CDocument> CMorvaniteApp::MakeDocument()
     return std::make_unique<CResDoc>(env, tables, services);
 }
 
-int CMorvaniteApp::RunCommand(quint32 dwData, QByteArrayView record)
+int CMorvaniteApp::RunAction(quint32 dwData, QByteArrayView record)
 {
     if (dwData == COMMAND_SHOW) {
         frame->BringToTop();
         return WINDOW_SHOWN;
     }
-    if (dwData != COMMAND_LOAD && dwData != COMMAND_SAVE && dwData != COMMAND_PACK)
+    if (dwData != IDE_COMMAND_LOAD && dwData != IDE_COMMAND_SAVE && dwData != IDE_COMMAND_PACK)
         return handler.Handle(dwData, record); // which ignores it
     const CMainFrame::Busy busy(*frame, dwData);
     pipe.Breathe();

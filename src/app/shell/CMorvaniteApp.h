@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CMainFrame.h"
-#include "CommandServer.h"
+#include "IdeCommandServer.h"
 #include "LivePipe.h"
 #include "ReportPipe.h"
 
@@ -30,7 +30,7 @@ public:
 
 private:
     [[nodiscard]] std::unique_ptr<CDocument> MakeDocument();
-    int RunCommand(quint32 dwData, QByteArrayView record);
+    int RunAction(quint32 dwData, QByteArrayView record);
 
     Environment env;
     ProcessTables tables;
@@ -39,8 +39,8 @@ private:
     CDocManager documents;
     ReportPipe idePipe;
     LivePipe pipe{idePipe};
-    CommandHandler handler;
-    CommandServer server;
+    IdeCommandHandler handler;
+    IdeCommandServer server;
     std::unique_ptr<CMainFrame> frame;
     std::unique_ptr<QSocketNotifier> commands;
 };

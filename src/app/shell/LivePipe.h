@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CommandHandler.h"
+#include "IdeCommandHandler.h"
 
 #include <QElapsedTimer>
 

@@ -27,14 +27,14 @@ constexpr QSize OUTPUT_SIZE(400, 150);
 constexpr QSize FIRST_SIZE(1000, 700);
 constexpr int DOCK_STATE_VERSION = 1;
 
-struct CommandIcon
+struct ActionIcon
 {
-    int command;
+    ActionId id;
     UiIcon icon;
 };
-constexpr CommandIcon COMMAND_ICONS[] = {
-    {CMD_OPEN, UiIcon::Open}, {CMD_SAVE, UiIcon::Save},     {CMD_UNDO, UiIcon::Undo},
-    {CMD_REDO, UiIcon::Redo}, {CMD_OUTPUT, UiIcon::Output}, {CMD_ABOUT, UiIcon::About},
+constexpr ActionIcon ACTION_ICONS[] = {
+    {ACTION_OPEN, UiIcon::Open}, {ACTION_SAVE, UiIcon::Save},     {ACTION_UNDO, UiIcon::Undo},
+    {ACTION_REDO, UiIcon::Redo}, {ACTION_OUTPUT, UiIcon::Output}, {ACTION_ABOUT, UiIcon::About},
 };
 
 QString CheckOf(const QByteArray &state)
@@ -56,18 +56,18 @@ QString ToolTipOf(const QAction &action)
 
 void CMainFrame::MakeToolBar()
 {
-    for (const auto &[command, icon] : COMMAND_ICONS) {
-        actions[command]->setIcon(MakeIcon(icon));
-        actions[command]->setIconVisibleInMenu(!actions[command]->isCheckable()); // where the check mark is to be
+    for (const auto &[id, icon] : ACTION_ICONS) {
+        actions[id]->setIcon(MakeIcon(icon));
+        actions[id]->setIconVisibleInMenu(!actions[id]->isCheckable()); // where the check mark is to be
     }
     toolBar = addToolBar(QStringLiteral("Standard"));
     toolBar->setObjectName(QStringLiteral("Standard"));
     toolBar->setAccessibleName(QStringLiteral("Tool bar"));
     toolBar->setIconSize(QSize(16, 16));
-    for (const int command : ToolBarCommands()) {
-        if (command != 0)
-            actions[command]->setToolTip(ToolTipOf(*actions[command]));
-        command == 0 ? toolBar->addSeparator() : (toolBar->addAction(actions[command]), nullptr);
+    for (const ActionId id : ToolBarActions()) {
+        if (id != ACTION_NONE)
+            actions[id]->setToolTip(ToolTipOf(*actions[id]));
+        id == ACTION_NONE ? toolBar->addSeparator() : (toolBar->addAction(actions[id]), nullptr);
     }
     toolBar->toggleViewAction()->setVisible(false); // the View menu has it
 }

@@ -1,4 +1,4 @@
-// The menus of the main frame, and what they show of the commands.
+// The menus of the main frame, and what they show of the actions.
 #include "CMainFrame.h"
 #include "MenuTable.h"
 #include "Paths.h"
@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <utility>
 
-QAction *CMainFrame::AddAction(int command, const QString &text, const QString &shortcuts, bool isToggle)
+QAction *CMainFrame::AddAction(ActionId id, const QString &text, const QString &shortcuts, bool isToggle)
 {
     auto *const action = new QAction(text, this);
     QList<QKeySequence> keys;
@@ -17,10 +17,10 @@ QAction *CMainFrame::AddAction(int command, const QString &text, const QString &
         keys.append(QKeySequence(key, QKeySequence::PortableText));
     action->setShortcuts(keys);
     action->setCheckable(isToggle);
-    action->setStatusTip(TipOf(command));
-    connect(action, &QAction::triggered, this, [this, command] { RunCommand(command); });
+    action->setStatusTip(TipOf(id));
+    connect(action, &QAction::triggered, this, [this, id] { RunAction(id); });
     addAction(action);
-    actions[command] = action;
+    actions[id] = action;
     return action;
 }
 
@@ -29,21 +29,21 @@ void CMainFrame::MakeActions()
     for (const bool hasDocument : {true, false}) {
         for (const Menu &menu : MenuBar(hasDocument)) {
             for (const MenuEntry &entry : menu.entries) {
-                if (entry.command != 0 && entry.command != CMD_RECENT_FILE && !actions.contains(entry.command))
-                    AddAction(entry.command, QString::fromLatin1(entry.text), QString::fromLatin1(entry.shortcuts),
+                if (entry.id != ACTION_NONE && entry.id != ACTION_RECENT_FILE && !actions.contains(entry.id))
+                    AddAction(entry.id, QString::fromLatin1(entry.text), QString::fromLatin1(entry.shortcuts),
                               entry.isToggle);
             }
         }
     }
     for (const MenuEntry &entry : FurtherKeys())
-        AddAction(entry.command, QString(), QString::fromLatin1(entry.shortcuts), false);
+        AddAction(entry.id, QString(), QString::fromLatin1(entry.shortcuts), false);
     for (int i = 0; i < RecentFiles::MOST; ++i) {
         auto *const action = new QAction(this);
         connect(action, &QAction::triggered, this, [this, i] { OpenRecent(i); });
         recentActions.append(action);
     }
-    actions[CMD_ABOUT]->setMenuRole(QAction::AboutRole);
-    actions[CMD_EXIT]->setMenuRole(QAction::QuitRole);
+    actions[ACTION_ABOUT]->setMenuRole(QAction::AboutRole);
+    actions[ACTION_EXIT]->setMenuRole(QAction::QuitRole);
 }
 
 void CMainFrame::ShowMenus()
@@ -59,14 +59,14 @@ void CMainFrame::ShowMenus()
     for (const Menu &menu : MenuBar(hasDocument)) {
         QMenu *const shown = menuBar()->addMenu(QString::fromLatin1(menu.title));
         for (const MenuEntry &entry : menu.entries) {
-            if (entry.command == 0)
+            if (entry.id == ACTION_NONE)
                 shown->addSeparator();
-            else if (entry.command == CMD_RECENT_FILE)
+            else if (entry.id == ACTION_RECENT_FILE)
                 shown->addActions(recentActions);
             else
-                shown->addAction(actions[entry.command]);
+                shown->addAction(actions[entry.id]);
         }
-        connect(shown, &QMenu::aboutToShow, this, [this] { UpdateCommands(); });
+        connect(shown, &QMenu::aboutToShow, this, [this] { UpdateActions(); });
         if (menu.listsWindows)
             connect(shown, &QMenu::aboutToShow, this, [this, shown] { ShowWindows(shown); });
     }
@@ -81,7 +81,7 @@ void CMainFrame::ShowRecentFiles()
         action->setVisible(i < paths.size() || i == 0); // an empty list shows that there is one
         action->setEnabled(i < paths.size());
         action->setText(i < paths.size() ? recentFiles.Label(i) : QStringLiteral("Recent File"));
-        action->setStatusTip(i < paths.size() ? QStringLiteral("Opens %1.").arg(paths[i]) : TipOf(CMD_RECENT_FILE));
+        action->setStatusTip(i < paths.size() ? QStringLiteral("Opens %1.").arg(paths[i]) : TipOf(ACTION_RECENT_FILE));
     }
 }
 
@@ -108,11 +108,11 @@ void CMainFrame::ShowWindows(QMenu *menu)
     }
 }
 
-void CMainFrame::UpdateCommands()
+void CMainFrame::UpdateActions()
 {
     ShowMenus();
-    for (const auto &[command, action] : actions) {
-        const CommandState state = route.StateOf(command);
+    for (const auto &[id, action] : actions) {
+        const ActionState state = route.StateOf(id);
         action->setEnabled(state.enabled);
         if (action->isCheckable())
             action->setChecked(state.checked);

@@ -1,6 +1,6 @@
 #include "CDefaultView.h"
 
-#include "Commands.h"
+#include "Actions.h"
 #include "ContentsDelegate.h"
 #include "CopyGuard.h"
 #include "ProjectTree.h"
@@ -173,27 +173,27 @@ void CDefaultView::Fill()
     viewport()->update();
 }
 
-std::optional<CommandState> CDefaultView::StateOf(int command) const
+std::optional<ActionState> CDefaultView::StateOf(ActionId id) const
 {
-    switch (command) {
-    case CMD_CLEAR:
-    case CMD_RESOLUTION:
-    case CMD_NEW_LAYOUT:
-        return tree.StateOf(command);
-    case CMD_RENAME:
-    case CMD_DELETE:
-        return CommandState{SelectedRow() && (SelectedRow()->flags() & Qt::ItemIsEditable)};
+    switch (id) {
+    case ACTION_CLEAR:
+    case ACTION_RESOLUTION:
+    case ACTION_NEW_LAYOUT:
+        return tree.StateOf(id);
+    case ACTION_RENAME:
+    case ACTION_DELETE:
+        return ActionState{SelectedRow() && (SelectedRow()->flags() & Qt::ItemIsEditable)};
     default:
         return std::nullopt;
     }
 }
 
-void CDefaultView::Run(int command)
+void CDefaultView::Run(ActionId id)
 {
-    if (command == CMD_RENAME)
+    if (id == ACTION_RENAME)
         return editItem(SelectedRow());
     tree.SetContextFolder(CProjView::FolderOf(TreeItemOf(SelectedRow())));
-    tree.Run(command);
+    tree.Run(id);
 }
 
 void CDefaultView::contextMenuEvent(QContextMenuEvent *event)

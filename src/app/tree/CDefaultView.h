@@ -6,15 +6,15 @@
 
 /// The children of the selected folder as large icons, for a folder that has no view of its own. Leads into them and
 /// out again.
-class CDefaultView : public QListWidget, public CView, public ICommandTarget
+class CDefaultView : public QListWidget, public CView, public IActionTarget
 {
 public:
     CDefaultView(CResDoc &projectDocument, CProjView &projectTree);
     ~CDefaultView() override;
 
     void OnUpdate(CView *sender, long hint, CView *target) override;
-    [[nodiscard]] std::optional<CommandState> StateOf(int command) const override;
-    void Run(int command) override;
+    [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
+    void Run(ActionId id) override;
 
 protected:
     void changeEvent(QEvent *event) override;

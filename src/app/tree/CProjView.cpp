@@ -1,8 +1,8 @@
 #include "CProjView.h"
 
-#include "Commands.h"
+#include "Actions.h"
 #include "CopyGuard.h"
-#include "EditCommands.h"
+#include "EditActions.h"
 #include "LabelDelegate.h"
 #include "MenuTable.h"
 #include "ProjectTree.h"
@@ -254,35 +254,35 @@ void CProjView::EditLabel(QTreeWidgetItem *item, const QString &typed)
     UpdatePanes();
 }
 
-std::optional<CommandState> CProjView::StateOf(int command) const
+std::optional<ActionState> CProjView::StateOf(ActionId id) const
 {
     const CResFolder *folder = TargetFolder();
-    switch (command) {
-    case CMD_CLEAR:
-        return CommandState{folder != nullptr};
-    case CMD_RENAME:
-    case CMD_DELETE:
-        return CommandState{CanEditLabel(folder)};
-    case CMD_NEW_LAYOUT:
-        return CommandState{folder && folder->kind == KIND_RESO_LAYOUTS};
+    switch (id) {
+    case ACTION_CLEAR:
+        return ActionState{folder != nullptr};
+    case ACTION_RENAME:
+    case ACTION_DELETE:
+        return ActionState{CanEditLabel(folder)};
+    case ACTION_NEW_LAYOUT:
+        return ActionState{folder && folder->kind == KIND_RESO_LAYOUTS};
     default:
         return std::nullopt;
     }
 }
 
-void CProjView::Run(int command)
+void CProjView::Run(ActionId id)
 {
     CResFolder *const folder = TargetFolder();
     contextFolder = nullptr;
     if (!folder)
         return;
-    if (command == CMD_CLEAR)
+    if (id == ACTION_CLEAR)
         Clear(*folder);
-    else if (command == CMD_RENAME)
+    else if (id == ACTION_RENAME)
         editItem(ItemOf(folder));
-    else if (command == CMD_NEW_LAYOUT)
+    else if (id == ACTION_NEW_LAYOUT)
         NewLayout(*folder);
-    else if (command == CMD_DELETE)
+    else if (id == ACTION_DELETE)
         DeleteLayout(*folder);
 }
 
@@ -361,19 +361,19 @@ namespace
 
 struct ContextEntry
 {
-    int command; // 0: a line
+    ActionId id; // 0: a line
     const char *text = "";
 };
 
 constexpr ContextEntry LINE{0};
-constexpr ContextEntry SAVE{CMD_SAVE, "&Save\tCtrl+S"};
-constexpr ContextEntry CLEAR{CMD_CLEAR, "Clea&r"};
+constexpr ContextEntry SAVE{ACTION_SAVE, "&Save\tCtrl+S"};
+constexpr ContextEntry CLEAR{ACTION_CLEAR, "Clea&r"};
 
-constexpr ContextEntry ROOT_MENU[] = {SAVE, LINE, {CMD_RESOLUTION, "&Resolution..."}, LINE, CLEAR};
+constexpr ContextEntry ROOT_MENU[] = {SAVE, LINE, {ACTION_RESOLUTION, "&Resolution..."}, LINE, CLEAR};
 constexpr ContextEntry LEAF_MENU[] = {SAVE, LINE, CLEAR};
-constexpr ContextEntry LAYOUT_RESOLUTION_MENU[] = {{CMD_NEW_LAYOUT, "&New"}, SAVE, LINE, CLEAR};
-constexpr ContextEntry LAYOUT_MENU[] = {{CMD_RENAME, "Re&name\tF2"}, SAVE, LINE, {CMD_DELETE, "&Delete\tDel"}};
-constexpr ContextEntry COMPONENT_IMAGES_MENU[] = {SAVE, LINE, {CMD_FILTER, "&Filter..."}, LINE, CLEAR};
+constexpr ContextEntry LAYOUT_RESOLUTION_MENU[] = {{ACTION_NEW_LAYOUT, "&New"}, SAVE, LINE, CLEAR};
+constexpr ContextEntry LAYOUT_MENU[] = {{ACTION_RENAME, "Re&name\tF2"}, SAVE, LINE, {ACTION_DELETE, "&Delete\tDel"}};
+constexpr ContextEntry COMPONENT_IMAGES_MENU[] = {SAVE, LINE, {ACTION_FILTER, "&Filter..."}, LINE, CLEAR};
 
 std::span<const ContextEntry> EntriesOf(TreeMenu menu)
 {
@@ -401,19 +401,19 @@ void CProjView::OpenContextMenu(QTreeWidgetItem *item, const QPoint &globalPlace
     contextFolder = FolderOf(item);
     QMenu menu(this);
     for (const ContextEntry &entry : EntriesOf(contextFolder ? EntryOf(contextFolder->kind).menu : TreeMenu::None)) {
-        if (entry.command == 0) {
+        if (entry.id == 0) {
             menu.addSeparator();
             continue;
         }
-        QAction *const action = menu.addAction(QString::fromLatin1(entry.text), this,
-                                               [this, command = entry.command] { host.RunCommand(command); });
-        action->setEnabled(host.IsEnabled(entry.command));
-        action->setStatusTip(TipOf(entry.command));
+        QAction *const action =
+            menu.addAction(QString::fromLatin1(entry.text), this, [this, id = entry.id] { host.RunAction(id); });
+        action->setEnabled(host.IsEnabled(entry.id));
+        action->setStatusTip(TipOf(entry.id));
     }
     // A menu that no menu bar opened keeps the tips to itself.
     connect(&menu, &QMenu::hovered, this, [this](QAction *action) { action->showStatusText(this); });
     if (!menu.isEmpty())
-        menu.exec(globalPlace); // runs the command that is chosen
+        menu.exec(globalPlace); // runs the action that is chosen
     contextFolder = nullptr;    // also when none was, or when another view had it
     QStatusTipEvent none{QString()};
     QApplication::sendEvent(this, &none);

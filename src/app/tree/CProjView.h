@@ -1,7 +1,7 @@
 #pragma once
 
+#include "ActionTarget.h"
 #include "CResDoc.h"
-#include "CommandTarget.h"
 #include "FolderKinds.h"
 #include "ViewHost.h"
 
@@ -14,7 +14,7 @@
 [[nodiscard]] bool LeadsOut(const QKeyEvent &key);
 
 /// The project tree, left in a project's window: the folders in use, whose selection decides what stands right of it.
-class CProjView : public QTreeWidget, public IProjView, public ICommandTarget, public ITreeListener
+class CProjView : public QTreeWidget, public IProjView, public IActionTarget, public ITreeListener
 {
 public:
     CProjView(CResDoc &projectDocument, IViewHost &viewHost);
@@ -25,8 +25,8 @@ public:
     void OnUpdate(CView *sender, long hint, CView *target) override;
     void TreeGoes() override;
 
-    [[nodiscard]] std::optional<CommandState> StateOf(int command) const override;
-    void Run(int command) override;
+    [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
+    void Run(ActionId id) override;
 
     /// What tells a folder from its siblings, also after it was loaded anew.
     struct PathStep
@@ -44,12 +44,12 @@ public:
     [[nodiscard]] QTreeWidgetItem *ItemOf(const CResFolder *folder) const;
     /// Gives a row the label that was typed, or leaves it and says why.
     void EditLabel(QTreeWidgetItem *item, const QString &typed);
-    /// Opens the menu of a row's folder, and runs the command that is chosen there on that folder. Returns when the
-    /// menu is closed and the command has run.
+    /// Opens the menu of a row's folder, and runs the action that is chosen there on that folder. Returns when the
+    /// menu is closed and the action has run.
     void OpenContextMenu(QTreeWidgetItem *item, const QPoint &globalPlace);
     /// Selects the folder above the selected one. False when there is none.
     bool GoOut();
-    /// Makes the commands to come act on that folder; null: on the selected one.
+    /// Makes the actions to come act on that folder; null: on the selected one.
     void SetContextFolder(CResFolder *folder) { contextFolder = folder; }
 
 protected:

@@ -2,7 +2,7 @@
 
 #include "Environment.h"
 #include "HostFiles.h"
-#include "LayoutCommand.h"
+#include "LayoutConverterCall.h"
 #include "Paths.h"
 
 #include <cstdio>
@@ -36,18 +36,18 @@ void MoveAside(const QString &table)
     (void)std::rename(host.constData(), old.constData());
 }
 
-LayoutCommand TablesCommand(const Environment &env, const QString &projectFolder)
+LayoutConverterCall TablesCall(const Environment &env, const QString &projectFolder)
 {
-    LayoutCommand command = LayoutCommand::In(env, projectFolder);
-    command.input = InProgramDir(env, LayoutSetting(env.settings, "export_layout"));
-    command.header = InProgramDir(env, env.settings.String("Path", "export_h"));
-    return command;
+    LayoutConverterCall call = LayoutConverterCall::In(env, projectFolder);
+    call.input = InProgramDir(env, LayoutSetting(env.settings, "export_layout"));
+    call.header = InProgramDir(env, env.settings.String("Path", "export_h"));
+    return call;
 }
 
-void Run(Environment &env, const LayoutCommand &command)
+void Run(Environment &env, const LayoutConverterCall &call)
 {
-    command.Run(env);
-    DeleteFileOnDisk(command.output + u'/' + QString::fromUtf16(LEFT_OVER));
+    call.Run(env);
+    DeleteFileOnDisk(call.output + u'/' + QString::fromUtf16(LEFT_OVER));
 }
 
 } // namespace
@@ -60,19 +60,19 @@ bool HasLayoutTables(const Environment &env)
 
 QStringList LayoutTableInputs(const Environment &env)
 {
-    const LayoutCommand command = TablesCommand(env, {});
-    QStringList inputs{command.input, command.xml};
+    const LayoutConverterCall call = TablesCall(env, {});
+    QStringList inputs{call.input, call.xml};
     if (!env.settings.String("Path", "export_h").isEmpty())
-        inputs.append(command.header);
+        inputs.append(call.header);
     return inputs;
 }
 
 void MakeLayoutTables(Environment &env, const QString &projectFolder, const QString &folder)
 {
-    LayoutCommand command = TablesCommand(env, projectFolder);
-    command.output = folder;
-    command.table = folder;
-    Run(env, command);
+    LayoutConverterCall call = TablesCall(env, projectFolder);
+    call.output = folder;
+    call.table = folder;
+    Run(env, call);
 }
 
 void ExportLayoutTables(Environment &env, const QString &projectFolder)
@@ -80,10 +80,10 @@ void ExportLayoutTables(Environment &env, const QString &projectFolder)
     if (!HasLayoutTables(env))
         return; // nothing to export; the tables of before stay in use
 
-    LayoutCommand command = TablesCommand(env, projectFolder);
-    if (!MayWrite(env, projectFolder, command.table, LAYOUT_TABLE_FILES))
+    LayoutConverterCall call = TablesCall(env, projectFolder);
+    if (!MayWrite(env, projectFolder, call.table, LAYOUT_TABLE_FILES))
         return;
-    command.output = WithoutLastSeparator(env.ProgramDir());
+    call.output = WithoutLastSeparator(env.ProgramDir());
 
     const Settings &settings = env.settings;
     const QString headers = ResolvePath(settings.String("Path", "header_output", ".\\ResID"), projectFolder);
@@ -92,5 +92,5 @@ void ExportLayoutTables(Environment &env, const QString &projectFolder)
         if (!table.isEmpty())
             MoveAside(ResolvePath(table, headers));
     }
-    Run(env, command);
+    Run(env, call);
 }

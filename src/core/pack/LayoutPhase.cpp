@@ -3,7 +3,7 @@
 #include "HostFiles.h"
 #include "IdNames.h"
 #include "IdNumbers.h"
-#include "LayoutCommand.h"
+#include "LayoutConverterCall.h"
 #include "Paths.h"
 #include "Phases.h"
 #include "SignalCleanup.h"
@@ -138,41 +138,41 @@ int ConstructLayouts(PackContext &context)
     env.FlushOutput();
 
     const Settings &settings = env.settings;
-    LayoutCommand command = LayoutCommand::In(env, context.projectFolder);
-    command.input = HostForm(env.NarrowToWide(source), context.projectFolder);
-    command.output =
+    LayoutConverterCall call = LayoutConverterCall::In(env, context.projectFolder);
+    call.input = HostForm(env.NarrowToWide(source), context.projectFolder);
+    call.output =
         context.scratch.IsNamed()
             ? QString::fromUtf8(context.scratch.Path())
             : HostForm(DirectoryOf(settings.String("Path", "layout_temp", ".\\res\\tmp\\")), context.projectFolder);
-    command.header = HostForm(ResolvePath(settings.String("ResID", "main_header", "ResID.h"),
-                                          settings.String("Path", "header_output", ".\\ResID")),
-                              context.projectFolder);
+    call.header = HostForm(ResolvePath(settings.String("ResID", "main_header", "ResID.h"),
+                                       settings.String("Path", "header_output", ".\\ResID")),
+                           context.projectFolder);
     if (const QString &headers = context.info.headers; !headers.isEmpty()) {
-        command.header = HostForm(HeaderIn(headers, settings.String("ResID", "main_header", "ResID.h")), {});
-        command.table = HostForm(headers, {});
+        call.header = HostForm(HeaderIn(headers, settings.String("ResID", "main_header", "ResID.h")), {});
+        call.table = HostForm(headers, {});
     }
     // What the converter reads the pack depends on.
-    (void)context.files.Find(command.input);
+    (void)context.files.Find(call.input);
     if (!LayoutSetting(settings, "export_xml").isEmpty())
-        (void)context.files.Find(command.xml);
-    env.DebugTrace("Layout command:%s.", qUtf8Printable(command.CommandLine()));
-    if ((command.input + command.output + command.header).contains(u'"')) {
+        (void)context.files.Find(call.xml);
+    env.DebugTrace("Layout command:%s.", qUtf8Printable(call.CommandLine()));
+    if ((call.input + call.output + call.header).contains(u'"')) {
         env.WriteOutput("\r\n[error] A name with a double quote can't be handed to the converter: %s",
-                        qUtf8Printable(command.input));
+                        qUtf8Printable(call.input));
         return PACK_FILE_INFO;
     }
-    if (const int code = CompareNumbers(context, command.header))
+    if (const int code = CompareNumbers(context, call.header))
         return code;
     if (!context.scratch.IsNamed() &&
-        !MayWrite(env, context.projectFolder, command.output, {QStringLiteral("layout.bin")}))
+        !MayWrite(env, context.projectFolder, call.output, {QStringLiteral("layout.bin")}))
         return PACK_FILE_INFO;
-    if (!PathExists(command.output))
-        CreateFolderOnDisk(command.output);
+    if (!PathExists(call.output))
+        CreateFolderOnDisk(call.output);
 
     std::vector<LayoutOutput> outputs;
-    if (const int code = Expect(context, layouts, command.output, outputs))
+    if (const int code = Expect(context, layouts, call.output, outputs))
         return code;
-    command.Run(env);
+    call.Run(env);
     const int code = AddLayouts(context, outputs);
     if (context.scratch.IsNamed()) {
         for (const LayoutOutput &output : outputs)

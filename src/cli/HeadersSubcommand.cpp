@@ -1,0 +1,100 @@
+#include "Depfile.h"
+#include "HeaderFolder.h"
+#include "HostFiles.h"
+#include "OpeningReport.h"
+#include "Paths.h"
+#include "ProjectSave.h"
+#include "Subcommands.h"
+
+#include <cstring>
+
+namespace
+{
+
+class HeadersSubcommand : public ISubcommand
+{
+public:
+    CLI::App *Add(CLI::App &app) override
+    {
+        CLI::App *subcommand =
+            app.add_subcommand("headers", "Write a project's headers into a folder, and nothing into the project");
+        subcommand->add_option("PROJECT", project, "The project's .vcproj file")->required();
+        CLI::Option *outputOption =
+            subcommand->add_option("--output", folder, "The folder; made when missing")->type_name("DIR");
+        CLI::Option *listOption =
+            subcommand->add_flag("--list", isList, "Only list the headers' names, as far as the settings decide them");
+        listOption->excludes(outputOption);
+        CLI::Option *depfileOption =
+            subcommand->add_option("--depfile", depfile, "Write the files that were read, for make or ninja")
+                ->type_name("FILE");
+        subcommand
+            ->add_option("--depfile-target", depfileTarget,
+                         "What the depfile says is made of them (default: the header of the IDs)")
+            ->type_name("NAME")
+            ->needs(depfileOption);
+        return subcommand;
+    }
+
+    int Run(Session &session) override
+    {
+        const QString path = AbsolutePath(project);
+        if (isList)
+            return List(session, path);
+        if (folder.empty()) {
+            Complain(QStringLiteral("headers needs --output DIR, or --list"));
+            return EXIT_WRONG_USE;
+        }
+        const QString output = AbsolutePath(folder); // an opening changes the current folder
+        const QString depfilePath = AbsolutePath(depfile);
+        if (HasInterruptedSave(session.env, path))
+            return EXIT_FAILED;
+        CResDoc *const document = session.OpenQuietly(path);
+        if (!TellOfOpening(session, path, document, document != nullptr) || !document)
+            return EXIT_FAILED;
+        HeaderFolder headers(*document, output);
+        const QString problem = headers.Write();
+        if (!problem.isEmpty()) {
+            Complain(problem);
+            return EXIT_FAILED;
+        }
+        return depfile.empty() ? int(EXIT_FINE) : WriteDependencies(headers, depfilePath);
+    }
+
+private:
+    /// Doesn't open the project, which need not be sound yet.
+    static int List(Session &session, const QString &path)
+    {
+        Environment env(session.env);
+        if (!env.UseProjectSettings(DirectoryOf(path)))
+            return EXIT_FAILED;
+        for (const QString &name : HeaderFolder::NamesBySettings(env))
+            session.report.Write(name + u'\n');
+        return EXIT_FINE;
+    }
+
+    [[nodiscard]] int WriteDependencies(const HeaderFolder &headers, const QString &path) const
+    {
+        std::vector<QByteArray> inputs;
+        for (const QString &file : headers.Inputs())
+            inputs.push_back(HostPath(file));
+        const QByteArray made =
+            depfileTarget.empty() ? headers.MainHeader().toUtf8() : QByteArray::fromStdString(depfileTarget);
+        const int error = WriteDepfile(path, made, std::move(inputs));
+        if (error != 0)
+            Complain(QStringLiteral("cannot write %1: %2").arg(path, QString::fromLocal8Bit(strerror(error))));
+        return error == 0 ? EXIT_FINE : EXIT_FAILED;
+    }
+
+    std::string project;
+    std::string folder;
+    std::string depfile;
+    std::string depfileTarget;
+    bool isList = false;
+};
+
+} // namespace
+
+std::unique_ptr<ISubcommand> MakeHeadersSubcommand()
+{
+    return std::make_unique<HeadersSubcommand>();
+}

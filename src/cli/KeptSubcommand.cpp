@@ -1,0 +1,63 @@
+#include "KeptFiles.h"
+#include "Session.h"
+#include "Subcommands.h"
+
+namespace
+{
+
+class KeptSubcommand : public ISubcommand
+{
+public:
+    CLI::App *Add(CLI::App &app) override
+    {
+        CLI::App *subcommand =
+            app.add_subcommand("kept", "List the files that a save replaced and kept a copy of, or put them back");
+        subcommand->add_option("PROJECT", project, "The project's .vcproj file")->required();
+        subcommand
+            ->add_option("--restore", number,
+                         "Put the files of the entry with this number back; what they replace becomes an entry")
+            ->type_name("N")
+            ->check(CLI::PositiveNumber);
+        return subcommand;
+    }
+
+    int Run(Session &session) override
+    {
+        const KeptFiles kept(AbsolutePath(project));
+        return number > 0 ? Restore(session, kept) : List(session, kept);
+    }
+
+private:
+    static int List(Session &session, const KeptFiles &kept)
+    {
+        for (const KeptFiles::Entry &entry : kept.Entries()) {
+            for (const QString &file : entry.files) {
+                session.report.Write(
+                    QStringLiteral("%1\t%2\t%3\n").arg(entry.number).arg(entry.time.toString(Qt::ISODate), file));
+            }
+        }
+        return EXIT_FINE;
+    }
+
+    int Restore(Session &session, const KeptFiles &kept) const
+    {
+        QString replaced;
+        const QString problem = kept.Restore(session.env, number, replaced);
+        if (!replaced.isEmpty())
+            session.report.Write(QStringLiteral("What was there before is kept in %1\n").arg(replaced));
+        if (problem.isEmpty())
+            return EXIT_FINE;
+        Complain(problem);
+        return EXIT_FAILED;
+    }
+
+    std::string project;
+    int number = 0;
+};
+
+} // namespace
+
+std::unique_ptr<ISubcommand> MakeKeptSubcommand()
+{
+    return std::make_unique<KeptSubcommand>();
+}

@@ -1,0 +1,149 @@
+#include "Depfile.h"
+#include "HostFiles.h"
+#include "OpeningReport.h"
+#include "PackRequest.h"
+#include "Paths.h"
+#include "ProjectInputs.h"
+#include "ProjectSave.h"
+#include "RemoteSubcommand.h"
+#include "Subcommands.h"
+
+#include <cstring>
+
+namespace
+{
+
+class PackSubcommand : public ISubcommand
+{
+public:
+    CLI::App *Add(CLI::App &app) override
+    {
+        CLI::App *subcommand = app.add_subcommand("pack", "Pack a project's resources into an application file");
+        subcommand->add_option("PROJECT", project, "The project's .vcproj file")->required();
+        subcommand->add_option("--input", input, "The application file as built; it isn't changed")->required();
+        subcommand->add_option("--output", output, "The file to make (default: the input's name and \".pkd\")");
+        subcommand->add_option("--resolution", resolution, "The device's screen, such as 240x320")->required();
+        subcommand->add_option("--target", target, "What the application file is: axf (ELF) or dll")->required();
+        subcommand->add_option("--convert-images", convertImages, "Not 0: convert images into the device's format");
+        subcommand->add_option("--ver", version, "A version number for the log");
+        CLI::Option *depfileOption =
+            subcommand->add_option("--depfile", depfile, "Write the files that were read, for make or ninja")
+                ->type_name("FILE");
+        CLI::Option *strictOption = subcommand->add_flag("--strict", strict, STRICT_HELP);
+        CLI::Option *tempOption =
+            subcommand->add_option("--temp", temp, "Put temporary files there, and none beside the sources")
+                ->type_name("DIR");
+        CLI::Option *headersOption =
+            command
+                ->add_option("--headers", headers,
+                             "The folder that the headers were written to (default: where a save writes them)")
+                ->type_name("DIR");
+        CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, "Let the running window do it");
+        for (CLI::Option *option : {depfileOption, strictOption, tempOption, headersOption})
+            remoteOption->excludes(option);
+        return subcommand;
+    }
+
+    int Run(Session &session) override
+    {
+        if (!HasRightWords())
+            return EXIT_WRONG_USE;
+        PackCommandRecord request;
+        request.projectPath = AbsolutePath(project);
+        request.inputFile = AbsolutePath(input);
+        request.outputFile = AbsolutePath(output);
+        request.resolution = QString::fromStdString(resolution);
+        request.targetKind = QString::fromStdString(target);
+        request.imageConvert = convertImages;
+        request.version = version;
+        if (remote)
+            return RunRemotely(session, request);
+        if (strict && HasInterruptedSave(session.env, request.projectPath))
+            return EXIT_FAILED;
+        // Made absolute now: a pack moves to the project's folder.
+        const QString depfilePath = AbsolutePath(depfile);
+        std::vector<QByteArray> inputs;
+        if (!depfile.empty())
+            session.handler.packInputs = &inputs;
+        session.handler.beforePack = [&](CResDoc &document) { return MayPack(session, document); };
+        session.handler.packTemp = AbsolutePath(temp);
+        session.handler.packHeaders = AbsolutePath(headers);
+        session.handler.Pack(request);
+        const int status = session.LastStatus();
+        if (strict && session.handler.LastError() == int(ReportCode::NoDocument))
+            (void)TellOfOpening(session, request.projectPath, nullptr, true);
+        if (const int code = session.handler.LastError())
+            Complain(QStringLiteral("the pack failed with %1: %2").arg(code).arg(PackReportText(code)));
+        if (status == EXIT_FINE && !depfile.empty())
+            return WriteDependencies(session, request, depfilePath, std::move(inputs));
+        return status;
+    }
+
+private:
+    /// False, having said so, when a word of the command line is none that a pack understands.
+    [[nodiscard]] bool HasRightWords() const
+    {
+        const auto refuse = [](const char *option, const std::string &word, const char *right) {
+            Complain(QStringLiteral("%1 is \"%2\", but it must be %3")
+                         .arg(QString::fromLatin1(option), QString::fromStdString(word), QString::fromLatin1(right)));
+            return false;
+        };
+        if (!PackModeOf(QString::fromStdString(target)))
+            return refuse("--target", target, "axf (an ELF file) or dll");
+        if (!ParseResolution(QString::fromStdString(resolution)))
+            return refuse("--resolution", resolution, "a width and a height in pixels, such as 240x320");
+        return true;
+    }
+
+    /// Says what is wrong with the opened project, or with the pack that is asked for.
+    [[nodiscard]] bool MayPack(Session &session, CResDoc &document) const
+    {
+        const QString &path = document.PathName();
+        bool isWhole = !strict || TellOfOpening(session, path, &document, true);
+        const auto size = ParseResolution(QString::fromStdString(resolution));
+        const OpeningCheck check(session.env, session.tables, path, &document);
+        if (const auto reason = check.UnlistedResolution(size->width, size->height)) {
+            session.env.Explain(FindingText(*reason));
+            isWhole = isWhole && !strict;
+        }
+        if (!isWhole)
+            session.env.ExplainFailure(QStringLiteral("the pack is strict, so nothing is written"));
+        return isWhole;
+    }
+
+    static int WriteDependencies(Session &session, const PackCommandRecord &request, const QString &path,
+                                 std::vector<QByteArray> inputs)
+    {
+        inputs.push_back(request.inputFile.toUtf8());
+        auto *document = static_cast<CResDoc *>(session.documents.FindDocument(request.projectPath));
+        for (const QString &file : document ? ProjectInputs(*document) : QStringList())
+            inputs.push_back(HostPath(file));
+        const QString made =
+            request.outputFile.isEmpty() ? request.inputFile + QStringLiteral(".pkd") : request.outputFile;
+        if (const int error = WriteDepfile(path, made.toUtf8(), std::move(inputs))) {
+            Complain(QStringLiteral("cannot write %1: %2").arg(path, QString::fromLocal8Bit(strerror(error))));
+            return EXIT_FAILED;
+        }
+        return EXIT_FINE;
+    }
+
+    std::string project;
+    std::string input;
+    std::string output;
+    std::string resolution;
+    std::string target;
+    std::string depfile;
+    std::string temp;
+    std::string headers;
+    int convertImages = 0;
+    int version = 0;
+    bool remote = false;
+    bool strict = false;
+};
+
+} // namespace
+
+std::unique_ptr<ISubcommand> MakePackSubcommand()
+{
+    return std::make_unique<PackSubcommand>();
+}

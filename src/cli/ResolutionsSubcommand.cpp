@@ -1,0 +1,30 @@
+#include "Session.h"
+#include "Subcommands.h"
+
+namespace
+{
+
+class ResolutionsSubcommand : public ISubcommand
+{
+public:
+    CLI::App *Add(CLI::App &app) override
+    {
+        return app.add_subcommand("resolutions", "List the screen sizes that a project can have pictures for");
+    }
+
+    int Run(Session &session) override
+    {
+        session.tables.LoadOnce(session.env);
+        const CResoTable &sizes = session.tables.resolutions;
+        for (int i = 0; i < sizes.Count(); ++i)
+            session.report.Write(QStringLiteral("%1x%2\n").arg(sizes.At(i).width).arg(sizes.At(i).height));
+        return EXIT_FINE;
+    }
+};
+
+} // namespace
+
+std::unique_ptr<ISubcommand> MakeResolutionsSubcommand()
+{
+    return std::make_unique<ResolutionsSubcommand>();
+}

@@ -1,0 +1,55 @@
+#include "OpeningReport.h"
+#include "ProjectSave.h"
+#include "RemoteSubcommand.h"
+#include "Subcommands.h"
+
+namespace
+{
+
+class SaveSubcommand : public ISubcommand
+{
+public:
+    CLI::App *Add(CLI::App &app) override
+    {
+        CLI::App *subcommand =
+            app.add_subcommand("save", "Open a project, number its IDs, write its headers and files");
+        subcommand->add_option("PROJECT", project, "The project's .vcproj file")->required();
+        CLI::Option *remoteOption =
+            subcommand->add_flag("--remote", remote, "Let the running window save the project that it has open");
+        subcommand->add_flag("--strict", strict, STRICT_HELP)->excludes(remoteOption);
+        return subcommand;
+    }
+
+    int Run(Session &session) override
+    {
+        const QString path = AbsolutePath(project);
+        const CommandRecord record{path};
+        if (remote)
+            return RunRemotely(session, IDE_COMMAND_SAVE, record);
+        if (strict && HasInterruptedSave(session.env, path))
+            return EXIT_FAILED;
+        CResDoc *const document = session.OpenQuietly(path); // it has no lines in the report of a save
+        if (!TellOfOpening(session, path, document, strict && document) || !document)
+            return EXIT_FAILED;
+        session.handler.Save(record);
+        // The report of a save has no error line for these.
+        if (document->lastSave.write != 0)
+            Complain(path + QStringLiteral(": failed to save the resources"));
+        else if (document->lastSave.generate != 0)
+            Complain(path +
+                     QStringLiteral(": failed to generate header files: more IDs of one kind than there are numbers"));
+        return document->lastSave.write != 0 || document->lastSave.generate != 0 ? EXIT_FAILED : session.LastStatus();
+    }
+
+private:
+    std::string project;
+    bool remote = false;
+    bool strict = false;
+};
+
+} // namespace
+
+std::unique_ptr<ISubcommand> MakeSaveSubcommand()
+{
+    return std::make_unique<SaveSubcommand>();
+}

@@ -1,0 +1,136 @@
+#include "IdeCommandServer.h"
+#include "IdleDocuments.h"
+#include "OutputPump.h"
+#include "ReportPipe.h"
+#include "Session.h"
+#include "Subcommands.h"
+
+#include <chrono>
+#include <csignal>
+#include <fcntl.h>
+#include <malloc.h>
+#include <new>
+#include <optional>
+#include <poll.h>
+#include <sys/signalfd.h>
+#include <unistd.h>
+
+namespace
+{
+
+/// Readable once the process is asked to end.
+FileHandle EndSignals()
+{
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGTERM);
+    sigaddset(&signals, SIGINT);
+    sigprocmask(SIG_BLOCK, &signals, nullptr);
+    return FileHandle(signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
+}
+
+/// Keeps the server from waiting for a reader of its messages, or of an outside tool's: they go through a pump, and so
+/// does a debug log that is no file on a disk.
+class PatientOutputs
+{
+public:
+    explicit PatientOutputs(FileHandle &debugLog)
+    {
+        if (OutputPump::CanWait(STDERR_FILENO)) {
+            errorsBefore = FileHandle(fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+            errors.emplace(FileHandle(fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)));
+            if (errors->Input() >= 0)
+                dup2(errors->Input(), STDERR_FILENO);
+        }
+        if (debugLog.IsOpen() && OutputPump::CanWait(debugLog.Get())) {
+            log.emplace(std::move(debugLog));
+            debugLog = FileHandle(fcntl(log->Input(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+        }
+    }
+    ~PatientOutputs()
+    {
+        if (errorsBefore.IsOpen())
+            dup2(errorsBefore.Get(), STDERR_FILENO);
+    }
+    PatientOutputs(const PatientOutputs &) = delete;
+    PatientOutputs &operator=(const PatientOutputs &) = delete;
+
+private:
+    FileHandle errorsBefore;
+    std::optional<OutputPump> errors;
+    std::optional<OutputPump> log;
+};
+
+class ServeSubcommand : public ISubcommand
+{
+public:
+    CLI::App *Add(CLI::App &app) override
+    {
+        CLI::App *subcommand = app.add_subcommand("serve", "Take commands of IDEs without a window, until SIGTERM");
+        subcommand
+            ->add_option("--idle-close", idleMinutes,
+                         "Close a project without changes that no command has used for so many minutes; 0: never")
+            ->type_name("MINUTES")
+            ->capture_default_str()
+            ->check(CLI::Range(0, MOST_MINUTES));
+        return subcommand;
+    }
+
+    int Run(Session &session) override
+    {
+        const FileHandle ending = EndSignals();
+        const PatientOutputs outputs(session.debugLog);
+        ReportPipe pipe(ending.Get());
+        IdeCommandHandler handler(session.env, session.documents, pipe);
+        session.services.GetCommandID = [&handler](const QString &path) { return handler.GetCommandID(&path); };
+
+        IdleDocuments idle(session.documents, std::chrono::minutes(idleMinutes));
+        IdeCommandServer server([&handler, &idle](quint32 id, QByteArrayView record) {
+            int answer = 1;
+            try {
+                answer = handler.Handle(id, record);
+            } catch (const std::bad_alloc &) { // the next command may need less
+                Complain(QStringLiteral("a command ran out of memory"));
+            }
+            if (const auto project = ParseCommandRecord(record)) // every record begins with the project
+                idle.Used(project->projectPath, Clock::now());
+            return answer;
+        });
+        QString error;
+        if (!server.Listen(error)) {
+            Complain(error);
+            return EXIT_FAILED;
+        }
+        pollfd events[] = {{server.PollFd(), POLLIN, 0}, {ending.Get(), POLLIN, 0}};
+        while (poll(events, 2, WaitFor(idle)) >= 0 || errno == EINTR) {
+            if (events[1].revents)
+                break;
+            if (events[0].revents)
+                server.Dispatch();
+            if (idle.CloseUnused(Clock::now()) > 0)
+                malloc_trim(0); // else the memory stays with the process
+        }
+        session.documents.CloseAll();
+        return EXIT_FINE;
+    }
+
+private:
+    using Clock = std::chrono::steady_clock;
+    static constexpr int MOST_MINUTES = 7 * 24 * 60; // their milliseconds fit into the wait of poll
+
+    /// Milliseconds until a project may be due; -1: none is.
+    static int WaitFor(const IdleDocuments &idle)
+    {
+        const auto wait = idle.NextLook(Clock::now());
+        return wait ? int(wait->count()) : -1;
+    }
+
+    int idleMinutes = 30;
+};
+
+} // namespace
+
+std::unique_ptr<ISubcommand> MakeServeSubcommand()
+{
+    return std::make_unique<ServeSubcommand>();
+}

@@ -1,0 +1,170 @@
+#include "OpeningReport.h"
+#include "ProjectSave.h"
+#include "Session.h"
+#include "Spreadsheet.h"
+#include "StringStats.h"
+#include "Subcommands.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace
+{
+
+/// A text on one line and in one field.
+QString OnOneLine(QString text)
+{
+    return text.replace(u'\\', QStringLiteral("\\\\"))
+        .replace(u'\t', QStringLiteral("\\t"))
+        .replace(u'\n', QStringLiteral("\\n"))
+        .replace(u'\r', QStringLiteral("\\r"));
+}
+
+/// Prints what would become of each text of the sheet.
+class FateList : public IImportWatch
+{
+public:
+    explicit FateList(StandardOutput &output) : out(output) {}
+
+    void Cell(quint32 row, quint32 column, CellFate fate, const QString &inTable, const QString &inSheet) override
+    {
+        static constexpr const char *WORDS[] = {"filled", "new", "same", "kept", "replaced", "nowhere"};
+        QString line =
+            QString::fromLatin1(WORDS[int(fate)]) + u'\t' + CellName(column, row + 1) + u'\t' + OnOneLine(inSheet);
+        if (fate == CellFate::Kept || fate == CellFate::Replaced)
+            line += u'\t' + OnOneLine(inTable);
+        out.Write(line + QStringLiteral("\r\n"));
+    }
+
+private:
+    StandardOutput &out;
+};
+
+class StringsSubcommand : public ISubcommand
+{
+public:
+    CLI::App *Add(CLI::App &app) override
+    {
+        CLI::App *subcommand =
+            app.add_subcommand("strings", "Exchange the string table with a workbook, or count its texts");
+        subcommand->require_subcommand(1);
+        exporting = subcommand->add_subcommand("export", "Write the string table into a workbook (.xls, .xlsx, .csv)");
+        importing = subcommand->add_subcommand("import", "Fill the string table from a workbook, and save the project");
+        stats = subcommand->add_subcommand("stats", "Tell for each language how many texts are there");
+        for (CLI::App *sub : {exporting, importing, stats})
+            sub->add_option("PROJECT", project, "The project's .vcproj file")->required();
+        for (CLI::App *sub : {exporting, importing})
+            sub->add_option("FILE", file, "The workbook; the extension of its name says what it is")->required();
+        importing->add_flag("--dry-run", dryRun, "Change nothing; tell what would become of each text of the sheet");
+        importing->add_flag("--strict", strict, STRICT_HELP);
+        stats->add_flag("--json", json, "As JSON");
+        return subcommand;
+    }
+
+    int Run(Session &session) override
+    {
+        const QString workbook = AbsolutePath(file); // an opening changes the current folder
+        const QString path = AbsolutePath(project);
+        if (strict && HasInterruptedSave(session.env, path))
+            return EXIT_FAILED;
+        CResDoc *document = session.OpenQuietly(path);
+        if (!document || (strict && !TellOfOpening(session, document->PathName(), document, true)))
+            return EXIT_FAILED;
+        session.handler.idleOutput = [&session](QStringView text) { session.report.Write(text); };
+        if (*stats)
+            return PrintStats(session, *document);
+        return *exporting ? Export(session, *document, workbook) : Import(session, *document, workbook);
+    }
+
+private:
+    static int Finish(Session &session, const SpreadsheetResult &result)
+    {
+        if (!result.reason.isEmpty())
+            Complain(result.reason);
+        return session.StatusAfter(result.code == 0 && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED);
+    }
+
+    static int Export(Session &session, CResDoc &document, const QString &workbook)
+    {
+        return Finish(session, ExportSpreadsheet(document, workbook));
+    }
+
+    int Import(Session &session, CResDoc &document, const QString &workbook) const
+    {
+        if (session.env.ErrorCount > 0 && !dryRun) {
+            Complain(QStringLiteral("the project has errors, told above, and saving it would leave out what they are "
+                                    "about; nothing is imported. Mend them first"));
+            return EXIT_FAILED;
+        }
+        FateList fates(session.report);
+        const SpreadsheetResult result = ImportSpreadsheet(document, workbook, dryRun ? &fates : nullptr);
+        const int status = Finish(session, result);
+        if (result.code != 0 || !ChecksTexts(document))
+            return EXIT_FAILED;
+        if (dryRun)
+            return status;
+        (void)document.DoFileSave();
+        const bool saved =
+            document.lastSave.write == 0 && document.lastSave.generate == 0 && session.env.FailureCount == 0;
+        if (!saved)
+            Complain(document.PathName() + QStringLiteral(": failed to save the project with the imported texts"));
+        return session.StatusAfter(saved ? status : int(EXIT_FAILED));
+    }
+
+    /// False, having said so, when the string file can't hold what was imported.
+    static bool ChecksTexts(const CResDoc &document)
+    {
+        constexpr qsizetype SHOWN = 10;
+        const QStringList cells = TextsThatDontFit(document);
+        if (cells.isEmpty())
+            return true;
+        Complain(QStringLiteral("a string can't hold a tab or a line end; nothing is saved. Mend %1%2")
+                     .arg(cells.first(qMin(cells.size(), SHOWN)).join(QStringLiteral(", ")),
+                          cells.size() > SHOWN ? QStringLiteral(" and %1 more").arg(cells.size() - SHOWN) : QString()));
+        return false;
+    }
+
+    int PrintStats(Session &session, const CResDoc &document) const
+    {
+        int rows = 0;
+        const std::vector<LanguageStats> languages = StringStats(document, rows);
+        if (json) {
+            QJsonArray list;
+            for (const LanguageStats &language : languages) {
+                list.append(QJsonObject{{QStringLiteral("language"), language.number},
+                                        {QStringLiteral("name"), language.name},
+                                        {QStringLiteral("texts"), language.texts},
+                                        {QStringLiteral("missing"), language.missing},
+                                        {QStringLiteral("same_as_first"), language.sameAsFirst}});
+            }
+            const QJsonObject all{{QStringLiteral("rows"), rows}, {QStringLiteral("languages"), list}};
+            session.report.WriteBytes(QJsonDocument(all).toJson());
+            return session.StatusAfter(EXIT_FINE);
+        }
+        session.report.Write(QStringLiteral("%1 strings\n\n   texts  missing  as first  language\n").arg(rows));
+        for (const LanguageStats &language : languages) {
+            const QString numbers =
+                QStringLiteral("%1%2%3").arg(language.texts, 8).arg(language.missing, 9).arg(language.sameAsFirst, 10);
+            session.report.Write(numbers + QStringLiteral("  ") + language.name +
+                                 QStringLiteral(" (%1)\n").arg(language.number));
+        }
+        return session.StatusAfter(EXIT_FINE);
+    }
+
+    std::string project;
+    std::string file;
+    bool dryRun = false;
+    bool json = false;
+    bool strict = false;
+    CLI::App *exporting = nullptr;
+    CLI::App *importing = nullptr;
+    CLI::App *stats = nullptr;
+};
+
+} // namespace
+
+std::unique_ptr<ISubcommand> MakeStringsSubcommand()
+{
+    return std::make_unique<StringsSubcommand>();
+}

@@ -1,0 +1,93 @@
+#include "Subcommands.h"
+
+#include "Session.h"
+#include "SignalCleanup.h"
+#include "TypedText.h"
+
+#include <QFileInfo>
+
+#include <csignal>
+#include <cstdlib>
+#include <unistd.h>
+
+std::vector<std::unique_ptr<ISubcommand>> AllSubcommands()
+{
+    std::vector<std::unique_ptr<ISubcommand>> subcommands;
+    subcommands.push_back(MakeLoadSubcommand());
+    subcommands.push_back(MakeSaveSubcommand());
+    subcommands.push_back(MakeHeadersSubcommand());
+    subcommands.push_back(MakePackSubcommand());
+    subcommands.push_back(MakeIdsSubcommand());
+    subcommands.push_back(MakeInspectSubcommand());
+    subcommands.push_back(MakeStringsSubcommand());
+    subcommands.push_back(MakeLayoutsSubcommand());
+    subcommands.push_back(MakeKeptSubcommand());
+    subcommands.push_back(MakeResolutionsSubcommand());
+    subcommands.push_back(MakeServeSubcommand());
+    return subcommands;
+}
+
+namespace
+{
+
+int ParseAndRun(int argc, char **argv)
+{
+    CLI::App app{"Morvanite: manages, numbers and packs the resources of applications on small devices.",
+                 "morvanite-cli"};
+    app.set_version_flag("--version", std::string("morvanite-cli ") + MORVANITE_VERSION);
+    std::string debugLog;
+    app.add_option("--debug-log", debugLog, "Append the developer's log to a file; \"-\" is standard error")
+        ->envname("MORVANITE_DEBUG_LOG")
+        ->type_name("FILE");
+    std::string configFolder;
+    const CLI::Option *settings =
+        app.add_option("--settings", configFolder,
+                       "A folder with settings in morvanite/Morvanite.ini, in place of the user's configuration folder")
+            ->type_name("DIR");
+    app.require_subcommand(1);
+    app.fallthrough();
+
+    for (int i = 1; i < argc; ++i) {
+        if (const QString why = WhyNotUsable(argv[i]); !why.isEmpty()) {
+            Complain(why);
+            return EXIT_WRONG_USE;
+        }
+    }
+    ISubcommand *chosen = nullptr;
+    const auto subcommands = AllSubcommands();
+    for (const auto &subcommand : subcommands)
+        subcommand->Add(app)->callback([&chosen, &subcommand] { chosen = subcommand.get(); });
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError &error) {
+        return app.exit(error) == 0 ? EXIT_FINE : EXIT_WRONG_USE;
+    }
+    if (settings->count() > 0 && !QFileInfo(AbsolutePath(configFolder)).isDir()) {
+        Complain(QStringLiteral("--settings %1: there is no such folder").arg(QString::fromStdString(configFolder)));
+        return EXIT_WRONG_USE;
+    }
+    SignalCleanup::Install(); // `serve` holds the signals back and reads them itself
+    Session session(QString::fromStdString(debugLog), AbsolutePath(configFolder));
+    int status = chosen->Run(session);
+    session.report.Flush();
+    if (session.report.IsBroken())
+        status = EXIT_FAILED;
+    // The system takes the memory of a large project back faster than the tree's destructors would.
+    fflush(nullptr);
+    _exit(status);
+}
+
+} // namespace
+
+/// The whole program, from the command line to the exit status.
+extern "C" __attribute__((visibility("default"))) int MorvaniteRun(int argc, char **argv)
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN); // a file that grows beyond the limit is an error like any other
+    try {
+        return ParseAndRun(argc, argv);
+    } catch (const std::bad_alloc &) {
+        Complain(QStringLiteral("out of memory"));
+        return EXIT_FAILED;
+    }
+}

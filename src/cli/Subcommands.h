@@ -1,0 +1,31 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+class Session;
+
+/// A subcommand of morvanite-cli: adds itself to the command line, with its options, and runs.
+class ISubcommand
+{
+public:
+    virtual ~ISubcommand() = default;
+    /// Adds the subcommand and binds its options to this object.
+    virtual CLI::App *Add(CLI::App &app) = 0;
+    /// Runs with the options of the command line; the exit status.
+    virtual int Run(Session &session) = 0;
+};
+
+/// Every subcommand, in the order of the help.
+[[nodiscard]] std::vector<std::unique_ptr<ISubcommand>> AllSubcommands();
+
+std::unique_ptr<ISubcommand> MakeLoadSubcommand();
+std::unique_ptr<ISubcommand> MakeSaveSubcommand();
+std::unique_ptr<ISubcommand> MakeHeadersSubcommand();
+std::unique_ptr<ISubcommand> MakePackSubcommand();
+std::unique_ptr<ISubcommand> MakeIdsSubcommand();
+std::unique_ptr<ISubcommand> MakeInspectSubcommand();
+std::unique_ptr<ISubcommand> MakeStringsSubcommand();
+std::unique_ptr<ISubcommand> MakeLayoutsSubcommand();
+std::unique_ptr<ISubcommand> MakeKeptSubcommand();
+std::unique_ptr<ISubcommand> MakeResolutionsSubcommand();
+std::unique_ptr<ISubcommand> MakeServeSubcommand();

@@ -1,0 +1,164 @@
+#include "IdeCommandClient.h"
+
+#include "LocalSocket.h"
+#include "RuntimeFolder.h"
+
+#include <QtEndian>
+
+#include <array>
+#include <cerrno>
+#include <poll.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// How long the end of a report may keep us waiting once the command has been answered. The window closes the pipe
+/// before it answers, so only a stranger on the pipe makes use of it.
+constexpr int END_OF_REPORT_MS = 2000;
+
+/// The pipe's end on this side: one connection after another, read as UTF-16LE.
+class ReportReader
+{
+public:
+    ReportReader(const ListeningSocket &pipeSocket, const IdeCommandClient::Sink &reportSink)
+        : pipe(pipeSocket), sink(reportSink)
+    {
+    }
+
+    /// What to poll for reading.
+    [[nodiscard]] int Descriptor() const { return connection.IsOpen() ? connection.Get() : pipe.Get(); }
+
+    /// True within a report, and when one waits that nobody has looked at.
+    [[nodiscard]] bool InReport()
+    {
+        if (!connection.IsOpen())
+            connection = pipe.Accept();
+        return connection.IsOpen();
+    }
+
+    /// Takes what has come.
+    void Advance()
+    {
+        if (!InReport())
+            return;
+        std::array<char, 16384> bytes;
+        const ssize_t size = recv(connection.Get(), bytes.data(), bytes.size(), 0);
+        if (size < 0 && (errno == EAGAIN || errno == EINTR))
+            return;
+        if (size > 0) {
+            held.append(bytes.data(), qsizetype(size));
+            Pass(Rest::Hold);
+        } else {
+            Pass(Rest::Give);
+            held.clear();
+            connection = FileHandle();
+        }
+    }
+
+private:
+    enum class Rest
+    {
+        Hold,
+        Give,
+    };
+
+    /// Hands on whole characters; the first half of one waits for the second unless nothing more comes.
+    void Pass(Rest rest)
+    {
+        QString text(held.size() / 2, Qt::Uninitialized);
+        qFromLittleEndian<char16_t>(held.constData(), text.size(), text.data());
+        if (rest == Rest::Hold && !text.isEmpty() && text.back().isHighSurrogate())
+            text.chop(1);
+        held.remove(0, text.size() * 2);
+        if (!text.isEmpty() && sink)
+            sink(text);
+    }
+
+    const ListeningSocket &pipe;
+    const IdeCommandClient::Sink &sink;
+    FileHandle connection;
+    QByteArray held;
+};
+
+/// Connects to the window. Not open, and `error` says why, when none runs.
+FileHandle ConnectToWindow(QString &error)
+{
+    const QByteArray path = SocketPath(WINDOW_SOCKET, error);
+    if (path.isEmpty())
+        return FileHandle();
+    FileHandle window = MakeSocket();
+    const int failure = ConnectSocket(window, path);
+    const QString shown = QString::fromLocal8Bit(path);
+    if (failure == ENOENT || failure == ECONNREFUSED)
+        error = u"Morvanite isn't running: nobody listens at %1; start it, or \"morvanite-cli serve\""_s.arg(shown);
+    else if (failure != 0)
+        error = u"Morvanite can't be reached at %1: %2"_s.arg(shown, SystemErrorText(failure));
+    else if (!IsSameUser(window.Get()))
+        error = u"%1 is served by another user"_s.arg(shown);
+    else
+        return window;
+    return FileHandle();
+}
+
+bool SendCommand(const FileHandle &window, quint32 dwData, QByteArrayView record)
+{
+    QByteArray message(8, '\0');
+    qToLittleEndian<quint32>(dwData, message.data());
+    qToLittleEndian<quint32>(quint32(record.size()), message.data() + 4);
+    message.append(record.data(), record.size());
+    return SendAll(window.Get(), message.constData(), size_t(message.size()));
+}
+
+/// Reads report and answer side by side until both are over. Nothing when the window goes away first.
+std::optional<quint32> Collect(const FileHandle &window, ReportReader &reader)
+{
+    std::array<char, 4> answer{};
+    size_t received = 0;
+    bool windowOpen = true;
+    while (windowOpen || reader.InReport()) {
+        std::array<pollfd, 2> waits{{{reader.Descriptor(), POLLIN, 0}, {windowOpen ? window.Get() : -1, POLLIN, 0}}};
+        const int count = poll(waits.data(), waits.size(), windowOpen ? -1 : END_OF_REPORT_MS);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            break;
+        if (waits[0].revents != 0)
+            reader.Advance();
+        if (waits[1].revents == 0)
+            continue;
+        const ssize_t size = recv(window.Get(), answer.data() + received, answer.size() - received, 0);
+        if (size < 0 && errno == EINTR)
+            continue;
+        if (size > 0)
+            received += size_t(size);
+        windowOpen = size > 0 && received < answer.size();
+    }
+    if (received < answer.size())
+        return std::nullopt;
+    return qFromLittleEndian<quint32>(answer.data());
+}
+
+} // namespace
+
+std::optional<quint32> IdeCommandClient::Run(quint32 dwData, QByteArrayView record, const Sink &report, QString &error)
+{
+    const QByteArray pipePath = SocketPath(PIPE_SOCKET, error);
+    if (pipePath.isEmpty())
+        return std::nullopt;
+    ListeningSocket pipe;
+    if (!pipe.Open(pipePath, ListeningSocket::Turn::Wait, error))
+        return std::nullopt;
+    const FileHandle window = ConnectToWindow(error);
+    if (!window.IsOpen())
+        return std::nullopt;
+    std::optional<quint32> answer;
+    if (SendCommand(window, dwData, record)) {
+        ReportReader reader(pipe, report);
+        answer = Collect(window, reader);
+    }
+    if (!answer)
+        error = u"Morvanite went away before it answered"_s;
+    return answer;
+}

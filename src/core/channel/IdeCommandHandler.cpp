@@ -1,0 +1,226 @@
+#include "IdeCommandHandler.h"
+
+#include "HostFiles.h"
+#include "PackCodes.h"
+#include "PackFailure.h"
+#include "PackRequest.h"
+#include "Paths.h"
+#include "ProjectLayouts.h"
+
+#include <utility>
+
+QString PackReportText(int errorCode)
+{
+    switch (errorCode) {
+    case int(ReportCode::BadPackRequest):
+        return QStringLiteral("the resolution is not of the form 240x320, or the target kind is neither axf nor dll");
+    case int(ReportCode::NoDocument):
+        return QStringLiteral("the project can't be opened");
+    default:
+        return PackFailureText(errorCode);
+    }
+}
+
+/// The state of a command, ended on every way out.
+class IdeCommandHandler::Running
+{
+public:
+    Running(IdeCommandHandler &commandHandler, quint32 id) : handler(commandHandler)
+    {
+        handler.commandId = id;
+        handler.env.FailureCount = 0;
+        handler.env.DebugTrace("Morvanite: m_uCmdId=%ud\n", id);
+    }
+    ~Running()
+    {
+        handler.CommandTarget = nullptr;
+        handler.commandId = 0;
+        if (closesPipe && handler.pipe.IsOpen())
+            handler.pipe.Close();
+    }
+    Running(const Running &) = delete;
+    Running &operator=(const Running &) = delete;
+
+    void LeavePipe() { closesPipe = false; }
+
+private:
+    IdeCommandHandler &handler;
+    bool closesPipe = true;
+};
+
+IdeCommandHandler::IdeCommandHandler(Environment &environment, CDocManager &documentManager, IReportPipe &reportPipe)
+    : env(environment), documents(documentManager), pipe(reportPipe), previousOutput(env.output),
+      previousFlush(env.flushOutput)
+{
+    env.flushOutput = [this] { pipe.Flush(); };
+    env.output = [this](QStringView text) {
+        if (commandId != 0) {
+            if (pipe.IsOpen())
+                pipe.Write(text);
+        } else if (idleOutput) {
+            idleOutput(text);
+        }
+    };
+}
+
+IdeCommandHandler::~IdeCommandHandler()
+{
+    env.output = std::move(previousOutput);
+    env.flushOutput = std::move(previousFlush);
+}
+
+int IdeCommandHandler::Handle(quint32 dwData, QByteArrayView record)
+{
+    Running running(*this, dwData);
+    switch (dwData) {
+    case IDE_COMMAND_LOAD:
+        RunLoad(ParseCommandRecord(record));
+        break;
+    case IDE_COMMAND_SAVE:
+        RunSave(ParseCommandRecord(record));
+        break;
+    case IDE_COMMAND_PACK:
+        RunPack(ParsePackCommandRecord(record));
+        break;
+    default:
+        running.LeavePipe();
+        break;
+    }
+    return 1;
+}
+
+void IdeCommandHandler::Load(const CommandRecord &record)
+{
+    const Running running(*this, IDE_COMMAND_LOAD);
+    RunLoad(record);
+}
+
+void IdeCommandHandler::Save(const CommandRecord &record)
+{
+    const Running running(*this, IDE_COMMAND_SAVE);
+    RunSave(record);
+}
+
+void IdeCommandHandler::Pack(const PackCommandRecord &record)
+{
+    const Running running(*this, IDE_COMMAND_PACK);
+    RunPack(record);
+}
+
+quint32 IdeCommandHandler::GetCommandID(const QString *docPath) const
+{
+    env.DebugTrace("enter CMainFrame::GetCommandID, docPath=%s", docPath ? qUtf8Printable(*docPath) : "(null)");
+    if (CommandTarget && docPath && NamesSameFile(*CommandTarget, *docPath)) {
+        env.DebugTrace("CMainFrame::GetCommandID, return m_uCmdId=%ud", commandId);
+        return commandId;
+    }
+    env.DebugTrace("CMainFrame::GetCommandID, return m_uCmdId=0");
+    return 0;
+}
+
+void IdeCommandHandler::RunLoad(const std::optional<CommandRecord> &record)
+{
+    int errorCode = 0;
+    if (record) {
+        env.DebugTrace("Morvanite got LOAD command\n");
+        OpenPipe();
+        CommandTarget = &record->projectPath;
+        const auto *doc = dynamic_cast<CResDoc *>(documents.OpenDocumentFile(record->projectPath));
+        if (!doc || doc->IsUnreadable())
+            errorCode = int(ReportCode::NotLoaded);
+        if (bringToTop)
+            bringToTop();
+        env.DebugTrace("Morvanite finished LOAD command\n");
+    }
+    env.DebugTrace("Morvanite ENDed LOAD command\n");
+    Report("\r\n\r\nload done\r\n", errorCode);
+}
+
+void IdeCommandHandler::RunSave(const std::optional<CommandRecord> &record)
+{
+    int errorCode = 0;
+    if (record) {
+        env.DebugTrace("Morvanite got SAVE command\n");
+        OpenPipe();
+        CDocument *doc = documents.FindDocument(record->projectPath);
+        CommandTarget = &record->projectPath;
+        if (doc && !doc->DoFileSave())
+            errorCode = int(ReportCode::SaveFailed);
+    }
+    env.DebugTrace("Morvanite finished SAVE command\n");
+    Report("\r\n\r\nsave done\r\n", errorCode);
+}
+
+void IdeCommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
+{
+    int errorCode = 0;
+    if (record) {
+        OpenPipe();
+        env.DebugTrace("Morvanite got PACK command\n");
+        CDocument *open = documents.FindDocument(record->projectPath);
+        CommandTarget = &record->projectPath;
+        env.DebugTrace("Morvanite: m_szCmdTarget=%s\n", qUtf8Printable(record->projectPath));
+        if (!open)
+            open = documents.OpenDocumentFile(record->projectPath);
+        else
+            open->OnOpenAgain();
+        if (auto *doc = dynamic_cast<CResDoc *>(open); doc && !doc->IsUnreadable()) {
+            if (beforePack && !beforePack(*doc)) {
+                pipe.Close();
+                lastError = 0;
+                return;
+            }
+            doc->env.RefreshSettings();
+            env.DebugTrace("implicit ID Gen before Pack\n");
+            const int generated = doc->GenerateIds(nullptr);
+            env.DebugTrace("implicit ID Gen before Pack done, result is %d\n", generated);
+            if (generated != 0) {
+                env.ExplainFailure(
+                    QStringLiteral("%1: there are more IDs of one kind than numbers, so IDs of the pack have "
+                                   "wrong ones")
+                        .arg(record->projectPath));
+            }
+            errorCode = PackDocument(*doc, *record);
+        } else {
+            errorCode = int(ReportCode::NoDocument);
+        }
+        env.DebugTrace("Morvanite finished PACK command, err code=%d\n", errorCode);
+    }
+    Report("\r\n\r\npack done\r\n", errorCode);
+}
+
+int IdeCommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &record)
+{
+    auto parameters = PackInfoOf(record, doc.env, doc.tables.resolutions);
+    if (!parameters)
+        return int(ReportCode::BadPackRequest);
+    parameters->temp = packTemp;
+    parameters->headers = packHeaders;
+    parameters->projectFiles = doc.ProjectFiles();
+    if (const QStringList missing = MissingLayouts(doc); !missing.isEmpty()) {
+        for (const QString &reason : missing)
+            env.Explain(reason);
+        return PACK_LAYOUT_FILE;
+    }
+    if (!SetCurrentFolder(DirectoryOf(doc.PathName())))
+        return int(ReportCode::NoDocument); // its folder is gone
+    return Packer::Pack(*parameters, doc, packInputs);
+}
+
+void IdeCommandHandler::OpenPipe()
+{
+    if (!pipe.IsOpen() && !pipe.Open())
+        env.DebugTrace("Could not open pipe");
+}
+
+void IdeCommandHandler::Report(const char *doneText, int errorCode)
+{
+    lastError = errorCode;
+    if (!pipe.IsOpen())
+        return;
+    QString text = QString::fromLatin1(doneText);
+    if (errorCode != 0)
+        text += QStringLiteral("\r\n### error %1 ###\r\n").arg(errorCode);
+    pipe.Write(text);
+    pipe.Close();
+}

@@ -1,0 +1,112 @@
+#include "IdeCommandClient.h"
+
+#include "ReportPipe.h"
+#include "Sockets.h"
+
+#include <thread>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+void SendReport(const QString &text)
+{
+    ReportPipe pipe;
+    EXPECT_TRUE(pipe.Open());
+    pipe.Write(text);
+    pipe.Close();
+}
+
+class IdeCommandClientTest : public ::testing::Test
+{
+protected:
+    /// Begins a window on a thread of its own that takes so many commands, and answers where `run` says so.
+    void BeginWindow(int commands, std::function<bool(const QByteArray &record)> run)
+    {
+        window = std::jthread([commands, run, listener = std::make_shared<FileHandle>(ListenAt(windowPath, 64))] {
+            for (int i = 0; i < commands; ++i) {
+                const FileHandle client = AcceptAt(*listener);
+                QByteArray message(8 + 6, '\0');
+                EXPECT_EQ(recv(client.Get(), message.data(), size_t(message.size()), MSG_WAITALL), message.size());
+                EXPECT_EQ(message.first(8), QByteArray("\5\0\0\0\6\0\0\0", 8));
+                if (run(message.sliced(8)))
+                    SendBytes(client, QByteArray("\1\0\0\0", 4));
+            }
+        });
+    }
+
+    std::optional<quint32> Run()
+    {
+        return IdeCommandClient::Run(
+            5, QByteArrayView("record"), [this](QStringView text) { pieces += text.toString(); }, error);
+    }
+
+    TestRuntime runtime;
+    QByteArray windowPath = runtime.Path(WINDOW_SOCKET);
+    QByteArray pipePath = runtime.Path(PIPE_SOCKET);
+    QStringList pieces;
+    QString error;
+    std::jthread window;
+};
+
+TEST_F(IdeCommandClientTest, CollectsTheReportInPiecesOfWholeCharactersAndTheAnswer)
+{
+    const QString large = u"\U0001F514 and so on\r\n"_s.repeated(20000);
+    BeginWindow(1, [&](const QByteArray &record) {
+        EXPECT_EQ(record, "record");
+        ConnectTo(pipePath); // somebody only looks
+        SendReport(large);
+        const FileHandle pipe = ConnectTo(pipePath);
+        for (const char byte : QByteArray("\x3d\xd8\x14\xdd!\0\x3d\xd8", 8))
+            SendBytes(pipe, QByteArray(1, byte));
+        return true;
+    });
+    EXPECT_EQ(Run(), 1U) << qPrintable(error);
+    EXPECT_EQ(pieces.takeLast(), QChar(0xd83d)) << "half a character stands alone in the report, too";
+    for (const QString &piece : pieces)
+        ASSERT_FALSE(piece.back().isHighSurrogate()) << "a character was torn";
+    EXPECT_EQ(pieces.join(QString()), large + u"\U0001F514!"_s);
+}
+
+TEST_F(IdeCommandClientTest, SaysWhenNoWindowAnswersOrAnIdeServesThePipe)
+{
+    EXPECT_FALSE(Run());
+    EXPECT_TRUE(error.startsWith(u"Morvanite isn't running"_s)) << qPrintable(error);
+    ListenAt(windowPath); // those of programs that were killed
+    ListenAt(pipePath);
+    EXPECT_FALSE(Run());
+    EXPECT_TRUE(error.startsWith(u"Morvanite isn't running"_s)) << qPrintable(error);
+    EXPECT_NE(access(pipePath.constData(), F_OK), 0);
+    unlink(windowPath.constData());
+    BeginWindow(1, [](const QByteArray &) {
+        SendReport(u"half a rep"_s);
+        return false;
+    });
+    EXPECT_FALSE(Run());
+    EXPECT_EQ(error, u"Morvanite went away before it answered"_s);
+    EXPECT_EQ(pieces.join(QString()), u"half a rep"_s);
+    const FileHandle ide = ListenAt(pipePath);
+    const FileHandle busy = ConnectTo(pipePath); // with no place left the IDE lives all the same
+    EXPECT_FALSE(Run());
+    EXPECT_TRUE(error.startsWith(u"another program listens at "_s)) << qPrintable(error);
+}
+
+TEST_F(IdeCommandClientTest, SixtyFourClientsAtOnceTakeTurnsAndEachGetsItsOwnReport)
+{
+    BeginWindow(64, [](const QByteArray &record) {
+        SendReport(QString::fromLatin1(record).repeated(100));
+        return true;
+    });
+    std::vector<std::jthread> clients;
+    for (int i = 0; i < 64; ++i) {
+        clients.emplace_back([record = QByteArray::number(100000 + i)] {
+            QString report, why;
+            const auto sink = [&](QStringView text) { report += text; };
+            EXPECT_EQ(IdeCommandClient::Run(5, record, sink, why), 1U) << qPrintable(why);
+            EXPECT_EQ(report, QString::fromLatin1(record.repeated(100)));
+        });
+    }
+}
+
+} // namespace
