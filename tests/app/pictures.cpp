@@ -3,6 +3,7 @@
 // application's icon in the usual sizes instead.
 #include "TestWindow.h"
 #include "TitleBarStyle.h"
+#include "UiIcons.h"
 
 #include <QListWidget>
 #include <QMenu>

@@ -3,6 +3,7 @@
 #include "Actions.h"
 #include "Environment.h"
 #include "Paths.h"
+#include "UiIcons.h"
 #include "WaitCursor.h"
 
 #include <QApplication>

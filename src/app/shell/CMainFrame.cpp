@@ -9,6 +9,7 @@
 #include "Paths.h"
 #include "ProjectArea.h"
 #include "StatusPane.h"
+#include "UiIcons.h"
 
 #include <QAbstractEventDispatcher>
 #include <QAbstractItemDelegate>

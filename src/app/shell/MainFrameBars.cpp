@@ -7,6 +7,7 @@
 #include "Environment.h"
 #include "FrameState.h"
 #include "MenuTable.h"
+#include "UiIcons.h"
 
 #include <QCryptographicHash>
 #include <QFontDatabase>

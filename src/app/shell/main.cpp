@@ -3,6 +3,7 @@
 #include "SingleInstance.h"
 #include "TitleBarStyle.h"
 #include "TypedText.h"
+#include "UiIcons.h"
 
 #include <QApplication>
 

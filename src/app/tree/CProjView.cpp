@@ -7,6 +7,7 @@
 #include "MenuTable.h"
 #include "ProjectTree.h"
 #include "TreeLines.h"
+#include "UiIcons.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -361,11 +362,11 @@ namespace
 
 struct ContextEntry
 {
-    ActionId id; // 0: a line
+    ActionId id; // ACTION_NONE: a line
     const char *text = "";
 };
 
-constexpr ContextEntry LINE{0};
+constexpr ContextEntry LINE{ACTION_NONE};
 constexpr ContextEntry SAVE{ACTION_SAVE, "&Save\tCtrl+S"};
 constexpr ContextEntry CLEAR{ACTION_CLEAR, "Clea&r"};
 
@@ -401,7 +402,7 @@ void CProjView::OpenContextMenu(QTreeWidgetItem *item, const QPoint &globalPlace
     contextFolder = FolderOf(item);
     QMenu menu(this);
     for (const ContextEntry &entry : EntriesOf(contextFolder ? EntryOf(contextFolder->kind).menu : TreeMenu::None)) {
-        if (entry.id == 0) {
+        if (entry.id == ACTION_NONE) {
             menu.addSeparator();
             continue;
         }
