@@ -8,6 +8,8 @@
 #include "RemoteSubcommand.h"
 #include "Subcommands.h"
 
+#include <QRegularExpression>
+
 #include <cstring>
 
 namespace
@@ -34,7 +36,7 @@ public:
             subcommand->add_option("--temp", temp, "Put temporary files there, and none beside the sources")
                 ->type_name("DIR");
         CLI::Option *headersOption =
-            command
+            subcommand
                 ->add_option("--headers", headers,
                              "The folder that the headers were written to (default: where a save writes them)")
                 ->type_name("DIR");
@@ -90,9 +92,17 @@ private:
         };
         if (!PackModeOf(QString::fromStdString(target)))
             return refuse("--target", target, "axf (an ELF file) or dll");
-        if (!ParseResolution(QString::fromStdString(resolution)))
+        if (!IsScreenSize(QString::fromStdString(resolution)))
             return refuse("--resolution", resolution, "a width and a height in pixels, such as 240x320");
         return true;
+    }
+
+    /// Stricter than a record of an IDE: a slip of the finger is told here, where there is somebody to read it.
+    [[nodiscard]] static bool IsScreenSize(const QString &word)
+    {
+        static const QRegularExpression form(QStringLiteral("^[0-9]+[xX*][0-9]+$"));
+        const auto size = form.match(word).hasMatch() ? ParseResolution(word) : std::nullopt;
+        return size && size->width > 0 && size->height > 0;
     }
 
     /// Says what is wrong with the opened project, or with the pack that is asked for.

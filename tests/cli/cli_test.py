@@ -170,7 +170,7 @@ class Cli(DemoProject):
 
     def test_a_failed_pack_says_in_words_what_its_number_means(self):
         (self.dir / 'arm').rmdir()
-        for arguments, code, words in ((self.to_pack, 2, 'the folder arm must stand beside the input'),
+        for arguments, code, words in ((self.to_pack, 2, 'and the folder arm beside the input'),
                                        ((*self.to_pack, '--output', 'app.axf'), -1001, 'must be different files')):
             status, out, err = self.run_cli(*arguments)
             self.assertEqual(status, 1)

@@ -63,6 +63,8 @@ class Strict(DemoProject):
     def test_wrong_words_are_refused_before_the_project_is_opened_or_asked_for(self):
         for old, new, reason in (('axf', 'elf', '--target is "elf", but it must be axf (an ELF file) or dll'),
                                  ('240x320', '240', '--resolution is "240", but it must be'),
+                                 ('240x320', '240x32x', '--resolution is "240x32x", but it must be'),
+                                 ('240x320', '0x320', '--resolution is "0x320", but it must be'),
                                  ('240x320', 'wide', '--resolution is "wide"')):
             words = [(new if word == old else word) for word in self.to_pack]
             for also in ((), ('--remote',)):

@@ -9,6 +9,8 @@ struct LayoutExport : PackProject
     explicit LayoutExport(const QByteArray &settings) : PackProject("[Path]\n" + settings)
     {
         PutTool("printf '%s\\n' \"$@\" > \"$4/args\"", "bin/zul_xml_conv.exe");
+        for (const char *input : {"bin/layouts", "bin/classes.xml", "bin/sub/classes.xml"})
+            folder.Put(input, "");
         folder.Put("ResID/enum.i", "enumerations");
         folder.Put("ResID/enum.i.old", "older enumerations");
         folder.Put(LEFT_OVER, "x");
@@ -39,6 +41,11 @@ TEST(ExportLayoutTables, ThatCannotBeMadeIsWorkThatWasNotDone)
     project.PutTool("exit 3", "bin/zul_xml_conv.exe");
     ExportLayoutTables(project.env, project.folder.Path());
     EXPECT_EQ(project.env.FailureCount, 1) << "of a tool that ran only its files count";
+
+    LayoutExport without("export_layout=layouts\nexport_xml=none.xml\n");
+    EXPECT_EQ(without.env.FailureCount, 1);
+    EXPECT_TRUE(
+        without.TakeExplained().contains("/bin/none.xml, which export_layout or export_xml names, isn't there"));
 }
 
 TEST(ExportLayoutTables, DoesNothingWhereThereIsNothingToExport)

@@ -92,5 +92,11 @@ void ExportLayoutTables(Environment &env, const QString &projectFolder)
         if (!table.isEmpty())
             MoveAside(ResolvePath(table, headers));
     }
+    for (const QString &input : {call.input, call.xml}) {
+        if (!PathExists(input))
+            env.ExplainFailure(
+                u"%1, which export_layout or export_xml names, isn't there: the layout tables weren't made"_s.arg(
+                    input));
+    }
     Run(env, call);
 }

@@ -3,6 +3,7 @@
 #include "ElfImage.h"
 #include "PackCodes.h"
 
+#include <cerrno>
 #include <cstring>
 
 namespace
@@ -59,8 +60,10 @@ constexpr Failure FAILURES[] = {
 QString PackFailureText(int code)
 {
     if (code > 0)
-        return QStringLiteral("an output can't be opened: %1; the folder arm must stand beside the input")
-            .arg(QString::fromLocal8Bit(std::strerror(code)));
+        return QStringLiteral("an output can't be opened: %1%2")
+            .arg(QString::fromLocal8Bit(std::strerror(code)),
+                 code == ENOENT ? QStringLiteral("; its folder has to exist, and the folder arm beside the input")
+                                : QString());
     for (const Failure &failure : FAILURES) {
         if (failure.code == code)
             return QString::fromLatin1(failure.text);

@@ -31,5 +31,5 @@ bool ScratchFolder::Prepare(const Environment &env) const
 
 QByteArray ScratchFolder::ForPicture(const QByteArray &source)
 {
-    return IsNamed() ? path + '/' + QByteArray::number(++pictures) + ".tmp" : source + ".tmp";
+    return IsNamed() ? path + "/.picture-" + QByteArray::number(++pictures) + ".tmp" : source + ".tmp";
 }

@@ -21,7 +21,8 @@ public:
     /// then it has said why. True without a folder.
     [[nodiscard]] bool Prepare(const Environment &env) const;
 
-    /// The path for the next converted picture: "SOURCE.tmp", or a numbered file of the folder.
+    /// The path for the next converted picture: "SOURCE.tmp", or a hidden numbered file of the folder. An old file of
+    /// that name is the pack's to delete.
     [[nodiscard]] QByteArray ForPicture(const QByteArray &source);
 
 private:
