@@ -21,7 +21,8 @@ TEST(ScratchFolder, TakesAllConvertedPicturesSoThatNothingBesideTheSourcesIsTouc
     ASSERT_EQ(stat("res", &now), 0);
     EXPECT_EQ(now.st_mtim.tv_nsec, unchanged.st_mtim.tv_nsec) << "not even for a moment";
     EXPECT_EQ(project.folder.Names("res"), before);
-    EXPECT_EQ(project.folder.Get("names"), ".picture-1.tmp\n.picture-2.tmp\n.picture-3.tmp\n.picture-4.tmp\n.picture-5.tmp\n.picture-6.tmp\n")
+    EXPECT_EQ(project.folder.Get("names"),
+              ".picture-1.tmp\n.picture-2.tmp\n.picture-3.tmp\n.picture-4.tmp\n.picture-5.tmp\n.picture-6.tmp\n")
         << "in both runs of the phases";
     EXPECT_EQ(project.folder.Names("build/temp"), QStringList());
     EXPECT_TRUE(project.folder.Get("arm/app.res").contains("convertedthe user's own res/b.jpg"));
