@@ -174,6 +174,9 @@ TEST_F(IdeCommandHandlerTest, WhatAnotherProgramHasChangedReachesTheNextCommand)
     project.folder.Put(list, "<APP><FILE id=\"ID_OUTSIDE\">app.dll</FILE></APP>");
     EXPECT_TRUE(Run(IDE_COMMAND_PACK).contains("app.dll")) << "a pack of before would be taken for one of now";
     project.folder.Put(list, "<APP>");
-    EXPECT_TRUE(Run(IDE_COMMAND_PACK).endsWith("\r\n### error 404 ###\r\n"));
+    QString explained;
+    project.env->explain = [&](const QString &text) { explained = text; };
+    EXPECT_TRUE(Run(IDE_COMMAND_PACK).endsWith("\r\n### error -1045 ###\r\n"));
+    EXPECT_TRUE(explained.contains(QLatin1String("nothing was packed"))) << qPrintable(explained);
     EXPECT_TRUE(Run(IDE_COMMAND_LOAD).endsWith("\r\n### error 110 ###\r\n"));
 }

@@ -15,5 +15,7 @@ TEST(ProcessTables, EachLineOfTheResolutionFileGivesANewSizeHoweverItIsDivided)
     EXPECT_EQ(names, "320x240 240x320 480x272 1x2 wide ");
     EXPECT_EQ(sizes.IndexOf(240, 320), 1);
     EXPECT_EQ(sizes.IndexOf(240 + 65536, 320), -1);
+    for (const int outside : {-1, sizes.Count()})
+        EXPECT_TRUE(sizes.At(outside).name.isEmpty() && sizes.At(outside).width == 0 && sizes.At(outside).height == 0);
     EXPECT_EQ(program.tables.resourceTypes, QStringList({QStringLiteral("Normal"), QStringLiteral("Push")}));
 }

@@ -4,7 +4,7 @@ using namespace Qt::StringLiterals;
 
 TEST(ResModel, AFileBelongsWhereItsExtensionSays)
 {
-    const TestModel model("[FileType]\naudio=*.oggx;*.OGG\n"); // the longer pattern in front hides nothing
+    TestModel model("[FileType]\naudio=*.oggx;*.OGG\n"); // the longer pattern in front hides nothing
     for (const auto &[mask, kind, paths] : {
              std::tuple(KIND_FILES, KIND_AUDIO, QStringList{u"a.ogg"_s, u"dir.d\\a.OGG"_s}),
              {KIND_FILES, KIND_VIDEO, {u"a.rm"_s, u"a.rmvb"_s}},
@@ -17,6 +17,9 @@ TEST(ResModel, AFileBelongsWhereItsExtensionSays)
         for (const QString &path : paths)
             EXPECT_EQ(model.ClassifyFile(mask, path), kind) << qPrintable(path);
     }
+    model.folder.Put("bin/Morvanite.ini", "[FileType]\naudio=*.oggy\n");
+    model.env.RefreshSettings();
+    EXPECT_EQ(model.ClassifyFile(KIND_FILES, u"a.oggy"_s), KIND_AUDIO) << "the patterns are those of now";
 }
 
 TEST(ResModel, ADefaultIdComesFromTheFilesNameAndIsCountedWhereItIsTaken)
@@ -31,6 +34,8 @@ TEST(ResModel, ADefaultIdComesFromTheFilesNameAndIsCountedWhereItIsTaken)
     EXPECT_EQ(made(KIND_FILES, u"tune.mp3"_s), "ID_AUDIO_TUNE");
     EXPECT_EQ(made(KIND_FILES, u"logo.png"_s), "ID_FILE_LOGO");
     EXPECT_EQ(made(KIND_VIDEO, u"clip.avi"_s), "MOVIE_CLIP_END");
+    EXPECT_EQ(made(KIND_BINARY, u"song.mp3"_s), "ID_FILE_SONG") << "by the folder, but for that of all files";
+    EXPECT_EQ(made(KIND_AUDIO, u"raw.bin"_s), "ID_AUDIO_RAW");
     EXPECT_EQ(made(KIND_RESO_IMAGES, u"+++.png"_s), "ID_IMAGE_PNG");
     EXPECT_EQ(made(KIND_RESO_IMAGES, u"+++"_s), "ID_IMAGE_NONAME");
     const NarrowText longest = ("ID_IMAGE_" + NarrowText(80, 'N')).left(64);
@@ -39,6 +44,19 @@ TEST(ResModel, ADefaultIdComesFromTheFilesNameAndIsCountedWhereItIsTaken)
         EXPECT_EQ(made(KIND_RESO_IMAGES, QString(80, u'n') + u".png"_s, index),
                   longest.chopped(counter.size()) + counter);
     }
+    const auto forget = [&](const NarrowText &name) {
+        std::erase_if(kept, [&](const auto &res) { return res->Id()->name == name; });
+    };
+    for (const QString &path : {u"日本.png"_s, u"語.png"_s, u"a/日.png"_s})
+        made(KIND_RESO_IMAGES, path, 5);
+    EXPECT_EQ(kept.back()->Id()->name, "ID_IMAGE_PNG3");
+    EXPECT_EQ(made(KIND_RESO_IMAGES, u"x.png"_s, 6), "ID_IMAGE_X");
+    EXPECT_EQ(made(KIND_RESO_IMAGES, u"語.png"_s, 6), "ID_IMAGE_PNG1") << "of another resolution";
+    forget("ID_IMAGE_PNG2");
+    EXPECT_EQ(made(KIND_RESO_IMAGES, u"語.png"_s, 5), "ID_IMAGE_PNG2") << "a counter that is free again";
+    ASSERT_TRUE(kept.back()->Rename(model.ids, "ID_OTHER"));
+    EXPECT_EQ(made(KIND_RESO_IMAGES, u"語.png"_s, 5), "ID_IMAGE_PNG2");
+    EXPECT_EQ(made(KIND_RESO_IMAGES, u"語.png"_s, 5), "ID_IMAGE_PNG4");
 }
 
 TEST(ResModel, FoldersOfImagesAndStringsAreWatchedAndThoseOfFilesAreNot)
@@ -72,6 +90,15 @@ TEST(ResModel, AResolutionComesIntoUseOnceAndClearingEmptiesAllButComponents)
     EXPECT_EQ(images.kind, quint32(KIND_RESO_IMAGES));
     EXPECT_EQ(watch.changed, 1);
     EXPECT_TRUE(!model.UseResolutionImages(5) && !model.UseResolutionLayouts(4));
+
+    images.AddResource(model.CreateFileRes("A", 4));
+    model.TakeOutOfUse(images);
+    EXPECT_TRUE(images.resources.IsEmpty() && model.ids.IsEmpty());
+    EXPECT_EQ(images.kind, quint32(KIND_RESO_IMAGES | KIND_FLAG_OFF));
+    const int told = watch.changed;
+    model.TakeOutOfUse(images); // it is already
+    EXPECT_EQ(watch.changed, told);
+    model.PutIntoUse(images);
 
     CResFolder &component = model.AddFolder(model.root, KIND_COMPONENT);
     component.AddResource(model.CreateFileRes("C", -1));

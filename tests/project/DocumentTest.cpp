@@ -103,8 +103,14 @@ TEST_F(ResDoc, AChangedListReplacesTheTreeAndLocalChangesAreGone)
     EXPECT_TRUE(doc->IsModified()) << "the new nodes are watched too";
     project.folder.Put(LIST, "<APP>");
     EXPECT_THROW(doc->OnWatchedFileChanged(Handle(LIST)), ArchiveException);
+    (void)project.TakeOutput();
     EXPECT_TRUE(doc->DoFileSave() && doc->lastSave.write != 0);
+    EXPECT_TRUE(project.TakeOutput().contains("Error 1: failed to write to file"));
     EXPECT_EQ(project.folder.Get(LIST), "<APP>") << "a tree that was lost replaces nothing";
+    project.folder.Put(LIST, "<APP><FILE id=\"ID_AGAIN\"/></APP>");
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::TakenIn) << "once the file is repaired";
+    EXPECT_EQ(NamesIn(Files()), "ID_AGAIN");
+    EXPECT_FALSE(doc->IsUnreadable() || doc->IsModified());
 }
 
 TEST_F(ResDoc, AChangedStringFileIsReadAgainAndShownWhereStringsAre)
@@ -117,6 +123,16 @@ TEST_F(ResDoc, AChangedStringFileIsReadAgainAndShownWhereStringsAre)
     doc->OnWatchedFileChanged(Handle(STRINGS));
     EXPECT_EQ(other.updates, 1);
     EXPECT_EQ(projView.updates, 0) << "it is the sender";
+    const QByteArray whole = project.folder.Get(STRINGS);
+    const QByteArray half = whole.first(whole.size() / 2);
+    project.folder.Put(STRINGS, half);
+    EXPECT_THROW(doc->OnWatchedFileChanged(Handle(STRINGS)), ArchiveException);
+    EXPECT_TRUE(doc->IsUnreadable()) << "nothing may be packed";
+    EXPECT_TRUE(doc->DoFileSave() && doc->lastSave.write != 0);
+    EXPECT_EQ(project.folder.Get(STRINGS), half);
+    project.folder.Put(STRINGS, whole);
+    doc->OnWatchedFileChanged(Handle(STRINGS));
+    EXPECT_TRUE(doc->DoFileSave() && doc->lastSave.write == 0);
     QFile::remove(project.folder.Path(STRINGS));
     EXPECT_THROW(doc->OnWatchedFileChanged(Handle(STRINGS)), ArchiveException);
 }
@@ -124,8 +140,9 @@ TEST_F(ResDoc, AChangedStringFileIsReadAgainAndShownWhereStringsAre)
 TEST_F(ResDoc, WatchesItsFilesWhileItIsOpenButNotItsOwnWriting)
 {
     const quint32 handles[] = {0, Handle(LIST), Handle(STRINGS)};
-    EXPECT_EQ(project.monitor.flags[Handle(LIST)].second, &project.flags.resources);
-    EXPECT_EQ(project.monitor.flags[Handle(STRINGS)].second, &project.flags.strings);
+    using Flags = std::pair<qint32 *, qint32 *>; // of the file, of its type
+    EXPECT_EQ(project.monitor.flags[Handle(LIST)], Flags(&project.flags.resources, nullptr));
+    EXPECT_EQ(project.monitor.flags[Handle(STRINGS)], Flags(&project.flags.strings, nullptr));
     QDir::setCurrent(u"/"_s);
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_EQ(QDir::currentPath(), project.folder.Path("demo"));

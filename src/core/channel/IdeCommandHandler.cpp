@@ -164,7 +164,14 @@ void IdeCommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
             open = documents.OpenDocumentFile(record->projectPath);
         else
             open->OnOpenAgain();
-        if (auto *doc = dynamic_cast<CResDoc *>(open); doc && !doc->IsUnreadable()) {
+        auto *const doc = dynamic_cast<CResDoc *>(open);
+        if (doc && doc->IsUnreadable()) {
+            env.Explain(QStringLiteral("%1: nothing was packed, since what is on the disk can't be read and what is "
+                                       "open here is older, or incomplete. Repair the files, or close the project and "
+                                       "open it again")
+                            .arg(record->projectPath));
+            errorCode = PACK_UNREADABLE;
+        } else if (doc) {
             if (beforePack && !beforePack(*doc)) {
                 pipe.Close();
                 lastError = 0;

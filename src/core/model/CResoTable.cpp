@@ -11,6 +11,12 @@ void CResoTable::Add(const NarrowText &name, int width, int height)
     entries.push_back({name.isEmpty() ? size : name, qint16(width), qint16(height)});
 }
 
+const CResoEntry &CResoTable::At(int index) const
+{
+    static const CResoEntry none{};
+    return index >= 0 && index < Count() ? entries[size_t(index)] : none;
+}
+
 qint16 CResoTable::IndexOf(int width, int height) const
 {
     for (size_t i = 0; i < entries.size(); ++i) {

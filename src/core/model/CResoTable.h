@@ -20,8 +20,8 @@ public:
     void Add(const NarrowText &name, int width, int height);
     /// The place of the pair, or -1.
     [[nodiscard]] qint16 IndexOf(int width, int height) const;
-    /// The index must lie in the table.
-    [[nodiscard]] const CResoEntry &At(int index) const { return entries.at(size_t(index)); }
+    /// The resolution of an index; one without a name and a size for an index that isn't in the table.
+    [[nodiscard]] const CResoEntry &At(int index) const;
     [[nodiscard]] int Count() const { return int(entries.size()); }
 
 private:

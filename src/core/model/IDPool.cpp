@@ -86,6 +86,7 @@ void IDPool::Index(IDRecord *record, size_t hash)
 
 void IDPool::Unindex(IDRecord *record)
 {
+    ++departures;
     IDRecord **link = LinkOf(record->name, record->hash);
     IDRecord *const inBucket = std::exchange(record->nextInBucket, nullptr);
     IDRecord *const next = std::exchange(record->nextOfName, nullptr);

@@ -83,6 +83,8 @@ public:
     [[nodiscard]] IDRecord *Allocate(const NarrowText &name, qint16 scope);
     /// Tells of each name whose last record has left the pool.
     Notifier<const NarrowText &> nameFreed;
+    /// How many records have left or got another name so far. While that stays the same, a name that is taken is taken.
+    [[nodiscard]] quint64 Departures() const { return departures; }
     [[nodiscard]] bool IsEmpty() const { return sentinel.next == &sentinel; }
     /// Makes room for that many more names.
     void Reserve(size_t more);
@@ -103,4 +105,5 @@ private:
     std::vector<IDRecord *> buckets; // a power of two of them, each the oldest records of its names
     size_t names = 0;
     quint64 nextSerial = 1;
+    quint64 departures = 0;
 };

@@ -1,6 +1,7 @@
 #include "ResFolder.h"
 
 #include <algorithm>
+#include <utility>
 
 void ResourceList::InsertBefore(CBaseRes *res, CBaseRes *before)
 {
@@ -31,10 +32,8 @@ void CResFolder::DestroyContents()
         resources.Take(res);
         delete res;
     }
-    while (!subfolders.empty()) {
-        const std::unique_ptr<CResFolder> folder = std::move(subfolders.front());
-        subfolders.erase(subfolders.begin());
-    }
+    for (std::unique_ptr<CResFolder> &folder : std::exchange(subfolders, {}))
+        folder.reset(); // in their order
 }
 
 namespace

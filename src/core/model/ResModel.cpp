@@ -1,25 +1,12 @@
 #include "ResModel.h"
 
 #include "Environment.h"
+#include "FileClassifier.h"
 #include "IdNames.h"
 #include "Paths.h"
 
-#include <limits>
-
-struct CResModel::FileTypes
-{
-    explicit FileTypes(const CResModel &model)
-        : image(ToLowerSimple(model.FilePatterns("image"))), audio(ToLowerSimple(model.FilePatterns("audio"))),
-          video(ToLowerSimple(model.FilePatterns("video")))
-    {
-    }
-    QString image;
-    QString audio;
-    QString video;
-};
-
 CResModel::CResModel(Environment &environment, ProcessTables &processTables)
-    : env(environment), tables(processTables), fileTypes(std::make_unique<FileTypes>(*this))
+    : env(environment), tables(processTables), defaultIds(environment, ids)
 {
 }
 
@@ -27,10 +14,7 @@ CResModel::~CResModel() = default;
 
 QString CResModel::FilePatterns(const char *type) const
 {
-    const char *const fallback = qstrcmp(type, "image") == 0   ? "*.bmp; *.png; *.gif; *.jpg"
-                                 : qstrcmp(type, "audio") == 0 ? "*.wav; *.wma; *.mp3"
-                                                               : "*.avi; *.asf; *.wmv; *.3gp; *.rm; *.rmvb";
-    return env.settings.String("FileType", type, fallback);
+    return FileClassifier::Patterns(env.settings, type);
 }
 
 std::unique_ptr<CResFolder> CResModel::CreateFolder(quint32 kind, qint32 index)
@@ -44,7 +28,11 @@ std::unique_ptr<CResFolder> CResModel::CreateFolder(quint32 kind, qint32 index)
 
 std::unique_ptr<CFileRes> CResModel::CreateFileRes(const NarrowText &idName, qint16 scope)
 {
-    IDRecord *record = ids.Allocate(idName, scope);
+    return CreateFileRes(ids.Allocate(idName, scope));
+}
+
+std::unique_ptr<CFileRes> CResModel::CreateFileRes(IDRecord *record)
+{
     if (!record)
         return nullptr;
     auto res = std::make_unique<CFileRes>();
@@ -90,8 +78,8 @@ std::unique_ptr<CStringRes> CResModel::CreateDetachedStringRes(const NarrowText 
 
 std::unique_ptr<CFileRes> CResModel::CreateDefaultFileRes(const CResFolder &folder, const QString &path)
 {
-    const quint32 kind = folder.kind == KIND_FILES || folder.kind <= KIND_BINARY ? ClassifyFile(KIND_FILES, path)
-                                                                                 : folder.kind & ~KIND_FLAG_RESO;
+    const quint32 kind =
+        folder.kind == KIND_FILES ? ClassifyFile(KIND_FILES, path) : folder.kind & ~quint32(KIND_FLAG_RESO);
     const char *key = "binary_id";
     const char *fallback = "ID_FILE_%s";
     if (kind == KIND_IMAGES) {
@@ -113,11 +101,7 @@ std::unique_ptr<CFileRes> CResModel::CreateDefaultFileRes(const CResFolder &fold
     QString base = env.settings.String("DefaultID", key, fallback);
     base.replace(QStringLiteral("%s"), word);
     base = ToUpperSimple(base.left(MAX_ID_NAME));
-    const qint16 scope = qint16(folder.index);
-    auto res = CreateFileRes(env.WideToNarrow(base), scope);
-    for (int counter = 1; !res && counter < std::numeric_limits<int>::max(); ++counter)
-        res = CreateFileRes(env.WideToNarrow(AppendCounter(base, counter)), scope);
-    return res;
+    return CreateFileRes(defaultIds.Allocate(base, qint16(folder.index)));
 }
 
 bool CResModel::IsIdInUse(const QString &idName)
@@ -130,40 +114,29 @@ CResFolder *CResModel::UseFolder(quint32 kind, qint32 index)
     if (CResFolder *inUse = root.FindFolder(kind, index, 2))
         return inUse;
     CResFolder *folder = root.FindFolder(kind | KIND_FLAG_OFF, index, 2);
-    if (folder) {
-        folder->kind &= ~quint32(KIND_FLAG_OFF);
-        folder->NotifyChanged();
-    }
+    if (folder)
+        PutIntoUse(*folder);
     return folder;
 }
 
-namespace
+void CResModel::PutIntoUse(CResFolder &folder)
 {
-
-/// True when `list` (in lower case) has the pattern "*.ext" and not merely a longer one that begins with it.
-bool HasPattern(const QString &list, const QString &pattern)
-{
-    for (qsizetype at = list.indexOf(pattern); at >= 0; at = list.indexOf(pattern, at + 1)) {
-        const qsizetype behind = at + pattern.size();
-        const QChar c = behind < list.size() ? list[behind] : QChar(u';');
-        if (!(c == u'_' || (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z')))
-            return true;
-    }
-    return false;
+    folder.kind &= ~quint32(KIND_FLAG_OFF);
+    folder.NotifyChanged();
 }
 
-} // namespace
+void CResModel::TakeOutOfUse(CResFolder &folder)
+{
+    if (folder.kind & KIND_FLAG_OFF)
+        return;
+    folder.kind |= KIND_FLAG_OFF;
+    folder.NotifyChanged();
+    ClearFolder(folder);
+}
 
 quint32 CResModel::ClassifyFile(quint32 mask, const QString &path) const
 {
-    const QString pattern = QStringLiteral("*.") + ToLowerSimple(FileExtension(path));
-    if ((mask & KIND_AUDIO) && HasPattern(fileTypes->audio, pattern))
-        return KIND_AUDIO;
-    if ((mask & KIND_VIDEO) && HasPattern(fileTypes->video, pattern))
-        return KIND_VIDEO;
-    if ((mask == KIND_RESO_IMAGES || mask == KIND_COMPONENT) && HasPattern(fileTypes->image, pattern))
-        return mask;
-    return KIND_BINARY;
+    return FileClassifier(env.settings).Classify(mask, path);
 }
 
 PushKind CResModel::PushKindOf(quint32 folderKind)

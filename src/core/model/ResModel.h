@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DefaultIds.h"
 #include "LoadFindings.h"
 #include "ProcessTables.h"
 #include "ResFolder.h"
@@ -54,9 +55,12 @@ public:
     CResFolder *UseResolutionImages(qint32 index) { return UseFolder(KIND_RESO_IMAGES, index); }
     CResFolder *UseResolutionLayouts(qint32 index) { return UseFolder(KIND_RESO_LAYOUTS, index); }
 
+    /// Puts a resolution's folder into use.
+    static void PutIntoUse(CResFolder &folder);
+
     /// The patterns of the files that are "image", "audio" or "video".
     [[nodiscard]] QString FilePatterns(const char *type) const;
-    /// The kind of folder that a file belongs to, by its extension.
+    /// The kind of folder that a file belongs to, by its extension and the settings (FileClassifier).
     [[nodiscard]] quint32 ClassifyFile(quint32 mask, const QString &path) const;
     /// What `pushKind` a file's ID has in a folder of that kind.
     [[nodiscard]] static PushKind PushKindOf(quint32 folderKind);
@@ -67,11 +71,13 @@ public:
     /// Destroys a folder of the tree with all that is in it, such as a layout's or a language's. False when the tree
     /// doesn't have it.
     bool DeleteFolder(CResFolder &folder);
+    /// Takes a resolution's folder out of use and destroys all that is in it, unless it is out of use already.
+    void TakeOutOfUse(CResFolder &folder);
     /// Empties a folder as the command Clear does, keeping the fixed tree.
     void ClearByKind(CResFolder &folder);
 
 private:
     CResFolder *UseFolder(quint32 kind, qint32 index);
-    struct FileTypes; // the patterns of the settings, in lower case
-    std::unique_ptr<FileTypes> fileTypes;
+    [[nodiscard]] std::unique_ptr<CFileRes> CreateFileRes(IDRecord *record);
+    DefaultIds defaultIds;
 };

@@ -3,6 +3,7 @@
 #include <QtEndian>
 
 #include <cstring>
+#include <unordered_map>
 
 namespace
 {
@@ -45,15 +46,33 @@ void TakeNext(LanguageStrings &from)
     from.bytes += Space(quint64(text.size()));
 }
 
+/// The first folder of each language, as FindFolder(KIND_LANGUAGE, language, 2) finds it.
+std::unordered_map<qint32, const CResFolder *> LanguageFolders(const CResFolder &root)
+{
+    std::unordered_map<qint32, const CResFolder *> found;
+    const auto look = [&found](const CResFolder &folder) {
+        if (folder.kind == KIND_LANGUAGE)
+            found.try_emplace(folder.index, &folder);
+    };
+    for (const auto &top : root.subfolders) {
+        look(*top);
+        for (const auto &folder : top->subfolders)
+            look(*folder);
+    }
+    return found;
+}
+
 /// The strings of all languages. They are taken in turn, since those of one row lie side by side in memory: one
 /// language after the other would wait for memory at every string.
 std::vector<LanguageStrings> Gather(const CResModel &document, const CResFolder &strings)
 {
     std::vector<LanguageStrings> languages;
+    const std::unordered_map<qint32, const CResFolder *> folders = LanguageFolders(document.root);
     // The first is the column of descriptions.
     for (size_t n = 1; n < strings.subfolders.size(); ++n) {
         const qint32 language = strings.subfolders[n]->index;
-        const CResFolder *folder = document.root.FindFolder(KIND_LANGUAGE, language, 2);
+        const auto place = folders.find(language);
+        const CResFolder *const folder = place == folders.end() ? nullptr : place->second;
         languages.push_back({language, folder ? folder->resources.First() : nullptr, {}});
         languages.back().strings.reserve(folder ? folder->resources.Count() : 0);
     }

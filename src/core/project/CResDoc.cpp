@@ -1,11 +1,9 @@
 #include "CResDoc.h"
 
 #include "CatalogueFile.h"
-#include "CounterNames.h"
 #include "Environment.h"
 #include "HostFiles.h"
 #include "IDGen.h"
-#include "IdNames.h"
 #include "LayoutExport.h"
 #include "Paths.h"
 #include "ProjectConfig.h"
@@ -272,16 +270,7 @@ QStringList CResDoc::ProjectFiles()
     QStringList files{context.ConfigPath(), context.Absolute(context.ResourcePath())};
     if (!refPath.isEmpty())
         files.append(refPath);
-    QByteArrayList layouts;
-    if (const CResFolder *all = root.FindFolder(KIND_LAYOUTS, 1)) {
-        for (const auto &resolution : all->subfolders) {
-            if (const LayoutFileRef file = LayoutFileOf(*resolution); file && !file->path.isEmpty())
-                layouts.append(file->path);
-        }
-    }
-    for (const auto &[resolution, paths] : untouchedLayouts)
-        layouts += paths;
-    for (const NarrowText &path : layouts) {
+    for (const NarrowText &path : LayoutFiles(*this)) {
         if (const QString file = context.Absolute(env.NarrowToWide(path)); !files.contains(file))
             files.append(file);
     }
@@ -307,15 +296,14 @@ void CResDoc::WatchFile(const QString &path, WatchClass watchClass)
     const quint32 handle = services.watch->AddFile(QString::fromUtf8(HostPath(path)), this);
     ReloadFlags *const flags = services.reloadFlags;
     qint32 *fileFlag = nullptr;
-    qint32 *typeFlag = nullptr;
     switch (watchClass) {
     case WATCH_RESOURCES:
         resWatch = handle;
-        typeFlag = flags ? &flags->resources : nullptr;
+        fileFlag = flags ? &flags->resources : nullptr;
         break;
     case WATCH_STRINGS:
         refWatch = handle;
-        typeFlag = flags ? &flags->strings : nullptr;
+        fileFlag = flags ? &flags->strings : nullptr;
         break;
     case WATCH_LAYOUT:
         layoutWatches[path] = handle;
@@ -323,7 +311,7 @@ void CResDoc::WatchFile(const QString &path, WatchClass watchClass)
         break;
     }
     if (handle)
-        services.watch->SetAutoReloadFlags(handle, fileFlag, typeFlag);
+        services.watch->SetAutoReloadFlags(handle, fileFlag, nullptr);
 }
 
 void CResDoc::UnwatchFile(const QString &path, WatchClass watchClass)
@@ -384,6 +372,8 @@ void CResDoc::ReloadResources()
 
 void CResDoc::ReloadStrings()
 {
+    if (treeLost)
+        return ReloadResources();
     NoteFile(refPath);
     if (const CResFolder *strings = root.FindFolder(KIND_STRINGS, 2))
         treeGoes.Tell(*strings);
@@ -394,65 +384,9 @@ void CResDoc::ReloadStrings()
     const CResFolder *selected = view ? view->SelectedFolder() : nullptr;
     if (selected && selected->kind == KIND_STRINGS)
         UpdateAllViews(view); // also with what a failure has left
+    treeLost = !isRead;       // some of the texts may be replaced
     if (!isRead)
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
-}
-
-void CResDoc::ReloadLayouts(const QString &path)
-{
-    IProjView *const view = GetProjView();
-    const CResFolder *selected = view ? view->SelectedFolder() : nullptr;
-    const QString title = selected && selected->kind == KIND_LAYOUT ? selected->title : QString();
-    const LayoutEntry entry = FindLayoutEntry(m_strPathName, path, *this);
-    CResFolder *const folder = root.FindFolder(KIND_RESO_LAYOUTS, entry.resolution, 2);
-    if (!folder)
-        return;
-    ClearFolder(*folder);
-    const QByteArrayList untouched = std::exchange(untouchedLayouts[folder->index], {});
-    (void)SetCurrentFolder(DirectoryOf(m_strPathName)); // which could be entered before
-    LoadLayoutFile(*this, *folder, entry.resolution < 0 ? env.WideToNarrow(path) : entry.path);
-    if (untouched.size() > 1)
-        untouchedLayouts[folder->index] = untouched; // the list names another file too
-    KeepWhatIsLeftOut();
-    UpdateAllViews(nullptr);
-    CResFolder *const again = title.isEmpty() ? nullptr : folder->FindFolder(KIND_LAYOUT, title, 1);
-    if (again)
-        view->SelectFolder(again);
-}
-
-CResFolder &CResDoc::AddLayoutFolder(CResFolder &folder, std::unique_ptr<CLayoutRes> layout)
-{
-    layout->SetObserver(&spy);
-    folder.AddFolder(CreateFolder(KIND_LAYOUT, folder.index));
-    CResFolder &own = *folder.subfolders.back();
-    own.title = env.NarrowToWide(layout->Id()->name);
-    own.AddResource(std::move(layout));
-    return own;
-}
-
-CResFolder *CResDoc::CreateLayoutRes(qint32 resolutionIndex)
-{
-    CResFolder *const folder = root.FindFolder(KIND_RESO_LAYOUTS, resolutionIndex, 2);
-    if (!folder || !untouchedLayouts[resolutionIndex].empty())
-        return nullptr;
-    LayoutFileRef file = LayoutFileOf(*folder);
-    if (!file && resolutionIndex < 0)
-        return nullptr;
-    if (!file)
-        file = std::make_shared<LayoutFileObject>(env, ids, qint16(resolutionIndex));
-    const CounterNames names(env.settings.String("DefaultID", "layout_id", "ID_LAYOUT_%04X"));
-    IDRecord *record = nullptr;
-    for (quint32 number = 1; !record; ++number) {
-        const QString idName = names.Name(number);
-        if (!IsValidIdName(idName))
-            return nullptr;
-        record = ids.Allocate(env.WideToNarrow(idName), file->resolution);
-        if (!record && idName == names.Name(number + 1))
-            return nullptr; // the template has no number
-    }
-    std::unique_ptr<CLayoutRes> layout = CLayoutRes::CreateEmpty(record, file, *classes);
-    record->Release();
-    return layout ? &AddLayoutFolder(*folder, std::move(layout)) : nullptr;
 }
 
 void CResDoc::ChooseFiles(quint32 mask, bool multiSelect, const QString &initialName, QStringList &results)

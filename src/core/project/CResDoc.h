@@ -12,7 +12,6 @@
 
 #include <map>
 
-class CLayoutRes;
 class CResDoc;
 
 /// Watches every node of a document and marks it modified. Linked to the document only once it is loaded, so that
@@ -128,8 +127,6 @@ public:
     /// Makes a layout without components for a resolution, with a default ID; its folder. Null where there is no folder
     /// for layouts, and where the resolution's layout file wasn't loaded whole.
     CResFolder *CreateLayoutRes(qint32 resolutionIndex);
-    /// Puts a layout into a new folder at the end of its resolution's.
-    CResFolder &AddLayoutFolder(CResFolder &folder, std::unique_ptr<CLayoutRes> layout);
     /// By resolution, the paths of the layout files that weren't loaded whole: a save leaves those files as they are,
     /// and keeps their names.
     std::map<qint32, QByteArrayList> untouchedLayouts;

@@ -40,10 +40,10 @@ CResDoc::Outside CResDoc::TakeInChanges()
     if (unreadable)
         return Outside::Unreadable;
     const FileStamps::Changes changes = stamps.Since();
-    if (changes.files.isEmpty())
+    if (changes.files.isEmpty() && !treeLost)
         return Outside::None;
-    const QString files = changes.files.join(u", "_s);
-    if (IsModified()) {
+    const QString files = changes.files.isEmpty() ? m_strPathName : changes.files.join(u", "_s);
+    if (IsModified() && !treeLost) { // a failed reload has taken the changes here already
         env.Explain(u"Another program has changed %1; what is open here has changes that aren't saved, so that was not "
                     "taken in"_s.arg(files));
         keepOnSave.Require(u"Another program has changed %1 since it was opened here."_s.arg(files));

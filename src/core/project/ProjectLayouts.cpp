@@ -1,16 +1,31 @@
 #include "ProjectLayouts.h"
 
 #include "CResDoc.h"
+#include "CounterNames.h"
 #include "Environment.h"
 #include "HostFiles.h"
+#include "IdNames.h"
 #include "LayoutFault.h"
 #include "OpeningCheck.h"
 #include "Paths.h"
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
+
+/// Puts a layout into a new folder at the end of its resolution's.
+CResFolder &AddLayoutFolder(CResDoc &doc, CResFolder &folder, std::unique_ptr<CLayoutRes> layout)
+{
+    layout->SetObserver(doc.nodeObserver);
+    folder.AddFolder(doc.CreateFolder(KIND_LAYOUT, folder.index));
+    CResFolder &own = *folder.subfolders.back();
+    own.title = doc.env.NarrowToWide(layout->Id()->name);
+    own.AddResource(std::move(layout));
+    return own;
+}
 
 /// Opens a layout in a folder of its own below `folder`. False when it can't be.
 bool AddLayout(CResDoc &doc, CResFolder &folder, const LayoutFileRef &file, LayoutObject *layout)
@@ -18,7 +33,7 @@ bool AddLayout(CResDoc &doc, CResFolder &folder, const LayoutFileRef &file, Layo
     std::unique_ptr<CLayoutRes> res = CLayoutRes::Create(file, layout, *doc.classes);
     if (!res)
         return false;
-    doc.AddLayoutFolder(folder, std::move(res));
+    AddLayoutFolder(doc, folder, std::move(res));
     return true;
 }
 
@@ -28,6 +43,20 @@ LayoutFileRef LayoutFileOf(const CResFolder &folder)
 {
     const CBaseRes *first = folder.subfolders.empty() ? nullptr : folder.subfolders.front()->resources.First();
     return first ? static_cast<const CLayoutRes *>(first)->File() : nullptr;
+}
+
+QByteArrayList LayoutFiles(const CResDoc &doc)
+{
+    QByteArrayList files;
+    if (const CResFolder *all = doc.root.FindFolder(KIND_LAYOUTS, 1)) {
+        for (const auto &resolution : all->subfolders) {
+            if (const LayoutFileRef file = LayoutFileOf(*resolution); file && !file->path.isEmpty())
+                files.append(file->path);
+        }
+    }
+    for (const auto &[resolution, paths] : doc.untouchedLayouts)
+        files += paths;
+    return files;
 }
 
 QStringList MissingLayouts(const CResDoc &doc)
@@ -100,4 +129,53 @@ void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path)
         const int count = ++env.ErrorCount;
         env.WriteOutput("Error %d: failed to load layout [%s].\r\n", count, env.Shown(name).constData());
     }
+}
+
+void CResDoc::ReloadLayouts(const QString &path)
+{
+    if (treeLost)
+        return ReloadResources();
+    IProjView *const view = GetProjView();
+    const CResFolder *selected = view ? view->SelectedFolder() : nullptr;
+    const QString title = selected && selected->kind == KIND_LAYOUT ? selected->title : QString();
+    const LayoutEntry entry = FindLayoutEntry(m_strPathName, path, *this);
+    CResFolder *const folder = root.FindFolder(KIND_RESO_LAYOUTS, entry.resolution, 2);
+    if (!folder)
+        return;
+    ClearFolder(*folder);
+    const QByteArrayList untouched = std::exchange(untouchedLayouts[folder->index], {});
+    (void)SetCurrentFolder(DirectoryOf(m_strPathName)); // which could be entered before
+    LoadLayoutFile(*this, *folder, entry.resolution < 0 ? env.WideToNarrow(path) : entry.path);
+    if (untouched.size() > 1)
+        untouchedLayouts[folder->index] = untouched; // the list names another file too
+    KeepWhatIsLeftOut();
+    UpdateAllViews(nullptr);
+    CResFolder *const again = title.isEmpty() ? nullptr : folder->FindFolder(KIND_LAYOUT, title, 1);
+    if (again)
+        view->SelectFolder(again);
+}
+
+CResFolder *CResDoc::CreateLayoutRes(qint32 resolutionIndex)
+{
+    CResFolder *const folder = root.FindFolder(KIND_RESO_LAYOUTS, resolutionIndex, 2);
+    if (!folder || !untouchedLayouts[resolutionIndex].empty())
+        return nullptr;
+    LayoutFileRef file = LayoutFileOf(*folder);
+    if (!file && resolutionIndex < 0)
+        return nullptr;
+    if (!file)
+        file = std::make_shared<LayoutFileObject>(env, ids, qint16(resolutionIndex));
+    const CounterNames names(env.settings.String("DefaultID", "layout_id", "ID_LAYOUT_%04X"));
+    IDRecord *record = nullptr;
+    for (quint32 number = 1; !record; ++number) {
+        const QString idName = names.Name(number);
+        if (!IsValidIdName(idName))
+            return nullptr;
+        record = ids.Allocate(env.WideToNarrow(idName), file->resolution);
+        if (!record && idName == names.Name(number + 1))
+            return nullptr; // the template has no number
+    }
+    std::unique_ptr<CLayoutRes> layout = CLayoutRes::CreateEmpty(record, file, *classes);
+    record->Release();
+    return layout ? &AddLayoutFolder(*this, *folder, std::move(layout)) : nullptr;
 }

@@ -2,6 +2,8 @@
 
 #include "CLayoutRes.h"
 
+#include <QByteArrayList>
+
 class CResDoc;
 class CResFolder;
 
@@ -12,6 +14,9 @@ void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path);
 /// Why layout files of the project weren't loaded whole, a sentence each with its file and line; empty when all were.
 /// Without their layouts the IDs get other numbers, so nothing that holds numbers may be made then.
 [[nodiscard]] QStringList MissingLayouts(const CResDoc &doc);
+
+/// The paths of the project's layout files as the list has them, with those that weren't loaded whole.
+[[nodiscard]] QByteArrayList LayoutFiles(const CResDoc &doc);
 
 /// The file of a resolution's layouts, by their folder; null while it has none.
 [[nodiscard]] LayoutFileRef LayoutFileOf(const CResFolder &folder);

@@ -1,5 +1,6 @@
 #include "CResDoc.h"
 #include "Environment.h"
+#include "FileClassifier.h"
 #include "FileFault.h"
 #include "HostFiles.h"
 #include "IdNames.h"
@@ -162,7 +163,7 @@ private:
         const QByteArray end = path.sliced(std::max<qsizetype>(path.lastIndexOf('.'), 0));
         if (lastKind == 0 || end != lastEnd) {
             lastEnd = end;
-            lastKind = doc.ClassifyFile(KIND_FILES, QString::fromUtf8(path));
+            lastKind = classifier.Classify(KIND_FILES, QString::fromUtf8(path));
         }
         return lastKind;
     }
@@ -345,6 +346,7 @@ private:
     HostPaths hostPaths;
     CResFolder *defaultImages = nullptr;
     CResFolder *files[3] = {};
+    FileClassifier classifier{env.settings};
     QByteArray lastEnd;
     quint32 lastKind = 0;
 };

@@ -7,12 +7,11 @@
 namespace
 {
 
-constexpr qsizetype MAX_NAME = 128;
-
-/// The number of "name(number", whatever follows it; `name` is its length then.
-std::optional<int> ScanNumber(QStringView text, qsizetype &name)
+/// The number of "name(number", whatever follows it, with `divider` in the place of "("; `name` is the name's length
+/// then, which is at most `longest`.
+std::optional<int> ScanNumber(QStringView text, char16_t divider, qsizetype longest, qsizetype &name)
 {
-    name = text.first(qMin(text.size(), MAX_NAME + 1)).indexOf(u'(');
+    name = text.first(qMin(text.size(), longest + 1)).indexOf(divider);
     if (name < 1)
         return std::nullopt;
     const QStringView number = text.sliced(name + 1);
@@ -30,10 +29,23 @@ std::optional<int> ScanNumber(QStringView text, qsizetype &name)
 
 int ParseLanguageHeader(const Environment &env, QString &text)
 {
+    constexpr qsizetype LONGEST_NAME = 128;
     qsizetype name = 0;
-    const std::optional<int> number = ScanNumber(text, name);
+    const std::optional<int> number = ScanNumber(text, u'(', LONGEST_NAME, name);
     if (!number)
         return env.LanguageNumber(text);
     text.truncate(name);
     return *number;
+}
+
+std::vector<KnownLanguage> KnownLanguages(const Environment &env)
+{
+    constexpr qsizetype LONGEST_NAME = 64;
+    std::vector<KnownLanguage> languages;
+    for (const QString &line : env.ReadLanguageTable()) {
+        qsizetype name = 0;
+        if (const std::optional<int> number = ScanNumber(line, u'=', LONGEST_NAME, name))
+            languages.push_back({line.first(name), *number});
+    }
+    return languages;
 }

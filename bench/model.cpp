@@ -1,0 +1,91 @@
+// The tree of resources when it is large: default IDs, and folders that are emptied.
+
+#include "Environment.h"
+#include "ResModel.h"
+
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+
+namespace
+{
+
+class EmptyModel : public CResModel
+{
+public:
+    using CResModel::CResModel;
+    const QString &PathName() const override { return path; }
+
+private:
+    QString path = QStringLiteral("/demo.vcproj");
+};
+
+struct World
+{
+    Environment env{QStringLiteral("/nowhere")};
+    ProcessTables tables;
+    EmptyModel model{env, tables};
+};
+
+double Seconds(std::chrono::steady_clock::time_point from)
+{
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - from).count();
+}
+
+/// Seconds that the default IDs of so many files take.
+double TimeOfIds(qsizetype count, const std::function<QString(qsizetype)> &title)
+{
+    World world;
+    std::vector<QString> paths;
+    for (qsizetype i = 0; i < count; ++i)
+        paths.push_back(title(i) + QStringLiteral(".png"));
+    std::vector<std::unique_ptr<CFileRes>> made;
+    made.reserve(size_t(count));
+    const CResFolder folder(KIND_RESO_IMAGES, 0);
+    const auto start = std::chrono::steady_clock::now();
+    for (const QString &path : paths)
+        made.push_back(world.model.CreateDefaultFileRes(folder, path));
+    return Seconds(start);
+}
+
+/// "more_us" is what a file with a title that is taken takes longer than one with a title of its own, in microseconds;
+/// at most 2 is wanted. Titles are equal, without a letter of the alphabet, or long, in pairs, with the same beginning.
+void DefaultIdsOfTakenTitles(benchmark::State &state)
+{
+    const qsizetype count = state.range(0);
+    const auto own = [](qsizetype i) { return QStringLiteral("title%1").arg(i); };
+    const auto equal = [](qsizetype) { return QStringLiteral("title"); };
+    const auto foreign = [](qsizetype) { return QStringLiteral("日本語"); };
+    const auto pairs = [](qsizetype i) { return QString(48, u'x') + QStringLiteral("%1").arg(i / 2, 6); };
+    double plain = 0;
+    double ours[3] = {};
+    for (auto _ : state) {
+        plain += TimeOfIds(count, own);
+        ours[0] += TimeOfIds(count, equal);
+        ours[1] += TimeOfIds(count, foreign);
+        ours[2] += TimeOfIds(count, pairs);
+    }
+    const double perFile = 1e6 / double(count) / double(state.iterations());
+    const char *const names[] = {"more_us_equal", "more_us_foreign", "more_us_pairs"};
+    for (size_t i = 0; i < 3; ++i)
+        state.counters[names[i]] = (ours[i] - plain) * perFile;
+    state.counters["own_us"] = plain * perFile;
+}
+BENCHMARK(DefaultIdsOfTakenTitles)->Arg(1000)->Arg(100000)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+/// The time for one of them must not grow with their number.
+void ClearOfSubfolders(benchmark::State &state)
+{
+    for (auto _ : state) {
+        state.PauseTiming();
+        World world;
+        for (qint64 i = 0; i < state.range(0); ++i)
+            world.model.root.AddFolder(world.model.CreateFolder(KIND_LANGUAGE, qint32(i)));
+        state.ResumeTiming();
+        world.model.ClearFolder(world.model.root);
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(ClearOfSubfolders)->Arg(1000)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+} // namespace
