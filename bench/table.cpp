@@ -16,13 +16,8 @@ constexpr int LANGUAGES = 12;
 
 struct NoGrid : IStringGrid
 {
-    void RowInserted(int) override {}
-    void RowRemoved(int) override {}
-    void CellShows(int, int, const QString &) override {}
-    void FocusCell(int, int) override {}
     void ReportCellError(int, int, int) override {}
     void ShowMessage(int) override {}
-    void ColumnsChanged() override {}
 };
 
 class TableModel : public CResModel

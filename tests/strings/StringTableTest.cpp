@@ -17,10 +17,8 @@ struct FakeGrid : IStringGrid
     void RowInserted(int) override { ++shownRows; }
     void RowRemoved(int) override { --shownRows; }
     void CellShows(int, int, const QString &text) override { lastText = text; }
-    void FocusCell(int, int) override {}
     void ReportCellError(int code, int, int) override { message = code; }
     void ShowMessage(int code) override { message = code; }
-    void ColumnsChanged() override {}
 
     int TakeMessage() { return std::exchange(message, 0); }
 
