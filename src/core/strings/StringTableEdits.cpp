@@ -109,6 +109,8 @@ int StringTable::InsertFromCell(int row, int col, QString text)
     CStringRes *const head = Head(row);
     if (col == KIND_COLUMN || col == DESCRIPTION_COLUMN) {
         head->SetText(text);
+        if (col == KIND_COLUMN) // a kind can't be typed there: the text is the description
+            grid.CellShows(row, DESCRIPTION_COLUMN, text);
     } else if (col >= FIRST_LANGUAGE_COLUMN) {
         CResFolder *const folder = ColumnLanguage(col);
         if (!folder)
