@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 TEST(RowList, DoesWhatAVectorDoesAcrossItsBlocks)
@@ -22,10 +23,19 @@ TEST(RowList, DoesWhatAVectorDoesAcrossItsBlocks)
         }
         ASSERT_EQ(list.Count(), int(plain.size()));
     }
-    for (size_t at = 0; at < plain.size(); ++at) {
-        ASSERT_EQ(list.At(int(at)), plain[at]);
-        ASSERT_EQ(list.Find(plain[at]), int(at));
-    }
+    const auto expectSame = [&] {
+        for (size_t at = 0; at < plain.size(); ++at) {
+            ASSERT_EQ(list.At(int(at)), plain[at]);
+            ASSERT_EQ(list.Find(plain[at]), int(at));
+        }
+    };
+    expectSame();
+    CStringRes *const gone = plain.back();
+    plain.pop_back();
+    std::shuffle(plain.begin(), plain.end(), random);
+    list.Assign(plain);
+    expectSame();
+    EXPECT_EQ(list.Find(gone), -1);
     EXPECT_EQ(list.At(-1), nullptr);
     EXPECT_EQ(list.At(list.Count()), nullptr);
     EXPECT_EQ(list.Find(nullptr), -1);

@@ -21,8 +21,10 @@ public:
     [[nodiscard]] CResFolder *Folder() const { return folder; }
     /// The next resource that bears the same ID, newest first.
     [[nodiscard]] CBaseRes *NextHolder() const { return nextHolder; }
-    /// The next resource of the folder, in its order.
+    /// The next resource of the folder, in its order, or null.
     [[nodiscard]] CBaseRes *NextInFolder() const { return nextInFolder; }
+    /// The resource before this one, or null.
+    [[nodiscard]] CBaseRes *PrevInFolder() const { return prevInFolder; }
 
 protected:
     CBaseRes() = default;

@@ -1,13 +1,18 @@
 #pragma once
 
+#include <QHash>
+
 #include <cstddef>
+#include <memory>
 #include <vector>
 
 class CStringRes;
 
-/// The heads of a table's rows in the order in which they are shown. Numbers count from 0. Owns nothing.
+/// The heads of a table's rows in the order in which they are shown. Numbers count from 0. Owns nothing; no head is in
+/// it twice.
 ///
-/// In blocks of bounded size, so that an insertion in the middle doesn't move all that follow.
+/// In blocks of bounded size, so that an insertion in the middle doesn't move all that follow, with a tree of sums over
+/// the blocks: finding a row by number or by head takes time in the logarithm of the number of blocks.
 class RowList
 {
 public:
@@ -18,19 +23,34 @@ public:
     void Insert(int row, CStringRes *head);
     void Append(CStringRes *head) { Insert(count, head); }
     void Remove(int row);
-    void Clear();
-    /// The number of a row; -1 if it isn't here. Looks at all of them.
+    void Clear() { Assign({}); }
+    /// Replaces all rows.
+    void Assign(const std::vector<CStringRes *> &heads);
+    /// The number of a row; -1 if it isn't here.
     [[nodiscard]] int Find(const CStringRes *head) const;
+    [[nodiscard]] bool Contains(const CStringRes *head) const { return blockOf.contains(head); }
 
 private:
-    using Block = std::vector<CStringRes *>;
+    struct Block
+    {
+        std::vector<CStringRes *> heads;
+        std::size_t index = 0; // in `blocks`
+    };
     struct Place
     {
         std::size_t block;
         std::size_t at;
     };
     [[nodiscard]] Place PlaceOf(int row) const;
+    void Split(std::size_t block);
+    void AddBlock(std::size_t index);
+    void AddToSums(std::size_t block, int difference);
+    void MakeSums();
 
-    std::vector<Block> blocks; // none is empty
+    std::vector<std::unique_ptr<Block>> blocks; // none is empty
+    // A Fenwick tree over the sizes of the blocks: entry i is the sum of those from i - (i & -i) to i - 1. Entry 0 is
+    // not used.
+    std::vector<int> sums;
+    QHash<const CStringRes *, Block *> blockOf;
     int count = 0;
 };

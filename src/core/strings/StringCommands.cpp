@@ -23,16 +23,8 @@ int ColumnNow(const StringTable &table, int col, qint32 language)
     return col < StringTable::FIRST_LANGUAGE_COLUMN ? col : table.ColumnOf(language);
 }
 
-/// Deletes the rows where they stand now. False, with the message shown, when it didn't come to its end; nothing has
-/// changed then if one of the rows is gone.
-bool DeleteMarked(StringTable &table, const std::vector<RowMark> &marks)
+bool ShowFailure(StringTable &table, int code)
 {
-    std::vector<int> rows;
-    for (const RowMark &mark : marks)
-        rows.push_back(table.RowOf(mark.id, mark.row));
-    std::sort(rows.begin(), rows.end());
-    const bool allThere = rows.empty() || rows.front() >= 0;
-    const int code = allThere ? table.DeleteRows(rows) : int(EDIT_NO_ROW);
     if (code != EDIT_DONE)
         table.grid.ShowMessage(code);
     return code == EDIT_DONE;
@@ -41,16 +33,21 @@ bool DeleteMarked(StringTable &table, const std::vector<RowMark> &marks)
 } // namespace
 
 STR_MOD_CMD::STR_MOD_CMD(StringTable &stringTable, int cellRow, int cellCol, QString text)
-    : table(stringTable), mark(MarkOf(table, cellRow)), col(cellCol), language(LanguageOf(table, col)),
-      oldText(table.CellText(cellRow, cellCol)), newText(std::move(text))
+    : STR_MOD_CMD(stringTable, cellRow, cellCol, stringTable.CellText(cellRow, cellCol), std::move(text))
 {
 }
 
-bool STR_MOD_CMD::Apply(const QString &text)
+STR_MOD_CMD::STR_MOD_CMD(StringTable &stringTable, int cellRow, int cellCol, QString shown, QString text)
+    : table(stringTable), mark(MarkOf(table, cellRow)), col(cellCol), language(LanguageOf(table, col)),
+      oldText(std::move(shown)), oldId(mark.id), newText(std::move(text))
+{
+}
+
+template <typename Edit> bool STR_MOD_CMD::Apply(const Edit &edit)
 {
     const int row = table.RowOf(mark.id, mark.row);
     const int now = ColumnNow(table, col, language);
-    const int code = table.ApplyCellEdit(row, now, text);
+    const int code = edit(row, now);
     if (code == EDIT_DONE)
         mark = MarkOf(table, row); // it may have got another ID
     else if (row < 0 || now >= table.ColumnCount())
@@ -58,6 +55,18 @@ bool STR_MOD_CMD::Apply(const QString &text)
     else
         table.grid.ReportCellError(code, row, now);
     return code == EDIT_DONE;
+}
+
+bool STR_MOD_CMD::Execute()
+{
+    return Apply([this](int row, int now) { return table.ApplyCellEdit(row, now, newText); });
+}
+
+bool STR_MOD_CMD::Undo()
+{
+    return Apply([this](int row, int now) {
+        return now == StringTable::ID_COLUMN ? table.RestoreId(row, oldId) : table.ApplyCellEdit(row, now, oldText);
+    });
 }
 
 STR_IST_CMD::STR_IST_CMD(StringTable &stringTable, int newRow, int cellCol, QString typed)
@@ -85,25 +94,36 @@ bool STR_IST_CMD::Undo()
 STR_DEL_CMD::STR_DEL_CMD(StringTable &stringTable, const std::vector<int> &toDelete) : table(stringTable)
 {
     for (const int row : toDelete) {
-        rows.push_back(MarkOf(table, row));
-        Snapshot snapshot;
-        if (CStringRes *head = table.Head(row); head && table.SnapshotRow(head, snapshot) == EDIT_DONE)
-            snapshots.emplace(row, std::move(snapshot));
+        Deleted &deleted = rows.emplace_back(Deleted{MarkOf(table, row), {}});
+        if (CStringRes *head = table.Head(row))
+            (void)table.SnapshotRow(head, deleted.snapshot);
     }
 }
 
 bool STR_DEL_CMD::Execute()
 {
-    return DeleteMarked(table, rows);
+    for (Deleted &row : rows) {
+        row.mark.row = table.RowOf(row.mark.id, row.mark.row);
+        if (row.mark.row < 0)
+            return ShowFailure(table, EDIT_NO_ROW); // with one of them gone none is deleted
+    }
+    std::sort(rows.begin(), rows.end(), [](const Deleted &a, const Deleted &b) { return a.mark.row < b.mark.row; });
+    std::vector<int> numbers;
+    for (const Deleted &row : rows)
+        numbers.push_back(row.mark.row);
+    std::vector<TreePlace> places;
+    const int code = table.DeleteRows(numbers, &places);
+    for (size_t n = 0; n < rows.size(); ++n)
+        rows[n].snapshot.place = std::move(places[n]);
+    return ShowFailure(table, code);
 }
 
 bool STR_DEL_CMD::Undo()
 {
-    for (const auto &[row, snapshot] : snapshots) {
-        if (const int code = table.RestoreRow(snapshot, row, /*keepId=*/true)) {
-            table.grid.ShowMessage(code);
+    const StringTable::Batch batch(table);
+    for (const Deleted &row : rows) {
+        if (row.snapshot.head && !ShowFailure(table, table.RestoreRow(row.snapshot, row.mark.row, /*keepId=*/true)))
             return false;
-        }
     }
     return true;
 }
@@ -119,12 +139,11 @@ STR_PST_CMD::STR_PST_CMD(StringTable &stringTable) : table(stringTable)
 
 bool STR_PST_CMD::Execute()
 {
+    const StringTable::Batch batch(table);
     for (const auto &[row, snapshot] : snapshots) {
         const int place = table.RowCount();
-        if (const int code = table.RestoreRow(snapshot, place, /*keepId=*/false)) {
-            table.grid.ShowMessage(code);
+        if (!ShowFailure(table, table.RestoreRow(snapshot, place, /*keepId=*/false)))
             return false;
-        }
         pastedRows.push_back(MarkOf(table, place));
     }
     return true;
@@ -132,7 +151,12 @@ bool STR_PST_CMD::Execute()
 
 bool STR_PST_CMD::Undo()
 {
-    if (!DeleteMarked(table, pastedRows))
+    std::vector<int> rows;
+    for (const RowMark &mark : pastedRows)
+        rows.push_back(table.RowOf(mark.id, mark.row));
+    std::sort(rows.begin(), rows.end());
+    const bool allThere = rows.empty() || rows.front() >= 0;
+    if (!ShowFailure(table, allThere ? table.DeleteRows(rows) : int(EDIT_NO_ROW)))
         return false;
     pastedRows.clear();
     return true;

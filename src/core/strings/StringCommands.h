@@ -13,22 +13,29 @@ struct RowMark
     NarrowText id;
 };
 
-/// Another text in a cell. Made before anything changes: it takes back to what the cell shows now.
+/// Another text in a cell. Made before anything changes: it takes back to what the cell shows now, an ID to the exact
+/// one.
 class STR_MOD_CMD : public Command
 {
 public:
     STR_MOD_CMD(StringTable &stringTable, int cellRow, int cellCol, QString text);
-    bool Execute() override { return Apply(newText); }
-    bool Undo() override { return Apply(oldText); }
+    /// The same for a cell that has changed before the command is made, as the kind of a row for Push Resource: first
+    /// the flag is flipped, then the command is run with both words. `shown` is what the cell showed until then, and
+    /// what undo takes back to. The column must not be that of the ID.
+    STR_MOD_CMD(StringTable &stringTable, int cellRow, int cellCol, QString shown, QString text);
+    bool Execute() override;
+    bool Undo() override;
 
 private:
-    bool Apply(const QString &text);
+    /// Finds the cell and lets `edit` change it: a call with its row and column now that gives a code.
+    template <typename Edit> bool Apply(const Edit &edit);
 
     StringTable &table;
     RowMark mark;
     int col;
     qint32 language = -1; // of the column, which may have moved
     QString oldText;
+    NarrowText oldId;
     QString newText;
 };
 
@@ -48,7 +55,7 @@ private:
     QString text;
 };
 
-/// Rows deleted.
+/// Rows deleted. Undo brings them back where they were when they were deleted last, in the list and in the tree.
 class STR_DEL_CMD : public Command
 {
 public:
@@ -58,9 +65,14 @@ public:
     bool Undo() override;
 
 private:
+    struct Deleted
+    {
+        RowMark mark;
+        Snapshot snapshot; // without a head: none could be made
+    };
+
     StringTable &table;
-    std::vector<RowMark> rows;
-    std::map<int, Snapshot> snapshots;
+    std::vector<Deleted> rows; // ascending
 };
 
 /// Copies of the rows of the copy set, at the end of the table.

@@ -1,9 +1,7 @@
 #include "StringTable.h"
 
 #include "Environment.h"
-#include "IdNames.h"
 #include "LanguageFolders.h"
-#include "RowBuilder.h"
 #include "StringFileFormat.h"
 
 #include <algorithm>
@@ -55,44 +53,81 @@ void StringTable::TreeGoes(const CResFolder &folder)
         Forget();
 }
 
+StringTable::Batch::Batch(StringTable &stringTable) : table(stringTable)
+{
+    if (table.batches++ == 0)
+        table.grid.BatchBegins();
+}
+
+StringTable::Batch::~Batch()
+{
+    if (--table.batches == 0)
+        table.grid.BatchEnds();
+}
+
 void StringTable::Forget()
 {
+    grid.TableResetting();
     history.Clear();
     rows.Clear();
     languages.clear();
     ForgetCopies();
-    grid.ColumnsChanged();
+    grid.TableReset();
 }
 
 void StringTable::Rebuild()
 {
-    rows.Clear();
+    const Batch batch(*this);
+    grid.TableResetting();
     languages.clear();
-    ForgetCopies();
-    const CResFolder *strings = Strings();
-    if (!strings)
-        return;
-    for (const auto &folder : strings->subfolders) {
-        if (folder->index != DESCRIPTION)
-            AddLanguageColumn(*folder);
+    std::vector<CStringRes *> heads;
+    if (const CResFolder *strings = Strings(); strings && !strings->subfolders.empty()) {
+        for (const auto &folder : strings->subfolders) {
+            if (folder->index != DESCRIPTION)
+                languages.push_back(folder->index);
+        }
+        const ResourceList &stored = strings->subfolders.front()->resources;
+        heads.reserve(stored.Count());
+        for (CBaseRes *head : stored)
+            heads.push_back(static_cast<CStringRes *>(head));
     }
-    if (!strings->subfolders.empty()) {
-        for (CBaseRes *head : strings->subfolders.front()->resources)
-            rows.Append(static_cast<CStringRes *>(head));
-    }
+    rows.Assign(heads);
+    if (!languages.empty())
+        history.Clear();
+    if (!std::all_of(copiedHeads.begin(), copiedHeads.end(), [&](auto *head) { return rows.Contains(head); }))
+        ForgetCopies();
+    grid.TableReset();
+}
+
+void StringTable::Reorder(const std::vector<int> &order)
+{
+    Q_ASSERT(order.size() == size_t(RowCount()));
+    grid.RowsMoving();
+    std::vector<CStringRes *> heads;
+    heads.reserve(order.size());
+    for (const int row : order)
+        heads.push_back(Head(row));
+    rows.Assign(heads);
+    grid.RowsMoved(order);
 }
 
 void StringTable::AddLanguageColumn(const CResFolder &folder)
 {
+    const int col = ColumnCount();
+    grid.ColumnInserting(col);
     languages.push_back(folder.index);
     history.Clear();
-    grid.ColumnsChanged();
+    grid.ColumnInserted(col);
 }
 
 void StringTable::RemoveLanguageColumn(qint32 language)
 {
-    std::erase(languages, language);
-    grid.ColumnsChanged();
+    const int col = ColumnOf(language);
+    if (col == ColumnCount())
+        return;
+    grid.ColumnRemoving(col);
+    languages.erase(languages.begin() + (col - FIRST_LANGUAGE_COLUMN));
+    grid.ColumnRemoved(col);
 }
 
 CResFolder *StringTable::ColumnLanguage(int col) const
@@ -135,9 +170,14 @@ int StringTable::RowOf(const NarrowText &name, int hint) const
     const CStringRes *head = Head(hint);
     if (head && head->Id()->name == name)
         return hint;
+    return rows.Find(HeadOf(name));
+}
+
+CStringRes *StringTable::HeadOf(const NarrowText &name) const
+{
     const IDRecord *record = model.ids.Find(name, ANY_RESOLUTION);
-    const CResFolder *folder = ColumnLanguage(DESCRIPTION_COLUMN);
-    return record && folder ? rows.Find(static_cast<CStringRes *>(folder->FindResource(record))) : -1;
+    const CResFolder *folder = record ? ColumnLanguage(DESCRIPTION_COLUMN) : nullptr;
+    return folder ? static_cast<CStringRes *>(folder->FindResource(record)) : nullptr;
 }
 
 CResFolder *StringTable::EnsureDescriptionFolder()
@@ -163,158 +203,6 @@ QString StringTable::CopyStringId(const QString &source)
 {
     quint32 first = 1;
     return copyNames.Free(model, first, source);
-}
-
-void StringTable::Show(int row, int col, const QString &text)
-{
-    grid.CellShows(row, col, text);
-    grid.FocusCell(row, col);
-}
-
-int StringTable::Rename(CStringRes &head, const QString &name)
-{
-    if (!IsValidIdName(name))
-        return EDIT_INVALID_ID;
-    return head.Rename(model.ids, model.env.WideToNarrow(name)) ? EDIT_DONE : EDIT_ID_TAKEN;
-}
-
-int StringTable::ApplyCellEdit(int row, int col, QString text)
-{
-    CStringRes *const head = Head(row);
-    if (!head)
-        return EDIT_NO_ROW;
-    if (col == ID_COLUMN) {
-        text = ToUpperSimple(text.trimmed());
-        if (const int code = Rename(*head, text))
-            return code;
-    } else if (col == KIND_COLUMN) {
-        // By itself this marks nothing as modified.
-        head->Id()->push = EqualsNoCase(text, PUSH_WORD);
-        if (head->Id()->push)
-            head->Id()->pushKind = PUSH_STRING;
-    } else if (CStringRes *record = CellRecord(row, col)) {
-        record->SetText(text);
-    } else {
-        CResFolder *const folder = ColumnLanguage(col);
-        if (!folder)
-            return EDIT_NO_LANGUAGE;
-        RowBuilder(model, *head).Add(*folder, text);
-    }
-    Show(row, col, text);
-    ForgetCopiedRow(row);
-    return EDIT_DONE;
-}
-
-int StringTable::CreateRow(const QString &idText, int row)
-{
-    CResFolder *const descriptions = EnsureDescriptionFolder();
-    if (!idText.isEmpty() && !IsValidIdName(idText))
-        return EDIT_INVALID_ID;
-    const QString name = idText.isEmpty() ? DefaultStringId() : idText;
-    row = std::min(row, RowCount());
-    CStringRes *const head =
-        descriptions ? RowBuilder(model, model.env.WideToNarrow(name)).Add(*descriptions, QString(), Head(row))
-                     : nullptr;
-    if (!head)
-        return idText.isEmpty() ? EDIT_NO_DEFAULT_ID : EDIT_ID_TAKEN;
-    rows.Insert(row, head);
-    grid.RowInserted(row);
-    return EDIT_DONE;
-}
-
-int StringTable::InsertFromCell(int row, int col, QString text)
-{
-    text = ToUpperSimple(text);
-    row = std::min(row, RowCount());
-    const int code = CreateRow(col == ID_COLUMN ? text : QString(), row);
-    if (code != EDIT_DONE || col == ID_COLUMN)
-        return code;
-    CStringRes *const head = Head(row);
-    if (col == KIND_COLUMN || col == DESCRIPTION_COLUMN) {
-        head->SetText(text);
-    } else if (col >= FIRST_LANGUAGE_COLUMN) {
-        CResFolder *const folder = ColumnLanguage(col);
-        if (!folder)
-            return EDIT_NO_LANGUAGE;
-        RowBuilder(model, *head).Add(*folder, text);
-    }
-    Show(row, col, text);
-    return EDIT_DONE;
-}
-
-int StringTable::SnapshotRow(CStringRes *head, Snapshot &snapshot)
-{
-    Snapshot made;
-    made.head.reset(model.CreateDetachedStringRes(head->Id()->name).release());
-    if (!made.head)
-        return EDIT_ID_TAKEN;
-    made.head->SetText(head->text);
-    made.push = head->Id()->push;
-    made.pushKind = head->Id()->pushKind;
-    CStringRes *last = made.head.get();
-    for (const auto &folder : Strings()->subfolders) {
-        const CStringRes *cell = folder->index == DESCRIPTION ? nullptr : head->FindLanguage(folder->index);
-        if (!cell)
-            continue;
-        CStringRes *const copy = model.CreateStringRes(made.head->Id(), folder->index).release(); // the chain's now
-        last->LinkBehind(copy);
-        copy->SetText(cell->text);
-        last = copy;
-    }
-    snapshot = std::move(made);
-    return EDIT_DONE;
-}
-
-int StringTable::RestoreRow(const Snapshot &snapshot, int row, bool keepId)
-{
-    CStringRes &copy = *snapshot.head;
-    const QString own = model.env.NarrowToWide(copy.Id()->name);
-    row = std::min(row, RowCount());
-    if (const int code = CreateRow(keepId ? own : CopyStringId(own), row))
-        return code;
-    CStringRes *const head = Head(row);
-    head->SetText(copy.text);
-    head->Id()->push = snapshot.push;
-    head->Id()->pushKind = snapshot.pushKind;
-    grid.CellShows(row, KIND_COLUMN, CellText(row, KIND_COLUMN));
-    grid.CellShows(row, DESCRIPTION_COLUMN, head->text);
-    RowBuilder cells(model, *head);
-    for (int col = FIRST_LANGUAGE_COLUMN; col < ColumnCount(); ++col) {
-        CResFolder *const folder = ColumnLanguage(col);
-        const CStringRes *cell = folder ? copy.FindLanguage(folder->index) : nullptr;
-        if (!cell)
-            continue;
-        cells.Add(*folder, cell->text);
-        grid.CellShows(row, col, cell->text);
-    }
-    grid.FocusCell(row, ID_COLUMN);
-    return EDIT_DONE;
-}
-
-int StringTable::DeleteRow(int row)
-{
-    CStringRes *const head = Head(row);
-    if (!head)
-        return EDIT_NO_ROW;
-    grid.FocusCell(row, ID_COLUMN);
-    ForgetCopyOf(head);
-    rows.Remove(row); // before its records go: the grid may ask for any row
-    IDRecord *const id = head->Id();
-    id->AddRef(); // it would go with the last of its holders, and is asked for once more
-    for (const auto &folder : Strings()->subfolders)
-        folder->DeleteResource(id);
-    id->Release();
-    grid.RowRemoved(row);
-    return EDIT_DONE;
-}
-
-int StringTable::DeleteRows(const std::vector<int> &toDelete)
-{
-    for (auto row = toDelete.rbegin(); row != toDelete.rend(); ++row) {
-        if (const int code = DeleteRow(*row))
-            return code;
-    }
-    return EDIT_DONE;
 }
 
 void StringTable::Copy(const std::vector<int> &toCopy)

@@ -29,6 +29,13 @@ struct ChainDeleter
     void operator()(CStringRes *first) const { first->DestroyChain(); }
 };
 
+/// Where a row was in the tree: the IDs of the rows before and behind it, empty where there was none.
+struct TreePlace
+{
+    NarrowText before;
+    NarrowText behind;
+};
+
 /// A copy of a row that stands in no folder; its ID blocks no name.
 struct Snapshot
 {
@@ -36,23 +43,41 @@ struct Snapshot
     // The row's kind. Copies of one ID share its record, so that one doesn't hold it.
     bool push = false;
     qint32 pushKind = PUSH_NONE;
+    TreePlace place; ///< of a row that has been deleted
 };
 
-/// What shows a string table: the grid of a window, or nothing at all. Row numbers are those of the table, which may be
-/// asked for any cell meanwhile. A message ends whatever the grid has pending.
+/// What shows a string table: the grid of a window, or nothing at all. Row and column numbers are those of the table.
+///
+/// A change of rows or columns is told before and after. The table can be asked for any cell in every notice: in the
+/// first it still is as it was, in the second it is as it will be. A row that is told as inserted is complete.
 class IStringGrid
 {
 public:
     virtual ~IStringGrid() = default;
-    virtual void RowInserted(int row) = 0;
-    virtual void RowRemoved(int row) = 0;
-    virtual void CellShows(int row, int col, const QString &text) = 0;
+    virtual void RowInserting(int /*row*/) {}
+    virtual void RowInserted(int /*row*/) {}
+    virtual void RowRemoving(int /*row*/) {}
+    virtual void RowRemoved(int /*row*/) {}
+    virtual void ColumnInserting(int /*col*/) {}
+    virtual void ColumnInserted(int /*col*/) {}
+    virtual void ColumnRemoving(int /*col*/) {}
+    virtual void ColumnRemoved(int /*col*/) {}
+    /// All rows get another order: the row at place i then is the one that was at `order[i]`.
+    virtual void RowsMoving() {}
+    virtual void RowsMoved(const std::vector<int> & /*order*/) {}
+    /// All rows and columns are replaced.
+    virtual void TableResetting() {}
+    virtual void TableReset() {}
+    /// Many notices may come until `BatchEnds`: a grid may put off what it does for each. Batches aren't nested.
+    virtual void BatchBegins() {}
+    virtual void BatchEnds() {}
+    virtual void CellShows(int /*row*/, int /*col*/, const QString & /*text*/) {}
     /// Scrolls a cell into view and gives its row the focus state.
-    virtual void FocusCell(int row, int col) = 0;
-    /// Shows the message, selects the row alone and opens the editor on the cell, so that the user can correct it.
+    virtual void FocusCell(int /*row*/, int /*col*/) {}
+    /// Shows the message, selects the row alone and opens the editor on the cell, so that the user can correct it. Ends
+    /// whatever the grid has pending, as `ShowMessage` does.
     virtual void ReportCellError(int code, int row, int col) = 0;
     virtual void ShowMessage(int code) = 0;
-    virtual void ColumnsChanged() = 0;
 };
 
 /// The string table of a project: a row for each string ID, a column for the ID (0), its kind (1), the description (2)
@@ -83,12 +108,29 @@ public:
     CommandHistory history{MOST_UNDO};
     IStringGrid &grid;
 
+    /// Tells the grid of a batch for as long as it lives, but for one within another.
+    class Batch
+    {
+    public:
+        explicit Batch(StringTable &stringTable);
+        ~Batch();
+        Batch(const Batch &) = delete;
+        Batch &operator=(const Batch &) = delete;
+
+    private:
+        StringTable &table;
+    };
+
     /// Lets go of the tree, history and all; a reload is going to destroy it.
     void Forget();
     /// Forgets the rows when their records go; a language that goes leaves them, and the history.
     void TreeGoes(const CResFolder &folder) override;
-    /// Takes columns and rows anew from the tree, in its order. Forgets the history of a table with languages.
+    /// Takes columns and rows anew from the tree, in its order. Forgets the history of a table with languages, and the
+    /// copy set if one of its rows is gone.
     void Rebuild();
+    /// Shows the rows in another order: at place i comes the row that is at `order[i]`, which must have each row once.
+    /// The tree keeps its order.
+    void Reorder(const std::vector<int> &order);
     /// Appends a column for a language's folder, and forgets the history.
     void AddLanguageColumn(const CResFolder &folder);
     /// Takes the column of a language away, whose folder is gone or goes. The history stays.
@@ -107,7 +149,8 @@ public:
     [[nodiscard]] CStringRes *CellRecord(int row, int col) const;
     /// What a cell shows; "<New>" in column 0 of the new-row line.
     [[nodiscard]] QString CellText(int row, int col) const;
-    /// The row with that ID, which stood at `hint` before; -1 if there is none. Quick unless rows have moved.
+    /// The row with that ID, which stood at `hint` before; -1 if there is none. Takes a time that doesn't grow with the
+    /// table.
     [[nodiscard]] int RowOf(const NarrowText &name, int hint) const;
     CResFolder *EnsureDescriptionFolder();
 
@@ -123,12 +166,19 @@ public:
     /// Makes a row from what was typed into cell `col` of the new-row line. A row that was made stays when the column
     /// turns out to have no folder.
     [[nodiscard]] int InsertFromCell(int row, int col, QString text);
+    /// Gives a row the name that it had before, as it was: only what a user types is made upper case and tested.
+    [[nodiscard]] int RestoreId(int row, const NarrowText &name);
     [[nodiscard]] int SnapshotRow(CStringRes *head, Snapshot &snapshot);
-    /// Makes a row from a snapshot, under its own ID or one for a copy.
+    /// Makes a row from a snapshot. With `keepId` it comes back as it was: its own ID, which isn't tested, and in the
+    /// tree behind the row that it was behind, or else in front of the row that it was in front of. Without, it is a
+    /// copy under another ID. Where neither of those rows is there, and for a copy, the place in the tree is that of
+    /// `CreateRow`. A language without a column gets its cell too.
     [[nodiscard]] int RestoreRow(const Snapshot &snapshot, int row, bool keepId);
-    [[nodiscard]] int DeleteRow(int row);
-    /// From the last to the first; the first failure ends it. `toDelete` is ascending.
-    [[nodiscard]] int DeleteRows(const std::vector<int> &toDelete);
+    /// Deletes a row and tells where in the tree it was.
+    [[nodiscard]] int DeleteRow(int row, TreePlace *place = nullptr);
+    /// From the last to the first; the first failure ends it. `toDelete` is ascending. `places` get where each was when
+    /// it was deleted, the later rows being gone already: who restores from the first to the last finds these again.
+    [[nodiscard]] int DeleteRows(const std::vector<int> &toDelete, std::vector<TreePlace> *places = nullptr);
 
     // The rows that Copy has marked, by number. They are live: one that is edited or deleted empties the whole set.
     using CopySet = std::map<int, CStringRes *>;
@@ -139,11 +189,21 @@ public:
 
 private:
     [[nodiscard]] CResFolder *Strings() const;
-    [[nodiscard]] int Rename(CStringRes &head, const QString &name);
+    /// The row of that ID in the Description folder, or null.
+    [[nodiscard]] CStringRes *HeadOf(const NarrowText &name) const;
+    /// In front of what a row of that place in the tree comes; null for the end.
+    [[nodiscard]] CBaseRes *Behind(const TreePlace &place, int row) const;
+    // Both make a head in the tree, in front of `before` or at the end; it isn't in the list yet. The first takes the
+    // ID as it is, the second tests it, and takes a default one for an empty text.
+    [[nodiscard]] int MakeHead(const NarrowText &name, CBaseRes *before, CStringRes *&head);
+    [[nodiscard]] int MakeTypedHead(const QString &idText, CBaseRes *before, CStringRes *&head);
+    void InsertIntoList(int row, CStringRes *head);
+    void FillRow(CStringRes &head, const Snapshot &snapshot);
     void ForgetCopyOf(const CStringRes *head);
     void Show(int row, int col, const QString &text);
 
     CResModel &model;
+    int batches = 0; // that are open, one in another
     RowList rows;
     std::vector<qint32> languages; // of the columns from the first language on
     CopySet copied;
