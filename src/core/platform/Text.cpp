@@ -51,6 +51,17 @@ int LeadingNumber(QStringView text)
     return int(negative ? -number : std::min(number, LIMIT));
 }
 
+QByteArray Shown(QStringView text)
+{
+    return text.first(qMin(text.size(), qsizetype(512))).toUtf8();
+}
+
+QString Cut(QStringView text)
+{
+    constexpr qsizetype MOST = 60;
+    return text.size() <= MOST ? text.toString() : text.first(MOST).toString() + QStringLiteral("...");
+}
+
 CodePage::CodePage() = default;
 
 CodePage::~CodePage()

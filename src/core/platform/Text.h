@@ -19,6 +19,12 @@ using NarrowText = QByteArray;
 /// bits gives the nearest that fits.
 [[nodiscard]] int LeadingNumber(QStringView text);
 
+/// A text for a %s of the log in UTF-8: its first 512 characters, since the log shows no more of it.
+[[nodiscard]] QByteArray Shown(QStringView text);
+
+/// How a message that quotes a text shows it: whole, or its first 60 characters and "...".
+[[nodiscard]] QString Cut(QStringView text);
+
 /// Conversion between wide text and the code page that stands for the ANSI one.
 ///
 /// UTF-8 unless another is named. A character that the code page lacks becomes "?"; bytes that are no text of the code

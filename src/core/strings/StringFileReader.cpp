@@ -8,6 +8,7 @@
 #include "LanguageTable.h"
 #include "Paths.h"
 #include "ResModel.h"
+#include "RowBuilder.h"
 #include "StringFile.h"
 #include "StringFileFormat.h"
 
@@ -21,19 +22,6 @@ namespace
 {
 
 constexpr qint64 MAX_EXPECTED_ROWS = 1 << 17; // a first row of a few characters promises too many
-
-/// For a %s of the log, which shows no more than this of it anyway.
-QByteArray Shown(QStringView text)
-{
-    return text.first(qMin(text.size(), qsizetype(512))).toUtf8();
-}
-
-/// A text as a message quotes it.
-QString Cut(QStringView text)
-{
-    constexpr qsizetype MOST = 60;
-    return text.size() <= MOST ? text.toString() : text.first(MOST).toString() + u"..."_s;
-}
 
 /// True when a field that is left has something in it.
 bool HasText(FieldCursor fields)
@@ -144,7 +132,8 @@ int StringFileReader::ReadColumns(int languages)
     }
     if (field != DESCRIPTION_WORD)
         return HeaderError(2, DESCRIPTION_WORD);
-    columns.push_back(EnsureFolder(DESCRIPTION, QString()));
+    isReload = folders.HaveStrings();
+    columns.push_back(&folders.Ensure(DESCRIPTION, QString()));
 
     std::unordered_set<const CResFolder *> seen;
     // The count may be any number; the line's fields are what ends this.
@@ -160,7 +149,7 @@ int StringFileReader::ReadColumns(int languages)
                                 Shown(name).constData());
             return UNKNOWN_LANGUAGE;
         }
-        columns.push_back(EnsureFolder(number, name));
+        columns.push_back(&folders.Ensure(number, name));
         repeated |= !seen.insert(columns.back()).second;
     }
     while (!fields.AtEnd()) {
@@ -171,32 +160,6 @@ int StringFileReader::ReadColumns(int languages)
         }
     }
     return OK;
-}
-
-CResFolder *StringFileReader::EnsureFolder(qint32 index, const QString &title)
-{
-    if (!strings) {
-        strings = document.root.FindFolder(KIND_STRINGS, 2);
-        if (!strings) {
-            auto made = document.CreateFolder(KIND_STRINGS, -1);
-            made->title = QStringLiteral("Strings");
-            strings = made.get();
-            document.root.AddFolder(std::move(made));
-        }
-        for (const auto &folder : strings->subfolders) {
-            isReload |= !folder->resources.IsEmpty();
-            if (folder->kind == KIND_LANGUAGE)
-                byNumber.try_emplace(folder->index, folder.get());
-        }
-    }
-    CResFolder *&folder = byNumber[index];
-    if (!folder) {
-        auto made = document.CreateFolder(KIND_LANGUAGE, index);
-        made->title = title;
-        folder = made.get();
-        strings->AddFolder(std::move(made));
-    }
-    return folder;
 }
 
 int StringFileReader::ReadRows(qint64 size)
@@ -272,9 +235,9 @@ void StringFileReader::ReadRow(QStringView line)
     const NarrowText name = env.WideToNarrow(id);
     // Strings have IDs of no resolution: a name that no such record bears can be in none of the folders.
     const IDRecord *rowId = document.ids.Find(name, ANY_RESOLUTION);
-    CStringRes *previous = nullptr;
+    RowBuilder row(document, name);
     for (CResFolder *folder : columns) {
-        if (previous && fields.AtEnd())
+        if (row.Last() && fields.AtEnd())
             break;
         const QStringView text = fields.Next();
         if (text.isEmpty() && folder->index != DESCRIPTION)
@@ -282,12 +245,11 @@ void StringFileReader::ReadRow(QStringView line)
         CStringRes *cell = rowId ? cells.Find(rowId, *folder) : nullptr;
         if (cell) {
             Overwrite(*cell, text);
-            previous = cell;
+            row.ContinueBehind(*cell);
             continue;
         }
-        auto made = previous ? document.CreateStringRes(previous->Id(), folder->index)
-                             : document.CreateStringRes(name, folder->index);
-        if (!made) {
+        cell = row.Add(*folder, text.toString());
+        if (!cell) {
             env.Report(
                 Dropped("strings.id-conflict", id,
                         u"the row of %1 is left out with all its texts: a resource of another kind has that ID"_s.arg(
@@ -295,11 +257,9 @@ void StringFileReader::ReadRow(QStringView line)
                 "ID conflicts - %s.", Shown(id).constData());
             return;
         }
-        cell = made.get();
-        MakeCell(*folder, std::move(made), text, previous, push);
+        Added(*cell, push);
         if (repeated)
             rowId = cell->Id();
-        previous = cell;
     }
     ++rows;
     while (!fields.AtEnd()) {
@@ -310,22 +270,13 @@ void StringFileReader::ReadRow(QStringView line)
     }
 }
 
-void StringFileReader::MakeCell(CResFolder &folder, std::unique_ptr<CStringRes> made, QStringView text,
-                                CStringRes *previous, bool push)
+void StringFileReader::Added(CStringRes &cell, bool push)
 {
-    CStringRes *const cell = made.get();
     if (push) {
-        cell->Id()->push = true;
-        cell->Id()->pushKind = PUSH_STRING;
+        cell.Id()->push = true;
+        cell.Id()->pushKind = PUSH_STRING;
     }
-    folder.AddResource(std::move(made));
-    if (!text.isEmpty()) {
-        cell->text = text.toString(); // what SetText does, without a look at the old text and a copy of the new
-        cell->NotifyChanged();
-    }
-    if (previous)
-        previous->LinkBehind(cell);
-    cells.Added(cell);
+    cells.Added(&cell);
     if (isReload)
-        read.insert(cell);
+        read.insert(&cell);
 }

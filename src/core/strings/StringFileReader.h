@@ -2,12 +2,10 @@
 
 #include "CellFinder.h"
 #include "Finding.h"
+#include "LanguageFolders.h"
 #include "Utf16Lines.h"
 
-#include <unordered_map>
 #include <unordered_set>
-
-class CResModel;
 
 /// One read of a string file into the tree of `document`: new rows are made, rows that are there get new texts. Takes
 /// time and memory in the size of the text, whatever it holds. For one use.
@@ -36,9 +34,8 @@ private:
     [[nodiscard]] int ReadColumns(int languages);
     [[nodiscard]] int ReadRows(qint64 size);
     void ReadRow(QStringView line);
-    void MakeCell(CResFolder &folder, std::unique_ptr<CStringRes> made, QStringView text, CStringRes *previous,
-                  bool push);
-    [[nodiscard]] CResFolder *EnsureFolder(qint32 index, const QString &title);
+    /// Does the rest for a cell that has just been made.
+    void Added(CStringRes &cell, bool push);
     [[nodiscard]] bool NextLine(QStringView &line);
     /// Counts what is behind the last row: nobody reads it, and a save doesn't write it.
     void DropRest();
@@ -58,12 +55,10 @@ private:
     int rows = 0;
     QString problem;
     bool hasType = false;
+    LanguageFolders folders{document};
     bool repeated = false;             // some folder stands in `columns` twice
     std::vector<CResFolder *> columns; // the Description folder, then the languages in the order of the file
     CellFinder cells{columns};
     bool isReload = false;                       // there were rows before
     std::unordered_set<const CStringRes *> read; // in a reload: the cells that this file has given a text
-
-    CResFolder *strings = nullptr;
-    std::unordered_map<qint32, CResFolder *> byNumber; // the language folders, found without walking them
 };

@@ -2,6 +2,8 @@
 
 #include "Environment.h"
 #include "IdNames.h"
+#include "LanguageFolders.h"
+#include "RowBuilder.h"
 #include "StringFileFormat.h"
 
 #include <algorithm>
@@ -141,13 +143,7 @@ CResFolder *StringTable::EnsureDescriptionFolder()
 {
     if (CResFolder *folder = ColumnLanguage(DESCRIPTION_COLUMN))
         return folder;
-    auto made = model.CreateFolder(KIND_LANGUAGE, DESCRIPTION);
-    CResFolder *const folder = made.get();
-    CResFolder *const strings = Strings();
-    if (!strings)
-        return nullptr;
-    strings->AddFolder(std::move(made));
-    return folder;
+    return Strings() ? &LanguageFolders(model).Ensure(DESCRIPTION, QString()) : nullptr;
 }
 
 QString StringTable::DefaultStringId()
@@ -181,16 +177,6 @@ int StringTable::Rename(CStringRes &head, const QString &name)
     return head.Rename(model.ids, model.env.WideToNarrow(name)) ? EDIT_DONE : EDIT_ID_TAKEN;
 }
 
-CStringRes *StringTable::AddCell(CStringRes &behind, CResFolder &folder, const QString &text)
-{
-    auto made = model.CreateStringRes(behind.Id(), folder.index);
-    CStringRes *const cell = made.get();
-    cell->SetText(text);
-    behind.LinkBehind(cell);
-    folder.AddResource(std::move(made));
-    return cell;
-}
-
 int StringTable::ApplyCellEdit(int row, int col, QString text)
 {
     CStringRes *const head = Head(row);
@@ -211,7 +197,7 @@ int StringTable::ApplyCellEdit(int row, int col, QString text)
         CResFolder *const folder = ColumnLanguage(col);
         if (!folder)
             return EDIT_NO_LANGUAGE;
-        AddCell(*head, *folder, text);
+        RowBuilder(model, *head).Add(*folder, text);
     }
     Show(row, col, text);
     ForgetCopiedRow(row);
@@ -224,16 +210,12 @@ int StringTable::CreateRow(const QString &idText, int row)
     if (!idText.isEmpty() && !IsValidIdName(idText))
         return EDIT_INVALID_ID;
     const QString name = idText.isEmpty() ? DefaultStringId() : idText;
-    auto made = descriptions ? model.CreateStringRes(model.env.WideToNarrow(name), DESCRIPTION) : nullptr;
-    if (!made)
+    row = std::min(row, RowCount());
+    CStringRes *const head =
+        descriptions ? RowBuilder(model, model.env.WideToNarrow(name)).Add(*descriptions, QString(), Head(row))
+                     : nullptr;
+    if (!head)
         return idText.isEmpty() ? EDIT_NO_DEFAULT_ID : EDIT_ID_TAKEN;
-    CStringRes *const head = made.get();
-    if (row >= RowCount()) {
-        row = RowCount();
-        descriptions->AddResource(std::move(made));
-    } else {
-        descriptions->InsertResourceBefore(std::move(made), Head(row));
-    }
     rows.Insert(row, head);
     grid.RowInserted(row);
     return EDIT_DONE;
@@ -253,7 +235,7 @@ int StringTable::InsertFromCell(int row, int col, QString text)
         CResFolder *const folder = ColumnLanguage(col);
         if (!folder)
             return EDIT_NO_LANGUAGE;
-        AddCell(*head, *folder, text);
+        RowBuilder(model, *head).Add(*folder, text);
     }
     Show(row, col, text);
     return EDIT_DONE;
@@ -295,13 +277,13 @@ int StringTable::RestoreRow(const Snapshot &snapshot, int row, bool keepId)
     head->Id()->pushKind = snapshot.pushKind;
     grid.CellShows(row, KIND_COLUMN, CellText(row, KIND_COLUMN));
     grid.CellShows(row, DESCRIPTION_COLUMN, head->text);
-    CStringRes *last = head;
+    RowBuilder cells(model, *head);
     for (int col = FIRST_LANGUAGE_COLUMN; col < ColumnCount(); ++col) {
         CResFolder *const folder = ColumnLanguage(col);
         const CStringRes *cell = folder ? copy.FindLanguage(folder->index) : nullptr;
         if (!cell)
             continue;
-        last = AddCell(*last, *folder, cell->text);
+        cells.Add(*folder, cell->text);
         grid.CellShows(row, col, cell->text);
     }
     grid.FocusCell(row, ID_COLUMN);

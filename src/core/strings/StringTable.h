@@ -139,7 +139,6 @@ public:
 private:
     [[nodiscard]] CResFolder *Strings() const;
     [[nodiscard]] int Rename(CStringRes &head, const QString &name);
-    CStringRes *AddCell(CStringRes &behind, CResFolder &folder, const QString &text);
     void ForgetCopyOf(const CStringRes *head);
     void Show(int row, int col, const QString &text);
 
