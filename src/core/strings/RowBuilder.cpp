@@ -2,8 +2,7 @@
 
 CStringRes *RowBuilder::Add(CResFolder &folder, QString text, CBaseRes *before)
 {
-    auto made =
-        last ? model.CreateStringRes(last->Id(), folder.index) : model.CreateStringRes(name, folder.index);
+    auto made = last ? model.CreateStringRes(last->Id(), folder.index) : model.CreateStringRes(name, folder.index);
     if (!made)
         return nullptr;
     CStringRes *const record = made.get();
