@@ -3,6 +3,7 @@
 #include "ResModel.h"
 #include "Spreadsheet.h"
 #include "StringFileFormat.h"
+#include "Workbook.h"
 
 #include <array>
 
