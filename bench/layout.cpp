@@ -38,7 +38,7 @@ struct World
     {
         if (WriteFileAtomically(path, FileOf(components)) != 0)
             std::abort();
-        QStringList errors;
+        std::vector<Finding> errors;
         const QByteArray classes =
             "<catalogue version=\"1\"><class name=\"Base\"><member name=\"pos\" type=\"ZulPoint\"/>"
             "<member name=\"size\" type=\"ZulSize\"/><member name=\"bgColor\" type=\"ZulColor\"/>"

@@ -50,11 +50,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     static const Environment env(QStringLiteral("/nonexistent"));
     ClassCatalogue catalogue;
-    QStringList errors;
+    std::vector<Finding> errors;
     const QByteArrayView bytes(reinterpret_cast<const char *>(data), qsizetype(size));
     const bool fine = ParseCatalogue(env, bytes, QStringLiteral("c.xml"), catalogue, errors);
-    Require(fine == errors.isEmpty() && fine == catalogue.loaded && (fine || catalogue.entries.empty()));
-    for (const QString &error : errors)
+    Require(fine == errors.empty() && fine == catalogue.loaded && (fine || catalogue.entries.empty()));
+    for (const QString &error : CatalogueErrors(errors))
         Require(error.startsWith(u"c.xml"));
     for (const auto &entry : catalogue.entries) {
         Require(catalogue.Find(entry->name) == entry.get());

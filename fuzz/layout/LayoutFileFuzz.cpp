@@ -31,7 +31,7 @@ QByteArray Dump(const LayoutFileObject &file)
 ClassCatalogue Classes(const Environment &env)
 {
     ClassCatalogue catalogue;
-    QStringList errors;
+    std::vector<Finding> errors;
     if (!ParseCatalogue(
             env,
             "<catalogue version='1'><structure name='Insets'><member name='left' type='ZulS32'/></structure>"

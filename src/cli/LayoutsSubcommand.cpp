@@ -33,10 +33,10 @@ QString HostForm(const NarrowText &path, const Environment &env)
     return env.NarrowToWide(path).replace(u'\\', u'/');
 }
 
-/// A finding with its place in the form of a compiler's messages.
-struct Finding
+/// A finding as it is printed.
+struct PrintedFinding
 {
-    QString file;
+    QString file; // as the list of resources has it
     int line = 0;
     QString text;
 };
@@ -101,7 +101,7 @@ private:
 
     int Check(Session &session, CResDoc &document, const QString &folder) const
     {
-        std::vector<Finding> findings;
+        std::vector<PrintedFinding> findings;
         if (!document.classes->loaded && !CheckCatalogue(document.env, findings))
             Complain(
                 QStringLiteral("without a catalogue (section Layout of Morvanite.ini) classes, properties and values "
@@ -116,7 +116,7 @@ private:
                 const auto find = [&](const NarrowText &id) {
                     return KindOf(document.ids, id, qint16(resolution.index));
                 };
-                for (const LayoutFinding &found : CheckLayoutFile(document.env, path, *document.classes, find))
+                for (const Finding &found : CheckLayoutFile(document.env, path, *document.classes, find))
                     findings.push_back({HostForm(file, document.env), found.line, found.text});
             }
         });
@@ -125,24 +125,24 @@ private:
     }
 
     /// Tells why the catalogue that the settings name isn't there. False when they name none.
-    static bool CheckCatalogue(const Environment &env, std::vector<Finding> &findings)
+    static bool CheckCatalogue(const Environment &env, std::vector<PrintedFinding> &findings)
     {
         QString file = env.settings.String("Layout", "catalogue");
         if (file.isEmpty())
             return false;
         MakeAbsolute(file, env.ProgramDir());
         ClassCatalogue catalogue;
-        QStringList errors;
+        std::vector<Finding> errors;
         (void)LoadCatalogue(env, file, catalogue, errors);
-        for (const QString &error : errors)
+        for (const QString &error : CatalogueErrors(errors))
             findings.push_back({{}, 0, error});
         return true;
     }
 
-    static QByteArray AsText(const std::vector<Finding> &findings)
+    static QByteArray AsText(const std::vector<PrintedFinding> &findings)
     {
         QByteArray text;
-        for (const Finding &finding : findings) {
+        for (const PrintedFinding &finding : findings) {
             QString place = finding.file;
             if (finding.line > 0)
                 place += QStringLiteral(", line %1").arg(finding.line);
@@ -151,10 +151,10 @@ private:
         return text;
     }
 
-    static QByteArray AsJson(const std::vector<Finding> &findings)
+    static QByteArray AsJson(const std::vector<PrintedFinding> &findings)
     {
         QJsonArray list;
-        for (const Finding &finding : findings)
+        for (const PrintedFinding &finding : findings)
             list.append(QJsonObject{{QStringLiteral("file"), finding.file},
                                     {QStringLiteral("line"), finding.line},
                                     {QStringLiteral("text"), finding.text}});

@@ -1,7 +1,7 @@
 #include "OpeningReport.h"
 #include "ProjectSave.h"
 #include "Session.h"
-#include "Spreadsheet.h"
+#include "SpreadsheetImport.h"
 #include "StringStats.h"
 #include "Subcommands.h"
 
@@ -27,14 +27,16 @@ class FateList : public IImportWatch
 public:
     explicit FateList(StandardOutput &output) : out(output) {}
 
-    void Cell(quint32 row, quint32 column, CellFate fate, const QString &inTable, const QString &inSheet) override
+    void RowPlanned(const ImportPlan &plan, size_t index) override
     {
-        static constexpr const char *WORDS[] = {"filled", "new", "same", "kept", "replaced", "nowhere"};
-        QString line =
-            QString::fromLatin1(WORDS[int(fate)]) + u'\t' + CellName(column, row + 1) + u'\t' + OnOneLine(inSheet);
-        if (fate == CellFate::Kept || fate == CellFate::Replaced)
-            line += u'\t' + OnOneLine(inTable);
-        out.Write(line + QStringLiteral("\r\n"));
+        static constexpr const char *WORDS[] = {"filled", "new", "same", "kept", "replaced", "nowhere", "refused"};
+        for (const ImportPlan::Cell &cell : plan.Cells(index)) {
+            QString line = QString::fromLatin1(WORDS[int(cell.fate)]) + u'\t' + CellName(cell.column, cell.row + 1) +
+                           u'\t' + OnOneLine(cell.inSource);
+            if (cell.fate == CellFate::Kept || cell.fate == CellFate::Replaced)
+                line += u'\t' + OnOneLine(cell.inTable);
+            out.Write(line + QStringLiteral("\r\n"));
+        }
     }
 
 private:
@@ -98,12 +100,14 @@ private:
             return EXIT_FAILED;
         }
         FateList fates(session.report);
-        const SpreadsheetResult result = ImportSpreadsheet(document, workbook, dryRun ? &fates : nullptr);
+        SpreadsheetImport import(document, workbook);
+        const SpreadsheetResult result = import.Read(dryRun ? &fates : nullptr);
         const int status = Finish(session, result);
-        if (result.code != 0 || !ChecksTexts(document))
+        if (result.code != 0 || !TakesAll(import.Plan()))
             return EXIT_FAILED;
         if (dryRun)
             return status;
+        import.Plan().Apply();
         (void)document.DoFileSave();
         const bool saved =
             document.lastSave.write == 0 && document.lastSave.generate == 0 && session.env.FailureCount == 0;
@@ -112,11 +116,11 @@ private:
         return session.StatusAfter(saved ? status : int(EXIT_FAILED));
     }
 
-    /// False, having said so, when the string file can't hold what was imported.
-    static bool ChecksTexts(const CResDoc &document)
+    /// False, having said so, when the string file can't hold what is to be imported.
+    static bool TakesAll(const ImportPlan &plan)
     {
         constexpr qsizetype SHOWN = 10;
-        const QStringList cells = TextsThatDontFit(document);
+        const QStringList &cells = plan.Refused();
         if (cells.isEmpty())
             return true;
         Complain(QStringLiteral("a string can't hold a tab or a line end; nothing is saved. Mend %1%2")

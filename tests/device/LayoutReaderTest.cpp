@@ -41,9 +41,9 @@ struct Converted
     explicit Converted(const QByteArray &xml, const QByteArray &catalogue = CATALOGUE)
     {
         Environment env(QStringLiteral("/nowhere"));
-        QStringList wrong;
+        std::vector<Finding> wrong;
         EXPECT_TRUE(catalogue.isEmpty() || ParseCatalogue(env, catalogue, QStringLiteral("c"), types, wrong))
-            << wrong.join(u'\n').toStdString();
+            << CatalogueErrors(wrong).join(u'\n').toStdString();
         const TempFolder folder;
         folder.Put("layouts.xml", "<TarvoXML><Layout id=\"ID_LAYOUT_START\">" + xml + "</Layout></TarvoXML>");
         IDPool ids;

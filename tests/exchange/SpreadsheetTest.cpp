@@ -1,4 +1,4 @@
-#include "Spreadsheet.h"
+#include "SpreadsheetImport.h"
 
 #include "StringProject.h"
 
@@ -9,29 +9,49 @@ using ::testing::HasSubstr;
 namespace
 {
 
+/// What is to become of each text, in the order of the sheet.
+struct Fates : IImportWatch
+{
+    void RowPlanned(const ImportPlan &plan, size_t index) override
+    {
+        for (const ImportPlan::Cell &cell : plan.Cells(index))
+            all += CellName(cell.column, cell.row + 1) + u' ' + u"FN=KR-X"[int(cell.fate)] + u' ' + cell.inSource +
+                   (cell.fate == CellFate::Kept || cell.fate == CellFate::Replaced ? u'/' + cell.inTable : QString()) +
+                   u'\n';
+    }
+    QString all;
+};
+
 /// A project and workbooks beside it; "|" divides cells.
 struct SheetProject : StringProject
 {
-    int Import(const QByteArray &readable, IImportWatch *watch = nullptr)
+    int Import(const QByteArray &readable)
     {
         folder.Put("in.csv", QByteArray(readable).replace('|', ','));
-        return ImportSpreadsheet(*this, folder.Path("in.csv"), watch).code;
+        return ImportSpreadsheet(*this, folder.Path("in.csv")).code;
+    }
+
+    /// The same with a look at the plan, which has to change nothing and to be the same when all rows are planned.
+    int Import(const QByteArray &readable, QString fates)
+    {
+        folder.Put("in.csv", QByteArray(readable).replace('|', ','));
+        const std::string before = Written();
+        SpreadsheetImport import(*this, folder.Path("in.csv"));
+        Fates early;
+        const int code = import.Read(&early).code;
+        EXPECT_EQ(Written(), before);
+        Fates late;
+        for (size_t row = 0; row < import.Plan().RowCount(); ++row)
+            late.RowPlanned(import.Plan(), row);
+        EXPECT_EQ(early.all, late.all);
+        fates = early.all;
+        import.Plan().Apply();
+        return code;
     }
 };
 
 const QByteArray HEAD = "Number of Language|2\nString ID|Resource Type|Description|English|French\n";
 const QByteArray FILE_HEAD = "Number of Language|2\nString ID|Resource Type|Description|English(9)|French(12)\n";
-
-/// What became of each text, in the order of the sheet.
-struct Fates : IImportWatch
-{
-    void Cell(quint32 row, quint32 column, CellFate fate, const QString &inTable, const QString &inSheet) override
-    {
-        all += CellName(column, row + 1) + u' ' + u"FN=KR-"[int(fate)] + u' ' + inSheet +
-               (fate == CellFate::Kept || fate == CellFate::Replaced ? u'/' + inTable : QString()) + u'\n';
-    }
-    QString all;
-};
 
 } // namespace
 
@@ -40,34 +60,34 @@ TEST(Spreadsheet, AnImportFillsWhatIsEmptyMakesWhatIsMissingAndKeepsTheRest)
     SheetProject project;
     ASSERT_EQ(project.Read(FILE_HEAD + "ID_A|Push||a|\nID_B|Normal|note|b|\n##number|2\n"), 0);
     (void)project.Messages();
-    Fates fates;
+    QString fates;
     EXPECT_EQ(project.Import(HEAD + "ID_A|Normal|told|other|oui|beyond\n"
                                     "ID_B|Push|note||b\n"
                                     "##number|2\n"
                                     "ID_NEW|Push||new|\n",
-                             &fates),
+                             fates),
               0);
     EXPECT_EQ(project.Messages(), "[demo] import - 0 error(s), 0 warning(s)\r\n");
     EXPECT_EQ(
         project.Written(),
         (FILE_HEAD + "ID_A|Normal|told|a|oui\nID_B|Push|note|b|b\nID_NEW|Push||new|\n##number|3\n").toStdString());
-    EXPECT_EQ(fates.all, u"B3 R Normal/Push\nC3 F told\nD3 K other/a\nE3 N oui\nF3 - beyond\n"
-                         "B4 R Push/Normal\nC4 = note\nD4 K /b\nE4 N b\nB6 N Push\nD6 N new\n"_s);
+    EXPECT_EQ(fates, u"B3 R Normal/Push\nC3 F told\nD3 K other/a\nE3 N oui\nF3 - beyond\n"
+                     "B4 R Push/Normal\nC4 = note\nD4 K /b\nE4 N b\nB6 N Push\nD6 N new\n"_s);
     const std::string before = project.Written();
     EXPECT_EQ(project.Import(HEAD + "ID_A|Normal|told|a|oui\nID_B|Push||b|\n"), 0) << "emptied cells empty nothing";
     EXPECT_EQ(project.Written(), before);
-    fates.all.clear();
-    EXPECT_EQ(project.Import("Number of Language|1\nString ID|Description|English\nID_B||b\n", &fates), 0);
-    EXPECT_EQ(fates.all, u"A3 R Normal/Push\nB3 K /note\nC3 = b\n"_s);
+    fates.clear();
+    EXPECT_EQ(project.Import("Number of Language|1\nString ID|Description|English\nID_B||b\n", fates), 0);
+    EXPECT_EQ(fates, u"A3 R Normal/Push\nB3 K /note\nC3 = b\n"_s);
     EXPECT_THAT(project.Written(), HasSubstr("ID_B|Normal|note|b|b\n")) << "without a kind it is cleared";
     project.ids.Find("ID_B", ANY_RESOLUTION)->push = true;
     const auto image = project.CreateFileRes("ID_IMAGE", ANY_RESOLUTION);
-    fates.all.clear();
+    fates.clear();
     EXPECT_EQ(project.Import("Number of Language|1\nString ID|Resource Type|Description|\"French\n\"\n"
                              "ID_IMAGE|Push|x|y\nID_B|odd|note|b\nID_LATE|push||\n",
-                             &fates),
+                             fates),
               0);
-    EXPECT_EQ(fates.all.toStdString(), "B3 - Push\nC3 - x\nD3 - y\nB4 R Normal/Push\nC4 = note\nD4 = b\nB5 - push\n");
+    EXPECT_EQ(fates.toStdString(), "B3 - Push\nC3 - x\nD3 - y\nB4 R Normal/Push\nC4 = note\nD4 = b\nB5 - push\n");
     EXPECT_THAT(project.Written(), testing::StartsWith(FILE_HEAD.toStdString()));
 }
 
@@ -196,6 +216,66 @@ TEST(Spreadsheet, WhatIsWrongWithTheSheetIsExplainedWithItsNameItsCellAndWhatIsE
         (void)ImportSpreadsheet(project, file);
         EXPECT_THAT(explained, HasSubstr(file.toStdString() + ", sheet \"Strings\": cell B1 has \"0\""));
     }
+}
+
+TEST(Spreadsheet, RowsAndColumnsThatComeTwiceFindWhatTheFirstOfThemWillHaveMade)
+{
+    SheetProject project;
+    ASSERT_EQ(project.Read(FILE_HEAD + "ID_OLD|Normal||a||\n##number|1\n"), 0);
+    QString fates;
+    const QByteArray head = "Number of Language|3\nString ID|Resource Type|Description|English|French|English\n";
+    EXPECT_EQ(project.Import(head + "ID_A|Push||one||two\nID_OLD|Push|||un|\nID_A|Push|late|three|deux|\n"
+                                    "ID_OLD|Normal|||zwei|a\nID_A|Normal|||\n",
+                             fates),
+              0);
+    EXPECT_EQ(fates.toStdString(), "B3 N Push\nD3 N one\nF3 K two/one\nB4 R Push/Normal\nD4 K /a\nE4 N un\nF4 K /a\n"
+                                   "B5 = Push\nC5 F late\nD5 K three/one\nE5 N deux\nF5 K /one\n"
+                                   "B6 R Normal/Push\nD6 K /a\nE6 K zwei/un\nF6 = a\n"
+                                   "B7 R Normal/Push\nC7 K /late\nD7 K /one\nE7 K /deux\nF7 K /one\n");
+    EXPECT_EQ(project.Written(),
+              FILE_HEAD.toStdString() + "ID_OLD|Normal||a|un\nID_A|Normal|late|one|deux\n##number|2\n");
+}
+
+TEST(Spreadsheet, WhatAStringFileCannotHoldIsRefusedWithItsIdAndTheRestIsTaken)
+{
+    SheetProject project;
+    ASSERT_EQ(project.Read(FILE_HEAD + "ID_OLD|Normal|||old\n##number|1\n"), 0);
+    (void)project.Messages();
+    const QByteArray sheet = HEAD + "ID_NEW|Normal|\"a\nb\"|fine|\"a\tb\"\n\"ID\rX\"|Push|x|y|z\n"
+                                    "ID_OLD|Normal||new|\"kept\nanyway\"\n";
+    QString fates;
+    EXPECT_EQ(project.Import(sheet, fates), 0);
+    EXPECT_EQ(fates.toStdString(), "B3 N Normal\nC3 X a\nb\nD3 N fine\nE3 X a\tb\nB4 X Push\nC4 X x\nD4 X y\nE4 X z\n"
+                                   "B5 = Normal\nD5 N new\nE5 K kept\nanyway/old\n");
+    EXPECT_THAT(project.Messages(), HasSubstr("Error 1: a string can't hold a tab or a line end - ID_NEW, Description "
+                                              "(Line 3).\r\nError 2: a string can't hold a tab or a line end - ID_NEW, "
+                                              "French (Line 3).\r\nError 3: invalid ID format"));
+    EXPECT_EQ(project.Written(),
+              FILE_HEAD.toStdString() + "ID_OLD|Normal||new|old\nID_NEW|Normal||fine|\n##number|2\n");
+    SpreadsheetImport import(project, project.folder.Path("in.csv"));
+    ASSERT_EQ(import.Read().code, 0);
+    EXPECT_EQ(import.Plan().Refused(),
+              (QStringList{u"ID_NEW (Description)"_s, u"ID_NEW (French)"_s, u"ID\rX (String ID)"_s}));
+}
+
+TEST(Spreadsheet, AnImportReadsTheLanguageTableAnew)
+{
+    SheetProject project;
+    EXPECT_EQ(project.Import("Number of Language|1\nString ID|Description|Elvish\nID_A||x\n"), 1608);
+    project.folder.Put("bin/tuvik.ini", "[Language]\nEnglish=9\nElvish=1234\n");
+    EXPECT_EQ(project.Import("Number of Language|1\nString ID|Description|Elvish\nID_A||x\n"), 0);
+    EXPECT_EQ(project.Text(1234), u"x"_s);
+}
+
+TEST(Spreadsheet, AThousandWarningsOfAKindHaveALineEach)
+{
+    SheetProject project;
+    EXPECT_EQ(project.Import(HEAD + QByteArray(",x\n").repeated(1500)), 0);
+    EXPECT_EQ(project.env.WarningCount, 1500);
+    EXPECT_THAT(project.Messages(),
+                testing::EndsWith("Warning 1000: empty ID discarded (Line 1002).\r\n"
+                                  "Warning: 500 more like this one aren't listed: empty ID discarded "
+                                  "(Line 1003).\r\n[demo] import - 0 error(s), 1500 warning(s)\r\n"));
 }
 
 TEST(Spreadsheet, CellsAreNamedByLettersAndARow)

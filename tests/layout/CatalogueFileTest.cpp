@@ -9,12 +9,12 @@ QByteArray ErrorsOf(const QByteArray &text)
 {
     const Environment env(QStringLiteral("/nonexistent"));
     ClassCatalogue catalogue;
-    QStringList errors;
+    std::vector<Finding> errors;
     const bool fine = ParseCatalogue(env, text, QStringLiteral("c"), catalogue, errors);
-    EXPECT_EQ(fine, errors.isEmpty());
+    EXPECT_EQ(fine, errors.empty());
     EXPECT_EQ(catalogue.loaded, fine);
     EXPECT_TRUE(fine || catalogue.entries.empty());
-    return errors.join(u'\n').toUtf8();
+    return CatalogueErrors(errors).join(u'\n').toUtf8();
 }
 
 QByteArray ErrorsWithin(const QByteArray &definitions)
@@ -118,9 +118,9 @@ TEST(CatalogueFile, TheShippedOneAndThatOfTheDocumentAreFine)
 {
     const Environment env(QStringLiteral("/nonexistent"));
     ClassCatalogue catalogue;
-    QStringList errors;
+    std::vector<Finding> errors;
     EXPECT_TRUE(LoadCatalogue(env, QStringLiteral(SHIPPED_CATALOGUE), catalogue, errors))
-        << errors.join(u'\n').toStdString();
+        << CatalogueErrors(errors).join(u'\n').toStdString();
     EXPECT_EQ(catalogue.path, QStringLiteral(SHIPPED_CATALOGUE));
     for (const auto &entry : catalogue.entries) {
         const auto object = CreateType(catalogue, {}, entry->name);
@@ -139,6 +139,6 @@ TEST(CatalogueFile, TheShippedOneAndThatOfTheDocumentAreFine)
     const qsizetype start = page.indexOf("<catalogue");
     EXPECT_EQ(ErrorsOf(page.sliced(start, page.indexOf("```", start) - start)), "");
     EXPECT_FALSE(LoadCatalogue(env, QStringLiteral("/nonexistent/c.xml"), catalogue, errors));
-    EXPECT_EQ(errors, QStringList{QStringLiteral("/nonexistent/c.xml: can't be opened")});
+    EXPECT_EQ(CatalogueErrors(errors), QStringList{QStringLiteral("/nonexistent/c.xml: can't be opened")});
     EXPECT_FALSE(catalogue.entries.empty());
 }

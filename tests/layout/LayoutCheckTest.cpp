@@ -18,7 +18,7 @@ QByteArray Findings(const ClassCatalogue &catalogue, const QByteArray &text)
                               : ReferenceKind::NONE;
     };
     QByteArray lines;
-    for (const LayoutFinding &finding : CheckLayouts(env, document, catalogue, kindOf))
+    for (const Finding &finding : CheckLayouts(env, {}, document, catalogue, kindOf))
         lines += QByteArray::number(finding.line) + ": " + finding.text.toUtf8() + '\n';
     return lines;
 }

@@ -12,10 +12,10 @@ struct TestCatalogue : ClassCatalogue
     TestCatalogue() = default;
     explicit TestCatalogue(QByteArrayView definitions)
     {
-        QStringList errors;
+        std::vector<Finding> errors;
         const QByteArray text = "<catalogue version='1'>" + definitions.toByteArray() + "</catalogue>";
         EXPECT_TRUE(ParseCatalogue(env, text, QStringLiteral("test"), *this, errors))
-            << errors.join(u'\n').toStdString();
+            << CatalogueErrors(errors).join(u'\n').toStdString();
     }
 
     /// A class by hand, past the checks of the reader.

@@ -1,5 +1,7 @@
 #include "Environment.h"
 
+#include "FindingListener.h"
+
 #include "TempFolder.h"
 
 using namespace Qt::StringLiterals;
@@ -35,4 +37,53 @@ TEST(Environment, ShowsNarrowTextInUtf8AndFindsLanguagesByName)
     EXPECT_EQ(env.LanguageNumber(u"中文"_s), 7);
     EXPECT_EQ(env.LanguageNumber(u"Klingon"_s), -1);
     EXPECT_EQ(env.ReadLanguageTable().size(), 3);
+}
+
+namespace
+{
+
+/// Writes down what it hears, and does something then.
+struct Ear : FindingListener
+{
+    using FindingListener::FindingListener;
+    void Found(const Finding &finding) override
+    {
+        heard += QByteArray(finding.code) + ' ' + finding.text.toUtf8() + '\n';
+        if (then)
+            then();
+    }
+    QByteArray heard;
+    std::function<void()> then;
+};
+
+} // namespace
+
+TEST(Environment, AFindingIsCountedWrittenAndHandedToWhoeverListensAtThatMoment)
+{
+    Environment process(QStringLiteral("/nonexistent"));
+    Environment env(process); // of a document
+    QString output;
+    process.output = [&output](QStringView text) { output += text; };
+    Ear first(process);
+    auto second = std::make_unique<Ear>(env);
+    std::unique_ptr<Ear> third;
+    first.then = [&] {
+        second.reset();
+        third = std::make_unique<Ear>(env);
+        first.then = {};
+    };
+    env.Report({"a", Severity::Error, {}, 0, {}, {}}, "bad %s (Line %d).", "x", 7);
+    EXPECT_EQ(third->heard, "") << "it came when the others were told";
+    env.Report({"b", Severity::Warning, {}, 3, {}, QStringLiteral("plain words")}, "odd.");
+    env.Report({"c", Severity::Error, {}, 0, {}, {}}, LineStart::Warning, "none.");
+    env.Report({"d", Severity::Error, {}, 0, {}, {}}, LineStart::Fatal, "torn.");
+    env.Note({"e", Severity::Error, {}, 0, {}, QStringLiteral("left out")});
+    env.Report({"f", Severity::Error, {}, 0, {}, {}}, "%s.", QByteArray(600, 'x').constData());
+    EXPECT_EQ(output.left(output.indexOf(u"xx")).toStdString(), "Error 1: bad x (Line 7).\r\nWarning 1: odd.\r\n"
+                                                                "Warning 2: none.\r\nFatal error: torn.\r\nError 4: ");
+    EXPECT_TRUE(output.endsWith(u"x...") && output.size() - output.indexOf(u"Error 4") == 511);
+    EXPECT_EQ(process.ErrorCount, 4);
+    EXPECT_EQ(process.WarningCount, 1);
+    EXPECT_TRUE(first.heard.startsWith("a bad x (Line 7)\nb plain words\nc none\nd torn\ne left out\nf xxx"));
+    EXPECT_EQ("a bad x (Line 7)\n" + third->heard, first.heard);
 }

@@ -31,7 +31,7 @@ std::vector<std::string> Reasons(TestProject &project)
     CResDoc *const doc = project.Open();
     const OpeningCheck check(*project.env, project.tables, project.Path(), doc);
     std::vector<std::string> texts;
-    for (const LoadFinding &reason : check.AllReasons())
+    for (const Finding &reason : check.AllReasons())
         texts.push_back(FindingText(reason).remove(project.folder.Path("demo/")).toStdString());
     return texts;
 }

@@ -146,7 +146,7 @@ TEST(StringFileReader, CountsTheRowsAndCellsThatASaveWouldLose)
         project.AddFolder(project.root, KIND_BINARY).AddResource(project.CreateFileRes("ID_FILE", ANY_RESOLUTION));
         EXPECT_EQ(project.Read(QByteArray::fromStdString(text)), 0);
         QByteArray lines;
-        for (const LoadFinding &finding : project.findings.All())
+        for (const Finding &finding : project.findings.All())
             lines += QByteArray::number(finding.line) + ' ';
         EXPECT_EQ(project.env.DroppedCount, int(project.findings.All().size()));
         return lines;

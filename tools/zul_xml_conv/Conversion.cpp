@@ -116,7 +116,10 @@ bool Conversion::LoadTypes()
             messages.append(options.xml + u": isn't there, so all properties stay text"_s);
         return true;
     }
-    return LoadCatalogue(env, options.xml, types, messages);
+    std::vector<Finding> errors;
+    const bool isLoaded = LoadCatalogue(env, options.xml, types, errors);
+    messages += CatalogueErrors(errors);
+    return isLoaded;
 }
 
 bool Conversion::LoadNumbers()

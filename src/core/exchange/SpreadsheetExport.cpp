@@ -3,6 +3,7 @@
 #include "ResModel.h"
 #include "Spreadsheet.h"
 #include "StringFileFormat.h"
+#include "Workbook.h"
 
 #include <array>
 
@@ -86,11 +87,9 @@ SpreadsheetResult ExportSpreadsheet(CResModel &document, const QString &path)
     TableSource source(document, strings ? *strings : none);
     const WorkbookResult written = WriteWorkbook(path, source);
     if (written.HasFailed()) {
-        const int count = ++env.ErrorCount;
-        env.WriteOutput("Error %d: failed to export to Excel.\r\n", count);
+        env.Report({"sheet.write-failed", Severity::Error, path, 0, {}, written.reason}, "failed to export to Excel.");
         result = {SHEET_FAILED, written.reason};
     }
-    env.WriteOutput("[%s] export - %d error(s), %d warning(s)\r\n", qUtf8Printable(FileTitle(document.PathName())),
-                    env.ErrorCount, env.WarningCount);
+    env.EndReport(FileTitle(document.PathName()), "export");
     return result;
 }

@@ -1,12 +1,12 @@
-#include "CellFinder.h"
+#include "SpreadsheetImport.h"
+
 #include "Environment.h"
 #include "IdNames.h"
 #include "Paths.h"
 #include "ResModel.h"
-#include "Spreadsheet.h"
 #include "StringFileFormat.h"
+#include "Workbook.h"
 
-#include <algorithm>
 #include <utility>
 
 using namespace StringFileFormat;
@@ -23,10 +23,7 @@ constexpr quint32 FEWEST = 3; // columns and rows
 /// How a message shows what a cell has.
 QString Quoted(const QString &text)
 {
-    constexpr qsizetype MOST = 60;
-    if (text.isEmpty())
-        return QStringLiteral("nothing");
-    return u'"' + (text.size() > MOST ? text.first(MOST) + QStringLiteral("...") : text) + u'"';
+    return text.isEmpty() ? QStringLiteral("nothing") : u'"' + Cut(text) + u'"';
 }
 
 /// Goes on from what is wrong with the start of a sheet.
@@ -43,38 +40,74 @@ QString PlaceOf(const QString &path, const Sheet &sheet)
     return sheet.name.isEmpty() ? path + u':' : QStringLiteral("%1, sheet \"%2\":").arg(path, sheet.name);
 }
 
-/// One import. For one use.
-class Importer
+/// The texts of a sheet, row by row.
+class SheetTexts : public IImportSource
 {
 public:
-    /// `sheetPlace` is how messages name the sheet.
-    Importer(CResModel &model, const Sheet &readSheet, QString sheetPlace, IImportWatch *cellWatch)
-        : document(model), env(model.env), sheet(readSheet), place(std::move(sheetPlace)), watch(cellWatch)
+    explicit SheetTexts(const Sheet &texts) : sheet(texts) {}
+    QString Id(quint32 row) const override { return sheet.At(row, 0); }
+    QString Text(quint32 row, quint32 column) const override { return sheet.At(row, column); }
+    quint32 EndColumn(quint32 row) const override { return sheet.EndColumn(row); }
+
+private:
+    const Sheet &sheet;
+};
+
+/// Makes a plan of a sheet. For one use.
+class SheetReader
+{
+public:
+    /// `sheetPlace` is how messages name the sheet, `file` its workbook.
+    SheetReader(CResModel &model, const Sheet &texts, QString file, QString sheetPlace, ImportPlan &emptyPlan)
+        : document(model), env(model.env), sheet(texts), path(std::move(file)), place(std::move(sheetPlace)),
+          plan(emptyPlan)
     {
     }
 
     /// 0, or the code of what stopped it.
-    int Import()
+    int Read(IImportWatch *watch)
     {
+        if (sheet.UsedColumns() < FEWEST || sheet.UsedRows() < FEWEST) {
+            Tell("sheet.almost-empty", Severity::Warning, 0,
+                 WhatIsExpected(
+                     QStringLiteral("texts stand in %1 rows and %2 columns, and a string table has 3 at least")
+                         .arg(sheet.UsedRows())
+                         .arg(sheet.UsedColumns())),
+                 "the sheet is almost empty.");
+            return SHEET_EMPTY;
+        }
         if (const int code = ReadHeader())
             return code;
-        for (quint32 row = FIRST_ROW; row < sheet.EndRow(); ++row)
+        for (quint32 row = FIRST_ROW; row < sheet.EndRow(); ++row) {
+            const size_t before = plan.RowCount();
             ReadRow(row);
+            if (watch && plan.RowCount() > before)
+                watch->RowPlanned(plan, before);
+        }
         return OK;
     }
 
 private:
+    /// Reports what is wrong with the header, and says what the fixed line has no words for.
+    template <typename... Arguments>
+    void Tell(const char *code, Severity severity, quint32 row, const QString &what, const char *format,
+              Arguments... arguments)
+    {
+        env.Report({code, severity, path, int(row) + 1, {}, what}, format, arguments...);
+        env.Explain(place + u' ' + what);
+    }
+
     int Expect(quint32 row, quint32 column, QStringView expected, bool anywhere = false)
     {
         const QString found = sheet.At(row, column);
         if (anywhere ? found.contains(expected) : found == expected)
             return OK;
-        const int count = ++env.ErrorCount;
-        env.WriteOutput("Error %d: invalid file format; \"%s\" expected at cell %s.\r\n", count,
-                        expected.toUtf8().constData(), qUtf8Printable(CellName(column, row + 1)));
-        Explain(row == COUNT_ROW ? WhatIsExpected(QStringLiteral("has %1 in cell A1").arg(Quoted(found)))
-                                 : QStringLiteral("cell %1 has %2 in the place of \"%3\"")
-                                       .arg(CellName(column, row + 1), Quoted(found), expected));
+        const QString cell = CellName(column, row + 1);
+        Tell("sheet.header", Severity::Error, row,
+             row == COUNT_ROW
+                 ? WhatIsExpected(QStringLiteral("has %1 in cell A1").arg(Quoted(found)))
+                 : QStringLiteral("cell %1 has %2 in the place of \"%3\"").arg(cell, Quoted(found), expected),
+             "invalid file format; \"%s\" expected at cell %s.", expected.toUtf8().constData(), qUtf8Printable(cell));
         return WRONG_HEADER;
     }
 
@@ -84,22 +117,21 @@ private:
             return code;
         int languages = LeadingNumber(sheet.At(COUNT_ROW, 1));
         if (languages < 1) {
-            const int count = ++env.WarningCount;
-            env.WriteOutput("Warning %d: %s = %d.\r\n", count, COUNT_WORD.toUtf8().constData(), languages);
-            Explain(QStringLiteral("cell B1 has %1, where the number of languages is expected: none is read")
-                        .arg(Quoted(sheet.At(COUNT_ROW, 1))));
+            Tell("sheet.language-count", Severity::Warning, COUNT_ROW,
+                 QStringLiteral("cell B1 has %1, where the number of languages is expected: none is read")
+                     .arg(Quoted(sheet.At(COUNT_ROW, 1))),
+                 "%s = %d.", COUNT_WORD.toUtf8().constData(), languages);
             languages = 0;
         }
         hasType = EqualsNoCase(sheet.At(NAMES_ROW, 1), TYPE_WORD);
         firstText = hasType ? 2 : 1;
         if (qint64(sheet.UsedColumns()) < qint64(languages) + firstText + 1) {
-            const int count = ++env.ErrorCount;
-            env.WriteOutput("Error %d: invalid number of languages.\r\n", count);
-            Explain(
-                QStringLiteral("cell B1 has %1 languages, and with them %2 columns are expected: only %3 have texts")
-                    .arg(languages)
-                    .arg(qint64(languages) + firstText + 1)
-                    .arg(sheet.UsedColumns()));
+            Tell("sheet.language-count", Severity::Error, COUNT_ROW,
+                 QStringLiteral("cell B1 has %1 languages, and with them %2 columns are expected: only %3 have texts")
+                     .arg(languages)
+                     .arg(qint64(languages) + firstText + 1)
+                     .arg(sheet.UsedColumns()),
+                 "invalid number of languages.");
             return WRONG_HEADER;
         }
         int code = Expect(NAMES_ROW, 0, ID_WORD);
@@ -112,19 +144,21 @@ private:
 
     int ReadLanguages(quint32 languages)
     {
-        columns.push_back(EnsureFolder(DESCRIPTION, QString()));
-        for (quint32 i = 0; i < languages; ++i) {
-            const QString name = sheet.At(NAMES_ROW, firstText + 1 + i);
+        plan.AddLanguage(DESCRIPTION, QString(), firstText);
+        if (hasType)
+            plan.SetKindColumn(1);
+        for (quint32 column = firstText + 1; column <= firstText + languages; ++column) {
+            const QString name = sheet.At(NAMES_ROW, column);
             const int number = NumberOf(name);
             if (number == -1) {
-                const int count = ++env.ErrorCount;
-                env.WriteOutput("Error %d: language \"%s\" is unrecognized.\r\n", count, Shown(name).constData());
-                Explain(QStringLiteral("cell %1 has %2, and neither the project nor the section Language of tuvik.ini "
-                                       "has a language of that name")
-                            .arg(CellName(firstText + 1 + i, NAMES_ROW + 1), Quoted(name)));
+                Tell("sheet.language-unknown", Severity::Error, NAMES_ROW,
+                     QStringLiteral("cell %1 has %2, and neither the project nor the section Language of tuvik.ini has "
+                                    "a language of that name")
+                         .arg(CellName(column, NAMES_ROW + 1), Quoted(name)),
+                     "language \"%s\" is unrecognized.", Shown(name).constData());
                 return UNKNOWN_LANGUAGE;
             }
-            columns.push_back(EnsureFolder(number, name.trimmed())); // as it was looked up
+            plan.AddLanguage(number, name.trimmed(), column); // as it was looked up
         }
         return OK;
     }
@@ -143,7 +177,7 @@ private:
             if (folder->kind != KIND_LANGUAGE || folder->index == DESCRIPTION ||
                 !EqualsNoCase(folder->title.trimmed(), name.trimmed()))
                 continue;
-            const bool isTaken = std::find(columns.begin(), columns.end(), folder.get()) != columns.end();
+            const bool isTaken = plan.HasFolder(*folder);
             if (!found || !isTaken)
                 found = folder.get();
             if (!isTaken)
@@ -152,199 +186,46 @@ private:
         return found ? found->index : -1;
     }
 
-    CResFolder *EnsureFolder(qint32 index, const QString &title)
-    {
-        CResFolder *strings = document.root.FindFolder(KIND_STRINGS, 2);
-        if (!strings) {
-            auto folder = document.CreateFolder(KIND_STRINGS, -1);
-            folder->title = QStringLiteral("Strings");
-            strings = folder.get();
-            document.root.AddFolder(std::move(folder));
-        }
-        if (CResFolder *folder = strings->FindFolder(KIND_LANGUAGE, index, 1))
-            return folder;
-        auto made = document.CreateFolder(KIND_LANGUAGE, index);
-        made->title = title;
-        CResFolder *const folder = made.get();
-        strings->AddFolder(std::move(made));
-        return folder;
-    }
-
-    /// Says what the fixed lines have no words for.
-    void Explain(const QString &what) const { env.Explain(place + u' ' + what); }
-
-    /// For a %s of the log, which shows no more than this of it anyway.
-    static QByteArray Shown(QStringView text) { return text.first(qMin(text.size(), qsizetype(512))).toUtf8(); }
-
     void ReadRow(quint32 row)
     {
-        read = 0;
-        ReadCells(row);
-        for (quint32 column = read; watch && column < sheet.EndColumn(row); ++column)
-            Tell(row, column, CellFate::Nowhere, QString());
-    }
-
-    void ReadCells(quint32 row)
-    {
         const QString id = sheet.At(row, 0);
+        if (EqualsNoCase(id, END_WORD))
+            return;
         if (id.isEmpty()) {
-            const int count = ++env.WarningCount;
-            env.WriteOutput("Warning %d: empty ID discarded (Line %d).\r\n", count, int(row) + 1);
+            env.Report({"sheet.no-id", Severity::Warning, path, int(row) + 1, {}, {}}, "empty ID discarded (Line %d).",
+                       int(row) + 1);
+            if (sheet.EndColumn(row) > 0)
+                plan.AddLostRow(row);
             return;
         }
-        if (EqualsNoCase(id, END_WORD)) {
-            read = sheet.EndColumn(row);
-            return;
-        }
-        if (!IsValidIdName(id)) {
-            const int count = ++env.ErrorCount;
-            env.WriteOutput("Error %d: invalid ID format - [%s].\r\n", count, Shown(id).constData());
-        }
-        const bool push = ReadKind(row);
-        const NarrowText name = env.WideToNarrow(id);
-        const IDRecord *rowId = document.ids.Find(name, ANY_RESOLUTION);
-        const bool isNew = !rowId;
-        const bool wasPush = rowId && rowId->push;
-        CStringRes *previous = nullptr;
-        read = 1;
-        for (CResFolder *folder : columns) {
-            const quint32 column = previous ? read : firstText;
-            const QString text = sheet.At(row, column);
-            const bool isPassedOver = text.isEmpty() && folder->index != DESCRIPTION;
-            CStringRes *cell = rowId && (!isPassedOver || watch) ? cells.Find(rowId, *folder) : nullptr;
-            if (isPassedOver) {
-                if (cell)
-                    Tell(row, column, CellFate::Kept, cell->text);
-                read = column + 1;
-                continue;
-            }
-            const CellFate fate = cell ? Fill(*cell, text) : CellFate::New;
-            if (!cell)
-                cell = Make(*folder, name, row, text, previous);
-            if (!cell)
-                return;
-            if (!previous)
-                TellKind(row, isNew, wasPush, push);
-            Tell(row, column, fate, cell->text);
-            read = column + 1;
-            previous = cell;
-            rowId = cell->Id();
-            cell->Id()->push = push;
-            if (push)
-                cell->Id()->pushKind = PUSH_STRING;
-        }
+        if (!IsValidIdName(id))
+            env.Report({"import.id-invalid", Severity::Error, path, int(row) + 1, id, {}}, "invalid ID format - [%s].",
+                       Shown(id).constData());
+        plan.AddRow(row, ReadKind(row, id));
     }
 
-    bool ReadKind(quint32 row)
+    bool ReadKind(quint32 row, const QString &id)
     {
         if (!hasType)
             return false;
         const QString type = sheet.At(row, 1);
-        if (type != PUSH_WORD && type != NORMAL_WORD) {
-            const int count = ++env.ErrorCount;
-            env.WriteOutput("Error %d: invalid push format - [%s].\r\n", count, Shown(type).constData());
-        }
+        if (type != PUSH_WORD && type != NORMAL_WORD)
+            env.Report({"sheet.kind-invalid", Severity::Error, path, int(row) + 1, id, {}},
+                       "invalid push format - [%s].", Shown(type).constData());
         return type == PUSH_WORD;
-    }
-
-    void TellKind(quint32 row, bool isNew, bool wasPush, bool push)
-    {
-        const auto word = [](bool isPush) { return (isPush ? PUSH_WORD : NORMAL_WORD).toString(); };
-        if (!watch)
-            return;
-        if (!isNew && wasPush != push)
-            watch->Cell(row, hasType ? 1 : 0, CellFate::Replaced, word(wasPush), word(push));
-        else if (hasType && sheet.At(row, 1) != word(push))
-            Tell(row, 1, CellFate::Nowhere, QString());
-        else if (hasType)
-            Tell(row, 1, isNew ? CellFate::New : CellFate::Same, QString());
-    }
-
-    static CellFate Fill(CStringRes &cell, const QString &text)
-    {
-        if (cell.text == text)
-            return CellFate::Same;
-        if (!cell.text.isEmpty())
-            return CellFate::Kept;
-        cell.SetText(text);
-        return CellFate::Filled;
-    }
-
-    /// Null, with the error logged, when the ID is borne by another resource.
-    CStringRes *Make(CResFolder &folder, const NarrowText &name, quint32 row, const QString &text, CStringRes *previous)
-    {
-        auto made = previous ? document.CreateStringRes(previous->Id(), folder.index)
-                             : document.CreateStringRes(name, folder.index);
-        if (!made) {
-            const int count = ++env.ErrorCount;
-            env.WriteOutput("Error %d: ID conflicts - %s (Line %d).\r\n", count, Shown(sheet.At(row, 0)).constData(),
-                            int(row) + 1);
-            return nullptr;
-        }
-        CStringRes *const cell = made.get();
-        folder.AddResource(std::move(made));
-        cell->SetText(text);
-        if (previous)
-            previous->LinkBehind(cell);
-        cells.Added(cell);
-        return cell;
-    }
-
-    void Tell(quint32 row, quint32 column, CellFate fate, const QString &inTable)
-    {
-        if (!watch)
-            return;
-        const QString text = sheet.At(row, column);
-        const bool isEmptied = fate == CellFate::Kept && !inTable.isEmpty();
-        if (!text.isEmpty() || isEmptied)
-            watch->Cell(row, column, fate, inTable, text);
     }
 
     CResModel &document;
     Environment &env;
     const Sheet &sheet;
-    QString place;
-    IImportWatch *watch;
+    const QString path;
+    const QString place;
+    ImportPlan &plan;
     bool hasType = false;
     quint32 firstText = 0; // the column of descriptions
-    quint32 read = 0;      // so many columns of the row have been told of
-    std::vector<CResFolder *> columns;
-    CellFinder cells{columns};
 };
 
-int ImportSheet(CResModel &document, const Sheet &sheet, const QString &place, IImportWatch *watch)
-{
-    if (sheet.UsedColumns() < FEWEST || sheet.UsedRows() < FEWEST) {
-        const int count = ++document.env.WarningCount;
-        document.env.WriteOutput("Warning %d: the sheet is almost empty.\r\n", count);
-        document.env.Explain(place + u' ' +
-                             WhatIsExpected(QStringLiteral("texts stand in %1 rows and %2 columns, and a string table "
-                                                           "has 3 at least")
-                                                .arg(sheet.UsedRows())
-                                                .arg(sheet.UsedColumns())));
-        return SHEET_EMPTY;
-    }
-    return Importer(document, sheet, place, watch).Import();
-}
-
 } // namespace
-
-QStringList TextsThatDontFit(const CResModel &document)
-{
-    QStringList cells;
-    const CResFolder *strings = document.root.FindFolder(KIND_STRINGS, 2);
-    const auto isBad = [](QChar c) { return c == u'\t' || c == u'\r' || c == u'\n'; };
-    for (size_t n = 0; strings && n < strings->subfolders.size(); ++n) {
-        const CResFolder &folder = *strings->subfolders[n];
-        for (CBaseRes *res : folder.resources) {
-            const QString &text = static_cast<CStringRes *>(res)->text;
-            const QString id = document.env.NarrowToWide(res->Id()->name);
-            if (std::any_of(text.begin(), text.end(), isBad) || std::any_of(id.begin(), id.end(), isBad))
-                cells.append(id + QStringLiteral(" (") + (n == 0 ? DESCRIPTION_WORD.toString() : folder.title) + u')');
-        }
-    }
-    return cells;
-}
 
 QString CellName(quint32 column, quint32 row)
 {
@@ -354,23 +235,34 @@ QString CellName(quint32 column, quint32 row)
     return letters + QString::number(row);
 }
 
-SpreadsheetResult ImportSpreadsheet(CResModel &document, const QString &path, IImportWatch *watch)
+SpreadsheetImport::SpreadsheetImport(CResModel &model, QString file)
+    : document(model), path(std::move(file)), texts(std::make_unique<SheetTexts>(sheet)), plan(model, *texts, path)
+{
+}
+
+SpreadsheetResult SpreadsheetImport::Read(IImportWatch *watch)
 {
     Environment &env = document.env;
+    env.RefreshSettings();
     env.ResetCounts();
     SpreadsheetResult result;
-    Sheet sheet;
     const WorkbookResult opened = ReadWorkbook(path, sheet);
     if (opened.HasFailed()) {
-        const int count = ++env.ErrorCount;
-        env.WriteOutput(opened.fault == WorkbookFault::NoWorkbook ? "Error %d: failed to connect to Excel.\r\n"
-                                                                  : "Error %d: failed to import from Excel.\r\n",
-                        count);
+        const bool isNone = opened.fault == WorkbookFault::NoWorkbook;
+        env.Report({isNone ? "sheet.no-workbook" : "sheet.broken", Severity::Error, path, 0, {}, opened.reason},
+                   isNone ? "failed to connect to Excel." : "failed to import from Excel.");
         result = {SHEET_FAILED, opened.reason};
     } else {
-        result.code = ImportSheet(document, sheet, PlaceOf(path, sheet), watch);
+        result.code = SheetReader(document, sheet, path, PlaceOf(path, sheet), plan).Read(watch);
     }
-    env.WriteOutput("[%s] import - %d error(s), %d warning(s)\r\n", qUtf8Printable(FileTitle(document.PathName())),
-                    env.ErrorCount, env.WarningCount);
+    env.EndReport(FileTitle(document.PathName()), "import");
+    return result;
+}
+
+SpreadsheetResult ImportSpreadsheet(CResModel &document, const QString &path)
+{
+    SpreadsheetImport import(document, path);
+    const SpreadsheetResult result = import.Read();
+    import.Plan().Apply();
     return result;
 }

@@ -8,10 +8,14 @@
 #include <QSet>
 
 #include <algorithm>
+#include <string_view>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
 
+constexpr char UNREADABLE[] = "catalogue.unreadable";
 constexpr int MOST_ERRORS = 1000; // told
 constexpr qsizetype LONGEST_NAME = 64;
 constexpr int MOST_VALUES = 1000; // of an object, those of its base and of its members included
@@ -30,7 +34,7 @@ bool IsIdentifier(QByteArrayView name)
 class CatalogueReader
 {
 public:
-    CatalogueReader(const QString &fileName, QStringList &errorList) : name(fileName), errors(errorList) {}
+    CatalogueReader(const QString &filePath, std::vector<Finding> &errorList) : file(filePath), errors(errorList) {}
 
     void Read(const TiXmlDocument &document)
     {
@@ -73,17 +77,22 @@ public:
         return taken;
     }
 
-    void Error(int line, const QString &text)
+    void Error(int line, const QString &text, const char *code = "catalogue.definition")
     {
         if (++count <= MOST_ERRORS)
-            errors.append(QStringLiteral("%1, line %2: %3").arg(name).arg(line).arg(text));
+            errors.push_back({code, Severity::Error, file, line, {}, text});
     }
 
     /// Says how many errors weren't told.
     void Close()
     {
         if (count > MOST_ERRORS)
-            errors.append(QStringLiteral("%1: %2 more errors").arg(name).arg(count - MOST_ERRORS));
+            errors.push_back({"catalogue.definition",
+                              Severity::Error,
+                              file,
+                              0,
+                              {},
+                              QStringLiteral("%1 more errors").arg(count - MOST_ERRORS)});
     }
 
 private:
@@ -306,22 +315,23 @@ private:
 
     static constexpr int TOO_MANY = 1 << 24;
 
-    const QString &name;
-    QStringList &errors;
+    const QString &file;
+    std::vector<Finding> &errors;
     int count = 0;
     std::vector<Definition> definitions;
     QHash<NarrowText, size_t> places; // in `definitions`
 };
 
-bool Fill(const TiXmlDocument &document, int result, const QString &name, ClassCatalogue &catalogue,
-          QStringList &errors)
+bool Fill(const TiXmlDocument &document, int result, const QString &file, ClassCatalogue &catalogue,
+          std::vector<Finding> &errors)
 {
-    CatalogueReader reader(name, errors);
+    CatalogueReader reader(file, errors);
     if (result == 0)
         reader.Read(document);
     else
         reader.Error(std::max(document.ErrorRow(), 1),
-                     QStringLiteral("this is no well-formed XML: %1").arg(QString::fromUtf8(document.ErrorDesc())));
+                     QStringLiteral("this is no well-formed XML: %1").arg(QString::fromUtf8(document.ErrorDesc())),
+                     "catalogue.malformed");
     reader.Close();
     if (!reader.IsFine())
         return false;
@@ -333,25 +343,36 @@ bool Fill(const TiXmlDocument &document, int result, const QString &name, ClassC
 
 } // namespace
 
-bool LoadCatalogue(const Environment &env, const QString &path, ClassCatalogue &catalogue, QStringList &errors)
+bool LoadCatalogue(const Environment &env, const QString &path, ClassCatalogue &catalogue, std::vector<Finding> &errors)
 {
-    const QString name = QFileInfo(path).fileName();
     TiXmlDocument document;
     const int result = LoadXml(env, path, document);
     if (result == -1) {
-        errors.append(QStringLiteral("%1: can't be opened").arg(path));
+        errors.push_back({UNREADABLE, Severity::Error, path, 0, {}, QStringLiteral("can't be opened")});
         return false;
     }
-    if (!Fill(document, result, name, catalogue, errors))
+    if (!Fill(document, result, path, catalogue, errors))
         return false;
     catalogue.path = path;
     return true;
 }
 
 bool ParseCatalogue(const Environment &env, QByteArrayView bytes, const QString &name, ClassCatalogue &catalogue,
-                    QStringList &errors)
+                    std::vector<Finding> &errors)
 {
     TiXmlDocument document;
     const int result = ParseXml(env, bytes, document);
     return Fill(document, result, name, catalogue, errors);
+}
+
+QStringList CatalogueErrors(const std::vector<Finding> &errors)
+{
+    QStringList lines;
+    for (const Finding &error : errors) {
+        // A file that isn't there is named with its folder.
+        const QString name = std::string_view(error.code) == UNREADABLE ? error.file : QFileInfo(error.file).fileName();
+        lines.append((error.line > 0 ? QStringLiteral("%1, line %2: ").arg(name).arg(error.line) : name + u": "_s) +
+                     error.text);
+    }
+    return lines;
 }

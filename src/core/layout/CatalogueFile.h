@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ClassCatalogue.h"
+#include "Finding.h"
 
 #include <QStringList>
 
@@ -8,11 +9,14 @@ class Environment;
 
 /// Reads a file of class definitions (docs/formats/catalogue.md) into an empty catalogue.
 ///
-/// False when it can't be read or has an error: then the catalogue stays as it was, and each error stands in `errors`
-/// in the form "catalogue.xml, line 12: what is wrong".
+/// False when it can't be read or has an error: then the catalogue stays as it was, and the errors are added to
+/// `errors`.
 [[nodiscard]] bool LoadCatalogue(const Environment &env, const QString &path, ClassCatalogue &catalogue,
-                                 QStringList &errors);
+                                 std::vector<Finding> &errors);
 
-/// The same with the file's bytes at hand; `name` stands in the errors.
+/// The same with the file's bytes at hand; `name` is the file of the errors.
 [[nodiscard]] bool ParseCatalogue(const Environment &env, QByteArrayView bytes, const QString &name,
-                                  ClassCatalogue &catalogue, QStringList &errors);
+                                  ClassCatalogue &catalogue, std::vector<Finding> &errors);
+
+/// The errors in the form "catalogue.xml, line 12: what is wrong".
+[[nodiscard]] QStringList CatalogueErrors(const std::vector<Finding> &errors);

@@ -13,6 +13,14 @@
 namespace
 {
 
+// The kinds of findings.
+constexpr char ELEMENT[] = "layout.element";
+constexpr char NAME[] = "layout.name";
+constexpr char CLASS[] = "layout.class";
+constexpr char PROPERTY[] = "layout.property";
+constexpr char VALUE[] = "layout.value";
+constexpr char REFERENCE[] = "layout.reference";
+
 /// Says whether a member is an element of its own in a file.
 bool IsMadeOfMembers(const CZulType &member)
 {
@@ -24,8 +32,9 @@ bool IsMadeOfMembers(const CZulType &member)
 class LayoutChecker
 {
 public:
-    LayoutChecker(const Environment &environment, const ClassCatalogue &classes, const FindReference &findReference)
-        : env(environment), catalogue(classes), find(findReference)
+    LayoutChecker(const Environment &environment, const QString &path, const ClassCatalogue &classes,
+                  const FindReference &findReference)
+        : env(environment), file(path), catalogue(classes), find(findReference)
     {
     }
 
@@ -33,21 +42,24 @@ public:
     {
         const TiXmlElement *root = document.RootElement();
         if (!root)
-            Tell(1, QStringLiteral("there is no element <TarvoXML>"));
+            findings.push_back(
+                {ELEMENT, Severity::Error, file, 1, {}, QStringLiteral("there is no element <TarvoXML>")});
         else if (root->ValueStr() != "TarvoXML")
-            Tell(*root, QStringLiteral("<%1> should be <TarvoXML>").arg(Text(root->Value())));
+            Tell(*root, ELEMENT, QStringLiteral("<%1> should be <TarvoXML>").arg(Text(root->Value())));
         else
             ForEachChild(*root, [this](const TiXmlElement &layout) { CheckLayout(layout); });
     }
 
-    std::vector<LayoutFinding> findings;
+    std::vector<Finding> findings;
 
 private:
     static QString Text(const char *text) { return QString::fromUtf8(text); }
     [[nodiscard]] QString Text(const NarrowText &text) const { return env.NarrowToWide(text); }
 
-    void Tell(int line, const QString &text) { findings.push_back({line, text}); }
-    void Tell(const TiXmlElement &element, const QString &text) { Tell(RowOf(element), text); }
+    void Tell(const TiXmlElement &element, const char *code, const QString &text)
+    {
+        findings.push_back({code, Severity::Error, file, RowOf(element), layoutId, text});
+    }
 
     template <typename Function> static void ForEachChild(const TiXmlElement &element, Function &&function)
     {
@@ -57,15 +69,16 @@ private:
 
     void CheckLayout(const TiXmlElement &layout)
     {
+        layoutId.clear();
         if (layout.ValueStr() != "Layout") {
-            Tell(layout, QStringLiteral("<%1> should be <Layout>").arg(Text(layout.Value())));
+            Tell(layout, ELEMENT, QStringLiteral("<%1> should be <Layout>").arg(Text(layout.Value())));
             return;
         }
         CheckLayoutId(layout);
         namesOfLayout.clear();
         ForEachChild(layout, [this](const TiXmlElement &component) {
             if (const char *const prop = component.Attribute("prop"))
-                Tell(component,
+                Tell(component, PROPERTY,
                      QStringLiteral("a component of the layout itself is no property \"%1\"").arg(Text(prop)));
             CheckComponent(component);
         });
@@ -74,20 +87,21 @@ private:
     void CheckLayoutId(const TiXmlElement &layout)
     {
         const char *const id = layout.Attribute("id");
+        layoutId = id ? Text(FromXml(env, id)) : QString();
         if (!id) {
-            Tell(layout, QStringLiteral("<Layout> needs the attribute \"id\""));
+            Tell(layout, NAME, QStringLiteral("<Layout> needs the attribute \"id\""));
             return;
         }
         const QString name = Text(FromXml(env, id));
         const ReferenceKind kind = find(FromXml(env, id));
         if (!IsValidIdName(name))
-            Tell(layout,
+            Tell(layout, NAME,
                  QStringLiteral("\"%1\" is no ID: letters, digits and \"_\", at most 64, no digit in front").arg(name));
         else if (ids.contains(ToUpperSimple(name)))
-            Tell(layout,
+            Tell(layout, NAME,
                  QStringLiteral("the layout \"%1\" stands twice, small and capital letters being the same").arg(name));
         else if (kind == ReferenceKind::STRING || kind == ReferenceKind::IMAGE)
-            Tell(layout, QStringLiteral("the ID \"%1\" is that of another resource").arg(name));
+            Tell(layout, NAME, QStringLiteral("the ID \"%1\" is that of another resource").arg(name));
         ids.insert(ToUpperSimple(name));
     }
 
@@ -97,13 +111,14 @@ private:
         if (name && *name) {
             int &line = namesOfLayout[QByteArray(name)];
             if (line != 0)
-                Tell(component, QStringLiteral("the name \"%1\" stands in line %2 already").arg(Text(name)).arg(line));
+                Tell(component, NAME,
+                     QStringLiteral("the name \"%1\" stands in line %2 already").arg(Text(name)).arg(line));
             else
                 line = RowOf(component);
         }
         const CZulType *type = TypeOf(component);
         if (type && type->GetTypeId() != TYPE_CLASS) {
-            Tell(component, QStringLiteral("\"%1\" is no class").arg(Text(component.Value())));
+            Tell(component, CLASS, QStringLiteral("\"%1\" is no class").arg(Text(component.Value())));
             type = nullptr;
         }
         CheckContent(component, static_cast<const CZulClass *>(type));
@@ -118,14 +133,14 @@ private:
         const auto known = types.find(name);
         if (known != types.end()) {
             if (!known->second)
-                Tell(element, QStringLiteral("unknown class \"%1\"").arg(Text(name)));
+                Tell(element, CLASS, QStringLiteral("unknown class \"%1\"").arg(Text(name)));
             return known->second.get();
         }
         std::unique_ptr<CZulType> &type = types[name];
         if (TypeIdOf(name) != TYPE_UNKNOWN || catalogue.Find(name))
             type = CreateType(catalogue, {}, name);
         else
-            Tell(element, QStringLiteral("unknown class \"%1\"").arg(Text(name)));
+            Tell(element, CLASS, QStringLiteral("unknown class \"%1\"").arg(Text(name)));
         return type.get();
     }
 
@@ -144,14 +159,16 @@ private:
             if (member) {
                 CheckMember(child, *member);
                 if (members.contains(member->propName))
-                    Tell(child, QStringLiteral("the property \"%1\" stands twice").arg(Text(prop)));
+                    Tell(child, PROPERTY, QStringLiteral("the property \"%1\" stands twice").arg(Text(prop)));
                 members.insert(member->propName);
                 return;
             }
             if (prop && *prop && type)
-                Tell(child, QStringLiteral("\"%1\" has no property \"%2\"").arg(Text(type->typeName), Text(prop)));
+                Tell(child, PROPERTY,
+                     QStringLiteral("\"%1\" has no property \"%2\"").arg(Text(type->typeName), Text(prop)));
             if (type && type->GetTypeId() == TYPE_STRUCTURE)
-                Tell(child, QStringLiteral("no component can stand in the structure \"%1\"").arg(Text(type->typeName)));
+                Tell(child, ELEMENT,
+                     QStringLiteral("no component can stand in the structure \"%1\"").arg(Text(type->typeName)));
             CheckComponent(child);
         });
     }
@@ -159,12 +176,14 @@ private:
     void CheckMember(const TiXmlElement &element, const CZulType &member)
     {
         if (!IsMadeOfMembers(member)) {
-            Tell(element, QStringLiteral("the property \"%1\" is an attribute, no element").arg(Text(member.propName)));
+            Tell(element, PROPERTY,
+                 QStringLiteral("the property \"%1\" is an attribute, no element").arg(Text(member.propName)));
             return;
         }
         if (FromXml(env, element.Value()) != member.typeName) {
-            Tell(element, QStringLiteral("<%1> should be <%2>, the type of \"%3\"")
-                              .arg(Text(element.Value()), Text(member.typeName), Text(member.propName)));
+            Tell(element, CLASS,
+                 QStringLiteral("<%1> should be <%2>, the type of \"%3\"")
+                     .arg(Text(element.Value()), Text(member.typeName), Text(member.propName)));
             return;
         }
         CheckContent(element, static_cast<const CZulCustom *>(&member));
@@ -176,15 +195,16 @@ private:
         const CZulType *const member = type ? type->FindMember(FromXml(env, attribute.Name())) : nullptr;
         if (!member) {
             if (type)
-                Tell(element,
+                Tell(element, PROPERTY,
                      QStringLiteral("\"%1\" has no property \"%2\"").arg(Text(type->typeName), Text(attribute.Name())));
             else if (catalogue.entries.empty())
                 CheckReference(element, value, TYPE_RES_ID);
             return;
         }
         if (IsMadeOfMembers(*member)) {
-            Tell(element, QStringLiteral("the property \"%1\" is an element <%2>, no attribute")
-                              .arg(Text(member->propName), Text(member->typeName)));
+            Tell(element, PROPERTY,
+                 QStringLiteral("the property \"%1\" is an element <%2>, no attribute")
+                     .arg(Text(member->propName), Text(member->typeName)));
             return;
         }
         const qint32 id = TypeIdOf(member->typeName);
@@ -201,8 +221,9 @@ private:
 
     void Refuse(const TiXmlElement &element, const CZulType &member, const NarrowText &value)
     {
-        Tell(element, QStringLiteral("the value \"%1\" of \"%2\" is no %3")
-                          .arg(Text(value), Text(member.propName), Text(member.typeName)));
+        Tell(element, VALUE,
+             QStringLiteral("the value \"%1\" of \"%2\" is no %3")
+                 .arg(Text(value), Text(member.propName), Text(member.typeName)));
     }
 
     void CheckStateImage(const TiXmlElement &element, const CZulType &member, const NarrowText &value)
@@ -221,21 +242,23 @@ private:
         if (!value.startsWith('@')) {
             const bool isLiteral = type == TYPE_WSTRING || catalogue.entries.empty();
             if (!isLiteral && !value.isEmpty() && value != "0")
-                Tell(element,
+                Tell(element, REFERENCE,
                      QStringLiteral("\"%1\" is no reference: \"@\" and an ID, or 0 for none").arg(Text(value)));
             return;
         }
         const NarrowText id = value.sliced(1);
         const ReferenceKind kind = find(id);
         if (kind == ReferenceKind::NONE)
-            Tell(element, QStringLiteral("no resource has the ID \"%1\"").arg(Text(id)));
+            Tell(element, REFERENCE, QStringLiteral("no resource has the ID \"%1\"").arg(Text(id)));
         else if (type == TYPE_WSTRING && kind != ReferenceKind::STRING)
-            Tell(element, QStringLiteral("\"%1\" is no string").arg(Text(id)));
+            Tell(element, REFERENCE, QStringLiteral("\"%1\" is no string").arg(Text(id)));
         else if (type == TYPE_IMAGE_SRC && kind != ReferenceKind::IMAGE)
-            Tell(element, QStringLiteral("\"%1\" is no image").arg(Text(id)));
+            Tell(element, REFERENCE, QStringLiteral("\"%1\" is no image").arg(Text(id)));
     }
 
     const Environment &env;
+    const QString &file;
+    QString layoutId; // of the layout at hand
     const ClassCatalogue &catalogue;
     const FindReference &find;
     std::map<NarrowText, std::unique_ptr<CZulType>> types;
@@ -245,23 +268,27 @@ private:
 
 } // namespace
 
-std::vector<LayoutFinding> CheckLayouts(const Environment &env, const TiXmlDocument &document,
-                                        const ClassCatalogue &catalogue, const FindReference &find)
+std::vector<Finding> CheckLayouts(const Environment &env, const QString &path, const TiXmlDocument &document,
+                                  const ClassCatalogue &catalogue, const FindReference &find)
 {
-    LayoutChecker checker(env, catalogue, find);
+    LayoutChecker checker(env, path, catalogue, find);
     checker.Check(document);
     return std::move(checker.findings);
 }
 
-std::vector<LayoutFinding> CheckLayoutFile(const Environment &env, const QString &path, const ClassCatalogue &catalogue,
-                                           const FindReference &find)
+std::vector<Finding> CheckLayoutFile(const Environment &env, const QString &path, const ClassCatalogue &catalogue,
+                                     const FindReference &find)
 {
     TiXmlDocument document;
     const int result = LoadXml(env, path, document);
     if (result == -1)
-        return {{0, QStringLiteral("can't be opened")}};
+        return {{"layout.unreadable", Severity::Error, path, 0, {}, QStringLiteral("can't be opened")}};
     if (result != 0)
-        return {{std::max(document.ErrorRow(), 1),
+        return {{"layout.malformed",
+                 Severity::Error,
+                 path,
+                 std::max(document.ErrorRow(), 1),
+                 {},
                  QStringLiteral("this is no well-formed XML: %1").arg(QString::fromUtf8(document.ErrorDesc()))}};
-    return CheckLayouts(env, document, catalogue, find);
+    return CheckLayouts(env, path, document, catalogue, find);
 }

@@ -29,7 +29,7 @@ QString UserSettingsFile(const QString &configFolder)
     return folder + QStringLiteral("/morvanite/Morvanite.ini");
 }
 
-void Log(const Environment::Sink &sink, const char *format, va_list arguments)
+QString Formatted(const char *format, va_list arguments)
 {
     char small[1024];
     va_list again;
@@ -44,11 +44,31 @@ void Log(const Environment::Sink &sink, const char *format, va_list arguments)
         text = QString::fromUtf8(large.constData(), size);
     }
     va_end(again);
+    return text;
+}
+
+void Log(const Environment::Sink &sink, QString text)
+{
     if (text.size() > LOG_LIMIT) {
         text.truncate(text.at(LOG_KEEP - 1).isHighSurrogate() ? LOG_KEEP - 1 : LOG_KEEP);
         text += QStringLiteral("...");
     }
     sink(text);
+}
+
+/// How a line begins that has the number `count`.
+QString StartOf(const Finding &finding, LineStart start, int count)
+{
+    if (start == LineStart::Fatal)
+        return QStringLiteral("Fatal error: ");
+    const bool isError = finding.severity == Severity::Error && start == LineStart::BySeverity;
+    return (isError ? QStringLiteral("Error ") : QStringLiteral("Warning ")) + QString::number(count) +
+           QStringLiteral(": ");
+}
+
+QString WithoutStop(const QString &sentence)
+{
+    return sentence.endsWith(u'.') ? sentence.chopped(1) : sentence;
 }
 
 } // namespace
@@ -129,7 +149,7 @@ void Environment::WriteOutput(const char *format, ...)
         return;
     va_list arguments;
     va_start(arguments, format);
-    Log(output, format, arguments);
+    Log(output, Formatted(format, arguments));
     va_end(arguments);
 }
 
@@ -139,8 +159,64 @@ void Environment::DebugTrace(const char *format, ...)
         return;
     va_list arguments;
     va_start(arguments, format);
-    Log(trace, format, arguments);
+    Log(trace, Formatted(format, arguments));
     va_end(arguments);
+}
+
+void Environment::ResetCounts()
+{
+    ErrorCount = WarningCount = DroppedCount = FailureCount = 0;
+    shared.warningLimit.Clear();
+}
+
+void Environment::Report(const Finding &finding, const char *format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    ReportLine(finding, LineStart::BySeverity, format, arguments);
+    va_end(arguments);
+}
+
+void Environment::Report(const Finding &finding, LineStart start, const char *format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    ReportLine(finding, start, format, arguments);
+    va_end(arguments);
+}
+
+void Environment::ReportLine(const Finding &finding, LineStart start, const char *format, va_list arguments)
+{
+    const bool isWarning = finding.severity == Severity::Warning;
+    const int count = isWarning ? ++WarningCount : ++ErrorCount;
+    WarningLimit::Kind *const kind = isWarning ? &shared.warningLimit.Count(finding.code) : nullptr;
+    const int rest = kind ? kind->Rest() : 0;
+    const bool isWritten = output && rest <= 1;
+    QString sentence;
+    if (isWritten || (finding.text.isEmpty() && !listeners.IsEmpty()))
+        sentence = Formatted(format, arguments);
+    if (isWritten && rest == 0)
+        Log(output, StartOf(finding, start, count) + sentence + QStringLiteral("\r\n"));
+    else if (isWritten)
+        kind->firstRest = sentence;
+    if (listeners.IsEmpty())
+        return;
+    if (!finding.text.isEmpty())
+        return listeners.Tell(finding);
+    Finding worded = finding;
+    worded.text = WithoutStop(sentence);
+    listeners.Tell(worded);
+}
+
+void Environment::EndReport(const QString &name, const char *operation)
+{
+    for (const WarningLimit::Kind &kind : shared.warningLimit.Kinds()) {
+        if (output && kind.Rest() > 0)
+            Log(output, QStringLiteral("Warning: %1 more like this one aren't listed: %2\r\n")
+                            .arg(QString::number(kind.Rest()), kind.firstRest));
+    }
+    shared.warningLimit.Clear();
+    WriteOutput("[%s] %s - %d error(s), %d warning(s)\r\n", qUtf8Printable(name), operation, ErrorCount, WarningCount);
 }
 
 void Environment::Explain(const QString &text) const

@@ -1,11 +1,22 @@
 #pragma once
 
 #include "FileTransaction.h"
+#include "FindingListeners.h"
 #include "Settings.h"
 #include "Text.h"
+#include "WarningLimit.h"
 
+#include <cstdarg>
 #include <functional>
 #include <memory>
+
+/// How the report's line of a finding begins.
+enum class LineStart
+{
+    BySeverity, ///< "Error 3: " or "Warning 3: "
+    Warning,    ///< "Warning 3: ", though it counts as an error and has its number
+    Fatal,      ///< "Fatal error: "
+};
 
 /// What one running program shares: its folder, settings, code page, both logs and the counters of the current
 /// operation. A test makes a fresh one. Main thread only.
@@ -61,6 +72,8 @@ private:
         int warnings = 0;
         int dropped = 0;
         int failures = 0;
+        FindingListeners listeners;
+        WarningLimit warningLimit;
     };
     std::unique_ptr<Shared> own; // of the process's environment
     Shared &shared;
@@ -78,7 +91,10 @@ public:
     /// window in its output.
     std::function<void(const QString &text)> &explain = shared.explain;
 
-    /// Errors and warnings of the current load, save or import; they number its messages.
+    /// Told of every finding; a FindingListener adds and removes itself.
+    FindingListeners &listeners = shared.listeners;
+
+    /// Errors and warnings of the current load, save or import; `Report` counts them, and they number its lines.
     int &ErrorCount = shared.errors;
     int &WarningCount = shared.warnings;
     /// How many elements and rows the current load left out, so that a save would lose them.
@@ -87,7 +103,17 @@ public:
     int &FailureCount = shared.failures;
 
     /// Sets the four counters to 0, at the beginning of an operation.
-    void ResetCounts() { ErrorCount = WarningCount = DroppedCount = FailureCount = 0; }
+    void ResetCounts();
+
+    /// Counts a finding by its severity, writes its line of the report, and hands it to the listeners. `format` and the
+    /// arguments, of which %s takes UTF-8, give the line behind "Error 3: "; it gets a line end. A finding without a
+    /// text is handed on with the line's. Of more than 1,000 warnings of one code only the first have a line each.
+    void Report(const Finding &finding, const char *format, ...) __attribute__((format(printf, 3, 4)));
+    void Report(const Finding &finding, LineStart start, const char *format, ...) __attribute__((format(printf, 4, 5)));
+    /// Hands a finding to the listeners that the report has no line for. No counter counts it.
+    void Note(const Finding &finding) { listeners.Tell(finding); }
+    /// Ends the report of an operation: the warnings that have no line each, then "[NAME] OPERATION - " and the counts.
+    void EndReport(const QString &name, const char *operation);
 
     /// Says in plain words what the report of an operation has no line for: which file, why, what to do. One sentence
     /// without a line end.
@@ -122,6 +148,7 @@ public:
 
 private:
     void SelectCodePage();
+    void ReportLine(const Finding &finding, LineStart start, const char *format, va_list arguments);
     QString programDir;
     QString ownConfigFolder;
     mutable std::unique_ptr<ProfileFile> languages; // read at the first use

@@ -63,10 +63,12 @@ void CResDoc::LoadClasses()
     if (!known)
         known = std::make_shared<ClassCatalogue>();
     classes = tables.classes = known;
-    QStringList errors;
+    std::vector<Finding> errors;
     if (known->loaded || LoadCatalogue(env, file, *known, errors))
         return;
-    for (const QString &error : errors) {
+    for (const Finding &error : errors)
+        env.Note(error);
+    for (const QString &error : CatalogueErrors(errors)) {
         if (env.explain)
             env.Explain(error);
         else
@@ -158,7 +160,7 @@ void CResDoc::KeepWhatIsLeftOut()
                       .arg(env.ErrorCount)
                       .arg(env.DroppedCount);
     if (!findings.All().empty()) {
-        const LoadFinding &first = findings.All().front();
+        const Finding &first = findings.All().front();
         why += QStringLiteral(", first in %1, line %2: %3").arg(FileName(first.file)).arg(first.line).arg(first.text);
     }
     keepOnSave.Require(why + u'.');
@@ -213,10 +215,9 @@ bool CResDoc::OnSaveDocument(const QString &path)
 
 CResDoc::SaveResult CResDoc::RefuseSave(const QString &path)
 {
-    const int count = ++env.ErrorCount;
-    env.WriteOutput("Error %d: failed to write to file \"%s\".\r\n", count, qUtf8Printable(path));
-    env.WriteOutput("[%s] save - %d error(s), %d warning(s)\r\n", qUtf8Printable(FileTitle(path)), env.ErrorCount,
-                    env.WarningCount);
+    env.Report({"project.write-failed", Severity::Error, path, 0, {}, {}}, "failed to write to file \"%s\".",
+               qUtf8Printable(path));
+    env.EndReport(FileTitle(path), "save");
     return {0, CANNOT_WRITE};
 }
 

@@ -10,22 +10,28 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-QString Reason(int code)
+struct Reason
+{
+    const char *code;
+    QString text;
+};
+
+Reason ReasonOf(int code)
 {
     switch (code) {
     case LAYOUT_NOT_OPENED:
-        return u"the layout file can't be opened"_s;
+        return {"layout.unreadable", u"the layout file can't be opened"_s};
     case LAYOUT_NOT_WELL_FORMED:
-        return u"the layout file is no well-formed XML"_s;
+        return {"layout.malformed", u"the layout file is no well-formed XML"_s};
     case LAYOUT_NO_ROOT:
     case LAYOUT_WRONG_ROOT:
-        return u"the outermost element of a layout file has to be <TarvoXML>"_s;
+        return {"layout.root", u"the outermost element of a layout file has to be <TarvoXML>"_s};
     case LAYOUT_WRONG_CHILD:
-        return u"only <Layout> can be in <TarvoXML>"_s;
+        return {"layout.element", u"only <Layout> can be in <TarvoXML>"_s};
     case LAYOUT_NO_ID:
-        return u"this <Layout> has no attribute \"id\""_s;
+        return {"layout.no-id", u"this <Layout> has no attribute \"id\""_s};
     default:
-        return u"another resource has the ID of this layout"_s;
+        return {"layout.id-conflict", u"another resource has the ID of this layout"_s};
     }
 }
 
@@ -41,9 +47,10 @@ int RowOfLayout(const Environment &env, const QString &file, int place)
     return layout ? RowOf(*layout) : 0;
 }
 
-LoadFinding LayoutFault(const Environment &env, const QString &file, int code, int loaded)
+Finding LayoutFault(const Environment &env, const QString &file, int code, int loaded)
 {
-    LoadFinding finding{file, 0, Reason(code) + u"; the file isn't loaded whole"_s};
+    const Reason reason = ReasonOf(code);
+    Finding finding{reason.code, Severity::Error, file, 0, {}, reason.text + u"; the file isn't loaded whole"_s};
     if (code == LAYOUT_NOT_WELL_FORMED) {
         TiXmlDocument document;
         if (LoadXml(env, file, document) != 0)

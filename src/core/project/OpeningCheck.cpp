@@ -18,27 +18,28 @@ OpeningCheck::OpeningCheck(Environment &environment, const ProcessTables &proces
 {
 }
 
-std::vector<LoadFinding> OpeningCheck::SilentReasons() const
+std::vector<Finding> OpeningCheck::SilentReasons() const
 {
-    std::vector<LoadFinding> reasons;
+    std::vector<Finding> reasons;
     AddConflictMarkers(reasons);
     AddMissingSizes(reasons);
     return reasons;
 }
 
-std::vector<LoadFinding> OpeningCheck::AllReasons() const
+std::vector<Finding> OpeningCheck::AllReasons() const
 {
-    std::vector<LoadFinding> reasons = SilentReasons();
-    const std::vector<LoadFinding> found = doc ? doc->findings.All() : std::vector<LoadFinding>();
+    std::vector<Finding> reasons = SilentReasons();
+    const std::vector<Finding> found = doc ? doc->findings.All() : std::vector<Finding>();
     reasons.insert(reasons.end(), found.begin(), found.end());
     if (!doc)
-        reasons.push_back({projectPath, 0, u"the project can't be opened"_s});
+        reasons.push_back(
+            {"project.unreadable", Severity::Error, projectPath, 0, {}, u"the project can't be opened"_s});
     else if (found.empty() && env.ErrorCount + env.DroppedCount > 0)
-        reasons.push_back({projectPath, 0, u"the opening told of an error"_s});
+        reasons.push_back({"project.errors", Severity::Error, projectPath, 0, {}, u"the opening told of an error"_s});
     return reasons;
 }
 
-std::optional<LoadFinding> OpeningCheck::UnlistedResolution(int width, int height) const
+std::optional<Finding> OpeningCheck::UnlistedResolution(int width, int height) const
 {
     const CResoTable &sizes = tables.resolutions;
     if (sizes.IndexOf(width, height) >= 0)
@@ -46,8 +47,12 @@ std::optional<LoadFinding> OpeningCheck::UnlistedResolution(int width, int heigh
     QStringList known;
     for (int i = 0; i < sizes.Count(); ++i)
         known.append(QString::fromUtf8(sizes.At(i).name));
-    return LoadFinding{
-        SizesFile(), 0,
+    return Finding{
+        "settings.size-unlisted",
+        Severity::Error,
+        SizesFile(),
+        0,
+        {},
         u"the list of screen sizes has no %1x%2, so the pack has no pictures of that screen; it has %3"_s.arg(width)
             .arg(height)
             .arg(known.isEmpty() ? u"none at all"_s : known.join(u", "_s))};
@@ -59,7 +64,7 @@ QString OpeningCheck::SizesFile() const
     return ResolvePath(file.isEmpty() ? u"Morvanite.ini"_s : file, env.ProgramDir());
 }
 
-void OpeningCheck::AddMissingSizes(std::vector<LoadFinding> &reasons) const
+void OpeningCheck::AddMissingSizes(std::vector<Finding> &reasons) const
 {
     if (tables.resolutions.Count() > 0)
         return;
@@ -71,10 +76,10 @@ void OpeningCheck::AddMissingSizes(std::vector<LoadFinding> &reasons) const
         text += u"the key reso_set in section Path of Morvanite.ini names this file, and it isn't there"_s;
     else
         text += u"this file has no section Resolution with lines such as 240x320"_s;
-    reasons.push_back({file, 0, text});
+    reasons.push_back({"settings.no-sizes", Severity::Error, file, 0, {}, text});
 }
 
-void OpeningCheck::AddConflictMarkers(std::vector<LoadFinding> &reasons) const
+void OpeningCheck::AddConflictMarkers(std::vector<Finding> &reasons) const
 {
     QStringList files;
     if (doc) {
@@ -88,12 +93,16 @@ void OpeningCheck::AddConflictMarkers(std::vector<LoadFinding> &reasons) const
     for (const QString &file : files) {
         for (const ConflictMarker &found : FindConflictMarkers(file))
             reasons.push_back(
-                {file, found.line,
+                {"project.conflict-marker",
+                 Severity::Error,
+                 file,
+                 found.line,
+                 {},
                  u"the line begins with \"%1\": a merge has left a conflict in the file"_s.arg(found.marker)});
     }
 }
 
-QString FindingText(const LoadFinding &finding)
+QString FindingText(const Finding &finding)
 {
     const QString place = finding.line > 0 ? u"%1:%2"_s.arg(finding.file).arg(finding.line) : finding.file;
     return place + u": "_s + finding.text;

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "LoadFindings.h"
+#include "Finding.h"
 
 #include <optional>
+#include <vector>
 
 class CResDoc;
 class Environment;
@@ -13,7 +14,7 @@ class ProcessTables;
 ///
 ///     CResDoc *doc = ...;
 ///     const OpeningCheck check(env, tables, path, doc);
-///     for (const LoadFinding &reason : check.AllReasons()) ...
+///     for (const Finding &reason : check.AllReasons()) ...
 class OpeningCheck
 {
 public:
@@ -23,18 +24,18 @@ public:
 
     /// What the report of an opening has no line for: conflict markers in the project's files, and a list of sizes that
     /// isn't there.
-    [[nodiscard]] std::vector<LoadFinding> SilentReasons() const;
+    [[nodiscard]] std::vector<Finding> SilentReasons() const;
     /// Every reason not to go on: those, the errors of the opening, and what it left out. Empty when the project is
     /// whole.
-    [[nodiscard]] std::vector<LoadFinding> AllReasons() const;
+    [[nodiscard]] std::vector<Finding> AllReasons() const;
     /// Why a pack for the screen `resolution` would have no pictures of its own: the list of sizes lacks it. Nothing
     /// when it is there.
-    [[nodiscard]] std::optional<LoadFinding> UnlistedResolution(int width, int height) const;
+    [[nodiscard]] std::optional<Finding> UnlistedResolution(int width, int height) const;
 
 private:
     [[nodiscard]] QString SizesFile() const;
-    void AddConflictMarkers(std::vector<LoadFinding> &reasons) const;
-    void AddMissingSizes(std::vector<LoadFinding> &reasons) const;
+    void AddConflictMarkers(std::vector<Finding> &reasons) const;
+    void AddMissingSizes(std::vector<Finding> &reasons) const;
 
     Environment &env;
     const ProcessTables &tables;
@@ -43,4 +44,4 @@ private:
 };
 
 /// "FILE:LINE: text", or "FILE: text" for a whole file.
-[[nodiscard]] QString FindingText(const LoadFinding &finding);
+[[nodiscard]] QString FindingText(const Finding &finding);

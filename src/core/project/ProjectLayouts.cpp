@@ -67,7 +67,7 @@ QStringList MissingLayouts(const CResDoc &doc)
         for (const NarrowText &path : paths)
             files.append(ResolvePath(doc.env.NarrowToWide(path), DirectoryOf(doc.PathName())));
         const qsizetype before = reasons.size();
-        for (const LoadFinding &finding : doc.findings.All()) {
+        for (const Finding &finding : doc.findings.All()) {
             if (files.contains(finding.file))
                 reasons.append(FindingText(finding));
         }
@@ -83,14 +83,16 @@ void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path)
 {
     Environment &env = doc.env;
     const QString absolute = ResolvePath(env.NarrowToWide(path), CurrentFolder());
-    const auto fail = [&](const LoadFinding &finding) {
-        const int count = ++env.ErrorCount;
+    const auto fail = [&](const Finding &finding) {
         ++env.DroppedCount;
-        doc.findings.Add(finding.file, finding.line, finding.text);
-        env.WriteOutput("Error %d: failed to load layout file \"%s\".\r\n", count, env.Shown(path).constData());
+        doc.findings.Add(finding);
+        env.Report(finding, "failed to load layout file \"%s\".", env.Shown(path).constData());
+    };
+    const auto refuse = [&](const char *code, const QString &why) {
+        fail({code, Severity::Error, absolute, 0, {}, why});
     };
     if (folder.index < 0) {
-        fail({absolute, 0, u"layouts belong to a screen size, and this file is listed without one"_s});
+        refuse("list.layout-without-size", u"layouts belong to a screen size, and this file is listed without one"_s);
         return;
     }
     QByteArrayList &untouched = doc.untouchedLayouts[folder.index];
@@ -99,9 +101,8 @@ void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path)
         if (untouched.empty())
             untouched.append(other->path);
         untouched.append(path);
-        fail({absolute, 0,
-              u"a screen size has one layout file, and the list names %1 too"_s.arg(
-                  env.NarrowToWide(untouched.front()))});
+        refuse("list.layout-second", u"a screen size has one layout file, and the list names %1 too"_s.arg(
+                                         env.NarrowToWide(untouched.front())));
         return;
     }
     env.WriteOutput("Loading layouts from \"%s\"...\r\n", env.Shown(path).constData());
@@ -122,12 +123,17 @@ void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path)
         if (AddLayout(doc, folder, file, layout))
             continue;
         ++env.DroppedCount;
-        doc.findings.Add(absolute, RowOfLayout(env, absolute, place),
-                         u"the layout %1 can't be opened: one of its components has the name of a type that is no "
-                         "class"_s.arg(env.NarrowToWide(name)));
+        const QString id = env.NarrowToWide(name);
+        const Finding finding{
+            "layout.no-class",
+            Severity::Error,
+            absolute,
+            RowOfLayout(env, absolute, place),
+            id,
+            u"the layout %1 can't be opened: one of its components has the name of a type that is no class"_s.arg(id)};
+        doc.findings.Add(finding);
         untouched = {path};
-        const int count = ++env.ErrorCount;
-        env.WriteOutput("Error %d: failed to load layout [%s].\r\n", count, env.Shown(name).constData());
+        env.Report(finding, "failed to load layout [%s].", env.Shown(name).constData());
     }
 }
 

@@ -27,6 +27,7 @@ constexpr char FILE_TAG[] = "file";
 constexpr char IMAGE_TAG[] = "image";
 
 const QString ID_RULE = u"1 to 64 letters, digits and \"_\", and no digit at the front"_s;
+const QString NO_ID = u"it has no attribute \"id\""_s;
 const QString NO_FILE = u"it names no file"_s;
 
 int LineOf(const TiXmlElement &element)
@@ -85,7 +86,8 @@ public:
     void DropBehind(const TiXmlElement &app)
     {
         for (auto *other = app.NextSiblingElement(); other; other = other->NextSiblingElement())
-            Drop(*other, u"a resource list has one element, the first"_s);
+            env.Note(Dropped(*other, "list.element-behind", Severity::Error,
+                             u"a resource list has one element, the first"_s));
     }
 
 private:
@@ -122,21 +124,28 @@ private:
         return files[place];
     }
 
-    /// Notes what is wrong with an element, in plain words.
-    void Note(const TiXmlElement &element, const QString &text) { doc.findings.Add(list, RowOf(element), text); }
+    /// What is wrong with an element. Without a `text` the report's line says it.
+    Finding About(const TiXmlElement &element, const char *code, Severity severity, const QString &text = {})
+    {
+        Finding finding{code, severity, list, RowOf(element), QString::fromUtf8(element.Attribute("id")), text};
+        if (!text.isEmpty())
+            doc.findings.Add(finding);
+        return finding;
+    }
 
-    /// Notes why an element and what it holds are left out: the next save would lose them.
-    void Drop(const TiXmlElement &element, const QString &why)
+    /// An element and what it holds are left out, and why: the next save would lose them.
+    Finding Dropped(const TiXmlElement &element, const char *code, Severity severity, const QString &why)
     {
         env.DroppedCount += CountElements(element);
-        Note(element, u"<%1> is left out: %2"_s.arg(QString::fromUtf8(element.Value()), why));
+        return About(element, code, severity, u"<%1> is left out: %2"_s.arg(QString::fromUtf8(element.Value()), why));
     }
 
     /// Leaves out the elements in one that has only a text.
     void DropChildren(const TiXmlElement &element)
     {
         for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement())
-            Drop(*child, u"<%1> has only a text"_s.arg(QString::fromUtf8(element.Value())));
+            env.Note(Dropped(*child, "list.element-inside", Severity::Error,
+                             u"<%1> has only a text"_s.arg(QString::fromUtf8(element.Value()))));
     }
 
     /// A text of an element in the code page. Says so when that lacks a character, which the next save would lose.
@@ -145,7 +154,8 @@ private:
         NarrowText text = FromXml(env, utf8);
         if (!env.codePage.IsUtf8() && env.NarrowToWide(text) != QString::fromUtf8(utf8)) {
             ++env.DroppedCount;
-            Note(element, u"the code page has no form of \"%1\""_s.arg(QString::fromUtf8(utf8)));
+            env.Note(About(element, "list.code-page", Severity::Error,
+                           u"the code page has no form of \"%1\""_s.arg(QString::fromUtf8(utf8))));
         }
         return text;
     }
@@ -177,25 +187,24 @@ private:
     {
         const char *id = element.Attribute("id");
         if (!id) {
-            const int count = ++env.ErrorCount;
-            env.WriteOutput("Error %d: invalid %s tag (Line %d).\r\n", count, tag, LineOf(element));
-            Drop(element, u"it has no attribute \"id\""_s);
+            env.Report(Dropped(element, "list.no-id", Severity::Error, NO_ID), "invalid %s tag (Line %d).", tag,
+                       LineOf(element));
             return;
         }
         const char *text = TextOf(element);
         if (!IsValidIdName(QString::fromUtf8(id))) {
-            const int count = ++env.ErrorCount;
-            env.WriteOutput("Error %d: invalid ID format - [%s] (Line %d).\r\n", count, id, LineOf(element));
-            Note(element, u"\"%1\" is no ID: %2"_s.arg(QString::fromUtf8(id), ID_RULE));
+            env.Report(About(element, "list.id-invalid", Severity::Error,
+                             u"\"%1\" is no ID: %2"_s.arg(QString::fromUtf8(id), ID_RULE)),
+                       "invalid ID format - [%s] (Line %d).", id, LineOf(element));
         } else if (*text && !hostPaths.Exists(QByteArray(text))) {
-            const int count = ++env.WarningCount;
-            env.WriteOutput("Warning %d: file not found - [%s] (Line %d).\r\n", count, id, LineOf(element));
+            env.Report(About(element, "list.file-missing", Severity::Warning), "file not found - [%s] (Line %d).", id,
+                       LineOf(element));
         }
         std::unique_ptr<CFileRes> res = doc.CreateFileRes(Narrow(element, id), scope);
         if (!res) {
-            const int count = ++env.ErrorCount;
-            env.WriteOutput("Error %d: failed to load %s [%s].\r\n", count, tag, id);
-            Drop(element, u"another resource has the ID %1"_s.arg(QString::fromUtf8(id)));
+            env.Report(Dropped(element, "list.id-conflict", Severity::Error,
+                               u"another resource has the ID %1"_s.arg(QString::fromUtf8(id))),
+                       "failed to load %s [%s].", tag, id);
             return;
         }
         const char *type = element.Attribute("type");
@@ -216,16 +225,16 @@ private:
         const int width = widthText ? LeadingNumber(QString::fromUtf8(widthText)) : 0;
         const int height = heightText ? LeadingNumber(QString::fromUtf8(heightText)) : 0;
         if (width < 1 || height < 1) {
-            const int count = ++env.ErrorCount;
-            env.WriteOutput("Error %d: invalid resolution tag (Line %d).\r\n", count, LineOf(element));
-            Drop(element, u"it needs a width and a height above 0"_s);
+            env.Report(
+                Dropped(element, "list.size-invalid", Severity::Error, u"it needs a width and a height above 0"_s),
+                "invalid resolution tag (Line %d).", LineOf(element));
             return 0;
         }
         const qint16 index = doc.tables.resolutions.IndexOf(width, height);
         if (index < 0) {
-            const int count = ++env.WarningCount;
-            env.WriteOutput("Warning %d: unsupported resolution (%dx%d) discarded.\r\n", count, width, height);
-            Drop(element, u"the list of sizes has no %1x%2"_s.arg(width).arg(height));
+            env.Report(Dropped(element, "list.size-unlisted", Severity::Warning,
+                               u"the list of sizes has no %1x%2"_s.arg(width).arg(height)),
+                       "unsupported resolution (%dx%d) discarded.", width, height);
             return 0;
         }
         const char *group = element.Attribute("class");
@@ -246,9 +255,8 @@ private:
     {
         QByteArray text = TextOf(element);
         if (text.isEmpty()) {
-            const int count = ++env.ErrorCount; // though it is called a warning
-            env.WriteOutput("Warning %d: layout file not found.\r\n", count);
-            Drop(element, NO_FILE);
+            env.Report(Dropped(element, "list.no-layout-file", Severity::Error, NO_FILE), LineStart::Warning,
+                       "layout file not found.");
             return;
         }
         DropChildren(element);
@@ -264,9 +272,8 @@ private:
     {
         QByteArray text = TextOf(element);
         if (text.isEmpty()) {
-            const int count = ++env.WarningCount;
-            env.WriteOutput("Warning %d: ref_list not found (Line %d).\r\n", count, LineOf(element));
-            Drop(element, NO_FILE);
+            env.Report(Dropped(element, "list.no-string-file", Severity::Warning, NO_FILE),
+                       "ref_list not found (Line %d).", LineOf(element));
             return 0;
         }
         DropChildren(element);
@@ -285,16 +292,15 @@ private:
     {
         const char *id = element.Attribute("id");
         if (!id) {
-            const int count = ++env.ErrorCount;
-            env.WriteOutput("Error %d: invalid component tag (Line %d).\r\n", count, LineOf(element));
-            Drop(element, u"it has no attribute \"id\""_s);
+            env.Report(Dropped(element, "list.no-id", Severity::Error, NO_ID), "invalid component tag (Line %d).",
+                       LineOf(element));
             return;
         }
         const CResFolder *component = doc.root.FindFolder(KIND_COMPONENT, QString::fromUtf8(id), 2);
         if (!component) {
-            const int count = ++env.WarningCount;
-            env.WriteOutput("Warning %d: unknow component [%s] discarded.\r\n", count, id);
-            Drop(element, u"there is no component \"%1\""_s.arg(QString::fromUtf8(id)));
+            env.Report(Dropped(element, "list.component-unknown", Severity::Warning,
+                               u"there is no component \"%1\""_s.arg(QString::fromUtf8(id))),
+                       "unknow component [%s] discarded.", id);
             return;
         }
         for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement()) {
@@ -309,16 +315,15 @@ private:
     {
         const char *id = element.Attribute("id");
         if (!id) {
-            const int count = ++env.ErrorCount;
-            env.WriteOutput("Error %d: invalid component image tag (Line %d).\r\n", count, LineOf(element));
-            Drop(element, u"it has no attribute \"id\""_s);
+            env.Report(Dropped(element, "list.no-id", Severity::Error, NO_ID), "invalid component image tag (Line %d).",
+                       LineOf(element));
             return;
         }
         auto *image = static_cast<CFileRes *>(component.FindResource(FromXml(env, id)));
         if (!image) {
-            const int count = ++env.WarningCount;
-            env.WriteOutput("Warning %d: unknown component image [%s] discarded.\r\n", count, id);
-            Drop(element, u"the component has no image \"%1\""_s.arg(QString::fromUtf8(id)));
+            env.Report(Dropped(element, "list.image-unknown", Severity::Warning,
+                               u"the component has no image \"%1\""_s.arg(QString::fromUtf8(id))),
+                       "unknown component image [%s] discarded.", id);
             return;
         }
         const QByteArray text = WithoutOuterQuotes(TextOf(element));
@@ -331,12 +336,11 @@ private:
 
     void UnknownTag(const TiXmlElement &element)
     {
-        const int count = ++env.WarningCount;
-        env.WriteOutput("Warning %d: unknown XML tag [%s] discarded (Line %d).\r\n", count, element.Value(),
-                        LineOf(element));
         const bool isSwitchedOff = element.ValueStr() == "LAYOUT" && !doc.root.FindFolder(KIND_LAYOUTS, 1);
-        Drop(element, isSwitchedOff ? u"the settings have no layouts (section Layout, key folders)"_s
-                                    : u"nothing of that name is known in this place"_s);
+        env.Report(Dropped(element, isSwitchedOff ? "list.layouts-off" : "list.tag-unknown", Severity::Warning,
+                           isSwitchedOff ? u"the settings have no layouts (section Layout, key folders)"_s
+                                         : u"nothing of that name is known in this place"_s),
+                   "unknown XML tag [%s] discarded (Line %d).", element.Value(), LineOf(element));
     }
 
     const ProjectContext &context;
@@ -368,15 +372,20 @@ int ReadInto(const ProjectContext &context, const QString &path)
     TiXmlDocument document;
     if (const int code = LoadXml(env, path, document)) {
         const QString why = code == CANNOT_OPEN ? WhyNotRead(path, errno) : WhyNoXml(path, document);
-        ++env.ErrorCount;
-        env.WriteOutput("Fatal error: invalid resource format (Line %d).\r\n", document.ErrorRow() + 1);
+        env.Report({code == CANNOT_OPEN ? "list.unreadable" : "list.malformed",
+                    Severity::Error,
+                    ResolvePath(path, CurrentFolder()),
+                    document.ErrorRow(),
+                    {},
+                    why},
+                   LineStart::Fatal, "invalid resource format (Line %d).", document.ErrorRow() + 1);
         env.Explain(why);
         return code;
     }
     TiXmlElement *app = document.FirstChildElement();
     if (!app || app->ValueStr() != "APP") {
-        const int count = ++env.ErrorCount;
-        env.WriteOutput("Error %d: invalid resource format \"%s\".\r\n", count, qUtf8Printable(path));
+        env.Report({"list.root", Severity::Error, ResolvePath(path, CurrentFolder()), app ? RowOf(*app) : 0, {}, {}},
+                   "invalid resource format \"%s\".", qUtf8Printable(path));
         return WRONG_FORMAT;
     }
     ProjectReader reader(context);
@@ -392,8 +401,7 @@ int ReadProject(const QString &path, CResDoc &doc)
     const QString file = context.ResourcePath();
     doc.NoteFile(context.Absolute(file));
     const int code = SetCurrentFolder(context.dir) ? ReadInto(context, file) : CANNOT_OPEN;
-    doc.env.WriteOutput("[%s] open - %d error(s), %d warning(s)\r\n", qUtf8Printable(context.name), doc.env.ErrorCount,
-                        doc.env.WarningCount);
+    doc.env.EndReport(context.name, "open");
     if (code == 0)
         doc.WatchFile(context.Absolute(file), CResDoc::WATCH_RESOURCES);
     return code;

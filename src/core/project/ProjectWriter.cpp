@@ -15,8 +15,8 @@ namespace
 
 void ReportRefused(Environment &env, const QString &path)
 {
-    const int count = ++env.ErrorCount;
-    env.WriteOutput("Error %d: failed to write to file \"%s\".\r\n", count, qUtf8Printable(path));
+    env.Report({"project.write-failed", Severity::Error, ResolvePath(path, CurrentFolder()), 0, {}, {}},
+               "failed to write to file \"%s\".", qUtf8Printable(path));
 }
 
 /// One writing of a resource list.
@@ -141,9 +141,9 @@ private:
     {
         TiXmlElement element("LAYOUT");
         Put(element, ToXml(env, path));
-        const int count = ++env.WarningCount;
-        env.WriteOutput("Warning %d: layout file \"%s\" wasn't loaded whole and is left as it is.\r\n", count,
-                        env.Shown(path).constData());
+        const QString file = context.Absolute(env.NarrowToWide(path));
+        env.Report({"layout.not-saved", Severity::Warning, file, 0, {}, {}},
+                   "layout file \"%s\" wasn't loaded whole and is left as it is.", env.Shown(path).constData());
     }
 
     int WriteLayouts(const CResFolder &folder)
@@ -226,13 +226,9 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
     Environment &env = doc.env;
     const QString file = context.ResourcePath();
     const QString absolute = context.Absolute(file);
-    const auto summarize = [&] {
-        env.WriteOutput("[%s] save - %d error(s), %d warning(s)\r\n", qUtf8Printable(context.name), env.ErrorCount,
-                        env.WarningCount);
-    };
     if (!SetCurrentFolder(context.dir)) { // it is gone
         ReportRefused(env, absolute);
-        summarize();
+        env.EndReport(context.name, "save");
         return CANNOT_WRITE;
     }
     doc.UnwatchFile(absolute, CResDoc::WATCH_RESOURCES);
@@ -279,7 +275,7 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
         MoveToRecycleBin(obsolete);
         doc.NoteFile(obsolete);
     }
-    summarize();
+    env.EndReport(context.name, "save");
     doc.WatchFile(absolute, CResDoc::WATCH_RESOURCES);
     return code;
 }

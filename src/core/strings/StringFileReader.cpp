@@ -40,8 +40,8 @@ int ReadStringFile(const QString &path, CResModel &document)
     const FileHandle file = FileHandle::OpenRead(path);
     if (!file.IsOpen()) {
         const QString why = WhyNotRead(path, errno);
-        document.env.WriteOutput("Error %d: failed to open file \"%s\".\r\n", ++document.env.ErrorCount,
-                                 Shown(path).constData());
+        document.env.Report({"strings.unreadable", Severity::Error, ResolvePath(path, CurrentFolder()), 0, {}, why},
+                            "failed to open file \"%s\".", Shown(path).constData());
         document.env.Explain(why);
         return CANT_OPEN;
     }
@@ -71,22 +71,30 @@ bool StringFileReader::NextLine(QStringView &line)
     return lines.Next(line);
 }
 
-void StringFileReader::Drop(const QString &why)
+Finding StringFileReader::About(const char *code, Severity severity, QStringView id, const QString &text)
+{
+    Finding finding{code, severity, file, lineNumber, id.toString(), text};
+    if (!text.isEmpty())
+        document.findings.Add(finding);
+    return finding;
+}
+
+Finding StringFileReader::Dropped(const char *code, QStringView id, const QString &why)
 {
     ++document.env.DroppedCount;
-    document.findings.Add(file, lineNumber, why);
+    return About(code, Severity::Error, id, why);
 }
 
 int StringFileReader::LineError()
 {
-    document.env.WriteOutput("Error %d: failed to read a new line.\r\n", ++document.env.ErrorCount);
+    document.env.Report(About("strings.cut-short", Severity::Error), "failed to read a new line.");
     return CANT_READ_LINE;
 }
 
 int StringFileReader::HeaderError(int line, QStringView expected)
 {
-    document.env.WriteOutput("Error %d: invalid file format; \"%s\" expected at line %d.\r\n",
-                             ++document.env.ErrorCount, Shown(expected).constData(), line);
+    document.env.Report(About("strings.header", Severity::Error), "invalid file format; \"%s\" expected at line %d.",
+                        Shown(expected).constData(), line);
     return WRONG_HEADER;
 }
 
@@ -100,8 +108,8 @@ int StringFileReader::ReadCount(int &languages)
         return HeaderError(1, COUNT_WORD);
     languages = LeadingNumber(fields.Next());
     if (languages <= 0) {
-        document.env.WriteOutput("Warning %d: %s = %d.\r\n", ++document.env.WarningCount, Shown(COUNT_WORD).constData(),
-                                 languages);
+        document.env.Report(About("strings.language-count", Severity::Warning), "%s = %d.",
+                            Shown(COUNT_WORD).constData(), languages);
         languages = 0;
     }
     return OK;
@@ -137,8 +145,8 @@ int StringFileReader::ReadColumns(int languages)
             if (isShort)
                 problem =
                     QStringLiteral("line 1 says that there are %1 languages, and line 2 has %2").arg(languages).arg(i);
-            document.env.WriteOutput("Error %d: language \"%s\" is unrecognized.\r\n", ++document.env.ErrorCount,
-                                     Shown(name).constData());
+            document.env.Report(About("strings.language-unknown", Severity::Error), "language \"%s\" is unrecognized.",
+                                Shown(name).constData());
             return UNKNOWN_LANGUAGE;
         }
         columns.push_back(&folders.Ensure(number, name));
@@ -146,7 +154,9 @@ int StringFileReader::ReadColumns(int languages)
     }
     while (!fields.AtEnd()) {
         if (const QStringView name = fields.Next(); !name.isEmpty()) {
-            Drop(u"the language %1 is left out: line 1 has a count of %2"_s.arg(Cut(name)).arg(languages));
+            document.env.Note(
+                Dropped("strings.language-left-out", {},
+                        u"the language %1 is left out: line 1 has a count of %2"_s.arg(Cut(name)).arg(languages)));
         }
     }
     return OK;
@@ -173,7 +183,8 @@ void StringFileReader::DropRest()
 {
     const auto look = [this](QStringView line) {
         if (!line.trimmed().isEmpty())
-            Drop(u"what is behind the row %1 isn't read"_s.arg(END_WORD));
+            document.env.Note(
+                Dropped("strings.behind-end", {}, u"what is behind the row %1 isn't read"_s.arg(END_WORD)));
     };
     QStringView line;
     while (NextLine(line))
@@ -186,9 +197,13 @@ void StringFileReader::Overwrite(CStringRes &cell, QStringView text)
     const bool isSecond = !isReload || !read.insert(&cell).second;
     if (cell.text == text)
         return;
-    if (isSecond && !cell.text.isEmpty())
-        Drop(u"the text \"%1\" of %2 is left out: \"%3\" comes behind it for the same ID and language"_s.arg(
-            Cut(cell.text), document.env.NarrowToWide(cell.Id()->name), Cut(text)));
+    if (isSecond && !cell.text.isEmpty()) {
+        const QString id = document.env.NarrowToWide(cell.Id()->name);
+        document.env.Note(
+            Dropped("strings.text-twice", id,
+                    u"the text \"%1\" of %2 is left out: \"%3\" comes behind it for the same ID and language"_s.arg(
+                        Cut(cell.text), id, Cut(text))));
+    }
     cell.SetText(text.toString());
 }
 
@@ -200,21 +215,21 @@ void StringFileReader::ReadRow(QStringView line)
     const QStringView type = hasType ? fields.Next() : QStringView();
     if (id.isEmpty()) {
         if (HasText(fields))
-            Drop(u"the row is left out: it has no ID"_s);
+            env.Note(Dropped("strings.no-id", {}, u"the row is left out: it has no ID"_s));
         return;
     }
     const bool push = EqualsNoCase(type, PUSH_WORD);
     if (hasType && !push && !EqualsNoCase(type, NORMAL_WORD)) {
-        env.WriteOutput("Error %d: invalid resource type - [%s].\r\n", ++env.ErrorCount, Shown(type).constData());
-        document.findings.Add(
-            file, lineNumber,
-            u"the type \"%1\" of %2 is neither %3 nor %4"_s.arg(Cut(type), Cut(id), NORMAL_WORD, PUSH_WORD));
+        env.Report(
+            About("strings.type-invalid", Severity::Error, id,
+                  u"the type \"%1\" of %2 is neither %3 nor %4"_s.arg(Cut(type), Cut(id), NORMAL_WORD, PUSH_WORD)),
+            "invalid resource type - [%s].", Shown(type).constData());
     }
     if (!IsValidIdName(id)) {
-        env.WriteOutput("Error %d: invalid ID format - [%s].\r\n", ++env.ErrorCount, Shown(id).constData());
-        document.findings.Add(
-            file, lineNumber,
-            u"\"%1\" is no ID: 1 to 64 letters, digits and \"_\", and no digit at the front"_s.arg(Cut(id)));
+        env.Report(
+            About("strings.id-invalid", Severity::Error, id,
+                  u"\"%1\" is no ID: 1 to 64 letters, digits and \"_\", and no digit at the front"_s.arg(Cut(id))),
+            "invalid ID format - [%s].", Shown(id).constData());
     }
 
     const NarrowText name = env.WideToNarrow(id);
@@ -235,9 +250,11 @@ void StringFileReader::ReadRow(QStringView line)
         }
         cell = row.Add(*folder, text.toString());
         if (!cell) {
-            env.WriteOutput("Error %d: ID conflicts - %s.\r\n", ++env.ErrorCount, Shown(id).constData());
-            Drop(
-                u"the row of %1 is left out with all its texts: a resource of another kind has that ID"_s.arg(Cut(id)));
+            env.Report(
+                Dropped("strings.id-conflict", id,
+                        u"the row of %1 is left out with all its texts: a resource of another kind has that ID"_s.arg(
+                            Cut(id))),
+                "ID conflicts - %s.", Shown(id).constData());
             return;
         }
         Added(*cell, push);
@@ -247,7 +264,9 @@ void StringFileReader::ReadRow(QStringView line)
     ++rows;
     while (!fields.AtEnd()) {
         if (const QStringView text = fields.Next(); !text.isEmpty())
-            Drop(u"the text \"%1\" of %2 is left out: line 2 has no language for it"_s.arg(Cut(text), Cut(id)));
+            env.Note(
+                Dropped("strings.text-without-language", id,
+                        u"the text \"%1\" of %2 is left out: line 2 has no language for it"_s.arg(Cut(text), Cut(id))));
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CellFinder.h"
+#include "Finding.h"
 #include "LanguageFolders.h"
 #include "Utf16Lines.h"
 
@@ -38,8 +39,10 @@ private:
     [[nodiscard]] bool NextLine(QStringView &line);
     /// Counts what is behind the last row: nobody reads it, and a save doesn't write it.
     void DropRest();
-    /// Counts something of the current line that a save would lose, and notes why.
-    void Drop(const QString &why);
+    /// What is wrong with the current line. Without a `text` the report's line says it.
+    Finding About(const char *code, Severity severity, QStringView id = {}, const QString &text = {});
+    /// Counts something of the current line that a save would lose, and says why.
+    Finding Dropped(const char *code, QStringView id, const QString &why);
     /// Puts the text of a later field or row into a cell that is there.
     void Overwrite(CStringRes &cell, QStringView text);
     [[nodiscard]] int LineError();

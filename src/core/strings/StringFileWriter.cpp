@@ -1,5 +1,6 @@
 #include "Environment.h"
 #include "HostFiles.h"
+#include "Paths.h"
 #include "ResModel.h"
 #include "StringFile.h"
 #include "StringFileFormat.h"
@@ -130,12 +131,11 @@ int WriteStringFile(const QString &path, CResModel &document)
                        : document.env.ReplaceFile(path, QByteArrayView(bytes, text.size() * qsizetype(sizeof(QChar))));
     if (error == 0)
         return OK;
+    const Finding finding{"strings.write-failed", Severity::Error, ResolvePath(path, CurrentFolder()), 0, {}, {}};
     if (FellShort(error)) {
-        document.env.WriteOutput("Error %d: failed to write to file \"%s\".\r\n", ++document.env.ErrorCount,
-                                 qUtf8Printable(path));
+        document.env.Report(finding, "failed to write to file \"%s\".", qUtf8Printable(path));
         return CANT_WRITE;
     }
-    document.env.WriteOutput("Error %d: failed to open file \"%s\".\r\n", ++document.env.ErrorCount,
-                             qUtf8Printable(path));
+    document.env.Report(finding, "failed to open file \"%s\".", qUtf8Printable(path));
     return CANT_OPEN;
 }

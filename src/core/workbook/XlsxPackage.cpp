@@ -15,11 +15,14 @@ constexpr size_t MOST_SHEETS = 65'536;
 enum Place
 {
     WORKBOOK = XmlGrammar::DOCUMENT + 1,
+    PROPERTIES,
     SHEETS,
     SHEET,
 };
-constexpr XmlStep STEPS[] = {
-    {XmlGrammar::DOCUMENT, "workbook", WORKBOOK}, {WORKBOOK, "sheets", SHEETS}, {SHEETS, "sheet", SHEET}};
+constexpr XmlStep STEPS[] = {{XmlGrammar::DOCUMENT, "workbook", WORKBOOK},
+                             {WORKBOOK, "workbookPr", PROPERTIES},
+                             {WORKBOOK, "sheets", SHEETS},
+                             {SHEETS, "sheet", SHEET}};
 constexpr XmlGrammar GRAMMAR = {{SPREADSHEET_ML, STRICT_SPREADSHEET_ML}, STEPS, WorkbookFault::NoWorkbook};
 
 struct ListedSheet
@@ -33,10 +36,15 @@ class WorkbookPart : public XmlPart
 {
 public:
     explicit WorkbookPart(std::vector<ListedSheet> &result) : XmlPart(GRAMMAR), sheets(result) {}
+    bool datesFrom1904 = false;
 
 private:
     void Enter(int place, const XmlAttributes &attributes) override
     {
+        if (place == PROPERTIES) {
+            const std::string_view from1904 = attributes.Find("date1904").value_or("0");
+            datesFrom1904 = from1904 == "1" || from1904 == "true";
+        }
         if (place != SHEET)
             return;
         if (sheets.size() == MOST_SHEETS)
@@ -96,7 +104,9 @@ WorkbookResult FindXlsxParts(const ZipFile &zip, XlsxParts &parts)
     const QByteArray workbook = document->target;
 
     std::vector<ListedSheet> sheets;
-    result = WorkbookPart(sheets).Read(zip, workbook);
+    WorkbookPart list(sheets);
+    result = list.Read(zip, workbook);
+    parts.datesFrom1904 = list.datesFrom1904;
     if (result.HasFailed())
         return result;
     relationships.clear();

@@ -21,7 +21,7 @@ WorkbookResult ReadPackage(const ZipFile &zip, TextBudget &budget, Sheet &sheet)
     std::vector<TextPool::Ref> strings;
     if (!parts.sharedStrings.isEmpty())
         result = ReadSharedStrings(zip, parts.sharedStrings, budget, sheet.texts, strings);
-    return result.HasFailed() ? result : ReadXlsxSheet(zip, parts.worksheet, strings, budget, sheet);
+    return result.HasFailed() ? result : ReadXlsxSheet(zip, parts, strings, budget, sheet);
 }
 
 /// What a compound file is, where a ZIP file should be: the application puts a workbook with a password into one.

@@ -2,6 +2,8 @@
 
 #include "IdNames.h"
 #include "SharedStrings.h"
+#include "XlsxDate.h"
+#include "XlsxPackage.h"
 #include "XlsxText.h"
 #include "XmlPart.h"
 
@@ -61,8 +63,8 @@ quint64 TakeColumn(std::string_view &reference)
 class SheetPart : public XmlPart
 {
 public:
-    SheetPart(const std::vector<TextPool::Ref> &shared, TextBudget &granted, Sheet &result)
-        : XmlPart(GRAMMAR), sharedStrings(shared), budget(granted), sheet(result)
+    SheetPart(bool datesFrom1904, const std::vector<TextPool::Ref> &shared, TextBudget &granted, Sheet &result)
+        : XmlPart(GRAMMAR), from1904(datesFrom1904), sharedStrings(shared), budget(granted), sheet(result)
     {
     }
 
@@ -72,6 +74,7 @@ private:
         Number,
         Text,
         SharedString,
+        Date,
         None,
     };
 
@@ -140,7 +143,9 @@ private:
             type = Type::Text;
         else if (name == "n")
             type = Type::Number;
-        else if (name == "b" || name == "e" || name == "d")
+        else if (name == "d")
+            type = Type::Date;
+        else if (name == "b" || name == "e")
             type = Type::None;
         else
             FailInCell(WorkbookFault::Broken, QStringLiteral("\"%1\" is no type of a cell").arg(ToText(name)));
@@ -159,6 +164,11 @@ private:
             AddGranted(sharedStrings[*index]);
         } else if (type == Type::Number && !value.empty()) {
             AddNumber(value);
+        } else if (type == Type::Date && !value.empty()) {
+            const auto number = DateNumber(value, from1904);
+            if (!number)
+                return FailInCell(WorkbookFault::Broken, QStringLiteral("\"%1\" is no date").arg(ToText(value)));
+            Add(FormatFloat(*number));
         }
     }
 
@@ -205,6 +215,7 @@ private:
         Fail(fault, QStringLiteral("row %1, column %2: %3").arg(row).arg(column).arg(what));
     }
 
+    const bool from1904;
     const std::vector<TextPool::Ref> &sharedStrings;
     TextBudget &budget;
     Sheet &sheet;
@@ -216,8 +227,8 @@ private:
 
 } // namespace
 
-WorkbookResult ReadXlsxSheet(const ZipFile &zip, const QByteArray &part,
+WorkbookResult ReadXlsxSheet(const ZipFile &zip, const XlsxParts &parts,
                              const std::vector<TextPool::Ref> &sharedStrings, TextBudget &budget, Sheet &sheet)
 {
-    return SheetPart(sharedStrings, budget, sheet).Read(zip, part);
+    return SheetPart(parts.datesFrom1904, sharedStrings, budget, sheet).Read(zip, parts.worksheet);
 }

@@ -3,9 +3,10 @@
 #include "TextBudget.h"
 #include "Workbook.h"
 
+struct XlsxParts;
 class ZipFile;
 
-/// Reads the cells of a worksheet part into `sheet`.
-[[nodiscard]] WorkbookResult ReadXlsxSheet(const ZipFile &zip, const QByteArray &part,
+/// Reads the cells of the worksheet among the parts into `sheet`.
+[[nodiscard]] WorkbookResult ReadXlsxSheet(const ZipFile &zip, const XlsxParts &parts,
                                            const std::vector<TextPool::Ref> &sharedStrings, TextBudget &budget,
                                            Sheet &sheet);
