@@ -107,7 +107,7 @@ TEST(MainFrame, MessagesThatComeTogetherAreShownOneAfterTheOther)
     look.start(1);
     window.Answer({QMessageBox::Ok, QMessageBox::Ok});
     for (const QString &text : {u"first"_s, u"second"_s})
-        window.Frame().ShowMessage(text);
+        window.Frame().Boxes().ShowMessage(text);
     EXPECT_TRUE(TestWindow::WaitFor([&window] { return window.boxes.size() == 2; }));
     EXPECT_EQ(window.boxes, QStringList({u"first"_s, u"second"_s}));
     EXPECT_EQ(most, 1);

@@ -66,7 +66,6 @@ public:
     };
 
     [[nodiscard]] ChannelTurn &Turn() { return turn; }
-    [[nodiscard]] UserBoxes &Boxes() { return boxes; }
     [[nodiscard]] CInfoPane &Output() { return *output; }
     [[nodiscard]] const StatusPane &Status() const { return *status; }
     [[nodiscard]] CSizingControlBar &OutputBar() { return *outputBar; }
@@ -75,9 +74,7 @@ public:
     [[nodiscard]] CChildFrame *ActiveChild() const;
 
     // IViewHost
-    [[nodiscard]] bool AskYesNo(const QString &question) override { return boxes.AskYesNo(question); }
-    [[nodiscard]] Answer AskYesNoCancel(const QString &question) override { return boxes.AskYesNoCancel(question); }
-    void ShowMessage(const QString &text) override { boxes.MessageSoon(text); }
+    [[nodiscard]] UserBoxes &Boxes() override { return boxes; }
     void ShowPane(Pane) override {}
     void RunAction(ActionId id) override;
     [[nodiscard]] bool IsEnabled(ActionId id) const override { return !turn.IsOn() && route.StateOf(id).enabled; }
