@@ -117,10 +117,10 @@ TEST(MainFrame, WhatIsWrittenWhileTheOutputIsHiddenIsDropped)
 {
     TestWindow window;
     window.Start();
-    window.Frame().WriteOutput(u"seen\r\n");
+    window.Frame().Bars().WriteOutput(u"seen\r\n");
     window.Frame().RunAction(ACTION_OUTPUT);
-    window.Frame().WriteOutput(u"not seen\r\n");
+    window.Frame().Bars().WriteOutput(u"not seen\r\n");
     window.Frame().RunAction(ACTION_OUTPUT);
     EXPECT_EQ(window.OutputText(), "seen\n");
-    EXPECT_TRUE(window.Frame().Output().textCursor().atEnd());
+    EXPECT_TRUE(window.Frame().Bars().Output().textCursor().atEnd());
 }
