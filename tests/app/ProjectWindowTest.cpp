@@ -60,8 +60,7 @@ TEST(ProjectWindow, ShowsTheFoldersInUseAndLeadsIntoThem)
     window.Document().UpdateAllViews(nullptr);
     EXPECT_EQ(window.Tree().SelectedFolder()->title, u"240x320"_s) << "a refill keeps the selection";
     for (const bool isGone : {false, true}) {
-        for (ITreeListener *listener : window.Document().treeListeners)
-            listener->TreeGoes();
+        window.Document().treeGoes.Tell(window.Document().root);
         EXPECT_EQ(window.Tree().SelectedFolder(), nullptr) << "what a reload destroys is let go of";
         if (isGone)
             window.Document().root.FindFolder(KIND_RESO_IMAGES, 1, 2)->kind |= KIND_FLAG_OFF;

@@ -80,7 +80,7 @@ TEST(ResModel, AResolutionComesIntoUseOnceAndClearingEmptiesAllButComponents)
     images.AddResource(model.CreateFileRes("A", -1));
     for (const quint32 kind : {KIND_AUDIO, KIND_VIDEO, KIND_BINARY, KIND_RESO_LAYOUTS, KIND_LANGUAGE})
         model.AddFolder(model.root, kind).AddResource(model.CreateFileRes("A" + QByteArray::number(kind), -1));
-    CResModel::ClearByKind(model.root);
+    model.ClearByKind(model.root);
     EXPECT_FALSE(image->inUse);
     EXPECT_TRUE(model.ids.sentinel.next == image->Id() && model.ids.sentinel.prev == image->Id());
     EXPECT_EQ(model.root.subfolders.size(), 7U) << "the fixed tree stays";

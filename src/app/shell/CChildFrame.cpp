@@ -37,7 +37,7 @@ CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, Toolbox
             lastFocus = now;
     });
     notice->leavesFocus = [this] { (lastFocus ? lastFocus.data() : tree)->setFocus(); };
-    document.modifiedChanged = [this] { ShowTitle(); };
+    modifiedChanged.emplace(document.modifiedChanged, [this] { ShowTitle(); });
     ShowTitle();
 }
 
@@ -65,7 +65,7 @@ void CChildFrame::LeaveDocument()
 {
     if (!splitter)
         return;
-    document.modifiedChanged = nullptr;
+    modifiedChanged.reset();
     notice->leavesFocus = nullptr;
     if (!isStored)
         (void)document.env.settings.WriteAll(State());

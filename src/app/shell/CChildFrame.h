@@ -9,6 +9,7 @@
 #include <QPointer>
 
 #include <map>
+#include <optional>
 
 /// The window of one project: the project tree on the left, the pane of the selected folder on the right, and above
 /// them a bar for notices.
@@ -76,5 +77,6 @@ private:
     std::map<Pane, QWidget *> panes; // those that were made, owned by the splitter's right side
     class QStackedWidget *right;
     QPointer<QWidget> lastFocus;
+    std::optional<Notifier<>::Listener> modifiedChanged;
     bool isStored = false;
 };

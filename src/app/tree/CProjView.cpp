@@ -35,7 +35,8 @@ bool LeadsOut(const QKeyEvent &key)
            (key.key() == Qt::Key_Up && modifiers == Qt::AltModifier);
 }
 
-CProjView::CProjView(CResDoc &projectDocument, IViewHost &viewHost) : document(projectDocument), host(viewHost)
+CProjView::CProjView(CResDoc &projectDocument, IViewHost &viewHost)
+    : ITreeListener(projectDocument), document(projectDocument), host(viewHost)
 {
     setHeaderHidden(true);
     setColumnCount(1);
@@ -51,12 +52,10 @@ CProjView::CProjView(CResDoc &projectDocument, IViewHost &viewHost) : document(p
     connect(this, &QTreeWidget::currentItemChanged, this, [this] { SelectionChanged(); });
     connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem *item) { LabelEdited(item); });
     document.AddView(this);
-    document.treeListeners.push_back(this);
 }
 
 CProjView::~CProjView()
 {
-    std::erase(document.treeListeners, this);
     document.RemoveView(this);
 }
 
@@ -145,9 +144,13 @@ void CProjView::showEvent(QShowEvent *event)
         Fill();
 }
 
-/// Lets go of all folders. What is known of the selected one says which of those that come is the same.
-void CProjView::TreeGoes()
+/// Lets go of all folders when some that have rows go; an update follows. What is known of the selected one says which
+/// of those that come is the same.
+void CProjView::TreeGoes(const CResFolder &folder)
 {
+    const QTreeWidgetItem *const row = ItemOf(&folder);
+    if (!row || (row->childCount() == 0 && folder.kind != KIND_LAYOUT))
+        return;
     if (selectedFolder) {
         selectedPath.clear();
         for (const QTreeWidgetItem *item = currentItem(); item && item->parent(); item = item->parent())
@@ -319,7 +322,7 @@ void CProjView::DeleteLayout(CResFolder &folder)
     if (selectedFolder == &folder)
         setCurrentItem(item->parent()); // before what it stands for goes
     delete item;
-    parent->DeleteFolder(&folder);
+    document.DeleteFolder(folder);
     UpdatePanes();
 }
 
@@ -327,7 +330,7 @@ void CProjView::Clear(CResFolder &folder)
 {
     if (!host.Boxes().AskYesNo(ClearQuestion(LabelOf(folder, document))))
         return;
-    CResModel::ClearByKind(folder);
+    document.ClearByKind(folder);
     document.UpdateAllViews(nullptr);
 }
 

@@ -23,7 +23,7 @@ public:
     [[nodiscard]] CResFolder *SelectedFolder() const override { return selectedFolder; }
     void SelectFolder(CResFolder *folder) override;
     void OnUpdate(CView *sender, long hint, CView *target) override;
-    void TreeGoes() override;
+    void TreeGoes(const CResFolder &folder) override;
 
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
     void Run(ActionId id) override;

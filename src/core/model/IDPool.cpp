@@ -100,8 +100,7 @@ void IDPool::Unindex(IDRecord *record)
     } else {
         *link = inBucket;
         --names;
-        if (nameFreed)
-            nameFreed(record->name);
+        nameFreed.Tell(record->name);
     }
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Notifier.h"
 #include "Text.h"
 
-#include <functional>
 #include <vector>
 
 class CBaseRes;
@@ -81,8 +81,8 @@ public:
     [[nodiscard]] IDRecord *Find(const NarrowText &name, qint16 scope);
     /// Appends a record with one holder, or gives null when `name` is taken in `scope`.
     [[nodiscard]] IDRecord *Allocate(const NarrowText &name, qint16 scope);
-    /// Told when the last record of a name has left it; may be empty.
-    std::function<void(const NarrowText &name)> nameFreed;
+    /// Tells of each name whose last record has left the pool.
+    Notifier<const NarrowText &> nameFreed;
     [[nodiscard]] bool IsEmpty() const { return sentinel.next == &sentinel; }
     /// Makes room for that many more names.
     void Reserve(size_t more);

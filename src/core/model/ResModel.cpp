@@ -186,6 +186,43 @@ PushKind CResModel::PushKindOf(quint32 folderKind)
     }
 }
 
+ITreeListener::ITreeListener(CResModel &model)
+    : registration(model.treeGoes, [this](const CResFolder &folder) { TreeGoes(folder); })
+{
+}
+
+namespace
+{
+
+/// The folder that has `folder` as a subfolder, in a tree; null when none has.
+CResFolder *ParentOf(CResFolder &tree, const CResFolder &folder)
+{
+    for (const auto &subfolder : tree.subfolders) {
+        if (subfolder.get() == &folder)
+            return &tree;
+        if (CResFolder *found = ParentOf(*subfolder, folder))
+            return found;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+void CResModel::ClearFolder(CResFolder &folder)
+{
+    treeGoes.Tell(folder);
+    folder.Clear();
+}
+
+bool CResModel::DeleteFolder(CResFolder &folder)
+{
+    CResFolder *const parent = ParentOf(root, folder);
+    if (!parent)
+        return false;
+    treeGoes.Tell(folder);
+    return parent->DeleteFolder(&folder);
+}
+
 void CResModel::ClearByKind(CResFolder &folder)
 {
     switch (folder.kind) {
@@ -195,7 +232,7 @@ void CResModel::ClearByKind(CResFolder &folder)
     case KIND_RESO_IMAGES:
     case KIND_RESO_LAYOUTS:
     case KIND_LANGUAGE:
-        folder.Clear();
+        ClearFolder(folder);
         break;
     case KIND_COMPONENT:
         for (CBaseRes *res : folder.resources) {

@@ -3,19 +3,9 @@
 #include "LoadFindings.h"
 #include "ProcessTables.h"
 #include "ResFolder.h"
+#include "TreeListener.h"
 
 class Environment;
-
-/// Who holds on to nodes of a tree.
-class ITreeListener
-{
-public:
-    /// A reload is going to destroy what the tree holds: let go of it.
-    virtual void TreeGoes() = 0;
-
-protected:
-    ~ITreeListener() = default;
-};
 
 /// The model half of a project: its name and path, the resource tree and the ID pools. What numbers, packs, reads and
 /// writes a project is handed this, not the document.
@@ -35,8 +25,8 @@ public:
     std::shared_ptr<ClassCatalogue> classes;
     /// Who watches the nodes that the factories make; set by the document.
     IEspia *nodeObserver = nullptr;
-    /// Told in their order before a reload destroys what the tree holds. Not owned; they take themselves off.
-    std::vector<ITreeListener *> treeListeners;
+    /// Tells the tree's listeners (ITreeListener) before nodes are destroyed.
+    Notifier<const CResFolder &> treeGoes;
     IDPool ids;         ///< every resource of the tree takes its ID from here
     IDPool detachedIds; ///< IDs of string rows held outside the tree
     CResFolder root{KIND_ROOT, -1};
@@ -70,8 +60,15 @@ public:
     [[nodiscard]] quint32 ClassifyFile(quint32 mask, const QString &path) const;
     /// What `pushKind` a file's ID has in a folder of that kind.
     [[nodiscard]] static PushKind PushKindOf(quint32 folderKind);
+    // Each of these tells the tree's listeners before it destroys nodes. What is in the tree is destroyed only through
+    // them, but for the rows that the string table deletes and tells of itself.
+    /// Destroys all that is in a folder.
+    void ClearFolder(CResFolder &folder);
+    /// Destroys a folder of the tree with all that is in it, such as a layout's or a language's. False when the tree
+    /// doesn't have it.
+    bool DeleteFolder(CResFolder &folder);
     /// Empties a folder as the command Clear does, keeping the fixed tree.
-    static void ClearByKind(CResFolder &folder);
+    void ClearByKind(CResFolder &folder);
 
 private:
     CResFolder *UseFolder(quint32 kind, qint32 index);

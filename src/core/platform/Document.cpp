@@ -9,8 +9,7 @@ void CDocument::SetModifiedFlag(bool flag)
     if (modified == flag)
         return;
     modified = flag;
-    if (modifiedChanged)
-        modifiedChanged();
+    modifiedChanged.Tell();
 }
 
 void CDocument::RemoveView(CView *view)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Notifier.h"
 #include "Text.h"
 
 #include <functional>
@@ -46,8 +47,8 @@ public:
 
     void SetModifiedFlag(bool flag);
     [[nodiscard]] bool IsModified() const { return modified; }
-    /// Told when the modified flag has changed.
-    std::function<void()> modifiedChanged;
+    /// Tells of each change of the modified flag.
+    Notifier<> modifiedChanged;
 
     void AddView(CView *view) { views.push_back(view); }
     void RemoveView(CView *view);

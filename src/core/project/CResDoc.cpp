@@ -52,7 +52,7 @@ CResDoc::CResDoc(Environment &process, ProcessTables &processTables, const CFram
 CResDoc::~CResDoc()
 {
     spy.doc = nullptr;
-    root.Clear(); // while the observer of its nodes is still there
+    ClearFolder(root); // while the observer of its nodes is still there
 }
 
 void CResDoc::LoadClasses()
@@ -367,9 +367,7 @@ void CResDoc::OnWatchedFileChanged(quint32 handle)
 void CResDoc::ReloadResources()
 {
     treeLost = true;
-    for (ITreeListener *listener : treeListeners)
-        listener->TreeGoes();
-    root.Clear();
+    ClearFolder(root);
     untouchedLayouts.clear();
     while (!layoutWatches.empty())
         UnwatchFile(QString(layoutWatches.begin()->first), WATCH_LAYOUT);
@@ -387,13 +385,17 @@ void CResDoc::ReloadResources()
 void CResDoc::ReloadStrings()
 {
     NoteFile(refPath);
-    if (ReadStringFile(refPath, *this) != 0)
-        throw ArchiveException{CAUSE_BAD_DOCUMENT};
-    KeepWhatIsLeftOut();
+    if (const CResFolder *strings = root.FindFolder(KIND_STRINGS, 2))
+        treeGoes.Tell(*strings);
+    const bool isRead = ReadStringFile(refPath, *this) == 0;
+    if (isRead)
+        KeepWhatIsLeftOut();
     IProjView *const view = GetProjView();
     const CResFolder *selected = view ? view->SelectedFolder() : nullptr;
     if (selected && selected->kind == KIND_STRINGS)
-        UpdateAllViews(view);
+        UpdateAllViews(view); // also with what a failure has left
+    if (!isRead)
+        throw ArchiveException{CAUSE_BAD_DOCUMENT};
 }
 
 void CResDoc::ReloadLayouts(const QString &path)
@@ -405,7 +407,7 @@ void CResDoc::ReloadLayouts(const QString &path)
     CResFolder *const folder = root.FindFolder(KIND_RESO_LAYOUTS, entry.resolution, 2);
     if (!folder)
         return;
-    folder->Clear();
+    ClearFolder(*folder);
     const QByteArrayList untouched = std::exchange(untouchedLayouts[folder->index], {});
     (void)SetCurrentFolder(DirectoryOf(m_strPathName)); // which could be entered before
     LoadLayoutFile(*this, *folder, entry.resolution < 0 ? env.WideToNarrow(path) : entry.path);

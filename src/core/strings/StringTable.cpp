@@ -29,27 +29,28 @@ QString StringEditMessage(int code)
 }
 
 StringTable::StringTable(CResModel &document, IStringGrid &shownIn)
-    : grid(shownIn), model(document),
+    : ITreeListener(document), grid(shownIn), model(document),
       defaultNames(document.env.settings.String("DefaultID", "string_id", "ID_STRING_%04X")),
-      copyNames(document.env.settings.String("DefaultID", "string_copy_id", "%s_COPY_%04X"))
+      copyNames(document.env.settings.String("DefaultID", "string_copy_id", "%s_COPY_%04X")),
+      nameFreed(document.ids.nameFreed, [this](const NarrowText &name) {
+          const auto number = defaultNames.NumberOf(model.env.NarrowToWide(name));
+          if (number && *number > 0 && *number < freshDefault)
+              freedDefaults.insert(*number);
+      })
 {
-    model.ids.nameFreed = [this](const NarrowText &name) {
-        const auto number = defaultNames.NumberOf(model.env.NarrowToWide(name));
-        if (number && *number > 0 && *number < freshDefault)
-            freedDefaults.insert(*number);
-    };
-    model.treeListeners.push_back(this);
-}
-
-StringTable::~StringTable()
-{
-    model.ids.nameFreed = nullptr;
-    std::erase(model.treeListeners, this);
 }
 
 CResFolder *StringTable::Strings() const
 {
     return model.root.FindFolder(KIND_STRINGS, 2);
+}
+
+void StringTable::TreeGoes(const CResFolder &folder)
+{
+    const CResFolder *strings = Strings();
+    const CResFolder *heads = !strings || strings->subfolders.empty() ? nullptr : strings->subfolders.front().get();
+    if (&folder == &model.root || &folder == strings || &folder == heads)
+        Forget();
 }
 
 void StringTable::Forget()

@@ -76,7 +76,7 @@ public:
 
     /// Both must live longer.
     StringTable(CResModel &model, IStringGrid &shownIn);
-    ~StringTable();
+    ~StringTable() = default;
     StringTable(const StringTable &) = delete;
     StringTable &operator=(const StringTable &) = delete;
 
@@ -85,7 +85,8 @@ public:
 
     /// Lets go of the tree, history and all; a reload is going to destroy it.
     void Forget();
-    void TreeGoes() override { Forget(); }
+    /// Forgets the rows when their records go; a language that goes leaves them, and the history.
+    void TreeGoes(const CResFolder &folder) override;
     /// Takes columns and rows anew from the tree, in its order. Forgets the history of a table with languages.
     void Rebuild();
     /// Appends a column for a language's folder, and forgets the history.
@@ -153,4 +154,5 @@ private:
     // Every default name of a number below `freshDefault` is taken or was freed.
     quint32 freshDefault = 1;
     std::set<quint32> freedDefaults;
+    Notifier<const NarrowText &>::Listener nameFreed;
 };

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+#include <vector>
+
+/// Tells any number of listeners of one kind of event, in the order in which they came. Main thread only.
+///
+///     Notifier<int> counted;
+///     const Notifier<int>::Listener listener(counted, [](int count) { ... });   // until it is destroyed
+///     counted.Tell(3);
+template <typename... Arguments> class Notifier
+{
+public:
+    /// Is told until it is destroyed. May outlive the notifier, and may be made or destroyed while it tells.
+    class Listener
+    {
+    public:
+        Listener(Notifier &from, std::function<void(Arguments...)> function)
+            : notifier(&from), told(std::move(function))
+        {
+            notifier->listeners.push_back(this);
+        }
+        ~Listener()
+        {
+            if (notifier)
+                notifier->Leave(this);
+        }
+        Listener(const Listener &) = delete;
+        Listener &operator=(const Listener &) = delete;
+
+    private:
+        friend class Notifier;
+        Notifier *notifier; // null when that is gone
+        std::function<void(Arguments...)> told;
+    };
+
+    Notifier() = default;
+    ~Notifier()
+    {
+        for (Listener *listener : listeners) {
+            if (listener)
+                listener->notifier = nullptr;
+        }
+    }
+    Notifier(const Notifier &) = delete;
+    Notifier &operator=(const Notifier &) = delete;
+
+    /// A listener that comes meanwhile is told from the next time on.
+    void Tell(Arguments... arguments)
+    {
+        if (listeners.empty())
+            return;
+        ++depth;
+        for (size_t i = 0, count = listeners.size(); i < count; ++i) {
+            if (Listener *const listener = listeners[i])
+                listener->told(arguments...);
+        }
+        if (--depth == 0)
+            std::erase(listeners, nullptr);
+    }
+
+private:
+    void Leave(Listener *listener)
+    {
+        const auto place = std::find(listeners.begin(), listeners.end(), listener);
+        if (depth == 0)
+            listeners.erase(place);
+        else
+            *place = nullptr; // Tell counts places
+    }
+
+    std::vector<Listener *> listeners;
+    int depth = 0; // of Tell in Tell
+};

@@ -1,0 +1,162 @@
+// Who holds on to nodes is told before they are destroyed. A tree that forgets to tell shows under AddressSanitizer,
+// and without it by what is held and isn't there any more.
+
+#include "TestProject.h"
+
+#include <random>
+#include <set>
+
+namespace
+{
+
+using Nodes = std::set<const CResNode *>;
+
+void Collect(const CResFolder &folder, Nodes &nodes)
+{
+    nodes.insert(&folder);
+    for (const CBaseRes *res : folder.resources)
+        nodes.insert(res);
+    for (const auto &subfolder : folder.subfolders)
+        Collect(*subfolder, nodes);
+}
+
+/// Holds every node of a tree but those that it was told to let go of.
+struct Holder : ITreeListener
+{
+    explicit Holder(CResModel &heldModel) : ITreeListener(heldModel), model(heldModel) {}
+
+    void HoldAll()
+    {
+        held.clear();
+        Collect(model.root, held);
+    }
+    void TreeGoes(const CResFolder &folder) override
+    {
+        Nodes going;
+        Collect(folder, going);
+        for (const CResNode *node : going)
+            held.erase(node);
+    }
+    /// Reads from each node that is held. False when one of them isn't in the tree any more.
+    [[nodiscard]] bool Read() const
+    {
+        Nodes present;
+        Collect(model.root, present);
+        bool isThere = true;
+        for (const CResNode *node : held) {
+            isThere &= present.count(node) == 1;
+            if (const auto *res = dynamic_cast<const CBaseRes *>(node))
+                isThere &= !res->Id()->name.isEmpty();
+        }
+        return isThere;
+    }
+
+    CResModel &model;
+    Nodes held;
+};
+
+class RandomEdits
+{
+public:
+    explicit RandomEdits(TestProject &edited) : project(edited)
+    {
+        Write();
+        doc = project.Open();
+    }
+
+    void Reload(const char *file)
+    {
+        Write();
+        if (Below(10) == 0)
+            project.folder.Put(file, "<no end");
+        try {
+            doc->OnWatchedFileChanged(project.monitor.HandleOf(project.folder.Path(file)));
+        } catch (const ArchiveException &) { // what is left is held all the same
+        }
+    }
+
+    void Step()
+    {
+        switch (Below(8)) {
+        case 0:
+            return Reload("demo/res/demo.res.xml");
+        case 1:
+            return Reload("demo/res/ref_list_demo.txt");
+        case 2:
+            return Reload("demo/res/screens.xml");
+        case 3:
+            if (CResFolder *folder = Any(0))
+                doc->ClearByKind(*folder);
+            return;
+        case 4:
+            if (CResFolder *folder = Any(KIND_LAYOUT)) {
+                EXPECT_TRUE(doc->DeleteFolder(*folder));
+            }
+            return;
+        case 5:
+            if (CResFolder *folder = Any(KIND_LANGUAGE)) {
+                EXPECT_TRUE(doc->DeleteFolder(*folder));
+            }
+            return;
+        default:
+            (void)doc->CreateLayoutRes(int(Below(3)));
+        }
+    }
+
+    CResDoc *doc = nullptr;
+
+private:
+    size_t Below(size_t count) { return std::uniform_int_distribution<size_t>(0, count - 1)(random); }
+
+    /// One of the folders of a kind; of any kind when that is 0; null when there is none.
+    CResFolder *Any(quint32 kind)
+    {
+        Nodes nodes;
+        Collect(doc->root, nodes);
+        std::vector<const CResFolder *> folders;
+        for (const CResNode *node : nodes) {
+            const auto *folder = dynamic_cast<const CResFolder *>(node);
+            if (folder && (kind == 0 || folder->kind == kind))
+                folders.push_back(folder);
+        }
+        return folders.empty() ? nullptr : const_cast<CResFolder *>(folders[Below(folders.size())]);
+    }
+
+    /// Other files than before, all of them well-formed.
+    void Write()
+    {
+        const QByteArray number = QByteArray::number(qulonglong(Below(5)));
+        project.folder.Put("demo/res/demo.res.xml", "<APP><RESOURCE class=\"audio\" path=\"a.mp3\" id=\"ID_A" + number +
+                                                        "\"/><RESOLUTION width=\"240\" height=\"320\" class=\"layout\">"
+                                                        "<LAYOUT>res\\screens.xml</LAYOUT></RESOLUTION></APP>");
+        project.folder.Put("demo/res/ref_list_demo.txt",
+                           TestProject::StringTable({"ID_HELLO", "ID_S" + number, "ID_T" + number}));
+        project.folder.Put("demo/res/screens.xml", "<TarvoXML><Layout id=\"ID_MAIN\"><Label name=\"a\"/></Layout>"
+                                                   "<Layout id=\"ID_L" +
+                                                       number + "\"/></TarvoXML>");
+    }
+
+    TestProject &project;
+    std::mt19937 random{14};
+};
+
+} // namespace
+
+TEST(TreeListener, IsToldBeforeWhateverItHoldsIsDestroyed)
+{
+    TestProject project("<APP/>", "[Layout]\nfolders=1\n");
+    RandomEdits edits(project);
+    ASSERT_NE(edits.doc, nullptr);
+    Holder holder(*edits.doc);
+    size_t most = 0;
+    for (int step = 0; step < 600; ++step) {
+        holder.HoldAll();
+        most = std::max(most, holder.held.size());
+        edits.Step();
+        ASSERT_TRUE(holder.Read()) << "step " << step;
+    }
+    EXPECT_GT(most, 20U);
+    holder.HoldAll();
+    project.documents.CloseAll();
+    EXPECT_TRUE(holder.held.empty()) << "and before the document ends, which it may outlive";
+}
