@@ -15,5 +15,5 @@ int main(int argc, char **argv)
     if (const std::optional<int> ended = app.InitInstance(QApplication::arguments().mid(1)))
         return *ended;
     CChildFrame *const child = app.Frame().ActiveChild();
-    return child ? RunUntilPainted(child->Tree()) : RunUntilPainted(app.Frame().Output());
+    return child ? RunUntilPainted(child->Tree()) : RunUntilPainted(app.Frame().Bars().Output());
 }

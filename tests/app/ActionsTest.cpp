@@ -30,7 +30,7 @@ TEST(EditActions, PasteFollowsTheClipboardWhereAControlTakesText)
     picture->setData(u"image/png"_s, "x");
     for (const bool isText : {true, false, true}) {
         isText ? QApplication::clipboard()->setText(u"text"_s) : QApplication::clipboard()->setMimeData(picture);
-        window.Frame().Output().setFocus();
+        window.Frame().Bars().Output().setFocus();
         window.Settle();
         EXPECT_FALSE(window.Frame().IsEnabled(ACTION_PASTE));
         line.setFocus();
@@ -94,7 +94,7 @@ TEST(MainFrame, HasTheMenusOfNoDocumentAndThoseOfOne)
     const std::string view = "View: Toolbar, Status Bar, Output, | ";
     EXPECT_EQ(Shown(*window.Frame().menuBar()),
               "File: Open... Ctrl+O, | (Recent File), | (Close Ctrl+F4), Exit, \n" + view + "(Split), \n" + help);
-    ASSERT_TRUE(window.Frame().OpenProject(window.Project()));
+    ASSERT_TRUE(window.Frame().Projects().Open(window.Project()));
     window.Settle();
     const std::string recent = "1 " + window.Project().toStdString();
     EXPECT_EQ(Shown(*window.Frame().menuBar()),

@@ -22,7 +22,7 @@ Settings SettingsOf(const TestWindow &window)
 /// Drags the divider between the Output bar, which is docked at the right, and what lies left of it.
 void DragDivider(const TestWindow &window, int by)
 {
-    const QPoint place = window.Frame().OutputBar().geometry().topLeft() + QPoint(-2, 100);
+    const QPoint place = window.Frame().Bars().OutputBar().geometry().topLeft() + QPoint(-2, 100);
     QTest::mousePress(&window.Frame(), Qt::LeftButton, {}, place);
     QTest::mouseMove(&window.Frame(), place + QPoint(by, 0));
     window.Settle();
@@ -36,33 +36,33 @@ TEST(BarSizes, EachPlaceHasASizeOfItsOwnWhichIsThereAgainAfterARestart)
 {
     TestWindow window;
     window.Start();
-    const int first = window.Frame().OutputBar().width();
+    const int first = window.Frame().Bars().OutputBar().width();
     EXPECT_TRUE(first > 100 && first <= window.Frame().width() / 4) << first;
     DragDivider(window, -80);
-    const int standing = window.Frame().OutputBar().width();
+    const int standing = window.Frame().Bars().OutputBar().width();
     EXPECT_EQ(standing, first + 80);
     for (const bool isRestarted : {false, true}) {
         for (const Qt::DockWidgetArea area : {Qt::BottomDockWidgetArea, Qt::TopDockWidgetArea}) {
-            window.Frame().addDockWidget(area, &window.Frame().OutputBar());
+            window.Frame().addDockWidget(area, &window.Frame().Bars().OutputBar());
             window.Settle();
-            EXPECT_NEAR(window.Frame().OutputBar().height(), 150, 2) << isRestarted;
+            EXPECT_NEAR(window.Frame().Bars().OutputBar().height(), 150, 2) << isRestarted;
         }
-        window.Frame().OutputBar().setFloating(true);
+        window.Frame().Bars().OutputBar().setFloating(true);
         window.Settle();
-        EXPECT_EQ(window.Frame().OutputBar().size(), isRestarted ? QSize(333, 222) : QSize(400, 150));
-        window.Frame().OutputBar().windowHandle()->resize(333, 222); // the user pulls its corner
+        EXPECT_EQ(window.Frame().Bars().OutputBar().size(), isRestarted ? QSize(333, 222) : QSize(400, 150));
+        window.Frame().Bars().OutputBar().windowHandle()->resize(333, 222); // the user pulls its corner
         window.Settle();
-        window.Frame().OutputBar().hide();
-        window.Frame().OutputBar().move(9000, 9000); // a screen goes
-        window.Frame().OutputBar().show();
+        window.Frame().Bars().OutputBar().hide();
+        window.Frame().Bars().OutputBar().move(9000, 9000); // a screen goes
+        window.Frame().Bars().OutputBar().show();
         window.Settle();
-        EXPECT_TRUE(window.Frame().screen()->geometry().contains(window.Frame().OutputBar().geometry()));
-        window.Frame().OutputBar().resize(700, 90); // as docking does, before it docks
+        EXPECT_TRUE(window.Frame().screen()->geometry().contains(window.Frame().Bars().OutputBar().geometry()));
+        window.Frame().Bars().OutputBar().resize(700, 90); // as docking does, before it docks
         window.Settle();
-        window.Frame().OutputBar().setFloating(false);
-        window.Frame().addDockWidget(Qt::RightDockWidgetArea, &window.Frame().OutputBar());
+        window.Frame().Bars().OutputBar().setFloating(false);
+        window.Frame().addDockWidget(Qt::RightDockWidgetArea, &window.Frame().Bars().OutputBar());
         window.Settle();
-        EXPECT_EQ(window.Frame().OutputBar().width(), standing) << isRestarted;
+        EXPECT_EQ(window.Frame().Bars().OutputBar().width(), standing) << isRestarted;
         window.Frame().close();
         const Settings settings = SettingsOf(window);
         EXPECT_EQ(settings.Int("DockState-SCBar-2", "sizeHorzCY", 0), 150);
@@ -70,7 +70,7 @@ TEST(BarSizes, EachPlaceHasASizeOfItsOwnWhichIsThereAgainAfterARestart)
         EXPECT_EQ(settings.String("DockState-SCBar-2", "sizeFloatCX"), u"333");
         window.Restart();
     }
-    EXPECT_EQ(window.Frame().OutputBar().width(), standing);
+    EXPECT_EQ(window.Frame().Bars().OutputBar().width(), standing);
 }
 
 TEST(BarSizes, WhatASmallWindowSqueezesIsBackWithTheRoomAndIsNotRemembered)
@@ -80,19 +80,19 @@ TEST(BarSizes, WhatASmallWindowSqueezesIsBackWithTheRoomAndIsNotRemembered)
     window.Frame().resize(1400, 700);
     window.Settle();
     DragDivider(window, -450);
-    const int chosen = window.Frame().OutputBar().width();
+    const int chosen = window.Frame().Bars().OutputBar().width();
     for (int round = 0; round < 2; ++round) {
         window.Frame().resize(500, 450);
         window.Settle();
-        EXPECT_LT(window.Frame().OutputBar().width(), chosen);
+        EXPECT_LT(window.Frame().Bars().OutputBar().width(), chosen);
         window.Frame().close();
         EXPECT_EQ(SettingsOf(window).Int("DockState-SCBar-2", "sizeVertCX", 0), chosen);
         EXPECT_EQ(SettingsOf(window).Int("split1st", "width", 0), 200);
         window.Restart();
-        EXPECT_LT(window.Frame().OutputBar().width(), chosen);
+        EXPECT_LT(window.Frame().Bars().OutputBar().width(), chosen);
         window.Frame().resize(1400, 700);
         window.Settle();
-        EXPECT_EQ(window.Frame().OutputBar().width(), chosen);
+        EXPECT_EQ(window.Frame().Bars().OutputBar().width(), chosen);
     }
 }
 
@@ -103,7 +103,7 @@ TEST(BarSizes, ClosingWritesTheSettingsOnce)
     window.Start({window.Project(), window.Project("other")});
     window.Child().findChild<QSplitter *>()->handle(1)->setFocus();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right); // the windows differ in what they store
-    window.Frame().OutputBar().hide();
+    window.Frame().Bars().OutputBar().hide();
     const FileHandle events(inotify_init1(IN_NONBLOCK));
     // Also what is created: equal events that follow each other are told as one.
     ASSERT_GE(inotify_add_watch(events.Get(), window.folder.Path("bin").toUtf8(), IN_CREATE | IN_MOVED_TO), 0);

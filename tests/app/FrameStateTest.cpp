@@ -57,21 +57,21 @@ TEST(FrameState, TheWindowComesBackWhereItWas)
     window.Settle();
     const QMargins frame = window.Frame().windowHandle()->frameMargins();
     EXPECT_FALSE(frame.isNull());
-    window.Frame().OutputBar().hide();
+    window.Frame().Bars().OutputBar().hide();
     window.Frame().RunAction(ACTION_STATUS_BAR);
     window.Frame().close();
     const Settings settings(window.folder.Path("bin/Morvanite.ini"), QString());
     EXPECT_EQ(settings.String("Frame", "position"), PositionText(QRect(30, 40, 700, 500).marginsAdded(frame)));
-    EXPECT_EQ(settings.String("Output", "size"), SizeText(window.Frame().OutputBar().PreferredSize()));
+    EXPECT_EQ(settings.String("Output", "size"), SizeText(window.Frame().Bars().OutputBar().PreferredSize()));
     window.Restart();
     EXPECT_EQ(window.Frame().geometry(), QRect(30, 40, 700, 500));
-    EXPECT_TRUE(window.Frame().OutputBar().isHidden() && window.Frame().statusBar()->isHidden());
+    EXPECT_TRUE(window.Frame().Bars().OutputBar().isHidden() && window.Frame().statusBar()->isHidden());
 
     window.Frame().showMaximized();
     window.Frame().close();
     window.Restart();
     EXPECT_TRUE(window.Frame().isMaximized());
-    EXPECT_TRUE(window.Frame().ToolboxBar().isHidden());
+    EXPECT_TRUE(window.Frame().Bars().ToolboxBar().isHidden());
 
     window.Frame().showMinimized();
     const QByteArray before = window.folder.Get("bin/Morvanite.ini");
@@ -88,14 +88,14 @@ TEST(FrameState, ADamagedStateOfTheBarsIsNotTaken)
 {
     TestWindow window;
     window.Start();
-    window.Frame().OutputBar().hide();
+    window.Frame().Bars().OutputBar().hide();
     window.Frame().close();
     QByteArray settings = window.folder.Get("bin/Morvanite.ini");
     const qsizetype place = settings.indexOf("state=") + 40;
     settings[place] = settings[place] == 'B' ? 'C' : 'B'; // a restore of such a one can crash
     window.folder.Put("bin/Morvanite.ini", settings);
     window.Restart();
-    EXPECT_FALSE(window.Frame().OutputBar().isHidden());
+    EXPECT_FALSE(window.Frame().Bars().OutputBar().isHidden());
 }
 
 TEST(FrameState, TheToolboxIsToggledWhileALayoutIsShownAndRemembered)
@@ -104,10 +104,10 @@ TEST(FrameState, TheToolboxIsToggledWhileALayoutIsShownAndRemembered)
     window.Start({window.Project()});
     window.Frame().RunAction(ACTION_TOOLBOX);
     window.Child().layoutMode = 1;
-    EXPECT_TRUE(window.Frame().ToolboxBar().isHidden());
+    EXPECT_TRUE(window.Frame().Bars().ToolboxBar().isHidden());
     for (const bool isHidden : {true, false, true}) { // it counts as shown at first
         window.Frame().RunAction(ACTION_TOOLBOX);
-        EXPECT_EQ(window.Frame().ToolboxBar().isHidden(), isHidden);
+        EXPECT_EQ(window.Frame().Bars().ToolboxBar().isHidden(), isHidden);
     }
     window.Frame().close();
     EXPECT_TRUE(window.folder.Get("bin/Morvanite.ini").contains("show=0"));

@@ -34,7 +34,7 @@ TEST(NoticeBar, IsReadCopiedAndDismissedByTheKeyboard)
     NoticeBar &bar = window.Child().Notice();
     EXPECT_FALSE(bar.isVisible());
     for (const QString &text : {u"Kept in <b>/home/x</b>."_s, u"second"_s, u"Kept in <b>/home/x</b>."_s, QString()})
-        window.Frame().Notify(window.Document(), text);
+        window.Frame().Notices().Add(window.Document(), text);
     window.Settle();
     EXPECT_TRUE(bar.isVisible());
     EXPECT_EQ(bar.geometry().top(), 0);
@@ -77,10 +77,10 @@ TEST(NoticeBar, ComesWithTheWindowOfAProjectThatIsBeingLoadedAndOnlyThere)
     window.Start({window.Project("other")});
     const auto opened = window.app->Documents().opened;
     window.app->Documents().opened = [&](CDocument &document) {
-        window.Frame().Notify(static_cast<CResDoc &>(document), u"while it loads"_s);
+        window.Frame().Notices().Add(static_cast<CResDoc &>(document), u"while it loads"_s);
         opened(document);
     };
-    ASSERT_TRUE(window.Frame().OpenProject(window.Project()));
+    ASSERT_TRUE(window.Frame().Projects().Open(window.Project()));
     EXPECT_EQ(window.Child().Notice().Texts().Unread(), QStringList(u"while it loads"_s));
     window.Frame().RunAction(ACTION_CLOSE);
     window.Settle();
@@ -91,7 +91,7 @@ TEST(NoticeBar, ComesWithTheWindowOfAProjectThatIsBeingLoadedAndOnlyThere)
     window.app->Documents().opened = opened;
     {
         const CMainFrame::Busy busy(window.Frame(), IDE_COMMAND_SAVE);
-        window.Frame().Notify(other, u"a command's"_s);
+        window.Frame().Notices().Add(other, u"a command's"_s);
         EXPECT_TRUE(window.Child().Notice().isVisible()) << "it waits for nobody";
     }
 }
@@ -100,20 +100,20 @@ TEST(NoticeBar, WhatASaveTellsWhileItsWindowGoesIsInABoxAndOnStandardError)
 {
     TestWindow window;
     window.Start({window.Project()});
-    window.Frame().Notify(window.Document(), u"seen before"_s);
+    window.Frame().Notices().Add(window.Document(), u"seen before"_s);
     const auto changeOutside = [&window] {
         window.folder.Put("demo/res/demo.res.xml", "<APP><IMAGE id=\"ID_OTHER\" type=\"Normal\">b.png</IMAGE></APP>");
         window.Document().SetModifiedFlag(true);
     };
     changeOutside();
-    window.Frame().OutputBar().hide(); // which would have it otherwise
+    window.Frame().Bars().OutputBar().hide(); // which would have it otherwise
     window.Answer({QMessageBox::Yes, QMessageBox::Ok});
     window.Frame().RunAction(ACTION_CLOSE);
     EXPECT_TRUE(TestWindow::WaitFor([&window] { return window.boxes.size() == 2; }));
     EXPECT_TRUE(window.boxes.value(1).contains(u"/state/morvanite/kept/demo-"_s));
 
-    ASSERT_TRUE(window.Frame().OpenProject(window.Project()));
-    window.Frame().Notify(window.Document(), u"seen before"_s);
+    ASSERT_TRUE(window.Frame().Projects().Open(window.Project()));
+    window.Frame().Notices().Add(window.Document(), u"seen before"_s);
     changeOutside();
     window.Answer({QMessageBox::Yes, QMessageBox::Ok});
     testing::internal::CaptureStderr();

@@ -107,7 +107,7 @@ TEST(MainFrame, MessagesThatComeTogetherAreShownOneAfterTheOther)
     look.start(1);
     window.Answer({QMessageBox::Ok, QMessageBox::Ok});
     for (const QString &text : {u"first"_s, u"second"_s})
-        window.Frame().ShowMessage(text);
+        window.Frame().Boxes().ShowMessage(text);
     EXPECT_TRUE(TestWindow::WaitFor([&window] { return window.boxes.size() == 2; }));
     EXPECT_EQ(window.boxes, QStringList({u"first"_s, u"second"_s}));
     EXPECT_EQ(most, 1);
@@ -117,10 +117,10 @@ TEST(MainFrame, WhatIsWrittenWhileTheOutputIsHiddenIsDropped)
 {
     TestWindow window;
     window.Start();
-    window.Frame().WriteOutput(u"seen\r\n");
+    window.Frame().Bars().WriteOutput(u"seen\r\n");
     window.Frame().RunAction(ACTION_OUTPUT);
-    window.Frame().WriteOutput(u"not seen\r\n");
+    window.Frame().Bars().WriteOutput(u"not seen\r\n");
     window.Frame().RunAction(ACTION_OUTPUT);
     EXPECT_EQ(window.OutputText(), "seen\n");
-    EXPECT_TRUE(window.Frame().Output().textCursor().atEnd());
+    EXPECT_TRUE(window.Frame().Bars().Output().textCursor().atEnd());
 }

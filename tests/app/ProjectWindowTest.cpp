@@ -140,27 +140,27 @@ TEST(ProjectWindow, AProjectThatDoesNotOpenLeavesTheWindowAsItWasAndSaysWhy)
     window.MakeProject("bad", "<APP>");
     window.Start({window.Project()});
     window.Answer({QMessageBox::Ok, QMessageBox::Ok});
-    EXPECT_FALSE(window.Frame().OpenProject(window.Project("bad")));
-    EXPECT_FALSE(window.Frame().OpenProject(window.Project("none")));
+    EXPECT_FALSE(window.Frame().Projects().Open(window.Project("bad")));
+    EXPECT_FALSE(window.Frame().Projects().Open(window.Project("none")));
     EXPECT_TRUE(window.boxes.first().contains(u"bad.vcproj could not be opened"_s)) << qPrintable(window.boxes.first());
     EXPECT_THAT(window.OutputText(), testing::HasSubstr("Fatal error: invalid resource format"));
     EXPECT_THAT(window.OutputText(), testing::HasSubstr("The project's configuration is missing or can't be read: "));
     EXPECT_EQ(window.Frame().windowTitle(), u"Morvanite - [demo[*]]"_s);
     ASSERT_TRUE(QFile::link(window.folder.Path("demo"), window.folder.Path("link")));
     for (const QString &path : {window.Project(), window.folder.Path("link/demo.vcproj")})
-        EXPECT_TRUE(window.Frame().OpenProject(path)) << "the open one";
+        EXPECT_TRUE(window.Frame().Projects().Open(path)) << "the open one";
     EXPECT_EQ(window.app->Documents().Documents().size(), 1U);
     window.MakeProject("copy", "<APP/>");
     ASSERT_TRUE(
         QFile::rename(window.folder.Path("copy/res/copy.res.xml"), window.folder.Path("copy/res/demo.res.xml")));
     ASSERT_TRUE(QFile::link(window.Project(), window.folder.Path("copy/demo.vcproj")));
-    EXPECT_TRUE(window.Frame().OpenProject(window.folder.Path("copy/demo.vcproj")));
+    EXPECT_TRUE(window.Frame().Projects().Open(window.folder.Path("copy/demo.vcproj")));
     EXPECT_EQ(window.app->Documents().Documents().size(), 2U) << "a project is where its folder is";
     window.Frame().RunAction(ACTION_CLOSE);
 
     window.Frame().RunAction(ACTION_OUTPUT);
     window.Answer({QMessageBox::Ok});
-    EXPECT_FALSE(window.Frame().OpenProject(window.Project("bad")));
+    EXPECT_FALSE(window.Frame().Projects().Open(window.Project("bad")));
     EXPECT_TRUE(window.boxes.last().contains(u"invalid resource format"_s)) << "there is no pane to tell it";
 }
 
@@ -221,7 +221,7 @@ TEST(ProjectWindow, IsReachedByTheKeyboard)
     QTest::keyClick(&window.Frame(), Qt::Key_F6);
     EXPECT_EQ(QApplication::focusWidget(), &DefaultView(window));
     QTest::keyClick(&window.Frame(), Qt::Key_F6);
-    EXPECT_EQ(QApplication::focusWidget(), &window.Frame().Output());
+    EXPECT_EQ(QApplication::focusWidget(), &window.Frame().Bars().Output());
     QTest::keyClick(&window.Frame(), Qt::Key_F6);
     EXPECT_EQ(QApplication::focusWidget(), &window.Tree());
     const QPoint strings = window.Tree().visualItemRect(window.Row(u"Strings"_s)).center();
@@ -238,13 +238,13 @@ TEST(ProjectWindow, IsReachedByTheKeyboard)
         return std::any_of(edit.begin(), edit.end(),
                            [](const QAction *entry) { return entry->text() == u"&Copy"_s && entry->isEnabled(); });
     };
-    window.Frame().Output().setFocus();
+    window.Frame().Bars().Output().setFocus();
     window.Frame().RunAction(ACTION_SELECT_ALL);
     QTest::keyClick(&window.Frame(), Qt::Key_E, Qt::AltModifier);
     EXPECT_TRUE(QApplication::activePopupWidget() && isCopyOn()) << "of what gets the focus back";
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
     QTest::keyClick(window.Frame().menuBar(), Qt::Key_Escape);
-    EXPECT_EQ(QApplication::focusWidget(), &window.Frame().Output());
+    EXPECT_EQ(QApplication::focusWidget(), &window.Frame().Bars().Output());
     window.Tree().setFocus();
 
     const int before = window.Tree().width();

@@ -110,7 +110,7 @@ struct TestWindow
     [[nodiscard]] std::string OutputText() const
     {
         Settle();
-        return Frame().Output().toPlainText().toStdString();
+        return Frame().Bars().Output().toPlainText().toStdString();
     }
 
     TempFolder folder;

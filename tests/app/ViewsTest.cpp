@@ -79,8 +79,8 @@ TEST(ProjectTree, CopyKeysLeaveTheClipboardAloneWhereCopyIsDisabled)
     QApplication::clipboard()->setText(u"kept"_s);
     window.Tree().setCurrentItem(window.Row(u"Images"_s));
     Contents(window).setCurrentRow(0);
-    auto *const toolbox = window.Frame().ToolboxBar().findChild<QListWidget *>();
-    window.Frame().ToolboxBar().show();
+    auto *const toolbox = window.Frame().Bars().ToolboxBar().findChild<QListWidget *>();
+    window.Frame().Bars().ToolboxBar().show();
     toolbox->addItem(u"Button"_s);
     toolbox->setCurrentRow(0);
     for (QWidget *view : QList<QWidget *>{&window.Tree(), &Contents(window), toolbox}) {
@@ -150,7 +150,7 @@ TEST(MainFrame, PaintsItsWholeTextWhenTheLastProjectIsClosed)
     };
     const QImage before = onScreen();
     ASSERT_FALSE(before.isNull());
-    ASSERT_TRUE(window.Frame().OpenProject(window.Project()));
+    ASSERT_TRUE(window.Frame().Projects().Open(window.Project()));
     window.Child().showNormal();
     window.Child().setGeometry(0, 0, before.width() / 2, before.height());
     EXPECT_NE(onScreen(), before);
@@ -292,8 +292,8 @@ TEST(StatusBar, ShowsTheActiveProjectAndFollowsItsChanges)
     window.Start();
     const StatusPane &status = window.Frame().Status();
     EXPECT_EQ(status.Path() + status.Summary(), QString());
-    ASSERT_TRUE(window.Frame().OpenProject(window.Project(LONG_NAME)));
-    ASSERT_TRUE(window.Frame().OpenProject(window.Project()));
+    ASSERT_TRUE(window.Frame().Projects().Open(window.Project(LONG_NAME)));
+    ASSERT_TRUE(window.Frame().Projects().Open(window.Project()));
     window.Frame().resize(1600, 600);
     window.Settle();
     EXPECT_EQ(status.Path() + u' ' + status.Summary(), window.Project() + u" 1 resource"_s);
@@ -340,7 +340,7 @@ TEST(StatusBar, TellsInASentenceWhatAnEntryDoesWhileItIsHighlighted)
         EXPECT_FALSE(entry->isCheckable() && !entry->icon().isNull() && entry->isIconVisibleInMenu())
             << "the check mark has the place";
 
-    window.Frame().WriteOutput(u"a line\r\n");
+    window.Frame().Bars().WriteOutput(u"a line\r\n");
     window.Settle();
     QString tip;
     QTimer::singleShot(0, [&] {
@@ -349,6 +349,6 @@ TEST(StatusBar, TellsInASentenceWhatAnEntryDoesWhileItIsHighlighted)
         QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
     });
     QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(), QPoint());
-    QApplication::sendEvent(window.Frame().Output().viewport(), &key);
+    QApplication::sendEvent(window.Frame().Bars().Output().viewport(), &key);
     EXPECT_EQ(tip.toStdString() + bar.currentMessage().toStdString(), TipOf(ACTION_CLEAR_OUTPUT).toStdString());
 }

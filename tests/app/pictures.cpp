@@ -69,17 +69,17 @@ void TakeAll(TestWindow &window, const QString &folder, const QString &sample)
 {
     window.Frame().resize(900, 560);
     Take(window, folder, "empty");
-    (void)window.Frame().OpenProject(sample);
+    (void)window.Frame().Projects().Open(sample);
     Take(window, folder, "project");
     window.Tree().setCurrentItem(window.Row(u"Images"_s));
     window.Document().SetModifiedFlag(true);
     Take(window, folder, "images");
     window.Tree().setCurrentItem(window.Row(u"Images"_s)->child(0));
-    window.Frame().Notify(window.Document(),
-                          u"3 elements were left out when the project was opened. The files that this save replaced "
-                          "are kept in /home/x/.local/state/morvanite/kept/demo-1a2b/7."_s);
+    window.Frame().Notices().Add(
+        window.Document(), u"3 elements were left out when the project was opened. The files that this save replaced "
+                           "are kept in /home/x/.local/state/morvanite/kept/demo-1a2b/7."_s);
     Take(window, folder, "notice");
-    window.Frame().Notify(window.Document(), u"A second notice."_s);
+    window.Frame().Notices().Add(window.Document(), u"A second notice."_s);
     window.Frame().resize(500, 450);
     Take(window, folder, "small");
     window.Frame().resize(900, 560);
@@ -89,11 +89,11 @@ void TakeAll(TestWindow &window, const QString &folder, const QString &sample)
     TakeMenu(window, folder);
     TakeContextMenu(window, folder);
     window.Document().SetModifiedFlag(false);
-    (void)window.Frame().OpenProject(window.Project("天气时钟"));
+    (void)window.Frame().Projects().Open(window.Project("天气时钟"));
     Take(window, folder, "chinese");
-    (void)window.Frame().OpenProject(window.Project("ساعة الطقس"));
+    (void)window.Frame().Projects().Open(window.Project("ساعة الطقس"));
     Take(window, folder, "arabic");
-    (void)window.Frame().OpenProject(sample); // its window comes to the front, and its path into the status bar
+    (void)window.Frame().Projects().Open(sample); // its window comes to the front, and its path into the status bar
     window.Frame().RunAction(ACTION_TILE);
     Take(window, folder, "tiled");
     window.Frame().RunAction(ACTION_CASCADE);

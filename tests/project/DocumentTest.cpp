@@ -173,14 +173,14 @@ TEST(FileDialog, OffersWhatTheMaskAsksFor)
     CResDoc &doc = *project.Open();
     project.user.answer = {u"C:\\\\a.png"_s, u"/home/b.png"_s};
     QStringList results{u"kept"_s};
-    doc.ChooseFiles(KIND_FILES, true, u"start.wav"_s, results);
+    doc.ChooseFiles(KIND_FILES, true, u".\\res\\start.wav"_s, results);
     EXPECT_EQ(project.user.lastFilter,
               u"Audio Files (*.wav)|*.wav|"
               "Video Files (*.avi; *.asf; *.wmv; *.3gp; *.rm; *.rmvb)|*.avi; *.asf; *.wmv; *.3gp; *.rm; *.rmvb|"
               "All Files (*.*)|*.*||"_s);
     EXPECT_EQ(project.user.lastSelected, 3);
     EXPECT_TRUE(project.user.lastMulti);
-    EXPECT_EQ(project.user.lastInitial, u"start.wav"_s);
+    EXPECT_EQ(project.user.lastInitial, project.folder.Path("demo/res/start.wav"));
     EXPECT_EQ(results, QStringList({u"kept"_s, u"C:\\a.png"_s, u"/home/b.png"_s}));
 
     doc.ChooseFiles(KIND_RESO_IMAGES, false, QString(3000, u'x'), results);

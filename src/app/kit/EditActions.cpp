@@ -2,6 +2,8 @@
 
 #include "Actions.h"
 
+#include <QAbstractItemDelegate>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -46,6 +48,17 @@ QWidget *FocusedEdit::Control() const
     QWidget *const focus = Focus();
     const bool isEdit = qobject_cast<QLineEdit *>(focus) || qobject_cast<QPlainTextEdit *>(focus);
     return isEdit ? focus : nullptr;
+}
+
+void FocusedEdit::EndLabel() const
+{
+    QWidget *const edit = Control();
+    QWidget *const viewport = edit ? edit->parentWidget() : nullptr;
+    // Not by moving the focus: the menus may have it, or another program.
+    if (auto *const view = qobject_cast<QAbstractItemView *>(viewport ? viewport->parentWidget() : nullptr)) {
+        Q_EMIT view->itemDelegate()->commitData(edit);
+        Q_EMIT view->itemDelegate()->closeEditor(edit);
+    }
 }
 
 std::optional<ActionState> FocusedEdit::StateOf(ActionId id) const

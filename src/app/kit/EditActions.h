@@ -29,6 +29,8 @@ public:
 
     /// The widget that has the focus; while the menu bar has it, the one that gets it back.
     [[nodiscard]] QWidget *Focus() const;
+    /// Takes the label that is being edited in a tree or a list, as leaving it does. Nothing where none is.
+    void EndLabel() const;
     /// The control; null when the focus is elsewhere.
     [[nodiscard]] QWidget *Control() const;
 

@@ -127,7 +127,7 @@ bool CChildFrame::MayClose()
     if (!document.IsModified())
         return true;
     const Answer answer =
-        shell.AskYesNoCancel(QStringLiteral("Save changes to %1?").arg(FileTitle(document.PathName())));
+        shell.Boxes().AskYesNoCancel(QStringLiteral("Save changes to %1?").arg(FileTitle(document.PathName())));
     if (answer == Answer::Yes)
         Save();
     // What is still modified then couldn't be saved, and closing would lose it.

@@ -46,9 +46,7 @@ public:
     int layoutMode = 0;
 
     // IViewHost
-    [[nodiscard]] bool AskYesNo(const QString &question) override { return shell.AskYesNo(question); }
-    [[nodiscard]] Answer AskYesNoCancel(const QString &question) override { return shell.AskYesNoCancel(question); }
-    void ShowMessage(const QString &text) override { shell.ShowMessage(text); }
+    [[nodiscard]] IViewBoxes &Boxes() override { return shell.Boxes(); }
     void ShowPane(Pane pane) override;
     void RunAction(ActionId id) override { shell.RunAction(id); }
     [[nodiscard]] bool IsEnabled(ActionId id) const override { return shell.IsEnabled(id); }

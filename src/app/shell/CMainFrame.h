@@ -1,51 +1,32 @@
 #pragma once
 
-#include "ActionRoute.h"
-#include "BarSizes.h"
-#include "CChildFrame.h"
 #include "ChannelTurn.h"
 #include "EditActions.h"
+#include "FrameBars.h"
+#include "FrameMenus.h"
 #include "FramePlace.h"
 #include "KeyboardIndicators.h"
-#include "OutputTail.h"
-#include "RecentFiles.h"
+#include "ProjectArea.h"
+#include "ProjectNotices.h"
+#include "ProjectOpener.h"
 #include "UserBoxes.h"
 #include "WaitCursor.h"
 
 #include <QMainWindow>
 
-#include <map>
-
-class CInfoPane;
-class CSizingControlBar;
 class StatusPane;
-class QListWidget;
-class QMdiArea;
 class QSessionManager;
 
-/// The main window: menus, tool bar, status bar, the docking bars, and a window for each open project.
+/// The main window: it holds the bars, the menus and the windows of projects, routes actions to them, and closes.
 class CMainFrame : public QMainWindow, public IViewHost, public IActionTarget
 {
 public:
-    CMainFrame(Environment &environment, ProcessTables &processTables, CDocManager &documentManager);
+    CMainFrame(Environment &environment, const ProcessTables &processTables, CDocManager &documentManager);
     ~CMainFrame() override;
 
     /// Puts window and bars where they were when the program ended.
     void Restore();
-    /// Opens a project, or brings the window of an open one to the front. False when it doesn't open, which the user
-    /// has been told.
-    bool OpenProject(const QString &path);
     void BringToTop();
-
-    /// Appends to the output pane, if that is in sight.
-    void WriteOutput(QStringView text);
-    /// The same for a line of its own.
-    void WriteLine(const QString &text);
-
-    /// Shows a notice in the document's window. While that is still being loaded the text waits for the window.
-    void Notify(const CResDoc &document, const QString &text);
-    /// A document is about to be loaded: what waits for another's window, which didn't load, goes.
-    void DropWaitingNotices() { waitingNotices.clear(); }
 
     /// Ends the watching of files, with all that hangs on it.
     std::function<void()> stopWatching;
@@ -66,18 +47,15 @@ public:
     };
 
     [[nodiscard]] ChannelTurn &Turn() { return turn; }
-    [[nodiscard]] UserBoxes &Boxes() { return boxes; }
-    [[nodiscard]] CInfoPane &Output() { return *output; }
+    [[nodiscard]] FrameBars &Bars() { return bars; }
+    [[nodiscard]] ProjectNotices &Notices() { return notices; }
+    [[nodiscard]] ProjectOpener &Projects() { return projects; }
     [[nodiscard]] const StatusPane &Status() const { return *status; }
-    [[nodiscard]] CSizingControlBar &OutputBar() { return *outputBar; }
-    [[nodiscard]] CSizingControlBar &ToolboxBar() { return *toolboxBar; }
     /// The active project's window, or null.
-    [[nodiscard]] CChildFrame *ActiveChild() const;
+    [[nodiscard]] CChildFrame *ActiveChild() const { return area->ActiveChild(); }
 
     // IViewHost
-    [[nodiscard]] bool AskYesNo(const QString &question) override { return boxes.AskYesNo(question); }
-    [[nodiscard]] Answer AskYesNoCancel(const QString &question) override { return boxes.AskYesNoCancel(question); }
-    void ShowMessage(const QString &text) override { boxes.MessageSoon(text); }
+    [[nodiscard]] UserBoxes &Boxes() override { return boxes; }
     void ShowPane(Pane) override {}
     void RunAction(ActionId id) override;
     [[nodiscard]] bool IsEnabled(ActionId id) const override { return !turn.IsOn() && route.StateOf(id).enabled; }
@@ -93,64 +71,32 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    void MakeActions();
-    void MakeToolBar();
-    void MakeBars();
-    QAction *AddAction(ActionId id, const QString &text, const QString &shortcuts, bool isToggle);
-    /// Shows the menus that belong to what is open.
-    void ShowMenus();
-    void ShowRecentFiles();
-    /// Lists the windows of projects at the end of the Window menu.
-    void ShowWindows(QMenu *menu);
-    /// Has menus, keys and tool bar show what each action is at this moment.
-    void UpdateActions();
+    void Connect();
+    /// Has menus, tool bar, title and status bar show what is so at this moment.
+    void Update();
     void ShowTitle();
     void Opened(CDocument &document);
-    void Activate(const CDocument &document);
     void EndSession(QSessionManager &session);
     bool TakeLabel();
-    void ChooseProject();
-    void OpenDropped(const QStringList &files);
     void GoToPane(int step);
-    /// Cascades or tiles the windows of projects.
     void Arrange(ActionId id);
-    void Cascade();
-    void OpenRecent(int index);
-    void ShowOutput(bool show);
-    void ToggleToolbox();
-    void FillToolbox();
     void StoreState();
-    /// Asks about what isn't saved. True when all projects may be closed; `notices` then gets the texts that have come
-    /// to their bars meanwhile, which standard error has as well.
-    [[nodiscard]] bool MayCloseAll(QStringList &notices);
-    [[nodiscard]] QStringList UnreadNotices() const;
+    [[nodiscard]] bool MayCloseAll(QStringList &told);
     void TellUnread(const QStringList &texts);
     [[nodiscard]] std::vector<IActionTarget *> Targets() const;
-    [[nodiscard]] QList<CChildFrame *> Children() const;
 
+    Environment &env;
+    CDocManager &documents;
     ChannelTurn turn;
     UserBoxes boxes{*this, turn};
-    Environment &env;
-    ProcessTables &tables;
-    CDocManager &documents;
     ActionRoute route;
     FocusedEdit focusedEdit;
-    RecentFiles recentFiles;
-    std::map<ActionId, QAction *> actions;
-    QList<QAction *> recentActions;
-    QList<QAction *> windowActions; // of the Window menu that is shown or was last
-    QMdiArea *area;
+    ProjectArea *area;
     FramePlace place{*this};
-    QToolBar *toolBar = nullptr;
-    CSizingControlBar *toolboxBar = nullptr;
-    CSizingControlBar *outputBar = nullptr;
-    std::unique_ptr<BarSizes> barSizes;
-    QListWidget *toolbox = nullptr;
-    ToolboxState toolboxState;
-    CInfoPane *output = nullptr;
-    StatusPane *status = nullptr;
-    KeyboardIndicators indicators{*statusBar()};
-    std::map<const CResDoc *, QStringList> waitingNotices;
-    std::optional<bool> shownMenus; // for a document or none
-    OutputTail told;                // the end of the output since the user did something, seen or not
+    FrameMenus menus;
+    FrameBars bars;
+    ProjectNotices notices{*area};
+    ProjectOpener projects;
+    StatusPane *status;
+    KeyboardIndicators indicators;
 };

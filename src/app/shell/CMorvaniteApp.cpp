@@ -55,12 +55,12 @@ std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
 
     frame = std::make_unique<CMainFrame>(env, tables, documents);
     services.user = &frame->Boxes();
-    services.Notify = [this](const CResDoc &document, const QString &text) { frame->Notify(document, text); };
+    services.Notify = [this](const CResDoc &document, const QString &text) { frame->Notices().Add(document, text); };
     env.explain = [this](const QString &text) {
         if (!frame->Turn().IsOn())
-            frame->WriteLine(text);
+            frame->Bars().WriteLine(text);
     };
-    handler.idleOutput = [this](QStringView text) { frame->WriteOutput(text); };
+    handler.idleOutput = [this](QStringView text) { frame->Bars().WriteOutput(text); };
     env.whileWaiting = [this] {
         if (frame->Turn().IsOn())
             pipe.Breathe();
@@ -75,7 +75,7 @@ std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
     frame->Restore();
     bool isAnyOpen = paths.isEmpty();
     for (const QString &path : paths)
-        isAnyOpen = frame->OpenProject(path) || isAnyOpen;
+        isAnyOpen = frame->Projects().Open(path) || isAnyOpen;
     if (!isAnyOpen)
         return 1; // which has been told
     frame->show();
@@ -85,7 +85,7 @@ std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
 std::unique_ptr<CDocument> CMorvaniteApp::MakeDocument()
 {
     if (frame)
-        frame->DropWaitingNotices();
+        frame->Notices().DropWaiting();
     return std::make_unique<CResDoc>(env, tables, services);
 }
 
@@ -103,7 +103,7 @@ int CMorvaniteApp::RunAction(quint32 dwData, QByteArrayView record)
         return handler.Handle(dwData, record);
     } catch (const std::bad_alloc &) { // the next command may need less
         frame->Turn().AfterCommand(
-            [this] { frame->WriteLine(QStringLiteral("A command of the IDE ran out of memory.")); });
+            [this] { frame->Bars().WriteLine(QStringLiteral("A command of the IDE ran out of memory.")); });
         return 1;
     }
 }

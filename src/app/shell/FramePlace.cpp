@@ -3,6 +3,7 @@
 #include "FrameState.h"
 
 #include <QEvent>
+#include <QGuiApplication>
 #include <QScreen>
 #include <QTimer>
 #include <QWidget>
@@ -12,6 +13,7 @@ namespace
 {
 
 constexpr QMargins USUAL_FRAME(4, 32, 4, 4);
+constexpr QSize FIRST_SIZE(1000, 700);
 
 } // namespace
 
@@ -47,6 +49,31 @@ void FramePlace::FitOntoScreen(const QSize &size)
     isPlacing = true;
     const QScreen *const screen = window.screen();
     window.resize(screen ? size.boundedTo(screen->availableGeometry().marginsRemoved(USUAL_FRAME).size()) : size);
+}
+
+void FramePlace::Restore(const Settings &settings)
+{
+    const FrameState state = FrameState::Read(settings);
+    QList<QRect> screens;
+    for (const QScreen *each : QGuiApplication::screens())
+        screens.append(each->availableGeometry());
+    if (state.position)
+        PutAt(BroughtBack(*state.position, screens));
+    else
+        FitOntoScreen(FIRST_SIZE);
+    if (state.maximized)
+        window.setWindowState(Qt::WindowMaximized);
+}
+
+QList<ProfileEntry> FramePlace::State() const
+{
+    if (window.isMinimized())
+        return {};
+    const QString section = QStringLiteral("Frame");
+    QList<ProfileEntry> entries = {{section, QStringLiteral("maximized"), QString::number(int(window.isMaximized()))}};
+    if (!window.isMaximized())
+        entries.append({section, QStringLiteral("position"), PositionText(Position())});
+    return entries;
 }
 
 QRect FramePlace::Position() const

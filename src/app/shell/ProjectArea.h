@@ -1,37 +1,29 @@
 #pragma once
 
-#include <QEvent>
-#include <QMdiArea>
-#include <QPaintEvent>
-#include <QPainter>
+#include "CChildFrame.h"
 
-/// Where the windows of projects lie. While there is none it says how to get one.
+#include <QMdiArea>
+
+/// Where the windows of projects are. While there is none it says how to get one.
 class ProjectArea : public QMdiArea
 {
 public:
-    using QMdiArea::QMdiArea;
+    explicit ProjectArea(QWidget *parent);
+
+    /// The windows that still have their document.
+    [[nodiscard]] QList<CChildFrame *> Children() const;
+    /// The active project's window, or null.
+    [[nodiscard]] CChildFrame *ActiveChild() const;
+    /// A document's window, or null.
+    [[nodiscard]] CChildFrame *ChildOf(const CDocument &document) const;
+    /// Brings a document's window to the front.
+    void Activate(const CDocument &document);
+
+    void Cascade();
+    /// Puts the minimised windows into their places along the bottom.
+    void ArrangeIcons();
 
 protected:
-    void paintEvent(QPaintEvent *event) override
-    {
-        QPainter painter(viewport());
-        painter.fillRect(event->rect(), palette().brush(QPalette::Window).color().darker(108));
-        if (!subWindowList().isEmpty())
-            return;
-        QColor text = palette().color(QPalette::WindowText);
-        text.setAlphaF(0.65F);
-        painter.setPen(text);
-        painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap,
-                         QStringLiteral("Open a project with Ctrl+O, or drop its .vcproj file here."));
-    }
-
-    /// With the first window the text goes, and with the last it comes back: all of it, not just where that window was.
-    bool viewportEvent(QEvent *event) override
-    {
-        const bool wasEmpty = subWindowList().isEmpty();
-        const bool result = QMdiArea::viewportEvent(event);
-        if (wasEmpty != subWindowList().isEmpty())
-            viewport()->update();
-        return result;
-    }
+    void paintEvent(QPaintEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
 };

@@ -3,8 +3,11 @@
 #include "AboutBox.h"
 #include "Boxes.h"
 #include "ChannelTurn.h"
+#include "FileFilters.h"
+#include "HostFiles.h"
 #include "WaitCursor.h"
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QTimer>
 
@@ -36,18 +39,25 @@ private:
     std::optional<WaitCursor> pointer;
 };
 
+/// Where another dialog is open, the box belongs to that.
+QWidget *UserBoxes::Parent() const
+{
+    QWidget *const open = QApplication::activeModalWidget();
+    return open ? open : &window;
+}
+
 void UserBoxes::MessageBox(const QString &text)
 {
     if (turn.IsOn())
-        return MessageSoon(text);
+        return ShowMessage(text);
     ++messages;
     Show(text);
 }
 
-void UserBoxes::MessageSoon(const QString &text)
+void UserBoxes::ShowMessage(const QString &text, std::function<void()> then)
 {
     ++messages;
-    waiting.append(text);
+    waiting.append({text, std::move(then)});
     QTimer::singleShot(0, &window, [this] { ShowWaiting(); });
 }
 
@@ -55,21 +65,25 @@ void UserBoxes::ShowWaiting()
 {
     if (turn.IsOn())
         return turn.AfterCommand([this] { ShowWaiting(); });
-    while (openBoxes == 0 && !waiting.isEmpty())
-        Show(waiting.takeFirst());
+    while (openBoxes == 0 && !waiting.isEmpty()) {
+        const Message message = waiting.takeFirst();
+        Show(message.text);
+        if (message.then)
+            message.then();
+    }
 }
 
 void UserBoxes::Show(const QString &text)
 {
     const ModalBox box(*this);
     const QString reason = unseenOutput ? unseenOutput() : QString();
-    (void)ShowBox(&window, QMessageBox::Warning, reason.isEmpty() ? text : text + QStringLiteral("\n\n") + reason);
+    (void)ShowBox(Parent(), QMessageBox::Warning, reason.isEmpty() ? text : text + QStringLiteral("\n\n") + reason);
 }
 
 void UserBoxes::Inform(const QString &text)
 {
     const ModalBox box(*this);
-    (void)ShowBox(&window, QMessageBox::Information, text);
+    (void)ShowBox(Parent(), QMessageBox::Information, text);
 }
 
 bool UserBoxes::AskYesNo(const QString &question)
@@ -77,8 +91,17 @@ bool UserBoxes::AskYesNo(const QString &question)
     if (turn.IsOn())
         return false;
     const ModalBox box(*this);
-    return ShowBox(&window, QMessageBox::Question, question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
+    return ShowBox(Parent(), QMessageBox::Question, question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
            QMessageBox::Yes;
+}
+
+bool UserBoxes::AskOkCancel(const QString &question)
+{
+    if (turn.IsOn())
+        return false;
+    const ModalBox box(*this);
+    return ShowBox(Parent(), QMessageBox::Information, question, QMessageBox::Ok | QMessageBox::Cancel,
+                   QMessageBox::Ok) == QMessageBox::Ok;
 }
 
 Answer UserBoxes::AskYesNoCancel(const QString &question)
@@ -86,7 +109,7 @@ Answer UserBoxes::AskYesNoCancel(const QString &question)
     if (turn.IsOn())
         return Answer::Cancel;
     const ModalBox box(*this);
-    switch (ShowBox(&window, QMessageBox::Question, question, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+    switch (ShowBox(Parent(), QMessageBox::Question, question, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
                     QMessageBox::Yes)) {
     case QMessageBox::Yes:
         return Answer::Yes;
@@ -97,32 +120,67 @@ Answer UserBoxes::AskYesNoCancel(const QString &question)
     }
 }
 
+bool UserBoxes::RunDialog(QDialog &dialog)
+{
+    if (turn.IsOn())
+        return false;
+    const ModalBox box(*this);
+    return dialog.exec() == QDialog::Accepted;
+}
+
+namespace
+{
+
+void SetFilters(QFileDialog &dialog, const QList<FileFilter> &filters)
+{
+    QStringList names;
+    for (const FileFilter &filter : filters)
+        names.append(filter.NameFilter());
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilters(names);
+}
+
+} // namespace
+
+/// Runs a file dialog that begins at a file, which need not be there.
+QStringList UserBoxes::Choose(QFileDialog &dialog, const QString &initialName)
+{
+    if (!initialName.isEmpty())
+        dialog.selectFile(QString::fromUtf8(HostPath(initialName)));
+    return RunDialog(dialog) ? dialog.selectedFiles() : QStringList();
+}
+
 QStringList UserBoxes::OpenFileDialog(const QString &filter, int selectedFilter, bool multiSelect,
                                       const QString &initialName)
 {
-    if (turn.IsOn())
-        return {};
-    QStringList filters;
-    const QStringList parts = filter.split(u'|', Qt::SkipEmptyParts);
-    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        QString patterns = parts[i + 1];
-        filters.append(parts[i].section(QStringLiteral(" ("), 0, 0) + QStringLiteral(" (") +
-                       patterns.replace(u';', u' ') + u')');
-    }
-    const ModalBox box(*this);
-    QFileDialog dialog(&window, QStringLiteral("Open"));
-    dialog.setNameFilters(filters);
-    dialog.selectNameFilter(filters.value(selectedFilter - 1));
+    const QList<FileFilter> filters = ParseFileFilter(filter);
+    QFileDialog dialog(Parent(), QStringLiteral("Open"));
+    SetFilters(dialog, filters);
+    dialog.selectNameFilter(filters.value(selectedFilter - 1).NameFilter());
     dialog.setFileMode(multiSelect ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
-    if (!initialName.isEmpty())
-        dialog.selectFile(initialName);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
+    return Choose(dialog, initialName);
+}
+
+QString UserBoxes::SaveFileDialog(const QString &filter, const QString &initialName)
+{
+    const QList<FileFilter> filters = ParseFileFilter(filter);
+    QFileDialog dialog(Parent(), QStringLiteral("Save As"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    SetFilters(dialog, filters);
+    dialog.setDefaultSuffix(filters.value(0).Suffix());
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString &chosen) {
+        for (const FileFilter &each : filters) { // a dialog of the desktop gives the patterns too
+            if (chosen == each.name || chosen == each.NameFilter())
+                dialog.setDefaultSuffix(each.Suffix());
+        }
+    });
+    return Choose(dialog, initialName).value(0);
 }
 
 QString UserBoxes::ChooseProject(const QString &folder)
 {
     const ModalBox box(*this);
-    return QFileDialog::getOpenFileName(&window, QStringLiteral("Open"), folder,
+    return QFileDialog::getOpenFileName(Parent(), QStringLiteral("Open"), folder,
                                         QStringLiteral("Project Files (*.vcproj)"));
 }
 

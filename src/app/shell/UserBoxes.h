@@ -1,17 +1,15 @@
 #pragma once
 
 #include "UserInterface.h"
-#include "ViewHost.h"
-
-#include <functional>
+#include "ViewBoxes.h"
 
 class ChannelTurn;
+class QFileDialog;
 class QWidget;
 
 /// The boxes and dialogs of the program. While one is open, commands of the channel wait; while a command runs none
-/// opens, since there may be nobody to answer it: messages come after the command, questions are answered with No or
-/// Cancel.
-class UserBoxes : public IUserInterface
+/// opens, since there may be nobody to answer it.
+class UserBoxes : public IUserInterface, public IViewBoxes
 {
 public:
     /// Both must outlive the boxes.
@@ -22,15 +20,20 @@ public:
     /// What a message adds to its text: the output that the user can't see, or nothing.
     std::function<QString()> unseenOutput;
 
+    // IUserInterface
     void MessageBox(const QString &text) override;
-    /// The same when the caller is through with what it does.
-    void MessageSoon(const QString &text);
-    /// Shows what the user has to know although nothing failed, and waits until it is read. Not while a command runs.
-    void Inform(const QString &text);
     QStringList OpenFileDialog(const QString &filter, int selectedFilter, bool multiSelect,
                                const QString &initialName) override;
-    [[nodiscard]] bool AskYesNo(const QString &question);
-    [[nodiscard]] Answer AskYesNoCancel(const QString &question);
+    // IViewBoxes
+    [[nodiscard]] bool AskYesNo(const QString &question) override;
+    [[nodiscard]] Answer AskYesNoCancel(const QString &question) override;
+    [[nodiscard]] bool AskOkCancel(const QString &question) override;
+    void ShowMessage(const QString &text, std::function<void()> then = nullptr) override;
+    [[nodiscard]] QString SaveFileDialog(const QString &filter, const QString &initialName) override;
+    [[nodiscard]] bool RunDialog(QDialog &dialog) override;
+
+    /// Shows what the user has to know although nothing failed, and waits until it is read. Not while a command runs.
+    void Inform(const QString &text);
     /// The path of the project that the user chooses; empty when none. It looks in `folder` first.
     [[nodiscard]] QString ChooseProject(const QString &folder);
     void ShowAbout();
@@ -41,13 +44,20 @@ public:
 
 private:
     class ModalBox;
+    struct Message
+    {
+        QString text;
+        std::function<void()> then;
+    };
 
     void Show(const QString &text);
     void ShowWaiting();
+    [[nodiscard]] QWidget *Parent() const;
+    [[nodiscard]] QStringList Choose(QFileDialog &dialog, const QString &initialName);
 
     QWidget &window;
     ChannelTurn &turn;
-    QStringList waiting; // messages for the end of a command, of another box, or of what the caller does
+    QList<Message> waiting; // for the end of a command, of another box, or of what the caller does
     int openBoxes = 0;
     int messages = 0;
 };

@@ -254,7 +254,7 @@ void CProjView::EditLabel(QTreeWidgetItem *item, const QString &typed)
         FitColumn();
     }
     if (!edit.message.isEmpty())
-        host.ShowMessage(edit.message);
+        host.Boxes().ShowMessage(edit.message);
     UpdatePanes();
 }
 
@@ -294,7 +294,7 @@ void CProjView::NewLayout(const CResFolder &folder)
 {
     CResFolder *const made = document.CreateLayoutRes(folder.index);
     if (!made)
-        return host.ShowMessage(
+        return host.Boxes().ShowMessage(
             QStringLiteral("There can be no new layout in \"%1\". If its layout file wasn't loaded, "
                            "the output tells why; mend the file, or take it out of the project's "
                            "resource list.")
@@ -313,7 +313,7 @@ void CProjView::NewLayout(const CResFolder &folder)
 
 void CProjView::DeleteLayout(CResFolder &folder)
 {
-    if (!host.AskYesNo(QStringLiteral("The selected item(s) will be deleted. Continue?")))
+    if (!host.Boxes().AskYesNo(QStringLiteral("The selected item(s) will be deleted. Continue?")))
         return;
     QTreeWidgetItem *const item = ItemOf(&folder);
     CResFolder *const parent = item ? FolderOf(item->parent()) : nullptr;
@@ -328,7 +328,7 @@ void CProjView::DeleteLayout(CResFolder &folder)
 
 void CProjView::Clear(CResFolder &folder)
 {
-    if (!host.AskYesNo(ClearQuestion(LabelOf(folder, document))))
+    if (!host.Boxes().AskYesNo(ClearQuestion(LabelOf(folder, document))))
         return;
     document.ClearByKind(folder);
     document.UpdateAllViews(nullptr);

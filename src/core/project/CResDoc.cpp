@@ -418,7 +418,8 @@ void CResDoc::ChooseFiles(quint32 mask, bool multiSelect, const QString &initial
         filter += QStringLiteral("%1All Files (*.*)|*.*").arg(QLatin1String(count++ ? "|" : ""));
     if (count == 0 || !services.user)
         return;
-    const QString prefilled = initialName.size() < NAME_BUFFER ? initialName : QString();
+    const bool isPrefilled = !initialName.isEmpty() && initialName.size() < NAME_BUFFER;
+    const QString prefilled = isPrefilled ? ResolvePath(initialName, DirectoryOf(m_strPathName)) : QString();
     for (QString path : services.user->OpenFileDialog(filter + QStringLiteral("||"), count, multiSelect, prefilled)) {
         path.replace(QStringLiteral(":\\\\"), QStringLiteral(":\\"));
         results.append(path);

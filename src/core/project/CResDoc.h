@@ -137,7 +137,8 @@ public:
     /// The document's project view, or null.
     [[nodiscard]] IProjView *GetProjView() const;
 
-    /// Asks for files to add; `mask` tells which kinds. Nothing is asked when the mask has none.
+    /// Asks for files to add; `mask` tells which kinds. Nothing is asked when the mask has none. `initialName` is a
+    /// path as resources have it, or empty.
     void ChooseFiles(quint32 mask, bool multiSelect, const QString &initialName, QStringList &results);
 
 private:

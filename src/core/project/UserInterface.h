@@ -10,7 +10,7 @@ class IUserInterface
 public:
     virtual void MessageBox(const QString &text) = 0;
     /// A dialog for existing files. `filter` has the form "Name|*.a; *.b|...||"; the entry `selectedFilter` (from 1) is
-    /// chosen.
+    /// chosen. `initialName` is absolute, in any spelling of paths, or empty; the file need not be there.
     virtual QStringList OpenFileDialog(const QString &filter, int selectedFilter, bool multiSelect,
                                        const QString &initialName) = 0;
 

@@ -1,0 +1,162 @@
+#include "FrameBars.h"
+
+#include "CInfoPane.h"
+#include "CSizingControlBar.h"
+#include "ClassCatalogue.h"
+#include "CopyGuard.h"
+#include "Environment.h"
+#include "ProcessTables.h"
+
+#include <QCryptographicHash>
+#include <QFontDatabase>
+#include <QListWidget>
+#include <QMainWindow>
+#include <QStatusBar>
+#include <QTimer>
+
+namespace
+{
+
+constexpr int TOOLBOX_NUMBER = 1;
+constexpr int OUTPUT_NUMBER = 2;
+constexpr QSize TOOLBOX_SIZE(150, 400);
+constexpr QSize OUTPUT_SIZE(400, 150);
+constexpr int DOCK_STATE_VERSION = 1;
+
+QString CheckOf(const QByteArray &state)
+{
+    return QString::fromLatin1(QCryptographicHash::hash(state, QCryptographicHash::Md5).toHex());
+}
+
+} // namespace
+
+FrameBars::FrameBars(QMainWindow &mainWindow, const Environment &environment, const ProcessTables &processTables)
+    : window(mainWindow), env(environment), tables(processTables)
+{
+    MakeToolbox();
+    MakeOutput();
+    for (CSizingControlBar *bar : {toolboxBar, outputBar}) {
+        bar->ReadSizes(env.settings);
+        bar->toggleViewAction()->setVisible(false); // the View menu has it
+    }
+    sizes = std::make_unique<BarSizes>(window, QList{toolboxBar, outputBar});
+}
+
+void FrameBars::MakeToolbox()
+{
+    const QSize size = ParseSize(env.settings.String("Toolbox", "size", "150,400"), TOOLBOX_SIZE);
+    toolboxBar = new CSizingControlBar(QStringLiteral("Toolbox"), TOOLBOX_NUMBER, size, &window);
+    toolbox = new QListWidget(toolboxBar);
+    toolbox->setAccessibleName(QStringLiteral("Toolbox"));
+    new CopyGuard(*toolbox);
+    toolboxBar->SetContent(toolbox);
+    toolboxBar->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
+    window.addDockWidget(Qt::LeftDockWidgetArea, toolboxBar);
+}
+
+void FrameBars::MakeOutput()
+{
+    const QSize size = ParseSize(env.settings.String("Output", "size", "400,150"), OUTPUT_SIZE);
+    outputBar = new CSizingControlBar(QStringLiteral("Output"), OUTPUT_NUMBER, size, &window);
+    output = new CInfoPane(outputBar);
+    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    font.setPointSize(10);
+    output->setFont(font);
+    outputBar->SetContent(output);
+    window.addDockWidget(Qt::RightDockWidgetArea, outputBar);
+}
+
+void FrameBars::FillToolbox()
+{
+    if (!tables.classes || !tables.classes->loaded || toolbox->count() > 0)
+        return;
+    for (const auto &entry : tables.classes->entries) {
+        if (entry->kind == CLASS_CLASS && !entry->excluded)
+            toolbox->addItem(env.NarrowToWide(entry->name));
+    }
+}
+
+bool FrameBars::IsOutputShown() const
+{
+    return !outputBar->isHidden();
+}
+
+void FrameBars::ShowOutput(bool show)
+{
+    outputBar->setVisible(show);
+    if (show)
+        output->GoToEnd();
+}
+
+bool FrameBars::IsToolboxShown() const
+{
+    return !toolboxBar->isHidden();
+}
+
+void FrameBars::ToggleToolbox()
+{
+    const bool show = !toolboxState.IsShown(env.settings);
+    toolboxState.Show(show);
+    FillToolbox();
+    toolboxBar->setVisible(show);
+}
+
+void FrameBars::WriteOutput(QStringView text)
+{
+    told.Append(text);
+    if (IsOutputShown())
+        output->Append(text);
+}
+
+void FrameBars::WriteLine(const QString &text)
+{
+    WriteOutput(text + QStringLiteral("\r\n"));
+}
+
+QString FrameBars::UnseenOutput() const
+{
+    return window.isVisible() && IsOutputShown() ? QString() : told.Text();
+}
+
+void FrameBars::Restore()
+{
+    window.statusBar()->setVisible(env.settings.Int("DockState", "statusBar", 1) != 0);
+    const QByteArray bars = QByteArray::fromBase64(env.settings.String("DockState", "state").toLatin1());
+    // A state that isn't whole would end the program at each start.
+    const bool isWhole = !bars.isEmpty() && env.settings.String("DockState", "check") == CheckOf(bars);
+    if (!isWhole || !window.restoreState(bars, DOCK_STATE_VERSION)) {
+        outputBar->LimitStandingWidth(window.width() / 4);
+        ShowOutput(true);
+    }
+    toolboxBar->hide(); // it belongs to layouts
+}
+
+QList<ProfileEntry> FrameBars::State() const
+{
+    QList<ProfileEntry> entries;
+    const auto store = [&entries](const char *section, const char *key, const QString &value) {
+        entries.append({QString::fromLatin1(section), QString::fromLatin1(key), value});
+    };
+    for (const auto &[section, bar] : {std::pair("Toolbox", toolboxBar), {"Output", outputBar}}) {
+        store(section, "size", SizeText(bar->PreferredSize()));
+        entries += bar->Sizes();
+    }
+    store("DockState", "statusBar", QString::number(int(!window.statusBar()->isHidden())));
+    const QByteArray bars = window.saveState(DOCK_STATE_VERSION);
+    store("DockState", "state", QString::fromLatin1(bars.toBase64()));
+    store("DockState", "check", CheckOf(bars));
+    return entries;
+}
+
+/// A bar that floats was shown before the window was there to be under it.
+void FrameBars::RaiseFloating()
+{
+    for (CSizingControlBar *bar : {toolboxBar, outputBar}) {
+        if (!bar->isFloating() || bar->isHidden())
+            continue;
+        QTimer::singleShot(0, bar, [bar] {
+            bar->hide();
+            bar->show();
+        });
+    }
+}
