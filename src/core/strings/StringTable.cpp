@@ -74,6 +74,22 @@ void StringTable::Forget()
     grid.TableReset();
 }
 
+void StringTable::TreeGoes(const CResFolder &folder)
+{
+    const CResFolder *strings = Strings();
+    if (&folder == &model.root || (strings && &folder == strings)) {
+        Forget();
+        return;
+    }
+    const auto isSame = [&](const auto &language) { return language.get() == &folder; };
+    if (!strings || std::none_of(strings->subfolders.begin(), strings->subfolders.end(), isSame))
+        return;
+    if (&folder == strings->subfolders.front().get()) // the heads
+        Forget();
+    else
+        RemoveLanguageColumn(folder.index);
+}
+
 void StringTable::Rebuild()
 {
     const Batch batch(*this);

@@ -125,6 +125,9 @@ public:
     /// Lets go of the tree, history and all; a reload is going to destroy it.
     void Forget();
     void TreeGoes() override { Forget(); }
+    /// Lets go of what is below that folder of the tree, which is going to be destroyed. With the rows' heads the table
+    /// forgets all; with a language its column goes, and the history stays; any other folder is none of its own.
+    void TreeGoes(const CResFolder &folder);
     /// Takes columns and rows anew from the tree, in its order. Forgets the history of a table with languages, and the
     /// copy set if one of its rows is gone.
     void Rebuild();
