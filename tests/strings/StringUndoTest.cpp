@@ -91,3 +91,20 @@ TEST(StringUndo, RowsAreFoundAgainAfterTheyMoved)
     EXPECT_EQ(project.table.RowOf("ID_C", 2), 0);
     EXPECT_EQ(project.table.RowOf("ID_D", 1), -1);
 }
+
+TEST(StringUndo, AnotherFolderThatGoesLeavesTheHistoryAndALanguageTakesItsColumn)
+{
+    TableProject project(TWO_LANGUAGES + "ID_A|Normal|a|x|y\n##number|1\n");
+    project.Mod(0, 4, u"z"_s);
+    CResFolder &layouts = project.AddFolder(project.root, KIND_LAYOUTS);
+    project.table.TreeGoes(project.AddFolder(layouts, KIND_RESO_LAYOUTS, 9));
+    EXPECT_EQ(project.Dump(), u"ID_A Normal a x z"_s);
+    project.table.TreeGoes(*project.Language(9));
+    EXPECT_TRUE(project.strings.DeleteFolder(project.Language(9)));
+    EXPECT_EQ(project.Dump(), u"ID_A Normal a z"_s);
+    project.table.history.Undo();
+    EXPECT_EQ(project.Dump(), u"ID_A Normal a y"_s);
+    project.table.TreeGoes(project.strings);
+    EXPECT_EQ(project.table.RowCount(), 0);
+    EXPECT_FALSE(project.table.history.CanRedo());
+}

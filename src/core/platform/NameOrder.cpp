@@ -16,13 +16,11 @@ UCollator *AsCollator(void *collator)
     return static_cast<UCollator *>(collator);
 }
 
-} // namespace
-
 /// The sort keys of texts, one behind the other in one buffer: each a row of bytes that ends with 0.
-class NameOrder::Keys
+class SortKeys
 {
 public:
-    Keys(const UCollator *ordering, size_t count) : collator(ordering), bytes(count * LIKELY_KEY)
+    SortKeys(const UCollator *ordering, size_t count) : collator(ordering), bytes(count * LIKELY_KEY)
     {
         ends.reserve(count);
     }
@@ -62,6 +60,8 @@ private:
     std::vector<size_t> ends; // of each key, in `bytes`
 };
 
+} // namespace
+
 NameOrder::NameOrder()
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -92,7 +92,7 @@ std::vector<int> NameOrder::Sorted(int count, const std::function<QString(int)> 
 {
     std::vector<QString> texts;
     texts.reserve(size_t(count));
-    Keys keys(AsCollator(collator), size_t(count));
+    SortKeys keys(AsCollator(collator), size_t(count));
     for (int n = 0; n < count; ++n) {
         texts.push_back(textOf(n));
         if (collator)

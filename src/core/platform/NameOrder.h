@@ -26,7 +26,5 @@ public:
     [[nodiscard]] std::vector<int> Sorted(int count, const std::function<QString(int)> &textOf, int direction) const;
 
 private:
-    class Keys;
-
     void *collator = nullptr; // UCollator; null, when ICU lacks its data: code units alone decide
 };

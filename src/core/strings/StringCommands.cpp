@@ -120,12 +120,15 @@ bool STR_DEL_CMD::Execute()
 
 bool STR_DEL_CMD::Undo()
 {
-    const StringTable::Batch batch(table);
-    for (const Deleted &row : rows) {
-        if (row.snapshot.head && !ShowFailure(table, table.RestoreRow(row.snapshot, row.mark.row, /*keepId=*/true)))
-            return false;
+    int code = EDIT_DONE;
+    {
+        const StringTable::Batch batch(table); // ends before a message shows
+        for (auto row = rows.begin(); code == EDIT_DONE && row != rows.end(); ++row) {
+            if (row->snapshot.head)
+                code = table.RestoreRow(row->snapshot, row->mark.row, /*keepId=*/true);
+        }
     }
-    return true;
+    return ShowFailure(table, code);
 }
 
 STR_PST_CMD::STR_PST_CMD(StringTable &stringTable) : table(stringTable)
@@ -139,14 +142,17 @@ STR_PST_CMD::STR_PST_CMD(StringTable &stringTable) : table(stringTable)
 
 bool STR_PST_CMD::Execute()
 {
-    const StringTable::Batch batch(table);
-    for (const auto &[row, snapshot] : snapshots) {
-        const int place = table.RowCount();
-        if (!ShowFailure(table, table.RestoreRow(snapshot, place, /*keepId=*/false)))
-            return false;
-        pastedRows.push_back(MarkOf(table, place));
+    int code = EDIT_DONE;
+    {
+        const StringTable::Batch batch(table); // as above
+        for (auto copy = snapshots.begin(); code == EDIT_DONE && copy != snapshots.end(); ++copy) {
+            const int place = table.RowCount();
+            code = table.RestoreRow(copy->second, place, /*keepId=*/false);
+            if (code == EDIT_DONE)
+                pastedRows.push_back(MarkOf(table, place));
+        }
     }
-    return true;
+    return ShowFailure(table, code);
 }
 
 bool STR_PST_CMD::Undo()

@@ -45,14 +45,6 @@ CResFolder *StringTable::Strings() const
     return model.root.FindFolder(KIND_STRINGS, 2);
 }
 
-void StringTable::TreeGoes(const CResFolder &folder)
-{
-    const CResFolder *strings = Strings();
-    const CResFolder *heads = !strings || strings->subfolders.empty() ? nullptr : strings->subfolders.front().get();
-    if (&folder == &model.root || &folder == strings || &folder == heads)
-        Forget();
-}
-
 StringTable::Batch::Batch(StringTable &stringTable) : table(stringTable)
 {
     if (table.batches++ == 0)
@@ -73,6 +65,22 @@ void StringTable::Forget()
     languages.clear();
     ForgetCopies();
     grid.TableReset();
+}
+
+void StringTable::TreeGoes(const CResFolder &folder)
+{
+    const CResFolder *strings = Strings();
+    if (&folder == &model.root || (strings && &folder == strings)) {
+        Forget();
+        return;
+    }
+    const auto isSame = [&](const auto &language) { return language.get() == &folder; };
+    if (!strings || std::none_of(strings->subfolders.begin(), strings->subfolders.end(), isSame))
+        return;
+    if (&folder == strings->subfolders.front().get()) // the heads
+        Forget();
+    else
+        RemoveLanguageColumn(folder.index);
 }
 
 void StringTable::Rebuild()

@@ -48,8 +48,8 @@ struct Snapshot
 
 /// What shows a string table: the grid of a window, or nothing at all. Row and column numbers are those of the table.
 ///
-/// A change of rows or columns is told before and after. The table can be asked for any cell in every notice: in the
-/// first it still is as it was, in the second it is as it will be. A row that is told as inserted is complete.
+/// A change of rows or columns is told before and after. The table can be asked for any cell in both: in the first it
+/// still is as it was, in the second it has changed. `CellShows` tells of each cell that changes after `RowInserted`.
 class IStringGrid
 {
 public:
@@ -62,13 +62,14 @@ public:
     virtual void ColumnInserted(int /*col*/) {}
     virtual void ColumnRemoving(int /*col*/) {}
     virtual void ColumnRemoved(int /*col*/) {}
-    /// All rows get another order: the row at place i then is the one that was at `order[i]`.
+    /// All rows get another order: afterwards row i is the one that was row `order[i]`.
     virtual void RowsMoving() {}
     virtual void RowsMoved(const std::vector<int> & /*order*/) {}
-    /// All rows and columns are replaced.
+    /// All rows and columns are replaced. In the first the table must not be asked: rows may be gone from the tree.
     virtual void TableResetting() {}
     virtual void TableReset() {}
-    /// Many notices may come until `BatchEnds`: a grid may put off what it does for each. Batches aren't nested.
+    /// Many notices may come until `BatchEnds`: a grid may put off what it does for each. Batches aren't nested, and no
+    /// message comes in one.
     virtual void BatchBegins() {}
     virtual void BatchEnds() {}
     virtual void CellShows(int /*row*/, int /*col*/, const QString & /*text*/) {}
@@ -123,7 +124,8 @@ public:
 
     /// Lets go of the tree, history and all; a reload is going to destroy it.
     void Forget();
-    /// Forgets the rows when their records go; a language that goes leaves them, and the history.
+    /// Lets go of what is below that folder of the tree, which is going to be destroyed. With the rows' heads the table
+    /// forgets all; with a language its column goes, and the history stays; any other folder is none of its own.
     void TreeGoes(const CResFolder &folder) override;
     /// Takes columns and rows anew from the tree, in its order. Forgets the history of a table with languages, and the
     /// copy set if one of its rows is gone.
