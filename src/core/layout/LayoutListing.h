@@ -1,8 +1,8 @@
 #pragma once
 
-#include "CLayoutRes.h"
+#include "LayoutFileObject.h"
 
-/// A layout of a project, for printing.
+/// A layout of a project, for a listing.
 struct ListedLayout
 {
     QString resolution; ///< "240x320", or "Default"
@@ -12,4 +12,5 @@ struct ListedLayout
 
 /// One line a component, indented: class, name, the member that it is, properties.
 [[nodiscard]] QByteArray LayoutsText(const Environment &env, const std::vector<ListedLayout> &layouts);
+/// A component's properties are in the order of the file.
 [[nodiscard]] QByteArray LayoutsJson(const Environment &env, const std::vector<ListedLayout> &layouts);
