@@ -32,7 +32,7 @@ struct SheetProject : StringProject
     }
 
     /// The same with a look at the plan, which has to change nothing and to be the same when all rows are planned.
-    int Import(const QByteArray &readable, QString fates)
+    int Import(const QByteArray &readable, QString &fates)
     {
         folder.Put("in.csv", QByteArray(readable).replace('|', ','));
         const std::string before = Written();

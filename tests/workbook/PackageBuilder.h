@@ -29,12 +29,19 @@ public:
     Package()
     {
         Links("_rels/.rels", {{"officeDocument", "xl/workbook.xml"}});
-        Set("xl/workbook.xml", "<workbook xmlns='http://schemas.openxmlformats.org/spreadsheetml/2006/main' "
-                               "xmlns:r='http://schemas.openxmlformats.org/officeDocument/2006/relationships'>"
-                               "<sheets><sheet name='Strings' sheetId='1' r:id='r1'/></sheets></workbook>");
+        Properties("");
         Links("xl/_rels/workbook.xml.rels", {{"worksheet", "sheet.xml"}, {"sharedStrings", "strings.xml"}});
         Strings("");
         Rows("");
+    }
+
+    /// What stands in the workbook part in front of the list of sheets.
+    Package &Properties(const QByteArray &xml)
+    {
+        return Set("xl/workbook.xml", "<workbook xmlns='http://schemas.openxmlformats.org/spreadsheetml/2006/main' "
+                                      "xmlns:r='http://schemas.openxmlformats.org/officeDocument/2006/relationships'>" +
+                                          xml +
+                                          "<sheets><sheet name='Strings' sheetId='1' r:id='r1'/></sheets></workbook>");
     }
 
     Package &Rows(const QByteArray &xml) { return Set("xl/sheet.xml", QByteArray(SHEET).replace("%1", xml)); }

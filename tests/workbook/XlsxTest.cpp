@@ -52,7 +52,22 @@ TEST(Xlsx, CellsOfEveryTypeGiveTheirTexts)
     EXPECT_EQ(Read(ReadXlsx, file), Rows({{u"plain"_s, u"rich "_s, u" a\r\n_x000D_ \U0001F600 _x00g0_ _x0041"_s},
                                           {},
                                           wide,
-                                          u"-1000||||||||2"_s.split(u'|')}));
+                                          u"-1000|||43831|||||2"_s.split(u'|')}));
+}
+
+TEST(Xlsx, ADateIsTheNumberThatTheSheetCountsItBy)
+{
+    const auto read = [](const QByteArray &properties, const QByteArray &dates) {
+        QByteArray cells;
+        for (const QByteArray &date : dates.split(' '))
+            cells += "<c t='d'><v>" + date + "</v></c>";
+        return Read(ReadXlsx, Package().Properties(properties).Rows("<row>" + cells + "</row>").Build());
+    };
+    EXPECT_EQ(
+        read("", "2024-02-29T18:00:00Z 1900-03-01 1900-02-28 1900-01-01T06:00:00.000 12:00:00 2024-02-29T13:45:30"),
+        Rows({{u"45351.75"_s, u"61"_s, u"59"_s, u"1.25"_s, u"0.5"_s, u"45351.573264"_s}}));
+    EXPECT_EQ(read("<workbookPr date1904='1'/>", "1904-01-02 2024-02-29"), Rows({{u"1"_s, u"43889"_s}}));
+    EXPECT_EQ(read("<workbookPr date1904='false'/>", "2024-02-29"), Rows({{u"45351"_s}}));
 }
 
 TEST(Xlsx, TheFirstWorksheetIsFoundWhereverItLies)
@@ -147,6 +162,7 @@ TEST(Xlsx, WhatIsWrongIsSaid)
                    {Broken, "\"1,5\" is no number", rows("<row><c><v>1,5</v></c></row>")},
                    {Broken, "\"nan\" is no number", rows("<row><c><v>nan</v></c></row>")},
                    {Broken, "\"x\" is no type", rows("<row><c t='x'/></row>")},
+                   {Broken, "\"2024-13-01\" is no date", rows("<row><c t='d'><v>2024-13-01</v></c></row>")},
                    {Broken, "\"0\" is no row", rows("<row r='0'/>")},
                    {Broken, "\"1A\" is no cell", rows("<row><c r='1A'/></row>")},
                    {TooLarge, "row 4294967297: a sheet has 1048576", rows("<row r='4294967297'/>")},
