@@ -288,15 +288,6 @@ QStringList CResDoc::ProjectFiles()
     return files;
 }
 
-IProjView *CResDoc::GetProjView() const
-{
-    for (CView *view : Views()) {
-        if (auto *projView = dynamic_cast<IProjView *>(view))
-            return projView;
-    }
-    return nullptr;
-}
-
 void CResDoc::WatchFile(const QString &path, WatchClass watchClass)
 {
     UnwatchFile(path, watchClass);
@@ -390,18 +381,16 @@ void CResDoc::ReloadStrings()
     const bool isRead = ReadStringFile(refPath, *this) == 0;
     if (isRead)
         KeepWhatIsLeftOut();
-    IProjView *const view = GetProjView();
-    const CResFolder *selected = view ? view->SelectedFolder() : nullptr;
+    const CResFolder *selected = selection ? selection->SelectedFolder() : nullptr;
     if (selected && selected->kind == KIND_STRINGS)
-        UpdateAllViews(view); // also with what a failure has left
+        UpdateAllViews(selection->ProjView()); // also with what a failure has left
     if (!isRead)
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
 }
 
 void CResDoc::ReloadLayouts(const QString &path)
 {
-    IProjView *const view = GetProjView();
-    const CResFolder *selected = view ? view->SelectedFolder() : nullptr;
+    const CResFolder *selected = selection ? selection->SelectedFolder() : nullptr;
     const QString title = selected && selected->kind == KIND_LAYOUT ? selected->title : QString();
     const LayoutEntry entry = FindLayoutEntry(m_strPathName, path, *this);
     CResFolder *const folder = root.FindFolder(KIND_RESO_LAYOUTS, entry.resolution, 2);
@@ -417,7 +406,7 @@ void CResDoc::ReloadLayouts(const QString &path)
     UpdateAllViews(nullptr);
     CResFolder *const again = title.isEmpty() ? nullptr : folder->FindFolder(KIND_LAYOUT, title, 1);
     if (again)
-        view->SelectFolder(again);
+        selection->SelectFolder(again);
 }
 
 CResFolder &CResDoc::AddLayoutFolder(CResFolder &folder, std::unique_ptr<CLayoutRes> layout)
