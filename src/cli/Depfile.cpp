@@ -3,31 +3,52 @@
 #include "HostFiles.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace
 {
 
-QByteArray Escaped(const QByteArray &path)
+/// Appends a name as make and Ninja both read it. A backslash is itself, but those in front of an escaped character.
+void AppendEscaped(QByteArray &text, const QByteArray &name)
 {
-    QByteArray result;
-    for (const char c : path) {
-        if (c == ' ' || c == '#' || c == '\\')
-            result += '\\';
+    qsizetype backslashes = 0;
+    for (const char c : name) {
+        if (c == ' ' || c == '#' || c == ':')
+            text.append(backslashes + 1, '\\');
         else if (c == '$')
-            result += '$';
-        result += c;
+            text += '$';
+        text += c;
+        backslashes = c == '\\' ? backslashes + 1 : 0;
     }
-    return result;
+}
+
+/// To make these end the list of a rule, and what follows ";" is even run.
+bool CanBeWritten(const QByteArray &name)
+{
+    return !name.endsWith('\\') &&
+           std::none_of(name.begin(), name.end(), [](char c) { return std::strchr(";|\t\r\n", c) != nullptr; });
 }
 
 } // namespace
 
-int WriteDepfile(const QString &path, const QByteArray &target, std::vector<QByteArray> inputs)
+QString WriteDepfile(const QString &path, const QByteArray &target, std::vector<QByteArray> inputs)
 {
     std::sort(inputs.begin(), inputs.end());
     inputs.erase(std::unique(inputs.begin(), inputs.end()), inputs.end());
-    QByteArray text = Escaped(target) + ':';
-    for (const QByteArray &input : inputs)
-        text += " \\\n  " + Escaped(input);
-    return WriteFileAtomically(path, text + '\n', IfDevice::WriteThrough);
+    QByteArray text;
+    AppendEscaped(text, target);
+    text += ':';
+    for (const QByteArray &input : inputs) {
+        text += " \\\n  ";
+        AppendEscaped(text, input);
+    }
+    inputs.push_back(target);
+    const auto bad = std::find_if_not(inputs.begin(), inputs.end(), CanBeWritten);
+    if (bad != inputs.end())
+        return QStringLiteral("%1 wasn't written: a dependency file can't have the name %2, with a semicolon, a bar, a "
+                              "tab, a line end or a backslash at its end; rename the file")
+            .arg(path, QString::fromUtf8(*bad));
+    const int error = WriteFileAtomically(path, text + '\n', IfDevice::WriteThrough);
+    return error == 0 ? QString()
+                      : QStringLiteral("cannot write %1: %2").arg(path, QString::fromLocal8Bit(strerror(error)));
 }

@@ -6,8 +6,6 @@
 #include "ProjectSave.h"
 #include "Subcommands.h"
 
-#include <cstring>
-
 namespace
 {
 
@@ -79,10 +77,10 @@ private:
             inputs.push_back(HostPath(file));
         const QByteArray made =
             depfileTarget.empty() ? headers.MainHeader().toUtf8() : QByteArray::fromStdString(depfileTarget);
-        const int error = WriteDepfile(path, made, std::move(inputs));
-        if (error != 0)
-            Complain(QStringLiteral("cannot write %1: %2").arg(path, QString::fromLocal8Bit(strerror(error))));
-        return error == 0 ? EXIT_FINE : EXIT_FAILED;
+        const QString problem = WriteDepfile(path, made, std::move(inputs));
+        if (!problem.isEmpty())
+            Complain(problem);
+        return problem.isEmpty() ? EXIT_FINE : EXIT_FAILED;
     }
 
     std::string project;

@@ -10,8 +10,6 @@
 
 #include <QRegularExpression>
 
-#include <cstring>
-
 namespace
 {
 
@@ -130,11 +128,10 @@ private:
             inputs.push_back(HostPath(file));
         const QString made =
             request.outputFile.isEmpty() ? request.inputFile + QStringLiteral(".pkd") : request.outputFile;
-        if (const int error = WriteDepfile(path, made.toUtf8(), std::move(inputs))) {
-            Complain(QStringLiteral("cannot write %1: %2").arg(path, QString::fromLocal8Bit(strerror(error))));
-            return EXIT_FAILED;
-        }
-        return EXIT_FINE;
+        const QString problem = WriteDepfile(path, made.toUtf8(), std::move(inputs));
+        if (!problem.isEmpty())
+            Complain(problem);
+        return problem.isEmpty() ? EXIT_FINE : EXIT_FAILED;
     }
 
     std::string project;

@@ -72,6 +72,19 @@ class Cli(DemoProject):
         self.assertEqual([item['key'] for item in seen[0]['block']][1:3], [100000, 1])
         self.assertEqual(seen[0]['strings'], {'0': {'2': 'Hi'}})
 
+    def test_names_in_a_depfile_are_as_make_and_ninja_read_them(self):
+        def depfile_of(name):
+            (self.dir / name).write_bytes(b'x')
+            (self.dir / 'res/demo.res.xml').write_text(f'<APP><FILE id="ID_A" type="Normal">.\\{name}</FILE></APP>')
+            status, _, err = self.run_cli(*self.to_pack, '--depfile', 'deps')
+            return status, err, (self.dir / 'deps').read_text()
+        status, _, text = depfile_of('a #b:c$d.bin')
+        self.assertEqual(status, 0)
+        self.assertIn(r'/a\ \#b\:c$$d.bin', text)
+        status, err, _ = depfile_of('a;touch x.bin')
+        self.assertEqual(status, 1)
+        self.assertIn("a;touch x.bin, with a semicolon", err)
+
     def test_a_wrong_command_line_ends_with_2_and_a_message(self):
         for arguments in ((), ('fly',), ('load',), ('pack', self.project), ('load', self.project, '--fast'),
                           ('load', '/' + 'x' * 300, '--remote')):
