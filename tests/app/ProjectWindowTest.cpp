@@ -43,7 +43,7 @@ TEST(ProjectWindow, ShowsTheFoldersInUseAndLeadsIntoThem)
     EXPECT_EQ(Shown(window.Tree().topLevelItem(0)), "big\n  Files\n    Audio\n    Video\n    Binary\n  Images\n"
                                                     "    240x320\n    320x240\n    Default\n  Strings\n");
     EXPECT_EQ(window.Tree().currentItem(), window.Tree().topLevelItem(0));
-    EXPECT_EQ(window.Tree().SelectedFolder(), &window.Document().root);
+    EXPECT_EQ(window.Selected(), &window.Document().root);
     QListWidget &list = DefaultView(window);
     EXPECT_EQ(RowsOf(list), "Files Images Strings");
     for (const QListWidgetItem *row : {list.item(0), list.item(1), list.item(2)})
@@ -55,19 +55,19 @@ TEST(ProjectWindow, ShowsTheFoldersInUseAndLeadsIntoThem)
     EXPECT_EQ(window.Tree().currentItem(), window.Row(u"Images"_s));
     EXPECT_EQ(RowsOf(list), "240x320 320x240 Default");
     QTest::keyClick(&window.Tree(), Qt::Key_Down);
-    EXPECT_EQ(window.Tree().SelectedFolder()->title, u"240x320"_s);
+    EXPECT_EQ(window.Selected()->title, u"240x320"_s);
 
     window.Document().UpdateAllViews(nullptr);
-    EXPECT_EQ(window.Tree().SelectedFolder()->title, u"240x320"_s) << "a refill keeps the selection";
+    EXPECT_EQ(window.Selected()->title, u"240x320"_s) << "a refill keeps the selection";
     for (const bool isGone : {false, true}) {
         window.Document().treeGoes.Tell(window.Document().root);
-        EXPECT_EQ(window.Tree().SelectedFolder(), nullptr) << "what a reload destroys is let go of";
+        EXPECT_EQ(window.Selected(), nullptr) << "what a reload destroys is let go of";
         if (isGone)
             window.Document().root.FindFolder(KIND_RESO_IMAGES, 1, 2)->kind |= KIND_FLAG_OFF;
         window.Document().UpdateAllViews(nullptr);
-        EXPECT_EQ(window.Tree().SelectedFolder()->title, isGone ? QString() : u"240x320"_s);
+        EXPECT_EQ(window.Selected()->title, isGone ? QString() : u"240x320"_s);
     }
-    EXPECT_EQ(window.Tree().SelectedFolder(), &window.Document().root);
+    EXPECT_EQ(window.Selected(), &window.Document().root);
     EXPECT_EQ(EntryOf(KIND_COMPONENT | KIND_FLAG_OFF).icon, UiIcon::None);
 }
 
@@ -226,7 +226,7 @@ TEST(ProjectWindow, IsReachedByTheKeyboard)
     EXPECT_EQ(QApplication::focusWidget(), &window.Tree());
     const QPoint strings = window.Tree().visualItemRect(window.Row(u"Strings"_s)).center();
     QTest::mouseClick(window.Tree().viewport(), Qt::RightButton, {}, strings);
-    EXPECT_EQ(window.Tree().SelectedFolder(), &window.Document().root) << "a right click selects nothing";
+    EXPECT_EQ(window.Selected(), &window.Document().root) << "a right click selects nothing";
 
     QTest::mouseClick(window.Tree().viewport(), Qt::LeftButton, Qt::ControlModifier, strings);
     QTest::mouseClick(window.Tree().viewport(), Qt::LeftButton, Qt::ControlModifier, strings);

@@ -101,6 +101,7 @@ struct TestWindow
     [[nodiscard]] CMainFrame &Frame() const { return app->Frame(); }
     [[nodiscard]] CChildFrame &Child() const { return *Frame().ActiveChild(); }
     [[nodiscard]] CProjView &Tree() const { return Child().Tree(); }
+    [[nodiscard]] CResFolder *Selected() const { return Child().Selected().SelectedFolder(); }
     [[nodiscard]] CResDoc &Document() const { return Child().Document(); }
     /// The row of the project tree with that label.
     [[nodiscard]] QTreeWidgetItem *Row(const QString &label) const

@@ -60,7 +60,7 @@ TEST(ProjectTree, AMenuThatIsClosedWithoutAnActionLeavesNothingBehind)
             tip = window.Frame().statusBar()->currentMessage();
             QTest::keyClick(menu, key);
         });
-        window.Tree().OpenContextMenu(window.Row(otherName), QPoint(9, 9));
+        window.Tree().OpenContextMenu(*CProjView::FolderOf(window.Row(otherName)), QPoint(9, 9));
         EXPECT_EQ(tip, TipOf(ACTION_DELETE));
         EXPECT_EQ(window.Frame().statusBar()->currentMessage(), QString());
     };
@@ -224,7 +224,7 @@ TEST(Contents, TellWhatIsInTheirFoldersAndLeadOutAgain)
     EXPECT_EQ(QApplication::focusWidget(), &list);
     for (QWidget *view : QList<QWidget *>{&list, &window.Tree()}) {
         QTest::keyClick(view, Qt::Key_Up, Qt::AltModifier); // there is nothing above the root
-        EXPECT_EQ(window.Tree().SelectedFolder(), &window.Document().root);
+        EXPECT_EQ(window.Selected(), &window.Document().root);
         window.Tree().setCurrentItem(window.Row(u"Audio"_s));
         QTest::keyClick(&window.Tree(), Qt::Key_Backspace);
         EXPECT_EQ(window.Tree().currentItem(), window.Row(u"Files"_s));
@@ -240,7 +240,7 @@ TEST(Contents, LeadOutOfOneOfManyLayoutsInAMoment)
     for (int i = 0; i < 10'000; ++i)
         screen.AddFolder(window.Document().CreateFolder(KIND_LAYOUT, screen.index));
     window.Document().UpdateAllViews(nullptr);
-    window.Tree().SelectFolder(screen.subfolders[9'000].get());
+    window.Child().Selected().SelectFolder(screen.subfolders[9'000].get());
     Contents(window).setFocus();
     QElapsedTimer clock;
     clock.start();
@@ -255,15 +255,15 @@ TEST(Contents, RenameAndDeleteLayoutsAndKeysOfALabelDoNotLeadOut)
     window.folder.Put("bin/Morvanite.ini", WITH_LAYOUTS);
     window.Start({window.Project()});
     CResFolder &screen = *Folder(window, u"Layouts"_s).subfolders[1];
-    window.Tree().SelectFolder(&screen);
+    window.Child().Selected().SelectFolder(&screen);
     ASSERT_TRUE(window.Document().CreateLayoutRes(screen.index));
     window.Document().UpdateAllViews(nullptr);
     for (QAbstractItemView *view : QList<QAbstractItemView *>{&Contents(window), &window.Tree()}) {
         if (view == &window.Tree())
-            window.Tree().SelectFolder(screen.subfolders.front().get());
+            window.Child().Selected().SelectFolder(screen.subfolders.front().get());
         else
             Contents(window).setCurrentRow(0);
-        const CResFolder *const before = window.Tree().SelectedFolder();
+        const CResFolder *const before = window.Selected();
         view->setFocus();
         window.Frame().RunAction(ACTION_RENAME);
         auto *const edit = view->findChild<QLineEdit *>();
@@ -271,10 +271,10 @@ TEST(Contents, RenameAndDeleteLayoutsAndKeysOfALabelDoNotLeadOut)
         QTest::keyClick(edit, Qt::Key_Backspace);
         QTest::keyClick(edit, Qt::Key_Up, Qt::AltModifier);
         QTest::keyClick(edit, Qt::Key_Up);
-        EXPECT_EQ(window.Tree().SelectedFolder(), before);
+        EXPECT_EQ(window.Selected(), before);
         QTest::keyClick(edit, Qt::Key_Escape);
     }
-    window.Tree().SelectFolder(&screen);
+    window.Child().Selected().SelectFolder(&screen);
     Contents(window).setFocus();
     EXPECT_FALSE(window.Frame().IsEnabled(ACTION_DELETE)) << "no row is selected";
     Contents(window).setCurrentRow(0);

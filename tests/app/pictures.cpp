@@ -62,7 +62,8 @@ void TakeContextMenu(TestWindow &window, const QString &folder)
             menu->close();
         }
     });
-    window.Tree().OpenContextMenu(window.Row(u"Images"_s), window.Frame().mapToGlobal(QPoint(60, 120)));
+    window.Tree().OpenContextMenu(*CProjView::FolderOf(window.Row(u"Images"_s)),
+                                  window.Frame().mapToGlobal(QPoint(60, 120)));
 }
 
 void TakeAll(TestWindow &window, const QString &folder, const QString &sample)

@@ -14,6 +14,7 @@ protected:
         project.folder.Put(STRINGS, TestProject::StringTable({"ID_HELLO"}));
         doc = project.Open();
         doc->AddView(&projView);
+        doc->selection = &projView;
         doc->AddView(&other);
     }
 

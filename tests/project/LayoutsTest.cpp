@@ -256,6 +256,7 @@ TEST_F(Layouts, AreReadAgainWhenTheirFileChanges)
     Open();
     CountingView view;
     doc->AddView(&view);
+    doc->selection = &view;
     view.selected = folder->subfolders.at(1).get();
     project.folder.Put(FILE, LayoutFile(Layout("ID_NEW") + Layout("ID_B")));
     (void)project.TakeOutput();

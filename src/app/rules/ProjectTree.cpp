@@ -1,12 +1,54 @@
 #include "ProjectTree.h"
 
 #include "Environment.h"
+#include "FolderKinds.h"
 #include "IdNames.h"
 #include "ResModel.h"
+
+#include <algorithm>
 
 QString LabelOf(const CResFolder &folder, const CResModel &document)
 {
     return &folder == &document.root ? document.name : folder.title;
+}
+
+namespace
+{
+
+bool ExtendPath(CResFolder &at, const CResFolder *folder, std::vector<CResFolder *> &path)
+{
+    if (!IsShown(at))
+        return false;
+    path.push_back(&at);
+    if (&at == folder)
+        return true;
+    for (const auto &subfolder : at.subfolders) {
+        if (ExtendPath(*subfolder, folder, path))
+            return true;
+    }
+    path.pop_back();
+    return false;
+}
+
+} // namespace
+
+std::vector<CResFolder *> PathTo(CResFolder &root, const CResFolder *folder)
+{
+    std::vector<CResFolder *> path;
+    if (folder)
+        (void)ExtendPath(root, folder, path);
+    return path;
+}
+
+bool IsWithin(const CResFolder &folder, const CResFolder &tree)
+{
+    return &folder == &tree || std::any_of(tree.subfolders.begin(), tree.subfolders.end(),
+                                           [&](const auto &subfolder) { return IsWithin(folder, *subfolder); });
+}
+
+bool GoesWith(const CResFolder &folder, const CResFolder &going)
+{
+    return &folder == &going ? folder.kind == KIND_LAYOUT : IsWithin(folder, going);
 }
 
 QString ClearQuestion(const QString &label)

@@ -9,6 +9,17 @@ class CResModel;
 /// What a folder is called: its title, and for the root, which has none, the project's name.
 [[nodiscard]] QString LabelOf(const CResFolder &folder, const CResModel &document);
 
+/// The folders from the root down to `folder`, both with them. Empty when it isn't in the tree, isn't shown, or is
+/// null; such a pointer isn't read.
+[[nodiscard]] std::vector<CResFolder *> PathTo(CResFolder &root, const CResFolder *folder);
+
+/// Says whether `folder` is `tree` or below it.
+[[nodiscard]] bool IsWithin(const CResFolder &folder, const CResFolder &tree);
+
+/// Says whether `folder`, which has a row in the project tree, is destroyed when `going` is announced to go
+/// (ITreeListener). Of the folders with rows only a layout's is deleted itself; others are emptied.
+[[nodiscard]] bool GoesWith(const CResFolder &folder, const CResFolder &going);
+
 /// The question before a folder is emptied.
 [[nodiscard]] QString ClearQuestion(const QString &label);
 

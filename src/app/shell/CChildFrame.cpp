@@ -2,6 +2,7 @@
 
 #include "Actions.h"
 #include "Environment.h"
+#include "Panes.h"
 #include "Paths.h"
 #include "UiIcons.h"
 #include "WaitCursor.h"
@@ -15,14 +16,15 @@
 #include <utility>
 
 CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, ToolboxState &sharedToolbox)
-    : document(projectDocument), shell(shellHost), toolbox(sharedToolbox),
+    : document(projectDocument), shell(shellHost), toolbox(sharedToolbox), selection(std::in_place, projectDocument),
       splitter(new KeyboardSplitter(Qt::Horizontal)), right(new QStackedWidget)
 {
     setWindowIcon(MakeIcon(UiIcon::Project));
     setAttribute(Qt::WA_DeleteOnClose);
     for (QAction *entry : systemMenu()->actions())
         entry->setShortcuts(QList<QKeySequence>()); // the keys are those of File, Close; of two neither would work
-    tree = new CProjView(document, *this);
+    document.selection = &*selection;
+    tree = new CProjView(document, *selection, *this);
     splitter->addWidget(tree); // shown first, since the contents show what the tree has
     splitter->addWidget(right);
     splitter->setChildrenCollapsible(false);
@@ -70,6 +72,8 @@ void CChildFrame::LeaveDocument()
     if (!isStored)
         (void)document.env.settings.WriteAll(State());
     delete std::exchange(splitter, nullptr);
+    document.selection = nullptr;
+    selection.reset();
 }
 
 QList<ProfileEntry> CChildFrame::State() const
@@ -85,17 +89,11 @@ void CChildFrame::ShowTitle()
     setWindowModified(document.IsModified());
 }
 
-QWidget *CChildFrame::MakePane(Pane pane)
-{
-    // A kind of pane that isn't here yet shows what lies below its folder.
-    return pane == Pane::Default ? new CDefaultView(document, *tree) : nullptr;
-}
-
 void CChildFrame::ShowPane(Pane pane)
 {
     QWidget *&known = panes[pane];
     if (!known) {
-        known = MakePane(pane);
+        known = MakePane(pane, {document, *selection, *tree, *this});
         if (!known)
             known = panes[Pane::Default];
         else

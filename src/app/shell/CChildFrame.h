@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CDefaultView.h"
+#include "CProjView.h"
 #include "FrameState.h"
 #include "KeyboardSplitter.h"
 #include "NoticeBar.h"
@@ -24,6 +24,8 @@ public:
 
     [[nodiscard]] CResDoc &Document() const { return document; }
     [[nodiscard]] CProjView &Tree() { return *tree; }
+    /// Only before it has let go of its document.
+    [[nodiscard]] Selection &Selected() { return *selection; }
     [[nodiscard]] NoticeBar &Notice() { return *notice; }
 
     /// The view that takes actions: the one with the focus, else the one that had it last.
@@ -62,7 +64,6 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    [[nodiscard]] QWidget *MakePane(Pane pane);
     void MakeContent();
     void ShowTitle();
     void LeaveDocument();
@@ -71,6 +72,7 @@ private:
     CResDoc &document;
     IViewHost &shell;
     ToolboxState &toolbox;
+    std::optional<Selection> selection; // until the document has been left
     NoticeBar *notice;
     KeyboardSplitter *splitter; // null once the document has been left
     CProjView *tree;

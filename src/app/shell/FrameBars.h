@@ -4,6 +4,8 @@
 #include "FrameState.h"
 #include "OutputTail.h"
 
+#include <memory>
+
 class CInfoPane;
 class CSizingControlBar;
 class Environment;

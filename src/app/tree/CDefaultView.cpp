@@ -5,6 +5,7 @@
 #include "CopyGuard.h"
 #include "ProjectTree.h"
 #include "ResourceCounts.h"
+#include "UiIcons.h"
 
 #include <QContextMenuEvent>
 #include <QMouseEvent>
@@ -20,15 +21,15 @@ constexpr int GRID_WIDTH = 96;
 constexpr int NARROWEST = 64; // has room for the name of a resolution
 constexpr int LINES = 3;      // of text below an icon: a name of two lines, and what is in it
 
-const CResFolder *FolderOf(const QListWidgetItem *row)
+CResFolder *FolderOf(const QListWidgetItem *row)
 {
-    return static_cast<const CResFolder *>(row->data(Qt::UserRole).value<void *>());
+    return row ? static_cast<CResFolder *>(row->data(Qt::UserRole).value<void *>()) : nullptr;
 }
 
 } // namespace
 
-CDefaultView::CDefaultView(CResDoc &projectDocument, CProjView &projectTree)
-    : document(projectDocument), tree(projectTree)
+CDefaultView::CDefaultView(CResDoc &projectDocument, Selection &folderSelection, CProjView &projectTree)
+    : ITreeListener(projectDocument), document(projectDocument), selection(folderSelection), tree(projectTree)
 {
     setViewMode(QListView::IconMode);
     setIconSize(QSize(ICON_SIDE, ICON_SIDE));
@@ -42,15 +43,15 @@ CDefaultView::CDefaultView(CResDoc &projectDocument, CProjView &projectTree)
     setTextElideMode(Qt::ElideMiddle);
     setAccessibleName(QStringLiteral("Contents"));
     const auto enter = [this](const QListWidgetItem *row) {
-        if (QTreeWidgetItem *item = TreeItemOf(row))
-            tree.setCurrentItem(item);
+        if (CResFolder *folder = FolderOf(row)) // a double click also activates, when the row has gone by then
+            selection.SelectFolder(folder);
     };
     connect(this, &QListWidget::itemDoubleClicked, this, enter);
     connect(this, &QListWidget::itemActivated, this, enter);
     connect(this, &QListWidget::itemChanged, this, [this](const QListWidgetItem *row) {
-        QTreeWidgetItem *const item = isFilling ? nullptr : TreeItemOf(row);
-        if (item && item->text(0) != row->text())
-            tree.EditLabel(item, QString(row->text())); // which fills this view anew
+        CResFolder *const folder = FolderOf(row);
+        if (!isFilling && folder && LabelOf(*folder, document) != row->text())
+            tree.EditLabel(*folder, QString(row->text())); // which fills this view anew
     });
     document.AddView(this);
 }
@@ -58,11 +59,6 @@ CDefaultView::CDefaultView(CResDoc &projectDocument, CProjView &projectTree)
 CDefaultView::~CDefaultView()
 {
     document.RemoveView(this);
-}
-
-QTreeWidgetItem *CDefaultView::TreeItemOf(const QListWidgetItem *row) const
-{
-    return row ? tree.ItemOf(FolderOf(row)) : nullptr;
 }
 
 QListWidgetItem *CDefaultView::SelectedRow() const
@@ -75,6 +71,21 @@ void CDefaultView::OnUpdate(CView *, long, CView *target)
 {
     if ((!target || target == this) && isVisible())
         Fill();
+}
+
+/// Takes off the rows of the folders that go; an update follows, which shows those that have come.
+void CDefaultView::TreeGoes(const CResFolder &folder)
+{
+    const QScopedValueRollback filling(isFilling, true);
+    if (shown && IsWithin(*shown, folder)) {
+        clear();
+        shown = nullptr;
+        return;
+    }
+    for (int i = 0; i < count() && GoesWith(folder, folder); ++i) {
+        if (FolderOf(item(i)) == &folder)
+            delete takeItem(i);
+    }
 }
 
 void CDefaultView::mousePressEvent(QMouseEvent *event)
@@ -134,8 +145,8 @@ void CDefaultView::keyPressEvent(QKeyEvent *event)
 
 void CDefaultView::GoOut()
 {
-    const CResFolder *const left = CProjView::FolderOf(tree.currentItem());
-    if (tree.GoOut())
+    const CResFolder *const left = selection.SelectedFolder();
+    if (selection.GoOut())
         SelectRow(left);
 }
 
@@ -150,25 +161,25 @@ void CDefaultView::SelectRow(const CResFolder *folder)
 void CDefaultView::Fill()
 {
     const QScopedValueRollback filling(isFilling, true);
-    const QListWidgetItem *const selected = SelectedRow();
-    const void *const selectedFolder = selected ? selected->data(Qt::UserRole).value<void *>() : nullptr;
+    const CResFolder *const selectedRow = FolderOf(SelectedRow());
     clear();
-    const QTreeWidgetItem *const shown = tree.currentItem();
-    for (int i = 0; shown && i < shown->childCount(); ++i) {
-        const QTreeWidgetItem *const child = shown->child(i);
-        const CResFolder &folder = *CProjView::FolderOf(child);
-        auto *const row = new QListWidgetItem(child->icon(0), child->text(0), this);
+    shown = selection.SelectedFolder();
+    for (size_t i = 0; shown && i < shown->subfolders.size(); ++i) {
+        CResFolder &folder = *shown->subfolders[i];
+        if (!IsShown(folder))
+            continue;
+        auto *const row = new QListWidgetItem(MakeIcon(IconOf(folder)), LabelOf(folder, document), this);
         const QString line = CountLineOf(folder);
-        row->setData(Qt::UserRole, child->data(0, Qt::UserRole));
+        row->setData(Qt::UserRole, QVariant::fromValue(static_cast<void *>(&folder)));
         row->setData(ContentsDelegate::COUNT_LINE, line);
         row->setData(Qt::AccessibleTextRole, line.isEmpty() ? row->text() : row->text() + QStringLiteral(", ") + line);
         row->setToolTip(row->data(Qt::AccessibleTextRole).toString());
         if (CanEditLabel(&folder))
             row->setFlags(row->flags() | Qt::ItemIsEditable);
-        if (&folder == selectedFolder)
+        if (&folder == selectedRow)
             setCurrentItem(row);
     }
-    hint = shown && count() == 0 ? HintOf(*CProjView::FolderOf(shown)) : QString();
+    hint = shown && count() == 0 ? HintOf(*shown) : QString();
     setAccessibleDescription(hint);
     viewport()->update();
 }
@@ -192,7 +203,7 @@ void CDefaultView::Run(ActionId id)
 {
     if (id == ACTION_RENAME)
         return editItem(SelectedRow());
-    tree.SetContextFolder(CProjView::FolderOf(TreeItemOf(SelectedRow())));
+    tree.SetContextFolder(FolderOf(SelectedRow()));
     tree.Run(id);
 }
 
@@ -200,10 +211,10 @@ void CDefaultView::contextMenuEvent(QContextMenuEvent *event)
 {
     const bool isFromKeyboard = event->reason() == QContextMenuEvent::Keyboard;
     const QListWidgetItem *const row = SelectedRow();
-    QTreeWidgetItem *const item = row ? TreeItemOf(row) : tree.currentItem();
+    CResFolder *const folder = row ? FolderOf(row) : selection.SelectedFolder();
     QPoint place = event->globalPos();
     if (isFromKeyboard)
         place = viewport()->mapToGlobal(row ? visualItemRect(row).center() : QPoint());
-    if (item)
-        tree.OpenContextMenu(item, place);
+    if (folder)
+        tree.OpenContextMenu(*folder, place);
 }

@@ -6,12 +6,14 @@
 
 /// The children of the selected folder as large icons, for a folder that has no view of its own. Leads into them and
 /// out again.
-class CDefaultView : public QListWidget, public CView, public IActionTarget
+class CDefaultView : public QListWidget, public CView, public IActionTarget, public ITreeListener
 {
 public:
-    CDefaultView(CResDoc &projectDocument, CProjView &projectTree);
+    /// The menus of folders, and what is chosen there, are `projectTree`'s.
+    CDefaultView(CResDoc &projectDocument, Selection &folderSelection, CProjView &projectTree);
     ~CDefaultView() override;
 
+    void TreeGoes(const CResFolder &folder) override;
     void OnUpdate(CView *sender, long hint, CView *target) override;
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
     void Run(ActionId id) override;
@@ -31,12 +33,13 @@ private:
     void GoOut();
     void FitGrid();
     void SelectRow(const CResFolder *folder);
-    [[nodiscard]] QTreeWidgetItem *TreeItemOf(const QListWidgetItem *row) const;
     /// The row that is selected, or null.
     [[nodiscard]] QListWidgetItem *SelectedRow() const;
 
     CResDoc &document;
+    Selection &selection;
     CProjView &tree;
-    QString hint; // in the place of rows
+    CResFolder *shown = nullptr; // whose subfolders the rows are
+    QString hint;                // in the place of rows
     bool isFilling = false;
 };

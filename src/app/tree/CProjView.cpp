@@ -17,17 +17,6 @@
 #include <QScopedValueRollback>
 #include <QStatusTipEvent>
 
-namespace
-{
-
-/// A layout's folder is found by its title, any other by what it is for.
-CProjView::PathStep StepTo(const CResFolder &folder)
-{
-    return {folder.kind, folder.index, CanEditLabel(&folder) ? folder.title : QString()};
-}
-
-} // namespace
-
 bool LeadsOut(const QKeyEvent &key)
 {
     const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::KeypadModifier;
@@ -35,8 +24,9 @@ bool LeadsOut(const QKeyEvent &key)
            (key.key() == Qt::Key_Up && modifiers == Qt::AltModifier);
 }
 
-CProjView::CProjView(CResDoc &projectDocument, IViewHost &viewHost)
-    : ITreeListener(projectDocument), document(projectDocument), host(viewHost)
+CProjView::CProjView(CResDoc &projectDocument, Selection &folderSelection, IViewHost &viewHost)
+    : ITreeListener(projectDocument), document(projectDocument), selection(folderSelection), host(viewHost),
+      selectionChanged(selection.changed, [this] { SelectionChanged(); })
 {
     setHeaderHidden(true);
     setColumnCount(1);
@@ -49,13 +39,18 @@ CProjView::CProjView(CResDoc &projectDocument, IViewHost &viewHost)
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     connect(this, &QTreeWidget::itemExpanded, this, &CProjView::FitColumn);
     connect(this, &QTreeWidget::itemCollapsed, this, &CProjView::FitColumn);
-    connect(this, &QTreeWidget::currentItemChanged, this, [this] { SelectionChanged(); });
+    connect(this, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem *item) {
+        if (!isFilling)
+            selection.SelectFolder(FolderOf(item));
+    });
     connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem *item) { LabelEdited(item); });
     document.AddView(this);
+    selection.projView = this;
 }
 
 CProjView::~CProjView()
 {
+    selection.projView = nullptr;
     document.RemoveView(this);
 }
 
@@ -71,12 +66,6 @@ QTreeWidgetItem *CProjView::ItemOf(const CResFolder *folder) const
             return *item;
     }
     return nullptr;
-}
-
-void CProjView::SelectFolder(CResFolder *folder)
-{
-    if (QTreeWidgetItem *item = ItemOf(folder))
-        setCurrentItem(item);
 }
 
 void CProjView::OnUpdate(CView *sender, long, CView *target)
@@ -100,15 +89,7 @@ void CProjView::keyPressEvent(QKeyEvent *event)
         return; // a key that the label has no use for
     if (!LeadsOut(*event))
         return QTreeWidget::keyPressEvent(event);
-    (void)GoOut();
-}
-
-bool CProjView::GoOut()
-{
-    QTreeWidgetItem *const above = currentItem() ? currentItem()->parent() : nullptr;
-    if (above)
-        setCurrentItem(above);
-    return above != nullptr;
+    (void)selection.GoOut();
 }
 
 /// One folder is always selected: nothing deselects it.
@@ -144,55 +125,32 @@ void CProjView::showEvent(QShowEvent *event)
         Fill();
 }
 
-/// Lets go of all folders when some that have rows go; an update follows. What is known of the selected one says which
-/// of those that come is the same.
+/// Takes off the rows of the folders that go; an update follows, which shows those that have come.
 void CProjView::TreeGoes(const CResFolder &folder)
 {
-    const QTreeWidgetItem *const row = ItemOf(&folder);
-    if (!row || (row->childCount() == 0 && folder.kind != KIND_LAYOUT))
+    if (contextFolder && GoesWith(*contextFolder, folder))
+        contextFolder = nullptr;
+    QTreeWidgetItem *const row = ItemOf(&folder);
+    if (!row)
         return;
-    if (selectedFolder) {
-        selectedPath.clear();
-        for (const QTreeWidgetItem *item = currentItem(); item && item->parent(); item = item->parent())
-            selectedPath.push_back(StepTo(*FolderOf(item)));
-    }
-    Empty();
-}
-
-void CProjView::Empty()
-{
     const QScopedValueRollback filling(isFilling, true);
-    clear();
-    contextFolder = selectedFolder = nullptr;
-}
-
-QTreeWidgetItem *CProjView::ItemAt(std::span<const PathStep> path) const
-{
-    QTreeWidgetItem *item = topLevelItem(0);
-    for (size_t left = path.size(); item && left > 0; --left) {
-        QTreeWidgetItem *next = nullptr;
-        for (int i = 0; i < item->childCount() && !next; ++i) {
-            if (StepTo(*FolderOf(item->child(i))) == path[left - 1])
-                next = item->child(i);
-        }
-        item = next;
-    }
-    return item;
+    qDeleteAll(row->takeChildren());
+    if (GoesWith(folder, folder))
+        delete row;
 }
 
 void CProjView::Fill()
 {
-    CResFolder *const selected = selectedFolder;
     {
         const QScopedValueRollback filling(isFilling, true);
         setUpdatesEnabled(false);
-        Empty();
+        clear();
+        contextFolder = nullptr;
         Insert(invisibleRootItem(), document.root);
         setUpdatesEnabled(true);
     }
-    QTreeWidgetItem *const item = selected ? ItemOf(selected) : ItemAt(selectedPath);
-    selectedPath.clear();
-    setCurrentItem(item ? item : topLevelItem(0));
+    selection.Refresh();
+    ShowSelected();
     FitColumn();
 }
 
@@ -219,12 +177,20 @@ QTreeWidgetItem *CProjView::Insert(QTreeWidgetItem *parent, CResFolder &folder)
     return item;
 }
 
+void CProjView::ShowSelected()
+{
+    const CResFolder *const folder = selection.SelectedFolder();
+    if (FolderOf(currentItem()) == folder)
+        return;
+    const QScopedValueRollback filling(isFilling, true);
+    setCurrentItem(ItemOf(folder));
+}
+
 void CProjView::SelectionChanged()
 {
-    if (isFilling)
-        return;
-    selectedFolder = FolderOf(currentItem());
-    host.ShowPane(selectedFolder ? EntryOf(selectedFolder->kind).pane : Pane::Default);
+    ShowSelected();
+    const CResFolder *const folder = selection.SelectedFolder();
+    host.ShowPane(folder ? EntryOf(folder->kind).pane : Pane::Default);
     UpdatePanes();
 }
 
@@ -236,21 +202,20 @@ void CProjView::UpdatePanes()
 
 void CProjView::LabelEdited(QTreeWidgetItem *item)
 {
-    const CResFolder *folder = FolderOf(item);
+    CResFolder *const folder = FolderOf(item);
     if (!isFilling && folder && item->text(0) != folder->title)
-        EditLabel(item, item->text(0));
+        EditLabel(*folder, item->text(0));
 }
 
-void CProjView::EditLabel(QTreeWidgetItem *item, const QString &typed)
+void CProjView::EditLabel(CResFolder &folder, const QString &typed)
 {
-    CResFolder *const folder = FolderOf(item);
-    if (!CanEditLabel(folder))
+    if (!CanEditLabel(&folder))
         return;
-    const LabelEdit edit = EndLabelEdit(document, *folder, typed);
-    {
+    const LabelEdit edit = EndLabelEdit(document, folder, typed);
+    if (QTreeWidgetItem *const item = ItemOf(&folder)) {
         const QScopedValueRollback filling(isFilling, true);
-        item->setText(0, folder->title);
-        item->setToolTip(0, folder->title);
+        item->setText(0, folder.title);
+        item->setToolTip(0, folder.title);
         FitColumn();
     }
     if (!edit.message.isEmpty())
@@ -315,14 +280,10 @@ void CProjView::DeleteLayout(CResFolder &folder)
 {
     if (!host.Boxes().AskYesNo(QStringLiteral("The selected item(s) will be deleted. Continue?")))
         return;
-    QTreeWidgetItem *const item = ItemOf(&folder);
-    CResFolder *const parent = item ? FolderOf(item->parent()) : nullptr;
-    if (!parent)
-        return;
-    if (selectedFolder == &folder)
-        setCurrentItem(item->parent()); // before what it stands for goes
-    delete item;
-    document.DeleteFolder(folder);
+    const std::vector<CResFolder *> path = PathTo(document.root, &folder);
+    if (path.size() > 1 && selection.SelectedFolder() == &folder)
+        selection.SelectFolder(path[path.size() - 2]);
+    (void)document.DeleteFolder(folder);
     UpdatePanes();
 }
 
@@ -344,7 +305,7 @@ void CProjView::contextMenuEvent(QContextMenuEvent *event)
         return;
     if (isFromKeyboard)
         scrollToItem(item);
-    OpenContextMenu(item, isFromKeyboard ? viewport()->mapToGlobal(MiddleOfText(item)) : event->globalPos());
+    OpenContextMenu(*FolderOf(item), isFromKeyboard ? viewport()->mapToGlobal(MiddleOfText(item)) : event->globalPos());
 }
 
 QPoint CProjView::MiddleOfText(const QTreeWidgetItem *item) const
@@ -400,11 +361,11 @@ std::span<const ContextEntry> EntriesOf(TreeMenu menu)
 
 } // namespace
 
-void CProjView::OpenContextMenu(QTreeWidgetItem *item, const QPoint &globalPlace)
+void CProjView::OpenContextMenu(CResFolder &folder, const QPoint &globalPlace)
 {
-    contextFolder = FolderOf(item);
+    contextFolder = &folder;
     QMenu menu(this);
-    for (const ContextEntry &entry : EntriesOf(contextFolder ? EntryOf(contextFolder->kind).menu : TreeMenu::None)) {
+    for (const ContextEntry &entry : EntriesOf(EntryOf(folder.kind).menu)) {
         if (entry.id == ACTION_NONE) {
             menu.addSeparator();
             continue;

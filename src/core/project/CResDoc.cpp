@@ -278,15 +278,6 @@ QStringList CResDoc::ProjectFiles()
     return files;
 }
 
-IProjView *CResDoc::GetProjView() const
-{
-    for (CView *view : Views()) {
-        if (auto *projView = dynamic_cast<IProjView *>(view))
-            return projView;
-    }
-    return nullptr;
-}
-
 void CResDoc::WatchFile(const QString &path, WatchClass watchClass)
 {
     UnwatchFile(path, watchClass);
@@ -381,11 +372,10 @@ void CResDoc::ReloadStrings()
     const bool isRead = ReadStringFile(refPath, *this) == 0;
     if (isRead)
         KeepWhatIsLeftOut();
-    IProjView *const view = GetProjView();
-    const CResFolder *selected = view ? view->SelectedFolder() : nullptr;
+    const CResFolder *selected = selection ? selection->SelectedFolder() : nullptr;
     if (selected && selected->kind == KIND_STRINGS)
-        UpdateAllViews(view); // also with what a failure has left
-    treeLost = !isRead;       // some of the texts may be replaced
+        UpdateAllViews(selection->ProjView()); // also with what a failure has left
+    treeLost = !isRead;                        // some of the texts may be replaced
     if (!isRead)
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
 }

@@ -4,6 +4,7 @@
 #include "Environment.h"
 #include "FileStamps.h"
 #include "FileWatch.h"
+#include "FolderSelection.h"
 #include "KeepOnSave.h"
 #include "ResModel.h"
 #include "UserInterface.h"
@@ -23,14 +24,6 @@ public:
     void NodeChanged(CResNode *node) override;
     void NodeRemoved(CResNode *node) override;
     void NodeAdded(CResNode *node) override;
-};
-
-/// The view that shows the document's tree; the folder selected there is what many operations act on.
-class IProjView : public CView
-{
-public:
-    [[nodiscard]] virtual CResFolder *SelectedFolder() const = 0;
-    virtual void SelectFolder(CResFolder *folder) = 0;
 };
 
 /// What the documents of a process are handed by their frame. All of it outlives the documents.
@@ -134,8 +127,8 @@ public:
     /// The files that the project was read from, absolute: its configuration, resource list, string file and layouts.
     [[nodiscard]] QStringList ProjectFiles();
 
-    /// The document's project view, or null.
-    [[nodiscard]] IProjView *GetProjView() const;
+    /// The selection of the document's window, which sets it here; null without a window.
+    IFolderSelection *selection = nullptr;
 
     /// Asks for files to add; `mask` tells which kinds. Nothing is asked when the mask has none. `initialName` is a
     /// path as resources have it, or empty.

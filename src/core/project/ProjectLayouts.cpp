@@ -141,8 +141,7 @@ void CResDoc::ReloadLayouts(const QString &path)
 {
     if (treeLost)
         return ReloadResources();
-    IProjView *const view = GetProjView();
-    const CResFolder *selected = view ? view->SelectedFolder() : nullptr;
+    const CResFolder *selected = selection ? selection->SelectedFolder() : nullptr;
     const QString title = selected && selected->kind == KIND_LAYOUT ? selected->title : QString();
     const LayoutEntry entry = FindLayoutEntry(m_strPathName, path, *this);
     CResFolder *const folder = root.FindFolder(KIND_RESO_LAYOUTS, entry.resolution, 2);
@@ -158,7 +157,7 @@ void CResDoc::ReloadLayouts(const QString &path)
     UpdateAllViews(nullptr);
     CResFolder *const again = title.isEmpty() ? nullptr : folder->FindFolder(KIND_LAYOUT, title, 1);
     if (again)
-        view->SelectFolder(again);
+        selection->SelectFolder(again);
 }
 
 CResFolder *CResDoc::CreateLayoutRes(qint32 resolutionIndex)

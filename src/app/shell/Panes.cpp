@@ -1,0 +1,28 @@
+#include "Panes.h"
+
+#include "CDefaultView.h"
+
+namespace
+{
+
+struct PaneEntry
+{
+    Pane pane;
+    QWidget *(*make)(const PaneParts &parts);
+};
+
+constexpr PaneEntry PANES[] = {
+    {Pane::Default,
+     [](const PaneParts &parts) -> QWidget * { return new CDefaultView(parts.document, parts.selection, parts.tree); }},
+};
+
+} // namespace
+
+QWidget *MakePane(Pane pane, const PaneParts &parts)
+{
+    for (const PaneEntry &entry : PANES) {
+        if (entry.pane == pane)
+            return entry.make(parts);
+    }
+    return nullptr;
+}
