@@ -70,6 +70,20 @@ TEST(ExportLayoutTables, AreNotWrittenWhereALinkLeadsOutOfTheProject)
     EXPECT_EQ(project.env.FailureCount, 1);
 }
 
+TEST(ExportLayoutTables, ATableOfAnotherSpellingThatIsALinkIsNotWrittenThrough)
+{
+    for (const char *name : {"ZUL_XML_TABLE.I", "layoutid.h", "ENUM.I"}) {
+        LayoutExport project("export_layout=layouts\nexport_xml=classes.xml\nzul_xml_enum_i=enum.i\n");
+        project.folder.MakeFolder("demo/ResID");
+        project.folder.Put("mine", "mine");
+        ASSERT_EQ(symlink("../../mine", QByteArray("demo/ResID/").append(name).constData()), 0);
+        ASSERT_EQ(unlink("bin/args"), 0);
+        ExportLayoutTables(project.env, project.folder.Path("demo"));
+        EXPECT_FALSE(project.folder.Has("bin/args")) << name;
+        EXPECT_EQ(project.env.FailureCount, 1) << name;
+    }
+}
+
 TEST(ExportLayoutTables, AQuoteInASettingOfTheProjectStaysInItsWord)
 {
     LayoutExport project("export_layout=layouts\nexport_xml=a\" -E .\\evil.sh -t x\n");

@@ -94,6 +94,36 @@ TEST(LayoutPhase, ANameThatLeadsElsewhereDeletesNothing)
     EXPECT_FALSE(project.folder.Has("args"));
 }
 
+TEST(LayoutPhase, NoLinkOfAnotherSpellingIsWrittenThrough)
+{
+    // As this system's converter does it: it takes a name of another spelling for the name.
+    LayoutProject project("cd \"$4\"; printf new > $(ls | grep -ix id_a.bin || echo ID_A.bin)");
+    project.AddLayout("ID_A", 1);
+    project.folder.MakeFolder("res/tmp");
+    project.folder.Put("mine", "mine");
+    ASSERT_EQ(symlink("../../mine", "res/tmp/id_a.BIN"), 0);
+    ASSERT_EQ(symlink("../../nothing", "res/tmp/Id_A.bin"), 0);
+    EXPECT_EQ(project.Pack(), 0) << project.output.constData();
+    EXPECT_EQ(project.folder.Get("mine"), "mine");
+    EXPECT_EQ(project.folder.Names("res/tmp"), QStringList({QStringLiteral("ID_A.bin")}));
+}
+
+TEST(LayoutPhase, ALayoutThatAsksForTheTablesWritesNoneThroughALink)
+{
+    LayoutProject project("echo evil > \"$8/LayoutID.h\"");
+    project.folder.Put("demo/screens.xml",
+                       "<TarvoXML><Layout id=\"ID_D279A4D9_BC6C_420b_9EC7_CE2FA9F8415D\"/></TarvoXML>");
+    ASSERT_EQ(project.file->Load("demo/screens.xml"), 0);
+    project.AddLayout("ID_A", 1);
+    project.folder.MakeFolder("ResID");
+    const TempFolder elsewhere;
+    elsewhere.Put("mine", "mine");
+    ASSERT_EQ(symlink(elsewhere.Path("mine").toUtf8().constData(), "ResID/layoutid.H"), 0);
+    EXPECT_EQ(project.Pack(), PACK_FILE_INFO);
+    EXPECT_FALSE(project.folder.Has("args"));
+    EXPECT_THAT(project.TakeExplained().constData(), HasSubstr("/LayoutID.h\" isn't written: a symbolic link"));
+}
+
 TEST(LayoutPhase, NumbersThatAreNotThoseOfTheHeaderArePackedNever)
 {
     LayoutProject project("for id in ID_A; do printf x > \"$4/$id.bin\"; done");

@@ -8,10 +8,12 @@ import os
 import pathlib
 import re
 import shutil
+import signal
 import struct
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 
 REPOSITORY, SUBTOOL, TOOL = (os.path.abspath(sys.argv.pop()) for _ in range(3))
@@ -170,6 +172,34 @@ int main(void)
         self.assertEqual(status, 1)
         self.assertIn("new.h: File too large", err)
         self.assertEqual([name for name in self.names(".") if name.startswith("new")], [])
+
+    def test_the_sub_tool_writes_through_no_file_that_is_there(self):
+        self.put("a.i", b"ZUL_CLASS(1, Label)\n")
+        self.put("mine", b"mine")
+        for link in ("new.h", "new.h.new"):
+            (self.dir / link).symlink_to("mine")
+        self.assertEqual(self.run_tool(SUBTOOL, "a.i", "a.i", "new.h")[0], 1, "one name twice")
+        self.put("b.i", b"")
+        self.assertEqual(self.run_tool(SUBTOOL, "a.i", "b.i", "new.h"), (0, ""))
+        self.assertEqual((self.dir / "mine").read_bytes(), b"mine")
+        self.assertIn(b"LAYOUT_CLASS_Label", (self.dir / "new.h").read_bytes())
+        self.assertEqual(self.names(".")[-3:], ["out", "tables", "types.xml"], "no temporary file")
+
+    def test_a_signal_ends_the_sub_tool_too(self):
+        self.put("in.xml", LAYOUTS.replace(b"ID_LAYOUT_A", b"ID_D279A4D9_BC6C_420b_9EC7_CE2FA9F8415D"))
+        self.put("slow", b"#!/bin/sh\necho $$ > started\nsleep 2\necho late > late\n")
+        (self.dir / "slow").chmod(0o755)
+        words = [word for option, name in zip("ioxth", ("in.xml", "out", "types.xml", "tables", "ResID.h"))
+                 for word in (f"-{option}", self.path(name))]
+        tool = subprocess.Popen((TOOL, *words, "-p", "-e", "-E", str(self.dir / "slow")), cwd=self.dir)
+        deadline = time.monotonic() + 30
+        while not (self.dir / "started").exists() or not (self.dir / "started").read_bytes():
+            self.assertLess(time.monotonic(), deadline)
+            time.sleep(0.02)
+        tool.terminate()
+        self.assertEqual(tool.wait(30), -signal.SIGTERM)
+        with self.assertRaises(ProcessLookupError):
+            os.kill(int((self.dir / "started").read_bytes()), 0)
 
     def test_the_sub_tool_keeps_the_old_header_when_a_table_is_none(self):
         self.put("old.h", b"old")

@@ -3,12 +3,14 @@
 #include <csignal>
 #include <cstdio>
 #include <cstring>
+#include <fcntl.h>
 #include <fstream>
 #include <map>
 #include <regex>
 #include <set>
 #include <stdexcept>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 namespace
@@ -122,14 +124,32 @@ private:
     Table properties;
 };
 
+/// Makes a file beside another, of a name that nothing has: what is there may be a link to a file of somebody else. The
+/// system's error number is in errno when that fails.
+std::FILE *MakeBeside(const std::string &path, std::string &fresh)
+{
+    constexpr int MOST_FILES = 1000;
+    const size_t name = path.rfind('/') + 1; // 0 when there is no "/"
+    const std::string start = path.substr(0, name) + '.' + path.substr(name) + '.' + std::to_string(getpid()) + '-';
+    int descriptor = -1;
+    for (int number = 0; descriptor < 0 && number < MOST_FILES; ++number) {
+        fresh = start + std::to_string(number);
+        descriptor = open(fresh.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (descriptor < 0 && errno != EEXIST)
+            break;
+    }
+    return descriptor < 0 ? nullptr : fdopen(descriptor, "wb");
+}
+
 /// In one step: written beside the old one, then renamed over it.
 void Replace(const std::string &path, const std::string &text)
 {
-    const std::string fresh = path + ".new";
-    std::ofstream file(fresh, std::ios::binary | std::ios::trunc);
-    file << text;
-    file.close();
-    if (!file || std::rename(fresh.c_str(), path.c_str()) != 0) {
+    std::string fresh;
+    std::FILE *file = MakeBeside(path, fresh);
+    if (!file)
+        throw Error(path + ": " + std::strerror(errno));
+    const bool isWritten = std::fwrite(text.data(), 1, text.size(), file) == text.size();
+    if (std::fclose(file) != 0 || !isWritten || std::rename(fresh.c_str(), path.c_str()) != 0) {
         const std::string why = std::strerror(errno);
         std::remove(fresh.c_str());
         throw Error(path + ": " + why);

@@ -2,19 +2,20 @@
 
 #include "CatalogueFile.h"
 #include "Environment.h"
+#include "FilePlace.h"
 #include "HostFiles.h"
 #include "IdNames.h"
 #include "LayoutRows.h"
 #include "LayoutTables.h"
 #include "LayoutWriter.h"
+#include "Leftovers.h"
+#include "RunTool.h"
 #include "Xml.h"
 
 #include <QSet>
 
 #include <cstring>
-#include <spawn.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 
 using namespace Qt::StringLiterals;
 
@@ -199,18 +200,13 @@ bool Conversion::WriteTables(const LayoutTables &tables)
 
 bool Conversion::RunSubTool(const QString &enums, const QString &table, const QString &header)
 {
-    QByteArray words[] = {HostPath(options.subtool), HostPath(table), HostPath(enums), HostPath(header)};
-    char *const arguments[] = {words[0].data(), words[1].data(), words[2].data(), words[3].data(), nullptr};
-    pid_t child = -1;
-    int status = 0;
-    const int error = posix_spawn(&child, arguments[0], nullptr, nullptr, arguments, environ);
-    if (error != 0) {
-        messages.append(u"%1: %2"_s.arg(options.subtool, SystemError(error)));
-        return false;
-    }
-    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
-    }
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0; // else it said why
+    const auto host = [](const QString &path) { return QString::fromUtf8(HostPath(path)); };
+    RemoveLeftovers(FolderOf(HostPath(header)), QByteArray(LayoutTables::HEADER_FILE));
+    ToolEnd end;
+    (void)RunTool(env, {options.subtool, host(table), host(enums), host(header)}, &end);
+    if (end.startError != 0)
+        messages.append(u"%1: %2"_s.arg(options.subtool, SystemError(end.startError)));
+    return end.Text().isEmpty(); // else it said why
 }
 
 bool Conversion::WriteFile(const QString &path, const QByteArray &bytes)

@@ -50,14 +50,13 @@ QString LayoutSetting(const Settings &settings, const char *key)
     return projects.isEmpty() ? settings.String("Path", key) : projects;
 }
 
-bool MayWrite(Environment &env, const QString &projectFolder, const QString &folder, const QStringList &names)
+bool MayWrite(Environment &env, const QString &projectFolder, const QStringList &paths)
 {
     if (env.settings.Int("Path", "follow_links", 0) != 0)
         return true;
-    for (const QString &name : names) {
-        const QString path = folder + u'/' + name;
+    for (const QString &path : paths) {
         QByteArray place;
-        if (!StaysInProject(path.toUtf8(), HostPath(projectFolder), place)) {
+        if (!StaysInProject(HostPath(path), HostPath(projectFolder), place)) {
             env.ExplainFailure(WhyOutside(path, place));
             return false;
         }

@@ -36,10 +36,9 @@ struct LayoutConverterCall
 /// empty.
 [[nodiscard]] QString LayoutSetting(const Settings &settings, const char *key);
 
-/// Says whether the converter may write files of these names into a folder; false, having said so, when a symbolic link
-/// leads one of them, or the folder, out of the project.
-[[nodiscard]] bool MayWrite(Environment &env, const QString &projectFolder, const QString &folder,
-                            const QStringList &names);
+/// Says whether these files may be written; false, having said so, when a symbolic link leads one of them, or a folder
+/// on the way, out of the project. As the converter does, it takes another spelling of a name for the name itself.
+[[nodiscard]] bool MayWrite(Environment &env, const QString &projectFolder, const QStringList &paths);
 
 /// A path, absolute and as the host has it.
 [[nodiscard]] QString HostForm(const QString &path, const QString &base);

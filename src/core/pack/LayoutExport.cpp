@@ -14,9 +14,6 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// What the converter may leave in its output folder and nobody wants.
-constexpr char16_t LEFT_OVER[] = u"ID_D279A4D9_BC6C_420b_9EC7_CE2FA9F8415D.bin";
-
 QString WithoutLastSeparator(QString folder)
 {
     if (folder.size() > 1 && folder.endsWith(u'/'))
@@ -47,10 +44,32 @@ LayoutConverterCall TablesCall(const Environment &env, const QString &projectFol
 void Run(Environment &env, const LayoutConverterCall &call)
 {
     call.Run(env);
-    DeleteFileOnDisk(call.output + u'/' + QString::fromUtf16(LEFT_OVER));
+    // What the converter may leave in its output folder and nobody wants.
+    DeleteFileOnDisk(call.output + u'/' + QLatin1String(TABLES_LAYOUT) + u".bin"_s);
+}
+
+/// The tables of before that are moved aside, in the order of moving.
+QStringList OldTables(const Settings &settings, const QString &projectFolder)
+{
+    const QString headers = ResolvePath(settings.String("Path", "header_output", ".\\ResID"), projectFolder);
+    QStringList tables;
+    for (const char *key : {"zul_xml_enum_i", "zul_xml_table_i"}) {
+        const QString table = settings.String("Path", key);
+        if (!table.isEmpty())
+            tables.append(ResolvePath(table, headers));
+    }
+    return tables;
 }
 
 } // namespace
+
+QStringList LayoutTableFilesIn(const QString &folder)
+{
+    QStringList paths;
+    for (const QString &name : LAYOUT_TABLE_FILES)
+        paths.append(folder + u'/' + name);
+    return paths;
+}
 
 bool HasLayoutTables(const Environment &env)
 {
@@ -81,17 +100,12 @@ void ExportLayoutTables(Environment &env, const QString &projectFolder)
         return; // nothing to export; the tables of before stay in use
 
     LayoutConverterCall call = TablesCall(env, projectFolder);
-    if (!MayWrite(env, projectFolder, call.table, LAYOUT_TABLE_FILES))
+    const QStringList oldTables = OldTables(env.settings, projectFolder);
+    if (!MayWrite(env, projectFolder, LayoutTableFilesIn(call.table) + oldTables))
         return;
     call.output = WithoutLastSeparator(env.ProgramDir());
-
-    const Settings &settings = env.settings;
-    const QString headers = ResolvePath(settings.String("Path", "header_output", ".\\ResID"), projectFolder);
-    for (const char *key : {"zul_xml_enum_i", "zul_xml_table_i"}) {
-        const QString table = settings.String("Path", key);
-        if (!table.isEmpty())
-            MoveAside(ResolvePath(table, headers));
-    }
+    for (const QString &table : oldTables)
+        MoveAside(table);
     for (const QString &input : {call.input, call.xml}) {
         if (!PathExists(input))
             env.ExplainFailure(

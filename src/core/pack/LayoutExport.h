@@ -10,6 +10,12 @@ class Environment;
 inline const QStringList LAYOUT_TABLE_FILES{QStringLiteral("zul_xml_table.i"), QStringLiteral("zul_xml_enum.i"),
                                             QStringLiteral("LayoutID.h")};
 
+/// The paths of these files in a folder.
+[[nodiscard]] QStringList LayoutTableFilesIn(const QString &folder);
+
+/// The layout whose name makes the converter write its tables, and no layouts.
+inline constexpr char TABLES_LAYOUT[] = "ID_D279A4D9_BC6C_420b_9EC7_CE2FA9F8415D";
+
 /// Runs the layout converter on the layout tables of the installation, after moving the tables of the last run aside.
 /// Can't fail: nothing of it is checked.
 void ExportLayoutTables(Environment &env, const QString &projectFolder);

@@ -4,10 +4,15 @@
 #include "IdNames.h"
 #include "IdNumbers.h"
 #include "LayoutConverterCall.h"
+#include "LayoutExport.h"
 #include "Paths.h"
 #include "Phases.h"
 #include "SignalCleanup.h"
 
+#include <QDir>
+#include <QSet>
+
+#include <algorithm>
 #include <cerrno>
 #include <unistd.h>
 
@@ -43,6 +48,21 @@ int InfoFail(Environment &env, const QByteArray &host)
     return PACK_FILE_INFO;
 }
 
+/// Removes what has the name of an output in another spelling. The converter would take it for the output, and write to
+/// wherever it leads when it is a link.
+int RemoveOtherSpellings(Environment &env, const QString &folder, const std::vector<LayoutOutput> &outputs)
+{
+    QSet<QString> names;
+    for (const LayoutOutput &output : outputs)
+        names.insert(ToLowerSimple(env.NarrowToWide(output.name) + QStringLiteral(".bin")));
+    for (const QString &name : QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System)) {
+        const QByteArray host = (folder + u'/' + name).toUtf8();
+        if (names.contains(ToLowerSimple(name)) && unlink(host.constData()) != 0)
+            return InfoFail(env, host);
+    }
+    return PACK_OK;
+}
+
 /// The files that are wanted. What an earlier run left under their names is gone afterwards, so that it never passes
 /// for new.
 int Expect(PackContext &context, const Layouts &layouts, const QString &folder, std::vector<LayoutOutput> &outputs)
@@ -61,7 +81,19 @@ int Expect(PackContext &context, const Layouts &layouts, const QString &folder, 
         outputs.push_back({qint32(id.value), id.name, host,
                            context.scratch.IsNamed() ? SignalCleanup::OfFile(host) : SignalCleanup()});
     }
-    return PACK_OK;
+    return RemoveOtherSpellings(env, folder, outputs);
+}
+
+/// Says whether the converter writes only to places where a pack may write.
+bool StaysInPlace(PackContext &context, const LayoutConverterCall &call, const Layouts &layouts)
+{
+    QStringList paths;
+    if (!context.scratch.IsNamed())
+        paths.append(call.output + QStringLiteral("/layout.bin"));
+    const auto &all = layouts.front()->File()->All();
+    if (std::any_of(all.begin(), all.end(), [](const auto &layout) { return layout->Id()->name == TABLES_LAYOUT; }))
+        paths += LayoutTableFilesIn(call.table);
+    return MayWrite(context.Env(), context.projectFolder, paths);
 }
 
 /// The converter puts the numbers of the header into the layouts. The pack numbers the IDs anew, and the two must be
@@ -163,8 +195,7 @@ int ConstructLayouts(PackContext &context)
     }
     if (const int code = CompareNumbers(context, call.header))
         return code;
-    if (!context.scratch.IsNamed() &&
-        !MayWrite(env, context.projectFolder, call.output, {QStringLiteral("layout.bin")}))
+    if (!StaysInPlace(context, call, layouts))
         return PACK_FILE_INFO;
     if (!PathExists(call.output))
         CreateFolderOnDisk(call.output);

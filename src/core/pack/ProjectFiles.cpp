@@ -52,8 +52,8 @@ void CompareGenerated(Comparison &comparison, const packinfo &info, const CResMo
     if (!info.headers.isEmpty())
         comparison.File(HeaderIn(info.headers, settings.String("ResID", "main_header", "ResID.h")));
     const QString tables = DirectoryOf(settings.String("ResID", "layout_include_table", ".\\ResID\\"));
-    for (const QString &name : LAYOUT_TABLE_FILES)
-        comparison.File(tables + u'/' + name);
+    for (const QString &path : LayoutTableFilesIn(tables))
+        comparison.File(path);
     for (const char *key : {"zul_xml_enum_i", "zul_xml_table_i"}) {
         if (const QString table = settings.String("Path", key); !table.isEmpty())
             comparison.File(ResolvePath(table, headers));
