@@ -108,6 +108,14 @@ TEST_F(IdeCommandHandlerTest, EachFailureHasItsCode)
     request.resolution = u"240"_s;
     EXPECT_EQ(Run(IDE_COMMAND_PACK), "\r\n\r\npack done\r\n\r\n### error 87 ###\r\n");
     request.resolution = u"240x320"_s;
+    project.folder.Put("demo/morvanite.ini", "[Text]\ncode_page=1252\n");
+    QString explained;
+    project.env->explain = [&](const QString &text) { explained = text; };
+    request.inputFile = u"/home/Müller/日本/app.dll"_s;
+    EXPECT_TRUE(Run(IDE_COMMAND_PACK).endsWith("\r\n### error -1046 ###\r\n"));
+    EXPECT_TRUE(explained.contains(u"/home/Müller/日本/app.dll"_s) && explained.contains(u"\"日\""_s))
+        << qPrintable(explained);
+    QFile::remove(project.folder.Path("demo/morvanite.ini"));
     request.inputFile.clear();
     EXPECT_TRUE(Run(IDE_COMMAND_PACK).endsWith("\r\n\r\npack done\r\n\r\n### error -1000 ###\r\n"));
     EXPECT_EQ(handler.LastError(), -1000);

@@ -196,11 +196,35 @@ void IdeCommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
     Report("\r\n\r\npack done\r\n", errorCode);
 }
 
+namespace
+{
+
+/// False, and it is explained, when the code page has no form of the path of the input or of the output: the pack would
+/// look for another file.
+bool HasPathsOfCodePage(const Environment &env, const PackCommandRecord &record)
+{
+    for (const QString &path : {record.inputFile, record.outputFile}) {
+        const QString missing = env.codePage.FirstMissing(path);
+        if (missing.isEmpty())
+            continue;
+        env.Explain(QStringLiteral("%1: the path can't be expressed in the project's code page, which lacks the "
+                                   "character \"%2\"; rename the folder or file, or choose another code page "
+                                   "(section Text, key code_page)")
+                        .arg(path, missing));
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
 int IdeCommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &record)
 {
     auto parameters = PackInfoOf(record, doc.env, doc.tables.resolutions);
     if (!parameters)
         return int(ReportCode::BadPackRequest);
+    if (!HasPathsOfCodePage(doc.env, record))
+        return PACK_CODE_PAGE;
     parameters->temp = packTemp;
     parameters->headers = packHeaders;
     parameters->projectFiles = doc.ProjectFiles();

@@ -33,6 +33,7 @@ enum PackCode : int
     PACK_NO_ICON = -1032,         ///< no icon, neither the project's nor the program's
     PACK_LAYOUT_FILE = -1044,     ///< a layout file wasn't loaded whole, so the numbers would be others
     PACK_TEMP_FOLDER = -1043,     ///< the folder for temporary files can't be made or written
+    PACK_CODE_PAGE = -1046,       ///< the path of the input or output can't be expressed in the code page
     PACK_UNREADABLE = -1045,      ///< the open project's files have changed and can't be read any more
 };
 

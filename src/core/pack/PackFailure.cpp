@@ -52,6 +52,7 @@ constexpr Failure FAILURES[] = {
     {int(ElfCode::TooLarge), "the grown file would have more than 65535 sections or 4 GiB"},
     {int(ElfCode::InputChanged), "the input changed while it was packed"},
     {PACK_LAYOUT_FILE, "a layout file wasn't loaded whole, and without its layouts the IDs would get other numbers"},
+    {PACK_CODE_PAGE, "the path of the input or output can't be expressed in the project's code page"},
     {PACK_UNREADABLE, "another program has changed the project's files since it was opened, and they can't be read"},
     {PACK_TEMP_FOLDER, "the folder for temporary files can't be made, or can't be written"},
 };

@@ -164,6 +164,20 @@ NarrowText CodePage::FromWide(QStringView text) const
     return result;
 }
 
+QString CodePage::FirstMissing(const QString &text) const
+{
+    if (ToWide(FromWide(text)) == text)
+        return {};
+    for (qsizetype at = 0; at < text.size();) {
+        const qsizetype units = text[at].isHighSurrogate() && at + 1 < text.size() ? 2 : 1;
+        const QString character = text.sliced(at, units);
+        if (ToWide(FromWide(character)) != character)
+            return character;
+        at += units;
+    }
+    return {};
+}
+
 QString CodePage::ToWide(QByteArrayView text) const
 {
     if (!converter)

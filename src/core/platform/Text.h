@@ -45,6 +45,8 @@ public:
     [[nodiscard]] bool IsUtf8() const { return !converter; }
     [[nodiscard]] NarrowText FromWide(QStringView text) const;
     [[nodiscard]] QString ToWide(QByteArrayView text) const;
+    /// The first character of a text that the code page lacks; empty when it has all.
+    [[nodiscard]] QString FirstMissing(const QString &text) const;
 
 private:
     void *converter = nullptr; // UConverter, null for UTF-8
