@@ -263,7 +263,7 @@ TEST(Spreadsheet, AnImportReadsTheLanguageTableAnew)
     SheetProject project;
     EXPECT_EQ(project.Import("Number of Language|1\nString ID|Description|Elvish\nID_A||x\n"), 1608);
     project.folder.Put("bin/tuvik.ini", "[Language]\nEnglish=9\nElvish=1234\n");
-    EXPECT_EQ(project.Import("Number of Language|1\nString ID|Description|Elvish\nID_A||x\n"), 0);
+    ASSERT_EQ(project.Import("Number of Language|1\nString ID|Description|Elvish\nID_A||x\n"), 0);
     EXPECT_EQ(project.Text(1234), u"x"_s);
 }
 

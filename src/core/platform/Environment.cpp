@@ -4,9 +4,11 @@
 #include "HostFiles.h"
 #include "Paths.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
+#include <string_view>
 #include <unistd.h>
 
 namespace
@@ -29,22 +31,30 @@ QString UserSettingsFile(const QString &configFolder)
     return folder + QStringLiteral("/morvanite/Morvanite.ini");
 }
 
-QString Formatted(const char *format, va_list arguments)
+/// The formatted text with something in front and behind, made in one go: a report can have 100,000 lines.
+QString Formatted(std::string_view start, const char *format, va_list arguments, std::string_view end)
 {
     char small[1024];
     va_list again;
     va_copy(again, arguments);
-    const int size = std::vsnprintf(small, sizeof small, format, arguments);
-    QString text;
-    if (size >= 0 && size_t(size) < sizeof small) {
-        text = QString::fromUtf8(small, size);
-    } else if (size > 0) {
-        QByteArray large(size + 1, Qt::Uninitialized);
-        std::vsnprintf(large.data(), size_t(large.size()), format, again);
-        text = QString::fromUtf8(large.constData(), size);
+    const int size = std::vsnprintf(small + start.size(), sizeof small - start.size(), format, arguments);
+    const size_t total = start.size() + size_t(std::max(size, 0)) + end.size();
+    QByteArray large;
+    char *text = small;
+    if (total >= sizeof small) {
+        large.resize(qsizetype(total) + 1);
+        text = large.data();
+        std::vsnprintf(text + start.size(), size_t(size) + 1, format, again);
     }
     va_end(again);
-    return text;
+    std::copy(start.begin(), start.end(), text);
+    std::copy(end.begin(), end.end(), text + total - end.size());
+    return QString::fromUtf8(text, qsizetype(total));
+}
+
+QString Formatted(const char *format, va_list arguments)
+{
+    return Formatted({}, format, arguments, {});
 }
 
 void Log(const Environment::Sink &sink, QString text)
@@ -56,14 +66,14 @@ void Log(const Environment::Sink &sink, QString text)
     sink(text);
 }
 
-/// How a line begins that has the number `count`.
-QString StartOf(const Finding &finding, LineStart start, int count)
+/// What a line begins with that has the number `count`.
+std::string_view StartOf(const Finding &finding, LineStart start, int count, char (&buffer)[32])
 {
     if (start == LineStart::Fatal)
-        return QStringLiteral("Fatal error: ");
+        return "Fatal error: ";
     const bool isError = finding.severity == Severity::Error && start == LineStart::BySeverity;
-    return (isError ? QStringLiteral("Error ") : QStringLiteral("Warning ")) + QString::number(count) +
-           QStringLiteral(": ");
+    const int size = std::snprintf(buffer, sizeof buffer, "%s %d: ", isError ? "Error" : "Warning", count);
+    return {buffer, size_t(size)};
 }
 
 QString WithoutStop(const QString &sentence)
@@ -185,23 +195,24 @@ void Environment::Report(const Finding &finding, LineStart start, const char *fo
     va_end(arguments);
 }
 
-void Environment::ReportLine(const Finding &finding, LineStart start, const char *format, va_list arguments)
+void Environment::ReportLine(const Finding &finding, LineStart lineStart, const char *format, va_list arguments)
 {
     const bool isWarning = finding.severity == Severity::Warning;
     const int count = isWarning ? ++WarningCount : ++ErrorCount;
     WarningLimit::Kind *const kind = isWarning ? &shared.warningLimit.Count(finding.code) : nullptr;
     const int rest = kind ? kind->Rest() : 0;
-    const bool isWritten = output && rest <= 1;
-    QString sentence;
-    if (isWritten || (finding.text.isEmpty() && !listeners.IsEmpty()))
-        sentence = Formatted(format, arguments);
-    if (isWritten && rest == 0)
-        Log(output, StartOf(finding, start, count) + sentence + QStringLiteral("\r\n"));
-    else if (isWritten)
+    if (output && rest == 0) {
+        char start[32];
+        va_list again;
+        va_copy(again, arguments);
+        Log(output, Formatted(StartOf(finding, lineStart, count, start), format, again, "\r\n"));
+        va_end(again);
+    }
+    const bool isWorded = !listeners.IsEmpty() && finding.text.isEmpty();
+    const QString sentence = isWorded || rest == 1 ? Formatted(format, arguments) : QString();
+    if (rest == 1)
         kind->firstRest = sentence;
-    if (listeners.IsEmpty())
-        return;
-    if (!finding.text.isEmpty())
+    if (!isWorded)
         return listeners.Tell(finding);
     Finding worded = finding;
     worded.text = WithoutStop(sentence);

@@ -148,7 +148,7 @@ public:
 
 private:
     void SelectCodePage();
-    void ReportLine(const Finding &finding, LineStart start, const char *format, va_list arguments);
+    void ReportLine(const Finding &finding, LineStart lineStart, const char *format, va_list arguments);
     QString programDir;
     QString ownConfigFolder;
     mutable std::unique_ptr<ProfileFile> languages; // read at the first use
