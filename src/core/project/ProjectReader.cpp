@@ -7,6 +7,7 @@
 #include "ProjectContext.h"
 #include "ProjectLayouts.h"
 #include "StringFile.h"
+#include "UnreadContent.h"
 #include "Xml.h"
 
 #include <algorithm>
@@ -17,6 +18,8 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+
+using Text = UnreadContent::Text;
 
 constexpr int CANNOT_OPEN = -1;
 constexpr int WRONG_FORMAT = 11;
@@ -62,13 +65,18 @@ class ProjectReader
 {
 public:
     explicit ProjectReader(const ProjectContext &projectContext)
-        : context(projectContext), doc(context.doc), env(context.env), list(context.Absolute(context.ResourcePath()))
+        : context(projectContext), doc(context.doc), env(context.env), list(context.Absolute(context.ResourcePath())),
+          unread([this](int row, const QString &text) {
+              ++env.DroppedCount;
+              doc.findings.Add(list, row, text);
+          })
     {
     }
 
     int Read(TiXmlElement &app)
     {
         int code = 0;
+        unread.Look(app, {"id"}, Text::IsNone);
         // Each element goes as soon as it is read, which keeps the memory of the largest projects near the parser's.
         while (TiXmlNode *node = app.FirstChild()) {
             if (TiXmlElement *element = node->ToElement())
@@ -80,9 +88,10 @@ public:
         return code;
     }
 
-    /// Leaves out what follows the list.
-    void DropBehind(const TiXmlElement &app)
+    /// Leaves out what is around the list.
+    void DropAround(const TiXmlDocument &document, const TiXmlElement &app)
     {
+        unread.LookAround(document);
         for (auto *other = app.NextSiblingElement(); other; other = other->NextSiblingElement())
             Drop(*other, u"a resource list has one element, the first"_s);
     }
@@ -129,11 +138,13 @@ private:
     {
         env.DroppedCount += CountElements(element);
         Note(element, u"<%1> is left out: %2"_s.arg(QString::fromUtf8(element.Value()), why));
+        NoteLeftOutLayouts(doc, list, element, why);
     }
 
-    /// Leaves out the elements in one that has only a text.
-    void DropChildren(const TiXmlElement &element)
+    /// Leaves out what an element has beside a text and these attributes.
+    void DropOthers(const TiXmlElement &element, std::initializer_list<const char *> attributes)
     {
+        unread.Look(element, attributes, Text::IsRead);
         for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement())
             Drop(*child, u"<%1> has only a text"_s.arg(QString::fromUtf8(element.Value())));
     }
@@ -142,9 +153,9 @@ private:
     NarrowText Narrow(const TiXmlElement &element, const QByteArray &utf8)
     {
         NarrowText text = FromXml(env, utf8);
-        if (!env.codePage.IsUtf8() && env.NarrowToWide(text) != QString::fromUtf8(utf8)) {
+        if (!IsKeptByCodePage(env, utf8)) {
             ++env.DroppedCount;
-            Note(element, u"the code page has no form of \"%1\""_s.arg(QString::fromUtf8(utf8)));
+            Note(element, NoFormText(QString::fromUtf8(utf8)));
         }
         return text;
     }
@@ -201,11 +212,15 @@ private:
         if (type && std::strcmp(type, "Push") == 0) {
             res->Id()->push = true;
             res->Id()->pushKind = pushKind;
+        } else if (type && std::strcmp(type, "Normal") != 0) {
+            ++env.DroppedCount;
+            Note(element, u"the type \"%1\" of %2 is neither Normal nor Push; it becomes Normal"_s.arg(
+                              QString::fromUtf8(type), QString::fromUtf8(id)));
         }
         CFileRes *const added = res.get();
         folder->AddResource(std::move(res));
         added->SetPath(Narrow(element, WithoutOuterQuotes(text)));
-        DropChildren(element);
+        DropOthers(element, {"id", "type"});
     }
 
     int ReadResolution(const TiXmlElement &element)
@@ -227,6 +242,7 @@ private:
             Drop(element, u"the list of sizes has no %1x%2"_s.arg(width).arg(height));
             return 0;
         }
+        unread.Look(element, {"width", "height", "class"}, Text::IsNone);
         const char *group = element.Attribute("class");
         CResFolder *images = group && std::strstr(group, "image") ? doc.UseResolutionImages(index) : nullptr;
         CResFolder *layouts = group && std::strstr(group, "layout") ? doc.UseResolutionLayouts(index) : nullptr;
@@ -250,12 +266,12 @@ private:
             Drop(element, NO_FILE);
             return;
         }
-        DropChildren(element);
+        DropOthers(element, {});
         text.replace('"', "");
         (void)SetCurrentFolder(context.dir); // which could be entered before
         const QString absolute = context.Absolute(QString::fromUtf8(text));
         doc.NoteFile(absolute);
-        LoadLayoutFile(doc, folder, FromXml(env, text));
+        LoadLayoutFile(doc, folder, Narrow(element, text));
         doc.WatchFile(absolute, CResDoc::WATCH_LAYOUT);
     }
 
@@ -268,7 +284,7 @@ private:
             Drop(element, NO_FILE);
             return 0;
         }
-        DropChildren(element);
+        DropOthers(element, {});
         text.replace('"', "");
         (void)SetCurrentFolder(context.dir); // which could be entered before
         const QString path = QString::fromUtf8(text);
@@ -296,6 +312,7 @@ private:
             Drop(element, u"there is no component \"%1\""_s.arg(QString::fromUtf8(id)));
             return;
         }
+        unread.Look(element, {"id"}, Text::IsNone);
         for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement()) {
             if (child->ValueStr() == "IMAGE")
                 ReadComponentImage(*child, *component);
@@ -322,7 +339,8 @@ private:
         }
         const QByteArray text = WithoutOuterQuotes(TextOf(element));
         if (!text.isEmpty())
-            image->SetPath(FromXml(env, text));
+            image->SetPath(Narrow(element, text));
+        DropOthers(element, {"id"});
         image->inUse = true;
         if (image->observer)
             image->observer->NodeAdded(image);
@@ -342,6 +360,7 @@ private:
     CResDoc &doc;
     Environment &env;
     const QString list; // absolute path
+    UnreadContent unread;
     HostPaths hostPaths;
     CResFolder *defaultImages = nullptr;
     CResFolder *files[3] = {};
@@ -378,7 +397,7 @@ int ReadInto(const ProjectContext &context, const QString &path)
         return WRONG_FORMAT;
     }
     ProjectReader reader(context);
-    reader.DropBehind(*app);
+    reader.DropAround(document, *app);
     return reader.Read(*app);
 }
 
