@@ -195,6 +195,7 @@ int IdeCommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &recor
     if (!parameters)
         return int(ReportCode::BadPackRequest);
     parameters->temp = packTemp;
+    parameters->depfile = packDepfile;
     parameters->headers = packHeaders;
     parameters->projectFiles = doc.ProjectFiles();
     if (const QStringList missing = MissingLayouts(doc); !missing.isEmpty()) {
