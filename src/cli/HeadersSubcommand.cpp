@@ -72,6 +72,10 @@ private:
 
     [[nodiscard]] int WriteDependencies(const HeaderFolder &headers, const QString &path) const
     {
+        if (const QString file = headers.FileThatIs(path); !file.isEmpty()) {
+            Complain(QStringLiteral("%1 is not written, since it is the same file as %2").arg(path, file));
+            return EXIT_FAILED;
+        }
         std::vector<QByteArray> inputs;
         for (const QString &file : headers.Inputs())
             inputs.push_back(HostPath(file));

@@ -63,8 +63,10 @@ public:
         // Made absolute now: a pack moves to the project's folder.
         const QString depfilePath = AbsolutePath(depfile);
         std::vector<QByteArray> inputs;
-        if (!depfile.empty())
+        if (!depfile.empty()) {
             session.handler.packInputs = &inputs;
+            session.handler.packDepfile = depfilePath;
+        }
         session.handler.beforePack = [&](CResDoc &document) { return MayPack(session, document); };
         session.handler.packTemp = AbsolutePath(temp);
         session.handler.packHeaders = AbsolutePath(headers);

@@ -7,6 +7,7 @@ import resource
 import signal
 import subprocess
 import threading
+import time
 import unittest
 
 from demo import CLI, LOADED, DemoProject
@@ -55,6 +56,32 @@ class Files(DemoProject):
         self.assertIn(os.path.realpath(self.dir / 'res') + '/', err)
         self.assertNotIn('interrupted', err)
         self.assertEqual(self.content(), before)
+
+    def test_headers_that_are_interrupted_leave_no_folder_of_tables(self):
+        program = self.dir / 'program'
+        program.mkdir()
+        (program / 'Morvanite.ini').write_text('[Path]\nexport_xml=types.xml\nexport_layout=layouts.xml\nreso_set=sizes.ini\n')
+        (program / 'sizes.ini').write_text('[Resolution]\n240x320\n')
+        (program / 'types.xml').write_text('<catalogue/>')
+        tool = program / 'zul_xml_conv.exe'
+        tool.write_text('#!/bin/sh\necho "$MORVANITE_PROGRAM_DIR" > "$8/LayoutID.h"\n[ -e "$0.slow" ] && echo > "$0.begun" && exec sleep 30\nexit 0\n')
+        tool.chmod(0o755)
+        self.env['MORVANITE_PROGRAM_DIR'] = 'program'  # relative, and the tool gets it absolute
+        headers = ('headers', self.project, '--output', 'made')
+        self.assertEqual(self.run_cli(*headers), (0, '', ''))
+        names = sorted(path.name for path in (self.dir / 'made').iterdir())
+        self.assertEqual(names, ['LayoutID.h', 'ResID.h'])
+        self.assertEqual((self.dir / 'made/LayoutID.h').read_text().rstrip('/\n'), str(program))
+        (program / 'zul_xml_conv.exe.slow').touch()
+        command = subprocess.Popen([CLI, *headers], env=self.env, cwd=self.dir)
+        self.addCleanup(command.kill)
+        deadline = time.monotonic() + 30
+        while not (program / 'zul_xml_conv.exe.begun').exists():
+            self.assertLess(time.monotonic(), deadline)
+            time.sleep(0.01)
+        command.send_signal(signal.SIGTERM)
+        self.assertEqual(command.wait(30), -signal.SIGTERM)
+        self.assertEqual(sorted(path.name for path in (self.dir / 'made').iterdir()), names)
 
     def interrupt_save(self):
         """What a killed save leaves: a journal, and the new string file beside the old one."""

@@ -125,6 +125,47 @@ class Pack(DemoProject):
         self.assertIn('the headers stay as they are', err)
         self.assertEqual((self.dir / 'ResID/ResID.h').read_bytes(), header)
 
+    def test_layouts_of_the_list_that_are_left_out_leave_the_numbers_as_they_are(self):
+        settings = self.dir / 'morvanite.ini'
+        settings.write_text('[Layout]\nfolders=1\n')
+        listing = self.dir / 'res/demo.res.xml'
+        listed = listing.read_text().replace('class="image">', 'class="image layout"><LAYOUT>res\\screens.xml</LAYOUT>')
+        (self.dir / 'res/screens.xml').write_text('<TarvoXML><Layout id="ID_START"/></TarvoXML>')
+        for change in ('the settings have no layouts', 'the list of sizes has no 241x320'):
+            settings.write_text('[Layout]\nfolders=1\n')
+            listing.write_text(listed)
+            self.assertEqual(self.run_cli('save', self.project)[::2], (0, ''))
+            header = (self.dir / 'ResID/ResID.h').read_bytes()
+            if 'settings' in change:
+                settings.write_text('')
+            else:
+                listing.write_text(listed.replace('240', '241'))
+            for command in (self.to_pack, ('ids', self.project), ('headers', self.project, '--output', 'made'), ('save', self.project)):
+                status, _, err = self.run_cli(*command)
+                self.assertEqual(status, 1, command)
+                what = '<' if command[0] == 'headers' else 'the layout file '
+                self.assertRegex(err, f'demo.res.xml:[0-9]+: {what}.* is left out: {change}')
+            self.assertEqual((self.dir / 'ResID/ResID.h').read_bytes(), header)
+            self.assertFalse((self.dir / 'made').exists() or (self.dir / 'app.axf.pkd').exists())
+
+    def test_a_dependency_file_replaces_no_file_of_the_pack_or_the_project(self):
+        (self.dir / 'app.axf.pkd').write_bytes(b'of before')
+        for name in ('res/demo.res.xml', 'app.axf', 'app.axf.pkd', 'arm/app.res', 'logo.png', 'link'):
+            if name == 'link':
+                (self.dir / name).symlink_to('app.axf')
+            before = (self.dir / name).read_bytes() if (self.dir / name).exists() else None
+            status, out, err = self.run_cli(*self.to_pack, '--depfile', name)
+            self.assertTrue(status == 1 and out.endswith('### error -1001 ###\r\n'), name + out)
+            self.assertIn(f'{self.dir}/{name} is', err)
+            self.assertEqual((self.dir / name).read_bytes() if (self.dir / name).exists() else None, before)
+        self.assertEqual(self.run_cli(*self.to_pack, '--depfile', 'deps')[0], 0)
+        self.assertEqual(self.run_cli(*self.to_pack, '--depfile', 'deps')[0], 0, 'the one of before is replaced')
+        for name in ('res/demo.res.xml', 'made/ResID.h'):
+            status, _, err = self.run_cli('headers', self.project, '--output', 'made', '--depfile', name)
+            self.assertEqual(status, 1)
+            self.assertIn(f'{self.dir}/{name} is not written', err)
+            self.assertNotIn(b': \\', (self.dir / name).read_bytes())
+
     def test_a_file_of_the_project_is_no_output(self):
         self.run_cli('save', self.project)
         for name in ('logo.png', 'res/demo.res.xml', 'ResID/ResID.h'):

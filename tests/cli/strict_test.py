@@ -52,6 +52,35 @@ class Strict(DemoProject):
         for folder in ('nobody', 'logo.png', ''):
             self.assert_refused(('load', self.project, '--settings', folder), '--settings', 'no such folder', status=2)
 
+    def test_what_a_save_would_lose_is_refused_and_kept(self):
+        listing = self.dir / 'res/demo.res.xml'
+        strings = self.dir / 'res/ref_list_demo.txt'
+        whole = listing.read_bytes(), strings.read_bytes()
+        rows = whole[1].decode('utf-16')
+        image = '<IMAGE id="ID_IMAGE_LOGO" type="Normal">'.encode()
+        for change, reason in (
+                (lambda text: text.replace(b'logo.png', b'M\xe4dchen.png'), ':3: the code page has no form of ".\\M\ufffddchen.png"'),
+                (lambda text: text.replace(b'<FILE', b'<!-- the tune\'s\nlicence -->\n<FILE'), ':4: the comment "the tune\'s licence" is left out'),
+                (lambda text: b'<!-- 1 -->' + text, ':1: the comment "1"'), (lambda text: text + b'<!-- 2 -->', 'the comment "2"'),
+                (lambda text: text.replace(b'</APP>', b'loose<![CDATA[er]]></APP>'), 'the text "loose" is left out'),
+                (lambda text: text.replace(image, b'<!-- 3 -->' + image), ':3: the comment "3"'),
+                (lambda text: text.replace(b'.png<', b'.png<!-- 4 --><'), ':3: the comment "4"'),
+                (lambda text: text.replace(b'<FILE', b'<FILE note="mine"'), ':2: the attribute "note" is left out'),
+                (lambda text: text.replace(b'"Push"', b'"push"'), ':2: the type "push" of ID_FILE_TUNE is neither'),
+                (rows.replace('HI\tN', 'HI\tPush\t\tHo\r\nID_STRING_HI\tN'), ':4: the type "Normal" of ID_STRING_HI is left out'),
+                (rows.replace('Language\t1', 'Language\t1\t\tmine'), ':1: "mine" is left out'),
+                (rows.replace('number\t1', 'number\t1\tmine'), ':4: "mine" is left out')):
+            listing.write_bytes(whole[0] if isinstance(change, str) else change(whole[0]))
+            strings.write_bytes(change.encode('utf-16') if isinstance(change, str) else whole[1])
+            old = strings if isinstance(change, str) else listing
+            before = old.read_bytes()
+            self.assert_refused(('load', self.project, '--strict'), old.name + reason if reason[0] == ':' else reason)
+            self.assertEqual(self.run_cli('save', self.project)[0], 0)
+            self.assertNotEqual(old.read_bytes(), before)
+            kept = [file.read_bytes() for file in (self.dir / 'state').rglob('*') if file.is_file()]
+            self.assertIn(before, kept, reason)
+        self.assertEqual(self.run_cli('load', self.project, '--strict')[::2], (0, ''), 'what a save writes is read whole')
+
     def test_a_pack_says_that_the_list_lacks_its_resolution_and_a_strict_one_stops(self):
         unlisted = [('240x32' if word == '240x320' else word) for word in self.to_pack]
         self.assert_refused((*unlisted, '--strict'), 'resolutions.ini: the list of screen sizes has no 240x32')

@@ -1,6 +1,7 @@
 #include "SignalCleanup.h"
 
 #include "TempFolder.h"
+#include "TemporaryFolder.h"
 
 #include <csignal>
 #include <sys/wait.h>
@@ -67,4 +68,33 @@ TEST(SignalCleanup, AForkOfTheProcessRemovesNothingAndAnIgnoredSignalStaysIgnore
     });
     EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 77) << status;
     EXPECT_TRUE(folder.Has("file"));
+}
+
+TEST(TemporaryFolder, GoesWithItsFilesAlsoByASignalAndWhatAKilledProcessLeftGoesAtTheNextRun)
+{
+    const TempFolder folder;
+    const QByteArray parent = folder.Path().toUtf8();
+    const auto run = [&](int signal) {
+        return StatusOfChild([&] {
+            SignalCleanup::Install();
+            const TemporaryFolder made(parent, "tables");
+            const QByteArray name = made.Path().mid(parent.size() + 1);
+            folder.Put(name + "/a.h", "x");
+            folder.Put(name + "/.a.h.1-0", "x");
+            if (signal != 0)
+                raise(signal);
+        });
+    };
+    EXPECT_EQ(run(0), 0);
+    EXPECT_EQ(folder.Names(), QStringList());
+    EXPECT_EQ(WTERMSIG(run(SIGTERM)), SIGTERM);
+    EXPECT_EQ(folder.Names(), QStringList());
+    EXPECT_EQ(WTERMSIG(run(SIGKILL)), SIGKILL);
+    EXPECT_EQ(folder.Names().size(), 1);
+    folder.MakeFolder(".other.1000000000-0");
+    const TemporaryFolder made(parent, "tables");
+    EXPECT_EQ(made.Error(), 0);
+    EXPECT_EQ(folder.Names(),
+              QStringList({u".other.1000000000-0"_s, QString::fromUtf8(made.Path().mid(parent.size() + 1))}));
+    EXPECT_EQ(TemporaryFolder(parent + "/nowhere", "x").Error(), ENOENT);
 }

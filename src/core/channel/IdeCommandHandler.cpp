@@ -226,6 +226,7 @@ int IdeCommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &recor
     if (!HasPathsOfCodePage(doc.env, record))
         return PACK_CODE_PAGE;
     parameters->temp = packTemp;
+    parameters->depfile = packDepfile;
     parameters->headers = packHeaders;
     parameters->projectFiles = doc.ProjectFiles();
     if (const QStringList missing = MissingLayouts(doc); !missing.isEmpty()) {

@@ -78,6 +78,8 @@ public:
     std::function<bool(CResDoc &document)> beforePack;
     /// The folder for what a pack makes for itself (packinfo::temp); empty: beside the sources.
     QString packTemp;
+    /// What the caller writes when a pack is done (packinfo::depfile); empty: nothing.
+    QString packDepfile;
     /// The folder that the headers of a pack's project were written to (packinfo::headers); empty: the project's.
     QString packHeaders;
     /// The error code of the last report, 0 if it had none.

@@ -5,6 +5,7 @@
 #include "XmlWriter.h"
 
 #include <algorithm>
+#include <cstring>
 #include <string>
 
 namespace
@@ -22,19 +23,33 @@ constexpr char RECT[] = "rect"; // of old files; nobody reads it
 class ComponentReader
 {
 public:
-    explicit ComponentReader(const Environment &environment) : env(environment) {}
+    ComponentReader(const Environment &environment, LayoutFileObject &layoutFile) : env(environment), file(layoutFile)
+    {
+    }
+
+    /// A text in the code page. Notes one that isn't the same there.
+    NarrowText Narrow(const TiXmlElement &element, const char *text)
+    {
+        constexpr size_t MOST = 100;
+        if (!IsKeptByCodePage(env, QByteArray::fromRawData(text, qsizetype(std::strlen(text))))) {
+            ++file.lostTexts;
+            if (file.lost.size() < MOST)
+                file.lost.push_back({RowOf(element), QString::fromUtf8(text)});
+        }
+        return FromXml(env, text);
+    }
 
     /// Nesting is bounded: the file was read by LoadXml.
     std::unique_ptr<ComponentObject> Read(const TiXmlElement &element)
     {
         auto component = std::make_unique<ComponentObject>();
-        component->className = Shared(element.ValueStr());
+        component->className = Shared(element, element.ValueStr());
         for (auto *attribute = element.FirstAttribute(); attribute; attribute = attribute->Next()) {
             const std::string &attributeName = attribute->NameTStr();
             if (attributeName == NAME)
-                component->name = FromXml(env, attribute->Value());
+                component->name = Narrow(element, attribute->Value());
             else if (attributeName != RECT)
-                component->AddAttribute(Shared(attributeName), FromXml(env, attribute->Value()));
+                component->AddAttribute(Shared(element, attributeName), Narrow(element, attribute->Value()));
         }
         for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement())
             component->children.push_back(Read(*child));
@@ -42,15 +57,16 @@ public:
     }
 
 private:
-    const NarrowText &Shared(const std::string &text)
+    const NarrowText &Shared(const TiXmlElement &element, const std::string &text)
     {
         const auto [place, isNew] = names.try_emplace(text);
         if (isNew)
-            place->second = FromXml(env, text.c_str());
+            place->second = Narrow(element, text.c_str());
         return place->second;
     }
 
     const Environment &env;
+    LayoutFileObject &file;
     std::unordered_map<std::string, NarrowText> names;
 };
 
@@ -177,7 +193,7 @@ int LayoutFileObject::Convert(TiXmlDocument &document)
         env.DebugTrace("File format error: \"%s\" should be \"%s\"\n", root->Value(), ROOT);
         return LAYOUT_WRONG_ROOT;
     }
-    ComponentReader components(env);
+    ComponentReader components(env, *this);
     // Each layout of the parser goes as soon as it is read, and not sooner: components that are laid into the gaps of
     // its tree lie far apart, and take twice as long to save.
     while (TiXmlNode *node = root->FirstChild()) {
@@ -202,7 +218,7 @@ int LayoutFileObject::ConvertLayout(const TiXmlElement &element, ComponentReader
         env.DebugTrace("Not Enough Memory when new LayoutObject"); // its words for this too
         return LAYOUT_NO_ID;
     }
-    IDRecord *record = pool.Allocate(FromXml(env, id), resolution);
+    IDRecord *record = pool.Allocate(components.Narrow(element, id), resolution);
     if (!record) {
         env.DebugTrace("Allocate ID from idpool fail\n");
         return LAYOUT_ID_REFUSED;

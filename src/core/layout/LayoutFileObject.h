@@ -79,6 +79,15 @@ public:
     qint16 resolution;   ///< index
     bool loaded = false; ///< a file was read whole
 
+    /// A text that the code page has no form of: a save replaces characters of it.
+    struct LostText
+    {
+        int row = 0; ///< of its element
+        QString text;
+    };
+    std::vector<LostText> lost; ///< the first hundred of the file that was read
+    int lostTexts = 0;          ///< how many there are
+
 private:
     [[nodiscard]] int Convert(TiXmlDocument &document);
     [[nodiscard]] int ConvertLayout(const TiXmlElement &element, class ComponentReader &components);

@@ -38,16 +38,20 @@ int RefuseSameFile(Environment &env, const packinfo &info, const QString &reason
 }
 
 /// Which two of the files of a pack are one, under whatever names; empty when none are.
-QString FindSameFile(const QByteArray &input, const QByteArray &output, const QByteArray &side)
+QString FindSameFile(const QByteArray &input, const QByteArray &output, const QByteArray &side,
+                     const QByteArray &depfile)
 {
     const auto compare = [](const char *what, const QByteArray &a, const char *asWhat, const QByteArray &b) {
-        return a == b || IsSameFile(a, b)
+        return (a == b && !a.isEmpty()) || IsSameFile(a, b)
                    ? QStringLiteral("the %1 %2 is the same file as the %3 %4")
                          .arg(QLatin1String(what), QString::fromUtf8(a), QLatin1String(asWhat), QString::fromUtf8(b))
                    : QString();
     };
-    for (const QString &found : {compare("output", output, "input", input), compare("side file", side, "input", input),
-                                 compare("output", output, "side file", side)}) {
+    for (const QString &found :
+         {compare("output", output, "input", input), compare("side file", side, "input", input),
+          compare("output", output, "side file", side), compare("dependency file", depfile, "input", input),
+          compare("dependency file", depfile, "output", output),
+          compare("dependency file", depfile, "side file", side)}) {
         if (!found.isEmpty())
             return found;
     }
@@ -79,10 +83,11 @@ int Packer::Pack(const packinfo &parameters, CResModel &document, std::vector<QB
     const QByteArray inputHost = HostPath(env.NarrowToWide(info.inputfilename));
     const QByteArray outputHost = OutputPath(env.NarrowToWide(info.outputfilename));
     const QByteArray sideHost = info.packmode == PACK_TO_TARGET ? SideFile(env.NarrowToWide(info.inputfilename)) : "";
+    const QByteArray depfileHost = HostPath(info.depfile);
     // Another spelling, or a link: writing one would destroy the other.
-    if (const QString found = FindSameFile(inputHost, outputHost, sideHost); !found.isEmpty())
+    if (const QString found = FindSameFile(inputHost, outputHost, sideHost, depfileHost); !found.isEmpty())
         return RefuseSameFile(env, info, found);
-    OutputGuard guard({outputHost, sideHost});
+    OutputGuard guard({outputHost, sideHost, depfileHost});
     CompareProjectFiles(guard, info, document);
     if (guard.HasClash())
         return RefuseSameFile(env, info, ProjectFileText(guard));

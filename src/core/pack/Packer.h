@@ -29,6 +29,8 @@ struct packinfo
     QStringList projectFiles; ///< absolute paths of what the project was read from; no output replaces one
     /// The folder with the generated headers and the layout converter's tables; empty: where the settings put them.
     QString headers;
+    QString
+        depfile;  ///< what the caller writes behind the pack, absolute; empty: nothing. It replaces no file of the pack
     QString temp; ///< a folder for what the pack makes for itself; empty: beside the sources
 };
 

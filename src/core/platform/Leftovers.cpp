@@ -2,6 +2,8 @@
 
 #include "FilePlace.h"
 
+#include <QDir>
+
 #include <cerrno>
 #include <csignal>
 #include <dirent.h>
@@ -44,10 +46,10 @@ bool IsGone(qint64 process)
     return kill(pid_t(process), 0) != 0 && errno == ESRCH;
 }
 
-bool IsPlainFile(const QByteArray &path)
+bool IsOfMode(const QByteArray &path, mode_t mode)
 {
     struct stat info;
-    return lstat(path.constData(), &info) == 0 && S_ISREG(info.st_mode);
+    return lstat(path.constData(), &info) == 0 && (info.st_mode & S_IFMT) == mode;
 }
 
 QByteArrayList TemporaryFilesIn(const QByteArray &folder)
@@ -84,7 +86,7 @@ QByteArray TemporaryName(const QByteArray &target, qint64 process, int number)
            QByteArray::number(number);
 }
 
-void Leftovers::RemoveBeside(const QByteArray &target)
+QByteArrayList Leftovers::Abandoned(const QByteArray &target)
 {
     const QByteArray folder = FolderOf(target);
     auto known = byFolder.find(folder);
@@ -92,10 +94,28 @@ void Leftovers::RemoveBeside(const QByteArray &target)
         known = byFolder.emplace(folder, TemporaryFilesIn(folder)).first;
     const QByteArray start = StartOfNames(target);
     const QByteArray place = target.left(target.lastIndexOf('/') + 1);
+    QByteArrayList paths;
     for (const QByteArray &name : known->second) {
         const TemporaryFile file(name);
-        if (file.start == start && IsGone(file.process) && IsPlainFile(place + name))
-            unlink((place + name).constData());
+        if (file.start == start && IsGone(file.process))
+            paths.append(place + name);
+    }
+    return paths;
+}
+
+void Leftovers::RemoveBeside(const QByteArray &target)
+{
+    for (const QByteArray &path : Abandoned(target)) {
+        if (IsOfMode(path, S_IFREG))
+            unlink(path.constData());
+    }
+}
+
+void Leftovers::RemoveFoldersBeside(const QByteArray &target)
+{
+    for (const QByteArray &path : Abandoned(target)) {
+        if (IsOfMode(path, S_IFDIR))
+            QDir(QString::fromUtf8(path)).removeRecursively();
     }
 }
 

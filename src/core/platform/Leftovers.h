@@ -23,8 +23,13 @@ public:
     /// Removes what was left beside the file `target` by processes that are gone. Other names, what isn't a plain file
     /// and what belongs to a process that is alive stay.
     void RemoveBeside(const QByteArray &target);
+    /// The same for folders of such names (TemporaryFolder), with what is in them.
+    void RemoveFoldersBeside(const QByteArray &target);
 
 private:
+    /// The paths of that form beside `target` that belong to no process.
+    [[nodiscard]] QByteArrayList Abandoned(const QByteArray &target);
+
     std::map<QByteArray, QByteArrayList> byFolder; // names of that form
 };
 

@@ -27,6 +27,9 @@ public:
     explicit ToolVariables(const Environment &env) : pointers(environ, End())
     {
         Set("XDG_CONFIG_HOME", env.ConfigFolder());
+        // The tool runs in the project's folder, and a relative path would name another folder there.
+        if (qEnvironmentVariableIsSet("MORVANITE_PROGRAM_DIR"))
+            Set("MORVANITE_PROGRAM_DIR", env.ProgramDir());
         if (!env.settings.ProjectFile().isEmpty())
             Set("MORVANITE_PROJECT_DIR", DirectoryOf(env.settings.ProjectFile()));
         pointers.push_back(nullptr);

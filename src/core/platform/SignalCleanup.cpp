@@ -3,7 +3,10 @@
 #include <atomic>
 #include <cerrno>
 #include <climits>
+#include <dirent.h>
+#include <fcntl.h>
 #include <poll.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <utility>
@@ -14,7 +17,8 @@ struct SignalCleanup::Entry
 {
     std::atomic<Entry *> next = nullptr;
     Entry *previous = nullptr;
-    pid_t child = 0; // 0: it is a file
+    pid_t child = 0;       // 0: it is a file or a folder
+    bool isFolder = false; // removed with its files
     QByteArray path;
 };
 
@@ -48,6 +52,24 @@ void WaitForEnd(pid_t child)
     }
 }
 
+/// Unlinks the files of a folder, and then the folder. The library's own reading of a folder allocates memory.
+void RemoveFolder(const char *path)
+{
+    const int folder = open(path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (folder < 0)
+        return;
+    alignas(dirent64) char entries[4096];
+    for (long size = 0; (size = syscall(SYS_getdents64, folder, entries, sizeof entries)) > 0;) {
+        for (long at = 0; at < size;) {
+            const auto *entry = reinterpret_cast<const dirent64 *>(entries + at);
+            unlinkat(folder, entry->d_name, 0);
+            at += entry->d_reclen;
+        }
+    }
+    close(folder);
+    rmdir(path);
+}
+
 /// Children first: they may be writing the files.
 void CleanUp()
 {
@@ -60,7 +82,11 @@ void CleanUp()
             WaitForEnd(entry->child);
     }
     for (const Entry *entry = first; entry; entry = entry->next) {
-        if (entry->child == 0)
+        if (entry->child != 0)
+            continue;
+        if (entry->isFolder)
+            RemoveFolder(entry->path.constData());
+        else
             unlink(entry->path.constData());
     }
 }
@@ -111,6 +137,13 @@ SignalCleanup SignalCleanup::OfFile(const QByteArray &path)
     auto *entry = new Entry;
     entry->path = FromRoot(path);
     return SignalCleanup(entry);
+}
+
+SignalCleanup SignalCleanup::OfFolder(const QByteArray &path)
+{
+    SignalCleanup folder = OfFile(path);
+    folder.entry->isFolder = true;
+    return folder;
 }
 
 SignalCleanup SignalCleanup::OfChild(pid_t child)

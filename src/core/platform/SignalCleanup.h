@@ -5,8 +5,8 @@
 #include <csignal>
 #include <sys/types.h>
 
-/// One thing that must not outlive the program when SIGINT or SIGTERM ends it: a temporary file, which is removed, or a
-/// child process, which is ended. It is registered as long as this object lives. Main thread only.
+/// One thing that must not outlive the program when SIGINT or SIGTERM ends it: a temporary file or folder, which is
+/// removed, or a child process, which is ended. It is registered as long as this object lives. Main thread only.
 ///
 ///     SignalCleanup::Install();                       // once, where the program starts
 ///     SignalCleanup file;
@@ -30,6 +30,8 @@ public:
     SignalCleanup() = default;
     /// A file that is removed. A relative path counts from the current folder of now.
     [[nodiscard]] static SignalCleanup OfFile(const QByteArray &path);
+    /// A folder that is removed with the files in it. Folders in it stay, and so does the folder then.
+    [[nodiscard]] static SignalCleanup OfFolder(const QByteArray &path);
     /// A child that is ended. Release this before the call that takes the child's status away (waitpid): afterwards
     /// another process may have its number. `waitid` with WNOWAIT waits without taking it.
     [[nodiscard]] static SignalCleanup OfChild(pid_t child);

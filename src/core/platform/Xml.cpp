@@ -254,6 +254,14 @@ QByteArray ToXml(const Environment &env, const NarrowText &text)
     return ComesBackWhole(utf8) ? utf8 : QString::fromUtf8(utf8).toUtf8();
 }
 
+bool IsKeptByCodePage(const Environment &env, const QByteArray &text)
+{
+    if (env.codePage.IsUtf8())
+        return ComesBackWhole(text);
+    const QString wide = QString::fromUtf8(text);
+    return !wide.contains(QChar::ReplacementCharacter) && env.NarrowToWide(env.WideToNarrow(wide)) == wide;
+}
+
 bool IsXmlName(QByteArrayView name)
 {
     const auto continues = [](char c) { return BeginsName(c) || (c >= '0' && c <= '9') || (c && strchr("-.:", c)); };

@@ -21,6 +21,10 @@ class Environment;
 [[nodiscard]] NarrowText FromXml(const Environment &env, const char *text);
 [[nodiscard]] QByteArray ToXml(const Environment &env, const NarrowText &text);
 
+/// Says whether a text of the document (UTF-8) is the same again after `FromXml` and `ToXml`. False for one that the
+/// code page has no form of, and where the file had bytes that no text of its encoding has.
+[[nodiscard]] bool IsKeptByCodePage(const Environment &env, const QByteArray &text);
+
 /// Says whether the parser takes a text (UTF-8) for the name of an element or an attribute.
 [[nodiscard]] bool IsXmlName(QByteArrayView name);
 

@@ -349,6 +349,7 @@ void CResDoc::ReloadResources()
     treeLost = true;
     ClearFolder(root);
     untouchedLayouts.clear();
+    leftOutLayouts.clear();
     while (!layoutWatches.empty())
         UnwatchFile(QString(layoutWatches.begin()->first), WATCH_LAYOUT);
     try {

@@ -123,6 +123,8 @@ public:
     /// By resolution, the paths of the layout files that weren't loaded whole: a save leaves those files as they are,
     /// and keeps their names.
     std::map<qint32, QByteArrayList> untouchedLayouts;
+    /// The layout files that the list names in elements that the load left out.
+    std::vector<Finding> leftOutLayouts;
 
     /// The files that the project was read from, absolute: its configuration, resource list, string file and layouts.
     [[nodiscard]] QStringList ProjectFiles();

@@ -5,11 +5,14 @@
 #include "HostFiles.h"
 #include "IDGen.h"
 #include "LayoutExport.h"
+#include "OutputGuard.h"
+#include "Packer.h"
 #include "Paths.h"
+#include "ProjectFiles.h"
 #include "ProjectInputs.h"
+#include "TemporaryFolder.h"
 
 #include <QDir>
-#include <QTemporaryDir>
 
 #include <cstring>
 
@@ -51,15 +54,16 @@ QString HeaderFolder::MakeTables()
 {
     if (const QString catalogue = LayoutTableInputs(doc.env).value(1); !PathExists(catalogue))
         return u"%1: the catalogue that export_xml names isn't there"_s.arg(catalogue);
-    const QTemporaryDir made(folder + u"/tables-XXXXXX"_s);
-    if (!made.isValid())
-        return u"%1: %2"_s.arg(folder, made.errorString());
+    const TemporaryFolder temporary(HostPath(folder), "tables");
+    if (temporary.Error() != 0)
+        return u"%1: %2"_s.arg(folder, QString::fromLocal8Bit(strerror(temporary.Error())));
+    const QDir made(QString::fromUtf8(temporary.Path()));
     const QString projectFolder = DirectoryOf(doc.PathName());
     if (!SetCurrentFolder(projectFolder))
         return u"%1: the project's folder is gone"_s.arg(projectFolder);
     MakeLayoutTables(doc.env, projectFolder, made.path());
     bool hasHeader = false;
-    for (const QString &name : QDir(made.path()).entryList(QDir::Files, QDir::Name)) {
+    for (const QString &name : made.entryList(QDir::Files, QDir::Name)) {
         File file{folder + u'/' + name, {}};
         if (const int error = ReadFile(made.filePath(name), file.text))
             return u"%1: %2"_s.arg(made.filePath(name), QString::fromLocal8Bit(strerror(error)));
@@ -94,4 +98,15 @@ QStringList HeaderFolder::Inputs() const
             inputs.append(file);
     }
     return inputs;
+}
+
+QString HeaderFolder::FileThatIs(const QString &path) const
+{
+    OutputGuard guard({HostPath(path)});
+    packinfo project;
+    project.projectFiles = Inputs();
+    CompareProjectFiles(guard, project, doc);
+    for (const File &file : files)
+        guard.Compare(HostPath(file.path));
+    return QString::fromUtf8(guard.File());
 }

@@ -31,6 +31,9 @@ public:
     /// The absolute paths of the files that the opening and the writing have read, the settings among them. Only those
     /// that are there.
     [[nodiscard]] QStringList Inputs() const;
+    /// Which file of the project, or header that was written, `path` is, under whatever name; empty when it is none. It
+    /// must not be replaced then.
+    [[nodiscard]] QString FileThatIs(const QString &path) const;
 
 private:
     [[nodiscard]] QString MakeTables();

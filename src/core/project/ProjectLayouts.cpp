@@ -8,6 +8,7 @@
 #include "LayoutFault.h"
 #include "OpeningCheck.h"
 #include "Paths.h"
+#include "Xml.h"
 
 #include <utility>
 
@@ -76,7 +77,27 @@ QStringList MissingLayouts(const CResDoc &doc)
         for (const QString &file : files)
             reasons.append(u"%1: the layout file isn't loaded whole"_s.arg(file));
     }
+    for (const LoadFinding &finding : doc.leftOutLayouts)
+        reasons.append(FindingText(finding));
     return reasons;
+}
+
+void NoteLeftOutLayouts(CResDoc &doc, const QString &list, const TiXmlElement &element, const QString &why)
+{
+    if (const char *path = element.GetText(); path && element.ValueStr() == "LAYOUT")
+        doc.leftOutLayouts.push_back({"list.layout-left-out",
+                                      Severity::Error,
+                                      list,
+                                      RowOf(element),
+                                      {},
+                                      u"the layout file %1 is left out: %2"_s.arg(QString::fromUtf8(path), why)});
+    for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement())
+        NoteLeftOutLayouts(doc, list, *child, why);
+}
+
+QString NoFormText(const QString &text)
+{
+    return u"the code page has no form of \"%1\""_s.arg(Cut(text));
 }
 
 void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path)
@@ -112,6 +133,12 @@ void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path)
         untouched.append(path);
         fail(LayoutFault(env, absolute, code, int(file->All().size())));
         return;
+    }
+    env.DroppedCount += file->lostTexts;
+    for (const LayoutFileObject::LostText &lost : file->lost) {
+        const Finding finding{"layout.code-page", Severity::Error, absolute, lost.row, {}, NoFormText(lost.text)};
+        doc.findings.Add(finding);
+        env.Note(finding);
     }
     std::vector<LayoutObject *> layouts;
     for (const auto &layout : file->All())

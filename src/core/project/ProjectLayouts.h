@@ -6,6 +6,7 @@
 
 class CResDoc;
 class CResFolder;
+class TiXmlElement;
 
 /// Loads the layouts of a file into the folder of their resolution. What fails is reported; a file that isn't loaded
 /// whole is noted in the document, so that no save touches it.
@@ -28,3 +29,9 @@ struct LayoutEntry
     NarrowText path; ///< as the list has it
 };
 [[nodiscard]] LayoutEntry FindLayoutEntry(const QString &projectPath, const QString &layoutPath, CResDoc &doc);
+
+/// Notes the layout files that an element of the list names which is left out, for MissingLayouts. `why` is the reason.
+void NoteLeftOutLayouts(CResDoc &doc, const QString &list, const TiXmlElement &element, const QString &why);
+
+/// Says that the code page has no form of a text that was read: a save replaces characters of it.
+[[nodiscard]] QString NoFormText(const QString &text);

@@ -8,6 +8,7 @@
 #include "ProjectContext.h"
 #include "ProjectLayouts.h"
 #include "StringFile.h"
+#include "UnreadContent.h"
 #include "Xml.h"
 
 #include <algorithm>
@@ -18,6 +19,8 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+
+using Text = UnreadContent::Text;
 
 constexpr int CANNOT_OPEN = -1;
 constexpr int WRONG_FORMAT = 11;
@@ -64,13 +67,20 @@ class ProjectReader
 {
 public:
     explicit ProjectReader(const ProjectContext &projectContext)
-        : context(projectContext), doc(context.doc), env(context.env), list(context.Absolute(context.ResourcePath()))
+        : context(projectContext), doc(context.doc), env(context.env), list(context.Absolute(context.ResourcePath())),
+          unread([this](int row, const QString &text) {
+              ++env.DroppedCount;
+              const Finding finding{"list.unread", Severity::Error, list, row, {}, text};
+              doc.findings.Add(finding);
+              env.Note(finding);
+          })
     {
     }
 
     int Read(TiXmlElement &app)
     {
         int code = 0;
+        unread.Look(app, {"id"}, Text::IsNone);
         // Each element goes as soon as it is read, which keeps the memory of the largest projects near the parser's.
         while (TiXmlNode *node = app.FirstChild()) {
             if (TiXmlElement *element = node->ToElement())
@@ -82,9 +92,10 @@ public:
         return code;
     }
 
-    /// Leaves out what follows the list.
-    void DropBehind(const TiXmlElement &app)
+    /// Leaves out what is around the list.
+    void DropAround(const TiXmlDocument &document, const TiXmlElement &app)
     {
+        unread.LookAround(document);
         for (auto *other = app.NextSiblingElement(); other; other = other->NextSiblingElement())
             env.Note(Dropped(*other, "list.element-behind", Severity::Error,
                              u"a resource list has one element, the first"_s));
@@ -137,12 +148,14 @@ private:
     Finding Dropped(const TiXmlElement &element, const char *code, Severity severity, const QString &why)
     {
         env.DroppedCount += CountElements(element);
+        NoteLeftOutLayouts(doc, list, element, why);
         return About(element, code, severity, u"<%1> is left out: %2"_s.arg(QString::fromUtf8(element.Value()), why));
     }
 
-    /// Leaves out the elements in one that has only a text.
-    void DropChildren(const TiXmlElement &element)
+    /// Leaves out what an element has beside a text and these attributes.
+    void DropOthers(const TiXmlElement &element, std::initializer_list<const char *> attributes)
     {
+        unread.Look(element, attributes, Text::IsRead);
         for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement())
             env.Note(Dropped(*child, "list.element-inside", Severity::Error,
                              u"<%1> has only a text"_s.arg(QString::fromUtf8(element.Value()))));
@@ -152,10 +165,9 @@ private:
     NarrowText Narrow(const TiXmlElement &element, const QByteArray &utf8)
     {
         NarrowText text = FromXml(env, utf8);
-        if (!env.codePage.IsUtf8() && env.NarrowToWide(text) != QString::fromUtf8(utf8)) {
+        if (!IsKeptByCodePage(env, utf8)) {
             ++env.DroppedCount;
-            env.Note(About(element, "list.code-page", Severity::Error,
-                           u"the code page has no form of \"%1\""_s.arg(QString::fromUtf8(utf8))));
+            env.Note(About(element, "list.code-page", Severity::Error, NoFormText(QString::fromUtf8(utf8))));
         }
         return text;
     }
@@ -211,11 +223,16 @@ private:
         if (type && std::strcmp(type, "Push") == 0) {
             res->Id()->push = true;
             res->Id()->pushKind = pushKind;
+        } else if (type && std::strcmp(type, "Normal") != 0) {
+            ++env.DroppedCount;
+            env.Note(About(element, "list.type", Severity::Error,
+                           u"the type \"%1\" of %2 is neither Normal nor Push; it becomes Normal"_s.arg(
+                               QString::fromUtf8(type), QString::fromUtf8(id))));
         }
         CFileRes *const added = res.get();
         folder->AddResource(std::move(res));
         added->SetPath(Narrow(element, WithoutOuterQuotes(text)));
-        DropChildren(element);
+        DropOthers(element, {"id", "type"});
     }
 
     int ReadResolution(const TiXmlElement &element)
@@ -237,6 +254,7 @@ private:
                        "unsupported resolution (%dx%d) discarded.", width, height);
             return 0;
         }
+        unread.Look(element, {"width", "height", "class"}, Text::IsNone);
         const char *group = element.Attribute("class");
         CResFolder *images = group && std::strstr(group, "image") ? doc.UseResolutionImages(index) : nullptr;
         CResFolder *layouts = group && std::strstr(group, "layout") ? doc.UseResolutionLayouts(index) : nullptr;
@@ -259,12 +277,12 @@ private:
                        "layout file not found.");
             return;
         }
-        DropChildren(element);
+        DropOthers(element, {});
         text.replace('"', "");
         (void)SetCurrentFolder(context.dir); // which could be entered before
         const QString absolute = context.Absolute(QString::fromUtf8(text));
         doc.NoteFile(absolute);
-        LoadLayoutFile(doc, folder, FromXml(env, text));
+        LoadLayoutFile(doc, folder, Narrow(element, text));
         doc.WatchFile(absolute, CResDoc::WATCH_LAYOUT);
     }
 
@@ -276,7 +294,7 @@ private:
                        "ref_list not found (Line %d).", LineOf(element));
             return 0;
         }
-        DropChildren(element);
+        DropOthers(element, {});
         text.replace('"', "");
         (void)SetCurrentFolder(context.dir); // which could be entered before
         const QString path = QString::fromUtf8(text);
@@ -303,6 +321,7 @@ private:
                        "unknow component [%s] discarded.", id);
             return;
         }
+        unread.Look(element, {"id"}, Text::IsNone);
         for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement()) {
             if (child->ValueStr() == "IMAGE")
                 ReadComponentImage(*child, *component);
@@ -328,7 +347,8 @@ private:
         }
         const QByteArray text = WithoutOuterQuotes(TextOf(element));
         if (!text.isEmpty())
-            image->SetPath(FromXml(env, text));
+            image->SetPath(Narrow(element, text));
+        DropOthers(element, {"id"});
         image->inUse = true;
         if (image->observer)
             image->observer->NodeAdded(image);
@@ -347,6 +367,7 @@ private:
     CResDoc &doc;
     Environment &env;
     const QString list; // absolute path
+    UnreadContent unread;
     HostPaths hostPaths;
     CResFolder *defaultImages = nullptr;
     CResFolder *files[3] = {};
@@ -389,7 +410,7 @@ int ReadInto(const ProjectContext &context, const QString &path)
         return WRONG_FORMAT;
     }
     ProjectReader reader(context);
-    reader.DropBehind(*app);
+    reader.DropAround(document, *app);
     return reader.Read(*app);
 }
 

@@ -112,6 +112,7 @@ int StringFileReader::ReadCount(int &languages)
                             Shown(COUNT_WORD).constData(), languages);
         languages = 0;
     }
+    DropFurther(fields);
     return OK;
 }
 
@@ -170,13 +171,24 @@ int StringFileReader::ReadRows(qint64 size)
             document.ids.Reserve(size_t(qMin(size / (line.size() * 2), MAX_EXPECTED_ROWS)));
             size = 0;
         }
-        if (EqualsNoCase(FieldCursor(line).Next(), END_WORD)) {
+        if (FieldCursor fields(line); EqualsNoCase(fields.Next(), END_WORD)) {
+            (void)fields.Next(); // the number of rows
+            DropFurther(fields);
             DropRest();
             return OK;
         }
         ReadRow(line);
     }
     return LineError();
+}
+
+void StringFileReader::DropFurther(FieldCursor &fields)
+{
+    while (!fields.AtEnd()) {
+        if (const QStringView field = fields.Next(); !field.isEmpty())
+            document.env.Note(Dropped("strings.behind-number", {},
+                                      u"\"%1\" is left out: this line has only a number"_s.arg(Cut(field))));
+    }
 }
 
 void StringFileReader::DropRest()
@@ -235,6 +247,8 @@ void StringFileReader::ReadRow(QStringView line)
     const NarrowText name = env.WideToNarrow(id);
     // Strings have IDs of no resolution: a name that no such record bears can be in none of the folders.
     const IDRecord *rowId = document.ids.Find(name, ANY_RESOLUTION);
+    const bool isThere = rowId != nullptr;
+    const bool pushBefore = isThere && rowId->push;
     RowBuilder row(document, name);
     for (CResFolder *folder : columns) {
         if (row.Last() && fields.AtEnd())
@@ -262,6 +276,10 @@ void StringFileReader::ReadRow(QStringView line)
             rowId = cell->Id();
     }
     ++rows;
+    if (hasType && isThere && pushBefore != push)
+        env.Note(Dropped("strings.other-type", id,
+                         u"the type \"%1\" of %2 is left out: there is such a row already, of another type"_s.arg(
+                             Cut(type), Cut(id))));
     while (!fields.AtEnd()) {
         if (const QStringView text = fields.Next(); !text.isEmpty())
             env.Note(

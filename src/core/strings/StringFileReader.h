@@ -37,6 +37,8 @@ private:
     /// Does the rest for a cell that has just been made.
     void Added(CStringRes &cell, bool push);
     [[nodiscard]] bool NextLine(QStringView &line);
+    /// Counts the fields that are left of a line with a number.
+    void DropFurther(class FieldCursor &fields);
     /// Counts what is behind the last row: nobody reads it, and a save doesn't write it.
     void DropRest();
     /// What is wrong with the current line. Without a `text` the report's line says it.

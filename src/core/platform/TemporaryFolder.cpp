@@ -1,0 +1,38 @@
+#include "TemporaryFolder.h"
+
+#include "Leftovers.h"
+
+#include <QDir>
+
+#include <cerrno>
+#include <sys/stat.h>
+#include <unistd.h>
+
+TemporaryFolder::TemporaryFolder(const QByteArray &parent, const QByteArray &name)
+{
+    const QByteArray target = parent + '/' + name;
+    Leftovers().RemoveFoldersBeside(target);
+    error = Make(target);
+}
+
+int TemporaryFolder::Make(const QByteArray &target)
+{
+    for (int number = 0; number < MOST_TEMPORARY_FILES; ++number) {
+        const QByteArray tried = TemporaryName(target, getpid(), number);
+        const SignalHold hold; // nothing is left between the two steps
+        if (mkdir(tried.constData(), S_IRWXU) == 0) {
+            cleanup = SignalCleanup::OfFolder(tried);
+            path = tried;
+            return 0;
+        }
+        if (errno != EEXIST)
+            return errno;
+    }
+    return EEXIST;
+}
+
+TemporaryFolder::~TemporaryFolder()
+{
+    if (!path.isEmpty())
+        QDir(QString::fromUtf8(path)).removeRecursively();
+}

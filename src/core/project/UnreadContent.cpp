@@ -1,0 +1,39 @@
+#include "UnreadContent.h"
+
+#include "Text.h"
+
+#include <algorithm>
+#include <cstring>
+
+using namespace Qt::StringLiterals;
+
+void UnreadContent::Look(const TiXmlElement &element, std::initializer_list<const char *> attributes, Text text) const
+{
+    for (auto *attribute = element.FirstAttribute(); attribute; attribute = attribute->Next()) {
+        const bool isKnown = std::any_of(attributes.begin(), attributes.end(),
+                                         [&](const char *known) { return std::strcmp(known, attribute->Name()) == 0; });
+        if (!isKnown)
+            tell(RowOf(element), u"the attribute \"%1\" is left out: <%2> has none of that name"_s.arg(
+                                     Cut(QString::fromUtf8(attribute->Name())), QString::fromUtf8(element.Value())));
+    }
+    LookAtNodes(element, RowOf(element), text);
+}
+
+void UnreadContent::LookAround(const TiXmlDocument &document) const
+{
+    LookAtNodes(document, 1, Text::IsNone);
+}
+
+void UnreadContent::LookAtNodes(const TiXmlNode &parent, int row, Text text) const
+{
+    for (const TiXmlNode *node = parent.FirstChild(); node; node = node->NextSibling()) {
+        if (node->ToElement() || node->ToDeclaration() ||
+            (text == Text::IsRead && node == parent.FirstChild() && node->ToText()))
+            continue;
+        const TiXmlElement *next = node->NextSiblingElement();
+        const QString what = Cut(QString::fromUtf8(node->Value()).simplified());
+        tell(next ? RowOf(*next) : row, node->ToComment()
+                                            ? u"the comment \"%1\" is left out by a save"_s.arg(what)
+                                            : u"the text \"%1\" is left out: no resource has it"_s.arg(what));
+    }
+}
