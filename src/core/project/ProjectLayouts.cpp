@@ -77,7 +77,7 @@ QStringList MissingLayouts(const CResDoc &doc)
         for (const QString &file : files)
             reasons.append(u"%1: the layout file isn't loaded whole"_s.arg(file));
     }
-    for (const LoadFinding &finding : doc.leftOutLayouts)
+    for (const Finding &finding : doc.leftOutLayouts)
         reasons.append(FindingText(finding));
     return reasons;
 }

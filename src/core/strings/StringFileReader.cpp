@@ -219,6 +219,22 @@ void StringFileReader::Overwrite(CStringRes &cell, QStringView text)
     cell.SetText(text.toString());
 }
 
+void StringFileReader::CheckFields(QStringView id, QStringView type)
+{
+    if (hasType && !EqualsNoCase(type, PUSH_WORD) && !EqualsNoCase(type, NORMAL_WORD)) {
+        document.env.Report(
+            About("strings.type-invalid", Severity::Error, id,
+                  u"the type \"%1\" of %2 is neither %3 nor %4"_s.arg(Cut(type), Cut(id), NORMAL_WORD, PUSH_WORD)),
+            "invalid resource type - [%s].", Shown(type).constData());
+    }
+    if (!IsValidIdName(id)) {
+        document.env.Report(
+            About("strings.id-invalid", Severity::Error, id,
+                  u"\"%1\" is no ID: 1 to 64 letters, digits and \"_\", and no digit at the front"_s.arg(Cut(id))),
+            "invalid ID format - [%s].", Shown(id).constData());
+    }
+}
+
 void StringFileReader::ReadRow(QStringView line)
 {
     Environment &env = document.env;
@@ -231,19 +247,7 @@ void StringFileReader::ReadRow(QStringView line)
         return;
     }
     const bool push = EqualsNoCase(type, PUSH_WORD);
-    if (hasType && !push && !EqualsNoCase(type, NORMAL_WORD)) {
-        env.Report(
-            About("strings.type-invalid", Severity::Error, id,
-                  u"the type \"%1\" of %2 is neither %3 nor %4"_s.arg(Cut(type), Cut(id), NORMAL_WORD, PUSH_WORD)),
-            "invalid resource type - [%s].", Shown(type).constData());
-    }
-    if (!IsValidIdName(id)) {
-        env.Report(
-            About("strings.id-invalid", Severity::Error, id,
-                  u"\"%1\" is no ID: 1 to 64 letters, digits and \"_\", and no digit at the front"_s.arg(Cut(id))),
-            "invalid ID format - [%s].", Shown(id).constData());
-    }
-
+    CheckFields(id, type);
     const NarrowText name = env.WideToNarrow(id);
     // Strings have IDs of no resolution: a name that no such record bears can be in none of the folders.
     const IDRecord *rowId = document.ids.Find(name, ANY_RESOLUTION);

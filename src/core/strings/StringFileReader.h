@@ -34,6 +34,8 @@ private:
     [[nodiscard]] int ReadColumns(int languages);
     [[nodiscard]] int ReadRows(qint64 size);
     void ReadRow(QStringView line);
+    /// Reports an ID or a type that is none. The row is read all the same.
+    void CheckFields(QStringView id, QStringView type);
     /// Does the rest for a cell that has just been made.
     void Added(CStringRes &cell, bool push);
     [[nodiscard]] bool NextLine(QStringView &line);
