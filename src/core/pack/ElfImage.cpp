@@ -3,6 +3,7 @@
 #include "Environment.h"
 #include "HostFiles.h"
 #include "OutputFile.h"
+#include "PayloadFormat.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -12,7 +13,6 @@
 namespace
 {
 
-constexpr char SECTION_NAME[8] = ".zp_res"; // with its zero byte
 constexpr quint32 TYPE_PROGBITS = 1;
 constexpr quint32 TYPE_NOBITS = 8;
 constexpr quint32 FLAG_ALLOC = 2;
@@ -181,7 +181,7 @@ private:
         // The grown file holds the table twice.
         if (section.size > LARGEST - fileSize)
             return FailTooLarge(env, shown);
-        elf.nameTable.reserve(qsizetype(section.size + sizeof SECTION_NAME));
+        elf.nameTable.reserve(qsizetype(section.size + sizeof PAYLOAD_NAME));
         elf.nameTable.resize(qsizetype(section.size));
         return Read(SECTION_DATA, section.offset, section.size, elf.nameTable.data());
     }
@@ -203,11 +203,11 @@ int MakeRoom(Environment &env, const QByteArray &shown, ElfImage &elf)
         return Fail(env, "[error] no section name table to put the name .zp_res into: ", shown, ElfCode::NoNameTable);
     if (elf.sections.size() >= MOST_SECTIONS)
         return Fail(env, "[error] the section table is full, at 65535 sections: ", shown, ElfCode::TooLarge);
-    elf.nameTable.append(SECTION_NAME, sizeof SECTION_NAME);
+    elf.nameTable.append(PAYLOAD_NAME, sizeof PAYLOAD_NAME);
     quint32 &namesSize = elf.sections[elf.nameTableIndex].size;
     ElfImage::SectionHeader section{};
     section.name = namesSize;
-    namesSize += quint32(sizeof SECTION_NAME);
+    namesSize += quint32(sizeof PAYLOAD_NAME);
     elf.sections.push_back(section);
     Put16(elf.header.data() + E_SHNUM, quint16(elf.sections.size()));
     return 0;

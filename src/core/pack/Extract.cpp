@@ -187,7 +187,7 @@ QString ExtractAll(const Environment &env, const InspectResult &result, const QS
             extraction.Write("entries", SafeName(env.NarrowToWide(entry.name)), entry.data);
     }
     for (const BlockEntry &item : payload.block) {
-        if (item.key < FIRST_LANGUAGE_KEY)
+        if (item.key < LANGUAGE_KEY)
             extraction.Write("items", QByteArray::number(item.key).rightJustified(8, '0') + ".bin", item.data);
     }
     for (const LanguageStrings &language : payload.languages)

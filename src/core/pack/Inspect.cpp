@@ -8,7 +8,6 @@
 namespace
 {
 
-constexpr char MAGIC[8] = ".zp_res"; // with its zero byte
 constexpr qint64 LARGEST_FILE = qint64(1) << 32;
 constexpr quint64 TRAILER = 4; // bytes
 
@@ -34,8 +33,8 @@ QString FindSection(const ByteReader &file, quint64 &offset, quint64 &size)
         if (!bytes)
             return QStringLiteral("section header %1 lies outside the file").arg(i);
         const ByteReader section(*bytes);
-        const auto name = ByteReader(*names).Slice(*section.U32(0), sizeof MAGIC);
-        if (!name || std::memcmp(name->data(), MAGIC, sizeof MAGIC) != 0)
+        const auto name = ByteReader(*names).Slice(*section.U32(0), sizeof PAYLOAD_NAME);
+        if (!name || std::memcmp(name->data(), PAYLOAD_NAME, sizeof PAYLOAD_NAME) != 0)
             continue;
         offset = *section.U32(16);
         size = *section.U32(20);
@@ -56,10 +55,11 @@ bool FindAppended(const ByteReader &file, quint64 &offset, quint64 &size)
         return false;
     const quint64 end = file.Size() - TRAILER;
     const quint64 input = *file.U32(end);
-    const auto magic = file.Slice(input, sizeof MAGIC);
-    if (!magic || input + sizeof MAGIC > end || std::memcmp(magic->data(), MAGIC, sizeof MAGIC) != 0)
+    const auto magic = file.Slice(input, sizeof PAYLOAD_NAME);
+    if (!magic || input + sizeof PAYLOAD_NAME > end ||
+        std::memcmp(magic->data(), PAYLOAD_NAME, sizeof PAYLOAD_NAME) != 0)
         return false;
-    offset = input + sizeof MAGIC;
+    offset = input + sizeof PAYLOAD_NAME;
     size = end - offset;
     return true;
 }

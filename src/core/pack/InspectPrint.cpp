@@ -53,7 +53,7 @@ bool IsLayout(const BlockEntry &item)
 const char *WhatIs(const BlockEntry &item)
 {
     const quint32 key = item.key;
-    if (key >= FIRST_LANGUAGE_KEY)
+    if (key >= LANGUAGE_KEY)
         return "strings";
     if (key >= 100000 && key < 110000) {
         static constexpr const char *PUSH[] = {"push audio",  "push video",  "push binary", "push image",
@@ -155,7 +155,7 @@ QByteArray InspectText(const Environment &env, const InspectResult &result)
     text += "\nblock    " + Number(payload.block.size()) + "\n" + Column("offset", 12) + Column("size", 12) +
             Column("key", 12) + "  what\n";
     for (const BlockEntry &item : payload.block) {
-        const bool isLanguage = item.key >= FIRST_LANGUAGE_KEY;
+        const bool isLanguage = item.key >= LANGUAGE_KEY;
         text += Column(Number(item.offset), 12) + Column(Number(item.size), 12) +
                 Column(isLanguage ? "0x" + QByteArray::number(item.key, 16).toUpper() : Number(item.key), 12) + "  " +
                 WhatIs(item) + (isLanguage ? " of language " + Number(item.key & 0xFFFF) : QByteArray()) + '\n';

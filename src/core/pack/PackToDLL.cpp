@@ -1,19 +1,18 @@
 #include "ElfImage.h"
 #include "OutputFile.h"
 #include "PackRun.h"
+#include "PayloadFormat.h"
 
 #include <QtEndian>
 
 #include <cerrno>
 #include <cstring>
 
-// A packed DLL: the input's bytes, MAGIC, the payload, and the input's size in 4 bytes, the low one first. A reader
-// goes from that last field to the magic.
+// A packed DLL: the input's bytes, PAYLOAD_NAME, the payload, and the input's size in 4 bytes, the low one first. A
+// reader goes from that last field to the name.
 
 namespace
 {
-
-constexpr char MAGIC[8] = ".zp_res"; // with its zero byte
 
 int WriteOutputFile(PackRun &run, const FileHandle &input, quint32 inputSize, QByteArrayView payload)
 {
@@ -53,8 +52,8 @@ int Packer::PackToDLL(PackRun &run)
         return PACK_INPUT_SIZE;
     }
     QByteArrayView payload;
-    const quint64 base = quint64(inputSize) + sizeof MAGIC;
-    if (const int code = BuildPayload(run, EntryPadding::None, base, {MAGIC, sizeof MAGIC}, payload))
+    const quint64 base = quint64(inputSize) + sizeof PAYLOAD_NAME;
+    if (const int code = BuildPayload(run, EntryPadding::None, base, {PAYLOAD_NAME, sizeof PAYLOAD_NAME}, payload))
         return code;
     const int code = WriteOutputFile(run, input, quint32(inputSize), payload);
     run.Env().DebugTrace("leave Packer::PackToDLL(): result=%d", code);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PayloadFormat.h"
 #include "Text.h"
 
 #include <optional>
@@ -45,8 +46,7 @@ struct BlockItem
 
 inline constexpr char BLOCK_NAME[] = "zep-2.0";
 inline constexpr quint32 BLOCK_END_KEY = 0xFFFFFFFF;
-inline constexpr quint32 LANGUAGE_KEY = 0xFFFF0000; ///< the language number stands in the low 16 bits
-inline constexpr quint32 BLOCK_RECORD = 8;          ///< bytes
+inline constexpr quint32 BLOCK_RECORD = 8; ///< bytes
 
 [[nodiscard]] constexpr quint64 RoundUpTo4(quint64 size)
 {

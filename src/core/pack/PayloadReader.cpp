@@ -127,7 +127,7 @@ private:
     QString ReadLanguages()
     {
         for (const BlockEntry &item : payload.block) {
-            if (item.key < FIRST_LANGUAGE_KEY)
+            if (item.key < LANGUAGE_KEY)
                 continue;
             LanguageStrings language{item.key & 0xFFFF, {}};
             const QString wrong = ReadStrings(item.data, language.strings);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PayloadFormat.h"
 #include "Text.h"
 
 #include <vector>
@@ -45,9 +46,6 @@ struct Payload
     std::vector<BlockEntry> block;       ///< without the one that ends the table
     std::vector<LanguageStrings> languages;
 };
-
-/// The first of the keys that belong to languages; the number is in the low 16 bits.
-inline constexpr quint32 FIRST_LANGUAGE_KEY = 0xFFFF0000;
 
 /// Reads a payload (docs/payload-format.md). Its base is what its first offset says. Empty, or what is wrong with the
 /// bytes: field, value and limit.

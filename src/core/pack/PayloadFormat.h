@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QtGlobal>
+
+// What writer and reader of the payload share.
+
+/// With its zero byte: the name of the section, and what stands in front of the payload in a packed DLL.
+inline constexpr char PAYLOAD_NAME[8] = ".zp_res";
+
+/// The first of the keys that belong to languages; the language's number is in the low 16 bits.
+inline constexpr quint32 LANGUAGE_KEY = 0xFFFF0000;
