@@ -39,11 +39,6 @@ struct TemporaryFile
     }
 };
 
-bool IsGone(qint64 process)
-{
-    return kill(pid_t(process), 0) != 0 && errno == ESRCH;
-}
-
 bool IsPlainFile(const QByteArray &path)
 {
     struct stat info;
@@ -70,6 +65,11 @@ QByteArray StartOfNames(const QByteArray &target)
 }
 
 } // namespace
+
+bool IsGone(qint64 process)
+{
+    return kill(pid_t(process), 0) != 0 && errno == ESRCH;
+}
 
 qint64 PlainNumber(const QByteArray &text)
 {
