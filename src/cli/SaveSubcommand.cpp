@@ -26,7 +26,7 @@ public:
         const CommandRecord record{path};
         if (remote)
             return RunRemotely(session, IDE_COMMAND_SAVE, record);
-        if (strict && HasInterruptedSave(session.env, path))
+        if (!session.LockProject(path) || (strict && HasInterruptedSave(session.env, path)))
             return EXIT_FAILED;
         CResDoc *const document = session.OpenQuietly(path); // it has no lines in the report of a save
         if (!TellOfOpening(session, path, document, strict && document) || !document)

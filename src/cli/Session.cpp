@@ -2,6 +2,7 @@
 
 #include "HostFiles.h"
 #include "Paths.h"
+#include "ProjectSave.h"
 #include "TypedText.h"
 
 #include <cerrno>
@@ -87,6 +88,11 @@ int Session::StatusAfter(int status)
 {
     hasFailures = hasFailures || env.FailureCount > 0;
     return hasFailures ? int(EXIT_FAILED) : status;
+}
+
+bool Session::LockProject(const QString &project)
+{
+    return lock.Take(env, SavedProjectOf(env, project));
 }
 
 CResDoc *Session::OpenQuietly(const QString &project)

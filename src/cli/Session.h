@@ -2,6 +2,7 @@
 
 #include "Environment.h"
 #include "IdeCommandHandler.h"
+#include "ProjectLock.h"
 #include "StandardOutput.h"
 
 /// What every command of morvanite-cli works with: one process's environment, its documents and the command handler,
@@ -30,6 +31,11 @@ public:
     /// counts afresh; `OpenQuietly` does so itself.
     [[nodiscard]] int StatusAfter(int status);
 
+    /// Waits for other processes that save the project, and keeps them from it until the program ends: before the
+    /// opening of a project that the command saves, so that it misses nothing that others write. False when that can't
+    /// be, which has been explained.
+    [[nodiscard]] bool LockProject(const QString &project);
+
     /// Opens a project. Null when that fails. The report of the load goes to standard error when it has an error or a
     /// warning, and nowhere otherwise.
     CResDoc *OpenQuietly(const QString &project);
@@ -37,6 +43,7 @@ public:
 private:
     void OpenDebugLog(const QString &name);
 
+    ProjectLock lock;
     bool hasFailures = false; // of any operation so far
 };
 

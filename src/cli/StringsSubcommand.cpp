@@ -68,6 +68,8 @@ public:
     {
         const QString workbook = AbsolutePath(file); // an opening changes the current folder
         const QString path = AbsolutePath(project);
+        if (*importing && !dryRun && !session.LockProject(path))
+            return EXIT_FAILED;
         if (strict && HasInterruptedSave(session.env, path))
             return EXIT_FAILED;
         CResDoc *document = session.OpenQuietly(path);
@@ -107,13 +109,20 @@ private:
             return EXIT_FAILED;
         if (dryRun)
             return status;
+        if (document.TakeInChanges() != CResDoc::Outside::None) {
+            Complain(document.PathName() +
+                     QStringLiteral(": its files were changed during the import; nothing is saved: import again"));
+            return EXIT_FAILED;
+        }
         import.Plan().Apply();
         (void)document.DoFileSave();
-        const bool saved =
-            document.lastSave.write == 0 && document.lastSave.generate == 0 && session.env.FailureCount == 0;
+        const bool saved = document.lastSave.write == 0;
         if (!saved)
             Complain(document.PathName() + QStringLiteral(": failed to save the project with the imported texts"));
-        return session.StatusAfter(saved ? status : int(EXIT_FAILED));
+        else if (document.lastSave.generate != 0 || session.env.FailureCount > 0)
+            Complain(document.PathName() +
+                     QStringLiteral(": the imported texts are saved, but not all of the headers"));
+        return session.StatusAfter(saved && document.lastSave.generate == 0 ? status : int(EXIT_FAILED));
     }
 
     /// False, having said so, when the string file can't hold what is to be imported.

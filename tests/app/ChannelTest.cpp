@@ -38,6 +38,18 @@ QByteArray RecordOf(const QString &path)
 
 } // namespace
 
+TEST(Channel, WhatACommandExplainsIsOnStandardErrorAndThenInThePane)
+{
+    TestWindow window;
+    window.MakeProject("bad", "<APP>");
+    window.Start();
+    testing::internal::CaptureStderr();
+    Send(IDE_COMMAND_LOAD, RecordOf(window.Project("bad")));
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("morvanite: "));
+    EXPECT_TRUE(TestWindow::WaitFor([&] { return window.OutputText().find("demo.res.xml") != std::string::npos; }))
+        << window.OutputText();
+}
+
 TEST(Channel, AnIdesCommandsRunInTheWindowWithoutBoxesAndWithNothingInThePane)
 {
     TestWindow window;

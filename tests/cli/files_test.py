@@ -157,6 +157,19 @@ class Files(DemoProject):
         self.assertIn('File too large; ', err)
         self.assertEqual(self.content(), before)
 
+    def test_two_imports_at_once_both_arrive(self):
+        sheets = []
+        for name in 'A', 'B':
+            sheets.append(self.dir / f'{name}.csv')
+            sheets[-1].write_text(f'Number of Language,1\nString ID,Resource Type,Description,English\nID_{name},Normal,,Text\n')
+        for _ in range(6):
+            (self.dir / 'res/ref_list_demo.txt').write_bytes(FILES['res/ref_list_demo.txt'])
+            imports = [subprocess.Popen([CLI, 'strings', 'import', self.project, sheet], env=self.env,
+                                        stdout=subprocess.DEVNULL) for sheet in sheets]
+            self.assertEqual([each.wait(60) for each in imports], [0, 0])
+            texts = (self.dir / 'res/ref_list_demo.txt').read_bytes().decode('utf-16')
+            self.assertTrue('ID_A' in texts and 'ID_B' in texts, texts)
+
     def test_a_header_that_cannot_be_written_fails_the_save_and_the_import_and_says_why(self):
         self.assertEqual(self.run_cli('strings', 'export', self.project, 'a.csv')[0], 0)
         (self.dir / 'ResID/ResID.h').mkdir(parents=True)

@@ -82,6 +82,23 @@ TEST_F(WriteFile, OfATransactionHappensWithTheCommitOrNotAtAll)
     EXPECT_EQ(folder.Get("a"), "newest") << "afterwards writing is immediate again";
 }
 
+TEST_F(WriteFile, OfATransactionIsAskedForOnceMoreWhenNoOtherSaveIsUnderWay)
+{
+    Environment env(folder.Path());
+    FileTransaction files(env, {folder.Path(), folder.Path("journal")});
+    EXPECT_EQ(env.ReplaceFile(folder.Path("a"), "new") + env.ReplaceFile(folder.Path("b"), "new"), 0);
+    EXPECT_EQ(files.Commit([&] { return !folder.Has("journal"); }), folder.Path("a"));
+    EXPECT_EQ(folder.Names(), QStringList());
+
+    QString said;
+    env.explain = [&](const QString &text) { said = text; };
+    FileTransaction again(env);
+    EXPECT_EQ(env.ReplaceFile(folder.Path("a"), "new"), 0);
+    const QString temporary = folder.Path(".a.%1-0").arg(getpid());
+    EXPECT_EQ(again.Commit([&] { return QFile::remove(temporary); }), folder.Path("a"));
+    EXPECT_TRUE(said.contains(u"another program removed the temporary file"_s)) << qPrintable(said);
+}
+
 TEST_F(WriteFile, OfATransactionAGeneratedFileThatIsRefusedHoldsUpNoOther)
 {
     Environment env(folder.Path());

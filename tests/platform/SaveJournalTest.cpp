@@ -5,7 +5,11 @@
 #include "TempFolder.h"
 
 #include <csignal>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 
 using namespace Qt::StringLiterals;
@@ -86,13 +90,46 @@ TEST_F(Journal, FinishesASaveThatWasKilledBetweenItsRenames)
         EXPECT_EQ(said.size(), renames < 3 ? 1 : 0) << qPrintable(said.join(u'\n'));
         said.clear();
     }
-    // A generated file that can't have its name is no reason to refuse the project.
-    PutOld();
-    SaveAndDie(1);
-    ASSERT_TRUE(QFile::remove(folder.Path("inc/ids.h")));
-    EXPECT_FALSE(FinishInterruptedSave(env, project)) << "that is a change as well";
-    ASSERT_TRUE(QFile::remove(folder.Path("demo/res/.demo.journal")));
-    EXPECT_TRUE(FinishInterruptedSave(env, project) && env.FailureCount == 1);
+    // A generated file that was changed meanwhile is no reason to refuse the project.
+    for (const bool isThere : {true, false}) {
+        PutOld();
+        SaveAndDie(1);
+        if (isThere)
+            folder.Put(names[2], "edited");
+        else
+            ASSERT_TRUE(QFile::remove(folder.Path(names[2])));
+        EXPECT_TRUE(FinishInterruptedSave(env, project)) << qPrintable(said.join(u'\n'));
+        EXPECT_EQ(Contents(), QByteArrayList({"new", "new", isThere ? "edited" : "new"}));
+        EXPECT_EQ(folder.Names("demo/res") + folder.Names("inc"), QStringList({u"list"_s, u"strings"_s, u"ids.h"_s}));
+    }
+}
+
+/// As some network file systems have it.
+static void RefuseLocks()
+{
+    sock_filter code[] = {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+                          BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_flock, 0, 1),
+                          BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EBADF),
+                          BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
+    const sock_fprog program{std::size(code), code};
+    EXPECT_EQ(prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) + prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program), 0);
+}
+
+TEST_F(Journal, TellsASaveUnderWayFromAKilledOneWhereTheFileSystemHasNoLocks)
+{
+    for (const bool isKilled : {true, false}) {
+        PutOld();
+        SaveAndDie(isKilled ? 1 : 3, isKilled ? 0 : 100, !isKilled);
+        const pid_t child = fork();
+        if (child == 0) {
+            RefuseLocks();
+            _exit(FinishInterruptedSave(env, project) && said.size() == isKilled && Contents()[1] == "new" ? 0 : 1);
+        }
+        int status = 0;
+        EXPECT_EQ(waitpid(child, &status, 0), child);
+        EXPECT_EQ(status, 0);
+    }
+    (void)wait(nullptr);
 }
 
 TEST_F(Journal, WaitsForASaveThatIsUnderWayAndStartsItsOwnBehindIt)
@@ -149,6 +186,18 @@ TEST_F(Journal, LeavesFilesOfOneSaveWhenTheTakingBackOfARefusedOneIsKilled)
 
 TEST_F(Journal, OverwritesNothingThatWasChangedSince)
 {
+    SaveAndDie(1);
+    folder.Put("demo/res/list", "taken back");
+    EXPECT_FALSE(FinishInterruptedSave(env, project)) << "strings of the save would come to a list of before";
+    EXPECT_EQ(Contents(), QByteArrayList({"taken back", "old", "old"}));
+    PutOld();
+    ASSERT_TRUE(QFile::remove(folder.Path("demo/res/.demo.journal")));
+    SaveAndDie(2);
+    folder.Put("demo/res/list", "edited");
+    EXPECT_TRUE(FinishInterruptedSave(env, project)) << "only what can be made anew was missing";
+    EXPECT_EQ(Contents(), QByteArrayList({"edited", "new", "new"}));
+
+    PutOld();
     SaveAndDie(1);
     folder.Put("demo/res/strings", "edited");
     for (int i = 0; i < 2; ++i) {

@@ -1,8 +1,13 @@
+#include "FileLimit.h"
 #include "KeptFiles.h"
+#include "ProjectLock.h"
 #include "ProjectSave.h"
 #include "TestProject.h"
 
 #include <gmock/gmock.h>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using testing::HasSubstr;
@@ -83,6 +88,81 @@ TEST_F(OutsideChanges, AreKeptWhenASaveReplacesThem)
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_NE(doc->ids.FindName("ID_OUTSIDE"), nullptr) << "the document had no changes any more";
     EXPECT_EQ(Kept().size(), 2U);
+}
+
+TEST_F(OutsideChanges, OfASaveUnderWayAreWaitedFor)
+{
+    int ready[2];
+    ASSERT_EQ(pipe(ready), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        ProjectLock lock;
+        (void)!(lock.Take(*project.env, SavedProjectOf(*project.env, project.Path())) && write(ready[1], "x", 1));
+        usleep(300'000);
+        ChangeOutside();
+        _exit(0);
+    }
+    char byte = 0;
+    ASSERT_EQ(read(ready[0], &byte, 1), 1);
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_NE(doc->ids.FindName("ID_OUTSIDE"), nullptr);
+    EXPECT_TRUE(FileHas(STRINGS, u"ID_OUTSIDE"));
+    ASSERT_EQ(waitpid(child, nullptr, 0), child);
+}
+
+TEST_F(OutsideChanges, WhileASaveIsUnderWayAreKept)
+{
+    struct Meddler : FakeMonitor
+    {
+        void RemoveFile(quint32 handle) override
+        {
+            FakeMonitor::RemoveFile(handle);
+            if (meddle)
+                std::exchange(meddle, nullptr)();
+        }
+        std::function<void()> meddle;
+    } meddler;
+    project.documents.CloseAll();
+    project.services.watch = &meddler;
+    doc = project.Open();
+    meddler.meddle = [this] { ChangeOutside(); };
+    EXPECT_TRUE(doc->DoFileSave());
+    ASSERT_EQ(Kept().size(), 1U);
+    EXPECT_THAT(notice, HasSubstr("ref_list_demo.txt since it was opened"));
+    project.documents.CloseAll();
+}
+
+TEST_F(OutsideChanges, ThatComeBetweenTheAttemptToLoadAndTheReloadAreTakenInLater)
+{
+    const QByteArray sound = project.folder.Get(LIST);
+    bool meddles = true;
+    project.env->explain = [&](const QString &) {
+        if (std::exchange(meddles, false))
+            project.folder.Put(LIST, "<APP>");
+    };
+    ChangeOutside();
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::Unreadable);
+    EXPECT_TRUE(doc->IsUnreadable());
+    EXPECT_FALSE(doc->IsModified()) << "a server may close it";
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::Unreadable);
+    doc->SetModifiedFlag(true); // whatever the user does with what is left
+    project.folder.Put(LIST, sound);
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::TakenIn);
+    EXPECT_FALSE(doc->IsUnreadable());
+    EXPECT_NE(doc->ids.FindName("ID_OUTSIDE"), nullptr);
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_EQ(doc->lastSave.write, 0);
+}
+
+TEST_F(OutsideChanges, AreTakenInAfterAFailedSaveOfAProjectThatNobodyEdits)
+{
+    project.services.user = nullptr;
+    (void)WithFileLimit(0, [&] { return doc->DoFileSave(); });
+    EXPECT_NE(doc->lastSave.write, 0);
+    ChangeOutside();
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::TakenIn);
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_TRUE(FileHas(STRINGS, u"ID_OUTSIDE"));
 }
 
 TEST_F(OutsideChanges, ThatCannotBeReadAreNeitherLoadedNorReplaced)

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QSocketNotifier>
 
+#include <cstdio>
 #include <new>
 
 CMorvaniteApp::CMorvaniteApp()
@@ -57,8 +58,9 @@ std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
     services.user = &frame->Boxes();
     services.Notify = [this](const CResDoc &document, const QString &text) { frame->Notices().Add(document, text); };
     env.explain = [this](const QString &text) {
-        if (!frame->Turn().IsOn())
-            frame->Bars().WriteLine(text);
+        if (frame->Turn().IsOn()) // the pane stays as it is during a command, which may take long
+            std::fprintf(stderr, "morvanite: %s\n", qUtf8Printable(text));
+        frame->Turn().AfterCommand([this, text] { frame->Bars().WriteLine(text); });
     };
     handler.idleOutput = [this](QStringView text) { frame->Bars().WriteOutput(text); };
     env.whileWaiting = [this] {

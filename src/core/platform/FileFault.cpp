@@ -22,6 +22,15 @@ QString WaysToRights(const QByteArray &host)
         DirectoryOf(QString::fromUtf8(FollowLinks(host))));
 }
 
+/// What to do where a file wasn't there although only it itself was to be made.
+QString WaysToPlace(const QByteArray &host)
+{
+    const QByteArray folder = FolderOf(FollowLinks(host));
+    if (access(folder.constData(), F_OK) == 0)
+        return u"another program removed the temporary file that was to take its place: try again"_s;
+    return u"there is no folder \"%1\": make it"_s.arg(DirectoryOf(QString::fromUtf8(FollowLinks(host))));
+}
+
 QString WaysToWrite(const QByteArray &host, int error)
 {
     switch (error) {
@@ -42,7 +51,7 @@ QString WaysToWrite(const QByteArray &host, int error)
         return u"a device or a pipe has the file's name: move it away"_s;
     case ENOENT:
     case ENOTDIR:
-        return u"there is no folder \"%1\": make it"_s.arg(DirectoryOf(QString::fromUtf8(FollowLinks(host))));
+        return WaysToPlace(host);
     case ENAMETOOLONG:
         return u"move the project to a shorter path"_s;
     default:

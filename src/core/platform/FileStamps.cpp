@@ -16,6 +16,14 @@ bool FileStamp::operator==(const FileStamp &other) const
            info.st_mtim.tv_sec == other.info.st_mtim.tv_sec && info.st_mtim.tv_nsec == other.info.st_mtim.tv_nsec;
 }
 
+FileStamps FileStamps::Renewed() const
+{
+    FileStamps renewed;
+    for (const auto &[path, before] : stamps)
+        renewed.Note(path);
+    return renewed;
+}
+
 FileStamps::Changes FileStamps::Since() const
 {
     Changes changes;

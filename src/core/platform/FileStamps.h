@@ -33,6 +33,9 @@ public:
     /// reading is found then.
     void Note(const QString &path) { stamps[path] = FileStamp::Of(path); }
 
+    /// The stamps of now of the same files.
+    [[nodiscard]] FileStamps Renewed() const;
+
     [[nodiscard]] bool Have(const QString &path) const { return stamps.contains(path); }
 
     /// The files that are other ones by now, in the order of their paths; `vanished` are those of them that are gone.

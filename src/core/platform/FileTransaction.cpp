@@ -74,7 +74,7 @@ QStringList FileTransaction::Replaced() const
     return replaced;
 }
 
-std::optional<QString> FileTransaction::Commit()
+std::optional<QString> FileTransaction::Commit(const std::function<bool()> &mayReplace)
 {
     const SignalHold hold;
     SaveJournal journal;
@@ -83,6 +83,9 @@ std::optional<QString> FileTransaction::Commit()
         refused = project.journal;
         if (error != EBUSY)
             Explain(project.journal, error);
+    } else if (!staged.empty() && mayReplace && !mayReplace()) {
+        refused = staged.front().path;
+        journal.End();
     } else {
         refused = RenameAll();
         const bool isDone = !refused || TakeBack();

@@ -6,6 +6,7 @@
 
 #include <QStringList>
 
+#include <functional>
 #include <list>
 #include <optional>
 
@@ -38,7 +39,10 @@ public:
 
     /// Puts all written files into their places, in the order of writing, and ends the transaction. The path of the
     /// file that the system refused, as it was handed in: no file has changed then. SIGINT and SIGTERM wait meanwhile.
-    [[nodiscard]] std::optional<QString> Commit();
+    /// `mayReplace`, unless it is empty, is asked right before the first file is put into its place, when no other save
+    /// of the project is under way any more; its false is like a refusal of the system of the first file, and it has
+    /// explained it then.
+    [[nodiscard]] std::optional<QString> Commit(const std::function<bool()> &mayReplace = {});
 
 private:
     /// A written file that waits for its place.

@@ -41,11 +41,6 @@ struct TemporaryFile
     }
 };
 
-bool IsGone(qint64 process)
-{
-    return kill(pid_t(process), 0) != 0 && errno == ESRCH;
-}
-
 bool IsOfMode(const QByteArray &path, mode_t mode)
 {
     struct stat info;
@@ -72,6 +67,11 @@ QByteArray StartOfNames(const QByteArray &target)
 }
 
 } // namespace
+
+bool IsGone(qint64 process)
+{
+    return kill(pid_t(process), 0) != 0 && errno == ESRCH;
+}
 
 qint64 PlainNumber(const QByteArray &text)
 {

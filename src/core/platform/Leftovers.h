@@ -15,6 +15,9 @@ inline constexpr int MOST_TEMPORARY_FILES = 1000;
 /// A decimal number in the one form that this program writes, or -1.
 [[nodiscard]] qint64 PlainNumber(const QByteArray &text);
 
+/// Says whether there is no process of that number.
+[[nodiscard]] bool IsGone(qint64 process);
+
 /// Finds and removes what killed processes left beside files under such names. It lists each folder once, so keep one
 /// for the files of one operation, and not longer.
 class Leftovers

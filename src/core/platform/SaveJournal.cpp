@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <limits>
 #include <optional>
 #include <poll.h>
 #include <set>
@@ -22,10 +23,12 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr char FIRST_LINE[] = "Morvanite journal 1";
+constexpr char FIRST_LINE[] = "Morvanite journal 2";
+constexpr char OLD_FIRST_LINE[] = "Morvanite journal 1";
 constexpr char LAST_LINE[] = "end";
 constexpr char NEEDED[] = "needed";
 constexpr char GENERATED[] = "generated";
+constexpr char NO_FILE[] = "-";             // in the place of a stamp
 constexpr qint64 LARGEST_JOURNAL = 1 << 20; // bytes
 
 bool IsPlainFile(const QByteArray &path)
@@ -39,7 +42,7 @@ QByteArray StampOf(const QByteArray &path)
 {
     struct stat info;
     if (lstat(path.constData(), &info) != 0)
-        return "-";
+        return NO_FILE;
     return QByteArray::number(qint64(info.st_size)) + ' ' + QByteArray::number(qint64(info.st_mtim.tv_sec)) + '.' +
            QByteArray::number(qint64(info.st_mtim.tv_nsec));
 }
@@ -50,7 +53,11 @@ struct Renaming
     QByteArray place;
     QByteArray temporary;
     QByteArray before; // StampOf
+    QByteArray after;  // the new file's; empty: not known
     bool isGenerated = false;
+
+    [[nodiscard]] bool IsWaiting() const { return IsPlainFile(temporary); }
+    [[nodiscard]] bool IsDone() const { return !IsWaiting() && (after.isEmpty() || StampOf(place) == after); }
 
     /// The file is in place, and a save that was to take it back gave it its temporary name once more.
     [[nodiscard]] bool HasBothNames() const
@@ -62,20 +69,24 @@ struct Renaming
 std::optional<std::vector<Renaming>> Parse(const QByteArray &text, const ProjectPlaces &places)
 {
     const QByteArrayList lines = text.split('\n');
-    if (lines.size() < 4 || lines.first() != FIRST_LINE ||
+    const bool isOld = lines.first() == OLD_FIRST_LINE;
+    if (lines.size() < 4 || (lines.first() != FIRST_LINE && !isOld) ||
         lines.sliced(lines.size() - 2) != QByteArrayList{LAST_LINE, ""})
         return std::nullopt;
     const qint64 process = PlainNumber(lines[1]);
     std::vector<Renaming> renamings;
     for (const QByteArray &line : lines.sliced(2, lines.size() - 4)) {
-        const QByteArrayList fields = line.split('\t');
-        if (fields.size() != 4 || (fields[0] != NEEDED && fields[0] != GENERATED))
+        QByteArrayList fields = line.split('\t');
+        if (isOld)
+            fields.insert(qMin(fields.size(), qsizetype(3)), QByteArray());
+        if (fields.size() != 5 || (fields[0] != NEEDED && fields[0] != GENERATED))
             return std::nullopt;
         const qint64 number = PlainNumber(fields[1]);
-        const QByteArray place = places.Restored(QByteArray::fromPercentEncoding(fields[3]));
+        const QByteArray place = places.Restored(QByteArray::fromPercentEncoding(fields[4]));
         if (process <= 0 || number < 0 || number >= MOST_TEMPORARY_FILES || place.isEmpty())
             return std::nullopt;
-        renamings.push_back({place, TemporaryName(place, process, int(number)), fields[2], fields[0] == GENERATED});
+        renamings.push_back(
+            {place, TemporaryName(place, process, int(number)), fields[2], fields[3], fields[0] == GENERATED});
     }
     return renamings;
 }
@@ -129,13 +140,12 @@ private:
         constexpr int PATIENCE_MS = 10'000;
         constexpr int STEP_MS = 10;
         for (int waited = 0; waited < PATIENCE_MS; waited += STEP_MS) {
-            handle = FileHandle(open(path.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+            handle = Open();
             if (!handle.IsOpen() && (errno == ENOENT || errno == ENOTDIR))
                 return true;
             if (!handle.IsOpen())
                 return Refuse(QString::fromLocal8Bit(std::strerror(errno)));
-            // A file system without locks has none that is held.
-            const bool isLocked = flock(handle.Get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+            const bool isLocked = flock(handle.Get(), LOCK_EX | LOCK_NB) != 0 && (errno == EWOULDBLOCK || IsAtWork());
             if (!isLocked && IsStillInPlace()) {
                 isThere = true;
                 return true;
@@ -145,6 +155,24 @@ private:
         }
         env.ExplainFailure(u"another program is saving this project and doesn't come to its end; try again"_s);
         return false;
+    }
+
+    /// For writing if that may be: some network file systems lock nothing else.
+    [[nodiscard]] FileHandle Open() const
+    {
+        constexpr int FLAGS = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+        FileHandle opened(open(path.constData(), O_RDWR | FLAGS));
+        return opened.IsOpen() ? std::move(opened) : FileHandle(open(path.constData(), O_RDONLY | FLAGS));
+    }
+
+    /// On a file system without locks: whether another process has the number that is in the journal.
+    [[nodiscard]] bool IsAtWork() const
+    {
+        char start[64] = {};
+        const ssize_t size = pread(handle.Get(), start, sizeof start, 0);
+        const QByteArrayList lines = QByteArray(start, qMax(size, ssize_t(0))).split('\n');
+        const qint64 process = lines.size() > 2 ? PlainNumber(lines[1]) : -1;
+        return process > 0 && process <= std::numeric_limits<pid_t>::max() && process != getpid() && !IsGone(process);
     }
 
     [[nodiscard]] bool IsStillInPlace() const
@@ -166,12 +194,25 @@ private:
         const auto renamings = Parse(text, ProjectPlaces(project));
         if (!renamings)
             return Refuse(u"it isn't what a save of this project writes"_s);
-        for (const Renaming &renaming : *renamings) {
-            if (IsPlainFile(renaming.temporary) && !renaming.HasBothNames() &&
-                StampOf(renaming.place) != renaming.before)
-                return Refuse(u"\"%1\" was changed since"_s.arg(QString::fromUtf8(renaming.place)));
+        const QByteArray changed = FirstChanged(*renamings);
+        return changed.isEmpty() ? RenameAll(*renamings)
+                                 : Refuse(u"\"%1\" was changed since"_s.arg(QString::fromUtf8(changed)));
+    }
+
+    /// The first file that is neither what it was before the save nor what the save wrote, so that the others can't be
+    /// renamed without making a mixture; empty when there is none. Generated files don't count.
+    static QByteArray FirstChanged(const std::vector<Renaming> &renamings)
+    {
+        const bool isAnyWaiting = std::any_of(renamings.begin(), renamings.end(), [](const Renaming &file) {
+            return !file.isGenerated && file.IsWaiting();
+        });
+        for (const Renaming &file : renamings) {
+            if (file.isGenerated || !isAnyWaiting || file.HasBothNames()) // without one the save had come to its end
+                continue;
+            if (StampOf(file.place) != file.before && !file.IsDone())
+                return file.place;
         }
-        return RenameAll(*renamings);
+        return {};
     }
 
     bool RenameAll(const std::vector<Renaming> &renamings)
@@ -179,9 +220,9 @@ private:
         const SignalHold hold;
         std::set<QByteArray> folders;
         for (const Renaming &renaming : renamings) {
-            if (!IsPlainFile(renaming.temporary))
+            if (!renaming.IsWaiting())
                 continue; // it has its name
-            if (renaming.HasBothNames())
+            if (renaming.HasBothNames() || (renaming.isGenerated && !IsToBeReplaced(renaming)))
                 unlink(renaming.temporary.constData());
             else if (rename(renaming.temporary.constData(), renaming.place.constData()) == 0)
                 folders.insert(FolderOf(renaming.place));
@@ -197,6 +238,12 @@ private:
         if (!folders.empty())
             env.Explain(u"a save of this project was interrupted; it has been finished now"_s);
         return true;
+    }
+
+    static bool IsToBeReplaced(const Renaming &generated)
+    {
+        const QByteArray now = StampOf(generated.place);
+        return now == generated.before || now == NO_FILE;
     }
 
     Environment &env;
@@ -221,7 +268,9 @@ int SaveJournal::Begin(Environment &env, const SavedProject &project, const std:
         for (const Entry &entry : entries) {
             if (places.Have(entry.place))
                 text += QByteArray(entry.isGenerated ? GENERATED : NEEDED) + '\t' + QByteArray::number(entry.number) +
-                        '\t' + StampOf(entry.place) + '\t' + places.Stored(entry.place).toPercentEncoding("/ ") + '\n';
+                        '\t' + StampOf(entry.place) + '\t' +
+                        StampOf(TemporaryName(entry.place, getpid(), entry.number)) + '\t' +
+                        places.Stored(entry.place).toPercentEncoding("/ ") + '\n';
         }
         text += QByteArray(LAST_LINE) + '\n';
 

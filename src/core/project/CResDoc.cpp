@@ -9,6 +9,7 @@
 #include "ProjectConfig.h"
 #include "ProjectContext.h"
 #include "ProjectLayouts.h"
+#include "ProjectLock.h"
 #include "ProjectSave.h"
 #include "StringFile.h"
 
@@ -185,15 +186,18 @@ bool CResDoc::KeepReplaced(const QStringList &files)
 bool CResDoc::OnSaveDocument(const QString &path)
 {
     env.RefreshSettings();
-    const bool isBlocked = TakeInChanges() == Outside::Unreadable || treeLost;
+    ProjectLock lock; // until the stamps of what was written are taken
+    const bool isLocked = lock.Take(env, SavedProjectOf(env, path));
+    const bool isBlocked = !isLocked || TakeInChanges() == Outside::Unreadable || treeLost;
     env.ResetCounts();
-    if (isBlocked) {
+    if (isLocked && isBlocked) {
         env.Explain(
             QStringLiteral("%1: nothing was saved, since what is on the disk can't be read and what is open here is "
                            "older, or incomplete. Repair the files, or close the project and open it again")
                 .arg(path));
     }
     lastSave = isBlocked ? RefuseSave(path) : SaveAll(path);
+    lock.Release(); // the boxes wait for the user
     if (const QString notice = keepOnSave.Finish(lastSave.write == 0, HasJournal(env, path)); !notice.isEmpty()) {
         if (services.Notify)
             services.Notify(*this, notice);
@@ -208,7 +212,7 @@ bool CResDoc::OnSaveDocument(const QString &path)
     }
     if (lastSave.write == 0 && lastSave.generate == 0)
         SetModifiedFlag(false);
-    else if (lastSave.write != 0 && !isBlocked)
+    else if (lastSave.write != 0 && !isBlocked && (services.user || !stamps.Since().files.isEmpty()))
         SetModifiedFlag(true); // what is in memory may be all that is left
     return true;
 }
@@ -357,6 +361,7 @@ void CResDoc::ReloadResources()
         treeLost = false;
     } catch (const ArchiveException &) {
         UpdateAllViews(nullptr); // of what the failure has left
+        SetModifiedFlag(false);  // and none of that is to be saved
         throw;
     }
     UpdateAllViews(nullptr);

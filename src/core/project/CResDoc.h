@@ -59,9 +59,9 @@ public:
     bool OnNewDocument() override { return false; }
     void Serialize(bool loading) override;
     /// Numbers the IDs, writes the headers and the project. Always true: failures show in the output, in `lastSave`,
-    /// and, when no command is running, in a box. Nothing is written after a reload that failed. Takes in what others
-    /// have changed on the disk first; of what it can't take in, or left out at the opening, it keeps copies
-    /// (KeptFiles) before it replaces the files.
+    /// and, when no command is running, in a box. Nothing is written after a reload that failed. Waits for other saves
+    /// of the project (ProjectLock) and takes in what others have changed on the disk first; of what it can't take in,
+    /// or left out at the opening, it keeps copies (KeptFiles) before it replaces the files.
     bool OnSaveDocument(const QString &path) override;
     void OnOpenAgain() override { TakeInChanges(); }
     void OnCloseDocument() override;
@@ -101,13 +101,17 @@ public:
         Gone,       ///< a file that the project needs is gone: the document stays as it is, and may be all that is left
         Unreadable, ///< the files can't be read: the document stays as it is
     };
-    /// Compares the files' times and sizes, and takes in what has changed. Says on the way what it left out.
+    /// Compares the files' times and sizes, and takes in what has changed. Says on the way what it left out. After a
+    /// reload that failed it loads again in any case: there is nothing in the document that could be saved.
     Outside TakeInChanges();
     /// The document isn't what the files on the disk are, and they couldn't be loaded, when that was looked at last.
     [[nodiscard]] bool IsUnreadable() const { return unreadable || treeLost; }
 
     /// Takes the stamp of a file that is read next.
     void NoteFile(const QString &path) { stamps.Note(path); }
+    /// Has the save keep what it replaces when another program has changed a file of the project since it was read or
+    /// written here. The stamps of now, which tell later whether one was changed since.
+    [[nodiscard]] FileStamps KeepChanged();
     /// Has the save keep what it replaces, or puts into the trash, when one of these files wasn't read by this
     /// document.
     void KeepUnread(const QStringList &paths);

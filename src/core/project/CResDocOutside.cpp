@@ -33,6 +33,14 @@ CResDoc::Attempt CResDoc::TryToLoad() const
     return attempt;
 }
 
+FileStamps CResDoc::KeepChanged()
+{
+    const FileStamps now = stamps.Renewed();
+    if (const QStringList files = stamps.Since().files; !files.isEmpty())
+        keepOnSave.Require(u"Another program has changed %1 since it was opened here."_s.arg(files.join(u", "_s)));
+    return now;
+}
+
 CResDoc::Outside CResDoc::TakeInChanges()
 {
     // What a save of another process left undone is a change like any other.
@@ -50,7 +58,7 @@ CResDoc::Outside CResDoc::TakeInChanges()
         return Outside::LeftOut;
     }
     const Attempt attempt = TryToLoad();
-    if (!changes.vanished.isEmpty() && (!attempt.isLoaded || attempt.losses > losses)) {
+    if (!treeLost && !changes.vanished.isEmpty() && (!attempt.isLoaded || attempt.losses > losses)) {
         unreadable = true;
         env.Explain(
             u"Another program has removed %1; the project stays open as it was"_s.arg(changes.vanished.join(u", "_s)));
@@ -63,10 +71,13 @@ CResDoc::Outside CResDoc::TakeInChanges()
             env.output(attempt.report);
         for (const QString &text : attempt.explained)
             env.Explain(text);
-        env.Explain(u"Another program has changed %1, and the project can't be read any more"_s.arg(files));
+        env.Explain(files.isEmpty()
+                        ? u"The project still can't be read"_s
+                        : u"Another program has changed %1, and the project can't be read any more"_s.arg(files));
         return Outside::Unreadable;
     }
-    env.Explain(u"Another program has changed %1; it was read again"_s.arg(files));
+    env.Explain(files.isEmpty() ? u"The project could not be read before; it was read again"_s
+                                : u"Another program has changed %1; it was read again"_s.arg(files));
     try {
         ReloadResources();
     } catch (const ArchiveException &) { // changed again since the attempt

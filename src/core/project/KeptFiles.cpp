@@ -3,6 +3,7 @@
 #include "Environment.h"
 #include "HostFiles.h"
 #include "Paths.h"
+#include "ProjectLock.h"
 #include "ProjectSave.h"
 
 #include <QCryptographicHash>
@@ -189,7 +190,8 @@ QString KeptFiles::Restore(Environment &env, int number, QString &replaced) cons
             return QStringLiteral("%1 can't be read: %2").arg(copy, Reason(error));
     }
     const QString nothing = QStringLiteral("nothing was put back");
-    if (!RecoverProjectFiles(env, project))
+    ProjectLock lock;
+    if (!lock.Take(env, SavedProjectOf(env, project)) || !RecoverProjectFiles(env, project))
         return nothing;
     FileTransaction files(env, SavedProjectOf(env, project));
     for (size_t i = 0; i < contents.size(); ++i) {

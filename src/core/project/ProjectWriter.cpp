@@ -218,6 +218,38 @@ private:
     XmlWriter list;
 };
 
+/// Keeps what has to be kept, and replaces the files. The one that was refused.
+std::optional<QString> ReplaceFiles(CResDoc &doc, const ProjectWriter &writer, FileTransaction &files,
+                                    const QString &list)
+{
+    const QStringList replaced = files.Replaced() + writer.obsolete;
+    FileStamps before = doc.KeepChanged();
+    for (const QString &file : replaced) {
+        if (!before.Have(file)) // it wasn't read
+            before.Note(file);
+    }
+    doc.KeepUnread(QStringList(writer.writtenStrings) + writer.obsolete);
+    if (doc.HasToKeep() && !doc.KeepReplaced(replaced))
+        return list;
+    const auto isUnchanged = [&] {
+        const QStringList changed = before.Since().files;
+        if (!changed.isEmpty()) {
+            doc.env.ExplainFailure(QStringLiteral("another program has changed %1 while the project was saved; nothing "
+                                                  "was written: save it again")
+                                       .arg(changed.join(QStringLiteral(", "))));
+        }
+        return changed.isEmpty();
+    };
+    if (std::optional<QString> refused = files.Commit(isUnchanged))
+        return refused;
+    doc.NoteFile(list);
+    if (!writer.writtenStrings.isEmpty())
+        doc.NoteFile(writer.writtenStrings);
+    for (const auto &layouts : writer.writtenLayouts)
+        doc.NoteFile(layouts.absolute);
+    return std::nullopt;
+}
+
 } // namespace
 
 int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
@@ -246,16 +278,8 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
             if (layouts.file->path.isEmpty() && PathExists(layouts.absolute))
                 refused = layouts.absolute; // there is no trash for it
         }
-        doc.KeepUnread(QStringList(writer.writtenStrings) + writer.obsolete);
-        if (!refused && doc.HasToKeep() && !doc.KeepReplaced(files.Replaced() + writer.obsolete))
-            refused = absolute;
         if (!refused)
-            refused = files.Commit();
-        doc.NoteFile(absolute);
-        if (!writer.writtenStrings.isEmpty())
-            doc.NoteFile(writer.writtenStrings);
-        for (const auto &layouts : writer.writtenLayouts)
-            doc.NoteFile(layouts.absolute);
+            refused = ReplaceFiles(doc, writer, files, absolute);
     }
     if (refused) {
         code = CANNOT_WRITE;
