@@ -59,7 +59,7 @@ class Strict(DemoProject):
         rows = whole[1].decode('utf-16')
         image = '<IMAGE id="ID_IMAGE_LOGO" type="Normal">'.encode()
         for change, reason in (
-                (lambda text: text.replace(b'logo.png', b'M\xe4dchen.png'), ':3: the code page has no form of ".\\M\ufffddchen.png"'),
+                (lambda text: text.replace(b'logo.png', b'M\xe4dchen.png'), ':3: ".\\M\ufffddchen.png" has bytes that are no text'),
                 (lambda text: text.replace(b'<FILE', b'<!-- the tune\'s\nlicence -->\n<FILE'), ':4: the comment "the tune\'s licence" is left out'),
                 (lambda text: b'<!-- 1 -->' + text, ':1: the comment "1"'), (lambda text: text + b'<!-- 2 -->', 'the comment "2"'),
                 (lambda text: text.replace(b'</APP>', b'loose<![CDATA[er]]></APP>'), 'the text "loose" is left out'),

@@ -176,3 +176,18 @@ TEST_F(LayoutFile, HasOneLayoutForAnId)
     file->Remove(id);
     EXPECT_TRUE(file->All().empty() && pool.IsEmpty());
 }
+
+TEST_F(LayoutFile, TextsThatTheCodePageDoesNotKeepAreNoted)
+{
+    ASSERT_EQ(Load("<TarvoXML><Layout id='ID_A'>\n<Panel name='M\xE4"
+                   "dchen' text='\xC3\xA4'/></Layout></TarvoXML>"),
+              0);
+    ASSERT_EQ(file->lostTexts, 1);
+    EXPECT_EQ(file->lost.front().row, 2);
+    ASSERT_TRUE(env.codePage.Select("936"));
+    ASSERT_EQ(Load("\xEF\xBB\xBF<TarvoXML><Layout id='ID_A'><Panel name='\xE4\xB8\xAD' text='\xF0\x9F\x98\x80'>"
+                   "<Label text='\xEF\xBF\xBD'/></Panel></Layout></TarvoXML>"),
+              0);
+    ASSERT_EQ(file->lostTexts, 2);
+    EXPECT_EQ(file->lost.front().text.toUtf8(), "\xF0\x9F\x98\x80");
+}

@@ -55,9 +55,10 @@ bool MayWrite(Environment &env, const QString &projectFolder, const QStringList 
     if (env.settings.Int("Path", "follow_links", 0) != 0)
         return true;
     for (const QString &path : paths) {
+        const QByteArray host = HostPath(path);
         QByteArray place;
-        if (!StaysInProject(HostPath(path), HostPath(projectFolder), place)) {
-            env.ExplainFailure(WhyOutside(path, place));
+        if (!StaysInProject(host, HostPath(projectFolder), place)) {
+            env.ExplainFailure(WhyOutside(QString::fromUtf8(host), place));
             return false;
         }
     }

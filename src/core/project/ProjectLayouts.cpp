@@ -97,7 +97,10 @@ void NoteLeftOutLayouts(CResDoc &doc, const QString &list, const TiXmlElement &e
 
 QString NoFormText(const QString &text)
 {
-    return u"the code page has no form of \"%1\""_s.arg(Cut(text));
+    return text.contains(QChar::ReplacementCharacter)
+               ? u"\"%1\" has bytes that are no text of the project's code page; store the file in that code page"_s
+                     .arg(Cut(text))
+               : u"the code page has no form of \"%1\""_s.arg(Cut(text));
 }
 
 void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path)

@@ -33,5 +33,6 @@ struct LayoutEntry
 /// Notes the layout files that an element of the list names which is left out, for MissingLayouts. `why` is the reason.
 void NoteLeftOutLayouts(CResDoc &doc, const QString &list, const TiXmlElement &element, const QString &why);
 
-/// Says that the code page has no form of a text that was read: a save replaces characters of it.
+/// Says what is wrong with a text that was read and that the code page doesn't keep (IsKeptByCodePage): a save replaces
+/// characters of it.
 [[nodiscard]] QString NoFormText(const QString &text);

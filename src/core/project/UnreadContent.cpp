@@ -26,11 +26,15 @@ void UnreadContent::LookAround(const TiXmlDocument &document) const
 
 void UnreadContent::LookAtNodes(const TiXmlNode &parent, int row, Text text) const
 {
+    const TiXmlElement *next = parent.FirstChildElement();
     for (const TiXmlNode *node = parent.FirstChild(); node; node = node->NextSibling()) {
-        if (node->ToElement() || node->ToDeclaration() ||
-            (text == Text::IsRead && node == parent.FirstChild() && node->ToText()))
+        if (node == next) {
+            row = RowOf(*next);
+            next = next->NextSiblingElement();
+        }
+        const bool isText = text == Text::IsRead && node == parent.FirstChild() && node->ToText();
+        if (node->ToElement() || node->ToDeclaration() || isText)
             continue;
-        const TiXmlElement *next = node->NextSiblingElement();
         const QString what = Cut(QString::fromUtf8(node->Value()).simplified());
         tell(next ? RowOf(*next) : row, node->ToComment()
                                             ? u"the comment \"%1\" is left out by a save"_s.arg(what)
