@@ -9,7 +9,7 @@ import subprocess
 import threading
 import unittest
 
-from demo import CLI, LOADED, DemoProject
+from demo import CLI, FILES, LOADED, DemoProject
 
 EXPORTED = '[demo] export - 0 error(s), 0 warning(s)\r\n'
 
