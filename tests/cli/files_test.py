@@ -10,7 +10,7 @@ import threading
 import time
 import unittest
 
-from demo import CLI, LOADED, DemoProject
+from demo import CLI, FILES, LOADED, DemoProject
 
 EXPORTED = '[demo] export - 0 error(s), 0 warning(s)\r\n'
 
@@ -178,6 +178,7 @@ class Files(DemoProject):
             self.assertEqual(status, 1, err)
             self.assertIn('[demo] save - 0 error(s), 0 warning(s)\r\n', out)
             self.assertIn('ResID.h": Is a directory; ', err)
+            self.assertNotIn('failed to save', err)
 
     def test_a_file_of_the_project_that_cannot_be_read_is_named_with_the_reason(self):
         strings, listing = self.dir / 'res/ref_list_demo.txt', self.dir / 'res/demo.res.xml'

@@ -110,7 +110,7 @@ TEST_F(OutsideChanges, OfASaveUnderWayAreWaitedFor)
     ASSERT_EQ(waitpid(child, nullptr, 0), child);
 }
 
-TEST_F(OutsideChanges, WhileASaveIsUnderWayAreKept)
+TEST_F(OutsideChanges, WhileASaveIsUnderWayMakeItFail)
 {
     struct Meddler : FakeMonitor
     {
@@ -127,8 +127,13 @@ TEST_F(OutsideChanges, WhileASaveIsUnderWayAreKept)
     doc = project.Open();
     meddler.meddle = [this] { ChangeOutside(); };
     EXPECT_TRUE(doc->DoFileSave());
-    ASSERT_EQ(Kept().size(), 1U);
-    EXPECT_THAT(notice, HasSubstr("ref_list_demo.txt since it was opened"));
+    EXPECT_NE(doc->lastSave.write, 0);
+    EXPECT_TRUE(FileHas(STRINGS, u"ID_OUTSIDE"));
+    EXPECT_THAT(explained, HasSubstr("ref_list_demo.txt while the project was saved; nothing was written"));
+    ChangeHere();
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_EQ(doc->lastSave.write, 0);
+    EXPECT_EQ(Kept().size(), 1U);
     project.documents.CloseAll();
 }
 

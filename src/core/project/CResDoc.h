@@ -109,9 +109,9 @@ public:
 
     /// Takes the stamp of a file that is read next.
     void NoteFile(const QString &path) { stamps.Note(path); }
-    /// Has the save keep what it replaces when another program has changed a file of the project since it was read or
-    /// written here. The stamps of now, which tell later whether one was changed since.
-    [[nodiscard]] FileStamps KeepChanged();
+    /// The stamps of the files as they were when TakeInChanges compared them last: a save that finds another one at its
+    /// end would replace what nobody here knows.
+    [[nodiscard]] const FileStamps &ComparedFiles() const { return compared; }
     /// Has the save keep what it replaces, or puts into the trash, when one of these files wasn't read by this
     /// document.
     void KeepUnread(const QStringList &paths);
@@ -154,6 +154,7 @@ private:
         QStringList explained;
     };
     [[nodiscard]] Attempt TryToLoad() const;
+    Outside CompareFiles();
     void LoadClasses();
     void ReloadResources();
     void ReloadStrings();
@@ -164,6 +165,7 @@ private:
     bool unreadable = false;
     int losses = 0;    // of the last load, as an attempt counts them
     FileStamps stamps; // of the files that the project was read from
+    FileStamps compared;
     KeepOnSave keepOnSave;
     CResSpy spy;
     const CFrameServices &services;

@@ -33,15 +33,16 @@ CResDoc::Attempt CResDoc::TryToLoad() const
     return attempt;
 }
 
-FileStamps CResDoc::KeepChanged()
+CResDoc::Outside CResDoc::TakeInChanges()
 {
-    const FileStamps now = stamps.Renewed();
-    if (const QStringList files = stamps.Since().files; !files.isEmpty())
-        keepOnSave.Require(u"Another program has changed %1 since it was opened here."_s.arg(files.join(u", "_s)));
-    return now;
+    compared = stamps.Renewed(); // before the comparison: what changes from now on counts as new
+    const Outside outside = CompareFiles();
+    if (outside == Outside::None || outside == Outside::TakenIn)
+        compared = stamps;
+    return outside;
 }
 
-CResDoc::Outside CResDoc::TakeInChanges()
+CResDoc::Outside CResDoc::CompareFiles()
 {
     // What a save of another process left undone is a change like any other.
     unreadable = !RecoverProjectFiles(env, m_strPathName);

@@ -223,7 +223,7 @@ std::optional<QString> ReplaceFiles(CResDoc &doc, const ProjectWriter &writer, F
                                     const QString &list)
 {
     const QStringList replaced = files.Replaced() + writer.obsolete;
-    FileStamps before = doc.KeepChanged();
+    FileStamps before = doc.ComparedFiles();
     for (const QString &file : replaced) {
         if (!before.Have(file)) // it wasn't read
             before.Note(file);
