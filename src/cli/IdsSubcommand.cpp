@@ -38,7 +38,10 @@ public:
                                           '\n');
             last = record;
         }
-        return session.StatusAfter(EXIT_FINE);
+        const QStringList leftOut = LeftOutLayouts(*document);
+        for (const QString &reason : leftOut)
+            Complain(reason + QStringLiteral("; the IDs are numbered without it"));
+        return session.StatusAfter(leftOut.isEmpty() ? EXIT_FINE : EXIT_FAILED);
     }
 
 private:

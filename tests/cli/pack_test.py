@@ -131,22 +131,28 @@ class Pack(DemoProject):
         listing = self.dir / 'res/demo.res.xml'
         listed = listing.read_text().replace('class="image">', 'class="image layout"><LAYOUT>res\\screens.xml</LAYOUT>')
         (self.dir / 'res/screens.xml').write_text('<TarvoXML><Layout id="ID_START"/></TarvoXML>')
-        for change in ('the settings have no layouts', 'the list of sizes has no 241x320'):
+        for isOn in (True, False):
             settings.write_text('[Layout]\nfolders=1\n')
             listing.write_text(listed)
             self.assertEqual(self.run_cli('save', self.project)[::2], (0, ''))
             header = (self.dir / 'ResID/ResID.h').read_bytes()
-            if 'settings' in change:
-                settings.write_text('')
-            else:
+            if isOn:
                 listing.write_text(listed.replace('240', '241'))
-            for command in (self.to_pack, ('ids', self.project), ('headers', self.project, '--output', 'made'), ('save', self.project)):
+                change = 'the list of sizes has no 241x320'
+            else:
+                settings.write_text('')
+                change = 'the settings have no layouts; the (IDs|pack)'
+            commands = [self.to_pack, ('ids', self.project), ('save', self.project)]
+            if isOn:
+                commands.insert(2, ('headers', self.project, '--output', 'made'))
+            for command in commands:
                 status, _, err = self.run_cli(*command)
                 self.assertEqual(status, 1, command)
                 what = '<' if command[0] == 'headers' else 'the layout file '
                 self.assertRegex(err, f'demo.res.xml:[0-9]+: {what}.* is left out: {change}')
-            self.assertEqual((self.dir / 'ResID/ResID.h').read_bytes(), header)
-            self.assertFalse((self.dir / 'made').exists() or (self.dir / 'app.axf.pkd').exists())
+            self.assertEqual((self.dir / 'ResID/ResID.h').read_bytes() == header, isOn)
+            self.assertEqual((self.dir / 'app.axf.pkd').exists(), not isOn, 'as ever without layouts')
+            self.assertFalse((self.dir / 'made').exists())
 
     def test_a_dependency_file_replaces_no_file_of_the_pack_or_the_project(self):
         (self.dir / 'app.axf.pkd').write_bytes(b'of before')

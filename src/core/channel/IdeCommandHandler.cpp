@@ -234,6 +234,9 @@ int IdeCommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &recor
             env.Explain(reason);
         return PACK_LAYOUT_FILE;
     }
+    for (const QString &reason : LeftOutLayouts(doc))
+        env.ExplainFailure(reason +
+                           QStringLiteral("; the pack has no such layout, and the IDs are numbered without it"));
     if (!SetCurrentFolder(DirectoryOf(doc.PathName())))
         return int(ReportCode::NoDocument); // its folder is gone
     return Packer::Pack(*parameters, doc, packInputs);

@@ -5,6 +5,7 @@
 #include "HostFiles.h"
 #include "IDGen.h"
 #include "LayoutExport.h"
+#include "OpeningCheck.h"
 #include "Paths.h"
 #include "ProjectConfig.h"
 #include "ProjectContext.h"
@@ -154,8 +155,11 @@ void CResDoc::Load()
 
 void CResDoc::KeepWhatIsLeftOut()
 {
-    if (env.ErrorCount + env.DroppedCount == 0)
+    if (env.ErrorCount + env.DroppedCount == 0) {
+        if (const std::optional<Finding> &comment = findings.Comment())
+            keepOnSave.Require(FindingText(*comment) + u'.');
         return;
+    }
     QString why = QStringLiteral("The opening of %1 reported %2 error(s) and left out %3 element(s)")
                       .arg(FileName(m_strPathName))
                       .arg(env.ErrorCount)
@@ -265,6 +269,8 @@ int CResDoc::GenerateIds(const QString *path)
                                           "numbers"));
         return IDGen::Generate(&ids, QString(), *this);
     }
+    for (const QString &reason : LeftOutLayouts(*this))
+        env.ExplainFailure(reason + QStringLiteral("; the IDs are numbered without it"));
     ExportLayoutTables(env, folder);
     return IDGen::Generate(&ids, env.settings.String("Path", "header_output", ".\\ResID"), *this);
 }

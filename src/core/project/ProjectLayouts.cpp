@@ -77,6 +77,14 @@ QStringList MissingLayouts(const CResDoc &doc)
         for (const QString &file : files)
             reasons.append(u"%1: the layout file isn't loaded whole"_s.arg(file));
     }
+    if (doc.root.FindFolder(KIND_LAYOUTS, 1))
+        reasons += LeftOutLayouts(doc);
+    return reasons;
+}
+
+QStringList LeftOutLayouts(const CResDoc &doc)
+{
+    QStringList reasons;
     for (const Finding &finding : doc.leftOutLayouts)
         reasons.append(FindingText(finding));
     return reasons;

@@ -15,6 +15,10 @@ void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path);
 /// Why layout files of the project weren't loaded whole, a sentence each with its file and line; empty when all were.
 /// Without their layouts the IDs get other numbers, so nothing that holds numbers may be made then.
 [[nodiscard]] QStringList MissingLayouts(const CResDoc &doc);
+/// The layout files that elements of the list name which were left out, with the reason. In a project without layouts
+/// (key `folders` of section `Layout`) all of them are: its IDs are numbered without them, which somebody has to be
+/// told.
+[[nodiscard]] QStringList LeftOutLayouts(const CResDoc &doc);
 
 /// The paths of the project's layout files as the list has them, with those that weren't loaded whole.
 [[nodiscard]] QByteArrayList LayoutFiles(const CResDoc &doc);

@@ -68,7 +68,9 @@ class ProjectReader
 public:
     explicit ProjectReader(const ProjectContext &projectContext)
         : context(projectContext), doc(context.doc), env(context.env), list(context.Absolute(context.ResourcePath())),
-          unread([this](int row, const QString &text) {
+          unread([this](int row, const QString &text, bool isComment) {
+              if (isComment)
+                  return doc.findings.AddComment({"list.comment", Severity::Warning, list, row, {}, text});
               ++env.DroppedCount;
               const Finding finding{"list.unread", Severity::Error, list, row, {}, text};
               doc.findings.Add(finding);

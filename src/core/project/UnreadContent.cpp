@@ -13,8 +13,10 @@ void UnreadContent::Look(const TiXmlElement &element, std::initializer_list<cons
         const bool isKnown = std::any_of(attributes.begin(), attributes.end(),
                                          [&](const char *known) { return std::strcmp(known, attribute->Name()) == 0; });
         if (!isKnown)
-            tell(RowOf(element), u"the attribute \"%1\" is left out: <%2> has none of that name"_s.arg(
-                                     Cut(QString::fromUtf8(attribute->Name())), QString::fromUtf8(element.Value())));
+            tell(RowOf(element),
+                 u"the attribute \"%1\" is left out: <%2> has none of that name"_s.arg(
+                     Cut(QString::fromUtf8(attribute->Name())), QString::fromUtf8(element.Value())),
+                 false);
     }
     LookAtNodes(element, RowOf(element), text);
 }
@@ -36,8 +38,9 @@ void UnreadContent::LookAtNodes(const TiXmlNode &parent, int row, Text text) con
         if (node->ToElement() || node->ToDeclaration() || isText)
             continue;
         const QString what = Cut(QString::fromUtf8(node->Value()).simplified());
-        tell(next ? RowOf(*next) : row, node->ToComment()
-                                            ? u"the comment \"%1\" is left out by a save"_s.arg(what)
-                                            : u"the text \"%1\" is left out: no resource has it"_s.arg(what));
+        tell(next ? RowOf(*next) : row,
+             node->ToComment() ? u"the comment \"%1\" is left out by a save"_s.arg(what)
+                               : u"the text \"%1\" is left out: no resource has it"_s.arg(what),
+             node->ToComment() != nullptr);
     }
 }

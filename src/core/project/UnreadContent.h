@@ -12,9 +12,10 @@
 class UnreadContent
 {
 public:
-    /// Gets each thing that is found, as a sentence, with its row from 1. A comment or a text has the row of the
-    /// element behind it, or else of the one before or around it: the parser gives rows to elements only.
-    using Tell = std::function<void(int row, const QString &text)>;
+    /// Gets each thing that is found, as a sentence, with its row from 1, and whether it is a comment. A comment or a
+    /// text has the row of the element behind it, or else of the one before or around it: the parser gives rows to
+    /// elements only.
+    using Tell = std::function<void(int row, const QString &text, bool isComment)>;
 
     enum class Text
     {
