@@ -141,7 +141,7 @@ class Pack(DemoProject):
                 change = 'the list of sizes has no 241x320'
             else:
                 settings.write_text('')
-                change = 'the settings have no layouts; the (IDs|pack)'
+                change = 'the settings have no layouts .*; the (IDs|pack)'
             commands = [self.to_pack, ('ids', self.project), ('save', self.project)]
             if isOn:
                 commands.insert(2, ('headers', self.project, '--output', 'made'))

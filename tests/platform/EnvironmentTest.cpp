@@ -1,7 +1,5 @@
 #include "Environment.h"
 
-#include "FindingListener.h"
-
 #include "TempFolder.h"
 
 using namespace Qt::StringLiterals;
@@ -43,10 +41,10 @@ namespace
 {
 
 /// Writes down what it hears, and does something then.
-struct Ear : FindingListener
+struct Ear
 {
-    using FindingListener::FindingListener;
-    void Found(const Finding &finding) override
+    explicit Ear(Environment &env) : listener(env.found, [this](const Finding &finding) { Hear(finding); }) {}
+    void Hear(const Finding &finding)
     {
         heard += QByteArray(finding.code) + ' ' + finding.text.toUtf8() + '\n';
         if (then)
@@ -54,6 +52,7 @@ struct Ear : FindingListener
     }
     QByteArray heard;
     std::function<void()> then;
+    Notifier<const Finding &>::Listener listener;
 };
 
 } // namespace

@@ -19,6 +19,7 @@ REPOSITORY = pathlib.Path(sys.argv[2])
 sys.path.insert(0, str(REPOSITORY / "tests/cli"))
 from demo import CLI, DemoProject  # noqa: E402
 
+LIST = "sample/res/weatherclock.res.xml"
 PUSH_KINDS = {"audio": 100000, "binary": 102000, "image": 103000, "string": 104000}
 
 
@@ -176,8 +177,10 @@ class Sample:
 class Payload(DemoProject):
     def setUp(self):
         super().setUp()
-        # The settings of the project are copied where its layouts are wanted.
+        # The settings of the project, and its list with the layouts, are copied where its layouts are wanted.
         shutil.copytree(REPOSITORY / "sample", self.dir / "sample", ignore=shutil.ignore_patterns("morvanite.ini"))
+        listing = self.dir / LIST
+        listing.write_text(re.sub(r'<RESOLUTION [^>]* class="layout">.*?</RESOLUTION>', "", listing.read_text(), flags=re.S))
         self.sample = Sample(self.dir / "sample", pathlib.Path(CLI).parent / "qrk_resgenerator.exe")
         self.input = self.dir / "app.axf"
         self.env["XDG_CONFIG_HOME"] = str(self.dir)
@@ -208,6 +211,7 @@ class Payload(DemoProject):
 
     def test_layouts_where_the_settings_give_the_project_some(self):
         shutil.copy(REPOSITORY / "sample/morvanite.ini", self.dir / "sample")
+        shutil.copy(REPOSITORY / LIST, self.dir / LIST)
         self.sample.with_layouts = True
         self.sample.values = self.sample.number()
         status, out, err = self.run_cli("save", "sample/weatherclock.vcproj")

@@ -245,6 +245,7 @@ SpreadsheetResult SpreadsheetImport::Read(IImportWatch *watch)
     Environment &env = document.env;
     env.RefreshSettings();
     env.ResetCounts();
+    env.LimitWarnings(); // each of a million rows may have one
     SpreadsheetResult result;
     const WorkbookResult opened = ReadWorkbook(path, sheet);
     if (opened.HasFailed()) {

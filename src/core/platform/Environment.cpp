@@ -176,7 +176,7 @@ void Environment::DebugTrace(const char *format, ...)
 void Environment::ResetCounts()
 {
     ErrorCount = WarningCount = DroppedCount = FailureCount = 0;
-    shared.warningLimit.Clear();
+    shared.warningLimit.End();
 }
 
 void Environment::Report(const Finding &finding, const char *format, ...)
@@ -199,7 +199,7 @@ void Environment::ReportLine(const Finding &finding, LineStart lineStart, const 
 {
     const bool isWarning = finding.severity == Severity::Warning;
     const int count = isWarning ? ++WarningCount : ++ErrorCount;
-    WarningLimit::Kind *const kind = isWarning ? &shared.warningLimit.Count(finding.code) : nullptr;
+    WarningLimit::Kind *const kind = isWarning ? shared.warningLimit.Count(finding.code) : nullptr;
     const int rest = kind ? kind->Rest() : 0;
     if (output && rest == 0) {
         char start[32];
@@ -208,15 +208,15 @@ void Environment::ReportLine(const Finding &finding, LineStart lineStart, const 
         Log(output, Formatted(StartOf(finding, lineStart, count, start), format, again, "\r\n"));
         va_end(again);
     }
-    const bool isWorded = !listeners.IsEmpty() && finding.text.isEmpty();
+    const bool isWorded = !found.IsEmpty() && finding.text.isEmpty();
     const QString sentence = isWorded || rest == 1 ? Formatted(format, arguments) : QString();
     if (rest == 1)
         kind->firstRest = sentence;
     if (!isWorded)
-        return listeners.Tell(finding);
+        return found.Tell(finding);
     Finding worded = finding;
     worded.text = WithoutStop(sentence);
-    listeners.Tell(worded);
+    found.Tell(worded);
 }
 
 void Environment::EndReport(const QString &name, const char *operation)
@@ -226,7 +226,7 @@ void Environment::EndReport(const QString &name, const char *operation)
             Log(output, QStringLiteral("Warning: %1 more like this one aren't listed: %2\r\n")
                             .arg(QString::number(kind.Rest()), kind.firstRest));
     }
-    shared.warningLimit.Clear();
+    shared.warningLimit.End();
     WriteOutput("[%s] %s - %d error(s), %d warning(s)\r\n", qUtf8Printable(name), operation, ErrorCount, WarningCount);
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "FileTransaction.h"
-#include "FindingListeners.h"
+#include "Finding.h"
+#include "Notifier.h"
 #include "Settings.h"
 #include "Text.h"
 #include "WarningLimit.h"
@@ -72,7 +73,7 @@ private:
         int warnings = 0;
         int dropped = 0;
         int failures = 0;
-        FindingListeners listeners;
+        Notifier<const Finding &> found;
         WarningLimit warningLimit;
     };
     std::unique_ptr<Shared> own; // of the process's environment
@@ -91,8 +92,8 @@ public:
     /// window in its output.
     std::function<void(const QString &text)> &explain = shared.explain;
 
-    /// Told of every finding; a FindingListener adds and removes itself.
-    FindingListeners &listeners = shared.listeners;
+    /// Tells of every finding.
+    Notifier<const Finding &> &found = shared.found;
 
     /// Errors and warnings of the current load, save or import; `Report` counts them, and they number its lines.
     int &ErrorCount = shared.errors;
@@ -107,11 +108,13 @@ public:
 
     /// Counts a finding by its severity, writes its line of the report, and hands it to the listeners. `format` and the
     /// arguments, of which %s takes UTF-8, give the line behind "Error 3: "; it gets a line end. A finding without a
-    /// text is handed on with the line's. Of more than 1,000 warnings of one code only the first have a line each.
+    /// text is handed on with the line's.
     void Report(const Finding &finding, const char *format, ...) __attribute__((format(printf, 3, 4)));
     void Report(const Finding &finding, LineStart start, const char *format, ...) __attribute__((format(printf, 4, 5)));
     /// Hands a finding to the listeners that the report has no line for. No counter counts it.
-    void Note(const Finding &finding) { listeners.Tell(finding); }
+    void Note(const Finding &finding) { found.Tell(finding); }
+    /// From now to the end of the report, only the first 1,000 warnings of one code have a line each.
+    void LimitWarnings() { shared.warningLimit.Begin(); }
     /// Ends the report of an operation: the warnings that have no line each, then "[NAME] OPERATION - " and the counts.
     void EndReport(const QString &name, const char *operation);
 

@@ -47,6 +47,8 @@ public:
     Notifier(const Notifier &) = delete;
     Notifier &operator=(const Notifier &) = delete;
 
+    [[nodiscard]] bool IsEmpty() const { return listeners.empty(); }
+
     /// A listener that comes meanwhile is told from the next time on.
     void Tell(Arguments... arguments)
     {

@@ -5,7 +5,8 @@
 #include <string_view>
 #include <vector>
 
-/// Keeps a report readable: of the warnings of one kind, the first thousand have a line each and the rest one together.
+/// Keeps the report of an operation readable that asks for it: of the warnings of one kind, the first thousand have a
+/// line each and the rest one together.
 class WarningLimit
 {
 public:
@@ -21,12 +22,18 @@ public:
         [[nodiscard]] int Rest() const { return count > MOST ? count - MOST : 0; }
     };
 
-    /// Counts a warning of a kind, whose code is a literal.
-    Kind &Count(std::string_view code);
+    void Begin() { isOn = true; }
+    /// Counts a warning of a kind, whose code is a literal; null when nothing is limited.
+    Kind *Count(std::string_view code);
     /// In the order in which each kind came first.
     [[nodiscard]] const std::vector<Kind> &Kinds() const { return kinds; }
-    void Clear() { kinds.clear(); }
+    void End()
+    {
+        kinds.clear();
+        isOn = false;
+    }
 
 private:
     std::vector<Kind> kinds; // few
+    bool isOn = false;
 };
