@@ -48,6 +48,18 @@ protected:
 
 } // namespace
 
+TEST_F(OutsideChanges, AreOtherTypesOfFilesInTheSettingsToo)
+{
+    project.folder.Put(LIST, "<APP><FILE id=\"ID_A\" type=\"Push\">a.ogg</FILE></APP>");
+    project.folder.Put("demo/a.ogg", "");
+    EXPECT_EQ(project.Open(), doc);
+    EXPECT_FALSE(doc->root.FindFolder(KIND_BINARY, 2)->resources.IsEmpty());
+    project.folder.Put("bin/Morvanite.ini", project.folder.Get("bin/Morvanite.ini") + "\n[FileType]\naudio=*.ogg\n");
+    EXPECT_EQ(project.Open(), doc);
+    EXPECT_FALSE(doc->root.FindFolder(KIND_AUDIO, 2)->resources.IsEmpty());
+    EXPECT_THAT(explained, HasSubstr("The settings have other types of files now"));
+}
+
 TEST_F(OutsideChanges, AreLoadedBeforeTheDocumentIsUsedAgain)
 {
     CountingView view;

@@ -126,9 +126,12 @@ private:
     void Write()
     {
         const QByteArray number = QByteArray::number(qulonglong(Below(5)));
-        project.folder.Put("demo/res/demo.res.xml", "<APP><RESOURCE class=\"audio\" path=\"a.mp3\" id=\"ID_A" + number +
-                                                        "\"/><RESOLUTION width=\"240\" height=\"320\" class=\"layout\">"
-                                                        "<LAYOUT>res\\screens.xml</LAYOUT></RESOLUTION></APP>");
+        project.folder.Put(
+            "demo/res/demo.res.xml",
+            "<APP><FILE id=\"ID_A" + number +
+                "\" type=\"Normal\">a.mp3</FILE>"
+                "<STRING>res\\ref_list_demo.txt</STRING><RESOLUTION width=\"240\" height=\"320\" class=\"layout\">"
+                "<LAYOUT>res\\screens.xml</LAYOUT></RESOLUTION></APP>");
         project.folder.Put("demo/res/ref_list_demo.txt",
                            TestProject::StringTable({"ID_HELLO", "ID_S" + number, "ID_T" + number}));
         project.folder.Put("demo/res/screens.xml", "<TarvoXML><Layout id=\"ID_MAIN\"><Label name=\"a\"/></Layout>"
@@ -149,13 +152,19 @@ TEST(TreeListener, IsToldBeforeWhateverItHoldsIsDestroyed)
     ASSERT_NE(edits.doc, nullptr);
     Holder holder(*edits.doc);
     size_t most = 0;
+    std::set<quint32> kinds; // of the folders whose resources were held
     for (int step = 0; step < 600; ++step) {
         holder.HoldAll();
         most = std::max(most, holder.held.size());
+        for (const CResNode *node : holder.held) {
+            if (const auto *folder = dynamic_cast<const CResFolder *>(node); folder && !folder->resources.IsEmpty())
+                kinds.insert(folder->kind);
+        }
         edits.Step();
         ASSERT_TRUE(holder.Read()) << "step " << step;
     }
     EXPECT_GT(most, 20U);
+    EXPECT_EQ(kinds, (std::set<quint32>{KIND_AUDIO, KIND_LANGUAGE, KIND_LAYOUT}));
     holder.HoldAll();
     project.documents.CloseAll();
     EXPECT_TRUE(holder.held.empty()) << "and before the document ends, which it may outlive";

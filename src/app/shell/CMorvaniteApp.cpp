@@ -12,7 +12,7 @@
 
 CMorvaniteApp::CMorvaniteApp()
     : documents([this] { return MakeDocument(); }), handler(env, documents, pipe),
-      server([this](quint32 id, QByteArrayView record) { return RunAction(id, record); })
+      server([this](quint32 id, QByteArrayView record) { return RunIdeCommand(id, record); })
 {
     services.reloadFlags = &reloadFlags;
     server.waitsForNothing = [](quint32 id) { return id == COMMAND_SHOW; };
@@ -91,7 +91,7 @@ std::unique_ptr<CDocument> CMorvaniteApp::MakeDocument()
     return std::make_unique<CResDoc>(env, tables, services);
 }
 
-int CMorvaniteApp::RunAction(quint32 dwData, QByteArrayView record)
+int CMorvaniteApp::RunIdeCommand(quint32 dwData, QByteArrayView record)
 {
     if (dwData == COMMAND_SHOW) {
         frame->BringToTop();

@@ -30,7 +30,7 @@ public:
 
 private:
     [[nodiscard]] std::unique_ptr<CDocument> MakeDocument();
-    int RunAction(quint32 dwData, QByteArrayView record);
+    int RunIdeCommand(quint32 dwData, QByteArrayView record);
 
     Environment env;
     ProcessTables tables;

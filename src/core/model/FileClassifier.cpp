@@ -46,3 +46,8 @@ quint32 FileClassifier::Classify(quint32 mask, const QString &path) const
         return mask;
     return KIND_BINARY;
 }
+
+QString FileClassifier::AllPatterns(const Settings &settings)
+{
+    return Patterns(settings, "image") + u'\n' + Patterns(settings, "audio") + u'\n' + Patterns(settings, "video");
+}

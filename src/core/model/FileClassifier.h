@@ -16,6 +16,8 @@ public:
 
     /// The patterns of the files that are "image", "audio" or "video".
     [[nodiscard]] static QString Patterns(const Settings &settings, const char *type);
+    /// The three of them together, to compare with those of another time.
+    [[nodiscard]] static QString AllPatterns(const Settings &settings);
 
 private:
     // in lower case

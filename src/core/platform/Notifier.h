@@ -13,7 +13,8 @@
 template <typename... Arguments> class Notifier
 {
 public:
-    /// Is told until it is destroyed. May outlive the notifier, and may be made or destroyed while it tells.
+    /// Is told until it is destroyed. May outlive the notifier, and may be made or destroyed while it tells, but for
+    /// its own destruction while it is told.
     class Listener
     {
     public:

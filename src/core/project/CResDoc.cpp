@@ -2,6 +2,7 @@
 
 #include "CatalogueFile.h"
 #include "Environment.h"
+#include "FileClassifier.h"
 #include "HostFiles.h"
 #include "IDGen.h"
 #include "LayoutExport.h"
@@ -144,6 +145,7 @@ void CResDoc::Load()
     if (!env.UseProjectSettings(DirectoryOf(m_strPathName)))
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
     NoteFile(env.settings.ProjectFile());
+    filePatterns = FileClassifier::AllPatterns(env.settings);
     LoadClasses();
     NoteFile(ProjectContext(m_strPathName, *this).ConfigPath());
     if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)

@@ -163,8 +163,9 @@ private:
 
     bool treeLost = false; // a reload failed halfway: what is in memory must not replace what is on disk
     bool unreadable = false;
-    int losses = 0;    // of the last load, as an attempt counts them
-    FileStamps stamps; // of the files that the project was read from
+    int losses = 0;       // of the last load, as an attempt counts them
+    QString filePatterns; // of the types of files, in the last load
+    FileStamps stamps;    // of the files that the project was read from
     FileStamps compared;
     KeepOnSave keepOnSave;
     CResSpy spy;

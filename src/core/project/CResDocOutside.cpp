@@ -2,6 +2,7 @@
 
 #include "CResDoc.h"
 #include "Environment.h"
+#include "FileClassifier.h"
 #include "ProjectSave.h"
 
 #include <QScopeGuard>
@@ -48,10 +49,12 @@ CResDoc::Outside CResDoc::CompareFiles()
     unreadable = !RecoverProjectFiles(env, m_strPathName);
     if (unreadable)
         return Outside::Unreadable;
+    env.RefreshSettings();
+    const bool hasOtherTypes = !IsModified() && FileClassifier::AllPatterns(env.settings) != filePatterns;
     const FileStamps::Changes changes = stamps.Since();
-    if (changes.files.isEmpty() && !treeLost)
+    if (changes.files.isEmpty() && !treeLost && !hasOtherTypes)
         return Outside::None;
-    const QString files = changes.files.isEmpty() ? m_strPathName : changes.files.join(u", "_s);
+    const QString files = changes.files.join(u", "_s);
     if (IsModified() && !treeLost) { // a failed reload has taken the changes here already
         env.Explain(u"Another program has changed %1; what is open here has changes that aren't saved, so that was not "
                     "taken in"_s.arg(files));
@@ -77,8 +80,9 @@ CResDoc::Outside CResDoc::CompareFiles()
                         : u"Another program has changed %1, and the project can't be read any more"_s.arg(files));
         return Outside::Unreadable;
     }
-    env.Explain(files.isEmpty() ? u"The project could not be read before; it was read again"_s
-                                : u"Another program has changed %1; it was read again"_s.arg(files));
+    env.Explain(!files.isEmpty() ? u"Another program has changed %1; it was read again"_s.arg(files)
+                : treeLost       ? u"The project could not be read before; it was read again"_s
+                                 : u"The settings have other types of files now; the project was read again"_s);
     try {
         ReloadResources();
     } catch (const ArchiveException &) { // changed again since the attempt

@@ -74,8 +74,7 @@ void StringTable::TreeGoes(const CResFolder &folder)
         Forget();
         return;
     }
-    const auto isSame = [&](const auto &language) { return language.get() == &folder; };
-    if (!strings || std::none_of(strings->subfolders.begin(), strings->subfolders.end(), isSame))
+    if (!strings || folder.kind != KIND_LANGUAGE)
         return;
     if (&folder == strings->subfolders.front().get()) // the heads
         Forget();
