@@ -171,15 +171,26 @@ TEST_F(OutsideChanges, ThatComeBetweenTheAttemptToLoadAndTheReloadAreTakenInLate
     EXPECT_EQ(doc->lastSave.write, 0);
 }
 
-TEST_F(OutsideChanges, AreTakenInAfterAFailedSaveOfAProjectThatNobodyEdits)
+TEST_F(OutsideChanges, AreTakenInAfterAFailedSaveOfWhatNobodyEdited)
 {
-    project.services.user = nullptr;
     (void)WithFileLimit(0, [&] { return doc->DoFileSave(); });
     EXPECT_NE(doc->lastSave.write, 0);
     ChangeOutside();
     EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::TakenIn);
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_TRUE(FileHas(STRINGS, u"ID_OUTSIDE"));
+}
+
+TEST_F(OutsideChanges, ThatChangeTheListAndRemoveTheStringsAreNotReplaced)
+{
+    const QByteArray edited = project.folder.Get(LIST).replace("ID_A", "ID_EDITED");
+    project.folder.Put(LIST, edited);
+    QFile::remove(project.folder.Path(STRINGS));
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::Unreadable);
+    EXPECT_TRUE(doc->DoFileSave());
+    EXPECT_NE(doc->lastSave.write, 0);
+    EXPECT_EQ(project.folder.Get(LIST), edited);
+    EXPECT_FALSE(doc->IsModified());
 }
 
 TEST_F(OutsideChanges, ThatCannotBeReadAreNeitherLoadedNorReplaced)

@@ -194,7 +194,8 @@ bool CResDoc::OnSaveDocument(const QString &path)
     env.RefreshSettings();
     ProjectLock lock; // until the stamps of what was written are taken
     const bool isLocked = lock.Take(env, SavedProjectOf(env, path));
-    const bool isBlocked = !isLocked || TakeInChanges() == Outside::Unreadable || treeLost;
+    const Outside outside = isLocked ? TakeInChanges() : Outside::Unreadable;
+    const bool isBlocked = outside == Outside::Unreadable || treeLost;
     env.ResetCounts();
     if (isLocked && isBlocked) {
         env.Explain(
@@ -218,8 +219,8 @@ bool CResDoc::OnSaveDocument(const QString &path)
     }
     if (lastSave.write == 0 && lastSave.generate == 0)
         SetModifiedFlag(false);
-    else if (lastSave.write != 0 && !isBlocked && (services.user || !stamps.Since().files.isEmpty()))
-        SetModifiedFlag(true); // what is in memory may be all that is left
+    else if (lastSave.write != 0 && outside == Outside::Gone)
+        SetModifiedFlag(true); // what is in memory is all that is left
     return true;
 }
 

@@ -62,7 +62,8 @@ CResDoc::Outside CResDoc::CompareFiles()
         return Outside::LeftOut;
     }
     const Attempt attempt = TryToLoad();
-    if (!treeLost && !changes.vanished.isEmpty() && (!attempt.isLoaded || attempt.losses > losses)) {
+    const bool isOnlyRemoved = !changes.vanished.isEmpty() && changes.vanished == changes.files;
+    if (!treeLost && isOnlyRemoved && (!attempt.isLoaded || attempt.losses > losses)) {
         unreadable = true;
         env.Explain(
             u"Another program has removed %1; the project stays open as it was"_s.arg(changes.vanished.join(u", "_s)));
