@@ -132,6 +132,7 @@ TEST_F(ResDoc, AChangedStringFileIsReadAgainAndShownWhereStringsAre)
     EXPECT_TRUE(doc->DoFileSave() && doc->lastSave.write != 0);
     EXPECT_EQ(project.folder.Get(STRINGS), half);
     project.folder.Put(STRINGS, whole);
+    projView.selected = nullptr; // the whole tree goes
     doc->OnWatchedFileChanged(Handle(STRINGS));
     EXPECT_TRUE(doc->DoFileSave() && doc->lastSave.write == 0);
     QFile::remove(project.folder.Path(STRINGS));

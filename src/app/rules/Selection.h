@@ -8,7 +8,7 @@
 /// The folder that is selected in a project's window: which pane is shown, and what actions act on.
 ///
 /// It lets go of a folder that is destroyed. With the next Refresh the folder that has come into its place is selected.
-class Selection : public IFolderSelection, public ITreeListener
+class Selection final : public IFolderSelection, public ITreeListener
 {
 public:
     /// The model must live as long as folders are selected.
