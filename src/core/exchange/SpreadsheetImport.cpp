@@ -93,7 +93,11 @@ private:
     void Tell(const char *code, Severity severity, quint32 row, const QString &what, const char *format,
               Arguments... arguments)
     {
-        env.Report({code, severity, path, int(row) + 1, {}, what}, format, arguments...);
+        const Finding finding{code, severity, path, int(row) + 1, {}, what};
+        if constexpr (sizeof...(arguments) == 0)
+            env.Report(finding, "%s", format);
+        else
+            env.Report(finding, format, arguments...);
         env.Explain(place + u' ' + what);
     }
 
