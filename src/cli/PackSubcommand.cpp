@@ -97,7 +97,7 @@ private:
         return true;
     }
 
-    /// Stricter than a record of an IDE: a slip of the finger is told here, where there is somebody to read it.
+    /// Is stricter than for an IDE's record: it reports a typing error, since somebody reads the message.
     [[nodiscard]] static bool IsScreenSize(const QString &word)
     {
         static const QRegularExpression form(QStringLiteral("^[0-9]+[xX*][0-9]+$"));

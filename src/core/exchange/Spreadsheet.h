@@ -4,7 +4,7 @@
 
 class CResModel;
 
-/// The numbers of failures, as whoever imports or exports sees them; with those of the string file's header.
+/// The codes of a failed import or export. The string file's header has further ones.
 enum SpreadsheetCode : int
 {
     SHEET_FAILED = 1726, ///< the file is no workbook, or its reading or writing broke off

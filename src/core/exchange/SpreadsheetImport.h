@@ -6,7 +6,7 @@
 
 #include <memory>
 
-/// Hears of each row of a source that has been planned, before the next is read: what it prints stands behind the lines
+/// Hears of each row of a source that has been planned, before the next is read: what it prints follows the lines
 /// of the report about that row.
 class IImportWatch
 {

@@ -18,7 +18,7 @@ public:
     [[nodiscard]] IDRecord *Allocate(const QString &name, qint16 scope);
 
 private:
-    /// What stands in front of a counter.
+    /// The part of a name that comes before its counter.
     struct Stem
     {
         QString text;

@@ -4,7 +4,7 @@
 
 // What writer and reader of the payload share.
 
-/// With its zero byte: the name of the section, and what stands in front of the payload in a packed DLL.
+/// The name of the section, and the mark before the payload in a packed DLL; both have its zero byte.
 inline constexpr char PAYLOAD_NAME[8] = ".zp_res";
 
 /// The first of the keys that belong to languages; the language's number is in the low 16 bits.

@@ -13,8 +13,8 @@
 template <typename... Arguments> class Notifier
 {
 public:
-    /// Is told until it is destroyed. May outlive the notifier, and may be made or destroyed while it tells, but for
-    /// its own destruction while it is told.
+    /// Receives each event until it is destroyed. It may outlive the notifier, and may be made or destroyed during
+    /// `Tell`, but it must not destroy itself in its own call.
     class Listener
     {
     public:
@@ -50,7 +50,7 @@ public:
 
     [[nodiscard]] bool IsEmpty() const { return listeners.empty(); }
 
-    /// A listener that comes meanwhile is told from the next time on.
+    /// A listener that is made during a call receives the next event first.
     void Tell(Arguments... arguments)
     {
         if (listeners.empty())
