@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QWidget>
+
+class StringTable;
+
+/// The strip below the grid: ID, language and whole text of the cell in focus, wrapped and in the direction of the
+/// language, with the text of the first language beside it. Read-only.
+class DetailsStrip : public QWidget
+{
+public:
+    explicit DetailsStrip(QWidget *parent = nullptr);
+
+    /// Shows a cell of the table; `position` and `count` are for "37 of 512".
+    void ShowCell(const StringTable &table, int row, int col, int position, int count);
+    void ShowNothing();
+};
