@@ -90,10 +90,15 @@ ListCellDelegate::LaidOut ListCellDelegate::LayOut(const Key &key) const
         laidOut.text.prepare({}, cachedFont);
         laidOut.size = laidOut.text.size();
     };
-    layOut(key.text);
-    laidOut.isCut = laidOut.size.width() > key.width;
-    if (laidOut.isCut)
-        layOut(QFontMetricsF(cachedFont).elidedText(key.text, Qt::ElideRight, key.width));
+    const QFontMetricsF metrics(cachedFont);
+    // Laying out takes most of the time: a text that is probably too long is cut first.
+    if (metrics.averageCharWidth() * qreal(key.text.size()) < key.width)
+        layOut(key.text);
+    if (laidOut.size.isEmpty() || laidOut.size.width() > key.width) {
+        const QString shown = metrics.elidedText(key.text, Qt::ElideRight, key.width);
+        laidOut.isCut = shown != key.text;
+        layOut(shown);
+    }
     return laidOut;
 }
 
