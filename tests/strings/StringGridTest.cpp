@@ -1,3 +1,4 @@
+#include "CellBlock.h"
 #include "IdNames.h"
 #include "StringCommands.h"
 #include "StringOrder.h"
@@ -6,6 +7,7 @@
 #include <QAbstractItemModelTester>
 #include <QAbstractTableModel>
 
+#include <numeric>
 #include <random>
 
 using namespace Qt::StringLiterals;
@@ -19,6 +21,7 @@ class GridModel : public QAbstractTableModel, public IStringGrid
 {
 public:
     const StringTable *table = nullptr;
+    int messages = 0;
 
     int rowCount(const QModelIndex &parent = {}) const override { return parent.isValid() ? 0 : table->RowCount() + 1; }
     int columnCount(const QModelIndex &parent = {}) const override
@@ -89,6 +92,7 @@ public:
     void ReportCellError(int code, int, int) override { ShowMessage(code); }
     void ShowMessage(int) override
     {
+        ++messages;
         EXPECT_FALSE(isInBatch) << "a message may be a box, and the table is drawn below it";
     }
 
@@ -179,7 +183,11 @@ struct GridWalk : StringProject
         static const QStringList TEXTS{u"ID_A"_s, u"id_x"_s, u"bad name"_s, u""_s, u"push"_s, u"Hello"_s, u"Normal"_s};
         const QString &text = TEXTS[Below(int(TEXTS.size()))];
         const int row = Below(table.RowCount() + 1);
-        switch (Below(9)) {
+        switch (Below(11)) {
+        case 9:
+            return SetCells(TEXTS);
+        case 10:
+            return PasteBlock(TEXTS);
         case 0:
             return Run<STR_MOD_CMD>(row, Below(table.ColumnCount()), text);
         case 1:
@@ -197,6 +205,40 @@ struct GridWalk : StringProject
         default:
             table.Reorder(StringOrder(table, Below(2 * table.ColumnCount() + 1) - table.ColumnCount()));
         }
+    }
+
+    /// A step that may fail, and has changed nothing then.
+    void SetCells(const QStringList &texts)
+    {
+        const auto text = [&] { return texts[Below(int(texts.size()))]; };
+        std::vector<CellChange> changes;
+        for (const int row : SomeRows())
+            changes.push_back({row, 1 + Below(table.ColumnCount() - 1), text()});
+        std::vector<NewRow> rows;
+        for (int n = Below(4); n > 0; --n)
+            rows.push_back({text().toUpper(), Below(2) == 0, {{2 + Below(table.ColumnCount() - 2), text()}}});
+        const QString before = Stored();
+        const int messages = model.messages;
+        Run<STR_SET_CMD>(changes, rows);
+        if (model.messages > messages)
+            EXPECT_EQ(Stored(), before);
+    }
+
+    /// A step that never fails.
+    void PasteBlock(const QStringList &texts)
+    {
+        CellRows block(1 + size_t(Below(5)));
+        for (QStringList &line : block) {
+            for (int n = Below(3); n < 3; ++n)
+                line << (Below(4) ? texts[Below(int(texts.size()))] : table.CellText(Below(table.RowCount() + 1), 0));
+        }
+        std::vector<int> columns(size_t(table.ColumnCount()));
+        std::iota(columns.begin(), columns.end(), 0);
+        const PastePlan plan = PlanPaste(
+            table, block, {Below(table.RowCount() + 1), Below(table.ColumnCount()), SomeRows(), SomeRows(), columns});
+        const int messages = model.messages;
+        Run<STR_SET_CMD>(plan.changes, plan.rows);
+        EXPECT_EQ(model.messages, messages);
     }
 
     /// What a window does to the columns and to the whole.
