@@ -24,8 +24,7 @@ TEST(Locator, BeginningsComeBeforeWordsAndEachInTheOrderOfNames)
         QStringList ids;
         for (const LocatedId &one : LocateIds(model, typed, most)) {
             ids << one.id + (one.folder == &larger ? u"*"_s : QString());
-            if (one.folder == &strings)
-                EXPECT_EQ(one.resource, head);
+            EXPECT_EQ(one.folder == &strings, one.resource == head);
         }
         return ids.join(u' ');
     };

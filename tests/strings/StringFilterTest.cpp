@@ -65,7 +65,7 @@ struct RandomTable : TableProject
 
     [[nodiscard]] std::vector<int> ByCells(const StringCondition &condition) const
     {
-        std::vector<int> rows;
+        std::vector<int> found;
         for (int row = 0; row < table.RowCount(); ++row) {
             bool hasText = condition.text.isEmpty();
             for (int col = 0; col < table.ColumnCount(); ++col)
@@ -75,9 +75,9 @@ struct RandomTable : TableProject
             const QString kind = condition.kind == StringCondition::Kind::Push ? u"Push"_s : u"Normal"_s;
             if (hasText && (condition.missingIn < 0 || IsGapByCells(row, condition.missingIn)) &&
                 (condition.kind == StringCondition::Kind::Any || table.CellText(row, 1) == kind))
-                rows.push_back(row);
+                found.push_back(row);
         }
-        return rows;
+        return found;
     }
 
     std::mt19937 random;

@@ -214,14 +214,13 @@ struct GridWalk : StringProject
         std::vector<CellChange> changes;
         for (const int row : SomeRows())
             changes.push_back({row, 1 + Below(table.ColumnCount() - 1), text()});
-        std::vector<NewRow> rows;
+        std::vector<NewRow> made;
         for (int n = Below(4); n > 0; --n)
-            rows.push_back({text().toUpper(), Below(2) == 0, {{2 + Below(table.ColumnCount() - 2), text()}}});
+            made.push_back({text().toUpper(), Below(2) == 0, {{2 + Below(table.ColumnCount() - 2), text()}}});
         const QString before = Stored();
         const int messages = model.messages;
-        Run<STR_SET_CMD>(changes, rows);
-        if (model.messages > messages)
-            EXPECT_EQ(Stored(), before);
+        Run<STR_SET_CMD>(changes, made);
+        EXPECT_TRUE(model.messages == messages || Stored() == before);
     }
 
     /// A step that never fails.

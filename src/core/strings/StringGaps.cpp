@@ -26,8 +26,10 @@ public:
         bool any = false;
         AnyRecord(*head, [&](const CStringRes &record) {
             const int col = record.text.isEmpty() ? -1 : columns.Of(record.language);
-            if (col >= 0)
-                any = filled[size_t(col)] = true;
+            if (col >= 0) {
+                filled[size_t(col)] = true;
+                any = true;
+            }
             return false;
         });
         return any;
