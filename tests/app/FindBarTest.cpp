@@ -35,7 +35,7 @@ struct OpenBar : TableProject
         bar.findNext = [this](bool back) { told += back ? u"back " : u"next "; };
         bar.toGrid = [this] { told += u"grid "; };
         bar.replaceAll = [this] { told += u"replace "; };
-        bar.hideColumn = [this](int col, bool hide) { told += QString::number(col) + (hide ? u" hide " : u" show "); };
+        bar.hideColumn = [this](int col, bool hide) { told += QString::number(col) + (hide ? u" hide "_s : u" show "_s); };
         bar.Fill(table);
         bar.resize(900, bar.sizeHint().height());
         bar.show();

@@ -47,11 +47,13 @@ struct LanguageChoice : TableProject
         EXPECT_TRUE(choice.InitList(list));
         list.onCheck = [this](qint32 number, bool checked) { choice.OnCheck(number, checked); };
     }
-    void Turn(const QString &name)
+    void Turn(std::initializer_list<qint32> numbers)
     {
-        for (size_t row = 0; row < list.rows.size(); ++row) {
-            if (list.rows[row].texts.front() == name)
-                list.SetChecked(row, !list.rows[row].checked);
+        for (const qint32 number : numbers) {
+            for (size_t row = 0; row < list.rows.size(); ++row) {
+                if (list.rows[row].data == number)
+                    list.SetChecked(row, !list.rows[row].checked);
+            }
         }
     }
     /// The result of OK, what was asked, and the languages' columns afterwards.
@@ -99,16 +101,12 @@ TEST(LanguageChoice, AsksWithTheCountsOfWhatOkDoesAndChangesNothingBeforeTheAnsw
 {
     LanguageChoice project;
     EXPECT_EQ(project.Ok(), "closed|English|Old") << "nothing to do, nothing to ask";
-    for (int i = 0; i < 2; ++i) {
-        project.Turn(u"French"_s);
-        project.Turn(u"English"_s);
-    }
+    project.Turn({12, 9, 12, 9});
     EXPECT_EQ(project.Ok(), "closed|English|Old");
     project.list.SetAll(false);
     project.list.SetAll(true);
     EXPECT_EQ(project.Ok(false), "open|OK/Cancel: 3 language(s) will be added, and 0 will be deleted.|English|Old");
-    for (const char16_t *name : {u"English", u"Text9", u"Text10"})
-        project.Turn(QString(name));
+    project.Turn({9, 2, 1});
     const std::string question = "|Yes/No: 1 language(s) will be added, and 1 will be deleted.\r\n"
                                  "All strings of the deleted language(s) will be deleted too. Continue?";
     EXPECT_EQ(project.Ok(false), "open" + question + "|English|Old");
@@ -124,8 +122,7 @@ TEST(LanguageChoice, AsksWithTheCountsOfWhatOkDoesAndChangesNothingBeforeTheAnsw
 TEST(LanguageChoice, AddsLanguagesInTheOrderOfTheListAndTheDescriptionBeforeThem)
 {
     LanguageChoice project(TWO_LANGUAGES + "##number|0\n");
-    for (const char16_t *name : {u"English", u"French"})
-        project.Turn(QString(name));
+    project.Turn({9, 12});
     EXPECT_TRUE(QByteArray::fromStdString(project.Ok()).endsWith("Continue?")) << "there may be none";
     while (!project.strings.subfolders.empty())
         project.DeleteFolder(*project.strings.subfolders.back());
@@ -145,7 +142,7 @@ TEST(LanguageChoice, ADeletedLanguageLeavesTheHistoryAndItsCommandsFail)
     LanguageChoice project(TWO_LANGUAGES + "ID_A|Normal||Hello|Bonjour\n##number|1\n");
     project.Mod(0, 3, u"Bye"_s);
     project.Mod(0, 4, u"Salut"_s);
-    project.Turn(u"French"_s);
+    project.Turn({12});
     (void)project.Ok();
     project.table.history.Undo();
     EXPECT_EQ(StringEditMessage(project.grid.TakeMessage()), u"The language does not exist"_s);
@@ -153,7 +150,7 @@ TEST(LanguageChoice, ADeletedLanguageLeavesTheHistoryAndItsCommandsFail)
 
     EXPECT_TRUE(project.table.history.CanUndo());
     project.Open();
-    project.Turn(u"French"_s);
+    project.Turn({12});
     (void)project.Ok();
     EXPECT_FALSE(project.table.history.CanUndo()) << "a new column makes an end of it";
 }

@@ -41,7 +41,7 @@ CListFltrDlg::CListFltrDlg(IListFltrHelper &listHelper, Settings &programSetting
 {
     setWindowTitle(QStringLiteral("Select..."));
     helper.InitList(list);
-    list.onCheck = [this](qint32 data, bool checked) { helper.OnCheck(data, checked); };
+    list.onCheck = [this](qint32 itemData, bool checked) { helper.OnCheck(itemData, checked); };
     model = new CheckListModel(list, this);
     if (!list.CanSort(sortState))
         sortState = 0;

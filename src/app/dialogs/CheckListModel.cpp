@@ -7,12 +7,12 @@ void CheckListModel::SetAll(bool checked)
     if (list.rows.empty())
         return;
     list.SetAll(checked);
-    emit dataChanged(index(0, 0), index(rowCount() - 1, 0), {Qt::CheckStateRole});
+    Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, 0), {Qt::CheckStateRole});
 }
 
 void CheckListModel::Sort(int sortState, const std::function<int(qint32, qint32, int)> &compare)
 {
-    emit layoutAboutToBeChanged({}, VerticalSortHint);
+    Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
     const std::vector<int> order = list.Sort(sortState, compare);
     std::vector<int> rowNow(order.size());
     for (size_t row = 0; row < order.size(); ++row)
@@ -22,7 +22,7 @@ void CheckListModel::Sort(int sortState, const std::function<int(qint32, qint32,
     for (const QModelIndex &each : before)
         now.append(index(rowNow[size_t(each.row())], each.column()));
     changePersistentIndexList(before, now);
-    emit layoutChanged({}, VerticalSortHint);
+    Q_EMIT layoutChanged({}, VerticalSortHint);
 }
 
 int CheckListModel::rowCount(const QModelIndex &parent) const
@@ -56,7 +56,7 @@ bool CheckListModel::setData(const QModelIndex &index, const QVariant &value, in
     if (role != Qt::CheckStateRole || index.column() != 0)
         return false;
     list.SetChecked(size_t(index.row()), value.toInt() == Qt::Checked);
-    emit dataChanged(index, index, {role});
+    Q_EMIT dataChanged(index, index, {role});
     return true;
 }
 

@@ -10,6 +10,19 @@ constexpr int LEAST_LINES = 2;
 constexpr qsizetype AT_ONCE = 4000; // characters: more than there is room for
 constexpr int REST_MS = 300;
 
+/// A text without blanks takes seconds to wrap between words where it can't: each line looks for the end of the word.
+bool HasLongRun(QStringView text)
+{
+    qsizetype blank = -1;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i].isSpace())
+            blank = i;
+        else if (i - blank > AT_ONCE)
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 DetailsText::DetailsText(QWidget *parent) : QPlainTextEdit(parent)
@@ -23,7 +36,7 @@ DetailsText::DetailsText(QWidget *parent) : QPlainTextEdit(parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     rest.setSingleShot(true);
     rest.setInterval(REST_MS);
-    connect(&rest, &QTimer::timeout, this, [this] { setPlainText(whole); });
+    connect(&rest, &QTimer::timeout, this, [this] { ShowRest(); });
 }
 
 void DetailsText::Show(const QString &shownText, Qt::LayoutDirection direction, const QString &name)
@@ -31,18 +44,37 @@ void DetailsText::Show(const QString &shownText, Qt::LayoutDirection direction, 
     setAccessibleName(name);
     setLayoutDirection(direction); // of the scroll bar
     QTextOption option = document()->defaultTextOption();
-    if (option.textDirection() != direction) {
-        option.setTextDirection(direction);
-        document()->setDefaultTextOption(option);
-    }
-    if (shownText == whole)
+    if (shownText == whole && option.textDirection() == direction)
         return; // what is selected in it stays
-    whole = shownText;
     rest.stop();
-    if (whole.size() <= AT_ONCE)
-        return setPlainText(whole);
-    setPlainText(whole.first(AT_ONCE - (whole[AT_ONCE - 1].isHighSurrogate() ? 1 : 0)));
-    rest.start();
+    clear(); // so that the options lay out nothing
+    option.setTextDirection(direction);
+    option.setWrapMode(HasLongRun(shownText) ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere);
+    document()->setDefaultTextOption(option);
+    setWordWrapMode(option.wrapMode());
+    whole = shownText;
+    shown = qMin(whole.size(), AT_ONCE);
+    while (shown < whole.size() && (whole[shown].isLowSurrogate() || whole[shown] == u'\n'))
+        --shown; // no half of a character or of a line end
+    setPlainText(whole.first(shown));
+    if (shown < whole.size())
+        rest.start();
+}
+
+/// What is selected, and the place in sight, stay.
+void DetailsText::ShowRest()
+{
+    rest.stop();
+    QTextCursor end(document());
+    end.movePosition(QTextCursor::End);
+    end.insertText(whole.sliced(std::exchange(shown, whole.size())));
+}
+
+void DetailsText::focusInEvent(QFocusEvent *event)
+{
+    if (rest.isActive())
+        ShowRest(); // before the user can copy a part of it
+    QPlainTextEdit::focusInEvent(event);
 }
 
 QSize DetailsText::SizeFor(int lines) const

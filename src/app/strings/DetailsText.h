@@ -4,7 +4,7 @@
 #include <QTimer>
 
 /// A text of the details strip: read-only, wrapped, in the direction of its language. A very long text shows its
-/// beginning at once, and all of it when the user stays on it.
+/// beginning at once, and all of it when the user stays on it or goes into it.
 class DetailsText : public QPlainTextEdit
 {
 public:
@@ -16,9 +16,14 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
+protected:
+    void focusInEvent(QFocusEvent *event) override;
+
 private:
     [[nodiscard]] QSize SizeFor(int lines) const;
+    void ShowRest();
 
     QString whole;
-    QTimer rest; // until the whole text is shown
+    qsizetype shown = 0; // so much of it
+    QTimer rest;         // until the whole text is shown
 };

@@ -128,12 +128,22 @@ void FindBar::LayOut()
     auto *const lines = new QVBoxLayout(this);
     lines->setContentsMargins(MARGIN, MARGIN, MARGIN, MARGIN);
     lines->setSpacing(MARGIN);
+    lines->setSizeConstraint(QLayout::SetNoConstraint); // see minimumSizeHint
     lines->addLayout(firstLine);
     lines->addWidget(replaceLine);
     lines->addLayout(secondLine);
     firstLine->setStretchFactor(text, 1);
-    setTabOrder({text, replacement, replace, matchCase, column, missingIn, kind, columns, close});
+    setTabOrder(text, replacement);
+    setTabOrder(replacement, replace);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+QSize FindBar::minimumSizeHint() const
+{
+    const int first = text->minimumSizeHint().width() + matchCase->sizeHint().width() + counts->minimumWidth() +
+                      close->sizeHint().width() + 3 * MARGIN;
+    const int widest = qMax(first, choices->minimumSizeHint().width());
+    return {widest + 2 * MARGIN, layout()->totalMinimumSize().height()};
 }
 
 void FindBar::FitLines()
@@ -146,6 +156,8 @@ void FindBar::FitLines()
         return;
     (line == firstLine ? secondLine : firstLine)->removeWidget(choices);
     line->insertWidget(line == firstLine ? 2 : 0, choices);
+    layout()->invalidate();
+    updateGeometry(); // the height is another one
 }
 
 /// Wide enough for all counts, so that the fields don't move while the user types.

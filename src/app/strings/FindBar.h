@@ -38,6 +38,9 @@ public:
     void FocusText();
     void ShowReplace(bool show);
 
+    /// That of a narrow pane, where the choices have a line of their own.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
     std::function<void()> conditionChanged;  ///< at once, with each letter
     std::function<void()> closed;            ///< by Esc or the cross, which clear the bar first
     std::function<void(bool back)> findNext; ///< F3, Return and their opposites
