@@ -1,9 +1,14 @@
-// The string table: opening it beside the bare lines of its file, and one edit, whatever the table's size.
+// The string table: opening it beside the bare lines of its file, one edit, whatever the table's size, and the keys of
+// a filter.
 
-#include "StringCommands.h"
+#include "CellBlock.h"
+#include "StringFilter.h"
+#include "StringGaps.h"
 #include "StringOrder.h"
 #include "table_world.h"
 
+#include <QAbstractTableModel>
+#include <QSortFilterProxyModel>
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -140,5 +145,139 @@ void SortRows(benchmark::State &state)
     state.counters["ratio"] = ours / plain;
 }
 BENCHMARK(SortRows)->Args({50000, 0})->Args({50000, 5})->Unit(benchmark::kMillisecond);
+
+/// Texts that a user types key by key: in no cell, in few, in all, in IDs.
+const QStringList TYPED{QStringLiteral("zebra"), QStringLiteral("place 4999"), QStringLiteral("weather"),
+                        QStringLiteral("STRING_1F")};
+
+/// Calls `look` for each key, with what has been typed by then.
+template <typename Look> int ForEachKey(const Look &look)
+{
+    int keys = 0;
+    for (const QString &text : TYPED) {
+        for (qsizetype size = 1; size <= text.size(); ++size, ++keys)
+            look(text.first(size));
+    }
+    return keys;
+}
+
+/// Seconds that a bare walk of all records takes.
+double SecondsOfWalk(const StringTable &table)
+{
+    const auto start = std::chrono::steady_clock::now();
+    qsizetype size = 0;
+    for (CBaseRes *res : table.ColumnLanguage(StringTable::DESCRIPTION_COLUMN)->resources) {
+        for (const auto *cell = static_cast<CStringRes *>(res); cell; cell = cell->next)
+            size += cell->text.size() + cell->language;
+    }
+    benchmark::DoNotOptimize(size);
+    return Seconds(start);
+}
+
+/// The mean key of a filter on all columns, in a list in the tree's order (0) or sorted (1). "ratio" is the time beside
+/// one walk of all records; at most 3 is wanted, 2 is aimed at.
+void FilterKey(benchmark::State &state)
+{
+    World world(FileOf(state.range(0)));
+    if (state.range(1) != 0)
+        world.table.Reorder(StringOrder(world.table, -6));
+    double ours = 0;
+    double walk = 0;
+    int keys = 0;
+    for (auto _ : state) {
+        StringCondition before;
+        std::vector<int> rows;
+        const auto start = std::chrono::steady_clock::now();
+        keys = ForEachKey([&](const QString &text) {
+            StringCondition condition;
+            condition.text = text;
+            const bool isWithin = !before.IsEmpty() && condition.IsWithin(before);
+            rows = RowsThatMeet(condition, world.table, isWithin ? &rows : nullptr);
+            before = condition;
+        });
+        ours += Seconds(start) / keys;
+        walk += SecondsOfWalk(world.table);
+    }
+    state.counters["key_ms"] = ours * 1e3 / double(state.iterations());
+    state.counters["ratio"] = ours / walk;
+}
+BENCHMARK(FilterKey)->Args({50000, 0})->Args({50000, 1})->Unit(benchmark::kMillisecond);
+
+class TableItems : public QAbstractTableModel
+{
+public:
+    explicit TableItems(const StringTable &stringTable) : table(stringTable) {}
+    int rowCount(const QModelIndex & = {}) const override { return table.RowCount(); }
+    int columnCount(const QModelIndex & = {}) const override { return table.ColumnCount(); }
+    QVariant data(const QModelIndex &index, int role) const override
+    {
+        return role == Qt::DisplayRole ? table.CellText(index.row(), index.column()) : QVariant();
+    }
+
+private:
+    const StringTable &table;
+};
+
+/// The same keys through a proxy of Qt, for comparison.
+void FilterKeyOfProxy(benchmark::State &state)
+{
+    World world(FileOf(state.range(0)));
+    TableItems items(world.table);
+    for (auto _ : state) {
+        QSortFilterProxyModel proxy;
+        proxy.setSourceModel(&items);
+        proxy.setFilterKeyColumn(-1);
+        proxy.setFilterCaseSensitivity(Qt::CaseInsensitive);
+        const auto start = std::chrono::steady_clock::now();
+        const int keys = ForEachKey([&](const QString &text) {
+            proxy.setFilterFixedString(text);
+            benchmark::DoNotOptimize(proxy.rowCount());
+        });
+        state.counters["key_ms"] = Seconds(start) * 1e3 / keys;
+    }
+}
+BENCHMARK(FilterKeyOfProxy)->Arg(50000)->Unit(benchmark::kMillisecond)->Iterations(1);
+
+/// All gaps counted. "ratio" is the time beside one walk as above; at most 2 is wanted.
+void CountAllGaps(benchmark::State &state)
+{
+    World world(FileOf(state.range(0)));
+    double ours = 0;
+    double walk = 0;
+    for (auto _ : state) {
+        const auto start = std::chrono::steady_clock::now();
+        benchmark::DoNotOptimize(CountGaps(world.table));
+        ours += Seconds(start);
+        walk += SecondsOfWalk(world.table);
+    }
+    state.counters["ratio"] = ours / walk;
+}
+BENCHMARK(CountAllGaps)->Arg(50000)->Unit(benchmark::kMillisecond);
+
+/// A block of all cells pasted by ID over the table, each text another: the plan; then the step, taken back.
+void PasteAll(benchmark::State &state)
+{
+    World world(FileOf(state.range(0)));
+    std::vector<int> rows(size_t(world.table.RowCount()));
+    std::iota(rows.begin(), rows.end(), 0);
+    std::vector<int> columns(size_t(world.table.ColumnCount()));
+    std::iota(columns.begin(), columns.end(), 0);
+    CellRows block = CellsOf(world.table, rows, columns);
+    for (size_t line = 1; line < block.size(); ++line) {
+        for (qsizetype place = 3; place < block[line].size(); ++place)
+            block[line][place] += u'x';
+    }
+    const QString tsv = ToTsv(block);
+    double plan = 0;
+    for (auto _ : state) {
+        const auto start = std::chrono::steady_clock::now();
+        const PastePlan paste = PlanPaste(world.table, FromTsv(tsv), {0, 0, {}, rows, columns});
+        plan += Seconds(start);
+        world.table.history.Run(std::make_unique<STR_SET_CMD>(world.table, paste.changes, paste.rows));
+        world.table.history.Undo();
+    }
+    state.counters["plan_ms"] = plan * 1e3 / double(state.iterations());
+}
+BENCHMARK(PasteAll)->Arg(50000)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -8,6 +8,7 @@ TEST(StringGrid, EditsOfASortedListUndoneAndDoneAgainLeadToTheSameTree)
         FakeGrid grid;
         GridWalk walk(seed, grid);
         walk.pastesFail = false;
+        walk.messages = [&] { return grid.messages; };
         CommandHistory &history = walk.table.history;
         const QString start = walk.Stored();
         for (size_t step = 0; step < StringTable::MOST_UNDO; ++step)

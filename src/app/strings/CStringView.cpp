@@ -3,8 +3,11 @@
 #include "CLangFltr.h"
 #include "CListFltrDlg.h"
 #include "CResDoc.h"
+#include "DetailsStrip.h"
 #include "CellClipboard.h"
 #include "DroppedFiles.h"
+#include "FindBar.h"
+#include "StringCommands.h"
 #include "StringFinder.h"
 #include "StringGrid.h"
 #include "ViewHost.h"
@@ -52,6 +55,7 @@ CStringView::CStringView(CResDoc &projectDocument, IViewHost &viewHost)
       finder(new StringFinder(table, model, *grid, viewHost.Boxes(), *this))
 {
     model.SetTable(&table);
+    model.showsGaps = document.env.settings.Int("Strings", "gap_marks", 1) != 0;
     setAcceptDrops(true);
     auto *const parts = new QVBoxLayout(this);
     parts->setContentsMargins(0, 0, 0, 0);

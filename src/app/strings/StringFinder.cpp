@@ -41,6 +41,7 @@ void StringFinder::Connect()
     bar->conditionChanged = [this] { Filter(); };
     bar->closed = [this] { CloseBar(); };
     bar->findNext = [this](bool back) { FindNext(back ? -1 : 1); };
+    bar->toGrid = [this] { grid.setFocus(); };
     bar->replaceAll = [this] { ReplaceAll(); };
     bar->hideColumn = [this](int column, bool hide) {
         grid.HideColumn(column, hide);

@@ -2,6 +2,8 @@
 
 #include "CellEditor.h"
 #include "ChoiceBox.h"
+#include "ListCellDelegate.h"
+#include "StringCommands.h"
 #include "StringGaps.h"
 #include "StringGridRules.h"
 #include "StringOrder.h"

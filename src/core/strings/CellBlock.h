@@ -12,7 +12,8 @@ class StringTable;
 using CellRows = std::vector<QStringList>;
 
 [[nodiscard]] QString ToTsv(const CellRows &cells);
-/// Takes any text: a quote that isn't closed is a character like any other.
+/// Takes any text: a quote that isn't closed, or has something behind it, is a character like any other. Gives one cell
+/// at least.
 [[nodiscard]] CellRows FromTsv(QStringView text);
 
 /// The cells of those rows and columns of a table, under the titles of the columns when they are several columns.
@@ -30,10 +31,16 @@ struct PasteTarget
 
 /// What a paste would do. Computing it changes nothing.
 ///
-/// A block whose first column has IDs of the table goes by ID, and by its first line's titles to the columns if these
-/// are titles of the table; rows of other IDs are added. Any other block goes to the cells from the one in focus on;
-/// what is below the last row is added. One text alone fills the column in focus of all selected rows. The end of a
-/// line and a tab in a cell become a blank.
+/// The first line of a block is its titles when all of it are titles of the table, or when it begins with that of the
+/// ID. A block with titles that have the ID's goes by ID and title; further titles are left out. A block without titles
+/// whose first column has IDs goes by ID too, its other columns to those from the one in focus on; most lines must have
+/// an ID of the table then, or the column in focus must be that of the ID. A line with another ID becomes a new row.
+///
+/// Any other block goes to the cells from the one in focus on, titles left out; what is below the last row becomes new
+/// rows. One text alone fills the column in focus of all selected rows, or else of the row in focus.
+///
+/// No row gets another ID. The IDs of new rows are trimmed and made upper case, as typed ones are. The end of a line
+/// and a tab in a text become a blank. An empty text empties a cell; an empty kind leaves it.
 struct PastePlan
 {
     std::vector<CellChange> changes; ///< only cells whose text changes

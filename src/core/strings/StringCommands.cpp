@@ -2,36 +2,6 @@
 
 #include <algorithm>
 
-namespace
-{
-
-RowMark MarkOf(const StringTable &table, int row)
-{
-    const CStringRes *head = table.Head(row);
-    return {row, head ? head->Id()->name : NarrowText()};
-}
-
-qint32 LanguageOf(const StringTable &table, int col)
-{
-    const CResFolder *folder = table.ColumnLanguage(col);
-    return folder ? folder->index : -1;
-}
-
-/// Where the column stands that stood at `col` when it was the one of `language`.
-int ColumnNow(const StringTable &table, int col, qint32 language)
-{
-    return col < StringTable::FIRST_LANGUAGE_COLUMN ? col : table.ColumnOf(language);
-}
-
-bool ShowFailure(StringTable &table, int code)
-{
-    if (code != EDIT_DONE)
-        table.grid.ShowMessage(code);
-    return code == EDIT_DONE;
-}
-
-} // namespace
-
 STR_MOD_CMD::STR_MOD_CMD(StringTable &stringTable, int cellRow, int cellCol, QString text)
     : STR_MOD_CMD(stringTable, cellRow, cellCol, stringTable.CellText(cellRow, cellCol), std::move(text))
 {

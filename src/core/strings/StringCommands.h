@@ -1,17 +1,10 @@
 #pragma once
 
-#include "StringTable.h"
+#include "CommandMarks.h"
 
 // The edits of a string table that can be taken back. Each holds what it needs in both directions and lets the table do
 // the change. Rows are found again by number and ID: after a sort a command acts on the rows that it was made for, or
 // not at all.
-
-/// A row as a command knows it.
-struct RowMark
-{
-    int row;
-    NarrowText id;
-};
 
 /// Another text in a cell. Made before anything changes: it takes back to what the cell shows now, an ID to the exact
 /// one.

@@ -7,8 +7,10 @@
 #include <algorithm>
 
 using StringFileFormat::DESCRIPTION;
+using StringFileFormat::DESCRIPTION_WORD;
 using StringFileFormat::NORMAL_WORD;
 using StringFileFormat::PUSH_WORD;
+using StringFileFormat::TYPE_WORD;
 
 QString StringEditMessage(int code)
 {
@@ -147,6 +149,21 @@ CResFolder *StringTable::ColumnLanguage(int col) const
     return strings ? strings->FindFolder(KIND_LANGUAGE, language, 1) : nullptr;
 }
 
+QString StringTable::ColumnTitle(int col) const
+{
+    switch (col) {
+    case ID_COLUMN:
+        return QStringLiteral("ID");
+    case KIND_COLUMN:
+        return TYPE_WORD.toString();
+    case DESCRIPTION_COLUMN:
+        return DESCRIPTION_WORD.toString();
+    default:
+        const CResFolder *folder = ColumnLanguage(col);
+        return folder ? folder->title : QString();
+    }
+}
+
 int StringTable::ColumnOf(qint32 language) const
 {
     return FIRST_LANGUAGE_COLUMN + int(std::find(languages.begin(), languages.end(), language) - languages.begin());
@@ -154,9 +171,11 @@ int StringTable::ColumnOf(qint32 language) const
 
 CStringRes *StringTable::CellRecord(int row, int col) const
 {
-    const CResFolder *folder = ColumnLanguage(col);
     CStringRes *head = Head(row);
-    return folder && head ? head->FindLanguage(folder->index) : nullptr;
+    if (!head || col < DESCRIPTION_COLUMN || col >= ColumnCount())
+        return nullptr;
+    // Without a look for the column's folder, which takes longer than all else: a record goes with its folder.
+    return head->FindLanguage(col == DESCRIPTION_COLUMN ? DESCRIPTION : languages[size_t(col - FIRST_LANGUAGE_COLUMN)]);
 }
 
 QString StringTable::CellText(int row, int col) const

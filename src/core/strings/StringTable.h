@@ -146,6 +146,10 @@ public:
     [[nodiscard]] CStringRes *Head(int row) const { return rows.At(row); }
     /// The folder bound to a column; null for columns 0 and 1 and where there is none any more.
     [[nodiscard]] CResFolder *ColumnLanguage(int col) const;
+    /// The languages of the columns from FIRST_LANGUAGE_COLUMN on.
+    [[nodiscard]] const std::vector<qint32> &Languages() const { return languages; }
+    /// What the header of a column shows.
+    [[nodiscard]] QString ColumnTitle(int col) const;
     /// The column of a language; one behind the last when it has none.
     [[nodiscard]] int ColumnOf(qint32 language) const;
     [[nodiscard]] CStringRes *CellRecord(int row, int col) const;
@@ -154,6 +158,7 @@ public:
     /// The row with that ID, which stood at `hint` before; -1 if there is none. Takes a time that doesn't grow with the
     /// table.
     [[nodiscard]] int RowOf(const NarrowText &name, int hint) const;
+    [[nodiscard]] CResModel &Model() const { return model; }
     CResFolder *EnsureDescriptionFolder();
 
     /// A free name for a new string.

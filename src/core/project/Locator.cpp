@@ -1,0 +1,82 @@
+#include "Locator.h"
+
+#include "Environment.h"
+#include "NameOrder.h"
+#include "ResModel.h"
+
+#include <algorithm>
+
+namespace
+{
+
+/// Says whether the words of an ID begin with the typed ones, in their order.
+bool HasWords(QStringView id, const QStringList &words)
+{
+    auto word = words.begin();
+    for (qsizetype start = 0; word != words.end() && start < id.size();) {
+        if (id.sliced(start).startsWith(*word, Qt::CaseInsensitive))
+            ++word;
+        const qsizetype end = id.indexOf(u'_', start);
+        start = end < 0 ? id.size() : end + 1;
+    }
+    return word == words.end();
+}
+
+/// The resource that stands for an ID; null for an ID that nothing in the tree has.
+CBaseRes *ResourceOf(const IDRecord &record)
+{
+    for (CBaseRes *res = record.holders; res; res = res->NextHolder()) {
+        const CResFolder *folder = res->Folder();
+        if (folder && (folder->kind != KIND_LANGUAGE || folder->index < 0))
+            return res;
+    }
+    return nullptr;
+}
+
+/// Keeps the first `most` in the order of names; of equal names, as in two resolutions, the older first.
+void KeepFirst(std::vector<LocatedId> &ids, size_t most)
+{
+    struct Numbered
+    {
+        size_t number;
+        const QString *id;
+    };
+    std::vector<Numbered> order;
+    for (const LocatedId &one : ids)
+        order.push_back({order.size(), &one.id});
+    const NameOrder names;
+    most = std::min(most, ids.size());
+    std::partial_sort(order.begin(), order.begin() + ptrdiff_t(most), order.end(),
+                      [&](const Numbered &a, const Numbered &b) {
+                          const int result = names.Compare(*a.id, *b.id);
+                          return result != 0 ? result < 0 : a.number < b.number;
+                      });
+    std::vector<LocatedId> first;
+    for (size_t n = 0; n < most; ++n)
+        first.push_back(ids[order[n].number]);
+    ids = std::move(first);
+}
+
+} // namespace
+
+std::vector<LocatedId> LocateIds(const CResModel &model, const QString &typed, size_t most)
+{
+    const QString start = typed.simplified().replace(u' ', u'_');
+    const QStringList words = start.split(u'_', Qt::SkipEmptyParts);
+    CResFolder *const strings = model.root.FindFolder(KIND_STRINGS, 2);
+    std::vector<LocatedId> beginning;
+    std::vector<LocatedId> further;
+    for (const IDRecord *record = model.ids.sentinel.next; record != &model.ids.sentinel; record = record->next) {
+        CBaseRes *const res = ResourceOf(*record);
+        QString id = res ? model.env.NarrowToWide(record->name) : QString();
+        const bool begins = id.startsWith(start, Qt::CaseInsensitive);
+        if (res && (begins || HasWords(id, words))) {
+            CResFolder *const folder = res->Folder()->kind == KIND_LANGUAGE ? strings : res->Folder();
+            (begins ? beginning : further).push_back({std::move(id), res, folder});
+        }
+    }
+    KeepFirst(beginning, most);
+    KeepFirst(further, most - beginning.size());
+    beginning.insert(beginning.end(), further.begin(), further.end());
+    return beginning;
+}

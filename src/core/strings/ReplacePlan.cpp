@@ -1,0 +1,42 @@
+#include "CellBlock.h"
+#include "OneLine.h"
+#include "StringTable.h"
+#include "TextFinder.h"
+
+namespace
+{
+
+/// The text with `replacement` wherever the finder finds something, from left to right.
+QString Replaced(const QString &text, const TextFinder &finder, const QString &replacement)
+{
+    QString result;
+    qsizetype end = 0; // of what has been taken
+    for (qsizetype at = finder.IndexIn(text); at >= 0; at = finder.IndexIn(text, end)) {
+        result.append(QStringView(text).sliced(end, at - end)).append(replacement);
+        end = at + finder.Size();
+    }
+    return end == 0 ? text : result.append(QStringView(text).sliced(end));
+}
+
+} // namespace
+
+std::vector<CellChange> PlanReplace(const StringTable &table, const std::vector<int> &rows,
+                                    const std::vector<int> &columns, const QString &text, bool matchCase,
+                                    const QString &replacement)
+{
+    std::vector<CellChange> changes;
+    if (text.isEmpty())
+        return changes;
+    const TextFinder finder(text, matchCase);
+    const QString line = InOneLine(replacement);
+    for (const int row : rows) {
+        for (const int col : columns) {
+            if (col < StringTable::DESCRIPTION_COLUMN)
+                continue;
+            const QString now = table.CellText(row, col);
+            if (QString then = Replaced(now, finder, line); then != now)
+                changes.push_back({row, col, std::move(then)});
+        }
+    }
+    return changes;
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "StringTable.h"
+
+#include <unordered_map>
+
+/// The columns of a table's texts by the language of a record, for passes over all records: asking the table takes time
+/// in the number of languages. Good until the columns change.
+class TextColumns
+{
+public:
+    explicit TextColumns(const StringTable &table);
+
+    /// The column of a language, or of the description; -1 for a language without one.
+    [[nodiscard]] int Of(qint32 language) const
+    {
+        const auto at = size_t(qint64(language) + 1);
+        if (at < direct.size())
+            return direct[at];
+        const auto found = further.find(language);
+        return found == further.end() ? -1 : found->second;
+    }
+
+private:
+    void Set(qint32 language, int col);
+
+    std::vector<int> direct; // of the languages from -1 on that have small numbers
+    std::unordered_map<qint32, int> further;
+};
+
+/// Gives `look` the records of a row one by one, the head first, until it gives true for one. Says whether it did.
+template <typename Look> bool AnyRecord(const CStringRes &head, const Look &look)
+{
+    for (const CStringRes *record = &head; record; record = record->next) {
+        if (look(*record))
+            return true;
+    }
+    for (const CStringRes *record = head.prev; record; record = record->prev) {
+        if (look(*record))
+            return true;
+    }
+    return false;
+}
