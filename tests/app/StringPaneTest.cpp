@@ -3,6 +3,7 @@
 #include "Spreadsheet.h"
 #include "StringGridRules.h"
 
+#include <QClipboard>
 #include <QMimeData>
 #include <QStatusBar>
 
@@ -30,8 +31,12 @@ void Drop(StringWindow &window, const QStringList &paths)
     for (const QString &path : paths)
         urls.append(QUrl::fromLocalFile(path));
     data.setUrls(urls);
+    QWidget *const below = window.Grid().viewport();
+    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(below, &enter);
+    EXPECT_TRUE(enter.isAccepted());
     QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(&window.View(), &drop);
+    QApplication::sendEvent(below, &drop);
     window.Settle();
 }
 
@@ -58,6 +63,7 @@ TEST(StringPane, EnablesWhatCanBeDone)
     EXPECT_EQ(Enabled(window), "xxxxx-xxxxxx-");
     window.Frame().RunAction(ACTION_UNDO);
     EXPECT_EQ(Enabled(window), "xxxx-xxxxxxx-");
+    QGuiApplication::clipboard()->clear();
     window.Edit(0, 3);
     EXPECT_EQ(Enabled(window), "xxxx-xx-xxxxx") << "with the focus in the editor, its text all selected";
     window.Key(Qt::Key_Escape);
@@ -112,9 +118,9 @@ TEST(StringPane, DeletesAfterAQuestion)
 TEST(StringPane, SortsByAClickAndRemembersItWithTheWidths)
 {
     StringWindow window;
-    QHeaderView &header = *window.Grid().horizontalHeader();
+    const auto header = [&]() -> QHeaderView & { return *window.Grid().horizontalHeader(); };
     const auto click = [&](int col) {
-        QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, QPoint(header.sectionViewportPosition(col) + 20, 5));
+        QTest::mouseClick(header().viewport(), Qt::LeftButton, {}, QPoint(header().sectionViewportPosition(col) + 20, 5));
     };
     const auto ids = [&] {
         std::string text;
@@ -126,7 +132,7 @@ TEST(StringPane, SortsByAClickAndRemembersItWithTheWidths)
     EXPECT_EQ(window.Grid().Widths(), (std::vector<int>{200, 100, 200, 200, 200}));
     click(0);
     EXPECT_EQ(ids(), "ID_C ID_A10 ID_A2 <New> ");
-    EXPECT_EQ(header.sortIndicatorOrder(), Qt::DescendingOrder);
+    EXPECT_EQ(header().sortIndicatorOrder(), Qt::DescendingOrder);
     click(0);
     EXPECT_EQ(ids(), "ID_A2 ID_A10 ID_C <New> ");
     click(1);
@@ -136,12 +142,12 @@ TEST(StringPane, SortsByAClickAndRemembersItWithTheWidths)
     window.Key(Qt::Key_Return);
     click(3);
     EXPECT_EQ(ids(), "ID_A10 ID_C ID_A2 <New> ");
-    header.resizeSection(4, 77);
+    header().resizeSection(4, 77);
     window.Document().SetModifiedFlag(false);
     window.app.reset();
     window.Open();
     EXPECT_EQ(ids(), "ID_C ID_A10 ID_A2 <New> ") << "by English: See, Ten, Two";
-    EXPECT_EQ(header.sortIndicatorSection(), 3);
+    EXPECT_EQ(header().sortIndicatorSection(), 3);
     EXPECT_EQ(window.Grid().Widths(), (std::vector<int>{200, 100, 200, 200, 77}));
     EXPECT_THAT(window.folder.Get("bin/Morvanite.ini").toStdString(), testing::HasSubstr("[wnd_1014]"));
 }
@@ -161,7 +167,7 @@ TEST(StringPane, TakesWhatIsDroppedAndTellsOfTheRest)
     window.Frame().RunAction(ACTION_UNDO);
     ASSERT_EQ(window.Shown(0, 4), "");
     Drop(window, {window.folder.Path("demo"), window.folder.Path("notes.txt"), window.folder.Path("bad.xls"), book});
-    ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 2; }));
+    ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 2; })) << window.boxes.join(u'|').toStdString();
     EXPECT_EQ(window.boxes[0], u"\"notes.txt\": Inappropriate file type."_s);
     EXPECT_TRUE(window.boxes[1].startsWith(u"Failed to import \"bad.xls\"."_s));
     EXPECT_EQ(window.Shown(0, 4), "Deux");

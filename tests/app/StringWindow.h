@@ -15,7 +15,10 @@ struct StringWindow : TestWindow
 {
     explicit StringWindow(const QByteArray &strings = THREE_ROWS)
     {
+        folder.Put("bin/Morvanite.ini",
+                   "[Path]\nreso_set=sizes.ini\n[Resource Type]\nCount=2\nType_0=Normal\nType_1=Push\n");
         folder.Put("bin/tuvik.ini", "[Language]\nEnglish=9\nFrench=12\nArabic=1\n");
+        MakeProject("demo", "<APP><STRING>res\\ref_list_demo.txt</STRING></APP>");
         folder.Put("demo/res/ref_list_demo.txt", StringFileBytes(strings));
         Open();
     }
@@ -29,11 +32,21 @@ struct StringWindow : TestWindow
         Grid().setFocus();
     }
 
-    [[nodiscard]] CStringView &View() const { return *Child().findChild<CStringView *>(); }
+    /// The first widget of that class below another.
+    template <typename Widget> static Widget &Find(const QWidget &parent)
+    {
+        for (QWidget *child : parent.findChildren<QWidget *>()) {
+            if (auto *const found = dynamic_cast<Widget *>(child))
+                return *found;
+        }
+        throw std::runtime_error("there is no such widget");
+    }
+
+    [[nodiscard]] CStringView &View() const { return Find<CStringView>(Child()); }
     [[nodiscard]] StringGrid &Grid() const { return View().Grid(); }
     [[nodiscard]] StringTable &Table() const { return View().Table(); }
-    [[nodiscard]] CellEditor &Editor() const { return *Grid().findChild<CellEditor *>(); }
-    [[nodiscard]] ChoiceBox &TypeBox() const { return *Grid().findChild<ChoiceBox *>(); }
+    [[nodiscard]] CellEditor &Editor() const { return Find<CellEditor>(Grid()); }
+    [[nodiscard]] ChoiceBox &TypeBox() const { return Find<ChoiceBox>(Grid()); }
 
     /// What the grid shows in a cell.
     [[nodiscard]] std::string Shown(int row, int col) const

@@ -47,6 +47,7 @@ constexpr MenuEntry VIEW_ENTRIES[] = {
     {ACTION_FIND_BAR, "&Find Bar", "Ctrl+F", "Shows or hides the bar that finds rows and filters them.", true},
     {ACTION_DETAILS, "&Details", "F4", "Shows or hides the whole text of what is in focus.", true},
 };
+constexpr size_t VIEW_ENTRIES_OF_THE_FRAME = 5; // the others are about what a pane shows
 constexpr MenuEntry WINDOW_ENTRIES[] = {
     {ACTION_CASCADE, "&Cascade", "", "Arranges the projects' windows one behind the other."},
     {ACTION_TILE, "&Tile", "", "Arranges the projects' windows side by side."},
@@ -61,7 +62,7 @@ constexpr MenuEntry HELP_ENTRIES[] = {
 
 constexpr Menu WITHOUT_DOCUMENT[] = {
     {"&File", FILE_WITHOUT_DOCUMENT},
-    {"&View", VIEW_ENTRIES},
+    {"&View", std::span(VIEW_ENTRIES).first(VIEW_ENTRIES_OF_THE_FRAME)},
     {"&Help", HELP_ENTRIES},
 };
 constexpr Menu WITH_DOCUMENT[] = {

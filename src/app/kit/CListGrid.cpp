@@ -121,13 +121,25 @@ void CListGrid::paintEvent(QPaintEvent *event)
     const QModelIndex current = currentIndex();
     if (!current.isValid() || !hasFocus())
         return;
-    const int top = rowViewportPosition(current.row());
-    const int right = horizontalHeader()->length() - horizontalHeader()->offset();
-    if (top + rowHeight(current.row()) < 0 || top > viewport()->height())
-        return;
+    const bool isSelected = selectionModel()->isSelected(current);
     QPainter painter(viewport());
-    QPen pen(palette().color(QPalette::Text), 1, Qt::DotLine);
-    painter.setPen(pen);
-    painter.drawRect(QRect(-horizontalHeader()->offset(), top, right + horizontalHeader()->offset() - 1,
-                           rowHeight(current.row()) - 2));
+    painter.setPen(
+        QPen(palette().color(QPalette::Active, isSelected ? QPalette::HighlightedText : QPalette::Text), 1, Qt::DotLine));
+    painter.drawRect(RowRect(current.row()).adjusted(0, 0, -1, -2)); // inside of the grid lines
+}
+
+QRect CListGrid::RowRect(int row) const
+{
+    const int left = -horizontalHeader()->offset();
+    return {left, rowViewportPosition(row), horizontalHeader()->length(), rowHeight(row)};
+}
+
+/// The frame goes with the row; the view itself draws only two cells anew.
+void CListGrid::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QTableView::currentChanged(current, previous);
+    for (const QModelIndex &each : {current, previous}) {
+        if (each.isValid())
+            viewport()->update(RowRect(each.row()));
+    }
 }

@@ -32,9 +32,12 @@ public:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
     void FitRows();
+    /// From the left edge of the first column to the right edge of the last.
+    [[nodiscard]] QRect RowRect(int row) const;
 };

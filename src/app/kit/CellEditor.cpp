@@ -2,7 +2,7 @@
 
 #include "CListGrid.h"
 #include "CellPlace.h"
-#include "OneLine.h"
+#include "LineEndGuard.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -16,7 +16,7 @@ constexpr int GROWTH = 2; // pixels, for the frame
 
 } // namespace
 
-CellEditor::CellEditor(CListGrid &listGrid) : QLineEdit(listGrid.viewport()), grid(listGrid), line(new OneLine(*this))
+CellEditor::CellEditor(CListGrid &listGrid) : QLineEdit(listGrid.viewport()), grid(listGrid), line(new LineEndGuard(*this))
 {
     hide();
     setAccessibleName(QStringLiteral("Cell"));
@@ -133,6 +133,7 @@ void CellEditor::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Down:
         return Step(CellStep::Down);
     default:
-        return QLineEdit::keyPressEvent(event);
+        QLineEdit::keyPressEvent(event);
+        event->accept(); // what the line has no use for is nothing for the list below it
     }
 }

@@ -8,7 +8,7 @@
 #include <functional>
 
 class CListGrid;
-class OneLine;
+class LineEndGuard;
 
 /// A line in which the text of a cell is edited, laid over the cell. One for all cells of a list; hidden while nothing
 /// is edited.
@@ -55,7 +55,7 @@ private:
     void Close();
 
     CListGrid &grid;
-    OneLine *const line;
+    LineEndGuard *const line;
     QPersistentModelIndex edited;
     QString before;
     bool isOpen = false;

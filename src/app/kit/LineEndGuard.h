@@ -5,11 +5,11 @@
 
 /// Keeps a line edit to one line: each end of a line that comes into it, by pasting, dropping or composing, becomes a
 /// blank. What was in its text before stays as it is. A character that the longest length cuts in half is left out.
-class OneLine : public QValidator
+class LineEndGuard : public QValidator
 {
 public:
     /// Belongs to the edit control.
-    explicit OneLine(QLineEdit &control);
+    explicit LineEndGuard(QLineEdit &control);
 
     /// Gives the control a text as it is, line ends and all.
     void SetText(const QString &text);
@@ -22,5 +22,3 @@ private:
     QString known;    // as it was after the last change
 };
 
-/// A text with a blank in the place of each end of a line; a carriage return and the line feed behind it are one.
-[[nodiscard]] QString WithoutLineEnds(const QString &text);

@@ -1,4 +1,4 @@
-#include "OneLine.h"
+#include "LineEndGuard.h"
 
 #include <algorithm>
 
@@ -11,8 +11,7 @@ bool EndsLine(QChar c)
            c == u'\f' || c == u'\x85';
 }
 
-} // namespace
-
+/// A carriage return and the line feed behind it are one end.
 QString WithoutLineEnds(const QString &text)
 {
     QString line;
@@ -25,20 +24,22 @@ QString WithoutLineEnds(const QString &text)
     return line;
 }
 
-OneLine::OneLine(QLineEdit &control) : QValidator(&control), edit(control), known(control.text())
+} // namespace
+
+LineEndGuard::LineEndGuard(QLineEdit &control) : QValidator(&control), edit(control), known(control.text())
 {
     edit.setValidator(this);
     connect(&edit, &QLineEdit::textChanged, this, [this](const QString &text) { known = text; });
 }
 
-void OneLine::SetText(const QString &text)
+void LineEndGuard::SetText(const QString &text)
 {
     original = text;
     known = text;
     edit.setText(text);
 }
 
-QValidator::State OneLine::validate(QString &text, int &cursor) const
+QValidator::State LineEndGuard::validate(QString &text, int &cursor) const
 {
     if (text == original) // taken back to it
         return Acceptable;
