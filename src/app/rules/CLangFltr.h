@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CheckList.h"
+#include "NameOrder.h"
 
 #include <map>
 
@@ -9,7 +10,8 @@ class CResModel;
 class IViewBoxes;
 class StringTable;
 
-/// The choice of a project's languages among those of the language table.
+/// The choice of a project's languages among those of the language table. A language that the table doesn't have stays
+/// as it is. What is applied can't be undone.
 class CLangFltr final : public IListFltrHelper
 {
 public:
@@ -22,6 +24,11 @@ public:
     [[nodiscard]] int Compare(qint32 a, qint32 b, int column) const override;
 
 private:
+    /// The project's folder of a language, or null.
+    [[nodiscard]] CResFolder *FolderOf(qint32 number) const;
+    [[nodiscard]] bool Ask() const;
+    void Add(qint32 number, const QString &name);
+
     StringTable &table;
     CResModel &doc;
     CResFolder &strings;
@@ -29,4 +36,5 @@ private:
     qint32 added = 0;
     qint32 deleted = 0;
     std::map<qint32, QString> names;
+    NameOrder order;
 };

@@ -31,7 +31,9 @@ public:
     void SetChecked(size_t row, bool checked);
     /// Every row, from the last to the first.
     void SetAll(bool checked);
-    /// Sorts the rows themselves: by column + 1 ascending, or -(column + 1) descending. Stable. `order[i]` of the
+    /// Says whether a sort state (see ListSettings) names a column that is here.
+    [[nodiscard]] bool CanSort(int sortState) const;
+    /// Sorts the rows themselves by a sort state; none that can't be sorted by moves a row. Stable. `order[i]` of the
     /// result is where row i was.
     std::vector<int> Sort(int sortState, const std::function<int(qint32 a, qint32 b, int column)> &compare);
 };

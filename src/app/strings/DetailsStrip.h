@@ -2,10 +2,12 @@
 
 #include <QWidget>
 
+class DetailsText;
+class ElidedLabel;
 class StringTable;
 
 /// The strip below the grid: ID, language and whole text of the cell in focus, wrapped and in the direction of the
-/// language, with the text of the first language beside it. Read-only.
+/// language, with the text of the first language beside it unless the cell is that language's. Read-only.
 class DetailsStrip : public QWidget
 {
 public:
@@ -14,4 +16,10 @@ public:
     /// Shows a cell of the table; `position` and `count` are for "37 of 512".
     void ShowCell(const StringTable &table, int row, int col, int position, int count);
     void ShowNothing();
+
+private:
+    ElidedLabel *heading;
+    ElidedLabel *besideHeading;
+    DetailsText *text;
+    DetailsText *beside;
 };

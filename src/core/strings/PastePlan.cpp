@@ -1,7 +1,7 @@
 #include "CellBlock.h"
 #include "Environment.h"
 #include "IdNames.h"
-#include "OneLine.h"
+#include "InOneLine.h"
 #include "StringFileFormat.h"
 #include "StringTable.h"
 

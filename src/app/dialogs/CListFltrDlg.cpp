@@ -1,0 +1,151 @@
+#include "CListFltrDlg.h"
+
+#include "CListGrid.h"
+#include "CheckListModel.h"
+
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <QVBoxLayout>
+
+namespace
+{
+
+constexpr int CONTROL = 1002;
+constexpr int COLUMN_WIDTH = 150;
+constexpr int ROWS = 15;
+
+/// Draws the boxes. The grid itself draws the focus, of a whole row.
+class CheckDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->state &= ~QStyle::State_HasFocus;
+    }
+};
+
+} // namespace
+
+CListFltrDlg::CListFltrDlg(IListFltrHelper &listHelper, Settings &programSettings, QWidget *parent)
+    : QDialog(parent), helper(listHelper), stored(programSettings, CONTROL), grid(new CListGrid(this)),
+      sortState(stored.SortState(0))
+{
+    setWindowTitle(QStringLiteral("Select..."));
+    helper.InitList(list);
+    list.onCheck = [this](qint32 itemData, bool checked) { helper.OnCheck(itemData, checked); };
+    model = new CheckListModel(list, this);
+    if (!list.CanSort(sortState))
+        sortState = 0;
+    auto *const rows = new QVBoxLayout(this);
+    rows->addWidget(grid, 1);
+    MakeGrid();
+    MakeButtons();
+    Sort();
+    FitSize();
+}
+
+void CListFltrDlg::MakeGrid()
+{
+    grid->setModel(model);
+    grid->setItemDelegate(new CheckDelegate(grid));
+    grid->setAccessibleName(list.columns.empty() ? windowTitle() : list.columns.front().title);
+    grid->installEventFilter(this);
+    for (int column = 0; column < int(list.columns.size()); ++column)
+        grid->setColumnWidth(column, stored.Width(column, COLUMN_WIDTH));
+    connect(grid->horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int column) { SortBy(column); });
+}
+
+void CListFltrDlg::MakeButtons()
+{
+    auto *const row = new QHBoxLayout;
+    for (const bool checked : {true, false}) {
+        auto *const all = new QPushButton(checked ? QStringLiteral("Select All") : QStringLiteral("Clear All"), this);
+        all->setEnabled(!list.rows.empty());
+        connect(all, &QPushButton::clicked, this, [this, checked] { model->SetAll(checked); });
+        row->addWidget(all);
+    }
+    auto *const ends = new QDialogButtonBox(this);
+    QPushButton *const ok = ends->addButton(QDialogButtonBox::Ok);
+    ok->setText(QStringLiteral("OK"));
+    ok->setDefault(true);
+    ends->addButton(QDialogButtonBox::Cancel)->setText(QStringLiteral("Cancel"));
+    connect(ends, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(ends, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    row->addStretch(1);
+    row->addWidget(ends);
+    static_cast<QVBoxLayout *>(layout())->addLayout(row);
+}
+
+/// Room for the columns and some rows, but within the screen.
+void CListFltrDlg::FitSize()
+{
+    constexpr double MOST_OF_SCREEN = 0.9;
+    const int frame = 2 * grid->frameWidth();
+    QSize size(grid->horizontalHeader()->length() + grid->verticalScrollBar()->sizeHint().width() + frame,
+               grid->horizontalHeader()->sizeHint().height() + ROWS * grid->verticalHeader()->defaultSectionSize() +
+                   frame);
+    size += sizeHint() - QSize(sizeHint().width(), grid->sizeHint().height());
+    size.rwidth() += layout()->contentsMargins().left() + layout()->contentsMargins().right();
+    resize(size.expandedTo(minimumSizeHint()).boundedTo(screen()->availableSize() * MOST_OF_SCREEN));
+}
+
+void CListFltrDlg::Sort()
+{
+    model->Sort(sortState, [this](qint32 a, qint32 b, int column) { return helper.Compare(a, b, column); });
+    grid->ShowSort(sortState);
+    if (!grid->currentIndex().isValid() && !list.rows.empty())
+        grid->SelectAlone(0, 0);
+}
+
+void CListFltrDlg::SortBy(int column)
+{
+    sortState = qAbs(sortState) == column + 1 ? -sortState : column + 1;
+    Sort();
+}
+
+void CListFltrDlg::Toggle()
+{
+    const QModelIndex current = grid->currentIndex();
+    if (!current.isValid())
+        return;
+    const bool checked = !list.rows[size_t(current.row())].checked;
+    const Qt::CheckState state = checked ? Qt::Checked : Qt::Unchecked;
+    model->setData(current.siblingAtColumn(0), state, Qt::CheckStateRole);
+    for (const int row : grid->SelectedRows())
+        model->setData(model->index(row, 0), state, Qt::CheckStateRole);
+}
+
+/// Space turns the check whichever column is in focus.
+bool CListFltrDlg::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == grid && event->type() == QEvent::KeyPress) {
+        const auto *const key = static_cast<QKeyEvent *>(event);
+        if ((key->key() == Qt::Key_Space || key->key() == Qt::Key_Select) && key->modifiers() == Qt::NoModifier) {
+            Toggle();
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void CListFltrDlg::accept()
+{
+    if (helper.Apply(list))
+        QDialog::accept();
+}
+
+void CListFltrDlg::done(int result)
+{
+    const std::vector<int> widths = grid->Widths();
+    (void)stored.Save(QList<int>(widths.begin(), widths.end()), sortState);
+    QDialog::done(result);
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "CheckList.h"
+#include "ListSettings.h"
+
+#include <QDialog>
+
+class CheckListModel;
+class CListGrid;
+
+/// A dialog in which the user chooses, from a fixed set, what a project uses. What the set is and what the choice does
+/// is a helper's. Run it by IViewBoxes::RunDialog, once.
+///
+///     CLangFltr helper(table, document, strings, boxes);
+///     CListFltrDlg dialog(helper, settings, window());
+///     (void)boxes.RunDialog(dialog);
+class CListFltrDlg : public QDialog
+{
+public:
+    /// Has the helper fill the list. Both must live longer.
+    CListFltrDlg(IListFltrHelper &listHelper, Settings &programSettings, QWidget *parent = nullptr);
+
+    /// OK: closes the dialog when the helper has applied the choice.
+    void accept() override;
+    /// Stores the widths of the columns and the sort state.
+    void done(int result) override;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void MakeGrid();
+    void MakeButtons();
+    void FitSize();
+    void Sort();
+    void SortBy(int column);
+    /// Turns the check of the row in focus, and gives the other selected rows the same.
+    void Toggle();
+
+    IListFltrHelper &helper;
+    ListSettings stored;
+    CheckList list;
+    CheckListModel *model;
+    CListGrid *grid;
+    int sortState;
+};

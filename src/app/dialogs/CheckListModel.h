@@ -1,0 +1,28 @@
+#pragma once
+
+#include "CheckList.h"
+
+#include <QAbstractTableModel>
+
+/// A list of check boxes as an item model; the box is in column 0.
+class CheckListModel : public QAbstractTableModel
+{
+public:
+    /// The list must live longer, and be filled by now.
+    CheckListModel(CheckList &checkList, QObject *parent);
+
+    /// All rows at once.
+    void SetAll(bool checked);
+    /// Moves the rows (CheckList::Sort). What is selected stays selected.
+    void Sort(int sortState, const std::function<int(qint32 a, qint32 b, int column)> &compare);
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex &index) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    CheckList &list;
+};

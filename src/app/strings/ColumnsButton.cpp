@@ -1,0 +1,88 @@
+#include "ColumnsButton.h"
+
+#include <QKeyEvent>
+#include <QMenu>
+
+/// A menu that stays open when an entry with a check is chosen by a click or Space.
+class ColumnsMenu : public QMenu
+{
+public:
+    using QMenu::QMenu;
+
+protected:
+    void mouseReleaseEvent(QMouseEvent *event) override
+    {
+        if (!Turn(actionAt(event->position().toPoint())))
+            QMenu::mouseReleaseEvent(event);
+    }
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (event->key() != Qt::Key_Space || !Turn(activeAction()))
+            QMenu::keyPressEvent(event);
+    }
+
+private:
+    static bool Turn(QAction *action)
+    {
+        if (!action || !action->isCheckable())
+            return false;
+        action->trigger(); // nothing for a disabled one
+        return true;
+    }
+};
+
+ColumnsButton::ColumnsButton(QWidget *parent) : QToolButton(parent), menu(new ColumnsMenu(this))
+{
+    setText(QStringLiteral("Columns"));
+    setPopupMode(InstantPopup);
+    setToolButtonStyle(Qt::ToolButtonTextOnly);
+    setFocusPolicy(Qt::StrongFocus);
+    setToolTip(QStringLiteral("Show and hide columns"));
+    setMenu(menu);
+    connect(menu, &QMenu::aboutToShow, this, [this] { Fill(); });
+    connect(menu, &QMenu::triggered, this, [this](const QAction *action) {
+        if (hideColumn && action->isCheckable())
+            hideColumn(action->data().toInt(), !action->isChecked());
+    });
+}
+
+bool ColumnsButton::IsHidden(int column) const
+{
+    return size_t(column) < hidden.size() && hidden[size_t(column)];
+}
+
+void ColumnsButton::SetTitles(const QStringList &columnTitles)
+{
+    titles = columnTitles;
+    if (menu->isVisible())
+        Fill();
+}
+
+void ColumnsButton::SetHidden(const std::vector<bool> &hiddenColumns)
+{
+    hidden = hiddenColumns;
+    if (menu->isVisible())
+        Fill();
+}
+
+/// Changes the entries that are there rather than replacing them, since one of them may just have been chosen.
+void ColumnsButton::Fill()
+{
+    constexpr int MOST_LETTERS = 40;
+    const int widest = fontMetrics().averageCharWidth() * MOST_LETTERS;
+    while (menu->actions().size() > titles.size())
+        delete menu->actions().last();
+    int shown = 0;
+    for (int column = 0; column < int(titles.size()); ++column) {
+        if (column == menu->actions().size())
+            menu->addAction(QString())->setCheckable(true);
+        QAction *const action = menu->actions()[column];
+        action->setText(
+            fontMetrics().elidedText(titles[column], Qt::ElideRight, widest).replace(u'&', QStringLiteral("&&")));
+        action->setData(column);
+        action->setChecked(!IsHidden(column));
+        shown += IsHidden(column) ? 0 : 1;
+    }
+    for (QAction *action : menu->actions())
+        action->setEnabled(!action->isChecked() || shown > 1);
+}

@@ -1,0 +1,73 @@
+#include "DetailsStrip.h"
+
+#include "DetailsText.h"
+#include "ElidedLabel.h"
+#include "ResFolder.h"
+#include "StringTable.h"
+#include "TextDirection.h"
+
+#include <QGridLayout>
+
+namespace
+{
+
+constexpr int MARGIN = 4;
+const QString DIVIDER = QStringLiteral(" \u00B7 ");
+
+/// The title of a column, which keeps what is around it in place where it runs from right to left.
+QString NameOf(const StringTable &table, int col)
+{
+    const QString title = table.ColumnTitle(col);
+    return title.isRightToLeft() ? u'\u2068' + title + u'\u2069' : title;
+}
+
+Qt::LayoutDirection DirectionOf(const StringTable &table, int col)
+{
+    const CResFolder *const language = table.ColumnLanguage(col);
+    return language ? DirectionOfLanguage(language->title) : Qt::LeftToRight;
+}
+
+} // namespace
+
+DetailsStrip::DetailsStrip(QWidget *parent)
+    : QWidget(parent), heading(new ElidedLabel(this)), besideHeading(new ElidedLabel(this)),
+      text(new DetailsText(this)), beside(new DetailsText(this))
+{
+    setAccessibleName(QStringLiteral("Details"));
+    auto *const cells = new QGridLayout(this);
+    cells->setContentsMargins(MARGIN, MARGIN, MARGIN, MARGIN);
+    cells->setSpacing(MARGIN);
+    cells->addWidget(heading, 0, 0);
+    cells->addWidget(besideHeading, 0, 1);
+    cells->addWidget(text, 1, 0);
+    cells->addWidget(beside, 1, 1);
+    for (const int col : {0, 1})
+        cells->setColumnStretch(col, 1);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    ShowNothing();
+}
+
+void DetailsStrip::ShowCell(const StringTable &table, int row, int col, int position, int count)
+{
+    if (table.IsNewRow(row))
+        return ShowNothing();
+    constexpr int FIRST = StringTable::FIRST_LANGUAGE_COLUMN;
+    const QString name = NameOf(table, col);
+    heading->setText(table.CellText(row, StringTable::ID_COLUMN) + DIVIDER + name + DIVIDER +
+                     QStringLiteral("%1 of %2").arg(position).arg(count));
+    text->Show(table.CellText(row, col), DirectionOf(table, col), name);
+    const bool hasBeside = col != FIRST && table.ColumnCount() > FIRST;
+    besideHeading->setText(hasBeside ? NameOf(table, FIRST) : QString());
+    if (hasBeside)
+        beside->Show(table.CellText(row, FIRST), DirectionOf(table, FIRST), besideHeading->text());
+    besideHeading->setVisible(hasBeside);
+    beside->setVisible(hasBeside);
+}
+
+void DetailsStrip::ShowNothing()
+{
+    heading->setText(QStringLiteral("No string"));
+    text->Show(QString(), Qt::LeftToRight, heading->text());
+    besideHeading->hide();
+    beside->hide();
+}

@@ -1,0 +1,96 @@
+#include "DetailsText.h"
+
+#include <cmath>
+
+namespace
+{
+
+constexpr int LINES = 4;
+constexpr int LEAST_LINES = 2;
+constexpr qsizetype AT_ONCE = 4000; // characters: more than there is room for
+constexpr int REST_MS = 300;
+
+/// A text without blanks takes seconds to wrap between words where it can't: each line looks for the end of the word.
+bool HasLongRun(QStringView text)
+{
+    qsizetype blank = -1;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i].isSpace())
+            blank = i;
+        else if (i - blank > AT_ONCE)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+DetailsText::DetailsText(QWidget *parent) : QPlainTextEdit(parent)
+{
+    setReadOnly(true);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setTabChangesFocus(true);
+    setUndoRedoEnabled(false);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    setPlaceholderText(QStringLiteral("No text"));
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    rest.setSingleShot(true);
+    rest.setInterval(REST_MS);
+    connect(&rest, &QTimer::timeout, this, [this] { ShowRest(); });
+}
+
+void DetailsText::Show(const QString &shownText, Qt::LayoutDirection direction, const QString &name)
+{
+    setAccessibleName(name);
+    setLayoutDirection(direction); // of the scroll bar
+    QTextOption option = document()->defaultTextOption();
+    if (shownText == whole && option.textDirection() == direction)
+        return; // what is selected in it stays
+    rest.stop();
+    clear(); // so that the options lay out nothing
+    option.setTextDirection(direction);
+    option.setWrapMode(HasLongRun(shownText) ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere);
+    document()->setDefaultTextOption(option);
+    setWordWrapMode(option.wrapMode());
+    whole = shownText;
+    shown = qMin(whole.size(), AT_ONCE);
+    while (shown < whole.size() && (whole[shown].isLowSurrogate() || whole[shown] == u'\n'))
+        --shown; // no half of a character or of a line end
+    setPlainText(whole.first(shown));
+    if (shown < whole.size())
+        rest.start();
+}
+
+/// What is selected, and the place in sight, stay.
+void DetailsText::ShowRest()
+{
+    rest.stop();
+    QTextCursor end(document());
+    end.movePosition(QTextCursor::End);
+    end.insertText(whole.sliced(std::exchange(shown, whole.size())));
+}
+
+void DetailsText::focusInEvent(QFocusEvent *event)
+{
+    if (rest.isActive())
+        ShowRest(); // before the user can copy a part of it
+    QPlainTextEdit::focusInEvent(event);
+}
+
+QSize DetailsText::SizeFor(int lines) const
+{
+    constexpr int LETTERS = 16;
+    const QFontMetricsF metrics(font());
+    const double edge = 2 * (frameWidth() + document()->documentMargin());
+    return {int(metrics.averageCharWidth()) * LETTERS, int(std::ceil(lines * metrics.lineSpacing() + edge))};
+}
+
+QSize DetailsText::sizeHint() const
+{
+    return SizeFor(LINES);
+}
+
+QSize DetailsText::minimumSizeHint() const
+{
+    return SizeFor(LEAST_LINES);
+}

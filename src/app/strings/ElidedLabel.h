@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QLabel>
+#include <QPainter>
+
+/// A line of plain text that loses its middle where there is no room, with the whole in its tool tip.
+class ElidedLabel : public QLabel
+{
+public:
+    explicit ElidedLabel(QWidget *parent) : QLabel(parent)
+    {
+        setTextFormat(Qt::PlainText);
+        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+        if (const QString tip = shown == text() ? QString() : text(); tip != toolTip())
+            setToolTip(tip);
+        QPainter painter(this);
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.setLayoutDirection(Qt::LeftToRight); // as its order is
+        const Qt::Alignment leading = layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
+        painter.drawText(contentsRect(), leading | Qt::AlignVCenter | Qt::Alignment(Qt::TextSingleLine), shown);
+    }
+};

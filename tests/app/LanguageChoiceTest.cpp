@@ -1,0 +1,156 @@
+// Which languages a project has: the choice among those of the language table, without a window.
+#include "CLangFltr.h"
+#include "TableProject.h"
+#include "ViewBoxes.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// Answers questions with the next answers, and keeps what was asked.
+struct FakeBoxes : IViewBoxes
+{
+    bool Ask(const QString &with, const QString &question)
+    {
+        asked.append(with + question);
+        return answers.takeFirst();
+    }
+    bool AskYesNo(const QString &question) override { return Ask(u"Yes/No: "_s, question); }
+    bool AskOkCancel(const QString &question) override { return Ask(u"OK/Cancel: "_s, question); }
+    Answer AskYesNoCancel(const QString &) override { return Answer::Cancel; }
+    void ShowMessage(const QString &, std::function<void()>) override {}
+    QString SaveFileDialog(const QString &, const QString &) override { return {}; }
+    bool RunDialog(QDialog &) override { return false; }
+
+    QStringList asked;
+    QList<bool> answers;
+};
+
+/// A project with English and a language that the table of languages doesn't have, and the choice as it opens.
+struct LanguageChoice : TableProject
+{
+    LanguageChoice(const QByteArray &file = "Number of Language|2\nString ID|Resource Type|Description|English(9)|"
+                                            "Old(77)\nID_A|Normal||Hello|x\n##number|1\n")
+        : TableProject(file)
+    {
+        strings.SetObserver(&observer);
+        folder.Put("bin/tuvik.ini", "[Language]\nFrench=12\nEnglish=9\nno number\n=5\nDescription=-1\nText10=1\n"
+                                    "Text9=2\n");
+        Open();
+    }
+    ~LanguageChoice() { strings.SetObserver(nullptr); }
+
+    void Open()
+    {
+        list = {};
+        EXPECT_TRUE(choice.InitList(list));
+        list.onCheck = [this](qint32 number, bool checked) { choice.OnCheck(number, checked); };
+    }
+    void Turn(std::initializer_list<qint32> numbers)
+    {
+        for (const qint32 number : numbers) {
+            for (size_t row = 0; row < list.rows.size(); ++row) {
+                if (list.rows[row].data == number)
+                    list.SetChecked(row, !list.rows[row].checked);
+            }
+        }
+    }
+    /// The result of OK, what was asked, and the languages' columns afterwards.
+    std::string Ok(bool answer = true)
+    {
+        boxes.asked.clear();
+        boxes.answers = {answer};
+        QStringList result{choice.Apply(list) ? u"closed"_s : u"open"_s};
+        result += boxes.asked;
+        for (int col = StringTable::FIRST_LANGUAGE_COLUMN; col < table.ColumnCount(); ++col)
+            result += table.ColumnLanguage(col)->title;
+        return result.join(u'|').toStdString();
+    }
+
+    CountingObserver observer;
+    FakeBoxes boxes;
+    CLangFltr choice{table, *this, strings, boxes};
+    CheckList list;
+};
+
+} // namespace
+
+TEST(LanguageChoice, ShowsTheLanguagesOfTheTableInItsOrderAndSortsThemByNameOrNumber)
+{
+    LanguageChoice project;
+    const auto shown = [&] {
+        QStringList rows;
+        for (const CheckList::Row &row : project.list.rows)
+            rows += row.texts.join(u'=') + (row.checked ? u"*"_s : QString());
+        return rows.join(u' ').toStdString();
+    };
+    const auto sort = [&](int state) {
+        project.list.Sort(state, [&](qint32 a, qint32 b, int col) { return project.choice.Compare(a, b, col); });
+        return shown();
+    };
+    EXPECT_EQ(project.list.columns[0].title + u' ' + project.list.columns[1].title, u"Language ID"_s);
+    EXPECT_EQ(shown(), "French=12 English=9* Text10=1 Text9=2") << "no row for what is no language";
+    EXPECT_EQ(sort(1), "English=9* French=12 Text9=2 Text10=1");
+    EXPECT_EQ(sort(-2), "French=12 English=9* Text9=2 Text10=1");
+    for (const int state : {0, 3, INT_MIN})
+        EXPECT_EQ(sort(state), "French=12 English=9* Text9=2 Text10=1") << state;
+}
+
+TEST(LanguageChoice, AsksWithTheCountsOfWhatOkDoesAndChangesNothingBeforeTheAnswer)
+{
+    LanguageChoice project;
+    EXPECT_EQ(project.Ok(), "closed|English|Old") << "nothing to do, nothing to ask";
+    project.Turn({12, 9, 12, 9});
+    EXPECT_EQ(project.Ok(), "closed|English|Old");
+    project.list.SetAll(false);
+    project.list.SetAll(true);
+    EXPECT_EQ(project.Ok(false), "open|OK/Cancel: 3 language(s) will be added, and 0 will be deleted.|English|Old");
+    project.Turn({9, 2, 1});
+    const std::string question = "|Yes/No: 1 language(s) will be added, and 1 will be deleted.\r\n"
+                                 "All strings of the deleted language(s) will be deleted too. Continue?";
+    EXPECT_EQ(project.Ok(false), "open" + question + "|English|Old");
+    EXPECT_EQ(project.observer.changed + project.observer.removed, 0);
+    EXPECT_EQ(project.Dump(), u"ID_A Normal  Hello x"_s);
+
+    EXPECT_EQ(project.Ok(), "closed" + question + "|Old|French");
+    EXPECT_GT(project.observer.changed, 0) << "the document is modified";
+    EXPECT_EQ(project.Dump(), u"ID_A Normal  x "_s);
+    EXPECT_EQ(project.Language(9), nullptr);
+}
+
+TEST(LanguageChoice, AddsLanguagesInTheOrderOfTheListAndTheDescriptionBeforeThem)
+{
+    LanguageChoice project(TWO_LANGUAGES + "##number|0\n");
+    project.Turn({9, 12});
+    EXPECT_TRUE(QByteArray::fromStdString(project.Ok()).endsWith("Continue?")) << "there may be none";
+    while (!project.strings.subfolders.empty())
+        project.DeleteFolder(*project.strings.subfolders.back());
+    project.table.Rebuild();
+    project.Open();
+    project.list.Sort(-1, [&](qint32 a, qint32 b, int col) { return project.choice.Compare(a, b, col); });
+    project.list.SetAll(true);
+    EXPECT_EQ(project.Ok(), "closed|OK/Cancel: 4 language(s) will be added, and 0 will be deleted."
+                            "|Text10|Text9|French|English");
+    EXPECT_EQ(project.strings.subfolders.front()->index, -1);
+    project.Type(6, u"Hello"_s);
+    EXPECT_EQ(project.Dump(), u"ID_STRING_0001 Normal     HELLO"_s);
+}
+
+TEST(LanguageChoice, ADeletedLanguageLeavesTheHistoryAndItsCommandsFail)
+{
+    LanguageChoice project(TWO_LANGUAGES + "ID_A|Normal||Hello|Bonjour\n##number|1\n");
+    project.Mod(0, 3, u"Bye"_s);
+    project.Mod(0, 4, u"Salut"_s);
+    project.Turn({12});
+    (void)project.Ok();
+    project.table.history.Undo();
+    EXPECT_EQ(StringEditMessage(project.grid.TakeMessage()), u"The language does not exist"_s);
+    EXPECT_EQ(project.Dump(), u"ID_A Normal  Bye"_s);
+
+    EXPECT_TRUE(project.table.history.CanUndo());
+    project.Open();
+    project.Turn({12});
+    (void)project.Ok();
+    EXPECT_FALSE(project.table.history.CanUndo()) << "a new column makes an end of it";
+}
