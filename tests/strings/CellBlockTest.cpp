@@ -92,7 +92,7 @@ TEST(CellBlock, PastesGoWhereTheyBelong)
         {atNew, " id_z ", "+ID_Z"},
         // By place.
         {atText, "x|y\nz", "0,3=x; 0,4=y; 1,3=z"},
-        {atText, "x|y|z", "0,3=x; 0,4=y; !1 columns of the block are left out: the table ends before them"},
+        {atText, "x|y|z", "0,3=x; 0,4=y; !The block has 3 columns and there is room for 2: the others are left out"},
         {{2, 1, {}, {0, 1, 2}, all}, "|x\nPush|y\n|\nNormal|z", "2,2=x; +(Push) 2=y; + 2=z"},
         {filtered, "x|y\nz|w", "1,2=x; 1,4=y; + 2=z 4=w"},
         {atText, "English|French\nx|y", "0,3=x; 0,4=y"},

@@ -96,6 +96,12 @@ TEST(StringFilter, FindsWhatALookAtEachCellFinds)
                                             << wide.matchCase << ' ' << wide.missingIn);
             const std::vector<int> rows = RowsThatMeet(wide, project.table);
             ASSERT_EQ(rows, project.ByCells(wide));
+            for (const int row : rows) {
+                bool has = wide.text.isEmpty();
+                for (int col = 0; col < project.table.ColumnCount(); ++col)
+                    has |= HasText(wide, project.table, row, col);
+                ASSERT_TRUE(has);
+            }
             StringCondition narrow = project.Condition();
             narrow.text = project.Text(1) + (n % 2 ? wide.text : wide.text.toUpper()) + narrow.text;
             if (narrow.IsWithin(wide)) {

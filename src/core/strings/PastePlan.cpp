@@ -1,7 +1,7 @@
 #include "CellBlock.h"
 #include "Environment.h"
 #include "IdNames.h"
-#include "OneLine.h"
+#include "InOneLine.h"
 #include "StringFileFormat.h"
 #include "StringTable.h"
 
@@ -126,8 +126,8 @@ void PastePlanner::TakeColumnsFromFocus(size_t firstCell)
     for (; columns.size() < width && col != target.columns.end(); ++col)
         columns.push_back(*col);
     if (columns.size() < width)
-        plan.refused << u"%1 columns of the block are left out: the table ends before them"_s.arg(width -
-                                                                                                  columns.size());
+        plan.refused << u"The block has %1 columns and there is room for %2: the others are left out"_s.arg(width).arg(
+            columns.size());
     const auto id = std::find(columns.begin(), columns.end(), int(StringTable::ID_COLUMN));
     idPlace = id == columns.end() ? NO_COLUMN : int(id - columns.begin());
 }

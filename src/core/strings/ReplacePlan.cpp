@@ -1,5 +1,5 @@
 #include "CellBlock.h"
-#include "OneLine.h"
+#include "InOneLine.h"
 #include "StringTable.h"
 #include "TextFinder.h"
 

@@ -1,4 +1,4 @@
-#include "OneLine.h"
+#include "InOneLine.h"
 
 #include <algorithm>
 
@@ -7,7 +7,7 @@ namespace
 
 bool DividesCells(QChar c)
 {
-    return c == u'\t' || c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+    return (c >= u'\t' && c <= u'\r') || c == u'\x85' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
 }
 
 } // namespace
