@@ -8,6 +8,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QStyleFactory>
+#include <QTableView>
 #include <QTest>
 
 #include <filesystem>
@@ -66,12 +67,43 @@ void TakeContextMenu(TestWindow &window, const QString &folder)
                                   window.Frame().mapToGlobal(QPoint(60, 120)));
 }
 
+/// The string view: plain, with an editor, and with its bars.
+void TakeStrings(TestWindow &window, const QString &folder)
+{
+    window.Frame().resize(1200, 640);
+    window.Tree().setCurrentItem(window.Row(u"Strings"_s));
+    window.Settle();
+    auto &grid = *window.Child().findChild<QTableView *>();
+    grid.setFocus();
+    grid.selectionModel()->setCurrentIndex(grid.model()->index(2, 3),
+                                           QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    Take(window, folder, "strings");
+    QTest::keyClick(&grid, Qt::Key_Return);
+    Take(window, folder, "string-editor");
+    if (QApplication::focusWidget())
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    window.Frame().RunAction(ACTION_DETAILS);
+    window.Frame().RunAction(ACTION_FIND_BAR);
+    if (QApplication::focusWidget())
+        QTest::keyClicks(QApplication::focusWidget(), u"er"_s);
+    window.Settle();
+    Take(window, folder, "string-bars");
+    window.Frame().RunAction(ACTION_REPLACE);
+    window.Frame().resize(620, 500);
+    Take(window, folder, "string-narrow");
+    window.Frame().RunAction(ACTION_DETAILS);
+    if (QApplication::focusWidget())
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    window.Frame().resize(900, 560);
+}
+
 void TakeAll(TestWindow &window, const QString &folder, const QString &sample)
 {
     window.Frame().resize(900, 560);
     Take(window, folder, "empty");
     (void)window.Frame().Projects().Open(sample);
     Take(window, folder, "project");
+    TakeStrings(window, folder);
     window.Tree().setCurrentItem(window.Row(u"Images"_s));
     window.Document().SetModifiedFlag(true);
     Take(window, folder, "images");
