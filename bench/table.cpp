@@ -2,92 +2,22 @@
 // a filter.
 
 #include "CellBlock.h"
-#include "Environment.h"
-#include "StringFileReader.h"
 #include "StringFilter.h"
 #include "StringGaps.h"
 #include "StringOrder.h"
+#include "table_world.h"
 
 #include <QAbstractTableModel>
 #include <QSortFilterProxyModel>
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <chrono>
-#include <cstring>
 #include <numeric>
 
 namespace
 {
 
-constexpr int LANGUAGES = 12;
-
-struct NoGrid : IStringGrid
-{
-    void ReportCellError(int, int, int) override {}
-    void ShowMessage(int) override {}
-};
-
-class TableModel : public CResModel
-{
-public:
-    TableModel(Environment &environment, ProcessTables &processTables) : CResModel(environment, processTables)
-    {
-        root.AddFolder(CreateFolder(KIND_STRINGS, -1));
-    }
-    const QString &PathName() const override { return path; }
-
-private:
-    QString path = QStringLiteral("/demo.vcproj");
-};
-
-QByteArray FileOf(qint64 rows)
-{
-    QString text =
-        QStringLiteral("\uFEFFNumber of Language\t%1\r\nString ID\tResource Type\tDescription").arg(LANGUAGES);
-    for (int n = 0; n < LANGUAGES; ++n)
-        text += QStringLiteral("\tLanguage%1(%1)").arg(n);
-    for (qint64 row = 0; row < rows; ++row) {
-        text += QStringLiteral("\r\nID_STRING_%1\tNormal\tnote").arg(row + 1, 4, 16, QLatin1Char('0')).toUpper();
-        for (int n = 0; n < LANGUAGES; ++n)
-            text += QStringLiteral("\tThe weather will be sunny in place %1").arg(row);
-    }
-    text.replace(QStringLiteral("NORMAL\tNOTE"), QStringLiteral("Normal\tnote"));
-    text += QStringLiteral("\r\n##number\t%1\r\n").arg(rows);
-    return {reinterpret_cast<const char *>(text.utf16()), text.size() * 2};
-}
-
-Utf16Lines::Source SourceOf(const QByteArray &file, qsizetype &at)
-{
-    return [&file, &at](void *buffer, size_t size) {
-        const qsizetype piece = std::min(qsizetype(size), file.size() - at);
-        std::memcpy(buffer, file.constData() + at, size_t(piece));
-        at += piece;
-        return ssize_t(piece);
-    };
-}
-
-struct World
-{
-    explicit World(const QByteArray &file)
-    {
-        qsizetype at = 0;
-        StringFileReader reader(model, SourceOf(file, at));
-        if (reader.Read(file.size()) != 0)
-            std::abort();
-        table.Rebuild();
-    }
-    Environment env{QStringLiteral("/nowhere")};
-    ProcessTables tables;
-    TableModel model{env, tables};
-    NoGrid grid;
-    StringTable table{model, grid};
-};
-
-double Seconds(std::chrono::steady_clock::time_point from)
-{
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - from).count();
-}
+using World = TableWorld<>;
 
 /// "ratio" is the time beside that of the file's lines as texts alone; at most 3 is wanted.
 void OpenTable(benchmark::State &state)

@@ -9,13 +9,18 @@ struct FakeGrid : IStringGrid
     void RowInserted(int) override { ++shownRows; }
     void RowRemoved(int) override { --shownRows; }
     void CellShows(int, int, const QString &text) override { lastText = text; }
-    void ReportCellError(int code, int, int) override { message = code; }
-    void ShowMessage(int code) override { message = code; }
+    void ReportCellError(int code, int, int) override { ShowMessage(code); }
+    void ShowMessage(int code) override
+    {
+        message = code;
+        ++messages;
+    }
 
     int TakeMessage() { return std::exchange(message, 0); }
 
     int shownRows = 0;
     int message = 0;
+    int messages = 0;
     QString lastText;
 };
 

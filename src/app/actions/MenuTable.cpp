@@ -43,6 +43,9 @@ constexpr MenuEntry VIEW_ENTRIES[] = {
     {ACTION_OUTPUT, "&Output", "", "Shows or hides what opening, saving and packing have to say.", true},
     LINE,
     {ACTION_SPLIT, "S&plit", "", "Lets the arrow keys move the bar between tree and pane."},
+    LINE,
+    {ACTION_FIND_BAR, "&Find Bar", "Ctrl+F", "Shows or hides the bar that finds rows and filters them.", true},
+    {ACTION_DETAILS, "&Details", "F4", "Shows or hides the whole text of what is in focus.", true},
 };
 constexpr MenuEntry WINDOW_ENTRIES[] = {
     {ACTION_CASCADE, "&Cascade", "", "Arranges the projects' windows one behind the other."},
@@ -67,10 +70,22 @@ constexpr Menu WITH_DOCUMENT[] = {
 };
 
 constexpr MenuEntry FURTHER_KEYS[] = {
-    {ACTION_CUT, "", "Ctrl+X Shift+Del"},   {ACTION_DELETE, "", "Del", "Deletes what is selected, after a question."},
-    {ACTION_NEW_FILE, "", "Ctrl+N"},        {ACTION_NEXT_PANE, "", "F6"},
-    {ACTION_PREVIOUS_PANE, "", "Shift+F6"}, {ACTION_FIT_VIEW, "", "Ctrl+Home"},
-    {ACTION_ZOOM_IN, "", "Ctrl+PgUp"},      {ACTION_ZOOM_OUT, "", "Ctrl+PgDown"},
+    {ACTION_CUT, "", "Ctrl+X Shift+Del"},
+    {ACTION_DELETE, "", "Del", "Deletes what is selected, after a question."},
+    {ACTION_NEW_FILE, "", "Ctrl+N"},
+    {ACTION_NEXT_PANE, "", "F6"},
+    {ACTION_PREVIOUS_PANE, "", "Shift+F6"},
+    {ACTION_FIT_VIEW, "", "Ctrl+Home"},
+    {ACTION_ZOOM_IN, "", "Ctrl+PgUp"},
+    {ACTION_ZOOM_OUT, "", "Ctrl+PgDown"},
+    {ACTION_FIND_NEXT, "", "F3"},
+    {ACTION_FIND_PREVIOUS, "", "Shift+F3"},
+    {ACTION_NEXT_GAP, "", "Ctrl+J"},
+    {ACTION_PREVIOUS_GAP, "", "Ctrl+K"},
+    {ACTION_COPY_CELLS, "", "Ctrl+Shift+C"},
+    {ACTION_PASTE_CELLS, "", "Ctrl+Shift+V"},
+    {ACTION_REPLACE, "", "Ctrl+H"},
+    {ACTION_GO_TO_ID, "", "Ctrl+G"},
 };
 
 /// Actions that are only in menus of views.
@@ -79,6 +94,9 @@ constexpr MenuEntry VIEW_MENUS[] = {
     {ACTION_CLEAR, "", "", "Deletes all resources of the folder, after a question."},
     {ACTION_NEW_LAYOUT, "", "", "Makes a layout for this resolution."},
     {ACTION_FILTER, "", "", "Chooses the component images that the project has."},
+    {ACTION_NEW, "", "", "Begins a new row."},
+    {ACTION_LANGUAGE, "", "", "Chooses the languages of the project."},
+    {ACTION_PUSH_STRING, "", "", "Makes the selected rows Push, or Normal again."},
     {ACTION_CLEAR_OUTPUT, "", "", "Empties the output."},
 };
 

@@ -1,13 +1,10 @@
 #include "CInfoPane.h"
 
 #include "Actions.h"
-#include "MenuTable.h"
+#include "ViewMenu.h"
 
-#include <QApplication>
 #include <QContextMenuEvent>
-#include <QMenu>
 #include <QMimeData>
-#include <QStatusTipEvent>
 #include <QTextBlock>
 #include <QTextDocumentFragment>
 #include <QTextOption>
@@ -17,6 +14,12 @@ namespace
 {
 
 constexpr qsizetype PIECE = 16 << 10; // characters: shown within a few milliseconds
+
+constexpr ViewMenuEntry MENU[] = {
+    {ACTION_COPY, "&Copy"},
+    {ACTION_SELECT_ALL, "Select &All"},
+    {ACTION_CLEAR_OUTPUT, "Clea&r All"},
+};
 
 } // namespace
 
@@ -145,16 +148,6 @@ QMimeData *CInfoPane::createMimeDataFromSelection() const
 
 void CInfoPane::contextMenuEvent(QContextMenuEvent *event)
 {
-    QMenu menu(this);
-    for (const auto &[text, id] : {std::pair(QStringLiteral("&Copy"), ACTION_COPY),
-                                   {QStringLiteral("Select &All"), ACTION_SELECT_ALL},
-                                   {QStringLiteral("Clea&r All"), ACTION_CLEAR_OUTPUT}}) {
-        QAction *const action = menu.addAction(text, this, [this, id = id] { Run(id); });
-        action->setEnabled(StateOf(id)->enabled);
-        action->setStatusTip(TipOf(id));
-    }
-    // A menu that no menu bar opened keeps the tips to itself.
-    connect(&menu, &QMenu::hovered, this, [this](QAction *action) { action->showStatusText(this); });
     QPoint place = event->globalPos();
     if (event->reason() == QContextMenuEvent::Keyboard) {
         QTextCursor start(document());
@@ -163,7 +156,6 @@ void CInfoPane::contextMenuEvent(QContextMenuEvent *event)
         place = viewport()->mapToGlobal(
             QPoint(qBound(0, caret.x(), viewport()->width() - 1), qBound(0, caret.y(), viewport()->height() - 1)));
     }
-    menu.exec(place);
-    QStatusTipEvent none{QString()};
-    QApplication::sendEvent(this, &none);
+    RunViewMenu(
+        *this, MENU, place, [this](ActionId id) { return *StateOf(id); }, [this](ActionId id) { Run(id); });
 }

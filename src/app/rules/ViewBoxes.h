@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -27,6 +27,10 @@ public:
     /// Shows it once the view is through with what it does: a label that is being edited has been left by then. `then`
     /// is called when the user has closed the box; it must allow for its view being gone.
     virtual void ShowMessage(const QString &text, std::function<void()> then = nullptr) = 0;
+    /// The paths of the files to read, absolute; none when the user cancels. They exist. `selectedFilter` counts the
+    /// entries of the filter from 1; otherwise as `SaveFileDialog`.
+    [[nodiscard]] virtual QStringList OpenFileDialog(const QString &filter, int selectedFilter, bool multiSelect,
+                                                     const QString &initialName) = 0;
     /// The path of the file to write, absolute; empty when the user cancels. Asks before an existing file is chosen.
     /// `filter` has the form "Name|*.a; *.b|...||". A name without an extension gets that of the chosen entry's first
     /// pattern. `initialName` may be empty, and may have a path.

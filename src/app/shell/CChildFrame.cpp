@@ -1,9 +1,11 @@
 #include "CChildFrame.h"
 
 #include "Actions.h"
+#include "EditOwner.h"
 #include "Environment.h"
 #include "Panes.h"
 #include "Paths.h"
+#include "StateOwner.h"
 #include "UiIcons.h"
 #include "WaitCursor.h"
 
@@ -76,9 +78,23 @@ void CChildFrame::LeaveDocument()
     selection.reset();
 }
 
+bool CChildFrame::TakeEdit()
+{
+    bool isTaken = true;
+    for (const auto &[pane, widget] : panes) {
+        if (auto *const owner = dynamic_cast<IEditOwner *>(widget))
+            isTaken = owner->TakeEdit() && isTaken;
+    }
+    return isTaken;
+}
+
 QList<ProfileEntry> CChildFrame::State() const
 {
     QList<ProfileEntry> entries = toolbox.State();
+    for (const auto &[pane, widget] : panes) {
+        if (const auto *const owner = dynamic_cast<const IStateOwner *>(widget))
+            entries += owner->State();
+    }
     entries.append({QStringLiteral("split1st"), QStringLiteral("width"), QString::number(splitter->ChosenSize())});
     return entries;
 }

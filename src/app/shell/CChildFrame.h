@@ -38,6 +38,9 @@ public:
     /// The document is gone, or about to go.
     [[nodiscard]] bool HasLeft() const { return !splitter; }
 
+    /// Takes what is being edited in place in a pane. False when it was refused, which the user is told.
+    [[nodiscard]] bool TakeEdit();
+
     /// What the settings are to remember of this window, which stores it when it ends. Only before it has let go of its
     /// document.
     [[nodiscard]] QList<ProfileEntry> State() const;
@@ -51,6 +54,7 @@ public:
     [[nodiscard]] IViewBoxes &Boxes() override { return shell.Boxes(); }
     void ShowPane(Pane pane) override;
     void RunAction(ActionId id) override { shell.RunAction(id); }
+    void AfterCommand(std::function<void()> call) override { shell.AfterCommand(std::move(call)); }
     [[nodiscard]] bool IsEnabled(ActionId id) const override { return shell.IsEnabled(id); }
 
     // IActionTarget

@@ -2,6 +2,7 @@
 
 #include "Actions.h"
 #include "CInfoPane.h"
+#include "DroppedFiles.h"
 #include "Environment.h"
 #include "IdeCommandHandler.h"
 #include "StatusPane.h"
@@ -217,7 +218,7 @@ void CMainFrame::TellUnread(const QStringList &texts)
 CMainFrame::Busy::Busy(CMainFrame &mainFrame, quint32 command) : frame(mainFrame)
 {
     frame.turn.Begin();
-    (void)frame.TakeLabel();
+    (void)frame.TakeEdit();
     const QString what = command == IDE_COMMAND_LOAD   ? QStringLiteral("opening a project")
                          : command == IDE_COMMAND_SAVE ? QStringLiteral("saving a project")
                                                        : QStringLiteral("packing a project");
@@ -231,11 +232,15 @@ CMainFrame::Busy::~Busy()
     frame.indicators.Update(); // the keys of the locks work all the same
 }
 
-/// Takes the label that is being edited in a tree or a list, as leaving it does. False when it was refused, which the
-/// user is told.
-bool CMainFrame::TakeLabel()
+/// Takes what is being edited in place, as leaving it does: the cell of a pane, or a label in a tree or a list. False
+/// when it was refused, which the user is told.
+bool CMainFrame::TakeEdit()
 {
     const int before = boxes.Messages();
+    for (CChildFrame *child : area->Children()) {
+        if (!child->TakeEdit())
+            return false;
+    }
     focusedEdit.EndLabel();
     return boxes.Messages() == before;
 }
@@ -245,7 +250,7 @@ void CMainFrame::RunAction(ActionId id)
     if (turn.IsOn())
         return;
     bars.BeginOutput();
-    if (focusedEdit.StateOf(id) || TakeLabel())
+    if (focusedEdit.StateOf(id) || TakeEdit())
         route.Run(id);
 }
 
@@ -303,7 +308,7 @@ void CMainFrame::closeEvent(QCloseEvent *event)
         event->ignore(); // the command, the box or the menu has to end first
         return;
     }
-    if (!TakeLabel()) {
+    if (!TakeEdit()) {
         event->ignore();
         return;
     }
@@ -339,25 +344,10 @@ void CMainFrame::EndSession(QSessionManager &session)
     if (!session.allowsInteraction())
         return;
     QStringList told; // without a box, which would hold up the desktop
-    if (turn.IsOn() || boxes.IsAnyOpen() || !TakeLabel() || !MayCloseAll(told))
+    if (turn.IsOn() || boxes.IsAnyOpen() || !TakeEdit() || !MayCloseAll(told))
         session.cancel();
     session.release();
 }
-
-namespace
-{
-
-QStringList DroppedFiles(const QMimeData *data)
-{
-    QStringList files;
-    for (const QUrl &url : data->urls()) {
-        if (url.isLocalFile())
-            files.append(url.toLocalFile());
-    }
-    return files;
-}
-
-} // namespace
 
 void CMainFrame::dragEnterEvent(QDragEnterEvent *event)
 {

@@ -58,6 +58,7 @@ public:
     [[nodiscard]] UserBoxes &Boxes() override { return boxes; }
     void ShowPane(Pane) override {}
     void RunAction(ActionId id) override;
+    void AfterCommand(std::function<void()> call) override { turn.AfterCommand(std::move(call)); }
     [[nodiscard]] bool IsEnabled(ActionId id) const override { return !turn.IsOn() && route.StateOf(id).enabled; }
     // IActionTarget
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
@@ -77,7 +78,7 @@ private:
     void ShowTitle();
     void Opened(CDocument &document);
     void EndSession(QSessionManager &session);
-    bool TakeLabel();
+    bool TakeEdit();
     void GoToPane(int step);
     void Arrange(ActionId id);
     void StoreState();

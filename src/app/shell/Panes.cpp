@@ -1,6 +1,7 @@
 #include "Panes.h"
 
 #include "CDefaultView.h"
+#include "CStringView.h"
 
 namespace
 {
@@ -14,6 +15,7 @@ struct PaneEntry
 constexpr PaneEntry PANES[] = {
     {Pane::Default,
      [](const PaneParts &parts) -> QWidget * { return new CDefaultView(parts.document, parts.selection, parts.tree); }},
+    {Pane::Strings, [](const PaneParts &parts) -> QWidget * { return new CStringView(parts.document, parts.host); }},
 };
 
 } // namespace

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "ShownRows.h"
 #include "StringTable.h"
 
 #include <QAbstractTableModel>
 
 #include <functional>
+#include <limits>
 #include <optional>
 
 /// The string table of a window as an item model: the rows that a filter leaves, and the new-row line.
@@ -21,14 +23,19 @@ public:
     std::function<void(int row, int col)> focusCell;
     std::function<void(int code, int row, int col)> reportCellError;
     std::function<void(int code)> showMessage;
-    /// Before the whole table is replaced or rows go: an open editor ends. The cells can't be asked in the first case.
+    /// Before cells go or get another place: an open editor ends. With `isReset` the cells can't be asked. Comes in the
+    /// middle of a command too, where no other command can be run.
     std::function<void(bool isReset)> goes;
-    /// After anything that may change which rows have gaps or meet a condition.
+    /// After anything that may change which rows have gaps or meet a condition; once for a batch.
     std::function<void()> changed;
 
-    /// Shows these rows of the table (ascending) and the new-row line; nothing: all. Told to Qt as a reset.
+    /// Whether gaps are marked. The view sets it, and draws itself anew.
+    bool showsGaps = false;
+
+    /// Shows these rows of the table (ascending) and the new-row line; nothing: all. Told to Qt as a reset, before
+    /// which `goes` isn't called.
     void SetFilter(std::optional<std::vector<int>> rows);
-    [[nodiscard]] bool HasFilter() const { return filtered.has_value(); }
+    [[nodiscard]] bool HasFilter() const { return shown.HasFilter(); }
 
     /// The row of the table that is shown at `row`; the new-row line for the last.
     [[nodiscard]] int TableRow(int row) const;
@@ -64,6 +71,37 @@ public:
     void ShowMessage(int code) override;
 
 private:
+    /// What is put off until the batch ends. Rows are those of the table.
+    struct PutOff
+    {
+        int told = 0; // insertions and removals
+        std::optional<std::pair<int, int>> focus;
+        int firstTouched = std::numeric_limits<int>::max(); // rows with cells that changed, if not above the last
+        int lastTouched = -1;
+        bool hasChanged = false;
+        void RowCame(int row);
+        void RowWent(int row);
+    };
+
+    [[nodiscard]] int TableRows() const { return table ? table->RowCount() : 0; }
+    /// Whether Qt is told of an insertion or removal that is going to be made. Begins the reset of a batch.
+    [[nodiscard]] bool IsTold();
+    void BeginReset();
+    void EndReset();
+    void Goes(bool isReset) const;
+    void HasChanged();
+    /// Tells that cells of these rows of the table have changed.
+    void TellCells(int firstRow, int lastRow);
+    void Reveal(int tableRow);
+    void TakeDirections();
+    [[nodiscard]] QString Accessible(int tableRow, int col) const;
+    [[nodiscard]] bool IsMarkedGap(int tableRow, int col) const;
+    [[nodiscard]] QString Title(int col) const;
+
     StringTable *table = nullptr;
-    std::optional<std::vector<int>> filtered; // rows of the table, ascending
+    ShownRows shown;
+    std::optional<PutOff> batch; // the one that is open
+    bool isInReset = false;
+    bool isTelling = false;                      // of a row that is coming or going
+    std::vector<Qt::LayoutDirection> directions; // of the columns
 };

@@ -4,18 +4,16 @@
 #include "CopyGuard.h"
 #include "EditActions.h"
 #include "LabelDelegate.h"
-#include "MenuTable.h"
 #include "ProjectTree.h"
 #include "TreeLines.h"
 #include "UiIcons.h"
+#include "ViewMenu.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QHeaderView>
-#include <QMenu>
 #include <QPainter>
 #include <QScopedValueRollback>
-#include <QStatusTipEvent>
 
 bool LeadsOut(const QKeyEvent &key)
 {
@@ -324,23 +322,17 @@ QPoint CProjView::MiddleOfText(const QTreeWidgetItem *item) const
 namespace
 {
 
-struct ContextEntry
-{
-    ActionId id; // ACTION_NONE: a line
-    const char *text = "";
-};
+constexpr ViewMenuEntry LINE{ACTION_NONE};
+constexpr ViewMenuEntry SAVE{ACTION_SAVE, "&Save\tCtrl+S"};
+constexpr ViewMenuEntry CLEAR{ACTION_CLEAR, "Clea&r"};
 
-constexpr ContextEntry LINE{ACTION_NONE};
-constexpr ContextEntry SAVE{ACTION_SAVE, "&Save\tCtrl+S"};
-constexpr ContextEntry CLEAR{ACTION_CLEAR, "Clea&r"};
+constexpr ViewMenuEntry ROOT_MENU[] = {SAVE, LINE, {ACTION_RESOLUTION, "&Resolution..."}, LINE, CLEAR};
+constexpr ViewMenuEntry LEAF_MENU[] = {SAVE, LINE, CLEAR};
+constexpr ViewMenuEntry LAYOUT_RESOLUTION_MENU[] = {{ACTION_NEW_LAYOUT, "&New"}, SAVE, LINE, CLEAR};
+constexpr ViewMenuEntry LAYOUT_MENU[] = {{ACTION_RENAME, "Re&name\tF2"}, SAVE, LINE, {ACTION_DELETE, "&Delete\tDel"}};
+constexpr ViewMenuEntry COMPONENT_IMAGES_MENU[] = {SAVE, LINE, {ACTION_FILTER, "&Filter..."}, LINE, CLEAR};
 
-constexpr ContextEntry ROOT_MENU[] = {SAVE, LINE, {ACTION_RESOLUTION, "&Resolution..."}, LINE, CLEAR};
-constexpr ContextEntry LEAF_MENU[] = {SAVE, LINE, CLEAR};
-constexpr ContextEntry LAYOUT_RESOLUTION_MENU[] = {{ACTION_NEW_LAYOUT, "&New"}, SAVE, LINE, CLEAR};
-constexpr ContextEntry LAYOUT_MENU[] = {{ACTION_RENAME, "Re&name\tF2"}, SAVE, LINE, {ACTION_DELETE, "&Delete\tDel"}};
-constexpr ContextEntry COMPONENT_IMAGES_MENU[] = {SAVE, LINE, {ACTION_FILTER, "&Filter..."}, LINE, CLEAR};
-
-std::span<const ContextEntry> EntriesOf(TreeMenu menu)
+std::span<const ViewMenuEntry> EntriesOf(TreeMenu menu)
 {
     switch (menu) {
     case TreeMenu::Root:
@@ -364,22 +356,8 @@ std::span<const ContextEntry> EntriesOf(TreeMenu menu)
 void CProjView::OpenContextMenu(CResFolder &folder, const QPoint &globalPlace)
 {
     contextFolder = &folder;
-    QMenu menu(this);
-    for (const ContextEntry &entry : EntriesOf(EntryOf(folder.kind).menu)) {
-        if (entry.id == ACTION_NONE) {
-            menu.addSeparator();
-            continue;
-        }
-        QAction *const action =
-            menu.addAction(QString::fromLatin1(entry.text), this, [this, id = entry.id] { host.RunAction(id); });
-        action->setEnabled(host.IsEnabled(entry.id));
-        action->setStatusTip(TipOf(entry.id));
-    }
-    // A menu that no menu bar opened keeps the tips to itself.
-    connect(&menu, &QMenu::hovered, this, [this](QAction *action) { action->showStatusText(this); });
-    if (!menu.isEmpty())
-        menu.exec(globalPlace); // runs the action that is chosen
-    contextFolder = nullptr;    // also when none was, or when another view had it
-    QStatusTipEvent none{QString()};
-    QApplication::sendEvent(this, &none);
+    RunViewMenu(
+        *this, EntriesOf(EntryOf(folder.kind).menu), globalPlace,
+        [this](ActionId id) { return ActionState{host.IsEnabled(id)}; }, [this](ActionId id) { host.RunAction(id); });
+    contextFolder = nullptr; // also when nothing was chosen, or when another view had it
 }

@@ -1,0 +1,133 @@
+#include "CListGrid.h"
+
+#include "CopyGuard.h"
+#include "ListCellDelegate.h"
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QPainter>
+
+#include <algorithm>
+#include <cstdlib>
+
+CListGrid::CListGrid(QWidget *parent) : QTableView(parent)
+{
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(ExtendedSelection);
+    setSelectionBehavior(SelectRows);
+    setTabKeyNavigation(false); // Tab leads out of the list
+    setWordWrap(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setItemDelegate(new ListCellDelegate(this));
+    setCornerButtonEnabled(false);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    QHeaderView *const header = horizontalHeader();
+    header->setMinimumSectionSize(0);
+    header->setResizeContentsPrecision(0); // a double click on an edge fits the rows in sight
+    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    header->setHighlightSections(false);
+    header->setSectionsClickable(true);
+    new CopyGuard(*this);
+    FitRows();
+}
+
+void CListGrid::FitRows()
+{
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+}
+
+void CListGrid::changeEvent(QEvent *event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        FitRows();
+}
+
+void CListGrid::contextMenuEvent(QContextMenuEvent *event)
+{
+    const bool isInList = event->reason() == QContextMenuEvent::Keyboard || viewport()->rect().contains(event->pos());
+    if (menuWanted && isInList)
+        menuWanted(*event);
+}
+
+std::vector<int> CListGrid::SelectedRows() const
+{
+    std::vector<int> rows;
+    if (!selectionModel())
+        return rows;
+    // From the ranges: asking the selection for its rows takes seconds for a large one.
+    for (const QItemSelectionRange &range : selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.push_back(row);
+    }
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
+void CListGrid::SelectAlone(int row, int col)
+{
+    // Not by selectRow, which looks at the keyboard and with Shift extends the selection.
+    selectionModel()->setCurrentIndex(model()->index(row, col),
+                                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void CListGrid::Select(const std::vector<int> &rows)
+{
+    QItemSelection selection;
+    const int last = model()->columnCount() - 1;
+    for (size_t i = 0; i < rows.size();) {
+        size_t end = i + 1;
+        while (end < rows.size() && rows[end] == rows[end - 1] + 1)
+            ++end;
+        selection.append(QItemSelectionRange(model()->index(rows[i], 0), model()->index(rows[end - 1], last)));
+        i = end;
+    }
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+}
+
+std::vector<int> CListGrid::Widths() const
+{
+    std::vector<int> widths;
+    for (int col = 0; col < horizontalHeader()->count(); ++col)
+        widths.push_back(horizontalHeader()->sectionSize(col));
+    return widths;
+}
+
+void CListGrid::ShowSort(int sortState)
+{
+    const int col = std::abs(sortState) - 1;
+    horizontalHeader()->setSortIndicatorShown(sortState != 0 && col < horizontalHeader()->count());
+    horizontalHeader()->setSortIndicator(col, sortState < 0 ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+/// Letters that are typed look for a row by its first column, wherever the focus is.
+void CListGrid::keyboardSearch(const QString &search)
+{
+    const QModelIndex before = currentIndex();
+    if (!before.isValid())
+        return QTableView::keyboardSearch(search);
+    selectionModel()->setCurrentIndex(before.siblingAtColumn(0), QItemSelectionModel::NoUpdate);
+    QTableView::keyboardSearch(search);
+    selectionModel()->setCurrentIndex(currentIndex().siblingAtColumn(before.column()), QItemSelectionModel::NoUpdate);
+}
+
+/// The focus is that of a row, so its frame goes round the row.
+void CListGrid::paintEvent(QPaintEvent *event)
+{
+    QTableView::paintEvent(event);
+    const QModelIndex current = currentIndex();
+    if (!current.isValid() || !hasFocus())
+        return;
+    const int top = rowViewportPosition(current.row());
+    const int right = horizontalHeader()->length() - horizontalHeader()->offset();
+    if (top + rowHeight(current.row()) < 0 || top > viewport()->height())
+        return;
+    QPainter painter(viewport());
+    QPen pen(palette().color(QPalette::Text), 1, Qt::DotLine);
+    painter.setPen(pen);
+    painter.drawRect(QRect(-horizontalHeader()->offset(), top, right + horizontalHeader()->offset() - 1,
+                           rowHeight(current.row()) - 2));
+}

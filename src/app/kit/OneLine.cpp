@@ -1,0 +1,64 @@
+#include "OneLine.h"
+
+#include <algorithm>
+
+namespace
+{
+
+bool EndsLine(QChar c)
+{
+    return c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator || c == u'\v' ||
+           c == u'\f' || c == u'\x85';
+}
+
+} // namespace
+
+QString WithoutLineEnds(const QString &text)
+{
+    QString line;
+    line.reserve(text.size());
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n')
+            ++i;
+        line += EndsLine(text[i]) ? QChar(u' ') : text[i];
+    }
+    return line;
+}
+
+OneLine::OneLine(QLineEdit &control) : QValidator(&control), edit(control), known(control.text())
+{
+    edit.setValidator(this);
+    connect(&edit, &QLineEdit::textChanged, this, [this](const QString &text) { known = text; });
+}
+
+void OneLine::SetText(const QString &text)
+{
+    original = text;
+    known = text;
+    edit.setText(text);
+}
+
+QValidator::State OneLine::validate(QString &text, int &cursor) const
+{
+    if (text == original) // taken back to it
+        return Acceptable;
+    // What is new is between what the two texts have in common at their ends.
+    const qsizetype shorter = std::min(text.size(), known.size());
+    qsizetype front = 0;
+    while (front < shorter && text[front] == known[front])
+        ++front;
+    qsizetype back = 0;
+    while (back < shorter - front && text[text.size() - 1 - back] == known[known.size() - 1 - back])
+        ++back;
+    const QString come = text.mid(front, text.size() - front - back);
+    QString line = WithoutLineEnds(come);
+    const qsizetype behind = front + come.size();
+    const bool goesOn = behind < text.size() && text[behind].isLowSurrogate();
+    if (!line.isEmpty() && line.back().isHighSurrogate() && !goesOn)
+        line.chop(1);
+    if (line != come) {
+        text.replace(front, come.size(), line);
+        cursor = int(front + line.size());
+    }
+    return Acceptable;
+}

@@ -1,0 +1,37 @@
+#include "ViewMenu.h"
+
+#include "MenuTable.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QPointer>
+#include <QStatusTipEvent>
+
+void RunViewMenu(QWidget &view, std::span<const ViewMenuEntry> entries, const QPoint &globalPlace,
+                 const std::function<ActionState(ActionId)> &stateOf, const std::function<void(ActionId)> &run)
+{
+    if (entries.empty())
+        return;
+    const QPointer<QWidget> owner = &view; // which an action may close
+    QMenu menu(&view);
+    for (const ViewMenuEntry &entry : entries) {
+        if (entry.id == ACTION_NONE) {
+            menu.addSeparator();
+            continue;
+        }
+        QAction *const action =
+            menu.addAction(QString::fromLatin1(entry.text), &view, [&run, id = entry.id] { run(id); });
+        const ActionState state = stateOf(entry.id);
+        action->setEnabled(state.enabled);
+        action->setCheckable(state.checked);
+        action->setChecked(state.checked);
+        action->setStatusTip(TipOf(entry.id));
+    }
+    // A menu that no menu bar opened keeps the tips to itself.
+    QObject::connect(&menu, &QMenu::hovered, &view, [&view](QAction *action) { action->showStatusText(&view); });
+    menu.exec(globalPlace); // runs the action that is chosen
+    if (!owner)
+        return;
+    QStatusTipEvent none{QString()};
+    QApplication::sendEvent(owner, &none);
+}

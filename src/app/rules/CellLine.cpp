@@ -1,0 +1,47 @@
+#include "CellLine.h"
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr QChar LINE_END(0x21B5);
+constexpr QChar ELLIPSIS(0x2026);
+
+bool IsLineEnd(QChar c)
+{
+    return c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+}
+
+bool IsPlain(QChar c)
+{
+    return !IsLineEnd(c) && c.category() != QChar::Other_Control;
+}
+
+} // namespace
+
+QStringView WholePart(QStringView text, qsizetype most)
+{
+    const qsizetype end = std::min(most, text.size());
+    const bool isSplit = end > 0 && end < text.size() && text[end - 1].isHighSurrogate() && text[end].isLowSurrogate();
+    return text.first(isSplit ? end - 1 : end);
+}
+
+QString CellLine(const QString &text, qsizetype most)
+{
+    const QStringView shown = WholePart(text, most);
+    const bool isCut = shown.size() < text.size();
+    if (!isCut && std::all_of(shown.begin(), shown.end(), IsPlain))
+        return text;
+    QString line;
+    line.reserve(shown.size() + 1);
+    for (qsizetype i = 0; i < shown.size(); ++i) {
+        const QChar c = shown[i];
+        if (c == u'\r' && i + 1 < shown.size() && shown[i + 1] == u'\n')
+            continue; // the two are one line end
+        line += IsLineEnd(c) ? LINE_END : IsPlain(c) ? c : QChar(u' ');
+    }
+    if (isCut)
+        line += ELLIPSIS;
+    return line;
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "ActionTarget.h"
+#include "CellClipboard.h"
+#include "Document.h"
+#include "EditOwner.h"
+#include "StateOwner.h"
+#include "StringGridModel.h"
+#include "StringGridRules.h"
+#include "StringTransfer.h"
+
+#include <QWidget>
+
+class CResDoc;
+class IViewHost;
+class StringFinder;
+class StringGrid;
+
+/// The pane of a project's strings: a grid of one row a string and one column a language, with undo.
+class CStringView : public QWidget, public CView, public IActionTarget, public IEditOwner, public IStateOwner
+{
+public:
+    CStringView(CResDoc &projectDocument, IViewHost &viewHost);
+    ~CStringView() override;
+
+    [[nodiscard]] StringTable &Table() { return table; }
+    [[nodiscard]] StringGrid &Grid() { return *grid; }
+
+    void OnUpdate(CView *sender, long hint, CView *target) override;
+    [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
+    void Run(ActionId id) override;
+    [[nodiscard]] bool TakeEdit() override;
+    [[nodiscard]] QList<ProfileEntry> State() const override;
+
+protected:
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void Rebuild();
+    void ForgetEdits();
+    void New();
+    void ChooseLanguages();
+    void Import();
+    void PushSelected();
+    void DeleteSelected();
+    void DeleteAll();
+    void DeleteRows(const std::vector<int> &toDelete);
+    void OpenMenu(const QContextMenuEvent &event);
+    [[nodiscard]] int PushedStrings() const;
+    [[nodiscard]] StringGridState GridState() const;
+    /// The rows of the table that are selected, ascending, without the new-row line.
+    [[nodiscard]] std::vector<int> SelectedStrings() const;
+
+    CResDoc &document;
+    IViewHost &host;
+    StringGridModel model;
+    StringTable table;
+    StringTransfer transfer;
+    StringGrid *grid;
+    CellClipboard clipboard;
+    StringFinder *finder;
+    bool isStale = true; // the tree has changed while this wasn't visible
+};

@@ -1,0 +1,379 @@
+#include "StringGridModel.h"
+
+#include "CellLine.h"
+#include "ListCellDelegate.h"
+#include "LiteralTip.h"
+#include "StringGaps.h"
+#include "TextDirection.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr int MOST_TOLD = 100;           // insertions and removals of a batch, before a reset is faster
+constexpr qsizetype LONGEST_SHOWN = 300; // a longer one takes a view seconds to lay out
+
+} // namespace
+
+void StringGridModel::PutOff::RowCame(int row)
+{
+    if (focus && focus->first >= row)
+        ++focus->first;
+    if (firstTouched > lastTouched)
+        return;
+    firstTouched += firstTouched >= row ? 1 : 0;
+    lastTouched += lastTouched >= row ? 1 : 0;
+}
+
+void StringGridModel::PutOff::RowWent(int row)
+{
+    if (focus && focus->first > row)
+        --focus->first;
+    if (firstTouched > lastTouched)
+        return;
+    firstTouched -= firstTouched > row ? 1 : 0;
+    lastTouched -= lastTouched >= row ? 1 : 0;
+}
+
+void StringGridModel::SetTable(StringTable *stringTable)
+{
+    beginResetModel();
+    table = stringTable;
+    shown.Set(std::nullopt);
+    TakeDirections();
+    endResetModel();
+}
+
+void StringGridModel::SetFilter(std::optional<std::vector<int>> rows)
+{
+    if (!isInReset)
+        beginResetModel();
+    shown.Set(std::move(rows));
+    if (!isInReset)
+        endResetModel();
+}
+
+int StringGridModel::TableRow(int row) const
+{
+    return shown.TableRow(row, TableRows());
+}
+
+int StringGridModel::ShownRow(int tableRow) const
+{
+    return shown.ShownRow(tableRow, TableRows());
+}
+
+std::vector<int> StringGridModel::ShownTableRows() const
+{
+    std::vector<int> rows(size_t(shown.Count(TableRows())));
+    for (size_t row = 0; row < rows.size(); ++row)
+        rows[row] = TableRow(int(row));
+    return rows;
+}
+
+int StringGridModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() || !table ? 0 : shown.Count(table->RowCount()) + 1;
+}
+
+int StringGridModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() || !table ? 0 : table->ColumnCount();
+}
+
+QVariant StringGridModel::data(const QModelIndex &index, int role) const
+{
+    if (!table || !index.isValid())
+        return {};
+    const int row = TableRow(index.row());
+    const int col = index.column();
+    switch (role) {
+    case Qt::DisplayRole:
+        return CellLine(table->CellText(row, col), LONGEST_SHOWN);
+    case Qt::EditRole:
+        return table->CellText(row, col);
+    case Qt::ToolTipRole: {
+        const QString text = table->CellText(row, col);
+        return CellLine(text, LONGEST_SHOWN) == text ? QVariant() : LiteralTip(text);
+    }
+    case Qt::AccessibleTextRole:
+        return Accessible(row, col);
+    case ROLE_IS_GAP:
+        return IsMarkedGap(row, col);
+    case ROLE_DIRECTION:
+        return directions.at(size_t(col)) == Qt::RightToLeft ? QVariant::fromValue(Qt::RightToLeft) : QVariant();
+    default:
+        return {};
+    }
+}
+
+QVariant StringGridModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (!table || orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return {};
+    return Title(section);
+}
+
+QString StringGridModel::Title(int col) const
+{
+    switch (col) {
+    case StringTable::ID_COLUMN:
+        return u"ID"_s;
+    case StringTable::KIND_COLUMN:
+        return u"Resource Type"_s;
+    case StringTable::DESCRIPTION_COLUMN:
+        return u"Description"_s;
+    default:
+        const CResFolder *const language = table->ColumnLanguage(col);
+        return language ? language->title : QString();
+    }
+}
+
+QString StringGridModel::Accessible(int tableRow, int col) const
+{
+    const QString text =
+        IsMarkedGap(tableRow, col) ? u"(no text)"_s : CellLine(table->CellText(tableRow, col), LONGEST_SHOWN);
+    return table->CellText(tableRow, StringTable::ID_COLUMN) + u", "_s + Title(col) + u": "_s + text;
+}
+
+bool StringGridModel::IsMarkedGap(int tableRow, int col) const
+{
+    return showsGaps && !table->IsNewRow(tableRow) && IsGap(*table, tableRow, col);
+}
+
+void StringGridModel::TakeDirections()
+{
+    directions.assign(table ? size_t(table->ColumnCount()) : 0, Qt::LeftToRight);
+    for (size_t col = StringTable::FIRST_LANGUAGE_COLUMN; col < directions.size(); ++col)
+        directions[col] = DirectionOfLanguage(Title(int(col)));
+}
+
+bool StringGridModel::IsTold()
+{
+    if (!isInReset && batch && ++batch->told > MOST_TOLD) {
+        Goes(false);
+        BeginReset();
+    }
+    return !isInReset;
+}
+
+void StringGridModel::BeginReset()
+{
+    if (!std::exchange(isInReset, true))
+        beginResetModel();
+}
+
+void StringGridModel::EndReset()
+{
+    if (std::exchange(isInReset, false))
+        endResetModel();
+}
+
+void StringGridModel::Goes(bool isReset) const
+{
+    if (goes)
+        goes(isReset);
+}
+
+void StringGridModel::HasChanged()
+{
+    if (batch)
+        batch->hasChanged = true;
+    else if (changed)
+        changed();
+}
+
+void StringGridModel::RowInserting(int row)
+{
+    isTelling = IsTold();
+    if (isTelling)
+        beginInsertRows({}, shown.PlaceOf(row), shown.PlaceOf(row));
+}
+
+void StringGridModel::RowInserted(int row)
+{
+    shown.Insert(row);
+    if (batch)
+        batch->RowCame(row);
+    if (std::exchange(isTelling, false))
+        endInsertRows();
+    HasChanged();
+}
+
+void StringGridModel::RowRemoving(int row)
+{
+    const int place = ShownRow(row);
+    isTelling = place >= 0 && IsTold();
+    if (!isTelling)
+        return;
+    Goes(false);
+    beginRemoveRows({}, place, place);
+}
+
+void StringGridModel::RowRemoved(int row)
+{
+    shown.Remove(row);
+    if (batch)
+        batch->RowWent(row);
+    if (std::exchange(isTelling, false))
+        endRemoveRows();
+    HasChanged();
+}
+
+void StringGridModel::ColumnInserting(int col)
+{
+    if (!isInReset)
+        beginInsertColumns({}, col, col);
+}
+
+void StringGridModel::ColumnInserted(int)
+{
+    TakeDirections();
+    if (!isInReset)
+        endInsertColumns();
+    HasChanged();
+}
+
+void StringGridModel::ColumnRemoving(int col)
+{
+    if (isInReset)
+        return;
+    Goes(false);
+    beginRemoveColumns({}, col, col);
+}
+
+void StringGridModel::ColumnRemoved(int)
+{
+    TakeDirections();
+    if (!isInReset)
+        endRemoveColumns();
+    HasChanged();
+}
+
+void StringGridModel::RowsMoving()
+{
+    if (isInReset)
+        return;
+    Goes(false);
+    Q_EMIT layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+}
+
+void StringGridModel::RowsMoved(const std::vector<int> &order)
+{
+    std::vector<int> now(order.size() + 1, int(order.size())); // the new-row line stays
+    for (size_t row = 0; row < order.size(); ++row)
+        now[size_t(order[row])] = int(row);
+    if (batch && batch->focus)
+        batch->focus->first = now[size_t(batch->focus->first)];
+    const QModelIndexList from = isInReset ? QModelIndexList() : persistentIndexList();
+    std::vector<int> rows;
+    for (const QModelIndex &old : from)
+        rows.push_back(now[size_t(TableRow(old.row()))]);
+    shown.Reorder(order);
+    if (isInReset)
+        return;
+    QModelIndexList to;
+    for (qsizetype i = 0; i < from.size(); ++i)
+        to.append(index(ShownRow(rows[size_t(i)]), from[i].column()));
+    changePersistentIndexList(from, to);
+    if (batch) { // a view asks for all cells now
+        batch->firstTouched = std::numeric_limits<int>::max();
+        batch->lastTouched = -1;
+    }
+    Q_EMIT layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+}
+
+void StringGridModel::TableResetting()
+{
+    Goes(true);
+    BeginReset();
+}
+
+void StringGridModel::TableReset()
+{
+    shown.Set(std::nullopt);
+    TakeDirections();
+    if (batch)
+        batch->focus.reset();
+    else
+        EndReset();
+    HasChanged();
+}
+
+void StringGridModel::BatchBegins()
+{
+    batch.emplace();
+}
+
+void StringGridModel::BatchEnds()
+{
+    const PutOff ended = *std::exchange(batch, std::nullopt);
+    if (isInReset)
+        EndReset();
+    else
+        TellCells(ended.firstTouched, ended.lastTouched);
+    if (ended.focus && focusCell) // the row itself may be gone: the one that follows, if so
+        focusCell(shown.PlaceOf(ended.focus->first), ended.focus->second);
+    if (ended.hasChanged)
+        HasChanged();
+}
+
+void StringGridModel::TellCells(int firstRow, int lastRow)
+{
+    if (firstRow > lastRow)
+        return;
+    const int first = shown.PlaceOf(firstRow);
+    const int last = shown.PlaceOf(lastRow + 1) - 1;
+    // What a cell is called and whether it is a gap depends on the others of its row.
+    if (first <= last)
+        Q_EMIT dataChanged(index(first, 0), index(last, table->ColumnCount() - 1));
+}
+
+void StringGridModel::CellShows(int row, int, const QString &)
+{
+    if (batch) {
+        batch->firstTouched = std::min(batch->firstTouched, row);
+        batch->lastTouched = std::max(batch->lastTouched, row);
+    } else if (!isInReset) {
+        TellCells(row, row);
+    }
+    HasChanged();
+}
+
+void StringGridModel::Reveal(int tableRow)
+{
+    if (tableRow < 0 || tableRow >= TableRows() || ShownRow(tableRow) >= 0)
+        return;
+    const bool isTold = IsTold();
+    const int place = shown.PlaceOf(tableRow);
+    if (isTold)
+        beginInsertRows({}, place, place);
+    shown.Show(tableRow);
+    if (isTold)
+        endInsertRows();
+}
+
+void StringGridModel::FocusCell(int row, int col)
+{
+    Reveal(row);
+    if (batch)
+        batch->focus = {row, col};
+    else if (focusCell)
+        focusCell(ShownRow(row), col);
+}
+
+void StringGridModel::ReportCellError(int code, int row, int col)
+{
+    Reveal(row);
+    if (reportCellError)
+        reportCellError(code, ShownRow(row), col);
+}
+
+void StringGridModel::ShowMessage(int code)
+{
+    if (showMessage)
+        showMessage(code);
+}

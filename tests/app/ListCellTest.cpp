@@ -1,0 +1,117 @@
+// How a cell of a list is drawn, and in which direction its text runs.
+#include "ListCellDelegate.h"
+#include "TextDirection.h"
+
+#include <QPainter>
+#include <QStandardItemModel>
+#include <QStyleOption>
+
+#include <gmock/gmock.h>
+
+#include <random>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+struct Cell
+{
+    QString text;
+    Qt::LayoutDirection direction = Qt::LeftToRight;
+    bool isGap = false;
+    int width = 120;
+    int fontSize = 10;
+    int scale = 1;
+    QStyle::State state = QStyle::State_Enabled;
+};
+
+QImage Drawn(const ListCellDelegate &delegate, const Cell &cell)
+{
+    QStandardItemModel model(1, 3);
+    const QModelIndex index = model.index(0, 1);
+    model.setData(index, cell.text);
+    model.setData(index, QVariant::fromValue(cell.direction), ROLE_DIRECTION);
+    model.setData(index, cell.isGap, ROLE_IS_GAP);
+    QStyleOptionViewItem option;
+    option.rect = QRect(0, 0, cell.width, 24);
+    option.font.setPixelSize(cell.fontSize);
+    option.fontMetrics = QFontMetrics(option.font);
+    option.state = cell.state;
+    QImage image(option.rect.size() * cell.scale, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(cell.scale);
+    image.fill(option.palette.color(QPalette::Base));
+    QPainter painter(&image);
+    delegate.paint(&painter, option, index);
+    return image;
+}
+
+/// The columns of a picture that aren't all of the colour of its left lower corner, from the first to the last.
+std::pair<int, int> Ink(const QImage &image)
+{
+    std::pair<int, int> ink(image.width(), -1);
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) {
+            if (image.pixel(x, y) != image.pixel(0, image.height() - 1))
+                ink = {std::min(ink.first, x), x};
+        }
+    }
+    return ink;
+}
+
+} // namespace
+
+TEST(ListCellDelegate, ADelegateThatHasDrawnOtherCellsDrawsAsANewOne)
+{
+    const QStringList texts{u""_s, u"short"_s, u"a text that doesn't fit into a narrow cell"_s, u"مرحبا بالعالم"_s,
+                            u"天气"_s};
+    std::mt19937 random(1);
+    const auto below = [&](int end) { return int(random() % unsigned(end)); };
+    const ListCellDelegate used;
+    for (int round = 0; round < 500; ++round) {
+        Cell cell{texts[below(5)]};
+        cell.direction = below(2) ? Qt::RightToLeft : Qt::LeftToRight;
+        cell.isGap = below(2);
+        cell.width = 40 + 80 * below(2);
+        cell.fontSize = 10 + 4 * below(2);
+        cell.scale = 1 + below(3);
+        cell.state.setFlag(QStyle::State_Selected, below(2));
+        ASSERT_EQ(Drawn(used, cell), Drawn(ListCellDelegate(), cell)) << round;
+    }
+}
+
+TEST(ListCellDelegate, ShowsDirectionAndGapInEveryState)
+{
+    const ListCellDelegate delegate;
+    for (const int scale : {1, 2}) {
+        for (const QStyle::State state :
+             {QStyle::State(QStyle::State_Enabled), QStyle::State(QStyle::State_Selected)}) {
+            const auto ink = [&](const QString &text, Qt::LayoutDirection direction, bool isGap, int width) {
+                return Ink(Drawn(delegate, {text, direction, isGap, width, 12, scale, state}));
+            };
+            const auto left = ink(u"word"_s, Qt::LeftToRight, false, 120);
+            EXPECT_TRUE(left.first < 8 * scale && left.second < 60 * scale);
+            const auto right = ink(u"كلمة"_s, Qt::RightToLeft, false, 120);
+            EXPECT_TRUE(right.first > 60 * scale && right.second > 112 * scale && right.second < 119 * scale);
+            const auto cut = ink(QString(100, u'x'), Qt::LeftToRight, false, 120);
+            EXPECT_TRUE(cut.second > 100 * scale && cut.second < 117 * scale);
+            const auto gap = ink(QString(), Qt::LeftToRight, true, 120);
+            EXPECT_TRUE(gap.first > 110 * scale && gap.second == 120 * scale - 1) << "the mark in the corner";
+            EXPECT_EQ(ink(QString(), Qt::LeftToRight, false, 120).second, -1);
+        }
+    }
+}
+
+TEST(TextDirection, IsThatOfTheLanguageThatANameNames)
+{
+    for (const char *const name :
+         {"Arabic",         "Arabic (Egypt)", "arabic-egypt", "Hebrew",          "Modern Hebrew", "PERSIAN",
+          "Farsi",          "Dari",           "Urdu",          "Urdu_PK",         "Yiddish",       "Pashto",
+          "Uyghur",         "Uighur",         "Sindhi",       "Central Kurdish", "Dhivehi",       "Syriac",
+          "Uzbek (Arabic)", "العربية",        "עברית",        "فارسی",           "(اردو)"})
+        EXPECT_EQ(DirectionOfLanguage(QString::fromUtf8(name)), Qt::RightToLeft) << name;
+    for (const char *const name : {"", "English", "Simplified Chinese", "中文", "Hindi", "हिन्दी", "Kurdish", "Greek",
+                                   "English (Saudi Arabia)", "Spanish (Darien)", "Russian", "ไทย", "Language 1",
+                                   "1: Français", "C", "Kazakh", "Somali", "Maltese", "Turkish"})
+        EXPECT_EQ(DirectionOfLanguage(QString::fromUtf8(name)), Qt::LeftToRight) << name;
+}

@@ -1,0 +1,204 @@
+#include "StringWindow.h"
+
+#include "Spreadsheet.h"
+#include "StringGridRules.h"
+
+#include <QMimeData>
+#include <QStatusBar>
+
+// Rows by ID: ID_A2 (Push), ID_A10, ID_C, the new-row line.
+
+namespace
+{
+
+const ActionId ACTIONS[] = {ACTION_NEW,  ACTION_IMPORT, ACTION_EXPORT,     ACTION_LANGUAGE, ACTION_UNDO,       ACTION_REDO, ACTION_COPY,
+                            ACTION_PASTE, ACTION_DELETE, ACTION_DELETE_ALL, ACTION_RENAME,   ACTION_SELECT_ALL, ACTION_CUT};
+
+/// Which of them are enabled, a letter each.
+std::string Enabled(const StringWindow &window)
+{
+    std::string text;
+    for (const ActionId id : ACTIONS)
+        text += window.Frame().IsEnabled(id) ? 'x' : '-';
+    return text;
+}
+
+void Drop(StringWindow &window, const QStringList &paths)
+{
+    QMimeData data;
+    QList<QUrl> urls;
+    for (const QString &path : paths)
+        urls.append(QUrl::fromLocalFile(path));
+    data.setUrls(urls);
+    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&window.View(), &drop);
+    window.Settle();
+}
+
+} // namespace
+
+TEST(StringPane, EnablesWhatCanBeDone)
+{
+    StringWindow empty("Number of Language|1\nString ID|Resource Type|Description|English(9)\n##number|0\n");
+    EXPECT_EQ(Enabled(empty), "xx-x-----x-x-");
+    empty.Grid().SelectAlone(0, 0); // the new-row line
+    EXPECT_EQ(Enabled(empty), "xx-x-----xxx-");
+    empty.app.reset();
+
+    StringWindow window;
+    EXPECT_EQ(Enabled(window), "xxxx-----x-x-") << "nothing is selected at first";
+    window.Grid().SelectAlone(3, 0);
+    EXPECT_EQ(Enabled(window), "xxxx-----xxx-");
+    window.Grid().Select({2, 3});
+    EXPECT_EQ(Enabled(window), "xxxx--x-xxxx-");
+    window.Frame().RunAction(ACTION_COPY);
+    EXPECT_EQ(Enabled(window), "xxxx--xxxxxx-");
+    window.Frame().RunAction(ACTION_PASTE);
+    EXPECT_EQ(window.Table().RowCount(), 4);
+    EXPECT_EQ(Enabled(window), "xxxxx-xxxxxx-");
+    window.Frame().RunAction(ACTION_UNDO);
+    EXPECT_EQ(Enabled(window), "xxxx-xxxxxxx-");
+    window.Edit(0, 3);
+    EXPECT_EQ(Enabled(window), "xxxx-xx-xxxxx") << "with the focus in the editor, its text all selected";
+    window.Key(Qt::Key_Escape);
+    window.Document().SetModifiedFlag(false);
+}
+
+TEST(StringPane, ShowsTheKindOfWhatIsSelectedInItsMenu)
+{
+    struct Case
+    {
+        int selected;
+        bool isNewSelected;
+        int pushed;
+        bool enabled, checked;
+    };
+    for (const Case &each : {Case{0, false, 0, false, false}, Case{1, true, 0, false, false}, Case{1, false, 1, true, true},
+                             Case{1, false, 0, true, false}, Case{3, false, 3, true, true}, Case{3, false, 0, true, false},
+                             Case{3, false, 1, false, false}}) {
+        const ActionState state = PushEntryState({9, each.selected, each.isNewSelected}, each.pushed);
+        EXPECT_EQ(state.enabled, each.enabled) << each.selected << each.pushed;
+        EXPECT_EQ(state.checked, each.checked) << each.selected << each.pushed;
+    }
+    StringWindow window;
+    window.Frame().RunAction(ACTION_SELECT_ALL);
+    window.Frame().RunAction(ACTION_PUSH_STRING);
+    EXPECT_EQ(window.Shown(0, 1) + window.Shown(1, 1) + window.Shown(2, 1), "NormalPushPush");
+    EXPECT_EQ(window.Table().Head(1)->Id()->pushKind, PUSH_STRING);
+    window.Frame().RunAction(ACTION_UNDO);
+    EXPECT_EQ(window.Shown(0, 1) + window.Shown(1, 1) + window.Shown(2, 1), "NormalPushNormal") << "each row is a step";
+}
+
+TEST(StringPane, DeletesAfterAQuestion)
+{
+    StringWindow window;
+    window.Answer({QMessageBox::No, QMessageBox::Yes, QMessageBox::Yes});
+    window.Grid().Select({0, 2, 3});
+    window.Frame().RunAction(ACTION_DELETE);
+    EXPECT_EQ(window.Table().RowCount(), 3);
+    window.Frame().RunAction(ACTION_DELETE);
+    EXPECT_EQ(window.Table().RowCount(), 1);
+    window.Frame().RunAction(ACTION_DELETE_ALL);
+    EXPECT_EQ(window.Table().RowCount(), 0);
+    EXPECT_EQ(window.boxes, (QStringList{u"The selected item(s) will be deleted. Continue?"_s,
+                                         u"The selected item(s) will be deleted. Continue?"_s,
+                                         u"All the item(s) will be deleted. Continue?"_s}));
+    window.Frame().RunAction(ACTION_UNDO);
+    window.Frame().RunAction(ACTION_UNDO);
+    EXPECT_EQ(window.Shown(0, 0) + window.Shown(1, 0) + window.Shown(2, 0) + window.Shown(3, 0), "ID_A2ID_A10ID_C<New>");
+    window.Document().SetModifiedFlag(false);
+}
+
+TEST(StringPane, SortsByAClickAndRemembersItWithTheWidths)
+{
+    StringWindow window;
+    QHeaderView &header = *window.Grid().horizontalHeader();
+    const auto click = [&](int col) {
+        QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, QPoint(header.sectionViewportPosition(col) + 20, 5));
+    };
+    const auto ids = [&] {
+        std::string text;
+        for (int row = 0; row < window.Grid().model()->rowCount(); ++row)
+            text += window.Shown(row, 0) + ' ';
+        return text;
+    };
+    EXPECT_EQ(ids(), "ID_A2 ID_A10 ID_C <New> ");
+    EXPECT_EQ(window.Grid().Widths(), (std::vector<int>{200, 100, 200, 200, 200}));
+    click(0);
+    EXPECT_EQ(ids(), "ID_C ID_A10 ID_A2 <New> ");
+    EXPECT_EQ(header.sortIndicatorOrder(), Qt::DescendingOrder);
+    click(0);
+    EXPECT_EQ(ids(), "ID_A2 ID_A10 ID_C <New> ");
+    click(1);
+    EXPECT_EQ(ids(), "ID_A10 ID_C ID_A2 <New> ") << "Normal before Push";
+    window.Edit(0, 3);
+    window.Type(u"Aaa"_s);
+    window.Key(Qt::Key_Return);
+    click(3);
+    EXPECT_EQ(ids(), "ID_A10 ID_C ID_A2 <New> ");
+    header.resizeSection(4, 77);
+    window.Document().SetModifiedFlag(false);
+    window.app.reset();
+    window.Open();
+    EXPECT_EQ(ids(), "ID_C ID_A10 ID_A2 <New> ") << "by English: See, Ten, Two";
+    EXPECT_EQ(header.sortIndicatorSection(), 3);
+    EXPECT_EQ(window.Grid().Widths(), (std::vector<int>{200, 100, 200, 200, 77}));
+    EXPECT_THAT(window.folder.Get("bin/Morvanite.ini").toStdString(), testing::HasSubstr("[wnd_1014]"));
+}
+
+TEST(StringPane, TakesWhatIsDroppedAndTellsOfTheRest)
+{
+    StringWindow window;
+    window.folder.Put("bad.xls", "no workbook");
+    window.folder.Put("notes.txt", "x");
+    window.Answer({QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok});
+    // A workbook of the table itself, with a text that the table lacks.
+    window.Edit(0, 4);
+    window.Type(u"Deux"_s);
+    window.Key(Qt::Key_Return);
+    const QString book = window.folder.Path("good.XLS");
+    ASSERT_EQ(ExportSpreadsheet(window.Document(), book).code, 0);
+    window.Frame().RunAction(ACTION_UNDO);
+    ASSERT_EQ(window.Shown(0, 4), "");
+    Drop(window, {window.folder.Path("demo"), window.folder.Path("notes.txt"), window.folder.Path("bad.xls"), book});
+    ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 2; }));
+    EXPECT_EQ(window.boxes[0], u"\"notes.txt\": Inappropriate file type."_s);
+    EXPECT_TRUE(window.boxes[1].startsWith(u"Failed to import \"bad.xls\"."_s));
+    EXPECT_EQ(window.Shown(0, 4), "Deux");
+    EXPECT_FALSE(window.Table().history.CanRedo()) << "the rebuild forgets the steps";
+    Drop(window, {window.folder.Path("demo")});
+    EXPECT_EQ(window.boxes.size(), 2);
+    window.Document().SetModifiedFlag(false);
+}
+
+/// Another node and back: the grid shows the tree, with the row that was in focus.
+TEST(StringPane, ComesBackToItsRow)
+{
+    StringWindow window;
+    window.Grid().SelectAlone(1, 3);
+    window.Child().Selected().SelectFolder(&window.Document().root);
+    EXPECT_FALSE(window.View().isVisible());
+    window.Child().Selected().SelectFolder(window.Document().root.FindFolder(KIND_STRINGS, 2));
+    window.Settle();
+    EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{1});
+    EXPECT_EQ(window.Grid().currentIndex().column(), 3);
+}
+
+/// The project goes away below the grid.
+TEST(StringPane, LetsGoOfWhatIsReloadedOrCleared)
+{
+    StringWindow window;
+    window.Edit(1, 3);
+    window.Type(u"x"_s);
+    window.Document().ClearByKind(*window.Document().root.FindFolder(KIND_STRINGS, 2));
+    EXPECT_EQ(window.Grid().model()->rowCount(), 1);
+    EXPECT_FALSE(window.Editor().isVisible());
+    window.Document().UpdateAllViews(nullptr);
+    EXPECT_EQ(window.Grid().model()->rowCount(), 1);
+    window.Grid().SelectAlone(0, 0);
+    window.Frame().RunAction(ACTION_RENAME);
+    window.Type(u"id_first"_s);
+    window.Key(Qt::Key_Return);
+    EXPECT_EQ(window.Table().RowCount(), 1);
+    window.Document().SetModifiedFlag(false);
+}
