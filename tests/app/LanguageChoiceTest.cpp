@@ -20,6 +20,7 @@ struct FakeBoxes : IViewBoxes
     bool AskOkCancel(const QString &question) override { return Ask(u"OK/Cancel: "_s, question); }
     Answer AskYesNoCancel(const QString &) override { return Answer::Cancel; }
     void ShowMessage(const QString &, std::function<void()>) override {}
+    QStringList OpenFileDialog(const QString &, int, bool, const QString &) override { return {}; }
     QString SaveFileDialog(const QString &, const QString &) override { return {}; }
     bool RunDialog(QDialog &) override { return false; }
 
