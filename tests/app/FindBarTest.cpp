@@ -10,6 +10,7 @@
 #include <QPlainTextEdit>
 #include <QTest>
 #include <QToolButton>
+#include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -62,6 +63,9 @@ TEST(FindBar, TellsOfEachChangeOnceAndOfTheKeysThatLeadElsewhere)
     for (const Qt::Key key : {Qt::Key_Enter, Qt::Key_F3})
         QTest::keyClick(&open.text, key, Qt::ShiftModifier);
     EXPECT_EQ(open.Take(), u"changed changed next next grid back back "_s);
+    QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&open.column, &wheel);
+    EXPECT_EQ(open.Take(), QString()) << "the wheel is for the choice in focus";
     QTest::mouseClick(Named<QToolButton>(open.bar, u"Match case"_s), Qt::LeftButton);
     QTest::keyClick(&open.column, Qt::Key_Down);
     QTest::keyClicks(&open.missing, u"French"_s);
