@@ -106,10 +106,11 @@ TEST(UserBoxes, AQuestionInADialogIsAnsweredThereAndAMessageGoesOnWhenItIsClosed
     const auto answer = [&](QMessageBox::StandardButton button) {
         WhenOpen<QMessageBox>(window, [button](QMessageBox &box) {
             EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::Ok));
+            EXPECT_EQ(box.text(), u"2 will be added.\nGo on?"_s);
             EXPECT_TRUE(qobject_cast<QDialog *>(box.parentWidget())) << "it is in front of the dialog";
             box.button(button)->click();
         });
-        return boxes.AskOkCancel(u"2 will be added."_s);
+        return boxes.AskOkCancel(u"2 will be added.\r\nGo on?"_s);
     };
     WhenOpen<QDialog>(window, [&](QDialog &open) {
         EXPECT_FALSE(answer(QMessageBox::Cancel));

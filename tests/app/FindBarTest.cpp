@@ -1,16 +1,16 @@
 // The find bar and the strip of details of the string view, each by itself.
 #include "FindBar.h"
 #include "DetailsStrip.h"
-#include "DetailsText.h"
-#include "ElidedLabel.h"
 #include "FilterChoice.h"
 #include "TableProject.h"
 
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QTest>
 #include <QToolButton>
+#include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -35,7 +35,9 @@ struct OpenBar : TableProject
         bar.findNext = [this](bool back) { told += back ? u"back " : u"next "; };
         bar.toGrid = [this] { told += u"grid "; };
         bar.replaceAll = [this] { told += u"replace "; };
-        bar.hideColumn = [this](int col, bool hide) { told += QString::number(col) + (hide ? u" hide "_s : u" show "_s); };
+        bar.hideColumn = [this](int col, bool hide) {
+            told += QString::number(col) + (hide ? u" hide "_s : u" show "_s);
+        };
         bar.Fill(table);
         bar.resize(900, bar.sizeHint().height());
         bar.show();
@@ -61,6 +63,9 @@ TEST(FindBar, TellsOfEachChangeOnceAndOfTheKeysThatLeadElsewhere)
     for (const Qt::Key key : {Qt::Key_Enter, Qt::Key_F3})
         QTest::keyClick(&open.text, key, Qt::ShiftModifier);
     EXPECT_EQ(open.Take(), u"changed changed next next grid back back "_s);
+    QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&open.column, &wheel);
+    EXPECT_EQ(open.Take(), QString()) << "the wheel is for the choice in focus";
     QTest::mouseClick(Named<QToolButton>(open.bar, u"Match case"_s), Qt::LeftButton);
     QTest::keyClick(&open.column, Qt::Key_Down);
     QTest::keyClicks(&open.missing, u"French"_s);
@@ -122,8 +127,8 @@ TEST(DetailsStrip, ShowsTheWholeTextInItsDirectionBesideTheFirstLanguage)
         longText + "\n##number|1\n");
     DetailsStrip strip;
     strip.show();
-    const auto texts = strip.findChildren<DetailsText *>();
-    const auto headings = strip.findChildren<ElidedLabel *>();
+    const auto texts = strip.findChildren<QPlainTextEdit *>();
+    const auto headings = strip.findChildren<QLabel *>();
     strip.ShowCell(project.table, 0, 4, 37, 512);
     EXPECT_EQ(headings[0]->text() + u'|' + headings[1]->text(), u"ID_A · Arabic · 37 of 512|English"_s);
     EXPECT_EQ(texts[1]->toPlainText(), u"a"_s);
@@ -132,8 +137,5 @@ TEST(DetailsStrip, ShowsTheWholeTextInItsDirectionBesideTheFirstLanguage)
     EXPECT_TRUE(QTest::qWaitFor([&] { return texts[0]->toPlainText().endsWith(u"END"); }));
     strip.ShowCell(project.table, 0, 3, 1, 1);
     EXPECT_EQ(texts[0]->toPlainText(), u"a"_s);
-    EXPECT_EQ(texts[0]->document()->defaultTextOption().textDirection(), Qt::LeftToRight);
     EXPECT_FALSE(texts[1]->isVisible());
-    strip.ShowCell(project.table, 1, 0, 1, 1);
-    EXPECT_EQ(texts[0]->toPlainText(), QString()) << "the line for a new row has none";
 }

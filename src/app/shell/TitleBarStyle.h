@@ -6,9 +6,9 @@
 #include <QProxyStyle>
 #include <QStyleOptionTitleBar>
 
-/// The program's style: the desktop's, with title bars and their buttons that can be read on a dark desktop. There the
-/// desktop's style draws the buttons black, those of bars and those of a maximised project in the menu bar too, and the
-/// shadow of a project's title light.
+/// The program's style: the desktop's, with title bars, their buttons and check boxes that can be seen on a dark
+/// desktop. There the desktop's style draws the buttons black, those of bars and those of a maximised project in the
+/// menu bar too, the shadow of a project's title light, and the edges of check boxes as dark as what is in them.
 class TitleBarStyle : public QProxyStyle
 {
 public:
@@ -29,6 +29,20 @@ public:
             drawn.palette.setColor(QPalette::Highlight, bar->palette.color(QPalette::Window));
         }
         QProxyStyle::drawComplexControl(control, &drawn, painter, widget);
+    }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override
+    {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        if (element != PE_IndicatorCheckBox || !IsDark(option->palette))
+            return;
+        QColor edge =
+            option->palette.color(option->state & State_Selected ? QPalette::HighlightedText : QPalette::Text);
+        edge.setAlphaF(option->state & State_Enabled ? 0.6F : 0.3F);
+        painter->setPen(edge);
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
     }
 
     QIcon standardIcon(StandardPixmap which, const QStyleOption *option, const QWidget *widget) const override

@@ -2,6 +2,15 @@
 
 #include <QKeyEvent>
 #include <QMenu>
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
+
+namespace
+{
+
+constexpr int ARROW_SIDE = 8;
+
+} // namespace
 
 /// A menu that stays open when an entry with a check is chosen by a click or Space.
 class ColumnsMenu : public QMenu
@@ -44,6 +53,27 @@ ColumnsButton::ColumnsButton(QWidget *parent) : QToolButton(parent), menu(new Co
         if (hideColumn && action->isCheckable())
             hideColumn(action->data().toInt(), !action->isChecked());
     });
+}
+
+QSize ColumnsButton::sizeHint() const
+{
+    return QToolButton::sizeHint() + QSize(ARROW_SIDE, 0);
+}
+
+/// As a tool button, but with an arrow beside the text, where the style puts one over it.
+void ColumnsButton::paintEvent(QPaintEvent *)
+{
+    QStylePainter painter(this);
+    QStyleOptionToolButton option;
+    initStyleOption(&option);
+    option.features = QStyleOptionToolButton::None;
+    option.text.clear();
+    painter.drawComplexControl(QStyle::CC_ToolButton, option);
+    const QRect arrow(width() - ARROW_SIDE - 5, (height() - ARROW_SIDE) / 2 + 1, ARROW_SIDE, ARROW_SIDE);
+    painter.drawItemText(QStyle::visualRect(layoutDirection(), rect(), QRect(0, 0, arrow.left(), height())),
+                         Qt::AlignCenter, palette(), isEnabled(), text(), QPalette::ButtonText);
+    option.rect = QStyle::visualRect(layoutDirection(), rect(), arrow);
+    painter.drawPrimitive(QStyle::PE_IndicatorArrowDown, option);
 }
 
 bool ColumnsButton::IsHidden(int column) const

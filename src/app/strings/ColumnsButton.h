@@ -22,6 +22,11 @@ public:
     /// The user asks for it. The caller tells by `SetHidden` when it is done.
     std::function<void(int column, bool hide)> hideColumn;
 
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
 private:
     [[nodiscard]] bool IsHidden(int column) const;
     void Fill();

@@ -30,19 +30,17 @@ Qt::LayoutDirection DirectionOf(const StringTable &table, int col)
 } // namespace
 
 DetailsStrip::DetailsStrip(QWidget *parent)
-    : QWidget(parent), heading(new ElidedLabel(this)), besideHeading(new ElidedLabel(this)),
-      text(new DetailsText(this)), beside(new DetailsText(this))
+    : QWidget(parent), cells(new QGridLayout(this)), heading(new ElidedLabel(this)),
+      besideHeading(new ElidedLabel(this)), text(new DetailsText(this)), beside(new DetailsText(this))
 {
     setAccessibleName(QStringLiteral("Details"));
-    auto *const cells = new QGridLayout(this);
     cells->setContentsMargins(MARGIN, MARGIN, MARGIN, MARGIN);
     cells->setSpacing(MARGIN);
     cells->addWidget(heading, 0, 0);
     cells->addWidget(besideHeading, 0, 1);
     cells->addWidget(text, 1, 0);
     cells->addWidget(beside, 1, 1);
-    for (const int col : {0, 1})
-        cells->setColumnStretch(col, 1);
+    cells->setColumnStretch(0, 1);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     ShowNothing();
 }
@@ -60,14 +58,19 @@ void DetailsStrip::ShowCell(const StringTable &table, int row, int col, int posi
     besideHeading->setText(hasBeside ? NameOf(table, FIRST) : QString());
     if (hasBeside)
         beside->Show(table.CellText(row, FIRST), DirectionOf(table, FIRST), besideHeading->text());
-    besideHeading->setVisible(hasBeside);
-    beside->setVisible(hasBeside);
+    ShowBeside(hasBeside);
 }
 
 void DetailsStrip::ShowNothing()
 {
     heading->setText(QStringLiteral("No string"));
     text->Show(QString(), Qt::LeftToRight, heading->text());
-    besideHeading->hide();
-    beside->hide();
+    ShowBeside(false);
+}
+
+void DetailsStrip::ShowBeside(bool show)
+{
+    cells->setColumnStretch(1, show ? 1 : 0);
+    besideHeading->setVisible(show);
+    beside->setVisible(show);
 }

@@ -4,6 +4,7 @@
 
 class DetailsText;
 class ElidedLabel;
+class QGridLayout;
 class StringTable;
 
 /// The strip below the grid: ID, language and whole text of the cell in focus, wrapped and in the direction of the
@@ -18,6 +19,10 @@ public:
     void ShowNothing();
 
 private:
+    /// With nothing beside it the text has all of the width.
+    void ShowBeside(bool show);
+
+    QGridLayout *cells;
     ElidedLabel *heading;
     ElidedLabel *besideHeading;
     DetailsText *text;

@@ -49,6 +49,8 @@ void DetailsText::Show(const QString &shownText, Qt::LayoutDirection direction, 
     rest.stop();
     clear(); // so that the options lay out nothing
     option.setTextDirection(direction);
+    // Left is left here whatever the direction.
+    option.setAlignment(direction == Qt::RightToLeft ? Qt::AlignRight | Qt::AlignAbsolute : Qt::AlignLeft);
     option.setWrapMode(HasLongRun(shownText) ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere);
     document()->setDefaultTextOption(option);
     setWordWrapMode(option.wrapMode());

@@ -14,6 +14,7 @@ namespace
 constexpr int KEY_ROLE = Qt::UserRole + 1;
 constexpr int USUAL_LETTERS = 12;
 constexpr int LEAST_LETTERS = 3;
+constexpr int MOST_LETTERS = 30;
 
 } // namespace
 
@@ -25,7 +26,8 @@ FilterChoice::FilterChoice(const QString &name, const QString &closedPrefix, QWi
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setMaxVisibleItems(20);
-    connect(this, &QComboBox::currentTextChanged, this, [this] { setToolTip(ClosedText()); });
+    setMaximumWidth(SizeFor(MOST_LETTERS).width());
+    connect(this, &QComboBox::currentTextChanged, this, [this] { setToolTip(WholeText()); });
 }
 
 void FilterChoice::SetEntries(const std::vector<Entry> &entries)
@@ -47,11 +49,11 @@ void FilterChoice::SetEntries(const std::vector<Entry> &entries)
             current = i;
     }
     setCurrentIndex(current);
-    setToolTip(ClosedText());
+    setToolTip(WholeText());
     update();
 }
 
-QString FilterChoice::ClosedText() const
+QString FilterChoice::WholeText() const
 {
     return currentIndex() > 0 ? prefix + currentText() : currentText();
 }
@@ -89,7 +91,8 @@ void FilterChoice::paintEvent(QPaintEvent *)
     QStyleOptionComboBox option;
     initStyleOption(&option);
     const int room = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this).width();
-    option.currentText = fontMetrics().elidedText(ClosedText(), Qt::ElideRight, room - 2);
+    const bool hasRoom = fontMetrics().horizontalAdvance(WholeText()) <= room - 2;
+    option.currentText = hasRoom ? WholeText() : fontMetrics().elidedText(currentText(), Qt::ElideRight, room - 2);
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }

@@ -16,7 +16,7 @@ public:
         QString key; ///< by which the entry is known again among others; unique
     };
 
-    /// `closedPrefix` is shown in front of what is chosen, but for the first entry.
+    /// `closedPrefix` is shown in front of what is chosen, where it has room, but for the first entry.
     FilterChoice(const QString &name, const QString &closedPrefix, QWidget *parent);
 
     /// What was chosen stays chosen where an entry still has its key; else the first one is. Signals nothing.
@@ -34,7 +34,8 @@ protected:
 private:
     /// The width of the box for so many letters.
     [[nodiscard]] QSize SizeFor(int letters) const;
-    [[nodiscard]] QString ClosedText() const;
+    /// What is chosen, with the prefix.
+    [[nodiscard]] QString WholeText() const;
 
     QString prefix;
 };

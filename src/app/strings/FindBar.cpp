@@ -20,6 +20,7 @@ constexpr int ICON_SIDE = 16;
 constexpr int MARGIN = 4;
 constexpr int FIELD_LETTERS = 22; // of the text, with the choices beside it
 constexpr int LEAST_LETTERS = 6;
+constexpr int CHOICES_STRETCH = 2; // of the room, where the text gets 1
 
 const FilterChoice::Entry ALL_COLUMNS{QStringLiteral("All columns"), StringCondition::ANY_COLUMN,
                                       QStringLiteral("any")};
@@ -124,6 +125,7 @@ void FindBar::LayOut()
     makeLine(choices, {column, missingIn, kind, columns});
     makeLine(replaceLine, {replacement, replace});
     firstLine = makeLine(nullptr, {text, matchCase, choices, counts, close});
+    firstLine->setStretchFactor(choices, CHOICES_STRETCH);
     secondLine = makeLine(nullptr, {});
     auto *const lines = new QVBoxLayout(this);
     lines->setContentsMargins(MARGIN, MARGIN, MARGIN, MARGIN);
@@ -133,6 +135,7 @@ void FindBar::LayOut()
     lines->addWidget(replaceLine);
     lines->addLayout(secondLine);
     firstLine->setStretchFactor(text, 1);
+    choices->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setTabOrder(text, replacement);
     setTabOrder(replacement, replace);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -155,7 +158,7 @@ void FindBar::FitLines()
     if (line->indexOf(choices) >= 0)
         return;
     (line == firstLine ? secondLine : firstLine)->removeWidget(choices);
-    line->insertWidget(line == firstLine ? 2 : 0, choices);
+    line->insertWidget(line == firstLine ? 2 : 0, choices, CHOICES_STRETCH);
     layout()->invalidate();
     updateGeometry(); // the height is another one
 }
