@@ -174,5 +174,4 @@ void FirstNameOfComponent(benchmark::State &state)
 }
 BENCHMARK(FirstNameOfComponent)->Arg(100)->Arg(5000)->Arg(100000)->Unit(benchmark::kMicrosecond);
 
-
 } // namespace

@@ -58,10 +58,9 @@ CResDoc::~CResDoc()
 
 void CResDoc::LoadClasses()
 {
-    QString file = env.settings.String("Layout", "catalogue");
+    const QString file = CataloguePath(env);
     if (file.isEmpty())
         return;
-    MakeAbsolute(file, env.ProgramDir());
     std::shared_ptr<ClassCatalogue> &known = tables.catalogues[file];
     if (!known)
         known = std::make_shared<ClassCatalogue>();
