@@ -80,6 +80,19 @@ TEST_F(OutsideChanges, AreLoadedBeforeTheDocumentIsUsedAgain)
     EXPECT_THAT(explained, HasSubstr("ref_list_demo.txt; it was read again"));
 }
 
+TEST_F(OutsideChanges, TellEachFindingOnce)
+{
+    std::string codes;
+    const Notifier<const Finding &>::Listener listener(
+        project.env->found, [&codes](const Finding &finding) { codes += std::string(finding.code) + ' '; });
+    project.folder.Put(LIST, "<APP><FILE id=\"ID_A\">gone.png</FILE></APP>");
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::TakenIn);
+    EXPECT_EQ(codes, "list.file-missing ") << "not those of the trial as well";
+    project.folder.Put(LIST, "<APP>");
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::Unreadable);
+    EXPECT_EQ(codes, "list.file-missing list.malformed ") << "which the report has a line of";
+}
+
 TEST_F(OutsideChanges, AreKeptWhenASaveReplacesThem)
 {
     ChangeOutside();

@@ -151,6 +151,7 @@ private:
         bool isLoaded = false;
         int losses = 0; ///< errors, and what was left out
         QString report;
+        std::vector<Finding> findings; ///< which the listeners haven't received
         QStringList explained;
     };
     [[nodiscard]] Attempt TryToLoad() const;
