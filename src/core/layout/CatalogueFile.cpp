@@ -121,8 +121,9 @@ private:
     {
         for (const TiXmlAttribute *attribute = element.FirstAttribute(); attribute; attribute = attribute->Next()) {
             if (std::find(allowed.begin(), allowed.end(), QByteArrayView(attribute->Name())) == allowed.end())
-                Error(element, QStringLiteral("<%1> has no attribute \"%2\"")
-                                   .arg(Text(element.Value()), Text(attribute->Name())));
+                Error(
+                    element,
+                    QStringLiteral("<%1> has no attribute \"%2\"").arg(Text(element.Value()), Text(attribute->Name())));
         }
     }
 
@@ -138,8 +139,9 @@ private:
     {
         const char *const text = element.Attribute(attribute);
         if (!text) {
-            Error(element, QStringLiteral("<%1> needs the attribute \"%2\"")
-                               .arg(Text(element.Value()), QLatin1String(attribute)));
+            Error(
+                element,
+                QStringLiteral("<%1> needs the attribute \"%2\"").arg(Text(element.Value()), QLatin1String(attribute)));
             return {};
         }
         if (!IsIdentifier(text)) {
