@@ -1,6 +1,6 @@
 // The string table: opening it beside the bare lines of its file, and one edit, whatever the table's size.
 
-#include "Environment.h"
+#include "BenchModel.h"
 #include "StringCommands.h"
 #include "StringFileReader.h"
 #include "StringOrder.h"
@@ -21,19 +21,6 @@ struct NoGrid : IStringGrid
 {
     void ReportCellError(int, int, int) override {}
     void ShowMessage(int) override {}
-};
-
-class TableModel : public CResModel
-{
-public:
-    TableModel(Environment &environment, ProcessTables &processTables) : CResModel(environment, processTables)
-    {
-        root.AddFolder(CreateFolder(KIND_STRINGS, -1));
-    }
-    const QString &PathName() const override { return path; }
-
-private:
-    QString path = QStringLiteral("/demo.vcproj");
 };
 
 QByteArray FileOf(qint64 rows)
@@ -62,7 +49,7 @@ Utf16Lines::Source SourceOf(const QByteArray &file, qsizetype &at)
     };
 }
 
-struct World
+struct World : StringsWorld
 {
     explicit World(const QByteArray &file)
     {
@@ -72,9 +59,6 @@ struct World
             std::abort();
         table.Rebuild();
     }
-    Environment env{QStringLiteral("/nowhere")};
-    ProcessTables tables;
-    TableModel model{env, tables};
     NoGrid grid;
     StringTable table{model, grid};
 };
