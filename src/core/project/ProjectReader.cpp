@@ -111,7 +111,7 @@ private:
         const QString absolute = context.Absolute(QString::fromUtf8(text));
         doc.NoteFile(absolute);
         LoadLayoutFile(doc, folder, report.Narrow(element, text));
-        doc.WatchFile(absolute, CResDoc::WATCH_LAYOUT);
+        doc.WatchFile(absolute, WATCH_LAYOUT);
     }
 
     int ReadStrings(const TiXmlElement &element)
@@ -130,7 +130,7 @@ private:
         doc.NoteFile(absolute);
         const int code = ReadStringFile(path, doc);
         if (code == 0)
-            doc.WatchFile(absolute, CResDoc::WATCH_STRINGS);
+            doc.WatchFile(absolute, WATCH_STRINGS);
         return code;
     }
 
@@ -236,6 +236,6 @@ int ReadProject(const QString &path, CResDoc &doc)
     const int code = SetCurrentFolder(context.dir) ? ReadInto(context, file) : CANNOT_OPEN;
     doc.env.EndReport(context.name, "open");
     if (code == 0)
-        doc.WatchFile(context.Absolute(file), CResDoc::WATCH_RESOURCES);
+        doc.WatchFile(context.Absolute(file), WATCH_RESOURCES);
     return code;
 }
