@@ -46,6 +46,25 @@ protected:
     std::string notice;
 };
 
+/// Comes between two of the document's own steps, as another program does.
+struct Meddler : FakeMonitor
+{
+    quint32 AddFile(const QString &path, CDocument *document) override
+    {
+        if (whenRead)
+            whenRead(path);
+        return FakeMonitor::AddFile(path, document);
+    }
+    void RemoveFile(quint32 handle) override
+    {
+        FakeMonitor::RemoveFile(handle);
+        if (meddle)
+            std::exchange(meddle, nullptr)();
+    }
+    std::function<void(const QString &path)> whenRead;
+    std::function<void()> meddle;
+};
+
 } // namespace
 
 TEST_F(OutsideChanges, AreOtherTypesOfFilesInTheSettingsToo)
@@ -135,18 +154,43 @@ TEST_F(OutsideChanges, OfASaveUnderWayAreWaitedFor)
     ASSERT_EQ(waitpid(child, nullptr, 0), child);
 }
 
+TEST_F(OutsideChanges, WhileTheProjectIsReadMakeItReadAgain)
+{
+    Meddler meddler;
+    project.documents.CloseAll();
+    project.services.watch = &meddler;
+    int times = 0;
+    int most = 1;
+    meddler.whenRead = [&](const QString &path) { // the list is read, and its strings are, but the list isn't done
+        if (!path.endsWith(u"ref_list_demo.txt") || ++times > most)
+            return;
+        const QByteArray id = "ID_" + QByteArray::number(times);
+        project.folder.Put(STRINGS, TestProject::StringTable({id}));
+        project.folder.Put(LIST, "<APP><FILE id=\"ID_F" + id + "\"/><STRING>res\\ref_list_demo.txt</STRING></APP>");
+    };
+    doc = project.Open();
+    ASSERT_NE(doc, nullptr);
+    EXPECT_NE(doc->ids.FindName("ID_1"), nullptr);
+    EXPECT_NE(doc->ids.FindName("ID_FID_1"), nullptr);
+    EXPECT_EQ(doc->ids.FindName("ID_A"), nullptr);
+    EXPECT_EQ(times, 2);
+    EXPECT_THAT(explained, HasSubstr("while it was read; the project is read again"));
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::None);
+
+    project.documents.CloseAll();
+    times = 0;
+    most = 1000;
+    EXPECT_EQ(project.Open(), nullptr);
+    EXPECT_EQ(times, 5);
+    EXPECT_THAT(explained, HasSubstr("again and again"));
+    most = 0;
+    EXPECT_NE(project.Open(), nullptr);
+    project.documents.CloseAll();
+}
+
 TEST_F(OutsideChanges, WhileASaveIsUnderWayMakeItFail)
 {
-    struct Meddler : FakeMonitor
-    {
-        void RemoveFile(quint32 handle) override
-        {
-            FakeMonitor::RemoveFile(handle);
-            if (meddle)
-                std::exchange(meddle, nullptr)();
-        }
-        std::function<void()> meddle;
-    } meddler;
+    Meddler meddler;
     project.documents.CloseAll();
     project.services.watch = &meddler;
     doc = project.Open();

@@ -94,10 +94,48 @@ void CResDoc::Serialize(bool loading)
     env.ResetCounts();
     if (!RecoverProjectFiles(env, m_strPathName))
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
-    Load();
+    LoadOneState();
     name = FileTitle(m_strPathName);
     spy.doc = this;
     tables.projectPath = m_strPathName;
+}
+
+void CResDoc::LoadOneState()
+{
+    constexpr int MOST_LOADS = 5;
+    for (int loads = 1;; ++loads) {
+        bool isLoaded = true;
+        try {
+            Load();
+        } catch (const ArchiveException &) {
+            isLoaded = false;
+        }
+        // A save that is between its renames has its journal there.
+        const bool isAtRest = !HasJournal(env, m_strPathName) || RecoverProjectFiles(env, m_strPathName);
+        const QString changed = stamps.Since().files.join(QStringLiteral(", "));
+        if (isAtRest && isLoaded && changed.isEmpty())
+            return;
+        if (!isAtRest || changed.isEmpty())
+            throw ArchiveException{CAUSE_BAD_DOCUMENT};
+        if (loads == MOST_LOADS) {
+            env.ExplainFailure(QStringLiteral("another program changes %1 again and again while the project is read; "
+                                              "try again when it has come to its end")
+                                   .arg(changed));
+            throw ArchiveException{CAUSE_BAD_DOCUMENT};
+        }
+        env.Explain(
+            QStringLiteral("Another program has changed %1 while it was read; the project is read again").arg(changed));
+        EmptyTree();
+        env.ResetCounts();
+    }
+}
+
+void CResDoc::EmptyTree()
+{
+    ClearFolder(root);
+    untouchedLayouts.clear();
+    leftOutLayouts.clear();
+    watches.UnwatchLayouts();
 }
 
 void CResDoc::Load()
@@ -283,12 +321,9 @@ void CResDoc::OnWatchedFileChanged(quint32 handle)
 void CResDoc::ReloadResources()
 {
     treeLost = true;
-    ClearFolder(root);
-    untouchedLayouts.clear();
-    leftOutLayouts.clear();
-    watches.UnwatchLayouts();
+    EmptyTree();
     try {
-        Load();
+        LoadOneState();
         treeLost = false;
     } catch (const ArchiveException &) {
         UpdateAllViews(nullptr); // of what the failure has left

@@ -111,7 +111,11 @@ public:
 private:
     [[nodiscard]] SaveResult SaveAll(const QString &path);
     [[nodiscard]] SaveResult RefuseSave(const QString &path);
+    /// Loads the project again as long as other programs change it meanwhile: what is loaded is of one save. Throws
+    /// ArchiveException when it doesn't load, or after five times.
+    void LoadOneState();
     void Load();
+    void EmptyTree();
     void KeepWhatIsLeftOut();
     /// What came of loading the project into another document.
     struct Attempt
