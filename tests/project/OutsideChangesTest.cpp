@@ -1,10 +1,14 @@
 #include "FileLimit.h"
 #include "KeptFiles.h"
+#include "Leftovers.h"
 #include "ProjectLock.h"
 #include "ProjectSave.h"
+#include "SaveJournal.h"
 #include "TestProject.h"
 
 #include <gmock/gmock.h>
+
+#include <QFile>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -185,6 +189,36 @@ TEST_F(OutsideChanges, WhileTheProjectIsReadMakeItReadAgain)
     EXPECT_THAT(explained, HasSubstr("again and again"));
     most = 0;
     EXPECT_NE(project.Open(), nullptr);
+    project.documents.CloseAll();
+}
+
+TEST_F(OutsideChanges, OfASaveThatHasNotRenamedAllAreWaitedForByALoad)
+{
+    Meddler meddler;
+    project.documents.CloseAll();
+    project.services.watch = &meddler;
+    bool isSaved = false;
+    meddler.whenRead = [&](const QString &path) {
+        if (!path.endsWith(u"demo.res.xml") || std::exchange(isSaved, true))
+            return;
+        const pid_t child = fork();
+        if (child == 0) {
+            const QByteArray place = project.folder.Path(STRINGS).toUtf8();
+            QFile made(QString::fromUtf8(TemporaryName(place, getpid(), 0)));
+            SaveJournal journal;
+            const bool isReady =
+                made.open(QIODevice::WriteOnly) && made.write(TestProject::StringTable({"ID_SAVED"})) > 0 &&
+                made.flush() &&
+                journal.Begin(*project.env, SavedProjectOf(*project.env, project.Path()), {{place, 0, false}}) == 0;
+            _exit(isReady ? 0 : 1); // killed there
+        }
+        int status = -1;
+        EXPECT_TRUE(waitpid(child, &status, 0) == child && status == 0);
+    };
+    doc = project.Open();
+    ASSERT_NE(doc, nullptr);
+    EXPECT_NE(doc->ids.FindName("ID_SAVED"), nullptr);
+    EXPECT_FALSE(project.folder.Has("demo/res/.demo.journal"));
     project.documents.CloseAll();
 }
 
