@@ -140,7 +140,10 @@ private:
     /// What is wrong with an element. Without a `text` the report's line says it.
     Finding About(const TiXmlElement &element, const char *code, Severity severity, const QString &text = {})
     {
-        Finding finding{code, severity, list, RowOf(element), QString::fromUtf8(element.Attribute("id")), text};
+        Finding finding{code, severity, list, RowOf(element), {}, text};
+        if (text.isEmpty() && env.found.IsEmpty())
+            return finding; // nobody asks for the ID, and there can be 100,000
+        finding.id = QString::fromUtf8(element.Attribute("id"));
         if (!text.isEmpty())
             doc.findings.Add(finding);
         return finding;
@@ -206,7 +209,7 @@ private:
             return;
         }
         const char *text = TextOf(element);
-        if (!IsValidIdName(QString::fromUtf8(id))) {
+        if (!IsValidIdName(QByteArrayView(id))) {
             env.Report(About(element, "list.id-invalid", Severity::Error,
                              u"\"%1\" is no ID: %2"_s.arg(QString::fromUtf8(id), ID_RULE)),
                        "invalid ID format - [%s] (Line %d).", id, LineOf(element));
