@@ -36,6 +36,7 @@ template <typename Function> void ForEachChild(const TiXmlElement &parent, Funct
 /// Text of the document (UTF-8) in the ANSI code page, and back. Bytes that are no UTF-8 stay as they are where the
 /// parser would read them as such, and become U+FFFD where it wouldn't.
 [[nodiscard]] NarrowText FromXml(const Environment &env, const char *text);
+[[nodiscard]] NarrowText FromXml(const Environment &env, const QByteArray &text);
 [[nodiscard]] QByteArray ToXml(const Environment &env, const NarrowText &text);
 
 /// Says whether a text of the document (UTF-8) is the same again after `FromXml` and `ToXml`. False for one that the

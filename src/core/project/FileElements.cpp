@@ -63,7 +63,7 @@ CResFolder *FileElements::FilesFolder(quint32 kind)
 
 void FileElements::CheckElement(const TiXmlElement &element, const char *id, const char *text)
 {
-    if (!IsValidIdName(QString::fromUtf8(id))) {
+    if (!IsValidIdName(QByteArrayView(id))) {
         env.Report(report.About(element, "list.id-invalid", Severity::Error,
                                 u"\"%1\" is no ID: %2"_s.arg(QString::fromUtf8(id), ID_RULE)),
                    "invalid ID format - [%s] (Line %d).", id, LineOf(element));

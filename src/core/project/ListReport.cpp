@@ -56,7 +56,10 @@ void ListReport::AddUnread(int row, const QString &text, bool isComment)
 
 Finding ListReport::About(const TiXmlElement &element, const char *code, Severity severity, const QString &text)
 {
-    Finding finding{code, severity, list, RowOf(element), QString::fromUtf8(element.Attribute("id")), text};
+    Finding finding{code, severity, list, RowOf(element), {}, text};
+    if (text.isEmpty() && env.found.IsEmpty())
+        return finding; // nobody asks for the ID, and there can be 100,000
+    finding.id = QString::fromUtf8(element.Attribute("id"));
     if (!text.isEmpty())
         doc.findings.Add(finding);
     return finding;
