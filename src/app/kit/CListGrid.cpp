@@ -123,8 +123,8 @@ void CListGrid::paintEvent(QPaintEvent *event)
         return;
     const bool isSelected = selectionModel()->isSelected(current);
     QPainter painter(viewport());
-    painter.setPen(
-        QPen(palette().color(QPalette::Active, isSelected ? QPalette::HighlightedText : QPalette::Text), 1, Qt::DotLine));
+    painter.setPen(QPen(palette().color(QPalette::Active, isSelected ? QPalette::HighlightedText : QPalette::Text), 1,
+                        Qt::DotLine));
     painter.drawRect(RowRect(current.row()).adjusted(0, 0, -1, -2)); // inside of the grid lines
 }
 

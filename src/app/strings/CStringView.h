@@ -18,7 +18,12 @@ class StringFinder;
 class StringGrid;
 
 /// The pane of a project's strings: a grid of one row a string and one column a language, with undo.
-class CStringView : public QWidget, public CView, public IActionTarget, public IEditOwner, public IRowOwner, public IStateOwner
+class CStringView : public QWidget,
+                    public CView,
+                    public IActionTarget,
+                    public IEditOwner,
+                    public IRowOwner,
+                    public IStateOwner
 {
 public:
     CStringView(CResDoc &projectDocument, IViewHost &viewHost);
