@@ -1,5 +1,6 @@
 #include "StringWindow.h"
 
+#include "FindBar.h"
 #include "Spreadsheet.h"
 #include "StringGridRules.h"
 
@@ -12,8 +13,9 @@
 namespace
 {
 
-const ActionId ACTIONS[] = {ACTION_NEW,  ACTION_IMPORT, ACTION_EXPORT,     ACTION_LANGUAGE, ACTION_UNDO,       ACTION_REDO, ACTION_COPY,
-                            ACTION_PASTE, ACTION_DELETE, ACTION_DELETE_ALL, ACTION_RENAME,   ACTION_SELECT_ALL, ACTION_CUT};
+const ActionId ACTIONS[] = {ACTION_NEW,    ACTION_IMPORT,     ACTION_EXPORT, ACTION_LANGUAGE, ACTION_UNDO,
+                            ACTION_REDO,   ACTION_COPY,       ACTION_PASTE,  ACTION_DELETE,   ACTION_DELETE_ALL,
+                            ACTION_RENAME, ACTION_SELECT_ALL, ACTION_CUT};
 
 /// Which of them are enabled, a letter each.
 std::string Enabled(const StringWindow &window)
@@ -79,9 +81,10 @@ TEST(StringPane, ShowsTheKindOfWhatIsSelectedInItsMenu)
         int pushed;
         bool enabled, checked;
     };
-    for (const Case &each : {Case{0, false, 0, false, false}, Case{1, true, 0, false, false}, Case{1, false, 1, true, true},
-                             Case{1, false, 0, true, false}, Case{3, false, 3, true, true}, Case{3, false, 0, true, false},
-                             Case{3, false, 1, false, false}}) {
+    for (const Case &each :
+         {Case{0, false, 0, false, false}, Case{1, true, 0, false, false}, Case{1, false, 1, true, true},
+          Case{1, false, 0, true, false}, Case{3, false, 3, true, true}, Case{3, false, 0, true, false},
+          Case{3, false, 1, false, false}}) {
         const ActionState state = PushEntryState({9, each.selected, each.isNewSelected}, each.pushed);
         EXPECT_EQ(state.enabled, each.enabled) << each.selected << each.pushed;
         EXPECT_EQ(state.checked, each.checked) << each.selected << each.pushed;
@@ -111,7 +114,8 @@ TEST(StringPane, DeletesAfterAQuestion)
                                          u"All the item(s) will be deleted. Continue?"_s}));
     window.Frame().RunAction(ACTION_UNDO);
     window.Frame().RunAction(ACTION_UNDO);
-    EXPECT_EQ(window.Shown(0, 0) + window.Shown(1, 0) + window.Shown(2, 0) + window.Shown(3, 0), "ID_A2ID_A10ID_C<New>");
+    EXPECT_EQ(window.Shown(0, 0) + window.Shown(1, 0) + window.Shown(2, 0) + window.Shown(3, 0),
+              "ID_A2ID_A10ID_C<New>");
     window.Document().SetModifiedFlag(false);
 }
 
@@ -120,7 +124,8 @@ TEST(StringPane, SortsByAClickAndRemembersItWithTheWidths)
     StringWindow window;
     const auto header = [&]() -> QHeaderView & { return *window.Grid().horizontalHeader(); };
     const auto click = [&](int col) {
-        QTest::mouseClick(header().viewport(), Qt::LeftButton, {}, QPoint(header().sectionViewportPosition(col) + 20, 5));
+        QTest::mouseClick(header().viewport(), Qt::LeftButton, {},
+                          QPoint(header().sectionViewportPosition(col) + 20, 5));
     };
     const auto ids = [&] {
         std::string text;
@@ -206,5 +211,82 @@ TEST(StringPane, LetsGoOfWhatIsReloadedOrCleared)
     window.Type(u"id_first"_s);
     window.Key(Qt::Key_Return);
     EXPECT_EQ(window.Table().RowCount(), 1);
+    window.Document().SetModifiedFlag(false);
+}
+
+TEST(StringPane, FindsFiltersAndGoesToAnId)
+{
+    StringWindow window;
+    const auto ids = [&] {
+        std::string text;
+        for (int row = 0; row < window.Grid().model()->rowCount(); ++row)
+            text += window.Shown(row, 0) + ' ';
+        return text;
+    };
+    window.Grid().SelectAlone(2, 3);
+    window.Frame().RunAction(ACTION_FIND_BAR);
+    window.Type(u"te"_s);
+    EXPECT_EQ(ids(), "ID_A10 <New> ") << "Ten";
+    window.Type(u"x"_s);
+    EXPECT_EQ(ids(), "<New> ");
+    window.Key(Qt::Key_Backspace);
+    window.Grid().setFocus();
+    window.Edit(0, 3);
+    window.Type(u"Zehn"_s);
+    window.Key(Qt::Key_Return);
+    EXPECT_EQ(ids(), "ID_A10 <New> ") << "what was edited stays in sight";
+    window.Frame().RunAction(ACTION_FIND_BAR);
+    window.Key(Qt::Key_Escape);
+    EXPECT_EQ(ids(), "ID_A2 ID_A10 ID_C <New> ");
+
+    window.Grid().SelectAlone(0, 0);
+    window.Frame().RunAction(ACTION_NEXT_GAP);
+    EXPECT_EQ(window.Grid().currentIndex(), window.Grid().model()->index(0, 4));
+    window.Frame().RunAction(ACTION_FIND_BAR);
+    window.Type(u"Mer"_s);
+    window.Child().Selected().SelectFolder(&window.Document().root);
+    QTimer::singleShot(0, [] {
+        QWidget *const dialog = QApplication::activeModalWidget();
+        QTest::keyClicks(dialog->findChild<QLineEdit *>(), u"a1"_s);
+        QTest::keyClick(dialog->findChild<QLineEdit *>(), Qt::Key_Return);
+    });
+    window.Frame().RunAction(ACTION_GO_TO_ID);
+    EXPECT_TRUE(window.View().isVisible());
+    EXPECT_EQ(window.Shown(window.Grid().currentIndex().row(), 0), "ID_A10") << "a filter that hides it ends";
+    window.Document().SetModifiedFlag(false);
+}
+
+TEST(StringPane, CopiesPastesAndReplacesCellsAsOneStep)
+{
+    StringWindow window;
+    window.Grid().Select({0, 1});
+    window.Frame().RunAction(ACTION_COPY_CELLS);
+    const QString copied = QGuiApplication::clipboard()->text();
+    EXPECT_EQ(copied.toStdString(), "ID\tResource Type\tDescription\tEnglish\tFrench\nID_A2\tPush\ta\tTwo\t\n"
+                                    "ID_A10\tNormal\tb\tTen\tDix\n");
+    QGuiApplication::clipboard()->setText(u"ID\tFrench\nID_A2\tDeux\nid_new\tNeuf\n"_s);
+    window.Answer({QMessageBox::Cancel, QMessageBox::Ok, QMessageBox::Ok});
+    window.Frame().RunAction(ACTION_PASTE_CELLS);
+    EXPECT_EQ(window.Shown(0, 4), "");
+    window.Frame().RunAction(ACTION_PASTE_CELLS);
+    EXPECT_EQ(window.Shown(0, 4) + window.Shown(3, 0) + window.Shown(3, 4), "DeuxID_NEWNeuf");
+    ASSERT_EQ(window.boxes.size(), 2);
+    EXPECT_TRUE(window.boxes[1].startsWith(u"1 cell(s) will change, and 1 row(s) will be added. Continue?"_s));
+    window.Frame().RunAction(ACTION_UNDO);
+    EXPECT_EQ(window.Table().RowCount(), 3);
+
+    window.Activate();
+    window.Frame().RunAction(ACTION_REPLACE);
+    window.Type(u"e"_s); // See, Ten, Mer
+    auto &bar = StringWindow::Find<FindBar>(window.View());
+    for (QLineEdit *field : bar.findChildren<QLineEdit *>()) {
+        if (field->placeholderText().contains(u"eplace"_s))
+            field->setText(u"3"_s);
+    }
+    bar.replaceAll();
+    EXPECT_EQ(window.Table().CellText(window.Table().RowOf("ID_C", 0), 3), u"S33"_s);
+    window.Grid().setFocus();
+    window.Frame().RunAction(ACTION_UNDO);
+    EXPECT_EQ(window.Table().CellText(window.Table().RowOf("ID_C", 0), 3), u"See"_s);
     window.Document().SetModifiedFlag(false);
 }

@@ -80,8 +80,7 @@ TEST(StringView, TakesTheTextWhateverEndsTheEditing)
         {"save", [](StringWindow &window) { window.Frame().RunAction(ACTION_SAVE); }},
         {"sort", [](StringWindow &window) { window.Grid().SortBy(2); }},
         {"an update of all views", [](StringWindow &window) { window.Document().UpdateAllViews(nullptr); }},
-        {"a command of an IDE",
-         [](StringWindow &window) { const CMainFrame::Busy busy(window.Frame(), 0xAFBDDBFC); }},
+        {"a command of an IDE", [](StringWindow &window) { const CMainFrame::Busy busy(window.Frame(), 0xAFBDDBFC); }},
     };
     for (const auto &[what, end] : ends) {
         SCOPED_TRACE(what);
@@ -163,15 +162,13 @@ TEST(StringView, TellsOnceWhyAnIdIsRefusedAndComesBackToTheCell)
         window.Key(key);
         ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 1 && window.Edited() == "0,0"; }));
         EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{0});
-        window.Frame().activateWindow();
-        window.Settle();
+        window.Activate();
         window.Type(u"id_c"_s);
         window.Frame().RunAction(ACTION_SAVE);
         ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 2 && window.Edited() == "0,0"; }));
         EXPECT_EQ(window.boxes, (QStringList{u"The ID is invalid."_s, u"The ID already exists, or it is reserved."_s}));
         EXPECT_FALSE(window.Document().IsModified()) << "a save with a refused text waits for the user";
-        window.Frame().activateWindow();
-        window.Settle();
+        window.Activate();
         window.Key(Qt::Key_Escape);
     }
 }
@@ -186,7 +183,8 @@ TEST(StringView, ChoosesTheKindInABox)
     click(0, 1);
     ASSERT_TRUE(window.TypeBox().isVisible());
     EXPECT_EQ(window.TypeBox().currentText(), u"Push"_s);
-    QWheelEvent wheel({5, 5}, window.TypeBox().mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+    QWheelEvent wheel({5, 5}, window.TypeBox().mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
+                      false);
     QApplication::sendEvent(&window.TypeBox(), &wheel);
     EXPECT_EQ(window.TypeBox().currentText(), u"Push"_s);
     window.Key(Qt::Key_Escape);

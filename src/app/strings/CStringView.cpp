@@ -114,6 +114,17 @@ bool CStringView::TakeEdit()
     return grid->TakeEdit();
 }
 
+void CStringView::GoTo(const CBaseRes &resource)
+{
+    const int row = table.RowOf(resource.Id()->name, 0);
+    if (row < 0)
+        return;
+    if (model.ShownRow(row) < 0)
+        finder->EndFilter();
+    grid->SelectAlone(model.ShownRow(row), StringTable::ID_COLUMN);
+    grid->setFocus();
+}
+
 QList<ProfileEntry> CStringView::State() const
 {
     return grid->State();
