@@ -123,6 +123,11 @@ void TakeStrings(TestWindow &window, const QString &folder)
     goTo(9, 7); // a gap
     PressKey(Qt::Key_Return);
     Take(window, folder, "string-editor");
+    PressKey(Qt::Key_Tab, Qt::ShiftModifier);
+    Take(window, folder, "string-editor-arabic");
+    PressKey(Qt::Key_Escape);
+    PressKey(Qt::Key_Down, Qt::AltModifier);
+    Take(window, folder, "string-types");
     PressKey(Qt::Key_Escape);
     window.Frame().RunAction(ACTION_DETAILS);
     window.Frame().RunAction(ACTION_FIND_BAR);
