@@ -100,6 +100,18 @@ TEST(StringView, TakesTheTextWhateverEndsTheEditing)
     }
 }
 
+TEST(StringView, ClosingTheWindowTakesTheText)
+{
+    StringWindow window;
+    window.Edit(0, 3);
+    window.Type(u"Deux"_s);
+    window.Answer({QMessageBox::Cancel});
+    window.Child().close(); // as the button of the window does
+    EXPECT_EQ(window.boxes, QStringList{u"Save changes to demo?"_s});
+    EXPECT_EQ(window.Shown(0, 3), "Deux");
+    window.Document().SetModifiedFlag(false);
+}
+
 TEST(StringView, MenusAndTheEditorsOwnMenuEndNothing)
 {
     StringWindow window;
