@@ -223,4 +223,7 @@ TEST(StringView, ChoosesTheKindInABox)
     window.Grid().SelectAlone(1, 3);
     QTest::keyClick(&window.Grid(), Qt::Key_Down, Qt::AltModifier);
     EXPECT_TRUE(window.TypeBox().isVisible());
+    window.Frame().RunAction(ACTION_REDO);
+    EXPECT_FALSE(window.TypeBox().isVisible());
+    EXPECT_EQ(window.Shown(0, 1), "Normal") << "a box in which nothing was chosen must not end what Redo can do";
 }

@@ -147,7 +147,7 @@ bool StringGrid::TakeEdit()
 {
     const int refused = refusals;
     editor->Commit();
-    typeBox->Commit();
+    typeBox->Take(); // a step that changes nothing would be what Undo takes back, and end what Redo could do
     return refused == refusals;
 }
 
