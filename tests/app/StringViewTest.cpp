@@ -44,6 +44,8 @@ TEST(StringView, EditsCellsByTheKeyboard)
             window.Type(QString::fromLatin1(each.typed));
         window.Key(each.key, each.modifiers);
         EXPECT_EQ(window.Edited(), each.edited);
+        const int selected = window.Editor().isVisible() ? window.Editor().Cell().row() : each.row;
+        EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{selected});
         EXPECT_EQ(window.Shown(each.row, each.col), each.text);
         EXPECT_EQ(window.Table().history.CanUndo(), each.undoable);
         EXPECT_EQ(window.Document().IsModified(), each.undoable);

@@ -46,6 +46,7 @@ void StringGrid::Connect()
 {
     connect(&rows, &QAbstractItemModel::modelReset, this, &StringGrid::FitColumns);
     connect(&rows, &QAbstractItemModel::columnsInserted, this, &StringGrid::FitColumns);
+    connect(&rows, &QAbstractItemModel::rowsInserted, this, &StringGrid::RowsInserted);
     connect(&rows, &QAbstractItemModel::columnsRemoved, this, [this](const QModelIndex &, int first, int last) {
         widths.erase(widths.begin() + first, widths.begin() + last + 1);
         before.erase(before.begin() + first, before.begin() + last + 1);
@@ -107,6 +108,22 @@ void StringGrid::ConnectEditor()
         if (!choice.isEmpty())
             (void)Commit(cell, choice);
     };
+}
+
+/// A row that is made at the end takes the place of the new-row line. If that was selected or in focus, the row now is.
+void StringGrid::RowsInserted(const QModelIndex &, int, int last)
+{
+    const QModelIndex newRow = rows.index(rows.rowCount() - 1, 0);
+    if (rows.TableRow(last) != table.RowCount() - 1)
+        return;
+    const int focused = currentIndex().column();
+    const bool hasFocus = currentIndex().row() == newRow.row();
+    if (selectionModel()->isSelected(newRow)) {
+        selectionModel()->select(newRow, QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
+        selectionModel()->select(rows.index(last, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
+    if (hasFocus)
+        selectionModel()->setCurrentIndex(rows.index(last, focused), QItemSelectionModel::NoUpdate);
 }
 
 /// Gives columns that are new the widths that they had when they were here last, or that the settings remember.
