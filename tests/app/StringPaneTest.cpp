@@ -190,6 +190,17 @@ TEST(StringPane, ComesBackToItsRow)
     EXPECT_EQ(window.Grid().currentIndex().column(), 3);
 }
 
+TEST(StringPane, ASelectedRowIsSelectedInANewLanguageToo)
+{
+    StringWindow window;
+    window.Grid().SelectAlone(1, 0);
+    CResFolder &strings = *window.Document().root.FindFolder(KIND_STRINGS, 2);
+    strings.AddFolder(window.Document().CreateFolder(KIND_LANGUAGE, 1));
+    window.Table().AddLanguageColumn(*strings.FindFolder(KIND_LANGUAGE, 1, 1));
+    EXPECT_TRUE(window.Grid().selectionModel()->isSelected(window.Grid().model()->index(1, 5)));
+    window.Document().SetModifiedFlag(false);
+}
+
 /// The project goes away below the grid.
 TEST(StringPane, LetsGoOfWhatIsReloadedOrCleared)
 {

@@ -45,7 +45,10 @@ StringGrid::StringGrid(StringTable &stringTable, StringGridModel &gridModel, IVi
 void StringGrid::Connect()
 {
     connect(&rows, &QAbstractItemModel::modelReset, this, &StringGrid::FitColumns);
-    connect(&rows, &QAbstractItemModel::columnsInserted, this, &StringGrid::FitColumns);
+    connect(&rows, &QAbstractItemModel::columnsInserted, this, [this] {
+        FitColumns();
+        Select(SelectedRows()); // with the cells that have come
+    });
     connect(&rows, &QAbstractItemModel::rowsInserted, this, &StringGrid::RowsInserted);
     connect(&rows, &QAbstractItemModel::columnsRemoved, this, [this](const QModelIndex &, int first, int last) {
         widths.erase(widths.begin() + first, widths.begin() + last + 1);
