@@ -96,7 +96,6 @@ private:
     void TakeDirections();
     [[nodiscard]] QString Accessible(int tableRow, int col) const;
     [[nodiscard]] bool IsMarkedGap(int tableRow, int col) const;
-    [[nodiscard]] QString Title(int col) const;
 
     StringTable *table = nullptr;
     ShownRows shown;
