@@ -13,6 +13,7 @@
 #include <QPointer>
 #include <QScopedValueRollback>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace
@@ -44,7 +45,12 @@ StringGrid::StringGrid(StringTable &stringTable, StringGridModel &gridModel, IVi
 
 void StringGrid::Connect()
 {
-    connect(&rows, &QAbstractItemModel::modelReset, this, &StringGrid::FitColumns);
+    connect(&rows, &QAbstractItemModel::modelAboutToBeReset, this, &StringGrid::NoteSelection);
+    connect(&rows, &QAbstractItemModel::modelReset, this, [this] {
+        isTableGoing = false;
+        FitColumns();
+        PutSelectionBack();
+    });
     connect(&rows, &QAbstractItemModel::columnsInserted, this, [this] {
         FitColumns();
         Select(SelectedRows()); // with the cells that have come
@@ -84,10 +90,12 @@ void StringGrid::Connect()
         boxes.ShowMessage(StringEditMessage(code));
     };
     rows.goes = [this](bool isReset) {
-        if (isReset) {
-            editor->Cancel();
-            typeBox->Cancel();
-        }
+        if (!isReset)
+            return;
+        isTableGoing = true;
+        selectedIds.clear();
+        editor->Cancel();
+        typeBox->Cancel();
     };
 }
 
@@ -127,6 +135,32 @@ void StringGrid::RowsInserted(const QModelIndex &, int, int last)
     }
     if (hasFocus)
         selectionModel()->setCurrentIndex(rows.index(last, focused), QItemSelectionModel::NoUpdate);
+}
+
+/// A long command resets the model, which takes the selection. After a filter the row in focus alone is selected.
+void StringGrid::NoteSelection()
+{
+    selectedIds.clear();
+    if (isTableGoing || !rows.IsInBatch()) // rows of a table that goes can't be asked
+        return;
+    for (const int row : SelectedRows()) {
+        const CStringRes *const head = table.Head(rows.TableRow(row));
+        selectedIds.push_back(head ? head->Id()->name : NarrowText());
+    }
+}
+
+/// Selects the rows of the IDs that are still there; the new-row line has none.
+void StringGrid::PutSelectionBack()
+{
+    std::vector<int> selected;
+    for (const NarrowText &id : std::exchange(selectedIds, {})) {
+        const int tableRow = id.isEmpty() ? table.RowCount() : table.RowOf(id, -1);
+        if (const int row = rows.ShownRow(tableRow); row >= 0)
+            selected.push_back(row);
+    }
+    std::sort(selected.begin(), selected.end());
+    if (!selected.empty())
+        Select(selected);
 }
 
 /// Gives columns that are new the widths that they had when they were here last, or that the settings remember.
@@ -241,8 +275,13 @@ void StringGrid::SelectLastRow()
 {
     const int tableRow = lastId.isEmpty() ? -1 : table.RowOf(lastId, lastRow);
     const int row = tableRow < 0 ? -1 : rows.ShownRow(tableRow);
-    if (row >= 0)
-        SelectAlone(row, qMin(lastColumn, rows.columnCount() - 1));
+    if (row < 0)
+        return;
+    const int col = qMin(lastColumn, rows.columnCount() - 1);
+    if (CountSelected().rows == 0)
+        SelectAlone(row, col);
+    else
+        selectionModel()->setCurrentIndex(rows.index(row, col), QItemSelectionModel::NoUpdate);
 }
 
 void StringGrid::HideColumn(int col, bool hide)
@@ -273,12 +312,24 @@ void StringGrid::currentChanged(const QModelIndex &current, const QModelIndex &p
     CListGrid::currentChanged(current, previous);
     if (!current.isValid())
         return;
-    lastColumn = current.column();
-    lastRow = rows.TableRow(current.row());
-    const CStringRes *const head = table.Head(lastRow);
-    lastId = head ? head->Id()->name : NarrowText();
+    NoteFocus();
     if (focusMoved)
         focusMoved();
+}
+
+void StringGrid::dataChanged(const QModelIndex &first, const QModelIndex &last, const QList<int> &roles)
+{
+    CListGrid::dataChanged(first, last, roles);
+    if (currentIndex().row() >= first.row() && currentIndex().row() <= last.row())
+        NoteFocus(); // it may have another ID
+}
+
+void StringGrid::NoteFocus()
+{
+    lastColumn = currentIndex().column();
+    lastRow = rows.TableRow(currentIndex().row());
+    const CStringRes *const head = table.Head(lastRow);
+    lastId = head ? head->Id()->name : NarrowText();
 }
 
 void StringGrid::keyPressEvent(QKeyEvent *event)

@@ -40,7 +40,8 @@ public:
     };
     [[nodiscard]] const SelectionCount &CountSelected();
 
-    /// Selects the row that was in focus last, by its ID; none where it has gone.
+    /// Gives the row that was in focus last the focus, by its ID, and selects it if no row is selected. Nothing where
+    /// it has gone.
     void SelectLastRow();
     void HideColumn(int col, bool hide);
 
@@ -53,11 +54,15 @@ public:
 
 protected:
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void dataChanged(const QModelIndex &first, const QModelIndex &last, const QList<int> &roles) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void Connect();
     void ConnectEditor();
+    void NoteSelection();
+    void PutSelectionBack();
+    void NoteFocus();
     void FitColumns();
     void RowsInserted(const QModelIndex &parent, int first, int last);
     /// False when the table refuses the text.
@@ -74,8 +79,10 @@ private:
     bool isFitting = false;
     CellEditor *editor;
     ChoiceBox *typeBox;
-    NarrowText lastId; // of the row in focus
-    int lastRow = 0;   // of the table
+    std::vector<NarrowText> selectedIds; // during a reset of the model; empty ones for the new-row line
+    bool isTableGoing = false;           // the next reset is one of the whole table
+    NarrowText lastId;                   // of the row in focus
+    int lastRow = 0;                     // of the table
     int lastColumn = 0;
     int refusals = 0;
     std::optional<SelectionCount> selectionCount; // until the selection or the rows change
