@@ -102,6 +102,20 @@ TEST(StringView, TakesTheTextWhateverEndsTheEditing)
     }
 }
 
+TEST(StringView, EnterEditsTheRowInFocusWhichIsSelectedThen)
+{
+    StringWindow window;
+    window.Edit(0, 3);
+    window.Type(u"Deux"_s);
+    window.Key(Qt::Key_Return);
+    window.Grid().SelectAlone(2, 0);
+    window.Frame().RunAction(ACTION_UNDO); // moves the focus and not the selection
+    window.Key(Qt::Key_Return);
+    EXPECT_EQ(window.Edited(), "0,3");
+    EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{0});
+    window.Document().SetModifiedFlag(false);
+}
+
 TEST(StringView, ClosingTheWindowTakesTheText)
 {
     StringWindow window;

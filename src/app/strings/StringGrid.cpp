@@ -335,8 +335,11 @@ void StringGrid::NoteFocus()
 void StringGrid::keyPressEvent(QKeyEvent *event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && currentIndex().isValid())
+    if (isEnter && currentIndex().isValid()) {
+        if (CountSelected().rows == 1)
+            SelectAlone(currentIndex().row(), currentIndex().column()); // Undo moves the focus and not the selection
         return OpenCellEditor(currentIndex().row(), currentIndex().column());
+    }
     if (event->key() == Qt::Key_Down && (event->modifiers() & Qt::AltModifier))
         return OpenTypeBox();
     CListGrid::keyPressEvent(event);
