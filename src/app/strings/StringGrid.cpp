@@ -7,6 +7,7 @@
 #include "StringGaps.h"
 #include "StringGridRules.h"
 #include "StringOrder.h"
+#include "ViewBoxes.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -269,6 +270,16 @@ const StringGrid::SelectionCount &StringGrid::CountSelected()
         count.hasNewRow = count.hasNewRow || range.bottom() == newRow;
     }
     return count;
+}
+
+std::vector<int> StringGrid::SelectedStrings() const
+{
+    std::vector<int> strings;
+    for (const int row : SelectedRows()) {
+        if (const int tableRow = rows.TableRow(row); !table.IsNewRow(tableRow))
+            strings.push_back(tableRow);
+    }
+    return strings;
 }
 
 void StringGrid::SelectLastRow()

@@ -39,6 +39,8 @@ public:
         bool hasNewRow = false;
     };
     [[nodiscard]] const SelectionCount &CountSelected();
+    /// The rows of the table that are selected, ascending, without the new-row line.
+    [[nodiscard]] std::vector<int> SelectedStrings() const;
 
     /// Gives the row that was in focus last the focus, by its ID, and selects it if no row is selected. Nothing where
     /// it has gone.
