@@ -117,7 +117,7 @@ TEST(TreeLines, AreThoseOfTheOtherDirectionInAMirror)
     QApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
 }
 
-TEST(TitleBarStyle, ButtonsStandOutOnADarkDesktop)
+TEST(TitleBarStyle, ButtonsAndLinesOfGridsStandOutOnADarkDesktop)
 {
     const TitleBarStyle style;
     QStyleOption option;
@@ -135,6 +135,8 @@ TEST(TitleBarStyle, ButtonsStandOutOnADarkDesktop)
             ASSERT_GT(pixels, 5);
             EXPECT_EQ(lightness / pixels > 200, isDark) << which;
         }
+        const QColor line = QRgb(style.styleHint(QStyle::SH_Table_GridLineColor, &option, nullptr, nullptr));
+        EXPECT_GT(std::abs(line.lightness() - option.palette.color(QPalette::Base).lightness()), 40) << isDark;
     }
 }
 

@@ -130,8 +130,9 @@ void CListGrid::paintEvent(QPaintEvent *event)
 
 QRect CListGrid::RowRect(int row) const
 {
-    const int left = -horizontalHeader()->offset();
-    return {left, rowViewportPosition(row), horizontalHeader()->length(), rowHeight(row)};
+    const QHeaderView &header = *horizontalHeader();
+    const int left = isRightToLeft() ? viewport()->width() + header.offset() - header.length() : -header.offset();
+    return {left, rowViewportPosition(row), header.length(), rowHeight(row)};
 }
 
 /// The frame goes with the row; the view itself draws only two cells anew.

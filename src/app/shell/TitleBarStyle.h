@@ -6,9 +6,10 @@
 #include <QProxyStyle>
 #include <QStyleOptionTitleBar>
 
-/// The program's style: the desktop's, with title bars, their buttons and check boxes that can be seen on a dark
-/// desktop. There the desktop's style draws the buttons black, those of bars and those of a maximised project in the
-/// menu bar too, the shadow of a project's title light, and the edges of check boxes as dark as what is in them.
+/// The program's style: the desktop's, with title bars, their buttons, check boxes and the lines of grids that can be
+/// seen on a dark desktop. There the desktop's style draws the buttons black, those of bars and those of a maximised
+/// project in the menu bar too, the shadow of a project's title light, and the edges of check boxes and the lines of
+/// grids almost as dark as what is in them.
 class TitleBarStyle : public QProxyStyle
 {
 public:
@@ -43,6 +44,18 @@ public:
         painter->setPen(edge);
         painter->setBrush(Qt::NoBrush);
         painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    }
+
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *result) const override
+    {
+        if (hint != SH_Table_GridLineColor || !option || !IsDark(option->palette))
+            return QProxyStyle::styleHint(hint, option, widget, result);
+        const QColor &text = option->palette.color(QPalette::Text);
+        const QColor &base = option->palette.color(QPalette::Base);
+        const auto mixed = [](int over, int under) { return (over + 3 * under) / 4; };
+        return int(
+            qRgb(mixed(text.red(), base.red()), mixed(text.green(), base.green()), mixed(text.blue(), base.blue())));
     }
 
     QIcon standardIcon(StandardPixmap which, const QStyleOption *option, const QWidget *widget) const override

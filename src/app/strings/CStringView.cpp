@@ -14,7 +14,6 @@
 
 #include <QContextMenuEvent>
 #include <QDropEvent>
-#include <QHeaderView>
 #include <QPointer>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -253,9 +252,8 @@ void CStringView::OpenMenu(const QContextMenuEvent &event)
     const StringGridState state = GridState();
     QPoint place = event.globalPos();
     if (event.reason() == QContextMenuEvent::Keyboard) {
-        const QRect row = grid->visualRect(model.index(state.selected == 1 ? grid->SelectedRows().front() : 0, 0));
-        const int left = -grid->horizontalHeader()->offset();
-        place = grid->viewport()->mapToGlobal(QPoint(left + 5, row.center().y()));
+        const QRect row = grid->RowRect(state.selected == 1 ? grid->SelectedRows().front() : 0);
+        place = grid->viewport()->mapToGlobal(QPoint(row.left() + 5, row.center().y()));
     }
     const auto stateOf = [&](ActionId id) {
         if (id == ACTION_PUSH_STRING)
