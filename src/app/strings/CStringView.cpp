@@ -88,9 +88,14 @@ void CStringView::OnUpdate(CView *, long, CView *target)
 void CStringView::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    if (isStale)
-        Rebuild();
-    isStale = false;
+    // Queued: when the user goes to the strings, an update of all views follows, and one rebuild is enough.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (isStale)
+                OnUpdate(nullptr, 0, nullptr);
+        },
+        Qt::QueuedConnection);
 }
 
 /// Shows the tree as it is now.
