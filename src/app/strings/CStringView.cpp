@@ -208,6 +208,7 @@ void CStringView::Import()
 /// Each row is a step of its own. The flag goes first, so the step is told what was shown before.
 void CStringView::PushSelected()
 {
+    const StringTable::Batch batch(table); // none of the steps can fail
     for (const int row : grid->SelectedStrings()) {
         IDRecord *const id = table.Head(row)->Id();
         const QString before = table.CellText(row, StringTable::KIND_COLUMN);
