@@ -189,8 +189,11 @@ TEST(StringPane, ComesBackToItsRow)
     window.Grid().SelectAlone(1, 3);
     window.Child().Selected().SelectFolder(&window.Document().root);
     EXPECT_FALSE(window.View().isVisible());
+    int resets = 0;
+    QObject::connect(window.Grid().model(), &QAbstractItemModel::modelReset, [&resets] { ++resets; });
     window.Child().Selected().SelectFolder(window.Document().root.FindFolder(KIND_STRINGS, 2));
     window.Settle();
+    EXPECT_EQ(resets, 1) << "one rebuild";
     EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{1});
     EXPECT_EQ(window.Grid().currentIndex().column(), 3);
 

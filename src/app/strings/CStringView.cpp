@@ -87,9 +87,14 @@ void CStringView::OnUpdate(CView *, long, CView *target)
 void CStringView::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    if (isStale)
-        Rebuild();
-    isStale = false;
+    // Queued: when the user goes to the strings, an update of all views follows, and one rebuild is enough.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (isStale)
+                OnUpdate(nullptr, 0, nullptr);
+        },
+        Qt::QueuedConnection);
 }
 
 /// Shows the tree as it is now.
@@ -213,6 +218,7 @@ void CStringView::Import()
 /// Each row is a step of its own. The flag goes first, so the step is told what was shown before.
 void CStringView::PushSelected()
 {
+    const StringTable::Batch batch(table); // none of the steps can fail
     for (const int row : grid->SelectedStrings()) {
         IDRecord *const id = table.Head(row)->Id();
         const QString before = table.CellText(row, StringTable::KIND_COLUMN);
