@@ -140,6 +140,25 @@ TEST(TitleBarStyle, ButtonsAndLinesOfGridsStandOutOnADarkDesktop)
     }
 }
 
+TEST(TitleBarStyle, CutsTheTitleOfAColumnWithinIt)
+{
+    const TitleBarStyle style;
+    QImage image(200, 20, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    QStyleOptionHeader option;
+    option.rect = QRect(0, 0, 60, 20);
+    option.text = u"WWWWWWWWWWWWWWWWWWWW"_s;
+    style.drawControl(QStyle::CE_HeaderLabel, &option, &painter, nullptr);
+    const auto isBlank = [&image](const QRect &part) {
+        QImage white(part.size(), image.format());
+        white.fill(Qt::white);
+        return image.copy(part) == white;
+    };
+    EXPECT_FALSE(isBlank({0, 0, 60, 20}));
+    EXPECT_TRUE(isBlank({60, 0, 140, 20}));
+}
+
 TEST(MainFrame, PaintsItsWholeTextWhenTheLastProjectIsClosed)
 {
     TestWindow window;
