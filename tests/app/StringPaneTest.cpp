@@ -189,10 +189,48 @@ TEST(StringPane, ComesBackToItsRow)
     window.Grid().SelectAlone(1, 3);
     window.Child().Selected().SelectFolder(&window.Document().root);
     EXPECT_FALSE(window.View().isVisible());
+    int resets = 0;
+    QObject::connect(window.Grid().model(), &QAbstractItemModel::modelReset, [&resets] { ++resets; });
     window.Child().Selected().SelectFolder(window.Document().root.FindFolder(KIND_STRINGS, 2));
     window.Settle();
+    EXPECT_EQ(resets, 1) << "one rebuild";
     EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{1});
     EXPECT_EQ(window.Grid().currentIndex().column(), 3);
+
+    window.Edit(1, 0);
+    window.Type(u"id_b"_s);
+    window.Key(Qt::Key_Return);
+    window.Document().UpdateAllViews(nullptr);
+    EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{1}) << "under another ID";
+    window.Document().SetModifiedFlag(false);
+}
+
+TEST(StringPane, ALongCommandLeavesTheSelection)
+{
+    QByteArray table = "Number of Language|1\nString ID|Resource Type|Description|English(9)\n";
+    for (int row = 100; row < 220; ++row)
+        table += "ID_" + QByteArray::number(row) + "|Normal|d|t\n";
+    StringWindow window(table + "##number|120\n");
+    window.Frame().RunAction(ACTION_SELECT_ALL);
+    window.Frame().RunAction(ACTION_COPY);
+    window.Grid().Select({5, 7});
+    window.Frame().RunAction(ACTION_PASTE);
+    ASSERT_EQ(window.Table().RowCount(), 240);
+    EXPECT_EQ(window.Grid().SelectedRows(), (std::vector<int>{5, 7}));
+    window.Frame().RunAction(ACTION_UNDO);
+    EXPECT_EQ(window.Grid().SelectedRows(), (std::vector<int>{5, 7}));
+    window.Document().SetModifiedFlag(false);
+}
+
+TEST(StringPane, ASelectedRowIsSelectedInANewLanguageToo)
+{
+    StringWindow window;
+    window.Grid().SelectAlone(1, 0);
+    CResFolder &strings = *window.Document().root.FindFolder(KIND_STRINGS, 2);
+    strings.AddFolder(window.Document().CreateFolder(KIND_LANGUAGE, 1));
+    window.Table().AddLanguageColumn(*strings.FindFolder(KIND_LANGUAGE, 1, 1));
+    EXPECT_TRUE(window.Grid().selectionModel()->isSelected(window.Grid().model()->index(1, 5)));
+    window.Document().SetModifiedFlag(false);
 }
 
 /// The project goes away below the grid.

@@ -44,6 +44,8 @@ TEST(StringView, EditsCellsByTheKeyboard)
             window.Type(QString::fromLatin1(each.typed));
         window.Key(each.key, each.modifiers);
         EXPECT_EQ(window.Edited(), each.edited);
+        const int selected = window.Editor().isVisible() ? window.Editor().Cell().row() : each.row;
+        EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{selected});
         EXPECT_EQ(window.Shown(each.row, each.col), each.text);
         EXPECT_EQ(window.Table().history.CanUndo(), each.undoable);
         EXPECT_EQ(window.Document().IsModified(), each.undoable);
@@ -97,6 +99,32 @@ TEST(StringView, TakesTheTextWhateverEndsTheEditing)
         EXPECT_EQ(window.Table().CellText(row, 3), u"Zehn"_s);
         window.Document().SetModifiedFlag(false);
     }
+}
+
+TEST(StringView, EnterEditsTheRowInFocusWhichIsSelectedThen)
+{
+    StringWindow window;
+    window.Edit(0, 3);
+    window.Type(u"Deux"_s);
+    window.Key(Qt::Key_Return);
+    window.Grid().SelectAlone(2, 0);
+    window.Frame().RunAction(ACTION_UNDO); // moves the focus and not the selection
+    window.Key(Qt::Key_Return);
+    EXPECT_EQ(window.Edited(), "0,3");
+    EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{0});
+    window.Document().SetModifiedFlag(false);
+}
+
+TEST(StringView, ClosingTheWindowTakesTheText)
+{
+    StringWindow window;
+    window.Edit(0, 3);
+    window.Type(u"Deux"_s);
+    window.Answer({QMessageBox::Cancel});
+    window.Child().close(); // as the button of the window does
+    EXPECT_EQ(window.boxes, QStringList{u"Save changes to demo?"_s});
+    EXPECT_EQ(window.Shown(0, 3), "Deux");
+    window.Document().SetModifiedFlag(false);
 }
 
 TEST(StringView, MenusAndTheEditorsOwnMenuEndNothing)
@@ -209,4 +237,7 @@ TEST(StringView, ChoosesTheKindInABox)
     window.Grid().SelectAlone(1, 3);
     QTest::keyClick(&window.Grid(), Qt::Key_Down, Qt::AltModifier);
     EXPECT_TRUE(window.TypeBox().isVisible());
+    window.Frame().RunAction(ACTION_REDO);
+    EXPECT_FALSE(window.TypeBox().isVisible());
+    EXPECT_EQ(window.Shown(0, 1), "Normal") << "a box in which nothing was chosen must not end what Redo can do";
 }

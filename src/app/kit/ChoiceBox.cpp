@@ -40,8 +40,8 @@ bool ChoiceBox::Open(const QModelIndex &at, const QString &text)
     if (!Place())
         return false;
     isOpen = true;
-    const int entry = findText(text, Qt::MatchStartsWith);
-    setCurrentIndex(entry);
+    opened = findText(text, Qt::MatchStartsWith);
+    setCurrentIndex(opened);
     show();
     setFocus(Qt::OtherFocusReason);
     return true;
@@ -66,6 +66,14 @@ void ChoiceBox::Commit()
     Close();
     if (at.isValid() && chosen)
         chosen(at, currentText());
+}
+
+void ChoiceBox::Take()
+{
+    if (currentIndex() == opened)
+        Cancel();
+    else
+        Commit();
 }
 
 void ChoiceBox::Cancel()

@@ -25,6 +25,8 @@ public:
     bool Open(const QModelIndex &cell, const QString &text);
     /// Closes and tells the choice. Does nothing while it isn't open.
     void Commit();
+    /// Closes, and tells the choice if it isn't the one that it opened with. For what isn't the user's leaving it.
+    void Take();
     /// Closes and drops the choice.
     void Cancel();
     [[nodiscard]] bool IsOpen() const { return isOpen; }
@@ -41,5 +43,6 @@ private:
 
     CListGrid &grid;
     QPersistentModelIndex cell;
+    int opened = -1; // the entry that was chosen when it opened
     bool isOpen = false;
 };

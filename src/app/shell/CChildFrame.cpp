@@ -163,7 +163,8 @@ bool CChildFrame::MayClose()
 
 void CChildFrame::closeEvent(QCloseEvent *event)
 {
-    if (!HasLeft() && (!shell.IsEnabled(ACTION_CLOSE) || !MayClose())) { // not during a command of the channel
+    // Not during a command of the channel. The button of the window leaves an editor open, so its text is taken here.
+    if (!HasLeft() && (!shell.IsEnabled(ACTION_CLOSE) || !TakeEdit() || !MayClose())) {
         event->ignore();
         return;
     }

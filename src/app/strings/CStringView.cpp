@@ -3,7 +3,6 @@
 #include "CLangFltr.h"
 #include "CListFltrDlg.h"
 #include "CResDoc.h"
-#include "CellClipboard.h"
 #include "DetailsStrip.h"
 #include "DroppedFiles.h"
 #include "FindBar.h"
@@ -88,9 +87,14 @@ void CStringView::OnUpdate(CView *, long, CView *target)
 void CStringView::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    if (isStale)
-        Rebuild();
-    isStale = false;
+    // Queued: when the user goes to the strings, an update of all views follows, and one rebuild is enough.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (isStale)
+                OnUpdate(nullptr, 0, nullptr);
+        },
+        Qt::QueuedConnection);
 }
 
 /// Shows the tree as it is now.
@@ -137,16 +141,6 @@ StringGridState CStringView::GridState() const
             table.history.CanUndo(), table.history.CanRedo(), !table.Copied().empty()};
 }
 
-std::vector<int> CStringView::SelectedStrings() const
-{
-    std::vector<int> strings;
-    for (const int row : grid->SelectedRows()) {
-        if (const int tableRow = model.TableRow(row); !table.IsNewRow(tableRow))
-            strings.push_back(tableRow);
-    }
-    return strings;
-}
-
 std::optional<ActionState> CStringView::StateOf(ActionId id) const
 {
     if (const auto state = finder->StateOf(id))
@@ -176,7 +170,7 @@ void CStringView::Run(ActionId id)
     case ACTION_RENAME:
         return grid->OpenCellEditor(grid->SelectedRows().front(), StringTable::ID_COLUMN);
     case ACTION_COPY:
-        return table.Copy(SelectedStrings());
+        return table.Copy(grid->SelectedStrings());
     case ACTION_PASTE:
         return table.history.Run(std::make_unique<STR_PST_CMD>(table));
     case ACTION_DELETE:
@@ -224,7 +218,8 @@ void CStringView::Import()
 /// Each row is a step of its own. The flag goes first, so the step is told what was shown before.
 void CStringView::PushSelected()
 {
-    for (const int row : SelectedStrings()) {
+    const StringTable::Batch batch(table); // none of the steps can fail
+    for (const int row : grid->SelectedStrings()) {
         IDRecord *const id = table.Head(row)->Id();
         const QString before = table.CellText(row, StringTable::KIND_COLUMN);
         id->push = !id->push;
@@ -237,7 +232,7 @@ void CStringView::PushSelected()
 void CStringView::DeleteSelected()
 {
     if (host.Boxes().AskYesNo(QStringLiteral("The selected item(s) will be deleted. Continue?")))
-        DeleteRows(SelectedStrings());
+        DeleteRows(grid->SelectedStrings());
 }
 
 /// Without the filter: nobody deletes what he doesn't see.
@@ -278,7 +273,7 @@ void CStringView::OpenMenu(const QContextMenuEvent &event)
 int CStringView::PushedStrings() const
 {
     int pushed = 0;
-    for (const int row : SelectedStrings())
+    for (const int row : grid->SelectedStrings())
         pushed += table.Head(row)->Id()->push ? 1 : 0;
     return pushed;
 }

@@ -57,8 +57,6 @@ private:
     void OpenMenu(const QContextMenuEvent &event);
     [[nodiscard]] int PushedStrings() const;
     [[nodiscard]] StringGridState GridState() const;
-    /// The rows of the table that are selected, ascending, without the new-row line.
-    [[nodiscard]] std::vector<int> SelectedStrings() const;
 
     CResDoc &document;
     IViewHost &host;

@@ -7,12 +7,14 @@
 #include "StringGaps.h"
 #include "StringGridRules.h"
 #include "StringOrder.h"
+#include "ViewBoxes.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QScopedValueRollback>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace
@@ -44,8 +46,17 @@ StringGrid::StringGrid(StringTable &stringTable, StringGridModel &gridModel, IVi
 
 void StringGrid::Connect()
 {
-    connect(&rows, &QAbstractItemModel::modelReset, this, &StringGrid::FitColumns);
-    connect(&rows, &QAbstractItemModel::columnsInserted, this, &StringGrid::FitColumns);
+    connect(&rows, &QAbstractItemModel::modelAboutToBeReset, this, &StringGrid::NoteSelection);
+    connect(&rows, &QAbstractItemModel::modelReset, this, [this] {
+        isTableGoing = false;
+        FitColumns();
+        PutSelectionBack();
+    });
+    connect(&rows, &QAbstractItemModel::columnsInserted, this, [this] {
+        FitColumns();
+        Select(SelectedRows()); // with the cells that have come
+    });
+    connect(&rows, &QAbstractItemModel::rowsInserted, this, &StringGrid::RowsInserted);
     connect(&rows, &QAbstractItemModel::columnsRemoved, this, [this](const QModelIndex &, int first, int last) {
         widths.erase(widths.begin() + first, widths.begin() + last + 1);
         before.erase(before.begin() + first, before.begin() + last + 1);
@@ -80,10 +91,12 @@ void StringGrid::Connect()
         boxes.ShowMessage(StringEditMessage(code));
     };
     rows.goes = [this](bool isReset) {
-        if (isReset) {
-            editor->Cancel();
-            typeBox->Cancel();
-        }
+        if (!isReset)
+            return;
+        isTableGoing = true;
+        selectedIds.clear();
+        editor->Cancel();
+        typeBox->Cancel();
     };
 }
 
@@ -107,6 +120,48 @@ void StringGrid::ConnectEditor()
         if (!choice.isEmpty())
             (void)Commit(cell, choice);
     };
+}
+
+/// A row that is made at the end takes the place of the new-row line. If that was selected or in focus, the row now is.
+void StringGrid::RowsInserted(const QModelIndex &, int, int last)
+{
+    const QModelIndex newRow = rows.index(rows.rowCount() - 1, 0);
+    if (rows.TableRow(last) != table.RowCount() - 1)
+        return;
+    const int focused = currentIndex().column();
+    const bool hasFocus = currentIndex().row() == newRow.row();
+    if (selectionModel()->isSelected(newRow)) {
+        selectionModel()->select(newRow, QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
+        selectionModel()->select(rows.index(last, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
+    if (hasFocus)
+        selectionModel()->setCurrentIndex(rows.index(last, focused), QItemSelectionModel::NoUpdate);
+}
+
+/// A long command resets the model, which takes the selection. After a filter the row in focus alone is selected.
+void StringGrid::NoteSelection()
+{
+    selectedIds.clear();
+    if (isTableGoing || !rows.IsInBatch()) // rows of a table that goes can't be asked
+        return;
+    for (const int row : SelectedRows()) {
+        const CStringRes *const head = table.Head(rows.TableRow(row));
+        selectedIds.push_back(head ? head->Id()->name : NarrowText());
+    }
+}
+
+/// Selects the rows of the IDs that are still there; the new-row line has none.
+void StringGrid::PutSelectionBack()
+{
+    std::vector<int> selected;
+    for (const NarrowText &id : std::exchange(selectedIds, {})) {
+        const int tableRow = id.isEmpty() ? table.RowCount() : table.RowOf(id, -1);
+        if (const int row = rows.ShownRow(tableRow); row >= 0)
+            selected.push_back(row);
+    }
+    std::sort(selected.begin(), selected.end());
+    if (!selected.empty())
+        Select(selected);
 }
 
 /// Gives columns that are new the widths that they had when they were here last, or that the settings remember.
@@ -147,7 +202,7 @@ bool StringGrid::TakeEdit()
 {
     const int refused = refusals;
     editor->Commit();
-    typeBox->Commit();
+    typeBox->Take(); // a step that changes nothing would be what Undo takes back, and end what Redo could do
     return refused == refusals;
 }
 
@@ -217,12 +272,27 @@ const StringGrid::SelectionCount &StringGrid::CountSelected()
     return count;
 }
 
+std::vector<int> StringGrid::SelectedStrings() const
+{
+    std::vector<int> strings;
+    for (const int row : SelectedRows()) {
+        if (const int tableRow = rows.TableRow(row); !table.IsNewRow(tableRow))
+            strings.push_back(tableRow);
+    }
+    return strings;
+}
+
 void StringGrid::SelectLastRow()
 {
     const int tableRow = lastId.isEmpty() ? -1 : table.RowOf(lastId, lastRow);
     const int row = tableRow < 0 ? -1 : rows.ShownRow(tableRow);
-    if (row >= 0)
-        SelectAlone(row, qMin(lastColumn, rows.columnCount() - 1));
+    if (row < 0)
+        return;
+    const int col = qMin(lastColumn, rows.columnCount() - 1);
+    if (CountSelected().rows == 0)
+        SelectAlone(row, col);
+    else
+        selectionModel()->setCurrentIndex(rows.index(row, col), QItemSelectionModel::NoUpdate);
 }
 
 void StringGrid::HideColumn(int col, bool hide)
@@ -253,19 +323,34 @@ void StringGrid::currentChanged(const QModelIndex &current, const QModelIndex &p
     CListGrid::currentChanged(current, previous);
     if (!current.isValid())
         return;
-    lastColumn = current.column();
-    lastRow = rows.TableRow(current.row());
-    const CStringRes *const head = table.Head(lastRow);
-    lastId = head ? head->Id()->name : NarrowText();
+    NoteFocus();
     if (focusMoved)
         focusMoved();
+}
+
+void StringGrid::dataChanged(const QModelIndex &first, const QModelIndex &last, const QList<int> &roles)
+{
+    CListGrid::dataChanged(first, last, roles);
+    if (currentIndex().row() >= first.row() && currentIndex().row() <= last.row())
+        NoteFocus(); // it may have another ID
+}
+
+void StringGrid::NoteFocus()
+{
+    lastColumn = currentIndex().column();
+    lastRow = rows.TableRow(currentIndex().row());
+    const CStringRes *const head = table.Head(lastRow);
+    lastId = head ? head->Id()->name : NarrowText();
 }
 
 void StringGrid::keyPressEvent(QKeyEvent *event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && currentIndex().isValid())
+    if (isEnter && currentIndex().isValid()) {
+        if (CountSelected().rows == 1)
+            SelectAlone(currentIndex().row(), currentIndex().column()); // Undo moves the focus and not the selection
         return OpenCellEditor(currentIndex().row(), currentIndex().column());
+    }
     if (event->key() == Qt::Key_Down && (event->modifiers() & Qt::AltModifier))
         return OpenTypeBox();
     CListGrid::keyPressEvent(event);

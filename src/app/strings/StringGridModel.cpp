@@ -114,29 +114,14 @@ QVariant StringGridModel::headerData(int section, Qt::Orientation orientation, i
 {
     if (!table || orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
-    return Title(section);
-}
-
-QString StringGridModel::Title(int col) const
-{
-    switch (col) {
-    case StringTable::ID_COLUMN:
-        return u"ID"_s;
-    case StringTable::KIND_COLUMN:
-        return u"Resource Type"_s;
-    case StringTable::DESCRIPTION_COLUMN:
-        return u"Description"_s;
-    default:
-        const CResFolder *const language = table->ColumnLanguage(col);
-        return language ? language->title : QString();
-    }
+    return table->ColumnTitle(section);
 }
 
 QString StringGridModel::Accessible(int tableRow, int col) const
 {
     const QString text =
         IsMarkedGap(tableRow, col) ? u"(no text)"_s : CellLine(table->CellText(tableRow, col), LONGEST_SHOWN);
-    return table->CellText(tableRow, StringTable::ID_COLUMN) + u", "_s + Title(col) + u": "_s + text;
+    return table->CellText(tableRow, StringTable::ID_COLUMN) + u", "_s + table->ColumnTitle(col) + u": "_s + text;
 }
 
 bool StringGridModel::IsMarkedGap(int tableRow, int col) const
@@ -148,7 +133,7 @@ void StringGridModel::TakeDirections()
 {
     directions.assign(table ? size_t(table->ColumnCount()) : 0, Qt::LeftToRight);
     for (size_t col = StringTable::FIRST_LANGUAGE_COLUMN; col < directions.size(); ++col)
-        directions[col] = DirectionOfLanguage(Title(int(col)));
+        directions[col] = DirectionOfLanguage(table->ColumnTitle(int(col)));
 }
 
 bool StringGridModel::IsTold()

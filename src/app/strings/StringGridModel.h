@@ -35,6 +35,8 @@ public:
     /// Shows these rows of the table (ascending) and the new-row line; nothing: all. Told to Qt as a reset, before
     /// which `goes` isn't called.
     void SetFilter(std::optional<std::vector<int>> rows);
+    /// Several changes are being made, such as those of a command.
+    [[nodiscard]] bool IsInBatch() const { return batch.has_value(); }
     [[nodiscard]] bool HasFilter() const { return shown.HasFilter(); }
 
     /// The row of the table that is shown at `row`; the new-row line for the last.
@@ -96,7 +98,6 @@ private:
     void TakeDirections();
     [[nodiscard]] QString Accessible(int tableRow, int col) const;
     [[nodiscard]] bool IsMarkedGap(int tableRow, int col) const;
-    [[nodiscard]] QString Title(int col) const;
 
     StringTable *table = nullptr;
     ShownRows shown;
