@@ -90,9 +90,7 @@ void StringGrid::Connect()
         typeBox->Cancel();
         boxes.ShowMessage(StringEditMessage(code));
     };
-    rows.goes = [this](bool isReset) {
-        if (!isReset)
-            return;
+    rows.tableGoes = [this] {
         isTableGoing = true;
         selectedIds.clear();
         editor->Cancel();
