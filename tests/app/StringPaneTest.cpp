@@ -12,8 +12,9 @@
 namespace
 {
 
-const ActionId ACTIONS[] = {ACTION_NEW,  ACTION_IMPORT, ACTION_EXPORT,     ACTION_LANGUAGE, ACTION_UNDO,       ACTION_REDO, ACTION_COPY,
-                            ACTION_PASTE, ACTION_DELETE, ACTION_DELETE_ALL, ACTION_RENAME,   ACTION_SELECT_ALL, ACTION_CUT};
+const ActionId ACTIONS[] = {ACTION_NEW,    ACTION_IMPORT,     ACTION_EXPORT, ACTION_LANGUAGE, ACTION_UNDO,
+                            ACTION_REDO,   ACTION_COPY,       ACTION_PASTE,  ACTION_DELETE,   ACTION_DELETE_ALL,
+                            ACTION_RENAME, ACTION_SELECT_ALL, ACTION_CUT};
 
 /// Which of them are enabled, a letter each.
 std::string Enabled(const StringWindow &window)
@@ -79,9 +80,10 @@ TEST(StringPane, ShowsTheKindOfWhatIsSelectedInItsMenu)
         int pushed;
         bool enabled, checked;
     };
-    for (const Case &each : {Case{0, false, 0, false, false}, Case{1, true, 0, false, false}, Case{1, false, 1, true, true},
-                             Case{1, false, 0, true, false}, Case{3, false, 3, true, true}, Case{3, false, 0, true, false},
-                             Case{3, false, 1, false, false}}) {
+    for (const Case &each :
+         {Case{0, false, 0, false, false}, Case{1, true, 0, false, false}, Case{1, false, 1, true, true},
+          Case{1, false, 0, true, false}, Case{3, false, 3, true, true}, Case{3, false, 0, true, false},
+          Case{3, false, 1, false, false}}) {
         const ActionState state = PushEntryState({9, each.selected, each.isNewSelected}, each.pushed);
         EXPECT_EQ(state.enabled, each.enabled) << each.selected << each.pushed;
         EXPECT_EQ(state.checked, each.checked) << each.selected << each.pushed;
@@ -111,7 +113,8 @@ TEST(StringPane, DeletesAfterAQuestion)
                                          u"All the item(s) will be deleted. Continue?"_s}));
     window.Frame().RunAction(ACTION_UNDO);
     window.Frame().RunAction(ACTION_UNDO);
-    EXPECT_EQ(window.Shown(0, 0) + window.Shown(1, 0) + window.Shown(2, 0) + window.Shown(3, 0), "ID_A2ID_A10ID_C<New>");
+    EXPECT_EQ(window.Shown(0, 0) + window.Shown(1, 0) + window.Shown(2, 0) + window.Shown(3, 0),
+              "ID_A2ID_A10ID_C<New>");
     window.Document().SetModifiedFlag(false);
 }
 
@@ -120,7 +123,8 @@ TEST(StringPane, SortsByAClickAndRemembersItWithTheWidths)
     StringWindow window;
     const auto header = [&]() -> QHeaderView & { return *window.Grid().horizontalHeader(); };
     const auto click = [&](int col) {
-        QTest::mouseClick(header().viewport(), Qt::LeftButton, {}, QPoint(header().sectionViewportPosition(col) + 20, 5));
+        QTest::mouseClick(header().viewport(), Qt::LeftButton, {},
+                          QPoint(header().sectionViewportPosition(col) + 20, 5));
     };
     const auto ids = [&] {
         std::string text;

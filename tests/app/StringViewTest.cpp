@@ -82,8 +82,7 @@ TEST(StringView, TakesTheTextWhateverEndsTheEditing)
         {"save", [](StringWindow &window) { window.Frame().RunAction(ACTION_SAVE); }},
         {"sort", [](StringWindow &window) { window.Grid().SortBy(2); }},
         {"an update of all views", [](StringWindow &window) { window.Document().UpdateAllViews(nullptr); }},
-        {"a command of an IDE",
-         [](StringWindow &window) { const CMainFrame::Busy busy(window.Frame(), 0xAFBDDBFC); }},
+        {"a command of an IDE", [](StringWindow &window) { const CMainFrame::Busy busy(window.Frame(), 0xAFBDDBFC); }},
     };
     for (const auto &[what, end] : ends) {
         SCOPED_TRACE(what);
@@ -214,7 +213,8 @@ TEST(StringView, ChoosesTheKindInABox)
     click(0, 1);
     ASSERT_TRUE(window.TypeBox().isVisible());
     EXPECT_EQ(window.TypeBox().currentText(), u"Push"_s);
-    QWheelEvent wheel({5, 5}, window.TypeBox().mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+    QWheelEvent wheel({5, 5}, window.TypeBox().mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
+                      false);
     QApplication::sendEvent(&window.TypeBox(), &wheel);
     EXPECT_EQ(window.TypeBox().currentText(), u"Push"_s);
     window.Key(Qt::Key_Escape);
@@ -237,6 +237,9 @@ TEST(StringView, ChoosesTheKindInABox)
     click(3, 1);
     EXPECT_FALSE(window.TypeBox().isVisible()) << "the new-row line has no kind";
     window.Grid().SelectAlone(1, 3);
+    window.Grid().horizontalHeader()->resizeSection(0, 2000);
+    window.Settle();
+    window.Grid().horizontalScrollBar()->setValue(0);
     QTest::keyClick(&window.Grid(), Qt::Key_Down, Qt::AltModifier);
     EXPECT_TRUE(window.TypeBox().isVisible());
     window.Frame().RunAction(ACTION_REDO);

@@ -349,7 +349,9 @@ void StringGrid::keyPressEvent(QKeyEvent *event)
             SelectAlone(currentIndex().row(), currentIndex().column()); // Undo moves the focus and not the selection
         return OpenCellEditor(currentIndex().row(), currentIndex().column());
     }
-    if (event->key() == Qt::Key_Down && (event->modifiers() & Qt::AltModifier))
+    if (event->key() == Qt::Key_Down && (event->modifiers() & Qt::AltModifier)) {
+        scrollTo(currentIndex().siblingAtColumn(StringTable::KIND_COLUMN)); // unlike for a click it may be out of sight
         return OpenTypeBox();
+    }
     CListGrid::keyPressEvent(event);
 }
