@@ -225,7 +225,7 @@ void CStringView::DeleteSelected()
         DeleteRows(grid->SelectedStrings());
 }
 
-/// Without the filter: nobody deletes what he doesn't see.
+/// The filter ends first, so that the user sees all that is deleted.
 void CStringView::DeleteAll()
 {
     finder->EndFilter();
@@ -275,7 +275,7 @@ void CStringView::dragEnterEvent(QDragEnterEvent *event)
         event->acceptProposedAction();
 }
 
-/// Not within the drop: whoever is dragged from waits for its end.
+/// Not within the drop: the program that the files come from waits until the drop has ended.
 void CStringView::dropEvent(QDropEvent *event)
 {
     event->acceptProposedAction();
