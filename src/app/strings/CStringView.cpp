@@ -271,7 +271,7 @@ int CStringView::PushedStrings() const
 
 void CStringView::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (host.IsEnabled(ACTION_IMPORT) && !DroppedFiles(event->mimeData()).isEmpty())
+    if (!DroppedFiles(event->mimeData()).isEmpty()) // wherever the focus is
         event->acceptProposedAction();
 }
 
