@@ -190,15 +190,13 @@ TEST(StringView, TellsOnceWhyAnIdIsRefusedAndComesBackToTheCell)
         window.Key(key);
         ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 1 && window.Edited() == "0,0"; }));
         EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{0});
-        window.Frame().activateWindow();
-        window.Settle();
+        window.Activate();
         window.Type(u"id_c"_s);
         window.Frame().RunAction(ACTION_SAVE);
         ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 2 && window.Edited() == "0,0"; }));
         EXPECT_EQ(window.boxes, (QStringList{u"The ID is invalid."_s, u"The ID already exists, or it is reserved."_s}));
         EXPECT_FALSE(window.Document().IsModified()) << "a save with a refused text waits for the user";
-        window.Frame().activateWindow();
-        window.Settle();
+        window.Activate();
         window.Key(Qt::Key_Escape);
     }
 }

@@ -14,7 +14,6 @@
 
 #include <QContextMenuEvent>
 #include <QDropEvent>
-#include <QHeaderView>
 #include <QPointer>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -117,6 +116,17 @@ void CStringView::ForgetEdits()
 bool CStringView::TakeEdit()
 {
     return grid->TakeEdit();
+}
+
+void CStringView::GoTo(const CBaseRes &resource)
+{
+    const int row = table.RowOf(resource.Id()->name, 0);
+    if (row < 0)
+        return;
+    if (model.ShownRow(row) < 0)
+        finder->EndFilter();
+    grid->SelectAlone(model.ShownRow(row), StringTable::ID_COLUMN);
+    grid->setFocus();
 }
 
 QList<ProfileEntry> CStringView::State() const
@@ -248,9 +258,8 @@ void CStringView::OpenMenu(const QContextMenuEvent &event)
     const StringGridState state = GridState();
     QPoint place = event.globalPos();
     if (event.reason() == QContextMenuEvent::Keyboard) {
-        const QRect row = grid->visualRect(model.index(state.selected == 1 ? grid->SelectedRows().front() : 0, 0));
-        const int left = -grid->horizontalHeader()->offset();
-        place = grid->viewport()->mapToGlobal(QPoint(left + 5, row.center().y()));
+        const QRect row = grid->RowRect(state.selected == 1 ? grid->SelectedRows().front() : 0);
+        place = grid->viewport()->mapToGlobal(QPoint(row.left() + 5, row.center().y()));
     }
     const auto stateOf = [&](ActionId id) {
         if (id == ACTION_PUSH_STRING)
