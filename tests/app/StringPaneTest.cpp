@@ -171,6 +171,7 @@ TEST(StringPane, TakesWhatIsDroppedAndTellsOfTheRest)
     ASSERT_EQ(ExportSpreadsheet(window.Document(), book).code, 0);
     window.Frame().RunAction(ACTION_UNDO);
     ASSERT_EQ(window.Shown(0, 4), "");
+    window.Tree().setFocus(); // as after a click on Strings
     Drop(window, {window.folder.Path("demo"), window.folder.Path("notes.txt"), window.folder.Path("bad.xls"), book});
     ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 2; })) << window.boxes.join(u'|').toStdString();
     EXPECT_EQ(window.boxes[0], u"\"notes.txt\": Inappropriate file type."_s);

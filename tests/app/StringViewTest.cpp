@@ -235,6 +235,9 @@ TEST(StringView, ChoosesTheKindInABox)
     click(3, 1);
     EXPECT_FALSE(window.TypeBox().isVisible()) << "the new-row line has no kind";
     window.Grid().SelectAlone(1, 3);
+    window.Grid().horizontalHeader()->resizeSection(0, 2000);
+    window.Settle();
+    window.Grid().horizontalScrollBar()->setValue(0);
     QTest::keyClick(&window.Grid(), Qt::Key_Down, Qt::AltModifier);
     EXPECT_TRUE(window.TypeBox().isVisible());
     window.Frame().RunAction(ACTION_REDO);

@@ -97,7 +97,7 @@ void ChoiceBox::keyPressEvent(QKeyEvent *event)
     QComboBox::keyPressEvent(event);
 }
 
-/// It scrolls the list.
+/// The wheel scrolls the list below.
 void ChoiceBox::wheelEvent(QWheelEvent *event)
 {
     event->ignore();

@@ -10,7 +10,7 @@ class CListGrid;
 /// A list of choices to drop down, laid over a cell of a list. One for all cells; hidden while nothing is chosen.
 ///
 /// A choice, also of the same entry again, Enter and the loss of the focus end it; Esc drops it. It moves with its
-/// cell. The wheel is none of its own.
+/// cell and ignores the wheel.
 class ChoiceBox : public QComboBox
 {
 public:

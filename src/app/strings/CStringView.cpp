@@ -235,7 +235,7 @@ void CStringView::DeleteSelected()
         DeleteRows(grid->SelectedStrings());
 }
 
-/// Without the filter: nobody deletes what he doesn't see.
+/// The filter ends first, so that the user sees all that is deleted.
 void CStringView::DeleteAll()
 {
     finder->EndFilter();
@@ -280,11 +280,11 @@ int CStringView::PushedStrings() const
 
 void CStringView::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (host.IsEnabled(ACTION_IMPORT) && !DroppedFiles(event->mimeData()).isEmpty())
+    if (!DroppedFiles(event->mimeData()).isEmpty()) // wherever the focus is
         event->acceptProposedAction();
 }
 
-/// Not within the drop: whoever is dragged from waits for its end.
+/// Not within the drop: the program that the files come from waits until the drop has ended.
 void CStringView::dropEvent(QDropEvent *event)
 {
     event->acceptProposedAction();

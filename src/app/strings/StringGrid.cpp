@@ -90,9 +90,7 @@ void StringGrid::Connect()
         typeBox->Cancel();
         boxes.ShowMessage(StringEditMessage(code));
     };
-    rows.goes = [this](bool isReset) {
-        if (!isReset)
-            return;
+    rows.tableGoes = [this] {
         isTableGoing = true;
         selectedIds.clear();
         editor->Cancel();
@@ -351,7 +349,9 @@ void StringGrid::keyPressEvent(QKeyEvent *event)
             SelectAlone(currentIndex().row(), currentIndex().column()); // Undo moves the focus and not the selection
         return OpenCellEditor(currentIndex().row(), currentIndex().column());
     }
-    if (event->key() == Qt::Key_Down && (event->modifiers() & Qt::AltModifier))
+    if (event->key() == Qt::Key_Down && (event->modifiers() & Qt::AltModifier)) {
+        scrollTo(currentIndex().siblingAtColumn(StringTable::KIND_COLUMN)); // unlike for a click it may be out of sight
         return OpenTypeBox();
+    }
     CListGrid::keyPressEvent(event);
 }

@@ -138,10 +138,8 @@ void StringGridModel::TakeDirections()
 
 bool StringGridModel::IsTold()
 {
-    if (!isInReset && batch && ++batch->told > MOST_TOLD) {
-        Goes(false);
+    if (!isInReset && batch && ++batch->told > MOST_TOLD)
         BeginReset();
-    }
     return !isInReset;
 }
 
@@ -155,12 +153,6 @@ void StringGridModel::EndReset()
 {
     if (std::exchange(isInReset, false))
         endResetModel();
-}
-
-void StringGridModel::Goes(bool isReset) const
-{
-    if (goes)
-        goes(isReset);
 }
 
 void StringGridModel::HasChanged()
@@ -192,10 +184,8 @@ void StringGridModel::RowRemoving(int row)
 {
     const int place = ShownRow(row);
     isTelling = place >= 0 && IsTold();
-    if (!isTelling)
-        return;
-    Goes(false);
-    beginRemoveRows({}, place, place);
+    if (isTelling)
+        beginRemoveRows({}, place, place);
 }
 
 void StringGridModel::RowRemoved(int row)
@@ -224,10 +214,8 @@ void StringGridModel::ColumnInserted(int)
 
 void StringGridModel::ColumnRemoving(int col)
 {
-    if (isInReset)
-        return;
-    Goes(false);
-    beginRemoveColumns({}, col, col);
+    if (!isInReset)
+        beginRemoveColumns({}, col, col);
 }
 
 void StringGridModel::ColumnRemoved(int)
@@ -240,10 +228,8 @@ void StringGridModel::ColumnRemoved(int)
 
 void StringGridModel::RowsMoving()
 {
-    if (isInReset)
-        return;
-    Goes(false);
-    Q_EMIT layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    if (!isInReset)
+        Q_EMIT layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
 }
 
 void StringGridModel::RowsMoved(const std::vector<int> &order)
@@ -273,7 +259,8 @@ void StringGridModel::RowsMoved(const std::vector<int> &order)
 
 void StringGridModel::TableResetting()
 {
-    Goes(true);
+    if (tableGoes)
+        tableGoes();
     BeginReset();
 }
 
