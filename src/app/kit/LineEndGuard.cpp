@@ -1,15 +1,11 @@
 #include "LineEndGuard.h"
 
+#include "Text.h"
+
 #include <algorithm>
 
 namespace
 {
-
-bool EndsLine(QChar c)
-{
-    return c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator || c == u'\v' ||
-           c == u'\f' || c == u'\x85';
-}
 
 /// A carriage return and the line feed behind it are one end.
 QString WithoutLineEnds(const QString &text)

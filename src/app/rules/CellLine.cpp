@@ -1,5 +1,7 @@
 #include "CellLine.h"
 
+#include "Text.h"
+
 #include <algorithm>
 
 namespace
@@ -8,14 +10,9 @@ namespace
 constexpr QChar LINE_END(0x21B5);
 constexpr QChar ELLIPSIS(0x2026);
 
-bool IsLineEnd(QChar c)
-{
-    return c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
-}
-
 bool IsPlain(QChar c)
 {
-    return !IsLineEnd(c) && c.category() != QChar::Other_Control;
+    return !EndsLine(c) && c.category() != QChar::Other_Control;
 }
 
 } // namespace
@@ -39,7 +36,7 @@ QString CellLine(const QString &text, qsizetype most)
         const QChar c = shown[i];
         if (c == u'\r' && i + 1 < shown.size() && shown[i + 1] == u'\n')
             continue; // the two are one line end
-        line += IsLineEnd(c) ? LINE_END : IsPlain(c) ? c : QChar(u' ');
+        line += EndsLine(c) ? LINE_END : IsPlain(c) ? c : QChar(u' ');
     }
     if (isCut)
         line += ELLIPSIS;

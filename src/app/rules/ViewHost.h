@@ -14,6 +14,8 @@ public:
     virtual void ShowPane(Pane pane) = 0;
     /// Carries out an action as the menu does.
     virtual void RunAction(ActionId id) = 0;
+    /// Takes what is being edited in place, in a pane or as a label. False when it was refused, which the user is told.
+    [[nodiscard]] virtual bool TakeEdit() = 0;
     /// Calls it now, or after the command of an IDE that is running.
     virtual void AfterCommand(std::function<void()> call) = 0;
     /// Says whether the action is enabled, as the menu shows it.

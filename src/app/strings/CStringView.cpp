@@ -193,6 +193,7 @@ void CStringView::Run(ActionId id)
 void CStringView::New()
 {
     const int newRow = model.rowCount() - 1;
+    grid->HideColumn(StringTable::ID_COLUMN, false); // there would be no place for the editor
     grid->SelectAlone(newRow, StringTable::ID_COLUMN);
     grid->OpenCellEditor(newRow, StringTable::ID_COLUMN);
 }

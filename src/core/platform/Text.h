@@ -15,6 +15,13 @@ using NarrowText = QByteArray;
 /// Lower case, one character to one.
 [[nodiscard]] QString ToLowerSimple(QStringView text);
 
+/// Says whether a character ends a line wherever texts have several: a line feed, a carriage return, a vertical tab, a
+/// form feed, or one of Unicode's own.
+[[nodiscard]] constexpr bool EndsLine(QChar c)
+{
+    return (c >= u'\n' && c <= u'\r') || c == u'\x85' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+}
+
 /// The decimal number that a text begins with: leading blanks, a sign, digits; 0 if there is none. A number beyond 32
 /// bits gives the nearest that fits.
 [[nodiscard]] int LeadingNumber(QStringView text);

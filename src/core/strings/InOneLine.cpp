@@ -1,5 +1,7 @@
 #include "InOneLine.h"
 
+#include "Text.h"
+
 #include <algorithm>
 
 namespace
@@ -7,7 +9,7 @@ namespace
 
 bool DividesCells(QChar c)
 {
-    return (c >= u'\t' && c <= u'\r') || c == u'\x85' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+    return c == u'\t' || EndsLine(c);
 }
 
 } // namespace
