@@ -305,7 +305,7 @@ void StringGridModel::TableReset()
 
 void StringGridModel::BatchBegins()
 {
-    batch.emplace();
+    batch = PutOff();
 }
 
 void StringGridModel::BatchEnds()
