@@ -45,10 +45,15 @@ StringGrid::StringGrid(StringTable &stringTable, StringGridModel &gridModel, IVi
 void StringGrid::Connect()
 {
     connect(&rows, &QAbstractItemModel::modelReset, this, &StringGrid::FitColumns);
-    connect(&rows, &QAbstractItemModel::columnsInserted, this, &StringGrid::FitColumns);
+    connect(&rows, &QAbstractItemModel::columnsInserted, this, [this] {
+        FitColumns();
+        SelectWholeRows();
+    });
     connect(&rows, &QAbstractItemModel::columnsRemoved, this, [this](const QModelIndex &, int first, int last) {
         widths.erase(widths.begin() + first, widths.begin() + last + 1);
         before.erase(before.begin() + first, before.begin() + last + 1);
+        (void)TakeEdit(); // its cell is elsewhere now, or gone
+        SelectWholeRows();
     });
     const auto countAnew = [this] { selectionCount.reset(); };
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, countAnew);
@@ -120,6 +125,12 @@ void StringGrid::FitColumns()
     }
     for (int col = 0; col < count; ++col)
         horizontalHeader()->resizeSection(col, widths[size_t(col)]);
+}
+
+/// A column that comes isn't selected, and one that goes leaves two parts of each selected row.
+void StringGrid::SelectWholeRows()
+{
+    Select(SelectedRows());
 }
 
 void StringGrid::OpenCellEditor(int row, int col)
@@ -208,7 +219,7 @@ const StringGrid::SelectionCount &StringGrid::CountSelected()
 {
     if (selectionCount)
         return *selectionCount;
-    SelectionCount &count = selectionCount.emplace();
+    SelectionCount &count = *(selectionCount = SelectionCount());
     const int newRow = rows.rowCount() - 1;
     for (const QItemSelectionRange &range : selectionModel()->selection()) {
         count.rows += range.height();

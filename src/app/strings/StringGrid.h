@@ -59,6 +59,7 @@ private:
     void Connect();
     void ConnectEditor();
     void FitColumns();
+    void SelectWholeRows();
     /// False when the table refuses the text.
     bool Commit(const QPersistentModelIndex &cell, QString text);
     void ReportCellError(int code, int row, int col);
