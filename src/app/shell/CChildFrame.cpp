@@ -150,7 +150,10 @@ bool CChildFrame::MayClose()
 
 void CChildFrame::closeEvent(QCloseEvent *event)
 {
-    if (!HasLeft() && (!shell.IsEnabled(ACTION_CLOSE) || !MayClose())) { // not during a command of the channel
+    // Not during a command of the channel, nor below a dialog, which belongs to a pane. The cross takes no focus, so
+    // what is being edited is taken here.
+    const bool isBusy = !shell.IsEnabled(ACTION_CLOSE) || QApplication::activeModalWidget();
+    if (!HasLeft() && (isBusy || !TakeEdit() || !MayClose())) {
         event->ignore();
         return;
     }
