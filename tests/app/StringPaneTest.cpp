@@ -4,7 +4,6 @@
 #include "StringGridRules.h"
 
 #include <QClipboard>
-#include <QMimeData>
 #include <QStatusBar>
 
 // Rows by ID: ID_A2 (Push), ID_A10, ID_C, the new-row line.
@@ -12,8 +11,9 @@
 namespace
 {
 
-const ActionId ACTIONS[] = {ACTION_NEW,  ACTION_IMPORT, ACTION_EXPORT,     ACTION_LANGUAGE, ACTION_UNDO,       ACTION_REDO, ACTION_COPY,
-                            ACTION_PASTE, ACTION_DELETE, ACTION_DELETE_ALL, ACTION_RENAME,   ACTION_SELECT_ALL, ACTION_CUT};
+const ActionId ACTIONS[] = {ACTION_NEW,    ACTION_IMPORT,     ACTION_EXPORT, ACTION_LANGUAGE, ACTION_UNDO,
+                            ACTION_REDO,   ACTION_COPY,       ACTION_PASTE,  ACTION_DELETE,   ACTION_DELETE_ALL,
+                            ACTION_RENAME, ACTION_SELECT_ALL, ACTION_CUT};
 
 /// Which of them are enabled, a letter each.
 std::string Enabled(const StringWindow &window)
@@ -22,22 +22,6 @@ std::string Enabled(const StringWindow &window)
     for (const ActionId id : ACTIONS)
         text += window.Frame().IsEnabled(id) ? 'x' : '-';
     return text;
-}
-
-void Drop(StringWindow &window, const QStringList &paths)
-{
-    QMimeData data;
-    QList<QUrl> urls;
-    for (const QString &path : paths)
-        urls.append(QUrl::fromLocalFile(path));
-    data.setUrls(urls);
-    QWidget *const below = window.Grid().viewport();
-    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(below, &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(below, &drop);
-    window.Settle();
 }
 
 } // namespace
@@ -79,9 +63,10 @@ TEST(StringPane, ShowsTheKindOfWhatIsSelectedInItsMenu)
         int pushed;
         bool enabled, checked;
     };
-    for (const Case &each : {Case{0, false, 0, false, false}, Case{1, true, 0, false, false}, Case{1, false, 1, true, true},
-                             Case{1, false, 0, true, false}, Case{3, false, 3, true, true}, Case{3, false, 0, true, false},
-                             Case{3, false, 1, false, false}}) {
+    for (const Case &each :
+         {Case{0, false, 0, false, false}, Case{1, true, 0, false, false}, Case{1, false, 1, true, true},
+          Case{1, false, 0, true, false}, Case{3, false, 3, true, true}, Case{3, false, 0, true, false},
+          Case{3, false, 1, false, false}}) {
         const ActionState state = PushEntryState({9, each.selected, each.isNewSelected}, each.pushed);
         EXPECT_EQ(state.enabled, each.enabled) << each.selected << each.pushed;
         EXPECT_EQ(state.checked, each.checked) << each.selected << each.pushed;
@@ -111,7 +96,8 @@ TEST(StringPane, DeletesAfterAQuestion)
                                          u"All the item(s) will be deleted. Continue?"_s}));
     window.Frame().RunAction(ACTION_UNDO);
     window.Frame().RunAction(ACTION_UNDO);
-    EXPECT_EQ(window.Shown(0, 0) + window.Shown(1, 0) + window.Shown(2, 0) + window.Shown(3, 0), "ID_A2ID_A10ID_C<New>");
+    EXPECT_EQ(window.Shown(0, 0) + window.Shown(1, 0) + window.Shown(2, 0) + window.Shown(3, 0),
+              "ID_A2ID_A10ID_C<New>");
     window.Document().SetModifiedFlag(false);
 }
 
@@ -120,7 +106,8 @@ TEST(StringPane, SortsByAClickAndRemembersItWithTheWidths)
     StringWindow window;
     const auto header = [&]() -> QHeaderView & { return *window.Grid().horizontalHeader(); };
     const auto click = [&](int col) {
-        QTest::mouseClick(header().viewport(), Qt::LeftButton, {}, QPoint(header().sectionViewportPosition(col) + 20, 5));
+        QTest::mouseClick(header().viewport(), Qt::LeftButton, {},
+                          QPoint(header().sectionViewportPosition(col) + 20, 5));
     };
     const auto ids = [&] {
         std::string text;
@@ -166,13 +153,13 @@ TEST(StringPane, TakesWhatIsDroppedAndTellsOfTheRest)
     ASSERT_EQ(ExportSpreadsheet(window.Document(), book).code, 0);
     window.Frame().RunAction(ACTION_UNDO);
     ASSERT_EQ(window.Shown(0, 4), "");
-    Drop(window, {window.folder.Path("demo"), window.folder.Path("notes.txt"), window.folder.Path("bad.xls"), book});
+    window.Drop({window.folder.Path("demo"), window.folder.Path("notes.txt"), window.folder.Path("bad.xls"), book});
     ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 2; })) << window.boxes.join(u'|').toStdString();
     EXPECT_EQ(window.boxes[0], u"\"notes.txt\": Inappropriate file type."_s);
     EXPECT_TRUE(window.boxes[1].startsWith(u"Failed to import \"bad.xls\"."_s));
     EXPECT_EQ(window.Shown(0, 4), "Deux");
     EXPECT_FALSE(window.Table().history.CanRedo()) << "the rebuild forgets the steps";
-    Drop(window, {window.folder.Path("demo")});
+    window.Drop({window.folder.Path("demo")});
     EXPECT_EQ(window.boxes.size(), 2);
     window.Document().SetModifiedFlag(false);
 }

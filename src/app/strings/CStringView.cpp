@@ -3,8 +3,8 @@
 #include "CLangFltr.h"
 #include "CListFltrDlg.h"
 #include "CResDoc.h"
-#include "DetailsStrip.h"
 #include "CellClipboard.h"
+#include "DetailsStrip.h"
 #include "DroppedFiles.h"
 #include "FindBar.h"
 #include "StringCommands.h"
@@ -12,6 +12,7 @@
 #include "StringGrid.h"
 #include "ViewHost.h"
 #include "ViewMenu.h"
+#include "WaitCursor.h"
 
 #include <QContextMenuEvent>
 #include <QDropEvent>
@@ -160,15 +161,15 @@ void CStringView::Run(ActionId id)
     case ACTION_LANGUAGE:
         return ChooseLanguages();
     case ACTION_UNDO:
-        return table.history.Undo();
+        return UndoOrRedo(&CommandHistory::Undo);
     case ACTION_REDO:
-        return table.history.Redo();
+        return UndoOrRedo(&CommandHistory::Redo);
     case ACTION_RENAME:
         return grid->OpenCellEditor(grid->SelectedRows().front(), StringTable::ID_COLUMN);
     case ACTION_COPY:
         return table.Copy(SelectedStrings());
     case ACTION_PASTE:
-        return table.history.Run(std::make_unique<STR_PST_CMD>(table));
+        return PasteRows();
     case ACTION_DELETE:
         return DeleteSelected();
     case ACTION_DELETE_ALL:
@@ -184,6 +185,13 @@ void CStringView::Run(ActionId id)
     default:
         return finder->Run(id);
     }
+}
+
+/// A step may be of many thousand rows.
+void CStringView::UndoOrRedo(void (CommandHistory::*step)())
+{
+    const WaitCursor cursor;
+    (table.history.*step)();
 }
 
 void CStringView::New()
@@ -242,8 +250,15 @@ void CStringView::DeleteAll()
     DeleteRows(all);
 }
 
+void CStringView::PasteRows()
+{
+    const WaitCursor cursor;
+    table.history.Run(std::make_unique<STR_PST_CMD>(table));
+}
+
 void CStringView::DeleteRows(const std::vector<int> &toDelete)
 {
+    const WaitCursor cursor;
     if (!toDelete.empty())
         table.history.Run(std::make_unique<STR_DEL_CMD>(table, toDelete));
 }
