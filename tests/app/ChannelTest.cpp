@@ -1,9 +1,7 @@
-#include "CommandRecord.h"
-#include "IdeCommandClient.h"
+#include "IdeCommands.h"
 #include "LocalSocket.h"
 #include "RuntimeFolder.h"
 #include "SingleInstance.h"
-#include "TestWindow.h"
 
 #include <QContextMenuEvent>
 #include <QLineEdit>
@@ -11,32 +9,6 @@
 #include <QTest>
 
 #include <thread>
-
-namespace
-{
-
-/// Sends a command as an IDE does, while the window's events go on; the report.
-std::string Send(quint32 command, const QByteArray &record)
-{
-    QString report, error;
-    std::atomic<bool> isOver = false;
-    std::thread ide([&] {
-        (void)IdeCommandClient::Run(
-            command, record, [&](QStringView text) { report += text; }, error);
-        isOver = true;
-    });
-    EXPECT_TRUE(TestWindow::WaitFor([&] { return isOver.load(); }));
-    ide.join();
-    return (report + error).toStdString();
-}
-
-QByteArray RecordOf(const QString &path)
-{
-    QString error;
-    return BuildRecord(CommandRecord{path}, error).value();
-}
-
-} // namespace
 
 TEST(Channel, WhatACommandExplainsIsOnStandardErrorAndThenInThePane)
 {

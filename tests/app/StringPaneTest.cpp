@@ -5,7 +5,6 @@
 #include "StringGridRules.h"
 
 #include <QClipboard>
-#include <QMimeData>
 #include <QStatusBar>
 
 // Rows by ID: ID_A2 (Push), ID_A10, ID_C, the new-row line.
@@ -24,22 +23,6 @@ std::string Enabled(const StringWindow &window)
     for (const ActionId id : ACTIONS)
         text += window.Frame().IsEnabled(id) ? 'x' : '-';
     return text;
-}
-
-void Drop(StringWindow &window, const QStringList &paths)
-{
-    QMimeData data;
-    QList<QUrl> urls;
-    for (const QString &path : paths)
-        urls.append(QUrl::fromLocalFile(path));
-    data.setUrls(urls);
-    QWidget *const below = window.Grid().viewport();
-    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(below, &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(below, &drop);
-    window.Settle();
 }
 
 } // namespace
@@ -172,13 +155,13 @@ TEST(StringPane, TakesWhatIsDroppedAndTellsOfTheRest)
     window.Frame().RunAction(ACTION_UNDO);
     ASSERT_EQ(window.Shown(0, 4), "");
     window.Tree().setFocus(); // as after a click on Strings
-    Drop(window, {window.folder.Path("demo"), window.folder.Path("notes.txt"), window.folder.Path("bad.xls"), book});
+    window.Drop({window.folder.Path("demo"), window.folder.Path("notes.txt"), window.folder.Path("bad.xls"), book});
     ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 2; })) << window.boxes.join(u'|').toStdString();
     EXPECT_EQ(window.boxes[0], u"\"notes.txt\": Inappropriate file type."_s);
     EXPECT_TRUE(window.boxes[1].startsWith(u"Failed to import \"bad.xls\"."_s));
     EXPECT_EQ(window.Shown(0, 4), "Deux");
     EXPECT_FALSE(window.Table().history.CanRedo()) << "the rebuild forgets the steps";
-    Drop(window, {window.folder.Path("demo")});
+    window.Drop({window.folder.Path("demo")});
     EXPECT_EQ(window.boxes.size(), 2);
     window.Document().SetModifiedFlag(false);
 }

@@ -58,6 +58,7 @@ TEST(StringView, TabPassesOverHiddenColumns)
     StringWindow window;
     window.Grid().horizontalHeader()->resizeSection(4, 0);
     window.Grid().horizontalHeader()->resizeSection(0, 0);
+    window.Settle();
     window.Edit(0, 3);
     window.Key(Qt::Key_Tab);
     EXPECT_EQ(window.Edited(), "1,1");

@@ -7,7 +7,9 @@
 #include "StringGrid.h"
 #include "TestWindow.h"
 
+#include <QDragEnterEvent>
 #include <QHeaderView>
+#include <QMimeData>
 #include <QTest>
 
 /// A window with a project of strings, opened at its strings.
@@ -42,6 +44,16 @@ struct StringWindow : TestWindow
         throw std::runtime_error("there is no such widget");
     }
 
+    /// The widget of that class and name in the view.
+    template <typename Widget> [[nodiscard]] Widget &Named(const QString &accessibleName) const
+    {
+        for (QWidget *child : View().findChildren<QWidget *>()) {
+            if (auto *const found = dynamic_cast<Widget *>(child); found && child->accessibleName() == accessibleName)
+                return *found;
+        }
+        throw std::runtime_error("there is no such widget");
+    }
+
     [[nodiscard]] CStringView &View() const { return Find<CStringView>(Child()); }
     [[nodiscard]] StringGrid &Grid() const { return View().Grid(); }
     [[nodiscard]] StringTable &Table() const { return View().Table(); }
@@ -69,17 +81,87 @@ struct StringWindow : TestWindow
         QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, place);
         QTest::mouseDClick(Grid().viewport(), Qt::LeftButton, {}, place);
     }
+    /// Has the window active again, which behind a box nobody else does without a screen.
+    void WakeUp() const
+    {
+        QCoreApplication::processEvents();
+        while (!QApplication::activeWindow()) {
+            Frame().activateWindow();
+            QCoreApplication::processEvents(); // which may be a box
+        }
+    }
     void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const
     {
+        WakeUp();
         QTest::keyClick(QApplication::focusWidget(), key, modifiers);
     }
-    void Type(const QString &text) const { QTest::keyClicks(QApplication::focusWidget(), text); }
+    void Type(const QString &text) const
+    {
+        WakeUp();
+        QTest::keyClicks(QApplication::focusWidget(), text);
+    }
     /// The cell that the editor is over, as "row,column"; empty while it is closed.
     [[nodiscard]] std::string Edited() const
     {
         if (!Editor().isVisible())
             return {};
         return std::to_string(Editor().Cell().row()) + ',' + std::to_string(Editor().Cell().column());
+    }
+
+    void Drop(const QStringList &paths) const
+    {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const QString &path : paths)
+            urls.append(QUrl::fromLocalFile(path));
+        data.setUrls(urls);
+        QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(Grid().viewport(), &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(Grid().viewport(), &drop);
+        Settle();
+    }
+
+    [[nodiscard]] CResFolder *Strings() const { return Document().root.FindFolder(KIND_STRINGS, 2); }
+    /// A row of the tree, by the head in the first folder: ID, kind, and the texts in the order of the folders.
+    [[nodiscard]] QStringList TreeRow(const CBaseRes &head) const
+    {
+        QStringList row{Document().env.NarrowToWide(head.Id()->name), head.Id()->push ? u"Push"_s : u"Normal"_s};
+        for (const auto &language : Strings()->subfolders) {
+            const auto *const cell = static_cast<const CStringRes *>(language->FindResource(head.Id()));
+            row << (cell ? cell->text : QString());
+        }
+        return row;
+    }
+    /// The languages and the rows of the tree, in its order.
+    [[nodiscard]] QStringList TreeRows() const
+    {
+        QStringList rows;
+        if (!Strings() || Strings()->subfolders.empty())
+            return rows;
+        for (const auto &language : Strings()->subfolders)
+            rows << language->title + u'(' + QString::number(language->index) + u')';
+        for (const CBaseRes *head : Strings()->subfolders.front()->resources)
+            rows << TreeRow(*head).join(u'|');
+        return rows;
+    }
+    /// Saves. False when there is nothing in the file to be read again: what was typed before is refused, or the
+    /// project has no strings and no languages.
+    [[nodiscard]] bool Save() const
+    {
+        Frame().RunAction(ACTION_SAVE);
+        return !Document().IsModified() && QFile::exists(folder.Path("demo/res/ref_list_demo.txt"));
+    }
+    /// Saves, and has the project read again what was saved: it must be the same.
+    void SaveAndReload() const
+    {
+        if (!Save())
+            return;
+        const QStringList saved = TreeRows();
+        folder.Put("demo/res/ref_list_demo.txt", folder.Get("demo/res/ref_list_demo.txt")); // at another time
+        EXPECT_EQ(Document().TakeInChanges(), CResDoc::Outside::TakenIn);
+        EXPECT_EQ(TreeRows(), saved);
     }
 
     static inline const QByteArray THREE_ROWS =

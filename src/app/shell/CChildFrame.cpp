@@ -80,7 +80,7 @@ void CChildFrame::LeaveDocument()
     selection.reset();
 }
 
-bool CChildFrame::TakeEdit()
+bool CChildFrame::TakePaneEdit()
 {
     bool isTaken = true;
     for (const auto &[pane, widget] : panes) {
@@ -163,8 +163,10 @@ bool CChildFrame::MayClose()
 
 void CChildFrame::closeEvent(QCloseEvent *event)
 {
-    // Not during a command of the channel. The button of the window leaves an editor open, so its text is taken here.
-    if (!HasLeft() && (!shell.IsEnabled(ACTION_CLOSE) || !TakeEdit() || !MayClose())) {
+    // Not during a command of the channel, nor below a dialog, which belongs to a pane. The cross takes no focus, so
+    // what is being edited is taken here.
+    const bool isBusy = !shell.IsEnabled(ACTION_CLOSE) || QApplication::activeModalWidget();
+    if (!HasLeft() && (isBusy || !shell.TakeEdit() || !MayClose())) {
         event->ignore();
         return;
     }

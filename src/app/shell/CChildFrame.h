@@ -39,7 +39,7 @@ public:
     [[nodiscard]] bool HasLeft() const { return !splitter; }
 
     /// Takes what is being edited in place in a pane. False when it was refused, which the user is told.
-    [[nodiscard]] bool TakeEdit();
+    [[nodiscard]] bool TakePaneEdit();
 
     /// What the settings are to remember of this window, which stores it when it ends. Only before it has let go of its
     /// document.
@@ -54,6 +54,7 @@ public:
     [[nodiscard]] IViewBoxes &Boxes() override { return shell.Boxes(); }
     void ShowPane(Pane pane) override;
     void RunAction(ActionId id) override { shell.RunAction(id); }
+    [[nodiscard]] bool TakeEdit() override { return shell.TakeEdit(); }
     void AfterCommand(std::function<void()> call) override { shell.AfterCommand(std::move(call)); }
     [[nodiscard]] bool IsEnabled(ActionId id) const override { return shell.IsEnabled(id); }
 

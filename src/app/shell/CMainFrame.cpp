@@ -238,7 +238,7 @@ bool CMainFrame::TakeEdit()
 {
     const int before = boxes.Messages();
     for (CChildFrame *child : area->Children()) {
-        if (!child->TakeEdit())
+        if (!child->TakePaneEdit())
             return false;
     }
     focusedEdit.EndLabel();

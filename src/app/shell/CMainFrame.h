@@ -58,6 +58,7 @@ public:
     [[nodiscard]] UserBoxes &Boxes() override { return boxes; }
     void ShowPane(Pane) override {}
     void RunAction(ActionId id) override;
+    [[nodiscard]] bool TakeEdit() override;
     void AfterCommand(std::function<void()> call) override { turn.AfterCommand(std::move(call)); }
     [[nodiscard]] bool IsEnabled(ActionId id) const override { return !turn.IsOn() && route.StateOf(id).enabled; }
     // IActionTarget
@@ -78,7 +79,6 @@ private:
     void ShowTitle();
     void Opened(CDocument &document);
     void EndSession(QSessionManager &session);
-    bool TakeEdit();
     void GoToPane(int step);
     void Arrange(ActionId id);
     void StoreState();

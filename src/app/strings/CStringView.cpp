@@ -11,6 +11,7 @@
 #include "StringGrid.h"
 #include "ViewHost.h"
 #include "ViewMenu.h"
+#include "WaitCursor.h"
 
 #include <QContextMenuEvent>
 #include <QDropEvent>
@@ -164,15 +165,15 @@ void CStringView::Run(ActionId id)
     case ACTION_LANGUAGE:
         return ChooseLanguages();
     case ACTION_UNDO:
-        return table.history.Undo();
+        return UndoOrRedo(&CommandHistory::Undo);
     case ACTION_REDO:
-        return table.history.Redo();
+        return UndoOrRedo(&CommandHistory::Redo);
     case ACTION_RENAME:
         return grid->OpenCellEditor(grid->SelectedRows().front(), StringTable::ID_COLUMN);
     case ACTION_COPY:
         return table.Copy(grid->SelectedStrings());
     case ACTION_PASTE:
-        return table.history.Run(std::make_unique<STR_PST_CMD>(table));
+        return PasteRows();
     case ACTION_DELETE:
         return DeleteSelected();
     case ACTION_DELETE_ALL:
@@ -188,6 +189,13 @@ void CStringView::Run(ActionId id)
     default:
         return finder->Run(id);
     }
+}
+
+/// A step may be of many thousand rows.
+void CStringView::UndoOrRedo(void (CommandHistory::*step)())
+{
+    const WaitCursor cursor;
+    (table.history.*step)();
 }
 
 void CStringView::New()
@@ -248,8 +256,15 @@ void CStringView::DeleteAll()
     DeleteRows(all);
 }
 
+void CStringView::PasteRows()
+{
+    const WaitCursor cursor;
+    table.history.Run(std::make_unique<STR_PST_CMD>(table));
+}
+
 void CStringView::DeleteRows(const std::vector<int> &toDelete)
 {
+    const WaitCursor cursor;
     if (!toDelete.empty())
         table.history.Run(std::make_unique<STR_DEL_CMD>(table, toDelete));
 }

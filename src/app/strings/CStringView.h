@@ -47,12 +47,14 @@ protected:
 private:
     void Rebuild();
     void ForgetEdits();
+    void UndoOrRedo(void (CommandHistory::*step)());
     void New();
     void ChooseLanguages();
     void Import();
     void PushSelected();
     void DeleteSelected();
     void DeleteAll();
+    void PasteRows();
     void DeleteRows(const std::vector<int> &toDelete);
     void OpenMenu(const QContextMenuEvent &event);
     [[nodiscard]] int PushedStrings() const;

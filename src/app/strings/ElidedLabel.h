@@ -22,7 +22,7 @@ protected:
         QPainter painter(this);
         painter.setPen(palette().color(QPalette::WindowText));
         painter.setLayoutDirection(Qt::LeftToRight); // as its order is
-        const Qt::Alignment leading = layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
-        painter.drawText(contentsRect(), leading | Qt::AlignVCenter | Qt::Alignment(Qt::TextSingleLine), shown);
+        const int leading = layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
+        painter.drawText(contentsRect(), leading | Qt::AlignVCenter | Qt::TextSingleLine, shown);
     }
 };

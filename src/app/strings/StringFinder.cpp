@@ -123,6 +123,7 @@ void StringFinder::Filter()
 
 void StringFinder::ApplyFilter()
 {
+    (void)grid.TakeEdit(); // a filter is also set with no user at the bar: when a language goes
     const StringCondition condition = bar->Condition();
     if (condition.IsEmpty()) {
         if (model.HasFilter())

@@ -54,12 +54,14 @@ void StringGrid::Connect()
     });
     connect(&rows, &QAbstractItemModel::columnsInserted, this, [this] {
         FitColumns();
-        Select(SelectedRows()); // with the cells that have come
+        SelectWholeRows();
     });
     connect(&rows, &QAbstractItemModel::rowsInserted, this, &StringGrid::RowsInserted);
     connect(&rows, &QAbstractItemModel::columnsRemoved, this, [this](const QModelIndex &, int first, int last) {
         widths.erase(widths.begin() + first, widths.begin() + last + 1);
         before.erase(before.begin() + first, before.begin() + last + 1);
+        (void)TakeEdit(); // its cell is elsewhere now, or gone
+        SelectWholeRows();
     });
     const auto countAnew = [this] { selectionCount.reset(); };
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, countAnew);
@@ -175,6 +177,12 @@ void StringGrid::FitColumns()
         horizontalHeader()->resizeSection(col, widths[size_t(col)]);
 }
 
+/// A column that comes isn't selected, and one that goes leaves two parts of each selected row.
+void StringGrid::SelectWholeRows()
+{
+    Select(SelectedRows());
+}
+
 void StringGrid::OpenCellEditor(int row, int col)
 {
     typeBox->Commit();
@@ -261,7 +269,7 @@ const StringGrid::SelectionCount &StringGrid::CountSelected()
 {
     if (selectionCount)
         return *selectionCount;
-    SelectionCount &count = selectionCount.emplace();
+    SelectionCount &count = *(selectionCount = SelectionCount());
     const int newRow = rows.rowCount() - 1;
     for (const QItemSelectionRange &range : selectionModel()->selection()) {
         count.rows += range.height();

@@ -67,6 +67,7 @@ private:
     void NoteFocus();
     void FitColumns();
     void RowsInserted(const QModelIndex &parent, int first, int last);
+    void SelectWholeRows();
     /// False when the table refuses the text.
     bool Commit(const QPersistentModelIndex &cell, QString text);
     void ReportCellError(int code, int row, int col);

@@ -277,7 +277,7 @@ void StringGridModel::TableReset()
 
 void StringGridModel::BatchBegins()
 {
-    batch.emplace();
+    batch = PutOff();
 }
 
 void StringGridModel::BatchEnds()

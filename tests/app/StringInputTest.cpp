@@ -1,0 +1,198 @@
+// What no table of strings should get, by all ways that lead into it.
+#include "FindBar.h"
+#include "Spreadsheet.h"
+#include "StringWindow.h"
+
+#include <QClipboard>
+#include <QElapsedTimer>
+#include <QLineEdit>
+
+// Rows by ID: ID_A2, ID_A10, ID_C, the new-row line.
+
+namespace
+{
+
+struct InputWindow : StringWindow
+{
+    /// Says OK to all boxes.
+    InputWindow() { Answer(QList<QMessageBox::StandardButton>(500, QMessageBox::Ok)); }
+
+    void Paste(ActionId id, const QString &text) const
+    {
+        WakeUp();
+        QGuiApplication::clipboard()->setText(text);
+        Frame().RunAction(id);
+    }
+    /// The change is one step, leaves lines whole, and is the same in the file.
+    void CheckStep(const QStringList &before) const
+    {
+        const QStringList after = TreeRows();
+        Frame().RunAction(ACTION_UNDO);
+        EXPECT_EQ(TreeRows(), before);
+        Frame().RunAction(ACTION_REDO);
+        EXPECT_EQ(TreeRows(), after);
+        SaveAndReload();
+    }
+};
+
+} // namespace
+
+TEST(StringInput, AnyTextBecomesOneLineOrStaysOut)
+{
+    const QString texts[] = {u"a\r\nb\nc\rd"_s,
+                             u"\n"_s,
+                             u"a\tb"_s,
+                             u"\"a\nb\"\"\tc\""_s,
+                             u"a\u2028b\u0085c\vd"_s,
+                             QString(QChar(0)) + u"a"_s + QChar(0),
+                             QString(QChar(0xD83D)),
+                             u"a"_s + QChar(0xDE00) + QChar(0xD83D) + u"b"_s,
+                             u"\uFEFF\uFFFF"_s,
+                             u"##number"_s,
+                             QString(100'000, u'x'),
+                             QString(50'000, u'\n') + QString(50'000, u'\t')};
+    for (const QString &text : texts) {
+        SCOPED_TRACE(text.left(20).toStdString());
+        InputWindow window;
+        QStringList before = window.TreeRows();
+        window.Edit(1, 3);
+        window.Paste(ACTION_PASTE, text);
+        window.Key(Qt::Key_Return);
+        window.CheckStep(before);
+
+        window.Frame().RunAction(ACTION_REPLACE);
+        window.Paste(ACTION_PASTE, text);
+        window.Named<QLineEdit>(u"Find"_s).setText(u"D"_s);
+        window.Named<QLineEdit>(u"Replace with"_s).setFocus();
+        window.Paste(ACTION_PASTE, text);
+        before = window.TreeRows();
+        window.Key(Qt::Key_Return);
+        EXPECT_NE(window.TreeRows(), before);
+        window.Grid().setFocus();
+        window.CheckStep(before);
+        window.Named<QLineEdit>(u"Find"_s).setFocus();
+        window.Key(Qt::Key_Escape);
+
+        window.Grid().SelectAlone(2, 2);
+        window.Grid().setFocus();
+        before = window.TreeRows();
+        window.Paste(ACTION_PASTE_CELLS, text);
+        window.CheckStep(before);
+        window.Document().SetModifiedFlag(false);
+    }
+}
+
+TEST(StringInput, NoWrongIdGetsIn)
+{
+    InputWindow window;
+    const QStringList before = window.TreeRows();
+    const QString ids[] = {u" "_s,
+                           u"1A"_s,
+                           u"A B"_s,
+                           u"ID_\u00C4"_s,
+                           u"ID_"_s + QChar(0) + u"A"_s,
+                           u"ID_C"_s,
+                           u"id_c "_s,
+                           u"<New>"_s,
+                           u"ID-1"_s,
+                           u"##number"_s,
+                           u"ID\u200BA"_s,
+                           u"A\nB"_s,
+                           u"ID_\xDC00"_s,
+                           QString(65, u'I') + u"-"_s};
+    for (const QString &id : ids) {
+        SCOPED_TRACE(id.toStdString());
+        for (const int row : {0, 3}) {
+            if (row == 3 && (id.trimmed() != id || id == u"<New>"_s))
+                continue; // what a new row gets isn't trimmed, and nothing has changed
+            window.boxes.clear();
+            window.Edit(row, 0);
+            window.Paste(ACTION_PASTE, id.right(64));
+            window.Key(Qt::Key_Return);
+            ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 1 && window.Editor().IsOpen(); })) << row;
+            EXPECT_TRUE(window.boxes[0].startsWith(u"The ID "_s));
+            window.Key(Qt::Key_Escape);
+            EXPECT_EQ(window.TreeRows(), before);
+        }
+        if (id.trimmed().toUpper() == u"ID_C"_s)
+            continue; // pasted cells are for that row
+        window.boxes.clear();
+        window.Paste(ACTION_PASTE_CELLS, u"Resource Type\tID\tEnglish\nPush\t\""_s + id + u"\"\t"_s);
+        EXPECT_TRUE(window.WaitFor([&] { return window.boxes.size() == 1; }));
+        EXPECT_TRUE(window.boxes.value(0).startsWith(u"Nothing of what is on the clipboard can be taken."_s));
+        EXPECT_EQ(window.TreeRows(), before);
+    }
+    EXPECT_FALSE(window.Document().IsModified());
+}
+
+TEST(StringInput, ALargeClipboardIsOneStepUnderTheWaitPointer)
+{
+    constexpr int ROWS = 50'000;
+    InputWindow window;
+    QString block = u"ID\tResource Type\tDescription\tEnglish\tFrench\n"_s;
+    for (int row = 0; row < ROWS; ++row)
+        block += u"ID_P%1\tNormal\tdescription\tHello\tBonjour\n"_s.arg(row);
+    const QStringList before = window.TreeRows();
+    bool isWaiting = false;
+    QObject::connect(window.Grid().model(), &QAbstractItemModel::modelReset, [&] {
+        const QCursor *const pointer = QGuiApplication::overrideCursor();
+        isWaiting = pointer && pointer->shape() == Qt::WaitCursor;
+    });
+    QElapsedTimer timer;
+    const auto tell = [&](const char *what) { RecordProperty(what, int(timer.restart())); };
+    timer.start();
+    window.Paste(ACTION_PASTE_CELLS, block);
+    tell("paste");
+    EXPECT_TRUE(isWaiting);
+    EXPECT_EQ(window.Table().RowCount(), ROWS + 3);
+    window.Frame().RunAction(ACTION_UNDO);
+    tell("undo");
+    EXPECT_TRUE(isWaiting);
+    EXPECT_EQ(window.TreeRows(), before);
+    window.Frame().RunAction(ACTION_REDO);
+    tell("redo");
+    window.SaveAndReload();
+    tell("save and reload");
+    window.Frame().RunAction(ACTION_SELECT_ALL);
+    window.Frame().RunAction(ACTION_COPY_CELLS);
+    window.Frame().RunAction(ACTION_COPY);
+    window.Frame().RunAction(ACTION_PASTE);
+    tell("copies");
+    EXPECT_EQ(window.Table().RowCount(), 2 * (ROWS + 3));
+    window.Document().SetModifiedFlag(false);
+}
+
+TEST(StringInput, WhatIsDroppedIsTakenWholeOrNotAtAll)
+{
+    InputWindow window;
+    const QString book = window.folder.Path("good.xls");
+    window.Edit(0, 4);
+    window.Type(u"Deux"_s);
+    window.Key(Qt::Key_Return);
+    const QStringList after = window.TreeRows();
+    ASSERT_EQ(ExportSpreadsheet(window.Document(), book).code, 0);
+    window.Frame().RunAction(ACTION_UNDO);
+    const QStringList before = window.TreeRows();
+    const QByteArray good = window.folder.Get("good.xls");
+    for (qsizetype size = 0; size < good.size(); size += 1 + good.size() / 40) {
+        window.folder.Put("cut.xls", good.left(size));
+        window.Drop({window.folder.Path("cut.xls")});
+        ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 1 || window.TreeRows() == after; })) << size;
+        if (window.boxes.isEmpty())
+            break; // only the room behind the table is cut
+        EXPECT_TRUE(window.boxes.takeFirst().startsWith(u"Failed to import \"cut.xls\"."_s));
+        EXPECT_EQ(window.TreeRows(), before) << size;
+    }
+    QStringList many{window.folder.Path("demo"), window.folder.Path("gone.xls"),
+                     window.folder.Path("demo/demo.vcproj")};
+    for (int n = 0; n < 97; ++n) {
+        window.folder.Put("copy" + QByteArray::number(n) + ".xls", good);
+        many << window.folder.Path("copy" + QByteArray::number(n) + ".xls");
+    }
+    window.Edit(0, 3);
+    window.Type(u"typed"_s);
+    window.Drop(many);
+    ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 2; }));
+    EXPECT_EQ(window.Shown(0, 3), "typed");
+    window.SaveAndReload();
+}
