@@ -1,5 +1,5 @@
 // Layout files: loading one beside the parser's own reading, saving it beside the parser's printing, and setting one
-// property, whatever the layout's size.
+// property or naming a new component, whatever the layout's size.
 
 #include "CLayoutRes.h"
 #include "CatalogueFile.h"
@@ -150,5 +150,28 @@ void SetProperty(benchmark::State &state)
     }
 }
 BENCHMARK(SetProperty)->Arg(1000)->Arg(100000)->Unit(benchmark::kMicrosecond);
+
+/// The first name for a new component of a layout whose components have the names that new ones get, and the search for
+/// one by its name. Neither name nor search may take longer for one component when there are more.
+void FirstNameOfComponent(benchmark::State &state)
+{
+    World world(0);
+    const LayoutFileRef file = world.Load();
+    const auto layout = CLayoutRes::Create(file, file->All().front().get(), world.catalogue);
+    quint32 number = 0;
+    for (qint64 i = 0; i < state.range(0); ++i) {
+        auto component = std::make_unique<ComponentObject>();
+        component->className = "Label";
+        component->name = layout->NewName(number);
+        layout->AddComponent(world.env, std::move(component));
+    }
+    for (auto _ : state) {
+        quint32 counter = 0;
+        if (layout->FindComponent(layout->NewName(counter)) || counter != number + 1)
+            std::abort();
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(FirstNameOfComponent)->Arg(100)->Arg(5000)->Arg(100000)->Unit(benchmark::kMicrosecond);
 
 } // namespace

@@ -1,9 +1,8 @@
 // How long the inner work takes, each beside a plain form of the same work in the same run.
 
-#include "Environment.h"
+#include "BenchModel.h"
 #include "IDGen.h"
 #include "PayloadLayout.h"
-#include "ResModel.h"
 #include "SortedIds.h"
 #include "StringFileReader.h"
 
@@ -16,27 +15,6 @@
 namespace
 {
 
-class BenchModel : public CResModel
-{
-public:
-    BenchModel(Environment &environment, ProcessTables &processTables) : CResModel(environment, processTables)
-    {
-        root.AddFolder(CreateFolder(KIND_STRINGS, -1));
-    }
-    const QString &PathName() const override { return path; }
-
-private:
-    QString path = QStringLiteral("/demo.vcproj");
-};
-
-/// A process of its own for one model.
-struct World
-{
-    Environment env{QStringLiteral("/nowhere")};
-    ProcessTables tables;
-    BenchModel model{env, tables};
-};
-
 std::vector<QByteArray> ShuffledNames(qsizetype count)
 {
     std::vector<QByteArray> names;
@@ -48,7 +26,7 @@ std::vector<QByteArray> ShuffledNames(qsizetype count)
 
 void FillValueOfIds(benchmark::State &state)
 {
-    World world;
+    BenchWorld world;
     for (const QByteArray &name : ShuffledNames(state.range(0)))
         (void)world.model.ids.Allocate(name, ANY_RESOLUTION);
     for (auto _ : state)
@@ -91,7 +69,7 @@ void ReadStrings(benchmark::State &state)
 {
     const QByteArray file = StringFileOf(state.range(0), 12);
     for (auto _ : state) {
-        World world;
+        StringsWorld world;
         qsizetype at = 0;
         StringFileReader reader(world.model, [&](void *buffer, size_t size) {
             const qsizetype piece = std::min(qsizetype(size), file.size() - at);

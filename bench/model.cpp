@@ -1,7 +1,6 @@
 // The tree of resources when it is large: default IDs, and folders that are emptied.
 
-#include "Environment.h"
-#include "ResModel.h"
+#include "BenchModel.h"
 
 #include <benchmark/benchmark.h>
 
@@ -9,23 +8,6 @@
 
 namespace
 {
-
-class EmptyModel : public CResModel
-{
-public:
-    using CResModel::CResModel;
-    const QString &PathName() const override { return path; }
-
-private:
-    QString path = QStringLiteral("/demo.vcproj");
-};
-
-struct World
-{
-    Environment env{QStringLiteral("/nowhere")};
-    ProcessTables tables;
-    EmptyModel model{env, tables};
-};
 
 double Seconds(std::chrono::steady_clock::time_point from)
 {
@@ -35,7 +17,7 @@ double Seconds(std::chrono::steady_clock::time_point from)
 /// Seconds that the default IDs of so many files take.
 double TimeOfIds(qsizetype count, const std::function<QString(qsizetype)> &title)
 {
-    World world;
+    BenchWorld world;
     std::vector<QString> paths;
     for (qsizetype i = 0; i < count; ++i)
         paths.push_back(title(i) + QStringLiteral(".png"));
@@ -78,7 +60,7 @@ void ClearOfSubfolders(benchmark::State &state)
 {
     for (auto _ : state) {
         state.PauseTiming();
-        World world;
+        BenchWorld world;
         for (qint64 i = 0; i < state.range(0); ++i)
             world.model.root.AddFolder(world.model.CreateFolder(KIND_LANGUAGE, qint32(i)));
         state.ResumeTiming();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Environment.h"
+#include "BenchModel.h"
 #include "StringFileReader.h"
 #include "StringTable.h"
 
@@ -14,19 +14,6 @@ struct NoGrid : IStringGrid
 {
     void ReportCellError(int, int, int) override {}
     void ShowMessage(int) override {}
-};
-
-class TableModel : public CResModel
-{
-public:
-    TableModel(Environment &environment, ProcessTables &processTables) : CResModel(environment, processTables)
-    {
-        root.AddFolder(CreateFolder(KIND_STRINGS, -1));
-    }
-    const QString &PathName() const override { return path; }
-
-private:
-    QString path = QStringLiteral("/demo.vcproj");
 };
 
 inline QByteArray FileOf(qint64 rows)
@@ -56,7 +43,7 @@ inline Utf16Lines::Source SourceOf(const QByteArray &file, qsizetype &at)
 }
 
 /// A table read from a file, shown in `Grid`.
-template <typename Grid = NoGrid> struct TableWorld
+template <typename Grid = NoGrid> struct TableWorld : StringsWorld
 {
     explicit TableWorld(const QByteArray &file)
     {
@@ -66,9 +53,6 @@ template <typename Grid = NoGrid> struct TableWorld
             std::abort();
         table.Rebuild();
     }
-    Environment env{QStringLiteral("/nowhere")};
-    ProcessTables tables;
-    TableModel model{env, tables};
     Grid grid;
     StringTable table{model, grid};
 };

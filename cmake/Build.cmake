@@ -33,8 +33,8 @@ endfunction()
 
 # morvanite_part(pack pack USES model platform WITHIN idgen X::y): a folder as the library morvanite_pack.
 # USES names the libraries whose headers its own headers include, WITHIN those that only its sources include. A header is
-# visible only to who names its folder, so an include that runs upwards doesn't compile; scripts/check_tree.py compares
-# both lists with the includes.
+# visible to who names its folder, or a folder that has that one under USES: an include that runs upwards doesn't compile.
+# scripts/check_tree.py compares both lists with the includes.
 function(morvanite_part name folder)
     cmake_parse_arguments(arg "" "" "USES;WITHIN" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)

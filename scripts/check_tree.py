@@ -48,21 +48,66 @@ def parts_of_the_tree():
     return parts
 
 
-def include_breaches(headers):
-    """Includes that the lists of the parts don't have, entries of the lists that nothing includes, and names of headers
-    that are there twice: of these an include could find the wrong one."""
-    breaches = []
+def includes_in(source):
+    return re.findall(r'^#include "([^"]+)"', pathlib.Path(source).read_text(encoding='utf-8'), re.M)
+
+
+def folders_of_headers(headers, breaches):
+    """header -> its folder. Two headers of one name are a breach: an include could find the wrong one."""
     folder_of = {}
     for path in map(pathlib.PurePath, headers):
         if path.name in folder_of:
             breaches.append('%s: a header of that name is in %s too' % (path, folder_of[path.name]))
         folder_of[path.name] = str(path.parent)
-    parts = parts_of_the_tree()
+    return folder_of
+
+
+def program_breaches(folder_of, parts):
+    """The same for folders of programs, tools and tests, each as a whole: what its targets link are the libraries whose
+    headers its files include, by themselves or through a header that belongs to no library, such as a fixture."""
+    breaches = []
+    library_of = {folder: part[0] for folder, part in parts.items()}
+    lists = {str(pathlib.PurePath(path).parent): pathlib.Path(path).read_text(encoding='utf-8')
+             for path in tracked('src/cli/CMakeLists.txt', 'device/CMakeLists.txt', 'tools/*/CMakeLists.txt',
+                                 'tests/*/CMakeLists.txt')}
+    for folder, text in lists.items():
+        for name in re.findall(r'^add_library\(morvanite_(\w+)', text, re.M):
+            library_of[folder] = name
+    for folder, text in lists.items():
+        listed = set()
+        for words in re.findall(r'morvanite_test\([^)]*USES([^)]*)\)|morvanite_uses\(\S+([^)]*)\)', text):
+            listed.update(' '.join(words).split())
+        for words in re.findall(r'target_link_libraries\(\S+([^)]*)\)', text):
+            listed.update(re.findall(r'morvanite_(\w+)', words))
+        listed &= set(library_of.values()) - {library_of.get(folder)}
+        included = {}  # library -> a file that includes it
+        seen = set()
+        files = [(name, name) for name in tracked(folder + '/*.h', folder + '/*.cpp')]
+        while files:
+            source, path = files.pop()
+            for header in includes_in(path):
+                place = folder_of.get(header)
+                if place in library_of and place != folder:
+                    included.setdefault(library_of[place], source)
+                elif place and place != folder and header not in seen:
+                    seen.add(header)
+                    files.append((source, place + '/' + header))
+        for other in included.keys() - listed:
+            breaches.append('%s: includes a header of %s, which the CMakeLists.txt there doesn\'t list' %
+                            (included[other], other))
+        for other in listed - included.keys():
+            breaches.append('%s/CMakeLists.txt: nothing there includes a header of %s' % (folder, other))
+    return breaches
+
+
+def part_breaches(folder_of, parts):
+    """Includes that the lists of the parts don't have, and entries of the lists that nothing includes."""
+    breaches = []
     for folder, (name, uses, within) in parts.items():
         included = {'.h': set(), '.cpp': set()}
         for source in tracked(folder + '/*.h', folder + '/*.cpp'):
             kind = pathlib.PurePath(source).suffix
-            for header in re.findall(r'^#include "([^"]+)"', pathlib.Path(source).read_text(encoding='utf-8'), re.M):
+            for header in includes_in(source):
                 if header not in folder_of:
                     breaches.append('%s: includes %s, which is no header of this tree' % (source, header))
                 elif folder_of[header] != folder:
@@ -79,7 +124,10 @@ def include_breaches(headers):
 
 
 def main():
-    breaches = include_breaches(tracked('*.h'))
+    breaches = []
+    folder_of = folders_of_headers(tracked('*.h'), breaches)
+    parts = parts_of_the_tree()
+    breaches += part_breaches(folder_of, parts) + program_breaches(folder_of, parts)
     sources = tracked('src/*.cpp', 'src/*.h', 'tools/*.cpp', 'tools/*.h', 'device/*.c', 'device/*.h', 'tests/*.cpp',
                       'tests/*.h', 'fuzz/*.cpp', 'fuzz/*.h', 'bench/*.c', 'bench/*.cpp', 'sample/src/*.c', 'sample/src/*.h')
     for name in sources:

@@ -1,19 +1,24 @@
 #!/bin/sh
 # Takes the pictures of the window for README.md and docs/window.md anew, with the sample: docs/pictures/window.sh [BUILD]
-# BUILD, "build" if it isn't given, is a folder in which app_pictures has been built.
+# BUILD, "build" if it isn't given, is a folder in which app_pictures has been built. Needs the packages of the tests, and
+# fonts-lohit-deva for the texts in Hindi.
 set -eu
 program=$(realpath "${1:-build}")/tests/app_pictures
 pictures=$(cd "$(dirname "$0")" && pwd)
 taken=$(mktemp -d)
 trap 'rm -rf "$taken"' EXIT
-take() { # the picture's name among those that the program takes, the name of the file, the look
-    "$program" "$taken" ${3:-}
-    cp "$taken/$1.png" "$pictures/$2"
+take() { # the look, then for each picture its name among those that the program takes and the name of the file
+    "$program" "$taken" $1
+    shift
+    while [ $# -gt 0 ]; do
+        cp "$taken/$1.png" "$pictures/$2"
+        shift 2
+    done
 }
 export LC_ALL=C.UTF-8
 # A screen on which the window has room at either scale.
-printf '{"screens":[{"name":"s","x":0,"y":0,"width":2560,"height":1600,"logicalDpi":96,"logicalBaseDpi":96,"dpr":1}]}' >"$taken/screen.json"
+printf '{"screens":[{"name":"s","x":0,"y":0,"width":2880,"height":1700,"logicalDpi":96,"logicalBaseDpi":96,"dpr":1}]}' >"$taken/screen.json"
 export QT_QPA_PLATFORM="offscreen:configfile=$taken/screen.json"
-QT_SCALE_FACTOR=2 take project window.png
-take tiled window-tiled.png
-take images window-dark.png dark
+QT_SCALE_FACTOR=2 take "" project window.png strings strings.png
+take "" tiled window-tiled.png string-bars strings-find.png string-editor strings-edit.png languages languages.png
+take dark images window-dark.png string-bars strings-dark.png

@@ -183,7 +183,7 @@ static void show_strings(const application *app)
                 width[column] = text_width(text);
         }
     }
-    printf("\nStrings: %u in each of %d languages, among them\n", (unsigned)app->language[0].strings.count, LANGUAGES);
+    printf("\nStrings: %u in %d languages, among them\n", (unsigned)app->language[0].strings.count, LANGUAGES);
     text_print("  ID", 36);
     for (int column = 0; column < LANGUAGES; ++column)
         text_print(LANGUAGE[column].name, column + 1 < LANGUAGES ? width[column] + 2 : 0);

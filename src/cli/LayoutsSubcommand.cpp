@@ -1,3 +1,4 @@
+#include "CatalogueFile.h"
 #include "LayoutSurvey.h"
 #include "Paths.h"
 #include "ProjectLayouts.h"
@@ -48,34 +49,48 @@ private:
 
     int Check(Session &session, const CResDoc &document) const
     {
-        const std::vector<ProjectLayoutFinding> findings = CheckLayoutsOf(document);
-        if (!document.classes->loaded && !NamesCatalogue(document))
+        const std::vector<CheckedLayoutFile> files = CheckLayoutsOf(document);
+        if (!document.classes->loaded && CataloguePath(document.env).isEmpty())
             Complain(
                 QStringLiteral("without a catalogue (section Layout of Morvanite.ini) classes, properties and values "
                                "aren't checked"));
-        session.report.WriteBytes(json ? AsJson(findings) : AsText(findings));
-        return session.StatusAfter(findings.empty() && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED);
+        session.report.WriteBytes(json ? AsJson(files) : AsText(files));
+        return session.StatusAfter(files.empty() && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED);
     }
 
-    static QByteArray AsText(const std::vector<ProjectLayoutFinding> &findings)
+    /// Calls `show(file, line, text)` for each finding. One of the catalogue has its place in the text.
+    template <typename Show> static void ForEachFinding(const std::vector<CheckedLayoutFile> &files, const Show &show)
     {
-        QByteArray text;
-        for (const ProjectLayoutFinding &finding : findings) {
-            QString place = finding.file;
-            if (finding.line > 0)
-                place += QStringLiteral(", line %1").arg(finding.line);
-            text += (place.isEmpty() ? finding.text : place + QStringLiteral(": ") + finding.text).toUtf8() + '\n';
+        for (const CheckedLayoutFile &file : files) {
+            if (file.listed.isEmpty()) {
+                for (const QString &error : CatalogueErrors(file.findings))
+                    show(QString(), 0, error);
+                continue;
+            }
+            for (const Finding &finding : file.findings)
+                show(file.listed, finding.line, finding.text);
         }
-        return text;
     }
 
-    static QByteArray AsJson(const std::vector<ProjectLayoutFinding> &findings)
+    static QByteArray AsText(const std::vector<CheckedLayoutFile> &files)
+    {
+        QByteArray all;
+        ForEachFinding(files, [&all](const QString &file, int line, const QString &text) {
+            QString place = file;
+            if (line > 0)
+                place += QStringLiteral(", line %1").arg(line);
+            all += (place.isEmpty() ? text : place + QStringLiteral(": ") + text).toUtf8() + '\n';
+        });
+        return all;
+    }
+
+    static QByteArray AsJson(const std::vector<CheckedLayoutFile> &files)
     {
         QJsonArray list;
-        for (const ProjectLayoutFinding &finding : findings)
-            list.append(QJsonObject{{QStringLiteral("file"), finding.file},
-                                    {QStringLiteral("line"), finding.line},
-                                    {QStringLiteral("text"), finding.text}});
+        ForEachFinding(files, [&list](const QString &file, int line, const QString &text) {
+            list.append(QJsonObject{
+                {QStringLiteral("file"), file}, {QStringLiteral("line"), line}, {QStringLiteral("text"), text}});
+        });
         return QJsonDocument(QJsonObject{{QStringLiteral("findings"), list}}).toJson();
     }
 

@@ -8,7 +8,7 @@
 #include "RemoteSubcommand.h"
 #include "Subcommands.h"
 
-#include <QRegularExpression>
+#include <algorithm>
 
 namespace
 {
@@ -100,8 +100,11 @@ private:
     /// Is stricter than for an IDE's record: it reports a typing error, since somebody reads the message.
     [[nodiscard]] static bool IsScreenSize(const QString &word)
     {
-        static const QRegularExpression form(QStringLiteral("^[0-9]+[xX*][0-9]+$"));
-        const auto size = form.match(word).hasMatch() ? ParseResolution(word) : std::nullopt;
+        const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
+        const auto by = std::find_if_not(word.begin(), word.end(), isDigit);
+        const bool hasForm = by != word.begin() && by != word.end() && QStringView(u"xX*").contains(*by) &&
+                             by + 1 != word.end() && std::all_of(by + 1, word.end(), isDigit);
+        const auto size = hasForm ? ParseResolution(word) : std::nullopt;
         return size && size->width > 0 && size->height > 0;
     }
 

@@ -9,6 +9,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <optional>
+
 namespace
 {
 
@@ -102,10 +104,10 @@ private:
             return EXIT_FAILED;
         }
         FateList fates(session.report);
-        SpreadsheetImport import(document, workbook);
-        const SpreadsheetResult result = import.Read(dryRun ? &fates : nullptr);
+        std::optional<SpreadsheetImport> import(std::in_place, document, workbook);
+        const SpreadsheetResult result = import->Read(dryRun ? &fates : nullptr);
         const int status = Finish(session, result);
-        if (result.code != 0 || !TakesAll(import.Plan()))
+        if (result.code != 0 || !TakesAll(import->Plan()))
             return EXIT_FAILED;
         if (dryRun)
             return status;
@@ -114,7 +116,8 @@ private:
                      QStringLiteral(": its files were changed during the import; nothing is saved: import again"));
             return EXIT_FAILED;
         }
-        import.Plan().Apply();
+        import->Plan().Apply();
+        import.reset(); // the workbook's texts take as much memory as the save
         (void)document.DoFileSave();
         const bool saved = document.lastSave.write == 0;
         if (!saved)

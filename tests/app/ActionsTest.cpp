@@ -97,12 +97,15 @@ TEST(MainFrame, HasTheMenusOfNoDocumentAndThoseOfOne)
     ASSERT_TRUE(window.Frame().Projects().Open(window.Project()));
     window.Settle();
     const std::string recent = "1 " + window.Project().toStdString();
-    EXPECT_EQ(Shown(*window.Frame().menuBar()),
-              "File: Open... Ctrl+O, Close Ctrl+F4, Save Ctrl+S, | (Import...), (Export...), | " + recent +
-                  ", | Exit, \n"
-                  "Edit: (Undo Ctrl+Z Alt+Backspace), (Redo Ctrl+Y), | (Rename F2), (Copy Ctrl+C Ctrl+Ins), "
-                  "(Paste Ctrl+V Shift+Ins), (Delete All), | (Select All Ctrl+A), \n" +
-                  view + "Split, | (Find Bar Ctrl+F), (Details F4), \nWindow: Cascade, Tile, Arrange Icons, \nOther: (1.0 Res), \n" + help);
+    EXPECT_EQ(
+        Shown(*window.Frame().menuBar()),
+        "File: Open... Ctrl+O, Close Ctrl+F4, Save Ctrl+S, | (Import...), (Export...), | " + recent +
+            ", | Exit, \n"
+            "Edit: (Undo Ctrl+Z Alt+Backspace), (Redo Ctrl+Y), | (Rename F2), (Copy Ctrl+C Ctrl+Ins), "
+            "(Paste Ctrl+V Shift+Ins), (Delete All), | (Select All Ctrl+A), \n" +
+            view +
+            "Split, | (Find Bar Ctrl+F), (Details F4), \nWindow: Cascade, Tile, Arrange Icons, \nOther: (1.0 Res), \n" +
+            help);
     window.Frame().RunAction(ACTION_CLOSE);
     window.Settle();
     EXPECT_EQ(window.Frame().ActiveChild(), nullptr);

@@ -1,8 +1,11 @@
-// How a cell of a list is drawn, and in which direction its text runs.
+// How a cell of a list is drawn, in which direction its text runs, and where a row is.
+#include "CListGrid.h"
 #include "ListCellDelegate.h"
 #include "TextDirection.h"
 
+#include <QApplication>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStandardItemModel>
 #include <QStyleOption>
 
@@ -114,4 +117,22 @@ TEST(TextDirection, IsThatOfTheLanguageThatANameNames)
                                    "English (Saudi Arabia)", "Spanish (Darien)", "Russian", "ไทย", "Language 1",
                                    "1: Français", "C", "Kazakh", "Somali", "Maltese", "Turkish"})
         EXPECT_EQ(DirectionOfLanguage(QString::fromUtf8(name)), Qt::LeftToRight) << name;
+}
+
+TEST(CListGrid, KnowsThePlaceOfARowInEitherDirection)
+{
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        for (const int width : {150, 800}) {
+            QStandardItemModel model(2, 3);
+            CListGrid grid;
+            grid.setModel(&model);
+            grid.setLayoutDirection(direction);
+            grid.resize(width, 200);
+            grid.show();
+            QApplication::processEvents();
+            grid.horizontalScrollBar()->setValue(30);
+            const QRect cells = grid.visualRect(model.index(1, 0)) | grid.visualRect(model.index(1, 2));
+            EXPECT_EQ(grid.RowRect(1).adjusted(0, 0, -1, -1), cells) << direction << ' ' << width; // without the lines
+        }
+    }
 }

@@ -27,12 +27,13 @@ TEST(ListSettings, KeepTheWidthsFromTheLastColumnToTheFirstAndTheSortState)
     EXPECT_TRUE(list.Save({200, 0, 400}, -3));
     EXPECT_EQ(writeOf(), before) << "nothing has changed";
 
-    folder.Put("a.ini", "[wnd_1011]\n0=-2\n1=99999999\n2=x\n[wnd_0007]\n0=120\n");
+    folder.Put("a.ini", "[wnd_1011]\n0=-2\n1=99999999\n2=x\nsort=-2147483648\n[wnd_0007]\n0=120\n");
     settings.Refresh();
     const ListSettings other(settings, 1011);
     EXPECT_EQ(other.Width(0, 80), 80) << "no width is below 0";
     EXPECT_LT(other.Width(1, 80), 20'000);
     EXPECT_EQ(other.Width(2, 80), 0) << "as a number that is none";
+    EXPECT_EQ(other.SortState(1), 1) << "the other direction would be no number";
     EXPECT_EQ(list.Width(0, 200), 120);
     EXPECT_EQ(list.SortState(0), 0);
 }

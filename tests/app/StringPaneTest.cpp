@@ -1,5 +1,6 @@
 #include "StringWindow.h"
 
+#include "FindBar.h"
 #include "Spreadsheet.h"
 #include "StringGridRules.h"
 
@@ -153,6 +154,7 @@ TEST(StringPane, TakesWhatIsDroppedAndTellsOfTheRest)
     ASSERT_EQ(ExportSpreadsheet(window.Document(), book).code, 0);
     window.Frame().RunAction(ACTION_UNDO);
     ASSERT_EQ(window.Shown(0, 4), "");
+    window.Tree().setFocus(); // as after a click on Strings
     window.Drop({window.folder.Path("demo"), window.folder.Path("notes.txt"), window.folder.Path("bad.xls"), book});
     ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 2; })) << window.boxes.join(u'|').toStdString();
     EXPECT_EQ(window.boxes[0], u"\"notes.txt\": Inappropriate file type."_s);
@@ -171,10 +173,48 @@ TEST(StringPane, ComesBackToItsRow)
     window.Grid().SelectAlone(1, 3);
     window.Child().Selected().SelectFolder(&window.Document().root);
     EXPECT_FALSE(window.View().isVisible());
+    int resets = 0;
+    QObject::connect(window.Grid().model(), &QAbstractItemModel::modelReset, [&resets] { ++resets; });
     window.Child().Selected().SelectFolder(window.Document().root.FindFolder(KIND_STRINGS, 2));
     window.Settle();
+    EXPECT_EQ(resets, 1) << "one rebuild";
     EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{1});
     EXPECT_EQ(window.Grid().currentIndex().column(), 3);
+
+    window.Edit(1, 0);
+    window.Type(u"id_b"_s);
+    window.Key(Qt::Key_Return);
+    window.Document().UpdateAllViews(nullptr);
+    EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{1}) << "under another ID";
+    window.Document().SetModifiedFlag(false);
+}
+
+TEST(StringPane, ALongCommandLeavesTheSelection)
+{
+    QByteArray table = "Number of Language|1\nString ID|Resource Type|Description|English(9)\n";
+    for (int row = 100; row < 220; ++row)
+        table += "ID_" + QByteArray::number(row) + "|Normal|d|t\n";
+    StringWindow window(table + "##number|120\n");
+    window.Frame().RunAction(ACTION_SELECT_ALL);
+    window.Frame().RunAction(ACTION_COPY);
+    window.Grid().Select({5, 7});
+    window.Frame().RunAction(ACTION_PASTE);
+    ASSERT_EQ(window.Table().RowCount(), 240);
+    EXPECT_EQ(window.Grid().SelectedRows(), (std::vector<int>{5, 7}));
+    window.Frame().RunAction(ACTION_UNDO);
+    EXPECT_EQ(window.Grid().SelectedRows(), (std::vector<int>{5, 7}));
+    window.Document().SetModifiedFlag(false);
+}
+
+TEST(StringPane, ASelectedRowIsSelectedInANewLanguageToo)
+{
+    StringWindow window;
+    window.Grid().SelectAlone(1, 0);
+    CResFolder &strings = *window.Document().root.FindFolder(KIND_STRINGS, 2);
+    strings.AddFolder(window.Document().CreateFolder(KIND_LANGUAGE, 1));
+    window.Table().AddLanguageColumn(*strings.FindFolder(KIND_LANGUAGE, 1, 1));
+    EXPECT_TRUE(window.Grid().selectionModel()->isSelected(window.Grid().model()->index(1, 5)));
+    window.Document().SetModifiedFlag(false);
 }
 
 /// The project goes away below the grid.
@@ -193,5 +233,82 @@ TEST(StringPane, LetsGoOfWhatIsReloadedOrCleared)
     window.Type(u"id_first"_s);
     window.Key(Qt::Key_Return);
     EXPECT_EQ(window.Table().RowCount(), 1);
+    window.Document().SetModifiedFlag(false);
+}
+
+TEST(StringPane, FindsFiltersAndGoesToAnId)
+{
+    StringWindow window;
+    const auto ids = [&] {
+        std::string text;
+        for (int row = 0; row < window.Grid().model()->rowCount(); ++row)
+            text += window.Shown(row, 0) + ' ';
+        return text;
+    };
+    window.Grid().SelectAlone(2, 3);
+    window.Frame().RunAction(ACTION_FIND_BAR);
+    window.Type(u"te"_s);
+    EXPECT_EQ(ids(), "ID_A10 <New> ") << "Ten";
+    window.Type(u"x"_s);
+    EXPECT_EQ(ids(), "<New> ");
+    window.Key(Qt::Key_Backspace);
+    window.Grid().setFocus();
+    window.Edit(0, 3);
+    window.Type(u"Zehn"_s);
+    window.Key(Qt::Key_Return);
+    EXPECT_EQ(ids(), "ID_A10 <New> ") << "what was edited stays in sight";
+    window.Frame().RunAction(ACTION_FIND_BAR);
+    window.Key(Qt::Key_Escape);
+    EXPECT_EQ(ids(), "ID_A2 ID_A10 ID_C <New> ");
+
+    window.Grid().SelectAlone(0, 0);
+    window.Frame().RunAction(ACTION_NEXT_GAP);
+    EXPECT_EQ(window.Grid().currentIndex(), window.Grid().model()->index(0, 4));
+    window.Frame().RunAction(ACTION_FIND_BAR);
+    window.Type(u"Mer"_s);
+    window.Child().Selected().SelectFolder(&window.Document().root);
+    QTimer::singleShot(0, [] {
+        QWidget *const dialog = QApplication::activeModalWidget();
+        QTest::keyClicks(dialog->findChild<QLineEdit *>(), u"a1"_s);
+        QTest::keyClick(dialog->findChild<QLineEdit *>(), Qt::Key_Return);
+    });
+    window.Frame().RunAction(ACTION_GO_TO_ID);
+    EXPECT_TRUE(window.View().isVisible());
+    EXPECT_EQ(window.Shown(window.Grid().currentIndex().row(), 0), "ID_A10") << "a filter that hides it ends";
+    window.Document().SetModifiedFlag(false);
+}
+
+TEST(StringPane, CopiesPastesAndReplacesCellsAsOneStep)
+{
+    StringWindow window;
+    window.Grid().Select({0, 1});
+    window.Frame().RunAction(ACTION_COPY_CELLS);
+    const QString copied = QGuiApplication::clipboard()->text();
+    EXPECT_EQ(copied.toStdString(), "ID\tResource Type\tDescription\tEnglish\tFrench\nID_A2\tPush\ta\tTwo\t\n"
+                                    "ID_A10\tNormal\tb\tTen\tDix\n");
+    QGuiApplication::clipboard()->setText(u"ID\tFrench\nID_A2\tDeux\nid_new\tNeuf\n"_s);
+    window.Answer({QMessageBox::Cancel, QMessageBox::Ok, QMessageBox::Ok});
+    window.Frame().RunAction(ACTION_PASTE_CELLS);
+    EXPECT_EQ(window.Shown(0, 4), "");
+    window.Frame().RunAction(ACTION_PASTE_CELLS);
+    EXPECT_EQ(window.Shown(0, 4) + window.Shown(3, 0) + window.Shown(3, 4), "DeuxID_NEWNeuf");
+    ASSERT_EQ(window.boxes.size(), 2);
+    EXPECT_TRUE(window.boxes[1].startsWith(u"1 cell(s) will change, and 1 row(s) will be added. Continue?"_s));
+    window.Frame().RunAction(ACTION_UNDO);
+    EXPECT_EQ(window.Table().RowCount(), 3);
+
+    window.Activate();
+    window.Frame().RunAction(ACTION_REPLACE);
+    window.Type(u"e"_s); // See, Ten, Mer
+    auto &bar = StringWindow::Find<FindBar>(window.View());
+    for (QLineEdit *field : bar.findChildren<QLineEdit *>()) {
+        if (field->placeholderText().contains(u"eplace"_s))
+            field->setText(u"3"_s);
+    }
+    bar.replaceAll();
+    EXPECT_EQ(window.Table().CellText(window.Table().RowOf("ID_C", 0), 3), u"S33"_s);
+    window.Grid().setFocus();
+    window.Frame().RunAction(ACTION_UNDO);
+    EXPECT_EQ(window.Table().CellText(window.Table().RowOf("ID_C", 0), 3), u"See"_s);
     window.Document().SetModifiedFlag(false);
 }

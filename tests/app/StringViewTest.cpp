@@ -44,6 +44,8 @@ TEST(StringView, EditsCellsByTheKeyboard)
             window.Type(QString::fromLatin1(each.typed));
         window.Key(each.key, each.modifiers);
         EXPECT_EQ(window.Edited(), each.edited);
+        const int selected = window.Editor().isVisible() ? window.Editor().Cell().row() : each.row;
+        EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{selected});
         EXPECT_EQ(window.Shown(each.row, each.col), each.text);
         EXPECT_EQ(window.Table().history.CanUndo(), each.undoable);
         EXPECT_EQ(window.Document().IsModified(), each.undoable);
@@ -81,8 +83,7 @@ TEST(StringView, TakesTheTextWhateverEndsTheEditing)
         {"save", [](StringWindow &window) { window.Frame().RunAction(ACTION_SAVE); }},
         {"sort", [](StringWindow &window) { window.Grid().SortBy(2); }},
         {"an update of all views", [](StringWindow &window) { window.Document().UpdateAllViews(nullptr); }},
-        {"a command of an IDE",
-         [](StringWindow &window) { const CMainFrame::Busy busy(window.Frame(), 0xAFBDDBFC); }},
+        {"a command of an IDE", [](StringWindow &window) { const CMainFrame::Busy busy(window.Frame(), 0xAFBDDBFC); }},
     };
     for (const auto &[what, end] : ends) {
         SCOPED_TRACE(what);
@@ -99,6 +100,32 @@ TEST(StringView, TakesTheTextWhateverEndsTheEditing)
         EXPECT_EQ(window.Table().CellText(row, 3), u"Zehn"_s);
         window.Document().SetModifiedFlag(false);
     }
+}
+
+TEST(StringView, EnterEditsTheRowInFocusWhichIsSelectedThen)
+{
+    StringWindow window;
+    window.Edit(0, 3);
+    window.Type(u"Deux"_s);
+    window.Key(Qt::Key_Return);
+    window.Grid().SelectAlone(2, 0);
+    window.Frame().RunAction(ACTION_UNDO); // moves the focus and not the selection
+    window.Key(Qt::Key_Return);
+    EXPECT_EQ(window.Edited(), "0,3");
+    EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{0});
+    window.Document().SetModifiedFlag(false);
+}
+
+TEST(StringView, ClosingTheWindowTakesTheText)
+{
+    StringWindow window;
+    window.Edit(0, 3);
+    window.Type(u"Deux"_s);
+    window.Answer({QMessageBox::Cancel});
+    window.Child().close(); // as the button of the window does
+    EXPECT_EQ(window.boxes, QStringList{u"Save changes to demo?"_s});
+    EXPECT_EQ(window.Shown(0, 3), "Deux");
+    window.Document().SetModifiedFlag(false);
 }
 
 TEST(StringView, MenusAndTheEditorsOwnMenuEndNothing)
@@ -164,15 +191,13 @@ TEST(StringView, TellsOnceWhyAnIdIsRefusedAndComesBackToTheCell)
         window.Key(key);
         ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 1 && window.Edited() == "0,0"; }));
         EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{0});
-        window.Frame().activateWindow();
-        window.Settle();
+        window.Activate();
         window.Type(u"id_c"_s);
         window.Frame().RunAction(ACTION_SAVE);
         ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 2 && window.Edited() == "0,0"; }));
         EXPECT_EQ(window.boxes, (QStringList{u"The ID is invalid."_s, u"The ID already exists, or it is reserved."_s}));
         EXPECT_FALSE(window.Document().IsModified()) << "a save with a refused text waits for the user";
-        window.Frame().activateWindow();
-        window.Settle();
+        window.Activate();
         window.Key(Qt::Key_Escape);
     }
 }
@@ -187,7 +212,8 @@ TEST(StringView, ChoosesTheKindInABox)
     click(0, 1);
     ASSERT_TRUE(window.TypeBox().isVisible());
     EXPECT_EQ(window.TypeBox().currentText(), u"Push"_s);
-    QWheelEvent wheel({5, 5}, window.TypeBox().mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+    QWheelEvent wheel({5, 5}, window.TypeBox().mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
+                      false);
     QApplication::sendEvent(&window.TypeBox(), &wheel);
     EXPECT_EQ(window.TypeBox().currentText(), u"Push"_s);
     window.Key(Qt::Key_Escape);
@@ -210,6 +236,12 @@ TEST(StringView, ChoosesTheKindInABox)
     click(3, 1);
     EXPECT_FALSE(window.TypeBox().isVisible()) << "the new-row line has no kind";
     window.Grid().SelectAlone(1, 3);
+    window.Grid().horizontalHeader()->resizeSection(0, 2000);
+    window.Settle();
+    window.Grid().horizontalScrollBar()->setValue(0);
     QTest::keyClick(&window.Grid(), Qt::Key_Down, Qt::AltModifier);
     EXPECT_TRUE(window.TypeBox().isVisible());
+    window.Frame().RunAction(ACTION_REDO);
+    EXPECT_FALSE(window.TypeBox().isVisible());
+    EXPECT_EQ(window.Shown(0, 1), "Normal") << "a box in which nothing was chosen must not end what Redo can do";
 }

@@ -117,7 +117,7 @@ TEST(TreeLines, AreThoseOfTheOtherDirectionInAMirror)
     QApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
 }
 
-TEST(TitleBarStyle, ButtonsStandOutOnADarkDesktop)
+TEST(TitleBarStyle, ButtonsAndLinesOfGridsStandOutOnADarkDesktop)
 {
     const TitleBarStyle style;
     QStyleOption option;
@@ -135,7 +135,29 @@ TEST(TitleBarStyle, ButtonsStandOutOnADarkDesktop)
             ASSERT_GT(pixels, 5);
             EXPECT_EQ(lightness / pixels > 200, isDark) << which;
         }
+        const QColor line = QRgb(style.styleHint(QStyle::SH_Table_GridLineColor, &option, nullptr, nullptr));
+        EXPECT_GT(std::abs(line.lightness() - option.palette.color(QPalette::Base).lightness()), 40) << isDark;
     }
+}
+
+TEST(TitleBarStyle, EndsATitleOfAColumnThatIsTooLongInAnEllipsis)
+{
+    const TitleBarStyle style;
+    QImage image(60, 20, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    QStyleOptionHeader option;
+    option.rect = image.rect();
+    option.textAlignment = Qt::AlignLeft | Qt::AlignVCenter;
+    option.text = u"WWWWWWWWWWWWWWWWWWWW"_s;
+    style.drawControl(QStyle::CE_HeaderLabel, &option, &painter, nullptr);
+    const auto isBlank = [&image](const QRect &part) {
+        QImage white(part.size(), image.format());
+        white.fill(Qt::white);
+        return image.copy(part) == white;
+    };
+    EXPECT_FALSE(isBlank({0, 0, 8, 10}));
+    EXPECT_TRUE(isBlank({52, 0, 8, 10})) << "there are dots, below, and no part of a letter";
 }
 
 TEST(MainFrame, PaintsItsWholeTextWhenTheLastProjectIsClosed)

@@ -5,8 +5,10 @@
 #include "TitleBarStyle.h"
 #include "UiIcons.h"
 
+#include <QDockWidget>
 #include <QListWidget>
 #include <QMenu>
+#include <QSplitter>
 #include <QStyleFactory>
 #include <QTableView>
 #include <QTest>
@@ -67,33 +69,79 @@ void TakeContextMenu(TestWindow &window, const QString &folder)
                                   window.Frame().mapToGlobal(QPoint(60, 120)));
 }
 
-/// The string view: plain, with an editor, and with its bars.
+/// Puts the output below the project, and makes the columns of the grid as narrow as most of their texts.
+void FitGrid(TestWindow &window, QTableView &grid)
+{
+    for (QDockWidget *bar : window.Frame().findChildren<QDockWidget *>()) {
+        if (bar->windowTitle() != u"Output"_s)
+            continue;
+        window.Frame().addDockWidget(Qt::BottomDockWidgetArea, bar);
+        window.Frame().resizeDocks({bar}, {110}, Qt::Vertical);
+    }
+    QTest::qWait(500); // the bars glide to their places
+    constexpr int TREE = 150;
+    auto *const splitter = window.Child().findChild<QSplitter *>();
+    splitter->setSizes({TREE, splitter->width() - TREE});
+    const int widths[] = {182, 96, 140, 115, 112, 126, 112, 112, 112};
+    for (int col = 0; col < int(std::size(widths)); ++col)
+        grid.setColumnWidth(col, widths[col]);
+}
+
+void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+{
+    if (QApplication::focusWidget())
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+}
+
+void TakeLanguages(TestWindow &window, const QString &folder)
+{
+    QTimer::singleShot(100, [&] {
+        if (QWidget *dialog = QApplication::activeModalWidget()) {
+            dialog->grab().save(folder + u"/languages.png"_s);
+            dialog->close();
+        }
+    });
+    window.Frame().RunAction(ACTION_LANGUAGE);
+}
+
+/// The string view: plain, with an editor, with its bars, and with the question of a replacement.
 void TakeStrings(TestWindow &window, const QString &folder)
 {
-    window.Frame().resize(1200, 640);
+    window.Frame().resize(1280, 640);
+    window.Row(u"Layouts"_s)->setExpanded(false);
     window.Tree().setCurrentItem(window.Row(u"Strings"_s));
     window.Settle();
     auto &grid = *window.Child().findChild<QTableView *>();
+    FitGrid(window, grid);
     grid.setFocus();
-    grid.selectionModel()->setCurrentIndex(grid.model()->index(2, 3),
-                                           QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    const auto goTo = [&grid](int row, int col) {
+        grid.selectionModel()->setCurrentIndex(grid.model()->index(row, col),
+                                               QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    };
+    goTo(5, 3);
     Take(window, folder, "strings");
-    QTest::keyClick(&grid, Qt::Key_Return);
+    goTo(9, 7); // a gap
+    PressKey(Qt::Key_Return);
     Take(window, folder, "string-editor");
-    if (QApplication::focusWidget())
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    PressKey(Qt::Key_Tab, Qt::ShiftModifier);
+    Take(window, folder, "string-editor-arabic");
+    PressKey(Qt::Key_Escape);
+    PressKey(Qt::Key_Down, Qt::AltModifier);
+    Take(window, folder, "string-types");
+    PressKey(Qt::Key_Escape);
     window.Frame().RunAction(ACTION_DETAILS);
     window.Frame().RunAction(ACTION_FIND_BAR);
     if (QApplication::focusWidget())
-        QTest::keyClicks(QApplication::focusWidget(), u"er"_s);
-    window.Settle();
+        QTest::keyClicks(QApplication::focusWidget(), u"warning"_s);
+    PressKey(Qt::Key_Down);
+    goTo(1, 6);
     Take(window, folder, "string-bars");
     window.Frame().RunAction(ACTION_REPLACE);
     window.Frame().resize(620, 500);
     Take(window, folder, "string-narrow");
     window.Frame().RunAction(ACTION_DETAILS);
-    if (QApplication::focusWidget())
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    PressKey(Qt::Key_Escape);
+    TakeLanguages(window, folder);
     window.Frame().resize(900, 560);
 }
 
@@ -103,7 +151,6 @@ void TakeAll(TestWindow &window, const QString &folder, const QString &sample)
     Take(window, folder, "empty");
     (void)window.Frame().Projects().Open(sample);
     Take(window, folder, "project");
-    TakeStrings(window, folder);
     window.Tree().setCurrentItem(window.Row(u"Images"_s));
     window.Document().SetModifiedFlag(true);
     Take(window, folder, "images");
@@ -131,8 +178,15 @@ void TakeAll(TestWindow &window, const QString &folder, const QString &sample)
     Take(window, folder, "tiled");
     window.Frame().RunAction(ACTION_CASCADE);
     Take(window, folder, "cascaded");
-    const CMainFrame::Busy busy(window.Frame(), IDE_COMMAND_PACK);
-    Take(window, folder, "busy");
+    {
+        const CMainFrame::Busy busy(window.Frame(), IDE_COMMAND_PACK);
+        Take(window, folder, "busy");
+    }
+    while (window.Frame().ActiveChild())
+        window.Frame().RunAction(ACTION_CLOSE);
+    window.Frame().Bars().Output().clear();
+    (void)window.Frame().Projects().Open(sample);
+    TakeStrings(window, folder); // last, as it changes the window
 }
 
 } // namespace

@@ -97,6 +97,7 @@ class Strict(DemoProject):
                                  ('240x320', '240', '--resolution is "240", but it must be'),
                                  ('240x320', '240x32x', '--resolution is "240x32x", but it must be'),
                                  ('240x320', '0x320', '--resolution is "0x320", but it must be'),
+                                 ('240x320', 'x320', '--resolution is "x320", but it must be'),
                                  ('240x320', 'wide', '--resolution is "wide"')):
             words = [(new if word == old else word) for word in self.to_pack]
             for also in ((), ('--remote',)):

@@ -106,14 +106,31 @@ struct Editor
                 RC_ASSERT((to ? to->subComponents : res->Components()).back().get() == object);
         } else if (action == 4) {
             CZulClass *const object = any();
-            object->propName = object->component->name = "n" + QByteArray::number(*rc::gen::inRange(0, 100));
-            const auto isIt = [&](const CZulClass *other) { return other->propName == object->propName; };
-            RC_ASSERT(res->FindComponent(object->propName) == *std::find_if(all.begin(), all.end(), isIt));
-            RC_ASSERT(!res->FindComponent("nobody"));
+            object->SetName("cp0" + QByteArray::number(*rc::gen::inRange(0, 6)));
+            RC_ASSERT(object->component->name == object->propName);
         } else {
             SetOne(*any());
             RC_ASSERT(res->Rename(pool, "ID_" + QByteArray::number(*rc::gen::inRange(0, 9))));
         }
+    }
+
+    /// Compares the search by name with a walk, for the names that Step gives and for the empty one.
+    void CheckNames() const
+    {
+        const Objects all = AllOf(res->Components());
+        const auto first = [&all](const NarrowText &name) {
+            const auto isIt = [&name](const CZulClass *object) { return object->propName == name; };
+            const auto found = std::find_if(all.begin(), all.end(), isIt);
+            return found == all.end() ? nullptr : *found;
+        };
+        quint32 counter = 0;
+        for (quint32 n = 0; n <= 6; ++n) {
+            const NarrowText name = "cp0" + QByteArray::number(n);
+            RC_ASSERT(res->FindComponent(name) == first(name));
+            if (n > counter && !first(name))
+                RC_ASSERT(res->NewName(counter) == name && counter == n);
+        }
+        RC_ASSERT(res->FindComponent({}) == first({}));
     }
 
     static void SetOne(CZulClass &object)
@@ -141,9 +158,12 @@ TEST(LayoutTrees, StayInStepWhateverIsDoneAndComeBackFromTheFile)
     EXPECT_TRUE(rc::check([] {
         Editor editor;
         const int steps = *rc::gen::inRange(1, 40);
+        const int searchFrom = *rc::gen::inRange(0, 10);
         for (int i = 0; i < steps; ++i) {
             editor.Step();
             CheckStep(editor.res->Components(), editor.res->Layout().components, nullptr);
+            if (i >= searchFrom)
+                editor.CheckNames();
         }
         const NarrowText path = editor.program.folder.Path("layout.xml").toUtf8();
         RC_ASSERT(editor.file->Save(path) == 0);

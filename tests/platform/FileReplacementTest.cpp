@@ -1,3 +1,4 @@
+#include "FileReplacement.h"
 #include "Environment.h"
 #include "HostFiles.h"
 
@@ -32,6 +33,21 @@ TEST_F(WriteFile, ReplacesTheFileAndKeepsItsModeAndTheLinksThatLeadToIt)
     EXPECT_TRUE((a.st_mode & 07777) == 0640 && (b.st_mode & 07777) == 0644);
     EXPECT_TRUE(QFileInfo(u"a.h"_s).isSymLink());
     EXPECT_EQ(folder.Names("real"), QStringList({u"a.h"_s, u"b.h"_s}));
+}
+
+TEST_F(WriteFile, ReplacesNothingOnlyWhereEachByteIsTheSame)
+{
+    const QByteArray large(200'000, 'a');
+    for (const QByteArray &old :
+         {large, large.chopped(1), large.chopped(1) + 'b', 'b' + large.sliced(1), QByteArray()}) {
+        folder.Put("a", old);
+        FileReplacement file;
+        ASSERT_EQ(file.Write(u"a", large), 0);
+        EXPECT_EQ(file.Replaces(), old != large) << old.size();
+    }
+    FileReplacement fresh;
+    ASSERT_EQ(fresh.Write(u"new", large), 0);
+    EXPECT_FALSE(fresh.Replaces());
 }
 
 TEST_F(WriteFile, RefusesWhatMayNotBeWritten)

@@ -56,9 +56,9 @@ TEST(Text, CaseIsMappedOneCharacterToOne)
 TEST(IdNames, HaveOneTo64WordCharactersAndNoDigitInFront)
 {
     for (const QString &good : {u"A"_s, u"_1"_s, u"id_image_9"_s, QString(64, u'x')})
-        EXPECT_TRUE(IsValidIdName(good)) << qPrintable(good);
+        EXPECT_TRUE(IsValidIdName(good) && IsValidIdName(good.toUtf8())) << qPrintable(good);
     for (const QString &bad : {QString(), QString(65, u'x'), u"1A"_s, u"A B"_s, u"A-B"_s, u"\u4e2d"_s, u"A\0B"_s})
-        EXPECT_FALSE(IsValidIdName(bad)) << qPrintable(bad);
+        EXPECT_FALSE(IsValidIdName(bad) || IsValidIdName(bad.toUtf8())) << qPrintable(bad);
 }
 
 TEST(IdNames, AreMadeFromAnyText)

@@ -157,12 +157,12 @@ TEST_F(ResDoc, WatchesItsFilesWhileItIsOpenButNotItsOwnWriting)
                                                 project.folder.Path(STRINGS)}));
 
     const QString layout = project.folder.Path("demo/res/layout.xml");
-    doc->WatchFile(layout, CResDoc::WATCH_LAYOUT);
-    doc->WatchFile(layout, CResDoc::WATCH_LAYOUT);
+    doc->WatchFile(layout, WATCH_LAYOUT);
+    doc->WatchFile(layout, WATCH_LAYOUT);
     EXPECT_EQ(project.monitor.flags[project.monitor.HandleOf(layout)].first, &project.flags.layouts[layout]);
-    doc->UnwatchFile(u"unknown"_s, CResDoc::WATCH_LAYOUT);
+    doc->UnwatchFile(u"unknown"_s, WATCH_LAYOUT);
     EXPECT_EQ(project.monitor.watched.size(), 3U);
-    doc->UnwatchFile(layout, CResDoc::WATCH_LAYOUT);
+    doc->UnwatchFile(layout, WATCH_LAYOUT);
     EXPECT_EQ(project.monitor.HandleOf(layout), 0U);
     project.documents.CloseAll();
     EXPECT_TRUE(project.monitor.watched.empty());

@@ -268,6 +268,14 @@ TEST_F(Layouts, AreReadAgainWhenTheirFileChanges)
     EXPECT_EQ(Save(), "");
     EXPECT_EQ(Written(), Elements(NAMED));
 
+    // Of another resolution's layout of that name nothing was read.
+    CResFolder *const other = doc->root.FindFolder(KIND_RESO_LAYOUTS, 0, 2);
+    other->AddFolder(doc->CreateFolder(KIND_LAYOUT, 0));
+    view.selected = other->subfolders.front().get();
+    view.selected->title = u"ID_B"_s;
+    doc->OnWatchedFileChanged(Handle(FILE));
+    EXPECT_EQ(view.selected, other->subfolders.front().get());
+
     // With the list, which no longer names it, its watch goes.
     const quint32 handle = Handle(FILE);
     project.folder.Put(LIST, List(QByteArray()));

@@ -1,10 +1,14 @@
 #include "FileLimit.h"
 #include "KeptFiles.h"
+#include "Leftovers.h"
 #include "ProjectLock.h"
 #include "ProjectSave.h"
+#include "SaveJournal.h"
 #include "TestProject.h"
 
 #include <gmock/gmock.h>
+
+#include <QFile>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -46,6 +50,25 @@ protected:
     std::string notice;
 };
 
+/// Comes between two of the document's own steps, as another program does.
+struct Meddler : FakeMonitor
+{
+    quint32 AddFile(const QString &path, CDocument *document) override
+    {
+        if (whenRead)
+            whenRead(path);
+        return FakeMonitor::AddFile(path, document);
+    }
+    void RemoveFile(quint32 handle) override
+    {
+        FakeMonitor::RemoveFile(handle);
+        if (meddle)
+            std::exchange(meddle, nullptr)();
+    }
+    std::function<void(const QString &path)> whenRead;
+    std::function<void()> meddle;
+};
+
 } // namespace
 
 TEST_F(OutsideChanges, AreOtherTypesOfFilesInTheSettingsToo)
@@ -78,6 +101,19 @@ TEST_F(OutsideChanges, AreLoadedBeforeTheDocumentIsUsedAgain)
     EXPECT_TRUE(Kept().empty());
     EXPECT_EQ(notice, "");
     EXPECT_THAT(explained, HasSubstr("ref_list_demo.txt; it was read again"));
+}
+
+TEST_F(OutsideChanges, TellEachFindingOnce)
+{
+    std::string codes;
+    const Notifier<const Finding &>::Listener listener(
+        project.env->found, [&codes](const Finding &finding) { codes += std::string(finding.code) + ' '; });
+    project.folder.Put(LIST, "<APP><FILE id=\"ID_A\">gone.png</FILE></APP>");
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::TakenIn);
+    EXPECT_EQ(codes, "list.file-missing ") << "not those of the trial as well";
+    project.folder.Put(LIST, "<APP>");
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::Unreadable);
+    EXPECT_EQ(codes, "list.file-missing list.malformed ") << "which the report has a line of";
 }
 
 TEST_F(OutsideChanges, AreKeptWhenASaveReplacesThem)
@@ -122,18 +158,73 @@ TEST_F(OutsideChanges, OfASaveUnderWayAreWaitedFor)
     ASSERT_EQ(waitpid(child, nullptr, 0), child);
 }
 
+TEST_F(OutsideChanges, WhileTheProjectIsReadMakeItReadAgain)
+{
+    Meddler meddler;
+    project.documents.CloseAll();
+    project.services.watch = &meddler;
+    int times = 0;
+    int most = 1;
+    meddler.whenRead = [&](const QString &path) { // the list is read, and its strings are, but the list isn't done
+        if (!path.endsWith(u"ref_list_demo.txt") || ++times > most)
+            return;
+        const QByteArray id = "ID_" + QByteArray::number(times);
+        project.folder.Put(STRINGS, TestProject::StringTable({id}));
+        project.folder.Put(LIST, "<APP><FILE id=\"ID_F" + id + "\"/><STRING>res\\ref_list_demo.txt</STRING></APP>");
+    };
+    doc = project.Open();
+    ASSERT_NE(doc, nullptr);
+    EXPECT_NE(doc->ids.FindName("ID_1"), nullptr);
+    EXPECT_NE(doc->ids.FindName("ID_FID_1"), nullptr);
+    EXPECT_EQ(doc->ids.FindName("ID_A"), nullptr);
+    EXPECT_EQ(times, 2);
+    EXPECT_THAT(explained, HasSubstr("while it was read; the project is read again"));
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::None);
+
+    project.documents.CloseAll();
+    times = 0;
+    most = 1000;
+    EXPECT_EQ(project.Open(), nullptr);
+    EXPECT_EQ(times, 5);
+    EXPECT_THAT(explained, HasSubstr("again and again"));
+    most = 0;
+    EXPECT_NE(project.Open(), nullptr);
+    project.documents.CloseAll();
+}
+
+TEST_F(OutsideChanges, OfASaveThatHasNotRenamedAllAreWaitedForByALoad)
+{
+    Meddler meddler;
+    project.documents.CloseAll();
+    project.services.watch = &meddler;
+    bool isSaved = false;
+    meddler.whenRead = [&](const QString &path) {
+        if (!path.endsWith(u"demo.res.xml") || std::exchange(isSaved, true))
+            return;
+        const pid_t child = fork();
+        if (child == 0) {
+            const QByteArray place = project.folder.Path(STRINGS).toUtf8();
+            QFile made(QString::fromUtf8(TemporaryName(place, getpid(), 0)));
+            SaveJournal journal;
+            const bool isReady =
+                made.open(QIODevice::WriteOnly) && made.write(TestProject::StringTable({"ID_SAVED"})) > 0 &&
+                made.flush() &&
+                journal.Begin(*project.env, SavedProjectOf(*project.env, project.Path()), {{place, 0, false}}) == 0;
+            _exit(isReady ? 0 : 1); // killed there
+        }
+        int status = -1;
+        EXPECT_TRUE(waitpid(child, &status, 0) == child && status == 0);
+    };
+    doc = project.Open();
+    ASSERT_NE(doc, nullptr);
+    EXPECT_NE(doc->ids.FindName("ID_SAVED"), nullptr);
+    EXPECT_FALSE(project.folder.Has("demo/res/.demo.journal"));
+    project.documents.CloseAll();
+}
+
 TEST_F(OutsideChanges, WhileASaveIsUnderWayMakeItFail)
 {
-    struct Meddler : FakeMonitor
-    {
-        void RemoveFile(quint32 handle) override
-        {
-            FakeMonitor::RemoveFile(handle);
-            if (meddle)
-                std::exchange(meddle, nullptr)();
-        }
-        std::function<void()> meddle;
-    } meddler;
+    Meddler meddler;
     project.documents.CloseAll();
     project.services.watch = &meddler;
     doc = project.Open();

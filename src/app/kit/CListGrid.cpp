@@ -123,15 +123,16 @@ void CListGrid::paintEvent(QPaintEvent *event)
         return;
     const bool isSelected = selectionModel()->isSelected(current);
     QPainter painter(viewport());
-    painter.setPen(
-        QPen(palette().color(QPalette::Active, isSelected ? QPalette::HighlightedText : QPalette::Text), 1, Qt::DotLine));
+    painter.setPen(QPen(palette().color(QPalette::Active, isSelected ? QPalette::HighlightedText : QPalette::Text), 1,
+                        Qt::DotLine));
     painter.drawRect(RowRect(current.row()).adjusted(0, 0, -1, -2)); // inside of the grid lines
 }
 
 QRect CListGrid::RowRect(int row) const
 {
-    const int left = -horizontalHeader()->offset();
-    return {left, rowViewportPosition(row), horizontalHeader()->length(), rowHeight(row)};
+    const QHeaderView &header = *horizontalHeader();
+    const int left = isRightToLeft() ? viewport()->width() + header.offset() - header.length() : -header.offset();
+    return {left, rowViewportPosition(row), header.length(), rowHeight(row)};
 }
 
 /// The frame goes with the row; the view itself draws only two cells anew.

@@ -22,6 +22,8 @@ public:
 
     /// The width of each column, that of column 0 first.
     [[nodiscard]] std::vector<int> Widths() const;
+    /// The place of all cells of a row in the viewport, those out of sight too.
+    [[nodiscard]] QRect RowRect(int row) const;
     /// Shows an arrow in the header: +n ascending in column n - 1, -n descending in it, 0 none.
     void ShowSort(int sortState);
 
@@ -38,6 +40,4 @@ protected:
 
 private:
     void FitRows();
-    /// From the left edge of the first column to the right edge of the last.
-    [[nodiscard]] QRect RowRect(int row) const;
 };

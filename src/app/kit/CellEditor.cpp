@@ -16,7 +16,8 @@ constexpr int GROWTH = 2; // pixels, for the frame
 
 } // namespace
 
-CellEditor::CellEditor(CListGrid &listGrid) : QLineEdit(listGrid.viewport()), grid(listGrid), line(new LineEndGuard(*this))
+CellEditor::CellEditor(CListGrid &listGrid)
+    : QLineEdit(listGrid.viewport()), grid(listGrid), line(new LineEndGuard(*this))
 {
     hide();
     setAccessibleName(QStringLiteral("Cell"));

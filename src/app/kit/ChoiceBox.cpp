@@ -40,8 +40,8 @@ bool ChoiceBox::Open(const QModelIndex &at, const QString &text)
     if (!Place())
         return false;
     isOpen = true;
-    const int entry = findText(text, Qt::MatchStartsWith);
-    setCurrentIndex(entry);
+    opened = findText(text, Qt::MatchStartsWith);
+    setCurrentIndex(opened);
     show();
     setFocus(Qt::OtherFocusReason);
     return true;
@@ -68,6 +68,14 @@ void ChoiceBox::Commit()
         chosen(at, currentText());
 }
 
+void ChoiceBox::Take()
+{
+    if (currentIndex() == opened)
+        Cancel();
+    else
+        Commit();
+}
+
 void ChoiceBox::Cancel()
 {
     Close();
@@ -89,7 +97,7 @@ void ChoiceBox::keyPressEvent(QKeyEvent *event)
     QComboBox::keyPressEvent(event);
 }
 
-/// It scrolls the list.
+/// The wheel scrolls the list below.
 void ChoiceBox::wheelEvent(QWheelEvent *event)
 {
     event->ignore();

@@ -10,7 +10,7 @@ class CListGrid;
 /// A list of choices to drop down, laid over a cell of a list. One for all cells; hidden while nothing is chosen.
 ///
 /// A choice, also of the same entry again, Enter and the loss of the focus end it; Esc drops it. It moves with its
-/// cell. The wheel is none of its own.
+/// cell and ignores the wheel.
 class ChoiceBox : public QComboBox
 {
 public:
@@ -25,6 +25,8 @@ public:
     bool Open(const QModelIndex &cell, const QString &text);
     /// Closes and tells the choice. Does nothing while it isn't open.
     void Commit();
+    /// Closes, and tells the choice if it isn't the one that it opened with. For what isn't the user's leaving it.
+    void Take();
     /// Closes and drops the choice.
     void Cancel();
     [[nodiscard]] bool IsOpen() const { return isOpen; }
@@ -41,5 +43,6 @@ private:
 
     CListGrid &grid;
     QPersistentModelIndex cell;
+    int opened = -1; // the entry that was chosen when it opened
     bool isOpen = false;
 };

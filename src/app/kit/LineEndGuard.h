@@ -21,4 +21,3 @@ private:
     QString original; // as it was set
     QString known;    // as it was after the last change
 };
-

@@ -36,7 +36,7 @@ bool CLangFltr::InitList(CheckList &list)
     names.clear();
     for (const KnownLanguage &known : KnownLanguages(doc.env)) {
         if (known.number == StringFileFormat::DESCRIPTION)
-            continue; // is no language: its folder has the rows themselves
+            continue; // the number of the descriptions, which is no language
         list.rows.push_back(
             {{known.name, QString::number(known.number)}, known.number, FolderOf(known.number) != nullptr});
         names[known.number] = known.name;

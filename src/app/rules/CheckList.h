@@ -33,8 +33,8 @@ public:
     void SetAll(bool checked);
     /// Says whether a sort state (see ListSettings) names a column that is here.
     [[nodiscard]] bool CanSort(int sortState) const;
-    /// Sorts the rows themselves by a sort state; none that can't be sorted by moves a row. Stable. `order[i]` of the
-    /// result is where row i was.
+    /// Sorts the rows themselves by a sort state. Stable. A sort state that names no column here moves no row.
+    /// `order[i]` of the result is where row i was.
     std::vector<int> Sort(int sortState, const std::function<int(qint32 a, qint32 b, int column)> &compare);
 };
 

@@ -2,6 +2,8 @@
 
 #include "Settings.h"
 
+#include <limits>
+
 namespace
 {
 
@@ -23,7 +25,8 @@ int ListSettings::Width(int column, int fallback) const
 
 int ListSettings::SortState(int fallback) const
 {
-    return settings.Int(section.constData(), SORT_KEY, fallback);
+    const int state = settings.Int(section.constData(), SORT_KEY, fallback);
+    return state == std::numeric_limits<int>::min() ? fallback : state; // which has no other direction
 }
 
 QList<ProfileEntry> ListSettings::State(const QList<int> &widths, int sortState) const

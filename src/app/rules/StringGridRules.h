@@ -1,12 +1,13 @@
 #pragma once
 
 #include "ActionTarget.h"
-#include "ViewBoxes.h"
+
+#include <QString>
 
 #include <optional>
 #include <vector>
 
-// What the view of the string table decides: which actions are enabled, the questions and the texts.
+// What the view of the string table decides: which actions are enabled, how long a text may be, what a dropped file is.
 
 /// What the enabled states depend on.
 struct StringGridState

@@ -3,8 +3,10 @@
 #include "Actions.h"
 #include "EditOwner.h"
 #include "Environment.h"
+#include "GoToDialog.h"
 #include "Panes.h"
 #include "Paths.h"
+#include "RowOwner.h"
 #include "StateOwner.h"
 #include "UiIcons.h"
 #include "WaitCursor.h"
@@ -136,6 +138,17 @@ void CChildFrame::Save()
     (void)document.DoFileSave();
 }
 
+void CChildFrame::GoToId()
+{
+    GoToDialog dialog(document, this);
+    const LocatedId *const chosen = shell.Boxes().RunDialog(dialog) ? dialog.Chosen() : nullptr;
+    if (!chosen)
+        return;
+    selection->SelectFolder(chosen->folder);
+    if (auto *const pane = dynamic_cast<IRowOwner *>(right->currentWidget()))
+        pane->GoTo(*chosen->resource);
+}
+
 bool CChildFrame::MayClose()
 {
     if (!document.IsModified())
@@ -172,6 +185,7 @@ std::optional<ActionState> CChildFrame::StateOf(ActionId id) const
     case ACTION_SAVE:
     case ACTION_CLOSE:
     case ACTION_SPLIT:
+    case ACTION_GO_TO_ID:
         return ActionState{!HasLeft()};
     default:
         return std::nullopt;
@@ -187,6 +201,9 @@ void CChildFrame::Run(ActionId id)
         break;
     case ACTION_CLOSE:
         close();
+        break;
+    case ACTION_GO_TO_ID:
+        GoToId();
         break;
     case ACTION_SPLIT:
         splitter->handle(1)->setFocus();

@@ -72,6 +72,7 @@ private:
     void ShowTitle();
     void LeaveDocument();
     void Save();
+    void GoToId();
 
     CResDoc &document;
     IViewHost &shell;

@@ -6,9 +6,10 @@
 #include <QProxyStyle>
 #include <QStyleOptionTitleBar>
 
-/// The program's style: the desktop's, with title bars, their buttons and check boxes that can be seen on a dark
-/// desktop. There the desktop's style draws the buttons black, those of bars and those of a maximised project in the
-/// menu bar too, the shadow of a project's title light, and the edges of check boxes as dark as what is in them.
+/// The program's style: the desktop's, with title bars, their buttons, check boxes and the lines of grids that can be
+/// seen on a dark desktop. There the desktop's style draws the buttons black, those of bars and those of a maximised
+/// project in the menu bar too, the shadow of a project's title light, and the edges of check boxes and the lines of
+/// grids almost as dark as what is in them. A title of a column that is too long ends in an ellipsis.
 class TitleBarStyle : public QProxyStyle
 {
 public:
@@ -43,6 +44,30 @@ public:
         painter->setPen(edge);
         painter->setBrush(Qt::NoBrush);
         painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    }
+
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override
+    {
+        const auto *const header = qstyleoption_cast<const QStyleOptionHeader *>(option);
+        if (element != CE_HeaderLabel || !header)
+            return QProxyStyle::drawControl(element, option, painter, widget);
+        QStyleOptionHeader drawn(*header);
+        drawn.version = QStyleOptionHeader::Version; // the copy has no fields of later versions
+        drawn.text = drawn.fontMetrics.elidedText(drawn.text, Qt::ElideRight, drawn.rect.width());
+        QProxyStyle::drawControl(element, &drawn, painter, widget);
+    }
+
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *result) const override
+    {
+        if (hint != SH_Table_GridLineColor || !option || !IsDark(option->palette))
+            return QProxyStyle::styleHint(hint, option, widget, result);
+        const QColor &text = option->palette.color(QPalette::Text);
+        const QColor &base = option->palette.color(QPalette::Base);
+        const auto mixed = [](int over, int under) { return (over + 3 * under) / 4; };
+        return int(
+            qRgb(mixed(text.red(), base.red()), mixed(text.green(), base.green()), mixed(text.blue(), base.blue())));
     }
 
     QIcon standardIcon(StandardPixmap which, const QStyleOption *option, const QWidget *widget) const override

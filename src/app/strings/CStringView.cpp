@@ -3,7 +3,6 @@
 #include "CLangFltr.h"
 #include "CListFltrDlg.h"
 #include "CResDoc.h"
-#include "CellClipboard.h"
 #include "DetailsStrip.h"
 #include "DroppedFiles.h"
 #include "FindBar.h"
@@ -16,7 +15,6 @@
 
 #include <QContextMenuEvent>
 #include <QDropEvent>
-#include <QHeaderView>
 #include <QPointer>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -90,9 +88,14 @@ void CStringView::OnUpdate(CView *, long, CView *target)
 void CStringView::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    if (isStale)
-        Rebuild();
-    isStale = false;
+    // Queued: when the user goes to the strings, an update of all views follows, and one rebuild is enough.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (isStale)
+                OnUpdate(nullptr, 0, nullptr);
+        },
+        Qt::QueuedConnection);
 }
 
 /// Shows the tree as it is now.
@@ -116,6 +119,17 @@ bool CStringView::TakeEdit()
     return grid->TakeEdit();
 }
 
+void CStringView::GoTo(const CBaseRes &resource)
+{
+    const int row = table.RowOf(resource.Id()->name, 0);
+    if (row < 0)
+        return;
+    if (model.ShownRow(row) < 0)
+        finder->EndFilter();
+    grid->SelectAlone(model.ShownRow(row), StringTable::ID_COLUMN);
+    grid->setFocus();
+}
+
 QList<ProfileEntry> CStringView::State() const
 {
     return grid->State();
@@ -126,16 +140,6 @@ StringGridState CStringView::GridState() const
     const StringGrid::SelectionCount &selected = grid->CountSelected();
     return {table.RowCount(),        selected.rows,           selected.hasNewRow,
             table.history.CanUndo(), table.history.CanRedo(), !table.Copied().empty()};
-}
-
-std::vector<int> CStringView::SelectedStrings() const
-{
-    std::vector<int> strings;
-    for (const int row : grid->SelectedRows()) {
-        if (const int tableRow = model.TableRow(row); !table.IsNewRow(tableRow))
-            strings.push_back(tableRow);
-    }
-    return strings;
 }
 
 std::optional<ActionState> CStringView::StateOf(ActionId id) const
@@ -167,7 +171,7 @@ void CStringView::Run(ActionId id)
     case ACTION_RENAME:
         return grid->OpenCellEditor(grid->SelectedRows().front(), StringTable::ID_COLUMN);
     case ACTION_COPY:
-        return table.Copy(SelectedStrings());
+        return table.Copy(grid->SelectedStrings());
     case ACTION_PASTE:
         return PasteRows();
     case ACTION_DELETE:
@@ -222,7 +226,8 @@ void CStringView::Import()
 /// Each row is a step of its own. The flag goes first, so the step is told what was shown before.
 void CStringView::PushSelected()
 {
-    for (const int row : SelectedStrings()) {
+    const StringTable::Batch batch(table); // none of the steps can fail
+    for (const int row : grid->SelectedStrings()) {
         IDRecord *const id = table.Head(row)->Id();
         const QString before = table.CellText(row, StringTable::KIND_COLUMN);
         id->push = !id->push;
@@ -235,10 +240,10 @@ void CStringView::PushSelected()
 void CStringView::DeleteSelected()
 {
     if (host.Boxes().AskYesNo(QStringLiteral("The selected item(s) will be deleted. Continue?")))
-        DeleteRows(SelectedStrings());
+        DeleteRows(grid->SelectedStrings());
 }
 
-/// Without the filter: nobody deletes what he doesn't see.
+/// The filter ends first, so that the user sees all that is deleted.
 void CStringView::DeleteAll()
 {
     finder->EndFilter();
@@ -268,9 +273,8 @@ void CStringView::OpenMenu(const QContextMenuEvent &event)
     const StringGridState state = GridState();
     QPoint place = event.globalPos();
     if (event.reason() == QContextMenuEvent::Keyboard) {
-        const QRect row = grid->visualRect(model.index(state.selected == 1 ? grid->SelectedRows().front() : 0, 0));
-        const int left = -grid->horizontalHeader()->offset();
-        place = grid->viewport()->mapToGlobal(QPoint(left + 5, row.center().y()));
+        const QRect row = grid->RowRect(state.selected == 1 ? grid->SelectedRows().front() : 0);
+        place = grid->viewport()->mapToGlobal(QPoint(row.left() + 5, row.center().y()));
     }
     const auto stateOf = [&](ActionId id) {
         if (id == ACTION_PUSH_STRING)
@@ -284,18 +288,18 @@ void CStringView::OpenMenu(const QContextMenuEvent &event)
 int CStringView::PushedStrings() const
 {
     int pushed = 0;
-    for (const int row : SelectedStrings())
+    for (const int row : grid->SelectedStrings())
         pushed += table.Head(row)->Id()->push ? 1 : 0;
     return pushed;
 }
 
 void CStringView::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (host.IsEnabled(ACTION_IMPORT) && !DroppedFiles(event->mimeData()).isEmpty())
+    if (!DroppedFiles(event->mimeData()).isEmpty()) // wherever the focus is
         event->acceptProposedAction();
 }
 
-/// Not within the drop: whoever is dragged from waits for its end.
+/// Not within the drop: the program that the files come from waits until the drop has ended.
 void CStringView::dropEvent(QDropEvent *event)
 {
     event->acceptProposedAction();

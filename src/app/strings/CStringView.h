@@ -4,6 +4,7 @@
 #include "CellClipboard.h"
 #include "Document.h"
 #include "EditOwner.h"
+#include "RowOwner.h"
 #include "StateOwner.h"
 #include "StringGridModel.h"
 #include "StringGridRules.h"
@@ -17,7 +18,12 @@ class StringFinder;
 class StringGrid;
 
 /// The pane of a project's strings: a grid of one row a string and one column a language, with undo.
-class CStringView : public QWidget, public CView, public IActionTarget, public IEditOwner, public IStateOwner
+class CStringView : public QWidget,
+                    public CView,
+                    public IActionTarget,
+                    public IEditOwner,
+                    public IRowOwner,
+                    public IStateOwner
 {
 public:
     CStringView(CResDoc &projectDocument, IViewHost &viewHost);
@@ -30,6 +36,7 @@ public:
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
     void Run(ActionId id) override;
     [[nodiscard]] bool TakeEdit() override;
+    void GoTo(const CBaseRes &resource) override;
     [[nodiscard]] QList<ProfileEntry> State() const override;
 
 protected:
@@ -52,8 +59,6 @@ private:
     void OpenMenu(const QContextMenuEvent &event);
     [[nodiscard]] int PushedStrings() const;
     [[nodiscard]] StringGridState GridState() const;
-    /// The rows of the table that are selected, ascending, without the new-row line.
-    [[nodiscard]] std::vector<int> SelectedStrings() const;
 
     CResDoc &document;
     IViewHost &host;

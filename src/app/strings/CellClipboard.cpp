@@ -22,11 +22,7 @@ std::vector<int> CellClipboard::ShownColumns() const
 
 void CellClipboard::Copy() const
 {
-    std::vector<int> rows;
-    for (const int row : grid.SelectedRows()) {
-        if (const int tableRow = model.TableRow(row); !table.IsNewRow(tableRow))
-            rows.push_back(tableRow);
-    }
+    const std::vector<int> rows = grid.SelectedStrings();
     if (rows.empty())
         return;
     const WaitCursor cursor;
@@ -41,15 +37,9 @@ void CellClipboard::Paste()
     if (text.isEmpty())
         return;
     const QModelIndex focus = grid.currentIndex();
-    PasteTarget target{focus.isValid() ? model.TableRow(focus.row()) : table.RowCount(),
-                       focus.isValid() ? focus.column() : int(StringTable::ID_COLUMN),
-                       {},
-                       model.ShownTableRows(),
-                       ShownColumns()};
-    for (const int row : grid.SelectedRows()) {
-        if (const int tableRow = model.TableRow(row); !table.IsNewRow(tableRow))
-            target.selected.push_back(tableRow);
-    }
+    const PasteTarget target{focus.isValid() ? model.TableRow(focus.row()) : table.RowCount(),
+                             focus.isValid() ? focus.column() : int(StringTable::ID_COLUMN), grid.SelectedStrings(),
+                             model.ShownTableRows(), ShownColumns()};
     PastePlan plan;
     {
         const WaitCursor cursor;

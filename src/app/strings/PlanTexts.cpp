@@ -1,5 +1,6 @@
 #include "PlanTexts.h"
 
+#include "CellLine.h"
 #include "StringTable.h"
 
 namespace
@@ -8,23 +9,6 @@ namespace
 constexpr size_t SHOWN_CHANGES = 5;
 constexpr qsizetype SHOWN_LINES = 5;
 constexpr qsizetype SHOWN_TEXT = 40; // characters
-
-QString Short(QString text)
-{
-    text.replace(u'\n', u' ').replace(u'\r', u' ');
-    if (text.size() <= SHOWN_TEXT)
-        return text;
-    const bool isSplit = text[SHOWN_TEXT - 1].isHighSurrogate();
-    return text.left(isSplit ? SHOWN_TEXT - 1 : SHOWN_TEXT) + QChar(0x2026);
-}
-
-QString ColumnTitle(const StringTable &table, int col)
-{
-    if (col == StringTable::KIND_COLUMN)
-        return QStringLiteral("Resource Type");
-    const CResFolder *const folder = table.ColumnLanguage(col);
-    return col == StringTable::DESCRIPTION_COLUMN || !folder ? QStringLiteral("Description") : folder->title;
-}
 
 } // namespace
 
@@ -36,10 +20,10 @@ QString PlanText(const StringTable &table, const std::vector<CellChange> &change
                          : QStringLiteral(", and %1 row(s) will be added. Continue?").arg(rows.size());
     for (size_t i = 0; i < changes.size() && i < SHOWN_CHANGES; ++i) {
         const CellChange &change = changes[i];
-        text +=
-            QStringLiteral("\n%1%2, %3: \"%4\" becomes \"%5\"")
-                .arg(i == 0 ? QStringLiteral("\n") : QString(), table.CellText(change.row, StringTable::ID_COLUMN),
-                     ColumnTitle(table, change.col), Short(table.CellText(change.row, change.col)), Short(change.text));
+        text += QStringLiteral("\n%1%2, %3: \"%4\" becomes \"%5\"")
+                    .arg(i == 0 ? QStringLiteral("\n") : QString(), table.CellText(change.row, StringTable::ID_COLUMN),
+                         table.ColumnTitle(change.col), CellLine(table.CellText(change.row, change.col), SHOWN_TEXT),
+                         CellLine(change.text, SHOWN_TEXT));
     }
     if (changes.size() > SHOWN_CHANGES)
         text += QStringLiteral("\n...");

@@ -7,12 +7,14 @@
 #include "StringGaps.h"
 #include "StringGridRules.h"
 #include "StringOrder.h"
+#include "ViewBoxes.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QScopedValueRollback>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace
@@ -44,16 +46,23 @@ StringGrid::StringGrid(StringTable &stringTable, StringGridModel &gridModel, IVi
 
 void StringGrid::Connect()
 {
-    connect(&rows, &QAbstractItemModel::modelReset, this, &StringGrid::FitColumns);
+    connect(&rows, &QAbstractItemModel::modelAboutToBeReset, this, &StringGrid::NoteSelection);
+    connect(&rows, &QAbstractItemModel::modelReset, this, [this] {
+        isTableGoing = false;
+        FitColumns();
+        PutSelectionBack();
+    });
     connect(&rows, &QAbstractItemModel::columnsInserted, this, [this] {
         FitColumns();
-        SelectWholeRows();
+        Select(SelectedRows()); // with the cells that have come
     });
+    connect(&rows, &QAbstractItemModel::rowsInserted, this, &StringGrid::RowsInserted);
     connect(&rows, &QAbstractItemModel::columnsRemoved, this, [this](const QModelIndex &, int first, int last) {
         widths.erase(widths.begin() + first, widths.begin() + last + 1);
         before.erase(before.begin() + first, before.begin() + last + 1);
-        (void)TakeEdit(); // its cell is elsewhere now, or gone
-        SelectWholeRows();
+        (void)TakeEdit();       // its cell is elsewhere now, or gone
+        Select(SelectedRows()); // a column that goes leaves two parts of each
+        selectionCount.reset(); // of the parts
     });
     const auto countAnew = [this] { selectionCount.reset(); };
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, countAnew);
@@ -84,11 +93,11 @@ void StringGrid::Connect()
         typeBox->Cancel();
         boxes.ShowMessage(StringEditMessage(code));
     };
-    rows.goes = [this](bool isReset) {
-        if (isReset) {
-            editor->Cancel();
-            typeBox->Cancel();
-        }
+    rows.tableGoes = [this] {
+        isTableGoing = true;
+        selectedIds.clear();
+        editor->Cancel();
+        typeBox->Cancel();
     };
 }
 
@@ -114,6 +123,48 @@ void StringGrid::ConnectEditor()
     };
 }
 
+/// A row that is made at the end takes the place of the new-row line. If that was selected or in focus, the row now is.
+void StringGrid::RowsInserted(const QModelIndex &, int, int last)
+{
+    const QModelIndex newRow = rows.index(rows.rowCount() - 1, 0);
+    if (rows.TableRow(last) != table.RowCount() - 1)
+        return;
+    const int focused = currentIndex().column();
+    const bool hasFocus = currentIndex().row() == newRow.row();
+    if (selectionModel()->isSelected(newRow)) {
+        selectionModel()->select(newRow, QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
+        selectionModel()->select(rows.index(last, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
+    if (hasFocus)
+        selectionModel()->setCurrentIndex(rows.index(last, focused), QItemSelectionModel::NoUpdate);
+}
+
+/// A long command resets the model, which takes the selection. After a filter the row in focus alone is selected.
+void StringGrid::NoteSelection()
+{
+    selectedIds.clear();
+    if (isTableGoing || !rows.IsInBatch()) // rows of a table that goes can't be asked
+        return;
+    for (const int row : SelectedRows()) {
+        const CStringRes *const head = table.Head(rows.TableRow(row));
+        selectedIds.push_back(head ? head->Id()->name : NarrowText());
+    }
+}
+
+/// Selects the rows of the IDs that are still there; the new-row line has none.
+void StringGrid::PutSelectionBack()
+{
+    std::vector<int> selected;
+    for (const NarrowText &id : std::exchange(selectedIds, {})) {
+        const int tableRow = id.isEmpty() ? table.RowCount() : table.RowOf(id, -1);
+        if (const int row = rows.ShownRow(tableRow); row >= 0)
+            selected.push_back(row);
+    }
+    std::sort(selected.begin(), selected.end());
+    if (!selected.empty())
+        Select(selected);
+}
+
 /// Gives columns that are new the widths that they had when they were here last, or that the settings remember.
 void StringGrid::FitColumns()
 {
@@ -125,12 +176,6 @@ void StringGrid::FitColumns()
     }
     for (int col = 0; col < count; ++col)
         horizontalHeader()->resizeSection(col, widths[size_t(col)]);
-}
-
-/// A column that comes isn't selected, and one that goes leaves two parts of each selected row.
-void StringGrid::SelectWholeRows()
-{
-    Select(SelectedRows());
 }
 
 void StringGrid::OpenCellEditor(int row, int col)
@@ -158,7 +203,7 @@ bool StringGrid::TakeEdit()
 {
     const int refused = refusals;
     editor->Commit();
-    typeBox->Commit();
+    typeBox->Take(); // a step that changes nothing would be what Undo takes back, and end what Redo could do
     return refused == refusals;
 }
 
@@ -228,12 +273,27 @@ const StringGrid::SelectionCount &StringGrid::CountSelected()
     return count;
 }
 
+std::vector<int> StringGrid::SelectedStrings() const
+{
+    std::vector<int> strings;
+    for (const int row : SelectedRows()) {
+        if (const int tableRow = rows.TableRow(row); !table.IsNewRow(tableRow))
+            strings.push_back(tableRow);
+    }
+    return strings;
+}
+
 void StringGrid::SelectLastRow()
 {
     const int tableRow = lastId.isEmpty() ? -1 : table.RowOf(lastId, lastRow);
     const int row = tableRow < 0 ? -1 : rows.ShownRow(tableRow);
-    if (row >= 0)
-        SelectAlone(row, qMin(lastColumn, rows.columnCount() - 1));
+    if (row < 0)
+        return;
+    const int col = qMin(lastColumn, rows.columnCount() - 1);
+    if (CountSelected().rows == 0)
+        SelectAlone(row, col);
+    else
+        selectionModel()->setCurrentIndex(rows.index(row, col), QItemSelectionModel::NoUpdate);
 }
 
 void StringGrid::HideColumn(int col, bool hide)
@@ -264,20 +324,37 @@ void StringGrid::currentChanged(const QModelIndex &current, const QModelIndex &p
     CListGrid::currentChanged(current, previous);
     if (!current.isValid())
         return;
-    lastColumn = current.column();
-    lastRow = rows.TableRow(current.row());
-    const CStringRes *const head = table.Head(lastRow);
-    lastId = head ? head->Id()->name : NarrowText();
+    NoteFocus();
     if (focusMoved)
         focusMoved();
+}
+
+void StringGrid::dataChanged(const QModelIndex &first, const QModelIndex &last, const QList<int> &roles)
+{
+    CListGrid::dataChanged(first, last, roles);
+    if (currentIndex().row() >= first.row() && currentIndex().row() <= last.row())
+        NoteFocus(); // it may have another ID
+}
+
+void StringGrid::NoteFocus()
+{
+    lastColumn = currentIndex().column();
+    lastRow = rows.TableRow(currentIndex().row());
+    const CStringRes *const head = table.Head(lastRow);
+    lastId = head ? head->Id()->name : NarrowText();
 }
 
 void StringGrid::keyPressEvent(QKeyEvent *event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && currentIndex().isValid())
+    if (isEnter && currentIndex().isValid()) {
+        if (CountSelected().rows == 1)
+            SelectAlone(currentIndex().row(), currentIndex().column()); // Undo moves the focus and not the selection
         return OpenCellEditor(currentIndex().row(), currentIndex().column());
-    if (event->key() == Qt::Key_Down && (event->modifiers() & Qt::AltModifier))
+    }
+    if (event->key() == Qt::Key_Down && (event->modifiers() & Qt::AltModifier)) {
+        scrollTo(currentIndex().siblingAtColumn(StringTable::KIND_COLUMN)); // unlike for a click it may be out of sight
         return OpenTypeBox();
+    }
     CListGrid::keyPressEvent(event);
 }

@@ -39,8 +39,11 @@ public:
         bool hasNewRow = false;
     };
     [[nodiscard]] const SelectionCount &CountSelected();
+    /// The rows of the table that are selected, ascending, without the new-row line.
+    [[nodiscard]] std::vector<int> SelectedStrings() const;
 
-    /// Selects the row that was in focus last, by its ID; none where it has gone.
+    /// Gives the row that was in focus last the focus, by its ID, and selects it if no row is selected. Nothing where
+    /// it has gone.
     void SelectLastRow();
     void HideColumn(int col, bool hide);
 
@@ -53,13 +56,17 @@ public:
 
 protected:
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void dataChanged(const QModelIndex &first, const QModelIndex &last, const QList<int> &roles) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void Connect();
     void ConnectEditor();
+    void NoteSelection();
+    void PutSelectionBack();
+    void NoteFocus();
     void FitColumns();
-    void SelectWholeRows();
+    void RowsInserted(const QModelIndex &parent, int first, int last);
     /// False when the table refuses the text.
     bool Commit(const QPersistentModelIndex &cell, QString text);
     void ReportCellError(int code, int row, int col);
@@ -74,8 +81,10 @@ private:
     bool isFitting = false;
     CellEditor *editor;
     ChoiceBox *typeBox;
-    NarrowText lastId; // of the row in focus
-    int lastRow = 0;   // of the table
+    std::vector<NarrowText> selectedIds; // during a reset of the model; empty ones for the new-row line
+    bool isTableGoing = false;           // the next reset is one of the whole table
+    NarrowText lastId;                   // of the row in focus
+    int lastRow = 0;                     // of the table
     int lastColumn = 0;
     int refusals = 0;
     std::optional<SelectionCount> selectionCount; // until the selection or the rows change

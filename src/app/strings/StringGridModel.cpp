@@ -114,29 +114,14 @@ QVariant StringGridModel::headerData(int section, Qt::Orientation orientation, i
 {
     if (!table || orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
-    return Title(section);
-}
-
-QString StringGridModel::Title(int col) const
-{
-    switch (col) {
-    case StringTable::ID_COLUMN:
-        return u"ID"_s;
-    case StringTable::KIND_COLUMN:
-        return u"Resource Type"_s;
-    case StringTable::DESCRIPTION_COLUMN:
-        return u"Description"_s;
-    default:
-        const CResFolder *const language = table->ColumnLanguage(col);
-        return language ? language->title : QString();
-    }
+    return table->ColumnTitle(section);
 }
 
 QString StringGridModel::Accessible(int tableRow, int col) const
 {
     const QString text =
         IsMarkedGap(tableRow, col) ? u"(no text)"_s : CellLine(table->CellText(tableRow, col), LONGEST_SHOWN);
-    return table->CellText(tableRow, StringTable::ID_COLUMN) + u", "_s + Title(col) + u": "_s + text;
+    return table->CellText(tableRow, StringTable::ID_COLUMN) + u", "_s + table->ColumnTitle(col) + u": "_s + text;
 }
 
 bool StringGridModel::IsMarkedGap(int tableRow, int col) const
@@ -148,15 +133,13 @@ void StringGridModel::TakeDirections()
 {
     directions.assign(table ? size_t(table->ColumnCount()) : 0, Qt::LeftToRight);
     for (size_t col = StringTable::FIRST_LANGUAGE_COLUMN; col < directions.size(); ++col)
-        directions[col] = DirectionOfLanguage(Title(int(col)));
+        directions[col] = DirectionOfLanguage(table->ColumnTitle(int(col)));
 }
 
 bool StringGridModel::IsTold()
 {
-    if (!isInReset && batch && ++batch->told > MOST_TOLD) {
-        Goes(false);
+    if (!isInReset && batch && ++batch->told > MOST_TOLD)
         BeginReset();
-    }
     return !isInReset;
 }
 
@@ -170,12 +153,6 @@ void StringGridModel::EndReset()
 {
     if (std::exchange(isInReset, false))
         endResetModel();
-}
-
-void StringGridModel::Goes(bool isReset) const
-{
-    if (goes)
-        goes(isReset);
 }
 
 void StringGridModel::HasChanged()
@@ -207,10 +184,8 @@ void StringGridModel::RowRemoving(int row)
 {
     const int place = ShownRow(row);
     isTelling = place >= 0 && IsTold();
-    if (!isTelling)
-        return;
-    Goes(false);
-    beginRemoveRows({}, place, place);
+    if (isTelling)
+        beginRemoveRows({}, place, place);
 }
 
 void StringGridModel::RowRemoved(int row)
@@ -239,10 +214,8 @@ void StringGridModel::ColumnInserted(int)
 
 void StringGridModel::ColumnRemoving(int col)
 {
-    if (isInReset)
-        return;
-    Goes(false);
-    beginRemoveColumns({}, col, col);
+    if (!isInReset)
+        beginRemoveColumns({}, col, col);
 }
 
 void StringGridModel::ColumnRemoved(int)
@@ -255,10 +228,8 @@ void StringGridModel::ColumnRemoved(int)
 
 void StringGridModel::RowsMoving()
 {
-    if (isInReset)
-        return;
-    Goes(false);
-    Q_EMIT layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    if (!isInReset)
+        Q_EMIT layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
 }
 
 void StringGridModel::RowsMoved(const std::vector<int> &order)
@@ -288,7 +259,8 @@ void StringGridModel::RowsMoved(const std::vector<int> &order)
 
 void StringGridModel::TableResetting()
 {
-    Goes(true);
+    if (tableGoes)
+        tableGoes();
     BeginReset();
 }
 

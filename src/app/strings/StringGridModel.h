@@ -23,18 +23,18 @@ public:
     std::function<void(int row, int col)> focusCell;
     std::function<void(int code, int row, int col)> reportCellError;
     std::function<void(int code)> showMessage;
-    /// Before cells go or get another place: an open editor ends. With `isReset` the cells can't be asked. Comes in the
-    /// middle of a command too, where no other command can be run.
-    std::function<void(bool isReset)> goes;
+    /// Before the whole table is replaced: what is being edited is lost. The table must not be asked.
+    std::function<void()> tableGoes;
     /// After anything that may change which rows have gaps or meet a condition; once for a batch.
     std::function<void()> changed;
 
     /// Whether gaps are marked. The view sets it, and draws itself anew.
     bool showsGaps = false;
 
-    /// Shows these rows of the table (ascending) and the new-row line; nothing: all. Told to Qt as a reset, before
-    /// which `goes` isn't called.
+    /// Shows these rows of the table (ascending) and the new-row line; nothing: all. Told to Qt as a reset.
     void SetFilter(std::optional<std::vector<int>> rows);
+    /// Several changes are being made, such as those of a command.
+    [[nodiscard]] bool IsInBatch() const { return batch.has_value(); }
     [[nodiscard]] bool HasFilter() const { return shown.HasFilter(); }
 
     /// The row of the table that is shown at `row`; the new-row line for the last.
@@ -88,7 +88,6 @@ private:
     [[nodiscard]] bool IsTold();
     void BeginReset();
     void EndReset();
-    void Goes(bool isReset) const;
     void HasChanged();
     /// Tells that cells of these rows of the table have changed.
     void TellCells(int firstRow, int lastRow);
@@ -96,7 +95,6 @@ private:
     void TakeDirections();
     [[nodiscard]] QString Accessible(int tableRow, int col) const;
     [[nodiscard]] bool IsMarkedGap(int tableRow, int col) const;
-    [[nodiscard]] QString Title(int col) const;
 
     StringTable *table = nullptr;
     ShownRows shown;

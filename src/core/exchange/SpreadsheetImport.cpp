@@ -21,7 +21,7 @@ constexpr quint32 FIRST_ROW = 2;
 constexpr quint32 FEWEST = 3; // columns and rows
 
 /// How a message shows what a cell has.
-QString Quoted(const QString &text)
+QString CellText(const QString &text)
 {
     return text.isEmpty() ? QStringLiteral("nothing") : u'"' + Cut(text) + u'"';
 }
@@ -109,8 +109,8 @@ private:
         const QString cell = CellName(column, row + 1);
         Tell("sheet.header", Severity::Error, row,
              row == COUNT_ROW
-                 ? WhatIsExpected(QStringLiteral("has %1 in cell A1").arg(Quoted(found)))
-                 : QStringLiteral("cell %1 has %2 in the place of \"%3\"").arg(cell, Quoted(found), expected),
+                 ? WhatIsExpected(QStringLiteral("has %1 in cell A1").arg(CellText(found)))
+                 : QStringLiteral("cell %1 has %2 in the place of \"%3\"").arg(cell, CellText(found), expected),
              "invalid file format; \"%s\" expected at cell %s.", expected.toUtf8().constData(), qUtf8Printable(cell));
         return WRONG_HEADER;
     }
@@ -123,7 +123,7 @@ private:
         if (languages < 1) {
             Tell("sheet.language-count", Severity::Warning, COUNT_ROW,
                  QStringLiteral("cell B1 has %1, where the number of languages is expected: none is read")
-                     .arg(Quoted(sheet.At(COUNT_ROW, 1))),
+                     .arg(CellText(sheet.At(COUNT_ROW, 1))),
                  "%s = %d.", COUNT_WORD.toUtf8().constData(), languages);
             languages = 0;
         }
@@ -158,7 +158,7 @@ private:
                 Tell("sheet.language-unknown", Severity::Error, NAMES_ROW,
                      QStringLiteral("cell %1 has %2, and neither the project nor the section Language of tuvik.ini has "
                                     "a language of that name")
-                         .arg(CellName(column, NAMES_ROW + 1), Quoted(name)),
+                         .arg(CellName(column, NAMES_ROW + 1), CellText(name)),
                      "language \"%s\" is unrecognized.", Shown(name).constData());
                 return UNKNOWN_LANGUAGE;
             }

@@ -53,6 +53,8 @@ CZulClass *CLayoutRes::AddComponent(Environment &env, std::unique_ptr<ComponentO
     NotifyChanged();
     if (!BindComponent(*object, component.get()) || layout->AddComponent(env, std::move(component)) != 0)
         return nullptr;
+    if (names)
+        names->Add(*object);
     components.push_back(std::move(object));
     return components.back().get();
 }
@@ -65,6 +67,8 @@ CZulClass::Detached CLayoutRes::Detach(CZulClass *object)
     if (place == components.end())
         return detached;
     const auto under = std::find_if(layout->components.begin(), layout->components.end(), isIt(object->component));
+    if (names)
+        names->Remove(*object);
     detached.object = std::move(*place);
     detached.component = std::move(*under);
     components.erase(place);
@@ -95,6 +99,8 @@ bool CLayoutRes::MoveComponent(CZulClass *newParent, CZulClass *object)
     if (newParent) {
         newParent->AttachSubComponent(std::move(detached));
     } else {
+        if (names)
+            names->Add(*object);
         layout->components.push_back(std::move(detached.component));
         components.push_back(std::move(detached.object));
     }
@@ -102,8 +108,29 @@ bool CLayoutRes::MoveComponent(CZulClass *newParent, CZulClass *object)
     return true;
 }
 
+ComponentNames &CLayoutRes::Names() const
+{
+    if (!names) {
+        names = std::make_unique<ComponentNames>();
+        for (const auto &object : components)
+            names->Add(*object);
+    }
+    return *names;
+}
+
+NarrowText CLayoutRes::NewName(quint32 &counter) const
+{
+    NarrowText name;
+    do {
+        name = "cp" + QByteArray::number(++counter, 16).rightJustified(2, '0');
+    } while (Names().CountOf(name) != 0);
+    return name;
+}
+
 CZulClass *CLayoutRes::FindComponent(const NarrowText &name) const
 {
+    if (!name.isEmpty() && Names().CountOf(name) <= 1)
+        return Names().OnlyOne(name);
     for (const auto &object : components) {
         if (CZulClass *found = object->FindSubComponent(name))
             return found;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ComponentNames.h"
 #include "LayoutFileObject.h"
 #include "Resources.h"
 #include "ZulType.h"
@@ -34,16 +35,21 @@ public:
     /// Moves a component to the end of another, or of the top level when `newParent` is null. False, and no change,
     /// when that lies in it.
     bool MoveComponent(CZulClass *newParent, CZulClass *object);
-    /// The first component of that name, each before those that lie in it; null when there is none.
+    /// The first component of that name, each before those that lie in it; null when there is none. The time doesn't
+    /// grow with the layout, but for a name that several have, and for the empty one.
     [[nodiscard]] CZulClass *FindComponent(const NarrowText &name) const;
+    /// A name for a new component that none has: counts `counter` up to the next that is free, at least by one.
+    [[nodiscard]] NarrowText NewName(quint32 &counter) const;
 
 private:
     CLayoutRes(LayoutFileRef fileRef, LayoutObject *object, const ClassCatalogue &types);
     [[nodiscard]] std::unique_ptr<CZulClass> MakeObject(const NarrowText &className) const;
     [[nodiscard]] CZulClass::Detached Detach(CZulClass *object);
+    [[nodiscard]] ComponentNames &Names() const;
 
     const ClassCatalogue &catalogue;
     LayoutFileRef file;
     LayoutObject *layout; // the file owns it
     std::vector<std::unique_ptr<CZulClass>> components;
+    mutable std::unique_ptr<ComponentNames> names; // null until it is needed: only an editor looks for names
 };

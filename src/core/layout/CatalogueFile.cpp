@@ -1,6 +1,7 @@
 #include "CatalogueFile.h"
 
 #include "Environment.h"
+#include "Paths.h"
 #include "Xml.h"
 #include "ZulType.h"
 
@@ -52,14 +53,14 @@ public:
             return;
         }
         if (root->ValueStr() != "catalogue") {
-            Error(*root, QStringLiteral("<%1> should be <catalogue>").arg(Shown(root->Value())));
+            Error(*root, QStringLiteral("<%1> should be <catalogue>").arg(Text(root->Value())));
             return;
         }
         AllowAttributes(*root, {"version"});
         const char *version = root->Attribute("version");
         if (!version || QByteArrayView(version) != "1")
             Error(*root, QStringLiteral("the catalogue's version should be \"1\""));
-        ForEachChild(*root, [this](const TiXmlElement &element) { ReadDefinition(element); });
+        ReadChildren(*root, [this](const TiXmlElement &element) { ReadDefinition(element); });
         for (const Definition &definition : definitions)
             CheckReferences(definition);
         for (Definition &definition : definitions)
@@ -111,8 +112,8 @@ private:
         int values = 0; // all that an object of it has
     };
 
-    static QString Shown(const char *text) { return QString::fromUtf8(text); }
-    static QString Shown(const NarrowText &text) { return QString::fromUtf8(text); }
+    static QString Text(const char *text) { return QString::fromUtf8(text); }
+    static QString Text(const NarrowText &text) { return QString::fromUtf8(text); }
 
     void Error(const TiXmlElement &element, const QString &text) { Error(RowOf(element), text); }
 
@@ -120,19 +121,17 @@ private:
     {
         for (const TiXmlAttribute *attribute = element.FirstAttribute(); attribute; attribute = attribute->Next()) {
             if (std::find(allowed.begin(), allowed.end(), QByteArrayView(attribute->Name())) == allowed.end())
-                Error(element, QStringLiteral("<%1> has no attribute \"%2\"")
-                                   .arg(Shown(element.Value()), Shown(attribute->Name())));
+                Error(
+                    element,
+                    QStringLiteral("<%1> has no attribute \"%2\"").arg(Text(element.Value()), Text(attribute->Name())));
         }
     }
 
-    template <typename Function> void ForEachChild(const TiXmlElement &element, Function &&function)
+    template <typename Function> void ReadChildren(const TiXmlElement &element, Function &&function)
     {
-        for (const TiXmlNode *node = element.FirstChild(); node; node = node->NextSibling()) {
-            if (const TiXmlElement *child = node->ToElement())
-                function(*child);
-            else if (!node->ToComment())
-                Error(element, QStringLiteral("<%1> holds something that is no element").arg(Shown(element.Value())));
-        }
+        ForEachChild(element, function, [&](const TiXmlNode &) {
+            Error(element, QStringLiteral("<%1> holds something that is no element").arg(Text(element.Value())));
+        });
     }
 
     /// The attribute's value; empty, and an error, when it is missing or no identifier.
@@ -140,14 +139,15 @@ private:
     {
         const char *const text = element.Attribute(attribute);
         if (!text) {
-            Error(element, QStringLiteral("<%1> needs the attribute \"%2\"")
-                               .arg(Shown(element.Value()), QLatin1String(attribute)));
+            Error(
+                element,
+                QStringLiteral("<%1> needs the attribute \"%2\"").arg(Text(element.Value()), QLatin1String(attribute)));
             return {};
         }
         if (!IsIdentifier(text)) {
             Error(element,
                   QStringLiteral("\"%1\" is no name: letters, digits and \"_\", at most %2, and no digit at the front")
-                      .arg(Shown(text))
+                      .arg(Text(text))
                       .arg(LONGEST_NAME));
             return {};
         }
@@ -168,7 +168,7 @@ private:
             descriptor->kind = tag == "structure" ? CLASS_STRUCTURE : CLASS_ENUMERATION;
         } else {
             Error(element,
-                  QStringLiteral("<%1> should be <class>, <structure> or <enumeration>").arg(Shown(tag.c_str())));
+                  QStringLiteral("<%1> should be <class>, <structure> or <enumeration>").arg(Text(tag.c_str())));
             return;
         }
         descriptor->name = Identifier(element, "name");
@@ -178,12 +178,12 @@ private:
         if (descriptor->name.isEmpty())
             return;
         if (TypeIdOf(descriptor->name) != TYPE_UNKNOWN) {
-            Error(element, QStringLiteral("\"%1\" is the name of a built-in type").arg(Shown(descriptor->name)));
+            Error(element, QStringLiteral("\"%1\" is the name of a built-in type").arg(Text(descriptor->name)));
             return;
         }
         if (const auto known = places.constFind(descriptor->name); known != places.constEnd()) {
             Error(element, QStringLiteral("\"%1\" is defined in line %2 already")
-                               .arg(Shown(descriptor->name))
+                               .arg(Text(descriptor->name))
                                .arg(definitions[*known].line));
             return;
         }
@@ -205,9 +205,9 @@ private:
         const bool isEnumeration = descriptor.kind == CLASS_ENUMERATION;
         const QByteArrayView expected = isEnumeration ? "item" : "member";
         QSet<NarrowText> names;
-        ForEachChild(element, [&](const TiXmlElement &child) {
+        ReadChildren(element, [&](const TiXmlElement &child) {
             if (QByteArrayView(child.Value()) != expected) {
-                Error(child, QStringLiteral("<%1> should be <%2>").arg(Shown(child.Value()), QLatin1String(expected)));
+                Error(child, QStringLiteral("<%1> should be <%2>").arg(Text(child.Value()), QLatin1String(expected)));
                 return;
             }
             ClassDescriptor::Item item;
@@ -218,11 +218,11 @@ private:
                 AllowAttributes(child, {"name", "type"});
                 item.typeName = Identifier(child, "type");
                 if (std::find(std::begin(RESERVED), std::end(RESERVED), item.name) != std::end(RESERVED))
-                    Error(child, QStringLiteral("no member can be called \"%1\"").arg(Shown(item.name)));
+                    Error(child, QStringLiteral("no member can be called \"%1\"").arg(Text(item.name)));
             }
             if (!item.name.isEmpty() && names.contains(item.name))
                 Error(child, QStringLiteral("\"%1\" stands twice in \"%2\"")
-                                 .arg(Shown(item.name), Shown(element.Attribute("name"))));
+                                 .arg(Text(item.name), Text(element.Attribute("name"))));
             names.insert(item.name);
             lines.push_back(RowOf(child));
             descriptor.items.push_back(std::move(item));
@@ -234,8 +234,8 @@ private:
 
     void ReadNothing(const TiXmlElement &element)
     {
-        ForEachChild(element, [this, &element](const TiXmlElement &child) {
-            Error(child, QStringLiteral("<%1> can't stand in <%2>").arg(Shown(child.Value()), Shown(element.Value())));
+        ReadChildren(element, [this, &element](const TiXmlElement &child) {
+            Error(child, QStringLiteral("<%1> can't stand in <%2>").arg(Text(child.Value()), Text(element.Value())));
         });
     }
 
@@ -251,16 +251,16 @@ private:
         if (!descriptor.baseName.isEmpty()) {
             const Definition *base = Find(descriptor.baseName);
             if (!base && TypeIdOf(descriptor.baseName) == TYPE_UNKNOWN)
-                Error(definition.line, QStringLiteral("unknown base \"%1\"").arg(Shown(descriptor.baseName)));
+                Error(definition.line, QStringLiteral("unknown base \"%1\"").arg(Text(descriptor.baseName)));
             else if (!base || base->descriptor->kind != CLASS_CLASS)
-                Error(definition.line, QStringLiteral("the base \"%1\" is no class").arg(Shown(descriptor.baseName)));
+                Error(definition.line, QStringLiteral("the base \"%1\" is no class").arg(Text(descriptor.baseName)));
         }
         if (descriptor.kind == CLASS_ENUMERATION)
             return;
         for (size_t i = 0; i < descriptor.items.size(); ++i) {
             const NarrowText &type = descriptor.items[i].typeName;
             if (!type.isEmpty() && TypeIdOf(type) == TYPE_UNKNOWN && !Find(type))
-                Error(definition.itemLines[i], QStringLiteral("unknown type \"%1\"").arg(Shown(type)));
+                Error(definition.itemLines[i], QStringLiteral("unknown type \"%1\"").arg(Text(type)));
         }
     }
 
@@ -283,7 +283,7 @@ private:
         // Those that hold one that is too large aren't told of as well.
         if (definition.values > MOST_VALUES && definition.values < TOO_MANY) {
             Error(definition.line, QStringLiteral("\"%1\" has more than %2 values, with those of its base and members")
-                                       .arg(Shown(descriptor.name))
+                                       .arg(Text(descriptor.name))
                                        .arg(MOST_VALUES));
             definition.values = TOO_MANY;
         }
@@ -295,9 +295,9 @@ private:
         if (!part || part->descriptor->kind == CLASS_ENUMERATION)
             return;
         if (part->state == Definition::UNDER_WAY) {
-            Error(line, part == &definition ? QStringLiteral("\"%1\" holds or derives from itself").arg(Shown(type))
+            Error(line, part == &definition ? QStringLiteral("\"%1\" holds or derives from itself").arg(Text(type))
                                             : QStringLiteral("\"%1\" holds or derives from itself by way of \"%2\"")
-                                                  .arg(Shown(type), Shown(definition.descriptor->name)));
+                                                  .arg(Text(type), Text(definition.descriptor->name)));
             return;
         }
         if (part->state == Definition::NEW && depth < DEEPEST_TYPE)
@@ -306,7 +306,7 @@ private:
         if (levels >= DEEPEST_TYPE) {
             if (definition.levels <= DEEPEST_TYPE && levels == DEEPEST_TYPE)
                 Error(line, QStringLiteral("\"%1\" nests more than %2 deep, bases counted too")
-                                .arg(Shown(definition.descriptor->name))
+                                .arg(Text(definition.descriptor->name))
                                 .arg(DEEPEST_TYPE));
         }
         definition.levels = std::max(definition.levels, levels + 1);
@@ -342,6 +342,12 @@ bool Fill(const TiXmlDocument &document, int result, const QString &file, ClassC
 }
 
 } // namespace
+
+QString CataloguePath(const Environment &env)
+{
+    const QString file = env.settings.String("Layout", "catalogue");
+    return file.isEmpty() ? file : ResolvePath(file, env.ProgramDir());
+}
 
 bool LoadCatalogue(const Environment &env, const QString &path, ClassCatalogue &catalogue, std::vector<Finding> &errors)
 {

@@ -7,6 +7,9 @@
 
 class Environment;
 
+/// The absolute path of the catalogue that the settings name; empty when they name none.
+[[nodiscard]] QString CataloguePath(const Environment &env);
+
 /// Reads a file of class definitions (docs/formats/catalogue.md) into an empty catalogue.
 ///
 /// False when it can't be read or has an error: then the catalogue stays as it was, and the errors are added to

@@ -61,12 +61,6 @@ private:
         findings.push_back({code, Severity::Error, file, RowOf(element), layoutId, text});
     }
 
-    template <typename Function> static void ForEachChild(const TiXmlElement &element, Function &&function)
-    {
-        for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement())
-            function(*child);
-    }
-
     void CheckLayout(const TiXmlElement &layout)
     {
         layoutId.clear();

@@ -12,29 +12,23 @@ namespace
 constexpr QByteArrayView MEMBER_ATTRIBUTE = "prop";
 
 /// In quotes, on one line.
-QByteArray Quoted(const QByteArray &text)
+QByteArray OnOneLine(const QByteArray &text)
 {
-    QByteArray quoted = "\"";
-    for (const char c : text) {
-        if (c == '"' || c == '\\')
-            (quoted += '\\') += c;
-        else if (c == '\n')
-            quoted += "\\n";
-        else if (quint8(c) < ' ' || c == '\x7F')
-            quoted += "\\x" + QByteArray(1, c).toHex();
+    return Quoted(text, [](QByteArray &to, char c) {
+        if (c == '\n')
+            to += "\\n";
         else
-            quoted += c;
-    }
-    return quoted + '"';
+            to += "\\x" + QByteArray(1, c).toHex();
+    });
 }
 
 void AppendText(QByteArray &text, const Environment &env, const ComponentObject &component, int depth)
 {
     text += QByteArray(2 * depth, ' ') + env.Shown(component.className);
     if (!component.name.isEmpty())
-        text += ' ' + Quoted(env.Shown(component.name));
+        text += ' ' + OnOneLine(env.Shown(component.name));
     for (const AttributeRecord &attribute : component.attributes)
-        text += ' ' + env.Shown(attribute.name) + '=' + Quoted(env.Shown(attribute.value));
+        text += ' ' + env.Shown(attribute.name) + '=' + OnOneLine(env.Shown(attribute.value));
     text += '\n';
     for (const auto &child : component.children)
         AppendText(text, env, *child, depth + 1);

@@ -1,3 +1,4 @@
+#include "ComponentNames.h"
 #include "ZulType.h"
 
 #include <algorithm>
@@ -59,8 +60,19 @@ bool CZulClass::AddSubComponent(ComponentObject *child)
     if (!BindComponent(*sub, child))
         return false;
     sub->parent = this;
+    if (names)
+        names->Add(*sub);
     subComponents.push_back(std::move(sub));
     return true;
+}
+
+void CZulClass::SetName(const NarrowText &name)
+{
+    if (names)
+        names->Rename(*this, propName, name);
+    propName = name;
+    if (component)
+        component->name = name;
 }
 
 CZulClass *CZulClass::FindSubComponent(const NarrowText &name)
@@ -88,6 +100,8 @@ CZulClass::Detached CZulClass::DetachSubComponent(CZulClass *sub)
     if (component)
         detached.component = TakeOut(component->children, sub->component);
     sub->parent = nullptr;
+    if (names)
+        names->Remove(*sub);
     return detached;
 }
 
@@ -98,5 +112,7 @@ void CZulClass::AttachSubComponent(Detached detached)
     if (detached.component)
         component->children.push_back(std::move(detached.component));
     detached.object->parent = this;
+    if (names)
+        names->Add(*detached.object);
     subComponents.push_back(std::move(detached.object));
 }

@@ -3,6 +3,7 @@
 #include "ClassCatalogue.h"
 #include "ComponentObject.h"
 
+class ComponentNames;
 class CZulCustom;
 class CZulType;
 
@@ -44,7 +45,7 @@ public:
     virtual bool BindAttribute(AttributeRecord *record) = 0;
 
     NarrowText typeName;
-    NarrowText propName;         ///< within its owner; of a component, its name
+    NarrowText propName;         ///< within its owner; of a component, its name: see CZulClass::SetName
     CZulCustom *owner = nullptr; ///< whose member this is, not owned; null for a top-level component
 
 protected:
@@ -120,6 +121,8 @@ public:
     bool Define(const ClassDescriptor &definition) override;
     bool AddSubComponent(ComponentObject *child) override;
 
+    /// Renames the component. A name that another has already is no error here.
+    void SetName(const NarrowText &name);
     /// This object, or the first below it, depth first, of that name; null when there is none.
     [[nodiscard]] CZulClass *FindSubComponent(const NarrowText &name);
     /// Destroys a sub-component with its component and all below it. False when it isn't one of this object's.
@@ -137,6 +140,10 @@ public:
     std::unique_ptr<CZulClass> super; ///< for the members of the base class; null when there is none
     CZulClass *parent = nullptr;      ///< in which this is a sub-component, not owned; null for a top-level component
     std::vector<std::unique_ptr<CZulClass>> subComponents;
+
+private:
+    friend class ComponentNames;
+    ComponentNames *names = nullptr; // where the layout looks its components up; null while it has no need to
 };
 
 /// A group of values in a component of its own.

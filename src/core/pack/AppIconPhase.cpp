@@ -17,12 +17,11 @@ int ConstructAppIcon(PackContext &context)
             return PACK_NO_ICON;
         }
     }
-    if (icon.size < 0) {
+    const auto fail = [&](ReadFailure failure) -> int {
+        if (failure != ReadFailure::Size)
+            return PACK_FILE_READ;
         env.DebugTrace("Get file info error while read icon file : %s.\n", qUtf8Printable(path));
         return PACK_FILE_INFO;
-    }
-    char *place = context.image.EntryData(entry, quint64(icon.size));
-    if (!place)
-        return PACK_MEMORY;
-    return icon.ReadTo(place) ? PACK_OK : FailFile(env, icon, PACK_FILE_READ);
+    };
+    return ReadIntoPayload(env, icon, {[&](quint64 size) { return context.image.EntryData(entry, size); }, fail});
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "HostFiles.h"
+#include "PayloadFormat.h"
 
 #include <array>
 #include <vector>
@@ -54,7 +55,7 @@ struct ElfImage
     FileHandle file; ///< the input, still open: what is copied is what was read
 
     /// Where the payload goes: the input's size rounded up to a multiple of 4.
-    [[nodiscard]] quint64 PayloadOffset() const { return (inputSize + 3) & ~quint64(3); }
+    [[nodiscard]] quint64 PayloadOffset() const { return RoundUpTo4(inputSize); }
 };
 
 /// Reads the tables of the file at `path`, with the name ".zp_res" and a section for it already added. 0 or an ElfCode.

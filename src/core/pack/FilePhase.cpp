@@ -15,18 +15,17 @@ int ReadFileResource(PackContext &context, const QByteArray &host, const QByteAr
         env.WriteOutput("\r\n[error] File does not exist: %s", shown.constData());
         return PACK_NOT_THERE;
     }
-    if (file.size < 0) {
-        env.WriteOutput("\r\n[error] Get file information fail: %s", shown.constData());
-        return PACK_FILE_INFO;
-    }
-    if (!file.file.IsOpen()) {
+    const auto fail = [&](ReadFailure failure) -> int {
+        if (failure == ReadFailure::Size) {
+            env.WriteOutput("\r\n[error] Get file information fail: %s", shown.constData());
+            return PACK_FILE_INFO;
+        }
+        if (failure == ReadFailure::Content)
+            return PACK_FILE_READ;
         env.DebugTrace("[error] Could not open file while read resource data : %s.\n", shown.constData());
-        return FailFile(env, file, PACK_FILE_OPEN);
-    }
-    char *place = context.image.ExtendItem(quint64(file.size));
-    if (!place)
-        return PACK_MEMORY;
-    return file.ReadTo(place) ? PACK_OK : FailFile(env, file, PACK_FILE_READ);
+        return PACK_FILE_OPEN;
+    };
+    return ReadIntoPayload(env, file, {[&](quint64 size) { return context.image.ExtendItem(size); }, fail});
 }
 
 int AddFile(PackContext &context, const CFileRes &res)

@@ -1,6 +1,7 @@
 #include "ImageConversion.h"
 #include "Paths.h"
 #include "Phases.h"
+#include "PictureFile.h"
 
 namespace
 {
@@ -44,42 +45,28 @@ bool GatherImages(const CResFolder &root, qint16 scope, Images &images)
 int ReadImage(PackContext &context, const PackFile &file, const QString &path, const NarrowText &stored)
 {
     Environment &env = context.Env();
-    if (file.size < 0) {
-        PACK_LOG_BOTH(env, "\r\n[error] Get file information fail: %s", qUtf8Printable(path));
-        return PACK_IMAGE_INFO;
-    }
-    if (file.size <= IMAGE_TOO_SMALL) {
-        PACK_LOG_BOTH(env, "\r\n[error] Got invalid file attributes: %s", qUtf8Printable(path));
-        return PACK_IMAGE_SIZE;
-    }
-    if (!file.file.IsOpen()) {
-        PACK_LOG_BOTH(env, "\r\n[error] Could not open file while reading resource data. (%s)",
-                      env.Shown(stored).constData());
-        return FailFile(env, file, PACK_IMAGE_OPEN);
-    }
-    char *place = context.image.ExtendItem(quint64(file.size));
-    if (!place)
-        return PACK_MEMORY;
-    if (!file.ReadTo(place)) {
-        (void)FailFile(env, file, PACK_IMAGE_READ);
-        PACK_LOG_BOTH(env, "\r\n[error] Read data fail while reading resource data. (%s)",
-                      env.Shown(stored).constData());
-        return PACK_IMAGE_READ;
-    }
+    const auto fail = [&](ReadFailure failure) -> int {
+        switch (failure) {
+        case ReadFailure::Size:
+            PACK_LOG_BOTH(env, "\r\n[error] Get file information fail: %s", qUtf8Printable(path));
+            return PACK_IMAGE_INFO;
+        case ReadFailure::TooSmall:
+            PACK_LOG_BOTH(env, "\r\n[error] Got invalid file attributes: %s", qUtf8Printable(path));
+            return PACK_IMAGE_SIZE;
+        case ReadFailure::Open:
+            PACK_LOG_BOTH(env, "\r\n[error] Could not open file while reading resource data. (%s)",
+                          env.Shown(stored).constData());
+            return PACK_IMAGE_OPEN;
+        default:
+            PACK_LOG_BOTH(env, "\r\n[error] Read data fail while reading resource data. (%s)",
+                          env.Shown(stored).constData());
+            return PACK_IMAGE_READ;
+        }
+    };
+    const auto place = [&](quint64 size) { return context.image.ExtendItem(size); };
+    if (const int code = ReadIntoPayload(env, file, {place, fail, IMAGE_TOO_SMALL}))
+        return code;
     return context.image.PadItem() ? PACK_OK : PACK_MEMORY;
-}
-
-int AddConverted(PackContext &context, const QByteArray &source, const QString &path, const NarrowText &stored)
-{
-    Environment &env = context.Env();
-    if (!NeedImageConvert(path)) {
-        PACK_LOG_BOTH(env, "\r\n[error] un-supported image type.");
-        return PACK_IMAGE_TYPE;
-    }
-    const ConvertedImage converted(env, source, context.scratch);
-    if (converted.Code() != 0)
-        return PACK_NOT_THERE;
-    return ReadImage(context, PackFiles::OpenMade(converted.Target()), QString::fromUtf8(converted.Target()), stored);
 }
 
 int AddImage(PackContext &context, const CFileRes &res)
@@ -91,17 +78,17 @@ int AddImage(PackContext &context, const CFileRes &res)
     env.WriteOutput("\r\n%s", qUtf8Printable(path));
 
     const bool converts = context.info.imageconvert != 0 || (id.push && id.pushKind == PUSH_IMAGE);
-    PackFile file;
-    QByteArray source;
-    if (converts)
-        source = context.files.Find(path);
-    else
-        file = context.files.Open(path);
-    if (converts ? source.isEmpty() : !file.exists) {
+    const PictureFile picture(context, path, converts);
+    if (!picture.IsThere()) {
         env.WriteOutput("\r\n[error] Image file does not exist: %s", qUtf8Printable(path));
         return PACK_NOT_THERE;
     }
-    return converts ? AddConverted(context, source, path, res.path) : ReadImage(context, file, path, res.path);
+    if (converts && !NeedImageConvert(path)) {
+        PACK_LOG_BOTH(env, "\r\n[error] un-supported image type.");
+        return PACK_IMAGE_TYPE;
+    }
+    return picture.Add(
+        [&](const PackFile &file, const QString &from) { return ReadImage(context, file, from, res.path); });
 }
 
 } // namespace

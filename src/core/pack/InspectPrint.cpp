@@ -10,18 +10,14 @@ namespace
 {
 
 /// A text in JSON's quotes (RFC 8259).
-QByteArray Quoted(const QString &text)
+QByteArray JsonText(const QString &text)
 {
-    QByteArray result = "\"";
-    for (const char c : TextToUtf8(text)) {
-        if (c == '"' || c == '\\')
-            result.append('\\').append(c);
-        else if (quint8(c) < 0x20)
-            result += "\\u00" + QByteArray(1, c).toHex();
+    return Quoted(TextToUtf8(text), [](QByteArray &to, char c) {
+        if (c == '\x7F') // no control character there
+            to += c;
         else
-            result += c;
-    }
-    return result + '"';
+            to += "\\u00" + QByteArray(1, c).toHex();
+    });
 }
 
 QByteArray Number(quint64 number)
@@ -106,10 +102,10 @@ QByteArray TextToUtf8(QString text)
 QByteArray InspectJson(const Environment &env, const InspectResult &result)
 {
     const Payload &payload = result.payload;
-    QByteArray json = "{\n  \"kind\": " + Quoted(QString::fromLatin1(result.kind)) +
+    QByteArray json = "{\n  \"kind\": " + JsonText(QString::fromLatin1(result.kind)) +
                       ",\n  \"base\": " + Number(payload.base) + ",\n  \"entries\": [";
     AppendList(json, payload.entries, [&](const DirectoryEntry &entry) {
-        json += "    {\"name\": " + Quoted(env.NarrowToWide(entry.name)) + ", \"offset\": " + Number(entry.offset) +
+        json += "    {\"name\": " + JsonText(env.NarrowToWide(entry.name)) + ", \"offset\": " + Number(entry.offset) +
                 ", \"size\": " + Number(entry.size) + '}';
     });
     json += "],\n  \"block\": [";
@@ -130,7 +126,7 @@ QByteArray InspectJson(const Environment &env, const InspectResult &result)
         const char *separator = "";
         for (const TableString &string : language->strings) {
             json += separator;
-            json += '"' + Number(string.id) + "\": " + Quoted(string.text);
+            json += '"' + Number(string.id) + "\": " + JsonText(string.text);
             separator = ", ";
         }
         json += '}';

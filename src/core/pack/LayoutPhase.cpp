@@ -132,17 +132,17 @@ int AddLayout(PackContext &context, const LayoutOutput &output)
     }
     env.WriteOutput("\r\n  %s", name.constData());
     const PackFile file = PackFiles::OpenMade(output.host);
-    if (file.size < 0)
-        return InfoFail(env, output.host);
-    if (!file.file.IsOpen()) {
+    const auto fail = [&](ReadFailure failure) -> int {
+        if (failure == ReadFailure::Size)
+            return InfoFail(env, output.host);
+        if (failure == ReadFailure::Content)
+            return PACK_FILE_READ;
         env.WriteOutput("\r\n[error] Could not open file while read resource data : %s.\n", output.host.constData());
-        return FailFile(env, file, PACK_FILE_OPEN);
-    }
-    char *place = context.image.ExtendItem(quint64(file.size));
-    if (!place)
-        return PACK_MEMORY;
-    if (!file.ReadTo(place))
-        return FailFile(env, file, PACK_FILE_READ);
+        return PACK_FILE_OPEN;
+    };
+    const auto place = [&](quint64 size) { return context.image.ExtendItem(size); };
+    if (const int code = ReadIntoPayload(env, file, {place, fail}))
+        return code;
     return context.image.PadItem() ? PACK_OK : PACK_MEMORY;
 }
 

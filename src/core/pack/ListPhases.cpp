@@ -1,6 +1,7 @@
 #include "ImageConversion.h"
 #include "Paths.h"
 #include "Phases.h"
+#include "PictureFile.h"
 #include "V1ResourceList.h"
 
 namespace
@@ -75,47 +76,36 @@ int ListReader::AddLine(const NarrowText &line, const QString &folder)
     const QString path = ResolvePath(wide, folder);
     const NarrowText name =
         kind == ListKind::Preview ? "zep.preview_" + QByteArray::number(previews) : env.WideToNarrow(FileName(wide));
-    const bool converts = convert && NeedImageConvert(path);
-    PackFile file;
-    QByteArray source;
-    if (converts)
-        source = context.files.Find(path);
-    else
-        file = context.files.Open(path);
-    if (converts ? source.isEmpty() : !file.exists) {
+    const PictureFile picture(context, path, convert && NeedImageConvert(path));
+    if (!picture.IsThere()) {
         env.WriteOutput("\r\nResource file %s not exist, ignore...", qUtf8Printable(path));
         return PACK_OK;
     }
     ++previews;
     env.WriteOutput("\r\n%s", qUtf8Printable(path));
-    if (!converts)
-        return AddEntry(name, file, path);
-
-    const ConvertedImage converted(env, source, context.scratch);
-    if (converted.Code() != 0)
-        return PACK_NOT_THERE;
-    return AddEntry(name, PackFiles::OpenMade(converted.Target()), QString::fromUtf8(converted.Target()));
+    return picture.Add([&](const PackFile &file, const QString &from) { return AddEntry(name, file, from); });
 }
 
 int ListReader::AddEntry(const NarrowText &name, const PackFile &file, const QString &path)
 {
     PackEntry &entry = context.image.AddEntry(name);
-    if (file.size < 0) {
-        env.DebugTrace("Get file info error while read resource file : %s.\n", qUtf8Printable(path));
-        return PACK_FILE_INFO;
-    }
-    if (convert && file.size <= IMAGE_TOO_SMALL) {
-        PACK_LOG_BOTH(env, "\r\n[error] Got invalid file attributes: %s", qUtf8Printable(path));
-        return PACK_IMAGE_SIZE;
-    }
-    if (!file.file.IsOpen()) {
-        env.DebugTrace("Could not read resource file : %s.\n", qUtf8Printable(path));
-        return FailFile(env, file, PACK_FILE_OPEN);
-    }
-    char *place = context.image.EntryData(entry, quint64(file.size));
-    if (!place)
-        return PACK_MEMORY;
-    return file.ReadTo(place) ? PACK_OK : FailFile(env, file, PACK_FILE_READ);
+    const auto fail = [&](ReadFailure failure) -> int {
+        switch (failure) {
+        case ReadFailure::Size:
+            env.DebugTrace("Get file info error while read resource file : %s.\n", qUtf8Printable(path));
+            return PACK_FILE_INFO;
+        case ReadFailure::TooSmall:
+            PACK_LOG_BOTH(env, "\r\n[error] Got invalid file attributes: %s", qUtf8Printable(path));
+            return PACK_IMAGE_SIZE;
+        case ReadFailure::Open:
+            env.DebugTrace("Could not read resource file : %s.\n", qUtf8Printable(path));
+            return PACK_FILE_OPEN;
+        default:
+            return PACK_FILE_READ;
+        }
+    };
+    const auto place = [&](quint64 size) { return context.image.EntryData(entry, size); };
+    return ReadIntoPayload(env, file, {place, fail, convert ? IMAGE_TOO_SMALL : -1});
 }
 
 } // namespace

@@ -16,8 +16,8 @@
 namespace
 {
 
-constexpr size_t COPY_PIECE = size_t(256) << 10; // bytes
-constexpr qsizetype WRITE_PIECE = 4 << 20;       // bytes
+constexpr size_t COPY_PIECE = size_t(64) << 10; // bytes
+constexpr qsizetype WRITE_PIECE = 4 << 20;      // bytes
 constexpr mode_t ALL_BITS = 07777;
 
 QString Reason(int error)

@@ -1,6 +1,7 @@
 #include "PackFiles.h"
 
 #include "Environment.h"
+#include "PackCodes.h"
 #include "Paths.h"
 
 #include <cerrno>
@@ -55,6 +56,23 @@ int FailFile(const Environment &env, const PackFile &file, int code)
                                       : QStringLiteral("it is no regular file");
     env.Explain(QStringLiteral("cannot read %1: %2").arg(QString::fromUtf8(file.host), reason));
     return code;
+}
+
+int ReadIntoPayload(const Environment &env, const PackFile &file, const ReadRequest &request)
+{
+    if (file.size < 0)
+        return request.fail(ReadFailure::Size);
+    if (file.size <= request.tooSmall)
+        return request.fail(ReadFailure::TooSmall);
+    if (!file.file.IsOpen())
+        return FailFile(env, file, request.fail(ReadFailure::Open));
+    char *const place = request.place(quint64(file.size));
+    if (!place)
+        return PACK_MEMORY;
+    if (file.ReadTo(place))
+        return PACK_OK;
+    (void)FailFile(env, file, PACK_FILE_READ); // errno is still that of the reading
+    return request.fail(ReadFailure::Content);
 }
 
 QByteArray AbsoluteHost(const QByteArray &host)

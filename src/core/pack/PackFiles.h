@@ -3,6 +3,7 @@
 #include "HostFiles.h"
 #include "OutputGuard.h"
 
+#include <functional>
 #include <vector>
 
 class Environment;
@@ -45,6 +46,28 @@ private:
     std::vector<QByteArray> *inputs;
     OutputGuard &guard;
 };
+
+/// Why a file couldn't be read into the payload.
+enum class ReadFailure
+{
+    Size, ///< can't be told
+    TooSmall,
+    Open,
+    Content, ///< ends early, or can't be read
+};
+
+/// What reading a file into the payload needs of a phase.
+struct ReadRequest
+{
+    /// The place for so many bytes; null when there is no memory.
+    std::function<char *(quint64 size)> place;
+    /// Writes the phase's line about a failure, and returns its code.
+    std::function<int(ReadFailure)> fail;
+    qint64 tooSmall = -1; ///< bytes; a file of so many, or fewer, is refused
+};
+
+/// Reads a whole file into the payload. 0, PACK_MEMORY, or what `fail` returns; the system's reason is explained.
+[[nodiscard]] int ReadIntoPayload(const Environment &env, const PackFile &file, const ReadRequest &request);
 
 /// Explains why a file couldn't be opened, or not be read to its end right before; `code`.
 int FailFile(const Environment &env, const PackFile &file, int code);

@@ -39,14 +39,16 @@ bool PayloadBuffer::Grow(quint64 needed)
     return true;
 }
 
-void PayloadBuffer::Touch(quint64 end)
+void PayloadBuffer::Touch(quint64 size)
 {
+    const quint64 end = front + used + size;
     if (end <= touched)
         return;
-    // One call for many pages is much cheaper than a fault for each. A system that can't do it has the faults.
+    // One call for many pages is much cheaper than a fault for each. A system that can't do it has the faults. Only
+    // small pieces gain by what is made ready for the next ones.
     constexpr size_t PAGE_MASK = 4095;
     const size_t from = std::max(touched, front) & ~PAGE_MASK;
-    touched = std::min(capacity, size_t(end) + TOUCH_AHEAD) & ~PAGE_MASK;
+    touched = std::min(capacity, size_t(end) + (size < TOUCH_AHEAD ? TOUCH_AHEAD : 0)) & ~PAGE_MASK;
     if (touched > from)
         (void)madvise(memory + from, touched - from, MADV_POPULATE_WRITE);
 }
@@ -55,7 +57,7 @@ char *PayloadBuffer::Append(quint64 size)
 {
     if (size > LARGEST - used || !Grow(front + used + size))
         return nullptr;
-    Touch(front + used + size);
+    Touch(size);
     char *place = At(qint64(used));
     used += size;
     return place;

@@ -33,7 +33,8 @@ public:
 
 private:
     bool Grow(quint64 needed);
-    void Touch(quint64 end);
+    /// Makes the pages of the next `size` bytes ready.
+    void Touch(quint64 size);
 
     char *memory = nullptr;
     size_t capacity = 0;

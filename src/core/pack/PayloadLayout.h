@@ -48,11 +48,6 @@ inline constexpr char BLOCK_NAME[] = "zep-2.0";
 inline constexpr quint32 BLOCK_END_KEY = 0xFFFFFFFF;
 inline constexpr quint32 BLOCK_RECORD = 8; ///< bytes
 
-[[nodiscard]] constexpr quint64 RoundUpTo4(quint64 size)
-{
-    return (size + 3) & ~quint64(3);
-}
-
 /// Sizes of the parts, in bytes.
 struct PayloadLayout
 {

@@ -48,7 +48,7 @@ private:
                 break;
             payload.entries.push_back({name->toByteArray(), *offset, *size, {}});
         }
-        directorySize = (at + 3) & ~quint64(3);
+        directorySize = RoundUpTo4(at);
         return {};
     }
 

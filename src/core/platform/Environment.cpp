@@ -6,8 +6,10 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <charconv>
 #include <cstdarg>
 #include <cstdio>
+#include <iterator>
 #include <string_view>
 #include <unistd.h>
 
@@ -72,8 +74,12 @@ std::string_view StartOf(const Finding &finding, LineStart start, int count, cha
     if (start == LineStart::Fatal)
         return "Fatal error: ";
     const bool isError = finding.severity == Severity::Error && start == LineStart::BySeverity;
-    const int size = std::snprintf(buffer, sizeof buffer, "%s %d: ", isError ? "Error" : "Warning", count);
-    return {buffer, size_t(size)};
+    const std::string_view word = isError ? "Error " : "Warning ";
+    char *const number = std::copy(word.begin(), word.end(), buffer);
+    char *end = std::to_chars(number, std::end(buffer), count).ptr; // snprintf takes a quarter of a line's time
+    *end++ = ':';
+    *end++ = ' ';
+    return {buffer, size_t(end - buffer)};
 }
 
 QString WithoutStop(const QString &sentence)

@@ -5,10 +5,35 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <fcntl.h>
+#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
+
+namespace
+{
+
+/// Compares two files from where they are to their ends, in pieces: a string file has tens of megabytes. False also
+/// when one can't be read.
+bool HaveSameBytes(const FileHandle &a, const FileHandle &b)
+{
+    constexpr size_t PIECE = 64 * 1024;
+    if (a.Size() != b.Size())
+        return false;
+    const auto buffer = std::make_unique<char[]>(2 * PIECE);
+    char *const other = buffer.get() + PIECE;
+    for (;;) {
+        const ssize_t size = a.Read(buffer.get(), PIECE);
+        if (size < 0 || b.Read(other, PIECE) != size || std::memcmp(buffer.get(), other, size_t(size)) != 0)
+            return false;
+        if (size == 0)
+            return true;
+    }
+}
+
+} // namespace
 
 FileReplacement::FileReplacement(FileReplacement &&other) noexcept
     : temporary(std::exchange(other.temporary, {})), old(std::exchange(other.old, {})), target(std::move(other.target)),
@@ -99,10 +124,11 @@ int FileReplacement::WriteAt(const QByteArray &place, QByteArrayView bytes, Left
 
 bool FileReplacement::Replaces() const
 {
-    QByteArray before;
-    QByteArray after;
-    const int error = ReadFile(QString::fromUtf8(target), before);
-    return error == 0 ? ReadFile(QString::fromUtf8(temporary), after) != 0 || before != after : error != ENOENT;
+    const FileHandle before = FileHandle::OpenRead(QString::fromUtf8(target));
+    if (!before.IsOpen())
+        return errno != ENOENT;
+    const FileHandle after = FileHandle::OpenRead(QString::fromUtf8(temporary));
+    return !after.IsOpen() || !HaveSameBytes(before, after);
 }
 
 int FileReplacement::PutInPlace()

@@ -12,17 +12,27 @@ bool IsAsciiWordChar(QChar c)
     return c == u'_' || (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
 }
 
+bool IsValid(auto text)
+{
+    if (text.isEmpty() || text.size() > MAX_ID_NAME || (text[0] >= u'0' && text[0] <= u'9'))
+        return false;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (!IsAsciiWordChar(text[i]))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 bool IsValidIdName(QStringView text)
 {
-    if (text.isEmpty() || text.size() > MAX_ID_NAME || (text[0] >= u'0' && text[0] <= u'9'))
-        return false;
-    for (const QChar c : text) {
-        if (!IsAsciiWordChar(c))
-            return false;
-    }
-    return true;
+    return IsValid(text);
+}
+
+bool IsValidIdName(QByteArrayView utf8)
+{
+    return IsValid(QLatin1StringView(utf8)); // a byte of another character is none of the allowed ones either
 }
 
 bool MakeIdSafe(QString &text)

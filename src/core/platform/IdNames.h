@@ -7,6 +7,7 @@ inline constexpr int MAX_ID_NAME = 64;
 
 /// True for 1 to 64 characters, none above 255, each a letter or digit or "_", the first no digit.
 [[nodiscard]] bool IsValidIdName(QStringView text);
+[[nodiscard]] bool IsValidIdName(QByteArrayView utf8);
 
 /// Replaces each character that isn't an ASCII letter, digit or "_" by "_". True when at least one was left standing.
 bool MakeIdSafe(QString &text);

@@ -37,6 +37,26 @@ public:
         std::function<void(Arguments...)> told;
     };
 
+    /// As long as it is there, it alone receives the events, and the listeners miss them. The notifier must live
+    /// longer.
+    class Diversion
+    {
+    public:
+        Diversion(Notifier &from, std::function<void(Arguments...)> function)
+            : notifier(from), told(std::move(function)), outer(std::exchange(from.diversion, this))
+        {
+        }
+        ~Diversion() { notifier.diversion = outer; }
+        Diversion(const Diversion &) = delete;
+        Diversion &operator=(const Diversion &) = delete;
+
+    private:
+        friend class Notifier;
+        Notifier &notifier;
+        std::function<void(Arguments...)> told;
+        Diversion *outer; // what it takes the events from; null for the listeners
+    };
+
     Notifier() = default;
     ~Notifier()
     {
@@ -48,11 +68,14 @@ public:
     Notifier(const Notifier &) = delete;
     Notifier &operator=(const Notifier &) = delete;
 
-    [[nodiscard]] bool IsEmpty() const { return listeners.empty(); }
+    /// Says whether nobody would receive an event.
+    [[nodiscard]] bool IsEmpty() const { return !diversion && listeners.empty(); }
 
     /// A listener that is made during a call receives the next event first.
     void Tell(Arguments... arguments)
     {
+        if (diversion)
+            return diversion->told(arguments...);
         if (listeners.empty())
             return;
         ++depth;
@@ -75,5 +98,6 @@ private:
     }
 
     std::vector<Listener *> listeners;
+    Diversion *diversion = nullptr;
     int depth = 0; // of Tell in Tell
 };

@@ -25,6 +25,22 @@ using NarrowText = QByteArray;
 /// How a message that quotes a text shows it: whole, or its first 60 characters and "...".
 [[nodiscard]] QString Cut(QStringView text);
 
+/// A text (UTF-8) in double quotes, with a "\" in front of each double quote and "\"; `escape(to, c)` appends what
+/// stands for a control character.
+template <typename Escape> [[nodiscard]] QByteArray Quoted(const QByteArray &utf8, const Escape &escape)
+{
+    QByteArray quoted = "\"";
+    for (const char c : utf8) {
+        if (c == '"' || c == '\\')
+            (quoted += '\\') += c;
+        else if (quint8(c) < ' ' || c == '\x7F')
+            escape(quoted, c);
+        else
+            quoted += c;
+    }
+    return quoted + '"';
+}
+
 /// Conversion between wide text and the code page that stands for the ANSI one.
 ///
 /// UTF-8 unless another is named. A character that the code page lacks becomes "?"; bytes that are no text of the code

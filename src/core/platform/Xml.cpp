@@ -63,7 +63,9 @@ private:
     bool Tag()
     {
         const QByteArrayView rest(at, end - at);
-        if (rest.startsWith("<!--")) {
+        if (rest.size() > 1 && BeginsName(rest[1])) { // most are such
+            return StartTag();
+        } else if (rest.startsWith("<!--")) {
             Skip(4, "-->");
         } else if (rest.startsWith("<![CDATA[")) {
             Skip(9, "]]>");
@@ -74,10 +76,8 @@ private:
         } else if (rest.startsWith("</")) {
             depth -= depth > 0;
             Skip(2, ">");
-        } else if (rest.size() < 2 || !BeginsName(rest[1])) {
-            Skip(1, ">");
         } else {
-            return StartTag();
+            Skip(1, ">");
         }
         return true;
     }
@@ -222,9 +222,12 @@ int RowOf(const TiXmlElement &element)
 
 NarrowText FromXml(const Environment &env, const char *text)
 {
-    if (!text)
-        return {};
-    return env.codePage.IsUtf8() ? NarrowText(text) : env.WideToNarrow(QString::fromUtf8(text));
+    return text ? FromXml(env, QByteArray(text)) : NarrowText();
+}
+
+NarrowText FromXml(const Environment &env, const QByteArray &text)
+{
+    return env.codePage.IsUtf8() ? text : env.WideToNarrow(QString::fromUtf8(text));
 }
 
 namespace
@@ -234,6 +237,8 @@ namespace
 /// those that follow, whatever they are: the "<" of the end tag too.
 bool ComesBackWhole(const QByteArray &text)
 {
+    if (text.isValidUtf8()) // most are, and this is quick
+        return true;
     for (qsizetype i = 0; i < text.size(); ++i) {
         const auto first = quint8(text[i]);
         const int more = first < 0xC2 || first > 0xF4 ? 0 : first < 0xE0 ? 1 : first < 0xF0 ? 2 : 3;

@@ -16,9 +16,27 @@ class Environment;
 /// The row in which an element of a document that was read begins, from 1. The parser's own count is switched off.
 [[nodiscard]] int RowOf(const TiXmlElement &element);
 
+/// Calls `function(element)` for each element in an element, in order, and `other(node)` for what is neither that nor a
+/// comment.
+template <typename Function, typename Other>
+void ForEachChild(const TiXmlElement &parent, Function &&function, Other &&other)
+{
+    for (const TiXmlNode *node = parent.FirstChild(); node; node = node->NextSibling()) {
+        if (const TiXmlElement *const element = node->ToElement())
+            function(*element);
+        else if (!node->ToComment())
+            other(*node);
+    }
+}
+template <typename Function> void ForEachChild(const TiXmlElement &parent, Function &&function)
+{
+    ForEachChild(parent, function, [](const TiXmlNode &) {});
+}
+
 /// Text of the document (UTF-8) in the ANSI code page, and back. Bytes that are no UTF-8 stay as they are where the
 /// parser would read them as such, and become U+FFFD where it wouldn't.
 [[nodiscard]] NarrowText FromXml(const Environment &env, const char *text);
+[[nodiscard]] NarrowText FromXml(const Environment &env, const QByteArray &text);
 [[nodiscard]] QByteArray ToXml(const Environment &env, const NarrowText &text);
 
 /// Says whether a text of the document (UTF-8) is the same again after `FromXml` and `ToXml`. False for one that the

@@ -3,6 +3,7 @@
 #include "CatalogueFile.h"
 #include "Environment.h"
 #include "FileClassifier.h"
+#include "FileFilter.h"
 #include "HostFiles.h"
 #include "IDGen.h"
 #include "LayoutExport.h"
@@ -10,6 +11,7 @@
 #include "Paths.h"
 #include "ProjectConfig.h"
 #include "ProjectContext.h"
+#include "ProjectFolders.h"
 #include "ProjectLayouts.h"
 #include "ProjectLock.h"
 #include "ProjectSave.h"
@@ -24,22 +26,6 @@ constexpr int CAUSE_BAD_DOCUMENT = 7;
 constexpr int OLDEST_VERSION = 20;
 
 } // namespace
-
-void CResSpy::NodeChanged(CResNode *)
-{
-    if (doc)
-        doc->SetModifiedFlag(true);
-}
-
-void CResSpy::NodeRemoved(CResNode *node)
-{
-    NodeChanged(node);
-}
-
-void CResSpy::NodeAdded(CResNode *node)
-{
-    NodeChanged(node);
-}
 
 CResDoc::CResDoc(Environment &process, ProcessTables &processTables, const CFrameServices &frameServices)
     : ProjectEnvironment{Environment(process)}, CResModel(ownEnv, processTables), services(frameServices)
@@ -58,10 +44,9 @@ CResDoc::~CResDoc()
 
 void CResDoc::LoadClasses()
 {
-    QString file = env.settings.String("Layout", "catalogue");
+    const QString file = CataloguePath(env);
     if (file.isEmpty())
         return;
-    MakeAbsolute(file, env.ProgramDir());
     std::shared_ptr<ClassCatalogue> &known = tables.catalogues[file];
     if (!known)
         known = std::make_shared<ClassCatalogue>();
@@ -97,30 +82,7 @@ bool CResDoc::BuildFolderTree(const QString &path)
         env.Explain(QStringLiteral("The project's configuration %1: %2").arg(problem, config.file));
         return false;
     }
-    const int own = tables.resolutions.IndexOf(config.width, config.height);
-
-    const auto add = [this](CResFolder &parent, quint32 kind, qint32 index, const QString &title) -> CResFolder & {
-        std::unique_ptr<CResFolder> folder = CreateFolder(kind, index);
-        folder->title = title;
-        CResFolder &added = *folder;
-        parent.AddFolder(std::move(folder));
-        return added;
-    };
-    CResFolder &files = add(root, KIND_FILES, -1, QStringLiteral("Files"));
-    add(files, KIND_AUDIO, -1, QStringLiteral("Audio"));
-    add(files, KIND_VIDEO, -1, QStringLiteral("Video"));
-    add(files, KIND_BINARY, -1, QStringLiteral("Binary"));
-    const auto addByResolution = [&](quint32 kind, const QString &title) {
-        CResFolder &all = add(root, kind, -1, title);
-        kind |= KIND_FLAG_RESO;
-        for (int i = 0; i < tables.resolutions.Count(); ++i)
-            add(all, i == own ? kind : kind | KIND_FLAG_OFF, i, env.NarrowToWide(tables.resolutions.At(i).name));
-        add(all, kind, -1, QStringLiteral("Default"));
-    };
-    addByResolution(KIND_IMAGES, QStringLiteral("Images"));
-    if (env.settings.Int("Layout", "folders", 0) != 0)
-        addByResolution(KIND_LAYOUTS, QStringLiteral("Layouts"));
-    add(root, KIND_STRINGS, -1, QStringLiteral("Strings"));
+    MakeProjectFolders(*this, tables.resolutions.IndexOf(config.width, config.height));
     return true;
 }
 
@@ -132,10 +94,48 @@ void CResDoc::Serialize(bool loading)
     env.ResetCounts();
     if (!RecoverProjectFiles(env, m_strPathName))
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
-    Load();
+    LoadOneState();
     name = FileTitle(m_strPathName);
     spy.doc = this;
     tables.projectPath = m_strPathName;
+}
+
+void CResDoc::LoadOneState()
+{
+    constexpr int MOST_LOADS = 5;
+    for (int loads = 1;; ++loads) {
+        bool isLoaded = true;
+        try {
+            Load();
+        } catch (const ArchiveException &) {
+            isLoaded = false;
+        }
+        // A save that is between its renames has its journal there.
+        const bool isAtRest = !HasJournal(env, m_strPathName) || RecoverProjectFiles(env, m_strPathName);
+        const QString changed = stamps.Since().files.join(QStringLiteral(", "));
+        if (isAtRest && isLoaded && changed.isEmpty())
+            return;
+        if (!isAtRest || changed.isEmpty())
+            throw ArchiveException{CAUSE_BAD_DOCUMENT};
+        if (loads == MOST_LOADS) {
+            env.ExplainFailure(QStringLiteral("another program changes %1 again and again while the project is read; "
+                                              "try again when it has come to its end")
+                                   .arg(changed));
+            throw ArchiveException{CAUSE_BAD_DOCUMENT};
+        }
+        env.Explain(
+            QStringLiteral("Another program has changed %1 while it was read; the project is read again").arg(changed));
+        EmptyTree();
+        env.ResetCounts();
+    }
+}
+
+void CResDoc::EmptyTree()
+{
+    ClearFolder(root);
+    untouchedLayouts.clear();
+    leftOutLayouts.clear();
+    watches.UnwatchLayouts();
 }
 
 void CResDoc::Load()
@@ -293,45 +293,9 @@ QStringList CResDoc::ProjectFiles()
 
 void CResDoc::WatchFile(const QString &path, WatchClass watchClass)
 {
-    UnwatchFile(path, watchClass);
+    watches.Watch(path, watchClass);
     if (watchClass == WATCH_STRINGS)
         refPath = path;
-    if (!services.watch)
-        return;
-    const quint32 handle = services.watch->AddFile(QString::fromUtf8(HostPath(path)), this);
-    ReloadFlags *const flags = services.reloadFlags;
-    qint32 *fileFlag = nullptr;
-    switch (watchClass) {
-    case WATCH_RESOURCES:
-        resWatch = handle;
-        fileFlag = flags ? &flags->resources : nullptr;
-        break;
-    case WATCH_STRINGS:
-        refWatch = handle;
-        fileFlag = flags ? &flags->strings : nullptr;
-        break;
-    case WATCH_LAYOUT:
-        layoutWatches[path] = handle;
-        fileFlag = flags ? &flags->layouts[path] : nullptr;
-        break;
-    }
-    if (handle)
-        services.watch->SetAutoReloadFlags(handle, fileFlag, nullptr);
-}
-
-void CResDoc::UnwatchFile(const QString &path, WatchClass watchClass)
-{
-    quint32 handle = 0;
-    if (watchClass == WATCH_RESOURCES) {
-        handle = std::exchange(resWatch, 0);
-    } else if (watchClass == WATCH_STRINGS) {
-        handle = std::exchange(refWatch, 0);
-    } else if (const auto known = layoutWatches.find(path); known != layoutWatches.end()) {
-        handle = known->second;
-        layoutWatches.erase(known);
-    }
-    if (handle && services.watch)
-        services.watch->RemoveFile(handle);
 }
 
 void CResDoc::OnWatchedFileChanged(quint32 handle)
@@ -343,30 +307,23 @@ void CResDoc::OnWatchedFileChanged(quint32 handle)
     findings.Clear();
     if (!SetCurrentFolder(DirectoryOf(m_strPathName)))
         return; // the file went with its folder: there is nothing to load
-    if (handle == resWatch) {
+    const std::optional<ProjectWatches::Watched> watched = watches.Find(handle);
+    if (!watched)
+        return;
+    if (watched->watchClass == WATCH_RESOURCES)
         ReloadResources();
-    } else if (handle == refWatch) {
+    else if (watched->watchClass == WATCH_STRINGS)
         ReloadStrings();
-    } else {
-        for (const auto &[path, watch] : layoutWatches) {
-            if (watch == handle) {
-                ReloadLayouts(QString(path)); // the entry may go meanwhile
-                break;
-            }
-        }
-    }
+    else
+        ReloadLayouts(watched->layout);
 }
 
 void CResDoc::ReloadResources()
 {
     treeLost = true;
-    ClearFolder(root);
-    untouchedLayouts.clear();
-    leftOutLayouts.clear();
-    while (!layoutWatches.empty())
-        UnwatchFile(QString(layoutWatches.begin()->first), WATCH_LAYOUT);
+    EmptyTree();
     try {
-        Load();
+        LoadOneState();
         treeLost = false;
     } catch (const ArchiveException &) {
         UpdateAllViews(nullptr); // of what the failure has left
@@ -397,35 +354,14 @@ void CResDoc::ReloadStrings()
 
 void CResDoc::ChooseFiles(quint32 mask, bool multiSelect, const QString &initialName, QStringList &results)
 {
-    struct Entry
-    {
-        quint32 bit;
-        const char *name;
-        const char *key;
-    };
-    static constexpr Entry ENTRIES[] = {
-        {KIND_IMAGES, "Image Files", "image"},
-        {KIND_AUDIO, "Audio Files", "audio"},
-        {KIND_VIDEO, "Video Files", "video"},
-    };
     constexpr qsizetype NAME_BUFFER = 2048;
-
-    QString filter;
-    int count = 0;
-    for (const Entry &entry : ENTRIES) {
-        if (!(mask & entry.bit))
-            continue;
-        const QString patterns = FilePatterns(entry.key);
-        filter +=
-            QStringLiteral("%1%2 (%3)|%3").arg(QLatin1String(count++ ? "|" : ""), QLatin1String(entry.name), patterns);
-    }
-    if (mask & KIND_BINARY)
-        filter += QStringLiteral("%1All Files (*.*)|*.*").arg(QLatin1String(count++ ? "|" : ""));
-    if (count == 0 || !services.user)
+    const FileFilter filter = FileFilterOf(*this, mask);
+    if (filter.count == 0 || !services.user)
         return;
     const bool isPrefilled = !initialName.isEmpty() && initialName.size() < NAME_BUFFER;
     const QString prefilled = isPrefilled ? ResolvePath(initialName, DirectoryOf(m_strPathName)) : QString();
-    for (QString path : services.user->OpenFileDialog(filter + QStringLiteral("||"), count, multiSelect, prefilled)) {
+    for (QString path :
+         services.user->OpenFileDialog(filter.text + QStringLiteral("||"), filter.count, multiSelect, prefilled)) {
         path.replace(QStringLiteral(":\\\\"), QStringLiteral(":\\"));
         results.append(path);
     }

@@ -1,43 +1,17 @@
 #pragma once
 
+#include "CResSpy.h"
 #include "Document.h"
 #include "Environment.h"
 #include "FileStamps.h"
-#include "FileWatch.h"
 #include "FolderSelection.h"
 #include "KeepOnSave.h"
+#include "ProjectWatches.h"
 #include "ResModel.h"
-#include "UserInterface.h"
 
 #include <QByteArrayList>
 
 #include <map>
-
-class CResDoc;
-
-/// Watches every node of a document and marks it modified. Linked to the document only once it is loaded, so that
-/// reading leaves it clean.
-class CResSpy : public IEspia
-{
-public:
-    CResDoc *doc = nullptr;
-    void NodeChanged(CResNode *node) override;
-    void NodeRemoved(CResNode *node) override;
-    void NodeAdded(CResNode *node) override;
-};
-
-/// What the documents of a process are handed by their frame. All of it outlives the documents.
-struct CFrameServices
-{
-    /// The command of the channel that is running for a document's path; 0 when none is.
-    std::function<quint32(const QString &docPath)> GetCommandID;
-    IUserInterface *user = nullptr;      ///< message boxes and file dialogs; null without a window
-    IFileChangeMonitor *watch = nullptr; ///< null where nobody watches files
-    ReloadFlags *reloadFlags = nullptr;  ///< null where nobody watches files
-    /// Told what the user of an open document has to know although nothing failed, such as where the files are that a
-    /// save replaced; may be empty. The window shows it in a bar of the document's window.
-    std::function<void(const CResDoc &doc, const QString &text)> Notify;
-};
 
 /// What a document's model needs before it is made.
 struct ProjectEnvironment
@@ -81,14 +55,8 @@ public:
     /// Makes the fixed folders of a project. False when its configuration is missing or too old.
     bool BuildFolderTree(const QString &path);
 
-    enum WatchClass
-    {
-        WATCH_RESOURCES = 0,
-        WATCH_STRINGS = 1,
-        WATCH_LAYOUT = 2,
-    };
     void WatchFile(const QString &path, WatchClass watchClass);
-    void UnwatchFile(const QString &path, WatchClass watchClass);
+    void UnwatchFile(const QString &path, WatchClass watchClass) { watches.Unwatch(path, watchClass); }
     /// Loads again what a watched file holds. Throws ArchiveException when that fails.
     void OnWatchedFileChanged(quint32 handle);
 
@@ -143,7 +111,11 @@ public:
 private:
     [[nodiscard]] SaveResult SaveAll(const QString &path);
     [[nodiscard]] SaveResult RefuseSave(const QString &path);
+    /// Loads the project again as long as other programs change it meanwhile: what is loaded is of one save. Throws
+    /// ArchiveException when it doesn't load, or after five times.
+    void LoadOneState();
     void Load();
+    void EmptyTree();
     void KeepWhatIsLeftOut();
     /// What came of loading the project into another document.
     struct Attempt
@@ -151,6 +123,7 @@ private:
         bool isLoaded = false;
         int losses = 0; ///< errors, and what was left out
         QString report;
+        std::vector<Finding> findings; ///< which the listeners haven't received
         QStringList explained;
     };
     [[nodiscard]] Attempt TryToLoad() const;
@@ -170,8 +143,6 @@ private:
     KeepOnSave keepOnSave;
     CResSpy spy;
     const CFrameServices &services;
-    quint32 resWatch = 0;
-    quint32 refWatch = 0;
+    ProjectWatches watches{services, *this};
     QString refPath; // of the string file that was read or written last
-    std::map<QString, quint32> layoutWatches;
 };

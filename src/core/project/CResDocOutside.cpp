@@ -20,6 +20,8 @@ CResDoc::Attempt CResDoc::TryToLoad() const
             env.explain = explain;
             env.ResetCounts();
         });
+    const Notifier<const Finding &>::Diversion found(
+        env.found, [&attempt](const Finding &finding) { attempt.findings.push_back(finding); });
     env.output = [&](QStringView text) { attempt.report += text; };
     env.explain = [&](const QString &text) { attempt.explained.append(text); };
     try {
@@ -74,6 +76,8 @@ CResDoc::Outside CResDoc::CompareFiles()
     if (unreadable) {
         if (env.output)
             env.output(attempt.report);
+        for (const Finding &finding : attempt.findings)
+            env.Note(finding);
         for (const QString &text : attempt.explained)
             env.Explain(text);
         env.Explain(files.isEmpty()

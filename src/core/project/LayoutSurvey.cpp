@@ -9,7 +9,8 @@
 namespace
 {
 
-QString HostForm(const NarrowText &path, const Environment &env)
+/// A path of the list of resources, in the host's form.
+QString Listed(const NarrowText &path, const Environment &env)
 {
     return env.NarrowToWide(path).replace(u'\\', u'/');
 }
@@ -30,14 +31,6 @@ QString SizeOf(const CResFolder &folder, const CResDoc &doc)
         return QStringLiteral("Default");
     const CResoEntry &entry = doc.tables.resolutions.At(folder.index);
     return QStringLiteral("%1x%2").arg(entry.width).arg(entry.height);
-}
-
-QString CatalogueOf(const CResDoc &doc)
-{
-    QString file = doc.env.settings.String("Layout", "catalogue");
-    if (!file.isEmpty())
-        MakeAbsolute(file, doc.env.ProgramDir());
-    return file;
 }
 
 } // namespace
@@ -64,42 +57,40 @@ std::vector<ListedLayout> ListLayouts(const CResDoc &doc)
         for (const auto &own : resolution.subfolders) {
             for (const CBaseRes *res : own->resources) {
                 const auto *const layout = static_cast<const CLayoutRes *>(res);
-                layouts.push_back({size, HostForm(layout->File()->path, doc.env), &layout->Layout()});
+                layouts.push_back({size, Listed(layout->File()->path, doc.env), &layout->Layout()});
             }
         }
     });
     return layouts;
 }
 
-bool NamesCatalogue(const CResDoc &doc)
+std::vector<CheckedLayoutFile> CheckLayoutsOf(const CResDoc &doc)
 {
-    return !CatalogueOf(doc).isEmpty();
-}
-
-std::vector<ProjectLayoutFinding> CheckLayoutsOf(const CResDoc &doc)
-{
-    std::vector<ProjectLayoutFinding> findings;
-    if (!doc.classes->loaded && NamesCatalogue(doc)) {
+    std::vector<CheckedLayoutFile> checked;
+    const auto add = [&checked](const QString &listed, std::vector<Finding> findings) {
+        if (!findings.empty())
+            checked.push_back({listed, std::move(findings)});
+    };
+    if (const QString path = CataloguePath(doc.env); !doc.classes->loaded && !path.isEmpty()) {
         ClassCatalogue catalogue;
         std::vector<Finding> errors;
-        (void)LoadCatalogue(doc.env, CatalogueOf(doc), catalogue, errors);
-        for (const QString &error : CatalogueErrors(errors))
-            findings.push_back({{}, 0, error});
+        (void)LoadCatalogue(doc.env, path, catalogue, errors);
+        add({}, std::move(errors));
     }
     // A look-up changes nothing in the pool.
     IDPool &ids = const_cast<IDPool &>(doc.ids);
     ForEachResolution(doc, [&](const CResFolder &resolution) {
         const auto untouched = doc.untouchedLayouts.find(resolution.index);
         QByteArrayList files = untouched == doc.untouchedLayouts.end() ? QByteArrayList() : untouched->second;
-        if (const LayoutFileRef file = LayoutFileOf(resolution); file && !files.contains(file->path))
-            files.prepend(file->path);
+        const LayoutFileRef loaded = LayoutFileOf(resolution);
+        if (loaded && !loaded->path.isEmpty() && !files.contains(loaded->path))
+            files.prepend(loaded->path);
         const auto find = [&](const NarrowText &id) { return ReferenceKindOf(ids, id, qint16(resolution.index)); };
         for (const NarrowText &file : files) {
             QString path = doc.env.NarrowToWide(file);
             MakeAbsolute(path, DirectoryOf(doc.PathName()));
-            for (const Finding &found : CheckLayoutFile(doc.env, path, *doc.classes, find))
-                findings.push_back({HostForm(file, doc.env), found.line, found.text});
+            add(Listed(file, doc.env), CheckLayoutFile(doc.env, path, *doc.classes, find));
         }
     });
-    return findings;
+    return checked;
 }

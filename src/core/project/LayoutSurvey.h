@@ -12,17 +12,14 @@ class IDPool;
 /// The layouts of a project that were loaded, by resolution, in the order of their files.
 [[nodiscard]] std::vector<ListedLayout> ListLayouts(const CResDoc &doc);
 
-/// A fault of a project's layouts.
-struct ProjectLayoutFinding
+/// What is wrong in one file of a project's layouts.
+struct CheckedLayoutFile
 {
-    QString file; ///< as the list of resources has it, in the host's form; empty for the catalogue
-    int line = 0; ///< 0 for the file as a whole
-    QString text;
+    QString listed; ///< the file as the list of resources has it, in the host's form; empty for the catalogue
+    std::vector<Finding> findings;
 };
 
 /// Compares all layout files of a project, also those that weren't loaded, with its catalogue and its IDs
-/// (CheckLayoutFile). When the settings name a catalogue that isn't there or is wrong, that is told first.
-[[nodiscard]] std::vector<ProjectLayoutFinding> CheckLayoutsOf(const CResDoc &doc);
-
-/// Says whether the settings name a catalogue, with which classes, properties and values are checked.
-[[nodiscard]] bool NamesCatalogue(const CResDoc &doc);
+/// (CheckLayoutFile). When the settings name a catalogue that isn't there or is wrong, that comes first. Only files
+/// with findings.
+[[nodiscard]] std::vector<CheckedLayoutFile> CheckLayoutsOf(const CResDoc &doc);

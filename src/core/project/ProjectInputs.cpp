@@ -1,6 +1,7 @@
 #include "ProjectInputs.h"
 
 #include "CResDoc.h"
+#include "CatalogueFile.h"
 #include "Environment.h"
 #include "HostFiles.h"
 #include "Paths.h"
@@ -12,12 +13,9 @@ QStringList ProjectInputs(CResDoc &doc)
     const Environment &env = doc.env;
     QStringList inputs = doc.ProjectFiles();
     inputs += env.SettingsFiles();
-    const auto addInProgramDir = [&](const char *section, const char *key) {
-        if (const QString file = env.settings.String(section, key); !file.isEmpty())
-            inputs.append(ResolvePath(file, env.ProgramDir()));
-    };
-    addInProgramDir("Path", "reso_set");
-    addInProgramDir("Layout", "catalogue");
-    inputs.removeIf([](const QString &file) { return !PathExists(file); });
+    if (const QString sizes = env.settings.String("Path", "reso_set"); !sizes.isEmpty())
+        inputs.append(ResolvePath(sizes, env.ProgramDir()));
+    inputs.append(CataloguePath(env));
+    inputs.removeIf([](const QString &file) { return file.isEmpty() || !PathExists(file); });
     return inputs;
 }

@@ -179,12 +179,13 @@ void CResDoc::ReloadLayouts(const QString &path)
 {
     if (treeLost)
         return ReloadResources();
-    const CResFolder *selected = selection ? selection->SelectedFolder() : nullptr;
-    const QString title = selected && selected->kind == KIND_LAYOUT ? selected->title : QString();
     const LayoutEntry entry = FindLayoutEntry(m_strPathName, path, *this);
     CResFolder *const folder = root.FindFolder(KIND_RESO_LAYOUTS, entry.resolution, 2);
     if (!folder)
         return;
+    const CResFolder *selected = selection ? selection->SelectedFolder() : nullptr;
+    const bool isInFolder = selected && selected->kind == KIND_LAYOUT && selected->index == folder->index;
+    const QString title = isInFolder ? selected->title : QString(); // which goes with the folder's content
     ClearFolder(*folder);
     const QByteArrayList untouched = std::exchange(untouchedLayouts[folder->index], {});
     (void)SetCurrentFolder(DirectoryOf(m_strPathName)); // which could be entered before

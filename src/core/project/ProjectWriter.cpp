@@ -163,7 +163,7 @@ private:
         TiXmlElement element("LAYOUT");
         Put(element, ToXml(env, path));
         (void)SetCurrentFolder(context.dir); // which could be entered before
-        doc.UnwatchFile(absolute, CResDoc::WATCH_LAYOUT);
+        doc.UnwatchFile(absolute, WATCH_LAYOUT);
         // A list made by hand may name one file for two resolutions: the second would replace the first.
         const bool isTaken = std::any_of(writtenLayouts.begin(), writtenLayouts.end(),
                                          [&](const auto &other) { return IsSamePath(other.absolute, absolute); });
@@ -205,7 +205,7 @@ private:
         Put(element, path.toUtf8());
         (void)SetCurrentFolder(context.dir); // which could be entered before
         writtenStrings = context.Absolute(path);
-        doc.UnwatchFile(writtenStrings, CResDoc::WATCH_STRINGS);
+        doc.UnwatchFile(writtenStrings, WATCH_STRINGS);
         const int code = WriteStringFile(path, doc);
         if (code != 0)
             writtenStrings.clear();
@@ -263,7 +263,7 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
         env.EndReport(context.name, "save");
         return CANNOT_WRITE;
     }
-    doc.UnwatchFile(absolute, CResDoc::WATCH_RESOURCES);
+    doc.UnwatchFile(absolute, WATCH_RESOURCES);
     CondenseWhiteSpace(false);
     ProjectWriter writer(context);
     int code = writer.WriteAll();
@@ -286,20 +286,20 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
         ReportRefused(env, *refused);
     }
     if (!writer.writtenStrings.isEmpty())
-        doc.WatchFile(writer.writtenStrings, CResDoc::WATCH_STRINGS);
+        doc.WatchFile(writer.writtenStrings, WATCH_STRINGS);
     for (const auto &layouts : writer.writtenLayouts) {
         if (code == 0)
             layouts.file->path = layouts.path;
         if (!layouts.file->path.isEmpty())
-            doc.WatchFile(layouts.absolute, CResDoc::WATCH_LAYOUT);
+            doc.WatchFile(layouts.absolute, WATCH_LAYOUT);
     }
     // Only now that the list on disk no longer names it, so that a failed save loses nothing.
     for (const QString &obsolete : code == 0 ? writer.obsolete : QStringList()) {
-        doc.UnwatchFile(obsolete, CResDoc::WATCH_LAYOUT);
+        doc.UnwatchFile(obsolete, WATCH_LAYOUT);
         MoveToRecycleBin(obsolete);
         doc.NoteFile(obsolete);
     }
     env.EndReport(context.name, "save");
-    doc.WatchFile(absolute, CResDoc::WATCH_RESOURCES);
+    doc.WatchFile(absolute, WATCH_RESOURCES);
     return code;
 }

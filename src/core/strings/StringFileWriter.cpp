@@ -32,6 +32,7 @@ private:
     using Cells = std::vector<const QString *>;
     void PutHeader();
     [[nodiscard]] bool PutRows();
+    void ReserveFor(size_t done, size_t rows);
     void CollectRow(CStringRes *head);
     void Put(QStringView first, QStringView second) { out.append(first).append(second); }
 
@@ -97,8 +98,18 @@ void StringFileText::CollectRow(CStringRes *head)
         take(cell);
 }
 
+/// Makes room for all rows at once, by the size of the first ones. A text that has to grow is moved, and its memory is
+/// needed nearly twice; room that isn't written to takes none.
+void StringFileText::ReserveFor(size_t done, size_t rows)
+{
+    const qsizetype size = out.size() / qsizetype(done) * qsizetype(rows + rows / 8);
+    out.reserve(std::min(size, MAX_CHARS));
+}
+
 bool StringFileText::PutRows()
 {
+    constexpr size_t SAMPLE = 1000; // rows
+    size_t done = 0;
     for (CBaseRes *res : folders.front()->resources) {
         CollectRow(static_cast<CStringRes *>(res));
         Put(document.env.NarrowToWide(res->Id()->name), u"\t");
@@ -108,6 +119,8 @@ bool StringFileText::PutRows()
         Put(LINE_END, {});
         if (out.size() > MAX_CHARS)
             return false;
+        if (++done == SAMPLE)
+            ReserveFor(done, folders.front()->resources.Count());
     }
     Put(END_WORD, u"\t");
     Put(QString::number(folders.front()->resources.Count()), LINE_END);

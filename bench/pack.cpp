@@ -1,0 +1,41 @@
+// Phases of a pack, whatever their number of parts.
+
+#include "BenchModel.h"
+#include "Phases.h"
+
+#include <benchmark/benchmark.h>
+
+namespace
+{
+
+/// The strings of so many languages, one each. The time for one language must not grow with their number.
+void LanguagesOfAPack(benchmark::State &state)
+{
+    constexpr qint64 NUMBERS = 65535; // that a language can have
+    StringsWorld world;
+    CResFolder &strings = *world.model.root.FindFolder(KIND_STRINGS, 2);
+    for (qint64 n = -1; n < state.range(0); ++n) { // the first column has descriptions
+        strings.AddFolder(world.model.CreateFolder(KIND_LANGUAGE, qint32(n % NUMBERS)));
+        auto string = std::make_unique<CStringRes>();
+        IDRecord *const record = world.model.ids.Allocate("ID_" + QByteArray::number(n + 1), ANY_RESOLUTION);
+        string->SetId(record);
+        record->Release();
+        string->text = QStringLiteral("The weather will be sunny");
+        strings.subfolders.back()->AddResource(std::move(string));
+    }
+    PayloadBuffer memory;
+    OutputGuard guard({});
+    PackFiles files(nullptr, guard);
+    ScratchFolder scratch({});
+    const packinfo info;
+    for (auto _ : state) {
+        PackImage image(memory, EntryPadding::None);
+        PackContext context{world.model, info, image, files, scratch, {}};
+        if (ConstructLanguages(context) != PACK_OK || qint64(image.items.size()) != state.range(0))
+            std::abort();
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(LanguagesOfAPack)->Arg(1000)->Arg(80000)->Unit(benchmark::kMillisecond);
+
+} // namespace

@@ -1,0 +1,7 @@
+#pragma once
+
+class CResModel;
+
+/// Makes the fixed folders of a project in an empty tree. `ownResolution` is the index of the project's own screen
+/// size, the only one that is in use at first; below 0 when the list of sizes lacks it.
+void MakeProjectFolders(CResModel &model, int ownResolution);

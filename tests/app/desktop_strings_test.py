@@ -1,0 +1,118 @@
+#!/usr/bin/env python3
+"""A day with the strings, on a screen with a window manager and with another program's clipboard: edits cells by the
+keyboard, sorts, finds, pastes, takes back, saves, and comes back to the same texts, order and widths.
+
+usage: desktop_strings_test.py MORVANITE SAMPLE_PROJECT_FOLDER
+"""
+
+import re
+import subprocess
+import unittest
+
+from desktop_test import OnScreen, until
+
+ENGLISH, RUSSIAN, HINDI = 3, 4, 7
+FROST = 'पाले की चेतावनी'
+
+
+class Strings(OnScreen):
+    def press(self, *keys):
+        """In one go: the program gets them in this order, however late."""
+        self.xdotool('key', '--delay', 20, *keys)
+
+    def copied(self):
+        done = subprocess.run(['xclip', '-o', '-selection', 'clipboard'], env=self.env, capture_output=True, timeout=20)
+        return done.stdout.decode()
+
+    def copy(self, text):
+        """Puts a text on the clipboard, as another program does."""
+        subprocess.run(['xclip', '-i', '-selection', 'clipboard'], env=self.env, input=text.encode(), check=True,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=20)
+
+    def what_is_copied_by(self, *keys):
+        self.copy('nothing yet')
+        self.press(*keys)
+        until(lambda: self.copied() not in ('', 'nothing yet'))  # '': the program has only just taken it
+        return self.copied()
+
+    def rows(self):
+        """The rows that the grid shows, in its order, without the titles. It must have the keys."""
+        return [line.split('\t') for line in self.what_is_copied_by('ctrl+a', 'ctrl+shift+c').split('\n')[1:] if line]
+
+    def texts(self):
+        return {row[0]: row for row in self.rows()}
+
+    def until_active(self, window):
+        until(lambda: self.xdotool('getactivewindow') == window)
+
+    def open_strings(self):
+        program, window = self.open()
+        self.xdotool('windowsize', '--sync', window, 1270, 800)
+        self.until_active(window)
+        self.xdotool('mousemove', '--window', window, 60, 70, 'click', 1)
+        self.press('End', 'F6', 'ctrl+Home')
+        return program, window
+
+    def widths(self):
+        settings = (self.dir / 'bin/Morvanite.ini').read_text()
+        return re.search(r'^\[wnd_1014\]\n((?:\w+=.*\n)+)', settings, re.M)[1]
+
+    def test_a_day_with_the_strings(self):
+        strings = self.dir / 'sample/res/ref_list_weatherclock.txt'
+        program, window = self.open_strings()
+        rows = self.rows()
+        self.assertEqual([len(rows), rows[0][0]], [33, 'ID_STRING_ALARM'])
+
+        # The edge of the column of IDs is dragged.
+        self.xdotool('mousemove', '--window', window, 404, 59, 'mousedown', 1)
+        for x in (410, 425, 440):
+            self.xdotool('mousemove', '--window', window, x, 59)
+        self.xdotool('mouseup', 1)
+
+        self.press('ctrl+Home', 'Right', 'Right', 'Right', 'Return')
+        self.xdotool('type', '--delay', 20, 'Zzz\tBudilnik')
+        self.press('Return')
+        self.assertEqual(self.texts()['ID_STRING_ALARM'][ENGLISH:RUSSIAN + 1], ['Zzz', 'Budilnik'])
+
+        # A click on a header sorts by English, another one the other way round: too far from it for a double click.
+        for direction, x in ((1, 740), (-1, 800)):
+            self.xdotool('mousemove', '--window', window, x, 59, 'click', 1)
+            shown = [row[ENGLISH].lower() for row in self.rows() if row[ENGLISH][0].isalpha()]
+            self.assertEqual(shown, sorted(shown)[::direction])
+        self.assertEqual(shown[0], 'zzz')
+
+        self.press('ctrl+f')
+        self.xdotool('type', '--delay', 20, 'warning')
+        self.press('Down')
+        self.assertEqual(list(self.texts()), ['ID_STRING_STORM_PUSH', 'ID_STRING_FROST_PUSH'])
+
+        self.copy('ID\tHindi\nID_STRING_FROST_PUSH\t%s\n' % FROST)
+        self.press('ctrl+shift+v')
+        question = self.window('^Morvanite$')
+        self.until_active(question)
+        self.press('Return')
+        self.until_active(window)
+        self.assertEqual(self.texts()['ID_STRING_FROST_PUSH'][HINDI], FROST)
+        for key, text in (('ctrl+z', ''), ('ctrl+y', FROST)):
+            self.press(key)
+            self.assertEqual(self.texts()['ID_STRING_FROST_PUSH'][HINDI], text)
+        self.press('ctrl+f', 'Escape')  # the find bar
+        before = self.rows()
+        self.assertEqual(len(before), 33)
+
+        self.press('ctrl+s')
+        until(lambda: FROST in strings.read_text('utf-16') and 'Zzz\tBudilnik' in strings.read_text('utf-16'))
+        until(lambda: not self.xdotool('search', '--onlyvisible', '--name', r'weatherclock\*'))
+        self.close(program)
+        widths = self.widths()
+        self.assertIn('\nsort=%d\n' % -(ENGLISH + 1), '\n' + widths)
+        self.assertGreater(int(re.search(r'^0=(\d+)', widths, re.M)[1]), 210)
+
+        program, _ = self.open_strings()
+        self.assertEqual(self.rows(), before)
+        self.close(program)
+        self.assertEqual(self.widths(), widths)
+
+
+if __name__ == '__main__':
+    unittest.main(verbosity=2)
