@@ -81,3 +81,12 @@ function(add_program_folder folder)
     endforeach()
     add_custom_target(program_folder ALL DEPENDS ${copies})
 endfunction()
+
+# Has a program load the formats of workbooks only when it reads or writes one.
+function(morvanite_loads_workbooks target)
+    target_sources(${target} PRIVATE ${CMAKE_SOURCE_DIR}/src/cli/LazyWorkbook.cpp)
+    # As needed: what only the formats call is left to their own library.
+    target_link_options(${target} PRIVATE -Wl,--as-needed)
+    morvanite_uses(${target} workbook)
+    add_dependencies(${target} morvanite-workbook)
+endfunction()

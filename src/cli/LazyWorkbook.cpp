@@ -1,23 +1,22 @@
-// The commands' own ReadWorkbook and WriteWorkbook: they load libmorvanite-workbook.so, which has the real ones. What
-// the formats are built on would cost every other command some megabytes and milliseconds.
+// A program's own ReadWorkbook and WriteWorkbook: they load libmorvanite-workbook.so, which has the real ones. What the
+// formats are built on would cost the start of the window, and every other command, some megabytes and milliseconds.
 
 #include "WorkbookModule.h"
 
-#include <QByteArray>
-
 #include <dlfcn.h>
+
+#include <filesystem>
 
 namespace
 {
 
 const WorkbookFunctions *LoadFunctions()
 {
-    Dl_info here;
-    if (dladdr(WORKBOOK_FUNCTIONS, &here) == 0)
-        return nullptr;
-    QByteArray path = here.dli_fname;
-    path = path.left(path.lastIndexOf('/') + 1) + "libmorvanite-workbook.so";
-    void *const library = dlopen(path.constData(), RTLD_NOW | RTLD_LOCAL);
+    // Not by the name that the program was called by: the current folder changes with each project.
+    std::error_code error;
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+    const std::filesystem::path path = program.parent_path() / "libmorvanite-workbook.so";
+    void *const library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     return library ? static_cast<const WorkbookFunctions *>(dlsym(library, WORKBOOK_FUNCTIONS)) : nullptr;
 }
 
