@@ -5,6 +5,8 @@
 #include "StringGridRules.h"
 
 #include <QClipboard>
+#include <QFileDialog>
+#include <QMenu>
 #include <QStatusBar>
 
 // Rows by ID: ID_A2 (Push), ID_A10, ID_C, the new-row line.
@@ -310,5 +312,72 @@ TEST(StringPane, CopiesPastesAndReplacesCellsAsOneStep)
     window.Grid().setFocus();
     window.Frame().RunAction(ACTION_UNDO);
     EXPECT_EQ(window.Table().CellText(window.Table().RowOf("ID_C", 0), 3), u"See"_s);
+    window.Document().SetModifiedFlag(false);
+}
+
+TEST(StringPane, HasItsCommandsInItsMenu)
+{
+    StringWindow window;
+    window.Grid().SelectAlone(0, 3);
+    std::string shown;
+    QTimer::singleShot(0, [&] {
+        for (const QAction *action : QApplication::activePopupWidget()->actions()) {
+            if (!action->isSeparator())
+                shown += (action->isEnabled() ? "" : "-") + action->text().toStdString() +
+                         (action->isChecked() ? "*|" : "|");
+        }
+        QApplication::activePopupWidget()->close();
+    });
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QApplication::sendEvent(&window.Grid(), &event);
+    EXPECT_EQ(shown, "&New|&Import...|&Export...|&Language...|-&Undo\tCtrl+Z|-Redo\tCtrl+Y|&Copy\tCtrl+C|"
+                     "-&Paste\tCtrl+V|&Delete\tDel|Delete &All|Push Resource*|");
+    QContextMenuEvent above(QContextMenuEvent::Mouse, QPoint(20, -5),
+                            window.Grid().viewport()->mapToGlobal(QPoint(20, -5)));
+    QApplication::sendEvent(window.Grid().viewport(), &above);
+    EXPECT_FALSE(QApplication::activePopupWidget());
+}
+
+TEST(StringPane, ExportsAndImportsByDialogs)
+{
+    StringWindow window;
+    QStringList types;
+    const auto choose = [&](ActionId action, const QString &name) {
+        auto *const timer = new QTimer(&window.Frame());
+        QObject::connect(timer, &QTimer::timeout, timer, [&types, timer, name] {
+            auto *const dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+            if (!dialog)
+                return;
+            timer->deleteLater();
+            types = dialog->nameFilters();
+            dialog->findChild<QLineEdit *>()->setText(name);
+            QTest::keyClick(dialog->findChild<QLineEdit *>(), name.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
+        });
+        timer->start(10);
+        window.Frame().RunAction(action);
+        window.Settle();
+        window.Activate();
+    };
+    window.Edit(0, 4);
+    window.Type(u"Deux"_s);
+    window.Key(Qt::Key_Return);
+    const QString book = window.folder.Path("out");
+    choose(ACTION_EXPORT, book);
+    EXPECT_TRUE(types.value(0).startsWith(u"Excel files (*.xls)"_s) && types.size() == 3);
+    EXPECT_TRUE(QFileInfo::exists(book + u".xls"_s));
+    window.Frame().RunAction(ACTION_UNDO);
+    window.Grid().SelectAlone(1, 0);
+    window.Frame().RunAction(ACTION_COPY);
+    choose(ACTION_IMPORT, QString()); // and cancelled
+    EXPECT_TRUE(window.Table().history.CanRedo() && !window.Table().Copied().empty());
+    choose(ACTION_IMPORT, book + u".xls"_s);
+    EXPECT_EQ(window.Shown(0, 4), "Deux");
+    EXPECT_FALSE(window.Table().history.CanRedo() || window.Table().history.CanUndo());
+    EXPECT_TRUE(window.Table().Copied().empty());
+    window.folder.Put("bad.xls", "no workbook");
+    window.Answer({QMessageBox::Ok});
+    choose(ACTION_IMPORT, window.folder.Path("bad.xls"));
+    ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 1; }));
+    EXPECT_TRUE(window.boxes[0].startsWith(u"Failed to import from Excel."_s));
     window.Document().SetModifiedFlag(false);
 }

@@ -68,6 +68,8 @@ TEST(FillValueRange, HoldsAsManyAsItHasAndNotOneMore)
                   {6, 109000, 109999, "push other ID cannot larger than109999"}};
     for (const auto &[kind, first, last, message] : ranges) {
         TestModel model;
+        QString why;
+        model.env.explain = [&why](const QString &text) { why = text; };
         PoolBuilder ids{model};
         for (quint32 value = first; value <= last + 1; ++value) {
             EXPECT_TRUE(value <= last || IDGen::FillValue(model.env, &model.ids) == 0) << message;
@@ -77,6 +79,8 @@ TEST(FillValueRange, HoldsAsManyAsItHasAndNotOneMore)
         model.ids.sentinel.next->value = 0;
         EXPECT_EQ(IDGen::FillValue(model.env, &model.ids), -2);
         EXPECT_TRUE(model.trace.endsWith(message)) << model.trace.right(100).constData();
+        const std::string end = "end at " + std::to_string(last) + "; \"N" + std::to_string(1'000'000 + last + 1);
+        EXPECT_NE(why.toStdString().find(end), std::string::npos) << why.toStdString();
         EXPECT_EQ(ids.holders.front()->Id()->value, first) << "what was numbered by then keeps its number";
         EXPECT_EQ(ids.holders[last - first]->Id()->value, last);
     }

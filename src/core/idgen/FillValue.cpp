@@ -60,6 +60,11 @@ int FillSorted(Environment &env, const std::vector<IDRecord *> &sorted)
             if (nextNormal > LAST_NORMAL) {
                 env.DebugTrace("enter IDGen::FillValue(): ID value overflow, non-push ID cannot larger than%u",
                                LAST_NORMAL);
+                env.ExplainFailure(
+                    QStringLiteral("there are more IDs than numbers for them, which end at %1; \"%2\" is "
+                                   "the first that gets none. Take resources out of the project")
+                        .arg(LAST_NORMAL)
+                        .arg(env.NarrowToWide(record->name)));
                 return -2;
             }
             record->value = nextNormal++;
@@ -68,6 +73,12 @@ int FillSorted(Environment &env, const std::vector<IDRecord *> &sorted)
             if (range.next > range.last) {
                 env.DebugTrace("enter IDGen::FillValue(): ID value overflow, push %s ID cannot larger than%u",
                                range.what, range.last);
+                env.ExplainFailure(QStringLiteral("there are more Push resources of the class \"%1\" than numbers for "
+                                                  "them, which end at %2; \"%3\" is the first that gets none. Make "
+                                                  "some of them Normal")
+                                       .arg(QLatin1String(range.what))
+                                       .arg(range.last)
+                                       .arg(env.NarrowToWide(record->name)));
                 return -2;
             }
             record->value = range.next++;
