@@ -62,6 +62,18 @@ def folders_of_headers(headers, breaches):
     return folder_of
 
 
+def class_breaches(sources):
+    """Two classes of one name outside of functions and unnamed namespaces: the linker takes either for both."""
+    breaches, file_of = [], {}
+    for source in sources:
+        text = pathlib.Path(source).read_text(encoding='utf-8')
+        named = re.sub(r'\nnamespace\n\{.*?\n\} // namespace\n', '\n', text, flags=re.S)
+        for name in re.findall(r'^(?:class|struct) (\w+)(?: final)?(?: :[^;{]*)?\n\{', named, re.M):
+            if file_of.setdefault(name, source) != source:
+                breaches.append('%s: %s has a class %s too' % (source, file_of[name], name))
+    return breaches
+
+
 def program_breaches(folder_of, parts):
     """The same for folders of programs, tools and tests, each as a whole: what its targets link are the libraries whose
     headers its files include, by themselves or through a header that belongs to no library, such as a fixture."""
@@ -128,6 +140,7 @@ def main():
     folder_of = folders_of_headers(tracked('*.h'), breaches)
     parts = parts_of_the_tree()
     breaches += part_breaches(folder_of, parts) + program_breaches(folder_of, parts)
+    breaches += class_breaches(tracked('src/*.cpp', 'src/*.h'))
     sources = tracked('src/*.cpp', 'src/*.h', 'tools/*.cpp', 'tools/*.h', 'device/*.c', 'device/*.h', 'tests/*.cpp',
                       'tests/*.h', 'fuzz/*.cpp', 'fuzz/*.h', 'bench/*.c', 'bench/*.cpp', 'sample/src/*.c', 'sample/src/*.h')
     for name in sources:

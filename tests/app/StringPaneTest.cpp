@@ -248,9 +248,11 @@ TEST(StringPane, FindsFiltersAndGoesToAnId)
         return text;
     };
     window.Grid().SelectAlone(2, 3);
+    window.Grid().Select({1, 2});
     window.Frame().RunAction(ACTION_FIND_BAR);
     window.Type(u"te"_s);
     EXPECT_EQ(ids(), "ID_A10 <New> ") << "Ten";
+    EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{0}) << "what is selected and in sight stays so";
     window.Type(u"x"_s);
     EXPECT_EQ(ids(), "<New> ");
     window.Key(Qt::Key_Backspace);

@@ -138,11 +138,11 @@ void StringGrid::RowsInserted(const QModelIndex &, int, int last)
         selectionModel()->setCurrentIndex(rows.index(last, focused), QItemSelectionModel::NoUpdate);
 }
 
-/// A long command resets the model, which takes the selection. After a filter the row in focus alone is selected.
+/// A filter and a long command reset the model, which takes the selection.
 void StringGrid::NoteSelection()
 {
     selectedIds.clear();
-    if (isTableGoing || !rows.IsInBatch()) // rows of a table that goes can't be asked
+    if (isTableGoing) // its rows can't be asked
         return;
     for (const int row : SelectedRows()) {
         const CStringRes *const head = table.Head(rows.TableRow(row));
@@ -150,7 +150,7 @@ void StringGrid::NoteSelection()
     }
 }
 
-/// Selects the rows of the IDs that are still there; the new-row line has none.
+/// Selects the rows of the IDs that are still there and in sight; the new-row line has none.
 void StringGrid::PutSelectionBack()
 {
     std::vector<int> selected;

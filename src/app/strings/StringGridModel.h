@@ -33,8 +33,6 @@ public:
 
     /// Shows these rows of the table (ascending) and the new-row line; nothing: all. Told to Qt as a reset.
     void SetFilter(std::optional<std::vector<int>> rows);
-    /// Several changes are being made, such as those of a command.
-    [[nodiscard]] bool IsInBatch() const { return batch.has_value(); }
     [[nodiscard]] bool HasFilter() const { return shown.HasFilter(); }
 
     /// The row of the table that is shown at `row`; the new-row line for the last.

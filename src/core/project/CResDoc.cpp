@@ -1,9 +1,9 @@
 #include "CResDoc.h"
 
 #include "CatalogueFile.h"
+#include "DialogFilter.h"
 #include "Environment.h"
 #include "FileClassifier.h"
-#include "FileFilter.h"
 #include "HostFiles.h"
 #include "IDGen.h"
 #include "LayoutExport.h"
@@ -355,7 +355,7 @@ void CResDoc::ReloadStrings()
 void CResDoc::ChooseFiles(quint32 mask, bool multiSelect, const QString &initialName, QStringList &results)
 {
     constexpr qsizetype NAME_BUFFER = 2048;
-    const FileFilter filter = FileFilterOf(*this, mask);
+    const DialogFilter filter = DialogFilterOf(*this, mask);
     if (filter.count == 0 || !services.user)
         return;
     const bool isPrefilled = !initialName.isEmpty() && initialName.size() < NAME_BUFFER;

@@ -1,8 +1,8 @@
-#include "FileFilter.h"
+#include "DialogFilter.h"
 
 #include "ResModel.h"
 
-FileFilter FileFilterOf(const CResModel &model, quint32 mask)
+DialogFilter DialogFilterOf(const CResModel &model, quint32 mask)
 {
     struct Entry
     {
@@ -15,7 +15,7 @@ FileFilter FileFilterOf(const CResModel &model, quint32 mask)
         {KIND_AUDIO, "Audio Files", "audio"},
         {KIND_VIDEO, "Video Files", "video"},
     };
-    FileFilter filter;
+    DialogFilter filter;
     const auto separator = [&filter] { return QLatin1String(filter.count++ ? "|" : ""); };
     for (const Entry &entry : ENTRIES) {
         if (mask & entry.bit)

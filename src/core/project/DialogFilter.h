@@ -5,11 +5,11 @@
 class CResModel;
 
 /// The entries of a file dialog.
-struct FileFilter
+struct DialogFilter
 {
     QString text;  ///< in the form that IUserInterface::OpenFileDialog takes, without its end
     int count = 0; ///< of the entries
 };
 
 /// An entry for each kind of file in `mask`, with the patterns that the settings have for it.
-[[nodiscard]] FileFilter FileFilterOf(const CResModel &model, quint32 mask);
+[[nodiscard]] DialogFilter DialogFilterOf(const CResModel &model, quint32 mask);
