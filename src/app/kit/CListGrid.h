@@ -6,8 +6,8 @@
 #include <vector>
 
 /// A list of rows and columns as all panes and dialogs of the program have it: whole rows are selected, a click on a
-/// header sorts (by whoever listens to `sectionClicked` of the header), a column can have the width 0, and cells are
-/// edited by controls that the owner lays over them.
+/// header sorts (the owner connects `sectionClicked` of the header to that), a column can have the width 0, and cells
+/// are edited by controls that the owner places over them.
 class CListGrid : public QTableView
 {
 public:

@@ -4,8 +4,8 @@
 class IEditOwner
 {
 public:
-    /// Takes what is being edited, as leaving the editor does. False when it was refused, which the user is told; true
-    /// also when nothing is edited.
+    /// Commits what is being edited, as leaving the editor does. False when it is refused, after a message to the user;
+    /// true also when nothing is edited.
     [[nodiscard]] virtual bool TakeEdit() = 0;
 
 protected:

@@ -14,7 +14,8 @@ public:
     virtual void ShowPane(Pane pane) = 0;
     /// Carries out an action as the menu does.
     virtual void RunAction(ActionId id) = 0;
-    /// Takes what is being edited in place, in a pane or as a label. False when it was refused, which the user is told.
+    /// Commits what is being edited in place, in a pane or as a label. False when it is refused, after a message to the
+    /// user.
     [[nodiscard]] virtual bool TakeEdit() = 0;
     /// Calls it now, or after the command of an IDE that is running.
     virtual void AfterCommand(std::function<void()> call) = 0;

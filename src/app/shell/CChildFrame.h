@@ -38,7 +38,7 @@ public:
     /// The document is gone, or about to go.
     [[nodiscard]] bool HasLeft() const { return !splitter; }
 
-    /// Takes what is being edited in place in a pane. False when it was refused, which the user is told.
+    /// Commits what is being edited in place in a pane. False when it is refused, after a message to the user.
     [[nodiscard]] bool TakePaneEdit();
 
     /// What the settings are to remember of this window, which stores it when it ends. Only before it has let go of its

@@ -232,8 +232,8 @@ CMainFrame::Busy::~Busy()
     frame.indicators.Update(); // the keys of the locks work all the same
 }
 
-/// Takes what is being edited in place, as leaving it does: the cell of a pane, or a label in a tree or a list. False
-/// when it was refused, which the user is told.
+/// Commits what is being edited in place, as leaving it does: the cell of a pane, or a label in a tree or a list. False
+/// when it is refused, after a message to the user.
 bool CMainFrame::TakeEdit()
 {
     const int before = boxes.Messages();

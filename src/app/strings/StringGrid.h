@@ -22,7 +22,8 @@ public:
     void OpenCellEditor(int row, int col);
     /// Opens the list of kinds over the selected row, if exactly one is selected and it isn't the new-row line.
     void OpenTypeBox();
-    /// Takes what is being edited. False when the table refused it; the user is told, and corrects it then.
+    /// Commits what is being edited. False when the table refuses it: a message follows, and then the editor opens
+    /// again.
     bool TakeEdit();
     /// The next gap from that cell on, or the one before for a `step` of -1, gets the focus. False when there is none.
     bool GoToGap(int row, int col, int step);
