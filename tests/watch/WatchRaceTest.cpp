@@ -1,8 +1,10 @@
 #include "CFileChangeMonitor.h"
+#include "HostFiles.h"
 #include "TempFolder.h"
 #include "WatchTimes.h"
 
 #include <atomic>
+#include <fcntl.h>
 #include <thread>
 
 using namespace std::chrono_literals;
@@ -21,10 +23,13 @@ TEST(WatchRace, FilesAreAddedRemovedAndStoppedAgainstAWriter)
     folder.Put("g/g", "");
     std::atomic<int> notices = 0;
     std::atomic<bool> isOver = false;
+    const QByteArray written = folder.Path("f").toUtf8();
+    const QByteArray renamed = folder.Path("g/g").toUtf8();
     std::thread writer([&] {
         for (int n = 0; !isOver; ++n) {
-            folder.Put(n % 2 ? "f" : "new", "x");
-            rename(folder.Path("new").toUtf8().constData(), folder.Path("g/g").toUtf8().constData());
+            const QByteArray path = n % 2 ? written : written + '~';
+            (void)FileHandle(open(path.constData(), O_CREAT | O_WRONLY | O_TRUNC, 0600)).WriteAll("x", 1);
+            rename((written + '~').constData(), renamed.constData());
         }
     });
     qint32 flag = 0;
