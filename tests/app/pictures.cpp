@@ -2,7 +2,7 @@
 // takes them for a sharp screen. "rtl" shows a right-to-left window. With "icons" behind FOLDER it makes the
 // application's icon in the usual sizes instead.
 #include "TestWindow.h"
-#include "TitleBarStyle.h"
+#include "ProgramStyle.h"
 #include "UiIcons.h"
 
 #include <QDockWidget>
@@ -206,7 +206,7 @@ int main(int argc, char **argv)
         return 0;
     }
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
-    QApplication::setStyle(new TitleBarStyle);
+    QApplication::setStyle(new ProgramStyle);
     const QStringList looks = QApplication::arguments().sliced(2);
     if (looks.contains(u"dark"_s))
         QApplication::setPalette(DarkPalette());
