@@ -6,6 +6,7 @@
 #include "UiIcons.h"
 
 #include <QDockWidget>
+#include <QFileInfo>
 #include <QListWidget>
 #include <QMenu>
 #include <QSplitter>
@@ -157,6 +158,11 @@ void TakeAll(TestWindow &window, const QString &folder, const QString &sample)
     Take(window, folder, "images");
     window.Tree().SetContextFolder(&window.Document().root);
     TakeDialog(window, folder, "resolutions", ACTION_RESOLUTION);
+    QFile list(QFileInfo(sample).path() + u"/weatherclock_res.lst"_s);
+    if (list.open(QFile::WriteOnly))
+        list.write(".\\sound\\alarm.mp3\r\n.\\images\\240x320\\background.png\r\n/home/x/shared/boot.bin");
+    list.close();
+    TakeDialog(window, folder, "v1-list", ACTION_V1_LIST);
     window.Tree().setCurrentItem(window.Row(u"Images"_s)->child(0));
     window.Frame().Notices().Add(
         window.Document(), u"3 elements were left out when the project was opened. The files that this save replaced "
