@@ -58,7 +58,7 @@ TEST_F(LoaderTest, WhatIsNoPictureFileHasNoThumbnailAndBlocksNothing)
     for (const char *name : {"pipe.png", "folder.png", "empty.png", "broken.png", "device.png", "missing.png"})
         EXPECT_TRUE(Await(Host(name)).isNull()) << name;
     EXPECT_EQ(Loaded(Host("pipe.png")).problem, u"it is no regular file"_s);
-    EXPECT_EQ(Loaded(Host("missing.png")).problem, u"the file was not found"_s);
+    EXPECT_EQ(Loaded(Host("missing.png")).problem, u"not found"_s);
     EXPECT_LT(Loaded(Host("missing.png")).bytes, 0);
 }
 

@@ -89,8 +89,7 @@ TEST_F(PaneTest, SaysWhatTheFileIsAndWhatItTakes)
     pane.Show(Previewed("sound.wav", false));
     ExpectSaid({u"ID: ID_A"_s, u"Path: .\\sound.wav"_s, u"File: 1,234 bytes"_s});
     pane.Show(Previewed("gone.png"));
-    ExpectSaid(
-        {u"ID: ID_A"_s, u"Path: .\\gone.png"_s, u"Picture: 240x320 screen"_s, u"File: the file was not found"_s});
+    ExpectSaid({u"ID: ID_A"_s, u"Path: .\\gone.png"_s, u"Picture: 240x320 screen"_s, u"File: not found"_s});
     pane.Show(Previewed("torn.png"));
     WaitUntil([this] { return Said().last().contains(u"The converter says"); });
     EXPECT_TRUE(Said().last().startsWith(u"Not shown: it is damaged. The converter says: "))

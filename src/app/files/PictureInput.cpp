@@ -21,8 +21,7 @@ double ThreadSeconds()
 
 QString ErrorText(int error)
 {
-    return error == ENOENT || error == ENOTDIR ? QStringLiteral("the file was not found")
-                                               : QString::fromLocal8Bit(strerror(error));
+    return error == ENOENT || error == ENOTDIR ? QStringLiteral("not found") : QString::fromLocal8Bit(strerror(error));
 }
 
 } // namespace

@@ -23,6 +23,7 @@ namespace
 
 constexpr int MARGIN = 4;
 constexpr int LINE_EDGE = 2;
+constexpr int VALUE_LETTERS = 24;
 constexpr int LINES = 9;    // five of values, the mark, two of the note, and the check box
 constexpr int REST_MS = 60; // on a file, until its picture is converted
 
@@ -32,6 +33,9 @@ QLabel *MakeText(QWidget *parent)
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     label->setWordWrap(true);
+    // A text that can be selected would begin on its own side of the window.
+    if (parent->layoutDirection() == Qt::RightToLeft)
+        label->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
     return label;
 }
 
@@ -114,6 +118,9 @@ void PicturePane::Parts::MakeLines(QGridLayout &lines)
     picture = AddLine(lines, QStringLiteral("Picture"));
     bytes = AddLine(lines, QStringLiteral("File"));
     payload = AddLine(lines, QStringLiteral("Payload"));
+    // The values are in one place for all files, and the picture leaves them room.
+    lines.setColumnMinimumWidth(0, payload.name->sizeHint().width());
+    lines.setColumnMinimumWidth(1, owner.fontMetrics().averageCharWidth() * VALUE_LETTERS);
     MakeRemarks(lines);
 }
 
@@ -126,9 +133,12 @@ void PicturePane::Parts::MakeRemarks(QGridLayout &lines)
     mark->setAccessibleName(QStringLiteral("Warning"));
     note = MakeText(&owner);
     note->setAccessibleName(QStringLiteral("Note"));
+    auto *const marked = new QHBoxLayout;
+    marked->setSpacing(MARGIN);
+    marked->addWidget(markIcon);
+    marked->addWidget(mark, 1);
     const int row = lines.rowCount();
-    lines.addWidget(markIcon, row, 0, Qt::AlignTrailing | Qt::AlignVCenter);
-    lines.addWidget(mark, row, 1);
+    lines.addLayout(marked, row, 0, 1, 2);
     lines.addWidget(note, row + 1, 0, 1, 2);
     lines.setRowStretch(row + 2, 1);
     lines.addWidget(thumbnails, row + 3, 0, 1, 2, Qt::AlignLeading);
@@ -248,6 +258,7 @@ void PicturePane::Parts::ShowTexts()
     mark->setVisible(!texts.mark.isEmpty());
     markIcon->setVisible(!texts.mark.isEmpty());
     note->setText(hasFile ? texts.note : QStringLiteral("No file"));
+    note->setToolTip(texts.note); // it may need more lines than there are
     canvas->setAccessibleDescription(texts.picture + u' ' + texts.note);
 }
 

@@ -67,5 +67,6 @@ void ValueLine::paintEvent(QPaintEvent *event)
         return QLineEdit::paintEvent(event);
     QPainter painter(this);
     painter.setPen(palette().color(QPalette::Text));
+    painter.setLayoutDirection(Qt::LeftToRight);
     painter.drawText(place, int(alignment()) | Qt::TextSingleLine, shown);
 }
