@@ -237,9 +237,11 @@ int FileList::MakeByName(const NarrowText &id)
         return FILE_ID_TAKEN;
     const int row = Files();
     grid.RowsComing(row + 1, row + 1);
+    newRows = 2;
+    grid.RowsCame();
+    newRows = 1;
     rows.push_back(res.get());
     target->AddResource(std::move(res));
-    grid.RowsCame();
     grid.RowsChanged(row, row);
     return FILE_EDIT_DONE;
 }

@@ -55,7 +55,7 @@ public:
     [[nodiscard]] bool HoldsOf(const CResFolder &going) const;
 
     /// With the new row.
-    [[nodiscard]] int RowCount() const { return Files() + (HasNewRow() ? 1 : 0); }
+    [[nodiscard]] int RowCount() const { return Files() + (HasNewRow() ? newRows : 0); }
     /// Of resources.
     [[nodiscard]] int Files() const { return int(rows.size()); }
     [[nodiscard]] bool HasNewRow() const { return folder && !IsItemFolder(); }
@@ -124,5 +124,6 @@ private:
     IFileGrid &grid;
     CResFolder *folder = nullptr;
     std::vector<CFileRes *> rows;
+    int newRows = 1; // two for the moment in which one becomes a resource's
     QHash<const CFileRes *, QString> closedTypes; // what a row shows when it isn't its own type
 };
