@@ -87,11 +87,6 @@ CFileView::~CFileView()
     model.SetList(nullptr);
 }
 
-QString CFileView::ProjectFolder() const
-{
-    return DirectoryOf(document.PathName());
-}
-
 void CFileView::OnUpdate(CView *, long, CView *target)
 {
     if (target && target != this)
@@ -182,9 +177,9 @@ void CFileView::Run(ActionId id)
     case ACTION_BROWSE:
         return Browse();
     case ACTION_OPEN_FILE:
-        return Open(&FileOpener::OpenFile);
+        return Open(/*isFolder=*/false);
     case ACTION_OPEN_FOLDER:
-        return Open(&FileOpener::OpenFolder);
+        return Open(/*isFolder=*/true);
     case ACTION_DELETE:
         return DeleteSelected();
     case ACTION_DELETE_ALL:
@@ -251,11 +246,16 @@ void CFileView::Browse()
         grid->SelectAlone(row, FileList::ID_COLUMN);
 }
 
-void CFileView::Open(QString (FileOpener::*open)(const QString &, const QString &) const)
+void CFileView::Open(bool isFolder)
 {
     const int row = grid->Selected().first;
+    const QString path = row < 0 ? QString() : list.CellText(row, FileList::PATH_COLUMN);
+    if (path.isEmpty())
+        return;
+    icons.Refresh();
+    (void)SetCurrentFolder(DirectoryOf(document.PathName()));
     const QString message =
-        (opener.*open)(row < 0 ? QString() : list.CellText(row, FileList::PATH_COLUMN), ProjectFolder());
+        isFolder ? opener.OpenFolder(icons.HostPathOf(DirectoryOf(path))) : opener.OpenFile(icons.HostPathOf(path));
     if (!message.isEmpty())
         host.Boxes().ShowMessage(message);
 }

@@ -55,7 +55,7 @@ private:
     void Import();
     void AddFiles(const QStringList &paths);
     void Browse();
-    void Open(QString (FileOpener::*open)(const QString &, const QString &) const);
+    void Open(bool isFolder);
     void DeleteSelected();
     void DeleteAll();
     void OpenMenu(const QContextMenuEvent &event);
@@ -63,7 +63,6 @@ private:
     void ShowDetails();
     [[nodiscard]] QVariant PictureOf(int row);
     [[nodiscard]] QVariant TipOf(int row);
-    [[nodiscard]] QString ProjectFolder() const;
 
     CResDoc &document;
     IViewHost &host;

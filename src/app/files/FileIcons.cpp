@@ -32,10 +32,15 @@ FileIcons::FileIcons(const QString &projectFolder)
 {
 }
 
-/// Not by ResolvePath, which leaves a path that would become very long relative.
+/// Not by ResolvePath, which leaves a path relative that would become very long.
 QString FileIcons::Absolute(const QString &path) const
 {
-    return IsRelativePath(path) ? folder + u'\\' + path : path;
+    if (!IsRelativePath(path))
+        return path;
+    if (path == u'.')
+        return folder;
+    const bool hasDot = path.startsWith(u".\\"_s) || path.startsWith(u"./"_s);
+    return folder + u'/' + path.sliced(hasDot ? 2 : 0);
 }
 
 QByteArray FileIcons::HostPathOf(const QString &path)

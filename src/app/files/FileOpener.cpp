@@ -1,8 +1,5 @@
 #include "FileOpener.h"
 
-#include "HostFiles.h"
-#include "Paths.h"
-
 #include <QDesktopServices>
 #include <QFile>
 #include <QUrl>
@@ -13,15 +10,11 @@ namespace
 {
 
 /// The opener of the desktop says nothing of what isn't there.
-QString Open(const FileOpener &opener, const QString &path, const QString &projectFolder, const QString &what)
+QString OpenPath(const FileOpener &opener, const QByteArray &hostPath, const QString &what)
 {
-    if (path.isEmpty())
-        return {};
-    (void)SetCurrentFolder(projectFolder);
-    const QByteArray host = HostPath(IsRelativePath(path) ? projectFolder + u'\\' + path : path);
-    if (access(host.constData(), F_OK) != 0)
+    if (access(hostPath.constData(), F_OK) != 0)
         return QStringLiteral("The specified %1 was not found.").arg(what);
-    return opener.open(host) ? QString() : QStringLiteral("Failed to open the %1.").arg(what);
+    return opener.open(hostPath) ? QString() : QStringLiteral("Failed to open the %1.").arg(what);
 }
 
 } // namespace
@@ -33,12 +26,12 @@ FileOpener::FileOpener()
 {
 }
 
-QString FileOpener::OpenFile(const QString &path, const QString &projectFolder) const
+QString FileOpener::OpenFile(const QByteArray &hostPath) const
 {
-    return Open(*this, path, projectFolder, QStringLiteral("file"));
+    return OpenPath(*this, hostPath, QStringLiteral("file"));
 }
 
-QString FileOpener::OpenFolder(const QString &path, const QString &projectFolder) const
+QString FileOpener::OpenFolder(const QByteArray &hostPath) const
 {
-    return Open(*this, path.isEmpty() ? QString() : DirectoryOf(path), projectFolder, QStringLiteral("folder"));
+    return OpenPath(*this, hostPath, QStringLiteral("folder"));
 }
