@@ -16,7 +16,7 @@ namespace
 {
 
 // In a burst the events are left to gather: to wake for each would cost more than all the rest.
-constexpr auto GATHER_TIME = 20ms;
+constexpr auto GATHER_TIME = 30ms;
 constexpr int LOWEST_PRIORITY = 19;
 
 /// A thread that is started meanwhile takes no signals: the program's handlers run where they are expected.
