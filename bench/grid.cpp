@@ -4,9 +4,9 @@
 #include "StringCommands.h"
 #include "StringGridModel.h"
 #include "StringOrder.h"
+#include "application.h"
 #include "table_world.h"
 
-#include <QApplication>
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QTableView>
@@ -22,16 +22,6 @@ namespace
 {
 
 constexpr int ROWS = 50'000;
-
-void NeedApplication()
-{
-    static char name[] = "micro";
-    static char *arguments[] = {name, nullptr};
-    static int count = 1;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    if (!QApplication::instance())
-        new QApplication(count, arguments);
-}
 
 /// The table as texts in a vector, with its order of now.
 class PlainModel : public QAbstractTableModel
