@@ -60,13 +60,6 @@ struct StringWindow : TestWindow
     [[nodiscard]] CellEditor &Editor() const { return Find<CellEditor>(Grid()); }
     [[nodiscard]] ChoiceBox &TypeBox() const { return Find<ChoiceBox>(Grid()); }
 
-    /// Makes the window the active one again, as it is for a user once a box has been closed.
-    void Activate() const
-    {
-        Frame().activateWindow();
-        Settle();
-    }
-
     /// What the grid shows in a cell.
     [[nodiscard]] std::string Shown(int row, int col) const
     {

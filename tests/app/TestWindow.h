@@ -81,6 +81,13 @@ struct TestWindow
         return condition();
     }
 
+    /// Makes the window the active one again, as it is for a user once a box has been closed.
+    void Activate() const
+    {
+        Frame().activateWindow();
+        Settle();
+    }
+
     /// Answers the next boxes with these buttons, one each, and keeps what they said.
     void Answer(const QList<QMessageBox::StandardButton> &buttons)
     {

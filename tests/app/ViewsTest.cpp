@@ -3,7 +3,7 @@
 #include "ResourceCounts.h"
 #include "StatusPane.h"
 #include "TestWindow.h"
-#include "TitleBarStyle.h"
+#include "ProgramStyle.h"
 #include "TreeLines.h"
 
 #include <QClipboard>
@@ -117,9 +117,9 @@ TEST(TreeLines, AreThoseOfTheOtherDirectionInAMirror)
     QApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
 }
 
-TEST(TitleBarStyle, ButtonsAndLinesOfGridsStandOutOnADarkDesktop)
+TEST(ProgramStyle, ButtonsAndLinesOfGridsStandOutOnADarkDesktop)
 {
-    const TitleBarStyle style;
+    const ProgramStyle style;
     QStyleOption option;
     for (const QColor &window : {QColor(0x2B, 0x2B, 0x2B), QColor(0xEF, 0xEF, 0xEF)}) {
         const bool isDark = window.lightness() < 128;
@@ -140,9 +140,9 @@ TEST(TitleBarStyle, ButtonsAndLinesOfGridsStandOutOnADarkDesktop)
     }
 }
 
-TEST(TitleBarStyle, EndsATitleOfAColumnThatIsTooLongInAnEllipsis)
+TEST(ProgramStyle, EndsATitleOfAColumnThatIsTooLongInAnEllipsis)
 {
-    const TitleBarStyle style;
+    const ProgramStyle style;
     QImage image(60, 20, QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
@@ -219,6 +219,7 @@ TEST(ResourceCounts, TellWhatAFolderHolds)
 TEST(Contents, TellWhatIsInTheirFoldersAndLeadOutAgain)
 {
     TestWindow window;
+    window.folder.Put("bin/Morvanite.ini", WITH_LAYOUTS);
     window.Start({window.Project()});
     QListWidget &list = Contents(window);
     window.Tree().setCurrentItem(window.Row(u"Images"_s));
@@ -233,16 +234,17 @@ TEST(Contents, TellWhatIsInTheirFoldersAndLeadOutAgain)
     EXPECT_EQ(list.currentRow(), 1) << "a refill keeps the selection";
     EXPECT_NE(painted(), withCount);
 
+    window.Tree().setCurrentItem(window.Row(u"Layouts"_s));
+    list.setCurrentRow(1);
     QTest::keyClick(&list, Qt::Key_Return);
-    EXPECT_EQ(window.Tree().currentItem(), window.Row(u"Default"_s));
+    EXPECT_EQ(window.Tree().currentItem()->parent(), window.Row(u"Layouts"_s));
     EXPECT_EQ(list.count(), 0);
-    EXPECT_EQ(list.accessibleDescription(), u"No images shared by all resolutions yet"_s);
+    EXPECT_TRUE(list.accessibleDescription().startsWith(u"No layouts "_s));
     const QImage withHint = painted();
     EXPECT_NE(withHint.copy(0, 0, 1, 1).scaled(withHint.size()), withHint);
     QTest::keyClick(&list, Qt::Key_Backspace);
-    EXPECT_EQ(window.Tree().currentItem(), window.Row(u"Images"_s));
-    ASSERT_TRUE(list.currentItem());
-    EXPECT_EQ(list.currentItem()->text(), u"Default"_s) << "the folder that was left";
+    EXPECT_EQ(window.Tree().currentItem(), window.Row(u"Layouts"_s));
+    EXPECT_EQ(list.currentRow(), 1) << "the folder that was left";
     EXPECT_EQ(QApplication::focusWidget(), &list);
     for (QWidget *view : QList<QWidget *>{&list, &window.Tree()}) {
         QTest::keyClick(view, Qt::Key_Up, Qt::AltModifier); // there is nothing above the root

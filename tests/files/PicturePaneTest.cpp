@@ -91,6 +91,10 @@ TEST_F(PaneTest, SaysWhatTheFileIsAndWhatItTakes)
                             "a whole picture."_s});
     ExpectSaid("sound.wav", {u"File: 1,234 bytes"_s});
     ExpectSaid("gone.png", {u"Picture: 240x320 screen"_s, u"File: not found"_s});
+    folder.Put("gone.png", "");
+    QEvent back(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&pane, &back);
+    EXPECT_TRUE(WaitUntil([this] { return Said().contains(u"File: 0 bytes"_s); }));
     pane.Clear();
     EXPECT_EQ(Said(), QStringList{u"No file"_s});
 

@@ -87,6 +87,7 @@ constexpr MenuEntry FURTHER_KEYS[] = {
     {ACTION_PASTE_CELLS, "", "Ctrl+Shift+V"},
     {ACTION_REPLACE, "", "Ctrl+H"},
     {ACTION_GO_TO_ID, "", "Ctrl+G"},
+    {ACTION_THUMBNAILS, "", "Ctrl+T"},
 };
 
 /// Actions that are only in menus of views.
@@ -99,6 +100,12 @@ constexpr MenuEntry VIEW_MENUS[] = {
     {ACTION_LANGUAGE, "", "", "Chooses the languages of the project."},
     {ACTION_PUSH_STRING, "", "", "Makes the selected rows Push, or Normal again."},
     {ACTION_CLEAR_OUTPUT, "", "", "Empties the output."},
+    {ACTION_BROWSE, "", "", "Chooses the file of the selected row."},
+    {ACTION_OPEN_FILE, "", "", "Opens the file with the program that the desktop has for it."},
+    {ACTION_OPEN_FOLDER, "", "", "Opens the folder that the file is in."},
+    {ACTION_PUSH_FILE, "", "", "Makes the selected rows Push, or Normal again."},
+    {ACTION_FILTER_IMAGES, "", "", "Chooses the component images that the project has."},
+    {ACTION_RESET_IMAGE, "", "", "Gives the selected rows their stock images back."},
 };
 
 constexpr ActionId TOOL_BAR[] = {ACTION_OPEN, ACTION_SAVE,   ACTION_NONE, ACTION_UNDO, ACTION_REDO,

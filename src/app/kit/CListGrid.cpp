@@ -29,13 +29,20 @@ CListGrid::CListGrid(QWidget *parent) : QTableView(parent)
     header->setHighlightSections(false);
     header->setSectionsClickable(true);
     new CopyGuard(*this);
+    SetIconSide(16);
+}
+
+void CListGrid::SetIconSide(int side)
+{
+    setIconSize(QSize(side, side));
     FitRows();
 }
 
 void CListGrid::FitRows()
 {
     verticalHeader()->setMinimumSectionSize(1);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+    const int ofIcon = iconSize().height() > 16 ? iconSize().height() + 8 : 0; // one of 16 has room in any row
+    verticalHeader()->setDefaultSectionSize(qMax(fontMetrics().height() + 6, ofIcon));
 }
 
 void CListGrid::changeEvent(QEvent *event)

@@ -27,6 +27,9 @@ public:
     /// Shows an arrow in the header: +n ascending in column n - 1, -n descending in it, 0 none.
     void ShowSort(int sortState);
 
+    /// The side of the icons in the cells, in pixels: 16 at first. Rows are as high as icon and text need.
+    void SetIconSide(int side);
+
     /// Asked for a menu: by the mouse at a place of the list below its header, or by a key.
     std::function<void(const QContextMenuEvent &event)> menuWanted;
 

@@ -13,7 +13,7 @@ ChoiceBox::ChoiceBox(CListGrid &listGrid, const QStringList &choices) : QComboBo
     hide();
     addItems(choices);
     setAccessibleName(QStringLiteral("Choice"));
-    connect(this, &QComboBox::activated, this, &ChoiceBox::Commit);
+    connect(this, &QComboBox::activated, this, &ChoiceBox::Pick);
     connect(grid.horizontalHeader(), &QHeaderView::sectionResized, this, &ChoiceBox::Follow);
     for (const QScrollBar *bar : {grid.horizontalScrollBar(), grid.verticalScrollBar()})
         connect(bar, &QScrollBar::valueChanged, this, &ChoiceBox::Follow);
@@ -45,6 +45,12 @@ bool ChoiceBox::Open(const QModelIndex &at, const QString &text)
     show();
     setFocus(Qt::OtherFocusReason);
     return true;
+}
+
+void ChoiceBox::Pick()
+{
+    if (isOpen && (!picked || picked(cell, currentText())))
+        Commit();
 }
 
 void ChoiceBox::Close()

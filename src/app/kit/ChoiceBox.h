@@ -17,6 +17,8 @@ public:
     /// Belongs to the list.
     ChoiceBox(CListGrid &listGrid, const QStringList &choices);
 
+    /// Asked when the user chooses an entry; false keeps the box open. Where it isn't set any choice ends it.
+    std::function<bool(const QModelIndex &cell, const QString &choice)> picked;
     /// Told when it ends but by Esc, with the entry that was chosen; it is hidden by then.
     std::function<void(const QPersistentModelIndex &cell, const QString &choice)> chosen;
 
@@ -39,6 +41,7 @@ protected:
 private:
     [[nodiscard]] bool Place();
     void Follow();
+    void Pick();
     void Close();
 
     CListGrid &grid;

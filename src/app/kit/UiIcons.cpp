@@ -163,6 +163,51 @@ void DrawProject(Canvas &canvas)
     canvas.Shape({{15, 5.2}, {8.4, 8.4}, {8.4, 15}, {15, 11.8}}, BLUE.darker(125));
 }
 
+void DrawNewFile(Canvas &canvas)
+{
+    DrawPage(canvas, GREY);
+    canvas.Line({{8, 5.4}, {8, 10.6}}, GREEN, 1.6);
+    canvas.Line({{5.4, 8}, {10.6, 8}}, GREEN, 1.6);
+}
+
+/// A sheet that lacks a corner, crossed out.
+void DrawMissingFile(Canvas &canvas)
+{
+    canvas.Shape({{3.5, 1.5}, {8, 1.5}, {7.2, 4}, {9.8, 4.4}, {9, 7}, {12.5, 6.4}, {12.5, 14.5}, {3.5, 14.5}}, PAPER);
+    canvas.Line({{8, 1.5}, {3.5, 1.5}, {3.5, 14.5}, {12.5, 14.5}, {12.5, 6.4}, {9, 7}, {9.8, 4.4}, {7.2, 4}, {8, 1.5}},
+                GREY, 1);
+    canvas.Line({{5.4, 8.6}, {9.6, 12.8}}, RED, 1.8);
+    canvas.Line({{9.6, 8.6}, {5.4, 12.8}}, RED, 1.8);
+}
+
+/// The edge of a sheet, broken off all round.
+void DrawNoFile(Canvas &canvas)
+{
+    for (const qreal x : {3.5, 12.5}) {
+        for (const qreal y : {2.0, 5.6, 9.2, 12.8})
+            canvas.Line({{x, y}, {x, y + 1.4}}, GREY, 1);
+    }
+    for (const qreal y : {1.5, 14.5}) {
+        for (const qreal x : {5.0, 9.2})
+            canvas.Line({{x, y}, {x + 1.8, y}}, GREY, 1);
+    }
+}
+
+void DrawTextFile(Canvas &canvas)
+{
+    DrawPage(canvas, GREY);
+    for (const qreal y : {4.5, 7.0, 9.5})
+        canvas.Line({{5.6, y}, {10.4, y}}, GREY.darker(130), 1);
+    canvas.Line({{5.6, 12}, {8.4, 12}}, GREY.darker(130), 1);
+}
+
+void DrawArchive(Canvas &canvas)
+{
+    canvas.Fill({1.5, 3, 13, 11}, ORANGE, 1);
+    canvas.Fill({1.5, 3, 13, 3}, ORANGE.darker(125), 0.6);
+    canvas.Fill({6.6, 4.6, 2.8, 4.8}, PAPER, 0.6);
+}
+
 void DrawOpen(Canvas &canvas)
 {
     canvas.Fill({1, 3, 6, 4}, YELLOW.darker(115));
@@ -245,6 +290,16 @@ void Draw(UiIcon icon, QPainter &painter)
         return DrawLayouts(canvas);
     case UiIcon::Project:
         return DrawProject(canvas);
+    case UiIcon::NewFile:
+        return DrawNewFile(canvas);
+    case UiIcon::MissingFile:
+        return DrawMissingFile(canvas);
+    case UiIcon::NoFile:
+        return DrawNoFile(canvas);
+    case UiIcon::TextFile:
+        return DrawTextFile(canvas);
+    case UiIcon::Archive:
+        return DrawArchive(canvas);
     case UiIcon::Open:
         return DrawOpen(canvas);
     case UiIcon::Save:

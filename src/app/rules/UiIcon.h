@@ -16,6 +16,12 @@ enum class UiIcon
     Strings,
     Layouts,
     Project,
+    // rows of the list of files
+    NewFile,
+    MissingFile,
+    NoFile,
+    TextFile,
+    Archive,
     // actions
     Open,
     Save,

@@ -1,6 +1,7 @@
 #include "Panes.h"
 
 #include "CDefaultView.h"
+#include "CFileView.h"
 #include "CStringView.h"
 
 namespace
@@ -15,6 +16,7 @@ struct PaneEntry
 constexpr PaneEntry PANES[] = {
     {Pane::Default,
      [](const PaneParts &parts) -> QWidget * { return new CDefaultView(parts.document, parts.selection, parts.tree); }},
+    {Pane::Files, [](const PaneParts &parts) -> QWidget * { return new CFileView(parts.document, parts.host); }},
     {Pane::Strings, [](const PaneParts &parts) -> QWidget * { return new CStringView(parts.document, parts.host); }},
 };
 
