@@ -49,6 +49,21 @@ QImage ReadyToDraw(QImage image, QSize most)
     return shown == image.size() ? image : image.scaled(shown, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
+/// Says whether a jpg has more scans than the converter reads: each one takes as long as all pixels do, and can have
+/// few bytes. The input is at its start again.
+bool HasTooManyScans(QIODevice &input)
+{
+    constexpr int MOST_SCANS = 256;
+    constexpr qint64 CHUNK = 1 << 16;
+    int scans = 0;
+    QByteArray chunk;
+    do {
+        chunk = chunk.right(1) + input.read(CHUNK); // a mark may be in two chunks
+        scans += int(chunk.count("\xFF\xDA"));
+    } while (chunk.size() > 1 && scans <= MOST_SCANS);
+    return !input.seek(0) || scans > MOST_SCANS;
+}
+
 /// False, with the reason, when a picture is too large or has no size.
 bool TakeSize(LoadedPicture &loaded, QSize size)
 {
@@ -98,13 +113,18 @@ LoadedPicture DecodePicture(QIODevice &input, QSize most)
         loaded.problem = QStringLiteral("it is no bmp, gif, jpg or png picture");
         return loaded;
     }
+    const bool isJpg = format == "jpeg";
+    if (isJpg && HasTooManyScans(input)) {
+        loaded.problem = QStringLiteral("it has more scans than a picture needs");
+        return loaded;
+    }
     QImageReader reader(&input, format);
     reader.setAutoDetectImageFormat(false);
     reader.setAutoTransform(false);
     if (!TakeSize(loaded, reader.size()) || most.isEmpty())
         return loaded;
     // A jpg is decoded the faster the smaller it gets. The others would be scaled without regard to transparency.
-    if (format == "jpeg")
+    if (isJpg)
         reader.setScaledSize(Fitted(loaded.size, most));
     QImage image;
     if (reader.read(&image))
