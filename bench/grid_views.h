@@ -1,8 +1,8 @@
 #pragma once
 
 #include "CListGrid.h"
+#include "application.h"
 
-#include <QApplication>
 #include <QHeaderView>
 
 #include <benchmark/benchmark.h>
@@ -10,16 +10,6 @@
 #include <ctime>
 
 // Lists to compare: the program's and Qt's own.
-
-inline void NeedApplication()
-{
-    static char name[] = "micro";
-    static char *arguments[] = {name, nullptr};
-    static int count = 1;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    if (!QApplication::instance())
-        new QApplication(count, arguments);
-}
 
 /// Shows the columns of a model in equal widths, and about 41 rows.
 inline void SetUp(QTableView &view, QAbstractItemModel &model)

@@ -31,13 +31,17 @@ need_packages() {
     $sudo env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null
 }
 
-# configure_and_build FOLDER [cmake option ...]: configures once, builds what changed.
-configure_and_build() {
+# configure FOLDER [cmake option ...]
+configure() {
     local folder="$1"
     shift
-    say "Building into $folder"
     mkdir -p "$folder"
     cmake -S . -B "$folder" -G Ninja -DCMAKE_C_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_COMPILER_LAUNCHER=ccache "$@" >"$folder/configure.log" 2>&1 ||
         { cat "$folder/configure.log"; return 1; }
-    cmake --build "$folder"
+}
+
+# configure_and_build FOLDER [cmake option ...]: configures once, builds what changed.
+configure_and_build() {
+    say "Building into $1"
+    configure "$@" && cmake --build "$1"
 }

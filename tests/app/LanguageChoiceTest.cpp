@@ -1,32 +1,12 @@
 // Which languages a project has: the choice among those of the language table, without a window.
 #include "CLangFltr.h"
+#include "FakeBoxes.h"
 #include "TableProject.h"
-#include "ViewBoxes.h"
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-
-/// Answers questions with the next answers, and keeps what was asked.
-struct FakeBoxes : IViewBoxes
-{
-    bool Ask(const QString &with, const QString &question)
-    {
-        asked.append(with + question);
-        return answers.takeFirst();
-    }
-    bool AskYesNo(const QString &question) override { return Ask(u"Yes/No: "_s, question); }
-    bool AskOkCancel(const QString &question) override { return Ask(u"OK/Cancel: "_s, question); }
-    Answer AskYesNoCancel(const QString &) override { return Answer::Cancel; }
-    void ShowMessage(const QString &, std::function<void()>) override {}
-    QStringList OpenFileDialog(const QString &, int, bool, const QString &) override { return {}; }
-    QString SaveFileDialog(const QString &, const QString &) override { return {}; }
-    bool RunDialog(QDialog &) override { return false; }
-
-    QStringList asked;
-    QList<bool> answers;
-};
 
 /// A project with English and a language that the table of languages doesn't have, and the choice as it opens.
 struct LanguageChoice : TableProject

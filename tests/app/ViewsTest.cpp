@@ -3,7 +3,7 @@
 #include "ResourceCounts.h"
 #include "StatusPane.h"
 #include "TestWindow.h"
-#include "TitleBarStyle.h"
+#include "ProgramStyle.h"
 #include "TreeLines.h"
 
 #include <QClipboard>
@@ -117,9 +117,9 @@ TEST(TreeLines, AreThoseOfTheOtherDirectionInAMirror)
     QApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
 }
 
-TEST(TitleBarStyle, ButtonsAndLinesOfGridsStandOutOnADarkDesktop)
+TEST(ProgramStyle, ButtonsAndLinesOfGridsStandOutOnADarkDesktop)
 {
-    const TitleBarStyle style;
+    const ProgramStyle style;
     QStyleOption option;
     for (const QColor &window : {QColor(0x2B, 0x2B, 0x2B), QColor(0xEF, 0xEF, 0xEF)}) {
         const bool isDark = window.lightness() < 128;
@@ -140,9 +140,9 @@ TEST(TitleBarStyle, ButtonsAndLinesOfGridsStandOutOnADarkDesktop)
     }
 }
 
-TEST(TitleBarStyle, EndsATitleOfAColumnThatIsTooLongInAnEllipsis)
+TEST(ProgramStyle, EndsATitleOfAColumnThatIsTooLongInAnEllipsis)
 {
-    const TitleBarStyle style;
+    const ProgramStyle style;
     QImage image(60, 20, QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);

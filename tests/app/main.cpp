@@ -1,5 +1,5 @@
 // The tests of the window: real events to real widgets, without a screen.
-#include "TitleBarStyle.h"
+#include "ProgramStyle.h"
 
 #include <QApplication>
 
@@ -11,6 +11,6 @@ int main(int argc, char **argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
-    QApplication::setStyle(new TitleBarStyle);
+    QApplication::setStyle(new ProgramStyle);
     return RUN_ALL_TESTS();
 }

@@ -1,11 +1,12 @@
 // Takes pictures of the window's main states, with the sample: app_pictures FOLDER [dark] [rtl]. QT_SCALE_FACTOR=2
 // takes them for a sharp screen. "rtl" shows a right-to-left window. With "icons" behind FOLDER it makes the
 // application's icon in the usual sizes instead.
+#include "ProgramStyle.h"
 #include "TestWindow.h"
-#include "TitleBarStyle.h"
 #include "UiIcons.h"
 
 #include <QDockWidget>
+#include <QFileInfo>
 #include <QListWidget>
 #include <QMenu>
 #include <QSplitter>
@@ -93,15 +94,16 @@ void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
         QTest::keyClick(QApplication::focusWidget(), key, modifiers);
 }
 
-void TakeLanguages(TestWindow &window, const QString &folder)
+/// The dialog that an action opens.
+void TakeDialog(TestWindow &window, const QString &folder, const char *name, ActionId id)
 {
     QTimer::singleShot(100, [&] {
         if (QWidget *dialog = QApplication::activeModalWidget()) {
-            dialog->grab().save(folder + u"/languages.png"_s);
+            dialog->grab().save(folder + u'/' + QLatin1String(name) + u".png"_s);
             dialog->close();
         }
     });
-    window.Frame().RunAction(ACTION_LANGUAGE);
+    window.Frame().RunAction(id);
 }
 
 /// The string view: plain, with an editor, with its bars, and with the question of a replacement.
@@ -141,7 +143,7 @@ void TakeStrings(TestWindow &window, const QString &folder)
     Take(window, folder, "string-narrow");
     window.Frame().RunAction(ACTION_DETAILS);
     PressKey(Qt::Key_Escape);
-    TakeLanguages(window, folder);
+    TakeDialog(window, folder, "languages", ACTION_LANGUAGE);
     window.Frame().resize(900, 560);
 }
 
@@ -154,6 +156,13 @@ void TakeAll(TestWindow &window, const QString &folder, const QString &sample)
     window.Tree().setCurrentItem(window.Row(u"Images"_s));
     window.Document().SetModifiedFlag(true);
     Take(window, folder, "images");
+    window.Tree().SetContextFolder(&window.Document().root);
+    TakeDialog(window, folder, "resolutions", ACTION_RESOLUTION);
+    QFile list(QFileInfo(sample).path() + u"/weatherclock_res.lst"_s);
+    if (list.open(QFile::WriteOnly))
+        list.write(".\\sound\\alarm.mp3\r\n.\\images\\240x320\\background.png\r\n/home/x/shared/boot.bin");
+    list.close();
+    TakeDialog(window, folder, "v1-list", ACTION_V1_LIST);
     window.Tree().setCurrentItem(window.Row(u"Images"_s)->child(0));
     window.Frame().Notices().Add(
         window.Document(), u"3 elements were left out when the project was opened. The files that this save replaced "
@@ -206,7 +215,7 @@ int main(int argc, char **argv)
         return 0;
     }
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
-    QApplication::setStyle(new TitleBarStyle);
+    QApplication::setStyle(new ProgramStyle);
     const QStringList looks = QApplication::arguments().sliced(2);
     if (looks.contains(u"dark"_s))
         QApplication::setPalette(DarkPalette());

@@ -100,18 +100,34 @@ TEST_F(ResDoc, AChangedListReplacesTheTreeAndLocalChangesAreGone)
     EXPECT_EQ(doc->root.subfolders.size(), 3U);
     EXPECT_FALSE(doc->IsModified());
     EXPECT_TRUE(other.updates == 1 && projView.updates == 1);
-    Files().Clear();
+    Files().resources.First()->Rename(doc->ids, "ID_LOCAL");
     EXPECT_TRUE(doc->IsModified()) << "the new nodes are watched too";
-    project.folder.Put(LIST, "<APP>");
+    project.folder.Put(LIST, "<APP>"); // another program is in the middle of its writing
     EXPECT_THROW(doc->OnWatchedFileChanged(Handle(LIST)), ArchiveException);
+    EXPECT_EQ(NamesIn(Files()), "ID_LOCAL");
+    EXPECT_TRUE(doc->IsModified() && doc->IsUnreadable());
     (void)project.TakeOutput();
     EXPECT_TRUE(doc->DoFileSave() && doc->lastSave.write != 0);
     EXPECT_TRUE(project.TakeOutput().contains("Error 1: failed to write to file"));
-    EXPECT_EQ(project.folder.Get(LIST), "<APP>") << "a tree that was lost replaces nothing";
+    EXPECT_EQ(project.folder.Get(LIST), "<APP>") << "what is older replaces nothing";
     project.folder.Put(LIST, "<APP><FILE id=\"ID_AGAIN\"/></APP>");
     EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::TakenIn) << "once the file is repaired";
     EXPECT_EQ(NamesIn(Files()), "ID_AGAIN");
     EXPECT_FALSE(doc->IsUnreadable() || doc->IsModified());
+}
+
+TEST_F(ResDoc, AChangedConfigurationReplacesTheTreeToo)
+{
+    const QByteArray whole = project.folder.Get("demo/config.xml");
+    EXPECT_EQ(doc->WatchedClass(Handle("demo/config.xml")), WATCH_CONFIGURATION);
+    project.folder.Put("demo/config.xml", whole.first(whole.size() / 2));
+    EXPECT_THROW(doc->OnWatchedFileChanged(Handle("demo/config.xml")), ArchiveException);
+    const quint32 handle = Handle("demo/config.xml");
+    project.folder.Put("demo/config.xml", whole);
+    doc->OnWatchedFileChanged(handle);
+    EXPECT_FALSE(doc->IsUnreadable());
+    EXPECT_GT(Handle("demo/config.xml"), handle) << "a notice that comes late asks nothing";
+    EXPECT_FALSE(doc->WatchedClass(handle));
 }
 
 TEST_F(ResDoc, AChangedStringFileIsReadAgainAndShownWhereStringsAre)
@@ -129,6 +145,7 @@ TEST_F(ResDoc, AChangedStringFileIsReadAgainAndShownWhereStringsAre)
     project.folder.Put(STRINGS, half);
     EXPECT_THROW(doc->OnWatchedFileChanged(Handle(STRINGS)), ArchiveException);
     EXPECT_TRUE(doc->IsUnreadable()) << "nothing may be packed";
+    EXPECT_NE(doc->ids.FindName("ID_BYE"), nullptr);
     EXPECT_TRUE(doc->DoFileSave() && doc->lastSave.write != 0);
     EXPECT_EQ(project.folder.Get(STRINGS), half);
     project.folder.Put(STRINGS, whole);
@@ -148,7 +165,7 @@ TEST_F(ResDoc, WatchesItsFilesWhileItIsOpenButNotItsOwnWriting)
     QDir::setCurrent(u"/"_s);
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_EQ(QDir::currentPath(), project.folder.Path("demo"));
-    EXPECT_EQ(project.monitor.watched.size(), 2U);
+    EXPECT_EQ(project.monitor.watched.size(), 3U);
     EXPECT_TRUE(Handle(LIST) > 2 && Handle(STRINGS) > 2);
     for (const quint32 handle : handles)
         doc->OnWatchedFileChanged(handle); // means nothing, or nothing any more
@@ -161,7 +178,7 @@ TEST_F(ResDoc, WatchesItsFilesWhileItIsOpenButNotItsOwnWriting)
     doc->WatchFile(layout, WATCH_LAYOUT);
     EXPECT_EQ(project.monitor.flags[project.monitor.HandleOf(layout)].first, &project.flags.layouts[layout]);
     doc->UnwatchFile(u"unknown"_s, WATCH_LAYOUT);
-    EXPECT_EQ(project.monitor.watched.size(), 3U);
+    EXPECT_EQ(project.monitor.watched.size(), 4U);
     doc->UnwatchFile(layout, WATCH_LAYOUT);
     EXPECT_EQ(project.monitor.HandleOf(layout), 0U);
     project.documents.CloseAll();

@@ -268,6 +268,15 @@ TEST_F(Layouts, AreReadAgainWhenTheirFileChanges)
     EXPECT_EQ(Save(), "");
     EXPECT_EQ(Written(), Elements(NAMED));
 
+    const QByteArray whole = project.folder.Get(FILE);
+    project.folder.Put(FILE, whole.first(whole.size() / 2));
+    EXPECT_THROW(doc->OnWatchedFileChanged(Handle(FILE)), ArchiveException);
+    EXPECT_EQ(Titles(), QStringList({u"ID_NEW"_s, u"ID_B"_s})) << "what is open stays";
+    EXPECT_TRUE(Save(-3).contains("failed to write"));
+    project.folder.Put(FILE, whole);
+    doc->OnWatchedFileChanged(Handle(FILE));
+    EXPECT_EQ(Save(), "");
+
     // Of another resolution's layout of that name nothing was read.
     CResFolder *const other = doc->root.FindFolder(KIND_RESO_LAYOUTS, 0, 2);
     other->AddFolder(doc->CreateFolder(KIND_LAYOUT, 0));

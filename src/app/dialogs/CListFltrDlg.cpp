@@ -3,14 +3,9 @@
 #include "CListGrid.h"
 #include "CheckListModel.h"
 
-#include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QPushButton>
-#include <QScreen>
-#include <QScrollBar>
 #include <QStyledItemDelegate>
-#include <QVBoxLayout>
 
 namespace
 {
@@ -36,21 +31,18 @@ protected:
 } // namespace
 
 CListFltrDlg::CListFltrDlg(IListFltrHelper &listHelper, Settings &programSettings, QWidget *parent)
-    : QDialog(parent), helper(listHelper), stored(programSettings, CONTROL), grid(new CListGrid(this)),
+    : CheckDialog(parent), helper(listHelper), stored(programSettings, CONTROL), grid(new CListGrid(this)),
       sortState(stored.SortState(0))
 {
-    setWindowTitle(QStringLiteral("Select..."));
     helper.InitList(list);
     list.onCheck = [this](qint32 itemData, bool checked) { helper.OnCheck(itemData, checked); };
     model = new CheckListModel(list, this);
     if (!list.CanSort(sortState))
         sortState = 0;
-    auto *const rows = new QVBoxLayout(this);
-    rows->addWidget(grid, 1);
     MakeGrid();
-    MakeButtons();
+    MakeContent(*grid, list.rows.empty(), [this](bool checked) { model->SetAll(checked); });
     Sort();
-    FitSize();
+    FitRows();
 }
 
 void CListFltrDlg::MakeGrid()
@@ -64,38 +56,11 @@ void CListFltrDlg::MakeGrid()
     connect(grid->horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int column) { SortBy(column); });
 }
 
-void CListFltrDlg::MakeButtons()
+/// Room for the columns and some rows.
+void CListFltrDlg::FitRows()
 {
-    auto *const row = new QHBoxLayout;
-    for (const bool checked : {true, false}) {
-        auto *const all = new QPushButton(checked ? QStringLiteral("Select All") : QStringLiteral("Clear All"), this);
-        all->setEnabled(!list.rows.empty());
-        connect(all, &QPushButton::clicked, this, [this, checked] { model->SetAll(checked); });
-        row->addWidget(all);
-    }
-    auto *const ends = new QDialogButtonBox(this);
-    QPushButton *const ok = ends->addButton(QDialogButtonBox::Ok);
-    ok->setText(QStringLiteral("OK"));
-    ok->setDefault(true);
-    ends->addButton(QDialogButtonBox::Cancel)->setText(QStringLiteral("Cancel"));
-    connect(ends, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(ends, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    row->addStretch(1);
-    row->addWidget(ends);
-    static_cast<QVBoxLayout *>(layout())->addLayout(row);
-}
-
-/// Room for the columns and some rows, but within the screen.
-void CListFltrDlg::FitSize()
-{
-    constexpr double MOST_OF_SCREEN = 0.9;
-    const int frame = 2 * grid->frameWidth();
-    QSize size(grid->horizontalHeader()->length() + grid->verticalScrollBar()->sizeHint().width() + frame,
-               grid->horizontalHeader()->sizeHint().height() + ROWS * grid->verticalHeader()->defaultSectionSize() +
-                   frame);
-    size += sizeHint() - QSize(sizeHint().width(), grid->sizeHint().height());
-    size.rwidth() += layout()->contentsMargins().left() + layout()->contentsMargins().right();
-    resize(size.expandedTo(minimumSizeHint()).boundedTo(screen()->availableSize() * MOST_OF_SCREEN));
+    const QHeaderView &header = *grid->horizontalHeader();
+    FitSize(*grid, {header.length(), header.sizeHint().height() + ROWS * grid->verticalHeader()->defaultSectionSize()});
 }
 
 void CListFltrDlg::Sort()
@@ -134,18 +99,18 @@ bool CListFltrDlg::eventFilter(QObject *watched, QEvent *event)
             return true;
         }
     }
-    return QDialog::eventFilter(watched, event);
+    return CheckDialog::eventFilter(watched, event);
 }
 
 void CListFltrDlg::accept()
 {
     if (helper.Apply(list))
-        QDialog::accept();
+        CheckDialog::accept();
 }
 
 void CListFltrDlg::done(int result)
 {
     const std::vector<int> widths = grid->Widths();
     (void)stored.Save(QList<int>(widths.begin(), widths.end()), sortState);
-    QDialog::done(result);
+    CheckDialog::done(result);
 }

@@ -1,9 +1,8 @@
 #pragma once
 
+#include "CheckDialog.h"
 #include "CheckList.h"
 #include "ListSettings.h"
-
-#include <QDialog>
 
 class CheckListModel;
 class CListGrid;
@@ -14,7 +13,7 @@ class CListGrid;
 ///     CLangFltr helper(table, document, strings, boxes);
 ///     CListFltrDlg dialog(helper, settings, window());
 ///     (void)boxes.RunDialog(dialog);
-class CListFltrDlg : public QDialog
+class CListFltrDlg : public CheckDialog
 {
 public:
     /// Has the helper fill the list. Both must live longer.
@@ -30,8 +29,7 @@ protected:
 
 private:
     void MakeGrid();
-    void MakeButtons();
-    void FitSize();
+    void FitRows();
     void Sort();
     void SortBy(int column);
     /// Turns the check of the row in focus, and gives the other selected rows the same.

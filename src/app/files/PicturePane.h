@@ -37,7 +37,15 @@ public:
     std::function<void(bool isOn)> thumbnailsTurned;
     void ShowThumbnailsState(bool isOn);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
 private:
+    /// The height is the same for all files.
+    void FitHeight();
+
     struct Parts;
     std::unique_ptr<Parts> parts;
 };

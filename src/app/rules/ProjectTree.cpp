@@ -51,6 +51,11 @@ bool GoesWith(const CResFolder &folder, const CResFolder &going)
     return &folder == &going ? folder.kind == KIND_LAYOUT : IsWithin(folder, going);
 }
 
+bool HasResolutions(const CResFolder &folder)
+{
+    return folder.kind == KIND_ROOT || folder.kind == KIND_IMAGES || folder.kind == KIND_LAYOUTS;
+}
+
 QString ClearQuestion(const QString &label)
 {
     return QStringLiteral("All resources of \"%1\" will be deleted. Continue?").arg(label);

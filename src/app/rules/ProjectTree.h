@@ -20,6 +20,9 @@ class CResModel;
 /// (ITreeListener). Of the folders with rows only a layout's is deleted itself; others are emptied.
 [[nodiscard]] bool GoesWith(const CResFolder &folder, const CResFolder &going);
 
+/// Says whether there are resolutions to choose below a folder: the root, that of the images and that of the layouts.
+[[nodiscard]] bool HasResolutions(const CResFolder &folder);
+
 /// The question before a folder is emptied.
 [[nodiscard]] QString ClearQuestion(const QString &label);
 

@@ -4,7 +4,7 @@
 #include <QList>
 #include <QRect>
 
-/// What the lines in front of a row of the project tree depend on.
+/// What the lines in front of a row of a tree depend on.
 struct TreeLinesRow
 {
     bool hasChildren = false; ///< a sign that opens and closes the row is in the way
@@ -13,7 +13,7 @@ struct TreeLinesRow
     QList<bool> goesOn;
 };
 
-/// The lines from a folder of the project tree to what is below it, in the part of a row that is left of the icon, or
+/// The lines from an item of a tree to what is below it, in the part of a row that is left of the icon, or
 /// right of it in a right-to-left window. `indentation` is the width of a level in pixels.
 [[nodiscard]] QList<QLine> TreeLines(const QRect &part, int indentation, Qt::LayoutDirection direction,
                                      const TreeLinesRow &row);

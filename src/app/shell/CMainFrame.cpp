@@ -2,6 +2,7 @@
 
 #include "Actions.h"
 #include "CInfoPane.h"
+#include "CZEP10ResDlg.h"
 #include "DroppedFiles.h"
 #include "Environment.h"
 #include "IdeCommandHandler.h"
@@ -23,9 +24,9 @@
 #include <utility>
 
 CMainFrame::CMainFrame(Environment &environment, const ProcessTables &processTables, CDocManager &documentManager)
-    : env(environment), documents(documentManager), area(new ProjectArea(this)), menus(*this, *area, route),
-      bars(*this, env, processTables), projects(env, documents, boxes), status(new StatusPane(statusBar())),
-      indicators(*statusBar())
+    : env(environment), tables(processTables), documents(documentManager), area(new ProjectArea(this)),
+      menus(*this, *area, route), bars(*this, env, tables), projects(env, documents, boxes),
+      status(new StatusPane(statusBar())), indicators(*statusBar())
 {
     setWindowTitle(QStringLiteral("Morvanite"));
     setWindowIcon(MakeIcon(UiIcon::Application));
@@ -102,6 +103,7 @@ std::optional<ActionState> CMainFrame::StateOf(ActionId id) const
     case ACTION_EXIT:
     case ACTION_ABOUT:
     case ACTION_NEW_FILE:
+    case ACTION_V1_LIST:
         return ActionState{};
     case ACTION_TOOLBAR:
         return ActionState{true, !menus.ToolBar().isHidden()};
@@ -150,6 +152,8 @@ void CMainFrame::Run(ActionId id)
         return Arrange(id);
     case ACTION_ARRANGE_ICONS:
         return area->ArrangeIcons();
+    case ACTION_V1_LIST:
+        return EditV1List();
     default:
         return;
     }
@@ -165,6 +169,13 @@ void CMainFrame::Arrange(ActionId id)
         area->tileSubWindows();
     if (focus)
         focus->setFocus(); // which a window that changes its form gives away
+}
+
+/// Of the project that was opened last, whichever is active.
+void CMainFrame::EditV1List()
+{
+    CZEP10ResDlg dialog(env, tables.projectPath, boxes, this);
+    (void)boxes.RunDialog(dialog);
 }
 
 /// The panes are those of the active project, and the output while it is in sight.

@@ -81,12 +81,14 @@ private:
     void EndSession(QSessionManager &session);
     void GoToPane(int step);
     void Arrange(ActionId id);
+    void EditV1List();
     void StoreState();
     [[nodiscard]] bool MayCloseAll(QStringList &told);
     void TellUnread(const QStringList &texts);
     [[nodiscard]] std::vector<IActionTarget *> Targets() const;
 
     Environment &env;
+    const ProcessTables &tables;
     CDocManager &documents;
     ChannelTurn turn;
     UserBoxes boxes{*this, turn};

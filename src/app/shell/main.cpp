@@ -1,7 +1,7 @@
 #include "Boxes.h"
 #include "CMorvaniteApp.h"
 #include "SingleInstance.h"
-#include "TitleBarStyle.h"
+#include "ProgramStyle.h"
 #include "TypedText.h"
 #include "UiIcons.h"
 
@@ -50,7 +50,7 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "morvanite: %s\n", qUtf8Printable(error));
 
     QApplication application(argc, argv);
-    QApplication::setStyle(new TitleBarStyle);
+    QApplication::setStyle(new ProgramStyle);
     QApplication::setApplicationName(QStringLiteral("morvanite"));
     QApplication::setApplicationVersion(QStringLiteral(MORVANITE_VERSION));
     QApplication::setWindowIcon(MakeIcon(UiIcon::Application));

@@ -1,18 +1,18 @@
 #include "CProjView.h"
 
 #include "Actions.h"
+#include "CResoFltr.h"
+#include "CTreeFltrDlg.h"
 #include "CopyGuard.h"
 #include "EditActions.h"
 #include "LabelDelegate.h"
 #include "ProjectTree.h"
-#include "TreeLines.h"
 #include "UiIcons.h"
 #include "ViewMenu.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QHeaderView>
-#include <QPainter>
 #include <QScopedValueRollback>
 
 bool LeadsOut(const QKeyEvent &key)
@@ -76,7 +76,7 @@ void CProjView::OnUpdate(CView *sender, long, CView *target)
 void CProjView::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::RightButton)
-        return QTreeWidget::mousePressEvent(event);
+        return LinedTree::mousePressEvent(event);
     setFocus();
     event->accept();
 }
@@ -86,7 +86,7 @@ void CProjView::keyPressEvent(QKeyEvent *event)
     if (state() == EditingState)
         return; // a key that the label has no use for
     if (!LeadsOut(*event))
-        return QTreeWidget::keyPressEvent(event);
+        return LinedTree::keyPressEvent(event);
     (void)selection.GoOut();
 }
 
@@ -95,30 +95,15 @@ QItemSelectionModel::SelectionFlags CProjView::selectionCommand(const QModelInde
 {
     if (!index.isValid())
         return QItemSelectionModel::NoUpdate;
-    const QItemSelectionModel::SelectionFlags flags = QTreeWidget::selectionCommand(index, event);
+    const QItemSelectionModel::SelectionFlags flags = LinedTree::selectionCommand(index, event);
     return flags & (QItemSelectionModel::Toggle | QItemSelectionModel::Deselect) ? QItemSelectionModel::ClearAndSelect
                                                                                  : flags;
-}
-
-/// Lines from a folder to what is below it; they leave room for the sign that opens and closes.
-void CProjView::drawBranches(QPainter *painter, const QRect &rect, const QModelIndex &index) const
-{
-    TreeLinesRow row{index.model()->hasChildren(index), !index.parent().isValid() && index.row() == 0, {}};
-    for (QModelIndex each = index; each.isValid(); each = each.parent())
-        row.goesOn.append(each.siblingAtRow(each.row() + 1).isValid());
-    QColor color = palette().color(QPalette::Text);
-    color.setAlphaF(0.3F);
-    painter->save();
-    painter->setPen(color);
-    painter->drawLines(TreeLines(rect, indentation(), layoutDirection(), row));
-    painter->restore();
-    QTreeWidget::drawBranches(painter, rect, index);
 }
 
 /// What changed while the tree was out of sight shows now.
 void CProjView::showEvent(QShowEvent *event)
 {
-    QTreeWidget::showEvent(event);
+    LinedTree::showEvent(event);
     if (!event->spontaneous())
         Fill();
 }
@@ -227,6 +212,8 @@ std::optional<ActionState> CProjView::StateOf(ActionId id) const
     switch (id) {
     case ACTION_CLEAR:
         return ActionState{folder != nullptr};
+    case ACTION_RESOLUTION:
+        return ActionState{folder && HasResolutions(*folder)};
     case ACTION_RENAME:
     case ACTION_DELETE:
         return ActionState{CanEditLabel(folder)};
@@ -245,6 +232,8 @@ void CProjView::Run(ActionId id)
         return;
     if (id == ACTION_CLEAR)
         Clear(*folder);
+    else if (id == ACTION_RESOLUTION)
+        (void)ChooseResolutions(*folder);
     else if (id == ACTION_RENAME)
         editItem(ItemOf(folder));
     else if (id == ACTION_NEW_LAYOUT)
@@ -291,6 +280,20 @@ void CProjView::Clear(CResFolder &folder)
         return;
     document.ClearByKind(folder);
     document.UpdateAllViews(nullptr);
+}
+
+bool CProjView::ChooseResolutions(CResFolder &folder)
+{
+    if (!HasResolutions(folder))
+        return false;
+    const bool isRoot = folder.kind == KIND_ROOT;
+    CResFolder *const first = isRoot ? folder.FindFolder(KIND_IMAGES, 2) : &folder;
+    CResFolder *const second = isRoot ? folder.FindFolder(KIND_LAYOUTS, 2) : nullptr;
+    CResoFltr helper(document, first, second, host.Boxes());
+    CTreeFltrDlg dialog(helper, window());
+    if (host.Boxes().RunDialog(dialog))
+        document.UpdateAllViews(nullptr); // which fills the tree anew
+    return true;
 }
 
 void CProjView::contextMenuEvent(QContextMenuEvent *event)

@@ -3,16 +3,15 @@
 #include "ActionTarget.h"
 #include "CResDoc.h"
 #include "FolderKinds.h"
+#include "LinedTree.h"
 #include "Selection.h"
 #include "ViewHost.h"
-
-#include <QTreeWidget>
 
 /// Says whether a key leads out of a folder, to the one above it: Backspace and Alt+Up.
 [[nodiscard]] bool LeadsOut(const QKeyEvent &key);
 
 /// The project tree, left in a project's window: the folders in use, whose selection decides what stands right of it.
-class CProjView : public QTreeWidget, public CView, public IActionTarget, public ITreeListener
+class CProjView : public LinedTree, public CView, public IActionTarget, public ITreeListener
 {
 public:
     CProjView(CResDoc &projectDocument, Selection &folderSelection, IViewHost &viewHost);
@@ -33,6 +32,9 @@ public:
     /// Opens the menu of a folder, and runs the action that is chosen there on that folder. Returns when the menu is
     /// closed and the action has run.
     void OpenContextMenu(CResFolder &folder, const QPoint &globalPlace);
+    /// Has the user choose the resolutions of the project's root, of its images or of its layouts, and applies the
+    /// choice. False for any other folder, where nothing is asked.
+    bool ChooseResolutions(CResFolder &folder);
     /// Makes the actions to come act on that folder; null: on the selected one.
     void SetContextFolder(CResFolder *folder) { contextFolder = folder; }
 
@@ -41,7 +43,6 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void showEvent(QShowEvent *event) override;
-    void drawBranches(QPainter *painter, const QRect &rect, const QModelIndex &index) const override;
     [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
                                                                        const QEvent *event) const override;
 

@@ -9,11 +9,14 @@
 
 class CDocument;
 
-/// Ends the loading of a document. Cause 7 is a document that can't be read.
+/// Ends the loading of a document.
 struct ArchiveException
 {
     int cause;
 };
+
+/// The cause of an ArchiveException: the document can't be read.
+inline constexpr int CAUSE_BAD_DOCUMENT = 7;
 
 /// A view of a document; owned by its window.
 class CView

@@ -4,10 +4,8 @@
 
 FileStamp FileStamp::Of(QStringView path)
 {
-    FileStamp stamp;
-    if (stat(HostPath(path).constData(), &stamp.info) != 0)
-        return {};
-    return stamp;
+    struct stat info;
+    return stat(HostPath(path).constData(), &info) == 0 ? FileStamp(info) : FileStamp();
 }
 
 bool FileStamp::operator==(const FileStamp &other) const

@@ -14,6 +14,8 @@ class FileStamp
 public:
     /// The stamp of no file.
     FileStamp() = default;
+    /// Of what the system says about a file.
+    explicit FileStamp(const struct stat &fileInfo) : info(fileInfo) {}
     /// The stamp of the file at `path`, links followed.
     [[nodiscard]] static FileStamp Of(QStringView path);
 

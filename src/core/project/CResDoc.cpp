@@ -22,7 +22,6 @@
 namespace
 {
 
-constexpr int CAUSE_BAD_DOCUMENT = 7;
 constexpr int OLDEST_VERSION = 20;
 
 } // namespace
@@ -147,7 +146,9 @@ void CResDoc::Load()
     NoteFile(env.settings.ProjectFile());
     filePatterns = FileClassifier::AllPatterns(env.settings);
     LoadClasses();
-    NoteFile(ProjectContext(m_strPathName, *this).ConfigPath());
+    const QString configuration = ProjectContext(m_strPathName, *this).ConfigPath();
+    NoteFile(configuration);
+    WatchFile(configuration, WATCH_CONFIGURATION);
     if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
     losses = env.ErrorCount + env.DroppedCount;
@@ -195,7 +196,7 @@ bool CResDoc::OnSaveDocument(const QString &path)
     ProjectLock lock; // until the stamps of what was written are taken
     const bool isLocked = lock.Take(env, SavedProjectOf(env, path));
     const Outside outside = isLocked ? TakeInChanges() : Outside::Unreadable;
-    const bool isBlocked = outside == Outside::Unreadable || treeLost;
+    const bool isBlocked = outside == Outside::Unreadable || reloadFailed;
     env.ResetCounts();
     if (isLocked && isBlocked) {
         env.Explain(
@@ -296,60 +297,6 @@ void CResDoc::WatchFile(const QString &path, WatchClass watchClass)
     watches.Watch(path, watchClass);
     if (watchClass == WATCH_STRINGS)
         refPath = path;
-}
-
-void CResDoc::OnWatchedFileChanged(quint32 handle)
-{
-    if (handle == 0)
-        return;
-    env.RefreshSettings();
-    env.ResetCounts();
-    findings.Clear();
-    if (!SetCurrentFolder(DirectoryOf(m_strPathName)))
-        return; // the file went with its folder: there is nothing to load
-    const std::optional<ProjectWatches::Watched> watched = watches.Find(handle);
-    if (!watched)
-        return;
-    if (watched->watchClass == WATCH_RESOURCES)
-        ReloadResources();
-    else if (watched->watchClass == WATCH_STRINGS)
-        ReloadStrings();
-    else
-        ReloadLayouts(watched->layout);
-}
-
-void CResDoc::ReloadResources()
-{
-    treeLost = true;
-    EmptyTree();
-    try {
-        LoadOneState();
-        treeLost = false;
-    } catch (const ArchiveException &) {
-        UpdateAllViews(nullptr); // of what the failure has left
-        SetModifiedFlag(false);  // and none of that is to be saved
-        throw;
-    }
-    UpdateAllViews(nullptr);
-    SetModifiedFlag(false);
-}
-
-void CResDoc::ReloadStrings()
-{
-    if (treeLost)
-        return ReloadResources();
-    NoteFile(refPath);
-    if (const CResFolder *strings = root.FindFolder(KIND_STRINGS, 2))
-        treeGoes.Tell(*strings);
-    const bool isRead = ReadStringFile(refPath, *this) == 0;
-    if (isRead)
-        KeepWhatIsLeftOut();
-    const CResFolder *selected = selection ? selection->SelectedFolder() : nullptr;
-    if (selected && selected->kind == KIND_STRINGS)
-        UpdateAllViews(selection->ProjView()); // also with what a failure has left
-    treeLost = !isRead;                        // some of the texts may be replaced
-    if (!isRead)
-        throw ArchiveException{CAUSE_BAD_DOCUMENT};
 }
 
 void CResDoc::ChooseFiles(quint32 mask, bool multiSelect, const QString &initialName, QStringList &results)

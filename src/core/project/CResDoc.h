@@ -57,8 +57,11 @@ public:
 
     void WatchFile(const QString &path, WatchClass watchClass);
     void UnwatchFile(const QString &path, WatchClass watchClass) { watches.Unwatch(path, watchClass); }
-    /// Loads again what a watched file holds. Throws ArchiveException when that fails.
+    /// Loads again what a watched file holds. Throws ArchiveException when that fails: the document then stays as it
+    /// is, and isn't saved until a reload succeeds.
     void OnWatchedFileChanged(quint32 handle);
+    /// Which of the document's files a handle watches; nothing for a handle of another document, or an old one.
+    [[nodiscard]] std::optional<WatchClass> WatchedClass(quint32 handle) const;
 
     /// What has become of the changes that others made to the project's files since they were read or written here.
     enum class Outside
@@ -73,7 +76,7 @@ public:
     /// reload that failed it loads again in any case: there is nothing in the document that could be saved.
     Outside TakeInChanges();
     /// The document isn't what the files on the disk are, and they couldn't be loaded, when that was looked at last.
-    [[nodiscard]] bool IsUnreadable() const { return unreadable || treeLost; }
+    [[nodiscard]] bool IsUnreadable() const { return unreadable || reloadFailed; }
 
     /// Takes the stamp of a file that is read next.
     void NoteFile(const QString &path) { stamps.Note(path); }
@@ -121,12 +124,17 @@ private:
     struct Attempt
     {
         bool isLoaded = false;
-        int losses = 0; ///< errors, and what was left out
+        int losses = 0;                  ///< errors, and what was left out
+        QByteArrayList untouchedLayouts; ///< layout files that weren't loaded whole
         QString report;
         std::vector<Finding> findings; ///< which the listeners haven't received
         QStringList explained;
     };
     [[nodiscard]] Attempt TryToLoad() const;
+    [[nodiscard]] bool LacksLayouts(const Attempt &attempt) const;
+    [[nodiscard]] QByteArrayList UntouchedLayouts() const;
+    void TellFailure(const Attempt &attempt);
+    [[noreturn]] void RefuseReload(const ProjectWatches::Watched &watched, const Attempt &attempt);
     Outside CompareFiles();
     void LoadClasses();
     void ReloadResources();
@@ -134,7 +142,7 @@ private:
     void ReloadLayouts(const QString &path);
     [[nodiscard]] bool IsCommandRunning(const QString &path) const;
 
-    bool treeLost = false; // a reload failed halfway: what is in memory must not replace what is on disk
+    bool reloadFailed = false; // what is in memory is older than the files, or incomplete, and must not replace them
     bool unreadable = false;
     int losses = 0;       // of the last load, as an attempt counts them
     QString filePatterns; // of the types of files, in the last load

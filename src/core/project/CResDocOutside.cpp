@@ -3,10 +3,14 @@
 #include "CResDoc.h"
 #include "Environment.h"
 #include "FileClassifier.h"
+#include "HostFiles.h"
+#include "Paths.h"
 #include "ProjectSave.h"
+#include "StringFile.h"
 
 #include <QScopeGuard>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -14,12 +18,13 @@ using namespace Qt::StringLiterals;
 CResDoc::Attempt CResDoc::TryToLoad() const
 {
     Attempt attempt;
-    const auto back =
-        qScopeGuard([this, output = std::exchange(env.output, nullptr), explain = std::exchange(env.explain, nullptr)] {
-            env.output = output;
-            env.explain = explain;
-            env.ResetCounts();
-        });
+    const auto back = qScopeGuard([this, output = std::exchange(env.output, nullptr),
+                                   explain = std::exchange(env.explain, nullptr), projectPath = tables.projectPath] {
+        env.output = output;
+        env.explain = explain;
+        env.ResetCounts();
+        tables.projectPath = projectPath;
+    });
     const Notifier<const Finding &>::Diversion found(
         env.found, [&attempt](const Finding &finding) { attempt.findings.push_back(finding); });
     env.output = [&](QStringView text) { attempt.report += text; };
@@ -31,9 +36,36 @@ CResDoc::Attempt CResDoc::TryToLoad() const
         document.Serialize(true);
         attempt.isLoaded = true;
         attempt.losses = env.ErrorCount + env.DroppedCount;
+        attempt.untouchedLayouts = document.UntouchedLayouts();
     } catch (const ArchiveException &) { // which the attempt tells
     }
     return attempt;
+}
+
+/// Says whether a layout file that is loaded here couldn't be loaded in the attempt.
+bool CResDoc::LacksLayouts(const Attempt &attempt) const
+{
+    const QByteArrayList here = UntouchedLayouts();
+    return std::any_of(attempt.untouchedLayouts.begin(), attempt.untouchedLayouts.end(),
+                       [&here](const QByteArray &file) { return !here.contains(file); });
+}
+
+QByteArrayList CResDoc::UntouchedLayouts() const
+{
+    QByteArrayList all;
+    for (const auto &[resolution, files] : untouchedLayouts)
+        all += files;
+    return all;
+}
+
+void CResDoc::TellFailure(const Attempt &attempt)
+{
+    if (env.output)
+        env.output(attempt.report);
+    for (const Finding &finding : attempt.findings)
+        env.Note(finding);
+    for (const QString &text : attempt.explained)
+        env.Explain(text);
 }
 
 CResDoc::Outside CResDoc::TakeInChanges()
@@ -54,10 +86,10 @@ CResDoc::Outside CResDoc::CompareFiles()
     env.RefreshSettings();
     const bool hasOtherTypes = !IsModified() && FileClassifier::AllPatterns(env.settings) != filePatterns;
     const FileStamps::Changes changes = stamps.Since();
-    if (changes.files.isEmpty() && !treeLost && !hasOtherTypes)
+    if (changes.files.isEmpty() && !reloadFailed && !hasOtherTypes)
         return Outside::None;
     const QString files = changes.files.join(u", "_s);
-    if (IsModified() && !treeLost) { // a failed reload has taken the changes here already
+    if (IsModified() && !reloadFailed) { // a failed reload has taken the changes here already
         env.Explain(u"Another program has changed %1; what is open here has changes that aren't saved, so that was not "
                     "taken in"_s.arg(files));
         keepOnSave.Require(u"Another program has changed %1 since it was opened here."_s.arg(files));
@@ -65,28 +97,23 @@ CResDoc::Outside CResDoc::CompareFiles()
     }
     const Attempt attempt = TryToLoad();
     const bool isOnlyRemoved = !changes.vanished.isEmpty() && changes.vanished == changes.files;
-    if (!treeLost && isOnlyRemoved && (!attempt.isLoaded || attempt.losses > losses)) {
+    if (!reloadFailed && isOnlyRemoved && (!attempt.isLoaded || attempt.losses > losses)) {
         unreadable = true;
         env.Explain(
             u"Another program has removed %1; the project stays open as it was"_s.arg(changes.vanished.join(u", "_s)));
         keepOnSave.Require(u"Another program has changed %1 since it was opened here."_s.arg(files));
         return Outside::Gone;
     }
-    unreadable = !attempt.isLoaded;
+    unreadable = !attempt.isLoaded || (reloadFailed && LacksLayouts(attempt));
     if (unreadable) {
-        if (env.output)
-            env.output(attempt.report);
-        for (const Finding &finding : attempt.findings)
-            env.Note(finding);
-        for (const QString &text : attempt.explained)
-            env.Explain(text);
+        TellFailure(attempt);
         env.Explain(files.isEmpty()
                         ? u"The project still can't be read"_s
                         : u"Another program has changed %1, and the project can't be read any more"_s.arg(files));
         return Outside::Unreadable;
     }
     env.Explain(!files.isEmpty() ? u"Another program has changed %1; it was read again"_s.arg(files)
-                : treeLost       ? u"The project could not be read before; it was read again"_s
+                : reloadFailed   ? u"The project could not be read before; it was read again"_s
                                  : u"The settings have other types of files now; the project was read again"_s);
     try {
         ReloadResources();
@@ -94,4 +121,80 @@ CResDoc::Outside CResDoc::CompareFiles()
         return Outside::Unreadable;
     }
     return Outside::TakenIn;
+}
+
+std::optional<WatchClass> CResDoc::WatchedClass(quint32 handle) const
+{
+    const std::optional<ProjectWatches::Watched> watched = watches.Find(handle);
+    return watched ? std::optional(watched->watchClass) : std::nullopt;
+}
+
+void CResDoc::OnWatchedFileChanged(quint32 handle)
+{
+    const std::optional<ProjectWatches::Watched> watched = watches.Find(handle);
+    if (!watched)
+        return;
+    env.RefreshSettings();
+    env.ResetCounts();
+    findings.Clear();
+    if (!SetCurrentFolder(DirectoryOf(m_strPathName)))
+        return; // the file went with its folder: there is nothing to load
+    // First into another document: another program may be in the middle of its writing.
+    const Attempt attempt = TryToLoad();
+    if (!attempt.isLoaded || LacksLayouts(attempt))
+        RefuseReload(*watched, attempt);
+    if (watched->watchClass == WATCH_LAYOUT)
+        ReloadLayouts(watched->layout);
+    else if (watched->watchClass == WATCH_STRINGS)
+        ReloadStrings();
+    else
+        ReloadResources();
+}
+
+void CResDoc::RefuseReload(const ProjectWatches::Watched &watched, const Attempt &attempt)
+{
+    const QString file = watched.watchClass == WATCH_LAYOUT    ? watched.layout
+                         : watched.watchClass == WATCH_STRINGS ? refPath
+                                                               : m_strPathName;
+
+    reloadFailed = true;
+    TellFailure(attempt);
+    env.Explain(
+        u"%1 can't be read again; what is open here stays as it was, and isn't saved until the file can be read"_s.arg(
+            file));
+    throw ArchiveException{CAUSE_BAD_DOCUMENT};
+}
+
+void CResDoc::ReloadResources()
+{
+    reloadFailed = true;
+    EmptyTree();
+    try {
+        LoadOneState();
+        reloadFailed = false;
+    } catch (const ArchiveException &) {
+        UpdateAllViews(nullptr); // of what the failure has left
+        SetModifiedFlag(false);  // and none of that is to be saved
+        throw;
+    }
+    UpdateAllViews(nullptr);
+    SetModifiedFlag(false);
+}
+
+void CResDoc::ReloadStrings()
+{
+    if (reloadFailed)
+        return ReloadResources();
+    NoteFile(refPath);
+    if (const CResFolder *strings = root.FindFolder(KIND_STRINGS, 2))
+        treeGoes.Tell(*strings);
+    const bool isRead = ReadStringFile(refPath, *this) == 0;
+    if (isRead)
+        KeepWhatIsLeftOut();
+    const CResFolder *selected = selection ? selection->SelectedFolder() : nullptr;
+    if (selected && selected->kind == KIND_STRINGS)
+        UpdateAllViews(selection->ProjView()); // also with what a failure has left
+    reloadFailed = !isRead;                    // some of the texts may be replaced
+    if (!isRead)
+        throw ArchiveException{CAUSE_BAD_DOCUMENT};
 }

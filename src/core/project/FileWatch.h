@@ -27,5 +27,6 @@ struct ReloadFlags
 {
     qint32 resources = 0;
     qint32 strings = 0;
+    qint32 configuration = 0;
     std::map<QString, qint32> layouts; // by path, made at the first use
 };

@@ -177,7 +177,7 @@ void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path)
 
 void CResDoc::ReloadLayouts(const QString &path)
 {
-    if (treeLost)
+    if (reloadFailed)
         return ReloadResources();
     const LayoutEntry entry = FindLayoutEntry(m_strPathName, path, *this);
     CResFolder *const folder = root.FindFolder(KIND_RESO_LAYOUTS, entry.resolution, 2);

@@ -21,6 +21,10 @@ void ProjectWatches::Watch(const QString &path, WatchClass watchClass)
         strings = handle;
         fileFlag = flags ? &flags->strings : nullptr;
         break;
+    case WATCH_CONFIGURATION:
+        configuration = handle;
+        fileFlag = flags ? &flags->configuration : nullptr;
+        break;
     case WATCH_LAYOUT:
         layouts[path] = handle;
         fileFlag = flags ? &flags->layouts[path] : nullptr;
@@ -37,6 +41,8 @@ void ProjectWatches::Unwatch(const QString &path, WatchClass watchClass)
         handle = std::exchange(resources, 0);
     } else if (watchClass == WATCH_STRINGS) {
         handle = std::exchange(strings, 0);
+    } else if (watchClass == WATCH_CONFIGURATION) {
+        handle = std::exchange(configuration, 0);
     } else if (const auto known = layouts.find(path); known != layouts.end()) {
         handle = known->second;
         layouts.erase(known);
@@ -57,6 +63,8 @@ std::optional<ProjectWatches::Watched> ProjectWatches::Find(quint32 handle) cons
         return {};
     if (handle == resources)
         return Watched{WATCH_RESOURCES, {}};
+    if (handle == configuration)
+        return Watched{WATCH_CONFIGURATION, {}};
     if (handle == strings)
         return Watched{WATCH_STRINGS, {}};
     for (const auto &[path, watch] : layouts) {

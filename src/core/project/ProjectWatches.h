@@ -10,10 +10,11 @@ enum WatchClass
     WATCH_RESOURCES = 0,
     WATCH_STRINGS = 1,
     WATCH_LAYOUT = 2,
+    WATCH_CONFIGURATION = 3,
 };
 
-/// The watches of one project's files: its resource list, its string file and any number of layout files. Does nothing
-/// where nobody watches files.
+/// The watches of one project's files: its configuration, its resource list, its string file and any number of layout
+/// files. Does nothing where nobody watches files.
 class ProjectWatches
 {
 public:
@@ -38,5 +39,6 @@ private:
     CDocument &doc;
     quint32 resources = 0;
     quint32 strings = 0;
+    quint32 configuration = 0;
     std::map<QString, quint32> layouts;
 };

@@ -163,7 +163,6 @@ private:
         TiXmlElement element("LAYOUT");
         Put(element, ToXml(env, path));
         (void)SetCurrentFolder(context.dir); // which could be entered before
-        doc.UnwatchFile(absolute, WATCH_LAYOUT);
         // A list made by hand may name one file for two resolutions: the second would replace the first.
         const bool isTaken = std::any_of(writtenLayouts.begin(), writtenLayouts.end(),
                                          [&](const auto &other) { return IsSamePath(other.absolute, absolute); });
@@ -205,7 +204,6 @@ private:
         Put(element, path.toUtf8());
         (void)SetCurrentFolder(context.dir); // which could be entered before
         writtenStrings = context.Absolute(path);
-        doc.UnwatchFile(writtenStrings, WATCH_STRINGS);
         const int code = WriteStringFile(path, doc);
         if (code != 0)
             writtenStrings.clear();
@@ -250,6 +248,21 @@ std::optional<QString> ReplaceFiles(CResDoc &doc, const ProjectWriter &writer, F
     return std::nullopt;
 }
 
+/// Watches the files as they are now: what was noticed of the ones that they replaced has a handle that is no longer
+/// known. A save that fails leaves the watches as they are.
+void WatchWritten(CResDoc &doc, const ProjectWriter &writer, const ProjectContext &context)
+{
+    if (!writer.writtenStrings.isEmpty())
+        doc.WatchFile(writer.writtenStrings, WATCH_STRINGS);
+    for (const auto &layouts : writer.writtenLayouts) {
+        layouts.file->path = layouts.path;
+        doc.WatchFile(layouts.absolute, WATCH_LAYOUT);
+    }
+    // Not written, but the closing of another project may have ended its watch too.
+    doc.WatchFile(context.ConfigPath(), WATCH_CONFIGURATION);
+    doc.WatchFile(context.Absolute(context.ResourcePath()), WATCH_RESOURCES);
+}
+
 } // namespace
 
 int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
@@ -263,7 +276,6 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
         env.EndReport(context.name, "save");
         return CANNOT_WRITE;
     }
-    doc.UnwatchFile(absolute, WATCH_RESOURCES);
     CondenseWhiteSpace(false);
     ProjectWriter writer(context);
     int code = writer.WriteAll();
@@ -285,21 +297,14 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
         code = CANNOT_WRITE;
         ReportRefused(env, *refused);
     }
-    if (!writer.writtenStrings.isEmpty())
-        doc.WatchFile(writer.writtenStrings, WATCH_STRINGS);
-    for (const auto &layouts : writer.writtenLayouts) {
-        if (code == 0)
-            layouts.file->path = layouts.path;
-        if (!layouts.file->path.isEmpty())
-            doc.WatchFile(layouts.absolute, WATCH_LAYOUT);
-    }
     // Only now that the list on disk no longer names it, so that a failed save loses nothing.
     for (const QString &obsolete : code == 0 ? writer.obsolete : QStringList()) {
         doc.UnwatchFile(obsolete, WATCH_LAYOUT);
         MoveToRecycleBin(obsolete);
         doc.NoteFile(obsolete);
     }
+    if (code == 0)
+        WatchWritten(doc, writer, context);
     env.EndReport(context.name, "save");
-    doc.WatchFile(absolute, WATCH_RESOURCES);
     return code;
 }

@@ -7,6 +7,8 @@
 #include <optional>
 #include <vector>
 
+struct WatchTimes;
+
 /// A file that is watched.
 struct FILEWATCHITEM
 {
@@ -28,11 +30,16 @@ public:
     /// pass them on to the main thread and return at once.
     using Notify = std::function<void(const std::vector<quint32> &handles)>;
     explicit CFileChangeMonitor(Notify changed);
+    CFileChangeMonitor(Notify changed, const WatchTimes &times);
     ~CFileChangeMonitor();
 
+    /// Each change from now on is told: also that of a file that has been deleted, once it can be read again with
+    /// another time. A symbolic link is watched with what it leads to.
     quint32 AddFile(const QString &path, CDocument *doc) override;
     void SetAutoReloadFlags(quint32 handle, qint32 *fileFlag, qint32 *typeFlag) override;
+    /// Ends the thread with the last file.
     void RemoveFile(quint32 handle) override;
+    /// Waits for the thread to end. The next AddFile starts another; handles are never used twice.
     void Stop() override;
 
     /// A copy of what is watched with a handle; nothing for a handle that isn't known any more.

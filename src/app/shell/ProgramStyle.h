@@ -10,10 +10,10 @@
 /// seen on a dark desktop. There the desktop's style draws the buttons black, those of bars and those of a maximised
 /// project in the menu bar too, the shadow of a project's title light, and the edges of check boxes and the lines of
 /// grids almost as dark as what is in them. A title of a column that is too long ends in an ellipsis.
-class TitleBarStyle : public QProxyStyle
+class ProgramStyle : public QProxyStyle
 {
 public:
-    TitleBarStyle() : QProxyStyle(QApplication::style()->name()) {}
+    ProgramStyle() : QProxyStyle(QApplication::style()->name()) {}
 
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
                             const QWidget *widget) const override

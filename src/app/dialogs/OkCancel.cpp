@@ -1,0 +1,17 @@
+#include "OkCancel.h"
+
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QPushButton>
+
+QDialogButtonBox *MakeOkCancel(QDialog &dialog)
+{
+    auto *const buttons = new QDialogButtonBox(&dialog);
+    QPushButton *const ok = buttons->addButton(QDialogButtonBox::Ok);
+    ok->setText(QStringLiteral("OK")); // whatever the desktop writes on it
+    ok->setDefault(true);
+    buttons->addButton(QDialogButtonBox::Cancel)->setText(QStringLiteral("Cancel"));
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    return buttons;
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "V1ResourceList.h"
+
+#include <QAbstractTableModel>
+
+/// The list of the resources of version 1.0 as an item model: a row for each file, with its name and its path.
+class V1ListModel : public QAbstractTableModel
+{
+public:
+    /// The list must live longer, and be changed only through here.
+    V1ListModel(V1ResourceList &resourceList, QObject *parent);
+
+    /// Appends files in their order.
+    void Add(const QStringList &paths);
+    /// Takes out the rows of these indices, which are ascending.
+    void Remove(const std::vector<int> &rows);
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    V1ResourceList &list;
+};

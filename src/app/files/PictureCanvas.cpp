@@ -1,0 +1,80 @@
+#include "PictureCanvas.h"
+
+#include "PreviewTexts.h"
+
+#include <QPainter>
+
+namespace
+{
+
+// In the pixels of the desktop's scale.
+constexpr QSize LARGEST(256, 168);
+constexpr QSize SMALLEST(64, 64);
+constexpr int FRAME = 1;
+constexpr int SQUARE = 6;
+constexpr int MOST_ZOOM = 4;
+
+void FillChequered(QPainter &painter, const QRectF &rect, bool isDark)
+{
+    const QColor colors[] = {isDark ? QColor(0x58, 0x58, 0x58) : QColor(0xFF, 0xFF, 0xFF),
+                             isDark ? QColor(0x44, 0x44, 0x44) : QColor(0xDA, 0xDA, 0xDA)};
+    painter.save();
+    painter.setClipRect(rect);
+    for (int row = 0; row * SQUARE < rect.height(); ++row) {
+        for (int col = 0; col * SQUARE < rect.width(); ++col)
+            painter.fillRect(QRectF(rect.x() + col * SQUARE, rect.y() + row * SQUARE, SQUARE, SQUARE),
+                             colors[(row + col) % 2]);
+    }
+    painter.restore();
+}
+
+} // namespace
+
+PictureCanvas::PictureCanvas(QWidget *parent) : QWidget(parent)
+{
+    setAccessibleName(QStringLiteral("Picture"));
+    setMaximumSize(LARGEST + QSize(2 * FRAME, 2 * FRAME));
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+}
+
+void PictureCanvas::Show(const QImage &shownPicture)
+{
+    picture = shownPicture;
+    update();
+}
+
+QSize PictureCanvas::MostPixels() const
+{
+    return (QSizeF(LARGEST) * devicePixelRatioF()).toSize();
+}
+
+QSize PictureCanvas::sizeHint() const
+{
+    return maximumSize();
+}
+
+QSize PictureCanvas::minimumSizeHint() const
+{
+    return SMALLEST;
+}
+
+void PictureCanvas::paintEvent(QPaintEvent *)
+{
+    if (picture.isNull())
+        return;
+    const qreal ratio = devicePixelRatioF();
+    const QSizeF room(width() - 2 * FRAME, height() - 2 * FRAME);
+    const QSize pixels = ZoomedSize(picture.size(), (room * ratio).toSize(), qMax(1, int(MOST_ZOOM * ratio)));
+    if (pixels.isEmpty())
+        return;
+    const QSizeF size = QSizeF(pixels) / ratio;
+    // Whole device pixels from the corner of the widget, so that sharp edges stay sharp.
+    const auto start = [ratio](qreal space) { return qRound(space / 2 * ratio) / ratio; };
+    const QRectF rect(QPointF(start(width() - size.width()), start(height() - size.height())), size);
+    QPainter painter(this);
+    painter.fillRect(rect.adjusted(-FRAME, -FRAME, FRAME, FRAME), palette().color(QPalette::Mid));
+    if (picture.hasAlphaChannel())
+        FillChequered(painter, rect, palette().color(QPalette::Window).lightness() < 128);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, pixels.width() < picture.width());
+    painter.drawImage(rect, picture);
+}

@@ -1,0 +1,125 @@
+#include "PictureDecoding.h"
+
+#include "DevicePicture.h"
+
+#include <QImageReader>
+#include <QLocale>
+#include <QPainter>
+
+namespace
+{
+
+struct Kind
+{
+    QByteArrayView firstBytes;
+    const char *format; // of QImageReader
+};
+
+// Other readers that are installed are not for files that anybody may have made.
+constexpr Kind KINDS[] = {
+    {"BM", "bmp"},
+    {"GIF8", "gif"},
+    {"\xFF\xD8\xFF", "jpeg"},
+    {"\x89PNG\r\n\x1A\n", "png"},
+};
+
+const char *FormatOf(QByteArrayView start)
+{
+    for (const Kind &kind : KINDS) {
+        if (start.startsWith(kind.firstBytes))
+            return kind.format;
+    }
+    return nullptr;
+}
+
+/// The size in which a picture is shown: its own unless that is more than `most`.
+QSize Fitted(QSize size, QSize most)
+{
+    if (size.width() <= most.width() && size.height() <= most.height())
+        return size;
+    return size.scaled(most, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+}
+
+/// In the format in which it is drawn, and in at most `most` pixels.
+QImage ReadyToDraw(QImage image, QSize most)
+{
+    image = std::move(image).convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
+                                                                     : QImage::Format_RGB32);
+    const QSize shown = Fitted(image.size(), most);
+    return shown == image.size() ? image : image.scaled(shown, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+/// False, with the reason, when a picture is too large or has no size.
+bool TakeSize(LoadedPicture &loaded, QSize size)
+{
+    size = {size.width(), int(qMin(qAbs(qint64(size.height())), qint64(INT_MAX)))}; // of a bmp from the top: below 0
+    if (size.isEmpty()) {
+        loaded.problem = QStringLiteral("it is damaged");
+        return false;
+    }
+    loaded.size = size;
+    if (qint64(size.width()) * size.height() > MOST_PIXELS_DECODED)
+        loaded.problem = QStringLiteral("it has %1 x %2 pixels, more than %3 megapixels")
+                             .arg(Grouped(size.width()), Grouped(size.height()))
+                             .arg(MOST_PIXELS_DECODED / 1'000'000);
+    return loaded.problem.isEmpty();
+}
+
+LoadedPicture DecodeDevicePicture(QIODevice &input, QSize most)
+{
+    LoadedPicture loaded;
+    const DevicePicture header(input.peek(DevicePicture::HEADER_SIZE));
+    loaded.problem = header.Problem();
+    if (!loaded.problem.isEmpty() || !TakeSize(loaded, header.Size()) || most.isEmpty())
+        return loaded;
+    loaded.picture = header.Pixels(input.read(qint64(header.FileSize())));
+    if (loaded.picture.isNull())
+        loaded.problem = QStringLiteral("it breaks off");
+    else
+        loaded.picture = ReadyToDraw(std::move(loaded.picture), most);
+    return loaded;
+}
+
+} // namespace
+
+QString Grouped(qint64 number)
+{
+    return QLocale(QLocale::English, QLocale::UnitedStates).toString(number);
+}
+
+LoadedPicture DecodePicture(QIODevice &input, QSize most)
+{
+    const QByteArray start = input.peek(8);
+    if (DevicePicture::IsClaimedBy(start))
+        return DecodeDevicePicture(input, most);
+    LoadedPicture loaded;
+    const QByteArray format = FormatOf(start);
+    if (format.isEmpty()) {
+        loaded.problem = QStringLiteral("it is no bmp, gif, jpg or png picture");
+        return loaded;
+    }
+    QImageReader reader(&input, format);
+    reader.setAutoDetectImageFormat(false);
+    reader.setAutoTransform(false);
+    if (!TakeSize(loaded, reader.size()) || most.isEmpty())
+        return loaded;
+    // A jpg is decoded the faster the smaller it gets. The others would be scaled without regard to transparency.
+    if (format == "jpeg")
+        reader.setScaledSize(Fitted(loaded.size, most));
+    QImage image;
+    if (reader.read(&image))
+        loaded.picture = ReadyToDraw(std::move(image), most);
+    else
+        loaded.problem = QStringLiteral("it is damaged");
+    return loaded;
+}
+
+QImage InSquare(const QImage &picture, int side)
+{
+    QImage square(side, side, QImage::Format_ARGB32_Premultiplied);
+    square.fill(Qt::transparent);
+    const QSize size = picture.size() * qMax(1, side / qMax(picture.width(), picture.height()));
+    QPainter painter(&square);
+    painter.drawImage(QRect(QPoint((side - size.width()) / 2, (side - size.height()) / 2), size), picture);
+    return square;
+}

@@ -1,0 +1,20 @@
+#include "LinedTree.h"
+
+#include "TreeLines.h"
+
+#include <QPainter>
+
+/// The lines leave room for the sign that opens and closes.
+void LinedTree::drawBranches(QPainter *painter, const QRect &rect, const QModelIndex &index) const
+{
+    TreeLinesRow row{index.model()->hasChildren(index), !index.parent().isValid() && index.row() == 0, {}};
+    for (QModelIndex each = index; each.isValid(); each = each.parent())
+        row.goesOn.append(each.siblingAtRow(each.row() + 1).isValid());
+    QColor color = palette().color(QPalette::Text);
+    color.setAlphaF(0.3F);
+    painter->save();
+    painter->setPen(color);
+    painter->drawLines(TreeLines(rect, indentation(), layoutDirection(), row));
+    painter->restore();
+    QTreeWidget::drawBranches(painter, rect, index);
+}

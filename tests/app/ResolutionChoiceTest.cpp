@@ -1,0 +1,241 @@
+// Which resolutions a project is for: the choice without a window, its dialog, and the command in the window. And the
+// dialog that asks for a zoom.
+#include "CResoFltr.h"
+#include "CTreeFltrDlg.h"
+#include "CZoomRatioDlg.h"
+#include "FakeBoxes.h"
+#include "TestProject.h"
+#include "TestWindow.h"
+#include "ZoomInput.h"
+
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+
+#include <random>
+
+namespace
+{
+
+/// Remembers what it is told.
+struct FakeTreeHelper : ITreeFltrHelper
+{
+    void InitTree(CheckTree &tree) override
+    {
+        tree.items = {
+            {u"A"_s, &folders[0], true, {{u"a1"_s, &folders[1], true, {}}, {u"a2"_s, &folders[2], false, {}}}},
+            {u"B"_s, &folders[3], false, {}}};
+    }
+    bool Apply(CheckTree &) override
+    {
+        told += u"OK"_s;
+        return mayClose;
+    }
+    void OnCheck(CResFolder *folder, bool checked) override
+    {
+        told += QString::number(folder - &folders[0]) + (checked ? u"+ "_s : u"- "_s);
+    }
+
+    CResFolder folders[4];
+    QString told;
+    bool mayClose = false;
+};
+
+std::string TakeTold(FakeTreeHelper &helper)
+{
+    return std::exchange(helper.told, {}).toStdString();
+}
+
+/// The place of a row's check box, or of its text.
+QPoint PlaceIn(const QTreeWidget &tree, const QString &label, bool isText)
+{
+    const QRect row = tree.visualItemRect(tree.findItems(label, Qt::MatchExactly | Qt::MatchRecursive).front());
+    return {row.left() + (isText ? 30 : 9), row.center().y()};
+}
+
+/// The folders of resolutions that are in use, with the number of layouts or images in each.
+std::string InUse(const CResModel &model)
+{
+    QStringList names;
+    for (const quint32 kind : {KIND_IMAGES, KIND_LAYOUTS}) {
+        for (const auto &folder : model.root.FindFolder(kind, 2)->subfolders) {
+            if ((folder->kind & KIND_FLAG_OFF) == 0)
+                names.append(folder->title + u':' + QString::number(folder->resources.Count()));
+        }
+    }
+    return names.join(u' ').toStdString();
+}
+
+const QByteArray TWO_SCREENS = "<APP><RESOLUTION width=\"320\" height=\"240\" class=\"image\">"
+                               "<IMAGE id=\"ID_WIDE\" type=\"Normal\">w.png</IMAGE></RESOLUTION></APP>";
+
+} // namespace
+
+TEST(ResolutionChoice, AsksWithTheCountsOfWhatOkDoes)
+{
+    TestProject project(TWO_SCREENS, "[Layout]\nfolders=1\n");
+    CResDoc &doc = *project.Open();
+    ASSERT_EQ(InUse(doc), "240x320:0 320x240:1 Default:0 240x320:0 Default:0");
+    CResFolder *const images = doc.root.FindFolder(KIND_IMAGES, 2);
+    CResFolder *const layouts = doc.root.FindFolder(KIND_LAYOUTS, 2);
+    std::mt19937 random(7);
+    for (int walk = 0; walk < 200; ++walk) {
+        FakeBoxes boxes;
+        CResoFltr choice(doc, images, walk % 3 ? layouts : nullptr, boxes);
+        CheckTree tree;
+        choice.InitTree(tree);
+        ASSERT_EQ(tree.items.size(), walk % 3 ? 2U : 1U);
+        ASSERT_EQ(tree.items[0].children.size(), 3U) << "Default isn't at stake";
+        tree.onCheck = [&](CResFolder *folder, bool checked) { choice.OnCheck(folder, checked); };
+        const std::string before = InUse(doc);
+        int clicks = int(random() % 6);
+        while (clicks-- > 0) {
+            CheckTree::Item &top = tree.items[random() % tree.items.size()];
+            CheckTree::Item &item = random() % 3 ? top.children[random() % 3] : top;
+            random() % 5 ? tree.SetCheckAll(item, !item.checked) : tree.SetAll(random() % 2);
+        }
+        int added = 0, deleted = 0;
+        for (const CheckTree::Item &top : tree.items) {
+            for (const CheckTree::Item &item : top.children) {
+                const bool isInUse = (item.data->kind & KIND_FLAG_OFF) == 0;
+                added += !isInUse && item.checked;
+                deleted += isInUse && !item.checked;
+            }
+        }
+        const QString counts = u"%1 resolution(s) will be added, and %2 will be deleted."_s.arg(added).arg(deleted);
+        const QString question =
+            deleted ? u"Yes/No: "_s + counts +
+                          u"\r\nAll resources of the deleted resolution(s) will be deleted too. Continue?"_s
+                    : u"OK/Cancel: "_s + counts;
+        boxes.answers = {false, true};
+        EXPECT_EQ(choice.Apply(tree), added + deleted == 0);
+        EXPECT_EQ(InUse(doc), before) << "nothing before the answer";
+        EXPECT_EQ(boxes.asked, added + deleted == 0 ? QStringList() : QStringList{question});
+        EXPECT_TRUE(choice.Apply(tree));
+        for (const CheckTree::Item &top : tree.items) {
+            for (const CheckTree::Item &item : top.children)
+                EXPECT_EQ((item.data->kind & KIND_FLAG_OFF) == 0, item.checked);
+        }
+    }
+    EXPECT_TRUE(doc.IsModified());
+    EXPECT_FALSE(doc.IsIdInUse(u"ID_WIDE"_s)) << "went with its resolution";
+
+    for (const auto &folder : images->subfolders)
+        CResModel::PutIntoUse(*folder);
+    FakeBoxes boxes;
+    CResoFltr choice(doc, images, nullptr, boxes);
+    CheckTree tree;
+    choice.InitTree(tree);
+    tree.onCheck = [&](CResFolder *folder, bool checked) { choice.OnCheck(folder, checked); };
+    tree.SetAll(false);
+    tree.SetAll(true);
+    EXPECT_TRUE(choice.Apply(tree));
+    EXPECT_EQ(boxes.asked, QStringList());
+}
+
+TEST(ResolutionChoice, TheDialogGivesAChangeToWhatIsBelow)
+{
+    FakeTreeHelper helper;
+    CTreeFltrDlg dialog(helper);
+    dialog.show();
+    QApplication::setActiveWindow(&dialog);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    auto &tree = *dialog.findChild<QTreeWidget *>();
+    QList<QPushButton *> buttons = dialog.findChildren<QPushButton *>();
+    EXPECT_EQ(TakeTold(helper), "");
+    EXPECT_TRUE(tree.topLevelItem(0)->isExpanded());
+    const auto click = [&](const QString &label, bool isText) {
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, PlaceIn(tree, label, isText));
+    };
+    click(u"A"_s, true);
+    EXPECT_EQ(TakeTold(helper), "") << "a click on the label";
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(TakeTold(helper), "0- 1- ");
+    click(u"A"_s, false);
+    EXPECT_EQ(TakeTold(helper), "0+ 1+ 2+ ");
+    EXPECT_EQ(tree.topLevelItem(0)->child(1)->checkState(0), Qt::Checked);
+    click(u"a2"_s, false);
+    EXPECT_EQ(TakeTold(helper), "2- ");
+    EXPECT_EQ(tree.topLevelItem(0)->checkState(0), Qt::Checked) << "what is above stays";
+    buttons[0]->click();
+    EXPECT_EQ(TakeTold(helper), "2+ 3+ ");
+    buttons[1]->click();
+    EXPECT_EQ(TakeTold(helper), "0- 1- 2- 3- ");
+    EXPECT_EQ(tree.topLevelItem(1)->checkState(0), Qt::Unchecked);
+    QTest::keyClick(&tree, Qt::Key_Return);
+    EXPECT_EQ(TakeTold(helper), "OK");
+    EXPECT_TRUE(dialog.isVisible()) << "not applied";
+    helper.mayClose = true;
+    QTest::keyClick(&tree, Qt::Key_Return);
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+}
+
+TEST(ResolutionChoice, TheCommandFollowsInTreePanesAndSelection)
+{
+    TestWindow window;
+    window.MakeProject("wide", TWO_SCREENS);
+    window.Start({window.Project("wide")});
+    const auto choose = [&](const QString &label) { // takes 320x240 out or in, and presses Enter until that is applied
+        QTimer user;
+        bool isChosen = false;
+        QObject::connect(&user, &QTimer::timeout, [&] {
+            auto *const dialog = dynamic_cast<CTreeFltrDlg *>(QApplication::activeModalWidget());
+            if (!dialog)
+                return;
+            auto &tree = *dialog->findChild<QTreeWidget *>();
+            if (!std::exchange(isChosen, true))
+                QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, PlaceIn(tree, u"320x240"_s, false));
+            QTest::keyClick(&tree, Qt::Key_Return);
+        });
+        user.start(10);
+        window.Tree().SetContextFolder(CProjView::FolderOf(window.Row(label)));
+        window.Frame().RunAction(ACTION_RESOLUTION);
+        window.Settle();
+    };
+    const auto wide = [&] { return window.Document().root.FindFolder(KIND_RESO_IMAGES, 2, 2); };
+    window.Child().Selected().SelectFolder(wide());
+    EXPECT_FALSE(window.Frame().IsEnabled(ACTION_RESOLUTION)) << "of one resolution";
+    EXPECT_FALSE(window.Tree().ChooseResolutions(*wide()));
+    window.Answer({QMessageBox::No, QMessageBox::Yes, QMessageBox::Ok});
+    choose(u"wide"_s);
+    EXPECT_EQ(window.boxes.size(), 2) << "No leaves the dialog open";
+    EXPECT_EQ(window.Row(u"320x240"_s), nullptr);
+    EXPECT_EQ(window.Selected(), &window.Document().root);
+    EXPECT_FALSE(window.Document().IsIdInUse(u"ID_WIDE"_s));
+    EXPECT_TRUE(window.Document().IsModified());
+
+    window.Tree().setCurrentItem(window.Row(u"Images"_s));
+    EXPECT_TRUE(window.Frame().IsEnabled(ACTION_RESOLUTION));
+    choose(u"Images"_s);
+    EXPECT_EQ(window.boxes.last(), u"1 resolution(s) will be added, and 0 will be deleted."_s);
+    EXPECT_EQ(window.Row(u"Images"_s)->child(1)->text(0), u"320x240"_s) << "in the order of the table";
+    auto &contents = *window.Child().findChild<QListWidget *>();
+    EXPECT_EQ(contents.count(), 3) << "240x320, 320x240, Default";
+    window.Frame().RunAction(ACTION_SAVE);
+    EXPECT_TRUE(window.folder.Get("wide/res/wide.res.xml").contains("width=\"320\""));
+}
+
+TEST(ZoomDialog, TakesNumbersOfItsRange)
+{
+    for (const char *text : {"", "9", "1001", "-10", "10.5", "99999999999", "x"})
+        EXPECT_EQ(ZoomInput::Check(QString::fromLatin1(text)), std::nullopt) << text;
+    EXPECT_EQ(ZoomInput::Check(u"10"_s), 10);
+    EXPECT_EQ(ZoomInput::Check(u"1000"_s), 1000);
+
+    TestWindow boxes;
+    CZoomRatioDlg dialog(100);
+    dialog.show();
+    QApplication::setActiveWindow(&dialog);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    boxes.Answer({QMessageBox::Ok});
+    QTest::keyClicks(dialog.focusWidget(), u"a9-"_s);
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(boxes.boxes, QStringList{u"Enter an integer between 10 and 1000."_s});
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(dialog.findChild<QLineEdit *>()->selectedText(), u"9"_s) << "ready to be typed over";
+    QTest::keyClicks(dialog.findChild<QLineEdit *>(), u"250"_s);
+    QTest::keyClick(dialog.findChild<QLineEdit *>(), Qt::Key_Return);
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_EQ(dialog.Percent(), 250);
+}

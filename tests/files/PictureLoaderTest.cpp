@@ -1,0 +1,170 @@
+#include "PictureLoader.h"
+#include "ConverterRun.h"
+#include "SamplePictures.h"
+#include "TempFolder.h"
+
+#include <QRandomGenerator>
+
+#include <gmock/gmock.h>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+struct LoaderTest : testing::Test
+{
+    [[nodiscard]] QByteArray Host(const char *name) const { return QFile::encodeName(folder.Path()) + '/' + name; }
+    /// The thumbnail, once it is known.
+    QPixmap Await(const QByteArray &path)
+    {
+        QPixmap thumbnail;
+        bool isKnown = false;
+        EXPECT_TRUE(WaitUntil([&] {
+            thumbnail = loader.Thumbnail(path, 16, &isKnown);
+            return isKnown;
+        })) << path.constData();
+        return thumbnail;
+    }
+    LoadedPicture Loaded(const QByteArray &path)
+    {
+        std::optional<LoadedPicture> loaded;
+        loader.Load(path, {300, 300}, [&](const LoadedPicture &picture) { loaded = picture; });
+        EXPECT_TRUE(WaitUntil([&] { return loaded.has_value(); }));
+        return loaded.value_or(LoadedPicture());
+    }
+
+    TempFolder folder;
+    PictureLoader loader;
+};
+
+QRgb MiddleOf(const QPixmap &thumbnail)
+{
+    return thumbnail.toImage().pixel(8, 8);
+}
+
+} // namespace
+
+TEST_F(LoaderTest, WhatIsNoPictureFileHasNoThumbnailAndBlocksNothing)
+{
+    ASSERT_EQ(mkfifo(Host("pipe.png").constData(), 0600), 0);
+    folder.MakeFolder("folder.png");
+    folder.Put("empty.png", "");
+    ASSERT_EQ(symlink("nowhere", Host("broken.png").constData()), 0);
+    ASSERT_EQ(symlink("/dev/zero", Host("device.png").constData()), 0);
+    for (const char *name : {"pipe.png", "folder.png", "empty.png", "broken.png", "device.png", "missing.png"})
+        EXPECT_TRUE(Await(Host(name)).isNull()) << name;
+    EXPECT_EQ(Loaded(Host("pipe.png")).problem, u"it is no regular file"_s);
+    EXPECT_EQ(Loaded(Host("missing.png")).problem, u"not found"_s);
+    EXPECT_LT(Loaded(Host("missing.png")).bytes, 0);
+}
+
+TEST_F(LoaderTest, FileOfAnyNameHasAThumbnailThatFollowsItsChanges)
+{
+    const QByteArray path = Host("\xFF\xFE \xE4.png");
+    const auto put = [&path](const QColor &color) {
+        const int file = open(path.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+        const QByteArray png = Png(20, 20, color);
+        EXPECT_EQ(write(file, png.constData(), size_t(png.size())), png.size());
+        close(file);
+    };
+    put(Qt::red);
+    EXPECT_EQ(MiddleOf(Await(path)), 0xFFFF0000);
+    EXPECT_EQ(Await(path).size(), QSize(16, 16));
+    put(Qt::blue);
+    EXPECT_EQ(MiddleOf(Await(path)), 0xFFFF0000) << "it isn't looked at again at once";
+    EXPECT_TRUE(WaitUntil([&] { return MiddleOf(Await(path)) == 0xFF0000FF; }));
+    put(Qt::green);
+    loader.Forget();
+    EXPECT_EQ(MiddleOf(Await(path)), 0xFF00FF00);
+}
+
+TEST_F(LoaderTest, TheLatestLoadAloneIsToldAndDroppedThumbnailsCanBeAskedForAgain)
+{
+    folder.Put("a.png", Png(9, 9, Qt::red));
+    folder.Put("b.png", Png(7, 7, Qt::red));
+    bool isFirstTold = false;
+    loader.Load(Host("a.png"), {}, [&](const LoadedPicture &) { isFirstTold = true; });
+    for (int side = 1; side < 500; ++side)
+        (void)loader.Thumbnail(Host("a.png"), side);
+    loader.DropRequests();
+    EXPECT_EQ(Loaded(Host("b.png")).size, QSize(7, 7));
+    EXPECT_FALSE(isFirstTold);
+    EXPECT_FALSE(Await(Host("a.png")).isNull());
+}
+
+TEST_F(LoaderTest, GoesWhileItLoads)
+{
+    QImage image(2000, 2000, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    folder.Put("large.jpg", Encoded(image, "JPG"));
+    for (int round = 0; round < 5; ++round) {
+        PictureLoader short_lived;
+        for (int side = 1; side < 100; ++side)
+            (void)short_lived.Thumbnail(Host("large.jpg"), side);
+        short_lived.Load(Host("large.jpg"), {500, 500}, [](const LoadedPicture &) { FAIL(); });
+        short_lived.thumbnailsLoaded = [] { FAIL(); };
+    }
+}
+
+TEST_F(LoaderTest, ConvertedPictureHasThePixelsOfTheDevice)
+{
+    QImage image(37, 23, QImage::Format_ARGB32);
+    QRandomGenerator random(16);
+    random.fillRange(reinterpret_cast<quint32 *>(image.bits()), image.sizeInBytes() / 4);
+    for (const QImage &source : {image, image.convertToFormat(QImage::Format_RGB32)}) {
+        const bool isOpaque = !source.hasAlphaChannel();
+        folder.Put("a.png", Encoded(source, "PNG"));
+        ConverterRun converter(QStringLiteral(CONVERTER));
+        QByteArray made;
+        converter.Start(Host("a.png"), "png", [&](const QByteArray &file, const QString &problem) {
+            EXPECT_EQ(problem, QString());
+            made = file;
+        });
+        ASSERT_TRUE(WaitUntil([&] { return !made.isEmpty(); }));
+        const LoadedPicture shown = Loaded(made);
+        EXPECT_EQ(shown.bytes, 24 + 23 * (isOpaque ? 76 : 148));
+        QImage wanted = source.convertToFormat(QImage::Format_ARGB32);
+        const auto rounded = [](int value, int most) { return (value * most + 127) / 255; };
+        for (int y = 0; isOpaque && y < wanted.height(); ++y) {
+            for (int x = 0; x < wanted.width(); ++x) {
+                const QColor color = wanted.pixelColor(x, y);
+                const int r = rounded(color.red(), 31), g = rounded(color.green(), 63), b = rounded(color.blue(), 31);
+                wanted.setPixel(x, y, qRgb(r << 3 | r >> 2, g << 2 | g >> 4, b << 3 | b >> 2));
+            }
+        }
+        EXPECT_EQ(shown.picture, wanted.convertToFormat(shown.picture.format()));
+        converter.Stop();
+        EXPECT_TRUE(WaitUntil([&] { return !QFile::exists(QFile::decodeName(made)); }));
+        EXPECT_EQ(folder.Names(), QStringList{u"a.png"_s}) << "nothing is left beside the picture";
+    }
+}
+
+TEST_F(LoaderTest, ConverterThatFailsIsToldAndOneThatHangsIsEnded)
+{
+    folder.Put("a.png", Png(2, 2, Qt::red));
+    const auto convert = [this](const char *script, int limitMs) {
+        folder.Put("converter", QByteArray("#!/bin/sh\n") + script);
+        chmod(Host("converter").constData(), 0700);
+        ConverterRun converter(folder.Path("converter"));
+        QString told;
+        converter.Start(Host("a.png"), "png", [](const QByteArray &, const QString &) { FAIL() << "it is replaced"; });
+        converter.Start(
+            Host("a.png"), "png", [&](const QByteArray &, const QString &problem) { told = problem; }, limitMs);
+        EXPECT_TRUE(WaitUntil([&] { return !told.isEmpty(); })) << script;
+        return told;
+    };
+    EXPECT_EQ(convert("exec sleep 60", 100), u"takes too long"_s);
+    EXPECT_EQ(convert("exit 0", 5000), u"made no file"_s);
+    EXPECT_EQ(convert("exit 3", 5000), u"ended with status 3"_s);
+    EXPECT_THAT(convert("kill -9 $$", 5000).toStdString(), testing::StartsWith("was ended by signal 9"));
+    EXPECT_EQ(convert("echo \"qrk_resgenerator.exe: $3: breaks off\" >&2; exit 1", 5000), u"says: breaks off"_s);
+    QFile::remove(folder.Path("converter"));
+    ConverterRun missing(folder.Path("converter"));
+    QString told;
+    missing.Start(Host("a.png"), "png", [&](const QByteArray &, const QString &problem) { told = problem; });
+    EXPECT_TRUE(WaitUntil([&] { return told.contains(u"couldn't be started"); }));
+}

@@ -1,0 +1,176 @@
+#include "CFileChangeMonitor.h"
+#include "TempFolder.h"
+#include "WatchTimes.h"
+#include "WatchedNotices.h"
+
+#include <filesystem>
+#include <sched.h>
+#include <sys/inotify.h>
+#include <sys/wait.h>
+#include <thread>
+
+using namespace std::chrono_literals;
+using Handles = std::vector<quint32>;
+
+namespace
+{
+
+class FileChangeMonitor : public testing::Test
+{
+protected:
+    /// Runs shell commands in the temporary folder; `n` is $n there.
+    void Shell(const char *commands, int n = 1)
+    {
+        const QByteArray line = "cd '" + folder.Path().toUtf8() + "' && n=" + QByteArray::number(n) + " && " + commands;
+        ASSERT_EQ(std::system(line.constData()), 0) << commands; // NOLINT(cert-env33-c,concurrency-mt-unsafe)
+    }
+    quint32 Add(const char *path) { return monitor.AddFile(folder.Path(path), nullptr); }
+    static long Threads() { return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {}); }
+
+    TempFolder folder;
+    WatchedNotices<Handles> notices;
+    CFileChangeMonitor monitor{[this](const Handles &handles) { notices.Add(handles); }, {60ms, 1000ms, 30ms, 30ms}};
+};
+
+} // namespace
+
+TEST_F(FileChangeMonitor, EachWayOfChangingAFileIsOneNotice)
+{
+    Shell("mkdir -p out all project/res real1 real2 && cd project && echo > res/f && echo > res/g && ln -s ../out/f "
+          "link &&"
+          "cd .. && echo > out/f && echo > real1/f && echo > real2/f && touch -d '1 hour ago' real2/f &&"
+          "ln -s real1 step && ln -s step folder");
+    ASSERT_EQ(Add("project/res/f"), 1U);
+    ASSERT_EQ(Add("project/link"), 2U);
+    ASSERT_EQ(Add("folder/f"), 3U);
+    ASSERT_EQ(Add("project/res/g"), 4U);
+    ASSERT_EQ(Add("all/"), 5U);
+    const struct
+    {
+        const char *commands;
+        Handles told;
+    } table[] = {
+        {"echo >> project/res/f", {1}},
+        {"{ for i in 1 2 3 4 5; do echo; sleep 0.02; done; } >> project/res/f", {1}},
+        {"echo > project/res/new && mv project/res/new project/res/f", {1}},
+        {"cd project/res && rm f && echo > f", {1}},
+        {"cd project/res && mv f f~ && echo > f", {1}},
+        {"echo $n > out/h$n && rm project/res/f && sleep 0.2 && ln out/h$n project/res/f", {1}},
+        {"touch -d 200$n-01-01 project/res/f", {1}},
+        {"echo > out/old && touch -d 198$n-01-01 out/old && mv out/old project/res/f", {1}},
+        {"echo >> project/res/g && echo >> project/res/f", {1, 4}},
+        {"cd project && mv res r && echo >> r/f && sleep 0.1 && mv r res", {1}},
+        {"cd project && rm -r res && sleep 0.1 && mkdir res && echo > res/f && echo > res/g", {1, 4}},
+        {"mv project p$n && cp -rp p$n project && echo > project/res/g", {4}},
+        {"echo >> out/f", {2}},
+        {"mkdir out$n && echo > out$n/f && ln -sfn ../out$n/f project/link", {2}},
+        {"echo >> $(readlink -f project/link)", {2}},
+        {"ln -sfn real$((3-n)) step", {3}},
+        {"echo >> real1/f", {3}},
+        {"echo > all/any", {5}},
+        {"cp -p project/res/g out/g && mv out/g project/res/g && chmod 60$n project/res/g", {}},
+        {"mkdir project/res/sub$n && echo > project/res/sub$n/f && echo > project/res/other", {}},
+        {"mv project/res/f out/away && sleep 0.2 && mv out/away project/res/f", {}},
+    };
+    for (const auto &row : table) {
+        for (const int n : {1, 2}) {
+            Shell(row.commands, n);
+            // A second notice would be found in the place of the next row's.
+            EXPECT_EQ(notices.Next(row.told.empty() ? 200ms : 10s), row.told) << row.commands << ", time " << n;
+        }
+    }
+}
+
+TEST_F(FileChangeMonitor, TheThreadLivesWhileThereAreFilesAndHandlesRise)
+{
+    folder.Put("f", "1");
+    folder.Put("g", "1");
+    const long threads = Threads();
+    EXPECT_EQ(Add("missing"), 0U);
+    Shell("mkfifo pipe");
+    EXPECT_EQ(Add("pipe"), 0U);
+    EXPECT_EQ(Threads(), threads);
+
+    ASSERT_EQ(Add("f"), 1U);
+    ASSERT_EQ(Add("g"), 2U);
+    EXPECT_EQ(Threads(), threads + 1);
+    qint32 flag = 0;
+    monitor.SetAutoReloadFlags(2, &flag, nullptr);
+    monitor.SetAutoReloadFlags(9, &flag, nullptr);
+    EXPECT_EQ(monitor.ItemOf(2)->autoReloadFile, &flag);
+    monitor.RemoveFile(1);
+    monitor.RemoveFile(1);
+    EXPECT_FALSE(monitor.ItemOf(1));
+    Shell("echo >> f && echo >> g");
+    EXPECT_EQ(notices.Next(), Handles{2}) << "the folder is still watched";
+    monitor.RemoveFile(2);
+    EXPECT_EQ(Threads(), threads);
+
+    ASSERT_EQ(Add("f"), 3U);
+    Shell("echo > save && mv save f"); // a save of its own: the watch is dropped and added again
+    monitor.RemoveFile(3);
+    ASSERT_EQ(Add("f"), 4U);
+    EXPECT_EQ(notices.Next(300ms), Handles());
+    monitor.Stop();
+    EXPECT_FALSE(monitor.ItemOf(4));
+    EXPECT_EQ(Threads(), threads);
+    ASSERT_EQ(Add("g"), 5U);
+    Shell("echo >> g");
+    EXPECT_EQ(notices.Next(), Handles{5});
+}
+
+TEST_F(FileChangeMonitor, ACheckoutOfAWholeProjectIsOneNotice)
+{
+    monitor.Stop();
+    CFileChangeMonitor usual([this](const Handles &handles) { notices.Add(handles); }, {400ms, 10s, 1s, 1s});
+    Shell("mkdir res && git init -q . && git config user.name n && git config user.email e && git config gc.auto 0 &&"
+          "for state in old new; do for i in $(seq 999); do echo $state > res/$i; done; echo $state > config;"
+          "git add . && git commit -q -m $state; done");
+    for (const char *file : {"res/1", "config", "res/999"})
+        ASSERT_NE(usual.AddFile(folder.Path(file), nullptr), 0U);
+    Shell("git checkout -q HEAD~1");
+    EXPECT_EQ(notices.Next(), (Handles{1, 2, 3}));
+    EXPECT_EQ(notices.Next(500ms), Handles());
+}
+
+TEST_F(FileChangeMonitor, FoldersAreComparedWhereTheLimitOfEventsIsUsedUp)
+{
+    const auto write = [](const QString &path, const QByteArray &text) {
+        QFile file(path);
+        return file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(text) == text.size();
+    };
+    const QString limit = QStringLiteral("/proc/sys/user/max_inotify_instances");
+    constexpr int NO_NAMESPACE = 2;
+    // In a process of its own, with limits of its own: others need their events.
+    const auto child = [&] {
+        const QByteArray user = "0 " + QByteArray::number(getuid()) + " 1";
+        if (unshare(CLONE_NEWUSER) != 0)
+            _exit(NO_NAMESPACE);
+        ASSERT_TRUE(write(QStringLiteral("/proc/self/uid_map"), user));
+        ASSERT_TRUE(write(limit, "0"));
+        ASSERT_EQ(inotify_init1(0), -1);
+        folder.Put("all/f", "1");
+        ASSERT_EQ(Add("all/f"), 1U);
+        ASSERT_EQ(Add("all/"), 2U);
+        for (int n : {1, 2}) {
+            Shell("echo >> all/f", n);
+            EXPECT_EQ(notices.Next(), (Handles{1, 2}));
+            EXPECT_EQ(notices.Next(200ms), Handles());
+        }
+        ASSERT_TRUE(write(limit, "9"));
+        std::this_thread::sleep_for(100ms);
+        Shell("touch all/f -r all/f");
+        EXPECT_EQ(notices.Next(), Handles{2}) << "there are events by now";
+    };
+    const pid_t pid = fork();
+    if (pid == 0) {
+        child();
+        _exit(HasFailure() ? 1 : 0);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(pid, &status, 0), pid);
+    ASSERT_TRUE(WIFEXITED(status));
+    if (WEXITSTATUS(status) == NO_NAMESPACE)
+        GTEST_SKIP() << "this system has no limits of its own for a process";
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+}
