@@ -100,4 +100,8 @@ TEST(PictureDecoding, SmallPictureIsEnlargedByAWholeNumber)
     EXPECT_EQ(square.pixel(3, 2), 0xFF0000FF);
     EXPECT_EQ(square.pixel(0, 1), 0U);
     EXPECT_EQ(square.pixel(6, 2), 0U);
+    QImage white(2, 1, QImage::Format_ARGB32);
+    white.fill(Qt::transparent);
+    white.setPixel(0, 0, 0xFFFFFFFF);
+    EXPECT_EQ(InSquare(white, 7).pixel(3, 2), 0xFF909090) << "it would not show on a white list";
 }
