@@ -1,21 +1,15 @@
 // The grid of the string table: each work beside the least that it can be made of, or beside Qt's own.
-#include "CListGrid.h"
 #include "NameOrder.h"
 #include "StringCommands.h"
 #include "StringGridModel.h"
 #include "StringOrder.h"
-#include "application.h"
+#include "grid_views.h"
 #include "table_world.h"
 
-#include <QHeaderView>
 #include <QScrollBar>
-#include <QTableView>
-
-#include <benchmark/benchmark.h>
 
 #include <malloc.h>
 
-#include <ctime>
 #include <numeric>
 
 namespace
@@ -61,54 +55,11 @@ private:
     std::vector<int> order;
 };
 
-/// Shows 14 columns and about 41 rows of a model.
-void SetUp(QTableView &view, QAbstractItemModel &model)
-{
-    view.setModel(&model);
-    view.resize(1650, 940);
-    for (int col = 0; col < model.columnCount(); ++col)
-        view.setColumnWidth(col, 116);
-}
-
-void Paint(QTableView &view)
-{
-    benchmark::DoNotOptimize(view.viewport()->grab().width());
-}
-
-struct OurView : CListGrid
-{
-    explicit OurView(QAbstractItemModel &model) { SetUp(*this, model); }
-};
-
-/// Qt's own, but for what would make it slow without need.
-struct StockView : QTableView
-{
-    explicit StockView(QAbstractItemModel &model)
-    {
-        setWordWrap(false);
-        setSelectionBehavior(SelectRows);
-        verticalHeader()->hide();
-        verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-        verticalHeader()->setMinimumSectionSize(1);
-        verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
-        setHorizontalScrollMode(ScrollPerPixel);
-        SetUp(*this, model);
-    }
-};
-
 using World = TableWorld<StringGridModel>;
 
 void SortNow(World &world, int state)
 {
     world.table.Reorder(StringOrder(world.table, state));
-}
-
-/// The processor time of `work`, in seconds, is added to `sum`.
-template <typename Work> void Time(double &sum, const Work &work)
-{
-    const std::clock_t start = std::clock();
-    work();
-    sum += double(std::clock() - start) / CLOCKS_PER_SEC;
 }
 
 /// Rows read, sorted by ID and painted; "ratio" is beside the sort of the IDs and a plain view of texts in a vector; at

@@ -5,6 +5,8 @@
 
 #include <QMimeDatabase>
 
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -46,6 +48,23 @@ QString FileIcons::Absolute(const QString &path) const
 QByteArray FileIcons::HostPathOf(const QString &path)
 {
     return paths->Resolve(Absolute(path));
+}
+
+bool FileIcons::IsThere(const QString &path)
+{
+    const auto known = isThere.find(path);
+    if (known != isThere.end())
+        return *known;
+    QByteArray exact = Absolute(path).toUtf8();
+    exact.replace('\\', '/');
+    const bool isFound = access(exact.constData(), F_OK) == 0 || paths->Exists(exact);
+    return *isThere.insert(path, isFound);
+}
+
+void FileIcons::Refresh()
+{
+    paths.emplace();
+    isThere.clear();
 }
 
 int FileIcons::ImageOf(const QString &path)

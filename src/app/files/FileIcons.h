@@ -9,8 +9,8 @@
 
 /// The pictures of the rows of files: one for each kind of file, and those of the rows that have none.
 ///
-/// The kind of a file is that of its extension. Whether it is there is asked of one listing for each folder, which is
-/// kept until Refresh.
+/// The kind of a file is that of its extension. Whether it is there is asked once and kept until Refresh: of the file
+/// itself, and only where nothing has its exact name of a listing of its folder, which takes long in a large one.
 class FileIcons
 {
 public:
@@ -32,10 +32,10 @@ public:
     [[nodiscard]] bool IsPicture(const QString &path);
     /// The host's path of a path of the project, absolute, in bytes of the file system.
     [[nodiscard]] QByteArray HostPathOf(const QString &path);
-    [[nodiscard]] bool IsThere(const QString &path) { return paths->Exists(Absolute(path)); }
+    [[nodiscard]] bool IsThere(const QString &path);
 
     /// Files may have come or gone.
-    void Refresh() { paths.emplace(); }
+    void Refresh();
 
 private:
     /// What an extension tells.
@@ -49,6 +49,7 @@ private:
 
     QString folder;
     std::optional<HostPaths> paths{std::in_place};
+    QHash<QString, bool> isThere; // by path
     QList<QIcon> icons;
     QHash<QString, int> imageOfIcon;
     QHash<QString, Kind> kinds; // by extension in lower case

@@ -22,8 +22,8 @@ const QString PUSH = u"Push"_s;
 void AppendRows(std::vector<CFileRes *> &rows, const CResFolder &folder)
 {
     for (CBaseRes *res : folder.resources) {
-        auto *const file = dynamic_cast<CFileRes *>(res);
-        if (file && (file->inUse || !(folder.kind & KIND_FLAG_ITEM)))
+        auto *const file = static_cast<CFileRes *>(res); // such folders have no others
+        if (file->inUse || !(folder.kind & KIND_FLAG_ITEM))
             rows.push_back(file);
     }
 }
