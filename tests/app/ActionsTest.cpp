@@ -104,7 +104,7 @@ TEST(MainFrame, HasTheMenusOfNoDocumentAndThoseOfOne)
             "Edit: (Undo Ctrl+Z Alt+Backspace), (Redo Ctrl+Y), | (Rename F2), (Copy Ctrl+C Ctrl+Ins), "
             "(Paste Ctrl+V Shift+Ins), (Delete All), | (Select All Ctrl+A), \n" +
             view +
-            "Split, | (Find Bar Ctrl+F), (Details F4), \nWindow: Cascade, Tile, Arrange Icons, \nOther: (1.0 Res), \n" +
+            "Split, | (Find Bar Ctrl+F), (Details F4), \nWindow: Cascade, Tile, Arrange Icons, \nOther: 1.0 Res, \n" +
             help);
     window.Frame().RunAction(ACTION_CLOSE);
     window.Settle();

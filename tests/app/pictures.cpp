@@ -1,6 +1,7 @@
 // Takes pictures of the window's main states, with the sample: app_pictures FOLDER [dark] [rtl]. QT_SCALE_FACTOR=2
 // takes them for a sharp screen. "rtl" shows a right-to-left window. With "icons" behind FOLDER it makes the
 // application's icon in the usual sizes instead.
+#include "CFileWatchDlg.h"
 #include "ProgramStyle.h"
 #include "TestWindow.h"
 #include "UiIcons.h"
@@ -106,6 +107,21 @@ void TakeDialog(TestWindow &window, const QString &folder, const char *name, Act
     window.Frame().RunAction(id);
 }
 
+/// The question about a file that another program has changed, with all that it can have.
+void TakeReloadQuestion(const QString &folder)
+{
+    qint32 file = 1, type = 0;
+    const QString path = u"/home/x/projects/weatherclock/res/weatherclock.res.xml"_s;
+    const auto take = [&](CFileWatchDlg &&dialog, const char *name) {
+        dialog.show();
+        QTest::qWait(50);
+        dialog.grab().save(folder + u'/' + QLatin1String(name) + u".png"_s);
+    };
+    take({path, &file, nullptr, true}, "reload");
+    take({path, &file, &type, false}, "reload-flags");
+    take({u'/' + path.repeated(80), nullptr, nullptr, false}, "reload-long");
+}
+
 /// The string view: plain, with an editor, with its bars, and with the question of a replacement.
 void TakeStrings(TestWindow &window, const QString &folder)
 {
@@ -163,6 +179,7 @@ void TakeAll(TestWindow &window, const QString &folder, const QString &sample)
         list.write(".\\sound\\alarm.mp3\r\n.\\images\\240x320\\background.png\r\n/home/x/shared/boot.bin");
     list.close();
     TakeDialog(window, folder, "v1-list", ACTION_V1_LIST);
+    TakeReloadQuestion(folder);
     window.Tree().setCurrentItem(window.Row(u"Images"_s)->child(0));
     window.Frame().Notices().Add(
         window.Document(), u"3 elements were left out when the project was opened. The files that this save replaced "

@@ -1,9 +1,11 @@
 #include "CFileChangeMonitor.h"
 #include "TempFolder.h"
 #include "WatchTimes.h"
-#include "WatchedNotices.h"
 
+#include <condition_variable>
+#include <deque>
 #include <filesystem>
+#include <mutex>
 #include <sched.h>
 #include <sys/inotify.h>
 #include <sys/wait.h>
@@ -22,15 +24,65 @@ protected:
     void Shell(const char *commands, int n = 1)
     {
         const QByteArray line = "cd '" + folder.Path().toUtf8() + "' && n=" + QByteArray::number(n) + " && " + commands;
-        ASSERT_EQ(std::system(line.constData()), 0) << commands; // NOLINT(cert-env33-c,concurrency-mt-unsafe)
+        ASSERT_EQ(std::system(line.constData()), 0) << commands;
     }
-    quint32 Add(const char *path) { return monitor.AddFile(folder.Path(path), nullptr); }
-    static long Threads() { return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {}); }
+    quint32 Add(const char *path) { return monitor->AddFile(folder.Path(path), nullptr); }
+    void Restart(const WatchTimes &times)
+    {
+        monitor.emplace(
+            [this](const Handles &handles) {
+                std::unique_lock guard(lock);
+                told.push_back(handles);
+                news.notify_all();
+                news.wait(guard, [this] { return !isHeld; });
+            },
+            times);
+    }
+    void SetUp() override { Restart({60ms, 1000ms, 30ms, 30ms}); }
+    /// The next notice; empty when none comes in `time`.
+    Handles Next(std::chrono::milliseconds time = 10s)
+    {
+        std::unique_lock guard(lock);
+        if (!news.wait_for(guard, time, [this] { return !told.empty(); }))
+            return {};
+        const Handles next = told.front();
+        told.pop_front();
+        return next;
+    }
+    /// Held, the thread stays in its next notice.
+    void Hold(bool held)
+    {
+        const std::lock_guard guard(lock);
+        isHeld = held;
+        news.notify_all();
+    }
 
     TempFolder folder;
-    WatchedNotices<Handles> notices;
-    CFileChangeMonitor monitor{[this](const Handles &handles) { notices.Add(handles); }, {60ms, 1000ms, 30ms, 30ms}};
+    std::mutex lock;
+    std::condition_variable news;
+    std::deque<Handles> told;
+    bool isHeld = false;
+    std::optional<CFileChangeMonitor> monitor;
 };
+
+long Threads()
+{
+    return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
+}
+
+/// The system lists a thread for a moment after it has ended.
+bool ThreadsBecome(long count)
+{
+    for (int wait = 0; wait < 1000 && Threads() != count; ++wait)
+        std::this_thread::sleep_for(1ms);
+    return Threads() == count;
+}
+
+bool Write(const char *path, const QByteArray &text)
+{
+    QFile file(QString::fromUtf8(path));
+    return file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(text) == text.size();
+}
 
 } // namespace
 
@@ -76,7 +128,7 @@ TEST_F(FileChangeMonitor, EachWayOfChangingAFileIsOneNotice)
         for (const int n : {1, 2}) {
             Shell(row.commands, n);
             // A second notice would be found in the place of the next row's.
-            EXPECT_EQ(notices.Next(row.told.empty() ? 200ms : 10s), row.told) << row.commands << ", time " << n;
+            EXPECT_EQ(Next(row.told.empty() ? 200ms : 10s), row.told) << row.commands << ", time " << n;
         }
     }
 }
@@ -89,78 +141,73 @@ TEST_F(FileChangeMonitor, TheThreadLivesWhileThereAreFilesAndHandlesRise)
     EXPECT_EQ(Add("missing"), 0U);
     Shell("mkfifo pipe");
     EXPECT_EQ(Add("pipe"), 0U);
-    EXPECT_EQ(Threads(), threads);
+    EXPECT_TRUE(ThreadsBecome(threads));
 
     ASSERT_EQ(Add("f"), 1U);
     ASSERT_EQ(Add("g"), 2U);
-    EXPECT_EQ(Threads(), threads + 1);
+    EXPECT_TRUE(ThreadsBecome(threads + 1));
     qint32 flag = 0;
-    monitor.SetAutoReloadFlags(2, &flag, nullptr);
-    monitor.SetAutoReloadFlags(9, &flag, nullptr);
-    EXPECT_EQ(monitor.ItemOf(2)->autoReloadFile, &flag);
-    monitor.RemoveFile(1);
-    monitor.RemoveFile(1);
-    EXPECT_FALSE(monitor.ItemOf(1));
+    monitor->SetAutoReloadFlags(2, &flag, nullptr);
+    monitor->SetAutoReloadFlags(9, &flag, nullptr);
+    EXPECT_EQ(monitor->ItemOf(2)->autoReloadFile, &flag);
+    monitor->RemoveFile(1);
+    monitor->RemoveFile(1);
+    EXPECT_FALSE(monitor->ItemOf(1));
     Shell("echo >> f && echo >> g");
-    EXPECT_EQ(notices.Next(), Handles{2}) << "the folder is still watched";
-    monitor.RemoveFile(2);
-    EXPECT_EQ(Threads(), threads);
+    EXPECT_EQ(Next(), Handles{2}) << "the folder is still watched";
+    monitor->RemoveFile(2);
+    EXPECT_TRUE(ThreadsBecome(threads));
 
     ASSERT_EQ(Add("f"), 3U);
     Shell("echo > save && mv save f"); // a save of its own: the watch is dropped and added again
-    monitor.RemoveFile(3);
+    monitor->RemoveFile(3);
     ASSERT_EQ(Add("f"), 4U);
-    EXPECT_EQ(notices.Next(300ms), Handles());
-    monitor.Stop();
-    EXPECT_FALSE(monitor.ItemOf(4));
-    EXPECT_EQ(Threads(), threads);
+    EXPECT_EQ(Next(300ms), Handles());
+    monitor->Stop();
+    EXPECT_FALSE(monitor->ItemOf(4));
+    EXPECT_TRUE(ThreadsBecome(threads));
     ASSERT_EQ(Add("g"), 5U);
     Shell("echo >> g");
-    EXPECT_EQ(notices.Next(), Handles{5});
+    EXPECT_EQ(Next(), Handles{5});
 }
 
 TEST_F(FileChangeMonitor, ACheckoutOfAWholeProjectIsOneNotice)
 {
-    monitor.Stop();
-    CFileChangeMonitor usual([this](const Handles &handles) { notices.Add(handles); }, {400ms, 10s, 1s, 1s});
+    Restart({400ms, 10s, 1s, 1s});
     Shell("mkdir res && git init -q . && git config user.name n && git config user.email e && git config gc.auto 0 &&"
           "for state in old new; do for i in $(seq 999); do echo $state > res/$i; done; echo $state > config;"
           "git add . && git commit -q -m $state; done");
     for (const char *file : {"res/1", "config", "res/999"})
-        ASSERT_NE(usual.AddFile(folder.Path(file), nullptr), 0U);
+        ASSERT_NE(Add(file), 0U);
     Shell("git checkout -q HEAD~1");
-    EXPECT_EQ(notices.Next(), (Handles{1, 2, 3}));
-    EXPECT_EQ(notices.Next(500ms), Handles());
+    EXPECT_EQ(Next(), (Handles{1, 2, 3}));
+    EXPECT_EQ(Next(500ms), Handles());
 }
 
 TEST_F(FileChangeMonitor, FoldersAreComparedWhereTheLimitOfEventsIsUsedUp)
 {
-    const auto write = [](const QString &path, const QByteArray &text) {
-        QFile file(path);
-        return file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(text) == text.size();
-    };
-    const QString limit = QStringLiteral("/proc/sys/user/max_inotify_instances");
+    constexpr char LIMIT[] = "/proc/sys/user/max_inotify_instances";
     constexpr int NO_NAMESPACE = 2;
     // In a process of its own, with limits of its own: others need their events.
     const auto child = [&] {
         const QByteArray user = "0 " + QByteArray::number(getuid()) + " 1";
         if (unshare(CLONE_NEWUSER) != 0)
             _exit(NO_NAMESPACE);
-        ASSERT_TRUE(write(QStringLiteral("/proc/self/uid_map"), user));
-        ASSERT_TRUE(write(limit, "0"));
+        ASSERT_TRUE(Write("/proc/self/uid_map", user));
+        ASSERT_TRUE(Write(LIMIT, "0"));
         ASSERT_EQ(inotify_init1(0), -1);
         folder.Put("all/f", "1");
         ASSERT_EQ(Add("all/f"), 1U);
         ASSERT_EQ(Add("all/"), 2U);
         for (int n : {1, 2}) {
             Shell("echo >> all/f", n);
-            EXPECT_EQ(notices.Next(), (Handles{1, 2}));
-            EXPECT_EQ(notices.Next(200ms), Handles());
+            EXPECT_EQ(Next(), (Handles{1, 2}));
+            EXPECT_EQ(Next(200ms), Handles());
         }
-        ASSERT_TRUE(write(limit, "9"));
+        ASSERT_TRUE(Write(LIMIT, "9"));
         std::this_thread::sleep_for(100ms);
         Shell("touch all/f -r all/f");
-        EXPECT_EQ(notices.Next(), Handles{2}) << "there are events by now";
+        EXPECT_EQ(Next(), Handles{2}) << "there are events by now";
     };
     const pid_t pid = fork();
     if (pid == 0) {
@@ -173,4 +220,35 @@ TEST_F(FileChangeMonitor, FoldersAreComparedWhereTheLimitOfEventsIsUsedUp)
     if (WEXITSTATUS(status) == NO_NAMESPACE)
         GTEST_SKIP() << "this system has no limits of its own for a process";
     EXPECT_EQ(WEXITSTATUS(status), 0);
+}
+
+TEST_F(FileChangeMonitor, AllFoldersAreComparedWhenTheSystemHasDroppedEvents)
+{
+    Shell("mkdir a b && echo > a/f && echo > a/g && echo > b/f");
+    Add("a/f");
+    Add("b/f");
+    Hold(true);
+    Shell("echo >> a/f");
+    EXPECT_EQ(Next(), Handles{1});
+    Shell("limit=$(cat /proc/sys/fs/inotify/max_queued_events);"
+          "while [ $n -le $limit ]; do : > a/f; : > a/g; n=$((n+2)); done; echo >> b/f");
+    Hold(false);
+    EXPECT_EQ(Next(), (Handles{1, 2}));
+    Shell("echo >> b/f");
+    EXPECT_EQ(Next(), Handles{2});
+}
+
+TEST_F(FileChangeMonitor, ANoticeComesAlsoWhileEventsGoOn)
+{
+    Restart({500ms, 1000ms, 1s, 1s});
+    folder.Put("f", "");
+    Add("f");
+    Handles next;
+    const auto start = std::chrono::steady_clock::now();
+    while (next.empty() && std::chrono::steady_clock::now() - start < 5s) {
+        folder.Put("f", "x");
+        next = Next(10ms);
+    }
+    EXPECT_EQ(next, Handles{1});
+    EXPECT_GE(std::chrono::steady_clock::now() - start, 900ms);
 }

@@ -29,8 +29,9 @@ QString NoPlace(int error)
 class ConverterRun::Run : public QObject
 {
 public:
-    Run(const QByteArray &runFolder, const QByteArray &kind)
-        : folder(runFolder), source(runFolder + "/picture." + kind), target(runFolder + "/picture.made")
+    Run(std::shared_ptr<TemporaryFolder> parentFolder, int number, const QByteArray &kind)
+        : parent(std::move(parentFolder)), folder(parent->Path() + '/' + QByteArray::number(number)),
+          source(folder + "/picture." + kind), target(folder + "/picture.made")
     {
     }
     ~Run() override { QDir(QString::fromUtf8(folder)).removeRecursively(); }
@@ -44,6 +45,7 @@ private:
     void End(const QString &problem);
     [[nodiscard]] QString ProblemOfEnd(int status, QProcess::ExitStatus how) const;
 
+    std::shared_ptr<TemporaryFolder> parent;
     QByteArray folder, source, target;
     QString converterPath;
     QByteArray words; // what it writes to standard error
@@ -148,10 +150,10 @@ void ConverterRun::Start(const QByteArray &source, const QByteArray &kind, Then 
 {
     Stop();
     if (!folder || folder->Error() != 0)
-        folder = std::make_unique<TemporaryFolder>(QFile::encodeName(QDir::tempPath()), "morvanite-preview");
+        folder = std::make_shared<TemporaryFolder>(QFile::encodeName(QDir::tempPath()), "morvanite-preview");
     if (folder->Error() != 0)
         return then({}, NoPlace(folder->Error()));
-    run = new Run(folder->Path() + '/' + QByteArray::number(++number), kind);
+    run = new Run(folder, ++number, kind);
     run->Start(converter, source, limitMs, std::move(then));
 }
 

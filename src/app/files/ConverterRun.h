@@ -29,7 +29,7 @@ private:
     class Run;
 
     QString converter;
-    std::unique_ptr<TemporaryFolder> folder; // made when it is needed first
+    std::shared_ptr<TemporaryFolder> folder; // made when it is needed first; there until the last run has ended
     Run *run = nullptr;
     int number = 0;
 };

@@ -8,7 +8,7 @@ namespace
 {
 
 // In the pixels of the desktop's scale.
-constexpr QSize LARGEST(256, 168);
+constexpr QSize LARGEST(224, 168);
 constexpr QSize SMALLEST(64, 64);
 constexpr int FRAME = 1;
 constexpr int SQUARE = 6;
@@ -16,8 +16,9 @@ constexpr int MOST_ZOOM = 4;
 
 void FillChequered(QPainter &painter, const QRectF &rect, bool isDark)
 {
-    const QColor colors[] = {isDark ? QColor(0x58, 0x58, 0x58) : QColor(0xFF, 0xFF, 0xFF),
-                             isDark ? QColor(0x44, 0x44, 0x44) : QColor(0xDA, 0xDA, 0xDA)};
+    // White and black pictures show on both.
+    const QColor colors[] = {isDark ? QColor(0x70, 0x70, 0x70) : QColor(0xC8, 0xC8, 0xC8),
+                             isDark ? QColor(0x5C, 0x5C, 0x5C) : QColor(0xB0, 0xB0, 0xB0)};
     painter.save();
     painter.setClipRect(rect);
     for (int row = 0; row * SQUARE < rect.height(); ++row) {

@@ -23,6 +23,8 @@ constexpr Kind KINDS[] = {
     {"\x89PNG\r\n\x1A\n", "png"},
 };
 
+const QColor GROUND(0x90, 0x90, 0x90); // on which white and black show
+
 const char *FormatOf(QByteArrayView start)
 {
     for (const Kind &kind : KINDS) {
@@ -47,6 +49,43 @@ QImage ReadyToDraw(QImage image, QSize most)
                                                                      : QImage::Format_RGB32);
     const QSize shown = Fitted(image.size(), most);
     return shown == image.size() ? image : image.scaled(shown, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+/// Says whether a jpg has more scans than the converter reads: each one takes as long as all pixels do, and can have
+/// few bytes. The input is at its start again.
+bool HasTooManyScans(QIODevice &input)
+{
+    constexpr int MOST_SCANS = 256;
+    constexpr qint64 CHUNK = 1 << 16;
+    int scans = 0;
+    QByteArray chunk;
+    do {
+        chunk = chunk.right(1) + input.read(CHUNK); // a mark may be in two chunks
+        scans += int(chunk.count("\xFF\xDA"));
+    } while (chunk.size() > 1 && scans <= MOST_SCANS);
+    return !input.seek(0) || scans > MOST_SCANS;
+}
+
+/// Says whether a picture with transparency is white alone or black alone, so that a list of that colour would hide it.
+bool MayVanish(const QImage &picture)
+{
+    constexpr int LIGHT = 0xD0;
+    constexpr int DARK = 0x30;
+    constexpr int FAINT = 0x40; // alpha
+    if (!picture.hasAlphaChannel())
+        return false;
+    bool isLight = true;
+    bool isDark = true;
+    for (int y = 0; y < picture.height() && (isLight || isDark); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const QRgb color = picture.pixelColor(x, y).rgba();
+            if (qAlpha(color) < FAINT)
+                continue;
+            isLight = isLight && qGray(color) > LIGHT;
+            isDark = isDark && qGray(color) < DARK;
+        }
+    }
+    return isLight || isDark;
 }
 
 /// False, with the reason, when a picture is too large or has no size.
@@ -98,13 +137,18 @@ LoadedPicture DecodePicture(QIODevice &input, QSize most)
         loaded.problem = QStringLiteral("it is no bmp, gif, jpg or png picture");
         return loaded;
     }
+    const bool isJpg = format == "jpeg";
+    if (isJpg && HasTooManyScans(input)) {
+        loaded.problem = QStringLiteral("it has more scans than a picture needs");
+        return loaded;
+    }
     QImageReader reader(&input, format);
     reader.setAutoDetectImageFormat(false);
     reader.setAutoTransform(false);
     if (!TakeSize(loaded, reader.size()) || most.isEmpty())
         return loaded;
     // A jpg is decoded the faster the smaller it gets. The others would be scaled without regard to transparency.
-    if (format == "jpeg")
+    if (isJpg)
         reader.setScaledSize(Fitted(loaded.size, most));
     QImage image;
     if (reader.read(&image))
@@ -119,7 +163,10 @@ QImage InSquare(const QImage &picture, int side)
     QImage square(side, side, QImage::Format_ARGB32_Premultiplied);
     square.fill(Qt::transparent);
     const QSize size = picture.size() * qMax(1, side / qMax(picture.width(), picture.height()));
+    const QRect place(QPoint((side - size.width()) / 2, (side - size.height()) / 2), size);
     QPainter painter(&square);
-    painter.drawImage(QRect(QPoint((side - size.width()) / 2, (side - size.height()) / 2), size), picture);
+    if (MayVanish(picture))
+        painter.fillRect(place, GROUND);
+    painter.drawImage(place, picture);
     return square;
 }

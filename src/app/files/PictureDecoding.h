@@ -15,7 +15,7 @@ inline constexpr qint64 MOST_PIXELS_DECODED = 16'000'000;
 [[nodiscard]] LoadedPicture DecodePicture(QIODevice &input, QSize most);
 
 /// A picture in the middle of a square of `side` pixels, which is transparent around it. A small one is enlarged by a
-/// whole number, and keeps its sharp pixels.
+/// whole number, and keeps its sharp pixels. What is white alone or black alone, with transparency, gets a grey ground.
 [[nodiscard]] QImage InSquare(const QImage &picture, int side);
 
 /// 1234567 as "1,234,567".

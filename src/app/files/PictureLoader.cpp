@@ -28,7 +28,8 @@ struct Thumbnail
 {
     QPixmap pixmap; // null: there is none
     FileStamp stamp;
-    qint64 lookedAt; // by the loader's clock
+    qint64 lookedAt;    // by the loader's clock
+    quint64 generation; // the loader's of then
 };
 
 } // namespace
@@ -45,6 +46,7 @@ struct PictureLoader::Parts
     void Take(std::vector<PictureResult> results);
     /// False when nothing new is known by it.
     bool TakeThumbnail(PictureResult &result);
+    [[nodiscard]] bool IsFresh(const ::Thumbnail &known) const;
 
     PictureLoader &owner;
     QElapsedTimer clock;
@@ -75,15 +77,23 @@ bool PictureLoader::Parts::TakeThumbnail(PictureResult &result)
     const ThumbnailKey key{result.request.hostPath, result.request.most.width()};
     asked.remove(key);
     if (result.isUnchanged) {
-        if (::Thumbnail *const known = cache.object(key))
+        if (::Thumbnail *const known = cache.object(key)) {
             known->lookedAt = clock.elapsed();
+            known->generation = generation;
+        }
         return false;
     }
     const qsizetype bytes = ENTRY_BYTES + key.hostPath.size() + result.picture.picture.sizeInBytes();
     cache.insert(key,
-                 new ::Thumbnail{QPixmap::fromImage(std::move(result.picture.picture)), result.stamp, clock.elapsed()},
+                 new ::Thumbnail{QPixmap::fromImage(std::move(result.picture.picture)), result.stamp, clock.elapsed(),
+                                 generation},
                  bytes);
     return true;
+}
+
+bool PictureLoader::Parts::IsFresh(const ::Thumbnail &known) const
+{
+    return known.generation == generation && clock.elapsed() - known.lookedAt <= LOOK_AGAIN_MS;
 }
 
 void PictureLoader::Parts::Take(std::vector<PictureResult> results)
@@ -110,7 +120,7 @@ QPixmap PictureLoader::Thumbnail(const QByteArray &hostPath, int side, bool *isK
 {
     const ThumbnailKey key{hostPath, qBound(1, side, MOST_SIDE)};
     const ::Thumbnail *const known = parts->cache.object(key);
-    if (!known || parts->clock.elapsed() - known->lookedAt > LOOK_AGAIN_MS)
+    if (!known || !parts->IsFresh(*known))
         parts->Ask(key, known);
     if (isKnown)
         *isKnown = known;
@@ -133,5 +143,4 @@ void PictureLoader::Forget()
 {
     ++parts->generation;
     DropRequests();
-    parts->cache.clear();
 }

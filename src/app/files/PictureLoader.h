@@ -33,7 +33,8 @@ public:
 
     /// Drops the thumbnails that are asked for and not loaded yet, such as when another folder is shown.
     void DropRequests();
-    /// Forgets what is known of all files: they may have changed.
+    /// The files may have changed: each is looked at again when its thumbnail is asked for the next time. The old
+    /// thumbnail is shown until then.
     void Forget();
 
 private:

@@ -60,6 +60,8 @@ struct PicturePane::Parts
     void ShowFile();
     /// Looks at the file, and then at its converted picture.
     void Load();
+    /// The same for a file that is shown. Nothing changes in sight while the file hasn't.
+    void LookAgain();
     void Stop();
     void TakeLoaded(const LoadedPicture &result);
     void Convert();
@@ -75,8 +77,10 @@ struct PicturePane::Parts
     QTimer old; // until the picture of the file before goes
 
     PreviewedFile file;
-    quint64 turn = 0; // of loading; what comes for another one is late
+    quint64 turn = 0;      // of loading; what comes for another one is late
+    bool isLoaded = false; // what follows is of the file
     LoadedPicture loaded;
+    QImage plain; // the picture as it is in the file
     ConvertedPicture converted;
 
     PictureCanvas *canvas;
@@ -165,6 +169,7 @@ void PicturePane::Parts::Line::Show(const QString &text) const
 void PicturePane::Parts::ShowFile()
 {
     Stop();
+    isLoaded = false;
     loaded = {};
     converted = {};
     ShowTexts();
@@ -191,10 +196,20 @@ void PicturePane::Parts::Stop()
     converter.Stop();
 }
 
+void PicturePane::Parts::LookAgain()
+{
+    if (isLoaded && !converted.isAwaited && owner.isVisible())
+        Load();
+}
+
 void PicturePane::Parts::TakeLoaded(const LoadedPicture &result)
 {
+    if (isLoaded && result.bytes == loaded.bytes && result.picture == plain)
+        return;
     old.stop();
+    isLoaded = true;
     loaded = result;
+    plain = result.picture;
     canvas->Show(loaded.picture);
     converted = {};
     converted.isTaken = NeedImageConvert(file.path);
@@ -293,6 +308,13 @@ void PicturePane::Clear()
 void PicturePane::ShowThumbnailsState(bool isOn)
 {
     parts->thumbnails->setChecked(isOn);
+}
+
+bool PicturePane::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowActivate) // another program may have changed the file
+        parts->LookAgain();
+    return QWidget::event(event);
 }
 
 void PicturePane::showEvent(QShowEvent *event)

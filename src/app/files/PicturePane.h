@@ -28,7 +28,7 @@ public:
     PicturePane(Environment &environment, PictureLoader &pictureLoader, QWidget *parent = nullptr);
     ~PicturePane() override;
 
-    /// Nothing is loaded while the pane is hidden.
+    /// Nothing is loaded while the pane is hidden. When the user comes back to the window the file is looked at again.
     void Show(const PreviewedFile &file);
     /// No file is in focus.
     void Clear();
@@ -38,6 +38,7 @@ public:
     void ShowThumbnailsState(bool isOn);
 
 protected:
+    bool event(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;
     void changeEvent(QEvent *event) override;

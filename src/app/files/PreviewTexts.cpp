@@ -21,18 +21,16 @@ QString PayloadBytes(qint64 fileBytes)
 
 QString PayloadText(qint64 fileBytes, const ConvertedPicture &converted)
 {
-    const QString asItIs = PayloadBytes(fileBytes);
-    return converted.isMade ? QStringLiteral("%1 converted, %2 as it is").arg(PayloadBytes(converted.bytes), asItIs)
-                            : QStringLiteral("%1 as it is").arg(asItIs);
+    return converted.isMade ? QStringLiteral("%1 converted").arg(PayloadBytes(converted.bytes))
+                            : QStringLiteral("%1 as it is").arg(PayloadBytes(fileBytes));
 }
 
 QString PictureText(const PreviewedFile &file, QSize size)
 {
     const QString screen =
         file.screenName.isEmpty() ? QStringLiteral("any screen") : QStringLiteral("%1 screen").arg(file.screenName);
-    return size.isEmpty()
-               ? screen
-               : QStringLiteral("%1 x %2 pixels, %3").arg(Grouped(size.width()), Grouped(size.height()), screen);
+    return size.isEmpty() ? screen
+                          : QStringLiteral("%1 x %2 px, %3").arg(Grouped(size.width()), Grouped(size.height()), screen);
 }
 
 QString NoteText(const LoadedPicture &loaded, const ConvertedPicture &converted)

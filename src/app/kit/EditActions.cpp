@@ -50,12 +50,19 @@ QWidget *FocusedEdit::Control() const
     return isEdit ? focus : nullptr;
 }
 
+/// The list or tree that has the control over one of its cells, or null.
+QAbstractItemView *FocusedEdit::EditedView() const
+{
+    const QWidget *const edit = Control();
+    const QWidget *const viewport = edit ? edit->parentWidget() : nullptr;
+    return qobject_cast<QAbstractItemView *>(viewport ? viewport->parentWidget() : nullptr);
+}
+
 void FocusedEdit::EndLabel() const
 {
     QWidget *const edit = Control();
-    QWidget *const viewport = edit ? edit->parentWidget() : nullptr;
     // Not by moving the focus: the menus may have it, or another program.
-    if (auto *const view = qobject_cast<QAbstractItemView *>(viewport ? viewport->parentWidget() : nullptr)) {
+    if (const QAbstractItemView *const view = EditedView()) {
         Q_EMIT view->itemDelegate()->commitData(edit);
         Q_EMIT view->itemDelegate()->closeEditor(edit);
     }

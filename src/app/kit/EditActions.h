@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <QWidget>
 
+class QAbstractItemView;
+
 /// What an edit control says of itself.
 struct EditControlState
 {
@@ -31,10 +33,14 @@ public:
     [[nodiscard]] QWidget *Focus() const;
     /// Takes the label that is being edited in a tree or a list, as leaving it does. Nothing where none is.
     void EndLabel() const;
+    /// Says whether the control edits a cell or a label of a list or a tree.
+    [[nodiscard]] bool IsInPlace() const { return EditedView() != nullptr; }
     /// The control; null when the focus is elsewhere.
     [[nodiscard]] QWidget *Control() const;
 
 private:
+    [[nodiscard]] QAbstractItemView *EditedView() const;
+
     QPointer<QWidget> behindMenus;
     mutable ClipboardText clipboard;
 };

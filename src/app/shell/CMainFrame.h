@@ -54,6 +54,9 @@ public:
     /// The active project's window, or null.
     [[nodiscard]] CChildFrame *ActiveChild() const { return area->ActiveChild(); }
 
+    /// A cell or a label is being edited in place.
+    [[nodiscard]] bool IsEditing() const { return focusedEdit.IsInPlace(); }
+
     // IViewHost
     [[nodiscard]] UserBoxes &Boxes() override { return boxes; }
     void ShowPane(Pane) override {}

@@ -26,7 +26,7 @@ CMorvaniteApp::~CMorvaniteApp()
     env.whileWaiting = nullptr;
     commands.reset();
     frame.reset();
-    documents.CloseAll();
+    documents.CloseAll(); // which end the watching of their files
 }
 
 std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
@@ -56,6 +56,8 @@ std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
 
     frame = std::make_unique<CMainFrame>(env, tables, documents);
     services.user = &frame->Boxes();
+    watched = std::make_unique<WatchedFiles>(*frame);
+    services.watch = &watched->Monitor();
     services.Notify = [this](const CResDoc &document, const QString &text) { frame->Notices().Add(document, text); };
     env.explain = [this](const QString &text) {
         if (frame->Turn().IsOn()) // the pane stays as it is during a command, which may take long
@@ -70,8 +72,7 @@ std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
     handler.bringToTop = [this] { frame->BringToTop(); };
     frame->Boxes().pauseCommands = [this](bool pause) { server.SetPaused(pause); };
     frame->stopWatching = [this] {
-        if (services.watch)
-            services.watch->Stop();
+        watched->Monitor().Stop();
         reloadFlags.layouts.clear();
     };
     frame->Restore();

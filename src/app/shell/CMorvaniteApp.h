@@ -4,6 +4,7 @@
 #include "IdeCommandServer.h"
 #include "LivePipe.h"
 #include "ReportPipe.h"
+#include "WatchedFiles.h"
 
 #include <memory>
 #include <optional>
@@ -25,6 +26,7 @@ public:
     [[nodiscard]] std::optional<int> InitInstance(const QStringList &arguments);
 
     [[nodiscard]] CMainFrame &Frame() { return *frame; }
+    [[nodiscard]] WatchedFiles &Watched() { return *watched; }
     [[nodiscard]] CDocManager &Documents() { return documents; }
     [[nodiscard]] Environment &Env() { return env; }
 
@@ -42,5 +44,6 @@ private:
     IdeCommandHandler handler;
     IdeCommandServer server;
     std::unique_ptr<CMainFrame> frame;
+    std::unique_ptr<WatchedFiles> watched;
     std::unique_ptr<QSocketNotifier> commands;
 };

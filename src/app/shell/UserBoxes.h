@@ -39,6 +39,8 @@ public:
     void ShowAbout();
 
     [[nodiscard]] bool IsAnyOpen() const { return openBoxes > 0; }
+    /// A message is to be shown.
+    [[nodiscard]] bool IsAnyWaiting() const { return !waiting.isEmpty(); }
     /// How many messages the user was shown, or is to be.
     [[nodiscard]] int Messages() const { return messages; }
 

@@ -16,7 +16,7 @@ namespace
 {
 
 // In a burst the events are left to gather: to wake for each would cost more than all the rest.
-constexpr auto GATHER_TIME = 20ms;
+constexpr auto GATHER_TIME = 30ms;
 constexpr int LOWEST_PRIORITY = 19;
 
 /// A thread that is started meanwhile takes no signals: the program's handlers run where they are expected.
@@ -129,13 +129,15 @@ void FolderWatch::TakeEvents(Clock::time_point now)
     }
 }
 
-/// Folders that are gone may be back, and those without events are compared; both may have events by now.
+/// Folders that are gone may be back, and those without events are compared; both may have events by now. One that is
+/// made again in a burst is looked for at once, so that what is written into it belongs to the burst.
 void FolderWatch::LookAtDueFolders(Clock::time_point now)
 {
     for (auto &[path, folder] : folders) {
-        if (folder.source == Source::Events || now < folder.due)
-            continue;
         const bool wasGone = folder.source == Source::Gone;
+        const bool isDue = now >= folder.due || (wasGone && IsSettling());
+        if (folder.source == Source::Events || !isDue)
+            continue;
         Attach(path, folder, now);
         if (folder.source != Source::Gone || !wasGone)
             Mark(wasGone ? changes.changed : changes.due, path, now);

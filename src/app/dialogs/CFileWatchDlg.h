@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QDialog>
+
+class QCheckBox;
+class QVBoxLayout;
+
+/// Asks whether to load a file again that another program has changed. Accepted is Yes. Run it by
+/// IViewBoxes::RunDialog, once.
+class CFileWatchDlg : public QDialog
+{
+public:
+    /// The flags say "reload without asking"; Yes stores them. A flag that is null has no check box. With
+    /// `hasUnsavedChanges` a line says that a reload drops them, and No is the default.
+    CFileWatchDlg(const QString &path, qint32 *fileFlag, qint32 *typeFlag, bool hasUnsavedChanges,
+                  QWidget *parent = nullptr);
+
+    void accept() override;
+
+private:
+    void AddText(QVBoxLayout &column, const QString &path, bool hasUnsavedChanges);
+    [[nodiscard]] QCheckBox *AddCheckBox(QVBoxLayout &column, const QString &text, const qint32 *flag);
+    [[nodiscard]] QLayout *MakeButtons(bool isNoDefault);
+
+    qint32 *autoReloadFile;
+    qint32 *autoReloadType;
+    QCheckBox *fileBox = nullptr;
+    QCheckBox *typeBox = nullptr;
+};
