@@ -115,7 +115,6 @@ private:
     void Insert(int row, const std::vector<CFileRes *> &made);
     [[nodiscard]] int MakeByName(const NarrowText &id);
     [[nodiscard]] int TakePath(QString &path) const;
-    [[nodiscard]] std::vector<int> SortedBy(int sortState) const;
     void Reorder(const std::vector<int> &order);
     void SetPushKind(const CFileRes &res) const;
     void TakeOut(CFileRes &res);
@@ -124,6 +123,6 @@ private:
     IFileGrid &grid;
     CResFolder *folder = nullptr;
     std::vector<CFileRes *> rows;
-    int newRows = 1; // two for the moment in which one becomes a resource's
+    int newRows = 1;                              // two for the moment in which one becomes a resource's
     QHash<const CFileRes *, QString> closedTypes; // what a row shows when it isn't its own type
 };
