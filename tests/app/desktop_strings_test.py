@@ -15,7 +15,9 @@ ENGLISH, RUSSIAN, HINDI = 3, 4, 7
 FROST = 'पाले की चेतावनी'
 
 
-class Strings(OnScreen):
+class Lists(OnScreen):
+    """A list of rows in the program's window."""
+
     def press(self, *keys):
         """In one go: the program gets them in this order, however late."""
         self.xdotool('key', '--delay', 20, *keys)
@@ -45,6 +47,13 @@ class Strings(OnScreen):
     def until_active(self, window):
         until(lambda: self.xdotool('getactivewindow') == window)
 
+    def widths(self, section):
+        """What the settings remember of the list, as text."""
+        settings = (self.dir / 'bin/Morvanite.ini').read_text()
+        return re.search(r'^\[%s\]\n((?:\w+=.*\n)+)' % section, settings, re.M)[1]
+
+
+class Strings(Lists):
     def open_strings(self):
         program, window = self.open()
         self.xdotool('windowsize', '--sync', window, 1270, 800)
@@ -52,10 +61,6 @@ class Strings(OnScreen):
         self.xdotool('mousemove', '--window', window, 60, 70, 'click', 1)
         self.press('End', 'F6', 'ctrl+Home')
         return program, window
-
-    def widths(self):
-        settings = (self.dir / 'bin/Morvanite.ini').read_text()
-        return re.search(r'^\[wnd_1014\]\n((?:\w+=.*\n)+)', settings, re.M)[1]
 
     def test_a_day_with_the_strings(self):
         strings = self.dir / 'sample/res/ref_list_weatherclock.txt'
@@ -104,14 +109,14 @@ class Strings(OnScreen):
         until(lambda: FROST in strings.read_text('utf-16') and 'Zzz\tBudilnik' in strings.read_text('utf-16'))
         until(lambda: not self.xdotool('search', '--onlyvisible', '--name', r'weatherclock\*'))
         self.close(program)
-        widths = self.widths()
+        widths = self.widths('wnd_1014')
         self.assertIn('\nsort=%d\n' % -(ENGLISH + 1), '\n' + widths)
         self.assertGreater(int(re.search(r'^0=(\d+)', widths, re.M)[1]), 210)
 
         program, _ = self.open_strings()
         self.assertEqual(self.rows(), before)
         self.close(program)
-        self.assertEqual(self.widths(), widths)
+        self.assertEqual(self.widths('wnd_1014'), widths)
 
 
 if __name__ == '__main__':

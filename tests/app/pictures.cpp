@@ -7,7 +7,6 @@
 #include "UiIcons.h"
 
 #include <QDockWidget>
-#include <QFileInfo>
 #include <QListWidget>
 #include <QMenu>
 #include <QSplitter>
@@ -37,7 +36,8 @@ void Take(TestWindow &window, const QString &folder, const char *name)
     window.Frame().grab().save(folder + u'/' + QLatin1String(name) + u".png"_s);
 }
 
-/// Copies the sample into `to`, whose short path the pictures show. `window` gets the program's own settings.
+/// Copies the sample into `to`, whose short path the pictures show. `window` gets the program's own settings
+/// and image converter.
 void CopySample(const TestWindow &window, const std::filesystem::path &to)
 {
     constexpr auto options =
@@ -45,7 +45,9 @@ void CopySample(const TestWindow &window, const std::filesystem::path &to)
     if (!std::filesystem::create_directory(to))
         throw std::runtime_error(to.string() + " is in the way; take it away first.");
     std::filesystem::copy(MORVANITE_SAMPLE, to, options);
-    std::filesystem::copy(MORVANITE_PROGRAM_FILES, window.folder.Path("bin").toStdString(), options);
+    const std::filesystem::path program = window.folder.Path("bin").toStdString();
+    std::filesystem::copy(MORVANITE_PROGRAM_FILES, program, options);
+    std::filesystem::create_symlink(MORVANITE_CONVERTER, program / "qrk_resgenerator.exe");
 }
 
 /// A menu of the window, with an entry under the pointer.
@@ -71,6 +73,16 @@ void TakeContextMenu(TestWindow &window, const QString &folder)
                                   window.Frame().mapToGlobal(QPoint(60, 120)));
 }
 
+/// Makes the project tree narrow, and the columns of the grid that wide.
+void FitColumns(TestWindow &window, QTableView &grid, const QList<int> &widths)
+{
+    constexpr int TREE = 150;
+    auto *const splitter = window.Child().findChild<QSplitter *>();
+    splitter->setSizes({TREE, splitter->width() - TREE});
+    for (int col = 0; col < int(widths.size()); ++col)
+        grid.setColumnWidth(col, widths[col]);
+}
+
 /// Puts the output below the project, and makes the columns of the grid as narrow as most of their texts.
 void FitGrid(TestWindow &window, QTableView &grid)
 {
@@ -81,12 +93,7 @@ void FitGrid(TestWindow &window, QTableView &grid)
         window.Frame().resizeDocks({bar}, {110}, Qt::Vertical);
     }
     QTest::qWait(500); // the bars glide to their places
-    constexpr int TREE = 150;
-    auto *const splitter = window.Child().findChild<QSplitter *>();
-    splitter->setSizes({TREE, splitter->width() - TREE});
-    const int widths[] = {182, 96, 140, 115, 112, 126, 112, 112, 112};
-    for (int col = 0; col < int(std::size(widths)); ++col)
-        grid.setColumnWidth(col, widths[col]);
+    FitColumns(window, grid, {182, 96, 140, 115, 112, 126, 112, 112, 112});
 }
 
 void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
@@ -110,7 +117,7 @@ void TakeDialog(TestWindow &window, const QString &folder, const char *name, Act
 /// The question about a file that another program has changed, with all that it can have.
 void TakeReloadQuestion(const QString &folder)
 {
-    qint32 file = 1, type = 0;
+    qint32 file = 0, type = 0;
     const QString path = u"/home/x/projects/weatherclock/res/weatherclock.res.xml"_s;
     const auto take = [&](CFileWatchDlg &&dialog, const char *name) {
         dialog.show();
@@ -171,7 +178,9 @@ void TakeFiles(TestWindow &window, const QString &folder)
     window.Tree().setCurrentItem(window.Row(u"Images"_s)->child(0));
     window.Settle();
     auto &grid = *window.Child().findChild<QTableView *>();
+    FitColumns(window, grid, {230, 110, 325});
     const auto goTo = [&grid](int row, int col) {
+        TestWindow::Settle(); // another size ends what follows
         grid.setFocus();
         grid.selectionModel()->setCurrentIndex(grid.model()->index(row, col),
                                                QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
@@ -198,6 +207,7 @@ void TakeFiles(TestWindow &window, const QString &folder)
     window.Frame().RunAction(ACTION_RENAME);
     Take(window, folder, "file-rename");
     PressKey(Qt::Key_Escape);
+    window.Child().findChild<QSplitter *>()->setSizes({200, 700});
     window.Frame().resize(900, 560);
 }
 
@@ -212,10 +222,6 @@ void TakeAll(TestWindow &window, const QString &folder, const QString &sample)
     Take(window, folder, "images");
     window.Tree().SetContextFolder(&window.Document().root);
     TakeDialog(window, folder, "resolutions", ACTION_RESOLUTION);
-    QFile list(QFileInfo(sample).path() + u"/weatherclock_res.lst"_s);
-    if (list.open(QFile::WriteOnly))
-        list.write(".\\sound\\alarm.mp3\r\n.\\images\\240x320\\background.png\r\n/home/x/shared/boot.bin");
-    list.close();
     TakeDialog(window, folder, "v1-list", ACTION_V1_LIST);
     TakeReloadQuestion(folder);
     TakeFiles(window, folder);
