@@ -19,6 +19,7 @@ from desktop_test import until
 
 BOX = '^Morvanite$'
 CHANGED = r'weatherclock\*'
+TO_240_X_320 = ['Home'] + ['Down'] * 6  # in the project tree
 
 
 class Files(desktop_strings_test.Lists):
@@ -67,6 +68,11 @@ class Files(desktop_strings_test.Lists):
         time.sleep(1.5)  # the watch tells of a change within half a second
         self.assertEqual(self.windows(BOX), [])
 
+    def activate(self, window):
+        """Window managers lose the keys where two windows close at once."""
+        self.xdotool('windowactivate', window)
+        self.until_active(window)
+
     def drop(self, window, *paths):
         """Drags files from the window of another program onto the list."""
         source = self.start(DRAG_SOURCE, '1200', '840', *paths)
@@ -85,13 +91,13 @@ class Files(desktop_strings_test.Lists):
         program, window = self.open()
         self.xdotool('windowsize', '--sync', window, 1270, 800)
         self.until_active(window)
-        self.select(window, 6)
+        self.select(window, *TO_240_X_320)
         return program, window
 
-    def select(self, window, row):
-        """Goes to a row of the project tree, and to the list of that folder."""
+    def select(self, window, *keys):
+        """Goes to a row of the project tree by keys, and to the list of that folder."""
         self.xdotool('mousemove', '--window', window, 60, 70, 'click', 1)
-        self.press('Home', *['Down'] * row, 'F6', 'ctrl+Home')
+        self.press(*keys, 'F6', 'ctrl+Home')
 
     def edit(self, window):
         new = [self.project / 'res/240x320' / name for name in ('hail.png', 'hail2.png', 'hail.txt')]
@@ -99,9 +105,9 @@ class Files(desktop_strings_test.Lists):
             path.write_bytes((self.project / 'res/240x320/sun.png').read_bytes())
         self.press('F4', 'ctrl+t')
         self.drop(window, *new)
-        self.assertTrue(self.windows(CHANGED))
+        until(lambda: self.windows(CHANGED))
 
-        self.press('ctrl+Home', 'F2')
+        self.press('ctrl+Home', 'space', 'F2')
         self.xdotool('type', '--delay', 20, 'id_image_backdrop\n')
         # The path of the next row, the clouds, by a double click; the row is that of a thumbnail.
         self.xdotool('mousemove', '--window', window, 560, 128, 'click', '--repeat', 2, '--delay', 50, 1)
@@ -113,23 +119,19 @@ class Files(desktop_strings_test.Lists):
         self.press('Menu', 'Up', 'Return')  # the last entry, Push Resource
 
         self.xdotool('mousemove', '--window', window, 60, 70, 'click', 1)
-        self.press('Home', 'Menu', 'r')
+        self.press('Home', 'Menu', 'r', 'Return')  # Resolution...
         self.until_active(self.window('^Select...$'))
         self.xdotool('type', '128x64 ')
         self.press('Return')
         self.answer('Return')  # the question
         until(lambda: not self.windows('^Select...$'))
-        self.until_active(window)
-
-    def save(self):
-        self.press('ctrl+s')
-        until(lambda: not self.windows(CHANGED))
+        self.activate(window)
 
     def change_by_others(self, window):
         """Each way in which another program changes the project leads to one question."""
         self.replace(self.strings, 'Frost', 'Rime')
         self.answer('alt+y')
-        self.select(window, 14)
+        self.select(window, 'End')
         self.assertIn('Rime', self.texts_of_table())
         self.expect_no_question()
 
@@ -150,7 +152,8 @@ class Files(desktop_strings_test.Lists):
     def test_a_day_with_the_files(self):
         program, window = self.open_images()
         self.edit(window)
-        self.save()
+        self.press('ctrl+s')
+        until(lambda: not self.windows(CHANGED))
         text = self.resources.read_text()
         for line in (r'<IMAGE id="ID_IMAGE_BACKDROP" type="Normal">.\res\240x320\background.jpg</IMAGE>',
                      r'<IMAGE id="ID_IMAGE_CLOUD" type="Push">.\res\320x240\cloud.png</IMAGE>',
@@ -160,6 +163,28 @@ class Files(desktop_strings_test.Lists):
         self.assertRegex(text, '<RESOLUTION [^>]*width="128" height="64"')
         self.expect_no_question()  # about the program's own save
         self.change_by_others(window)
+
+        # The edge of the column of IDs is dragged. A click on the header sorts by path, another one the other way round.
+        self.select(window, *TO_240_X_320)
+        self.xdotool('mousemove', '--window', window, 404, 59, 'mousedown', 1)
+        for x in (410, 425, 440):
+            self.xdotool('mousemove', '--window', window, x, 59)
+        self.xdotool('mouseup', 1)
+        for x in (560, 620):  # too far from each other for a double click
+            self.xdotool('mousemove', '--window', window, x, 59, 'click', 1)
+        self.close(program)
+        remembered = self.widths('wnd_1011')
+        self.assertIn('\nsort=-3\n', '\n' + remembered)
+        self.assertGreater(int(re.search(r'^0=(\d+)', remembered, re.M)[1]), 210)
+        self.assertIn('\nthumbnails=1\n', (self.dir / 'bin/Morvanite.ini').read_text())
+
+        program, window = self.open_images()
+        self.press('space', 'F2')
+        self.xdotool('type', '--delay', 20, 'id_image_last\n')
+        self.press('ctrl+s')
+        until(lambda: r'<IMAGE id="ID_IMAGE_LAST" type="Normal">.\res\240x320\sun.png<' in self.resources.read_text())
+        self.close(program)
+        self.assertEqual(self.widths('wnd_1011'), remembered)
 
 
 if __name__ == '__main__':
