@@ -74,7 +74,10 @@ QLayout *CZEP10ResDlg::MakeButtons()
 
 void CZEP10ResDlg::Add()
 {
-    model->Add(boxes.OpenFileDialog(QString::fromLatin1(FILTER), 1, true, {}));
+    const QStringList chosen = boxes.OpenFileDialog(QString::fromLatin1(FILTER), 1, true, {});
+    if (chosen.isEmpty())
+        return;
+    model->Add(chosen);
     grid->scrollToBottom();
 }
 
