@@ -81,7 +81,7 @@ void CZEP10ResDlg::Add()
     grid->scrollToBottom();
 }
 
-/// The row that comes into the place of the first has the focus then.
+/// Afterwards the focus is on the row that takes the place of the first one.
 void CZEP10ResDlg::Remove()
 {
     const std::vector<int> rows = grid->SelectedRows();
