@@ -20,5 +20,5 @@ export LC_ALL=C.UTF-8
 printf '{"screens":[{"name":"s","x":0,"y":0,"width":2880,"height":1700,"logicalDpi":96,"logicalBaseDpi":96,"dpr":1}]}' >"$taken/screen.json"
 export QT_QPA_PLATFORM="offscreen:configfile=$taken/screen.json"
 QT_SCALE_FACTOR=2 take "" project window.png strings strings.png
-take "" tiled window-tiled.png string-bars strings-find.png string-editor strings-edit.png languages languages.png resolutions resolutions.png v1-list v1-list.png
+take "" tiled window-tiled.png string-bars strings-find.png string-editor strings-edit.png languages languages.png resolutions resolutions.png v1-list v1-list.png reload reload.png
 take dark images window-dark.png string-bars strings-dark.png

@@ -73,6 +73,7 @@ struct StringWindow : TestWindow
         const QPoint place = Grid().visualRect(Grid().model()->index(row, col)).center();
         QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, place);
         QTest::mouseDClick(Grid().viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseRelease(Grid().viewport(), Qt::LeftButton, {}, place); // which no function of QTest adds
     }
     /// Has the window active again, which behind a box nobody else does without a screen.
     void WakeUp() const

@@ -163,6 +163,44 @@ void TakeStrings(TestWindow &window, const QString &folder)
     window.Frame().resize(900, 560);
 }
 
+/// The file pane: as it opens, with thumbnails and the preview, with all files, and its menu.
+void TakeFiles(TestWindow &window, const QString &folder)
+{
+    window.Frame().resize(1100, 640);
+    window.Frame().activateWindow();
+    window.Tree().setCurrentItem(window.Row(u"Images"_s)->child(0));
+    window.Settle();
+    auto &grid = *window.Child().findChild<QTableView *>();
+    const auto goTo = [&grid](int row, int col) {
+        grid.setFocus();
+        grid.selectionModel()->setCurrentIndex(grid.model()->index(row, col),
+                                               QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, grid.visualRect(grid.currentIndex()).center());
+    };
+    goTo(2, 2);
+    Take(window, folder, "files");
+    window.Frame().RunAction(ACTION_THUMBNAILS);
+    window.Frame().RunAction(ACTION_DETAILS);
+    goTo(0, 2);
+    QTest::qWait(1000); // the pictures are loaded and converted
+    Take(window, folder, "file-pictures");
+    goTo(4, 1);
+    QTest::qWait(500);
+    Take(window, folder, "file-types");
+    window.Tree().setCurrentItem(window.Row(u"Files"_s));
+    window.Settle();
+    goTo(1, 2);
+    QTest::qWait(500);
+    Take(window, folder, "file-kinds");
+    window.Frame().RunAction(ACTION_THUMBNAILS);
+    window.Frame().RunAction(ACTION_DETAILS);
+    goTo(1, 0);
+    window.Frame().RunAction(ACTION_RENAME);
+    Take(window, folder, "file-rename");
+    PressKey(Qt::Key_Escape);
+    window.Frame().resize(900, 560);
+}
+
 void TakeAll(TestWindow &window, const QString &folder, const QString &sample)
 {
     window.Frame().resize(900, 560);
@@ -180,6 +218,7 @@ void TakeAll(TestWindow &window, const QString &folder, const QString &sample)
     list.close();
     TakeDialog(window, folder, "v1-list", ACTION_V1_LIST);
     TakeReloadQuestion(folder);
+    TakeFiles(window, folder);
     window.Tree().setCurrentItem(window.Row(u"Images"_s)->child(0));
     window.Frame().Notices().Add(
         window.Document(), u"3 elements were left out when the project was opened. The files that this save replaced "

@@ -43,18 +43,25 @@ QWidget *FocusedEdit::Focus() const
     return behindMenus ? behindMenus.data() : QApplication::focusWidget();
 }
 
+namespace
+{
+
+bool IsEditControl(const QWidget *widget)
+{
+    return qobject_cast<const QLineEdit *>(widget) || qobject_cast<const QPlainTextEdit *>(widget);
+}
+
+} // namespace
+
 QWidget *FocusedEdit::Control() const
 {
     QWidget *const focus = Focus();
-    const bool isEdit = qobject_cast<QLineEdit *>(focus) || qobject_cast<QPlainTextEdit *>(focus);
-    return isEdit ? focus : nullptr;
+    return IsEditControl(focus) ? focus : nullptr;
 }
 
-/// The list or tree that has the control over one of its cells, or null.
-QAbstractItemView *FocusedEdit::EditedView() const
+QAbstractItemView *FocusedEdit::EditedView(const QWidget *edit)
 {
-    const QWidget *const edit = Control();
-    const QWidget *const viewport = edit ? edit->parentWidget() : nullptr;
+    const QWidget *const viewport = IsEditControl(edit) ? edit->parentWidget() : nullptr;
     return qobject_cast<QAbstractItemView *>(viewport ? viewport->parentWidget() : nullptr);
 }
 
@@ -62,7 +69,7 @@ void FocusedEdit::EndLabel() const
 {
     QWidget *const edit = Control();
     // Not by moving the focus: the menus may have it, or another program.
-    if (const QAbstractItemView *const view = EditedView()) {
+    if (const QAbstractItemView *const view = EditedView(edit)) {
         Q_EMIT view->itemDelegate()->commitData(edit);
         Q_EMIT view->itemDelegate()->closeEditor(edit);
     }

@@ -33,14 +33,13 @@ public:
     [[nodiscard]] QWidget *Focus() const;
     /// Takes the label that is being edited in a tree or a list, as leaving it does. Nothing where none is.
     void EndLabel() const;
-    /// Says whether the control edits a cell or a label of a list or a tree.
-    [[nodiscard]] bool IsInPlace() const { return EditedView() != nullptr; }
+    /// The list or the tree in which an edit control edits a cell or a label; null where it doesn't, and for any other
+    /// widget and null.
+    [[nodiscard]] static QAbstractItemView *EditedView(const QWidget *edit);
     /// The control; null when the focus is elsewhere.
     [[nodiscard]] QWidget *Control() const;
 
 private:
-    [[nodiscard]] QAbstractItemView *EditedView() const;
-
     QPointer<QWidget> behindMenus;
     mutable ClipboardText clipboard;
 };

@@ -1,8 +1,8 @@
 #include "FileList.h"
 
 #include "Environment.h"
+#include "FileOrder.h"
 #include "IdNames.h"
-#include "NameOrder.h"
 #include "Paths.h"
 #include "ProjectTree.h"
 #include "ResModel.h"
@@ -19,13 +19,22 @@ namespace
 const QString NORMAL = u"Normal"_s;
 const QString PUSH = u"Push"_s;
 
+/// From both ends of the folder's list: each step waits for memory, and so two wait together.
 void AppendRows(std::vector<CFileRes *> &rows, const CResFolder &folder)
 {
-    for (CBaseRes *res : folder.resources) {
-        auto *const file = static_cast<CFileRes *>(res); // such folders have no others
-        if (file->inUse || !(folder.kind & KIND_FLAG_ITEM))
-            rows.push_back(file);
+    size_t front = rows.size();
+    size_t back = front + folder.resources.Count();
+    rows.resize(back);
+    CBaseRes *behind = folder.resources.Last();
+    for (CBaseRes *ahead = folder.resources.First(); front < back; ahead = ahead->NextInFolder()) {
+        rows[front++] = static_cast<CFileRes *>(ahead); // such folders have no others
+        if (front == back)
+            break;
+        rows[--back] = static_cast<CFileRes *>(behind);
+        behind = behind->PrevInFolder();
     }
+    if (folder.kind & KIND_FLAG_ITEM)
+        std::erase_if(rows, [](const CFileRes *res) { return !res->inUse; });
 }
 
 } // namespace
@@ -42,7 +51,7 @@ void FileList::Fill(CResFolder *toShow, int sortState)
     } else if (folder) {
         AppendRows(rows, *folder);
     }
-    Reorder(SortedBy(sortState));
+    Reorder(FileOrder(rows, model.env, sortState));
     grid.ListReset();
 }
 
@@ -86,19 +95,6 @@ QString FileList::ColumnTitle(int col)
     return col == ID_COLUMN ? u"ID"_s : col == TYPE_COLUMN ? u"Resource Type"_s : u"Path"_s;
 }
 
-/// The column of the types sorts by the path, as that of the paths does.
-std::vector<int> FileList::SortedBy(int sortState) const
-{
-    std::vector<int> order(rows.size());
-    if (sortState != 0) {
-        const int col = std::abs(sortState) == 1 ? ID_COLUMN : PATH_COLUMN;
-        return NameOrder().Sorted(
-            Files(), [&](int row) { return CellText(row, col); }, sortState);
-    }
-    std::iota(order.begin(), order.end(), 0);
-    return order;
-}
-
 void FileList::Reorder(const std::vector<int> &order)
 {
     std::vector<CFileRes *> sorted(rows.size());
@@ -109,7 +105,7 @@ void FileList::Reorder(const std::vector<int> &order)
 
 void FileList::Sort(int sortState)
 {
-    const std::vector<int> order = SortedBy(sortState);
+    const std::vector<int> order = FileOrder(rows, model.env, sortState);
     grid.OrderChanging();
     Reorder(order);
     grid.OrderChanged(order);

@@ -115,7 +115,6 @@ private:
     void Insert(int row, const std::vector<CFileRes *> &made);
     [[nodiscard]] int MakeByName(const NarrowText &id);
     [[nodiscard]] int TakePath(QString &path) const;
-    [[nodiscard]] std::vector<int> SortedBy(int sortState) const;
     void Reorder(const std::vector<int> &order);
     void SetPushKind(const CFileRes &res) const;
     void TakeOut(CFileRes &res);

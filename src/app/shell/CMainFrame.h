@@ -54,8 +54,8 @@ public:
     /// The active project's window, or null.
     [[nodiscard]] CChildFrame *ActiveChild() const { return area->ActiveChild(); }
 
-    /// A cell or a label is being edited in place.
-    [[nodiscard]] bool IsEditing() const { return focusedEdit.IsInPlace(); }
+    /// A cell or a label is being edited in place, also while another window is the active one.
+    [[nodiscard]] bool IsEditing() const { return FocusedEdit::EditedView(focusWidget()) != nullptr; }
 
     // IViewHost
     [[nodiscard]] UserBoxes &Boxes() override { return boxes; }

@@ -57,6 +57,7 @@ std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
     frame = std::make_unique<CMainFrame>(env, tables, documents);
     services.user = &frame->Boxes();
     watched = std::make_unique<WatchedFiles>(*frame);
+    watched->isBusy = [this] { return pipe.IsBreathing(); };
     services.watch = &watched->Monitor();
     services.Notify = [this](const CResDoc &document, const QString &text) { frame->Notices().Add(document, text); };
     env.explain = [this](const QString &text) {

@@ -1,6 +1,7 @@
 #include "LivePipe.h"
 
 #include <QCoreApplication>
+#include <QScopedValueRollback>
 
 void LivePipe::Write(QStringView text)
 {
@@ -19,6 +20,7 @@ void LivePipe::Breathe()
     constexpr qint64 BETWEEN_MS = 40;
     if (last.isValid() && last.elapsed() < BETWEEN_MS)
         return;
+    const QScopedValueRollback breathing(isBreathing, true);
     QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers);
     if (serveMeanwhile)
         serveMeanwhile();

@@ -22,8 +22,11 @@ public:
 
     /// Lets the window draw itself and answer the desktop. What the user does meanwhile is the window's to refuse.
     void Breathe();
+    /// Events are delivered in the middle of what the program does, such as loading or saving a project.
+    [[nodiscard]] bool IsBreathing() const { return isBreathing; }
 
 private:
     IReportPipe &pipe;
+    bool isBreathing = false;
     QElapsedTimer last;
 };

@@ -38,6 +38,8 @@ std::optional<WatchClass> WatchedFiles::ClassOf(const CDocument &doc, quint32 ha
 
 bool WatchedFiles::MayAsk()
 {
+    if (isBusy && isBusy())
+        return false;
     const UserBoxes &boxes = frame.Boxes();
     if (frame.Turn().IsOn() || boxes.IsAnyOpen() || boxes.IsAnyWaiting() || QApplication::activeModalWidget() ||
         QApplication::activePopupWidget() || QGuiApplication::mouseButtons() != Qt::NoButton)

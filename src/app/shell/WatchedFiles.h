@@ -16,6 +16,9 @@ public:
     /// The window must live longer than the program waits for events.
     explicit WatchedFiles(CMainFrame &mainFrame);
 
+    /// Says whether events are delivered in the middle of something, where no project may be loaded; may be empty.
+    std::function<bool()> isBusy;
+
     [[nodiscard]] IFileChangeMonitor &Monitor() { return monitor; }
     /// The files of these handles have changed.
     void Changed(const std::vector<quint32> &handles);

@@ -65,7 +65,7 @@ public:
     /// What `pushKind` a file's ID has in a folder of that kind.
     [[nodiscard]] static PushKind PushKindOf(quint32 folderKind);
     // Each of these tells the tree's listeners before it destroys nodes. What is in the tree is destroyed only through
-    // them, but for the rows that the string table deletes and tells of itself.
+    // them, but for the rows that the string table and the list of files delete and tell of themselves.
     /// Destroys all that is in a folder.
     void ClearFolder(CResFolder &folder);
     /// Destroys a folder of the tree with all that is in it, such as a layout's or a language's. False when the tree

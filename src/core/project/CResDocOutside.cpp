@@ -143,12 +143,15 @@ void CResDoc::OnWatchedFileChanged(quint32 handle)
     const Attempt attempt = TryToLoad();
     if (!attempt.isLoaded || LacksLayouts(attempt))
         RefuseReload(*watched, attempt);
+    const bool wasModified = IsModified();
     if (watched->watchClass == WATCH_LAYOUT)
         ReloadLayouts(watched->layout);
     else if (watched->watchClass == WATCH_STRINGS)
         ReloadStrings();
     else
         ReloadResources();
+    if (!wasModified)
+        SetModifiedFlag(false); // what the reload has changed is what the file has
 }
 
 void CResDoc::RefuseReload(const ProjectWatches::Watched &watched, const Attempt &attempt)

@@ -186,6 +186,7 @@ void CResDoc::ReloadLayouts(const QString &path)
     const CResFolder *selected = selection ? selection->SelectedFolder() : nullptr;
     const bool isInFolder = selected && selected->kind == KIND_LAYOUT && selected->index == folder->index;
     const QString title = isInFolder ? selected->title : QString(); // which goes with the folder's content
+    NoteFile(path);
     ClearFolder(*folder);
     const QByteArrayList untouched = std::exchange(untouchedLayouts[folder->index], {});
     (void)SetCurrentFolder(DirectoryOf(m_strPathName)); // which could be entered before

@@ -1,0 +1,158 @@
+// What the window does when another program changes the files of its projects.
+#include "CFileWatchDlg.h"
+#include "StringWindow.h"
+
+#include <QFileInfo>
+#include <QLabel>
+#include <QPushButton>
+
+#include <filesystem>
+
+namespace
+{
+
+/// A window with strings whose questions about reloads a user answers, and another program.
+struct WatchedWindow : StringWindow
+{
+    WatchedWindow()
+    {
+        QObject::connect(&user, &QTimer::timeout, [this] {
+            auto *const dialog = dynamic_cast<CFileWatchDlg *>(QApplication::activeModalWidget());
+            if (!dialog)
+                return;
+            for (const QLabel *label : dialog->findChildren<QLabel *>()) {
+                if (!label->text().isEmpty())
+                    asked += QFileInfo(label->text().section(u'\n', 0, 0)).fileName();
+            }
+            if (meanwhile)
+                std::exchange(meanwhile, nullptr)();
+            EXPECT_FALSE(Frame().Turn().IsOn());
+            EXPECT_FALSE(Frame().IsEditing());
+            answer ? dialog->accept() : dialog->reject();
+        });
+        user.start(10);
+    }
+    /// Another program replaces the string file by a rename: the text English of ID_C becomes another.
+    void Translate(const QByteArray &text) const
+    {
+        folder.Put("demo/res/new", StringFileBytes(QByteArray(THREE_ROWS).replace("See", text)));
+        std::filesystem::rename(folder.Path("demo/res/new").toStdString(),
+                                folder.Path("demo/res/ref_list_demo.txt").toStdString());
+    }
+    /// What is asked until this is so, and a while longer.
+    template <typename Condition> std::string AskedUntil(Condition condition)
+    {
+        EXPECT_TRUE(WaitFor(condition));
+        QTest::qWait(SETTLED_MS);
+        return std::exchange(asked, {}).join(u' ').toStdString();
+    }
+    /// What is asked within the time in which a change leads to a question.
+    std::string Asked()
+    {
+        QTest::qWait(SETTLED_MS);
+        return AskedUntil([] { return true; });
+    }
+    [[nodiscard]] bool Shows(const char *text) const
+    {
+        for (int row = 0; row < Grid().model()->rowCount(); ++row) {
+            if (Shown(row, 3) == text)
+                return true;
+        }
+        return false;
+    }
+
+    static constexpr int SETTLED_MS = 400; // more than the watcher and the window wait
+    QStringList asked;
+    bool answer = true;
+    std::function<void()> meanwhile; // before the next answer
+    QTimer user;
+};
+
+} // namespace
+
+TEST(WatchedFiles, AChangeLeadsToOneQuestionAndAnOwnSaveToNone)
+{
+    WatchedWindow window;
+    window.Translate("One");
+    EXPECT_EQ(window.AskedUntil([&] { return window.Shows("One"); }), "ref_list_demo.txt");
+    window.answer = false;
+    window.Translate("Two");
+    EXPECT_EQ(window.AskedUntil([&] { return !window.asked.isEmpty(); }), "ref_list_demo.txt");
+    EXPECT_TRUE(window.Shows("One"));
+    window.answer = true;
+    window.Translate("Three"); // and all other files, as a checkout does
+    window.folder.Put("demo/config.xml", window.folder.Get("demo/config.xml"));
+    window.folder.Put("demo/res/demo.res.xml", window.folder.Get("demo/res/demo.res.xml"));
+    EXPECT_EQ(window.AskedUntil([&] { return window.Shows("Three"); }), "demo.res.xml");
+
+    window.Activate();
+    window.Edit(0, 3);
+    window.Type(u"Here"_s);
+    window.Key(Qt::Key_Return);
+    window.Frame().RunAction(ACTION_SAVE);
+    EXPECT_EQ(window.Asked(), "");
+    EXPECT_FALSE(window.Document().IsModified());
+    EXPECT_TRUE(window.Shows("Here"));
+    window.Translate("Four");
+    EXPECT_EQ(window.AskedUntil([&] { return window.Shows("Four"); }), "ref_list_demo.txt") << "still watched";
+}
+
+TEST(WatchedFiles, TheQuestionWaitsForACommandABoxAMenuAndAnEditThatIsRefused)
+{
+    WatchedWindow window;
+    {
+        const CMainFrame::Busy busy(window.Frame(), IDE_COMMAND_PACK);
+        window.Translate("Packed");
+        EXPECT_EQ(window.Asked(), "");
+    }
+    EXPECT_EQ(window.AskedUntil([&] { return window.Shows("Packed"); }), "ref_list_demo.txt");
+
+    QTimer::singleShot(0, &window.user, [&] {
+        window.Translate("Boxed");
+        EXPECT_EQ(window.Asked(), "");
+        window.Answer({QMessageBox::Ok});
+    });
+    window.Frame().Boxes().MessageBox(u"read this"_s);
+    EXPECT_EQ(window.AskedUntil([&] { return window.Shows("Boxed"); }), "ref_list_demo.txt");
+
+    window.Activate();
+    window.Edit(0, 0);
+    window.Type(u"NO ID"_s);
+    window.Translate("Refused");
+    EXPECT_TRUE(window.WaitFor([&] { return window.boxes.size() == 1 || QApplication::activeModalWidget(); }));
+    window.Answer({QMessageBox::Ok});
+    EXPECT_TRUE(window.WaitFor([&] { return !window.boxes.isEmpty(); }));
+    window.Activate();
+    EXPECT_EQ(window.Asked(), "") << window.boxes.join(u'|').toStdString();
+    EXPECT_EQ(window.Edited(), "0,0") << "the user corrects it in peace";
+    window.Key(Qt::Key_Escape);
+    EXPECT_EQ(window.AskedUntil([&] { return window.Shows("Refused"); }), "ref_list_demo.txt");
+}
+
+TEST(WatchedFiles, AHalfWrittenListLosesNothingAndTheNextVersionIsTaken)
+{
+    WatchedWindow window;
+    const QByteArray list = window.folder.Get("demo/res/demo.res.xml");
+    window.Edit(0, 3);
+    window.Type(u"Unsaved"_s);
+    window.Key(Qt::Key_Return);
+    window.Answer({QMessageBox::Ok});
+    window.folder.Put("demo/res/demo.res.xml", "<APP><STR");
+    EXPECT_EQ(window.AskedUntil([&] { return !window.boxes.isEmpty(); }), "demo.res.xml "
+                                                                          "This project has changes that aren't saved. "
+                                                                          "Reloading drops them.");
+    EXPECT_TRUE(window.boxes.first().contains(u"demo.vcproj could not be opened"_s));
+    EXPECT_TRUE(window.Shows("Unsaved"));
+    window.folder.Put("demo/res/demo.res.xml", list);
+    (void)window.AskedUntil([&] { return !window.Shows("Unsaved"); });
+    EXPECT_TRUE(window.Shows("See"));
+
+    window.MakeProject("other", "<APP/>");
+    (void)window.Frame().Projects().Open(window.Project("other"));
+    window.folder.Put("demo/res/demo.res.xml", list);
+    window.meanwhile = [&] { window.folder.Put("other/res/other.res.xml", "<APP/>"); };
+    EXPECT_EQ(window.AskedUntil([&] { return window.asked.size() == 2; }), "demo.res.xml other.res.xml");
+    window.Frame().RunAction(ACTION_CLOSE);
+    window.folder.Put("demo/res/demo.res.xml", list);
+    EXPECT_EQ(window.Asked(), "") << "closing a project ends all watching";
+}
