@@ -82,6 +82,8 @@ void StringWalk::AnswerBox()
         const auto buttons = box->buttons();
         return buttons[Below(int(buttons.size()))]->click();
     }
+    if (auto *const reload = dynamic_cast<CFileWatchDlg *>(open)) // of what another program has written
+        QMetaObject::invokeMethod(reload, Below(2) ? &QDialog::accept : &QDialog::reject, Qt::QueuedConnection);
     auto *const languages = dynamic_cast<CListFltrDlg *>(open);
     if (!languages)
         return;
