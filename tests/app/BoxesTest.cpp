@@ -69,6 +69,29 @@ TEST(UserBoxes, TheFileDialogShowsFilesWithoutADotAndFindsTheFileItStartsWith)
     EXPECT_EQ(chosen, QStringList(window.folder.Path("demo/res/pics/Old.png"))) << "whatever the case of its name";
 }
 
+TEST(UserBoxes, TheFileDialogAddsTheOnlyExtensionOfItsTypeToATypedName)
+{
+    TestWindow window;
+    window.Start();
+    for (const char *file : {"logo.gif", "logo.png", "README"})
+        window.folder.Put(QByteArray("pics/") + file, "");
+    const QString filter = u"Gif files (*.gif)|*.gif|Pictures|*.gif; *.png|All Files (*.*)|*.*||"_s;
+    const auto open = [&](int type, const QString &name) {
+        WhenOpen<QFileDialog>(window, [&](QFileDialog &dialog) {
+            dialog.setDirectory(window.folder.Path("pics"));
+            for (int i = 0; i < type; ++i)
+                QTest::keyClick(TypesOf(dialog), Qt::Key_Down);
+            dialog.findChild<QLineEdit *>()->setText(name);
+            WhenOpen<QMessageBox>(window, [&](QMessageBox &box) { box.reject(); }); // there is no such file
+            QTest::keyClick(dialog.findChild<QLineEdit *>(), Qt::Key_Return);
+        });
+        return window.Frame().Boxes().OpenFileDialog(filter, 1, true, QString()).join(u' ');
+    };
+    EXPECT_EQ(open(0, u"logo"_s), window.folder.Path("pics/logo.gif"));
+    EXPECT_EQ(open(1, u"logo"_s), QString());
+    EXPECT_EQ(open(2, u"README"_s), window.folder.Path("pics/README"));
+}
+
 TEST(UserBoxes, TheSaveDialogAddsTheExtensionOfItsTypeAndAsksBeforeItReplaces)
 {
     TestWindow window;

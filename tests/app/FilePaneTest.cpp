@@ -3,6 +3,8 @@
 #include <QMenu>
 #include <QScrollBar>
 
+#include <unistd.h>
+
 // Rows by ID: ID_A (audio), ID_B2 (video, Push), ID_B10 (binary), ID_GONE (binary, not there), the new row.
 
 TEST(FilePane, ListsSortsAndRemembers)
@@ -128,7 +130,7 @@ TEST(FilePane, TakesWhatIsDroppedAndTellsOfTheRestInOneBox)
                             QUrl::fromLocalFile(window.folder.Path("two.mp3"))});
     ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 2; }));
     EXPECT_THAT(window.boxes[1].toStdString(),
-                testing::MatchesRegex("\"[^\n]*.wav\": Its path is no valid UTF-8[^\n]*\n"
+                testing::MatchesRegex("\"[^\n]*.wav\": Its path isn't valid UTF-8[^\n]*\n"
                                       "\"x.bmp\": Inappropriate file type."));
     EXPECT_EQ(window.List().Files(), 3);
     EXPECT_EQ(window.List().CellText(1, 0) + window.List().CellText(2, 0), u"ID_AUDIO_ONEID_AUDIO_TWO"_s);
@@ -174,6 +176,9 @@ TEST(FilePane, BrowsesImportsOpensAndDeletes)
     window.View().Run(ACTION_OPEN_FOLDER);
     EXPECT_EQ(opened,
               (QByteArrayList{window.folder.Path("demo/other.wav").toUtf8(), window.folder.Path("demo").toUtf8()}));
+    const QByteArray loop = window.folder.Path("demo/loop").toUtf8();
+    ASSERT_EQ(symlink("loop", loop.constData()), 0);
+    EXPECT_EQ(window.View().opener.OpenFile(loop), u"Failed to open the file."_s) << "it is there, but not reached";
     isOpening = false;
     window.View().Run(ACTION_OPEN_FOLDER);
     ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 1; }));

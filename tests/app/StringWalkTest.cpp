@@ -1,4 +1,5 @@
 // The string view and its table under a user who does anything.
+#include "CFileWatchDlg.h"
 #include "CListFltrDlg.h"
 #include "FilterChoice.h"
 #include "FindBar.h"
@@ -81,6 +82,8 @@ void StringWalk::AnswerBox()
         const auto buttons = box->buttons();
         return buttons[Below(int(buttons.size()))]->click();
     }
+    if (auto *const reload = dynamic_cast<CFileWatchDlg *>(open)) // of what another program has written
+        QMetaObject::invokeMethod(reload, Below(2) ? &QDialog::accept : &QDialog::reject, Qt::QueuedConnection);
     auto *const languages = dynamic_cast<CListFltrDlg *>(open);
     if (!languages)
         return;
@@ -329,6 +332,12 @@ TEST_P(StringWalkFrom, TheGridIsTheTreeAndTheFileIsBoth)
     const QtMessageHandler before = qInstallMessageHandler(FailOnWarning);
     {
         StringWalk walk(GetParam());
+        QTimer user; // leaves what another program has changed, as far as the window asks
+        QObject::connect(&user, &QTimer::timeout, [] {
+            if (auto *const dialog = dynamic_cast<CFileWatchDlg *>(QApplication::activeModalWidget()))
+                dialog->reject();
+        });
+        user.start(1);
         const QAbstractItemModelTester tester(walk.Grid().model(),
                                               QAbstractItemModelTester::FailureReportingMode::Warning);
         for (int step = 0; step < 2'000 && !HasFailure(); ++step) {

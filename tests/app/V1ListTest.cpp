@@ -99,4 +99,11 @@ TEST(V1ListDialog, TheMenuOpensItForTheProjectOpenedLastAndWithoutOneOkLeavesItO
     (void)window.Frame().Projects().Open(window.Project());
     EXPECT_EQ(run(), "a.gif=" + window.folder.Path("demo/a.gif").toStdString());
     EXPECT_FALSE(window.Document().IsModified());
+
+    window.MakeProject("other", "<APP/>");
+    window.folder.Put("other/morvanite.ini", "[Text]\ncode_page=936\n");
+    window.folder.Put("other/other_res.lst", ".\\\xD6\xD0.gif");
+    (void)window.Frame().Projects().Open(window.Project("other"));
+    EXPECT_EQ(run(), "中.gif=" + window.folder.Path("other/中.gif").toStdString()) << "in the project's code page";
+    EXPECT_EQ(window.folder.Get("other/other_res.lst"), ".\\\xD6\xD0.gif");
 }

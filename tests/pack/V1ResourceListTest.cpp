@@ -56,6 +56,7 @@ TEST_F(V1List, ReadingDropsBlankLinesAndStopsAtOneThatIsNoPathOrTooLong)
     const V1ResourceList list = Load(".\\a.gif\n\r\n..\\up.gif\r\n.\\b.gif\r");
     EXPECT_EQ(Paths(list), "@/a.gif ..\\up.gif @/b.gif");
     EXPECT_EQ(Saved(list), ".\\a.gif\r\n..\\up.gif\r\n.\\b.gif");
+    EXPECT_EQ(Saved(Load(".\\\xD6\xD0.gif\r\n.\\a.gif")), ".\\\xD6\xD0.gif\r\n.\\a.gif") << "in another code page";
     EXPECT_EQ(Paths(Load(".\\a.gif\r\nb.gif\r\n.\\c.gif")), "@/a.gif");
     const QByteArray fits = ".\\" + QByteArray(1021, 'x');
     EXPECT_EQ(Load(fits + "\n.\\c.gif").Rows().size(), 2U);

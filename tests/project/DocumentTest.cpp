@@ -120,8 +120,13 @@ TEST_F(ResDoc, AChangedConfigurationReplacesTheTreeToo)
 {
     const QByteArray whole = project.folder.Get("demo/config.xml");
     EXPECT_EQ(doc->WatchedClass(Handle("demo/config.xml")), WATCH_CONFIGURATION);
+    QString explained;
+    project.env->explain = [&](const QString &text) { explained += text + u'\n'; };
     project.folder.Put("demo/config.xml", whole.first(whole.size() / 2));
     EXPECT_THROW(doc->OnWatchedFileChanged(Handle("demo/config.xml")), ArchiveException);
+    EXPECT_TRUE(explained.contains(u"config.xml"_s)) << "which file it is";
+    EXPECT_TRUE(explained.contains(u"\nThe project "_s + doc->m_strPathName + u" can't be read again"_s));
+    project.env->explain = nullptr;
     const quint32 handle = Handle("demo/config.xml");
     project.folder.Put("demo/config.xml", whole);
     doc->OnWatchedFileChanged(handle);

@@ -45,7 +45,7 @@ constexpr MenuEntry VIEW_ENTRIES[] = {
     {ACTION_SPLIT, "S&plit", "", "Lets the arrow keys move the bar between tree and pane."},
     LINE,
     {ACTION_FIND_BAR, "&Find Bar", "Ctrl+F", "Shows or hides the bar that finds rows and filters them.", true},
-    {ACTION_DETAILS, "&Details", "F4", "Shows or hides the whole text of what is in focus.", true},
+    {ACTION_DETAILS, "&Details", "F4", "Shows or hides the whole text, or the preview, of what is in focus.", true},
 };
 constexpr size_t VIEW_ENTRIES_OF_THE_FRAME = 5; // the others are about what a pane shows
 constexpr MenuEntry WINDOW_ENTRIES[] = {

@@ -74,11 +74,14 @@ QLayout *CZEP10ResDlg::MakeButtons()
 
 void CZEP10ResDlg::Add()
 {
-    model->Add(boxes.OpenFileDialog(QString::fromLatin1(FILTER), 1, true, {}));
+    const QStringList chosen = boxes.OpenFileDialog(QString::fromLatin1(FILTER), 1, true, {});
+    if (chosen.isEmpty())
+        return;
+    model->Add(chosen);
     grid->scrollToBottom();
 }
 
-/// The row that comes into the place of the first has the focus then.
+/// Afterwards the focus is on the row that takes the place of the first one.
 void CZEP10ResDlg::Remove()
 {
     const std::vector<int> rows = grid->SelectedRows();

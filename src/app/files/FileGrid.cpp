@@ -250,8 +250,24 @@ void FileGrid::dataChanged(const QModelIndex &first, const QModelIndex &last, co
         NoteFocus();
 }
 
+void FileGrid::scrollTo(const QModelIndex &cell, ScrollHint hint)
+{
+    const int before = horizontalScrollBar()->value();
+    CListGrid::scrollTo(cell, hint);
+    if (cell.column() == FileList::PATH_COLUMN)
+        horizontalScrollBar()->setValue(before);
+}
+
+/// Rows are in focus, not cells: the keys to the left and to the right scroll.
 void FileGrid::keyPressEvent(QKeyEvent *event)
 {
+    const bool isBack = event->key() == (isRightToLeft() ? Qt::Key_Right : Qt::Key_Left);
+    if ((event->key() == Qt::Key_Left || event->key() == Qt::Key_Right) &&
+        !(event->modifiers() & ~Qt::KeypadModifier)) {
+        horizontalScrollBar()->triggerAction(isBack ? QScrollBar::SliderSingleStepSub
+                                                    : QScrollBar::SliderSingleStepAdd);
+        return;
+    }
     if (event->key() != Qt::Key_Down || !(event->modifiers() & Qt::AltModifier))
         return CListGrid::keyPressEvent(event);
     if (Selected().count == 1 && list.At(Selected().first)) {

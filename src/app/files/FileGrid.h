@@ -44,6 +44,9 @@ public:
     /// What the settings are to remember of widths and order.
     [[nodiscard]] QList<ProfileEntry> State() const;
 
+    /// Scrolls a path up and down only: a click on it must not move the IDs out of sight.
+    void scrollTo(const QModelIndex &cell, ScrollHint hint = EnsureVisible) override;
+
     /// Told of a press of the button, or a double click that does the same.
     std::function<void()> browseWanted;
     /// Told of another row in focus, or of a change of it.

@@ -4,17 +4,19 @@
 #include <QFile>
 #include <QUrl>
 
+#include <cerrno>
 #include <unistd.h>
 
 namespace
 {
 
-/// The opener of the desktop says nothing of what isn't there.
+/// The desktop's opener doesn't tell when the file isn't there, or can't be reached.
 QString OpenPath(const FileOpener &opener, const QByteArray &hostPath, const QString &what)
 {
-    if (access(hostPath.constData(), F_OK) != 0)
+    const bool isReached = access(hostPath.constData(), F_OK) == 0;
+    if (!isReached && (errno == ENOENT || errno == ENOTDIR))
         return QStringLiteral("The specified %1 was not found.").arg(what);
-    return opener.open(hostPath) ? QString() : QStringLiteral("Failed to open the %1.").arg(what);
+    return isReached && opener.open(hostPath) ? QString() : QStringLiteral("Failed to open the %1.").arg(what);
 }
 
 } // namespace

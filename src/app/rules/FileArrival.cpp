@@ -19,7 +19,7 @@ QString FileEditMessage(int code)
     case FILE_WRONG_TYPE:
         return QStringLiteral("Inappropriate file type.");
     case FILE_NAME_NOT_UTF8:
-        return QStringLiteral("Its path is no valid UTF-8. Rename it first.");
+        return QStringLiteral("Its path isn't valid UTF-8. Rename it first.");
     case FILE_NAME_NOT_IN_CODE_PAGE:
         return QStringLiteral("The code page of the project lacks a character of its path. Rename it first.");
     case FILE_NAME_HAS_BACKSLASH:

@@ -23,7 +23,7 @@ enum FileEdit : int
 /// What the user is told of an edit that was refused; empty for FILE_EDIT_DONE.
 [[nodiscard]] QString FileEditMessage(int code);
 
-/// Says whether a project can have a file as a resource, by its path alone and by what the disk has in its place:
+/// Says whether a file can become a resource of a project, by its path and by what is on the disk there:
 /// FILE_EDIT_DONE, or why not. Nothing is opened, so a pipe keeps nobody waiting, and a file that can't be read passes:
 /// its reader reports that.
 [[nodiscard]] int CheckArrival(const QString &path);

@@ -32,8 +32,8 @@ protected:
 
 /// The list of file resources of a folder: its rows, their order, and all that can be done to them.
 ///
-/// Behind the resources is the new row, with no resource, except in the folder of a component, which has the images
-/// that are in use. The resources belong to the tree: LetGo before they are destroyed elsewhere.
+/// The last row is the new row, which has no resource. The folder of a component has no such row, and shows only the
+/// images that are in use. The resources belong to the tree: call LetGo before they are destroyed elsewhere.
 class FileList
 {
 public:
@@ -49,17 +49,17 @@ public:
     void Fill(CResFolder *toShow, int sortState);
     void LetGo() { Fill(nullptr, 0); }
     [[nodiscard]] CResFolder *Folder() const { return folder; }
-    /// The folder of a component.
+    /// Says whether the folder is that of a component.
     [[nodiscard]] bool IsItemFolder() const { return folder && (folder->kind & KIND_FLAG_ITEM); }
     /// Says whether the list may hold nodes that go with an announced folder (ITreeListener).
     [[nodiscard]] bool HoldsOf(const CResFolder &going) const;
 
-    /// With the new row.
+    /// The number of rows, the new row included.
     [[nodiscard]] int RowCount() const { return Files() + (HasNewRow() ? newRows : 0); }
-    /// Of resources.
+    /// The number of resources that are shown.
     [[nodiscard]] int Files() const { return int(rows.size()); }
     [[nodiscard]] bool HasNewRow() const { return folder && !IsItemFolder(); }
-    /// Null for the new row.
+    /// The resource of a row; null for the new row.
     [[nodiscard]] CFileRes *At(int row) const;
     /// The row of a resource, or -1.
     [[nodiscard]] int RowOf(const CBaseRes &res) const;

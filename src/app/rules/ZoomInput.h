@@ -14,7 +14,8 @@ inline constexpr int HIGHEST = 1000; // percent
 /// What is said of any other input.
 [[nodiscard]] QString Message();
 
-/// The number of percent; nothing when it is none from LOWEST to HIGHEST. Blanks around it don't count.
+/// The number of percent; nothing for a text that isn't a whole number from LOWEST to HIGHEST. Blanks around it don't
+/// count.
 [[nodiscard]] std::optional<int> Check(const QString &text);
 
 } // namespace ZoomInput

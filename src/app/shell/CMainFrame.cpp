@@ -6,6 +6,7 @@
 #include "DroppedFiles.h"
 #include "Environment.h"
 #include "IdeCommandHandler.h"
+#include "Paths.h"
 #include "StatusPane.h"
 #include "UiIcons.h"
 
@@ -171,10 +172,16 @@ void CMainFrame::Arrange(ActionId id)
         focus->setFocus(); // which a window that changes its form gives away
 }
 
-/// Of the project that was opened last, whichever is active.
+/// Of the project that was opened last, whichever is active. The list is in that project's code page, in which a pack
+/// reads it; the project itself may be closed by now.
 void CMainFrame::EditV1List()
 {
-    CZEP10ResDlg dialog(env, tables.projectPath, boxes, this);
+    Environment ofProject(env);
+    if (!tables.projectPath.isEmpty() && !ofProject.UseProjectSettings(DirectoryOf(tables.projectPath)))
+        return boxes.ShowMessage(
+            QStringLiteral("The list can't be opened: the settings of %1 can't be used. The output tells why.")
+                .arg(tables.projectPath));
+    CZEP10ResDlg dialog(ofProject, tables.projectPath, boxes, this);
     (void)boxes.RunDialog(dialog);
 }
 

@@ -131,13 +131,27 @@ bool UserBoxes::RunDialog(QDialog &dialog)
 namespace
 {
 
-void SetFilters(QFileDialog &dialog, const QList<FileFilter> &filters)
+/// Sets the types of files to choose from, and which of them is chosen. A name that is typed without an extension gets
+/// that of the chosen type; to open a file only where the type has no more than one.
+void SetFilters(QFileDialog &dialog, const QList<FileFilter> &filters, int chosen)
 {
     QStringList names;
     for (const FileFilter &filter : filters)
         names.append(filter.NameFilter());
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(names);
+    dialog.selectNameFilter(names.value(chosen));
+    const auto setSuffix = [&dialog](const FileFilter &filter) {
+        const bool isSaving = dialog.acceptMode() == QFileDialog::AcceptSave;
+        dialog.setDefaultSuffix(isSaving || filter.patterns.size() == 1 ? filter.Suffix() : QString());
+    };
+    setSuffix(filters.value(chosen));
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [filters, setSuffix](const QString &name) {
+        for (const FileFilter &each : filters) { // a dialog of the desktop gives the patterns too
+            if (name == each.name || name == each.NameFilter())
+                setSuffix(each);
+        }
+    });
 }
 
 } // namespace
@@ -153,27 +167,17 @@ QStringList UserBoxes::Choose(QFileDialog &dialog, const QString &initialName)
 QStringList UserBoxes::OpenFileDialog(const QString &filter, int selectedFilter, bool multiSelect,
                                       const QString &initialName)
 {
-    const QList<FileFilter> filters = ParseFileFilter(filter);
     QFileDialog dialog(Parent(), QStringLiteral("Open"));
-    SetFilters(dialog, filters);
-    dialog.selectNameFilter(filters.value(selectedFilter - 1).NameFilter());
+    SetFilters(dialog, ParseFileFilter(filter), selectedFilter - 1);
     dialog.setFileMode(multiSelect ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
     return Choose(dialog, initialName);
 }
 
 QString UserBoxes::SaveFileDialog(const QString &filter, const QString &initialName)
 {
-    const QList<FileFilter> filters = ParseFileFilter(filter);
     QFileDialog dialog(Parent(), QStringLiteral("Save As"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    SetFilters(dialog, filters);
-    dialog.setDefaultSuffix(filters.value(0).Suffix());
-    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString &chosen) {
-        for (const FileFilter &each : filters) { // a dialog of the desktop gives the patterns too
-            if (chosen == each.name || chosen == each.NameFilter())
-                dialog.setDefaultSuffix(each.Suffix());
-        }
-    });
+    SetFilters(dialog, ParseFileFilter(filter), 0);
     return Choose(dialog, initialName).value(0);
 }
 

@@ -54,14 +54,15 @@ void V1ResourceList::Load()
         at = end + 1;
         if (line.endsWith('\r'))
             line.chop(1);
-        if (!AddLine(env.NarrowToWide(line)))
+        if (!AddLine(line))
             return;
     }
 }
 
-bool V1ResourceList::AddLine(const QString &line)
+bool V1ResourceList::AddLine(const NarrowText &line)
 {
-    QString path = line;
+    QString path = env.NarrowToWide(line);
+    const bool canWrite = env.WideToNarrow(path) == line;
     bool relative = false;
     for (qsizetype at = path.indexOf(u".\\"_s); at >= 0; at = path.indexOf(u".\\"_s, at)) {
         if (at > 0 && path[at - 1] == u'.') {
@@ -78,7 +79,7 @@ bool V1ResourceList::AddLine(const QString &line)
         return true;
     if (LastSeparator(path) < 0)
         return false;
-    rows.push_back({FileName(path), path});
+    rows.push_back({FileName(path), path, canWrite ? NarrowText() : line});
     return true;
 }
 
@@ -114,7 +115,9 @@ bool V1ResourceList::Save() const
     for (const Row &row : rows) {
         if (&row != &rows.front())
             text += "\r\n";
-        if (!row.name.isEmpty() && !row.path.isEmpty())
+        if (!row.line.isEmpty())
+            text += row.line;
+        else if (!row.name.isEmpty() && !row.path.isEmpty())
             text += env.WideToNarrow(StoredPath(row.path));
     }
     WriteList(V1ListPath(projectPath), text);

@@ -24,8 +24,10 @@ class V1ResourceList
 public:
     struct Row
     {
-        QString name; ///< behind the path's last separator; the file's name on the device
+        QString name; ///< what is behind the path's last separator: the file's name on the device
         QString path; ///< absolute
+        /// The line of the file, where the code page can't write it again from the path; else empty.
+        NarrowText line = {};
         bool operator==(const Row &) const = default;
     };
 
@@ -46,7 +48,7 @@ public:
     [[nodiscard]] const std::vector<Row> &Rows() const { return rows; }
 
 private:
-    [[nodiscard]] bool AddLine(const QString &line);
+    [[nodiscard]] bool AddLine(const NarrowText &line);
     [[nodiscard]] QString StoredPath(const QString &path) const;
     void CopyToConfiguration() const;
     void WriteList(const QString &path, const QByteArray &bytes) const;

@@ -156,15 +156,15 @@ void CResDoc::OnWatchedFileChanged(quint32 handle)
 
 void CResDoc::RefuseReload(const ProjectWatches::Watched &watched, const Attempt &attempt)
 {
-    const QString file = watched.watchClass == WATCH_LAYOUT    ? watched.layout
+    const QString what = watched.watchClass == WATCH_LAYOUT    ? watched.layout
                          : watched.watchClass == WATCH_STRINGS ? refPath
-                                                               : m_strPathName;
+                                                               : u"The project "_s + m_strPathName;
 
     reloadFailed = true;
     TellFailure(attempt);
     env.Explain(
-        u"%1 can't be read again; what is open here stays as it was, and isn't saved until the file can be read"_s.arg(
-            file));
+        u"%1 can't be read again; what is open stays as it was, and nothing is saved until that is possible"_s.arg(
+            what));
     throw ArchiveException{CAUSE_BAD_DOCUMENT};
 }
 

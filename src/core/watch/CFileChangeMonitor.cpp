@@ -151,7 +151,8 @@ quint32 CFileChangeMonitor::AddFile(const QString &path, CDocument *doc)
         return 0;
     if (!parts->StartThread())
         return 0;
-    // A change after the time is read is told, and then the thread finds the entry: it waits for the lock.
+    // The time is read once the folders are watched, so no later change is missed. The thread looks for the entry when
+    // the lock is free again.
     const std::lock_guard held(parts->lock);
     entry.folders = FoldersOf(entry.path);
     WatchAll(*parts->watch, entry.folders);

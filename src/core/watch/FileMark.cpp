@@ -26,7 +26,7 @@ std::optional<qint64> MarkOfFile(const QByteArray &path)
     struct stat info = {};
     if (stat(path.constData(), &info) != 0 || !S_ISREG(info.st_mode))
         return {};
-    // Opened, since a network file system may tell an old time to who doesn't.
+    // The file is opened first: a network file system may give an old time for one that isn't open.
     const FileHandle file(open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (!file.IsOpen() || fstat(file.Get(), &info) != 0)
         return {};

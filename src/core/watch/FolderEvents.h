@@ -6,7 +6,7 @@
 #include <set>
 
 /// Events of the system about folders (inotify): a file in one has changed, or its path leads elsewhere by now. An
-/// event of a folder below is none of the folder.
+/// event in a subfolder isn't an event of the folder.
 ///
 /// Paths are the host's, absolute, and end in "/". Not for several threads at once.
 class FolderEvents

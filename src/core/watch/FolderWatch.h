@@ -28,8 +28,8 @@ public:
     /// Waits for the thread, and so for a notice that it is giving. Not to be called by the thread.
     ~FolderWatch();
 
-    /// Watches a folder, which need not be there. Each change from now on is told. As often watched, as often it has to
-    /// be taken off.
+    /// Watches a folder, which need not be there. Each change from now on is told. A folder that was watched twice has
+    /// to be unwatched twice.
     void Watch(const QByteArray &folder);
     void Unwatch(const QByteArray &folder);
 
