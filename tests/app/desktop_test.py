@@ -38,8 +38,9 @@ class OnScreen(unittest.TestCase):
         self.addCleanup(shutil.rmtree, self.dir)
         shutil.copytree(SAMPLE, self.dir / 'sample', ignore=shutil.ignore_patterns('ResID'))
         (self.dir / 'run').mkdir(mode=0o700)
-        self.env = dict(os.environ, XDG_CONFIG_HOME=str(self.dir / 'settings'), MORVANITE_RUNTIME_DIR=str(self.dir / 'run'),
-                        XDG_RUNTIME_DIR=str(self.dir / 'run'), QT_QPA_PLATFORM='xcb', LC_ALL='C.UTF-8',
+        self.env = dict(os.environ, XDG_CONFIG_HOME=str(self.dir / 'settings'), XDG_STATE_HOME=str(self.dir / 'state'),
+                        MORVANITE_RUNTIME_DIR=str(self.dir / 'run'), XDG_RUNTIME_DIR=str(self.dir / 'run'),
+                        QT_QPA_PLATFORM='xcb', LC_ALL='C.UTF-8',
                         LSAN_OPTIONS='print_suppressions=0:suppressions=%s/leaks_of_others.txt' % pathlib.Path(__file__).parent)
         # The settings are written where they lie: into a program folder of the test's own.
         shutil.copytree(pathlib.Path(PROGRAM).parent, self.dir / 'bin',
