@@ -170,7 +170,7 @@ void TakeStrings(TestWindow &window, const QString &folder)
     window.Frame().resize(900, 560);
 }
 
-/// The file pane: as it opens, with thumbnails and the preview, with all files, and its menu.
+/// The file pane: as it opens, with thumbnails and the preview, with all files, and with an ID that is edited.
 void TakeFiles(TestWindow &window, const QString &folder)
 {
     window.Frame().resize(1100, 640);
