@@ -1,6 +1,7 @@
 #include "CellPlace.h"
 #include "FileActions.h"
 #include "FileListModel.h"
+#include "ListSettings.h"
 #include "TestModel.h"
 
 #include <QAbstractItemModelTester>
@@ -57,6 +58,14 @@ TEST(FileList, TakesFilesByTheirClassWithIdsOfTheirOwn)
     EXPECT_EQ(world.Rows(), "ID_AUDIO_SONG=.\\song.wav ID_FILE_A=.\\a.bmp ID_AUDIO_SONG1=.\\x\\song.MP3 "
                             "ID_FILE_TXT=.\\+.txt <New> ");
     EXPECT_EQ(NamesIn(world.audio) + "|" + NamesIn(world.binary), "ID_AUDIO_SONG ID_AUDIO_SONG1|ID_FILE_A ID_FILE_TXT");
+    const QString project = QFileInfo(world.PathName()).path();
+    const QString other = QFileInfo(project).path() + u'/' + QFileInfo(project).fileName().toUpper();
+    ASSERT_TRUE(QDir().mkpath(other)); // of another case: another folder here
+    QFile::copy(world.folder.Path("song.wav"), other + u"/song.wav"_s);
+    EXPECT_EQ(world.list.AddFileRow(0, other + u"/song.wav"_s), FILE_EDIT_DONE);
+    EXPECT_EQ(world.list.CellText(0, 2), other + u"/song.wav"_s);
+    world.list.Remove({0});
+    QDir(other).removeRecursively();
     EXPECT_EQ(world.list.AddFileRow(1, world.Put("clip.avi")), FILE_EDIT_DONE);
     EXPECT_EQ(world.list.CellText(1, 0), u"ID_VIDEO_CLIP"_s);
 
@@ -158,7 +167,7 @@ TEST(FileList, SortsRemovesAndClears)
         world.list.Sort(state);
         EXPECT_EQ(world.list.CellText(2, 2) + world.list.CellText(400, 0), u".\\n2.txt<New>"_s);
     }
-    EXPECT_EQ(FileList::NextSortState(1, 0) * 10 + FileList::NextSortState(-1, 2), -7);
+    EXPECT_EQ(ListSettings::NextSortState(1, 0) * 10 + ListSettings::NextSortState(-1, 2), -7);
 
     std::vector<int> some{3, 4, 5, 400};
     world.list.Remove(some);

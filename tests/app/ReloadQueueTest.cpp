@@ -109,8 +109,11 @@ TEST(ReloadQueue, WaitsUntilTheUserCanBeAskedAndForgetsWhatHasGone)
         EXPECT_EQ(host.Change({11, 12, 4}), "11?") << "one question at a time";
         host.log = u"11?"_s;
     };
-    EXPECT_EQ(host.Change({}), "11?11!2?2!3?3!4?4!") << "the answer is about what changed during the question too";
+    EXPECT_EQ(host.Change({}), "11?11!2?2!3?3!4?4!") << "the reload has read what changed during the question too";
     EXPECT_TRUE(host.queue.IsEmpty());
+    host.answer = false;
+    host.whileAsked = [&] { host.queue.Add({2, 11}); };
+    EXPECT_EQ(host.Change({2}), "2?11?2?") << "No is about what had changed before the question";
 
     host.whileAsked = [&] { host.files.clear(); }; // all projects are closed
     EXPECT_EQ(host.Change({2, 12, 13}), "2?");

@@ -1,9 +1,9 @@
 // What the views of a project decide, and what they do with the keyboard and the mouse.
 #include "MenuTable.h"
+#include "ProgramStyle.h"
 #include "ResourceCounts.h"
 #include "StatusPane.h"
 #include "TestWindow.h"
-#include "ProgramStyle.h"
 #include "TreeLines.h"
 
 #include <QClipboard>

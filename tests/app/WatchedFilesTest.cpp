@@ -141,7 +141,7 @@ TEST(WatchedFiles, AHalfWrittenListLosesNothingAndTheNextVersionIsTaken)
     EXPECT_EQ(window.AskedUntil([&] { return !window.boxes.isEmpty(); }), "demo.res.xml "
                                                                           "This project has changes that aren't saved. "
                                                                           "Reloading drops them.");
-    EXPECT_TRUE(window.boxes.first().contains(u"demo.vcproj could not be opened"_s));
+    EXPECT_TRUE(window.boxes.first().contains(u"demo.vcproj could not be read again"_s));
     EXPECT_TRUE(window.Shows("Unsaved"));
     window.folder.Put("demo/res/demo.res.xml", list);
     (void)window.AskedUntil([&] { return !window.Shows("Unsaved"); });

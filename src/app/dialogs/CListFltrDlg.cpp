@@ -73,7 +73,7 @@ void CListFltrDlg::Sort()
 
 void CListFltrDlg::SortBy(int column)
 {
-    sortState = qAbs(sortState) == column + 1 ? -sortState : column + 1;
+    sortState = ListSettings::NextSortState(sortState, column);
     Sort();
 }
 

@@ -5,8 +5,6 @@
 namespace
 {
 
-constexpr qsizetype LONGEST_SHOWN = 300; // characters; a tool tip has all
-
 enum Column
 {
     COLUMN_NAME,

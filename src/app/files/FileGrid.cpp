@@ -184,7 +184,7 @@ void FileGrid::Follow()
 void FileGrid::SortBy(int col)
 {
     (void)TakeEdit();
-    sortState = FileList::NextSortState(sortState, col);
+    sortState = ListSettings::NextSortState(sortState, col);
     ShowSort(sortState);
     list.Sort(sortState);
 }

@@ -4,13 +4,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace
-{
-
-constexpr qsizetype LONGEST_SHOWN = 300; // a longer one takes a view seconds to lay out
-
-} // namespace
-
 void FileListModel::SetList(const FileList *fileList)
 {
     beginResetModel();

@@ -2,13 +2,13 @@
 
 #include "Environment.h"
 #include "FileOrder.h"
+#include "HostFiles.h"
 #include "IdNames.h"
 #include "Paths.h"
 #include "ProjectTree.h"
 #include "ResModel.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <numeric>
 
 using namespace Qt::StringLiterals;
@@ -111,17 +111,18 @@ void FileList::Sort(int sortState)
     grid.OrderChanged(order);
 }
 
-int FileList::NextSortState(int sortState, int col)
-{
-    return std::abs(sortState) == col + 1 ? -sortState : col + 1;
-}
-
 /// Turns a path into what the project stores of it.
 int FileList::TakePath(QString &path) const
 {
     if (const int code = CheckArrival(path); code != FILE_EDIT_DONE)
         return code;
-    MakeRelative(path, DirectoryOf(model.PathName()));
+    const QString folderOfProject = DirectoryOf(model.PathName());
+    const QString absolute = path;
+    MakeRelative(path, folderOfProject);
+    // Which takes names that differ in case for one; on this disk they may be of two folders.
+    if (path != absolute && !absolute.startsWith(folderOfProject) &&
+        !IsSameFile(HostPath(absolute), HostPath(ResolvePath(path, folderOfProject))))
+        path = absolute;
     return model.env.NarrowToWide(model.env.WideToNarrow(path)) == path ? FILE_EDIT_DONE : FILE_NAME_NOT_IN_CODE_PAGE;
 }
 

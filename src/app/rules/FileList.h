@@ -71,8 +71,6 @@ public:
     /// Sorts the rows; the new row stays the last. A sort state n > 0 is ascending by column n - 1, -n descending. Of
     /// equal rows the order stays.
     void Sort(int sortState);
-    /// The next sort state after a click on a header.
-    [[nodiscard]] static int NextSortState(int sortState, int col);
 
     // Edits. Each gives a FileEdit.
     /// Adds a file to the project, in front of `row`.

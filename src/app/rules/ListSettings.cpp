@@ -2,6 +2,7 @@
 
 #include "Settings.h"
 
+#include <cstdlib>
 #include <limits>
 
 namespace
@@ -42,4 +43,9 @@ QList<ProfileEntry> ListSettings::State(const QList<int> &widths, int sortState)
 bool ListSettings::Save(const QList<int> &widths, int sortState)
 {
     return settings.WriteAll(State(widths, sortState));
+}
+
+int ListSettings::NextSortState(int sortState, int column)
+{
+    return std::abs(sortState) == column + 1 ? -sortState : column + 1;
 }

@@ -19,6 +19,10 @@ public:
     /// stored. A file that was edited by hand may name a column that the list doesn't have.
     [[nodiscard]] int SortState(int fallback) const;
 
+    /// The sort state after a click on a header: the other direction for the column of the present order, else
+    /// ascending by that column.
+    [[nodiscard]] static int NextSortState(int sortState, int column);
+
     /// What is to be stored: the widths, that of column 0 first in `widths`, and the sort state.
     [[nodiscard]] QList<ProfileEntry> State(const QList<int> &widths, int sortState) const;
     /// Stores it in one write of the file, or none where nothing has changed. False when it can't be written.

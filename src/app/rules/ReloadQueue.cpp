@@ -69,18 +69,24 @@ void ReloadQueue::Run()
     const QScopedValueRollback running(isRunning, true);
     while (Next() && host.MayAsk()) {
         if (const std::optional<Notice> next = Next()) // once more: an edit has been taken
-            Settle(*next);
+            Answer(*next);
     }
 }
 
-void ReloadQueue::Settle(const Notice &notice)
+void ReloadQueue::Forget(const Notice &notice)
 {
-    const bool isWanted = ReloadsUnasked(notice.item) || host.Ask(notice.item);
-    // The answer is about all that has changed by now.
     std::erase_if(waiting, [&](quint32 handle) {
         const std::optional<FILEWATCHITEM> item = host.ItemOf(handle);
         return handle == notice.handle || !item || (IsWhole(notice.watchClass) && item->doc == notice.item.doc);
     });
-    if (isWanted && host.ItemOf(notice.handle)) // its document is still open
+}
+
+void ReloadQueue::Answer(const Notice &notice)
+{
+    Forget(notice); // the answer is about what has changed by now
+    if (!ReloadsUnasked(notice.item) && !host.Ask(notice.item))
+        return;
+    Forget(notice);                 // the reload reads what has changed during the question too
+    if (host.ItemOf(notice.handle)) // its document is still open
         host.Reload(*notice.item.doc, notice.handle);
 }

@@ -49,7 +49,9 @@ private:
 
     /// The notice that comes next. Forgets those whose file isn't watched any more.
     [[nodiscard]] std::optional<Notice> Next();
-    void Settle(const Notice &notice);
+    /// Forgets what the answer about a file holds for.
+    void Forget(const Notice &notice);
+    void Answer(const Notice &notice);
 
     IReloadHost &host;
     std::vector<quint32> waiting; // in the order in which they came, each once

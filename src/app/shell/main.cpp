@@ -1,7 +1,7 @@
 #include "Boxes.h"
 #include "CMorvaniteApp.h"
-#include "SingleInstance.h"
 #include "ProgramStyle.h"
+#include "SingleInstance.h"
 #include "TypedText.h"
 #include "UiIcons.h"
 

@@ -261,7 +261,7 @@ void StringGrid::SortBy(int col)
 {
     editor->Commit();
     typeBox->Commit();
-    sortState = std::abs(sortState) == col + 1 ? -sortState : col + 1;
+    sortState = ListSettings::NextSortState(sortState, col);
     SortRows();
 }
 

@@ -13,8 +13,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr int MOST_TOLD = 100;           // insertions and removals of a batch, before a reset is faster
-constexpr qsizetype LONGEST_SHOWN = 300; // a longer one takes a view seconds to lay out
+constexpr int MOST_TOLD = 100; // insertions and removals of a batch, before a reset is faster
 
 } // namespace
 

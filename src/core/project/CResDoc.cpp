@@ -255,7 +255,10 @@ void CResDoc::ReportSaveLoadException(const QString &path, const ArchiveExceptio
         env.WriteOutput("\r\n### error %d ###\r\n", exception.cause);
     else if (services.user)
         services.user->MessageBox((saving ? QStringLiteral("%1 could not be saved. The output tells why.")
-                                          : QStringLiteral("%1 could not be opened. The output tells why."))
+                                   : reloadFailed
+                                       ? QStringLiteral("%1 could not be read again. What is open here stays "
+                                                        "as it was. The output tells why.")
+                                       : QStringLiteral("%1 could not be opened. The output tells why."))
                                       .arg(path));
 }
 
