@@ -14,7 +14,7 @@ CheckDialog::CheckDialog(QWidget *parent) : QDialog(parent)
     setWindowTitle(QStringLiteral("Select..."));
 }
 
-void CheckDialog::MakeContent(QAbstractScrollArea &boxes, bool isEmpty, std::function<void(bool checked)> setAll)
+void CheckDialog::MakeContent(QAbstractScrollArea &boxes, bool isEmpty, const std::function<void(bool checked)> &setAll)
 {
     auto *const buttons = new QHBoxLayout;
     for (const bool checked : {true, false}) {

@@ -15,7 +15,7 @@ protected:
 
     /// Puts the boxes and the buttons into the dialog. `setAll` is called by Select All and Clear All, which are
     /// disabled where `isEmpty`.
-    void MakeContent(QAbstractScrollArea &boxes, bool isEmpty, std::function<void(bool checked)> setAll);
+    void MakeContent(QAbstractScrollArea &boxes, bool isEmpty, const std::function<void(bool checked)> &setAll);
     /// Gives the dialog the size at which the boxes have this one inside their frame, within the screen. A vertical
     /// scroll bar gets room beside it.
     void FitSize(const QAbstractScrollArea &boxes, const QSize &size);

@@ -36,7 +36,7 @@ public:
     }
     ~Run() override { QDir(QString::fromUtf8(folder)).removeRecursively(); }
 
-    void Start(const QString &converter, const QByteArray &picture, int limitMs, Then tellEnd);
+    void Start(const QString &program, const QByteArray &picture, int limitMs, Then tellEnd);
     /// Nobody wants its result any more.
     void Abandon();
 
@@ -55,10 +55,10 @@ private:
     QProcess process; // last: it goes first
 };
 
-void ConverterRun::Run::Start(const QString &converter, const QByteArray &picture, int limitMs, Then tellEnd)
+void ConverterRun::Run::Start(const QString &program, const QByteArray &picture, int limitMs, Then tellEnd)
 {
     then = std::move(tellEnd);
-    converterPath = converter;
+    converterPath = program;
     if (const int error = Prepare(picture))
         return End(NoPlace(error));
     process.setWorkingDirectory(QString::fromUtf8(folder));
@@ -72,7 +72,9 @@ void ConverterRun::Run::Start(const QString &converter, const QByteArray &pictur
             [this](int status, QProcess::ExitStatus how) { End(ProblemOfEnd(status, how)); });
     connect(&process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart)
-            End(QStringLiteral("%1 couldn't be started: %2").arg(converterPath, process.errorString()));
+            End(QFile::exists(converterPath)
+                    ? QStringLiteral("%1 couldn't be started: %2").arg(converterPath, process.errorString())
+                    : QStringLiteral("is missing: %1").arg(converterPath));
     });
     limit.setSingleShot(true);
     connect(&limit, &QTimer::timeout, this, [this] {
@@ -80,7 +82,7 @@ void ConverterRun::Run::Start(const QString &converter, const QByteArray &pictur
         process.kill();
     });
     limit.start(limitMs);
-    process.start(converter,
+    process.start(program,
                   {QStringLiteral("-f"), QStringLiteral("-i"), QString::fromUtf8(source), QString::fromUtf8(target)});
 }
 
