@@ -170,5 +170,5 @@ TEST_F(LoaderTest, ConverterThatFailsIsToldAndOneThatHangsIsEnded)
     ConverterRun missing(folder.Path("converter"));
     QString told;
     missing.Start(Host("a.png"), "png", [&](const QByteArray &, const QString &problem) { told = problem; });
-    EXPECT_TRUE(WaitUntil([&] { return told.contains(u"couldn't be started"); }));
+    EXPECT_TRUE(WaitUntil([&] { return told.contains(u"is missing"); }));
 }
