@@ -164,9 +164,9 @@ std::pair<int, int> Walk(const std::vector<std::unique_ptr<CZulClass>> &objects)
     return counts;
 }
 
-/// The frames of the preview after one value has changed. "ratio" is the time beside that of a bare walk of the tree;
-/// at most 2 is wanted.
-void RefreshFrames(benchmark::State &state)
+/// The frames of the preview after one value of a component has changed, or after many have. "ratio" is the time beside
+/// that of a bare walk of the tree, which looks at no value; at most 2 is wanted for one.
+void RefreshFrames(benchmark::State &state, bool isOne)
 {
     World world(state.range(0));
     const LayoutFileRef file = world.Load();
