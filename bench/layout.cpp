@@ -1,10 +1,11 @@
 // Layout files: loading one beside the parser's own reading, saving it beside the parser's printing, and setting one
-// property or naming a new component, whatever the layout's size.
+// property or naming a new component, whatever the layout's size. The frames of the preview beside a walk of the tree.
 
 #include "CLayoutRes.h"
 #include "CatalogueFile.h"
 #include "Environment.h"
 #include "HostFiles.h"
+#include "LayoutFrames.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -42,7 +43,8 @@ struct World
         const QByteArray classes =
             "<catalogue version=\"1\"><class name=\"Base\"><member name=\"pos\" type=\"ZulPoint\"/>"
             "<member name=\"size\" type=\"ZulSize\"/><member name=\"bgColor\" type=\"ZulColor\"/>"
-            "<member name=\"text\" type=\"ZulWString\"/></class><class name=\"Panel\" base=\"Base\"/>"
+            "<member name=\"text\" type=\"ZulWString\"/><member name=\"anchor\" type=\"ZulFPoint\"/>"
+            "<member name=\"borderColor\" type=\"ZulColor\"/></class><class name=\"Panel\" base=\"Base\"/>"
             "<class name=\"Label\" base=\"Base\"/></catalogue>";
         if (!ParseCatalogue(env, classes, QStringLiteral("catalogue"), catalogue, errors))
             std::abort();
@@ -150,6 +152,62 @@ void SetProperty(benchmark::State &state)
     }
 }
 BENCHMARK(SetProperty)->Arg(1000)->Arg(100000)->Unit(benchmark::kMicrosecond);
+
+/// How many components there are, and how many of them are at the top.
+std::pair<int, int> Walk(const std::vector<std::unique_ptr<CZulClass>> &objects)
+{
+    std::pair<int, int> counts;
+    for (const auto &object : objects) {
+        counts.first += 1 + Walk(object->subComponents).first;
+        counts.second += object->parent ? 0 : 1;
+    }
+    return counts;
+}
+
+/// The frames of the preview after one value of a component has changed, or after many have. "ratio" is the time beside
+/// that of a bare walk of the tree, which looks at no value; at most 2 is wanted for one.
+void RefreshFrames(benchmark::State &state, bool isOne)
+{
+    World world(state.range(0));
+    const LayoutFileRef file = world.Load();
+    const auto layout = CLayoutRes::Create(file, file->All().front().get(), world.catalogue);
+    PreviewEntries entries = EntriesOf(*layout);
+    const CZulClass &component = *entries[entries.size() / 2].component;
+    auto &pos = static_cast<CZulBase &>(*component.FindMember("pos"));
+    double ours = 0;
+    double walk = 0;
+    int number = 0;
+    for (auto _ : state) {
+        auto start = std::chrono::steady_clock::now();
+        pos.SetText(++number % 2 ? "(12, 34)" : "(56,78)");
+        if (isOne)
+            Refresh(entries, component);
+        else
+            Refresh(entries);
+        ours += Seconds(start);
+        state.PauseTiming();
+        start = std::chrono::steady_clock::now();
+        benchmark::DoNotOptimize(Walk(layout->Components()));
+        walk += Seconds(start);
+        state.ResumeTiming();
+    }
+    state.counters["ratio"] = ours / walk;
+}
+BENCHMARK_CAPTURE(RefreshFrames, one, true)->Arg(5000)->Arg(100000)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(RefreshFrames, all, false)->Arg(5000)->Arg(100000)->Unit(benchmark::kMicrosecond);
+
+/// The frames of a layout whose tree has changed.
+void BuildFrames(benchmark::State &state)
+{
+    World world(state.range(0));
+    const LayoutFileRef file = world.Load();
+    const auto layout = CLayoutRes::Create(file, file->All().front().get(), world.catalogue);
+    PreviewEntries entries;
+    for (auto _ : state)
+        entries = EntriesOf(*layout, std::move(entries));
+    benchmark::DoNotOptimize(entries.data());
+}
+BENCHMARK(BuildFrames)->Arg(5000)->Arg(100000)->Unit(benchmark::kMicrosecond);
 
 /// The first name for a new component of a layout whose components have the names that new ones get, and the search for
 /// one by its name. Neither name nor search may take longer for one component when there are more.
