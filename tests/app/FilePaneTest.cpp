@@ -81,6 +81,15 @@ TEST(FilePane, PlacesTheButtonAndTheBoxOfTypes)
     window.Grid().horizontalScrollBar()->setValue(0);
     window.Click(4, 0);
     EXPECT_FALSE(isPlaced()) << "the new row";
+    window.Grid().horizontalHeader()->resizeSection(0, 0);
+    window.Grid().horizontalHeader()->resizeSection(2, window.Grid().viewport()->width() - 80);
+    window.Settle();
+    window.Click(0, 2);
+    EXPECT_TRUE(isPlaced());
+    window.Frame().RunAction(ACTION_RENAME); // widens the IDs, so that the list scrolls
+    window.Settle();
+    EXPECT_TRUE(window.Editor().isVisible() && !isPlaced());
+    QTest::keyClick(&window.Editor(), Qt::Key_Escape);
     window.Document().SetModifiedFlag(false);
 
     const auto choose = [&](const QString &type) {

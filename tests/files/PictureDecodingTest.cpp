@@ -72,6 +72,24 @@ TEST(PictureDecoding, WhatIsTooLargeOrOfAnotherKindIsNotDecoded)
               u"it has more scans than a picture needs"_s);
 }
 
+TEST(PictureDecoding, NoMoreMemoryIsAskedForThanTheFileHas)
+{
+    struct Input : QBuffer
+    {
+        qint64 readData(char *data, qint64 size) override
+        {
+            most = qMax(most, size);
+            return QBuffer::readData(data, size);
+        }
+        qint64 most = 0;
+    } input;
+    // 1 x 1 pixels, in a row of 4 GiB
+    input.setData(QByteArray::fromHex("4d494d47010200180100000001000000fcfffffffcffffff80ffff30"));
+    input.open(QIODevice::ReadOnly);
+    EXPECT_EQ(DecodePicture(input, {64, 64}).problem, u"it breaks off"_s);
+    EXPECT_LT(input.most, 1 << 20);
+}
+
 TEST(PictureDecoding, NoCutAndNoWrongByteCrashes)
 {
     const QByteArray files[] = {Png(9, 9, Qt::red), MovingGif(), JpgOfInks(), BmpFromTheTop(), Argb8888()};

@@ -6,6 +6,7 @@
 #include "IdNames.h"
 #include "ViewBoxes.h"
 
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPointer>
@@ -108,15 +109,19 @@ void FileGrid::LetGo()
 void FileGrid::OpenIdEditor()
 {
     typeBox->Commit();
-    button->hide();
     const int row = Selected().first;
     if (row < 0)
-        return;
-    if (columnWidth(FileList::ID_COLUMN) == 0) // there would be no place for the editor
+        return button->hide();
+    if (columnWidth(FileList::ID_COLUMN) == 0) { // there would be no place for the editor
         horizontalHeader()->resizeSection(FileList::ID_COLUMN, DEFAULT_WIDTHS[FileList::ID_COLUMN]);
+        // A scroll bar that appears, which the view leaves for later, would end the editor.
+        updateGeometries();
+        QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+    }
     const QModelIndex cell = rows.index(row, FileList::ID_COLUMN);
     selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
     (void)editor->Open(cell, cell.data(Qt::EditRole).toString(), MAX_ID_NAME);
+    button->hide(); // last: a size that has changed on the way has placed it
 }
 
 void FileGrid::EditNewRow()

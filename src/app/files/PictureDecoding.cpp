@@ -111,7 +111,9 @@ LoadedPicture DecodeDevicePicture(QIODevice &input, QSize most)
     loaded.problem = header.Problem();
     if (!loaded.problem.isEmpty() || !TakeSize(loaded, header.Size()) || most.isEmpty())
         return loaded;
-    loaded.picture = header.Pixels(input.read(qint64(header.FileSize())));
+    // A header can claim 4 GiB, for which memory must not be asked.
+    if (quint64(input.size()) >= header.FileSize())
+        loaded.picture = header.Pixels(input.read(qint64(header.FileSize())));
     if (loaded.picture.isNull())
         loaded.problem = QStringLiteral("it breaks off");
     else

@@ -77,10 +77,11 @@ bool PictureLoader::Parts::TakeThumbnail(PictureResult &result)
     const ThumbnailKey key{result.request.hostPath, result.request.most.width()};
     asked.remove(key);
     if (result.isUnchanged) {
-        if (::Thumbnail *const known = cache.object(key)) {
-            known->lookedAt = clock.elapsed();
-            known->generation = generation;
-        }
+        ::Thumbnail *const known = cache.object(key);
+        if (!known)
+            return true; // others have taken its room meanwhile: it has to be asked for again
+        known->lookedAt = clock.elapsed();
+        known->generation = generation;
         return false;
     }
     const qsizetype bytes = ENTRY_BYTES + key.hostPath.size() + result.picture.picture.sizeInBytes();

@@ -1,0 +1,396 @@
+// The pane of files and its list under a user who does anything, with a disk that may have anything.
+#include "CFileWatchDlg.h"
+#include "CTreeFltrDlg.h"
+#include "FileWindow.h"
+
+#include <QAbstractItemModelTester>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTreeWidget>
+
+#include <random>
+#include <set>
+
+#include <sys/stat.h>
+
+namespace
+{
+
+const ActionId PLAIN[] = {ACTION_NEW,        ACTION_RENAME,  ACTION_BROWSE,     ACTION_IMPORT,     ACTION_DELETE,
+                          ACTION_PUSH_FILE,  ACTION_DETAILS, ACTION_THUMBNAILS, ACTION_SELECT_ALL, ACTION_DELETE_ALL,
+                          ACTION_RESOLUTION, ACTION_COPY,    ACTION_PASTE,      ACTION_PUSH_FILE};
+const Qt::Key ENDS[] = {Qt::Key_Return, Qt::Key_Tab, Qt::Key_Escape, Qt::Key_Up, Qt::Key_Down, Qt::Key_F2};
+
+const QByteArray IMAGES = "<RESOLUTION width=\"240\" height=\"320\" class=\"image\">"
+                          "<IMAGE id=\"ID_P\" type=\"Push\">..\\in\\p.png</IMAGE></RESOLUTION>"
+                          "<RESOLUTION width=\"320\" height=\"240\" class=\"image\">"
+                          "<IMAGE id=\"ID_P\" type=\"Push\">..\\in\\cut.png</IMAGE></RESOLUTION></APP>";
+
+struct FileWalk : FileWindow
+{
+    explicit FileWalk(unsigned seed) : FileWindow(RESOURCES.chopped(6) + IMAGES), random(seed)
+    {
+        FillDisk();
+        QObject::connect(&boxTimer, &QTimer::timeout, [this] { AnswerBox(); });
+        boxTimer.start(1);
+    }
+    ~FileWalk() { Document().SetModifiedFlag(false); }
+
+    void Step();
+    /// What must be true after whatever the user has done.
+    void Check() const;
+
+private:
+    int Below(int end) { return int(random() % unsigned(end)); }
+    template <typename T, size_t N> const T &OneOf(const T (&all)[N]) { return all[size_t(Below(int(N)))]; }
+
+    void FillDisk() const;
+    void AnswerBox();
+    void Key(Qt::Key key) const { QTest::keyClick(QApplication::focusWidget(), key); }
+    void Rename();
+    void ChooseType();
+    void SelectSome();
+    void ClickAnywhere();
+    void DropSome();
+    void HideOrResize();
+    void OtherFolder();
+    void ClearAFolder();
+    void ChangeTheDisk();
+    void SaveAndReload() const;
+    void WriteFromOutside();
+    [[nodiscard]] std::vector<CResFolder *> Folders() const;
+    [[nodiscard]] std::string TreeRows() const;
+    [[nodiscard]] QString Row(const CFileRes &res) const
+    {
+        const Environment &env = Document().env;
+        return env.NarrowToWide(res.Id()->name) + (res.Id()->push ? u"|Push|"_s : u"|Normal|"_s) +
+               env.NarrowToWide(res.path);
+    }
+
+    std::mt19937 random;
+    QTimer boxTimer;
+    std::set<const CBaseRes *> withTypeBox; // whose cell may show what the box was closed with
+};
+
+void FileWalk::FillDisk() const
+{
+    QImage picture(20, 10, QImage::Format_ARGB32);
+    picture.fill(Qt::red);
+    folder.MakeFolder("in/folder");
+    ASSERT_TRUE(picture.save(folder.Path("in/p.png")));
+    folder.Put("in/cut.png", folder.Get("in/p.png").first(60));
+    for (const char *name : {"in/1.wav", "in/2.mp3", "in/3.avi", "in/4.txt", "demo/5.wav", "in/secret.wav"})
+        folder.Put(name, "x");
+    ASSERT_EQ(chmod(folder.Path("in/secret.wav").toUtf8().constData(), 0), 0);
+    ASSERT_EQ(mkfifo(folder.Path("in/pipe.wav").toUtf8().constData(), S_IRUSR), 0);
+}
+
+/// All folders that the pane can show.
+std::vector<CResFolder *> FileWalk::Folders() const
+{
+    std::vector<CResFolder *> folders{Document().root.FindFolder(KIND_FILES, 2)};
+    for (CResFolder *above : {folders.front(), Document().root.FindFolder(KIND_IMAGES, 2)}) {
+        for (const auto &below : above->subfolders) {
+            if ((below->kind & KIND_FLAG_OFF) == 0)
+                folders.push_back(below.get());
+        }
+    }
+    return folders;
+}
+
+std::string FileWalk::TreeRows() const
+{
+    QStringList rows; // a reload puts files in order by their kinds
+    for (const CResFolder *each : Folders()) {
+        for (CBaseRes *res : each->resources)
+            rows << (each->kind & KIND_IMAGES ? each->title : u"Files"_s) + u'/' +
+                        Row(static_cast<const CFileRes &>(*res));
+    }
+    rows.sort();
+    return rows.join(u'\n').toStdString();
+}
+
+void FileWalk::AnswerBox()
+{
+    if (QWidget *const menu = QApplication::activePopupWidget())
+        menu->close();
+    QWidget *const open = QApplication::activeModalWidget();
+    if (auto *const box = qobject_cast<QMessageBox *>(open)) {
+        const auto buttons = box->buttons();
+        return buttons[Below(int(buttons.size()))]->click();
+    }
+    auto *const dialog = qobject_cast<QDialog *>(open);
+    if (auto *const files = qobject_cast<QFileDialog *>(open))
+        files->selectFile(folder.Path(OneOf({"in/1.wav", "in/p.png", "in/3.avi", "in/4.txt", "in/pipe.wav"})));
+    if (auto *const resolutions = dynamic_cast<CTreeFltrDlg *>(open)) {
+        QTreeWidget &tree = StringWindow::Find<QTreeWidget>(*resolutions);
+        tree.setCurrentItem(tree.topLevelItem(0)->child(Below(3)));
+        QTest::keyClick(&tree, Qt::Key_Space);
+    }
+    if (dialog)
+        QMetaObject::invokeMethod(dialog, Below(3) ? &QDialog::accept : &QDialog::reject, Qt::QueuedConnection);
+}
+
+void FileWalk::Rename()
+{
+    if (!Editor().IsOpen())
+        Frame().RunAction(Below(2) ? ACTION_NEW : ACTION_RENAME);
+    if (!Editor().IsOpen())
+        return;
+    Editor().setText(Below(4) ? u"id_%1"_s.arg(Below(60))
+                              : OneOf({u"1 bad"_s, u""_s, u"<New>"_s, u"Push"_s, u"\u0416"_s}));
+    if (Below(4))
+        Key(OneOf(ENDS));
+}
+
+void FileWalk::ChooseType()
+{
+    Click(Below(Grid().model()->rowCount() + 1), FileList::TYPE_COLUMN);
+    if (!TypeBox().IsOpen())
+        return;
+    withTypeBox.insert(List().At(Grid().Selected().first));
+    TypeBox().setCurrentIndex(Below(4) - 1);
+    if (Below(2))
+        Q_EMIT TypeBox().activated(TypeBox().currentIndex());
+    else if (Below(4))
+        Key(OneOf(ENDS));
+}
+
+void FileWalk::SelectSome()
+{
+    std::vector<int> rows;
+    for (int row = 0; row < Grid().model()->rowCount(); ++row) {
+        if (Below(4) == 0)
+            rows.push_back(row);
+    }
+    Grid().setFocus();
+    Grid().Select(rows);
+}
+
+void FileWalk::ClickAnywhere()
+{
+    QWidget &sheet = *Grid().viewport();
+    const QPoint place(Below(sheet.width()), Below(sheet.height()));
+    if (Below(4) == 0) {
+        QContextMenuEvent menu(QContextMenuEvent::Mouse, place, sheet.mapToGlobal(place));
+        QApplication::sendEvent(&sheet, &menu);
+    } else if (Below(4) == 0) {
+        QHeaderView &header = *Grid().horizontalHeader();
+        QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
+                          QPoint(header.sectionViewportPosition(Below(header.count())) + 20, 5));
+    } else if (Below(4) == 0) {
+        QTest::mouseDClick(&sheet, Qt::LeftButton, {}, place);
+        QTest::mouseRelease(&sheet, Qt::LeftButton, {}, place); // which no function of QTest adds
+    } else {
+        QTest::mouseClick(&sheet, Qt::LeftButton, {}, place);
+    }
+}
+
+void FileWalk::DropSome()
+{
+    QList<QUrl> urls;
+    for (int count = Below(20) ? Below(4) : 150; count > 0; --count)
+        urls << QUrl::fromLocalFile(
+            folder.Path(OneOf({"in/1.wav", "in/2.mp3", "in/3.avi", "in/4.txt", "in/p.png", "in/cut.png", "demo/5.wav",
+                               "in/folder", "in/pipe.wav", "in/secret.wav", "in/none.wav"})));
+    if (Below(4) == 0)
+        urls << QUrl::fromEncoded("file:///%FF.wav") << QUrl(u"https://example.org/a.wav"_s);
+    if (!urls.isEmpty() && View().isVisible())
+        Drop(urls);
+}
+
+void FileWalk::HideOrResize()
+{
+    switch (Below(3)) {
+    case 0:
+        return Grid().horizontalHeader()->resizeSection(Below(3), Below(5) * 100);
+    case 1:
+        return Frame().resize(500 + Below(4) * 100, 250 + Below(300));
+    default:
+        for (QScrollBar *bar : {Grid().horizontalScrollBar(), Grid().verticalScrollBar()})
+            bar->setValue(Below(bar->maximum() + 1));
+    }
+}
+
+void FileWalk::OtherFolder()
+{
+    const std::vector<CResFolder *> folders = Folders();
+    Child().Selected().SelectFolder(Below(8) ? folders[size_t(Below(int(folders.size())))] : &Document().root);
+    if (Below(3) == 0)
+        Document().UpdateAllViews(nullptr);
+}
+
+/// Of the tree, whichever is shown; or a resolution goes out of use, or comes back.
+void FileWalk::ClearAFolder()
+{
+    CResFolder *const images = Document().root.FindFolder(KIND_IMAGES, 2);
+    CResFolder &one = *images->subfolders[size_t(Below(int(images->subfolders.size())))];
+    const std::vector<CResFolder *> folders = Folders();
+    if (Below(2))
+        Document().ClearByKind(*folders[size_t(Below(int(folders.size())))]);
+    else if (one.kind & KIND_FLAG_OFF)
+        CResModel::PutIntoUse(one);
+    else if (one.index >= 0)
+        Document().TakeOutOfUse(one);
+    Document().UpdateAllViews(nullptr);
+}
+
+/// What is there becomes something else, and back.
+void FileWalk::ChangeTheDisk()
+{
+    const QString picture = folder.Path("in/p.png");
+    const QString away = folder.Path("in/p.away");
+    if (!QFile::rename(picture, away) && !QFile::rename(away, picture))
+        ADD_FAILURE();
+    QEvent active(QEvent::WindowActivate);
+    QApplication::sendEvent(&View(), &active);
+}
+
+void FileWalk::SaveAndReload() const
+{
+    Frame().RunAction(ACTION_SAVE);
+    if (Document().IsModified())
+        return; // what was typed before is refused
+    const std::string saved = TreeRows();
+    folder.Put("demo/res/demo.res.xml", folder.Get("demo/res/demo.res.xml") + "\n"); // at another time
+    EXPECT_EQ(Document().TakeInChanges(), CResDoc::Outside::TakenIn);
+    EXPECT_EQ(TreeRows(), saved);
+}
+
+/// Another program writes the list of resources anew.
+void FileWalk::WriteFromOutside()
+{
+    QByteArray rows = "<APP>";
+    for (int row = Below(30); row > 0; --row)
+        rows += "<FILE id=\"ID_" + QByteArray::number(row * 3) +
+                (Below(2) ? "\" type=\"Push\">" : "\" type=\"Normal\">") + "..\\in\\" +
+                OneOf({"1.wav", "3.avi", "4.txt", "gone.wav"}) + "</FILE>";
+    folder.Put("demo/res/demo.res.xml", rows + IMAGES);
+    if (Below(3) == 0)
+        return; // the window asks
+    const bool isModified = Document().IsModified();
+    EXPECT_EQ(Document().TakeInChanges(), isModified ? CResDoc::Outside::LeftOut : CResDoc::Outside::TakenIn);
+}
+
+void FileWalk::Step()
+{
+    QCoreApplication::processEvents();
+    while (!QApplication::activeWindow()) { // nobody else does it behind a box without a screen
+        Frame().activateWindow();
+        QCoreApplication::processEvents(); // which may be a box
+    }
+    if (!QApplication::focusWidget())
+        Grid().setFocus();
+    switch (Below(40)) {
+    case 0:
+        return Below(2) ? SaveAndReload() : WriteFromOutside();
+    case 1:
+        return Below(3) ? ChangeTheDisk() : ClearAFolder();
+    case 2: { // an IDE's command begins, whatever the user is in the middle of
+        const CMainFrame::Busy busy(Frame(), 0xAFBDDBFC);
+        return QCoreApplication::processEvents();
+    }
+    case 3:
+    case 4:
+    case 5:
+        return OtherFolder();
+    case 6:
+    case 7:
+        return HideOrResize();
+    case 8:
+    case 9:
+    case 10:
+        return DropSome();
+    case 11:
+    case 12:
+    case 13:
+        return SelectSome();
+    case 14:
+    case 15:
+    case 16:
+    case 17:
+        return ClickAnywhere();
+    case 18:
+    case 19:
+    case 20:
+    case 21:
+        return ChooseType();
+    case 22:
+    case 23:
+    case 24:
+        return Frame().RunAction(OneOf(PLAIN));
+    default:
+        return Rename();
+    }
+}
+
+void FileWalk::Check() const
+{
+    const QAbstractItemModel &model = *Grid().model();
+    if (!View().isVisible())
+        return;
+    const CResFolder *const shown = Selected();
+    ASSERT_EQ(List().Folder(), shown);
+    std::set<const CBaseRes *> tree;
+    const auto take = [&](const CResFolder &each) {
+        for (const CBaseRes *res : each.resources)
+            tree.insert(res);
+    };
+    take(*shown);
+    if (shown->kind == KIND_FILES) {
+        for (const auto &below : shown->subfolders)
+            take(*below);
+    }
+    const int rows = model.rowCount() - 1;
+    for (int row = 0; row < rows; ++row) {
+        const CFileRes *const res = List().At(row);
+        ASSERT_EQ(tree.erase(res), 1U) << row;
+        const QStringList cells = Row(*res).split(u'|');
+        for (int col = 0; col < 3; ++col) {
+            const QString text = model.index(row, col).data(Qt::EditRole).toString();
+            const bool mayDiffer = col == FileList::TYPE_COLUMN && withTypeBox.contains(res);
+            ASSERT_TRUE(text == cells[col] || mayDiffer) << row << qPrintable(text) << qPrintable(cells[col]);
+        }
+    }
+    ASSERT_TRUE(tree.empty());
+    ASSERT_EQ(model.index(rows, 0).data().toString(), u"<New>"_s);
+    const std::vector<int> selected = Grid().SelectedRows();
+    ASSERT_TRUE(selected.empty() || (selected.front() >= 0 && selected.back() <= rows));
+    ASSERT_EQ(Grid().Selected().count, int(selected.size()));
+    ASSERT_TRUE(!Editor().IsOpen() || (Editor().Cell().isValid() && !Editor().isHidden()));
+    ASSERT_LE(Editor().IsOpen() + TypeBox().IsOpen() + Button().isVisible(), 1)
+        << Editor().IsOpen() << TypeBox().IsOpen() << Button().isVisible();
+}
+
+void FailOnWarning(QtMsgType, const QMessageLogContext &, const QString &text)
+{
+    if (!text.startsWith(u"This plugin does not support"_s)) // of the platform without a screen
+        ADD_FAILURE() << qPrintable(text);
+}
+
+class FileWalkFrom : public testing::TestWithParam<unsigned>
+{
+};
+
+} // namespace
+
+TEST_P(FileWalkFrom, TheListIsTheFolder)
+{
+    const QtMessageHandler before = qInstallMessageHandler(FailOnWarning);
+    {
+        FileWalk walk(GetParam());
+        const QAbstractItemModelTester tester(walk.Grid().model(),
+                                              QAbstractItemModelTester::FailureReportingMode::Warning);
+        for (int step = 0; step < 1'000 && !HasFailure(); ++step) {
+            SCOPED_TRACE(step);
+            walk.Step();
+            do
+                QCoreApplication::processEvents();
+            while (QApplication::activeModalWidget() || QApplication::activePopupWidget());
+            walk.Check();
+        }
+    }
+    qInstallMessageHandler(before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, FileWalkFrom, testing::Range(1U, 5U));
