@@ -87,28 +87,6 @@ CFileView::~CFileView()
     model.SetList(nullptr);
 }
 
-void CFileView::OnUpdate(CView *, long, CView *target)
-{
-    if (target && target != this)
-        return;
-    isStale = !isVisible();
-    if (isVisible())
-        Rebuild();
-}
-
-void CFileView::showEvent(QShowEvent *event)
-{
-    QWidget::showEvent(event);
-    // Queued: when the user goes to the files, an update of all views follows, and one rebuild is enough.
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            if (isStale)
-                OnUpdate(nullptr, 0, nullptr);
-        },
-        Qt::QueuedConnection);
-}
-
 /// Shows the selected folder as it is now.
 void CFileView::Rebuild()
 {

@@ -1,17 +1,15 @@
 #pragma once
 
 #include "ActionTarget.h"
-#include "Document.h"
 #include "EditOwner.h"
 #include "FileIcons.h"
 #include "FileListModel.h"
 #include "FileOpener.h"
+#include "PaneView.h"
 #include "PictureLoader.h"
 #include "RowOwner.h"
 #include "StateOwner.h"
 #include "TreeListener.h"
-
-#include <QWidget>
 
 class CResDoc;
 class FileGrid;
@@ -19,8 +17,7 @@ class IViewHost;
 class PicturePane;
 
 /// The pane of a project's files: a list with one row per file resource of a folder.
-class CFileView : public QWidget,
-                  public CView,
+class CFileView : public PaneView,
                   public IActionTarget,
                   public IEditOwner,
                   public IRowOwner,
@@ -36,7 +33,6 @@ public:
     /// Opens files for the user.
     FileOpener opener;
 
-    void OnUpdate(CView *sender, long hint, CView *target) override;
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
     void Run(ActionId id) override;
     [[nodiscard]] bool TakeEdit() override;
@@ -48,10 +44,9 @@ protected:
     bool event(QEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
-    void showEvent(QShowEvent *event) override;
 
 private:
-    void Rebuild();
+    void Rebuild() override;
     void Import();
     void AddFiles(const QStringList &paths);
     void Browse();
@@ -73,5 +68,4 @@ private:
     FileGrid *grid;
     PicturePane *details;
     bool hasThumbnails = false;
-    bool isStale = true; // the tree has changed while this wasn't visible
 };

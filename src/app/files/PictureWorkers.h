@@ -31,8 +31,8 @@ struct PictureResult
     bool isUnchanged = false; ///< the file has the stamp that is known, and there is no picture
 };
 
-/// Threads that read picture files, as many as there are cores, behind everything else that the user waits for. They
-/// take the newest request first. The main thread makes, asks and destroys this, and is told the results in bursts.
+/// Threads that read picture files, as many as there are cores, at a lower priority than the rest of the
+/// program. They read the newest request first. The main thread owns this object and gets the results in bursts.
 class PictureWorkers : public QObject
 {
 public:

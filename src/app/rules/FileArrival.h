@@ -20,7 +20,7 @@ enum FileEdit : int
     FILE_IS_FOLDER,
 };
 
-/// What the user is told of an edit that was refused; empty for FILE_EDIT_DONE.
+/// The message about an edit that was refused; empty for FILE_EDIT_DONE.
 [[nodiscard]] QString FileEditMessage(int code);
 
 /// Says whether a file can become a resource of a project, by its path and by what is on the disk there:

@@ -76,28 +76,6 @@ CStringView::~CStringView()
     model.SetTable(nullptr);
 }
 
-void CStringView::OnUpdate(CView *, long, CView *target)
-{
-    if (target && target != this)
-        return;
-    isStale = !isVisible();
-    if (isVisible())
-        Rebuild();
-}
-
-void CStringView::showEvent(QShowEvent *event)
-{
-    QWidget::showEvent(event);
-    // Queued: when the user goes to the strings, an update of all views follows, and one rebuild is enough.
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            if (isStale)
-                OnUpdate(nullptr, 0, nullptr);
-        },
-        Qt::QueuedConnection);
-}
-
 /// Shows the tree as it is now.
 void CStringView::Rebuild()
 {

@@ -2,15 +2,13 @@
 
 #include "ActionTarget.h"
 #include "CellClipboard.h"
-#include "Document.h"
 #include "EditOwner.h"
+#include "PaneView.h"
 #include "RowOwner.h"
 #include "StateOwner.h"
 #include "StringGridModel.h"
 #include "StringGridRules.h"
 #include "StringTransfer.h"
-
-#include <QWidget>
 
 class CResDoc;
 class IViewHost;
@@ -18,12 +16,7 @@ class StringFinder;
 class StringGrid;
 
 /// The pane of a project's strings: a grid of one row a string and one column a language, with undo.
-class CStringView : public QWidget,
-                    public CView,
-                    public IActionTarget,
-                    public IEditOwner,
-                    public IRowOwner,
-                    public IStateOwner
+class CStringView : public PaneView, public IActionTarget, public IEditOwner, public IRowOwner, public IStateOwner
 {
 public:
     CStringView(CResDoc &projectDocument, IViewHost &viewHost);
@@ -32,7 +25,6 @@ public:
     [[nodiscard]] StringTable &Table() { return table; }
     [[nodiscard]] StringGrid &Grid() { return *grid; }
 
-    void OnUpdate(CView *sender, long hint, CView *target) override;
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
     void Run(ActionId id) override;
     [[nodiscard]] bool TakeEdit() override;
@@ -42,10 +34,9 @@ public:
 protected:
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
-    void showEvent(QShowEvent *event) override;
 
 private:
-    void Rebuild();
+    void Rebuild() override;
     void ForgetEdits();
     void UndoOrRedo(void (CommandHistory::*step)());
     void New();
@@ -68,5 +59,4 @@ private:
     StringGrid *grid;
     CellClipboard clipboard;
     StringFinder *finder;
-    bool isStale = true; // the tree has changed while this wasn't visible
 };

@@ -114,7 +114,7 @@ quint32 ColorOf(const CZulColor &color)
     return quint32(color.red) | quint32(color.green) << 8 | quint32(color.blue) << 16;
 }
 
-/// `corners` has the corners of the components that the entry lies in, outermost first, and gets its own.
+/// `corners` has the corners of the parents of the entry, outermost first; the function adds that of the entry.
 void Update(PreviewEntry &entry, std::vector<Corner> &corners)
 {
     const FrameSources &sources = entry.sources;
@@ -176,7 +176,7 @@ void Refresh(PreviewEntries &entries, const CZulClass &changed)
     if (found == entries.end())
         return;
     std::vector<Corner> corners(size_t(found->depth));
-    // The components that it lies in are the nearest ones in front of it that are less deep.
+    // Its parents are the nearest entries in front of it with a lower depth.
     int depth = found->depth;
     for (auto before = found; depth > 0; --before) {
         if (before->depth >= depth)

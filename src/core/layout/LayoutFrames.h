@@ -47,13 +47,13 @@ struct PreviewEntry
     PreviewRect rect;               ///< from the screen's corner, parents included
     quint32 background = FRAME_NO_PROPERTY;
     quint32 border = 0;
-    int depth = 0; ///< how many components it lies in
+    int depth = 0; ///< the number of its parents, up to the top level
     FrameSources sources;
 };
 
 using PreviewEntries = std::vector<PreviewEntry>;
 
-/// The components of a layout in the order in which they are painted: each before those that lie in it. The memory of
+/// The components of a layout in the order in which they are painted: each before its sub-components. The memory of
 /// `reused` is used again.
 ///
 /// The entries point to the components and their values. Those of a layout whose tree has changed must not be
@@ -62,7 +62,7 @@ using PreviewEntries = std::vector<PreviewEntry>;
 
 /// Works out rectangles and colours of the same entries again, after values have changed.
 void Refresh(PreviewEntries &entries);
-/// The same where only values of one component have changed: only it and what lies in it is worked out.
+/// The same where only values of one component have changed: computes only that component and those below it.
 void Refresh(PreviewEntries &entries, const CZulClass &changed);
 
 /// Works out where a component is on the screen and its colours. Each output may be null. False, and nothing is
@@ -70,7 +70,7 @@ void Refresh(PreviewEntries &entries, const CZulClass &changed);
 ///
 /// The nearest class of the chain that has `pos` and `anchor` gives the rectangle, with its `size`. Without one, or
 /// when that class has no `size`, the rectangle is empty, at the corner of the parent. An edge beyond 32 bits is at the
-/// end of the range, which changes nothing of what lies in the component: its place is counted exactly.
+/// end of the range; the places of the sub-components are still exact.
 bool GetComponentFrame(const CZulClass *object, PreviewRect *rect, quint32 *background, quint32 *border);
 
 /// The topmost entry at a point in layout coordinates, or the topmost of those below `above`, which is an entry of the

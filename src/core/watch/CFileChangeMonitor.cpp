@@ -84,7 +84,7 @@ void CFileChangeMonitor::Parts::Compare(FolderWatch &folderWatch, const FolderWa
     std::vector<Look> looks = LooksAt(changes);
     for (Look &look : looks) {
         std::vector<QByteArray> folders = FoldersOf(look.path);
-        WatchAll(folderWatch, folders); // before the time is read: a later change is told again
+        WatchAll(folderWatch, folders); // before the time is read: a later change causes another notice
         std::swap(look.folders, folders);
         look.mark = MarkOf(look.path);
     }

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Document.h"
+
+#include <QWidget>
+
+/// A pane that shows a part of a document's tree. It is rebuilt on an update of the document while it is visible, and
+/// otherwise when it is shown next.
+class PaneView : public QWidget, public CView
+{
+public:
+    void OnUpdate(CView *sender, long hint, CView *target) override;
+
+protected:
+    /// Shows the tree as it is now.
+    virtual void Rebuild() = 0;
+    void showEvent(QShowEvent *event) override;
+
+    bool isStale = true; ///< the tree has changed since the last rebuild
+};
