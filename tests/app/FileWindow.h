@@ -67,24 +67,8 @@ struct FileWindow : TestWindow
         return rows;
     }
 
-    void Drop(const QList<QUrl> &urls) const
-    {
-        QMimeData data;
-        data.setUrls(urls);
-        QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(Grid().viewport(), &enter);
-        EXPECT_TRUE(enter.isAccepted());
-        QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(Grid().viewport(), &drop);
-        Settle();
-    }
-    void Drop(const QStringList &paths) const
-    {
-        QList<QUrl> urls;
-        for (const QString &path : paths)
-            urls.append(QUrl::fromLocalFile(path));
-        Drop(urls);
-    }
+    void Drop(const QList<QUrl> &urls) const { DropOn(*Grid().viewport(), urls); }
+    void Drop(const QStringList &paths) const { DropOn(*Grid().viewport(), UrlsOf(paths)); }
     /// Answers the next file dialog with these names.
     void Choose(const QStringList &paths)
     {

@@ -7,9 +7,7 @@
 #include "StringGrid.h"
 #include "TestWindow.h"
 
-#include <QDragEnterEvent>
 #include <QHeaderView>
-#include <QMimeData>
 #include <QTest>
 
 /// A window with a project of strings, opened at its strings.
@@ -102,20 +100,7 @@ struct StringWindow : TestWindow
         return std::to_string(Editor().Cell().row()) + ',' + std::to_string(Editor().Cell().column());
     }
 
-    void Drop(const QStringList &paths) const
-    {
-        QMimeData data;
-        QList<QUrl> urls;
-        for (const QString &path : paths)
-            urls.append(QUrl::fromLocalFile(path));
-        data.setUrls(urls);
-        QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(Grid().viewport(), &enter);
-        EXPECT_TRUE(enter.isAccepted());
-        QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(Grid().viewport(), &drop);
-        Settle();
-    }
+    void Drop(const QStringList &paths) const { DropOn(*Grid().viewport(), UrlsOf(paths)); }
 
     [[nodiscard]] CResFolder *Strings() const { return Document().root.FindFolder(KIND_STRINGS, 2); }
     /// A row of the tree, by the head in the first folder: ID, kind, and the texts in the order of the folders.

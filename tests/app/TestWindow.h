@@ -9,9 +9,12 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QDragEnterEvent>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QTimer>
+#include <QUrl>
 
 #include <gmock/gmock.h>
 
@@ -103,6 +106,26 @@ struct TestWindow
             box->button(answers.takeFirst())->click();
         });
         answering->start(10);
+    }
+
+    [[nodiscard]] static QList<QUrl> UrlsOf(const QStringList &paths)
+    {
+        QList<QUrl> urls;
+        for (const QString &path : paths)
+            urls.append(QUrl::fromLocalFile(path));
+        return urls;
+    }
+    /// Another program drops these on a widget that takes them.
+    static void DropOn(QWidget &widget, const QList<QUrl> &urls)
+    {
+        QMimeData data;
+        data.setUrls(urls);
+        QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&widget, &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&widget, &drop);
+        Settle();
     }
 
     [[nodiscard]] CMainFrame &Frame() const { return app->Frame(); }
