@@ -4,8 +4,10 @@
 #include "Paths.h"
 #include "SingleInstance.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QSocketNotifier>
+#include <QThread>
 
 #include <cstdio>
 #include <new>
@@ -42,14 +44,17 @@ std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
     for (const QString &argument : arguments)
         paths.append(CanonicalPath(QDir::current().absoluteFilePath(argument)));
     QString error;
-    if (!server.Listen(error)) {
-        // Another start may have taken the place since the first look.
+    for (const QDeadlineTimer patience(PATIENCE_MS); !server.Listen(error);) {
+        // Another start may have taken the place since the first look, and may not listen there yet.
         QString hangs;
         if (ShowFirstInstance(PATIENCE_MS, hangs) == FirstInstance::Shown)
             return 0;
-        (void)ShowBox(nullptr, QMessageBox::Critical,
-                      QStringLiteral("The place where commands of an IDE arrive can't be taken: %1").arg(error));
-        return 1;
+        if (patience.hasExpired()) {
+            (void)ShowBox(nullptr, QMessageBox::Critical,
+                          QStringLiteral("The place where commands of an IDE arrive can't be taken: %1").arg(error));
+            return 1;
+        }
+        QThread::msleep(20);
     }
     commands = std::make_unique<QSocketNotifier>(server.PollFd(), QSocketNotifier::Read);
     QObject::connect(commands.get(), &QSocketNotifier::activated, [this] { server.Dispatch(); });
