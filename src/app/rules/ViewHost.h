@@ -21,6 +21,10 @@ public:
     virtual void AfterCommand(std::function<void()> call) = 0;
     /// Says whether the action is enabled, as the menu shows it.
     [[nodiscard]] virtual bool IsEnabled(ActionId id) const = 0;
+    /// The panes of a layout have come into sight, or have gone.
+    virtual void ShowLayoutMode(bool isOn) = 0;
+    /// Shows the zoom of the preview in the status bar; empty for none.
+    virtual void ShowZoom(const QString &zoom) = 0;
 
 protected:
     ~IViewHost() = default;

@@ -120,6 +120,12 @@ void CChildFrame::ShowPane(Pane pane)
     right->setCurrentWidget(known);
 }
 
+void CChildFrame::ShowLayoutMode(bool isOn)
+{
+    layoutMode = isOn ? 1 : 0;
+    shell.ShowLayoutMode(isOn);
+}
+
 IActionTarget *CChildFrame::ActiveView()
 {
     QWidget *focus = QApplication::focusWidget();

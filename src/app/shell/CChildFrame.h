@@ -57,6 +57,8 @@ public:
     [[nodiscard]] bool TakeEdit() override { return shell.TakeEdit(); }
     void AfterCommand(std::function<void()> call) override { shell.AfterCommand(std::move(call)); }
     [[nodiscard]] bool IsEnabled(ActionId id) const override { return shell.IsEnabled(id); }
+    void ShowLayoutMode(bool isOn) override;
+    void ShowZoom(const QString &zoom) override { shell.ShowZoom(zoom); }
 
     // IActionTarget
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;

@@ -64,6 +64,8 @@ public:
     [[nodiscard]] bool TakeEdit() override;
     void AfterCommand(std::function<void()> call) override { turn.AfterCommand(std::move(call)); }
     [[nodiscard]] bool IsEnabled(ActionId id) const override { return !turn.IsOn() && route.StateOf(id).enabled; }
+    void ShowLayoutMode(bool) override {}
+    void ShowZoom(const QString &) override {}
     // IActionTarget
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
     void Run(ActionId id) override;

@@ -3,6 +3,7 @@
 #include "CDefaultView.h"
 #include "CFileView.h"
 #include "CStringView.h"
+#include "LayoutPanes.h"
 
 namespace
 {
@@ -18,6 +19,7 @@ constexpr PaneEntry PANES[] = {
      [](const PaneParts &parts) -> QWidget * { return new CDefaultView(parts.document, parts.selection, parts.tree); }},
     {Pane::Files, [](const PaneParts &parts) -> QWidget * { return new CFileView(parts.document, parts.host); }},
     {Pane::Strings, [](const PaneParts &parts) -> QWidget * { return new CStringView(parts.document, parts.host); }},
+    {Pane::Layout, [](const PaneParts &parts) -> QWidget * { return new LayoutPanes(parts.document, parts.host); }},
 };
 
 } // namespace

@@ -1,0 +1,6 @@
+#include "PropEditors.h"
+
+std::unique_ptr<CPropEditor> MakeEditor(const PropertyRow &, IEditControls &, CResModel &)
+{
+    return nullptr;
+}
