@@ -2,6 +2,7 @@
 
 #include "TreeLines.h"
 
+#include <QHeaderView>
 #include <QPainter>
 
 /// The lines leave room for the sign that opens and closes.
@@ -17,4 +18,26 @@ void LinedTree::drawBranches(QPainter *painter, const QRect &rect, const QModelI
     painter->drawLines(TreeLines(rect, indentation(), layoutDirection(), row));
     painter->restore();
     QTreeWidget::drawBranches(painter, rect, index);
+}
+
+QItemSelectionModel::SelectionFlags LinedTree::selectionCommand(const QModelIndex &index, const QEvent *event) const
+{
+    if (!index.isValid())
+        return QItemSelectionModel::NoUpdate;
+    const QItemSelectionModel::SelectionFlags flags = QTreeWidget::selectionCommand(index, event);
+    return flags & (QItemSelectionModel::Toggle | QItemSelectionModel::Deselect) ? QItemSelectionModel::ClearAndSelect
+                                                                                 : flags;
+}
+
+void LinedTree::ShowWholeLabels()
+{
+    setTextElideMode(Qt::ElideNone);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    connect(this, &QTreeWidget::itemExpanded, this, &LinedTree::FitColumn);
+    connect(this, &QTreeWidget::itemCollapsed, this, &LinedTree::FitColumn);
+}
+
+void LinedTree::FitColumn()
+{
+    header()->setMinimumSectionSize(sizeHintForColumn(0));
 }
