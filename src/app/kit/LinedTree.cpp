@@ -33,8 +33,12 @@ void LinedTree::ShowWholeLabels()
 {
     setTextElideMode(Qt::ElideNone);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    connect(this, &QTreeWidget::itemExpanded, this, &LinedTree::FitColumn);
-    connect(this, &QTreeWidget::itemCollapsed, this, &LinedTree::FitColumn);
+    const auto fit = [this] {
+        if (updatesEnabled())
+            FitColumn();
+    };
+    connect(this, &QTreeWidget::itemExpanded, this, fit);
+    connect(this, &QTreeWidget::itemCollapsed, this, fit);
 }
 
 void LinedTree::FitColumn()

@@ -11,7 +11,8 @@ public:
 
     /// Shows the labels of its only column whole: what is wider than the view scrolls.
     void ShowWholeLabels();
-    /// Makes the column as wide as the view, and wider where the longest label is; after labels have changed.
+    /// Makes the column as wide as the view, and wider where the longest label is. To be called after labels have
+    /// changed, and after items were opened while updates were disabled.
     void FitColumn();
 
 protected:
