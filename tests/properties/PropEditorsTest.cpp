@@ -83,35 +83,28 @@ TEST(PropEditors, ShowAndStoreAValueOfEachType)
 
 TEST(PropEditors, RefuseATextThatTheCodePageLacks)
 {
-    for (const bool isUtf8 : {true, false}) {
-        EditedLayout layout(isUtf8 ? "" : "[Text]\ncode_page=1252\n");
-        ASSERT_EQ(layout.model.env.codePage.IsUtf8(), isUtf8);
-        const auto editor = layout.Open(u"time"_s); // which takes any text without a number
-        layout.Type(*editor, u"ж"_s);
-        EXPECT_EQ(editor->Apply(), isUtf8 ? Changed : Refused);
-        EXPECT_EQ(layout.panel->component->GetAttribute("time"), isUtf8 ? "ж" : "");
+    EditedLayout layout("[Text]\ncode_page=1252\n");
+    const auto editor = layout.Open(u"time"_s); // which takes any text without a number
+    for (const auto &[text, applied] : {std::pair(u"ж"_s, Refused), {u"é"_s, Changed}}) {
+        layout.Type(*editor, text);
+        EXPECT_EQ(editor->Apply(), applied);
     }
+    EXPECT_EQ(layout.panel->component->GetAttribute("time"), "\xE9");
 }
 
 TEST(PropEditors, NameAComponentAsNoOther)
 {
     EditedLayout layout;
     layout.Add("cp02");
-    const struct
-    {
-        QString typed;
-        Applied applied;
-    } cases[] = {{u""_s, Nothing},       {u"cp01"_s, Nothing},     {u"cp02"_s, Refused},
-                 {u"9a"_s, Refused},     {u"a b"_s, Refused},      {u"é"_s, Refused},
-                 {u"_a"_s, TreeChanged}, {u"cp01"_s, TreeChanged}, {QString(64, u'n'), TreeChanged}};
+    const std::pair<QString, Applied> cases[] = {{u""_s, Nothing},        {u"cp01"_s, Nothing}, {u"cp02"_s, Refused},
+                                                 {u"9a"_s, Refused},      {u"é"_s, Refused},    {u"_a"_s, TreeChanged},
+                                                 {u"cp01"_s, TreeChanged}};
     for (const auto &[typed, applied] : cases) {
-        const PropertyRow row = layout.Row(u"Class"_s);
+        const QString before = layout.Row(u"Class"_s).value;
         const auto editor = layout.Open(u"Class"_s);
-        EXPECT_EQ(layout.controls.limits[EditControl::Text0], 64);
         layout.Type(*editor, typed);
         EXPECT_EQ(editor->Apply(), applied) << typed.toStdString();
-        editor->Close();
-        const QString name = applied == TreeChanged ? typed : row.value;
+        const QString name = applied == TreeChanged ? typed : before;
         EXPECT_EQ(layout.Row(u"Class"_s).value, name);
         EXPECT_EQ(layout.panel->component->name, name.toUtf8());
         EXPECT_EQ(layout.res->FindComponent(name.toUtf8()), layout.panel);
@@ -150,31 +143,22 @@ TEST(PropEditors, OfferEachParentButThoseInTheComponent)
         };
         for (int step = 0; step < 30; ++step) {
             layout.panel = *rc::gen::elementOf(all);
-            QStringList expected;
+            const CZulClass *const before = layout.panel->parent;
+            const auto editor = layout.Open(u"Parent Component"_s);
+            const QStringList choices = editor ? layout.controls.choices : QStringList();
             for (const CZulClass *other : all) {
                 const CZulClass *above = other;
                 while (above && above != layout.panel)
                     above = above->parent;
-                if (!above)
-                    expected.append(shown(other));
+                RC_ASSERT(choices.contains(shown(other)) == !above);
             }
-            const auto editor = layout.Open(u"Parent Component"_s);
-            RC_ASSERT(!editor == expected.empty());
             if (!editor)
                 continue;
-            RC_ASSERT(layout.Shown() == shown(layout.panel->parent));
-            const QString chosen = layout.controls.choices[*rc::gen::inRange(0, int(expected.size()) + 1)];
-            const bool stays = chosen == layout.Shown();
+            RC_ASSERT(layout.Shown() == shown(before));
+            const QString chosen = choices[*rc::gen::inRange<qsizetype>(0, choices.size())];
             layout.Type(*editor, chosen);
-            RC_ASSERT(editor->Apply() == (stays ? Nothing : TreeChanged));
-            const CZulClass *parent = layout.panel->parent;
-            RC_ASSERT(shown(parent) == chosen);
-            const auto &children = parent ? parent->component->children : layout.res->Layout().components;
-            RC_ASSERT(stays || children.back().get() == layout.panel->component);
-            RC_ASSERT(layout.controls.choices.takeLast() == u"None"_s);
-            layout.controls.choices.sort();
-            expected.sort();
-            RC_ASSERT(layout.controls.choices == expected);
+            RC_ASSERT(editor->Apply() == (chosen == shown(before) ? Nothing : TreeChanged));
+            RC_ASSERT(shown(layout.panel->parent) == chosen);
         }
     }));
 }
@@ -194,11 +178,9 @@ TEST(PropEditors, CloseWhenTheFocusGoesElsewhere)
 
 TEST(SelectString, BeginsAtTheSecondChoice)
 {
-    const QStringList choices = {u"ab"_s, u"Abc"_s, u"b"_s};
-    const std::pair<QString, int> cases[] = {{u"ab"_s, 1},    {u"AB"_s, 1}, {u"abc"_s, 1},  {u"b"_s, 2},
-                                             {u"abcd"_s, -1}, {u"c"_s, -1}, {QString(), -1}};
+    const QStringList choices = {u"ab"_s, u"Abc"_s, u"ac"_s};
+    const std::pair<QString, int> cases[] = {{u"AB"_s, 1}, {u"ac"_s, 2}, {u"abcd"_s, -1}, {QString(), -1}};
     for (const auto &[text, choice] : cases)
         EXPECT_EQ(SelectString(choices, text), choice) << text.toStdString();
-    EXPECT_EQ(SelectString({u"ab"_s, u"b"_s}, u"a"), 0);
-    EXPECT_EQ(SelectString({}, u"a"), -1);
+    EXPECT_EQ(SelectString({u"ab"_s}, u"a") + SelectString({}, u"a"), 0 - 1);
 }
