@@ -47,12 +47,7 @@ struct FileWindow : TestWindow
         return Grid().visualRect(Grid().model()->index(row, col)).center();
     }
     void Click(int row, int col) const { QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, At(row, col)); }
-    void DoubleClick(int row, int col) const
-    {
-        Click(row, col);
-        QTest::mouseDClick(Grid().viewport(), Qt::LeftButton, {}, At(row, col));
-        QTest::mouseRelease(Grid().viewport(), Qt::LeftButton, {}, At(row, col)); // which no function of QTest adds
-    }
+    void DoubleClick(int row, int col) const { TestWindow::DoubleClick(*Grid().viewport(), At(row, col)); }
 
     /// What the list shows: the cells of a row with "|" between.
     [[nodiscard]] QStringList Rows() const

@@ -68,10 +68,7 @@ struct StringWindow : TestWindow
     {
         Grid().SelectAlone(row, col);
         Grid().scrollTo(Grid().model()->index(row, col));
-        const QPoint place = Grid().visualRect(Grid().model()->index(row, col)).center();
-        QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, place);
-        QTest::mouseDClick(Grid().viewport(), Qt::LeftButton, {}, place);
-        QTest::mouseRelease(Grid().viewport(), Qt::LeftButton, {}, place); // which no function of QTest adds
+        DoubleClick(*Grid().viewport(), Grid().visualRect(Grid().model()->index(row, col)).center());
     }
     /// Has the window active again, which behind a box nobody else does without a screen.
     void WakeUp() const

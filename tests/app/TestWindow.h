@@ -13,6 +13,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QTest>
 #include <QTimer>
 #include <QUrl>
 
@@ -126,6 +127,13 @@ struct TestWindow
         QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
         QApplication::sendEvent(&widget, &drop);
         Settle();
+    }
+
+    static void DoubleClick(QWidget &widget, const QPoint &place)
+    {
+        QTest::mouseClick(&widget, Qt::LeftButton, {}, place);
+        QTest::mouseDClick(&widget, Qt::LeftButton, {}, place);
+        QTest::mouseRelease(&widget, Qt::LeftButton, {}, place); // which no function of QTest adds
     }
 
     [[nodiscard]] CMainFrame &Frame() const { return app->Frame(); }

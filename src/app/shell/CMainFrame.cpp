@@ -48,7 +48,10 @@ void CMainFrame::Connect()
     boxes.unseenOutput = [this] { return bars.UnseenOutput(); };
     menus.run = [this](ActionId id) { RunAction(id); };
     menus.openRecent = [this](int index) { projects.OpenRecent(index); };
-    bars.Classes().chosen = [this](const ClassDescriptor &type) { AddComponent(type); };
+    bars.Classes().chosen = [this](const ClassDescriptor &type) {
+        if (ActiveChild() && !turn.IsOn())
+            ActiveChild()->AddComponent(type);
+    };
     projects.opening = [this] { bars.BeginOutput(); };
     projects.recentChanged = [this] { menus.ShowRecentFiles(projects.Recent()); };
     documents.opened = [this](CDocument &document) { Opened(document); };
@@ -96,16 +99,6 @@ void CMainFrame::ShowToolbox()
 {
     const CChildFrame *const child = ActiveChild();
     bars.FollowProject(child ? &child->Document() : nullptr, child && child->layoutMode != 0);
-}
-
-void CMainFrame::AddComponent(const ClassDescriptor &type)
-{
-    CChildFrame *const child = ActiveChild();
-    if (!child || turn.IsOn())
-        return;
-    bars.BeginOutput();
-    if (TakeEdit())
-        child->AddComponent(type);
 }
 
 void CMainFrame::Update()

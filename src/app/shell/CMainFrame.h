@@ -83,7 +83,6 @@ private:
     void Update();
     void ShowTitle();
     void ShowToolbox();
-    void AddComponent(const ClassDescriptor &type);
     void Opened(CDocument &document);
     void EndSession(QSessionManager &session);
     void GoToPane(int step);
