@@ -84,7 +84,7 @@ void CLotEditorView::ConnectGrid()
 {
     const auto end = [this] {
         if (!isOpening)
-            (void)EndEditor(End::ApplyIfUsed);
+            (void)EndEditor(End::Apply);
     };
     for (const QScrollBar *bar : {grid->horizontalScrollBar(), grid->verticalScrollBar()})
         connect(bar, &QScrollBar::valueChanged, this, end);
@@ -102,7 +102,7 @@ void CLotEditorView::ShowComponent(CLayoutRes *layoutRes, CZulClass *component)
 {
     if (component == current)
         return;
-    (void)EndEditor(End::ApplyIfUsed);
+    (void)EndEditor(End::Apply);
     // The list rebuilds its tree for a change of the tree: that can't be here, where it is selecting.
     if (untold == Applied::Changed)
         TellChange();
@@ -122,7 +122,7 @@ void CLotEditorView::LetGo()
 
 bool CLotEditorView::TakeEdit()
 {
-    const bool isTaken = EndEditor(End::ApplyIfUsed);
+    const bool isTaken = EndEditor(End::Apply);
     TellChange();
     return isTaken;
 }
@@ -177,7 +177,7 @@ void CLotEditorView::RowSelected()
     const int row = SelectedRow();
     if (isOpening || (editor && row == editedRow))
         return;
-    if (EndEditor(End::ApplyIfUsed))
+    if (EndEditor(End::Apply))
         OpenEditor(row);
 }
 
@@ -211,7 +211,7 @@ void CLotEditorView::OpenEditor(int row)
         return;
     editor = std::move(made);
     editedRow = row;
-    controls->Begin(model.At(row).name);
+    controls->SetName(model.At(row).name);
 }
 
 bool CLotEditorView::EnterEditor()
@@ -228,7 +228,7 @@ void CLotEditorView::Told(EditControl control, EditEvent event)
 {
     const std::shared_ptr<CPropEditor> asked = editor;
     if (!isOpening && asked && asked->WantsApply(control, event) && asked == editor)
-        (void)EndEditor(End::ApplyIfUsed);
+        (void)EndEditor(End::Apply);
 }
 
 /// A box that opens later must find the controls hidden, and the focus in the grid: it would take it from them.
@@ -240,8 +240,7 @@ bool CLotEditorView::EndEditor(End how)
     const int place = model.PlaceOf(std::exchange(editedRow, -1));
     if (controls->Have(grid->window()->focusWidget())) // also while the window isn't active
         grid->setFocus(Qt::OtherFocusReason);
-    const bool applies = how == End::Apply || (how == End::ApplyIfUsed && controls->WasUsed());
-    const Applied applied = applies ? ended->Apply() : Applied::Nothing;
+    const Applied applied = how == End::Apply ? ended->Apply() : Applied::Nothing;
     ended->Close();
     if (applied == Applied::Refused) {
         Refused(place);
@@ -296,7 +295,7 @@ bool CLotEditorView::KeyInControl(EditControl control, const QKeyEvent &key)
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
         if (!controls->FocusNext(control, key.key() == Qt::Key_Tab ? 1 : -1))
-            (void)EndEditor(End::ApplyIfUsed);
+            (void)EndEditor(End::Apply);
         return true;
     case Qt::Key_Up:
     case Qt::Key_Down:
@@ -312,7 +311,7 @@ bool CLotEditorView::KeyInControl(EditControl control, const QKeyEvent &key)
 void CLotEditorView::Step(int step)
 {
     const int row = editedRow + step;
-    if (row >= 0 && row < model.rowCount() && EndEditor(End::ApplyIfUsed))
+    if (row >= 0 && row < model.rowCount() && EndEditor(End::Apply))
         grid->SelectAlone(row, PropertyModel::VALUE_COLUMN);
 }
 
@@ -320,7 +319,7 @@ bool CLotEditorView::KeyInGrid(const QKeyEvent &key)
 {
     if (IsEnter(key)) {
         if (editor)
-            (void)EndEditor(End::ApplyIfUsed);
+            (void)EndEditor(End::Apply);
         else
             (void)EnterEditor();
         return true;
@@ -365,7 +364,7 @@ void CLotEditorView::EnterGrid()
 void CLotEditorView::SetFilter(const QString &text)
 {
     const int place = model.PlaceOf(SelectedRow());
-    (void)EndEditor(End::ApplyIfUsed);
+    (void)EndEditor(End::Apply);
     model.SetFilter(text);
     SelectPlace(place);
 }
@@ -373,7 +372,7 @@ void CLotEditorView::SetFilter(const QString &text)
 bool CLotEditorView::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == grid->viewport() && event->type() == QEvent::Resize && !isOpening)
-        (void)EndEditor(End::ApplyIfUsed);
+        (void)EndEditor(End::Apply);
     return QWidget::eventFilter(watched, event);
 }
 
@@ -381,5 +380,5 @@ void CLotEditorView::hideEvent(QHideEvent *event)
 {
     QWidget::hideEvent(event);
     if (!event->spontaneous())
-        (void)EndEditor(End::ApplyIfUsed);
+        (void)EndEditor(End::Apply);
 }

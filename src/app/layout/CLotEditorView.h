@@ -22,7 +22,7 @@ class QKeyEvent;
 /// The property grid: a row per property of a component, each edited by an editor over its value.
 ///
 /// The editor is that of the selected row. A click puts the focus into it; the arrow keys leave the focus in the grid,
-/// until something is typed. An editor in which the user has done nothing writes nothing, but for Enter.
+/// until something is typed.
 class CLotEditorView : public QWidget, public IActionTarget, public IEditOwner, public IStateOwner
 {
 public:
@@ -62,8 +62,7 @@ private:
     void Told(EditControl control, EditEvent event);
     enum class End
     {
-        Apply,       ///< also when the user has done nothing in it
-        ApplyIfUsed, ///< the user goes on to something else
+        Apply,
         Drop,
     };
     /// Closes the editor. False when the input is refused; a message follows.

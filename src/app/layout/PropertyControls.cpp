@@ -82,10 +82,7 @@ void PropertyControls::MakeFields()
         label->setFocusPolicy(Qt::ClickFocus);
         label->setFocusProxy(text);
         label->setForegroundRole(QPalette::Text);
-        connect(text, &QLineEdit::textEdited, this, [this, i] {
-            wasUsed = true;
-            Tell(TextOf(i), EditEvent::TextChanged);
-        });
+        connect(text, &QLineEdit::textEdited, this, [this, i] { Tell(TextOf(i), EditEvent::TextChanged); });
     }
 }
 
@@ -97,7 +94,7 @@ void PropertyControls::MakeChoices()
     choiceList->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     if (auto *const list = qobject_cast<QListView *>(choiceList->view()))
         list->setUniformItemSizes(true);
-    connect(choiceList, &QComboBox::activated, this, [this] { wasUsed = true; });
+    connect(choiceList, &QComboBox::activated, this, [this] { Tell(EditControl::Choices, EditEvent::TextChanged); });
 }
 
 void PropertyControls::MakeSwatch()
@@ -150,9 +147,8 @@ void PropertyControls::Tell(EditControl control, EditEvent event)
         told(control, event);
 }
 
-void PropertyControls::Begin(const QString &property)
+void PropertyControls::SetName(const QString &property)
 {
-    wasUsed = false;
     for (const Field &field : fields) {
         QString part = field.label->text();
         part.remove(u':');
@@ -271,7 +267,6 @@ std::optional<EditColor> PropertyControls::AskColor(const EditColor &start)
     QColorDialog dialog(ColorOf(start), grid.window());
     if (!boxes.RunDialog(dialog) || swatch->isHidden()) // the editor may have been closed meanwhile
         return std::nullopt;
-    wasUsed = true;
     const QColor chosen = dialog.selectedColor();
     return EditColor{chosen.red(), chosen.green(), chosen.blue()};
 }

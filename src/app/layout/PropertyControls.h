@@ -32,10 +32,8 @@ public:
     /// Told of a key before the control, or the list, has it. True: it is used up.
     std::function<bool(EditControl control, const QKeyEvent &key)> keyPressed;
 
-    /// Names the controls that show after the property, for screen readers. Begins a new edit.
-    void Begin(const QString &property);
-    /// The user has typed or chosen something since `Begin`.
-    [[nodiscard]] bool WasUsed() const { return wasUsed; }
+    /// Names the controls that show after the property, for screen readers.
+    void SetName(const QString &property);
 
     /// Says whether a widget is one of the controls, or part of one; false for null.
     [[nodiscard]] bool Have(const QWidget *widget) const;
@@ -89,5 +87,4 @@ private:
     std::array<Field, FIELDS> fields{};
     QComboBox *choiceList = nullptr;
     ColorButton *swatch = nullptr;
-    bool wasUsed = false;
 };
