@@ -2,8 +2,8 @@
 
 #include "CLayoutRes.h"
 #include "CLotEditorView.h"
-#include "ColorButton.h"
 #include "CResDoc.h"
+#include "ColorButton.h"
 #include "StringWindow.h"
 #include "TestCatalogue.h"
 

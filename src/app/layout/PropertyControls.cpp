@@ -57,7 +57,7 @@ PropertyControls::PropertyControls(CListGrid &listGrid, IViewBoxes &viewBoxes)
     : QObject(&listGrid), grid(listGrid), boxes(viewBoxes), backdrop(new QWidget(listGrid.viewport()))
 {
     backdrop->setAutoFillBackground(true);
-    backdrop->setBackgroundRole(QPalette::Base);
+    backdrop->setBackgroundRole(QPalette::Window); // in which the edges of the text boxes can be seen
     MakeFields();
     MakeChoices();
     MakeSwatch();
@@ -81,7 +81,6 @@ void PropertyControls::MakeFields()
         label->setTextFormat(Qt::PlainText);
         label->setFocusPolicy(Qt::ClickFocus);
         label->setFocusProxy(text);
-        label->setForegroundRole(QPalette::Text);
         connect(text, &QLineEdit::textEdited, this, [this, i] { Tell(TextOf(i), EditEvent::TextChanged); });
     }
 }
@@ -100,7 +99,7 @@ void PropertyControls::MakeChoices()
 void PropertyControls::MakeSwatch()
 {
     swatch = new ColorButton(grid.viewport());
-    swatch->setFocusPolicy(Qt::TabFocus); // a click takes the focus from no field
+    swatch->setFocusPolicy(Qt::StrongFocus);
     connect(swatch, &QAbstractButton::clicked, this, [this] { Tell(EditControl::Swatch, EditEvent::Clicked); });
 }
 

@@ -1,6 +1,10 @@
 #include "PropertyModel.h"
 
 #include "CellLine.h"
+#include "ZulValues.h"
+
+#include <QIcon>
+#include <QPainter>
 
 #include <algorithm>
 
@@ -29,6 +33,21 @@ QString AccessibleText(const PropertyRow &row, int col)
     if (col == PropertyModel::NAME_COLUMN)
         return row.isSet ? row.name + u", set"_s : row.name;
     return row.name + u", "_s + QLatin1String(TITLES[col]) + u": "_s + CellLine(TextOf(row, col), LONGEST_SHOWN);
+}
+
+/// A square of a colour that is set, beside its text. Drawn large, for a sharp screen too.
+QVariant ColorSample(const PropertyRow &row)
+{
+    if (row.kind != PropertyKind::Value || !row.isSet || row.target->GetTypeId() != TYPE_COLOR)
+        return {};
+    constexpr int SIDE = 48; // pixels
+    constexpr int FRAME = 3;
+    const auto &color = static_cast<const CZulColor &>(*row.target);
+    QPixmap sample(SIDE, SIDE);
+    sample.fill(Qt::gray);
+    QPainter(&sample).fillRect(sample.rect().adjusted(FRAME, FRAME, -FRAME, -FRAME),
+                               QColor(color.red, color.green, color.blue));
+    return QIcon(sample);
 }
 
 } // namespace
@@ -88,6 +107,8 @@ QVariant PropertyModel::data(const QModelIndex &index, int role) const
         return CellLine(TextOf(row, col), LONGEST_SHOWN);
     case Qt::EditRole:
         return TextOf(row, col);
+    case Qt::DecorationRole:
+        return col == VALUE_COLUMN ? ColorSample(row) : QVariant();
     case Qt::AccessibleTextRole:
         return AccessibleText(row, col);
     case ROLE_IS_SET:
