@@ -8,6 +8,11 @@
 class CChoiceEditor : public CPropEditor
 {
 public:
+    CChoiceEditor(IEditControls &controls, const Environment &environment, CZulType *rowTarget)
+        : CPropEditor(controls, environment, rowTarget)
+    {
+    }
+
     bool Open(CLayoutRes &layoutRes, CZulClass &component, const QRect &rect) override;
     void Reposition(const QRect &rect) override;
     Applied Apply() override;
@@ -16,10 +21,6 @@ public:
     [[nodiscard]] EditControl First() const override { return EditControl::Choices; }
 
 protected:
-    CChoiceEditor(IEditControls &controls, const Environment &environment, CZulType *rowTarget)
-        : CPropEditor(controls, environment, rowTarget)
-    {
-    }
     /// False when there is nothing to choose from.
     virtual bool FillChoices(QStringList &list, CLayoutRes &layoutRes, CZulClass &component) = 0;
     /// Which of the choices stands for the value; -1 for none.
@@ -35,10 +36,7 @@ private:
 class CBoolEditor : public CChoiceEditor
 {
 public:
-    CBoolEditor(IEditControls &controls, const Environment &environment, CZulType *rowTarget)
-        : CChoiceEditor(controls, environment, rowTarget)
-    {
-    }
+    using CChoiceEditor::CChoiceEditor;
 
 private:
     bool FillChoices(QStringList &list, CLayoutRes &layoutRes, CZulClass &component) override;
@@ -47,10 +45,7 @@ private:
 class CEnumEditor : public CChoiceEditor
 {
 public:
-    CEnumEditor(IEditControls &controls, const Environment &environment, CZulType *rowTarget)
-        : CChoiceEditor(controls, environment, rowTarget)
-    {
-    }
+    using CChoiceEditor::CChoiceEditor;
 
 private:
     bool FillChoices(QStringList &list, CLayoutRes &layoutRes, CZulClass &component) override;
@@ -74,10 +69,7 @@ private:
 class CParentEditor : public CChoiceEditor
 {
 public:
-    CParentEditor(IEditControls &controls, const Environment &environment, CZulType *rowTarget)
-        : CChoiceEditor(controls, environment, rowTarget)
-    {
-    }
+    using CChoiceEditor::CChoiceEditor;
 
 private:
     bool FillChoices(QStringList &list, CLayoutRes &layoutRes, CZulClass &component) override;

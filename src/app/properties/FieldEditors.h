@@ -7,6 +7,13 @@
 class CFieldEditor : public CPropEditor
 {
 public:
+    /// `valueStart` is what the text of a value begins with.
+    CFieldEditor(IEditControls &controls, const Environment &environment, CZulType *rowTarget,
+                 const QString &valueStart = QStringLiteral("("))
+        : CPropEditor(controls, environment, rowTarget), start(valueStart)
+    {
+    }
+
     bool Open(CLayoutRes &layoutRes, CZulClass &component, const QRect &rect) override;
     void Reposition(const QRect &rect) override;
     Applied Apply() override;
@@ -15,11 +22,6 @@ public:
     [[nodiscard]] EditControl First() const override { return EditControl::Text0; }
 
 protected:
-    CFieldEditor(IEditControls &controls, const Environment &environment, CZulType *rowTarget,
-                 const QString &valueStart = QStringLiteral("("))
-        : CPropEditor(controls, environment, rowTarget), start(valueStart)
-    {
-    }
     /// The label and the text of a field, counted from 0. False when there is none.
     virtual bool SetupField(int index, QString &label, QString &text) const = 0;
     /// Shows the fields; where they are.
@@ -28,17 +30,14 @@ protected:
     bool dirty = false; ///< the user has changed something
 
 private:
-    QString start; // of the value's text
+    QString start;
     int fieldCount = 0;
 };
 
 class CPointEditor : public CFieldEditor
 {
 public:
-    CPointEditor(IEditControls &controls, const Environment &environment, CZulType *rowTarget)
-        : CFieldEditor(controls, environment, rowTarget)
-    {
-    }
+    using CFieldEditor::CFieldEditor;
 
 private:
     bool SetupField(int index, QString &label, QString &text) const override;
@@ -47,10 +46,7 @@ private:
 class CFPointEditor : public CFieldEditor
 {
 public:
-    CFPointEditor(IEditControls &controls, const Environment &environment, CZulType *rowTarget)
-        : CFieldEditor(controls, environment, rowTarget)
-    {
-    }
+    using CFieldEditor::CFieldEditor;
 
 private:
     bool SetupField(int index, QString &label, QString &text) const override;
@@ -59,10 +55,7 @@ private:
 class CSizeEditor : public CFieldEditor
 {
 public:
-    CSizeEditor(IEditControls &controls, const Environment &environment, CZulType *rowTarget)
-        : CFieldEditor(controls, environment, rowTarget)
-    {
-    }
+    using CFieldEditor::CFieldEditor;
 
 private:
     bool SetupField(int index, QString &label, QString &text) const override;
@@ -71,10 +64,7 @@ private:
 class CRectEditor : public CFieldEditor
 {
 public:
-    CRectEditor(IEditControls &controls, const Environment &environment, CZulType *rowTarget)
-        : CFieldEditor(controls, environment, rowTarget)
-    {
-    }
+    using CFieldEditor::CFieldEditor;
 
 private:
     bool SetupField(int index, QString &label, QString &text) const override;
