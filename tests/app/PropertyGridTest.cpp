@@ -8,17 +8,18 @@
 namespace
 {
 
-/// A row for each property, as the grid shows it: "*" before a name in bold, "#" before a heading.
-QStringList RowsOf(const CListGrid &grid)
+/// The rows, as the grid shows them: "*" before a name in bold, "#" before a heading.
+std::string RowsOf(const CListGrid &grid)
 {
-    QStringList rows;
+    QString rows;
     for (int row = 0; row < grid.model()->rowCount(); ++row) {
         const auto cell = [&](int col) { return grid.model()->index(row, col); };
-        rows << (cell(0).data(ROLE_IS_SET).toBool() ? u"*"_s : u""_s) +
-                    (cell(0).data(ROLE_IS_HEADING).toBool() ? u"#"_s : u""_s) + cell(0).data().toString() + u'|' +
-                    cell(1).data().toString() + u'|' + cell(2).data().toString();
+        rows += (cell(0).data(ROLE_IS_SET).toBool()       ? u"*"_s
+                 : cell(0).data(ROLE_IS_HEADING).toBool() ? u"#"_s
+                                                          : u""_s) +
+                cell(0).data().toString() + u'|' + cell(1).data().toString() + u'|' + cell(2).data().toString() + u'\n';
     }
-    return rows;
+    return rows.toStdString();
 }
 
 /// Chooses a colour in the dialog that opens next, or cancels it.
@@ -38,11 +39,10 @@ TEST(PropertyGrid, ShowsThePropertiesOfAComponentAndFiltersThem)
 {
     PropertyWindow window;
     EXPECT_EQ(RowsOf(window.Grid()),
-              (QStringList{u"Class|box|Box"_s, u"Parent Component|None|---"_s, u"#edges||Edges"_s, u"    top||ZulS32"_s,
-                           u"    bottom||ZulS32"_s, u"*tint|RGB(16, 32, 48)|ZulColor"_s, u"*wait|2s|ZulMsec"_s,
-                           u"count||ZulS32"_s, u"side||Side"_s, u"area||ZulRect"_s, u"picture||ZulImageSrc"_s,
-                           u"#Base Class||Shape"_s, u"    *pos|(1, 2)|ZulPoint"_s.replace(u"    *"_s, u"*    "_s),
-                           u"    size||ZulSize"_s, u"    shown||ZulBool"_s}));
+              "Class|box|Box\nParent Component|None|---\n#edges||Edges\n    top||ZulS32\n    bottom||ZulS32\n"
+              "*tint|RGB(16, 32, 48)|ZulColor\n*wait|2s|ZulMsec\ncount||ZulS32\nside||Side\narea||ZulRect\n"
+              "picture||ZulImageSrc\n#Base Class||Shape\n*    pos|(1, 2)|ZulPoint\n    size||ZulSize\n"
+              "    shown||ZulBool\n");
     EXPECT_EQ(window.Grid().Widths(), (std::vector<int>{150, 400, 77}));
     EXPECT_EQ(window.view->State().last().key + window.view->State().last().value, u"sort0"_s);
 
@@ -125,8 +125,7 @@ TEST(PropertyGrid, WhatEndsAnEditorAppliesItAndMenusDoNot)
     }
     const std::vector<std::function<void()>> ends{
         [&] { window.Click(u"top"_s); }, [&] { window.Grid().setColumnWidth(0, 160); },
-        [&] { window.view->resize(700, 200); },
-        [&] { window.Grid().verticalScrollBar()->setValue(9); },
+        [&] { window.view->resize(700, 200); }, [&] { window.Grid().verticalScrollBar()->setValue(9); },
         [&] {
             window.Child().setFocus();
             window.Frame().activateWindow();

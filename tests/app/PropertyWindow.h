@@ -49,13 +49,11 @@ struct PropertyWindow : TestWindow
         throw std::runtime_error("no control shows that has the name " + accessibleName.toStdString());
     }
     [[nodiscard]] QLineEdit &Line(const QString &name) const { return Named<QLineEdit>(name); }
+    /// Says whether an editor is open.
     [[nodiscard]] bool IsOpen() const
     {
-        for (const QWidget *control : Grid().viewport()->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
-            if (!control->isHidden())
-                return true;
-        }
-        return false;
+        const QList<QWidget *> all = Grid().viewport()->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
+        return std::any_of(all.begin(), all.end(), [](const QWidget *control) { return !control->isHidden(); });
     }
 
     [[nodiscard]] int RowOf(const QString &name) const
@@ -70,10 +68,7 @@ struct PropertyWindow : TestWindow
     {
         return Grid().model()->index(RowOf(name), 1).data().toString().toStdString();
     }
-    [[nodiscard]] QByteArray Stored(const NarrowText &attribute) const
-    {
-        return box->component->GetAttribute(attribute);
-    }
+    [[nodiscard]] QByteArray Stored(const NarrowText &name) const { return box->component->GetAttribute(name); }
 
     /// Clicks on a row as the user does: on what is there, which may be a control.
     void Click(const QString &name, int col = 0) const

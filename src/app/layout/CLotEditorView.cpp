@@ -73,6 +73,7 @@ void CLotEditorView::MakeGrid()
 {
     grid->setAccessibleName(u"Properties"_s);
     grid->setSelectionMode(QAbstractItemView::SingleSelection);
+    grid->setAutoScroll(false); // see PlaceOver
     grid->setItemDelegate(new PropertyDelegate(grid));
     grid->setModel(&model);
     grid->horizontalHeader()->setSectionsClickable(false);
@@ -169,30 +170,36 @@ void CLotEditorView::SelectPlace(int place)
     if (row < 0 || row == SelectedRow())
         return;
     const QScopedValueRollback opening(isOpening, true);
-    grid->SelectAlone(row, PropertyModel::VALUE_COLUMN);
+    grid->SelectAlone(row, PropertyModel::NAME_COLUMN);
 }
 
 void CLotEditorView::RowSelected()
 {
     const int row = SelectedRow();
-    if (isOpening || (editor && row == editedRow))
+    if (isOpening || (editor && row == editedRow) || !EndEditor(End::Apply))
         return;
-    if (EndEditor(End::Apply))
-        OpenEditor(row);
+    ScrollTo(row, /*sideways=*/false);
+    OpenEditor(row);
 }
 
-/// Scrolls no further than it has to: the name should stay in sight.
+void CLotEditorView::ScrollTo(int row, bool sideways)
+{
+    const QScopedValueRollback opening(isOpening, true);
+    const int before = grid->horizontalScrollBar()->value();
+    grid->scrollTo(model.index(row, PropertyModel::VALUE_COLUMN));
+    if (!sideways)
+        grid->horizontalScrollBar()->setValue(before);
+}
+
+/// Scrolls sideways only where too little of the value is in sight: the name should stay there.
 std::optional<QRect> CLotEditorView::PlaceOver(int row)
 {
     const QModelIndex cell = model.index(row, PropertyModel::VALUE_COLUMN);
     const auto look = [&] { return PlaceOverCell(grid->visualRect(cell), grid->viewport()->rect(), GROWTH); };
-    const int left = grid->horizontalScrollBar()->value();
-    grid->scrollTo(cell);
-    const int right = grid->horizontalScrollBar()->value();
-    grid->horizontalScrollBar()->setValue(left);
+    ScrollTo(row, /*sideways=*/false);
     auto place = look();
     if (!place || place->width() < NARROW) {
-        grid->horizontalScrollBar()->setValue(right);
+        ScrollTo(row, /*sideways=*/true);
         place = look();
     }
     if (place)
@@ -312,7 +319,7 @@ void CLotEditorView::Step(int step)
 {
     const int row = editedRow + step;
     if (row >= 0 && row < model.rowCount() && EndEditor(End::Apply))
-        grid->SelectAlone(row, PropertyModel::VALUE_COLUMN);
+        grid->SelectAlone(row, PropertyModel::NAME_COLUMN);
 }
 
 bool CLotEditorView::KeyInGrid(const QKeyEvent &key)
@@ -332,13 +339,18 @@ bool CLotEditorView::KeyInGrid(const QKeyEvent &key)
         return EnterEditor();
     case Qt::Key_Tab:
         return editor && ModifiersOf(key) == Qt::NoModifier && EnterEditor();
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        grid->horizontalScrollBar()->triggerAction(key.key() == Qt::Key_Left ? QScrollBar::SliderSingleStepSub
+                                                                             : QScrollBar::SliderSingleStepAdd);
+        return true;
     case Qt::Key_Up:
     case Qt::Key_Down:
         if (ModifiersOf(key) & Qt::AltModifier)
             return TypeInto(key);
         if (SelectedRow() >= 0 || model.rowCount() == 0)
             return false;
-        grid->SelectAlone(qMax(0, grid->currentIndex().row()), PropertyModel::VALUE_COLUMN);
+        grid->SelectAlone(qMax(0, grid->currentIndex().row()), PropertyModel::NAME_COLUMN);
         return true;
     default:
         return TypesText(key) && TypeInto(key);

@@ -55,6 +55,8 @@ private:
     // The editor.
     [[nodiscard]] int SelectedRow() const;
     void RowSelected();
+    /// Scrolls a row into sight, and its value too if `sideways`. Ends no editor.
+    void ScrollTo(int row, bool sideways);
     [[nodiscard]] std::optional<QRect> PlaceOver(int row);
     void OpenEditor(int row);
     /// Opens the editor of the selected row, if none is open, and puts the focus into it. False when it has none.

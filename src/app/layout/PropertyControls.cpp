@@ -89,6 +89,7 @@ void PropertyControls::MakeChoices()
 {
     choiceList = new QComboBox(grid.viewport());
     choiceList->setInsertPolicy(QComboBox::NoInsert);
+    choiceList->setFocusPolicy(Qt::StrongFocus); // none by the wheel
     // Without looking at each of what may be thousands of entries.
     choiceList->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     if (auto *const list = qobject_cast<QListView *>(choiceList->view()))
