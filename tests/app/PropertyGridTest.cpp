@@ -184,6 +184,8 @@ TEST(PropertyGrid, TheKeyboardReachesEveryEditor)
     EXPECT_FALSE(window.IsOpen());
     window.Key(Qt::Key_F2);
     window.Type(u"5"_s);
+    window.Key(Qt::Key_PageDown); // which a line has no use for, and which isn't the grid's
+    EXPECT_EQ(window.Named(u"top"_s).text(), u"5"_s);
     window.Key(Qt::Key_Escape);
     EXPECT_TRUE(window.Grid().hasFocus() && !window.IsOpen() && window.Value(u"top"_s).empty());
 
@@ -218,17 +220,20 @@ TEST(PropertyGrid, WhatEndsAnEditorAppliesItAndMenusDoNot)
     const auto type = [&](const QString &number) {
         window.Click(u"count"_s);
         EXPECT_TRUE(window.Named(u"count"_s).hasFocus());
+        EXPECT_EQ(window.Grid().horizontalScrollBar()->value(), 0) << "the name stays in sight";
         window.Type(number);
     };
     type(u"1"_s);
+    QLineEdit menu(window.view.get());
+    menu.show();
     for (const Qt::FocusReason reason : {Qt::PopupFocusReason, Qt::MenuBarFocusReason}) {
-        QFocusEvent lost(QEvent::FocusOut, reason);
-        QApplication::sendEvent(&window.Named(u"count"_s), &lost);
-        EXPECT_TRUE(window.IsOpen());
+        menu.setFocus(reason);
+        window.Named(u"count"_s).setFocus(reason);
+        EXPECT_EQ(window.Named(u"count"_s).text(), u"1"_s);
     }
     const std::vector<std::function<void()>> ends{
         [&] { window.Click(u"top"_s); }, [&] { window.Grid().setColumnWidth(0, 160); },
-        [&] { window.view->resize(700, 200); }, [&] { window.Grid().verticalScrollBar()->setValue(9); },
+        [&] { window.view->resize(360, 200); }, [&] { window.Grid().verticalScrollBar()->setValue(9); },
         [&] { window.Activate(); }};
     int number = 20;
     for (const auto &end : ends) {
@@ -236,6 +241,12 @@ TEST(PropertyGrid, WhatEndsAnEditorAppliesItAndMenusDoNot)
         end();
         EXPECT_EQ(window.Value(u"count"_s), std::to_string(number)) << number;
     }
+    window.view->resize(220, 200);
+    window.Click(u"wait"_s);
+    EXPECT_GE(window.Named(u"wait"_s).width(), 100) << "and as much of the value as can be";
+    window.Key(Qt::Key_Escape);
+    window.Grid().horizontalScrollBar()->setValue(0);
+    window.view->resize(400, 400);
     type(u"30"_s);
     EXPECT_TRUE(window.view->TakeEdit() && !window.IsOpen());
     type(u"31"_s);
