@@ -66,7 +66,9 @@ CLotEditorView::CLotEditorView(CResDoc &projectDocument, IViewHost &viewHost)
 CLotEditorView::~CLotEditorView()
 {
     (void)EndEditor(End::Drop);
-    delete grid; // with the controls, before the model that it shows
+    grid->viewport()->removeEventFilter(this); // both would ask the list for what it is destroying
+    delete controls;
+    delete grid; // before the model that it shows
 }
 
 void CLotEditorView::MakeGrid()
