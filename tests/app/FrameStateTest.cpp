@@ -97,18 +97,3 @@ TEST(FrameState, ADamagedStateOfTheBarsIsNotTaken)
     window.Restart();
     EXPECT_FALSE(window.Frame().Bars().OutputBar().isHidden());
 }
-
-TEST(FrameState, TheToolboxIsToggledWhileALayoutIsShownAndRemembered)
-{
-    TestWindow window;
-    window.Start({window.Project()});
-    window.Frame().RunAction(ACTION_TOOLBOX);
-    window.Child().layoutMode = 1;
-    EXPECT_TRUE(window.Frame().Bars().ToolboxBar().isHidden());
-    for (const bool isHidden : {true, false, true}) { // it counts as shown at first
-        window.Frame().RunAction(ACTION_TOOLBOX);
-        EXPECT_EQ(window.Frame().Bars().ToolboxBar().isHidden(), isHidden);
-    }
-    window.Frame().close();
-    EXPECT_TRUE(window.folder.Get("bin/Morvanite.ini").contains("show=0"));
-}

@@ -298,7 +298,8 @@ TEST(Contents, RenameAndDeleteLayoutsAndKeysOfALabelDoNotLeadOut)
         EXPECT_EQ(window.Selected(), before);
         QTest::keyClick(edit, Qt::Key_Escape);
     }
-    window.Child().Selected().SelectFolder(&screen);
+    for (CResFolder *folder : {&window.Document().root, &screen})
+        window.Child().Selected().SelectFolder(folder);
     Contents(window).setFocus();
     EXPECT_FALSE(window.Frame().IsEnabled(ACTION_DELETE)) << "no row is selected";
     Contents(window).setCurrentRow(0);

@@ -86,6 +86,14 @@ KeyboardSplitter::KeyboardSplitter(Qt::Orientation orientation) : QSplitter(orie
     connect(this, &QSplitter::splitterMoved, this, [this] { chosen = sizes().value(0); });
 }
 
+void KeyboardSplitter::RestoreSize(int stored)
+{
+    setChildrenCollapsible(false);
+    setStretchFactor(1, 1);
+    ChooseSize(qBound(50, stored, 4000));
+    setSizes({ChosenSize(), 1000});
+}
+
 QSplitterHandle *KeyboardSplitter::createHandle()
 {
     return new Handle(orientation(), this);

@@ -13,6 +13,9 @@ public:
     /// choice.
     [[nodiscard]] int ChosenSize() const { return chosen; }
     void ChooseSize(int size) { chosen = size; }
+    /// Gives both widgets their sizes: the first the one that the settings have, in pixels, and the other what is left,
+    /// also of a window that grows. Neither can be made to vanish.
+    void RestoreSize(int stored);
 
 protected:
     QSplitterHandle *createHandle() override;

@@ -2,6 +2,7 @@
 
 #include "TreeLines.h"
 
+#include <QHeaderView>
 #include <QPainter>
 
 /// The lines leave room for the sign that opens and closes.
@@ -17,4 +18,30 @@ void LinedTree::drawBranches(QPainter *painter, const QRect &rect, const QModelI
     painter->drawLines(TreeLines(rect, indentation(), layoutDirection(), row));
     painter->restore();
     QTreeWidget::drawBranches(painter, rect, index);
+}
+
+QItemSelectionModel::SelectionFlags LinedTree::selectionCommand(const QModelIndex &index, const QEvent *event) const
+{
+    if (!index.isValid())
+        return QItemSelectionModel::NoUpdate;
+    const QItemSelectionModel::SelectionFlags flags = QTreeWidget::selectionCommand(index, event);
+    return flags & (QItemSelectionModel::Toggle | QItemSelectionModel::Deselect) ? QItemSelectionModel::ClearAndSelect
+                                                                                 : flags;
+}
+
+void LinedTree::ShowWholeLabels()
+{
+    setTextElideMode(Qt::ElideNone);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    const auto fit = [this] {
+        if (updatesEnabled())
+            FitColumn();
+    };
+    connect(this, &QTreeWidget::itemExpanded, this, fit);
+    connect(this, &QTreeWidget::itemCollapsed, this, fit);
+}
+
+void LinedTree::FitColumn()
+{
+    header()->setMinimumSectionSize(sizeHintForColumn(0));
 }

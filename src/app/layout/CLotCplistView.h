@@ -1,17 +1,17 @@
 #pragma once
 
 #include "ActionTarget.h"
+#include "ComponentTree.h"
 
+#include <QHash>
 #include <QWidget>
 
 #include <functional>
 
-class CLayoutRes;
 class CResDoc;
-class CZulClass;
 class IViewHost;
 class LinedTree;
-struct ClassDescriptor;
+class QTreeWidgetItem;
 
 /// The list of a layout's components: a tree, in which each component is below the one that it is in. What is selected
 /// in it is what preview and property grid show.
@@ -42,8 +42,19 @@ public:
     void Run(ActionId id) override;
 
 private:
+    void Empty();
+    /// Adds items for the components from that one on. Those that are above them have their items.
+    void Append(const std::vector<ListedComponent> &components, size_t from);
+    void Choose(CZulClass *component);
+    void DeleteSelected();
+
     CResDoc &document;
     IViewHost &host;
+    LinedTree *tree;
     CLayoutRes *layout = nullptr;
     CZulClass *selected = nullptr;
+    quint32 nameCounter = 0;                           // goes on from layout to layout
+    std::vector<ListedComponent> shown;                // those that have items, in the order of the items
+    QHash<const CZulClass *, QTreeWidgetItem *> items; // of all of them
+    bool isFilling = false;
 };

@@ -6,8 +6,10 @@
 #include "CLotScreenView.h"
 #include "CResDoc.h"
 #include "KeyboardSplitter.h"
+#include "ProjectTree.h"
 #include "ViewHost.h"
 
+#include <QHideEvent>
 #include <QVBoxLayout>
 
 LayoutPanes::LayoutPanes(CResDoc &projectDocument, IViewHost &viewHost)
@@ -20,6 +22,9 @@ LayoutPanes::LayoutPanes(CResDoc &projectDocument, IViewHost &viewHost)
     columns->addWidget(preview);
     rows->addWidget(columns);
     rows->addWidget(grid);
+    rows->RestoreSize(document.env.settings.Int("split2nd", "height", 320));
+    columns->RestoreSize(document.env.settings.Int("split3rd", "width", 260));
+    columns->setFocusProxy(list);
     auto *const all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->addWidget(rows);
@@ -94,10 +99,46 @@ bool LayoutPanes::TakeEdit()
 
 QList<ProfileEntry> LayoutPanes::State() const
 {
-    return grid->State();
+    const auto size = [](const char *section, const char *key, const KeyboardSplitter &splitter) {
+        return ProfileEntry{QString::fromLatin1(section), QString::fromLatin1(key),
+                            QString::number(splitter.ChosenSize())};
+    };
+    return grid->State() + QList{size("split2nd", "height", *rows), size("split3rd", "width", *columns)};
 }
 
-void LayoutPanes::TreeGoes(const CResFolder &)
+void LayoutPanes::TreeGoes(const CResFolder &folder)
 {
-    LetGo();
+    const CResFolder *const own = layout ? layout->Folder() : nullptr;
+    if (own && GoesWith(*own, folder))
+        LetGo();
+}
+
+void LayoutPanes::GoTo(const CBaseRes &)
+{
+    list->setFocus();
+}
+
+QList<QWidget *> LayoutPanes::Parts() const
+{
+    return {list, preview, grid};
+}
+
+QList<QWidget *> LayoutPanes::Dividers() const
+{
+    return {columns->handle(1), rows->handle(1)};
+}
+
+void LayoutPanes::showEvent(QShowEvent *event)
+{
+    PaneView::showEvent(event);
+    if (!event->spontaneous())
+        host.ShowLayoutMode(true);
+}
+
+/// Not when only the window around it is hidden, or minimised.
+void LayoutPanes::hideEvent(QHideEvent *event)
+{
+    PaneView::hideEvent(event);
+    if (isHidden())
+        host.ShowLayoutMode(false);
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "EditOwner.h"
+#include "PaneGroup.h"
 #include "PaneView.h"
+#include "RowOwner.h"
 #include "StateOwner.h"
 #include "TreeListener.h"
 
@@ -18,7 +20,12 @@ struct ClassDescriptor;
 
 /// The three panes over one layout: the list of components, the preview, and below both the property grid. It has
 /// them follow each other; none of the three knows another.
-class LayoutPanes : public PaneView, public IEditOwner, public IStateOwner, public ITreeListener
+class LayoutPanes : public PaneView,
+                    public IEditOwner,
+                    public IPaneGroup,
+                    public IRowOwner,
+                    public IStateOwner,
+                    public ITreeListener
 {
 public:
     LayoutPanes(CResDoc &projectDocument, IViewHost &viewHost);
@@ -33,6 +40,15 @@ public:
     [[nodiscard]] bool TakeEdit() override;
     [[nodiscard]] QList<ProfileEntry> State() const override;
     void TreeGoes(const CResFolder &folder) override;
+    /// Goes to the list: a layout has no row but its folder's.
+    void GoTo(const CBaseRes &resource) override;
+    /// From left to right, and then what is below.
+    [[nodiscard]] QList<QWidget *> Parts() const override;
+    [[nodiscard]] QList<QWidget *> Dividers() const override;
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
 
 private:
     void Rebuild() override;

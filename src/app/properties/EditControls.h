@@ -35,7 +35,7 @@ enum class EditControl
 enum class EditEvent
 {
     FocusLost,
-    TextChanged, ///< by the user
+    TextChanged, ///< by the user; of the list of choices: an entry was chosen, even if it is the same
     Clicked,
 };
 

@@ -7,6 +7,7 @@
 
 class CLayoutRes;
 class CResModel;
+class Environment;
 
 /// What became of an edit.
 enum class Applied
@@ -35,15 +36,22 @@ public:
     virtual Applied Apply() = 0;
     /// Hides the controls.
     virtual void Close() = 0;
-    /// Told of an event. True: apply and close the editor now.
-    virtual bool WantsApply(EditControl control, EditEvent event) = 0;
+    /// Told of an event. True: apply and close the editor now. The base's does so when the editor's one control, or the
+    /// grid, has lost the focus to something else.
+    virtual bool WantsApply(EditControl control, EditEvent event);
     /// The control that takes what is typed.
     [[nodiscard]] virtual EditControl First() const = 0;
 
 protected:
-    CPropEditor(IEditControls &controls, CZulType *rowTarget) : view(controls), target(rowTarget) {}
+    CPropEditor(IEditControls &controls, const Environment &environment, CZulType *rowTarget)
+        : view(controls), env(environment), target(rowTarget)
+    {
+    }
+    /// Stores a text in the target, which is a scalar. Refuses what its type or the code page doesn't take.
+    [[nodiscard]] Applied Store(const QString &text);
 
     IEditControls &view;
+    const Environment &env;
     CZulType *target; // null once it is closed
 };
 

@@ -25,14 +25,19 @@ struct PropertyRow
     QString value;
     QString type;
     PropertyKind kind = PropertyKind::Value;
-    CZulType *target = nullptr; ///< the property, or the component for its name and its parent; not owned
-    bool isSet = false;         ///< a property that has a value
+    /// The property, or the component for its name and its parent; not owned. Null for the row that stands for those
+    /// beyond MOST_ROWS.
+    CZulType *target = nullptr;
+    bool isSet = false; ///< a property that has a value, or a heading of some that have
 };
 
+/// A catalogue of a few lines can give a class billions of properties. The grid shows the first of them.
+inline constexpr size_t MOST_ROWS = 10'000;
+
 /// The rows of a component: its name, its parent, its properties, and those of its base classes, each deeper by one
-/// indent.
+/// indent. A row "..." ends those of a class that has more than MOST_ROWS.
 [[nodiscard]] std::vector<PropertyRow> RowsOf(const Environment &env, CZulClass &component);
-/// Reads value and type of a row again.
+/// Reads value, type and `isSet` of a row again. An edit of a row can change those of the headings above it.
 void Refresh(const Environment &env, PropertyRow &row);
 
 /// The name as the grid shows it: four blanks an indent.

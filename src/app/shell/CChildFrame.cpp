@@ -4,6 +4,7 @@
 #include "EditOwner.h"
 #include "Environment.h"
 #include "GoToDialog.h"
+#include "LayoutPanes.h"
 #include "Panes.h"
 #include "Paths.h"
 #include "RowOwner.h"
@@ -31,10 +32,7 @@ CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, Toolbox
     tree = new CProjView(document, *selection, *this);
     splitter->addWidget(tree); // shown first, since the contents show what the tree has
     splitter->addWidget(right);
-    splitter->setChildrenCollapsible(false);
-    splitter->setStretchFactor(1, 1);
-    splitter->ChooseSize(qBound(50, document.env.settings.Int("split1st", "width", 200), 4000));
-    splitter->setSizes({splitter->ChosenSize(), 1000});
+    splitter->RestoreSize(document.env.settings.Int("split1st", "width", 200));
     (void)toolbox.IsShown(document.env.settings); // read now, for all windows
     MakeContent();
     ShowPane(Pane::Default);
@@ -212,16 +210,35 @@ void CChildFrame::Run(ActionId id)
         GoToId();
         break;
     case ACTION_SPLIT:
-        splitter->handle(1)->setFocus();
+        GoToDivider();
         break;
     default:
         break;
     }
 }
 
+/// The bar that moves by the arrow keys from now on: the next one, when one had the focus before the menu opened.
+void CChildFrame::GoToDivider()
+{
+    QList<QWidget *> dividers = {splitter->handle(1)};
+    if (const auto *const group = dynamic_cast<IPaneGroup *>(right->currentWidget()))
+        dividers += group->Dividers();
+    dividers[(dividers.indexOf(lastFocus) + 1) % dividers.size()]->setFocus();
+}
+
+void CChildFrame::AddComponent(const ClassDescriptor &type)
+{
+    if (auto *const layout = dynamic_cast<LayoutPanes *>(right->currentWidget()))
+        layout->AddComponent(type);
+}
+
 QList<QWidget *> CChildFrame::Panes() const
 {
-    QList<QWidget *> all = {tree, right->currentWidget()};
+    QList<QWidget *> all = {tree};
+    if (const auto *const group = dynamic_cast<IPaneGroup *>(right->currentWidget()))
+        all += group->Parts();
+    else
+        all += right->currentWidget();
     if (!notice->isHidden())
         all.append(notice);
     return all;

@@ -11,6 +11,8 @@
 #include <map>
 #include <optional>
 
+struct ClassDescriptor;
+
 /// The window of one project: the project tree on the left, the pane of the selected folder on the right, and above
 /// them a bar for notices.
 ///
@@ -51,6 +53,8 @@ public:
 
     /// Not 0 while a layout is shown.
     int layoutMode = 0;
+    /// The Toolbox offers a class: makes a component of it in the layout that is shown. Nothing while none is.
+    void AddComponent(const ClassDescriptor &type);
 
     // IViewHost
     [[nodiscard]] IViewBoxes &Boxes() override { return shell.Boxes(); }
@@ -66,7 +70,7 @@ public:
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
     void Run(ActionId id) override;
 
-    /// The tree, what is right of it, and the notice while one is shown.
+    /// The tree, the panes right of it, and the notice while one is shown.
     [[nodiscard]] QList<QWidget *> Panes() const;
 
 protected:
@@ -78,6 +82,7 @@ private:
     void LeaveDocument();
     void Save();
     void GoToId();
+    void GoToDivider();
 
     CResDoc &document;
     IViewHost &shell;

@@ -8,6 +8,7 @@
 #include "IdeCommandHandler.h"
 #include "Paths.h"
 #include "StatusPane.h"
+#include "ToolboxList.h"
 #include "UiIcons.h"
 
 #include <QAbstractEventDispatcher>
@@ -27,7 +28,7 @@
 
 CMainFrame::CMainFrame(Environment &environment, const ProcessTables &processTables, CDocManager &documentManager)
     : env(environment), tables(processTables), documents(documentManager), area(new ProjectArea(this)),
-      menus(*this, *area, route), bars(*this, env, tables), projects(env, documents, boxes),
+      menus(*this, *area, route), bars(*this, env), projects(env, documents, boxes),
       status(new StatusPane(statusBar())), zoom(new QLabel(statusBar())), indicators(*statusBar())
 {
     setWindowTitle(QStringLiteral("Morvanite"));
@@ -50,6 +51,7 @@ void CMainFrame::Connect()
     boxes.unseenOutput = [this] { return bars.UnseenOutput(); };
     menus.run = [this](ActionId id) { RunAction(id); };
     menus.openRecent = [this](int index) { projects.OpenRecent(index); };
+    bars.Classes().chosen = [this](const ClassDescriptor &type) { AddComponent(type); };
     projects.opening = [this] { bars.BeginOutput(); };
     projects.recentChanged = [this] { menus.ShowRecentFiles(projects.Recent()); };
     documents.opened = [this](CDocument &document) { Opened(document); };
@@ -92,8 +94,26 @@ void CMainFrame::ShowTitle()
         setWindowModified(isModified); // which is an event each time
 }
 
+/// The Toolbox follows the active project.
+void CMainFrame::ShowToolbox()
+{
+    const CChildFrame *const child = ActiveChild();
+    bars.FollowProject(child ? &child->Document() : nullptr, child && child->layoutMode != 0);
+}
+
+void CMainFrame::AddComponent(const ClassDescriptor &type)
+{
+    CChildFrame *const child = ActiveChild();
+    if (!child || turn.IsOn())
+        return;
+    bars.BeginOutput();
+    if (TakeEdit())
+        child->AddComponent(type);
+}
+
 void CMainFrame::Update()
 {
+    ShowToolbox();
     menus.Update();
     ShowTitle();
     const CChildFrame *const child = ActiveChild();
@@ -190,11 +210,13 @@ void CMainFrame::EditV1List()
     (void)boxes.RunDialog(dialog);
 }
 
-/// The panes are those of the active project, and the output while it is in sight.
+/// The panes are those of the active project, and Toolbox and output while they are in sight.
 void CMainFrame::GoToPane(int step)
 {
     CChildFrame *const child = ActiveChild();
     QList<QWidget *> panes = child ? child->Panes() : QList<QWidget *>();
+    if (bars.IsToolboxShown())
+        panes.append(&bars.Classes());
     if (bars.IsOutputShown())
         panes.append(&bars.Output());
     const QWidget *const focus = QApplication::focusWidget();
@@ -220,7 +242,6 @@ void CMainFrame::Opened(CDocument &document)
     child->showMaximized();
     project.UpdateAllViews(nullptr);
     child->Tree().setFocus();
-    bars.FillToolbox();
     projects.Remember(project.PathName());
     Update();
 }
@@ -297,6 +318,7 @@ void CMainFrame::Restore()
 
 void CMainFrame::StoreState()
 {
+    ShowToolbox();
     QList<ProfileEntry> entries = place.State() + bars.State();
     for (CChildFrame *child : area->Children())
         entries += child->State();

@@ -66,7 +66,7 @@ public:
     [[nodiscard]] bool TakeEdit() override;
     void AfterCommand(std::function<void()> call) override { turn.AfterCommand(std::move(call)); }
     [[nodiscard]] bool IsEnabled(ActionId id) const override { return !turn.IsOn() && route.StateOf(id).enabled; }
-    void ShowLayoutMode(bool) override {}
+    void ShowLayoutMode(bool) override { ShowToolbox(); }
     void ShowZoom(const QString &) override {}
     // IActionTarget
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
@@ -84,6 +84,8 @@ private:
     /// Has menus, tool bar, title and status bar show what is so at this moment.
     void Update();
     void ShowTitle();
+    void ShowToolbox();
+    void AddComponent(const ClassDescriptor &type);
     void Opened(CDocument &document);
     void EndSession(QSessionManager &session);
     void GoToPane(int step);

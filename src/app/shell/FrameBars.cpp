@@ -2,14 +2,11 @@
 
 #include "CInfoPane.h"
 #include "CSizingControlBar.h"
-#include "ClassCatalogue.h"
-#include "CopyGuard.h"
 #include "Environment.h"
-#include "ProcessTables.h"
+#include "ToolboxList.h"
 
 #include <QCryptographicHash>
 #include <QFontDatabase>
-#include <QListWidget>
 #include <QMainWindow>
 #include <QStatusBar>
 #include <QTimer>
@@ -30,8 +27,7 @@ QString CheckOf(const QByteArray &state)
 
 } // namespace
 
-FrameBars::FrameBars(QMainWindow &mainWindow, const Environment &environment, const ProcessTables &processTables)
-    : window(mainWindow), env(environment), tables(processTables)
+FrameBars::FrameBars(QMainWindow &mainWindow, const Environment &environment) : window(mainWindow), env(environment)
 {
     MakeToolbox();
     MakeOutput();
@@ -46,9 +42,7 @@ void FrameBars::MakeToolbox()
 {
     const QSize size = ParseSize(env.settings.String("Toolbox", "size", "150,400"), TOOLBOX_SIZE);
     toolboxBar = new CSizingControlBar(QStringLiteral("Toolbox"), TOOLBOX_NUMBER, size, &window);
-    toolbox = new QListWidget(toolboxBar);
-    toolbox->setAccessibleName(QStringLiteral("Toolbox"));
-    new CopyGuard(*toolbox);
+    toolbox = new ToolboxList(toolboxBar);
     toolboxBar->SetContent(toolbox);
     toolboxBar->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
     window.addDockWidget(Qt::LeftDockWidgetArea, toolboxBar);
@@ -64,16 +58,6 @@ void FrameBars::MakeOutput()
     output->setFont(font);
     outputBar->SetContent(output);
     window.addDockWidget(Qt::RightDockWidgetArea, outputBar);
-}
-
-void FrameBars::FillToolbox()
-{
-    if (!tables.classes || !tables.classes->loaded || toolbox->count() > 0)
-        return;
-    for (const auto &entry : tables.classes->entries) {
-        if (entry->kind == CLASS_CLASS && !entry->excluded)
-            toolbox->addItem(env.NarrowToWide(entry->name));
-    }
 }
 
 bool FrameBars::IsOutputShown() const
@@ -97,8 +81,21 @@ void FrameBars::ToggleToolbox()
 {
     const bool show = !toolboxState.IsShown(env.settings);
     toolboxState.Show(show);
-    FillToolbox();
     toolboxBar->setVisible(show);
+}
+
+void FrameBars::FollowProject(const CResModel *active, bool showsLayout)
+{
+    if (active)
+        toolbox->Fill(*active);
+    if (isLayoutShown) // the bar can be closed by its own button as well
+        toolboxState.Show(!toolboxBar->isHidden());
+    if (isLayoutShown == showsLayout)
+        return;
+    isLayoutShown = showsLayout;
+    toolboxBar->setVisible(showsLayout && toolboxState.IsShown(env.settings));
+    // The menu of the window's bars has it, which brings a bar back that was closed.
+    toolboxBar->toggleViewAction()->setVisible(showsLayout);
 }
 
 void FrameBars::WriteOutput(QStringView text)

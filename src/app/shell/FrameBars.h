@@ -7,30 +7,33 @@
 #include <memory>
 
 class CInfoPane;
+class CResModel;
 class CSizingControlBar;
 class Environment;
-class ProcessTables;
-class QListWidget;
+class ToolboxList;
 
 /// The docking bars of the main window with what is in them: the Toolbox and the output.
 class FrameBars
 {
 public:
-    /// All three must live longer than the bars are used. Docks the bars in the window.
-    FrameBars(QMainWindow &mainWindow, const Environment &environment, const ProcessTables &processTables);
+    /// Both must live longer than the bars are used. Docks the bars in the window.
+    FrameBars(QMainWindow &mainWindow, const Environment &environment);
 
     [[nodiscard]] CSizingControlBar &OutputBar() { return *outputBar; }
     [[nodiscard]] CSizingControlBar &ToolboxBar() { return *toolboxBar; }
     [[nodiscard]] CInfoPane &Output() { return *output; }
-    /// Whether the Toolbox is to be shown, for all projects.
+    /// The classes of components that a layout can be made of.
+    [[nodiscard]] ToolboxList &Classes() { return *toolbox; }
+    /// Whether the Toolbox is to be shown while a layout is, for all projects.
     [[nodiscard]] ToolboxState &Toolbox() { return toolboxState; }
 
     [[nodiscard]] bool IsOutputShown() const;
     void ShowOutput(bool show);
     [[nodiscard]] bool IsToolboxShown() const;
     void ToggleToolbox();
-    /// Lists the classes of components that a layout can be made of, once they are known.
-    void FillToolbox();
+    /// Has the Toolbox offer what the active project can have (null while there is none), and shows it while that shows
+    /// a layout, unless the user has hidden it. To be called again and again: it also sees when the user hides it.
+    void FollowProject(const CResModel *active, bool showsLayout);
 
     /// Appends to the output pane, if that is in sight.
     void WriteOutput(QStringView text);
@@ -54,12 +57,12 @@ private:
 
     QMainWindow &window;
     const Environment &env;
-    const ProcessTables &tables;
     CSizingControlBar *toolboxBar = nullptr;
-    QListWidget *toolbox = nullptr;
+    ToolboxList *toolbox = nullptr;
     CSizingControlBar *outputBar = nullptr;
     CInfoPane *output = nullptr;
     std::unique_ptr<BarSizes> sizes;
     ToolboxState toolboxState;
+    bool isLayoutShown = false;
     OutputTail told; // seen or not
 };

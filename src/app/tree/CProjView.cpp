@@ -12,7 +12,6 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
-#include <QHeaderView>
 #include <QScopedValueRollback>
 
 bool LeadsOut(const QKeyEvent &key)
@@ -33,10 +32,7 @@ CProjView::CProjView(CResDoc &projectDocument, Selection &folderSelection, IView
     setEditTriggers(QAbstractItemView::SelectedClicked);
     setItemDelegate(new LabelDelegate(this));
     new CopyGuard(*this);
-    setTextElideMode(Qt::ElideNone); // what is wider scrolls
-    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    connect(this, &QTreeWidget::itemExpanded, this, &CProjView::FitColumn);
-    connect(this, &QTreeWidget::itemCollapsed, this, &CProjView::FitColumn);
+    ShowWholeLabels();
     connect(this, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem *item) {
         if (!isFilling)
             selection.SelectFolder(FolderOf(item));
@@ -90,16 +86,6 @@ void CProjView::keyPressEvent(QKeyEvent *event)
     (void)selection.GoOut();
 }
 
-/// One folder is always selected: nothing deselects it.
-QItemSelectionModel::SelectionFlags CProjView::selectionCommand(const QModelIndex &index, const QEvent *event) const
-{
-    if (!index.isValid())
-        return QItemSelectionModel::NoUpdate;
-    const QItemSelectionModel::SelectionFlags flags = LinedTree::selectionCommand(index, event);
-    return flags & (QItemSelectionModel::Toggle | QItemSelectionModel::Deselect) ? QItemSelectionModel::ClearAndSelect
-                                                                                 : flags;
-}
-
 /// What changed while the tree was out of sight shows now.
 void CProjView::showEvent(QShowEvent *event)
 {
@@ -135,12 +121,6 @@ void CProjView::Fill()
     selection.Refresh();
     ShowSelected();
     FitColumn();
-}
-
-/// The column is as wide as the view, and wider where the longest label is.
-void CProjView::FitColumn()
-{
-    header()->setMinimumSectionSize(sizeHintForColumn(0));
 }
 
 QTreeWidgetItem *CProjView::Insert(QTreeWidgetItem *parent, CResFolder &folder)

@@ -43,8 +43,6 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void showEvent(QShowEvent *event) override;
-    [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
-                                                                       const QEvent *event) const override;
 
 private:
     void Fill();
@@ -61,7 +59,6 @@ private:
         return contextFolder ? contextFolder : selection.SelectedFolder();
     }
     void UpdatePanes();
-    void FitColumn();
     [[nodiscard]] QPoint MiddleOfText(const QTreeWidgetItem *item) const;
 
     CResDoc &document;

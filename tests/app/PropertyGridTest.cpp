@@ -1,0 +1,354 @@
+#include "CLayoutRes.h"
+#include "CLotEditorView.h"
+#include "CResDoc.h"
+#include "ColorButton.h"
+#include "EditActions.h"
+#include "StringWindow.h"
+#include "TestCatalogue.h"
+
+#include <QClipboard>
+#include <QColorDialog>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QScrollBar>
+
+namespace
+{
+
+/// A property grid of its own in a window of its own, over a component of a project that is open.
+struct PropertyWindow : TestWindow
+{
+    PropertyWindow()
+    {
+        folder.Put("bin/Morvanite.ini",
+                   "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\ncatalogue=classes.xml\n[wnd_1019]\n2=77\n");
+        folder.Put("bin/classes.xml", CLASSES);
+        Start({Project()});
+        layout = static_cast<CLayoutRes *>(Document().CreateLayoutRes(1)->resources.First());
+        (void)Add("Panel", "panel", {});
+        box = Add("Box", "box", {{"pos", "(1,2)"}, {"tint", "#FF102030"}, {"wait", "2000ms"}});
+        view = std::make_unique<CLotEditorView>(Document(), Child());
+        view->changed = [this](Applied applied) { told += applied == Applied::TreeChanged ? "tree " : "value "; };
+        view->resize(720, 420);
+        view->show();
+        view->ShowComponent(layout, box);
+        WakeUp();
+        Grid().setFocus();
+    }
+
+    CZulClass *Add(const NarrowText &className, const NarrowText &name, std::initializer_list<AttributeRecord> values)
+    {
+        auto component = Component(className, values);
+        component->name = name;
+        return layout->AddComponent(Document().env, std::move(component));
+    }
+
+    [[nodiscard]] CListGrid &Grid() const { return StringWindow::Find<CListGrid>(*view); }
+    template <typename Widget = QLineEdit> [[nodiscard]] Widget &Named(const QString &accessibleName) const
+    {
+        for (Widget *found : Grid().viewport()->findChildren<Widget *>()) {
+            if (!found->isHidden() && found->accessibleName() == accessibleName)
+                return *found;
+        }
+        throw std::runtime_error("no such control shows");
+    }
+    /// Says whether an editor is open.
+    [[nodiscard]] bool IsOpen() const
+    {
+        const QList<QWidget *> all = Grid().viewport()->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
+        return std::any_of(all.begin(), all.end(), [](const QWidget *control) { return !control->isHidden(); });
+    }
+
+    [[nodiscard]] int RowOf(const QString &name) const
+    {
+        for (int row = 0; row < Grid().model()->rowCount(); ++row) {
+            if (Grid().model()->index(row, 0).data().toString().trimmed() == name)
+                return row;
+        }
+        return -1;
+    }
+    [[nodiscard]] std::string Value(const QString &name) const
+    {
+        return Grid().model()->index(RowOf(name), 1).data().toString().toStdString();
+    }
+    [[nodiscard]] QByteArray Stored(const NarrowText &name) const { return box->component->GetAttribute(name); }
+
+    /// Clicks on a row as the user does: on what is there, which may be a control.
+    void Click(const QString &name, int col = 0) const
+    {
+        WakeUp();
+        const QModelIndex cell = Grid().model()->index(RowOf(name), col);
+        Grid().scrollTo(cell);
+        QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, Grid().visualRect(cell).center());
+    }
+    void WakeUp() const
+    {
+        while (QApplication::activeWindow() != view.get()) {
+            view->activateWindow();
+            Settle();
+        }
+    }
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        WakeUp();
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+    void Type(const QString &text) const
+    {
+        WakeUp();
+        QTest::keyClicks(QApplication::focusWidget(), text);
+    }
+
+    CLayoutRes *layout = nullptr;
+    CZulClass *box = nullptr;
+    std::unique_ptr<CLotEditorView> view;
+    std::string told; // what `changed` has been told
+
+    static inline const QByteArray CLASSES =
+        "<catalogue version='1'><enumeration name='Side'><item name='left'/><item name='right'/></enumeration>"
+        "<structure name='Edges'><member name='top' type='ZulS32'/><member name='bottom' type='ZulS32'/></structure>"
+        "<class name='Shape'><member name='pos' type='ZulPoint'/><member name='size' type='ZulSize'/>"
+        "<member name='shown' type='ZulBool'/></class>"
+        "<class name='Panel' base='Shape'/>"
+        "<class name='Box' base='Shape'><member name='edges' type='Edges'/><member name='tint' type='ZulColor'/>"
+        "<member name='wait' type='ZulMsec'/><member name='count' type='ZulS32'/><member name='side' type='Side'/>"
+        "<member name='area' type='ZulRect'/><member name='picture' type='ZulImageSrc'/></class></catalogue>";
+};
+
+/// The rows, as the grid shows them: "*" before a name in bold, "#" before a heading.
+std::string RowsOf(const CListGrid &grid)
+{
+    QString rows;
+    for (int row = 0; row < grid.model()->rowCount(); ++row) {
+        const auto cell = [&](int col) { return grid.model()->index(row, col); };
+        rows += (cell(0).data(ROLE_IS_SET).toBool()       ? u"*"_s
+                 : cell(0).data(ROLE_IS_HEADING).toBool() ? u"#"_s
+                                                          : u""_s) +
+                cell(0).data().toString() + u'|' + cell(1).data().toString() + u'|' + cell(2).data().toString() + u'\n';
+    }
+    return rows.toStdString();
+}
+
+/// Chooses a colour in the dialog that opens next, or cancels it.
+void ChooseColor(const QColor &color)
+{
+    QTimer::singleShot(50, [color] {
+        auto *const dialog = dynamic_cast<QColorDialog *>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        dialog->setCurrentColor(color);
+        color.isValid() ? dialog->accept() : dialog->reject();
+    });
+}
+
+} // namespace
+
+TEST(PropertyGrid, ShowsThePropertiesOfAComponentAndFiltersThem)
+{
+    PropertyWindow window;
+    EXPECT_EQ(RowsOf(window.Grid()),
+              "Class|box|Box\nParent Component|None|---\n#edges||Edges\n    top||ZulS32\n    bottom||ZulS32\n"
+              "*tint|RGB(16, 32, 48)|ZulColor\n*wait|2s|ZulMsec\ncount||ZulS32\nside||Side\narea||ZulRect\n"
+              "picture||ZulImageSrc\n#Base Class||Shape\n*    pos|(1, 2)|ZulPoint\n    size||ZulSize\n"
+              "    shown||ZulBool\n");
+    EXPECT_EQ(window.Grid().Widths(), (std::vector<int>{150, 400, 77}));
+    EXPECT_EQ(window.view->State().last().key + window.view->State().last().value, u"sort0"_s);
+
+    window.view->Run(ACTION_FIND_BAR);
+    window.Type(u"bot"_s);
+    EXPECT_EQ(window.Grid().model()->rowCount(), 2) << "the row and its heading";
+    window.Key(Qt::Key_Down);
+    window.Click(u"bottom"_s);
+    window.Type(u"7\r"_s);
+    window.view->Run(ACTION_FIND_BAR);
+    window.Type(u"7"_s);
+    EXPECT_EQ(window.RowOf(u"bottom"_s), 1);
+    window.Key(Qt::Key_Escape);
+    EXPECT_EQ(window.Grid().model()->rowCount(), 15);
+    EXPECT_TRUE(window.Grid().hasFocus() && !window.view->StateOf(ACTION_FIND_BAR)->checked);
+}
+
+TEST(PropertyGrid, TheKeyboardReachesEveryEditor)
+{
+    PropertyWindow window;
+    for (int row = 0; row < 5; ++row)
+        window.Key(Qt::Key_Down);
+    EXPECT_EQ(window.Grid().currentIndex().row(), 4) << "arrows go on over rows with editors and headings";
+    EXPECT_TRUE(window.IsOpen() && window.Grid().hasFocus());
+    window.Type(u"12"_s);
+    window.Key(Qt::Key_Up);
+    EXPECT_EQ(window.Value(u"bottom"_s), "12");
+    EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{3});
+    window.Settle();
+    EXPECT_EQ(window.told, "value ");
+    window.Key(Qt::Key_Enter);
+    EXPECT_FALSE(window.IsOpen());
+    window.Key(Qt::Key_F2);
+    window.Type(u"5"_s);
+    window.Key(Qt::Key_PageDown); // which a line has no use for, and which isn't the grid's
+    EXPECT_EQ(window.Named(u"top"_s).text(), u"5"_s);
+    window.Key(Qt::Key_Escape);
+    EXPECT_TRUE(window.Grid().hasFocus() && !window.IsOpen() && window.Value(u"top"_s).empty());
+
+    window.Click(u"area"_s);
+    window.Key(Qt::Key_Tab);
+    EXPECT_TRUE(window.Named(u"area, Top"_s).hasFocus());
+    window.Key(Qt::Key_Backtab, Qt::ShiftModifier);
+    for (const auto *const number : {u"1", u"2", u"3", u"4"}) {
+        window.Type(QString::fromUtf16(number));
+        EXPECT_TRUE(window.Stored("area").isEmpty()) << "nothing is written while typing";
+        window.Key(Qt::Key_Tab);
+    }
+    EXPECT_EQ(window.Stored("area"), "(1,2,3,4)");
+    EXPECT_TRUE(window.Grid().hasFocus() && !window.IsOpen());
+
+    window.Click(u"wait"_s);
+    window.Key(Qt::Key_Down);
+    window.Key(Qt::Key_Down);
+    window.Type(u"r"_s);
+    EXPECT_EQ(window.Named<QComboBox>(u"side"_s).currentText(), u"right"_s);
+    QWheelEvent wheel({5, 5}, window.Named<QComboBox>(u"side"_s).mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {},
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&window.Named<QComboBox>(u"side"_s), &wheel);
+    window.Key(Qt::Key_Return);
+    EXPECT_EQ(window.Stored("side"), "right");
+    EXPECT_EQ(window.Stored("wait"), "2000ms") << "an editor in which nothing was done changes nothing";
+}
+
+TEST(PropertyGrid, WhatEndsAnEditorAppliesItAndMenusDoNot)
+{
+    PropertyWindow window;
+    const auto type = [&](const QString &number) {
+        window.Click(u"count"_s);
+        EXPECT_TRUE(window.Named(u"count"_s).hasFocus());
+        EXPECT_EQ(window.Grid().horizontalScrollBar()->value(), 0) << "the name stays in sight";
+        window.Type(number);
+    };
+    type(u"1"_s);
+    QLineEdit menu(window.view.get());
+    menu.show();
+    for (const Qt::FocusReason reason : {Qt::PopupFocusReason, Qt::MenuBarFocusReason}) {
+        menu.setFocus(reason);
+        window.Named(u"count"_s).setFocus(reason);
+        EXPECT_EQ(window.Named(u"count"_s).text(), u"1"_s);
+    }
+    const std::vector<std::function<void()>> ends{
+        [&] { window.Click(u"top"_s); }, [&] { window.Grid().setColumnWidth(0, 160); },
+        [&] { window.view->resize(360, 200); }, [&] { window.Grid().verticalScrollBar()->setValue(9); },
+        [&] { window.Activate(); }};
+    int number = 20;
+    for (const auto &end : ends) {
+        type(QString::number(++number));
+        end();
+        EXPECT_EQ(window.Value(u"count"_s), std::to_string(number)) << number;
+    }
+    window.view->resize(220, 200);
+    window.Click(u"wait"_s);
+    EXPECT_GE(window.Named(u"wait"_s).width(), 100) << "and as much of the value as can be";
+    window.Key(Qt::Key_Escape);
+    window.Grid().horizontalScrollBar()->setValue(0);
+    window.view->resize(400, 400);
+    type(u"30"_s);
+    EXPECT_TRUE(window.view->TakeEdit() && !window.IsOpen());
+    type(u"31"_s);
+    window.told.clear();
+    window.view->ShowComponent(window.layout, window.layout->Components().front().get());
+    EXPECT_EQ(window.told, "value ") << "before the other is shown";
+    EXPECT_EQ(window.Stored("count"), "31");
+    EXPECT_EQ(window.Value(u"Class"_s), "panel");
+}
+
+TEST(PropertyGrid, ARefusedInputIsToldOnceAndLeavesTheRowSelected)
+{
+    PropertyWindow window;
+    for (const bool byClick : {false, true}) {
+        window.Click(u"count"_s);
+        window.Type(u"12x"_s);
+        window.Answer({QMessageBox::Ok, QMessageBox::Ok});
+        byClick ? window.Click(u"wait"_s) : window.Key(Qt::Key_Return);
+        EXPECT_FALSE(window.IsOpen()) << "the box would take its focus";
+        window.Settle();
+        window.Settle();
+        EXPECT_EQ(window.boxes, QStringList{u"Invalid input."_s});
+        EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{window.RowOf(u"count"_s)});
+        EXPECT_TRUE(window.Value(u"count"_s).empty() && !window.IsOpen());
+        window.boxes.clear();
+    }
+    window.Click(u"count"_s);
+    window.Type(u"x"_s);
+    EXPECT_FALSE(window.view->TakeEdit());
+    EXPECT_EQ(window.told, "");
+}
+
+TEST(PropertyGrid, AColorIsChosenInTheDialogAndWrittenWhenTheEditorEnds)
+{
+    PropertyWindow window;
+    window.Click(u"tint"_s);
+    auto &swatch = window.Named<ColorButton>(u"tint, color"_s);
+    EXPECT_EQ(swatch.toolTip(), u"#102030"_s);
+    ChooseColor({});
+    QTest::mouseClick(&swatch, Qt::LeftButton);
+    window.WakeUp();
+    EXPECT_TRUE(window.IsOpen());
+    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return}) {
+        window.Click(u"tint"_s);
+        ChooseColor(QColor(1, 2, 3));
+        QTest::mouseClick(&swatch, Qt::LeftButton);
+        EXPECT_EQ(window.Named(u"tint, Blue"_s).text(), u"3"_s);
+        EXPECT_EQ(swatch.Color(), QColor(1, 2, 3));
+        EXPECT_EQ(window.Value(u"tint"_s), "RGB(16, 32, 48)");
+        window.Key(key);
+    }
+    EXPECT_EQ(window.Value(u"tint"_s), "RGB(1, 2, 3)");
+    window.Click(u"tint"_s);
+    QTimer::singleShot(20, [&] { window.view->LetGo(); }); // as a reload does
+    ChooseColor(QColor(4, 5, 6));
+    QTest::mouseClick(&swatch, Qt::LeftButton);
+    window.Settle();
+    EXPECT_TRUE(!window.IsOpen() && window.Grid().model()->rowCount() == 0);
+    EXPECT_EQ(window.Stored("tint"), "#010203");
+}
+
+TEST(PropertyGrid, NameAndParentAreEditedAndAnOpenEditorGoesWithItsComponent)
+{
+    PropertyWindow window;
+    window.Click(u"Class"_s);
+    window.Type(u"lid\r"_s);
+    EXPECT_EQ(window.told, "") << "not within the key";
+    window.view->changed = [&](Applied applied) {
+        EXPECT_EQ(applied, Applied::TreeChanged);
+        window.view->ShowComponent(window.layout, nullptr); // as a list that is built anew may do
+        window.view->ShowComponent(window.layout, window.box);
+    };
+    window.Settle();
+    EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{0});
+    EXPECT_EQ(window.Value(u"Class"_s), "lid");
+    window.Click(u"Parent Component"_s);
+    window.Type(u"pan"_s);
+    window.Key(Qt::Key_Return);
+    EXPECT_EQ(window.Value(u"Parent Component"_s), "panel");
+
+    window.Click(u"count"_s);
+    window.Type(u"3"_s);
+    window.view->LetGo();
+    window.layout->DeleteComponent(window.layout->Components().front().get());
+    window.box = window.Add("Box", "again", {});
+    window.view->ShowComponent(window.layout, window.box);
+    EXPECT_TRUE(!window.IsOpen() && window.Value(u"count"_s).empty() && window.Value(u"Class"_s) == "again");
+}
+
+TEST(PropertyGrid, TheEditMenuIsForTheTextBoxAndPastedLineEndsAreBlanks)
+{
+    PropertyWindow window;
+    FocusedEdit edit;
+    window.Click(u"Class"_s);
+    QLineEdit &line = window.Named(u"Class"_s);
+    EXPECT_TRUE(edit.StateOf(ACTION_COPY)->enabled) << "all is selected";
+    EXPECT_EQ(FocusedEdit::EditedView(&line), &window.Grid());
+    QGuiApplication::clipboard()->setText(u"a\r\nb"_s);
+    edit.Run(ACTION_PASTE);
+    EXPECT_EQ(line.text(), u"a b"_s);
+    window.Key(Qt::Key_Escape);
+    EXPECT_FALSE(edit.StateOf(ACTION_COPY));
+    for (const ActionId id : {ACTION_COPY, ACTION_CUT, ACTION_PASTE, ACTION_UNDO, ACTION_SELECT_ALL, ACTION_DELETE})
+        EXPECT_FALSE(window.view->StateOf(id)->enabled);
+}
