@@ -2,6 +2,10 @@
 // takes them for a sharp screen. "rtl" shows a right-to-left window. With "icons" behind FOLDER it makes the
 // application's icon in the usual sizes instead.
 #include "CFileWatchDlg.h"
+#include "CLotCplistView.h"
+#include "CLotEditorView.h"
+#include "CLotScreenView.h"
+#include "LayoutPanes.h"
 #include "ProgramStyle.h"
 #include "TestWindow.h"
 #include "UiIcons.h"
@@ -13,6 +17,7 @@
 #include <QStyleFactory>
 #include <QTableView>
 #include <QTest>
+#include <QTreeWidget>
 
 #include <filesystem>
 
@@ -211,6 +216,49 @@ void TakeFiles(TestWindow &window, const QString &folder)
     window.Frame().resize(900, 560);
 }
 
+/// The panes of the start screen: with a component selected, zoomed, and with an editor of each form.
+void TakeLayout(TestWindow &window, const QString &folder)
+{
+    window.Frame().resize(1280, 800);
+    window.Frame().activateWindow();
+    window.Tree().setCurrentItem(window.Row(u"ID_LAYOUT_START"_s));
+    window.Settle();
+    const QList<QWidget *> widgets = window.Child().findChildren<QWidget *>();
+    const auto isPanes = [](const QWidget *widget) { return dynamic_cast<const LayoutPanes *>(widget) != nullptr; };
+    auto &panes = dynamic_cast<LayoutPanes &>(**std::find_if(widgets.begin(), widgets.end(), isPanes));
+    auto &grid = *panes.Grid().findChild<QTableView *>();
+    const auto select = [&](const QString &label) {
+        auto &list = *panes.List().findChild<QTreeWidget *>();
+        list.setCurrentItem(list.findItems(label, Qt::MatchExactly | Qt::MatchRecursive).value(0));
+        window.Settle();
+    };
+    const auto click = [&](const QString &property) {
+        for (int row = 0; row < grid.model()->rowCount(); ++row) {
+            if (grid.model()->index(row, 0).data().toString().trimmed() == property)
+                QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
+                                  grid.visualRect(grid.model()->index(row, 1)).center());
+        }
+    };
+    select(u"Panel: today"_s);
+    Take(window, folder, "layout");
+    panes.Preview().setFocus();
+    window.Frame().RunAction(ACTION_FIT_VIEW);
+    Take(window, folder, "layout-fit");
+    click(u"bgColor"_s);
+    Take(window, folder, "layout-color");
+    click(u"size"_s);
+    Take(window, folder, "layout-size");
+    PressKey(Qt::Key_Escape);
+    select(u"Label: title"_s);
+    click(u"text"_s);
+    Take(window, folder, "layout-choice");
+    PressKey(Qt::Key_Escape);
+    click(u"Class"_s);
+    Take(window, folder, "layout-name");
+    PressKey(Qt::Key_Escape);
+    window.Frame().resize(900, 560);
+}
+
 void TakeAll(TestWindow &window, const QString &folder, const QString &sample)
 {
     window.Frame().resize(900, 560);
@@ -225,6 +273,7 @@ void TakeAll(TestWindow &window, const QString &folder, const QString &sample)
     TakeDialog(window, folder, "v1-list", ACTION_V1_LIST);
     TakeReloadQuestion(folder);
     TakeFiles(window, folder);
+    TakeLayout(window, folder);
     window.Tree().setCurrentItem(window.Row(u"Images"_s)->child(0));
     window.Frame().Notices().Add(
         window.Document(), u"3 elements were left out when the project was opened. The files that this save replaced "
