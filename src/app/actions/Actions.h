@@ -64,4 +64,6 @@ enum ActionId : int
     ACTION_REPLACE = 33009,
     ACTION_GO_TO_ID = 33010,
     ACTION_THUMBNAILS = 33011,
+    ACTION_ZOOM_PRESET = 33012, ///< the first of six: those of PreviewZoom, in their order
+    ACTION_ZOOM_CUSTOM = 33018,
 };

@@ -76,9 +76,9 @@ constexpr MenuEntry FURTHER_KEYS[] = {
     {ACTION_NEW_FILE, "", "Ctrl+N"},
     {ACTION_NEXT_PANE, "", "F6"},
     {ACTION_PREVIOUS_PANE, "", "Shift+F6"},
-    {ACTION_FIT_VIEW, "", "Ctrl+Home"},
-    {ACTION_ZOOM_IN, "", "Ctrl+PgUp"},
-    {ACTION_ZOOM_OUT, "", "Ctrl+PgDown"},
+    {ACTION_FIT_VIEW, "", "Ctrl+Home", "Makes the screen as large as the preview has room for."},
+    {ACTION_ZOOM_IN, "", "Ctrl+PgUp", "Shows the layout larger."},
+    {ACTION_ZOOM_OUT, "", "Ctrl+PgDown", "Shows the layout smaller."},
     {ACTION_FIND_NEXT, "", "F3"},
     {ACTION_FIND_PREVIOUS, "", "Shift+F3"},
     {ACTION_NEXT_GAP, "", "Ctrl+J"},
@@ -89,6 +89,8 @@ constexpr MenuEntry FURTHER_KEYS[] = {
     {ACTION_GO_TO_ID, "", "Ctrl+G"},
     {ACTION_THUMBNAILS, "", "Ctrl+T"},
 };
+
+constexpr const char *ZOOM_TIP = "Shows the layout at this zoom.";
 
 /// Actions that are only in menus of views.
 constexpr MenuEntry VIEW_MENUS[] = {
@@ -106,6 +108,13 @@ constexpr MenuEntry VIEW_MENUS[] = {
     {ACTION_PUSH_FILE, "", "", "Makes the selected rows Push, or Normal again."},
     {ACTION_FILTER_IMAGES, "", "", "Chooses the component images that the project has."},
     {ACTION_RESET_IMAGE, "", "", "Gives the selected rows their stock images back."},
+    {ActionId(ACTION_ZOOM_PRESET), "", "", ZOOM_TIP},
+    {ActionId(ACTION_ZOOM_PRESET + 1), "", "", ZOOM_TIP},
+    {ActionId(ACTION_ZOOM_PRESET + 2), "", "", ZOOM_TIP},
+    {ActionId(ACTION_ZOOM_PRESET + 3), "", "", ZOOM_TIP},
+    {ActionId(ACTION_ZOOM_PRESET + 4), "", "", ZOOM_TIP},
+    {ActionId(ACTION_ZOOM_PRESET + 5), "", "", ZOOM_TIP},
+    {ACTION_ZOOM_CUSTOM, "", "", "Asks for a zoom in percent."},
 };
 
 constexpr ActionId TOOL_BAR[] = {ACTION_OPEN, ACTION_SAVE,   ACTION_NONE, ACTION_UNDO, ACTION_REDO,

@@ -2,6 +2,7 @@
 
 #include "MenuTable.h"
 
+#include <QActionGroup>
 #include <QApplication>
 #include <QMenu>
 #include <QPointer>
@@ -14,6 +15,7 @@ void RunViewMenu(QWidget &view, std::span<const ViewMenuEntry> entries, const QP
         return;
     const QPointer<QWidget> owner = &view; // which an action may close
     QMenu menu(&view);
+    QActionGroup choices(&menu);
     for (const ViewMenuEntry &entry : entries) {
         if (entry.id == ACTION_NONE) {
             menu.addSeparator();
@@ -23,6 +25,8 @@ void RunViewMenu(QWidget &view, std::span<const ViewMenuEntry> entries, const QP
             menu.addAction(QString::fromLatin1(entry.text), &view, [&run, id = entry.id] { run(id); });
         const ActionState state = stateOf(entry.id);
         action->setEnabled(state.enabled);
+        if (entry.isChoice)
+            choices.addAction(action);
         action->setCheckable(state.checked);
         action->setChecked(state.checked);
         action->setStatusTip(TipOf(entry.id));

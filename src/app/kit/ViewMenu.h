@@ -14,6 +14,7 @@ struct ViewMenuEntry
 {
     ActionId id;           ///< ACTION_NONE: a line
     const char *text = ""; ///< with "&" before the letter that reaches it, and behind a tab the key
+    bool isChoice = false; ///< one of several, of which the one that is checked has a round mark
 };
 
 /// Opens a view's own menu and waits until it is closed. `run` is called for the entry that the user chooses. The

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "ActionTarget.h"
+#include "PanGesture.h"
+#include "PreviewPainter.h"
+#include "PreviewZoom.h"
 
 #include <QAbstractScrollArea>
 
@@ -32,12 +35,52 @@ public:
     /// Told of a click on a component that isn't the selected one.
     std::function<void(CZulClass &component)> picked;
 
+    [[nodiscard]] const PreviewZoom &Zoom() const { return zoom; }
+    /// What of the layout is in sight.
+    [[nodiscard]] PreviewPlace Place() const;
+
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
     void Run(ActionId id) override;
 
+protected:
+    bool viewportEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+
 private:
+    [[nodiscard]] PreviewScene Scene() const;
+    void TakeLook();
+    void Activate(bool isNowActive);
+    /// Changes the zoom by `change`, which says whether it has; what is at the point `kept` of the view stays there.
+    void ChangeZoom(QPoint kept, const std::function<bool(PreviewZoom &)> &change);
+    void AskForZoom();
+    void SetScrollSizes();
+    [[nodiscard]] int TakeWheel(int delta, int least);
+    void Pick(QPoint pointer, Qt::KeyboardModifiers keys);
+    void ShowStatus(const QString &text);
+    void Describe();
+
     CResDoc &document;
     IViewHost &host;
     const CLayoutRes *layout = nullptr;
     CZulClass *selected = nullptr;
+    bool active = false;
+    PreviewZoom zoom;
+    PreviewEntries entries;
+    PreviewPainter painter;
+    PanGesture pan{*this};
+    int restOfWheel = 0; // of small steps, as a touchpad sends them
 };

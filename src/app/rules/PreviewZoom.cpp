@@ -12,8 +12,6 @@
 namespace
 {
 
-constexpr int NOTCH = 120;
-
 /// Of one axis: where the screen begins.
 qint32 CornerOf(qint32 screenSize, qint32 scrollSize, int client)
 {

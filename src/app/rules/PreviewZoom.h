@@ -43,8 +43,10 @@ struct PreviewPlace
 class PreviewZoom
 {
 public:
-    static constexpr int STEP = 10;   // percent
-    static constexpr int MARGIN = 10; // pixels around the screen
+    static constexpr int STEP = 10;                     // percent
+    static constexpr int MARGIN = 10;                   // pixels around the screen
+    static constexpr int NOTCH = 120;                   // of a wheel
+    static constexpr int LEAST_OF_WHEEL = NOTCH / STEP; ///< changes the zoom by a percent
     static constexpr std::array PRESETS = {500, 200, 150, 100, 75, 50};
 
     [[nodiscard]] int Percent() const { return percent; }
@@ -54,7 +56,7 @@ public:
     bool ZoomOut();
     [[nodiscard]] bool CanZoomIn() const;
     [[nodiscard]] bool CanZoomOut() const;
-    /// Turns the wheel by `delta`, of which 120 are one step.
+    /// Turns the wheel by `delta`, of which NOTCH is one step.
     bool Wheel(int delta);
     /// Makes the screen as large as a view of that outer size has room for, whatever zoom that is. 100 % for a screen
     /// without a size.

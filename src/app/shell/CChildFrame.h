@@ -28,6 +28,8 @@ public:
     [[nodiscard]] CProjView &Tree() { return *tree; }
     /// Only before it has let go of its document.
     [[nodiscard]] Selection &Selected() { return *selection; }
+    /// The zoom of the preview; empty while it isn't in sight.
+    [[nodiscard]] const QString &Zoom() const { return shownZoom; }
     [[nodiscard]] NoticeBar &Notice() { return *notice; }
 
     /// The view that takes actions: the one with the focus, else the one that had it last.
@@ -62,7 +64,7 @@ public:
     void AfterCommand(std::function<void()> call) override { shell.AfterCommand(std::move(call)); }
     [[nodiscard]] bool IsEnabled(ActionId id) const override { return shell.IsEnabled(id); }
     void ShowLayoutMode(bool isOn) override;
-    void ShowZoom(const QString &zoom) override { shell.ShowZoom(zoom); }
+    void ShowZoom(const QString &zoom) override { shownZoom = zoom; }
 
     // IActionTarget
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
@@ -93,5 +95,6 @@ private:
     class QStackedWidget *right;
     QPointer<QWidget> lastFocus;
     std::optional<Notifier<>::Listener> modifiedChanged;
+    QString shownZoom;
     bool isStored = false;
 };

@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
+#include <QLabel>
 #include <QMimeData>
 #include <QScreen>
 #include <QSessionManager>
@@ -28,7 +29,7 @@
 CMainFrame::CMainFrame(Environment &environment, const ProcessTables &processTables, CDocManager &documentManager)
     : env(environment), tables(processTables), documents(documentManager), area(new ProjectArea(this)),
       menus(*this, *area, route), bars(*this, env), projects(env, documents, boxes),
-      status(new StatusPane(statusBar())), indicators(*statusBar())
+      status(new StatusPane(statusBar())), zoom(new QLabel(statusBar())), indicators(*statusBar())
 {
     setWindowTitle(QStringLiteral("Morvanite"));
     setWindowIcon(MakeIcon(UiIcon::Application));
@@ -38,6 +39,8 @@ CMainFrame::CMainFrame(Environment &environment, const ProcessTables &processTab
         place.SetSmallest(SmallestFrame(own->availableSize()));
     setCentralWidget(area);
     statusBar()->addWidget(status, 1);
+    zoom->setAccessibleName(QStringLiteral("Zoom"));
+    statusBar()->insertPermanentWidget(1, zoom); // right of the messages, before the keyboard's locks
     Connect();
     menus.ShowRecentFiles(projects.Recent());
 }
@@ -108,6 +111,8 @@ void CMainFrame::Update()
     ShowTitle();
     const CChildFrame *const child = ActiveChild();
     status->Show(child ? &child->Document() : nullptr);
+    zoom->setText(child ? child->Zoom() : QString());
+    zoom->setVisible(!zoom->text().isEmpty());
 }
 
 std::optional<ActionState> CMainFrame::StateOf(ActionId id) const

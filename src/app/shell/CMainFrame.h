@@ -15,6 +15,7 @@
 #include <QMainWindow>
 
 class StatusPane;
+class QLabel;
 class QSessionManager;
 
 /// The main window: it holds the bars, the menus and the windows of projects, routes actions to them, and closes.
@@ -51,6 +52,7 @@ public:
     [[nodiscard]] ProjectNotices &Notices() { return notices; }
     [[nodiscard]] ProjectOpener &Projects() { return projects; }
     [[nodiscard]] const StatusPane &Status() const { return *status; }
+    [[nodiscard]] const QLabel &Zoom() const { return *zoom; }
     /// The active project's window, or null.
     [[nodiscard]] CChildFrame *ActiveChild() const { return area->ActiveChild(); }
 
@@ -107,5 +109,6 @@ private:
     ProjectNotices notices{*area};
     ProjectOpener projects;
     StatusPane *status;
+    QLabel *zoom; ///< of the preview in the active project
     KeyboardIndicators indicators;
 };

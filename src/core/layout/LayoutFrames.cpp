@@ -171,14 +171,14 @@ void Refresh(PreviewEntries &entries)
 
 void Refresh(PreviewEntries &entries, const CZulClass &changed)
 {
-    const auto isIt = [&changed](const PreviewEntry &entry) { return entry.component == &changed; };
-    const auto found = std::find_if(entries.begin(), entries.end(), isIt);
-    if (found == entries.end())
+    const PreviewEntry *const first = EntryOf(entries, &changed);
+    if (!first)
         return;
+    PreviewEntry *const found = entries.data() + (first - entries.data());
     std::vector<Corner> corners(size_t(found->depth));
     // Its parents are the nearest entries in front of it with a lower depth.
     int depth = found->depth;
-    for (auto before = found; depth > 0; --before) {
+    for (const PreviewEntry *before = found; depth > 0; --before) {
         if (before->depth >= depth)
             continue;
         const WideRect rect = OwnRect(before->sources);
@@ -186,8 +186,8 @@ void Refresh(PreviewEntries &entries, const CZulClass &changed)
         corners.back().top += rect.top;
         depth = before->depth;
     }
-    depth = found->depth;
-    for (auto entry = found; entry != entries.end() && (entry == found || entry->depth > depth); ++entry) {
+    const PreviewEntry *const end = EndBelow(entries, *found);
+    for (PreviewEntry *entry = found; entry != end; ++entry) {
         if (entry->component)
             Update(*entry, corners);
     }
@@ -211,6 +211,19 @@ bool GetComponentFrame(const CZulClass *object, PreviewRect *rect, quint32 *back
     }
     *rect = wide.Narrow();
     return true;
+}
+
+const PreviewEntry *EntryOf(const PreviewEntries &entries, const CZulClass *component)
+{
+    const auto isIt = [component](const PreviewEntry &entry) { return entry.component == component; };
+    const auto found = std::find_if(entries.begin(), entries.end(), isIt);
+    return component && found != entries.end() ? &*found : nullptr;
+}
+
+const PreviewEntry *EndBelow(const PreviewEntries &entries, const PreviewEntry &entry)
+{
+    const auto isBeside = [&entry](const PreviewEntry &other) { return other.depth <= entry.depth; };
+    return std::find_if(&entry + 1, entries.data() + entries.size(), isBeside);
 }
 
 const PreviewEntry *EntryAt(const PreviewEntries &entries, qint32 x, qint32 y, const PreviewEntry *above)

@@ -73,6 +73,11 @@ void Refresh(PreviewEntries &entries, const CZulClass &changed);
 /// end of the range; the places of the sub-components are still exact.
 bool GetComponentFrame(const CZulClass *object, PreviewRect *rect, quint32 *background, quint32 *border);
 
+/// The entry of a component; null when there is none.
+[[nodiscard]] const PreviewEntry *EntryOf(const PreviewEntries &entries, const CZulClass *component);
+/// The end of the entries that are below one, in the tree of components.
+[[nodiscard]] const PreviewEntry *EndBelow(const PreviewEntries &entries, const PreviewEntry &entry);
+
 /// The topmost entry at a point in layout coordinates, or the topmost of those below `above`, which is an entry of the
 /// list. Null when there is none.
 [[nodiscard]] const PreviewEntry *EntryAt(const PreviewEntries &entries, qint32 x, qint32 y,

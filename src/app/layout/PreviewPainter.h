@@ -1,0 +1,54 @@
+#pragma once
+
+#include "LayoutFrames.h"
+#include "PreviewLabels.h"
+#include "PreviewPictures.h"
+
+#include <QColor>
+#include <QRegion>
+
+class PreviewZoom;
+
+/// What a preview shows at the moment.
+struct PreviewScene
+{
+    const PreviewEntries &entries;
+    const PreviewZoom &zoom;
+    QPoint corner; ///< of the screen, in pixels of the view
+    QRect view;    ///< all that the view shows
+    const CZulClass *selected = nullptr;
+    bool isActive = false;
+};
+
+/// Paints the screen of a layout with its components, at a zoom.
+class PreviewPainter
+{
+public:
+    explicit PreviewPainter(const Environment &environment) : labels(environment) {}
+
+    struct Look
+    {
+        QColor surround; ///< outside of the screen
+        QColor focus;    ///< the line around the screen of the active view
+    };
+    Look look;
+    /// Belongs to the entries that are painted: reset with them.
+    PreviewLabels labels;
+
+    /// Paints what is in a region of the view; what isn't may be painted too. The painter has no clip of its own.
+    void Paint(QPainter &painter, const PreviewScene &scene, const QRegion &region);
+
+    /// All that the painting of an entry touches, as far as the view shows it.
+    [[nodiscard]] QRect ExtentOf(const PreviewScene &scene, const PreviewEntry &entry) const;
+    /// The outline of an entry that is selected.
+    [[nodiscard]] static QRegion OutlineOf(const PreviewScene &scene, const PreviewEntry &entry);
+
+private:
+    struct Place;
+    void PaintEntry(QPainter &painter, const PreviewScene &scene, size_t entry, const Place &place);
+    void PaintLabel(QPainter &painter, const PreviewScene &scene, size_t entry, const Place &place, QColor fill);
+
+    void PaintFrame(QPainter &painter, const QRect &screen, bool isActive) const;
+
+    PreviewPictures pictures;
+};
