@@ -122,7 +122,8 @@ TEST(ComponentList, LetsGoOfWhatIsDestroyedAndTakesUpWhatComes)
     EXPECT_EQ(window.Shown(), u"Button: a*\n.Label: l\nBase!\n"_s) << "which has no layout";
     for (int round = 1; round <= 1000; ++round) {
         QTimer::singleShot(0, [] {
-            qobject_cast<QMessageBox *>(QApplication::activeModalWidget())->button(QMessageBox::Yes)->click();
+            if (auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget()))
+                box->button(QMessageBox::Yes)->click();
         });
         window.Panes().List().Run(ACTION_DELETE);
         window.Add("Label");

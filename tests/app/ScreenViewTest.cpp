@@ -32,7 +32,7 @@ struct ScreenWindow : TestWindow
                    "<Label pos=\"(10,30)\" size=\"(60,30)\" name=\"inner\"/></Panel>"
                    "<Label pos=\"(20,130)\" size=\"(200,40)\" name=\"over\"/></Layout></TarvoXML>");
         Start({Project()});
-        Frame().setGeometry(0, 0, 700, 600); // as a whole on the screen, where the menu opens
+        Frame().setGeometry(0, 0, 800, 600); // as a whole on the screen, where the menu opens
         Child().Selected().SelectFolder(Document().root.FindFolder(KIND_LAYOUT, 3));
         Settle();
         View().setFixedSize(220, 200);
@@ -235,6 +235,7 @@ TEST(ScreenView, TellsThePointAndRepaintsOnlyWhatHasChanged)
 
     const auto &layout = dynamic_cast<CLayoutRes &>(*window.Selected()->resources.First());
     CZulClass *const panel = layout.Components().front().get();
+    window.View().Select(nullptr);
     window.Settle();
     PaintedRegion painted(window.Port());
     window.View().Select(panel);
