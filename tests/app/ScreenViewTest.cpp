@@ -235,6 +235,7 @@ TEST(ScreenView, TellsThePointAndRepaintsOnlyWhatHasChanged)
 
     const auto &layout = dynamic_cast<CLayoutRes &>(*window.Selected()->resources.First());
     CZulClass *const panel = layout.Components().front().get();
+    window.View().Select(nullptr);
     window.Settle();
     PaintedRegion painted(window.Port());
     window.View().Select(panel);
