@@ -176,7 +176,7 @@ TEST(ScreenView, PicksTheTopmostAndWithAltWhatIsBelowIt)
     EXPECT_EQ(window.Port().cursor().shape(), Qt::OpenHandCursor);
     QTest::mousePress(&window.Port(), Qt::LeftButton, {}, {50, 50});
     QTest::mouseMove(&window.Port(), {55, 60});
-    QTest::keyRelease(&window.View(), Qt::Key_Space);
+    QTest::keyRelease(&window.View(), Qt::Key_Space, Qt::ShiftModifier);
     QTest::mouseRelease(&window.Port(), Qt::LeftButton, {}, {55, 60});
     EXPECT_EQ(window.Scroll(), before + QPoint(5, 10));
     EXPECT_EQ(window.View().Selected()->propName, "over") << "dragging picks nothing";
@@ -215,6 +215,8 @@ TEST(ScreenView, ZoomsByKeysAndByItsMenu)
     QTest::keyClick(&window.View(), Qt::Key_Home, Qt::ControlModifier);
     EXPECT_EQ(window.Percent(), 56) << "180 of 320 lines";
     EXPECT_FALSE(window.View().verticalScrollBar()->isVisible() || window.View().horizontalScrollBar()->isVisible());
+    window.Frame().Bars().Output().setFocus();
+    EXPECT_FALSE(window.Frame().IsEnabled(ACTION_FIT_VIEW)) << "Ctrl+Home is a key of the text";
     const auto *const layout = dynamic_cast<CLayoutRes *>(window.Selected()->resources.First());
     window.View().ShowLayout(nullptr);
     window.View().ShowLayout(layout);

@@ -205,7 +205,8 @@ void CLotScreenView::ChangeZoom(QPoint kept, const std::function<bool(PreviewZoo
 
 std::optional<ActionState> CLotScreenView::StateOf(ActionId id) const
 {
-    return ZoomActions::StateOf(id, zoom);
+    // Where the Output or the Toolbox has the focus, Ctrl+Home is a key of theirs.
+    return active ? ZoomActions::StateOf(id, zoom) : std::nullopt;
 }
 
 void CLotScreenView::Run(ActionId id)
@@ -235,7 +236,9 @@ void CLotScreenView::contextMenuEvent(QContextMenuEvent *event)
     const QByteArray customize = zoom.CustomizeLabel().toLatin1();
     std::vector<ViewMenuEntry> menu(std::begin(MENU), std::end(MENU));
     menu.back().text = customize.constData();
-    const auto stateOf = [this](ActionId id) { return ActionState{host.IsEnabled(id), StateOf(id)->checked}; };
+    const auto stateOf = [this](ActionId id) {
+        return ActionState{host.IsEnabled(id), ZoomActions::StateOf(id, zoom)->checked};
+    };
     RunViewMenu(*this, menu, place, stateOf, [this](ActionId id) { host.RunAction(id); });
 }
 
