@@ -20,7 +20,8 @@ struct ScreenWindow : TestWindow
 {
     ScreenWindow()
     {
-        folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\ncatalogue=catalogue.xml\n");
+        folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\ncatalogue=catalogue.xml\n"
+                                        "[split3rd]\nwidth=100\n");
         folder.Put("bin/catalogue.xml",
                    "<catalogue version=\"1\"><class name=\"Base\"><member name=\"pos\" type=\"ZulPoint\"/><member "
                    "name=\"size\" type=\"ZulSize\"/><member name=\"anchor\" type=\"ZulFPoint\"/></class>"
@@ -32,7 +33,7 @@ struct ScreenWindow : TestWindow
                    "<Label pos=\"(10,30)\" size=\"(60,30)\" name=\"inner\"/></Panel>"
                    "<Label pos=\"(20,130)\" size=\"(200,40)\" name=\"over\"/></Layout></TarvoXML>");
         Start({Project()});
-        Frame().setGeometry(0, 0, 800, 600); // as a whole on the screen, where the menu opens
+        Frame().setGeometry(0, 0, 790, 600); // as a whole on the screen, where the menu opens
         Child().Selected().SelectFolder(Document().root.FindFolder(KIND_LAYOUT, 3));
         Settle();
         View().setFixedSize(220, 200);
