@@ -218,6 +218,11 @@ TEST(ScreenView, ZoomsByKeysAndByItsMenu)
     EXPECT_FALSE(window.View().verticalScrollBar()->isVisible() || window.View().horizontalScrollBar()->isVisible());
     window.Frame().Bars().Output().setFocus();
     EXPECT_FALSE(window.Frame().IsEnabled(ACTION_FIT_VIEW)) << "Ctrl+Home is a key of the text";
+    window.Settle();
+    window.View().setFocus();
+    QTest::keyClick(&window.View(), Qt::Key_PageUp, Qt::ControlModifier); // with no time between
+    EXPECT_EQ(window.Percent(), 66);
+    QTest::keyClick(&window.View(), Qt::Key_Home, Qt::ControlModifier);
     const auto *const layout = dynamic_cast<CLayoutRes *>(window.Selected()->resources.First());
     window.View().ShowLayout(nullptr);
     window.View().ShowLayout(layout);
