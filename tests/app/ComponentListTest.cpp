@@ -8,6 +8,7 @@
 #include "ToolboxList.h"
 
 #include <QElapsedTimer>
+#include <QLineEdit>
 
 namespace
 {
@@ -121,6 +122,10 @@ TEST(ComponentList, LetsGoOfWhatIsDestroyedAndTakesUpWhatComes)
     window.Document().ClearFolder(*window.Document().root.FindFolder(KIND_FILES, 1));
     EXPECT_EQ(window.Shown(), u"Button: a*\n.Label: l\nBase!\n"_s) << "which has no layout";
     for (int round = 1; round <= 1000; ++round) {
+        auto &grid = StringWindow::Find<CListGrid>(window.Panes().Grid());
+        grid.SelectAlone(0, 0);
+        QTest::keyClicks(&grid, u"dropped"_s);
+        ASSERT_FALSE(grid.viewport()->findChild<QLineEdit *>()->isHidden()) << "the editor of the name";
         QTimer::singleShot(0, [] {
             if (auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget()))
                 box->button(QMessageBox::Yes)->click();

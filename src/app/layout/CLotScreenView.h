@@ -36,6 +36,7 @@ public:
     /// Told of a click on a component that isn't the selected one.
     std::function<void(CZulClass &component)> picked;
 
+    [[nodiscard]] const PreviewEntries &Entries() const { return entries; }
     [[nodiscard]] const PreviewZoom &Zoom() const { return zoom; }
     /// What of the layout is in sight.
     [[nodiscard]] PreviewPlace Place() const;
