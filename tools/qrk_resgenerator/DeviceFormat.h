@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-/// The device's picture, as docs/image-format.md draws it. All numbers are little-endian.
+/// The picture format of the device; see docs/image-format.md. All numbers are little-endian.
 ///
 /// | offset | size | field       | meaning                                       |
 /// |-------:|-----:|-------------|-----------------------------------------------|
