@@ -2,7 +2,7 @@
  *
  *     header   "MLAY", version (1), size of the header (1), levels (2), size of the layout (4), ID (4), table (4)
  *     part     number (2), type (1), n (1); n below 255: 4 * n bytes follow;
- *              n 255: their number (4), a multiple of 4, stands before them
+ *              n 255: their number (4), a multiple of 4, precedes them
  *
  * Numbers are little-endian. A range is checked by subtraction, never by a sum that could wrap around. */
 #include "morvanite_layout.h"

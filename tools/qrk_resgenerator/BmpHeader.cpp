@@ -21,7 +21,7 @@
 namespace
 {
 
-constexpr std::uint64_t infoAt = 14; // behind the file header
+constexpr std::uint64_t infoAt = 14; // after the file header
 constexpr std::uint32_t coreSize = 12;
 constexpr std::uint32_t windowsSize = 40;
 

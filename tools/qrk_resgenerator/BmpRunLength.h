@@ -9,8 +9,8 @@
 ///   n, v        n pixels: index v (8 bits), or the two halves of v in turn, the upper one first (4 bits)
 ///   0, 0        end of the row
 ///   0, 1        end of the picture
-///   0, 2, x, y  go on x pixels to the right and y rows further
-///   0, n, ...   n indices as they stand (n is 3 or more), filled up to an even number of bytes
+///   0, 2, x, y  move x pixels to the right and y rows further
+///   0, n, ...   n plain indices (n is 3 or more), padded to an even number of bytes
 ///
 /// Pixels beyond the right end of the row are dropped: some writers encode the padding of a row as pixels. Doesn't own
 /// `data`. Call NextRow() for each row, then Finish().

@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr int MOST_ERRORS = 100; // told
+constexpr int MOST_ERRORS = 100; // reported
 constexpr qint64 LARGEST_HEADER = 64 << 20;
 constexpr qint64 LARGEST_TABLE = 16 << 20;
 

@@ -26,7 +26,7 @@ enum class ReportCode : int
     NoDocument = 404, ///< a pack of a project that isn't open and couldn't be opened
 };
 
-/// Where a report goes: the IDE's pipe, or the standard output of the headless program.
+/// The destination of a report: the IDE's pipe, or the standard output of the headless program.
 class IReportPipe
 {
 public:

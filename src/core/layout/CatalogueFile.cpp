@@ -17,7 +17,7 @@ namespace
 {
 
 constexpr char UNREADABLE[] = "catalogue.unreadable";
-constexpr int MOST_ERRORS = 1000; // told
+constexpr int MOST_ERRORS = 1000; // reported
 constexpr qsizetype LONGEST_NAME = 64;
 constexpr int MOST_VALUES = 1000; // of an object, including those of its base and its members
 

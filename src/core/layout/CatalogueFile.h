@@ -7,7 +7,7 @@
 
 class Environment;
 
-/// The absolute path of the catalogue that the settings name; empty when they name none.
+/// The absolute path of the catalogue that the settings name; empty if they name none.
 [[nodiscard]] QString CataloguePath(const Environment &env);
 
 /// Reads a file of class definitions (docs/formats/catalogue.md) into an empty catalogue.

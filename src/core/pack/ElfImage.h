@@ -54,7 +54,7 @@ struct ElfImage
     QString path;    ///< of the input
     FileHandle file; ///< the input, still open, so that the file copied is the file read
 
-    /// Where the payload goes: the input's size rounded up to a multiple of 4.
+    /// The offset of the payload: the input's size rounded up to a multiple of 4.
     [[nodiscard]] quint64 PayloadOffset() const { return RoundUpTo4(inputSize); }
 };
 

@@ -32,7 +32,7 @@ public:
         bool operator==(const Row &) const = default;
     };
 
-    /// `currentProject` is the project's path; empty if none is open; then nothing is loaded or saved.
+    /// `currentProject` is the path of the open project; empty if none is open; then nothing is loaded or saved.
     V1ResourceList(Environment &environment, QString currentProject);
 
     /// Reads the list file; if it doesn't exist, the list is empty. Reading stops at a line of more than 1,023 bytes
