@@ -5,16 +5,16 @@
 #include <functional>
 #include <vector>
 
-/// Finds who has an action: of the targets that take part at the moment, the first that claims it.
+/// Finds the target of an action: the first target that claims it, among those that take part at the moment.
 class ActionRoute
 {
 public:
-    /// Gives the targets in the order in which they are asked; those that are null are passed over.
+    /// Returns the targets in the order in which they are asked. Null pointers are skipped.
     std::function<std::vector<IActionTarget *>()> targets;
 
-    /// An action that nobody claims is disabled.
+    /// The state of an action. An action that no target claims is disabled.
     [[nodiscard]] ActionState StateOf(ActionId id) const;
-    /// Does nothing while the action is disabled.
+    /// Runs an action. Does nothing while it is disabled.
     void Run(ActionId id) const;
 
 private:

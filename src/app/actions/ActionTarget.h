@@ -4,21 +4,21 @@
 
 #include <optional>
 
-/// What a menu shows of an action.
+/// The state of an action, as a menu shows it.
 struct ActionState
 {
     bool enabled = true;
     bool checked = false;
 };
 
-/// Anything that carries out actions of menus, keys and the tool bar. Of those that are asked in turn (ActionRoute) the
-/// first that claims an action has it.
+/// An object that runs actions of menus, keys and the tool bar. Targets are asked in turn (ActionRoute), and the first
+/// that claims an action gets it.
 class IActionTarget
 {
 public:
-    /// Nothing when the action isn't this target's.
+    /// The state of an action; nothing if this target doesn't claim it.
     [[nodiscard]] virtual std::optional<ActionState> StateOf(ActionId id) const = 0;
-    /// Carries out an action that it claims and that is enabled.
+    /// Runs an action. The target must claim it, and it must be enabled.
     virtual void Run(ActionId id) = 0;
 
 protected:

@@ -10,12 +10,12 @@ class CResModel;
 class IViewBoxes;
 class StringTable;
 
-/// The choice of a project's languages among those of the language table. A language that the table doesn't have stays
-/// as it is. What is applied can't be undone.
+/// The choice of a project's languages from the language table. Languages that are not in the table are left alone.
+/// Applying the choice can't be undone.
 class CLangFltr final : public IListFltrHelper
 {
 public:
-    /// All must live longer. `stringsFolder` is the project's folder of strings.
+    /// All arguments must outlive this object. `stringsFolder` is the project's folder of strings.
     CLangFltr(StringTable &stringTable, CResModel &document, CResFolder &stringsFolder, IViewBoxes &viewBoxes);
 
     bool InitList(CheckList &list) override;
@@ -24,7 +24,7 @@ public:
     [[nodiscard]] int Compare(qint32 a, qint32 b, int column) const override;
 
 private:
-    /// The project's folder of a language, or null.
+    /// The project's folder for a language, or null.
     [[nodiscard]] CResFolder *FolderOf(qint32 number) const;
     [[nodiscard]] bool Ask() const;
     void Add(qint32 number, const QString &name);

@@ -5,13 +5,13 @@
 class CResModel;
 class IViewBoxes;
 
-/// The choice of the resolutions that a project is for. A resolution that goes out of use loses its resources, which
-/// can't be undone. The folder Default has no item: it is always in use.
+/// The choice of a project's resolutions. When a resolution goes out of use, its resources are deleted, which can't be
+/// undone. The folder Default has no item, because it is always in use.
 class CResoFltr final : public ITreeFltrHelper
 {
 public:
-    /// `firstFolder` and `secondFolder` have the resolutions' folders below them; the second may be null. All others
-    /// must live longer.
+    /// `firstFolder` and `secondFolder` contain the folders of the resolutions; the second may be null. All other
+    /// arguments must outlive this object.
     CResoFltr(CResModel &document, CResFolder *firstFolder, CResFolder *secondFolder, IViewBoxes &viewBoxes);
 
     void InitTree(CheckTree &tree) override;

@@ -3,8 +3,9 @@
 #include <QList>
 #include <QRect>
 
-/// The places of windows in a cascade, the lowest first: each title bar is at least in part in sight.
+/// The positions of windows in a cascade, the rearmost window first. At least a part of each title bar is visible.
 ///
-/// `area` is where they go, `title` how high a title bar is with its frame, and `smallest` the size that no window goes
-/// below. With more windows than the area has room for they go into several columns, at last beyond the area's edge.
+/// `area` is the size of the area for the windows, `title` the height of a title bar with its frame, and `smallest` the
+/// minimum size of a window. If there are more windows than fit into one column, they are placed in several columns,
+/// which can extend beyond the area's edge.
 [[nodiscard]] QList<QRect> CascadePlaces(int count, const QSize &area, int title, const QSize &smallest);

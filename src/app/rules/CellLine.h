@@ -2,12 +2,13 @@
 
 #include <QString>
 
-/// The first `most` UTF-16 units of a text; one less where that would leave half a surrogate pair.
+/// The first `most` UTF-16 units of a text, or one less if the cut would split a surrogate pair.
 [[nodiscard]] QStringView WholePart(QStringView text, qsizetype most);
 
-/// How many characters of a text a cell of a list shows at most: a longer line takes a view seconds to lay out.
+/// The number of characters of a text that a cell of a list shows at most. A view takes seconds to lay out much longer
+/// lines.
 inline constexpr qsizetype LONGEST_SHOWN = 300;
 
-/// A text as a cell of a list shows it: in one line, and cut as by `WholePart`, with "…" behind what is left. A line
-/// end becomes "↵", any other control character a blank. The time doesn't grow with what is cut.
+/// A text as a cell of a list shows it: in one line, cut as by `WholePart`, with "…" appended if it was cut. A line end
+/// becomes "↵", and any other control character a blank. The running time doesn't depend on the part that is cut off.
 [[nodiscard]] QString CellLine(const QString &text, qsizetype most);

@@ -7,13 +7,13 @@
 class CLayoutRes;
 class Environment;
 
-// What the list of components and the Toolbox decide, without a window.
+// The logic of the list of components and of the Toolbox, without a window.
 
-/// The label of a component: its class, with "!" behind it when nothing defines the class or nobody is offered it, and
-/// its name, if it has one.
+/// The label of a component: its class and its name, if it has one. The class is followed by "!" if it isn't defined or
+/// isn't offered to the user.
 [[nodiscard]] QString ComponentLabel(const Environment &env, const CZulClass &component);
 
-/// A component of a layout and how many others it is in.
+/// A component of a layout and its depth: the number of components that contain it.
 struct ListedComponent
 {
     CZulClass *component;
@@ -21,16 +21,17 @@ struct ListedComponent
 
     bool operator==(const ListedComponent &) const = default;
 };
-/// All components of a layout, each before those that lie in it.
+/// All components of a layout, each before the components that it contains.
 [[nodiscard]] std::vector<ListedComponent> ComponentsOf(const CLayoutRes &layout);
 
-/// A component of a class with a name that the layout doesn't have. `counter` counts the names that were given.
+/// Makes a component of a class, with a name that no component of the layout has. `counter` counts the names that were
+/// given.
 [[nodiscard]] std::unique_ptr<ComponentObject> NewComponent(const ClassDescriptor &type, const CLayoutRes &layout,
                                                             quint32 &counter);
-/// Destroys a component of a layout with all that lies in it.
+/// Destroys a component of a layout and all components in it.
 void DeleteComponent(CLayoutRes &layout, CZulClass &component);
-/// The question before that.
+/// The question that the user is asked before DeleteComponent.
 [[nodiscard]] QString DeleteQuestion();
 
-/// The classes that the Toolbox offers, in the order of the catalogue, which owns them.
+/// The classes that the Toolbox offers, in the order of the catalogue. The catalogue owns them.
 [[nodiscard]] std::vector<const ClassDescriptor *> OfferedClasses(const ClassCatalogue &catalogue);

@@ -2,7 +2,7 @@
 
 #include <QStringList>
 
-/// What an edit of the list of files comes to.
+/// The result of an edit of the list of files.
 enum FileEdit : int
 {
     FILE_EDIT_DONE = 0,
@@ -23,12 +23,13 @@ enum FileEdit : int
 /// The message about an edit that was refused; empty for FILE_EDIT_DONE.
 [[nodiscard]] QString FileEditMessage(int code);
 
-/// Says whether a file can become a resource of a project, by its path and by what is on the disk there:
-/// FILE_EDIT_DONE, or why not. Nothing is opened, so a pipe keeps nobody waiting, and a file that can't be read passes:
-/// its reader reports that.
+/// Checks by its path and by what the disk has there whether a file can become a resource of a project. Returns
+/// FILE_EDIT_DONE or the reason why not. Doesn't open the file, so it never waits for a pipe. A file that can't be read
+/// passes the check: the code that reads it reports the error.
 [[nodiscard]] int CheckArrival(const QString &path);
 
-/// The text of the box that tells which files were refused: one line for each, and of more than 20 the first.
+/// The text of the box that lists the files that were refused, one line for each. Of more than MOST_REFUSALS files it
+/// lists the first ones.
 [[nodiscard]] QString RefusalText(const QStringList &refusals);
-/// How many lines that box has at most.
+/// The most files that the box lists.
 inline constexpr qsizetype MOST_REFUSALS = 20;

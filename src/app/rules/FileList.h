@@ -11,17 +11,18 @@
 
 class CResModel;
 
-/// What shows a FileList. Told of each change before and after. Row numbers are those before the change.
+/// The view of a FileList. It is told of each change before and after it is made. Row numbers are those before the
+/// change.
 class IFileGrid
 {
 public:
-    virtual void RowsComing(int first, int last) = 0; ///< the numbers that they will have
+    virtual void RowsComing(int first, int last) = 0; ///< the numbers that the new rows will have
     virtual void RowsCame() = 0;
     virtual void RowsGoing(int first, int last) = 0;
     virtual void RowsWent() = 0;
     virtual void RowsChanged(int first, int last) = 0;
     virtual void OrderChanging() = 0;
-    /// `order` has, row by row, the number that the row had before.
+    /// `order[i]` is the former number of row i.
     virtual void OrderChanged(const std::vector<int> &order) = 0;
     virtual void ListResetting() = 0;
     virtual void ListReset() = 0;
@@ -30,10 +31,10 @@ protected:
     ~IFileGrid() = default;
 };
 
-/// The list of file resources of a folder: its rows, their order, and all that can be done to them.
+/// The list of file resources of a folder: its rows, their order, and all operations on them.
 ///
-/// The last row is the new row, which has no resource. The folder of a component has no such row, and shows only the
-/// images that are in use. The resources belong to the tree: call LetGo before they are destroyed elsewhere.
+/// The last row is the new row, which has no resource. The folder of a component has no new row, and shows only the
+/// images that are in use. The tree owns the resources: call LetGo before other code destroys them.
 class FileList
 {
 public:
@@ -42,19 +43,20 @@ public:
     static constexpr int PATH_COLUMN = 2;
     static constexpr int COLUMN_COUNT = 3;
 
-    /// Both must live longer.
+    /// Both arguments must outlive this object.
     FileList(CResModel &projectModel, IFileGrid &shownIn) : model(projectModel), grid(shownIn) {}
 
-    /// Shows a folder of the tree, or nothing, sorted by `sortState`.
+    /// Shows a folder of the tree sorted by `sortState`, or nothing if it is null.
     void Fill(CResFolder *toShow, int sortState);
     void LetGo() { Fill(nullptr, 0); }
     [[nodiscard]] CResFolder *Folder() const { return folder; }
-    /// Says whether the folder is that of a component.
+    /// Returns whether the folder is that of a component.
     [[nodiscard]] bool IsItemFolder() const { return folder && (folder->kind & KIND_FLAG_ITEM); }
-    /// Says whether the list may hold nodes that go with an announced folder (ITreeListener).
+    /// Returns whether the list may have resources that are about to be destroyed with the folder `going`
+    /// (ITreeListener).
     [[nodiscard]] bool HoldsOf(const CResFolder &going) const;
 
-    /// The number of rows, the new row included.
+    /// The number of rows, including the new row.
     [[nodiscard]] int RowCount() const { return Files() + (HasNewRow() ? newRows : 0); }
     /// The number of resources that are shown.
     [[nodiscard]] int Files() const { return int(rows.size()); }
@@ -63,47 +65,47 @@ public:
     [[nodiscard]] CFileRes *At(int row) const;
     /// The row of a resource, or -1.
     [[nodiscard]] int RowOf(const CBaseRes &res) const;
-    /// The first row of an ID, or -1.
+    /// The first row with an ID, or -1.
     [[nodiscard]] int RowOf(const NarrowText &id) const;
     [[nodiscard]] QString CellText(int row, int col) const;
     [[nodiscard]] static QString ColumnTitle(int col);
 
-    /// Sorts the rows; the new row stays the last. A sort state n > 0 is ascending by column n - 1, -n descending. Of
-    /// equal rows the order stays.
+    /// Sorts the rows; the new row remains the last. A sort state n > 0 is ascending by column n - 1, and -n is
+    /// descending. The sort is stable.
     void Sort(int sortState);
 
-    // Edits. Each gives a FileEdit.
+    // Edits. Each returns a FileEdit.
     /// Adds a file to the project, in front of `row`.
     [[nodiscard]] int AddFileRow(int row, const QString &path);
-    /// What became of several files.
+    /// The result of adding several files.
     struct Additions
     {
         int added = 0;
-        QStringList refusals; ///< each "NAME": and why
+        QStringList refusals; ///< each is "NAME": and the reason
     };
-    /// Adds files in front of the new row; those that can't be added don't keep the others from it. Folders are
-    /// skipped.
+    /// Adds files in front of the new row. A file that can't be added doesn't prevent the others from being added.
+    /// Folders are skipped.
     [[nodiscard]] Additions AddFiles(const QStringList &paths);
-    /// Gives a row another ID; on the new row it makes a resource without a file.
+    /// Gives a row another ID. On the new row, makes a resource without a file.
     [[nodiscard]] int ApplyIdEdit(int row, const QString &text);
-    /// The kind of file that a row may have.
+    /// The kind of file that is allowed in a row.
     [[nodiscard]] quint32 KindOfRow(int row) const;
-    /// Gives a row another file; on the new row it adds the file.
+    /// Gives a row another file. On the new row, adds the file.
     [[nodiscard]] int SetFile(int row, const QString &path);
 
-    /// Takes the resources of these rows (ascending) out of the project; the new row stays.
+    /// Removes the resources of these rows (ascending) from the project. The new row remains.
     void Remove(const std::vector<int> &toRemove);
-    /// Takes all out of the project.
+    /// Removes all resources of the list from the project.
     void Clear();
 
-    // Normal and Push mark nothing as modified.
-    /// Makes a row "Push" or "Normal". False, and no change, for any other text.
+    // Changes between Normal and Push mark nothing as modified.
+    /// Makes a row "Push" or "Normal". For any other text, returns false and changes nothing.
     bool SetType(int row, const QString &type);
-    /// The box of types was closed with that text over a row, which shows it from then on.
+    /// Called when the box of types over a row is closed with a text. The row shows that text from then on.
     void CloseType(int row, const QString &type);
-    /// Inverts each of these rows.
+    /// Changes each of these rows from Push to Normal or from Normal to Push.
     void FlipPush(const std::vector<int> &selected);
-    /// Gives component images their stock images back.
+    /// Gives component images their stock images again.
     void Reset(const std::vector<int> &selected);
 
 private:
@@ -121,6 +123,6 @@ private:
     IFileGrid &grid;
     CResFolder *folder = nullptr;
     std::vector<CFileRes *> rows;
-    int newRows = 1;                              // two for the moment in which one becomes a resource's
-    QHash<const CFileRes *, QString> closedTypes; // what a row shows when it isn't its own type
+    int newRows = 1;                              // two while one of them becomes the row of a resource
+    QHash<const CFileRes *, QString> closedTypes; // the text that a row shows if it isn't the resource's type
 };

@@ -3,7 +3,7 @@
 #include "ResFolder.h"
 #include "UiIcon.h"
 
-/// What stands right of the project tree.
+/// The panes to the right of the project tree.
 enum class Pane
 {
     Default,
@@ -23,7 +23,7 @@ enum class TreeMenu
     ComponentImages,
 };
 
-/// How a kind of folder shows in the project tree.
+/// How the project tree shows a kind of folder.
 struct FolderKindEntry
 {
     quint32 kind;
@@ -32,11 +32,11 @@ struct FolderKindEntry
     TreeMenu menu;
 };
 
-/// By kind; a kind that isn't known has no icon, no menu and the default view.
+/// The entry of a kind. An unknown kind has no icon, no menu and the default view.
 [[nodiscard]] const FolderKindEntry &EntryOf(quint32 kind);
-/// The icon of one folder: Default has another than the resolutions.
+/// The icon of a folder. The folder Default has a different icon than the resolutions.
 [[nodiscard]] UiIcon IconOf(const CResFolder &folder);
-/// Folders that are not in use are left out, with all below them.
+/// Returns whether the tree shows a folder. Folders that are not in use are left out, with all folders below them.
 [[nodiscard]] inline bool IsShown(const CResFolder &folder)
 {
     return (folder.kind & KIND_FLAG_OFF) == 0;

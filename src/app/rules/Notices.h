@@ -2,25 +2,25 @@
 
 #include <QStringList>
 
-/// What the user of a project is to read in its window, one text at a time: a text that comes while another is shown
-/// waits until that one is dismissed, so that each can be read to its end.
+/// The notices that a project's window shows to the user, one at a time. A text that is added while another is shown
+/// waits until that one is dismissed, so that the user can read each to its end.
 class Notices
 {
 public:
-    /// A text that is waiting or shown already isn't taken twice.
+    /// Adds a text. Does nothing if the same text is waiting or shown already.
     void Add(const QString &text);
-    /// Goes to the next text.
+    /// Dismisses the shown text and shows the next.
     void Dismiss();
 
     /// The text to show; empty when there is none.
     [[nodiscard]] QString Shown() const { return texts.value(0); }
-    /// Where the shown text is among those that have come since none was shown, such as "1 of 2"; empty for a single
-    /// one.
+    /// The position of the shown text among those that were added since none was shown, such as "1 of 2"; empty if
+    /// there is only one.
     [[nodiscard]] QString Place() const;
-    /// The shown text and those that wait.
+    /// The shown text and the waiting ones.
     [[nodiscard]] const QStringList &Unread() const { return texts; }
 
 private:
     QStringList texts;
-    qsizetype dismissed = 0; // of those that have come since none was shown
+    qsizetype dismissed = 0; // of the texts that were added since none was shown
 };

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// The end of the output: so much of it as a box has room for.
+/// Keeps the end of the output, as much of it as a message box can show.
 class OutputTail
 {
 public:
@@ -15,7 +15,7 @@ public:
             text.remove(0, text.size() - 2 * SHOWN);
     }
 
-    /// The last characters, lines ended as a box wants them.
+    /// The last characters, with the line ends that a message box needs.
     [[nodiscard]] QString Text() const
     {
         QString shown = text.right(2 * SHOWN);

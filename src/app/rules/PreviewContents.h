@@ -14,9 +14,9 @@ class CZulType;
 /// How an image fills its component.
 enum class ImageFit
 {
-    Natural, ///< in its own size, in the middle
+    Natural, ///< in its own size, centred
     Stretch,
-    Contain, ///< as large as there is room for, in its own proportions
+    Contain, ///< as large as fits, with its own proportions
     Tile,
 };
 
@@ -25,9 +25,9 @@ struct ShownText
 {
     QString text;
     Qt::LayoutDirection direction = Qt::LeftToRight;
-    std::optional<quint32> color; ///< 0x00BBGGRR; nothing when no property has one
+    std::optional<quint32> color; ///< 0x00BBGGRR; nothing if no property has one
     Qt::Alignment alignment = Qt::AlignCenter;
-    int pixelSize = 0; ///< of the font; 0 when no property has one
+    int pixelSize = 0; ///< of the font; 0 if no property has one
     bool isBold = false;
     bool isItalic = false;
     bool wraps = false;
@@ -35,7 +35,7 @@ struct ShownText
     bool operator==(const ShownText &) const = default;
 };
 
-/// What the preview draws of a component beside its frame when it draws pictures.
+/// What the preview draws of a component, in addition to its frame, if it draws pictures.
 struct PreviewContent
 {
     std::vector<NarrowText> images; ///< paths as the project stores them, in the order in which they are drawn
@@ -47,22 +47,22 @@ struct PreviewContent
     bool operator==(const PreviewContent &) const = default;
 };
 
-/// Looks up what components refer to: texts in the first language of the project, and images of a resolution, or else
-/// those for all.
+/// Looks up the texts and images that components refer to. Texts are in the project's first language. Images are those
+/// of a resolution, or else those for all resolutions.
 ///
-/// What a property means follows from its type, since any catalogue may be in use: each reference to an image is drawn,
-/// of an image with four states the normal one; the first text is shown, but not that of a component with others in
-/// it; a colour in a group of properties, or one whose name begins with "text" or is "color", is that of the text; and
-/// enumerators say where the text is ("left", "center", "right", "top", "middle", "bottom"), how it looks ("small",
-/// "normal", "large", "huge", "bold", "italic", "wrap"), and how an image fills the component ("stretch", "contain",
-/// "tile").
+/// The meaning of a property follows from its type, since any catalogue may be in use. Each reference to an image is
+/// drawn; of an image with four states, the normal one. The first text is shown, but not that of a component that
+/// contains others. A colour in a group of properties, or one whose name begins with "text" or is "color", is that of
+/// the text. Enumerators say where the text is ("left", "center", "right", "top", "middle", "bottom"), how it looks
+/// ("small", "normal", "large", "huge", "bold", "italic", "wrap"), and how an image fills the component ("stretch",
+/// "contain", "tile").
 class PreviewContents
 {
 public:
-    /// `resolution` is that of the layout. For the moment: it points to folders of the model.
+    /// `resolution` is that of the layout. The object is short-lived: it has pointers to folders of the model.
     PreviewContents(CResModel &projectModel, qint32 resolution);
 
-    /// Only values that are set count. What refers to an ID that isn't there is left out.
+    /// The content of a component. Uses only values that are set. References to IDs that don't exist are left out.
     [[nodiscard]] PreviewContent Of(const CZulClass &component) const;
 
 private:
@@ -73,9 +73,9 @@ private:
     [[nodiscard]] std::optional<ShownText> TextOf(const NarrowText &reference) const;
 
     CResModel &model;
-    const CResFolder *images = nullptr; // of the resolution; null when there is none
+    const CResFolder *images = nullptr; // of the resolution; null if there is none
     const CResFolder *imagesOfAll = nullptr;
     const CResFolder *strings = nullptr;
-    const CResFolder *language = nullptr; // the first
+    const CResFolder *language = nullptr; // the project's first
     qint16 scope;
 };

@@ -11,7 +11,7 @@
 class CLayoutRes;
 class CResoTable;
 
-/// What a notch of the wheel does in the preview.
+/// What the wheel does in the preview.
 enum class WheelMove
 {
     Nothing,
@@ -22,24 +22,26 @@ enum class WheelMove
     LineDown,
 };
 
-/// Decided by the keys that are held: Ctrl alone, Shift alone, or none. `delta` is that of the wheel, 120 a notch.
+/// The move depends on the keys that are held: Ctrl alone, Shift alone, or none. `delta` is that of the wheel, 120 for
+/// a notch.
 [[nodiscard]] WheelMove WheelMoveOf(int delta, Qt::KeyboardModifiers keys);
 
-/// The size of the screen of a layout, in pixels at 100 %. (0, 0) without a layout, and for a resolution that isn't in
-/// the table.
+/// The size of a layout's screen, in pixels at 100 %. (0, 0) if there is no layout, or if its resolution isn't in the
+/// table.
 [[nodiscard]] QSize ScreenOf(const CLayoutRes *layout, const CResoTable &resolutions);
 
-/// What of the preview a window shows.
+/// The part of the preview that a window shows.
 struct PreviewPlace
 {
     QPoint scroll; ///< scroll position, in pixels
     QSize client;  ///< the area that the window shows
 };
 
-/// The zoom of a preview and all numbers that follow from it: sizes, places and coordinates. Results beyond 32 bits are
-/// the ends of the range.
+/// The zoom of a preview and all numbers that follow from it: sizes, positions and coordinates. Results that exceed 32
+/// bits are clamped to the range.
 ///
-/// Each operation that changes the zoom says whether it has: then the view needs its scroll size and a repaint.
+/// Each operation that can change the zoom returns whether it has changed it. If so, the view must update its scroll
+/// size and repaint.
 class PreviewZoom
 {
 public:
@@ -51,18 +53,17 @@ public:
 
     [[nodiscard]] int Percent() const { return percent; }
     bool Set(int newPercent);
-    /// Nothing happens when it isn't possible.
+    /// These two return false if no further step is possible.
     bool ZoomIn();
     bool ZoomOut();
     [[nodiscard]] bool CanZoomIn() const;
     [[nodiscard]] bool CanZoomOut() const;
-    /// Turns the wheel by `delta`, of which NOTCH is one step.
+    /// Changes the zoom as the wheel was turned by `delta`; NOTCH is one step.
     bool Wheel(int delta);
-    /// Makes the screen as large as a view of that outer size has room for, whatever zoom that is. 100 % for a screen
-    /// without a size.
+    /// Sets the zoom at which the screen fills a view of that outer size. Sets 100 % if the screen has no size.
     bool Fit(QSize view);
 
-    /// The place in PRESETS of the menu's entry that gets the mark; PRESETS.size() is "Customize".
+    /// The index in PRESETS of the menu entry that is checked. PRESETS.size() means the entry "Customize".
     [[nodiscard]] size_t MarkedEntry() const;
     [[nodiscard]] QString CustomizeLabel() const;
     /// "75%"
@@ -70,19 +71,21 @@ public:
     /// "(10, -3)", for the status line
     [[nodiscard]] static QString PointText(QPoint layoutPoint);
 
-    /// Takes the size of the screen in pixels at 100 %.
+    /// Sets the size of the screen, in pixels at 100 %.
     void SetScreen(QSize size) { screen = size; }
-    /// A layout coordinate in pixels of the view, cut toward zero.
+    /// A layout coordinate in pixels of the view, rounded toward zero.
     [[nodiscard]] qint32 Scaled(qint32 coordinate) const;
     [[nodiscard]] PreviewRect Scaled(const PreviewRect &rect) const;
     [[nodiscard]] QSize ScreenSize() const;
     [[nodiscard]] QSize ScrollSize() const;
-    /// Where the screen begins, without the scroll position.
+    /// The top left corner of the screen in the view, without the scroll position.
     [[nodiscard]] QPoint ScreenCorner(QSize client) const;
-    /// The layout coordinates under the pointer, cut toward zero; outside of the screen too. All are 0 at a zoom of 0.
+    /// The layout coordinates under the pointer, rounded toward zero, also outside of the screen. All are 0 at a zoom
+    /// of 0.
     [[nodiscard]] QPoint LayoutPoint(QPoint pointer, const PreviewPlace &place) const;
     /// The scroll position at which the pointer is over the same point of the layout as it was with the zoom `before`,
-    /// as far as the view can be scrolled. `client` is the area now: scroll bars come and go.
+    /// as far as the view can be scrolled. `client` is the present client area, which changes when scroll bars appear
+    /// or disappear.
     [[nodiscard]] QPoint ScrollKeeping(QPoint pointer, const PreviewZoom &before, const PreviewPlace &placeBefore,
                                        QSize client) const;
 

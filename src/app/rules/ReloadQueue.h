@@ -3,40 +3,43 @@
 #include "CFileChangeMonitor.h"
 #include "ProjectWatches.h"
 
-/// What a ReloadQueue needs of the program.
+/// What a ReloadQueue needs from the program.
 class IReloadHost
 {
 public:
-    /// What is watched with a handle; nothing for one that isn't known any more.
+    /// The watched item of a handle; nothing if the handle is no longer known.
     [[nodiscard]] virtual std::optional<FILEWATCHITEM> ItemOf(quint32 handle) const = 0;
-    /// The class of the file; nothing when the document has given up the watch.
+    /// The class of the file; nothing if the document no longer watches it.
     [[nodiscard]] virtual std::optional<WatchClass> ClassOf(const CDocument &doc, quint32 handle) const = 0;
-    /// Says whether the user can be asked now, and takes what is being edited then: a reload would drop it.
+    /// Returns whether the user can be asked now. If so, first commits what is being edited, because a reload would
+    /// drop it.
     [[nodiscard]] virtual bool MayAsk() = 0;
     /// Asks whether to load the file again, and waits for the answer.
     [[nodiscard]] virtual bool Ask(const FILEWATCHITEM &item) = 0;
-    /// Loads the file again. Throws nothing: a failure has been reported.
+    /// Loads the file again. Doesn't throw: failures are reported.
     virtual void Reload(CDocument &doc, quint32 handle) = 0;
 
 protected:
     ~IReloadHost() = default;
 };
 
-/// The notices of files that other programs have changed, which wait until the user can be asked. Main thread only.
+/// The queue of notices about files that other programs have changed. They wait until the user can be asked. Main
+/// thread only.
 ///
-/// One question at a time. Those about a whole project come before those about its strings and its layouts, and their
-/// answer holds for these too, as a reload of the project reads them all: after a checkout there is one question.
+/// Asks one question at a time. Questions about a whole project come before those about its strings and layouts. The
+/// answer applies to these too, because a reload of the project reads all of them: after a checkout the user is asked
+/// once.
 class ReloadQueue
 {
 public:
-    /// The host must live longer.
+    /// The host must outlive this object.
     explicit ReloadQueue(IReloadHost &reloadHost) : host(reloadHost) {}
 
-    /// Files have changed. Nothing is asked before `Run`.
+    /// Adds files that have changed. The user isn't asked before `Run`.
     void Add(const std::vector<quint32> &handles);
-    /// Asks and reloads for as long as something waits and the user can be asked. Does nothing while it runs already.
+    /// Asks and reloads for as long as notices wait and the user can be asked. Does nothing if it is running already.
     void Run();
-    /// Nothing waits that could lead to a question.
+    /// Returns whether no waiting notice could lead to a question.
     [[nodiscard]] bool IsEmpty();
 
 private:
@@ -47,13 +50,13 @@ private:
         WatchClass watchClass;
     };
 
-    /// The notice that comes next. Forgets those whose file isn't watched any more.
+    /// The next notice. Drops notices of files that are no longer watched.
     [[nodiscard]] std::optional<Notice> Next();
-    /// Forgets what the answer about a file holds for.
+    /// Drops the notices that the answer about a file applies to.
     void Forget(const Notice &notice);
     void Answer(const Notice &notice);
 
     IReloadHost &host;
-    std::vector<quint32> waiting; // in the order in which they came, each once
+    std::vector<quint32> waiting; // in order of arrival, each once
     bool isRunning = false;
 };

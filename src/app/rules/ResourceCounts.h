@@ -2,7 +2,7 @@
 
 #include "ResFolder.h"
 
-/// How many resources a folder has, with all folders in use below it.
+/// The number of resources of a folder and all folders in use below it.
 struct ResourceCounts
 {
     size_t audio = 0;
@@ -18,16 +18,16 @@ struct ResourceCounts
     bool operator==(const ResourceCounts &) const = default;
 };
 
-/// Takes time in the number of resolutions and languages, not in that of resources.
+/// The running time depends on the number of resolutions and languages, not on the number of resources.
 [[nodiscard]] ResourceCounts CountResources(const CResFolder &folder);
 
-/// What the window shows of a project's counts, such as "67 resources, 40 of them strings in 3 languages".
+/// A project's counts as the window shows them, such as "67 resources, 40 of them strings in 3 languages".
 [[nodiscard]] QString SummaryOf(const ResourceCounts &counts);
-/// The same where there is little room, such as "67 resources".
+/// The same in short, for little room, such as "67 resources".
 [[nodiscard]] QString ShortSummaryOf(const ResourceCounts &counts);
 
 /// The line below a folder's name in the contents, such as "3 images"; empty for a folder without one.
 [[nodiscard]] QString CountLineOf(const CResFolder &folder);
 
-/// What the contents show in the place of a folder's subfolders when it has none: what it holds, or that it is empty.
+/// The text that the contents show if a folder has no subfolders: what the folder has, or that it is empty.
 [[nodiscard]] QString HintOf(const CResFolder &folder);

@@ -5,13 +5,13 @@
 #include "ResFolder.h"
 #include "TreeListener.h"
 
-/// The folder that is selected in a project's window: which pane is shown, and what actions act on.
+/// The folder that is selected in a project's window. It decides which pane is shown and what actions apply to.
 ///
-/// It lets go of a folder that is destroyed. With the next Refresh the folder that has come into its place is selected.
+/// When the selected folder is destroyed, nothing is selected. The next Refresh selects the folder that replaces it.
 class Selection final : public IFolderSelection, public ITreeListener
 {
 public:
-    /// The model must live as long as folders are selected.
+    /// The model must exist for as long as folders are selected.
     explicit Selection(CResModel &projectModel);
 
     // IFolderSelection
@@ -21,19 +21,19 @@ public:
     // ITreeListener
     void TreeGoes(const CResFolder &folder) override;
 
-    /// Selects the folder above the selected one. False when there is none.
+    /// Selects the parent of the selected folder. Returns false if there is none.
     bool GoOut();
-    /// Selects a folder of the tree as it is now: the same one; when that has been destroyed, the one in its place;
-    /// when there is none, or it isn't shown, the root.
+    /// Selects a folder of the present tree: the same one as before; if it has been destroyed, the one that replaces
+    /// it; if there is none, or it isn't shown, the root.
     void Refresh();
 
-    /// Tells when another folder is selected. Not when the selected one is destroyed: who holds nodes is an
-    /// ITreeListener.
+    /// Notifies when another folder is selected, but not when the selected one is destroyed: objects that keep pointers
+    /// to nodes are ITreeListeners.
     Notifier<> changed;
     CView *projView = nullptr; ///< set by the view in which the user selects
 
 private:
-    /// What tells a folder from its siblings, also after it was loaded anew.
+    /// What distinguishes a folder from its siblings, also after the project was loaded again.
     struct Step
     {
         quint32 kind;

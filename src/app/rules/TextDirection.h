@@ -2,6 +2,6 @@
 
 #include <QString>
 
-/// In which direction texts of a language run, by the language's name in English or in the language itself, such as
-/// "Arabic"; left to right for a name that isn't known.
+/// The writing direction of a language, looked up by its name in English or in the language itself, such as "Arabic".
+/// Left to right for an unknown name.
 [[nodiscard]] Qt::LayoutDirection DirectionOfLanguage(const QString &name);

@@ -1,6 +1,6 @@
 #pragma once
 
-/// The program's pictures, drawn as vectors in a square of sixteen, sharp at any scale.
+/// The program's icons. They are drawn as vectors on a grid of 16 by 16 and are sharp at any scale.
 enum class UiIcon
 {
     None,

@@ -13,29 +13,29 @@ enum class Answer
     Cancel,
 };
 
-/// The boxes and dialogs that a view has the user answer. While a command of an IDE runs none opens: messages come
-/// after the command, a question is answered with No or Cancel, and a dialog is cancelled.
+/// The message boxes and dialogs that a view can open. While a command of an IDE runs, none opens: messages are shown
+/// after the command, questions are answered with No or Cancel, and dialogs are cancelled.
 class IViewBoxes
 {
 public:
-    /// Asks a question that Yes or No answers; No is the default.
+    /// Asks a question with the answers Yes and No; No is the default.
     [[nodiscard]] virtual bool AskYesNo(const QString &question) = 0;
-    /// The same with a third answer; Yes is the default.
+    /// Asks a question with the answers Yes, No and Cancel; Yes is the default.
     [[nodiscard]] virtual Answer AskYesNoCancel(const QString &question) = 0;
-    /// Tells what is going to be done, and asks whether to go on; OK is the default. False: Cancel.
+    /// Says what is about to be done, and asks whether to continue; OK is the default. Returns false for Cancel.
     [[nodiscard]] virtual bool AskOkCancel(const QString &question) = 0;
-    /// Shows it once the view is through with what it does: a label that is being edited has been left by then. `then`
-    /// is called when the user has closed the box; it must allow for its view being gone.
+    /// Shows a message once the view has finished its present operation; the editing of a label has ended by then.
+    /// `then` is called after the user has closed the box. The view may no longer exist at that time.
     virtual void ShowMessage(const QString &text, std::function<void()> then = nullptr) = 0;
-    /// The paths of the files to read, absolute; none when the user cancels. They exist. `selectedFilter` counts the
-    /// entries of the filter from 1; otherwise as `SaveFileDialog`.
+    /// Asks for files to read. Returns absolute paths of existing files; none if the user cancels. `selectedFilter` is
+    /// the number of the filter's entry, from 1. Otherwise like `SaveFileDialog`.
     [[nodiscard]] virtual QStringList OpenFileDialog(const QString &filter, int selectedFilter, bool multiSelect,
                                                      const QString &initialName) = 0;
-    /// The path of the file to write, absolute; empty when the user cancels. Asks before an existing file is chosen.
-    /// `filter` has the form "Name|*.a; *.b|...||". A name without an extension gets that of the chosen entry's first
-    /// pattern. `initialName` may be empty, and may have a path.
+    /// Asks for a file to write. Returns its absolute path; empty if the user cancels. The user must confirm the choice
+    /// of an existing file. `filter` has the form "Name|*.a; *.b|...||". A name without an extension gets that of the
+    /// chosen entry's first pattern. `initialName` may be empty, and may have a path.
     [[nodiscard]] virtual QString SaveFileDialog(const QString &filter, const QString &initialName) = 0;
-    /// Runs a dialog until it is closed. False unless the user accepts it.
+    /// Runs a dialog until it is closed. Returns whether the user accepted it.
     [[nodiscard]] virtual bool RunDialog(QDialog &dialog) = 0;
 
 protected:

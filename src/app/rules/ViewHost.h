@@ -5,25 +5,25 @@
 
 enum class Pane;
 
-/// What views ask of the window that they are in.
+/// The services that a window offers to its views.
 class IViewHost
 {
 public:
     [[nodiscard]] virtual IViewBoxes &Boxes() = 0;
-    /// Puts a pane right of the project tree.
+    /// Shows a pane to the right of the project tree.
     virtual void ShowPane(Pane pane) = 0;
-    /// Carries out an action as the menu does.
+    /// Runs an action as the menu does.
     virtual void RunAction(ActionId id) = 0;
-    /// Commits what is being edited in place, in a pane or as a label. False when it is refused, after a message to the
-    /// user.
+    /// Commits what is being edited in place, in a pane or as a label. If it is refused, tells the user and returns
+    /// false.
     [[nodiscard]] virtual bool TakeEdit() = 0;
-    /// Calls it now, or after the command of an IDE that is running.
+    /// Calls `call` now, or after the running command of an IDE.
     virtual void AfterCommand(std::function<void()> call) = 0;
-    /// Says whether the action is enabled, as the menu shows it.
+    /// Returns whether the action is enabled, as the menu shows it.
     [[nodiscard]] virtual bool IsEnabled(ActionId id) const = 0;
-    /// The panes of a layout have come into sight, or have gone.
+    /// Called when the panes of a layout are shown or hidden.
     virtual void ShowLayoutMode(bool isOn) = 0;
-    /// Shows the zoom of the preview in the status bar; empty for none.
+    /// Shows the zoom of the preview in the status bar. An empty text removes it.
     virtual void ShowZoom(const QString &zoom) = 0;
 
 protected:

@@ -4,18 +4,17 @@
 
 #include <optional>
 
-/// What a user types for the zoom of a preview.
+/// Checks the zoom of a preview that a user types.
 namespace ZoomInput
 {
 
 inline constexpr int LOWEST = 10;
 inline constexpr int HIGHEST = 1000; // percent
 
-/// What is said of any other input.
+/// The message about invalid input.
 [[nodiscard]] QString Message();
 
-/// The number of percent; nothing for a text that isn't a whole number from LOWEST to HIGHEST. Blanks around it don't
-/// count.
+/// The percentage in a text; nothing if it isn't a whole number from LOWEST to HIGHEST. Blanks around it are ignored.
 [[nodiscard]] std::optional<int> Check(const QString &text);
 
 } // namespace ZoomInput
