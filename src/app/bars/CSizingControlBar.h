@@ -6,30 +6,31 @@
 
 class Settings;
 
-/// A docking bar that keeps three sizes: for lying, for standing and for floating. The settings remember them.
+/// A docking bar with three sizes: docked horizontally (lying), docked vertically (standing), and floating. The
+/// settings store them.
 ///
-/// The sizes are those that the user chose, of the whole bar in pixels. A small window can squeeze the bar below them.
+/// These are the sizes of the whole bar that the user chose, in pixels. In a small window the bar can be smaller.
 class CSizingControlBar : public QDockWidget
 {
 public:
-    /// `number` tells the bars of a program apart in the settings; `size` is what it starts with.
+    /// `number` identifies the bar in the settings; `size` is its initial size.
     CSizingControlBar(const QString &title, int number, const QSize &size, QWidget *parent);
 
-    /// Takes over the bar's content, which from then on asks for the size that the bar remembers.
+    /// Sets the bar's content and takes ownership of it. From then on its size hint is the bar's stored size.
     void SetContent(QWidget *content);
 
     void ReadSizes(const Settings &settings);
-    /// What the settings are to remember of the sizes.
+    /// The entries for the sizes to store in the settings.
     [[nodiscard]] QList<ProfileEntry> Sizes() const;
 
     /// The size for the place where the bar is now.
     [[nodiscard]] QSize PreferredSize() const;
-    /// The user has changed the bar's size from `before` to what it is now, docked where it is.
+    /// Stores a change of the docked bar's size by the user: each of width and height that now differs from `before`.
     void TakeChange(const QSize &before);
-    /// Standing, it is to be no wider than this.
+    /// Reduces the standing bar's stored width to at most this.
     void LimitStandingWidth(int most);
 
-    /// Gives the bar its size, and a place on a screen, if it floats and the user isn't dragging it.
+    /// Gives the bar its size and a position on a screen, if it is floating and the user isn't dragging it.
     void PlaceFloating();
 
 protected:
@@ -50,6 +51,6 @@ private:
 
     int number;
     QSize sizes[FORMS];
-    bool isPlaced = false;    // floats, and has had the size for that since it was shown
-    bool isTitleHeld = false; // the mouse is down on the title
+    bool isPlaced = false;    // floating, and has got its floating size since it was shown
+    bool isTitleHeld = false; // the user is holding the title with the mouse
 };

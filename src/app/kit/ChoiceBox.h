@@ -7,29 +7,32 @@
 
 class CListGrid;
 
-/// A list of choices to drop down, laid over a cell of a list. One for all cells; hidden while nothing is chosen.
+/// A drop-down list of choices that is placed over a cell of a list. A list has one for all its cells; it is hidden
+/// while the user isn't choosing.
 ///
-/// A choice, also of the same entry again, Enter and the loss of the focus end it; Esc drops it. It moves with its
-/// cell and ignores the wheel.
+/// It commits and closes when the user chooses an entry, even the same one, presses Enter, or moves the focus
+/// elsewhere. Esc discards the choice. The box moves with its cell and ignores the wheel.
 class ChoiceBox : public QComboBox
 {
 public:
-    /// Belongs to the list.
+    /// The list owns the box.
     ChoiceBox(CListGrid &listGrid, const QStringList &choices);
 
-    /// Asked when the user chooses an entry; false keeps the box open. Where it isn't set any choice ends it.
+    /// Called when the user chooses an entry. Returns false to keep the box open. If it isn't set, any choice closes
+    /// the box.
     std::function<bool(const QModelIndex &cell, const QString &choice)> picked;
-    /// Told when it ends but by Esc, with the entry that was chosen; it is hidden by then.
+    /// Called with the chosen entry when the box closes, unless by Esc. The box is hidden by then.
     std::function<void(const QPersistentModelIndex &cell, const QString &choice)> chosen;
 
-    /// Opens over the cell with the first entry that begins with `text`, in either case. False, and closed, when the
-    /// cell can't be seen whole.
+    /// Opens over the cell, at the first entry that begins with `text`, ignoring case. Returns false and stays closed
+    /// if the whole cell can't be seen.
     bool Open(const QModelIndex &cell, const QString &text);
-    /// Closes and tells the choice. Does nothing while it isn't open.
+    /// Closes the box and reports the choice. Does nothing if it isn't open.
     void Commit();
-    /// Closes, and tells the choice if it isn't the one that it opened with. For what isn't the user's leaving it.
+    /// Closes the box, and reports the choice only if it isn't the one that the box opened with. For when something
+    /// other than the user ends the choosing.
     void Take();
-    /// Closes and drops the choice.
+    /// Closes the box and discards the choice.
     void Cancel();
     [[nodiscard]] bool IsOpen() const { return isOpen; }
 

@@ -7,10 +7,10 @@
 
 class XClipboardQuestion;
 
-/// Says whether the clipboard has text, without ever waiting for the program that owns it.
+/// Knows whether the clipboard has text. Never waits for the program that owns the clipboard.
 ///
-/// It follows the clipboard's changes and asks at most once for each, when somebody wants to know. On an X display the
-/// owner is another program, which may not answer: until it does the answer is no.
+/// It follows the clipboard's changes, and asks the owner at most once after each change, when a caller wants to know.
+/// On an X display the owner is another program, which may not answer. Until it does, the answer is no.
 class ClipboardText : public QObject
 {
 public:

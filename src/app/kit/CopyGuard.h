@@ -3,12 +3,12 @@
 #include <QKeyEvent>
 #include <QWidget>
 
-/// Keeps the copy keys from an item view. While the action Copy is disabled they would reach the view, and its default
-/// for them replaces what the clipboard holds.
+/// Keeps the copy keys away from an item view. While the action Copy is disabled, the keys would reach the view, whose
+/// default is to replace the contents of the clipboard.
 class CopyGuard : public QObject
 {
 public:
-    /// Belongs to the view.
+    /// The view owns the guard.
     explicit CopyGuard(QWidget &view) : QObject(&view) { view.installEventFilter(this); }
 
     bool eventFilter(QObject *, QEvent *event) override

@@ -3,7 +3,7 @@
 #include <QMimeData>
 #include <QUrl>
 
-/// The local files and folders among what is dropped.
+/// The paths of the local files and folders in dropped data.
 [[nodiscard]] inline QStringList DroppedFiles(const QMimeData *data)
 {
     QStringList files;

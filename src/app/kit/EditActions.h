@@ -8,7 +8,7 @@
 
 class QAbstractItemView;
 
-/// What an edit control says of itself.
+/// The state of an edit control.
 struct EditControlState
 {
     bool readOnly = false;
@@ -17,10 +17,10 @@ struct EditControlState
     bool clipboardHasText = false;
 };
 
-/// What an action of the Edit menu is while an edit control has the focus; nothing for any other action.
+/// The state of an action of the Edit menu while an edit control has the focus; nothing for any other action.
 [[nodiscard]] std::optional<ActionState> EditActionState(ActionId id, const EditControlState &control);
 
-/// The edit control that has the focus, if one has: Cut, Copy, Paste, Delete, Undo and Select All are then its own.
+/// The edit control with the focus, if there is one. It then gets Cut, Copy, Paste, Delete, Undo and Select All.
 class FocusedEdit : public QObject, public IActionTarget
 {
 public:
@@ -29,14 +29,15 @@ public:
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
     void Run(ActionId id) override;
 
-    /// The widget that has the focus; while the menu bar has it, the one that gets it back.
+    /// The widget with the focus. While the menu bar has it, the widget that will get it back.
     [[nodiscard]] QWidget *Focus() const;
-    /// Takes the label that is being edited in a tree or a list, as leaving it does. Nothing where none is.
+    /// Commits the label that is being edited in a tree or a list, as if the user had left it. Does nothing if there is
+    /// none.
     void EndLabel() const;
-    /// The list or the tree in which an edit control edits a cell or a label; null where it doesn't, and for any other
-    /// widget and null.
+    /// The list or tree in which an edit control edits a cell or a label. Null if it doesn't, and for any other widget
+    /// or null.
     [[nodiscard]] static QAbstractItemView *EditedView(const QWidget *edit);
-    /// The control; null when the focus is elsewhere.
+    /// The edit control; null if the focus is elsewhere.
     [[nodiscard]] QWidget *Control() const;
 
 private:

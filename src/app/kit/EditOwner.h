@@ -4,8 +4,8 @@
 class IEditOwner
 {
 public:
-    /// Commits what is being edited, as leaving the editor does. False when it is refused, after a message to the user;
-    /// true also when nothing is edited.
+    /// Commits what is being edited, as leaving the editor does. If it is refused, tells the user and returns false.
+    /// Returns true if nothing is being edited.
     [[nodiscard]] virtual bool TakeEdit() = 0;
 
 protected:

@@ -2,19 +2,19 @@
 
 #include <QSplitter>
 
-/// A splitter whose bar the keyboard can move: once the bar has the focus the arrows move it, Enter leaves it where it
-/// is, and Escape puts it back.
+/// A splitter with a bar that the user can move with the keyboard. Once the bar has the focus, the arrow keys move it,
+/// Enter keeps its new position, and Escape restores the old one.
 class KeyboardSplitter : public QSplitter
 {
 public:
     explicit KeyboardSplitter(Qt::Orientation orientation);
 
-    /// The size of what is before the bar, in pixels, as the user chose it last: what a small window does to it is no
-    /// choice.
+    /// The size of the widget before the bar, in pixels, as the user chose it last. A size that a small window forces
+    /// is not a choice.
     [[nodiscard]] int ChosenSize() const { return chosen; }
     void ChooseSize(int size) { chosen = size; }
-    /// Gives both widgets their sizes: the first the one that the settings have, in pixels, and the other what is left,
-    /// also of a window that grows. Neither can be made to vanish.
+    /// Sets the sizes of both widgets. The first gets the stored size, in pixels, and the other what is left, also when
+    /// the window grows. Neither can be collapsed.
     void RestoreSize(int stored);
 
 protected:

@@ -6,7 +6,7 @@
 #include <QLineEdit>
 #include <QStyledItemDelegate>
 
-/// Edits labels in place. An opened menu doesn't end it: entries of the Edit menu are for the label.
+/// Edits labels in place. Opening a menu doesn't end the editing, because the Edit menu applies to the label.
 class LabelDelegate : public QStyledItemDelegate
 {
 public:

@@ -3,21 +3,21 @@
 #include <QLineEdit>
 #include <QValidator>
 
-/// Keeps a line edit to one line: each end of a line that comes into it, by pasting, dropping or composing, becomes a
-/// blank. What was in its text before stays as it is. A character that the longest length cuts in half is left out.
+/// Keeps the text of a line edit to one line: line ends in text that is pasted, dropped or composed become blanks. The
+/// text that was there before is not changed. A character that the maximum length would cut in half is left out.
 class LineEndGuard : public QValidator
 {
 public:
-    /// Belongs to the edit control.
+    /// The edit control owns the guard.
     explicit LineEndGuard(QLineEdit &control);
 
-    /// Gives the control a text as it is, line ends and all.
+    /// Sets the control's text without a change, including line ends.
     void SetText(const QString &text);
 
     State validate(QString &text, int &cursor) const override;
 
 private:
     QLineEdit &edit;
-    QString original; // as it was set
-    QString known;    // as it was after the last change
+    QString original; // the text as it was set
+    QString known;    // the text after the last change
 };

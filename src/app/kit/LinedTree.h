@@ -2,16 +2,16 @@
 
 #include <QTreeWidget>
 
-/// A tree with lines from an item to what is below it, as all panes and dialogs of the program have it. Nothing takes
-/// the selection away but another item.
+/// The tree that all panes and dialogs of the program use, with lines that connect its items. An item stays selected
+/// until another one is selected.
 class LinedTree : public QTreeWidget
 {
 public:
     using QTreeWidget::QTreeWidget;
 
-    /// Shows the labels of its only column whole: what is wider than the view scrolls.
+    /// Shows the labels of its only column in full. The tree can be scrolled if they are wider than the view.
     void ShowWholeLabels();
-    /// Makes the column as wide as the view, and wider where the longest label is. To be called after labels have
+    /// Makes the column as wide as the view, or as the longest label if that is wider. Must be called after labels have
     /// changed, and after items were opened while updates were disabled.
     void FitColumn();
 

@@ -5,19 +5,19 @@
 #include <QFont>
 #include <QStaticText>
 
-/// What a model of a CListGrid tells of a cell beside its text.
+/// The roles of a CListGrid's model in addition to a cell's text.
 enum ListCellRole : int
 {
-    ROLE_IS_GAP = Qt::UserRole + 1, ///< bool: an empty cell has a mark that it lacks a text
-    ROLE_DIRECTION,                 ///< Qt::LayoutDirection of its text; nothing for left to right
+    ROLE_IS_GAP = Qt::UserRole + 1, ///< bool: an empty cell is marked as lacking a text
+    ROLE_DIRECTION,                 ///< Qt::LayoutDirection of the text; nothing for left to right
 };
 
-/// Draws the cells of a CListGrid: a background, an icon where there is one, and the text in one line, cut with "…".
-/// Texts that were laid out stay in a cache: several times as fast as the delegate of Qt. The texts must be of one line
-/// and not very long (see CellLine.h).
+/// Draws the cells of a CListGrid: a background, an icon if there is one, and the text in one line, elided with "…".
+/// Keeps texts that have been laid out in a cache, which makes it several times as fast as Qt's delegate. Texts must
+/// have one line and must not be very long (see CellLine.h).
 ///
-/// A selected row has the full highlight colour without the focus too. Where a text is cut, the tool tip of the cell is
-/// that of the model, or else the text. The frame of the row that has the focus is drawn by the list.
+/// A selected row has the full highlight colour even without the focus. The tool tip of a cell with an elided text is
+/// that of the model, or else the text. The list itself draws the frame of the row with the focus.
 class ListCellDelegate : public QAbstractItemDelegate
 {
 public:
@@ -29,7 +29,7 @@ public:
                    const QModelIndex &index) override;
 
 private:
-    /// A text as it is drawn in a cell.
+    /// A text that has been laid out for a cell.
     struct LaidOut
     {
         QStaticText text;
@@ -39,7 +39,7 @@ private:
     struct Key
     {
         QString text;
-        int width; // that it may take
+        int width; // the width available to it
         Qt::LayoutDirection direction;
         bool operator==(const Key &) const = default;
         friend size_t qHash(const Key &key, size_t seed)
@@ -53,10 +53,10 @@ private:
     void DrawText(QPainter &painter, const QStyleOptionViewItem &option, const QRect &place, const QString &text,
                   Qt::LayoutDirection direction) const;
 
-    // Bounded by the characters in it and a share for each text.
+    // The limit of the cache, in characters. Each text adds a fixed share to its characters.
     static constexpr int MOST_CACHED = 200'000;
     mutable QCache<Key, LaidOut> cache{MOST_CACHED};
-    // Of the texts in the cache.
+    // The font and the scale of the texts in the cache.
     mutable QFont cachedFont;
     mutable qreal cachedScale = 0;
 };

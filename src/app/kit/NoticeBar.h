@@ -10,8 +10,8 @@ class NoticeText;
 class QLabel;
 class QToolButton;
 
-/// A bar at the top of a project's window that shows what the user has to know although nothing failed. It is hidden
-/// while there is nothing to show. It takes the focus only when the user gives it: by F6, Tab or a click.
+/// A bar at the top of a project's window for information that isn't an error. It is hidden while there is nothing to
+/// show. It gets the focus only if the user moves it there, with F6, Tab or a click.
 class NoticeBar : public QWidget
 {
 public:
@@ -19,7 +19,7 @@ public:
 
     void Add(const QString &text);
     [[nodiscard]] const Notices &Texts() const { return notices; }
-    /// Told when the bar goes away while it has the focus, which somebody else has to take then.
+    /// Called when the bar is hidden while it has the focus. Another widget must take the focus then.
     std::function<void()> leavesFocus;
 
 protected:

@@ -2,12 +2,12 @@
 
 #include <QPlainTextEdit>
 
-/// Plain text that can be selected and copied, as high as its lines need at the width it has, up to a limit where it
-/// scrolls. A word that is wider, such as a path, goes on in the next line.
+/// Plain text that can be selected and copied. It is as high as its lines need at its width, up to a limit, beyond
+/// which it scrolls. A word that is wider than a line, such as a path, continues in the next line.
 class NoticeText : public QPlainTextEdit
 {
 public:
-    /// A single line has the middle of `leastHeight` pixels.
+    /// A single line is centred within `leastHeight` pixels.
     NoticeText(QWidget *parent, int leastHeight);
 
     [[nodiscard]] bool hasHeightForWidth() const override { return true; }

@@ -6,9 +6,9 @@
 class IPaneGroup
 {
 public:
-    /// The panes that the user goes to one by one, in that order.
+    /// The panes, in the order in which the user moves through them.
     [[nodiscard]] virtual QList<QWidget *> Parts() const = 0;
-    /// The bars between them, which move by the arrow keys while they have the focus.
+    /// The bars between the panes. The arrow keys move a bar while it has the focus.
     [[nodiscard]] virtual QList<QWidget *> Dividers() const = 0;
 
 protected:

@@ -4,8 +4,8 @@
 
 #include <QWidget>
 
-/// A pane that shows a part of a document's tree. It is rebuilt on an update of the document while it is visible, and
-/// otherwise when it is shown next.
+/// A pane that shows a part of a document's tree. When the document is updated, a visible pane is rebuilt at once, and
+/// a hidden one when it is shown next.
 class PaneView : public QWidget, public CView
 {
 public:
@@ -16,5 +16,5 @@ protected:
     virtual void Rebuild() = 0;
     void showEvent(QShowEvent *event) override;
 
-    bool isStale = true; ///< the tree has changed since the last rebuild
+    bool isStale = true; ///< the tree may have changed since the last rebuild
 };

@@ -6,7 +6,7 @@ class CBaseRes;
 class IRowOwner
 {
 public:
-    /// Selects the row of a resource alone and gives it the focus. A filter that hides it ends.
+    /// Selects only the row of a resource, and gives it the focus. Removes a filter that hides the row.
     virtual void GoTo(const CBaseRes &resource) = 0;
 
 protected:

@@ -2,11 +2,11 @@
 
 #include "Profile.h"
 
-/// A pane of which the settings remember something.
+/// A pane with a state that the settings store.
 class IStateOwner
 {
 public:
-    /// What is to be stored when the program or the project's window ends.
+    /// The entries to store when the program ends or the project's window closes.
     [[nodiscard]] virtual QList<ProfileEntry> State() const = 0;
 
 protected:

@@ -4,6 +4,5 @@
 
 #include <QIcon>
 
-/// An icon that draws itself in the size and for the screen it is asked for, in colours that suit a light and a dark
-/// desktop.
+/// An icon that is drawn at the requested size and scale, in colours that suit both a light and a dark desktop.
 [[nodiscard]] QIcon MakeIcon(UiIcon icon);

@@ -3,7 +3,7 @@
 #include <QCursor>
 #include <QGuiApplication>
 
-/// The pointer tells that the program is at work, for as long as this lives.
+/// Shows the wait cursor for as long as this object exists.
 class WaitCursor
 {
 public:

@@ -12,11 +12,11 @@ struct xcb_selection_notify_event_t;
 class XClipboardQuestion : public QObject
 {
 public:
-    /// `receiver` is called from the event loop with the answer to the last question, if the owner gives one.
+    /// The event loop calls `receiver` with the answer to the last question, if the owner answers.
     explicit XClipboardQuestion(std::function<void(bool hasText)> receiver);
     ~XClipboardQuestion() override;
 
-    /// Asks. An answer to an earlier question doesn't count any more.
+    /// Asks the owner. Answers to earlier questions are ignored from now on.
     void Ask();
 
 private:
@@ -30,9 +30,9 @@ private:
     [[nodiscard]] quint32 Atom(const char *name) const;
 
     std::function<void(bool)> answered;
-    std::unique_ptr<xcb_connection_t, Disconnect> display; // its own: Qt doesn't see these events
+    std::unique_ptr<xcb_connection_t, Disconnect> display; // a separate connection: Qt doesn't see its events
     quint32 clipboardAtom = 0;
     quint32 targetsAtom = 0;
     QList<quint32> textAtoms;
-    quint32 window = 0; // of the last question; 0: there was none
+    quint32 window = 0; // of the last question; 0 if there was none
 };

@@ -6,20 +6,20 @@
 
 #include <deque>
 
-/// The text of the Output bar: what loads, saves, imports and packs have to say.
+/// The text of the Output bar: the output of loading, saving, importing and packing.
 ///
-/// It follows the newest line unless the user has put the caret elsewhere or selected something.
+/// It scrolls to the newest line, unless the user has moved the caret elsewhere or selected something.
 class CInfoPane : public QPlainTextEdit, public IActionTarget
 {
 public:
     explicit CInfoPane(QWidget *parent = nullptr);
 
-    /// Appends text as it comes, in parts of lines or in many lines. It shows when the event loop has nothing more
-    /// urgent to do, a piece at a time, so that a flood of lines holds up nothing else.
+    /// Appends text, which may be a part of a line or many lines. The text is shown a piece at a time when the event
+    /// loop has nothing more urgent to do, so that a large amount of output doesn't block the window.
     void Append(QStringView text);
-    /// Shows all that is held back.
+    /// Shows all text that is still pending.
     void Flush();
-    /// Puts the caret behind the last line.
+    /// Moves the caret to the end of the text.
     void GoToEnd();
 
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
@@ -34,6 +34,6 @@ private:
     void ShowPiece();
     void Show(QString text);
 
-    std::deque<QString> pending; // pieces of whole lines, but for the last
-    bool isWaiting = false;      // for the event loop
+    std::deque<QString> pending; // pieces of whole lines, except the last
+    bool isWaiting = false;      // for the event loop to show the pending text
 };

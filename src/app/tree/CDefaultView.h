@@ -4,12 +4,12 @@
 
 #include <QListWidget>
 
-/// The children of the selected folder as large icons, for a folder that has no view of its own. Leads into them and
-/// out again.
+/// Shows the children of the selected folder as large icons, if the folder has no view of its own. The user can go into
+/// them and back out.
 class CDefaultView : public QListWidget, public CView, public IActionTarget, public ITreeListener
 {
 public:
-    /// The menus of folders, and what is chosen there, are `projectTree`'s.
+    /// `projectTree` opens the menus of folders and runs the actions that are chosen there.
     CDefaultView(CResDoc &projectDocument, Selection &folderSelection, CProjView &projectTree);
     ~CDefaultView() override;
 
@@ -29,17 +29,17 @@ protected:
 
 private:
     void Fill();
-    /// Shows the folder above the one that is shown, with the row of the latter selected.
+    /// Goes to the parent of the shown folder, and selects the row of the folder that was shown.
     void GoOut();
     void FitGrid();
     void SelectRow(const CResFolder *folder);
-    /// The row that is selected, or null.
+    /// The selected row, or null.
     [[nodiscard]] QListWidgetItem *SelectedRow() const;
 
     CResDoc &document;
     Selection &selection;
     CProjView &tree;
-    CResFolder *shown = nullptr; // whose subfolders the rows are
-    QString hint;                // in the place of rows
+    CResFolder *shown = nullptr; // the folder whose subfolders are the rows
+    QString hint;                // the text that is shown instead of rows
     bool isFilling = false;
 };

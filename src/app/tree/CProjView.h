@@ -7,10 +7,11 @@
 #include "Selection.h"
 #include "ViewHost.h"
 
-/// Says whether a key leads out of a folder, to the one above it: Backspace and Alt+Up.
+/// Returns whether a key goes from a folder to its parent: Backspace or Alt+Up.
 [[nodiscard]] bool LeadsOut(const QKeyEvent &key);
 
-/// The project tree, left in a project's window: the folders in use, whose selection decides what stands right of it.
+/// The project tree, on the left of a project's window. It shows the folders in use, and its selection decides which
+/// pane is to the right of it.
 class CProjView : public LinedTree, public CView, public IActionTarget, public ITreeListener
 {
 public:
@@ -25,17 +26,17 @@ public:
 
     /// The folder of a row.
     [[nodiscard]] static CResFolder *FolderOf(const QTreeWidgetItem *item);
-    /// The row of a folder, searched depth first; null when it has none.
+    /// The row of a folder, found by a depth-first search; null if it has none.
     [[nodiscard]] QTreeWidgetItem *ItemOf(const CResFolder *folder) const;
-    /// Gives a folder the label that was typed, or leaves it and says why.
+    /// Gives a folder the label that was typed, or tells the user why that isn't possible.
     void EditLabel(CResFolder &folder, const QString &typed);
-    /// Opens the menu of a folder, and runs the action that is chosen there on that folder. Returns when the menu is
-    /// closed and the action has run.
+    /// Opens the menu of a folder, and runs the chosen action on that folder. Returns after the menu has closed and the
+    /// action has run.
     void OpenContextMenu(CResFolder &folder, const QPoint &globalPlace);
-    /// Has the user choose the resolutions of the project's root, of its images or of its layouts, and applies the
-    /// choice. False for any other folder, where nothing is asked.
+    /// Lets the user choose the resolutions of the project's root, of its images or of its layouts, and applies the
+    /// choice. Returns false without asking for any other folder.
     bool ChooseResolutions(CResFolder &folder);
-    /// Makes the actions to come act on that folder; null: on the selected one.
+    /// Sets the folder that following actions apply to; null for the selected folder.
     void SetContextFolder(CResFolder *folder) { contextFolder = folder; }
 
 protected:

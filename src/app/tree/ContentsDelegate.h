@@ -2,11 +2,11 @@
 
 #include "LabelDelegate.h"
 
-/// Draws a row of the contents: icon, name, and below the name a dim line that tells what is in it.
+/// Draws a row of the contents: an icon, the name, and below the name a dim line that says what the folder has.
 class ContentsDelegate : public LabelDelegate
 {
 public:
-    /// The role of the line; a row without one has the name alone.
+    /// The role of the dim line. A row without it shows only the name.
     static constexpr int COUNT_LINE = Qt::UserRole + 1;
 
     using LabelDelegate::LabelDelegate;
