@@ -2,5 +2,5 @@
 
 class QWidget;
 
-/// Shows what program this is, and of what date.
+/// Shows the program's name, its version, and when it was built.
 void ShowAboutBox(QWidget *parent);

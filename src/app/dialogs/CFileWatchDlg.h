@@ -5,13 +5,13 @@
 class QCheckBox;
 class QVBoxLayout;
 
-/// Asks whether to load a file again that another program has changed. Accepted is Yes. Run it by
+/// Asks whether to reload a file that another program has changed. The dialog is accepted by Yes. Run it with
 /// IViewBoxes::RunDialog, once.
 class CFileWatchDlg : public QDialog
 {
 public:
-    /// The flags say "reload without asking"; Yes stores them. A flag that is null has no check box. With
-    /// `hasUnsavedChanges` a line says that a reload drops them, and No is the default.
+    /// The flags mean "reload without asking"; Yes stores them. A null flag has no check box. With `hasUnsavedChanges`
+    /// a line says that reloading discards the changes, and No is the default.
     CFileWatchDlg(const QString &path, qint32 *fileFlag, qint32 *typeFlag, bool hasUnsavedChanges,
                   QWidget *parent = nullptr);
 

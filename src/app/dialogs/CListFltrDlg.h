@@ -7,8 +7,8 @@
 class CheckListModel;
 class CListGrid;
 
-/// A dialog in which the user chooses, from a fixed set, what a project uses. What the set is and what the choice does
-/// is a helper's. Run it by IViewBoxes::RunDialog, once.
+/// A dialog in which the user chooses, from a fixed set, what a project uses. A helper defines the set and applies the
+/// choice. Run it with IViewBoxes::RunDialog, once.
 ///
 ///     CLangFltr helper(table, document, strings, boxes);
 ///     CListFltrDlg dialog(helper, settings, window());
@@ -16,10 +16,10 @@ class CListGrid;
 class CListFltrDlg : public CheckDialog
 {
 public:
-    /// Has the helper fill the list. Both must live longer.
+    /// Lets the helper fill the list. Helper and settings must outlive the dialog.
     CListFltrDlg(IListFltrHelper &listHelper, Settings &programSettings, QWidget *parent = nullptr);
 
-    /// OK: closes the dialog when the helper has applied the choice.
+    /// OK: closes the dialog if the helper has applied the choice.
     void accept() override;
     /// Stores the widths of the columns and the sort state.
     void done(int result) override;
@@ -32,7 +32,7 @@ private:
     void FitRows();
     void Sort();
     void SortBy(int column);
-    /// Turns the check of the row in focus, and gives the other selected rows the same.
+    /// Inverts the check of the row with the focus, and gives the other selected rows the same state.
     void Toggle();
 
     IListFltrHelper &helper;

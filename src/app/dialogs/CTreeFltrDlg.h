@@ -6,21 +6,21 @@
 class LinedTree;
 class QTreeWidgetItem;
 
-/// CListFltrDlg with a tree in the place of the list: a check that the user changes is given to all below it as well.
-/// Run it by IViewBoxes::RunDialog, once.
+/// Like CListFltrDlg, but with a tree instead of the list: when the user changes a check, all items below it get the
+/// same state. Run it with IViewBoxes::RunDialog, once.
 class CTreeFltrDlg : public CheckDialog
 {
 public:
-    /// Has the helper fill the tree. It must live longer.
+    /// Lets the helper fill the tree. The helper must outlive the dialog.
     explicit CTreeFltrDlg(ITreeFltrHelper &treeHelper, QWidget *parent = nullptr);
 
-    /// OK: closes the dialog when the helper has applied the choice.
+    /// OK: closes the dialog if the helper has applied the choice.
     void accept() override;
 
 private:
     void Insert(QTreeWidgetItem *parent, CheckTree::Item &item);
     void FitRows();
-    /// The user has changed a check.
+    /// Called when the user has changed a check.
     void Turned(QTreeWidgetItem *row);
     /// Shows the checks as they are in `tree`.
     void ShowChecks();

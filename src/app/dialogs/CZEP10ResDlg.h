@@ -8,17 +8,17 @@ class CListGrid;
 class IViewBoxes;
 class V1ListModel;
 
-/// The list of the resources of version 1.0 of the project that was opened last: files are added to it and taken out.
-/// OK writes it; nothing else does. Run it by IViewBoxes::RunDialog, once.
+/// Edits the list of version 1.0 resources of the project that was opened last. The user adds and removes files. Only
+/// OK writes the list. Run it with IViewBoxes::RunDialog, once.
 class CZEP10ResDlg : public QDialog
 {
 public:
-    /// Reads the list of that project; empty when none was opened. Files are chosen through `viewBoxes`, which must
-    /// live longer, as must the environment.
+    /// Reads the list of the project; it is empty if no project was opened. The user chooses files through `viewBoxes`.
+    /// This and the environment must outlive the dialog.
     CZEP10ResDlg(Environment &environment, const QString &projectPath, IViewBoxes &viewBoxes,
                  QWidget *parent = nullptr);
 
-    /// OK: writes the list and closes the dialog. Does nothing where no project was opened.
+    /// OK: writes the list and closes the dialog. Does nothing if no project was opened.
     void accept() override;
 
 private:

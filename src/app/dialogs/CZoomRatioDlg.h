@@ -4,17 +4,18 @@
 
 class QLineEdit;
 
-/// Asks for the zoom of a preview in percent. Run it by IViewBoxes::RunDialog.
+/// Asks for the zoom of a preview in percent. Run it with IViewBoxes::RunDialog.
 class CZoomRatioDlg : public QDialog
 {
 public:
     /// Shows `shownPercent`, which may be any number.
     explicit CZoomRatioDlg(int shownPercent, QWidget *parent = nullptr);
 
-    /// What the user has accepted, from ZoomInput::LOWEST to ZoomInput::HIGHEST; before that what is shown first.
+    /// The accepted zoom in percent, from ZoomInput::LOWEST to ZoomInput::HIGHEST. Before the user accepts,
+    /// `shownPercent`.
     [[nodiscard]] int Percent() const { return percent; }
 
-    /// OK: closes the dialog, or says which numbers it takes.
+    /// OK: closes the dialog, or tells the user which numbers are valid.
     void accept() override;
 
 private:

@@ -6,17 +6,17 @@
 
 class QAbstractScrollArea;
 
-/// What the dialogs of check boxes share: the title, the list or tree, and below it a row of buttons that check and
-/// uncheck all of it, OK and Cancel.
+/// The base of the dialogs of check boxes: the title, the list or tree, and below it a row of buttons: Select All,
+/// Clear All, OK and Cancel.
 class CheckDialog : public QDialog
 {
 protected:
     explicit CheckDialog(QWidget *parent);
 
-    /// Puts the boxes and the buttons into the dialog. `setAll` is called by Select All and Clear All, which are
-    /// disabled where `isEmpty`.
+    /// Puts the boxes and the buttons into the dialog. Select All and Clear All call `setAll`. They are disabled if
+    /// `isEmpty` is set.
     void MakeContent(QAbstractScrollArea &boxes, bool isEmpty, const std::function<void(bool checked)> &setAll);
-    /// Gives the dialog the size at which the boxes have this one inside their frame, within the screen. A vertical
-    /// scroll bar gets room beside it.
+    /// Sets the dialog's size so that the area of the boxes has this size inside its frame, limited by the screen. A
+    /// vertical scroll bar gets additional room.
     void FitSize(const QAbstractScrollArea &boxes, const QSize &size);
 };

@@ -8,12 +8,12 @@
 class CheckListModel : public QAbstractTableModel
 {
 public:
-    /// The list must live longer, and be filled by now.
+    /// The list must outlive this object, and must be filled already.
     CheckListModel(CheckList &checkList, QObject *parent);
 
-    /// All rows at once.
+    /// Checks or unchecks all rows at once.
     void SetAll(bool checked);
-    /// Moves the rows (CheckList::Sort). What is selected stays selected.
+    /// Sorts the rows (CheckList::Sort). Selected rows remain selected.
     void Sort(int sortState, const std::function<int(qint32 a, qint32 b, int column)> &compare);
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;

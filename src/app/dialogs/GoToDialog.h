@@ -7,15 +7,15 @@
 class QLineEdit;
 class QListWidget;
 
-/// Finds an ID of a project as the user types: strings, files and layouts, the best first. Run it by
+/// Finds IDs of a project as the user types: strings, files and layouts, the best match first. Run it with
 /// IViewBoxes::RunDialog.
 class GoToDialog : public QDialog
 {
 public:
-    /// The model must live longer, and stay as it is while the dialog is open.
+    /// The model must outlive the dialog, and must not change while the dialog is open.
     explicit GoToDialog(CResModel &projectModel, QWidget *parent = nullptr);
 
-    /// The ID that was chosen; null when there was none to choose.
+    /// The chosen ID; null if there was none to choose.
     [[nodiscard]] const LocatedId *Chosen() const;
 
 protected:
@@ -27,5 +27,5 @@ private:
     CResModel &model;
     QLineEdit *typed;
     QListWidget *list;
-    std::vector<LocatedId> found; // a row each
+    std::vector<LocatedId> found; // one for each row
 };

@@ -3,5 +3,5 @@
 class QDialog;
 class QDialogButtonBox;
 
-/// The buttons OK, which is the default, and Cancel of a dialog, connected to its `accept` and `reject`.
+/// Makes a dialog's buttons OK, which is the default, and Cancel. They are connected to its `accept` and `reject`.
 [[nodiscard]] QDialogButtonBox *MakeOkCancel(QDialog &dialog);

@@ -4,16 +4,16 @@
 
 #include <QAbstractTableModel>
 
-/// The list of the resources of version 1.0 as an item model: a row for each file, with its name and its path.
+/// The list of version 1.0 resources as an item model: a row for each file, with its name and its path.
 class V1ListModel : public QAbstractTableModel
 {
 public:
-    /// The list must live longer, and be changed only through here.
+    /// The list must outlive this object, and must be changed only through it.
     V1ListModel(V1ResourceList &resourceList, QObject *parent);
 
-    /// Appends files in their order.
+    /// Appends files in the order of `paths`.
     void Add(const QStringList &paths);
-    /// Takes out the rows of these indices, which are ascending.
+    /// Removes the rows with these indices, which must be ascending.
     void Remove(const std::vector<int> &rows);
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;

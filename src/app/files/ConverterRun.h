@@ -7,29 +7,29 @@
 #include <functional>
 #include <memory>
 
-/// Has the image converter make the device's form of a picture, while the program goes on. One picture at a time: a new
-/// start ends the run before it. Nothing is written but into a temporary folder.
+/// Runs the image converter in the background to make the device's form of a picture. Converts one picture at a time: a
+/// new start ends the previous run. Writes only to a temporary folder.
 class ConverterRun : public QObject
 {
 public:
-    /// Gets the host's path of the converted file, which is there until the next `Start` or `Stop`, or why there is
-    /// none, for a sentence that begins with "The converter".
+    /// Receives the host's path of the converted file, which exists until the next `Start` or `Stop`, or the reason why
+    /// there is none, as the end of a sentence that begins with "The converter".
     using Then = std::function<void(const QByteArray &made, const QString &problem)>;
 
     explicit ConverterRun(QString converterPath, QObject *parent = nullptr);
     ~ConverterRun() override;
 
-    /// `source` is an absolute host path in bytes, and `kind` the extension by which the converter may know its format.
-    /// A converter that takes longer than `limitMs` is ended.
+    /// `source` is an absolute host path in bytes, and `kind` the extension from which the converter can tell its
+    /// format. The converter is killed if it takes longer than `limitMs`.
     void Start(const QByteArray &source, const QByteArray &kind, Then then, int limitMs = 10'000);
-    /// Ends a run without a result, and removes what was made.
+    /// Ends a run without a result, and removes the converted file.
     void Stop();
 
 private:
     class Run;
 
     QString converter;
-    std::shared_ptr<TemporaryFolder> folder; // made when it is needed first; there until the last run has ended
+    std::shared_ptr<TemporaryFolder> folder; // made at first use; exists until the last run has ended
     Run *run = nullptr;
     int number = 0;
 };

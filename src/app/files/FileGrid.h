@@ -12,44 +12,45 @@ class ChoiceBox;
 class IViewBoxes;
 class QPushButton;
 
-/// The list of files on the screen: its columns, its order, and what is laid over its cells: the editor of an ID, the
-/// box of types, and the button that chooses a file.
+/// The widget of the list of files: its columns, its order, and the controls over its cells: the editor of IDs, the box
+/// of types, and the button that chooses a file.
 class FileGrid : public CListGrid
 {
 public:
-    /// All must live longer. `types` are the types of a row to choose from.
+    /// All arguments must outlive this object. `types` are the types that the user can choose for a row.
     FileGrid(FileList &fileList, FileListModel &listModel, IViewBoxes &viewBoxes, Settings &settings,
              const QStringList &types);
 
-    /// Shows a folder. The row of the ID that was in focus last gets the focus and is selected, if it is there.
+    /// Shows a folder. The row with the ID that had the focus last gets the focus and is selected, if it exists.
     void ShowFolder(CResFolder *folder);
-    /// Before the resources go: what is being edited is lost.
+    /// Must be called before the resources are destroyed. Discards what is being edited.
     void LetGo();
 
     /// Opens the editor over the ID of the first selected row.
     void OpenIdEditor();
-    /// The same over the new row, which is selected alone.
+    /// Opens the editor over the ID of the new row, and selects only that row.
     void EditNewRow();
-    /// Lays the button over the path of the selected row. It hides unless exactly one is selected, and where there is
-    /// no room for it.
+    /// Places the button over the path of the selected row. Hides it unless exactly one row is selected and there is
+    /// room for the button.
     void PlaceButton();
-    /// The same with the box of types, over the type.
+    /// Places the box of types over the type in the same way.
     void PlaceTypeBox();
-    /// Commits what is being edited. False when it is refused: a message follows, and then the editor opens again.
+    /// Commits what is being edited. Returns false if it is refused: then a message is shown, and the editor opens
+    /// again.
     bool TakeEdit();
 
-    /// What is selected. Is asked often.
+    /// The selection. It is cached, because it is asked often.
     [[nodiscard]] const FileSelection &Selected() const;
 
-    /// What the settings are to remember of widths and order.
+    /// The entries for widths and order to store in the settings.
     [[nodiscard]] QList<ProfileEntry> State() const;
 
-    /// Scrolls a path up and down only: a click on it must not move the IDs out of sight.
+    /// Scrolls to a path only vertically: a click on it must not move the IDs out of sight.
     void scrollTo(const QModelIndex &cell, ScrollHint hint = EnsureVisible) override;
 
-    /// Told of a press of the button, or a double click that does the same.
+    /// Called when the user presses the button, or makes a double click with the same meaning.
     std::function<void()> browseWanted;
-    /// Told of another row in focus, or of a change of it.
+    /// Called when another row gets the focus, or when the row with the focus changes.
     std::function<void()> focusMoved;
 
 protected:
@@ -67,7 +68,7 @@ private:
     void DoubleClicked(const QModelIndex &cell);
     void Follow();
     void NoteFocus();
-    /// False when the list refuses the ID.
+    /// Returns false if the list refuses the ID.
     bool Commit(const QPersistentModelIndex &cell, const QString &text);
 
     FileList &list;
@@ -78,7 +79,7 @@ private:
     CellEditor *editor;
     ChoiceBox *typeBox;
     QPushButton *button;
-    NarrowText lastId; // of the row in focus
+    NarrowText lastId; // of the row with the focus
     bool isShowing = false;
     mutable std::optional<FileSelection> selected; // until the selection or the rows change
 };

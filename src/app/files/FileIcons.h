@@ -7,10 +7,11 @@
 
 #include <optional>
 
-/// The pictures of the rows of files: one for each kind of file, and those of the rows that have none.
+/// The icons of the rows of files: one for each kind of file, and those of rows without a file.
 ///
-/// The kind of a file is that of its extension. Whether it is there is asked once and kept until Refresh: of the file
-/// itself, and only where nothing has its exact name of a listing of its folder, which takes long in a large one.
+/// The extension determines the kind of a file. Whether a file exists is checked once and cached until Refresh. The
+/// check first looks for the file's exact name, and lists the folder only if there is no such file, because listing a
+/// large folder takes long.
 class FileIcons
 {
 public:
@@ -19,26 +20,26 @@ public:
     static constexpr int MISSING = 1;
     static constexpr int NO_PATH = 2;
 
-    /// `projectFolder` is what relative paths count from.
+    /// Relative paths are relative to `projectFolder`.
     explicit FileIcons(const QString &projectFolder);
 
-    /// The image of a path as the project stores it.
+    /// The number of the image for a path as the project stores it.
     [[nodiscard]] int ImageOf(const QString &path);
     [[nodiscard]] const QIcon &Icon(int image) const { return icons[image]; }
-    /// How many images there are: one for each distinct icon, and the first three.
+    /// The number of images: one for each distinct icon, and the first three.
     [[nodiscard]] int Count() const { return int(icons.size()); }
 
-    /// Says whether an extension is that of a picture.
+    /// Returns whether the extension of a path is that of a picture.
     [[nodiscard]] bool IsPicture(const QString &path);
-    /// The host's path of a path of the project, absolute, in bytes of the file system.
+    /// The absolute host path of a path of the project, in bytes of the file system.
     [[nodiscard]] QByteArray HostPathOf(const QString &path);
     [[nodiscard]] bool IsThere(const QString &path);
 
-    /// Files may have come or gone.
+    /// Drops the cache, because files may have been added or removed.
     void Refresh();
 
 private:
-    /// What an extension tells.
+    /// The properties of an extension.
     struct Kind
     {
         int image;

@@ -6,17 +6,17 @@
 
 #include <functional>
 
-/// The list of files of a window as an item model.
+/// A window's list of files as an item model.
 class FileListModel : public QAbstractTableModel, public IFileGrid
 {
 public:
-    /// Until a list is set the model is empty. It must live longer, or be taken away again.
+    /// The model is empty until a list is set. The list must outlive the model, or be removed by setting null.
     void SetList(const FileList *fileList);
 
-    /// Gives the picture of a row, and its tool tip.
+    /// Returns the picture of a row, and its tool tip.
     std::function<QVariant(int row)> pictureOf;
     std::function<QVariant(int row)> tipOf;
-    /// The pictures are to be asked for again.
+    /// Tells the view that the pictures have changed.
     void PicturesChanged();
 
     // QAbstractTableModel

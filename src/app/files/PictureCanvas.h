@@ -3,8 +3,8 @@
 #include <QImage>
 #include <QWidget>
 
-/// Shows a picture in the middle, without blurring small ones: each of their pixels becomes a square. What is
-/// transparent shows a chequered ground.
+/// Shows a picture, centred. Small pictures are enlarged without blurring: each pixel becomes a square. Transparent
+/// parts show a chequered background.
 class PictureCanvas : public QWidget
 {
 public:

@@ -8,32 +8,33 @@
 class Environment;
 class PictureLoader;
 
-/// What the preview shows: the file resource in focus.
+/// What the preview shows: the file resource with the focus.
 struct PreviewedFile
 {
     QString id;
     QString path;        ///< as the project stores it; empty for a resource without a file
     QByteArray hostPath; ///< absolute, in bytes of the file system
     bool isImage = false;
-    QSize screen;       ///< in pixels, of the resolution that an image is for; empty when it is for any
-    QString screenName; ///< such as "240x320"; empty when it is for any
+    QSize screen;       ///< in pixels, of the image's resolution; empty if the image is for any resolution
+    QString screenName; ///< such as "240x320"; empty if the image is for any resolution
 };
 
-/// The preview of the file in focus, below the list of files: the picture as the device shows it, its size and that of
-/// the screen, the bytes of the file and of the payload, and a mark when the picture is larger than the screen.
+/// The preview of the file with the focus, below the list of files. It shows the picture as on the device, its size and
+/// that of the screen, the bytes of the file and of the payload, and a mark if the picture is larger than the screen.
 class PicturePane : public QWidget
 {
 public:
-    /// Both must live longer. The environment names the program's folder, in which the converter is.
+    /// Both must outlive the pane. The environment has the path of the program's folder, in which the converter is.
     PicturePane(Environment &environment, PictureLoader &pictureLoader, QWidget *parent = nullptr);
     ~PicturePane() override;
 
-    /// Nothing is loaded while the pane is hidden. When the user comes back to the window the file is looked at again.
+    /// Shows a file. Nothing is loaded while the pane is hidden. When the user returns to the window, the file is
+    /// checked for changes.
     void Show(const PreviewedFile &file);
-    /// No file is in focus.
+    /// Shows that no file has the focus.
     void Clear();
 
-    /// The check box "Thumbnails": told when the user turns it.
+    /// Called when the user changes the check box "Thumbnails".
     std::function<void(bool isOn)> thumbnailsTurned;
     void ShowThumbnailsState(bool isOn);
 

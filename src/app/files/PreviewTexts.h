@@ -4,30 +4,30 @@
 
 struct LoadedPicture;
 
-/// The device's form of a picture, as far as it is known.
+/// What is known of the device's form of a picture.
 struct ConvertedPicture
 {
-    bool isTaken = false;   ///< by the converter, which doesn't take all kinds
-    bool isAwaited = false; ///< it is being made
+    bool isTaken = false;   ///< the converter accepts this kind of picture
+    bool isAwaited = false; ///< the conversion is running
     bool isMade = false;
-    qint64 bytes = 0; ///< when it is made
-    QString problem;  ///< why it can't be shown, for a sentence that begins with "The converter"
+    qint64 bytes = 0; ///< after the conversion
+    QString problem;  ///< why it can't be shown, as the end of a sentence that begins with "The converter"
 };
 
-/// What the preview says of a file, in lines of their own. An empty text is not shown.
+/// The texts of the preview of a file, each in its own line. Empty texts are not shown.
 struct PreviewTexts
 {
     QString picture; ///< its size, and the screen that it is for
     QString file;
     QString payload;
-    QString mark; ///< that the picture is larger than the screen
-    QString note; ///< what is shown, or why nothing is
+    QString mark; ///< says that the picture is larger than the screen
+    QString note; ///< says what is shown, or why nothing is shown
 };
 
-/// Of a file that has been looked at, or is going to be: nothing is known of it then.
+/// The texts of a file. If the file hasn't been loaded yet, nothing is known of it.
 [[nodiscard]] PreviewTexts TextsOf(const PreviewedFile &file, const LoadedPicture &loaded,
                                    const ConvertedPicture &converted);
 
-/// How large a picture is drawn in a place, both in device pixels: a small one by the largest whole number that isn't
-/// more than `mostZoom`, a large one as it fits.
+/// The size at which a picture is drawn in a place, in device pixels. A small picture is enlarged by the largest whole
+/// number up to `mostZoom`, and a large one is shrunk to fit.
 [[nodiscard]] QSize ZoomedSize(QSize picture, QSize place, int mostZoom);

@@ -2,8 +2,8 @@
 
 #include <QLineEdit>
 
-/// A line of text that can be selected and copied, not edited. It loses its middle where there is no room, with the
-/// whole in its tool tip, and shows all of it to who goes into it.
+/// A line of text that can be selected and copied, but not edited. If there is too little room, its middle is elided,
+/// and its tool tip has the whole text. It shows the whole text while it has the focus.
 class ValueLine : public QLineEdit
 {
 public:

@@ -4,25 +4,26 @@
 #include <QImage>
 #include <QString>
 
-/// The header of a picture in the device's form, which the image converter makes; docs/image-format.md has the layout.
+/// The header of a picture in the device's form, as the image converter writes it. docs/image-format.md describes the
+/// layout.
 class DevicePicture
 {
 public:
     static constexpr qsizetype HEADER_SIZE = 24;
 
-    /// Says whether a file that begins so claims to be one.
+    /// Returns whether a file with this beginning claims to be in the device's form.
     [[nodiscard]] static bool IsClaimedBy(QByteArrayView start) { return start.startsWith("MIMG"); }
 
     /// Takes the first bytes of a file, HEADER_SIZE or more.
     explicit DevicePicture(QByteArrayView start);
 
-    /// What is wrong with the header, as half a sentence; empty when it is right.
+    /// What is wrong with the header, as half a sentence; empty if it is valid.
     [[nodiscard]] const QString &Problem() const { return problem; }
-    /// In pixels. Here and below the header must be right.
+    /// The size in pixels. For this and the following functions, the header must be valid.
     [[nodiscard]] QSize Size() const { return {int(width), int(height)}; }
-    /// The bytes of the file up to the last pixel.
+    /// The number of bytes of the file, up to the last pixel.
     [[nodiscard]] quint64 FileSize() const { return headerSize + dataSize; }
-    /// The pixels of a whole file; null when it breaks off.
+    /// The pixels of a whole file; null if the file is truncated.
     [[nodiscard]] QImage Pixels(QByteArrayView file) const;
 
 private:

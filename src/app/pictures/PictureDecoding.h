@@ -4,18 +4,19 @@
 
 class QIODevice;
 
-/// More pixels than this are not decoded.
+/// Pictures with more pixels than this are not decoded.
 inline constexpr qint64 MOST_PIXELS_DECODED = 16'000'000;
 
-/// Reads the picture in `input`, in at most `most` device pixels; with an empty `most` only its size. The content says
-/// of which kind it is: the kinds that a project takes as images, and the device's form. As in the converter, a
-/// camera's note to turn the picture is left alone, and of a moving picture there is the first one.
+/// Reads the picture in `input`, at a size of at most `most` device pixels; with an empty `most`, only its size. The
+/// content determines the format: one of the formats that a project accepts as images, or the device's form. As in the
+/// converter, the orientation that a camera has stored is ignored, and only the first frame of an animation is read.
 ///
-/// Any thread. `picture` is in a format that is drawn without a conversion.
+/// Can be called in any thread. `picture` has a format that can be drawn without a conversion.
 [[nodiscard]] LoadedPicture DecodePicture(QIODevice &input, QSize most);
 
-/// A picture in the middle of a square of `side` pixels, which is transparent around it. A small one is enlarged by a
-/// whole number, and keeps its sharp pixels. What is white alone or black alone, with transparency, gets a grey ground.
+/// A picture in the middle of a square of `side` pixels, with transparent margins. A small picture is enlarged by a
+/// whole number and keeps its sharp pixels. A picture that is only white or only black, with transparency, gets a grey
+/// background.
 [[nodiscard]] QImage InSquare(const QImage &picture, int side);
 
 /// 1234567 as "1,234,567".

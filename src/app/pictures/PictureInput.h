@@ -6,20 +6,20 @@
 
 #include <atomic>
 
-/// A picture's file, opened for reading by one thread. Nothing is waited for: only regular files are opened, and a read
-/// fails when `isStopped` is set or when the thread has spent 10 seconds of processor time since the opening, so that a
-/// hostile file keeps no decoder busy for long.
+/// A picture's file, opened for reading by one thread. It never blocks: only regular files are opened. A read fails if
+/// `isStopped` is set, or if the thread has used 10 seconds of processor time since the file was opened, so that a
+/// hostile file can't keep a decoder busy for long.
 class PictureInput : public QFile
 {
 public:
-    /// `hostPath` is in bytes of the file system. `isStopped` must live longer.
+    /// `hostPath` is in bytes of the file system. `isStopped` must outlive this object.
     PictureInput(const QByteArray &hostPath, const std::atomic<bool> &isStopped);
 
-    /// Why it isn't open, as half a sentence; empty when it is.
+    /// Why the file isn't open, as half a sentence; empty if it is open.
     [[nodiscard]] const QString &Problem() const { return problem; }
-    /// Of the file before it was read; of no file where none is.
+    /// The stamp of the file before it was read; that of a missing file if there is none.
     [[nodiscard]] const FileStamp &Stamp() const { return stamp; }
-    /// The file's bytes; -1 when there is no regular file.
+    /// The size of the file in bytes; -1 if there is no regular file.
     [[nodiscard]] qint64 Bytes() const { return bytes; }
     [[nodiscard]] bool IsOutOfTime() const { return isOutOfTime; }
 
@@ -27,7 +27,7 @@ protected:
     qint64 readData(char *data, qint64 most) override;
 
 private:
-    /// Takes what `info` says of the file; false when it is none that can be read.
+    /// Stores the size and the stamp from `info`. Returns false if the file is none that can be read.
     [[nodiscard]] bool Take(const struct stat &info);
 
     const std::atomic<bool> &stopped;

@@ -13,15 +13,15 @@
 #include <mutex>
 #include <optional>
 
-/// A picture file that is to be read.
+/// A request to read a picture file.
 struct PictureRequest
 {
     QByteArray hostPath;
-    QSize most;                     ///< in device pixels; empty: the picture's size alone
+    QSize most;                     ///< in device pixels; empty: only the picture's size
     bool isThumbnail = false;       ///< in a square of `most`
-    std::optional<FileStamp> known; ///< what is known already: a file that still has this stamp isn't read
-    quint64 number = 0;             ///< for who asks
-    bool isWhole = false;           ///< of a thumbnail: not in a square, but as the picture is
+    std::optional<FileStamp> known; ///< the stamp that is known already; a file that still has it isn't read
+    quint64 number = 0;             ///< for the requester's use
+    bool isWhole = false;           ///< of a thumbnail: with the picture's proportions, not in a square
 };
 
 struct PictureResult
@@ -29,7 +29,7 @@ struct PictureResult
     PictureRequest request;
     LoadedPicture picture;
     FileStamp stamp;
-    bool isUnchanged = false; ///< the file has the stamp that is known, and there is no picture
+    bool isUnchanged = false; ///< the file still has the known stamp, and there is no picture
 };
 
 /// Threads that read picture files, as many as there are cores, at a lower priority than the rest of the
@@ -38,14 +38,14 @@ class PictureWorkers : public QObject
 {
 public:
     explicit PictureWorkers(std::function<void(std::vector<PictureResult>)> tellResults);
-    /// Waits for the files that are being read, whose results are dropped; reading them ends early.
+    /// Waits for the files that are being read. Their reading ends early, and their results are dropped.
     ~PictureWorkers() override;
 
-    /// Asks for a thumbnail. Of more than 512 that wait the oldest is dropped, and is the result.
+    /// Requests a thumbnail. If more than 512 requests wait, drops the oldest and returns it.
     [[nodiscard]] std::optional<PictureRequest> AddThumbnail(PictureRequest request);
-    /// Asks for a picture that goes before all thumbnails. One that waits is replaced.
+    /// Requests a picture that is read before all thumbnails. Replaces such a request that is still waiting.
     void AddFirst(PictureRequest request);
-    /// Drops the thumbnails that wait.
+    /// Drops the waiting requests for thumbnails.
     void DropThumbnails();
 
 private:
@@ -60,12 +60,12 @@ private:
     QElapsedTimer sinceTold;
     std::atomic<bool> isStopped = false;
 
-    std::mutex guard; // of what follows
+    std::mutex guard; // of the following members
     std::optional<PictureRequest> first;
     std::deque<PictureRequest> waiting;
     std::vector<PictureResult> results;
     int workers = 0;
     bool isToldSoon = false; // a call to the main thread is under way
 
-    QThreadPool threads; // last: it goes first
+    QThreadPool threads; // the last member, so that it is destroyed first
 };

@@ -13,47 +13,49 @@
 
 struct ClassDescriptor;
 
-/// The window of one project: the project tree on the left, the pane of the selected folder on the right, and above
-/// them a bar for notices.
+/// The window of a project: the project tree on the left, the pane of the selected folder on the right, and a bar for
+/// notices above them.
 ///
-/// A pane is made when it is first needed, and then only swapped.
+/// A pane is made when it is first needed, and kept after that.
 class CChildFrame : public QMdiSubWindow, public IViewHost, public IActionTarget
 {
 public:
-    /// `shellHost` does for the views what isn't this window's to do.
+    /// `shellHost` provides the services for views that this window doesn't provide itself.
     CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, ToolboxState &sharedToolbox);
     ~CChildFrame() override;
 
     [[nodiscard]] CResDoc &Document() const { return document; }
     [[nodiscard]] CProjView &Tree() { return *tree; }
-    /// Only before it has let go of its document.
+    /// Must not be called after the window has left its document.
     [[nodiscard]] Selection &Selected() { return *selection; }
-    /// The zoom of the preview; empty while it isn't in sight.
+    /// The zoom of the preview; empty while the preview isn't shown.
     [[nodiscard]] const QString &Zoom() const { return shownZoom; }
     [[nodiscard]] NoticeBar &Notice() { return *notice; }
 
-    /// The view that takes actions: the one with the focus, else the one that had it last.
+    /// The view that receives actions: the one with the focus, otherwise the one that had it last.
     [[nodiscard]] IActionTarget *ActiveView();
 
-    /// Asks about changes that aren't saved. False when the window has to stay: the user said so, or saving failed.
+    /// Asks about unsaved changes. Returns false if the window must not be closed, because the user cancelled or saving
+    /// failed.
     [[nodiscard]] bool MayClose();
-    /// Told once the window has let go of its document, which can be closed then.
+    /// Called once the window has left its document, which can be closed then.
     std::function<void(CResDoc &)> closed;
-    /// The document is gone, or about to go.
+    /// Returns whether the window has left its document, which is closed or about to be closed.
     [[nodiscard]] bool HasLeft() const { return !splitter; }
 
-    /// Commits what is being edited in place in a pane. False when it is refused, after a message to the user.
+    /// Commits what is being edited in place in a pane. If it is refused, tells the user and returns false.
     [[nodiscard]] bool TakePaneEdit();
 
-    /// What the settings are to remember of this window, which stores it when it ends. Only before it has let go of its
-    /// document.
+    /// The entries of this window to store in the settings. The window stores them itself when it closes. Must not be
+    /// called after the window has left its document.
     [[nodiscard]] QList<ProfileEntry> State() const;
-    /// It has been stored already.
+    /// Tells the window that its state has been stored already.
     void StateIsStored() { isStored = true; }
 
-    /// Not 0 while a layout is shown.
+    /// Nonzero while a layout is shown.
     int layoutMode = 0;
-    /// The Toolbox offers a class: makes a component of it in the layout that is shown. Nothing while none is.
+    /// Makes a component of a class that the Toolbox offers, in the shown layout. Does nothing while no layout is
+    /// shown.
     void AddComponent(const ClassDescriptor &type);
 
     // IViewHost
@@ -70,7 +72,7 @@ public:
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
     void Run(ActionId id) override;
 
-    /// The tree, the panes right of it, and the notice while one is shown.
+    /// The tree, the panes to the right of it, and the notice bar while a notice is shown.
     [[nodiscard]] QList<QWidget *> Panes() const;
 
 protected:
@@ -87,11 +89,11 @@ private:
     CResDoc &document;
     IViewHost &shell;
     ToolboxState &toolbox;
-    std::optional<Selection> selection; // until the document has been left
+    std::optional<Selection> selection; // exists until the window has left its document
     NoticeBar *notice;
-    KeyboardSplitter *splitter; // null once the document has been left
+    KeyboardSplitter *splitter; // null once the window has left its document
     CProjView *tree;
-    std::map<Pane, QWidget *> panes; // those that were made, owned by the splitter's right side
+    std::map<Pane, QWidget *> panes; // the panes made so far, owned by the splitter's right side
     class QStackedWidget *right;
     QPointer<QWidget> lastFocus;
     std::optional<Notifier<>::Listener> modifiedChanged;

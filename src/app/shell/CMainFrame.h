@@ -18,22 +18,23 @@ class StatusPane;
 class QLabel;
 class QSessionManager;
 
-/// The main window: it holds the bars, the menus and the windows of projects, routes actions to them, and closes.
+/// The main window: it has the bars, the menus and the windows of projects, routes actions to them, and closes the
+/// program.
 class CMainFrame : public QMainWindow, public IViewHost, public IActionTarget
 {
 public:
     CMainFrame(Environment &environment, const ProcessTables &processTables, CDocManager &documentManager);
     ~CMainFrame() override;
 
-    /// Puts window and bars where they were when the program ended.
+    /// Restores the positions that the window and the bars had when the program last ended.
     void Restore();
     void BringToTop();
 
-    /// Ends the watching of files, with all that hangs on it.
+    /// Stops watching files, and everything that depends on it.
     std::function<void()> stopWatching;
 
-    /// A command of the channel runs, for as long as this lives: a label that is being edited is taken, and the status
-    /// bar tells.
+    /// Marks that a command of the channel runs, for as long as this object exists. Commits a label that is being
+    /// edited, and shows in the status bar that the program is busy.
     class Busy
     {
     public:
@@ -56,7 +57,7 @@ public:
     /// The active project's window, or null.
     [[nodiscard]] CChildFrame *ActiveChild() const { return area->ActiveChild(); }
 
-    /// A cell or a label is being edited in place, also while another window is the active one.
+    /// Returns whether a cell or a label is being edited in place, even if another window is active.
     [[nodiscard]] bool IsEditing() const { return FocusedEdit::EditedView(focusWidget()) != nullptr; }
 
     // IViewHost
@@ -81,7 +82,7 @@ protected:
 
 private:
     void Connect();
-    /// Has menus, tool bar, title and status bar show what is so at this moment.
+    /// Updates menus, tool bar, title and status bar to the present state.
     void Update();
     void ShowTitle();
     void ShowToolbox();
@@ -109,6 +110,6 @@ private:
     ProjectNotices notices{*area};
     ProjectOpener projects;
     StatusPane *status;
-    QLabel *zoom; ///< of the preview in the active project
+    QLabel *zoom; ///< the zoom of the preview in the active project
     KeyboardIndicators indicators;
 };

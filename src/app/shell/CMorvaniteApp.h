@@ -11,7 +11,7 @@
 
 class QSocketNotifier;
 
-/// The program with a window: what a process shares, its documents, the command channel and the main frame.
+/// The program with a window: its shared objects, its documents, the command channel and the main window.
 class CMorvaniteApp
 {
 public:
@@ -20,9 +20,9 @@ public:
     CMorvaniteApp(const CMorvaniteApp &) = delete;
     CMorvaniteApp &operator=(const CMorvaniteApp &) = delete;
 
-    /// Takes the window's place on the channel, makes the window, opens the projects that `arguments` name, if they do,
-    /// and shows the window. Where the program can't go on, its exit status: 0 when a window that runs already has come
-    /// to the front, else 1, with the reason told.
+    /// Takes the window's place on the channel, makes the window, opens the projects that `arguments` name, if any, and
+    /// shows the window. If the program can't continue, returns its exit status: 0 if a window that is running already
+    /// has come to the front, otherwise 1, after reporting the reason.
     [[nodiscard]] std::optional<int> InitInstance(const QStringList &arguments);
 
     [[nodiscard]] CMainFrame &Frame() { return *frame; }

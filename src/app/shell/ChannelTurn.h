@@ -5,17 +5,17 @@
 #include <functional>
 #include <vector>
 
-/// The channel's turn with the program: while one of its commands runs, menus are closed, and what the user does is
-/// dropped.
+/// Gives the channel control of the program while one of its commands runs: menus are closed, and user input is
+/// discarded.
 class ChannelTurn : public QObject
 {
 public:
     void Begin();
     void End();
 
-    /// A command runs.
+    /// Returns whether a command is running.
     [[nodiscard]] bool IsOn() const { return isOn; }
-    /// Has something done as soon as no command runs.
+    /// Calls a function once no command is running.
     void AfterCommand(std::function<void()> action);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -24,6 +24,6 @@ private:
     static void LeaveMenus();
 
     bool isOn = false;
-    Qt::MouseButtons dropped; // pressed during the command
+    Qt::MouseButtons dropped; // buttons that were pressed during the command
     std::vector<std::function<void()>> waiting;
 };

@@ -12,43 +12,44 @@ class CSizingControlBar;
 class Environment;
 class ToolboxList;
 
-/// The docking bars of the main window with what is in them: the Toolbox and the output.
+/// The docking bars of the main window with their contents: the Toolbox and the output.
 class FrameBars
 {
 public:
-    /// Both must live longer than the bars are used. Docks the bars in the window.
+    /// Docks the bars in the window. Both arguments must exist for as long as the bars are used.
     FrameBars(QMainWindow &mainWindow, const Environment &environment);
 
     [[nodiscard]] CSizingControlBar &OutputBar() { return *outputBar; }
     [[nodiscard]] CSizingControlBar &ToolboxBar() { return *toolboxBar; }
     [[nodiscard]] CInfoPane &Output() { return *output; }
-    /// The classes of components that a layout can be made of.
+    /// The list of component classes in the Toolbox.
     [[nodiscard]] ToolboxList &Classes() { return *toolbox; }
-    /// Whether the Toolbox is to be shown while a layout is, for all projects.
+    /// Whether the Toolbox is shown while a layout is shown, for all projects.
     [[nodiscard]] ToolboxState &Toolbox() { return toolboxState; }
 
     [[nodiscard]] bool IsOutputShown() const;
     void ShowOutput(bool show);
     [[nodiscard]] bool IsToolboxShown() const;
     void ToggleToolbox();
-    /// Has the Toolbox offer what the active project can have (null while there is none), and shows it while that shows
-    /// a layout, unless the user has hidden it. To be called again and again: it also sees when the user hides it.
+    /// Fills the Toolbox for the active project (null if there is none), and shows it while that project shows a
+    /// layout, unless the user has hidden it. Must be called repeatedly, because it also detects that the user has
+    /// hidden it.
     void FollowProject(const CResModel *active, bool showsLayout);
 
-    /// Appends to the output pane, if that is in sight.
+    /// Appends text to the output, and shows it in the output pane if that is visible.
     void WriteOutput(QStringView text);
-    /// The same for a line of its own.
+    /// Appends a text as its own line.
     void WriteLine(const QString &text);
-    /// The user begins something: what was written before has nothing to do with it.
+    /// Must be called when the user begins an operation: earlier output doesn't belong to it.
     void BeginOutput() { told.Clear(); }
-    /// The end of what was written since then, if the user can't see it.
+    /// The end of the output since BeginOutput, if the user can't see it.
     [[nodiscard]] QString UnseenOutput() const;
 
-    /// Puts the bars, and the window's status bar, where they were when the program ended.
+    /// Restores the positions of the bars, and the state of the status bar, from when the program last ended.
     void Restore();
-    /// What the settings are to remember of them.
+    /// The entries of the bars to store in the settings.
     [[nodiscard]] QList<ProfileEntry> State() const;
-    /// The window is about to be shown.
+    /// Must be called when the window is about to be shown.
     void RaiseFloating();
 
 private:
@@ -64,5 +65,5 @@ private:
     std::unique_ptr<BarSizes> sizes;
     ToolboxState toolboxState;
     bool isLayoutShown = false;
-    OutputTail told; // seen or not
+    OutputTail told; // the output since BeginOutput, whether the user has seen it or not
 };

@@ -14,22 +14,22 @@ class QMainWindow;
 class QMenu;
 class QToolBar;
 
-/// The menus, the keys and the tool bar of the main window, as MenuTable has them, and what they show of each action.
+/// The menus, the keys and the tool bar of the main window, made from MenuTable. They show the state of each action.
 class FrameMenus
 {
 public:
-    /// All three must live longer than the menus are used. The tool bar is docked in the window.
+    /// Docks the tool bar in the window. All three arguments must exist for as long as the menus are used.
     FrameMenus(QMainWindow &mainWindow, ProjectArea &projectArea, const ActionRoute &actionRoute);
     FrameMenus(const FrameMenus &) = delete;
     FrameMenus &operator=(const FrameMenus &) = delete;
 
-    /// Carries out an action that the user has chosen.
+    /// Runs an action that the user has chosen.
     std::function<void(ActionId)> run;
-    /// Opens a recent file; its number is from 0.
+    /// Opens a recent file by its number, from 0.
     std::function<void(int)> openRecent;
 
     [[nodiscard]] QToolBar &ToolBar() const { return *toolBar; }
-    /// Shows the menus that belong to what is open, and each action as it is at this moment.
+    /// Shows the menu bar with or without a document, whichever applies, and the present state of each action.
     void Update();
     void ShowRecentFiles(const RecentFiles &files);
 
@@ -45,7 +45,7 @@ private:
     const ActionRoute &route;
     std::map<ActionId, QAction *> actions;
     QList<QAction *> recentActions;
-    QList<QAction *> windowActions; // of the Window menu that is shown or was last
+    QList<QAction *> windowActions; // of the Window menu, as it is shown or was shown last
     QToolBar *toolBar = nullptr;
-    std::optional<bool> shownMenus; // for a document or none
+    std::optional<bool> shownMenus; // whether they are those with a document
 };

@@ -10,26 +10,27 @@
 class QWidget;
 class Settings;
 
-/// Puts a window that is about to be shown where it is to be, counted with its frame.
+/// Places a window that is about to be shown. Positions include the window's frame.
 ///
-/// How wide the frame is turns out only when the desktop has put it around the window: then the window is put right.
+/// The width of the frame is known only after the desktop has added it. The position of the window is corrected then.
 class FramePlace : public QObject
 {
 public:
     explicit FramePlace(QWidget &placedWindow);
 
-    /// The whole window is to be no smaller.
+    /// Sets the minimum size of the whole window.
     void SetSmallest(const QSize &size);
-    /// The whole window is to be there; while it is maximised, once it no longer is.
+    /// Sets the position of the whole window. If it is maximised, the position applies once it no longer is.
     void PutAt(const QRect &position);
-    /// The window has this size, but for its frame, and is where the desktop puts it, all of it on the screen.
+    /// Sets the window's size without its frame. The desktop chooses the position, and all of the window is kept on the
+    /// screen.
     void FitOntoScreen(const QSize &size);
-    /// Puts the window where it was when the settings were stored, on a screen that is there; the first time where the
-    /// desktop puts it.
+    /// Restores the stored position of the window, moved to a screen that exists. If none is stored, the desktop
+    /// chooses the position.
     void Restore(const Settings &settings);
-    /// What the settings are to remember; nothing of a minimised window.
+    /// The entries to store in the settings; empty for a minimised window.
     [[nodiscard]] QList<ProfileEntry> State() const;
-    /// The whole window, as it is now.
+    /// The present position of the whole window.
     [[nodiscard]] QRect Position() const;
 
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -7,11 +7,11 @@
 class QLabel;
 class QStatusBar;
 
-/// The fields at the right end of the status bar that tell which locks of the keyboard are on.
+/// The fields at the right end of the status bar that show which locks of the keyboard are on.
 class KeyboardIndicators : public QObject
 {
 public:
-    /// The bar's window is watched for keys.
+    /// Watches the bar's window for keys.
     explicit KeyboardIndicators(QStatusBar &bar);
 
     void Update();

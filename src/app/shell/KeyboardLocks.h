@@ -6,8 +6,7 @@
 
 struct xcb_connection_t;
 
-/// Says which locks of the keyboard are on: by what an X display knows, else by the lights that the system has for
-/// them.
+/// Knows which locks of the keyboard are on. Asks the X display, or otherwise reads the system's keyboard lights.
 class KeyboardLocks
 {
 public:
@@ -20,9 +19,9 @@ public:
         Scroll,
         LOCKS,
     };
-    /// Takes in how they stand now.
+    /// Reads the present state of the locks.
     void Read();
-    /// How it stood at the last reading; false where nothing tells.
+    /// Whether a lock was on at the last reading; false if that isn't known.
     [[nodiscard]] bool IsOn(Lock lock) const { return isOn[lock]; }
 
 private:
@@ -30,7 +29,7 @@ private:
     {
         void operator()(xcb_connection_t *connection) const;
     };
-    std::unique_ptr<xcb_connection_t, Disconnect> display; // its own, so that asking disturbs no event; null without X
-    QByteArrayList lights[LOCKS];                          // the files that tell how bright they are
+    std::unique_ptr<xcb_connection_t, Disconnect> display; // separate, not to disturb Qt's events; null without X
+    QByteArrayList lights[LOCKS];                          // the files with the brightness of the lights
     bool isOn[LOCKS] = {};
 };

@@ -4,12 +4,11 @@
 
 #include <QElapsedTimer>
 
-/// An IDE's pipe that lets the window draw itself while a command runs: at each text, but not more often than is of
-/// use.
+/// An IDE's pipe that lets the window repaint while a command runs: at each text, but not more often than is useful.
 class LivePipe : public IReportPipe
 {
 public:
-    /// Called then too, for what must not wait for the command's end; may be empty.
+    /// Also called then, for work that must not wait for the end of the command. May be empty.
     std::function<void()> serveMeanwhile;
 
     explicit LivePipe(IReportPipe &idePipe) : pipe(idePipe) {}
@@ -20,9 +19,9 @@ public:
     void Flush() override;
     void Close() override { pipe.Close(); }
 
-    /// Lets the window draw itself and answer the desktop. What the user does meanwhile is the window's to refuse.
+    /// Lets the window repaint and answer the desktop. The window must discard user input meanwhile.
     void Breathe();
-    /// Events are delivered in the middle of what the program does, such as loading or saving a project.
+    /// Returns whether events are being delivered in the middle of an operation, such as loading or saving a project.
     [[nodiscard]] bool IsBreathing() const { return isBreathing; }
 
 private:

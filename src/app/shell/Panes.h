@@ -8,7 +8,7 @@ class IViewHost;
 class QWidget;
 class Selection;
 
-/// What a pane is made of. All of it outlives the pane.
+/// The objects that a pane needs. All of them outlive the pane.
 struct PaneParts
 {
     CResDoc &document;
@@ -17,6 +17,6 @@ struct PaneParts
     IViewHost &host;
 };
 
-/// Makes a pane of a project's window, which takes ownership. Null for one that isn't in the table of the panes: the
-/// folder then shows what is below it.
+/// Makes a pane of a project's window. The window takes ownership. Returns null for a pane that isn't in the table of
+/// panes; the window then shows the children of the folder.
 [[nodiscard]] QWidget *MakePane(Pane pane, const PaneParts &parts);

@@ -6,10 +6,11 @@
 #include <QProxyStyle>
 #include <QStyleOptionTitleBar>
 
-/// The program's style: the desktop's, with title bars, their buttons, check boxes and the lines of grids that can be
-/// seen on a dark desktop. There the desktop's style draws the buttons black, those of bars and those of a maximised
-/// project in the menu bar too, the shadow of a project's title light, and the edges of check boxes and the lines of
-/// grids almost as dark as what is in them. A title of a column that is too long ends in an ellipsis.
+/// The program's style. It is the desktop's style, changed so that title bars, their buttons, check boxes and the lines
+/// of grids are visible on a dark desktop. There the desktop's style draws the buttons of title bars black, including
+/// those of docking bars and those of a maximised project in the menu bar. It draws the shadow of a project's title
+/// light, and the edges of check boxes and the lines of grids almost as dark as their background. Column titles that
+/// are too long end in an ellipsis.
 class ProgramStyle : public QProxyStyle
 {
 public:
@@ -24,7 +25,7 @@ public:
         QStyleOptionTitleBar drawn(*bar);
         drawn.palette.setColor(QPalette::Text, Qt::black); // of the shadow
         if (!(bar->titleBarState & State_Active)) {
-            // As an active one, whose buttons are white, in the colour of the window.
+            // Draws it like an active title bar, whose buttons are white, in the colour of the window.
             drawn.titleBarState |= State_Active;
             drawn.state |= State_Active;
             drawn.palette.setColor(QPalette::Highlight, bar->palette.color(QPalette::Window));

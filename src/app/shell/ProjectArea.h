@@ -4,7 +4,7 @@
 
 #include <QMdiArea>
 
-/// Where the windows of projects are. While there is none it says how to get one.
+/// The area of the windows of projects. While there is none, it says how to open a project.
 class ProjectArea : public QMdiArea
 {
 public:
@@ -20,7 +20,7 @@ public:
     void Activate(const CDocument &document);
 
     void Cascade();
-    /// Puts the minimised windows into their places along the bottom.
+    /// Arranges the minimised windows along the bottom.
     void ArrangeIcons();
 
 protected:

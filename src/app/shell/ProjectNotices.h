@@ -8,19 +8,20 @@ class CChildFrame;
 class CResDoc;
 class ProjectArea;
 
-/// Brings notices to the windows of projects. One for a project that is being loaded waits for the window.
+/// Passes notices to the windows of projects. A notice for a project that is being loaded waits for its window.
 class ProjectNotices
 {
 public:
-    /// The area must live longer.
+    /// The area must outlive this object.
     explicit ProjectNotices(const ProjectArea &projectArea) : area(projectArea) {}
 
     void Add(const CResDoc &document, const QString &text);
-    /// A document is about to be loaded: what waits for another's window, which didn't load, goes.
+    /// Must be called before a document is loaded. Drops notices that wait for the window of an earlier document, which
+    /// failed to load.
     void DropWaiting() { waiting.clear(); }
     /// Gives a new window the notices that wait for it.
     void Deliver(CChildFrame &child);
-    /// The texts of all windows that the user hasn't dismissed.
+    /// The texts in all windows that the user hasn't dismissed yet.
     [[nodiscard]] QStringList Unread() const;
 
 private:

@@ -8,29 +8,30 @@ class CDocManager;
 class Environment;
 class UserBoxes;
 
-/// The ways in which the user opens a project: by the dialog, as a recent file and by a drop.
+/// Opens projects for the user: through the dialog, from the recent files, or by a drop.
 class ProjectOpener
 {
 public:
-    /// All three must live longer.
+    /// All three arguments must outlive this object.
     ProjectOpener(Environment &environment, CDocManager &documentManager, UserBoxes &userBoxes);
 
-    /// Told before a project is opened.
+    /// Called before a project is opened.
     std::function<void()> opening;
-    /// Told when the list of recent files has changed.
+    /// Called when the list of recent files has changed.
     std::function<void()> recentChanged;
 
-    /// Opens a project, or brings the window of an open one to the front. False when it doesn't open, which the user
-    /// has been told.
+    /// Opens a project, or brings its window to the front if it is open. If it can't be opened, tells the user and
+    /// returns false.
     bool Open(const QString &path);
-    /// Has the user choose one. `active` is the path of the project that the dialog begins beside; it may be empty.
+    /// Lets the user choose a project and opens it. The dialog begins in the folder of the project `active`, a path
+    /// that may be empty.
     void Choose(const QString &active);
     void OpenRecent(int index);
-    /// Opens the projects among the files, and says of the others that they are none.
+    /// Opens the projects among the files, and tells the user which files are not projects.
     void OpenDropped(const QStringList &files);
 
     [[nodiscard]] const RecentFiles &Recent() const { return recent; }
-    /// Puts a project that has been opened in front of the recent files.
+    /// Adds an opened project at the front of the recent files.
     void Remember(const QString &path);
 
 private:

@@ -2,22 +2,23 @@
 
 #include <QString>
 
-/// The command by which a second start has the window come to the front; its record is empty. It waits for nothing.
+/// The command with which a second start of the program brings the window to the front. Its record is empty. It doesn't
+/// wait.
 inline constexpr quint32 COMMAND_SHOW = 0xAFBDDB00;
 
-/// What a window answers to it; who knows no such command answers 1.
+/// The answer of a window to it. A program that doesn't know the command answers 1.
 inline constexpr quint32 WINDOW_SHOWN = 2;
 
-/// How long a start waits for the window that runs already.
+/// The time that a start waits for a window that is running already.
 inline constexpr int PATIENCE_MS = 4000;
 
-/// What became of asking a running window to show itself.
+/// The result of asking a running window to show itself.
 enum class FirstInstance
 {
-    None,     ///< nobody runs: go on
-    Shown,    ///< it came to the front: end
-    NoAnswer, ///< somebody holds the window's place and doesn't answer: end with `error`
+    None,     ///< no window is running: continue
+    Shown,    ///< the window has come to the front: end
+    NoAnswer, ///< another process has the window's place and doesn't answer: end with `error`
 };
 
-/// Looks for a window that runs already and brings it to the front. Takes no more than `milliseconds`.
+/// Looks for a window that is running already and brings it to the front. Takes at most `milliseconds`.
 [[nodiscard]] FirstInstance ShowFirstInstance(int milliseconds, QString &error);

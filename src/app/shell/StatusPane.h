@@ -8,18 +8,20 @@
 
 class CResDoc;
 
-/// The message pane of the status bar while there is no message: the path of the active project, and how many resources
-/// it has. Where there is little room the counts are fewer and the path loses its middle; a tool tip has all of them.
+/// The message pane of the status bar while there is no message: the path of the active project, and its number of
+/// resources. If there is little room, there are fewer counts and the middle of the path is elided. The tool tip has
+/// all of it.
 class StatusPane : public QWidget
 {
 public:
     explicit StatusPane(QWidget *parent);
 
-    /// Null when no project is active. Cheap enough for each time before the program waits for the user.
+    /// Shows a document; null if no project is active. Fast enough to be called each time before the program waits for
+    /// the user.
     void Show(const CResDoc *document);
 
     [[nodiscard]] const QString &Path() const { return path; }
-    /// What there is room for of the counts.
+    /// The counts for which there is room.
     [[nodiscard]] QString Summary() const;
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return {0, sizeHint().height()}; }

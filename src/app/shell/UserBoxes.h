@@ -7,17 +7,17 @@ class ChannelTurn;
 class QFileDialog;
 class QWidget;
 
-/// The boxes and dialogs of the program. While one is open, commands of the channel wait; while a command runs none
-/// opens, since there may be nobody to answer it.
+/// The message boxes and dialogs of the program. While one is open, commands of the channel wait. While a command runs,
+/// none opens, because there may be no user to answer it.
 class UserBoxes : public IUserInterface, public IViewBoxes
 {
 public:
-    /// Both must outlive the boxes.
+    /// Both arguments must outlive this object.
     UserBoxes(QWidget &mainWindow, ChannelTurn &channelTurn) : window(mainWindow), turn(channelTurn) {}
 
-    /// Told to hold back commands of the channel while a box is open.
+    /// Called to pause the commands of the channel while a box is open.
     std::function<void(bool pause)> pauseCommands;
-    /// What a message adds to its text: the output that the user can't see, or nothing.
+    /// Returns a text to append to a message: the output that the user can't see, or nothing.
     std::function<QString()> unseenOutput;
 
     // IUserInterface
@@ -32,16 +32,17 @@ public:
     [[nodiscard]] QString SaveFileDialog(const QString &filter, const QString &initialName) override;
     [[nodiscard]] bool RunDialog(QDialog &dialog) override;
 
-    /// Shows what the user has to know although nothing failed, and waits until it is read. Not while a command runs.
+    /// Shows information that isn't an error, and waits until the user closes the box. Must not be called while a
+    /// command runs.
     void Inform(const QString &text);
-    /// The path of the project that the user chooses; empty when none. It looks in `folder` first.
+    /// Lets the user choose a project, beginning in `folder`. Returns its path; empty if the user cancels.
     [[nodiscard]] QString ChooseProject(const QString &folder);
     void ShowAbout();
 
     [[nodiscard]] bool IsAnyOpen() const { return openBoxes > 0; }
-    /// A message is to be shown.
+    /// Returns whether a message is waiting to be shown.
     [[nodiscard]] bool IsAnyWaiting() const { return !waiting.isEmpty(); }
-    /// How many messages the user was shown, or is to be.
+    /// The number of messages that were shown or are waiting.
     [[nodiscard]] int Messages() const { return messages; }
 
 private:
@@ -59,7 +60,7 @@ private:
 
     QWidget &window;
     ChannelTurn &turn;
-    QList<Message> waiting; // for the end of a command, of another box, or of what the caller does
+    QList<Message> waiting; // messages that wait for the end of a command, of another box, or of the caller's operation
     int openBoxes = 0;
     int messages = 0;
 };

@@ -7,20 +7,21 @@
 
 class CMainFrame;
 
-/// The files of the open projects that other programs change: they are watched, and the user is asked whether to load
-/// them again. No question comes while a command of the channel runs, while a box or a menu is open or a button of the
-/// mouse is down, or while what is being edited can't be taken.
+/// Watches the files of the open projects for changes by other programs, and asks the user whether to reload them. No
+/// question is asked while a command of the channel runs, while a box or a menu is open, while a mouse button is down,
+/// or while what is being edited can't be committed.
 class WatchedFiles : public QObject, private IReloadHost
 {
 public:
-    /// The window must live longer than the program waits for events.
+    /// The window must exist for as long as the event loop runs.
     explicit WatchedFiles(CMainFrame &mainFrame);
 
-    /// Says whether events are delivered in the middle of something, where no project may be loaded; may be empty.
+    /// Returns whether events are being delivered in the middle of an operation, during which no project may be loaded.
+    /// May be empty.
     std::function<bool()> isBusy;
 
     [[nodiscard]] IFileChangeMonitor &Monitor() { return monitor; }
-    /// The files of these handles have changed.
+    /// Called when the files of these handles have changed.
     void Changed(const std::vector<quint32> &handles);
 
 private:
@@ -35,7 +36,7 @@ private:
 
     CMainFrame &frame;
     ReloadQueue queue{*this};
-    QTimer again; // runs while something waits
+    QTimer again; // runs while notices wait
     bool isEditRefused = false;
-    CFileChangeMonitor monitor; // last: its thread ends first
+    CFileChangeMonitor monitor; // the last member, so that its thread ends first
 };

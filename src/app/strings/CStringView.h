@@ -15,7 +15,7 @@ class IViewHost;
 class StringFinder;
 class StringGrid;
 
-/// The pane of a project's strings: a grid of one row a string and one column a language, with undo.
+/// The pane of a project's strings: a grid with a row for each string and a column for each language, with undo.
 class CStringView : public PaneView, public IActionTarget, public IEditOwner, public IRowOwner, public IStateOwner
 {
 public:

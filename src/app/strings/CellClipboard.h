@@ -7,19 +7,19 @@ class StringGrid;
 class StringGridModel;
 class StringTable;
 
-/// Cells of the string table on the system's clipboard, as spreadsheets exchange them.
+/// Copies and pastes cells of the string table through the system's clipboard, in the format that spreadsheets use.
 class CellClipboard
 {
 public:
-    /// All must live longer.
+    /// All arguments must outlive this object.
     CellClipboard(StringTable &stringTable, StringGridModel &gridModel, StringGrid &stringGrid, IViewBoxes &viewBoxes)
         : table(stringTable), model(gridModel), grid(stringGrid), boxes(viewBoxes)
     {
     }
 
-    /// The selected rows in the columns that show; the cell in focus alone where one row is selected.
+    /// Copies the selected rows in the visible columns, or only the cell with the focus if just one row is selected.
     void Copy() const;
-    /// Asks with a plan of what would change, and does it as one step that can be taken back.
+    /// Shows the user a plan of what would change, and on agreement makes the changes as one step that can be undone.
     void Paste();
 
 private:

@@ -8,18 +8,18 @@
 
 class ColumnsMenu;
 
-/// A button with a menu of the columns' names, in which the user hides columns and shows them again. The menu stays
-/// open for several. The last column that is shown can't be hidden.
+/// A button with a menu of the columns' names, in which the user hides and shows columns. The menu stays open, so that
+/// several columns can be chosen. The last visible column can't be hidden.
 class ColumnsButton : public QToolButton
 {
 public:
     explicit ColumnsButton(QWidget *parent);
 
     void SetTitles(const QStringList &columnTitles);
-    /// Which columns are hidden now, by number; those behind the end are shown.
+    /// Sets which columns are hidden, by number. Columns beyond the end of the list are shown.
     void SetHidden(const std::vector<bool> &hiddenColumns);
 
-    /// The user asks for it. The caller tells by `SetHidden` when it is done.
+    /// Called when the user hides or shows a column. The owner confirms the change with `SetHidden`.
     std::function<void(int column, bool hide)> hideColumn;
 
     [[nodiscard]] QSize sizeHint() const override;

@@ -7,8 +7,9 @@ class ElidedLabel;
 class QGridLayout;
 class StringTable;
 
-/// The strip below the grid: ID, language and whole text of the cell in focus, wrapped and in the direction of the
-/// language, with the text of the first language beside it unless the cell is that language's. Read-only.
+/// The strip below the grid. It shows the ID, the language and the whole text of the cell with the focus. The text is
+/// wrapped, and has the direction of its language. The text of the first language is beside it, unless the cell is in
+/// that language. Read-only.
 class DetailsStrip : public QWidget
 {
 public:
@@ -19,7 +20,7 @@ public:
     void ShowNothing();
 
 private:
-    /// With nothing beside it the text has all of the width.
+    /// Shows or hides the text of the first language. Without it, the cell's text has the full width.
     void ShowBeside(bool show);
 
     QGridLayout *cells;

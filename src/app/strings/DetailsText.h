@@ -3,14 +3,15 @@
 #include <QPlainTextEdit>
 #include <QTimer>
 
-/// A text of the details strip: read-only, wrapped, in the direction of its language. A very long text shows its
-/// beginning at once, and all of it when the user stays on it or goes into it.
+/// A text of the details strip: read-only, wrapped, in the direction of its language. Of a very long text only the
+/// beginning is shown at first; the whole text is shown when the user stays at the cell or moves the focus into the
+/// text.
 class DetailsText : public QPlainTextEdit
 {
 public:
     explicit DetailsText(QWidget *parent);
 
-    /// `name` is for who can't see the place.
+    /// `name` is the accessible name, for screen readers.
     void Show(const QString &shownText, Qt::LayoutDirection direction, const QString &name);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -24,6 +25,6 @@ private:
     void ShowRest();
 
     QString whole;
-    qsizetype shown = 0; // so much of it
+    qsizetype shown = 0; // the number of characters that are shown
     QTimer rest;         // until the whole text is shown
 };

@@ -3,7 +3,7 @@
 #include <QLabel>
 #include <QPainter>
 
-/// A line of plain text that loses its middle where there is no room, with the whole in its tool tip.
+/// A line of plain text. If there is too little room, its middle is elided, and its tool tip has the whole text.
 class ElidedLabel : public QLabel
 {
 public:

@@ -4,8 +4,8 @@
 
 #include <vector>
 
-/// A choice of the find bar. It gets as narrow as a few letters, while its list shows the names whole. The wheel
-/// changes it only while it has the focus.
+/// A choice of the find bar. It can be as narrow as a few letters, but its list shows the full names. The wheel changes
+/// it only while it has the focus.
 class FilterChoice : public QComboBox
 {
 public:
@@ -13,13 +13,14 @@ public:
     {
         QString text;
         int value;
-        QString key; ///< by which the entry is known again among others; unique
+        QString key; ///< identifies the entry when the entries are replaced; unique
     };
 
-    /// `closedPrefix` is shown in front of what is chosen, where it has room, but for the first entry.
+    /// `closedPrefix` is shown in front of the chosen entry if there is room, except for the first entry.
     FilterChoice(const QString &name, const QString &closedPrefix, QWidget *parent);
 
-    /// What was chosen stays chosen where an entry still has its key; else the first one is. Signals nothing.
+    /// Replaces the entries. The chosen entry remains chosen if an entry with its key still exists; otherwise the first
+    /// entry is chosen. Emits no signal.
     void SetEntries(const std::vector<Entry> &entries);
     [[nodiscard]] int Value() const { return currentData().toInt(); }
 
@@ -32,9 +33,9 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private:
-    /// The width of the box for so many letters.
+    /// The size of the box with room for that many letters.
     [[nodiscard]] QSize SizeFor(int letters) const;
-    /// What is chosen, with the prefix.
+    /// The chosen entry, with the prefix.
     [[nodiscard]] QString WholeText() const;
 
     QString prefix;

@@ -14,9 +14,9 @@ class QLineEdit;
 class QToolButton;
 class StringTable;
 
-/// The bar above the grid in which the user says which rows to show: a text, a column, a kind, and the language that
-/// lacks one. It also has the names of the columns, to hide them, and the line of a replacement. In a narrow pane the
-/// choices have a line of their own.
+/// The bar above the grid in which the user chooses the rows to show: by a text, a column, a kind, and a language
+/// without a text. It also has the menu for hiding columns and the line for replacing. In a narrow pane the choices
+/// have their own line.
 class FindBar : public QWidget
 {
 public:
@@ -24,27 +24,27 @@ public:
 
     [[nodiscard]] StringCondition Condition() const;
     [[nodiscard]] QString Replacement() const;
-    /// Takes the languages' names anew from the table, and how many gaps each has. What was chosen stays chosen where
-    /// it still is there (by the language, not by the place); else, or when its column has another number now, this
-    /// tells of a change.
+    /// Reads the names of the languages from the table, and the number of gaps of each. A chosen language remains
+    /// chosen if it still exists, even at another position. If it doesn't, or if its column has another number now,
+    /// conditionChanged is called.
     void Fill(const StringTable &table);
-    /// Shows the counts "12 of 512 rows".
+    /// Shows the counts, such as "12 of 512 rows".
     void ShowCounts(int shown, int all);
-    /// Which columns are hidden, for the menu of columns.
+    /// Sets which columns are hidden, for the menu of columns.
     void ShowHidden(const std::vector<bool> &hidden);
-    /// Empties all fields; told as one change.
+    /// Empties all fields. This counts as one change.
     void Clear();
-    /// Puts the focus into the field of the text, and selects it.
+    /// Gives the field of the text the focus, and selects its text.
     void FocusText();
     void ShowReplace(bool show);
 
-    /// That of a narrow pane, where the choices have a line of their own.
+    /// The minimum size for a narrow pane, in which the choices have their own line.
     [[nodiscard]] QSize minimumSizeHint() const override;
 
-    std::function<void()> conditionChanged;  ///< at once, with each letter
-    std::function<void()> closed;            ///< by Esc or the cross, which clear the bar first
-    std::function<void(bool back)> findNext; ///< F3, Return and their opposites
-    std::function<void()> toGrid;            ///< Down in a field of text
+    std::function<void()> conditionChanged;  ///< after each letter
+    std::function<void()> closed;            ///< by Esc or the close button, which clear the bar first
+    std::function<void(bool back)> findNext; ///< F3, Return, and these keys with Shift
+    std::function<void()> toGrid;            ///< Down in a text field
     std::function<void()> replaceAll;
     std::function<void(int column, bool hide)> hideColumn;
 
@@ -59,12 +59,12 @@ private:
     void MakeReplacement();
     void MakeButtons();
     void LayOut();
-    /// Puts the choices into the first line, or into one of their own.
+    /// Places the choices in the first line, or in their own line.
     void FitLines();
     void FitCounts();
     void Changed();
     void Close();
-    /// Says whether the key did something.
+    /// Returns whether the key was handled.
     bool TakeKey(const QKeyEvent &event, const QObject *in);
 
     QLineEdit *text;
@@ -83,6 +83,6 @@ private:
     QBoxLayout *secondLine = nullptr;
 
     int allRows = 0;
-    StringCondition told; // by conditionChanged
+    StringCondition told; // the condition at the last conditionChanged
     bool isFilling = false;
 };

@@ -2,7 +2,7 @@
 
 #include "CellBlock.h"
 
-/// What a plan would do, as a question that OK or Cancel answers: how many cells and rows, the first of the cells with
-/// their old and new texts, and what can't be taken.
+/// The text of a question with OK and Cancel that describes a plan: the number of cells and rows, the first cells with
+/// their old and new texts, and what can't be applied.
 [[nodiscard]] QString PlanText(const StringTable &table, const std::vector<CellChange> &changes,
                                const std::vector<NewRow> &rows, const QStringList &refused);

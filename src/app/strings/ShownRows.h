@@ -4,30 +4,30 @@
 #include <utility>
 #include <vector>
 
-/// Which rows of a table a filter leaves, as a mapping in both directions. Without a filter all rows are shown and the
-/// mapping takes no memory. The row behind the last, which makes new rows, is always shown last.
+/// The rows of a table that a filter shows, as a mapping in both directions. Without a filter all rows are shown, and
+/// the mapping needs no memory. The new-row line after the last row is always shown last.
 class ShownRows
 {
 public:
-    /// Rows of the table, ascending; nothing: no filter.
+    /// Sets the shown rows of the table, ascending. Nothing removes the filter.
     void Set(std::optional<std::vector<int>> rows) { filtered = std::move(rows); }
     [[nodiscard]] bool HasFilter() const { return filtered.has_value(); }
 
-    // `tableRows` is the number of rows of the table, without the one that makes new rows.
+    // `tableRows` is the number of rows of the table, without the new-row line.
     [[nodiscard]] int Count(int tableRows) const { return filtered ? int(filtered->size()) : tableRows; }
     [[nodiscard]] int TableRow(int row, int tableRows) const;
     /// -1 for a row that isn't shown.
     [[nodiscard]] int ShownRow(int tableRow, int tableRows) const;
-    /// Where a row of the table is shown, or would be if it were.
+    /// The position at which a row of the table is shown, or would be shown.
     [[nodiscard]] int PlaceOf(int tableRow) const;
 
-    /// A row of the table that is there already, and hidden.
+    /// Shows an existing row of the table that is hidden.
     void Show(int tableRow);
-    /// A row comes into the table, and is shown.
+    /// Updates the mapping for a row that is inserted into the table, and shows that row.
     void Insert(int tableRow);
-    /// A row leaves the table.
+    /// Updates the mapping for a row that is removed from the table.
     void Remove(int tableRow);
-    /// Row i of the table is the one that was row `order[i]`.
+    /// Updates the mapping for a new order. Row i of the table was row `order[i]` before.
     void Reorder(const std::vector<int> &order);
 
 private:

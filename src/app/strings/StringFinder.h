@@ -15,11 +15,12 @@ class StringGridModel;
 class StringTable;
 
 /// Finding in the string table: the find bar with its filter and replacement, the gaps, and the strip with the details
-/// of the cell in focus.
+/// of the cell with the focus.
 class StringFinder : public QObject, public IActionTarget
 {
 public:
-    /// All must live longer. Bar and strip are made here, hidden, and belong to `parent`.
+    /// All arguments must outlive this object. Makes the bar and the strip, which are hidden at first. `parent` owns
+    /// them.
     StringFinder(StringTable &stringTable, StringGridModel &gridModel, StringGrid &stringGrid, IViewBoxes &viewBoxes,
                  QWidget &parent);
 
@@ -30,9 +31,10 @@ public:
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
     void Run(ActionId id) override;
 
-    /// Shows the rows that meet the bar's condition now. Rows that were shown because they were edited go.
+    /// Shows the rows that meet the bar's condition now. Hides other rows, even if they were shown because they had
+    /// been edited.
     void ApplyFilter();
-    /// Shows all rows, and empties the bar.
+    /// Shows all rows and empties the bar.
     void EndFilter();
 
 private:
@@ -54,7 +56,7 @@ private:
     IViewBoxes &boxes;
     FindBar *bar;
     DetailsStrip *details;
-    StringCondition applied; // of the rows that are shown
-    bool hasChanged = true;  // the table, since then
-    QTimer refresh;          // of counts and details, once for many changes
+    StringCondition applied; // the condition of the shown rows
+    bool hasChanged = true;  // the table has changed since then
+    QTimer refresh;          // updates counts and details, once for many changes
 };

@@ -8,32 +8,35 @@ class CellEditor;
 class ChoiceBox;
 class IViewBoxes;
 
-/// The list of the string table: its columns, its order, and the editing of its cells in place. Changes are commands
-/// that the table's history runs.
+/// The widget of the string table: its columns, its order, and the editing of its cells in place. The table's history
+/// runs the changes as commands.
 class StringGrid : public CListGrid
 {
 public:
-    /// All must live longer. `types` are the kinds of a row to choose from.
+    /// All arguments must outlive this object. `types` are the kinds that the user can choose for a row.
     StringGrid(StringTable &stringTable, StringGridModel &gridModel, IViewBoxes &viewBoxes, Settings &settings,
                const QStringList &types);
 
     // Cells by their row in the model.
-    /// Opens the editor over a cell, if exactly one row is selected.
+    /// Opens the editor over a cell if exactly one row is selected.
     void OpenCellEditor(int row, int col);
-    /// Opens the list of kinds over the selected row, if exactly one is selected and it isn't the new-row line.
+    /// Opens the list of kinds over the selected row if exactly one row is selected and it isn't the new-row line.
     void OpenTypeBox();
-    /// Commits what is being edited. False when the table refuses it: a message follows, and then the editor opens
-    /// again.
+    /// Commits what is being edited. Returns false if the table refuses it: then a message is shown, and the editor
+    /// opens again.
     bool TakeEdit();
-    /// The next gap from that cell on, or the one before for a `step` of -1, gets the focus. False when there is none.
+    /// Moves the focus from that cell to the next gap, or to the previous one if `step` is -1. Returns false if there
+    /// is none.
     bool GoToGap(int row, int col, int step);
 
-    /// Sorts the rows by the sort state, and shows it in the header.
+    /// Sorts the rows by the sort state and shows it in the header.
     void SortRows();
-    /// A click on a header: another direction for the column of the present order, else ascending by that column.
+    /// Sorts as a click on a header does: in the opposite direction if the rows are sorted by that column, otherwise
+    /// ascending by it.
     void SortBy(int col);
 
-    /// How many rows are selected, the new-row line too, and whether that is one of them. Is asked often.
+    /// The number of selected rows, including the new-row line, and whether that line is selected. Cached, because it
+    /// is asked often.
     struct SelectionCount
     {
         int rows = 0;
@@ -43,16 +46,16 @@ public:
     /// The rows of the table that are selected, ascending, without the new-row line.
     [[nodiscard]] std::vector<int> SelectedStrings() const;
 
-    /// Gives the row that was in focus last the focus, by its ID, and selects it if no row is selected. Nothing where
-    /// it has gone.
+    /// Gives the focus to the row that had it last, found by its ID, and selects that row if no row is selected. Does
+    /// nothing if the row doesn't exist any more.
     void SelectLastRow();
     void HideColumn(int col, bool hide);
 
-    /// What the settings are to remember of widths and order.
+    /// The entries for widths and order to store in the settings.
     [[nodiscard]] QList<ProfileEntry> State() const;
     bool SaveState();
 
-    /// Told of another cell in focus.
+    /// Called when another cell gets the focus.
     std::function<void()> focusMoved;
 
 protected:
@@ -69,7 +72,7 @@ private:
     void FitColumns();
     void RowsInserted(const QModelIndex &parent, int first, int last);
     void SelectWholeRows();
-    /// False when the table refuses the text.
+    /// Returns false if the table refuses the text.
     bool Commit(const QPersistentModelIndex &cell, QString text);
     void ReportCellError(int code, int row, int col);
 
@@ -78,14 +81,14 @@ private:
     IViewBoxes &boxes;
     ListSettings stored;
     int sortState;
-    std::vector<int> widths; // of the columns that were there at any time
-    std::vector<int> before; // the width of a column before it was hidden, 0: none
+    std::vector<int> widths; // of all columns that have existed
+    std::vector<int> before; // the width of a column before it was hidden; 0 if none is known
     bool isFitting = false;
     CellEditor *editor;
     ChoiceBox *typeBox;
-    std::vector<NarrowText> selectedIds; // during a reset of the model; empty ones for the new-row line
-    bool isTableGoing = false;           // the next reset is one of the whole table
-    NarrowText lastId;                   // of the row in focus
+    std::vector<NarrowText> selectedIds; // kept during a reset of the model; empty for the new-row line
+    bool isTableGoing = false;           // the next reset replaces the whole table
+    NarrowText lastId;                   // of the row with the focus
     int lastRow = 0;                     // of the table
     int lastColumn = 0;
     int refusals = 0;

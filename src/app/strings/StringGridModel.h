@@ -9,35 +9,37 @@
 #include <limits>
 #include <optional>
 
-/// The string table of a window as an item model: the rows that a filter leaves, and the new-row line.
+/// A window's string table as an item model: the rows that a filter shows, and the new-row line.
 ///
-/// A row of the model ("shown row") counts the rows that are shown; a row of the table counts all. Without a filter
-/// they are the same. Rows that are made or edited while there is a filter stay in sight until another filter is set.
+/// The rows of the model ("shown rows") are numbered without hidden rows; the rows of the table are numbered with them.
+/// Without a filter these numbers are the same. Rows that are made or edited while there is a filter remain visible
+/// until another filter is set.
 class StringGridModel : public QAbstractTableModel, public IStringGrid
 {
 public:
-    /// Until a table is set the model is empty. It must live longer, or be taken away again.
+    /// The model is empty until a table is set. The table must outlive the model, or be removed by setting null.
     void SetTable(StringTable *stringTable);
 
-    // What the view does of what the table asks for. Row numbers are those of the model.
+    // Requests of the table that the view carries out. Row numbers are those of the model.
     std::function<void(int row, int col)> focusCell;
     std::function<void(int code, int row, int col)> reportCellError;
     std::function<void(int code)> showMessage;
-    /// Before the whole table is replaced: what is being edited is lost. The table must not be asked.
+    /// Called before the whole table is replaced. What is being edited is discarded. The table must not be read then.
     std::function<void()> tableGoes;
-    /// After anything that may change which rows have gaps or meet a condition; once for a batch.
+    /// Called after any change that can affect which rows have gaps or meet a condition; once for a batch.
     std::function<void()> changed;
 
-    /// Whether gaps are marked. The view sets it, and draws itself anew.
+    /// Whether gaps are marked. The view sets it and repaints itself.
     bool showsGaps = false;
 
-    /// Shows these rows of the table (ascending) and the new-row line; nothing: all. Told to Qt as a reset.
+    /// Shows these rows of the table (ascending) and the new-row line, or all rows if there is no value. Resets the
+    /// model.
     void SetFilter(std::optional<std::vector<int>> rows);
     [[nodiscard]] bool HasFilter() const { return shown.HasFilter(); }
 
-    /// The row of the table that is shown at `row`; the new-row line for the last.
+    /// The row of the table that is shown at `row`. The last row is the new-row line.
     [[nodiscard]] int TableRow(int row) const;
-    /// Where a row of the table is shown; -1 where the filter hides it.
+    /// The shown row of a row of the table; -1 if the filter hides it.
     [[nodiscard]] int ShownRow(int tableRow) const;
     /// The rows of the table that are shown, ascending, without the new-row line.
     [[nodiscard]] std::vector<int> ShownTableRows() const;
@@ -69,12 +71,12 @@ public:
     void ShowMessage(int code) override;
 
 private:
-    /// What is put off until the batch ends. Rows are those of the table.
+    /// What is deferred until the batch ends. Row numbers are those of the table.
     struct PutOff
     {
         int told = 0; // insertions and removals
         std::optional<std::pair<int, int>> focus;
-        int firstTouched = std::numeric_limits<int>::max(); // rows with cells that changed, if not above the last
+        int firstTouched = std::numeric_limits<int>::max(); // the range of rows with changed cells, maybe empty
         int lastTouched = -1;
         bool hasChanged = false;
         void RowCame(int row);
@@ -82,12 +84,13 @@ private:
     };
 
     [[nodiscard]] int TableRows() const { return table ? table->RowCount() : 0; }
-    /// Whether Qt is told of an insertion or removal that is going to be made. Begins the reset of a batch.
+    /// Returns whether Qt must be told of an insertion or removal that is about to be made. Begins the reset of a
+    /// batch.
     [[nodiscard]] bool IsTold();
     void BeginReset();
     void EndReset();
     void HasChanged();
-    /// Tells that cells of these rows of the table have changed.
+    /// Emits the signal that cells of these rows of the table have changed.
     void TellCells(int firstRow, int lastRow);
     void Reveal(int tableRow);
     void TakeDirections();
@@ -96,8 +99,8 @@ private:
 
     StringTable *table = nullptr;
     ShownRows shown;
-    std::optional<PutOff> batch; // the one that is open
+    std::optional<PutOff> batch; // the open batch
     bool isInReset = false;
-    bool isTelling = false;                      // of a row that is coming or going
-    std::vector<Qt::LayoutDirection> directions; // of the columns
+    bool isTelling = false;                      // an insertion or removal of a row is being announced
+    std::vector<Qt::LayoutDirection> directions; // one for each column
 };

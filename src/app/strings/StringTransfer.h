@@ -5,18 +5,18 @@
 class CResDoc;
 class IViewBoxes;
 
-/// Import and export of the string table through files that the user names or drops. What goes wrong is told in a box,
-/// with its details in the output.
+/// Imports and exports the string table through files that the user chooses or drops. Errors are shown in a message
+/// box, with details in the output.
 class StringTransfer
 {
 public:
-    /// Both must live longer.
+    /// Both arguments must outlive this object.
     StringTransfer(CResDoc &projectDocument, IViewBoxes &viewBoxes) : document(projectDocument), boxes(viewBoxes) {}
 
-    /// Asks for a workbook and imports it. False when the user cancels: nothing has been done.
+    /// Asks for a workbook and imports it. Returns false if the user cancels; then nothing has been done.
     [[nodiscard]] bool Import();
     void Export();
-    /// Imports the workbooks among files that were dropped. False when none was imported.
+    /// Imports the workbooks among dropped files. Returns false if none was imported.
     [[nodiscard]] bool ImportDropped(const QStringList &paths);
 
 private:
