@@ -20,7 +20,7 @@ BarSizes::BarSizes(QMainWindow &mainWindow, const QList<CSizingControlBar *> &al
     }
 }
 
-/// Not within the signals: the layout isn't done with its work then.
+/// Deferred, because the layout hasn't finished its work when it emits the signals.
 void BarSizes::ApplySoon()
 {
     if (isDue)
@@ -51,7 +51,7 @@ void BarSizes::Apply()
         for (CSizingControlBar *bar : docked) {
             const Qt::DockWidgetArea area = window.dockWidgetArea(bar);
             const bool isStanding = area == Qt::LeftDockWidgetArea || area == Qt::RightDockWidgetArea;
-            // Along the window's edge a bar is as long as the window, unless it shares the edge.
+            // A bar is as long as the window's edge, unless it shares the edge.
             const bool isFree = isStanding == (orientation == Qt::Horizontal) ||
                                 std::count_if(docked.begin(), docked.end(), [&](CSizingControlBar *other) {
                                     return window.dockWidgetArea(other) == area;
@@ -73,7 +73,7 @@ bool BarSizes::eventFilter(QObject *watched, QEvent *event)
     case QEvent::Resize:
         Apply();
         break;
-    case QEvent::MouseButtonPress: // the window itself is pressed only beside all that is in it: on a divider
+    case QEvent::MouseButtonPress: // the window gets only presses outside of its widgets: on a divider
         atPress.clear();
         for (const CSizingControlBar *bar : bars)
             atPress.append(bar->size());

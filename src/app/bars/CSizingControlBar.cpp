@@ -15,7 +15,7 @@ namespace
 constexpr const char *WIDTH_KEYS[] = {"sizeHorzCX", "sizeVertCX", "sizeFloatCX"};
 constexpr const char *HEIGHT_KEYS[] = {"sizeHorzCY", "sizeVertCY", "sizeFloatCY"};
 
-/// What lies in a bar: it asks for the size that the bar remembers.
+/// The content of a bar. Its size hint is the bar's stored size.
 class Content : public QWidget
 {
 public:
@@ -37,7 +37,7 @@ private:
 CSizingControlBar::CSizingControlBar(const QString &title, int barNumber, const QSize &size, QWidget *parent)
     : QDockWidget(title, parent), number(barNumber), sizes{size, size, size}
 {
-    setObjectName(title); // what the window's saved state knows it by
+    setObjectName(title); // identifies it in the window's saved state
     setAccessibleName(title);
 }
 
@@ -116,7 +116,7 @@ void CSizingControlBar::PlaceFloating()
 void CSizingControlBar::BringBack()
 {
     constexpr int TITLE_HEIGHT = 16;
-    constexpr int ENOUGH = 40; // of the title to take hold of
+    constexpr int ENOUGH = 40; // width of the title that the user can grab
     const QRect title(pos(), QSize(frameGeometry().width(), TITLE_HEIGHT));
     for (const QScreen *each : QGuiApplication::screens()) {
         const QRect seen = each->availableGeometry() & title;
@@ -129,7 +129,7 @@ void CSizingControlBar::BringBack()
 
 bool CSizingControlBar::event(QEvent *event)
 {
-    if (event->type() == QEvent::MouseButtonPress) // beside the edges, whose presses don't come here
+    if (event->type() == QEvent::MouseButtonPress) // on the title: presses on the edges don't come here
         isTitleHeld = true;
     else if (event->type() == QEvent::MouseButtonRelease)
         isTitleHeld = false;
@@ -137,12 +137,12 @@ bool CSizingControlBar::event(QEvent *event)
         isPlaced = false;
     const bool isTaken = QDockWidget::event(event);
     if (event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::NonClientAreaMouseButtonRelease)
-        QTimer::singleShot(0, this, [this] { PlaceFloating(); }); // the user has dropped it
+        QTimer::singleShot(0, this, [this] { PlaceFloating(); }); // after the user has dropped the bar
     return isTaken;
 }
 
-/// Docked, it is the divider that tells what the user chose. A bar that is being docked still floats while it changes
-/// to the size it is to have.
+/// Stores the size of a floating bar that the user resizes. The size of a docked bar follows from the divider. A bar
+/// that is being docked still counts as floating while it changes to its docked size.
 void CSizingControlBar::resizeEvent(QResizeEvent *event)
 {
     QDockWidget::resizeEvent(event);

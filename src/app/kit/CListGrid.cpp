@@ -15,7 +15,7 @@ CListGrid::CListGrid(QWidget *parent) : QTableView(parent)
     setEditTriggers(NoEditTriggers);
     setSelectionMode(ExtendedSelection);
     setSelectionBehavior(SelectRows);
-    setTabKeyNavigation(false); // Tab leads out of the list
+    setTabKeyNavigation(false); // Tab moves the focus out of the list
     setWordWrap(false);
     setHorizontalScrollMode(ScrollPerPixel);
     setItemDelegate(new ListCellDelegate(this));
@@ -24,7 +24,7 @@ CListGrid::CListGrid(QWidget *parent) : QTableView(parent)
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     QHeaderView *const header = horizontalHeader();
     header->setMinimumSectionSize(0);
-    header->setResizeContentsPrecision(0); // a double click on an edge fits the rows in sight
+    header->setResizeContentsPrecision(0); // a double click on an edge fits the visible rows
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     header->setHighlightSections(false);
     header->setSectionsClickable(true);
@@ -41,7 +41,7 @@ void CListGrid::SetIconSide(int side)
 void CListGrid::FitRows()
 {
     verticalHeader()->setMinimumSectionSize(1);
-    const int ofIcon = iconSize().height() > 16 ? iconSize().height() + 8 : 0; // one of 16 has room in any row
+    const int ofIcon = iconSize().height() > 16 ? iconSize().height() + 8 : 0; // a 16-pixel icon fits into any row
     verticalHeader()->setDefaultSectionSize(qMax(fontMetrics().height() + 6, ofIcon));
 }
 
@@ -64,7 +64,7 @@ std::vector<int> CListGrid::SelectedRows() const
     std::vector<int> rows;
     if (!selectionModel())
         return rows;
-    // From the ranges: asking the selection for its rows takes seconds for a large one.
+    // Uses the ranges: selectedRows takes seconds for a large selection.
     for (const QItemSelectionRange &range : selectionModel()->selection()) {
         for (int row = range.top(); row <= range.bottom(); ++row)
             rows.push_back(row);
@@ -76,7 +76,7 @@ std::vector<int> CListGrid::SelectedRows() const
 
 void CListGrid::SelectAlone(int row, int col)
 {
-    // Not by selectRow, which looks at the keyboard and with Shift extends the selection.
+    // Doesn't use selectRow, which reads the keyboard and extends the selection while Shift is held.
     selectionModel()->setCurrentIndex(model()->index(row, col),
                                       QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
@@ -110,7 +110,7 @@ void CListGrid::ShowSort(int sortState)
     horizontalHeader()->setSortIndicator(col, sortState < 0 ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
-/// Letters that are typed look for a row by its first column, wherever the focus is.
+/// Typed letters search for a row by its first column, whichever column has the focus.
 void CListGrid::keyboardSearch(const QString &search)
 {
     const QModelIndex before = currentIndex();
@@ -121,7 +121,7 @@ void CListGrid::keyboardSearch(const QString &search)
     selectionModel()->setCurrentIndex(currentIndex().siblingAtColumn(before.column()), QItemSelectionModel::NoUpdate);
 }
 
-/// The focus is that of a row, so its frame goes round the row.
+/// The focus belongs to a row, so its frame is drawn around the row.
 void CListGrid::paintEvent(QPaintEvent *event)
 {
     QTableView::paintEvent(event);
@@ -132,7 +132,7 @@ void CListGrid::paintEvent(QPaintEvent *event)
     QPainter painter(viewport());
     painter.setPen(QPen(palette().color(QPalette::Active, isSelected ? QPalette::HighlightedText : QPalette::Text), 1,
                         Qt::DotLine));
-    painter.drawRect(RowRect(current.row()).adjusted(0, 0, -1, -2)); // inside of the grid lines
+    painter.drawRect(RowRect(current.row()).adjusted(0, 0, -1, -2)); // inside the grid lines
 }
 
 QRect CListGrid::RowRect(int row) const
@@ -142,7 +142,7 @@ QRect CListGrid::RowRect(int row) const
     return {left, rowViewportPosition(row), header.length(), rowHeight(row)};
 }
 
-/// The frame goes with the row; the view itself draws only two cells anew.
+/// Repaints the rows, because the frame surrounds the row; the view itself repaints only two cells.
 void CListGrid::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QTableView::currentChanged(current, previous);

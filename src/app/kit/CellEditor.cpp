@@ -45,7 +45,7 @@ bool CellEditor::Open(const QModelIndex &cell, const QString &text, int limit, Q
     isOpen = true;
     setGeometry(*place);
     setLayoutDirection(direction);
-    setMaxLength(qMax(limit, int(text.size()))); // first: the text must not be cut
+    setMaxLength(qMax(limit, int(text.size()))); // before setting the text, which must not be cut
     line->SetText(text);
     show();
     selectAll();
@@ -53,7 +53,7 @@ bool CellEditor::Open(const QModelIndex &cell, const QString &text, int limit, Q
     return true;
 }
 
-/// Hides the editor. The list gets its focus, so that a box that opens next takes none from here.
+/// Hides the editor. The list gets the focus, so that a box that opens next doesn't take it from the editor.
 void CellEditor::Close()
 {
     if (!isOpen)
@@ -81,7 +81,7 @@ void CellEditor::Cancel()
 
 void CellEditor::Step(CellStep step)
 {
-    // By numbers: a row that the commit makes takes the place of the new-row line.
+    // The cell is given by numbers: a row that the commit makes replaces the new-row line.
     const auto next = target ? target(edited, step) : std::nullopt;
     if (!next)
         return;
@@ -91,7 +91,7 @@ void CellEditor::Step(CellStep step)
 
 bool CellEditor::event(QEvent *event)
 {
-    // Before the focus moves on.
+    // Handled before the focus moves on.
     if (event->type() == QEvent::KeyPress) {
         const auto *const key = static_cast<QKeyEvent *>(event);
         if (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab) {
@@ -135,6 +135,6 @@ void CellEditor::keyPressEvent(QKeyEvent *event)
         return Step(CellStep::Down);
     default:
         QLineEdit::keyPressEvent(event);
-        event->accept(); // what the line has no use for is nothing for the list below it
+        event->accept(); // keys that the line ignores must not reach the list below it
     }
 }

@@ -30,7 +30,7 @@ bool ChoiceBox::Place()
 void ChoiceBox::Follow()
 {
     if (isOpen && !Place())
-        Commit(); // its cell has left the view, and the focus can't stay there
+        Commit(); // its cell is out of view, and the focus can't remain there
 }
 
 bool ChoiceBox::Open(const QModelIndex &at, const QString &text)

@@ -30,7 +30,7 @@ void ClipboardText::Ask()
     const QClipboard &clipboard = *QGuiApplication::clipboard();
     if (question && !clipboard.ownsClipboard())
         return question->Ask();
-    // What this program has copied itself, and what a Wayland compositor or a test has, is known here.
+    // The clipboard's content is available here if this program has copied it, or under Wayland or in a test.
     const QMimeData *const content = clipboard.mimeData();
     known = content && content->hasText();
 }

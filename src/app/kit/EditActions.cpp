@@ -30,7 +30,8 @@ std::optional<ActionState> EditActionState(ActionId id, const EditControlState &
 FocusedEdit::FocusedEdit()
 {
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *before, const QWidget *now) {
-        // Without a widget before or now the window isn't active; the menus have the focus again when it is.
+        // A null widget means that the window isn't active. If the menus had the focus, they get it back with the
+        // window.
         if (qobject_cast<const QMenuBar *>(now))
             behindMenus = before ? before : behindMenus.data();
         else if (now)
@@ -68,7 +69,7 @@ QAbstractItemView *FocusedEdit::EditedView(const QWidget *edit)
 void FocusedEdit::EndLabel() const
 {
     QWidget *const edit = Control();
-    // Not by moving the focus: the menus may have it, or another program.
+    // Doesn't move the focus, because the menus or another program may have it.
     if (const QAbstractItemView *const view = EditedView(edit)) {
         Q_EMIT view->itemDelegate()->commitData(edit);
         Q_EMIT view->itemDelegate()->closeEditor(edit);

@@ -13,7 +13,7 @@ public:
     Handle(Qt::Orientation orientation, KeyboardSplitter *parent)
         : QSplitterHandle(orientation, parent), keyboardSplitter(*parent)
     {
-        setFocusPolicy(Qt::NoFocus); // reached by its action, not by Tab
+        setFocusPolicy(Qt::NoFocus); // focused by its action, not by Tab
         setAccessibleName(QStringLiteral("Splitter"));
     }
 
@@ -65,11 +65,11 @@ protected:
     }
 
 private:
-    /// Moves the bar by so many pixels to the right or down.
+    /// Moves the bar by that many pixels to the right or down.
     void Move(int by)
     {
         const bool isHorizontal = orientation() == Qt::Horizontal;
-        // Where a window runs from right to left, Qt counts to the bar's other side.
+        // In a right-to-left window, Qt measures to the bar's other side.
         const bool isMirrored = isHorizontal && splitter()->isRightToLeft();
         moveSplitter((isHorizontal ? x() : y()) + by + (isMirrored ? width() : 0));
     }

@@ -7,7 +7,7 @@
 namespace
 {
 
-/// A carriage return and the line feed behind it are one end.
+/// Replaces line ends by blanks. A carriage return followed by a line feed is one line end.
 QString WithoutLineEnds(const QString &text)
 {
     QString line;
@@ -37,9 +37,9 @@ void LineEndGuard::SetText(const QString &text)
 
 QValidator::State LineEndGuard::validate(QString &text, int &cursor) const
 {
-    if (text == original) // taken back to it
+    if (text == original) // by undo
         return Acceptable;
-    // What is new is between what the two texts have in common at their ends.
+    // The new part is between the common beginning and the common end of the two texts.
     const qsizetype shorter = std::min(text.size(), known.size());
     qsizetype front = 0;
     while (front < shorter && text[front] == known[front])

@@ -5,7 +5,7 @@
 #include <QHeaderView>
 #include <QPainter>
 
-/// The lines leave room for the sign that opens and closes.
+/// Draws the lines, with room for the sign that opens and closes a row.
 void LinedTree::drawBranches(QPainter *painter, const QRect &rect, const QModelIndex &index) const
 {
     TreeLinesRow row{index.model()->hasChildren(index), !index.parent().isValid() && index.row() == 0, {}};

@@ -11,11 +11,11 @@
 namespace
 {
 
-constexpr int MARGIN = 4;  // at the left and the right of icon and text
+constexpr int MARGIN = 4;  // left and right of icon and text
 constexpr int PADDING = 2; // above and below a text
-constexpr int CORNER = 7;  // of the mark of a gap
+constexpr int CORNER = 7;  // size of the mark of a gap
 
-/// Part of one colour over another.
+/// Mixes a part of one colour over another.
 QColor Mixed(const QColor &over, const QColor &under, float part)
 {
     const auto mix = [part](int a, int b) { return int(float(a) * part + float(b) * (1 - part)); };
@@ -27,7 +27,7 @@ bool IsSelected(const QStyleOptionViewItem &option)
     return option.state.testFlag(QStyle::State_Selected);
 }
 
-/// A view that isn't active selects as one that is.
+/// A colour of the palette. A view that isn't active has the colours of an active one.
 const QColor &ColorOf(const QStyleOptionViewItem &option, QPalette::ColorRole role)
 {
     return option.palette.color(QPalette::Active, role);
@@ -56,7 +56,7 @@ void DrawGapMark(QPainter &painter, const QStyleOptionViewItem &option)
     painter.setPen(pen);
 }
 
-/// Draws the icon of a cell, if it has one, and gives the place of its text.
+/// Draws the icon of a cell, if it has one, and returns the place of its text.
 QRect DrawIcon(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index)
 {
     QRect place = option.rect.adjusted(MARGIN, 0, -MARGIN, 0);
@@ -91,7 +91,7 @@ ListCellDelegate::LaidOut ListCellDelegate::LayOut(const Key &key) const
         laidOut.size = laidOut.text.size();
     };
     const QFontMetricsF metrics(cachedFont);
-    // Laying out takes most of the time: a text that is probably too long is cut first.
+    // Layout takes most of the time, so a text that is probably too long is cut first.
     if (metrics.averageCharWidth() * qreal(key.text.size()) < key.width)
         layOut(key.text);
     if (laidOut.size.isEmpty() || laidOut.size.width() > key.width) {
@@ -112,7 +112,7 @@ const ListCellDelegate::LaidOut &ListCellDelegate::Cached(const Key &key, const 
     if (const LaidOut *known = cache.object(key))
         return *known;
     auto *const made = new LaidOut(LayOut(key));
-    cache.insert(key, made, int(key.text.size()) + 32); // never refused: less than the bound
+    cache.insert(key, made, int(key.text.size()) + 32); // always accepted: its cost is below the limit
     return *made;
 }
 
@@ -156,7 +156,7 @@ QSize ListCellDelegate::sizeHint(const QStyleOptionViewItem &option, const QMode
 {
     const bool hasIcon = index.data(Qt::DecorationRole).isValid();
     const QString text = index.data(Qt::DisplayRole).toString();
-    const int width = option.fontMetrics.horizontalAdvance(text) + 1; // of whole pixels
+    const int width = option.fontMetrics.horizontalAdvance(text) + 1; // rounded up to whole pixels
     const int height = option.fontMetrics.height() + 2 * PADDING;
     if (!hasIcon)
         return {width + 2 * MARGIN, height};

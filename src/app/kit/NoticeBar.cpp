@@ -68,13 +68,13 @@ void NoticeBar::ShowNotice()
     const QString shown = notices.Shown();
     if (shown.isEmpty()) {
         if (isAncestorOf(QApplication::focusWidget()) && leavesFocus)
-            leavesFocus(); // before Qt gives it to the next in the order of Tab
+            leavesFocus(); // before Qt gives the focus to the next widget in the tab order
         return hide();
     }
     if (text->toPlainText() != shown || isHidden()) {
         text->setPlainText(shown);
         text->updateGeometry();
-        layout()->activate(); // has the window below the bar move in one step
+        layout()->activate(); // so that the content below the bar moves in one step
         show();
         QAccessibleEvent alert(this, QAccessible::Alert);
         QAccessible::updateAccessibility(&alert);
@@ -88,7 +88,7 @@ void NoticeBar::keyPressEvent(QKeyEvent *event)
     QWidget::keyPressEvent(event);
 }
 
-/// A tint of the desktop's colour of selections, with a line that parts the bar from what is below it.
+/// Paints a tint of the desktop's selection colour, with a line between the bar and the content below it.
 void NoticeBar::paintEvent(QPaintEvent *)
 {
     constexpr float TINT = 0.14F;

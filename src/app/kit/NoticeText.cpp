@@ -18,7 +18,7 @@ NoticeText::NoticeText(QWidget *parent, int leastHeight) : QPlainTextEdit(parent
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setTabChangesFocus(true);
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    setLayoutDirection(Qt::LeftToRight); // as its words are
+    setLayoutDirection(Qt::LeftToRight); // the texts are English
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     document()->setDocumentMargin(0);
@@ -70,7 +70,7 @@ QSize NoticeText::sizeHint() const
     return {width, heightForWidth(width)};
 }
 
-/// Narrow windows wrap more; only the layout's height for the width counts.
+/// A small minimum: narrow windows wrap more, and only the layout's height for the width matters.
 QSize NoticeText::minimumSizeHint() const
 {
     return {fontMetrics().averageCharWidth() * 10, fontMetrics().height()};

@@ -12,7 +12,7 @@ void PaneView::OnUpdate(CView *, long, CView *target)
 void PaneView::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    // Queued: when the user goes to the pane, an update of all views follows, and one rebuild is enough.
+    // Queued, because an update of all views follows when the user goes to the pane, and one rebuild is enough.
     QMetaObject::invokeMethod(
         this,
         [this] {

@@ -21,7 +21,7 @@ const QColor YELLOW(0xEB, 0xB5, 0x3C);
 const QColor PAPER(0xF7, 0xF9, 0xFB);
 const QColor GREY(0x8A, 0x94, 0x9E);
 
-/// Draws in a square of sixteen by sixteen.
+/// Draws on a square of 16 by 16 units.
 class Canvas
 {
 public:
@@ -170,7 +170,7 @@ void DrawNewFile(Canvas &canvas)
     canvas.Line({{5.4, 8}, {10.6, 8}}, GREEN, 1.6);
 }
 
-/// A sheet that lacks a corner, crossed out.
+/// A sheet without a corner, crossed out.
 void DrawMissingFile(Canvas &canvas)
 {
     canvas.Shape({{3.5, 1.5}, {8, 1.5}, {7.2, 4}, {9.8, 4.4}, {9, 7}, {12.5, 6.4}, {12.5, 14.5}, {3.5, 14.5}}, PAPER);
@@ -180,7 +180,7 @@ void DrawMissingFile(Canvas &canvas)
     canvas.Line({{9.6, 8.6}, {5.4, 12.8}}, RED, 1.8);
 }
 
-/// The edge of a sheet, broken off all round.
+/// The outline of a sheet, dashed all around.
 void DrawNoFile(Canvas &canvas)
 {
     for (const qreal x : {3.5, 12.5}) {
@@ -360,7 +360,8 @@ public:
     [[nodiscard]] QIconEngine *clone() const override { return new VectorEngine(icon); }
 
 private:
-    /// An edge in the colour of selected text around the icon, which might be of the colour of the selection.
+    /// Paints an edge in the colour of selected text around the icon, because the icon may have the colour of the
+    /// selection.
     void PaintHalo(QPainter &painter, const QRect &rect)
     {
         const qreal ratio = painter.device()->devicePixelRatioF();

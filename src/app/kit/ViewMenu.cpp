@@ -13,7 +13,7 @@ void RunViewMenu(QWidget &view, std::span<const ViewMenuEntry> entries, const QP
 {
     if (entries.empty())
         return;
-    const QPointer<QWidget> owner = &view; // which an action may close
+    const QPointer<QWidget> owner = &view; // an action may close the view
     QMenu menu(&view);
     QActionGroup choices(&menu);
     for (const ViewMenuEntry &entry : entries) {
@@ -31,9 +31,9 @@ void RunViewMenu(QWidget &view, std::span<const ViewMenuEntry> entries, const QP
         action->setChecked(state.checked);
         action->setStatusTip(TipOf(entry.id));
     }
-    // A menu that no menu bar opened keeps the tips to itself.
+    // A menu that wasn't opened by a menu bar doesn't show status tips by itself.
     QObject::connect(&menu, &QMenu::hovered, &view, [&view](QAction *action) { action->showStatusText(&view); });
-    menu.exec(globalPlace); // runs the action that is chosen
+    menu.exec(globalPlace); // runs the chosen action
     if (!owner)
         return;
     QStatusTipEvent none{QString()};

@@ -16,7 +16,7 @@ struct Free
 };
 template <typename T> using Reply = std::unique_ptr<T, Free>;
 
-// The forms in which a program offers text; a list of files counts as text too, as it does for pasting.
+// The formats in which a program offers text. A list of files counts as text too, as it does for pasting.
 constexpr const char *TEXT_FORMS[] = {
     "UTF8_STRING", "STRING", "TEXT", "COMPOUND_TEXT", "text/plain", "text/plain;charset=utf-8", "text/uri-list",
 };
@@ -47,7 +47,7 @@ XClipboardQuestion::XClipboardQuestion(std::function<void(bool)> receiver)
 
 XClipboardQuestion::~XClipboardQuestion()
 {
-    qDeleteAll(children()); // the notifier, before the connection that it watches
+    qDeleteAll(children()); // the notifier must go before the connection that it watches
 }
 
 quint32 XClipboardQuestion::Atom(const char *name) const
@@ -61,7 +61,8 @@ void XClipboardQuestion::Ask()
 {
     if (xcb_connection_has_error(display.get()))
         return;
-    // A window for each question: the answer to an earlier one goes to a window that is gone.
+    // Each question has its own window, so that the answer to an earlier question goes to a window that no longer
+    // exists.
     if (window != 0)
         xcb_destroy_window(display.get(), window);
     window = xcb_generate_id(display.get());

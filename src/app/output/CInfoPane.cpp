@@ -13,7 +13,7 @@
 namespace
 {
 
-constexpr qsizetype PIECE = 16 << 10; // characters: shown within a few milliseconds
+constexpr qsizetype PIECE = 16 << 10; // characters; takes a few milliseconds to show
 
 constexpr ViewMenuEntry MENU[] = {
     {ACTION_COPY, "&Copy"},
@@ -29,11 +29,11 @@ CInfoPane::CInfoPane(QWidget *parent) : QPlainTextEdit(parent)
     setUndoRedoEnabled(false);
     setLineWrapMode(QPlainTextEdit::NoWrap);
     QTextOption direction = document()->defaultTextOption();
-    direction.setTextDirection(Qt::LeftToRight); // of the lines: a name in them may run the other way
+    direction.setTextDirection(Qt::LeftToRight); // for whole lines, even with right-to-left names
     document()->setDefaultTextOption(direction);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setAccessibleName(QStringLiteral("Output"));
-    // What is selected stays so for the eye while the focus is elsewhere.
+    // The selection remains visible while the focus is elsewhere.
     QPalette colors = palette();
     colors.setBrush(QPalette::Inactive, QPalette::Highlight, colors.brush(QPalette::Active, QPalette::Highlight));
     colors.setBrush(QPalette::Inactive, QPalette::HighlightedText,
@@ -138,7 +138,7 @@ void CInfoPane::Run(ActionId id)
     }
 }
 
-/// Plain text alone.
+/// Copies only plain text.
 QMimeData *CInfoPane::createMimeDataFromSelection() const
 {
     auto *const plain = new QMimeData;
@@ -152,7 +152,7 @@ void CInfoPane::contextMenuEvent(QContextMenuEvent *event)
     if (event->reason() == QContextMenuEvent::Keyboard) {
         QTextCursor start(document());
         start.setPosition(textCursor().selectionStart());
-        const QPoint caret = cursorRect(start).bottomLeft(); // which may have been scrolled out of sight
+        const QPoint caret = cursorRect(start).bottomLeft(); // may be out of sight
         place = viewport()->mapToGlobal(
             QPoint(qBound(0, caret.x(), viewport()->width() - 1), qBound(0, caret.y(), viewport()->height() - 1)));
     }

@@ -36,7 +36,7 @@ bool CLangFltr::InitList(CheckList &list)
     names.clear();
     for (const KnownLanguage &known : KnownLanguages(doc.env)) {
         if (known.number == StringFileFormat::DESCRIPTION)
-            continue; // the number of the descriptions, which is no language
+            continue; // the number of the descriptions, which are not a language
         list.rows.push_back(
             {{known.name, QString::number(known.number)}, known.number, FolderOf(known.number) != nullptr});
         names[known.number] = known.name;
@@ -81,13 +81,13 @@ bool CLangFltr::Apply(CheckList &list)
     if (!Ask())
         return false;
     const StringTable::Batch batch(table);
-    table.EnsureDescriptionFolder(); // so that the first language's column isn't the description's
+    table.EnsureDescriptionFolder(); // so that the first language doesn't get the column of the descriptions
     for (const CheckList::Row &row : list.rows) {
         CResFolder *const folder = FolderOf(row.data);
         if (row.checked && !folder)
             Add(row.data, row.texts[NAME_COLUMN]);
         else if (!row.checked && folder)
-            doc.DeleteFolder(*folder); // which has the table take the column away
+            doc.DeleteFolder(*folder); // this makes the table remove the column
     }
     return true;
 }

@@ -2,8 +2,8 @@
 
 QList<QRect> CascadePlaces(int count, const QSize &area, int title, const QSize &smallest)
 {
-    constexpr int SHOWN_OF_TITLE = 90; // of one that the next column covers, at least
-    const int lowest = area.height() - qMin(smallest.height(), area.height() / 2); // where the last may begin
+    constexpr int SHOWN_OF_TITLE = 90; // the least visible width of a title that the next column covers
+    const int lowest = area.height() - qMin(smallest.height(), area.height() / 2); // the lowest top edge
     const int rows = qMax(1, lowest / title + 1);
     const int columns = (count + rows - 1) / rows;
     const int columnStep = qMax(SHOWN_OF_TITLE, (area.width() - smallest.width()) / qMax(1, columns));

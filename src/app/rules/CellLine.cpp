@@ -35,7 +35,7 @@ QString CellLine(const QString &text, qsizetype most)
     for (qsizetype i = 0; i < shown.size(); ++i) {
         const QChar c = shown[i];
         if (c == u'\r' && i + 1 < shown.size() && shown[i + 1] == u'\n')
-            continue; // the two are one line end
+            continue; // CR and LF are one line end
         line += EndsLine(c) ? LINE_END : IsPlain(c) ? c : QChar(u' ');
     }
     if (isCut)

@@ -16,7 +16,7 @@ QString ComponentLabel(const Environment &env, const CZulClass &component)
 std::vector<ListedComponent> ComponentsOf(const CLayoutRes &layout)
 {
     std::vector<ListedComponent> all;
-    std::vector<ListedComponent> waiting; // the next one last
+    std::vector<ListedComponent> waiting; // a stack: the last is the next
     const auto await = [&waiting](const std::vector<std::unique_ptr<CZulClass>> &components, int depth) {
         for (auto component = components.rbegin(); component != components.rend(); ++component)
             waiting.push_back({component->get(), depth});

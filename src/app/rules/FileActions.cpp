@@ -11,21 +11,21 @@ enum class Needs
 {
     Nothing,
     NeverThere, ///< the action is disabled
-    NoItem,     ///< that the folder isn't that of a component
+    NoItem,     ///< the folder isn't that of a component
     Rows,       ///< at least one selected row
     RowsNoItem,
     OneRow,
     OneFile,   ///< one selected row, with a path
-    Resource,  ///< that the first selected row has a resource
-    Resources, ///< that the first row of the list has a resource
-    SameKind,  ///< selected rows that are all Push or all Normal; one row alone needs a path
+    Resource,  ///< the first selected row has a resource
+    Resources, ///< the first row of the list has a resource
+    SameKind,  ///< the selected rows are all Push or all Normal; a single row needs a path
 };
 
 struct ActionNeeds
 {
     ActionId id;
     Needs always;
-    Needs inMenu; // in the list's own menu, beyond that
+    Needs inMenu; // additionally, in the list's own menu
 };
 
 constexpr ActionNeeds TABLE[] = {
@@ -42,7 +42,7 @@ constexpr ActionNeeds TABLE[] = {
     {ACTION_SELECT_ALL, Needs::Nothing, Needs::Nothing},
     {ACTION_FILTER_IMAGES, Needs::NeverThere, Needs::NeverThere},
     {ACTION_PUSH_IMAGE, Needs::NeverThere, Needs::NeverThere},
-    // Those of a text that is being edited, which come here only while none is.
+    // The edit actions for text, which come here only while no text is being edited.
     {ACTION_COPY, Needs::NeverThere, Needs::NeverThere},
     {ACTION_CUT, Needs::NeverThere, Needs::NeverThere},
     {ACTION_PASTE, Needs::NeverThere, Needs::NeverThere},
@@ -60,7 +60,7 @@ bool IsMet(Needs needs, const FileList &list, const FileSelection &selection)
 {
     switch (needs) {
     case Needs::Nothing:
-    case Needs::SameKind: // looked at by itself
+    case Needs::SameKind: // checked separately
         return true;
     case Needs::NeverThere:
         return false;

@@ -19,7 +19,7 @@ namespace
 const QString NORMAL = u"Normal"_s;
 const QString PUSH = u"Push"_s;
 
-/// From both ends of the folder's list: each step waits for memory, and so two wait together.
+/// Walks the folder's list from both ends: each step waits for memory, and this way two steps wait at the same time.
 void AppendRows(std::vector<CFileRes *> &rows, const CResFolder &folder)
 {
     size_t front = rows.size();
@@ -27,7 +27,7 @@ void AppendRows(std::vector<CFileRes *> &rows, const CResFolder &folder)
     rows.resize(back);
     CBaseRes *behind = folder.resources.Last();
     for (CBaseRes *ahead = folder.resources.First(); front < back; ahead = ahead->NextInFolder()) {
-        rows[front++] = static_cast<CFileRes *>(ahead); // such folders have no others
+        rows[front++] = static_cast<CFileRes *>(ahead); // such folders have only files
         if (front == back)
             break;
         rows[--back] = static_cast<CFileRes *>(behind);
@@ -111,7 +111,7 @@ void FileList::Sort(int sortState)
     grid.OrderChanged(order);
 }
 
-/// Turns a path into what the project stores of it.
+/// Turns a path into the form that the project stores.
 int FileList::TakePath(QString &path) const
 {
     if (const int code = CheckArrival(path); code != FILE_EDIT_DONE)
@@ -119,7 +119,7 @@ int FileList::TakePath(QString &path) const
     const QString folderOfProject = DirectoryOf(model.PathName());
     const QString absolute = path;
     MakeRelative(path, folderOfProject);
-    // Which takes names that differ in case for one; on this disk they may be of two folders.
+    // MakeRelative ignores case in names; on this disk, names that differ in case may be two folders.
     if (path != absolute && !absolute.startsWith(folderOfProject) &&
         !IsSameFile(HostPath(absolute), HostPath(ResolvePath(path, folderOfProject))))
         path = absolute;
@@ -225,7 +225,7 @@ int FileList::ApplyIdEdit(int row, const QString &text)
     return FILE_EDIT_DONE;
 }
 
-/// The new row becomes that of a resource without a file, and another one follows.
+/// Makes the new row the row of a resource without a file. Another new row follows it.
 int FileList::MakeByName(const NarrowText &id)
 {
     CResFolder *const target = folder && folder->kind == KIND_FILES ? folder->FindFolder(KIND_BINARY, 1) : folder;
@@ -257,7 +257,7 @@ void FileList::TakeOut(CFileRes &res)
 
 void FileList::Remove(const std::vector<int> &toRemove)
 {
-    constexpr int MOST_TOLD = 100; // pieces, before a reset is faster
+    constexpr int MOST_TOLD = 100; // runs of rows; with more a reset is faster
     struct Piece
     {
         int first, last;

@@ -12,7 +12,7 @@
 namespace
 {
 
-/// Texts one behind the other: an allocation for each would take a good part of a sort.
+/// Texts in one buffer: an allocation for each would take a large part of the time of a sort.
 class Texts
 {
 public:
@@ -31,7 +31,7 @@ public:
         ends.push_back(all.size());
     }
 
-    /// Valid as long as this is.
+    /// The result is valid as long as this object exists.
     [[nodiscard]] QString At(int row) const
     {
         const qsizetype start = row == 0 ? 0 : ends[size_t(row) - 1];
@@ -45,8 +45,8 @@ private:
     std::vector<qsizetype> ends;
 };
 
-/// The IDs or the paths, row by row. Those of several rows are looked up at a time: each step waits for memory, and so
-/// they wait together.
+/// The IDs or the paths, row by row. Several rows are looked up at a time: each step waits for memory, and this way the
+/// steps wait at the same time.
 Texts TextsOf(const std::vector<CFileRes *> &rows, const Environment &env, bool isById)
 {
     constexpr size_t TOGETHER = 16; // rows

@@ -14,8 +14,8 @@ QString PositionText(const QRect &position)
 namespace
 {
 
-/// As scanning with "%d,%d,..." finds them: blanks may stand before a number, and anything behind the last. A number
-/// that int doesn't hold ends them.
+/// Reads numbers as scanning with "%d,%d,..." does: blanks are allowed before a number, and any text after the last
+/// one. Reading ends at a number that exceeds the range of int.
 QList<int> LeadingNumbers(const QString &text, int most)
 {
     static const QRegularExpression number(QStringLiteral("\\G\\s*([+-]?[0-9]+)(,?)"));
@@ -70,7 +70,7 @@ QSize SmallestFrame(const QSize &screen)
 QRect BroughtBack(const QRect &position, const QList<QRect> &screens)
 {
     constexpr int TITLE_HEIGHT = 24;
-    constexpr int ENOUGH = 80; // of the title to take hold of
+    constexpr int ENOUGH = 80; // width of the title that the user can grab
     if (screens.isEmpty())
         return position;
     QRect all;

@@ -27,7 +27,7 @@ int ListSettings::Width(int column, int fallback) const
 int ListSettings::SortState(int fallback) const
 {
     const int state = settings.Int(section.constData(), SORT_KEY, fallback);
-    return state == std::numeric_limits<int>::min() ? fallback : state; // which has no other direction
+    return state == std::numeric_limits<int>::min() ? fallback : state; // it can't be negated
 }
 
 QList<ProfileEntry> ListSettings::State(const QList<int> &widths, int sortState) const

@@ -8,6 +8,6 @@ QString LiteralTip(const QString &text)
     QString shown = WholePart(text, LONGEST).toString();
     if (shown.size() < text.size())
         shown += QChar(0x2026);
-    // Only rich text is wrapped in a tool tip.
+    // A tool tip wraps only rich text.
     return QStringLiteral("<p style=\"white-space: pre-wrap\">%1</p>").arg(shown.toHtmlEscaped());
 }

@@ -8,7 +8,7 @@ namespace
 
 constexpr int FOLDER_DEPTH = 2;
 
-/// What an enumerator says of a text or of an image.
+/// The meaning of an enumerator for a text or an image.
 struct Word
 {
     const char *word;
@@ -39,7 +39,7 @@ constexpr Word WORDS[] = {
     {"tile", [](ShownText &, ImageFit &fit) { fit = ImageFit::Tile; }},
 };
 
-/// The ID of a reference, "@" and its name; null when it is none or names no ID of the project.
+/// The ID of a reference, "@" and its name; null if it isn't a reference or names no ID of the project.
 const IDRecord *IdOf(CResModel &model, const NarrowText &reference, qint16 scope)
 {
     return reference.startsWith('@') ? model.ids.Find(reference.mid(1), scope) : nullptr;
@@ -55,7 +55,7 @@ bool IsOfText(const CZulType &color, bool isInGroup)
 struct PreviewContents::Values
 {
     PreviewContent content;
-    NarrowText reference; // of the text
+    NarrowText reference; // to the text
     ShownText style;
 };
 
@@ -91,8 +91,8 @@ PreviewContent PreviewContents::Of(const CZulClass &component) const
     return std::move(values.content);
 }
 
-/// Goes through the attributes, which are the values that are set, and not through the members: these are made when
-/// they are asked for.
+/// Goes through the attributes, which are the values that are set. It doesn't go through the members, because they are
+/// made when they are requested.
 void PreviewContents::Take(const CZulCustom &owner, bool isGroup, Values &values) const
 {
     if (!owner.component)

@@ -12,20 +12,20 @@
 namespace
 {
 
-/// Of one axis: where the screen begins.
+/// On one axis: the position at which the screen begins.
 qint32 CornerOf(qint32 screenSize, qint32 scrollSize, int client)
 {
     const qint64 room = std::max(scrollSize, client);
     return std::max(Nearest32((room - screenSize) / 2), PreviewZoom::MARGIN);
 }
 
-/// Of one axis: the layout coordinate that is so many pixels from the screen's corner.
+/// On one axis: the layout coordinate at that distance in pixels from the screen's corner.
 qint32 Unscaled(qint64 pixels, int percent)
 {
     return percent == 0 ? 0 : Nearest32(pixels * 100 / percent);
 }
 
-/// Of one axis: how far a view can be scrolled to get a point that should be at `pointer` there.
+/// On one axis: the scroll position that moves a point to `pointer`, or the nearest possible one.
 int ScrollTo(double point, int pointer, qint32 scrollSize, int client)
 {
     const double most = std::max(0.0, double(scrollSize) - client);
@@ -36,7 +36,7 @@ int ScrollTo(double point, int pointer, qint32 scrollSize, int client)
 
 WheelMove WheelMoveOf(int delta, Qt::KeyboardModifiers keys)
 {
-    keys &= ~Qt::KeyboardModifiers(Qt::KeypadModifier); // no key that is held
+    keys &= ~Qt::KeyboardModifiers(Qt::KeypadModifier); // not a modifier that is held
     if (delta == 0)
         return WheelMove::Nothing;
     if (keys == Qt::ControlModifier)
@@ -160,7 +160,7 @@ QPoint PreviewZoom::LayoutPoint(QPoint pointer, const PreviewPlace &place) const
 QPoint PreviewZoom::ScrollKeeping(QPoint pointer, const PreviewZoom &before, const PreviewPlace &placeBefore,
                                   QSize client) const
 {
-    // Not by way of whole layout coordinates: many small steps would move the picture.
+    // Doesn't round to whole layout coordinates: otherwise many small steps would shift the picture.
     const QPointF offset = QPointF(pointer) + placeBefore.scroll - before.ScreenCorner(placeBefore.client);
     const double factor = before.percent == 0 ? 0 : double(percent) / before.percent;
     const QPointF point = offset * factor + ScreenCorner(client);

@@ -54,7 +54,7 @@ void RecentFiles::Store(Settings &settings) const
         if (settings.String(SECTION, key.toUtf8().constData()) != path)
             entries.append({QString::fromLatin1(SECTION), key, path});
     }
-    (void)settings.WriteAll(entries); // a list that can't be kept hinders nobody
+    (void)settings.WriteAll(entries); // a list that can't be stored is no problem
 }
 
 QString RecentFiles::Label(int index) const
@@ -67,7 +67,7 @@ QString RecentFiles::Label(int index) const
     const bool hasRightToLeft = std::any_of(path.cbegin(), path.cend(), [](QChar c) {
         return c.direction() == QChar::DirR || c.direction() == QChar::DirAL;
     });
-    if (hasRightToLeft) // else neighbouring folders of such a script change places
+    if (hasRightToLeft) // otherwise adjacent folders in such a script are shown in reverse order
         path.replace(u'/', QStringLiteral("/\u200E"));
     return QStringLiteral("&%1 %2").arg(index + 1).arg(path.replace(u'&', QStringLiteral("&&")));
 }

@@ -7,7 +7,7 @@
 namespace
 {
 
-/// Says whether a reload of such a file reads the whole project.
+/// Returns whether reloading such a file reads the whole project.
 bool IsWhole(WatchClass watchClass)
 {
     return watchClass == WATCH_RESOURCES || watchClass == WATCH_CONFIGURATION;
@@ -68,7 +68,7 @@ void ReloadQueue::Run()
         return;
     const QScopedValueRollback running(isRunning, true);
     while (Next() && host.MayAsk()) {
-        if (const std::optional<Notice> next = Next()) // once more: an edit has been taken
+        if (const std::optional<Notice> next = Next()) // again, because MayAsk can commit an edit
             Answer(*next);
     }
 }
@@ -83,10 +83,10 @@ void ReloadQueue::Forget(const Notice &notice)
 
 void ReloadQueue::Answer(const Notice &notice)
 {
-    Forget(notice); // the answer is about what has changed by now
+    Forget(notice); // the answer is about all changes up to now
     if (!ReloadsUnasked(notice.item) && !host.Ask(notice.item))
         return;
-    Forget(notice);                 // the reload reads what has changed during the question too
+    Forget(notice);                 // the reload also reads changes made during the question
     if (host.ItemOf(notice.handle)) // its document is still open
         host.Reload(*notice.item.doc, notice.handle);
 }

@@ -34,7 +34,7 @@ void Count(const CResFolder &folder, ResourceCounts &counts)
     case KIND_STRINGS:
         return CountStrings(folder, counts);
     case KIND_RESO_LAYOUTS:
-        counts.layouts += folder.subfolders.size(); // each layout has a folder of its own
+        counts.layouts += folder.subfolders.size(); // each layout has its own folder
         return;
     case KIND_LAYOUT:
         counts.layouts += own;
@@ -53,11 +53,11 @@ QString Counted(size_t number, const QString &noun)
     return number == 1 ? QStringLiteral("1 ") + noun : QStringLiteral("%1 %2s").arg(number).arg(noun);
 }
 
-/// What a folder holds, such as 3 "audio " "file".
+/// The contents of a folder, such as 3 "audio " "file".
 struct Holding
 {
     size_t number = 0;
-    const char *sort = ""; // what the folder's name says as well; ends with a blank
+    const char *sort = ""; // already said by the folder's name; ends with a blank
     const char *noun = nullptr;
     QString where; // for which screens; begins with a blank
 };

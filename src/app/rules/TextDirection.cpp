@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// A name as its words in lower case, with a blank before, between and after them.
+/// The words of a name in lower case, with a blank before, between and after them.
 QString WordsOf(const QString &name)
 {
     QString words(u' ');
@@ -23,10 +23,10 @@ QString WordsOf(const QString &name)
     return words.endsWith(u' ') ? words : words + u' ';
 }
 
-/// The English names of languages that run from right to left, as `WordsOf` gives them.
+/// The English names of languages that run from right to left, in the form of `WordsOf`.
 QStringList RightToLeftNames()
 {
-    // Other names of languages and scripts; some of them are in no list of QLocale.
+    // Other names of languages and scripts, some of which QLocale doesn't know.
     QStringList names{u"farsi"_s,  u"dari"_s, u"pushto"_s, u"uighur"_s,  u"dhivehi"_s,   u"maldivian"_s,
                       u"sorani"_s, u"jawi"_s, u"syriac"_s, u"aramaic"_s, u"shahmukhi"_s, u"perso arabic"_s};
     for (int language = QLocale::C + 1; language <= QLocale::LastLanguage; ++language) {
@@ -38,7 +38,7 @@ QStringList RightToLeftNames()
     return names;
 }
 
-/// Whether a text's first letter belongs to a script that runs from right to left.
+/// Returns whether a text's first letter belongs to a script that runs from right to left.
 bool BeginsRightToLeft(const QString &text)
 {
     for (const char32_t c : text.toUcs4()) {
@@ -55,7 +55,7 @@ bool BeginsRightToLeft(const QString &text)
 
 Qt::LayoutDirection DirectionOfLanguage(const QString &name)
 {
-    if (BeginsRightToLeft(name)) // a name in the language itself is written as its texts are
+    if (BeginsRightToLeft(name)) // a name in the language itself has the direction of its texts
         return Qt::RightToLeft;
     static const QStringList known = RightToLeftNames();
     const QString words = WordsOf(name);

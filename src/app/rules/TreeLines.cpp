@@ -2,7 +2,7 @@
 
 QList<QLine> TreeLines(const QRect &part, int indentation, Qt::LayoutDirection direction, const TreeLinesRow &row)
 {
-    constexpr int SIGN = 7; // half of its side
+    constexpr int SIGN = 7; // half the width of the sign
     QList<QLine> lines;
     const auto add = [&](int x1, int y1, int x2, int y2) {
         const int ends = part.left() + part.right();

@@ -19,7 +19,7 @@ namespace
 constexpr int ICON_SIDE = 32;
 constexpr int GRID_WIDTH = 96;
 constexpr int NARROWEST = 64; // has room for the name of a resolution
-constexpr int LINES = 3;      // of text below an icon: a name of two lines, and what is in it
+constexpr int LINES = 3;      // of text below an icon: two lines of name, and the count line
 
 CResFolder *FolderOf(const QListWidgetItem *row)
 {
@@ -43,7 +43,7 @@ CDefaultView::CDefaultView(CResDoc &projectDocument, Selection &folderSelection,
     setTextElideMode(Qt::ElideMiddle);
     setAccessibleName(QStringLiteral("Contents"));
     const auto enter = [this](const QListWidgetItem *row) {
-        if (CResFolder *folder = FolderOf(row)) // a double click also activates, when the row has gone by then
+        if (CResFolder *folder = FolderOf(row)) // null if a double click, which also activates, has removed the row
             selection.SelectFolder(folder);
     };
     connect(this, &QListWidget::itemDoubleClicked, this, enter);
@@ -51,7 +51,7 @@ CDefaultView::CDefaultView(CResDoc &projectDocument, Selection &folderSelection,
     connect(this, &QListWidget::itemChanged, this, [this](const QListWidgetItem *row) {
         CResFolder *const folder = FolderOf(row);
         if (!isFilling && folder && LabelOf(*folder, document) != row->text())
-            tree.EditLabel(*folder, QString(row->text())); // which fills this view anew
+            tree.EditLabel(*folder, QString(row->text())); // this rebuilds the view
     });
     document.AddView(this);
 }
@@ -73,7 +73,7 @@ void CDefaultView::OnUpdate(CView *, long, CView *target)
         Fill();
 }
 
-/// Takes off the rows of the folders that go; an update follows, which shows those that have come.
+/// Removes the rows of the folders that are about to be destroyed. An update follows, which adds new rows.
 void CDefaultView::TreeGoes(const CResFolder &folder)
 {
     const QScopedValueRollback filling(isFilling, true);
@@ -91,7 +91,7 @@ void CDefaultView::TreeGoes(const CResFolder &folder)
 void CDefaultView::mousePressEvent(QMouseEvent *event)
 {
     if (!itemAt(event->pos()))
-        clearSelection(); // what follows is about the folder itself
+        clearSelection(); // now actions are about the folder itself
     QListWidget::mousePressEvent(event);
 }
 
@@ -114,7 +114,7 @@ void CDefaultView::changeEvent(QEvent *event)
         FitGrid();
 }
 
-/// A narrow view shows narrow columns, so that no name is cut off.
+/// Makes the columns narrow in a narrow view, so that no name is cut off.
 void CDefaultView::FitGrid()
 {
     setGridSize(QSize(qBound(NARROWEST, viewport()->width() - 2, GRID_WIDTH),
@@ -130,14 +130,14 @@ void CDefaultView::paintEvent(QPaintEvent *event)
     QColor color = palette().color(QPalette::Text);
     color.setAlphaF(0.65F);
     painter.setPen(color);
-    painter.setLayoutDirection(Qt::LeftToRight); // as its words are
+    painter.setLayoutDirection(Qt::LeftToRight); // the hint is English
     painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap, hint);
 }
 
 void CDefaultView::keyPressEvent(QKeyEvent *event)
 {
     if (state() == EditingState)
-        return; // a key that the label has no use for
+        return; // a key that the label ignores
     if (LeadsOut(*event))
         return GoOut();
     QListWidget::keyPressEvent(event);

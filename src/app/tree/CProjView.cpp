@@ -68,7 +68,7 @@ void CProjView::OnUpdate(CView *sender, long, CView *target)
         Fill();
 }
 
-/// A click of the right button opens the menu of a folder and selects nothing.
+/// A click with the right button opens the menu of a folder without selecting it.
 void CProjView::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::RightButton)
@@ -80,13 +80,13 @@ void CProjView::mousePressEvent(QMouseEvent *event)
 void CProjView::keyPressEvent(QKeyEvent *event)
 {
     if (state() == EditingState)
-        return; // a key that the label has no use for
+        return; // a key that the label ignores
     if (!LeadsOut(*event))
         return LinedTree::keyPressEvent(event);
     (void)selection.GoOut();
 }
 
-/// What changed while the tree was out of sight shows now.
+/// Shows changes that were made while the tree was hidden.
 void CProjView::showEvent(QShowEvent *event)
 {
     LinedTree::showEvent(event);
@@ -94,7 +94,7 @@ void CProjView::showEvent(QShowEvent *event)
         Fill();
 }
 
-/// Takes off the rows of the folders that go; an update follows, which shows those that have come.
+/// Removes the rows of the folders that are about to be destroyed. An update follows, which adds new rows.
 void CProjView::TreeGoes(const CResFolder &folder)
 {
     if (contextFolder && GoesWith(*contextFolder, folder))
@@ -157,7 +157,7 @@ void CProjView::SelectionChanged()
     UpdatePanes();
 }
 
-/// Has all other views take up what is selected, or what has changed here.
+/// Tells all other views that the selection or something in the tree has changed.
 void CProjView::UpdatePanes()
 {
     document.UpdateAllViews(this);
@@ -272,7 +272,7 @@ bool CProjView::ChooseResolutions(CResFolder &folder)
     CResoFltr helper(document, first, second, host.Boxes());
     CTreeFltrDlg dialog(helper, window());
     if (host.Boxes().RunDialog(dialog))
-        document.UpdateAllViews(nullptr); // which fills the tree anew
+        document.UpdateAllViews(nullptr); // this rebuilds the tree
     return true;
 }
 
@@ -342,5 +342,5 @@ void CProjView::OpenContextMenu(CResFolder &folder, const QPoint &globalPlace)
     RunViewMenu(
         *this, EntriesOf(EntryOf(folder.kind).menu), globalPlace,
         [this](ActionId id) { return ActionState{host.IsEnabled(id)}; }, [this](ActionId id) { host.RunAction(id); });
-    contextFolder = nullptr; // also when nothing was chosen, or when another view had it
+    contextFolder = nullptr; // also if nothing was chosen, or if another view opened the menu
 }

@@ -16,7 +16,7 @@ void ContentsDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     painter->save();
     painter->setPen(color);
     painter->setFont(option.font);
-    painter->setLayoutDirection(Qt::LeftToRight); // as its words are
+    painter->setLayoutDirection(Qt::LeftToRight); // the line is English
     painter->drawText(place, Qt::AlignHCenter | Qt::AlignTop,
                       option.fontMetrics.elidedText(line, Qt::ElideRight, place.width()));
     painter->restore();
