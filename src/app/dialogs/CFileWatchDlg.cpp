@@ -29,10 +29,10 @@ CFileWatchDlg::CFileWatchDlg(const QString &path, qint32 *fileFlag, qint32 *type
     rows->addLayout(top);
     rows->addSpacing(rows->spacing());
     rows->addLayout(MakeButtons(hasUnsavedChanges));
-    rows->setSizeConstraint(QLayout::SetFixedSize); // what the longest line needs
+    rows->setSizeConstraint(QLayout::SetFixedSize); // as wide as the longest line
 }
 
-/// A path that the screen has no room for loses its middle; a tool tip has all of it.
+/// If a path is too long for the screen, its middle is elided, and the tool tip has the whole path.
 void CFileWatchDlg::AddText(QVBoxLayout &column, const QString &path, bool hasUnsavedChanges)
 {
     constexpr double MOST_OF_SCREEN = 0.75;

@@ -14,7 +14,7 @@ constexpr int CONTROL = 1002;
 constexpr int COLUMN_WIDTH = 150;
 constexpr int ROWS = 15;
 
-/// Draws the boxes. The grid itself draws the focus, of a whole row.
+/// Draws the boxes. The grid itself draws the focus around the whole row.
 class CheckDelegate : public QStyledItemDelegate
 {
 public:
@@ -56,7 +56,7 @@ void CListFltrDlg::MakeGrid()
     connect(grid->horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int column) { SortBy(column); });
 }
 
-/// Room for the columns and some rows.
+/// Makes room for the columns and some rows.
 void CListFltrDlg::FitRows()
 {
     const QHeaderView &header = *grid->horizontalHeader();
@@ -89,7 +89,7 @@ void CListFltrDlg::Toggle()
         model->setData(model->index(row, 0), state, Qt::CheckStateRole);
 }
 
-/// Space turns the check whichever column is in focus.
+/// Space inverts the check whichever column has the focus.
 bool CListFltrDlg::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == grid && event->type() == QEvent::KeyPress) {

@@ -12,7 +12,7 @@ namespace
 constexpr int NARROWEST = 200;
 constexpr int ROWS = 15;
 
-/// Gives rows the height of those of a list, so that the check boxes don't touch.
+/// Gives rows the same height as in a list, so that the check boxes don't touch each other.
 class RowDelegate : public QStyledItemDelegate
 {
 public:
@@ -55,7 +55,7 @@ CTreeFltrDlg::CTreeFltrDlg(ITreeFltrHelper &treeHelper, QWidget *parent)
     FitRows();
 }
 
-/// Room for the longest text and some rows. Where the screen has none for the text, the tree scrolls.
+/// Makes room for the longest text and some rows. If the text is too long for the screen, the tree can be scrolled.
 void CTreeFltrDlg::FitRows()
 {
     QHeaderView &header = *boxes->header();

@@ -19,7 +19,7 @@ constexpr int NAME_WIDTH = 100;
 constexpr int PATH_WIDTH = 270;
 constexpr int ROWS = 15;
 
-// The texts are those that the users of the dialog know.
+// Users of the dialog know these texts.
 constexpr char FILTER[] = "Gif files (*.gif)|*.gif|Jpg Files (*.jpg)|*.jpg|Png Fils (*.png)|*.png|"
                           "Midi Files (*.midi)|*.midi|Mp3 Files (*.mp3)|*.mp3|Avi Files (*.avi)|*.avi|"
                           "Bin Files (*.bin)|*.bin|All Files (*.*)|*.*||";
@@ -81,7 +81,7 @@ void CZEP10ResDlg::Add()
     grid->scrollToBottom();
 }
 
-/// Afterwards the focus is on the row that takes the place of the first one.
+/// Removes the selected rows. The row that takes the place of the first of them gets the focus.
 void CZEP10ResDlg::Remove()
 {
     const std::vector<int> rows = grid->SelectedRows();

@@ -17,7 +17,7 @@ namespace
 constexpr int ROWS = 12;
 constexpr int WIDTH = 44; // average characters
 
-/// Where a resource is, such as "Images, 240x320".
+/// The place of a resource, such as "Images, 240x320".
 QString PlaceOf(CResModel &model, const CResFolder &folder)
 {
     QStringList names;
@@ -38,7 +38,7 @@ GoToDialog::GoToDialog(CResModel &projectModel, QWidget *parent)
     typed->setAccessibleName(windowTitle());
     list->setAccessibleName(QStringLiteral("IDs"));
     list->setUniformItemSizes(true);
-    list->setFocusPolicy(Qt::NoFocus); // the keys for it work in the line
+    list->setFocusPolicy(Qt::NoFocus); // its keys work in the line edit
     typed->installEventFilter(this);
     connect(typed, &QLineEdit::textChanged, this, &GoToDialog::Fill);
     connect(list, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
@@ -66,7 +66,7 @@ const LocatedId *GoToDialog::Chosen() const
     return row < 0 ? nullptr : &found[size_t(row)];
 }
 
-/// The line has the focus, and the keys that move in the list are the list's.
+/// Passes the keys that move in the list on to the list, because the line edit has the focus.
 bool GoToDialog::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::KeyPress) {

@@ -8,7 +8,7 @@ QDialogButtonBox *MakeOkCancel(QDialog &dialog)
 {
     auto *const buttons = new QDialogButtonBox(&dialog);
     QPushButton *const ok = buttons->addButton(QDialogButtonBox::Ok);
-    ok->setText(QStringLiteral("OK")); // whatever the desktop writes on it
+    ok->setText(QStringLiteral("OK")); // whatever the desktop's text for it is
     ok->setDefault(true);
     buttons->addButton(QDialogButtonBox::Cancel)->setText(QStringLiteral("Cancel"));
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);

@@ -82,7 +82,7 @@ CFileView::~CFileView()
 {
     document.RemoveView(this);
     (void)document.env.settings.WriteAll(State());
-    delete grid; // before the model that it shows
+    delete grid; // before the model that it uses
     delete details;
     model.SetList(nullptr);
 }
@@ -106,7 +106,7 @@ void CFileView::TreeGoes(const CResFolder &folder)
 
 bool CFileView::event(QEvent *event)
 {
-    if (event->type() == QEvent::WindowActivate) { // files may have come or gone meanwhile
+    if (event->type() == QEvent::WindowActivate) { // files may have been added or removed meanwhile
         icons.Refresh();
         pictures.Forget();
         model.PicturesChanged();
@@ -216,7 +216,7 @@ void CFileView::Browse()
     if (paths.isEmpty() || !cell.isValid())
         return;
     icons.Refresh();
-    const int row = cell.row(); // a row that is added takes it
+    const int row = cell.row(); // an added row has the same number
     const int code = list.SetFile(row, paths.first());
     if (code != FILE_EDIT_DONE)
         host.Boxes().ShowMessage(FileEditMessage(code));
@@ -284,7 +284,7 @@ void CFileView::ShowThumbnails(bool isOn)
     model.PicturesChanged();
 }
 
-/// The preview is of the row in focus.
+/// Shows the row with the focus in the preview.
 void CFileView::ShowDetails()
 {
     if (details->isHidden())
@@ -335,11 +335,11 @@ QVariant CFileView::TipOf(int row)
 
 void CFileView::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (list.HasNewRow() && !DroppedFiles(event->mimeData()).isEmpty()) // wherever the focus is
+    if (list.HasNewRow() && !DroppedFiles(event->mimeData()).isEmpty()) // whatever has the focus
         event->acceptProposedAction();
 }
 
-/// Not within the drop: the program that the files come from waits until the drop has ended.
+/// Adds the files after the drop, because the program that they come from waits until the drop has ended.
 void CFileView::dropEvent(QDropEvent *event)
 {
     event->acceptProposedAction();

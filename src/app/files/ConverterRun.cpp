@@ -15,7 +15,7 @@
 namespace
 {
 
-constexpr qsizetype MOST_WORDS = 500; // of the converter that are shown
+constexpr qsizetype MOST_WORDS = 500; // characters of the converter's message that are shown
 
 QString NoPlace(int error)
 {
@@ -25,7 +25,7 @@ QString NoPlace(int error)
 
 } // namespace
 
-/// One run, with a folder of its own. It is there until the converter has ended.
+/// One run with its own folder. It exists until the converter has ended.
 class ConverterRun::Run : public QObject
 {
 public:
@@ -37,7 +37,7 @@ public:
     ~Run() override { QDir(QString::fromUtf8(folder)).removeRecursively(); }
 
     void Start(const QString &program, const QByteArray &picture, int limitMs, Then tellEnd);
-    /// Nobody wants its result any more.
+    /// Ends the run without reporting a result.
     void Abandon();
 
 private:
@@ -48,11 +48,11 @@ private:
     std::shared_ptr<TemporaryFolder> parent;
     QByteArray folder, source, target;
     QString converterPath;
-    QByteArray words; // what it writes to standard error
+    QByteArray words; // what the converter writes to standard error
     bool isOutOfTime = false;
     Then then;
     QTimer limit;
-    QProcess process; // last: it goes first
+    QProcess process; // the last member, so that it is destroyed first
 };
 
 void ConverterRun::Run::Start(const QString &program, const QByteArray &picture, int limitMs, Then tellEnd)
@@ -86,11 +86,12 @@ void ConverterRun::Run::Start(const QString &program, const QByteArray &picture,
                   {QStringLiteral("-f"), QStringLiteral("-i"), QString::fromUtf8(source), QString::fromUtf8(target)});
 }
 
-/// 0, or the system's error number.
+/// Makes the folder's contents. Returns 0 or the system's error number.
 int ConverterRun::Run::Prepare(const QByteArray &picture) const
 {
-    // The link has a name that can be handed over, whatever the bytes of the picture's are; and what a converter leaves
-    // beside the picture is left here. A converter may want a folder "Debug" where it runs.
+    // The link has a name that can be passed to the converter, whatever bytes the picture's name has. Files that the
+    // converter leaves beside the picture go to this folder. A converter may need a folder "Debug" in its working
+    // directory.
     const bool isReady = mkdir(folder.constData(), S_IRWXU) == 0 &&
                          mkdir((folder + "/Debug").constData(), S_IRWXU) == 0 &&
                          symlink(picture.constData(), source.constData()) == 0;
@@ -102,7 +103,7 @@ void ConverterRun::Run::End(const QString &problem)
     limit.stop();
     if (!then)
         return deleteLater();
-    // Not from within the start, nor from within a signal of the process.
+    // Queued, so that it isn't called from within the start or a signal of the process.
     QMetaObject::invokeMethod(
         this,
         [this, problem] {
@@ -117,7 +118,7 @@ void ConverterRun::Run::Abandon()
     then = nullptr;
     if (process.state() == QProcess::NotRunning)
         return deleteLater();
-    setParent(QCoreApplication::instance()); // should the program end before the process does
+    setParent(QCoreApplication::instance()); // in case the program ends before the process
     process.kill();
 }
 

@@ -31,7 +31,7 @@ FileGrid::FileGrid(FileList &fileList, FileListModel &listModel, IViewBoxes &vie
     setAccessibleName(QStringLiteral("Files"));
     typeBox->setAccessibleName(QStringLiteral("Resource Type"));
     button->setAccessibleName(QStringLiteral("Browse"));
-    button->setFocusPolicy(Qt::NoFocus); // the selected row stays the one in focus
+    button->setFocusPolicy(Qt::NoFocus); // the selected row keeps the focus
     button->hide();
     setModel(&rows);
     MakeColumns();
@@ -112,16 +112,16 @@ void FileGrid::OpenIdEditor()
     const int row = Selected().first;
     if (row < 0)
         return button->hide();
-    if (columnWidth(FileList::ID_COLUMN) == 0) { // there would be no place for the editor
+    if (columnWidth(FileList::ID_COLUMN) == 0) { // the editor needs room
         horizontalHeader()->resizeSection(FileList::ID_COLUMN, DEFAULT_WIDTHS[FileList::ID_COLUMN]);
-        // A scroll bar that appears, which the view leaves for later, would end the editor.
+        // The view would show a scroll bar later, which would close the editor.
         updateGeometries();
         QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
     }
     const QModelIndex cell = rows.index(row, FileList::ID_COLUMN);
     selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
     (void)editor->Open(cell, cell.data(Qt::EditRole).toString(), MAX_ID_NAME);
-    button->hide(); // last: a size that has changed on the way has placed it
+    button->hide(); // at the end, because a change of size has placed it again
 }
 
 void FileGrid::EditNewRow()
@@ -132,8 +132,8 @@ void FileGrid::EditNewRow()
     OpenIdEditor();
 }
 
-/// The box comes once the key or the click is through that has led here: an editor that still shows, or opens now,
-/// would lose its focus to the box and be committed again.
+/// If the list refuses the ID, the message is shown after the key or click that caused the commit has been processed.
+/// Otherwise an editor that is still visible, or opens now, would lose the focus to the box and be committed again.
 bool FileGrid::Commit(const QPersistentModelIndex &cell, const QString &text)
 {
     const QString id = ToUpperSimple(text.trimmed());
@@ -177,7 +177,7 @@ void FileGrid::PlaceTypeBox()
     (void)typeBox->Open(cell, cell.data(Qt::EditRole).toString());
 }
 
-/// The button keeps to the path of the selected row. The other controls do the same by themselves.
+/// Moves the button with the path of the selected row. The other controls move by themselves.
 void FileGrid::Follow()
 {
     if (!button->isHidden() && list.At(Selected().first))
@@ -263,7 +263,7 @@ void FileGrid::scrollTo(const QModelIndex &cell, ScrollHint hint)
         horizontalScrollBar()->setValue(before);
 }
 
-/// Rows are in focus, not cells: the keys to the left and to the right scroll.
+/// The left and right keys scroll, because rows have the focus, not cells.
 void FileGrid::keyPressEvent(QKeyEvent *event)
 {
     const bool isBack = event->key() == (isRightToLeft() ? Qt::Key_Right : Qt::Key_Left);
@@ -276,7 +276,7 @@ void FileGrid::keyPressEvent(QKeyEvent *event)
     if (event->key() != Qt::Key_Down || !(event->modifiers() & Qt::AltModifier))
         return CListGrid::keyPressEvent(event);
     if (Selected().count == 1 && list.At(Selected().first)) {
-        scrollTo(rows.index(Selected().first, FileList::TYPE_COLUMN)); // unlike for a click it may be out of sight
+        scrollTo(rows.index(Selected().first, FileList::TYPE_COLUMN)); // without a click it may be out of sight
         PlaceTypeBox();
     }
 }

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The drawn icon of a kind of file, for desktops without a theme of icons.
+/// The drawn icon of a kind of file, for desktops without an icon theme.
 UiIcon DrawnIconOf(const QMimeType &type)
 {
     const QString name = type.name();
@@ -34,7 +34,7 @@ FileIcons::FileIcons(const QString &projectFolder)
 {
 }
 
-/// Not by ResolvePath, which leaves a path relative that would become very long.
+/// Doesn't use ResolvePath, which leaves a path relative if it would become very long.
 QString FileIcons::Absolute(const QString &path) const
 {
     if (!IsRelativePath(path))

@@ -64,7 +64,7 @@ void FileListModel::RowsChanged(int first, int last)
 
 void FileListModel::OrderChanged(const std::vector<int> &order)
 {
-    std::vector<int> now(order.size() + 1, int(order.size())); // the new row stays
+    std::vector<int> now(order.size() + 1, int(order.size())); // the new row keeps its place
     for (size_t row = 0; row < order.size(); ++row)
         now[size_t(order[row])] = int(row);
     const QModelIndexList from = persistentIndexList();

@@ -10,7 +10,7 @@
 namespace
 {
 
-/// The desktop's opener doesn't tell when the file isn't there, or can't be reached.
+/// Checks the path first, because the desktop's opener doesn't report that a file is missing or can't be reached.
 QString OpenPath(const FileOpener &opener, const QByteArray &hostPath, const QString &what)
 {
     const bool isReached = access(hostPath.constData(), F_OK) == 0;

@@ -7,7 +7,7 @@
 namespace
 {
 
-// In the pixels of the desktop's scale.
+// In device-independent pixels.
 constexpr QSize LARGEST(224, 168);
 constexpr QSize SMALLEST(64, 64);
 constexpr int FRAME = 1;
@@ -16,7 +16,7 @@ constexpr int MOST_ZOOM = 4;
 
 void FillChequered(QPainter &painter, const QRectF &rect, bool isDark)
 {
-    // White and black pictures show on both.
+    // White and black pictures are visible on both.
     const QColor colors[] = {isDark ? QColor(0x70, 0x70, 0x70) : QColor(0xC8, 0xC8, 0xC8),
                              isDark ? QColor(0x5C, 0x5C, 0x5C) : QColor(0xB0, 0xB0, 0xB0)};
     painter.save();
@@ -69,7 +69,7 @@ void PictureCanvas::paintEvent(QPaintEvent *)
     if (pixels.isEmpty())
         return;
     const QSizeF size = QSizeF(pixels) / ratio;
-    // Whole device pixels from the corner of the widget, so that sharp edges stay sharp.
+    // The picture begins at whole device pixels from the widget's corner, so that sharp edges remain sharp.
     const auto start = [ratio](qreal space) { return qRound(space / 2 * ratio) / ratio; };
     const QRectF rect(QPointF(start(width() - size.width()), start(height() - size.height())), size);
     QPainter painter(this);

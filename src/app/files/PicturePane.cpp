@@ -24,8 +24,8 @@ namespace
 constexpr int MARGIN = 4;
 constexpr int LINE_EDGE = 2;
 constexpr int VALUE_LETTERS = 24;
-constexpr int LINES = 9;    // five of values, the mark, two of the note, and the check box
-constexpr int REST_MS = 60; // on a file, until its picture is converted
+constexpr int LINES = 9;    // five values, the mark, two lines of note, and the check box
+constexpr int REST_MS = 60; // the time that a file has the focus before its picture is converted
 
 QLabel *MakeText(QWidget *parent)
 {
@@ -33,7 +33,7 @@ QLabel *MakeText(QWidget *parent)
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     label->setWordWrap(true);
-    // A text that can be selected would begin on its own side of the window.
+    // Without this, a text that can be selected would begin on the wrong side of the window.
     if (parent->layoutDirection() == Qt::RightToLeft)
         label->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
     return label;
@@ -58,9 +58,9 @@ struct PicturePane::Parts
     [[nodiscard]] Line AddLine(QGridLayout &lines, const QString &name) const;
 
     void ShowFile();
-    /// Looks at the file, and then at its converted picture.
+    /// Loads the file and then its converted picture.
     void Load();
-    /// The same for a file that is shown. Nothing changes in sight while the file hasn't.
+    /// The same for a file that is shown already. If the file hasn't changed, nothing visible changes.
     void LookAgain();
     void Stop();
     void TakeLoaded(const LoadedPicture &result);
@@ -74,13 +74,13 @@ struct PicturePane::Parts
     PictureLoader &loader;
     ConverterRun converter;
     QTimer rest;
-    QTimer old; // until the picture of the file before goes
+    QTimer old; // until the previous file's picture is removed
 
     PreviewedFile file;
-    quint64 turn = 0;      // of loading; what comes for another one is late
-    bool isLoaded = false; // what follows is of the file
+    quint64 turn = 0;      // of loading; results of other turns are too late
+    bool isLoaded = false; // the following members are valid for the file
     LoadedPicture loaded;
-    QImage plain; // the picture as it is in the file
+    QImage plain; // the picture in the file, before conversion
     ConvertedPicture converted;
 
     PictureCanvas *canvas;
@@ -122,7 +122,7 @@ void PicturePane::Parts::MakeLines(QGridLayout &lines)
     picture = AddLine(lines, QStringLiteral("Picture"));
     bytes = AddLine(lines, QStringLiteral("File"));
     payload = AddLine(lines, QStringLiteral("Payload"));
-    // The values are in one place for all files, and the picture leaves them room.
+    // The values have the same position for all files, and the picture leaves room for them.
     lines.setColumnMinimumWidth(0, payload.name->sizeHint().width());
     lines.setColumnMinimumWidth(1, owner.fontMetrics().averageCharWidth() * VALUE_LETTERS);
     MakeRemarks(lines);
@@ -173,7 +173,7 @@ void PicturePane::Parts::ShowFile()
     loaded = {};
     converted = {};
     ShowTexts();
-    old.start(REST_MS); // a picture that comes soon replaces the one before it without a flicker
+    old.start(REST_MS); // a new picture that comes soon replaces the old one without flicker
     if (owner.isVisible())
         Load();
 }
@@ -273,7 +273,7 @@ void PicturePane::Parts::ShowTexts()
     mark->setVisible(!texts.mark.isEmpty());
     markIcon->setVisible(!texts.mark.isEmpty());
     note->setText(hasFile ? texts.note : QStringLiteral("No file"));
-    note->setToolTip(texts.note); // it may need more lines than there are
+    note->setToolTip(texts.note); // the note may need more than its two lines
     canvas->setAccessibleDescription(texts.picture + u' ' + texts.note);
 }
 
@@ -312,7 +312,7 @@ void PicturePane::ShowThumbnailsState(bool isOn)
 
 bool PicturePane::event(QEvent *event)
 {
-    if (event->type() == QEvent::WindowActivate) // another program may have changed the file
+    if (event->type() == QEvent::WindowActivate) // another program may have changed the file meanwhile
         parts->LookAgain();
     return QWidget::event(event);
 }

@@ -13,7 +13,7 @@ QString Bytes(qint64 count)
     return count == 1 ? QStringLiteral("1 byte") : QStringLiteral("%1 bytes").arg(Grouped(count));
 }
 
-/// An item of the payload is filled up, and the fill counts.
+/// The bytes of a file in the payload, including the padding to PAYLOAD_ALIGNMENT.
 QString PayloadBytes(qint64 fileBytes)
 {
     return Bytes((fileBytes + PAYLOAD_ALIGNMENT - 1) / PAYLOAD_ALIGNMENT * PAYLOAD_ALIGNMENT);

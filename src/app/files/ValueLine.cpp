@@ -6,7 +6,7 @@
 namespace
 {
 
-constexpr int EDGE = 2; // left and right of the text in a line without a frame
+constexpr int EDGE = 2; // margin left and right of the text in a line without a frame
 constexpr int LEAST_LETTERS = 8;
 
 } // namespace
@@ -23,7 +23,7 @@ ValueLine::ValueLine(QWidget *parent) : QLineEdit(parent)
     Align();
 }
 
-/// Paths and numbers run from the left, also where the window runs from the right.
+/// Paths and numbers are written from left to right, also in a right-to-left window.
 void ValueLine::Align()
 {
     const bool isMirrored = parentWidget()->layoutDirection() == Qt::RightToLeft;
@@ -41,7 +41,7 @@ void ValueLine::changeEvent(QEvent *event)
 void ValueLine::Show(const QString &shownText)
 {
     if (shownText == text())
-        return; // what is selected in it stays
+        return; // keeps the selection
     setText(shownText);
     setCursorPosition(0);
 }

@@ -12,10 +12,10 @@ namespace
 struct Kind
 {
     QByteArrayView firstBytes;
-    const char *format; // of QImageReader
+    const char *format; // its name for QImageReader
 };
 
-// Other readers that are installed are not for files that anybody may have made.
+// Other installed readers are not used, because they may not be safe for files from untrusted sources.
 constexpr Kind KINDS[] = {
     {"BM", "bmp"},
     {"GIF8", "gif"},
@@ -23,7 +23,7 @@ constexpr Kind KINDS[] = {
     {"\x89PNG\r\n\x1A\n", "png"},
 };
 
-const QColor GROUND(0x90, 0x90, 0x90); // on which white and black show
+const QColor GROUND(0x90, 0x90, 0x90); // white and black are visible on it
 
 const char *FormatOf(QByteArrayView start)
 {
@@ -34,7 +34,7 @@ const char *FormatOf(QByteArrayView start)
     return nullptr;
 }
 
-/// The size in which a picture is shown: its own unless that is more than `most`.
+/// The size at which a picture is shown: its own size, or reduced to fit `most`.
 QSize Fitted(QSize size, QSize most)
 {
     if (size.width() <= most.width() && size.height() <= most.height())
@@ -42,7 +42,7 @@ QSize Fitted(QSize size, QSize most)
     return size.scaled(most, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
 }
 
-/// In the format in which it is drawn, and in at most `most` pixels.
+/// Converts an image to the format in which it is drawn, and to at most `most` pixels.
 QImage ReadyToDraw(QImage image, QSize most)
 {
     image = std::move(image).convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
@@ -51,8 +51,8 @@ QImage ReadyToDraw(QImage image, QSize most)
     return shown == image.size() ? image : image.scaled(shown, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-/// Says whether a jpg has more scans than the converter reads: each one takes as long as all pixels do, and can have
-/// few bytes. The input is at its start again.
+/// Returns whether a jpg has more scans than the converter reads. Each scan takes as long as decoding all pixels, but
+/// can have few bytes. Resets the input to its start.
 bool HasTooManyScans(QIODevice &input)
 {
     constexpr int MOST_SCANS = 256;
@@ -60,13 +60,14 @@ bool HasTooManyScans(QIODevice &input)
     int scans = 0;
     QByteArray chunk;
     do {
-        chunk = chunk.right(1) + input.read(CHUNK); // a mark may be in two chunks
+        chunk = chunk.right(1) + input.read(CHUNK); // a marker can be split between two chunks
         scans += int(chunk.count("\xFF\xDA"));
     } while (chunk.size() > 1 && scans <= MOST_SCANS);
     return !input.seek(0) || scans > MOST_SCANS;
 }
 
-/// Says whether a picture with transparency is white alone or black alone, so that a list of that colour would hide it.
+/// Returns whether a picture with transparency is only white or only black, so that it would be invisible in a list of
+/// that colour.
 bool MayVanish(const QImage &picture)
 {
     constexpr int LIGHT = 0xD0;
@@ -88,10 +89,10 @@ bool MayVanish(const QImage &picture)
     return isLight || isDark;
 }
 
-/// False, with the reason, when a picture is too large or has no size.
+/// Stores the size. If the picture is too large or has no size, stores the reason and returns false.
 bool TakeSize(LoadedPicture &loaded, QSize size)
 {
-    size = {size.width(), int(qMin(qAbs(qint64(size.height())), qint64(INT_MAX)))}; // of a bmp from the top: below 0
+    size = {size.width(), int(qMin(qAbs(qint64(size.height())), qint64(INT_MAX)))}; // below 0 in a top-down bmp
     if (size.isEmpty()) {
         loaded.problem = QStringLiteral("it is damaged");
         return false;
@@ -111,7 +112,7 @@ LoadedPicture DecodeDevicePicture(QIODevice &input, QSize most)
     loaded.problem = header.Problem();
     if (!loaded.problem.isEmpty() || !TakeSize(loaded, header.Size()) || most.isEmpty())
         return loaded;
-    // A header can claim 4 GiB, for which memory must not be asked.
+    // A header can claim 4 GiB, which must not be allocated.
     if (quint64(input.size()) >= header.FileSize())
         loaded.picture = header.Pixels(input.read(qint64(header.FileSize())));
     if (loaded.picture.isNull())
@@ -149,7 +150,7 @@ LoadedPicture DecodePicture(QIODevice &input, QSize most)
     reader.setAutoTransform(false);
     if (!TakeSize(loaded, reader.size()) || most.isEmpty())
         return loaded;
-    // A jpg is decoded the faster the smaller it gets. The others would be scaled without regard to transparency.
+    // A jpg is decoded faster at a smaller size. Other formats would be scaled without regard to transparency.
     if (isJpg)
         reader.setScaledSize(Fitted(loaded.size, most));
     QImage image;

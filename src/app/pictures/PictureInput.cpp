@@ -10,7 +10,7 @@ namespace
 {
 
 constexpr double MOST_SECONDS = 10;
-constexpr qint64 MOST_BYTES = qint64(160) << 20; // 16 megapixels of 8 bytes, and some room
+constexpr qint64 MOST_BYTES = qint64(160) << 20; // 16 megapixels of 8 bytes, and a margin
 
 double ThreadSeconds()
 {
@@ -30,7 +30,7 @@ PictureInput::PictureInput(const QByteArray &hostPath, const std::atomic<bool> &
     : stopped(isStopped), start(ThreadSeconds())
 {
     struct stat info;
-    // Before the opening, since that alone does something to some devices.
+    // Checked before opening, because opening alone affects some devices.
     if (stat(hostPath.constData(), &info) != 0) {
         problem = ErrorText(errno);
         return;
@@ -42,7 +42,7 @@ PictureInput::PictureInput(const QByteArray &hostPath, const std::atomic<bool> &
         problem = ErrorText(errno);
         return;
     }
-    // Another file may have taken the name meanwhile.
+    // Checked again, because another file may have got the name meanwhile.
     if (fstat(descriptor, &info) == 0 && Take(info) && open(descriptor, ReadOnly, AutoCloseHandle))
         return;
     ::close(descriptor);

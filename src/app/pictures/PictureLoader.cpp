@@ -11,9 +11,9 @@ namespace
 
 constexpr int MOST_SIDE = 512;
 constexpr qsizetype CACHE_BYTES = qsizetype(16) << 20;
-constexpr qsizetype ENTRY_BYTES = 256;  // besides its pixels, about
-constexpr qint64 LOOK_AGAIN_MS = 2000;  // after a file was looked at
-constexpr int MOST_MEGABYTES = 128 + 1; // of one picture in memory: 16 megapixels of 8 bytes
+constexpr qsizetype ENTRY_BYTES = 256;  // about, in addition to its pixels
+constexpr qint64 LOOK_AGAIN_MS = 2000;  // after a file was checked
+constexpr int MOST_MEGABYTES = 128 + 1; // for one picture in memory: 16 megapixels of 8 bytes
 
 struct ThumbnailKey
 {
@@ -26,10 +26,10 @@ struct ThumbnailKey
 
 struct Thumbnail
 {
-    QPixmap pixmap; // null: there is none
+    QPixmap pixmap; // null if the file has none
     FileStamp stamp;
-    qint64 lookedAt;    // by the loader's clock
-    quint64 generation; // the loader's of then
+    qint64 lookedAt;    // the time on the loader's clock
+    quint64 generation; // the loader's generation at that time
 };
 
 } // namespace
@@ -44,7 +44,7 @@ struct PictureLoader::Parts
 
     void Ask(const ThumbnailKey &key, const ::Thumbnail *known);
     void Take(std::vector<PictureResult> results);
-    /// False when nothing new is known by it.
+    /// Stores a result. Returns false if it has no new information.
     bool TakeThumbnail(PictureResult &result);
     [[nodiscard]] bool IsFresh(const ::Thumbnail &known) const;
 
@@ -52,10 +52,10 @@ struct PictureLoader::Parts
     QElapsedTimer clock;
     QCache<ThumbnailKey, ::Thumbnail> cache{CACHE_BYTES};
     QSet<ThumbnailKey> asked;
-    quint64 generation = 0; // of what is known of the files
-    quint64 load = 0;       // number of the latest one
+    quint64 generation = 0; // counts up when the files may have changed
+    quint64 load = 0;       // number of the latest load
     std::function<void(const LoadedPicture &)> then;
-    PictureWorkers workers; // last: it goes first
+    PictureWorkers workers; // the last member, so that it is destroyed first
 };
 
 void PictureLoader::Parts::Ask(const ThumbnailKey &key, const ::Thumbnail *known)
@@ -79,7 +79,7 @@ bool PictureLoader::Parts::TakeThumbnail(PictureResult &result)
     if (result.isUnchanged) {
         ::Thumbnail *const known = cache.object(key);
         if (!known)
-            return true; // others have taken its room meanwhile: it has to be asked for again
+            return true; // it has left the cache meanwhile and must be requested again
         known->lookedAt = clock.elapsed();
         known->generation = generation;
         return false;

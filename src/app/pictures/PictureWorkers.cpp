@@ -12,7 +12,7 @@ namespace
 {
 
 constexpr size_t MOST_WAITING = 512;
-constexpr int BURST_MS = 25; // each burst makes the list paint
+constexpr int BURST_MS = 25; // each burst makes the list repaint
 constexpr int NICENESS = 10;
 
 PictureResult Read(PictureRequest request, const std::atomic<bool> &isStopped)
@@ -85,13 +85,13 @@ void PictureWorkers::StartWorker(const std::unique_lock<std::mutex> &)
 
 void PictureWorkers::Work()
 {
-    // Priorities of threads mean nothing to the system's usual scheduler; a thread's niceness does.
+    // The system's usual scheduler ignores priorities of threads, but uses a thread's niceness.
     setpriority(PRIO_PROCESS, id_t(gettid()), NICENESS);
     while (auto request = NextRequest())
         Add(Read(std::move(*request), isStopped));
 }
 
-/// Nothing when the worker is to end, which is counted then.
+/// The next request. Nothing if the worker must end, in which case it is no longer counted.
 std::optional<PictureRequest> PictureWorkers::NextRequest()
 {
     const std::unique_lock lock(guard);

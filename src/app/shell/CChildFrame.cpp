@@ -27,13 +27,13 @@ CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, Toolbox
     setWindowIcon(MakeIcon(UiIcon::Project));
     setAttribute(Qt::WA_DeleteOnClose);
     for (QAction *entry : systemMenu()->actions())
-        entry->setShortcuts(QList<QKeySequence>()); // the keys are those of File, Close; of two neither would work
+        entry->setShortcuts(QList<QKeySequence>()); // else File, Close has the same keys, and neither works
     document.selection = &*selection;
     tree = new CProjView(document, *selection, *this);
-    splitter->addWidget(tree); // shown first, since the contents show what the tree has
+    splitter->addWidget(tree); // shown first, because the contents show what the tree has
     splitter->addWidget(right);
     splitter->RestoreSize(document.env.settings.Int("split1st", "width", 200));
-    (void)toolbox.IsShown(document.env.settings); // read now, for all windows
+    (void)toolbox.IsShown(document.env.settings); // reads the state now, for all windows
     MakeContent();
     ShowPane(Pane::Default);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
@@ -50,7 +50,7 @@ CChildFrame::~CChildFrame()
     LeaveDocument();
 }
 
-/// Above all else the notice. By Tab it comes before the tree, as it is above it.
+/// The notice bar is at the top. In the tab order it is before the tree, because it is above it.
 void CChildFrame::MakeContent()
 {
     auto *const content = new QWidget(this);
@@ -64,7 +64,7 @@ void CChildFrame::MakeContent()
     setWidget(content);
 }
 
-/// The views look at the document, so they go before it does.
+/// Deletes the views, which must go before the document because they read it.
 void CChildFrame::LeaveDocument()
 {
     if (!splitter)
@@ -161,14 +161,14 @@ bool CChildFrame::MayClose()
         shell.Boxes().AskYesNoCancel(QStringLiteral("Save changes to %1?").arg(FileTitle(document.PathName())));
     if (answer == Answer::Yes)
         Save();
-    // What is still modified then couldn't be saved, and closing would lose it.
+    // If the document is still modified after a Yes, it couldn't be saved, and closing would lose the changes.
     return answer == Answer::No || (answer == Answer::Yes && !document.IsModified());
 }
 
 void CChildFrame::closeEvent(QCloseEvent *event)
 {
-    // Not during a command of the channel, nor below a dialog, which belongs to a pane. The cross takes no focus, so
-    // what is being edited is taken here.
+    // The window can't be closed during a command of the channel, nor below a dialog, which belongs to a pane. The
+    // close button doesn't take the focus, so what is being edited is committed here.
     const bool isBusy = !shell.IsEnabled(ACTION_CLOSE) || QApplication::activeModalWidget();
     if (!HasLeft() && (isBusy || !shell.TakeEdit() || !MayClose())) {
         event->ignore();
@@ -178,7 +178,7 @@ void CChildFrame::closeEvent(QCloseEvent *event)
     if (HasLeft())
         return;
     LeaveDocument();
-    QMdiSubWindow::closeEvent(event); // has the next one take over what this one was: maximised, or not
+    QMdiSubWindow::closeEvent(event); // makes the next window maximised if this one was
     if (closed)
         closed(document);
 }
@@ -200,7 +200,7 @@ void CChildFrame::Run(ActionId id)
 {
     switch (id) {
     case ACTION_SAVE:
-        tree->SetContextFolder(nullptr); // an action has run since the menu opened
+        tree->SetContextFolder(nullptr); // an action has run since the menu was opened
         Save();
         break;
     case ACTION_CLOSE:
@@ -217,7 +217,8 @@ void CChildFrame::Run(ActionId id)
     }
 }
 
-/// The bar that moves by the arrow keys from now on: the next one, when one had the focus before the menu opened.
+/// Gives the focus to a divider, which the arrow keys move from then on: to the next one if a divider had the focus
+/// before the menu opened.
 void CChildFrame::GoToDivider()
 {
     QList<QWidget *> dividers = {splitter->handle(1)};

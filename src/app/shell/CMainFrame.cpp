@@ -40,7 +40,7 @@ CMainFrame::CMainFrame(Environment &environment, const ProcessTables &processTab
     setCentralWidget(area);
     statusBar()->addWidget(status, 1);
     zoom->setAccessibleName(QStringLiteral("Zoom"));
-    statusBar()->insertPermanentWidget(1, zoom); // right of the messages, before the keyboard's locks
+    statusBar()->insertPermanentWidget(1, zoom); // right of the messages, left of the keyboard's locks
     Connect();
     menus.ShowRecentFiles(projects.Recent());
 }
@@ -60,7 +60,7 @@ void CMainFrame::Connect()
     documents.opened = [this](CDocument &document) { Opened(document); };
     documents.foundOpen = [this](const CDocument &document) { area->Activate(document); };
     connect(qApp, &QGuiApplication::commitDataRequest, this, &CMainFrame::EndSession, Qt::DirectConnection);
-    // Whatever has happened, what menus and tool bar show is right before the program waits for the user again.
+    // Whatever has happened, menus and tool bar are updated before the program waits for the user again.
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this, [this] { Update(); });
 }
 
@@ -70,7 +70,7 @@ CMainFrame::~CMainFrame()
     documents.foundOpen = nullptr;
     disconnect(QAbstractEventDispatcher::instance(), nullptr, this, nullptr);
     for (CChildFrame *child : area->Children())
-        delete child; // before the documents that its views look at
+        delete child; // before the documents that its views read
 }
 
 std::vector<IActionTarget *> CMainFrame::Targets() const
@@ -83,7 +83,8 @@ std::vector<IActionTarget *> CMainFrame::Targets() const
             child ? child->ActiveView() : nullptr, child, self};
 }
 
-/// Names the active project; as the window of a maximised one would, which keeps the two from fighting.
+/// Shows the active project's name. For a maximised project the title is the same as the one that its window sets, so
+/// that the two don't replace each other's.
 void CMainFrame::ShowTitle()
 {
     const CChildFrame *const child = ActiveChild();
@@ -94,10 +95,10 @@ void CMainFrame::ShowTitle()
         setWindowTitle(title);
     const bool isModified = child && child->isWindowModified();
     if (isWindowModified() != isModified)
-        setWindowModified(isModified); // which is an event each time
+        setWindowModified(isModified); // sends an event each time
 }
 
-/// The Toolbox follows the active project.
+/// Updates the Toolbox for the active project.
 void CMainFrame::ShowToolbox()
 {
     const CChildFrame *const child = ActiveChild();
@@ -187,11 +188,11 @@ void CMainFrame::Arrange(ActionId id)
     else
         area->tileSubWindows();
     if (focus)
-        focus->setFocus(); // which a window that changes its form gives away
+        focus->setFocus(); // a window loses it when it changes its form
 }
 
-/// Of the project that was opened last, whichever is active. The list is in that project's code page, in which a pack
-/// reads it; the project itself may be closed by now.
+/// Edits the list of the project that was opened last, whichever is active. The list is in that project's code page, in
+/// which a pack reads it. The project itself may be closed by now.
 void CMainFrame::EditV1List()
 {
     Environment ofProject(env);
@@ -203,7 +204,7 @@ void CMainFrame::EditV1List()
     (void)boxes.RunDialog(dialog);
 }
 
-/// The panes are those of the active project, and Toolbox and output while they are in sight.
+/// The panes are those of the active project, and the Toolbox and the output while they are visible.
 void CMainFrame::GoToPane(int step)
 {
     CChildFrame *const child = ActiveChild();
@@ -227,7 +228,7 @@ void CMainFrame::Opened(CDocument &document)
     auto &project = static_cast<CResDoc &>(document);
     auto *const child = new CChildFrame(project, *this, bars.Toolbox());
     child->closed = [this, child](CResDoc &closing) {
-        TellUnread(child->Notice().Texts().Unread()); // such as that of the save before closing
+        TellUnread(child->Notice().Texts().Unread()); // such as notices of the save before closing
         documents.CloseDocument(&closing);
     };
     notices.Deliver(*child);
@@ -239,14 +240,14 @@ void CMainFrame::Opened(CDocument &document)
     Update();
 }
 
-/// Tells the notices of a project that is closed in the output, and in a box while that is hidden.
+/// Writes the notices of a project that is closed to the output, and shows them in a box if the output is hidden.
 void CMainFrame::TellUnread(const QStringList &texts)
 {
     for (const QString &text : texts)
         bars.WriteLine(text);
     if (texts.isEmpty() || bars.IsOutputShown())
         return;
-    // Not here, where the window is still closing.
+    // Later, because the window is still closing.
     QTimer::singleShot(0, this, [this, text = texts.join(QStringLiteral("\n\n"))] {
         turn.AfterCommand([this, text] { boxes.Inform(text); });
     });
@@ -266,11 +267,11 @@ CMainFrame::Busy::~Busy()
 {
     frame.statusBar()->clearMessage();
     frame.turn.End();
-    frame.indicators.Update(); // the keys of the locks work all the same
+    frame.indicators.Update(); // the lock keys work even during a command
 }
 
-/// Commits what is being edited in place, as leaving it does: the cell of a pane, or a label in a tree or a list. False
-/// when it is refused, after a message to the user.
+/// Commits what is being edited in place, as leaving it does: the cell of a pane, or a label in a tree or a list. If it
+/// is refused, tells the user and returns false.
 bool CMainFrame::TakeEdit()
 {
     const int before = boxes.Messages();
@@ -298,7 +299,7 @@ void CMainFrame::BringToTop()
     raise();
     activateWindow();
     if (QWidget *const box = QApplication::activeModalWidget()) {
-        box->raise(); // it is what the window waits for
+        box->raise(); // the window waits for it
         box->activateWindow();
     }
 }
@@ -318,8 +319,8 @@ void CMainFrame::StoreState()
     (void)env.settings.WriteAll(entries);
 }
 
-/// Asks about what isn't saved. True when all projects may be closed; `told` then gets the notices that have come
-/// meanwhile, which standard error has as well.
+/// Asks about unsaved changes. Returns whether all projects may be closed. If so, `told` gets the notices that have
+/// been added meanwhile, which are also written to standard error.
 bool CMainFrame::MayCloseAll(QStringList &told)
 {
     const QStringList before = notices.Unread();
@@ -330,22 +331,22 @@ bool CMainFrame::MayCloseAll(QStringList &told)
     told = notices.Unread();
     told.removeIf([&before](const QString &text) { return before.contains(text); });
     for (const QString &text : std::as_const(told))
-        std::fprintf(stderr, "%s\n", qUtf8Printable(text)); // the window that shows them goes
+        std::fprintf(stderr, "%s\n", qUtf8Printable(text)); // the window that shows them is closed
     return true;
 }
 
-/// What a menu entry does is no matter while the status bar tells of a command.
+/// Doesn't show status tips of menu entries while the status bar shows that a command runs.
 bool CMainFrame::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride)
-        Update(); // on a busy machine a key may come along with the one that has moved the focus
+        Update(); // on a busy machine a key may come together with the key that has moved the focus
     return (event->type() == QEvent::StatusTip && turn.IsOn()) || QMainWindow::event(event);
 }
 
 void CMainFrame::closeEvent(QCloseEvent *event)
 {
     if (turn.IsOn() || boxes.IsAnyOpen() || QApplication::activePopupWidget()) {
-        event->ignore(); // the command, the box or the menu has to end first
+        event->ignore(); // the command, the box or the menu must end first
         return;
     }
     if (!TakeEdit()) {
@@ -378,12 +379,12 @@ void CMainFrame::showEvent(QShowEvent *event)
         bars.RaiseFloating();
 }
 
-/// The desktop logs out: what isn't saved is asked about while the user can still stay.
+/// Called when the desktop logs out. Asks about unsaved changes while the user can still cancel the logout.
 void CMainFrame::EndSession(QSessionManager &session)
 {
     if (!session.allowsInteraction())
         return;
-    QStringList told; // without a box, which would hold up the desktop
+    QStringList told; // not shown in a box, which would delay the desktop
     if (turn.IsOn() || boxes.IsAnyOpen() || !TakeEdit() || !MayCloseAll(told))
         session.cancel();
     session.release();
@@ -400,7 +401,7 @@ void CMainFrame::dropEvent(QDropEvent *event)
     if (turn.IsOn())
         return event->ignore();
     event->acceptProposedAction();
-    // Not within the drop: whoever is dragged from waits for its end.
+    // Later, because the program that the files come from waits for the end of the drop.
     const QStringList files = DroppedFiles(event->mimeData());
     QTimer::singleShot(0, this, [this, files] { turn.AfterCommand([this, files] { projects.OpenDropped(files); }); });
 }

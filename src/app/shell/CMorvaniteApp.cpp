@@ -28,7 +28,7 @@ CMorvaniteApp::~CMorvaniteApp()
     env.whileWaiting = nullptr;
     commands.reset();
     frame.reset();
-    documents.CloseAll(); // which end the watching of their files
+    documents.CloseAll(); // documents end the watching of their files
 }
 
 std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
@@ -38,14 +38,14 @@ std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
                       QStringLiteral("Morvanite.ini: there is no code page \"%1\" (section Text, key code_page). "
                                      "Correct it and start Morvanite again.")
                           .arg(env.settings.String("Text", "code_page")));
-        return 1; // with another, a save would destroy the projects' texts
+        return 1; // with another code page, a save would destroy the projects' texts
     }
-    QStringList paths; // now: an opening changes the current folder
+    QStringList paths; // resolved now, because opening a project changes the current folder
     for (const QString &argument : arguments)
         paths.append(CanonicalPath(QDir::current().absoluteFilePath(argument)));
     QString error;
     for (const QDeadlineTimer patience(PATIENCE_MS); !server.Listen(error);) {
-        // Another start may have taken the place since the first look, and may not listen there yet.
+        // Another process may have taken the place since the first check, and may not listen there yet.
         QString hangs;
         if (ShowFirstInstance(PATIENCE_MS, hangs) == FirstInstance::Shown)
             return 0;
@@ -66,7 +66,7 @@ std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
     services.watch = &watched->Monitor();
     services.Notify = [this](const CResDoc &document, const QString &text) { frame->Notices().Add(document, text); };
     env.explain = [this](const QString &text) {
-        if (frame->Turn().IsOn()) // the pane stays as it is during a command, which may take long
+        if (frame->Turn().IsOn()) // the pane doesn't change during a command, which may take long
             std::fprintf(stderr, "morvanite: %s\n", qUtf8Printable(text));
         frame->Turn().AfterCommand([this, text] { frame->Bars().WriteLine(text); });
     };
@@ -86,7 +86,7 @@ std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
     for (const QString &path : paths)
         isAnyOpen = frame->Projects().Open(path) || isAnyOpen;
     if (!isAnyOpen)
-        return 1; // which has been told
+        return 1; // the reason has been reported
     frame->show();
     return std::nullopt;
 }
@@ -105,12 +105,12 @@ int CMorvaniteApp::RunIdeCommand(quint32 dwData, QByteArrayView record)
         return WINDOW_SHOWN;
     }
     if (dwData != IDE_COMMAND_LOAD && dwData != IDE_COMMAND_SAVE && dwData != IDE_COMMAND_PACK)
-        return handler.Handle(dwData, record); // which ignores it
+        return handler.Handle(dwData, record); // the handler ignores it
     const CMainFrame::Busy busy(*frame, dwData);
     pipe.Breathe();
     try {
         return handler.Handle(dwData, record);
-    } catch (const std::bad_alloc &) { // the next command may need less
+    } catch (const std::bad_alloc &) { // the next command may need less memory
         frame->Turn().AfterCommand(
             [this] { frame->Bars().WriteLine(QStringLiteral("A command of the IDE ran out of memory.")); });
         return 1;

@@ -20,7 +20,8 @@ void ChannelTurn::Begin()
     qApp->installEventFilter(this);
 }
 
-/// A menu bar whose menu was opened by a key keeps the keyboard when the menu is closed for it: Escape gives it back.
+/// Sends Escape to menu bars: a menu bar whose menu was opened by a key keeps the keyboard focus after the menu has
+/// been closed, and Escape makes it return the focus.
 void ChannelTurn::LeaveMenus()
 {
     for (QWidget *window : QApplication::topLevelWidgets()) {
@@ -36,7 +37,7 @@ void ChannelTurn::End()
 {
     qApp->removeEventFilter(this);
     isOn = false;
-    // Not here, where the command's caller still waits; by then the next command may run.
+    // Later, because the caller of the command is still waiting. The next command may be running by then.
     for (std::function<void()> &action : std::exchange(waiting, {}))
         QTimer::singleShot(0, this, [this, action = std::move(action)] { AfterCommand(action); });
 }
@@ -55,7 +56,7 @@ bool ChannelTurn::eventFilter(QObject *, QEvent *event)
     case QEvent::MouseButtonDblClick:
         dropped |= static_cast<QMouseEvent *>(event)->button();
         return true;
-    case QEvent::MouseButtonRelease: // who was pressed before has to learn of it
+    case QEvent::MouseButtonRelease: // a widget that was pressed before the command must get it
         return dropped & static_cast<QMouseEvent *>(event)->button();
     case QEvent::Wheel:
     case QEvent::KeyPress:

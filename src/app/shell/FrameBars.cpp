@@ -33,7 +33,7 @@ FrameBars::FrameBars(QMainWindow &mainWindow, const Environment &environment) : 
     MakeOutput();
     for (CSizingControlBar *bar : {toolboxBar, outputBar}) {
         bar->ReadSizes(env.settings);
-        bar->toggleViewAction()->setVisible(false); // the View menu has it
+        bar->toggleViewAction()->setVisible(false); // the View menu has its own entry
     }
     sizes = std::make_unique<BarSizes>(window, QList{toolboxBar, outputBar});
 }
@@ -88,13 +88,13 @@ void FrameBars::FollowProject(const CResModel *active, bool showsLayout)
 {
     if (active)
         toolbox->Fill(*active);
-    if (isLayoutShown) // the bar can be closed by its own button as well
+    if (isLayoutShown) // the user can also close the bar with its own button
         toolboxState.Show(!toolboxBar->isHidden());
     if (isLayoutShown == showsLayout)
         return;
     isLayoutShown = showsLayout;
     toolboxBar->setVisible(showsLayout && toolboxState.IsShown(env.settings));
-    // The menu of the window's bars has it, which brings a bar back that was closed.
+    // This is the entry in the menu of the window's bars that shows a closed bar again.
     toolboxBar->toggleViewAction()->setVisible(showsLayout);
 }
 
@@ -119,13 +119,13 @@ void FrameBars::Restore()
 {
     window.statusBar()->setVisible(env.settings.Int("DockState", "statusBar", 1) != 0);
     const QByteArray bars = QByteArray::fromBase64(env.settings.String("DockState", "state").toLatin1());
-    // A state that isn't whole would end the program at each start.
+    // A damaged state would crash the program at each start.
     const bool isWhole = !bars.isEmpty() && env.settings.String("DockState", "check") == CheckOf(bars);
     if (!isWhole || !window.restoreState(bars, DOCK_STATE_VERSION)) {
         outputBar->LimitStandingWidth(window.width() / 4);
         ShowOutput(true);
     }
-    toolboxBar->hide(); // it belongs to layouts
+    toolboxBar->hide(); // it is shown only with layouts
 }
 
 QList<ProfileEntry> FrameBars::State() const
@@ -145,7 +145,7 @@ QList<ProfileEntry> FrameBars::State() const
     return entries;
 }
 
-/// A bar that floats was shown before the window was there to be under it.
+/// Shows floating bars again, because they were shown before the window existed and may be behind it.
 void FrameBars::RaiseFloating()
 {
     for (CSizingControlBar *bar : {toolboxBar, outputBar}) {

@@ -25,7 +25,7 @@ constexpr ActionIcon ACTION_ICONS[] = {
     {ACTION_REDO, UiIcon::Redo}, {ACTION_OUTPUT, UiIcon::Output}, {ACTION_ABOUT, UiIcon::About},
 };
 
-/// What it does, and the key for it.
+/// The tool tip of an action: what it does, and its key.
 QString ToolTipOf(const QAction &action)
 {
     QString text = action.text().remove(u'&');
@@ -80,7 +80,7 @@ void FrameMenus::MakeActions()
     actions[ACTION_EXIT]->setMenuRole(QAction::QuitRole);
     for (const auto &[id, icon] : ACTION_ICONS) {
         actions[id]->setIcon(MakeIcon(icon));
-        actions[id]->setIconVisibleInMenu(!actions[id]->isCheckable()); // where the check mark is to be
+        actions[id]->setIconVisibleInMenu(!actions[id]->isCheckable()); // the check mark needs the place
     }
 }
 
@@ -98,7 +98,7 @@ void FrameMenus::MakeToolBar()
         actions[id]->setToolTip(ToolTipOf(*actions[id]));
         toolBar->addAction(actions[id]);
     }
-    toolBar->toggleViewAction()->setVisible(false); // the View menu has it
+    toolBar->toggleViewAction()->setVisible(false); // the View menu has its own entry
 }
 
 void FrameMenus::ShowMenus()
@@ -107,7 +107,7 @@ void FrameMenus::ShowMenus()
     if (shownMenus == hasDocument)
         return;
     shownMenus = hasDocument;
-    windowActions.clear(); // they go with their menu
+    windowActions.clear(); // their menu destroys them
     QMenuBar &bar = *window.menuBar();
     for (QAction *title : bar.actions())
         title->menu()->deleteLater();
@@ -133,7 +133,7 @@ void FrameMenus::ShowRecentFiles(const RecentFiles &files)
     const QStringList &paths = files.Paths();
     for (int i = 0; i < recentActions.size(); ++i) {
         QAction *const action = recentActions[i];
-        action->setVisible(i < paths.size() || i == 0); // an empty list shows that there is one
+        action->setVisible(i < paths.size() || i == 0); // an empty list has one entry that says so
         action->setEnabled(i < paths.size());
         action->setText(i < paths.size() ? files.Label(i) : QStringLiteral("Recent File"));
         action->setStatusTip(i < paths.size() ? QStringLiteral("Opens %1.").arg(paths[i]) : TipOf(ACTION_RECENT_FILE));

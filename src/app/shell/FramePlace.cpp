@@ -40,7 +40,7 @@ void FramePlace::PutAt(const QRect &position)
     wanted = position;
     isPlacing = true;
     window.resize(position.marginsRemoved(USUAL_FRAME).size());
-    window.move(position.topLeft()); // which counts with the frame
+    window.move(position.topLeft()); // move() includes the frame
 }
 
 void FramePlace::FitOntoScreen(const QSize &size)

@@ -45,7 +45,7 @@ bool KeyboardIndicators::eventFilter(QObject *watched, QEvent *event)
 {
     constexpr int LIGHTS_TAKE_MS = 50;
     if (event->type() == QEvent::ActivationChange) {
-        Update(); // the locks may have been pressed elsewhere
+        Update(); // the locks may have been changed in another program
     } else if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) {
         const int key = static_cast<QKeyEvent *>(event)->key();
         if (key == Qt::Key_CapsLock || key == Qt::Key_NumLock || key == Qt::Key_ScrollLock)

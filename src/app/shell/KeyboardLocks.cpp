@@ -27,7 +27,7 @@ void KeyboardLocks::Disconnect::operator()(xcb_connection_t *connection) const
 void KeyboardLocks::Read()
 {
     if (display && !xcb_connection_has_error(display.get())) {
-        // The first three lights of a keyboard are these, in this order.
+        // The first three lights of a keyboard are these locks, in this order.
         auto *const reply =
             xcb_get_keyboard_control_reply(display.get(), xcb_get_keyboard_control(display.get()), nullptr);
         for (int lock = 0; reply && lock < LOCKS; ++lock)

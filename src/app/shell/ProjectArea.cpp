@@ -27,8 +27,8 @@ QList<CChildFrame *> ProjectArea::Children() const
 
 CChildFrame *ProjectArea::ActiveChild() const
 {
-    // The one that was active last: also while another program's window is active, and when the main window has been
-    // minimised and is back so soon that the area takes no window for the current one.
+    // Takes the window that was active last. This also works while another program's window is active, and if the main
+    // window was minimised and restored so quickly that the area has no current window.
     const QList<QMdiSubWindow *> windows = subWindowList(QMdiArea::ActivationHistoryOrder);
     const auto left = [](QMdiSubWindow *window) { return static_cast<CChildFrame *>(window)->HasLeft(); };
     const auto last = std::find_if_not(windows.crbegin(), windows.crend(), left);
@@ -74,7 +74,7 @@ void ProjectArea::ArrangeIcons()
 {
     for (CChildFrame *child : Children()) {
         if (child->isMinimized())
-            child->showMinimized(); // which finds it its place along the bottom again
+            child->showMinimized(); // moves it to its place along the bottom
     }
 }
 
@@ -91,7 +91,8 @@ void ProjectArea::paintEvent(QPaintEvent *event)
                      QStringLiteral("Open a project with Ctrl+O, or drop its .vcproj file here."));
 }
 
-/// With the first window the text goes, and with the last it comes back: all of it, not just where that window was.
+/// The text disappears with the first window, and appears after the last. All of it is repainted, not only the area of
+/// that window.
 bool ProjectArea::viewportEvent(QEvent *event)
 {
     const bool wasEmpty = subWindowList().isEmpty();

@@ -21,7 +21,8 @@ FirstInstance Hangs(QString &error)
     return FirstInstance::NoAnswer;
 }
 
-/// A connection that waits neither for room in the other end's queue nor for anything else.
+/// Connects the socket. Returns 0 or an error number. Tries again until the deadline while the other end's queue is
+/// full; never blocks otherwise.
 int Connect(const FileHandle &socket, const QByteArray &path, const QDeadlineTimer &deadline)
 {
     int failure = ConnectSocket(socket, path);
@@ -49,7 +50,7 @@ FirstInstance ShowFirstInstance(int milliseconds, QString &error)
     std::array<char, 8> message{};
     qToLittleEndian<quint32>(COMMAND_SHOW, message.data());
     if (!SendAll(window.Get(), message.data(), message.size()))
-        return FirstInstance::None; // it went away
+        return FirstInstance::None; // it has ended meanwhile
     std::array<char, 4> answer{};
     size_t received = 0;
     while (received < answer.size()) {

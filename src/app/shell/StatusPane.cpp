@@ -8,10 +8,10 @@
 namespace
 {
 
-constexpr int GAP = 24; // between path and counts
+constexpr int GAP = 24; // pixels between path and counts
 constexpr int EDGE = 4;
 
-/// A path whose folders stay in their order where their names are right-to-left.
+/// A path in which folders with right-to-left names keep their order.
 QString InOrder(QString path)
 {
     return path.replace(u'/', QStringLiteral("/\u200E"));
@@ -80,7 +80,7 @@ void StatusPane::paintEvent(QPaintEvent *)
     const int trailing = isRightToLeft ? Qt::AlignLeft : Qt::AlignRight;
     const QString summary = Summary();
     const QString shown = fontMetrics().elidedText(InOrder(path), Qt::ElideMiddle, WidthBeside(summary));
-    painter.setLayoutDirection(Qt::LeftToRight); // of a path, whatever its names
+    painter.setLayoutDirection(Qt::LeftToRight); // for a path, whatever its names are
     painter.drawText(all, leading | Qt::AlignVCenter | Qt::TextSingleLine, shown);
     painter.drawText(all, trailing | Qt::AlignVCenter | Qt::TextSingleLine, summary);
 }

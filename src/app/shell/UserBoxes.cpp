@@ -11,7 +11,7 @@
 #include <QFileDialog>
 #include <QTimer>
 
-/// While a box is open, commands of the channel wait.
+/// Makes commands of the channel wait for as long as it exists.
 class UserBoxes::ModalBox
 {
 public:
@@ -20,7 +20,7 @@ public:
         if (boxes.openBoxes++ == 0 && boxes.pauseCommands)
             boxes.pauseCommands(true);
         if (QGuiApplication::overrideCursor())
-            pointer.emplace(Qt::ArrowCursor); // the box waits for the user, whatever waits for the box
+            pointer.emplace(Qt::ArrowCursor); // the box waits for the user, even during a long operation
     }
     ~ModalBox()
     {
@@ -39,7 +39,7 @@ private:
     std::optional<WaitCursor> pointer;
 };
 
-/// Where another dialog is open, the box belongs to that.
+/// The parent of a box: the open dialog if there is one, otherwise the window.
 QWidget *UserBoxes::Parent() const
 {
     QWidget *const open = QApplication::activeModalWidget();
@@ -131,8 +131,8 @@ bool UserBoxes::RunDialog(QDialog &dialog)
 namespace
 {
 
-/// Sets the types of files to choose from, and which of them is chosen. A name that is typed without an extension gets
-/// that of the chosen type; to open a file only where the type has no more than one.
+/// Sets the file types of a dialog, and the chosen one. A name that is typed without an extension gets that of the
+/// chosen type; in a dialog for opening, only if the type has a single extension.
 void SetFilters(QFileDialog &dialog, const QList<FileFilter> &filters, int chosen)
 {
     QStringList names;
@@ -147,7 +147,7 @@ void SetFilters(QFileDialog &dialog, const QList<FileFilter> &filters, int chose
     };
     setSuffix(filters.value(chosen));
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [filters, setSuffix](const QString &name) {
-        for (const FileFilter &each : filters) { // a dialog of the desktop gives the patterns too
+        for (const FileFilter &each : filters) { // a dialog of the desktop also passes the patterns
             if (name == each.name || name == each.NameFilter())
                 setSuffix(each);
         }
@@ -156,7 +156,7 @@ void SetFilters(QFileDialog &dialog, const QList<FileFilter> &filters, int chose
 
 } // namespace
 
-/// Runs a file dialog that begins at a file, which need not be there.
+/// Runs a file dialog that begins at a file, which doesn't have to exist.
 QStringList UserBoxes::Choose(QFileDialog &dialog, const QString &initialName)
 {
     if (!initialName.isEmpty())

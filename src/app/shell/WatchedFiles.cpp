@@ -45,7 +45,7 @@ bool WatchedFiles::MayAsk()
         QApplication::activePopupWidget() || QGuiApplication::mouseButtons() != Qt::NoButton)
         return false;
     if (isEditRefused && frame.IsEditing())
-        return false; // the user corrects it, and isn't told again and again
+        return false; // waits until the user corrects it, without repeating the message
     isEditRefused = !frame.TakeEdit();
     return !isEditRefused;
 }

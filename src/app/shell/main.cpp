@@ -17,7 +17,7 @@ namespace
 constexpr char USAGE[] = "usage: morvanite [PROJECT.vcproj...]\n"
                          "       morvanite --help | --version\n";
 
-/// What needs no window: the exit status when `argument` asks for it.
+/// Handles arguments that need no window. Returns the exit status if `argument` is such an argument.
 std::optional<int> AnswerWithoutWindow(const char *argument)
 {
     if (qstrcmp(argument, "--version") == 0)
@@ -40,9 +40,9 @@ int main(int argc, char **argv)
         }
     }
     std::signal(SIGPIPE, SIG_IGN);
-    std::signal(SIGXFSZ, SIG_IGN); // a file that grows beyond the limit is an error like any other
+    std::signal(SIGXFSZ, SIG_IGN); // a file that exceeds the size limit is an ordinary error
     QString error;
-    // Before anything of a window is made: a second start is over in a moment.
+    // Done before any part of a window is made, so that a second start ends quickly.
     const FirstInstance first = ShowFirstInstance(PATIENCE_MS, error);
     if (first == FirstInstance::Shown)
         return 0;

@@ -72,7 +72,7 @@ CStringView::~CStringView()
     document.RemoveView(this);
     (void)grid->SaveState();
     delete finder;
-    delete grid; // before the model that it shows
+    delete grid; // before the model that it uses
     model.SetTable(nullptr);
 }
 
@@ -169,7 +169,7 @@ void CStringView::Run(ActionId id)
     }
 }
 
-/// A step may be of many thousand rows.
+/// Shows the wait cursor, because a step may change many thousand rows.
 void CStringView::UndoOrRedo(void (CommandHistory::*step)())
 {
     const WaitCursor cursor;
@@ -179,7 +179,7 @@ void CStringView::UndoOrRedo(void (CommandHistory::*step)())
 void CStringView::New()
 {
     const int newRow = model.rowCount() - 1;
-    grid->HideColumn(StringTable::ID_COLUMN, false); // there would be no place for the editor
+    grid->HideColumn(StringTable::ID_COLUMN, false); // the editor needs room
     grid->SelectAlone(newRow, StringTable::ID_COLUMN);
     grid->OpenCellEditor(newRow, StringTable::ID_COLUMN);
 }
@@ -202,10 +202,10 @@ void CStringView::Import()
     ForgetEdits();
 }
 
-/// Each row is a step of its own. The flag goes first, so the step is told what was shown before.
+/// Each row is its own step. The flag is changed first, so the step is given the former text.
 void CStringView::PushSelected()
 {
-    const StringTable::Batch batch(table); // none of the steps can fail
+    const StringTable::Batch batch(table); // no step can fail
     for (const int row : grid->SelectedStrings()) {
         IDRecord *const id = table.Head(row)->Id();
         const QString before = table.CellText(row, StringTable::KIND_COLUMN);
@@ -222,7 +222,7 @@ void CStringView::DeleteSelected()
         DeleteRows(grid->SelectedStrings());
 }
 
-/// The filter ends first, so that the user sees all that is deleted.
+/// Removes the filter first, so that the user sees everything that is deleted.
 void CStringView::DeleteAll()
 {
     finder->EndFilter();
@@ -258,7 +258,7 @@ void CStringView::OpenMenu(const QContextMenuEvent &event)
     const auto stateOf = [&](ActionId id) {
         if (id == ACTION_PUSH_STRING)
             return PushEntryState(state, PushedStrings());
-        // Of an edit control with the focus first, as in the main menu.
+        // The state for an edit control with the focus comes first, as in the main menu.
         return ActionState{host.IsEnabled(id) && (id != ACTION_DELETE_ALL || state.strings > 0)};
     };
     RunViewMenu(*this, MENU, place, stateOf, [this](ActionId id) { host.RunAction(id); });
@@ -274,11 +274,11 @@ int CStringView::PushedStrings() const
 
 void CStringView::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (!DroppedFiles(event->mimeData()).isEmpty()) // wherever the focus is
+    if (!DroppedFiles(event->mimeData()).isEmpty()) // whatever has the focus
         event->acceptProposedAction();
 }
 
-/// Not within the drop: the program that the files come from waits until the drop has ended.
+/// Imports the files after the drop, because the program that they come from waits until the drop has ended.
 void CStringView::dropEvent(QDropEvent *event)
 {
     event->acceptProposedAction();

@@ -12,7 +12,7 @@ constexpr int ARROW_SIDE = 8;
 
 } // namespace
 
-/// A menu that stays open when an entry with a check is chosen by a click or Space.
+/// A menu that stays open when the user chooses a checkable entry with a click or Space.
 class ColumnsMenu : public QMenu
 {
 public:
@@ -35,7 +35,7 @@ private:
     {
         if (!action || !action->isCheckable())
             return false;
-        action->trigger(); // nothing for a disabled one
+        action->trigger(); // does nothing for a disabled entry
         return true;
     }
 };
@@ -60,7 +60,7 @@ QSize ColumnsButton::sizeHint() const
     return QToolButton::sizeHint() + QSize(ARROW_SIDE, 0);
 }
 
-/// As a tool button, but with an arrow beside the text, where the style puts one over it.
+/// Draws a tool button with an arrow beside the text; the style would draw it over the text.
 void ColumnsButton::paintEvent(QPaintEvent *)
 {
     QStylePainter painter(this);
@@ -95,7 +95,7 @@ void ColumnsButton::SetHidden(const std::vector<bool> &hiddenColumns)
         Fill();
 }
 
-/// Changes the entries that are there rather than replacing them, since one of them may just have been chosen.
+/// Changes the existing entries instead of replacing them, because one of them may just have been chosen.
 void ColumnsButton::Fill()
 {
     constexpr int MOST_LETTERS = 40;

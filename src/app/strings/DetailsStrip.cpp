@@ -14,7 +14,7 @@ namespace
 constexpr int MARGIN = 4;
 const QString DIVIDER = QStringLiteral(" \u00B7 ");
 
-/// The title of a column, which keeps what is around it in place where it runs from right to left.
+/// The title of a column. A right-to-left title is isolated, so that the text around it keeps its order.
 QString NameOf(const StringTable &table, int col)
 {
     const QString title = table.ColumnTitle(col);

@@ -7,10 +7,11 @@ namespace
 
 constexpr int LINES = 4;
 constexpr int LEAST_LINES = 2;
-constexpr qsizetype AT_ONCE = 4000; // characters: more than there is room for
+constexpr qsizetype AT_ONCE = 4000; // characters; more than fit into the strip
 constexpr int REST_MS = 300;
 
-/// A text without blanks takes seconds to wrap between words where it can't: each line looks for the end of the word.
+/// Returns whether a text has a very long run without blanks. Wrapping it between words takes seconds, because each
+/// line searches for the end of the word.
 bool HasLongRun(QStringView text)
 {
     qsizetype blank = -1;
@@ -42,14 +43,14 @@ DetailsText::DetailsText(QWidget *parent) : QPlainTextEdit(parent)
 void DetailsText::Show(const QString &shownText, Qt::LayoutDirection direction, const QString &name)
 {
     setAccessibleName(name);
-    setLayoutDirection(direction); // of the scroll bar
+    setLayoutDirection(direction); // for the scroll bar
     QTextOption option = document()->defaultTextOption();
     if (shownText == whole && option.textDirection() == direction)
-        return; // what is selected in it stays
+        return; // keeps the selection
     rest.stop();
-    clear(); // so that the options lay out nothing
+    clear(); // so that changing the options doesn't cause a layout
     option.setTextDirection(direction);
-    // Left is left here whatever the direction.
+    // AlignLeft alone would depend on the direction: it means left with AlignAbsolute only.
     option.setAlignment(direction == Qt::RightToLeft ? Qt::AlignRight | Qt::AlignAbsolute : Qt::AlignLeft);
     option.setWrapMode(HasLongRun(shownText) ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere);
     document()->setDefaultTextOption(option);
@@ -57,13 +58,13 @@ void DetailsText::Show(const QString &shownText, Qt::LayoutDirection direction, 
     whole = shownText;
     shown = qMin(whole.size(), AT_ONCE);
     while (shown < whole.size() && (whole[shown].isLowSurrogate() || whole[shown] == u'\n'))
-        --shown; // no half of a character or of a line end
+        --shown; // doesn't split a character or a line end
     setPlainText(whole.first(shown));
     if (shown < whole.size())
         rest.start();
 }
 
-/// What is selected, and the place in sight, stay.
+/// Shows the whole text. Keeps the selection and the scroll position.
 void DetailsText::ShowRest()
 {
     rest.stop();
@@ -75,7 +76,7 @@ void DetailsText::ShowRest()
 void DetailsText::focusInEvent(QFocusEvent *event)
 {
     if (rest.isActive())
-        ShowRest(); // before the user can copy a part of it
+        ShowRest(); // before the user can copy from it
     QPlainTextEdit::focusInEvent(event);
 }
 

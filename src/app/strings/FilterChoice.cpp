@@ -22,7 +22,7 @@ FilterChoice::FilterChoice(const QString &name, const QString &closedPrefix, QWi
     : QComboBox(parent), prefix(closedPrefix)
 {
     setAccessibleName(name);
-    setFocusPolicy(Qt::StrongFocus); // not by the wheel
+    setFocusPolicy(Qt::StrongFocus); // doesn't get the focus by the wheel
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setMaxVisibleItems(20);
@@ -41,7 +41,7 @@ void FilterChoice::SetEntries(const std::vector<Entry> &entries)
         const Entry &entry = entries[size_t(i)];
         if (i == count())
             addItem(QString());
-        if (itemText(i) != entry.text) // told to the view, whose list may be open
+        if (itemText(i) != entry.text) // the change reaches the view, whose list may be open
             setItemText(i, entry.text);
         setItemData(i, entry.value);
         setItemData(i, entry.key, KEY_ROLE);
@@ -58,7 +58,7 @@ QString FilterChoice::WholeText() const
     return currentIndex() > 0 ? prefix + currentText() : currentText();
 }
 
-/// The list is as wide as its longest name, but for very long ones.
+/// Makes the list as wide as its longest name, except for very long names.
 void FilterChoice::showPopup()
 {
     const int wanted = view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width();

@@ -18,9 +18,9 @@ namespace
 
 constexpr int ICON_SIDE = 16;
 constexpr int MARGIN = 4;
-constexpr int FIELD_LETTERS = 22; // of the text, with the choices beside it
+constexpr int FIELD_LETTERS = 22; // width of the text field with the choices beside it
 constexpr int LEAST_LETTERS = 6;
-constexpr int CHOICES_STRETCH = 2; // of the room, where the text gets 1
+constexpr int CHOICES_STRETCH = 2; // share of the room; the text has 1
 
 const FilterChoice::Entry ALL_COLUMNS{QStringLiteral("All columns"), StringCondition::ANY_COLUMN,
                                       QStringLiteral("any")};
@@ -160,10 +160,10 @@ void FindBar::FitLines()
     (line == firstLine ? secondLine : firstLine)->removeWidget(choices);
     line->insertWidget(line == firstLine ? 2 : 0, choices, CHOICES_STRETCH);
     layout()->invalidate();
-    updateGeometry(); // the height is another one
+    updateGeometry(); // the height has changed
 }
 
-/// Wide enough for all counts, so that the fields don't move while the user types.
+/// Makes the counts wide enough for all values, so that the fields don't move while the user types.
 void FindBar::FitCounts()
 {
     counts->setMinimumWidth(counts->fontMetrics().horizontalAdvance(CountsText(allRows, allRows)));
@@ -304,7 +304,7 @@ bool FindBar::TakeKey(const QKeyEvent &event, const QObject *in)
     }
 }
 
-/// Keys of the fields that a field would take or lead elsewhere.
+/// Handles keys that a field would otherwise consume or pass elsewhere.
 bool FindBar::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::KeyPress && TakeKey(*static_cast<QKeyEvent *>(event), watched))

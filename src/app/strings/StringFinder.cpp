@@ -13,7 +13,7 @@
 namespace
 {
 
-constexpr int REFRESH_MS = 150; // behind an edit: counting takes tens of milliseconds in a large table
+constexpr int REFRESH_MS = 150; // after an edit: counting takes tens of milliseconds in a large table
 
 } // namespace
 
@@ -71,7 +71,7 @@ void StringFinder::Run(ActionId id)
 {
     switch (id) {
     case ACTION_FIND_BAR:
-        // The key leads into a bar that shows already.
+        // If the bar is visible but doesn't have the focus, the key moves the focus into it.
         return bar->isVisible() && bar->isAncestorOf(QApplication::focusWidget()) ? CloseBar() : ShowBar();
     case ACTION_REPLACE:
         ShowBar();
@@ -123,7 +123,7 @@ void StringFinder::Filter()
 
 void StringFinder::ApplyFilter()
 {
-    (void)grid.TakeEdit(); // a filter is also set with no user at the bar: when a language goes
+    (void)grid.TakeEdit(); // the filter also changes without the user: when a language is removed
     const StringCondition condition = bar->Condition();
     if (condition.IsEmpty()) {
         if (model.HasFilter())
@@ -140,7 +140,7 @@ void StringFinder::ApplyFilter()
     ShowDetails();
 }
 
-/// After changes: the counts, and what the strip shows.
+/// Updates the counts and the strip after changes.
 void StringFinder::Refresh()
 {
     if (bar->isVisible()) {
@@ -159,7 +159,7 @@ void StringFinder::ShowHidden()
     bar->ShowHidden(hidden);
 }
 
-/// From the cell in focus on, and round once.
+/// Searches from the cell with the focus, and wraps around once.
 void StringFinder::FindNext(int step)
 {
     const StringCondition condition = bar->Condition();
@@ -222,7 +222,7 @@ void StringFinder::ShowDetails()
     details->ShowCell(table, row, cell.column(), cell.row() + 1, model.rowCount() - 1);
 }
 
-/// In the status bar.
+/// Shows a text in the status bar.
 void StringFinder::Tell(const QString &text)
 {
     QStatusTipEvent tip(text);

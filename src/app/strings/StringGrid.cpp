@@ -60,7 +60,7 @@ void StringGrid::Connect()
     connect(&rows, &QAbstractItemModel::columnsRemoved, this, [this](const QModelIndex &, int first, int last) {
         widths.erase(widths.begin() + first, widths.begin() + last + 1);
         before.erase(before.begin() + first, before.begin() + last + 1);
-        (void)TakeEdit(); // its cell is elsewhere now, or gone
+        (void)TakeEdit(); // its cell has moved or no longer exists
         SelectWholeRows();
     });
     const auto countAnew = [this] { selectionCount.reset(); };
@@ -122,7 +122,8 @@ void StringGrid::ConnectEditor()
     };
 }
 
-/// A row that is made at the end takes the place of the new-row line. If that was selected or in focus, the row now is.
+/// A row that is made at the end replaces the new-row line. If that line was selected or had the focus, the new row now
+/// is selected or has the focus.
 void StringGrid::RowsInserted(const QModelIndex &, int, int last)
 {
     const QModelIndex newRow = rows.index(rows.rowCount() - 1, 0);
@@ -138,11 +139,11 @@ void StringGrid::RowsInserted(const QModelIndex &, int, int last)
         selectionModel()->setCurrentIndex(rows.index(last, focused), QItemSelectionModel::NoUpdate);
 }
 
-/// A filter and a long command reset the model, which takes the selection.
+/// Keeps the selection, because a filter or a long command resets the model, which clears it.
 void StringGrid::NoteSelection()
 {
     selectedIds.clear();
-    if (isTableGoing) // its rows can't be asked
+    if (isTableGoing) // its rows can't be read
         return;
     for (const int row : SelectedRows()) {
         const CStringRes *const head = table.Head(rows.TableRow(row));
@@ -150,7 +151,7 @@ void StringGrid::NoteSelection()
     }
 }
 
-/// Selects the rows of the IDs that are still there and in sight; the new-row line has none.
+/// Selects the rows of the kept IDs that still exist and are shown. The new-row line has no ID.
 void StringGrid::PutSelectionBack()
 {
     std::vector<int> selected;
@@ -164,7 +165,7 @@ void StringGrid::PutSelectionBack()
         Select(selected);
 }
 
-/// Gives columns that are new the widths that they had when they were here last, or that the settings remember.
+/// Gives new columns the widths that they had when they last existed, or the stored widths.
 void StringGrid::FitColumns()
 {
     const QScopedValueRollback fitting(isFitting, true);
@@ -177,7 +178,7 @@ void StringGrid::FitColumns()
         horizontalHeader()->resizeSection(col, widths[size_t(col)]);
 }
 
-/// A column that comes isn't selected, and one that goes leaves two parts of each selected row.
+/// Selects the rows again. A new column isn't selected, and a removed column splits the selection of each row in two.
 void StringGrid::SelectWholeRows()
 {
     Select(SelectedRows());
@@ -208,7 +209,7 @@ bool StringGrid::TakeEdit()
 {
     const int refused = refusals;
     editor->Commit();
-    typeBox->Take(); // a step that changes nothing would be what Undo takes back, and end what Redo could do
+    typeBox->Take(); // a step without a change would be undone next, and would clear the redo steps
     return refused == refusals;
 }
 
@@ -224,8 +225,8 @@ bool StringGrid::Commit(const QPersistentModelIndex &cell, QString text)
     return refused == refusals;
 }
 
-/// The box comes once the key or the click is through that has led here: an editor that still shows, or opens now,
-/// would lose its focus to the box and be committed again.
+/// Shows the message after the key or click that caused the commit has been processed. Otherwise an editor that is
+/// still visible, or opens now, would lose the focus to the box and be committed again.
 void StringGrid::ReportCellError(int code, int row, int col)
 {
     ++refusals;
@@ -338,7 +339,7 @@ void StringGrid::dataChanged(const QModelIndex &first, const QModelIndex &last, 
 {
     CListGrid::dataChanged(first, last, roles);
     if (currentIndex().row() >= first.row() && currentIndex().row() <= last.row())
-        NoteFocus(); // it may have another ID
+        NoteFocus(); // its ID may have changed
 }
 
 void StringGrid::NoteFocus()
@@ -354,11 +355,11 @@ void StringGrid::keyPressEvent(QKeyEvent *event)
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isEnter && currentIndex().isValid()) {
         if (CountSelected().rows == 1)
-            SelectAlone(currentIndex().row(), currentIndex().column()); // Undo moves the focus and not the selection
+            SelectAlone(currentIndex().row(), currentIndex().column()); // Undo moves only the focus
         return OpenCellEditor(currentIndex().row(), currentIndex().column());
     }
     if (event->key() == Qt::Key_Down && (event->modifiers() & Qt::AltModifier)) {
-        scrollTo(currentIndex().siblingAtColumn(StringTable::KIND_COLUMN)); // unlike for a click it may be out of sight
+        scrollTo(currentIndex().siblingAtColumn(StringTable::KIND_COLUMN)); // without a click it may be out of sight
         return OpenTypeBox();
     }
     CListGrid::keyPressEvent(event);

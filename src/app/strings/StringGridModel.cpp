@@ -233,7 +233,7 @@ void StringGridModel::RowsMoving()
 
 void StringGridModel::RowsMoved(const std::vector<int> &order)
 {
-    std::vector<int> now(order.size() + 1, int(order.size())); // the new-row line stays
+    std::vector<int> now(order.size() + 1, int(order.size())); // the new-row line keeps its place
     for (size_t row = 0; row < order.size(); ++row)
         now[size_t(order[row])] = int(row);
     if (batch && batch->focus)
@@ -249,7 +249,7 @@ void StringGridModel::RowsMoved(const std::vector<int> &order)
     for (qsizetype i = 0; i < from.size(); ++i)
         to.append(index(ShownRow(rows[size_t(i)]), from[i].column()));
     changePersistentIndexList(from, to);
-    if (batch) { // a view asks for all cells now
+    if (batch) { // a view reads all cells again
         batch->firstTouched = std::numeric_limits<int>::max();
         batch->lastTouched = -1;
     }
@@ -286,7 +286,7 @@ void StringGridModel::BatchEnds()
         EndReset();
     else
         TellCells(ended.firstTouched, ended.lastTouched);
-    if (ended.focus && focusCell) // the row itself may be gone: the one that follows, if so
+    if (ended.focus && focusCell) // if the row no longer exists, the one that follows it
         focusCell(shown.PlaceOf(ended.focus->first), ended.focus->second);
     if (ended.hasChanged)
         HasChanged();
@@ -298,7 +298,7 @@ void StringGridModel::TellCells(int firstRow, int lastRow)
         return;
     const int first = shown.PlaceOf(firstRow);
     const int last = shown.PlaceOf(lastRow + 1) - 1;
-    // What a cell is called and whether it is a gap depends on the others of its row.
+    // The accessible name of a cell, and whether it is a gap, depend on the other cells of its row.
     if (first <= last)
         Q_EMIT dataChanged(index(first, 0), index(last, table->ColumnCount() - 1));
 }

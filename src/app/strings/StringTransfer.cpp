@@ -10,7 +10,7 @@
 namespace
 {
 
-/// What a result has to say beyond the lines of the report.
+/// Explains what a result has in addition to the lines of the report.
 void Explain(CResDoc &document, const SpreadsheetResult &result)
 {
     if (!result.reason.isEmpty())
