@@ -1,7 +1,7 @@
 /* The weather clock: a small application for a device whose resources Morvanite packs.
  *
- * It finds the section with its resources in its own file and shows what lies in it. The first argument is the language
- * of its screen: en, ru, zh, hi, ko or ar. Exit status: 0; 1 when the program was not packed or its resources are
+ * It finds the section with its resources in its own file and shows what is in it. The first argument is the language
+ * of its screen: en, ru, zh, hi, ko or ar. Exit status: 0; 1 if the program was not packed or its resources are
  * damaged; 2 for an unknown language. */
 
 #include "ResID.h"
@@ -112,7 +112,7 @@ static int open_resources(application *app, const uint8_t *file, uint32_t size)
     return result == MORVANITE_OK ? 0 : fail("ID_FILE_SUN_TIMES", result);
 }
 
-/* A line of the clock's screen between its two edges. */
+/* Prints a line of the clock's screen between its two edges. */
 static void screen_line(const char *text)
 {
     fputs("   |  ", stdout);
@@ -132,7 +132,7 @@ static void show_forecast(const application *app, const morvanite_language *lang
     char name[TEXT_ROOM];
     char degrees[TEXT_ROOM];
     char line[3 * TEXT_ROOM];
-    /* The text from the resources holds the place of the number; it is not a format for printf to trust. */
+    /* The text from the resources contains the place for the number. It must not be used as a format of printf. */
     text_load(language, ID_STRING_DEGREES_C, degrees, sizeof degrees);
     const char *place = strstr(degrees, "%d");
     const int before = place != NULL ? (int)(place - degrees) : 0;
@@ -224,8 +224,7 @@ static uint32_t little_endian(const uint8_t *bytes)
     return bytes[0] | (uint32_t)bytes[1] << 8 | (uint32_t)bytes[2] << 16 | (uint32_t)bytes[3] << 24;
 }
 
-/* Sounds are RIFF files with the 44 byte head that is usual; the byte rate stands at 28, the size of the samples at 40.
- */
+/* Sounds are RIFF files with the usual header of 44 bytes; the byte rate is at 28, the size of the samples at 40. */
 static int show_sounds(const application *app)
 {
     puts("\nSounds");

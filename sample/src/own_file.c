@@ -3,7 +3,7 @@
 #include <stdio.h>
 #include <stdlib.h>
 
-/* More than any application of such a device; keeps a wrong name from filling the memory. */
+/* Larger than any application of such a device; prevents a wrong name from filling the memory. */
 static const long LARGEST = 64L * 1024 * 1024;
 
 static uint8_t *read_whole(FILE *file, uint32_t *size)

@@ -4,8 +4,8 @@
 
 #include "morvanite_device.h"
 
-/* Reads the file of the running program, or the one named `name` where the system doesn't tell. Null when it can't be
- * read; else the caller frees it. */
+/* Reads the file of the running program, or the one named `name` if the system doesn't report it. Returns null if it
+ * can't be read; otherwise the caller must free the result. */
 uint8_t *own_file_read(const char *name, uint32_t *size);
 
 #endif

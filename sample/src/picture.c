@@ -7,7 +7,7 @@ static uint32_t little_endian(const uint8_t *bytes)
     return bytes[0] | (uint32_t)bytes[1] << 8 | (uint32_t)bytes[2] << 16 | (uint32_t)bytes[3] << 24;
 }
 
-/* docs/image-format.md: "MIMG", version, pixel format, encoding, size of the head, then width and height. */
+/* docs/image-format.md: "MIMG", version, pixel format, encoding, header size, then width and height. */
 int picture_read(const uint8_t *data, uint32_t size, picture_info *info)
 {
     enum

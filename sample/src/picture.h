@@ -1,4 +1,4 @@
-/* The head of a picture in the device's format. */
+/* The header of a picture in the device's format. */
 #ifndef WEATHERCLOCK_PICTURE_H
 #define WEATHERCLOCK_PICTURE_H
 
@@ -11,7 +11,7 @@ typedef struct picture_info
     const char *format;
 } picture_info;
 
-/* 0, or -1 when the bytes don't begin with such a head. */
+/* Reads the header. Returns 0, or -1 if the bytes don't begin with one. */
 int picture_read(const uint8_t *data, uint32_t size, picture_info *info);
 
 #endif

@@ -12,7 +12,7 @@
 enum
 {
     TEXT_ROOM = 160,
-    DEEPEST = 16, /* more than any screen of ours; a damaged layout may go deeper */
+    DEEPEST = 16, /* more than any of our screens; a damaged layout may be deeper */
     CLASSES = sizeof layout_class_names / sizeof *layout_class_names,
     PROPERTIES = sizeof layout_property_names / sizeof *layout_property_names
 };
@@ -49,7 +49,7 @@ static void show_image(const screen *where, const char *property, uint32_t id)
         printf("  %s %u bytes", property, (unsigned)image.size);
 }
 
-/* What a part refers to. The other values are of use to whoever draws. */
+/* Prints what a part refers to. The other values are only needed for drawing. */
 static void show_value(const screen *where, const morvanite_part *component, const morvanite_part *value)
 {
     const char *property = value->number < PROPERTIES ? layout_property_names[value->number] : "?";

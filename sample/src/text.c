@@ -29,7 +29,7 @@ static int is_in(const range *ranges, size_t count, uint32_t character)
     return 0;
 }
 
-/* The character at `*text`, which moves behind it. The text is what the reader wrote, so it is well-formed. */
+/* Returns the character at `*text` and moves `*text` behind it. The reader wrote the text, so it is well-formed. */
 static uint32_t next_character(const char **text)
 {
     const unsigned char *bytes = (const unsigned char *)*text;

@@ -37,7 +37,7 @@ static unsigned number(const uint8_t *bytes)
     return (unsigned)(bytes[0] | bytes[1] << 8);
 }
 
-/* The file: "WXC1", count, then pairs of code and condition, a byte each. */
+/* The file has "WXC1", the count, then pairs of code and condition, each of them a byte. */
 condition weather_from_code(const morvanite_item *codes, unsigned code)
 {
     enum
@@ -54,8 +54,8 @@ condition weather_from_code(const morvanite_item *codes, unsigned code)
     return CONDITION_CLOUDY;
 }
 
-/* The file: "SUN1", first latitude, step, latitudes, months, a byte each, then sunrise and sunset by latitude and
- * month. */
+/* The file has "SUN1"; the first latitude, the step, and the numbers of latitudes and months, each of them a byte; then
+ * sunrise and sunset by latitude and month. */
 int weather_sun(const morvanite_item *times, int latitude, unsigned month, unsigned *rise, unsigned *set)
 {
     enum
