@@ -21,7 +21,7 @@ public:
     explicit XmlWriter(Environment &environment) : env(environment) {}
 
     void Begin(const TiXmlElement &element);
-    /// Writes a whole element. Only the elements and texts in it are written.
+    /// Writes a whole element. Each element in it may contain either one text or other elements.
     void Put(const TiXmlElement &element);
     void End();
 
