@@ -117,8 +117,9 @@ public:
     void Note(const Finding &finding) { found.Tell(finding); }
     /// From this call to the end of the report, only the first 1,000 warnings of each code have a line of their own.
     void LimitWarnings() { shared.warningLimit.Begin(); }
-    /// Ends the report of an operation: writes one line for each code whose warnings exceed the limit, then
-    /// "[NAME] OPERATION - " and the counts.
+    /// Ends the report of an operation. Writes one line for each code whose warnings exceed the limit, and then the
+    /// line
+    /// "[NAME] OPERATION - " with the counts.
     void EndReport(const QString &name, const char *operation);
 
     /// Explains in plain words what the report of an operation has no line for: which file, why, what to do. `text` is

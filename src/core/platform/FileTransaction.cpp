@@ -161,7 +161,7 @@ void FileTransaction::SyncFolders() const
     for (const Staged &item : staged) {
         if (const QByteArray folder = item.file.Folder(); item.isInPlace && folder != lastFolder) {
             SyncFolder(folder);
-            lastFolder = folder; // once for the files of one folder
+            lastFolder = folder; // syncs once for consecutive files of the same folder
         }
     }
 }

@@ -7,8 +7,8 @@
 
 /// The files that the journal of a project may name, because a save writes them: those of SavedProject, and layout
 /// files. A layout file is below the project's folder, its name ends in ".xml", it isn't the configuration, and no
-/// folder on the way to it begins with ".". Symbolic links don't lead to other places (StaysInProject). Places are the
-/// host's absolute paths without links.
+/// folder on the way to it begins with ".". All of this must still be true after symbolic links have been followed
+/// (StaysInProject). Places are the host's absolute paths without links.
 class ProjectPlaces
 {
 public:

@@ -25,7 +25,7 @@ public:
     /// The path of the project's file, which need not exist; empty before there is a project.
     [[nodiscard]] const QString &ProjectFile() const { return projectFile; }
 
-    /// Reads the files that have changed since they were read again.
+    /// Reads again those files that have changed since they were read.
     void Refresh();
 
     /// Changes a key in the program's file if that is writable, otherwise in the user's. Returns false when neither can

@@ -8,7 +8,7 @@
 /// Cleans up one thing when SIGINT or SIGTERM ends the program: removes a temporary file or folder, or ends a child
 /// process. The thing is registered as long as this object exists. Main thread only.
 ///
-///     SignalCleanup::Install();                       // once, where the program starts
+///     SignalCleanup::Install();                       // once, at the start of the program
 ///     SignalCleanup file;
 ///     {
 ///         const SignalHold hold;                      // no signal between the two lines

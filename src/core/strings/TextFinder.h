@@ -26,7 +26,7 @@ public:
     [[nodiscard]] qsizetype Size() const { return needle.size(); }
 
 private:
-    static constexpr size_t MOST_CASES = 4; // of one character, as of "θ"
+    static constexpr size_t MOST_CASES = 4; // of one character, such as "θ"
     [[nodiscard]] qsizetype NextFirst(const char16_t *text, qsizetype from, qsizetype end) const;
     [[nodiscard]] bool IsAt(const char16_t *text) const;
 

@@ -2,7 +2,7 @@
 
 #include "ByteReader.h"
 
-#define ZLIB_CONST // it doesn't write to what it inflates
+#define ZLIB_CONST // zlib doesn't write to its input
 #include <zlib.h>
 
 #include <algorithm>
