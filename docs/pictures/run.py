@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""Draws docs/pictures/run.png: what the packed sample shows, and the pictures that it carries.
+"""Draws docs/pictures/run.png: what the packed sample shows, and the pictures that it carries; and start-screen.png: the
+preview of its start screen beside what the program on the device reads of it.
 
-Run from the top of the tree after ./run.sh. Needs librsvg2-bin, python3-pil, fonts-dejavu, fonts-wqy-microhei, fonts-noto-core.
+Run from the top of the tree after ./run.sh and docs/pictures/window.sh. Needs librsvg2-bin, python3-pil, fonts-dejavu, fonts-wqy-microhei, fonts-noto-core.
 """
 
 import base64
@@ -61,17 +62,33 @@ def main():
     for line in shown[start + 2:start + 14]:
         body.append(table(line.replace('   ', '  '), y))
         y += LINE
-    height = y + 14
+    write('run', 'Morvanite: the weather clock and its resources', WIDTH, y + 14, body)
+
+
+def write(name, title, width, height, body):
+    """A picture of a terminal."""
     svg = ('<svg xmlns="http://www.w3.org/2000/svg" width="%d" height="%d" font-size="14.5" '
            'font-family="DejaVu Sans Mono, Noto Sans Devanagari, Noto Sans Arabic, WenQuanYi Micro Hei, monospace">'
            '<rect width="100%%" height="100%%" rx="10" fill="#2b303b"/>'
            '<rect width="100%%" height="40" rx="10" fill="#3b4252"/><rect y="20" width="100%%" height="20" fill="#3b4252"/>'
            '<circle cx="24" cy="20" r="7" fill="#bf616a"/><circle cx="48" cy="20" r="7" fill="#ebcb8b"/>'
            '<circle cx="72" cy="20" r="7" fill="#a3be8c"/>'
-           '<text x="%d" y="26" fill="#d8dee9" text-anchor="middle">Morvanite: the weather clock and its resources</text>%s</svg>'
-           % (WIDTH, height, WIDTH // 2, ''.join(body)))
-    subprocess.run(['rsvg-convert', '--zoom', '1', '-o', 'docs/pictures/run.png'], input=svg.encode(), check=True)
+           '<text x="%d" y="26" fill="#d8dee9" text-anchor="middle">%s</text>%s</svg>'
+           % (width, height, width // 2, title, ''.join(body)))
+    subprocess.run(['rsvg-convert', '--zoom', '1', '-o', 'docs/pictures/%s.png' % name], input=svg.encode(), check=True)
+
+
+def draw_start_screen():
+    shown = output('qemu-arm', 'build/sample/weatherclock.packed.axf')
+    start = next(i for i, line in enumerate(shown) if line.startswith('Start screen:'))
+    body = [picture('docs/pictures/preview.png', LEFT, TOP - 18, (260, 340))]
+    left, y = LEFT + 284, TOP
+    for line in ['$ qemu-arm weatherclock.packed.axf'] + shown[start:shown.index('', start)]:
+        body.append(text(left, y, line, '#a3be8c' if line.startswith('$') else '#d8dee9'))
+        y += LINE
+    write('start-screen', 'The start screen in the preview, and as the device reads it', WIDTH + 20, TOP + 342, body)
 
 
 if __name__ == '__main__':
     main()
+    draw_start_screen()

@@ -19,6 +19,6 @@ export LC_ALL=C.UTF-8
 # A screen on which the window has room at either scale.
 printf '{"screens":[{"name":"s","x":0,"y":0,"width":2880,"height":1700,"logicalDpi":96,"logicalBaseDpi":96,"dpr":1}]}' >"$taken/screen.json"
 export QT_QPA_PLATFORM="offscreen:configfile=$taken/screen.json"
-QT_SCALE_FACTOR=2 take "" project window.png strings strings.png file-pictures files.png
-take "" tiled window-tiled.png string-bars strings-find.png string-editor strings-edit.png languages languages.png resolutions resolutions.png v1-list v1-list.png reload reload.png
-take dark images window-dark.png string-bars strings-dark.png file-types files-dark.png
+QT_SCALE_FACTOR=2 take "" project window.png strings strings.png file-pictures files.png layout layout.png
+take "" tiled window-tiled.png string-bars strings-find.png string-editor strings-edit.png languages languages.png resolutions resolutions.png v1-list v1-list.png reload reload.png preview preview.png layout-color layout-edit.png
+take dark images window-dark.png string-bars strings-dark.png file-types files-dark.png layout-fit layout-dark.png

@@ -168,6 +168,11 @@ TEST(ComponentList, SplittersAndToolboxAreAsTheyWereAndFollowTheActiveProject)
     window.Go(u"ID_ONE"_s);
     EXPECT_TRUE(window.IsToolboxShown() && window.Toolbox().item(0)->text() == u"Dial"_s);
     window.Child().close();
+    window.folder.Put("rich/morvanite.ini", "[Layout]\nfolders=1\ncatalogue=\n");
+    (void)window.app->Documents().OpenDocumentFile(window.Project("rich"));
+    window.Go(u"ID_ONE"_s);
+    EXPECT_TRUE(window.IsToolboxShown() && window.Toolbox().count() == 0) << "no catalogue";
+    window.Child().close();
     (void)window.app->Documents().OpenDocumentFile(window.Project("plain"));
     window.Settle();
     EXPECT_FALSE(window.IsToolboxShown() || window.Frame().IsEnabled(ACTION_TOOLBOX));

@@ -56,7 +56,7 @@ TEST(PreviewContents, AreTheImagesAndTextsThatPropertiesReferTo)
     PreviewContent button;
     button.images = {"all.png"};
     button.fit = ImageFit::Tile;
-    button.text = ShownText{u"Hello"_s, 0, 0x0C0B0A, Qt::AlignLeft | Qt::AlignBottom, 24, false, false, false};
+    button.text = ShownText{u"Hello"_s, Qt::LeftToRight, 0x0C0B0A, Qt::AlignLeft | Qt::AlignBottom, 24, false, false, false};
     EXPECT_EQ(of(1), button);
 
     EXPECT_TRUE(of(2).IsEmpty()) << "of another resolution, no reference, without a file, no such text";

@@ -20,7 +20,8 @@ struct ScreenWindow : TestWindow
 {
     ScreenWindow()
     {
-        folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\ncatalogue=catalogue.xml\n");
+        folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\ncatalogue=catalogue.xml\n"
+                                        "[split3rd]\nwidth=100\n");
         folder.Put("bin/catalogue.xml",
                    "<catalogue version=\"1\"><class name=\"Base\"><member name=\"pos\" type=\"ZulPoint\"/><member "
                    "name=\"size\" type=\"ZulSize\"/><member name=\"anchor\" type=\"ZulFPoint\"/></class>"
@@ -32,7 +33,7 @@ struct ScreenWindow : TestWindow
                    "<Label pos=\"(10,30)\" size=\"(60,30)\" name=\"inner\"/></Panel>"
                    "<Label pos=\"(20,130)\" size=\"(200,40)\" name=\"over\"/></Layout></TarvoXML>");
         Start({Project()});
-        Frame().setGeometry(0, 0, 800, 600); // as a whole on the screen, where the menu opens
+        Frame().setGeometry(0, 0, 790, 600); // as a whole on the screen, where the menu opens
         Child().Selected().SelectFolder(Document().root.FindFolder(KIND_LAYOUT, 3));
         Settle();
         View().setFixedSize(220, 200);
@@ -176,7 +177,7 @@ TEST(ScreenView, PicksTheTopmostAndWithAltWhatIsBelowIt)
     EXPECT_EQ(window.Port().cursor().shape(), Qt::OpenHandCursor);
     QTest::mousePress(&window.Port(), Qt::LeftButton, {}, {50, 50});
     QTest::mouseMove(&window.Port(), {55, 60});
-    QTest::keyRelease(&window.View(), Qt::Key_Space);
+    QTest::keyRelease(&window.View(), Qt::Key_Space, Qt::ShiftModifier);
     QTest::mouseRelease(&window.Port(), Qt::LeftButton, {}, {55, 60});
     EXPECT_EQ(window.Scroll(), before + QPoint(5, 10));
     EXPECT_EQ(window.View().Selected()->propName, "over") << "dragging picks nothing";
@@ -215,6 +216,13 @@ TEST(ScreenView, ZoomsByKeysAndByItsMenu)
     QTest::keyClick(&window.View(), Qt::Key_Home, Qt::ControlModifier);
     EXPECT_EQ(window.Percent(), 56) << "180 of 320 lines";
     EXPECT_FALSE(window.View().verticalScrollBar()->isVisible() || window.View().horizontalScrollBar()->isVisible());
+    window.Frame().Bars().Output().setFocus();
+    EXPECT_FALSE(window.Frame().IsEnabled(ACTION_FIT_VIEW)) << "Ctrl+Home is a key of the text";
+    window.Settle();
+    window.View().setFocus();
+    QTest::keyClick(&window.View(), Qt::Key_PageUp, Qt::ControlModifier); // with no time between
+    EXPECT_EQ(window.Percent(), 66);
+    QTest::keyClick(&window.View(), Qt::Key_Home, Qt::ControlModifier);
     const auto *const layout = dynamic_cast<CLayoutRes *>(window.Selected()->resources.First());
     window.View().ShowLayout(nullptr);
     window.View().ShowLayout(layout);

@@ -241,7 +241,17 @@ void TakeLayout(TestWindow &window, const QString &folder)
     };
     select(u"Panel: today"_s);
     Take(window, folder, "layout");
+    const QSize size = panes.Preview().size();
+    panes.Preview().setFixedSize(260, 340); // the screen and its margins
+    panes.Preview().Select(nullptr);
+    QTest::qWait(500); // the images are loaded
+    panes.Preview().viewport()->grab().save(folder + u"/preview.png"_s);
+    panes.Preview().setMinimumSize(0, 0);
+    panes.Preview().setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    panes.Preview().resize(size);
     panes.Preview().setFocus();
+    select(u"Screen: start"_s);
+    select(u"Panel: today"_s);
     window.Frame().RunAction(ACTION_FIT_VIEW);
     Take(window, folder, "layout-fit");
     click(u"bgColor"_s);

@@ -3,6 +3,7 @@
 #include "CLayoutRes.h"
 #include "CResDoc.h"
 #include "CZoomRatioDlg.h"
+#include "PreviewArt.h"
 #include "ViewHost.h"
 #include "ViewMenu.h"
 #include "ZoomActions.h"
@@ -56,9 +57,14 @@ CLotScreenView::CLotScreenView(CResDoc &projectDocument, IViewHost &viewHost)
     viewport()->setMouseTracking(true);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     horizontalScrollBar()->setLayoutDirection(Qt::LeftToRight); // as the device's screen
+    if (document.env.settings.Int("Layout", "pictures", 0) != 0)
+        art = std::make_unique<PreviewArt>(document, [this] { viewport()->update(); });
+    painter.art = art.get();
     TakeLook();
     Describe();
 }
+
+CLotScreenView::~CLotScreenView() = default;
 
 void CLotScreenView::ShowLayout(const CLayoutRes *layoutRes)
 {
@@ -74,7 +80,7 @@ void CLotScreenView::RebuildEntries()
         entries = EntriesOf(*layout, std::move(entries));
     else
         entries.clear();
-    painter.labels.Reset(entries.size());
+    ResetLook();
     Describe();
     viewport()->update();
 }
@@ -85,11 +91,13 @@ void CLotScreenView::RefreshEntries(const CZulClass *changed)
     const PreviewEntry *const first = EntryOf(entries, changed);
     if (!first) {
         Refresh(entries);
-        painter.labels.Reset(entries.size());
+        ResetLook();
         viewport()->update();
     } else {
         const PreviewEntry *const end = EndBelow(entries, *first);
         painter.labels.Forget(size_t(first - entries.data()));
+        if (art)
+            art->Forget(size_t(first - entries.data()));
         const auto touched = [&] {
             QRect all;
             for (const PreviewEntry *entry = first; entry != end; ++entry)
@@ -145,6 +153,13 @@ PreviewScene CLotScreenView::Scene() const
 {
     const PreviewPlace place = Place();
     return {entries, zoom, zoom.ScreenCorner(place.client) - place.scroll, viewport()->rect(), selected, active};
+}
+
+void CLotScreenView::ResetLook()
+{
+    painter.labels.Reset(entries.size());
+    if (art)
+        art->Reset(entries.size(), layout && layout->File() ? layout->File()->resolution : -1);
 }
 
 void CLotScreenView::TakeLook()
@@ -205,7 +220,8 @@ void CLotScreenView::ChangeZoom(QPoint kept, const std::function<bool(PreviewZoo
 
 std::optional<ActionState> CLotScreenView::StateOf(ActionId id) const
 {
-    return ZoomActions::StateOf(id, zoom);
+    // Where the Output or the Toolbox has the focus, Ctrl+Home is a key of theirs.
+    return active ? ZoomActions::StateOf(id, zoom) : std::nullopt;
 }
 
 void CLotScreenView::Run(ActionId id)
@@ -235,7 +251,9 @@ void CLotScreenView::contextMenuEvent(QContextMenuEvent *event)
     const QByteArray customize = zoom.CustomizeLabel().toLatin1();
     std::vector<ViewMenuEntry> menu(std::begin(MENU), std::end(MENU));
     menu.back().text = customize.constData();
-    const auto stateOf = [this](ActionId id) { return ActionState{host.IsEnabled(id), StateOf(id)->checked}; };
+    const auto stateOf = [this](ActionId id) {
+        return ActionState{host.IsEnabled(id), ZoomActions::StateOf(id, zoom)->checked};
+    };
     RunViewMenu(*this, menu, place, stateOf, [this](ActionId id) { host.RunAction(id); });
 }
 
@@ -327,6 +345,8 @@ bool CLotScreenView::viewportEvent(QEvent *event)
 {
     if (event->type() == QEvent::Leave)
         ShowStatus({});
+    else if (event->type() == QEvent::WindowActivate && art) // files may have come or gone meanwhile
+        art->RefreshFiles();
     return QAbstractScrollArea::viewportEvent(event);
 }
 
@@ -339,6 +359,7 @@ void CLotScreenView::ShowStatus(const QString &text)
 void CLotScreenView::showEvent(QShowEvent *event)
 {
     QAbstractScrollArea::showEvent(event);
+    ResetLook(); // what the components refer to may have changed meanwhile
     host.ShowZoom(PreviewZoom::PercentText(zoom.Percent()));
 }
 

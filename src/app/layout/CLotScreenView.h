@@ -19,6 +19,7 @@ class CLotScreenView : public QAbstractScrollArea, public IActionTarget
 {
 public:
     CLotScreenView(CResDoc &projectDocument, IViewHost &viewHost);
+    ~CLotScreenView() override;
 
     /// Shows a layout as it is now; null for none. The zoom stays. What is selected stays: the list selects.
     void ShowLayout(const CLayoutRes *layoutRes);
@@ -64,6 +65,8 @@ protected:
 private:
     [[nodiscard]] PreviewScene Scene() const;
     void TakeLook();
+    /// Labels and pictures of all entries are made anew.
+    void ResetLook();
     void Activate(bool isNowActive);
     /// Changes the zoom by `change`, which says whether it has; what is at the point `kept` of the view stays there.
     void ChangeZoom(QPoint kept, const std::function<bool(PreviewZoom &)> &change);
@@ -82,6 +85,7 @@ private:
     PreviewZoom zoom;
     PreviewEntries entries;
     PreviewPainter painter;
+    std::unique_ptr<PreviewArt> art; // null where the settings have the preview draw no pictures
     PanGesture pan{*this};
     int restOfWheel = 0; // of small steps, as a touchpad sends them
 };

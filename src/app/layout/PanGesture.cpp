@@ -39,7 +39,8 @@ bool PanGesture::Release(const QMouseEvent &event)
 
 bool PanGesture::Key(const QKeyEvent &event, bool isDown)
 {
-    if (event.key() != Qt::Key_Space || event.modifiers() != Qt::NoModifier)
+    // A key that is pressed meanwhile, such as Shift, doesn't keep Space held.
+    if (event.key() != Qt::Key_Space || (isDown && event.modifiers() != Qt::NoModifier))
         return false;
     if (!event.isAutoRepeat())
         isSpaceHeld = isDown;

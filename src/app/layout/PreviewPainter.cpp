@@ -1,6 +1,8 @@
 #include "PreviewPainter.h"
 
+#include "PreviewArt.h"
 #include "PreviewZoom.h"
+#include "ZulType.h"
 
 #include <QPainter>
 
@@ -129,6 +131,8 @@ void PreviewPainter::PaintLabel(QPainter &painter, const PreviewScene &scene, si
 
 void PreviewPainter::PaintEntry(QPainter &painter, const PreviewScene &scene, size_t entry, const Place &place)
 {
+    if (art && PaintArt(painter, scene, entry, place))
+        return;
     const PreviewEntry &painted = scene.entries[entry];
     QColor fill = PALE;
     if (!place.IsEmpty()) {
@@ -143,6 +147,29 @@ void PreviewPainter::PaintEntry(QPainter &painter, const PreviewScene &scene, si
         FillSides(painter, rect, 1, border, border);
     }
     PaintLabel(painter, scene, entry, place, fill);
+}
+
+bool PreviewPainter::PaintArt(QPainter &painter, const PreviewScene &scene, size_t entry, const Place &place)
+{
+    const PreviewEntry &painted = scene.entries[entry];
+    const PreviewContent &content = art->Of(entry, *painted.component);
+    const bool isContainer = !painted.component->subComponents.empty();
+    if (place.IsEmpty() || (content.IsEmpty() && !isContainer))
+        return false;
+    const QRect rect = place.In(scene.view);
+    if (IsColor(painted.background)) {
+        QColor fill = ColorFrom(painted.background);
+        fill.setAlpha(content.backgroundAlpha);
+        painter.fillRect(rect, fill);
+    } else if (content.text && !content.text->color) {
+        pictures.DrawPlaceholder(painter, place.Whole(), scene.view); // on which a black text can be read
+    }
+    art->Draw(painter, content, place.Whole(), scene.view, scene.zoom.Percent() / 100.0);
+    if (IsColor(painted.border) && painted.sources.border) {
+        const QColor border = ColorFrom(painted.border);
+        FillSides(painter, rect, 1, border, border);
+    }
+    return true;
 }
 
 /// Black and white around the screen, and around them the line of the active view.

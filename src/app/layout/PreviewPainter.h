@@ -7,6 +7,7 @@
 #include <QColor>
 #include <QRegion>
 
+class PreviewArt;
 class PreviewZoom;
 
 /// What a preview shows at the moment.
@@ -34,6 +35,8 @@ public:
     Look look;
     /// Belongs to the entries that are painted: reset with them.
     PreviewLabels labels;
+    /// Draws images and texts; null for none. Not owned; belongs to the entries too.
+    PreviewArt *art = nullptr;
 
     /// Paints what is in a region of the view; what isn't may be painted too. The painter has no clip of its own.
     void Paint(QPainter &painter, const PreviewScene &scene, const QRegion &region);
@@ -46,6 +49,8 @@ public:
 private:
     struct Place;
     void PaintEntry(QPainter &painter, const PreviewScene &scene, size_t entry, const Place &place);
+    /// As the device shows it. False, and nothing is painted, when there is nothing to show.
+    bool PaintArt(QPainter &painter, const PreviewScene &scene, size_t entry, const Place &place);
     void PaintLabel(QPainter &painter, const PreviewScene &scene, size_t entry, const Place &place, QColor fill);
 
     void PaintFrame(QPainter &painter, const QRect &screen, bool isActive) const;

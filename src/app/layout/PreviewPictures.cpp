@@ -1,6 +1,7 @@
 #include "PreviewPictures.h"
 
-#include <QPainter>
+#include "DrawnPart.h"
+
 #include <QPainterPath>
 
 namespace
@@ -58,19 +59,6 @@ QImage DrawnPlaceholder()
     gloss.setColorAt(1, QColor(0xF3, 0xF6, 0xF9));
     painter.fillRect(image.rect(), gloss);
     return image;
-}
-
-/// Draws of a picture that is stretched over a rectangle what is within `view`.
-void DrawPart(QPainter &painter, const QImage &picture, const QRectF &rect, const QRect &view)
-{
-    const QRectF part = rect & QRectF(view);
-    if (part.isEmpty())
-        return;
-    const qreal x = picture.width() / rect.width();
-    const qreal y = picture.height() / rect.height();
-    const QRectF source((part.x() - rect.x()) * x, (part.y() - rect.y()) * y, part.width() * x, part.height() * y);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(part, picture, source);
 }
 
 QPixmap Stretched(const QImage &picture, QSize size, qreal scale)

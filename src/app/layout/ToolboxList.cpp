@@ -18,10 +18,13 @@ ToolboxList::ToolboxList(QWidget *parent) : QListWidget(parent)
 
 void ToolboxList::Fill(const CResModel &project)
 {
-    if (!project.classes->loaded || project.classes == catalogue)
+    const auto now = project.classes->loaded ? project.classes : nullptr;
+    if (now == catalogue)
         return; // what a catalogue offers stays as it is once it is loaded
     clear();
-    catalogue = project.classes;
+    catalogue = now;
+    if (!catalogue)
+        return;
     for (const ClassDescriptor *type : OfferedClasses(*catalogue)) {
         auto *const row = new QListWidgetItem(project.env.NarrowToWide(type->name), this);
         row->setData(Qt::UserRole, QVariant::fromValue(static_cast<const void *>(type)));

@@ -15,7 +15,7 @@ class ToolboxList : public QListWidget
 public:
     explicit ToolboxList(QWidget *parent);
 
-    /// Lists the classes that a project's catalogue offers. Where it has none, the list stays as it is.
+    /// Lists the classes that a project's catalogue offers; none where it has no catalogue.
     void Fill(const CResModel &project);
     /// Told of a class that the user wants a component of: by a double click, or by Enter.
     std::function<void(const ClassDescriptor &type)> chosen;

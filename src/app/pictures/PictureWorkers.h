@@ -21,6 +21,7 @@ struct PictureRequest
     bool isThumbnail = false;       ///< in a square of `most`
     std::optional<FileStamp> known; ///< what is known already: a file that still has this stamp isn't read
     quint64 number = 0;             ///< for who asks
+    bool isWhole = false;           ///< of a thumbnail: not in a square, but as the picture is
 };
 
 struct PictureResult

@@ -1,5 +1,6 @@
 #include "PreviewContents.h"
 
+#include "TextDirection.h"
 #include "ZulValues.h"
 
 namespace
@@ -70,7 +71,7 @@ PreviewContents::PreviewContents(CResModel &projectModel, qint32 resolution)
         return;
     for (const auto &folder : languages->subfolders) {
         if (folder->kind == KIND_LANGUAGE && folder->index >= 0) {
-            language = folder->index;
+            language = folder.get();
             return;
         }
     }
@@ -84,7 +85,7 @@ PreviewContent PreviewContents::Of(const CZulClass &component) const
         if (const std::optional<ShownText> found = TextOf(values.reference)) {
             values.content.text = std::move(values.style);
             values.content.text->text = found->text;
-            values.content.text->language = found->language;
+            values.content.text->direction = found->direction;
         }
     }
     return std::move(values.content);
@@ -161,11 +162,11 @@ std::optional<ShownText> PreviewContents::TextOf(const NarrowText &reference) co
 {
     const IDRecord *const id = strings ? IdOf(model, reference, ANY_RESOLUTION) : nullptr;
     auto *const row = id ? dynamic_cast<CStringRes *>(strings->FindResource(id)) : nullptr;
-    const CStringRes *const record = row ? row->FindLanguage(language) : nullptr;
+    const CStringRes *const record = row && language ? row->FindLanguage(language->index) : nullptr;
     if (!record || record->text.isEmpty())
         return std::nullopt;
     ShownText found;
     found.text = record->text;
-    found.language = language;
+    found.direction = DirectionOfLanguage(language->title);
     return found;
 }

@@ -24,10 +24,10 @@ enum class ImageFit
 struct ShownText
 {
     QString text;
-    qint32 language = -1;         ///< which the text is of
+    Qt::LayoutDirection direction = Qt::LeftToRight;
     std::optional<quint32> color; ///< 0x00BBGGRR; nothing when no property has one
     Qt::Alignment alignment = Qt::AlignCenter;
-    int pixelSize = 16; ///< of the font
+    int pixelSize = 0; ///< of the font; 0 when no property has one
     bool isBold = false;
     bool isItalic = false;
     bool wraps = false;
@@ -59,7 +59,7 @@ struct PreviewContent
 class PreviewContents
 {
 public:
-    /// `resolution` is that of the layout. The model must live longer.
+    /// `resolution` is that of the layout. For the moment: it points to folders of the model.
     PreviewContents(CResModel &projectModel, qint32 resolution);
 
     /// Only values that are set count. What refers to an ID that isn't there is left out.
@@ -76,6 +76,6 @@ private:
     const CResFolder *images = nullptr; // of the resolution; null when there is none
     const CResFolder *imagesOfAll = nullptr;
     const CResFolder *strings = nullptr;
-    qint32 language = -1;
+    const CResFolder *language = nullptr; // the first
     qint16 scope;
 };

@@ -337,6 +337,8 @@ bool CMainFrame::MayCloseAll(QStringList &told)
 /// What a menu entry does is no matter while the status bar tells of a command.
 bool CMainFrame::event(QEvent *event)
 {
+    if (event->type() == QEvent::ShortcutOverride)
+        Update(); // on a busy machine a key may come along with the one that has moved the focus
     return (event->type() == QEvent::StatusTip && turn.IsOn()) || QMainWindow::event(event);
 }
 

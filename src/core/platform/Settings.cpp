@@ -17,7 +17,7 @@ constexpr struct
     const char *key;
 } PROJECT_KEYS[] = {
     {"Text", "code_page"},    {"Layout", "folders"},       {"Layout", "catalogue"},
-    {"Layout", "export_xml"}, {"Layout", "export_layout"},
+    {"Layout", "export_xml"}, {"Layout", "export_layout"}, {"Layout", "pictures"},
 };
 
 bool IsProjectKey(QStringView section, QStringView key)

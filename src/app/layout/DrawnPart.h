@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QImage>
+#include <QPainter>
+
+/// Draws of a picture that is stretched over a rectangle what is within `view`: a rectangle may be far larger.
+inline void DrawPart(QPainter &painter, const QImage &picture, const QRectF &rect, const QRect &view)
+{
+    const QRectF part = rect & QRectF(view);
+    if (part.isEmpty())
+        return;
+    const qreal x = picture.width() / rect.width();
+    const qreal y = picture.height() / rect.height();
+    const QRectF source((part.x() - rect.x()) * x, (part.y() - rect.y()) * y, part.width() * x, part.height() * y);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(part, picture, source);
+}

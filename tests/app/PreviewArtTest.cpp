@@ -1,0 +1,105 @@
+// The preview that draws the images and texts of its components, in a window.
+#include "CLotScreenView.h"
+#include "StringWindow.h"
+
+#include <QImage>
+
+namespace
+{
+
+/// A project whose layout has an image in its own size, the same stretched, a text, a reference to nothing, and tiles
+/// far beyond the screen.
+struct ArtWindow : TestWindow
+{
+    explicit ArtWindow(bool hasPictures)
+    {
+        folder.Put("bin/Morvanite.ini",
+                   "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\ncatalogue=catalogue.xml\npictures=" +
+                       QByteArray(hasPictures ? "1" : "0") + "\n[split3rd]\nwidth=100\n");
+        folder.Put("bin/catalogue.xml",
+                   "<catalogue version=\"1\"><enumeration name=\"Fit\"><item name=\"stretch\"/><item name=\"tile\"/>"
+                   "</enumeration><class name=\"Thing\"><member name=\"pos\" type=\"ZulPoint\"/><member name=\"size\" "
+                   "type=\"ZulSize\"/><member name=\"anchor\" type=\"ZulFPoint\"/><member name=\"fit\" type=\"Fit\"/>"
+                   "<member name=\"picture\" type=\"ZulImageSrc\"/><member name=\"text\" type=\"ZulWString\"/>"
+                   "<member name=\"color\" type=\"ZulColor\"/></class></catalogue>");
+        MakeProject("demo", "<APP><IMAGE id=\"ID_RED\" type=\"Normal\">.\\res\\RED.png</IMAGE>"
+                            "<RESOLUTION width=\"240\" height=\"320\" class=\"layout\"><LAYOUT>res\\l.xml</LAYOUT>"
+                            "</RESOLUTION><STRING>res\\ref_list_demo.txt</STRING></APP>");
+        folder.Put("demo/res/ref_list_demo.txt", StringFileBytes("Number of Language|1\nString ID|Resource Type|"
+                                                                 "Description|English(0)\nID_TEXT|Normal||MMMMMM\n"
+                                                                 "##number|1\n"));
+        folder.Put("demo/res/l.xml",
+                   "<TarvoXML><Layout id=\"ID_LAYOUT_A\"><Thing pos=\"(0,0)\" size=\"(60,60)\" picture=\"@ID_RED\"/>"
+                   "<Thing pos=\"(60,0)\" size=\"(60,60)\" fit=\"stretch\" picture=\"@ID_RED\"/>"
+                   "<Thing pos=\"(0,60)\" size=\"(120,40)\" color=\"#0000FF\" text=\"@ID_TEXT\"/>"
+                   "<Thing pos=\"(0,100)\" size=\"(120,40)\" picture=\"@ID_NONE\"/><Thing pos=\"(0,140)\" "
+                   "size=\"(2147483647,2147483647)\" fit=\"tile\" picture=\"@ID_RED\"/></Layout></TarvoXML>");
+        PutPicture(Qt::red);
+        Start({Project()});
+        Frame().setGeometry(0, 0, 790, 600);
+        Child().Selected().SelectFolder(Document().root.FindFolder(KIND_LAYOUT, 3));
+        Settle();
+        View().setFixedSize(260, 340);
+        View().Select(nullptr);
+        Settle();
+    }
+    void PutPicture(Qt::GlobalColor color) const
+    {
+        QImage picture(20, 20, QImage::Format_RGB32);
+        picture.fill(color);
+        EXPECT_TRUE(picture.save(folder.Path("demo/res/red.png")));
+    }
+    [[nodiscard]] CLotScreenView &View() const { return StringWindow::Find<CLotScreenView>(Child()); }
+    /// What is painted, from the corner of the screen on.
+    [[nodiscard]] QImage Painted() const
+    {
+        const PreviewPlace place = View().Place();
+        const QPoint corner = View().Zoom().ScreenCorner(place.client) - place.scroll;
+        return View().viewport()->grab().toImage().copy(QRect(corner, QSize(240, 320)));
+    }
+    [[nodiscard]] bool IsPainted(QPoint point, Qt::GlobalColor color) const
+    {
+        return Painted().pixelColor(point) == QColor(color);
+    }
+};
+
+} // namespace
+
+TEST(PreviewArt, ImagesAndTextsAreInTheFramesOfTheirComponents)
+{
+    ArtWindow window(true);
+    ASSERT_TRUE(window.WaitFor([&] { return window.IsPainted({30, 30}, Qt::red); }));
+    EXPECT_FALSE(window.IsPainted({10, 10}, Qt::red)) << "in its own size";
+    EXPECT_TRUE(window.IsPainted({62, 2}, Qt::red)) << "stretched";
+    EXPECT_TRUE(window.IsPainted({200, 300}, Qt::red)) << "tiles";
+    const auto inks = [&](const QRect &part, const auto &isInk) {
+        const QImage image = window.Painted().copy(part);
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                count += isInk(image.pixelColor(x, y)) ? 1 : 0;
+        }
+        return count;
+    };
+    EXPECT_GT(inks({0, 60, 120, 40}, [](const QColor &color) { return color.blue() > 200 && color.red() < 80; }), 50);
+    EXPECT_GT(inks({0, 100, 120, 40}, [](const QColor &color) { return color.value() < 90; }), 10)
+        << "the label of what refers to nothing";
+
+    window.PutPicture(Qt::green);
+    QEvent activate(QEvent::WindowActivate);
+    QApplication::sendEvent(window.View().viewport(), &activate);
+    EXPECT_TRUE(window.WaitFor([&] { return window.IsPainted({30, 30}, Qt::green); })) << "another program wrote it";
+
+    for (int i = 0; i < 100; ++i)
+        window.View().Run(ACTION_ZOOM_IN);
+    EXPECT_EQ(window.View().Zoom().Percent(), 1000);
+    EXPECT_FALSE(window.Painted().isNull());
+}
+
+TEST(PreviewArt, WithoutTheKeyNamesAreDrawn)
+{
+    ArtWindow window(false);
+    for (int i = 0; i < 5; ++i)
+        window.Settle();
+    EXPECT_FALSE(window.IsPainted({30, 30}, Qt::red));
+}
