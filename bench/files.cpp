@@ -1,4 +1,4 @@
-// The list of files: each work beside the least that it can be made of.
+// The list of files: each operation is compared with the least work that it can consist of.
 #include "BenchModel.h"
 #include "FileIcons.h"
 #include "FileListModel.h"
@@ -16,7 +16,7 @@ namespace
 constexpr int LISTED = 100'000;
 constexpr int IMPORTED = 10'000;
 
-/// A project with an empty folder of files, and the list of it.
+/// A project with an empty folder of files, and a list that shows it.
 struct FilesWorld : BenchWorld
 {
     FilesWorld()
@@ -77,8 +77,8 @@ private:
     std::vector<int> order;
 };
 
-/// A folder of 100,000 files shown, sorted by ID and painted with its icons, from files that are all there; "ratio" is
-/// beside the sort of the IDs and a plain view of texts in a vector; at most 1.3 is required, 1.1 the aim.
+/// Shows a folder of 100,000 files, sorts it by ID and paints it with its icons; all files exist. "ratio" compares with
+/// sorting the IDs and a plain view of texts in a vector; at most 1.3 is required, 1.1 is the aim.
 void OpenFiles(benchmark::State &state)
 {
     NeedApplication();
@@ -118,7 +118,7 @@ void OpenFiles(benchmark::State &state)
 }
 BENCHMARK(OpenFiles)->Unit(benchmark::kMillisecond);
 
-/// 10,000 files imported that all have one title; "ratio" is beside as many with titles of their own; at most 3 is
+/// Imports 10,000 files with the same title; "ratio" compares with as many files with different titles; at most 3 is
 /// required.
 void ImportOneTitle(benchmark::State &state)
 {
@@ -153,8 +153,8 @@ void ImportOneTitle(benchmark::State &state)
 }
 BENCHMARK(ImportOneTitle)->Unit(benchmark::kMillisecond);
 
-/// Every second row of 100,000 selected, deleted and painted; "ratio" is beside the deletion of as many resources that
-/// no list shows.
+/// Selects every second row of 100,000, deletes these rows and paints the list; "ratio" compares with deleting as many
+/// resources that no list shows.
 void DeleteHalfOfFiles(benchmark::State &state)
 {
     NeedApplication();

@@ -1,4 +1,5 @@
-// The grid of the string table: each work beside the least that it can be made of, or beside Qt's own.
+// The grid of the string table: each operation is compared with the least work that it can consist of, or with Qt's
+// own.
 #include "NameOrder.h"
 #include "StringCommands.h"
 #include "StringGridModel.h"
@@ -17,7 +18,7 @@ namespace
 
 constexpr int ROWS = 50'000;
 
-/// The table as texts in a vector, with its order of now.
+/// The table as texts in a vector, with its current order.
 class PlainModel : public QAbstractTableModel
 {
 public:
@@ -62,8 +63,8 @@ void SortNow(World &world, int state)
     world.table.Reorder(StringOrder(world.table, state));
 }
 
-/// Rows read, sorted by ID and painted; "ratio" is beside the sort of the IDs and a plain view of texts in a vector; at
-/// most 1.6 is required, 1.2 the aim.
+/// Reads rows, sorts them by ID and paints them; "ratio" compares with sorting the IDs and a plain view of texts in a
+/// vector; at most 1.6 is required, 1.2 is the aim.
 void OpenGrid(benchmark::State &state)
 {
     NeedApplication();
@@ -102,11 +103,12 @@ size_t InUse()
     return info.uordblks + info.hblkhd;
 }
 
-/// "ratio" is the memory of model and view, painted, beside that of the table; at most 0.08 is required, 0.05 the aim.
+/// "ratio" is the memory of the model and the painted view divided by that of the table; at most 0.08 is required, 0.05
+/// is the aim.
 void GridMemory(benchmark::State &state)
 {
     NeedApplication();
-    { // what Qt keeps for good
+    { // memory that Qt keeps for ever
         PlainModel none;
         OurView view(none);
         Paint(view);
@@ -130,8 +132,7 @@ void GridMemory(benchmark::State &state)
 }
 BENCHMARK(GridMemory)->Iterations(2)->Unit(benchmark::kMillisecond);
 
-/// By any column; "ratio" is beside the sort of the texts alone; at most 1.4 is
-/// required, 1.15 the aim.
+/// Sorts by any column; "ratio" compares with sorting only the texts; at most 1.4 is required, 1.15 is the aim.
 void SortGrid(benchmark::State &state)
 {
     NeedApplication();
@@ -158,8 +159,8 @@ void SortGrid(benchmark::State &state)
 }
 BENCHMARK(SortGrid)->Arg(0)->Arg(1)->Arg(2)->Arg(5)->Unit(benchmark::kMillisecond);
 
-/// All rows deleted by one command and brought back, in the grid and painted both times; "ratio" is beside the table
-/// with no grid; at most 1.4 is required, 1.1 the aim.
+/// Deletes all rows by one command and restores them, and paints the grid both times; "ratio" compares with the table
+/// without a grid; at most 1.4 is required, 1.1 is the aim.
 void DeleteAllInGrid(benchmark::State &state)
 {
     NeedApplication();
@@ -189,8 +190,8 @@ void DeleteAllInGrid(benchmark::State &state)
 }
 BENCHMARK(DeleteAllInGrid)->Unit(benchmark::kMillisecond);
 
-/// A frame painted in full after a scroll by some rows; "ratio" is beside Qt's own delegate and texts in a vector; at
-/// most 0.7 is required, 0.4 the aim.
+/// Paints a full frame after scrolling by some rows; "ratio" compares with Qt's own delegate and texts in a vector; at
+/// most 0.7 is required, 0.4 is the aim.
 void ScrollGrid(benchmark::State &state)
 {
     NeedApplication();

@@ -30,7 +30,7 @@ struct OurView : CListGrid
     explicit OurView(QAbstractItemModel &model) { SetUp(*this, model); }
 };
 
-/// Qt's own, but for what would make it slow without need.
+/// Qt's own, without settings that would make it unnecessarily slow.
 struct StockView : QTableView
 {
     explicit StockView(QAbstractItemModel &model)
@@ -46,7 +46,7 @@ struct StockView : QTableView
     }
 };
 
-/// The processor time of `work`, in seconds, is added to `sum`.
+/// Adds the processor time of `work`, in seconds, to `sum`.
 template <typename Work> void Time(double &sum, const Work &work)
 {
     const std::clock_t start = std::clock();

@@ -1,4 +1,7 @@
-"""Makes the inputs of the benchmarks: projects, string files, pictures, an ELF file. Same arguments, same bytes."""
+"""Makes the inputs of the benchmarks: projects, string files, pictures, an ELF file.
+
+The same arguments give the same bytes.
+"""
 
 import os
 import random
@@ -14,7 +17,7 @@ LANGUAGE_NAMES = ('English', 'English, UK', 'Chinese, Simplified', 'Chinese, Tra
 
 
 def project(folder, elements, strings=False):
-    """A project called demo in `folder` with the given elements of its resource list; the path of its .vcproj file."""
+    """Makes a project called demo in `folder` with the given resource elements. Returns the path of its .vcproj file."""
     os.makedirs(os.path.join(folder, 'res', 'tmp'), exist_ok=True)
     with open(os.path.join(folder, 'config.xml'), 'w') as out:
         out.write(CONFIG)
@@ -30,7 +33,7 @@ def project(folder, elements, strings=False):
 
 
 def files(folder, count, size, seed):
-    """`count` files of `size` bytes that don't compress, and their elements."""
+    """Makes `count` incompressible files of `size` bytes and their elements."""
     rng = random.Random(seed)
     os.makedirs(os.path.join(folder, 'data'), exist_ok=True)
     elements, paths = [], []
@@ -44,7 +47,7 @@ def files(folder, count, size, seed):
 
 
 def resource_elements(count):
-    """Elements of `count` resources, half files and half images, whose files don't exist."""
+    """Returns the elements of `count` resources, half files and half images, whose files don't exist."""
     kinds = (('FILE', 'bin'), ('IMAGE', 'png'))
     return ['<%s id="ID_%s_NUMBER_%06d" type="Normal">.\\res\\folder%02d\\resource%06d.%s</%s>'
             % (kinds[i % 2][0], kinds[i % 2][0], i * 7919 % count, i % 50, i, kinds[i % 2][1], kinds[i % 2][0])
@@ -61,7 +64,7 @@ def sentence(rng):
 
 
 def string_table(folder, rows, po_folder):
-    """The string file of a project in 12 languages, and the same texts as a .po file for each; the .po paths."""
+    """Makes a project's string file in 12 languages, and a .po file with the same texts for each. Returns their paths."""
     rng = random.Random(5)
     texts = [[sentence(rng) for _ in range(LANGUAGES)] for _ in range(rows)]
     lines = ['Number of Language\t%d' % LANGUAGES,
@@ -83,7 +86,7 @@ def string_table(folder, rows, po_folder):
 
 
 def png(path, width, height, rng):
-    """A true-colour picture with gradients and some noise."""
+    """Makes a true-colour picture with gradients and some noise."""
     rows = bytearray()
     tint = [rng.randrange(256) for _ in range(3)]
     for y in range(height):
@@ -100,7 +103,7 @@ def png(path, width, height, rng):
 
 
 def images(folder, count, width=160, height=120):
-    """`count` pictures and their elements."""
+    """Makes `count` pictures and their elements."""
     rng = random.Random(9)
     os.makedirs(os.path.join(folder, 'img'), exist_ok=True)
     elements, paths = [], []
@@ -113,7 +116,7 @@ def images(folder, count, width=160, height=120):
 
 
 def elf(path, size):
-    """An ARM ELF file of about `size` bytes, by the cross compiler."""
+    """Makes an ARM ELF file of about `size` bytes with the cross compiler."""
     data = path + '.data'
     with open(data, 'wb') as out:
         out.write(random.Random(3).randbytes(size))

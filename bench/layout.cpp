@@ -1,5 +1,5 @@
-// Layout files: loading one beside the parser's own reading, saving it beside the parser's printing, and setting one
-// property or naming a new component, whatever the layout's size. The frames of the preview beside a walk of the tree.
+// Layout files: loading one compared with parsing it, saving it compared with printing it, and setting one property or
+// naming a new component, for any size of the layout. The frames of the preview compared with a walk of the tree.
 
 #include "CLayoutRes.h"
 #include "CatalogueFile.h"
@@ -71,7 +71,7 @@ double Seconds(std::chrono::steady_clock::time_point from)
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - from).count();
 }
 
-/// "ratio" is the time beside that of the parse alone, without the reading of the file; at most 2 is wanted.
+/// "ratio" is the time divided by that of parsing alone, without reading the file; at most 2 is wanted.
 void LoadLayouts(benchmark::State &state)
 {
     World world(state.range(0));
@@ -94,7 +94,7 @@ void LoadLayouts(benchmark::State &state)
 }
 BENCHMARK(LoadLayouts)->Arg(100000)->Unit(benchmark::kMillisecond);
 
-/// The same for a save with its file, beside the printing alone.
+/// The same for a save with its file, compared with printing alone.
 void SaveLayouts(benchmark::State &state)
 {
     World world(state.range(0));
@@ -120,7 +120,7 @@ void SaveLayouts(benchmark::State &state)
 }
 BENCHMARK(SaveLayouts)->Arg(100000)->Unit(benchmark::kMillisecond);
 
-/// The typed objects over a loaded file.
+/// Makes the typed objects of a loaded file.
 void OpenLayout(benchmark::State &state)
 {
     World world(state.range(0));
@@ -137,7 +137,7 @@ void OpenLayout(benchmark::State &state)
 }
 BENCHMARK(OpenLayout)->Arg(100000)->Unit(benchmark::kMillisecond);
 
-/// One property of a component in the middle, by its name; at most 5 microseconds, whatever the size.
+/// Sets one property of a component in the middle, found by its name; at most 5 microseconds for any size.
 void SetProperty(benchmark::State &state)
 {
     World world(state.range(0));
@@ -153,7 +153,7 @@ void SetProperty(benchmark::State &state)
 }
 BENCHMARK(SetProperty)->Arg(1000)->Arg(100000)->Unit(benchmark::kMicrosecond);
 
-/// How many components there are, and how many of them are at the top.
+/// The number of components, and the number of those at the top level.
 std::pair<int, int> Walk(const std::vector<std::unique_ptr<CZulClass>> &objects)
 {
     std::pair<int, int> counts;
@@ -164,8 +164,8 @@ std::pair<int, int> Walk(const std::vector<std::unique_ptr<CZulClass>> &objects)
     return counts;
 }
 
-/// The frames of the preview after one value of a component has changed, or after many have. "ratio" is the time beside
-/// that of a bare walk of the tree, which looks at no value; at most 2 is wanted for one.
+/// The frames of the preview after one value of a component has changed, or after many have. "ratio" is the time
+/// divided by that of a walk of the tree that reads no value; at most 2 is wanted for one.
 void RefreshFrames(benchmark::State &state, bool isOne)
 {
     World world(state.range(0));
@@ -209,8 +209,8 @@ void BuildFrames(benchmark::State &state)
 }
 BENCHMARK(BuildFrames)->Arg(5000)->Arg(100000)->Unit(benchmark::kMicrosecond);
 
-/// The first name for a new component of a layout whose components have the names that new ones get, and the search for
-/// one by its name. Neither name nor search may take longer for one component when there are more.
+/// Makes the first name for a new component of a layout whose components have the names that new ones get, and finds a
+/// component by its name. Neither may take longer for one component if there are more components.
 void FirstNameOfComponent(benchmark::State &state)
 {
     World world(0);

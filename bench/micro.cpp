@@ -1,4 +1,4 @@
-// How long the inner work takes, each beside a plain form of the same work in the same run.
+// The time of internal operations, each compared with a plain form of the same work in the same run.
 
 #include "BenchModel.h"
 #include "IDGen.h"
@@ -35,7 +35,7 @@ void FillValueOfIds(benchmark::State &state)
 }
 BENCHMARK(FillValueOfIds)->Arg(1000)->Arg(99999)->Unit(benchmark::kMillisecond);
 
-/// Beside it: the standard sort of the names alone.
+/// For comparison: the standard sort of the names alone.
 void SortOfNames(benchmark::State &state)
 {
     const std::vector<QByteArray> names = ShuffledNames(state.range(0));
@@ -78,7 +78,7 @@ void ReadStrings(benchmark::State &state)
             return ssize_t(piece);
         });
         benchmark::DoNotOptimize(reader.Read(file.size()));
-        state.PauseTiming(); // the world's end isn't reading
+        state.PauseTiming(); // destroying the world isn't part of reading
         world.model.root.Clear();
         state.ResumeTiming();
     }
@@ -86,7 +86,7 @@ void ReadStrings(benchmark::State &state)
 }
 BENCHMARK(ReadStrings)->Arg(1000)->Arg(50000)->Unit(benchmark::kMillisecond);
 
-/// Beside it: the same bytes copied once.
+/// For comparison: copying the same bytes once.
 void CopyOfStringFile(benchmark::State &state)
 {
     const QByteArray file = StringFileOf(state.range(0), 12);

@@ -1,4 +1,4 @@
-// The tree of resources when it is large: default IDs, and folders that are emptied.
+// A large tree of resources: default IDs, and emptying folders.
 
 #include "BenchModel.h"
 
@@ -14,7 +14,7 @@ double Seconds(std::chrono::steady_clock::time_point from)
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - from).count();
 }
 
-/// Seconds that the default IDs of so many files take.
+/// The time in seconds for the default IDs of `count` files.
 double TimeOfIds(qsizetype count, const std::function<QString(qsizetype)> &title)
 {
     BenchWorld world;
@@ -30,8 +30,9 @@ double TimeOfIds(qsizetype count, const std::function<QString(qsizetype)> &title
     return Seconds(start);
 }
 
-/// "more_us" is what a file with a title that is taken takes longer than one with a title of its own, in microseconds;
-/// at most 2 is wanted. Titles are equal, without a letter of the alphabet, or long, in pairs, with the same beginning.
+/// "more_us" is the additional time for a file with a title that is taken, compared with one with a title of its own,
+/// in microseconds; at most 2 is wanted. Titles are equal, without a letter of the alphabet, or long, in pairs, with
+/// the same beginning.
 void DefaultIdsOfTakenTitles(benchmark::State &state)
 {
     const qsizetype count = state.range(0);

@@ -1,4 +1,4 @@
-// The output pane: the time for a line must not grow with the lines that are there.
+// The output pane: the time for a line must not grow with the number of lines.
 #include "CInfoPane.h"
 
 #include <QApplication>

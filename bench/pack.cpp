@@ -1,4 +1,4 @@
-// Phases of a pack, whatever their number of parts.
+// Phases of a pack, for any number of parts.
 
 #include "BenchModel.h"
 #include "Phases.h"
@@ -8,7 +8,7 @@
 namespace
 {
 
-/// The strings of so many languages, one each. The time for one language must not grow with their number.
+/// Packs one string for each of many languages. The time for one language must not grow with their number.
 void LanguagesOfAPack(benchmark::State &state)
 {
     constexpr qint64 NUMBERS = 65535; // that a language can have

@@ -1,4 +1,4 @@
-/* A peer of the benchmarks: what a C program costs that does nothing. */
+/* A peer of the benchmarks: the cost of a C program that does nothing. */
 
 int main(void)
 {

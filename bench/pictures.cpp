@@ -1,4 +1,5 @@
-// Thumbnails: what they cost the main thread beside the decoding, and how late they make what it does besides.
+// Thumbnails: their cost for the main thread compared with the decoding, and the delay that they cause for its other
+// work.
 #include "PictureDecoding.h"
 #include "PictureInput.h"
 #include "PictureLoader.h"
@@ -19,7 +20,7 @@ namespace
 
 constexpr int FILES = 5'000;
 constexpr int SIDE = 24;
-constexpr int IN_SIGHT = 300; // asked for at a time, as a list that is scrolled does
+constexpr int IN_SIGHT = 300; // requested at a time, as by a list that is scrolled
 
 QByteArray Encoded(int number)
 {
@@ -40,7 +41,7 @@ QByteArray Encoded(int number)
     return bytes.data();
 }
 
-/// Pictures of the sizes and kinds that projects have.
+/// Pictures of the usual sizes and kinds of projects.
 class PictureFiles
 {
 public:
@@ -70,7 +71,7 @@ double ThreadSeconds()
     return double(now.tv_sec) + double(now.tv_nsec) * 1e-9;
 }
 
-/// How late a timer of 5 ms is at worst while it exists, in milliseconds.
+/// Measures the worst delay of a timer of 5 ms while this object exists, in milliseconds.
 class Lateness
 {
 public:
@@ -129,8 +130,8 @@ void LoadAll(const QByteArrayList &paths)
     loop.exec();
 }
 
-/// "ratio" is the main thread's processor time beside that of decoding alone; at most 0.05 is required. "late_ms" is
-/// the worst lateness of a timer of 5 ms meanwhile, which may be 20 ms above "idle_ms", its lateness without any work.
+/// "ratio" is the main thread's processor time divided by that of decoding alone; at most 0.05 is required. "late_ms"
+/// is the worst delay of a timer of 5 ms during that time; it may be 20 ms above "idle_ms", the delay without any work.
 void Thumbnails(benchmark::State &state)
 {
     NeedApplication();

@@ -1,4 +1,4 @@
-// The preview of a layout: a full repaint beside Qt's own view of items, with the same rectangles and labels.
+// The preview of a layout: a full repaint compared with Qt's own view of items, with the same rectangles and labels.
 
 #include "Environment.h"
 #include "PreviewPainter.h"
@@ -97,7 +97,7 @@ private:
     QGraphicsScene items;
 };
 
-/// "ratio" is the time beside that of Qt's view; at most 0.6 is wanted, 0.45 is the aim.
+/// "ratio" is the time divided by that of Qt's view; at most 0.6 is wanted, 0.45 is the aim.
 void RepaintPreview(benchmark::State &state)
 {
     NeedApplication();

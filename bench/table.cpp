@@ -1,5 +1,5 @@
-// The string table: opening it beside the bare lines of its file, one edit, whatever the table's size, and the keys of
-// a filter.
+// The string table: opening it compared with reading the lines of its file, one edit for any size of the table, and the
+// keys of a filter.
 
 #include "CellBlock.h"
 #include "StringFilter.h"
@@ -20,7 +20,7 @@ namespace
 
 using World = TableWorld<>;
 
-/// "ratio" is the time beside that of the file's lines as texts alone; at most 3 is wanted.
+/// "ratio" is the time divided by that of reading only the file's lines as texts; at most 3 is wanted.
 void OpenTable(benchmark::State &state)
 {
     const QByteArray file = FileOf(state.range(0));
@@ -48,7 +48,7 @@ void OpenTable(benchmark::State &state)
 }
 BENCHMARK(OpenTable)->Arg(50000)->Unit(benchmark::kMillisecond);
 
-/// One command, taken back and done again: 3 steps, each at most 20 microseconds.
+/// Runs one command, undoes it and redoes it: 3 steps of at most 20 microseconds each.
 template <typename Make> void Steps(benchmark::State &state, Make make)
 {
     World world(FileOf(state.range(0)));
@@ -91,7 +91,7 @@ BENCHMARK(RenameRow)->Arg(500)->Arg(50000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(InsertRow)->Arg(500)->Arg(50000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(DeleteRow)->Arg(500)->Arg(50000)->Unit(benchmark::kMicrosecond);
 
-/// A row by its ID where it isn't at the number given, as after a sort; at most 5 microseconds.
+/// Finds a row by its ID if it isn't at the given number, as after a sort; at most 5 microseconds.
 void FindMovedRow(benchmark::State &state)
 {
     World world(FileOf(state.range(0)));
@@ -107,7 +107,7 @@ void FindMovedRow(benchmark::State &state)
 }
 BENCHMARK(FindMovedRow)->Arg(500)->Arg(50000)->Arg(500000)->Unit(benchmark::kMicrosecond);
 
-/// All rows deleted by one command, brought back and deleted again.
+/// Deletes all rows by one command, restores them and deletes them again.
 void DeleteAllRows(benchmark::State &state)
 {
     World world(FileOf(state.range(0)));
@@ -120,7 +120,8 @@ void DeleteAllRows(benchmark::State &state)
 }
 BENCHMARK(DeleteAllRows)->Arg(50000)->Unit(benchmark::kMillisecond);
 
-/// The order of a column and the list in it. "ratio" is the time beside the sort of the same texts by code units.
+/// Computes the order of a column and sorts the list by it. "ratio" is the time divided by that of sorting the same
+/// texts by code units.
 void SortRows(benchmark::State &state)
 {
     World world(FileOf(state.range(0)));
@@ -147,11 +148,11 @@ void SortRows(benchmark::State &state)
 }
 BENCHMARK(SortRows)->Args({50000, 0})->Args({50000, 5})->Unit(benchmark::kMillisecond);
 
-/// Texts that a user types key by key: in no cell, in few, in all, in IDs.
+/// Texts that a user types key by key: found in no cell, in few, in all, in IDs.
 const QStringList TYPED{QStringLiteral("zebra"), QStringLiteral("place 4999"), QStringLiteral("weather"),
                         QStringLiteral("STRING_1F")};
 
-/// Calls `look` for each key, with what has been typed by then.
+/// Calls `look` for each key, with the text typed so far.
 template <typename Look> int ForEachKey(const Look &look)
 {
     int keys = 0;
@@ -162,7 +163,7 @@ template <typename Look> int ForEachKey(const Look &look)
     return keys;
 }
 
-/// Seconds that a bare walk of all records takes.
+/// The time in seconds of a walk of all records that does nothing else.
 double SecondsOfWalk(const StringTable &table)
 {
     const auto start = std::chrono::steady_clock::now();
@@ -175,9 +176,9 @@ double SecondsOfWalk(const StringTable &table)
     return Seconds(start);
 }
 
-/// The mean key of a filter on all columns, in a list in the tree's order (0) or sorted (1), each key in all rows (0)
-/// or in those that the key before has left (1). "ratio" is the time beside one walk of all records; at most 3 is
-/// wanted, 2 is aimed at.
+/// The mean time of a key of a filter on all columns, in a list in the tree's order (0) or sorted (1), each key in all
+/// rows (0) or in the rows that the previous key has left (1). "ratio" is the time divided by that of one walk of all
+/// records; at most 3 is wanted, 2 is the aim.
 void FilterKey(benchmark::State &state)
 {
     World world(FileOf(state.range(0)));
@@ -208,8 +209,8 @@ BENCHMARK(FilterKey)
     ->ArgsProduct({{50000}, {0, 1}, {0, 1}})
     ->Unit(benchmark::kMillisecond);
 
-/// A text looked for in all cells by TextFinder. "ratio_..." is the time beside that of QString::contains, for a text
-/// that no cell has, one whose first letter is frequent, and one in all of them.
+/// Searches all cells for a text with TextFinder. "ratio_..." is the time divided by that of QString::contains, for a
+/// text that no cell has, one whose first letter is frequent, and one that all cells have.
 void FindText(benchmark::State &state)
 {
     World world(FileOf(state.range(0)));
@@ -273,7 +274,7 @@ void FilterKeyOfProxy(benchmark::State &state)
 }
 BENCHMARK(FilterKeyOfProxy)->Arg(50000)->Unit(benchmark::kMillisecond)->Iterations(1);
 
-/// All gaps counted. "ratio" is the time beside one walk as above; at most 2 is wanted.
+/// Counts all gaps. "ratio" is the time divided by that of one walk as above; at most 2 is wanted.
 void CountAllGaps(benchmark::State &state)
 {
     World world(FileOf(state.range(0)));
@@ -289,7 +290,8 @@ void CountAllGaps(benchmark::State &state)
 }
 BENCHMARK(CountAllGaps)->Arg(50000)->Unit(benchmark::kMillisecond);
 
-/// A block of all cells pasted by ID over the table, each text another: the plan; then the step, taken back.
+/// Pastes a block of all cells by ID over the table, with every text changed: first the plan, then the step, which is
+/// undone.
 void PasteAll(benchmark::State &state)
 {
     World world(FileOf(state.range(0)));

@@ -1,4 +1,4 @@
-// The watch of a project's files during a storm, beside what causes it.
+// The watch of a project's files during a storm of writes, compared with the writes.
 
 #include "CFileChangeMonitor.h"
 
@@ -25,7 +25,7 @@ double Seconds(clockid_t clock)
     return double(time.tv_sec) + double(time.tv_nsec) / 1e9;
 }
 
-/// The processor time of all threads but this one.
+/// The processor time of all threads except this one, in seconds.
 double SecondsOfOthers()
 {
     return Seconds(CLOCK_PROCESS_CPUTIME_ID) - Seconds(CLOCK_THREAD_CPUTIME_ID);
@@ -42,9 +42,9 @@ void WriteAll(const std::vector<QByteArray> &paths)
     }
 }
 
-/// A thousand files of one folder written; the argument is how many of them are watched. "ratio" is the thread's
-/// processor time beside that of writing them; with the three files of a project at most 0.05 is required. "notice_ms"
-/// is from the last write to the notice; at most 250 is required.
+/// Writes a thousand files in one folder; the argument is the number of watched files. "ratio" is the thread's
+/// processor time divided by that of writing them; with the three files of a project at most 0.05 is required.
+/// "notice_ms" is from the last write to the notice; at most 250 is required.
 void WatchStorm(benchmark::State &state)
 {
     const QTemporaryDir folder;
@@ -73,7 +73,7 @@ void WatchStorm(benchmark::State &state)
         for (int told = 0; told < watched; told = notices)
             notices.wait(told);
         latest = std::max(latest, Seconds(CLOCK_MONOTONIC) - written);
-        std::this_thread::sleep_for(std::chrono::milliseconds(50)); // the thread goes back to its wait
+        std::this_thread::sleep_for(std::chrono::milliseconds(50)); // the thread waits again
         watching += SecondsOfOthers() - others;
     }
     state.counters["ratio"] = watching / writing;

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Times whole commands beside peers that do the same work, and prints the ratios as a table.
+"""Times whole commands and peers that do the same work, and prints the ratios as a table.
 
 usage: bench/whole_commands.py BUILD [--rounds N] [--only WORD]
 
@@ -49,7 +49,7 @@ class Run:
 
 
 def apart(work, *arguments):
-    """Runs `work` in a process of its own: the system counts a measuring process's memory as that of its children."""
+    """Runs `work` in its own process, since the system counts a measuring process's memory as that of its children."""
     with concurrent.futures.ProcessPoolExecutor(1, multiprocessing.get_context('fork')) as process:
         return process.submit(work, *arguments).result()
 
@@ -88,7 +88,7 @@ class Table:
 
 
     def difference(self, name, ours, without, peer, limit):
-        """What `ours` takes longer than `without`, beside the peer."""
+        """Compares the time that `ours` takes longer than `without` with that of the peer."""
         runs = (ours, without, peer)
         for run in runs:
             run.once()
@@ -211,7 +211,7 @@ class Suite:
                            Run(parse, ['sort', '-u', names, '-o', names + '.sorted']), 3.0, 2.0)
 
     def window(self):
-        """Starts until the window is painted, beside an empty one; and what a project adds, beside its load alone."""
+        """Times the start until the window is painted, and how much a project adds, compared with only loading it."""
         folder = self.folder('window')
         os.makedirs(os.path.join(folder, 'runtime'), mode=0o700, exist_ok=True)
         os.environ.update(QT_QPA_PLATFORM='offscreen', MORVANITE_RUNTIME_DIR=os.path.join(folder, 'runtime'),

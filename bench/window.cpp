@@ -1,5 +1,5 @@
-// The program with its window, for a benchmark: starts, opens the project that is named, if one is, and ends once the
-// tree, or without a project the output pane, is painted.
+// The program with its window, for a benchmark. It starts, opens the project on the command line if there is one, and
+// ends once the tree, or without a project the output pane, is painted.
 #include "CInfoPane.h"
 #include "CMorvaniteApp.h"
 #include "SingleInstance.h"

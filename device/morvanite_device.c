@@ -5,8 +5,8 @@
  *                 its offset is where the last item ends
  *     language    count (4), then id (4), offset (4); again and again, up to the id 0xFFFFFFFF
  *
- * Numbers are little-endian and stand at any address. A range is checked by subtraction, never by a sum that could
- * wrap. */
+ * Numbers are little-endian and may be at any address. A range is checked by subtraction, never by a sum that could
+ * wrap around. */
 #include "morvanite_device.h"
 
 #define PAIR_SIZE 8u
@@ -63,7 +63,7 @@ static uint32_t find_key(const morvanite_table *table, uint32_t key)
     return table->count;
 }
 
-/* Equal keys stay in the table's order, so that the first one is found as a walk would find it. */
+/* Equal keys stay in the table's order, so that the first one is found, as in a linear search. */
 static int is_before(const morvanite_table *table, uint32_t left, uint32_t right)
 {
     uint32_t left_key = key_at(table, left);
@@ -74,7 +74,7 @@ static int is_before(const morvanite_table *table, uint32_t left, uint32_t right
 morvanite_result morvanite_make_index(morvanite_table *table, uint32_t *order, uint32_t room)
 {
     uint32_t unsorted = table->count; /* order[0 .. unsorted) is a heap with the greatest on top */
-    uint32_t root = table->count / 2; /* from here on it is one while it's being built */
+    uint32_t root = table->count / 2; /* the heap starts here while it is being built */
     uint32_t i;
 
     if (room < table->count)
@@ -105,9 +105,8 @@ morvanite_result morvanite_make_index(morvanite_table *table, uint32_t *order, u
     return MORVANITE_OK;
 }
 
-/* Reads the entry at `*cursor` and moves on behind it. MORVANITE_DAMAGED: the payload ends within it, and `*cursor`
- * stays.
- * `*offset` is the entry's, as it is written. */
+/* Reads the entry at `*cursor` and moves `*cursor` after it. MORVANITE_DAMAGED: the payload ends within the entry, and
+ * `*cursor` isn't changed. `*offset` is the entry's offset as the payload has it. */
 static morvanite_result read_entry(const morvanite_payload *payload, uint32_t *cursor, morvanite_entry *entry,
                                    uint32_t *offset)
 {
@@ -127,7 +126,7 @@ static morvanite_result read_entry(const morvanite_payload *payload, uint32_t *c
     return MORVANITE_OK;
 }
 
-/* Where `size` bytes at `offset` lie, or null when they don't lie within the payload. */
+/* The address of `size` bytes at `offset`, or null if they aren't within the payload. */
 static const uint8_t *find_range(const morvanite_payload *payload, uint32_t offset, uint32_t size)
 {
     uint32_t at = offset - payload->base;
@@ -180,7 +179,7 @@ morvanite_result morvanite_open(morvanite_payload *payload, const void *bytes, u
 {
     static const char block_name[] = {'z', 'e', 'p', '-', '2', '.', '0', 0};
     uint32_t cursor = 0;
-    uint32_t last = 0; /* where the last entry begins: the table's, and a file's may have its name too */
+    uint32_t last = 0; /* where the last entry begins: the table's, since a file may have the same name */
     uint32_t first_data = 0;
     uint32_t offset;
     morvanite_entry entry;
@@ -200,7 +199,7 @@ morvanite_result morvanite_open(morvanite_payload *payload, const void *bytes, u
             break;
         last = before;
     }
-    /* The data begins behind the directory, at the next multiple of 4; with another base it would not. */
+    /* The data begins after the directory, at the next multiple of 4; with another base it wouldn't. */
     if (result == MORVANITE_NOT_FOUND && first_data == ((cursor + 9 + 3) & ~UINT32_C(3)) &&
         morvanite_next_entry(payload, &last, &entry) == MORVANITE_OK && is_named(&entry, block_name) &&
         open_table(&payload->items, entry.data, entry.size / PAIR_SIZE) == MORVANITE_OK)
@@ -218,7 +217,7 @@ morvanite_result morvanite_item_at(const morvanite_payload *payload, uint32_t po
         return MORVANITE_NOT_FOUND;
     item->key = key_at(&payload->items, position);
     offset = offset_at(&payload->items, position);
-    end = offset_at(&payload->items, position + 1); /* there is always one more: the pair that ends the table */
+    end = offset_at(&payload->items, position + 1); /* there is always one more pair, which ends the table */
     item->size = end - offset;
     item->data = offset > end ? 0 : find_range(payload, offset, item->size);
     if (item->data)
@@ -280,7 +279,7 @@ morvanite_result morvanite_string_at(const morvanite_language *language, uint32_
     string->units = 0;
     string->length = 0;
     offset = offset_at(&language->strings, position);
-    /* The first string stands behind the count and all the pairs; a smaller offset would give their bytes as text. */
+    /* The first string is after the count and all pairs; a smaller offset would return their bytes as text. */
     if (offset < 4 + (language->strings.count + 1) * PAIR_SIZE)
         return MORVANITE_DAMAGED;
     for (at = offset; at < language->size && language->size - at >= 2; at += 2)
@@ -313,7 +312,7 @@ uint16_t morvanite_string_unit(const morvanite_string *string, uint32_t i)
     return (uint16_t)(string->units[2 * i] | string->units[2 * i + 1] << 8);
 }
 
-/* The character at `*i`, moving on behind it. */
+/* Returns the character at `*i` and moves `*i` after it. */
 static uint32_t next_character(const morvanite_string *string, uint32_t *i)
 {
     uint32_t unit = morvanite_string_unit(string, (*i)++);
@@ -337,7 +336,7 @@ uint32_t morvanite_string_utf8(const morvanite_string *string, char *buffer, uin
     while (i < string->length) {
         uint32_t character = next_character(string, &i);
         uint32_t more = (character >= 0x80u) + (uint32_t)(character >= 0x800u) + (character >= 0x10000u);
-        /* The first byte says how many follow, by its leading ones. */
+        /* The leading ones of the first byte are the number of bytes. */
         uint32_t lead = more == 0 ? 0 : (0xF80u >> more) & 0xFFu;
         if (written == needed && room - written > more + 1) {
             buffer[written++] = (char)(lead | character >> (6 * more));

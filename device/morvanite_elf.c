@@ -1,7 +1,7 @@
-/* The few fields of the ELF format that lead to a section by its name:
+/* The fields of the ELF format that are needed to find a section by its name:
  *
  *     header            0 magic, class, byte order     32 section table    46 size of a section header
- *                      48 number of sections           50 number of the section that holds the names
+ *                      48 number of sections           50 number of the section with the names
  *     section header    0 place of the name            4 type              16 offset            20 size */
 #include "morvanite_elf.h"
 
@@ -62,7 +62,7 @@ morvanite_result morvanite_find_section(const void *file, uint32_t file_size, co
     names_section = read_u16(bytes + 50);
     if (count == 0)
         return MORVANITE_NOT_FOUND;
-    /* The product of two numbers of 16 bits can't wrap. */
+    /* The product of two 16-bit numbers can't wrap around. */
     if (header_size < SECTION_HEADER_SIZE || names_section >= count || table_offset > file_size ||
         header_size * count > file_size - table_offset)
         return MORVANITE_DAMAGED;

@@ -2,9 +2,9 @@
  *
  *     header   "MLAY", version (1), size of the header (1), levels (2), size of the layout (4), ID (4), table (4)
  *     part     number (2), type (1), n (1); n below 255: 4 * n bytes follow;
- *              n 255: their number (4), a multiple of 4, stands before them
+ *              n 255: their number (4), a multiple of 4, precedes them
  *
- * Numbers are little-endian. A range is checked by subtraction, never by a sum that could wrap. */
+ * Numbers are little-endian. A range is checked by subtraction, never by a sum that could wrap around. */
 #include "morvanite_layout.h"
 
 #define VERSION 1u
@@ -102,7 +102,7 @@ morvanite_result morvanite_find_property(const morvanite_part *owner, uint32_t n
     return result;
 }
 
-/* The texts of a part end within it when its last byte is zero. */
+/* The texts of a part end within it if its last byte is zero. */
 static const char *text_of(const morvanite_part *part)
 {
     return part->size == 0 || part->data[part->size - 1] != 0 ? 0 : (const char *)part->data;
@@ -148,7 +148,7 @@ morvanite_result morvanite_unnumbered(const morvanite_part *part, const char **n
     return MORVANITE_OK;
 }
 
-/* The first `count` words of a property whose type is one from `first` to `last`. More words are of a newer version. */
+/* The first `count` words of a property whose type is one from `first` to `last`. A newer version may have more. */
 static morvanite_result get_words(const morvanite_part *owner, uint32_t number, uint32_t first, uint32_t last,
                                   uint32_t count, uint32_t *words)
 {
@@ -167,7 +167,7 @@ static morvanite_result get_words(const morvanite_part *owner, uint32_t number, 
     return MORVANITE_OK;
 }
 
-/* The bits of a number as the float they are. */
+/* Reinterprets the bits of a number as a float. */
 static float to_float(uint32_t bits)
 {
     union

@@ -1,4 +1,4 @@
-/* Walks a layout: the components of a screen with their properties. Optional; under the same rules as
+/* Walks a layout: the components of a screen with their properties. Optional; it follows the rules of
  * morvanite_device.h: nothing is copied or allocated, and every size is checked before it is used.
  *
  *     #include "LayoutID.h"   // written by the converter: LAYOUT_CLASS_Label, LAYOUT_PROPERTY_pos and so on
@@ -12,7 +12,7 @@
  *         while (morvanite_next_component(owner, &cursor, &component) == MORVANITE_OK) {
  *             if (morvanite_get_point(&component, LAYOUT_PROPERTY_pos, &at) == MORVANITE_OK)
  *                 draw(component.number, at.x, at.y);
- *             draw_all(&component); // layout.levels tells how deep this goes
+ *             draw_all(&component); // layout.levels is the depth of this recursion
  *         }
  *     }
  *
@@ -20,7 +20,7 @@
  *         morvanite_open_layout(&item, &layout) == MORVANITE_OK)
  *         draw_all(&layout.top);
  *
- * docs/layout-format.md draws the bytes.
+ * docs/layout-format.md describes the bytes.
  */
 #ifndef MORVANITE_LAYOUT_H
 #define MORVANITE_LAYOUT_H
@@ -31,15 +31,15 @@
 extern "C" {
 #endif
 
-/* What a part is. A part of a type that isn't among these is of a newer version and can be skipped. */
+/* The kinds of parts. A part of any other type is from a newer version and can be skipped. */
 typedef enum morvanite_part_type
 {
-    MORVANITE_COMPONENT = 1, /* number: its class; holds its properties and the components in it */
-    MORVANITE_GROUP = 2,     /* a structure: number: the property; holds its members */
-    MORVANITE_NAME = 3,      /* the name of the component it stands in */
+    MORVANITE_COMPONENT = 1, /* number: its class; contains its properties and sub-components */
+    MORVANITE_GROUP = 2,     /* a structure; number: the property; contains its members */
+    MORVANITE_NAME = 3,      /* the name of the component that contains it */
     MORVANITE_CLASS_NAME = 4,
     MORVANITE_UNNUMBERED = 5, /* a property that the table of numbers doesn't have */
-    MORVANITE_BOOL = 16,      /* from here on values; number: the property */
+    MORVANITE_BOOL = 16,      /* this and all below are values; number: the property */
     MORVANITE_S32 = 17,
     MORVANITE_U32 = 18,
     MORVANITE_MSEC = 19,
@@ -60,9 +60,9 @@ typedef enum morvanite_part_type
 /* A component, a structure or a value. */
 typedef struct morvanite_part
 {
-    uint16_t number; /* LAYOUT_CLASS_ of a component, else LAYOUT_PROPERTY_; 0: the table has none */
+    uint16_t number; /* LAYOUT_CLASS_ of a component, otherwise LAYOUT_PROPERTY_; 0: not in the table */
     uint8_t type;    /* morvanite_part_type */
-    uint8_t depth;   /* 0 for a layout's top, 1 for what stands in it */
+    uint8_t depth;   /* 0 for a layout's top, 1 for the parts in it */
     const uint8_t *data;
     uint32_t size;
 } morvanite_part;
@@ -70,9 +70,9 @@ typedef struct morvanite_part
 /* An open layout. */
 typedef struct morvanite_layout
 {
-    morvanite_part top; /* holds the outermost components */
-    uint32_t table;     /* LAYOUT_TABLE of the numbers that it was made with; 0: it was made without */
-    uint32_t levels;    /* how deep components and structures stand in one another */
+    morvanite_part top; /* contains the outermost components */
+    uint32_t table;     /* LAYOUT_TABLE of the numbers that it was made with; 0: it was made without numbers */
+    uint32_t levels;    /* the nesting depth of components and structures */
 } morvanite_layout;
 
 typedef struct morvanite_point
@@ -110,17 +110,17 @@ typedef struct morvanite_state_image
     uint32_t highlight;
 } morvanite_state_image;
 
-/* Opens an item. MORVANITE_NOT_FOUND: it is no layout, or one of a version that this reader doesn't know.
- * MORVANITE_DAMAGED: its head doesn't fit its size, or it was made with the numbers of another ResID.h: then it has
- * another ID than its item's. */
+/* Opens an item. MORVANITE_NOT_FOUND: it isn't a layout, or its version is unknown to this reader. MORVANITE_DAMAGED:
+ * its header doesn't match its size, or it was made with the numbers of another ResID.h, so that its ID differs from
+ * its item's. */
 morvanite_result morvanite_open_layout(const morvanite_item *item, morvanite_layout *layout);
 
 /* The parts of a layout's top, a component or a structure, in their order: values and structures before components.
- * Start with `*cursor` 0, go on until MORVANITE_NOT_FOUND. MORVANITE_DAMAGED: the part doesn't lie within its owner;
- * `*cursor` stays, and what follows can't be found. A value holds no parts. */
+ * Start with `*cursor` 0 and continue until MORVANITE_NOT_FOUND. MORVANITE_DAMAGED: the part isn't within its owner;
+ * `*cursor` isn't changed, and the following parts can't be found. A value has no parts. */
 morvanite_result morvanite_next_part(const morvanite_part *owner, uint32_t *cursor, morvanite_part *part);
 
-/* The same, components alone: the first one, then the one beside it. */
+/* The same, but only components: the first one, then its siblings. */
 morvanite_result morvanite_next_component(const morvanite_part *owner, uint32_t *cursor, morvanite_part *component);
 
 /* The value or structure of the property with that number, LAYOUT_PROPERTY_ of LayoutID.h. MORVANITE_NOT_FOUND: it
@@ -130,15 +130,15 @@ morvanite_result morvanite_find_property(const morvanite_part *owner, uint32_t n
 /* The component's name, or the empty text; never null. */
 const char *morvanite_component_name(const morvanite_part *component);
 
-/* The name of a class that the table of numbers doesn't have, else the empty text; never null. */
+/* The name of a class that the table of numbers doesn't have, otherwise the empty text; never null. */
 const char *morvanite_component_class_name(const morvanite_part *component);
 
 /* The name and the text of a property that the table of numbers doesn't have. MORVANITE_OTHER_TYPE: it isn't
  * MORVANITE_UNNUMBERED. */
 morvanite_result morvanite_unnumbered(const morvanite_part *part, const char **name, const char **text);
 
-/* The property's value. MORVANITE_NOT_FOUND: it isn't set. MORVANITE_OTHER_TYPE: its value is of a type that the
- * function isn't for. MORVANITE_DAMAGED: it, or a part before it, is damaged. */
+/* The property's value. MORVANITE_NOT_FOUND: it isn't set. MORVANITE_OTHER_TYPE: its value has a type that the function
+ * doesn't support. MORVANITE_DAMAGED: it, or a part before it, is damaged. */
 
 /* 0 or 1. */
 morvanite_result morvanite_get_bool(const morvanite_part *owner, uint32_t number, int *value);
@@ -148,7 +148,7 @@ morvanite_result morvanite_get_u32(const morvanite_part *owner, uint32_t number,
 morvanite_result morvanite_get_float(const morvanite_part *owner, uint32_t number, float *value);
 /* 0xAARRGGBB. */
 morvanite_result morvanite_get_color(const morvanite_part *owner, uint32_t number, uint32_t *value);
-/* The place of the enumerator in its enumeration, from 0: LAYOUT_ENUM_. */
+/* The index of the enumerator in its enumeration, from 0: LAYOUT_ENUM_. */
 morvanite_result morvanite_get_enumerator(const morvanite_part *owner, uint32_t number, uint32_t *value);
 /* The ID of a string, an image or another resource; 0 for none. */
 morvanite_result morvanite_get_reference(const morvanite_part *owner, uint32_t number, uint32_t *value);
@@ -157,7 +157,7 @@ morvanite_result morvanite_get_size(const morvanite_part *owner, uint32_t number
 morvanite_result morvanite_get_fpoint(const morvanite_part *owner, uint32_t number, morvanite_fpoint *value);
 morvanite_result morvanite_get_rect(const morvanite_part *owner, uint32_t number, morvanite_rect *value);
 morvanite_result morvanite_get_state_image(const morvanite_part *owner, uint32_t number, morvanite_state_image *value);
-/* A text that stands in the layout itself, ended by a zero byte, in the project's code page. */
+/* A text in the layout itself, in the project's code page, ended by a zero byte. */
 morvanite_result morvanite_get_text(const morvanite_part *owner, uint32_t number, const char **value);
 
 #ifdef __cplusplus

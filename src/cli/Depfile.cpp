@@ -8,7 +8,7 @@
 namespace
 {
 
-/// Appends a name as make and Ninja both read it. A backslash is itself, but those in front of an escaped character.
+/// Appends a name in a form that both make and Ninja read. A backslash is literal, except before an escaped character.
 void AppendEscaped(QByteArray &text, const QByteArray &name)
 {
     qsizetype backslashes = 0;
@@ -22,7 +22,7 @@ void AppendEscaped(QByteArray &text, const QByteArray &name)
     }
 }
 
-/// To make these end the list of a rule, and what follows ";" is even run.
+/// Returns false for names with characters that end the list of a rule in make; make even runs the text after ";".
 bool CanBeWritten(const QByteArray &name)
 {
     return !name.endsWith('\\') &&

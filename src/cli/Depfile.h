@@ -4,6 +4,7 @@
 
 #include <vector>
 
-/// Writes a dependency file in the form of make: `target: input input ...`, each once, in byte order. Empty, or what is
-/// wrong, in a sentence: the file can't be written, or a name has a character that the form has no way to write.
+/// Writes a dependency file in make's format: `target: input input ...`, each input once, in byte order. Returns an
+/// empty text, or one sentence that says what is wrong: the file can't be written, or a name has a character that the
+/// format can't express.
 [[nodiscard]] QString WriteDepfile(const QString &path, const QByteArray &target, std::vector<QByteArray> inputs);

@@ -42,7 +42,7 @@ public:
             Complain(QStringLiteral("headers needs --output DIR, or --list"));
             return EXIT_WRONG_USE;
         }
-        const QString output = AbsolutePath(folder); // an opening changes the current folder
+        const QString output = AbsolutePath(folder); // opening a project changes the current folder
         const QString depfilePath = AbsolutePath(depfile);
         if (HasInterruptedSave(session.env, path))
             return EXIT_FAILED;
@@ -59,7 +59,7 @@ public:
     }
 
 private:
-    /// Doesn't open the project, which need not be sound yet.
+    /// Doesn't open the project, which may still be incomplete.
     static int List(Session &session, const QString &path)
     {
         Environment env(session.env);

@@ -26,7 +26,7 @@ public:
         for (const QString &reason : missing)
             Complain(reason);
         if (!missing.isEmpty())
-            return EXIT_FAILED; // without their IDs the others would have other numbers
+            return EXIT_FAILED; // without these IDs the others would get other numbers
         if (document->GenerateIds(nullptr) != 0) {
             Complain(QString::fromStdString(project) + QStringLiteral(": more IDs of one kind than there are numbers"));
             return EXIT_FAILED;

@@ -58,7 +58,7 @@ private:
         return session.StatusAfter(files.empty() && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED);
     }
 
-    /// Calls `show(file, line, text)` for each finding. One of the catalogue has its place in the text.
+    /// Calls `show(file, line, text)` for each finding. A finding about the catalogue has its place in the text.
     template <typename Show> static void ForEachFinding(const std::vector<CheckedLayoutFile> &files, const Show &show)
     {
         for (const CheckedLayoutFile &file : files) {

@@ -1,5 +1,5 @@
-// A program's own ReadWorkbook and WriteWorkbook: they load libmorvanite-workbook.so, which has the real ones. What the
-// formats are built on would cost the start of the window, and every other command, some megabytes and milliseconds.
+// ReadWorkbook and WriteWorkbook for a program: they load libmorvanite-workbook.so, which has the real functions. The
+// libraries of the formats would cost the window's start, and every other command, some megabytes and milliseconds.
 
 #include "WorkbookModule.h"
 
@@ -12,7 +12,7 @@ namespace
 
 const WorkbookFunctions *LoadFunctions()
 {
-    // Not by the name that the program was called by: the current folder changes with each project.
+    // The name that the program was called by isn't used, since the current folder changes with each project.
     std::error_code error;
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
     const std::filesystem::path path = program.parent_path() / "libmorvanite-workbook.so";

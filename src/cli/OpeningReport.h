@@ -8,7 +8,7 @@ inline constexpr char STRICT_HELP[] = "Write nothing and end with 1 when the pro
                                       "left out, a conflict of a merge, no "
                                       "list of sizes";
 
-/// Says on standard error what is wrong with a project that was just opened, each with its file and line. `doc` is null
-/// when it didn't open. With `strict` that is everything, and true means that the command may go on; without it, only
-/// what the report of the opening has no line for, and always true.
+/// Writes to standard error what is wrong with a project that was just opened, with files and lines. `doc` is null if
+/// it didn't open. With `strict` it writes everything, and returns true if the command may continue. Without it, it
+/// only writes what the report of the opening has no line for, and always returns true.
 [[nodiscard]] bool TellOfOpening(Session &session, const QString &project, CResDoc *doc, bool strict);

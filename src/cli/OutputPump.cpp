@@ -14,7 +14,7 @@
 namespace
 {
 
-constexpr qsizetype LONGEST_LINE = 64 * 1024; // bytes; a longer one goes on in pieces
+constexpr qsizetype LONGEST_LINE = 64 * 1024; // bytes; a longer line is split
 constexpr int LAST_WAIT_MS = 200;
 
 mode_t TypeOf(int descriptor)
@@ -23,7 +23,7 @@ mode_t TypeOf(int descriptor)
     return fstat(descriptor, &info) == 0 ? info.st_mode & S_IFMT : 0;
 }
 
-/// The same file with flags of its own. Not open where the system doesn't give it, such as another user's terminal.
+/// Opens the same file with flags of its own. Not open if the system refuses, for example for another user's terminal.
 FileHandle OpenAgain(int descriptor)
 {
     const QByteArray path = "/proc/self/fd/" + QByteArray::number(descriptor);
@@ -82,7 +82,7 @@ void OutputPump::Run()
     }
 }
 
-/// Takes what was written, in lines.
+/// Reads what was written and splits it into lines.
 void OutputPump::Take()
 {
     char bytes[4096];
@@ -102,7 +102,7 @@ void OutputPump::Take()
 
 void OutputPump::Keep(const QByteArray &whole)
 {
-    // After a gap there has to be room for more than a line, or every other line would be missing.
+    // After a gap, wait until there is room for more than one line; otherwise every other line would be missing.
     const qsizetype most = dropped > 0 ? KEPT_BYTES / 2 : KEPT_BYTES;
     if (!target.IsOpen() || whole.isEmpty())
         return;
@@ -121,11 +121,11 @@ void OutputPump::TellDropped()
     dropped = 0;
 }
 
-/// Writes what there is room for. False when it can't be written any more.
+/// Writes as much as there is room for. Returns false if nothing can be written any more.
 bool OutputPump::Give()
 {
     while (!kept.isEmpty()) {
-        // So many bytes go into a pipe with room at once, even when it has the flags of others.
+        // A pipe with room takes this many bytes without waiting, even if it has the flags of other programs.
         const size_t size = size_t(std::min(kept.size(), qsizetype(PIPE_BUF)));
         const ssize_t put = isSocket ? send(target.Get(), kept.constData(), size, MSG_DONTWAIT | MSG_NOSIGNAL)
                                      : write(target.Get(), kept.constData(), size);

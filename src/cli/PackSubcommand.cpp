@@ -60,7 +60,7 @@ public:
             return RunRemotely(session, request);
         if (strict && HasInterruptedSave(session.env, request.projectPath))
             return EXIT_FAILED;
-        // Made absolute now: a pack moves to the project's folder.
+        // Made absolute now, since a pack changes to the project's folder.
         const QString depfilePath = AbsolutePath(depfile);
         std::vector<QByteArray> inputs;
         if (!depfile.empty()) {
@@ -82,7 +82,7 @@ public:
     }
 
 private:
-    /// False, having said so, when a word of the command line is none that a pack understands.
+    /// Returns false, with a message, if a pack doesn't know a word of the command line.
     [[nodiscard]] bool HasRightWords() const
     {
         const auto refuse = [](const char *option, const std::string &word, const char *right) {
@@ -97,7 +97,7 @@ private:
         return true;
     }
 
-    /// Is stricter than for an IDE's record: it reports a typing error, since somebody reads the message.
+    /// Stricter than for an IDE's record: it reports typing errors, since a user reads the message.
     [[nodiscard]] static bool IsScreenSize(const QString &word)
     {
         const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
@@ -108,7 +108,7 @@ private:
         return size && size->width > 0 && size->height > 0;
     }
 
-    /// Says what is wrong with the opened project, or with the pack that is asked for.
+    /// Reports what is wrong with the opened project or with the requested pack. Returns true if it may be packed.
     [[nodiscard]] bool MayPack(Session &session, CResDoc &document) const
     {
         const QString &path = document.PathName();

@@ -25,7 +25,7 @@ int Send(Session &session, IdeCommand command, const std::optional<QByteArray> &
         Complain(error);
         return EXIT_FAILED;
     }
-    // A save that fails has no error line, only its count of errors.
+    // The report of a failed save has no error line, only a number of errors.
     const bool saved =
         command != IDE_COMMAND_SAVE || !report.contains(u" save - ") || report.contains(u" save - 0 error(s)");
     return report.contains(u"\r\n### error ") || !saved ? EXIT_FAILED : EXIT_FINE;

@@ -3,7 +3,7 @@
 #include "CommandRecord.h"
 #include "Session.h"
 
-/// Sends a command to the running window and shows its report. The exit status: a record whose paths are too long for a
-/// message is wrong use.
+/// Sends a command to the running window and shows its report. Returns the exit status. Paths that are too long for a
+/// message count as wrong use.
 [[nodiscard]] int RunRemotely(Session &session, IdeCommand command, const CommandRecord &record);
 [[nodiscard]] int RunRemotely(Session &session, const PackCommandRecord &record);

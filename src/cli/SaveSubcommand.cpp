@@ -28,7 +28,7 @@ public:
             return RunRemotely(session, IDE_COMMAND_SAVE, record);
         if (!session.LockProject(path) || (strict && HasInterruptedSave(session.env, path)))
             return EXIT_FAILED;
-        CResDoc *const document = session.OpenQuietly(path); // it has no lines in the report of a save
+        CResDoc *const document = session.OpenQuietly(path); // opening has no lines in the report of a save
         if (!TellOfOpening(session, path, document, strict && document) || !document)
             return EXIT_FAILED;
         session.handler.Save(record);

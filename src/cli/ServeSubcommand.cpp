@@ -18,7 +18,7 @@
 namespace
 {
 
-/// Readable once the process is asked to end.
+/// Returns a descriptor that is readable once the process is asked to end.
 FileHandle EndSignals()
 {
     sigset_t signals;
@@ -29,8 +29,8 @@ FileHandle EndSignals()
     return FileHandle(signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
 }
 
-/// Keeps the server from waiting for a reader of its messages, or of an outside tool's: they go through a pump, and so
-/// does a debug log that is no file on a disk.
+/// Keeps the server from waiting for a reader of its own messages or those of an external tool: they go through a pump,
+/// and so does a debug log that isn't a file on a disk.
 class PatientOutputs
 {
 public:
@@ -108,7 +108,7 @@ public:
             if (events[0].revents)
                 server.Dispatch();
             if (idle.CloseUnused(Clock::now()) > 0)
-                malloc_trim(0); // else the memory stays with the process
+                malloc_trim(0); // otherwise the process keeps the memory
         }
         session.documents.CloseAll();
         return EXIT_FINE;
@@ -116,9 +116,9 @@ public:
 
 private:
     using Clock = std::chrono::steady_clock;
-    static constexpr int MOST_MINUTES = 7 * 24 * 60; // their milliseconds fit into the wait of poll
+    static constexpr int MOST_MINUTES = 7 * 24 * 60; // in milliseconds they fit into the timeout of poll
 
-    /// Milliseconds until a project may be due; -1: none is.
+    /// Milliseconds until a project may be due; -1 if there is none.
     static int WaitFor(const IdleDocuments &idle)
     {
         const auto wait = idle.NextLook(Clock::now());

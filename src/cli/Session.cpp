@@ -47,7 +47,7 @@ Session::Session(const QString &debugLogName, const QString &configFolder)
     if (env.codePageUnknown) {
         Complain(QStringLiteral("Morvanite.ini: there is no code page \"%1\" (section Text, key code_page)")
                      .arg(env.settings.String("Text", "code_page")));
-        _exit(EXIT_FAILED); // with another, a save would destroy the project's texts
+        _exit(EXIT_FAILED); // with another code page, a save would destroy the project's texts
     }
     services.GetCommandID = [this](const QString &path) { return handler.GetCommandID(&path); };
     services.Notify = [this](const CResDoc &, const QString &text) { env.Explain(text); };

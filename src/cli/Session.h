@@ -5,13 +5,13 @@
 #include "ProjectLock.h"
 #include "StandardOutput.h"
 
-/// What every command of morvanite-cli works with: one process's environment, its documents and the command handler,
-/// with the standard output in the place of the IDE's pipe.
+/// The objects that every command of morvanite-cli uses: the environment of the process, its documents and the command
+/// handler, with the standard output in place of the IDE's pipe.
 class Session
 {
 public:
-    /// `debugLogName`: where the developer's log goes; empty: nowhere, "-": standard error. `configFolder` takes the
-    /// place of the user's configuration folder unless it is empty.
+    /// `debugLogName` is the file of the developer's log; empty: none, "-": standard error. `configFolder` replaces the
+    /// user's configuration folder unless it is empty.
     Session(const QString &debugLogName, const QString &configFolder);
 
     Environment env;
@@ -20,37 +20,38 @@ public:
     CDocManager documents;
     StandardOutput report;
     IdeCommandHandler handler;
-    /// The file of the developer's log; not open when that goes nowhere or to standard error.
+    /// The file of the developer's log; not open if there is none or it goes to standard error.
     FileHandle debugLog;
 
-    /// The exit status of the command that the handler ran last.
+    /// The exit status of the last command of the handler.
     [[nodiscard]] int LastStatus() const;
 
-    /// The exit status of a command that would end with `status`: EXIT_FAILED when an operation on the project has told
-    /// of work that was not done (Environment::ExplainFailure). To be called behind each operation, since the next one
-    /// counts afresh; `OpenQuietly` does so itself.
+    /// The exit status of a command that would end with `status`: EXIT_FAILED if an operation on the project has
+    /// reported work that wasn't done (Environment::ExplainFailure). Must be called after each operation, since the
+    /// next one resets the count; `OpenQuietly` calls it itself.
     [[nodiscard]] int StatusAfter(int status);
 
-    /// Waits for other processes that save the project, and keeps them from it until the program ends: before the
-    /// opening of a project that the command saves, so that it misses nothing that others write. False when that can't
-    /// be, which has been explained.
+    /// Waits for other processes that save the project, and prevents them from saving until the program ends. Called
+    /// before a project is opened that the command saves, so that the command sees everything that others have written.
+    /// Returns false, and explains why, if that isn't possible.
     [[nodiscard]] bool LockProject(const QString &project);
 
-    /// Opens a project. Null when that fails. The report of the load goes to standard error when it has an error or a
-    /// warning, and nowhere otherwise.
+    /// Opens a project. Returns null if that fails. The report of the load goes to standard error if it has an error or
+    /// a warning; otherwise it is discarded.
     CResDoc *OpenQuietly(const QString &project);
 
 private:
     void OpenDebugLog(const QString &name);
 
     ProjectLock lock;
-    bool hasFailures = false; // of any operation so far
+    bool hasFailures = false; // true if any operation so far had a failure
 };
 
-/// Says on standard error what is wrong: "morvanite-cli: " and the text.
+/// Writes "morvanite-cli: " and the text to standard error.
 void Complain(const QString &text);
 
-/// The absolute path of what a user typed. Ends the program with a message when the current folder's name isn't UTF-8.
+/// The absolute form of a path that a user typed. Ends the program with a message if the current folder's name isn't
+/// UTF-8.
 [[nodiscard]] QString AbsolutePath(const std::string &typed);
 
 /// Exit statuses.

@@ -60,7 +60,7 @@ void StandardOutput::Flush()
         if (put < 0) {
             if (errno != EPIPE && fd != STDERR_FILENO)
                 Complain(QStringLiteral("cannot write the output: ") + QString::fromLocal8Bit(strerror(errno)));
-            broken = true; // what the command does to files goes on to its end
+            broken = true; // the command still completes its work on files
             break;
         }
         done += put;

@@ -2,7 +2,7 @@
 
 #include "IdeCommandHandler.h"
 
-/// A report on a stream of the process, as UTF-8. What a closed one can't take is dropped quietly.
+/// Writes a report to a stream of the process, as UTF-8. Text for a closed stream is silently dropped.
 class StandardOutput final : public IReportPipe
 {
 public:
@@ -15,7 +15,7 @@ public:
     void WriteBytes(QByteArrayView bytes);
     void Flush() override;
     void Close() override;
-    /// Some of it couldn't be written.
+    /// True if some of the text couldn't be written.
     [[nodiscard]] bool IsBroken() const { return broken; }
 
 private:

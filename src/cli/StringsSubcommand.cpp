@@ -14,7 +14,7 @@
 namespace
 {
 
-/// A text on one line and in one field.
+/// Escapes a text to fit on one line and in one field.
 QString OnOneLine(QString text)
 {
     return text.replace(u'\\', QStringLiteral("\\\\"))
@@ -23,7 +23,7 @@ QString OnOneLine(QString text)
         .replace(u'\r', QStringLiteral("\\r"));
 }
 
-/// Prints what would become of each text of the sheet.
+/// Prints what would happen to each text of the sheet.
 class FateList : public IImportWatch
 {
 public:
@@ -68,7 +68,7 @@ public:
 
     int Run(Session &session) override
     {
-        const QString workbook = AbsolutePath(file); // an opening changes the current folder
+        const QString workbook = AbsolutePath(file); // opening a project changes the current folder
         const QString path = AbsolutePath(project);
         if (*importing && !dryRun && !session.LockProject(path))
             return EXIT_FAILED;
@@ -117,7 +117,7 @@ private:
             return EXIT_FAILED;
         }
         import->Plan().Apply();
-        import.reset(); // the workbook's texts take as much memory as the save
+        import.reset(); // frees the workbook's texts, which take as much memory as the save
         (void)document.DoFileSave();
         const bool saved = document.lastSave.write == 0;
         if (!saved)
@@ -128,7 +128,7 @@ private:
         return session.StatusAfter(saved && document.lastSave.generate == 0 ? status : int(EXIT_FAILED));
     }
 
-    /// False, having said so, when the string file can't hold what is to be imported.
+    /// Returns false, with a message, if the string file can't hold the texts to import.
     static bool TakesAll(const ImportPlan &plan)
     {
         constexpr qsizetype SHOWN = 10;

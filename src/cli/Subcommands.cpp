@@ -66,20 +66,20 @@ int ParseAndRun(int argc, char **argv)
         Complain(QStringLiteral("--settings %1: there is no such folder").arg(QString::fromStdString(configFolder)));
         return EXIT_WRONG_USE;
     }
-    SignalCleanup::Install(); // `serve` holds the signals back and reads them itself
+    SignalCleanup::Install(); // `serve` blocks the signals and reads them itself
     Session session(QString::fromStdString(debugLog), AbsolutePath(configFolder));
     int status = chosen->Run(session);
     session.report.Flush();
     if (session.report.IsBroken())
         status = EXIT_FAILED;
-    // The system takes the memory of a large project back faster than the tree's destructors would.
+    // The system frees the memory of a large project faster than the tree's destructors would.
     fflush(nullptr);
     _exit(status);
 }
 
 } // namespace
 
-/// The whole program, from the command line to the exit status.
+/// Runs the whole program. Returns the exit status.
 extern "C" __attribute__((visibility("default"))) int MorvaniteRun(int argc, char **argv)
 {
     std::signal(SIGPIPE, SIG_IGN);

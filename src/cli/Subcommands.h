@@ -4,14 +4,14 @@
 
 class Session;
 
-/// A subcommand of morvanite-cli: adds itself to the command line, with its options, and runs.
+/// A subcommand of morvanite-cli. Adds itself and its options to the command line, and runs.
 class ISubcommand
 {
 public:
     virtual ~ISubcommand() = default;
     /// Adds the subcommand and binds its options to this object.
     virtual CLI::App *Add(CLI::App &app) = 0;
-    /// Runs with the options of the command line; the exit status.
+    /// Runs with the options of the command line. Returns the exit status.
     virtual int Run(Session &session) = 0;
 };
 

@@ -1,5 +1,5 @@
 #include "WorkbookModule.h"
 
-// The name that WORKBOOK_FUNCTIONS tells.
+// The symbol that WORKBOOK_FUNCTIONS names.
 extern "C" __attribute__((visibility("default")))
 const WorkbookFunctions MorvaniteWorkbook = {ReadWorkbook, WriteWorkbook};

@@ -2,7 +2,7 @@
 
 #include "Workbook.h"
 
-/// What libmorvanite-workbook.so gives under the name WORKBOOK_FUNCTIONS.
+/// The functions that libmorvanite-workbook.so exports under the name WORKBOOK_FUNCTIONS.
 struct WorkbookFunctions
 {
     decltype(&ReadWorkbook) read;

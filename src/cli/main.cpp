@@ -1,4 +1,4 @@
-// The program itself: small, so that it starts at once. Everything but the version lies in libmorvanite-commands.so
+// The program itself. It is small, so that it starts quickly. Everything but the version is in libmorvanite-commands.so
 // beside it.
 
 #include <climits>
@@ -14,7 +14,7 @@ namespace
 constexpr char LIBRARY[] = "libmorvanite-commands.so";
 using RunFunction = int (*)(int, char **);
 
-/// The library's path beside the program; false when it doesn't fit.
+/// Gets the path of the library beside the program. Returns false if the path is too long.
 bool FindLibrary(char (&path)[PATH_MAX])
 {
     const ssize_t size = readlink("/proc/self/exe", path, sizeof path - 1);
@@ -28,7 +28,7 @@ bool FindLibrary(char (&path)[PATH_MAX])
     return true;
 }
 
-/// Puts something harmless where a standard file is closed: the next file that is opened would take its number.
+/// Opens /dev/null for each standard file that is closed; otherwise the next file that is opened would get its number.
 void FillClosedFiles()
 {
     for (int fd = STDIN_FILENO; fd <= STDERR_FILENO; ++fd) {

@@ -1,4 +1,4 @@
-// Makes a C header of the tables of numbers that zul_xml_conv.exe writes.
+// Makes a C header from the tables of numbers that zul_xml_conv.exe writes.
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -41,7 +41,7 @@ struct Error : std::runtime_error
 class Header
 {
 public:
-    /// Takes the lines of a file; others than comments and the macros of the tables are errors.
+    /// Reads the lines of a file. Lines other than comments and the macros of the tables are errors.
     void Read(const char *path)
     {
         std::ifstream file(path);
@@ -104,7 +104,7 @@ private:
         defines += "#define " + name + ' ' + number + '\n';
     }
 
-    /// In C the number of a name is its place; the first one is of none.
+    /// In C the number of a name is its index; the first element belongs to no name.
     static std::string Names(const char *array, const Table &names)
     {
         std::string text = std::string("static const char *const ") + array + "[] = {\n    \"\",\n";
@@ -124,8 +124,8 @@ private:
     Table properties;
 };
 
-/// Makes a file beside another, of a name that nothing has: what is there may be a link to a file of somebody else. The
-/// system's error number is in errno when that fails.
+/// Makes a file beside another with an unused name, since an existing file may be a link to another user's file. If
+/// that fails, errno has the system's error number.
 std::FILE *MakeBeside(const std::string &path, std::string &fresh)
 {
     constexpr int MOST_FILES = 1000;
@@ -141,7 +141,7 @@ std::FILE *MakeBeside(const std::string &path, std::string &fresh)
     return descriptor < 0 ? nullptr : fdopen(descriptor, "wb");
 }
 
-/// In one step: written beside the old one, then renamed over it.
+/// Replaces a file in one step: the new one is written beside the old one, then renamed over it.
 void Replace(const std::string &path, const std::string &text)
 {
     std::string fresh;

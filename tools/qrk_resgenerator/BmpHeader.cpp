@@ -21,7 +21,7 @@
 namespace
 {
 
-constexpr std::uint64_t infoAt = 14; // behind the file header
+constexpr std::uint64_t infoAt = 14; // after the file header
 constexpr std::uint32_t coreSize = 12;
 constexpr std::uint32_t windowsSize = 40;
 
@@ -34,7 +34,7 @@ enum Compression : std::uint32_t
     MasksWithAlpha = 6,
 };
 
-/// The fields that say where things are; gone once the header is read.
+/// The fields with offsets and sizes; only used while the header is read.
 struct Layout
 {
     std::uint32_t infoSize = 0;
@@ -89,7 +89,7 @@ Outcome ReadSizes(const PictureBytes &file, Layout &layout, BmpHeader &header)
 Outcome ChooseCoding(const Layout &layout, BmpHeader &header)
 {
     const unsigned bits = header.bitsPerPixel;
-    // In OS/2's long header the numbers from 3 on mean other things.
+    // In OS/2's long header, numbers of 3 and above have other meanings.
     const bool hasMasks =
         (layout.compression == Masks || layout.compression == MasksWithAlpha) &&
         (layout.infoSize == windowsSize || layout.infoSize == 52 || layout.infoSize == 56 || layout.infoSize > 64);
@@ -118,7 +118,7 @@ bool SetChannel(std::uint32_t mask, BmpChannel &channel)
     return (std::uint64_t{channel.max} & (std::uint64_t{channel.max} + 1)) == 0; // one run of bits
 }
 
-/// The masks stand behind a header of 40 bytes, and at the same place within a longer one.
+/// Reads the masks, which follow a header of 40 bytes and are at the same place within a longer one.
 Outcome ReadMasks(const PictureBytes &file, Layout &layout, BmpHeader &header)
 {
     std::uint32_t masks[4] = {0x7C00, 0x03E0, 0x001F, 0};
@@ -145,7 +145,7 @@ Outcome ReadMasks(const PictureBytes &file, Layout &layout, BmpHeader &header)
     return Outcome::Done();
 }
 
-/// Whether all pixels fit into the file behind byte `at`.
+/// True if all pixels fit into the file from byte `at` on.
 bool HasRoomForPixels(const PictureBytes &file, const Layout &layout, const BmpHeader &header, std::uint64_t at)
 {
     if (at > file.Size())
@@ -157,8 +157,9 @@ bool HasRoomForPixels(const PictureBytes &file, const Layout &layout, const BmpH
     return rowSize == 0 || header.height <= room / rowSize;
 }
 
-/// A palette that ends behind the first pixel has either fewer colours than the header says, or the offset of the
-/// pixels is wrong. It is the offset where the file is long enough for the whole palette and the pixels behind it.
+/// If the palette ends after the first pixel, either it has fewer colours than the header says, or the offset of the
+/// pixels is wrong. The offset counts as wrong if the file is long enough for the whole palette and the pixels after
+/// it.
 Outcome ReadPalette(const PictureBytes &file, const Layout &layout, BmpHeader &header)
 {
     const bool isIndexed = header.bitsPerPixel <= 8;

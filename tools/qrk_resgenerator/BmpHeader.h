@@ -10,7 +10,7 @@ enum class BmpCoding
     Rle4,      ///< runs of 4-bit indices
     Rle8,      ///< runs of 8-bit indices
     Bgr,       ///< 24 bits
-    Bitfields, ///< 16 or 32 bits, cut up by masks
+    Bitfields, ///< 16 or 32 bits, divided by masks
 };
 
 /// A component of a 16 or 32-bit pixel.
@@ -21,7 +21,7 @@ struct BmpChannel
     std::uint32_t max = 0; ///< the largest value; 0 without a mask
 };
 
-/// What stands before the pixels of a bmp file, checked: all sizes and offsets hold for the file.
+/// The checked contents of a bmp file before its pixels: all sizes and offsets are valid for the file.
 struct BmpHeader
 {
     std::uint64_t width = 0;
@@ -31,12 +31,12 @@ struct BmpHeader
     BmpCoding coding = BmpCoding::Indexed;
     BmpChannel blue, green, red, alpha; ///< of Bitfields
     std::uint8_t palette[256][4] = {};  ///< blue, green, red, 255; black where the file has none
-    unsigned colours = 0;               ///< how many the palette has in front of the pixels
-    unsigned coloursWanted = 0;         ///< how many it has by the header
+    unsigned colours = 0;               ///< the number of palette colours before the pixels
+    unsigned coloursWanted = 0;         ///< the number of palette colours according to the header
     Bytes pixels;                       ///< from the first pixel to the end of the file
 
     [[nodiscard]] bool HasRuns() const { return coding == BmpCoding::Rle4 || coding == BmpCoding::Rle8; }
-    /// How many bytes a row of plain pixels takes in the file.
+    /// The size in bytes of a row of plain pixels in the file.
     [[nodiscard]] std::uint64_t RowSize() const { return (width * bitsPerPixel + 31) / 32 * 4; }
 };
 

@@ -7,14 +7,14 @@
 namespace
 {
 
-/// The row of the picture where the file's row `number` belongs.
+/// The row of the picture for row `number` of the file.
 std::uint32_t PlaceOf(const BmpHeader &header, const Picture &picture, std::uint32_t number)
 {
     return header.isTopDown ? number : picture.Height() - 1 - number;
 }
 
-/// Looks the colours of a row up. Fails for one whose place in the palette is taken by pixels; one beyond the palette
-/// is black.
+/// Looks up the colours of a row. Fails for a colour whose place in the palette overlaps the pixels; a colour beyond
+/// the palette is black.
 class Colours
 {
 public:
@@ -65,7 +65,7 @@ void UnpackBgr(const std::uint8_t *from, std::uint8_t *to, std::uint32_t width)
     }
 }
 
-/// The channel's value on the scale of 0 to 255, the nearest.
+/// The channel's value scaled to 0 to 255 and rounded to the nearest.
 std::uint8_t ChannelOf(std::uint32_t pixel, const BmpChannel &channel)
 {
     const std::uint64_t value = (pixel & channel.mask) >> channel.shift;

@@ -24,7 +24,7 @@ Outcome BmpRunLength::NextRow(std::span<std::uint8_t> row)
 
 Outcome BmpRunLength::Finish()
 {
-    // Behind the last row stands the end of the picture, or first the end of that row.
+    // The last row is followed by the end of the picture, possibly after the end of that row.
     const bool isMarked = m_data.size() - m_at >= 2 && m_data[m_at] == 0 && m_data[m_at + 1] == 1;
     return m_hasEnded || isMarked ? Outcome::Done() : Broken();
 }

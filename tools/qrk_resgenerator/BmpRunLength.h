@@ -3,26 +3,26 @@
 #include "Buffer.h"
 #include "Outcome.h"
 
-/// The runs of a bmp file, as rows of palette indices. Pixels that the file leaves out have index 0.
+/// Decodes the runs of a bmp file into rows of palette indices. Pixels that the file leaves out have index 0.
 ///
 /// The data are pairs of bytes:
 ///   n, v        n pixels: index v (8 bits), or the two halves of v in turn, the upper one first (4 bits)
 ///   0, 0        end of the row
 ///   0, 1        end of the picture
-///   0, 2, x, y  go on x pixels to the right and y rows further
-///   0, n, ...   n indices as they stand (n is 3 or more), filled up to an even number of bytes
+///   0, 2, x, y  move x pixels to the right and y rows further
+///   0, n, ...   n plain indices (n is 3 or more), padded to an even number of bytes
 ///
-/// What leaves the row on the right is dropped: some writers code the bytes that fill up a row as pixels.
-/// Doesn't own `data`. Call NextRow() for each row, then Finish().
+/// Pixels beyond the right end of the row are dropped: some writers encode the padding of a row as pixels. Doesn't own
+/// `data`. Call NextRow() for each row, then Finish().
 class BmpRunLength
 {
 public:
     BmpRunLength(Bytes data, bool hasHalfBytes) : m_data(data), m_hasHalfBytes(hasHalfBytes) {}
 
-    /// Fills `row`, all of it, with the next row of the file. Fails where the data end.
+    /// Fills the whole of `row` with the next row of the file. Fails if the data ends.
     Outcome NextRow(std::span<std::uint8_t> row);
 
-    /// To be called behind the last row: fails unless the picture's end is marked.
+    /// Must be called after the last row. Fails unless the end of the picture is marked.
     Outcome Finish();
 
 private:
@@ -41,7 +41,7 @@ private:
     Bytes m_data;
     bool m_hasHalfBytes;
     std::size_t m_at = 0;
-    std::size_t m_x = 0;       // in the row that is being filled
-    unsigned m_rowsToSkip = 0; // of a jump: rows that stay empty, the present one included
+    std::size_t m_x = 0;       // the position in the row that is being filled
+    unsigned m_rowsToSkip = 0; // of a jump: rows that stay empty, including the current one
     bool m_hasEnded = false;
 };

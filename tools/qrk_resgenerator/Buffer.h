@@ -5,12 +5,12 @@
 #include <cstdlib>
 #include <span>
 
-/// Bytes that nobody has checked yet.
+/// Unchecked bytes.
 using Bytes = std::span<const std::uint8_t>;
 
-/// Memory that may be refused: the program runs under a limit, and a refusal must end in an error line.
+/// Memory that may be refused: the program runs with a memory limit, and a refusal must result in an error line.
 ///
-/// Owns its bytes, all zero at first. Not copied.
+/// Owns its bytes, which are zero at first. Can't be copied.
 class Buffer
 {
 public:
@@ -19,7 +19,7 @@ public:
     Buffer &operator=(const Buffer &) = delete;
     ~Buffer() { std::free(m_data); }
 
-    /// Gives `size` zero bytes in place of what was there, or false and nothing when memory is refused.
+    /// Replaces the contents with `size` zero bytes. Returns false, and leaves the buffer empty, if memory is refused.
     [[nodiscard]] bool Allocate(std::size_t size)
     {
         std::free(m_data);
@@ -28,7 +28,7 @@ public:
         return m_data != nullptr;
     }
 
-    /// Forgets the bytes behind `size`, which is at most Size().
+    /// Drops the bytes after `size`, which must not exceed Size().
     void Truncate(std::size_t size) { m_size = size; }
 
     std::uint8_t *Data() { return m_data; }

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-/// The device's picture, as docs/image-format.md draws it. All numbers are little-endian.
+/// The picture format of the device; see docs/image-format.md. All numbers are little-endian.
 ///
 /// | offset | size | field       | meaning                                       |
 /// |-------:|-----:|-------------|-----------------------------------------------|
@@ -10,11 +10,11 @@
 /// |      4 |    1 | version     | 1                                             |
 /// |      5 |    1 | pixelFormat | 1: RGB565, 2: ARGB8888                        |
 /// |      6 |    1 | encoding    | 0: plain; the others are reserved             |
-/// |      7 |    1 | headerSize  | where the pixels begin: 24                    |
+/// |      7 |    1 | headerSize  | offset of the pixels: 24                      |
 /// |      8 |    4 | width       | pixels                                        |
 /// |     12 |    4 | height      | pixels                                        |
 /// |     16 |    4 | stride      | bytes from row to row, a multiple of 4        |
-/// |     20 |    4 | dataSize    | bytes behind the header; plain: stride*height |
+/// |     20 |    4 | dataSize    | bytes after the header; plain: stride*height  |
 namespace DeviceFormat
 {
 

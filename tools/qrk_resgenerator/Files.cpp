@@ -10,7 +10,7 @@
 namespace
 {
 
-/// 64 million pixels of 8 bytes each, the most that a picture can need plain, and room for what stands around them.
+/// 64 million pixels of 8 bytes each, the largest picture without compression, and room for the data around them.
 constexpr std::size_t maxFileSize = std::size_t{512} << 20;
 
 /// An open file, closed at the end.
@@ -29,7 +29,7 @@ public:
     bool IsOpen() const { return m_descriptor >= 0; }
     int Descriptor() const { return m_descriptor; }
 
-    /// False when the bytes written before haven't reached the file.
+    /// Returns false if the bytes written before haven't reached the file.
     bool Close()
     {
         const int descriptor = m_descriptor;
@@ -59,7 +59,7 @@ bool WriteAll(const File &file, Bytes contents)
     return true;
 }
 
-/// A file without a name in the folder of `path`, not open when the file system has no such files.
+/// Makes a file without a name in the folder of `path`. Not open if the file system has no such files.
 File NamelessFileBeside(const char *path)
 {
     char folder[PATH_MAX];
@@ -95,7 +95,7 @@ Outcome WriteByName(const char *path, Bytes contents)
 
 Outcome ReadFile(const char *path, Buffer &contents)
 {
-    // Without O_NONBLOCK a pipe by that name would be waited for.
+    // Without O_NONBLOCK the program would wait for a pipe of that name.
     const File file(open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     struct stat status;
     if (!file.IsOpen() || fstat(file.Descriptor(), &status) != 0)
@@ -114,7 +114,7 @@ Outcome ReadFile(const char *path, Buffer &contents)
         const ssize_t count = read(file.Descriptor(), contents.Data() + at, contents.Size() - at);
         if (count < 0 && errno != EINTR)
             return SystemFailed("read it");
-        if (count == 0) // it has become shorter meanwhile: the reader finds it cut
+        if (count == 0) // it was shortened in the meantime: the reader finds it truncated
             break;
         if (count > 0)
             at += static_cast<std::size_t>(count);

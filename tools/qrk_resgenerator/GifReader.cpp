@@ -4,8 +4,8 @@
 #include <cstring>
 #include <gif_lib.h>
 
-// giflib's low-level calls only: each gets one record or one row, so that nothing is kept of the frames behind the
-// first.
+// Only uses the low-level calls of giflib, which read one record or one row each, so that nothing is kept of the frames
+// after the first.
 
 namespace
 {
@@ -41,7 +41,7 @@ Outcome Broken(int giflibError)
     return Outcome::Failed("broken gif: %s, wanted a whole picture", text != nullptr ? text : "unknown fault");
 }
 
-/// Reads an extension; that of the next frame's transparent colour is kept.
+/// Reads an extension. The transparent colour of the next frame is kept.
 bool ReadExtension(GifSession &session)
 {
     int kind = 0;
@@ -58,7 +58,7 @@ bool ReadExtension(GifSession &session)
     return true;
 }
 
-/// Passes over the pixels of a frame that isn't wanted.
+/// Skips the pixels of a frame that isn't needed.
 bool SkipFrame(GifFileType *gif)
 {
     int codeSize = 0;
@@ -71,7 +71,7 @@ bool SkipFrame(GifFileType *gif)
     return true;
 }
 
-/// Puts the frame's row `frameY` on the canvas, as far as it lies there. Other pixels stay transparent.
+/// Draws the part of the frame's row `frameY` that is within the canvas. Other pixels stay transparent.
 void DrawRow(const GifSession &session, const ColorMapObject &colours, const std::uint8_t *indices,
              std::uint32_t frameY, Picture &picture)
 {
@@ -127,14 +127,14 @@ Outcome ReadFrame(GifSession &session, Picture &picture)
     return Outcome::Done();
 }
 
-/// Goes through the records up to the end mark, so that a file which breaks off behind the first frame is noticed too.
+/// Reads the records up to the end mark, so that a file that breaks off after the first frame is noticed too.
 Outcome ReadRecords(GifSession &session, Picture &picture)
 {
     bool hasFrame = false;
     for (;;) {
         GifRecordType record = UNDEFINED_RECORD_TYPE;
         if (DGifGetRecordType(session.gif, &record) == GIF_ERROR) {
-            // Some programs leave zeros behind the last frame's own end.
+            // Some programs leave zeros after the end of the last frame.
             if (hasFrame && session.gif->Error == D_GIF_ERR_WRONG_RECORD && session.file[session.at - 1] == 0)
                 continue;
             return Broken(session.gif->Error);

@@ -2,18 +2,18 @@
 
 #include <csetjmp>
 #include <cstdio>
-// jpeglib.h wants <cstdio> before it.
+// jpeglib.h needs <cstdio> before it.
 #include <jerror.h>
 #include <jpeglib.h>
 
-// libjpeg leaves by the longjmp of our error callback. It only ever jumps over its own functions and the callbacks
-// below, none of which holds anything that would have to be destroyed; what must be freed belongs to JpegSession, which
-// stands outside.
+// On an error, libjpeg is left by the longjmp of the error callback. It only jumps over libjpeg's functions and the
+// callbacks below, which own no objects with destructors. Everything that must be freed belongs to JpegSession, which
+// is outside of the jump.
 
 namespace
 {
 
-/// Ten are common. Each scan costs a pass over the whole picture, so a small file could ask for hours.
+/// Ten are common. Each scan takes a pass over the whole picture, so a small file could require hours.
 constexpr int maxScans = 256;
 
 struct JpegSession
@@ -40,8 +40,8 @@ JpegSession &SessionOf(j_common_ptr jpeg)
     std::longjmp(session.leave, 1);
 }
 
-/// libjpeg calls damaged data a warning and draws something in its place. What it then draws is not what was meant, so
-/// only the warnings that don't touch the pixels pass.
+/// libjpeg reports damaged data as a warning and fills in other pixels. The result isn't the original picture, so only
+/// warnings that don't affect the pixels are accepted.
 void OnMessage(j_common_ptr jpeg, int level)
 {
     const int code = jpeg->err->msg_code;
@@ -61,7 +61,7 @@ void OnProgress(j_common_ptr jpeg)
     }
 }
 
-/// Four inks to blue, green, red. Programs that leave an Adobe marker store the inks inverted.
+/// Converts four inks to blue, green, red. Programs that leave an Adobe marker store the inks inverted.
 void CmykToBgra(const std::uint8_t *from, std::uint8_t *to, std::uint32_t width, bool isInverted)
 {
     const std::uint32_t flip = isInverted ? 0 : 0xFF;
@@ -88,7 +88,7 @@ void ReadRows(JpegSession &session, Picture &picture)
     }
 }
 
-/// The part that libjpeg may leave at any point. True when all rows are there.
+/// The part that an error of libjpeg may leave at any point. Returns true if all rows were read.
 bool Read(JpegSession &session, Bytes file, Picture &picture, Outcome &outcome)
 {
     jpeg_decompress_struct &jpeg = session.jpeg;

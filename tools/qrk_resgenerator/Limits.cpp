@@ -17,19 +17,19 @@
 namespace
 {
 
-/// What the largest picture needs. The usual shapes take 1.2 GiB: 512 MiB for the file, 512 MB for the coefficients of
-/// a progressive jpg with four components (2 bytes each), 128 MB for its result. One row of 64 million pixels of 8
+/// The memory for the largest picture. The usual shapes take 1.2 GiB: 512 MiB for the file, 512 MB for the coefficients
+/// of a progressive jpg with four components (2 bytes each), 128 MB for its result. One row of 64 million pixels of 8
 /// bytes takes 1.5 GiB beside the file, since libpng keeps two of them.
 [[maybe_unused]] constexpr rlim_t maxMemory = rlim_t{2} << 30;
 
 /// The largest pictures take some seconds.
 constexpr rlim_t maxSeconds = 60;
 
-const char *g_lastLine = ""; // for the signal handler alone
+const char *g_lastLine = ""; // for the signal handler only
 
 void OnTimeIsOver(int)
 {
-    // Whether anybody reads it makes no difference to what follows.
+    // The process ends whether or not the line could be written.
     [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, g_lastLine, std::strlen(g_lastLine));
     _exit(1);
 }
@@ -41,7 +41,7 @@ void Lower(__rlimit_resource resource, rlim_t soft, rlim_t hard)
         return;
     limit.rlim_max = std::min(limit.rlim_max, hard);
     limit.rlim_cur = std::min({limit.rlim_cur, limit.rlim_max, soft});
-    // Where both were equal already the process would be killed before it could say why.
+    // If both were already equal, the process would be killed before it could say why.
     if (resource == RLIMIT_CPU && limit.rlim_cur == limit.rlim_max && limit.rlim_cur > 1)
         --limit.rlim_cur;
     setrlimit(resource, &limit);

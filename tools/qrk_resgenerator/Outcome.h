@@ -3,15 +3,15 @@
 #include <cstdarg>
 #include <cstdio>
 
-/// How a step ended: well, or with a text that says what was found and what was wanted.
+/// The result of a step: success, or a text that says what was found and what was expected.
 ///
-/// A value without memory of its own, so that it can be given back when memory has run out.
+/// A value without allocated memory, so that it can be returned when memory has run out.
 class [[nodiscard]] Outcome
 {
 public:
     static Outcome Done() { return {}; }
 
-    /// `format` is printf's. What doesn't fit into 240 bytes is cut.
+    /// `format` is printf's. The text is truncated to 240 bytes.
     [[gnu::format(printf, 1, 2)]] static Outcome Failed(const char *format, ...)
     {
         Outcome outcome;

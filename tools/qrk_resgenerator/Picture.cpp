@@ -8,16 +8,17 @@ using DeviceFormat::PixelFormat;
 namespace
 {
 
-// A pixel is moved as one number below, and that number's bytes are the file's.
+// The code below moves a pixel as one number, whose bytes must be in the order of the file.
 static_assert(std::endian::native == std::endian::little);
 
-/// 8 bits to 5, the nearest value: the product is (value * 31 + 127) / 255 for every byte, and needs no division.
+/// Converts 8 bits to 5, to the nearest value: the product is (value * 31 + 127) / 255 for every byte, and needs no
+/// division.
 constexpr std::uint32_t To5(std::uint32_t value)
 {
     return (value * 249 + 1014) >> 11;
 }
 
-/// 8 bits to 6, the nearest value: (value * 63 + 127) / 255.
+/// Converts 8 bits to 6, to the nearest value: (value * 63 + 127) / 255.
 constexpr std::uint32_t To6(std::uint32_t value)
 {
     return (value * 253 + 505) >> 10;
@@ -32,7 +33,7 @@ constexpr bool ProductsAreTheNearestValues()
 }
 static_assert(ProductsAreTheNearestValues());
 
-/// `from`: `width` pixels of 4 bytes; `to`: room for `width` pixels of 2.
+/// `from` has `width` pixels of 4 bytes; `to` has room for `width` pixels of 2 bytes.
 void PackRow(const std::uint8_t *__restrict from, std::uint8_t *__restrict to, std::size_t width)
 {
     for (std::size_t x = 0; x < width; ++x) {
@@ -117,7 +118,7 @@ void Picture::ShrinkToRgb565()
     for (std::size_t y = 0; y < m_height; ++y) {
         std::memcpy(m_row.Data(), Pixels() + wide * y, wide);
         std::uint8_t *to = Pixels() + narrow * y;
-        std::memset(to + narrow - 4, 0, 4); // what fills the row up to 4 bytes
+        std::memset(to + narrow - 4, 0, 4); // the padding of the row to a multiple of 4 bytes
         PackRow(m_row.Data(), to, m_width);
     }
     m_device.Truncate(DeviceFormat::headerSize + narrow * m_height);

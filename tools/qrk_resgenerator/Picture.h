@@ -11,7 +11,7 @@ enum class Filling
     WholePicture, ///< Pixels may be transparent, or a row is written more than once.
 };
 
-/// The picture on its way from a reader to the device's bytes.
+/// A picture that a reader fills and that is converted to the device's bytes.
 ///
 /// A reader calls Start() once, then for each row, in any order, writes `width` pixels of 4 bytes (blue, green, red,
 /// alpha) to Row(y) and calls FinishRow(y). OpaqueRows are turned into RGB565 at once, with one row of memory beside
@@ -26,17 +26,17 @@ public:
     /// A picture of more than `maxPixels` pixels is refused by Start().
     explicit Picture(std::uint64_t maxPixels) : m_maxPixels(maxPixels) {}
 
-    /// Fails when a picture of this size is refused, whatever else the file says.
+    /// Fails if a picture of this size is refused, whatever else the file contains.
     Outcome CheckSize(std::uint64_t width, std::uint64_t height) const;
 
-    /// Takes the memory. All pixels are transparent black at first.
+    /// Allocates the memory. All pixels are transparent black at first.
     Outcome Start(std::uint64_t width, std::uint64_t height, Filling filling);
 
     std::uint32_t Width() const { return m_width; }
     std::uint32_t Height() const { return m_height; }
 
-    /// Where row `y` (below Height()) is written; valid until FinishRow(). The alpha byte of OpaqueRows isn't looked
-    /// at.
+    /// The memory to write row `y` to, valid until FinishRow(). `y` must be less than Height(). The alpha byte of
+    /// OpaqueRows is ignored.
     std::uint8_t *Row(std::uint32_t y);
     void FinishRow(std::uint32_t y);
 

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-/// Little-endian fields of bytes that nobody has checked yet. Past the end there is nothing, and never a crash.
+/// Reads little-endian fields of unchecked bytes. Reading past the end returns nothing and never crashes.
 class PictureBytes
 {
 public:
@@ -29,7 +29,7 @@ public:
                std::uint32_t{(*field)[3]} << 24;
     }
 
-    /// Safe where `at` + `size` would wrap.
+    /// Safe if `at` + `size` would wrap around.
     std::optional<Bytes> Slice(std::uint64_t at, std::uint64_t size) const
     {
         if (at > m_bytes.size() || size > m_bytes.size() - at)

@@ -5,8 +5,8 @@
 #include <cstring>
 #include <png.h>
 
-// libpng leaves by longjmp. It only ever jumps over its own functions and the callbacks below, none of which holds
-// anything that would have to be destroyed; what must be freed belongs to PngSession, which stands outside.
+// On an error, libpng is left by longjmp. It only jumps over libpng's functions and the callbacks below, which own no
+// objects with destructors. Everything that must be freed belongs to PngSession, which is outside of the jump.
 
 namespace
 {
@@ -30,7 +30,7 @@ void OnError(png_structp png, png_const_charp text)
     png_longjmp(png, 1);
 }
 
-/// Warnings tell of things that don't touch the pixels, or come before an error.
+/// Warnings are about problems that don't affect the pixels, or precede an error.
 void OnWarning(png_structp, png_const_charp) {}
 
 void OnRead(png_structp png, png_bytep to, std::size_t size)
@@ -42,7 +42,7 @@ void OnRead(png_structp png, png_bytep to, std::size_t size)
     session->at += size;
 }
 
-/// Asks libpng for rows of blue, green, red, alpha with 8 bits each, whatever the file has.
+/// Sets libpng to return rows of blue, green, red, alpha with 8 bits each, whatever the file has.
 void AskForBgra(png_structp png, png_infop info)
 {
     if (png_get_color_type(png, info) == PNG_COLOR_TYPE_PALETTE)
@@ -56,7 +56,7 @@ void AskForBgra(png_structp png, png_infop info)
     png_set_add_alpha(png, 0xFF, PNG_FILLER_AFTER);
 }
 
-/// The width and height of the file's first chunk, before libpng judges them in its own words.
+/// Checks the width and height in the file's first chunk, before libpng reports them with its own messages.
 Outcome CheckHeader(Bytes file, const Picture &picture)
 {
     const auto number = [file](std::size_t at) {
@@ -81,14 +81,14 @@ void ReadRows(PngSession &session, Picture &picture)
     png_read_end(session.png, nullptr);
 }
 
-/// The part that libpng may leave at any point. True when all rows are there.
+/// The part that an error of libpng may leave at any point. Returns true if all rows were read.
 bool Read(PngSession &session, Picture &picture, Outcome &outcome)
 {
     if (setjmp(png_jmpbuf(session.png)) != 0)
         return false;
     png_set_read_fn(session.png, &session, OnRead);
     png_set_user_limits(session.png, PNG_UINT_31_MAX, PNG_UINT_31_MAX);
-    // Texts, profiles and the like aren't needed, so none of them can exhaust anything.
+    // Texts, profiles and the like aren't needed. Skipping them keeps them from exhausting memory.
     png_set_keep_unknown_chunks(session.png, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
     if (session.hasCheckedData) {
         png_set_crc_action(session.png, PNG_CRC_QUIET_USE, PNG_CRC_QUIET_USE);
@@ -119,7 +119,7 @@ Outcome ReadPng(Bytes file, Picture &picture)
     const bool isUnpacked = UnpackPng(file, unpacked);
     PngSession session{.file = isUnpacked ? unpacked.View() : file, .hasCheckedData = isUnpacked};
 #ifdef FUZZING_BUILD_MODE_UNSAFE_FOR_PRODUCTION
-    // A changed byte would hardly ever get past the checksums to the code behind them.
+    // With checksums, changed bytes would hardly ever reach the code after them.
     session.hasCheckedData = true;
 #endif
     session.png = png_create_read_struct(PNG_LIBPNG_VER_STRING, &session, OnError, OnWarning);

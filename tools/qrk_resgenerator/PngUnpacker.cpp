@@ -5,9 +5,8 @@
 #include <libdeflate.h>
 #include <optional>
 
-// A png is 8 bytes of signature and chunks: length (4), type (4), data, checksum (4), numbers with the high byte first.
-// The first chunk is the header, and the compressed pixels are the data of all IDAT chunks in turn, which follow one
-// another.
+// A png is 8 bytes of signature and chunks: length (4), type (4), data, checksum (4). Numbers are big-endian. The first
+// chunk is the header. The compressed pixels are the joined data of all IDAT chunks, which follow one another.
 
 namespace
 {
@@ -33,7 +32,7 @@ bool IsOfType(Bytes chunk, const char *type)
     return std::memcmp(chunk.data() + 4, type, 4) == 0;
 }
 
-/// The chunk at `at`, whole, if it is there and its checksum is right.
+/// The whole chunk at `at`, if it is there and its checksum is correct.
 std::optional<Bytes> ChunkAt(Bytes file, std::size_t at)
 {
     if (file.size() - at < chunkOverhead)
@@ -49,7 +48,7 @@ std::optional<Bytes> ChunkAt(Bytes file, std::size_t at)
     return chunk;
 }
 
-/// Where the IDAT chunks stand, and how many bytes of data they hold together.
+/// The place of the IDAT chunks, and the total size of their data in bytes.
 struct PixelChunks
 {
     std::size_t begin = 0;
@@ -82,13 +81,13 @@ std::optional<PixelChunks> FindPixelChunks(Bytes file)
     return pixels;
 }
 
-/// The bytes of a picture, or of one pass over it: each row has a byte before its pixels.
+/// The number of bytes of a picture, or of one pass over it. Each row has a byte before its pixels.
 std::uint64_t SizeOfRows(std::uint64_t width, std::uint64_t height, unsigned bitsPerPixel)
 {
     return width == 0 || height == 0 ? 0 : height * (1 + (width * bitsPerPixel + 7) / 8);
 }
 
-/// The decompressed size that the header chunk's data call for. Nothing if they are out of the ordinary.
+/// The decompressed size according to the data of the header chunk. Nothing if the data is unusual.
 std::optional<std::uint64_t> SizeOfPixels(const std::uint8_t *header)
 {
     constexpr unsigned channelsOfType[] = {1, 0, 3, 1, 2, 0, 4};
@@ -141,8 +140,8 @@ bool Decompress(Bytes file, const PixelChunks &chunks, std::uint8_t *to, std::si
     return result == LIBDEFLATE_SUCCESS;
 }
 
-/// Writes an IDAT chunk of stored blocks. The `size` bytes at `from` may stand at the end of the chunk's own data: each
-/// block moves its bytes forward or leaves them where they are.
+/// Writes an IDAT chunk of stored blocks. The `size` bytes at `from` may be at the end of the chunk's own data: each
+/// block moves its bytes towards the beginning or doesn't move them.
 void MakeStoredChunk(std::uint8_t *chunk, std::size_t dataSize, const std::uint8_t *from, std::size_t size)
 {
     PutU32(chunk, static_cast<std::uint32_t>(dataSize));
@@ -167,7 +166,7 @@ void MakeStoredChunk(std::uint8_t *chunk, std::size_t dataSize, const std::uint8
 
 bool UnpackPng(Bytes file, Buffer &unpacked)
 {
-    // The caller may have seen to a part of this already, but nothing here rests on it.
+    // The caller may have checked part of this already, but this function doesn't rely on it.
     constexpr std::size_t headerEnd = signatureSize + 13 + chunkOverhead;
     if (file.size() < headerEnd || U32(file.data() + signatureSize) != 13)
         return false;
@@ -180,7 +179,7 @@ bool UnpackPng(Bytes file, Buffer &unpacked)
 
     const auto pixelSize = static_cast<std::size_t>(*size);
     const std::size_t blocks = (pixelSize + maxStored - 1) / maxStored;
-    // The two checksums at the end stay 0: libpng is told not to look at them.
+    // The two checksums at the end stay 0: libpng is set to ignore them.
     const std::size_t dataSize = 2 + 5 * blocks + pixelSize + 4;
     const std::size_t tailSize = file.size() - chunks->end;
     if (!unpacked.Allocate(chunks->begin + chunkOverhead + dataSize + tailSize))

@@ -2,12 +2,11 @@
 
 #include "Buffer.h"
 
-/// Gives `file`, a png, once more with its pixels stored instead of compressed, all checksums of the original being
-/// right.
+/// Copies `file`, a png, with its pixels stored instead of compressed, if all checksums of the original are correct.
 ///
-/// Most of the time of reading a png goes into decompressing, and libdeflate does it in less than half the time of
-/// zlib, but only at one go. So the pixels are decompressed here, and libpng reads what comes out as it reads any png.
+/// Reading a png spends most of its time on decompression. libdeflate needs less than half the time of zlib, but must
+/// decompress everything at once. So the pixels are decompressed here, and libpng reads the result like any png.
 ///
-/// False where that isn't possible: the file is large (then it is better read row by row), damaged or unusual. The
-/// original then tells libpng what there is to tell.
+/// Returns false if that isn't possible: the file is large (it is then better read row by row), damaged or unusual.
+/// libpng should then read the original, and report its errors.
 bool UnpackPng(Bytes file, Buffer &unpacked);

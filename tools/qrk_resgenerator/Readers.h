@@ -2,13 +2,13 @@
 
 #include "Picture.h"
 
-/// Tells the format of `file` by its first bytes, whatever its name, and reads it into `picture` up to its last row.
+/// Detects the format of `file` by its first bytes, whatever its name, and reads it into `picture` up to its last row.
 ///
-/// Any bytes may be given. A file that breaks off, or whose data its own format calls damaged, fails.
-/// The caller then calls picture.Finish().
+/// `file` may have any bytes. A file that is truncated, or damaged according to its own format, fails. After success
+/// the caller must call picture.Finish().
 Outcome ReadPicture(Bytes file, Picture &picture);
 
-/// One reader for each format. Each is given a file that begins as its format does, and nothing more is known of it.
+/// One reader for each format. `file` begins like that format; nothing else is known about it.
 Outcome ReadBmp(Bytes file, Picture &picture);
 Outcome ReadGif(Bytes file, Picture &picture);
 Outcome ReadJpeg(Bytes file, Picture &picture);

@@ -13,7 +13,7 @@ namespace
 constexpr char usage[] = "usage: qrk_resgenerator.exe -f -i SOURCE TARGET "
                          "(SOURCE: a bmp, gif, jpg or png picture; TARGET: the device's picture, replaced)\n";
 
-/// One line for the user: this program, the file, the text. A path that holds a line break must not make it two.
+/// One line for the user: this program, the file, the text. A line break in a path must not split it.
 class ErrorLine
 {
 public:
@@ -33,7 +33,7 @@ public:
 
     void Write() const
     {
-        // There is nobody left to tell when this fails.
+        // If this fails, there is no way left to report it.
         [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, m_line, m_length);
     }
 

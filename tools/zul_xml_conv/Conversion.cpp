@@ -22,11 +22,11 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr int MOST_ERRORS = 100; // told
+constexpr int MOST_ERRORS = 100; // reported
 constexpr qint64 LARGEST_HEADER = 64 << 20;
 constexpr qint64 LARGEST_TABLE = 16 << 20;
 
-/// No screen: who packs it wants the tables. The packer deletes a file of this name, should there be one.
+/// Not a screen: a layout of this name requests the tables. The packer deletes a file of this name if there is one.
 constexpr char TABLES_LAYOUT[] = "ID_D279A4D9_BC6C_420b_9EC7_CE2FA9F8415D";
 
 QString SystemError(int error)
@@ -40,7 +40,7 @@ bool IsFile(const QString &path)
     return !path.isEmpty() && stat(HostPath(path).constData(), &info) == 0 && S_ISREG(info.st_mode);
 }
 
-/// A path of the folder, as it is given to the file functions.
+/// The path of a file in a folder, in the form for the file functions.
 QString InFolder(const QString &folder, const QString &name)
 {
     return folder.endsWith(u'/') || folder.endsWith(u'\\') ? folder + name : folder + u'/' + name;
@@ -135,7 +135,7 @@ bool Conversion::LoadNumbers()
     return true;
 }
 
-/// An application that was compiled with other numbers would take one property for another.
+/// Checks for tables with other numbers. An application that was compiled with these would confuse the properties.
 bool Conversion::HasTablesOfOthers(const LayoutTables &tables)
 {
     const QString path = InFolder(options.table, QLatin1String(LayoutTables::TABLE_FILE));
@@ -152,7 +152,7 @@ bool Conversion::Convert(const LayoutTables &tables)
 {
     std::vector<std::pair<QString, QByteArray>> results;
     QSet<QString> names;
-    std::unique_ptr<LayoutRows> rows; // read again when there is something to tell
+    std::unique_ptr<LayoutRows> rows; // read again if there is a message
     int errors = 0;
     int layoutNumber = 0;
     const auto tell = [&](const ComponentObject *component, const QByteArray &text) {
@@ -206,7 +206,7 @@ bool Conversion::RunSubTool(const QString &enums, const QString &table, const QS
     (void)RunTool(env, {options.subtool, host(table), host(enums), host(header)}, &end);
     if (end.startError != 0)
         messages.append(u"%1: %2"_s.arg(options.subtool, SystemError(end.startError)));
-    return end.Text().isEmpty(); // else it said why
+    return end.Text().isEmpty(); // otherwise the reason has been reported
 }
 
 bool Conversion::WriteFile(const QString &path, const QByteArray &bytes)

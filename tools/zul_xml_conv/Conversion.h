@@ -10,7 +10,7 @@
 class Environment;
 class LayoutTables;
 
-/// One run of the converter: the layouts of a file, or the tables of numbers.
+/// One run of the converter. Converts the layouts of a file, or writes the tables of numbers.
 class Conversion
 {
 public:
@@ -19,10 +19,10 @@ public:
     {
     }
 
-    /// False when nothing was written, or not all of it; `messages` tells why.
+    /// Returns false if nothing, or not everything, was written; `messages` says why.
     [[nodiscard]] bool Run();
 
-    /// Lines for the user; a warning is no reason to stop.
+    /// Lines for the user; a warning doesn't stop the run.
     QStringList messages;
 
 private:

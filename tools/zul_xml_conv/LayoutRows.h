@@ -10,18 +10,19 @@ class ComponentObject;
 class Environment;
 class LayoutFileObject;
 
-/// Where things stand in a layout file, for messages. Reads the file a second time: the layouts don't know their rows.
+/// The rows of a layout file's elements, for messages. Reads the file a second time, since the layouts don't have their
+/// rows.
 class LayoutRows
 {
 public:
     LayoutRows(const Environment &env, const QString &path);
-    /// Knows the components of `file` too, which was read from it.
+    /// Also has the rows of the components of `file`, which was read from `path`.
     LayoutRows(const Environment &env, const QString &path, const LayoutFileObject &file);
 
-    /// What isn't there stands in row 1.
+    /// The row is 1 for an element that doesn't exist.
     [[nodiscard]] int OfError() const { return errorRow; }
     [[nodiscard]] int OfRoot() const { return rootRow; }
-    /// The child of the root with that number, from 0.
+    /// The row of the child of the root with that number, from 0.
     [[nodiscard]] int OfLayout(int number) const;
     [[nodiscard]] int OfComponent(const ComponentObject *component) const { return byComponent.value(component, 1); }
 

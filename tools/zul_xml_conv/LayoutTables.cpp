@@ -3,13 +3,13 @@
 namespace
 {
 
-constexpr size_t MOST_NUMBERS = 0xFFFF; // they take 16 bits
+constexpr size_t MOST_NUMBERS = 0xFFFF; // numbers have 16 bits
 
 constexpr char BANNER[] = "/* Numbers of layouts, made by zul_xml_conv.exe from the catalogue of components.\n"
                           " * Define the macros before you include it, or use LayoutID.h, which is made from it. */\n";
 constexpr char STAMP_LINE[] = "\nZUL_TABLE(0x";
 
-/// FNV-1a: any change of a text gives another number.
+/// FNV-1a: a change of the text gives another number.
 quint32 HashOf(QByteArrayView text)
 {
     quint32 hash = 0x811C9DC5;
@@ -41,7 +41,7 @@ LayoutTables::LayoutTables(const ClassCatalogue &catalogue) : types(catalogue)
     if (catalogue.entries.empty())
         return;
     stamp = HashOf(TableLines() + EnumLines());
-    stamp += stamp == 0; // that would mean that there are no tables
+    stamp += stamp == 0; // 0 would mean that there are no tables
 }
 
 bool LayoutTables::Fit() const

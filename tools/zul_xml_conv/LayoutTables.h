@@ -6,25 +6,25 @@
 
 #include <vector>
 
-/// The numbers of a catalogue's classes and properties, which stand for their names in a converted layout.
+/// The numbers of a catalogue's classes and properties, which replace their names in a converted layout.
 ///
-/// Both count from 1 in the order of the catalogue; a property's name has one number whatever the class. The
-/// enumerators of an enumeration count from 0.
+/// Both are numbered from 1 in the order of the catalogue; a property's name has the same number in all classes. The
+/// enumerators of an enumeration are numbered from 0.
 class LayoutTables
 {
 public:
     explicit LayoutTables(const ClassCatalogue &catalogue);
 
-    /// 0 when there is none.
+    /// 0 if there is none.
     [[nodiscard]] quint16 Class(const NarrowText &name) const { return classNumbers.value(name); }
     [[nodiscard]] quint16 Property(const NarrowText &name) const { return propertyNumbers.value(name); }
 
-    /// Changes with every name and number. 0 for the tables of an empty catalogue.
+    /// A number that depends on every name and number. 0 for the tables of an empty catalogue.
     [[nodiscard]] quint32 Stamp() const { return stamp; }
-    /// False when there are more names than numbers.
+    /// False if there are more names than numbers.
     [[nodiscard]] bool Fit() const;
 
-    /// The files that a run writes on demand, for inclusion in C or for the sub-tool.
+    /// The contents of the files that a run writes on request, for inclusion in C or for the sub-tool.
     [[nodiscard]] QByteArray TableFile() const;
     [[nodiscard]] QByteArray EnumFile() const;
     /// The stamp of a table file; 0 for a file of another kind.

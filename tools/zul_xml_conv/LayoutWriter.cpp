@@ -11,7 +11,7 @@ namespace
 
 constexpr quint8 VERSION = 1;
 constexpr quint8 HEADER_SIZE = 20;
-constexpr qsizetype LONG_PART = 255; // words from which on a part has its size in a field of its own
+constexpr qsizetype LONG_PART = 255; // words; a part of this size or more has its size in a separate field
 constexpr char PROP[] = "prop";
 constexpr char NOTHING[] = "0"; // the reference to no resource
 
@@ -36,7 +36,7 @@ QByteArray Words(std::initializer_list<quint32> words)
     return bytes;
 }
 
-/// With its zero byte, filled up to whole words.
+/// The text with its zero byte, padded to whole words.
 QByteArray Text(const NarrowText &text)
 {
     return text + QByteArray(4 - text.size() % 4, '\0');
@@ -126,8 +126,8 @@ void LayoutWriter::WriteName(QByteArray &parts, const NarrowText &name)
         Part(parts, 0, MORVANITE_NAME, Text(name));
 }
 
-/// A component of a class that the catalogue doesn't have: nothing is known of its properties. What lies in it may be
-/// known again.
+/// Writes a component whose class isn't in the catalogue: nothing is known about its properties. The classes of its
+/// sub-components may be known.
 void LayoutWriter::WriteUntyped(QByteArray &parts, const ComponentObject &component)
 {
     for (const AttributeRecord &record : component.attributes)
@@ -136,7 +136,7 @@ void LayoutWriter::WriteUntyped(QByteArray &parts, const ComponentObject &compon
         WriteComponent(parts, *child);
 }
 
-/// Values, then structures, then components: who looks for a property meets it early.
+/// Writes values, then structures, then components, so that a search for a property is short.
 void LayoutWriter::WriteContent(QByteArray &parts, const CZulCustom &object, const CZulClass *asClass)
 {
     const ComponentObject &component = *object.component;
@@ -176,7 +176,7 @@ void LayoutWriter::WriteContent(QByteArray &parts, const CZulCustom &object, con
     }
 }
 
-/// Keeps the texts that may be given a normal form: whether they are values is asked of what stood in the file.
+/// Keeps the texts that may be changed to a normal form: whether they are valid is decided by the text in the file.
 void LayoutWriter::Remember(const ComponentObject &component)
 {
     for (const AttributeRecord &record : component.attributes) {
@@ -198,7 +198,7 @@ void LayoutWriter::WriteAttribute(QByteArray &parts, const CZulCustom &object, c
     CZulType *const member = object.FindMember(record.name);
     if (!member)
         Part(parts, 0, MORVANITE_UNNUMBERED, Text(record.name + '\0' + record.value));
-    else if (!record.value.isEmpty()) // else nothing was set
+    else if (!record.value.isEmpty()) // otherwise nothing was set
         WriteValue(parts, tables.Property(record.name), *member, AsWritten(record), *object.component);
 }
 
@@ -246,7 +246,7 @@ void LayoutWriter::WriteValue(QByteArray &parts, quint16 property, CZulType &mem
     } else if (const auto *choice = dynamic_cast<const CZulEnum *>(value)) {
         quint32 position = 0;
         while (choice->descriptor->items[position].name != text)
-            ++position; // it is valid, so it is there
+            ++position; // the value is valid, so it is found
         part(MORVANITE_ENUMERATOR, {position});
     } else {
         WriteReference(parts, property, member.typeName, text, where);
@@ -258,7 +258,7 @@ void LayoutWriter::WriteReference(QByteArray &parts, quint16 property, const Nar
 {
     const qint32 type = TypeIdOf(typeName);
     if (type == TYPE_WSTRING && text != NOTHING && !text.startsWith('@'))
-        Part(parts, property, MORVANITE_TEXT, Text(text)); // what to show, as it is
+        Part(parts, property, MORVANITE_TEXT, Text(text)); // the text to show, unchanged
     else
         Part(parts, property,
              type == TYPE_WSTRING     ? MORVANITE_STRING

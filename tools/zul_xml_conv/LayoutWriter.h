@@ -11,7 +11,7 @@
 class LayoutWriter
 {
 public:
-    /// Called with each error, and the component that it is about, or null. What was written is worth nothing then.
+    /// Called with each error and its component, or null. The result is then unusable.
     using ErrorSink = std::function<void(const ComponentObject *, const QByteArray &)>;
 
     LayoutWriter(const ClassCatalogue &catalogue, const LayoutTables &layoutTables, const IdNumbers &idNumbers,
@@ -20,7 +20,7 @@ public:
     {
     }
 
-    /// The whole layout. Typed values are laid over the components, which gives colours their normal form.
+    /// Returns the whole layout. Binds typed values to the components, which gives colours their normal form.
     [[nodiscard]] QByteArray Write(const NarrowText &id,
                                    const std::vector<std::unique_ptr<ComponentObject>> &components);
 
@@ -46,7 +46,7 @@ private:
     const LayoutTables &tables;
     const IdNumbers &ids;
     ErrorSink tell;
-    std::unordered_map<const AttributeRecord *, NarrowText> written; // in the file, where that may be another text
+    std::unordered_map<const AttributeRecord *, NarrowText> written; // the text in the file, if it may differ
     int depth = 0;
     int levels = 0;
 };

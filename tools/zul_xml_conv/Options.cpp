@@ -17,7 +17,7 @@ bool Options::Parse(const QStringList &arguments)
     for (qsizetype i = 0; i < arguments.size(); ++i) {
         const QString &option = arguments[i];
         if (option == u"-p" || option == u"-e")
-            continue; // there is one form to print, and one sub-tool
+            continue; // ignored: there is one output form and one sub-tool
         const auto value = values.find(option);
         if (value == values.end() || ++i == arguments.size())
             return false;

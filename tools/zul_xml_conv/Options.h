@@ -7,12 +7,13 @@ struct Options
 {
     QString input;   ///< -i: the file with the layouts
     QString output;  ///< -o: the folder that the converted layouts go to
-    QString xml;     ///< -x: the catalogue of classes; empty, a folder or no file at all: there is none
+    QString xml;     ///< -x: the catalogue of classes; none if empty, a folder or not an existing file
     QString table;   ///< -t: the folder of the generated tables
     QString header;  ///< -h: the header with the numbers of the IDs
-    QString subtool; ///< -e -E: makes a header of the tables
+    QString subtool; ///< -e -E: makes a header from the tables
 
-    /// False for a command line that isn't of the form of the usage. `arguments` without the program's name.
+    /// Returns false for a command line that doesn't have the form of the usage. `arguments` doesn't include the
+    /// program's name.
     [[nodiscard]] bool Parse(const QStringList &arguments);
     static const char *const usage;
 };

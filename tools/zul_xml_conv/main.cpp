@@ -9,7 +9,7 @@
 namespace
 {
 
-/// What hostile files may cost; the packer waits without end.
+/// The time limit for hostile files, since the packer waits without a limit.
 constexpr rlim_t MOST_SECONDS = 120;
 
 void Print(const QString &line)
@@ -30,7 +30,7 @@ int main(int argc, char **argv)
     setrlimit(RLIMIT_CPU, &seconds);
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN); // a file that grows beyond the limit is an error like any other
-    SignalCleanup::Install();      // the packer may be ended
+    SignalCleanup::Install();      // the packer may be terminated
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments.append(QString::fromUtf8(argv[i]));
@@ -40,7 +40,7 @@ int main(int argc, char **argv)
         return 2;
     }
     Environment env;
-    // The packer names the project whose layouts these are: they have its code page.
+    // The packer passes the project of these layouts, which use its code page.
     if (const QByteArray project = qgetenv("MORVANITE_PROJECT_DIR"); !project.isEmpty())
         (void)env.UseProjectSettings(QString::fromUtf8(project));
     Conversion conversion(env, options);

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// A text field: where it stands, and how many characters it has.
+/// A text field: its offset and its number of characters.
 struct Field
 {
     qsizetype offset;
@@ -23,7 +23,7 @@ constexpr Field TARGET_KIND{1624, 32, "target kind"_L1};
 constexpr qsizetype IMAGE_CONVERT_AT = 1688;
 constexpr qsizetype VERSION_AT = 1692;
 
-/// `bytes` must reach to the field's end.
+/// `bytes` must extend to the end of the field.
 QString TextOf(QByteArrayView bytes, const Field &field)
 {
     QString text(field.characters, Qt::Uninitialized);

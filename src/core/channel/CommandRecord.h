@@ -10,7 +10,7 @@
 ///     offset  size  field
 ///          0   520  project path, 260 characters of UTF-16LE
 ///
-/// A text ends at its first null character, or where its field ends. What follows the last field isn't looked at.
+/// A text ends at its first null character, or at the end of its field. Bytes after the last field are ignored.
 struct CommandRecord
 {
     QString projectPath; ///< full path of the ".vcproj" file
@@ -40,11 +40,11 @@ struct PackCommandRecord
 constexpr qsizetype COMMAND_RECORD_SIZE = 520;
 constexpr qsizetype PACK_COMMAND_RECORD_SIZE = 1696;
 
-/// Nothing when there are fewer bytes than the record has.
+/// Returns nothing if there are fewer bytes than the record has.
 [[nodiscard]] std::optional<CommandRecord> ParseCommandRecord(QByteArrayView bytes);
 [[nodiscard]] std::optional<PackCommandRecord> ParsePackCommandRecord(QByteArrayView bytes);
 
-/// The bytes to send. Nothing when a text doesn't fit into its field with a terminator (259 or 31 characters) or holds
-/// a null character; `error` then says which.
+/// Returns the bytes to send. Returns nothing, and `error` says why, if a text doesn't fit into its field with a
+/// terminator (259 or 31 characters) or contains a null character.
 [[nodiscard]] std::optional<QByteArray> BuildRecord(const CommandRecord &record, QString &error);
 [[nodiscard]] std::optional<QByteArray> BuildRecord(const PackCommandRecord &record, QString &error);

@@ -14,8 +14,8 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// How long the end of a report may keep us waiting once the command has been answered. The window closes the pipe
-/// before it answers, so only a stranger on the pipe makes use of it.
+/// The longest wait for the end of a report after the command has been answered. The window closes the pipe before it
+/// answers, so only an unknown program on the pipe makes this wait necessary.
 constexpr int END_OF_REPORT_MS = 2000;
 
 /// The pipe's end on this side: one connection after another, read as UTF-16LE.
@@ -30,7 +30,7 @@ public:
     /// What to poll for reading.
     [[nodiscard]] int Descriptor() const { return connection.IsOpen() ? connection.Get() : pipe.Get(); }
 
-    /// True within a report, and when one waits that nobody has looked at.
+    /// True within a report, and if a new report is waiting.
     [[nodiscard]] bool InReport()
     {
         if (!connection.IsOpen())
@@ -38,7 +38,7 @@ public:
         return connection.IsOpen();
     }
 
-    /// Takes what has come.
+    /// Reads the bytes that have arrived.
     void Advance()
     {
         if (!InReport())
@@ -64,7 +64,8 @@ private:
         Give,
     };
 
-    /// Hands on whole characters; the first half of one waits for the second unless nothing more comes.
+    /// Passes whole characters to the sink. The first half of a character waits for the second, unless nothing more
+    /// will arrive.
     void Pass(Rest rest)
     {
         QString text(held.size() / 2, Qt::Uninitialized);
@@ -82,7 +83,7 @@ private:
     QByteArray held;
 };
 
-/// Connects to the window. Not open, and `error` says why, when none runs.
+/// Connects to the window. The result isn't open, and `error` says why, if no window is running.
 FileHandle ConnectToWindow(QString &error)
 {
     const QByteArray path = SocketPath(WINDOW_SOCKET, error);
@@ -111,7 +112,7 @@ bool SendCommand(const FileHandle &window, quint32 dwData, QByteArrayView record
     return SendAll(window.Get(), message.constData(), size_t(message.size()));
 }
 
-/// Reads report and answer side by side until both are over. Nothing when the window goes away first.
+/// Reads report and answer at the same time until both are complete. Returns nothing if the window ends first.
 std::optional<quint32> Collect(const FileHandle &window, ReportReader &reader)
 {
     std::array<char, 4> answer{};

@@ -21,7 +21,7 @@ QString PackReportText(int errorCode)
     }
 }
 
-/// The state of a command, ended on every way out.
+/// The state of a running command. Its destructor ends the command.
 class IdeCommandHandler::Running
 {
 public:
@@ -199,8 +199,8 @@ void IdeCommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
 namespace
 {
 
-/// False, and it is explained, when the code page has no form of the path of the input or of the output: the pack would
-/// look for another file.
+/// Returns false, and explains why, if the code page can't express the path of the input or of the output: the pack
+/// would use another file.
 bool HasPathsOfCodePage(const Environment &env, const PackCommandRecord &record)
 {
     for (const QString &path : {record.inputFile, record.outputFile}) {

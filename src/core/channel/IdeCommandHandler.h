@@ -6,7 +6,7 @@
 
 #include <functional>
 
-/// Commands that an IDE sends; the number is what the message carries.
+/// The commands of an IDE, with their numbers in the message.
 enum IdeCommand : quint32
 {
     IDE_COMMAND_LOAD = 0xAFBDDBFB,
@@ -14,10 +14,10 @@ enum IdeCommand : quint32
     IDE_COMMAND_PACK = 0xAFBDDBFD,
 };
 
-/// What the error code of a pack's report means, in one sentence; empty for 0.
+/// Explains the error code of a pack's report in one sentence; empty for 0.
 [[nodiscard]] QString PackReportText(int errorCode);
 
-/// The error codes of a report that no operation gave. A pack adds its own.
+/// The error codes of a report that don't come from an operation. A pack has further codes of its own.
 enum class ReportCode : int
 {
     SaveFailed = 29,
@@ -26,68 +26,69 @@ enum class ReportCode : int
     NoDocument = 404, ///< a pack of a project that isn't open and couldn't be opened
 };
 
-/// Where a report goes: the IDE's pipe, or the standard output of the headless program.
+/// The destination of a report: the IDE's pipe, or the standard output of the headless program.
 class IReportPipe
 {
 public:
     virtual ~IReportPipe() = default;
-    /// Connects; false when nobody serves the pipe.
+    /// Connects. Returns false if no program serves the pipe.
     virtual bool Open() = 0;
     [[nodiscard]] virtual bool IsOpen() const = 0;
-    /// Takes UTF-16 text whole, blocking; drops the rest silently when the other end is gone. May hold text back for a
-    /// moment, until `Flush` or `Close` at the latest.
+    /// Writes the whole UTF-16 text and blocks if necessary; silently drops the rest if the other end is gone. May keep
+    /// text for a moment, until `Flush` or `Close` at the latest.
     virtual void Write(QStringView text) = 0;
-    /// Sends what is held back: a step that may take long comes next.
+    /// Sends the text that `Write` has kept. Called before a step that may take long.
     virtual void Flush() {}
     virtual void Close() = 0;
 };
 
-/// What a command does, with a window and without. Main thread only; one command at a time.
+/// Runs commands, with or without a window. Main thread only; one command at a time.
 ///
-/// For its life it is what the environment's output leads to: to the pipe while a command runs, else to `idleOutput`.
-/// Afterwards the output goes where it went before.
+/// While it exists, it receives the environment's output and passes it to the pipe while a command runs, otherwise to
+/// `idleOutput`. Its destructor restores the previous output.
 class IdeCommandHandler
 {
 public:
-    /// Everything handed in must live longer.
+    /// All arguments must outlive this object.
     IdeCommandHandler(Environment &environment, CDocManager &documentManager, IReportPipe &reportPipe);
     ~IdeCommandHandler();
     IdeCommandHandler(const IdeCommandHandler &) = delete;
     IdeCommandHandler &operator=(const IdeCommandHandler &) = delete;
 
-    /// Runs one command; always 1. `record` is only looked at during the call. What an operation throws goes through,
-    /// with the pipe closed and no command running.
+    /// Runs one command. Always returns 1. `record` is only used during the call. An exception of an operation is
+    /// passed on after the pipe is closed and the command has ended.
     int Handle(quint32 dwData, QByteArrayView record);
 
-    // The same for records at hand, whose paths may be longer than a message has room for.
+    // The same with parsed records, whose paths may be longer than a message allows.
     void Load(const CommandRecord &record);
     void Save(const CommandRecord &record);
     void Pack(const PackCommandRecord &record);
 
-    /// The command that is running for the document of that path (NamesSameFile); 0 when none is.
+    /// The command that is running for the document with that path (NamesSameFile); 0 if there is none.
     [[nodiscard]] quint32 GetCommandID(const QString *docPath) const;
 
-    /// Where output goes while no command runs; nothing by default.
+    /// Receives the output while no command runs; empty by default.
     Environment::Sink idleOutput;
     /// Brings the main window to the top; may be empty.
     std::function<void()> bringToTop;
-    /// Gets the host path of every file that a pack reads, for a build tool's list of dependencies; null: not wanted.
+    /// Gets the host path of every file that a pack reads, for a build tool's list of dependencies; null if not needed.
     std::vector<QByteArray> *packInputs = nullptr;
-    /// Asked when a project is open and before it is packed; false: it isn't packed, and the report ends there. May be
-    /// empty.
+    /// Called after a project is opened and before it is packed. If it returns false, the project isn't packed and the
+    /// report ends there. May be empty.
     std::function<bool(CResDoc &document)> beforePack;
-    /// The folder for what a pack makes for itself (packinfo::temp); empty: beside the sources.
+    /// The folder for a pack's own temporary files (packinfo::temp); empty: beside the sources.
     QString packTemp;
-    /// What the caller writes when a pack is done (packinfo::depfile); empty: nothing.
+    /// The file that the caller writes after a pack (packinfo::depfile); empty: none.
     QString packDepfile;
-    /// The folder that the headers of a pack's project were written to (packinfo::headers); empty: the project's.
+    /// The folder with the headers of a pack's project (packinfo::headers); empty: the folder that the project's
+    /// settings name.
     QString packHeaders;
     /// The error code of the last report, 0 if it had none.
     [[nodiscard]] int LastError() const { return lastError; }
 
 private:
     class Running;
-    // Without a record: its message was too short.
+    // Without a record, the message was too short.
     void RunLoad(const std::optional<CommandRecord> &record);
     void RunSave(const std::optional<CommandRecord> &record);
     void RunPack(const std::optional<PackCommandRecord> &record);

@@ -132,7 +132,7 @@ void IdeCommandServer::WatchConnection(Connection &connection) const
 
 void IdeCommandServer::WatchAll()
 {
-    const bool full = ready.size() >= CONNECTION_LIMIT; // nobody can be closed for a newcomer
+    const bool full = ready.size() >= CONNECTION_LIMIT; // no connection can be closed for a new one
     Watch(listener.Get(), listenerWatch, full ? 0 : quint32(EPOLLIN));
     Watch(readyEvent.Get(), readyWatch, paused || ready.empty() ? 0 : quint32(EPOLLIN));
     for (auto &[id, connection] : connections)
@@ -141,11 +141,11 @@ void IdeCommandServer::WatchAll()
 
 void IdeCommandServer::AcceptWaiting()
 {
-    for (size_t i = 0; i < CONNECTION_LIMIT && ready.size() < CONNECTION_LIMIT; ++i) { // then the others' turn
+    for (size_t i = 0; i < CONNECTION_LIMIT && ready.size() < CONNECTION_LIMIT; ++i) { // then others get their turn
         FileHandle socket = listener.Accept();
         if (!socket.IsOpen() && (errno == EMFILE || errno == ENFILE)) {
             spare = FileHandle();
-            { // refuses one, which would else be reported for ever
+            { // refuses one connection, which would otherwise be reported for ever
                 const FileHandle refused = listener.Accept();
             }
             spare = FileHandle(open("/dev/null", O_RDONLY | O_CLOEXEC));
@@ -159,7 +159,7 @@ void IdeCommandServer::AcceptWaiting()
         connection.socket = std::move(socket);
         connection.watch.id = lastId;
         WatchConnection(connection);
-        Serve(lastId); // now: who has sent a whole command isn't closed for a newcomer
+        Serve(lastId); // now, since a peer that has sent a whole command isn't closed for a new one
     }
 }
 
@@ -238,7 +238,7 @@ IdeCommandServer::Progress IdeCommandServer::SendAnswer(Connection &connection)
     connection.answered += quint32(size);
     if (connection.answered == ANSWER_SIZE) {
         connection.state = Connection::State::Receiving;
-        return Progress::Wait; // its next command comes behind those of others
+        return Progress::Wait; // its next command runs after those of others
     }
     return Progress::More;
 }
@@ -249,7 +249,7 @@ void IdeCommandServer::RunNext()
         return;
     const quint64 id = ready.front();
     ready.pop_front();
-    Connection &connection = *connections.at(id); // one with a command is closed by nobody
+    Connection &connection = *connections.at(id); // a connection with a command is never closed by others
     const QScopedValueRollback running(isRunning, true);
     try {
         connection.BeginAnswer(runner(connection.IdeCommand(), connection.record));

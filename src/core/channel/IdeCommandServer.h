@@ -7,14 +7,16 @@
 #include <memory>
 #include <unordered_map>
 
-/// The main window's place in the runtime folder, where commands arrive.
+/// The main window's socket in the runtime folder, which receives commands.
 ///
-/// A command is `dwData` and `cbData`, 32 bits little-endian each, and `cbData` bytes; the answer, once it has run, is
-/// the runner's result in 32 bits. A connection may send one after another. All of it is non-blocking and behind one
-/// descriptor: when `PollFd` is readable, call `Dispatch`. A poll loop serves it as well as a window's event loop.
+/// A command is `dwData` and `cbData`, 32 bits little-endian each, and `cbData` bytes; the answer, sent when it has
+/// run, is the runner's result in 32 bits. A connection may send several commands, one after another. The server never
+/// blocks and has one descriptor: call `Dispatch` when `PollFd` is readable. It works with a poll loop as well as with
+/// a window's event loop.
 ///
-/// Peers of other users are refused. A peer that is slow, silent or gone holds up nobody: beyond `CONNECTION_LIMIT`
-/// peers the one that has been silent for longest, with no command waiting, is closed. Main thread only.
+/// Peers of other users are refused. A peer that is slow, silent or gone doesn't delay others. Beyond
+/// `CONNECTION_LIMIT` peers, the one that has been silent for longest and has no command waiting is closed. Main thread
+/// only.
 class IdeCommandServer
 {
 public:
@@ -29,30 +31,30 @@ public:
     IdeCommandServer(const IdeCommandServer &) = delete;
     IdeCommandServer &operator=(const IdeCommandServer &) = delete;
 
-    /// Begins to listen at the socket of `WINDOW_SOCKET`. False, and `error` says why, when another program does or the
-    /// socket can't be made.
+    /// Starts listening at the socket `WINDOW_SOCKET`. Returns false, and `error` says why, if another program already
+    /// listens there or the socket can't be made.
     [[nodiscard]] bool Listen(QString &error);
 
-    /// Readable when there is something to do; -1 before `Listen`.
+    /// The descriptor that is readable when there is something to do; -1 before `Listen`.
     [[nodiscard]] int PollFd() const { return epoll.Get(); }
 
-    /// Does what can be done without waiting, and runs one command at most, so that the caller's loop gets its turn.
-    /// Inside a command and while paused it runs only those that wait for nothing. What the runner throws goes through,
+    /// Does what it can without waiting, and runs at most one command, so that the caller's loop can continue. Within a
+    /// command and while paused it only runs commands that wait for nothing. An exception of the runner is passed on,
     /// and the connection is closed without an answer.
     void Dispatch();
 
-    /// Holds commands back while a modal box is open. Peers wait.
+    /// Delays commands while a modal box is open. Peers wait.
     void SetPaused(bool pause);
 
-    /// Says which commands run as soon as they have arrived, whatever else runs or waits: those that touch no document.
-    /// Their runner throws nothing. May be empty.
+    /// Returns true for commands that run as soon as they arrive, whatever else runs or waits: those that use no
+    /// document. Their runner doesn't throw. May be empty.
     std::function<bool(quint32 dwData)> waitsForNothing;
 
     [[nodiscard]] size_t ConnectionCount() const { return connections.size(); }
 
 private:
-    /// A descriptor in the epoll set; out of it while `watched` is 0, since a hang-up is reported without being asked
-    /// for.
+    /// A descriptor of the epoll set. It is removed from the set while `watched` is 0, since a hang-up is always
+    /// reported.
     struct Watched
     {
         quint64 id = 0;
@@ -61,8 +63,8 @@ private:
     struct Connection;
     enum class Progress
     {
-        More, ///< something was moved: try again
-        Wait, ///< nothing to be had now
+        More, ///< data was moved: try again
+        Wait, ///< nothing is available now
         Gone,
     };
 
@@ -80,14 +82,14 @@ private:
     Runner runner;
     FileHandle epoll;
     FileHandle readyEvent; // always readable; watched while commands are ready
-    FileHandle spare;      // given up to refuse a connection when descriptors run out
+    FileHandle spare;      // closed to refuse a connection when descriptors run out
     ListeningSocket listener;
     Watched listenerWatch;
     Watched readyWatch;
     std::unordered_map<quint64, std::unique_ptr<Connection>> connections;
     std::deque<quint64> ready; // connections with a whole command, in order of arrival
     quint64 lastId;
-    quint64 activity = 0; // counts up with every sign of life of a peer
+    quint64 activity = 0; // increases with every activity of a peer
     bool paused = false;
     bool isRunning = false;
 };

@@ -34,7 +34,7 @@ std::optional<milliseconds> IdleDocuments::NextLook(Time now) const
 {
     std::optional<milliseconds> next;
     for (const auto &document : documents.Documents()) {
-        if (limit.count() == 0 || document->IsModified()) // only a command can save it, after which there is a look
+        if (limit.count() == 0 || document->IsModified()) // only a command can save it, and a check follows that
             continue;
         const auto known = lastUse.find(document.get());
         const Time used = known == lastUse.end() ? now : known->second;

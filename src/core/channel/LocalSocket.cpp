@@ -64,7 +64,7 @@ bool SendAll(int connection, const void *bytes, size_t size)
 namespace
 {
 
-/// Takes the lock of a socket. Not open, and `error` says why, when it can't be had.
+/// Takes the lock of a socket. The result isn't open, and `error` says why, if that fails.
 FileHandle TakeLock(const QByteArray &path, ListeningSocket::Turn turn, QString &error)
 {
     const QByteArray name = path + ".lock";
@@ -84,7 +84,8 @@ FileHandle TakeLock(const QByteArray &path, ListeningSocket::Turn turn, QString 
     return lock;
 }
 
-/// Removes what a dead program left at `path`. False, and `error` says why, when something else stands there.
+/// Removes the socket that a dead program left at `path`. Returns false, and `error` says why, if something else is
+/// there.
 bool RemoveStale(const QByteArray &path, QString &error)
 {
     const QString shown = QString::fromLocal8Bit(path);
@@ -103,7 +104,7 @@ bool RemoveStale(const QByteArray &path, QString &error)
     const int answer = ConnectSocket(probe, path);
     if (answer == ENOENT)
         return true;
-    if (answer != ECONNREFUSED) { // a full backlog (EAGAIN) has somebody behind it, too
+    if (answer != ECONNREFUSED) { // a full backlog (EAGAIN) means that a program listens, too
         error = u"another program listens at %1"_s.arg(shown);
         return false;
     }

@@ -12,29 +12,29 @@
 /// The address of a path, which must have come from `SocketPath`.
 [[nodiscard]] sockaddr_un SocketAddress(const QByteArray &path);
 
-/// A stream socket, closed in children.
+/// A stream socket that is closed in child processes.
 [[nodiscard]] FileHandle MakeSocket(int flags = 0);
 
-/// Connects; 0, or the system's error number. Goes on after interrupts.
+/// Connects. Returns 0, or the system's error number. Continues after interrupts.
 [[nodiscard]] int ConnectSocket(const FileHandle &socket, const QByteArray &path);
 
-/// Says whether the other end runs as this user.
+/// True if the other end runs as this user.
 [[nodiscard]] bool IsSameUser(int connection);
 
-/// Sends all of it, waiting where need be; false when the other end is gone. Never raises a signal.
+/// Sends all bytes and waits if necessary. Returns false if the other end is gone. Never raises a signal.
 [[nodiscard]] bool SendAll(int connection, const void *bytes, size_t size);
 
-/// A socket that listens at a path under a lock file beside it ("path.lock"), so that of several programs one listens.
+/// A socket that listens at a path, protected by a lock file beside it ("path.lock"), so that only one of several
+/// programs listens.
 ///
-/// The lock is held as long as this object lives: a socket whose lock is free has nobody behind it, unless it answers
-/// all the same. What is left of a program that was killed is replaced; a socket that answers never is. The lock file
-/// stays.
+/// This object holds the lock as long as it lives: no program serves a socket whose lock is free, unless it answers.
+/// The socket of a program that was killed is replaced; a socket that answers is never replaced. The lock file stays.
 class ListeningSocket
 {
 public:
     enum class Turn
     {
-        Now,  ///< fail while another holds the lock
+        Now,  ///< fail if another program holds the lock
         Wait, ///< wait for it
     };
 
@@ -43,12 +43,12 @@ public:
     ListeningSocket(const ListeningSocket &) = delete;
     ListeningSocket &operator=(const ListeningSocket &) = delete;
 
-    /// False, and `error` says why, when another listens or the socket can't be made.
+    /// Returns false, and `error` says why, if another program listens or the socket can't be made.
     [[nodiscard]] bool Open(const QByteArray &path, Turn turn, QString &error);
-    /// The listening descriptor, non-blocking; -1 when not open.
+    /// The listening descriptor, which is non-blocking; -1 if not open.
     [[nodiscard]] int Get() const { return listener.Get(); }
-    /// The next connection of this user's that waits; others are closed. Not open, and errno tells why, when there is
-    /// none.
+    /// Accepts the next waiting connection of this user; those of other users are closed. The result isn't open, and
+    /// errno has the reason, if there is none.
     [[nodiscard]] FileHandle Accept() const;
 
 private:

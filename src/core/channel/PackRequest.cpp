@@ -19,7 +19,7 @@ bool IsDigit(QChar c)
     return c >= u'0' && c <= u'9';
 }
 
-/// Takes what "%d" would take from the front of `text`; false when that is no number.
+/// Removes from the front of `text` what "%d" would read. Returns false if that isn't a number.
 bool TakeNumber(QStringView &text, int &number)
 {
     qsizetype at = 0;
@@ -30,7 +30,7 @@ bool TakeNumber(QStringView &text, int &number)
         ++at;
     if (at >= text.size() || !IsDigit(text[at]))
         return false;
-    constexpr qint64 bound = qint64(std::numeric_limits<int>::max()) + 1; // the size of the smallest
+    constexpr qint64 bound = qint64(std::numeric_limits<int>::max()) + 1; // the absolute value of the smallest number
     qint64 size = 0;
     for (; at < text.size() && IsDigit(text[at]); ++at)
         size = std::min(size * 10 + (text[at].unicode() - u'0'), bound);

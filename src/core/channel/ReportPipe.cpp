@@ -20,7 +20,7 @@ bool SetBlocking(int socket, bool blocks)
     return flags >= 0 && fcntl(socket, F_SETFL, blocks ? flags & ~O_NONBLOCK : flags | O_NONBLOCK) == 0;
 }
 
-/// Connects to a socket with a full backlog, waiting for a place in it.
+/// Connects to a socket with a full backlog and waits for a place in it.
 int ConnectWaiting(const FileHandle &socket, const QByteArray &path)
 {
     if (!SetBlocking(socket.Get(), true) ||
@@ -103,7 +103,7 @@ bool ReportPipe::SendHeld()
     return true;
 }
 
-/// False when the program is to end meanwhile.
+/// Returns false if the program must end while it waits.
 bool ReportPipe::WaitForRoom() const
 {
     pollfd events[] = {{connection.Get(), POLLOUT, 0}, {ending, POLLIN, 0}};

@@ -7,16 +7,16 @@
 
 /// The report pipe to an IDE: a stream socket that the IDE serves, written as UTF-16LE without framing or terminator.
 ///
-/// Each line costs a system call, so a long run of lines is gathered: the first lines since `Open` or `Flush` go out at
-/// once, the next wait until 32 KiB are together, until 50 ms have passed at the next line, or for `Flush` or `Close`.
+/// Each line costs a system call, so many lines are gathered. The first lines after `Open` or `Flush` are sent at once.
+/// Later lines wait until there are 32 KiB, until a line is written more than 50 ms later, or until `Flush` or `Close`.
 class ReportPipe : public IReportPipe
 {
 public:
-    /// `endRequest`: a descriptor that becomes readable when the program is to end; a write that an IDE leaves waiting
-    /// is given up then. -1: none. Not owned.
+    /// `endRequest`: a descriptor that becomes readable when the program must end; a write that waits for an IDE is
+    /// then abandoned. -1: none. Not owned.
     explicit ReportPipe(int endRequest = -1) : ending(endRequest) {}
 
-    /// Connects to the socket of `PIPE_SOCKET`. Where the IDE's backlog is full, waits 2000 ms for a place.
+    /// Connects to the socket `PIPE_SOCKET`. If the IDE's backlog is full, waits up to 2000 ms for a place.
     bool Open() override;
     [[nodiscard]] bool IsOpen() const override { return connection.IsOpen(); }
     void Write(QStringView text) override;
@@ -36,6 +36,6 @@ private:
     FileHandle connection;
     QByteArray held;
     std::chrono::steady_clock::time_point heldSince;
-    int linesAtOnce = 0; // how many more go out without delay
+    int linesAtOnce = 0; // the number of lines that are still sent without delay
     bool broken = false;
 };

@@ -16,7 +16,7 @@ constexpr qsizetype SOCKET_PATH_LIMIT = qsizetype(sizeof(sockaddr_un::sun_path))
 
 constexpr mode_t WRITABLE_BY_OTHERS = S_IWGRP | S_IWOTH;
 
-/// False for the session's folder of the user who called su or sudo, and for one that is gone.
+/// Returns false for the session folder of the user who called su or sudo, and for a folder that no longer exists.
 bool IsOwnFolder(const QByteArray &path)
 {
     struct stat info;
@@ -40,7 +40,7 @@ QByteArray EnsureRuntimeFolder(QString &error)
 {
     QByteArray folder = ChosenFolder();
     while (folder.size() > 1 && folder.endsWith('/'))
-        folder.chop(1); // a link with a separator behind it would be followed
+        folder.chop(1); // a link with a separator after it would be followed
     const QString shown = QString::fromLocal8Bit(folder);
     if (!folder.startsWith('/')) { // the current directory changes with every project
         error = u"the runtime folder %1 has no absolute path; change MORVANITE_RUNTIME_DIR"_s.arg(shown);

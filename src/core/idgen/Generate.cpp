@@ -25,7 +25,7 @@ QString MainHeader(const Environment &env)
     return env.settings.String("ResID", "main_header", "ResID.h");
 }
 
-/// The headers that one run makes, and the names that are in one already.
+/// The headers that one run makes, and the names that already have a line.
 class HeaderRun
 {
 public:
@@ -70,7 +70,7 @@ private:
 
     void DefineThoseOf(const std::vector<IDRecord *> &sorted, bool push, Header &header)
     {
-        const NarrowText *last = nullptr; // equal names stand together
+        const NarrowText *last = nullptr; // equal names are adjacent
         for (size_t i = 0; i < sorted.size(); ++i) {
             const IDRecord &record = *sorted[i];
             if (record.push != push || (last && *last == record.name) || inComponents.contains(record.name) ||
@@ -79,15 +79,16 @@ private:
             last = &record.name;
             if (!Define(record, header))
                 continue;
-            // A name whose records differ in kind stands once, in the first group; few need to be remembered for that.
+            // A name whose records differ in kind has one line, in the first group. Only names with several records are
+            // remembered.
             const bool hasBefore = i > 0 && sorted[i - 1]->name == record.name;
             if (hasBefore || (i + 1 < sorted.size() && sorted[i + 1]->name == record.name))
                 written.insert(record.name);
         }
     }
 
-    /// Adds an ID's line to a header. False for a name with a control character: what follows a line end in it would
-    /// become lines of the header.
+    /// Adds an ID's line to a header. Returns false for a name with a control character: text after a line end in it
+    /// would become lines of the header.
     bool Define(const IDRecord &record, Header &header)
     {
         const auto isControl = [](char c) { return quint8(c) < 0x20 || c == 0x7F; };

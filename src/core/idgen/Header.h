@@ -2,11 +2,11 @@
 
 #include "IDPool.h"
 
-/// A generated header and the places that it can be written to.
+/// A generated header and its paths.
 struct GeneratedHeader
 {
-    QString path; ///< where a save writes it
-    QString name; ///< its path in the folder of the headers; a setting may give an absolute one
+    QString path; ///< the path that a save writes to
+    QString name; ///< its path within the folder of the headers; a setting may make it absolute
     QByteArray text;
 };
 
@@ -14,12 +14,12 @@ struct GeneratedHeader
 class Header
 {
 public:
-    /// Begins with the banner and the guard, which both come from `fileName`.
+    /// Begins with the banner and the include guard, which are both made from `fileName`.
     explicit Header(const NarrowText &fileName);
 
     void Define(const IDRecord &record);
     void EmptyLine() { text += "\r\n"; }
-    /// Ends the header: its whole text.
+    /// Ends the header and returns its whole text.
     [[nodiscard]] QByteArray Finish();
 
 private:
@@ -27,8 +27,8 @@ private:
     QByteArray text;
 };
 
-/// The path of a header that the settings call `name` in a folder of its own: below it, whatever the name is.
+/// The path in `folder` of a header that the settings call `name`. It is always below `folder`, whatever the name is.
 [[nodiscard]] QString HeaderIn(const QString &folder, const QString &name);
 
-/// The guard word of a file name: small letters in capitals, and "_" for dots and separators.
+/// The include guard of a file name: lower case becomes upper case, and dots and separators become "_".
 [[nodiscard]] NarrowText GuardName(NarrowText fileName);

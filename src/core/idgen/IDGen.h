@@ -10,20 +10,20 @@ class CResModel;
 class Environment;
 class IDPool;
 
-/// Numbers the IDs of a project and writes the C headers that carry the numbers.
+/// Numbers the IDs of a project and writes the C headers with the numbers.
 class IDGen
 {
 public:
-    /// Gives every ID its value from the byte order of the names. 0; -1 without a pool; -2 when a range overflows, and
-    /// then the IDs visited so far have their new values.
+    /// Gives every ID its value, in the byte order of the names. Returns 0; -1 without a pool; -2 if a range overflows,
+    /// in which case the IDs visited so far have their new values.
     [[nodiscard]] static int FillValue(Environment &env, IDPool *pool);
 
-    /// Numbers, and writes the headers into `outputFolder` unless that is empty. 0, or FillValue's failure, and then no
-    /// header is written. A header that can't be written is no failure.
+    /// Numbers the IDs, and writes the headers to `outputFolder` unless that is empty. Returns 0, or the failure of
+    /// FillValue, in which case no header is written. A header that can't be written isn't a failure.
     [[nodiscard]] static int Generate(IDPool *pool, const QString &outputFolder, CResModel &document);
 
-    /// Numbers, and gives the headers that Generate would write into `outputFolder`, in the order of their writing.
-    /// Writes nothing. FillValue's result; no header when that isn't 0.
+    /// Numbers the IDs, and makes the headers that Generate would write to `outputFolder`, in the order of writing.
+    /// Writes nothing. Returns the result of FillValue; there is no header unless it is 0.
     [[nodiscard]] static int MakeHeaders(IDPool *pool, const QString &outputFolder, CResModel &document,
                                          std::vector<GeneratedHeader> &headers);
 

@@ -3,7 +3,7 @@
 namespace
 {
 
-/// The next word of a line, which it is taken off.
+/// Removes the next word from a line and returns it.
 QByteArrayView TakeWord(QByteArrayView &line)
 {
     const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };

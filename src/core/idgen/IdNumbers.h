@@ -10,7 +10,7 @@
 class IdNumbers
 {
 public:
-    /// Takes the lines `#define NAME NUMBER`; all others are passed over. Of two with one name the first counts.
+    /// Reads the lines `#define NAME NUMBER` and ignores all others. If a name occurs twice, the first line counts.
     void Read(QByteArrayView header);
     [[nodiscard]] std::optional<quint32> Find(const NarrowText &name) const;
 

@@ -6,7 +6,7 @@
 namespace
 {
 
-/// A record and eight bytes of its name, so that most comparisons need no look into the name itself.
+/// A record and eight bytes of its name, so that most comparisons don't need the name itself.
 struct Keyed
 {
     quint64 head;
@@ -23,7 +23,7 @@ quint64 Head(const NarrowText &name, qsizetype from)
     return head;
 }
 
-/// How many bytes all names have in common.
+/// The length of the common prefix of all names, in bytes.
 qsizetype CommonPrefix(const std::vector<Keyed> &keyed)
 {
     const NarrowText &one = keyed.front().record->name;
@@ -36,12 +36,12 @@ qsizetype CommonPrefix(const std::vector<Keyed> &keyed)
     return common;
 }
 
-/// Sorts names that are equal up to `from` by the eight bytes from there on, then each group that is still equal in the
+/// Sorts names that are equal up to `from` by the next eight bytes, then sorts each group that is still equal in the
 /// same way.
 void Sort(Place first, Place behind, qsizetype from)
 {
     constexpr ptrdiff_t FEW = 12;
-    constexpr qsizetype LONGEST = 64; // of a valid name; others may be of any length, and equal in all of it
+    constexpr qsizetype LONGEST = 64; // of a valid name; invalid names may have any common prefix
     if (behind - first <= FEW || from > LONGEST) {
         std::stable_sort(first, behind, [](const Keyed &a, const Keyed &b) { return a.record->name < b.record->name; });
         return;

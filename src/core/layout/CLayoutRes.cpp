@@ -10,7 +10,7 @@ CLayoutRes::CLayoutRes(LayoutFileRef fileRef, LayoutObject *object, const ClassC
 
 CLayoutRes::~CLayoutRes()
 {
-    components.clear(); // before what they point into
+    components.clear(); // before the components that they point to
     file->Remove(Id());
 }
 
@@ -88,7 +88,7 @@ bool CLayoutRes::MoveComponent(CZulClass *newParent, CZulClass *object)
     if (object->parent == newParent)
         return true;
     if (newParent && !newParent->component)
-        return false; // it has no place for another
+        return false; // it can't hold another
     for (const CZulClass *above = newParent; above; above = above->parent) {
         if (above == object)
             return false;

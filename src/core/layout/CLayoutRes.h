@@ -5,8 +5,8 @@
 #include "Resources.h"
 #include "ZulType.h"
 
-/// A layout in the resource tree: its components and the typed objects that lie over them, which have the same places
-/// in both trees.
+/// A layout in the resource tree: its components and the typed objects bound to them. Both trees have the same
+/// structure.
 ///
 /// Owns the layout through the file: destroying it takes the layout out of the file.
 class CLayoutRes : public CBaseRes
@@ -14,31 +14,32 @@ class CLayoutRes : public CBaseRes
 public:
     ~CLayoutRes() override;
 
-    /// Opens a layout of a file. Null, and the layout is gone from the file, when a component is of a type that is no
-    /// class.
+    /// Opens a layout of a file. If the type of a component isn't a class, returns null and removes the layout from the
+    /// file.
     [[nodiscard]] static std::unique_ptr<CLayoutRes> Create(const LayoutFileRef &file, LayoutObject *layout,
                                                             const ClassCatalogue &catalogue);
-    /// Makes a layout without components and enters it in the file. Null when the file has one of that ID.
+    /// Makes a layout without components and adds it to the file. Returns null if the file has a layout with that ID.
     [[nodiscard]] static std::unique_ptr<CLayoutRes> CreateEmpty(IDRecord *record, const LayoutFileRef &file,
                                                                  const ClassCatalogue &catalogue);
 
     [[nodiscard]] LayoutObject &Layout() const { return *layout; }
     [[nodiscard]] const LayoutFileRef &File() const { return file; }
-    /// The top level; changes only together with the layout's, through the operations below.
+    /// The top level. It changes only together with the layout's own, through the operations below.
     [[nodiscard]] const std::vector<std::unique_ptr<CZulClass>> &Components() const { return components; }
 
-    /// Appends a component with all that lies in it to the top level. Null, and the component is gone, when it is of a
-    /// type that is no class.
+    /// Appends a component with all its sub-components to the top level. Returns null, and destroys the component, if
+    /// its type isn't a class.
     CZulClass *AddComponent(Environment &env, std::unique_ptr<ComponentObject> component);
-    /// Destroys a component of the top level with all that lies in it. Nothing happens when it is none.
+    /// Destroys a component of the top level with all its sub-components. Does nothing if `object` isn't one.
     bool DeleteComponent(CZulClass *object);
-    /// Moves a component to the end of another, or of the top level when `newParent` is null. False, and no change,
-    /// when that lies in it.
+    /// Moves a component to the end of another, or of the top level if `newParent` is null. Returns false, and changes
+    /// nothing, if `newParent` is inside of the component.
     bool MoveComponent(CZulClass *newParent, CZulClass *object);
-    /// The first component of that name, each before those that lie in it; null when there is none. The time doesn't
-    /// grow with the layout, but for a name that several have, and for the empty one.
+    /// The first component with that name, searching a component before its sub-components; null if there is none. The
+    /// time doesn't depend on the size of the layout, except for the empty name and a name that several components
+    /// have.
     [[nodiscard]] CZulClass *FindComponent(const NarrowText &name) const;
-    /// A name for a new component that none has: counts `counter` up to the next that is free, at least by one.
+    /// Returns an unused name for a new component. Increments `counter`, at least once, until the name is free.
     [[nodiscard]] NarrowText NewName(quint32 &counter) const;
 
 private:
@@ -51,5 +52,5 @@ private:
     LayoutFileRef file;
     LayoutObject *layout; // the file owns it
     std::vector<std::unique_ptr<CZulClass>> components;
-    mutable std::unique_ptr<ComponentNames> names; // null until it is needed: only an editor looks for names
+    mutable std::unique_ptr<ComponentNames> names; // null until it is needed: only an editor looks up names
 };

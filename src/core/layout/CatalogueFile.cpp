@@ -17,11 +17,11 @@ namespace
 {
 
 constexpr char UNREADABLE[] = "catalogue.unreadable";
-constexpr int MOST_ERRORS = 1000; // told
+constexpr int MOST_ERRORS = 1000; // reported
 constexpr qsizetype LONGEST_NAME = 64;
-constexpr int MOST_VALUES = 1000; // of an object, those of its base and of its members included
+constexpr int MOST_VALUES = 1000; // of an object, including those of its base and its members
 
-/// Attributes that a component has by itself, or that aren't kept.
+/// Attributes that every component has, or that aren't kept.
 constexpr QByteArrayView RESERVED[] = {"name", "prop", "rect"};
 
 bool IsIdentifier(QByteArrayView name)
@@ -31,7 +31,7 @@ bool IsIdentifier(QByteArrayView name)
            std::all_of(name.begin(), name.end(), [&](char c) { return isLetter(c) || (c >= '0' && c <= '9'); });
 }
 
-/// One reading of a catalogue file.
+/// Reads one catalogue file.
 class CatalogueReader
 {
 public:
@@ -84,7 +84,7 @@ public:
             errors.push_back({code, Severity::Error, file, line, {}, text});
     }
 
-    /// Says how many errors weren't told.
+    /// Adds a line with the number of errors that weren't reported.
     void Close()
     {
         if (count > MOST_ERRORS)
@@ -108,8 +108,8 @@ private:
             UNDER_WAY,
             DONE,
         } state = NEW;
-        int levels = 0; // it and the deepest that it holds or derives from
-        int values = 0; // all that an object of it has
+        int levels = 0; // of nesting: itself and the deepest type that it has as a member or base
+        int values = 0; // of an object of this type
     };
 
     static QString Text(const char *text) { return QString::fromUtf8(text); }
@@ -134,7 +134,7 @@ private:
         });
     }
 
-    /// The attribute's value; empty, and an error, when it is missing or no identifier.
+    /// The attribute's value. Empty, with an error, if it is missing or isn't an identifier.
     NarrowText Identifier(const TiXmlElement &element, const char *attribute)
     {
         const char *const text = element.Attribute(attribute);
@@ -264,7 +264,7 @@ private:
         }
     }
 
-    /// Finds types that hold themselves, and those that are too deep or too large. `depth` bounds the recursion.
+    /// Finds types that contain themselves, and types that are too deep or too large. `depth` bounds the recursion.
     void Measure(Definition &definition, int depth)
     {
         if (definition.state != Definition::NEW)
@@ -280,7 +280,7 @@ private:
             }
         }
         definition.state = Definition::DONE;
-        // Those that hold one that is too large aren't told of as well.
+        // Types that contain a type that is too large aren't reported again.
         if (definition.values > MOST_VALUES && definition.values < TOO_MANY) {
             Error(definition.line, QStringLiteral("\"%1\" has more than %2 values, with those of its base and members")
                                        .arg(Text(descriptor.name))
@@ -375,7 +375,7 @@ QStringList CatalogueErrors(const std::vector<Finding> &errors)
 {
     QStringList lines;
     for (const Finding &error : errors) {
-        // A file that isn't there is named with its folder.
+        // A file that doesn't exist is named with its folder.
         const QString name = std::string_view(error.code) == UNREADABLE ? error.file : QFileInfo(error.file).fileName();
         lines.append((error.line > 0 ? QStringLiteral("%1, line %2: ").arg(name).arg(error.line) : name + u": "_s) +
                      error.text);

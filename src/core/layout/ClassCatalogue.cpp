@@ -3,7 +3,7 @@
 namespace
 {
 
-/// A walk is as fast as the table up to here.
+/// Up to this number of entries a linear search is as fast as the table.
 constexpr size_t FEW = 8;
 
 } // namespace

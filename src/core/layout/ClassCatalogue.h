@@ -28,15 +28,15 @@ struct ClassDescriptor
     NarrowText name;
     NarrowText baseName; ///< of a class's base; empty for none
     qint32 kind = CLASS_CLASS;
-    bool excluded = false; ///< not offered to whoever makes components
+    bool excluded = false; ///< not offered for new components
     std::vector<Item> items;
-    /// Made of the items with the first object of this type; they stay as they are from then on.
+    /// Made from the items when the first object of this type is made; the items must not change after that.
     mutable std::shared_ptr<const MemberTable> table;
 };
 
-/// The types that layouts are made of beside the built-in ones. Empty unless a file of definitions was read.
+/// The types of layouts, apart from the built-in ones. Empty unless a file of definitions was read.
 ///
-/// Entries are added at the end and keep their names: look-ups are hashed. Main thread only.
+/// Entries are only added at the end and keep their names, since look-ups use a hash table. Main thread only.
 class ClassCatalogue
 {
 public:
@@ -44,12 +44,12 @@ public:
     QString path;        ///< of the file it was read from
     bool loaded = false; ///< a file was read
 
-    /// The first entry of exactly that name, of any kind; null when there is none.
+    /// The first entry with exactly that name, of any kind; null if there is none.
     [[nodiscard]] const ClassDescriptor *Find(const NarrowText &name) const;
-    /// Appends the names of the classes, in the order of the entries; how many they are.
+    /// Appends the names of the classes in the order of the entries. Returns their number.
     int CollectClassNames(std::vector<NarrowText> &names) const;
 
 private:
     mutable QHash<NarrowText, size_t> places; // of the first entry of each name
-    mutable size_t placesOf = 0;              // how many entries the table knows
+    mutable size_t placesOf = 0;              // the number of entries in `places`
 };

@@ -6,31 +6,31 @@
 
 class CZulClass;
 
-/// The names of a layout's components. Looking one up takes the same time however many there are, and however many
-/// have the same name. Components without a name aren't in it.
+/// The names of a layout's components. A look-up takes constant time, however many names there are and however many
+/// components have the same name. Components without a name aren't in it.
 ///
-/// CLayoutRes makes it when a component is first looked for; from then on each CZulClass of the tree keeps it up to
-/// date when it takes in, gives away or renames a component.
+/// CLayoutRes makes it when a component is first looked up. From then on each CZulClass of the tree keeps it up to date
+/// when it adds, removes or renames a component.
 class ComponentNames
 {
 public:
-    /// Takes in a component and all below it.
+    /// Adds a component and all its descendants.
     void Add(CZulClass &object);
-    /// Takes out a component and all below it.
+    /// Removes a component and all its descendants.
     void Remove(CZulClass &object);
-    /// One component is now called `to` instead of `from`.
+    /// Records that a component's name has changed from `from` to `to`.
     void Rename(CZulClass &object, const NarrowText &from, const NarrowText &to);
 
-    /// How many components have that name.
+    /// The number of components with that name.
     [[nodiscard]] int CountOf(const NarrowText &name) const { return names.value(name).count; }
-    /// The component of that name, when it is the only one.
+    /// The component with that name if there is exactly one; otherwise null.
     [[nodiscard]] CZulClass *OnlyOne(const NarrowText &name) const;
 
 private:
     struct Bearers
     {
         int count = 0;
-        quintptr combined = 0; // the addresses of all, by exclusive or: of a single one it is the address
+        quintptr combined = 0; // exclusive or of their addresses; the address itself if there is only one
     };
 
     void Enter(const NarrowText &name, const CZulClass &object);

@@ -13,10 +13,10 @@ struct AttributeRecord
     NarrowText value;
 };
 
-/// A component of a layout as the layout file has it. Owns the components below it.
+/// A component of a layout as the layout file has it. Owns its sub-components.
 ///
-/// This tree is what is saved; the typed objects (ZulTypes.h) point into it and write into it. So a record stays where
-/// it is as long as its component lives.
+/// This tree is what a save writes. The typed objects (ZulType.h) point to its records and write to them, so a record
+/// keeps its address as long as its component lives.
 class ComponentObject
 {
 public:
@@ -25,8 +25,8 @@ public:
     std::list<AttributeRecord> attributes;
     std::vector<std::unique_ptr<ComponentObject>> children;
 
-    /// The value of the first attribute of that name, or the empty text.
+    /// The value of the first attribute with that name, or an empty text.
     [[nodiscard]] const NarrowText &GetAttribute(const NarrowText &attribute) const;
-    /// Appends a record, without a look at those that are there.
+    /// Appends a record without checking the existing ones.
     AttributeRecord *AddAttribute(const NarrowText &attribute, const NarrowText &value);
 };

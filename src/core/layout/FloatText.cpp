@@ -15,7 +15,7 @@ locale_t PlainLocale()
     return plain;
 }
 
-/// The calling thread reads and prints numbers in the plain locale while this lives.
+/// While this object lives, the calling thread reads and prints numbers in the plain locale.
 class InPlainLocale
 {
 public:

@@ -2,13 +2,13 @@
 
 #include "Text.h"
 
-// Numbers with a decimal point, which is a point whatever the locale of the process says.
+// Numbers with a decimal point, independent of the locale of the process.
 
 /// The standard atof.
 [[nodiscard]] float ParseFloat(const NarrowText &text);
 
-/// "(%f, %f)". Stores the numbers that it reaches, like scanf; `behind` tells whether something stands between the
-/// second number and ")".
+/// "(%f, %f)". Stores the numbers that match, like scanf. `behind` is true if there is text between the second number
+/// and ")".
 struct FloatPair
 {
     int fields = 0;

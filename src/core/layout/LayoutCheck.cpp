@@ -21,14 +21,14 @@ constexpr char PROPERTY[] = "layout.property";
 constexpr char VALUE[] = "layout.value";
 constexpr char REFERENCE[] = "layout.reference";
 
-/// Says whether a member is an element of its own in a file.
+/// True if a member is an element of its own in a file.
 bool IsMadeOfMembers(const CZulType &member)
 {
     const qint32 id = member.GetTypeId();
     return (id == TYPE_CLASS || id == TYPE_STRUCTURE) && TypeIdOf(member.typeName) != TYPE_STATE_IMAGE;
 }
 
-/// One check of a layout file.
+/// Checks one layout file.
 class LayoutChecker
 {
 public:
@@ -118,7 +118,8 @@ private:
         CheckContent(component, static_cast<const CZulClass *>(type));
     }
 
-    /// An object of the element's type, which stands for all; null, and a finding, when there is no such type.
+    /// An object of the element's type, shared by all elements of that type. Null, with a finding, if there is no such
+    /// type.
     const CZulType *TypeOf(const TiXmlElement &element)
     {
         if (catalogue.entries.empty())
@@ -138,7 +139,7 @@ private:
         return type.get();
     }
 
-    /// `type` is null when nothing is known about the element.
+    /// `type` is null if nothing is known about the element.
     void CheckContent(const TiXmlElement &element, const CZulCustom *type)
     {
         for (const TiXmlAttribute *attribute = element.FirstAttribute(); attribute; attribute = attribute->Next()) {
@@ -252,12 +253,12 @@ private:
 
     const Environment &env;
     const QString &file;
-    QString layoutId; // of the layout at hand
+    QString layoutId; // of the current layout
     const ClassCatalogue &catalogue;
     const FindReference &find;
     std::map<NarrowText, std::unique_ptr<CZulType>> types;
     QSet<QString> ids;                    // of the layouts, in capitals
-    QHash<QByteArray, int> namesOfLayout; // of the components of the layout at hand, with their lines
+    QHash<QByteArray, int> namesOfLayout; // of the components of the current layout, with their lines
 };
 
 } // namespace

@@ -15,11 +15,11 @@ constexpr char ROOT[] = "TarvoXML";
 constexpr char LAYOUT[] = "Layout";
 constexpr char ID[] = "id";
 constexpr char NAME[] = "name";
-constexpr char RECT[] = "rect"; // of old files; nobody reads it
+constexpr char RECT[] = "rect"; // of old files; not used
 
 } // namespace
 
-/// Turns elements into components. Equal names share their bytes: a file has few.
+/// Turns elements into components. Equal names share their bytes, since a file has few different ones.
 class ComponentReader
 {
 public:
@@ -27,7 +27,7 @@ public:
     {
     }
 
-    /// A text in the code page. Notes one that isn't the same there.
+    /// Converts a text to the code page. Notes a text that changes by that.
     NarrowText Narrow(const TiXmlElement &element, const char *text)
     {
         constexpr size_t MOST = 100;
@@ -39,7 +39,7 @@ public:
         return FromXml(env, text);
     }
 
-    /// Nesting is bounded: the file was read by LoadXml.
+    /// The nesting is bounded, since LoadXml has read the file.
     std::unique_ptr<ComponentObject> Read(const TiXmlElement &element)
     {
         auto component = std::make_unique<ComponentObject>();
@@ -79,7 +79,7 @@ class LayoutPrinter
 public:
     explicit LayoutPrinter(Environment &environment) : env(environment), xml(environment) {}
 
-    /// False for what no file can hold.
+    /// Returns false for layouts that a file can't hold.
     bool Print(const LayoutFileObject::Layouts &layouts)
     {
         xml.BeginElement(ROOT);
@@ -101,7 +101,7 @@ public:
 private:
     bool Print(const ComponentObject &component, int depth)
     {
-        constexpr int DEEPEST = 256; // before the bounds are looked at: this recurses
+        constexpr int DEEPEST = 256; // checked before the other bounds, since this recurses
         const QByteArray &className = XmlName(component.className);
         if (className.isEmpty() || depth > DEEPEST)
             return false;
@@ -120,7 +120,8 @@ private:
         return true;
     }
 
-    /// An attribute stands where its name comes first, with the last value. The component's name has its own.
+    /// An attribute is printed at the first place of its name, with the last value. The component's name is printed
+    /// separately.
     bool Print(const ComponentObject &component, std::list<AttributeRecord>::const_iterator record)
     {
         const auto isSame = [&](const AttributeRecord &other) {
@@ -143,7 +144,7 @@ private:
         return true;
     }
 
-    /// A name as the file has it; empty for a text that is none.
+    /// A name in the form of the file; empty if the text isn't a valid name.
     const QByteArray &XmlName(const NarrowText &name)
     {
         const auto [place, isNew] = names.try_emplace(name.constData());
@@ -156,7 +157,7 @@ private:
 
     const Environment &env;
     XmlWriter xml;
-    std::unordered_map<const char *, QByteArray> names; // by their bytes, which equal ones share
+    std::unordered_map<const char *, QByteArray> names; // by the address of their bytes, which equal names share
 };
 
 } // namespace
@@ -194,8 +195,8 @@ int LayoutFileObject::Convert(TiXmlDocument &document)
         return LAYOUT_WRONG_ROOT;
     }
     ComponentReader components(env, *this);
-    // Each layout of the parser goes as soon as it is read, and not sooner: components that are laid into the gaps of
-    // its tree lie far apart, and take twice as long to save.
+    // Each layout is removed from the parser's tree as soon as it is converted, but not earlier: components allocated
+    // in the gaps of that tree are far apart, and take twice as long to save.
     while (TiXmlNode *node = root->FirstChild()) {
         if (const TiXmlElement *element = node->ToElement()) {
             if (element->ValueStr() != LAYOUT) {
@@ -215,7 +216,7 @@ int LayoutFileObject::ConvertLayout(const TiXmlElement &element, ComponentReader
 {
     const char *id = element.Attribute(ID);
     if (!id) {
-        env.DebugTrace("Not Enough Memory when new LayoutObject"); // its words for this too
+        env.DebugTrace("Not Enough Memory when new LayoutObject"); // the same message for this
         return LAYOUT_NO_ID;
     }
     IDRecord *record = pool.Allocate(components.Narrow(element, id), resolution);

@@ -22,21 +22,21 @@ enum LayoutCode : int
     LAYOUT_WRONG_CHILD = -1503, ///< of the root
     LAYOUT_NO_ID = -1505,
     LAYOUT_ID_REFUSED = -1506,        ///< it is taken
-    LAYOUT_CANT_BE_READ_BACK = -1512, ///< a component that no file can hold: too deep, too many attributes, no name
+    LAYOUT_CANT_BE_READ_BACK = -1512, ///< a component that a file can't hold: too deep, too many attributes, no name
 };
 
 /// One layout: the components of one screen. Owns them.
 class LayoutObject
 {
 public:
-    /// Holds the ID.
+    /// Holds a reference to the ID.
     explicit LayoutObject(IDRecord *record) : id(record) { id->AddRef(); }
     ~LayoutObject() { id->Release(); }
     LayoutObject(const LayoutObject &) = delete;
     LayoutObject &operator=(const LayoutObject &) = delete;
 
     [[nodiscard]] IDRecord *Id() const { return id; }
-    /// Appends to the top level. -1, and a line in the developer's log, without a component.
+    /// Appends to the top level. Returns -1, and writes a line to the developer's log, if `component` is null.
     int AddComponent(Environment &env, std::unique_ptr<ComponentObject> component);
 
     std::vector<std::unique_ptr<ComponentObject>> components; ///< the top level
@@ -45,7 +45,7 @@ private:
     IDRecord *id;
 };
 
-/// The layouts of one resolution, which lie in one XML file.
+/// The layouts of one resolution, which are in one XML file.
 ///
 ///     LayoutFileObject file(env, pool, resolution);
 ///     if (file.Load("res\\layout_demo_240x320.xml") == 0) ...
@@ -60,33 +60,33 @@ public:
     {
     }
 
-    /// Reads a file. 0 or a LayoutCode; the layouts before the one that is wrong stay.
+    /// Reads a file. Returns 0 or a LayoutCode; the layouts before a faulty one are kept.
     [[nodiscard]] int Load(const NarrowText &file);
-    /// Replaces a file, together with the others of a transaction that is under way. 0 or a LayoutCode, and then the
-    /// file is as it was.
+    /// Replaces a file, together with the other files of a running transaction. Returns 0, or a LayoutCode; the file is
+    /// then unchanged.
     [[nodiscard]] int Save(const NarrowText &file);
 
-    /// -1 when there is one of that ID.
+    /// Returns -1 if there is a layout with that ID.
     int Add(std::unique_ptr<LayoutObject> layout);
-    /// The layout of that ID, or null.
+    /// The layout with that ID, or null.
     [[nodiscard]] LayoutObject *Find(const IDRecord *id) const;
-    /// Destroys the layout of that ID, if there is one.
+    /// Destroys the layout with that ID, if there is one.
     void Remove(const IDRecord *id);
-    /// In the order of the file, new ones behind.
+    /// In the order of the file, followed by new ones.
     [[nodiscard]] const Layouts &All() const { return layouts; }
 
     NarrowText path;     ///< of the file that was read; empty for a new one
     qint16 resolution;   ///< index
-    bool loaded = false; ///< a file was read whole
+    bool loaded = false; ///< a complete file was read
 
-    /// A text that the code page has no form of: a save replaces characters of it.
+    /// A text that the code page can't express; a save replaces some of its characters.
     struct LostText
     {
         int row = 0; ///< of its element
         QString text;
     };
-    std::vector<LostText> lost; ///< the first hundred of the file that was read
-    int lostTexts = 0;          ///< how many there are
+    std::vector<LostText> lost; ///< the first hundred in the file that was read
+    int lostTexts = 0;          ///< the number of all such texts
 
 private:
     [[nodiscard]] int Convert(TiXmlDocument &document);
@@ -98,5 +98,5 @@ private:
     std::unordered_map<const IDRecord *, Layouts::iterator> byId;
 };
 
-/// Each layout of a resolution holds its file; with the last of them it goes.
+/// Each layout of a resolution shares ownership of its file; the last one destroys it.
 using LayoutFileRef = std::shared_ptr<LayoutFileObject>;

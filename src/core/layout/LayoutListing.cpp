@@ -11,7 +11,7 @@ namespace
 
 constexpr QByteArrayView MEMBER_ATTRIBUTE = "prop";
 
-/// In quotes, on one line.
+/// Puts a text in quotes, on one line.
 QByteArray OnOneLine(const QByteArray &text)
 {
     return Quoted(text, [](QByteArray &to, char c) {
@@ -72,7 +72,7 @@ private:
         text += QByteArray(4 * --depth, ' ') + bracket;
         isFirst = false;
     }
-    /// What comes between two values, or in front of the first.
+    /// Writes what comes between two values, or before the first.
     void Next()
     {
         if (!isAfterKey && depth > 0)
@@ -81,7 +81,7 @@ private:
     }
     void AppendString(const QString &value)
     {
-        // Quoted as the only entry of a list, which is "[", the text and "]".
+        // The text is quoted as the only entry of a list, which is "[", the quoted text and "]".
         const QByteArray list = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
         text += QByteArrayView(list).sliced(1, list.size() - 2);
     }
@@ -92,8 +92,8 @@ private:
     bool isAfterKey = false;
 };
 
-/// The properties in the order of the file. Of equal names the first gives the place and the last the value, as in a
-/// saved file.
+/// Writes the properties in the order of the file. If a name occurs several times, the first gives the place and the
+/// last the value, as in a saved file.
 void WriteProperties(JsonWriter &json, const Environment &env, const ComponentObject &component)
 {
     std::vector<const AttributeRecord *> properties;

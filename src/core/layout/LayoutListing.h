@@ -10,7 +10,7 @@ struct ListedLayout
     const LayoutObject *layout;
 };
 
-/// One line a component, indented: class, name, the member that it is, properties.
+/// One indented line for each component: class, name, the member of its parent that it is, properties.
 [[nodiscard]] QByteArray LayoutsText(const Environment &env, const std::vector<ListedLayout> &layouts);
-/// A component's properties are in the order of the file.
+/// The same as JSON; a component's properties are in the order of the file.
 [[nodiscard]] QByteArray LayoutsJson(const Environment &env, const std::vector<ListedLayout> &layouts);

@@ -5,10 +5,10 @@
 namespace
 {
 
-/// A walk is as fast as the table up to here.
+/// Up to this number of members a linear search is as fast as the table.
 constexpr size_t FEW = 8;
 
-/// Says whether `CreateType` makes something of that type.
+/// True if `CreateType` can make an object of that type.
 bool CanBeMade(const ClassCatalogue &catalogue, const NarrowText &typeName)
 {
     if (TypeIdOf(typeName) != TYPE_UNKNOWN)
@@ -22,7 +22,7 @@ bool CanBeMade(const ClassCatalogue &catalogue, const NarrowText &typeName)
 MemberTable::MemberTable(const ClassDescriptor &definition, const ClassCatalogue &catalogue)
 {
     for (const ClassDescriptor::Item &item : definition.items) {
-        // No type holds itself; and the first of a name counts.
+        // No type contains itself, and the first member with a name counts.
         if (item.typeName == definition.name || places.contains(item.name) || !CanBeMade(catalogue, item.typeName))
             continue;
         places.insert(item.name, int(members.size()));

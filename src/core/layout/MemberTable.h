@@ -2,7 +2,7 @@
 
 #include "ClassCatalogue.h"
 
-/// Which members the objects of a type have: worked out once for a descriptor, for all its objects.
+/// The members that the objects of a type have. Computed once for a descriptor and shared by all its objects.
 class MemberTable
 {
 public:
@@ -10,7 +10,7 @@ public:
 
     [[nodiscard]] size_t Count() const { return members.size(); }
     [[nodiscard]] const ClassDescriptor::Item &At(size_t place) const { return members[place]; }
-    /// The place of the member of that name, or -1.
+    /// The index of the member with that name, or -1.
     [[nodiscard]] int PlaceOf(const NarrowText &name) const;
 
 private:

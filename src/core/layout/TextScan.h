@@ -3,8 +3,8 @@
 #include <QByteArrayView>
 
 /// Reads a text piece by piece with the rules of scanf, but without its undefined cases: a number beyond 64 bits gives
-/// the nearest that fits, and the locale plays no part. As with scanf, what comes after a piece that doesn't match has
-/// no meaning.
+/// the nearest that fits, and the locale has no effect. As with scanf, results after a piece that doesn't match have no
+/// meaning.
 ///
 ///     TextScan scan("(3, 4)");
 ///     scan.Char('(') && scan.Number(x) && scan.Char(',') && scan.Number(y)     // "(%lld,%lld"
@@ -16,7 +16,7 @@ public:
     [[nodiscard]] static bool IsSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
     [[nodiscard]] static bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-    /// A character that stands in the format.
+    /// A literal character of the format.
     bool Char(char c)
     {
         if (at == end || *at != c)
@@ -50,7 +50,7 @@ public:
             Char('+');
         if (at == end || !IsDigit(*at))
             return false;
-        // Counted below zero, where there is one number more.
+        // Accumulated as a negative number, since there is one more of these.
         qint64 below = 0;
         for (; at < end && IsDigit(*at); ++at) {
             if (__builtin_mul_overflow(below, 10, &below) || __builtin_sub_overflow(below, *at - '0', &below)) {
@@ -64,7 +64,7 @@ public:
         return true;
     }
 
-    /// "%d": what doesn't fit loses its upper bits.
+    /// "%d": a number that doesn't fit loses its upper bits.
     bool Number(qint32 &value)
     {
         qint64 wide = 0;
@@ -74,7 +74,7 @@ public:
         return true;
     }
 
-    /// "%02x": a sign and "0x" belong to the two characters.
+    /// "%02x": a sign and "0x" count towards the two characters.
     bool HexByte(quint8 &value)
     {
         SkipSpace();
@@ -101,7 +101,7 @@ public:
         return found;
     }
 
-    /// "%[^)]": says whether something stands before `c`.
+    /// "%[^)]": true if there is text before `c`.
     [[nodiscard]] bool HasTextBefore(char c) const { return at < end && *at != c; }
 
     /// "%s"; empty when there is nothing.

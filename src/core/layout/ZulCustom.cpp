@@ -4,7 +4,7 @@
 namespace
 {
 
-/// The attribute that says which member of its parent a component is.
+/// The attribute with the name of the parent's member that a component is.
 constexpr QByteArrayView MEMBER_ATTRIBUTE = "prop";
 
 bool IsComposite(const CZulType &object)
@@ -88,7 +88,8 @@ AttributeRecord *CZulCustom::AttributeForMember(CZulType *member)
 {
     if (!component && owner)
         component = owner->ComponentForMember(this);
-    // A member has lost its name when its value came as a component of its own. Without one the file couldn't be read.
+    // A member loses its name when its value is a component of its own. An attribute without a name would make the file
+    // unreadable.
     if (!component || member->propName.isEmpty())
         return nullptr;
     return component->AddAttribute(member->propName, {});

@@ -11,7 +11,7 @@ void SkipBlanks(QByteArrayView &text)
         text = text.sliced(1);
 }
 
-/// Leaves what stands between them. False when the text isn't in parentheses, but for blanks in front.
+/// Removes the parentheses around a text, and blanks before them. Returns false if it has none.
 bool TakeParentheses(QByteArrayView &text)
 {
     SkipBlanks(text);
@@ -54,7 +54,7 @@ AttributeRecord *CZulStateImg::AttributeForMember(CZulType *member)
 void CZulStateImg::OnMemberChanged(CZulType *)
 {
     if (parsing)
-        return; // the text that is being read stays as it is
+        return; // the text that is being parsed isn't changed
     if (!attr && owner)
         attr = owner->AttributeForMember(this);
     if (!attr)

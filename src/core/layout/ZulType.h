@@ -7,7 +7,7 @@ class ComponentNames;
 class CZulCustom;
 class CZulType;
 
-/// What kind of value an object is. The numbers of classes, structures and enumerations are those of ClassKind.
+/// The kind of value of an object. Classes, structures and enumerations have the numbers of ClassKind.
 enum TypeId : qint32
 {
     TYPE_CLASS = 1,
@@ -30,7 +30,7 @@ enum TypeId : qint32
     TYPE_WSTRING = 270,
 };
 
-/// A typed value that lies over a component's attributes: a property, or a component itself.
+/// A typed value bound to a component's attributes: a property, or a component itself.
 class CZulType
 {
 public:
@@ -41,12 +41,12 @@ public:
     /// The text to show; empty when no value is set.
     [[nodiscard]] virtual NarrowText GetText() const = 0;
     [[nodiscard]] virtual qint32 GetTypeId() const = 0;
-    /// Takes over the value of an attribute, and keeps pointing to it.
+    /// Reads the value of an attribute, and keeps a pointer to it.
     virtual bool BindAttribute(AttributeRecord *record) = 0;
 
     NarrowText typeName;
-    NarrowText propName;         ///< within its owner; of a component, its name: see CZulClass::SetName
-    CZulCustom *owner = nullptr; ///< whose member this is, not owned; null for a top-level component
+    NarrowText propName;         ///< within its owner; for a component its name, see CZulClass::SetName
+    CZulCustom *owner = nullptr; ///< the object that this is a member of, not owned; null for a top-level component
 
 protected:
     CZulType() = default;
@@ -56,13 +56,13 @@ protected:
 class CZulBase : public CZulType
 {
 public:
-    /// Follows from the type's name.
+    /// Determined by the type's name.
     [[nodiscard]] qint32 GetTypeId() const override;
     bool BindAttribute(AttributeRecord *record) override;
-    /// Says whether a user may type that text.
+    /// True if a user may type that text.
     [[nodiscard]] virtual bool IsValid(const NarrowText &text) const = 0;
-    /// Parses the text and stores it in the attribute, which is made when there is none. A text that doesn't parse is
-    /// stored all the same: only editors validate. The base's stores alone.
+    /// Parses the text and stores it in the attribute, which is made if there is none. A text that can't be parsed is
+    /// stored too: only editors validate. This base implementation only stores the text.
     virtual void SetText(const NarrowText &text);
 
     AttributeRecord *attr = nullptr; ///< not owned; null until a value is set or bound
@@ -76,40 +76,40 @@ public:
 
     [[nodiscard]] NarrowText GetText() const override;
     bool BindAttribute(AttributeRecord *) override { return false; }
-    /// The members in their order, without those of a base class. A member is made when it is asked for the first
-    /// time: most values of most components are never set.
+    /// The members in their order, without those of a base class. A member is made when it is first requested, since
+    /// most values of most components are never set.
     [[nodiscard]] const std::vector<std::unique_ptr<CZulType>> &Members() const;
-    /// The member of that name, or null.
+    /// The member with that name, or null.
     [[nodiscard]] virtual CZulType *FindMember(const NarrowText &name) const;
-    /// A member wrote its attribute.
+    /// Called when a member has written its attribute.
     virtual void OnMemberChanged(CZulType *) {}
-    /// Where a member's value lives; made when missing. Null when nothing holds the value.
+    /// The attribute of a member's value, which is made if missing. Null if nothing holds the value.
     [[nodiscard]] virtual AttributeRecord *AttributeForMember(CZulType *member);
-    /// Where a member that is a composite lives; made when missing.
+    /// The component of a composite member, which is made if missing.
     [[nodiscard]] virtual ComponentObject *ComponentForMember(CZulType *member);
-    /// Has the members of that type from now on.
+    /// Gives this object the members of that type.
     virtual bool Define(const ClassDescriptor &definition);
-    /// Takes a component as one that lies in this one.
+    /// Adds a component as a sub-component of this one.
     virtual bool AddSubComponent(ComponentObject *child) = 0;
 
     ComponentObject *component = nullptr;        ///< not owned; null until bound
-    const ClassDescriptor *descriptor = nullptr; ///< not owned; null when nothing defined it
+    const ClassDescriptor *descriptor = nullptr; ///< not owned; null if it was never defined
 
 protected:
-    /// How many owners are above, up to the bound of a type's depth.
+    /// The number of owners above this object, up to the maximum depth of a type.
     [[nodiscard]] int Depth() const;
 
     const ClassCatalogue &catalogue;
-    /// Those that aren't made yet are null; it is empty while none is.
+    /// Members that aren't made yet are null; empty while none is made.
     mutable std::vector<std::unique_ptr<CZulType>> members;
 
 private:
     CZulType *Member(size_t place) const;
 
-    const MemberTable *table = nullptr; // of the descriptor's; null for a type that makes its members itself
+    const MemberTable *table = nullptr; // of the descriptor; null for a type that makes its members itself
 };
 
-/// A component, or a member that is one.
+/// A component, or a member whose type is a class.
 class CZulClass : public CZulCustom
 {
 public:
@@ -121,29 +121,31 @@ public:
     bool Define(const ClassDescriptor &definition) override;
     bool AddSubComponent(ComponentObject *child) override;
 
-    /// Renames the component. A name that another has already is no error here.
+    /// Renames the component. A name that another component has isn't an error here.
     void SetName(const NarrowText &name);
-    /// This object, or the first below it, depth first, of that name; null when there is none.
+    /// This object or its first descendant, depth first, with that name; null if there is none.
     [[nodiscard]] CZulClass *FindSubComponent(const NarrowText &name);
-    /// Destroys a sub-component with its component and all below it. False when it isn't one of this object's.
+    /// Destroys a sub-component with its component and all its descendants. Returns false if it isn't one of this
+    /// object's sub-components.
     bool DeleteSubComponent(CZulClass *sub);
-    /// Takes a sub-component and its component out of both trees. Null when it isn't one of this object's.
+    /// Removes a sub-component and its component from both trees. Returns null pointers if it isn't one of this
+    /// object's sub-components.
     struct Detached
     {
         std::unique_ptr<CZulClass> object;
         std::unique_ptr<ComponentObject> component;
     };
     [[nodiscard]] Detached DetachSubComponent(CZulClass *sub);
-    /// Puts what was detached at the end of both trees.
+    /// Appends a detached sub-component to both trees.
     void AttachSubComponent(Detached detached);
 
-    std::unique_ptr<CZulClass> super; ///< for the members of the base class; null when there is none
-    CZulClass *parent = nullptr;      ///< in which this is a sub-component, not owned; null for a top-level component
+    std::unique_ptr<CZulClass> super; ///< has the members of the base class; null if there is none
+    CZulClass *parent = nullptr;      ///< has this as a sub-component; not owned; null for a top-level component
     std::vector<std::unique_ptr<CZulClass>> subComponents;
 
 private:
     friend class ComponentNames;
-    ComponentNames *names = nullptr; // where the layout looks its components up; null while it has no need to
+    ComponentNames *names = nullptr; // the layout's table of names; null while it isn't needed
 };
 
 /// A group of values in a component of its own.
@@ -155,20 +157,20 @@ public:
     bool AddSubComponent(ComponentObject *) override { return false; }
 };
 
-/// An object of a type by the type's name; `owner` is null but for a member. An unknown name gives a class without
-/// members. Null when the catalogue has it with an unknown kind.
+/// Makes an object of the type with that name; `owner` is null unless it is a member. An unknown name gives a class
+/// without members. Returns null if the type's kind in the catalogue is unknown.
 ///
-/// A catalogue whose types hold one another is no danger: what stands too deep has no members.
+/// Types that contain one another are safe: objects nested too deep have no members.
 [[nodiscard]] std::unique_ptr<CZulType> CreateType(const ClassCatalogue &catalogue, const NarrowText &propName,
                                                    const NarrowText &typeName, CZulCustom *owner = nullptr);
 
-/// How deep a type may nest, bases counted too.
+/// The maximum nesting depth of a type, including its bases.
 inline constexpr int DEEPEST_TYPE = 32;
 
-/// The kind of value of a built-in type of that name, 256 for any other name. TYPE_STATE_IMAGE for "ZrpStateImage",
-/// whose objects say TYPE_STRUCTURE.
+/// The kind of value of the built-in type with that name; 256 for any other name. TYPE_STATE_IMAGE for "ZrpStateImage",
+/// although its objects return TYPE_STRUCTURE.
 [[nodiscard]] qint32 TypeIdOf(const NarrowText &typeName);
 
-/// Lays an object over a component, with all that lies in it. False when it is bound already or the component is of
-/// another class.
+/// Binds an object to a component, with all its sub-components. Returns false if the object is already bound or the
+/// component has another class.
 bool BindComponent(CZulCustom &object, ComponentObject *component);

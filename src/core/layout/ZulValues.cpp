@@ -42,7 +42,7 @@ __attribute__((format(printf, 1, 2))) NarrowText Print(const char *format, ...)
     return {buffer, length};
 }
 
-/// "(%d,%d)" with that many numbers; those that aren't reached stay as they were.
+/// Scans "(%d,%d)" with that many numbers; numbers after a mismatch are unchanged.
 template <size_t count> void ScanNumbers(const NarrowText &text, const std::array<qint32 *, count> &numbers)
 {
     TextScan scan(text);
@@ -54,7 +54,7 @@ template <size_t count> void ScanNumbers(const NarrowText &text, const std::arra
     }
 }
 
-/// Says whether a text is that many numbers that fit, with nothing between the last and ")".
+/// True if a text has that many numbers in range, with nothing between the last and ")".
 bool AreNumbers(const NarrowText &text, int count, QByteArrayView opening = "(", qint64 lowest = -LARGEST - 1,
                 qint64 highest = LARGEST)
 {

@@ -51,7 +51,7 @@ public:
 class CZulMsec : public CZulBase
 {
 public:
-    /// Says whether a text sets a time. What has no number is valid, and leaves the time as it was.
+    /// True if a text sets a time. A text without a number is valid and leaves the time unchanged.
     [[nodiscard]] static bool HasNumber(const NarrowText &text);
 
     [[nodiscard]] NarrowText GetText() const override;
@@ -125,7 +125,8 @@ public:
     qint32 height = 0;
 };
 
-/// A reference to a resource, "@" and its ID; the type name says to what: "ZulResId", "ZulWString" or "ZulImageSrc".
+/// A reference to a resource, "@" and its ID. The type name determines the kind of resource: "ZulResId", "ZulWString"
+/// or "ZulImageSrc".
 class CZulResId : public CZulBase
 {
 public:
@@ -133,7 +134,7 @@ public:
     [[nodiscard]] NarrowText GetText() const override { return value; }
     [[nodiscard]] bool IsValid(const NarrowText &) const override { return true; }
     void SetText(const NarrowText &text) override;
-    /// Refers to the resource of that ID.
+    /// Sets a reference to the resource with that ID.
     void SetReference(const IDRecord &id);
 
     NarrowText value;
@@ -143,7 +144,7 @@ public:
 class CZulEnum : public CZulBase
 {
 public:
-    /// `enumeration` may be null, and stays the caller's.
+    /// `enumeration` may be null, and isn't owned.
     explicit CZulEnum(const ClassDescriptor *enumeration) : descriptor(enumeration) {}
 
     [[nodiscard]] qint32 GetTypeId() const override { return TYPE_ENUM; }
@@ -162,7 +163,7 @@ class CZulStateImg : public CZulStruct
 public:
     explicit CZulStateImg(const ClassCatalogue &types);
 
-    /// Says whether a text sets all four images.
+    /// True if a text sets all four images.
     [[nodiscard]] static bool IsComplete(QByteArrayView text);
 
     bool BindAttribute(AttributeRecord *record) override;
@@ -176,5 +177,5 @@ private:
     void Parse(QByteArrayView text);
 
     std::array<AttributeRecord, 4> records; // of the members, in their order
-    bool parsing = false;                   // the members' writes don't reach `attr`
+    bool parsing = false;                   // while true, the members' writes don't change `attr`
 };

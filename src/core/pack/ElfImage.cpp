@@ -16,8 +16,8 @@ namespace
 constexpr quint32 TYPE_PROGBITS = 1;
 constexpr quint32 TYPE_NOBITS = 8;
 constexpr quint32 FLAG_ALLOC = 2;
-constexpr quint64 LARGEST = 0xFFFFFFFF;  // what an offset can tell
-constexpr size_t MOST_SECTIONS = 0xFFFF; // what the header's count can tell
+constexpr quint64 LARGEST = 0xFFFFFFFF;  // the largest offset
+constexpr size_t MOST_SECTIONS = 0xFFFF; // the largest count of the header
 
 // Offsets of the header's fields.
 constexpr size_t E_PHOFF = 28;
@@ -83,7 +83,7 @@ int FailTooLarge(Environment &env, const QByteArray &path)
     return Fail(env, "[error] the grown file would need offsets of more than 32 bits: ", path, ElfCode::TooLarge);
 }
 
-/// What is said when a place of the file can't be gone to, or isn't there.
+/// The messages and codes for a place in the file that can't be sought or read.
 struct ReadStep
 {
     const char *seekText;
@@ -99,7 +99,7 @@ constexpr ReadStep SECTION_RECORD{"[error] could not seek file: ", ElfCode::Seek
 constexpr ReadStep SECTION_DATA{"[error] could not seek file: ", ElfCode::SeekSectionData,
                                 "[error] could not read section data: ", ElfCode::ReadSectionData};
 
-/// The input file: reads fields at places that the file itself names.
+/// The input file. Reads fields at places that the file itself specifies.
 class ElfInput
 {
 public:
@@ -110,7 +110,7 @@ public:
 
     [[nodiscard]] FileHandle TakeFile() { return std::move(file); }
 
-    /// Reads the file header, and nothing else before it.
+    /// Reads the file header. Must be called first.
     int ReadHeader(ElfImage &elf)
     {
         if (!file.IsOpen()) {
@@ -125,7 +125,7 @@ public:
         return fileSize > LARGEST ? FailTooLarge(env, shown) : 0;
     }
 
-    /// Makes sure that there are `size` bytes at `at`, and reads them where there is a `buffer` for them.
+    /// Checks that the file has `size` bytes at `at`, and reads them into `buffer` unless it is null.
     int Read(const ReadStep &step, quint64 at, quint64 size, char *buffer = nullptr)
     {
         if (lseek(file.Get(), off_t(at), SEEK_SET) < 0)
@@ -136,7 +136,8 @@ public:
         return 0;
     }
 
-    /// The section table, and the bytes of the section with the names; those of the others are only looked for.
+    /// Reads the section table and the bytes of the name section. The bytes of the other sections are only checked to
+    /// exist.
     int ReadSections(ElfImage &elf)
     {
         const quint64 offset = Get32(elf.header.data() + E_SHOFF);
@@ -160,8 +161,8 @@ public:
     }
 
 private:
-    /// A record of the section table, out of the part of the file that was read last where it lies there: a table of
-    /// 65,535 records would take as many calls of the system.
+    /// Reads a record of the section table, from the part of the file that was read last if it is there: otherwise a
+    /// table of 65,535 records would take as many system calls.
     int ReadRecord(quint64 at, Record &record)
     {
         if (at < windowAt || at + record.size() > windowAt + windowSize) {
@@ -193,10 +194,10 @@ private:
     quint64 fileSize = 0; // bytes
     std::array<char, 4096> window{};
     quint64 windowAt = 0;
-    quint64 windowSize = 0; // bytes of it that are the file's
+    quint64 windowSize = 0; // the number of bytes that were read from the file
 };
 
-/// Puts the new section's name behind the others, and a record for it behind the table.
+/// Appends the new section's name to the others, and a record for it to the table.
 int MakeRoom(Environment &env, const QByteArray &shown, ElfImage &elf)
 {
     if (elf.nameTable.isEmpty())
@@ -282,7 +283,7 @@ int FailWrite(Environment &env)
     return int(ElfCode::Write);
 }
 
-/// What can't be written twice gets its new header at once.
+/// If the start of the output can't be written twice, the new header is written at once.
 int WriteInput(Environment &env, const ElfImage &elf, OutputFile &output, const QByteArray &shown)
 {
     const qint64 header = output.CanGoBack() ? 0 : qint64(elf.header.size());
@@ -307,7 +308,7 @@ int WriteTail(Environment &env, const ElfImage &elf, OutputFile &output, const Q
     static constexpr char ZEROS[4] = {};
     if (!output.Write({ZEROS, qsizetype(elf.PayloadOffset() - elf.inputSize)}) || !output.Write(elf.payload))
         return FailWrite(env);
-    // Goes on with the names, whose failure is the one that counts.
+    // Continue with the names, whose failure is the one that counts.
     const bool hasTable = output.Write(SectionTable(elf));
     if (!hasTable)
         env.DebugTrace("[error] write section head error: %s", shown.constData());

@@ -23,16 +23,16 @@ enum class ElfCode : int
     SeekSectionData = -1037,
     ReadSectionData = -1038,
     WriteHeader = -1039,
-    NoNameTable = -1040,  ///< no table that the new section's name could go into
-    TooLarge = -1041,     ///< more sections than 16 bits or offsets than 32 bits can tell
-    InputChanged = -1042, ///< what was copied hasn't the size of the file whose tables were read
+    NoNameTable = -1040,  ///< no name table for the new section's name
+    TooLarge = -1041,     ///< more sections than 16 bits can count, or offsets beyond 32 bits
+    InputChanged = -1042, ///< the copied bytes have another size than the file whose tables were read
 };
 
-/// A 32-bit little-endian ELF file between reading and growing: its header and section table as they stand in the file,
-/// with the new section behind them.
+/// A 32-bit little-endian ELF file that has been read and not yet grown: its header and section table as the file has
+/// them, followed by the new section.
 ///
-/// Nothing of it is tested but that its tables lie within the file. What the old sections hold stays in the file; only
-/// the name table is kept, since it grows. Format: Tool Interface Standard, Executable and Linking Format 1.2.
+/// The only check is that its tables are within the file. The contents of the old sections stay in the file; only the
+/// name table is kept here, since it grows. Format: Tool Interface Standard, Executable and Linking Format 1.2.
 struct ElfImage
 {
     static constexpr size_t HEADER_SIZE = 52;
@@ -52,23 +52,24 @@ struct ElfImage
     QByteArrayView payload; ///< not owned: must live until the file is written
     quint64 inputSize = 0;
     QString path;    ///< of the input
-    FileHandle file; ///< the input, still open: what is copied is what was read
+    FileHandle file; ///< the input, still open, so that the file copied is the file read
 
-    /// Where the payload goes: the input's size rounded up to a multiple of 4.
+    /// The offset of the payload: the input's size rounded up to a multiple of 4.
     [[nodiscard]] quint64 PayloadOffset() const { return RoundUpTo4(inputSize); }
 };
 
-/// Reads the tables of the file at `path`, with the name ".zp_res" and a section for it already added. 0 or an ElfCode.
+/// Reads the tables of the file at `path` and adds the name ".zp_res" and a section for it. Returns 0 or an ElfCode.
 [[nodiscard]] int ReadElf(Environment &env, const QString &path, ElfImage &elf);
 
-/// Fills the new section's record. `payload` isn't copied. 0.
+/// Fills the new section's record. `payload` isn't copied. Returns 0.
 int AddResSection(ElfImage &elf, QByteArrayView payload);
 
-/// Sets the places of the payload, the section table and the name table behind the input's end. 0, or TooLarge when the
-/// file would be more than 32 bits can tell.
+/// Places the payload, the section table and the name table after the end of the input. Returns 0, or TooLarge when the
+/// size of the file would not fit in 32 bits.
 [[nodiscard]] int SetElfLayout(Environment &env, ElfImage &elf);
 
-/// Writes the whole grown file: the input, the payload and the tables, and last the header over that of the input, so
-/// that a file which breaks off is the input with bytes behind its end. 0 or an ElfCode. `shown` is the path in what is
-/// said. A section table that can't be written is no failure; that is explained, and no new file takes its place then.
+/// Writes the whole grown file: the input, the payload, the tables, and finally the new header over that of the input.
+/// If writing breaks off, the file is therefore the input with extra bytes at its end. Returns 0 or an ElfCode. `shown`
+/// is the path for messages. A section table that can't be written is not a failure: it is explained, and no new file
+/// is put in place.
 [[nodiscard]] int WriteElf(Environment &env, const ElfImage &elf, OutputFile &output, const QByteArray &shown);

@@ -13,9 +13,9 @@
 namespace
 {
 
-constexpr qsizetype LONGEST_NAME = 200; // bytes, with room for what makes it unique
+constexpr qsizetype LONGEST_NAME = 200; // bytes; leaves room for the suffix that makes it unique
 
-/// True for what no file's name should hold on any host: separators, wildcards, and what doesn't show.
+/// True for characters that no file name should have on any host: separators, wildcards and invisible characters.
 bool IsBad(char32_t c)
 {
     switch (QChar::category(c)) {
@@ -30,7 +30,7 @@ bool IsBad(char32_t c)
     }
 }
 
-/// True for the names that some hosts give to devices, with any extension.
+/// True for names that some hosts reserve for devices, with any extension.
 bool IsDevice(const QByteArray &name)
 {
     const QByteArray title = name.split('.').first().toUpper();
@@ -39,7 +39,7 @@ bool IsDevice(const QByteArray &name)
     return title == "CON" || title == "PRN" || title == "AUX" || title == "NUL";
 }
 
-/// A name of the payload as a file name that leads nowhere else and is good on any host.
+/// Turns a name of the payload into a file name that is valid on any host and doesn't lead out of the folder.
 QByteArray SafeName(const QString &name)
 {
     QByteArray safe;
@@ -56,7 +56,7 @@ QByteArray SafeName(const QString &name)
     return safe;
 }
 
-/// Writes the files of one extraction. The first failure ends it; `Error` tells it.
+/// Writes the files of one extraction. The first failure ends it; `Error` returns it.
 class Extraction
 {
 public:
@@ -80,7 +80,7 @@ public:
             return;
         name = Unique(folder, name);
         const QByteArray shown = folder + '/' + name;
-        unlinkat(current.Get(), name.constData(), 0); // a link of that name goes, what it leads to stays
+        unlinkat(current.Get(), name.constData(), 0); // removes a link of that name, not its target
         const FileHandle file(
             openat(current.Get(), name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
         if (file.IsOpen() && file.WriteAll(bytes.data(), size_t(bytes.size()))) {
@@ -88,7 +88,7 @@ public:
             return;
         }
         Fail(shown);
-        if (file.IsOpen()) // no half of a file stays behind
+        if (file.IsOpen()) // leave no incomplete file behind
             unlinkat(current.Get(), name.constData(), 0);
     }
 
@@ -105,7 +105,7 @@ private:
             Fail(folder);
     }
 
-    /// A name that no file of this run has, also where case doesn't count: "a.png", "a~2.png", "a~3.png".
+    /// A name that no other file of this run has, even if case is ignored: "a.png", "a~2.png", "a~3.png".
     QByteArray Unique(const QByteArray &folder, const QByteArray &name)
     {
         const auto key = [&folder](const QByteArray &file) {
@@ -118,7 +118,7 @@ private:
         }
         const qsizetype dot = name.lastIndexOf('.');
         const qsizetype title = dot > 0 ? dot : name.size();
-        // Each name remembers where its numbers had come to, so many equal ones take no longer than different ones.
+        // The last number is remembered for each name, so many equal names take no longer than different ones.
         for (quint32 n = used.value(first);; ++n) {
             const QByteArray unique = name.left(title) + '~' + QByteArray::number(n) + name.mid(title);
             const QString taken = key(unique);
@@ -145,8 +145,7 @@ private:
     QString error;
 };
 
-/// A line for each string: ID value, tab, text. In the text "\\" stands before "\\", and before "t", "n", "r" for what
-/// they name.
+/// Makes a line for each string: ID value, tab, text. The text has the escapes \\, \t, \n and \r.
 QByteArray Lines(const LanguageStrings &language)
 {
     QByteArray lines;

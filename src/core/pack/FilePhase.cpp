@@ -53,7 +53,7 @@ int AddFile(PackContext &context, const CFileRes &res)
     return image.PadItem() ? PACK_OK : PACK_MEMORY;
 }
 
-/// The file resources in their order. False when one of them has no ID.
+/// Gathers the file resources in their order. Returns false if one of them has no ID.
 bool Gather(const CResFolder &root, std::vector<const CFileRes *> &resources)
 {
     for (const quint32 kind : {KIND_AUDIO, KIND_VIDEO, KIND_BINARY}) {

@@ -16,7 +16,7 @@
 namespace
 {
 
-/// The working directory of now, back again at the end, even if it has been renamed meanwhile.
+/// Restores the current working directory at the end, even if it was renamed in between.
 class WorkingFolder
 {
 public:
@@ -39,7 +39,7 @@ int FailWithoutTarget(Environment &env, const QByteArray &target)
     return CONVERT_NO_TARGET;
 }
 
-/// Removes what an earlier run left under the target's name, so that it never passes for new.
+/// Removes a file of the target's name that an earlier run left, so that an old file is never taken for a new one.
 bool RemoveOld(Environment &env, const QByteArray &target)
 {
     struct stat info;
@@ -47,7 +47,7 @@ bool RemoveOld(Environment &env, const QByteArray &target)
         return true;
     const int error = errno;
     if (lstat(target.constData(), &info) != 0)
-        return true; // there is none, which a read-only file system tells in another way
+        return true; // there is none; a read-only file system gives another error for that
     env.Explain(QStringLiteral("the picture isn't converted, since the old %1 can't be removed: %2")
                     .arg(QString::fromUtf8(target), QString::fromLocal8Bit(strerror(error))));
     return false;
@@ -82,7 +82,7 @@ int ConvertImage(Environment &env, const QString &source, const QString &target,
         return FailWithoutTarget(env, made);
     const WorkingFolder folder;
     (void)SetCurrentFolder(env.ProgramDir());
-    // Programs that are installed for everybody can't make it, and a converter may do without.
+    // A program installed for all users can't make this folder; a converter may not need it.
     if (const QString debug = env.ProgramDir() + QStringLiteral("Debug"); !PathExists(debug))
         CreateFolderOnDisk(debug);
     RunConverter(env, source, target);

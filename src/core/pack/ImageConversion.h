@@ -6,27 +6,27 @@
 class Environment;
 class ScratchFolder;
 
-/// What becomes of the files "NAME.ABM" and "NAME.BMPA" that a converter may make beside "NAME.png".
+/// What to do with the files "NAME.ABM" and "NAME.BMPA" that a converter may make beside "NAME.png".
 enum class BesideSource
 {
-    Delete, ///< also when they were there before
+    Delete, ///< even if they existed before
     Leave,
 };
 
 /// True for the kinds of image that the converter takes: bmp, gif, jpg, png, without regard to case.
 [[nodiscard]] bool NeedImageConvert(const QString &path);
 
-/// Runs "qrk_resgenerator.exe" of the program's folder on `source`, which writes the device's form to `target`; both
-/// are absolute host paths. 0, or a PackCode from -1023 to -1026.
+/// Runs "qrk_resgenerator.exe" from the program's folder on `source`; it writes the device's form to `target`. Both are
+/// absolute host paths. Returns 0, or a PackCode from -1023 to -1026.
 ///
-/// The program's folder is the working directory meanwhile; on every way out the old one is back. An old target is
-/// removed first; where that can't be done nothing is converted. A converter that doesn't start, or doesn't end with 0,
-/// is explained; only its target counts.
+/// While it runs, the program's folder is the working directory; the old one is always restored. An old target is
+/// removed first; if that fails, nothing is converted. A converter that doesn't start, or doesn't end with 0, is
+/// explained; only its target decides the result.
 [[nodiscard]] int ConvertImage(Environment &env, const QString &source, const QString &target,
                                BesideSource besideSource = BesideSource::Delete);
 
-/// A converted image in the place for it, with the lines that a phase writes about it. Deleted at the end of this
-/// object; beside its source only if the conversion succeeded.
+/// A converted image at its temporary path, with the lines that a phase writes about it. The destructor deletes the
+/// image; one beside its source is deleted only if the conversion succeeded.
 class ConvertedImage
 {
 public:
@@ -36,7 +36,7 @@ public:
     ConvertedImage(const ConvertedImage &) = delete;
     ConvertedImage &operator=(const ConvertedImage &) = delete;
 
-    /// Of ConvertImage.
+    /// The result of ConvertImage.
     [[nodiscard]] int Code() const { return code; }
     [[nodiscard]] const QByteArray &Target() const { return target; }
 

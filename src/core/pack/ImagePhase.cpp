@@ -8,7 +8,7 @@ namespace
 
 using Images = std::vector<const CFileRes *>;
 
-/// False when one of them has no ID.
+/// Returns false if one of them has no ID.
 bool Gather(const CResFolder *folder, bool onlyInUse, Images &images)
 {
     if (!folder)

@@ -11,7 +11,7 @@ namespace
 constexpr qint64 LARGEST_FILE = qint64(1) << 32;
 constexpr quint64 TRAILER = 4; // bytes
 
-/// Finds the newest section ".zp_res" of a 32-bit little-endian ELF file. Empty, or what is wrong.
+/// Finds the newest section ".zp_res" of a 32-bit little-endian ELF file. Returns an empty text, or what is wrong.
 QString FindSection(const ByteReader &file, quint64 &offset, quint64 &size)
 {
     constexpr quint64 SECTION_HEADER = 40;
@@ -48,7 +48,7 @@ QString FindSection(const ByteReader &file, quint64 &offset, quint64 &size)
     return QStringLiteral("an ELF file without a section .zp_res: it hasn't been packed");
 }
 
-/// Finds a payload that was appended behind its magic. False when the file doesn't end that way.
+/// Finds a payload that was appended after its magic. Returns false if the file doesn't end that way.
 bool FindAppended(const ByteReader &file, quint64 &offset, quint64 &size)
 {
     if (file.Size() < TRAILER)
@@ -64,7 +64,7 @@ bool FindAppended(const ByteReader &file, quint64 &offset, quint64 &size)
     return true;
 }
 
-/// A payload's offsets count from `expected`, or, in an ELF file, from the section.
+/// Checks that the payload's offsets are relative to `expected` or, in an ELF file, to the section.
 QString CheckBase(const InspectResult &result)
 {
     const quint64 base = result.payload.base;
@@ -95,7 +95,8 @@ bool IsElf(const InspectResult &result)
                                   "ELF");
 }
 
-// The three kinds of file: nothing when it isn't of the kind, an empty text when it is read, or what is wrong with it.
+// Readers of the three kinds of file. They return nothing if the file isn't of the kind, an empty text if it was read,
+// or what is wrong with it.
 
 std::optional<QString> ReadAppended(InspectResult &result)
 {
@@ -137,8 +138,8 @@ QString InspectBytes(QByteArray bytes, InspectResult &result)
 {
     result = InspectResult();
     result.file = std::move(bytes);
-    // An ELF file may end in what looks like a trailer, and an ELF file with a trailer was packed as a DLL, so the
-    // payload decides. Of several failures the first tells most.
+    // An ELF file may end in bytes that look like a trailer, and an ELF file with a trailer was packed as a DLL, so the
+    // payload decides. If several readers fail, the first failure is the most useful.
     QString wrong;
     for (const auto read : {ReadAppended, ReadSection, ReadSideFile}) {
         const std::optional<QString> failure = read(result);

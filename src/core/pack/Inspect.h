@@ -4,21 +4,21 @@
 
 class Environment;
 
-/// What a packed file holds.
+/// The contents of a packed file.
 struct InspectResult
 {
     QByteArray kind; ///< "elf", "res" or "dll"
-    QByteArray file; ///< its bytes; the payload's views lead here
+    QByteArray file; ///< its bytes; the payload's views point into them
     quint64 payloadOffset = 0;
     quint64 payloadSize = 0;
     Payload payload;
 };
 
-/// Reads the payload back from a grown ELF file (of several sections the newest), a side file or a DLL-side file.
-/// Empty, or what is wrong with the file.
+/// Reads the payload back from a grown ELF file (the newest section if there are several), a side file or a DLL-side
+/// file. Returns an empty text, or what is wrong with the file.
 [[nodiscard]] QString InspectFile(const QString &path, InspectResult &result);
 
-/// The same for bytes in memory, which are moved into the result.
+/// Does the same with bytes in memory, which are moved into the result.
 [[nodiscard]] QString InspectBytes(QByteArray bytes, InspectResult &result);
 
 /// A packed text as UTF-8. Half a surrogate pair becomes U+FFFD.
@@ -31,8 +31,8 @@ struct InspectResult
 /// `size`), `strings` (language number to ID value to text). Offsets are those of the file.
 [[nodiscard]] QByteArray InspectJson(const Environment &env, const InspectResult &result);
 
-/// Writes every entry, item and language to a file of its own below `folder`, which is made if need be. Never writes
-/// outside, whatever the names, and follows no link below it. `written` gets the paths relative to `folder`. Empty, or
-/// what went wrong.
+/// Writes every entry, item and language to a file of its own below `folder`, which is made if necessary. Never writes
+/// outside of `folder`, whatever the names are, and follows no link below it. `written` gets the paths relative to
+/// `folder`. Returns an empty text, or what went wrong.
 [[nodiscard]] QString ExtractAll(const Environment &env, const InspectResult &result, const QString &folder,
                                  std::vector<QByteArray> &written);

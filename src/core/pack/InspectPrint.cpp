@@ -13,7 +13,7 @@ namespace
 QByteArray JsonText(const QString &text)
 {
     return Quoted(TextToUtf8(text), [](QByteArray &to, char c) {
-        if (c == '\x7F') // no control character there
+        if (c == '\x7F') // JSON doesn't count it as a control character
             to += c;
         else
             to += "\\u00" + QByteArray(1, c).toHex();
@@ -38,14 +38,14 @@ template <typename Items, typename Print> void AppendList(QByteArray &json, cons
         json += "\n  ";
 }
 
-/// A converted layout has its ID's number in its head.
+/// True for a converted layout, whose header has the number of its ID.
 bool IsLayout(const BlockEntry &item)
 {
     constexpr quint64 ID_AT = 12;
     return item.data.startsWith("MLAY") && ByteReader(item.data).U32(ID_AT) == item.key;
 }
 
-/// What an item is, by the range that its key lies in.
+/// The kind of an item, by the range of its key.
 const char *WhatIs(const BlockEntry &item)
 {
     const quint32 key = item.key;
@@ -60,7 +60,7 @@ const char *WhatIs(const BlockEntry &item)
     return key == 0 ? "no number" : IsLayout(item) ? "layout" : "file, image or layout";
 }
 
-/// True for what steers a terminal or turns the order of the text around it.
+/// True for characters that control a terminal or change the direction of the text around them.
 bool IsSteering(QChar c)
 {
     const char16_t unit = c.unicode();
@@ -68,7 +68,7 @@ bool IsSteering(QChar c)
            (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2066 && unit <= 0x2069);
 }
 
-/// Texts on one line of a listing.
+/// Escapes a text to fit on one line of a listing.
 QByteArray OnOneLine(const QString &text)
 {
     QString result;
@@ -114,7 +114,7 @@ QByteArray InspectJson(const Environment &env, const InspectResult &result)
                 ", \"size\": " + Number(item.size) + '}';
     });
     json += "],\n  \"strings\": {";
-    // Of several tables of a language the first counts, as on the device.
+    // If a language has several tables, the first counts, as on the device.
     std::vector<const LanguageStrings *> languages;
     std::set<quint32> known;
     for (const LanguageStrings &language : payload.languages) {

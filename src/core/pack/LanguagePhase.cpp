@@ -10,9 +10,9 @@ namespace
 
 constexpr quint32 NUMBER_BITS = 0xFFFF;
 constexpr quint64 RECORD = 8;      // ID, offset
-constexpr size_t TEXTS_AHEAD = 16; // so many texts are on their way from memory while one is copied
+constexpr size_t TEXTS_AHEAD = 16; // the number of texts to prefetch while one is copied
 
-/// What a table needs of a string.
+/// The parts of a string that a table needs.
 struct TableString
 {
     const char16_t *text;
@@ -41,7 +41,7 @@ void TakeNext(LanguageStrings &from)
     const auto *res = static_cast<const CStringRes *>(from.next);
     from.next = from.next->NextInFolder();
     from.withoutId |= !res->Id();
-    const QStringView text(res->text); // QString::utf16 would look whether the text is its own
+    const QStringView text(res->text); // QString::utf16 would check whether the text is its own
     from.strings.push_back({text.utf16(), quint32(text.size()), res->Id() ? res->Id()->value : 0});
     from.bytes += Space(quint64(text.size()));
 }
@@ -62,8 +62,8 @@ std::unordered_map<qint32, const CResFolder *> LanguageFolders(const CResFolder 
     return found;
 }
 
-/// The strings of all languages. They are taken in turn, since those of one row lie side by side in memory: one
-/// language after the other would wait for memory at every string.
+/// Gathers the strings of all languages, row by row, since the strings of one row are next to each other in memory.
+/// Gathering one language after the other would wait for memory at every string.
 std::vector<LanguageStrings> Gather(const CResModel &document, const CResFolder &strings)
 {
     std::vector<LanguageStrings> languages;
@@ -116,7 +116,7 @@ int BuildStringTable(const LanguageStrings &from, PackImage &image)
         record += RECORD;
 
         const quint64 space = Space(string.units);
-        std::memset(place + space - 4, 0, 4); // the text may cover the first half of it again
+        std::memset(place + space - 4, 0, 4); // the text may then overwrite the first half of these bytes
         qToLittleEndian<char16_t>(string.text, qsizetype(string.units), place);
         place += space;
     }

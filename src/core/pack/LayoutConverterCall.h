@@ -21,14 +21,15 @@ struct LayoutConverterCall
 
     /// The program and its arguments.
     [[nodiscard]] QStringList Words() const;
-    /// The same as one line, for the log: the names in quotes, whatever is in them.
+    /// The same as one line, for the log. Names are in quotes; nothing in them is escaped.
     [[nodiscard]] QString CommandLine() const;
 
-    /// Runs the converter and waits for its end. What is wrong with that is explained; one that can't be started is
+    /// Runs the converter and waits until it ends. Problems are explained; a converter that can't be started counts as
     /// work that wasn't done.
     void Run(Environment &env) const;
 
-    /// With what every run has in common: the converter, its subtool, the catalogue and the folder of the tables.
+    /// Returns a call with the options that all runs share: the converter, its subtool, the catalogue and the folder of
+    /// the tables.
     [[nodiscard]] static LayoutConverterCall In(const Environment &env, const QString &projectFolder);
 };
 
@@ -36,11 +37,12 @@ struct LayoutConverterCall
 /// empty.
 [[nodiscard]] QString LayoutSetting(const Settings &settings, const char *key);
 
-/// Says whether these files may be written; false, having said so, when a symbolic link leads one of them, or a folder
-/// on the way, out of the project. As the converter does, it takes another spelling of a name for the name itself.
+/// Returns true if these files may be written. Returns false, and writes a message, if a symbolic link leads one of
+/// them, or a folder of its path, out of the project. Like the converter, it treats another spelling of a name as the
+/// name itself.
 [[nodiscard]] bool MayWrite(Environment &env, const QString &projectFolder, const QStringList &paths);
 
-/// A path, absolute and as the host has it.
+/// Returns a path in absolute host form.
 [[nodiscard]] QString HostForm(const QString &path, const QString &base);
-/// A path of the program's folder, as the host has it.
+/// Returns the host form of a path in the program's folder.
 [[nodiscard]] QString InProgramDir(const Environment &env, const QString &name);

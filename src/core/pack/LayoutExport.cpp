@@ -21,7 +21,7 @@ QString WithoutLastSeparator(QString folder)
     return folder;
 }
 
-/// Keeps one generation of a generated table. Only of a file: a setting may name a folder.
+/// Keeps the previous version of a generated table. Files only: a setting may name a folder.
 void MoveAside(const QString &table)
 {
     const QByteArray host = HostPath(table);
@@ -29,7 +29,7 @@ void MoveAside(const QString &table)
     if (lstat(host.constData(), &info) == 0 && S_ISDIR(info.st_mode))
         return;
     const QByteArray old = host + ".old";
-    (void)unlink(old.constData()); // also when there is no newer one: it belongs to the run before the last
+    (void)unlink(old.constData()); // even if there is no newer one: it is from the run before the last
     (void)std::rename(host.constData(), old.constData());
 }
 
@@ -44,11 +44,11 @@ LayoutConverterCall TablesCall(const Environment &env, const QString &projectFol
 void Run(Environment &env, const LayoutConverterCall &call)
 {
     call.Run(env);
-    // What the converter may leave in its output folder and nobody wants.
+    // A file that the converter may leave in its output folder and that nothing needs.
     DeleteFileOnDisk(call.output + u'/' + QLatin1String(TABLES_LAYOUT) + u".bin"_s);
 }
 
-/// The tables of before that are moved aside, in the order of moving.
+/// The previous tables to move aside, in the order of moving.
 QStringList OldTables(const Settings &settings, const QString &projectFolder)
 {
     const QString headers = ResolvePath(settings.String("Path", "header_output", ".\\ResID"), projectFolder);
@@ -97,7 +97,7 @@ void MakeLayoutTables(Environment &env, const QString &projectFolder, const QStr
 void ExportLayoutTables(Environment &env, const QString &projectFolder)
 {
     if (!HasLayoutTables(env))
-        return; // nothing to export; the tables of before stay in use
+        return; // nothing to export; the previous tables stay in use
 
     LayoutConverterCall call = TablesCall(env, projectFolder);
     const QStringList oldTables = OldTables(env.settings, projectFolder);

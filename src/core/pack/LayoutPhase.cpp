@@ -19,13 +19,13 @@
 namespace
 {
 
-/// A file that the converter is to write for a layout.
+/// A file that the converter must write for a layout.
 struct LayoutOutput
 {
     qint32 value;
     NarrowText name;
     QByteArray host;
-    SignalCleanup cleanup; // where it goes at the end
+    SignalCleanup cleanup; // deletes it at the end
 };
 
 using Layouts = std::vector<const CLayoutRes *>;
@@ -48,8 +48,8 @@ int InfoFail(Environment &env, const QByteArray &host)
     return PACK_FILE_INFO;
 }
 
-/// Removes what has the name of an output in another spelling. The converter would take it for the output, and write to
-/// wherever it leads when it is a link.
+/// Removes files whose names are other spellings of an output's name. The converter would take such a file for the
+/// output and, if it is a link, write to its target.
 int RemoveOtherSpellings(Environment &env, const QString &folder, const std::vector<LayoutOutput> &outputs)
 {
     QSet<QString> names;
@@ -63,8 +63,8 @@ int RemoveOtherSpellings(Environment &env, const QString &folder, const std::vec
     return PACK_OK;
 }
 
-/// The files that are wanted. What an earlier run left under their names is gone afterwards, so that it never passes
-/// for new.
+/// Collects the expected files. Removes files of those names that an earlier run left, so that an old file is never
+/// taken for a new one.
 int Expect(PackContext &context, const Layouts &layouts, const QString &folder, std::vector<LayoutOutput> &outputs)
 {
     Environment &env = context.Env();
@@ -72,7 +72,7 @@ int Expect(PackContext &context, const Layouts &layouts, const QString &folder, 
         const IDRecord &id = *layout->Id();
         const QString name = env.NarrowToWide(id.name);
         const QByteArray host = (folder + u'/' + name + QStringLiteral(".bin")).toUtf8();
-        if (!IsValidIdName(name)) { // which may lead out of the folder
+        if (!IsValidIdName(name)) { // it may lead out of the folder
             env.WriteOutput("\r\n[error] The ID of a layout is invalid: \"%s\"", qUtf8Printable(name));
             return PACK_FILE_INFO;
         }
@@ -84,7 +84,7 @@ int Expect(PackContext &context, const Layouts &layouts, const QString &folder, 
     return RemoveOtherSpellings(env, folder, outputs);
 }
 
-/// Says whether the converter writes only to places where a pack may write.
+/// True if the converter writes only to places where a pack may write.
 bool StaysInPlace(PackContext &context, const LayoutConverterCall &call, const Layouts &layouts)
 {
     QStringList paths;
@@ -96,14 +96,14 @@ bool StaysInPlace(PackContext &context, const LayoutConverterCall &call, const L
     return MayWrite(context.Env(), context.projectFolder, paths);
 }
 
-/// The converter puts the numbers of the header into the layouts. The pack numbers the IDs anew, and the two must be
-/// the same: a layout with a wrong number shows a wrong text and no error.
+/// The converter writes the numbers of the header into the layouts. The pack numbers the IDs again, and both must
+/// agree: a layout with a wrong number shows a wrong text without any error.
 int CompareNumbers(PackContext &context, const QString &header)
 {
     constexpr qint64 LARGEST_HEADER = 64 << 20;
     QByteArray bytes;
     if (ReadFile(header, bytes, LARGEST_HEADER) != 0)
-        return PACK_OK; // the converter says so
+        return PACK_OK; // the converter reports it
     IdNumbers numbers;
     numbers.Read(bytes);
     const IDPool &ids = context.document.ids;
@@ -183,7 +183,7 @@ int ConstructLayouts(PackContext &context)
         call.header = HostForm(HeaderIn(headers, settings.String("ResID", "main_header", "ResID.h")), {});
         call.table = HostForm(headers, {});
     }
-    // What the converter reads the pack depends on.
+    // The pack depends on the files that the converter reads.
     (void)context.files.Find(call.input);
     if (!LayoutSetting(settings, "export_xml").isEmpty())
         (void)context.files.Find(call.xml);

@@ -7,16 +7,16 @@
 namespace
 {
 
-constexpr qsizetype LONGEST_LINE = 255;   // bytes; what is longer goes on in the next line
+constexpr qsizetype LONGEST_LINE = 255;   // bytes; the rest of a longer line is read as the next line
 constexpr qint64 LARGEST_LIST = 64 << 20; // bytes
 
 enum class ListKind
 {
     Preview, ///< entries are numbered
-    Files,   ///< entries bear the files' names
+    Files,   ///< entries have the files' names
 };
 
-/// One run over a list file.
+/// Reads a list file once.
 class ListReader
 {
 public:

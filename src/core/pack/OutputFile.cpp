@@ -25,7 +25,7 @@ QString Reason(int error)
     return QString::fromLocal8Bit(strerror(error));
 }
 
-/// Says whether a new file was refused for what its folder is, although an old file there may be written.
+/// True if the folder refused a new file; an old file in it may still be writable.
 bool IsFolderClosed(int error)
 {
     return error == EACCES || error == EPERM || error == EROFS || error == ENAMETOOLONG;
@@ -108,19 +108,19 @@ int OutputFile::OpenBeside(mode_t mode)
 
 int OutputFile::OpenDirectly(mode_t mode)
 {
-    // Not blocking, so that a pipe without a reader doesn't hang the program.
+    // Non-blocking, so that a pipe without a reader doesn't hang the program.
     handle = FileHandle(open(path.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, mode));
     struct stat info;
     if (!handle.IsOpen() || fstat(handle.Get(), &info) != 0)
         return errno;
     isRegular = S_ISREG(info.st_mode);
-    // A pipe with a reader takes what it can hold, and the rest when there is room again.
+    // A pipe with a reader takes as much as it can hold, and the rest once there is room again.
     return fcntl(handle.Get(), F_SETFL, fcntl(handle.Get(), F_GETFL) & ~O_NONBLOCK) == 0 ? 0 : errno;
 }
 
 bool OutputFile::GiveTo(uid_t user, gid_t group, mode_t mode) const
 {
-    // The owner first, since that clears bits of the mode.
+    // Set the owner first, since that clears bits of the mode.
     return fchown(handle.Get(), user, group) == 0 && fchmod(handle.Get(), mode & ALL_BITS) == 0;
 }
 
@@ -163,7 +163,7 @@ int OutputFile::PutInPlace()
 {
     if (temporary.isEmpty())
         return 0;
-    // Some file systems tell only when a file is closed that they had no room for it.
+    // Some file systems only report on close that they had no room for a file.
     const int copy = fcntl(handle.Get(), F_DUPFD_CLOEXEC, 0);
     int error = copy >= 0 && close(copy) != 0 ? errno : 0;
     if (error == 0) {
@@ -180,7 +180,7 @@ int OutputFile::PutInPlace()
     return error;
 }
 
-/// Nothing takes the place of a file that is itself the mount point of one, as containers do it; it can be written.
+/// A file that is itself a mount point, as in containers, can't be replaced, but it can be written.
 int OutputFile::OverwriteMounted()
 {
     const FileHandle made = std::exchange(handle, FileHandle(open(target.constData(), O_WRONLY | O_TRUNC | O_CLOEXEC)));

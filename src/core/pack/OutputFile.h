@@ -7,29 +7,30 @@
 
 class Environment;
 
-/// The host path of a file to be made: folders are matched without regard to case, the file's own name stays as it is.
+/// The host path of a file to be made. Folders are matched without regard to case; the file's own name isn't changed.
 [[nodiscard]] QByteArray OutputPath(const QString &path);
 
 /// Which permissions a made file has.
 struct OutputRights
 {
-    mode_t fresh = 0666; ///< of a new file, less the user's mask
-    /// An old file of the user's own gets `fresh` too, and may be read-only. Otherwise it keeps its permissions, and a
-    /// read-only one is refused.
+    mode_t fresh = 0666; ///< of a new file, reduced by the user's mask
+    /// If true, an old file that the user owns gets `fresh` too, and may be read-only. Otherwise it keeps its
+    /// permissions, and a read-only file is refused.
     bool replacesReadOnly = false;
 };
 
-/// Those of a copy of the input: its permissions, and never read-only.
+/// The rights of a copy of the input: the input's permissions, but never read-only.
 [[nodiscard]] OutputRights RightsOfInput(const FileHandle &input);
 
-/// A file that a pack makes. It is written beside its place, as ".NAME.PID-N", and takes its place in one step when it
-/// is whole: the old file is there until then, and stays when anything fails. Symbolic links are followed.
+/// A file that a pack makes. It is written in the same folder as ".NAME.PID-N" and renamed in one step once it is
+/// complete. The old file stays until then, and is kept if anything fails. Symbolic links are followed.
 ///
-/// These are written directly, byte after byte: a device, a pipe, and an old file that can't be replaced without a loss
-/// (it has several names, another owner, or its folder can't be written). Nothing is synced: a build product that a
-/// failing power supply takes is made again.
+/// These are written directly: a device, a pipe, and an old file that can't be replaced without loss (it has several
+/// names, another owner, or its folder can't be written). Nothing is synced: a build product lost in a power failure
+/// can be built again.
 ///
-/// What fails is explained, with the path and the system's reason. While it writes much, the window breathes.
+/// Failures are explained with the path and the system's reason. A long write gives the window time to process its
+/// events.
 class OutputFile
 {
 public:
@@ -38,19 +39,19 @@ public:
     OutputFile(const OutputFile &) = delete;
     OutputFile &operator=(const OutputFile &) = delete;
 
-    /// Opens it empty. 0, or the system's error number.
+    /// Opens the file, empty. Returns 0, or the system's error number.
     [[nodiscard]] int Begin(const QByteArray &host, const OutputRights &rights);
 
     [[nodiscard]] bool Write(QByteArrayView bytes);
-    /// Writes the bytes of `input` from `from` to its end. How many they were; -1 when that failed.
+    /// Writes the bytes of `input` from offset `from` to its end. Returns their number, or -1 if that failed.
     [[nodiscard]] qint64 Copy(const FileHandle &input, qint64 from = 0);
-    /// True when the first bytes can be written again: not in a device or a pipe.
+    /// True if the first bytes can be written again: not for a device or a pipe.
     [[nodiscard]] bool CanGoBack() const { return isRegular; }
     [[nodiscard]] bool WriteAtStart(QByteArrayView bytes);
 
-    /// Gives the file its name. 0, or the system's error number, and then the old file is there.
+    /// Gives the file its name. Returns 0, or the system's error number; the old file is then still there.
     [[nodiscard]] int PutInPlace();
-    /// Gives up what was written beside its place: the old file stays. True when the old file is as it was.
+    /// Discards the temporary file; the old file stays. Returns true if the old file is unchanged.
     bool Drop();
 
 private:
@@ -63,9 +64,9 @@ private:
     void Breathe();
 
     const Environment &env;
-    QByteArray path;      // as it was asked for
+    QByteArray path;      // as requested
     QByteArray target;    // where its links lead
-    QByteArray temporary; // empty when it is written directly, or is in its place
+    QByteArray temporary; // empty if the file is written directly or already in place
     SignalCleanup cleanup;
     FileHandle handle;
     bool isRegular = false;

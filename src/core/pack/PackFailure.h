@@ -2,6 +2,5 @@
 
 #include <QString>
 
-/// What the result of a pack means, for the person who reads it: in one sentence, with what to do where that can be
-/// told. Empty for 0.
+/// Explains the result of a pack to the user in one sentence, with what to do if that is known. Empty for 0.
 [[nodiscard]] QString PackFailureText(int code);

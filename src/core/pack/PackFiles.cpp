@@ -19,10 +19,10 @@ QByteArray WithSlashes(QStringView path)
     return host;
 }
 
-/// Opens `found.host`, and says what is there. The error number when it isn't open.
+/// Opens `found.host` and fills in what is there. Returns the error number if it isn't open.
 int Look(PackFile &found, OutputGuard *guard)
 {
-    // Not blocking, so that a pipe in the place of a file doesn't hang the program.
+    // Non-blocking, so that a pipe in place of a file doesn't hang the program.
     found.file = FileHandle(open(found.host.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     const int error = found.file.IsOpen() ? 0 : errno;
     found.error = error;
@@ -71,7 +71,7 @@ int ReadIntoPayload(const Environment &env, const PackFile &file, const ReadRequ
         return PACK_MEMORY;
     if (file.ReadTo(place))
         return PACK_OK;
-    (void)FailFile(env, file, PACK_FILE_READ); // errno is still that of the reading
+    (void)FailFile(env, file, PACK_FILE_READ); // errno is still that of the read
     return request.fail(ReadFailure::Content);
 }
 

@@ -11,17 +11,17 @@ class Environment;
 /// A file that a pack reads, looked at once.
 struct PackFile
 {
-    FileHandle file;     ///< not open: it isn't there, may not be read, or is no file
+    FileHandle file;     ///< not open if it doesn't exist, may not be read, or isn't a file
     QByteArray host;     ///< its path on this host
-    bool exists = false; ///< something bears the name
+    bool exists = false; ///< something has that name
     qint64 size = -1;    ///< bytes; -1: couldn't be read
-    int error = 0;       ///< the system's error number when it isn't open; 0: it is no regular file
+    int error = 0;       ///< the system's error number if it isn't open; 0: not a regular file
 
-    /// Reads the whole file to `place`. False when it ended early, with errno 0, or couldn't be read.
+    /// Reads the whole file into `place`. Returns false if it ended early (errno is then 0) or couldn't be read.
     [[nodiscard]] bool ReadTo(char *place) const;
 };
 
-/// Finds and opens the files of one pack; a folder is listed at most once, and only when a name isn't found as it is
+/// Finds and opens the files of one pack. A folder is listed at most once, and only if a name isn't found as it is
 /// written.
 class PackFiles
 {
@@ -30,13 +30,13 @@ public:
     /// They are compared with the outputs of `outputGuard`.
     PackFiles(std::vector<QByteArray> *readFiles, OutputGuard &outputGuard) : inputs(readFiles), guard(outputGuard) {}
 
-    /// A relative path counts from the current folder.
+    /// A relative path is relative to the current folder.
     [[nodiscard]] PackFile Open(QStringView path);
-    /// The same for a path in the host's form.
+    /// Does the same with a host path.
     [[nodiscard]] PackFile OpenHost(const QByteArray &host);
-    /// The same for a file that this pack has made itself: exactly that name, and no input.
+    /// Does the same with a file that this pack has made itself: it has exactly that name and isn't an input.
     [[nodiscard]] static PackFile OpenMade(const QByteArray &host);
-    /// The absolute host path of something that is there, counted as read; empty when there is nothing.
+    /// Returns the absolute host path of an existing file or folder, which counts as read; empty if there is none.
     [[nodiscard]] QByteArray Find(QStringView path);
 
 private:
@@ -50,26 +50,27 @@ private:
 /// Why a file couldn't be read into the payload.
 enum class ReadFailure
 {
-    Size, ///< can't be told
+    Size, ///< the size is unknown
     TooSmall,
     Open,
-    Content, ///< ends early, or can't be read
+    Content, ///< the file ends early or can't be read
 };
 
-/// What reading a file into the payload needs of a phase.
+/// What a phase supplies for reading a file into the payload.
 struct ReadRequest
 {
-    /// The place for so many bytes; null when there is no memory.
+    /// Returns the place for `size` bytes; null if memory runs out.
     std::function<char *(quint64 size)> place;
     /// Writes the phase's line about a failure, and returns its code.
     std::function<int(ReadFailure)> fail;
-    qint64 tooSmall = -1; ///< bytes; a file of so many, or fewer, is refused
+    qint64 tooSmall = -1; ///< bytes; a file of this size or less is refused
 };
 
-/// Reads a whole file into the payload. 0, PACK_MEMORY, or what `fail` returns; the system's reason is explained.
+/// Reads a whole file into the payload. Returns 0, PACK_MEMORY, or the result of `fail`; the system's reason is
+/// explained.
 [[nodiscard]] int ReadIntoPayload(const Environment &env, const PackFile &file, const ReadRequest &request);
 
-/// Explains why a file couldn't be opened, or not be read to its end right before; `code`.
+/// Explains why a file couldn't be opened, or why the read just before failed. Returns `code`.
 int FailFile(const Environment &env, const PackFile &file, int code);
 
 /// `host` as an absolute path.

@@ -76,7 +76,7 @@ QByteArrayView PackImage::Serialise(QByteArrayView prefix)
     const quint64 head = quint64(prefix.size()) + layout.directory + layout.table;
     if (!bytes.EnsureFront(head))
         return {};
-    // The entries' data, mostly an icon, moves forward and lets the table in before the items.
+    // Move the entries' data, usually an icon, to the front, which makes room for the table before the items.
     std::memmove(bytes.At(-qint64(layout.table)), bytes.At(0), size_t(entryBytes));
     WriteBlockTable(items, bytes.At(qint64(entryBytes) - qint64(layout.table)));
     WriteDirectory(entries, layout, bytes.At(-qint64(layout.table + layout.directory)));

@@ -3,14 +3,14 @@
 #include "PayloadBuffer.h"
 #include "PayloadLayout.h"
 
-/// What fills an entry's data up: the directory's numbers count with or without it.
+/// The padding of an entry's data. The numbers in the directory are computed with that padding or without.
 enum class EntryPadding
 {
     None,
     FourBytes,
 };
 
-/// What one run of the construct phases gathers: the directory, the block and their bytes, which are read straight into
+/// What one run of the construct phases gathers: the directory, the block and their bytes. Files are read directly into
 /// their places in `memory`. All entries come before the first item.
 ///
 ///     PackImage image(memory, EntryPadding::FourBytes);
@@ -22,16 +22,16 @@ enum class EntryPadding
 class PackImage
 {
 public:
-    /// Empties `memory`, which it uses and doesn't own.
+    /// Empties `memory`, which this object uses but doesn't own.
     PackImage(PayloadBuffer &memory, EntryPadding entryPadding);
 
     std::vector<PackEntry> entries;
     std::vector<BlockItem> items;
-    qint64 base = -1; ///< what offsets count from; set by the mode before `LayOut`
+    qint64 base = -1; ///< the base of all offsets; the mode sets it before `LayOut`
 
     /// Valid until the next one is added.
     PackEntry &AddEntry(const NarrowText &name);
-    /// Gives the entry its size, and the place for so many bytes.
+    /// Sets the entry's size and returns the place for its bytes; null if memory runs out.
     [[nodiscard]] char *EntryData(PackEntry &entry, quint64 size);
 
     void BeginBlock(); ///< ends the directory
@@ -39,26 +39,27 @@ public:
 
     /// Valid until the next one is added.
     BlockItem &AddItem(quint32 key, ItemKind kind);
-    /// Makes the last item longer by `size` bytes of any content, and gives the place of the first.
+    /// Extends the last item by `size` uninitialised bytes and returns the place of the first; null if memory runs out.
     [[nodiscard]] char *ExtendItem(quint64 size);
-    /// Fills the last item up to a multiple of 4 with zero bytes. False when the memory ends.
+    /// Pads the last item with zero bytes to a multiple of 4. Returns false if memory runs out.
     [[nodiscard]] bool PadItem();
     /// The byte at `offset` of the last item.
     [[nodiscard]] char *ItemAt(quint64 offset) { return bytes.At(qint64(itemStart + offset)); }
     [[nodiscard]] quint64 ItemSize() const { return bytes.Size() - itemStart; }
 
-    /// Computes offsets and sizes. False when they need more than 32 bits.
+    /// Computes offsets and sizes. Returns false if they need more than 32 bits.
     [[nodiscard]] bool LayOut();
-    /// The size of the payload that was laid out.
+    /// The size of the payload in bytes, once it is laid out.
     [[nodiscard]] quint64 Total() const { return layout.Total(); }
 
-    /// The whole payload behind `prefix`, in one stretch of `memory`. Once only, after `LayOut`. Null view: no memory.
+    /// Returns `prefix` and the whole payload as one contiguous part of `memory`. May be called once, after `LayOut`.
+    /// Returns a null view if memory runs out.
     [[nodiscard]] QByteArrayView Serialise(QByteArrayView prefix);
 
 private:
     PayloadBuffer &bytes;
     EntryPadding padding;
-    quint64 entryBytes = 0; // the entries' data; the items' follow
+    quint64 entryBytes = 0; // size of the entries' data; the items' data follows
     quint64 itemStart = 0;  // of the last item
     PayloadLayout layout;
 };

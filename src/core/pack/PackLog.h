@@ -2,7 +2,7 @@
 
 #include "Environment.h"
 
-/// A line for both logs.
+/// Writes a line to both logs.
 #define PACK_LOG_BOTH(env, ...)                                                                                        \
     do {                                                                                                               \
         (env).WriteOutput(__VA_ARGS__);                                                                                \

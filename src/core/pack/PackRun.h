@@ -3,7 +3,7 @@
 #include "PackImage.h"
 #include "Phases.h"
 
-/// One pack from its start to its end.
+/// The state of one pack.
 struct PackRun
 {
     CResModel &document;
@@ -14,12 +14,12 @@ struct PackRun
     QByteArray inputHost;
     QByteArray outputHost;
     QByteArray sideHost;    // the payload alone; empty in a mode without it
-    PayloadBuffer memory{}; // each payload of the run lies in it, one at a time
+    PayloadBuffer memory{}; // holds the payloads of the run, one at a time
 
     [[nodiscard]] Environment &Env() const { return document.env; }
 };
 
-/// Runs all phases and puts the payload, behind `prefix`, into the run's memory, where it stays until the next one is
-/// built. 0 or a failure code; PACK_SAME_FILE when an output is a file that was read.
+/// Runs all phases and builds the payload, after `prefix`, in the run's memory. It is valid until the next one is
+/// built. Returns 0 or a failure code; PACK_SAME_FILE if an output is a file that was read.
 [[nodiscard]] int BuildPayload(PackRun &run, EntryPadding padding, quint64 base, QByteArrayView prefix,
                                QByteArrayView &payload);

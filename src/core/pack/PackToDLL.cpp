@@ -8,8 +8,8 @@
 #include <cerrno>
 #include <cstring>
 
-// A packed DLL: the input's bytes, PAYLOAD_NAME, the payload, and the input's size in 4 bytes, the low one first. A
-// reader goes from that last field to the name.
+// A packed DLL: the input's bytes, PAYLOAD_NAME, the payload, and the input's size in 4 bytes, little-endian. A reader
+// uses that last field to find the name.
 
 namespace
 {

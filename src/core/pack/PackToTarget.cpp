@@ -7,7 +7,7 @@
 namespace
 {
 
-/// Writes the input, grown by the payload, without giving it its name.
+/// Writes the input, grown by the payload, to the temporary file.
 int WriteTarget(PackRun &run, ElfImage &elf, QByteArrayView payload, OutputFile &output)
 {
     Environment &env = run.Env();
@@ -22,7 +22,7 @@ int WriteTarget(PackRun &run, ElfImage &elf, QByteArrayView payload, OutputFile 
     return WriteElf(env, elf, output, run.outputHost);
 }
 
-/// Writes the payload alone, without giving the file its name.
+/// Writes the payload alone to the temporary file.
 int WriteSideFile(PackRun &run, OutputFile &side)
 {
     Environment &env = run.Env();
@@ -67,8 +67,8 @@ int Packer::PackToTarget(PackRun &run)
     return code;
 }
 
-/// Both files get their names together, when both are whole. Where the side file fails the output gets its name all the
-/// same.
+/// Both files are put in place together, once both are complete. If the side file fails, the output is put in place
+/// anyway.
 int Packer::WriteResFile(PackRun &run, OutputFile &output)
 {
     Environment &env = run.Env();

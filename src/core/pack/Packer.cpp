@@ -37,7 +37,7 @@ int RefuseSameFile(Environment &env, const packinfo &info, const QString &reason
     return PACK_SAME_FILE;
 }
 
-/// Which two of the files of a pack are one, under whatever names; empty when none are.
+/// Says which two files of a pack are the same file, whatever their names; empty if there are none.
 QString FindSameFile(const QByteArray &input, const QByteArray &output, const QByteArray &side,
                      const QByteArray &depfile)
 {
@@ -84,7 +84,7 @@ int Packer::Pack(const packinfo &parameters, CResModel &document, std::vector<QB
     const QByteArray outputHost = OutputPath(env.NarrowToWide(info.outputfilename));
     const QByteArray sideHost = info.packmode == PACK_TO_TARGET ? SideFile(env.NarrowToWide(info.inputfilename)) : "";
     const QByteArray depfileHost = HostPath(info.depfile);
-    // Another spelling, or a link: writing one would destroy the other.
+    // The names may differ in spelling, or one may be a link; writing one file would destroy the other.
     if (const QString found = FindSameFile(inputHost, outputHost, sideHost, depfileHost); !found.isEmpty())
         return RefuseSameFile(env, info, found);
     OutputGuard guard({outputHost, sideHost, depfileHost});

@@ -14,7 +14,7 @@ struct PackRun;
 enum PackMode : qint32
 {
     PACK_TO_TARGET = 0, ///< an ELF file gets a new section, and a side file is written
-    PACK_TO_DLL = 1,    ///< the payload is appended behind a DLL
+    PACK_TO_DLL = 1,    ///< the payload is appended to a DLL
 };
 
 /// The parameters of one pack.
@@ -26,21 +26,22 @@ struct packinfo
     qint16 scope = -1; ///< resolution index of the target, -1 if it isn't known
     qint32 imageconvert = 0;
     qint32 ver = 0;
-    QStringList projectFiles; ///< absolute paths of what the project was read from; no output replaces one
-    /// The folder with the generated headers and the layout converter's tables; empty: where the settings put them.
+    QStringList projectFiles; ///< absolute paths of the files the project was read from; no output replaces one
+    /// The folder with the generated headers and the layout converter's tables; empty: the folders that the settings
+    /// name.
     QString headers;
-    QString
-        depfile;  ///< what the caller writes behind the pack, absolute; empty: nothing. It replaces no file of the pack
-    QString temp; ///< a folder for what the pack makes for itself; empty: beside the sources
+    /// Absolute path of the file that the caller writes after the pack; empty: none. It replaces no file of the pack.
+    QString depfile;
+    QString temp; ///< a folder for the pack's own temporary files; empty: beside the sources
 };
 
 /// Turns a project's resources into one payload and attaches it to the application file.
 class Packer
 {
 public:
-    /// 0, or a failure code: from -1000 down, or the positive error number of an output file that couldn't be opened.
-    /// IDs must have been numbered, and the project's folder must be the current one. `inputs`, if not null, gets the
-    /// host path of every file that was read.
+    /// Returns 0, or a failure code: -1000 or less, or the positive error number of an output file that couldn't be
+    /// opened. The IDs must have been numbered, and the project's folder must be the current folder. `inputs`, if not
+    /// null, gets the host path of every file that was read.
     [[nodiscard]] static int Pack(const packinfo &parameters, CResModel &document,
                                   std::vector<QByteArray> *inputs = nullptr);
 

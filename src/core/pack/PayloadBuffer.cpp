@@ -26,7 +26,7 @@ bool PayloadBuffer::Grow(quint64 needed)
 {
     if (memory && needed <= capacity)
         return true;
-    // Addresses only: a page gets memory when it is first written to.
+    // This reserves addresses only: a page gets memory when it is first written to.
     size_t wanted = std::max(capacity * 2, FIRST_CAPACITY);
     wanted = std::max(wanted, size_t(needed));
     void *grown =
@@ -44,8 +44,8 @@ void PayloadBuffer::Touch(quint64 size)
     const quint64 end = front + used + size;
     if (end <= touched)
         return;
-    // One call for many pages is much cheaper than a fault for each. A system that can't do it has the faults. Only
-    // small pieces gain by what is made ready for the next ones.
+    // One call for many pages is much cheaper than a page fault for each. A system that doesn't support the call takes
+    // the faults. Preparing pages in advance only helps small pieces.
     constexpr size_t PAGE_MASK = 4095;
     const size_t from = std::max(touched, front) & ~PAGE_MASK;
     touched = std::min(capacity, size_t(end) + (size < TOUCH_AHEAD ? TOUCH_AHEAD : 0)) & ~PAGE_MASK;

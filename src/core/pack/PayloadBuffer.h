@@ -4,15 +4,15 @@
 
 #include <cstddef>
 
-/// The bytes of one payload, gathered at their places.
+/// The bytes of one payload, each at its final place.
 ///
-/// Grows at its end without copying, and keeps room in front of its first byte, so that what is known only at last (the
-/// directory and the block table) is put before the data and the whole is one stretch. Memory that isn't written to
-/// isn't used. `Clear` keeps the memory for the next payload.
+/// Grows at its end without copying, and keeps room before its first byte. The parts that are only known at the end
+/// (the directory and the block table) are put there, so that the whole payload is contiguous. Memory that is never
+/// written to isn't used. `Clear` keeps the memory for the next payload.
 class PayloadBuffer
 {
 public:
-    /// `frontRoom` is how many bytes in front cost no move of the data.
+    /// `frontRoom` is the number of bytes in front that can be used without moving the data.
     explicit PayloadBuffer(size_t frontRoom = size_t(16) << 20);
     ~PayloadBuffer();
     PayloadBuffer(const PayloadBuffer &) = delete;
@@ -21,14 +21,14 @@ public:
     void Clear() { used = 0; }
     [[nodiscard]] quint64 Size() const { return used; }
 
-    /// `size` bytes of any content behind the last one; they move at the next `Append`. Null when the memory ends or
-    /// the buffer would hold more than 32 bits can tell.
+    /// Appends `size` uninitialised bytes and returns the place of the first, which is valid until the next `Append`.
+    /// Returns null if memory runs out or the size of the buffer would not fit in 32 bits.
     [[nodiscard]] char *Append(quint64 size);
 
-    /// The byte at `offset`; below 0 in the room in front, as far as `EnsureFront` has made it.
+    /// The byte at `offset`. A negative offset is in the room in front, as far as `EnsureFront` has made room.
     [[nodiscard]] char *At(qint64 offset) { return memory + qint64(front) + offset; }
 
-    /// Makes room for `size` bytes in front of the first one. False when the memory ends.
+    /// Makes room for `size` bytes before the first one. Returns false if memory runs out.
     [[nodiscard]] bool EnsureFront(quint64 size);
 
 private:
@@ -40,5 +40,5 @@ private:
     size_t capacity = 0;
     size_t front;
     quint64 used = 0;
-    size_t touched = 0; // pages before this place have memory, from `front` on
+    size_t touched = 0; // the pages from `front` to this place have memory
 };

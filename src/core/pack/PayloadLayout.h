@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-// The payload: what a device reads. All numbers have 32 bits, the low byte first.
+// The payload, which a device reads. All numbers have 32 bits and are little-endian.
 //
 //   part            size                        content
 //   directory       d, filled up to D = 4 x n   records: name, zero byte, offset (4), size (4); not aligned
@@ -14,17 +14,17 @@
 //   block table     8 x N                       records: key (4), offset (4); the last has the key 0xFFFFFFFF
 //   block data      sum of the items' sizes     each item's bytes, in table order
 //
-// The last two entries of the directory are "zep-2.0", whose data is the table, and one with the empty name, which ends
-// it. All offsets count from `base`, the place of the payload's first byte (or 0).
+// The last two entries of the directory are "zep-2.0", whose data is the table, and an entry with an empty name, which
+// ends the directory. All offsets are relative to `base`, the place of the payload's first byte (or 0).
 
 /// A file of the directory.
 struct PackEntry
 {
-    NarrowText name; ///< ends at its first zero byte on the device
+    NarrowText name; ///< the device reads it up to its first zero byte
     quint32 offset = 0;
     quint32 size = 0;
     quint32 paddedSize = 0;
-    bool isBlock = false; ///< the entry of the block table; a listed file may bear its name too
+    bool isBlock = false; ///< the entry of the block table; a listed file may have its name too
 };
 
 enum ItemKind : qint32
@@ -35,7 +35,7 @@ enum ItemKind : qint32
     ITEM_LAYOUT = 3,
 };
 
-/// A resource that is known by its number.
+/// A resource that the device finds by its number.
 struct BlockItem
 {
     quint32 key = 0;
@@ -55,13 +55,13 @@ struct PayloadLayout
     quint64 entryData = 0;
     quint64 table = 0;
     quint64 blockData = 0;
-    quint32 tableOffset = 0; ///< counted from `base`
+    quint32 tableOffset = 0; ///< relative to `base`
 
     [[nodiscard]] quint64 Total() const { return directory + entryData + table + blockData; }
 };
 
-/// Gives every entry and item its offset, and the block's entry its size, from names and sizes alone. Nothing when an
-/// offset would need more than 32 bits.
+/// Sets the offset of every entry and item, and the size of the block's entry, from names and sizes alone. Returns
+/// nothing if an offset would need more than 32 bits.
 [[nodiscard]] std::optional<PayloadLayout> LayOutPayload(std::vector<PackEntry> &entries, std::vector<BlockItem> &items,
                                                          quint64 base);
 

@@ -13,7 +13,7 @@ constexpr quint32 END_KEY = 0xFFFFFFFF;
 constexpr quint64 PAIR = 8; // key or ID, offset
 constexpr char BLOCK_ENTRY[] = "zep-2.0";
 
-/// One reading of a payload. Each step gives an empty text, or what is wrong.
+/// Reads one payload. Each step returns an empty text, or what is wrong.
 class PayloadParser
 {
 public:
@@ -65,7 +65,7 @@ private:
         return {};
     }
 
-    /// The bytes that an offset and a size of the file name; nothing when they lie outside.
+    /// The bytes at an offset and of a size that the file gives; nothing if they are outside of the payload.
     [[nodiscard]] std::optional<QByteArrayView> Part(quint64 offset, quint64 size) const
     {
         return offset < payload.base ? std::nullopt : bytes.Slice(offset - payload.base, size);
@@ -174,7 +174,7 @@ private:
         return {};
     }
 
-    /// Where the zero unit of the string at `offset` stands; 0 when there is none.
+    /// The place of the zero unit that ends the string at `offset`; 0 if there is none.
     static quint64 FindEnd(const ByteReader &table, quint64 offset)
     {
         for (quint64 at = offset;; at += 2) {

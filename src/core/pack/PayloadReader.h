@@ -5,7 +5,7 @@
 
 #include <vector>
 
-/// A record of the directory, its numbers as they stand in the file.
+/// A record of the directory, with its numbers as the file has them.
 struct DirectoryEntry
 {
     NarrowText name;
@@ -19,7 +19,7 @@ struct BlockEntry
 {
     quint32 key;
     quint32 offset;
-    quint32 size; ///< up to the next record's offset, so with its padding
+    quint32 size; ///< up to the next record's offset, so padding is included
     QByteArrayView data;
 };
 
@@ -30,15 +30,15 @@ struct TableString
     QString text;
 };
 
-/// The strings of one language, each ID once: of several the first, as on the device.
+/// The strings of one language, each ID once. If an ID occurs several times, the first counts, as on the device.
 struct LanguageStrings
 {
     quint32 language;
     std::vector<TableString> strings;
 };
 
-/// A payload whose every offset has been checked: no two parts share a byte, and none lies outside. Views into its
-/// bytes.
+/// A payload whose offsets have all been checked: no two parts share a byte, and none is outside of the payload. Its
+/// views point into the payload's bytes.
 struct Payload
 {
     quint64 base = 0;
@@ -47,6 +47,6 @@ struct Payload
     std::vector<LanguageStrings> languages;
 };
 
-/// Reads a payload (docs/payload-format.md). Its base is what its first offset says. Empty, or what is wrong with the
-/// bytes: field, value and limit.
+/// Reads a payload (docs/payload-format.md). Its first offset determines its base. Returns an empty text, or what is
+/// wrong with the bytes: field, value and limit.
 [[nodiscard]] QString ReadPayload(QByteArrayView bytes, Payload &payload);

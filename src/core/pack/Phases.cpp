@@ -15,7 +15,7 @@ int EndBlock(PackContext &context)
     return PACK_OK;
 }
 
-/// One step of a run and what it tells the user.
+/// One step of a run and its messages to the user.
 struct Phase
 {
     int (*run)(PackContext &);

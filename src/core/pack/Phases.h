@@ -16,15 +16,17 @@ struct PackContext
     PackImage &image;
     PackFiles &files;
     ScratchFolder &scratch;
-    QString projectFolder; ///< host form, without a separator at its end
+    QString projectFolder; ///< host path without a separator at its end
 
     [[nodiscard]] Environment &Env() const { return document.env; }
 };
 
-/// Runs all phases. 0, or the code of the one that failed; what was built so far is to be dropped then.
+/// Runs all phases. Returns 0, or the code of the phase that failed; the caller must then discard what was built so
+/// far.
 [[nodiscard]] int ConstructResources(PackContext &context);
 
-// The phases, a file each: 0 or a PackCode. Their table in Phases.cpp gives their order and their lines.
+// The phases, each in a file of its own. They return 0 or a PackCode. The table in Phases.cpp has their order and their
+// messages.
 [[nodiscard]] int ConstructAppIcon(PackContext &context);
 [[nodiscard]] int ConstructPreview(PackContext &context);
 [[nodiscard]] int ConstructV1(PackContext &context);

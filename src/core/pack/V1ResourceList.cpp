@@ -66,7 +66,7 @@ bool V1ResourceList::AddLine(const NarrowText &line)
     bool relative = false;
     for (qsizetype at = path.indexOf(u".\\"_s); at >= 0; at = path.indexOf(u".\\"_s, at)) {
         if (at > 0 && path[at - 1] == u'.') {
-            at += 2; // a step up stays: the pack understands it
+            at += 2; // keep ".." in the path: the pack understands it
             continue;
         }
         path.replace(at, 2, projectFolder);
@@ -141,7 +141,7 @@ void V1ResourceList::CopyToConfiguration() const
         WriteList(folder + u'/' + FileName(V1ListPath(projectPath)), bytes);
 }
 
-/// Writes a file of the project, unless a link leads it out of that.
+/// Writes a file of the project, unless a link leads out of the project.
 void V1ResourceList::WriteList(const QString &path, const QByteArray &bytes) const
 {
     FileTransaction files(env, {projectFolder, {}, {}, env.settings.Int("Path", "follow_links", 0) != 0});

@@ -13,8 +13,8 @@ struct CFileChangeMonitor::Parts
     {
         FILEWATCHITEM item;
         QByteArray path;
-        std::vector<QByteArray> folders; // in which something happens when the file changes
-        qint64 mark = 0;                 // the time of a file, or what tells one state of a whole folder from the next
+        std::vector<QByteArray> folders; // the folders that have an event when the file changes
+        qint64 mark = 0;                 // the time of a file, or a number that identifies a state of a whole folder
 
         [[nodiscard]] bool IsFolder() const { return path.endsWith('/'); }
         [[nodiscard]] bool IsIn(const std::set<QByteArray> &changed) const
@@ -41,11 +41,11 @@ struct CFileChangeMonitor::Parts
     const Notify notify;
     const WatchTimes times;
 
-    std::mutex lock; // of the next two; taken before the lock of `watch`, never while that one is held
+    std::mutex lock; // protects the next two; taken before the lock of `watch`, never while that is held
     std::map<quint32, Entry> entries;
     quint32 nextHandle = 1;
 
-    std::unique_ptr<FolderWatch> watch; // the main thread's
+    std::unique_ptr<FolderWatch> watch; // used by the main thread only
 };
 
 namespace
@@ -78,13 +78,13 @@ bool CFileChangeMonitor::Parts::StartThread()
     return true;
 }
 
-/// On the thread. Files are looked at without the lock: a disk may take its time, and nobody is to wait for it.
+/// Runs on the thread. Reads the files without the lock, since a disk may be slow and nothing should wait for it.
 void CFileChangeMonitor::Parts::Compare(FolderWatch &folderWatch, const FolderWatch::Changes &changes)
 {
     std::vector<Look> looks = LooksAt(changes);
     for (Look &look : looks) {
         std::vector<QByteArray> folders = FoldersOf(look.path);
-        WatchAll(folderWatch, folders); // before the time is read: a later change causes another notice
+        WatchAll(folderWatch, folders); // before the time is read, so that a later change causes another notice
         std::swap(look.folders, folders);
         look.mark = MarkOf(look.path);
     }
@@ -110,7 +110,7 @@ std::vector<CFileChangeMonitor::Parts::Look> CFileChangeMonitor::Parts::LooksAt(
     return looks;
 }
 
-/// Stores what was found, before anybody is asked. True: the file has changed.
+/// Stores the result before anything is reported. Returns true if the file has changed.
 bool CFileChangeMonitor::Parts::Take(FolderWatch &folderWatch, Look &look)
 {
     const auto known = entries.find(look.handle);
@@ -151,8 +151,8 @@ quint32 CFileChangeMonitor::AddFile(const QString &path, CDocument *doc)
         return 0;
     if (!parts->StartThread())
         return 0;
-    // The time is read once the folders are watched, so no later change is missed. The thread looks for the entry when
-    // the lock is free again.
+    // The time is read once the folders are watched, so no later change is missed. The thread uses the entry once the
+    // lock is free again.
     const std::lock_guard held(parts->lock);
     entry.folders = FoldersOf(entry.path);
     WatchAll(*parts->watch, entry.folders);
@@ -197,7 +197,7 @@ void CFileChangeMonitor::Stop()
         const std::lock_guard held(parts->lock);
         parts->entries.clear();
     }
-    parts->watch.reset(); // without the lock: the thread may be waiting for it
+    parts->watch.reset(); // without the lock, since the thread may be waiting for it
 }
 
 std::optional<FILEWATCHITEM> CFileChangeMonitor::ItemOf(quint32 handle) const

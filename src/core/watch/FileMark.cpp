@@ -17,7 +17,7 @@ namespace
 
 qint64 TimeOf(const struct stat &info)
 {
-    // A far future or past wraps around, and still differs from others.
+    // A time far in the future or past wraps around, but still differs from others.
     return qint64(quint64(info.st_mtim.tv_sec) * 1'000'000'000U + quint64(info.st_mtim.tv_nsec));
 }
 
@@ -26,7 +26,7 @@ std::optional<qint64> MarkOfFile(const QByteArray &path)
     struct stat info = {};
     if (stat(path.constData(), &info) != 0 || !S_ISREG(info.st_mode))
         return {};
-    // The file is opened first: a network file system may give an old time for one that isn't open.
+    // The file is opened first, since a network file system may return an old time for a file that isn't open.
     const FileHandle file(open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (!file.IsOpen() || fstat(file.Get(), &info) != 0)
         return {};
@@ -38,7 +38,7 @@ std::optional<qint64> MarkOfFolder(const QByteArray &path)
     DIR *const folder = opendir(path.constData());
     if (!folder)
         return {};
-    quint64 sum = 0; // in which order the files are listed doesn't matter
+    quint64 sum = 0; // a sum doesn't depend on the order in which the files are listed
     while (const dirent *const entry = readdir(folder)) {
         struct stat info = {};
         if (fstatat(dirfd(folder), entry->d_name, &info, 0) == 0 && S_ISREG(info.st_mode))

@@ -5,18 +5,19 @@
 #include <optional>
 #include <vector>
 
-// What of a file, or of a whole folder, a change shows in. Paths are the host's; that of a whole folder ends in "/".
+// A mark changes whenever a file, or a whole folder, changes. Paths are host paths; the path of a whole folder ends in
+// "/".
 
-/// The time of a file's last change in nanoseconds; for a folder a number that differs for other files or other times.
-/// Nothing if it can't be read, or is neither a file nor a folder, as its path says.
+/// The time of a file's last change in nanoseconds; for a folder, a number that depends on its files and their times.
+/// Nothing if it can't be read, or isn't what its path says, a file or a folder.
 [[nodiscard]] std::optional<qint64> MarkOf(const QByteArray &path);
 
-/// As many symbolic links as the system follows in one path.
+/// The number of symbolic links that the system follows in one path.
 inline constexpr int MOST_LINKS = 40;
 
-/// Where a symbolic link leads, one step; empty for anything else.
+/// The direct target of a symbolic link; empty for anything else.
 [[nodiscard]] QByteArray LinkTarget(const QByteArray &path);
 
-/// The folders in which something happens when what `path` names changes: its own, and that of each file that a
-/// symbolic link leads to. Each ends in "/".
+/// The folders that have an event when the file or folder at `path` changes: its own folder, and that of each target of
+/// a symbolic link. Each ends in "/".
 [[nodiscard]] std::vector<QByteArray> FoldersOf(QByteArray path);

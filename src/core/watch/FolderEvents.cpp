@@ -15,7 +15,7 @@ namespace
 
 constexpr quint32 MOVED = IN_MOVE_SELF | IN_DELETE_SELF;
 constexpr quint32 GONE = MOVED | IN_UNMOUNT | IN_IGNORED;
-// Without IN_MODIFY: a file is looked at when its writer has closed it.
+// Without IN_MODIFY: a file is checked once its writer has closed it.
 constexpr quint32 CHANGED = IN_CLOSE_WRITE | IN_MOVED_TO | IN_MOVED_FROM | IN_CREATE | IN_DELETE | IN_ATTRIB;
 
 /// True for a file system on which other computers, or the host of a virtual one, change files without an event here.
@@ -58,7 +58,7 @@ FolderEvents::Source FolderEvents::Attach(const QByteArray &folder)
         inotify = FileHandle(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
     if (!inotify.IsOpen())
         return Source::None;
-    // Downwards, the folder last: whatever is moved between two of these calls has an event.
+    // From the root down, the folder last, so that anything moved between two of these calls has an event.
     AttachPath(folder, folder);
     if (Add(folder, CHANGED | MOVED | IN_ONLYDIR, folder))
         return Source::Events;
@@ -67,7 +67,8 @@ FolderEvents::Source FolderEvents::Attach(const QByteArray &folder)
     return error == ENOENT || error == ENOTDIR ? Source::Gone : Source::None;
 }
 
-/// A folder that is renamed, or a link that is replaced, tells nothing to the watches of what is below.
+/// Watches every folder and link of the path: renaming a folder or replacing a link causes no event for what is below
+/// it.
 void FolderEvents::AttachPath(QByteArray path, const QByteArray &folder)
 {
     int links = 0;
@@ -84,7 +85,8 @@ void FolderEvents::AttachPath(QByteArray path, const QByteArray &folder)
 
 bool FolderEvents::Add(const QByteArray &path, quint32 mask, const QByteArray &folder)
 {
-    // A folder can be watched for itself and on the way to another: the system has one watch with one mask for it.
+    // A folder can be watched for itself and as part of another's path; the system has one watch with one mask for
+    // both.
     const int watch = inotify_add_watch(inotify.Get(), path.constData(), mask | IN_MASK_ADD);
     if (watch < 0)
         return false;
@@ -133,7 +135,7 @@ FolderEvents::Batch FolderEvents::Read()
 void FolderEvents::Sort(int watch, quint32 mask, Batch &batch) const
 {
     const auto known = uses.find(watch);
-    if (known == uses.end()) // events from before a watch was taken off
+    if (known == uses.end()) // events from before a watch was removed
         return;
     for (const auto &[folder, wanted] : known->second) {
         if (mask & GONE)

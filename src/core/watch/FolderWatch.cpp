@@ -15,11 +15,12 @@ using Source = FolderEvents::Source;
 namespace
 {
 
-// In a burst the events are left to gather: to wake for each would cost more than all the rest.
+// In a burst, events are left to gather, since waking up for each of them would cost more than all other work.
 constexpr auto GATHER_TIME = 30ms;
 constexpr int LOWEST_PRIORITY = 19;
 
-/// A thread that is started meanwhile takes no signals: the program's handlers run where they are expected.
+/// A thread that is started while this object exists gets no signals, so the program's handlers run on their usual
+/// threads.
 class SignalsBlocked
 {
 public:
@@ -129,8 +130,9 @@ void FolderWatch::TakeEvents(Clock::time_point now)
     }
 }
 
-/// Folders that are gone may be back, and those without events are compared; both may have events by now. One that is
-/// made again in a burst is looked for at once, so that what is written into it belongs to the burst.
+/// Checks folders that are gone, which may exist again, and folders without events, which are compared; both may have
+/// events by now. During a burst, folders that are gone are checked at once, so that what is written to a new one
+/// belongs to the burst.
 void FolderWatch::LookAtDueFolders(Clock::time_point now)
 {
     for (auto &[path, folder] : folders) {
@@ -157,7 +159,7 @@ FolderWatch::Clock::time_point FolderWatch::TimeOfNotice() const
     return std::min(lastEvent + times.quiet, firstEvent + times.longest);
 }
 
-/// -1: until something happens.
+/// -1 means to wait until something happens.
 int FolderWatch::MillisecondsToWait(Clock::time_point now) const
 {
     auto next = Clock::time_point::max();
@@ -167,7 +169,7 @@ int FolderWatch::MillisecondsToWait(Clock::time_point now) const
         if (folder.source != Source::Events)
             next = std::min(next, folder.due);
     }
-    if (!wake.IsOpen()) // no descriptor was left: nothing wakes the thread
+    if (!wake.IsOpen()) // no descriptor was available, so nothing wakes the thread
         next = std::min(next, now + GATHER_TIME);
     if (next == Clock::time_point::max())
         return -1;

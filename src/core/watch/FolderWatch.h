@@ -7,29 +7,29 @@
 #include <mutex>
 #include <thread>
 
-/// Tells of changes in folders, after the events of all of them have settled: what another program does in one go is
-/// told at once. Knows no files and no times.
+/// Reports changes in folders once the events of all of them have settled, so that everything another program does in
+/// one go is reported together. Knows nothing of files and their times.
 ///
-/// Has a thread of its own, at the lowest priority, from its construction to its destruction. All operations can be
-/// called from any thread. A folder's path is the host's, absolute, and ends in "/".
+/// Has a thread of its own, with the lowest priority, from construction to destruction. All operations can be called
+/// from any thread. A folder's path is an absolute host path that ends in "/".
 class FolderWatch
 {
 public:
     struct Changes
     {
         std::set<QByteArray> changed;
-        std::set<QByteArray> due; ///< folders without events: their files have to be compared
+        std::set<QByteArray> due; ///< folders without events, whose files must be compared
     };
-    /// Called by the thread, which holds no lock of this class meanwhile.
+    /// Called by the thread, which then holds no lock of this class.
     using Notify = std::function<void(FolderWatch &watch, const Changes &changes)>;
 
-    /// Throws std::system_error when the system has no thread left.
+    /// Throws std::system_error if the system can't start a thread.
     explicit FolderWatch(Notify notify, const WatchTimes &times = {});
-    /// Waits for the thread, and so for a notice that it is giving. Not to be called by the thread.
+    /// Waits for the thread, including a `Notify` call that is running. Must not be called by the thread.
     ~FolderWatch();
 
-    /// Watches a folder, which need not be there. Each change from now on is told. A folder that was watched twice has
-    /// to be unwatched twice.
+    /// Watches a folder, which need not exist. Every change from now on is reported. A folder that was watched twice
+    /// must be unwatched twice.
     void Watch(const QByteArray &folder);
     void Unwatch(const QByteArray &folder);
 
@@ -39,7 +39,7 @@ private:
     {
         int users = 0;
         FolderEvents::Source source = FolderEvents::Source::Gone;
-        Clock::time_point due; ///< the next look, where there are no events
+        Clock::time_point due; ///< the next check, if there are no events
     };
     void Run();
     void Wake() const;
@@ -55,11 +55,11 @@ private:
     const WatchTimes times;
     const FileHandle wake; // an eventfd
 
-    std::mutex lock; // of all that follows
+    std::mutex lock; // protects everything below
     bool isEnding = false;
     FolderEvents events;
     std::map<QByteArray, Folder> folders;
-    Changes changes; // not told yet
+    Changes changes; // not reported yet
     Clock::time_point firstEvent;
     Clock::time_point lastEvent;
 
