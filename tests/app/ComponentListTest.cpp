@@ -108,6 +108,8 @@ TEST(ComponentList, LetsGoOfWhatIsDestroyedAndTakesUpWhatComes)
          {std::pair(QByteArray("<Button name=\"other\"/>"), u"Button: other*\n"_s),
           {"<Label>" + QByteArray("<Button/>").repeated(5000) + "</Label>",
            u"Label*\n"_s + u".Button\n"_s.repeated(5000)},
+          {"<Label name=\"a&#10;" + QByteArray(30'000, 'x') + "\"/>",
+           u"Label: a\u21B5"_s + QString(291, u'x') + u"\u2026*\n"_s},
           {"<Button name=\"a\"><Label name=\"l\"/></Button>", u"Button: a*\n.Label: l\n"_s}}) {
         window.Go(u"Layouts"_s);
         window.PutLayouts(components); // while the panes are hidden

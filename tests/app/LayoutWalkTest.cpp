@@ -85,191 +85,165 @@ private:
     void GoTo(quint32 kind) const { Child().Selected().SelectFolder(Document().root.FindFolder(kind, 3)); }
     [[nodiscard]] CResFolder &ResolutionLayouts() const { return *Document().root.FindFolder(KIND_RESO_LAYOUTS, 1, 2); }
 
-    QByteArray Components(int most, int depth = 0);
+    QByteArray Components(int most, int depth = 0)
+    {
+        QByteArray all;
+        for (int count = Below(most + 1); count > 0; --count) {
+            const QByteArray type = OneOf({"Label", "Box", "Box", "Label", "Bare", "Unknown"});
+            const auto number = [&] { return QByteArray::number(Below(200)); };
+            all += '<' + type + " pos=\"(" + number() + ',' + number() + ")\" size=\"(" + number() + ',' + number() +
+                   ")\" wait=\"2000ms\"";
+            all += (Below(3) ? " name=\"n" + number() + '"' : "") + '>' + Components(depth < 3 ? 2 : 0, depth + 1) +
+                   "</" + type + '>';
+        }
+        return all;
+    }
     void PutLayouts()
     {
         folder.Put("demo/res/l.xml", "<TarvoXML><Layout id=\"ID_ONE\">" + Components(6) +
                                          "</Layout><Layout id=\"ID_TWO\"/><Layout id=\"ID_THREE\">" + Components(3) +
                                          "</Layout></TarvoXML>");
     }
-    void AnswerBox();
+    void AnswerBox()
+    {
+        if (QWidget *const menu = QApplication::activePopupWidget())
+            menu->close();
+        QWidget *const open = QApplication::activeModalWidget();
+        if (auto *const box = qobject_cast<QMessageBox *>(open)) {
+            const auto buttons = box->buttons();
+            buttons[Below(int(buttons.size()))]->click();
+        } else if (auto *const dialog = qobject_cast<QDialog *>(open)) {
+            QMetaObject::invokeMethod(dialog, Below(3) ? &QDialog::accept : &QDialog::reject, Qt::QueuedConnection);
+        }
+    }
     static void Key(Qt::Key key)
     {
         if (QApplication::focusWidget()) // there is none behind a box
             QTest::keyClick(QApplication::focusWidget(), key);
     }
-    void ClickInList();
-    void ClickInPreview();
-    void EditProperty();
-    void AddOrDelete();
-    void FilterProperties();
-    void Zoom();
-    void OtherFolder();
-    void NewOrDeletedLayout();
-    void WriteFromOutside();
-    void ClearAFolder();
-    void CheckOut();
+    void ClickInList()
+    {
+        QWidget &sheet = *List().viewport();
+        if (Below(3) == 0) {
+            List().setFocus();
+            return Key(OneOf({Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right, Qt::Key_End}));
+        }
+        QTest::mouseClick(&sheet, Below(8) ? Qt::LeftButton : Qt::RightButton, {},
+                          QPoint(Below(sheet.width()), Below(sheet.height())));
+    }
+    void ClickInPreview()
+    {
+        const QPoint place(Below(Preview().viewport()->width()), Below(Preview().viewport()->height()));
+        const PreviewEntries entries = Layout() ? EntriesOf(*Layout()) : PreviewEntries();
+        const QPoint point = Preview().Zoom().LayoutPoint(place, Preview().Place());
+        const bool isThrough = Below(3) == 0;
+        const CZulClass *const selected = Panes().List().Selected();
+        const PreviewEntry *const hit =
+            isThrough ? NextEntryAt(entries, point.x(), point.y(), selected) : EntryAt(entries, point.x(), point.y());
+        QTest::mouseClick(Preview().viewport(), Qt::LeftButton, isThrough ? Qt::AltModifier : Qt::NoModifier, place);
+        if (QApplication::activeModalWidget())
+            return;
+        EXPECT_EQ(Panes().List().Selected(), hit ? hit->component : selected);
+    }
+    void EditProperty()
+    {
+        if (Model().rowCount() == 0)
+            return;
+        const QModelIndex cell = Model().index(Below(Model().rowCount()), Below(3));
+        if (cell.row() >= Model().rowCount())
+            return;
+        Grid().scrollTo(cell);
+        QWidget &sheet = *Grid().viewport();
+        const QPoint place = Grid().visualRect(cell).center();
+        QTest::mouseClick(sheet.childAt(place) ? sheet.childAt(place) : &sheet, Qt::LeftButton, {},
+                          sheet.childAt(place) ? QPoint(3, 3) : place);
+        for (int again = Below(3); again >= 0 && !QApplication::activeModalWidget(); --again) {
+            QWidget *const focus = QApplication::focusWidget();
+            if (qobject_cast<QComboBox *>(focus))
+                Key(OneOf({Qt::Key_Down, Qt::Key_Up, Qt::Key_F, Qt::Key_N, Qt::Key_End}));
+            else if (auto *const line = qobject_cast<QLineEdit *>(focus))
+                line->insert(Below(3) ? OneOf({u""_s, u"n"_s}) + QString::number(Below(300)) : OneOf(TYPED));
+            if (Below(2))
+                Key(OneOf(ENDS));
+        }
+    }
+    void AddOrDelete()
+    {
+        if (Below(3) == 0) {
+            List().setFocus();
+            return Key(Qt::Key_Delete);
+        }
+        ToolboxList &toolbox = Frame().Bars().Classes();
+        DoubleClick(*toolbox.viewport(), toolbox.visualItemRect(toolbox.item(Below(toolbox.count() + 1))).center());
+    }
+    void FilterProperties()
+    {
+        Frame().RunAction(ACTION_FIND_BAR);
+        if (Below(3)) // which closes it again
+            Frame().RunAction(ACTION_FIND_BAR);
+        else if (QApplication::focusWidget())
+            QTest::keyClicks(QApplication::focusWidget(), OneOf({u"s"_s, u"1"_s, u"edges"_s, u"none"_s}));
+    }
+    void Zoom()
+    {
+        if (Below(2)) {
+            Preview().setFocus();
+            Frame().RunAction(OneOf(ZOOMS));
+        } else if (Below(2)) {
+            Preview().horizontalScrollBar()->setValue(Below(100));
+        } else {
+            Frame().resize(500 + Below(5) * 100, 500 + Below(5) * 80);
+            Grid().horizontalHeader()->resizeSection(Below(3), Below(5) * 100);
+        }
+    }
+    void OtherFolder()
+    {
+        const auto &layouts = ResolutionLayouts().subfolders;
+        if (Below(4) && !layouts.empty())
+            Child().Selected().SelectFolder(layouts[size_t(Below(int(layouts.size())))].get());
+        else
+            GoTo(OneOf({KIND_STRINGS, KIND_RESO_LAYOUTS, KIND_AUDIO, KIND_RESO_IMAGES}));
+        if (Below(3) == 0)
+            Document().UpdateAllViews(nullptr);
+    }
+    void NewOrDeletedLayout()
+    {
+        Tree().setFocus();
+        if (Below(2) && Selected()->kind != KIND_LAYOUT) {
+            Child().Selected().SelectFolder(&ResolutionLayouts());
+            return Frame().RunAction(ACTION_NEW_LAYOUT);
+        }
+        Frame().RunAction(Below(2) ? ACTION_DELETE : ACTION_RENAME);
+    }
+    void WriteFromOutside()
+    {
+        PutLayouts();
+        for (quint32 handle = 0; handle < 10 && Below(3); ++handle) { // or else the window asks
+            if (Document().WatchedClass(handle) == WATCH_LAYOUT)
+                return Document().OnWatchedFileChanged(handle);
+        }
+    }
+    void ClearAFolder()
+    {
+        CResFolder *const going = Document().root.FindFolder(
+            OneOf({KIND_LAYOUTS, KIND_RESO_LAYOUTS, KIND_STRINGS, KIND_RESO_IMAGES, KIND_LAYOUT}), 3);
+        if (!going)
+            return;
+        Document().ClearByKind(*going);
+        Document().UpdateAllViews(nullptr);
+    }
+    /// Another version of the project takes the place of this one.
+    void CheckOut()
+    {
+        folder.Put("demo/res/demo.res.xml", RESOURCES);
+        PutLayouts();
+        Document().SetModifiedFlag(false);
+        EXPECT_EQ(Document().TakeInChanges(), CResDoc::Outside::TakenIn);
+    }
 
     std::mt19937 random;
     QTimer boxTimer;
 };
-
-QByteArray LayoutWalk::Components(int most, int depth)
-{
-    QByteArray all;
-    for (int count = Below(most + 1); count > 0; --count) {
-        const QByteArray type = OneOf({"Label", "Box", "Box", "Label", "Bare", "Unknown"});
-        const auto number = [&] { return QByteArray::number(Below(200)); };
-        all += '<' + type + " pos=\"(" + number() + ',' + number() + ")\" size=\"(" + number() + ',' + number() +
-               ")\" wait=\"2000ms\"";
-        all += (Below(3) ? " name=\"n" + number() + '"' : "") + '>' + Components(depth < 3 ? 2 : 0, depth + 1) + "</" +
-               type + '>';
-    }
-    return all;
-}
-
-void LayoutWalk::AnswerBox()
-{
-    if (QWidget *const menu = QApplication::activePopupWidget())
-        menu->close();
-    QWidget *const open = QApplication::activeModalWidget();
-    if (auto *const box = qobject_cast<QMessageBox *>(open)) {
-        const auto buttons = box->buttons();
-        buttons[Below(int(buttons.size()))]->click();
-    } else if (auto *const dialog = qobject_cast<QDialog *>(open)) {
-        QMetaObject::invokeMethod(dialog, Below(3) ? &QDialog::accept : &QDialog::reject, Qt::QueuedConnection);
-    }
-}
-
-void LayoutWalk::ClickInList()
-{
-    QWidget &sheet = *List().viewport();
-    if (Below(3) == 0) {
-        List().setFocus();
-        return Key(OneOf({Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right, Qt::Key_End}));
-    }
-    QTest::mouseClick(&sheet, Below(8) ? Qt::LeftButton : Qt::RightButton, {},
-                      QPoint(Below(sheet.width()), Below(sheet.height())));
-}
-
-void LayoutWalk::ClickInPreview()
-{
-    const QPoint place(Below(Preview().viewport()->width()), Below(Preview().viewport()->height()));
-    const PreviewEntries entries = Layout() ? EntriesOf(*Layout()) : PreviewEntries();
-    const QPoint point = Preview().Zoom().LayoutPoint(place, Preview().Place());
-    const bool isThrough = Below(3) == 0;
-    const CZulClass *const selected = Panes().List().Selected();
-    const PreviewEntry *const hit =
-        isThrough ? NextEntryAt(entries, point.x(), point.y(), selected) : EntryAt(entries, point.x(), point.y());
-    QTest::mouseClick(Preview().viewport(), Qt::LeftButton, isThrough ? Qt::AltModifier : Qt::NoModifier, place);
-    if (QApplication::activeModalWidget())
-        return;
-    EXPECT_EQ(Panes().List().Selected(), hit ? hit->component : selected);
-}
-
-void LayoutWalk::EditProperty()
-{
-    if (Model().rowCount() == 0)
-        return;
-    const QModelIndex cell = Model().index(Below(Model().rowCount()), Below(3));
-    if (cell.row() >= Model().rowCount())
-        return;
-    Grid().scrollTo(cell);
-    QWidget &sheet = *Grid().viewport();
-    const QPoint place = Grid().visualRect(cell).center();
-    QTest::mouseClick(sheet.childAt(place) ? sheet.childAt(place) : &sheet, Qt::LeftButton, {},
-                      sheet.childAt(place) ? QPoint(3, 3) : place);
-    for (int again = Below(3); again >= 0 && !QApplication::activeModalWidget(); --again) {
-        QWidget *const focus = QApplication::focusWidget();
-        if (qobject_cast<QComboBox *>(focus))
-            Key(OneOf({Qt::Key_Down, Qt::Key_Up, Qt::Key_F, Qt::Key_N, Qt::Key_End}));
-        else if (auto *const line = qobject_cast<QLineEdit *>(focus))
-            line->insert(Below(3) ? OneOf({u""_s, u"n"_s}) + QString::number(Below(300)) : OneOf(TYPED));
-        if (Below(2))
-            Key(OneOf(ENDS));
-    }
-}
-
-void LayoutWalk::AddOrDelete()
-{
-    if (Below(3) == 0) {
-        List().setFocus();
-        return Key(Qt::Key_Delete);
-    }
-    ToolboxList &toolbox = Frame().Bars().Classes();
-    DoubleClick(*toolbox.viewport(), toolbox.visualItemRect(toolbox.item(Below(toolbox.count() + 1))).center());
-}
-
-void LayoutWalk::FilterProperties()
-{
-    Frame().RunAction(ACTION_FIND_BAR);
-    if (Below(3)) // which closes it again
-        Frame().RunAction(ACTION_FIND_BAR);
-    else if (QApplication::focusWidget())
-        QTest::keyClicks(QApplication::focusWidget(), OneOf({u"s"_s, u"1"_s, u"edges"_s, u"none"_s}));
-}
-
-void LayoutWalk::Zoom()
-{
-    if (Below(2)) {
-        Preview().setFocus();
-        Frame().RunAction(OneOf(ZOOMS));
-    } else if (Below(2)) {
-        Preview().horizontalScrollBar()->setValue(Below(100));
-    } else {
-        Frame().resize(500 + Below(5) * 100, 500 + Below(5) * 80);
-        Grid().horizontalHeader()->resizeSection(Below(3), Below(5) * 100);
-    }
-}
-
-void LayoutWalk::OtherFolder()
-{
-    const auto &layouts = ResolutionLayouts().subfolders;
-    if (Below(4) && !layouts.empty())
-        Child().Selected().SelectFolder(layouts[size_t(Below(int(layouts.size())))].get());
-    else
-        GoTo(OneOf({KIND_STRINGS, KIND_RESO_LAYOUTS, KIND_AUDIO, KIND_RESO_IMAGES}));
-    if (Below(3) == 0)
-        Document().UpdateAllViews(nullptr);
-}
-
-void LayoutWalk::NewOrDeletedLayout()
-{
-    Tree().setFocus();
-    if (Below(2) && Selected()->kind != KIND_LAYOUT) {
-        Child().Selected().SelectFolder(&ResolutionLayouts());
-        return Frame().RunAction(ACTION_NEW_LAYOUT);
-    }
-    Frame().RunAction(Below(2) ? ACTION_DELETE : ACTION_RENAME);
-}
-
-void LayoutWalk::WriteFromOutside()
-{
-    PutLayouts();
-    for (quint32 handle = 0; handle < 10 && Below(3); ++handle) { // or else the window asks
-        if (Document().WatchedClass(handle) == WATCH_LAYOUT)
-            return Document().OnWatchedFileChanged(handle);
-    }
-}
-
-void LayoutWalk::ClearAFolder()
-{
-    CResFolder *const going = Document().root.FindFolder(
-        OneOf({KIND_LAYOUTS, KIND_RESO_LAYOUTS, KIND_STRINGS, KIND_RESO_IMAGES, KIND_LAYOUT}), 3);
-    if (!going)
-        return;
-    Document().ClearByKind(*going);
-    Document().UpdateAllViews(nullptr);
-}
-
-/// Another version of the project takes the place of this one.
-void LayoutWalk::CheckOut()
-{
-    folder.Put("demo/res/demo.res.xml", RESOURCES);
-    PutLayouts();
-    Document().SetModifiedFlag(false);
-    EXPECT_EQ(Document().TakeInChanges(), CResDoc::Outside::TakenIn);
-}
 
 std::string LayoutWalk::Layouts() const
 {

@@ -2,6 +2,7 @@
 
 #include "CLayoutRes.h"
 #include "CResDoc.h"
+#include "CellLine.h"
 #include "CopyGuard.h"
 #include "LinedTree.h"
 #include "LiteralTip.h"
@@ -28,7 +29,7 @@ public:
     {
         switch (role) {
         case Qt::DisplayRole:
-            return ComponentLabel(env, shown);
+            return CellLine(ComponentLabel(env, shown), LONGEST_SHOWN);
         case Qt::ToolTipRole:
             return LiteralTip(ComponentLabel(env, shown));
         case Qt::UserRole:

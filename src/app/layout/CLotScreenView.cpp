@@ -299,12 +299,14 @@ void CLotScreenView::mouseReleaseEvent(QMouseEvent *event)
         Pick(event->pos(), event->modifiers());
 }
 
-/// With Alt each click picks what is below the component that is selected.
+/// With Alt or Ctrl each click picks what is below the component that is selected. Many desktops take Alt for
+/// themselves.
 void CLotScreenView::Pick(QPoint pointer, Qt::KeyboardModifiers keys)
 {
     const QPoint point = zoom.LayoutPoint(pointer, Place());
-    const PreviewEntry *const hit = keys & Qt::AltModifier ? NextEntryAt(entries, point.x(), point.y(), selected)
-                                                           : EntryAt(entries, point.x(), point.y());
+    const PreviewEntry *const hit = keys & (Qt::AltModifier | Qt::ControlModifier)
+                                        ? NextEntryAt(entries, point.x(), point.y(), selected)
+                                        : EntryAt(entries, point.x(), point.y());
     if (hit && hit->component != selected && picked)
         picked(*hit->component);
 }

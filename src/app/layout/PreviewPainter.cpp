@@ -1,5 +1,6 @@
 #include "PreviewPainter.h"
 
+#include "CoveredTiles.h"
 #include "PreviewArt.h"
 #include "PreviewZoom.h"
 #include "ZulType.h"
@@ -181,6 +182,26 @@ void PreviewPainter::PaintFrame(QPainter &painter, const QRect &screen, bool isA
         FillSides(painter, around, 1, look.focus, look.focus);
 }
 
+/// Most of the components of a large layout are below others, and their labels take the most time.
+std::vector<size_t> PreviewPainter::InSight(const PreviewScene &scene, const QRegion &region) const
+{
+    std::vector<size_t> inSight;
+    CoveredTiles covered(scene.view);
+    for (size_t i = scene.entries.size(); i-- > 0;) {
+        const PreviewEntry &entry = scene.entries[i];
+        if (!entry.component)
+            continue;
+        const QRect extent = ExtentOf(scene, entry);
+        if (!Touches(region, extent) || covered.HasCovered(extent))
+            continue;
+        inSight.push_back(i);
+        if (!art && !Place(scene, entry).IsEmpty()) // images and their backgrounds let through what is below
+            covered.Cover(extent);
+    }
+    std::reverse(inSight.begin(), inSight.end());
+    return inSight;
+}
+
 void PreviewPainter::Paint(QPainter &painter, const PreviewScene &scene, const QRegion &region)
 {
     for (const QRect &part : region)
@@ -191,10 +212,8 @@ void PreviewPainter::Paint(QPainter &painter, const PreviewScene &scene, const Q
     if (!size.isEmpty() && Touches(region, screen))
         pictures.DrawWallpaper(painter, screenPlace.Whole(), scene.view);
     painter.setFont(labels.Font());
-    for (size_t i = 0; i < scene.entries.size(); ++i) {
-        if (scene.entries[i].component && Touches(region, ExtentOf(scene, scene.entries[i])))
-            PaintEntry(painter, scene, i, Place(scene, scene.entries[i]));
-    }
+    for (const size_t entry : InSight(scene, region))
+        PaintEntry(painter, scene, entry, Place(scene, scene.entries[entry]));
     if (const PreviewEntry *selected = EntryOf(scene.entries, scene.selected)) {
         for (const QRect &side : OutlineOf(scene, *selected))
             painter.fillRect(side, OUTLINE_COLOR);

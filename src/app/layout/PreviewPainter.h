@@ -48,6 +48,8 @@ public:
 
 private:
     struct Place;
+    /// The places of the entries that a paint of a region can't leave out, in order.
+    [[nodiscard]] std::vector<size_t> InSight(const PreviewScene &scene, const QRegion &region) const;
     void PaintEntry(QPainter &painter, const PreviewScene &scene, size_t entry, const Place &place);
     /// As the device shows it. False, and nothing is painted, when there is nothing to show.
     bool PaintArt(QPainter &painter, const PreviewScene &scene, size_t entry, const Place &place);

@@ -5,26 +5,26 @@
 #include <memory>
 #include <vector>
 
-/// An edit of strings that can be taken back.
+/// An edit of strings that can be undone.
 class Command
 {
 public:
     virtual ~Command() = default;
-    /// Does the edit, or does it again. True on success.
+    /// Does or redoes the edit. Returns true on success.
     virtual bool Execute() = 0;
-    /// Takes it back. True on success.
+    /// Undoes the edit. Returns true on success.
     virtual bool Undo() = 0;
 };
 
-/// The edits that can be taken back and those that can be done again, newest last. Owns them.
+/// Owns the edits that can be undone and those that can be redone.
 class CommandHistory
 {
 public:
     explicit CommandHistory(size_t mostUndo = 100) : maxUndo(mostUndo) {}
 
-    /// Executes a new command and records it; one that fails is dropped. What could be done again is gone either way.
+    /// Executes a new command and records it; drops it if it fails. In both cases nothing can be redone after that.
     void Run(std::unique_ptr<Command> command);
-    /// Does nothing when there is nothing to take back. A command that fails is dropped.
+    /// Undoes the newest command. Does nothing when there is nothing to undo. Drops a command that fails.
     void Undo();
     void Redo();
     void Clear();

@@ -1,13 +1,13 @@
 #pragma once
 
-/// What becomes of a text that is imported.
+/// What an import does with a text.
 enum class CellFate
 {
-    Filled,   ///< it comes into a cell that is there and empty
-    New,      ///< it comes into a new cell
-    Same,     ///< the table has it already
-    Kept,     ///< another text is in the table, and stays; the imported one may be empty
-    Replaced, ///< the row gets another kind
-    Nowhere,  ///< it belongs to no row or column of the table
-    Refused,  ///< a string can't hold it: it, or its row's ID, has a tab or a line end
+    Filled,   ///< puts it into an existing, empty cell
+    New,      ///< puts it into a new cell
+    Same,     ///< nothing: the table has the same text already
+    Kept,     ///< nothing: the table keeps its own, different text; the imported text may be empty
+    Replaced, ///< changes the kind of the row
+    Nowhere,  ///< nothing: it belongs to no row or column of the table
+    Refused,  ///< refuses it: the text or the ID of its row has a tab or a line end
 };

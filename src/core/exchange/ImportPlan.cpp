@@ -15,7 +15,7 @@ using namespace StringFileFormat;
 namespace
 {
 
-/// Says whether a string file can hold a text in one field.
+/// Returns whether a text can be one field of a string file.
 bool Fits(QStringView text)
 {
     return std::none_of(text.begin(), text.end(), [](QChar c) { return c == u'\t' || c == u'\r' || c == u'\n'; });

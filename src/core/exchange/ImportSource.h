@@ -2,15 +2,15 @@
 
 #include <QString>
 
-/// The texts that an import reads, by row and column as the file has them; both count from 0.
+/// The texts that an import reads, by their row and column in the file; both are from 0.
 class IImportSource
 {
 public:
     virtual ~IImportSource() = default;
-    /// The ID of a row's string; empty when it has none.
+    /// Returns the ID of a row's string; empty when it has none.
     [[nodiscard]] virtual QString Id(quint32 row) const = 0;
-    /// Empty when there is none.
+    /// Returns the text of a cell; empty when it has none.
     [[nodiscard]] virtual QString Text(quint32 row, quint32 column) const = 0;
-    /// One behind the last column of a row that has a text.
+    /// Returns the number of the last column with a text in a row, plus one.
     [[nodiscard]] virtual quint32 EndColumn(quint32 row) const = 0;
 };

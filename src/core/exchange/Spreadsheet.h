@@ -4,27 +4,27 @@
 
 class CResModel;
 
-/// The codes of a failed import or export. The string file's header has further ones.
+/// The codes of a failed import or export. StringFileFormat.h has others.
 enum SpreadsheetCode : int
 {
-    SHEET_FAILED = 1726, ///< the file is no workbook, or its reading or writing broke off
+    SHEET_FAILED = 1726, ///< the file isn't a workbook, or reading or writing it failed
     SHEET_EMPTY = 4306,  ///< fewer than 3 columns or rows
 };
 
-/// What an import or export came to: 0 or its code, and what is wrong with the workbook, in plain words, where the
-/// report has none.
+/// The result of an import or export: 0 or its code, and what is wrong with the workbook, in plain words, if the report
+/// doesn't say it.
 struct SpreadsheetResult
 {
     int code = 0;
     QString reason;
 };
 
-/// Fills the string table from the first sheet of a workbook, as `SpreadsheetImport` plans it. What the header says of
-/// languages before a failure is taken too.
+/// Imports the first sheet of a workbook into the string table, as `SpreadsheetImport` plans it. After a failure the
+/// languages that the header has before it are imported too.
 [[nodiscard]] SpreadsheetResult ImportSpreadsheet(CResModel &document, const QString &path);
 
-/// Writes the string table into a workbook and replaces the file at `path`; on a failure the old one stays.
+/// Writes the string table into a workbook and replaces the file at `path`. On failure the old file stays.
 [[nodiscard]] SpreadsheetResult ExportSpreadsheet(CResModel &document, const QString &path);
 
-/// The name of a cell, such as AA3; the column counts from 0, the row from 1.
+/// Returns the name of a cell, such as AA3. The column is from 0, the row from 1.
 [[nodiscard]] QString CellName(quint32 column, quint32 row);

@@ -12,7 +12,7 @@ using namespace StringFileFormat;
 namespace
 {
 
-/// The string table as the rows of a sheet: two of the header, the strings, and one that counts them.
+/// The string table as the rows of a sheet: two header rows, the strings, and a row with their number.
 class TableSource : public ISheetSource
 {
 public:
@@ -68,7 +68,7 @@ private:
     const CResModel &document;
     const CResFolder &strings;
     qint64 count = 0;
-    CBaseRes *next = nullptr; // rows are asked for in their order
+    CBaseRes *next = nullptr; // rows are requested in order
     QString languages;
     QString total;
     QString id;

@@ -20,13 +20,13 @@ constexpr quint32 NAMES_ROW = 1;
 constexpr quint32 FIRST_ROW = 2;
 constexpr quint32 FEWEST = 3; // columns and rows
 
-/// How a message shows what a cell has.
+/// Returns the text of a cell as a message shows it.
 QString CellText(const QString &text)
 {
     return text.isEmpty() ? QStringLiteral("nothing") : u'"' + Cut(text) + u'"';
 }
 
-/// Goes on from what is wrong with the start of a sheet.
+/// Returns what is wrong with the start of a sheet, followed by what is expected.
 QString WhatIsExpected(const QString &wrong)
 {
     return wrong + QStringLiteral("; only the first sheet is read, and its first row has to have \"%1\" in A1 and the "
@@ -34,7 +34,7 @@ QString WhatIsExpected(const QString &wrong)
                        .arg(COUNT_WORD);
 }
 
-/// The file and its sheet, as messages name them.
+/// Returns the file and its sheet as messages name them.
 QString PlaceOf(const QString &path, const Sheet &sheet)
 {
     return sheet.name.isEmpty() ? path + u':' : QStringLiteral("%1, sheet \"%2\":").arg(path, sheet.name);
@@ -53,18 +53,18 @@ private:
     const Sheet &sheet;
 };
 
-/// Makes a plan of a sheet. For one use.
+/// Makes the plan for a sheet. An object can be used only once.
 class SheetReader
 {
 public:
-    /// `sheetPlace` is how messages name the sheet, `file` its workbook.
+    /// `sheetPlace` is the sheet as messages name it, and `file` is its workbook.
     SheetReader(CResModel &model, const Sheet &texts, QString file, QString sheetPlace, ImportPlan &emptyPlan)
         : document(model), env(model.env), sheet(texts), path(std::move(file)), place(std::move(sheetPlace)),
           plan(emptyPlan)
     {
     }
 
-    /// 0, or the code of what stopped it.
+    /// Returns 0, or the code of the failure that stopped it.
     int Read(IImportWatch *watch)
     {
         if (sheet.UsedColumns() < FEWEST || sheet.UsedRows() < FEWEST) {
@@ -88,7 +88,7 @@ public:
     }
 
 private:
-    /// Reports what is wrong with the header, and says what the fixed line has no words for.
+    /// Reports what is wrong with the header, and explains what the fixed line of the report doesn't say.
     template <typename... Arguments>
     void Tell(const char *code, Severity severity, quint32 row, const QString &what, const char *format,
               Arguments... arguments)
@@ -167,9 +167,9 @@ private:
         return OK;
     }
 
-    /// The language's number, or -1. The table of languages decides; for a name that it lacks, the project's own
-    /// language of that name, so that what was exported can be imported. Of several with one name each column takes
-    /// the next.
+    /// Returns the language's number, or -1. Uses the language table; for a name that it lacks, uses the project's own
+    /// language with that name, so that exported workbooks can be imported. If several languages have the same name,
+    /// each column gets the next of them.
     [[nodiscard]] int NumberOf(const QString &name) const
     {
         const int number = env.LanguageNumber(name);
@@ -249,7 +249,7 @@ SpreadsheetResult SpreadsheetImport::Read(IImportWatch *watch)
     Environment &env = document.env;
     env.RefreshSettings();
     env.ResetCounts();
-    env.LimitWarnings(); // each of a million rows may have one
+    env.LimitWarnings(); // each of a million rows may have a warning
     SpreadsheetResult result;
     const WorkbookResult opened = ReadWorkbook(path, sheet);
     if (opened.HasFailed()) {

@@ -6,8 +6,8 @@
 
 #include <memory>
 
-/// Hears of each row of a source that has been planned, before the next is read: what it prints follows the lines
-/// of the report about that row.
+/// Is notified of each planned row of a source before the next row is read, so that its output follows the lines of the
+/// report about that row.
 class IImportWatch
 {
 public:
@@ -15,10 +15,10 @@ public:
     virtual void RowPlanned(const ImportPlan &plan, size_t index) = 0;
 };
 
-/// The import of a workbook's first sheet: read and planned, then carried out or not.
+/// Imports a workbook's first sheet: reads it and makes a plan, which can then be applied.
 ///
 ///     SpreadsheetImport import(model, path);
-///     const SpreadsheetResult result = import.Read();   // the plan, and the report; the model is as before
+///     const SpreadsheetResult result = import.Read();   // makes the plan and the report; doesn't change the model
 ///     if (result.code == 0)
 ///         import.Plan().Apply();
 class SpreadsheetImport
@@ -26,8 +26,8 @@ class SpreadsheetImport
 public:
     SpreadsheetImport(CResModel &model, QString file);
 
-    /// Reads the settings anew, and the workbook, and makes the plan. Logs what is wrong; the errors of a row don't
-    /// stop it. After a failure the plan has what the header says of languages before it, and no rows.
+    /// Reads the settings again and the workbook, and makes the plan. Logs what is wrong; errors in a row don't stop
+    /// it. After a failure the plan has the languages that the header has before it, and no rows.
     [[nodiscard]] SpreadsheetResult Read(IImportWatch *watch = nullptr);
 
     [[nodiscard]] ImportPlan &Plan() { return plan; }
@@ -36,6 +36,6 @@ private:
     CResModel &document;
     QString path;
     Sheet sheet;
-    std::unique_ptr<IImportSource> texts; // of the sheet
+    std::unique_ptr<IImportSource> texts; // the texts of the sheet
     ImportPlan plan;
 };

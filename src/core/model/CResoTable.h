@@ -12,15 +12,16 @@ struct CResoEntry
     qint16 height;
 };
 
-/// The known resolutions of the process; a resolution index is a place in it.
+/// The known resolutions of the process. A resolution index is an index into this table.
 class CResoTable
 {
 public:
-    /// Appends, unless a size is below 1 or the pair is there. An empty name becomes "WxH".
+    /// Appends a resolution. Does nothing if a size is below 1 or above 32767, or if the table has that width and
+    /// height already. An empty name becomes "WxH".
     void Add(const NarrowText &name, int width, int height);
-    /// The place of the pair, or -1.
+    /// Returns the index of that width and height, or -1.
     [[nodiscard]] qint16 IndexOf(int width, int height) const;
-    /// The resolution of an index; one without a name and a size for an index that isn't in the table.
+    /// Returns the resolution of an index. For an index outside the table its name is empty and its size is 0.
     [[nodiscard]] const CResoEntry &At(int index) const;
     [[nodiscard]] int Count() const { return int(entries.size()); }
 

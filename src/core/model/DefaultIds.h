@@ -6,15 +6,15 @@
 
 class Environment;
 
-/// Gives IDs names of their own, with a counter behind those that are taken. Takes no longer for the last of many equal
-/// names than for the first, since it knows up to which counter a name is taken.
+/// Makes IDs with unique names: a name that is taken gets a counter at its end. The last of many equal names takes no
+/// longer than the first, because this class remembers up to which counter a name is taken.
 class DefaultIds
 {
 public:
     DefaultIds(const Environment &environment, IDPool &idPool) : env(environment), pool(idPool) {}
 
-    /// Makes an ID of that name in `scope`. If it is taken, the name's beginning gets the lowest counter from 1 on that
-    /// is free; the whole has at most MAX_ID_NAME characters. Null when every counter is taken.
+    /// Makes an ID of that name in `scope`. If the name is taken, appends the lowest free counter, from 1, to the name,
+    /// which is shortened so that the result has at most MAX_ID_NAME characters. Null when every counter is taken.
     [[nodiscard]] IDRecord *Allocate(const QString &name, qint16 scope);
 
 private:
@@ -35,5 +35,5 @@ private:
     const Environment &env;
     IDPool &pool;
     QHash<Stem, int> next;  // all counters below are taken, as long as no ID has left the pool
-    quint64 departures = 0; // of the pool, when that was found out
+    quint64 departures = 0; // of the pool, when `next` was filled
 };

@@ -7,7 +7,7 @@
 namespace
 {
 
-/// True when `list` (in lower case) has the pattern "*.ext" and not merely a longer one that begins with it.
+/// True when `list` (in lower case) has the pattern "*.ext" itself, not only a longer one that begins with it.
 bool HasPattern(const QString &list, const QString &pattern)
 {
     for (qsizetype at = list.indexOf(pattern); at >= 0; at = list.indexOf(pattern, at + 1)) {

@@ -4,19 +4,19 @@
 
 class Settings;
 
-/// Tells which kind of folder a file belongs to, by its extension and the patterns that the settings had when this was
-/// made. Make one for each operation: the patterns can change between two of them.
+/// Finds the kind of folder that a file belongs to, from its extension and the patterns in the settings. The patterns
+/// are read in the constructor; make a classifier for each operation, because they can change between two operations.
 class FileClassifier
 {
 public:
     explicit FileClassifier(const Settings &settings);
 
-    /// The kind of folder, among those that `mask` allows; KIND_BINARY for a file of no known type.
+    /// Returns the kind of folder, one of those that `mask` allows, or KIND_BINARY for a file of no known type.
     [[nodiscard]] quint32 Classify(quint32 mask, const QString &path) const;
 
     /// The patterns of the files that are "image", "audio" or "video".
     [[nodiscard]] static QString Patterns(const Settings &settings, const char *type);
-    /// The three of them together, to compare with those of another time.
+    /// All three lists of patterns in one text, to find out whether they have changed.
     [[nodiscard]] static QString AllPatterns(const Settings &settings);
 
 private:

@@ -24,7 +24,7 @@ IDPool::IDPool() : buckets(FEWEST_BUCKETS)
 
 IDPool::~IDPool()
 {
-    // Records that outlive their pool have nothing left to leave.
+    // Records can outlive their pool; they must not unlink themselves from it then.
     for (IDRecord *record = sentinel.next; record != &sentinel; record = record->next)
         record->owner = nullptr;
 }
@@ -131,7 +131,7 @@ bool IDPool::IsTaken(const NarrowText &name, size_t hash, qint16 scope) const
 {
     const IDRecord *record = Oldest(name, hash);
     if (name.isEmpty() && (scope == ANY_RESOLUTION || scope == sentinel.scope))
-        return true; // the sentinel bears it
+        return true; // the sentinel has it
     if (scope == ANY_RESOLUTION)
         return record;
     while (record && record->scope != scope && record->scope != ANY_RESOLUTION)

@@ -8,7 +8,7 @@
 class CBaseRes;
 class IDPool;
 
-/// What a push ID belongs to; decides the range of its number.
+/// What a push ID belongs to. It determines the range of its number.
 enum PushKind : qint32
 {
     PUSH_NONE = 0,
@@ -22,7 +22,8 @@ enum PushKind : qint32
 /// Not tied to one resolution.
 inline constexpr qint16 ANY_RESOLUTION = -1;
 
-/// One symbolic ID. Counted: lives while `refs` is at least 1, and leaves its pool by itself with its last holder.
+/// One symbolic ID. Reference-counted: it exists while `refs` is at least 1. When its last holder releases it, it
+/// leaves its pool and is deleted.
 class IDRecord
 {
 public:
@@ -35,13 +36,14 @@ public:
     IDRecord *prev = nullptr; ///< older record of the pool
     IDRecord *next = nullptr; ///< newer record of the pool
 
-    /// The resources that bear this ID, linked through CBaseRes::nextHolder.
+    /// The resources that have this ID, linked through CBaseRes::nextHolder.
     CBaseRes *holders = nullptr;
 
-    /// Gives the record another name. False, and no change, when the name is taken in its scope, or everywhere.
+    /// Changes the name. Returns false, and changes nothing, when another record has the name in the same scope, or has
+    /// it while one of the two scopes is ANY_RESOLUTION.
     bool Rename(IDPool &pool, const NarrowText &newName);
     void AddRef() { ++refs; }
-    /// Below one holder the record unlinks itself and is deleted.
+    /// Decrements `refs`. At 0 the record leaves its pool and is deleted.
     void Release();
 
 private:
@@ -50,16 +52,17 @@ private:
     ~IDRecord() = default;
 
     IDPool *owner = nullptr;
-    quint64 serial = 0;               // rises with the place in the pool
+    quint64 serial = 0;               // higher for newer records of the pool
     size_t hash = 0;                  // of the name
     IDRecord *nextOfName = nullptr;   // next newer record of the same name
-    IDRecord *nextInBucket = nullptr; // oldest record of another name; set for the oldest of a name only
+    IDRecord *nextInBucket = nullptr; // oldest record of the next name; only set in the oldest record of a name
 };
 
 /// The live IDs of one document, oldest first.
 ///
-/// A name may stand once per resolution; with scope ANY_RESOLUTION it shuts out the same name everywhere. Owns nothing:
-/// a record lives while it has holders. Look-ups are hashed. Main thread only.
+/// Each resolution can have a name once. While a record of scope ANY_RESOLUTION has a name, no other record can have
+/// that name. The pool doesn't own its records: a record exists while it has holders. Look-ups are hashed. Main thread
+/// only.
 ///
 ///     IDRecord *logo = pool.Allocate("ID_IMAGE_LOGO", 2);   // null: the name is taken
 class IDPool
@@ -70,39 +73,40 @@ public:
     IDPool(const IDPool &) = delete;
     IDPool &operator=(const IDPool &) = delete;
 
-    /// While it is 0, `Allocate` makes no test for conflicts.
+    /// While this is 0, `Allocate` doesn't check for conflicts.
     quint8 unique = 1;
     /// Ends the circular list: `sentinel.next` is the oldest record, `sentinel.prev` the newest.
     IDRecord sentinel;
 
-    /// The oldest record of that name in any scope. The sentinel bears the empty name.
+    /// Returns the oldest record of that name in any scope, or null. The sentinel has the empty name.
     [[nodiscard]] IDRecord *FindName(const NarrowText &name);
-    /// The same, of exactly that scope.
+    /// Returns the record of that name in exactly that scope, or null.
     [[nodiscard]] IDRecord *Find(const NarrowText &name, qint16 scope);
-    /// Appends a record with one holder, or gives null when `name` is taken in `scope`.
+    /// Appends a record with one holder. Null when `name` is taken in `scope`.
     [[nodiscard]] IDRecord *Allocate(const NarrowText &name, qint16 scope);
-    /// Tells of each name whose last record has left the pool.
+    /// Reports each name whose last record has left the pool.
     Notifier<const NarrowText &> nameFreed;
-    /// How many records have left or got another name so far. While that stays the same, a name that is taken is taken.
+    /// How many times a record has left the pool or been renamed. While this number stays the same, no taken name has
+    /// become free.
     [[nodiscard]] quint64 Departures() const { return departures; }
     [[nodiscard]] bool IsEmpty() const { return sentinel.next == &sentinel; }
-    /// Makes room for that many more names.
+    /// Reserves memory for that many more names.
     void Reserve(size_t more);
 
 private:
     friend class IDRecord;
     [[nodiscard]] bool IsTaken(const NarrowText &name, size_t hash, qint16 scope) const;
     [[nodiscard]] IDRecord *Oldest(const NarrowText &name, size_t hash) const;
-    /// The link that leads to the oldest record of a name, or to nothing at the end of the name's bucket.
+    /// Returns the link to the oldest record of a name, or the null link at the end of the name's bucket.
     [[nodiscard]] IDRecord **LinkOf(const NarrowText &name, size_t hash);
     void Index(IDRecord *record, size_t hash);
     void Unindex(IDRecord *record);
     void Unlink(IDRecord *record);
     void Rehash(size_t size);
 
-    // A hash table of our own, since a project of 100,000 names spends a good part of its loading here: the standard's
-    // would copy each name and look each up four times.
-    std::vector<IDRecord *> buckets; // a power of two of them, each the oldest records of its names
+    // This is a hash table of our own because loading a project of 100,000 names spends much of its time here: the
+    // standard one would copy each name and look it up four times.
+    std::vector<IDRecord *> buckets; // their number is a power of two; each links the oldest records of its names
     size_t names = 0;
     quint64 nextSerial = 1;
     quint64 departures = 0;

@@ -5,12 +5,12 @@
 #include <optional>
 #include <vector>
 
-/// What the load of a project found wrong or left out, for people who are to put it right: the lines of the report
-/// count their rows in other ways and name no file.
+/// What the load of a project found wrong or left out, for the people who fix it. The lines of the report don't serve
+/// for that: they count rows in other ways and name no file.
 class LoadFindings
 {
 public:
-    /// Keeps the first hundred.
+    /// Adds a finding; findings after the first hundred are dropped.
     void Add(const Finding &finding)
     {
         constexpr size_t MOST = 100;
@@ -18,8 +18,8 @@ public:
             findings.push_back(finding);
     }
     [[nodiscard]] const std::vector<Finding> &All() const { return findings; }
-    /// Remembers the first comment, which belongs to no resource: the project is whole without it, but the save that
-    /// loses it keeps the file.
+    /// Remembers the first comment. A comment belongs to no resource and the project is complete without it, but a save
+    /// that loses the comment keeps the old file.
     void AddComment(const Finding &finding)
     {
         if (!comment)

@@ -18,9 +18,10 @@ public:
     QStringList resourceTypes;
     /// The ".vcproj" path of the project loaded last.
     QString projectPath;
-    /// The types of layouts by the path of the catalogue's file, read with the first project that names it.
+    /// The catalogues of layout types by the path of their file. A catalogue is read with the first project that names
+    /// it.
     std::map<QString, std::shared_ptr<ClassCatalogue>> catalogues;
-    /// The catalogue of the project loaded last; null before one is.
+    /// The catalogue of the project loaded last; null before a project is loaded.
     std::shared_ptr<ClassCatalogue> classes;
 
     /// Fills the tables that are still empty from the files that the settings name.

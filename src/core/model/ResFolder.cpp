@@ -83,7 +83,7 @@ CBaseRes *CResFolder::FindResource(const NarrowText &name) const
 CBaseRes *CResFolder::FindResource(const IDRecord *resId) const
 {
     CBaseRes *found = nullptr;
-    // Holders are newest first; the list wants its first, which is nearly always the only one here.
+    // Holders are newest first, and we want the oldest in this folder, which is nearly always the only one here.
     for (CBaseRes *res = resId ? resId->holders : nullptr; res; res = res->nextHolder) {
         if (res->folder == this)
             found = res;

@@ -62,7 +62,7 @@ private:
     size_t count = 0;
 };
 
-/// A folder of the resource tree. Owns its resources and its subfolders; order is that of insertion.
+/// A folder of the resource tree. Owns its resources and its subfolders and keeps them in the order of insertion.
 class CResFolder : public CResNode
 {
 public:
@@ -76,25 +76,26 @@ public:
     qint32 index = -1; ///< resolution index or language number, else -1
     QString title;
 
-    /// The first folder below this one of that kind, depth first, each before its children; `depth` levels are
-    /// searched.
+    /// Returns the first folder of that kind below this one, or null. Searches `depth` levels, depth first, each folder
+    /// before its children.
     [[nodiscard]] CResFolder *FindFolder(quint32 wanted, int depth) const;
     [[nodiscard]] CResFolder *FindFolder(quint32 wanted, qint32 wantedIndex, int depth) const;
     [[nodiscard]] CResFolder *FindFolder(quint32 wanted, const QString &wantedTitle, int depth) const;
 
     [[nodiscard]] CBaseRes *FindResource(const NarrowText &name) const;
-    /// Takes time in the number of holders of the ID, not in the size of the folder.
+    /// The time depends on the number of holders of the ID, not on the size of the folder.
     [[nodiscard]] CBaseRes *FindResource(const IDRecord *resId) const;
     void AddResource(std::unique_ptr<CBaseRes> res);
     void AddFolder(std::unique_ptr<CResFolder> folder);
-    /// In front of `before`, or at the end if that isn't in the list. Tells nobody.
+    /// Inserts before `before`, or at the end if `before` isn't in this folder. Doesn't notify the observer.
     void InsertResourceBefore(std::unique_ptr<CBaseRes> res, CBaseRes *before);
     bool DeleteResource(CBaseRes *res);
     bool DeleteResource(const IDRecord *resId);
     bool DeleteFolder(CResFolder *folder);
     bool Clear();
 
-    /// Takes a resource out and hands it over, telling nobody. Null when it isn't here.
+    /// Removes a resource from the folder and returns it. Null when it isn't in this folder. Doesn't notify the
+    /// observer.
     [[nodiscard]] std::unique_ptr<CBaseRes> TakeResource(CBaseRes *res);
 
 private:

@@ -167,7 +167,7 @@ ITreeListener::ITreeListener(CResModel &model)
 namespace
 {
 
-/// The folder that has `folder` as a subfolder, in a tree; null when none has.
+/// Returns the folder of `tree` that has `folder` as a subfolder; null when there is none.
 CResFolder *ParentOf(CResFolder &tree, const CResFolder &folder)
 {
     for (const auto &subfolder : tree.subfolders) {

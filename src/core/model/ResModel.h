@@ -8,8 +8,8 @@
 
 class Environment;
 
-/// The model half of a project: its name and path, the resource tree and the ID pools. What numbers, packs, reads and
-/// writes a project is handed this, not the document.
+/// The model half of a project: its name and path, the resource tree and the ID pools. Code that numbers, packs, reads
+/// or writes a project gets this model, not the document.
 class CResModel
 {
 public:
@@ -24,9 +24,9 @@ public:
     QString name; ///< the project's name
     /// The types of the project's layouts; never null in a document.
     std::shared_ptr<ClassCatalogue> classes;
-    /// Who watches the nodes that the factories make; set by the document.
+    /// The observer of the nodes that the factories make; set by the document.
     IEspia *nodeObserver = nullptr;
-    /// Tells the tree's listeners (ITreeListener) before nodes are destroyed.
+    /// Notifies the tree's listeners (ITreeListener) before nodes are destroyed.
     Notifier<const CResFolder &> treeGoes;
     IDPool ids;         ///< every resource of the tree takes its ID from here
     IDPool detachedIds; ///< IDs of string rows held outside the tree
@@ -36,22 +36,22 @@ public:
     /// The absolute path of the ".vcproj" file.
     [[nodiscard]] virtual const QString &PathName() const = 0;
 
-    // Factories: each gives null on failure and makes nothing then. The caller attaches the result.
+    // Factories: each returns null on failure, and has made nothing then. The caller puts the result into the tree.
     [[nodiscard]] std::unique_ptr<CResFolder> CreateFolder(quint32 kind, qint32 index);
     [[nodiscard]] std::unique_ptr<CFileRes> CreateFileRes(const NarrowText &idName, qint16 scope);
     [[nodiscard]] std::unique_ptr<CStringRes> CreateStringRes(const NarrowText &idName, qint32 language);
-    /// Shares an ID that exists.
+    /// Makes a string with an ID that exists already; the two share it.
     [[nodiscard]] std::unique_ptr<CStringRes> CreateStringRes(IDRecord *resId, qint32 language);
-    /// Outside the tree, without observer; equal names share one ID.
+    /// Makes a string for use outside the tree, without an observer. Equal names share one ID.
     [[nodiscard]] std::unique_ptr<CStringRes> CreateDetachedStringRes(const NarrowText &idName);
 
-    /// Makes a file resource with an ID formed from the file's name, with a counter where that is taken. Null when
-    /// every counter is.
+    /// Makes a file resource whose ID is formed from the file's name, with a counter if that ID is taken. Null when
+    /// every counter is taken.
     [[nodiscard]] std::unique_ptr<CFileRes> CreateDefaultFileRes(const CResFolder &folder, const QString &path);
 
-    /// True if some record bears the name, in any scope.
+    /// True if a record has the name, in any scope.
     [[nodiscard]] bool IsIdInUse(const QString &idName);
-    /// The image folder of a resolution, brought into use if it wasn't; null if there is none.
+    /// Returns the image folder of a resolution and puts it into use if it isn't; null if there is none.
     CResFolder *UseResolutionImages(qint32 index) { return UseFolder(KIND_RESO_IMAGES, index); }
     CResFolder *UseResolutionLayouts(qint32 index) { return UseFolder(KIND_RESO_LAYOUTS, index); }
 
@@ -60,12 +60,13 @@ public:
 
     /// The patterns of the files that are "image", "audio" or "video".
     [[nodiscard]] QString FilePatterns(const char *type) const;
-    /// The kind of folder that a file belongs to, by its extension and the settings (FileClassifier).
+    /// Returns the kind of folder that a file belongs to, from its extension and the settings (FileClassifier).
     [[nodiscard]] quint32 ClassifyFile(quint32 mask, const QString &path) const;
-    /// What `pushKind` a file's ID has in a folder of that kind.
+    /// Returns the `pushKind` of the IDs in a folder of that kind.
     [[nodiscard]] static PushKind PushKindOf(quint32 folderKind);
-    // Each of these tells the tree's listeners before it destroys nodes. What is in the tree is destroyed only through
-    // them, but for the rows that the string table and the list of files delete and tell of themselves.
+    // Each of these functions notifies the tree's listeners before it destroys nodes. Nodes of the tree are destroyed
+    // only through them, except for the rows that the string table and the list of files delete: these two notify by
+    // themselves.
     /// Destroys all that is in a folder.
     void ClearFolder(CResFolder &folder);
     /// Destroys a folder of the tree with all that is in it, such as a layout's or a language's. False when the tree

@@ -4,7 +4,7 @@
 
 class CResNode;
 
-/// Watches the nodes of a tree. Never owned by them.
+/// Watches the nodes of a tree. The nodes don't own it.
 class IEspia
 {
 public:
@@ -21,13 +21,13 @@ class CResNode
 {
 public:
     CResNode() = default;
-    virtual ~CResNode(); ///< tells the observer last of all, when the derived parts are gone
+    virtual ~CResNode(); ///< notifies the observer, after the derived parts have been destroyed
     CResNode(const CResNode &) = delete;
     CResNode &operator=(const CResNode &) = delete;
 
     IEspia *observer = nullptr;
 
-    /// Sets the observer and tells it `NodeAdded`.
+    /// Sets the observer and calls its `NodeAdded`.
     void SetObserver(IEspia *newObserver);
     void NotifyChanged();
 };

@@ -24,7 +24,7 @@ void CBaseRes::LetGo()
 void CBaseRes::SetId(IDRecord *record)
 {
     if (record)
-        record->AddRef(); // before the old one goes: it may be the same
+        record->AddRef(); // before the old one is released: it may be the same
     LetGo();
     id = record;
     if (id) {

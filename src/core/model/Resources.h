@@ -6,24 +6,25 @@
 class CResFolder;
 class Environment;
 
-/// A resource that bears an ID. Stands in at most one folder, which owns it.
+/// A resource with an ID. It is in at most one folder, which owns it.
 class CBaseRes : public CResNode
 {
 public:
     ~CBaseRes() override;
 
     [[nodiscard]] IDRecord *Id() const { return id; }
-    /// Replaces the ID: lets go of the old record, holds the new one (`refs` goes up), tells `NodeChanged`.
+    /// Replaces the ID: releases the old record, adds a reference to the new one, and notifies `NodeChanged`.
     void SetId(IDRecord *record);
-    /// True when the ID has that name already or now; false, and no change, when the name is taken.
+    /// Renames the ID. Returns true when the ID has that name, also if it had it before. Returns false, and changes
+    /// nothing, when the name is taken.
     bool Rename(IDPool &pool, const NarrowText &newName);
 
     [[nodiscard]] CResFolder *Folder() const { return folder; }
-    /// The next resource that bears the same ID, newest first.
+    /// The next older resource with the same ID, or null.
     [[nodiscard]] CBaseRes *NextHolder() const { return nextHolder; }
     /// The next resource of the folder, in its order, or null.
     [[nodiscard]] CBaseRes *NextInFolder() const { return nextInFolder; }
-    /// The resource before this one, or null.
+    /// The previous resource of the folder, or null.
     [[nodiscard]] CBaseRes *PrevInFolder() const { return prevInFolder; }
 
 protected:
@@ -35,7 +36,7 @@ private:
     void LetGo();
 
     IDRecord *id = nullptr;
-    CBaseRes *nextHolder = nullptr; // the next resource that bears the same ID
+    CBaseRes *nextHolder = nullptr; // the next resource with the same ID
     CResFolder *folder = nullptr;
     CBaseRes *prevInFolder = nullptr;
     CBaseRes *nextInFolder = nullptr;
@@ -45,13 +46,13 @@ private:
 class CFileRes : public CBaseRes
 {
 public:
-    /// As the project stores it: relative to the project's folder, or absolute for a file outside it.
+    /// The path as the project stores it: relative to the project's folder, or absolute for a file outside it.
     NarrowText path;
     NarrowText defaultPath; ///< component images only: the stock image
     bool inUse = false;     ///< component images only: the project uses it
 
     bool SetPath(const NarrowText &newPath);
-    /// Puts the stock image in the place of the project's own; `inUse` stays.
+    /// Replaces the project's own image by the stock image; `inUse` doesn't change.
     void Reset(const Environment &env);
 };
 
@@ -67,10 +68,10 @@ public:
     qint32 language = -1;
 
     bool SetText(const QString &newText);
-    /// The record of that language in this chain, or null.
+    /// Returns the record of that language in this chain, or null.
     [[nodiscard]] CStringRes *FindLanguage(qint32 wanted);
-    /// Puts `record` into the chain directly behind this one.
+    /// Inserts `record` into the chain directly after this one.
     void LinkBehind(CStringRes *record);
-    /// Destroys this record and those after it, the last first. For a chain that stands in no folder.
+    /// Destroys this record and those after it, the last first. For a chain that is in no folder.
     void DestroyChain();
 };

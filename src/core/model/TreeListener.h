@@ -5,12 +5,14 @@
 class CResFolder;
 class CResModel;
 
-/// Who holds on to nodes of a model's tree. Registers with the model and takes itself off; may outlive it.
+/// The base of classes that keep pointers to nodes of a model's tree. It registers with the model in its constructor
+/// and unregisters in its destructor. It may outlive the model.
 class ITreeListener
 {
 public:
-    /// All nodes below `folder` are about to be destroyed, and so is `folder` where it is deleted and not just emptied:
-    /// let go of them. A reload of the strings announces the Strings folder, whose table it changes all over.
+    /// Called before all nodes below `folder` are destroyed, and `folder` too if it is deleted and not only emptied:
+    /// drop all pointers to them. A reload of the strings calls this with the Strings folder, because it changes the
+    /// whole string table.
     virtual void TreeGoes(const CResFolder &folder) = 0;
 
 protected:

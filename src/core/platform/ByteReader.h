@@ -4,7 +4,8 @@
 
 #include <optional>
 
-/// Little-endian fields of bytes that nobody has checked yet. Past the end there is nothing, and never a crash.
+/// Reads little-endian fields from bytes that aren't trusted. A field that isn't wholly within the bytes is empty
+/// (nullopt).
 class ByteReader
 {
 public:
@@ -14,7 +15,7 @@ public:
     [[nodiscard]] std::optional<quint16> U16(quint64 at) const { return Number<quint16>(at); }
     [[nodiscard]] std::optional<quint32> U32(quint64 at) const { return Number<quint32>(at); }
 
-    /// `size` bytes from `at`, safe where `at + size` would wrap.
+    /// Returns `size` bytes from `at`. Safe where `at + size` would overflow.
     [[nodiscard]] std::optional<QByteArrayView> Slice(quint64 at, quint64 size) const
     {
         if (at > Size() || size > Size() - at)
@@ -22,7 +23,7 @@ public:
         return bytes.sliced(qsizetype(at), qsizetype(size));
     }
 
-    /// The bytes from `at` up to the next zero byte, without it.
+    /// Returns the bytes from `at` up to the next zero byte, without it.
     [[nodiscard]] std::optional<QByteArrayView> ZeroTerminated(quint64 at) const
     {
         if (at >= Size())

@@ -19,7 +19,7 @@ void CDocument::RemoveView(CView *view)
 
 void CDocument::UpdateAllViews(CView *sender, long hint, CView *target)
 {
-    const std::vector<CView *> told = views; // a view may add or remove another
+    const std::vector<CView *> told = views; // a view may add or remove other views
     for (CView *view : told) {
         if (view != sender && std::find(views.begin(), views.end(), view) != views.end())
             view->OnUpdate(sender, hint, target);

@@ -9,7 +9,7 @@
 
 class CDocument;
 
-/// Ends the loading of a document.
+/// Thrown to stop the loading of a document.
 struct ArchiveException
 {
     int cause;
@@ -23,11 +23,12 @@ class CView
 {
 public:
     virtual ~CView() = default;
-    /// Some other place changed the document. Acts only when `target` is null or this view, and only while visible.
+    /// Called when something other than this view changed the document. Acts only when `target` is null or this view,
+    /// and only while visible.
     virtual void OnUpdate(CView *sender, long hint, CView *target) = 0;
 };
 
-/// A document of the framework: a path, a modified flag and views. Views aren't owned.
+/// A document of the framework: a path, a modified flag and views. It doesn't own its views.
 class CDocument
 {
 public:
@@ -39,27 +40,27 @@ public:
     QString m_strPathName; // absolute
 
     virtual bool OnNewDocument() { return true; }
-    /// Fills the document from the file of its path; throws ArchiveException.
+    /// Loads the document from the file at its path. Throws ArchiveException.
     virtual void Serialize(bool loading) = 0;
     virtual bool OnSaveDocument(const QString &path) = 0;
     /// Tells the user, or the IDE, that loading or saving failed.
     virtual void ReportSaveLoadException(const QString &path, const ArchiveException &exception, bool saving) = 0;
     virtual void OnCloseDocument() {}
-    /// Told when somebody opens the path of this open document.
+    /// Called when the path of this open document is opened again.
     virtual void OnOpenAgain() {}
 
     void SetModifiedFlag(bool flag);
     [[nodiscard]] bool IsModified() const { return modified; }
-    /// Tells of each change of the modified flag.
+    /// Reports each change of the modified flag.
     Notifier<> modifiedChanged;
 
     void AddView(CView *view) { views.push_back(view); }
     void RemoveView(CView *view);
     [[nodiscard]] const std::vector<CView *> &Views() const { return views; }
-    /// Tells every view but `sender`; the hint is always 0.
+    /// Updates every view except `sender`. The hint is always 0.
     void UpdateAllViews(CView *sender, long hint = 0, CView *target = nullptr);
 
-    /// The framework's save to the document's own path.
+    /// Saves to the document's own path.
     [[nodiscard]] bool DoFileSave() { return OnSaveDocument(m_strPathName); }
 
 private:
@@ -67,26 +68,27 @@ private:
     std::vector<CView *> views;
 };
 
-/// The open documents of the process, in order of opening, and the way to open another.
+/// Owns the open documents of the process, in the order in which they were opened, and opens others.
 class CDocManager
 {
 public:
     using Factory = std::function<std::unique_ptr<CDocument>()>;
     explicit CDocManager(Factory documentFactory) : factory(std::move(documentFactory)) {}
 
-    /// Opens a path into a new document, or gives the open one of that path. Null when it doesn't load: the document
-    /// has then reported it (ReportSaveLoadException) and is closed. Keeps ownership.
+    /// Loads a file into a new document, or returns the document that is open from that path. Null when loading fails:
+    /// the document has reported the failure (ReportSaveLoadException) and is closed. The manager owns the document.
     CDocument *OpenDocumentFile(const QString &path);
-    /// The first open document of that path (NamesSameFile); null if there is none.
+    /// Returns the first open document of that path (NamesSameFile); null if there is none.
     [[nodiscard]] CDocument *FindDocument(const QString &path) const;
-    /// Runs OnCloseDocument and destroys it.
+    /// Calls the document's OnCloseDocument and destroys it.
     void CloseDocument(CDocument *document);
     void CloseAll();
     [[nodiscard]] const std::vector<std::unique_ptr<CDocument>> &Documents() const { return documents; }
 
-    /// Told after a document has been opened; the window makes its frame then.
+    /// Called after a document has been opened; the window makes its frame then.
     std::function<void(CDocument &)> opened;
-    /// Told when the document that OpenDocumentFile was asked for is open already; the window comes to the front then.
+    /// Called when OpenDocumentFile gets the path of a document that is open already; the window comes to the front
+    /// then.
     std::function<void(CDocument &)> foundOpen;
 
 private:

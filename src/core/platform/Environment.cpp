@@ -16,7 +16,7 @@
 namespace
 {
 
-constexpr qsizetype LOG_LIMIT = 511; // what a buffer of 512 holds beside its terminator
+constexpr qsizetype LOG_LIMIT = 511; // the capacity of a buffer of 512 without its terminator
 constexpr qsizetype LOG_KEEP = 508;
 
 QString WithSeparator(const QString &folder)
@@ -33,7 +33,8 @@ QString UserSettingsFile(const QString &configFolder)
     return folder + QStringLiteral("/morvanite/Morvanite.ini");
 }
 
-/// The formatted text with something in front and behind, made in one go: a report can have 100,000 lines.
+/// Returns `start`, the formatted text and `end` in one string. Makes it in one step, because a report can have 100,000
+/// lines.
 QString Formatted(std::string_view start, const char *format, va_list arguments, std::string_view end)
 {
     char small[1024];
@@ -68,7 +69,7 @@ void Log(const Environment::Sink &sink, QString text)
     sink(text);
 }
 
-/// What a line begins with that has the number `count`.
+/// Returns the beginning of the line with the number `count`.
 std::string_view StartOf(const Finding &finding, LineStart start, int count, char (&buffer)[32])
 {
     if (start == LineStart::Fatal)
@@ -76,7 +77,7 @@ std::string_view StartOf(const Finding &finding, LineStart start, int count, cha
     const bool isError = finding.severity == Severity::Error && start == LineStart::BySeverity;
     const std::string_view word = isError ? "Error " : "Warning ";
     char *const number = std::copy(word.begin(), word.end(), buffer);
-    char *end = std::to_chars(number, std::end(buffer), count).ptr; // snprintf takes a quarter of a line's time
+    char *end = std::to_chars(number, std::end(buffer), count).ptr; // snprintf would take a quarter of a line's time
     *end++ = ':';
     *end++ = ' ';
     return {buffer, size_t(end - buffer)};
@@ -126,7 +127,7 @@ bool Environment::UseProjectSettings(const QString &folder)
     const QString file = ResolvePath(QStringLiteral("morvanite.ini"), folder);
     Profile unused;
     if (const int error = Profile::Read(file, unused); error != 0 && error != ENOENT) {
-        Explain(WhyNotRead(file, error)); // without them the project would lose what they give it
+        Explain(WhyNotRead(file, error)); // without its settings the project would lose what they give it
         return false;
     }
     for (const QString &key : settings.UseProject(file))

@@ -11,19 +11,19 @@
 #include <functional>
 #include <memory>
 
-/// How the report's line of a finding begins.
+/// How a finding's line in the report begins.
 enum class LineStart
 {
     BySeverity, ///< "Error 3: " or "Warning 3: "
-    Warning,    ///< "Warning 3: ", though it counts as an error and has its number
+    Warning,    ///< "Warning 3: ", although it counts as an error and has an error's number
     Fatal,      ///< "Fatal error: "
 };
 
-/// What one running program shares: its folder, settings, code page, both logs and the counters of the current
-/// operation. A test makes a fresh one. Main thread only.
+/// The state that all parts of a running program share: the program's folder, the settings, the code page, both logs
+/// and the counters of the current operation. A test makes a fresh one. Main thread only.
 ///
-/// Each document has an environment of its own, made of the process's: the two share logs and counters, but a project
-/// has its own settings and code page.
+/// Each document has an environment of its own, which is made from the process's environment. The two share logs and
+/// counters, but a project has its own settings and code page.
 class Environment
 {
 public:
@@ -38,30 +38,31 @@ public:
     Environment(const Environment &) = delete;
     Environment &operator=(const Environment &) = delete;
 
-    /// The value of MORVANITE_PROGRAM_DIR, else the folder of the executable.
+    /// Returns the value of MORVANITE_PROGRAM_DIR, or the folder of the executable if that isn't set.
     static QString FindProgramDir();
 
     /// The program's folder with its trailing separator.
     [[nodiscard]] const QString &ProgramDir() const { return programDir; }
-    /// The configuration folder that was given in place of the user's; empty when none was.
+    /// The configuration folder that the constructor got in place of the user's; empty if it got none.
     [[nodiscard]] const QString &ConfigFolder() const { return ownConfigFolder; }
-    /// The files that settings and the language table are read from; some may not be there.
+    /// The files that settings and the language table are read from. Some of them may not exist.
     [[nodiscard]] QStringList SettingsFiles() const;
 
     [[nodiscard]] NarrowText WideToNarrow(QStringView text) const { return codePage.FromWide(text); }
     [[nodiscard]] QString NarrowToWide(QByteArrayView text) const { return codePage.ToWide(text); }
 
-    /// Narrow text as the UTF-8 that the log functions take for %s.
+    /// Converts narrow text to the UTF-8 that the log functions take for %s.
     [[nodiscard]] QByteArray Shown(const NarrowText &text) const;
 
-    /// The user-visible log. Text beyond 511 characters is cut to 508 and "...". %s takes UTF-8.
+    /// Writes to the log that the user sees. A text of more than 511 characters is cut to 508 and "...". %s takes
+    /// UTF-8.
     void WriteOutput(const char *format, ...) __attribute__((format(printf, 2, 3)));
 
-    /// The developer's log, cut in the same way; goes nowhere unless somebody listens.
+    /// Writes to the developer's log, with the same limit. Does nothing while `trace` is empty.
     void DebugTrace(const char *format, ...) __attribute__((format(printf, 2, 3)));
 
 private:
-    /// What the environments of a process have in common.
+    /// What all environments of a process share.
     struct Shared
     {
         Sink output;
@@ -76,29 +77,30 @@ private:
         Notifier<const Finding &> found;
         WarningLimit warningLimit;
     };
-    std::unique_ptr<Shared> own; // of the process's environment
+    std::unique_ptr<Shared> own; // only the process's environment has it
     Shared &shared;
 
 public:
-    /// Who gets what `WriteOutput` writes. The frame and the command handler set it.
+    /// Gets what `WriteOutput` writes. The frame and the command handler set it.
     Sink &output = shared.output;
     /// What `FlushOutput` calls; may be empty.
     std::function<void()> &flushOutput = shared.flushOutput;
-    /// Called again and again while the program waits for an outside tool; may be empty.
+    /// Called repeatedly while the program waits for an outside tool; may be empty.
     std::function<void()> &whileWaiting = shared.whileWaiting;
-    /// Who gets what `DebugTrace` writes; empty by default.
+    /// Gets what `DebugTrace` writes; empty by default.
     Sink &trace = shared.trace;
-    /// Who gets what `Explain` and `ExplainFailure` say; may be empty. The command line shows it on standard error, the
-    /// window in its output.
+    /// Gets the texts of `Explain` and `ExplainFailure`; may be empty. The command line shows them on standard error,
+    /// the window in its output.
     std::function<void(const QString &text)> &explain = shared.explain;
 
-    /// Tells of every finding.
+    /// Reports every finding.
     Notifier<const Finding &> &found = shared.found;
 
-    /// Errors and warnings of the current load, save or import; `Report` counts them, and they number its lines.
+    /// The errors and warnings of the current load, save or import. `Report` counts them and numbers its lines with
+    /// them.
     int &ErrorCount = shared.errors;
     int &WarningCount = shared.warnings;
-    /// How many elements and rows the current load left out, so that a save would lose them.
+    /// How many elements and rows the current load left out. A save would lose them.
     int &DroppedCount = shared.dropped;
     /// How many times `ExplainFailure` was called in the current operation.
     int &FailureCount = shared.failures;
@@ -106,47 +108,51 @@ public:
     /// Sets the four counters to 0, at the beginning of an operation.
     void ResetCounts();
 
-    /// Counts a finding by its severity, writes its line of the report, and hands it to the listeners. `format` and the
-    /// arguments, of which %s takes UTF-8, give the line behind "Error 3: "; it gets a line end. A finding without a
-    /// text is handed on with the line's.
+    /// Counts a finding by its severity, writes its line of the report, and passes it to the listeners of `found`.
+    /// `format` and the arguments (%s takes UTF-8) make the text of the line after "Error 3: "; a line end is added. If
+    /// the finding has no text, the listeners get it with the text of the line.
     void Report(const Finding &finding, const char *format, ...) __attribute__((format(printf, 3, 4)));
     void Report(const Finding &finding, LineStart start, const char *format, ...) __attribute__((format(printf, 4, 5)));
-    /// Hands a finding to the listeners that the report has no line for. No counter counts it.
+    /// Passes a finding that has no line in the report to the listeners. No counter counts it.
     void Note(const Finding &finding) { found.Tell(finding); }
-    /// From now to the end of the report, only the first 1,000 warnings of one code have a line each.
+    /// From this call to the end of the report, only the first 1,000 warnings of each code have a line of their own.
     void LimitWarnings() { shared.warningLimit.Begin(); }
-    /// Ends the report of an operation: the warnings that have no line each, then "[NAME] OPERATION - " and the counts.
+    /// Ends the report of an operation. Writes one line for each code whose warnings exceed the limit, and then the
+    /// line
+    /// "[NAME] OPERATION - " with the counts.
     void EndReport(const QString &name, const char *operation);
 
-    /// Says in plain words what the report of an operation has no line for: which file, why, what to do. One sentence
-    /// without a line end.
+    /// Explains in plain words what the report of an operation has no line for: which file, why, what to do. `text` is
+    /// one sentence without a line end.
     void Explain(const QString &text) const;
-    /// Says it of work that was not done although the report has no error line for it: the command line ends with 1.
+    /// Explains why some work was not done for which the report has no error line, and counts the failure. The exit
+    /// status of the command line is 1 then.
     void ExplainFailure(const QString &text);
 
     Settings settings;
-    /// Takes in what has been changed in the settings and the language table; at the beginning of an operation. The
-    /// code page stays: what is in memory has it.
+    /// Reads the settings and the language table again if their files have changed. Call it at the beginning of an
+    /// operation. The code page doesn't change, because the texts in memory are in it.
     void RefreshSettings();
-    /// Puts the settings of the project in `folder` over the program's and selects the project's code page. What is
-    /// wrong with them is explained. False when they name a code page that doesn't exist. Before anything is read.
+    /// Makes the settings of the project in `folder` override the program's and selects the project's code page.
+    /// Explains what is wrong with them. Returns false when they name a code page that doesn't exist. Call it before
+    /// anything of the project is read.
     [[nodiscard]] bool UseProjectSettings(const QString &folder);
     CodePage codePage;
-    /// True when the settings name a code page that doesn't exist; UTF-8 is used then.
+    /// True when the settings name a code page that doesn't exist. UTF-8 is used then.
     bool codePageUnknown = false;
 
-    /// Sends on what `WriteOutput` wrote and is held back, since something that takes long comes next.
+    /// Passes on what `WriteOutput` wrote and is still buffered. Call it before something that takes long.
     void FlushOutput();
 
-    /// Replaces a file in one step, or together with the others of the transaction that is under way. 0, or the
+    /// Replaces a file atomically, or together with the other files of the current transaction. Returns 0, or the
     /// system's error number, which has been explained (ExplainFailure).
     [[nodiscard]] int ReplaceFile(QStringView path, QByteArrayView bytes, IfRefused ifRefused = IfRefused::Stop);
-    /// The transaction under way; it sets this itself.
+    /// The current transaction, which sets this by itself; null if there is none.
     FileTransaction *transaction = nullptr;
 
-    /// The language table's section `Language` of "tuvik.ini", lines of the form name=number.
+    /// Returns the section `Language` of the language table "tuvik.ini": lines of the form name=number.
     [[nodiscard]] QStringList ReadLanguageTable() const;
-    /// The number of a language of that table, or -1.
+    /// Returns the number of a language of that table, or -1.
     [[nodiscard]] int LanguageNumber(const QString &name) const;
 
 private:

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// What is in the way of a writer who lacks a right, and what to do.
+/// Explains which permission is missing to write a file, and what to do.
 QString WaysToRights(const QByteArray &host)
 {
     if (access(host.constData(), F_OK) == 0 && access(host.constData(), W_OK) != 0)
@@ -22,7 +22,7 @@ QString WaysToRights(const QByteArray &host)
         DirectoryOf(QString::fromUtf8(FollowLinks(host))));
 }
 
-/// What to do where a file wasn't there although only it itself was to be made.
+/// Explains what to do when the system reports a missing file or folder although the program makes the file itself.
 QString WaysToPlace(const QByteArray &host)
 {
     const QByteArray folder = FolderOf(FollowLinks(host));

@@ -15,7 +15,7 @@ struct FreeMemory
     void operator()(char *bytes) const { std::free(bytes); }
 };
 
-/// Says whether a relative path never leaves the folder that it counts from, by its "..".
+/// Returns whether the ".." in a relative path never lead above the folder that it starts from.
 bool StaysBelow(const QByteArray &path)
 {
     int depth = 0;

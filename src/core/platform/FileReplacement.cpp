@@ -15,8 +15,8 @@
 namespace
 {
 
-/// Compares two files from where they are to their ends, in pieces: a string file has tens of megabytes. False also
-/// when one can't be read.
+/// Compares two files from their current positions to their ends, in pieces, because a string file can have tens of
+/// megabytes. Also returns false when one of them can't be read.
 bool HaveSameBytes(const FileHandle &a, const FileHandle &b)
 {
     constexpr size_t PIECE = 64 * 1024;
@@ -79,16 +79,16 @@ int FileReplacement::BeginAt(const QByteArray &place, Leftovers &leftovers)
         return error;
     if (!isThere)
         return 0;
-    (void)!fchown(handle.Get(), info.st_uid, info.st_gid); // before the mode, since it clears bits of that
+    (void)!fchown(handle.Get(), info.st_uid, info.st_gid); // before the mode: fchown clears bits of it
     return fchmod(handle.Get(), info.st_mode & 07777) == 0 ? 0 : errno;
 }
 
-/// Makes the temporary file, with the rights that a new file has.
+/// Makes the temporary file, with the permissions of a new file.
 int FileReplacement::MakeBeside()
 {
     for (number = 0; number < MOST_TEMPORARY_FILES; ++number) {
         const QByteArray tried = TemporaryName(target, getpid(), number);
-        const SignalHold hold; // nothing is left between the two steps
+        const SignalHold hold; // a signal between the two steps would leave the file
         handle = FileHandle(open(tried.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
         if (handle.IsOpen()) {
             cleanup = SignalCleanup::OfFile(tried);
@@ -147,7 +147,7 @@ int FileReplacement::PutInFreePlace()
         struct stat info;
         if (errno != EINVAL && errno != ENOSYS)
             return errno;
-        if (lstat(target.constData(), &info) == 0) // the file system doesn't know that call: as near as it gets
+        if (lstat(target.constData(), &info) == 0) // the file system lacks that call; this is the nearest to it
             return EEXIST;
         return PutInPlace();
     }

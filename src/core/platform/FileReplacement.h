@@ -5,9 +5,9 @@
 
 class Leftovers;
 
-/// A file that is written beside the one it replaces, and takes its place in one step. What isn't put in place leaves
-/// nothing behind, also when SIGINT or SIGTERM ends the program (SignalCleanup). Mode, owner and the symbolic links
-/// that lead to the old file stay.
+/// A new file that is written beside the file it replaces, and then renamed over it. If it isn't put in place, it is
+/// removed, also when SIGINT or SIGTERM ends the program (SignalCleanup). Mode, owner and the symbolic links to the old
+/// file don't change.
 ///
 ///     FileReplacement file;
 ///     if (int error = file.Begin(path)) ...
@@ -22,41 +22,43 @@ public:
     FileReplacement(FileReplacement &&other) noexcept;
     FileReplacement &operator=(FileReplacement &&) = delete;
 
-    // Each gives 0, or the system's error number.
+    // Each of these returns 0, or the system's error number.
 
-    /// Makes the new file, if the old one may be replaced at all. Removes first what killed processes left beside it.
+    /// Makes the new file, if the old one may be replaced. First removes temporary files that killed processes left
+    /// beside it.
     [[nodiscard]] int Begin(QStringView path, IfDevice ifDevice = IfDevice::Refuse);
-    /// The same for a host's path that is no link any more, with what is known of such leftovers.
+    /// The same for a path of the host whose links have been followed, with the leftovers that are known already.
     [[nodiscard]] int BeginAt(const QByteArray &place, Leftovers &leftovers);
-    /// Brings what was written to the disk.
+    /// Flushes what was written to the disk.
     [[nodiscard]] int Finish();
-    /// All of this at once, for a file of these bytes.
+    /// Calls Begin, writes these bytes, and calls Finish.
     [[nodiscard]] int Write(QStringView path, QByteArrayView bytes, IfDevice ifDevice = IfDevice::Refuse);
     [[nodiscard]] int WriteAt(const QByteArray &place, QByteArrayView bytes, Leftovers &leftovers);
-    /// Renames the new file over the old one. `SyncFolder` makes that last.
+    /// Renames the new file over the old one. Call `SyncFolder` to flush the new name to the disk.
     [[nodiscard]] int PutInPlace();
-    /// The same, but EEXIST when there is a file, whatever it is.
+    /// The same, but returns EEXIST when anything has the target's name.
     [[nodiscard]] int PutInFreePlace();
 
     // For a file that is put in place together with others.
 
-    /// Gives the old file a second name, under which it outlives `PutInPlace`. False when the system refuses that.
+    /// Gives the old file a second name, under which it still exists after `PutInPlace`. False when the system refuses
+    /// that.
     bool KeepOld();
-    /// Says whether `TakeBack` can bring back what was there: the old file was kept, or there was none.
+    /// Returns whether `TakeBack` can restore the old state: the old file was kept, or there was none.
     [[nodiscard]] bool CanTakeBack() const { return !isThere || !old.isEmpty(); }
     /// Undoes `PutInPlace`.
     [[nodiscard]] int TakeBack();
-    /// Leaves the new file beside the old one: the journal of a save has it, and a later save puts it in place.
+    /// Leaves the new file beside the old one: it is in the journal of a save, and a later save puts it in place.
     void LeaveTemporary();
 
-    /// Says whether there is an old file with other bytes. After Finish.
+    /// Returns whether there is an old file with other bytes. Call it after Finish.
     [[nodiscard]] bool Replaces() const;
 
-    /// What to write to.
+    /// The handle to write to.
     [[nodiscard]] const FileHandle &Handle() const { return handle; }
     /// The folder of the file.
     [[nodiscard]] QByteArray Folder() const;
-    /// The path of the file, without links at its end.
+    /// The path of the file, after the links at its last name have been followed.
     [[nodiscard]] const QByteArray &Target() const { return target; }
     /// The number in the temporary file's name (TemporaryName).
     [[nodiscard]] int Number() const { return number; }
@@ -70,9 +72,9 @@ private:
     FileHandle handle;
     SignalCleanup cleanup; // of the temporary file
     int number = 0;
-    bool isThere = false;  // the target, at the beginning
-    bool isDevice = false; // what is written goes into it at once
+    bool isThere = false;  // whether the target existed at the beginning
+    bool isDevice = false; // whether bytes are written to the target at once
 };
 
-/// Brings the names of a folder to the disk.
+/// Flushes the names in a folder to the disk.
 void SyncFolder(const QByteArray &folder);

@@ -7,16 +7,15 @@
 #include <map>
 #include <sys/stat.h>
 
-/// What tells one content of a file from the next without a look into it: which file it is, its size and its time of
-/// change.
+/// Identifies a file's content without reading it: which file it is, its size and the time of its last change.
 class FileStamp
 {
 public:
-    /// The stamp of no file.
+    /// The stamp of a file that doesn't exist.
     FileStamp() = default;
-    /// Of what the system says about a file.
+    /// The stamp of a file from what the system says about it.
     explicit FileStamp(const struct stat &fileInfo) : info(fileInfo) {}
-    /// The stamp of the file at `path`, links followed.
+    /// Returns the stamp of the file at `path`. Follows links.
     [[nodiscard]] static FileStamp Of(QStringView path);
 
     [[nodiscard]] bool IsThere() const { return info.st_nlink != 0; }
@@ -31,16 +30,17 @@ class FileStamps
 {
 public:
     void Clear() { stamps.clear(); }
-    /// Takes the stamp of a file now; a file that isn't there has one too. Before the file is read: a change during the
-    /// reading is found then.
+    /// Notes the stamp that a file has now; a file that doesn't exist has one too. Call it before the file is read, so
+    /// that a change during the reading is found.
     void Note(const QString &path) { stamps[path] = FileStamp::Of(path); }
 
-    /// The stamps of now of the same files.
+    /// Returns the stamps that the same files have now.
     [[nodiscard]] FileStamps Renewed() const;
 
     [[nodiscard]] bool Have(const QString &path) const { return stamps.contains(path); }
 
-    /// The files that are other ones by now, in the order of their paths; `vanished` are those of them that are gone.
+    /// The files whose stamps have changed, in the order of their paths. `vanished` has those of them that no longer
+    /// exist.
     struct Changes
     {
         QStringList files;

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The name that a file has until it is put in place.
+/// Returns the name that a file has until it is put in place.
 QByteArray NameBefore(const FileReplacement &file)
 {
     return TemporaryName(file.Target(), getpid(), file.Number());
@@ -101,7 +101,7 @@ std::optional<QString> FileTransaction::Commit(const std::function<bool()> &mayR
     return refused;
 }
 
-/// One file needs no journal: it is there as a whole or not at all.
+/// A single file needs no journal: its rename is atomic.
 int FileTransaction::BeginJournal(SaveJournal &journal)
 {
     if (project.journal.isEmpty() || staged.size() < 2)
@@ -127,13 +127,14 @@ std::optional<QString> FileTransaction::RenameAll()
     return std::nullopt;
 }
 
-/// Gives the files that were renamed their old content back. False when that can't be and a later save is to finish
-/// this one.
+/// Restores the old content of the files that were renamed. Returns false when that is impossible, so that a later save
+/// must finish this one.
 bool FileTransaction::TakeBack()
 {
     bool isPossible = std::all_of(staged.begin(), staged.end(),
                                   [](const Staged &item) { return !item.isInPlace || item.file.CanTakeBack(); });
-    // First all get their temporary names again: a kill from here on leaves what the journal can finish.
+    // First all files get their temporary names again: if the program is killed after that, the journal can finish the
+    // save.
     isPossible = isPossible && std::all_of(staged.begin(), staged.end(), [&](const Staged &item) {
                      return !item.isInPlace || project.journal.isEmpty() ||
                             link(item.file.Target().constData(), NameBefore(item.file).constData()) == 0;
@@ -160,7 +161,7 @@ void FileTransaction::SyncFolders() const
     for (const Staged &item : staged) {
         if (const QByteArray folder = item.file.Folder(); item.isInPlace && folder != lastFolder) {
             SyncFolder(folder);
-            lastFolder = folder; // once for the files of one folder
+            lastFolder = folder; // syncs once for consecutive files of the same folder
         }
     }
 }

@@ -8,13 +8,13 @@ enum class Severity
     Warning,
 };
 
-/// Something that is wrong with what was read, checked or written, and where.
+/// Something wrong in what was read, checked or written, and where it is.
 struct Finding
 {
-    const char *code = ""; ///< names its kind and doesn't change, such as "strings.id-conflict"; a literal
+    const char *code = ""; ///< the stable name of its kind, such as "strings.id-conflict"; a string literal
     Severity severity = Severity::Error;
-    QString file; ///< absolute; empty when it is about no file
+    QString file; ///< absolute path; empty when it isn't about a file
     int line = 0; ///< from 1; 0 for the whole file
     QString id;   ///< the ID of the resource or string; may be empty
-    QString text; ///< a sentence without its end
+    QString text; ///< a sentence without its full stop
 };

@@ -27,7 +27,7 @@ FileHandle &FileHandle::operator=(FileHandle &&other) noexcept
 
 FileHandle FileHandle::OpenRead(QStringView path)
 {
-    // Not blocking, so that a pipe in the place of a file doesn't hang the program.
+    // Non-blocking, so that a pipe in the place of a file doesn't hang the program.
     constexpr int FLAGS = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
     QByteArray host = path.toUtf8();
     host.replace('\\', '/');
@@ -153,8 +153,8 @@ void MakeWritable(QStringView path)
 namespace
 {
 
-/// Makes the user's trash (XDG Trash 1.0); false when there is no place for one. Without it the library would make
-/// shift in the current folder.
+/// Makes the folders of the user's trash (XDG Trash 1.0). False when there is no place for them. Without them the
+/// library would use the current folder instead.
 bool EnsureTrash()
 {
     const QByteArray data = qgetenv("XDG_DATA_HOME");

@@ -6,21 +6,21 @@
 #include <sys/types.h>
 #include <vector>
 
-/// Turns paths into what the file system wants, for the length of one operation.
+/// Converts paths to paths of the host's file system, for the duration of one operation.
 ///
-/// "\" becomes "/". Where no file has the exact name each component is matched without regard to case, so projects born
-/// on a file system without case keep opening. A folder is listed once per object, so don't keep one longer than an
-/// operation.
+/// "\" becomes "/". If no file has the exact name, each component is matched without regard to case, so that projects
+/// made on a file system that ignores case can be opened. Each object lists a folder only once, so don't keep an object
+/// longer than one operation.
 class HostPaths
 {
 public:
     HostPaths();
     ~HostPaths();
 
-    /// The host's path of `path`, in bytes for the system's calls. A name that doesn't exist keeps its spelling.
+    /// Returns the host's path for `path`, as bytes for system calls. A name that doesn't exist keeps its spelling.
     [[nodiscard]] QByteArray Resolve(QStringView path);
 
-    /// Says whether a file or folder is there, by the listings.
+    /// Returns whether a file or folder exists, according to the listings.
     [[nodiscard]] bool Exists(QStringView path);
     [[nodiscard]] bool Exists(QByteArray utf8);
 
@@ -29,25 +29,25 @@ private:
     std::unique_ptr<Listings> listings;
 };
 
-/// The same for a single look; looks for the exact name first, without listing anything.
+/// The same for a single path. Tries the exact name first, without listing any folder.
 [[nodiscard]] QByteArray HostPath(QStringView path);
 [[nodiscard]] bool PathExists(QStringView path);
 
-/// Reads a file whole. 0, or the system's error number (EFBIG above `limit` bytes).
+/// Reads a whole file. Returns 0, or the system's error number (EFBIG for a file above `limit` bytes).
 [[nodiscard]] int ReadFile(QStringView path, QByteArray &bytes, qint64 limit = qint64(1) << 31);
 
-/// What becomes of a character device or a pipe (FIFO) that has the name of a file that is to be written.
+/// What to do when a character device or a pipe (FIFO) has the name of a file that is to be written.
 enum class IfDevice
 {
-    Refuse,       ///< the file can't be written
-    WriteThrough, ///< it is written to. A pipe without a reader is waited for. For files that the user names
+    Refuse,       ///< fail: the file can't be written
+    WriteThrough, ///< write to it, after waiting for a reader of the pipe. For files that the user names
 };
 
-/// Replaces a file in one step: written beside it, synced, renamed over it; mode and symbolic link stay. 0, or the
-/// system's error number, and then the old file is as it was.
+/// Replaces a file atomically: writes a new file beside it, flushes it to the disk, and renames it over the old one.
+/// Mode and symbolic link don't change. Returns 0, or the system's error number; the old file is unchanged then.
 [[nodiscard]] int WriteFileAtomically(QStringView path, QByteArrayView bytes, IfDevice ifDevice = IfDevice::Refuse);
 
-/// A file of the system, closed by itself.
+/// Owns a file descriptor; the destructor closes it.
 class FileHandle
 {
 public:
@@ -58,35 +58,35 @@ public:
     [[nodiscard]] bool IsOpen() const { return fd >= 0; }
     [[nodiscard]] int Get() const { return fd; }
 
-    /// Opens for reading, matching names without regard to case where need be. Not open: errno tells why. Folders are
-    /// refused.
+    /// Opens a file for reading. Matches names without regard to case if no file has the exact name. If the result
+    /// isn't open, errno has the reason. Folders are refused.
     static FileHandle OpenRead(QStringView path);
-    /// The file's size, or -1.
+    /// Returns the file's size in bytes, or -1.
     [[nodiscard]] qint64 Size() const;
-    /// Reads up to `size` bytes, going on after interrupts; the number of bytes, or -1.
+    /// Reads up to `size` bytes and continues after interrupts. Returns the number of bytes, or -1.
     [[nodiscard]] ssize_t Read(void *buffer, size_t size) const;
-    /// Writes all of it; false with errno set.
+    /// Writes all bytes. On failure, returns false and sets errno.
     [[nodiscard]] bool WriteAll(const void *bytes, size_t size) const;
 
 private:
     int fd;
 };
 
-/// Makes one folder; false when it wasn't made.
+/// Makes one folder. False when it wasn't made.
 bool CreateFolderOnDisk(QStringView path);
-/// Sets the current directory of the process. Where that fails (errno says why) it stays what it was, maybe another
-/// project's: whoever goes on with relative paths reads and writes there.
+/// Sets the current folder of the process. On failure (errno has the reason) it doesn't change; it may be another
+/// project's folder, so a caller that goes on with relative paths would read and write there.
 [[nodiscard]] bool SetCurrentFolder(QStringView path);
 [[nodiscard]] QByteArray CurrentFolderBytes();
-/// The same as text: it leads nowhere when the name isn't UTF-8.
+/// The same as text. The text is no valid path when the name isn't UTF-8.
 [[nodiscard]] QString CurrentFolder();
-/// True when both names lead to the same file of the disk.
+/// True when both names lead to the same file on the disk.
 [[nodiscard]] bool IsSameFile(const QByteArray &a, const QByteArray &b);
-/// True when both paths name one file, which need not be there: also where a link leads to the folder of one.
+/// True when both paths name the same file, even if a link leads to the folder of one of them. The file need not exist.
 [[nodiscard]] bool NamesSameFile(const QString &a, const QString &b);
 bool DeleteFileOnDisk(QStringView path);
-/// Clears a file's read-only state (adds the owner's right to write).
+/// Makes a file writable (adds the owner's permission to write).
 void MakeWritable(QStringView path);
-/// Moves a file to the desktop's trash; ignored for a path of more than 260 characters, when it isn't there, or
-/// when the user has no place for a trash.
+/// Moves a file to the desktop's trash. Does nothing if the path has more than 260 characters, if the file doesn't
+/// exist, or if the user has no place for a trash.
 void MoveToRecycleBin(const QString &path);

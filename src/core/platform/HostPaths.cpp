@@ -23,13 +23,13 @@ std::string LowerUtf8(std::string_view name)
     return ToLowerSimple(QString::fromUtf8(name.data(), qsizetype(name.size()))).toStdString();
 }
 
-/// What stood in a folder when it was listed.
+/// The names that were in a folder when it was listed.
 struct Listing
 {
     bool readable = false;
     bool missing = false;       // there is no such folder
-    NameMap<bool> names;        // false: a symbolic link, which may lead nowhere
-    NameMap<std::string> lower; // made at the first look that needs it
+    NameMap<bool> names;        // false: may be a symbolic link, whose target may not exist
+    NameMap<std::string> lower; // made at the first look-up that needs it
     bool hasLower = false;
 
     explicit Listing(const std::string &folder)
@@ -50,9 +50,9 @@ struct Listing
             hasLower = true;
             for (const auto &[known, certain] : names) {
                 if (!QUtf8StringView(known).isValidUtf8())
-                    continue; // decoded, different names would be equal
+                    continue; // different names could be equal after decoding
                 std::string &first = lower.try_emplace(LowerUtf8(known), known).first->second;
-                first = std::min(first, known); // of several spellings always the same one
+                first = std::min(first, known); // always the same one of several spellings
             }
         }
         const auto found = lower.find(LowerUtf8(name));
@@ -67,8 +67,8 @@ QByteArray WithSlashes(QStringView path)
     return bytes;
 }
 
-/// How many folders are kept at a time: more than any project has, and few enough for memory when a file names
-/// thousands.
+/// The largest number of folders that are kept: more than any project has, but few enough to limit the memory when a
+/// file names thousands of folders.
 constexpr size_t MOST_FOLDERS = 1000;
 
 } // namespace
@@ -76,7 +76,7 @@ constexpr size_t MOST_FOLDERS = 1000;
 struct HostPaths::Listings
 {
     NameMap<Listing> byFolder;
-    NameMap<std::string> resolved; // folders as written, and as the host has them
+    NameMap<std::string> resolved; // from the written spelling of a folder to the host's
 
     Listing &Of(const std::string &folder)
     {
@@ -85,7 +85,8 @@ struct HostPaths::Listings
         return byFolder.try_emplace(folder, folder).first->second;
     }
 
-    /// A folder as the host has it, found from its start; what lies below a folder that isn't there keeps its spelling.
+    /// Returns a folder in the host's spelling, resolved from its first name on. Names below a folder that doesn't
+    /// exist keep their spelling.
     std::string ResolveFolder(std::string_view folder)
     {
         const auto known = resolved.find(folder);
@@ -109,7 +110,7 @@ struct HostPaths::Listings
         return host;
     }
 
-    /// The path whose last name is spelled as the host has it; empty if its folder has nothing like it.
+    /// Returns the path with its last name in the host's spelling; empty if the folder has no such name in any case.
     std::string OtherSpelling(const std::string &path)
     {
         const size_t slash = path.rfind('/');
@@ -120,7 +121,7 @@ struct HostPaths::Listings
         return found ? path.substr(0, path.size() - name.size()) + *found : std::string();
     }
 
-    /// Splits a path, finds its folder, and gives the folder's listing and the name in it.
+    /// Splits a path and resolves its folder. Returns the folder's listing and sets `folder` and `name`.
     Listing &Locate(std::string_view path, std::string &folder, std::string_view &name)
     {
         const size_t slash = path.rfind('/');

@@ -32,7 +32,7 @@ bool IsValidIdName(QStringView text)
 
 bool IsValidIdName(QByteArrayView utf8)
 {
-    return IsValid(QLatin1StringView(utf8)); // a byte of another character is none of the allowed ones either
+    return IsValid(QLatin1StringView(utf8)); // no byte of a longer character is an allowed character
 }
 
 bool MakeIdSafe(QString &text)
@@ -55,7 +55,7 @@ QString AppendCounter(const QString &base, int n)
 
 QString FormatFloat(double value)
 {
-    char text[320]; // the largest number has 309 digits before its point
+    char text[320]; // the largest number has 309 digits before the point
     const char *end = std::to_chars(text, std::end(text), value, std::chars_format::fixed, 6).ptr;
     if (std::isfinite(value)) {
         while (end[-1] == '0')

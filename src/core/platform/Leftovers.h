@@ -5,32 +5,32 @@
 
 #include <map>
 
-/// The name of the file that a process writes beside `target` before it takes that one's place: ".NAME.PID-N" in the
-/// same folder. NAME has 200 bytes at most.
+/// Returns the name of the temporary file that a process writes beside `target` before it replaces `target`:
+/// ".NAME.PID-N" in the same folder. NAME has at most 200 bytes.
 [[nodiscard]] QByteArray TemporaryName(const QByteArray &target, qint64 process, int number);
 
-/// How many temporary files a process may have beside one file; `number` above is below this.
+/// The largest number of temporary files that a process may have beside one file. `number` above is less than this.
 inline constexpr int MOST_TEMPORARY_FILES = 1000;
 
-/// A decimal number in the one form that this program writes, or -1.
+/// Parses a decimal number in the form that this program writes. Returns -1 for any other text.
 [[nodiscard]] qint64 PlainNumber(const QByteArray &text);
 
-/// Says whether there is no process of that number.
+/// Returns whether no process has that number.
 [[nodiscard]] bool IsGone(qint64 process);
 
-/// Finds and removes what killed processes left beside files under such names. It lists each folder once, so keep one
-/// for the files of one operation, and not longer.
+/// Finds and removes the temporary files that killed processes left. Each object lists a folder only once, so use one
+/// object for all files of an operation, and no longer.
 class Leftovers
 {
 public:
-    /// Removes what was left beside the file `target` by processes that are gone. Other names, what isn't a plain file
-    /// and what belongs to a process that is alive stay.
+    /// Removes the temporary files beside the file `target` whose processes no longer exist. Doesn't remove files with
+    /// other names, anything that isn't a plain file, or files of a running process.
     void RemoveBeside(const QByteArray &target);
-    /// The same for folders of such names (TemporaryFolder), with what is in them.
+    /// The same for folders of such names (TemporaryFolder) and the files in them.
     void RemoveFoldersBeside(const QByteArray &target);
 
 private:
-    /// The paths of that form beside `target` that belong to no process.
+    /// Returns the paths of that form beside `target` that belong to no running process.
     [[nodiscard]] QByteArrayList Abandoned(const QByteArray &target);
 
     std::map<QByteArray, QByteArrayList> byFolder; // names of that form

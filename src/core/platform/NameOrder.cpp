@@ -16,7 +16,7 @@ UCollator *AsCollator(void *collator)
     return static_cast<UCollator *>(collator);
 }
 
-/// The sort keys of texts, one behind the other in one buffer: each a row of bytes that ends with 0.
+/// The sort keys of texts, one after the other in one buffer. Each key is a sequence of bytes that ends with 0.
 class SortKeys
 {
 public:
@@ -33,7 +33,7 @@ public:
             bytes.resize((start + needed + 1) * 2);
             (void)Put(text, start);
         }
-        if (needed == 0) // ICU failed; an empty key
+        if (needed == 0) // ICU failed: make the key empty
             bytes[start] = 0;
         ends.push_back(start + std::max(needed, size_t(1)));
     }
@@ -41,7 +41,7 @@ public:
     [[nodiscard]] int Compare(size_t a, size_t b) const { return std::strcmp(At(a), At(b)); }
 
 private:
-    /// How many bytes the key has; they are put at `start` if there is room.
+    /// Writes a text's key to `start` if there is room for it. Returns the size of the key in bytes.
     [[nodiscard]] size_t Put(QStringView text, size_t start)
     {
         const size_t room = bytes.size() - start;
@@ -65,7 +65,7 @@ private:
 NameOrder::NameOrder()
 {
     UErrorCode status = U_ZERO_ERROR;
-    UCollator *const opened = ucol_open("", &status); // the root, whatever the locale is
+    UCollator *const opened = ucol_open("", &status); // the root order, whatever the locale is
     if (!opened)
         return;
     ucol_setAttribute(opened, UCOL_NUMERIC_COLLATION, UCOL_ON, &status);

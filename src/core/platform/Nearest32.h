@@ -4,7 +4,7 @@
 
 #include <limits>
 
-/// The number of 32 bits that is nearest to the given one: itself, or the end of the range that it is beyond.
+/// Returns the 32-bit number that is nearest to `number`: `number` itself, or the smallest or largest 32-bit number.
 [[nodiscard]] constexpr qint32 Nearest32(qint64 number)
 {
     return qint32(

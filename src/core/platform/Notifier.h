@@ -5,16 +5,16 @@
 #include <utility>
 #include <vector>
 
-/// Tells any number of listeners of one kind of event, in the order in which they came. Main thread only.
+/// Passes events of one kind to any number of listeners, in the order in which they registered. Main thread only.
 ///
 ///     Notifier<int> counted;
-///     const Notifier<int>::Listener listener(counted, [](int count) { ... });   // until it is destroyed
+///     const Notifier<int>::Listener listener(counted, [](int count) { ... });   // listens until it is destroyed
 ///     counted.Tell(3);
 template <typename... Arguments> class Notifier
 {
 public:
-    /// Receives each event until it is destroyed. It may outlive the notifier, and may be made or destroyed during
-    /// `Tell`, but it must not destroy itself in its own call.
+    /// Receives each event until it is destroyed. A listener may outlive the notifier, and may be made or destroyed
+    /// during `Tell`, but its function must not destroy it.
     class Listener
     {
     public:
@@ -33,12 +33,11 @@ public:
 
     private:
         friend class Notifier;
-        Notifier *notifier; // null when that is gone
+        Notifier *notifier; // null after the notifier is destroyed
         std::function<void(Arguments...)> told;
     };
 
-    /// As long as it is there, it alone receives the events, and the listeners miss them. The notifier must live
-    /// longer.
+    /// While it exists, it receives all events and the listeners receive none. The notifier must outlive it.
     class Diversion
     {
     public:
@@ -54,7 +53,7 @@ public:
         friend class Notifier;
         Notifier &notifier;
         std::function<void(Arguments...)> told;
-        Diversion *outer; // what it takes the events from; null for the listeners
+        Diversion *outer; // the diversion that it replaces; null if it replaces the listeners
     };
 
     Notifier() = default;
@@ -68,10 +67,11 @@ public:
     Notifier(const Notifier &) = delete;
     Notifier &operator=(const Notifier &) = delete;
 
-    /// Says whether nobody would receive an event.
+    /// Returns whether nothing would receive an event.
     [[nodiscard]] bool IsEmpty() const { return !diversion && listeners.empty(); }
 
-    /// A listener that is made during a call receives the next event first.
+    /// Passes an event to all listeners. A listener that is made during this call doesn't receive this event, only
+    /// later ones.
     void Tell(Arguments... arguments)
     {
         if (diversion)
@@ -94,10 +94,10 @@ private:
         if (depth == 0)
             listeners.erase(place);
         else
-            *place = nullptr; // Tell counts places
+            *place = nullptr; // Tell is iterating by index
     }
 
     std::vector<Listener *> listeners;
     Diversion *diversion = nullptr;
-    int depth = 0; // of Tell in Tell
+    int depth = 0; // of nested calls of Tell
 };

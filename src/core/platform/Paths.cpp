@@ -17,7 +17,7 @@ qsizetype LastSeparator(QStringView path)
     return std::max(path.lastIndexOf(u'\\'), path.lastIndexOf(u'/'));
 }
 
-/// Equal without regard to case, and whichever separator stands.
+/// True if two paths are equal without regard to case and to the kind of separator.
 bool SamePath(QStringView a, QStringView b)
 {
     if (a.size() != b.size())

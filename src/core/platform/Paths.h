@@ -2,37 +2,39 @@
 
 #include "Text.h"
 
-/// Paths: "\" and "/" both separate. A path is absolute with a leading "/", a leading "\\" or a colon at position 1.
+/// Paths: both "\" and "/" are separators. A path is absolute if it begins with "/" or "\\", or has a colon at position
+/// 1 (from 0).
 
 [[nodiscard]] bool IsRelativePath(QStringView path);
 
-/// Everything before the last separator; "." when there is none or it stands at position 0 ("/" for the host's root).
+/// Everything before the last separator. "." when there is none, or when it is the first character ("/" for the host's
+/// root).
 [[nodiscard]] QString DirectoryOf(QStringView path);
 
-/// The name behind the last separator, without its last dot and what follows.
+/// The name after the last separator, without its last dot and the text after that.
 [[nodiscard]] QString FileTitle(QStringView path);
 
-/// What follows the last dot, if that dot lies behind the last separator; else empty.
+/// The text after the last dot, if that dot is after the last separator; otherwise empty.
 [[nodiscard]] QString FileExtension(QStringView path);
 
-/// The name behind the last separator.
+/// The name after the last separator.
 [[nodiscard]] QString FileName(QStringView path);
 
-/// `path` with "." and ".." resolved and "/" as separator. A ".." that leads a relative path stays; above a root or a
-/// drive there is nothing.
+/// `path` with "." and ".." resolved and "/" as separator. A ".." at the beginning of a relative path stays; a ".."
+/// directly below a root or a drive is removed.
 [[nodiscard]] QString CanonicalPath(QStringView path);
 
-/// Says whether two paths name the same file: without regard to case, and canonical.
+/// Returns whether two paths name the same file. Compares the canonical paths without regard to case.
 [[nodiscard]] bool IsSamePath(QStringView a, QStringView b);
 
-/// How many characters a path may have that MakeAbsolute makes.
+/// The largest length of a path that MakeAbsolute makes, in characters.
 inline constexpr qsizetype LONGEST_PATH = 520;
 
-/// Joins a relative `path` to `base`, in the host's form. False, and no change, when the result would be longer than
-/// LONGEST_PATH. A path that isn't relative stays unchanged.
+/// Joins a relative `path` to `base`, in the host's form. Returns false, and changes nothing, when the result would be
+/// longer than LONGEST_PATH. An absolute path stays unchanged.
 bool MakeAbsolute(QString &path, const QString &base);
 
-/// Turns a path inside `base` into one that begins with ".\". True: `path` may be stored as it now stands.
+/// Turns a path inside `base` into one that begins with ".\". True when `path` may be stored as it is now.
 bool MakeRelative(QString &path, const QString &base);
 
 /// A relative `path` joined to `base`; an absolute one unchanged.

@@ -13,7 +13,7 @@ namespace
 
 constexpr char UTF16_MARK[] = "\xFF\xFE";
 constexpr char UTF8_MARK[] = "\xEF\xBB\xBF";
-constexpr qint64 LARGEST_FILE = 1 << 20; // bytes; each line takes a multiple of its length in memory
+constexpr qint64 LARGEST_FILE = 1 << 20; // bytes; in memory each line takes several times its length
 
 QString Unquoted(QStringView value)
 {
@@ -48,7 +48,7 @@ Profile Profile::Parse(QByteArrayView bytes)
             profile.mark = mark.toByteArray();
     }
     const qsizetype unit = profile.IsUtf16() ? 2 : 1;
-    bytes.chop(bytes.size() % unit); // half of a unit at the end
+    bytes.chop(bytes.size() % unit); // an incomplete unit at the end
     QString section;
     for (qsizetype at = profile.mark.size(); at < bytes.size();) {
         qsizetype end = at;
@@ -185,7 +185,7 @@ void Profile::Set(QStringView section, QStringView key, const QString &value)
         first = place = lines.size();
     }
     while (place > first && lines[place - 1].text.trimmed().isEmpty())
-        --place; // the empty lines in front of the next section stay there
+        --place; // keeps the empty lines before the next section
     lines.insert(place, {raw, text, upperSection, ToUpperSimple(key), false});
 }
 
@@ -195,7 +195,7 @@ QByteArray Profile::Bytes() const
     QByteArray bytes = mark;
     for (const Line &line : lines) {
         bytes += line.raw;
-        if (&line != &lines.last() && !line.raw.endsWith(feed)) // it was the last one
+        if (&line != &lines.last() && !line.raw.endsWith(feed)) // it was the last line
             bytes += Encoded(lineEnd);
     }
     return bytes;

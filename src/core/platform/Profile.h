@@ -14,51 +14,51 @@ struct ProfileEntry
     QString value;
 };
 
-/// A text file of sections, keys and values ("INI"), kept line by line: what isn't changed is written back byte for
-/// byte.
+/// A text file of sections, keys and values ("INI"). It keeps the text of each line, so that lines that don't change
+/// are written back byte for byte.
 ///
-/// Section and key names compare without regard to case, blanks around names and values don't count, one pair of equal
-/// quotes around a value is taken off, a line that begins with ";" is a comment. Of several equal sections or keys the
-/// first counts, so a key that only the second of two equal sections has isn't found. Text is UTF-8 unless it begins
-/// with a UTF-16 mark.
+/// Section and key names are compared without regard to case. Blanks around names and values are ignored, one pair of
+/// equal quotes around a value is removed, and a line that begins with ";" is a comment. Of several equal sections or
+/// keys only the first counts, so a key that is only in the second of two equal sections isn't found. Text is UTF-8
+/// unless it begins with a UTF-16 byte order mark.
 class Profile
 {
 public:
-    /// Reads a file; an absent or unreadable one, or one above 1 MiB, gives an empty profile.
+    /// Reads a file. The profile is empty if the file doesn't exist, can't be read or has more than 1 MiB.
     static Profile Load(const QString &path);
-    /// The same, and the system's error number when there is no profile to read; 0 otherwise.
+    /// The same. Returns 0, or the system's error number when the profile couldn't be read.
     [[nodiscard]] static int Read(const QString &path, Profile &profile);
     static Profile Parse(QByteArrayView bytes);
 
     [[nodiscard]] bool Has(QStringView section, QStringView key) const;
     [[nodiscard]] QString String(QStringView section, QStringView key, const QString &fallback) const;
 
-    /// A leading decimal number, with a sign if need be; 0 for a value that doesn't begin with one.
+    /// Returns the decimal number, with an optional sign, that the value begins with; 0 if it begins with none.
     [[nodiscard]] int Int(QStringView section, QStringView key, int fallback) const;
 
-    /// Section and key of each line that has a key, in the file's order and spelling.
+    /// Returns section and key of each line that has a key, in the order and spelling of the file.
     [[nodiscard]] QList<std::pair<QString, QString>> Keys() const;
 
-    /// The lines of a section, comments and empty lines left out, as many as fit whole into `limit` characters when a
-    /// zero is counted behind each line and one more behind the last.
+    /// Returns the lines of a section without comments and empty lines. Stops before the line that would exceed `limit`
+    /// characters, counting one character more for each line and one for the end.
     [[nodiscard]] QStringList Section(QStringView section, qsizetype limit = 4096) const;
 
     void Set(QStringView section, QStringView key, const QString &value);
 
-    /// The whole text in its encoding; new lines end as the first one did.
+    /// Returns the whole text in its encoding. New lines have the line end of the file's first line.
     [[nodiscard]] QByteArray Bytes() const;
 
 private:
     struct Line
     {
-        QByteArray raw;  // as it stands in the file, with its line end
+        QByteArray raw;  // as it is in the file, with its line end
         QString text;    // without its line end
-        QString section; // upper case; of the section that the line is in
-        QString key;     // upper case; empty unless the line is `key=value`
-        bool isHead;     // begins the section
+        QString section; // the section that the line is in, in upper case
+        QString key;     // in upper case; empty unless the line is `key=value`
+        bool isHead;     // the line begins the section
     };
 
-    /// The lines of the first section of that name: its first, and the one behind its last.
+    /// Returns the range of lines of the first section of that name: its first line, and the line after its last.
     [[nodiscard]] std::pair<qsizetype, qsizetype> Range(const QString &upperSection) const;
     [[nodiscard]] bool IsUtf16() const { return mark.size() == 2; }
     [[nodiscard]] QByteArray Encoded(const QString &text) const;

@@ -12,7 +12,7 @@ ProfileFile::ProfileFile(QString filePath) : path(std::move(filePath))
 
 void ProfileFile::Read()
 {
-    stamp = FileStamp::Of(path); // first: a change during the reading shows at the next look
+    stamp = FileStamp::Of(path); // first, so that the next Refresh finds a change during the reading
     content = Profile::Load(path);
 }
 
@@ -26,7 +26,7 @@ bool ProfileFile::Set(const QList<ProfileEntry> &entries)
 {
     Profile changed;
     if (const int error = Profile::Read(path, changed); error != 0 && error != ENOENT)
-        return false; // written back, it would be empty
+        return false; // writing it back would empty it
     for (const ProfileEntry &entry : entries)
         changed.Set(entry.section, entry.key, entry.value);
     if (WriteFileAtomically(path, changed.Bytes()) != 0)

@@ -7,16 +7,16 @@
 class ProfileFile
 {
 public:
-    /// Reads the file; an absent or unreadable one gives an empty profile.
+    /// Reads the file. The profile is empty if the file doesn't exist or can't be read.
     explicit ProfileFile(QString path);
 
     [[nodiscard]] const Profile &Content() const { return content; }
 
-    /// Reads the file again if it is another than the one that was read, or has changed since.
+    /// Reads the file again if it has been changed or replaced since it was read.
     void Refresh();
 
-    /// Changes keys in the file as it is now, in one write. False when it can't be read, or can't be written; it is as
-    /// it was then.
+    /// Changes keys in the current content of the file, in one write. Returns false when the file can't be read or
+    /// written; it is unchanged then.
     bool Set(const QList<ProfileEntry> &entries);
 
 private:

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The folders that this process has locked: a lock of another object would wait for itself.
+/// The folders that this process has locked. Without this set, the process would wait for its own lock.
 std::set<QByteArray> &HeldFolders()
 {
     static std::set<QByteArray> folders;
@@ -34,7 +34,7 @@ bool ProjectLock::Take(Environment &env, const SavedProject &project)
     for (int waited = 0; waited < PATIENCE_MS; waited += STEP_MS) {
         handle = FileHandle(open(place.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
         if (!handle.IsOpen())
-            return true; // what reads or writes there tells why
+            return true; // the reader or writer of the files explains why
         if (flock(handle.Get(), LOCK_EX | LOCK_NB) == 0) {
             folder = place;
             HeldFolders().insert(folder);

@@ -5,11 +5,11 @@
 
 class Environment;
 
-/// One process of this program at a time works on a project's files from their reading to their writing: otherwise the
-/// slower of two saves replaces what the other has just written. The lock is on the folder of the resource list, so a
-/// process that is killed leaves nothing behind. Main thread only.
+/// A lock that only one process of this program at a time has, from the reading of a project's files to their writing.
+/// Without it the slower of two saves would replace what the other has just written. The lock is on the folder of the
+/// resource list, so a process that is killed leaves nothing behind. Main thread only.
 ///
-/// Some network file systems can't lock a folder. The lock holds nothing there; a save compares the files itself once
+/// Some network file systems can't lock a folder. The lock has no effect there; a save compares the files itself once
 /// more before it replaces them.
 class ProjectLock
 {
@@ -19,12 +19,12 @@ public:
     ProjectLock(const ProjectLock &) = delete;
     ProjectLock &operator=(const ProjectLock &) = delete;
 
-    /// Waits up to 10 s for other processes. False, having explained it, when one of them still has the lock then. When
-    /// another object of this process has it, that one keeps it.
+    /// Takes the lock. Waits up to 10 s for other processes; if one of them still has the lock then, explains it and
+    /// returns false. If another object of this process has the lock, that object keeps it.
     [[nodiscard]] bool Take(Environment &env, const SavedProject &project);
     void Release();
 
 private:
     FileHandle handle;
-    QByteArray folder; // empty: nothing is held
+    QByteArray folder; // empty: this object doesn't have the lock
 };

@@ -18,7 +18,7 @@ bool IsSameName(const QByteArray &a, const QByteArray &b)
     return a.compare(b, Qt::CaseInsensitive) == 0;
 }
 
-/// Says whether a name is `pattern` with one text in the place of each "%s".
+/// Returns whether a name is `pattern` with the same text in place of each "%s".
 bool Fits(const QByteArray &name, const QByteArray &pattern)
 {
     const qsizetype count = pattern.count("%s");

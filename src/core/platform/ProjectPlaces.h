@@ -5,10 +5,10 @@
 #include <set>
 #include <vector>
 
-/// The files that the journal of a project may name, since a save writes them: those of SavedProject, and layout files.
-/// Such a file is below the project's folder, ends in ".xml", is not the configuration, and no folder on the way begins
-/// with ".". All are there after all symbolic links too (StaysInProject). Places are the host's absolute paths without
-/// links.
+/// The files that the journal of a project may name, because a save writes them: those of SavedProject, and layout
+/// files. A layout file is below the project's folder, its name ends in ".xml", it isn't the configuration, and no
+/// folder on the way to it begins with ".". All of this must still be true after symbolic links have been followed
+/// (StaysInProject). Places are the host's absolute paths without links.
 class ProjectPlaces
 {
 public:
@@ -16,10 +16,10 @@ public:
 
     [[nodiscard]] bool Have(const QByteArray &place) const;
 
-    /// What a journal has for a place: relative to the project's folder if it is below that.
+    /// Returns the path that a journal stores for a place: relative to the project's folder if it is below that.
     [[nodiscard]] QByteArray Stored(const QByteArray &place) const;
 
-    /// The place of what a journal has; empty when no file of the project can be there.
+    /// Returns the place for a path in a journal; empty when no file of the project can be there.
     [[nodiscard]] QByteArray Restored(const QByteArray &stored) const;
 
 private:
@@ -30,5 +30,5 @@ private:
     bool followsLinks;
     std::set<QByteArray> files;
     std::vector<QByteArray> patterns;
-    std::vector<QByteArray> config; // its name, and where links at that lead to
+    std::vector<QByteArray> config; // the configuration's path, and where links at that path lead to
 };

@@ -20,7 +20,7 @@
 namespace
 {
 
-/// The variables of the child's environment: ours, with the settings that this process and the project have.
+/// The environment variables of the child: those of this process, with the settings of this process and the project.
 class ToolVariables
 {
 public:
@@ -62,7 +62,8 @@ private:
     std::vector<char *> pointers;
 };
 
-/// What the child starts with: the three standard files, no others, and signals as a shell would leave them.
+/// The state in which the child starts: the three standard files, no other open files, and signals as a shell sets
+/// them.
 class SpawnSettings
 {
 public:
@@ -93,7 +94,7 @@ public:
     posix_spawnattr_t attributes;
 };
 
-/// Waits for the end of a child without taking its status away: its number stays its own.
+/// Waits for the end of a child but leaves its status to be read, so that no other process can get its number.
 void WaitFor(pid_t child, const std::function<void()> &meanwhile)
 {
     constexpr int PATIENCE_MS = 50;

@@ -6,7 +6,7 @@
 
 class Environment;
 
-/// The tool couldn't be started.
+/// The result of RunTool when the tool couldn't be started.
 inline constexpr int TOOL_NOT_STARTED = -1030;
 
 /// How an outside tool ended.
@@ -16,18 +16,18 @@ struct ToolEnd
     int status = 0;     ///< its exit status
     int signal = 0;     ///< the signal that ended it, else 0
 
-    /// What is wrong with it, for a sentence that begins with the tool: "ended with status 1". Empty when it ended with
-    /// 0.
+    /// Returns what went wrong, as the end of a sentence whose subject is the tool: "ended with status 1". Empty when
+    /// it ended with 0.
     [[nodiscard]] QString Text() const;
 };
 
-/// Runs an outside tool, whose path is the first word of the command line, and waits for its end, however long that
-/// takes. 0 once the tool has ended, whatever its exit status; TOOL_NOT_STARTED otherwise, with the system's error
-/// number in the debug log.
+/// Runs an outside tool and waits for its end without a time limit. The first word of the command line is the tool's
+/// path. Returns 0 once the tool has ended, whatever its exit status. Returns TOOL_NOT_STARTED if it couldn't be
+/// started, with the system's error number in the debug log.
 ///
-/// The tool gets this process's environment (with the folder of settings that `env` was given) and working directory,
-/// reads nothing, and what it prints on its standard output is dropped; its standard error is ours. No other open file
-/// reaches it. When SIGINT or SIGTERM ends this program the tool is ended too (SignalCleanup).
+/// The tool gets this process's environment variables (and the settings folder of `env`) and its current folder. Its
+/// standard input is empty, its standard output is discarded, and its standard error is this process's. It gets no
+/// other open files. When SIGINT or SIGTERM ends this program, the tool is ended too (SignalCleanup).
 ///
-/// `end`, if not null, gets how it ended.
+/// `end`, if not null, is set to how the tool ended.
 [[nodiscard]] int RunTool(Environment &env, const QStringList &commandLine, ToolEnd *end = nullptr);

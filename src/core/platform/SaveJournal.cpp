@@ -37,7 +37,7 @@ bool IsPlainFile(const QByteArray &path)
     return lstat(path.constData(), &info) == 0 && S_ISREG(info.st_mode);
 }
 
-/// What tells whether a file has been changed.
+/// Returns a text that changes when the file is changed.
 QByteArray StampOf(const QByteArray &path)
 {
     struct stat info;
@@ -47,19 +47,19 @@ QByteArray StampOf(const QByteArray &path)
            QByteArray::number(qint64(info.st_mtim.tv_nsec));
 }
 
-/// A file of a journal that was read.
+/// A file that a journal lists.
 struct Renaming
 {
     QByteArray place;
     QByteArray temporary;
     QByteArray before; // StampOf
-    QByteArray after;  // the new file's; empty: not known
+    QByteArray after;  // StampOf the new file; empty: not known
     bool isGenerated = false;
 
     [[nodiscard]] bool IsWaiting() const { return IsPlainFile(temporary); }
     [[nodiscard]] bool IsDone() const { return !IsWaiting() && (after.isEmpty() || StampOf(place) == after); }
 
-    /// The file is in place, and a save that was to take it back gave it its temporary name once more.
+    /// True if the file is in place and has its temporary name too, because a save began to undo the rename.
     [[nodiscard]] bool HasBothNames() const
     {
         return IsPlainFile(temporary) && IsPlainFile(place) && IsSameFile(temporary, place);
@@ -91,7 +91,7 @@ std::optional<std::vector<Renaming>> Parse(const QByteArray &text, const Project
     return renamings;
 }
 
-/// Says whether a link leads out of the project to its journal.
+/// Returns whether the journal is outside of the project because of a link.
 bool IsOutside(const QByteArray &journal, const SavedProject &project)
 {
     QByteArray place;
@@ -99,7 +99,7 @@ bool IsOutside(const QByteArray &journal, const SavedProject &project)
            !StaysInProject(TemporaryName(journal, getpid(), 0), HostPath(project.folder), place);
 }
 
-/// One finishing of what a journal names.
+/// Finishes the renames that a journal lists.
 class Finishing
 {
 public:
@@ -118,7 +118,7 @@ public:
         return !isThere || Finish();
     }
 
-    /// Says whether there is a journal that no process is at work with.
+    /// Returns whether there is a journal that no process is using.
     bool IsNeeded()
     {
         bool isThere = false;
@@ -134,7 +134,7 @@ private:
         return false;
     }
 
-    /// Opens the journal and waits until no process has it locked. False, having said so, when that can't be.
+    /// Opens the journal and waits until no process has it locked. Returns false, after explaining it, if that fails.
     bool Lock(bool &isThere)
     {
         constexpr int PATIENCE_MS = 10'000;
@@ -157,7 +157,7 @@ private:
         return false;
     }
 
-    /// For writing if that may be: some network file systems lock nothing else.
+    /// Opens the journal for writing if permitted, because some network file systems can't lock other files.
     [[nodiscard]] FileHandle Open() const
     {
         constexpr int FLAGS = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
@@ -165,7 +165,7 @@ private:
         return opened.IsOpen() ? std::move(opened) : FileHandle(open(path.constData(), O_RDONLY | FLAGS));
     }
 
-    /// On a file system without locks: whether another process has the number that is in the journal.
+    /// For file systems without locks: returns whether another process has the number that is in the journal.
     [[nodiscard]] bool IsAtWork() const
     {
         char start[64] = {};
@@ -199,15 +199,15 @@ private:
                                  : Refuse(u"\"%1\" was changed since"_s.arg(QString::fromUtf8(changed)));
     }
 
-    /// The first file that is neither what it was before the save nor what the save wrote, so that the others can't be
-    /// renamed without making a mixture; empty when there is none. Generated files don't count.
+    /// Returns the first file that is neither what it was before the save nor what the save wrote. Renaming the others
+    /// would make a mixture then. Empty when there is none. Generated files don't count.
     static QByteArray FirstChanged(const std::vector<Renaming> &renamings)
     {
         const bool isAnyWaiting = std::any_of(renamings.begin(), renamings.end(), [](const Renaming &file) {
             return !file.isGenerated && file.IsWaiting();
         });
         for (const Renaming &file : renamings) {
-            if (file.isGenerated || !isAnyWaiting || file.HasBothNames()) // without one the save had come to its end
+            if (file.isGenerated || !isAnyWaiting || file.HasBothNames()) // if no file is waiting, all were renamed
                 continue;
             if (StampOf(file.place) != file.before && !file.IsDone())
                 return file.place;
@@ -221,7 +221,7 @@ private:
         std::set<QByteArray> folders;
         for (const Renaming &renaming : renamings) {
             if (!renaming.IsWaiting())
-                continue; // it has its name
+                continue; // it has its final name
             if (renaming.HasBothNames() || (renaming.isGenerated && !IsToBeReplaced(renaming)))
                 unlink(renaming.temporary.constData());
             else if (rename(renaming.temporary.constData(), renaming.place.constData()) == 0)
@@ -256,7 +256,7 @@ private:
 
 int SaveJournal::Begin(Environment &env, const SavedProject &project, const std::vector<Entry> &entries)
 {
-    constexpr int MOST_TRIES = 100; // each time another process was quicker
+    constexpr int MOST_TRIES = 100; // a try fails when another process was faster
     const QByteArray place = HostPath(project.journal);
     if (IsOutside(place, project))
         return ELOOP;

@@ -7,14 +7,14 @@
 
 class Environment;
 
-/// What a save is about to rename, written down before the first rename and removed after the last: a save that is
-/// killed in between can be finished from it. While a save is under way its process has the journal locked.
+/// A file that lists the renames of a save. It is written before the first rename and removed after the last, so that a
+/// save that is killed in between can be finished. The process that saves has the journal locked.
 ///
-/// The form is text: "Morvanite journal 2", a line with the process's number, a line for each file, and "end". A file's
-/// line has, between tabs: "needed" or "generated"; the N of its temporary file (TemporaryName); the size and the time
-/// of the last change of the file that it replaces, or "-"; those of the new file; its path with "%XX" for special
-/// bytes, which is relative to the project's folder when it is below that. "Morvanite journal 1", which is read as
-/// well, doesn't have those of the new file.
+/// The journal is text: "Morvanite journal 2", a line with the process's number, a line for each file, and "end". A
+/// file's line has these fields, separated by tabs: "needed" or "generated"; the N of its temporary file
+/// (TemporaryName); the size and the time of the last change of the file that it replaces, or "-"; the same of the new
+/// file; its path with "%XX" for special bytes. The path is relative to the project's folder when it is below that.
+/// "Morvanite journal 1", which can also be read, doesn't have the field of the new file.
 class SaveJournal
 {
 public:
@@ -22,15 +22,15 @@ public:
     {
         QByteArray place;         ///< the file's absolute path, without links
         int number = 0;           ///< N of its temporary file
-        bool isGenerated = false; ///< it can be made anew: the others don't wait for it (IfRefused::GoOn)
+        bool isGenerated = false; ///< it can be generated again: the other files don't depend on it (IfRefused::GoOn)
     };
 
-    /// Writes the journal of a project with those of the files that a journal may name. If another process saves the
-    /// project, waits for its end. 0, or the system's error number: EBUSY when that takes too long or an older save
-    /// can't be finished; the environment has explained it then.
+    /// Writes the journal of a project with those of `entries` that a journal may name. If another process saves the
+    /// project, waits for it to finish. Returns 0, or the system's error number: EBUSY when the other process takes too
+    /// long or an older save can't be finished; the environment has explained it then.
     [[nodiscard]] int Begin(Environment &env, const SavedProject &project, const std::vector<Entry> &entries);
 
-    /// Removes the journal, if there is one: all files have their names.
+    /// Removes the journal, if there is one. Call it when all files have their final names.
     void End();
 
 private:
@@ -38,13 +38,13 @@ private:
     QByteArray path;
 };
 
-/// Finishes a save of the project that was interrupted between its renames, or waits for one that is under way. To be
-/// called before the project's files are read or written. False, having explained it, when the files may be a mixture
-/// of two saves: the journal names a file that a save of this project wouldn't write, or one that was changed
-/// meanwhile, or the system refuses to rename one. Nothing that was changed meanwhile is overwritten; a generated file
-/// that was keeps what it has, and is no reason to refuse.
+/// Finishes a save of the project that was interrupted between its renames, or waits for a save that is running. Call
+/// it before the project's files are read or written. Returns false, after explaining it, when the files may be a
+/// mixture of two saves: the journal names a file that a save of this project wouldn't write or a file that was changed
+/// since, or the system refuses to rename a file. A file that was changed since is never overwritten. A generated file
+/// that was changed since keeps its content and doesn't make this function fail.
 [[nodiscard]] bool FinishInterruptedSave(Environment &env, const SavedProject &project);
 
-/// Says whether such a save is to be finished, and changes nothing. Waits for one that is under way; true, having
-/// explained it, when that one doesn't end.
+/// Returns whether there is such a save to finish, and changes nothing. Waits for a save that is running; if that save
+/// doesn't end, explains it and returns true.
 [[nodiscard]] bool HasJournalOfInterruptedSave(Environment &env, const SavedProject &project);

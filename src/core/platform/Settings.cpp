@@ -10,7 +10,7 @@
 namespace
 {
 
-/// What a project decides by itself. No key here may name a program, or a file that is written.
+/// The settings that a project can set. No key here may name a program, or a file that is written.
 constexpr struct
 {
     const char *section;
@@ -99,7 +99,7 @@ bool Settings::WriteAll(QList<ProfileEntry> entries)
     Refresh();
     if (std::all_of(entries.cbegin(), entries.cend(), [this](const ProfileEntry &entry) { return IsSet(entry); }))
         return areValues;
-    // A value that the user's file has would hide the program's.
+    // A value in the user's file overrides the program's, so these keys are changed in the user's file.
     const auto inProgram = std::stable_partition(entries.begin(), entries.end(), [this](const ProfileEntry &entry) {
         return user.Content().Has(entry.section, entry.key);
     });

@@ -4,35 +4,35 @@
 
 #include <optional>
 
-/// The program's settings: the project's "morvanite.ini" first, the user's "Morvanite.ini" next, then the program's,
-/// the caller's default last.
+/// The program's settings. A key is looked up in the project's "morvanite.ini" first, then in the user's
+/// "Morvanite.ini", then in the program's; the caller's default is last.
 ///
-/// A project comes from anybody, so it decides only what belongs to it: its sections `Text` and `Layout` count, with
-/// the keys that are known there. Its file is never written.
+/// A project can come from anybody, so it can set only what belongs to it: of its file only the known keys of the
+/// sections `Text` and `Layout` count. Its file is never written.
 class Settings
 {
 public:
-    /// Reads `programFile`, and `userFile` over it; either may be absent.
+    /// Reads `programFile`, and `userFile`, whose keys override it. Either file may be absent.
     Settings(const QString &programFile, const QString &userFile);
 
     [[nodiscard]] QString String(const char *section, const char *key, const char *fallback = "") const;
     [[nodiscard]] int Int(const char *section, const char *key, int fallback) const;
 
-    /// Reads the settings of a project, in place of another's. Each key of the file that doesn't count, in the form
-    /// "[Section] key".
+    /// Reads the settings of a project and drops those of the previous one. Returns each key of the file that doesn't
+    /// count, in the form "[Section] key".
     [[nodiscard]] QStringList UseProject(const QString &file);
 
-    /// The path of the project's file, which need not be there; empty before there is a project.
+    /// The path of the project's file, which need not exist; empty before there is a project.
     [[nodiscard]] const QString &ProjectFile() const { return projectFile; }
 
-    /// Takes in what has been changed in the files since they were read.
+    /// Reads again those files that have changed since they were read.
     void Refresh();
 
-    /// Changes a key in the program's file where that is writable, else in the user's. False when neither can be
-    /// written, and for a value with a line end, which would become other keys.
+    /// Changes a key in the program's file if that is writable, otherwise in the user's. Returns false when neither can
+    /// be written, and for a value that contains a line end, because the text after it would be read as other keys.
     bool Write(const QString &section, const QString &key, const QString &value);
-    /// Changes several keys as Write does, with at most one write of each file, and none where all values are the same
-    /// already. Of equal keys the last counts. False when any can't be changed; the others are.
+    /// Changes several keys as Write does. Writes each file at most once, and not at all if its values are the same
+    /// already. Of equal keys the last counts. Returns false when a key can't be changed; the others are changed.
     bool WriteAll(QList<ProfileEntry> entries);
 
 private:

@@ -11,14 +11,14 @@
 #include <unistd.h>
 #include <utility>
 
-/// An entry of the register, which is a chain. The handler follows `next` only, and each change of the chain that it
-/// can see is the writing of one pointer: it may come between any two instructions.
+/// An entry of the register, which is a linked list. The handler can run between any two instructions, so each change
+/// that it can see writes a single pointer; the handler follows only `next`.
 struct SignalCleanup::Entry
 {
     std::atomic<Entry *> next = nullptr;
     Entry *previous = nullptr;
-    pid_t child = 0;       // 0: it is a file or a folder
-    bool isFolder = false; // removed with its files
+    pid_t child = 0;       // 0: the entry is a file or a folder
+    bool isFolder = false; // a folder, removed with its files
     QByteArray path;
 };
 
@@ -29,14 +29,15 @@ using Entry = SignalCleanup::Entry;
 
 constexpr int END_SIGNALS[] = {SIGINT, SIGTERM};
 
-/// The first entry. A handler of signals is handed nothing, so the register has to be found without being handed on.
+/// The first entry. It is global because a signal handler gets no arguments of ours.
 std::atomic<Entry *> first = nullptr;
 /// The process that installed the handlers.
 std::atomic<pid_t> owner = 0;
 
 static_assert(std::atomic<Entry *>::is_always_lock_free && std::atomic<pid_t>::is_always_lock_free);
 
-// What follows runs in the handler and may only call what is safe there: no memory is allocated or freed.
+// The functions below run in the signal handler and may call only functions that are safe there. They don't allocate or
+// free memory.
 
 void WaitForEnd(pid_t child)
 {
@@ -52,7 +53,7 @@ void WaitForEnd(pid_t child)
     }
 }
 
-/// Unlinks the files of a folder, and then the folder. The library's own reading of a folder allocates memory.
+/// Removes the files of a folder, and then the folder. Doesn't use readdir, because opendir allocates memory.
 void RemoveFolder(const char *path)
 {
     const int folder = open(path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
@@ -70,7 +71,7 @@ void RemoveFolder(const char *path)
     rmdir(path);
 }
 
-/// Children first: they may be writing the files.
+/// Ends the children first, because they may be writing the files.
 void CleanUp()
 {
     for (const Entry *entry = first; entry; entry = entry->next) {

@@ -5,10 +5,10 @@
 #include <csignal>
 #include <sys/types.h>
 
-/// One thing that must not outlive the program when SIGINT or SIGTERM ends it: a temporary file or folder, which is
-/// removed, or a child process, which is ended. It is registered as long as this object lives. Main thread only.
+/// Cleans up one thing when SIGINT or SIGTERM ends the program: removes a temporary file or folder, or ends a child
+/// process. The thing is registered as long as this object exists. Main thread only.
 ///
-///     SignalCleanup::Install();                       // once, where the program starts
+///     SignalCleanup::Install();                       // once, at the start of the program
 ///     SignalCleanup file;
 ///     {
 ///         const SignalHold hold;                      // no signal between the two lines
@@ -16,31 +16,32 @@
 ///         file = SignalCleanup::OfFile(path);
 ///     }
 ///
-/// Without `Install` the objects do nothing: a program may have its own way of ending.
+/// Without `Install` the objects do nothing, so that a program can handle the signals in its own way.
 class SignalCleanup
 {
 public:
-    /// From now on SIGINT and SIGTERM first end the registered children (SIGTERM; SIGKILL for one that is still there
-    /// after a second), then remove the registered files, and then end the process with the signal's own status. A
-    /// signal that the process was started to ignore stays ignored. In a forked process that didn't call this again
-    /// nothing is removed or ended.
+    /// Installs the handlers. SIGINT and SIGTERM then first end the registered children (SIGTERM, and SIGKILL for a
+    /// child that still exists after a second), then remove the registered files and folders, and then end the process
+    /// with the signal's own status. A signal that was ignored when the process started stays ignored. A forked process
+    /// that doesn't call this again removes and ends nothing.
     static void Install();
 
-    /// Nothing is registered.
+    /// Registers nothing.
     SignalCleanup() = default;
-    /// A file that is removed. A relative path counts from the current folder of now.
+    /// Registers a file, which is removed. A relative path is relative to the folder that is current now.
     [[nodiscard]] static SignalCleanup OfFile(const QByteArray &path);
-    /// A folder that is removed with the files in it. Folders in it stay, and so does the folder then.
+    /// Registers a folder, which is removed with the files in it. If it contains folders, these and the folder itself
+    /// stay.
     [[nodiscard]] static SignalCleanup OfFolder(const QByteArray &path);
-    /// A child that is ended. Release this before the call that takes the child's status away (waitpid): afterwards
-    /// another process may have its number. `waitid` with WNOWAIT waits without taking it.
+    /// Registers a child process, which is ended. Call Release before the call that takes the child's status (waitpid):
+    /// after that another process may get its number. `waitid` with WNOWAIT waits without taking the status.
     [[nodiscard]] static SignalCleanup OfChild(pid_t child);
 
     ~SignalCleanup() { Release(); }
     SignalCleanup(SignalCleanup &&other) noexcept;
     SignalCleanup &operator=(SignalCleanup &&other) noexcept;
 
-    /// Takes it out of the register: the file has its final name, or is gone; the child has ended.
+    /// Unregisters it. Call this when the file has its final name or no longer exists, or when the child has ended.
     void Release();
 
     struct Entry;
@@ -51,7 +52,7 @@ private:
     Entry *entry = nullptr;
 };
 
-/// Holds SIGINT and SIGTERM back while it lives: for steps that belong together, such as the renames of a save.
+/// Blocks SIGINT and SIGTERM while it exists. For steps that must not be interrupted, such as the renames of a save.
 class SignalHold
 {
 public:

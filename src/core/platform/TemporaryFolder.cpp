@@ -19,7 +19,7 @@ int TemporaryFolder::Make(const QByteArray &target)
 {
     for (int number = 0; number < MOST_TEMPORARY_FILES; ++number) {
         const QByteArray tried = TemporaryName(target, getpid(), number);
-        const SignalHold hold; // nothing is left between the two steps
+        const SignalHold hold; // a signal between the two steps would leave the folder
         if (mkdir(tried.constData(), S_IRWXU) == 0) {
             cleanup = SignalCleanup::OfFolder(tried);
             path = tried;

@@ -2,19 +2,19 @@
 
 #include "SignalCleanup.h"
 
-/// A folder for the results of an outside tool, beside where they are to be in the end. It has a name of its own that
-/// begins with ".", only its owner may enter it, and it goes with this object and what is in it, also when SIGINT or
-/// SIGTERM ends the program.
+/// A temporary folder for the results of an outside tool, beside the place where they will be in the end. Its name is
+/// unique and begins with ".", and only its owner has access to it. It is removed with its content when this object is
+/// destroyed, and when SIGINT or SIGTERM ends the program.
 class TemporaryFolder
 {
 public:
-    /// Makes ".NAME.PID-N" in `parent`, a path of the host, and removes what killed processes left under such names.
+    /// Makes ".NAME.PID-N" in `parent`, a path of the host. Removes folders of such names that killed processes left.
     TemporaryFolder(const QByteArray &parent, const QByteArray &name);
     ~TemporaryFolder();
     TemporaryFolder(const TemporaryFolder &) = delete;
     TemporaryFolder &operator=(const TemporaryFolder &) = delete;
 
-    /// 0, or the system's error number when there is no folder.
+    /// 0, or the system's error number if the folder couldn't be made.
     [[nodiscard]] int Error() const { return error; }
     /// The host's path.
     [[nodiscard]] const QByteArray &Path() const { return path; }

@@ -73,7 +73,7 @@ CodePage::~CodePage()
 namespace
 {
 
-/// Says whether each byte of ASCII text stands for itself, wherever a character may begin.
+/// Returns whether each byte of ASCII text, where a character can begin, is converted to the same ASCII character.
 bool KeepsAscii(UConverter *converter)
 {
     for (char c = '\t'; c < 0x7F; ++c) {
@@ -122,7 +122,7 @@ bool IsPrivateUse(QStringView text)
                        [](QChar c) { return c.unicode() >= 0xE000 && c.unicode() <= 0xF8FF; });
 }
 
-/// Sets the converter so that it stops at what it can't convert, for the time of one conversion.
+/// Makes the converter stop at what it can't convert, for the duration of one conversion.
 struct StoppingConverter
 {
     explicit StoppingConverter(void *opened) : converter(static_cast<UConverter *>(opened))

@@ -5,7 +5,7 @@
 namespace
 {
 
-/// The size of the character that bytes begin with; 0 when they begin with none.
+/// Returns the size in bytes of the UTF-8 character that `bytes` begin with; 0 when they begin with none.
 qsizetype FirstCharacter(QByteArrayView bytes)
 {
     constexpr qsizetype LONGEST = 4;

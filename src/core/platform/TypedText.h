@@ -2,6 +2,6 @@
 
 #include "Text.h"
 
-/// Why this program can't use what somebody typed on its command line: texts and paths are UTF-8 here, and a name that
-/// is none could become that of another file. Shows the bytes that are no UTF-8 as "\xNN". Empty when it can be used.
+/// Explains why this program can't use an argument of its command line; empty when it can. Texts and paths are UTF-8
+/// here, and a name that isn't UTF-8 could become the name of another file. Shows bytes that aren't UTF-8 as "\xNN".
 [[nodiscard]] QString WhyNotUsable(QByteArrayView typed);

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-/// Keeps the report of an operation readable that asks for it: of the warnings of one kind, the first thousand have a
-/// line each and the rest one together.
+/// Limits the warnings in the report of an operation that asks for it: of each kind of warning, the first thousand have
+/// a line of their own, and the others have one line together.
 class WarningLimit
 {
 public:
@@ -16,16 +16,16 @@ public:
     struct Kind
     {
         std::string_view code;
-        int count = 0;     ///< of all
-        QString firstRest; ///< the sentence of the first warning that has no line
+        int count = 0;     ///< number of all warnings of the kind
+        QString firstRest; ///< the sentence of the first warning without a line of its own
 
         [[nodiscard]] int Rest() const { return count > MOST ? count - MOST : 0; }
     };
 
     void Begin() { isOn = true; }
-    /// Counts a warning of a kind, whose code is a literal; null when nothing is limited.
+    /// Counts a warning of the kind with that code, which must be a string literal. Null when no limit is set.
     Kind *Count(std::string_view code);
-    /// In the order in which each kind came first.
+    /// The kinds in the order of their first warnings.
     [[nodiscard]] const std::vector<Kind> &Kinds() const { return kinds; }
     void End()
     {

@@ -12,21 +12,21 @@ namespace
 {
 
 constexpr int DEEPEST_NESTING = 256;       // the parser recurses
-constexpr int MOST_ATTRIBUTES = 128;       // of an element; the parser searches its list for each
-constexpr int MOST_TAGS = 4'000'000;       // the parser takes some 700 bytes for an element
+constexpr int MOST_ATTRIBUTES = 128;       // of an element; the parser searches the list for each of them
+constexpr int MOST_TAGS = 4'000'000;       // the parser needs some 700 bytes for an element
 constexpr qint64 LARGEST_FILE = 256 << 20; // bytes
-constexpr int PADDING = 8;                 // it reads past a cut UTF-8 sequence
+constexpr int PADDING = 8;                 // bytes; the parser reads past an incomplete UTF-8 sequence
 
 bool BeginsName(char c)
 {
     return c == '_' || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || quint8(c) >= 127;
 }
 
-/// Says whether the parser can take a document: how deep its elements stand, how many there are, and how many
-/// attributes each has.
+/// Checks whether the parser can read a document safely: how deeply its elements are nested, how many there are, and
+/// how many attributes each of them has.
 ///
-/// Follows the parser in what it takes for a tag, not the standard: a "<" within a tag's quotes opens nothing, and an
-/// end tag with nothing to end counts for nothing.
+/// It recognizes tags as the parser does, not as the standard says: a "<" within the quotes of a tag begins no tag, and
+/// an end tag without an open element is ignored.
 class XmlGuard
 {
 public:
@@ -41,9 +41,9 @@ public:
         return true;
     }
 
-    /// How far it got.
+    /// The position at which the check ended.
     [[nodiscard]] const char *Place() const { return at; }
-    /// Where the elements begin, in their order.
+    /// The positions at which the elements begin, in order.
     [[nodiscard]] const std::vector<const char *> &Elements() const { return elements; }
 
 private:
@@ -63,7 +63,7 @@ private:
     bool Tag()
     {
         const QByteArrayView rest(at, end - at);
-        if (rest.size() > 1 && BeginsName(rest[1])) { // most are such
+        if (rest.size() > 1 && BeginsName(rest[1])) { // most tags are start tags
             return StartTag();
         } else if (rest.startsWith("<!--")) {
             Skip(4, "-->");
@@ -82,7 +82,8 @@ private:
         return true;
     }
 
-    /// The parser looks for the end of a declaration's values behind its ">" too, and then takes other tags than these.
+    /// Returns whether the quotes in a declaration are closed. If they aren't, the parser looks for their end after the
+    /// ">" and then finds other tags than this class.
     static bool HasClosedValues(QByteArrayView declaration)
     {
         char before = 0;
@@ -121,7 +122,7 @@ private:
     std::vector<const char *> elements;
 };
 
-/// The node behind `node` in the order of the document.
+/// Returns the node after `node` in the order of the document.
 TiXmlNode *NextInDocument(TiXmlNode *node)
 {
     if (TiXmlNode *child = node->FirstChild())
@@ -131,8 +132,8 @@ TiXmlNode *NextInDocument(TiXmlNode *node)
     return node ? node->NextSibling() : nullptr;
 }
 
-/// Gives each element its row. The parser would count the rows itself, at a tenth of its time: it looks at each
-/// character once more. False when the parser found other elements than the guard.
+/// Sets the row of each element. The parser's own count would take a tenth of its time, because it looks at each
+/// character once more. Returns false when the parser found other elements than the guard.
 bool SetRows(TiXmlDocument &document, const char *text, const std::vector<const char *> &elements)
 {
     size_t known = 0;
@@ -149,14 +150,14 @@ bool SetRows(TiXmlDocument &document, const char *text, const std::vector<const 
     return true;
 }
 
-/// Has the document's error set, at some line, without reading anything.
+/// Sets the document's error, at a given line, without reading any file.
 void Refuse(TiXmlDocument &document, qsizetype line)
 {
     const QByteArray broken = QByteArray(line - 1, '\n') + "<a";
     document.Parse(broken.constData(), nullptr, TIXML_ENCODING_UTF8);
 }
 
-/// Ends every line with a line feed, as the parser does only when it opens a file itself.
+/// Makes every line end with a line feed. The parser does that only when it opens a file itself.
 void UnifyLineEnds(QByteArray &text)
 {
     if (!text.contains('\r'))
@@ -192,18 +193,18 @@ int ParseXml(const Environment &env, QByteArrayView bytes, TiXmlDocument &docume
     } else {
         text = env.NarrowToWide(bytes).toUtf8();
     }
-    // The parser stops at a zero, but not at one within what begins like a character of several bytes.
+    // The parser stops at a zero byte, except within bytes that begin like a character of several bytes.
     if (const qsizetype zero = text.indexOf('\0'); zero >= 0)
         text.truncate(zero);
     UnifyLineEnds(text);
-    text.append(PADDING, '\0'); // now: the guard remembers places
+    text.append(PADDING, '\0'); // before the guard keeps pointers into the text
     XmlGuard guard(QByteArrayView(text).chopped(PADDING));
     if (!guard.IsHarmless()) {
         Refuse(document, 1 + std::count(text.constData(), guard.Place(), '\n'));
         return -2;
     }
     const int tabSize = document.TabSize();
-    document.SetTabSize(0); // no rows
+    document.SetTabSize(0); // the parser counts no rows
     document.Parse(text.constData(), nullptr, TIXML_ENCODING_UTF8);
     document.SetTabSize(tabSize);
     if (document.Error() || !SetRows(document, text.constData(), guard.Elements())) {
@@ -233,11 +234,11 @@ NarrowText FromXml(const Environment &env, const QByteArray &text)
 namespace
 {
 
-/// Says whether the parser finds the same text again. It takes a byte that begins a character of several together with
-/// those that follow, whatever they are: the "<" of the end tag too.
+/// Returns whether the parser would read the same text back. After a byte that begins a character of several bytes it
+/// takes the following bytes as part of that character, whatever they are, even the "<" of the end tag.
 bool ComesBackWhole(const QByteArray &text)
 {
-    if (text.isValidUtf8()) // most are, and this is quick
+    if (text.isValidUtf8()) // most texts are, and this test is fast
         return true;
     for (qsizetype i = 0; i < text.size(); ++i) {
         const auto first = quint8(text[i]);

@@ -6,18 +6,19 @@
 
 class Environment;
 
-/// Reads an XML file into `document`. The only way in: the file is turned into UTF-8, and nesting (256), attributes of
-/// an element (128), the number of tags (4 million) and size (256 MiB) are bounded before the parser sees it. 0; -1
-/// when it can't be opened (errno tells why); -2 when it isn't well-formed, and then `document.ErrorRow()` tells where.
-/// That row is 0 for an empty file and one that isn't there.
+/// Reads an XML file into `document`. All XML files are read by these functions: they convert the file to UTF-8 and
+/// check limits before the parser gets it: nesting (256), attributes of an element (128), number of tags (4 million)
+/// and size (256 MiB). Returns 0; -1 when the file can't be opened (errno has the reason); -2 when it isn't
+/// well-formed, and then `document.ErrorRow()` is the row of the error. That row is 0 for an empty file and for one
+/// that doesn't exist.
 [[nodiscard]] int LoadXml(const Environment &env, const QString &path, TiXmlDocument &document);
 [[nodiscard]] int ParseXml(const Environment &env, QByteArrayView bytes, TiXmlDocument &document);
 
-/// The row in which an element of a document that was read begins, from 1. The parser's own count is switched off.
+/// Returns the row, from 1, in which an element of such a document begins. The parser's own row count is switched off.
 [[nodiscard]] int RowOf(const TiXmlElement &element);
 
-/// Calls `function(element)` for each element in an element, in order, and `other(node)` for what is neither that nor a
-/// comment.
+/// Calls `function(element)` for each child element of an element, in order, and `other(node)` for each child that is
+/// neither an element nor a comment.
 template <typename Function, typename Other>
 void ForEachChild(const TiXmlElement &parent, Function &&function, Other &&other)
 {
@@ -33,21 +34,21 @@ template <typename Function> void ForEachChild(const TiXmlElement &parent, Funct
     ForEachChild(parent, function, [](const TiXmlNode &) {});
 }
 
-/// Text of the document (UTF-8) in the ANSI code page, and back. Bytes that are no UTF-8 stay as they are where the
-/// parser would read them as such, and become U+FFFD where it wouldn't.
+/// Convert text of a document (UTF-8) to the ANSI code page, and back. Bytes that aren't UTF-8 stay as they are if the
+/// parser would read them back unchanged, and become U+FFFD otherwise.
 [[nodiscard]] NarrowText FromXml(const Environment &env, const char *text);
 [[nodiscard]] NarrowText FromXml(const Environment &env, const QByteArray &text);
 [[nodiscard]] QByteArray ToXml(const Environment &env, const NarrowText &text);
 
-/// Says whether a text of the document (UTF-8) is the same again after `FromXml` and `ToXml`. False for one that the
-/// code page has no form of, and where the file had bytes that no text of its encoding has.
+/// Returns whether a text of the document (UTF-8) is unchanged after `FromXml` and `ToXml`. False for a text with
+/// characters that the code page lacks, and if the file had bytes that are invalid in its encoding.
 [[nodiscard]] bool IsKeptByCodePage(const Environment &env, const QByteArray &text);
 
-/// Says whether the parser takes a text (UTF-8) for the name of an element or an attribute.
+/// Returns whether the parser accepts a text (UTF-8) as the name of an element or an attribute.
 [[nodiscard]] bool IsXmlName(QByteArrayView name);
 
-/// Says whether a document (UTF-8) keeps the bounds of LoadXml, so that what is written can be read again.
+/// Returns whether a document (UTF-8) is within the limits of LoadXml, so that it can be read again once it is written.
 [[nodiscard]] bool KeepsXmlBounds(QByteArrayView text);
 
-/// White space condensing of the parser, a switch of the whole process.
+/// Switches the parser's condensing of white space on or off, for the whole process.
 void CondenseWhiteSpace(bool on);

@@ -9,9 +9,9 @@
 namespace
 {
 
-constexpr qsizetype INDENT = 4; // blanks a level
+constexpr qsizetype INDENT = 4; // blanks per level
 
-/// What stands for a character, or nothing.
+/// Returns the entity for a character, or null if it needs none.
 constexpr const char *EntityOf(char c)
 {
     switch (c) {
@@ -30,7 +30,7 @@ constexpr const char *EntityOf(char c)
     }
 }
 
-/// By byte: it stands for itself.
+/// For each byte: true if it is written as it is.
 constexpr auto IS_PLAIN = [] {
     std::array<bool, 256> plain{};
     for (size_t byte = ' '; byte < plain.size(); ++byte)

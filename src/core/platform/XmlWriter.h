@@ -8,12 +8,11 @@
 
 class Environment;
 
-/// Writes an XML file element by element, in the form in which the parser prints, so that no tree of it stands in
-/// memory.
+/// Writes an XML file element by element, in the form in which the parser prints it, without a tree of it in memory.
 ///
 ///     XmlWriter list(env);
-///     list.Begin(app);    // an element with its attributes; what it holds follows
-///     list.Put(file);     // a whole one
+///     list.Begin(app);    // an element with its attributes; its content follows
+///     list.Put(file);     // a whole element
 ///     list.End();
 ///     if (!list.Save(path)) ...
 class XmlWriter
@@ -22,22 +21,22 @@ public:
     explicit XmlWriter(Environment &environment) : env(environment) {}
 
     void Begin(const TiXmlElement &element);
-    /// Elements and text only.
+    /// Writes a whole element. Each element in it may contain either one text or other elements.
     void Put(const TiXmlElement &element);
     void End();
 
-    // The same without an element of the parser's: the attributes follow at once. Names must be such (IsXmlName), all
-    // is UTF-8.
+    // The same without an element of the parser: call Attribute for each attribute right after BeginElement. Names must
+    // be valid (IsXmlName). All texts are UTF-8.
     void BeginElement(const QByteArray &name);
     void Attribute(QByteArrayView name, QByteArrayView value);
 
-    /// What has been written, UTF-8.
+    /// The text that has been written, in UTF-8.
     [[nodiscard]] QByteArrayView Text() const { return QByteArrayView(buffer).first(used); }
-    /// Replaces the file. False when it couldn't be written.
+    /// Replaces the file at `path` with the text. False when it couldn't be written.
     [[nodiscard]] bool Save(const QString &path);
 
 private:
-    /// Room for so many more bytes; the place of the first.
+    /// Makes room for `size` more bytes and returns a pointer to the first of them.
     char *Room(qsizetype size);
     void Add(QByteArrayView piece);
     void Indent();
@@ -45,8 +44,8 @@ private:
     void Encode(QByteArrayView plain);
 
     Environment &env;
-    QByteArray buffer; // a layout is some million pieces: each is copied into its place and costs nothing else
+    QByteArray buffer; // a layout has millions of pieces; each is only copied into its place
     qsizetype used = 0;
     std::vector<QByteArray> open; // names, outermost first
-    bool inTag = false;           // how the innermost ends depends on whether it holds anything
+    bool inTag = false;           // the innermost start tag isn't closed yet: "/>" or ">" depends on its content
 };

@@ -38,7 +38,7 @@ CResDoc::CResDoc(Environment &process, ProcessTables &processTables, const CFram
 CResDoc::~CResDoc()
 {
     spy.doc = nullptr;
-    ClearFolder(root); // while the observer of its nodes is still there
+    ClearFolder(root); // while the observer of its nodes still exists
 }
 
 void CResDoc::LoadClasses()
@@ -109,7 +109,7 @@ void CResDoc::LoadOneState()
         } catch (const ArchiveException &) {
             isLoaded = false;
         }
-        // A save that is between its renames has its journal there.
+        // While a save is between its renames, its journal exists.
         const bool isAtRest = !HasJournal(env, m_strPathName) || RecoverProjectFiles(env, m_strPathName);
         const QString changed = stamps.Since().files.join(QStringLiteral(", "));
         if (isAtRest && isLoaded && changed.isEmpty())
@@ -193,7 +193,7 @@ bool CResDoc::KeepReplaced(const QStringList &files)
 bool CResDoc::OnSaveDocument(const QString &path)
 {
     env.RefreshSettings();
-    ProjectLock lock; // until the stamps of what was written are taken
+    ProjectLock lock; // held until the stamps of the written files are taken
     const bool isLocked = lock.Take(env, SavedProjectOf(env, path));
     const Outside outside = isLocked ? TakeInChanges() : Outside::Unreadable;
     const bool isBlocked = outside == Outside::Unreadable || reloadFailed;
@@ -221,7 +221,7 @@ bool CResDoc::OnSaveDocument(const QString &path)
     if (lastSave.write == 0 && lastSave.generate == 0)
         SetModifiedFlag(false);
     else if (lastSave.write != 0 && outside == Outside::Gone)
-        SetModifiedFlag(true); // what is in memory is all that is left
+        SetModifiedFlag(true); // the content in memory is the only copy
     return true;
 }
 

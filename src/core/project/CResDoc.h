@@ -13,17 +13,17 @@
 
 #include <map>
 
-/// What a document's model needs before it is made.
+/// The environment of a document. It is a base class because the model needs it in its constructor.
 struct ProjectEnvironment
 {
     Environment ownEnv;
 };
 
-/// The document of one project, named by the path of its ".vcproj" file, which is never read or written.
+/// The document of one project. Its path is that of the project's ".vcproj" file, which is never read or written.
 class CResDoc : public CDocument, private ProjectEnvironment, public CResModel
 {
 public:
-    /// `process` is the environment that the project's own is made of.
+    /// `process` is the environment from which the project's own environment is made.
     CResDoc(Environment &process, ProcessTables &processTables, const CFrameServices &frameServices);
     ~CResDoc() override;
 
@@ -32,16 +32,17 @@ public:
     // The framework's operations.
     bool OnNewDocument() override { return false; }
     void Serialize(bool loading) override;
-    /// Numbers the IDs, writes the headers and the project. Always true: failures show in the output, in `lastSave`,
-    /// and, when no command is running, in a box. Nothing is written after a reload that failed. Waits for other saves
-    /// of the project (ProjectLock) and takes in what others have changed on the disk first; of what it can't take in,
-    /// or left out at the opening, it keeps copies (KeptFiles) before it replaces the files.
+    /// Numbers the IDs and writes the headers and the project. Always returns true: failures are shown in the output,
+    /// in `lastSave`, and, when no command is running, in a message box. Writes nothing after a failed reload. First
+    /// waits for other saves of the project (ProjectLock) and loads what other programs have changed on the disk. If it
+    /// can't load that, or if the load of the project left something out, it keeps copies of the files (KeptFiles)
+    /// before it replaces them.
     bool OnSaveDocument(const QString &path) override;
     void OnOpenAgain() override { TakeInChanges(); }
     void OnCloseDocument() override;
     void ReportSaveLoadException(const QString &path, const ArchiveException &exception, bool saving) override;
 
-    /// What the last OnSaveDocument came to: 0, or the first failure of the numbering and of the writing.
+    /// The result of the last OnSaveDocument: 0, or the code of the first failure, for the numbering and the writing.
     struct SaveResult
     {
         int generate = 0;
@@ -49,7 +50,7 @@ public:
     };
     SaveResult lastSave;
 
-    /// Numbers all IDs; with a path also writes the headers beside it. 0 on success.
+    /// Numbers all IDs. If `path` isn't null, also writes the headers beside that path. Returns 0 on success.
     int GenerateIds(const QString *path);
 
     /// Makes the fixed folders of a project. False when its configuration is missing or too old.
@@ -57,77 +58,79 @@ public:
 
     void WatchFile(const QString &path, WatchClass watchClass);
     void UnwatchFile(const QString &path, WatchClass watchClass) { watches.Unwatch(path, watchClass); }
-    /// Loads again what a watched file holds. Throws ArchiveException when that fails: the document then stays as it
-    /// is, and isn't saved until a reload succeeds.
+    /// Reloads the content of a watched file. Throws ArchiveException on failure; the document doesn't change then, and
+    /// can't be saved until a reload succeeds.
     void OnWatchedFileChanged(quint32 handle);
-    /// Which of the document's files a handle watches; nothing for a handle of another document, or an old one.
+    /// Returns the class of the file that a handle watches; nullopt for a handle of another document or an old handle.
     [[nodiscard]] std::optional<WatchClass> WatchedClass(quint32 handle) const;
 
-    /// What has become of the changes that others made to the project's files since they were read or written here.
+    /// What happened to the changes that other programs made to the project's files since this document read or wrote
+    /// them.
     enum class Outside
     {
-        None,       ///< there are none
-        TakenIn,    ///< the document was loaded again
-        LeftOut,    ///< there are changes here that aren't saved: the document stays as it is
-        Gone,       ///< a file that the project needs is gone: the document stays as it is, and may be all that is left
-        Unreadable, ///< the files can't be read: the document stays as it is
+        None,    ///< there are none
+        TakenIn, ///< the document was reloaded
+        LeftOut, ///< the document has unsaved changes: it wasn't reloaded
+        Gone,    ///< a file that the project needs is missing: the document, which may be the only copy, is unchanged
+        Unreadable, ///< the files can't be read: the document is unchanged
     };
-    /// Compares the files' times and sizes, and takes in what has changed. Says on the way what it left out. After a
-    /// reload that failed it loads again in any case: there is nothing in the document that could be saved.
+    /// Compares the times and sizes of the files and reloads the document if they have changed. Explains what it left
+    /// out. After a failed reload it reloads in any case, because the document has nothing then that could be saved.
     Outside TakeInChanges();
-    /// The document isn't what the files on the disk are, and they couldn't be loaded, when that was looked at last.
+    /// True if, at the last check, the document differed from the files on the disk and they couldn't be loaded.
     [[nodiscard]] bool IsUnreadable() const { return unreadable || reloadFailed; }
 
-    /// Takes the stamp of a file that is read next.
+    /// Notes the stamp of a file. Call it right before the file is read.
     void NoteFile(const QString &path) { stamps.Note(path); }
-    /// The stamps of the files as they were when TakeInChanges compared them last: a save that finds another one at its
-    /// end would replace what nobody here knows.
+    /// The stamps that the files had when TakeInChanges compared them last. If a file has another stamp at the end of a
+    /// save, the save would replace content that this document doesn't know.
     [[nodiscard]] const FileStamps &ComparedFiles() const { return compared; }
-    /// Has the save keep what it replaces, or puts into the trash, when one of these files wasn't read by this
-    /// document.
+    /// Makes the save keep copies of the files that it replaces or moves to the trash, if this document didn't read one
+    /// of these files.
     void KeepUnread(const QStringList &paths);
-    /// Says whether there may be something in the files that the document doesn't have.
+    /// Returns whether the files may contain something that the document doesn't have.
     [[nodiscard]] bool HasToKeep() const { return keepOnSave.IsRequired(); }
-    /// Keeps copies of these files (absolute) before a save replaces them. False when that fails, which has been
-    /// explained; they must not be replaced then.
+    /// Keeps copies of these files (absolute paths) before a save replaces them. On failure, explains it and returns
+    /// false; the files must not be replaced then.
     [[nodiscard]] bool KeepReplaced(const QStringList &files);
 
-    /// Makes a layout without components for a resolution, with a default ID; its folder. Null where there is no folder
-    /// for layouts, and where the resolution's layout file wasn't loaded whole.
+    /// Makes a layout without components for a resolution, with a default ID, and returns its folder. Null if there is
+    /// no folder for layouts, or if the resolution's layout file wasn't loaded completely.
     CResFolder *CreateLayoutRes(qint32 resolutionIndex);
-    /// By resolution, the paths of the layout files that weren't loaded whole: a save leaves those files as they are,
-    /// and keeps their names.
+    /// By resolution, the paths of the layout files that weren't loaded completely. A save doesn't change these files
+    /// and keeps their names in the list.
     std::map<qint32, QByteArrayList> untouchedLayouts;
-    /// The layout files that the list names in elements that the load left out.
+    /// The layout files of those elements of the list that the load left out.
     std::vector<Finding> leftOutLayouts;
 
-    /// The files that the project was read from, absolute: its configuration, resource list, string file and layouts.
+    /// Returns the absolute paths of the files that the project was read from: its configuration, resource list, string
+    /// file and layouts.
     [[nodiscard]] QStringList ProjectFiles();
 
-    /// The selection of the document's window, which sets it here; null without a window.
+    /// The selection of the document's window; the window sets this. Null without a window.
     IFolderSelection *selection = nullptr;
 
-    /// Asks for files to add; `mask` tells which kinds. Nothing is asked when the mask has none. `initialName` is a
-    /// path as resources have it, or empty.
+    /// Asks the user for files to add, of the kinds in `mask`. Doesn't ask when the mask has no kind. `initialName` is
+    /// a path in the form that resources have, or empty.
     void ChooseFiles(quint32 mask, bool multiSelect, const QString &initialName, QStringList &results);
 
 private:
     [[nodiscard]] SaveResult SaveAll(const QString &path);
     [[nodiscard]] SaveResult RefuseSave(const QString &path);
-    /// Loads the project again as long as other programs change it meanwhile: what is loaded is of one save. Throws
-    /// ArchiveException when it doesn't load, or after five times.
+    /// Loads the project, again if other programs change it meanwhile, so that all its files are from the same save.
+    /// Throws ArchiveException when it doesn't load, or after five attempts.
     void LoadOneState();
     void Load();
     void EmptyTree();
     void KeepWhatIsLeftOut();
-    /// What came of loading the project into another document.
+    /// The result of loading the project into another document.
     struct Attempt
     {
         bool isLoaded = false;
-        int losses = 0;                  ///< errors, and what was left out
-        QByteArrayList untouchedLayouts; ///< layout files that weren't loaded whole
+        int losses = 0;                  ///< number of errors and of elements and rows that were left out
+        QByteArrayList untouchedLayouts; ///< layout files that weren't loaded completely
         QString report;
-        std::vector<Finding> findings; ///< which the listeners haven't received
+        std::vector<Finding> findings; ///< the listeners haven't received them
         QStringList explained;
     };
     [[nodiscard]] Attempt TryToLoad() const;
@@ -142,10 +145,10 @@ private:
     void ReloadLayouts(const QString &path);
     [[nodiscard]] bool IsCommandRunning(const QString &path) const;
 
-    bool reloadFailed = false; // what is in memory is older than the files, or incomplete, and must not replace them
+    bool reloadFailed = false; // the content in memory is older than the files, or incomplete: it must not replace them
     bool unreadable = false;
-    int losses = 0;       // of the last load, as an attempt counts them
-    QString filePatterns; // of the types of files, in the last load
+    int losses = 0;       // of the last load, as Attempt::losses
+    QString filePatterns; // the patterns of the types of files at the last load
     FileStamps stamps;    // of the files that the project was read from
     FileStamps compared;
     KeepOnSave keepOnSave;

@@ -1,4 +1,4 @@
-// How a document takes in what other programs change in its files.
+// The part of CResDoc that loads what other programs change in the document's files.
 
 #include "CResDoc.h"
 #include "Environment.h"
@@ -37,12 +37,12 @@ CResDoc::Attempt CResDoc::TryToLoad() const
         attempt.isLoaded = true;
         attempt.losses = env.ErrorCount + env.DroppedCount;
         attempt.untouchedLayouts = document.UntouchedLayouts();
-    } catch (const ArchiveException &) { // which the attempt tells
+    } catch (const ArchiveException &) { // isLoaded stays false
     }
     return attempt;
 }
 
-/// Says whether a layout file that is loaded here couldn't be loaded in the attempt.
+/// Returns whether the attempt couldn't load a layout file that is loaded here.
 bool CResDoc::LacksLayouts(const Attempt &attempt) const
 {
     const QByteArrayList here = UntouchedLayouts();
@@ -70,7 +70,7 @@ void CResDoc::TellFailure(const Attempt &attempt)
 
 CResDoc::Outside CResDoc::TakeInChanges()
 {
-    compared = stamps.Renewed(); // before the comparison: what changes from now on counts as new
+    compared = stamps.Renewed(); // before the comparison: later changes count as new
     const Outside outside = CompareFiles();
     if (outside == Outside::None || outside == Outside::TakenIn)
         compared = stamps;
@@ -79,7 +79,7 @@ CResDoc::Outside CResDoc::TakeInChanges()
 
 CResDoc::Outside CResDoc::CompareFiles()
 {
-    // What a save of another process left undone is a change like any other.
+    // A save that another process didn't finish is a change like any other.
     unreadable = !RecoverProjectFiles(env, m_strPathName);
     if (unreadable)
         return Outside::Unreadable;
@@ -89,7 +89,7 @@ CResDoc::Outside CResDoc::CompareFiles()
     if (changes.files.isEmpty() && !reloadFailed && !hasOtherTypes)
         return Outside::None;
     const QString files = changes.files.join(u", "_s);
-    if (IsModified() && !reloadFailed) { // a failed reload has taken the changes here already
+    if (IsModified() && !reloadFailed) { // after a failed reload they can't be saved anyway
         env.Explain(u"Another program has changed %1; what is open here has changes that aren't saved, so that was not "
                     "taken in"_s.arg(files));
         keepOnSave.Require(u"Another program has changed %1 since it was opened here."_s.arg(files));
@@ -138,8 +138,8 @@ void CResDoc::OnWatchedFileChanged(quint32 handle)
     env.ResetCounts();
     findings.Clear();
     if (!SetCurrentFolder(DirectoryOf(m_strPathName)))
-        return; // the file went with its folder: there is nothing to load
-    // First into another document: another program may be in the middle of its writing.
+        return; // the file was removed with its folder: there is nothing to load
+    // First loads into another document, because another program may still be writing the file.
     const Attempt attempt = TryToLoad();
     if (!attempt.isLoaded || LacksLayouts(attempt))
         RefuseReload(*watched, attempt);
@@ -151,7 +151,7 @@ void CResDoc::OnWatchedFileChanged(quint32 handle)
     else
         ReloadResources();
     if (!wasModified)
-        SetModifiedFlag(false); // what the reload has changed is what the file has
+        SetModifiedFlag(false); // the reload only changed the document to what the file has
 }
 
 void CResDoc::RefuseReload(const ProjectWatches::Watched &watched, const Attempt &attempt)
@@ -176,8 +176,8 @@ void CResDoc::ReloadResources()
         LoadOneState();
         reloadFailed = false;
     } catch (const ArchiveException &) {
-        UpdateAllViews(nullptr); // of what the failure has left
-        SetModifiedFlag(false);  // and none of that is to be saved
+        UpdateAllViews(nullptr); // to show what the failure has left
+        SetModifiedFlag(false);  // and not to save it
         throw;
     }
     UpdateAllViews(nullptr);
@@ -196,8 +196,8 @@ void CResDoc::ReloadStrings()
         KeepWhatIsLeftOut();
     const CResFolder *selected = selection ? selection->SelectedFolder() : nullptr;
     if (selected && selected->kind == KIND_STRINGS)
-        UpdateAllViews(selection->ProjView()); // also with what a failure has left
-    reloadFailed = !isRead;                    // some of the texts may be replaced
+        UpdateAllViews(selection->ProjView()); // also after a failure, to show what it has left
+    reloadFailed = !isRead;                    // some of the texts may have been replaced already
     if (!isRead)
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
 }

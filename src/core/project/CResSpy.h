@@ -4,8 +4,8 @@
 
 class CDocument;
 
-/// Watches every node of a document and marks it modified. Linked to the document only once it is loaded, so that
-/// reading leaves it clean.
+/// Observes every node of a document and sets the document's modified flag. It is connected to the document only after
+/// loading, so that loading doesn't set the flag.
 class CResSpy : public IEspia
 {
 public:

@@ -8,10 +8,11 @@
 namespace
 {
 
-constexpr qsizetype MARKS = 7;                 // a marker is a sign seven times
-constexpr qsizetype LONGEST = 2 * (MARKS + 1); // of a marker and the character behind it, in UTF-16
+constexpr qsizetype MARKS = 7;                 // a marker is the same sign seven times
+constexpr qsizetype LONGEST = 2 * (MARKS + 1); // bytes of a marker and the character after it, in UTF-16
 
-/// The character at a place of `bytes` that has units of `width`; 0 behind the end, 1 for one that is no ASCII.
+/// Returns the character at an index of `bytes`, whose units have `width` bytes; 0 after the end, 1 for a character
+/// that isn't ASCII.
 char CharacterAt(QByteArrayView bytes, qsizetype index, qsizetype width)
 {
     const qsizetype at = index * width;
@@ -20,7 +21,7 @@ char CharacterAt(QByteArrayView bytes, qsizetype index, qsizetype width)
     return width == 2 && bytes[at + 1] ? '\1' : bytes[at];
 }
 
-/// The sign of the marker that `line` begins with; 0 for none.
+/// Returns the sign of the marker that `line` begins with, or 0 if it begins with none.
 char MarkerAt(QByteArrayView line, qsizetype width)
 {
     const char sign = CharacterAt(line, 0, width);
@@ -32,11 +33,11 @@ char MarkerAt(QByteArrayView line, qsizetype width)
     }
     const char behind = CharacterAt(line, MARKS, width);
     const bool isAlone = behind == 0 || behind == '\n' || behind == '\r';
-    // The one between the two sides has no name behind it, the others always have.
+    // The marker between the two sides has no name after it; the others always have one.
     return behind == ' ' || (sign == '=' && isAlone) ? sign : char(0);
 }
 
-/// Looks at a file in pieces, and remembers what it found.
+/// Searches a file in pieces and keeps the markers that it finds.
 class MarkerSearch
 {
 public:
@@ -46,7 +47,8 @@ public:
 
     [[nodiscard]] bool IsFull() const { return found.size() >= most; }
 
-    /// Takes a piece, and tells how much of it is dealt with: the next begins there. `isLast`: nothing comes behind it.
+    /// Searches a piece and returns how many of its bytes are done: the next piece must begin there. `isLast`: no piece
+    /// follows.
     qsizetype Take(QByteArrayView piece, bool isLast)
     {
         const qsizetype done = LookThrough(piece, isLast);
@@ -70,7 +72,7 @@ private:
                 return piece.size();
             const qsizetype place = static_cast<const char *>(feed) - piece.data();
             if (!isLast && piece.size() - place <= LONGEST + 1)
-                return place; // the line may go on in the next piece
+                return place; // the line may continue in the next piece
             at = place + 1;
             const bool hasZero = at < piece.size() && piece[at] == 0;
             line += !isWide || (hasZero && (offset + place) % 2 == 0);
@@ -92,7 +94,7 @@ private:
     qint64 offset = 0; // of the piece in the file
     int line = 1;
     bool isBegun = false;
-    bool isWide = false; // a text in UTF-16
+    bool isWide = false; // the text is UTF-16
 };
 
 } // namespace

@@ -7,9 +7,9 @@ class CResModel;
 /// The entries of a file dialog.
 struct DialogFilter
 {
-    QString text;  ///< in the form that IUserInterface::OpenFileDialog takes, without its end
-    int count = 0; ///< of the entries
+    QString text;  ///< in the form that IUserInterface::OpenFileDialog takes, without the end
+    int count = 0; ///< number of entries
 };
 
-/// An entry for each kind of file in `mask`, with the patterns that the settings have for it.
+/// Returns an entry for each kind of file in `mask`, with the patterns that the settings have for it.
 [[nodiscard]] DialogFilter DialogFilterOf(const CResModel &model, quint32 mask);

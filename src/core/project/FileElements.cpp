@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The two elements, by the word that their messages have.
+/// The words for the two elements in messages.
 constexpr char FILE_TAG[] = "file";
 constexpr char IMAGE_TAG[] = "image";
 
@@ -42,7 +42,8 @@ void FileElements::ReadImage(const TiXmlElement &element, CResFolder *folder, qi
     AddFileRes(element, IMAGE_TAG, folder, scope, PUSH_IMAGE);
 }
 
-/// The kind of a file, from the last dot of its path on; most have the same as the one before.
+/// Returns the kind of a file from the part of its path after the last dot. Keeps the last result, because most files
+/// have the same kind as the file before.
 quint32 FileElements::KindOf(const QByteArray &path)
 {
     const QByteArray end = path.sliced(std::max<qsizetype>(path.lastIndexOf('.'), 0));

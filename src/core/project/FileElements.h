@@ -5,18 +5,18 @@
 #include "ListReport.h"
 #include "ResModel.h"
 
-/// Reads the elements of a resource list that are file resources: FILE and IMAGE.
+/// Reads the elements of a resource list that describe file resources: FILE and IMAGE.
 class FileElements
 {
 public:
-    /// All of it must live longer.
+    /// The arguments must outlive this object.
     FileElements(const ProjectContext &context, ListReport &listReport);
 
-    /// Into the folder of the file's kind, which the end of its path decides.
+    /// Reads a FILE into the folder of the file's kind, which depends on the end of its path.
     void ReadFile(const TiXmlElement &element);
-    /// Into the folder for images of any resolution.
+    /// Reads an image into the folder for images of any resolution.
     void ReadDefaultImage(const TiXmlElement &element);
-    /// Into `folder`, which has the images of the resolution `scope`.
+    /// Reads an image into `folder`, which has the images of the resolution `scope`.
     void ReadImage(const TiXmlElement &element, CResFolder *folder, qint16 scope);
 
 private:

@@ -12,7 +12,7 @@ class IFileChangeMonitor
 public:
     /// Starts watching; 0 if the file can't be read.
     virtual quint32 AddFile(const QString &path, CDocument *doc) = 0;
-    /// The flags say "reload without asking"; they live longer than the watch.
+    /// Sets the flags that mean "reload without asking". They must outlive the watch.
     virtual void SetAutoReloadFlags(quint32 handle, qint32 *fileFlag, qint32 *typeFlag) = 0;
     virtual void RemoveFile(quint32 handle) = 0;
     /// Ends all watching, of every document.
@@ -22,11 +22,11 @@ protected:
     ~IFileChangeMonitor() = default;
 };
 
-/// Which kinds of file are to be loaded again without a question; shared by all documents.
+/// Which kinds of files are reloaded without asking the user. All documents share it.
 struct ReloadFlags
 {
     qint32 resources = 0;
     qint32 strings = 0;
     qint32 configuration = 0;
-    std::map<QString, qint32> layouts; // by path, made at the first use
+    std::map<QString, qint32> layouts; // by path, added at the first use
 };

@@ -33,7 +33,7 @@ LayoutEntry FindLayoutEntry(const QString &projectPath, const QString &layoutPat
             continue;
         const char *text = layout->GetText();
         const QString path = QString::fromUtf8(text).remove(u'"');
-        // Whoever watches the file knows its absolute path.
+        // The watch of a file has its absolute path.
         if (text && (path == layoutPath || context.Absolute(path) == layoutPath))
             return {doc.tables.resolutions.IndexOf(IntAttribute(*element, "width"), IntAttribute(*element, "height")),
                     doc.env.WideToNarrow(path)};

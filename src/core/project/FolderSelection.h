@@ -3,15 +3,15 @@
 class CResFolder;
 class CView;
 
-/// Which folder of a document is selected in its window. Many operations act on it.
+/// The folder of a document that is selected in its window. Many operations act on it.
 class IFolderSelection
 {
 public:
-    /// Null when none is.
+    /// Null when no folder is selected.
     [[nodiscard]] virtual CResFolder *SelectedFolder() const = 0;
-    /// `folder` is one of the document's tree.
+    /// Selects a folder, which must be in the document's tree.
     virtual void SelectFolder(CResFolder *folder) = 0;
-    /// The view in which the user selects it; null when there is none.
+    /// The view in which the user selects a folder; null when there is none.
     [[nodiscard]] virtual CView *ProjView() const = 0;
 
 protected:

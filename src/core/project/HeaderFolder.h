@@ -7,32 +7,33 @@
 class CResDoc;
 class Environment;
 
-/// Writes the headers of a project for the application's source into a folder of its own, and nothing anywhere else.
+/// Writes a project's headers for the application's source into a folder of their own. Writes nothing elsewhere.
 ///
-/// They have the text that a save writes, whatever the folder is. Where the settings ask for the layout converter's
-/// tables, those and their header come too. A file whose text is the same isn't touched, so that nothing that depends
-/// on it is made again.
+/// The headers have the same text as those of a save, whatever the folder is. If the settings ask for the layout
+/// converter's tables, the tables and their header are written too. A file whose text hasn't changed isn't written, so
+/// that nothing that depends on it is rebuilt.
 ///
 ///     HeaderFolder headers(document, folder);
 ///     const QString problem = headers.Write();
 class HeaderFolder
 {
 public:
-    /// `folderPath` is absolute; it is made when it is missing. The document must be open, and live longer.
+    /// `folderPath` is absolute; the folder is made if it is missing. The document must be open and outlive this
+    /// object.
     HeaderFolder(CResDoc &document, QString folderPath);
 
-    /// Numbers the IDs and writes all headers, or none. Empty, or why that failed.
+    /// Numbers the IDs and writes all headers, or none. Returns an empty text, or why that failed.
     [[nodiscard]] QString Write();
     /// The path of the header with the project's IDs.
     [[nodiscard]] QString MainHeader() const;
-    /// The names of the headers that the settings ask for, in the folder: the one with the IDs, and the layout
-    /// converter's. Those of components depend on the project and aren't among them.
+    /// The file names of the headers that the settings ask for: the header with the IDs, and the layout converter's.
+    /// The headers of components depend on the project and aren't among them.
     [[nodiscard]] static QStringList NamesBySettings(const Environment &env);
-    /// The absolute paths of the files that the opening and the writing have read, the settings among them. Only those
-    /// that are there.
+    /// The absolute paths of the files that were read to open the project and to write the headers, including the
+    /// settings. Only files that exist.
     [[nodiscard]] QStringList Inputs() const;
-    /// Which file of the project, or header that was written, `path` is, under whatever name; empty when it is none. It
-    /// must not be replaced then.
+    /// Returns the file of the project or the written header that `path` names, also under another name; such a file
+    /// must not be replaced. Empty when `path` names none of them.
     [[nodiscard]] QString FileThatIs(const QString &path) const;
 
 private:

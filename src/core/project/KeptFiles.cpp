@@ -20,8 +20,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-// An entry is a folder with a number for its name. In it are the copies, named 0, 1 and so on, and INDEX, which says
-// where they belong: {"files": ["/home/x/demo/res/demo.res.xml", ...]}.
+// An entry is a folder whose name is a number. It contains the copies, named 0, 1 and so on, and INDEX, which has their
+// original paths: {"files": ["/home/x/demo/res/demo.res.xml", ...]}.
 
 namespace
 {
@@ -35,7 +35,7 @@ QString Reason(int error)
     return QString::fromLocal8Bit(std::strerror(error));
 }
 
-/// The user's state folder; empty when the user has none.
+/// Returns the user's state folder; empty when the user has none.
 QString StateFolder()
 {
     const QByteArray state = qgetenv("XDG_STATE_HOME");
@@ -47,8 +47,8 @@ QString StateFolder()
     return home.startsWith('/') ? QString::fromUtf8(home) + QStringLiteral("/.local/state") : QString();
 }
 
-/// The name of a project's folder: its title, so that people find it, and a mark of its path, which tells two projects
-/// of one title apart.
+/// Returns the name of a project's folder: the project's title, so that people find it, and a hash of its path, which
+/// distinguishes projects with the same title.
 QString FolderName(const QString &spelledPath)
 {
     const QString projectPath = QString::fromUtf8(HostPath(spelledPath)); // one folder for all spellings
@@ -63,7 +63,7 @@ QString FolderName(const QString &spelledPath)
     return title + u'-' + QString::fromLatin1(mark);
 }
 
-/// Makes a folder and those above it; `mode` is that of the ones that are new. False with errno set.
+/// Makes a folder and those above it. New folders have the mode `mode`. On failure, returns false and sets errno.
 bool MakePath(const QString &path, mode_t mode)
 {
     if (mkdir(path.toUtf8().constData(), mode) == 0 || errno == EEXIST)
@@ -182,7 +182,7 @@ QString KeptFiles::Restore(Environment &env, int number, QString &replaced) cons
         std::find_if(entries.begin(), entries.end(), [&](const Entry &entry) { return entry.number == number; });
     if (found == entries.end())
         return QStringLiteral("there is no entry %1").arg(number);
-    // Read first: keeping what is replaced may remove the oldest entry, which can be this one.
+    // Reads the copies first: keeping the replaced files may remove the oldest entry, which can be this one.
     std::vector<QByteArray> contents(size_t(found->files.size()));
     for (size_t i = 0; i < contents.size(); ++i) {
         const QString copy = FolderOf(number) + u'/' + QString::number(i);

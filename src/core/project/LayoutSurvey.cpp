@@ -9,7 +9,7 @@
 namespace
 {
 
-/// A path of the list of resources, in the host's form.
+/// Returns a path of the resource list in the host's form.
 QString Listed(const NarrowText &path, const Environment &env)
 {
     return env.NarrowToWide(path).replace(u'\\', u'/');
@@ -77,7 +77,7 @@ std::vector<CheckedLayoutFile> CheckLayoutsOf(const CResDoc &doc)
         (void)LoadCatalogue(doc.env, path, catalogue, errors);
         add({}, std::move(errors));
     }
-    // A look-up changes nothing in the pool.
+    // A look-up doesn't change the pool.
     IDPool &ids = const_cast<IDPool &>(doc.ids);
     ForEachResolution(doc, [&](const CResFolder &resolution) {
         const auto untouched = doc.untouchedLayouts.find(resolution.index);

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The elements in it, itself counted.
+/// Returns the number of elements in an element, including itself.
 int CountElements(const TiXmlElement &element)
 {
     int count = 1;
@@ -58,7 +58,7 @@ Finding ListReport::About(const TiXmlElement &element, const char *code, Severit
 {
     Finding finding{code, severity, list, RowOf(element), {}, text};
     if (text.isEmpty() && env.found.IsEmpty())
-        return finding; // nobody asks for the ID, and there can be 100,000
+        return finding; // the ID isn't used, and there can be 100,000 findings
     finding.id = QString::fromUtf8(element.Attribute("id"));
     if (!text.isEmpty())
         doc.findings.Add(finding);

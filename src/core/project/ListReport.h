@@ -6,39 +6,40 @@
 struct Finding;
 enum class Severity;
 
-/// The text of an element; empty when it has none. Valid as long as the element.
+/// Returns the text of an element; empty when it has none. It is valid as long as the element exists.
 [[nodiscard]] const char *TextOf(const TiXmlElement &element);
-/// The row of an element as the lines of the report have it, which is one more than the true one.
+/// Returns the row of an element as the lines of the report show it, which is the true row plus one.
 [[nodiscard]] int LineOf(const TiXmlElement &element);
-/// A text without a double quote at its start and at its end.
+/// Removes a double quote from the start and from the end of a text.
 [[nodiscard]] QByteArray WithoutOuterQuotes(QByteArray text);
 
-/// Why elements of the resource list are left out.
+/// The reasons why elements of the resource list are left out.
 inline const QString NO_ID = QStringLiteral("it has no attribute \"id\"");
 inline const QString NO_FILE = QStringLiteral("it names no file");
 
-/// What one reading of a resource list says about the list's elements: what is wrong with them, and what of them the
-/// next save loses.
+/// Reports what a reading of a resource list finds in the list's elements: what is wrong with them, and what of them
+/// the next save will lose.
 class ListReport
 {
 public:
     explicit ListReport(const ProjectContext &context);
 
-    /// What is wrong with an element. Without a `text` the report's line says it.
+    /// Returns a finding about an element. Without `text` the line of the report is its text.
     [[nodiscard]] Finding About(const TiXmlElement &element, const char *code, Severity severity,
                                 const QString &text = {});
-    /// An element and what it holds are left out, and why.
+    /// Returns the finding that an element and its content are left out. `why` is the reason.
     [[nodiscard]] Finding Dropped(const TiXmlElement &element, const char *code, Severity severity, const QString &why);
-    /// Leaves out what an element has beside a text and these attributes.
+    /// Reports as left out everything in an element except its text and these attributes.
     void DropOthers(const TiXmlElement &element, std::initializer_list<const char *> attributes);
-    /// Leaves out what an element has beside other elements and these attributes.
+    /// Reports as left out everything in an element except other elements and these attributes.
     void DropTexts(const TiXmlElement &element, std::initializer_list<const char *> attributes);
-    /// Leaves out what is around the list, whose outermost element is `app`.
+    /// Reports as left out everything around the list, whose outermost element is `app`.
     void DropAround(const TiXmlDocument &document, const TiXmlElement &app);
-    /// Leaves out an element of a name that nothing knows in this place.
+    /// Reports as left out an element whose name is unknown in this place.
     void DropUnknown(const TiXmlElement &element);
 
-    /// A text of an element in the code page. Says so when that lacks a character, which the next save would lose.
+    /// Converts a text of an element to the code page. Reports a character that the code page lacks, because the next
+    /// save would lose it.
     [[nodiscard]] NarrowText Narrow(const TiXmlElement &element, const QByteArray &utf8);
 
 private:

@@ -9,7 +9,7 @@
 namespace
 {
 
-/// Says whether the words of an ID begin with the typed ones, in their order.
+/// Returns whether the words of an ID begin with the typed words, in the same order.
 bool HasWords(QStringView id, const QStringList &words)
 {
     auto word = words.begin();
@@ -22,7 +22,7 @@ bool HasWords(QStringView id, const QStringList &words)
     return word == words.end();
 }
 
-/// The resource that stands for an ID; null for an ID that nothing in the tree has.
+/// Returns the resource that represents an ID; null for an ID that nothing in the tree has.
 CBaseRes *ResourceOf(const IDRecord &record)
 {
     for (CBaseRes *res = record.holders; res; res = res->NextHolder()) {
@@ -33,7 +33,8 @@ CBaseRes *ResourceOf(const IDRecord &record)
     return nullptr;
 }
 
-/// Keeps the first `most` in the order of names; of equal names, as in two resolutions, the older first.
+/// Sorts the IDs in the order of names and keeps the first `most`. Of equal names, such as those of two resolutions,
+/// the older is first.
 void KeepFirst(std::vector<LocatedId> &ids, size_t most)
 {
     struct Numbered

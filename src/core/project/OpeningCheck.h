@@ -9,8 +9,8 @@ class CResDoc;
 class Environment;
 class ProcessTables;
 
-/// Says whether a project is whole once it has been opened: a save would lose what the opening has left out, and a
-/// build would go on with it. Only reads.
+/// Checks whether a project was opened completely: a save would lose what the opening left out, and a build would go on
+/// without it. Changes nothing.
 ///
 ///     CResDoc *doc = ...;
 ///     const OpeningCheck check(env, tables, path, doc);
@@ -18,18 +18,18 @@ class ProcessTables;
 class OpeningCheck
 {
 public:
-    /// `doc` is the document of the project at `path`, null when it didn't open. The counters of `environment` must be
-    /// those of the opening. All of it must live longer.
+    /// `document` is the document of the project at `path`, null when it didn't open. The counters of `environment`
+    /// must be those of the opening. The environment, the tables and the document must outlive this object.
     OpeningCheck(Environment &environment, const ProcessTables &processTables, QString path, CResDoc *document);
 
-    /// What the report of an opening has no line for: conflict markers in the project's files, and a list of sizes that
-    /// isn't there.
+    /// Returns the reasons for which the report of an opening has no line: conflict markers in the project's files, and
+    /// a missing list of sizes.
     [[nodiscard]] std::vector<Finding> SilentReasons() const;
-    /// Every reason not to go on: those, the errors of the opening, and what it left out. Empty when the project is
-    /// whole.
+    /// Returns every reason not to go on: the reasons above, the errors of the opening, and what it left out. Empty
+    /// when the project is complete.
     [[nodiscard]] std::vector<Finding> AllReasons() const;
-    /// Why a pack for the screen `resolution` would have no pictures of its own: the list of sizes lacks it. Nothing
-    /// when it is there.
+    /// Returns why a pack for a screen of this size would have no images of its own: the list of sizes lacks it.
+    /// Returns nullopt when the list has it.
     [[nodiscard]] std::optional<Finding> UnlistedResolution(int width, int height) const;
 
 private:
@@ -43,5 +43,5 @@ private:
     CResDoc *doc;
 };
 
-/// "FILE:LINE: text", or "FILE: text" for a whole file.
+/// Returns "FILE:LINE: text", or "FILE: text" for a finding about a whole file.
 [[nodiscard]] QString FindingText(const Finding &finding);

@@ -7,7 +7,7 @@
 namespace
 {
 
-/// The number that an element's text begins with; 0 for an element without one.
+/// Returns the number that an element's text begins with; 0 for an element without a number.
 qint32 NumberIn(const TiXmlElement &element)
 {
     const char *text = element.GetText();

@@ -9,7 +9,7 @@ class FileTransaction;
 /// Where the files of a project are.
 struct ProjectPaths
 {
-    /// `path` is that of the ".vcproj" file.
+    /// `path` is the path of the ".vcproj" file.
     ProjectPaths(const QString &path, Environment &environment);
 
     QString dir;  ///< the project's folder
@@ -30,7 +30,7 @@ private:
     [[nodiscard]] QString ResourceFolder() const;
 };
 
-/// What the reader and the writer of a project carry.
+/// What the reader and the writer of a project both need: its paths and its document.
 struct ProjectContext : ProjectPaths
 {
     ProjectContext(const QString &path, CResDoc &document);
@@ -38,16 +38,16 @@ struct ProjectContext : ProjectPaths
     CResDoc &doc;
 };
 
-/// Reads the resource list of a project into the document's tree. 0, or the code of what stopped it: -1 can't be
-/// opened, -2 not well-formed, 11 no resource list, or the string file's.
+/// Reads the resource list of a project into the document's tree. Returns 0, or the code of the failure: -1 the list
+/// can't be opened, -2 it isn't well-formed, 11 it isn't a resource list, or the code of the string file.
 [[nodiscard]] int ReadProject(const QString &path, CResDoc &doc);
 
 inline constexpr int CANNOT_WRITE = -3;
 
-/// Writes the resource list and the string file and commits `files`, the environment's transaction, with what else was
-/// written in it. 0; the code of the string file or of a layout file, or -3, if a file couldn't be written. None has
-/// changed then, but for those before one that the system refused to put in place.
+/// Writes the resource list and the string file and commits `files`, the environment's transaction, with the other
+/// files that were written in it. Returns 0. If a file couldn't be written, returns the code of the string file or of a
+/// layout file, or -3; no file has changed then, except those before a file that the system refused to put in place.
 [[nodiscard]] int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files);
 
-/// The resolution index that the project's resource list names for a layout file, or -1.
+/// Returns the index of the resolution that the project's resource list has for a layout file, or -1.
 [[nodiscard]] int FindLayoutResolution(const QString &projectPath, const QString &layoutPath, CResDoc &doc);

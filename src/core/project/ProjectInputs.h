@@ -4,6 +4,6 @@
 
 class CResDoc;
 
-/// The absolute paths of the files that the opening of a project has read, for a build tool's list of dependencies: its
-/// configuration and lists, the settings, and the tables that the settings name. Only those that are there.
+/// Returns the absolute paths of the files that were read to open a project, for a build tool's list of dependencies:
+/// its configuration and lists, the settings, and the tables that the settings name. Only files that exist.
 [[nodiscard]] QStringList ProjectInputs(CResDoc &doc);

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Puts a layout into a new folder at the end of its resolution's.
+/// Puts a layout into a new folder at the end of its resolution's folder.
 CResFolder &AddLayoutFolder(CResDoc &doc, CResFolder &folder, std::unique_ptr<CLayoutRes> layout)
 {
     layout->SetObserver(doc.nodeObserver);
@@ -28,7 +28,7 @@ CResFolder &AddLayoutFolder(CResDoc &doc, CResFolder &folder, std::unique_ptr<CL
     return own;
 }
 
-/// Opens a layout in a folder of its own below `folder`. False when it can't be.
+/// Opens a layout in a folder of its own below `folder`. False when that fails.
 bool AddLayout(CResDoc &doc, CResFolder &folder, const LayoutFileRef &file, LayoutObject *layout)
 {
     std::unique_ptr<CLayoutRes> res = CLayoutRes::Create(file, layout, *doc.classes);
@@ -129,7 +129,7 @@ void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path)
     }
     QByteArrayList &untouched = doc.untouchedLayouts[folder.index];
     if (const LayoutFileRef other = LayoutFileOf(folder); other || !untouched.empty()) {
-        // A resolution has one file. Neither is overwritten until the list says which.
+        // A resolution has only one file. Neither file is overwritten until the list names only one.
         if (untouched.empty())
             untouched.append(other->path);
         untouched.append(path);
@@ -185,11 +185,11 @@ void CResDoc::ReloadLayouts(const QString &path)
         return;
     const CResFolder *selected = selection ? selection->SelectedFolder() : nullptr;
     const bool isInFolder = selected && selected->kind == KIND_LAYOUT && selected->index == folder->index;
-    const QString title = isInFolder ? selected->title : QString(); // which goes with the folder's content
+    const QString title = isInFolder ? selected->title : QString(); // clearing the folder deletes it
     NoteFile(path);
     ClearFolder(*folder);
     const QByteArrayList untouched = std::exchange(untouchedLayouts[folder->index], {});
-    (void)SetCurrentFolder(DirectoryOf(m_strPathName)); // which could be entered before
+    (void)SetCurrentFolder(DirectoryOf(m_strPathName)); // it could be entered before
     LoadLayoutFile(*this, *folder, entry.resolution < 0 ? env.WideToNarrow(path) : entry.path);
     if (untouched.size() > 1)
         untouchedLayouts[folder->index] = untouched; // the list names another file too

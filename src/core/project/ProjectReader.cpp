@@ -20,7 +20,7 @@ namespace
 constexpr int CANNOT_OPEN = -1;
 constexpr int WRONG_FORMAT = 11;
 
-/// One reading of a resource list.
+/// Reads a resource list; one object for each reading.
 class ProjectReader
 {
 public:
@@ -34,7 +34,8 @@ public:
         int code = 0;
         report.DropAround(document, app);
         report.DropTexts(app, {"id"});
-        // Each element goes as soon as it is read, which keeps the memory of the largest projects near the parser's.
+        // Each element is deleted as soon as it is read, so that the largest projects take little more memory than the
+        // parser.
         while (TiXmlNode *node = app.FirstChild()) {
             if (TiXmlElement *element = node->ToElement())
                 code = ReadElement(*element);
@@ -107,7 +108,7 @@ private:
         }
         report.DropOthers(element, {});
         text.replace('"', "");
-        (void)SetCurrentFolder(context.dir); // which could be entered before
+        (void)SetCurrentFolder(context.dir); // it could be entered before
         const QString absolute = context.Absolute(QString::fromUtf8(text));
         doc.NoteFile(absolute);
         LoadLayoutFile(doc, folder, report.Narrow(element, text));
@@ -124,7 +125,7 @@ private:
         }
         report.DropOthers(element, {});
         text.replace('"', "");
-        (void)SetCurrentFolder(context.dir); // which could be entered before
+        (void)SetCurrentFolder(context.dir); // it could be entered before
         const QString path = QString::fromUtf8(text);
         const QString absolute = context.Absolute(path);
         doc.NoteFile(absolute);
@@ -189,7 +190,7 @@ private:
     FileElements fileElements;
 };
 
-/// The row of the message is one more than the true one.
+/// Returns why a file is no XML. The row in the message is the true row plus one.
 QString WhyNoXml(const QString &path, const TiXmlDocument &document)
 {
     const QString file = QString::fromUtf8(HostPath(ResolvePath(path, CurrentFolder())));

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-/// The kinds of a project's files that are watched.
+/// The kinds of files of a project that are watched.
 enum WatchClass
 {
     WATCH_RESOURCES = 0,
@@ -14,14 +14,15 @@ enum WatchClass
 };
 
 /// The watches of one project's files: its configuration, its resource list, its string file and any number of layout
-/// files. Does nothing where nobody watches files.
+/// files. Does nothing if the frame doesn't watch files.
 class ProjectWatches
 {
 public:
-    /// `document` is told of changes. Both must live longer.
+    /// `document` is notified of changes. Both must outlive this object.
     ProjectWatches(const CFrameServices &frameServices, CDocument &document) : services(frameServices), doc(document) {}
 
-    /// Watches a file in the place of the one of its class; of layout files in the place of the same one.
+    /// Watches a file. The watch replaces that of the previous file of the class; for layout files, that of the same
+    /// file.
     void Watch(const QString &path, WatchClass watchClass);
     void Unwatch(const QString &path, WatchClass watchClass);
     void UnwatchLayouts();
@@ -31,7 +32,7 @@ public:
         WatchClass watchClass;
         QString layout; ///< the path of a layout file
     };
-    /// What a handle of the monitor watches.
+    /// Returns what a handle of the monitor watches; nullopt for other handles.
     [[nodiscard]] std::optional<Watched> Find(quint32 handle) const;
 
 private:

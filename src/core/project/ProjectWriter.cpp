@@ -19,7 +19,7 @@ void ReportRefused(Environment &env, const QString &path)
                "failed to write to file \"%s\".", qUtf8Printable(path));
 }
 
-/// One writing of a resource list.
+/// Writes a resource list; one object for each writing.
 class ProjectWriter
 {
 public:
@@ -45,7 +45,7 @@ public:
     struct WrittenLayouts
     {
         LayoutFileRef file;
-        NarrowText path; ///< as the list has it
+        NarrowText path; ///< as it is in the list
         QString absolute;
     };
 
@@ -54,7 +54,7 @@ public:
     QStringList obsolete; ///< string and layout files that the project no longer has
 
 private:
-    /// Writes the elements of a folder and of those below it: subfolders before the folder's own resources.
+    /// Writes the elements of a folder and of its subfolders. The subfolders are before the folder's own resources.
     int Write(const CResFolder &folder)
     {
         if (folder.kind & KIND_FLAG_OFF)
@@ -162,8 +162,8 @@ private:
         }
         TiXmlElement element("LAYOUT");
         Put(element, ToXml(env, path));
-        (void)SetCurrentFolder(context.dir); // which could be entered before
-        // A list made by hand may name one file for two resolutions: the second would replace the first.
+        (void)SetCurrentFolder(context.dir); // it could be entered before
+        // A list made by hand may name the same file for two resolutions: the second would replace the first.
         const bool isTaken = std::any_of(writtenLayouts.begin(), writtenLayouts.end(),
                                          [&](const auto &other) { return IsSamePath(other.absolute, absolute); });
         const int code = isTaken ? CANNOT_WRITE : file->Save(path);
@@ -202,7 +202,7 @@ private:
         }
         TiXmlElement element("STRING");
         Put(element, path.toUtf8());
-        (void)SetCurrentFolder(context.dir); // which could be entered before
+        (void)SetCurrentFolder(context.dir); // it could be entered before
         writtenStrings = context.Absolute(path);
         const int code = WriteStringFile(path, doc);
         if (code != 0)
@@ -216,7 +216,7 @@ private:
     XmlWriter list;
 };
 
-/// Keeps what has to be kept, and replaces the files. The one that was refused.
+/// Keeps the copies that are needed and replaces the files. Returns the file that was refused, if any.
 std::optional<QString> ReplaceFiles(CResDoc &doc, const ProjectWriter &writer, FileTransaction &files,
                                     const QString &list)
 {
@@ -248,8 +248,8 @@ std::optional<QString> ReplaceFiles(CResDoc &doc, const ProjectWriter &writer, F
     return std::nullopt;
 }
 
-/// Watches the files as they are now: what was noticed of the ones that they replaced has a handle that is no longer
-/// known. A save that fails leaves the watches as they are.
+/// Watches the files as they are now. Notifications about the files that they replaced have a handle that is no longer
+/// known. A save that fails doesn't change the watches.
 void WatchWritten(CResDoc &doc, const ProjectWriter &writer, const ProjectContext &context)
 {
     if (!writer.writtenStrings.isEmpty())
@@ -258,7 +258,7 @@ void WatchWritten(CResDoc &doc, const ProjectWriter &writer, const ProjectContex
         layouts.file->path = layouts.path;
         doc.WatchFile(layouts.absolute, WATCH_LAYOUT);
     }
-    // Not written, but the closing of another project may have ended its watch too.
+    // This file wasn't written, but closing another project may have ended its watch too.
     doc.WatchFile(context.ConfigPath(), WATCH_CONFIGURATION);
     doc.WatchFile(context.Absolute(context.ResourcePath()), WATCH_RESOURCES);
 }
@@ -271,7 +271,7 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
     Environment &env = doc.env;
     const QString file = context.ResourcePath();
     const QString absolute = context.Absolute(file);
-    if (!SetCurrentFolder(context.dir)) { // it is gone
+    if (!SetCurrentFolder(context.dir)) { // it no longer exists
         ReportRefused(env, absolute);
         env.EndReport(context.name, "save");
         return CANNOT_WRITE;
@@ -283,12 +283,12 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
     if (code == 0 && !writer.Save(file)) {
         refused = file;
     } else if (code == 0) {
-        // What bears the name of a new layout file belongs to no resource, but may have been work once.
+        // A file with the name of a new layout file belongs to no resource, but may contain somebody's work.
         for (const auto &layouts : writer.writtenLayouts) {
             if (layouts.file->path.isEmpty())
                 MoveToRecycleBin(layouts.absolute);
             if (layouts.file->path.isEmpty() && PathExists(layouts.absolute))
-                refused = layouts.absolute; // there is no trash for it
+                refused = layouts.absolute; // it couldn't be moved to the trash
         }
         if (!refused)
             refused = ReplaceFiles(doc, writer, files, absolute);
@@ -297,7 +297,7 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
         code = CANNOT_WRITE;
         ReportRefused(env, *refused);
     }
-    // Only now that the list on disk no longer names it, so that a failed save loses nothing.
+    // Only after the list on the disk no longer names them, so that a failed save loses nothing.
     for (const QString &obsolete : code == 0 ? writer.obsolete : QStringList()) {
         doc.UnwatchFile(obsolete, WATCH_LAYOUT);
         MoveToRecycleBin(obsolete);

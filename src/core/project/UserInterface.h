@@ -4,13 +4,14 @@
 
 #include <QStringList>
 
-/// What a document asks of the window it is shown in.
+/// What a document needs from the window that shows it.
 class IUserInterface
 {
 public:
     virtual void MessageBox(const QString &text) = 0;
-    /// A dialog for existing files. `filter` has the form "Name|*.a; *.b|...||"; the entry `selectedFilter` (from 1) is
-    /// chosen. `initialName` is absolute, in any spelling of paths, or empty; the file need not be there.
+    /// Shows a dialog for existing files and returns the chosen files. `filter` has the form "Name|*.a; *.b|...||"; the
+    /// entry `selectedFilter` (from 1) is selected. `initialName` is an absolute path in any spelling, or empty; the
+    /// file need not exist.
     virtual QStringList OpenFileDialog(const QString &filter, int selectedFilter, bool multiSelect,
                                        const QString &initialName) = 0;
 

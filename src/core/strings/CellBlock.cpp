@@ -17,7 +17,7 @@ QString Quoted(const QString &cell)
     return needsQuotes ? u'"' + QString(cell).replace(u'"', QStringLiteral("\"\"")) + u'"' : cell;
 }
 
-/// Walks the cells of a text from left to right.
+/// Reads the cells of a text from left to right.
 class TsvCursor
 {
 public:
@@ -25,7 +25,7 @@ public:
 
     [[nodiscard]] bool AtEnd() const { return at == text.size(); }
 
-    /// The next cell; `isLast` says whether its line ends behind it.
+    /// Returns the next cell. Sets `isLast` to whether its line ends after it.
     QString Next(bool &isLast)
     {
         QString cell;
@@ -45,8 +45,8 @@ public:
     }
 
 private:
-    /// False, and not a step, where no cell in quotes begins. Looks at no character for more than two cells: a quote
-    /// that closes nothing ends the search for all cells in front of it.
+    /// Reads a cell in quotes. If there is none here, returns false and doesn't move. Looks at each character for at
+    /// most two cells, because a quote that doesn't close a cell ends the search for all cells before it.
     bool TakeQuoted(QString &cell)
     {
         if (AtEnd() || text[at] != u'"')

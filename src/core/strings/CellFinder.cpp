@@ -3,9 +3,9 @@
 namespace
 {
 
-constexpr qint32 FEW = 64; // so many holders are walked faster than an index is made
+constexpr qint32 FEW = 64; // walking this many holders is faster than making an index
 
-// Only strings stand in the folders of languages.
+// The folders of languages contain only strings.
 CStringRes *AsString(CBaseRes *res)
 {
     return static_cast<CStringRes *>(res);

@@ -5,19 +5,19 @@
 #include <unordered_map>
 #include <vector>
 
-/// Finds the record of an ID in a folder in a time that doesn't grow with the number of languages.
+/// Finds the record of an ID in a folder. The time doesn't depend on the number of languages.
 ///
-/// The first look for an ID of many languages makes an index of all cells, so whoever adds a record from then on says
-/// so. The folders must outlive it; nothing else may change them meanwhile.
+/// The first look-up of an ID with many languages makes an index of all cells. The caller must call Added for each
+/// record that is added after that. The folders must outlive this object, and must not change in other ways meanwhile.
 class CellFinder
 {
 public:
-    /// `languages` are the folders that will be asked for.
+    /// `languages` are the folders that will be searched.
     explicit CellFinder(const std::vector<CResFolder *> &languages) : folders(languages) {}
 
-    /// As `folder.FindResource(id)`.
+    /// The same as `folder.FindResource(id)`.
     [[nodiscard]] CStringRes *Find(const IDRecord *id, const CResFolder &folder);
-    /// `record` has come into its folder, which had none of that ID.
+    /// Call this after `record` was added to its folder, which had no record of that ID.
     void Added(CStringRes *record);
 
 private:

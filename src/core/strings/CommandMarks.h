@@ -2,23 +2,24 @@
 
 #include "StringTable.h"
 
-// How commands know rows and columns again.
+// Commands use these marks to find rows and columns again.
 
-/// A row as a command knows it.
+/// Identifies a row for a command.
 struct RowMark
 {
     int row;
     NarrowText id;
 };
 
-/// The mark of a row as it is now; one without an ID for the new-row line.
+/// Returns the current mark of a row. The mark of the new-row line has no ID.
 [[nodiscard]] RowMark MarkOf(const StringTable &table, int row);
 
-/// The language of a column, -1 for a column without one.
+/// Returns the language of a column; -1 for a column without a language.
 [[nodiscard]] qint32 LanguageOf(const StringTable &table, int col);
 
-/// Which column is now the one that was `col` when it was that of `language`; one behind the last when it is gone.
+/// Returns the current index of the column that had the index `col` and the language `language`. Returns the number of
+/// columns when that column no longer exists.
 [[nodiscard]] int ColumnNow(const StringTable &table, int col, qint32 language);
 
-/// Shows the message of a failure. True for EDIT_DONE.
+/// Shows the message of a failure. Returns true for EDIT_DONE.
 bool ShowFailure(StringTable &table, int code);

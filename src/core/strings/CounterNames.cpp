@@ -8,7 +8,7 @@
 namespace
 {
 
-constexpr int WIDEST = 64; // characters: an ID has no more
+constexpr int WIDEST = 64; // characters: the largest length of an ID
 
 } // namespace
 

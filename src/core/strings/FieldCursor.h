@@ -2,8 +2,8 @@
 
 #include <QStringView>
 
-/// Walks the fields of one line from left to right. A tab, a carriage return or a line feed ends a field; nothing is
-/// quoted. The line must end in a line feed.
+/// Reads the fields of one line from left to right. A tab, a carriage return or a line feed ends a field; quotes have
+/// no meaning. The line must end with a line feed.
 class FieldCursor
 {
 public:
@@ -11,7 +11,7 @@ public:
 
     [[nodiscard]] bool AtEnd() const { return at == end; }
 
-    /// The next field, without what ends it; empty behind the end of the line.
+    /// Returns the next field, without the character that ends it; empty after the end of the line.
     [[nodiscard]] QStringView Next()
     {
         if (at == end)

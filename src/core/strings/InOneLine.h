@@ -2,6 +2,6 @@
 
 #include <QString>
 
-/// The text with a blank for each line end ("\r\n" is one) and each tab: a string file has no other way to hold it in
-/// one cell.
+/// Replaces each line end ("\r\n" is one) and each tab of a text by a blank, because a cell of a string file can't
+/// contain them.
 [[nodiscard]] QString InOneLine(const QString &text);

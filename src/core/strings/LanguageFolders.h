@@ -4,21 +4,21 @@
 
 #include <unordered_map>
 
-/// The folders of languages below the Strings folder, found by number without a walk, and made where they are missing.
-/// Main thread only; nobody else may remove folders there meanwhile.
+/// Finds the folders of languages below the Strings folder by number, without walking the tree, and makes missing ones.
+/// Main thread only. Nothing else may remove folders there while this object exists.
 class LanguageFolders
 {
 public:
     explicit LanguageFolders(CResModel &document) : model(document) {}
 
-    /// The folder of that language; StringFileFormat::DESCRIPTION gives the Description folder. Makes it under `title`,
-    /// and the Strings folder too, when it isn't there.
+    /// Returns the folder of that language; StringFileFormat::DESCRIPTION is the Description folder. If it doesn't
+    /// exist, makes it with the title `title`, and the Strings folder too if that doesn't exist.
     CResFolder &Ensure(qint32 language, const QString &title);
-    /// Says whether any language has a string now.
+    /// Returns whether any language has a string now.
     [[nodiscard]] bool HaveStrings();
 
 private:
-    /// Looks the folders up once.
+    /// Looks up the folders, at the first call only.
     void LookUp();
 
     CResModel &model;

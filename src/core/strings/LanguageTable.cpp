@@ -7,8 +7,8 @@
 namespace
 {
 
-/// The number of "name(number", whatever follows it, with `divider` in the place of "("; `name` is the name's length
-/// then, which is at most `longest`.
+/// Returns the number of "name(number", whatever follows it; `divider` is the character in place of "(". Sets `name` to
+/// the length of the name, which may be at most `longest`.
 std::optional<int> ScanNumber(QStringView text, char16_t divider, qsizetype longest, qsizetype &name)
 {
     name = text.first(qMin(text.size(), longest + 1)).indexOf(divider);

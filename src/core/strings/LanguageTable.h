@@ -6,8 +6,8 @@
 
 class Environment;
 
-/// The language that a column header names: "name(number)" gives the number and cuts `text` to the name; any other text
-/// is looked up in the language table. -1 when it isn't known.
+/// Returns the number of the language in a column header. For "name(number)" returns the number and cuts `text` to the
+/// name; looks up any other text in the language table. Returns -1 when the language isn't known.
 [[nodiscard]] int ParseLanguageHeader(const Environment &env, QString &text);
 
 /// A language that a project can have.
@@ -16,6 +16,6 @@ struct KnownLanguage
     QString name;
     int number;
 };
-/// The lines "name=number" of the language table in their order. A line without a number, or with a name of more than
-/// 64 characters, is skipped.
+/// Returns the languages of the lines "name=number" of the language table, in their order. Skips lines without a number
+/// or with a name of more than 64 characters.
 [[nodiscard]] std::vector<KnownLanguage> KnownLanguages(const Environment &env);

@@ -18,7 +18,7 @@ namespace
 constexpr int NO_COLUMN = -1;
 constexpr int NO_ROW = -1;
 
-/// Makes a plan of one block. For one use.
+/// Makes the plan for one block. An object can be used only once.
 class PastePlanner
 {
 public:
@@ -44,7 +44,7 @@ public:
 private:
     void Refuse(size_t line, const QString &why) { plan.refused << u"Line %1: %2"_s.arg(line + 1).arg(why); }
 
-    // Where the cells of a line go.
+    // These find the columns for the cells of a line.
     [[nodiscard]] int ColumnOfTitle(const QString &title) const;
     void ReadTitles();
     void TakeColumnsFromFocus(size_t firstCell);
@@ -57,9 +57,9 @@ private:
     void PlanLine(size_t line, int row);
     void Change(size_t line, int row, int col, const QString &cell);
     void AddRow(size_t line);
-    /// An ID for a new row; empty, and refused, when it can't have that one.
+    /// Returns the ID for a new row. If the row can't have that ID, refuses it and returns an empty text.
     [[nodiscard]] QString TakeId(size_t line, const QString &cell);
-    /// The word of a kind; empty for an empty text, and for one that is refused.
+    /// Returns the word of a kind; empty for an empty text, and for a text that is refused.
     [[nodiscard]] QString TakeKind(size_t line, const QString &cell);
 
     const StringTable &table;
@@ -68,8 +68,8 @@ private:
     const PasteTarget &target;
     PastePlan plan;
     bool hasTitles = false;
-    std::vector<int> columns; // of the table, by place in a line; NO_COLUMN for one that isn't taken
-    int idPlace = NO_COLUMN;  // of the ID, in a line
+    std::vector<int> columns; // the table's column for each cell of a line; NO_COLUMN for one that isn't pasted
+    int idPlace = NO_COLUMN;  // the index of the ID's cell in a line
     std::vector<int> rowOfLine;
     QSet<QString> newIds;
 };
@@ -88,7 +88,8 @@ int PastePlanner::ColumnOfTitle(const QString &title) const
     return NO_COLUMN;
 }
 
-/// Takes the first line as titles when all of it are, or when its first is that of the ID and no row has such an ID.
+/// Reads the first line as titles if all its texts are titles, or if its first text is the title of the ID column and
+/// no row has that text as its ID.
 void PastePlanner::ReadTitles()
 {
     const QStringList &line = block[0];
@@ -113,14 +114,14 @@ void PastePlanner::ReadTitles()
     }
 }
 
-/// The cells of a line from `firstCell` on go to the columns from the one in focus on.
+/// Assigns the cells of a line from `firstCell` on to the columns from the one in focus on.
 void PastePlanner::TakeColumnsFromFocus(size_t firstCell)
 {
     size_t width = 0;
     for (const QStringList &line : block)
         width = std::max(width, size_t(line.size()));
     columns.resize(firstCell, StringTable::ID_COLUMN);
-    // An ID that goes in front has its column, so the texts go to those behind it.
+    // A leading ID has its own column, so the texts are for the columns after that.
     const int first = std::max(target.col, firstCell > 0 ? int(StringTable::ID_COLUMN) + 1 : 0);
     auto col = std::lower_bound(target.columns.begin(), target.columns.end(), first);
     for (; columns.size() < width && col != target.columns.end(); ++col)
@@ -132,21 +133,21 @@ void PastePlanner::TakeColumnsFromFocus(size_t firstCell)
     idPlace = id == columns.end() ? NO_COLUMN : int(id - columns.begin());
 }
 
-/// The row whose ID a cell has: exactly, or as it would be typed.
+/// Returns the row whose ID is the text of a cell, exactly or as a user could type it; NO_ROW if there is none.
 int PastePlanner::RowOfId(const QString &cell) const
 {
     const QString trimmed = cell.trimmed();
     for (const QString &text : {cell, trimmed, ToUpperSimple(trimmed)}) {
         const NarrowText name = env.WideToNarrow(text);
         const int row = text.isEmpty() ? NO_ROW : table.RowOf(name, NO_ROW);
-        if (row != NO_ROW && env.NarrowToWide(name) == text) // the code page has all of it
+        if (row != NO_ROW && env.NarrowToWide(name) == text) // the code page has all characters
             return row;
     }
     return NO_ROW;
 }
 
-/// Finds the rows of all lines too. A text can look like an ID: without titles most lines must have one of the table,
-/// unless they are pasted over IDs.
+/// Returns whether the block is pasted by ID, and finds the rows of all lines. A text can look like an ID: without
+/// titles at least half of the lines must have an ID of the table, unless they are pasted over IDs.
 bool PastePlanner::GoesById()
 {
     if (hasTitles && idPlace == NO_COLUMN)
@@ -177,7 +178,7 @@ void PastePlanner::FillSelected(const QString &cell)
         return PlanLine(0, table.Head(target.row) ? target.row : NO_ROW);
     for (const int row : target.selected) {
         Change(0, row, target.col, cell);
-        if (!plan.refused.isEmpty()) // so would be all
+        if (!plan.refused.isEmpty()) // the other rows would be refused too
             return;
     }
 }
@@ -209,7 +210,7 @@ void PastePlanner::PlanFromFocus()
         PlanLine(line, row == target.shown.end() ? NO_ROW : *row++);
 }
 
-/// Plans a line for a row; for NO_ROW it becomes a new one.
+/// Plans a line for a row; for NO_ROW the line becomes a new row.
 void PastePlanner::PlanLine(size_t line, int row)
 {
     if (row == NO_ROW)

@@ -6,11 +6,11 @@
 namespace
 {
 
-/// The text with `replacement` wherever the finder finds something, from left to right.
+/// Replaces everything that the finder finds in a text by `replacement`, from left to right.
 QString Replaced(const QString &text, const TextFinder &finder, const QString &replacement)
 {
     QString result;
-    qsizetype end = 0; // of what has been taken
+    qsizetype end = 0; // of the part that has been copied
     for (qsizetype at = finder.IndexIn(text); at >= 0; at = finder.IndexIn(text, end)) {
         result.append(QStringView(text).sliced(end, at - end)).append(replacement);
         end = at + finder.Size();

@@ -7,7 +7,7 @@ CStringRes *RowBuilder::Add(CResFolder &folder, QString text, CBaseRes *before)
         return nullptr;
     CStringRes *const record = made.get();
     if (!text.isEmpty()) {
-        record->text = std::move(text); // what SetText does, without a look at the old text and a copy of the new
+        record->text = std::move(text); // as SetText, but without a comparison and a copy
         record->NotifyChanged();
     }
     if (last)

@@ -2,8 +2,8 @@
 
 #include "ResModel.h"
 
-/// Builds the records of one string row in the tree: the head first, then the cells. All share the row's ID, and each
-/// is linked into the chain behind the record before it.
+/// Builds the records of one string row in the tree: the head first, then the cells. All records share the row's ID,
+/// and each is linked into the chain after the previous one.
 ///
 ///     RowBuilder row(model, "ID_HELLO");
 ///     if (CStringRes *head = row.Add(descriptions, u"a greeting"_s))   // null: the ID is taken
@@ -11,17 +11,17 @@
 class RowBuilder
 {
 public:
-    /// A new row of that ID; `Add` makes the ID with the first record.
+    /// Begins a new row with that ID; `Add` makes the ID with the first record.
     RowBuilder(CResModel &document, NarrowText idName) : model(document), name(std::move(idName)) {}
-    /// A row that is there; `Add` links the next record behind `record`.
+    /// Continues an existing row; `Add` links the next record after `record`.
     RowBuilder(CResModel &document, CStringRes &record) : model(document), last(&record) {}
 
-    /// Makes a record of the folder's language with that text, in front of `before` in the folder, or at its end.
-    /// Null, and nothing made, when the ID of a new row is taken.
+    /// Makes a record of the folder's language with that text, before `before` in the folder, or at its end. When the
+    /// ID of a new row is taken, returns null and makes nothing.
     CStringRes *Add(CResFolder &folder, QString text, CBaseRes *before = nullptr);
-    /// Links the next record behind `record`, which is in the row already.
+    /// Makes Add link the next record after `record`, which must be in the row already.
     void ContinueBehind(CStringRes &record) { last = &record; }
-    /// The record made or named last; null before the first.
+    /// The record that was made or given last; null before the first.
     [[nodiscard]] CStringRes *Last() const { return last; }
 
 private:

@@ -19,9 +19,9 @@ template <typename Edit> bool STR_MOD_CMD::Apply(const Edit &edit)
     const int now = ColumnNow(table, col, language);
     const int code = edit(row, now);
     if (code == EDIT_DONE)
-        mark = MarkOf(table, row); // it may have got another ID
+        mark = MarkOf(table, row); // the row may have another ID now
     else if (row < 0 || now >= table.ColumnCount())
-        table.grid.ShowMessage(code); // there is no cell to correct it in
+        table.grid.ShowMessage(code); // there is no cell in which to correct it
     else
         table.grid.ReportCellError(code, row, now);
     return code == EDIT_DONE;
@@ -75,7 +75,7 @@ bool STR_DEL_CMD::Execute()
     for (Deleted &row : rows) {
         row.mark.row = table.RowOf(row.mark.id, row.mark.row);
         if (row.mark.row < 0)
-            return ShowFailure(table, EDIT_NO_ROW); // with one of them gone none is deleted
+            return ShowFailure(table, EDIT_NO_ROW); // if one of them is missing, none is deleted
     }
     std::sort(rows.begin(), rows.end(), [](const Deleted &a, const Deleted &b) { return a.mark.row < b.mark.row; });
     std::vector<int> numbers;
@@ -92,7 +92,7 @@ bool STR_DEL_CMD::Undo()
 {
     int code = EDIT_DONE;
     {
-        const StringTable::Batch batch(table); // ends before a message shows
+        const StringTable::Batch batch(table); // ends before a message is shown
         for (auto row = rows.begin(); code == EDIT_DONE && row != rows.end(); ++row) {
             if (row->snapshot.head)
                 code = table.RestoreRow(row->snapshot, row->mark.row, /*keepId=*/true);

@@ -2,37 +2,37 @@
 
 #include "CommandMarks.h"
 
-// The edits of a string table that can be taken back. Each holds what it needs in both directions and lets the table do
-// the change. Rows are found again by number and ID: after a sort a command acts on the rows that it was made for, or
-// not at all.
+// The edits of a string table that can be undone. Each command keeps what it needs for both directions and calls the
+// table to make the change. It finds rows again by number and ID: after a sort a command acts on the rows for which it
+// was made, or on none.
 
-/// Another text in a cell. Made before anything changes: it takes back to what the cell shows now, an ID to the exact
-/// one.
+/// Changes the text of a cell. It must be made before the change: undo restores what the cell shows when the command is
+/// made, and for an ID the exact name.
 class STR_MOD_CMD : public Command
 {
 public:
     STR_MOD_CMD(StringTable &stringTable, int cellRow, int cellCol, QString text);
-    /// The same for a cell that has changed before the command is made, as the kind of a row for Push Resource: first
-    /// the flag is flipped, then the command is run with both words. `shown` is what the cell showed until then, and
-    /// what undo takes back to. The column must not be that of the ID.
+    /// The same for a cell that was changed before the command is made, such as the kind of a row by Push Resource: the
+    /// flag is changed first, and then the command is run with both words. `shown` is what the cell showed before,
+    /// which undo restores. The column must not be the ID column.
     STR_MOD_CMD(StringTable &stringTable, int cellRow, int cellCol, QString shown, QString text);
     bool Execute() override;
     bool Undo() override;
 
 private:
-    /// Finds the cell and lets `edit` change it: a call with its row and column now that gives a code.
+    /// Finds the cell and calls `edit` with its current row and column to change it. `edit` returns a code.
     template <typename Edit> bool Apply(const Edit &edit);
 
     StringTable &table;
     RowMark mark;
     int col;
-    qint32 language = -1; // of the column, which may have moved
+    qint32 language = -1; // of the column, whose index may have changed
     QString oldText;
     NarrowText oldId;
     QString newText;
 };
 
-/// A new row from a text typed into the new-row line.
+/// Makes a new row from a text typed into the new-row line.
 class STR_IST_CMD : public Command
 {
 public:
@@ -48,11 +48,11 @@ private:
     QString text;
 };
 
-/// Rows deleted. Undo brings them back where they were when they were deleted last, in the list and in the tree.
+/// Deletes rows. Undo restores them at their places in the list and in the tree at the last deletion.
 class STR_DEL_CMD : public Command
 {
 public:
-    /// `toDelete` is ascending. A row of which no snapshot can be made isn't brought back.
+    /// `toDelete` is ascending. A row of which no snapshot can be made isn't restored.
     STR_DEL_CMD(StringTable &stringTable, const std::vector<int> &toDelete);
     bool Execute() override;
     bool Undo() override;
@@ -61,14 +61,14 @@ private:
     struct Deleted
     {
         RowMark mark;
-        Snapshot snapshot; // without a head: none could be made
+        Snapshot snapshot; // without a head if none could be made
     };
 
     StringTable &table;
     std::vector<Deleted> rows; // ascending
 };
 
-/// Copies of the rows of the copy set, at the end of the table.
+/// Adds copies of the rows of the copy set at the end of the table.
 class STR_PST_CMD : public Command
 {
 public:

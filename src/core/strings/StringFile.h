@@ -4,10 +4,11 @@
 
 class CResModel;
 
-/// Reads a project's string file into the tree. 0, or the code of the failure (110 can't be opened, 1012 a line can't
-/// be read, 11 wrong header, 1608 unknown language); what was read by then stays in the tree.
+/// Reads a project's string file into the tree. Returns 0, or the code of the failure: 110 the file can't be opened,
+/// 1012 a line can't be read, 11 wrong header, 1608 unknown language. What was read before the failure stays in the
+/// tree.
 [[nodiscard]] int ReadStringFile(const QString &path, CResModel &document);
 
-/// Writes the string file from the tree. 0, 110 when it can't be opened, 1013 when a write falls short; the old file
-/// stays as it was on a failure.
+/// Writes the string file from the tree. Returns 0, 110 when the file can't be opened, or 1013 when writing it fails.
+/// On failure the old file is unchanged.
 [[nodiscard]] int WriteStringFile(const QString &path, CResModel &document);

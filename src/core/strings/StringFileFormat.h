@@ -2,11 +2,11 @@
 
 #include <QStringView>
 
-/// The fixed words of a string file. Lines end in "\r\n", fields are divided by tabs.
+/// The fixed words of a string file. Lines end with "\r\n"; fields are separated by tabs.
 ///
 /// | line | fields |
 /// |---|---|
-/// | 1 | COUNT_WORD (behind the byte order mark), the number of languages |
+/// | 1 | COUNT_WORD (after the byte order mark), the number of languages |
 /// | 2 | ID_WORD, TYPE_WORD, DESCRIPTION_WORD, then "name(number)" for each language |
 /// | rows | the ID, PUSH_WORD or NORMAL_WORD, the description, then the text of each language |
 /// | last | END_WORD, the number of rows |
@@ -22,9 +22,9 @@ inline constexpr QStringView NORMAL_WORD = u"Normal";
 inline constexpr QStringView END_WORD = u"##number";
 inline constexpr char16_t BYTE_ORDER_MARK = 0xFEFF;
 
-inline constexpr qint32 DESCRIPTION = -1; ///< what stands for the language number in the Description folder
+inline constexpr qint32 DESCRIPTION = -1; ///< the language number of the Description folder
 
-/// The numbers of failures, as whoever loads or saves a project sees them.
+/// The codes of failures; the load and the save of a project return them.
 enum Code : int
 {
     OK = 0,

@@ -21,9 +21,9 @@ using namespace StringFileFormat;
 namespace
 {
 
-constexpr qint64 MAX_EXPECTED_ROWS = 1 << 17; // a first row of a few characters promises too many
+constexpr qint64 MAX_EXPECTED_ROWS = 1 << 17; // a very short first row would make the estimate too high
 
-/// True when a field that is left has something in it.
+/// True when one of the remaining fields isn't empty.
 bool HasText(FieldCursor fields)
 {
     while (!fields.AtEnd()) {
@@ -137,7 +137,7 @@ int StringFileReader::ReadColumns(int languages)
     columns.push_back(&folders.Ensure(DESCRIPTION, QString()));
 
     std::unordered_set<const CResFolder *> seen;
-    // The count may be any number; the line's fields are what ends this.
+    // The count may be any number; the loop ends with the fields of the line.
     for (int i = 0; i < languages; ++i) {
         QString name = fields.Next().toString();
         const bool isShort = name.isEmpty() && fields.AtEnd();
@@ -249,7 +249,7 @@ void StringFileReader::ReadRow(QStringView line)
     const bool push = EqualsNoCase(type, PUSH_WORD);
     CheckFields(id, type);
     const NarrowText name = env.WideToNarrow(id);
-    // Strings have IDs of no resolution: a name that no such record bears can be in none of the folders.
+    // Strings have IDs of no resolution: if no such record has the name, it isn't in any of the folders.
     const IDRecord *rowId = document.ids.Find(name, ANY_RESOLUTION);
     const bool isThere = rowId != nullptr;
     const bool pushBefore = isThere && rowId->push;

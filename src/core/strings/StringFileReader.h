@@ -7,26 +7,26 @@
 
 #include <unordered_set>
 
-/// One read of a string file into the tree of `document`: new rows are made, rows that are there get new texts. Takes
-/// time and memory in the size of the text, whatever it holds. For one use.
+/// Reads a string file into the tree of `document`: makes new rows, and gives new texts to existing rows. Takes time
+/// and memory proportional to the size of the text, whatever its content is. An object can be used only once.
 ///
 ///     StringFileReader reader(document, source, file);
 ///     const int code = reader.Read();
 class StringFileReader
 {
 public:
-    /// `absolutePath` is what the findings of the model name as the file.
+    /// `absolutePath` is the path of the file in the findings.
     StringFileReader(CResModel &model, Utf16Lines::Source bytes, QString absolutePath = {})
         : document(model), lines(std::move(bytes)), file(std::move(absolutePath))
     {
     }
 
-    /// 0, or the code of the failure, which has been logged; what was read by then stays in the tree. `size` is how
-    /// many bytes are likely to come, 0 if nobody knows.
+    /// Returns 0, or the code of the failure, which has been logged. What was read before the failure stays in the
+    /// tree. `size` is the expected number of bytes; 0 if it isn't known.
     [[nodiscard]] int Read(qint64 size = 0);
-    /// What the log's line about the failure doesn't tell; mostly empty.
+    /// Details of the failure that the log's line doesn't have; usually empty.
     [[nodiscard]] const QString &Problem() const { return problem; }
-    /// How many rows were read whole.
+    /// The number of rows that were read completely.
     [[nodiscard]] int Rows() const { return rows; }
 
 private:
@@ -34,20 +34,20 @@ private:
     [[nodiscard]] int ReadColumns(int languages);
     [[nodiscard]] int ReadRows(qint64 size);
     void ReadRow(QStringView line);
-    /// Reports an ID or a type that is none. The row is read all the same.
+    /// Reports an invalid ID or type. The row is read nevertheless.
     void CheckFields(QStringView id, QStringView type);
-    /// Does the rest for a cell that has just been made.
+    /// Completes a cell that has just been made.
     void Added(CStringRes &cell, bool push);
     [[nodiscard]] bool NextLine(QStringView &line);
-    /// Counts the fields that are left of a line with a number.
+    /// Counts the remaining fields of a line with a number as dropped.
     void DropFurther(class FieldCursor &fields);
-    /// Counts what is behind the last row: nobody reads it, and a save doesn't write it.
+    /// Counts the lines after the last row as dropped: they aren't read, and a save doesn't write them.
     void DropRest();
-    /// What is wrong with the current line. Without a `text` the report's line says it.
+    /// Returns a finding about the current line. Without `text` the line of the report is its text.
     Finding About(const char *code, Severity severity, QStringView id = {}, const QString &text = {});
-    /// Counts something of the current line that a save would lose, and says why.
+    /// Counts something of the current line that a save would lose, and returns the finding. `why` is the reason.
     Finding Dropped(const char *code, QStringView id, const QString &why);
-    /// Puts the text of a later field or row into a cell that is there.
+    /// Replaces the text of an existing cell by that of a later field or row.
     void Overwrite(CStringRes &cell, QStringView text);
     [[nodiscard]] int LineError();
     [[nodiscard]] int HeaderError(int line, QStringView expected);
@@ -60,9 +60,9 @@ private:
     QString problem;
     bool hasType = false;
     LanguageFolders folders{document};
-    bool repeated = false;             // some folder stands in `columns` twice
+    bool repeated = false;             // a folder is in `columns` twice
     std::vector<CResFolder *> columns; // the Description folder, then the languages in the order of the file
     CellFinder cells{columns};
-    bool isReload = false;                       // there were rows before
+    bool isReload = false;                       // the tree had rows before
     std::unordered_set<const CStringRes *> read; // in a reload: the cells that this file has given a text
 };

@@ -16,16 +16,16 @@ static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "the text is written as it lies i
 namespace
 {
 
-constexpr qsizetype MAX_CHARS = qsizetype(1) << 29; // a file of 1 GiB
+constexpr qsizetype MAX_CHARS = qsizetype(1) << 29; // makes a file of 1 GiB
 constexpr QStringView LINE_END = u"\r\n";
 
-/// Puts down the text of the file.
+/// Makes the text of the file.
 class StringFileText
 {
 public:
     explicit StringFileText(const CResModel &model);
 
-    /// The whole file; empty when it would be too large.
+    /// Returns the text of the whole file; empty when it would be too large.
     [[nodiscard]] QString Make();
 
 private:
@@ -81,7 +81,7 @@ void StringFileText::PutHeader()
     Put(LINE_END, {});
 }
 
-/// Finds the texts of a row in one walk of its chain, in the order in which `FindLanguage` looks.
+/// Finds the texts of a row in one walk of its chain, in the order in which `FindLanguage` searches.
 void StringFileText::CollectRow(CStringRes *head)
 {
     std::fill(row.begin(), row.end(), nullptr);
@@ -98,8 +98,8 @@ void StringFileText::CollectRow(CStringRes *head)
         take(cell);
 }
 
-/// Makes room for all rows at once, by the size of the first ones. A text that has to grow is moved, and its memory is
-/// needed nearly twice; room that isn't written to takes none.
+/// Reserves memory for all rows, estimated from the size of the first rows. Growing a text moves it and needs nearly
+/// twice its memory, while reserved memory that isn't written to costs nothing.
 void StringFileText::ReserveFor(size_t done, size_t rows)
 {
     const qsizetype size = out.size() / qsizetype(done) * qsizetype(rows + rows / 8);
@@ -127,7 +127,7 @@ bool StringFileText::PutRows()
     return true;
 }
 
-/// Says whether the file was there to be written to and the disk gave out.
+/// Returns whether an error is about writing the file (no room, or a disk failure) and not about opening it.
 bool FellShort(int error)
 {
     return error == ENOSPC || error == EDQUOT || error == EFBIG || error == EIO;

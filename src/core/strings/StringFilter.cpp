@@ -19,7 +19,7 @@ bool IsAscii(QByteArrayView bytes)
     return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return quint8(byte) < 0x80; });
 }
 
-/// Tests rows for a condition, by their heads.
+/// Tests whether rows, given by their heads, meet a condition.
 class RowTest
 {
 public:
@@ -42,7 +42,7 @@ public:
 private:
     static constexpr qint32 NONE = std::numeric_limits<qint32>::min();
 
-    /// Of a column of texts; NONE for another.
+    /// Returns the language of a column of texts; NONE for other columns.
     [[nodiscard]] qint32 LanguageOf(int col) const
     {
         if (col == StringTable::DESCRIPTION_COLUMN)
@@ -95,14 +95,14 @@ private:
     const Environment &env;
     const TextColumns columns;
     const TextFinder finder;
-    const bool isNormalFound; // the text is in that word
+    const bool isNormalFound; // that word contains the text
     const bool isPushFound;
     const qint32 language; // of the condition's column
     const qint32 missing;
 };
 
-/// The rows of those heads, ascending. `rows` are their numbers where the list is in the tree's order, and -1
-/// elsewhere.
+/// Returns the rows of those heads, ascending. `rows` has the number of each head if the list has it at the same place
+/// as the tree, and -1 otherwise.
 std::vector<int> InListOrder(const std::vector<const CStringRes *> &heads, std::vector<int> rows,
                              const StringTable &table)
 {
@@ -134,7 +134,7 @@ bool StringCondition::IsWithin(const StringCondition &wider) const
 std::vector<int> RowsThatMeet(const StringCondition &condition, const StringTable &table,
                               const std::vector<int> *within)
 {
-    constexpr size_t FEW = 4; // a walk in the order of a sort takes up to four times as long for a row
+    constexpr size_t FEW = 4; // in the order of a sort each row takes up to four times as long
     const RowTest test(condition, table);
     std::vector<int> rows;
     if (within && within->size() < size_t(table.RowCount()) / FEW) {

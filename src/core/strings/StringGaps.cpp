@@ -7,7 +7,7 @@
 namespace
 {
 
-/// The gaps of one row at a time.
+/// Finds the gaps of one row at a time.
 class RowGaps
 {
 public:
@@ -16,7 +16,7 @@ public:
     {
     }
 
-    /// Looks at that row. False when it has no gaps, or no text at all.
+    /// Reads a row. False when it has no text at all, and so no gaps.
     bool Read(int row)
     {
         const CStringRes *head = table.Head(row);
@@ -35,7 +35,7 @@ public:
         return any;
     }
 
-    /// Of the row that was read.
+    /// Returns whether a column has a gap in the row that was read.
     [[nodiscard]] bool IsGap(int col) const
     {
         const qint32 language = table.Languages()[size_t(col) - size_t(StringTable::FIRST_LANGUAGE_COLUMN)];
@@ -76,7 +76,7 @@ std::vector<int> CountGaps(const StringTable &table)
         });
         rowsWithText += any;
     }
-    std::vector<int> gaps; // a row with a text has a gap wherever it has none
+    std::vector<int> gaps; // a row with a text has a gap in each column without a text
     for (const qint32 language : table.Languages())
         gaps.push_back(rowsWithText - filled[size_t(columns.Of(language))]);
     return gaps;

@@ -10,11 +10,12 @@ class StringTable;
 
 [[nodiscard]] bool IsGap(const StringTable &table, int row, int col);
 
-/// How many gaps each language's column has; that of the first language first.
+/// Returns the number of gaps in each language's column, from the first language on.
 [[nodiscard]] std::vector<int> CountGaps(const StringTable &table);
 
-/// The next gap behind a cell, or the one in front of it for a `step` of -1: along the row, then in the rows that
-/// follow. Looks only at `rows` (ascending; the cell's row need not be one of them) and at columns that aren't 0 wide
-/// in `widths`, which has the width of each column of the table. Nothing when there is none.
+/// Returns the row and column of the next gap after a cell, or of the previous gap if `step` is -1. Searches the rest
+/// of the row first, then the following rows. Searches only `rows` (ascending; the cell's row need not be one of them)
+/// and columns whose width in `widths` isn't 0; `widths` has the width of each column of the table. Returns nullopt
+/// when there is no gap.
 [[nodiscard]] std::optional<std::pair<int, int>> NextGap(const StringTable &table, const std::vector<int> &rows,
                                                          const std::vector<int> &widths, int row, int col, int step);

@@ -11,8 +11,8 @@
 namespace
 {
 
-/// The texts of a language, row by row; empty where a row has none. The chains of several rows are walked at a time:
-/// each step waits for memory, and so they wait together.
+/// Returns the texts of a language, row by row; empty for a row without one. Walks the chains of several rows at the
+/// same time, because each step waits for memory and the waits then overlap.
 std::vector<QString> TextsOf(const StringTable &table, qint32 language)
 {
     constexpr int TOGETHER = 16; // rows
@@ -33,7 +33,7 @@ std::vector<QString> TextsOf(const StringTable &table, qint32 language)
         }
         for (int n = 0; n < count; ++n) {
             const CStringRes *record = records[size_t(n)];
-            if (!record) // not behind the head
+            if (!record) // not after the head
                 record = table.Head(first + n)->FindLanguage(language);
             if (record)
                 texts[size_t(first + n)] = record->text;
@@ -55,7 +55,7 @@ std::vector<int> StringOrder(const StringTable &table, int sortState)
     const int col = std::abs(sortState) - 1;
     const NameOrder names;
     if (col == StringTable::ID_COLUMN || col == StringTable::KIND_COLUMN) {
-        std::vector<bool> isPush(static_cast<size_t>(count)); // read beside the ID, which is in the same record
+        std::vector<bool> isPush(static_cast<size_t>(count)); // read with the ID, which is in the same record
         const auto idOf = [&](int row) {
             isPush[size_t(row)] = table.Head(row)->Id()->push;
             return table.CellText(row, StringTable::ID_COLUMN);
@@ -67,7 +67,7 @@ std::vector<int> StringOrder(const StringTable &table, int sortState)
         }
         return order;
     }
-    const CResFolder *const folder = table.ColumnLanguage(col); // once: a look for it takes longer than the text
+    const CResFolder *const folder = table.ColumnLanguage(col); // once: finding it takes longer than the text
     const auto texts = folder ? TextsOf(table, folder->index) : std::vector<QString>(static_cast<size_t>(count));
     return names.Sorted(
         count, [&](int row) { return texts[size_t(row)]; }, sortState);

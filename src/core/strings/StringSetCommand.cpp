@@ -50,7 +50,7 @@ void STR_SET_CMD::Exchange(Row &row, Text &text)
 {
     const int now = ColumnNow(table, text.col, text.language);
     const QString shown = table.CellText(row.mark.row, now);
-    (void)table.ApplyCellEdit(row.mark.row, now, std::exchange(text.text, shown)); // the cell is there
+    (void)table.ApplyCellEdit(row.mark.row, now, std::exchange(text.text, shown)); // the cell exists
 }
 
 int STR_SET_CMD::AddRows()
@@ -79,7 +79,7 @@ bool STR_SET_CMD::Execute()
             code = FindColumns(*rows);
     }
     if (code == EDIT_DONE) {
-        const StringTable::Batch batch(table); // ends before a message shows
+        const StringTable::Batch batch(table); // ends before a message is shown
         code = AddRows();
         for (auto row = changed.begin(); code == EDIT_DONE && row != changed.end(); ++row) {
             for (Text &text : row->texts)

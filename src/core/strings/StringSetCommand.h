@@ -2,24 +2,24 @@
 
 #include "StringCommands.h"
 
-/// A text for a cell of a row that is there.
+/// A new text for a cell of an existing row.
 struct CellChange
 {
     int row;
-    int col; ///< not that of the ID
+    int col; ///< not the ID column
     QString text;
 };
 
-/// A row to be made at the end of the table.
+/// A new row for the end of the table.
 struct NewRow
 {
-    QString id; ///< as it is to be, not tested yet; empty for a default one
+    QString id; ///< the exact ID, not checked yet; empty for a default ID
     bool push = false;
-    std::vector<std::pair<int, QString>> texts; ///< by column, from the Description on
+    std::vector<std::pair<int, QString>> texts; ///< columns, from the Description on, with their texts
 };
 
-/// Several cells and new rows as one step, such as a paste from the clipboard or a replacement. All of it is done, or
-/// nothing: what has been done before a failure is taken back. The rows come back under the same names.
+/// Changes several cells and adds new rows in one step, for example for a paste from the clipboard or a replacement.
+/// Makes all the changes or none: after a failure it undoes the earlier changes. Redo makes the rows with the same IDs.
 class STR_SET_CMD : public Command
 {
 public:
@@ -32,8 +32,8 @@ private:
     struct Text
     {
         int col;
-        qint32 language; // of the column, which may have moved
-        QString text;    // what the cell is to show next: Execute and Undo exchange it for what it shows
+        qint32 language; // of the column, whose index may have changed
+        QString text;    // the next text of the cell: Execute and Undo exchange it for the current text
     };
     struct Row
     {
@@ -41,14 +41,14 @@ private:
         std::vector<Text> texts;
     };
 
-    // Both change nothing in the table; after them only the ID of a new row can fail.
+    // These two don't change the table. If both succeed, only the ID of a new row can still fail.
     [[nodiscard]] int FindRows(std::vector<Row> &rows) const;
     [[nodiscard]] int FindColumns(const std::vector<Row> &rows) const;
-    /// All or none.
+    /// Adds all new rows or none.
     [[nodiscard]] int AddRows();
     void Exchange(Row &row, Text &text);
 
     StringTable &table;
-    std::vector<Row> changed; // a row may be there several times
-    std::vector<Row> added;   // the first Execute makes the IDs that aren't given
+    std::vector<Row> changed; // a row may be in it several times
+    std::vector<Row> added;   // the first Execute makes the missing IDs
 };

@@ -6,15 +6,15 @@
 
 class CResModel;
 
-/// How far one language of a string table is translated, in rows.
+/// How much of a string table is translated into one language, as numbers of rows.
 struct LanguageStats
 {
     qint32 number;
     QString name;
-    int texts = 0;       ///< with a text that isn't empty
-    int missing = 0;     ///< without
-    int sameAsFirst = 0; ///< with the text that the table's first language has, too; for that itself 0
+    int texts = 0;       ///< rows with a text that isn't empty
+    int missing = 0;     ///< rows without a text
+    int sameAsFirst = 0; ///< rows with the same text as the table's first language; 0 for the first language itself
 };
 
-/// The languages of the table in their order; `rows` becomes the number of its rows.
+/// Returns the languages of the table in their order. Sets `rows` to the number of the table's rows.
 [[nodiscard]] std::vector<LanguageStats> StringStats(const CResModel &document, int &rows);

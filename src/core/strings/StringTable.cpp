@@ -78,7 +78,7 @@ void StringTable::TreeGoes(const CResFolder &folder)
     }
     if (!strings || folder.kind != KIND_LANGUAGE)
         return;
-    if (&folder == strings->subfolders.front().get()) // the heads
+    if (&folder == strings->subfolders.front().get()) // the folder of the heads
         Forget();
     else
         RemoveLanguageColumn(folder.index);
@@ -174,7 +174,8 @@ CStringRes *StringTable::CellRecord(int row, int col) const
     CStringRes *head = Head(row);
     if (!head || col < DESCRIPTION_COLUMN || col >= ColumnCount())
         return nullptr;
-    // Without a look for the column's folder, which takes longer than all else: a record goes with its folder.
+    // Doesn't look up the column's folder, which takes longer than all the rest. A record is deleted with its folder,
+    // so it isn't found without one.
     return head->FindLanguage(col == DESCRIPTION_COLUMN ? DESCRIPTION : languages[size_t(col - FIRST_LANGUAGE_COLUMN)]);
 }
 
@@ -220,7 +221,7 @@ QString StringTable::DefaultStringId()
         QString name = defaultNames.Name(number);
         if (!model.IsIdInUse(name))
             return name;
-        freedDefaults.erase(number); // taken again since
+        freedDefaults.erase(number); // it was taken again since then
     }
     return defaultNames.Free(model, freshDefault);
 }

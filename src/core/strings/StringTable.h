@@ -9,7 +9,7 @@
 #include <set>
 #include <unordered_set>
 
-/// Why an edit of the string table failed: the numbers of the messages that the user sees.
+/// The results of edits of the string table. Those of failures are the numbers of the messages that the user sees.
 enum StringEditCode : int
 {
     EDIT_DONE = 0,
@@ -20,36 +20,38 @@ enum StringEditCode : int
     EDIT_NO_ROW = 171,
 };
 
-/// The message of such a number; empty for 0.
+/// Returns the message for such a number; empty for 0.
 [[nodiscard]] QString StringEditMessage(int code);
 
-/// Destroys a chain of string records that stand in no folder, from its first.
+/// Destroys a chain of string records that are in no folder, given its first record.
 struct ChainDeleter
 {
     void operator()(CStringRes *first) const { first->DestroyChain(); }
 };
 
-/// Where a row was in the tree: the IDs of the rows before and behind it, empty where there was none.
+/// The place of a row in the tree: the IDs of the rows before and after it; empty if there was none.
 struct TreePlace
 {
     NarrowText before;
     NarrowText behind;
 };
 
-/// A copy of a row that stands in no folder; its ID blocks no name.
+/// A copy of a row outside of all folders. Its ID doesn't take a name.
 struct Snapshot
 {
     std::unique_ptr<CStringRes, ChainDeleter> head; ///< of the chain
-    // The row's kind. Copies of one ID share its record, so that one doesn't hold it.
+    // The row's kind. It isn't in the ID's record, because copies with the same ID share that record.
     bool push = false;
     qint32 pushKind = PUSH_NONE;
-    TreePlace place; ///< of a row that has been deleted
+    TreePlace place; ///< the place of a row that has been deleted
 };
 
-/// What shows a string table: the grid of a window, or nothing at all. Row and column numbers are those of the table.
+/// Shows a string table: the grid of a window, or an object that shows nothing. Row and column numbers are those of the
+/// table.
 ///
-/// A change of rows or columns is told before and after. The table can be asked for any cell in both: in the first it
-/// still is as it was, in the second it has changed. `CellShows` tells of each cell that changes after `RowInserted`.
+/// The table calls it before and after each change of rows or columns. Both functions may ask the table for any cell:
+/// in the first the table is still unchanged, in the second it has changed. `CellShows` is called for each cell that
+/// changes after `RowInserted`.
 class IStringGrid
 {
 public:
@@ -62,31 +64,33 @@ public:
     virtual void ColumnInserted(int /*col*/) {}
     virtual void ColumnRemoving(int /*col*/) {}
     virtual void ColumnRemoved(int /*col*/) {}
-    /// All rows get another order: afterwards row i is the one that was row `order[i]`.
+    /// Called when the order of all rows changes: the new row i is the old row `order[i]`.
     virtual void RowsMoving() {}
     virtual void RowsMoved(const std::vector<int> & /*order*/) {}
-    /// All rows and columns are replaced. In the first the table must not be asked: rows may be gone from the tree.
+    /// Called when all rows and columns are replaced. TableResetting must not use the table, because rows may have been
+    /// removed from the tree.
     virtual void TableResetting() {}
     virtual void TableReset() {}
-    /// Many notices may come until `BatchEnds`: a grid may put off what it does for each. Batches aren't nested, and no
-    /// message comes in one.
+    /// Between BatchBegins and `BatchEnds` there may be many notifications, and a grid may defer its work for them.
+    /// Batches aren't nested, and there are no messages in a batch.
     virtual void BatchBegins() {}
     virtual void BatchEnds() {}
     virtual void CellShows(int /*row*/, int /*col*/, const QString & /*text*/) {}
-    /// Scrolls a cell into view and gives its row the focus state.
+    /// Scrolls a cell into view and sets the focus state of its row.
     virtual void FocusCell(int /*row*/, int /*col*/) {}
-    /// Shows the message, selects the row alone and opens the editor on the cell, so that the user can correct it. Ends
-    /// whatever the grid has pending, as `ShowMessage` does.
+    /// Shows the message, selects only the row and opens the editor in the cell, so that the user can correct it. First
+    /// cancels all pending input in the grid, as `ShowMessage` does.
     virtual void ReportCellError(int code, int row, int col) = 0;
     virtual void ShowMessage(int code) = 0;
 };
 
-/// The string table of a project: a row for each string ID, a column for the ID (0), its kind (1), the description (2)
-/// and each language (3 and up). It has no storage of its own: rows are records below the Strings folder, and what
-/// stands here is the order in which they are shown. The last row is the new-row line, which has no head.
+/// The string table of a project. It has a row for each string ID, and columns for the ID (0), its kind (1), the
+/// description (2) and each language (3 and up). It doesn't store the texts: the rows are records below the Strings
+/// folder, and the table keeps only the order in which they are shown. The last row is the new-row line, which has no
+/// head.
 ///
-/// The edits change tree and grid together; users' edits are commands (STR_..._CMD) that `history` runs. A model has
-/// one table at a time. Main thread only.
+/// The edits change both the tree and the grid. The user's edits are commands (STR_..._CMD) that `history` runs. A
+/// model has at most one table at a time. Main thread only.
 ///
 ///     StringTable table(model, grid);
 ///     table.Rebuild();
@@ -100,7 +104,7 @@ public:
     static constexpr int FIRST_LANGUAGE_COLUMN = 3;
     static constexpr size_t MOST_UNDO = 20;
 
-    /// Both must live longer.
+    /// Both must outlive the table.
     StringTable(CResModel &model, IStringGrid &shownIn);
     ~StringTable() = default;
     StringTable(const StringTable &) = delete;
@@ -109,7 +113,7 @@ public:
     CommandHistory history{MOST_UNDO};
     IStringGrid &grid;
 
-    /// Tells the grid of a batch for as long as it lives, but for one within another.
+    /// Notifies the grid of a batch that lasts as long as this object. A batch within another has no effect.
     class Batch
     {
     public:
@@ -122,72 +126,76 @@ public:
         StringTable &table;
     };
 
-    /// Lets go of the tree, history and all; a reload is going to destroy it.
+    /// Drops all references to the tree, with the rows, the columns and the history, before a reload destroys the tree.
     void Forget();
-    /// Lets go of what is below that folder of the tree, which is going to be destroyed. With the rows' heads the table
-    /// forgets all; with a language its column goes, and the history stays; any other folder is none of its own.
+    /// Drops what is below that folder of the tree, which is about to be destroyed. For the folder of the rows' heads,
+    /// forgets everything; for a language's folder, removes its column and keeps the history; ignores other folders.
     void TreeGoes(const CResFolder &folder) override;
-    /// Takes columns and rows anew from the tree, in its order. Forgets the history of a table with languages, and the
-    /// copy set if one of its rows is gone.
+    /// Reads columns and rows from the tree again, in its order. Clears the history if the table has languages, and the
+    /// copy set if one of its rows no longer exists.
     void Rebuild();
-    /// Shows the rows in another order: at place i comes the row that is at `order[i]`, which must have each row once.
-    /// The tree keeps its order.
+    /// Changes the order in which rows are shown: the new row i is the old row `order[i]`. `order` must have each row
+    /// once. The order in the tree doesn't change.
     void Reorder(const std::vector<int> &order);
-    /// Appends a column for a language's folder, and forgets the history.
+    /// Appends a column for a language's folder and clears the history.
     void AddLanguageColumn(const CResFolder &folder);
-    /// Takes the column of a language away, whose folder is gone or goes. The history stays.
+    /// Removes the column of a language whose folder was or will be deleted. Keeps the history.
     void RemoveLanguageColumn(qint32 language);
 
     // Look-ups.
     [[nodiscard]] int RowCount() const { return rows.Count(); } ///< without the new-row line
     [[nodiscard]] int ColumnCount() const { return FIRST_LANGUAGE_COLUMN + int(languages.size()); }
     [[nodiscard]] bool IsNewRow(int row) const { return row == RowCount(); }
-    /// A row's record in the Description folder, which stands for the row; null for the new-row line.
+    /// A row's record in the Description folder, which represents the row; null for the new-row line.
     [[nodiscard]] CStringRes *Head(int row) const { return rows.At(row); }
-    /// The folder bound to a column; null for columns 0 and 1 and where there is none any more.
+    /// The folder of a column; null for columns 0 and 1, and for a column whose folder no longer exists.
     [[nodiscard]] CResFolder *ColumnLanguage(int col) const;
     /// The languages of the columns from FIRST_LANGUAGE_COLUMN on.
     [[nodiscard]] const std::vector<qint32> &Languages() const { return languages; }
-    /// What the header of a column shows.
+    /// The text of a column's header.
     [[nodiscard]] QString ColumnTitle(int col) const;
-    /// The column of a language; one behind the last when it has none.
+    /// The column of a language; the number of columns when it has none.
     [[nodiscard]] int ColumnOf(qint32 language) const;
     [[nodiscard]] CStringRes *CellRecord(int row, int col) const;
-    /// What a cell shows; "<New>" in column 0 of the new-row line.
+    /// The text that a cell shows; "<New>" in column 0 of the new-row line.
     [[nodiscard]] QString CellText(int row, int col) const;
-    /// The row with that ID, which stood at `hint` before; -1 if there is none. Takes a time that doesn't grow with the
-    /// table.
+    /// Returns the row with that ID, whose last known number is `hint`; -1 if there is none. The time doesn't depend on
+    /// the size of the table.
     [[nodiscard]] int RowOf(const NarrowText &name, int hint) const;
     [[nodiscard]] CResModel &Model() const { return model; }
     CResFolder *EnsureDescriptionFolder();
 
-    /// A free name for a new string.
+    /// Returns a free name for a new string.
     [[nodiscard]] QString DefaultStringId();
-    /// A free name for a copy.
+    /// Returns a free name for a copy.
     [[nodiscard]] QString CopyStringId(const QString &source);
 
-    // Edits; each gives 0 or a StringEditCode, and has then changed nothing unless it says so.
+    // Edits. Each returns 0 or the StringEditCode of a failure; after a failure nothing has changed unless its comment
+    // says otherwise.
     [[nodiscard]] int ApplyCellEdit(int row, int col, QString text);
-    /// Makes a row with that ID, or with a default one for an empty text, in front of the row that stands at `row`.
+    /// Makes a row with that ID, or with a default ID for an empty text, before the row at `row`.
     [[nodiscard]] int CreateRow(const QString &idText, int row);
-    /// Makes a row from what was typed into cell `col` of the new-row line. A row that was made stays when the column
-    /// turns out to have no folder.
+    /// Makes a row from the text that was typed into the cell `col` of the new-row line. If the column has no folder,
+    /// the edit fails but the new row stays.
     [[nodiscard]] int InsertFromCell(int row, int col, QString text);
-    /// Gives a row the name that it had before, as it was: only what a user types is made upper case and tested.
+    /// Gives a row its earlier name back, unchanged: only names that a user types are converted to upper case and
+    /// checked.
     [[nodiscard]] int RestoreId(int row, const NarrowText &name);
     [[nodiscard]] int SnapshotRow(CStringRes *head, Snapshot &snapshot);
-    /// Makes a row from a snapshot. With `keepId` it comes back as it was: its own ID, which isn't tested, and in the
-    /// tree behind the row that it was behind, or else in front of the row that it was in front of. Without, it is a
-    /// copy under another ID. Where neither of those rows is there, and for a copy, the place in the tree is that of
-    /// `CreateRow`. A language without a column gets its cell too.
+    /// Makes a row from a snapshot. With `keepId` the row is restored: it gets its own ID, which isn't checked, and its
+    /// place in the tree is after the row that was before it, or otherwise before the row that was after it. Without
+    /// `keepId` it is a copy with another ID. A copy, and a row for which neither of those rows exists, has the same
+    /// place in the tree as a row from `CreateRow`. Cells of languages without a column are made too.
     [[nodiscard]] int RestoreRow(const Snapshot &snapshot, int row, bool keepId);
-    /// Deletes a row and tells where in the tree it was.
+    /// Deletes a row. If `place` isn't null, sets it to the row's place in the tree.
     [[nodiscard]] int DeleteRow(int row, TreePlace *place = nullptr);
-    /// From the last to the first; the first failure ends it. `toDelete` is ascending. `places` get where each was when
-    /// it was deleted, the later rows being gone already: who restores from the first to the last finds these again.
+    /// Deletes rows from the last to the first and stops at the first failure. `toDelete` is ascending. `places`, if
+    /// not null, gets the place of each row at its deletion, when the later rows were already deleted; so the places
+    /// are right when the rows are restored from the first to the last.
     [[nodiscard]] int DeleteRows(const std::vector<int> &toDelete, std::vector<TreePlace> *places = nullptr);
 
-    // The rows that Copy has marked, by number. They are live: one that is edited or deleted empties the whole set.
+    // The rows that Copy has marked, by number. They aren't copies: when one of them is edited or deleted, the whole
+    // set is emptied.
     using CopySet = std::map<int, CStringRes *>;
     void Copy(const std::vector<int> &toCopy);
     [[nodiscard]] const CopySet &Copied() const { return copied; }
@@ -196,12 +204,12 @@ public:
 
 private:
     [[nodiscard]] CResFolder *Strings() const;
-    /// The row of that ID in the Description folder, or null.
+    /// Returns the head of the row with that ID, from the Description folder, or null.
     [[nodiscard]] CStringRes *HeadOf(const NarrowText &name) const;
-    /// In front of what a row of that place in the tree comes; null for the end.
+    /// Returns the resource before which a row of that place in the tree belongs; null for the end.
     [[nodiscard]] CBaseRes *Behind(const TreePlace &place, int row) const;
-    // Both make a head in the tree, in front of `before` or at the end; it isn't in the list yet. The first takes the
-    // ID as it is, the second tests it, and takes a default one for an empty text.
+    // These two make a head in the tree, before `before` or at the end, but don't add it to the list. The first uses
+    // the name as it is. The second checks the ID, and uses a default ID for an empty text.
     [[nodiscard]] int MakeHead(const NarrowText &name, CBaseRes *before, CStringRes *&head);
     [[nodiscard]] int MakeTypedHead(const QString &idText, CBaseRes *before, CStringRes *&head);
     void InsertIntoList(int row, CStringRes *head);
@@ -210,14 +218,14 @@ private:
     void Show(int row, int col, const QString &text);
 
     CResModel &model;
-    int batches = 0; // that are open, one in another
+    int batches = 0; // the number of open batches, one within another
     RowList rows;
     std::vector<qint32> languages; // of the columns from the first language on
     CopySet copied;
     std::unordered_set<const CStringRes *> copiedHeads;
     CounterNames defaultNames;
     CounterNames copyNames;
-    // Every default name of a number below `freshDefault` is taken or was freed.
+    // Each default name with a number below `freshDefault` is taken or was freed.
     quint32 freshDefault = 1;
     std::set<quint32> freedDefaults;
     Notifier<const NarrowText &>::Listener nameFreed;

@@ -36,7 +36,7 @@ int StringTable::ApplyCellEdit(int row, int col, QString text)
             return EDIT_INVALID_ID;
         return RestoreId(row, model.env.WideToNarrow(text));
     } else if (col == KIND_COLUMN) {
-        // By itself this marks nothing as modified.
+        // This alone doesn't set the modified flag.
         head->Id()->push = EqualsNoCase(text, PUSH_WORD);
         if (head->Id()->push)
             head->Id()->pushKind = PUSH_STRING;
@@ -109,7 +109,7 @@ int StringTable::InsertFromCell(int row, int col, QString text)
     CStringRes *const head = Head(row);
     if (col == KIND_COLUMN || col == DESCRIPTION_COLUMN) {
         head->SetText(text);
-        if (col == KIND_COLUMN) // a kind can't be typed there: the text is the description
+        if (col == KIND_COLUMN) // a kind can't be typed here: the text is the description
             grid.CellShows(row, DESCRIPTION_COLUMN, text);
     } else if (col >= FIRST_LANGUAGE_COLUMN) {
         CResFolder *const folder = ColumnLanguage(col);
@@ -135,7 +135,7 @@ int StringTable::SnapshotRow(CStringRes *head, Snapshot &snapshot)
         const CStringRes *cell = folder->index == DESCRIPTION ? nullptr : head->FindLanguage(folder->index);
         if (!cell)
             continue;
-        CStringRes *const copy = model.CreateStringRes(made.head->Id(), folder->index).release(); // the chain's now
+        CStringRes *const copy = model.CreateStringRes(made.head->Id(), folder->index).release(); // now in the chain
         last->LinkBehind(copy);
         copy->SetText(cell->text);
         last = copy;
@@ -190,9 +190,9 @@ int StringTable::DeleteRow(int row, TreePlace *place)
     grid.FocusCell(row, ID_COLUMN);
     ForgetCopyOf(head);
     grid.RowRemoving(row);
-    rows.Remove(row); // before its records go: the grid may ask for any row
+    rows.Remove(row); // before its records are deleted: the grid may ask for any row
     IDRecord *const id = head->Id();
-    id->AddRef(); // it would go with the last of its holders, and is asked for once more
+    id->AddRef(); // its last holder would delete it, but it is still needed below
     for (const auto &folder : Strings()->subfolders)
         folder->DeleteResource(id);
     id->Release();

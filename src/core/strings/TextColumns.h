@@ -4,8 +4,8 @@
 
 #include <unordered_map>
 
-/// The columns of a table's texts by the language of a record, for passes over all records: asking the table takes time
-/// in the number of languages. Good until the columns change.
+/// Maps the language of a record to the column of the table. For passes over all records, because asking the table
+/// takes time proportional to the number of languages. Valid until the columns change.
 class TextColumns
 {
 public:
@@ -24,11 +24,11 @@ public:
 private:
     void Set(qint32 language, int col);
 
-    std::vector<int> direct; // of the languages from -1 on that have small numbers
+    std::vector<int> direct; // for the languages from -1 on with small numbers
     std::unordered_map<qint32, int> further;
 };
 
-/// Gives `look` the records of a row one by one, the head first, until it gives true for one. Says whether it did.
+/// Calls `look` for each record of a row, the head first, until it returns true. Returns whether it did.
 template <typename Look> bool AnyRecord(const CStringRes &head, const Look &look)
 {
     for (const CStringRes *record = &head; record; record = record->next) {

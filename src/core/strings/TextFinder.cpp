@@ -12,8 +12,8 @@ char16_t FoldedAscii(char16_t c)
     return c >= u'A' && c <= u'Z' ? char16_t(c + (u'a' - u'A')) : c;
 }
 
-/// A code unit of a text when its character is folded. Folding never leaves the half of Unicode that a character is in,
-/// so the number of units stays.
+/// Returns the code unit at an index of a text after case folding. Folding never changes the number of units of a
+/// character.
 char16_t Folded(const char16_t *text, qsizetype at)
 {
     const char16_t unit = text[at];
@@ -26,7 +26,7 @@ char16_t Folded(const char16_t *text, qsizetype at)
     return QChar::lowSurrogate(QChar::toCaseFolded(QChar::surrogateToUcs4(text[at - 1], unit)));
 }
 
-/// The characters of one unit that fold to `folded`, that itself first.
+/// Returns the characters of one unit that fold to `folded`, beginning with `folded` itself.
 std::vector<char16_t> CasesOf(char16_t folded)
 {
     static const auto OTHERS = [] {
@@ -43,8 +43,8 @@ std::vector<char16_t> CasesOf(char16_t folded)
     return cases;
 }
 
-/// The first place at which one of the units stands; `end` if there is none. The loops over a block have no way out, so
-/// that the compiler makes vector instructions of them.
+/// Returns the first index at which `text` has one of the units; `end` if there is none. The loops over a block have no
+/// early exit, so that the compiler can use vector instructions for them.
 template <size_t COUNT>
 qsizetype NextOf(const char16_t *units, const char16_t *text, qsizetype from, const qsizetype end)
 {
@@ -111,7 +111,7 @@ bool TextFinder::IsAt(const char16_t *text) const
 
 qsizetype TextFinder::IndexIn(QStringView text, qsizetype from) const
 {
-    const qsizetype end = text.size() - needle.size() + 1; // of the places where it has room
+    const qsizetype end = text.size() - needle.size() + 1; // of the indexes at which it can begin
     if (needle.isEmpty())
         return from < end ? from : -1;
     const char16_t *units = text.utf16();

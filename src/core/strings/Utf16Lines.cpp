@@ -8,7 +8,7 @@ namespace
 {
 
 constexpr qsizetype UNIT = qsizetype(sizeof(char16_t));
-constexpr qsizetype FIRST_SIZE = 256 * 1024; // stays in the processor's cache
+constexpr qsizetype FIRST_SIZE = 256 * 1024; // bytes; fits into the processor's cache
 constexpr qsizetype MAX_SIZE = qsizetype(1) << 30;
 
 } // namespace

@@ -6,21 +6,23 @@
 #include <functional>
 #include <sys/types.h>
 
-/// The lines of UTF-16 little-endian text, read in one pass through one buffer that grows with the longest line.
+/// Reads the lines of UTF-16 little-endian text in one pass, with one buffer that grows with the longest line.
 ///
-/// The file isn't mapped: another program may cut it meanwhile, and a mapping would end this one.
+/// The file isn't mapped into memory: if another program truncated it meanwhile, reading the mapping would end this
+/// program.
 class Utf16Lines
 {
 public:
-    /// Fills up to `size` bytes: how many, 0 at the end, -1 on a failure.
+    /// Reads up to `size` bytes. Returns their number, 0 at the end, or -1 on failure.
     using Source = std::function<ssize_t(void *buffer, size_t size)>;
     explicit Utf16Lines(Source bytes);
 
-    /// The next line, its line feed included; good until the next call. False when the text ends before a line feed
-    /// (the odd byte at the end of a cut file doesn't count), can't be read, or has a line of more than 1 GiB.
+    /// Reads the next line, including its line feed; it is valid until the next call. Returns false when the text ends
+    /// before a line feed (a single byte at the end of a truncated file is ignored), can't be read, or has a line of
+    /// more than 1 GiB.
     [[nodiscard]] bool Next(QStringView &line);
 
-    /// What is left when `Next` has given false: a last line without its line feed.
+    /// Returns the rest of the text after `Next` has returned false: a last line without a line feed.
     [[nodiscard]] QStringView Rest() const;
 
 private:
@@ -29,6 +31,6 @@ private:
     Source source;
     QByteArray buffer;
     qsizetype start = 0;   // of the next line, in bytes
-    qsizetype scanned = 0; // up to here there is no line feed, in bytes
+    qsizetype scanned = 0; // there is no line feed before this position, in bytes
     qsizetype filled = 0;  // in bytes
 };

@@ -2,8 +2,8 @@
 
 #include <QtGlobal>
 
-// Records of a BIFF8 stream: type and size, 2 bytes each, then the data. Numbers are little-endian. Data that don't fit
-// go on in CONTINUE records.
+// Records of a BIFF8 stream: type and size, 2 bytes each, then the data. Numbers are little-endian. Data that doesn't
+// fit into one record continues in CONTINUE records.
 
 inline constexpr quint64 MOST_RECORD_DATA = 8224;
 
@@ -32,23 +32,24 @@ enum BiffRecord : quint16
     BIFF_DIMENSIONS = 0x0200,
     BIFF_NUMBER = 0x0203,
     BIFF_LABEL = 0x0204,
-    BIFF_FORMULA3 = 0x0206, ///< as BIFF3 has it and some programs still write it; the result has the same place
-    BIFF_STRING = 0x0207,   ///< the text that a formula gave
+    BIFF_FORMULA3 = 0x0206, ///< the form of BIFF3, which some programs still write; the result is at the same place
+    BIFF_STRING = 0x0207,   ///< the text that is a formula's result
     BIFF_ROW = 0x0208,
     BIFF_DEFAULTROWHEIGHT = 0x0225,
     BIFF_WINDOW2 = 0x023E,
     BIFF_RK = 0x027E,
     BIFF_STYLE = 0x0293,
-    BIFF_FORMULA4 = 0x0406, ///< the same of BIFF4
+    BIFF_FORMULA4 = 0x0406, ///< the form of BIFF4
     BIFF_BOF = 0x0809,
 };
 
-// What BOF says: the version and the kind of what follows up to EOF.
+// The fields of BOF: the version, and the kind of the records that follow up to EOF.
 inline constexpr quint16 BIFF8 = 0x0600;
 inline constexpr quint16 BOF_GLOBALS = 0x0005;
 inline constexpr quint16 BOF_WORKSHEET = 0x0010;
 
-// Flags of a text: 2 bytes a character, not 1; formatting runs and data for East Asian scripts follow the characters.
+// Flags of a text: 2 bytes for each character, not 1; data for East Asian scripts, or formatting runs, follow the
+// characters.
 inline constexpr quint8 TEXT_WIDE = 0x01;
 inline constexpr quint8 TEXT_EXTENDED = 0x04;
 inline constexpr quint8 TEXT_RICH = 0x08;

@@ -124,7 +124,7 @@ bool BiffCursor::Skip(quint64 count)
     return true;
 }
 
-/// Nearly every text lies within one record.
+/// Nearly all texts are within one record.
 std::optional<TextPool::Ref> BiffCursor::Characters(quint16 length, quint8 flags, TextPool &pool)
 {
     const bool isWide = (flags & TEXT_WIDE) != 0;

@@ -7,9 +7,9 @@
 #include <optional>
 #include <vector>
 
-/// The data of a record and of the CONTINUE records behind it, read from front to back as if they were one piece.
+/// Reads the data of a record and of the CONTINUE records after it, from front to back, as if they were one piece.
 ///
-/// Past the end there is nothing, and never a crash. Keeps views of the stream.
+/// Reading past the end is safe and returns nullopt or false. Keeps views of the stream.
 class BiffCursor
 {
 public:
@@ -18,11 +18,12 @@ public:
     [[nodiscard]] std::optional<quint8> U8();
     [[nodiscard]] std::optional<quint16> U16();
     [[nodiscard]] std::optional<quint32> U32();
-    /// Goes on by `count` bytes, or gives false when there are fewer.
+    /// Skips `count` bytes. False when there are fewer.
     [[nodiscard]] bool Skip(quint64 count);
 
-    /// A text with its count of characters in 2 bytes; runs and data behind the characters are skipped. When a record
-    /// ends within the characters, the next one begins with flags of its own. The stream is what `pool` has adopted.
+    /// Reads a text that begins with its number of characters in 2 bytes. Skips formatting runs and other data after
+    /// the characters. When a record ends within the characters, the next record begins with flags of its own. `pool`
+    /// must have adopted the stream.
     [[nodiscard]] std::optional<TextPool::Ref> Text(TextPool &pool);
 
 private:
@@ -32,11 +33,11 @@ private:
     template <typename T> [[nodiscard]] std::optional<T> Number();
 
     std::vector<QByteArrayView> parts; // none is empty
-    size_t part = 0;                   // where to read
+    size_t part = 0;                   // the current position
     qsizetype at = 0;
 };
 
-/// The records of a BIFF stream that nobody has checked yet. Keeps a view of it.
+/// Reads the records of a BIFF stream that isn't trusted. Keeps a view of the stream.
 class BiffReader
 {
 public:
@@ -49,14 +50,16 @@ public:
 
     explicit BiffReader(QByteArrayView view, quint64 start = 0) : stream(view), at(start) {}
 
-    /// The next record; nothing when no whole one is left.
+    /// Returns the next record; nullopt when no complete record is left.
     [[nodiscard]] std::optional<Record> Next();
-    /// The data of `record`, which came last, and of the CONTINUE records behind it, which won't come any more.
+    /// Returns the data of `record`, which must be the last that Next returned, and of the CONTINUE records after it.
+    /// Next doesn't return these any more.
     [[nodiscard]] BiffCursor WithContinued(const Record &record);
-    /// Reads the first record of a part of the stream, which must be of `kind` and in the format's version.
+    /// Reads the first record of a part of the stream. The part must be of the kind `kind` and have the format's
+    /// version.
     [[nodiscard]] WorkbookResult ReadBegin(quint16 kind);
 
-    /// What is wrong when no record is left.
+    /// Returns the failure for a stream in which no record is left.
     [[nodiscard]] WorkbookResult CutOff() const;
 
 private:
@@ -64,6 +67,6 @@ private:
     quint64 at;
 };
 
-// What is wrong with a record.
+// These return the failure for a wrong record.
 [[nodiscard]] WorkbookResult Damaged(const BiffReader::Record &record, const QString &what);
 [[nodiscard]] WorkbookResult TooShort(const BiffReader::Record &record);

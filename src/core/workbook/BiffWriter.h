@@ -7,7 +7,7 @@
 
 #include <functional>
 
-/// Makes the records of a BIFF stream, one behind the other, and hands them on in pieces of whole records.
+/// Makes the records of a BIFF stream, one after the other, and passes them on in pieces of whole records.
 ///
 ///     BiffWriter writer(take);
 ///     writer.Begin(BIFF_PANE).Add<quint16>(0, 2, 2, 0).Add<quint8>(2, 0);
@@ -26,13 +26,13 @@ public:
         return AddNumber(type), AddNumber<quint16>(0), *this;
     }
 
-    /// Adds numbers of type T to the record begun last.
+    /// Adds numbers of type T to the current record.
     template <typename T> BiffWriter &Add(auto... values) { return (AddNumber<T>(T(values)), ..., Measure()); }
     BiffWriter &Add(QByteArrayView data) { return bytes.append(data), Measure(); }
 
-    /// How much more data the record can take.
+    /// Returns the number of bytes for which the record has room.
     [[nodiscard]] quint64 Room() const { return MOST_RECORD_DATA - quint64(bytes.size() - dataAt); }
-    /// Hands on what is left, the last record complete.
+    /// Passes on the remaining records. The last record must be complete.
     void Flush()
     {
         take(bytes);
@@ -54,5 +54,5 @@ private:
 
     std::function<void(QByteArrayView)> take;
     QByteArray bytes;
-    qsizetype dataAt = 0; // of the record begun last
+    qsizetype dataAt = 0; // where the data of the current record begins
 };

@@ -13,29 +13,29 @@
 typedef struct _GsfOutput GsfOutput;
 typedef struct _GsfOutfile GsfOutfile;
 
-/// Sectors of one size that lie side by side, chained by a table of what follows each.
+/// Consecutive sectors of the same size, which a table links into chains: it has the next sector of each sector.
 ///
 /// Keeps a view of the bytes.
 struct SectorSpace
 {
     QByteArrayView bytes;
     quint64 sectorSize = 0;
-    std::vector<quint32> next; // by sector; the number of another one, or END_OF_CHAIN
+    std::vector<quint32> next; // by sector: the number of the next sector, or END_OF_CHAIN
 
     static constexpr quint64 WHOLE_CHAIN = std::numeric_limits<quint64>::max();
 
-    /// Puts `length` bytes of the chain that begins with sector `start` into `result`, or those up to the end of the
-    /// chain. `name` is for the reason of a failure.
+    /// Copies `length` bytes of the chain that begins with sector `start` into `result`; for WHOLE_CHAIN, the bytes up
+    /// to the end of the chain. `name` is for the reason of a failure.
     [[nodiscard]] WorkbookResult Gather(quint32 start, quint64 length, const QString &name, QByteArray &result) const;
-    /// The same bytes where they lie, when the chain's sectors do so side by side; else nothing.
+    /// Returns a view of the same bytes if the sectors of the chain are consecutive; otherwise nullopt.
     [[nodiscard]] std::optional<QByteArrayView> InPlace(quint32 start, quint64 length) const;
 };
 
-/// The streams in the root folder of a compound file ([MS-CFB]), read from memory.
+/// Reads the streams in the root folder of a compound file ([MS-CFB]) from memory.
 ///
-/// Costs no more memory and time than the file's size warrants, whatever the file says. The library that writes the
-/// container can't be trusted to read one: its stack grows with the depth of the file's directory.
-/// Keeps a view of the file.
+/// The memory and time that it takes are limited by the size of the file, whatever the file contains. The library that
+/// writes the container isn't safe for reading one: its stack grows with the depth of the file's directory. Keeps a
+/// view of the file.
 ///
 ///     CompoundReader container;
 ///     if (const WorkbookResult wrong = container.Open(file); wrong.HasFailed()) ...
@@ -46,8 +46,8 @@ public:
     [[nodiscard]] WorkbookResult Open(QByteArrayView file);
     /// Names are compared without regard to case.
     [[nodiscard]] bool Has(QStringView name) const { return Find(name) != nullptr; }
-    /// The bytes of a stream that is there: most writers leave them in one piece of the file. Those that aren't are
-    /// put into `gathered`.
+    /// Sets `stream` to the bytes of an existing stream. Most writers write a stream as one piece of the file; if it
+    /// isn't one piece, its bytes are copied into `gathered`.
     [[nodiscard]] WorkbookResult Read(QStringView name, QByteArrayView &stream, QByteArray &gathered) const;
 
 private:
@@ -71,7 +71,7 @@ private:
     std::vector<Stream> streams;
 };
 
-/// Writes a compound file with one stream in its root folder; the same bytes for the same stream.
+/// Writes a compound file with one stream in its root folder. The same stream always gives the same bytes.
 ///
 ///     CompoundWriter container("Workbook", file);
 ///     container.Write(piece);
@@ -79,11 +79,11 @@ private:
 class CompoundWriter
 {
 public:
-    /// The file has to stay, and isn't closed.
+    /// `file` must outlive this object, which doesn't close it.
     CompoundWriter(const char *name, std::FILE *file);
     /// Appends to the stream.
     void Write(QByteArrayView piece);
-    /// Completes the file; once. Tells of what failed before, too.
+    /// Completes the file. Call it only once. Also returns failures of earlier calls of Write.
     [[nodiscard]] WorkbookResult Close();
 
 private:

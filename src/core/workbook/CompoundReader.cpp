@@ -9,20 +9,20 @@
 namespace
 {
 
-// The header. Numbers are little-endian; sector 0 begins one sector's size behind the file's start.
+// The header. Numbers are little-endian. Sector 0 begins one sector size after the start of the file.
 //
 //   offset  size  meaning
 //        0     8  signature
 //       30     2  binary logarithm of a sector's size
-//       32     2  the same of a small sector
-//       44     4  sectors of the table that tells what follows each sector
+//       32     2  the same for a small sector
+//       44     4  number of sectors of the table, which has the next sector of each sector
 //       48     4  first sector of the directory
-//       56     4  smallest size of a stream that lies in sectors and not in small sectors
+//       56     4  smallest size of a stream that is in sectors and not in small sectors
 //       60     4  first sector of the table for small sectors
-//       68     4  first sector of the list that goes on below
-//       76   436  sectors of the table, the first 109 of them
+//       68     4  first sector with the rest of the list below
+//       76   436  list of the table's sectors, the first 109 of them
 //
-// The list goes on in sectors whose last number is the next such sector.
+// The list continues in sectors whose last number is the next such sector.
 constexpr quint64 HEADER_SIZE = 512;
 constexpr char SIGNATURE[] = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
 constexpr quint64 SECTOR_SHIFT = 30;
@@ -35,15 +35,15 @@ constexpr quint64 LIST = 68;
 constexpr quint64 LIST_IN_HEADER = 76;
 constexpr quint64 LISTED_IN_HEADER = 109;
 
-// An entry of the directory. The entries of one folder are a binary tree, whose order writers disagree on.
+// An entry of the directory. The entries of a folder are a binary tree. Writers order it in different ways.
 //
 //   offset  size  meaning
 //        0    64  name, UTF-16
 //       64     2  the name's size in bytes, with a zero character
 //       66     1  kind
-//       68     4  the entries before it: the number of one
-//       72     4  the entries behind it
-//       76     4  of a folder: the entries in it
+//       68     4  number of the root of the entries before it
+//       72     4  number of the root of the entries after it
+//       76     4  for a folder: number of the root of the entries in it
 //      116     4  first sector
 //      120     4  size in bytes (4 more bytes follow, which small sectors of 512 bytes leave undefined)
 constexpr quint64 ENTRY_SIZE = 128;
@@ -93,7 +93,7 @@ WorkbookResult SectorSpace::Gather(quint32 start, quint64 length, const QString 
         if (seen[sector])
             return BrokenXls(QStringLiteral("%1: the chain of sectors comes back to sector %2").arg(name).arg(sector));
         seen[sector] = true;
-        // The last sector of a file may be cut where its bytes aren't needed.
+        // The last sector of a file may be incomplete if its other bytes aren't needed.
         const quint64 at = sector * sectorSize;
         const quint64 here = std::min(sectorSize, reader.Size() - std::min(at, reader.Size()));
         const quint64 wanted = length == WHOLE_CHAIN ? here : std::min(sectorSize, left);
@@ -148,7 +148,7 @@ WorkbookResult CompoundReader::ReadTable()
     const ByteReader bytes(sectors.bytes);
     const quint64 perSector = sectors.sectorSize / 4;
     const quint64 sectorCount = DivideUp(bytes.Size(), sectors.sectorSize);
-    // What the table says of sectors that the file doesn't have is no matter.
+    // Entries of the table for sectors that the file doesn't have are ignored.
     const quint64 wanted = std::min<quint64>(HeaderField(TABLE_SECTORS), DivideUp(sectorCount, perSector));
     quint64 list = HeaderField(LIST) * sectors.sectorSize;
     quint64 inList = 0;

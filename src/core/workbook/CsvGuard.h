@@ -2,14 +2,15 @@
 
 #include <QString>
 
-// What keeps a spreadsheet from taking a text for a formula: one apostrophe in front.
+// An apostrophe before a text keeps a spreadsheet program from reading the text as a formula.
 //
-// It guards a text that begins, behind any blanks, with one of = + - @ or their full-width forms, or with a tab or a
-// line end. Apostrophes that such a text has in front already are looked through, so "'=a" gets one more and comes back
-// as it was; "'tis" needs none.
+// A text needs it if it begins, after any blanks, with one of = + - @ or their full-width forms, or with a tab or a
+// line end. Apostrophes that are before such a text already are skipped, so "'=a" gets one more and is read back
+// unchanged;
+// "'tis" needs none.
 
-/// Says whether a text goes into a .csv file with an apostrophe in front.
+/// Returns whether a text is written to a .csv file with an apostrophe before it.
 [[nodiscard]] bool NeedsCsvGuard(QStringView text);
 
-/// The text without the apostrophe that was put in front of it.
+/// Returns the text without the apostrophe that was added before it.
 [[nodiscard]] QStringView WithoutCsvGuard(QStringView text);

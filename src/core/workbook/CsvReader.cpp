@@ -10,9 +10,9 @@
 namespace
 {
 
-constexpr qsizetype MEMORY_PER_BYTE = 8; // a cell of one character takes 17, one of five takes 7
+constexpr qsizetype MEMORY_PER_BYTE = 8; // a cell of one character takes 17, a cell of five characters takes 7
 
-/// Where a file isn't text of its encoding.
+/// Returns the failure for a file that isn't text of its encoding, with the line.
 WorkbookResult FindBadLine(QByteArrayView utf8)
 {
     int line = 1;
@@ -26,7 +26,7 @@ WorkbookResult FindBadLine(QByteArrayView utf8)
     return {WorkbookFault::Broken, QStringLiteral("line %1 isn't UTF-8: save it as CSV in UTF-8").arg(line)};
 }
 
-/// The text of the file: UTF-16 with a byte order mark, or UTF-8 with or without one.
+/// Decodes the text of the file: UTF-16 with a byte order mark, or UTF-8 with or without one.
 WorkbookResult Decode(QByteArrayView file, QString &text)
 {
     const auto encoding = QStringConverter::encodingForData(file).value_or(QStringConverter::Utf8);
@@ -48,7 +48,8 @@ bool IsLineEnd(QChar c)
     return c == u'\r' || c == u'\n';
 }
 
-/// Of comma, semicolon and tab the one that stands most often in the first line, outside of quotes.
+/// Returns the separator: the one of comma, semicolon and tab that occurs most often in the first line, outside of
+/// quotes.
 QChar FindSeparator(QStringView text)
 {
     static constexpr QStringView CANDIDATES = u",;\t";
@@ -96,7 +97,7 @@ public:
     }
 
 private:
-    /// Reads up to what ends the field. What follows a closing quote belongs to the field as it stands.
+    /// Reads up to the end of the field. Characters after a closing quote belong to the field unchanged.
     WorkbookResult ReadField()
     {
         field.resize(0);
@@ -123,7 +124,7 @@ private:
         return {};
     }
 
-    /// Reads what stands in quotes, where two of them stand for one. False when the closing one is missing.
+    /// Reads a text in quotes, in which a doubled quote is one quote. False when the closing quote is missing.
     bool ReadQuoted()
     {
         for (++at;; ++at) {

@@ -10,8 +10,8 @@ namespace
 
 constexpr char BYTE_ORDER_MARK[] = "\xEF\xBB\xBF";
 
-/// Blanks at the ends and the separators of other places need no quotes by the standard, but not every reader is as
-/// careful.
+/// Returns whether a text is written in quotes. The standard requires none for blanks at the ends and for separators of
+/// other locales, but not all readers follow it.
 bool NeedsQuotes(QStringView text)
 {
     return text.front().isSpace() || text.back().isSpace() || std::any_of(text.begin(), text.end(), [](QChar c) {
@@ -36,7 +36,7 @@ void AppendField(QStringView text, QString &line)
 
 } // namespace
 
-/// No text file holds a zero: it becomes U+FFFD, as a lone surrogate does.
+/// A text file can't contain a zero character: it becomes U+FFFD, and so does a lone surrogate.
 WorkbookResult WriteCsv(ISheetSource &source, std::FILE *file)
 {
     if (source.RowCount() > Sheet::MOST_ROWS || source.ColumnCount() > int(Sheet::MOST_COLUMNS))

@@ -9,7 +9,8 @@
 namespace
 {
 
-// expat hands no context to these functions, and frees without the size: it stands before each block.
+// expat passes no context to these functions and no size to the one that frees, so the size is stored before each
+// block.
 constexpr size_t PREFIX = alignof(std::max_align_t);
 thread_local size_t taken = 0;
 

@@ -2,12 +2,13 @@
 
 #include <expat.h>
 
-/// A namespace-aware expat parser that doesn't take more memory than MOST_MEMORY, whatever it is given: it keeps each
-/// name it meets, and each element that is open. A name reaches the handlers as its namespace, SEPARATOR, and the rest.
+/// A namespace-aware expat parser that takes at most MOST_MEMORY, whatever its input is. The limit is needed because
+/// expat keeps each name in its input and each open element. The handlers get a name as its namespace, SEPARATOR, and
+/// the rest.
 class ExpatParser
 {
 public:
-    static constexpr char SEPARATOR = '\n';         // in no namespace: expat sees to it
+    static constexpr char SEPARATOR = '\n';         // no namespace contains it: expat ensures that
     static constexpr size_t MOST_MEMORY = 32 << 20; ///< bytes, for all parsers of a thread
 
     ExpatParser();

@@ -6,10 +6,10 @@
 
 #include <cstdio>
 
-// The formats, a pair of functions each. A reader gets the whole file, trusts nothing in it, and may add cells before
-// it fails; it doesn't call Sheet::Finish. It gives a text as it stands, a number as FormatFloat prints it, and nothing
-// for any other value (a boolean, an error, an empty cell). A writer writes to the start of an empty file, the same
-// bytes for the same sheet, and nothing when the sheet doesn't fit; whether the file took them, the caller asks it.
+// Each format has a reader and a writer. A reader gets the whole file, doesn't trust its content, and may add cells
+// before it fails; it doesn't call Sheet::Finish. It reads a text unchanged and a number as FormatFloat prints it, and
+// ignores other values (a boolean, an error, an empty cell). A writer gets an empty file. It writes the same bytes for
+// the same sheet, and nothing when the sheet doesn't fit. The caller must check whether the writes succeeded.
 
 /// Excel 97-2003: BIFF8 in the stream "Workbook" of a compound file ([MS-XLS], [MS-CFB]).
 [[nodiscard]] WorkbookResult ReadXls(const QByteArray &file, Sheet &sheet);

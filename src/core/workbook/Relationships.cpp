@@ -30,13 +30,13 @@ QByteArray KindOf(std::string_view type)
     return {};
 }
 
-/// The folder of a part, with its "/"; empty at the top.
+/// Returns the folder of a part, with its "/"; empty for a part at the top.
 QByteArray FolderOf(const QByteArray &part)
 {
     return part.first(part.lastIndexOf('/') + 1);
 }
 
-/// The name of the part that `target` means when it stands in a part of `folder`.
+/// Returns the name of the part that `target` refers to from a part in `folder`.
 QByteArray Resolve(const QByteArray &folder, const QByteArray &target)
 {
     const QByteArray whole = target.startsWith('/') ? target.mid(1) : folder + target;

@@ -8,18 +8,17 @@
 
 class ZipFile;
 
-/// A part that another part of the package leads to.
+/// A reference from one part of the package to another.
 struct Relationship
 {
     QByteArray id;
-    QByteArray kind;   ///< "worksheet"; empty for one that isn't of the format itself
-    QByteArray target; ///< name of a part; empty when it leads out of the package
+    QByteArray kind;   ///< such as "worksheet"; empty for a kind that the format doesn't define
+    QByteArray target; ///< name of the other part; empty when it is outside of the package
 };
 
-/// Reads where the part `source` leads to, in the order of the file; the package itself is the part with the empty
-/// name.
+/// Reads the relationships of the part `source`, in the order of the file. The empty name is the package itself.
 [[nodiscard]] WorkbookResult ReadRelationships(const ZipFile &zip, const QByteArray &source,
                                                std::vector<Relationship> &relationships);
 
-/// The first one of that kind; null when there is none.
+/// Returns the first relationship of that kind; null when there is none.
 [[nodiscard]] const Relationship *FindByKind(const std::vector<Relationship> &relationships, QByteArrayView kind);

@@ -13,7 +13,7 @@ enum Place
     RUN,
     TEXT,
 };
-// What sounds for the characters (rPh) isn't part of the text.
+// The phonetic text for the characters (rPh) isn't part of the text.
 constexpr XmlStep STEPS[] = {
     {XmlGrammar::DOCUMENT, "sst", LIST}, {LIST, "si", ITEM}, {ITEM, "t", TEXT}, {ITEM, "r", RUN}, {RUN, "t", TEXT},
 };
@@ -54,7 +54,7 @@ private:
     TextBudget &budget;
     TextPool &texts;
     std::vector<TextPool::Ref> &strings;
-    QString joined; // of the runs
+    QString joined; // the text of the runs
 };
 
 } // namespace

@@ -22,7 +22,7 @@ void Sheet::Finish()
 {
     if (!std::is_sorted(cells.begin(), cells.end(), IsBefore))
         std::stable_sort(cells.begin(), cells.end(), IsBefore);
-    // Of equal places the last one stays: unique keeps the first, so it looks from the end.
+    // The last of several texts of a cell is kept: unique keeps the first, so it runs from the end.
     const auto isSame = [](const Cell &a, const Cell &b) { return a.row == b.row && a.column == b.column; };
     const auto kept = std::unique(cells.rbegin(), cells.rend(), isSame);
     cells.erase(cells.begin(), kept.base());

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringDecoder>
 
-/// UTF-8 of a text, where a lone surrogate becomes U+FFFD.
+/// Converts a text to UTF-8. A lone surrogate becomes U+FFFD.
 [[nodiscard]] inline QByteArray ToUtf8(QStringView text)
 {
     if (text.isValidUtf16())
@@ -18,7 +18,7 @@
     return valid.toUtf8();
 }
 
-/// The text that UTF-8 stands for, where a byte order mark in front is a character as any other.
+/// Converts UTF-8 to a text. A byte order mark at the beginning is an ordinary character.
 [[nodiscard]] inline QString FromUtf8(QByteArrayView utf8)
 {
     if (!utf8.startsWith("\xEF\xBB\xBF"))

@@ -68,7 +68,7 @@ WorkbookResult WriteTo(const FileHandle &handle, const Format &format, ISheetSou
     const WorkbookResult result = format.write(source, file.get());
     if (result.fault != WorkbookFault::None && result.fault != WorkbookFault::CannotWrite)
         return result;
-    // What failed before fails again here, but for a disk that has room again; then its error is gone, not the mark.
+    // An earlier failure repeats here, except when the disk has room again: then errno is lost, but ferror still tells.
     if (std::fflush(file.get()) != 0)
         return {WorkbookFault::CannotWrite, SystemText(errno)};
     return std::ferror(file.get()) ? WorkbookResult{WorkbookFault::CannotWrite, SystemText(EIO)} : result;

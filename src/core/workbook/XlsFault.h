@@ -2,7 +2,7 @@
 
 #include "Workbook.h"
 
-// Failures of the .xls format in few words.
+// Short functions for failures of the .xls format.
 
 inline WorkbookResult NoXls(const QString &reason)
 {
@@ -19,7 +19,7 @@ inline WorkbookResult TooLargeForXls(const QString &reason)
     return {WorkbookFault::TooLarge, reason};
 }
 
-/// "row 3, column 2: " of a place that counts from 0.
+/// Returns a text such as "row 3, column 2: ". `row` and `column` are from 0.
 inline QString XlsPlace(quint64 row, quint64 column)
 {
     return QStringLiteral("row %1, column %2: ").arg(row + 1).arg(column + 1);

@@ -16,7 +16,8 @@ namespace
 constexpr int SHEET_IS_WORKSHEET = 0;
 constexpr qsizetype NAME_AT = 6; // in BOUNDSHEET
 
-/// A name with its count of characters in one byte. As much of it as is there: it is only shown.
+/// Reads a name that begins with its number of characters in one byte. Reads as much of it as there is, because the
+/// name is only shown.
 QString SheetName(QByteArrayView field)
 {
     if (field.size() < 2)
@@ -30,7 +31,8 @@ QString SheetName(QByteArrayView field)
     return name;
 }
 
-/// One reading of a workbook's stream: what holds for all sheets first, then the first worksheet.
+/// Reads a workbook's stream: first the globals, which are valid for all sheets, then the first worksheet. One object
+/// for each reading.
 class XlsParser
 {
 public:
@@ -94,7 +96,7 @@ WorkbookResult XlsParser::ReadGlobal(const Record &record)
 WorkbookResult XlsParser::ReadBoundSheet(const Record &record)
 {
     const auto at = ByteReader(record.data).U32(0);
-    const auto flags = ByteReader(record.data).U16(4); // how it is hidden, and its kind
+    const auto flags = ByteReader(record.data).U16(4); // whether the sheet is hidden, and its kind
     if (!at || !flags)
         return TooShort(record);
     if (!sheetAt && *flags >> 8 == SHEET_IS_WORKSHEET) {
@@ -106,7 +108,7 @@ WorkbookResult XlsParser::ReadBoundSheet(const Record &record)
 
 WorkbookResult XlsParser::ReadTexts(BiffCursor data)
 {
-    const bool hasTotal = data.U32().has_value(); // how often the texts are used
+    const bool hasTotal = data.U32().has_value(); // the number of uses of the texts
     const auto count = data.U32();
     if (!hasTotal || !count)
         return BrokenXls(QStringLiteral("the table of texts has no count"));

@@ -20,7 +20,8 @@ std::optional<double> Double(QByteArrayView bytes, quint64 at)
     return std::bit_cast<double>(quint64(*high) << 32 | *low);
 }
 
-/// A number in 4 bytes: the upper 30 bits of a double or a whole number of 30 bits, either of them perhaps times 100.
+/// Unpacks a number from 4 bytes: the upper 30 bits of a double, or an integer of 30 bits. Either may be multiplied by
+/// 100.
 double Unpacked(quint32 packed)
 {
     const double value =
@@ -85,7 +86,7 @@ WorkbookResult XlsSheetReader::ReadAwaited(BiffCursor data)
     return cell ? AddText(cell->first, cell->second, data.Text(sheet.texts)) : WorkbookResult();
 }
 
-/// The cells say more exactly where they are; this only catches claims that nothing can come up to.
+/// Refuses dimensions that no sheet can have. The cells have their exact places, so nothing else is checked here.
 WorkbookResult XlsSheetReader::CheckDimensions(const Record &record) const
 {
     const quint32 rows = ByteReader(record.data).U32(4).value_or(0);
@@ -99,7 +100,7 @@ WorkbookResult XlsSheetReader::CheckDimensions(const Record &record) const
     return {};
 }
 
-/// Row, column and format come first in every cell, 2 bytes each; of these only where texts begin is told below.
+/// Each cell begins with its row, column and format, 2 bytes each. The records differ in the offset of the text.
 WorkbookResult XlsSheetReader::ReadCell(const Record &record, quint16 row, quint16 column)
 {
     switch (record.type) {
@@ -121,7 +122,7 @@ WorkbookResult XlsSheetReader::ReadCell(const Record &record, quint16 row, quint
     return AddText(row, column, data.Skip(6) ? data.Text(sheet.texts) : std::nullopt);
 }
 
-/// The result is a number, or something else when its last two bytes are 0xFFFF; then the first one tells what.
+/// The result is a number unless its last two bytes are 0xFFFF; then its first byte is the kind of the result.
 WorkbookResult XlsSheetReader::ReadFormula(const Record &record, quint16 row, quint16 column)
 {
     const auto mark = ByteReader(record.data).U16(12);
@@ -134,8 +135,8 @@ WorkbookResult XlsSheetReader::ReadFormula(const Record &record, quint16 row, qu
     return {};
 }
 
-/// The record of one number has a format and a number; that of many has as many of these as there are, and the last
-/// column.
+/// The record of one number has a format and the number. The record of several numbers has a format and a number for
+/// each of them, and then the last column.
 WorkbookResult XlsSheetReader::ReadNumbers(const Record &record, quint16 row, quint16 column)
 {
     const quint64 end = record.type == BIFF_RK ? 10 : quint64(record.data.size()) - 2;

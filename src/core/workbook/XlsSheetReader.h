@@ -6,9 +6,9 @@
 #include <optional>
 #include <vector>
 
-/// Reads the cells of one worksheet out of a workbook's stream, from its BOF to its EOF.
+/// Reads the cells of one worksheet from a workbook's stream, from its BOF to its EOF.
 ///
-/// Keeps views of the stream and of the texts that cells share.
+/// Keeps views of the stream and of the shared texts.
 class XlsSheetReader
 {
 public:
@@ -22,8 +22,9 @@ public:
 private:
     using Record = BiffReader::Record;
 
-    /// How many characters numbers may become. Texts can't be much larger than the file, but 6 bytes of it can be a
-    /// number of 300 digits. It grows with the file, so that no ordinary one is refused.
+    /// The limit of the number of characters to which numbers are converted. Texts can't be much larger than the file,
+    /// but 6 bytes of it can be a number of 300 digits. The limit grows with the file, so that no ordinary file is
+    /// refused.
     static constexpr quint64 FIXED_GRANT = 16 << 20;
     static constexpr quint64 GRANT_BY_BYTE = 3;
 
@@ -41,5 +42,5 @@ private:
     const std::vector<TextPool::Ref> &texts;
     Sheet &sheet;
     quint64 grant;
-    std::optional<std::pair<quint16, quint16>> awaited; // the formula whose text comes in a record of its own
+    std::optional<std::pair<quint16, quint16>> awaited; // the cell of a formula whose text is in a later record
 };

@@ -5,7 +5,7 @@
 namespace
 {
 
-/// So much of `characters` as goes into `room` bytes, and never half of a surrogate pair.
+/// Returns the beginning of `characters` that fits into `room` bytes. Never splits a surrogate pair.
 QByteArrayView Fitting(QByteArrayView characters, quint64 room, quint16 width)
 {
     const qsizetype size = qsizetype(room - room % width);
@@ -17,7 +17,8 @@ QByteArrayView Fitting(QByteArrayView characters, quint64 room, quint16 width)
     return characters.first(isInPair ? size - 2 : size);
 }
 
-/// The count of characters and their flags stay together; a piece of the characters in another record has flags anew.
+/// Writes a text. Its number of characters and its flags are in the same record; each further record with its
+/// characters begins with the flags.
 void WriteText(BiffWriter &writer, QByteArrayView characters, quint16 width)
 {
     constexpr quint64 HEAD_AND_PAIR = 3 + 4;

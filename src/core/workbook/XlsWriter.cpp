@@ -11,13 +11,13 @@ namespace
 
 constexpr int HEADER_ROWS = 2;
 
-// The formats of cells. Programs expect those of styles first, and number 15 to be that of a cell without any.
+// The formats of cells. Programs expect the formats of styles first, and number 15 as the format of a cell without one.
 constexpr int STYLE_FORMATS = 15;
 constexpr quint16 FORMAT_NONE = 15;
 constexpr quint16 FORMAT_TEXT = 16;
 constexpr quint16 FORMAT_HEADER = 17;
 
-constexpr quint16 LINE_HEIGHT = 255; // in 1/20 points, of 10 points
+constexpr quint16 LINE_HEIGHT = 255; // in 1/20 points, for a font of 10 points
 
 constexpr quint16 FONT_NORMAL = 0;
 constexpr quint16 FONT_BOLD = 1;
@@ -50,7 +50,7 @@ void WriteFormat(BiffWriter &writer, quint16 font, quint16 numberFormat, quint16
 void WriteFormats(BiffWriter &writer)
 {
     constexpr quint16 GENERAL = 0;
-    constexpr quint16 TEXT = 49; // what is typed stays as it is, and "=1" is no formula
+    constexpr quint16 TEXT = 49; // typed text stays unchanged, and "=1" isn't a formula
     constexpr quint16 STYLE = 0xFFF5;
     constexpr quint16 CELL = 0x0001;
     constexpr quint8 BOTTOM = 0x20;
@@ -67,7 +67,7 @@ void WriteFormats(BiffWriter &writer)
     writer.Begin(BIFF_STYLE).Add<quint16>(0x8000).Add<quint8>(0, 0xFF); // "Normal"
 }
 
-/// What holds for the whole workbook; the sheet begins at `sheetAt`.
+/// Writes the records for the whole workbook. The sheet begins at `sheetAt`.
 void WriteGlobals(BiffWriter &writer, qsizetype sheetAt, const XlsTextTable &texts)
 {
     constexpr quint16 UTF16 = 1200;
@@ -82,20 +82,20 @@ void WriteGlobals(BiffWriter &writer, qsizetype sheetAt, const XlsTextTable &tex
     writer.Flush();
 }
 
-/// Column 0 is for the names of IDs, column 1 for types, the others for texts; in characters.
+/// Returns the width of a column in characters. Column 0 has the names of IDs, column 1 the types, the others texts.
 qsizetype WidthOf(size_t column)
 {
     return column == 0 ? 30 : column == 1 ? 14 : 40;
 }
 
-/// A cell that is typed into later has the column's format.
+/// Writes the columns. Their format is used for cells into which a user types later.
 void WriteColumns(BiffWriter &writer, int columns)
 {
     for (int column = 0; column < columns; ++column)
         writer.Begin(BIFF_COLINFO).Add<quint16>(column, column, WidthOf(size_t(column)) * 256, FORMAT_TEXT, 0, 0);
 }
 
-/// How many lines a text takes, about: a letter of East Asia is as wide as two others.
+/// Estimates how many lines a text takes. An East Asian character is as wide as two others.
 qsizetype LinesOf(QStringView text, qsizetype width)
 {
     constexpr char16_t FIRST_OF_EAST_ASIA = 0x2E80;
@@ -112,10 +112,11 @@ qsizetype LinesOf(QStringView text, qsizetype width)
     return lines + 1;
 }
 
-/// A row that has its cells on one line needs no record. Programs that lay out anew what is wrapped do so still.
+/// Writes the height of a row. A row whose cells need only one line has no record. Programs that lay out wrapped text
+/// again still do so.
 void WriteHeight(BiffWriter &writer, qint64 row, std::span<const QStringView> cells)
 {
-    constexpr qsizetype MOST_LINES = 32; // Excel has rows of 409 points
+    constexpr qsizetype MOST_LINES = 32; // Excel's rows have at most 409 points
     constexpr quint16 MUST_BE_SET = 0x0100;
     qsizetype lines = 1;
     for (size_t column = 0; column < cells.size(); ++column)
@@ -125,7 +126,7 @@ void WriteHeight(BiffWriter &writer, qint64 row, std::span<const QStringView> ce
                                             MUST_BE_SET, FORMAT_NONE);
 }
 
-/// The header stays in sight while the rows below it are scrolled.
+/// Makes the header stay visible while the rows below it are scrolled.
 void WriteView(BiffWriter &writer)
 {
     constexpr quint16 USUAL_AND_FROZEN = 0x07BE;
@@ -198,7 +199,7 @@ WorkbookResult WriteXls(ISheetSource &source, std::FILE *file)
         return wrong;
     texts.Close();
 
-    // The globals say where the sheet behind them begins, so they are measured first.
+    // The globals contain the offset of the sheet, which is after them, so their size is measured first.
     qsizetype sheetAt = 0;
     BiffWriter measure([&sheetAt](QByteArrayView piece) { sheetAt += piece.size(); });
     WriteGlobals(measure, 0, texts);

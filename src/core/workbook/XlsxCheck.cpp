@@ -27,8 +27,8 @@ constexpr XmlStep STEPS[] = {
 };
 constexpr XmlGrammar GRAMMAR = {{SPREADSHEET_ML, STRICT_SPREADSHEET_ML}, STEPS, WorkbookFault::Broken};
 
-/// Sums up the cells of a sheet that has the texts in the cells. Makes no texts of them, which takes half of the time
-/// that reading the sheet does.
+/// Sums up the cells of a sheet that has the texts in the cells. It doesn't decode the texts, so it takes half the time
+/// of reading the sheet.
 class SumPart : public XmlPart
 {
 public:
@@ -50,7 +50,7 @@ private:
         if (step != TEXT)
             return;
         const QByteArrayView name(place.data(), qsizetype(place.size()));
-        // The library has escaped control characters too, in addition to what it was given.
+        // The library has escaped control characters too, in addition to the escapes that it was given.
         if (text.contains('_'))
             found.Add(name, EncodeXlsxText(DecodeXlsxText(text)));
         else
@@ -65,7 +65,7 @@ WorkbookResult Damaged(const QString &reason)
     return {WorkbookFault::Broken, reason};
 }
 
-/// A part of which the end is missing has the right checksum when it was cut off before it was packed.
+/// Reads a part as XML to its end, because a part that was truncated before it was packed has the right checksum.
 WorkbookResult CheckXml(const ZipFile &zip, const QByteArray &name)
 {
     const ExpatParser parser;

@@ -4,11 +4,11 @@
 
 #include <QByteArray>
 
-/// What the cells of a sheet come to: how many there are, and a checksum of their places and texts, in the order of
-/// adding. Only sums of the same run of the program can be compared.
+/// The number of a sheet's cells, and a checksum of their places and texts, in the order in which they are added. Only
+/// sums of the same run of the program can be compared.
 struct CellSum
 {
-    /// `place` is the cell's name, such as "AA3"; `text` is as `EncodeXlsxText` gives it.
+    /// `place` is the cell's name, such as "AA3"; `text` is in the form that `EncodeXlsxText` returns.
     void Add(QByteArrayView place, QByteArrayView text);
     bool operator==(const CellSum &) const = default;
 
@@ -16,6 +16,6 @@ struct CellSum
     size_t sum = 0;
 };
 
-/// Reads a workbook back that `WriteXlsx` has made: the checksum of every part, each as XML to its end, and the cells,
-/// which have to come to `written`. The reason names the part that is damaged.
+/// Reads back a workbook that `WriteXlsx` has made and checks the checksum of each part, that each part is complete
+/// XML, and that the sum of the cells is `written`. The reason names the damaged part.
 [[nodiscard]] WorkbookResult CheckXlsx(QByteArrayView file, const CellSum &written);

@@ -5,7 +5,7 @@
 namespace
 {
 
-/// Days since the last one of 1899. These sheets have a 29 February 1900, which wasn't.
+/// Returns the days since the last day of 1899. These sheets have a 29 February 1900, which didn't exist.
 qint64 DaysOf(QDate date, bool from1904)
 {
     if (from1904)

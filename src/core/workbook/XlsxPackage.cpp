@@ -70,7 +70,7 @@ private:
     std::vector<ListedSheet> &sheets;
 };
 
-/// Finds the first sheet that has cells; a chart can be a sheet too.
+/// Finds the first sheet with cells. A sheet can also be a chart.
 WorkbookResult FindWorksheet(const std::vector<ListedSheet> &sheets, const std::vector<Relationship> &relationships,
                              XlsxParts &parts)
 {

@@ -6,14 +6,14 @@
 
 class ZipFile;
 
-/// The names of the parts of a package that the first worksheet is read from.
+/// The names of the parts of a package from which the first worksheet is read.
 struct XlsxParts
 {
-    bool datesFrom1904 = false; ///< dates count from 1904 on, not from 1900
+    bool datesFrom1904 = false; ///< dates are counted from 1904, not from 1900
     QByteArray worksheet;
     QByteArray sharedStrings; ///< empty when there is no such part
     QString sheetName;
 };
 
-/// Finds them, by the relationships of the package.
+/// Finds these parts through the relationships of the package.
 [[nodiscard]] WorkbookResult FindXlsxParts(const ZipFile &zip, XlsxParts &parts);

@@ -24,7 +24,8 @@ WorkbookResult ReadPackage(const ZipFile &zip, TextBudget &budget, Sheet &sheet)
     return result.HasFailed() ? result : ReadXlsxSheet(zip, parts, strings, budget, sheet);
 }
 
-/// What a compound file is, where a ZIP file should be: the application puts a workbook with a password into one.
+/// Explains a compound file in place of a ZIP file: the application puts a workbook with a password into a compound
+/// file.
 WorkbookResult ExplainCompoundFile(QByteArrayView file)
 {
     const std::u16string_view name = u"EncryptedPackage";

@@ -36,7 +36,7 @@ QString ToText(std::string_view view)
     return QString::fromUtf8(view.data(), qsizetype(view.size()));
 }
 
-/// A number without a sign that is all of the text; nothing when it is something else or doesn't fit.
+/// Parses a text that is a number without a sign. Returns nullopt for another text and for a number that doesn't fit.
 std::optional<quint64> ParseNumber(std::string_view text)
 {
     quint64 number = 0;
@@ -47,8 +47,8 @@ std::optional<quint64> ParseNumber(std::string_view text)
     return number;
 }
 
-/// The number of the column that a reference such as "AB12" begins with, from 1, of which the letters are taken off; 0
-/// when there is none.
+/// Returns the number, from 1, of the column with which a reference such as "AB12" begins, and removes its letters from
+/// `reference`. Returns 0 when there is none.
 quint64 TakeColumn(std::string_view &reference)
 {
     constexpr int MOST_LETTERS = 7;
@@ -111,7 +111,7 @@ private:
         CheckPlace();
     }
 
-    /// The reference of a cell names its row too, which counts.
+    /// The row in the reference of a cell overrides that of its row element.
     void EnterCell(std::optional<std::string_view> reference)
     {
         ++column;
@@ -176,7 +176,7 @@ private:
     {
         constexpr quint64 MOST_EXACT = quint64(1) << 53;
         if (const auto whole = ParseNumber(value); whole && *whole < MOST_EXACT)
-            return Add(QString::number(*whole)); // the same text, in a third of the time
+            return Add(QString::number(*whole)); // gives the same text in a third of the time
         bool isNumber = false;
         const double number = QByteArrayView(value.data(), qsizetype(value.size())).toDouble(&isNumber);
         if (!isNumber || !std::isfinite(number))
@@ -219,10 +219,10 @@ private:
     const std::vector<TextPool::Ref> &sharedStrings;
     TextBudget &budget;
     Sheet &sheet;
-    quint64 row = 0; // both from 1
+    quint64 row = 0; // row and column are from 1
     quint64 column = 0;
     Type type = Type::None;
-    QString text; // of the runs of a cell so far
+    QString text; // of the runs of the cell so far
 };
 
 } // namespace

@@ -6,7 +6,7 @@
 struct XlsxParts;
 class ZipFile;
 
-/// Reads the cells of the worksheet among the parts into `sheet`.
+/// Reads the cells of the worksheet of `parts` into `sheet`.
 [[nodiscard]] WorkbookResult ReadXlsxSheet(const ZipFile &zip, const XlsxParts &parts,
                                            const std::vector<TextPool::Ref> &sharedStrings, TextBudget &budget,
                                            Sheet &sheet);

@@ -9,7 +9,7 @@ namespace
 
 constexpr qsizetype ESCAPE_SIZE = 7; // "_xHHHH_"
 
-/// The unit that the escape at `at` stands for; nothing when there is none.
+/// Returns the unit that is escaped at `at`; nullopt when there is no escape.
 std::optional<QChar> EscapeAt(QStringView text, qsizetype at)
 {
     if (text.size() - at < ESCAPE_SIZE || text[at] != u'_' || text[at + 1] != u'x' || text[at + 6] != u'_')

@@ -2,12 +2,13 @@
 
 #include <QString>
 
-// A text in an .xlsx file: what XML can't hold stands in it as "_xHHHH_", a UTF-16 unit in hexadecimal, and a text that
-// has such a thing in it gets its first "_" escaped. Of the control characters the writing library takes care itself.
+// In a text of an .xlsx file, a character that XML can't contain is escaped as "_xHHHH_", a UTF-16 unit in hexadecimal.
+// If the text itself contains such a sequence, the first "_" of the sequence is escaped. The writing library escapes
+// control characters by itself.
 
-/// The text that the UTF-8 of an element stands for. Blanks at its ends count even where the element doesn't say so
-/// (xml:space): Gnumeric never does.
+/// Decodes the text of an element from UTF-8. Blanks at its ends belong to the text even if the element doesn't say so
+/// (xml:space), because Gnumeric never does.
 [[nodiscard]] QString DecodeXlsxText(QByteArrayView utf8);
 
-/// UTF-8 for the writing library, which takes up to the first zero. A lone surrogate becomes U+FFFD.
+/// Encodes a text as UTF-8 for the writing library, which reads up to the first zero. A lone surrogate becomes U+FFFD.
 [[nodiscard]] QByteArray EncodeXlsxText(QStringView text);

@@ -19,7 +19,7 @@ namespace
 
 constexpr int HEADER_ROWS = 2;
 constexpr qsizetype LONGEST_TEXT = 32'767; // UTF-16 units
-constexpr double WIDTHS[] = {30, 14};      // of the first columns, in characters
+constexpr double WIDTHS[] = {30, 14};      // widths of the first columns, in characters
 constexpr double OTHER_WIDTH = 40;
 constexpr time_t CREATED = 1577836800; // 2020-01-01, so that the same sheet gives the same bytes
 
@@ -34,10 +34,10 @@ WorkbookResult CheckSize(const ISheetSource &source)
     return {};
 }
 
-/// One writing of a workbook to a file of its own.
+/// Writes a workbook to a file of its own. One object for each writing.
 ///
-/// The library writes each row out as soon as the next one begins, with the texts in their cells: for texts that hardly
-/// repeat, that is both faster and smaller in memory than a table of them.
+/// The library writes each row as soon as the next one begins, with the texts in the cells. For texts that are rarely
+/// repeated that is faster and takes less memory than a table of shared texts.
 class XlsxFile
 {
 public:
@@ -66,7 +66,7 @@ public:
         return result.HasFailed() ? result : Result(workbook_close(std::exchange(workbook, nullptr)));
     }
 
-    /// The cells that were handed to the library.
+    /// The sum of the cells that were passed to the library.
     [[nodiscard]] const CellSum &Cells() const { return cells; }
 
 private:
@@ -89,7 +89,7 @@ private:
         header = AddFormat();
         format_set_bold(header);
         worksheet_freeze_panes(sheet, HEADER_ROWS, 0);
-        // Empty cells too: what somebody types into one has to stay a text.
+        // Empty cells need the format too, so that what a user types into them stays a text.
         for (int column = 0; column < columns; ++column)
             worksheet_set_column(sheet, lxw_col_t(column), lxw_col_t(column),
                                  column < int(std::size(WIDTHS)) ? WIDTHS[column] : OTHER_WIDTH, cell);
@@ -132,7 +132,7 @@ private:
         return {};
     }
 
-    lxw_workbook *workbook = nullptr; // null once it is closed
+    lxw_workbook *workbook = nullptr; // null after it is closed
     lxw_worksheet *sheet = nullptr;
     lxw_format *cell = nullptr;
     lxw_format *header = nullptr;
@@ -158,8 +158,8 @@ WorkbookResult WriteXlsx(ISheetSource &source, std::FILE *file)
     QByteArray bytes;
     if (const int error = ReadFile(path, bytes))
         return {WorkbookFault::CannotWrite, QString::fromLocal8Bit(std::strerror(error))};
-    // The library doesn't look whether its temporary files take what it writes: when a write fails, something is
-    // missing, and it knows of no error.
+    // The library doesn't check whether its writes to temporary files succeed: after a failed write a part of the
+    // workbook is missing, and the library reports no error.
     if (const WorkbookResult damaged = CheckXlsx(bytes, xlsx.Cells()); damaged.HasFailed())
         return {WorkbookFault::CannotWrite,
                 QStringLiteral("the new workbook was damaged on the way (%1), so the file is as it was before. "

@@ -7,7 +7,7 @@ namespace
 {
 
 constexpr qsizetype LONGEST_TEXT = 1 << 20; // bytes; a cell has 32,767 characters
-constexpr qint64 LONGEST_TAG = 1 << 20;     // bytes; expat looks at all of a tag again for each piece of it
+constexpr qint64 LONGEST_TAG = 1 << 20;     // bytes; expat scans a tag from its start for each piece of it
 
 } // namespace
 
@@ -20,7 +20,7 @@ std::optional<std::string_view> XmlAttributes::Find(std::string_view name) const
     return std::nullopt;
 }
 
-/// What expat calls; it may do so once more after it was stopped.
+/// The functions that expat calls. It may call them once more after it was stopped.
 struct XmlPart::Handlers
 {
     static void Start(void *user, const XML_Char *name, const XML_Char **attributes)
@@ -87,7 +87,7 @@ WorkbookResult XmlPart::Read(const ZipFile &zip, const QByteArray &name)
     return outcome.HasFailed() ? outcome : unpacked;
 }
 
-/// Parses a piece, the last one when it is empty. False when it fails.
+/// Parses a piece. An empty piece is the last one. False when parsing fails.
 bool XmlPart::Take(QByteArrayView piece)
 {
     fed += piece.size();

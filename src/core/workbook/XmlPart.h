@@ -12,20 +12,20 @@
 
 class ZipFile;
 
-/// The attributes of an element, as expat tells them.
+/// The attributes of an element, in the form in which expat passes them.
 class XmlAttributes
 {
 public:
     explicit XmlAttributes(const XML_Char *const *pairs) : list(pairs) {}
-    /// The value of one of that name; nothing when there is none.
+    /// Returns the value of the attribute of that name; nullopt when there is none.
     [[nodiscard]] std::optional<std::string_view> Find(std::string_view name) const;
 
 private:
     const XML_Char *const *list; // name, value, ..., null
 };
 
-/// An element that counts: `name` within the element at `parent` leads to `place`. Any other element is passed over,
-/// with all that stands in it.
+/// An element that is read: the element `name` within the element at the place `parent` has the place `place`. All
+/// other elements and their content are skipped.
 struct XmlStep
 {
     int parent;
@@ -33,18 +33,18 @@ struct XmlStep
     int place;
 };
 
-/// What elements a part is read for.
+/// The elements of a part that are read.
 struct XmlGrammar
 {
-    static constexpr int DOCUMENT = 0; ///< where the root stands
+    static constexpr int DOCUMENT = 0; ///< the place that contains the root element
 
-    std::array<std::string_view, 2> namespaces; ///< of the elements, and as the strict variant of the format has it
+    std::array<std::string_view, 2> namespaces; ///< the namespace of the elements, and that of the strict variant
     std::span<const XmlStep> steps;
     WorkbookFault otherRoot; ///< the fault when another element is the root
 };
 
-/// Reads one part of a package, piece by piece. What reads a certain kind of part derives from it and is told of the
-/// elements that its grammar names. A document type, and with it any entity, is refused.
+/// Reads one part of a package, piece by piece. The readers of particular kinds of parts derive from it; Enter and
+/// Leave are called for the elements in their grammars. A document type, and with it any entity, is refused.
 ///
 ///     WorkbookPart part;
 ///     const WorkbookResult result = part.Read(zip, "xl/workbook.xml");
@@ -58,15 +58,15 @@ public:
     [[nodiscard]] WorkbookResult Read(const ZipFile &zip, const QByteArray &name);
 
 protected:
-    /// The grammar has to stay.
+    /// The grammar must outlive this object.
     explicit XmlPart(const XmlGrammar &what) : grammar(what) {}
 
     virtual void Enter(int place, const XmlAttributes &attributes) = 0;
-    /// `text` is what was read since the last element was entered, in UTF-8: of an element without others within it,
-    /// all.
+    /// `text` is the text, in UTF-8, that was read since the last element was entered: the whole text of an element
+    /// that contains no others.
     virtual void Leave(int place, QByteArrayView text) = 0;
 
-    /// Ends the reading.
+    /// Stops the reading with a failure.
     void Fail(WorkbookFault fault, const QString &reason);
 
 private:
@@ -80,8 +80,8 @@ private:
     XML_Parser parser = nullptr;
     QString partName;
     WorkbookResult outcome;
-    std::vector<int> places; // of the elements that are open
-    int passedOver = 0;      // how many elements are open within them that don't count
+    std::vector<int> places; // of the open elements
+    int passedOver = 0;      // the number of open elements within them that are skipped
     QByteArray gathered;
     qint64 fed = 0;
 };

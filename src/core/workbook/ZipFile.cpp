@@ -2,14 +2,14 @@
 
 #include "ByteReader.h"
 
-#define ZLIB_CONST // it doesn't write to what it inflates
+#define ZLIB_CONST // zlib doesn't write to its input
 #include <zlib.h>
 
 #include <algorithm>
 #include <array>
 #include <memory>
 
-// What is read of the file, little-endian (APPNOTE, PKWARE):
+// The fields of the file that are read, little-endian (APPNOTE, PKWARE):
 //
 //   end of the directory     0 "PK\5\6"  10 number of entries, 16 bits  12 size of the directory  16 its offset
 //                           20 length of the comment that follows, 16 bits
@@ -33,8 +33,8 @@ constexpr quint16 ENCRYPTED = 1;
 constexpr quint16 STORED = 0;
 constexpr quint16 DEFLATED = 8;
 
-constexpr quint64 SMALL_PART = 16 << 20; // bytes; for a larger one there is a limit to how far it shrinks
-constexpr quint64 MOST_SHRINKING = 100;  // sheets shrink to a tenth or a thirtieth; a bomb to a thousandth
+constexpr quint64 SMALL_PART = 16 << 20; // bytes; the compression ratio of larger parts is limited
+constexpr quint64 MOST_SHRINKING = 100;  // sheets shrink to a tenth or a thirtieth; a ZIP bomb to a thousandth
 constexpr quint64 LARGEST_PART = 1 << 30;
 constexpr qsizetype PIECE = 64 << 10;
 
@@ -48,7 +48,8 @@ quint64 U64(const ByteReader &bytes, quint64 at)
     return quint64(*bytes.U32(at + 4)) << 32 | *bytes.U32(at);
 }
 
-/// Puts the 64-bit numbers of the extra fields where the entry has none. False when they aren't there.
+/// Sets those numbers that the entry doesn't have to the 64-bit numbers in the extra fields. False when these are
+/// missing.
 bool ReadWideNumbers(QByteArrayView extra, std::array<quint64 *, 3> numbers)
 {
     const bool isWide = std::any_of(numbers.begin(), numbers.end(), [](quint64 *n) { return *n == IN_EXTRA_FIELD; });
@@ -89,7 +90,7 @@ public:
     Unpacker(const Unpacker &) = delete;
     Unpacker &operator=(const Unpacker &) = delete;
 
-    /// The next bytes, none at the end; nothing when they are damaged.
+    /// Returns the next bytes; empty at the end, nullopt when they are damaged.
     std::optional<QByteArrayView> Next() { return isInflating ? NextInflated() : NextStored(); }
 
 private:

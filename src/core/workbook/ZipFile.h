@@ -7,12 +7,12 @@
 
 #include <functional>
 
-/// The parts of a ZIP file, read where they lie in it.
+/// Reads the parts of a ZIP file in memory.
 ///
-/// Trusts nothing: a directory that overlaps anything, two parts of one name or of the same bytes, a part that grows
-/// beyond measure, isn't as long as the directory says or has another checksum are failures. Knows the 64-bit sizes of
-/// a part, which some writers always use, but no file of more than 65,535 parts. Names are the same in any case. Owns
-/// nothing: the file has to stay.
+/// It doesn't trust the file. These are failures: a directory that overlaps anything, two parts with the same name or
+/// the same bytes, and a part that unpacks to far too much, doesn't have the size in the directory or has another
+/// checksum. It supports the 64-bit sizes of parts, which some writers always use, but not files of more than 65,535
+/// parts. Names are compared without regard to case. It doesn't own the file, which must outlive it.
 ///
 ///     ZipFile zip;
 ///     zip.Open(file);
@@ -25,16 +25,16 @@ public:
 
     [[nodiscard]] bool Has(const QByteArray &name) const { return parts.contains(name.toLower()); }
 
-    /// The names of all parts, in lower case and no order.
+    /// Returns the names of all parts, in lower case and in no particular order.
     [[nodiscard]] QList<QByteArray> Names() const { return parts.keys(); }
 
-    /// Hands out a part piece by piece, until `take` gives false, which isn't a failure.
+    /// Calls `take` with a part, piece by piece, until it returns false, which isn't a failure.
     [[nodiscard]] WorkbookResult Read(const QByteArray &name, const std::function<bool(QByteArrayView)> &take) const;
 
 private:
     struct Part
     {
-        QByteArrayView data; // as it lies in the file
+        QByteArrayView data; // as it is in the file
         quint64 size = 0;    // unpacked
         quint32 crc = 0;
         quint16 method = 0;
@@ -48,5 +48,5 @@ private:
 
     QByteArrayView file;
     QHash<QByteArray, Part> parts;                  // by name in lower case
-    std::vector<std::pair<quint64, quint64>> taken; // where each part begins, with its header, and ends
+    std::vector<std::pair<quint64, quint64>> taken; // start and end of each part, including its header
 };
