@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Installs what is missing, builds, and packs the sample project into the sample application, which then reads its resources
 # on an emulated ARM processor.
 set -eu

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The list of files: each operation is compared with the least work that it can consist of.
 #include "BenchModel.h"
 #include "FileIcons.h"

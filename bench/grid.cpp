@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The grid of the string table: each operation is compared with the least work that it can consist of, or with Qt's
 // own.
 #include "NameOrder.h"

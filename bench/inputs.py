@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Makes the inputs of the benchmarks: projects, string files, pictures, an ELF file.
 
 The same arguments give the same bytes.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Layout files: loading one compared with parsing it, saving it compared with printing it, and setting one property or
 // naming a new component, for any size of the layout. The frames of the preview compared with a walk of the tree.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The panes of a layout in a window: a layout shown beside the load of its file, and what a user does in a layout of
 // 5,000 components, until all panes are painted, beside the 16 ms of a frame.
 

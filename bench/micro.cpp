@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The time of internal operations, each compared with a plain form of the same work in the same run.
 
 #include "BenchModel.h"

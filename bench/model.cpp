@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A large tree of resources: default IDs, and emptying folders.
 
 #include "BenchModel.h"

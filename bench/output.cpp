@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The output pane: the time for a line must not grow with the number of lines.
 #include "CInfoPane.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Phases of a pack, for any number of parts.
 
 #include "BenchModel.h"

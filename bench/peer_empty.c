@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /* A peer of the benchmarks: the cost of a C program that does nothing. */
 
 int main(void)

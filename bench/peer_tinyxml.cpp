@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A peer of the benchmarks: parses an XML file with TinyXML and does nothing with it.
 
 #include <cstdio>

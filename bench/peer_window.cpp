@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A peer of the benchmarks: a main window with a tool bar and a tree, and nothing else. Ends once it is painted.
 
 #include <QApplication>

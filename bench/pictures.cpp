@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Thumbnails: their cost for the main thread compared with the decoding, and the delay that they cause for its other
 // work.
 #include "PictureDecoding.h"

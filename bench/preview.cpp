@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The preview of a layout: a full repaint compared with Qt's own view of items, with the same rectangles and labels.
 
 #include "Environment.h"

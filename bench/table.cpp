@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The string table: opening it compared with reading the lines of its file, one edit for any size of the table, and the
 // keys of a filter.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The watch of a project's files during a storm of writes, compared with the writes.
 
 #include "CFileChangeMonitor.h"

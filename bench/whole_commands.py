@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Times whole commands and peers that do the same work, and prints the ratios as a table.
 
 usage: bench/whole_commands.py BUILD [--rounds N] [--only WORD]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program with its window, for a benchmark. It starts, opens the project on the command line if there is one, and
 // ends once the tree, or without a project the output pane, is painted.
 #include "CInfoPane.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # How the parts of this tree are built. Users' projects want Morvanite.cmake instead.
 
 # What every target of ours is compiled with.

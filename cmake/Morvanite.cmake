@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # For the build of an application whose resources Morvanite keeps: docs/cmake.md tells how to use it.
 #
 #   morvanite_pack(<target>

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # find_package(Morvanite): gives morvanite_pack.
 include(${CMAKE_CURRENT_LIST_DIR}/Morvanite.cmake)
 if(NOT MORVANITE_CLI)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # For find_package(Morvanite 1.0): any version from the wanted one on, as long as the first number is the same.
 set(PACKAGE_VERSION 1.0.0)
 if(PACKAGE_FIND_VERSION VERSION_GREATER PACKAGE_VERSION)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Runs one command of morvanite-cli for a build rule of Morvanite.cmake:
 #   cmake [-D DEPFILE=<file> -D CACHE=<file>] -P MorvaniteRun.cmake -- <command line>
 # CACHE is what the generator for make remembers of the depfile. It never forgets a file, and make takes one that isn't

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* See docs/payload-format.md for the bytes:
  *
  *     directory   name, zero byte, offset (4), size (4); again and again, up to the empty name

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* Reads Morvanite's resources in an application on the device.
  *
  * Plain C99 (and C++), freestanding: no allocation, no library call, no state of its own. It reads a payload in place,

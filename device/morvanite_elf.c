@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* The fields of the ELF format that are needed to find a section by its name:
  *
  *     header            0 magic, class, byte order     32 section table    46 size of a section header

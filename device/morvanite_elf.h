@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* Finds the payload in an application's own file, for devices whose applications are ELF files that they can read. Not
  * needed if the firmware knows the address of its resources. Follows the rules of morvanite_device.h. */
 #ifndef MORVANITE_ELF_H

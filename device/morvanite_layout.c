@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* See docs/layout-format.md for the bytes:
  *
  *     header   "MLAY", version (1), size of the header (1), levels (2), size of the layout (4), ID (4), table (4)

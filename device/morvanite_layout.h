@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* Walks a layout: the components of a screen with their properties. Optional; it follows the rules of
  * morvanite_device.h: nothing is copied or allocated, and every size is checked before it is used.
  *

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Checks rules of this tree that no compiler knows. Prints each breach; the exit status is 1 when there is one."""
 
 import pathlib
@@ -11,6 +12,7 @@ LONGEST_FUNCTION = 60
 # Who may be longer, and why. The list may only shrink.
 EXCUSED_FILES = {}
 EXCUSED_FUNCTIONS = {}
+LICENCE = 'SPDX-License-Identifier: MIT'
 # Who may open a file for writing in the core: the one that replaces project files in one step, and the pack's outputs.
 WRITERS = ('src/core/platform/FileReplacement.cpp', 'src/core/pack/', 'src/core/channel/LocalSocket.cpp',
            'src/core/platform/RunTool.cpp',
@@ -163,6 +165,9 @@ def main():
                 breaches.append(where + 'opens a file by itself; project files are replaced by WriteFileAtomically')
             if name.startswith('src/core/') and re.search(r'\bassert\(', line):
                 breaches.append(where + 'an assert; bytes of a file are checked instead')
+    for name in tracked('*.h', '*.c', '*.cpp', '*.py', '*.sh', '*.cmake', '*CMakeLists.txt', '.ci/run'):
+        if LICENCE not in pathlib.Path(name).read_text(encoding='utf-8')[:200]:
+            breaches.append('%s: no line "%s" at the top' % (name, LICENCE))
     for breach in breaches:
         print(breach)
     return bool(breaches)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What run.sh, test.sh and .ci/run share. Source it from the top of the tree.
 
 # Another clone of this tree finds what this one has compiled.

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Send a command to a running Morvanite and print its report, as an IDE plug-in does.
 
     ide_client.py load PROJECT.vcproj

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Draws docs/pictures/run.png: what the packed sample shows, and the pictures that it carries; and start-screen.png: the
 preview of its start screen beside what the program on the device reads of it.
 

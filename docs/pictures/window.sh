@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # Takes the pictures of the window for README.md and docs/window.md anew, with the sample: docs/pictures/window.sh [BUILD]
 # BUILD, "build" if it isn't given, is a folder in which app_pictures has been built. Needs the packages of the tests, and
 # fonts-lohit-deva for the texts in Hindi.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A command as it arrives: 4 bytes of dwData, and the record. Runs the handler over a document that never opens, and
 // works out what would be packed; aborts when a command leaves anything behind or its report lacks its end.
 #include "CResoTable.h"

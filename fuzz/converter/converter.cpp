@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Readers.h"
 
 /// The picture readers of the converter, told apart by their first bytes as the program does it. Pictures are kept

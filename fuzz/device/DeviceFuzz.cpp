@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ReadEverything.h"
 
 #include "morvanite_elf.h"

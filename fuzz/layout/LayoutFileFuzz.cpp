@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A layout file of any bytes: what it gives is saved, comes back the same, and takes typed objects.
 
 #include "../project/FuzzFolder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A text for every type of value; its first byte says which value was there before. Aborts when a text that is accepted
 // doesn't print as what it parses to, when a value doesn't come back from its stored text, or when a layout's component
 // doesn't read as it was written.

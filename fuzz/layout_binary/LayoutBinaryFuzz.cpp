@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ReadLayout.h"
 
 // The bytes are an item, whose key is the ID that stands in them.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A project's configuration of any bytes: reading ends, in UTF-8 and in a code page of two bytes.
 
 #include "FuzzFolder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Settings of any bytes: every reading ends, and a change of one key leaves the rest as it was.
 
 #include "FuzzFolder.h"

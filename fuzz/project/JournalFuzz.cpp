@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The journal of an interrupted save, of any bytes: recovery ends, and touches no file outside the project, none that a
 // save doesn't write, and none that has no new content waiting beside it.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A resource list of any bytes: it loads or it doesn't, and what has loaded can be saved and loads again.
 
 #include "CResDoc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes the seeds of the targets device, elf and inspect. Usage: make_seeds FOLDER
 #include "ElfBuilder.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A string file whose first byte says in what pieces it arrives. Reads it into an empty project and once more over the
 // result, writes the table and reads that into another project; aborts when that one isn't the same table.
 #include "Environment.h"

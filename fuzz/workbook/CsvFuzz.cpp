@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A .csv file. Writes what was read and reads it again; aborts when that gives other texts.
 #include "SheetTexts.h"
 

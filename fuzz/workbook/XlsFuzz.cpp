@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An .xls file, or the stream in one when the signature of the container is missing. Reads it, writes what was read and
 // reads that; aborts when it isn't the same table.
 #include "CompoundFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An .xlsx file; or, so that mutations get behind the checksums, what its parts hold: the shared strings, the sheet,
 // the workbook and its relationships, with a zero between them. Writes some of what was read and reads it again; aborts
 // when that gives other texts.

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Draws every picture of the weather clock into ../res.
 
 The drawings are SVG texts put together below; rsvg-convert turns them into pixels, Pillow into png, bmp, gif and jpg.

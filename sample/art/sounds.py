@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Synthesises the sounds of the weather clock into ../res/sound: 16 bit, mono, 8 kHz. They are committed."""
 
 import math

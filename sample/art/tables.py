@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Works out the binary tables of the weather clock into ../res/data. They are committed.
 
 weather_codes.bin   "WXC1", count (16 bits), then for each code of a weather report (WMO 4677) two bytes: code, condition

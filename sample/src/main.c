@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* The weather clock: a small application for a device whose resources Morvanite packs.
  *
  * It finds the section with its resources in its own file and shows what is in it. The first argument is the language

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 #include "own_file.h"
 
 #include <stdio.h>

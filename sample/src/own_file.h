@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* The program's own file in memory. */
 #ifndef WEATHERCLOCK_OWN_FILE_H
 #define WEATHERCLOCK_OWN_FILE_H

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* The header of a picture in the device's format. */
 #ifndef WEATHERCLOCK_PICTURE_H
 #define WEATHERCLOCK_PICTURE_H

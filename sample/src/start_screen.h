@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 #ifndef START_SCREEN_H
 #define START_SCREEN_H
 

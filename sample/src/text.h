@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* Text on a terminal: its width, and printing it in columns. */
 #ifndef WEATHERCLOCK_TEXT_H
 #define WEATHERCLOCK_TEXT_H

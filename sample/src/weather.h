@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* The weather data of the clock: conditions, and the two tables in its resources. */
 #ifndef WEATHERCLOCK_WEATHER_H
 #define WEATHERCLOCK_WEATHER_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Depfile.h"
 #include "HeaderFolder.h"
 #include "HostFiles.h"

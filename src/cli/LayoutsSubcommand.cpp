@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CatalogueFile.h"
 #include "LayoutSurvey.h"
 #include "Paths.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // ReadWorkbook and WriteWorkbook for a program: they load libmorvanite-workbook.so, which has the real functions. The
 // libraries of the formats would cost the window's start, and every other command, some megabytes and milliseconds.
 

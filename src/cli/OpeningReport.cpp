@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OpeningReport.h"
 
 bool TellOfOpening(Session &session, const QString &project, CResDoc *doc, bool strict)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OutputPump.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Depfile.h"
 #include "HostFiles.h"
 #include "OpeningReport.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RemoteSubcommand.h"
 
 #include "IdeCommandClient.h"

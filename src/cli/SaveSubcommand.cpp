@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OpeningReport.h"
 #include "ProjectSave.h"
 #include "RemoteSubcommand.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Subcommands.h"
 
 #include "Session.h"

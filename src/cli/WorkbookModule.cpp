@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WorkbookModule.h"
 
 // The symbol that WORKBOOK_FUNCTIONS names.

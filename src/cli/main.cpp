@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program itself. It is small, so that it starts quickly. Everything but the version is in libmorvanite-commands.so
 // beside it.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ActionRoute.h"
 #include "MenuTable.h"
 #include "TestWindow.h"

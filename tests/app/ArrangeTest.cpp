@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The windows of projects: how they are arranged, minimised and closed, and what is there afterwards.
 #include "TestWindow.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sizes of the docking bars: which of them the user chose, and where they come back.
 #include "HostFiles.h"
 #include "Settings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The boxes and dialogs of the program, as a user meets them.
 #include "IdeCommandHandler.h"
 #include "TestWindow.h"

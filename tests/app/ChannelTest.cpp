@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "IdeCommands.h"
 #include "LocalSocket.h"
 #include "RuntimeFolder.h"

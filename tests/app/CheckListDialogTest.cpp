@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The dialog of check boxes, as a user meets it.
 #include "CListFltrDlg.h"
 #include "CListGrid.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CLayoutRes.h"
 #include "CLotCplistView.h"
 #include "CLotEditorView.h"

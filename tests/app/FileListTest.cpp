@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CellPlace.h"
 #include "FileActions.h"
 #include "FileListModel.h"

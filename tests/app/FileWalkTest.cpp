@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pane of files and its list under a user who does anything, with a disk that may have anything.
 #include "CFileWatchDlg.h"
 #include "CTreeFltrDlg.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The find bar and the strip of details of the string view, each by itself.
 #include "FindBar.h"
 #include "DetailsStrip.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FrameState.h"
 #include "RecentFiles.h"
 #include "Settings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which languages a project has: the choice among those of the language table, without a window.
 #include "CLangFltr.h"
 #include "FakeBoxes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The panes of layouts under a user who does anything, while other programs write the layout file.
 #include "CLayoutRes.h"
 #include "CLotCplistView.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How a cell of a list is drawn, in which direction its text runs, and where a row is.
 #include "CListGrid.h"
 #include "ListCellDelegate.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ListSettings.h"
 #include "Settings.h"
 #include "TempFolder.h"

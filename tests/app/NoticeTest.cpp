@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "NoticeText.h"
 #include "TestWindow.h"
 

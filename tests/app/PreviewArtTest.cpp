@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The preview that draws the images and texts of its components, in a window.
 #include "CLotScreenView.h"
 #include "StringWindow.h"

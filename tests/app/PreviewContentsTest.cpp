@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the preview draws of a component when it draws pictures: images and texts that properties refer to.
 #include "PreviewContents.h"
 
@@ -56,7 +57,8 @@ TEST(PreviewContents, AreTheImagesAndTextsThatPropertiesReferTo)
     PreviewContent button;
     button.images = {"all.png"};
     button.fit = ImageFit::Tile;
-    button.text = ShownText{u"Hello"_s, Qt::LeftToRight, 0x0C0B0A, Qt::AlignLeft | Qt::AlignBottom, 24, false, false, false};
+    button.text =
+        ShownText{u"Hello"_s, Qt::LeftToRight, 0x0C0B0A, Qt::AlignLeft | Qt::AlignBottom, 24, false, false, false};
     EXPECT_EQ(of(1), button);
 
     EXPECT_TRUE(of(2).IsEmpty()) << "of another resolution, no reference, without a file, no such text";

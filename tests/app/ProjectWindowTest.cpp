@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProjectTree.h"
 #include "TestWindow.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // When and in which order the user is asked about files that other programs have changed, without a window; and the
 // dialog that asks.
 #include "ReloadQueue.h"

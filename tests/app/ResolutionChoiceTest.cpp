@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which resolutions a project is for: the choice without a window, its dialog, and the command in the window. And the
 // dialog that asks for a zoom.
 #include "CResoFltr.h"

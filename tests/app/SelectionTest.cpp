@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is selected, and what the views hold, while folders go and come.
 #include "TestProject.h"
 #include "TestWindow.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The project goes while the user is in the middle of something in its strings.
 #include "CListFltrDlg.h"
 #include "FindBar.h"

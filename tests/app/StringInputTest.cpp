@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What no table of strings should get, by all ways that lead into it.
 #include "FindBar.h"
 #include "Spreadsheet.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StringWindow.h"
 
 #include "FindBar.h"

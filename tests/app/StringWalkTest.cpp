@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The string view and its table under a user who does anything.
 #include "CFileWatchDlg.h"
 #include "CListFltrDlg.h"

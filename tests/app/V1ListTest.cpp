@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The dialog of the resources of version 1.0, as a user meets it.
 #include "CListGrid.h"
 #include "CZEP10ResDlg.h"

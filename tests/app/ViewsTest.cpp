@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the views of a project decide, and what they do with the keyboard and the mouse.
 #include "MenuTable.h"
 #include "ProgramStyle.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the window does when another program changes the files of its projects.
 #include "CFileWatchDlg.h"
 #include "StringWindow.h"

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """A day with the files, on a screen with a window manager: drops files from another program, renames, browses, chooses
 resolutions, saves, meets files that other programs change, and comes back to the same rows, widths and thumbnails.
 

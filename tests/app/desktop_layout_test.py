@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """A day with a layout, on a screen with a window manager: adds a component from the Toolbox, sets a property of each kind,
 moves it into another one, picks in the preview at several zooms, deletes, saves, and comes back to the same components.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """A day with the strings, on a screen with a window manager and with another program's clipboard: edits cells by the
 keyboard, sorts, finds, pastes, takes back, saves, and comes back to the same texts, order and widths.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """The program on a screen with a window manager: opens a project, goes through its tree, empties a folder, saves, ends, and
 comes back in the same place.
 

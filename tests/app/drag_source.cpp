@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Another program's window, from which files are dragged: drag_source X Y FILE... It is at X, Y of the screen and 40
 // pixels wide and high. A press of the mouse in it begins to drag the files.
 #include <QApplication>

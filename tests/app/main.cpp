@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tests of the window: real events to real widgets, without a screen.
 #include "ProgramStyle.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Takes pictures of the window's main states, with the sample: app_pictures FOLDER [dark] [rtl]. QT_SCALE_FACTOR=2
 // takes them for a sharp screen. "rtl" shows a right-to-left window. With "icons" behind FOLDER it makes the
 // application's icon in the usual sizes instead.

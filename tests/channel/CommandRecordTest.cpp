@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CommandRecord.h"
 #include "CResoTable.h"
 #include "Environment.h"

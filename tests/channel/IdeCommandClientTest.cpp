@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "IdeCommandClient.h"
 
 #include "ReportPipe.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "IdeCommandHandler.h"
 
 #include "CommandRecord.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ReportPipe.h"
 
 #include "Sockets.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Sockets.h"
 
 #include <sys/stat.h>

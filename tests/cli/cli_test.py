@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """morvanite-cli as its user sees it: output, error stream and exit status together, byte for byte."""
 
 import json

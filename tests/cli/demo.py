@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A project on disk for tests, and the program that works on it."""
 
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """How morvanite-cli names, reads and writes files: links, limits, signals, pipes, and why something can't be done."""
 
 import fcntl

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What a pack does to files, and what it says of them on the error stream."""
 
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """--strict, headers, --settings and the words of a pack: what is refused, with its reason, and that nothing was written."""
 
 import unittest

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # What a build with morvanite_pack does again, and what not, when one file of the project changes.
 # Use: build_rules.sh MORVANITE_CLI REPOSITORY GENERATOR
 set -euo pipefail

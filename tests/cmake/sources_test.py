@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A build with morvanite_pack writes nothing beside the sources, whatever is wrong with them.
 
 Use: sources_test.py MORVANITE_CLI REPOSITORY GENERATOR

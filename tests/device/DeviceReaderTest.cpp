@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "morvanite_device.h"
 
 #include "PayloadBuilder.h"

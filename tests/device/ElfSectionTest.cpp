@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "morvanite_elf.h"
 
 #include "ElfBuilder.h"

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # Compiles the reader as a firmware's compiler would: every warning an error, as C99 and as C++, freestanding; for ARM in
 # less than 2 KiB of Thumb code, and 1 KiB for layouts, that needs no library. Usage: check-compilers.sh DEVICE_FOLDER. 77: no compiler is there.
 set -eu

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # Files of the real compiler, grown by a pack, as other people's tools see them: none complains of anything new, nothing
 # behind the header has changed, and the new section holds what the side file holds.
 # Usage: elf_tools_test.sh MORVANITE_CLI ARM_GCC

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PictureLoader.h"
 #include "ConverterRun.h"
 #include "SamplePictures.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PicturePane.h"
 #include "Environment.h"
 #include "PictureLoader.h"

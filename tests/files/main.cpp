@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tests of the pictures in the file pane, without a screen.
 #include <QApplication>
 

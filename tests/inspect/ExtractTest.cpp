@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileLimit.h"
 #include "InspectFixture.h"
 

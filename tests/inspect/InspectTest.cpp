@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "InspectFixture.h"
 
 #include <QJsonDocument>

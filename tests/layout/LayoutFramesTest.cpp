@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LayoutFrames.h"
 
 #include "CLayoutRes.h"

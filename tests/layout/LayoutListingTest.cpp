@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LayoutListing.h"
 
 #include "TestModel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TestCatalogue.h"
 
 #include "IDPool.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Resources.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TestModel.h"
 
 TEST(ProcessTables, EachLineOfTheResolutionFileGivesANewSizeHoweverItIsDivided)

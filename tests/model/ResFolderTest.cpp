@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TestModel.h"
 
 using namespace Qt::StringLiterals;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ImageConversion.h"
 #include "PackCodes.h"
 #include "PackProject.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LayoutExport.h"
 #include "PackProject.h"
 

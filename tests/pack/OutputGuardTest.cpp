@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PackCodes.h"
 #include "PackProject.h"
 

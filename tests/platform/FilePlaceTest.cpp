@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Environment.h"
 #include "Paths.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "NameOrder.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Xml.h"
 #include "XmlWriter.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProjectConfig.h"
 #include "ProjectContext.h"
 #include "TestProject.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CLayoutRes.h"
 #include "TestProject.h"
 

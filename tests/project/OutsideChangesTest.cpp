@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileLimit.h"
 #include "KeptFiles.h"
 #include "Leftovers.h"

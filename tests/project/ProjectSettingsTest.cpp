@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TestProject.h"
 
 using namespace Qt::StringLiterals;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProjectContext.h"
 #include "TestProject.h"
 

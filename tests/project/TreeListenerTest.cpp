@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Who holds on to nodes is told before they are destroyed. A tree that forgets to tell shows under AddressSanitizer,
 // and without it by what is held and isn't there any more.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Packs the sample a second time, in Python and from the description of the format alone, and wants the same bytes.
 
 Use: payload.py MORVANITE_CLI REPOSITORY

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Looks through the data of the program folder and of the sample for what the programs can't say themselves.
 
 Use: program_folder.py REPOSITORY

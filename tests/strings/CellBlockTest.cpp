@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CellBlock.h"
 #include "TableProject.h"
 

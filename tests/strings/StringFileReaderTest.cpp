@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StringProject.h"
 
 using namespace Qt::StringLiterals;

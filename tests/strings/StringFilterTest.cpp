@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StringFilter.h"
 #include "StringGaps.h"
 #include "TableProject.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "GridWalk.h"
 #include "TableProject.h"
 

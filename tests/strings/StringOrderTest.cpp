@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StringOrder.h"
 
 #include "TableProject.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PlainTable.h"
 #include "Spreadsheet.h"
 #include "TableProject.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Runs the real converter, whose path is the program's last argument."""
 
 import os

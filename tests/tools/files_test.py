@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The converter's command line and what it does to files. Usage: files_test.py CONVERTER"""
 
 import os

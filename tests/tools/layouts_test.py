@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """The converter of layouts as the packer starts it: its command line, its messages, its files.
 
 Use: layouts_test.py ZUL_XML_CONV CONVERT_I_2_H REPOSITORY

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Writers of pictures, from the descriptions of the formats alone, and of what the converter must make of them."""
 
 import struct

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What becomes of each kind of picture. Usage: pictures_test.py CONVERTER"""
 
 import pathlib

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CFileChangeMonitor.h"
 #include "HostFiles.h"
 #include "TempFolder.h"

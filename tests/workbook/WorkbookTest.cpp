@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What holds for every format: what is written comes back, is what other programs read, or is refused.
 #include "FileLimit.h"
 #include "TempFolder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ByteReader.h"
 #include "TestTable.h"
 #include "XlsBuilder.h"

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Converts a workbook with the libraries of others: workbook_oracle.py IN OUT.
 
 From .xls to .csv, its texts; from .csv to .xls; or from .xls to .txt, what a user sees of a sheet beside its texts.

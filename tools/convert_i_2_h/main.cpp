@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Makes a C header from the tables of numbers that zul_xml_conv.exe writes.
 #include <cerrno>
 #include <csignal>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "BmpHeader.h"
 
 #include "PictureBytes.h"

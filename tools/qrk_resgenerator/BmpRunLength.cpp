@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "BmpRunLength.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 /// Limits the memory and the processor time of this process, so that no picture can exhaust the host. Requests for more

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LayoutRows.h"
 
 #include "LayoutFileObject.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LayoutWriter.h"
 
 #include "ZulValues.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ActionRoute.h"
 
 IActionTarget *ActionRoute::Find(ActionId id, ActionState &state) const

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MenuTable.h"
 
 #include <algorithm>

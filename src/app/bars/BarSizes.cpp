@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "BarSizes.h"
 
 #include "CSizingControlBar.h"

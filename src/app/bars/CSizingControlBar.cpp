@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CSizingControlBar.h"
 
 #include "Settings.h"

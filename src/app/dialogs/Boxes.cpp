@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Boxes.h"
 
 QMessageBox::StandardButton ShowBox(QWidget *parent, QMessageBox::Icon icon, const QString &text,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CFileWatchDlg.h"
 
 #include "CellLine.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CListFltrDlg.h"
 
 #include "CListGrid.h"

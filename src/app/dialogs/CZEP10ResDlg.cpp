@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CZEP10ResDlg.h"
 
 #include "CListGrid.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CZoomRatioDlg.h"
 
 #include "Boxes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CheckDialog.h"
 
 #include "OkCancel.h"

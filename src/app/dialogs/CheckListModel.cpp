@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CheckListModel.h"
 
 CheckListModel::CheckListModel(CheckList &checkList, QObject *parent) : QAbstractTableModel(parent), list(checkList) {}

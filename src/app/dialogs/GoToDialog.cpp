@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "GoToDialog.h"
 
 #include "FolderKinds.h"

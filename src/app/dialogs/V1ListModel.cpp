@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "V1ListModel.h"
 
 #include "CellLine.h"

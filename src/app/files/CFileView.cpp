@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CFileView.h"
 
 #include "CResDoc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ConverterRun.h"
 
 #include "RunTool.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileGrid.h"
 
 #include "CellEditor.h"

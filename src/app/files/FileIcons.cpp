@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileIcons.h"
 
 #include "Paths.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileListModel.h"
 
 #include "CellLine.h"

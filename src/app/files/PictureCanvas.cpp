@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PictureCanvas.h"
 
 #include "PreviewTexts.h"

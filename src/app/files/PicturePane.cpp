@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PicturePane.h"
 
 #include "ConverterRun.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PreviewTexts.h"
 
 #include "LoadedPicture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CListGrid.h"
 
 #include "CopyGuard.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CellEditor.h"
 
 #include "CListGrid.h"

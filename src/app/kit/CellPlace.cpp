@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CellPlace.h"
 
 std::optional<QRect> PlaceOverCell(const QRect &cell, const QRect &client, int growth)

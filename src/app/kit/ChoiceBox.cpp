@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ChoiceBox.h"
 
 #include "CListGrid.h"

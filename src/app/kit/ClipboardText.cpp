@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ClipboardText.h"
 
 #include "XClipboardQuestion.h"

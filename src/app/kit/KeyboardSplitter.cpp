@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "KeyboardSplitter.h"
 
 #include <QKeyEvent>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LineEndGuard.h"
 
 #include "Text.h"

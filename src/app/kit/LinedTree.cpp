@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LinedTree.h"
 
 #include "TreeLines.h"

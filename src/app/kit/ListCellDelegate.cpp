@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ListCellDelegate.h"
 
 #include "LiteralTip.h"

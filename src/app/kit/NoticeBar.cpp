@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "NoticeBar.h"
 
 #include "NoticeText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PaneView.h"
 
 void PaneView::OnUpdate(CView *, long, CView *target)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CLotCplistView.h"
 
 #include "CLayoutRes.h"

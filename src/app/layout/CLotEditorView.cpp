@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CLotEditorView.h"
 
 #include "CListGrid.h"

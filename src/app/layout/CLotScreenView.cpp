@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CLotScreenView.h"
 
 #include "CLayoutRes.h"

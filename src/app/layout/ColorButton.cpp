@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ColorButton.h"
 
 #include <QPainter>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LayoutPanes.h"
 
 #include "CLayoutRes.h"

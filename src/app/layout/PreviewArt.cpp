@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PreviewArt.h"
 
 #include "DrawnPart.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PreviewLabels.h"
 
 #include "CellLine.h"

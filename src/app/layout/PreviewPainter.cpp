@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PreviewPainter.h"
 
 #include "CoveredTiles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PreviewPictures.h"
 
 #include "DrawnPart.h"

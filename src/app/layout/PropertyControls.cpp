@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PropertyControls.h"
 
 #include "CListGrid.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PropertyDelegate.h"
 
 #include "PropertyModel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PropertyFilter.h"
 
 #include <QKeyEvent>

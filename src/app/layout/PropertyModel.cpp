@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PropertyModel.h"
 
 #include "CellLine.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ToolboxList.h"
 
 #include "ComponentTree.h"

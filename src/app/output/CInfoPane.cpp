@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CInfoPane.h"
 
 #include "Actions.h"

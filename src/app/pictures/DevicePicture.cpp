@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DevicePicture.h"
 
 #include "ByteReader.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PictureDecoding.h"
 
 #include "DevicePicture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PictureLoader.h"
 
 #include "PictureWorkers.h"

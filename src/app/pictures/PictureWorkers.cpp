@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PictureWorkers.h"
 
 #include "PictureDecoding.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ChoiceEditors.h"
 
 #include "CLayoutRes.h"

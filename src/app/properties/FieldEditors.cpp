@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FieldEditors.h"
 
 #include "FloatText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FieldPlaces.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FreeEditors.h"
 
 #include "CLayoutRes.h"

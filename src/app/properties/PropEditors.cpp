@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PropEditors.h"
 
 #include "ChoiceEditors.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PropertyChoices.h"
 
 #include "CLayoutRes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PropertyRows.h"
 
 #include "Environment.h"

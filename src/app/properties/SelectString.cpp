@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SelectString.h"
 
 int SelectString(const QStringList &choices, QStringView text)

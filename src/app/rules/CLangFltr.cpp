@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CLangFltr.h"
 
 #include "Environment.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CResoFltr.h"
 
 #include "ResModel.h"

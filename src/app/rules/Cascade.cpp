@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Cascade.h"
 
 QList<QRect> CascadePlaces(int count, const QSize &area, int title, const QSize &smallest)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CellLine.h"
 
 #include "Text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CheckTree.h"
 
 void CheckTree::SetCheckAll(Item &item, bool checked)

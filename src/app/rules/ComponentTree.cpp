@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ComponentTree.h"
 
 #include "CLayoutRes.h"

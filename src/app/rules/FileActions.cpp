@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileActions.h"
 
 #include "FileList.h"

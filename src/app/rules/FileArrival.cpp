@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileArrival.h"
 
 #include "HostFiles.h"

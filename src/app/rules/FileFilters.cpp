@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileFilters.h"
 
 QString FileFilter::NameFilter() const

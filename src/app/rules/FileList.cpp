@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileList.h"
 
 #include "Environment.h"

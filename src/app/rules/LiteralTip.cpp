@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LiteralTip.h"
 
 #include "CellLine.h"

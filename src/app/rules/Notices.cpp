@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Notices.h"
 
 void Notices::Add(const QString &text)

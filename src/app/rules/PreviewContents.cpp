@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PreviewContents.h"
 
 #include "TextDirection.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PreviewZoom.h"
 
 #include "CLayoutRes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RecentFiles.h"
 
 #include "Paths.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ResourceCounts.h"
 
 #include "FolderKinds.h"

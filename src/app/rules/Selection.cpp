@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Selection.h"
 
 #include "FolderKinds.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StringGridRules.h"
 
 #include "Paths.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TreeLines.h"
 
 QList<QLine> TreeLines(const QRect &part, int indentation, Qt::LayoutDirection direction, const TreeLinesRow &row)

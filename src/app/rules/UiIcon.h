@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 /// The program's icons. They are drawn as vectors on a grid of 16 by 16 and are sharp at any scale.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ZoomActions.h"
 
 #include "PreviewZoom.h"

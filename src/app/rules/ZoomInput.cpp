@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ZoomInput.h"
 
 QString ZoomInput::Message()

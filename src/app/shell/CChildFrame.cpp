@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CChildFrame.h"
 
 #include "Actions.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CMorvaniteApp.h"
 
 #include "Boxes.h"

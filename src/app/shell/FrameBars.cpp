@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FrameBars.h"
 
 #include "CInfoPane.h"

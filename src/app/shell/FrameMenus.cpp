@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FrameMenus.h"
 
 #include "MenuTable.h"

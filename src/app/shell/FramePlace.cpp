@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FramePlace.h"
 
 #include "FrameState.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "KeyboardLocks.h"
 
 #include <QDir>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Panes.h"
 
 #include "CDefaultView.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProjectArea.h"
 
 #include "Cascade.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProjectNotices.h"
 
 #include "ProjectArea.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProjectOpener.h"
 
 #include "Document.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StatusPane.h"
 
 #include "CResDoc.h"

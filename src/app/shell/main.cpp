@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Boxes.h"
 #include "CMorvaniteApp.h"
 #include "ProgramStyle.h"

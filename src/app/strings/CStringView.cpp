@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CStringView.h"
 
 #include "CLangFltr.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CellClipboard.h"
 
 #include "CellBlock.h"

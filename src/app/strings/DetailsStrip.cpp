@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DetailsStrip.h"
 
 #include "DetailsText.h"

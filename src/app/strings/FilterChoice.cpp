@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FilterChoice.h"
 
 #include <QAbstractItemView>

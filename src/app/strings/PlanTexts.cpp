@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PlanTexts.h"
 
 #include "CellLine.h"

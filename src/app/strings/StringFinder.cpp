@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StringFinder.h"
 
 #include "CellBlock.h"

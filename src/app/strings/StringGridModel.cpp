@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StringGridModel.h"
 
 #include "CellLine.h"

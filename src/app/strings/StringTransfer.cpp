@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StringTransfer.h"
 
 #include "CResDoc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CDefaultView.h"
 
 #include "Actions.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ContentsDelegate.h"
 
 #include <QPainter>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "IdeCommandServer.h"
 
 #include "RuntimeFolder.h"

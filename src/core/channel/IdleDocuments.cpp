@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "IdleDocuments.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PackRequest.h"
 
 #include "CResoTable.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RuntimeFolder.h"
 
 #include <cerrno>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ImportPlan.h"
 
 #include "Environment.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ComponentNames.h"
 
 #include "ZulType.h"

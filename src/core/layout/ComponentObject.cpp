@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ComponentObject.h"
 
 const NarrowText &ComponentObject::GetAttribute(const NarrowText &attribute) const

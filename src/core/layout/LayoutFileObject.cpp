@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LayoutFileObject.h"
 
 #include "Environment.h"

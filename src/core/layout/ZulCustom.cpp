@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MemberTable.h"
 #include "ZulType.h"
 

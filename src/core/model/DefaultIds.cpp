@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DefaultIds.h"
 
 #include "Environment.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileClassifier.h"
 
 #include "Paths.h"

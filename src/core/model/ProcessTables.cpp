@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProcessTables.h"
 
 #include "Environment.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ResFolder.h"
 
 #include <algorithm>

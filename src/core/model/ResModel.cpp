@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ResModel.h"
 
 #include "Environment.h"

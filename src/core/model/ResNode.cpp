@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ResNode.h"
 
 CResNode::~CResNode()

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Resources.h"
 
 #include "Environment.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Phases.h"
 
 int ConstructAppIcon(PackContext &context)

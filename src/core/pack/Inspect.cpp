@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Inspect.h"
 
 #include "ByteReader.h"

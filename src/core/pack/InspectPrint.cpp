@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ByteReader.h"
 #include "Environment.h"
 #include "Inspect.h"

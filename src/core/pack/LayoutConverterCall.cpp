@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LayoutConverterCall.h"
 
 #include "Environment.h"

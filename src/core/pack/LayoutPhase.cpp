@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CLayoutRes.h"
 #include "Header.h"
 #include "HostFiles.h"

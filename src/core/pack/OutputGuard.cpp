@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OutputGuard.h"
 
 OutputGuard::OutputGuard(const std::vector<QByteArray> &outputs)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 /// Why a pack failed. The command's report shows the number. Failures of the target file have the numbers from -1029 to

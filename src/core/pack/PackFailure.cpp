@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PackFailure.h"
 
 #include "ElfImage.h"

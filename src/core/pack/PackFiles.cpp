@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PackFiles.h"
 
 #include "Environment.h"

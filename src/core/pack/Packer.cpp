@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Packer.h"
 
 #include "OutputFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PayloadReader.h"
 
 #include "ByteReader.h"

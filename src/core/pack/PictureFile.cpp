@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PictureFile.h"
 
 #include "ImageConversion.h"

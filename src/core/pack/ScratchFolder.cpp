@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ScratchFolder.h"
 
 #include "Environment.h"

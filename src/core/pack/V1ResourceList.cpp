@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "V1ResourceList.h"
 
 #include "Environment.h"

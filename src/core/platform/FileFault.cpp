@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileFault.h"
 
 #include "FilePlace.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileStamps.h"
 
 #include "HostFiles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "IdNames.h"
 
 #include <charconv>

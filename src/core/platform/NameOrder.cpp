@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "NameOrder.h"
 
 #include <unicode/ucol.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProjectLock.h"
 
 #include "Environment.h"

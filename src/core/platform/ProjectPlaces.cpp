@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProjectPlaces.h"
 
 #include "FilePlace.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunTool.h"
 
 #include "Environment.h"

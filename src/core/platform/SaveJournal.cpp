@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SaveJournal.h"
 
 #include "Environment.h"

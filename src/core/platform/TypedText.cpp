@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TypedText.h"
 
 #include <QUtf8StringView>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The part of CResDoc that loads what other programs change in the document's files.
 
 #include "CResDoc.h"

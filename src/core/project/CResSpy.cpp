@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CResSpy.h"
 
 #include "Document.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DialogFilter.h"
 
 #include "ResModel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileElements.h"
 
 #include "CResDoc.h"

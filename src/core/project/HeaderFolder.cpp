@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "HeaderFolder.h"
 
 #include "CResDoc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "KeepOnSave.h"
 
 #include "KeptFiles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "KeptFiles.h"
 
 #include "Environment.h"

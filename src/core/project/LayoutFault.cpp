@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LayoutFault.h"
 
 #include "LayoutFileObject.h"

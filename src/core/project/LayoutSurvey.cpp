@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LayoutSurvey.h"
 
 #include "CResDoc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ListReport.h"
 
 #include "CResDoc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Locator.h"
 
 #include "Environment.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OpeningCheck.h"
 
 #include "CResDoc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProjectInputs.h"
 
 #include "CResDoc.h"

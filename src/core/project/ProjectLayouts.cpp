@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProjectLayouts.h"
 
 #include "CResDoc.h"

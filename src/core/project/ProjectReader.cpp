@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CResDoc.h"
 #include "Environment.h"
 #include "FileElements.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProjectSave.h"
 
 #include "Environment.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProjectWatches.h"
 
 #include "HostFiles.h"

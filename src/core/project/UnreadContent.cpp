@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "UnreadContent.h"
 
 #include "Text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CellFinder.h"
 
 namespace

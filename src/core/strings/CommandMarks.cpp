@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CommandMarks.h"
 
 RowMark MarkOf(const StringTable &table, int row)

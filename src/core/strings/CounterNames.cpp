@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CounterNames.h"
 
 #include "ResModel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LanguageFolders.h"
 
 #include <algorithm>

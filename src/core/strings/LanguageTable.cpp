@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LanguageTable.h"
 
 #include "Environment.h"

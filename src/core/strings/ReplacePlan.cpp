@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CellBlock.h"
 #include "InOneLine.h"
 #include "StringTable.h"

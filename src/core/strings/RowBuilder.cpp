@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RowBuilder.h"
 
 CStringRes *RowBuilder::Add(CResFolder &folder, QString text, CBaseRes *before)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RowList.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StringFileReader.h"
 
 #include "Environment.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StringGaps.h"
 
 #include "TextColumns.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StringOrder.h"
 
 #include "NameOrder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StringSetCommand.h"
 
 #include "Environment.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StringStats.h"
 
 #include "ResModel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StringTable.h"
 
 #include "Environment.h"

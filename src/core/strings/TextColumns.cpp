@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TextColumns.h"
 
 #include "StringFileFormat.h"

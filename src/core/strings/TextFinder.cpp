@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TextFinder.h"
 
 #include <algorithm>

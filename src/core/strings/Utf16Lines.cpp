@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Utf16Lines.h"
 
 #include <cstring>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileMark.h"
 
 #include "HostFiles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FolderEvents.h"
 
 #include "FileMark.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "BiffReader.h"
 
 #include "Biff.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CompoundFile.h"
 
 #include <gsf/gsf.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Relationships.h"
 
 #include "XmlPart.h"

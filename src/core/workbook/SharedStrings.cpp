@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SharedStrings.h"
 
 #include "XlsxText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TextPool.h"
 
 #include <QtEndian>

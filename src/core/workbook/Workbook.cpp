@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Workbook.h"
 
 #include "FileReplacement.h"

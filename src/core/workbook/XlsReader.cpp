@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Biff.h"
 #include "BiffReader.h"
 #include "ByteReader.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "BiffWriter.h"
 #include "CompoundFile.h"
 #include "Formats.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "XlsxCheck.h"
 
 #include "ExpatParser.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "XlsxPackage.h"
 
 #include "Relationships.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "XlsxSheet.h"
 
 #include "IdNames.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "XlsxText.h"
 
 #include "Utf8.h"

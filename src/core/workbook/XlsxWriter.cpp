@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Formats.h"
 #include "HostFiles.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ZipFile.h"
 
 #include "ByteReader.h"
