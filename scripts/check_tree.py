@@ -13,6 +13,8 @@ LONGEST_FUNCTION = 60
 EXCUSED_FILES = {}
 EXCUSED_FUNCTIONS = {}
 LICENCE = 'SPDX-License-Identifier: MIT'
+SOURCES = ('*.h', '*.c', '*.cpp', '*.py', '*.sh', '*.cmake', '*CMakeLists.txt', '.ci/run')
+UNPLAIN = r'\b(?:stands|lies|bears|mends)\b'
 # Who may open a file for writing in the core: the one that replaces project files in one step, and the pack's outputs.
 WRITERS = ('src/core/platform/FileReplacement.cpp', 'src/core/pack/', 'src/core/channel/LocalSocket.cpp',
            'src/core/platform/RunTool.cpp',
@@ -137,6 +139,15 @@ def part_breaches(folder_of, parts):
     return breaches
 
 
+def prose_of(name, text):
+    """The comments of a source, or all of a document, as (line number, text)."""
+    lines = list(enumerate(text.splitlines(), 1))
+    if name.endswith('.md'):
+        return lines
+    mark = r'//.*|^\s*/?\*.*' if name.endswith(('.h', '.c', '.cpp')) else r'#.*'
+    return [(number, match[0]) for number, line in lines if (match := re.search(mark, line))]
+
+
 def main():
     breaches = []
     folder_of = folders_of_headers(tracked('*.h'), breaches)
@@ -165,9 +176,13 @@ def main():
                 breaches.append(where + 'opens a file by itself; project files are replaced by WriteFileAtomically')
             if name.startswith('src/core/') and re.search(r'\bassert\(', line):
                 breaches.append(where + 'an assert; bytes of a file are checked instead')
-    for name in tracked('*.h', '*.c', '*.cpp', '*.py', '*.sh', '*.cmake', '*CMakeLists.txt', '.ci/run'):
+    for name in tracked(*SOURCES):
         if LICENCE not in pathlib.Path(name).read_text(encoding='utf-8')[:200]:
             breaches.append('%s: no line "%s" at the top' % (name, LICENCE))
+    for name in tracked(*SOURCES, '*.md'):
+        for number, prose in prose_of(name, pathlib.Path(name).read_text(encoding='utf-8')):
+            for word in re.findall(UNPLAIN, prose):
+                breaches.append('%s:%d: "%s" where a plain verb ("is", "has", "fixes") is meant' % (name, number, word))
     for breach in breaches:
         print(breach)
     return bool(breaches)

@@ -31,7 +31,7 @@ void Extract(const Environment &env, const InspectResult &result)
 
 } // namespace
 
-// Any file, of all three kinds. What is read lies in the file and takes no byte twice; the JSON of it is JSON. Of some
+// Any file, of all three kinds. What is read is inside the file and no byte is read twice; the JSON of it is JSON. Of some
 // the parts are written out.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A catalogue. When it is fine, makes an object of each of its types and all that lies in it, lays it over a component
+// A catalogue. When it is fine, makes an object of each of its types and all that is in it, lays it over a component
 // with a value for each property, and aborts when a value isn't found again in the component.
 #include "CatalogueFile.h"
 #include "Environment.h"

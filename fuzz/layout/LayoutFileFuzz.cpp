@@ -80,7 +80,7 @@ extern "C" int LLVMFuzzerTestOneInput(const quint8 *data, size_t size)
     folder.Put("in.xml", bytes);
     IDPool pool;
     LayoutFileObject first(*env, pool, 0);
-    (void)first.Load(folder.Path("in.xml").toUtf8()); // what stands before a fault is there
+    (void)first.Load(folder.Path("in.xml").toUtf8()); // what is before a fault has been read
     if (first.Save(folder.Path("out.xml").toUtf8()) != 0)
         std::abort();
     IDPool otherPool;

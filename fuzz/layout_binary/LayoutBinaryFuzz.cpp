@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ReadLayout.h"
 
-// The bytes are an item, whose key is the ID that stands in them.
+// The bytes are an item, whose key is the ID in them.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     constexpr std::size_t IdAt = 12;

@@ -45,7 +45,7 @@ struct Project : CResModel
     }
 };
 
-/// Says whether a byte order mark stands somewhere behind the first character.
+/// Returns whether there is a byte order mark anywhere after the first character.
 bool HasMark(QByteArrayView bytes)
 {
     qsizetype at = bytes.indexOf("\xFF\xFE", 2);

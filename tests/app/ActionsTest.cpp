@@ -66,7 +66,7 @@ TEST(ActionRoute, TheFirstThatClaimsAnActionHasItAndADisabledOneDoesNotRun)
 namespace
 {
 
-/// The menu bar as a user reads it: titles, entries, keys; a disabled entry stands in parentheses.
+/// The menu bar as a user reads it: titles, entries, keys; a disabled entry is in parentheses.
 std::string Shown(const QMenuBar &bar)
 {
     QString all;

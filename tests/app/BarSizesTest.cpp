@@ -20,7 +20,7 @@ Settings SettingsOf(const TestWindow &window)
     return Settings(window.folder.Path("bin/Morvanite.ini"), window.folder.Path("user/morvanite/Morvanite.ini"));
 }
 
-/// Drags the divider between the Output bar, which is docked at the right, and what lies left of it.
+/// Drags the divider between the Output bar, which is docked at the right, and what is left of it.
 void DragDivider(const TestWindow &window, int by)
 {
     const QPoint place = window.Frame().Bars().OutputBar().geometry().topLeft() + QPoint(-2, 100);

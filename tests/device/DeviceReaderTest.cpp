@@ -200,7 +200,7 @@ TEST(DeviceReader, AnAppendedPayloadIsFoundByTheEndOfTheFile)
     for (const std::uint32_t size : {0U, 1U, 64U, 1001U}) {
         const Bytes file = PayloadBuilder::AppendedTo(Bytes(size, 'Z'), payload);
         EXPECT_EQ(find(file, size + 8), payload);
-        // A cut payload may end in a small number, where the magic of a small file stands.
+        // A cut payload may end in a small number, where a small file has its magic.
         for (std::size_t cut = 0; cut < file.size() && size >= 64; ++cut)
             EXPECT_EQ(find(file.substr(0, cut), 0), "none") << cut;
         for (const std::size_t end : {0x7FFFFFFFUL, 0xFFFFFFF4UL, 0xFFFFFFFFUL, file.size()})

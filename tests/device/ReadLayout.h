@@ -69,7 +69,7 @@ inline std::string ShowProperty(const morvanite_part &owner, const morvanite_par
     }
 }
 
-/// All that stands in an owner, a line for each part. Throws when a walk of components meets others than a walk of all.
+/// All that is in an owner, a line for each part. Throws when a walk of components meets others than a walk of all.
 inline void ReadParts(const morvanite_part &owner, std::string &text)
 {
     constexpr std::size_t Enough = 1U << 20;

@@ -124,7 +124,7 @@ TEST_F(ElfImageTest, TheFileOnlyGrowsAtItsEndAndNothingInItsHeaderIsTested)
 
 TEST_F(ElfImageTest, EveryFailureOfReadingHasItsNumberAndText)
 {
-    // The section table stands last, so each cut takes something that is wanted.
+    // The section table is last, so each cut removes something that is needed.
     const QByteArray good = Bytes(ElfBuilder(1).Section(".text", "code").Section(".empty", ""));
     for (qsizetype size = 0; size < good.size(); ++size) {
         const int code = Read(good.first(size));

@@ -47,8 +47,8 @@ TEST_F(InspectTest, WhatIsNoPackedFileIsSaidToBeSo)
           {PayloadBuilder::AppendedTo("123456789", Sample(0).Build()), "where 17 is wanted"},
           {elf, "it hasn't been packed"},
           {Bytes(elf).replace(4, 1, "\2"), "not a 32-bit little-endian one"},
-          {Bytes(elf).replace(50, 1, "\3"), "whose section table lies outside"},
-          {Bytes(elf).replace(elf.size() - 40 + 20, 1, "\xFF"), "whose section names lie outside"},
+          {Bytes(elf).replace(50, 1, "\3"), "whose section table is outside"},
+          {Bytes(elf).replace(elf.size() - 40 + 20, 1, "\xFF"), "whose section names are outside"},
           {Bytes(), "the directory has no end"},
           {"plain text", "the directory has no end"},
           {Bytes(256, 'x') + ".zp_res" + PayloadBuilder::U32({256}), "the directory is cut off in entry 0"}})

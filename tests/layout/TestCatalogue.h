@@ -55,7 +55,7 @@ std::unique_ptr<ComponentObject> Component(const NarrowText &className,
     return component;
 }
 
-/// The component as a text: class, attributes, and what lies in it.
+/// The component as a text: class, attributes, and what is in it.
 inline QByteArray Dump(const ComponentObject &component)
 {
     QByteArray text = component.className;

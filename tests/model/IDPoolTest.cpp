@@ -10,7 +10,7 @@
 namespace
 {
 
-/// What a pool has to do, in the plainest way: a list that is searched from its front, where the sentinel stands.
+/// What a pool has to do, in the plainest way: a list that is searched from its front, where the sentinel is.
 struct PlainPool : std::vector<IDRecord *>
 {
     [[nodiscard]] IDRecord *Find(const NarrowText &name, std::optional<int> scope) const

@@ -6,7 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// A project's folder with links in it, and what lies outside.
+/// A project's folder with links in it, and what is outside.
 struct LinksOfProject : testing::Test
 {
     LinksOfProject()

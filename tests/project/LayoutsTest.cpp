@@ -244,7 +244,7 @@ TEST_F(Layouts, AFileWhoseLayoutsAreGoneGoesToTheTrash)
 {
     project.folder.Put(FILE, LayoutFile(Layout("ID_A")));
     Open();
-    LayoutAt(0).File()->Remove(LayoutAt(0).Id()); // its resource stands still
+    LayoutAt(0).File()->Remove(LayoutAt(0).Id()); // its resource is still there
     EXPECT_EQ(Save(), "");
     EXPECT_EQ(Written(), Elements({}));
     EXPECT_TRUE(project.folder.Has("share/Trash/files/screens.xml"));

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Builds the sample for each of its screens and wants the output that lies beside this script.
+# Builds the sample for each of its screens and wants the output that is beside this script.
 # Use: sample_runs.sh MORVANITE_CLI REPOSITORY
 set -euo pipefail
 cli=$1 repository=$2

@@ -45,7 +45,7 @@ PlainTable TableOfTree(TableProject &project)
     return table;
 }
 
-/// What stands for a text in a cell, an ID or a kind.
+/// Returns something to type into a cell: a text, an ID or a kind.
 QString SomeText()
 {
     static const std::vector<QString> TEXTS{u"ID_A"_s, u" id_x "_s, u"ID_Y"_s, u"bad name"_s, u""_s,

@@ -36,7 +36,7 @@ public:
         Rows("");
     }
 
-    /// What stands in the workbook part in front of the list of sheets.
+    /// What the workbook part has before the list of sheets.
     Package &Properties(const QByteArray &xml)
     {
         return Set("xl/workbook.xml", "<workbook xmlns='http://schemas.openxmlformats.org/spreadsheetml/2006/main' "

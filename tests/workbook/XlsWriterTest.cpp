@@ -15,7 +15,7 @@ TEST(XlsWriter, TextsOfAnyLengthAndAnyCharactersComeBack)
 TEST(XlsWriter, NoSurrogatePairIsSplitBetweenRecords)
 {
     const QByteArray file = Written(WriteXls, {{u"\U0001F600"_s.repeated(10'000), u"x\U0001F600"_s.repeated(9'000)}});
-    // A record that ends in the first half of a pair, whether the head of the next one stands behind it.
+    // A record that ends in the first half of a pair, whether the head of the next one follows it.
     EXPECT_EQ(file.indexOf(QByteArray("\x3D\xD8\x3C\x00", 4)), -1);
     EXPECT_NE(file.indexOf(QByteArray("\x00\xDE\x3C\x00", 4)), -1);
 }

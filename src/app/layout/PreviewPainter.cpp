@@ -183,6 +183,16 @@ void PreviewPainter::PaintFrame(QPainter &painter, const QRect &screen, bool isA
         FillSides(painter, around, 1, look.focus, look.focus);
 }
 
+/// Images and their backgrounds let through what is below.
+bool PreviewPainter::IsOpaque(const PreviewEntry &entry, size_t place) const
+{
+    if (!art)
+        return true;
+    const PreviewContent &content = art->Of(place, *entry.component);
+    const bool isPlain = content.IsEmpty() && entry.component->subComponents.empty();
+    return isPlain || (IsColor(entry.background) && content.backgroundAlpha == 255);
+}
+
 /// Most of the components of a large layout are below others, and their labels take the most time.
 std::vector<size_t> PreviewPainter::InSight(const PreviewScene &scene, const QRegion &region) const
 {
@@ -196,7 +206,7 @@ std::vector<size_t> PreviewPainter::InSight(const PreviewScene &scene, const QRe
         if (!Touches(region, extent) || covered.HasCovered(extent))
             continue;
         inSight.push_back(i);
-        if (!art && !Place(scene, entry).IsEmpty()) // images and their backgrounds let through what is below
+        if (!Place(scene, entry).IsEmpty() && IsOpaque(entry, i))
             covered.Cover(extent);
     }
     std::reverse(inSight.begin(), inSight.end());

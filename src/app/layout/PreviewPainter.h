@@ -52,6 +52,8 @@ private:
     /// The places of the entries that a paint of a region can't leave out, in order.
     [[nodiscard]] std::vector<size_t> InSight(const PreviewScene &scene, const QRegion &region) const;
     void PaintEntry(QPainter &painter, const PreviewScene &scene, size_t entry, const Place &place);
+    /// Returns whether the painting of an entry hides what is below it.
+    [[nodiscard]] bool IsOpaque(const PreviewEntry &entry, size_t place) const;
     /// As the device shows it. False, and nothing is painted, when there is nothing to show.
     bool PaintArt(QPainter &painter, const PreviewScene &scene, size_t entry, const Place &place);
     void PaintLabel(QPainter &painter, const PreviewScene &scene, size_t entry, const Place &place, QColor fill);

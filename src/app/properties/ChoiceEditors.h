@@ -24,7 +24,7 @@ public:
 protected:
     /// False when there is nothing to choose from.
     virtual bool FillChoices(QStringList &list, CLayoutRes &layoutRes, CZulClass &component) = 0;
-    /// Which of the choices stands for the value; -1 for none.
+    /// Which of the choices represents the value; -1 for none.
     [[nodiscard]] virtual int CurrentChoice(const QStringList &list) const;
     virtual Applied Write(int choice) { return Store(choices[choice]); }
 

@@ -24,15 +24,15 @@ QString FindSection(const ByteReader &file, quint64 &offset, quint64 &size)
     const auto namesIndex = file.U16(50);
     const auto header = [&](quint64 i) { return file.Slice(quint64(*table) + *step * i, SECTION_HEADER); };
     if (!namesIndex || *namesIndex >= *count || !header(*namesIndex))
-        return QStringLiteral("an ELF file whose section table lies outside the file");
+        return QStringLiteral("an ELF file whose section table is outside the file");
     const ByteReader namesHeader(*header(*namesIndex));
     const auto names = file.Slice(*namesHeader.U32(16), *namesHeader.U32(20));
     if (!names)
-        return QStringLiteral("an ELF file whose section names lie outside the file");
+        return QStringLiteral("an ELF file whose section names are outside the file");
     for (quint64 i = *count; i-- > 0;) {
         const auto bytes = header(i);
         if (!bytes)
-            return QStringLiteral("section header %1 lies outside the file").arg(i);
+            return QStringLiteral("section header %1 is outside the file").arg(i);
         const ByteReader section(*bytes);
         const auto name = ByteReader(*names).Slice(*section.U32(0), sizeof PAYLOAD_NAME);
         if (!name || std::memcmp(name->data(), PAYLOAD_NAME, sizeof PAYLOAD_NAME) != 0)
