@@ -233,8 +233,7 @@ bool CLotEditorView::EnterEditor()
     return editor != nullptr;
 }
 
-/// Keeps the editor alive during the event, which may open a dialog: when the dialog closes, another editor may be
-/// open, or none.
+/// Keeps the editor alive: an event may open a dialog, and when that closes another editor may be open, or none.
 void CLotEditorView::Told(EditControl control, EditEvent event)
 {
     const std::shared_ptr<CPropEditor> asked = editor;
@@ -242,8 +241,7 @@ void CLotEditorView::Told(EditControl control, EditEvent event)
         (void)EndEditor(End::Apply);
 }
 
-/// Hides the controls and moves the focus to the grid before a box can open: the box would take the focus from the
-/// controls.
+/// Hides the controls and focuses the grid before a box can open, because the box would take the controls' focus.
 bool CLotEditorView::EndEditor(End how)
 {
     if (!editor)
