@@ -20,7 +20,7 @@ namespace
 
 constexpr int MARGIN = 6; // pixels
 
-/// The item of a component. It asks the component for its label, so that a new name shows at the next painting.
+/// The item of a component. It gets its label from the component, so that a new name is shown at the next paint.
 class ComponentItem : public QTreeWidgetItem
 {
 public:
@@ -84,7 +84,7 @@ void CLotCplistView::RebuildList()
         const QScopedValueRollback filling(isFilling, true);
         const int scrolled = tree->verticalScrollBar()->value();
         tree->setUpdatesEnabled(false);
-        // What is only added to the end, or renamed, leaves the other items as they are.
+        // If components were only added at the end, or renamed, the existing items are kept.
         if (shown.size() > components.size() || !std::equal(shown.begin(), shown.end(), components.begin()))
             Empty();
         Append(components, shown.size());
@@ -102,7 +102,7 @@ void CLotCplistView::RebuildList()
 
 void CLotCplistView::Append(const std::vector<ListedComponent> &components, size_t from)
 {
-    QList<QTreeWidgetItem *> roots; // put into the tree at once, with all that is in them
+    QList<QTreeWidgetItem *> roots; // added to the tree in one call, with their children
     const bool isAll = from == 0;
     for (size_t place = from; place < components.size(); ++place) {
         CZulClass &component = *components[place].component;

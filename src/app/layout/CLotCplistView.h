@@ -14,8 +14,8 @@ class IViewHost;
 class LinedTree;
 class QTreeWidgetItem;
 
-/// The list of a layout's components: a tree, in which each component is below the one that it is in. What is selected
-/// in it is what preview and property grid show.
+/// Shows the components of a layout as a tree: each component is below the component that contains it. The preview
+/// marks the component that is selected in the tree, and the property grid shows it.
 class CLotCplistView : public QWidget, public IActionTarget
 {
 public:
@@ -23,19 +23,20 @@ public:
 
     /// Shows a layout as it is now; null for none.
     void ShowLayout(CLayoutRes *layoutRes);
-    /// Takes the tree of components anew. What was selected stays selected, or else the first component is.
+    /// Rebuilds the list from the layout. The selected component stays selected if it still exists; otherwise the first
+    /// one is selected.
     void RebuildList();
-    /// Selects the row of a component. False when it has none.
+    /// Selects the row of a component. Returns false if it has none.
     bool SelectComponent(const CZulClass *component);
     [[nodiscard]] CZulClass *Selected() const { return selected; }
-    /// Components are about to be destroyed: shows none until the list is built again.
+    /// Called before components are destroyed: shows none until a layout is shown again.
     void LetGo();
-    /// Makes a component of a class, at the end of the layout's top level, and selects it. Nothing without a layout.
+    /// Adds a component of a class at the end of the layout's top level and selects it. Does nothing without a layout.
     void AddComponent(const ClassDescriptor &type);
 
-    /// Told of another component that is selected; null when none is any more.
+    /// Called when another component is selected; with null when none is selected any more.
     std::function<void(CZulClass *component)> selectionChanged;
-    /// Told before components are destroyed, and after the tree of components has changed.
+    /// The first is called before components are destroyed, the second after the tree of components has changed.
     std::function<void()> componentsGo;
     std::function<void()> treeChanged;
 
@@ -44,7 +45,8 @@ public:
 
 private:
     void Empty();
-    /// Adds items for the components from that one on. Those that are above them have their items.
+    /// Adds items for the components from index `from` on. A parent must have its item already or be earlier in the
+    /// list.
     void Append(const std::vector<ListedComponent> &components, size_t from);
     void Choose(CZulClass *component);
     void DeleteSelected();
@@ -54,8 +56,8 @@ private:
     LinedTree *tree;
     CLayoutRes *layout = nullptr;
     CZulClass *selected = nullptr;
-    quint32 nameCounter = 0;                           // goes on from layout to layout
-    std::vector<ListedComponent> shown;                // those that have items, in the order of the items
-    QHash<const CZulClass *, QTreeWidgetItem *> items; // of all of them
+    quint32 nameCounter = 0;                           // not reset for another layout
+    std::vector<ListedComponent> shown;                // the components that have items, in the order of the items
+    QHash<const CZulClass *, QTreeWidgetItem *> items; // of all components in `shown`
     bool isFilling = false;
 };

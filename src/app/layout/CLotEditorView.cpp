@@ -26,8 +26,8 @@ namespace
 constexpr int CONTROL_ID = 1019;
 constexpr int DEFAULT_WIDTHS[PropertyModel::COLUMN_COUNT] = {150, 400, 150}; // pixels
 constexpr int UNSORTED = 0;
-constexpr int GROWTH = 2;   // pixels that an editor is taller than its cell, at the top and at the bottom
-constexpr int NARROW = 100; // pixels: of a value that shows no more the rest is scrolled into sight
+constexpr int GROWTH = 2;   // pixels by which an editor is taller than its cell, at the top and at the bottom
+constexpr int NARROW = 100; // pixels: if less of a value is visible, the grid scrolls to the rest of it
 
 Qt::KeyboardModifiers ModifiersOf(const QKeyEvent &key)
 {
@@ -67,7 +67,7 @@ CLotEditorView::CLotEditorView(CResDoc &projectDocument, IViewHost &viewHost)
 CLotEditorView::~CLotEditorView()
 {
     (void)EndEditor(End::Drop);
-    grid->viewport()->removeEventFilter(this); // both would ask the list for what it is destroying
+    grid->viewport()->removeEventFilter(this); // both filters would use parts of the list that it is destroying
     delete controls;
     delete grid; // before the model that it shows
 }
@@ -107,7 +107,7 @@ void CLotEditorView::ShowComponent(CLayoutRes *layoutRes, CZulClass *component)
     if (component == current)
         return;
     (void)EndEditor(End::Apply);
-    // The list rebuilds its tree for a change of the tree: that can't be here, where it is selecting.
+    // A change of the tree is reported later, because the list can't rebuild its tree while it selects a row.
     if (untold == Applied::Changed)
         TellChange();
     layout = layoutRes;
@@ -137,7 +137,7 @@ QList<ProfileEntry> CLotEditorView::State() const
     return stored.State(QList<int>(widths.begin(), widths.end()), UNSORTED);
 }
 
-/// The text boxes have the actions of the Edit menu for themselves while they have the focus.
+/// A text box that has the focus handles the actions of the Edit menu itself.
 std::optional<ActionState> CLotEditorView::StateOf(ActionId id) const
 {
     switch (id) {
@@ -194,7 +194,7 @@ void CLotEditorView::ScrollTo(int row, bool sideways)
         grid->horizontalScrollBar()->setValue(before);
 }
 
-/// Scrolls sideways only where too little of the value is in sight: the name should stay there.
+/// Scrolls sideways only if too little of the value is visible, because the name should stay visible.
 std::optional<QRect> CLotEditorView::PlaceOver(int row)
 {
     const QModelIndex cell = model.index(row, PropertyModel::VALUE_COLUMN);
@@ -233,7 +233,7 @@ bool CLotEditorView::EnterEditor()
     return editor != nullptr;
 }
 
-/// The editor stays alive meanwhile: an event may open a dialog, and end while another editor is open, or none.
+/// Keeps the editor alive: an event may open a dialog, and when that closes another editor may be open, or none.
 void CLotEditorView::Told(EditControl control, EditEvent event)
 {
     const std::shared_ptr<CPropEditor> asked = editor;
@@ -241,14 +241,14 @@ void CLotEditorView::Told(EditControl control, EditEvent event)
         (void)EndEditor(End::Apply);
 }
 
-/// A box that opens later must find the controls hidden, and the focus in the grid: it would take it from them.
+/// Hides the controls and focuses the grid before a box can open, because the box would take the controls' focus.
 bool CLotEditorView::EndEditor(End how)
 {
     if (!editor)
         return true;
     const std::shared_ptr<CPropEditor> ended = std::exchange(editor, nullptr);
     const int place = model.PlaceOf(std::exchange(editedRow, -1));
-    if (controls->Have(grid->window()->focusWidget())) // also while the window isn't active
+    if (controls->Have(grid->window()->focusWidget())) // valid also while the window isn't active
         grid->setFocus(Qt::OtherFocusReason);
     const Applied applied = how == End::Apply ? ended->Apply() : Applied::Nothing;
     ended->Close();
@@ -287,7 +287,7 @@ void CLotEditorView::TellChange()
     const int place = model.PlaceOf(SelectedRow());
     changed(applied);
     if (view && current == component && SelectedRow() < 0)
-        SelectPlace(place); // the list was rebuilt, and has shown another component meanwhile
+        SelectPlace(place); // the list was rebuilt, and another component was shown meanwhile
 }
 
 bool CLotEditorView::KeyInControl(EditControl control, const QKeyEvent &key)
@@ -317,7 +317,7 @@ bool CLotEditorView::KeyInControl(EditControl control, const QKeyEvent &key)
     }
 }
 
-/// The grid has the focus then, so that the arrows go on, and change no choice on their way.
+/// Leaves the focus in the grid, so that further arrow keys move from row to row and change no choice.
 void CLotEditorView::Step(int step)
 {
     const int row = editedRow + step;
@@ -360,7 +360,7 @@ bool CLotEditorView::KeyInGrid(const QKeyEvent &key)
     }
 }
 
-/// What is typed takes the place of the text, or chooses the entry that begins with it.
+/// The typed text replaces the text of the editor, or chooses the entry that begins with it.
 bool CLotEditorView::TypeInto(const QKeyEvent &key)
 {
     if (!EnterEditor())

@@ -20,24 +20,24 @@ class PropertyControls;
 class PropertyFilter;
 class QKeyEvent;
 
-/// The property grid: a row per property of a component, each edited by an editor over its value.
+/// The property grid: one row for each property of a component. An editor over the value edits the property.
 ///
-/// The editor is that of the selected row. A click puts the focus into it; the arrow keys leave the focus in the grid,
-/// until something is typed.
+/// The editor belongs to the selected row. A click gives it the focus; the arrow keys leave the focus in the grid until
+/// the user types something.
 class CLotEditorView : public QWidget, public IActionTarget, public IEditOwner, public IStateOwner
 {
 public:
     CLotEditorView(CResDoc &projectDocument, IViewHost &viewHost);
     ~CLotEditorView() override;
 
-    /// Shows a component of a layout; null for none. An editor that is open is committed first. Nothing happens when it
+    /// Shows a component of a layout; null for none. Commits an open editor first. Nothing happens when the component
     /// is shown already.
     void ShowComponent(CLayoutRes *layoutRes, CZulClass *component);
     [[nodiscard]] CZulClass *Current() const { return current; }
-    /// The component is about to be destroyed: drops what is being edited and shows nothing.
+    /// Called before the component is destroyed: drops what is being edited and shows nothing.
     void LetGo();
-    /// Told after an edit that has changed something (Applied::Changed or TreeChanged), outside of any event of an
-    /// editor. Of a value it is told before another component is shown.
+    /// Called after an edit that has changed something (Applied::Changed or TreeChanged), outside of any event of an
+    /// editor. After a change of a value it is called before another component is shown.
     std::function<void(Applied applied)> changed;
 
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
@@ -56,11 +56,13 @@ private:
     // The editor.
     [[nodiscard]] int SelectedRow() const;
     void RowSelected();
-    /// Scrolls a row into sight, and its value too if `sideways`. Ends no editor.
+    /// Scrolls vertically until a row is visible; if `sideways`, also horizontally until its value is. Closes no
+    /// editor.
     void ScrollTo(int row, bool sideways);
     [[nodiscard]] std::optional<QRect> PlaceOver(int row);
     void OpenEditor(int row);
-    /// Opens the editor of the selected row, if none is open, and puts the focus into it. False when it has none.
+    /// Opens the editor of the selected row, if no editor is open, and gives it the focus. Returns false if the row has
+    /// no editor.
     bool EnterEditor();
     void Told(EditControl control, EditEvent event);
     enum class End
@@ -68,19 +70,19 @@ private:
         Apply,
         Drop,
     };
-    /// Closes the editor. False when the input is refused; a message follows.
+    /// Closes the editor. Returns false if the input is refused; a message is shown then.
     bool EndEditor(End how);
     void Refused(int place);
-    /// Tells of a change that hasn't been told yet.
+    /// Calls `changed` for a change that it has not been called for yet.
     void TellChange();
 
-    // Keys; they say whether the key is used up.
+    // Keys. A result of type bool is whether the key was handled.
     bool KeyInControl(EditControl control, const QKeyEvent &key);
     bool KeyInGrid(const QKeyEvent &key);
     bool TypeInto(const QKeyEvent &key);
     void Step(int step);
 
-    /// Gives the grid the focus, and one of its rows.
+    /// Gives the grid the focus, and selects a row if none is selected.
     void EnterGrid();
     void SetFilter(const QString &text);
     /// Selects a row without opening its editor.

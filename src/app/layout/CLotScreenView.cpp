@@ -37,7 +37,7 @@ constexpr ViewMenuEntry MENU[] = {
 
 constexpr int LINES_OF_PAGE = 10;
 
-/// Calm beside any layout, on a light desktop and on a dark one.
+/// The colour around the screen. It is unobtrusive beside any layout, on a light desktop and on a dark one.
 QColor SurroundOf(const QPalette &palette)
 {
     const QColor window = palette.color(QPalette::Window);
@@ -53,11 +53,11 @@ CLotScreenView::CLotScreenView(CResDoc &projectDocument, IViewHost &viewHost)
     : document(projectDocument), host(viewHost), painter(projectDocument.env)
 {
     setAccessibleName(QStringLiteral("Layout preview"));
-    setFrameShape(NoFrame); // the view's outer rectangle, which a zoom fits, is what it shows
+    setFrameShape(NoFrame); // Fit View uses the outer rectangle, so that must have no frame
     setFocusPolicy(Qt::StrongFocus);
     viewport()->setMouseTracking(true);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
-    horizontalScrollBar()->setLayoutDirection(Qt::LeftToRight); // as the device's screen
+    horizontalScrollBar()->setLayoutDirection(Qt::LeftToRight); // as on the device's screen
     if (document.env.settings.Int("Layout", "pictures", 0) != 0)
         art = std::make_unique<PreviewArt>(document, [this] { viewport()->update(); });
     painter.art = art.get();
@@ -131,7 +131,7 @@ void CLotScreenView::Select(CZulClass *component)
     Describe();
 }
 
-/// Tells a screen reader what is selected.
+/// Describes the selected component for screen readers.
 void CLotScreenView::Describe()
 {
     const PreviewEntry *const entry = EntryOf(entries, selected);
@@ -176,7 +176,7 @@ void CLotScreenView::paintEvent(QPaintEvent *event)
     painter.Paint(target, Scene(), event->region());
 }
 
-/// A scroll bar that comes or goes changes the room for the other one.
+/// A scroll bar that appears or disappears changes the room for the other one.
 void CLotScreenView::SetScrollSizes()
 {
     const QSize total = zoom.ScrollSize();
@@ -209,7 +209,7 @@ void CLotScreenView::ChangeZoom(QPoint kept, const std::function<bool(PreviewZoo
     if (!change(zoom))
         return;
     SetScrollSizes();
-    QEvent now(QEvent::LayoutRequest); // has scroll bars come and go at once, which changes the client area
+    QEvent now(QEvent::LayoutRequest); // shows or hides scroll bars at once, which changes the client area
     QApplication::sendEvent(this, &now);
     const QPoint scroll = zoom.ScrollKeeping(kept, before, placeBefore, viewport()->size());
     horizontalScrollBar()->setValue(scroll.x());
@@ -221,7 +221,7 @@ void CLotScreenView::ChangeZoom(QPoint kept, const std::function<bool(PreviewZoo
 
 std::optional<ActionState> CLotScreenView::StateOf(ActionId id) const
 {
-    // Where the Output or the Toolbox has the focus, Ctrl+Home is a key of theirs.
+    // If the Output or the Toolbox has the focus, Ctrl+Home is one of its own keys.
     return active ? ZoomActions::StateOf(id, zoom) : std::nullopt;
 }
 
@@ -245,7 +245,7 @@ void CLotScreenView::contextMenuEvent(QContextMenuEvent *event)
 {
     QPoint place = event->globalPos();
     if (event->reason() == QContextMenuEvent::Keyboard) {
-        const QPoint corner = Scene().corner + QPoint(1, 1); // of the screen, as far as it is in sight
+        const QPoint corner = Scene().corner + QPoint(1, 1); // of the screen, as far as it is visible
         const QPoint most = viewport()->rect().bottomRight();
         place = viewport()->mapToGlobal(QPoint(qBound(0, corner.x(), most.x()), qBound(0, corner.y(), most.y())));
     }
@@ -258,7 +258,7 @@ void CLotScreenView::contextMenuEvent(QContextMenuEvent *event)
     RunViewMenu(*this, menu, place, stateOf, [this](ActionId id) { host.RunAction(id); });
 }
 
-/// Parts of a notch, as a touchpad sends them, count once they are enough for a step.
+/// Adds up the parts of a notch that a touchpad sends. Returns 0 until they are enough for a step.
 int CLotScreenView::TakeWheel(int delta, int least)
 {
     if ((restOfWheel > 0) != (delta > 0))
@@ -270,7 +270,7 @@ int CLotScreenView::TakeWheel(int delta, int least)
 void CLotScreenView::wheelEvent(QWheelEvent *event)
 {
     event->accept();
-    const int delta = event->angleDelta().y(); // 0 while Alt is held, for which the axes change places
+    const int delta = event->angleDelta().y(); // 0 while Alt is held, because Alt swaps the axes
     const WheelMove move = WheelMoveOf(delta, event->modifiers());
     if (move == WheelMove::Zoom) {
         const int taken = TakeWheel(delta, PreviewZoom::LEAST_OF_WHEEL);
@@ -300,8 +300,8 @@ void CLotScreenView::mouseReleaseEvent(QMouseEvent *event)
         Pick(event->pos(), event->modifiers());
 }
 
-/// With Alt or Ctrl each click picks what is below the component that is selected. Many desktops take Alt for
-/// themselves.
+/// With Alt or Ctrl, each click picks the next component below the selected one. Ctrl works too because many desktops
+/// use Alt themselves.
 void CLotScreenView::Pick(QPoint pointer, Qt::KeyboardModifiers keys)
 {
     const QPoint point = zoom.LayoutPoint(pointer, Place());
@@ -330,7 +330,7 @@ void CLotScreenView::focusInEvent(QFocusEvent *event)
     Activate(true);
 }
 
-/// A menu leaves the view active.
+/// The view stays active while a menu has the focus.
 void CLotScreenView::focusOutEvent(QFocusEvent *event)
 {
     QAbstractScrollArea::focusOutEvent(event);
@@ -348,7 +348,7 @@ bool CLotScreenView::viewportEvent(QEvent *event)
 {
     if (event->type() == QEvent::Leave)
         ShowStatus({});
-    else if (event->type() == QEvent::WindowActivate && art) // files may have come or gone meanwhile
+    else if (event->type() == QEvent::WindowActivate && art) // files may have been added or removed meanwhile
         art->RefreshFiles();
     return QAbstractScrollArea::viewportEvent(event);
 }
@@ -366,7 +366,7 @@ void CLotScreenView::showEvent(QShowEvent *event)
     host.ShowZoom(PreviewZoom::PercentText(zoom.Percent()));
 }
 
-/// A window that is minimised hides nothing.
+/// A view in a minimised window is not hidden.
 void CLotScreenView::hideEvent(QHideEvent *event)
 {
     QAbstractScrollArea::hideEvent(event);

@@ -22,24 +22,24 @@ public:
     CLotScreenView(CResDoc &projectDocument, IViewHost &viewHost);
     ~CLotScreenView() override;
 
-    /// Shows a layout as it is now; null for none. The zoom stays. What is selected stays: the list selects.
+    /// Shows a layout as it is now; null for none. Keeps the zoom and the selection; the list changes the selection.
     void ShowLayout(const CLayoutRes *layoutRes);
-    /// Takes the tree of components anew.
+    /// Rebuilds the entries from the tree of components.
     void RebuildEntries();
-    /// Takes the values of one component anew, or of all when it is null.
+    /// Reads the values of one component again, or of all components if it is null.
     void RefreshEntries(const CZulClass *changed);
-    /// Components are about to be destroyed: shows none until the entries are built again.
+    /// Called before components are destroyed: shows none until a layout is shown again.
     void LetGo();
 
-    /// Shows which component is selected; null for none.
+    /// Marks the selected component; null for none.
     void Select(CZulClass *component);
     [[nodiscard]] CZulClass *Selected() const { return selected; }
-    /// Told of a click on a component that isn't the selected one.
+    /// Called after a click on a component that isn't the selected one.
     std::function<void(CZulClass &component)> picked;
 
     [[nodiscard]] const PreviewEntries &Entries() const { return entries; }
     [[nodiscard]] const PreviewZoom &Zoom() const { return zoom; }
-    /// What of the layout is in sight.
+    /// The part of the layout that is visible.
     [[nodiscard]] PreviewPlace Place() const;
 
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
@@ -66,10 +66,11 @@ protected:
 private:
     [[nodiscard]] PreviewScene Scene() const;
     void TakeLook();
-    /// Labels and pictures of all entries are made anew.
+    /// Drops the labels and pictures of all entries; they are made again when they are painted.
     void ResetLook();
     void Activate(bool isNowActive);
-    /// Changes the zoom by `change`, which says whether it has; what is at the point `kept` of the view stays there.
+    /// Changes the zoom by calling `change`, which returns whether it has changed it. The point of the layout that is
+    /// at `kept` in the view stays there.
     void ChangeZoom(QPoint kept, const std::function<bool(PreviewZoom &)> &change);
     void AskForZoom();
     void SetScrollSizes();
@@ -86,7 +87,7 @@ private:
     PreviewZoom zoom;
     PreviewEntries entries;
     PreviewPainter painter;
-    std::unique_ptr<PreviewArt> art; // null where the settings have the preview draw no pictures
+    std::unique_ptr<PreviewArt> art; // null if the settings turn pictures off in the preview
     PanGesture pan{*this};
-    int restOfWheel = 0; // of small steps, as a touchpad sends them
+    int restOfWheel = 0; // the sum of small steps, as a touchpad sends them
 };

@@ -12,7 +12,7 @@ void ColorButton::ShowColor(const QColor &color)
     update();
 }
 
-/// Two frames, one inside the other: whatever the colour is, one of them differs from it.
+/// Draws two frames, one inside the other: whatever the colour is, one of them differs from it.
 void ColorButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);

@@ -9,7 +9,7 @@ class ColorButton : public QAbstractButton
 public:
     explicit ColorButton(QWidget *parent) : QAbstractButton(parent) { setAttribute(Qt::WA_Hover); }
 
-    /// A colour without alpha.
+    /// Shows a colour, which must have no alpha.
     void ShowColor(const QColor &color);
     [[nodiscard]] const QColor &Color() const { return shown; }
 

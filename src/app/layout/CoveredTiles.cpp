@@ -4,7 +4,7 @@
 namespace
 {
 
-constexpr int SIDE = 4; // pixels of a tile
+constexpr int SIDE = 4; // the width and height of a tile, in pixels
 constexpr int WORD = 64;
 
 int Words(int pixels)
@@ -33,7 +33,7 @@ void CoveredTiles::Cover(const QRect &rect)
     const QRect inside = (rect & area).translated(-area.topLeft());
     if (inside.isEmpty())
         return;
-    // Of the tiles at the right and lower edges only what is in the area counts.
+    // A tile at the right or lower edge is covered if its part in the area is.
     const auto endOf = [](int last, int size) { return last + 1 == size ? last / SIDE + 1 : (last + 1) / SIDE; };
     const int first = (inside.left() + SIDE - 1) / SIDE;
     const int end = endOf(inside.right(), area.width());

@@ -4,7 +4,8 @@
 #include <QImage>
 #include <QPainter>
 
-/// Draws of a picture that is stretched over a rectangle what is within `view`: a rectangle may be far larger.
+/// Draws a picture that is stretched over a rectangle, but only the part within `view`: the rectangle may be much
+/// larger.
 inline void DrawPart(QPainter &painter, const QImage &picture, const QRectF &rect, const QRect &view)
 {
     const QRectF part = rect & QRectF(view);

@@ -136,7 +136,7 @@ void LayoutPanes::showEvent(QShowEvent *event)
         host.ShowLayoutMode(true);
 }
 
-/// Not when only the window around it is hidden, or minimised.
+/// Ends the layout mode, but not if only the window around the panes is hidden or minimised.
 void LayoutPanes::hideEvent(QHideEvent *event)
 {
     PaneView::hideEvent(event);

@@ -19,8 +19,8 @@ class KeyboardSplitter;
 enum class Applied;
 struct ClassDescriptor;
 
-/// The three panes over one layout: the list of components, the preview, and below both the property grid. It has
-/// them follow each other; none of the three knows another.
+/// The three panes of one layout: the list of components, the preview, and below both the property grid. This class
+/// keeps them synchronized; the panes do not know each other.
 class LayoutPanes : public PaneView,
                     public IEditOwner,
                     public IPaneGroup,
@@ -35,15 +35,15 @@ public:
     [[nodiscard]] CLotCplistView &List() { return *list; }
     [[nodiscard]] CLotScreenView &Preview() { return *preview; }
     [[nodiscard]] CLotEditorView &Grid() { return *grid; }
-    /// The Toolbox offers a class: makes a component of it.
+    /// Adds a component of a class that the user has chosen in the Toolbox.
     void AddComponent(const ClassDescriptor &type);
 
     [[nodiscard]] bool TakeEdit() override;
     [[nodiscard]] QList<ProfileEntry> State() const override;
     void TreeGoes(const CResFolder &folder) override;
-    /// Goes to the list: a layout has no row but its folder's.
+    /// Gives the list the focus. A layout has no row of its own, only that of its folder.
     void GoTo(const CBaseRes &resource) override;
-    /// From left to right, and then what is below.
+    /// The list, the preview and the grid, in this order.
     [[nodiscard]] QList<QWidget *> Parts() const override;
     [[nodiscard]] QList<QWidget *> Dividers() const override;
 

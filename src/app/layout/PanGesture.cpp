@@ -40,7 +40,7 @@ bool PanGesture::Release(const QMouseEvent &event)
 
 bool PanGesture::Key(const QKeyEvent &event, bool isDown)
 {
-    // A key that is pressed meanwhile, such as Shift, doesn't keep Space held.
+    // The release of Space is handled even if another key, such as Shift, is pressed meanwhile.
     if (event.key() != Qt::Key_Space || (isDown && event.modifiers() != Qt::NoModifier))
         return false;
     if (!event.isAutoRepeat())

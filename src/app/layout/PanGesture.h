@@ -8,19 +8,19 @@ class QAbstractScrollArea;
 class QKeyEvent;
 class QMouseEvent;
 
-/// Scrolls a view by dragging what it shows: with the middle button, or with the left one while Space is held. The view
-/// passes its events on.
+/// Scrolls a view when the user drags its contents with the middle button, or with the left one while Space is held.
+/// The view must pass its events to this object.
 class PanGesture
 {
 public:
     explicit PanGesture(QAbstractScrollArea &scrollArea) : area(scrollArea) {}
 
-    /// Each says whether the event was the gesture's.
+    /// Each returns whether the event belonged to the gesture.
     bool Press(const QMouseEvent &event);
     bool Move(const QMouseEvent &event);
     bool Release(const QMouseEvent &event);
     bool Key(const QKeyEvent &event, bool isDown);
-    /// The view has lost the focus, and with it the keys.
+    /// Called when the view loses the focus: it receives no keys then, so Space no longer counts as held.
     void LoseKeys();
 
 private:
@@ -28,6 +28,6 @@ private:
 
     QAbstractScrollArea &area;
     bool isSpaceHeld = false;
-    Qt::MouseButton button = Qt::NoButton; // that drags
+    Qt::MouseButton button = Qt::NoButton; // the button that drags
     QPoint last;
 };

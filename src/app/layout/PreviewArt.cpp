@@ -13,14 +13,14 @@
 namespace
 {
 
-constexpr int TEXT_EDGE = 2;    // pixels of the device, from the sides of the component
-constexpr int BESIDE_IMAGE = 2; // the same, between an image and the text beside it
-constexpr int USUAL_FONT = 16;  // the same, of the font where no property says how large it is
+constexpr int TEXT_EDGE = 2;    // pixels of the device, between a text and the sides of its component
+constexpr int BESIDE_IMAGE = 2; // pixels of the device, between an image and the text beside it
+constexpr int USUAL_FONT = 16;  // pixels of the device: the font size if no property gives one
 constexpr int SMALLEST_USUAL_FONT = 9;
-constexpr qreal SMALLEST_FONT = 4;      // pixels of the view: smaller ones can't be read
+constexpr qreal SMALLEST_FONT = 4;      // pixels of the view: a smaller font can't be read
 constexpr qreal SMALLEST_TILE = 4;      // pixels of the view
-constexpr qreal LARGEST_FONT = 2000;    // the same
-constexpr qreal LONGEST_SIDE = 1 << 20; // of a rectangle that a text is laid out in
+constexpr qreal LARGEST_FONT = 2000;    // pixels of the view
+constexpr qreal LONGEST_SIDE = 1 << 20; // pixels of the view, of a rectangle in which a text is laid out
 
 QSizeF Scaled(const QSize &size, qreal scale)
 {
@@ -91,7 +91,7 @@ void PreviewArt::Draw(QPainter &painter, const PreviewContent &content, const QR
     QRectF forText = rect;
     for (const NarrowText &path : content.images) {
         const PreviewImages::Image &image = ImageOf(path);
-        // A button, say, has a text beside its image. Any other text is over it.
+        // A narrow image, as in a button, is drawn beside the text. Any other image is drawn under it.
         const QSizeF beside = BesideText(image, rect, scale);
         if (content.text && content.images.size() == 1 && beside.width() < rect.width() / 2) {
             QRectF forImage = rect;
@@ -123,7 +123,8 @@ void PreviewArt::DrawImage(QPainter &painter, const PreviewImages::Image &image,
     case ImageFit::Tile:
         break;
     }
-    // Those in sight. Very small ones would be too many, and can't be told apart.
+    // Draws only the visible tiles. Very small tiles would be too many and could not be distinguished, so the image is
+    // stretched instead.
     const QRectF shown = rect & QRectF(view);
     if (shown.isEmpty() || natural.width() < SMALLEST_TILE || natural.height() < SMALLEST_TILE)
         return DrawPart(painter, image.picture, rect, view);
@@ -136,7 +137,8 @@ void PreviewArt::DrawImage(QPainter &painter, const PreviewImages::Image &image,
     }
 }
 
-/// In one line, cut with "…", unless the text wraps. A font whose size nobody has set is as small as the text needs.
+/// Draws the text in one line, shortened with "…" if it is too wide, unless the text wraps. If no property gives a font
+/// size, the font is made smaller until the text fits, but not smaller than SMALLEST_USUAL_FONT.
 void PreviewArt::DrawText(QPainter &painter, const ShownText &text, const QRectF &rect, qreal scale) const
 {
     const QRectF room = rect.adjusted(TEXT_EDGE * scale, 0, -TEXT_EDGE * scale, 0);

@@ -9,25 +9,25 @@
 
 class QPainter;
 
-/// Draws the images and texts that components refer to, so that the preview looks as the device does. It belongs to the
-/// entries that are painted, by their place in the list.
+/// Draws the images and texts that components refer to, so that the preview looks as the device does. Keeps the content
+/// of each painted entry, by the index of the entry in the list.
 class PreviewArt
 {
 public:
-    /// `loaded` is told after images have been loaded: then all is to be painted again.
+    /// `loaded` is called after images have been loaded; everything must then be painted again.
     PreviewArt(CResModel &projectModel, std::function<void()> loaded);
 
-    /// Begins anew with a number of entries of a layout of that resolution.
+    /// Starts again with `count` entries of a layout of that resolution.
     void Reset(size_t count, qint32 layoutResolution);
-    /// The values of an entry have changed.
+    /// Called after the values of an entry have changed.
     void Forget(size_t place) { contents.at(place).reset(); }
-    /// The files of images may have changed.
+    /// Called when the files of images may have changed.
     void RefreshFiles();
 
     [[nodiscard]] const PreviewContent &Of(size_t place, const CZulClass &component);
 
-    /// Draws the content of a component into its rectangle in the view, and nothing outside of it. `scale` is the size
-    /// of a pixel of the device. Of the rectangle only what is within `view` has to be drawn.
+    /// Draws the content of a component into its rectangle in the view, and nothing outside of the rectangle. `scale`
+    /// is the size of a pixel of the device. Only the part of the rectangle within `view` has to be drawn.
     void Draw(QPainter &painter, const PreviewContent &content, const QRectF &rect, const QRect &view, qreal scale);
 
 private:
@@ -38,8 +38,8 @@ private:
 
     CResModel &model;
     qint32 resolution = -1;
-    std::vector<std::unique_ptr<PreviewContent>> contents; // null where it isn't looked up yet
+    std::vector<std::unique_ptr<PreviewContent>> contents; // null if it isn't looked up yet
     PreviewImages images;
     std::unique_ptr<HostPaths> paths;       // listings of folders
-    QHash<NarrowText, QByteArray> hostPath; // of the path that the project stores
+    QHash<NarrowText, QByteArray> hostPath; // by the path that the project stores
 };

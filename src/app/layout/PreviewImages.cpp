@@ -38,7 +38,7 @@ void PreviewImages::Ask(const QByteArray &hostPath, Known &known)
         return;
     PictureRequest request{hostPath, LARGEST, true, known.stamp, 0, true};
     if (const auto dropped = workers.AddThumbnail(std::move(request)))
-        images[dropped->hostPath].isAsked = false; // painting asks for it again
+        images[dropped->hostPath].isAsked = false; // the next paint requests it again
 }
 
 void PreviewImages::Take(std::vector<PictureResult> results)

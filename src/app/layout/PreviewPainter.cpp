@@ -15,10 +15,10 @@ namespace
 
 constexpr int OUTLINE = 2;
 constexpr int FOCUS_DISTANCE = 3;
-constexpr int LABEL_EDGE = 2; // from the sides of the component, with its frame
+constexpr int LABEL_EDGE = 2; // between a label and the sides of its component, including the frame
 constexpr QColor OUTLINE_COLOR(0xFF, 0, 0);
 constexpr QColor UNSET_BORDER(0x8C, 0x96, 0xA3);
-constexpr QColor PALE(0xF0, 0xF3, 0xF7); // of the placeholder, about
+constexpr QColor PALE(0xF0, 0xF3, 0xF7); // about the colour of the placeholder
 
 QColor ColorFrom(quint32 color)
 {
@@ -30,14 +30,14 @@ bool IsColor(quint32 color)
     return color != FRAME_NO_PROPERTY && color != FRAME_NO_VALUE;
 }
 
-/// Black or white, whichever can be read on that colour.
+/// Black or white, whichever is readable on that colour.
 QColor InkOn(const QColor &fill)
 {
     constexpr int MIDDLE = 140; // of 255
     return qGray(fill.rgb()) < MIDDLE ? Qt::white : Qt::black;
 }
 
-/// The four sides of a rectangle, so many pixels wide, from its edge inward.
+/// The four sides of a rectangle, each `width` pixels wide, from its edge inward.
 QRegion Sides(const QRect &rect, int width)
 {
     return QRegion(rect) - QRegion(rect.adjusted(width, width, -width, -width));
@@ -59,7 +59,7 @@ bool Touches(const QRegion &region, const QRect &rect)
 
 } // namespace
 
-/// Where a rectangle of the layout is in the view. Not every rectangle fits into 32 bits there.
+/// The place of a rectangle of the layout in the view. Its coordinates may not fit into 32 bits.
 struct PreviewPainter::Place
 {
     Place(const PreviewRect &scaled, QPoint corner)
@@ -74,8 +74,8 @@ struct PreviewPainter::Place
     {
         return {QPointF(double(left), double(top)), QPointF(double(right), double(bottom))};
     }
-    /// The same where it is in the view. Edges that aren't are moved as near as they can be without being seen, nor
-    /// anything that is drawn along them.
+    /// The same place, limited to the view. An edge outside of the view is moved as close to it as possible without
+    /// becoming visible; anything that is drawn along the edge stays invisible too.
     [[nodiscard]] QRect In(const QRect &view) const
     {
         constexpr int BEYOND = 4 * OUTLINE;
@@ -111,12 +111,12 @@ QRegion PreviewPainter::OutlineOf(const PreviewScene &scene, const PreviewEntry 
 void PreviewPainter::PaintLabel(QPainter &painter, const PreviewScene &scene, size_t entry, const Place &place,
                                 QColor fill)
 {
-    // An empty rectangle has room for no more than the ellipsis, which shows where it is.
+    // An empty rectangle gets only the ellipsis, which shows where the rectangle is.
     const auto *const label = place.IsEmpty() ? &labels.Ellipsis()
                                               : labels.Fitting(entry, *scene.entries[entry].component,
                                                                place.right - place.left - 2 * LABEL_EDGE);
     const qint64 room = place.IsEmpty() ? 0 : place.bottom - place.top;
-    if (!label || (!place.IsEmpty() && room < labels.Height() / 2)) // it could not be read
+    if (!label || (!place.IsEmpty() && room < labels.Height() / 2)) // the label could not be read
         return;
     const qint64 x = place.left + (place.right - place.left - label->width) / 2;
     const qint64 y = place.top + std::min<qint64>(LABEL_EDGE, (room - labels.Height()) / 2);
@@ -164,7 +164,7 @@ bool PreviewPainter::PaintArt(QPainter &painter, const PreviewScene &scene, size
         fill.setAlpha(content.backgroundAlpha);
         painter.fillRect(rect, fill);
     } else if (content.text && !content.text->color) {
-        pictures.DrawPlaceholder(painter, place.Whole(), scene.view); // on which a black text can be read
+        pictures.DrawPlaceholder(painter, place.Whole(), scene.view); // so that a black text can be read
     }
     art->Draw(painter, content, place.Whole(), scene.view, scene.zoom.Percent() / 100.0);
     if (IsColor(painted.border) && painted.sources.border) {
@@ -174,7 +174,7 @@ bool PreviewPainter::PaintArt(QPainter &painter, const PreviewScene &scene, size
     return true;
 }
 
-/// Black and white around the screen, and around them the line of the active view.
+/// Draws a black and white frame around the screen, and around that the line that marks the active view.
 void PreviewPainter::PaintFrame(QPainter &painter, const QRect &screen, bool isActive) const
 {
     FillSides(painter, screen.adjusted(-1, -1, 1, 1), 1, Qt::black, Qt::white);
@@ -183,7 +183,7 @@ void PreviewPainter::PaintFrame(QPainter &painter, const QRect &screen, bool isA
         FillSides(painter, around, 1, look.focus, look.focus);
 }
 
-/// Images and their backgrounds let through what is below.
+/// Images and their backgrounds may be transparent.
 bool PreviewPainter::IsOpaque(const PreviewEntry &entry, size_t place) const
 {
     if (!art)
@@ -193,7 +193,7 @@ bool PreviewPainter::IsOpaque(const PreviewEntry &entry, size_t place) const
     return isPlain || (IsColor(entry.background) && content.backgroundAlpha == 255);
 }
 
-/// Most of the components of a large layout are below others, and their labels take the most time.
+/// Leaves out covered components: most components of a large layout are below others, and labels take the most time.
 std::vector<size_t> PreviewPainter::InSight(const PreviewScene &scene, const QRegion &region) const
 {
     std::vector<size_t> inSight;

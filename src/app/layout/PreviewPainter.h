@@ -17,7 +17,7 @@ struct PreviewScene
     const PreviewEntries &entries;
     const PreviewZoom &zoom;
     QPoint corner; ///< of the screen, in pixels of the view
-    QRect view;    ///< all that the view shows
+    QRect view;    ///< the whole visible area
     const CZulClass *selected = nullptr;
     bool isActive = false;
 };
@@ -34,27 +34,27 @@ public:
         QColor focus;    ///< the line around the screen of the active view
     };
     Look look;
-    /// Belongs to the entries that are painted: reset with them.
+    /// The labels of the painted entries. They must be reset together with the entries.
     PreviewLabels labels;
-    /// Draws images and texts; null for none. Not owned; belongs to the entries too.
+    /// Draws images and texts; null for none. Not owned. It must be reset together with the entries too.
     PreviewArt *art = nullptr;
 
-    /// Paints what is in a region of the view; what isn't may be painted too. The painter has no clip of its own.
+    /// Paints a region of the view; may also paint outside of the region. The painter must have no clip of its own.
     void Paint(QPainter &painter, const PreviewScene &scene, const QRegion &region);
 
-    /// All that the painting of an entry touches, as far as the view shows it.
+    /// The area that painting an entry changes, as far as it is visible.
     [[nodiscard]] QRect ExtentOf(const PreviewScene &scene, const PreviewEntry &entry) const;
-    /// The outline of an entry that is selected.
+    /// The outline that an entry has when it is selected.
     [[nodiscard]] static QRegion OutlineOf(const PreviewScene &scene, const PreviewEntry &entry);
 
 private:
     struct Place;
-    /// The places of the entries that a paint of a region can't leave out, in order.
+    /// The indexes of the entries that must be painted in a region, in ascending order.
     [[nodiscard]] std::vector<size_t> InSight(const PreviewScene &scene, const QRegion &region) const;
     void PaintEntry(QPainter &painter, const PreviewScene &scene, size_t entry, const Place &place);
     /// Returns whether the painting of an entry hides what is below it.
     [[nodiscard]] bool IsOpaque(const PreviewEntry &entry, size_t place) const;
-    /// As the device shows it. False, and nothing is painted, when there is nothing to show.
+    /// Paints an entry as the device shows it. If there is nothing to show, paints nothing and returns false.
     bool PaintArt(QPainter &painter, const PreviewScene &scene, size_t entry, const Place &place);
     void PaintLabel(QPainter &painter, const PreviewScene &scene, size_t entry, const Place &place, QColor fill);
 

@@ -10,9 +10,9 @@ namespace
 
 constexpr QSize WALLPAPER_SIZE(197, 241);
 constexpr QSize PLACEHOLDER_SIZE(107, 94);
-constexpr int LARGEST_KEPT = 4 << 20;  // device pixels of the wallpaper
-constexpr int LONGEST_KEPT = 16 << 10; // of a side
-constexpr int TALLEST_KEPT = 4096;     // device pixels of a placeholder
+constexpr int LARGEST_KEPT = 4 << 20;  // device pixels of a whole wallpaper
+constexpr int LONGEST_KEPT = 16 << 10; // device pixels of a side of a wallpaper
+constexpr int TALLEST_KEPT = 4096;     // device pixels: the height of a placeholder
 constexpr qsizetype CACHED_BYTES = 8 * 1024 * 1024;
 constexpr int STRIP_WIDTH = 64;
 
@@ -48,7 +48,7 @@ QImage DrawnWallpaper()
     return image;
 }
 
-/// A pale, glossy gradient. All columns are alike, so a picture of any width is a strip that is repeated.
+/// A pale, glossy gradient. All columns are equal, so a strip is repeated to fill any width.
 QImage DrawnPlaceholder()
 {
     QImage image(PLACEHOLDER_SIZE, QImage::Format_RGB32);

@@ -7,15 +7,15 @@
 
 class QPainter;
 
-/// The two pictures of the preview: the wallpaper of the screen, and the one of a component that has no colour. Both
-/// are stretched to the rectangle that they are drawn in. Pictures of sizes that were needed lately are kept.
+/// The two pictures of the preview: the wallpaper of the screen, and the placeholder for a component that has no
+/// colour. Both are stretched to the rectangle in which they are drawn. Pictures of recently used sizes are kept.
 class PreviewPictures
 {
 public:
     PreviewPictures();
 
-    /// Of `rect` only what is within `view` needs to be drawn. It is what makes large rectangles cheap; give the same
-    /// for a repaint of a part, so that the parts fit together.
+    /// Only the part of `rect` within `view` has to be drawn, which makes large rectangles cheap. For the repaint of a
+    /// part, pass the same `view`, so that the parts fit together.
     void DrawWallpaper(QPainter &painter, const QRectF &rect, const QRect &view);
     void DrawPlaceholder(QPainter &painter, const QRectF &rect, const QRect &view);
 

@@ -38,7 +38,7 @@ int NumberOf(EditControl control)
     return int(control) - int(IsLabel(control) ? EditControl::Label0 : EditControl::Text0);
 }
 
-/// What a user types as a colour may be beyond the ends.
+/// Limits the numbers to 0 to 255, because the user can type others.
 QColor ColorOf(const EditColor &color)
 {
     const auto part = [](int value) { return qBound(0, value, 255); };
@@ -53,12 +53,12 @@ bool IsMouseButton(QEvent::Type type)
 
 } // namespace
 
-/// What is made later is in front.
+/// Widgets that are made later are in front, so the backdrop is the first.
 PropertyControls::PropertyControls(CListGrid &listGrid, IViewBoxes &viewBoxes)
     : QObject(&listGrid), grid(listGrid), boxes(viewBoxes), backdrop(new QWidget(listGrid.viewport()))
 {
     backdrop->setAutoFillBackground(true);
-    backdrop->setBackgroundRole(QPalette::Window); // in which the edges of the text boxes can be seen
+    backdrop->setBackgroundRole(QPalette::Window); // the edges of the text boxes are visible on it
     MakeFields();
     MakeChoices();
     MakeSwatch();
@@ -90,8 +90,8 @@ void PropertyControls::MakeChoices()
 {
     choiceList = new QComboBox(grid.viewport());
     choiceList->setInsertPolicy(QComboBox::NoInsert);
-    choiceList->setFocusPolicy(Qt::StrongFocus); // none by the wheel
-    // Without looking at each of what may be thousands of entries.
+    choiceList->setFocusPolicy(Qt::StrongFocus); // no focus by the wheel
+    // This policy doesn't measure each entry; there may be thousands.
     choiceList->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     if (auto *const list = qobject_cast<QListView *>(choiceList->view()))
         list->setUniformItemSizes(true);
@@ -169,7 +169,7 @@ bool PropertyControls::Have(const QWidget *widget) const
 
 void PropertyControls::Focus(EditControl control)
 {
-    Widget(control)->setFocus(Qt::TabFocusReason); // which selects a text
+    Widget(control)->setFocus(Qt::TabFocusReason); // this reason selects the text
 }
 
 bool PropertyControls::FocusNext(EditControl from, int step)
@@ -283,14 +283,14 @@ bool PropertyControls::eventFilter(QObject *watched, QEvent *event)
 {
     const QEvent::Type type = event->type();
     if (watched == grid.viewport())
-        return type == QEvent::KeyPress; // which a control had no use for: it isn't one of the list
+        return type == QEvent::KeyPress; // a key that a control hasn't used must not reach the list
     const auto control = ControlOf(watched);
     if (!control)
         return false;
     if (*control == EditControl::Backdrop || IsLabel(*control))
-        return IsMouseButton(type); // no click on the cell below
+        return IsMouseButton(type); // the cell below must not receive the click
     if (type == QEvent::Wheel && *control == EditControl::Choices) {
-        event->ignore(); // so the list scrolls
+        event->ignore(); // so that the list scrolls
         return true;
     }
     if (type == QEvent::KeyPress)

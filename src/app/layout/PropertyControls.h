@@ -18,31 +18,33 @@ class QLabel;
 class QLineEdit;
 class QWidget;
 
-/// The controls of the property editors as widgets, laid over the cells of a list. They tell what happens in them and
-/// in the list, and end nothing by themselves. The focus that a menu takes isn't lost.
+/// The controls of the property editors as widgets that are laid over the cells of a list. They report the events in
+/// themselves and in the list, and never close an editor by themselves. It isn't a loss of focus when a menu takes the
+/// focus.
 ///
-/// The end of a line that is pasted, dropped or composed becomes a blank. The list of choices ignores the wheel.
+/// Line ends in text that is pasted, dropped or composed become blanks. The list of choices ignores the wheel.
 class PropertyControls : public QObject, public IEditControls
 {
 public:
-    /// Belongs to the list. The boxes must live longer.
+    /// The list owns this object. The boxes must live longer.
     PropertyControls(CListGrid &listGrid, IViewBoxes &viewBoxes);
 
-    /// Told of an event in a control. The focus that goes from one control to another isn't lost.
+    /// Called after an event in a control. It isn't a loss of focus when the focus moves from one control to another.
     std::function<void(EditControl control, EditEvent event)> told;
-    /// Told of a key before the control, or the list, has it. True: it is used up.
+    /// Called for a key before the control, or the list, receives it. Returns true if the key was handled.
     std::function<bool(EditControl control, const QKeyEvent &key)> keyPressed;
 
-    /// Names the controls that show after the property, for screen readers.
+    /// Names the visible controls after the property, for screen readers.
     void SetName(const QString &property);
 
-    /// Says whether a widget is one of the controls, or part of one; false for null.
+    /// Returns whether a widget is one of the controls, or part of one; false for null.
     [[nodiscard]] bool Have(const QWidget *widget) const;
     /// Gives a control the focus, with all of its text selected.
     void Focus(EditControl control);
-    /// Gives the next control that shows, or the one before for a `step` of -1, the focus. False when there is none.
+    /// Gives the focus to the next visible control, or to the previous one if `step` is -1. Returns false if there is
+    /// none.
     bool FocusNext(EditControl from, int step);
-    /// Does what the key does in a control.
+    /// Sends a key to a control.
     void Type(EditControl control, const QKeyEvent &key);
 
     // IEditControls
@@ -68,13 +70,13 @@ private:
         QLabel *label;
         QLineEdit *text;
         LineEndGuard *line;
-        int limit = 0; // of typing, in characters
+        int limit = 0; // of typed text, in characters
     };
 
     void MakeFields();
     void MakeChoices();
     void MakeSwatch();
-    /// The widget of a control; the list's own for EditControl::Grid.
+    /// The widget of a control; the list for EditControl::Grid.
     [[nodiscard]] QWidget *Widget(EditControl control) const;
     [[nodiscard]] std::optional<EditControl> ControlOf(const QObject *widget) const;
     [[nodiscard]] Field &FieldOf(EditControl text);

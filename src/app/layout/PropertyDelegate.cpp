@@ -8,7 +8,7 @@
 namespace
 {
 
-constexpr float SHADE = 0.09F; // of the text's colour in the background of a heading
+constexpr float SHADE = 0.09F; // opacity of the text's colour in the background of a heading
 
 QStyleOptionViewItem InBold(const QStyleOptionViewItem &option)
 {

@@ -15,5 +15,5 @@ public:
                    const QModelIndex &index) override;
 
 private:
-    ListCellDelegate bold; // which keeps the texts that it has laid out in bold apart
+    ListCellDelegate bold; // a separate delegate, so that texts that are laid out in bold are kept separately
 };

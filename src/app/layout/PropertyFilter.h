@@ -8,22 +8,23 @@
 class QKeyEvent;
 class QLineEdit;
 
-/// The bar above the property grid in which the user types what the rows have in their name or value. Hidden at first.
+/// The bar above the property grid. The user types a text, and the grid shows the rows that have it in their name or
+/// value. Hidden at first.
 class PropertyFilter : public QWidget
 {
 public:
     explicit PropertyFilter(QWidget *parent);
 
-    std::function<void(const QString &text)> textChanged; ///< at once, with each letter
-    std::function<void()> toGrid;                         ///< Down and Enter; also when the bar closes
+    std::function<void(const QString &text)> textChanged; ///< called at once, after each letter
+    std::function<void()> toGrid;                         ///< called for Down and Enter, and when the bar closes
 
-    /// Shows the bar, or closes it when it has the focus already.
+    /// Shows the bar, or closes it if it has the focus already.
     void Toggle();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    /// Says whether the key is used up.
+    /// Returns whether the key was handled.
     bool TakeKey(const QKeyEvent &key);
     void Close();
 

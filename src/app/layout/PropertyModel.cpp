@@ -28,7 +28,7 @@ QString TextOf(const PropertyRow &row, int col)
     }
 }
 
-/// As a screen reader says it: what the bold type means is said in words.
+/// The text for screen readers, which says in words what the bold type means.
 QString AccessibleText(const PropertyRow &row, int col)
 {
     if (col == PropertyModel::NAME_COLUMN)
@@ -36,7 +36,8 @@ QString AccessibleText(const PropertyRow &row, int col)
     return row.name + u", "_s + QLatin1String(TITLES[col]) + u": "_s + CellLine(TextOf(row, col), LONGEST_SHOWN);
 }
 
-/// A square of a colour that is set, beside its text. Drawn large, for a sharp screen too.
+/// A square in the colour of a property that is set, to be shown beside the text. It is drawn large, for screens of
+/// high resolution too.
 QVariant ColorSample(const PropertyRow &row)
 {
     if (row.kind != PropertyKind::Value || !row.isSet || row.target->GetTypeId() != TYPE_COLOR)
@@ -69,7 +70,7 @@ void PropertyModel::SetFilter(const QString &text)
     endResetModel();
 }
 
-/// All rows of one component are few; telling Qt of a row costs more than reading it.
+/// Reads all rows, which are few. A signal for a row costs more than reading it.
 void PropertyModel::Refresh()
 {
     for (int row = 0; row < int(shown.size()); ++row) {

@@ -5,14 +5,14 @@
 
 #include <QAbstractTableModel>
 
-/// What the model of the property grid tells of a cell beside its text.
+/// The roles of the property grid's model that describe a cell in addition to its text.
 enum PropertyRole : int
 {
     ROLE_IS_SET = Qt::UserRole + 20, ///< bool: the name of a property that has a value
     ROLE_IS_HEADING,                 ///< bool: the row is only a heading for those below it
 };
 
-/// The properties of a component as an item model: those that a filter leaves.
+/// An item model of the properties of a component that match a filter.
 class PropertyModel : public QAbstractTableModel
 {
 public:
@@ -27,18 +27,18 @@ public:
     /// The environment must live longer.
     explicit PropertyModel(const Environment &environment) : env(environment) {}
 
-    /// Shows the rows of a component that the filter leaves; null for none. Told to Qt as a reset.
+    /// Shows the rows of a component that match the filter; null for none. Resets the model.
     void Show(CZulClass *component);
-    /// Shows the rows that have a text in their name or value, as they are now; all for an empty text. Told to Qt as a
-    /// reset.
+    /// Shows the rows that have a text in their present name or value; all rows for an empty text. Resets the model.
     void SetFilter(const QString &text);
     [[nodiscard]] const QString &Filter() const { return filter; }
-    /// Reads all values again. Only rows that have changed are told to Qt; the filter hides none of them.
+    /// Reads all values again. Emits dataChanged only for rows that have changed. No row is hidden, even if it doesn't
+    /// match the filter any more.
     void Refresh();
 
     /// A row that is shown.
     [[nodiscard]] const PropertyRow &At(int row) const { return rows[size_t(shown[size_t(row)])]; }
-    /// Where the row that was at `place` among all rows is shown, and the other way round; -1 for none.
+    /// Convert the index of a row among all rows (`place`) to its index among the shown rows, and back; -1 for none.
     [[nodiscard]] int RowOf(int place) const;
     [[nodiscard]] int PlaceOf(int row) const { return row < 0 ? -1 : shown[size_t(row)]; }
 
@@ -51,6 +51,6 @@ public:
 private:
     const Environment &env;
     std::vector<PropertyRow> rows;
-    std::vector<int> shown; // the numbers of the rows that the filter leaves, ascending
+    std::vector<int> shown; // the indexes of the rows that match the filter, ascending
     QString filter;
 };

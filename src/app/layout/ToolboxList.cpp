@@ -11,7 +11,7 @@
 ToolboxList::ToolboxList(QWidget *parent) : QListWidget(parent)
 {
     setAccessibleName(QStringLiteral("Toolbox"));
-    setTextElideMode(Qt::ElideNone); // what is wider scrolls
+    setTextElideMode(Qt::ElideNone); // wider texts scroll
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     new CopyGuard(*this);
     connect(this, &QListWidget::itemDoubleClicked, this, [this](const QListWidgetItem *row) { Choose(row); });
@@ -21,7 +21,7 @@ void ToolboxList::Fill(const CResModel &project)
 {
     const auto now = project.classes->loaded ? project.classes : nullptr;
     if (now == catalogue)
-        return; // what a catalogue offers stays as it is once it is loaded
+        return; // the classes that a loaded catalogue offers don't change
     clear();
     catalogue = now;
     if (!catalogue)

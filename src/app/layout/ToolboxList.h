@@ -10,15 +10,15 @@ class CResModel;
 class ClassCatalogue;
 struct ClassDescriptor;
 
-/// The classes that a layout can have components of.
+/// The list of classes of which the user can add components to a layout.
 class ToolboxList : public QListWidget
 {
 public:
     explicit ToolboxList(QWidget *parent);
 
-    /// Lists the classes that a project's catalogue offers; none where it has no catalogue.
+    /// Lists the classes that a project's catalogue offers; none if the project has no catalogue.
     void Fill(const CResModel &project);
-    /// Told of a class that the user wants a component of: by a double click, or by Enter.
+    /// Called when the user chooses a class by a double click or by Enter, to add a component of it.
     std::function<void(const ClassDescriptor &type)> chosen;
 
 protected:
@@ -27,5 +27,5 @@ protected:
 private:
     void Choose(const QListWidgetItem *row);
 
-    std::shared_ptr<const ClassCatalogue> catalogue; // of what is listed, which it keeps alive
+    std::shared_ptr<const ClassCatalogue> catalogue; // of the listed classes, which it keeps alive
 };

@@ -89,7 +89,7 @@ Applied CResIDEditor::Write(int choice)
     if (!id)
         return Applied::Refused;
     reference.SetReference(*id);
-    return reference.attr ? Applied::Changed : Applied::Refused; // without an attribute no file has it
+    return reference.attr ? Applied::Changed : Applied::Refused; // without an attribute it is not saved
 }
 
 bool CParentEditor::FillChoices(QStringList &list, CLayoutRes &layoutRes, CZulClass &component)

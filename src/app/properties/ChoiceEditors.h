@@ -4,8 +4,8 @@
 #include "PropEditors.h"
 #include "Text.h"
 
-/// Edits a value by a list of choices, in an order that says something. What is chosen when it opens may only resemble
-/// the value (SelectString), so it is written only after the user has chosen it.
+/// Edits a value with a list of choices, which are in a meaningful order. The entry that is chosen at first may only
+/// resemble the value (SelectString), so it is written only after the user has chosen it.
 class CChoiceEditor : public CPropEditor
 {
 public:
@@ -22,9 +22,9 @@ public:
     [[nodiscard]] EditControl First() const override { return EditControl::Choices; }
 
 protected:
-    /// False when there is nothing to choose from.
+    /// Fills the list of choices. Returns false if there is nothing to choose from.
     virtual bool FillChoices(QStringList &list, CLayoutRes &layoutRes, CZulClass &component) = 0;
-    /// Which of the choices represents the value; -1 for none.
+    /// The index of the choice that represents the value; -1 for none.
     [[nodiscard]] virtual int CurrentChoice(const QStringList &list) const;
     virtual Applied Write(int choice) { return Store(choices[choice]); }
 
@@ -63,10 +63,10 @@ private:
     Applied Write(int choice) override;
 
     CResModel &model;
-    std::vector<NarrowText> names; // of the choices; an ID may go while the list is open
+    std::vector<NarrowText> names; // of the choices; an ID may be deleted while the list is open
 };
 
-/// Moves a component into another, or out of all.
+/// Moves a component into another component, or to the top level.
 class CParentEditor : public CChoiceEditor
 {
 public:

@@ -6,7 +6,7 @@
 
 #include <optional>
 
-/// Something that an event of an editor is about.
+/// The source of an editor's event: a control or the grid.
 enum class EditControl
 {
     Grid,
@@ -36,14 +36,14 @@ enum class EditControl
 enum class EditEvent
 {
     FocusLost,
-    TextChanged, ///< by the user; of the list of choices: an entry was chosen, even if it is the same
+    TextChanged, ///< by the user; for the list of choices: an entry was chosen, even if it is the same
     Clicked,
 };
 
 /// A colour without alpha.
 struct EditColor
 {
-    int red = 0; ///< 0 to 255, as the others
+    int red = 0; ///< 0 to 255, like the others
     int green = 0;
     int blue = 0;
     bool operator==(const EditColor &) const = default;
@@ -59,10 +59,10 @@ public:
     /// Shows a control at a place of the grid's viewport.
     virtual void Show(EditControl control, const QRect &place) = 0;
     virtual void Hide(EditControl control) = 0;
-    /// Of text boxes and labels. A text that is set is no event.
+    /// Sets the text of a text box or label. This causes no event.
     virtual void SetText(EditControl control, const QString &text) = 0;
     [[nodiscard]] virtual QString Text(EditControl control) const = 0;
-    /// How many characters the user can type into a text box; at least as many as it has.
+    /// Limits the number of characters that the user can type into a text box. The limit never cuts the present text.
     virtual void SetLimit(EditControl control, int characters) = 0;
     virtual void SelectAll(EditControl control) = 0;
     [[nodiscard]] virtual bool HasFocus(EditControl control) const = 0;
@@ -71,12 +71,13 @@ public:
 
     /// The entries of the list of choices; none is chosen.
     virtual void SetChoices(const QStringList &choices) = 0;
-    /// The number of the chosen entry, or -1.
+    /// The index of the chosen entry, or -1.
     [[nodiscard]] virtual int Choice() const = 0;
     virtual void Choose(int choice) = 0;
 
     virtual void SetSwatch(const EditColor &color) = 0;
-    /// Has the user choose a colour; nothing when the dialog is cancelled. Returns when it is closed.
+    /// Asks the user for a colour with a dialog, and returns when it is closed. Returns nothing if the dialog is
+    /// cancelled.
     [[nodiscard]] virtual std::optional<EditColor> AskColor(const EditColor &start) = 0;
 
 protected:

@@ -53,7 +53,7 @@ bool CFieldEditor::Open(CLayoutRes &, CZulClass &, const QRect &rect)
     QString text;
     for (fieldCount = 0; fieldCount < IEditControls::FIELDS && SetupField(fieldCount, label, text); ++fieldCount) {
         view.SetText(LabelOf(fieldCount), label);
-        // A limit below the length would cut what is there.
+        // A limit below the length would cut the present text.
         view.SetLimit(TextOf(fieldCount), std::max(LONGEST_NUMBER, int(text.size())));
         view.SetText(TextOf(fieldCount), text);
     }
@@ -179,7 +179,7 @@ void CColorEditor::Close()
 bool CColorEditor::WantsApply(EditControl control, EditEvent event)
 {
     if (dialogOpen)
-        return false; // it has the focus for a while
+        return false; // the dialog has the focus
     if (control == EditControl::Swatch && event == EditEvent::Clicked) {
         AskColor();
         return false;
@@ -202,5 +202,5 @@ void CColorEditor::AskColor()
     for (int field = 0; field < COLORS; ++field)
         view.SetText(TextOf(field), NumberText(numbers[field]));
     view.SetSwatch(*color);
-    dirty = true; // the user's doing, though a text that is set is no event
+    dirty = true; // the user has changed the colour, but setting the texts causes no event
 }

@@ -23,9 +23,9 @@ public:
     [[nodiscard]] EditControl First() const override { return EditControl::Text0; }
 
 protected:
-    /// The label and the text of a field, counted from 0. False when there is none.
+    /// Writes the label and the text of a field; `index` counts from 0. Returns false if there is no such field.
     virtual bool SetupField(int index, QString &label, QString &text) const = 0;
-    /// Shows the fields; where they are.
+    /// Shows the fields and returns their places.
     std::vector<FieldPlace> PlaceFields(const QRect &rect);
 
     bool dirty = false; ///< the user has changed something

@@ -9,11 +9,11 @@ namespace
 constexpr int FIRST_START = -5; // from the left edge of the value
 constexpr int BEFORE_LABEL = 15;
 constexpr int BEFORE_TEXT = 2;
-constexpr int BESIDE_TEXT = 10; // how much wider than its text a control is
+constexpr int BESIDE_TEXT = 10; // the difference between the width of a control and the width of its text
 constexpr int SWATCH_START = 20;
 constexpr int SWATCH_END = 50;
 
-/// One pixel inside top and bottom of the value.
+/// A rectangle whose top and bottom are one pixel inside those of the value.
 QRect Inside(const QRect &rect, int left, int right)
 {
     return {left, rect.top() + 1, right - left, rect.height() - 2};

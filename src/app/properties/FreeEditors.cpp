@@ -23,7 +23,7 @@ bool CFreeEditor::Open(CLayoutRes &, CZulClass &, const QRect &rect)
 void CFreeEditor::Begin(const QString &text, int limit, const QRect &rect)
 {
     shown = text;
-    // A limit below the length would cut what is there.
+    // A limit below the length would cut the present text.
     view.SetLimit(EditControl::Text0, std::max(limit, int(text.size())));
     view.SetText(EditControl::Text0, text);
     view.SelectAll(EditControl::Text0);

@@ -3,8 +3,8 @@
 
 #include "PropEditors.h"
 
-/// Edits a value as a text. A text that is left as it was shown is not written: the value may be stored in another
-/// spelling, or with more digits than are shown.
+/// Edits a value as a text. An unchanged text is not written, because the value may be stored in another spelling, or
+/// with more digits than are shown.
 class CFreeEditor : public CPropEditor
 {
 public:
@@ -21,14 +21,14 @@ public:
 
 protected:
     void Begin(const QString &text, int limit, const QRect &rect);
-    /// Writes a text that isn't empty and not the one that was shown.
+    /// Writes a text that isn't empty and differs from the text that was shown at first.
     virtual Applied Write(const QString &text) { return Store(text); }
 
 private:
-    QString shown; // at first
+    QString shown; // the text at first
 };
 
-/// Edits the name of a component, which no other of the layout has.
+/// Edits the name of a component. No other component of the layout can have that name.
 class CNameEditor : public CFreeEditor
 {
 public:

@@ -20,7 +20,7 @@ Applied CPropEditor::Store(const QString &text)
     if (!env.codePage.FirstMissing(text).isEmpty() || !value.IsValid(narrow))
         return Applied::Refused;
     value.SetText(narrow);
-    return value.attr ? Applied::Changed : Applied::Refused; // without an attribute no file has it
+    return value.attr ? Applied::Changed : Applied::Refused; // without an attribute it is not saved
 }
 
 namespace

@@ -10,18 +10,19 @@ class CLayoutRes;
 class CResModel;
 class Environment;
 
-/// What became of an edit.
+/// The result of an edit.
 enum class Applied
 {
-    Refused,     ///< the user has to be told
+    Refused,     ///< the caller must tell the user
     Nothing,     ///< nothing has changed
     Changed,     ///< the value of a property
     TreeChanged, ///< the name of a component, or its parent
 };
 
-/// Edits the value of one row of the property grid by controls that it lays over the value. There is one at a time.
+/// Edits the value of one row of the property grid with controls that are laid over the value. Only one editor is open
+/// at a time.
 ///
-/// It points to the component, so it is closed and destroyed before that goes.
+/// An editor has a pointer to the component, so it must be closed and destroyed before the component is.
 class CPropEditor
 {
 public:
@@ -29,7 +30,7 @@ public:
     CPropEditor(const CPropEditor &) = delete;
     CPropEditor &operator=(const CPropEditor &) = delete;
 
-    /// Shows the controls over `rect`. False, and nothing is shown, when there is nothing to choose from.
+    /// Shows the controls over `rect`. If there is nothing to choose from, shows nothing and returns false.
     virtual bool Open(CLayoutRes &layoutRes, CZulClass &component, const QRect &rect) = 0;
     /// Moves the controls.
     virtual void Reposition(const QRect &rect) = 0;
@@ -37,10 +38,10 @@ public:
     virtual Applied Apply() = 0;
     /// Hides the controls.
     virtual void Close() = 0;
-    /// Told of an event. True: apply and close the editor now. The base's does so when the editor's one control, or the
-    /// grid, has lost the focus to something else.
+    /// Called after an event. Returns true if the caller must apply the edit and close the editor now. The base class
+    /// returns true when the editor's one control, or the grid, has lost the focus to something else.
     virtual bool WantsApply(EditControl control, EditEvent event);
-    /// The control that takes what is typed.
+    /// The control that receives typed text.
     [[nodiscard]] virtual EditControl First() const = 0;
 
 protected:
@@ -48,14 +49,15 @@ protected:
         : view(controls), env(environment), target(rowTarget)
     {
     }
-    /// Stores a text in the target, which is a scalar. Refuses what its type or the code page doesn't take.
+    /// Stores a text in the target, which must be a scalar. Refuses a text that is invalid for the type of the target,
+    /// or that the code page can't represent.
     [[nodiscard]] Applied Store(const QString &text);
 
     IEditControls &view;
     const Environment &env;
-    CZulType *target; // null once it is closed
+    CZulType *target; // null once the editor is closed
 };
 
-/// The editor for a row; null for one that has none. `controls` and `model` must live longer.
+/// Makes the editor for a row. Null if the row has no editor. `controls` and `model` must live longer.
 [[nodiscard]] std::unique_ptr<CPropEditor> MakeEditor(const PropertyRow &row, IEditControls &controls,
                                                       CResModel &model);

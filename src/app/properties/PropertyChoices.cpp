@@ -47,7 +47,7 @@ std::vector<CZulClass *> ParentsToChoose(const CLayoutRes &layoutRes, const CZul
         size_t next = 0;
     };
     std::vector<CZulClass *> parents;
-    std::vector<Level> levels = {{&layoutRes.Components()}}; // no recursion: a layout may nest as deep as it likes
+    std::vector<Level> levels = {{&layoutRes.Components()}}; // no recursion: a layout may nest to any depth
     while (!levels.empty()) {
         Level &level = levels.back();
         if (level.next == level.objects->size()) {

@@ -9,11 +9,11 @@ class CLayoutRes;
 class CResModel;
 class CZulClass;
 
-/// The names of the IDs that a reference of a type (TypeId) in a layout can be to. Images are those of the layout's
-/// resolution, then those of Default; strings are the rows of the string table; for any ID all that the resolution
-/// has, in the order of their making.
+/// The names of the IDs that a reference of a type (TypeId) in a layout can refer to. For an image, these are the
+/// images of the layout's resolution and then those of Default; for a string, the rows of the string table; for any ID,
+/// all IDs of the resolution and those for any resolution, in the order in which they were made.
 [[nodiscard]] std::vector<NarrowText> IdsToChoose(qint32 typeId, const CLayoutRes &layoutRes, CResModel &model);
 
-/// The components of a layout that another of it can be moved into: all but itself and those in it, each before those
-/// in it.
+/// The components of a layout into which `component` can be moved: all except itself and the components in it. Each is
+/// before the components in it.
 [[nodiscard]] std::vector<CZulClass *> ParentsToChoose(const CLayoutRes &layoutRes, const CZulClass &component);

@@ -31,13 +31,13 @@ bool IsSet(const CZulType &property)
     if (!IsComposite(property))
         return static_cast<const CZulBase &>(property).attr;
     const auto &composite = static_cast<const CZulCustom &>(property);
-    // Nothing can be set in a composite without a component, but in the state images, whose values have an attribute.
-    // So the time is that of what is set, and not that of all that the type could have.
+    // A composite without a component has no values that are set. The exception is state images, whose values have an
+    // attribute. So the time depends on the values that are set, and not on all that the type could have.
     const bool canHaveValues = composite.component || !composite.descriptor;
     return canHaveValues && HasSetMember(composite);
 }
 
-/// Goes as deep as types may nest.
+/// Recursive, but no deeper than types may nest.
 bool HasSetMember(const CZulCustom &object)
 {
     const auto &members = object.Members();
@@ -64,7 +64,7 @@ public:
         Refresh(env, row);
     }
 
-    /// Goes as deep as types may nest.
+    /// Recursive, but no deeper than types may nest.
     void AddMembers(const CZulCustom &object, int indent)
     {
         for (const auto &member : object.Members()) {
@@ -86,7 +86,8 @@ public:
     [[nodiscard]] std::vector<PropertyRow> Take() { return std::move(rows); }
 
 private:
-    /// Asked before each row that there is: says so in a row of its own when it is one too many.
+    /// Called before the row of each member and base class. Returns true if MOST_ROWS are there already; then the first
+    /// call adds the row "...".
     bool EndsHere()
     {
         if (rows.size() == MOST_ROWS) {
@@ -139,7 +140,7 @@ QString ShownName(const PropertyRow &row)
 std::vector<int> RowsThatHave(const std::vector<PropertyRow> &rows, const QString &text)
 {
     std::vector<int> found;
-    int headingIndent = -1; // of the heading that is missing above what was found
+    int headingIndent = -1; // of the heading that is still missing above the rows found
     for (int number = int(rows.size()) - 1; number >= 0; --number) {
         const PropertyRow &row = rows[size_t(number)];
         const bool isHeading = row.indent == headingIndent && row.kind == PropertyKind::Heading;

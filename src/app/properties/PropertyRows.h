@@ -9,11 +9,11 @@
 
 class Environment;
 
-/// What a row of the property grid is about.
+/// The subject of a row of the property grid.
 enum class PropertyKind
 {
     Name,    ///< the component: its name is edited
-    Parent,  ///< in which component it is
+    Parent,  ///< the component that contains it
     Value,   ///< a property
     Heading, ///< a group of properties or a base class, for the rows below it
 };
@@ -26,24 +26,25 @@ struct PropertyRow
     QString value;
     QString type;
     PropertyKind kind = PropertyKind::Value;
-    /// The property, or the component for its name and its parent; not owned. Null for the row that stands for those
+    /// The property, or the component for its name and its parent. Not owned. Null for the row that represents the rows
     /// beyond MOST_ROWS.
     CZulType *target = nullptr;
-    bool isSet = false; ///< a property that has a value, or a heading of some that have
+    bool isSet = false; ///< a property that has a value, or a heading of such properties
 };
 
-/// A catalogue of a few lines can give a class billions of properties. The grid shows the first of them.
+/// The grid shows at most this many rows of a component, and then a row "...". A catalogue of a few lines can give a
+/// class billions of properties.
 inline constexpr size_t MOST_ROWS = 10'000;
 
-/// The rows of a component: its name, its parent, its properties, and those of its base classes, each deeper by one
-/// indent. A row "..." ends those of a class that has more than MOST_ROWS.
+/// The rows of a component: its name, its parent, its properties, and those of its base classes, each base class
+/// indented by one more level. If there are more than MOST_ROWS, a row "..." follows the first MOST_ROWS.
 [[nodiscard]] std::vector<PropertyRow> RowsOf(const Environment &env, CZulClass &component);
 /// Reads value, type and `isSet` of a row again. An edit of a row can change those of the headings above it.
 void Refresh(const Environment &env, PropertyRow &row);
 
-/// The name as the grid shows it: four blanks an indent.
+/// The name as the grid shows it, with four blanks for each level of indent.
 [[nodiscard]] QString ShownName(const PropertyRow &row);
 
-/// The numbers of the rows whose name or value has the text, in either case, ascending, with the headings above them.
-/// All for an empty text.
+/// The indexes, ascending, of the rows that have the text in their name or value, ignoring case, and of the headings
+/// above them. All rows for an empty text.
 [[nodiscard]] std::vector<int> RowsThatHave(const std::vector<PropertyRow> &rows, const QString &text);

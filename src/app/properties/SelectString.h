@@ -3,6 +3,6 @@
 
 #include <QStringList>
 
-/// The number of the choice that begins with a text, in either case: the search begins at the second and comes to the
-/// first at last. -1 when none does, and for an empty text: a property without a value has chosen nothing.
+/// The index of the first choice that begins with a text, ignoring case. The search starts at the second choice and
+/// ends with the first. Returns -1 if there is none, and for an empty text: a property without a value has no choice.
 [[nodiscard]] int SelectString(const QStringList &choices, QStringView text);

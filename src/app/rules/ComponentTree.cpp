@@ -17,7 +17,7 @@ QString ComponentLabel(const Environment &env, const CZulClass &component)
 std::vector<ListedComponent> ComponentsOf(const CLayoutRes &layout)
 {
     std::vector<ListedComponent> all;
-    std::vector<ListedComponent> waiting; // a stack: the last is the next
+    std::vector<ListedComponent> waiting; // a stack: the last element is the next one
     const auto await = [&waiting](const std::vector<std::unique_ptr<CZulClass>> &components, int depth) {
         for (auto component = components.rbegin(); component != components.rend(); ++component)
             waiting.push_back({component->get(), depth});

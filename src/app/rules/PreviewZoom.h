@@ -48,8 +48,8 @@ class PreviewZoom
 public:
     static constexpr int STEP = 10;                     // percent
     static constexpr int MARGIN = 10;                   // pixels around the screen
-    static constexpr int NOTCH = 120;                   // of a wheel
-    static constexpr int LEAST_OF_WHEEL = NOTCH / STEP; ///< changes the zoom by a percent
+    static constexpr int NOTCH = 120;                   // the `delta` of one notch of a wheel
+    static constexpr int LEAST_OF_WHEEL = NOTCH / STEP; ///< the least `delta` that changes the zoom, by one percent
     static constexpr std::array PRESETS = {500, 200, 150, 100, 75, 50};
 
     [[nodiscard]] int Percent() const { return percent; }
@@ -59,7 +59,7 @@ public:
     bool ZoomOut();
     [[nodiscard]] bool CanZoomIn() const;
     [[nodiscard]] bool CanZoomOut() const;
-    /// Changes the zoom as the wheel was turned by `delta`; NOTCH is one step.
+    /// Changes the zoom for a wheel that was turned by `delta`; NOTCH is one step.
     bool Wheel(int delta);
     /// Sets the zoom at which the screen fills a view of that outer size. Sets 100 % if the screen has no size.
     bool Fit(QSize view);

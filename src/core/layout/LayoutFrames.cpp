@@ -40,12 +40,12 @@ struct Corner
 
 template <typename Value> const Value *OwnMember(const CZulClass &level, const NarrowText &name, TypeId type)
 {
-    // The class's own operation would look into its base too.
+    // CZulClass::FindMember would also look into the base class.
     const CZulType *member = level.CZulCustom::FindMember(name);
     return member && member->GetTypeId() == type ? static_cast<const Value *>(member) : nullptr;
 }
 
-/// Sets the sources of the rectangle. False when this level hasn't both of the properties that decide.
+/// Sets the sources of the rectangle. Returns false if this level doesn't have both `pos` and `anchor`.
 bool FindRect(const CZulClass &level, FrameSources &sources)
 {
     static const NarrowText posName("pos");
@@ -81,15 +81,15 @@ FrameSources SourcesOf(const CZulClass &object)
     return sources;
 }
 
-/// The part of a size in front of the anchor, cut toward zero.
+/// The part of a size before the anchor, rounded toward zero.
 qint64 PartOf(qint32 size, float anchor)
 {
-    if (!(anchor > 0)) // nor is it a number
+    if (!(anchor > 0)) // also true for NaN
         return 0;
     if (anchor >= 1)
         return size;
-    // Rounded to the precision of the anchor, 0.7 of 10 is 7, although the anchor is a little less than 0.7. Above this
-    // limit that precision is coarser than a pixel.
+    // The result is rounded to the precision of the anchor: 0.7 of 10 is 7, although the anchor is a little less than
+    // 0.7. Above this limit that precision is coarser than a pixel.
     constexpr double LIMIT = 1 << 24;
     const double part = double(size) * double(anchor);
     return qint64(std::abs(part) < LIMIT ? double(float(part)) : part);
@@ -143,7 +143,7 @@ PreviewEntries EntriesOf(const CLayoutRes &layout, PreviewEntries reused)
         size_t next = 0;
     };
     reused.clear();
-    std::vector<Level> levels = {{&layout.Components()}}; // no recursion: a layout may nest as deep as it likes
+    std::vector<Level> levels = {{&layout.Components()}}; // no recursion: a layout may nest to any depth
     std::vector<Corner> corners;
     while (!levels.empty()) {
         Level &level = levels.back();
@@ -177,7 +177,7 @@ void Refresh(PreviewEntries &entries, const CZulClass &changed)
         return;
     PreviewEntry *const found = entries.data() + (first - entries.data());
     std::vector<Corner> corners(size_t(found->depth));
-    // Its parents are the nearest entries in front of it with a lower depth.
+    // Its parents are the nearest entries before it with a lower depth.
     int depth = found->depth;
     for (const PreviewEntry *before = found; depth > 0; --before) {
         if (before->depth >= depth)

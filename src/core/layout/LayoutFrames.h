@@ -24,14 +24,14 @@ struct PreviewRect
     bool operator==(const PreviewRect &) const = default;
 };
 
-/// Colours of a frame have the form 0x00BBGGRR, but for these two.
+/// Colours of a frame have the form 0x00BBGGRR, except for these two values.
 enum FrameColor : quint32
 {
     FRAME_NO_PROPERTY = 0xFFFFFFFF, ///< -1: the class and its bases have no such property
     FRAME_NO_VALUE = 0xFF000000,    ///< the property isn't set
 };
 
-/// The properties that a frame is made of; not owned. Which they are follows from the component's class alone.
+/// The properties that determine a frame; not owned. They depend only on the component's class.
 struct FrameSources
 {
     const CZulPoint *pos = nullptr; ///< null when the class gives no rectangle; then `size` and `anchor` are null too
@@ -54,29 +54,30 @@ struct PreviewEntry
 
 using PreviewEntries = std::vector<PreviewEntry>;
 
-/// The components of a layout in the order in which they are painted: each before its sub-components. The memory of
-/// `reused` is used again.
+/// The components of a layout in the order in which they are painted: each before its sub-components. Reuses the memory
+/// of `reused`.
 ///
-/// The entries point to the components and their values. Those of a layout whose tree has changed must not be
-/// refreshed.
+/// The entries have pointers to the components and their values. They must not be refreshed after the layout's tree has
+/// changed.
 [[nodiscard]] PreviewEntries EntriesOf(const CLayoutRes &layout, PreviewEntries reused = {});
 
-/// Works out rectangles and colours of the same entries again, after values have changed.
+/// Computes the rectangles and colours of the entries again, after values have changed.
 void Refresh(PreviewEntries &entries);
-/// The same where only values of one component have changed: computes only that component and those below it.
+/// The same after only values of one component have changed: computes only that component and those below it.
 void Refresh(PreviewEntries &entries, const CZulClass &changed);
 
-/// Works out where a component is on the screen and its colours. Each output may be null. False, and nothing is
-/// written, when all of them are or the component is. `border` keeps its value when the class has no such property.
+/// Computes the rectangle of a component on the screen and its colours. Each output may be null. If all outputs are
+/// null, or the component is, writes nothing and returns false. `border` keeps its value if the class has no such
+/// property.
 ///
-/// The nearest class of the chain that has `pos` and `anchor` gives the rectangle, with its `size`. Without one, or
-/// when that class has no `size`, the rectangle is empty, at the corner of the parent. An edge beyond 32 bits is at the
-/// end of the range; the places of the sub-components are still exact.
+/// The rectangle is that of the nearest class of the chain that has `pos` and `anchor`, with its `size`. Without such a
+/// class, or if that class has no `size`, the rectangle is empty, at the corner of the parent. An edge beyond 32 bits
+/// is moved to the end of the range; the places of the sub-components are still exact.
 bool GetComponentFrame(const CZulClass *object, PreviewRect *rect, quint32 *background, quint32 *border);
 
 /// The entry of a component; null when there is none.
 [[nodiscard]] const PreviewEntry *EntryOf(const PreviewEntries &entries, const CZulClass *component);
-/// The end of the entries that are below one, in the tree of components.
+/// The end of the entries that are below an entry in the tree of components.
 [[nodiscard]] const PreviewEntry *EndBelow(const PreviewEntries &entries, const PreviewEntry &entry);
 
 /// The topmost entry at a point in layout coordinates, or the topmost of those below `above`, which is an entry of the
@@ -84,7 +85,7 @@ bool GetComponentFrame(const CZulClass *object, PreviewRect *rect, quint32 *back
 [[nodiscard]] const PreviewEntry *EntryAt(const PreviewEntries &entries, qint32 x, qint32 y,
                                           const PreviewEntry *above = nullptr);
 
-/// The entry below that of `picked` at a point. The topmost one after the lowest, and when `picked` isn't at the point.
-/// Null when nothing is.
+/// The entry below that of `picked` at a point. The topmost entry if `picked` is the lowest one or isn't at the point.
+/// Null if no entry is at the point.
 [[nodiscard]] const PreviewEntry *NextEntryAt(const PreviewEntries &entries, qint32 x, qint32 y,
                                               const CZulClass *picked);
