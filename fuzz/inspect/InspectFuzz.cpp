@@ -31,8 +31,8 @@ void Extract(const Environment &env, const InspectResult &result)
 
 } // namespace
 
-// Any file, of all three kinds. What is read is inside the file and no byte is read twice; the JSON of it is JSON. Of some
-// the parts are written out.
+// Any file, of all three kinds. What is read is inside the file and no byte is read twice; the JSON of it is JSON. Of
+// some the parts are written out.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     static Environment env(QStringLiteral("/nonexistent"));
