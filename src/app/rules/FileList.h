@@ -12,8 +12,7 @@
 
 class CResModel;
 
-/// The view of a FileList. It is told of each change before and after it is made. Row numbers are those before the
-/// change.
+/// The view of a FileList, which calls it before and after each change. Row numbers are those before the change.
 class IFileGrid
 {
 public:
