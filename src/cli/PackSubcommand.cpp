@@ -7,9 +7,8 @@
 #include "ProjectInputs.h"
 #include "ProjectSave.h"
 #include "RemoteSubcommand.h"
+#include "ScreenSize.h"
 #include "Subcommands.h"
-
-#include <algorithm>
 
 namespace
 {
@@ -93,20 +92,9 @@ private:
         };
         if (!PackModeOf(QString::fromStdString(target)))
             return refuse("--target", target, "axf (an ELF file) or dll");
-        if (!IsScreenSize(QString::fromStdString(resolution)))
+        if (!ParseScreenSize(QString::fromStdString(resolution))) // stricter than for an IDE's record
             return refuse("--resolution", resolution, "a width and a height in pixels, such as 240x320");
         return true;
-    }
-
-    /// Stricter than for an IDE's record: it reports typing errors, since a user reads the message.
-    [[nodiscard]] static bool IsScreenSize(const QString &word)
-    {
-        const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
-        const auto by = std::find_if_not(word.begin(), word.end(), isDigit);
-        const bool hasForm = by != word.begin() && by != word.end() && QStringView(u"xX*").contains(*by) &&
-                             by + 1 != word.end() && std::all_of(by + 1, word.end(), isDigit);
-        const auto size = hasForm ? ParseResolution(word) : std::nullopt;
-        return size && size->width > 0 && size->height > 0;
     }
 
     /// Reports what is wrong with the opened project or with the requested pack. Returns true if it may be packed.

@@ -3,17 +3,12 @@
 
 #include "CommandRecord.h"
 #include "Packer.h"
+#include "ScreenSize.h"
 
 #include <optional>
 
 class CResoTable;
 class Environment;
-
-struct ScreenSize
-{
-    int width = 0;
-    int height = 0;
-};
 
 /// Parses two numbers like the scan format "%d%*[Xx*]%d": blanks before either number, signs, at least one of X, x and
 /// * immediately after the first, any text after the second. A number beyond 32 bits gives the nearest that fits.

@@ -122,6 +122,12 @@ bool Profile::Has(QStringView section, QStringView key) const
     return Find(section, key) != nullptr;
 }
 
+int Profile::LineOf(QStringView section, QStringView key) const
+{
+    const Line *const line = Find(section, key);
+    return line ? int(line - lines.constData()) + 1 : 0;
+}
+
 QString Profile::String(QStringView section, QStringView key, const QString &fallback) const
 {
     const Line *line = Find(section, key);

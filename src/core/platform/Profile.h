@@ -32,6 +32,8 @@ public:
     static Profile Parse(QByteArrayView bytes);
 
     [[nodiscard]] bool Has(QStringView section, QStringView key) const;
+    /// Returns the line of a key, from 1; 0 if the profile doesn't have it.
+    [[nodiscard]] int LineOf(QStringView section, QStringView key) const;
     [[nodiscard]] QString String(QStringView section, QStringView key, const QString &fallback) const;
 
     /// Returns the decimal number, with an optional sign, that the value begins with; 0 if it begins with none.

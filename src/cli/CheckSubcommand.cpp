@@ -1,0 +1,239 @@
+// SPDX-License-Identifier: MIT
+#include "Baseline.h"
+#include "CheckOutput.h"
+#include "CheckProject.h"
+#include "FileFault.h"
+#include "HostFiles.h"
+#include "LoadRules.h"
+#include "Paths.h"
+#include "RuleReport.h"
+#include "Rules.h"
+#include "ScreenSize.h"
+#include "Session.h"
+#include "Subcommands.h"
+#include "TextContext.h"
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+class CheckSubcommand : public ISubcommand
+{
+public:
+    CLI::App *Add(CLI::App &app) override
+    {
+        CLI::App *subcommand =
+            app.add_subcommand("check", "Check a project for faults in its texts, files and layouts");
+        CLI::Option *projectOption = subcommand->add_option("PROJECT", project, "The project's .vcproj file");
+        subcommand->add_option("--format", format, "The form of the findings: text, json or sarif")
+            ->check(CLI::IsMember({"text", "json", "sarif"}))
+            ->type_name("FORMAT");
+        subcommand->add_option("-o,--output", output, "Write the findings to a file instead of standard output")
+            ->type_name("FILE");
+        subcommand->add_option("--fail-on", failOn, "End with 1 for a finding of this level or above (default: error)")
+            ->check(CLI::IsMember({"error", "warning", "note", "never"}))
+            ->type_name("LEVEL");
+        subcommand->add_option("--rule", rules, "Run only this rule; can be repeated")->type_name("RULE");
+        subcommand->add_option("--resolution", resolutions, "Check only this screen, such as 240x320; can be repeated")
+            ->type_name("WxH");
+        subcommand->add_option("--header", header, "A header of an earlier version, to find IDs with other numbers")
+            ->type_name("FILE");
+        subcommand->add_option("--baseline", baseline, "Leave out the findings that this file accepts")
+            ->type_name("FILE");
+        subcommand->add_option("--write-baseline", newBaseline, "Write a baseline that accepts all present findings")
+            ->type_name("FILE");
+        subcommand->add_flag("--summary", summary, "Count missing translations for each language");
+        CLI::Option *explainOption =
+            subcommand->add_option("--explain", explain, "Explain a rule, or all of them (\"all\")")->type_name("RULE");
+        projectOption->excludes(explainOption);
+        return subcommand;
+    }
+
+    int Run(Session &session) override
+    {
+        if (!explain.empty())
+            return Explain(session);
+        if (project.empty()) {
+            Complain(u"check: PROJECT is required"_s);
+            return EXIT_WRONG_USE;
+        }
+        if (!HasRightWords())
+            return EXIT_WRONG_USE;
+        folder = CurrentFolder(); // opening a project changes it
+        const QString path = AbsolutePath(project);
+        const QString headerPath = AbsolutePath(header);
+        baselinePath = AbsolutePath(baseline);
+        newBaselinePath = AbsolutePath(newBaseline);
+        outputPath = output == "-" ? QString() : AbsolutePath(output);
+
+        CheckResult result;
+        result.project = path;
+        result.relativeTo = folder;
+        result.version = QStringLiteral(MORVANITE_VERSION);
+        if (!Check(session, path, headerPath, result))
+            return EXIT_WRONG_USE;
+        if (summary)
+            CountMissingTexts(result);
+        return Report(session, result);
+    }
+
+private:
+    [[nodiscard]] bool HasRightWords()
+    {
+        for (const std::string &rule : rules) {
+            if (!FindRule(QString::fromStdString(rule))) {
+                Complain(u"--rule %1: there is no such rule; \"check --explain all\" lists them"_s.arg(
+                    QString::fromStdString(rule)));
+                return false;
+            }
+        }
+        for (const std::string &text : resolutions) {
+            const auto size = ParseScreenSize(QString::fromStdString(text));
+            if (!size) {
+                Complain(u"--resolution %1 isn't a size such as 240x320"_s.arg(QString::fromStdString(text)));
+                return false;
+            }
+            screens.push_back(*size);
+        }
+        return true;
+    }
+
+    /// Opens the project and checks it. The lines of the opening are findings, so they aren't printed.
+    [[nodiscard]] bool Check(Session &session, const QString &path, const QString &headerPath, CheckResult &result)
+    {
+        std::vector<Finding> loaded;
+        const Notifier<const Finding &>::Listener listener(
+            session.env.found, [&loaded](const Finding &finding) { loaded.push_back(finding); });
+        session.handler.idleOutput = [](QStringView) {};
+        const auto explainer = std::exchange(session.env.explain, [](const QString &) {});
+        auto *const document = static_cast<CResDoc *>(session.documents.OpenDocumentFile(path));
+        session.env.explain = explainer;
+
+        std::vector<Finding> ofSettings;
+        CheckSettings settings = ReadCheckSettings(DirectoryOf(path), ofSettings);
+        for (size_t i = 0; !rules.empty() && i < settings.levels.size(); ++i)
+            settings.levels[i] = LevelOfChosen(AllRules()[i], settings.levels[i]);
+        if (document) {
+            const TextContext texts(*document, settings);
+            result.languages = texts.Languages();
+            result.findings = CheckProject(
+                {*document, settings, texts, loaded, screens.empty() ? settings.target : screens, headerPath});
+        } else {
+            result.findings = CheckUnopened(session.env, session.tables, path, settings, loaded);
+        }
+        AddFindings(result, settings, std::move(ofSettings));
+        return ApplyBaseline(result, settings);
+    }
+
+    [[nodiscard]] RuleLevel LevelOfChosen(const Rule &rule, RuleLevel level) const
+    {
+        if (std::find(rules.begin(), rules.end(), rule.id) == rules.end())
+            return RuleLevel::Off;
+        return level == RuleLevel::Off ? RuleLevel::Note : level;
+    }
+
+    static void AddFindings(CheckResult &result, const CheckSettings &settings, std::vector<Finding> findings)
+    {
+        RuleReport report(settings, [&](Finding &&finding) { result.findings.push_back(std::move(finding)); });
+        for (Finding &finding : findings) {
+            report.Begin(*FindRule(QString::fromLatin1(finding.code)));
+            report.Add(std::move(finding));
+        }
+    }
+
+    [[nodiscard]] bool ApplyBaseline(CheckResult &result, const CheckSettings &settings) const
+    {
+        if (baselinePath.isEmpty())
+            return true;
+        QByteArray bytes;
+        if (const int error = ReadFile(baselinePath, bytes); error != 0) {
+            Complain(WhyNotRead(baselinePath, error));
+            return false;
+        }
+        std::vector<Finding> ofBaseline;
+        Baseline accepted;
+        accepted.Parse(bytes, baselinePath, ofBaseline);
+        accepted.Apply(result.findings, result.known, result.ProjectFolder());
+        AddFindings(result, settings, std::move(ofBaseline));
+        result.hasBaseline = true;
+        return true;
+    }
+
+    [[nodiscard]] int Report(Session &session, const CheckResult &result) const
+    {
+        if (!newBaselinePath.isEmpty()) {
+            std::vector<Finding> all = result.findings;
+            all.insert(all.end(), result.known.begin(), result.known.end());
+            if (!Write(newBaselinePath, Baseline::Bytes(all, result.ProjectFolder())))
+                return EXIT_FAILED;
+        }
+        const QByteArray bytes = format == "json"    ? CheckJson(result)
+                                 : format == "sarif" ? CheckSarif(result)
+                                                     : CheckText(result);
+        if (outputPath.isEmpty())
+            session.report.WriteBytes(bytes);
+        else if (!Write(outputPath, bytes))
+            return EXIT_FAILED;
+        session.report.Flush();
+        const int errors = result.Count(Severity::Error);
+        const int warnings = result.Count(Severity::Warning);
+        const int notes = result.Count(Severity::Note);
+        if (format == "text" && errors + warnings + notes > 0)
+            Complain(u"%1 errors, %2 warnings, %3 notes"_s.arg(errors).arg(warnings).arg(notes));
+        const bool hasFailed = (failOn != "never" && errors > 0) ||
+                               ((failOn == "warning" || failOn == "note") && warnings > 0) ||
+                               (failOn == "note" && notes > 0);
+        return hasFailed ? EXIT_FAILED : EXIT_FINE;
+    }
+
+    [[nodiscard]] static bool Write(const QString &file, const QByteArray &bytes)
+    {
+        const int error = WriteFileAtomically(file, bytes, IfDevice::WriteThrough);
+        if (error != 0)
+            Complain(WhyNotWritten(file, error));
+        return error == 0;
+    }
+
+    [[nodiscard]] int Explain(Session &session) const
+    {
+        const QString wanted = QString::fromStdString(explain);
+        bool isKnown = false;
+        for (const Rule &rule : AllRules()) {
+            if (wanted != u"all" && wanted != QLatin1StringView(rule.id))
+                continue;
+            isKnown = true;
+            session.report.WriteBytes(ExplanationOf(rule).toUtf8());
+        }
+        if (!isKnown)
+            Complain(u"--explain %1: there is no such rule; \"check --explain all\" lists them"_s.arg(wanted));
+        return isKnown ? EXIT_FINE : EXIT_WRONG_USE;
+    }
+
+    std::string project;
+    std::string format = "text";
+    std::string output;
+    std::string failOn = "error";
+    std::vector<std::string> rules;
+    std::vector<std::string> resolutions;
+    std::string header;
+    std::string baseline;
+    std::string newBaseline;
+    std::string explain;
+    bool summary = false;
+
+    QString folder;
+    QString baselinePath;
+    QString newBaselinePath;
+    QString outputPath;
+    std::vector<ScreenSize> screens;
+};
+
+} // namespace
+
+std::unique_ptr<ISubcommand> MakeCheckSubcommand()
+{
+    return std::make_unique<CheckSubcommand>();
+}

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "CheckProject.h"
+
+#include "CResDoc.h"
+#include "RuleReport.h"
+#include "Rules.h"
+#include "StringPositions.h"
+#include "TextContext.h"
+
+#include <algorithm>
+#include <thread>
+#include <tuple>
+
+namespace
+{
+
+constexpr size_t ROWS_WORTH_A_THREAD = 2000;
+
+/// Checks a range of rows.
+std::vector<Finding> CheckRange(const CheckInput &input, std::span<const CStringRes *const> heads)
+{
+    std::vector<Finding> findings;
+    RuleReport report(input.settings, [&](Finding &&finding) { findings.push_back(std::move(finding)); });
+    RowCheck check(input.texts);
+    for (const CStringRes *head : heads)
+        check.Check(*head, report);
+    return findings;
+}
+
+std::vector<const CStringRes *> HeadsOf(const CResModel &model)
+{
+    std::vector<const CStringRes *> heads;
+    const CResFolder *const strings = model.root.FindFolder(KIND_STRINGS, 2);
+    if (!strings || strings->subfolders.empty())
+        return heads;
+    heads.reserve(strings->subfolders.front()->resources.Count());
+    for (const CBaseRes *res : strings->subfolders.front()->resources)
+        heads.push_back(static_cast<const CStringRes *>(res));
+    return heads;
+}
+
+/// Checks all rows, in as many threads as the machine has processors.
+void CheckRows(const CheckInput &input, std::vector<Finding> &findings)
+{
+    const std::vector<const CStringRes *> heads = HeadsOf(input.document);
+    const size_t count =
+        std::clamp<size_t>(heads.size() / ROWS_WORTH_A_THREAD, 1, std::max(1U, std::thread::hardware_concurrency()));
+    std::vector<std::vector<Finding>> parts(count);
+    const auto checkPart = [&](size_t part) {
+        const size_t from = heads.size() * part / count;
+        const size_t to = heads.size() * (part + 1) / count;
+        parts[part] = CheckRange(input, std::span(heads).subspan(from, to - from));
+    };
+    std::vector<std::thread> threads;
+    for (size_t part = 1; part < count; ++part)
+        threads.emplace_back(checkPart, part);
+    checkPart(0);
+    for (std::thread &thread : threads)
+        thread.join();
+    for (std::vector<Finding> &part : parts)
+        findings.insert(findings.end(), std::make_move_iterator(part.begin()), std::make_move_iterator(part.end()));
+}
+
+size_t RuleIndex(const Finding &finding)
+{
+    const Rule *const rule = FindRule(QString::fromLatin1(finding.code));
+    return rule ? IndexOf(*rule) : AllRules().size();
+}
+
+void Sort(std::vector<Finding> &findings)
+{
+    std::stable_sort(findings.begin(), findings.end(), [](const Finding &a, const Finding &b) {
+        const auto key = [](const Finding &f) { return std::tie(f.file, f.line, f.column); };
+        if (key(a) != key(b))
+            return key(a) < key(b);
+        const size_t ruleA = RuleIndex(a);
+        const size_t ruleB = RuleIndex(b);
+        return std::tie(ruleA, a.id, a.language, a.text) < std::tie(ruleB, b.id, b.language, b.text);
+    });
+}
+
+} // namespace
+
+std::vector<Finding> CheckProject(const CheckInput &input)
+{
+    std::vector<Finding> findings;
+    CheckRows(input, findings);
+    RuleReport report(input.settings, [&](Finding &&finding) { findings.push_back(std::move(finding)); });
+    for (const Rule &rule : AllRules()) {
+        if (rule.project && report.Begin(rule))
+            rule.project(input, report);
+    }
+    PlaceInStringFile(input.document, findings);
+    Sort(findings);
+    return findings;
+}

@@ -1,0 +1,260 @@
+// SPDX-License-Identifier: MIT
+#include "CheckSettings.h"
+
+#include "FileFault.h"
+#include "Paths.h"
+#include "Profile.h"
+#include "Rules.h"
+
+#include <cerrno>
+#include <cstring>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// Reads one key. Returns what is wrong with its value; empty if nothing is.
+using ReadKey = QString (*)(CheckSettings &settings, const QString &key, const QString &value);
+
+QStringList Words(const QString &value)
+{
+    QStringList words;
+    for (const QString &word : value.split(u',', Qt::SkipEmptyParts)) {
+        if (!word.trimmed().isEmpty())
+            words.append(word.trimmed());
+    }
+    return words;
+}
+
+bool ReadCount(const QString &text, qint64 &number)
+{
+    bool isNumber = false;
+    const qint64 value = text.toLongLong(&isNumber);
+    if (!isNumber || value < 1)
+        return false;
+    number = value;
+    return true;
+}
+
+QString ReadPlaceholders(CheckSettings &settings, const QString &value)
+{
+    quint32 kinds = 0;
+    for (const QString &word : Words(value)) {
+        if (word == u"printf"_s)
+            kinds |= PLACEHOLDERS_PRINTF;
+        else if (word == u"braces"_s)
+            kinds |= PLACEHOLDERS_BRACES;
+        else if (word == u"numbered"_s)
+            kinds |= PLACEHOLDERS_NUMBERED;
+        else if (word != u"none"_s)
+            return u"\"%1\" is no kind of placeholders; there are printf, braces, numbered, and none"_s.arg(word);
+    }
+    settings.placeholders = kinds;
+    return {};
+}
+
+QString ReadTarget(CheckSettings &settings, const QString &value)
+{
+    std::vector<ScreenSize> sizes;
+    for (const QString &word : Words(value)) {
+        const auto size = ParseScreenSize(word);
+        if (!size)
+            return u"\"%1\" isn't the size of a screen, such as 240x320"_s.arg(word);
+        sizes.push_back(*size);
+    }
+    settings.target = std::move(sizes);
+    return {};
+}
+
+QString ReadCheckKey(CheckSettings &settings, const QString &key, const QString &value)
+{
+    const QString name = key.toLower();
+    if (name == u"source"_s)
+        settings.source = value;
+    else if (name == u"placeholders"_s)
+        return ReadPlaceholders(settings, value);
+    else if (name == u"target"_s)
+        return ReadTarget(settings, value);
+    else if (name != u"budget"_s)
+        return u"section Check has the keys source, placeholders, target and budget"_s;
+    else if (!ReadCount(value, settings.budget))
+        return u"the budget is a number of bytes above 0, not \"%1\""_s.arg(value);
+    return {};
+}
+
+QString ReadSeverityKey(CheckSettings &settings, const QString &key, const QString &value)
+{
+    const Rule *const rule = FindRule(key);
+    if (!rule)
+        return u"there is no rule \"%1\""_s.arg(key);
+    static constexpr const char *WORDS[] = {"off", "note", "warning", "error"}; // in the order of RuleLevel
+    for (int level = 0; level < 4; ++level) {
+        if (value == QLatin1StringView(WORDS[level])) {
+            settings.levels[IndexOf(*rule)] = RuleLevel(level);
+            return {};
+        }
+    }
+    return u"the level of a rule is off, note, warning or error, not \"%1\""_s.arg(value);
+}
+
+QString ReadIgnoreKey(CheckSettings &settings, const QString &key, const QString &value)
+{
+    const Rule *const rule = FindRule(key);
+    if (!rule)
+        return u"there is no rule \"%1\""_s.arg(key);
+    settings.ignored[IndexOf(*rule)] += Words(value);
+    return {};
+}
+
+QString ReadSourcesKey(CheckSettings &settings, const QString &key, const QString &value)
+{
+    if (key.toLower() == u"files"_s)
+        settings.sourceFiles = Words(value);
+    else if (key.toLower() == u"prefix"_s)
+        settings.sourcePrefix = value;
+    else
+        return u"section Sources has the keys files and prefix"_s;
+    return {};
+}
+
+QString ReadFontKey(CheckSettings &settings, const QString &key, const QString &value)
+{
+    QString rest = value.trimmed();
+    FontSetting font;
+    if (rest.endsWith(u" shaped"_s)) {
+        font.isShaped = true;
+        rest = rest.chopped(7).trimmed();
+    }
+    const qsizetype blank = rest.lastIndexOf(u' ');
+    qint64 size = 0;
+    constexpr qint64 MOST_PIXELS = 1000;
+    if (blank < 0 || !ReadCount(rest.sliced(blank + 1), size) || size > MOST_PIXELS)
+        return u"a font is a file and a size in pixels from 1 to 1000, such as \"fonts/ui.ttf 16\""_s;
+    font.file = ResolvePath(rest.first(blank).trimmed(), DirectoryOf(settings.file));
+    font.size = int(size);
+    settings.fonts[key.toLower()] = font;
+    return {};
+}
+
+QString ReadLimitKey(CheckSettings &settings, const QString &key, const QString &value)
+{
+    TextLimit limit{key};
+    for (const QString &word : Words(value)) {
+        const qsizetype blank = word.indexOf(u' ');
+        const QString name = blank < 0 ? word : word.first(blank);
+        qint64 number = 0;
+        int *const field = name == u"length"_s  ? &limit.length
+                           : name == u"width"_s ? &limit.width
+                           : name == u"lines"_s ? &limit.lines
+                                                : nullptr;
+        if (!field || blank < 0 || !ReadCount(word.sliced(blank + 1).trimmed(), number) || number > INT_MAX)
+            return u"\"%1\" is no limit; limits are such as \"length 12, width 80, lines 1\""_s.arg(word);
+        *field = int(number);
+    }
+    settings.limits.push_back(limit);
+    return {};
+}
+
+QString ReadLanguageKey(CheckSettings &settings, const QString &key, const QString &value)
+{
+    bool isNumber = false;
+    const int number = key.toInt(&isNumber);
+    if (!isNumber || number < 0 || number > 65534)
+        return u"the key is the number of a language from 0 to 65534"_s;
+    settings.codes[number] = value;
+    return {};
+}
+
+QString ReadAudioKey(CheckSettings &settings, const QString &key, const QString &value)
+{
+    settings.audio[key.toLower()] = value;
+    return {};
+}
+
+struct SectionReader
+{
+    QStringView name;
+    ReadKey read;
+};
+constexpr SectionReader SECTIONS[] = {
+    {u"Check", ReadCheckKey},       {u"Severity", ReadSeverityKey}, {u"Ignore", ReadIgnoreKey},
+    {u"Sources", ReadSourcesKey},   {u"Font", ReadFontKey},         {u"Limit", ReadLimitKey},
+    {u"Language", ReadLanguageKey}, {u"Audio", ReadAudioKey},
+};
+
+} // namespace
+
+CheckSettings::CheckSettings() : ignored(AllRules().size()), sourcePrefix(u"ID_"_s)
+{
+    for (const Rule &rule : AllRules())
+        levels.push_back(rule.level);
+}
+
+RuleLevel CheckSettings::LevelOf(const Rule &rule) const
+{
+    return levels[IndexOf(rule)];
+}
+
+bool CheckSettings::Ignores(const Rule &rule, const QString &id) const
+{
+    for (const QString &pattern : ignored[IndexOf(rule)]) {
+        if (MatchesPattern(id, pattern))
+            return true;
+    }
+    return false;
+}
+
+bool MatchesPattern(QStringView text, QStringView pattern)
+{
+    qsizetype at = 0;
+    qsizetype in = 0;
+    qsizetype star = -1; // the last "*" so far
+    qsizetype retry = 0; // where its match ends
+    while (at < text.size()) {
+        if (in < pattern.size() && pattern[in] == u'*') {
+            star = in++;
+            retry = at;
+        } else if (in < pattern.size() && pattern[in] == text[at]) {
+            ++in;
+            ++at;
+        } else if (star >= 0) {
+            in = star + 1;
+            at = ++retry;
+        } else {
+            return false;
+        }
+    }
+    while (in < pattern.size() && pattern[in] == u'*')
+        ++in;
+    return in == pattern.size();
+}
+
+CheckSettings ReadCheckSettings(const QString &folder, std::vector<Finding> &findings)
+{
+    CheckSettings settings;
+    settings.file = folder + u"/morvanite-check.ini"_s;
+    const auto tell = [&](const QString &text, int line) {
+        findings.push_back({"check-settings", Severity::Error, settings.file, line, {}, text});
+    };
+    Profile profile;
+    if (const int error = Profile::Read(settings.file, profile); error != 0) {
+        if (error != ENOENT)
+            tell(WhyNotRead(settings.file, error), 0);
+        return settings;
+    }
+    for (const auto &[section, key] : profile.Keys()) {
+        const int line = profile.LineOf(section, key);
+        const SectionReader *reader = nullptr;
+        for (const SectionReader &candidate : SECTIONS)
+            reader = candidate.name.compare(section, Qt::CaseInsensitive) == 0 ? &candidate : reader;
+        if (!reader) {
+            tell(u"section %1: there is no such section"_s.arg(section), line);
+            continue;
+        }
+        const QString wrong = reader->read(settings, key, profile.String(section, key, {}));
+        if (!wrong.isEmpty())
+            tell(u"section %1, key %2: %3"_s.arg(section, key, wrong), line);
+    }
+    return settings;
+}

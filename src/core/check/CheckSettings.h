@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Finding.h"
+#include "Rule.h"
+#include "ScreenSize.h"
+
+#include <QStringList>
+
+#include <map>
+#include <vector>
+
+/// The kinds of placeholders that a project's texts use, as bits.
+enum PlaceholderKind : quint32
+{
+    PLACEHOLDERS_PRINTF = 1,   ///< %d, %-5.2f, %1$s
+    PLACEHOLDERS_BRACES = 2,   ///< {}, {0}, {name}
+    PLACEHOLDERS_NUMBERED = 4, ///< %1, %L1
+};
+
+/// A device's font for one language.
+struct FontSetting
+{
+    QString file;          ///< absolute path
+    int size = 0;          ///< pixels
+    bool isShaped = false; ///< the device shapes texts; otherwise a width is the sum of the characters' widths
+};
+
+/// The limits of the texts of those IDs that a pattern matches.
+struct TextLimit
+{
+    QString pattern; ///< of IDs; "*" matches any characters
+    int length = 0;  ///< characters; 0 for no limit
+    int width = 0;   ///< pixels; 0 for no limit
+    int lines = 0;   ///< 0 for no limit
+};
+
+/// What a project's file "morvanite-check.ini" tells the check. The default values are those without such a file.
+struct CheckSettings
+{
+    CheckSettings();
+
+    QString file;   ///< the absolute path of the settings, which need not exist
+    QString source; ///< the source language as it was written: a name, a number or a code; empty for the first language
+    quint32 placeholders = PLACEHOLDERS_PRINTF | PLACEHOLDERS_BRACES | PLACEHOLDERS_NUMBERED;
+    std::vector<ScreenSize> target;       ///< the screens that are built for; empty for all that the project uses
+    qint64 budget = 0;                    ///< the largest payload in bytes; 0 for no limit
+    std::vector<RuleLevel> levels;        ///< by the index of the rule
+    std::vector<QStringList> ignored;     ///< by the index of the rule: patterns of IDs
+    QStringList sourceFiles;              ///< patterns of the files that use the IDs, relative to the project's folder
+    QString sourcePrefix;                 ///< what the IDs in these files begin with
+    std::map<QString, FontSetting> fonts; ///< by language code, in lower case; "default" for the others
+    std::vector<TextLimit> limits;
+    std::map<qint32, QString> codes;  ///< the codes of languages by number
+    std::map<QString, QString> audio; ///< the values of section "Audio" by key, in lower case
+
+    [[nodiscard]] RuleLevel LevelOf(const Rule &rule) const;
+    /// Returns whether the settings ignore a rule for an ID.
+    [[nodiscard]] bool Ignores(const Rule &rule, const QString &id) const;
+};
+
+/// Returns whether a text matches a pattern in which "*" matches any characters. Regards case.
+[[nodiscard]] bool MatchesPattern(QStringView text, QStringView pattern);
+
+/// Reads the settings of the project in a folder (absolute path). Adds a finding of the rule "check-settings" for each
+/// line that has no meaning; the rest of the file counts.
+[[nodiscard]] CheckSettings ReadCheckSettings(const QString &folder, std::vector<Finding> &findings);

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "CheckSettings.h"
+#include "Finding.h"
+
+#include <functional>
+
+struct RowNotes;
+
+/// Takes the findings of rules. Gives each finding the ID and the level of its rule, and drops those that the settings
+/// ignore. So no rule knows about levels or about what is ignored.
+///
+///     RuleReport report(settings, [&](Finding &&finding) { ... });
+///     report.Begin(*FindRule(u"file-missing"));
+///     report.Add({.file = path, .id = id, .text = u"the file doesn't exist"_s});
+class RuleReport
+{
+public:
+    using Sink = std::function<void(Finding &&)>;
+
+    /// `checkSettings` must outlive this object.
+    RuleReport(const CheckSettings &checkSettings, Sink findingSink);
+
+    /// Sets the rule of the next findings. Returns false if the rule is off; it need not be run then.
+    bool Begin(const Rule &next);
+    /// Adds a finding of the current rule. Its `code` and `severity` are replaced.
+    void Add(Finding finding);
+    /// The same for a finding about a row of the string table, unless the row's notes ignore the rule.
+    void AddForRow(const RowNotes &notes, Finding finding);
+
+private:
+    const CheckSettings &settings;
+    Sink sink;
+    const Rule *rule = nullptr;
+    Severity severity = Severity::Error;
+};

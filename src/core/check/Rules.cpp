@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: MIT
+#include "Rules.h"
+
+#include "TextFeatures.h"
+#include "TextRules.h"
+
+namespace
+{
+
+using enum RuleGroup;
+using enum RuleLevel;
+
+// The order is that of docs/checks.md and of findings at the same place.
+constexpr Rule RULES[] = {
+    {"translation-missing", Texts, Warning, "a text has no translation",
+     "The source language has a text and this language has none, so the device shows nothing. Translate the text. With "
+     "--summary there is one finding for each language.",
+     TranslationMissing, IS_EMPTY},
+    {"source-missing", Texts, Error, "a translation has no source text",
+     "This language has a text and the source language has none. Write the source text, or delete the translation.",
+     SourceMissing, IS_EMPTY},
+    {"placeholder-mismatch", Texts, Error, "a translation has other placeholders than its source text",
+     "The application fills placeholders such as %d, {name} or %1. If they differ, it shows garbage or crashes. Use "
+     "the "
+     "same placeholders as the source text: for printf in the same order unless they are numbered, as in %1$s. The key "
+     "placeholders of section Check says which kinds the project uses."},
+    {"escape-mismatch", Texts, Error, "a translation has other escape sequences than its source text",
+     "The numbers of \\n, \\t, \\r, \\\", \\\\ and \\x differ from those of the source text, or a text has an escape "
+     "sequence that C doesn't have. Use the same ones as the source text."},
+    {"text-too-long", Texts, Error, "a text is longer than its limit",
+     "The text has more characters, or more lines, than the limit in the row's description or in section Limit. "
+     "Shorten "
+     "the text or raise the limit."},
+    {"text-too-wide", Texts, Error, "a text is wider than its limit on the device",
+     "A line of the text needs more pixels in the device's font than the limit in the row's description or in section "
+     "Limit allows. Section Font names the fonts. Shorten the text."},
+    {"glyph-missing", Texts, Error, "the device's font lacks characters of a language",
+     "The device can't draw these characters. Section Font names the fonts. Add the characters to the font, or change "
+     "the texts."},
+    {"control-character", Texts, Warning, "a text has an invisible or a control character",
+     "Control characters, zero-width blanks, byte order marks, overrides of the writing direction and halves of "
+     "surrogate pairs usually come from copying, and the device shows them as boxes. Delete them."},
+    {"blank-edge", Texts, Warning, "a translation begins or ends with other blanks than its source text",
+     "Blanks at the edges matter when texts are put together. Use the same blanks as the source text."},
+    {"blank-only", Texts, Warning, "a text has only blanks",
+     "The text looks like a missing one, but isn't reported as missing. Delete it or write a text."},
+    {"end-punctuation", Texts, Note, "a translation ends with other punctuation than its source text",
+     "A colon or a full stop was added or forgotten. The equivalents of each language count as equal. If the "
+     "difference "
+     "is right, write [ignore:end-punctuation] at the end of the row's description."},
+    {"same-as-source", Texts, Note, "a translation is equal to its source text",
+     "The text was perhaps copied and never translated. If it is right, write [same] at the end of the row's "
+     "description."},
+    {"double-blank", Texts, Note, "a text has two blanks one after the other",
+     "This is usually a typing error. Delete one of them.", DoubleBlank, HAS_BLANK_PAIR},
+    {"not-normalised", Texts, Note, "a text isn't in Unicode's composed form",
+     "A letter is followed by a separate accent, which many fonts of devices draw beside it. Use the composed letter "
+     "(form NFC)."},
+    {"number-mismatch", Texts, Off, "a translation has other digits than its source text",
+     "A number was perhaps changed by mistake. Digits of other scripts are compared by their values."},
+    {"case-start", Texts, Off, "a translation begins with a letter of another case than its source text",
+     "Off by default, because many languages have rules of their own. Not checked for German and for scripts without "
+     "case."},
+    {"duplicate-text", Texts, Note, "several IDs have the same texts in all languages",
+     "One ID may be enough. If they may differ later, ignore the finding."},
+    {"inconsistent-translation", Texts, Note, "the same source text has different translations",
+     "Rows with the same source text and the same description have different translations in a language. Use one."},
+    {"language-unknown", Texts, Warning, "the program's table of languages lacks a language of the project",
+     "The language isn't in tuvik.ini, or has another number there. A workbook that the project exports can't be "
+     "imported again. Add the language to tuvik.ini."},
+    {"id-invalid", Ids, Error, "an ID isn't a valid name in C",
+     "The header defines the ID as a macro, so it must be an identifier of C and no keyword of C or C++. Rename it."},
+    {"id-conflict", Ids, Error, "an ID is used twice",
+     "The load leaves out the second resource with the ID, and the next save loses it. Rename one of them."},
+    {"id-case", Ids, Warning, "two IDs differ only in case", "They are easily confused. Rename one of them."},
+    {"id-unused", Ids, Warning, "no source file uses an ID",
+     "None of the files in section Sources and no layout uses the ID. Delete the resource, or ignore the ID in section "
+     "Ignore if it is used in another way."},
+    {"id-undefined", Ids, Error, "a source file uses an ID that doesn't exist",
+     "A file in section Sources uses a name with the project's prefix that no resource has. The application doesn't "
+     "compile or uses an old header. Correct the name, or add the resource."},
+    {"id-renumbered", Ids, Error, "the number of an ID has changed since an earlier header",
+     "Firmware that was compiled with the header of --header would fetch another resource. Pack and compile together, "
+     "or "
+     "add resources with names that sort behind the existing ones."},
+    {"id-range", Ids, Warning, "the numbers of a kind of push IDs are nearly used up",
+     "Nine tenths of the numbers of this kind are used. When none is left, the project can't be packed."},
+    {"project-unreadable", Project, Error, "the project can't be opened",
+     "A file that the project needs is missing or damaged. Nothing else could be checked."},
+    {"element-dropped", Project, Error, "the load leaves something out",
+     "The next save would lose it, and a pack doesn't have it. Correct the file as the finding says."},
+    {"conflict-marker", Project, Error, "a file has the marks of an unresolved merge",
+     "A line begins with <<<<<<<, ======= or >>>>>>>. Resolve the conflict."},
+    {"string-file-form", Project, Error, "the string file is damaged",
+     "The file isn't UTF-16 with a byte order mark, a row has more fields than the line of languages, or there are "
+     "fewer "
+     "languages than the first line says."},
+    {"settings-missing", Project, Error, "there is no list of screen sizes or of types of resources",
+     "Without it the images and layouts of a project are left out. Name the list in Morvanite.ini."},
+    {"resolution-unlisted", Project, Error, "the project uses a screen size that the list of sizes lacks",
+     "Images and layouts of this size are left out. Add the size to the list that Morvanite.ini names."},
+    {"header-stale", Project, Warning, "a generated header isn't what a save would write",
+     "The application is compiled with other numbers than the pack has. Save the project, or let the build make the "
+     "headers."},
+    {"lists-unsaved", Project, Note, "a list of the project isn't in the form that a save writes",
+     "The next save changes lines that nobody edited. Save the project once."},
+    {"file-missing", Files, Error, "the file of a resource doesn't exist",
+     "A pack fails or leaves the resource out. Restore the file or remove the resource."},
+    {"file-empty", Files, Error, "the file of a resource is too short",
+     "A pack refuses files of 8 bytes or less in these places."},
+    {"file-case", Files, Warning, "the name of a file differs in case",
+     "The file is found only because names are compared without regard to case. Correct the name in the list."},
+    {"file-outside", Files, Warning, "the file of a resource is outside of the project",
+     "An absolute path, or one above the project's folder, doesn't exist on other machines. Move the file into the "
+     "project."},
+    {"duplicate-file", Files, Note, "several resources have files with the same bytes",
+     "The payload has the bytes several times. Use one resource."},
+    {"file-type", Files, Error, "the content of a file isn't what its name says",
+     "The converter and the device go by the name. Rename the file or convert it."},
+    {"image-unreadable", Images, Error, "the header of an image can't be read",
+     "The file is damaged or cut off. Export the image again."},
+    {"image-format", Images, Error, "an image is in a format that can't be converted",
+     "A pack with conversion refuses it. Use BMP, GIF, JPEG or PNG."},
+    {"image-too-large", Images, Warning, "an image is larger than its screen",
+     "The image is wider or higher than the screen of its folder. Make it smaller."},
+    {"image-size-differs", Images, Note, "the sizes of an image don't go with the sizes of the screens",
+     "The image's size for one screen differs by more than a tenth from what the other screens' sizes suggest."},
+    {"image-same-everywhere", Images, Note, "all screens have the same image",
+     "The files have the same bytes for all screens. Put the image into the folder Default once."},
+    {"image-alpha-few", Images, Warning, "few pixels of an image are transparent",
+     "Because of them each pixel has 4 bytes instead of 2. Make the image opaque if it is meant to be."},
+    {"image-resolution-missing", Images, Error, "some screens lack an image",
+     "Some of the screens have the ID and others don't, and neither does the folder Default. The application doesn't "
+     "find the image on these screens. Add it."},
+    {"audio-format", Files, Off, "a sound isn't in a form that the device plays",
+     "The codec, the rate or the number of channels of a WAV file isn't in section Audio."},
+    {"list-line", Files, Warning, "a line of a list of further files can't be packed",
+     "In the lists of previews and of version 1.0: the file is missing, the line is longer than 255 bytes, a name "
+     "occurs "
+     "twice or is reserved."},
+    {"layout-class", Layouts, Error, "a component has an unknown class",
+     "The catalogue has no such class, so the device can't make the component."},
+    {"layout-property", Layouts, Error, "a component has an unknown property",
+     "The class has no such property in the catalogue, so it isn't packed."},
+    {"layout-value", Layouts, Error, "the value of a property is invalid",
+     "The type of the property doesn't accept the value."},
+    {"layout-reference", Layouts, Error, "a layout refers to a resource that doesn't exist",
+     "No resource of the layout's resolution has the ID, or one of another kind has it."},
+    {"layout-name", Layouts, Error, "two components of a layout have the same name",
+     "The application finds only one of them. Rename the other."},
+    {"layout-outside", Layouts, Warning, "a component is outside of its screen",
+     "All or a part of the component can't be seen."},
+    {"payload-budget", Payload, Error, "the payload is larger than the budget",
+     "The key budget of section Check, or --budget, is the largest size in bytes. The largest resources are named."},
+    {"check-settings", RuleGroup::Check, Error, "a line of morvanite-check.ini has no meaning",
+     "A section, a key or a value isn't known, so it has no effect."},
+    {"baseline-line", RuleGroup::Check, Error, "a line of the baseline can't be read",
+     "The line has another form than --write-baseline writes. Write the baseline again."},
+    {"baseline-stale", RuleGroup::Check, Note, "a line of the baseline has no finding any more",
+     "The finding was corrected. Delete the line, so that the finding is reported if it comes back."},
+};
+
+} // namespace
+
+std::span<const Rule> AllRules()
+{
+    return RULES;
+}
+
+const Rule *FindRule(QStringView id)
+{
+    for (const Rule &rule : RULES) {
+        if (id == QLatin1StringView(rule.id))
+            return &rule;
+    }
+    return nullptr;
+}
+
+size_t IndexOf(const Rule &rule)
+{
+    return size_t(&rule - RULES);
+}
+
+QString ExplanationOf(const Rule &rule)
+{
+    static constexpr const char *LEVELS[] = {"off", "note", "warning", "error"}; // in the order of RuleLevel
+    return QStringLiteral("%1 (%2): %3\n    %4\n")
+        .arg(QString::fromLatin1(rule.id), QString::fromLatin1(LEVELS[int(rule.level)]),
+             QString::fromUtf8(rule.summary), QString::fromUtf8(rule.explanation));
+}

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "CheckSettings.h"
+#include "TextPair.h"
+
+#include <vector>
+
+class CResModel;
+class CStringRes;
+
+/// What the text rules know of a project beside the row that they check: its languages and settings. Made once for a
+/// check, and again when the languages of the project change.
+class TextContext
+{
+public:
+    /// The settings must outlive this object.
+    TextContext(const CResModel &model, const CheckSettings &checkSettings);
+
+    [[nodiscard]] const CheckSettings &Settings() const { return settings; }
+    /// The languages of the project, in its order.
+    [[nodiscard]] const std::vector<CheckedLanguage> &Languages() const { return languages; }
+    /// The place of the source language in `Languages`; 0 if the project has no languages.
+    [[nodiscard]] size_t Source() const { return source; }
+    /// The place of a language in `Languages`, or -1.
+    [[nodiscard]] int PlaceOf(qint32 number) const;
+    /// True if the settings name a source language that the project has, or none.
+    [[nodiscard]] bool KnowsSource() const { return knowsSource; }
+    /// The text rules that aren't off.
+    [[nodiscard]] const std::vector<const Rule *> &Rules() const { return rules; }
+    /// Returns the limits of a row: those of its notes, and otherwise those of the settings.
+    [[nodiscard]] TextLimit LimitOf(const QString &id, const RowNotes &notes) const;
+
+private:
+    const CheckSettings &settings;
+    std::vector<CheckedLanguage> languages;
+    std::vector<const Rule *> rules;
+    size_t source = 0;
+    bool knowsSource = true;
+};
+
+/// Checks rows of the string table with the text rules. Keeps its memory from row to row, so checking a row without a
+/// finding allocates none. Each thread has its own.
+class RowCheck
+{
+public:
+    /// The context must outlive this object.
+    explicit RowCheck(const TextContext &textContext);
+
+    /// Checks one row, given its record in the Description folder, and adds the findings to the report. They have no
+    /// file and line yet.
+    void Check(const CStringRes &head, RuleReport &report);
+
+private:
+    struct Text
+    {
+        QStringView text;
+        quint32 features = 0;
+    };
+    void CheckText(const CStringRes &head, const RowNotes &notes, size_t language, RuleReport &report);
+
+    const TextContext &context;
+    std::vector<Text> texts; // by the place of the language
+};

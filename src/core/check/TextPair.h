@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "RowNotes.h"
+
+#include <QString>
+
+/// A language of the checked project.
+struct CheckedLanguage
+{
+    qint32 number = -1;
+    QString name;
+    QString code; ///< its BCP 47 tag, such as "pt-BR"; empty if it isn't known
+    /// The primary subtag, such as "pt"; empty if it isn't known.
+    [[nodiscard]] QStringView Primary() const { return QStringView(code).first(qMax(0, PrimarySize())); }
+
+private:
+    [[nodiscard]] int PrimarySize() const
+    {
+        const qsizetype dash = code.indexOf(u'-');
+        return int(dash < 0 ? code.size() : dash);
+    }
+};
+
+/// A text of a row and the source text of the row, as the text rules get them. For the source language itself both are
+/// the same text.
+struct TextPair
+{
+    QStringView source;
+    QStringView text;
+    quint32 sourceFeatures = 0; ///< TextFeature
+    quint32 features = 0;       ///< TextFeature
+    const CheckedLanguage &sourceLanguage;
+    const CheckedLanguage &language;
+    const RowNotes &notes; ///< of the row
+
+    /// True for the source text itself.
+    [[nodiscard]] bool IsSource() const { return &sourceLanguage == &language; }
+    /// True for a translation that can be compared with its source text: neither is empty.
+    [[nodiscard]] bool IsTranslation() const { return !IsSource() && !source.isEmpty() && !text.isEmpty(); }
+};
