@@ -89,7 +89,7 @@ endfunction()
 
 # Has a program load the formats of workbooks only when it reads or writes one.
 function(morvanite_loads_workbooks target)
-    target_sources(${target} PRIVATE ${CMAKE_SOURCE_DIR}/src/cli/LazyWorkbook.cpp)
+    target_sources(${target} PRIVATE ${CMAKE_SOURCE_DIR}/src/cli/LazyWorkbook.cpp ${CMAKE_SOURCE_DIR}/src/cli/Module.cpp)
     # As needed: what only the formats call is left to their own library.
     target_link_options(${target} PRIVATE -Wl,--as-needed)
     morvanite_uses(${target} workbook)

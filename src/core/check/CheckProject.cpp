@@ -90,6 +90,10 @@ std::vector<Finding> CheckProject(const CheckInput &input)
         if (rule.project && report.Begin(rule))
             rule.project(input, report);
     }
+    for (const Finding &fault : input.texts.FontFaults()) {
+        report.Begin(*FindRule(u"check-settings"));
+        report.Add(fault);
+    }
     PlaceInStringFile(input.document, findings);
     Sort(findings);
     return findings;
