@@ -8,7 +8,6 @@
 
 #include <QClipboard>
 #include <QLineEdit>
-#include <QMenu>
 #include <QTableView>
 
 namespace
@@ -38,11 +37,6 @@ void TakeProject(SampleWindow &window, Pictures &pictures)
     frame.resize(900, 560);
     window.PutOutputBelow(140);
     pictures.Take("start", frame);
-    TakeDialog(window, pictures, "file-menu", [&] {
-        QMenu &menu = *frame.menuBar()->actions().first()->menu();
-        QTimer::singleShot(0, [&menu] { menu.setActiveAction(menu.actions().value(0)); });
-        menu.exec(frame.mapToGlobal(QPoint(8, 24)));
-    });
     window.OpenSample();
     window.FitColumns(220, {});
     window.Go(window.Row(u"weatherclock"_s));
