@@ -51,15 +51,16 @@ void TakeProject(SampleWindow &window, Pictures &pictures)
     window.Tree().SetContextFolder(&window.Document().root);
     TakeDialog(window, pictures, "resolutions", [&] { frame.RunAction(ACTION_RESOLUTION); });
     TakeDialog(window, pictures, "v1-list", [&] { frame.RunAction(ACTION_V1_LIST); });
-    qint32 isFileAsked = 0, isTypeAsked = 0;
-    CFileWatchDlg question(u"/tmp/weatherclock/res/weatherclock.res.xml"_s, &isFileAsked, &isTypeAsked, true);
+    qint32 isReloadedAlways = 0;
+    CFileWatchDlg question(u"/tmp/weatherclock/res/weatherclock.res.xml"_s, &isReloadedAlways, nullptr, true);
     question.show();
     pictures.Take("reload", question);
     question.close();
     window.Activate();
     frame.Notices().Add(window.Document(),
-                        u"3 elements were left out when the project was opened. The files that this save replaced are "
-                        "kept in /home/x/.local/state/morvanite/kept/weatherclock-1a2b/7."_s);
+                        u"The opening of weatherclock.vcproj reported 0 error(s) and left out 3 element(s). The files "
+                        "that the save replaced are kept in /home/me/.local/state/morvanite/kept/weatherclock-1a2b/7; "
+                        "\"morvanite-cli kept\" lists them and puts them back."_s);
     pictures.Take("notice", frame);
     QTest::keyClick(&window.Child().Notice(), Qt::Key_Escape);
     frame.RunAction(ACTION_OUTPUT);
