@@ -8,7 +8,7 @@
 namespace
 {
 
-// The references have 256 colours, each at most 12 from the true one, and processors round differently in the last
+// The references have 256 colours, each at most 16 from the true one, and processors round differently in the last
 // bits. A text that changes changes more pixels than this, from light to dark.
 constexpr int CHANNEL_TOLERANCE = 24, PIXEL_TOLERANCE = 20;
 
