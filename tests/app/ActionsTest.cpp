@@ -7,7 +7,7 @@
 #include <QLineEdit>
 #include <QMimeData>
 
-TEST(EditActions, BelongToTheControlThatHasTheFocus)
+TEST(EditActions, ApplyToTheControlThatHasTheFocus)
 {
     const auto enabled = [](ActionId id, EditControlState state) { return EditActionState(id, state)->enabled; };
     EXPECT_TRUE(enabled(ACTION_UNDO, {false, true, false, false}) &&
@@ -21,7 +21,7 @@ TEST(EditActions, BelongToTheControlThatHasTheFocus)
     EXPECT_FALSE(EditActionState(ACTION_SAVE, {}));
 }
 
-TEST(EditActions, PasteFollowsTheClipboardWhereAControlTakesText)
+TEST(EditActions, PasteIsEnabledByTheClipboardInTextControls)
 {
     TestWindow window;
     window.Start();
@@ -40,7 +40,7 @@ TEST(EditActions, PasteFollowsTheClipboardWhereAControlTakesText)
     }
 }
 
-TEST(ActionRoute, TheFirstThatClaimsAnActionHasItAndADisabledOneDoesNotRun)
+TEST(ActionRoute, SendsAnActionToTheFirstTargetThatClaimsItIfEnabled)
 {
     struct Target : IActionTarget
     {
@@ -87,7 +87,7 @@ std::string Shown(const QMenuBar &bar)
 
 } // namespace
 
-TEST(MainFrame, HasTheMenusOfNoDocumentAndThoseOfOne)
+TEST(MainFrame, HasMenusWithAndWithoutADocument)
 {
     TestWindow window;
     window.Start();
@@ -114,7 +114,7 @@ TEST(MainFrame, HasTheMenusOfNoDocumentAndThoseOfOne)
     EXPECT_EQ(window.Frame().menuBar()->actions().size(), 3);
 }
 
-TEST(MainFrame, ToolBarStatusBarAndOutputAreShownAndHidden)
+TEST(MainFrame, ShowsAndHidesToolBarStatusBarAndOutput)
 {
     TestWindow window;
     window.Start();

@@ -33,7 +33,7 @@ void DragDivider(const TestWindow &window, int by)
 
 } // namespace
 
-TEST(BarSizes, EachPlaceHasASizeOfItsOwnWhichIsThereAgainAfterARestart)
+TEST(BarSizes, AreKeptForEachPlaceAndRestoredAfterARestart)
 {
     TestWindow window;
     window.Start();
@@ -74,7 +74,7 @@ TEST(BarSizes, EachPlaceHasASizeOfItsOwnWhichIsThereAgainAfterARestart)
     EXPECT_EQ(window.Frame().Bars().OutputBar().width(), standing);
 }
 
-TEST(BarSizes, WhatASmallWindowSqueezesIsBackWithTheRoomAndIsNotRemembered)
+TEST(BarSizes, AreKeptWhenASmallWindowReducesThem)
 {
     TestWindow window;
     window.Start({window.Project()});
@@ -97,7 +97,7 @@ TEST(BarSizes, WhatASmallWindowSqueezesIsBackWithTheRoomAndIsNotRemembered)
     }
 }
 
-TEST(BarSizes, ClosingWritesTheSettingsOnce)
+TEST(BarSizes, AreWrittenOnceOnClosing)
 {
     TestWindow window;
     window.MakeProject("other", "<APP/>");

@@ -46,7 +46,7 @@ QStringList FilesIn(const QFileDialog &dialog)
 
 } // namespace
 
-TEST(UserBoxes, TheFileDialogShowsFilesWithoutADotAndFindsTheFileItStartsWith)
+TEST(UserBoxes, FileDialogShowsFilesWithoutADotAndSelectsTheGivenFile)
 {
     TestWindow window;
     window.Start({window.Project()});
@@ -70,7 +70,7 @@ TEST(UserBoxes, TheFileDialogShowsFilesWithoutADotAndFindsTheFileItStartsWith)
     EXPECT_EQ(chosen, QStringList(window.folder.Path("demo/res/pics/Old.png"))) << "whatever the case of its name";
 }
 
-TEST(UserBoxes, TheFileDialogAddsTheOnlyExtensionOfItsTypeToATypedName)
+TEST(UserBoxes, FileDialogAddsTheOnlyExtensionOfItsTypeToATypedName)
 {
     TestWindow window;
     window.Start();
@@ -93,7 +93,7 @@ TEST(UserBoxes, TheFileDialogAddsTheOnlyExtensionOfItsTypeToATypedName)
     EXPECT_EQ(open(2, u"README"_s), window.folder.Path("pics/README"));
 }
 
-TEST(UserBoxes, TheSaveDialogAddsTheExtensionOfItsTypeAndAsksBeforeItReplaces)
+TEST(UserBoxes, SaveDialogAddsTheExtensionOfItsTypeAndAsksBeforeItReplaces)
 {
     TestWindow window;
     window.Start({window.Project()});
@@ -121,7 +121,7 @@ TEST(UserBoxes, TheSaveDialogAddsTheExtensionOfItsTypeAndAsksBeforeItReplaces)
     EXPECT_EQ(save(1, QMessageBox::No), QString());
 }
 
-TEST(UserBoxes, AQuestionInADialogIsAnsweredThereAndAMessageGoesOnWhenItIsClosed)
+TEST(UserBoxes, AsksQuestionsInsideADialogAndContinuesAfterAMessageIsClosed)
 {
     TestWindow window;
     window.Start();
@@ -158,7 +158,7 @@ TEST(UserBoxes, AQuestionInADialogIsAnsweredThereAndAMessageGoesOnWhenItIsClosed
     EXPECT_EQ(told, QStringList({u"first/first"_s, u"first second/second"_s}));
 }
 
-TEST(UserBoxes, NothingOpensWhileACommandRunsAndMessagesComeAfterIt)
+TEST(UserBoxes, OpenNoBoxDuringACommandAndShowMessagesAfterIt)
 {
     TestWindow window;
     window.Start();

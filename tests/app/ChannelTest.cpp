@@ -11,7 +11,7 @@
 
 #include <thread>
 
-TEST(Channel, WhatACommandExplainsIsOnStandardErrorAndThenInThePane)
+TEST(Channel, WritesACommandsExplanationsToStandardErrorAndThenToThePane)
 {
     TestWindow window;
     window.MakeProject("bad", "<APP>");
@@ -23,7 +23,7 @@ TEST(Channel, WhatACommandExplainsIsOnStandardErrorAndThenInThePane)
         << window.OutputText();
 }
 
-TEST(Channel, AnIdesCommandsRunInTheWindowWithoutBoxesAndWithNothingInThePane)
+TEST(Channel, RunsIdeCommandsInTheWindowWithoutBoxesOrOutput)
 {
     TestWindow window;
     window.MakeProject("bad", "<APP>");
@@ -56,7 +56,7 @@ TEST(Channel, AnIdesCommandsRunInTheWindowWithoutBoxesAndWithNothingInThePane)
     EXPECT_TRUE(window.Frame().close());
 }
 
-TEST(Channel, ACommandEndsWhatTheUserIsInTheMiddleOf)
+TEST(Channel, ACommandEndsAnUnfinishedUserAction)
 {
     TestWindow window;
     window.folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\n");
@@ -89,7 +89,7 @@ TEST(Channel, ACommandEndsWhatTheUserIsInTheMiddleOf)
     EXPECT_EQ(window.boxes, QStringList(u"The ID is invalid."_s)) << "once the command is over";
 }
 
-TEST(Channel, ACommandThatClosesAMenuGivesTheKeyboardBack)
+TEST(Channel, ACommandThatClosesAMenuReleasesTheKeyboard)
 {
     TestWindow window;
     window.MakeProject("other", "<APP/>");
@@ -105,7 +105,7 @@ TEST(Channel, ACommandThatClosesAMenuGivesTheKeyboardBack)
     EXPECT_FALSE(window.Document().IsModified());
 }
 
-TEST(Channel, WhatWaitsForACommandsEndAlsoWaitsForThatOfTheNext)
+TEST(Channel, WaitsUntilNoCommandIsRunning)
 {
     ChannelTurn turn;
     int done = 0;
@@ -121,7 +121,7 @@ TEST(Channel, WhatWaitsForACommandsEndAlsoWaitsForThatOfTheNext)
     EXPECT_EQ(done, 1);
 }
 
-TEST(Channel, ACommandWaitsWhileABoxIsOpenButASecondStartDoesNot)
+TEST(Channel, ACommandWaitsForAnOpenBoxButASecondStartDoesNot)
 {
     TestWindow window;
     window.Start();
@@ -145,7 +145,7 @@ TEST(Channel, ACommandWaitsWhileABoxIsOpenButASecondStartDoesNot)
     EXPECT_NE(window.Frame().ActiveChild(), nullptr);
 }
 
-TEST(SingleInstance, ASecondStartBringsTheFirstToTheFrontAndOneThatHangsIsToldOf)
+TEST(SingleInstance, ASecondStartRaisesTheFirstAndReportsOneThatHangs)
 {
     TestWindow window;
     QString error;

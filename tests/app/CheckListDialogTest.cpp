@@ -67,7 +67,7 @@ struct OpenDialog
 
 } // namespace
 
-TEST(CheckListDialog, TellsOfChecksAndNothingElseByKeysMouseAndButtons)
+TEST(CheckListDialog, ReportsOnlyCheckChangesByKeysMouseAndButtons)
 {
     OpenDialog open;
     EXPECT_EQ(open.grid.Widths(), (std::vector<int>{130, 150}));
@@ -89,7 +89,7 @@ TEST(CheckListDialog, TellsOfChecksAndNothingElseByKeysMouseAndButtons)
     EXPECT_EQ(open.Take().size(), 10) << "all that are selected";
 }
 
-TEST(CheckListDialog, HandsTheRowsOverInTheOrderSeenAndIsStoredAtItsEnd)
+TEST(CheckListDialog, AppliesRowsInTheShownOrderAndStoresItsStateOnClosing)
 {
     OpenDialog open;
     open.Click(0, 0, 60); // A, which stays selected

@@ -70,7 +70,7 @@ struct ComponentWindow : TestWindow
 
 } // namespace
 
-TEST(ComponentList, ComponentsAreSelectedAddedAndDeleted)
+TEST(ComponentList, SelectsAddsAndDeletesComponents)
 {
     ComponentWindow window;
     EXPECT_EQ(window.Shown(), START);
@@ -100,7 +100,7 @@ TEST(ComponentList, ComponentsAreSelectedAddedAndDeleted)
 }
 
 /// Whatever destroys the components of a layout, or changes them while another pane is shown.
-TEST(ComponentList, LetsGoOfWhatIsDestroyedAndTakesUpWhatComes)
+TEST(ComponentList, ForgetsDestroyedComponentsAndShowsNewOnes)
 {
     ComponentWindow window;
     QElapsedTimer clock;
@@ -149,7 +149,7 @@ TEST(ComponentList, LetsGoOfWhatIsDestroyedAndTakesUpWhatComes)
     EXPECT_EQ(window.Shown(), QString());
 }
 
-TEST(ComponentList, SplittersAndToolboxAreAsTheyWereAndFollowTheActiveProject)
+TEST(ComponentList, RestoresSplittersAndToolboxForTheActiveProject)
 {
     ComponentWindow window;
     const QList<QSplitter *> splitters = window.Panes().findChildren<QSplitter *>();

@@ -47,7 +47,7 @@ struct ListWorld : TestModel
 
 } // namespace
 
-TEST(FileList, TakesFilesByTheirClassWithIdsOfTheirOwn)
+TEST(FileList, AddsFilesByClassWithUniqueIds)
 {
     ListWorld world;
     world.list.Fill(&world.files, 1);
@@ -79,7 +79,7 @@ TEST(FileList, TakesFilesByTheirClassWithIdsOfTheirOwn)
     EXPECT_EQ(world.list.At(0)->Id()->scope, 1);
 }
 
-TEST(FileList, RefusesWhatNoProjectCanHave)
+TEST(FileList, RefusesFilesThatNoProjectCanHave)
 {
     ListWorld world("[Text]\ncode_page=1252\n");
     const QString pipe = world.folder.Path("pipe.wav");
@@ -195,7 +195,7 @@ TEST(FileList, SortsRemovesAndClears)
     EXPECT_EQ(component.resources.Count(), 3U);
 }
 
-TEST(FileList, EnablesWhatCanBeDone)
+TEST(FileList, EnablesThePossibleCommands)
 {
     ListWorld world;
     world.list.Fill(&world.files, 1);

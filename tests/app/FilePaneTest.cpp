@@ -8,7 +8,7 @@
 
 // Rows by ID: ID_A (audio), ID_B2 (video, Push), ID_B10 (binary), ID_GONE (binary, not there), the new row.
 
-TEST(FilePane, ListsSortsAndRemembers)
+TEST(FilePane, ListsSortsAndRemembersTheOrder)
 {
     FileWindow window;
     EXPECT_EQ(window.Rows().join(u'\n').toStdString(),
@@ -122,7 +122,7 @@ TEST(FilePane, PlacesTheButtonAndTheBoxOfTypes)
     EXPECT_FALSE(window.Document().IsModified());
 }
 
-TEST(FilePane, TakesWhatIsDroppedAndTellsOfTheRestInOneBox)
+TEST(FilePane, AddsDroppedFilesAndReportsTheRestInOneBox)
 {
     FileWindow window;
     window.Go(KIND_AUDIO);
@@ -210,7 +210,7 @@ TEST(FilePane, BrowsesImportsOpensAndDeletes)
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(FilePane, HasItsMenuAndLetsGoOfWhatGoes)
+TEST(FilePane, HasItsMenuAndForgetsDestroyedFolders)
 {
     FileWindow window;
     window.Grid().Select({0, 1});

@@ -375,7 +375,7 @@ class FileWalkFrom : public testing::TestWithParam<unsigned>
 
 } // namespace
 
-TEST_P(FileWalkFrom, TheListIsTheFolder)
+TEST_P(FileWalkFrom, ListShowsEveryFileOfTheFolder)
 {
     const QtMessageHandler before = qInstallMessageHandler(FailOnWarning);
     {

@@ -55,7 +55,7 @@ struct OpenBar : TableProject
 
 } // namespace
 
-TEST(FindBar, TellsOfEachChangeOnceAndOfTheKeysThatLeadElsewhere)
+TEST(FindBar, ReportsEachChangeOnceAndTheNavigationKeys)
 {
     OpenBar open;
     QTest::keyClicks(&open.text, u"ab"_s);
@@ -82,7 +82,7 @@ TEST(FindBar, TellsOfEachChangeOnceAndOfTheKeysThatLeadElsewhere)
     EXPECT_EQ(open.Take(), u"changed closed "_s);
 }
 
-TEST(FindBar, KeepsAChoiceByItsLanguageAndTellsWhenItHasGone)
+TEST(FindBar, KeepsTheChosenLanguageAndReportsItsRemoval)
 {
     OpenBar open;
     QTest::keyClicks(&open.column, u"French"_s);
@@ -103,7 +103,7 @@ TEST(FindBar, KeepsAChoiceByItsLanguageAndTellsWhenItHasGone)
     EXPECT_GT(open.bar.sizeHint().height(), oneLine) << "the choices have a line of their own";
 }
 
-TEST(FindBar, HidesColumnsByAMenuThatKeepsTheLastOneInSight)
+TEST(FindBar, HidesColumnsByAMenuExceptTheLastVisibleOne)
 {
     OpenBar open;
     open.bar.ShowHidden({false, true, true, true});

@@ -78,7 +78,7 @@ TEST(LanguageChoice, ShowsTheLanguagesOfTheTableInItsOrderAndSortsThemByNameOrNu
         EXPECT_EQ(sorted(state), "French=12 English=9* Text9=2 Text10=1") << state;
 }
 
-TEST(LanguageChoice, AsksWithTheCountsOfWhatOkDoesAndChangesNothingBeforeTheAnswer)
+TEST(LanguageChoice, AsksWithTheCountsOfChangesAndChangesNothingBeforeTheAnswer)
 {
     LanguageChoice project;
     EXPECT_EQ(project.Ok(), "closed|English|Old") << "nothing to do, nothing to ask";
@@ -100,7 +100,7 @@ TEST(LanguageChoice, AsksWithTheCountsOfWhatOkDoesAndChangesNothingBeforeTheAnsw
     EXPECT_EQ(project.Language(9), nullptr);
 }
 
-TEST(LanguageChoice, AddsLanguagesInTheOrderOfTheListAndTheDescriptionBeforeThem)
+TEST(LanguageChoice, AddsTheDescriptionAndThenLanguagesInTheOrderOfTheList)
 {
     LanguageChoice project(TWO_LANGUAGES + "##number|0\n");
     project.Turn({9, 12});
@@ -118,7 +118,7 @@ TEST(LanguageChoice, AddsLanguagesInTheOrderOfTheListAndTheDescriptionBeforeThem
     EXPECT_EQ(project.Dump(), u"ID_STRING_0001 Normal     HELLO"_s);
 }
 
-TEST(LanguageChoice, ADeletedLanguageLeavesTheHistoryAndItsCommandsFail)
+TEST(LanguageChoice, DeletingALanguageKeepsTheHistoryButItsCommandsFail)
 {
     LanguageChoice project(TWO_LANGUAGES + "ID_A|Normal||Hello|Bonjour\n##number|1\n");
     project.Mod(0, 3, u"Bye"_s);

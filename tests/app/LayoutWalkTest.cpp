@@ -348,7 +348,7 @@ class LayoutWalkFrom : public testing::TestWithParam<unsigned>
 
 } // namespace
 
-TEST_P(LayoutWalkFrom, TheThreePanesShowTheSameTree)
+TEST_P(LayoutWalkFrom, ThreePanesShowTheSameTree)
 {
     const QtMessageHandler before = qInstallMessageHandler(FailOnWarning);
     {

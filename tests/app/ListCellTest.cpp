@@ -65,7 +65,7 @@ std::pair<int, int> Ink(const QImage &image)
 
 } // namespace
 
-TEST(ListCellDelegate, ADelegateThatHasDrawnOtherCellsDrawsAsANewOne)
+TEST(ListCellDelegate, DrawsTheSameAfterDrawingOtherCells)
 {
     const QStringList texts{u""_s, u"short"_s, u"a text that doesn't fit into a narrow cell"_s, u"مرحبا بالعالم"_s,
                             u"天气"_s};
@@ -106,7 +106,7 @@ TEST(ListCellDelegate, ShowsDirectionAndGapInEveryState)
     }
 }
 
-TEST(TextDirection, IsThatOfTheLanguageThatANameNames)
+TEST(TextDirection, FollowsTheLanguageOfTheName)
 {
     for (const char *const name :
          {"Arabic",         "Arabic (Egypt)", "arabic-egypt", "Hebrew",          "Modern Hebrew", "PERSIAN",
@@ -120,7 +120,7 @@ TEST(TextDirection, IsThatOfTheLanguageThatANameNames)
         EXPECT_EQ(DirectionOfLanguage(QString::fromUtf8(name)), Qt::LeftToRight) << name;
 }
 
-TEST(CListGrid, KnowsThePlaceOfARowInEitherDirection)
+TEST(CListGrid, FindsTheRectangleOfARowInBothDirections)
 {
     for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
         for (const int width : {150, 800}) {

@@ -9,7 +9,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(ListSettings, KeepTheWidthsFromTheLastColumnToTheFirstAndTheSortState)
+TEST(ListSettings, StoreTheWidthsFromLastColumnToFirstAndTheSortState)
 {
     const TempFolder folder;
     Settings settings(folder.Path("a.ini"), folder.Path("user/a.ini"));

@@ -7,7 +7,7 @@
 #include <QTest>
 #include <QToolButton>
 
-TEST(NoticeText, IsAsHighAsItsLinesAreAndCutsNothing)
+TEST(NoticeText, IsHighEnoughForAllItsLines)
 {
     NoticeText text(nullptr, 22);
     text.setPlainText(u"The files are kept in /home/"_s + QString(200, u'x') + u"."_s);
@@ -27,7 +27,7 @@ TEST(NoticeText, IsAsHighAsItsLinesAreAndCutsNothing)
     EXPECT_EQ(text.heightForWidth(20), text.heightForWidth(40)) << "a narrow one scrolls";
 }
 
-TEST(NoticeBar, IsReadCopiedAndDismissedByTheKeyboard)
+TEST(NoticeBar, CanBeReadCopiedAndDismissedByTheKeyboard)
 {
     TestWindow window;
     window.Start({window.Project()});
@@ -71,7 +71,7 @@ TEST(NoticeBar, IsReadCopiedAndDismissedByTheKeyboard)
     EXPECT_EQ(QApplication::focusWidget(), contents) << "the keys are again those of who had them";
 }
 
-TEST(NoticeBar, ComesWithTheWindowOfAProjectThatIsBeingLoadedAndOnlyThere)
+TEST(NoticeBar, AppearsOnlyInTheWindowOfAProjectThatIsBeingLoaded)
 {
     TestWindow window;
     window.MakeProject("other", "<APP/>");
@@ -97,7 +97,7 @@ TEST(NoticeBar, ComesWithTheWindowOfAProjectThatIsBeingLoadedAndOnlyThere)
     }
 }
 
-TEST(NoticeBar, WhatASaveTellsWhileItsWindowGoesIsInABoxAndOnStandardError)
+TEST(NoticeBar, MessagesOfASaveOnClosingAppearInABoxAndOnStandardError)
 {
     TestWindow window;
     window.Start({window.Project()});

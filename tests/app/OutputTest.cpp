@@ -5,7 +5,7 @@
 #include <QContextMenuEvent>
 #include <QTextBlock>
 
-TEST(InfoPane, FollowsTheEndUnlessTheUserIsElsewhere)
+TEST(InfoPane, ScrollsToTheEndUnlessTheUserScrolledAway)
 {
     CInfoPane pane;
     pane.resize(300, 100);
@@ -40,7 +40,7 @@ TEST(InfoPane, FollowsTheEndUnlessTheUserIsElsewhere)
     EXPECT_TRUE(pane.textCursor().atEnd()) << "an empty pane is followed again";
 }
 
-TEST(InfoPane, ShowsAFloodPieceByPieceInItsOrder)
+TEST(InfoPane, ShowsMuchOutputInOrderPieceByPiece)
 {
     CInfoPane pane;
     QString all;
@@ -61,7 +61,7 @@ TEST(InfoPane, ShowsAFloodPieceByPieceInItsOrder)
     EXPECT_TRUE(pane.toPlainText().isEmpty());
 }
 
-TEST(OutputTail, IsTheLastThousandCharactersHoweverManyCame)
+TEST(OutputTail, IsTheLastThousandCharacters)
 {
     OutputTail tail;
     QString all;
@@ -93,7 +93,7 @@ TEST(InfoPane, TheMenuKeyOpensTheMenuInsideThePane)
     }
 }
 
-TEST(MainFrame, MessagesThatComeTogetherAreShownOneAfterTheOther)
+TEST(MainFrame, ShowsSimultaneousMessagesOneByOne)
 {
     TestWindow window;
     window.Start();
@@ -114,7 +114,7 @@ TEST(MainFrame, MessagesThatComeTogetherAreShownOneAfterTheOther)
     EXPECT_EQ(most, 1);
 }
 
-TEST(MainFrame, WhatIsWrittenWhileTheOutputIsHiddenIsDropped)
+TEST(MainFrame, DropsTextWrittenWhileTheOutputIsHidden)
 {
     TestWindow window;
     window.Start();

@@ -66,7 +66,7 @@ struct ArtWindow : TestWindow
 
 } // namespace
 
-TEST(PreviewArt, ImagesAndTextsAreInTheFramesOfTheirComponents)
+TEST(PreviewArt, DrawsImagesAndTextsInTheFramesOfTheirComponents)
 {
     ArtWindow window(true);
     ASSERT_TRUE(window.WaitFor([&] { return window.IsPainted({30, 30}, Qt::red); }));
@@ -98,7 +98,7 @@ TEST(PreviewArt, ImagesAndTextsAreInTheFramesOfTheirComponents)
     EXPECT_EQ(large.pixelColor(large.rect().center()), QColor(Qt::green)) << "a tile, of which the view shows a part";
 }
 
-TEST(PreviewArt, WithoutTheKeyNamesAreDrawn)
+TEST(PreviewArt, DrawsNamesWithoutTheSetting)
 {
     ArtWindow window(false);
     for (int i = 0; i < 5; ++i)

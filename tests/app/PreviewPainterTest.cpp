@@ -55,7 +55,7 @@ struct Preview
 
 } // namespace
 
-TEST(PreviewPainter, PaintsWhatLiesHigherOverTheRestWithoutClipping)
+TEST(PreviewPainter, PaintsHigherComponentsOverLowerOnesWithoutClipping)
 {
     Preview preview;
     preview.zoom.SetScreen({320, 200});
@@ -101,7 +101,7 @@ TEST(PreviewPainter, PaintsWhatLiesHigherOverTheRestWithoutClipping)
     }
 }
 
-TEST(PreviewPainter, AgreesWithThePixelByPixelLookAtAnyZoomAndRepaintsAnyPart)
+TEST(PreviewPainter, MatchesAPixelByPixelReferenceAtAnyZoomAndRepaintsAnyPart)
 {
     EXPECT_TRUE(rc::check([] {
         constexpr qint32 MAX = std::numeric_limits<qint32>::max();

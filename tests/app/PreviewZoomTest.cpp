@@ -72,7 +72,7 @@ TEST(PreviewZoom, StepsWithinItsLimitsAndFitsBeyondThem)
     EXPECT_EQ(zoom.CustomizeLabel(), QStringLiteral("Customize(20%)..."));
 }
 
-TEST(PreviewZoom, FollowsTheWheelWithOneKeyOrNone)
+TEST(PreviewZoom, FollowsTheWheelWithAtMostOneModifierKey)
 {
     for (const Qt::KeyboardModifiers keys : {Qt::AltModifier | Qt::NoModifier, Qt::ControlModifier | Qt::ShiftModifier})
         EXPECT_EQ(WheelMoveOf(120, keys), WheelMove::Nothing);

@@ -36,7 +36,7 @@ std::string RowsOf(const QListWidget &list)
 
 } // namespace
 
-TEST(ProjectWindow, ShowsTheFoldersInUseAndLeadsIntoThem)
+TEST(ProjectWindow, ShowsTheFoldersInUseAndOpensThem)
 {
     TestWindow window;
     window.MakeProject("big", "<APP><RESOLUTION width=\"320\" height=\"240\" class=\"image\"/></APP>");
@@ -72,7 +72,7 @@ TEST(ProjectWindow, ShowsTheFoldersInUseAndLeadsIntoThem)
     EXPECT_EQ(EntryOf(KIND_COMPONENT | KIND_FLAG_OFF).icon, UiIcon::None);
 }
 
-TEST(ProjectWindow, ClearAsksAndMarksTheProjectUntilItIsSaved)
+TEST(ProjectWindow, ClearAsksAndMarksTheProjectModifiedUntilItIsSaved)
 {
     TestWindow window;
     window.Start({window.Project()});
@@ -108,7 +108,7 @@ TEST(ProjectWindow, ClearAsksAndMarksTheProjectUntilItIsSaved)
     EXPECT_FALSE(window.folder.Get("demo/res/demo.res.xml").contains("ID_IMAGE"));
 }
 
-TEST(ProjectWindow, ClosingAsksAboutChangesAndKeepsWhatCannotBeSaved)
+TEST(ProjectWindow, ClosingAsksAboutChangesAndKeepsAProjectThatCannotBeSaved)
 {
     TestWindow window;
     window.Start({window.Project()});
@@ -135,7 +135,7 @@ TEST(ProjectWindow, ClosingAsksAboutChangesAndKeepsWhatCannotBeSaved)
     EXPECT_TRUE(window.app->Documents().Documents().empty());
 }
 
-TEST(ProjectWindow, AProjectThatDoesNotOpenLeavesTheWindowAsItWasAndSaysWhy)
+TEST(ProjectWindow, AProjectThatDoesNotOpenIsExplainedAndLeavesTheWindowUnchanged)
 {
     TestWindow window;
     window.MakeProject("bad", "<APP>");
@@ -165,7 +165,7 @@ TEST(ProjectWindow, AProjectThatDoesNotOpenLeavesTheWindowAsItWasAndSaysWhy)
     EXPECT_TRUE(window.boxes.last().contains(u"invalid resource format"_s)) << "there is no pane to tell it";
 }
 
-TEST(ProjectWindow, AStartWithAProjectThatDoesNotOpenEndsAndSaysWhyInTheBox)
+TEST(ProjectWindow, AStartWithAProjectThatDoesNotOpenShowsTheReasonAndExits)
 {
     TestWindow window;
     window.MakeProject("bad", "<APP>");
@@ -177,7 +177,7 @@ TEST(ProjectWindow, AStartWithAProjectThatDoesNotOpenEndsAndSaysWhyInTheBox)
         << qPrintable(window.boxes.value(0));
 }
 
-TEST(ProjectWindow, DroppedProjectsOpenAndOtherFilesAreRefused)
+TEST(ProjectWindow, OpensDroppedProjectsAndRefusesOtherFiles)
 {
     TestWindow window;
     window.MakeProject("other", "<APP/>");
@@ -212,7 +212,7 @@ TEST(ProjectWindow, DroppedProjectsOpenAndOtherFilesAreRefused)
     EXPECT_TRUE(window.Child().isMaximized()) << "as the closed one was";
 }
 
-TEST(ProjectWindow, IsReachedByTheKeyboard)
+TEST(ProjectWindow, CanBeUsedByTheKeyboard)
 {
     TestWindow window;
     window.Start({window.Project()});
@@ -274,7 +274,7 @@ TEST(ProjectWindow, IsReachedByTheKeyboard)
     }
 }
 
-TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
+TEST(ProjectWindow, CreatesRenamesAndDeletesLayoutsInTheTree)
 {
     TestWindow window;
     window.folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\n");
@@ -354,7 +354,7 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
     EXPECT_FALSE(window.Document().IsIdInUse(u"ID_START"_s));
 }
 
-TEST(ProjectTree, ALayoutIsRenamedInUpperCaseAndOnlyToAFreeValidName)
+TEST(ProjectTree, RenamesALayoutInUpperCaseAndOnlyToAFreeValidName)
 {
     TestWindow window;
     window.Start({window.Project()});

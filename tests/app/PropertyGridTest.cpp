@@ -168,7 +168,7 @@ TEST(PropertyGrid, ShowsThePropertiesOfAComponentAndFiltersThem)
     EXPECT_TRUE(window.Grid().hasFocus() && !window.view->StateOf(ACTION_FIND_BAR)->checked);
 }
 
-TEST(PropertyGrid, TheKeyboardReachesEveryEditor)
+TEST(PropertyGrid, EveryEditorIsReachableByTheKeyboard)
 {
     PropertyWindow window;
     for (int row = 0; row < 5; ++row)
@@ -215,7 +215,7 @@ TEST(PropertyGrid, TheKeyboardReachesEveryEditor)
     EXPECT_EQ(window.Stored("wait"), "2000ms") << "an editor in which nothing was done changes nothing";
 }
 
-TEST(PropertyGrid, WhatEndsAnEditorAppliesItAndMenusDoNot)
+TEST(PropertyGrid, EndingAnEditorAppliesItsValueAndMenusDoNotEndIt)
 {
     PropertyWindow window;
     const auto type = [&](const QString &number) {
@@ -258,7 +258,7 @@ TEST(PropertyGrid, WhatEndsAnEditorAppliesItAndMenusDoNot)
     EXPECT_EQ(window.Value(u"Class"_s), "panel");
 }
 
-TEST(PropertyGrid, ARefusedInputIsToldOnceAndLeavesTheRowSelected)
+TEST(PropertyGrid, ReportsARefusedInputOnceAndKeepsTheRowSelected)
 {
     PropertyWindow window;
     for (const bool byClick : {false, true}) {
@@ -280,7 +280,7 @@ TEST(PropertyGrid, ARefusedInputIsToldOnceAndLeavesTheRowSelected)
     EXPECT_EQ(window.told, "");
 }
 
-TEST(PropertyGrid, AColorIsChosenInTheDialogAndWrittenWhenTheEditorEnds)
+TEST(PropertyGrid, WritesAColorFromTheDialogWhenTheEditorEnds)
 {
     PropertyWindow window;
     window.Click(u"tint"_s);
@@ -309,7 +309,7 @@ TEST(PropertyGrid, AColorIsChosenInTheDialogAndWrittenWhenTheEditorEnds)
     EXPECT_EQ(window.Stored("tint"), "#010203");
 }
 
-TEST(PropertyGrid, NameAndParentAreEditedAndAnOpenEditorGoesWithItsComponent)
+TEST(PropertyGrid, EditsNameAndParentAndClosesTheEditorOfADestroyedComponent)
 {
     PropertyWindow window;
     window.Click(u"Class"_s);
@@ -337,7 +337,7 @@ TEST(PropertyGrid, NameAndParentAreEditedAndAnOpenEditorGoesWithItsComponent)
     EXPECT_TRUE(!window.IsOpen() && window.Value(u"count"_s).empty() && window.Value(u"Class"_s) == "again");
 }
 
-TEST(PropertyGrid, TheEditMenuIsForTheTextBoxAndPastedLineEndsAreBlanks)
+TEST(PropertyGrid, TheEditMenuAppliesToTheTextBoxAndPastedLineEndsBecomeBlanks)
 {
     PropertyWindow window;
     FocusedEdit edit;

@@ -80,7 +80,7 @@ struct FakeHost : IReloadHost
 
 } // namespace
 
-TEST(ReloadQueue, AsksOnceForACheckoutInTheOrderOfTheClasses)
+TEST(ReloadQueue, AsksOnceForACheckoutInTheOrderOfClasses)
 {
     FakeHost host;
     EXPECT_EQ(host.Change({4, 3, 2, 12, 2, 77}), "2?12?4?3?") << "the strings first, each once, none for a dead handle";
@@ -98,7 +98,7 @@ TEST(ReloadQueue, AsksOnceForACheckoutInTheOrderOfTheClasses)
     EXPECT_EQ(host.Change({13, 12}), "12!13!") << "without a question";
 }
 
-TEST(ReloadQueue, WaitsUntilTheUserCanBeAskedAndForgetsWhatHasGone)
+TEST(ReloadQueue, WaitsUntilTheUserCanBeAskedAndForgetsRemovedFiles)
 {
     FakeHost host;
     host.mayAsk = false;
@@ -121,7 +121,7 @@ TEST(ReloadQueue, WaitsUntilTheUserCanBeAskedAndForgetsWhatHasGone)
     EXPECT_TRUE(host.queue.IsEmpty());
 }
 
-TEST(FileWatchDialog, StoresItsFlagsWithYesAloneAndFitsTheScreen)
+TEST(FileWatchDialog, StoresItsFlagsOnlyOnYesAndFitsTheScreen)
 {
     qint32 file = 0, type = 1;
     const auto show = [&](bool hasChanges, const QString &path, qint32 *typeFlag, bool isYes) {

@@ -73,7 +73,7 @@ const QByteArray TWO_SCREENS = "<APP><RESOLUTION width=\"320\" height=\"240\" cl
 
 } // namespace
 
-TEST(ResolutionChoice, AsksWithTheCountsOfWhatOkDoes)
+TEST(ResolutionChoice, AsksWithTheCountsOfChanges)
 {
     TestProject project(TWO_SCREENS, "[Layout]\nfolders=1\n");
     CResDoc &doc = *project.Open();
@@ -135,7 +135,7 @@ TEST(ResolutionChoice, AsksWithTheCountsOfWhatOkDoes)
     EXPECT_EQ(boxes.asked, QStringList());
 }
 
-TEST(ResolutionChoice, TheDialogGivesAChangeToWhatIsBelow)
+TEST(ResolutionChoice, TheDialogAppliesACheckToTheRowsBelow)
 {
     FakeTreeHelper helper;
     CTreeFltrDlg dialog(helper);
@@ -172,7 +172,7 @@ TEST(ResolutionChoice, TheDialogGivesAChangeToWhatIsBelow)
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
 }
 
-TEST(ResolutionChoice, TheCommandFollowsInTreePanesAndSelection)
+TEST(ResolutionChoice, TheCommandUpdatesTreePanesAndSelection)
 {
     TestWindow window;
     window.MakeProject("wide", TWO_SCREENS);
@@ -217,7 +217,7 @@ TEST(ResolutionChoice, TheCommandFollowsInTreePanesAndSelection)
     EXPECT_TRUE(window.folder.Get("wide/res/wide.res.xml").contains("width=\"320\""));
 }
 
-TEST(ZoomDialog, TakesNumbersOfItsRange)
+TEST(ZoomDialog, AcceptsNumbersInItsRange)
 {
     for (const char *text : {"", "9", "1001", "-10", "10.5", "99999999999", "x"})
         EXPECT_EQ(ZoomInput::Check(QString::fromLatin1(text)), std::nullopt) << text;

@@ -113,7 +113,7 @@ struct PaintedRegion : QObject
 
 } // namespace
 
-TEST(ScreenView, ZoomsAndScrollsByTheWheelWithOneKeyOrNone)
+TEST(ScreenView, ZoomsAndScrollsByTheWheelWithAtMostOneModifierKey)
 {
     ScreenWindow window;
     const QPoint place(60, 50);
@@ -155,7 +155,7 @@ TEST(ScreenView, ZoomsAndScrollsByTheWheelWithOneKeyOrNone)
     EXPECT_EQ(window.Percent(), 989);
 }
 
-TEST(ScreenView, PicksTheTopmostAndWithAltWhatIsBelowIt)
+TEST(ScreenView, SelectsTheTopmostAndWithAltTheNextBelow)
 {
     ScreenWindow window;
     EXPECT_EQ(window.Click({40, 60}), "inner");
@@ -233,7 +233,7 @@ TEST(ScreenView, ZoomsByKeysAndByItsMenu)
     EXPECT_EQ(window.Frame().Zoom().text(), QString());
 }
 
-TEST(ScreenView, TellsThePointAndRepaintsOnlyWhatHasChanged)
+TEST(ScreenView, ReportsThePointAndRepaintsOnlyChanges)
 {
     ScreenWindow window;
     QTest::mouseMove(&window.Port(), {4, 25});

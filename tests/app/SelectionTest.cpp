@@ -19,7 +19,7 @@ CResFolder &AddLayout(CResModel &model, CResFolder &resolution, const char *titl
 
 } // namespace
 
-TEST(Selection, LetsGoOfWhatIsDestroyedAndTakesWhatComesIntoItsPlace)
+TEST(Selection, ReplacesADestroyedNodeByTheOneThatTakesItsPlace)
 {
     TestProject project("<APP/>", "[Layout]\nfolders=1\n");
     CResDoc &doc = *project.Open();
@@ -67,7 +67,7 @@ TEST(Selection, LetsGoOfWhatIsDestroyedAndTakesWhatComesIntoItsPlace)
     EXPECT_EQ(selection.SelectedFolder(), &doc.root);
 }
 
-TEST(Selection, TheWindowShowsNoRowOfAFolderThatGoesAndTheNewOnesAfterTheUpdate)
+TEST(Selection, TheWindowHidesRowsOfADestroyedFolderAndShowsNewOnesAfterTheUpdate)
 {
     TestWindow window;
     window.folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\n");

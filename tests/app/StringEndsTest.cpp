@@ -50,7 +50,7 @@ std::string SavedFile(const Window &window)
 
 } // namespace
 
-TEST(StringEnds, ClosingTakesWhatIsTypedAndAsks)
+TEST(StringEnds, ClosingAppliesTypedTextAndAsks)
 {
     for (const Middle &middle : MIDDLES) {
         for (const bool isMain : {true, false}) {
@@ -67,7 +67,7 @@ TEST(StringEnds, ClosingTakesWhatIsTypedAndAsks)
 }
 
 /// A text that the table refuses keeps the project open.
-TEST(StringEnds, ClosingTellsOfARefusedText)
+TEST(StringEnds, ClosingReportsARefusedText)
 {
     for (const bool isMain : {true, false}) {
         SCOPED_TRACE(isMain);
@@ -83,7 +83,7 @@ TEST(StringEnds, ClosingTellsOfARefusedText)
 }
 
 /// Without any farewell.
-TEST(StringEnds, TheViewMayGoAtAnyTime)
+TEST(StringEnds, TheViewCanBeDestroyedAtAnyTime)
 {
     for (const Middle &middle : MIDDLES) {
         SCOPED_TRACE(middle.what);
@@ -93,7 +93,7 @@ TEST(StringEnds, TheViewMayGoAtAnyTime)
     }
 }
 
-TEST(StringEnds, AnIdesCommandsTakeWhatIsTyped)
+TEST(StringEnds, IdeCommandsApplyTypedText)
 {
     for (const Middle &middle : MIDDLES) {
         for (const quint32 command : {IDE_COMMAND_SAVE, IDE_COMMAND_LOAD, IDE_COMMAND_PACK}) {
@@ -154,7 +154,7 @@ TEST(StringEnds, CommandsAndClosingWaitForADialogOrABox)
 }
 
 /// The tree changes below what is open.
-TEST(StringEnds, ReloadingAndClearingLetGo)
+TEST(StringEnds, ReloadingAndClearingEndTheEditing)
 {
     const std::pair<const char *, void (*)(Window &)> ends[] = {
         {"reload",

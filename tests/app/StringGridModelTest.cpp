@@ -144,7 +144,7 @@ void FailOnWarning(QtMsgType, const QMessageLogContext &, const QString &text)
 
 } // namespace
 
-TEST(StringGridModel, TellsQtAllThatHappensAndHidesNothingThatChanged)
+TEST(StringGridModel, SignalsEveryChange)
 {
     const QtMessageHandler before = qInstallMessageHandler(FailOnWarning);
     for (unsigned seed = 1; seed <= 60 && !testing::Test::HasFailure(); ++seed) {
@@ -182,7 +182,7 @@ TEST(StringGridModel, TellsQtAllThatHappensAndHidesNothingThatChanged)
     qInstallMessageHandler(before);
 }
 
-TEST(StringGridModel, ALongBatchIsOneReset)
+TEST(StringGridModel, ResetsOnceForALongBatch)
 {
     for (const int rows : {100, 101, 500}) {
         WatchedModel model;
@@ -206,7 +206,7 @@ TEST(StringGridModel, ALongBatchIsOneReset)
     }
 }
 
-TEST(StringGridModel, ShowsOneShortLineOfATextAndAllOfItOnRequest)
+TEST(StringGridModel, ShowsAShortLineOfATextAndAllOfItOnRequest)
 {
     StringGridModel model;
     GridWalk walk(1, model);

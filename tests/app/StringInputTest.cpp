@@ -38,7 +38,7 @@ struct InputWindow : StringWindow
 
 } // namespace
 
-TEST(StringInput, AnyTextBecomesOneLineOrStaysOut)
+TEST(StringInput, TurnsAnyTextIntoOneLineOrRefusesIt)
 {
     const QString texts[] = {u"a\r\nb\nc\rd"_s,
                              u"\n"_s,
@@ -83,7 +83,7 @@ TEST(StringInput, AnyTextBecomesOneLineOrStaysOut)
     }
 }
 
-TEST(StringInput, NoWrongIdGetsIn)
+TEST(StringInput, RefusesInvalidIds)
 {
     InputWindow window;
     const QStringList before = window.TreeRows();
@@ -126,7 +126,7 @@ TEST(StringInput, NoWrongIdGetsIn)
     EXPECT_FALSE(window.Document().IsModified());
 }
 
-TEST(StringInput, ALargeClipboardIsOneStepUnderTheWaitPointer)
+TEST(StringInput, PastesALargeClipboardInOneStepWithTheWaitCursor)
 {
     constexpr int ROWS = 50'000;
     InputWindow window;
@@ -163,7 +163,7 @@ TEST(StringInput, ALargeClipboardIsOneStepUnderTheWaitPointer)
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringInput, WhatIsDroppedIsTakenWholeOrNotAtAll)
+TEST(StringInput, AcceptsADropCompletelyOrNotAtAll)
 {
     InputWindow window;
     const QString book = window.folder.Path("good.xls");

@@ -30,7 +30,7 @@ std::string Enabled(const StringWindow &window)
 
 } // namespace
 
-TEST(StringPane, EnablesWhatCanBeDone)
+TEST(StringPane, EnablesThePossibleCommands)
 {
     StringWindow empty("Number of Language|1\nString ID|Resource Type|Description|English(9)\n##number|0\n");
     EXPECT_EQ(Enabled(empty), "xx-x-----x-x-");
@@ -58,7 +58,7 @@ TEST(StringPane, EnablesWhatCanBeDone)
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringPane, ShowsTheKindOfWhatIsSelectedInItsMenu)
+TEST(StringPane, ShowsTheKindOfTheSelectionInItsMenu)
 {
     struct Case
     {
@@ -84,7 +84,7 @@ TEST(StringPane, ShowsTheKindOfWhatIsSelectedInItsMenu)
     EXPECT_EQ(window.Shown(0, 1) + window.Shown(1, 1) + window.Shown(2, 1), "NormalPushNormal") << "each row is a step";
 }
 
-TEST(StringPane, DeletesAfterAQuestion)
+TEST(StringPane, AsksBeforeItDeletes)
 {
     StringWindow window;
     window.Answer({QMessageBox::No, QMessageBox::Yes, QMessageBox::Yes});
@@ -105,7 +105,7 @@ TEST(StringPane, DeletesAfterAQuestion)
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringPane, SortsByAClickAndRemembersItWithTheWidths)
+TEST(StringPane, SortsByAClickAndRemembersOrderAndWidths)
 {
     StringWindow window;
     const auto header = [&]() -> QHeaderView & { return *window.Grid().horizontalHeader(); };
@@ -143,7 +143,7 @@ TEST(StringPane, SortsByAClickAndRemembersItWithTheWidths)
     EXPECT_THAT(window.folder.Get("bin/Morvanite.ini").toStdString(), testing::HasSubstr("[wnd_1014]"));
 }
 
-TEST(StringPane, TakesWhatIsDroppedAndTellsOfTheRest)
+TEST(StringPane, AddsDroppedFilesAndReportsTheRest)
 {
     StringWindow window;
     window.folder.Put("bad.xls", "no workbook");
@@ -170,7 +170,7 @@ TEST(StringPane, TakesWhatIsDroppedAndTellsOfTheRest)
 }
 
 /// Another node and back: the grid shows the tree, with the row that was in focus.
-TEST(StringPane, ComesBackToItsRow)
+TEST(StringPane, ReturnsToItsRow)
 {
     StringWindow window;
     window.Grid().SelectAlone(1, 3);
@@ -192,7 +192,7 @@ TEST(StringPane, ComesBackToItsRow)
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringPane, ALongCommandLeavesTheSelection)
+TEST(StringPane, ALongCommandKeepsTheSelection)
 {
     QByteArray table = "Number of Language|1\nString ID|Resource Type|Description|English(9)\n";
     for (int row = 100; row < 220; ++row)
@@ -209,7 +209,7 @@ TEST(StringPane, ALongCommandLeavesTheSelection)
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringPane, ASelectedRowIsSelectedInANewLanguageToo)
+TEST(StringPane, ExtendsTheSelectionToANewLanguage)
 {
     StringWindow window;
     window.Grid().SelectAlone(1, 0);
@@ -221,7 +221,7 @@ TEST(StringPane, ASelectedRowIsSelectedInANewLanguageToo)
 }
 
 /// The project goes away below the grid.
-TEST(StringPane, LetsGoOfWhatIsReloadedOrCleared)
+TEST(StringPane, ForgetsReloadedOrClearedRows)
 {
     StringWindow window;
     window.Edit(1, 3);
@@ -283,7 +283,7 @@ TEST(StringPane, FindsFiltersAndGoesToAnId)
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringPane, CopiesPastesAndReplacesCellsAsOneStep)
+TEST(StringPane, CopiesPastesAndReplacesCellsInOneStep)
 {
     StringWindow window;
     window.Grid().Select({0, 1});

@@ -54,7 +54,7 @@ TEST(StringView, EditsCellsByTheKeyboard)
     }
 }
 
-TEST(StringView, TabPassesOverHiddenColumns)
+TEST(StringView, TabSkipsHiddenColumns)
 {
     StringWindow window;
     window.Grid().horizontalHeader()->resizeSection(4, 0);
@@ -69,7 +69,7 @@ TEST(StringView, TabPassesOverHiddenColumns)
 }
 
 /// What commits beside the keys.
-TEST(StringView, TakesTheTextWhateverEndsTheEditing)
+TEST(StringView, AppliesTheTextWhateverEndsTheEditing)
 {
     const std::pair<const char *, void (*)(StringWindow &)> ends[] = {
         {"click elsewhere",
@@ -103,7 +103,7 @@ TEST(StringView, TakesTheTextWhateverEndsTheEditing)
     }
 }
 
-TEST(StringView, EnterEditsTheRowInFocusWhichIsSelectedThen)
+TEST(StringView, EnterSelectsAndEditsTheFocusedRow)
 {
     StringWindow window;
     window.Edit(0, 3);
@@ -117,7 +117,7 @@ TEST(StringView, EnterEditsTheRowInFocusWhichIsSelectedThen)
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringView, ClosingTheWindowTakesTheText)
+TEST(StringView, ClosingTheWindowAppliesTheText)
 {
     StringWindow window;
     window.Edit(0, 3);
@@ -129,7 +129,7 @@ TEST(StringView, ClosingTheWindowTakesTheText)
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringView, MenusAndTheEditorsOwnMenuEndNothing)
+TEST(StringView, MenusDoNotEndTheEditing)
 {
     StringWindow window;
     window.Edit(0, 3);
@@ -149,7 +149,7 @@ TEST(StringView, MenusAndTheEditorsOwnMenuEndNothing)
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringView, KeepsLongTextsWholeAndOneLineOneLine)
+TEST(StringView, KeepsLongTextsCompleteAndOnOneLine)
 {
     const QByteArray longText(600, 'x');
     StringWindow window(QByteArray("Number of Language|1\nString ID|Resource Type|Description|English(9)\n"
@@ -182,7 +182,7 @@ TEST(StringView, KeepsLongTextsWholeAndOneLineOneLine)
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringView, TellsOnceWhyAnIdIsRefusedAndComesBackToTheCell)
+TEST(StringView, ExplainsOnceWhyAnIdIsRefusedAndReturnsToTheCell)
 {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab, Qt::Key_Down}) {
         StringWindow window;

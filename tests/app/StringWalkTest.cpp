@@ -328,7 +328,7 @@ class StringWalkFrom : public testing::TestWithParam<unsigned>
 {
 };
 
-TEST_P(StringWalkFrom, TheGridIsTheTreeAndTheFileIsBoth)
+TEST_P(StringWalkFrom, GridTreeAndFileStayEqual)
 {
     const QtMessageHandler before = qInstallMessageHandler(FailOnWarning);
     {

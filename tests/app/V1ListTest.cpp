@@ -32,7 +32,7 @@ std::string Shown(const QDialog &dialog)
 
 } // namespace
 
-TEST(V1ListDialog, AddsAndTakesOutFilesAndWritesThemWithOkAlone)
+TEST(V1ListDialog, AddsAndRemovesFilesAndWritesThemOnlyOnOk)
 {
     TestProgram program;
     FakeBoxes boxes;
@@ -73,7 +73,7 @@ TEST(V1ListDialog, AddsAndTakesOutFilesAndWritesThemWithOkAlone)
     EXPECT_EQ(program.folder.Get("demo_res.lst"), ".\\sub\\b.gif\r\n/x/c.png");
 }
 
-TEST(V1ListDialog, TheMenuOpensItForTheProjectOpenedLastAndWithoutOneOkLeavesItOpen)
+TEST(V1ListDialog, OpensForTheLastOpenedProjectAndIgnoresOkWithoutOne)
 {
     TestWindow window;
     window.folder.Put("demo/demo_res.lst", ".\\a.gif");

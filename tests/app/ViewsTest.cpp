@@ -41,7 +41,7 @@ void AddFiles(TestWindow &window, CResFolder &folder, int number)
 
 } // namespace
 
-TEST(ProjectTree, AMenuThatIsClosedWithoutAnActionLeavesNothingBehind)
+TEST(ProjectTree, ClosingAMenuWithoutAnActionHasNoEffect)
 {
     TestWindow window;
     window.folder.Put("bin/Morvanite.ini", WITH_LAYOUTS);
@@ -73,7 +73,7 @@ TEST(ProjectTree, AMenuThatIsClosedWithoutAnActionLeavesNothingBehind)
     EXPECT_FALSE(window.Row(otherName)) << "an action of the menu is for the menu's folder";
 }
 
-TEST(ProjectTree, CopyKeysLeaveTheClipboardAloneWhereCopyIsDisabled)
+TEST(ProjectTree, CopyKeysKeepTheClipboardWhenCopyIsDisabled)
 {
     TestWindow window;
     window.Start({window.Project()});
@@ -92,7 +92,7 @@ TEST(ProjectTree, CopyKeysLeaveTheClipboardAloneWhereCopyIsDisabled)
     }
 }
 
-TEST(TreeLines, AreThoseOfTheOtherDirectionInAMirror)
+TEST(TreeLines, AreMirroredInTheOtherDirection)
 {
     const QRect part(40, 100, 60, 18);
     const TreeLinesRow row{true, false, {true, false, true}};
@@ -118,7 +118,7 @@ TEST(TreeLines, AreThoseOfTheOtherDirectionInAMirror)
     QApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
 }
 
-TEST(ProgramStyle, ButtonsAndLinesOfGridsStandOutOnADarkDesktop)
+TEST(ProgramStyle, ButtonsAndGridLinesAreVisibleOnADarkDesktop)
 {
     const ProgramStyle style;
     QStyleOption option;
@@ -141,7 +141,7 @@ TEST(ProgramStyle, ButtonsAndLinesOfGridsStandOutOnADarkDesktop)
     }
 }
 
-TEST(ProgramStyle, EndsATitleOfAColumnThatIsTooLongInAnEllipsis)
+TEST(ProgramStyle, EndsAColumnTitleThatIsTooLongInAnEllipsis)
 {
     const ProgramStyle style;
     QImage image(60, 20, QImage::Format_RGB32);
@@ -181,7 +181,7 @@ TEST(MainFrame, PaintsItsWholeTextWhenTheLastProjectIsClosed)
     EXPECT_EQ(onScreen(), before);
 }
 
-TEST(ResourceCounts, TellWhatAFolderHolds)
+TEST(ResourceCounts, DescribeTheContentsOfAFolder)
 {
     TestWindow window;
     window.folder.Put("bin/Morvanite.ini", WITH_LAYOUTS);
@@ -217,7 +217,7 @@ TEST(ResourceCounts, TellWhatAFolderHolds)
     EXPECT_EQ(SummaryOf(CountResources(window.Document().root)), u"8 resources, 2 of them strings in 2 languages"_s);
 }
 
-TEST(Contents, TellWhatIsInTheirFoldersAndLeadOutAgain)
+TEST(Contents, ListFoldersAndOpenTheParent)
 {
     TestWindow window;
     window.folder.Put("bin/Morvanite.ini", WITH_LAYOUTS);
@@ -256,7 +256,7 @@ TEST(Contents, TellWhatIsInTheirFoldersAndLeadOutAgain)
     }
 }
 
-TEST(Contents, LeadOutOfOneOfManyLayoutsInAMoment)
+TEST(Contents, OpenTheParentOfOneOf10000LayoutsQuickly)
 {
     TestWindow window;
     window.folder.Put("bin/Morvanite.ini", WITH_LAYOUTS);
@@ -274,7 +274,7 @@ TEST(Contents, LeadOutOfOneOfManyLayoutsInAMoment)
     EXPECT_LT(clock.elapsed(), 2000); // milliseconds
 }
 
-TEST(Contents, RenameAndDeleteLayoutsAndKeysOfALabelDoNotLeadOut)
+TEST(Contents, RenameAndDeleteLayoutsAndKeepTheKeysOfALabelEditor)
 {
     TestWindow window;
     window.folder.Put("bin/Morvanite.ini", WITH_LAYOUTS);
@@ -340,7 +340,7 @@ TEST(StatusBar, ShowsTheActiveProjectAndFollowsItsChanges)
     EXPECT_EQ(status.Path() + status.Summary() + status.toolTip(), QString());
 }
 
-TEST(StatusBar, TellsInASentenceWhatAnEntryDoesWhileItIsHighlighted)
+TEST(StatusBar, DescribesTheHighlightedMenuEntry)
 {
     for (const Menu &menu : MenuBar(/*hasDocument=*/true)) {
         for (const MenuEntry &entry : menu.entries)

@@ -71,7 +71,7 @@ struct WatchedWindow : StringWindow
 
 } // namespace
 
-TEST(WatchedFiles, AChangeLeadsToOneQuestionAndAnOwnSaveToNone)
+TEST(WatchedFiles, AskOnceAboutAChangeAndNeverAboutTheProgramsOwnSave)
 {
     WatchedWindow window;
     window.Translate("One");
@@ -98,7 +98,7 @@ TEST(WatchedFiles, AChangeLeadsToOneQuestionAndAnOwnSaveToNone)
     EXPECT_EQ(window.AskedUntil([&] { return window.Shows("Four"); }), "ref_list_demo.txt") << "still watched";
 }
 
-TEST(WatchedFiles, TheQuestionWaitsForACommandABoxAMenuAndAnEditThatIsRefused)
+TEST(WatchedFiles, AskAfterACommandABoxAMenuOrARefusedEdit)
 {
     WatchedWindow window;
     {
@@ -130,7 +130,7 @@ TEST(WatchedFiles, TheQuestionWaitsForACommandABoxAMenuAndAnEditThatIsRefused)
     EXPECT_EQ(window.AskedUntil([&] { return window.Shows("Refused"); }), "ref_list_demo.txt");
 }
 
-TEST(WatchedFiles, AHalfWrittenListLosesNothingAndTheNextVersionIsTaken)
+TEST(WatchedFiles, KeepTheProjectOnAHalfWrittenListAndLoadTheNextVersion)
 {
     WatchedWindow window;
     const QByteArray list = window.folder.Get("demo/res/demo.res.xml");

@@ -150,7 +150,7 @@ class Files(desktop_strings_test.Lists):
     def texts_of_table(self):
         return self.what_is_copied_by('ctrl+a', 'ctrl+shift+c')
 
-    def test_a_day_with_the_files(self):
+    def test_adds_renames_saves_and_restores_files(self):
         program, window = self.open_images()
         self.edit(window)
         self.press('ctrl+s')

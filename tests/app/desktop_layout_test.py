@@ -85,7 +85,7 @@ class Layouts(Lists):
         self.xdotool('mousemove', '--window', window, MIDDLE[0] + x, MIDDLE[1], 'click', 1)
         return self.name()
 
-    def test_a_day_with_a_layout(self):
+    def test_edits_saves_and_restores_a_layout(self):
         program, window = self.open_layout()
         for way, name in ((['Home', 'Down'], 'title'), (['Down'] * 3, 'today'), (['End', 'Up'], 'alarm')):
             self.press(*way)

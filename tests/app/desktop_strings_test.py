@@ -63,7 +63,7 @@ class Strings(Lists):
         self.press('End', 'F6', 'ctrl+Home')
         return program, window
 
-    def test_a_day_with_the_strings(self):
+    def test_edits_saves_and_restores_strings(self):
         strings = self.dir / 'sample/res/ref_list_weatherclock.txt'
         program, window = self.open_strings()
         rows = self.rows()

@@ -106,7 +106,7 @@ class OnScreen(unittest.TestCase):
 
 
 class Desktop(OnScreen):
-    def test_a_day_with_a_project(self):
+    def test_opens_changes_saves_and_restores_a_project(self):
         resources = self.dir / 'sample/res/weatherclock.res.xml'
         program, window = self.open()
         self.assertIn('<FILE', resources.read_text())
@@ -138,7 +138,7 @@ class Desktop(OnScreen):
         time.sleep(0.3)
         self.close(next(start for start in both if start.poll() is None))
 
-    def test_menus_and_keys_are_there_after_each_change_of_the_window(self):
+    def test_menus_and_keys_work_after_each_change_of_the_window(self):
         self.set('folders=0', 'folders=1')
         program, window = self.open()
 
@@ -170,7 +170,7 @@ class Desktop(OnScreen):
         x11.XSync(display, 0)
         self.addCleanup(x11.XCloseDisplay, display)
 
-    def test_a_clipboard_whose_owner_hangs_holds_up_nothing(self):
+    def test_a_hanging_clipboard_owner_does_not_block_the_program(self):
         self.set('folders=0', 'folders=1')
         program, window = self.open()
         size = self.geometry(window)
@@ -193,7 +193,7 @@ class Desktop(OnScreen):
         self.assertRegex(said['--version'].stdout, r'^morvanite \d+\.\d+\.\d+\n$')
         self.assertEqual([said['--help'].returncode, said['--version'].returncode], [0, 0])
 
-    def test_a_lost_screen_ends_the_program_and_harms_no_file(self):
+    def test_a_lost_screen_ends_the_program_without_damage_to_files(self):
         before = {path: path.read_bytes() for path in self.dir.glob('sample/**/*') if path.is_file()}
         program, _ = self.open()
         self.screen.kill()
@@ -204,7 +204,7 @@ class Desktop(OnScreen):
 class SmallScreen(OnScreen):
     SIZE = '1024x700'
 
-    def test_the_whole_window_is_on_the_screen(self):
+    def test_the_window_fits_the_screen(self):
         for stored, size in (('', None), ('100,-40,900,500', (800, 540)), ('0,0,3000,2000', (1024, 700)), ('20,30,720,530', (700, 500))):
             self.set('position=', 'position=%s' % stored)
             program, window = self.open()

@@ -22,7 +22,7 @@ QByteArray Built(const PackCommandRecord &record)
     return BuildRecord(record, error).value();
 }
 
-TEST(CommandRecord, HasItsFieldsAtTheirOffsetsAndIsReadAsItWasBuilt)
+TEST(CommandRecord, HasItsFieldsAtTheirOffsetsAndIsReadAsBuilt)
 {
     const QByteArray bytes = Built(FullRecord());
     ASSERT_EQ(bytes.size(), 1696);
@@ -38,7 +38,7 @@ TEST(CommandRecord, HasItsFieldsAtTheirOffsetsAndIsReadAsItWasBuilt)
         << "its whole field";
 }
 
-TEST(CommandRecord, IsNotBuiltOfTextThatDoesNotFit)
+TEST(CommandRecord, IsNotBuiltFromTextThatDoesNotFit)
 {
     QString error;
     EXPECT_TRUE(BuildRecord(CommandRecord{QString(259, u'a')}, error));
@@ -57,7 +57,7 @@ QString Scanned(const QString &text)
     return size ? u"%1,%2"_s.arg(size->width).arg(size->height) : u"-"_s;
 }
 
-TEST(PackRequest, ScansAResolutionAsTheFormatDoes)
+TEST(PackRequest, ParsesAResolutionLikeScanf)
 {
     for (const auto &text : {u"240x320"_s, u"240X320"_s, u"240*320"_s, u" \t\n240x \r320"_s, u"+240xX**x+320"_s,
                              u"0240x320x16"_s, u"240x320 and more"_s})

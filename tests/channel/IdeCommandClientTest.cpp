@@ -51,7 +51,7 @@ protected:
     std::jthread window;
 };
 
-TEST_F(IdeCommandClientTest, CollectsTheReportInPiecesOfWholeCharactersAndTheAnswer)
+TEST_F(IdeCommandClientTest, ReturnsTheAnswerAndTheReportInWholeCharacters)
 {
     const QString large = u"\U0001F514 and so on\r\n"_s.repeated(20000);
     BeginWindow(1, [&](const QByteArray &record) {
@@ -70,7 +70,7 @@ TEST_F(IdeCommandClientTest, CollectsTheReportInPiecesOfWholeCharactersAndTheAns
     EXPECT_EQ(pieces.join(QString()), large + u"\U0001F514!"_s);
 }
 
-TEST_F(IdeCommandClientTest, SaysWhenNoWindowAnswersOrAnIdeServesThePipe)
+TEST_F(IdeCommandClientTest, ReportsThatNoWindowAnswersOrAnIdeOwnsThePipe)
 {
     EXPECT_FALSE(Run());
     EXPECT_TRUE(error.startsWith(u"Morvanite isn't running"_s)) << qPrintable(error);
@@ -93,7 +93,7 @@ TEST_F(IdeCommandClientTest, SaysWhenNoWindowAnswersOrAnIdeServesThePipe)
     EXPECT_TRUE(error.startsWith(u"another program listens at "_s)) << qPrintable(error);
 }
 
-TEST_F(IdeCommandClientTest, SixtyFourClientsAtOnceTakeTurnsAndEachGetsItsOwnReport)
+TEST_F(IdeCommandClientTest, Serves64ClientsInTurnsWithSeparateReports)
 {
     BeginWindow(64, [](const QByteArray &record) {
         SendReport(QString::fromLatin1(record).repeated(100));

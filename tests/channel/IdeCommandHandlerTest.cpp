@@ -64,7 +64,7 @@ protected:
 const QByteArray LOADED =
     "Loading resource from \"res\\demo.res.xml\"...\r\n[demo] open - 0 error(s), 0 warning(s)\r\n";
 
-TEST_F(IdeCommandHandlerTest, LoadOpensTheProjectAndSaveSavesWhatIsOpenWhateverTheCaseOfItsPath)
+TEST_F(IdeCommandHandlerTest, LoadOpensAndSaveSavesAProjectWithItsPathInAnyCase)
 {
     EXPECT_EQ(Run(IDE_COMMAND_SAVE), "\r\n\r\nsave done\r\n") << "no document is no error";
     EXPECT_EQ(Run(IDE_COMMAND_LOAD), LOADED + "\r\n\r\nload done\r\n");
@@ -81,7 +81,7 @@ TEST_F(IdeCommandHandlerTest, LoadOpensTheProjectAndSaveSavesWhatIsOpenWhateverT
     EXPECT_EQ(handler.LastError(), 0);
 }
 
-TEST_F(IdeCommandHandlerTest, PackOpensTheProjectAndPacksInItsFolderForEverySpellingOfItsResolution)
+TEST_F(IdeCommandHandlerTest, PackOpensTheProjectAndAcceptsEverySpellingOfTheResolution)
 {
     QByteArray opening = LOADED;
     for (const auto &[resolution, found] : {std::pair(u"240x320"_s, true), {u"240*320"_s, true}, {u"1x1"_s, false}}) {
@@ -101,7 +101,7 @@ TEST_F(IdeCommandHandlerTest, PackOpensTheProjectAndPacksInItsFolderForEverySpel
     }
 }
 
-TEST_F(IdeCommandHandlerTest, EachFailureHasItsCode)
+TEST_F(IdeCommandHandlerTest, ReturnsACodeForEachFailure)
 {
     EXPECT_EQ(Run(IDE_COMMAND_LOAD), LOADED + "\r\n\r\nload done\r\n");
     saves = false;
@@ -126,7 +126,7 @@ TEST_F(IdeCommandHandlerTest, EachFailureHasItsCode)
     EXPECT_TRUE(project.trace.endsWith("Morvanite finished PACK command, err code=404\n"));
 }
 
-TEST_F(IdeCommandHandlerTest, WithoutAnIdeTheCommandIsCarriedOutAndItsOutputLost)
+TEST_F(IdeCommandHandlerTest, RunsACommandWithoutAnIdeAndDropsItsOutput)
 {
     unlink(runtime.Path(PIPE_SOCKET).constData());
     EXPECT_EQ(Run(IDE_COMMAND_LOAD), "");
@@ -135,7 +135,7 @@ TEST_F(IdeCommandHandlerTest, WithoutAnIdeTheCommandIsCarriedOutAndItsOutputLost
     EXPECT_EQ(pane, "");
 }
 
-TEST_F(IdeCommandHandlerTest, ShortRecordsAndUnknownCommandsDoNothing)
+TEST_F(IdeCommandHandlerTest, IgnoresShortRecordsAndUnknownCommands)
 {
     documents.OpenDocumentFile(project.Path());
     const std::pair<quint32, qsizetype> ignored[] = {{IDE_COMMAND_LOAD, 519},
@@ -153,7 +153,7 @@ TEST_F(IdeCommandHandlerTest, ShortRecordsAndUnknownCommandsDoNothing)
     EXPECT_TRUE(pipe.IsOpen());
 }
 
-TEST_F(IdeCommandHandlerTest, ADocumentLearnsWhichCommandRunsForItUntilItEndsEvenByAnException)
+TEST_F(IdeCommandHandlerTest, TellsTheDocumentWhichCommandRunsAndWhenItEndsEvenByAnException)
 {
     const QString own = project.Path().toUpper();
     const QString other = u"/other"_s;
@@ -176,7 +176,7 @@ TEST_F(IdeCommandHandlerTest, ADocumentLearnsWhichCommandRunsForItUntilItEndsEve
 
 } // namespace
 
-TEST_F(IdeCommandHandlerTest, WhatAnotherProgramHasChangedReachesTheNextCommand)
+TEST_F(IdeCommandHandlerTest, TheNextCommandSeesChangesMadeByAnotherProgram)
 {
     const char *const list = "demo/res/demo.res.xml";
     EXPECT_TRUE(Run(IDE_COMMAND_LOAD).endsWith("\r\nload done\r\n"));

@@ -64,7 +64,7 @@ protected:
     }};
 };
 
-TEST_F(IdeCommandServerTest, ACommandMayComeByteByByteAndSeveralAtOnceAndIsAnsweredOnceItHasRun)
+TEST_F(IdeCommandServerTest, AcceptsCommandsInAnyPiecesAndAnswersAfterTheyHaveRun)
 {
     const FileHandle peer = Connect();
     during = [&] { EXPECT_EQ(ReadNow(peer), ANSWER.repeated(commands.size() == 2)); };
@@ -78,7 +78,7 @@ TEST_F(IdeCommandServerTest, ACommandMayComeByteByByteAndSeveralAtOnceAndIsAnswe
     EXPECT_EQ(commands, QByteArrayList({"2948455419ab", "2", "3", "4cd", "5"}));
 }
 
-TEST_F(IdeCommandServerTest, PeersThatStallVanishOrLieHoldUpNobody)
+TEST_F(IdeCommandServerTest, StalledDisconnectedAndHostilePeersDoNotBlockOthers)
 {
     const FileHandle inHeader = Connect(Message(1).first(7));
     const FileHandle inRecord = Connect(Message(2, "abc").first(10));
@@ -94,7 +94,7 @@ TEST_F(IdeCommandServerTest, PeersThatStallVanishOrLieHoldUpNobody)
     EXPECT_EQ(commands, QByteArrayList({"4abc", '5' + QByteArray(65536, 'a'), "2abc"}));
 }
 
-TEST_F(IdeCommandServerTest, AnswersAllInTheirOrderAndBeyondItsLimitClosesTheLongestSilent)
+TEST_F(IdeCommandServerTest, AnswersInOrderAndClosesTheLongestIdlePeerAboveTheLimit)
 {
     std::vector<FileHandle> peers;
     QByteArrayList inOrder;
@@ -116,7 +116,7 @@ TEST_F(IdeCommandServerTest, AnswersAllInTheirOrderAndBeyondItsLimitClosesTheLon
     EXPECT_EQ(server->ConnectionCount(), IdeCommandServer::CONNECTION_LIMIT);
 }
 
-TEST_F(IdeCommandServerTest, RunsOneCommandAtATimeAndAPeersNextBehindThoseOfOthers)
+TEST_F(IdeCommandServerTest, RunsOneCommandAtATimeAndTakesPeersInTurns)
 {
     const FileHandle second = Connect();
     DispatchAll();
@@ -157,7 +157,7 @@ TEST_F(IdeCommandServerTest, HoldsCommandsBackWhilePaused)
     EXPECT_EQ(server->ConnectionCount(), 3U);
 }
 
-TEST_F(IdeCommandServerTest, ACommandThatWaitsForNothingRunsInsideAnotherAndWhilePaused)
+TEST_F(IdeCommandServerTest, ImmediateCommandsRunInsideOthersAndWhilePaused)
 {
     server->waitsForNothing = [](quint32 id) { return id == 9; };
     const FileHandle peer = Connect(Message(1) + Message(2));
@@ -180,7 +180,7 @@ TEST_F(IdeCommandServerTest, ACommandThatWaitsForNothingRunsInsideAnotherAndWhil
     EXPECT_EQ(Answers(peer), ANSWER.repeated(2));
 }
 
-TEST_F(IdeCommandServerTest, APeerThatDoesNotReadItsAnswersGetsThemLater)
+TEST_F(IdeCommandServerTest, KeepsAnswersForAPeerThatReadsLate)
 {
     const FileHandle slow = Connect();
     const int small = 1; // the kernel takes its smallest
@@ -194,7 +194,7 @@ TEST_F(IdeCommandServerTest, APeerThatDoesNotReadItsAnswersGetsThemLater)
     EXPECT_EQ(answers, ANSWER.repeated(2000));
 }
 
-TEST_F(IdeCommandServerTest, ACommandThatThrowsCostsItsConnectionOnly)
+TEST_F(IdeCommandServerTest, ACommandThatThrowsClosesOnlyItsConnection)
 {
     const FileHandle unlucky = Connect(Message(1));
     during = [] { throw std::runtime_error("out of something"); };
@@ -205,7 +205,7 @@ TEST_F(IdeCommandServerTest, ACommandThatThrowsCostsItsConnectionOnly)
     EXPECT_EQ(Answers(other), ANSWER);
 }
 
-TEST_F(IdeCommandServerTest, TakesTheSocketOfADeadProgramAndNeverThatOfALivingOneOrSomethingElse)
+TEST_F(IdeCommandServerTest, ReplacesTheSocketOfADeadProgramAndNothingElse)
 {
     const QString shown = QString::fromLocal8Bit(path);
     const auto listens = [&] { return IdeCommandServer(nullptr).Listen(error); };

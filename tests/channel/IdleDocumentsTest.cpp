@@ -35,7 +35,7 @@ constexpr IdleDocuments::Time START{1h};
 
 } // namespace
 
-TEST(IdleDocuments, WhatIsUnusedForSoLongIsClosedAndWhatHasChangesStays)
+TEST(IdleDocuments, CloseAfterTheIdleTimeUnlessModified)
 {
     Server server(30min);
     EXPECT_EQ(server.idle.NextLook(START), std::nullopt);

@@ -27,7 +27,7 @@ protected:
     ReportPipe pipe;
 };
 
-TEST_F(ReportPipeTest, LongRunsOfLinesArriveWholeInUtf16AndAtTheLatestWithAFlush)
+TEST_F(ReportPipeTest, SendsManyLinesAsUtf16AndTheRestOnFlush)
 {
     ASSERT_TRUE(pipe.Open());
     const FileHandle ide = AcceptAt(listener);
@@ -52,7 +52,7 @@ TEST_F(ReportPipeTest, LongRunsOfLinesArriveWholeInUtf16AndAtTheLatestWithAFlush
     EXPECT_EQ(ReadAll(ide), QByteArray());
 }
 
-TEST_F(ReportPipeTest, AnIdeThatGoesAwayRaisesNoSignalAndDropsTheRest)
+TEST_F(ReportPipeTest, SurvivesAnIdeThatDisconnectsAndDropsTheRest)
 {
     ASSERT_TRUE(pipe.Open());
     AcceptAt(listener);
@@ -66,7 +66,7 @@ TEST_F(ReportPipeTest, AnIdeThatGoesAwayRaisesNoSignalAndDropsTheRest)
     EXPECT_EQ(ReadAll(ide), Utf16(u"kept"));
 }
 
-TEST_F(ReportPipeTest, AnEndRequestGivesUpAReportThatNobodyReads)
+TEST_F(ReportPipeTest, AnEndRequestAbandonsAReportThatNobodyReads)
 {
     const FileHandle ending(eventfd(1, EFD_CLOEXEC));
     ReportPipe ended(ending.Get());
@@ -81,7 +81,7 @@ TEST_F(ReportPipeTest, AnEndRequestGivesUpAReportThatNobodyReads)
     EXPECT_FALSE(got.contains("d\0r\0"));
 }
 
-TEST_F(ReportPipeTest, WaitsForAPlaceAtABusyIdeButNotForEverNorForOneThatIsGone)
+TEST_F(ReportPipeTest, WaitsALimitedTimeForABusyIdeAndNotForADeadOne)
 {
     const FileHandle other = ConnectTo(path);
     QElapsedTimer timer;

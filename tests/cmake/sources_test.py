@@ -84,7 +84,7 @@ class Sources(unittest.TestCase):
         self.assertEqual(self.state(), before)
         self.assertFalse(list(self.work.glob('out/**/ResID.h')) + list(self.work.glob('out/*.packed.dll')))
 
-    def test_a_sound_project_is_built_in_two_folders_that_leave_each_other_alone(self):
+    def test_builds_a_valid_project_in_two_independent_folders(self):
         before = self.state()
         for folder in ('one', 'two'):
             self.assertEqual(self.configure(folder)[0], 0)
@@ -97,7 +97,7 @@ class Sources(unittest.TestCase):
         self.put('res/demo.res.xml', LIST)
         self.assertEqual(self.state(), before)
 
-    def test_a_project_that_is_not_whole_fails_the_build(self):
+    def test_an_incomplete_project_fails_the_build(self):
         row = 'ID_STRING_HI\tNormal\tgreeting\tHi\r\n'
         conflict = f'<<<<<<< HEAD\r\n{row}=======\r\n{row.replace("Hi", "Hello")}>>>>>>> other\r\n'
         for name, text, *reasons in (
@@ -114,7 +114,7 @@ class Sources(unittest.TestCase):
             self.assert_fails_untouched(*reasons)
             (self.app / name).write_bytes(good)
 
-    def test_a_tree_that_nobody_may_write_is_built(self):
+    def test_builds_from_a_read_only_tree(self):
         (self.work / 'out').mkdir()
         if os.geteuid() == 0:  # who may write everywhere
             os.chown(self.work / 'out', NOBODY, NOBODY)
@@ -130,7 +130,7 @@ class Sources(unittest.TestCase):
         self.assertIn('Packing the', self.steps('out'))
         self.assertEqual(self.steps('out'), [])
 
-    def test_a_package_of_the_programs_version_is_found(self):
+    def test_finds_the_package_of_the_programs_version(self):
         version = subprocess.run((CLI, '--version'), capture_output=True, text=True).stdout.split()[-1]
         major, minor, _ = map(int, version.split('.'))
         self.put('main.c', 'int main(void) { return 0; }\n')

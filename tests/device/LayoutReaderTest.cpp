@@ -114,7 +114,7 @@ TEST(LayoutReader, ReadsEveryTypeThatTheConverterWrites)
     EXPECT_THAT(Converted(WHOLE, "").Text(), StartsWith("0: Label a\n  0 = pos (1, -2)\n")) << "nothing is typed";
 }
 
-TEST(LayoutReader, ConverterRefusesWhatADeviceWouldTakeForSomethingElse)
+TEST(LayoutReader, ConverterRefusesValuesThatADeviceWouldMisread)
 {
     for (const auto &[xml, error] : std::initializer_list<std::pair<const char *, const char *>>{
              {"<Label order='1.5'/>", "\"1.5\" is no value for \"order\", which is a ZulS32"},
@@ -139,7 +139,7 @@ TEST(LayoutReader, ConverterRefusesWhatADeviceWouldTakeForSomethingElse)
         EXPECT_THAT(Converted(xml).errors, HasSubstr(error)) << xml;
 }
 
-TEST(LayoutReader, LongPartsAndDeepOnesKeepTheirBytes)
+TEST(LayoutReader, KeepsTheBytesOfLongAndDeeplyNestedParts)
 {
     const QByteArray text(2000, 'x');
     EXPECT_THAT(Converted("<Label text='" + text + "'/>").Text(), HasSubstr("5 = " + text.toStdString() + '\n'));
@@ -158,7 +158,7 @@ TEST(LayoutReader, LongPartsAndDeepOnesKeepTheirBytes)
     EXPECT_THAT(ReadLayout(deeper + std::string(64, '\0'), 20), HasSubstr("damaged")) << "and ends";
 }
 
-TEST(LayoutReader, EveryCutAndEveryDamagedByteIsNoticedOrHarmless)
+TEST(LayoutReader, DetectsOrSurvivesEveryTruncationAndDamagedByte)
 {
     const std::string whole = Converted(WHOLE).bytes;
     const std::string text = ReadLayout(whole, 20);
@@ -172,7 +172,7 @@ TEST(LayoutReader, EveryCutAndEveryDamagedByteIsNoticedOrHarmless)
     EXPECT_EQ(ReadLayout(WithByte(whole, 4, 2), 20), "no layout") << "of a version to come";
 }
 
-TEST(LayoutReader, SkipsWhatALaterConverterOfThisVersionAddsAndTellsWhatFallsShort)
+TEST(LayoutReader, SkipsUnknownAdditionsAndReportsShortValues)
 {
     const std::string whole = Converted("<Label order='7'/><Label/>").bytes;
     std::string later = whole.substr(0, 20) + "MORE"s + whole.substr(20);
@@ -186,7 +186,7 @@ TEST(LayoutReader, SkipsWhatALaterConverterOfThisVersionAddsAndTellsWhatFallsSho
     EXPECT_EQ(ReadLayout(made, 20), "2:  \n  99 = is unknown\n  9 = 7\n  10 = damaged\n  0 = damaged\n1:  \n");
 }
 
-TEST(LayoutReader, TellsThatAPropertyIsMissingOrOfAnotherType)
+TEST(LayoutReader, ReportsMissingPropertiesAndOtherTypes)
 {
     const Converted layout("<Label order='7' text='plain'/>");
     const ExactBytes memory(layout.bytes);
@@ -210,7 +210,7 @@ TEST(LayoutReader, TellsThatAPropertyIsMissingOrOfAnotherType)
     EXPECT_EQ(u32, 77U);
 }
 
-TEST(LayoutReader, NumbersFollowTheOrderOfTheCatalogueAndAStampTellsCataloguesApart)
+TEST(LayoutReader, NumbersFollowTheCatalogueAndAStampIdentifiesIt)
 {
     const Converted layout("");
     const LayoutTables tables(layout.types);
@@ -251,7 +251,7 @@ struct Example
     QByteArray catalogue, layout;
 };
 
-TEST(FormatDocs, TheirExamplesAreTheBytesTheyDescribe)
+TEST(FormatDocs, ExamplesMatchTheBytesThatTheyDescribe)
 {
     const Example example("layout-format.md");
     const Converted converted(example.layout, example.catalogue);

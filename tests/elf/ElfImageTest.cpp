@@ -95,7 +95,7 @@ struct ElfImageTest : testing::Test, TestProgram
 
 } // namespace
 
-TEST_F(ElfImageTest, TheFileOnlyGrowsAtItsEndAndNothingInItsHeaderIsTested)
+TEST_F(ElfImageTest, AppendsToTheFileWithoutCheckingItsHeader)
 {
     const ElfBuilder program =
         ElfBuilder(1).Section(".text", "code").Section(".bss", "", ElfBuilder::NoBits, 0xFFFFFFFF);
@@ -122,7 +122,7 @@ TEST_F(ElfImageTest, TheFileOnlyGrowsAtItsEndAndNothingInItsHeaderIsTested)
     }
 }
 
-TEST_F(ElfImageTest, EveryFailureOfReadingHasItsNumberAndText)
+TEST_F(ElfImageTest, ReportsEveryReadFailureWithNumberAndText)
 {
     // The section table is last, so each cut removes something that is needed.
     const QByteArray good = Bytes(ElfBuilder(1).Section(".text", "code").Section(".empty", ""));
@@ -159,7 +159,7 @@ TEST_F(ElfImageTest, EveryFailureOfReadingHasItsNumberAndText)
     EXPECT_EQ(ReadElf(*env, folder.Path(), elf), -1030);
 }
 
-TEST_F(ElfImageTest, TheMostThatTheNumbersOfTheFormatCanTellIsTaken)
+TEST_F(ElfImageTest, AcceptsTheLargestValuesOfTheFormat)
 {
     // A header, one byte of names, and a table of so many sections, whose first but one has the names.
     const auto grow = [&](quint16 count) {
@@ -183,7 +183,7 @@ TEST_F(ElfImageTest, TheMostThatTheNumbersOfTheFormatCanTellIsTaken)
     }
 }
 
-TEST_F(ElfImageTest, AnInputThatChangesItsSizeMeanwhileIsntGrown)
+TEST_F(ElfImageTest, RefusesAnInputThatChangesItsSize)
 {
     folder.Put("out.axf", "old");
     ASSERT_EQ(Prepare(Bytes(ElfBuilder()), "payload"), 0);
@@ -192,7 +192,7 @@ TEST_F(ElfImageTest, AnInputThatChangesItsSizeMeanwhileIsntGrown)
     EXPECT_EQ(folder.Get("out.axf"), "old");
 }
 
-TEST_F(ElfImageTest, WithoutItsSectionTableItIsNoFailureButDoesNotReplaceTheOldFile)
+TEST_F(ElfImageTest, AMissingSectionTableIsNoErrorButKeepsTheOldFile)
 {
     folder.Put("out.axf", "old");
     const QByteArray input = Bytes(ElfBuilder());

@@ -32,7 +32,7 @@ QByteArray BmpFromTheTop()
 
 } // namespace
 
-TEST(PictureDecoding, EachKindHasItsSizeAndFirstPixel)
+TEST(PictureDecoding, DecodesSizeAndFirstPixelOfEachKind)
 {
     const QColor faint(255, 0, 0, 128);
     const struct
@@ -60,7 +60,7 @@ TEST(PictureDecoding, EachKindHasItsSizeAndFirstPixel)
     EXPECT_TRUE(Decode(Png(5, 3, Qt::red), {}).picture.isNull()) << "only the size is wanted";
 }
 
-TEST(PictureDecoding, WhatIsTooLargeOrOfAnotherKindIsNotDecoded)
+TEST(PictureDecoding, RefusesTooLargeAndUnknownFiles)
 {
     const LoadedPicture large = Decode(PngThatClaims(30'000, 30'000));
     EXPECT_EQ(large.size, QSize(30'000, 30'000));
@@ -73,7 +73,7 @@ TEST(PictureDecoding, WhatIsTooLargeOrOfAnotherKindIsNotDecoded)
               u"it has more scans than a picture needs"_s);
 }
 
-TEST(PictureDecoding, NoMoreMemoryIsAskedForThanTheFileHas)
+TEST(PictureDecoding, AllocatesNoMoreThanTheFileNeeds)
 {
     struct Input : QBuffer
     {
@@ -91,7 +91,7 @@ TEST(PictureDecoding, NoMoreMemoryIsAskedForThanTheFileHas)
     EXPECT_LT(input.most, 1 << 20);
 }
 
-TEST(PictureDecoding, NoCutAndNoWrongByteCrashes)
+TEST(PictureDecoding, TruncatedAndDamagedFilesDoNotCrash)
 {
     const QByteArray files[] = {Png(9, 9, Qt::red), MovingGif(), JpgOfInks(), BmpFromTheTop(), Argb8888()};
     for (const QByteArray &file : files) {
@@ -107,7 +107,7 @@ TEST(PictureDecoding, NoCutAndNoWrongByteCrashes)
     }
 }
 
-TEST(PictureDecoding, SmallPictureIsEnlargedByAWholeNumber)
+TEST(PictureDecoding, EnlargesASmallPictureByAWholeFactor)
 {
     QImage two(2, 1, QImage::Format_RGB32);
     two.setPixel(0, 0, 0xFFFF0000);

@@ -50,7 +50,7 @@ QRgb MiddleOf(const QPixmap &thumbnail)
 
 } // namespace
 
-TEST_F(LoaderTest, WhatIsNoPictureFileHasNoThumbnailAndBlocksNothing)
+TEST_F(LoaderTest, OtherFilesHaveNoThumbnailAndDoNotBlock)
 {
     ASSERT_EQ(mkfifo(Host("pipe.png").constData(), 0600), 0);
     folder.MakeFolder("folder.png");
@@ -64,7 +64,7 @@ TEST_F(LoaderTest, WhatIsNoPictureFileHasNoThumbnailAndBlocksNothing)
     EXPECT_LT(Loaded(Host("missing.png")).bytes, 0);
 }
 
-TEST_F(LoaderTest, FileOfAnyNameHasAThumbnailThatFollowsItsChanges)
+TEST_F(LoaderTest, UpdatesTheThumbnailOfAFileWithAnyName)
 {
     const QByteArray path = Host("\xFF\xFE \xE4.png");
     const auto put = [&path](const QColor &color) {
@@ -87,7 +87,7 @@ TEST_F(LoaderTest, FileOfAnyNameHasAThumbnailThatFollowsItsChanges)
     EXPECT_LT(clock.elapsed(), 2000) << "at once";
 }
 
-TEST_F(LoaderTest, TheLatestLoadAloneIsToldAndDroppedThumbnailsCanBeAskedForAgain)
+TEST_F(LoaderTest, ReportsOnlyTheLatestLoadAndReloadsDroppedThumbnails)
 {
     folder.Put("a.png", Png(9, 9, Qt::red));
     folder.Put("b.png", Png(7, 7, Qt::red));
@@ -101,7 +101,7 @@ TEST_F(LoaderTest, TheLatestLoadAloneIsToldAndDroppedThumbnailsCanBeAskedForAgai
     EXPECT_FALSE(Await(Host("a.png")).isNull());
 }
 
-TEST_F(LoaderTest, GoesWhileItLoads)
+TEST_F(LoaderTest, CanBeDestroyedWhileItLoads)
 {
     QImage image(2000, 2000, QImage::Format_RGB32);
     image.fill(Qt::red);
@@ -115,7 +115,7 @@ TEST_F(LoaderTest, GoesWhileItLoads)
     }
 }
 
-TEST_F(LoaderTest, ConvertedPictureHasThePixelsOfTheDevice)
+TEST_F(LoaderTest, ConvertsPicturesToThePixelsOfTheDevice)
 {
     QImage image(37, 23, QImage::Format_ARGB32);
     QRandomGenerator random(16);
@@ -148,7 +148,7 @@ TEST_F(LoaderTest, ConvertedPictureHasThePixelsOfTheDevice)
     }
 }
 
-TEST_F(LoaderTest, ConverterThatFailsIsToldAndOneThatHangsIsEnded)
+TEST_F(LoaderTest, ReportsAFailedConverterAndEndsAHangingOne)
 {
     folder.Put("a.png", Png(2, 2, Qt::red));
     const auto convert = [this](const char *script, int limitMs) {

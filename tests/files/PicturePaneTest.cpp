@@ -62,7 +62,7 @@ struct PaneTest : testing::Test
 
 } // namespace
 
-TEST_F(PaneTest, SaysWhatTheFileIsAndWhatItTakes)
+TEST_F(PaneTest, ShowsTheKindAndSizeOfTheFile)
 {
     folder.Put("icon.png", Png(17, 15, Qt::red));
     folder.Put("wide.png", Png(400, 30, Qt::red));

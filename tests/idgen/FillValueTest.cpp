@@ -15,7 +15,7 @@ struct FillValue : testing::Test
     PoolBuilder ids{model};
 };
 
-TEST_F(FillValue, NumbersFollowTheBytesOfTheNamesUpToTheirEnds)
+TEST_F(FillValue, NumbersNamesInByteOrder)
 {
     std::mt19937 random(5);
     const auto text = [&random](size_t size) {
@@ -40,7 +40,7 @@ TEST_F(FillValue, NumbersFollowTheBytesOfTheNamesUpToTheirEnds)
     }
 }
 
-TEST_F(FillValue, EachClassHasItsRangeAndTheFirstRecordOfANameDecides)
+TEST_F(FillValue, UsesTheRangeOfTheClassOfTheFirstRecord)
 {
     ids.Normal("N").Push("A", PUSH_AUDIO).Push("V", PUSH_VIDEO).Push("B", PUSH_BINARY).Push("I", PUSH_IMAGE);
     ids.Push("S", PUSH_STRING).Push("X", 6).Push("A2", PUSH_AUDIO).Push("P0", PUSH_NONE).Push("P7", 7).Push("P-", -1);
@@ -53,7 +53,7 @@ TEST_F(FillValue, EachClassHasItsRangeAndTheFirstRecordOfANameDecides)
         << "an ID of no class keeps what it had";
 }
 
-TEST(FillValueRange, HoldsAsManyAsItHasAndNotOneMore)
+TEST(FillValueRange, FillsItsRangeAndFailsOnOneMore)
 {
     const struct
     {

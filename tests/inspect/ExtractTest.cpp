@@ -42,7 +42,7 @@ protected:
     std::vector<QByteArray> written;
 };
 
-TEST_F(ExtractTest, EachEntryItemAndLanguageBecomesAFile)
+TEST_F(ExtractTest, WritesAFileForEachEntryItemAndLanguage)
 {
     for (int round = 0; round < 2; ++round) { // a second time replaces the files
         ASSERT_EQ(Extract(), "");
@@ -57,7 +57,7 @@ TEST_F(ExtractTest, EachEntryItemAndLanguageBecomesAFile)
     EXPECT_EQ(folder.Names("out/entries"), (QStringList{u"AppLogo.img"_s, u"tune.mid"_s}));
 }
 
-TEST_F(ExtractTest, NamesLeadNowhereElseAreGoodOnAnyHostAndDiffer)
+TEST_F(ExtractTest, NamesStayInTheFolderAreValidOnAnyHostAndUnique)
 {
     EXPECT_EQ(NamesOf({"..", ".", "../../etc/passwd", "/abs", "a\\..\\b", "C:x", ".hidden", "\n\x7F", "nul.txt", "com7",
                        "end.", "\xE2\x80\xAEgpj.exe"}),
@@ -72,7 +72,7 @@ TEST_F(ExtractTest, NamesLeadNowhereElseAreGoodOnAnyHostAndDiffer)
     EXPECT_EQ(NamesOf(std::vector<std::string>(10000, "n")).last(), "n~10000");
 }
 
-TEST_F(ExtractTest, LinksBelowTheFolderAreNotFollowedButTheFolderMayBeOne)
+TEST_F(ExtractTest, FollowsNoLinksBelowTheFolderButTheFolderMayBeALink)
 {
     folder.MakeFolder("real/entries");
     folder.MakeFolder("elsewhere");
@@ -89,7 +89,7 @@ TEST_F(ExtractTest, LinksBelowTheFolderAreNotFollowedButTheFolderMayBeOne)
     EXPECT_THAT(folder.Names("elsewhere"), IsEmpty());
 }
 
-TEST_F(ExtractTest, AFailureIsToldEndsTheExtractionAndLeavesNoHalfOfAFile)
+TEST_F(ExtractTest, AFailureIsReportedEndsTheExtractionAndLeavesNoPartialFile)
 {
     folder.Put("out", "a file");
     EXPECT_THAT(Extract(), StartsWith("cannot write " + folder.Path("out").toStdString() + ": "));

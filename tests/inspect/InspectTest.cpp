@@ -10,7 +10,7 @@ using testing::Not;
 
 using InspectTest = InspectFixture;
 
-TEST_F(InspectTest, AllThreeKindsOfFileAreToldApartAndReadAlike)
+TEST_F(InspectTest, RecognisesAndReadsAllThreeKindsOfFile)
 {
     const auto packed = [](quint32 base) {
         return ElfBuilder(1).Section(".zp_res", "old").Section(".zp_res", Sample(base).Build()).Build();
@@ -37,7 +37,7 @@ TEST_F(InspectTest, AllThreeKindsOfFileAreToldApartAndReadAlike)
     }
 }
 
-TEST_F(InspectTest, WhatIsNoPackedFileIsSaidToBeSo)
+TEST_F(InspectTest, ReportsFilesThatAreNotPacked)
 {
     const Bytes elf = ElfBuilder().Section(".text", "code").Build();
     const auto zpRes = [](quint32 base) { return ElfBuilder().Section(".zp_res", Sample(base).Build()).Build(); };
@@ -57,7 +57,7 @@ TEST_F(InspectTest, WhatIsNoPackedFileIsSaidToBeSo)
     EXPECT_NE(InspectFile(u"/dev/zero"_s, result), QString());
 }
 
-TEST_F(InspectTest, EveryCutIsAnErrorAndEveryChangedByteGivesAResultOrOneLine)
+TEST_F(InspectTest, ReportsEveryTruncationAndSurvivesEveryChangedByte)
 {
     const Bytes elf = ElfBuilder().Section(".zp_res", Sample().Build()).Build();
     for (const Bytes &whole : {PayloadBuilder::AppendedTo("123456789", Sample(17).Unpadded().Build()), elf}) {
@@ -72,7 +72,7 @@ TEST_F(InspectTest, EveryCutIsAnErrorAndEveryChangedByteGivesAResultOrOneLine)
     }
 }
 
-TEST_F(InspectTest, EachOffsetAndSizeIsCheckedAndNamed)
+TEST_F(InspectTest, ChecksEveryOffsetAndSizeAndNamesIt)
 {
     const Bytes good = Sample().Build();
     const auto size = quint32(good.size());
@@ -98,7 +98,7 @@ TEST_F(InspectTest, EachOffsetAndSizeIsCheckedAndNamed)
         EXPECT_THAT(Wrong(Bytes(good).replace(at, 4, PayloadBuilder::U32({number}))), HasSubstr(text));
 }
 
-TEST_F(InspectTest, TheJsonHasWhatTheFileHas)
+TEST_F(InspectTest, JsonHasTheContentsOfTheFile)
 {
     // Of two tables of a language, as of two strings of one ID, the first counts.
     const Bytes file = Sample().Language(12, {{9, u"other"}}).Language(1, {{1, {u'x', 0xD800, u'y'}}}).Build();
@@ -115,7 +115,7 @@ TEST_F(InspectTest, TheJsonHasWhatTheFileHas)
               wanted.toJson().toStdString());
 }
 
-TEST_F(InspectTest, TheListingIsForReadingKnowsLayoutsAndCannotSteerTheTerminal)
+TEST_F(InspectTest, ListingIsReadableHasLayoutsAndNoControlCharacters)
 {
     const std::string expected = "kind     res, side file\n"
                                  "payload  232 bytes at 0, offsets count from 0\n"

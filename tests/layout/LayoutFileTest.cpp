@@ -43,7 +43,7 @@ struct LayoutFile : testing::Test
 
 } // namespace
 
-TEST_F(LayoutFile, IsReadIntoComponentsAndWrittenInItsForm)
+TEST_F(LayoutFile, IsReadIntoComponentsAndWrittenInItsFormat)
 {
     ASSERT_EQ(
         Load("<?xml version='1.0'?><!-- old --><TarvoXML version='1'>text<!-- x --><Layout id='ID_A' more='1'>"
@@ -88,7 +88,7 @@ TEST_F(LayoutFile, KeepsTheCodePage)
     EXPECT_TRUE(Saved().contains("<A\xd6\xd0 b=\"\xd6\xd0\" name=\"\xce\xc4\" />"));
 }
 
-TEST_F(LayoutFile, EachFaultHasItsCodeAndItsWords)
+TEST_F(LayoutFile, ReportsEachFaultWithItsCodeAndMessage)
 {
     struct Case
     {
@@ -122,7 +122,7 @@ TEST_F(LayoutFile, EachFaultHasItsCodeAndItsWords)
     EXPECT_TRUE(pool.IsEmpty()) << "the IDs go with the file";
 }
 
-TEST_F(LayoutFile, NothingIsWrittenThatCouldNotBeReadAgain)
+TEST_F(LayoutFile, WritesNothingThatCannotBeReadBack)
 {
     const QByteArray text = "<TarvoXML><Layout id='A'><B c='1'/></Layout></TarvoXML>";
     ASSERT_EQ(Load(text), 0);
@@ -178,7 +178,7 @@ TEST_F(LayoutFile, HasOneLayoutForAnId)
     EXPECT_TRUE(file->All().empty() && pool.IsEmpty());
 }
 
-TEST_F(LayoutFile, TextsThatTheCodePageDoesNotKeepAreNoted)
+TEST_F(LayoutFile, ReportsTextsThatTheCodePageCannotHold)
 {
     ASSERT_EQ(Load("<TarvoXML><Layout id='ID_A'>\n<Panel name='M\xE4"
                    "dchen' text='\xC3\xA4'/></Layout></TarvoXML>"),

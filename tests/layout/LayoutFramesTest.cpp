@@ -86,7 +86,7 @@ void CheckEntries(const PreviewEntries &entries)
 
 } // namespace
 
-TEST(LayoutFrames, FollowFromTheNearestClassThatHasTheProperties)
+TEST(LayoutFrames, ComeFromTheNearestClassThatHasTheProperties)
 {
     constexpr quint32 NONE = FRAME_NO_PROPERTY;
     constexpr quint32 UNSET = FRAME_NO_VALUE;
@@ -137,7 +137,7 @@ TEST(LayoutFrames, FollowFromTheNearestClassThatHasTheProperties)
     }
 }
 
-TEST(LayoutFrames, AreThoseOfEachComponentAloneWhateverHasChanged)
+TEST(LayoutFrames, MatchASeparateComputationAfterAnyChange)
 {
     EXPECT_TRUE(rc::check([] {
         World world;
@@ -163,7 +163,7 @@ TEST(LayoutFrames, AreThoseOfEachComponentAloneWhateverHasChanged)
     }));
 }
 
-TEST(LayoutFrames, KeepTheirPlaceInComponentsThatAreOutOfRange)
+TEST(LayoutFrames, KeepTheirPlaceInParentsOutOfRange)
 {
     World world;
     auto chain = Component("Panel", {{"pos", "(5,6)"}, {"size", "(1,1)"}});

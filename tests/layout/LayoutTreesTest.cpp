@@ -154,7 +154,7 @@ struct Editor
 
 } // namespace
 
-TEST(LayoutTrees, StayInStepWhateverIsDoneAndComeBackFromTheFile)
+TEST(LayoutTrees, StayConsistentAfterAnyOperationAndReload)
 {
     EXPECT_TRUE(rc::check([] {
         Editor editor;
@@ -178,7 +178,7 @@ TEST(LayoutTrees, StayInStepWhateverIsDoneAndComeBackFromTheFile)
     }));
 }
 
-TEST(LayoutRes, GoesWithItsLayoutAndTheLastGoesWithTheFile)
+TEST(LayoutRes, IsDeletedWithItsLayoutAndTheLastWithTheFile)
 {
     TestCatalogue catalogue(DEFINITIONS);
     TestModel model;

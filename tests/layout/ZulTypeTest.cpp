@@ -30,7 +30,7 @@ qint32 IdOf(const CZulType *object)
 
 } // namespace
 
-TEST_F(ZulType, ObjectsAreMadeByTheNameOfTheirType)
+TEST_F(ZulType, CreatesObjectsByTypeName)
 {
     const std::pair<const char *, qint32> types[] = {
         {"ZulBool", 257},   {"ZulFloat", 258}, {"ZulS32", 259},     {"ZulU32", 260},      {"ZulId", 260},
@@ -50,7 +50,7 @@ TEST_F(ZulType, ObjectsAreMadeByTheNameOfTheirType)
     EXPECT_EQ(CreateType(catalogue, {}, "Odd"), nullptr);
 }
 
-TEST_F(ZulType, ADerivedMemberHidesThatOfTheBaseAndAllStoreInOneComponent)
+TEST_F(ZulType, ADerivedMemberHidesTheBaseMemberAndAllUseOneComponent)
 {
     const auto component =
         Component("Button", {{"align", "right"}, {"unknown", "x"}, {"text", "@ID_A"}, {"pos", "(1,2"}});
@@ -70,7 +70,7 @@ TEST_F(ZulType, ADerivedMemberHidesThatOfTheBaseAndAllStoreInOneComponent)
     EXPECT_EQ(Dump(*component), before + " text=5");
 }
 
-TEST_F(ZulType, AStructureHasNoTraceUntilAValueIsSetBelowIt)
+TEST_F(ZulType, CreatesAStructureWhenAMemberIsSet)
 {
     const auto component = Component("Label");
     const auto label = catalogue.Bound(*component);
@@ -118,7 +118,7 @@ TEST_F(ZulType, ChildrenAreMembersOrSubComponents)
     EXPECT_FALSE(BindComponent(static_cast<CZulCustom &>(*other), component.get())) << "it is a Label";
 }
 
-TEST_F(ZulType, AStateImageIsOneText)
+TEST_F(ZulType, StoresAStateImageAsOneText)
 {
     const auto shown = [](const CZulCustom &images) {
         return Shown(images, "normalId") + '|' + Shown(images, "pressedId") + '|' + Shown(images, "disabledId") + '|' +
@@ -159,7 +159,7 @@ TEST_F(ZulType, AStateImageIsOneText)
     EXPECT_EQ(images.AttributeForMember(button.get()), nullptr);
 }
 
-TEST_F(ZulType, AStateImageThatCameAsAComponentWritesNoAttributeWithoutAName)
+TEST_F(ZulType, AStateImageReadAsAComponentWritesNoUnnamedAttribute)
 {
     const auto component = Component("Button", {}, Component("ZrpStateImage", {{"prop", "images"}}));
     const auto button = catalogue.Bound(*component);
@@ -178,7 +178,7 @@ TEST_F(ZulType, WithoutACatalogueAnyNameIsAnEmptyClass)
     EXPECT_FALSE(CZulEnum(nullptr).IsValid(""));
 }
 
-TEST(HandMadeCatalogue, ATypeThatHoldsItselfIsCutOff)
+TEST(HandMadeCatalogue, StopsAtATypeThatContainsItself)
 {
     TestCatalogue catalogue;
     catalogue.Add("Self", {{"a", "ZulBool"}, {"self", "Self"}, {"a", "ZulS32"}});
@@ -200,7 +200,7 @@ TEST(HandMadeCatalogue, ATypeThatHoldsItselfIsCutOff)
     EXPECT_FALSE(static_cast<CZulClass &>(*derived).FindMember("v33"));
 }
 
-TEST(HandMadeCatalogue, TheFirstEntryOfANameCountsInASmallOneAndInALargeOne)
+TEST(HandMadeCatalogue, UsesTheFirstEntryOfANameInSmallAndLargeCatalogues)
 {
     TestCatalogue catalogue;
     catalogue.Add("E", {}, {}, CLASS_ENUMERATION);

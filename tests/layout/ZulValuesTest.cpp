@@ -66,7 +66,7 @@ rc::Gen<QByteArray> NearlyValues()
 
 } // namespace
 
-TEST(ZulValues, WhatIsAcceptedParsesToWhatIsPrinted)
+TEST(ZulValues, AcceptedTextsParseToThePrintedValue)
 {
     for (const NarrowText type : {"ZulBool", "ZulFloat", "ZulS32", "ZulU32", "ZulMsec", "ZulColor", "ZulPoint",
                                   "ZulFPoint", "ZulSize", "ZulRect", "ZulResId"}) {
@@ -90,7 +90,7 @@ TEST(ZulValues, WhatIsAcceptedParsesToWhatIsPrinted)
 }
 
 /// The scans are those of the C library, where that says what they do.
-TEST(ZulValues, ScansAsScanfDoes)
+TEST(ZulValues, ParsesLikeScanf)
 {
     EXPECT_TRUE(rc::check([] {
         const QByteArray text = *NearlyValues();
@@ -124,7 +124,7 @@ TEST(ZulValues, ScansAsScanfDoes)
     }));
 }
 
-TEST(ZulValues, EachTypeHasItsOwnRules)
+TEST(ZulValues, ChecksTextsByTheRulesOfTheirType)
 {
     const struct
     {
@@ -158,7 +158,7 @@ TEST(ZulValues, EachTypeHasItsOwnRules)
     }
 }
 
-TEST(ZulValues, AnyTextIsStoredAndShownAsItsValue)
+TEST(ZulValues, StoresAndShowsAnyTextAsItsValue)
 {
     const struct
     {
@@ -192,7 +192,7 @@ TEST(ZulValues, AnyTextIsStoredAndShownAsItsValue)
     EXPECT_EQ(Value("ZulPoint", "(1,2)").After("(9,x)"), "(9, 2)");
 }
 
-TEST(ZulValues, ColorsAreStoredInOneForm)
+TEST(ZulValues, StoresColorsInOneForm)
 {
     const struct
     {

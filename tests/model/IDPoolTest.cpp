@@ -42,7 +42,7 @@ void ExpectEqual(IDPool &pool, const PlainPool &plain)
 
 } // namespace
 
-TEST(IDPool, DoesWhatAPlainListDoesThroughThousandsOfSteps)
+TEST(IDPool, MatchesAPlainListOverThousandsOfRandomSteps)
 {
     std::mt19937 random(1);
     const auto pick = [&](size_t count) { return size_t(random() % count); };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "TestModel.h"
 
-TEST(ProcessTables, EachLineOfTheResolutionFileGivesANewSizeHoweverItIsDivided)
+TEST(ProcessTables, ReadOneSizeFromEachLineWithAnySeparator)
 {
     TestProgram program("[Path]\nreso_set=sizes.ini\n[Resource Type]\nCount=2\nType_0=Normal\nType_1=Push\nType_2=x\n");
     program.folder.Put("bin/sizes.ini", "[Resolution]\n320 240\n240X320 ; portrait\n480*272=name\n320x240\nno size\n"

@@ -3,7 +3,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(ResFolder, EachChangeOfItsListsIsToldOnceAndWhatLiesElsewhereCannotBeDeleted)
+TEST(ResFolder, ReportsEachChangeOnceAndDeletesOnlyItsOwnNodes)
 {
     TestModel model;
     CountingObserver watch;
@@ -34,7 +34,7 @@ TEST(ResFolder, EachChangeOfItsListsIsToldOnceAndWhatLiesElsewhereCannotBeDelete
     EXPECT_EQ(watch.changed, 9);
 }
 
-TEST(ResFolder, SearchesGoDepthFirstAndNoDeeperThanAsked)
+TEST(ResFolder, SearchesDepthFirstDownToTheGivenDepth)
 {
     TestModel model;
     CResFolder &outer = model.AddFolder(model.root, KIND_IMAGES, -1, u"Images"_s);
@@ -53,7 +53,7 @@ TEST(ResFolder, SearchesGoDepthFirstAndNoDeeperThanAsked)
     EXPECT_EQ(inner.FindResource(first->Id()), first) << "of several the first";
 }
 
-TEST(Resources, ChangesAreToldAndNonChangesAreNot)
+TEST(Resources, ReportOnlyRealChanges)
 {
     TestModel model;
     CountingObserver watch;
@@ -79,7 +79,7 @@ TEST(Resources, ChangesAreToldAndNonChangesAreNot)
     EXPECT_EQ(watch.removed, 1);
 }
 
-TEST(Resources, TheRecordsOfAStringFormAChainAndShareOneIdUntilTheLastGoes)
+TEST(Resources, RecordsOfAStringFormAChainAndShareOneIdUntilTheLastIsDeleted)
 {
     TestModel model;
     auto english = model.CreateStringRes("ID_S", 0);

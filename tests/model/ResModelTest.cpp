@@ -3,7 +3,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(ResModel, AFileBelongsWhereItsExtensionSays)
+TEST(ResModel, ClassifiesFilesByExtension)
 {
     TestModel model("[FileType]\naudio=*.oggx;*.OGG\n"); // the longer pattern in front hides nothing
     for (const auto &[mask, kind, paths] : {
@@ -23,7 +23,7 @@ TEST(ResModel, AFileBelongsWhereItsExtensionSays)
     EXPECT_EQ(model.ClassifyFile(KIND_FILES, u"a.oggy"_s), KIND_AUDIO) << "the patterns are those of now";
 }
 
-TEST(ResModel, ADefaultIdComesFromTheFilesNameAndIsCountedWhereItIsTaken)
+TEST(ResModel, MakesDefaultIdsFromFileNamesAndNumbersTakenOnes)
 {
     TestModel model("[DefaultID]\nvideo_id=MOVIE_%s_END\n");
     std::vector<std::unique_ptr<CFileRes>> kept;
@@ -60,7 +60,7 @@ TEST(ResModel, ADefaultIdComesFromTheFilesNameAndIsCountedWhereItIsTaken)
     EXPECT_EQ(made(KIND_RESO_IMAGES, u"語.png"_s, 5), "ID_IMAGE_PNG4");
 }
 
-TEST(ResModel, FoldersOfImagesAndStringsAreWatchedAndThoseOfFilesAreNot)
+TEST(ResModel, ObservesFoldersOfImagesStringsAndLayoutsButNotOfFiles)
 {
     TestModel model;
     CountingObserver watch;
@@ -80,7 +80,7 @@ TEST(ResModel, FoldersOfImagesAndStringsAreWatchedAndThoseOfFilesAreNot)
     EXPECT_FALSE(model.IsIdInUse(u"A"_s));
 }
 
-TEST(ResModel, AResolutionComesIntoUseOnceAndClearingEmptiesAllButComponents)
+TEST(ResModel, AddsAResolutionOnceAndClearsEverythingButComponents)
 {
     CountingObserver watch;
     TestModel model;

@@ -9,7 +9,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(NeedImageConvert, GoesByTheExtensionOfTheName)
+TEST(NeedImageConvert, DependsOnTheExtension)
 {
     for (const char *path : {"a.bmp", ".\\res\\a.JPG", "/x.y/a.b.Png", "c:\\a.gif"})
         EXPECT_TRUE(NeedImageConvert(QString::fromUtf8(path))) << path;
@@ -17,7 +17,7 @@ TEST(NeedImageConvert, GoesByTheExtensionOfTheName)
         EXPECT_FALSE(NeedImageConvert(QString::fromUtf8(path))) << path;
 }
 
-TEST(ConvertImage, RunsTheToolInItsFolderAndTidiesUpBehindIt)
+TEST(ConvertImage, RunsTheToolInItsFolderAndRemovesItsFiles)
 {
     PackProject project;
     for (const char *name : {"my picture.png", "my picture.ABM", "my picture.BMPA"})
@@ -34,7 +34,7 @@ TEST(ConvertImage, RunsTheToolInItsFolderAndTidiesUpBehindIt)
     EXPECT_EQ(project.TakeOutput(), "");
 }
 
-TEST(ConvertImage, AToolThatFailsCrashesOrIsMissingLeavesNoTarget)
+TEST(ConvertImage, LeavesNoTargetIfTheToolFailsCrashesOrIsMissing)
 {
     PackProject project;
     const QString target = project.folder.Path("target");
@@ -55,7 +55,7 @@ TEST(ConvertImage, AToolThatFailsCrashesOrIsMissingLeavesNoTarget)
               "\r\n[error] A name with a double quote can't be handed to the converter: a \"b\".png");
 }
 
-TEST(RunTool, GivesTheToolNothingToReadAndNoneOfOurFilesAndWaitsForItsEnd)
+TEST(RunTool, StartsTheToolWithoutInputOrOpenFilesAndWaitsForItsEnd)
 {
     PackProject project;
     project.folder.MakeFolder("my tools");

@@ -39,7 +39,7 @@ constexpr OutputRights APPLICATION{.fresh = 0755, .replacesReadOnly = true};
 
 } // namespace
 
-TEST_F(OutputFileTest, PermissionsAndNamesOfTheOldFileStayWhereTheyAreNotTheInputs)
+TEST_F(OutputFileTest, KeepsPermissionsAndLinksOfAnOldFileThatIsNotTheInput)
 {
     folder.Put("old", "old");
     folder.Put("sub/behind", "old");
@@ -64,7 +64,7 @@ TEST_F(OutputFileTest, PermissionsAndNamesOfTheOldFileStayWhereTheyAreNotTheInpu
     EXPECT_THAT(TakeExplained().toStdString(), HasSubstr("none/new: No such file or directory\n"));
 }
 
-TEST_F(OutputFileTest, AFileOfAFolderThatTakesNoNewOneIsWrittenDirectly)
+TEST_F(OutputFileTest, WritesDirectlyInAFolderThatAllowsNoNewFiles)
 {
     folder.Put("closed/old", "something that is longer");
     ASSERT_TRUE(chmod("closed/old", 0666) == 0 && chmod("closed", 0555) == 0 && chmod(".", 0755) == 0);
@@ -78,7 +78,7 @@ TEST_F(OutputFileTest, AFileOfAFolderThatTakesNoNewOneIsWrittenDirectly)
     EXPECT_EQ(folder.Names("closed"), QStringList(u"old"_s));
 }
 
-TEST_F(OutputFileTest, APackIntoADeviceOrAPipeWritesTheSameBytesAndTheWindowBreathes)
+TEST_F(OutputFileTest, WritesTheSameBytesToADeviceOrAPipeAndKeepsTheWindowResponsive)
 {
     ASSERT_EQ(Pack(), 0);
     const QByteArray packed = folder.Get("app.out");

@@ -4,7 +4,7 @@
 
 using testing::HasSubstr;
 
-TEST(OutputGuard, NoFileOfTheProjectIsReplacedUnderAnyName)
+TEST(OutputGuard, RefusesEveryFileOfTheProjectUnderAnyName)
 {
     PackProject project("[Path]\nzul_xml_enum_i=LayoutID.i\n");
     const char *const own[] = {

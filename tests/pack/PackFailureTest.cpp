@@ -87,7 +87,7 @@ void ExpectFailure(PackProject &project, const Failure &failure)
     }
 }
 
-TEST(PackFailure, HasItsCodeAndItsLines)
+TEST(PackFailure, HasItsCodeAndMessages)
 {
     for (const Failure &failure : FAILURES) {
         if (failure.path == SHORT_FILE && !QFile::exists(QLatin1String(SHORT_FILE)))
@@ -102,7 +102,7 @@ TEST(PackFailure, HasItsCodeAndItsLines)
     }
 }
 
-TEST(PackFailure, ComesFromTheTreeAndTheListToo)
+TEST(PackFailure, ComesFromTheTreeAndTheList)
 {
     for (const auto &[number, said] :
          {std::pair(-7, "\r\n[error] Illegal language ID: -7."), {0x2FFFF, "ID: 196607."}}) {
@@ -117,7 +117,7 @@ TEST(PackFailure, ComesFromTheTreeAndTheListToo)
     ExpectFailure(project, {"zep 1.0", "", 0, PACK_FILE_OPEN, TRACE, "Could not read list file : "});
 }
 
-TEST(PackTarget, ThatCannotBeReadFailsBeforeThePhases)
+TEST(PackTarget, FailsBeforeThePhasesIfItCannotBeRead)
 {
     PackProject project;
     project.info.inputfilename += "x";

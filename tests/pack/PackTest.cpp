@@ -17,7 +17,7 @@ PayloadBuilder Payload()
 
 } // namespace
 
-TEST(Pack, EveryLineOfTheReportStandsInItsOrder)
+TEST(Pack, WritesTheLinesOfTheReportInOrder)
 {
     PackProject project;
     project.folder.Put("AppLogo.img", "icon");
@@ -59,7 +59,7 @@ TEST(Pack, EveryLineOfTheReportStandsInItsOrder)
     EXPECT_FALSE(project.folder.Has("res/one.gif.tmp")) << "temporary images go when they have been read";
 }
 
-TEST(Pack, TakesListedFilesTextsFilesAndImagesInTheirOrder)
+TEST(Pack, PacksListedFilesTextsFilesAndImagesInOrder)
 {
     PackProject project;
     for (const char *file : {"res/wide.tga", "res/any.png", "res/used.png", "res/Tune.MID", "a.bin"})
@@ -101,7 +101,7 @@ TEST(Pack, TakesListedFilesTextsFilesAndImagesInTheirOrder)
     }
 }
 
-TEST(Pack, OffsetsCountFromTheStartOfTheFileWhereTheSettingSaysSo)
+TEST(Pack, CountsOffsetsFromTheStartOfTheFileIfTheSettingSaysSo)
 {
     for (const size_t text : {64, 65, 66, 67}) {
         SCOPED_TRACE(text);
@@ -117,7 +117,7 @@ TEST(Pack, OffsetsCountFromTheStartOfTheFileWhereTheSettingSaysSo)
     }
 }
 
-TEST(Pack, ParametersAreRefusedBeforeAnythingIsDone)
+TEST(Pack, RefusesParametersBeforeTheWork)
 {
     PackProject project;
     const auto refused = [&](const QByteArray &input, const QByteArray &output, qint32 mode) {
@@ -144,7 +144,7 @@ TEST(Pack, ParametersAreRefusedBeforeAnythingIsDone)
     EXPECT_EQ(refused(input, "x", PACK_TO_TARGET), PACK_SAME_FILE);
 }
 
-TEST(Pack, AnOldOutputIsReplacedAndPermissionsAreTheInputs)
+TEST(Pack, ReplacesAnOldOutputAndCopiesThePermissionsOfTheInput)
 {
     PackProject project;
     ASSERT_EQ(chmod("app.axf", 0555), 0);
@@ -157,7 +157,7 @@ TEST(Pack, AnOldOutputIsReplacedAndPermissionsAreTheInputs)
     EXPECT_EQ(project.Mode("app.axf.pkd"), 0755);
 }
 
-TEST(Pack, TheSideFileStandsBesideTheInputAndFailsBehindACompleteOutput)
+TEST(Pack, WritesTheSideFileBesideTheInputAndReportsItsFailureAfterACompleteOutput)
 {
     PackProject project;
     project.folder.MakeFolder("v1.2/ARM");
@@ -187,7 +187,7 @@ TEST(Pack, TheSideFileStandsBesideTheInputAndFailsBehindACompleteOutput)
     EXPECT_EQ(project.Pack(PACK_TO_DLL), ENOENT);
 }
 
-TEST(Pack, AFullDiskAtAnyByteIsAFailedWriteAndLeavesTheFilesOfBefore)
+TEST(Pack, AFullDiskAtAnyByteIsAFailedWriteAndKeepsTheOldFiles)
 {
     PackProject project;
     project.AddLanguage(0, {{1, u"text"}});

@@ -2,7 +2,7 @@
 #include "PackCodes.h"
 #include "PackProject.h"
 
-TEST(ScratchFolder, TakesAllConvertedPicturesSoThatNothingBesideTheSourcesIsTouched)
+TEST(ScratchFolder, HoldsAllConvertedPicturesAndSourceFoldersStayUnchanged)
 {
     PackProject project;
     for (const char *file : {"res/a.png", "res/a.png.tmp", "res/a.ABM", "res/a.BMPA", "res/b.jpg"})
@@ -33,7 +33,7 @@ TEST(ScratchFolder, TakesAllConvertedPicturesSoThatNothingBesideTheSourcesIsTouc
     EXPECT_EQ(project.folder.Names("build/temp"), QStringList());
 }
 
-TEST(ScratchFolder, ThatCannotBeUsedIsToldBeforeAnythingIsDone)
+TEST(ScratchFolder, IsReportedBeforeTheWorkIfItCannotBeUsed)
 {
     PackProject project;
     for (const auto &[folder, reason] : {std::pair("none/temp", "/none/temp: No such file or directory"),

@@ -29,7 +29,7 @@ struct V1List : PackProject, testing::Test
     }
 };
 
-TEST_F(V1List, FilesOfTheProjectAreStoredRelativeAndOthersAsTheyAre)
+TEST_F(V1List, StoresFilesOfTheProjectRelativeAndOthersUnchanged)
 {
     V1ResourceList list = Load();
     EXPECT_TRUE(list.Rows().empty());
@@ -52,7 +52,7 @@ TEST_F(V1List, FilesOfTheProjectAreStoredRelativeAndOthersAsTheyAre)
         << "a list that can't be written is no failure";
 }
 
-TEST_F(V1List, ReadingDropsBlankLinesAndStopsAtOneThatIsNoPathOrTooLong)
+TEST_F(V1List, ReadingSkipsBlankLinesAndStopsAtAnInvalidOrTooLongPath)
 {
     const V1ResourceList list = Load(".\\a.gif\n\r\n..\\up.gif\r\n.\\b.gif\r");
     EXPECT_EQ(Paths(list), "@/a.gif ..\\up.gif @/b.gif");
@@ -64,7 +64,7 @@ TEST_F(V1List, ReadingDropsBlankLinesAndStopsAtOneThatIsNoPathOrTooLong)
     EXPECT_EQ(Load(".\\a.gif\n" + fits + "x\n.\\c.gif").Rows().size(), 1U);
 }
 
-TEST_F(V1List, ACopyGoesIntoTheFolderOfTheSelectedConfiguration)
+TEST_F(V1List, CopiesIntoTheFolderOfTheSelectedConfiguration)
 {
     const auto save = [&](const char *selected, const char *file) {
         if (selected)
@@ -85,7 +85,7 @@ TEST_F(V1List, ACopyGoesIntoTheFolderOfTheSelectedConfiguration)
     EXPECT_EQ(folder.Names("config"), QStringList({u"Debug"_s}));
 }
 
-TEST_F(V1List, TheExampleOfTheManualIsReadAndWrittenUnchanged)
+TEST_F(V1List, ReadsAndWritesTheExampleOfTheManualUnchanged)
 {
     QFile page(u"" MORVANITE_DOCS "/formats/lists.md"_s);
     ASSERT_TRUE(page.open(QIODevice::ReadOnly));
@@ -97,7 +97,7 @@ TEST_F(V1List, TheExampleOfTheManualIsReadAndWrittenUnchanged)
     EXPECT_EQ(Saved(list), example.replace("\n", "\r\n"));
 }
 
-TEST_F(V1List, IsNotWrittenWhereALinkLeadsOutOfTheProject)
+TEST_F(V1List, IsNotWrittenThroughALinkOutOfTheProject)
 {
     V1ResourceList list = Load();
     list.Add({folder.Path("res/a.gif")});

@@ -5,7 +5,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(Log, ALineOf511CharactersStaysAndALongerOneIsCutTo508AndDots)
+TEST(Log, KeepsLinesUpTo511CharactersAndCutsLongerOnesTo508AndDots)
 {
     const TempFolder folder;
     Environment env(folder.Path());
@@ -58,7 +58,7 @@ struct Ear
 
 } // namespace
 
-TEST(Environment, AFindingIsCountedWrittenAndHandedToWhoeverListensAtThatMoment)
+TEST(Environment, CountsWritesAndReportsAFindingToTheCurrentListener)
 {
     Environment process(QStringLiteral("/nonexistent"));
     Environment env(process); // of a document

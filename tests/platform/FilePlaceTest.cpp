@@ -42,7 +42,7 @@ struct LinksOfProject : testing::Test
     TempFolder folder;
 };
 
-TEST_F(LinksOfProject, AreFollowedWithinItAndNotOutOfIt)
+TEST_F(LinksOfProject, AreFollowedInsideTheProjectOnly)
 {
     Environment env(folder.Path());
     QStringList said;

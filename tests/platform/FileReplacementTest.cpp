@@ -18,7 +18,7 @@ struct WriteFile : testing::Test
     TempFolder folder;
 };
 
-TEST_F(WriteFile, ReplacesTheFileAndKeepsItsModeAndTheLinksThatLeadToIt)
+TEST_F(WriteFile, ReplacesTheFileAndKeepsItsModeAndLinks)
 {
     folder.Put("real/a.h", "old");
     ASSERT_EQ(chmod("real/a.h", 0640), 0);
@@ -36,7 +36,7 @@ TEST_F(WriteFile, ReplacesTheFileAndKeepsItsModeAndTheLinksThatLeadToIt)
     EXPECT_EQ(folder.Names("real"), QStringList({u"a.h"_s, u"b.h"_s}));
 }
 
-TEST_F(WriteFile, ReplacesNothingOnlyWhereEachByteIsTheSame)
+TEST_F(WriteFile, KeepsTheFileOnlyIfAllBytesAreEqual)
 {
     const QByteArray large(200'000, 'a');
     for (const QByteArray &old :
@@ -51,7 +51,7 @@ TEST_F(WriteFile, ReplacesNothingOnlyWhereEachByteIsTheSame)
     EXPECT_FALSE(fresh.Replaces());
 }
 
-TEST_F(WriteFile, RefusesWhatMayNotBeWritten)
+TEST_F(WriteFile, RefusesFilesThatMayNotBeWritten)
 {
     folder.MakeFolder("folder");
     folder.Put("readonly", "old");
@@ -68,7 +68,7 @@ TEST_F(WriteFile, RefusesWhatMayNotBeWritten)
     EXPECT_EQ(folder.Names(), QStringList({u"folder"_s, u"pipe"_s, u"readonly"_s}));
 }
 
-TEST_F(WriteFile, AFullDiskLeavesTheOldFileAndNothingBesideIt)
+TEST_F(WriteFile, AFullDiskLeavesTheOldFileAndNoOther)
 {
     folder.Put("a.xml", "the old text");
     const QByteArray text(300, 'n');
@@ -81,7 +81,7 @@ TEST_F(WriteFile, AFullDiskLeavesTheOldFileAndNothingBesideIt)
     EXPECT_EQ(folder.Names(), QStringList({u"a.xml"_s}));
 }
 
-TEST_F(WriteFile, OfATransactionHappensWithTheCommitOrNotAtAll)
+TEST_F(WriteFile, InATransactionHappensAtTheCommitOrNotAtAll)
 {
     Environment env(folder.Path());
     const auto write = [&env](const char *text) { return env.ReplaceFile(u"a", text) + env.ReplaceFile(u"b", text); };
@@ -99,7 +99,7 @@ TEST_F(WriteFile, OfATransactionHappensWithTheCommitOrNotAtAll)
     EXPECT_EQ(folder.Get("a"), "newest") << "afterwards writing is immediate again";
 }
 
-TEST_F(WriteFile, OfATransactionIsAskedForOnceMoreWhenNoOtherSaveIsUnderWay)
+TEST_F(WriteFile, InATransactionCallsTheCheckAgainWhenNoOtherSaveIsRunning)
 {
     Environment env(folder.Path());
     FileTransaction files(env, {folder.Path(), folder.Path("journal")});
@@ -116,7 +116,7 @@ TEST_F(WriteFile, OfATransactionIsAskedForOnceMoreWhenNoOtherSaveIsUnderWay)
     EXPECT_TRUE(said.contains(u"another program removed the temporary file"_s)) << qPrintable(said);
 }
 
-TEST_F(WriteFile, OfATransactionAGeneratedFileThatIsRefusedHoldsUpNoOther)
+TEST_F(WriteFile, InATransactionARefusedGeneratedFileDoesNotStopOthers)
 {
     Environment env(folder.Path());
     for (const IfRefused refused : {IfRefused::GoOn, IfRefused::Stop}) {
@@ -132,7 +132,7 @@ TEST_F(WriteFile, OfATransactionAGeneratedFileThatIsRefusedHoldsUpNoOther)
     }
 }
 
-TEST_F(WriteFile, OfATransactionThoseBeforeTheRefusedOneGetTheirOldContentBack)
+TEST_F(WriteFile, InATransactionARefusedFileRestoresTheFilesBeforeIt)
 {
     Environment env(folder.Path());
     folder.Put("there", "old");
@@ -145,7 +145,7 @@ TEST_F(WriteFile, OfATransactionThoseBeforeTheRefusedOneGetTheirOldContentBack)
     EXPECT_EQ(folder.Names(), QStringList({u"refused"_s, u"there"_s}));
 }
 
-TEST_F(WriteFile, RemovesWhatKilledProcessesLeftBesideTheFileAndNothingElse)
+TEST_F(WriteFile, RemovesOnlyTheTemporaryFilesOfKilledProcesses)
 {
     const pid_t child = fork();
     if (child == 0)

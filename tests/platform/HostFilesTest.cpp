@@ -8,7 +8,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(HostPaths, EachNameIsMatchedWithoutCaseAndTheExactOneFirst)
+TEST(HostPaths, MatchNamesWithoutCaseAndPreferExactOnes)
 {
     const TempFolder folder;
     for (const char *name : {"Res/Images/Logo.PNG", "res/other.png", "Res/Über.png", "twin", "Twin", "tWin", "TWin"})
@@ -30,7 +30,7 @@ TEST(HostPaths, EachNameIsMatchedWithoutCaseAndTheExactOneFirst)
     EXPECT_EQ(unlink("text/M\xF6ller"), 0); // who removes the folder can't
 }
 
-TEST(HostPaths, ListingsAnswerAsTheFileSystemDoes)
+TEST(HostPaths, ListingsAgreeWithTheFileSystem)
 {
     const TempFolder folder;
     QDir::setCurrent(folder.Path());
@@ -49,7 +49,7 @@ TEST(HostPaths, ListingsAnswerAsTheFileSystemDoes)
         EXPECT_FALSE(paths.Exists(u"./"_s.repeated(i) + u"Y"_s));
 }
 
-TEST(ReadFile, WhatIsNoPlainFileIsRefusedWithoutWaiting)
+TEST(ReadFile, RefusesSpecialFilesWithoutWaiting)
 {
     const TempFolder folder;
     QDir::setCurrent(folder.Path());

@@ -25,7 +25,7 @@ QString SomeText(std::mt19937 &random)
 
 } // namespace
 
-TEST(NameOrder, IsThatOfPeopleInEveryLocale)
+TEST(NameOrder, IsNaturalInEveryLocale)
 {
     const NameOrder order;
     const std::vector<QString> names{u""_s,      u"_x"_s,        u"2"_s,     u"10"_s,   u"Bar"_s,

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-TEST(Notifier, ListenersComeAndGoWhileItTells)
+TEST(Notifier, AllowsListenersToBeAddedAndRemovedDuringANotification)
 {
     std::string told;
     auto notifier = std::make_unique<Notifier<int>>();

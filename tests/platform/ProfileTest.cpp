@@ -7,7 +7,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(Profile, AValueIsWhatStandsBehindItsKeyInTheFirstSectionOfThatName)
+TEST(Profile, ReadsTheValueFromTheFirstSectionOfThatName)
 {
     for (const auto &[text, value] : {
              std::pair<QByteArray, QString>("  [ S ] behind\r\n  Key \t=  a = b  \r\n", u"a = b"_s),
@@ -29,7 +29,7 @@ TEST(Profile, AValueIsWhatStandsBehindItsKeyInTheFirstSectionOfThatName)
         EXPECT_EQ(Profile::Parse(text).String(u"s", u"kEY", u"(none)"_s), value) << text.constData();
 }
 
-TEST(Profile, ANumberIsWhatTheValueBeginsWith)
+TEST(Profile, ReadsANumberFromTheStartOfTheValue)
 {
     const Profile profile = Profile::Parse("[s]\na= 12px\nb=-3\nc=x\nd=\ne=99999999999\nf=-99999999999\n");
     QList<int> numbers;
@@ -38,7 +38,7 @@ TEST(Profile, ANumberIsWhatTheValueBeginsWith)
     EXPECT_EQ(numbers, QList<int>({12, -3, 0, 0, 2147483647, -2147483647 - 1, 7}));
 }
 
-TEST(Profile, ASectionEndsWhereItsLinesNoLongerFit)
+TEST(Profile, CutsASectionThatIsTooLongAtALine)
 {
     const QByteArray text = "[s]\n; a comment\n\n  four  \n" + QByteArray("123456789\n").repeated(1000) + "[S]\nk=3\n";
     const QStringList lines = Profile::Parse(text).Section(u"s");
@@ -48,7 +48,7 @@ TEST(Profile, ASectionEndsWhereItsLinesNoLongerFit)
     EXPECT_EQ(lines.size(), 1 + (4096 - 1 - 5) / 10);
 }
 
-TEST(Profile, ChangingAKeyLeavesEveryOtherLineAsItWas)
+TEST(Profile, ChangingAKeyKeepsEveryOtherLine)
 {
     const QByteArray before = "; head\r\n[A]\r\n x = 1 ; odd\r\n\r\n[B]\r\ny='2'\r\n";
     Profile profile = Profile::Parse(before);
@@ -68,7 +68,7 @@ TEST(Profile, ChangingAKeyLeavesEveryOtherLineAsItWas)
     EXPECT_EQ(foreign.Bytes(), "; \xD6\xD0\r\n[s]\na=1\n; no end\r\nb=2\r\n") << "neither UTF-8 nor of one mind";
 }
 
-TEST(Profile, WhatIsNoFileGivesAnEmptyProfile)
+TEST(Profile, IsEmptyForAMissingOrHugeFile)
 {
     const TempFolder folder;
     folder.Put("huge.ini", "[s]\nk=1\n" + QByteArray(2 << 20, '\n'));
@@ -76,7 +76,7 @@ TEST(Profile, WhatIsNoFileGivesAnEmptyProfile)
         EXPECT_FALSE(Profile::Load(folder.Path(name)).Has(u"s", u"k")) << name;
 }
 
-TEST(Settings, TheUsersFileGoesBeforeTheProgramsAndAKeyIsWrittenWhereItWillBeReadFrom)
+TEST(Settings, PreferTheUsersFileAndWriteAKeyToTheFileThatItIsReadFrom)
 {
     const TempFolder folder;
     folder.Put("bin/m.ini", "[Path]\na=program\n");
@@ -98,7 +98,7 @@ TEST(Settings, TheUsersFileGoesBeforeTheProgramsAndAKeyIsWrittenWhereItWillBeRea
     EXPECT_EQ(settings.String("Path", "c", "default"), u"default");
 }
 
-TEST(Settings, WhatOthersChangeMeanwhileIsReadAndStays)
+TEST(Settings, ReadAndKeepChangesOfOtherPrograms)
 {
     const TempFolder folder;
     folder.Put("bin/m.ini", "[A]\na=1\n");
@@ -118,7 +118,7 @@ TEST(Settings, WhatOthersChangeMeanwhileIsReadAndStays)
     EXPECT_EQ(folder.Get("u/m.ini"), "[A]\nc=3\n");
 }
 
-TEST(Settings, SeveralKeysAreOneWriteEachInTheFileWhereItWillBeReadFrom)
+TEST(Settings, WriteSeveralKeysAtOnceToTheFilesThatTheyAreReadFrom)
 {
     const TempFolder folder;
     folder.Put("bin/m.ini", "; mine\n[A]\na=1\nb=1\n");

@@ -116,7 +116,7 @@ static void RefuseLocks()
     EXPECT_EQ(prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) + prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program), 0);
 }
 
-TEST_F(Journal, TellsASaveUnderWayFromAKilledOneWhereTheFileSystemHasNoLocks)
+TEST_F(Journal, DistinguishesARunningSaveFromAKilledOneWithoutFileLocks)
 {
     for (const bool isKilled : {true, false}) {
         PutOld();
@@ -133,7 +133,7 @@ TEST_F(Journal, TellsASaveUnderWayFromAKilledOneWhereTheFileSystemHasNoLocks)
     (void)wait(nullptr);
 }
 
-TEST_F(Journal, WaitsForASaveThatIsUnderWayAndStartsItsOwnBehindIt)
+TEST_F(Journal, WaitsForARunningSaveAndThenStarts)
 {
     SaveAndDie(3, 100, true);
     FileTransaction files(env, project);
@@ -145,7 +145,7 @@ TEST_F(Journal, WaitsForASaveThatIsUnderWayAndStartsItsOwnBehindIt)
     (void)wait(nullptr);
 }
 
-TEST_F(Journal, LeavesFilesOfOneSaveWhenTheTakingBackOfARefusedOneIsKilled)
+TEST_F(Journal, LeavesFilesOfOneSaveWhenTheRollbackIsKilled)
 {
     folder.MakeFolder("demo/more");
     for (int i = 0; i < 30; ++i) {
@@ -185,7 +185,7 @@ TEST_F(Journal, LeavesFilesOfOneSaveWhenTheTakingBackOfARefusedOneIsKilled)
     }
 }
 
-TEST_F(Journal, OverwritesNothingThatWasChangedSince)
+TEST_F(Journal, DoesNotOverwriteFilesThatWereChangedSince)
 {
     SaveAndDie(1);
     folder.Put("demo/res/list", "taken back");
@@ -213,7 +213,7 @@ TEST_F(Journal, OverwritesNothingThatWasChangedSince)
     EXPECT_TRUE(FinishInterruptedSave(env, project)) << "the user has decided";
 }
 
-TEST_F(Journal, MayNameOnlyWhatASaveOfTheProjectWrites)
+TEST_F(Journal, MayNameOnlyFilesThatASaveWrites)
 {
     folder.Put("user/.profile.1234567-0", "attack");
     folder.Put("demo/res/.list.1234567-0", "attack");

@@ -28,7 +28,7 @@ template <typename Work> int StatusOfChild(const Work &work)
 
 } // namespace
 
-TEST(SignalCleanup, TakesTheFilesAlongThatItStillHasAndWaitsForAHold)
+TEST(SignalCleanup, RemovesTheFilesThatItOwnsAndWaitsForAHold)
 {
     const TempFolder folder;
     QDir::setCurrent(folder.Path());
@@ -55,7 +55,7 @@ TEST(SignalCleanup, TakesTheFilesAlongThatItStillHasAndWaitsForAHold)
     EXPECT_TRUE(folder.Has("elsewhere/first"));
 }
 
-TEST(SignalCleanup, AForkOfTheProcessRemovesNothingAndAnIgnoredSignalStaysIgnored)
+TEST(SignalCleanup, AForkedProcessRemovesNothingAndIgnoredSignalsStayIgnored)
 {
     const TempFolder folder;
     folder.Put("file", "");
@@ -71,7 +71,7 @@ TEST(SignalCleanup, AForkOfTheProcessRemovesNothingAndAnIgnoredSignalStaysIgnore
     EXPECT_TRUE(folder.Has("file"));
 }
 
-TEST(TemporaryFolder, GoesWithItsFilesAlsoByASignalAndWhatAKilledProcessLeftGoesAtTheNextRun)
+TEST(TemporaryFolder, IsRemovedAtTheEndBySignalsAndAfterAKillAtTheNextRun)
 {
     const TempFolder folder;
     const QByteArray parent = folder.Path().toUtf8();

@@ -14,7 +14,7 @@ struct Selected : CodePage
     explicit Selected(const char *name) { EXPECT_TRUE(Select(name)) << name; }
 };
 
-TEST(CodePage, TextComesBackAsItWasAndEveryByteOfAsciiIsItself)
+TEST(CodePage, ConvertsTextBothWaysAndKeepsAscii)
 {
     QByteArray ascii;
     for (char c = 1; c < 127; ++c)
@@ -31,7 +31,7 @@ TEST(CodePage, TextComesBackAsItWasAndEveryByteOfAsciiIsItself)
     }
 }
 
-TEST(CodePage, WhatItLacksIsOneQuestionMarkAndBytesThatAreNoTextAreReplacementCharacters)
+TEST(CodePage, ReplacesMissingCharactersAndInvalidBytes)
 {
     EXPECT_EQ(Selected("1252").FromWide(u"a中b😀c"), "a?b?c");
     EXPECT_EQ(Selected("1252").FromWide(QString(QChar(0xD83D)) + u"xy"_s), "?xy");
@@ -46,7 +46,7 @@ TEST(CodePage, WhatItLacksIsOneQuestionMarkAndBytesThatAreNoTextAreReplacementCh
     EXPECT_TRUE(chinese.Select("UTF-8") && chinese.IsUtf8());
 }
 
-TEST(Text, CaseIsMappedOneCharacterToOne)
+TEST(Text, MapsCaseOneCharacterToOne)
 {
     EXPECT_EQ(ToUpperSimple(u"straße ǆ"), u"STRAßE Ǆ"_s);
     EXPECT_EQ(ToLowerSimple(u"ÄΣ"), u"äσ"_s);
@@ -54,7 +54,7 @@ TEST(Text, CaseIsMappedOneCharacterToOne)
     EXPECT_FALSE(EqualsNoCase(u"ß", u"ss") || EqualsNoCase(u"a", u"ab"));
 }
 
-TEST(IdNames, HaveOneTo64WordCharactersAndNoDigitInFront)
+TEST(IdNames, HaveOneTo64WordCharactersAndNoLeadingDigit)
 {
     for (const QString &good : {u"A"_s, u"_1"_s, u"id_image_9"_s, QString(64, u'x')})
         EXPECT_TRUE(IsValidIdName(good) && IsValidIdName(good.toUtf8())) << qPrintable(good);
@@ -75,7 +75,7 @@ TEST(IdNames, AreMadeFromAnyText)
     EXPECT_EQ(AppendCounter(u"ID"_s, 7), u"ID7"_s);
 }
 
-TEST(FormatFloat, DropsTheZerosBehindItsPointAndNoOthers)
+TEST(FormatFloat, DropsOnlyTheZerosAfterTheDecimalPoint)
 {
     QStringList texts;
     for (const double value : {1.5, 2.0, 100.0, 0.0, -0.25, 1e-9, 1e23, std::numeric_limits<double>::infinity()})

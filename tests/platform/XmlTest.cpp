@@ -38,7 +38,7 @@ QByteArray RowsOf(const TiXmlNode &node)
 
 } // namespace
 
-TEST_F(Xml, DeepNestingAndManyAttributesAndTagsAreRefused)
+TEST_F(Xml, RefusesDeepNestingAndTooManyAttributesOrTags)
 {
     EXPECT_EQ(Parse(Times(256, "<a>") + Times(256, "</a>")), 0);
     EXPECT_EQ(Parse("\n\n" + Times(257, "<a>") + Times(257, "</a>")), -2);
@@ -53,7 +53,7 @@ TEST_F(Xml, DeepNestingAndManyAttributesAndTagsAreRefused)
     }
 }
 
-TEST_F(Xml, NothingHidesNestingFromTheCount)
+TEST_F(Xml, CountsNestingWhateverSurroundsIt)
 {
     // What the parser takes for the end of a comment, a declaration or a value differs from what one may think.
     const QByteArray deep = Times(100'000, "<b>");
@@ -65,7 +65,7 @@ TEST_F(Xml, NothingHidesNestingFromTheCount)
         EXPECT_EQ(Parse(before + deep + "'>"), -2) << before.left(40).constData();
 }
 
-TEST_F(Xml, BrokenTextIsAnErrorOrIgnoredAndNeverACrash)
+TEST_F(Xml, ReportsOrIgnoresBrokenTextWithoutACrash)
 {
     EXPECT_EQ(Parse(""), -2);
     EXPECT_EQ(document.ErrorRow(), 0);
@@ -81,7 +81,7 @@ TEST_F(Xml, BrokenTextIsAnErrorOrIgnoredAndNeverACrash)
     Parse("<a>" + Times(1000, "&#xffffffffffff;") + "</a>");
 }
 
-TEST_F(Xml, RowsAreThoseThatTheParserItselfCountsHoweverLinesEnd)
+TEST_F(Xml, ReportsTheRowsOfTheParserForAllLineEnds)
 {
     const QByteArray text =
         "<?xml version=\"1.0\"?>\n<!-- <no>\n -->\n<!DOCTYPE x>\n<a\n b='<no>\n'>t\n<![CDATA[<no>\n]]><b/>\n"
@@ -96,7 +96,7 @@ TEST_F(Xml, RowsAreThoseThatTheParserItselfCountsHoweverLinesEnd)
     }
 }
 
-TEST_F(Xml, TextIsTurnedFromTheCodePageAndBackIntoIt)
+TEST_F(Xml, ConvertsTextFromAndToTheCodePage)
 {
     env.codePage.Select("936");
     ASSERT_EQ(Parse("<a b=\"\xd6\xd0\">\xd6\xd0</a>"), 0);

@@ -53,7 +53,7 @@ TEST_F(ResDoc, IsModifiedByAnyChangeOfItsTreeUntilItIsSaved)
     EXPECT_TRUE(project.user.boxes.isEmpty());
 }
 
-TEST_F(ResDoc, StaysModifiedWhenItCannotBeWrittenAndGetsNoHeader)
+TEST_F(ResDoc, StaysModifiedAndWritesNoHeaderWhenTheSaveFails)
 {
     const auto expectFailure = [&](const QByteArray &message, int code) {
         (void)project.TakeOutput();
@@ -74,7 +74,7 @@ TEST_F(ResDoc, StaysModifiedWhenItCannotBeWrittenAndGetsNoHeader)
     EXPECT_EQ(project.user.boxes.size(), 1) << "a command shows no box";
 }
 
-TEST_F(ResDoc, AnOverflowOfTheNumbersSavesTheProjectAndSaysSo)
+TEST_F(ResDoc, SavesTheProjectAndReportsAnOverflowOfTheNumbers)
 {
     QByteArray resources;
     for (int i = 0; i <= 1000; ++i)
@@ -91,7 +91,7 @@ TEST_F(ResDoc, AnOverflowOfTheNumbersSavesTheProjectAndSaysSo)
     EXPECT_TRUE(project.folder.Get(LIST).startsWith("<APP id=\"APP_demo\">\n"));
 }
 
-TEST_F(ResDoc, AChangedListReplacesTheTreeAndLocalChangesAreGone)
+TEST_F(ResDoc, AChangedListReplacesTheTreeAndDiscardsLocalChanges)
 {
     Files().resources.First()->Rename(doc->ids, "ID_LOCAL");
     project.folder.Put(LIST, "<APP><FILE id=\"ID_NEW\"/></APP>");
@@ -136,7 +136,7 @@ TEST_F(ResDoc, AChangedConfigurationReplacesTheTreeToo)
     EXPECT_FALSE(doc->WatchedClass(handle));
 }
 
-TEST_F(ResDoc, AChangedStringFileIsReadAgainAndShownWhereStringsAre)
+TEST_F(ResDoc, AChangedStringFileUpdatesTheStrings)
 {
     project.folder.Put(STRINGS, TestProject::StringTable({"ID_HELLO", "ID_BYE"}));
     doc->OnWatchedFileChanged(Handle(STRINGS));
@@ -192,7 +192,7 @@ TEST_F(ResDoc, WatchesItsFilesWhileItIsOpenButNotItsOwnWriting)
     EXPECT_EQ(QDir::currentPath(), project.folder.Path("bin"));
 }
 
-TEST(FileDialog, OffersWhatTheMaskAsksFor)
+TEST(FileDialog, OffersTheFileTypesOfTheMask)
 {
     TestProject project("<APP/>", "[FileType]\naudio=*.wav\n");
     CResDoc &doc = *project.Open();

@@ -32,7 +32,7 @@ void OpenAndSave(TestProject &project)
 
 } // namespace
 
-TEST(FormatPages, TheirExampleProjectOpensAndIsSavedAsItStandsThere)
+TEST(FormatPages, ExampleProjectOpensAndIsSavedUnchanged)
 {
     const QByteArray list = Example("project-files", u"xml res"_s);
     TestProject project(list);
@@ -52,7 +52,7 @@ TEST(FormatPages, TheirExampleProjectOpensAndIsSavedAsItStandsThere)
     EXPECT_EQ(withLayouts.folder.Get("demo/res/layout_demo_240x320.xml"), layouts);
 }
 
-TEST(FormatPages, TheirSettingsAreRead)
+TEST(FormatPages, ExampleSettingsAreRead)
 {
     const TempFolder folder;
     folder.Put("Morvanite.ini", Example("settings", u"ini settings"_s));

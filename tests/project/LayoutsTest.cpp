@@ -113,7 +113,7 @@ struct Layouts : testing::Test
 
 } // namespace
 
-TEST_F(Layouts, StandInFoldersLikeThoseOfImagesAndAreSavedAsTheyWere)
+TEST_F(Layouts, AreInFoldersByResolutionAndAreSavedUnchanged)
 {
     const QByteArray file = LayoutFile(Layout("ID_MAIN") + Layout("ID_ABOUT"));
     project.folder.Put(FILE, file);
@@ -146,7 +146,7 @@ TEST_F(Layouts, StandInFoldersLikeThoseOfImagesAndAreSavedAsTheyWere)
     EXPECT_EQ(project.folder.Get(FILE), LayoutFile(Layout("ID_START")));
 }
 
-TEST_F(Layouts, AreNoneWithoutTheSettingAndTheListIsAsEver)
+TEST_F(Layouts, AreIgnoredWithoutTheSettingAndTheListStaysUnchanged)
 {
     project.folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n");
     project.folder.Put(FILE, LayoutFile(Layout("ID_MAIN")));
@@ -159,7 +159,7 @@ TEST_F(Layouts, AreNoneWithoutTheSettingAndTheListIsAsEver)
     EXPECT_EQ(project.folder.Get(FILE), LayoutFile(Layout("ID_MAIN")));
 }
 
-TEST_F(Layouts, ANewOneGetsAFreeNameAndAFileOfItsResolution)
+TEST_F(Layouts, ANewLayoutGetsAFreeNameAndAFileOfItsResolution)
 {
     project.folder.Put(LIST, List(QByteArray()));
     project.folder.Put("demo/res/layout_demo_240x320.xml", "somebody's work");
@@ -188,7 +188,7 @@ TEST_F(Layouts, ANewOneGetsAFreeNameAndAFileOfItsResolution)
     EXPECT_EQ(folder->subfolders.size(), 3U);
 }
 
-TEST_F(Layouts, AFileThatDoesNotLoadWholeIsLeftAloneAndStaysInTheList)
+TEST_F(Layouts, AFileThatDoesNotLoadCompletelyIsKeptUnchangedInTheList)
 {
     UseCatalogue("<catalogue version=\"1\"><structure name=\"Insets\"></structure></catalogue>");
     const QByteArray kept = "Warning 1: layout file \"res\\screens.xml\" wasn't loaded whole and is left as it is.\r\n";
@@ -219,7 +219,7 @@ TEST_F(Layouts, AFileThatDoesNotLoadWholeIsLeftAloneAndStaysInTheList)
     }
 }
 
-TEST_F(Layouts, OfTwoFilesForOneResolutionOrTwoResolutionsOfOneFileNoneIsLost)
+TEST_F(Layouts, TwoFilesForAResolutionAndTwoResolutionsOfAFileAreKept)
 {
     project.folder.Put(FILE, LayoutFile(Layout("ID_A")));
     project.folder.Put("demo/res/more.xml", LayoutFile(Layout("ID_B")));
@@ -240,7 +240,7 @@ TEST_F(Layouts, OfTwoFilesForOneResolutionOrTwoResolutionsOfOneFileNoneIsLost)
     EXPECT_EQ(project.folder.Get(FILE), LayoutFile(Layout("ID_A")));
 }
 
-TEST_F(Layouts, AFileWhoseLayoutsAreGoneGoesToTheTrash)
+TEST_F(Layouts, AFileWithoutLayoutsIsMovedToTheTrash)
 {
     project.folder.Put(FILE, LayoutFile(Layout("ID_A")));
     Open();
@@ -296,7 +296,7 @@ TEST_F(Layouts, AreReadAgainWhenTheirFileChanges)
     doc->RemoveView(&view);
 }
 
-TEST_F(Layouts, AnElementWithoutAFileIsReportedAndACatalogueWithErrorsToo)
+TEST_F(Layouts, ReportAnElementWithoutAFileAndACatalogueWithErrors)
 {
     project.folder.Put(LIST, List("<LAYOUT/><IMAGE id=\"ID_A\"/>"));
     UseCatalogue("<catalogue version=\"1\">\n<class/></catalogue>");

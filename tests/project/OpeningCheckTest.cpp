@@ -39,7 +39,7 @@ std::vector<std::string> Reasons(TestProject &project)
 
 } // namespace
 
-TEST(ConflictMarkers, AreFoundAtTheStartsOfLinesInBytesAndInUtf16)
+TEST(ConflictMarkers, AreFoundAtLineStartsIn8BitAndUtf16Text)
 {
     const TestProject project;
     EXPECT_EQ(Markers(project, "<<<<<<< HEAD\na\r\n=======\r\nb\n>>>>>>> x"), "1<<<<<<< 3======= 5>>>>>>> ");
@@ -53,7 +53,7 @@ TEST(ConflictMarkers, AreFoundAtTheStartsOfLinesInBytesAndInUtf16)
     EXPECT_TRUE(FindConflictMarkers(project.folder.Path("nowhere")).empty());
 }
 
-TEST(ConflictMarkers, AreFoundAcrossThePiecesThatAFileIsReadIn)
+TEST(ConflictMarkers, AreFoundAcrossReadBuffers)
 {
     const TestProject project;
     for (int before = 256 * 1024 - 20; before < 256 * 1024 + 4; ++before) {
@@ -63,7 +63,7 @@ TEST(ConflictMarkers, AreFoundAcrossThePiecesThatAFileIsReadIn)
     }
 }
 
-TEST(OpeningCheck, TellsOfAllThatWasLeftOutWithFileAndLine)
+TEST(OpeningCheck, ReportsEverythingLeftOutWithFileAndLine)
 {
     TestProject project("<APP>\n"
                         "<FILE/>\n"
@@ -103,7 +103,7 @@ TEST(OpeningCheck, TellsOfAllThatWasLeftOutWithFileAndLine)
     EXPECT_EQ(project.env->DroppedCount, 0) << "a file that isn't there is kept in the list";
 }
 
-TEST(OpeningCheck, KnowsMarkersAlsoWhenTheProjectDoesNotOpenAndSizesThatAreNotThere)
+TEST(OpeningCheck, ReportsMarkersInABrokenProjectAndMissingSizes)
 {
     TestProject project("<APP>\n<<<<<<< HEAD\n</APP>");
     EXPECT_THAT(Reasons(project), testing::ElementsAre(testing::HasSubstr("res/demo.res.xml:2: the line begins with"),
@@ -119,7 +119,7 @@ TEST(OpeningCheck, KnowsMarkersAlsoWhenTheProjectDoesNotOpenAndSizesThatAreNotTh
     EXPECT_THAT(Reasons(without), testing::ElementsAre(testing::HasSubstr("this file has no section Resolution")));
 }
 
-TEST(OpeningCheck, SaysWhyALayoutFileIsNotLoadedWhole)
+TEST(OpeningCheck, ReportsWhyALayoutFileIsNotLoadedCompletely)
 {
     TestProject project("<APP><RESOLUTION width=\"240\" height=\"320\" class=\"layout\"><LAYOUT>res\\l.xml</LAYOUT>"
                         "</RESOLUTION></APP>",

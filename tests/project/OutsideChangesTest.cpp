@@ -65,7 +65,7 @@ struct Meddler : FakeMonitor
 
 } // namespace
 
-TEST_F(OutsideChanges, AreOtherTypesOfFilesInTheSettingsToo)
+TEST_F(OutsideChanges, IncludeFileTypesInTheSettings)
 {
     project.folder.Put(LIST, "<APP><FILE id=\"ID_A\" type=\"Push\">a.ogg</FILE></APP>");
     project.folder.Put("demo/a.ogg", "");
@@ -97,7 +97,7 @@ TEST_F(OutsideChanges, AreLoadedBeforeTheDocumentIsUsedAgain)
     EXPECT_THAT(explained, HasSubstr("ref_list_demo.txt; it was read again"));
 }
 
-TEST_F(OutsideChanges, TellEachFindingOnce)
+TEST_F(OutsideChanges, ReportEachFindingOnce)
 {
     std::string codes;
     const Notifier<const Finding &>::Listener listener(
@@ -132,7 +132,7 @@ TEST_F(OutsideChanges, AreKeptWhenASaveReplacesThem)
     EXPECT_EQ(Kept().size(), 2U);
 }
 
-TEST_F(OutsideChanges, OfASaveUnderWayAreWaitedFor)
+TEST_F(OutsideChanges, WaitForARunningSave)
 {
     int ready[2];
     ASSERT_EQ(pipe(ready), 0);
@@ -152,7 +152,7 @@ TEST_F(OutsideChanges, OfASaveUnderWayAreWaitedFor)
     ASSERT_EQ(waitpid(child, nullptr, 0), child);
 }
 
-TEST_F(OutsideChanges, WhileTheProjectIsReadMakeItReadAgain)
+TEST_F(OutsideChanges, DuringALoadMakeTheDocumentLoadAgain)
 {
     Meddler meddler;
     project.documents.CloseAll();
@@ -186,7 +186,7 @@ TEST_F(OutsideChanges, WhileTheProjectIsReadMakeItReadAgain)
     project.documents.CloseAll();
 }
 
-TEST_F(OutsideChanges, OfASaveThatHasNotRenamedAllAreWaitedForByALoad)
+TEST_F(OutsideChanges, ALoadWaitsForASaveThatHasNotRenamedAllFiles)
 {
     Meddler meddler;
     project.documents.CloseAll();
@@ -216,7 +216,7 @@ TEST_F(OutsideChanges, OfASaveThatHasNotRenamedAllAreWaitedForByALoad)
     project.documents.CloseAll();
 }
 
-TEST_F(OutsideChanges, WhileASaveIsUnderWayMakeItFail)
+TEST_F(OutsideChanges, DuringASaveMakeItFail)
 {
     bool meddles = true;
     project.env->trace = [&](QStringView) { // by the numbering of the IDs
@@ -236,7 +236,7 @@ TEST_F(OutsideChanges, WhileASaveIsUnderWayMakeItFail)
     project.documents.CloseAll();
 }
 
-TEST_F(OutsideChanges, ThatComeBetweenTheAttemptToLoadAndTheReloadAreTakenInLater)
+TEST_F(OutsideChanges, BetweenTheTrialLoadAndTheReloadAreLoadedLater)
 {
     const QByteArray sound = project.folder.Get(LIST);
     bool meddles = true;
@@ -258,7 +258,7 @@ TEST_F(OutsideChanges, ThatComeBetweenTheAttemptToLoadAndTheReloadAreTakenInLate
     EXPECT_EQ(doc->lastSave.write, 0);
 }
 
-TEST_F(OutsideChanges, AreTakenInAfterAFailedSaveOfWhatNobodyEdited)
+TEST_F(OutsideChanges, AreLoadedAfterAFailedSaveOfAnUneditedProject)
 {
     (void)WithFileLimit(0, [&] { return doc->DoFileSave(); });
     EXPECT_NE(doc->lastSave.write, 0);
@@ -268,7 +268,7 @@ TEST_F(OutsideChanges, AreTakenInAfterAFailedSaveOfWhatNobodyEdited)
     EXPECT_TRUE(FileHas(STRINGS, u"ID_OUTSIDE"));
 }
 
-TEST_F(OutsideChanges, ThatChangeTheListAndRemoveTheStringsAreNotReplaced)
+TEST_F(OutsideChanges, ToTheListWithRemovedStringsAreNotOverwritten)
 {
     const QByteArray edited = project.folder.Get(LIST).replace("ID_A", "ID_EDITED");
     project.folder.Put(LIST, edited);
@@ -280,7 +280,7 @@ TEST_F(OutsideChanges, ThatChangeTheListAndRemoveTheStringsAreNotReplaced)
     EXPECT_FALSE(doc->IsModified());
 }
 
-TEST_F(OutsideChanges, ThatCannotBeReadAreNeitherLoadedNorReplaced)
+TEST_F(OutsideChanges, ThatCannotBeReadAreNeitherLoadedNorOverwritten)
 {
     const QByteArray broken = "<APP>\n<<<<<<< HEAD\n";
     project.folder.Put(LIST, broken);
@@ -299,7 +299,7 @@ TEST_F(OutsideChanges, ThatCannotBeReadAreNeitherLoadedNorReplaced)
     EXPECT_TRUE(Kept().front().files.contains(project.folder.Path(LIST)));
 }
 
-TEST_F(OutsideChanges, ThatRemoveAFileLeaveTheDocumentAloneUnlessTheProjectIsWholeWithoutIt)
+TEST_F(OutsideChanges, ThatRemoveAFileAreLoadedOnlyIfTheProjectIsCompleteWithoutIt)
 {
     QFile::remove(project.folder.Path(LIST));
     EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::Gone);
@@ -317,7 +317,7 @@ TEST_F(OutsideChanges, ThatRemoveAFileLeaveTheDocumentAloneUnlessTheProjectIsWho
     EXPECT_TRUE(doc->IsModified()) << "what is open may be all that is left";
 }
 
-TEST_F(OutsideChanges, AnOpeningThatReportedAnErrorKeepsWhatTheFirstSaveReplaces)
+TEST_F(OutsideChanges, TheFirstSaveAfterAnOpeningWithErrorsKeepsTheReplacedFiles)
 {
     project.documents.CloseAll();
     project.folder.Put(LIST, "<APP><FILE/><FILE id=\"ID_A\"/><STRING>res\\ref_list_demo.txt</STRING></APP>");
@@ -337,7 +337,7 @@ TEST_F(OutsideChanges, AnOpeningThatReportedAnErrorKeepsWhatTheFirstSaveReplaces
     EXPECT_EQ(Kept().size(), 1U) << "only the first save replaces what wasn't read";
 }
 
-TEST(KeptFiles, TheNewestTwentyOfAProjectStayAndOnlyTheUserReadsThem)
+TEST(KeptFiles, KeepTheNewestTwentyOfAProjectReadableOnlyByTheUser)
 {
     TestProgram program;
     const KeptFiles kept(program.folder.Path("demo.vcproj"));
@@ -362,7 +362,7 @@ TEST(KeptFiles, TheNewestTwentyOfAProjectStayAndOnlyTheUserReadsThem)
     EXPECT_EQ(nothing, QString());
 }
 
-TEST(KeptFiles, OfAFailedSaveGoUnlessItsJournalIsStillThere)
+TEST(KeptFiles, AreRemovedAfterAFailedSaveUnlessItsJournalRemains)
 {
     TestProject project;
     const QString list = project.folder.Path("demo/res/demo.res.xml");
@@ -380,7 +380,7 @@ TEST(KeptFiles, OfAFailedSaveGoUnlessItsJournalIsStillThere)
     EXPECT_TRUE(HasJournal(*project.env, project.Path()));
 }
 
-TEST(KeptFiles, EachWayToLeaveSomethingOutAtAnOpeningKeepsTheFilesOfBefore)
+TEST(KeptFiles, AreKeptForEachWayToLeaveSomethingOutAtAnOpening)
 {
     struct Way
     {

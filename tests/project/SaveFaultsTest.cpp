@@ -55,7 +55,7 @@ protected:
 
 } // namespace
 
-TEST_F(SaveFaults, WhereverTheDiskGivesOutEveryFileStaysAndNothingLiesBesideIt)
+TEST_F(SaveFaults, AFullDiskAtAnyPointKeepsEveryFileAndLeavesNoOther)
 {
     const Contents before = Read();
     Change("ID_NEW");
@@ -78,7 +78,7 @@ TEST_F(SaveFaults, WhereverTheDiskGivesOutEveryFileStaysAndNothingLiesBesideIt)
         EXPECT_NE(Read()[file], before[file]);
 }
 
-TEST_F(SaveFaults, AKillAtAnyMomentLeavesEachFileWholeAndTheProjectOpensWithFilesOfOneSave)
+TEST_F(SaveFaults, AKillAtAnyMomentLeavesCompleteFilesOfOneSave)
 {
     // Two states that a child saves in turn.
     const char *const names[] = {"ID_A", "ID_B_AND_MORE"};

@@ -146,7 +146,7 @@ private:
 
 } // namespace
 
-TEST(TreeListener, IsToldBeforeWhateverItHoldsIsDestroyed)
+TEST(TreeListener, IsNotifiedBeforeItsNodesAreDestroyed)
 {
     TestProject project("<APP/>", "[Layout]\nfolders=1\n");
     RandomEdits edits(project);

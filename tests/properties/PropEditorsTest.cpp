@@ -93,7 +93,7 @@ TEST(PropEditors, RefuseATextThatTheCodePageLacks)
     EXPECT_EQ(layout.panel->component->GetAttribute("time"), "\xE9");
 }
 
-TEST(PropEditors, NameAComponentAsNoOther)
+TEST(PropEditors, RequireUniqueComponentNames)
 {
     EditedLayout layout;
     layout.Add("cp02");
@@ -130,7 +130,7 @@ TEST(PropEditors, OfferTheImagesOfTheResolutionAndOfDefault)
     }
 }
 
-TEST(PropEditors, OfferEachParentButThoseInTheComponent)
+TEST(PropEditors, OfferEveryParentExceptDescendants)
 {
     EditedLayout alone;
     EXPECT_FALSE(alone.Open(u"Parent Component"_s));
@@ -164,7 +164,7 @@ TEST(PropEditors, OfferEachParentButThoseInTheComponent)
     }));
 }
 
-TEST(PropEditors, CloseWhenTheFocusGoesElsewhere)
+TEST(PropEditors, CloseWhenTheyLoseTheFocus)
 {
     for (const char *property : {"s32", "bool", "size"}) {
         EditedLayout layout;
@@ -177,7 +177,7 @@ TEST(PropEditors, CloseWhenTheFocusGoesElsewhere)
     }
 }
 
-TEST(SelectString, BeginsAtTheSecondChoice)
+TEST(SelectString, StartsAtTheSecondChoice)
 {
     const QStringList choices = {u"ab"_s, u"Abc"_s, u"ac"_s};
     const std::pair<QString, int> cases[] = {{u"AB"_s, 1}, {u"ac"_s, 2}, {u"abcd"_s, -1}, {QString(), -1}};

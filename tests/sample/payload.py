@@ -198,7 +198,7 @@ class Payload(DemoProject):
         self.assertEqual(len(found), len(wanted))
         self.assertEqual(next((n for n, pair in enumerate(zip(found, wanted)) if pair[0] != pair[1]), None), None)
 
-    def test_every_screen_with_and_without_conversion_and_offsets_of_the_section_or_the_file(self):
+    def test_packs_every_screen_with_both_conversions_and_both_kinds_of_offsets(self):
         self.input.write_bytes(self.input.read_bytes() + b"?")
         start, fill = self.input.stat().st_size + 3, bytes(3)
         (self.dir / "morvanite").mkdir()
@@ -210,7 +210,7 @@ class Payload(DemoProject):
                 self.assert_same(appended[:len(wanted)], wanted)
                 self.assert_same((self.dir / "arm/app.res").read_bytes(), self.sample.payload(screen, convert, 0, padded))
 
-    def test_layouts_where_the_settings_give_the_project_some(self):
+    def test_packs_layouts_if_the_settings_enable_them(self):
         shutil.copy(REPOSITORY / "sample/morvanite.ini", self.dir / "sample")
         shutil.copy(REPOSITORY / LIST, self.dir / LIST)
         self.sample.with_layouts = True
@@ -223,14 +223,14 @@ class Payload(DemoProject):
                 self.assertEqual(wanted.count(b"MLAY\1"), screen != "128x128")
                 self.assert_same(self.pack(screen, "axf", 1)[:len(wanted)], wanted)
 
-    def test_behind_a_dll_of_any_size(self):
+    def test_appends_to_a_dll_of_any_size(self):
         for size in range(self.input.stat().st_size, self.input.stat().st_size + 4):
             with self.input.open("ab") as application:
                 application.truncate(size)
             wanted = self.sample.payload("320x240", 1, size + 8, bytes)
             self.assert_same(self.pack("320x240", "dll", 1), b".zp_res\0" + wanted + struct.pack("<I", size))
 
-    def test_the_icons_are_those_of_their_pictures(self):
+    def test_icons_match_their_pictures(self):
         for picture, icon in (("sample/art/AppLogo.png", "sample/AppLogo.img"),
                               ("packaging/program/AppLogo.png", "packaging/program/AppLogo.img")):
             self.assert_same((REPOSITORY / icon).read_bytes(), self.sample.read(str(REPOSITORY / picture), True))

@@ -26,7 +26,7 @@ def lines_of(name, section):
 
 
 class ProgramFolder(unittest.TestCase):
-    def test_languages_are_unique_can_head_a_column_and_fit_the_readers_limit(self):
+    def test_languages_are_unique_valid_as_column_titles_and_within_the_readers_limit(self):
         lines = lines_of("tuvik.ini", "Language")
         names, numbers = zip(*(line.rsplit("=", 1) for line in lines))
         self.assertGreaterEqual(len(lines), 40)
@@ -42,7 +42,7 @@ class ProgramFolder(unittest.TestCase):
         used = re.findall(r'\{"[a-z]{2}", "[A-Za-z]+", (\d+)\}', program)
         self.assertEqual(sorted(used), sorted(number for _, number in columns))
 
-    def test_every_text_of_the_sample_but_one_is_translated_with_the_same_places_for_numbers(self):
+    def test_all_texts_of_the_sample_but_one_are_translated_with_the_same_placeholders(self):
         self.assertGreaterEqual(len(STRINGS), 28)
         gaps = []
         for row in STRINGS[2:-1]:
@@ -53,7 +53,7 @@ class ProgramFolder(unittest.TestCase):
             self.assertEqual(len(places), 1, row)
         self.assertEqual(gaps, [("ID_STRING_FROST_PUSH", 7)], "the gap that the window's string table shows")
 
-    def test_resolutions_are_unique_and_hold_those_of_the_sample(self):
+    def test_resolutions_are_unique_and_include_those_of_the_sample(self):
         sizes = lines_of("resolutions.ini", "Resolution")
         self.assertGreaterEqual(len(sizes), 12)
         self.assertEqual(len(set(sizes)), len(sizes))
@@ -62,7 +62,7 @@ class ProgramFolder(unittest.TestCase):
         for width, height in re.findall(r'<RESOLUTION width="(\d+)" height="(\d+)"', project):
             self.assertIn(f"{width}x{height}", sizes)
 
-    def test_every_key_that_the_programs_read_stands_there_with_their_default(self):
+    def test_settings_have_every_key_with_its_default(self):
         call = re.compile(r'\.(?:String|Int)\("([^"]+)",\s*"([^"]+)"(?:,\s*(?:"((?:[^"\\]|\\.)*)"|(\d+)))?\)')
         calls = [found for source in (REPOSITORY / "src").rglob("*.cpp") for found in call.findall(source.read_text("utf-8"))]
         self.assertGreater(len(calls), 10)

@@ -38,7 +38,7 @@ const QByteArray ROWS = TWO_LANGUAGES + "ID_A|Normal|a|A|Aa\nlow id|Push|b|B|Bb\
 
 } // namespace
 
-TEST(CellBlock, AnyCellsComeBackFromTheClipboard)
+TEST(CellBlock, ReadsAnyCopiedCellsFromTheClipboard)
 {
     const QStringList pieces{u"a"_s,      u"\""_s,           u"\t"_s,
                              u"\n"_s,     u"\r"_s,           u"\r\n"_s,
@@ -67,7 +67,7 @@ TEST(CellBlock, AnyCellsComeBackFromTheClipboard)
     EXPECT_EQ(FromTsv(u""), CellRows{{QString()}});
 }
 
-TEST(CellBlock, PastesGoWhereTheyBelong)
+TEST(CellBlock, PastesIntoTheMatchingCells)
 {
     TableProject project(ROWS);
     project.AddFolder(project.root, KIND_BINARY).AddResource(project.CreateFileRes("ID_FILE", ANY_RESOLUTION));
@@ -119,7 +119,7 @@ TEST(CellBlock, PastesGoWhereTheyBelong)
     EXPECT_EQ(Readable(PlanPaste(project.table, cells, atText)), QString());
 }
 
-TEST(CellBlock, WhatIsPastedCanBeReadBackFromTheFile)
+TEST(CellBlock, PastedTextsSurviveASaveAndALoad)
 {
     TableProject project(ROWS);
     const QString hard = u"a\tb\r\nc\nd\re\u2028f\u2029g"_s + QChar(0) + QChar(0xDC00) + QString(100'000, u'x');
@@ -135,7 +135,7 @@ TEST(CellBlock, WhatIsPastedCanBeReadBackFromTheFile)
     EXPECT_EQ(again.Dump(), project.Dump());
 }
 
-TEST(CellBlock, ReplacementsAreFoundFromLeftToRight)
+TEST(CellBlock, ReplacesMatchesFromLeftToRight)
 {
     TableProject project(TWO_LANGUAGES + "ID_A|Push|aAaa|push|xay\n##number|1\n");
     const auto changes = PlanReplace(project.table, {0}, {0, 1, 2, 3, 4}, u"aa"_s, false, u"a\nb"_s);

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <random>
 
-TEST(RowList, DoesWhatAVectorDoesAcrossItsBlocks)
+TEST(RowList, MatchesAVectorAcrossBlockBoundaries)
 {
     std::mt19937 random(3);
     std::vector<CStringRes *> plain;

@@ -8,7 +8,7 @@ constexpr const char *TABLE = "Number of Language|2\nString ID|Resource Type|Des
                               "ID_BYE|Push||Bye|\n"
                               "##number|2\n";
 
-TEST(StringFileReader, BuildsFoldersRowsAndChainsAndTellsTheObserver)
+TEST(StringFileReader, BuildsFoldersRowsAndChainsAndNotifiesTheObserver)
 {
     StringProject project;
     CountingObserver observer;
@@ -30,7 +30,7 @@ TEST(StringFileReader, BuildsFoldersRowsAndChainsAndTellsTheObserver)
     EXPECT_EQ(observer.removed, 5);
 }
 
-TEST(StringFileReader, SaysWhichFileItReads)
+TEST(StringFileReader, ReportsWhichFileItReads)
 {
     StringProject project;
     const QString path = project.folder.Path("strings.txt");
@@ -42,7 +42,7 @@ TEST(StringFileReader, SaysWhichFileItReads)
     EXPECT_EQ(project.Written(), TABLE);
 }
 
-TEST(StringFileReader, SaysWhatIsWrongWithAHeader)
+TEST(StringFileReader, ReportsErrorsOfTheHeader)
 {
     const auto format = [](const std::string &word, int line) {
         return "Error 1: invalid file format; \"" + word + "\" expected at line " + std::to_string(line) + ".\r\n";
@@ -76,7 +76,7 @@ TEST(StringFileReader, SaysWhatIsWrongWithAHeader)
     }
 }
 
-TEST(StringFileReader, TakesFilesWithoutTypesAndWithoutNumbersAndTheLastColumnOfALanguage)
+TEST(StringFileReader, AcceptsFilesWithoutTypesOrNumbersAndUsesTheLastColumnOfALanguage)
 {
     StringProject project;
     ASSERT_EQ(project.Read("Number of Language|3\nString ID|Description|French|English|Again(12)\n"
@@ -87,7 +87,7 @@ TEST(StringFileReader, TakesFilesWithoutTypesAndWithoutNumbersAndTheLastColumnOf
                                  "ID_A|Normal|Push|deux|one\nID_B|Normal||un|\n##number|2\n");
 }
 
-TEST(StringFileReader, GoesOnBehindABadRow)
+TEST(StringFileReader, ContinuesAfterABadRow)
 {
     StringProject project;
     const auto image = project.CreateFileRes("ID_LOGO", 0);
@@ -105,7 +105,7 @@ TEST(StringFileReader, GoesOnBehindABadRow)
     EXPECT_EQ(project.rows, 4) << "those that it read whole";
 }
 
-TEST(StringFileReader, ReadingAgainChangesTextsAndKeepsWhatIsThere)
+TEST(StringFileReader, ReadingAgainUpdatesTextsAndKeepsTheRest)
 {
     CountingObserver observer;
     StringProject project;
@@ -125,7 +125,7 @@ TEST(StringFileReader, ReadingAgainChangesTextsAndKeepsWhatIsThere)
     EXPECT_EQ(project.Messages(), "Error 1: ID conflicts - ID_HELLO.\r\n") << "a row that lost its description";
 }
 
-TEST(StringFileReader, ReadsTheExampleOfItsDescription)
+TEST(StringFileReader, ReadsTheExampleOfTheFormatDescription)
 {
     QFile page(QStringLiteral(STRING_FILE_PAGE));
     ASSERT_TRUE(page.open(QIODevice::ReadOnly));
@@ -165,7 +165,7 @@ TEST(StringFileReader, CountsTheRowsAndCellsThatASaveWouldLose)
               "3 ");
 }
 
-TEST(StringFileReader, AReloadCountsWhatTheFileLosesNotWhatItReplaces)
+TEST(StringFileReader, AReloadCountsDroppedTextsButNotReplacedOnes)
 {
     StringProject project;
     const QByteArray head = "Number of Language|1\nString ID|Description|English(9)\n";

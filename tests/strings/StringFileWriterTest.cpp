@@ -6,7 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(StringFileWriter, WritesAnyTableThatWasReadAsItWas)
+TEST(StringFileWriter, WritesEveryTableAsItWasRead)
 {
     std::mt19937 random(1);
     const auto below = [&](unsigned limit) { return unsigned(random() % limit); };
@@ -31,7 +31,7 @@ TEST(StringFileWriter, WritesAnyTableThatWasReadAsItWas)
     }
 }
 
-TEST(StringFileWriter, AProjectWithoutStringsGivesTwoLinesThatEndInTheReadError)
+TEST(StringFileWriter, WritesTwoLinesForAProjectWithoutStringsWhichDoNotReadBack)
 {
     StringProject project;
     EXPECT_EQ(project.Written(), "Number of Language|0\nString ID|Resource Type|Description\n");
@@ -43,7 +43,7 @@ TEST(StringFileWriter, AProjectWithoutStringsGivesTwoLinesThatEndInTheReadError)
     EXPECT_THAT(project.Written(), testing::HasSubstr("ID_A|Normal|one|two\nthree\n")) << "a text stands as it is";
 }
 
-TEST(StringFileWriter, NamesAPathThatCantBeOpenedAndKeepsTheOldFileWhenTheDiskGivesOut)
+TEST(StringFileWriter, NamesAPathThatCannotBeOpenedAndKeepsTheOldFileOnAFullDisk)
 {
     StringProject project;
     const auto write = [&](const char *name, const char *message) {

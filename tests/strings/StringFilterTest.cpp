@@ -86,7 +86,7 @@ struct RandomTable : TableProject
 
 } // namespace
 
-TEST(StringFilter, FindsWhatALookAtEachCellFinds)
+TEST(StringFilter, FindsTheSameAsASearchOfEachCell)
 {
     int withinOthers = 0;
     for (unsigned seed = 1; seed <= 300 && !testing::Test::HasFailure(); ++seed) {
@@ -114,7 +114,7 @@ TEST(StringFilter, FindsWhatALookAtEachCellFinds)
     EXPECT_GT(withinOthers, 300);
 }
 
-TEST(StringFilter, GapsAreWalkedInBothDirections)
+TEST(StringFilter, FindsGapsInBothDirections)
 {
     for (unsigned seed = 1; seed <= 100; ++seed) {
         RandomTable project(seed);

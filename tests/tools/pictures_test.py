@@ -31,7 +31,7 @@ def colours(indices, palette=PALETTE):
 
 
 class Png(ConverterTest):
-    def test_every_colour_type_and_depth_comes_back_as_drawn_straight_and_interlaced(self):
+    def test_converts_every_colour_type_and_depth_with_and_without_interlacing(self):
         def pixel(colour_type, values, depth):
             if colour_type == INDEXED:
                 return PALETTE[values[0]]
@@ -49,7 +49,7 @@ class Png(ConverterTest):
                         self.assertEqual(self.converted(png(rows, colour_type, depth, interlaced, palette)), wanted)
         self.assertEqual(self.converted(png(rows, colour_type, depth, piece=7)), wanted)
 
-    def test_transparency_is_an_alpha_for_each_colour_of_the_palette_or_a_colour_of_sixteen_bits(self):
+    def test_reads_transparency_of_palettes_and_of_16_bit_colours(self):
         rows = samples(1, 2)
         alphas = chunk(b'PLTE', PLTE[:12]) + chunk(b'tRNS', bytes((255, 0, 77)))
         self.assertEqual(self.converted(png(rows, INDEXED, 2, chunks=alphas)),
@@ -65,13 +65,13 @@ class Png(ConverterTest):
             for interlaced in (False, True):
                 self.assertEqual(self.converted(png(rows, RGB_ALPHA, interlaced=interlaced)), device(rows))
 
-    def test_a_large_picture_is_read_row_by_row(self):
+    def test_reads_a_large_picture_row_by_row(self):
         size = 2500  # 18.75 MB of pixels
         found = self.converted(png_of_lines(size, size, (bytes(motley(1, y)) * size for y in range(size)), RGB))
         for y in range(0, size, 83):
             self.assertEqual(found[24 + 2 * size * y:24 + 2 * size * (y + 1)], device([[motley(1, y)] * size])[24:])
 
-    def test_damage_and_impossible_sizes_are_refused(self):
+    def test_refuses_damage_and_impossible_sizes(self):
         whole = png(samples(3, 8), RGB)
         for from_the_end in (12 + 1, 12 + 4 + 1, 12 + 4 + 4 + 20):  # checksums of chunk and data, the data
             damaged = bytearray(whole)
@@ -84,7 +84,7 @@ class Png(ConverterTest):
 
 
 class Bmp(ConverterTest):
-    def test_every_plain_depth_comes_back_as_drawn_from_the_top_and_from_the_bottom(self):
+    def test_converts_every_plain_depth_top_down_and_bottom_up(self):
         for bits in (1, 4, 8, 24, 32):
             for height, order in ((7, -1), (-7, 1)):
                 with self.subTest(bits=bits, height=height):
@@ -98,7 +98,7 @@ class Bmp(ConverterTest):
                     picture = bmp(19, height, bits, rows, colours=2 ** bits if bits <= 8 else 0)
                     self.assertEqual(self.converted(picture), device(wanted))
 
-    def test_masks_cut_up_pixels_and_each_channel_is_stretched_to_eight_bits(self):
+    def test_applies_masks_and_scales_each_channel_to_8_bits(self):
         numbers = drawn(5, 3, lambda x, y: (x * 9999 + y * 777) & 0xFFFF)
         for compression, masks in ((3, (0xF800, 0x07E0, 0x001F)), (0, ())):
             def pixel(number):
@@ -112,12 +112,12 @@ class Bmp(ConverterTest):
         masks = (0xFF, 0xFF00, 0xFF0000, 0xFF000000)
         self.assertEqual(self.converted(bmp(4, -2, 32, bmp_rows(numbers, 32), 6, masks)), device(rows))
 
-    def test_the_short_header_of_os2_has_a_palette_of_three_byte_colours(self):
+    def test_reads_the_3_byte_palette_of_the_os2_header(self):
         picture = struct.pack('<2s4I4H', b'BM', 40, 0, 32, 12, 3, 2, 1, 1) + bytes((10, 20, 30, 200, 210, 220))
         self.assertEqual(self.converted(picture + bytes((0x40, 0, 0, 0, 0xA0, 0, 0, 0))),
                          device(drawn(3, 2, lambda x, y: (30, 20, 10) if (x + y) % 2 else (220, 210, 200))))
 
-    def test_runs_may_jump_end_early_and_leave_the_row(self):
+    def test_run_length_data_may_jump_end_early_and_exceed_the_row(self):
         half_bytes = bytes((5, 0x12, 3, 0x44, 0, 0,                      # 12121, 444
                             0, 5, 0x34, 0x56, 0x70, 0, 0, 0,             # five as they stand, the rest left out
                             1, 0x90, 0, 2, 2, 2, 2, 0xAB, 0, 1))         # one, then two to the right and two rows up
@@ -129,10 +129,10 @@ class Bmp(ConverterTest):
             indices = [[int(digit, 16) for digit in row] for row in rows.split()]
             self.assertEqual(self.converted(picture), device(colours(indices)))
 
-    def test_a_palette_shorter_than_its_indices_is_filled_up_with_black(self):
+    def test_fills_a_short_palette_with_black(self):
         self.assertEqual(self.converted(bmp(2, 1, 8, b'\1\xc8\0\0', colours=2)), device([[PALETTE[1], (0, 0, 0)]]))
 
-    def test_a_palette_that_reaches_into_the_pixels_is_short_or_refused(self):
+    def test_a_palette_that_overlaps_the_pixels_is_shortened_or_refused(self):
         def with_offset(picture, offset, declared):
             return picture[:10] + struct.pack('<I', offset) + picture[14:46] + struct.pack('<I', declared) + picture[50:]
 
@@ -154,7 +154,7 @@ class Bmp(ConverterTest):
                               (with_offset(bmp(2, 1, 8, bytes((2, 9, 0, 1)), 1, colours=8), 86, 16), b'colour 9')):
             self.refuses(picture, text)
 
-    def test_impossible_headers_are_refused_with_what_was_found(self):
+    def test_refuses_impossible_headers_with_their_values(self):
         row = b'\1\2\3\0'
         early = bytearray(bmp(1, 1, 24, row))
         early[10] = 20
@@ -172,7 +172,7 @@ class Bmp(ConverterTest):
 
 
 class Gif(ConverterTest):
-    def test_the_first_frame_comes_back_as_drawn_straight_and_interlaced(self):
+    def test_converts_the_first_frame_with_and_without_interlacing(self):
         rows = drawn(19, 17, index)
         other = gif_frame(drawn(19, 17, lambda x, y: 3), transparent=3)
         for interlaced in (False, True):
@@ -181,7 +181,7 @@ class Gif(ConverterTest):
         own = PALETTE[15::-1]
         self.assertEqual(self.converted(gif(19, 17, gif_frame(rows, palette=own))), device(colours(rows, own)))
 
-    def test_the_transparent_colour_and_what_the_frame_leaves_free_are_transparent_black(self):
+    def test_the_transparent_colour_and_the_area_outside_the_frame_are_transparent_black(self):
         wanted = [[(0, 0, 0, 0)] * 10 for row in range(9)]
         for y in range(4):
             for x in range(5):
@@ -189,19 +189,19 @@ class Gif(ConverterTest):
                     wanted[y + 3][x + 2] = PALETTE[index(x, y)] + (255,)
         self.assertEqual(self.converted(gif(10, 9, gif_frame(drawn(5, 4, index), 2, 3, transparent=7))), device(wanted))
 
-    def test_what_a_frame_has_beyond_the_screen_is_cut_off(self):
+    def test_clips_a_frame_to_the_screen(self):
         self.assertEqual(self.converted(gif(6, 5, gif_frame(drawn(20, 20, index), interlaced=True))),
                          device(colours(drawn(6, 5, index))))
         besides = gif_frame(drawn(3, 3, index), left=6, top=5)
         self.assertEqual(self.converted(gif(6, 5, besides)), device([[(0, 0, 0, 0)] * 6] * 5))
 
-    def test_zeros_behind_the_last_frame_are_passed_over_and_other_bytes_are_not(self):
+    def test_skips_only_zeros_after_the_last_frame(self):
         rows = drawn(4, 3, index)
         self.assertEqual(self.converted(gif(4, 3, gif_frame(rows) + bytes(3))), device(colours(rows)))
         self.refuses(gif(4, 3, gif_frame(rows) + b'\1'), b'broken gif')
         self.refuses(gif(4, 3, bytes(1) + gif_frame(rows)), b'broken gif')
 
-    def test_files_without_frame_or_colours_or_with_an_impossible_size_are_refused(self):
+    def test_refuses_files_without_frame_or_colours_or_with_an_impossible_size(self):
         frame = gif_frame(drawn(2, 2, index))
         self.refuses(gif(6, 5), b'gif without a frame')
         self.refuses(gif(65535, 65535, frame), b'picture of 65535 x 65535 pixels, wanted at most 64000000')
@@ -222,12 +222,12 @@ class Jpg(ConverterTest):
         wanted = drawn(29, 21, lambda x, y: colour(*area(x // 8, y // 8)))
         self.assertEqual(self.converted(jpg(29, 21, area, **options)), device(wanted))
 
-    def test_colour_and_grey_come_back_baseline_and_progressive(self):
+    def test_converts_baseline_and_progressive_colour_and_grey(self):
         for scans in self.WAYS:
             self.comes_back(motley, lambda *samples: from_ycc(*samples), scans=scans)
             self.comes_back(lambda x, y: motley(x, y)[:1], lambda grey: (grey,) * 3, scans=scans[:1])
 
-    def test_four_inks_become_colours_whether_stored_inverted_or_not(self):
+    def test_converts_cmyk_stored_inverted_or_not(self):
         def area(x, y):
             return motley(x, y) + (255 - x * 50,)
 
@@ -238,19 +238,19 @@ class Jpg(ConverterTest):
         self.comes_back(area, lambda *inks: times([255 - part for part in from_ycc(*inks[:3])], inks[3]), adobe=2)
         self.comes_back(area, lambda *inks: times([255 - ink for ink in inks[:3]], 255 - inks[3]))
 
-    def test_damaged_pixels_are_refused_and_stray_bytes_ahead_of_them_passed_over(self):
+    def test_refuses_damaged_pixels_and_skips_stray_bytes_before_them(self):
         whole = jpg(64, 64, motley)
         end = 4 + int.from_bytes(whole[4:6], 'big')  # of the first segment
         self.assertEqual(self.converted(whole[:end] + b'\0\0' + whole[end:]), self.converted(whole))
         self.refuses(whole[:-90] + whole[-40:], b'broken jpg: Corrupt JPEG data')
 
-    def test_impossible_sizes_are_refused(self):
+    def test_refuses_impossible_sizes(self):
         whole = jpg(29, 21, motley)
         sizes = struct.pack('>2H', 21, 29)
         self.refuses(whole.replace(sizes, b'\x80' * 4), b'picture of 32896 x 32896 pixels, wanted at most 64000000')
         self.refuses(whole.replace(sizes, b'\0\x15\0\0'), b'broken jpg')
 
-    def test_more_than_256_scans_are_refused(self):
+    def test_refuses_more_than_256_scans(self):
         scans = [(1, number, number, high, low) for number in range(1, 64)
                  for high, low in ((0, 4), (4, 3), (3, 2), (2, 1), (1, 0))]
         self.comes_back(lambda x, y: (x * 9,), lambda grey: (grey,) * 3, scans=scans[:255])
@@ -258,7 +258,7 @@ class Jpg(ConverterTest):
 
 
 class AllKinds(ConverterTest):
-    def test_every_cut_of_every_kind_is_refused(self):
+    def test_refuses_every_truncation_of_every_kind(self):
         frame = gif_frame(drawn(4, 3, lambda x, y: x))
         kinds = {'png': png(drawn(4, 3, motley), RGB, piece=8),
                  'interlaced png': png(samples(4, 8), RGB_ALPHA, interlaced=True),
@@ -276,7 +276,7 @@ class AllKinds(ConverterTest):
                 with self.subTest(name, size=size):
                     self.refuses(whole[:size])
 
-    def test_the_examples_of_the_document_are_what_the_converter_writes(self):
+    def test_writes_the_examples_of_the_documentation(self):
         document = pathlib.Path(__file__).parents[2].joinpath('docs/image-format.md').read_text()
         blocks = re.findall('```example.*?\n(.*?)```', document, re.S)
         examples = [bytes.fromhex(re.sub('#.*', '', block)) for block in blocks]

@@ -87,7 +87,7 @@ bool Write(const char *path, const QByteArray &text)
 
 } // namespace
 
-TEST_F(FileChangeMonitor, EachWayOfChangingAFileIsOneNotice)
+TEST_F(FileChangeMonitor, SendsOneNoticeForEachKindOfChange)
 {
     Shell("mkdir -p out all project/res real1 real2 && cd project && echo > res/f && echo > res/g && ln -s ../out/f "
           "link &&"
@@ -134,7 +134,7 @@ TEST_F(FileChangeMonitor, EachWayOfChangingAFileIsOneNotice)
     }
 }
 
-TEST_F(FileChangeMonitor, TheThreadLivesWhileThereAreFilesAndHandlesRise)
+TEST_F(FileChangeMonitor, RunsItsThreadWhileFilesAreWatchedAndAssignsIncreasingHandles)
 {
     folder.Put("f", "1");
     folder.Put("g", "1");
@@ -172,7 +172,7 @@ TEST_F(FileChangeMonitor, TheThreadLivesWhileThereAreFilesAndHandlesRise)
     EXPECT_EQ(Next(), Handles{5});
 }
 
-TEST_F(FileChangeMonitor, ACheckoutOfAWholeProjectIsOneNotice)
+TEST_F(FileChangeMonitor, SendsOneNoticeForACheckoutOfAProject)
 {
     Restart({400ms, 10s, 1s, 1s});
     Shell("mkdir res && git init -q . && git config user.name n && git config user.email e && git config gc.auto 0 &&"
@@ -185,7 +185,7 @@ TEST_F(FileChangeMonitor, ACheckoutOfAWholeProjectIsOneNotice)
     EXPECT_EQ(Next(500ms), Handles());
 }
 
-TEST_F(FileChangeMonitor, FoldersAreComparedWhereTheLimitOfEventsIsUsedUp)
+TEST_F(FileChangeMonitor, ComparesFoldersWhenTheInotifyLimitIsReached)
 {
     constexpr char LIMIT[] = "/proc/sys/user/max_inotify_instances";
     constexpr int NO_NAMESPACE = 2;
@@ -223,7 +223,7 @@ TEST_F(FileChangeMonitor, FoldersAreComparedWhereTheLimitOfEventsIsUsedUp)
     EXPECT_EQ(WEXITSTATUS(status), 0);
 }
 
-TEST_F(FileChangeMonitor, AllFoldersAreComparedWhenTheSystemHasDroppedEvents)
+TEST_F(FileChangeMonitor, ComparesAllFoldersWhenTheSystemDroppedEvents)
 {
     Shell("mkdir a b && echo > a/f && echo > a/g && echo > b/f");
     Add("a/f");
@@ -239,7 +239,7 @@ TEST_F(FileChangeMonitor, AllFoldersAreComparedWhenTheSystemHasDroppedEvents)
     EXPECT_EQ(Next(), Handles{2});
 }
 
-TEST_F(FileChangeMonitor, ANoticeComesAlsoWhileEventsGoOn)
+TEST_F(FileChangeMonitor, SendsANoticeWhileEventsContinue)
 {
     Restart({500ms, 1000ms, 1s, 1s});
     folder.Put("f", "");

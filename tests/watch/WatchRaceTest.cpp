@@ -17,7 +17,7 @@ constexpr int ROUNDS = 10'000;
 constexpr int ROUNDS = 1000;
 #endif
 
-TEST(WatchRace, FilesAreAddedRemovedAndStoppedAgainstAWriter)
+TEST(WatchRace, AddsRemovesAndStopsWhileFilesAreWritten)
 {
     const TempFolder folder;
     folder.Put("f", "");

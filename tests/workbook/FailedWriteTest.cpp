@@ -54,7 +54,7 @@ extern "C" __attribute__((visibility("default"))) std::FILE *fdopen(int descript
     return real(descriptor, mode);
 }
 
-TEST(Workbook, OneFailedWriteIsNeverADamagedWorkbook)
+TEST(Workbook, AFailedWriteNeverLeavesADamagedWorkbook)
 {
     Rows rows;
     for (int row = 0; row < 1000; ++row)

@@ -63,7 +63,7 @@ Rows CommonTable(bool hasEscapes)
 
 } // namespace
 
-TEST(Workbook, AnyTableComesBackAsItWas)
+TEST(Workbook, ReadsBackEveryTable)
 {
     for (const auto &[name, write, read, tables] : FORMATS) {
         for (unsigned seed = 0; seed < tables; ++seed) {
@@ -74,7 +74,7 @@ TEST(Workbook, AnyTableComesBackAsItWas)
     }
 }
 
-TEST(Workbook, OfTwoTextsOfACellTheLaterOneStaysInAnyOrderOfCells)
+TEST(Workbook, TheLaterTextOfACellWinsInAnyOrderOfCells)
 {
     Sheet sheet;
     for (quint32 i = 0; i < 1000; ++i)
@@ -84,7 +84,7 @@ TEST(Workbook, OfTwoTextsOfACellTheLaterOneStaysInAnyOrderOfCells)
         ASSERT_EQ(sheet.At(999 - i % 500, 0), QString::number(i));
 }
 
-TEST(Workbook, OtherProgramsReadCellForCellWhatWeWrite)
+TEST(Workbook, OtherProgramsReadTheSameCells)
 {
     for (const bool isOffice : {false, true}) {
         const Rows rows = CommonTable(isOffice);
@@ -101,7 +101,7 @@ TEST(Workbook, OtherProgramsReadCellForCellWhatWeWrite)
     }
 }
 
-TEST(Workbook, WhatOtherProgramsMakeOfRandomTablesIsRead)
+TEST(Workbook, ReadsRandomTablesFromOtherPrograms)
 {
     for (unsigned seed = 0; seed < 4; ++seed) {
         // No text that is guarded, that gnumeric takes for a number, or that it counts wrongly (beyond 0xFFFF).
@@ -113,7 +113,7 @@ TEST(Workbook, WhatOtherProgramsMakeOfRandomTablesIsRead)
     }
 }
 
-TEST(Workbook, TheHeaderIsBoldAndFrozenAndTextsAreWrappedInColumnsOfTheirWidth)
+TEST(Workbook, HasABoldFrozenHeaderAndWrappedTexts)
 {
     const Rows rows = {{u"ID"_s}, {QString(), QString(), QString(), u"=1+1"_s}, {u"'x"_s}};
     EXPECT_EQ(Converted(QStringLiteral(SYSTEM_PYTHON), Written(WriteXls, rows), "xls", "txt").toStdString(),
@@ -124,7 +124,7 @@ TEST(Workbook, TheHeaderIsBoldAndFrozenAndTextsAreWrappedInColumnsOfTheirWidth)
               "row 2 Arial weight 400 @ wrapped top\n");
 }
 
-TEST(Workbook, LargestTablesFitAndLargerOnesAreRefusedWithPlaceAndLimit)
+TEST(Workbook, AcceptsTheLargestTablesAndRefusesLargerOnesWithPlaceAndLimit)
 {
     Rows corners(65536);
     corners.front() = corners.back() = {u"a"_s};
@@ -167,7 +167,7 @@ TEST(Workbook, LargestTablesFitAndLargerOnesAreRefusedWithPlaceAndLimit)
     EXPECT_EQ(WriteXls(endless, nullptr).fault, TooLarge);
 }
 
-TEST(Workbook, TheSameTableGivesTheSameBytesAndLeavesNothingBehind)
+TEST(Workbook, WritesTheSameBytesForTheSameTableAndNoOtherFiles)
 {
     const TempFolder folder;
     const QByteArray before = qgetenv("TMPDIR");
@@ -186,7 +186,7 @@ TEST(Workbook, TheSameTableGivesTheSameBytesAndLeavesNothingBehind)
     before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
 }
 
-TEST(Workbook, AFullDiskIsNeverACutWorkbook)
+TEST(Workbook, AFullDiskNeverLeavesATruncatedWorkbook)
 {
     const Rows rows(300, {u"ID"_s, QString(), u"some text"_s});
     TestTable table(rows);

@@ -104,7 +104,7 @@ private:
 
 } // namespace
 
-TEST(XlsReader, EachKindOfCellGivesItsTextOrNothing)
+TEST(XlsReader, ReadsTheTextOfEachKindOfCell)
 {
     const auto rk = [](qint32 packed) { return Rec(BIFF_RK, CellData(0, 0, packed)); };
     const quint64 half = 0x3FE0000000000000;
@@ -149,7 +149,7 @@ TEST(XlsReader, EachKindOfCellGivesItsTextOrNothing)
         EXPECT_EQ(Shown(BookOf(records).Build()), text);
 }
 
-TEST(XlsReader, TakesTheFirstSheetThatIsAWorksheetEvenAHiddenOne)
+TEST(XlsReader, ReadsTheFirstWorksheetEvenIfHidden)
 {
     const auto label = [](const char *text) { return Rec(BIFF_LABEL, CellData(0, 0) + Narrow(text)); };
     XlsBuilder book;
@@ -160,7 +160,7 @@ TEST(XlsReader, TakesTheFirstSheetThatIsAWorksheetEvenAHiddenOne)
     ExpectRefused(ReadXls, {{NoWorkbook, "it has no worksheet", book.Build()}});
 }
 
-TEST(XlsReader, TheTableOfTextsMayBeCutAnywhere)
+TEST(XlsReader, ReadsSharedTextsSplitAnywhere)
 {
     TextTable table;
     table.Add(u"ab\u00FFcd", 0);
@@ -185,7 +185,7 @@ TEST(XlsReader, TheTableOfTextsMayBeCutAnywhere)
     }
 }
 
-TEST(XlsReader, SaysWhyItRefusesAFile)
+TEST(XlsReader, ReportsWhyItRefusesAFile)
 {
     constexpr quint32 MANY = 0xFFFFFFFF;
     const XlsBuilder book = BookOf({});
@@ -220,7 +220,7 @@ TEST(XlsReader, SaysWhyItRefusesAFile)
          {TooLarge, "the numbers have more digits than a file of this size is granted", with(numbers)}});
 }
 
-TEST(XlsReader, EveryCutIsAnErrorOrHarmlessAndNoneACrash)
+TEST(XlsReader, SurvivesEveryTruncation)
 {
     const QByteArray stream = SmallBook().Stream();
     const Rows whole = Read(ReadXls, InContainer(stream));
@@ -239,7 +239,7 @@ TEST(XlsReader, EveryCutIsAnErrorOrHarmlessAndNoneACrash)
     }
 }
 
-TEST(XlsReader, AnyNumberInTheContainerIsHarmless)
+TEST(XlsReader, SurvivesAnyNumberInTheContainer)
 {
     QByteArray large = SmallBook().Stream();
     large.resize(9000, 0);
@@ -260,7 +260,7 @@ TEST(XlsReader, AnyNumberInTheContainerIsHarmless)
     }
 }
 
-TEST(XlsReader, LoopsAndClaimsInTheContainerCostNothing)
+TEST(XlsReader, RefusesLoopsAndFalseSizesInTheContainerCheaply)
 {
     QByteArray large = SmallBook().Stream();
     large.resize(9000, 0);

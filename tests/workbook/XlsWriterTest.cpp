@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "TestTable.h"
 
-TEST(XlsWriter, TextsOfAnyLengthAndAnyCharactersComeBack)
+TEST(XlsWriter, TextsOfAnyLengthAndCharactersReadBackEqual)
 {
     const QString wild = u"\xD83D\xDE00\xDE00\xD83D\uFFFF\uFFFE\u0000\r\uFEFF"_s;
     for (unsigned seed = 0; seed < 20; ++seed) {
@@ -12,7 +12,7 @@ TEST(XlsWriter, TextsOfAnyLengthAndAnyCharactersComeBack)
     }
 }
 
-TEST(XlsWriter, NoSurrogatePairIsSplitBetweenRecords)
+TEST(XlsWriter, SplitsNoSurrogatePairBetweenRecords)
 {
     const QByteArray file = Written(WriteXls, {{u"\U0001F600"_s.repeated(10'000), u"x\U0001F600"_s.repeated(9'000)}});
     // A record that ends in the first half of a pair, whether the head of the next one follows it.
@@ -20,7 +20,7 @@ TEST(XlsWriter, NoSurrogatePairIsSplitBetweenRecords)
     EXPECT_NE(file.indexOf(QByteArray("\x00\xDE\x3C\x00", 4)), -1);
 }
 
-TEST(XlsWriter, ATableBeyondTheSectorsThatTheHeaderListsIsReadBack)
+TEST(XlsWriter, ReadsBackATableWithMoreSectorsThanTheHeaderLists)
 {
     // 15 MiB of sectors are listed in the header and the first sector of the list behind it.
     Rows rows;
@@ -29,7 +29,7 @@ TEST(XlsWriter, ATableBeyondTheSectorsThatTheHeaderListsIsReadBack)
     EXPECT_TRUE(Read(ReadXls, Written(WriteXls, rows)) == rows);
 }
 
-TEST(XlsWriter, EachTextIsWrittenOnce)
+TEST(XlsWriter, WritesEachTextOnce)
 {
     const Rows repeated(50, {QString(1000, u'x')});
     EXPECT_LT(Written(WriteXls, repeated).size(), 10'000);

@@ -32,7 +32,7 @@ constexpr char BOOK_LINKS[] = "xl/_rels/workbook.xml.rels";
 
 } // namespace
 
-TEST(Xlsx, CellsOfEveryTypeGiveTheirTexts)
+TEST(Xlsx, ReadsTheTextsOfCellsOfEveryType)
 {
     const QByteArray file =
         Package()
@@ -56,7 +56,7 @@ TEST(Xlsx, CellsOfEveryTypeGiveTheirTexts)
                                           u"-1000|||43831|||||2"_s.split(u'|')}));
 }
 
-TEST(Xlsx, ADateIsTheNumberThatTheSheetCountsItBy)
+TEST(Xlsx, ReadsADateAsItsSerialNumber)
 {
     const auto read = [](const QByteArray &properties, const QByteArray &dates) {
         QByteArray cells;
@@ -71,7 +71,7 @@ TEST(Xlsx, ADateIsTheNumberThatTheSheetCountsItBy)
     EXPECT_EQ(read("<workbookPr date1904='false'/>", "2024-02-29"), Rows({{u"45351"_s}}));
 }
 
-TEST(Xlsx, TheFirstWorksheetIsFoundWhereverItLies)
+TEST(Xlsx, FindsTheFirstWorksheetAnywhere)
 {
     const QByteArray row = "<row><c t='s'><v>0</v></c></row>";
     const Package package = Package().Strings("<si><t>found</t></si>").Rows(row);
@@ -117,7 +117,7 @@ TEST(Xlsx, TheFirstWorksheetIsFoundWhereverItLies)
     }
 }
 
-TEST(Xlsx, SizesOf64BitsAreTaken)
+TEST(Xlsx, Accepts64BitSizes)
 {
     const QByteArray sheet = SheetOf("<row><c><v>7</v></c></row>");
     QByteArray file = Package().Rows("<row><c><v>7</v></c></row>").Build();
@@ -133,7 +133,7 @@ TEST(Xlsx, SizesOf64BitsAreTaken)
     EXPECT_EQ(Read(ReadXlsx, file), Rows({{u"7"_s}}));
 }
 
-TEST(Xlsx, WhatIsWrongIsSaid)
+TEST(Xlsx, ReportsErrors)
 {
     const auto rows = [](const QByteArray &xml) { return Package().Rows(xml).Build(); };
     const QByteArray file = rows("<row><c><v>12345</v></c></row>");
@@ -181,7 +181,7 @@ TEST(Xlsx, WhatIsWrongIsSaid)
                    {Broken, "another named xl/sheet.xml", Package().Add("XL/sheet.xml", "x").Build()}});
 }
 
-TEST(Xlsx, EveryCutIsAFaultAndNoDamageACrash)
+TEST(Xlsx, RefusesEveryTruncationAndSurvivesDamage)
 {
     const QByteArray whole = Written(WriteXlsx, AwkwardTable(3));
     for (qsizetype size = 0; size < whole.size(); ++size)
@@ -193,7 +193,7 @@ TEST(Xlsx, EveryCutIsAFaultAndNoDamageACrash)
     }
 }
 
-TEST(Xlsx, BombsAreRefusedWithLittleMemory)
+TEST(Xlsx, RefusesZipBombsWithLittleMemory)
 {
     const auto sheet = [](const QByteArray &rows) {
         return Package().Set("xl/sheet.xml", SheetOf(rows), true).Build();
