@@ -66,7 +66,7 @@ TEST(ActionRoute, SendsAnActionToTheFirstTargetThatClaimsItIfEnabled)
 namespace
 {
 
-/// The menu bar as a user reads it: titles, entries, keys; a disabled entry is in parentheses.
+/// Returns the menu bar as a user reads it: titles, entries, keys. Disabled entries are in parentheses.
 std::string Shown(const QMenuBar &bar)
 {
     QString all;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The windows of projects: how they are arranged, minimised and closed, and what is there afterwards.
+// Tests how the windows of projects are arranged, minimised and closed, and the state afterwards.
 #include "TestWindow.h"
 
 #include <QMdiArea>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The boxes and dialogs of the program, as a user meets them.
+// Tests the boxes and dialogs of the program as a user operates them.
 #include "IdeCommandHandler.h"
 #include "TestWindow.h"
 
@@ -13,7 +13,7 @@
 namespace
 {
 
-/// Does something once with the dialog or box that opens next, and closes it in any case.
+/// Calls `what` once with the dialog or box that opens next, and always closes it.
 template <typename Dialog> void WhenOpen(TestWindow &window, std::function<void(Dialog &)> what)
 {
     auto *const timer = new QTimer(&window.Frame());
@@ -83,7 +83,7 @@ TEST(UserBoxes, FileDialogAddsTheOnlyExtensionOfItsTypeToATypedName)
             for (int i = 0; i < type; ++i)
                 QTest::keyClick(TypesOf(dialog), Qt::Key_Down);
             dialog.findChild<QLineEdit *>()->setText(name);
-            WhenOpen<QMessageBox>(window, [&](QMessageBox &box) { box.reject(); }); // there is no such file
+            WhenOpen<QMessageBox>(window, [&](QMessageBox &box) { box.reject(); }); // reports the missing file
             QTest::keyClick(dialog.findChild<QLineEdit *>(), Qt::Key_Return);
         });
         return window.Frame().Boxes().OpenFileDialog(filter, 1, true, QString()).join(u' ');

@@ -68,7 +68,7 @@ TEST(Channel, ACommandEndsAnUnfinishedUserAction)
     });
     QContextMenuEvent click(QContextMenuEvent::Mouse, QPoint(9, 9),
                             window.Tree().viewport()->mapToGlobal(QPoint(9, 9)));
-    QApplication::sendEvent(window.Tree().viewport(), &click); // an entry chosen later would act on the other project
+    QApplication::sendEvent(window.Tree().viewport(), &click); // a menu left open would act on the other project
     EXPECT_EQ(window.Document().PathName(), window.Project("other"));
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 

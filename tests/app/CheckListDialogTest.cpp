@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The dialog of check boxes, as a user meets it.
+// Tests the dialog of check boxes as a user operates it.
 #include "CListFltrDlg.h"
 #include "CListGrid.h"
 #include "Settings.h"
@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Three rows; remembers what it is told.
+/// Has three rows, and records its calls.
 struct FakeHelper : IListFltrHelper
 {
     bool InitList(CheckList &list) override

@@ -14,12 +14,12 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// A project's folders, and a list of them in an item model that Qt's own tester watches.
+/// The folders of a project, and a list of them in an item model that QAbstractItemModelTester checks.
 struct ListWorld : TestModel
 {
     explicit ListWorld(const QByteArray &settings = {}) : TestModel(settings) { shown.SetList(&list); }
 
-    /// The rows: the ID, "*" for a Push one, and the path behind "=".
+    /// Returns the rows: the ID, "*" for a Push one, and the path after "=".
     [[nodiscard]] std::string Rows() const
     {
         std::string text;
@@ -61,7 +61,7 @@ TEST(FileList, AddsFilesByClassWithUniqueIds)
     EXPECT_EQ(NamesIn(world.audio) + "|" + NamesIn(world.binary), "ID_AUDIO_SONG ID_AUDIO_SONG1|ID_FILE_A ID_FILE_TXT");
     const QString project = QFileInfo(world.PathName()).path();
     const QString other = QFileInfo(project).path() + u'/' + QFileInfo(project).fileName().toUpper();
-    ASSERT_TRUE(QDir().mkpath(other)); // of another case: another folder here
+    ASSERT_TRUE(QDir().mkpath(other)); // differs in case only, so it is another folder here
     QFile::copy(world.folder.Path("song.wav"), other + u"/song.wav"_s);
     EXPECT_EQ(world.list.AddFileRow(0, other + u"/song.wav"_s), FILE_EDIT_DONE);
     EXPECT_EQ(world.list.CellText(0, 2), other + u"/song.wav"_s);
@@ -88,7 +88,7 @@ TEST(FileList, RefusesFilesThatNoProjectCanHave)
     ASSERT_EQ(symlink(qPrintable(world.Put("real.wav")), qPrintable(world.folder.Path("link.wav"))), 0);
     world.Put("locked.wav");
     ASSERT_EQ(chmod(qPrintable(world.folder.Path("locked.wav")), 0), 0);
-    QString deep; // over 3,000 characters
+    QString deep; // a path of more than 3,000 characters
     for (int i = 0; i < 15; ++i) {
         deep += QString(200, u'd') + u'/';
         world.folder.MakeFolder(qPrintable(deep));
@@ -164,7 +164,7 @@ TEST(FileList, SortsRemovesAndClears)
     world.list.Sort(-1);
     EXPECT_EQ(last.data().toString(), u"ID_AUDIO_N399"_s);
     EXPECT_EQ(world.list.CellText(399, 0) + world.list.CellText(400, 0), u"ID_AUDIO_N1<New>"_s);
-    for (const int state : {2, 3}) { // both by the path
+    for (const int state : {2, 3}) { // both sort by path
         world.list.Sort(state);
         EXPECT_EQ(world.list.CellText(2, 2) + world.list.CellText(400, 0), u".\\n2.txt<New>"_s);
     }
@@ -174,7 +174,7 @@ TEST(FileList, SortsRemovesAndClears)
     world.list.Remove(some);
     EXPECT_EQ(world.list.CellText(3, 2), u".\\n6.txt"_s);
     some.clear();
-    for (int row = 0; row < world.list.RowCount(); row += 2) // so many pieces that it is a reset
+    for (int row = 0; row < world.list.RowCount(); row += 2) // so many separate rows that the model is reset
         some.push_back(row);
     world.list.Remove(some);
     EXPECT_EQ(world.list.Files(), 198);
@@ -208,7 +208,7 @@ TEST(FileList, EnablesThePossibleCommands)
     {
         std::vector<int> selected;
         const char *always;
-        const char *inMenu; // "*": with a check mark
+        const char *inMenu; // "*": has a check mark
     };
     for (const Case &each :
          {Case{{}, "xx--x-xxx", "xx----x--"}, Case{{0}, "xxxxxxxxx", "xxxxxxx*x"}, Case{{1}, "xxxxxxxxx", "xxxxxxxxx"},

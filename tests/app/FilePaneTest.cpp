@@ -6,7 +6,7 @@
 
 #include <unistd.h>
 
-// Rows by ID: ID_A (audio), ID_B2 (video, Push), ID_B10 (binary), ID_GONE (binary, not there), the new row.
+// Rows by ID: ID_A (audio), ID_B2 (video, Push), ID_B10 (binary), ID_GONE (binary, its file is missing), the new row.
 
 TEST(FilePane, ListsSortsAndRemembersTheOrder)
 {
@@ -57,7 +57,7 @@ TEST(FilePane, EditsIdsInPlace)
     EXPECT_EQ(window.boxes, (QStringList{u"The ID is invalid."_s, u"The ID already exists, or it is reserved."_s}));
     window.Activate();
     QTest::keyClicks(&window.Editor(), u"id_typed"_s);
-    window.Frame().RunAction(ACTION_SAVE); // takes it
+    window.Frame().RunAction(ACTION_SAVE); // applies the typed text
     EXPECT_EQ(window.Rows().mid(4), (QStringList{u"ID_TYPED|Normal|"_s, u"<New>||"_s}));
     EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{4}) << "the row became the resource's";
     EXPECT_THAT(window.folder.Get("demo/res/demo.res.xml").toStdString(), testing::HasSubstr("ID_TYPED"));
@@ -87,7 +87,7 @@ TEST(FilePane, PlacesTheButtonAndTheBoxOfTypes)
     window.Settle();
     window.Click(0, 2);
     EXPECT_TRUE(isPlaced());
-    window.Frame().RunAction(ACTION_RENAME); // widens the IDs, so that the list scrolls
+    window.Frame().RunAction(ACTION_RENAME); // makes the IDs wider, so that the list scrolls
     window.Settle();
     EXPECT_TRUE(window.Editor().isVisible() && !isPlaced());
     QTest::keyClick(&window.Editor(), Qt::Key_Escape);
@@ -108,7 +108,7 @@ TEST(FilePane, PlacesTheButtonAndTheBoxOfTypes)
     EXPECT_EQ(window.Rows().first(), u"ID_A|Push|.\\res\\a.wav"_s);
     EXPECT_EQ(window.List().At(0)->Id()->pushKind, PUSH_AUDIO);
     window.Click(1, 1);
-    QTest::keyClick(&window.TypeBox(), Qt::Key_Up); // chooses as a click does
+    QTest::keyClick(&window.TypeBox(), Qt::Key_Up); // selects the other type, like a click
     EXPECT_EQ(window.Rows()[1], u"ID_B2|Normal|.\\res\\b2.avi"_s);
     window.Click(1, 1);
     window.Click(2, 0); // the box loses the focus

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The find bar and the strip of details of the string view, each by itself.
+// Tests the find bar and the details strip of the string view, each on its own.
 #include "FindBar.h"
 #include "DetailsStrip.h"
 #include "FilterChoice.h"

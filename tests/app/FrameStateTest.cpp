@@ -93,7 +93,7 @@ TEST(FrameState, IgnoresADamagedStateOfTheBars)
     window.Frame().close();
     QByteArray settings = window.folder.Get("bin/Morvanite.ini");
     const qsizetype place = settings.indexOf("state=") + 40;
-    settings[place] = settings[place] == 'B' ? 'C' : 'B'; // a restore of such a one can crash
+    settings[place] = settings[place] == 'B' ? 'C' : 'B'; // Qt can crash when it restores such a state
     window.folder.Put("bin/Morvanite.ini", settings);
     window.Restart();
     EXPECT_FALSE(window.Frame().Bars().OutputBar().isHidden());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which languages a project has: the choice among those of the language table, without a window.
+// Tests the choice of a project's languages from the language table, without a window.
 #include "CLangFltr.h"
 #include "FakeBoxes.h"
 #include "TableProject.h"
@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// A project with English and a language that the table of languages doesn't have, and the choice as it opens.
+/// A project with English and a language that is not in the language table, and the choice in its initial state.
 struct LanguageChoice : TableProject
 {
     LanguageChoice(const QByteArray &file = "Number of Language|2\nString ID|Resource Type|Description|English(9)|"
@@ -41,7 +41,7 @@ struct LanguageChoice : TableProject
             list.SetChecked(size_t(row - list.rows.begin()), !row->checked);
         }
     }
-    /// The result of OK, what was asked, and the languages' columns afterwards.
+    /// Presses OK. Returns the result, the question, and the language columns afterwards.
     std::string Ok(bool answer = true)
     {
         boxes.asked.clear();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How a cell of a list is drawn, in which direction its text runs, and where a row is.
+// Tests how a cell of a list is drawn, the direction of its text, and the rectangle of a row.
 #include "CListGrid.h"
 #include "ListCellDelegate.h"
 #include "TextDirection.h"
@@ -50,7 +50,7 @@ QImage Drawn(const ListCellDelegate &delegate, const Cell &cell)
     return image;
 }
 
-/// The columns of a picture that aren't all of the colour of its left lower corner, from the first to the last.
+/// Returns the first and the last column of an image that has another colour than its lower left corner.
 std::pair<int, int> Ink(const QImage &image)
 {
     std::pair<int, int> ink(image.width(), -1);
@@ -133,7 +133,7 @@ TEST(CListGrid, FindsTheRectangleOfARowInBothDirections)
             QApplication::processEvents();
             grid.horizontalScrollBar()->setValue(30);
             const QRect cells = grid.visualRect(model.index(1, 0)) | grid.visualRect(model.index(1, 2));
-            EXPECT_EQ(grid.RowRect(1).adjusted(0, 0, -1, -1), cells) << direction << ' ' << width; // without the lines
+            EXPECT_EQ(grid.RowRect(1).adjusted(0, 0, -1, -1), cells) << direction << ' ' << width; // without grid lines
         }
     }
 }

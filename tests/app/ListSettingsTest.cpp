@@ -22,7 +22,7 @@ TEST(ListSettings, StoreTheWidthsFromLastColumnToFirstAndTheSortState)
     const auto writeOf = [&folder] {
         struct stat info = {};
         stat(folder.Path("a.ini").toUtf8().constData(), &info);
-        return info.st_ino; // a write replaces the file
+        return info.st_ino; // every write replaces the file
     };
     const auto before = writeOf();
     EXPECT_TRUE(list.Save({200, 0, 400}, -3));

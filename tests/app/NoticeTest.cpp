@@ -107,7 +107,7 @@ TEST(NoticeBar, MessagesOfASaveOnClosingAppearInABoxAndOnStandardError)
         window.Document().SetModifiedFlag(true);
     };
     changeOutside();
-    window.Frame().Bars().OutputBar().hide(); // which would have it otherwise
+    window.Frame().Bars().OutputBar().hide(); // if it were visible, it would show the message
     window.Answer({QMessageBox::Yes, QMessageBox::Ok});
     window.Frame().RunAction(ACTION_CLOSE);
     EXPECT_TRUE(TestWindow::WaitFor([&window] { return window.boxes.size() == 2; }));

@@ -27,7 +27,7 @@ TEST(InfoPane, ScrollsToTheEndUnlessTheUserScrolledAway)
     pane.setTextCursor(selection);
     append(u" more\r\n"_s);
     EXPECT_EQ(pane.textCursor().selectedText(), selection.selectedText());
-    pane.Run(ACTION_SELECT_ALL); // the selection ends where the text does, and stays what it is
+    pane.Run(ACTION_SELECT_ALL); // the selection ends at the end of the text, and new text doesn't extend it
     const qsizetype selected = pane.textCursor().selectedText().size();
     append(u"x"_s);
     EXPECT_EQ(pane.textCursor().selectedText().size(), selected);
@@ -56,7 +56,7 @@ TEST(InfoPane, ShowsMuchOutputInOrderPieceByPiece)
     EXPECT_TRUE(TestWindow::WaitFor([&] { return pane.toPlainText().size() >= all.size(); }));
     EXPECT_EQ(pane.toPlainText(), all);
     pane.Append(u"late\r\n");
-    pane.Run(ACTION_CLEAR_OUTPUT); // nothing comes after it
+    pane.Run(ACTION_CLEAR_OUTPUT); // drops the text that isn't shown yet
     TestWindow::Settle();
     EXPECT_TRUE(pane.toPlainText().isEmpty());
 }
@@ -79,7 +79,7 @@ TEST(InfoPane, TheMenuKeyOpensTheMenuInsideThePane)
     pane.resize(300, 100);
     pane.show();
     pane.Append(QString(u"a long line that goes on and on, far beyond the right edge of the pane\r\n"_s).repeated(50));
-    for (const bool isAllSelected : {true, false}) { // which begins above the pane
+    for (const bool isAllSelected : {true, false}) { // the selection begins above the visible part
         pane.GoToEnd();
         if (isAllSelected)
             pane.Run(ACTION_SELECT_ALL);

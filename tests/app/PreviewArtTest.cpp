@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The preview that draws the images and texts of its components, in a window.
+// Tests the preview that draws the images and texts of its components, in a window.
 #include "CLotScreenView.h"
 #include "StringWindow.h"
 
@@ -8,8 +8,8 @@
 namespace
 {
 
-/// A project whose layout has an image in its own size, the same stretched, a text, a reference to nothing, and tiles
-/// far beyond the screen.
+/// A project whose layout has an image in its own size, the same image stretched, a text, a reference to a missing
+/// resource, and tiles far beyond the screen.
 struct ArtWindow : TestWindow
 {
     explicit ArtWindow(bool hasPictures)
@@ -51,7 +51,7 @@ struct ArtWindow : TestWindow
         EXPECT_TRUE(picture.save(folder.Path("demo/res/red.png")));
     }
     [[nodiscard]] CLotScreenView &View() const { return StringWindow::Find<CLotScreenView>(Child()); }
-    /// What is painted, from the corner of the screen on.
+    /// Returns the painted image, from the corner of the screen on.
     [[nodiscard]] QImage Painted() const
     {
         const PreviewPlace place = View().Place();

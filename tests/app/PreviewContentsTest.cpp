@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the preview draws of a component when it draws pictures: images and texts that properties refer to.
+// Tests which images and texts the preview draws for a component: those that its properties refer to.
 #include "PreviewContents.h"
 
 #include "CLayoutRes.h"
@@ -50,7 +50,7 @@ TEST(PreviewContents, AreTheImagesAndTextsThatPropertiesReferTo)
     const auto of = [&](size_t component) { return contents.Of(*layout->Components()[component]); };
 
     PreviewContent box;
-    box.images = {"own.png", "all.png"}; // that of the base too, and of two images of one ID that of the resolution
+    box.images = {"own.png", "all.png"}; // has the image of the base; with two images of one ID, that of the resolution
     box.backgroundAlpha = 0x80;
     EXPECT_EQ(of(0), box) << "a component with others in it shows no text";
 

@@ -12,7 +12,7 @@
 namespace
 {
 
-/// The labels of a tree, indented by two for each level.
+/// Returns the labels of a tree, indented by two for each level.
 std::string Shown(const QTreeWidgetItem *item, int depth = 0)
 {
     std::string all = std::string(size_t(depth) * 2, ' ') + item->text(0).toStdString() + '\n';
@@ -83,7 +83,7 @@ TEST(ProjectWindow, ClearAsksAndMarksTheProjectModifiedUntilItIsSaved)
     window.Frame().RunAction(ACTION_CLEAR);
     EXPECT_FALSE(window.Document().IsModified());
     EXPECT_TRUE(window.Document().IsIdInUse(u"ID_IMAGE"_s));
-    window.Frame().RunAction(ACTION_CLEAR); // of the selected folder: the context menu's is used up
+    window.Frame().RunAction(ACTION_CLEAR); // applies to the selected folder: that of the context menu was used once
     EXPECT_EQ(window.boxes, QStringList({u"All resources of \"Images\" will be deleted. Continue?"_s,
                                          u"All resources of \"demo\" will be deleted. Continue?"_s}));
     EXPECT_FALSE(window.Document().IsIdInUse(u"ID_IMAGE"_s));

@@ -16,7 +16,7 @@
 namespace
 {
 
-/// A property grid of its own in a window of its own, over a component of a project that is open.
+/// A property grid in a window of its own, for a component of an open project.
 struct PropertyWindow : TestWindow
 {
     PropertyWindow()
@@ -53,7 +53,7 @@ struct PropertyWindow : TestWindow
         }
         throw std::runtime_error("no such control shows");
     }
-    /// Says whether an editor is open.
+    /// Returns whether an editor is open.
     [[nodiscard]] bool IsOpen() const
     {
         const QList<QWidget *> all = Grid().viewport()->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
@@ -74,7 +74,7 @@ struct PropertyWindow : TestWindow
     }
     [[nodiscard]] QByteArray Stored(const NarrowText &name) const { return box->component->GetAttribute(name); }
 
-    /// Clicks on a row as the user does: on what is there, which may be a control.
+    /// Clicks on a row as the user does: on the widget at that place, which may be an editor's control.
     void Click(const QString &name, int col = 0) const
     {
         WakeUp();
@@ -103,7 +103,7 @@ struct PropertyWindow : TestWindow
     CLayoutRes *layout = nullptr;
     CZulClass *box = nullptr;
     std::unique_ptr<CLotEditorView> view;
-    std::string told; // what `changed` has been told
+    std::string told; // what the callback `changed` was called with
 
     static inline const QByteArray CLASSES =
         "<catalogue version='1'><enumeration name='Side'><item name='left'/><item name='right'/></enumeration>"
@@ -116,7 +116,7 @@ struct PropertyWindow : TestWindow
         "<member name='area' type='ZulRect'/><member name='picture' type='ZulImageSrc'/></class></catalogue>";
 };
 
-/// The rows, as the grid shows them: "*" before a name in bold, "#" before a heading.
+/// Returns the rows as the grid shows them: "*" before a bold name, "#" before a heading.
 std::string RowsOf(const CListGrid &grid)
 {
     QString rows;
@@ -185,7 +185,7 @@ TEST(PropertyGrid, EveryEditorIsReachableByTheKeyboard)
     EXPECT_FALSE(window.IsOpen());
     window.Key(Qt::Key_F2);
     window.Type(u"5"_s);
-    window.Key(Qt::Key_PageDown); // which a line has no use for, and which isn't the grid's
+    window.Key(Qt::Key_PageDown); // a text box doesn't use this key, and it must not reach the grid
     EXPECT_EQ(window.Named(u"top"_s).text(), u"5"_s);
     window.Key(Qt::Key_Escape);
     EXPECT_TRUE(window.Grid().hasFocus() && !window.IsOpen() && window.Value(u"top"_s).empty());
@@ -301,7 +301,7 @@ TEST(PropertyGrid, WritesAColorFromTheDialogWhenTheEditorEnds)
     }
     EXPECT_EQ(window.Value(u"tint"_s), "RGB(1, 2, 3)");
     window.Click(u"tint"_s);
-    QTimer::singleShot(20, [&] { window.view->LetGo(); }); // as a reload does
+    QTimer::singleShot(20, [&] { window.view->LetGo(); }); // a reload does this
     ChooseColor(QColor(4, 5, 6));
     QTest::mouseClick(&swatch, Qt::LeftButton);
     window.Settle();
@@ -317,7 +317,7 @@ TEST(PropertyGrid, EditsNameAndParentAndClosesTheEditorOfADestroyedComponent)
     EXPECT_EQ(window.told, "") << "not within the key";
     window.view->changed = [&](Applied applied) {
         EXPECT_EQ(applied, Applied::TreeChanged);
-        window.view->ShowComponent(window.layout, nullptr); // as a list that is built anew may do
+        window.view->ShowComponent(window.layout, nullptr); // a rebuild of the list may do this
         window.view->ShowComponent(window.layout, window.box);
     };
     window.Settle();

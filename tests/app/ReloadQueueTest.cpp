@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// When and in which order the user is asked about files that other programs have changed, without a window; and the
-// dialog that asks.
+// Tests when and in which order the user is asked about files that other programs have changed, without a window, and
+// the dialog that asks.
 #include "ReloadQueue.h"
 #include "CFileWatchDlg.h"
 #include "Document.h"
@@ -27,8 +27,8 @@ struct FakeDocument : CDocument
     void ReportSaveLoadException(const QString &, const ArchiveException &, bool) override {}
 };
 
-/// Files of two projects, each with the class of its handle: 1, 11 resources, 2, 12 strings, 3, 13 and above a layout,
-/// 9 the configuration. Remembers what is asked ("?") and reloaded ("!").
+/// Files of two projects, each with the class of its handle: 1 and 11 are resources, 2 and 12 strings, 3, 13 and above
+/// layouts, 9 the configuration. Records questions ("?") and reloads ("!").
 struct FakeHost : IReloadHost
 {
     FakeHost()
@@ -58,11 +58,11 @@ struct FakeHost : IReloadHost
     void Reload(CDocument &, quint32 handle) override
     {
         log += QString::number(handle) + u'!';
-        if (handle == 1) // its reload watches all files of the project anew
+        if (handle == 1) // its reload watches all files of the project again
             std::erase_if(files, [&](const auto &file) { return file.second.doc == &first; });
     }
 
-    /// What is asked and reloaded after these files have changed together.
+    /// Returns the questions and reloads after these files have changed together.
     std::string Change(const std::vector<quint32> &handles)
     {
         queue.Add(handles);
@@ -116,7 +116,7 @@ TEST(ReloadQueue, WaitsUntilTheUserCanBeAskedAndForgetsRemovedFiles)
     host.whileAsked = [&] { host.queue.Add({2, 11}); };
     EXPECT_EQ(host.Change({2}), "2?11?2?") << "No is about what had changed before the question";
 
-    host.whileAsked = [&] { host.files.clear(); }; // all projects are closed
+    host.whileAsked = [&] { host.files.clear(); }; // as if all projects were closed
     EXPECT_EQ(host.Change({2, 12, 13}), "2?");
     EXPECT_TRUE(host.queue.IsEmpty());
 }

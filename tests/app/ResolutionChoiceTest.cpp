@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Which resolutions a project is for: the choice without a window, its dialog, and the command in the window. And the
-// dialog that asks for a zoom.
+// Tests the choice of a project's resolutions: without a window, in its dialog, and by the command in the window. Also
+// tests the dialog for the zoom.
 #include "CResoFltr.h"
 #include "CTreeFltrDlg.h"
 #include "CZoomRatioDlg.h"
@@ -19,7 +19,7 @@
 namespace
 {
 
-/// Remembers what it is told.
+/// Records its calls.
 struct FakeTreeHelper : ITreeFltrHelper
 {
     void InitTree(CheckTree &tree) override
@@ -48,14 +48,14 @@ std::string TakeTold(FakeTreeHelper &helper)
     return std::exchange(helper.told, {}).toStdString();
 }
 
-/// The place of a row's check box, or of its text.
+/// Returns the position of a row's check box, or of its text.
 QPoint PlaceIn(const QTreeWidget &tree, const QString &label, bool isText)
 {
     const QRect row = tree.visualItemRect(tree.findItems(label, Qt::MatchExactly | Qt::MatchRecursive).front());
     return {row.left() + (isText ? 30 : 9), row.center().y()};
 }
 
-/// The folders of resolutions that are in use, with the number of layouts or images in each.
+/// Returns the resolution folders in use, with the number of layouts or images in each.
 std::string InUse(const CResModel &model)
 {
     QStringList names;
@@ -177,7 +177,7 @@ TEST(ResolutionChoice, TheCommandUpdatesTreePanesAndSelection)
     TestWindow window;
     window.MakeProject("wide", TWO_SCREENS);
     window.Start({window.Project("wide")});
-    const auto choose = [&](const QString &label) { // takes 320x240 out or in, and presses Enter until that is applied
+    const auto choose = [&](const QString &label) { // toggles 320x240, and presses Enter until the dialog closes
         QTimer user;
         bool isChosen = false;
         QObject::connect(&user, &QTimer::timeout, [&] {

@@ -34,7 +34,7 @@ struct ScreenWindow : TestWindow
                    "<Label pos=\"(10,30)\" size=\"(60,30)\" name=\"inner\"/></Panel>"
                    "<Label pos=\"(20,130)\" size=\"(200,40)\" name=\"over\"/></Layout></TarvoXML>");
         Start({Project()});
-        Frame().setGeometry(0, 0, 790, 600); // as a whole on the screen, where the menu opens
+        Frame().setGeometry(0, 0, 790, 600); // completely on the screen, where the menu opens
         Child().Selected().SelectFolder(Document().root.FindFolder(KIND_LAYOUT, 3));
         Settle();
         View().setFixedSize(220, 200);
@@ -58,15 +58,15 @@ struct ScreenWindow : TestWindow
         QWheelEvent event(place, Port().mapToGlobal(place), {}, turned, Qt::NoButton, keys, Qt::NoScrollPhase, false);
         QApplication::sendEvent(&Port(), &event);
     }
-    /// Clicks at a point of the layout. Returns what is picked.
+    /// Clicks at a point of the layout. Returns the component that the click selects.
     QByteArray Click(QPoint point, Qt::KeyboardModifiers keys = {})
     {
         picks.clear();
         QTest::mouseClick(&Port(), Qt::LeftButton, keys, point + QPoint(10, 10) - Scroll());
         return picks.join(' ');
     }
-    /// Opens the menu of the view, and gives its entries: "*" before the one with the mark, parentheses where disabled.
-    /// `chosen` is triggered.
+    /// Opens the menu of the view and returns its entries: "*" before the checked one, disabled ones in parentheses.
+    /// Triggers `chosen`.
     std::string Menu(const QString &chosen = {}, bool isKeyboard = false, QPoint *place = nullptr) const
     {
         std::string all;
@@ -98,7 +98,7 @@ struct ScreenWindow : TestWindow
     QByteArrayList picks;
 };
 
-/// The region of the next repaint of a widget.
+/// Records the region of a widget's next repaint.
 struct PaintedRegion : QObject
 {
     explicit PaintedRegion(QWidget &widget) { widget.installEventFilter(this); }
@@ -127,7 +127,7 @@ TEST(ScreenView, ZoomsAndScrollsByTheWheelWithAtMostOneModifierKey)
     EXPECT_EQ(window.Percent(), 990);
     EXPECT_LE((window.PointAt(place) - kept).manhattanLength(), 1) << "what is under the pointer stays there";
     for (int i = 0; i < 12; ++i)
-        window.Wheel(-1, Qt::ControlModifier); // as a touchpad does
+        window.Wheel(-1, Qt::ControlModifier); // small steps, like a touchpad
     EXPECT_EQ(window.Percent(), 989);
 
     const QPoint before = window.Scroll();
@@ -221,7 +221,7 @@ TEST(ScreenView, ZoomsByKeysAndByItsMenu)
     EXPECT_FALSE(window.Frame().IsEnabled(ACTION_FIT_VIEW)) << "Ctrl+Home is a key of the text";
     window.Settle();
     window.View().setFocus();
-    QTest::keyClick(&window.View(), Qt::Key_PageUp, Qt::ControlModifier); // with no time between
+    QTest::keyClick(&window.View(), Qt::Key_PageUp, Qt::ControlModifier); // immediately after the focus
     EXPECT_EQ(window.Percent(), 66);
     QTest::keyClick(&window.View(), Qt::Key_Home, Qt::ControlModifier);
     const auto *const layout = dynamic_cast<CLayoutRes *>(window.Selected()->resources.First());
@@ -257,6 +257,6 @@ TEST(ScreenView, ReportsThePointAndRepaintsOnlyChanges)
     window.Settle();
     EXPECT_TRUE(painted.region.contains(QPoint(10, 40)) && painted.region.contains(QPoint(179, 40)));
     EXPECT_FALSE(painted.region.contains(QPoint(60, 170)));
-    window.Click({25, 60}); // the label in it has moved with it
+    window.Click({25, 60}); // the label inside moved along
     EXPECT_EQ(window.picks, QByteArrayList{"inner"});
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is selected, and what the views hold, while folders go and come.
+// Tests the selection, and the rows of the views, while folders are created and destroyed.
 #include "TestProject.h"
 #include "TestWindow.h"
 
@@ -8,7 +8,7 @@
 namespace
 {
 
-/// A layout's folder of a resolution.
+/// Adds a layout's folder to that of a resolution.
 CResFolder &AddLayout(CResModel &model, CResFolder &resolution, const char *title)
 {
     resolution.AddFolder(model.CreateFolder(KIND_LAYOUT, resolution.index));
@@ -39,7 +39,7 @@ TEST(Selection, ReplacesADestroyedNodeByTheOneThatTakesItsPlace)
     EXPECT_TRUE(doc.DeleteFolder(first));
     doc.ClearFolder(*doc.root.FindFolder(KIND_AUDIO, 2));
     EXPECT_EQ(selection.SelectedFolder(), &second) << "others went";
-    doc.ClearFolder(screen); // as a reload of its layout file does
+    doc.ClearFolder(screen); // a reload of its layout file does this
     EXPECT_EQ(selection.SelectedFolder(), nullptr);
     AddLayout(doc, screen, "ID_OTHER");
     CResFolder &again = AddLayout(doc, screen, "ID_SECOND");
@@ -62,7 +62,7 @@ TEST(Selection, ReplacesADestroyedNodeByTheOneThatTakesItsPlace)
     EXPECT_TRUE(selection.GoOut());
     EXPECT_EQ(selection.SelectedFolder(), doc.root.FindFolder(KIND_IMAGES, 1));
     selection.SelectFolder(&images);
-    images.kind |= KIND_FLAG_OFF; // the user has taken the resolution out of use
+    images.kind |= KIND_FLAG_OFF; // the user took the resolution out of use
     selection.Refresh();
     EXPECT_EQ(selection.SelectedFolder(), &doc.root);
 }
@@ -94,7 +94,7 @@ TEST(Selection, TheWindowHidesRowsOfADestroyedFolderAndShowsNewOnesAfterTheUpdat
     window.Child().Selected().SelectFolder(&AddLayout(doc, screen, "ID_B"));
     doc.UpdateAllViews(nullptr);
     doc.ClearFolder(doc.root);
-    window.Settle(); // nothing that is painted or asked for reads what has gone
+    window.Settle(); // no paint event or query reads a destroyed node
     EXPECT_EQ(window.Selected(), nullptr);
     EXPECT_FALSE(window.Frame().IsEnabled(ACTION_CLEAR));
     doc.UpdateAllViews(nullptr);

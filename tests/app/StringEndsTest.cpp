@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The project goes while the user is in the middle of something in its strings.
+// Tests that a project can be closed or changed while the user is editing its strings.
 #include "CListFltrDlg.h"
 #include "FindBar.h"
 #include "IdeCommands.h"
@@ -12,12 +12,12 @@ namespace
 
 using Window = StringWindow;
 
-/// What the user is in the middle of; "kept" is what must not be lost.
+/// A state in the middle of a user action; "kept" marks text that must not be lost.
 struct Middle
 {
     const char *what;
     void (*begin)(Window &);
-    bool hasText; // that is typed, and isn't in the table yet
+    bool hasText; // it was typed, but isn't in the table yet
 };
 const Middle MIDDLES[] = {
     {"editor",
@@ -66,7 +66,7 @@ TEST(StringEnds, ClosingAppliesTypedTextAndAsks)
     }
 }
 
-/// A text that the table refuses keeps the project open.
+/// A project whose table refuses a text stays open.
 TEST(StringEnds, ClosingReportsARefusedText)
 {
     for (const bool isMain : {true, false}) {
@@ -82,7 +82,7 @@ TEST(StringEnds, ClosingReportsARefusedText)
     }
 }
 
-/// Without any farewell.
+/// Destroys the view without closing it first.
 TEST(StringEnds, TheViewCanBeDestroyedAtAnyTime)
 {
     for (const Middle &middle : MIDDLES) {
@@ -153,7 +153,7 @@ TEST(StringEnds, CommandsAndClosingWaitForADialogOrABox)
     }
 }
 
-/// The tree changes below what is open.
+/// The tree changes while an editor or dialog is open.
 TEST(StringEnds, ReloadingAndClearingEndTheEditing)
 {
     const std::pair<const char *, void (*)(Window &)> ends[] = {

@@ -19,7 +19,7 @@ const ActionId ACTIONS[] = {ACTION_NEW,    ACTION_IMPORT,     ACTION_EXPORT, ACT
                             ACTION_REDO,   ACTION_COPY,       ACTION_PASTE,  ACTION_DELETE,   ACTION_DELETE_ALL,
                             ACTION_RENAME, ACTION_SELECT_ALL, ACTION_CUT};
 
-/// Which of them are enabled, a letter each.
+/// Returns which commands are enabled, a letter for each.
 std::string Enabled(const StringWindow &window)
 {
     std::string text;
@@ -34,7 +34,7 @@ TEST(StringPane, EnablesThePossibleCommands)
 {
     StringWindow empty("Number of Language|1\nString ID|Resource Type|Description|English(9)\n##number|0\n");
     EXPECT_EQ(Enabled(empty), "xx-x-----x-x-");
-    empty.Grid().SelectAlone(0, 0); // the new-row line
+    empty.Grid().SelectAlone(0, 0); // the line for a new row
     EXPECT_EQ(Enabled(empty), "xx-x-----xxx-");
     empty.app.reset();
 
@@ -169,7 +169,7 @@ TEST(StringPane, AddsDroppedFilesAndReportsTheRest)
     window.Document().SetModifiedFlag(false);
 }
 
-/// Another node and back: the grid shows the tree, with the row that was in focus.
+/// Selects another node and the strings again: the grid shows the tree, with the same row in focus.
 TEST(StringPane, ReturnsToItsRow)
 {
     StringWindow window;
@@ -220,7 +220,7 @@ TEST(StringPane, ExtendsTheSelectionToANewLanguage)
     window.Document().SetModifiedFlag(false);
 }
 
-/// The project goes away below the grid.
+/// The nodes that the grid shows are destroyed.
 TEST(StringPane, ForgetsReloadedOrClearedRows)
 {
     StringWindow window;
@@ -304,7 +304,7 @@ TEST(StringPane, CopiesPastesAndReplacesCellsInOneStep)
 
     window.Activate();
     window.Frame().RunAction(ACTION_REPLACE);
-    window.Type(u"e"_s); // See, Ten, Mer
+    window.Type(u"e"_s); // occurs in See, Ten and Mer
     auto &bar = StringWindow::Find<FindBar>(window.View());
     for (QLineEdit *field : bar.findChildren<QLineEdit *>()) {
         if (field->placeholderText().contains(u"eplace"_s))
@@ -371,7 +371,7 @@ TEST(StringPane, ExportsAndImportsByDialogs)
     window.Frame().RunAction(ACTION_UNDO);
     window.Grid().SelectAlone(1, 0);
     window.Frame().RunAction(ACTION_COPY);
-    choose(ACTION_IMPORT, QString()); // and cancelled
+    choose(ACTION_IMPORT, QString()); // cancels the dialog
     EXPECT_TRUE(window.Table().history.CanRedo() && !window.Table().Copied().empty());
     choose(ACTION_IMPORT, book + u".xls"_s);
     EXPECT_EQ(window.Shown(0, 4), "Deux");

@@ -12,11 +12,11 @@ TEST(StringView, EditsCellsByTheKeyboard)
     {
         const char *what;
         int row, col;
-        const char *typed; // over all of the text; null: nothing
+        const char *typed; // replaces the whole text; null: types nothing
         Qt::Key key;
         Qt::KeyboardModifiers modifiers;
-        const char *edited; // afterwards
-        const char *text;   // of the cell at row, col
+        const char *edited; // the cell with the editor afterwards
+        const char *text;   // the text of the cell at row, col afterwards
         bool undoable;
     };
     const Case cases[] = {
@@ -68,7 +68,7 @@ TEST(StringView, TabSkipsHiddenColumns)
     EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{0}) << "Shift must not extend the selection";
 }
 
-/// What commits beside the keys.
+/// Everything besides keys that ends the editing.
 TEST(StringView, AppliesTheTextWhateverEndsTheEditing)
 {
     const std::pair<const char *, void (*)(StringWindow &)> ends[] = {
@@ -110,7 +110,7 @@ TEST(StringView, EnterSelectsAndEditsTheFocusedRow)
     window.Type(u"Deux"_s);
     window.Key(Qt::Key_Return);
     window.Grid().SelectAlone(2, 0);
-    window.Frame().RunAction(ACTION_UNDO); // moves the focus and not the selection
+    window.Frame().RunAction(ACTION_UNDO); // moves the focus but not the selection
     window.Key(Qt::Key_Return);
     EXPECT_EQ(window.Edited(), "0,3");
     EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{0});
@@ -123,7 +123,7 @@ TEST(StringView, ClosingTheWindowAppliesTheText)
     window.Edit(0, 3);
     window.Type(u"Deux"_s);
     window.Answer({QMessageBox::Cancel});
-    window.Child().close(); // as the button of the window does
+    window.Child().close(); // like the close button of the window
     EXPECT_EQ(window.boxes, QStringList{u"Save changes to demo?"_s});
     EXPECT_EQ(window.Shown(0, 3), "Deux");
     window.Document().SetModifiedFlag(false);
@@ -139,12 +139,12 @@ TEST(StringView, MenusDoNotEndTheEditing)
         QApplication::sendEvent(&window.Editor(), &out);
         EXPECT_EQ(window.Edited(), "0,3");
     }
-    window.Frame().RunAction(ACTION_UNDO); // of the box
+    window.Frame().RunAction(ACTION_UNDO); // undoes the choice in the box
     EXPECT_EQ(window.Edited(), "0,3");
     EXPECT_EQ(window.Shown(0, 3), "Two");
     window.Frame().RunAction(ACTION_SELECT_ALL);
     EXPECT_EQ(window.Grid().SelectedRows().size(), 1U);
-    window.Frame().RunAction(ACTION_REDO); // has no such rule: takes the text first
+    window.Frame().RunAction(ACTION_REDO); // has no such rule: it applies the typed text first
     EXPECT_EQ(window.Edited(), "");
     window.Document().SetModifiedFlag(false);
 }
@@ -227,7 +227,7 @@ TEST(StringView, ChoosesTheKindInABox)
     EXPECT_EQ(window.Shown(0, 1), "Normal");
     EXPECT_FALSE(window.Document().IsModified()) << "a kind by itself marks nothing";
     click(2, 1);
-    click(2, 3); // elsewhere; the command runs all the same
+    click(2, 3); // a click elsewhere; the command is executed nevertheless
     EXPECT_FALSE(window.TypeBox().isVisible());
     window.Table().history.Undo();
     window.Table().history.Undo();

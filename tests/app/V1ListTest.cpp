@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The dialog of the resources of version 1.0, as a user meets it.
+// Tests the dialog of the resources of version 1.0 as a user operates it.
 #include "CListGrid.h"
 #include "CZEP10ResDlg.h"
 #include "FakeBoxes.h"
@@ -78,7 +78,7 @@ TEST(V1ListDialog, OpensForTheLastOpenedProjectAndIgnoresOkWithoutOne)
     TestWindow window;
     window.folder.Put("demo/demo_res.lst", ".\\a.gif");
     window.Start();
-    const auto run = [&] { // OK, and then Cancel if that is of no use
+    const auto run = [&] { // presses OK, and then Cancel if the dialog stays open
         std::string shown;
         QTimer user;
         QObject::connect(&user, &QTimer::timeout, [&] {

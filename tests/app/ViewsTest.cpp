@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the views of a project decide, and what they do with the keyboard and the mouse.
+// Tests the decisions of a project's views, and their behaviour with the keyboard and the mouse.
 #include "MenuTable.h"
 #include "ProgramStyle.h"
 #include "ResourceCounts.h"
@@ -27,7 +27,7 @@ QListWidget &Contents(TestWindow &window)
     return *window.Child().findChild<QListWidget *>();
 }
 
-/// A folder of the project that is open.
+/// Returns a folder of the open project.
 CResFolder &Folder(TestWindow &window, const QString &label)
 {
     return *CProjView::FolderOf(window.Row(label));
@@ -57,7 +57,7 @@ TEST(ProjectTree, ClosingAMenuWithoutAnActionHasNoEffect)
         QString tip;
         QTimer::singleShot(0, [&] {
             QWidget *const menu = QApplication::activePopupWidget();
-            QTest::keyClick(menu, Qt::Key_Up); // the last entry: Delete
+            QTest::keyClick(menu, Qt::Key_Up); // moves to the last entry, Delete
             tip = window.Frame().statusBar()->currentMessage();
             QTest::keyClick(menu, key);
         });
@@ -103,7 +103,7 @@ TEST(TreeLines, AreMirroredInTheOtherDirection)
         const auto mirror = [&](QPoint point) { return QPoint(part.left() + part.right() - point.x(), point.y()); };
         EXPECT_EQ(mirrored.value(i), QLine(mirror(lines[i].p1()), mirror(lines[i].p2())));
     }
-    // In the window: the line from the root down to the last folder is right of the icons there.
+    // Tests in the window: the line from the root to the last folder is to the right of the icons.
     QApplication::setLayoutDirection(Qt::RightToLeft);
     {
         TestWindow window;
@@ -248,7 +248,7 @@ TEST(Contents, ListFoldersAndOpenTheParent)
     EXPECT_EQ(list.currentRow(), 1) << "the folder that was left";
     EXPECT_EQ(QApplication::focusWidget(), &list);
     for (QWidget *view : QList<QWidget *>{&list, &window.Tree()}) {
-        QTest::keyClick(view, Qt::Key_Up, Qt::AltModifier); // there is nothing above the root
+        QTest::keyClick(view, Qt::Key_Up, Qt::AltModifier); // the root has no parent
         EXPECT_EQ(window.Selected(), &window.Document().root);
         window.Tree().setCurrentItem(window.Row(u"Audio"_s));
         QTest::keyClick(&window.Tree(), Qt::Key_Backspace);
@@ -323,7 +323,7 @@ TEST(StatusBar, ShowsTheActiveProjectAndFollowsItsChanges)
     window.Frame().resize(1600, 600);
     window.Settle();
     EXPECT_EQ(status.Path() + u' ' + status.Summary(), window.Project() + u" 1 resource"_s);
-    AddFiles(window, Folder(window, u"240x320"_s), 2); // which no view has told of
+    AddFiles(window, Folder(window, u"240x320"_s), 2); // without a notification of any view
     window.Settle();
     EXPECT_EQ(status.Summary(), u"3 resources"_s);
     EXPECT_TRUE(status.isVisible() && status.toolTip().isEmpty());
@@ -370,7 +370,7 @@ TEST(StatusBar, DescribesTheHighlightedMenuEntry)
     window.Settle();
     QString tip;
     QTimer::singleShot(0, [&] {
-        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Up); // the last entry
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Up); // moves to the last entry
         tip = bar.currentMessage();
         QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
     });

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Takes pictures of the window's main states, with the sample: app_pictures FOLDER [dark] [rtl]. QT_SCALE_FACTOR=2
-// takes them for a sharp screen. "rtl" shows a right-to-left window. With "icons" behind FOLDER it makes the
+// takes them for a high-resolution screen. "rtl" shows a right-to-left window. "icons" after FOLDER makes the
 // application's icon in the usual sizes instead.
 #include "CFileWatchDlg.h"
 #include "CLotCplistView.h"
@@ -42,7 +42,7 @@ void Take(TestWindow &window, const QString &folder, const char *name)
     window.Frame().grab().save(folder + u'/' + QLatin1String(name) + u".png"_s);
 }
 
-/// Copies the sample into `to`, whose short path the pictures show. `window` gets the program's own settings
+/// Copies the sample into `to`, whose short path appears in the pictures. Gives `window` the program's own settings
 /// and image converter.
 void CopySample(const TestWindow &window, const std::filesystem::path &to)
 {
@@ -56,7 +56,7 @@ void CopySample(const TestWindow &window, const std::filesystem::path &to)
     std::filesystem::create_symlink(MORVANITE_CONVERTER, program / "qrk_resgenerator.exe");
 }
 
-/// A menu of the window, with an entry under the pointer.
+/// Takes a menu of the window, with an entry under the pointer.
 void TakeMenu(TestWindow &window, const QString &folder)
 {
     QMenu *const menu = window.Frame().menuBar()->actions().first()->menu();
@@ -79,7 +79,7 @@ void TakeContextMenu(TestWindow &window, const QString &folder)
                                   window.Frame().mapToGlobal(QPoint(60, 120)));
 }
 
-/// Makes the project tree narrow, and the columns of the grid that wide.
+/// Makes the project tree narrow, and gives the columns of the grid these widths.
 void FitColumns(TestWindow &window, QTableView &grid, const QList<int> &widths)
 {
     constexpr int TREE = 150;
@@ -89,7 +89,7 @@ void FitColumns(TestWindow &window, QTableView &grid, const QList<int> &widths)
         grid.setColumnWidth(col, widths[col]);
 }
 
-/// Puts the output below the project, and makes the columns of the grid as narrow as most of their texts.
+/// Moves the output below the project, and makes the columns of the grid as narrow as most of their texts.
 void FitGrid(TestWindow &window, QTableView &grid)
 {
     for (QDockWidget *bar : window.Frame().findChildren<QDockWidget *>()) {
@@ -98,7 +98,7 @@ void FitGrid(TestWindow &window, QTableView &grid)
         window.Frame().addDockWidget(Qt::BottomDockWidgetArea, bar);
         window.Frame().resizeDocks({bar}, {110}, Qt::Vertical);
     }
-    QTest::qWait(500); // the bars glide to their places
+    QTest::qWait(500); // the animation of the bars
     FitColumns(window, grid, {182, 96, 140, 115, 112, 126, 112, 112, 112});
 }
 
@@ -108,7 +108,7 @@ void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
         QTest::keyClick(QApplication::focusWidget(), key, modifiers);
 }
 
-/// The dialog that an action opens.
+/// Takes the dialog that an action opens.
 void TakeDialog(TestWindow &window, const QString &folder, const char *name, ActionId id)
 {
     QTimer::singleShot(100, [&] {
@@ -120,7 +120,7 @@ void TakeDialog(TestWindow &window, const QString &folder, const char *name, Act
     window.Frame().RunAction(id);
 }
 
-/// The question about a file that another program has changed, with all that it can have.
+/// Takes the question about a file that another program has changed, with all its parts.
 void TakeReloadQuestion(const QString &folder)
 {
     qint32 file = 0, type = 0;
@@ -135,7 +135,7 @@ void TakeReloadQuestion(const QString &folder)
     take({u'/' + path.repeated(80), nullptr, nullptr, false}, "reload-long");
 }
 
-/// The string view: plain, with an editor, with its bars, and with the question of a replacement.
+/// Takes the string view: plain, with an editor, with its bars, and with the question of a replacement.
 void TakeStrings(TestWindow &window, const QString &folder)
 {
     window.Frame().resize(1280, 640);
@@ -151,7 +151,7 @@ void TakeStrings(TestWindow &window, const QString &folder)
     };
     goTo(5, 3);
     Take(window, folder, "strings");
-    goTo(9, 7); // a gap
+    goTo(9, 7); // a missing translation
     PressKey(Qt::Key_Return);
     Take(window, folder, "string-editor");
     PressKey(Qt::Key_Tab, Qt::ShiftModifier);
@@ -176,7 +176,7 @@ void TakeStrings(TestWindow &window, const QString &folder)
     window.Frame().resize(900, 560);
 }
 
-/// The file pane: as it opens, with thumbnails and the preview, with all files, and with an ID that is edited.
+/// Takes the file pane: initially, with thumbnails and the preview, with all files, and with an ID in its editor.
 void TakeFiles(TestWindow &window, const QString &folder)
 {
     window.Frame().resize(1100, 640);
@@ -186,7 +186,7 @@ void TakeFiles(TestWindow &window, const QString &folder)
     auto &grid = *window.Child().findChild<QTableView *>();
     FitColumns(window, grid, {230, 110, 325});
     const auto goTo = [&grid](int row, int col) {
-        TestWindow::Settle(); // another size ends what follows
+        TestWindow::Settle(); // a change of the size ends an editor
         grid.setFocus();
         grid.selectionModel()->setCurrentIndex(grid.model()->index(row, col),
                                                QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
@@ -197,7 +197,7 @@ void TakeFiles(TestWindow &window, const QString &folder)
     window.Frame().RunAction(ACTION_THUMBNAILS);
     window.Frame().RunAction(ACTION_DETAILS);
     goTo(0, 2);
-    QTest::qWait(1000); // the pictures are loaded and converted
+    QTest::qWait(1000); // until the pictures are loaded and converted
     Take(window, folder, "file-pictures");
     goTo(4, 1);
     QTest::qWait(500);
@@ -217,7 +217,7 @@ void TakeFiles(TestWindow &window, const QString &folder)
     window.Frame().resize(900, 560);
 }
 
-/// The panes of the start screen: with a component selected, zoomed, and with an editor of each form.
+/// Takes the panes of the start screen: with a component selected, zoomed, and with an editor of each form.
 void TakeLayout(TestWindow &window, const QString &folder)
 {
     window.Frame().resize(1280, 800);
@@ -243,9 +243,9 @@ void TakeLayout(TestWindow &window, const QString &folder)
     select(u"Panel: today"_s);
     Take(window, folder, "layout");
     const QSize size = panes.Preview().size();
-    panes.Preview().setFixedSize(260, 340); // the screen and its margins
+    panes.Preview().setFixedSize(260, 340); // the size of the screen and its margins
     panes.Preview().Select(nullptr);
-    QTest::qWait(500); // the images are loaded
+    QTest::qWait(500); // until the images are loaded
     panes.Preview().viewport()->grab().save(folder + u"/preview.png"_s);
     panes.Preview().setMinimumSize(0, 0);
     panes.Preview().setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
@@ -304,7 +304,7 @@ void TakeAll(TestWindow &window, const QString &folder, const QString &sample)
     Take(window, folder, "chinese");
     (void)window.Frame().Projects().Open(window.Project("ساعة الطقس"));
     Take(window, folder, "arabic");
-    (void)window.Frame().Projects().Open(sample); // its window comes to the front, and its path into the status bar
+    (void)window.Frame().Projects().Open(sample); // brings its window to the front, and its path into the status bar
     window.Frame().RunAction(ACTION_TILE);
     Take(window, folder, "tiled");
     window.Frame().RunAction(ACTION_CASCADE);
