@@ -50,7 +50,7 @@ TEST(CommandRecord, IsNotBuiltFromTextThatDoesNotFit)
     EXPECT_EQ(error, u"the project path holds a null character"_s);
 }
 
-/// "240,320", or "-" for a text that isn't taken.
+/// Returns "240,320", or "-" for a text that is refused.
 QString Scanned(const QString &text)
 {
     const auto size = ParseResolution(text);

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// A document whose save may fail.
+/// A document whose save can fail.
 struct TestDocument : CResDoc
 {
     TestDocument(TestProject &project, const bool &savesNow)
@@ -22,7 +22,7 @@ struct TestDocument : CResDoc
     const bool &saves;
 };
 
-/// The commands on a project on disk, and the IDE that reads their reports.
+/// Commands for a project on disk, and the IDE that reads their reports.
 class IdeCommandHandlerTest : public ::testing::Test
 {
 protected:
@@ -38,7 +38,7 @@ protected:
         project.folder.Put("demo/app.dll", "MZ and so on");
     }
 
-    /// The report of a command whose record may be cut.
+    /// Runs a command whose record may be truncated. Returns the report.
     QByteArray Run(quint32 id, qsizetype size = 1696)
     {
         project.trace.clear();
@@ -97,7 +97,7 @@ TEST_F(IdeCommandHandlerTest, PackOpensTheProjectAndAcceptsEverySpellingOfTheRes
         EXPECT_TRUE(project.trace.contains("implicit ID Gen before Pack done, result is 0\n"));
         EXPECT_TRUE(project.trace.contains("Morvanite: m_szCmdTarget=" + project.Path().toUtf8() + '\n'));
         EXPECT_TRUE(project.trace.endsWith("Morvanite finished PACK command, err code=0\n"));
-        opening.clear(); // it stays open
+        opening.clear(); // the project stays open
     }
 }
 

@@ -14,15 +14,15 @@ namespace
 
 const QByteArray ANSWER("\1\0\0\0", 4);
 
-/// A command as it travels.
+/// A command as it is sent.
 QByteArray Message(quint32 id, const QByteArray &record = {})
 {
     const quint32 header[2] = {id, quint32(record.size())};
     return QByteArray(reinterpret_cast<const char *>(header), sizeof header) + record;
 }
 
-/// A server whose commands are written down. Client and server take turns on one thread: what was sent is there at
-/// once.
+/// A server that records its commands. Client and server take turns on one thread: what was sent is available
+/// immediately.
 class IdeCommandServerTest : public ::testing::Test
 {
 protected:
@@ -35,7 +35,7 @@ protected:
         return peer;
     }
 
-    /// Dispatches as a poll loop would, until there is nothing more to do.
+    /// Dispatches like a poll loop, until there is nothing more to do.
     void DispatchAll()
     {
         int rounds = 0;
@@ -45,7 +45,7 @@ protected:
         EXPECT_LT(rounds, 100000) << "the descriptor stays readable";
     }
 
-    /// What a peer has been sent by now.
+    /// Returns what a peer has received so far.
     QByteArray Answers(const FileHandle &peer)
     {
         DispatchAll();
@@ -59,7 +59,7 @@ protected:
     std::function<void()> during = [] {};
     std::optional<IdeCommandServer> server{[this](quint32 id, QByteArrayView record) {
         commands.append(QByteArray::number(id) + record.toByteArray());
-        (std::function<void()>(during))(); // it may set another
+        (std::function<void()>(during))(); // may set another function
         return 1;
     }};
 };
@@ -85,7 +85,7 @@ TEST_F(IdeCommandServerTest, StalledDisconnectedAndHostilePeersDoNotBlockOthers)
     const FileHandle larger = Connect(Message(3, QByteArray(65537, 'a')).first(8));
     const FileHandle hostile = Connect(QByteArray(8, '\xff'));
     for (qsizetype cut = 0; cut <= 11; ++cut)
-        Connect(Message(4, "abc").first(cut)); // vanishes at once; what was whole counts all the same
+        Connect(Message(4, "abc").first(cut)); // disconnects at once; a complete command counts nevertheless
     const FileHandle largest = Connect(Message(5, QByteArray(65536, 'a')));
     EXPECT_EQ(Answers(largest), ANSWER);
     EXPECT_EQ(server->ConnectionCount(), 3U) << "those of too large records are closed";
@@ -106,7 +106,7 @@ TEST_F(IdeCommandServerTest, AnswersInOrderAndClosesTheLongestIdlePeerAboveTheLi
         EXPECT_EQ(Answers(peer), ANSWER);
     EXPECT_EQ(commands, inOrder);
 
-    SendBytes(peers[0], Message(1).first(2)); // a sign of life
+    SendBytes(peers[0], Message(1).first(2)); // a byte makes it active
     DispatchAll();
     const FileHandle newcomer = Connect(Message(2));
     EXPECT_EQ(Answers(newcomer), ANSWER);
@@ -124,7 +124,7 @@ TEST_F(IdeCommandServerTest, RunsOneCommandAtATimeAndTakesPeersInTurns)
     int running = 0;
     during = [&] {
         EXPECT_EQ(running++, 0);
-        server->Dispatch(); // as a nested event loop might
+        server->Dispatch(); // like a nested event loop
         if (commands.size() == 1)
             SendBytes(second, Message(2));
         --running;
@@ -141,7 +141,7 @@ TEST_F(IdeCommandServerTest, HoldsCommandsBackWhilePaused)
     const FileHandle peer = Connect(Message(1) + Message(2));
     const FileHandle ready = Connect(Message(3));
     const FileHandle gone = Connect();
-    during = [&] { server->SetPaused(true); }; // a box opens
+    during = [&] { server->SetPaused(true); }; // as if a box opened
     DispatchAll();
     shutdown(gone.Get(), SHUT_RDWR);
     const FileHandle later = Connect(Message(4));
@@ -183,7 +183,7 @@ TEST_F(IdeCommandServerTest, ImmediateCommandsRunInsideOthersAndWhilePaused)
 TEST_F(IdeCommandServerTest, KeepsAnswersForAPeerThatReadsLate)
 {
     const FileHandle slow = Connect();
-    const int small = 1; // the kernel takes its smallest
+    const int small = 1; // the kernel raises it to its minimum
     setsockopt(slow.Get(), SOL_SOCKET, SO_RCVBUF, &small, sizeof small);
     SendBytes(slow, Message(7).repeated(2000));
     const FileHandle other = Connect(Message(8));
@@ -211,7 +211,7 @@ TEST_F(IdeCommandServerTest, ReplacesTheSocketOfADeadProgramAndNothingElse)
     const auto listens = [&] { return IdeCommandServer(nullptr).Listen(error); };
     EXPECT_FALSE(listens());
     EXPECT_EQ(error, u"another program listens at "_s + shown);
-    ConnectTo(path); // is still served
+    ConnectTo(path); // the server still accepts connections
     server.reset();
     EXPECT_NE(access(path.constData(), F_OK), 0) << "gone with its server";
     ListenAt(path);

@@ -32,7 +32,7 @@ TEST_F(ReportPipeTest, SendsManyLinesAsUtf16AndTheRestOnFlush)
     ASSERT_TRUE(pipe.Open());
     const FileHandle ide = AcceptAt(listener);
     pipe.Write(u"a\u4e2d");
-    EXPECT_EQ(ReadNow(ide), QByteArray("a\0\x2d\x4e", 4)); // at once
+    EXPECT_EQ(ReadNow(ide), QByteArray("a\0\x2d\x4e", 4)); // arrives at once
     QByteArray all;
     QByteArray read;
     for (int i = 0; i < 3000; ++i) {
@@ -72,9 +72,9 @@ TEST_F(ReportPipeTest, AnEndRequestAbandonsAReportThatNobodyReads)
     ReportPipe ended(ending.Get());
     ASSERT_TRUE(ended.Open());
     const FileHandle ide = AcceptAt(listener);
-    ended.Write(QString(4 << 20, u'x')); // more than the system takes; without the request it would wait here
+    ended.Write(QString(4 << 20, u'x')); // more than the socket buffer holds; without the request this would block
     QByteArray got = ReadNow(ide);
-    ended.Write(u"dropped"); // though there is room again
+    ended.Write(u"dropped"); // although there is room again
     ended.Close();
     got += ReadAll(ide);
     EXPECT_LT(got.size(), 8 << 20);

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Runs docs/examples/ide_client.py against a real "morvanite-cli serve": ide_client_test.py MORVANITE_CLI IDE_CLIENT"""
+"""Runs docs/examples/ide_client.py with a real "morvanite-cli serve": ide_client_test.py MORVANITE_CLI IDE_CLIENT"""
 
 import pathlib
 import socket
