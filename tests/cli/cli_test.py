@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""morvanite-cli as its user sees it: output, error stream and exit status together, byte for byte."""
+"""Tests morvanite-cli as its user sees it: output, standard error and exit status together, byte for byte."""
 
 import json
 import os

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""How morvanite-cli names, reads and writes files: links, limits, signals, pipes, and why something can't be done."""
+"""Tests how morvanite-cli names, reads and writes files: links, limits, signals, pipes, and reasons in messages."""
 
 import fcntl
 import json
@@ -67,7 +67,7 @@ class Files(DemoProject):
         tool = program / 'zul_xml_conv.exe'
         tool.write_text('#!/bin/sh\necho "$MORVANITE_PROGRAM_DIR" > "$8/LayoutID.h"\n[ -e "$0.slow" ] && echo > "$0.begun" && exec sleep 30\nexit 0\n')
         tool.chmod(0o755)
-        self.env['MORVANITE_PROGRAM_DIR'] = 'program'  # relative, and the tool gets it absolute
+        self.env['MORVANITE_PROGRAM_DIR'] = 'program'  # a relative path; the tool gets an absolute one
         headers = ('headers', self.project, '--output', 'made')
         self.assertEqual(self.run_cli(*headers), (0, '', ''))
         names = sorted(path.name for path in (self.dir / 'made').iterdir())
@@ -85,7 +85,7 @@ class Files(DemoProject):
         self.assertEqual(sorted(path.name for path in (self.dir / 'made').iterdir()), names)
 
     def interrupt_save(self):
-        """What a killed save leaves: a journal, and the new string file beside the old one."""
+        """Leaves what a killed save leaves: a journal, and the new string file beside the old one."""
         strings = self.dir / 'res/ref_list_demo.txt'
         new = strings.read_bytes().decode('utf-16').replace('\tHi', '\tHello').encode('utf-16')
         (self.dir / 'res/.ref_list_demo.txt.1-0').write_bytes(new)

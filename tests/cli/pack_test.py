@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What a pack does to files, and what it says of them on the error stream."""
+"""Tests what a pack does to files, and what it reports about them on standard error."""
 
 import os
 import pathlib
@@ -19,7 +19,7 @@ printf 'a converted picture' > "$4"
 
 class Pack(DemoProject):
     def use_converter(self, script):
-        """The program's own folder, with a script in the place of the converter: its source is $3 and its target $4."""
+        """Makes a program folder with a script instead of the converter: its source is $3 and its target $4."""
         program = self.dir / 'program'
         if not program.exists():
             program.mkdir()

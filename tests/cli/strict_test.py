@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""--strict, headers, --settings and the words of a pack: what is refused, with its reason, and that nothing was written."""
+"""Tests --strict, headers, --settings and the arguments of a pack: refusals have a reason, and nothing is written."""
 
 import unittest
 
@@ -41,7 +41,7 @@ class Strict(DemoProject):
         for arguments in commands:
             self.assert_refused(arguments, 'config.xml:3: the line begins with "<<<<<<<"')
             self.assert_refused((*arguments, '--settings', 'own'), 'nowhere.ini: there is no list of screen sizes')
-        for command in ('load', 'save'):  # which go on, and tell
+        for command in ('load', 'save'):  # these continue, and report it
             status, _, err = self.run_cli(command, self.project, '--settings', 'own')
             self.assertTrue(status == 0 and 'config.xml:3: ' in err and 'nowhere.ini' in err, err)
         self.assertNotIn('nowhere.ini', self.run_cli('load', self.project)[2], 'the settings are for one command')
