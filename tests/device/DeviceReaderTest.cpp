@@ -80,7 +80,7 @@ TEST(DeviceReader, AnIndexFindsTheSameAsTheFirstMatchOfASearch)
     std::mt19937 generator(7);
     const auto random = [&generator](std::size_t range) { return static_cast<std::uint32_t>(generator() % range); };
     for (int round = 0; round < 300; ++round) {
-        const std::uint32_t range = 1 + random(100); // a small one gives duplicates
+        const std::uint32_t range = 1 + random(100); // a small range gives duplicates
         PayloadBuilder builder;
         PayloadBuilder::Strings strings;
         for (std::uint32_t i = random(70); i > 0; --i) {
@@ -178,7 +178,7 @@ TEST(DeviceReader, ReportsDamageAndReadsTheOtherParts)
     EXPECT_EQ(ReadEverything({}), "no payload");
     EXPECT_THAT(ReadEverything(PayloadBuilder().Item(0xFFFF0000, "").Item(0xFFFF0001, "\1").Build()),
                 EndsWith("\n4294901760 damaged language\n4294901761 damaged language\n"));
-    // The last 20 of 120 bytes would lie behind what 32 bits can count.
+    // The last 20 of 120 bytes would be beyond the range of 32 bits.
     EXPECT_THAT(
         ReadEverything(PayloadBuilder().Item(1, Bytes(64, 'x')).Item(2, "").Base(0xFFFFFF9C).Build(), 0xFFFFFF9C),
         EndsWith("\n1 damaged\n2 damaged\n"));
@@ -200,7 +200,7 @@ TEST(DeviceReader, FindsAnAppendedPayloadFromTheEndOfTheFile)
     for (const std::uint32_t size : {0U, 1U, 64U, 1001U}) {
         const Bytes file = PayloadBuilder::AppendedTo(Bytes(size, 'Z'), payload);
         EXPECT_EQ(find(file, size + 8), payload);
-        // A cut payload may end in a small number, where a small file has its magic.
+        // A truncated payload may end in a small number, at which a small file could have its magic.
         for (std::size_t cut = 0; cut < file.size() && size >= 64; ++cut)
             EXPECT_EQ(find(file.substr(0, cut), 0), "none") << cut;
         for (const std::size_t end : {0x7FFFFFFFUL, 0xFFFFFFF4UL, 0xFFFFFFFFUL, file.size()})

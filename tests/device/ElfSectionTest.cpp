@@ -9,7 +9,7 @@
 namespace
 {
 
-/// The section's bytes as the file has them at the offset that was found, or what went wrong.
+/// Returns the section's bytes at the offset that was found, or the error.
 std::string Find(const std::string &file)
 {
     const ExactBytes memory(file);

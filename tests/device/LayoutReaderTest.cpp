@@ -36,7 +36,7 @@ constexpr char HEADER[] =
     "#define  ID_STRING_HI    300\r\n#define\tID_IMAGE_A 8\n#define ID_IMAGE_B 0x9\n"
     "#define ID_IMAGE_C 9 /* nine */\r\n#define ID_IMAGE_PUSH 103000";
 
-/// Components of an XML text, turned into the device's form.
+/// The components of an XML text, converted to the device's format.
 struct Converted
 {
     explicit Converted(const QByteArray &xml, const QByteArray &catalogue = CATALOGUE)
@@ -144,11 +144,11 @@ TEST(LayoutReader, KeepsTheBytesOfLongAndDeeplyNestedParts)
     const QByteArray text(2000, 'x');
     EXPECT_THAT(Converted("<Label text='" + text + "'/>").Text(), HasSubstr("5 = " + text.toStdString() + '\n'));
     for (const int length : {1011, 1012, 1015, 1016, 1019, 1020, 1021}) {
-        const QByteArray around(length, 'y'); // where a part becomes a long one
+        const QByteArray around(length, 'y'); // the lengths around the limit of a short part
         EXPECT_THAT(Converted("<Label text='" + around + "' order='3'/>").Text(),
                     HasSubstr(around.toStdString() + "\n  9 = 3\n"));
     }
-    constexpr int DEEPEST = 254; // of an XML file's 256
+    constexpr int DEEPEST = 254; // an XML file may have 256 levels
     const Converted deep(QByteArray("<Label>").repeated(DEEPEST) + QByteArray("</Label>").repeated(DEEPEST));
     EXPECT_EQ(deep.bytes.substr(6, 2), "\xFE\0"s) << "levels";
     EXPECT_THAT(deep.Text(), Not(HasSubstr("damaged")));
@@ -179,7 +179,7 @@ TEST(LayoutReader, SkipsUnknownAdditionsAndReportsShortValues)
     later[5] = 24;
     later[8] = static_cast<char>(later[8] + 4);
     EXPECT_EQ(ReadLayout(later, 20), ReadLayout(whole, 20)) << "a longer head";
-    // A type of part that there isn't yet, a value with one word more, one with a word too few, half of a pair of
+    // An unknown type of part, a value with one word more, one with a word less, and half of a pair of
     // texts.
     const std::string parts = "\2\0\1\x08\x63\0\x63\1zzzz\x09\0\x11\2\7\0\0\0more\x0A\0\x11\0\0\0\5\1abc\0\1\0\1\0"s;
     const std::string made = "MLAY\1\x14\1\0"s + PayloadBuilder::U32({20 + parts.size(), 20, 0}) + parts;
@@ -226,7 +226,7 @@ TEST(LayoutReader, NumbersFollowTheCatalogueAndAStampIdentifiesIt)
 }
 
 /// The example of a page of the manual: the bytes of its dump, whose lines are an offset, a colon and pairs of hex
-/// digits, and the blocks of XML that are marked with these words.
+/// digits, and the blocks of XML that have these words as their mark.
 struct Example
 {
     explicit Example(const std::string &page)
