@@ -1,7 +1,7 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# Files of the real compiler, grown by a pack, as other people's tools see them: none complains of anything new, nothing
-# behind the header has changed, and the new section holds what the side file holds.
+# Checks with other tools the files of the real compiler that a pack has extended: no tool has a new complaint, nothing
+# after the header has changed, and the new section has the contents of the side file.
 # Usage: elf_tools_test.sh MORVANITE_CLI ARM_GCC
 set -eu
 cli=$1
@@ -24,11 +24,11 @@ fail() {
     exit 1
 }
 
-# What a tool complains of in the file of a folder, and its exit status; its output is left in the file "said".
+# Prints the complaints of a tool about the file of a folder, and its exit status. Leaves its output in the file "said".
 complaints() { # FOLDER TOOL...
     (cd "$1" && shift && "$@" demo.axf) >said 2>errors && status=0 || status=$?
     case $2 in
-    eu-elflint) # one complaint is meant: the section is for the application, and in no segment
+    eu-elflint) # one complaint is expected: the section is for the application, and in no segment
         grep -v -e 'No errors' -e "'.zp_res': alloc flag set but section not in any loaded segment" said || true ;;
     *)
         grep -a -e arning -e rror: said || true
