@@ -10,7 +10,7 @@ using ::testing::HasSubstr;
 namespace
 {
 
-/// What is to become of each text, in the order of the sheet.
+/// Records the planned change of each text, in the order of the sheet.
 struct Fates : IImportWatch
 {
     void RowPlanned(const ImportPlan &plan, size_t index) override
@@ -23,7 +23,7 @@ struct Fates : IImportWatch
     QString all;
 };
 
-/// A project and workbooks beside it; "|" divides cells.
+/// A project with workbooks beside it; "|" separates cells.
 struct SheetProject : StringProject
 {
     int Import(const QByteArray &readable)
@@ -32,7 +32,7 @@ struct SheetProject : StringProject
         return ImportSpreadsheet(*this, folder.Path("in.csv")).code;
     }
 
-    /// The same with a look at the plan, which has to change nothing and to be the same when all rows are planned.
+    /// Imports with a preview of the plan, which must change nothing and must stay the same when all rows are planned.
     int Import(const QByteArray &readable, QString &fates)
     {
         folder.Put("in.csv", QByteArray(readable).replace('|', ','));
