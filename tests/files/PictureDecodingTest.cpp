@@ -54,7 +54,7 @@ TEST(PictureDecoding, DecodesSizeAndFirstPixelOfEachKind)
         EXPECT_EQ(loaded.problem, QString());
         EXPECT_EQ(loaded.size, size);
         EXPECT_EQ(loaded.picture.size(), size == QSize(200, 100) ? QSize(64, 32) : size);
-        for (int shift = 0; shift < 32; shift += 8) // inks, and 16 bits, are rounded
+        for (int shift = 0; shift < 32; shift += 8) // CMYK and 16-bit colours are rounded
             EXPECT_NEAR(int(loaded.picture.pixelColor(0, 0).rgba() >> shift & 0xFF), int(pixel >> shift & 0xFF), 8);
     }
     EXPECT_TRUE(Decode(Png(5, 3, Qt::red), {}).picture.isNull()) << "only the size is wanted";
@@ -84,7 +84,7 @@ TEST(PictureDecoding, AllocatesNoMoreThanTheFileNeeds)
         }
         qint64 most = 0;
     } input;
-    // 1 x 1 pixels, in a row of 4 GiB
+    // 1 x 1 pixels, with a row of 4 GiB
     input.setData(QByteArray::fromHex("4d494d47010200180100000001000000fcfffffffcffffff80ffff30"));
     input.open(QIODevice::ReadOnly);
     EXPECT_EQ(DecodePicture(input, {64, 64}).problem, u"it breaks off"_s);

@@ -20,7 +20,7 @@ namespace
 struct LoaderTest : testing::Test
 {
     [[nodiscard]] QByteArray Host(const char *name) const { return QFile::encodeName(folder.Path()) + '/' + name; }
-    /// The thumbnail, once it is known.
+    /// Waits for the thumbnail and returns it.
     QPixmap Await(const QByteArray &path)
     {
         QPixmap thumbnail;

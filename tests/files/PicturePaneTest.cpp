@@ -32,7 +32,7 @@ struct PaneTest : testing::Test
                 {240, 320},
                 u"240x320"_s};
     }
-    /// What the pane says, a line each.
+    /// Returns the lines that the pane shows.
     [[nodiscard]] QStringList Said() const
     {
         QStringList said;
@@ -46,7 +46,7 @@ struct PaneTest : testing::Test
         }
         return said;
     }
-    /// Shows a file and waits for these lines behind its ID and path.
+    /// Shows a file and waits for these lines after its ID and path.
     void ExpectSaid(const char *name, const QStringList &wanted)
     {
         pane.Show(Previewed(name));
