@@ -21,7 +21,7 @@ LOADED = ('Loading resource from "res\\demo.res.xml"...\r\n'
 
 
 def arm_elf():
-    """Returns a header, one empty section and the section name table: the least file to which a section can be added."""
+    """Returns a header, one empty section and the section name table: the least file that a section can be added to."""
     header = struct.pack('<16sHHIIIIIHHHHHH', b'\x7fELF\1\1\1', 2, 40, 1, 0, 0, 64, 0x5000400, 52, 32, 0, 40, 2, 1)
     return header + b'\0.shstrtab\0\0' + bytes(40) + struct.pack('<10I', 1, 3, 0, 0, 52, 11, 0, 0, 1, 0)
 
