@@ -25,7 +25,7 @@ TEST_F(FillValue, NumbersNamesInByteOrder)
         return made;
     };
     const std::string common = text(100);
-    std::set<std::string> sorted; // names that are equal up to any byte, and ones that go on where others end
+    std::set<std::string> sorted; // names with common beginnings of any length, and names that continue others
     while (sorted.size() < 1000)
         sorted.insert('N' + common.substr(0, random() % 100) + text(random() % 4));
     std::vector<std::string> names(sorted.begin(), sorted.end());

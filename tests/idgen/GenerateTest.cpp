@@ -13,7 +13,7 @@ struct Generate : testing::Test
 
     int Run(const QString &folder = u".\\ResID"_s) { return IDGen::Generate(&model.ids, folder, model); }
 
-    /// All between the head and the tail of a header.
+    /// Returns the part between the head and the tail of a header.
     [[nodiscard]] QByteArray Defines(const char *name) const
     {
         const QByteArray text = model.folder.Get(name).replace("\r\n", "\n");
