@@ -12,14 +12,14 @@ using testing::StartsWith;
 class ExtractTest : public InspectFixture
 {
 protected:
-    /// Extracts into the folder "out" and gives what went wrong.
+    /// Extracts into the folder "out" and returns the error.
     std::string Extract(const Bytes &bytes = Sample().Build())
     {
         written.clear();
         return ExtractAll(env, Read(bytes), folder.Path("out"), written).toStdString();
     }
 
-    /// The files that entries of these names become.
+    /// Returns the names of the files for entries with these names.
     QByteArrayList NamesOf(const std::vector<std::string> &names)
     {
         PayloadBuilder payload;
@@ -44,7 +44,7 @@ protected:
 
 TEST_F(ExtractTest, WritesAFileForEachEntryItemAndLanguage)
 {
-    for (int round = 0; round < 2; ++round) { // a second time replaces the files
+    for (int round = 0; round < 2; ++round) { // the second round replaces the files
         ASSERT_EQ(Extract(), "");
         EXPECT_THAT(written, ElementsAre("entries/AppLogo.img", "entries/tune.mid", "items/00000001.bin",
                                          "items/00103000.bin", "strings/0.txt", "strings/12.txt"));

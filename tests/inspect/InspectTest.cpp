@@ -15,7 +15,7 @@ TEST_F(InspectTest, RecognisesAndReadsAllThreeKindsOfFile)
     const auto packed = [](quint32 base) {
         return ElfBuilder(1).Section(".zp_res", "old").Section(".zp_res", Sample(base).Build()).Build();
     };
-    const auto section = quint32(packed(0).find("AppLogo.img")); // the newest one's place in the file
+    const auto section = quint32(packed(0).find("AppLogo.img")); // the position of the newest section in the file
     const auto dll = [](const Bytes &file) {
         return PayloadBuilder::AppendedTo(file, Sample(quint32(file.size()) + 8).Unpadded().Build());
     };
@@ -100,7 +100,7 @@ TEST_F(InspectTest, ChecksEveryOffsetAndSizeAndNamesIt)
 
 TEST_F(InspectTest, JsonHasTheContentsOfTheFile)
 {
-    // Of two tables of a language, as of two strings of one ID, the first counts.
+    // The first of two tables of a language is used, and the first of two strings with one ID.
     const Bytes file = Sample().Language(12, {{9, u"other"}}).Language(1, {{1, {u'x', 0xD800, u'y'}}}).Build();
     const QByteArray expected = R"({"kind": "res", "base": 0, "entries": [
 {"name": "AppLogo.img", "offset": 64, "size": 10}, {"name": "tune.mid", "offset": 76, "size": 0},
@@ -140,7 +140,7 @@ TEST_F(InspectTest, ListingIsReadableHasLayoutsAndNoControlCharacters)
                                  "language 12, 1 strings\n"
                                  "           3  \u4F60\u597D \"\\\\n\U0001F600\n";
     EXPECT_EQ(InspectText(env, Read(Sample().Build())).toStdString(), expected);
-    const Bytes layout = "MLAY\1\x14" + Bytes(2, '\0') + PayloadBuilder::U32({20, 7, 0}); // with its ID, 7
+    const Bytes layout = "MLAY\1\x14" + Bytes(2, '\0') + PayloadBuilder::U32({20, 7, 0}); // its ID is 7
     PayloadBuilder hostile = PayloadBuilder().Entry("\x1B[2J\xC2\x9B\n", "").Language(0, {{1, u"a\u202Eb\u001B"}});
     hostile.Item(7, layout).Item(8, layout).Item(9, "MLAY");
     const std::string text = InspectText(env, Read(hostile.Build())).toStdString();
