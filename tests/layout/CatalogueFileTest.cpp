@@ -100,11 +100,11 @@ TEST(CatalogueFile, RefusesTypesThatGrowWithoutLimit)
               "c, line 23: \"S21\" has more than 1000 values, with those of its base and members");
     EXPECT_EQ(ErrorsWithin(chain(1, 1000, "ZulBool")), "");
     EXPECT_EQ(ErrorsWithin(chain(1, 1001, "ZulBool")).count('\n'), 0);
-    // Long, wide and wrong, but read in no time.
+    // Long, wide and invalid, but read quickly.
     EXPECT_EQ(ErrorsWithin(chain(40'000, 1, "Nobody")).count('\n'), 1000);
     EXPECT_TRUE(ErrorsWithin(chain(20, 1000, "ZulBool")).contains("more than 1000 values"));
 
-    // What the reader takes, an object has whole.
+    // Objects have all members that the reader accepts.
     TestCatalogue deepest(chain(DEEPEST_TYPE, 1, "ZulBool"));
     const auto object = CreateType(deepest, {}, "S0");
     const CZulType *value = object.get();

@@ -9,7 +9,7 @@ namespace
 
 struct LayoutFile : testing::Test
 {
-    /// Loads a text as a file. The object of before is gone.
+    /// Loads a text as a file. Destroys the object of the previous call.
     int Load(const QByteArray &text)
     {
         file.emplace(env, pool, 3);
@@ -18,7 +18,7 @@ struct LayoutFile : testing::Test
         return file->Load(program.folder.Path("in.xml").toUtf8());
     }
 
-    /// The developer's log without the lines that every load begins with.
+    /// Returns the developer's log without the lines at the start of every load.
     [[nodiscard]] QByteArray Trace() const
     {
         const QByteArray start = "Parsing Layout xml file: " + program.folder.Path("in.xml").toUtf8() +
@@ -146,9 +146,9 @@ TEST_F(LayoutFile, WritesNothingThatCannotBeReadBack)
         b.AddAttribute("c" + QByteArray::number(i), "");
     fails();
     b.attributes.pop_back();
-    b.AddAttribute("c5", "last"); // of two of a name the last counts, in the place of the first
+    b.AddAttribute("c5", "last"); // of two attributes with one name the last value is used, in the place of the first
     ComponentObject *deepest = &b;
-    for (int depth = 4; depth <= 257; ++depth) // the root, the layout and B are the first three
+    for (int depth = 4; depth <= 257; ++depth) // the root, the layout and B are levels 1 to 3
         deepest = deepest->children.emplace_back(Component("D")).get();
     EXPECT_TRUE(Saved().contains(" c4=\"\" c5=\"last\" c6=\"\" "));
     deepest->children.push_back(Component("D"));

@@ -17,7 +17,7 @@ const char DEFINITIONS[] = "<structure name='Insets'><member name='left' type='Z
 
 using Objects = std::vector<CZulClass *>;
 
-/// The objects and all below them, depth first.
+/// Returns the objects and all their descendants, depth first.
 Objects AllOf(const std::vector<std::unique_ptr<CZulClass>> &objects)
 {
     Objects all;
@@ -36,8 +36,8 @@ bool LiesIn(const CZulClass *object, const CZulClass *other)
     return object;
 }
 
-/// Checks that the typed objects lie over the components place by place, and each value over its attribute. Of a class
-/// that isn't known only what was put into it later has objects.
+/// Checks that the typed objects match the components one to one, and each value its attribute. Below an unknown class
+/// only components that were added later have objects.
 void CheckStep(const std::vector<std::unique_ptr<CZulClass>> &objects,
                const std::vector<std::unique_ptr<ComponentObject>> &components, const CZulClass *parent)
 {
@@ -45,7 +45,7 @@ void CheckStep(const std::vector<std::unique_ptr<CZulClass>> &objects,
     size_t place = 0;
     for (const auto &component : components) {
         if (!component->GetAttribute("prop").isEmpty())
-            continue; // a value's own component
+            continue; // the component of a value
         if (!isKnown && (place == objects.size() || objects[place]->component != component.get()))
             continue;
         RC_ASSERT(place < objects.size());
@@ -93,7 +93,7 @@ struct Editor
                                                   Component("Panel", {{"pos", "(1,2)"}}))));
         } else if (action == 1) {
             CZulClass *const object = any();
-            RC_ASSERT(!object->DeleteSubComponent(object)); // it doesn't lie in itself
+            RC_ASSERT(!object->DeleteSubComponent(object)); // it isn't a child of itself
             if (object->parent)
                 RC_ASSERT(object->parent->DeleteSubComponent(object));
             else
@@ -115,7 +115,7 @@ struct Editor
         }
     }
 
-    /// Compares the search by name with a walk, for the names that Step gives and for the empty one.
+    /// Compares the search by name with a walk over the tree, for the names of Step and for the empty one.
     void CheckNames() const
     {
         const Objects all = AllOf(res->Components());

@@ -66,7 +66,7 @@ TEST_F(ZulType, ADerivedMemberHidesTheBaseMemberAndAllUseOneComponent)
     EXPECT_EQ(button->FindMember("unknown"), nullptr);
     const QByteArray before = Dump(*component);
     EXPECT_EQ(before, "Button align=right unknown=x text=@ID_A pos=(1,2");
-    Set(*button->super->super, "text", "5"); // the one that is hidden
+    Set(*button->super->super, "text", "5"); // the hidden member
     EXPECT_EQ(Dump(*component), before + " text=5");
 }
 
@@ -96,10 +96,10 @@ TEST_F(ZulType, ChildrenAreMembersOrSubComponents)
 {
     const auto component =
         Component("Label", {{"prop", "given"}},                                 //
-                  Component("Insets", {{"prop", "text"}}),                      // that is no composite
-                  Component("Label", {{"prop", "nothing"}, {"align", "left"}}), // no such member
-                  Component("ZulBool"),                                         // no class
-                  Component("Frame", {{"prop", "frame"}}), Component("Frame", {{"prop", "frame"}}), // a second time
+                  Component("Insets", {{"prop", "text"}}),                      // not a composite type
+                  Component("Label", {{"prop", "nothing"}, {"align", "left"}}), // no member has this name
+                  Component("ZulBool"),                                         // not a class
+                  Component("Frame", {{"prop", "frame"}}), Component("Frame", {{"prop", "frame"}}), // appears twice
                   Component("Stranger", {{"align", "left"}}, Component("Label")), Component(""));
     const auto label = catalogue.Bound(*component);
     EXPECT_EQ(label->propName, "given");
@@ -149,7 +149,7 @@ TEST_F(ZulType, StoresAStateImageAsOneText)
     const auto component = Component("Button");
     const auto button = catalogue.Bound(*component);
     auto &images = static_cast<CZulStateImg &>(*button->FindMember("images"));
-    Set(images, "highlightId", "0"); // as it is
+    Set(images, "highlightId", "0"); // the current value
     EXPECT_EQ(Dump(*component), "Button");
     IDPool pool;
     IDRecord *const id = pool.Allocate("ID_X", ANY_RESOLUTION);
@@ -186,7 +186,7 @@ TEST(HandMadeCatalogue, StopsAtATypeThatContainsItself)
     ASSERT_EQ(static_cast<CZulClass &>(*self).Members().size(), 1U);
     EXPECT_EQ(static_cast<CZulClass &>(*self).Members()[0]->GetTypeId(), TYPE_BOOL);
 
-    // Each holds two of the other, and derives from it.
+    // Each has two members of the other type, and is derived from it.
     catalogue.Add("Egg", {{"x", "Hen"}, {"y", "Hen"}, {"z", "ZulBool"}}, "Hen");
     catalogue.Add("Hen", {{"x", "Egg"}, {"y", "Egg"}}, "Egg");
     const auto egg = CreateType(catalogue, {}, "Egg");
