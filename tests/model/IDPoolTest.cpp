@@ -10,7 +10,7 @@
 namespace
 {
 
-/// What a pool has to do, in the plainest way: a list that is searched from its front, where the sentinel is.
+/// A simple model of the pool: a list that is searched from the front, where the sentinel is.
 struct PlainPool : std::vector<IDRecord *>
 {
     [[nodiscard]] IDRecord *Find(const NarrowText &name, std::optional<int> scope) const
@@ -67,7 +67,7 @@ TEST(IDPool, MatchesAPlainListOverThousandsOfRandomSteps)
                 ASSERT_EQ(old->name, expected);
             } else if (old != &pool.sentinel) {
                 old->AddRef();
-                old->Release(); // one holder is left: it stays
+                old->Release(); // one reference remains, so the record remains
                 ASSERT_NO_FATAL_FAILURE(ExpectEqual(pool, plain));
                 old->Release();
                 std::erase(plain, old);

@@ -40,7 +40,7 @@ TEST(ResFolder, SearchesDepthFirstDownToTheGivenDepth)
     CResFolder &outer = model.AddFolder(model.root, KIND_IMAGES, -1, u"Images"_s);
     CResFolder &inner = model.AddFolder(outer, KIND_RESO_IMAGES, 0, u"a"_s);
     CResFolder &second = model.AddFolder(outer, KIND_RESO_IMAGES, 1, u"A"_s);
-    model.AddFolder(model.root, KIND_RESO_IMAGES, 1, u"A"_s); // later, though less deep
+    model.AddFolder(model.root, KIND_RESO_IMAGES, 1, u"A"_s); // found later, although it is less deep
     EXPECT_EQ(model.root.FindFolder(KIND_RESO_IMAGES, 2), &inner);
     EXPECT_EQ(model.root.FindFolder(KIND_RESO_IMAGES, 1, 2), &second);
     EXPECT_EQ(model.root.FindFolder(KIND_RESO_IMAGES, u"A"_s, 2), &second);
@@ -101,7 +101,7 @@ TEST(Resources, RecordsOfAStringFormAChainAndShareOneIdUntilTheLastIsDeleted)
     english.reset();
     EXPECT_TRUE(model.ids.IsEmpty());
 
-    // Outside the tree equal names share an ID, which never enters the tree's pool.
+    // Outside the tree, equal names share an ID that never enters the tree's pool.
     CStringRes *const first = model.CreateDetachedStringRes("ID_S").release();
     first->LinkBehind(model.CreateDetachedStringRes("ID_S").release());
     EXPECT_TRUE(first->Id() == first->next->Id() && first->Id()->refs == 2 && model.ids.IsEmpty());

@@ -5,7 +5,7 @@ using namespace Qt::StringLiterals;
 
 TEST(ResModel, ClassifiesFilesByExtension)
 {
-    TestModel model("[FileType]\naudio=*.oggx;*.OGG\n"); // the longer pattern in front hides nothing
+    TestModel model("[FileType]\naudio=*.oggx;*.OGG\n"); // the longer first pattern hides no other
     for (const auto &[mask, kind, paths] : {
              std::tuple(KIND_FILES, KIND_AUDIO, QStringList{u"a.ogg"_s, u"dir.d\\a.OGG"_s}),
              {KIND_FILES, KIND_VIDEO, {u"a.rm"_s, u"a.rmvb"_s}},
@@ -41,7 +41,7 @@ TEST(ResModel, MakesDefaultIdsFromFileNamesAndNumbersTakenOnes)
     EXPECT_EQ(made(KIND_RESO_IMAGES, u"+++"_s), "ID_IMAGE_NONAME");
     const NarrowText longest = ("ID_IMAGE_" + NarrowText(80, 'N')).left(64);
     for (const NarrowText counter : {"", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11"}) {
-        const qint32 index = counter == "11" ? 3 : -1; // one of any resolution shuts out those of each
+        const qint32 index = counter == "11" ? 3 : -1; // an ID without a resolution is taken in every resolution
         EXPECT_EQ(made(KIND_RESO_IMAGES, QString(80, u'n') + u".png"_s, index),
                   longest.chopped(counter.size()) + counter);
     }
@@ -97,7 +97,7 @@ TEST(ResModel, AddsAResolutionOnceAndClearsEverythingButComponents)
     EXPECT_TRUE(images.resources.IsEmpty() && model.ids.IsEmpty());
     EXPECT_EQ(images.kind, quint32(KIND_RESO_IMAGES | KIND_FLAG_OFF));
     const int told = watch.changed;
-    model.TakeOutOfUse(images); // it is already
+    model.TakeOutOfUse(images); // it isn't in use
     EXPECT_EQ(watch.changed, told);
     model.PutIntoUse(images);
 
