@@ -62,7 +62,7 @@ TEST(RunTool, StartsTheToolWithoutInputOrOpenFilesAndWaitsForItsEnd)
     project.PutTool("echo \"$1\" > said; wc -c >> said; ls /proc/self/fd > files; echo dropped\n"
                     "kill -USR1 $PPID; kill -USR1 $PPID; sleep 0.2; echo done >> said",
                     "my tools/Tool.exe");
-    const int ours = open("app.axf", O_RDONLY); // deliberately inheritable
+    const int ours = open("app.axf", O_RDONLY); // inheritable on purpose
     ASSERT_EQ(dup2(ours, 200), 200);
     struct sigaction action = {};
     action.sa_handler = [](int) {}; // without SA_RESTART

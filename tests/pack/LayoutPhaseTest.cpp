@@ -8,8 +8,8 @@ using testing::HasSubstr;
 namespace
 {
 
-/// A project with layouts for the resolution that is packed, and a converter that notes its arguments in args and makes
-/// what `tool` says; the output folder is $4.
+/// A project with layouts for the resolution that is packed, and a converter that writes its arguments to args and runs
+/// the script `tool`; the output folder is $4.
 struct LayoutProject : PackProject
 {
     explicit LayoutProject(const QByteArray &tool, const QByteArray &settings = {}) : PackProject(settings)
@@ -97,7 +97,7 @@ TEST(LayoutPhase, ANameWithAPathDeletesNothing)
 
 TEST(LayoutPhase, DoesNotWriteThroughALinkWithAnotherSpelling)
 {
-    // As this system's converter does it: it takes a name of another spelling for the name.
+    // The converter of this system writes to an existing file whose name differs only in case.
     LayoutProject project("cd \"$4\"; printf new > $(ls | grep -ix id_a.bin || echo ID_A.bin)");
     project.AddLayout("ID_A", 1);
     project.folder.MakeFolder("res/tmp");

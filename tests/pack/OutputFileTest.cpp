@@ -11,7 +11,7 @@ using testing::HasSubstr;
 namespace
 {
 
-/// The rights of somebody who isn't the superuser, for a while.
+/// Drops the rights of the superuser while it exists.
 class AsNobody
 {
 public:
@@ -23,7 +23,7 @@ public:
 
 struct OutputFileTest : testing::Test, PackProject
 {
-    /// Writes a file; 0 or an error number.
+    /// Writes a file. Returns 0 or an error number.
     int Make(const char *file, const OutputRights &rights)
     {
         OutputFile written(env);
@@ -86,7 +86,7 @@ TEST_F(OutputFileTest, WritesTheSameBytesToADeviceOrAPipeAndKeepsTheWindowRespon
     QByteArray got;
     std::thread reader([&] { got = folder.Get("pipe"); });
     FileHandle writer;
-    while (!writer.IsOpen()) // until there is a reader
+    while (!writer.IsOpen()) // waits for a reader
         writer = FileHandle(open("pipe", O_WRONLY | O_NONBLOCK | O_CLOEXEC));
     info.outputfilename = "pipe";
     EXPECT_EQ(Pack(), 0);

@@ -25,7 +25,7 @@ TEST(OutputGuard, RefusesEveryFileOfTheProjectUnderAnyName)
         const QByteArray before = project.folder.Get(file);
         ASSERT_TRUE(symlink(project.Narrow(file).constData(), "soft") == 0 && link(file, "hard") == 0);
         for (const char *name : {file, "soft", "hard", "app.out"}) {
-            const bool isSideFile = strcmp(name, "app.out") == 0; // that would replace it
+            const bool isSideFile = strcmp(name, "app.out") == 0; // the side file would replace it
             ASSERT_TRUE(!isSideFile || rename("soft", "arm/app.res") == 0);
             project.info.outputfilename = project.Narrow(name);
             EXPECT_EQ(project.Pack(), PACK_SAME_FILE) << file;

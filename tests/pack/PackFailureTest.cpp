@@ -5,17 +5,17 @@
 namespace
 {
 
-/// A file of the system that is shorter than its size says.
+/// A file of the system that is shorter than its size in stat.
 constexpr char SHORT_FILE[] = "/sys/kernel/mm/transparent_hugepage/enabled";
 
-/// A project that fails to pack, and what it says then.
+/// A failure of a pack, and its messages.
 struct Failure
 {
-    const char *phase; ///< the word for what fails
-    const char *path;  ///< of the resource, or in the list; null: a resource without an ID
+    const char *phase; ///< the name of the phase that fails
+    const char *path;  ///< path of the resource, or in the list; null: a resource without an ID
     int imageconvert;
     int code;
-    int logs = 0; ///< which of them have `said`
+    int logs = 0; ///< which logs contain `said`
     const char *said = "";
 };
 

@@ -9,7 +9,7 @@ using testing::HasSubstr;
 namespace
 {
 
-/// A program's icon and what a test adds.
+/// Returns the icon of the program, to which a test adds its parts.
 PayloadBuilder Payload()
 {
     return PayloadBuilder().Entry("AppLogo.img", ToBytes("program's logo"));
@@ -65,7 +65,7 @@ TEST(Pack, PacksListedFilesTextsFilesAndImagesInOrder)
     for (const char *file : {"res/wide.tga", "res/any.png", "res/used.png", "res/Tune.MID", "a.bin"})
         project.folder.Put(file, "content of " + QByteArray(file));
     project.PutTool("printf 'from the tool' > \"$4\"");
-    // Written by hand: blank lines, a line of 255 bytes and one of 256, which is two, and no line end.
+    // Written by hand: blank lines, a line of 255 bytes, one of 256 bytes, which counts as two, and no line end.
     const QByteArray longest(255, 'x');
     project.folder.Put("demo_res.lst", "\n.\\a.bin\n\r\n" + longest + "\n" + longest + "y\r\n" +
                                            project.Narrow("res/Tune.MID") + "\r\n.\\RES\\TUNE.mid\rbehind");
@@ -74,7 +74,7 @@ TEST(Pack, PacksListedFilesTextsFilesAndImagesInOrder)
     project.AddLanguage(2);
     IDRecord &pushed = *project.AddFile(project.defaultImages, ".\\res\\any.png", 103000)->Id();
     pushed.push = true;
-    pushed.pushKind = PUSH_IMAGE; // those are always converted
+    pushed.pushKind = PUSH_IMAGE; // push images are always converted
     project.AddFile(project.wideImages, ".\\res\\wide.tga", 5);
     project.AddFile(project.binary, "a.bin", 6);
     project.AddFile(project.audio, ".\\RES\\tune.mid", 1);
@@ -140,7 +140,7 @@ TEST(Pack, RefusesParametersBeforeTheWork)
         EXPECT_THAT(project.trace.toStdString(), HasSubstr("the packed file and output file cannot be same : "));
     }
     EXPECT_EQ(refused(input, project.Narrow("arm/app.res"), PACK_TO_TARGET), PACK_SAME_FILE) << "neither is there yet";
-    ASSERT_EQ(link("app.axf", "arm/app.res"), 0); // the side file would be written over the input
+    ASSERT_EQ(link("app.axf", "arm/app.res"), 0); // the side file would overwrite the input
     EXPECT_EQ(refused(input, "x", PACK_TO_TARGET), PACK_SAME_FILE);
 }
 
@@ -170,8 +170,7 @@ TEST(Pack, WritesTheSideFileBesideTheInputAndReportsItsFailureAfterACompleteOutp
 
     const QByteArray made = project.folder.Get("app.out");
     ASSERT_EQ(symlink("/dev/full", "v1.2/ARM/PLAIN.res"), 0);
-    project.info.inputfilename =
-        "v1.2/PLAIN"; // found as it is spelled there; the side file has the name that was given
+    project.info.inputfilename = "v1.2/PLAIN"; // found with its spelling on disk; the side file has the given name
     EXPECT_EQ(project.Pack(), PACK_WRITE);
     EXPECT_THAT(project.TakeExplained().toStdString(),
                 HasSubstr("PLAIN.res: No space left on device\nv1.2/ARM/PLAIN.res is of an earlier pack"));

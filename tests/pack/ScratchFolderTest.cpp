@@ -9,7 +9,7 @@ TEST(ScratchFolder, HoldsAllConvertedPicturesAndSourceFoldersStayUnchanged)
         project.folder.Put(file, "the user's own " + QByteArray(file));
     project.folder.Put("preview.lst", ".\\res\\a.png\n");
     project.folder.MakeFolder("build");
-    ASSERT_EQ(symlink("none", "bin/Debug"), 0); // so that no folder can be made there, as in a read-only program folder
+    ASSERT_EQ(symlink("none", "bin/Debug"), 0); // no folder can be made there, as in a read-only program folder
     project.PutTool("basename \"$4\" >> ../names; { printf converted; cat \"$3\"; } > \"$4\"");
     project.AddFile(project.wideImages, "res\\a.png", 1);
     project.AddFile(project.wideImages, "res\\b.jpg", 2);

@@ -14,7 +14,7 @@ struct V1List : PackProject, testing::Test
         list.Load();
         return list;
     }
-    /// The paths, with "@" for the project's folder.
+    /// Returns the paths, with "@" for the project's folder.
     QByteArray Paths(const V1ResourceList &list)
     {
         QStringList paths;
@@ -79,7 +79,7 @@ TEST_F(V1List, CopiesIntoTheFolderOfTheSelectedConfiguration)
         const QByteArray saved = save("[CONFIGSELECTED]\r\nSELECTED=Debug\r\n", file);
         EXPECT_EQ(folder.Get("config/Debug/demo_res.lst"), saved);
     }
-    // Where the folder of all configurations is there already, none is made in it.
+    // If the folder of all configurations exists, no other folder is made in it.
     for (const char *selected : {"[CONFIGSELECTED]\r\nSELECTED=Release\r\n", ""})
         save(selected, "c.gif");
     EXPECT_EQ(folder.Names("config"), QStringList({u"Debug"_s}));
