@@ -9,7 +9,7 @@ TEST(Log, KeepsLinesUpTo511CharactersAndCutsLongerOnesTo508AndDots)
 {
     const TempFolder folder;
     Environment env(folder.Path());
-    env.WriteOutput("%d\r\n", 1); // nobody listens
+    env.WriteOutput("%d\r\n", 1); // without a listener
     env.DebugTrace("%d\n", 1);
     QString written;
     env.output = [&](QStringView text) { written = text.toString(); };
@@ -41,7 +41,7 @@ TEST(Environment, ShowsNarrowTextInUtf8AndFindsLanguagesByName)
 namespace
 {
 
-/// Writes down what it hears, and does something then.
+/// Records the findings, and then calls a function.
 struct Ear
 {
     explicit Ear(Environment &env) : listener(env.found, [this](const Finding &finding) { Hear(finding); }) {}
@@ -61,7 +61,7 @@ struct Ear
 TEST(Environment, CountsWritesAndReportsAFindingToTheCurrentListener)
 {
     Environment process(QStringLiteral("/nonexistent"));
-    Environment env(process); // of a document
+    Environment env(process); // the environment of a document
     QString output;
     process.output = [&output](QStringView text) { output += text; };
     Ear first(process);

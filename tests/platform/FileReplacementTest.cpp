@@ -24,7 +24,7 @@ TEST_F(WriteFile, ReplacesTheFileAndKeepsItsModeAndLinks)
     ASSERT_EQ(chmod("real/a.h", 0640), 0);
     ASSERT_TRUE(symlink("real/a.h", "a.h") == 0 && symlink("real/b.h", "b.h") == 0 && symlink("loop", "loop") == 0);
     const mode_t mask = umask(022);
-    EXPECT_EQ(WriteFileAtomically(u"A.H", "new"), 0); // the file there, spelled differently
+    EXPECT_EQ(WriteFileAtomically(u"A.H", "new"), 0); // replaces the existing file, whose name differs in case
     EXPECT_EQ(WriteFileAtomically(u"b.h", "made"), 0);
     umask(mask);
     EXPECT_EQ(WriteFileAtomically(u"loop", "x"), 0) << "a link that leads nowhere is replaced";
@@ -60,7 +60,7 @@ TEST_F(WriteFile, RefusesFilesThatMayNotBeWritten)
     EXPECT_EQ(WriteFileAtomically(u"missing/a", "x"), ENOENT);
     EXPECT_EQ(WriteFileAtomically(u"pipe", "x"), EINVAL);
     EXPECT_EQ(WriteFileAtomically(u"", "x"), ENOENT);
-    const bool isRoot = getuid() == 0; // who may write everything
+    const bool isRoot = getuid() == 0; // root may write everything
     ASSERT_TRUE(!isRoot || setresuid(65534, 65534, 0) == 0);
     EXPECT_EQ(WriteFileAtomically(u"readonly", "x"), EACCES);
     ASSERT_TRUE(!isRoot || setresuid(0, 0, 0) == 0);

@@ -29,5 +29,5 @@ TEST(Notifier, AllowsListenersToBeAddedAndRemovedDuringANotification)
     notifier->Tell(0);
     EXPECT_EQ(told, "1313L13L");
     notifier.reset();
-    third.reset(); // has nothing to leave
+    third.reset(); // its notifier is already destroyed
 }

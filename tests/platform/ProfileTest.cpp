@@ -88,8 +88,8 @@ TEST(Settings, PreferTheUsersFileAndWriteAKeyToTheFileThatItIsReadFrom)
     };
     write("bin/m.ini", u"1"_s);
     EXPECT_EQ(folder.Get("bin/m.ini"), "[Path]\na=program\nn=1\n");
-    write("ro/m.ini", u"2"_s);  // one that can't be replaced (here: a folder) sends the key to the user's
-    write("bin/m.ini", u"3"_s); // and what that has would hide the program's key
+    write("ro/m.ini", u"2"_s);  // a file that can't be replaced (here: a folder): the key goes to the user's file
+    write("bin/m.ini", u"3"_s); // the user's file would hide the key in the program's file
     EXPECT_EQ(folder.Get("u/v/m.ini"), "[Path]\nn=3\n");
     EXPECT_EQ(folder.Get("bin/m.ini"), "[Path]\na=program\nn=1\n");
     const Settings settings(folder.Path("bin/m.ini"), folder.Path("u/v/m.ini"));
@@ -128,7 +128,7 @@ TEST(Settings, WriteSeveralKeysAtOnceToTheFilesThatTheyAreReadFrom)
     EXPECT_EQ(folder.Get("bin/m.ini"), "; mine\n[A]\na=4\nb=1\n[B]\nc=5\n");
     EXPECT_EQ(folder.Get("u/m.ini"), "[A]\nb=3\n");
 
-    const auto fileNumber = [&] { // another with each write, which replaces the file
+    const auto fileNumber = [&] { // changes with each write, which replaces the file
         struct stat found = {};
         EXPECT_EQ(stat(folder.Path("bin/m.ini").toUtf8().constData(), &found), 0);
         return found.st_ino;

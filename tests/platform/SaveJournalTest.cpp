@@ -15,7 +15,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// A project of three files, and one outside; the save of another process that is killed.
+/// A project of three files, one file outside, and the save of another process that is killed.
 struct Journal : testing::Test
 {
     Journal()
@@ -34,7 +34,7 @@ struct Journal : testing::Test
 
     QByteArrayList Contents() const { return {folder.Get(names[0]), folder.Get(names[1]), folder.Get(names[2])}; }
 
-    /// In a process that ends by SIGKILL after so many of the renames.
+    /// Saves in a process that ends by SIGKILL after `renames` renames.
     void SaveAndDie(int renames, int sleepMs = 0, bool ends = false)
     {
         const pid_t child = fork();
@@ -91,7 +91,7 @@ TEST_F(Journal, FinishesASaveThatWasKilledBetweenItsRenames)
         EXPECT_EQ(said.size(), renames < 3 ? 1 : 0) << qPrintable(said.join(u'\n'));
         said.clear();
     }
-    // A generated file that was changed meanwhile is no reason to refuse the project.
+    // A generated file that was changed since is no reason to refuse the project.
     for (const bool isThere : {true, false}) {
         PutOld();
         SaveAndDie(1);
@@ -105,7 +105,7 @@ TEST_F(Journal, FinishesASaveThatWasKilledBetweenItsRenames)
     }
 }
 
-/// As some network file systems have it.
+/// Makes locks fail, as on some network file systems.
 static void RefuseLocks()
 {
     sock_filter code[] = {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
@@ -163,7 +163,7 @@ TEST_F(Journal, LeavesFilesOfOneSaveWhenTheRollbackIsKilled)
             for (int i = 0; i < 30; ++i)
                 (void)env.ReplaceFile(folder.Path("demo/more/") + QString::number(i) + u".xml"_s, "new");
             (void)env.ReplaceFile(folder.Path("inc/ids.h"), "new");
-            env.explain = [&](const QString &) { (void)!write(ready[1], "x", 1); }; // refused: the taking back begins
+            env.explain = [&](const QString &) { (void)!write(ready[1], "x", 1); }; // refused: the rollback begins
             QFile::remove(folder.Path("inc/.ids.h.") + QString::number(getpid()) + u"-0"_s);
             (void)files.Commit();
             _exit(0);
@@ -225,7 +225,7 @@ TEST_F(Journal, MayNameOnlyFilesThatASaveWrites)
         "1234567\n" + line + "link/profile\nend\n",
         "1234567\n" + line + profile.toUtf8() + "\nend\n",
         "1234567\n" + line + "res/list\n" + line + folder.Path("demo/link/profile").toUtf8() + "\nend\n",
-        "1234567\n" + line + "res/list\n", // cut off
+        "1234567\n" + line + "res/list\n", // truncated
         "1234567\nneeded\t1000\t-\tres/list\nend\n",
         "-1\nneeded\t0\t-\tres/list\nend\n",
     };

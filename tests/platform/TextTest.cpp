@@ -36,10 +36,10 @@ TEST(CodePage, ReplacesMissingCharactersAndInvalidBytes)
     EXPECT_EQ(Selected("1252").FromWide(u"a中b😀c"), "a?b?c");
     EXPECT_EQ(Selected("1252").FromWide(QString(QChar(0xD83D)) + u"xy"_s), "?xy");
     Selected chinese("936");
-    EXPECT_EQ(chinese.FromWide(u"\uE000ﬁ"), "??"); // no look-alike for a ligature
+    EXPECT_EQ(chinese.FromWide(u"\uE000ﬁ"), "??"); // isn't replaced by similar letters
     EXPECT_EQ(chinese.ToWide("a\xd6"), u"a\uFFFD"_s);
     EXPECT_EQ(chinese.ToWide("\xff\xff\x61").back(), u'a');
-    EXPECT_EQ(chinese.ToWide("\xaa\xa1"), u"\uFFFD"_s); // a place for private use
+    EXPECT_EQ(chinese.ToWide("\xaa\xa1"), u"\uFFFD"_s); // a code for private use
     EXPECT_TRUE(CodePage().ToWide("a\xe4\xb8").startsWith(u"a\uFFFD"));
     EXPECT_FALSE(chinese.Select("no such code page") || chinese.Select("99999"));
     EXPECT_EQ(chinese.FromWide(u"中"), "\xd6\xd0") << "an unknown name changes nothing";

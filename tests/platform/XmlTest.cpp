@@ -27,7 +27,7 @@ QByteArray Times(int count, const char *text)
     return QByteArray(text).repeated(count);
 }
 
-/// The rows of all elements, in their order.
+/// Returns the rows of all elements, in their order.
 QByteArray RowsOf(const TiXmlNode &node)
 {
     QByteArray rows;
@@ -55,7 +55,7 @@ TEST_F(Xml, RefusesDeepNestingAndTooManyAttributesOrTags)
 
 TEST_F(Xml, CountsNestingWhateverSurroundsIt)
 {
-    // What the parser takes for the end of a comment, a declaration or a value differs from what one may think.
+    // The parser ends comments, declarations and values at unexpected places.
     const QByteArray deep = Times(100'000, "<b>");
     for (const QByteArray &before :
          {QByteArray(), Times(100'000, "</a>"), QByteArray("<!--><x y='-->"), QByteArray("<?xml version=\"><x y='\"?>"),
@@ -118,7 +118,7 @@ TEST_F(Xml, ConvertsTextFromAndToTheCodePage)
     EXPECT_EQ(folder.Get("out.xml"),
               "<all>\n    <a b=\"\xd6\xd0\">\xd6\xd0</a>\n    <inner />\n    <inner>\n        <b />\n"
               "    </inner>\n</all>\n");
-    for (int size = 0; size < 100; ++size) { // whatever room the text has behind its end
+    for (int size = 0; size < 100; ++size) { // with any size of the buffer after the text
         ASSERT_EQ(Parse("<a>" + QByteArray(size, 'x') + "\n\n<b/></a>"), 0);
         EXPECT_EQ(RowOf(*document.FirstChildElement()->FirstChildElement()), 3);
     }
