@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// An open project with a file and a text, and its handles at the monitor of files.
+/// An open project with a file and a text, and the handles of its files at the file monitor.
 class ResDoc : public testing::Test
 {
 protected:
@@ -103,7 +103,7 @@ TEST_F(ResDoc, AChangedListReplacesTheTreeAndDiscardsLocalChanges)
     EXPECT_TRUE(other.updates == 1 && projView.updates == 1);
     Files().resources.First()->Rename(doc->ids, "ID_LOCAL");
     EXPECT_TRUE(doc->IsModified()) << "the new nodes are watched too";
-    project.folder.Put(LIST, "<APP>"); // another program is in the middle of its writing
+    project.folder.Put(LIST, "<APP>"); // another program is writing the file
     EXPECT_THROW(doc->OnWatchedFileChanged(Handle(LIST)), ArchiveException);
     EXPECT_EQ(NamesIn(Files()), "ID_LOCAL");
     EXPECT_TRUE(doc->IsModified() && doc->IsUnreadable());
@@ -155,7 +155,7 @@ TEST_F(ResDoc, AChangedStringFileUpdatesTheStrings)
     EXPECT_TRUE(doc->DoFileSave() && doc->lastSave.write != 0);
     EXPECT_EQ(project.folder.Get(STRINGS), half);
     project.folder.Put(STRINGS, whole);
-    projView.selected = nullptr; // the whole tree goes
+    projView.selected = nullptr; // the whole tree is replaced
     doc->OnWatchedFileChanged(Handle(STRINGS));
     EXPECT_TRUE(doc->DoFileSave() && doc->lastSave.write == 0);
     QFile::remove(project.folder.Path(STRINGS));
@@ -165,7 +165,7 @@ TEST_F(ResDoc, AChangedStringFileUpdatesTheStrings)
 TEST_F(ResDoc, WatchesItsFilesWhileItIsOpenButNotItsOwnWriting)
 {
     const quint32 handles[] = {0, Handle(LIST), Handle(STRINGS)};
-    using Flags = std::pair<qint32 *, qint32 *>; // of the file, of its type
+    using Flags = std::pair<qint32 *, qint32 *>; // the flag of the file, and that of its type
     EXPECT_EQ(project.monitor.flags[Handle(LIST)], Flags(&project.flags.resources, nullptr));
     EXPECT_EQ(project.monitor.flags[Handle(STRINGS)], Flags(&project.flags.strings, nullptr));
     QDir::setCurrent(u"/"_s);
@@ -174,7 +174,7 @@ TEST_F(ResDoc, WatchesItsFilesWhileItIsOpenButNotItsOwnWriting)
     EXPECT_EQ(project.monitor.watched.size(), 3U);
     EXPECT_TRUE(Handle(LIST) > 2 && Handle(STRINGS) > 2);
     for (const quint32 handle : handles)
-        doc->OnWatchedFileChanged(handle); // means nothing, or nothing any more
+        doc->OnWatchedFileChanged(handle); // unknown handles, and handles of files that are no longer watched
     EXPECT_EQ(projView.updates, 0);
     EXPECT_EQ(doc->ProjectFiles(), QStringList({project.folder.Path("demo/config.xml"), project.folder.Path(LIST),
                                                 project.folder.Path(STRINGS)}));

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The tree below a folder: kind in hexadecimal, index and title of each.
+/// Returns the tree below a folder: kind in hexadecimal, index and title of each.
 QString Tree(const CResFolder &folder)
 {
     QString text;

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The first block of code in a page of the documents that is marked with that language.
+/// Returns the first code block of a documentation page that has that language as its mark.
 QByteArray Example(const char *page, const QString &language)
 {
     QFile file(QStringLiteral(MORVANITE_DOCS "/formats/%1.md").arg(QString::fromUtf8(page)));

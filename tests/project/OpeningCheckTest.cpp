@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Line and marker of each that is found.
+/// Returns line and marker of each marker found.
 QByteArray Markers(const TestProject &project, const QByteArray &content)
 {
     project.folder.Put("merged", content);
@@ -25,7 +25,7 @@ QByteArray Utf16(const QString &text)
     return QByteArray("\xFF\xFE", 2) + QByteArray(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
 }
 
-/// The reasons, with paths from the project's folder on.
+/// Returns the reasons, with paths relative to the project's folder.
 std::vector<std::string> Reasons(TestProject &project)
 {
     project.documents.CloseAll();

@@ -20,7 +20,7 @@ using testing::HasSubstr;
 namespace
 {
 
-/// An open project whose files another program changes, and what the document says about that.
+/// An open project whose files another program changes, and the document's messages about that.
 class OutsideChanges : public testing::Test
 {
 protected:
@@ -51,7 +51,7 @@ protected:
     std::string notice;
 };
 
-/// Comes between two of the document's own steps, as another program does.
+/// Changes files between two steps of the document, as another program does.
 struct Meddler : FakeMonitor
 {
     quint32 AddFile(const QString &path, CDocument *document) override
@@ -159,7 +159,7 @@ TEST_F(OutsideChanges, DuringALoadMakeTheDocumentLoadAgain)
     project.services.watch = &meddler;
     int times = 0;
     int most = 1;
-    meddler.whenRead = [&](const QString &path) { // the list is read, and its strings are, but the list isn't done
+    meddler.whenRead = [&](const QString &path) { // the list and its strings are read, but the load isn't finished
         if (!path.endsWith(u"ref_list_demo.txt") || ++times > most)
             return;
         const QByteArray id = "ID_" + QByteArray::number(times);
@@ -204,7 +204,7 @@ TEST_F(OutsideChanges, ALoadWaitsForASaveThatHasNotRenamedAllFiles)
                 made.open(QIODevice::WriteOnly) && made.write(TestProject::StringTable({"ID_SAVED"})) > 0 &&
                 made.flush() &&
                 journal.Begin(*project.env, SavedProjectOf(*project.env, project.Path()), {{place, 0, false}}) == 0;
-            _exit(isReady ? 0 : 1); // killed there
+            _exit(isReady ? 0 : 1); // as if killed there
         }
         int status = -1;
         EXPECT_TRUE(waitpid(child, &status, 0) == child && status == 0);
@@ -219,7 +219,7 @@ TEST_F(OutsideChanges, ALoadWaitsForASaveThatHasNotRenamedAllFiles)
 TEST_F(OutsideChanges, DuringASaveMakeItFail)
 {
     bool meddles = true;
-    project.env->trace = [&](QStringView) { // by the numbering of the IDs
+    project.env->trace = [&](QStringView) { // called by the numbering of the IDs
         if (std::exchange(meddles, false))
             ChangeOutside();
     };
@@ -249,7 +249,7 @@ TEST_F(OutsideChanges, BetweenTheTrialLoadAndTheReloadAreLoadedLater)
     EXPECT_TRUE(doc->IsUnreadable());
     EXPECT_FALSE(doc->IsModified()) << "a server may close it";
     EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::Unreadable);
-    doc->SetModifiedFlag(true); // whatever the user does with what is left
+    doc->SetModifiedFlag(true); // whatever the user does with the rest of the project
     project.folder.Put(LIST, sound);
     EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::TakenIn);
     EXPECT_FALSE(doc->IsUnreadable());
@@ -292,7 +292,7 @@ TEST_F(OutsideChanges, ThatCannotBeReadAreNeitherLoadedNorOverwritten)
     EXPECT_THAT(project.TakeOutput(), HasSubstr("Error 1: failed to write to file"));
     EXPECT_EQ(project.folder.Get(LIST), broken);
 
-    ChangeHere(); // now there is something that only the document has
+    ChangeHere(); // the document now has content of its own
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_EQ(doc->lastSave.write, 0);
     ASSERT_EQ(Kept().size(), 1U);
@@ -433,7 +433,7 @@ TEST(KeptFiles, AreKeptForEachWayToLeaveSomethingOutAtAnOpening)
         const bool hasTable = way.list.contains(string) || way.list.startsWith("<FILE id=\"ID_F\">a.bin</FILE>");
         if (hasTable)
             project.folder.Put("demo/res/ref_list_demo.txt", table);
-        const bool isUtf8 = QByteArray(way.settings).contains("code_page"); // whatever the project's code page is
+        const bool isUtf8 = QByteArray(way.settings).contains("code_page"); // independent of the project's code page
         const QByteArray list = (isUtf8 ? "\xEF\xBB\xBF" : "") + project.folder.Get("demo/res/demo.res.xml");
         project.folder.Put("demo/res/demo.res.xml", list);
         CResDoc *const doc = project.Open();

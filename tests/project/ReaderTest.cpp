@@ -9,8 +9,8 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// A line for each resource of the files and images: kind of its folder in hexadecimal, index of its resolution, name,
-/// kind of push, path.
+/// Returns a line for each resource of the files and images: kind of its folder in hexadecimal, index of its
+/// resolution, name, kind of push, path.
 QByteArrayList Resources(const CResFolder &folder)
 {
     QByteArrayList lines;
