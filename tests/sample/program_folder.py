@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Looks through the data of the program folder and of the sample for what the programs can't say themselves.
+"""Checks the data of the program folder and of the sample for errors that the programs can't report themselves.
 
-Use: program_folder.py REPOSITORY
+Usage: program_folder.py REPOSITORY
 """
 
 import pathlib
@@ -15,7 +15,7 @@ STRINGS = (REPOSITORY / "sample/res/ref_list_weatherclock.txt").read_text(encodi
 
 
 def lines_of(name, section):
-    """The lines of a section without comments and empty ones."""
+    """Returns the lines of a section without comments and empty lines."""
     found, inside = [], False
     for line in (REPOSITORY / "packaging/program" / name).read_text(encoding="utf-8").splitlines():
         if line.startswith("["):
@@ -67,7 +67,7 @@ class ProgramFolder(unittest.TestCase):
         calls = [found for source in (REPOSITORY / "src").rglob("*.cpp") for found in call.findall(source.read_text("utf-8"))]
         self.assertGreater(len(calls), 10)
         for section, key, text, number in calls:
-            # The lines of these two differ from the defaults so that a first project finds its lists.
+            # These two keys differ from the defaults so that a first project finds its lists.
             if (section, key) not in {("Path", "reso_set"), ("Resource Type", "Count")} and section != "Text":
                 self.assertIn(f"{key}={text or number}".replace("\\\\", "\\"), lines_of("Morvanite.ini", section))
 
