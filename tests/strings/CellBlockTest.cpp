@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// "|" divides cells and "\n" lines.
+/// Makes a block from a text in which "|" separates cells and "\n" lines.
 CellRows Block(const QString &readable)
 {
     CellRows rows;
@@ -18,7 +18,7 @@ CellRows Block(const QString &readable)
     return rows;
 }
 
-/// "row,col=text" for each change, "+ID(kind) col=text" for each new row, "!" and what is refused.
+/// Returns "row,col=text" for each change, "+ID(kind) col=text" for each new row, and "!" with each refusal.
 QString Readable(const PastePlan &plan)
 {
     QStringList parts;
@@ -58,7 +58,7 @@ TEST(CellBlock, ReadsAnyCopiedCellsFromTheClipboard)
                 line << text(5);
         }
         ASSERT_EQ(FromTsv(ToTsv(block)), block);
-        const CellRows any = FromTsv(text(20)); // whatever another program puts there
+        const CellRows any = FromTsv(text(20)); // any text from another program
         ASSERT_TRUE(any.size() == 1 || FromTsv(ToTsv(any)) == any);
     }
     EXPECT_EQ(ToTsv({{u"a\t\"b\"\n"_s}}), u"a\t\"b\"\n"_s);
@@ -83,7 +83,7 @@ TEST(CellBlock, PastesIntoTheMatchingCells)
         const char *plan;
     };
     const Case cases[] = {
-        // One text.
+        // A single text.
         {{0, 3, {0, 2}, {}, all}, "A", "2,3=A"},
         {{0, 1, {0, 1}, {}, all}, "push", "0,1=Push"},
         {{0, 1, {0, 1}, {}, all}, "x", "!Line 1: \"x\" is no resource type: Normal or Push"},
@@ -91,7 +91,7 @@ TEST(CellBlock, PastesIntoTheMatchingCells)
         {{1, 4, {}, {}, all}, "", "1,4="},
         {atId, "ID_Z", "!Line 1: the ID ID_A stays: pasting doesn't rename rows"},
         {atNew, " id_z ", "+ID_Z"},
-        // By place.
+        // By position.
         {atText, "x|y\nz", "0,3=x; 0,4=y; 1,3=z"},
         {atText, "x|y|z", "0,3=x; 0,4=y; !The block has 3 columns and there is room for 2: the others are left out"},
         {{2, 1, {}, {0, 1, 2}, all}, "|x\nPush|y\n|\nNormal|z", "2,2=x; +(Push) 2=y; + 2=z"},

@@ -53,7 +53,7 @@ TEST(HostileStringFile, AcceptsLinesAndNamesOfAnyLengthWithReturnsAndZeros)
 
 TEST(HostileStringFile, ReadsManyRepeatedLanguageColumnsAndRowsFast)
 {
-    // This takes minutes where columns or holders are walked for every cell.
+    // This takes minutes if the columns or rows are searched for every cell.
     constexpr int COLUMNS = 3000;
     QByteArray header = "Number of Language|3000\nString ID|Description";
     QByteArray rows = "\nID_A|";

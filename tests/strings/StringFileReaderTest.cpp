@@ -158,7 +158,7 @@ TEST(StringFileReader, CountsTheRowsAndCellsThatASaveWouldLose)
     EXPECT_EQ(dropped(head + "|Other(13)||\n" + row + "||\n##number|1\n"), "2 ");
     EXPECT_EQ(dropped(head + '\n' + row + "\n|Normal|without an ID\n##number|1\n"), "4 ");
     EXPECT_EQ(dropped(head + '\n' + row + "\n##number|1\n" + row + "\n\nlast"), "5 7 ");
-    // Of two texts for one cell the second counts, and equal ones lose nothing.
+    // The second of two texts for a cell is used, and equal texts lose nothing.
     EXPECT_EQ(dropped(head + '\n' + row + '\n' + row + "\nID_A|Normal|about|two|\n##number|2\n"), "5 ");
     EXPECT_EQ(dropped("Number of Language|2\nString ID|Description|English(9)|English(9)\n"
                       "ID_A|a|one|two\nID_B|b|one|\nID_C|c||two\nID_D|d|one|one\n##number|4\n"),

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The table of the tree, with every law that holds for a row.
+/// Returns the table of the tree, and checks every rule for its rows.
 PlainTable TableOfTree(TableProject &project)
 {
     PlainTable table;
@@ -53,7 +53,7 @@ QString SomeText()
     return *rc::gen::elementOf(TEXTS);
 }
 
-/// A table, and the plain ones that undoing and doing again have to lead to.
+/// A table, and the plain tables that undo and redo must restore.
 struct Walk
 {
     void Step()
@@ -116,7 +116,7 @@ struct Walk
 
 TEST(StringTable, RandomEditsWithUndoAndRedoMatchAPlainTable)
 {
-    setenv("RC_PARAMS", "seed=7 max_success=300", /*overwrite=*/0); // the same tables each time
+    setenv("RC_PARAMS", "seed=7 max_success=300", /*overwrite=*/0); // the same tables in each run
     EXPECT_TRUE(rc::check([] {
         Walk walk;
         CommandHistory &history = walk.real.table.history;
@@ -254,7 +254,7 @@ TEST(StringTable, CommandsFindTheirRowsAndLanguagesAfterMovesOrDoNothing)
     project.table.RemoveLanguageColumn(9);
     project.table.history.Undo();
     EXPECT_EQ(project.grid.TakeMessage(), 170);
-    ASSERT_EQ(project.table.CreateRow(u"ID_NEW"_s, 0), 0); // the rows move
+    ASSERT_EQ(project.table.CreateRow(u"ID_NEW"_s, 0), 0); // moves the rows
     project.table.history.Undo();
     EXPECT_EQ(project.Dump(), u"ID_NEW Normal  |ID_A Normal  x|ID_B Normal  y|ID_C Normal  z"_s);
     project.Delete({1, 3});
