@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The converter's command line and what it does to files. Usage: files_test.py CONVERTER"""
+"""Tests the converter's command line and its work on files. Usage: files_test.py CONVERTER"""
 
 import os
 import re
@@ -15,7 +15,7 @@ WHITE_CONVERTED = device([[(255, 255, 255)]])
 class Files(ConverterTest):
     def setUp(self):
         super().setUp()
-        self.source = self.put(b'a.png', WHITE)  # the first bytes tell the kind, not the name
+        self.source = self.put(b'a.png', WHITE)  # the first bytes determine the kind, not the name
 
     def converts(self, source, target):
         self.assertEqual(run('-f', '-i', source, target), (0, b'', b''))

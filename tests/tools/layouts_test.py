@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""The converter of layouts as the packer starts it: its command line, its messages, its files.
+"""Tests the converter of layouts as the packer starts it: its command line, its messages, its files.
 
 Use: layouts_test.py ZUL_XML_CONV CONVERT_I_2_H REPOSITORY
 """
@@ -45,14 +45,14 @@ class Layouts(unittest.TestCase):
         (self.dir / name).write_bytes(content)
 
     def run_tool(self, *arguments):
-        """The exit status and the messages."""
+        """Returns the exit status and the messages."""
         done = subprocess.run(arguments, capture_output=True, cwd=self.dir, timeout=60,
                               env=dict(os.environ, MORVANITE_PROGRAM_DIR=str(self.dir), XDG_CONFIG_HOME=str(self.dir)))
         self.assertEqual(done.stdout, b"")
         return done.returncode, done.stderr.decode()
 
     def convert(self, *through, **changed):
-        """The exit status and the messages of the command line that the packer builds."""
+        """Returns the exit status and the messages for the command line that the packer uses."""
         options = {"i": "in.xml", "o": "out", "x": "types.xml", "t": "tables", "h": "ResID.h", "E": SUBTOOL, **changed}
         words = [word for option in "ioxth" for word in (f"-{option}", self.path(options[option]))]
         return self.run_tool(*through, TOOL, *words, "-p", "-e", "-E", options["E"])

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What becomes of each kind of picture. Usage: pictures_test.py CONVERTER"""
+"""Tests the conversion of each kind of picture. Usage: pictures_test.py CONVERTER"""
 
 import pathlib
 import re
@@ -15,7 +15,7 @@ PLTE = b''.join(map(bytes, PALETTE))
 
 
 def samples(channels, depth):
-    """13 x 11 pixels of samples that use all of their bits."""
+    """Returns 13 x 11 pixels of samples that use all of their bits."""
     def sample(x, y, channel):
         return ((x * 7919 + y * 104729 + channel * 15485863 + 12345) * 2654435761 >> 8) % 2 ** depth
 
@@ -54,7 +54,7 @@ class Png(ConverterTest):
         alphas = chunk(b'PLTE', PLTE[:12]) + chunk(b'tRNS', bytes((255, 0, 77)))
         self.assertEqual(self.converted(png(rows, INDEXED, 2, chunks=alphas)),
                          device([[PALETTE[value] + ((255, 0, 77, 255)[value],) for value, in row] for row in rows]))
-        # Two colours that are the same once they have 8 bits; only the first is transparent.
+        # Two colours that are equal in 8 bits; only the first is transparent.
         rows = drawn(4, 2, lambda x, y: (0x8080 + x % 2,) * 3)
         self.assertEqual(self.converted(png(rows, RGB, 16, chunks=chunk(b'tRNS', b'\x80' * 6))),
                          device(drawn(4, 2, lambda x, y: (128, 128, 128, x % 2 * 255))))
@@ -73,7 +73,7 @@ class Png(ConverterTest):
 
     def test_refuses_damage_and_impossible_sizes(self):
         whole = png(samples(3, 8), RGB)
-        for from_the_end in (12 + 1, 12 + 4 + 1, 12 + 4 + 4 + 20):  # checksums of chunk and data, the data
+        for from_the_end in (12 + 1, 12 + 4 + 1, 12 + 4 + 4 + 20):  # the checksums of chunk and data, and the data
             damaged = bytearray(whole)
             damaged[-from_the_end] ^= 1
             self.refuses(damaged, b'broken png')
@@ -91,7 +91,7 @@ class Bmp(ConverterTest):
                     if bits <= 8:
                         numbers = drawn(19, 7, lambda x, y: (x * 5 + y * 3) % 2 ** bits)
                         wanted = colours(numbers)
-                    else:  # the upper byte of 32 bits means nothing
+                    else:  # the highest byte of 32 bits is unused
                         wanted = drawn(19, 7, motley)
                         numbers = [[int.from_bytes(bytes(p), 'big') | 0x12 << 24 for p in row] for row in wanted]
                     rows = bmp_rows([[number % 2 ** bits for number in row] for row in numbers[::order]], bits)
@@ -119,11 +119,11 @@ class Bmp(ConverterTest):
 
     def test_run_length_data_may_jump_end_early_and_exceed_the_row(self):
         half_bytes = bytes((5, 0x12, 3, 0x44, 0, 0,                      # 12121, 444
-                            0, 5, 0x34, 0x56, 0x70, 0, 0, 0,             # five as they stand, the rest left out
+                            0, 5, 0x34, 0x56, 0x70, 0, 0, 0,             # five literal pixels; the rest is omitted
                             1, 0x90, 0, 2, 2, 2, 2, 0xAB, 0, 1))         # one, then two to the right and two rows up
-        whole_bytes = bytes((8, 6, 0, 0,                                 # three more than the row has
-                             0, 3, 1, 2, 3, 0, 0, 4, 9, 8, 7, 6, 0, 0,   # an odd number, then more than have room
-                             0, 2, 200, 0, 3, 5, 0, 1))                  # a jump out of the row
+        whole_bytes = bytes((8, 6, 0, 0,                                 # three more than fit into the row
+                             0, 3, 1, 2, 3, 0, 0, 4, 9, 8, 7, 6, 0, 0,   # an odd number, then more than fit
+                             0, 2, 200, 0, 3, 5, 0, 1))                  # a jump beyond the row
         for picture, rows in ((bmp(8, 5, 4, half_bytes, 2, colours=16), '000ab000 00000000 90000000 34567000 12121444'),
                               (bmp(5, -3, 8, whole_bytes, 1, colours=16), '66666 12398 00000')):
             indices = [[int(digit, 16) for digit in row] for row in rows.split()]
@@ -138,7 +138,7 @@ class Bmp(ConverterTest):
 
         row = b'\1\0\0\0'
         full = bmp(2, 1, 8, row, colours=16)                   # 16 colours, the pixels at byte 118
-        for declared in (16, 0):                               # 0 is 256, for which there is no room
+        for declared in (16, 0):                               # 0 means 256, for which there is no room
             self.assertEqual(self.converted(with_offset(full, 118, declared)), device([[PALETTE[1], PALETTE[0]]]))
         short = bmp(2, 1, 8, row, colours=8)
         self.assertEqual(self.converted(with_offset(short, 86, 16)), device([[PALETTE[1], PALETTE[0]]]))
@@ -218,7 +218,7 @@ class Jpg(ConverterTest):
     WAYS = ((), [(number, 1, 63, 0, 0) for number in (1, 2, 3)])
 
     def comes_back(self, area, colour, components=3, **options):
-        """Wants the colour that `colour` makes of each area's samples."""
+        """Compares with the colour that `colour` makes of each area's samples."""
         wanted = drawn(29, 21, lambda x, y: colour(*area(x // 8, y // 8)))
         self.assertEqual(self.converted(jpg(29, 21, area, **options)), device(wanted))
 
@@ -240,7 +240,7 @@ class Jpg(ConverterTest):
 
     def test_refuses_damaged_pixels_and_skips_stray_bytes_before_them(self):
         whole = jpg(64, 64, motley)
-        end = 4 + int.from_bytes(whole[4:6], 'big')  # of the first segment
+        end = 4 + int.from_bytes(whole[4:6], 'big')  # the end of the first segment
         self.assertEqual(self.converted(whole[:end] + b'\0\0' + whole[end:]), self.converted(whole))
         self.refuses(whole[:-90] + whole[-40:], b'broken jpg: Corrupt JPEG data')
 
