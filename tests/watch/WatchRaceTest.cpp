@@ -10,7 +10,7 @@
 
 using namespace std::chrono_literals;
 
-// Built with ThreadSanitizer it finds what isn't locked; see .ci/run.
+// ThreadSanitizer finds accesses without a lock in this test; see .ci/run.
 #ifdef __SANITIZE_THREAD__
 constexpr int ROUNDS = 10'000;
 #else
