@@ -12,8 +12,8 @@ QByteArray SheetOf(const QByteArray &rows)
     return QByteArray(Package::SHEET).replace("%1", rows);
 }
 
-/// The most memory that the process had since the last call, in bytes. None with a sanitizer, which keeps what is
-/// freed.
+/// Returns the peak of the process's memory since the last call, in bytes. Returns 0 with a sanitizer, which keeps
+/// freed memory.
 qint64 PeakMemory()
 {
 #ifdef __SANITIZE_ADDRESS__
@@ -137,7 +137,7 @@ TEST(Xlsx, ReportsErrors)
 {
     const auto rows = [](const QByteArray &xml) { return Package().Rows(xml).Build(); };
     const QByteArray file = rows("<row><c><v>12345</v></c></row>");
-    const auto entry = [&file](qsizetype field, const QByteArray &value) { // of the sheet, in the directory
+    const auto entry = [&file](qsizetype field, const QByteArray &value) { // changes the sheet's entry in the directory
         return QByteArray(file).replace(file.lastIndexOf("xl/sheet.xml") - 46 + field, value.size(), value);
     };
     const QByteArray compound("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1 E\0n\0c\0r\0y\0p\0t\0e\0d\0P\0a\0c\0k\0a\0g\0e\0", 41);
@@ -199,10 +199,10 @@ TEST(Xlsx, RefusesZipBombsWithLittleMemory)
         return Package().Set("xl/sheet.xml", SheetOf(rows), true).Build();
     };
     const QByteArray blanks(64 << 20, ' ');
-    // A part that has the size of a bomb, but the directory tells another.
+    // A part of that size, for which the directory has a smaller size.
     QByteArray lying = sheet(blanks);
     lying.replace(Package::U32({quint32(SheetOf(blanks).size())}), Package::U32({1000}));
-    // These shrink a lot, but not too much, and take more memory than they have bytes.
+    // These compress well, but not suspiciously, and need more memory than they have bytes.
     std::mt19937 random(1);
     QByteArray cells = "<row>";
     QByteArray runs;
