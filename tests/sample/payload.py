@@ -29,7 +29,7 @@ def padded(data):
 
 
 class Layout:
-    """The device's form of a layout without faults and with a catalogue, made from the description of the format alone."""
+    """The device's form of a layout, made from the description alone. The layout has a catalogue and no faults."""
 
     WORDS = {"ZulBool": 16, "ZulS32": 17, "ZulU32": 18, "ZulId": 18, "ZulMsec": 19, "ZulFloat": 20, "ZulColor": 21, "ZulResId": 23,
              "ZulWString": 24, "ZulImageSrc": 25, "ZulPoint": 26, "ZulSize": 27, "ZulFPoint": 28, "ZulRect": 29, "ZrpStateImage": 30}

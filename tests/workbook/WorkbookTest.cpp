@@ -194,7 +194,7 @@ TEST(Workbook, AFullDiskNeverLeavesATruncatedWorkbook)
         SCOPED_TRACE(name);
         const TempFolder folder;
         const QByteArray whole = Written(write, rows);
-        for (rlim_t limit = rlim_t(whole.size() - 1) % 1'777; limit < 100'000; limit += 1'777) { // the last is 1 too small
+        for (rlim_t limit = rlim_t(whole.size() - 1) % 1'777; limit < 100'000; limit += 1'777) { // up to 1 byte too few
             folder.Put(name, "as before");
             const WorkbookResult result = WithFileLimit(limit, [&] { return WriteWorkbook(folder.Path(name), table); });
             EXPECT_TRUE(result.fault == None || result.fault == CannotWrite);
