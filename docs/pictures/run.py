@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Draws docs/pictures/run.png: what the packed sample shows, and the pictures that it carries; and start-screen.png: the
-preview of its start screen beside what the program on the device reads of it.
+"""Draws docs/pictures/run.png: what the packed sample prints, and the pictures that it contains. Also draws
+start-screen.png: the preview of its start screen beside what the program on the device reads of it.
 
 Run from the top of the tree after ./run.sh and docs/pictures/window.sh. Needs librsvg2-bin, python3-pil, fonts-dejavu, fonts-wqy-microhei, fonts-noto-core.
 """
@@ -34,7 +34,7 @@ def text(x, y, words, colour='#d8dee9', weight='normal'):
 
 
 def table(line, y):
-    """A row of the table of strings: its columns are two blanks or more apart, and scripts differ in width."""
+    """Draws a row of the table of strings. Its columns are two blanks or more apart, since scripts differ in width."""
     columns = [column for column in line.strip().split('  ') if column.strip()]
     places = (0, 225, 290, 424, 652, 732, 872, 972)
     return ''.join(text(LEFT + place, y, column.strip()) for place, column in zip(places, columns))
@@ -67,7 +67,7 @@ def main():
 
 
 def write(name, title, width, height, body):
-    """A picture of a terminal."""
+    """Returns a picture of a terminal."""
     svg = ('<svg xmlns="http://www.w3.org/2000/svg" width="%d" height="%d" font-size="14.5" '
            'font-family="DejaVu Sans Mono, Noto Sans Devanagari, Noto Sans Arabic, WenQuanYi Micro Hei, monospace">'
            '<rect width="100%%" height="100%%" rx="10" fill="#2b303b"/>'

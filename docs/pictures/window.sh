@@ -1,14 +1,14 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# Takes the pictures of the window for README.md and docs/window.md anew, with the sample: docs/pictures/window.sh [BUILD]
-# BUILD, "build" if it isn't given, is a folder in which app_pictures has been built. Needs the packages of the tests, and
+# Takes new pictures of the window for README.md and docs/window.md, with the sample: docs/pictures/window.sh [BUILD]
+# BUILD is a folder in which app_pictures has been built, "build" by default. Needs the packages of the tests, and
 # fonts-lohit-deva for the texts in Hindi.
 set -eu
 program=$(realpath "${1:-build}")/tests/app_pictures
 pictures=$(cd "$(dirname "$0")" && pwd)
 taken=$(mktemp -d)
 trap 'rm -rf "$taken"' EXIT
-take() { # the look, then for each picture its name among those that the program takes and the name of the file
+take() { # LOOK PICTURE FILE ...: the look, then for each picture its name in the program and the name of its file
     "$program" "$taken" $1
     shift
     while [ $# -gt 0 ]; do
@@ -17,7 +17,7 @@ take() { # the look, then for each picture its name among those that the program
     done
 }
 export LC_ALL=C.UTF-8
-# A screen on which the window has room at either scale.
+# A screen with enough room for the window at either scale.
 printf '{"screens":[{"name":"s","x":0,"y":0,"width":2880,"height":1700,"logicalDpi":96,"logicalBaseDpi":96,"dpr":1}]}' >"$taken/screen.json"
 export QT_QPA_PLATFORM="offscreen:configfile=$taken/screen.json"
 QT_SCALE_FACTOR=2 take "" project window.png strings strings.png file-pictures files.png layout layout.png

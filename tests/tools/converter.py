@@ -48,7 +48,7 @@ class ConverterTest(unittest.TestCase):
         return self.get(b'out')
 
     def refused(self, source, target, path, text, **limits):
-        """Expects status 1 and one line with the text, which begins with the program and the end of the path at fault."""
+        """Expects status 1 and one line with `text`, after the name of the program and the end of the path at fault."""
         status, output, error = run('-f', '-i', source, target, **limits)
         self.assertEqual((status, output), (1, b''))
         line = rb'\Aqrk_resgenerator\.exe: /[^\n]*%b: [^\n]*%b[^\n]*\n\Z'
