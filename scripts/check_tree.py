@@ -27,7 +27,7 @@ def tracked(*patterns):
 
 
 def function_lengths(lines):
-    """Returns (name, first line, length) of each function: from a line with only its opening brace to the closing one."""
+    """Returns (name, first line, length) of each function: from the line of its opening brace to the closing one."""
     start = None
     for number, line in enumerate(lines, 1):
         indent = len(line) - len(line.lstrip())
