@@ -129,7 +129,7 @@ TEST(MainFrame, ShowsAndHidesToolBarStatusBarAndOutput)
         window.Frame().RunAction(id);
         EXPECT_FALSE(window.Frame().StateOf(id)->checked);
         window.Settle();
-        EXPECT_EQ(marks(), 2) << "the View menu shows what is in sight";
+        EXPECT_EQ(marks(), 2) << "the View menu shows what is visible";
         window.Frame().RunAction(id);
         EXPECT_TRUE(window.Frame().StateOf(id)->checked);
     }

@@ -67,7 +67,7 @@ TEST(UserBoxes, FileDialogShowsFilesWithoutADotAndSelectsTheGivenFile)
     });
     QStringList chosen;
     window.Document().ChooseFiles(KIND_IMAGES | KIND_BINARY, false, u".\\res\\Pics\\old.png"_s, chosen);
-    EXPECT_EQ(chosen, QStringList(window.folder.Path("demo/res/pics/Old.png"))) << "whatever the case of its name";
+    EXPECT_EQ(chosen, QStringList(window.folder.Path("demo/res/pics/Old.png"))) << "with any case of its name";
 }
 
 TEST(UserBoxes, FileDialogAddsTheOnlyExtensionOfItsTypeToATypedName)

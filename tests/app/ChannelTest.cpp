@@ -50,7 +50,7 @@ TEST(Channel, RunsIdeCommandsInTheWindowWithoutBoxesOrOutput)
         EXPECT_FALSE(window.Child().close());
         window.Document().SetModifiedFlag(true);
         QTest::keyClick(&window.Frame(), Qt::Key_S, Qt::ControlModifier);
-        EXPECT_TRUE(window.Document().IsModified()) << "what the user does meanwhile is dropped";
+        EXPECT_TRUE(window.Document().IsModified()) << "user input during a command is dropped";
         window.Document().SetModifiedFlag(false);
     }
     EXPECT_TRUE(window.Frame().close());
@@ -86,7 +86,7 @@ TEST(Channel, ACommandEndsAnUnfinishedUserAction)
     window.Answer({QMessageBox::Ok});
     Send(IDE_COMMAND_LOAD, RecordOf(window.Project("other")));
     EXPECT_TRUE(TestWindow::WaitFor([&] { return !window.boxes.isEmpty(); }));
-    EXPECT_EQ(window.boxes, QStringList(u"The ID is invalid."_s)) << "once the command is over";
+    EXPECT_EQ(window.boxes, QStringList(u"The ID is invalid."_s)) << "after the end of the command";
 }
 
 TEST(Channel, ACommandThatClosesAMenuReleasesTheKeyboard)
@@ -116,7 +116,7 @@ TEST(Channel, WaitsUntilNoCommandIsRunning)
     TestWindow::Settle();
     EXPECT_EQ(done, 0);
     turn.End();
-    EXPECT_EQ(done, 0) << "who gave the command still waits for its answer";
+    EXPECT_EQ(done, 0) << "the sender of the command still waits for its answer";
     TestWindow::Settle();
     EXPECT_EQ(done, 1);
 }

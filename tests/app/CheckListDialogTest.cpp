@@ -110,5 +110,5 @@ TEST(CheckListDialog, AppliesRowsInTheShownOrderAndStoresItsStateOnClosing)
     other.ClickHeader(1);
     QTest::keyClick(&other.grid, Qt::Key_Escape);
     EXPECT_EQ(other.Take(), QString()) << "the helper isn't asked";
-    EXPECT_TRUE(other.folder.Get("a.ini").contains("sort=2")) << "stored all the same";
+    EXPECT_TRUE(other.folder.Get("a.ini").contains("sort=2")) << "stored nevertheless";
 }

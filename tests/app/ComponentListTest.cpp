@@ -123,7 +123,7 @@ TEST(ComponentList, ForgetsDestroyedComponentsAndShowsNewOnes)
     }
     EXPECT_LT(clock.elapsed(), 10'000); // milliseconds
     window.Document().ClearFolder(*window.Document().root.FindFolder(KIND_FILES, 1));
-    EXPECT_EQ(window.Shown(), u"Button: a*\n.Label: l\nBase!\n"_s) << "which has no layout";
+    EXPECT_EQ(window.Shown(), u"Button: a*\n.Label: l\nBase!\n"_s) << "the cleared folder has no layout";
     for (int round = 1; round <= 1000; ++round) {
         auto &grid = StringWindow::Find<CListGrid>(window.Panes().Grid());
         grid.SelectAlone(0, 0);

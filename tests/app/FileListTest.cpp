@@ -55,7 +55,7 @@ TEST(FileList, AddsFilesByClassWithUniqueIds)
         world.list.AddFiles({world.Put("song.wav"), world.Put("a.bmp"), world.Put("x/song.MP3"), world.folder.Path("x"),
                              world.Put("+.txt")});
     EXPECT_EQ(added.added, 4);
-    EXPECT_TRUE(added.refusals.isEmpty()) << "a folder is skipped without a word";
+    EXPECT_TRUE(added.refusals.isEmpty()) << "a folder is skipped silently";
     EXPECT_EQ(world.Rows(), "ID_AUDIO_SONG=.\\song.wav ID_FILE_A=.\\a.bmp ID_AUDIO_SONG1=.\\x\\song.MP3 "
                             "ID_FILE_TXT=.\\+.txt <New> ");
     EXPECT_EQ(NamesIn(world.audio) + "|" + NamesIn(world.binary), "ID_AUDIO_SONG ID_AUDIO_SONG1|ID_FILE_A ID_FILE_TXT");
@@ -143,7 +143,7 @@ TEST(FileList, EditsIdsFilesAndTypes)
     EXPECT_EQ(world.list.CellText(1, 1), u"Other"_s) << "what the box showed";
     world.list.FlipPush({1});
     EXPECT_EQ(world.list.CellText(1, 1), u"Normal"_s);
-    EXPECT_EQ(observer.changed, changes) << "types mark nothing as modified";
+    EXPECT_EQ(observer.changed, changes) << "a type doesn't mark the project as modified";
 
     world.list.Fill(&world.images, 1);
     EXPECT_EQ(world.list.AddFileRow(0, world.Put("i.png")), FILE_EDIT_DONE);
@@ -159,7 +159,7 @@ TEST(FileList, SortsRemovesAndClears)
         paths << world.Put(("n" + QByteArray::number(i) + (i % 2 ? ".wav" : ".txt")).constData());
     world.list.Fill(&world.files, -1);
     EXPECT_EQ(world.list.AddFiles(paths).added, 400);
-    EXPECT_EQ(world.list.CellText(399, 0), u"ID_AUDIO_N399"_s) << "in the order in which they came";
+    EXPECT_EQ(world.list.CellText(399, 0), u"ID_AUDIO_N399"_s) << "in the order of insertion";
     const QPersistentModelIndex last = world.shown.index(399, 0);
     world.list.Sort(-1);
     EXPECT_EQ(last.data().toString(), u"ID_AUDIO_N399"_s);

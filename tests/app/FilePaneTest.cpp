@@ -37,7 +37,7 @@ TEST(FilePane, EditsIdsInPlace)
     FileWindow window;
     window.Answer({QMessageBox::Ok, QMessageBox::Ok});
     window.Click(0, 0);
-    EXPECT_FALSE(window.Editor().isVisible()) << "a click edits nothing";
+    EXPECT_FALSE(window.Editor().isVisible()) << "a click doesn't start an edit";
     window.DoubleClick(0, 0);
     EXPECT_EQ(window.Editor().maxLength(), 64);
     QTest::keyClicks(&window.Editor(), u"1 x"_s);
@@ -47,7 +47,7 @@ TEST(FilePane, EditsIdsInPlace)
     window.Activate();
     QTest::keyClicks(&window.Editor(), u" id_z "_s);
     QTest::keyClick(&window.Editor(), Qt::Key_Return);
-    EXPECT_EQ(window.Rows().first(), u"ID_Z|Normal|.\\res\\a.wav"_s) << "and it isn't sorted anew";
+    EXPECT_EQ(window.Rows().first(), u"ID_Z|Normal|.\\res\\a.wav"_s) << "and it isn't sorted again";
 
     window.Frame().RunAction(ACTION_NEW);
     EXPECT_EQ(window.Editor().text(), u"<New>"_s);
@@ -102,7 +102,7 @@ TEST(FilePane, PlacesTheButtonAndTheBoxOfTypes)
     window.Click(0, 1);
     EXPECT_TRUE(window.TypeBox().isVisible() && window.TypeBox().hasFocus() && !isPlaced());
     choose(u"Other"_s);
-    EXPECT_TRUE(window.TypeBox().isVisible()) << "nothing that a row can be";
+    EXPECT_TRUE(window.TypeBox().isVisible()) << "not a type that a row can have";
     choose(u"Push"_s);
     EXPECT_FALSE(window.TypeBox().isVisible());
     EXPECT_EQ(window.Rows().first(), u"ID_A|Push|.\\res\\a.wav"_s);

@@ -66,7 +66,7 @@ TEST(FindBar, ReportsEachChangeOnceAndTheNavigationKeys)
     EXPECT_EQ(open.Take(), u"changed changed next next grid back back "_s);
     QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&open.column, &wheel);
-    EXPECT_EQ(open.Take(), QString()) << "the wheel is for the choice in focus";
+    EXPECT_EQ(open.Take(), QString()) << "the wheel changes only a focused choice";
     QTest::mouseClick(Named<QToolButton>(open.bar, u"Match case"_s), Qt::LeftButton);
     QTest::keyClick(&open.column, Qt::Key_Down);
     QTest::keyClicks(&open.missing, u"French"_s);
@@ -134,7 +134,7 @@ TEST(DetailsStrip, ShowsTheWholeTextInItsDirectionBesideTheFirstLanguage)
     EXPECT_EQ(headings[0]->text() + u'|' + headings[1]->text(), u"ID_A · Arabic · 37 of 512|English"_s);
     EXPECT_EQ(texts[1]->toPlainText(), u"a"_s);
     EXPECT_EQ(texts[0]->document()->defaultTextOption().textDirection(), Qt::RightToLeft);
-    EXPECT_LT(texts[0]->toPlainText().size(), 10'000) << "no more than can be seen while the user moves on";
+    EXPECT_LT(texts[0]->toPlainText().size(), 10'000) << "no more than the user can see";
     EXPECT_TRUE(QTest::qWaitFor([&] { return texts[0]->toPlainText().endsWith(u"END"); }));
     strip.ShowCell(project.table, 0, 3, 1, 1);
     EXPECT_EQ(texts[0]->toPlainText(), u"a"_s);

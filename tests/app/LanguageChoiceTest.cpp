@@ -71,7 +71,7 @@ TEST(LanguageChoice, ShowsTheLanguagesOfTheTableInItsOrderAndSortsThemByNameOrNu
             rows += row.texts.join(u'=') + (row.checked ? u"*"_s : QString());
         return rows.join(u' ').toStdString();
     };
-    EXPECT_EQ(sorted(0), "French=12 English=9* Text10=1 Text9=2") << "no row for what is no language";
+    EXPECT_EQ(sorted(0), "French=12 English=9* Text10=1 Text9=2") << "only languages have a row";
     EXPECT_EQ(sorted(1), "English=9* French=12 Text9=2 Text10=1");
     EXPECT_EQ(sorted(-2), "French=12 English=9* Text9=2 Text10=1");
     for (const int state : {3, INT_MIN})
@@ -81,7 +81,7 @@ TEST(LanguageChoice, ShowsTheLanguagesOfTheTableInItsOrderAndSortsThemByNameOrNu
 TEST(LanguageChoice, AsksWithTheCountsOfChangesAndChangesNothingBeforeTheAnswer)
 {
     LanguageChoice project;
-    EXPECT_EQ(project.Ok(), "closed|English|Old") << "nothing to do, nothing to ask";
+    EXPECT_EQ(project.Ok(), "closed|English|Old") << "no question without a change";
     project.Turn({12, 9, 12, 9});
     EXPECT_EQ(project.Ok(), "closed|English|Old");
     project.list.SetAll(false);

@@ -33,7 +33,7 @@ TEST(ListSettings, StoreTheWidthsFromLastColumnToFirstAndTheSortState)
     const ListSettings other(settings, 1011);
     EXPECT_EQ(other.Width(0, 80), 80) << "no width is below 0";
     EXPECT_LT(other.Width(1, 80), 20'000);
-    EXPECT_EQ(other.Width(2, 80), 0) << "as a number that is none";
+    EXPECT_EQ(other.Width(2, 80), 0) << "like text that isn't a number";
     EXPECT_EQ(other.SortState(1), 1) << "the other direction would be no number";
     EXPECT_EQ(list.Width(0, 200), 120);
     EXPECT_EQ(list.SortState(0), 0);

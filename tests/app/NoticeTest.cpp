@@ -39,12 +39,12 @@ TEST(NoticeBar, CanBeReadCopiedAndDismissedByTheKeyboard)
     window.Settle();
     EXPECT_TRUE(bar.isVisible());
     EXPECT_EQ(bar.geometry().top(), 0);
-    EXPECT_GE(window.Tree().mapTo(bar.parentWidget(), QPoint()).y(), bar.geometry().bottom()) << "it is in no way";
-    EXPECT_EQ(QApplication::focusWidget(), &window.Tree()) << "it takes no keys from who types";
+    EXPECT_GE(window.Tree().mapTo(bar.parentWidget(), QPoint()).y(), bar.geometry().bottom()) << "it covers nothing";
+    EXPECT_EQ(QApplication::focusWidget(), &window.Tree()) << "it doesn't take the focus from the user";
     auto *const text = bar.findChild<QPlainTextEdit *>();
     auto *const close = bar.findChild<QToolButton *>();
     EXPECT_EQ(text->toPlainText(), u"Kept in <b>/home/x</b>."_s) << "plain text";
-    EXPECT_EQ(bar.Texts().Place(), u"1 of 2"_s) << "each is told once";
+    EXPECT_EQ(bar.Texts().Place(), u"1 of 2"_s) << "each message is shown once";
     EXPECT_FALSE(close->toolTip().isEmpty() || close->accessibleName().isEmpty());
 
     QTest::keyClick(&window.Frame(), Qt::Key_F6);
@@ -68,7 +68,7 @@ TEST(NoticeBar, CanBeReadCopiedAndDismissedByTheKeyboard)
     text->setFocus();
     QTest::keyClick(text, Qt::Key_Escape);
     EXPECT_FALSE(bar.isVisible());
-    EXPECT_EQ(QApplication::focusWidget(), contents) << "the keys are again those of who had them";
+    EXPECT_EQ(QApplication::focusWidget(), contents) << "the previous control has the focus again";
 }
 
 TEST(NoticeBar, AppearsOnlyInTheWindowOfAProjectThatIsBeingLoaded)
@@ -86,14 +86,14 @@ TEST(NoticeBar, AppearsOnlyInTheWindowOfAProjectThatIsBeingLoaded)
     window.Frame().RunAction(ACTION_CLOSE);
     window.Settle();
     EXPECT_THAT(window.OutputText(), testing::HasSubstr("while it loads\n")) << "nobody has read it yet";
-    EXPECT_FALSE(window.Child().Notice().isVisible()) << "it isn't the other project's";
+    EXPECT_FALSE(window.Child().Notice().isVisible()) << "it belongs to the first project";
 
     const CResDoc &other = window.Document();
     window.app->Documents().opened = opened;
     {
         const CMainFrame::Busy busy(window.Frame(), IDE_COMMAND_SAVE);
         window.Frame().Notices().Add(other, u"a command's"_s);
-        EXPECT_TRUE(window.Child().Notice().isVisible()) << "it waits for nobody";
+        EXPECT_TRUE(window.Child().Notice().isVisible()) << "it doesn't wait for an answer";
     }
 }
 

@@ -37,7 +37,7 @@ TEST(InfoPane, ScrollsToTheEndUnlessTheUserScrolledAway)
     EXPECT_TRUE(pane.toPlainText().isEmpty() && !pane.StateOf(ACTION_SELECT_ALL)->enabled &&
                 !pane.StateOf(ACTION_COPY)->enabled && !pane.StateOf(ACTION_SAVE));
     append(u"new"_s);
-    EXPECT_TRUE(pane.textCursor().atEnd()) << "an empty pane is followed again";
+    EXPECT_TRUE(pane.textCursor().atEnd()) << "an empty pane scrolls to the end again";
 }
 
 TEST(InfoPane, ShowsMuchOutputInOrderPieceByPiece)
@@ -51,7 +51,7 @@ TEST(InfoPane, ShowsMuchOutputInOrderPieceByPiece)
         all += line;
     }
     QCoreApplication::processEvents();
-    EXPECT_LT(pane.toPlainText().size(), all.size() / 2) << "the rest waits, and with it nothing else";
+    EXPECT_LT(pane.toPlainText().size(), all.size() / 2) << "the rest waits, and nothing else waits for it";
     all.remove(u'\r');
     EXPECT_TRUE(TestWindow::WaitFor([&] { return pane.toPlainText().size() >= all.size(); }));
     EXPECT_EQ(pane.toPlainText(), all);

@@ -84,7 +84,7 @@ TEST(PreviewArt, DrawsImagesAndTextsInTheFramesOfTheirComponents)
     };
     EXPECT_GT(inks({0, 60, 120, 40}, [](const QColor &color) { return color.blue() > 200 && color.red() < 80; }), 50);
     EXPECT_GT(inks({0, 100, 120, 40}, [](const QColor &color) { return color.value() < 90; }), 10)
-        << "the label of what refers to nothing";
+        << "the label of a component with a missing resource";
 
     window.PutPicture(Qt::green);
     QEvent activate(QEvent::WindowActivate);

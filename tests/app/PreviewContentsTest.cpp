@@ -63,6 +63,6 @@ TEST(PreviewContents, AreTheImagesAndTextsThatPropertiesReferTo)
 
     EXPECT_TRUE(of(2).IsEmpty()) << "of another resolution, no reference, without a file, no such text";
     EXPECT_EQ(of(2).backgroundAlpha, 255) << "a colour without alpha";
-    EXPECT_TRUE(of(3).IsEmpty()) << "nothing is known of the class";
+    EXPECT_TRUE(of(3).IsEmpty()) << "the class is unknown";
     EXPECT_TRUE(of(0).text == std::nullopt && !contents.Of(*layout->Components()[0]->subComponents[0]).text);
 }

@@ -62,7 +62,7 @@ TEST(ProjectWindow, ShowsTheFoldersInUseAndOpensThem)
     EXPECT_EQ(window.Selected()->title, u"240x320"_s) << "a refill keeps the selection";
     for (const bool isGone : {false, true}) {
         window.Document().treeGoes.Tell(window.Document().root);
-        EXPECT_EQ(window.Selected(), nullptr) << "what a reload destroys is let go of";
+        EXPECT_EQ(window.Selected(), nullptr) << "the view forgets what a reload destroys";
         if (isGone)
             window.Document().root.FindFolder(KIND_RESO_IMAGES, 1, 2)->kind |= KIND_FLAG_OFF;
         window.Document().UpdateAllViews(nullptr);
@@ -117,7 +117,7 @@ TEST(ProjectWindow, ClosingAsksAboutChangesAndKeepsAProjectThatCannotBeSaved)
     window.Answer({QMessageBox::Cancel});
     window.Frame().setGeometry(11, 12, 800, 600);
     EXPECT_FALSE(window.Frame().close());
-    EXPECT_TRUE(window.folder.Get("bin/Morvanite.ini").contains("maximized=0\nposition=")) << "stored all the same";
+    EXPECT_TRUE(window.folder.Get("bin/Morvanite.ini").contains("maximized=0\nposition=")) << "stored nevertheless";
 
     const QByteArray list = window.folder.Get("demo/res/demo.res.xml");
     ASSERT_TRUE(QFile::remove(window.folder.Path("demo/res/demo.res.xml")));
@@ -162,7 +162,7 @@ TEST(ProjectWindow, AProjectThatDoesNotOpenIsExplainedAndLeavesTheWindowUnchange
     window.Frame().RunAction(ACTION_OUTPUT);
     window.Answer({QMessageBox::Ok});
     EXPECT_FALSE(window.Frame().Projects().Open(window.Project("bad")));
-    EXPECT_TRUE(window.boxes.last().contains(u"invalid resource format"_s)) << "there is no pane to tell it";
+    EXPECT_TRUE(window.boxes.last().contains(u"invalid resource format"_s)) << "there is no pane that could show it";
 }
 
 TEST(ProjectWindow, AStartWithAProjectThatDoesNotOpenShowsTheReasonAndExits)
@@ -209,7 +209,7 @@ TEST(ProjectWindow, OpensDroppedProjectsAndRefusesOtherFiles)
     EXPECT_EQ(window.Document().PathName(), window.Project());
     window.Frame().RunAction(ACTION_CLOSE);
     window.Settle();
-    EXPECT_TRUE(window.Child().isMaximized()) << "as the closed one was";
+    EXPECT_TRUE(window.Child().isMaximized()) << "like the closed one";
 }
 
 TEST(ProjectWindow, CanBeUsedByTheKeyboard)
@@ -242,7 +242,7 @@ TEST(ProjectWindow, CanBeUsedByTheKeyboard)
     window.Frame().Bars().Output().setFocus();
     window.Frame().RunAction(ACTION_SELECT_ALL);
     QTest::keyClick(&window.Frame(), Qt::Key_E, Qt::AltModifier);
-    EXPECT_TRUE(QApplication::activePopupWidget() && isCopyOn()) << "of what gets the focus back";
+    EXPECT_TRUE(QApplication::activePopupWidget() && isCopyOn()) << "applies to the control that regains focus";
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
     QTest::keyClick(window.Frame().menuBar(), Qt::Key_Escape);
     EXPECT_EQ(QApplication::focusWidget(), &window.Frame().Bars().Output());
@@ -265,7 +265,7 @@ TEST(ProjectWindow, CanBeUsedByTheKeyboard)
         EXPECT_EQ(window.Child().State().last().value, QString::number(before));
     }
     window.Child().setLayoutDirection(Qt::LeftToRight);
-    EXPECT_TRUE(window.Child().toolTip().isEmpty()) << "all in the window would have it";
+    EXPECT_TRUE(window.Child().toolTip().isEmpty()) << "everything in the window would have it";
     for (const QWidget *widget : window.Frame().findChildren<QWidget *>()) {
         if (widget->isVisible() && widget->focusPolicy() != Qt::NoFocus && widget->inherits("QAbstractScrollArea") &&
             !widget->inherits("QMdiArea")) {
@@ -289,7 +289,7 @@ TEST(ProjectWindow, CreatesRenamesAndDeletesLayoutsInTheTree)
     QTest::keyClicks(edit, u"id_start"_s);
     window.Frame().menuBar()->setFocus(Qt::MenuBarFocusReason);
     edit->setFocus(Qt::MenuBarFocusReason);
-    EXPECT_TRUE(edit->isVisible()) << "a menu ends no editing";
+    EXPECT_TRUE(edit->isVisible()) << "a menu doesn't end the editing";
     window.Frame().menuBar()->setFocus(Qt::MenuBarFocusReason);
     window.Frame().RunAction(ACTION_OUTPUT);
     window.Settle();
@@ -299,7 +299,7 @@ TEST(ProjectWindow, CreatesRenamesAndDeletesLayoutsInTheTree)
     window.Frame().RunAction(ACTION_RENAME);
     window.Tree().findChild<QLineEdit *>()->setText(u"id_second"_s);
     window.Answer({QMessageBox::Cancel});
-    EXPECT_FALSE(window.Frame().close()) << "what is being typed counts";
+    EXPECT_FALSE(window.Frame().close()) << "the typed text counts";
     window.Frame().activateWindow();
     window.Settle();
     window.Frame().RunAction(ACTION_RENAME);
@@ -316,13 +316,13 @@ TEST(ProjectWindow, CreatesRenamesAndDeletesLayoutsInTheTree)
     window.Answer({QMessageBox::Ok, QMessageBox::Ok});
     QTest::keyClick(again, Qt::Key_Return);
     window.Settle();
-    EXPECT_TRUE(isLabelLeft && window.boxes.size() == 2) << "the keys are the tree's again";
+    EXPECT_TRUE(isLabelLeft && window.boxes.size() == 2) << "the tree has the focus again";
     look.stop();
     window.Frame().activateWindow();
     window.Settle();
     window.Frame().RunAction(ACTION_RENAME);
     window.Tree().findChild<QLineEdit *>()->setText(u"id_image"_s);
-    EXPECT_FALSE(window.Frame().close()) << "nobody ends who has just been told to correct something";
+    EXPECT_FALSE(window.Frame().close()) << "the program doesn't end when the user must correct a text";
     window.Settle();
     EXPECT_EQ(Shown(layouts->child(0)), "240x320\n  ID_SECOND\n");
     window.Answer({QMessageBox::Ok});

@@ -173,7 +173,7 @@ TEST(PropertyGrid, EveryEditorIsReachableByTheKeyboard)
     PropertyWindow window;
     for (int row = 0; row < 5; ++row)
         window.Key(Qt::Key_Down);
-    EXPECT_EQ(window.Grid().currentIndex().row(), 4) << "arrows go on over rows with editors and headings";
+    EXPECT_EQ(window.Grid().currentIndex().row(), 4) << "arrows pass rows with editors and headings";
     EXPECT_TRUE(window.IsOpen() && window.Grid().hasFocus());
     window.Type(u"12"_s);
     window.Key(Qt::Key_Up);
@@ -212,7 +212,7 @@ TEST(PropertyGrid, EveryEditorIsReachableByTheKeyboard)
     QApplication::sendEvent(&window.Named<QComboBox>(u"side"_s), &wheel);
     window.Key(Qt::Key_Return);
     EXPECT_EQ(window.Stored("side"), "right");
-    EXPECT_EQ(window.Stored("wait"), "2000ms") << "an editor in which nothing was done changes nothing";
+    EXPECT_EQ(window.Stored("wait"), "2000ms") << "an unused editor changes nothing";
 }
 
 TEST(PropertyGrid, EndingAnEditorAppliesItsValueAndMenusDoNotEndIt)
@@ -221,7 +221,7 @@ TEST(PropertyGrid, EndingAnEditorAppliesItsValueAndMenusDoNotEndIt)
     const auto type = [&](const QString &number) {
         window.Click(u"count"_s);
         EXPECT_TRUE(window.Named(u"count"_s).hasFocus());
-        EXPECT_EQ(window.Grid().horizontalScrollBar()->value(), 0) << "the name stays in sight";
+        EXPECT_EQ(window.Grid().horizontalScrollBar()->value(), 0) << "the name stays visible";
         window.Type(number);
     };
     type(u"1"_s);

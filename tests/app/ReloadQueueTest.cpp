@@ -84,12 +84,12 @@ TEST(ReloadQueue, AsksOnceForACheckoutInTheOrderOfClasses)
 {
     FakeHost host;
     EXPECT_EQ(host.Change({4, 3, 2, 12, 2, 77}), "2?12?4?3?") << "the strings first, each once, none for a dead handle";
-    EXPECT_EQ(host.Change({13, 12, 3, 2, 9, 1}), "1?12?13?") << "No to the list holds for all of its project";
+    EXPECT_EQ(host.Change({13, 12, 3, 2, 9, 1}), "1?12?13?") << "No to the list applies to all files of its project";
     EXPECT_EQ(host.Change({3, 9}), "9?");
     host.answer = true;
     EXPECT_EQ(host.Change({3, 2}), "2?2!3?3!");
     EXPECT_EQ(host.Change({12, 3, 2, 9, 1}), "1?1!12?12!");
-    EXPECT_EQ(host.Change({1, 2, 3}), "") << "what isn't watched any more";
+    EXPECT_EQ(host.Change({1, 2, 3}), "") << "a file that is no longer watched";
 
     qint32 always = 1;
     host.files[12].autoReloadType = host.files[13].autoReloadFile = &always;
@@ -110,11 +110,11 @@ TEST(ReloadQueue, WaitsUntilTheUserCanBeAskedAndForgetsRemovedFiles)
         EXPECT_EQ(host.Change({11, 12, 4}), "11?") << "one question at a time";
         host.log = u"11?"_s;
     };
-    EXPECT_EQ(host.Change({}), "11?11!2?2!3?3!4?4!") << "the reload has read what changed during the question too";
+    EXPECT_EQ(host.Change({}), "11?11!2?2!3?3!4?4!") << "the reload has also read changes made during the question";
     EXPECT_TRUE(host.queue.IsEmpty());
     host.answer = false;
     host.whileAsked = [&] { host.queue.Add({2, 11}); };
-    EXPECT_EQ(host.Change({2}), "2?11?2?") << "No is about what had changed before the question";
+    EXPECT_EQ(host.Change({2}), "2?11?2?") << "No applies to changes before the question";
 
     host.whileAsked = [&] { host.files.clear(); }; // as if all projects were closed
     EXPECT_EQ(host.Change({2, 12, 13}), "2?");

@@ -87,7 +87,7 @@ TEST(ResolutionChoice, AsksWithTheCountsOfChanges)
         CheckTree tree;
         choice.InitTree(tree);
         ASSERT_EQ(tree.items.size(), walk % 3 ? 2U : 1U);
-        ASSERT_EQ(tree.items[0].children.size(), 3U) << "Default isn't at stake";
+        ASSERT_EQ(tree.items[0].children.size(), 3U) << "Default isn't affected";
         tree.onCheck = [&](CResFolder *folder, bool checked) { choice.OnCheck(folder, checked); };
         const std::string before = InUse(doc);
         int clicks = int(random() % 6);
@@ -111,7 +111,7 @@ TEST(ResolutionChoice, AsksWithTheCountsOfChanges)
                     : u"OK/Cancel: "_s + counts;
         boxes.answers = {false, true};
         EXPECT_EQ(choice.Apply(tree), added + deleted == 0);
-        EXPECT_EQ(InUse(doc), before) << "nothing before the answer";
+        EXPECT_EQ(InUse(doc), before) << "no change before the answer";
         EXPECT_EQ(boxes.asked, added + deleted == 0 ? QStringList() : QStringList{question});
         EXPECT_TRUE(choice.Apply(tree));
         for (const CheckTree::Item &top : tree.items) {
@@ -120,7 +120,7 @@ TEST(ResolutionChoice, AsksWithTheCountsOfChanges)
         }
     }
     EXPECT_TRUE(doc.IsModified());
-    EXPECT_FALSE(doc.IsIdInUse(u"ID_WIDE"_s)) << "went with its resolution";
+    EXPECT_FALSE(doc.IsIdInUse(u"ID_WIDE"_s)) << "it was deleted with its resolution";
 
     for (const auto &folder : images->subfolders)
         CResModel::PutIntoUse(*folder);
@@ -158,7 +158,7 @@ TEST(ResolutionChoice, TheDialogAppliesACheckToTheRowsBelow)
     EXPECT_EQ(tree.topLevelItem(0)->child(1)->checkState(0), Qt::Checked);
     click(u"a2"_s, false);
     EXPECT_EQ(TakeTold(helper), "2- ");
-    EXPECT_EQ(tree.topLevelItem(0)->checkState(0), Qt::Checked) << "what is above stays";
+    EXPECT_EQ(tree.topLevelItem(0)->checkState(0), Qt::Checked) << "the rows above stay";
     buttons[0]->click();
     EXPECT_EQ(TakeTold(helper), "2+ 3+ ");
     buttons[1]->click();
@@ -234,7 +234,7 @@ TEST(ZoomDialog, AcceptsNumbersInItsRange)
     QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
     EXPECT_EQ(boxes.boxes, QStringList{u"Enter an integer between 10 and 1000."_s});
     EXPECT_TRUE(dialog.isVisible());
-    EXPECT_EQ(dialog.findChild<QLineEdit *>()->selectedText(), u"9"_s) << "ready to be typed over";
+    EXPECT_EQ(dialog.findChild<QLineEdit *>()->selectedText(), u"9"_s) << "selected, so that typing replaces it";
     QTest::keyClicks(dialog.findChild<QLineEdit *>(), u"250"_s);
     QTest::keyClick(dialog.findChild<QLineEdit *>(), Qt::Key_Return);
     EXPECT_EQ(dialog.result(), QDialog::Accepted);

@@ -125,7 +125,7 @@ TEST(ScreenView, ZoomsAndScrollsByTheWheelWithAtMostOneModifierKey)
     const QPoint kept = window.PointAt(place);
     window.Wheel(-120, Qt::ControlModifier);
     EXPECT_EQ(window.Percent(), 990);
-    EXPECT_LE((window.PointAt(place) - kept).manhattanLength(), 1) << "what is under the pointer stays there";
+    EXPECT_LE((window.PointAt(place) - kept).manhattanLength(), 1) << "the point under the pointer stays there";
     for (int i = 0; i < 12; ++i)
         window.Wheel(-1, Qt::ControlModifier); // small steps, like a touchpad
     EXPECT_EQ(window.Percent(), 989);
@@ -181,7 +181,7 @@ TEST(ScreenView, SelectsTheTopmostAndWithAltTheNextBelow)
     QTest::keyRelease(&window.View(), Qt::Key_Space, Qt::ShiftModifier);
     QTest::mouseRelease(&window.Port(), Qt::LeftButton, {}, {55, 60});
     EXPECT_EQ(window.Scroll(), before + QPoint(5, 10));
-    EXPECT_EQ(window.View().Selected()->propName, "over") << "dragging picks nothing";
+    EXPECT_EQ(window.View().Selected()->propName, "over") << "dragging selects nothing";
     EXPECT_EQ(window.Click({40, 60}), "inner") << "at the same point of the layout, wherever it is";
 
     window.View().LetGo();
@@ -218,7 +218,7 @@ TEST(ScreenView, ZoomsByKeysAndByItsMenu)
     EXPECT_EQ(window.Percent(), 56) << "180 of 320 lines";
     EXPECT_FALSE(window.View().verticalScrollBar()->isVisible() || window.View().horizontalScrollBar()->isVisible());
     window.Frame().Bars().Output().setFocus();
-    EXPECT_FALSE(window.Frame().IsEnabled(ACTION_FIT_VIEW)) << "Ctrl+Home is a key of the text";
+    EXPECT_FALSE(window.Frame().IsEnabled(ACTION_FIT_VIEW)) << "Ctrl+Home belongs to the text box";
     window.Settle();
     window.View().setFocus();
     QTest::keyClick(&window.View(), Qt::Key_PageUp, Qt::ControlModifier); // immediately after the focus

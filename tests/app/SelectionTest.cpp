@@ -38,7 +38,7 @@ TEST(Selection, ReplacesADestroyedNodeByTheOneThatTakesItsPlace)
     EXPECT_EQ(changes, 2);
     EXPECT_TRUE(doc.DeleteFolder(first));
     doc.ClearFolder(*doc.root.FindFolder(KIND_AUDIO, 2));
-    EXPECT_EQ(selection.SelectedFolder(), &second) << "others went";
+    EXPECT_EQ(selection.SelectedFolder(), &second) << "others were destroyed";
     doc.ClearFolder(screen); // a reload of its layout file does this
     EXPECT_EQ(selection.SelectedFolder(), nullptr);
     AddLayout(doc, screen, "ID_OTHER");
@@ -49,7 +49,7 @@ TEST(Selection, ReplacesADestroyedNodeByTheOneThatTakesItsPlace)
     EXPECT_TRUE(doc.DeleteFolder(again));
     EXPECT_EQ(selection.SelectedFolder(), nullptr);
     selection.Refresh();
-    EXPECT_EQ(selection.SelectedFolder(), &doc.root) << "nothing has come into its place";
+    EXPECT_EQ(selection.SelectedFolder(), &doc.root) << "nothing has replaced it";
 
     for (const quint32 kind : {KIND_STRINGS, KIND_RESO_LAYOUTS}) {
         CResFolder *const emptied = doc.root.FindFolder(kind, 2);
@@ -86,7 +86,7 @@ TEST(Selection, TheWindowHidesRowsOfADestroyedFolderAndShowsNewOnesAfterTheUpdat
     EXPECT_TRUE(doc.DeleteFolder(*screen.subfolders[1]));
     EXPECT_EQ(contents.count(), 2) << "also before the update";
     EXPECT_EQ(window.Tree().currentItem()->childCount(), 2);
-    EXPECT_TRUE(window.Frame().IsEnabled(ACTION_NEW_LAYOUT)) << "of the selected folder, since the other has gone";
+    EXPECT_TRUE(window.Frame().IsEnabled(ACTION_NEW_LAYOUT)) << "the other folder no longer exists";
     doc.ClearFolder(screen);
     EXPECT_EQ(contents.count(), 0);
     EXPECT_EQ(window.Tree().currentItem()->childCount(), 0);

@@ -253,7 +253,7 @@ TEST(StringPane, FindsFiltersAndGoesToAnId)
     window.Frame().RunAction(ACTION_FIND_BAR);
     window.Type(u"te"_s);
     EXPECT_EQ(ids(), "ID_A10 <New> ") << "Ten";
-    EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{0}) << "what is selected and in sight stays so";
+    EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{0}) << "a visible selection stays";
     window.Type(u"x"_s);
     EXPECT_EQ(ids(), "<New> ");
     window.Key(Qt::Key_Backspace);
@@ -261,7 +261,7 @@ TEST(StringPane, FindsFiltersAndGoesToAnId)
     window.Edit(0, 3);
     window.Type(u"Zehn"_s);
     window.Key(Qt::Key_Return);
-    EXPECT_EQ(ids(), "ID_A10 <New> ") << "what was edited stays in sight";
+    EXPECT_EQ(ids(), "ID_A10 <New> ") << "the edited row stays visible";
     window.Frame().RunAction(ACTION_FIND_BAR);
     window.Key(Qt::Key_Escape);
     EXPECT_EQ(ids(), "ID_A2 ID_A10 ID_C <New> ");
@@ -279,7 +279,7 @@ TEST(StringPane, FindsFiltersAndGoesToAnId)
     });
     window.Frame().RunAction(ACTION_GO_TO_ID);
     EXPECT_TRUE(window.View().isVisible());
-    EXPECT_EQ(window.Shown(window.Grid().currentIndex().row(), 0), "ID_A10") << "a filter that hides it ends";
+    EXPECT_EQ(window.Shown(window.Grid().currentIndex().row(), 0), "ID_A10") << "a filter that hides it is off";
     window.Document().SetModifiedFlag(false);
 }
 

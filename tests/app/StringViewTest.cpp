@@ -159,7 +159,7 @@ TEST(StringView, KeepsLongTextsCompleteAndOnOneLine)
     window.Key(Qt::Key_End);
     window.Type(u"y"_s);
     window.Key(Qt::Key_Return);
-    EXPECT_EQ(window.Table().CellText(0, 2), QString::fromLatin1(longText)) << "no room, and nothing cut";
+    EXPECT_EQ(window.Table().CellText(0, 2), QString::fromLatin1(longText)) << "no room, but nothing is lost";
     EXPECT_FALSE(window.Document().IsModified());
 
     window.Edit(0, 3);
@@ -173,7 +173,7 @@ TEST(StringView, KeepsLongTextsCompleteAndOnOneLine)
     QGuiApplication::clipboard()->setText(QString(511, u'e') + emoji);
     window.Frame().RunAction(ACTION_PASTE);
     window.Key(Qt::Key_Return);
-    EXPECT_EQ(window.Table().CellText(0, 3), QString(511, u'e')) << "half a character is none";
+    EXPECT_EQ(window.Table().CellText(0, 3), QString(511, u'e')) << "half a character isn't accepted";
 
     window.Edit(0, 0);
     window.Type(QString(70, u'i'));
@@ -225,7 +225,7 @@ TEST(StringView, ChoosesTheKindInABox)
     window.Key(Qt::Key_Up);
     EXPECT_FALSE(window.TypeBox().isVisible());
     EXPECT_EQ(window.Shown(0, 1), "Normal");
-    EXPECT_FALSE(window.Document().IsModified()) << "a kind by itself marks nothing";
+    EXPECT_FALSE(window.Document().IsModified()) << "a kind alone doesn't mark the project as modified";
     click(2, 1);
     click(2, 3); // a click elsewhere; the command is executed nevertheless
     EXPECT_FALSE(window.TypeBox().isVisible());
@@ -244,5 +244,5 @@ TEST(StringView, ChoosesTheKindInABox)
     EXPECT_TRUE(window.TypeBox().isVisible());
     window.Frame().RunAction(ACTION_REDO);
     EXPECT_FALSE(window.TypeBox().isVisible());
-    EXPECT_EQ(window.Shown(0, 1), "Normal") << "a box in which nothing was chosen must not end what Redo can do";
+    EXPECT_EQ(window.Shown(0, 1), "Normal") << "a box without a choice must not clear the redo steps";
 }

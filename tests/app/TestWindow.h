@@ -104,7 +104,7 @@ struct TestWindow
                 return;
             boxes.append(box->text());
             const QCursor *const pointer = QGuiApplication::overrideCursor();
-            EXPECT_TRUE(!pointer || pointer->shape() == Qt::ArrowCursor) << "nobody waits while a box does";
+            EXPECT_TRUE(!pointer || pointer->shape() == Qt::ArrowCursor) << "no wait cursor over a box";
             box->button(answers.takeFirst())->click();
         });
         answering->start(10);

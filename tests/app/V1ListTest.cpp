@@ -55,7 +55,7 @@ TEST(V1ListDialog, AddsAndRemovesFilesAndWritesThemOnlyOnOk)
     EXPECT_EQ(Shown(dialog), before + " b.gif=" + inside.toStdString() + " c.png=/x/c.png");
     grid.Select({0, 1});
     QTest::keyClick(&grid, Qt::Key_Delete);
-    EXPECT_EQ(grid.model()->rowCount(), 4) << "no key takes out files";
+    EXPECT_EQ(grid.model()->rowCount(), 4) << "no key removes files";
     Press(dialog, u"-"_s);
     Press(dialog, u"-"_s);
     EXPECT_EQ(Shown(dialog), "b.gif=" + inside.toStdString() + " c.png=/x/c.png")

@@ -68,9 +68,9 @@ TEST(ProjectTree, ClosingAMenuWithoutAnActionHasNoEffect)
     window.Answer({QMessageBox::Yes, QMessageBox::Yes});
     chooseInMenu(Qt::Key_Escape);
     window.Frame().RunAction(ACTION_DELETE);
-    EXPECT_TRUE(window.Row(otherName) && !window.Row(selectedName)) << "Delete is for what is selected";
+    EXPECT_TRUE(window.Row(otherName) && !window.Row(selectedName)) << "Delete applies to the selection";
     chooseInMenu(Qt::Key_Return);
-    EXPECT_FALSE(window.Row(otherName)) << "an action of the menu is for the menu's folder";
+    EXPECT_FALSE(window.Row(otherName)) << "an action of the menu applies to the menu's folder";
 }
 
 TEST(ProjectTree, CopyKeysKeepTheClipboardWhenCopyIsDisabled)
@@ -245,7 +245,7 @@ TEST(Contents, ListFoldersAndOpenTheParent)
     EXPECT_NE(withHint.copy(0, 0, 1, 1).scaled(withHint.size()), withHint);
     QTest::keyClick(&list, Qt::Key_Backspace);
     EXPECT_EQ(window.Tree().currentItem(), window.Row(u"Layouts"_s));
-    EXPECT_EQ(list.currentRow(), 1) << "the folder that was left";
+    EXPECT_EQ(list.currentRow(), 1) << "the folder that was open before";
     EXPECT_EQ(QApplication::focusWidget(), &list);
     for (QWidget *view : QList<QWidget *>{&list, &window.Tree()}) {
         QTest::keyClick(view, Qt::Key_Up, Qt::AltModifier); // the root has no parent
@@ -331,7 +331,7 @@ TEST(StatusBar, ShowsTheActiveProjectAndFollowsItsChanges)
     window.Frame().resize(500, 450);
     window.Settle();
     EXPECT_EQ(status.Path(), window.Project(LONG_NAME));
-    EXPECT_EQ(status.toolTip(), window.Project(LONG_NAME) + u"\nno resources"_s) << "a path without room";
+    EXPECT_EQ(status.toolTip(), window.Project(LONG_NAME) + u"\nno resources"_s) << "a path that doesn't fit";
     for (int i = 0; i < 2; ++i) {
         window.Document().SetModifiedFlag(false);
         window.Frame().RunAction(ACTION_CLOSE);
@@ -364,7 +364,7 @@ TEST(StatusBar, DescribesTheHighlightedMenuEntry)
     EXPECT_TRUE(window.Frame().Status().isVisible());
     for (const QAction *entry : window.Frame().menuBar()->actions()[2]->menu()->actions())
         EXPECT_FALSE(entry->isCheckable() && !entry->icon().isNull() && entry->isIconVisibleInMenu())
-            << "the check mark has the place";
+            << "the check mark takes the place of the icon";
 
     window.Frame().Bars().WriteOutput(u"a line\r\n");
     window.Settle();

@@ -125,7 +125,7 @@ TEST(WatchedFiles, AskAfterACommandABoxAMenuOrARefusedEdit)
     EXPECT_TRUE(window.WaitFor([&] { return !window.boxes.isEmpty(); }));
     window.Activate();
     EXPECT_EQ(window.Asked(), "") << window.boxes.join(u'|').toStdString();
-    EXPECT_EQ(window.Edited(), "0,0") << "the user corrects it in peace";
+    EXPECT_EQ(window.Edited(), "0,0") << "no question interrupts the correction";
     window.Key(Qt::Key_Escape);
     EXPECT_EQ(window.AskedUntil([&] { return window.Shows("Refused"); }), "ref_list_demo.txt");
 }

@@ -35,7 +35,7 @@ TEST(CommandRecord, HasItsFieldsAtTheirOffsetsAndIsReadAsBuilt)
     EXPECT_EQ(Built(ParsePackCommandRecord(bytes + QByteArray(5000, 'x')).value()), bytes);
     EXPECT_EQ(ParseCommandRecord(bytes.first(520)).value().projectPath, u"/x/demo.vcproj"_s);
     EXPECT_EQ(ParsePackCommandRecord(QByteArray(1696, 'a')).value().resolution, QString(32, QChar(0x6161)))
-        << "its whole field";
+        << "the text fills its field";
 }
 
 TEST(CommandRecord, IsNotBuiltFromTextThatDoesNotFit)

@@ -64,9 +64,9 @@ TEST_F(IdeCommandClientTest, ReturnsTheAnswerAndTheReportInWholeCharacters)
         return true;
     });
     EXPECT_EQ(Run(), 1U) << qPrintable(error);
-    EXPECT_EQ(pieces.takeLast(), QChar(0xd83d)) << "half a character stands alone in the report, too";
+    EXPECT_EQ(pieces.takeLast(), QChar(0xd83d)) << "half a character is alone in the report too";
     for (const QString &piece : pieces)
-        ASSERT_FALSE(piece.back().isHighSurrogate()) << "a character was torn";
+        ASSERT_FALSE(piece.back().isHighSurrogate()) << "a character was split";
     EXPECT_EQ(pieces.join(QString()), large + u"\U0001F514!"_s);
 }
 

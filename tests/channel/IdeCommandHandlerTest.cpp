@@ -66,7 +66,7 @@ const QByteArray LOADED =
 
 TEST_F(IdeCommandHandlerTest, LoadOpensAndSaveSavesAProjectWithItsPathInAnyCase)
 {
-    EXPECT_EQ(Run(IDE_COMMAND_SAVE), "\r\n\r\nsave done\r\n") << "no document is no error";
+    EXPECT_EQ(Run(IDE_COMMAND_SAVE), "\r\n\r\nsave done\r\n") << "a missing document is not an error";
     EXPECT_EQ(Run(IDE_COMMAND_LOAD), LOADED + "\r\n\r\nload done\r\n");
     EXPECT_EQ(project.trace, "Morvanite: m_uCmdId=2948455419d\nMorvanite got LOAD command\n"
                              "Morvanite finished LOAD command\nMorvanite ENDed LOAD command\n");
@@ -93,7 +93,7 @@ TEST_F(IdeCommandHandlerTest, PackOpensTheProjectAndAcceptsEverySpellingOfTheRes
         EXPECT_EQ(QDir::currentPath(), project.folder.Path("demo"));
         EXPECT_TRUE(project.folder.Get("demo/out.dll").startsWith(QByteArray("MZ and so on.zp_res\0", 20)));
         EXPECT_EQ(project.folder.Get("demo/out.dll").contains("a picture for 240x320"), found);
-        EXPECT_FALSE(project.folder.Has("demo/ResID")) << "the numbers are fresh, but no header is written";
+        EXPECT_FALSE(project.folder.Has("demo/ResID")) << "IDs are numbered, but no header is written";
         EXPECT_TRUE(project.trace.contains("implicit ID Gen before Pack done, result is 0\n"));
         EXPECT_TRUE(project.trace.contains("Morvanite: m_szCmdTarget=" + project.Path().toUtf8() + '\n'));
         EXPECT_TRUE(project.trace.endsWith("Morvanite finished PACK command, err code=0\n"));
@@ -181,7 +181,7 @@ TEST_F(IdeCommandHandlerTest, TheNextCommandSeesChangesMadeByAnotherProgram)
     const char *const list = "demo/res/demo.res.xml";
     EXPECT_TRUE(Run(IDE_COMMAND_LOAD).endsWith("\r\nload done\r\n"));
     project.folder.Put(list, "<APP><FILE id=\"ID_OUTSIDE\">app.dll</FILE></APP>");
-    EXPECT_TRUE(Run(IDE_COMMAND_PACK).contains("app.dll")) << "a pack of before would be taken for one of now";
+    EXPECT_TRUE(Run(IDE_COMMAND_PACK).contains("app.dll")) << "an old output must not look like a new one";
     project.folder.Put(list, "<APP>");
     QString explained;
     project.env->explain = [&](const QString &text) { explained = text; };

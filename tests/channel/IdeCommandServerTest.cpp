@@ -88,7 +88,7 @@ TEST_F(IdeCommandServerTest, StalledDisconnectedAndHostilePeersDoNotBlockOthers)
         Connect(Message(4, "abc").first(cut)); // disconnects at once; a complete command counts nevertheless
     const FileHandle largest = Connect(Message(5, QByteArray(65536, 'a')));
     EXPECT_EQ(Answers(largest), ANSWER);
-    EXPECT_EQ(server->ConnectionCount(), 3U) << "those of too large records are closed";
+    EXPECT_EQ(server->ConnectionCount(), 3U) << "connections with too large records are closed";
     SendBytes(inRecord, "c");
     EXPECT_EQ(Answers(inRecord), ANSWER);
     EXPECT_EQ(commands, QByteArrayList({"4abc", '5' + QByteArray(65536, 'a'), "2abc"}));
@@ -110,7 +110,7 @@ TEST_F(IdeCommandServerTest, AnswersInOrderAndClosesTheLongestIdlePeerAboveTheLi
     DispatchAll();
     const FileHandle newcomer = Connect(Message(2));
     EXPECT_EQ(Answers(newcomer), ANSWER);
-    EXPECT_EQ(ReadAll(peers[1]), QByteArray()) << "ends, since it is closed";
+    EXPECT_EQ(ReadAll(peers[1]), QByteArray()) << "the read ends because the connection is closed";
     SendBytes(peers[0], Message(1).sliced(2));
     EXPECT_EQ(Answers(peers[0]), ANSWER);
     EXPECT_EQ(server->ConnectionCount(), IdeCommandServer::CONNECTION_LIMIT);
@@ -148,7 +148,7 @@ TEST_F(IdeCommandServerTest, HoldsCommandsBackWhilePaused)
     server->Dispatch();
     DispatchAll();
     EXPECT_EQ(commands, QByteArrayList({"1"}));
-    EXPECT_EQ(server->ConnectionCount(), 3U) << "who is gone, is gone";
+    EXPECT_EQ(server->ConnectionCount(), 3U) << "a disconnected peer isn't served";
 
     during = [] {};
     server->SetPaused(false);
@@ -199,7 +199,7 @@ TEST_F(IdeCommandServerTest, ACommandThatThrowsClosesOnlyItsConnection)
     const FileHandle unlucky = Connect(Message(1));
     during = [] { throw std::runtime_error("out of something"); };
     EXPECT_THROW(DispatchAll(), std::runtime_error);
-    EXPECT_EQ(ReadAll(unlucky), QByteArray()) << "ends, since it is closed";
+    EXPECT_EQ(ReadAll(unlucky), QByteArray()) << "the read ends because the connection is closed";
     during = [] {};
     const FileHandle other = Connect(Message(2));
     EXPECT_EQ(Answers(other), ANSWER);
@@ -213,7 +213,7 @@ TEST_F(IdeCommandServerTest, ReplacesTheSocketOfADeadProgramAndNothingElse)
     EXPECT_EQ(error, u"another program listens at "_s + shown);
     ConnectTo(path); // the server still accepts connections
     server.reset();
-    EXPECT_NE(access(path.constData(), F_OK), 0) << "gone with its server";
+    EXPECT_NE(access(path.constData(), F_OK), 0) << "the socket is removed with its server";
     ListenAt(path);
     EXPECT_TRUE(listens());
     ASSERT_EQ(mkdir(path.constData(), 0700), 0);

@@ -59,7 +59,7 @@ TEST_F(ReportPipeTest, SurvivesAnIdeThatDisconnectsAndDropsTheRest)
     for (int i = 0; i < 200; ++i)
         pipe.Write(u"dropped");
     pipe.Close();
-    ASSERT_TRUE(pipe.Open()) << "the next command has the next chance";
+    ASSERT_TRUE(pipe.Open()) << "the next command tries again";
     const FileHandle ide = AcceptAt(listener);
     pipe.Write(u"kept");
     pipe.Close();

@@ -69,7 +69,7 @@ TEST(DeviceReader, DoesNotFindMissingResources)
         EXPECT_EQ(morvanite_find_text(&payload, language, 7, &string), MORVANITE_NOT_FOUND) << language;
     EXPECT_EQ(morvanite_find_text(&payload, 0, PayloadBuilder::EndKey, &string), MORVANITE_NOT_FOUND);
     std::uint32_t cursor = 0xFFFFFFF0;
-    EXPECT_EQ(morvanite_next_entry(&payload, &cursor, &entry), MORVANITE_DAMAGED) << "no cursor of ours";
+    EXPECT_EQ(morvanite_next_entry(&payload, &cursor, &entry), MORVANITE_DAMAGED) << "not a cursor of the reader";
     std::uint32_t order[5];
     EXPECT_EQ(morvanite_make_index(&payload.items, order, 4), MORVANITE_NO_ROOM);
     EXPECT_EQ(morvanite_make_index(&payload.items, order, 5), MORVANITE_OK);

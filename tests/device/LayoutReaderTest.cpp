@@ -111,7 +111,7 @@ TEST(LayoutReader, ReadsEveryTypeThatTheConverterWrites)
     0 = size x
     2:  )"
                              "\n      17 = @ 0\n2:  \n  13 = 80ff8040\n");
-    EXPECT_THAT(Converted(WHOLE, "").Text(), StartsWith("0: Label a\n  0 = pos (1, -2)\n")) << "nothing is typed";
+    EXPECT_THAT(Converted(WHOLE, "").Text(), StartsWith("0: Label a\n  0 = pos (1, -2)\n")) << "nothing has a type";
 }
 
 TEST(LayoutReader, ConverterRefusesValuesThatADeviceWouldMisread)
@@ -169,7 +169,7 @@ TEST(LayoutReader, DetectsOrSurvivesEveryTruncationAndDamagedByte)
             ASSERT_NO_THROW(ReadLayout(WithByte(whole, at, value), 20)) << at;
     EXPECT_EQ(ReadLayout(whole + std::string(3, '\0'), 20), text) << "the fill of a payload";
     EXPECT_EQ(ReadLayout(whole, 21), "damaged") << "of another ResID.h";
-    EXPECT_EQ(ReadLayout(WithByte(whole, 4, 2), 20), "no layout") << "of a version to come";
+    EXPECT_EQ(ReadLayout(WithByte(whole, 4, 2), 20), "no layout") << "of a later version";
 }
 
 TEST(LayoutReader, SkipsUnknownAdditionsAndReportsShortValues)
@@ -201,12 +201,12 @@ TEST(LayoutReader, ReportsMissingPropertiesAndOtherTypes)
     morvanite_part none;
     EXPECT_EQ(morvanite_next_component(&open.top, &cursor, &none), MORVANITE_NOT_FOUND);
     cursor = 1U << 31;
-    EXPECT_EQ(morvanite_next_part(&open.top, &cursor, &none), MORVANITE_DAMAGED) << "no cursor of ours";
+    EXPECT_EQ(morvanite_next_part(&open.top, &cursor, &none), MORVANITE_DAMAGED) << "not a cursor of the reader";
     std::uint32_t u32 = 77;
     EXPECT_EQ(morvanite_get_u32(&label, 9, &u32), MORVANITE_OTHER_TYPE);
     EXPECT_EQ(morvanite_get_reference(&label, 5, &u32), MORVANITE_OTHER_TYPE);
     EXPECT_EQ(morvanite_get_u32(&label, 10, &u32), MORVANITE_NOT_FOUND);
-    EXPECT_EQ(morvanite_find_property(&label, 0, &none), MORVANITE_NOT_FOUND) << "no number at all";
+    EXPECT_EQ(morvanite_find_property(&label, 0, &none), MORVANITE_NOT_FOUND) << "not a number";
     EXPECT_EQ(u32, 77U);
 }
 

@@ -75,7 +75,7 @@ TEST(Spreadsheet, AnImportFillsEmptyCellsCreatesMissingRowsAndKeepsTheRest)
     EXPECT_EQ(fates, u"B3 R Normal/Push\nC3 F told\nD3 K other/a\nE3 N oui\nF3 - beyond\n"
                      "B4 R Push/Normal\nC4 = note\nD4 K /b\nE4 N b\nB6 N Push\nD6 N new\n"_s);
     const std::string before = project.Written();
-    EXPECT_EQ(project.Import(HEAD + "ID_A|Normal|told|a|oui\nID_B|Push||b|\n"), 0) << "emptied cells empty nothing";
+    EXPECT_EQ(project.Import(HEAD + "ID_A|Normal|told|a|oui\nID_B|Push||b|\n"), 0) << "empty cells clear nothing";
     EXPECT_EQ(project.Written(), before);
     fates.clear();
     EXPECT_EQ(project.Import("Number of Language|1\nString ID|Description|English\nID_B||b\n", fates), 0);
@@ -124,7 +124,7 @@ TEST(Spreadsheet, ReportsEachFaultWithMessageCellAndCode)
                                   "Error 2: invalid ID format - [1BAD].\r\n"
                                   "Error 3: invalid push format - [push].\r\n"
                                   "[demo] import - 3 error(s), 1 warning(s)\r\n");
-    EXPECT_THAT(project.Written(), HasSubstr("\n1BAD|Normal|y||\n##number|1\n")) << "the row is taken all the same";
+    EXPECT_THAT(project.Written(), HasSubstr("\n1BAD|Normal|y||\n##number|1\n")) << "the row is imported nevertheless";
     for (const auto &[file, bytes, message] :
          {std::tuple("missing.xls", "", "Error 1: failed to connect to Excel.\r\n"s),
           {"no.xls", "no workbook at all", "Error 1: failed to connect to Excel.\r\n"},

@@ -77,7 +77,7 @@ TEST_F(LoaderTest, UpdatesTheThumbnailOfAFileWithAnyName)
     EXPECT_EQ(MiddleOf(Await(path)), 0xFFFF0000);
     EXPECT_EQ(Await(path).size(), QSize(16, 16));
     put(Qt::blue);
-    EXPECT_EQ(MiddleOf(Await(path)), 0xFFFF0000) << "it isn't looked at again at once";
+    EXPECT_EQ(MiddleOf(Await(path)), 0xFFFF0000) << "it isn't checked again immediately";
     EXPECT_TRUE(WaitUntil([&] { return MiddleOf(Await(path)) == 0xFF0000FF; }));
     put(Qt::green);
     loader.Forget();
@@ -144,7 +144,7 @@ TEST_F(LoaderTest, ConvertsPicturesToThePixelsOfTheDevice)
         EXPECT_EQ(shown.picture, wanted.convertToFormat(shown.picture.format()));
         converter.Stop();
         EXPECT_TRUE(WaitUntil([&] { return !QFile::exists(QFile::decodeName(made)); }));
-        EXPECT_EQ(folder.Names(), QStringList{u"a.png"_s}) << "nothing is left beside the picture";
+        EXPECT_EQ(folder.Names(), QStringList{u"a.png"_s}) << "no other file is left";
     }
 }
 

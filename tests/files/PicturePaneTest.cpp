@@ -103,5 +103,5 @@ TEST_F(PaneTest, ShowsTheKindAndSizeOfTheFile)
     pane.thumbnailsTurned = [&](bool isOn) { told << isOn; };
     pane.ShowThumbnailsState(true);
     pane.findChild<QCheckBox *>()->click();
-    EXPECT_EQ(told, QList<bool>{false}) << "only what the user does is told";
+    EXPECT_EQ(told, QList<bool>{false}) << "only actions of the user are reported";
 }

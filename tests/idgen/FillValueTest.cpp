@@ -50,7 +50,7 @@ TEST_F(FillValue, UsesTheRangeOfTheClassOfTheFirstRecord)
     EXPECT_EQ(Run(), 0);
     EXPECT_EQ(ids.Values(), "N=1 A=100000 V=101000 B=102000 I=103000 S=104000 X=109000 A2=100001 P0=77 P7=0 P-=0 "
                             "R=2 R=2 T=5 T=5")
-        << "an ID of no class keeps what it had";
+        << "an ID without a class keeps its number";
 }
 
 TEST(FillValueRange, FillsItsRangeAndFailsOnOneMore)
@@ -82,7 +82,7 @@ TEST(FillValueRange, FillsItsRangeAndFailsOnOneMore)
         EXPECT_TRUE(model.trace.endsWith(message)) << model.trace.right(100).constData();
         const std::string end = "end at " + std::to_string(last) + "; \"N" + std::to_string(1'000'000 + last + 1);
         EXPECT_NE(why.toStdString().find(end), std::string::npos) << why.toStdString();
-        EXPECT_EQ(ids.holders.front()->Id()->value, first) << "what was numbered by then keeps its number";
+        EXPECT_EQ(ids.holders.front()->Id()->value, first) << "IDs numbered before keep their numbers";
         EXPECT_EQ(ids.holders[last - first]->Id()->value, last);
     }
 }

@@ -119,7 +119,7 @@ TEST_F(LayoutFile, ReportsEachFaultWithItsCodeAndMessage)
     EXPECT_TRUE(file.emplace(env, pool, 3).Load("missing.xml") == -1 && failed()) << program.trace.constData();
     EXPECT_EQ(file->Load({}), -1);
     file.reset();
-    EXPECT_TRUE(pool.IsEmpty()) << "the IDs go with the file";
+    EXPECT_TRUE(pool.IsEmpty()) << "the IDs are destroyed with the file";
 }
 
 TEST_F(LayoutFile, WritesNothingThatCannotBeReadBack)

@@ -188,9 +188,9 @@ TEST(LayoutRes, IsDeletedWithItsLayoutAndTheLastWithTheFile)
     ASSERT_EQ(file->Load(model.folder.Path("in.xml").toUtf8()), 0);
     auto a = CLayoutRes::Create(file, file->Find(model.ids.FindName("ID_A")), catalogue);
     auto b = CLayoutRes::Create(file, file->Find(model.ids.FindName("ID_B")), catalogue);
-    ASSERT_TRUE(a && b) << "what isn't a class below the top level stays in the file alone";
+    ASSERT_TRUE(a && b) << "a component without a class below the top level exists only in the file";
     EXPECT_EQ(CLayoutRes::Create(file, file->Find(model.ids.FindName("ID_C")), catalogue), nullptr);
-    EXPECT_EQ(file->All().size(), 2U) << "it is gone from the file";
+    EXPECT_EQ(file->All().size(), 2U) << "it was removed from the file";
     EXPECT_EQ(CLayoutRes::CreateEmpty(a->Id(), file, catalogue), nullptr);
     EXPECT_EQ(CLayoutRes::Create(file, nullptr, catalogue), nullptr);
 

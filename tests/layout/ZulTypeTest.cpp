@@ -110,7 +110,7 @@ TEST_F(ZulType, ChildrenAreMembersOrSubComponents)
     EXPECT_EQ(first.propName, "nothing");
     EXPECT_EQ(Shown(first, "align"), "left");
     EXPECT_EQ(label->subComponents[1]->typeName, "Stranger");
-    EXPECT_TRUE(label->subComponents[1]->subComponents.empty()) << "nothing is known of it";
+    EXPECT_TRUE(label->subComponents[1]->subComponents.empty()) << "it is unknown";
     EXPECT_EQ(static_cast<CZulCustom &>(*label->FindMember("frame")).component, component->children[3].get());
 
     EXPECT_FALSE(BindComponent(*label, component.get())) << "it is bound";

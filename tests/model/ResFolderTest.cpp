@@ -16,15 +16,15 @@ TEST(ResFolder, ReportsEachChangeOnceAndDeletesOnlyItsOwnNodes)
     CBaseRes *const stranger = other.resources.First();
     folder.InsertResourceBefore(model.CreateFileRes("C", ANY_RESOLUTION), b);
     folder.InsertResourceBefore(model.CreateFileRes("D", ANY_RESOLUTION), stranger);
-    EXPECT_EQ(NamesIn(folder), "A C B D") << "a place that isn't in the list means its end";
+    EXPECT_EQ(NamesIn(folder), "A C B D") << "a position outside the list means its end";
     EXPECT_TRUE(folder.FindResource("B") == b && folder.FindResource(b->Id()) == b && !folder.FindResource("X"));
     EXPECT_FALSE(folder.DeleteResource(stranger) || folder.DeleteResource(stranger->Id()));
     EXPECT_FALSE(folder.DeleteResource(static_cast<CBaseRes *>(nullptr)) || folder.DeleteFolder(&other));
-    EXPECT_EQ(watch.changed, 2) << "insertions and vain deletions tell nobody";
+    EXPECT_EQ(watch.changed, 2) << "insertions and failed deletions send no notification";
 
     EXPECT_TRUE(folder.DeleteResource(folder.resources.First()) && folder.DeleteResource(b->Id()));
     EXPECT_EQ(watch.changed, 4);
-    EXPECT_EQ(model.ids.FindName("A"), nullptr) << "the ID went with its resource";
+    EXPECT_EQ(model.ids.FindName("A"), nullptr) << "the ID was deleted with its resource";
     EXPECT_EQ(NamesIn(folder) + ", " + NamesIn(other), "C D, X");
     EXPECT_TRUE(folder.DeleteFolder(&model.AddFolder(folder, KIND_AUDIO)));
     model.AddFolder(folder, KIND_AUDIO);
@@ -45,12 +45,12 @@ TEST(ResFolder, SearchesDepthFirstDownToTheGivenDepth)
     EXPECT_EQ(model.root.FindFolder(KIND_RESO_IMAGES, 1, 2), &second);
     EXPECT_EQ(model.root.FindFolder(KIND_RESO_IMAGES, u"A"_s, 2), &second);
     EXPECT_EQ(model.root.FindFolder(KIND_RESO_IMAGES, 0, 1), nullptr);
-    EXPECT_EQ(model.root.FindFolder(KIND_ROOT, 3), nullptr) << "a folder is no result of its own search";
+    EXPECT_EQ(model.root.FindFolder(KIND_ROOT, 3), nullptr) << "a folder doesn't find itself";
 
     inner.AddResource(model.CreateStringRes("ID_S", 0));
     CBaseRes *const first = inner.resources.First();
     inner.AddResource(model.CreateStringRes(first->Id(), 1));
-    EXPECT_EQ(inner.FindResource(first->Id()), first) << "of several the first";
+    EXPECT_EQ(inner.FindResource(first->Id()), first) << "the first of several is found";
 }
 
 TEST(Resources, ReportOnlyRealChanges)
@@ -96,7 +96,7 @@ TEST(Resources, RecordsOfAStringFormAChainAndShareOneIdUntilTheLastIsDeleted)
     french.reset();
     EXPECT_TRUE(english->next == german.get() && german->prev == english.get());
     german.release()->DestroyChain();
-    EXPECT_EQ(english->next, nullptr) << "what stands before is spared";
+    EXPECT_EQ(english->next, nullptr) << "earlier entries are kept";
     EXPECT_EQ(model.ids.FindName("ID_S"), english->Id());
     english.reset();
     EXPECT_TRUE(model.ids.IsEmpty());

@@ -20,7 +20,7 @@ TEST(ResModel, ClassifiesFilesByExtension)
     }
     model.folder.Put("bin/Morvanite.ini", "[FileType]\naudio=*.oggy\n");
     model.env.RefreshSettings();
-    EXPECT_EQ(model.ClassifyFile(KIND_FILES, u"a.oggy"_s), KIND_AUDIO) << "the patterns are those of now";
+    EXPECT_EQ(model.ClassifyFile(KIND_FILES, u"a.oggy"_s), KIND_AUDIO) << "the current patterns are used";
 }
 
 TEST(ResModel, MakesDefaultIdsFromFileNamesAndNumbersTakenOnes)
@@ -35,7 +35,7 @@ TEST(ResModel, MakesDefaultIdsFromFileNamesAndNumbersTakenOnes)
     EXPECT_EQ(made(KIND_FILES, u"tune.mp3"_s), "ID_AUDIO_TUNE");
     EXPECT_EQ(made(KIND_FILES, u"logo.png"_s), "ID_FILE_LOGO");
     EXPECT_EQ(made(KIND_VIDEO, u"clip.avi"_s), "MOVIE_CLIP_END");
-    EXPECT_EQ(made(KIND_BINARY, u"song.mp3"_s), "ID_FILE_SONG") << "by the folder, but for that of all files";
+    EXPECT_EQ(made(KIND_BINARY, u"song.mp3"_s), "ID_FILE_SONG") << "by the folder, except in Files";
     EXPECT_EQ(made(KIND_AUDIO, u"raw.bin"_s), "ID_AUDIO_RAW");
     EXPECT_EQ(made(KIND_RESO_IMAGES, u"+++.png"_s), "ID_IMAGE_PNG");
     EXPECT_EQ(made(KIND_RESO_IMAGES, u"+++"_s), "ID_IMAGE_NONAME");
@@ -52,9 +52,9 @@ TEST(ResModel, MakesDefaultIdsFromFileNamesAndNumbersTakenOnes)
         made(KIND_RESO_IMAGES, path, 5);
     EXPECT_EQ(kept.back()->Id()->name, "ID_IMAGE_PNG3");
     EXPECT_EQ(made(KIND_RESO_IMAGES, u"x.png"_s, 6), "ID_IMAGE_X");
-    EXPECT_EQ(made(KIND_RESO_IMAGES, u"語.png"_s, 6), "ID_IMAGE_PNG1") << "of another resolution";
+    EXPECT_EQ(made(KIND_RESO_IMAGES, u"語.png"_s, 6), "ID_IMAGE_PNG1") << "the other ID has another resolution";
     forget("ID_IMAGE_PNG2");
-    EXPECT_EQ(made(KIND_RESO_IMAGES, u"語.png"_s, 5), "ID_IMAGE_PNG2") << "a counter that is free again";
+    EXPECT_EQ(made(KIND_RESO_IMAGES, u"語.png"_s, 5), "ID_IMAGE_PNG2") << "the free counter is used again";
     ASSERT_TRUE(kept.back()->Rename(model.ids, "ID_OTHER"));
     EXPECT_EQ(made(KIND_RESO_IMAGES, u"語.png"_s, 5), "ID_IMAGE_PNG2");
     EXPECT_EQ(made(KIND_RESO_IMAGES, u"語.png"_s, 5), "ID_IMAGE_PNG4");

@@ -25,7 +25,7 @@ TEST(ConvertImage, RunsTheToolInItsFolderAndRemovesItsFiles)
     project.PutTool("pwd > args; printf '%s\\n' \"$@\" >> args; touch temp_image\n"
                     "test -d Debug && printf 123456789 > \"$4\" && chmod 444 \"$4\"");
     EXPECT_EQ(ConvertImage(project.env, project.folder.Path("my picture.png"), project.folder.Path("target")), 0);
-    EXPECT_EQ(QDir::currentPath(), project.folder.Path()) << "the old working folder is back";
+    EXPECT_EQ(QDir::currentPath(), project.folder.Path()) << "the old current folder is restored";
     EXPECT_EQ(project.folder.Get("bin/args").replace(project.Narrow(""), "@"),
               "@/bin\n-f\n-i\n@/my picture.png\n@/target\n");
     EXPECT_EQ(project.Mode("target"), 0644);

@@ -41,7 +41,7 @@ TEST(ExportLayoutTables, CountsTablesThatCannotBeMadeAsFailures)
     ExportLayoutTables(project.env, project.folder.Path());
     project.PutTool("exit 3", "bin/zul_xml_conv.exe");
     ExportLayoutTables(project.env, project.folder.Path());
-    EXPECT_EQ(project.env.FailureCount, 1) << "of a tool that ran only its files count";
+    EXPECT_EQ(project.env.FailureCount, 1) << "only the files of a tool that ran count";
 
     LayoutExport without("export_layout=layouts\nexport_xml=none.xml\n");
     EXPECT_EQ(without.env.FailureCount, 1);

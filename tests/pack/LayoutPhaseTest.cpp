@@ -81,7 +81,7 @@ TEST(LayoutPhase, UsesNoResultOfAnEarlierRunAndFailsOnAMissingOne)
     project.PutTool("printf x > \"$4/ID_A.bin\"; mkdir -p \"$4/ID_B.bin\"", "bin/zul_xml_conv.exe");
     EXPECT_EQ(project.Pack(), PACK_FILE_OPEN);
     EXPECT_THAT(project.output.constData(), HasSubstr("[error] Could not open file while read resource data : "));
-    EXPECT_EQ(project.Pack(), PACK_FILE_INFO) << "a folder stands where the result is to be, and stays";
+    EXPECT_EQ(project.Pack(), PACK_FILE_INFO) << "a folder is in the place of the result, and stays";
 }
 
 TEST(LayoutPhase, ANameWithAPathDeletesNothing)

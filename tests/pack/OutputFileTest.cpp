@@ -98,7 +98,7 @@ TEST_F(OutputFileTest, WritesTheSameBytesToADeviceOrAPipeAndKeepsTheWindowRespon
     env.whileWaiting = [&] { ++turns; };
     info.outputfilename = "/dev/null";
     EXPECT_EQ(Pack(), 0);
-    EXPECT_EQ(turns, 0) << "a short pack takes no turn";
+    EXPECT_EQ(turns, 0) << "a short pack doesn't call back";
     ASSERT_EQ(truncate("app.axf", off_t(1) << 30), 0);
     EXPECT_EQ(Pack(), 0);
     EXPECT_GT(turns, 0);

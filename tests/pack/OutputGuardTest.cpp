@@ -37,5 +37,5 @@ TEST(OutputGuard, RefusesEveryFileOfTheProjectUnderAnyName)
         ASSERT_TRUE(unlink("hard") == 0 && unlink("arm/app.res") == 0);
     }
     EXPECT_EQ(project.Pack(), 0) << project.output.constData();
-    EXPECT_EQ(project.Pack(), 0) << "the outputs of the pack before are no files of the project";
+    EXPECT_EQ(project.Pack(), 0) << "outputs of an earlier pack are not files of the project";
 }

@@ -139,7 +139,7 @@ TEST(Pack, RefusesParametersBeforeTheWork)
             EXPECT_EQ(refused(input, project.Narrow("") + '/' + same, mode), PACK_SAME_FILE) << same;
         EXPECT_THAT(project.trace.toStdString(), HasSubstr("the packed file and output file cannot be same : "));
     }
-    EXPECT_EQ(refused(input, project.Narrow("arm/app.res"), PACK_TO_TARGET), PACK_SAME_FILE) << "neither is there yet";
+    EXPECT_EQ(refused(input, project.Narrow("arm/app.res"), PACK_TO_TARGET), PACK_SAME_FILE) << "neither exists yet";
     ASSERT_EQ(link("app.axf", "arm/app.res"), 0); // the side file would overwrite the input
     EXPECT_EQ(refused(input, "x", PACK_TO_TARGET), PACK_SAME_FILE);
 }

@@ -49,7 +49,7 @@ TEST_F(V1List, StoresFilesOfTheProjectRelativeAndOthersUnchanged)
     EXPECT_TRUE(!none.Save() && none.Rows().size() == 1) << "without a project there is nothing to load or save";
     folder.MakeFolder("x/demo_res.lst");
     EXPECT_TRUE(V1ResourceList(env, folder.Path("x/demo.vcproj")).Save())
-        << "a list that can't be written is no failure";
+        << "a list that can't be written is not a failure";
 }
 
 TEST_F(V1List, ReadingSkipsBlankLinesAndStopsAtAnInvalidOrTooLongPath)

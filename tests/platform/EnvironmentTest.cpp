@@ -73,7 +73,7 @@ TEST(Environment, CountsWritesAndReportsAFindingToTheCurrentListener)
         first.then = {};
     };
     env.Report({"a", Severity::Error, {}, 0, {}, {}}, "bad %s (Line %d).", "x", 7);
-    EXPECT_EQ(third->heard, "") << "it came when the others were told";
+    EXPECT_EQ(third->heard, "") << "it was added during the notification";
     env.Report({"b", Severity::Warning, {}, 3, {}, QStringLiteral("plain words")}, "odd.");
     env.Report({"c", Severity::Error, {}, 0, {}, {}}, LineStart::Warning, "none.");
     env.Report({"d", Severity::Error, {}, 0, {}, {}}, LineStart::Fatal, "torn.");

@@ -27,7 +27,7 @@ TEST_F(WriteFile, ReplacesTheFileAndKeepsItsModeAndLinks)
     EXPECT_EQ(WriteFileAtomically(u"A.H", "new"), 0); // replaces the existing file, whose name differs in case
     EXPECT_EQ(WriteFileAtomically(u"b.h", "made"), 0);
     umask(mask);
-    EXPECT_EQ(WriteFileAtomically(u"loop", "x"), 0) << "a link that leads nowhere is replaced";
+    EXPECT_EQ(WriteFileAtomically(u"loop", "x"), 0) << "a dangling link is replaced";
     EXPECT_EQ(folder.Get("real/a.h") + ' ' + folder.Get("real/b.h"), "new made");
     struct stat a, b;
     ASSERT_TRUE(stat("real/a.h", &a) == 0 && stat("real/b.h", &b) == 0);
@@ -90,10 +90,10 @@ TEST_F(WriteFile, InATransactionHappensAtTheCommitOrNotAtAll)
         FileTransaction files(env);
         EXPECT_TRUE(write("new") == 0 && write("newer") == 0);
         EXPECT_EQ(folder.Get("a"), "old");
-        EXPECT_FALSE(folder.Has("b")) << "what wasn't committed left no trace";
+        EXPECT_FALSE(folder.Has("b")) << "uncommitted files left no trace";
         EXPECT_TRUE(!commits || (!files.Commit() && !files.Commit()));
     }
-    EXPECT_EQ(folder.Get("a") + ' ' + folder.Get("b"), "newer newer") << "of two writings of one file the last stays";
+    EXPECT_EQ(folder.Get("a") + ' ' + folder.Get("b"), "newer newer") << "the last of two writes of a file remains";
     EXPECT_EQ(folder.Names(), QStringList({u"a"_s, u"b"_s}));
     EXPECT_EQ(write("newest"), 0);
     EXPECT_EQ(folder.Get("a"), "newest") << "afterwards writing is immediate again";
@@ -162,5 +162,5 @@ TEST_F(WriteFile, RemovesOnlyTheTemporaryFilesOfKilledProcesses)
     EXPECT_EQ(WriteFileAtomically(u"a", "new"), 0);
     for (const QString &name : kept + QStringList{u".a.%1-3"_s, u".a.%1-4"_s})
         EXPECT_TRUE(folder.Has(name.arg(child).toUtf8().constData())) << qPrintable(name);
-    EXPECT_EQ(folder.Names().size(), kept.size() + 4) << "with the file, and that of the process that runs";
+    EXPECT_EQ(folder.Names().size(), kept.size() + 4) << "with the file, and the one of the running process";
 }

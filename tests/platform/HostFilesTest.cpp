@@ -19,7 +19,7 @@ TEST(HostPaths, MatchNamesWithoutCaseAndPreferExactOnes)
     EXPECT_EQ(HostPath(u"res\\OTHER.png"), "res/other.png");
     EXPECT_EQ(HostPath(u"Res\\üBER.png"), QByteArray("Res/Über.png"));
     EXPECT_EQ(HostPath(u"Res\\missing\\Logo.PNG"), "Res/missing/Logo.PNG");
-    EXPECT_EQ(HostPath(u"RES\\other.png"), "Res/other.png") << "of two folders one, always the same";
+    EXPECT_EQ(HostPath(u"RES\\other.png"), "Res/other.png") << "always the same one of two folders";
     EXPECT_EQ(HostPath(u"TWIN"), "TWin");
     // No text can name a file whose name isn't UTF-8: two such names could be equal after decoding.
     QDir().mkdir(u"text"_s);

@@ -25,7 +25,7 @@ TEST(Notifier, AllowsListenersToBeAddedAndRemovedDuringANotification)
             notifier->Tell(depth - 1);
     });
     notifier->Tell(1);
-    EXPECT_EQ(told, "1313L") << "who comes meanwhile is told from the next time on";
+    EXPECT_EQ(told, "1313L") << "a listener added meanwhile is notified from the next time on";
     notifier->Tell(0);
     EXPECT_EQ(told, "1313L13L");
     notifier.reset();

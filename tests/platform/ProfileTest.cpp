@@ -65,7 +65,7 @@ TEST(Profile, ChangingAKeyKeepsEveryOtherLine)
     EXPECT_EQ(Profile::Parse(cut.Bytes()).String(u"s", u"k", {}), u"v");
     Profile foreign = Profile::Parse("; \xD6\xD0\r\n[s]\na=1\n; no end");
     foreign.Set(u"s", u"b", u"2"_s);
-    EXPECT_EQ(foreign.Bytes(), "; \xD6\xD0\r\n[s]\na=1\n; no end\r\nb=2\r\n") << "neither UTF-8 nor of one mind";
+    EXPECT_EQ(foreign.Bytes(), "; \xD6\xD0\r\n[s]\na=1\n; no end\r\nb=2\r\n") << "neither UTF-8 nor one code page";
 }
 
 TEST(Profile, IsEmptyForAMissingOrHugeFile)
@@ -104,7 +104,7 @@ TEST(Settings, ReadAndKeepChangesOfOtherPrograms)
     folder.Put("bin/m.ini", "[A]\na=1\n");
     Settings settings(folder.Path("bin/m.ini"), folder.Path("u/m.ini"));
     folder.Put("bin/m.ini", "[A]\na=22\nb=1\n");
-    EXPECT_EQ(settings.Int("A", "a", 0), 1) << "an operation goes on with what it began with";
+    EXPECT_EQ(settings.Int("A", "a", 0), 1) << "an operation keeps the settings with which it started";
     settings.Refresh();
     EXPECT_EQ(settings.Int("A", "a", 0), 22);
     folder.Put("bin/m.ini", "[A]\na=333\nb=1\n");
@@ -114,7 +114,7 @@ TEST(Settings, ReadAndKeepChangesOfOtherPrograms)
     folder.Put("bin/m.ini", huge);
     EXPECT_TRUE(settings.Write(u"A"_s, u"c"_s, u"3"_s));
     EXPECT_FALSE(settings.Write(u"A"_s, u"c"_s, u"4\n[Text]\ncode_page=936"_s));
-    EXPECT_EQ(folder.Get("bin/m.ini"), huge) << "what can't be read isn't written over";
+    EXPECT_EQ(folder.Get("bin/m.ini"), huge) << "an unreadable file isn't overwritten";
     EXPECT_EQ(folder.Get("u/m.ini"), "[A]\nc=3\n");
 }
 
@@ -135,8 +135,8 @@ TEST(Settings, WriteSeveralKeysAtOnceToTheFilesThatTheyAreReadFrom)
     };
     const ino_t before = fileNumber();
     EXPECT_TRUE(settings.WriteAll({{u"A"_s, u"b"_s, u"3"_s}, {u"A"_s, u"a"_s, u"4"_s}}));
-    EXPECT_EQ(fileNumber(), before) << "nothing is written where nothing changes";
+    EXPECT_EQ(fileNumber(), before) << "nothing is written without a change";
     EXPECT_FALSE(settings.WriteAll({{u"A"_s, u"b"_s, u"x\ny"_s}, {u"A"_s, u"a"_s, u"6"_s}}));
-    EXPECT_EQ(settings.Int("A", "a", 0), 6) << "one that can't be written doesn't keep the others back";
+    EXPECT_EQ(settings.Int("A", "a", 0), 6) << "a key that can't be written doesn't stop the others";
     EXPECT_EQ(settings.Int("A", "b", 0), 3);
 }

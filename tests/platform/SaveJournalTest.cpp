@@ -189,13 +189,13 @@ TEST_F(Journal, DoesNotOverwriteFilesThatWereChangedSince)
 {
     SaveAndDie(1);
     folder.Put("demo/res/list", "taken back");
-    EXPECT_FALSE(FinishInterruptedSave(env, project)) << "strings of the save would come to a list of before";
+    EXPECT_FALSE(FinishInterruptedSave(env, project)) << "the strings of the save would be combined with an old list";
     EXPECT_EQ(Contents(), QByteArrayList({"taken back", "old", "old"}));
     PutOld();
     ASSERT_TRUE(QFile::remove(folder.Path("demo/res/.demo.journal")));
     SaveAndDie(2);
     folder.Put("demo/res/list", "edited");
-    EXPECT_TRUE(FinishInterruptedSave(env, project)) << "only what can be made anew was missing";
+    EXPECT_TRUE(FinishInterruptedSave(env, project)) << "only a generated file was missing";
     EXPECT_EQ(Contents(), QByteArrayList({"edited", "new", "new"}));
 
     PutOld();

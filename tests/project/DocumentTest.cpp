@@ -110,7 +110,7 @@ TEST_F(ResDoc, AChangedListReplacesTheTreeAndDiscardsLocalChanges)
     (void)project.TakeOutput();
     EXPECT_TRUE(doc->DoFileSave() && doc->lastSave.write != 0);
     EXPECT_TRUE(project.TakeOutput().contains("Error 1: failed to write to file"));
-    EXPECT_EQ(project.folder.Get(LIST), "<APP>") << "what is older replaces nothing";
+    EXPECT_EQ(project.folder.Get(LIST), "<APP>") << "older content replaces nothing";
     project.folder.Put(LIST, "<APP><FILE id=\"ID_AGAIN\"/></APP>");
     EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::TakenIn) << "once the file is repaired";
     EXPECT_EQ(NamesIn(Files()), "ID_AGAIN");
@@ -132,7 +132,7 @@ TEST_F(ResDoc, AChangedConfigurationReplacesTheTreeToo)
     project.folder.Put("demo/config.xml", whole);
     doc->OnWatchedFileChanged(handle);
     EXPECT_FALSE(doc->IsUnreadable());
-    EXPECT_GT(Handle("demo/config.xml"), handle) << "a notice that comes late asks nothing";
+    EXPECT_GT(Handle("demo/config.xml"), handle) << "a late notice asks nothing";
     EXPECT_FALSE(doc->WatchedClass(handle));
 }
 

@@ -85,7 +85,7 @@ TEST(LayoutResolution, ComesFromTheElementWhoseFirstChildNamesTheFile)
         "<RESOLUTION class=\"layout\"><LAYOUT/></RESOLUTION></APP>");
     EXPECT_EQ(FindLayoutResolution(project.Path(), u"a.xml"_s, doc), 2);
     EXPECT_EQ(FindLayoutResolution(project.Path(), u"A.xml"_s, doc), -1);
-    EXPECT_EQ(FindLayoutResolution(project.Path(), u"b.xml"_s, doc), -1) << "no such screen is known";
+    EXPECT_EQ(FindLayoutResolution(project.Path(), u"b.xml"_s, doc), -1) << "this screen is unknown";
     project.folder.Put("demo/res/demo.res.xml", "<APP>");
     EXPECT_EQ(FindLayoutResolution(project.Path(), u"a.xml"_s, doc), -1);
 }

@@ -91,7 +91,7 @@ TEST_F(OutsideChanges, AreLoadedBeforeTheDocumentIsUsedAgain)
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_TRUE(FileHas(STRINGS, u"ID_THIRD"));
     EXPECT_FALSE(FileHas(STRINGS, u"ID_OUTSIDE"));
-    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::None) << "what a save writes is no change";
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::None) << "files written by a save are not changes";
     EXPECT_TRUE(Kept().empty());
     EXPECT_EQ(notice, "");
     EXPECT_THAT(explained, HasSubstr("ref_list_demo.txt; it was read again"));
@@ -104,10 +104,10 @@ TEST_F(OutsideChanges, ReportEachFindingOnce)
         project.env->found, [&codes](const Finding &finding) { codes += std::string(finding.code) + ' '; });
     project.folder.Put(LIST, "<APP><FILE id=\"ID_A\">gone.png</FILE></APP>");
     EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::TakenIn);
-    EXPECT_EQ(codes, "list.file-missing ") << "not those of the trial as well";
+    EXPECT_EQ(codes, "list.file-missing ") << "findings of the trial load are not repeated";
     project.folder.Put(LIST, "<APP>");
     EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::Unreadable);
-    EXPECT_EQ(codes, "list.file-missing list.malformed ") << "which the report has a line of";
+    EXPECT_EQ(codes, "list.file-missing list.malformed ") << "the report has a line about it";
 }
 
 TEST_F(OutsideChanges, AreKeptWhenASaveReplacesThem)
@@ -125,7 +125,7 @@ TEST_F(OutsideChanges, AreKeptWhenASaveReplacesThem)
     QString replaced;
     EXPECT_EQ(KeptFiles(project.Path()).Restore(*project.env, 1, replaced), QString());
     EXPECT_EQ(project.folder.Get(STRINGS), outside);
-    EXPECT_EQ(Kept().size(), 2U) << "what was restored over is kept as well";
+    EXPECT_EQ(Kept().size(), 2U) << "the files replaced by a restore are kept too";
 
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_NE(doc->ids.FindName("ID_OUTSIDE"), nullptr) << "the document had no changes any more";
@@ -226,7 +226,7 @@ TEST_F(OutsideChanges, DuringASaveMakeItFail)
     const std::map<quint32, QString> watched = project.monitor.watched;
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_NE(doc->lastSave.write, 0);
-    EXPECT_EQ(project.monitor.watched, watched) << "the change by others is still to be noticed";
+    EXPECT_EQ(project.monitor.watched, watched) << "the other program's change is not loaded yet";
     EXPECT_TRUE(FileHas(STRINGS, u"ID_OUTSIDE"));
     EXPECT_THAT(explained, HasSubstr("ref_list_demo.txt while the project was saved; nothing was written"));
     ChangeHere();
@@ -314,7 +314,7 @@ TEST_F(OutsideChanges, ThatRemoveAFileAreLoadedOnlyIfTheProjectIsCompleteWithout
     EXPECT_EQ(NamesIn(*doc->root.FindFolder(KIND_BINARY, 2)), "ID_ALONE");
     ASSERT_TRUE(QDir().rename(project.folder.Path("demo"), project.folder.Path("away")));
     EXPECT_TRUE(doc->DoFileSave());
-    EXPECT_TRUE(doc->IsModified()) << "what is open may be all that is left";
+    EXPECT_TRUE(doc->IsModified()) << "the open document may be the only copy";
 }
 
 TEST_F(OutsideChanges, TheFirstSaveAfterAnOpeningWithErrorsKeepsTheReplacedFiles)
@@ -325,7 +325,7 @@ TEST_F(OutsideChanges, TheFirstSaveAfterAnOpeningWithErrorsKeepsTheReplacedFiles
     const QByteArray before = project.folder.Get(LIST);
     qputenv("XDG_STATE_HOME", "/dev/null");
     EXPECT_TRUE(doc->DoFileSave());
-    EXPECT_EQ(doc->lastSave.write, -3) << "what can't be kept isn't replaced";
+    EXPECT_EQ(doc->lastSave.write, -3) << "a file that can't be kept isn't replaced";
     EXPECT_EQ(project.folder.Get(LIST), before);
     EXPECT_THAT(explained, HasSubstr("/dev/null/morvanite/kept"));
     qputenv("XDG_STATE_HOME", project.folder.Path("state").toUtf8());
@@ -334,7 +334,7 @@ TEST_F(OutsideChanges, TheFirstSaveAfterAnOpeningWithErrorsKeepsTheReplacedFiles
     EXPECT_THAT(notice, HasSubstr("reported 1 error"));
     ChangeHere();
     EXPECT_TRUE(doc->DoFileSave());
-    EXPECT_EQ(Kept().size(), 1U) << "only the first save replaces what wasn't read";
+    EXPECT_EQ(Kept().size(), 1U) << "only the first save replaces unread content";
 }
 
 TEST(KeptFiles, KeepTheNewestTwentyOfAProjectReadableOnlyByTheUser)
@@ -440,7 +440,7 @@ TEST(KeptFiles, AreKeptForEachWayToLeaveSomethingOutAtAnOpening)
         ASSERT_NE(doc, nullptr);
         EXPECT_TRUE(doc->DoFileSave());
         EXPECT_EQ(doc->lastSave.write, 0);
-        EXPECT_NE(project.folder.Get("demo/res/demo.res.xml"), list) << "or the test is none";
+        EXPECT_NE(project.folder.Get("demo/res/demo.res.xml"), list) << "otherwise the test checks nothing";
         const std::vector<KeptFiles::Entry> kept = KeptFiles(project.Path()).Entries();
         ASSERT_EQ(kept.size(), 1U);
         QString replaced;

@@ -48,7 +48,7 @@ TEST(ProjectWriter, MovesTheStringFileToTheTrashWithoutStrings)
     while (strings.subfolders.size() > 1)
         strings.DeleteFolder(strings.subfolders.back().get());
     EXPECT_TRUE(doc->DoFileSave());
-    EXPECT_TRUE(project.folder.Has("demo/res/ref_list_demo.txt")) << "a description is something to store";
+    EXPECT_TRUE(project.folder.Has("demo/res/ref_list_demo.txt")) << "a description is content";
 
     strings.subfolders.front()->Clear();
     QFile::remove(project.folder.Path("demo/res/demo.res.xml"));
@@ -73,7 +73,7 @@ TEST(ProjectWriter, KeepsTheListValidForAPathThatIsNotText)
     ASSERT_NE(again, nullptr) << project.TakeOutput().constData();
     EXPECT_EQ(NamesIn(*again->root.FindFolder(KIND_BINARY, 2)), "A B C");
     EXPECT_TRUE(project.folder.Get("demo/res/demo.res.xml").contains(">\xcd\xbc.bin</FILE>"))
-        << "of another code page, and kept";
+        << "in another code page, and kept";
 }
 
 TEST(ProjectWriter, WritesFilesToThePathsOfTheirKeys)

@@ -102,7 +102,7 @@ TEST(StringFileReader, ContinuesAfterABadRow)
                                   "Error 4: invalid resource type - [].\r\n");
     EXPECT_EQ(project.Written(),
               head + "ID_A|Normal|a|A\n1 D|Push||B\nID_SHORT|Normal||\nID_CUT|Normal|d|\n##number|4\n");
-    EXPECT_EQ(project.rows, 4) << "those that it read whole";
+    EXPECT_EQ(project.rows, 4) << "only completely read rows";
 }
 
 TEST(StringFileReader, ReadingAgainUpdatesTextsAndKeepsTheRest)
@@ -117,7 +117,7 @@ TEST(StringFileReader, ReadingAgainUpdatesTextsAndKeepsTheRest)
                            "ID_BYE|Normal||Bye|\nID_HELLO|Push|greeting|Hi|\n##number|2\n"),
               0);
     EXPECT_EQ(project.Language(9)->resources.First(), hello);
-    EXPECT_EQ(observer.changed, 1) << "only Hello became another text";
+    EXPECT_EQ(observer.changed, 1) << "only Hello changed";
     EXPECT_EQ(project.Written(), QByteArray(TABLE).replace("Hello", "Hi").toStdString());
 
     project.Language(-1)->DeleteResource(hello->Id());

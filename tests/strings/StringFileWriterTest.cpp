@@ -40,7 +40,7 @@ TEST(StringFileWriter, WritesTwoLinesForAProjectWithoutStringsWhichDoNotReadBack
     EXPECT_EQ(project.Written(), "Number of Language|0\nString ID|Resource Type|Description\n##number|0\n");
     project.Language(-1)->AddResource(project.CreateStringRes("ID_A", -1));
     static_cast<CStringRes *>(project.Language(-1)->resources.First())->text = u"one\ttwo\r\nthree"_s;
-    EXPECT_THAT(project.Written(), testing::HasSubstr("ID_A|Normal|one|two\nthree\n")) << "a text stands as it is";
+    EXPECT_THAT(project.Written(), testing::HasSubstr("ID_A|Normal|one|two\nthree\n")) << "a text is written unchanged";
 }
 
 TEST(StringFileWriter, NamesAPathThatCannotBeOpenedAndKeepsTheOldFileOnAFullDisk)
@@ -59,5 +59,5 @@ TEST(StringFileWriter, NamesAPathThatCannotBeOpenedAndKeepsTheOldFileOnAFullDisk
         EXPECT_EQ(WithFileLimit(room, [&] { return write("strings.txt", "Error 5: failed to write to file \""); }),
                   1013);
     EXPECT_EQ(project.folder.Get("strings.txt"), "as it was");
-    EXPECT_EQ(project.folder.Names(), QStringList({u"bin"_s, u"strings.txt"_s})) << "nothing is left beside it";
+    EXPECT_EQ(project.folder.Names(), QStringList({u"bin"_s, u"strings.txt"_s})) << "no other file is left";
 }

@@ -157,7 +157,7 @@ TEST(StringTable, TrimsUppercasesAndChecksNamesAndReportsTheMessageNumber)
         EXPECT_EQ(project.table.CellText(0, 0), name);
     }
     project.Type(0, u" ID_D"_s);
-    EXPECT_EQ(project.grid.TakeMessage(), 130) << "what starts a row isn't trimmed";
+    EXPECT_EQ(project.grid.TakeMessage(), 130) << "the text that starts a row isn't trimmed";
     project.grid.lastText = u"untouched"_s;
     project.Type(0, QString());
     EXPECT_EQ(project.grid.lastText, u"untouched"_s) << "a default ID is shown with its row, not over it";
@@ -272,7 +272,7 @@ TEST(StringTable, CommandsFindTheirRowsAndLanguagesAfterMovesOrDoNothing)
     other.strings.DeleteFolder(other.Language(9));
     other.table.RemoveLanguageColumn(9);
     other.table.history.Redo();
-    EXPECT_EQ(other.Dump(), u"ID_A Normal  x|ID_STRING_0001 Normal  BONJOUR"_s) << "in the language it was typed in";
+    EXPECT_EQ(other.Dump(), u"ID_A Normal  x|ID_STRING_0001 Normal  BONJOUR"_s) << "in the language of the edit";
 }
 
 TEST(StringTable, AnImportThatFailsMidwayKeepsTheHistoryConsistent)

@@ -208,7 +208,7 @@ TEST_F(FileChangeMonitor, ComparesFoldersWhenTheInotifyLimitIsReached)
         ASSERT_TRUE(Write(LIMIT, "9"));
         std::this_thread::sleep_for(100ms);
         Shell("touch all/f -r all/f");
-        EXPECT_EQ(Next(), Handles{2}) << "there are events by now";
+        EXPECT_EQ(Next(), Handles{2}) << "events work again";
     };
     const pid_t pid = fork();
     if (pid == 0) {
