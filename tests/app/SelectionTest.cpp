@@ -86,7 +86,7 @@ TEST(Selection, TheWindowHidesRowsOfADestroyedFolderAndShowsNewOnesAfterTheUpdat
     EXPECT_TRUE(doc.DeleteFolder(*screen.subfolders[1]));
     EXPECT_EQ(contents.count(), 2) << "also before the update";
     EXPECT_EQ(window.Tree().currentItem()->childCount(), 2);
-    EXPECT_TRUE(window.Frame().IsEnabled(ACTION_NEW_LAYOUT)) << "the other folder no longer exists";
+    EXPECT_TRUE(window.Frame().IsEnabled(ACTION_NEW_LAYOUT)) << "applies to the selected folder now";
     doc.ClearFolder(screen);
     EXPECT_EQ(contents.count(), 0);
     EXPECT_EQ(window.Tree().currentItem()->childCount(), 0);

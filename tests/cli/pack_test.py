@@ -152,7 +152,7 @@ class Pack(DemoProject):
                 what = '<' if command[0] == 'headers' else 'the layout file '
                 self.assertRegex(err, f'demo.res.xml:[0-9]+: {what}.* is left out: {change}')
             self.assertEqual((self.dir / 'ResID/ResID.h').read_bytes() == header, isOn)
-            self.assertEqual((self.dir / 'app.axf.pkd').exists(), not isOn, 'as ever without layouts')
+            self.assertEqual((self.dir / 'app.axf.pkd').exists(), not isOn, 'as without layouts')
             self.assertFalse((self.dir / 'made').exists())
 
     def test_a_depfile_replaces_no_file_of_the_pack_or_the_project(self):
@@ -166,7 +166,7 @@ class Pack(DemoProject):
             self.assertIn(f'{self.dir}/{name} is', err)
             self.assertEqual((self.dir / name).read_bytes() if (self.dir / name).exists() else None, before)
         self.assertEqual(self.run_cli(*self.to_pack, '--depfile', 'deps')[0], 0)
-        self.assertEqual(self.run_cli(*self.to_pack, '--depfile', 'deps')[0], 0, 'the one of before is replaced')
+        self.assertEqual(self.run_cli(*self.to_pack, '--depfile', 'deps')[0], 0, 'the previous one is replaced')
         for name in ('res/demo.res.xml', 'made/ResID.h'):
             status, _, err = self.run_cli('headers', self.project, '--output', 'made', '--depfile', name)
             self.assertEqual(status, 1)

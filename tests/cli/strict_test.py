@@ -49,7 +49,7 @@ class Strict(DemoProject):
         self.change('res/demo.res.xml', '<STRING>', '<NEWS/><STRING>')
         for arguments in commands:
             self.assert_refused(arguments, 'res/demo.res.xml:3: <NEWS> is left out')
-        self.assertTrue(self.assert_refused(commands[0]).endswith('\r\n\r\nload done\r\n'), 'the report stays')
+        self.assertTrue(self.assert_refused(commands[0]).endswith('\r\n\r\nload done\r\n'), 'the report is unchanged')
         for folder in ('nobody', 'logo.png', ''):
             self.assert_refused(('load', self.project, '--settings', folder), '--settings', 'no such folder', status=2)
 
@@ -76,14 +76,14 @@ class Strict(DemoProject):
             old = strings if isinstance(change, str) else listing
             before = old.read_bytes()
             if 'comment' in reason:
-                self.assertEqual(self.run_cli('load', self.project, '--strict')[0], 0, 'whole without it')
+                self.assertEqual(self.run_cli('load', self.project, '--strict')[0], 0, 'complete without the comment')
             else:
                 self.assert_refused(('load', self.project, '--strict'), old.name + reason if reason[0] == ':' else reason)
             self.assertEqual(self.run_cli('save', self.project)[0], 0)
             self.assertNotEqual(old.read_bytes(), before)
             kept = [file.read_bytes() for file in (self.dir / 'state').rglob('*') if file.is_file()]
             self.assertIn(before, kept, reason)
-        self.assertEqual(self.run_cli('load', self.project, '--strict')[::2], (0, ''), 'what a save writes is read whole')
+        self.assertEqual(self.run_cli('load', self.project, '--strict')[::2], (0, ''), 'a saved file is read completely')
 
     def test_pack_reports_a_resolution_missing_in_the_list_and_a_strict_pack_stops(self):
         unlisted = [('240x32' if word == '240x320' else word) for word in self.to_pack]
@@ -120,8 +120,8 @@ class Strict(DemoProject):
         for name in ('config.xml', 'demo.res.xml', 'ref_list_demo.txt', 'Morvanite.ini', 'tuvik.ini', 'resolutions.ini',
                      self.dir.name + '/morvanite.ini', 'catalogue.xml', 'layout_tables.xml', 'res/l.xml'):
             self.assertIn('/' + name, depfile)
-        self.assertNotIn(str(self.dir / 'none'), depfile, 'the settings of a user who has none')
-        self.assertEqual(times[0], times[1], 'equal headers stay as they are')
+        self.assertNotIn(str(self.dir / 'none'), depfile, 'settings that the user does not have')
+        self.assertEqual(times[0], times[1], 'equal headers stay unchanged')
         changed = (self.dir / 'res').stat().st_mtime_ns
         status, out, err = self.run_cli(*self.to_pack, '--strict', '--headers', made, '--temp', 'temp')
         self.assertEqual((status, err), (0, ''), out)

@@ -63,7 +63,7 @@ configure -G "$generator" -DCMAKE_C_COMPILER=arm-linux-gnueabihf-gcc -DCMAKE_SYS
 cp -r "$app" "$work/before"
 rm -r "$work/before/out"
 all='Building 4, Linking 2, Numbering 1, Packing 2'
-builds 'nothing was there' "$all"
+builds 'the configuration' "$all"
 builds 'nothing changed' ''
 [ -s "$build/upright.packed.axf" ] && [ -s "$build/arm/upright.res" ] || fail 'a packed file is missing'
 arm-linux-gnueabihf-readelf -S "$build/packed.bin" | grep -q '\.zp_res' || fail 'the packed file has no section .zp_res'
@@ -99,24 +99,24 @@ grep -q ID_IMAGE_MIST "$header" || fail 'the header does not have the new ID'
 rm "$header" "$(dirname "$header")/LayoutID.h"
 cmake --build "$build" >"$work/log" 2>&1 || fail 'the build after the headers were removed failed'
 [ -s "$header" ] && [ -s "$(dirname "$header")/LayoutID.h" ] || fail 'a removed header was not written again'
-builds 'the headers came back' ''
+builds 'the headers were written again' ''
 
 # Settings of the project, which may appear and disappear.
 printf '[Layout]\nfolders=1\n' >"$app/morvanite.ini"
-builds 'settings of the project came' 'Numbering 1, Packing 2'
+builds 'settings of the project appeared' 'Numbering 1, Packing 2'
 builds 'settings of the project were read' ''
 touch "$app/settings/morvanite/Morvanite.ini"
 builds 'settings were touched' 'Numbering 1, Packing 2'
 rm "$app/morvanite.ini"
-builds 'settings of the project went' 'Numbering 1, Packing 2'
-builds 'settings of the project were forgotten' ''
+builds 'settings of the project disappeared' 'Numbering 1, Packing 2'
+builds 'the settings had disappeared' ''
 
 # Lists that appear or disappear.
 rm "$app/preview.lst"
 builds 'the previews were dropped' 'Packing 2'
 ! has_entry "$build/packed.bin" zep.preview_0 || fail 'the dropped previews are still packed'
 printf '.\\res\\preview\\day.png\r\n' >"$app/preview.lst"
-builds 'previews came' 'Packing 2'
+builds 'previews appeared' 'Packing 2'
 has_entry "$build/packed.bin" zep.preview_0 || fail 'the new preview is not packed'
 
 # A pack that fails reports why, and runs again in the next build.
@@ -126,17 +126,17 @@ for time in first second; do
     grep -q 'Image file does not exist: .*alarm.png' "$work/log" || fail 'the message of the pack is not shown'
 done
 mv "$work/alarm.png" "$app/res/common"
-cmake --build "$build" >"$work/log" 2>&1 || fail 'the build after the picture came back failed'
-builds 'all is well again' ''
-[ -z "$(find "$app" -name '*.tmp')" ] || fail 'temporary files stay behind'
+cmake --build "$build" >"$work/log" 2>&1 || fail 'the build after the picture was restored failed'
+builds 'the picture was restored' ''
+[ -z "$(find "$app" -name '*.tmp')" ] || fail 'temporary files were left'
 
 # The same resources appended to an application of the other kind.
 configure -DWITH_DLL=ON
-builds 'a third target came' 'Building 2, Linking 1, Packing 1'
+builds 'a third target was added' 'Building 2, Linking 1, Packing 1'
 has_entry "$build/appended.packed.dll" AppLogo.img || fail 'the file of kind dll has no icon'
 
 configure -DWITH_DLL=OFF
 cmake --build "$build" --target clean >"$work/log" 2>&1 || fail 'cleaning failed'
 [ ! -e "$build/upright.packed.axf" ] && [ ! -e "$build/arm/upright.res" ] || fail 'cleaning leaves packed files'
 builds 'cleaning' "$all"
-echo 'The build rules hold.'
+echo 'The build rules work.'

@@ -43,7 +43,7 @@ check() { # WHAT; the file is old/demo.axf
         --target axf >pack.out || fail "$(cat pack.out)"
     cmp -i 52 -n $(($(stat -c %s old/demo.axf) - 52)) old/demo.axf new/demo.axf || fail "bytes have changed"
     "${gcc%gcc}objcopy" --dump-section .zp_res=section new/demo.axf /dev/null 2>warnings || fail "$(cat warnings)"
-    cmp section old/arm/demo.res || fail "the side file is another one"
+    cmp section old/arm/demo.res || fail "the side file differs"
     for tool in 'readelf -a -W' 'llvm-readelf-14 -a' 'arm-linux-gnueabihf-objdump -x -s' 'llvm-objdump-14 -x -s' \
         'eu-readelf -a' 'eu-elflint --gnu-ld'; do
         command -v "${tool%% *}" >/dev/null || continue
@@ -52,7 +52,7 @@ check() { # WHAT; the file is old/demo.axf
         # shellcheck disable=SC2086
         complaints new $tool >new.txt
         grep -aq '\.zp_res' said || [ "$tool" = 'eu-elflint --gnu-ld' ] || fail "$tool doesn't see the section"
-        diff old.txt new.txt || fail "$tool complains of more than before"
+        diff old.txt new.txt || fail "$tool has new complaints"
     done
 }
 

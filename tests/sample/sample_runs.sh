@@ -38,7 +38,7 @@ done | diff "$here/screens_by_language.txt" - || fail 'the screens in six langua
 
 # Without its section, and with a damaged one, the program ends with a message and never crashes. The entry that
 # leads to the items is required.
-arm-linux-gnueabihf-objcopy --dump-section .zp_res=section $app copy.axf 2>log || fail 'the section cannot be taken out'
+arm-linux-gnueabihf-objcopy --dump-section .zp_res=section $app copy.axf 2>log || fail 'the section cannot be extracted'
 offset=$(arm-linux-gnueabihf-readelf -SW $app | sed -n 's/.*\.zp_res *[A-Z]* *[0-9a-f]* \([0-9a-f]*\) .*/\1/p')
 items=$(grep -abo 'zep-2\.0' section | sed -n '1s/:.*//p')
 for at in none 0 16 "$items" $((items + 8)) $((items + 12)) $((items + 20)); do
@@ -48,8 +48,8 @@ for at in none 0 16 "$items" $((items + 8)) $((items + 12)) $((items + 20)); do
     status=0
     qemu-arm damaged.axf >found 2>errors || status=$?
     [ $status = 0 ] || { [ $status = 1 ] && [ -s errors ]; } || fail "a section damaged at $at ends with $status and no message"
-    [[ $at != none && $at != "$items" ]] || [ $status = 1 ] || fail "a section damaged at $at is taken for whole"
+    [[ $at != none && $at != "$items" ]] || [ $status = 1 ] || fail "a section damaged at $at isn't detected"
     [ "$at" != none ] || { [ ! -s found ] && grep -q '^weatherclock: this program carries no resources' errors; } ||
-        fail 'a program without resources has to say so'
+        fail 'a program without resources must report that'
 done
 echo 'The sample shows its resources.'

@@ -179,7 +179,7 @@ int main(void)
         self.put("mine", b"mine")
         for link in ("new.h", "new.h.new"):
             (self.dir / link).symlink_to("mine")
-        self.assertEqual(self.run_tool(SUBTOOL, "a.i", "a.i", "new.h")[0], 1, "one name twice")
+        self.assertEqual(self.run_tool(SUBTOOL, "a.i", "a.i", "new.h")[0], 1, "the same name twice")
         self.put("b.i", b"")
         self.assertEqual(self.run_tool(SUBTOOL, "a.i", "b.i", "new.h"), (0, ""))
         self.assertEqual((self.dir / "mine").read_bytes(), b"mine")
