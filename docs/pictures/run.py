@@ -35,7 +35,7 @@ def text(x, y, words, colour='#d8dee9', weight='normal'):
 
 
 def table(line, y):
-    """A row of the table of strings: its columns are two blanks or more apart, and scripts differ in width."""
+    """Draws a row of the table of strings. Its columns are two blanks or more apart, since scripts differ in width."""
     columns = [column for column in line.strip().split('  ') if column.strip()]
     places = (0, 200, 258, 378, 582, 654, 784, 870)
     return ''.join(text(LEFT + place, y, column.strip()) for place, column in zip(places, columns))

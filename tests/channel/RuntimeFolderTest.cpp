@@ -5,7 +5,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(RuntimeFolder, IsTheOneChosenElseTheSessionsElseOneInTmpAndAlwaysOneOfTheUsersOwn)
+TEST(RuntimeFolder, IsTheChosenTheSessionsOrOneInTmpAndAlwaysOwnedByTheUser)
 {
     const TestRuntime top;
     const QByteArray session = qgetenv("XDG_RUNTIME_DIR");
@@ -48,7 +48,7 @@ TEST(RuntimeFolder, IsTheOneChosenElseTheSessionsElseOneInTmpAndAlwaysOneOfTheUs
     EXPECT_EQ(info.st_mode & 07777, 0700U);
 }
 
-TEST(RuntimeFolder, RoomForASocketsPathEndsAt107Bytes)
+TEST(RuntimeFolder, LimitsSocketPathsTo107Bytes)
 {
     const TestRuntime top;
     QString error;

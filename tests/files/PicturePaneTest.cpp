@@ -32,7 +32,7 @@ struct PaneTest : testing::Test
                 {240, 320},
                 u"240x320"_s};
     }
-    /// What the pane says, a line each.
+    /// Returns the lines that the pane shows.
     [[nodiscard]] QStringList Said() const
     {
         QStringList said;
@@ -46,7 +46,7 @@ struct PaneTest : testing::Test
         }
         return said;
     }
-    /// Shows a file and waits for these lines behind its ID and path.
+    /// Shows a file and waits for these lines after its ID and path.
     void ExpectSaid(const char *name, const QStringList &wanted)
     {
         pane.Show(Previewed(name));
@@ -62,7 +62,7 @@ struct PaneTest : testing::Test
 
 } // namespace
 
-TEST_F(PaneTest, SaysWhatTheFileIsAndWhatItTakes)
+TEST_F(PaneTest, ShowsTheKindAndSizeOfTheFile)
 {
     folder.Put("icon.png", Png(17, 15, Qt::red));
     folder.Put("wide.png", Png(400, 30, Qt::red));
@@ -103,5 +103,5 @@ TEST_F(PaneTest, SaysWhatTheFileIsAndWhatItTakes)
     pane.thumbnailsTurned = [&](bool isOn) { told << isOn; };
     pane.ShowThumbnailsState(true);
     pane.findChild<QCheckBox *>()->click();
-    EXPECT_EQ(told, QList<bool>{false}) << "only what the user does is told";
+    EXPECT_EQ(told, QList<bool>{false}) << "only actions of the user are reported";
 }

@@ -10,12 +10,12 @@ using testing::Not;
 
 using InspectTest = InspectFixture;
 
-TEST_F(InspectTest, AllThreeKindsOfFileAreToldApartAndReadAlike)
+TEST_F(InspectTest, RecognisesAndReadsAllThreeKindsOfFile)
 {
     const auto packed = [](quint32 base) {
         return ElfBuilder(1).Section(".zp_res", "old").Section(".zp_res", Sample(base).Build()).Build();
     };
-    const auto section = quint32(packed(0).find("AppLogo.img")); // the newest one's place in the file
+    const auto section = quint32(packed(0).find("AppLogo.img")); // the position of the newest section in the file
     const auto dll = [](const Bytes &file) {
         return PayloadBuilder::AppendedTo(file, Sample(quint32(file.size()) + 8).Unpadded().Build());
     };
@@ -37,7 +37,7 @@ TEST_F(InspectTest, AllThreeKindsOfFileAreToldApartAndReadAlike)
     }
 }
 
-TEST_F(InspectTest, WhatIsNoPackedFileIsSaidToBeSo)
+TEST_F(InspectTest, ReportsFilesThatAreNotPacked)
 {
     const Bytes elf = ElfBuilder().Section(".text", "code").Build();
     const auto zpRes = [](quint32 base) { return ElfBuilder().Section(".zp_res", Sample(base).Build()).Build(); };
@@ -57,7 +57,7 @@ TEST_F(InspectTest, WhatIsNoPackedFileIsSaidToBeSo)
     EXPECT_NE(InspectFile(u"/dev/zero"_s, result), QString());
 }
 
-TEST_F(InspectTest, EveryCutIsAnErrorAndEveryChangedByteGivesAResultOrOneLine)
+TEST_F(InspectTest, ReportsEveryTruncationAndSurvivesEveryChangedByte)
 {
     const Bytes elf = ElfBuilder().Section(".zp_res", Sample().Build()).Build();
     for (const Bytes &whole : {PayloadBuilder::AppendedTo("123456789", Sample(17).Unpadded().Build()), elf}) {
@@ -72,7 +72,7 @@ TEST_F(InspectTest, EveryCutIsAnErrorAndEveryChangedByteGivesAResultOrOneLine)
     }
 }
 
-TEST_F(InspectTest, EachOffsetAndSizeIsCheckedAndNamed)
+TEST_F(InspectTest, ChecksEveryOffsetAndSizeAndNamesIt)
 {
     const Bytes good = Sample().Build();
     const auto size = quint32(good.size());
@@ -98,9 +98,9 @@ TEST_F(InspectTest, EachOffsetAndSizeIsCheckedAndNamed)
         EXPECT_THAT(Wrong(Bytes(good).replace(at, 4, PayloadBuilder::U32({number}))), HasSubstr(text));
 }
 
-TEST_F(InspectTest, TheJsonHasWhatTheFileHas)
+TEST_F(InspectTest, JsonHasTheContentsOfTheFile)
 {
-    // Of two tables of a language, as of two strings of one ID, the first counts.
+    // The first of two tables of a language is used, and the first of two strings with one ID.
     const Bytes file = Sample().Language(12, {{9, u"other"}}).Language(1, {{1, {u'x', 0xD800, u'y'}}}).Build();
     const QByteArray expected = R"({"kind": "res", "base": 0, "entries": [
 {"name": "AppLogo.img", "offset": 64, "size": 10}, {"name": "tune.mid", "offset": 76, "size": 0},
@@ -115,7 +115,7 @@ TEST_F(InspectTest, TheJsonHasWhatTheFileHas)
               wanted.toJson().toStdString());
 }
 
-TEST_F(InspectTest, TheListingIsForReadingKnowsLayoutsAndCannotSteerTheTerminal)
+TEST_F(InspectTest, ListingIsReadableHasLayoutsAndNoControlCharacters)
 {
     const std::string expected = "kind     res, side file\n"
                                  "payload  232 bytes at 0, offsets count from 0\n"
@@ -140,7 +140,7 @@ TEST_F(InspectTest, TheListingIsForReadingKnowsLayoutsAndCannotSteerTheTerminal)
                                  "language 12, 1 strings\n"
                                  "           3  \u4F60\u597D \"\\\\n\U0001F600\n";
     EXPECT_EQ(InspectText(env, Read(Sample().Build())).toStdString(), expected);
-    const Bytes layout = "MLAY\1\x14" + Bytes(2, '\0') + PayloadBuilder::U32({20, 7, 0}); // with its ID, 7
+    const Bytes layout = "MLAY\1\x14" + Bytes(2, '\0') + PayloadBuilder::U32({20, 7, 0}); // its ID is 7
     PayloadBuilder hostile = PayloadBuilder().Entry("\x1B[2J\xC2\x9B\n", "").Language(0, {{1, u"a\u202Eb\u001B"}});
     hostile.Item(7, layout).Item(8, layout).Item(9, "MLAY");
     const std::string text = InspectText(env, Read(hostile.Build())).toStdString();

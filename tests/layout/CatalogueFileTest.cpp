@@ -25,7 +25,7 @@ QByteArray ErrorsWithin(const QByteArray &definitions)
 
 } // namespace
 
-TEST(CatalogueFile, EveryErrorHasItsLine)
+TEST(CatalogueFile, ReportsEveryErrorWithItsLine)
 {
     EXPECT_EQ(ErrorsWithin("<class name='A' base='Nobody' colour='x'>\n"
                            "<member name='1' type='ZulBool'/>\n"
@@ -56,7 +56,7 @@ TEST(CatalogueFile, EveryErrorHasItsLine)
               "c, line 10: the base \"E\" is no class");
 }
 
-TEST(CatalogueFile, TheRootIsChecked)
+TEST(CatalogueFile, ChecksTheRoot)
 {
     EXPECT_EQ(ErrorsOf(""), "c, line 1: this is no well-formed XML: Error document empty.");
     EXPECT_TRUE(ErrorsOf("<catalogue version='1'>\n\n<class name=></catalogue>")
@@ -69,7 +69,7 @@ TEST(CatalogueFile, TheRootIsChecked)
     EXPECT_EQ(ErrorsOf("<catalogue version='1'/>"), "");
 }
 
-TEST(CatalogueFile, NothingHoldsItself)
+TEST(CatalogueFile, RefusesTypesThatContainThemselves)
 {
     EXPECT_EQ(ErrorsWithin("<structure name='A'>\n<member name='a' type='A'/></structure>"),
               "c, line 3: \"A\" holds or derives from itself");
@@ -80,7 +80,7 @@ TEST(CatalogueFile, NothingHoldsItself)
     EXPECT_EQ(ErrorsWithin("<class name='A' base='A'/>"), "c, line 2: \"A\" holds or derives from itself");
 }
 
-TEST(CatalogueFile, TypesThatGrowWithoutEndAreRefused)
+TEST(CatalogueFile, RefusesTypesThatGrowWithoutLimit)
 {
     const auto chain = [](int length, int width, const char *last) {
         QByteArray text;
@@ -100,11 +100,11 @@ TEST(CatalogueFile, TypesThatGrowWithoutEndAreRefused)
               "c, line 23: \"S21\" has more than 1000 values, with those of its base and members");
     EXPECT_EQ(ErrorsWithin(chain(1, 1000, "ZulBool")), "");
     EXPECT_EQ(ErrorsWithin(chain(1, 1001, "ZulBool")).count('\n'), 0);
-    // Long, wide and wrong, but read in no time.
+    // Long, wide and invalid, but read quickly.
     EXPECT_EQ(ErrorsWithin(chain(40'000, 1, "Nobody")).count('\n'), 1000);
     EXPECT_TRUE(ErrorsWithin(chain(20, 1000, "ZulBool")).contains("more than 1000 values"));
 
-    // What the reader takes, an object has whole.
+    // Objects have all members that the reader accepts.
     TestCatalogue deepest(chain(DEEPEST_TYPE, 1, "ZulBool"));
     const auto object = CreateType(deepest, {}, "S0");
     const CZulType *value = object.get();
@@ -115,7 +115,7 @@ TEST(CatalogueFile, TypesThatGrowWithoutEndAreRefused)
     EXPECT_EQ(value->GetTypeId(), TYPE_BOOL);
 }
 
-TEST(CatalogueFile, TheShippedOneAndThatOfTheDocumentAreFine)
+TEST(CatalogueFile, AcceptsTheShippedAndTheDocumentedCatalogue)
 {
     const Environment env(QStringLiteral("/nonexistent"));
     ClassCatalogue catalogue;

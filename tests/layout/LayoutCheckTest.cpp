@@ -26,7 +26,7 @@ QByteArray Findings(const ClassCatalogue &catalogue, const QByteArray &text)
 
 } // namespace
 
-TEST(LayoutCheck, TellsWhatTheCatalogueDoesNotKnow)
+TEST(LayoutCheck, ReportsNamesUnknownToTheCatalogue)
 {
     const TestCatalogue catalogue(R"(
         <enumeration name="Align"><item name="left"/></enumeration>
@@ -85,7 +85,7 @@ TEST(LayoutCheck, TellsWhatTheCatalogueDoesNotKnow)
               "11: the value \"(@ID_I,0,0,0) \" of \"images\" is no ZrpStateImage\n");
 }
 
-TEST(LayoutCheck, WithoutACatalogueNamesAndReferencesAreLeft)
+TEST(LayoutCheck, WithoutACatalogueChecksOnlyNamesAndReferences)
 {
     const TestCatalogue catalogue;
     const QByteArray unknown = R"xml(<TarvoXML><Layout id="A"><Any name="x" a="@ID_X" b="5"><Other name="x" prop="p"/>

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Line and marker of each that is found.
+/// Returns line and marker of each marker found.
 QByteArray Markers(const TestProject &project, const QByteArray &content)
 {
     project.folder.Put("merged", content);
@@ -25,7 +25,7 @@ QByteArray Utf16(const QString &text)
     return QByteArray("\xFF\xFE", 2) + QByteArray(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
 }
 
-/// The reasons, with paths from the project's folder on.
+/// Returns the reasons, with paths relative to the project's folder.
 std::vector<std::string> Reasons(TestProject &project)
 {
     project.documents.CloseAll();
@@ -39,7 +39,7 @@ std::vector<std::string> Reasons(TestProject &project)
 
 } // namespace
 
-TEST(ConflictMarkers, AreFoundAtTheStartsOfLinesInBytesAndInUtf16)
+TEST(ConflictMarkers, AreFoundAtLineStartsIn8BitAndUtf16Text)
 {
     const TestProject project;
     EXPECT_EQ(Markers(project, "<<<<<<< HEAD\na\r\n=======\r\nb\n>>>>>>> x"), "1<<<<<<< 3======= 5>>>>>>> ");
@@ -53,7 +53,7 @@ TEST(ConflictMarkers, AreFoundAtTheStartsOfLinesInBytesAndInUtf16)
     EXPECT_TRUE(FindConflictMarkers(project.folder.Path("nowhere")).empty());
 }
 
-TEST(ConflictMarkers, AreFoundAcrossThePiecesThatAFileIsReadIn)
+TEST(ConflictMarkers, AreFoundAcrossReadBuffers)
 {
     const TestProject project;
     for (int before = 256 * 1024 - 20; before < 256 * 1024 + 4; ++before) {
@@ -63,7 +63,7 @@ TEST(ConflictMarkers, AreFoundAcrossThePiecesThatAFileIsReadIn)
     }
 }
 
-TEST(OpeningCheck, TellsOfAllThatWasLeftOutWithFileAndLine)
+TEST(OpeningCheck, ReportsEverythingLeftOutWithFileAndLine)
 {
     TestProject project("<APP>\n"
                         "<FILE/>\n"
@@ -97,13 +97,13 @@ TEST(OpeningCheck, TellsOfAllThatWasLeftOutWithFileAndLine)
                   std::string("res/ref_list_demo.txt:4: ") + NO_ID,
                   "res/ref_list_demo.txt:4: the row of 1BAD is left out with all its texts: a resource of another "
                   "kind has that ID"}));
-    EXPECT_EQ(project.env->DroppedCount, 12) << "what is in an element counts too";
+    EXPECT_EQ(project.env->DroppedCount, 12) << "the content of an element counts too";
     project.folder.Put("demo/res/demo.res.xml", "<APP><IMAGE id=\"ID_A\">missing</IMAGE></APP>");
     EXPECT_THAT(Reasons(project), testing::IsEmpty());
     EXPECT_EQ(project.env->DroppedCount, 0) << "a file that isn't there is kept in the list";
 }
 
-TEST(OpeningCheck, KnowsMarkersAlsoWhenTheProjectDoesNotOpenAndSizesThatAreNotThere)
+TEST(OpeningCheck, ReportsMarkersInABrokenProjectAndMissingSizes)
 {
     TestProject project("<APP>\n<<<<<<< HEAD\n</APP>");
     EXPECT_THAT(Reasons(project), testing::ElementsAre(testing::HasSubstr("res/demo.res.xml:2: the line begins with"),
@@ -119,7 +119,7 @@ TEST(OpeningCheck, KnowsMarkersAlsoWhenTheProjectDoesNotOpenAndSizesThatAreNotTh
     EXPECT_THAT(Reasons(without), testing::ElementsAre(testing::HasSubstr("this file has no section Resolution")));
 }
 
-TEST(OpeningCheck, SaysWhyALayoutFileIsNotLoadedWhole)
+TEST(OpeningCheck, ReportsWhyALayoutFileIsNotLoadedCompletely)
 {
     TestProject project("<APP><RESOLUTION width=\"240\" height=\"320\" class=\"layout\"><LAYOUT>res\\l.xml</LAYOUT>"
                         "</RESOLUTION></APP>",

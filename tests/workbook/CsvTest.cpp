@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "TestTable.h"
 
-TEST(Csv, TheFileIsWhatSpreadsheetsTakeAndNoTextAFormula)
+TEST(Csv, WritesFilesForSpreadsheetsWithoutFormulas)
 {
     const Rows rows = {{u"ID"_s, u"two words"_s, u"a,\"b\""_s},
                        {u"=1"_s, u"'=1"_s, u" @a"_s},
@@ -19,7 +19,7 @@ TEST(Csv, TheFileIsWhatSpreadsheetsTakeAndNoTextAFormula)
         EXPECT_TRUE(Written(WriteCsv, {{start + u"1"_s}}).contains('\'')) << int(start.unicode());
 }
 
-TEST(Csv, FilesOfOtherProgramsAreRead)
+TEST(Csv, ReadsFilesOfOtherPrograms)
 {
     const Rows expected = {{u"ID"_s, u"a,b"_s, u"\u00E9"_s}, {}, {u"x;y"_s, QString(), u"say \"hi\"\r\n,"_s}};
     const QString comma = u"ID,\"a,b\",\u00E9\r\n\r\nx;y,,\"say \"\"hi\"\"\r\n,\"\r\n"_s;
@@ -35,7 +35,7 @@ TEST(Csv, FilesOfOtherProgramsAreRead)
     EXPECT_EQ(Read(ReadCsv, "\xEF\xBB\xBF"), Rows());
 }
 
-TEST(Csv, WhatIsWrongIsSaid)
+TEST(Csv, ReportsErrors)
 {
     const QByteArray manyCells = QByteArray(16'383, ',').replace(",", "a,") + '\n';
     ExpectRefused(ReadCsv, {{Broken, "line 5: a quote isn't closed", "a,\"b\nc\"\r\nd\r\re,\"f\ng"},

@@ -16,7 +16,7 @@ constexpr quint16 BLANK = 0x0201;
 constexpr quint16 BLANKS = 0x00BE;
 constexpr quint16 CHART = 0x0020;
 
-/// The cells of a file with "|" between them and "/" between rows, or why it is refused.
+/// Returns the cells of a file with "|" between them and "/" between rows, or the reason for a refusal.
 std::string Shown(const QByteArray &file)
 {
     const Reading reading(ReadXls, file);
@@ -36,7 +36,7 @@ QByteArray Narrow(const QByteArray &text)
     return Pack(quint16(text.size()), quint8(0)) + text;
 }
 
-/// A workbook of a shared text, a text and a number.
+/// Returns a workbook of a shared text, a text and a number.
 XlsBuilder SmallBook()
 {
     return BookOf(Rec(BIFF_LABELSST, CellData(0, 0, 0)) + Rec(BIFF_LABEL, CellData(1, 0) + Narrow("text")) +
@@ -44,7 +44,7 @@ XlsBuilder SmallBook()
                   Rec(BIFF_SST, Pack(1, 1) + Narrow("shared")));
 }
 
-/// A table of texts in the pieces that records may part: characters and, of all else, bytes.
+/// A table of texts in pieces between which a record may end: characters, and bytes of everything else.
 class TextTable
 {
 public:
@@ -59,8 +59,8 @@ public:
         ++count;
     }
 
-    /// The records, with a CONTINUE before each piece that `isCut` names. With `widens`, every other cut within a text
-    /// makes the characters behind it wide, whatever the text's own flags say.
+    /// Returns the records, with a CONTINUE before each piece for which `isCut` is true. With `widens`, every other cut
+    /// within a text makes the characters after it wide, whatever the flags of the text are.
     [[nodiscard]] QByteArray Records(const std::function<bool(size_t)> &isCut, bool widens = false) const
     {
         QByteArray records;
@@ -104,7 +104,7 @@ private:
 
 } // namespace
 
-TEST(XlsReader, EachKindOfCellGivesItsTextOrNothing)
+TEST(XlsReader, ReadsTheTextOfEachKindOfCell)
 {
     const auto rk = [](qint32 packed) { return Rec(BIFF_RK, CellData(0, 0, packed)); };
     const quint64 half = 0x3FE0000000000000;
@@ -149,7 +149,7 @@ TEST(XlsReader, EachKindOfCellGivesItsTextOrNothing)
         EXPECT_EQ(Shown(BookOf(records).Build()), text);
 }
 
-TEST(XlsReader, TakesTheFirstSheetThatIsAWorksheetEvenAHiddenOne)
+TEST(XlsReader, ReadsTheFirstWorksheetEvenIfHidden)
 {
     const auto label = [](const char *text) { return Rec(BIFF_LABEL, CellData(0, 0) + Narrow(text)); };
     XlsBuilder book;
@@ -160,7 +160,7 @@ TEST(XlsReader, TakesTheFirstSheetThatIsAWorksheetEvenAHiddenOne)
     ExpectRefused(ReadXls, {{NoWorkbook, "it has no worksheet", book.Build()}});
 }
 
-TEST(XlsReader, TheTableOfTextsMayBeCutAnywhere)
+TEST(XlsReader, ReadsSharedTextsSplitAnywhere)
 {
     TextTable table;
     table.Add(u"ab\u00FFcd", 0);
@@ -185,7 +185,7 @@ TEST(XlsReader, TheTableOfTextsMayBeCutAnywhere)
     }
 }
 
-TEST(XlsReader, SaysWhyItRefusesAFile)
+TEST(XlsReader, ReportsWhyItRefusesAFile)
 {
     constexpr quint32 MANY = 0xFFFFFFFF;
     const XlsBuilder book = BookOf({});
@@ -220,7 +220,7 @@ TEST(XlsReader, SaysWhyItRefusesAFile)
          {TooLarge, "the numbers have more digits than a file of this size is granted", with(numbers)}});
 }
 
-TEST(XlsReader, EveryCutIsAnErrorOrHarmlessAndNoneACrash)
+TEST(XlsReader, SurvivesEveryTruncation)
 {
     const QByteArray stream = SmallBook().Stream();
     const Rows whole = Read(ReadXls, InContainer(stream));
@@ -239,7 +239,7 @@ TEST(XlsReader, EveryCutIsAnErrorOrHarmlessAndNoneACrash)
     }
 }
 
-TEST(XlsReader, AnyNumberInTheContainerIsHarmless)
+TEST(XlsReader, SurvivesAnyNumberInTheContainer)
 {
     QByteArray large = SmallBook().Stream();
     large.resize(9000, 0);
@@ -260,7 +260,7 @@ TEST(XlsReader, AnyNumberInTheContainerIsHarmless)
     }
 }
 
-TEST(XlsReader, LoopsAndClaimsInTheContainerCostNothing)
+TEST(XlsReader, RefusesLoopsAndFalseSizesInTheContainerCheaply)
 {
     QByteArray large = SmallBook().Stream();
     large.resize(9000, 0);
