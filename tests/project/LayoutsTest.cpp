@@ -272,7 +272,7 @@ TEST_F(Layouts, AreReadAgainWhenTheirFileChanges)
     const QByteArray whole = project.folder.Get(FILE);
     project.folder.Put(FILE, whole.first(whole.size() / 2));
     EXPECT_THROW(doc->OnWatchedFileChanged(Handle(FILE)), ArchiveException);
-    EXPECT_EQ(Titles(), QStringList({u"ID_NEW"_s, u"ID_B"_s})) << "what is open stays";
+    EXPECT_EQ(Titles(), QStringList({u"ID_NEW"_s, u"ID_B"_s})) << "the open project stays";
     EXPECT_TRUE(Save(-3).contains("failed to write"));
     project.folder.Put(FILE, whole);
     doc->OnWatchedFileChanged(Handle(FILE));
