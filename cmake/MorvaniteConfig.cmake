@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# find_package(Morvanite): gives morvanite_pack.
+# find_package(Morvanite) provides the function morvanite_pack.
 include(${CMAKE_CURRENT_LIST_DIR}/Morvanite.cmake)
 if(NOT MORVANITE_CLI)
     set(Morvanite_FOUND FALSE)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# For find_package(Morvanite 1.0): any version from the wanted one on, as long as the first number is the same.
+# For find_package(Morvanite 1.0): accepts the requested version and later versions with the same first number.
 set(PACKAGE_VERSION 1.0.0)
 if(PACKAGE_FIND_VERSION VERSION_GREATER PACKAGE_VERSION)
     set(PACKAGE_VERSION_COMPATIBLE FALSE)

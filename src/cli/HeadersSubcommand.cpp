@@ -40,7 +40,7 @@ public:
         if (isList)
             return List(session, path);
         if (folder.empty()) {
-            Complain(QStringLiteral("headers needs --output DIR, or --list"));
+            Complain(QStringLiteral("headers needs --output DIR or --list"));
             return EXIT_WRONG_USE;
         }
         const QString output = AbsolutePath(folder); // opening a project changes the current folder
@@ -74,7 +74,7 @@ private:
     [[nodiscard]] int WriteDependencies(const HeaderFolder &headers, const QString &path) const
     {
         if (const QString file = headers.FileThatIs(path); !file.isEmpty()) {
-            Complain(QStringLiteral("%1 is not written, since it is the same file as %2").arg(path, file));
+            Complain(QStringLiteral("%1 is not written because it is the same file as %2").arg(path, file));
             return EXIT_FAILED;
         }
         std::vector<QByteArray> inputs;

@@ -121,7 +121,7 @@ private:
             isWhole = isWhole && !strict;
         }
         if (!isWhole)
-            session.env.ExplainFailure(QStringLiteral("the pack is strict, so nothing is written"));
+            session.env.ExplainFailure(QStringLiteral("nothing is written because of --strict"));
         return isWhole;
     }
 

@@ -91,7 +91,7 @@ public:
             try {
                 answer = handler.Handle(id, record);
             } catch (const std::bad_alloc &) { // the next command may need less
-                Complain(QStringLiteral("a command ran out of memory"));
+                Complain(QStringLiteral("there was not enough memory for a command"));
             }
             if (const auto project = ParseCommandRecord(record)) // every record begins with the project
                 idle.Used(project->projectPath, Clock::now());

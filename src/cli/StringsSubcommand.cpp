@@ -100,8 +100,8 @@ private:
     int Import(Session &session, CResDoc &document, const QString &workbook) const
     {
         if (session.env.ErrorCount > 0 && !dryRun) {
-            Complain(QStringLiteral("the project has errors, told above, and saving it would leave out what they are "
-                                    "about; nothing is imported. Mend them first"));
+            Complain(QStringLiteral("the project has the errors above, and a save would drop the elements that they "
+                                    "name, so nothing is imported; fix the errors first"));
             return EXIT_FAILED;
         }
         FateList fates(session.report);
@@ -114,7 +114,7 @@ private:
             return status;
         if (document.TakeInChanges() != CResDoc::Outside::None) {
             Complain(document.PathName() +
-                     QStringLiteral(": its files were changed during the import; nothing is saved: import again"));
+                     QStringLiteral(": its files changed during the import, so nothing is saved; import again"));
             return EXIT_FAILED;
         }
         import->Plan().Apply();
@@ -136,7 +136,7 @@ private:
         const QStringList &cells = plan.Refused();
         if (cells.isEmpty())
             return true;
-        Complain(QStringLiteral("a string can't hold a tab or a line end; nothing is saved. Mend %1%2")
+        Complain(QStringLiteral("a string can't contain a tab or a line break, so nothing is saved; fix %1%2")
                      .arg(cells.first(qMin(cells.size(), SHOWN)).join(QStringLiteral(", ")),
                           cells.size() > SHOWN ? QStringLiteral(" and %1 more").arg(cells.size() - SHOWN) : QString()));
         return false;

@@ -149,7 +149,7 @@ TEST(FileWatchDialog, StoresItsFlagsOnlyOnYesAndFitsTheScreen)
     EXPECT_EQ(file, 1);
     EXPECT_EQ(show(true, u"/a/b"_s, &type, false),
               "Morvanite||/a/b\n\n" + question +
-                  "This project has changes that aren't saved. Reloading drops them.|"
+                  "This project has unsaved changes. Reloading discards them.|"
                   "&Automatically reload this file*|&Automatically reload this type of file*|&Yes|&No");
     EXPECT_EQ(file, 1) << "No leaves them";
     EXPECT_EQ(type, 1);

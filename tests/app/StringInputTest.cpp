@@ -120,7 +120,7 @@ TEST(StringInput, RefusesInvalidIds)
         window.boxes.clear();
         window.Paste(ACTION_PASTE_CELLS, u"Resource Type\tID\tEnglish\nPush\t\""_s + id + u"\"\t"_s);
         EXPECT_TRUE(window.WaitFor([&] { return window.boxes.size() == 1; }));
-        EXPECT_TRUE(window.boxes.value(0).startsWith(u"Nothing of what is on the clipboard can be taken."_s));
+        EXPECT_TRUE(window.boxes.value(0).startsWith(u"Nothing on the clipboard can be pasted."_s));
         EXPECT_EQ(window.TreeRows(), before);
     }
     EXPECT_FALSE(window.Document().IsModified());

@@ -139,9 +139,8 @@ TEST(WatchedFiles, KeepTheProjectOnAHalfWrittenListAndLoadTheNextVersion)
     window.Key(Qt::Key_Return);
     window.Answer({QMessageBox::Ok});
     window.folder.Put("demo/res/demo.res.xml", "<APP><STR");
-    EXPECT_EQ(window.AskedUntil([&] { return !window.boxes.isEmpty(); }), "demo.res.xml "
-                                                                          "This project has changes that aren't saved. "
-                                                                          "Reloading drops them.");
+    EXPECT_EQ(window.AskedUntil([&] { return !window.boxes.isEmpty(); }),
+              "demo.res.xml This project has unsaved changes. Reloading discards them.");
     EXPECT_TRUE(window.boxes.first().contains(u"demo.vcproj could not be read again"_s));
     EXPECT_TRUE(window.Shows("Unsaved"));
     window.folder.Put("demo/res/demo.res.xml", list);

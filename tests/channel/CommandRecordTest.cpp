@@ -43,11 +43,11 @@ TEST(CommandRecord, IsNotBuiltFromTextThatDoesNotFit)
     QString error;
     EXPECT_TRUE(BuildRecord(CommandRecord{QString(259, u'a')}, error));
     EXPECT_FALSE(BuildRecord(CommandRecord{QString(260, u'a')}, error));
-    EXPECT_TRUE(error.startsWith(u"the project path has 260 characters, and a command has room for 259: aaa"_s));
+    EXPECT_TRUE(error.startsWith(u"the project path has 260 characters, but a command has room for 259 only: aaa"_s));
     EXPECT_FALSE(BuildRecord(PackCommandRecord{{}, {}, {}, {}, QString(32, u'a')}, error));
-    EXPECT_TRUE(error.startsWith(u"the target kind has 32 characters, and a command has room for 31"_s));
+    EXPECT_TRUE(error.startsWith(u"the target kind has 32 characters, but a command has room for 31"_s));
     EXPECT_FALSE(BuildRecord(CommandRecord{u"a"_s + QChar(u'\0') + u"b"_s}, error));
-    EXPECT_EQ(error, u"the project path holds a null character"_s);
+    EXPECT_EQ(error, u"the project path contains a null character"_s);
 }
 
 /// Returns "240,320", or "-" for a text that is refused.

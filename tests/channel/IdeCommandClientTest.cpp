@@ -73,11 +73,11 @@ TEST_F(IdeCommandClientTest, ReturnsTheAnswerAndTheReportInWholeCharacters)
 TEST_F(IdeCommandClientTest, ReportsThatNoWindowAnswersOrAnIdeOwnsThePipe)
 {
     EXPECT_FALSE(Run());
-    EXPECT_TRUE(error.startsWith(u"Morvanite isn't running"_s)) << qPrintable(error);
-    ListenAt(windowPath); // the sockets of programs that were killed
+    EXPECT_TRUE(error.startsWith(u"Morvanite is not running"_s)) << qPrintable(error);
+    ListenAt(windowPath); // those of programs that were killed
     ListenAt(pipePath);
     EXPECT_FALSE(Run());
-    EXPECT_TRUE(error.startsWith(u"Morvanite isn't running"_s)) << qPrintable(error);
+    EXPECT_TRUE(error.startsWith(u"Morvanite is not running"_s)) << qPrintable(error);
     EXPECT_NE(access(pipePath.constData(), F_OK), 0);
     unlink(windowPath.constData());
     BeginWindow(1, [](const QByteArray &) {
@@ -85,7 +85,7 @@ TEST_F(IdeCommandClientTest, ReportsThatNoWindowAnswersOrAnIdeOwnsThePipe)
         return false;
     });
     EXPECT_FALSE(Run());
-    EXPECT_EQ(error, u"Morvanite went away before it answered"_s);
+    EXPECT_EQ(error, u"Morvanite ended before it answered"_s);
     EXPECT_EQ(pieces.join(QString()), u"half a rep"_s);
     const FileHandle ide = ListenAt(pipePath);
     const FileHandle busy = ConnectTo(pipePath); // an IDE without a free place is still running

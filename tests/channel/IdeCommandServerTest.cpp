@@ -218,7 +218,7 @@ TEST_F(IdeCommandServerTest, ReplacesTheSocketOfADeadProgramAndNothingElse)
     EXPECT_TRUE(listens());
     ASSERT_EQ(mkdir(path.constData(), 0700), 0);
     EXPECT_FALSE(listens());
-    EXPECT_EQ(error, shown + u" is no socket; remove it"_s);
+    EXPECT_EQ(error, shown + u" is not a socket; remove it"_s);
 }
 
 } // namespace

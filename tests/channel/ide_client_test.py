@@ -20,7 +20,7 @@ class IdeClient(DemoProject):
     def test_loads_saves_and_packs(self):
         status, _, err = self.client("load", self.project)
         self.assertEqual(status, 2)
-        self.assertIn("Morvanite isn't running", err)
+        self.assertIn("Morvanite is not running", err)
         self.serve()
         self.assertEqual(self.client("load", self.project), (0, LOADED + "\r\n\r\nload done\r\n", ""))
         saved = (0, "[demo] save - 0 error(s), 0 warning(s)\r\n\r\n\r\nsave done\r\n", "")

@@ -84,7 +84,7 @@ class Cli(DemoProject):
         self.assertIn(r'/a\ \#b\:c$$d.bin', text)
         status, err, _ = depfile_of('a;touch x.bin')
         self.assertEqual(status, 1)
-        self.assertIn("a;touch x.bin, with a semicolon", err)
+        self.assertIn("a;touch x.bin, and a dependency file can't contain a name with a semicolon", err)
 
     def test_a_wrong_command_line_exits_with_2_and_a_message(self):
         for arguments in ((), ('fly',), ('load',), ('pack', self.project), ('load', self.project, '--fast'),
@@ -108,7 +108,7 @@ class Cli(DemoProject):
     def test_lists_and_checks_layouts(self):
         status, _, err = self.run_cli('layouts', self.project)
         self.assertEqual(status, 1)
-        self.assertIn('key folders', err)
+        self.assertIn('set folders=1', err)
         self.use_layouts('<TarvoXML>\n<Layout id="ID_START">\n<Screen name="start" background="@ID_IMAGE_LOGO">\n'
                          '<Label pos="(1,2)" name="hi" text="@ID_STRING_HI">\n<TextStyle prop="textStyle" font="large"/></Label>\n'
                          '<Panel/></Screen></Layout></TarvoXML>')
@@ -128,16 +128,16 @@ class Cli(DemoProject):
                  '<Label pos="1,2" text="@ID_START"/></Screen></Layout></TarvoXML>')
         self.use_layouts(wrong)
         self.assertEqual(self.run_cli('layouts', self.project, '--check'),
-                         (1, 'res/screens.xml, line 3: "ID_STRING_HI" is no image\n'
+                         (1, 'res/screens.xml, line 3: "ID_STRING_HI" is not an image\n'
                              'res/screens.xml, line 3: "Screen" has no property "colour"\n'
-                             'res/screens.xml, line 4: the value "1,2" of "pos" is no ZulPoint\n'
-                             'res/screens.xml, line 4: "ID_START" is no string\n', ''))
+                             'res/screens.xml, line 4: the value "1,2" of "pos" is not of the type ZulPoint\n'
+                             'res/screens.xml, line 4: "ID_START" is not a string\n', ''))
         (self.dir / 'bad.xml').write_text('<catalogue version="1">\n<class name="A" base="B"/></catalogue>')
         self.use_layouts(wrong.replace('ID_STRING_HI', 'ID_NOBODY').replace('</Layout>', ''), self.dir / 'bad.xml')
         status, out, _ = self.run_cli('layouts', self.project, '--check')
         self.assertEqual(status, 1)
         self.assertIn('bad.xml, line 2: unknown base "B"\n', out)
-        self.assertIn('screens.xml, line 4: this is no well-formed XML', out)
+        self.assertIn('screens.xml, line 4: this is not well-formed XML', out)
         self.assertEqual(self.run_cli('layouts', self.project)[:2], (1, ''))
 
     def test_exports_and_imports_strings_and_a_dry_run_changes_nothing(self):
@@ -165,7 +165,7 @@ class Cli(DemoProject):
         after = strings.read_bytes()
         (self.dir / name).write_text(sheet.replace('##', 'ID_TWO,Normal,,"two\nlines"\n##'))
         status, _, err = self.run_cli('strings', 'import', self.project, name)
-        self.assertTrue(status == 1 and 'nothing is saved. Mend ID_TWO (English)' in err, err)
+        self.assertTrue(status == 1 and 'so nothing is saved; fix ID_TWO (English)' in err, err)
         self.assertEqual(strings.read_bytes(), after)
         (self.dir / 'cut.csv').write_text('"')
         status, out, err = self.run_cli('strings', 'import', self.project, 'cut.csv')
@@ -184,7 +184,7 @@ class Cli(DemoProject):
 
     def test_a_failed_pack_explains_its_code(self):
         (self.dir / 'arm').rmdir()
-        for arguments, code, words in ((self.to_pack, 2, 'and the folder arm beside the input'),
+        for arguments, code, words in ((self.to_pack, 2, 'and so must the folder arm beside the input'),
                                        ((*self.to_pack, '--output', 'app.axf'), -1001, 'must be different files')):
             status, out, err = self.run_cli(*arguments)
             self.assertEqual(status, 1)

@@ -32,7 +32,7 @@ class Files(DemoProject):
         project = self.dir / 'demo/demo.vcproj'
         status, _, err = self.run_cli('save', project)
         self.assertEqual(status, 1)
-        self.assertIn(f'"{header}" isn\'t written', err.replace('/./', '/'))
+        self.assertIn(f'"{header}" is not written', err.replace('/./', '/'))
         self.assertEqual(profile.read_text(), 'mine')
         (self.dir / 'none/morvanite').mkdir()
         (self.dir / 'none/morvanite/Morvanite.ini').write_text('[Path]\nfollow_links=1\n')
@@ -102,7 +102,7 @@ class Files(DemoProject):
         for arguments in commands:
             status, out, err = self.run_cli(*arguments)
             self.assertEqual((status, out), (1, ''))
-            self.assertIn('was interrupted: "morvanite-cli save" or', err)
+            self.assertIn('was interrupted, so nothing was written; to finish that save, run "morvanite-cli save" or', err)
             self.assertEqual(self.content(), before)
         with open(self.dir / 'res/.demo.journal') as journal:
             fcntl.flock(journal, fcntl.LOCK_EX)
@@ -113,7 +113,7 @@ class Files(DemoProject):
             os.remove(journal.name)
         self.assertEqual(waiting.wait(10), 0)
         self.interrupt_save()
-        self.assertIn('has been finished now', self.run_cli('save', self.project)[2])
+        self.assertIn('it is finished now', self.run_cli('save', self.project)[2])
         self.assertEqual(strings.read_bytes(), new)
 
     def test_restore_restores_all_files_or_none_and_follows_no_link(self):
@@ -134,7 +134,7 @@ class Files(DemoProject):
         strings.symlink_to(profile)
         status, _, err = self.run_cli('kept', self.project, '--restore', '1')
         self.assertEqual(status, 1)
-        self.assertIn(f'"{strings}" isn\'t written', err)
+        self.assertIn(f'"{strings}" is not written', err)
         self.assertIn(f'to "{os.path.realpath(profile)}"', err)
         self.assertEqual((profile.read_bytes(), listing.read_bytes()), (mine, saved))
         strings.unlink()
@@ -186,9 +186,9 @@ class Files(DemoProject):
         three = strings.read_bytes().decode('utf-16').replace('Language\t1', 'Language\t3').encode('utf-16')
         for file, content, reported, reason in (
                 (strings, three, 'Error 1: language "" is unrecognized.\r\n',
-                 f'"{strings}": line 1 says that there are 3 languages, and line 2 has 1\n'),
+                 f'"{strings}": line 1 says that there are 3 languages, but line 2 has 1\n'),
                 (strings, None, '', f'cannot read "{strings}": No such file or directory; '),
-                (listing, b'<APP>\n\n<FILE</APP>', 'invalid resource format (Line 4).', 'line 3: this is no well-formed XML'),
+                (listing, b'<APP>\n\n<FILE</APP>', 'invalid resource format (Line 4).', 'line 3: this is not well-formed XML'),
                 (listing, b'', 'invalid resource format (Line 1).', 'is empty'),
                 (listing, None, '', f'cannot read "{listing}": No such file or directory; ')):
             file.unlink() if content is None else file.write_bytes(content)
@@ -221,7 +221,7 @@ class Files(DemoProject):
             (deep / name).write_bytes((self.dir / name).read_bytes())
         status, _, err = self.run_cli('load', deep / 'demo.vcproj')
         self.assertEqual(status, 1)
-        self.assertIn('may have 520 characters', err)
+        self.assertIn('may have at most 520 characters', err)
 
     def test_exports_to_a_pipe_or_a_device_and_a_signal_ends_the_wait_for_a_reader(self):
         pipe = self.dir / 'x.csv'

@@ -81,7 +81,7 @@ class Pack(DemoProject):
         status, _, err = self.pack()
         self.assertEqual((status, err), (0, 2 * (told + 'ended with status 3\n')))
         for script, words in (('kill -SEGV $$', 'was ended by signal 11 (Segmentation fault)\n'),
-                              (None, "couldn't be started: No such file or directory\n")):
+                              (None, "could not be started: No such file or directory\n")):
             self.use_converter(script)
             (self.dir / 'logo.png.tmp').write_bytes(b'the picture of another day')
             status, out, err = self.pack()
@@ -92,7 +92,7 @@ class Pack(DemoProject):
         (self.dir / 'logo.png.tmp').mkdir()
         status, out, err = self.pack()
         self.assertEqual(status, 1)
-        self.assertIn(f"since the old {self.dir}/logo.png.tmp can't be removed: Is a directory\n", err)
+        self.assertIn(f"because the old {self.dir}/logo.png.tmp can't be removed: Is a directory\n", err)
         self.assertTrue(out.endswith('result=-1016\r\n\r\n\r\npack done\r\n\r\n### error -1016 ###\r\n'), out)
 
     def test_fails_with_more_ids_than_numbers(self):
@@ -100,7 +100,7 @@ class Pack(DemoProject):
         (self.dir / 'res/demo.res.xml').write_text(f'<APP>{names}</APP>')
         status, out, err = self.pack()
         self.assertTrue(status == 1 and out.endswith('result=0\r\n\r\n\r\npack done\r\n'), out)
-        self.assertIn('more IDs of one kind than numbers', err)
+        self.assertIn('more IDs of one kind than there are numbers', err)
 
     def test_fails_if_layouts_do_not_load(self):
         settings = self.dir / 'none/morvanite/Morvanite.ini'
@@ -117,13 +117,13 @@ class Pack(DemoProject):
         (self.dir / 'app.axf.pkd').write_bytes(b'of before')
         status, out, err = self.run_cli(*self.to_pack)
         self.assertTrue(status == 1 and out.endswith('\r\n\r\npack done\r\n\r\n### error -1044 ###\r\n'), out)
-        self.assertIn('screens.xml:2: the layout file is no well-formed XML', err)
+        self.assertIn('screens.xml:2: the layout file is not well-formed XML', err)
         self.assertEqual((self.dir / 'app.axf.pkd').read_bytes(), b'of before')
         self.assertEqual(self.run_cli('ids', self.project)[:2], (1, ''))
         status, out, err = self.run_cli('save', self.project)
         self.assertEqual(status, 1)
         self.assertTrue(out.endswith('[demo] save - 0 error(s), 1 warning(s)\r\n\r\n\r\nsave done\r\n'), out)
-        self.assertIn('the headers stay as they are', err)
+        self.assertIn('the headers are not changed', err)
         self.assertEqual((self.dir / 'ResID/ResID.h').read_bytes(), header)
 
     def test_omitted_layouts_of_the_list_fail_the_command_and_keep_the_numbers(self):
@@ -139,10 +139,10 @@ class Pack(DemoProject):
             header = (self.dir / 'ResID/ResID.h').read_bytes()
             if isOn:
                 listing.write_text(listed.replace('240', '241'))
-                change = 'the list of sizes has no 241x320'
+                change = "the list of screen sizes doesn't contain 241x320"
             else:
                 settings.write_text('')
-                change = 'the settings have no layouts .*; the (IDs|pack)'
+                change = 'the settings turn layouts off .*; the (IDs|pack)'
             commands = [self.to_pack, ('ids', self.project), ('save', self.project)]
             if isOn:
                 commands.insert(2, ('headers', self.project, '--output', 'made'))

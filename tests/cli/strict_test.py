@@ -60,8 +60,8 @@ class Strict(DemoProject):
         rows = whole[1].decode('utf-16')
         image = '<IMAGE id="ID_IMAGE_LOGO" type="Normal">'.encode()
         for change, reason in (
-                (lambda text: text.replace(b'logo.png', b'M\xe4dchen.png'), ':3: ".\\M\ufffddchen.png" has bytes that are no text'),
-                (lambda text: text.replace(b'<FILE', b'<!-- the tune\'s\nlicence -->\n<FILE'), ':4: the comment "the tune\'s licence" is left out'),
+                (lambda text: text.replace(b'logo.png', b'M\xe4dchen.png'), ':3: ".\\M\ufffddchen.png" has bytes that are not text'),
+                (lambda text: text.replace(b'<FILE', b'<!-- the tune\'s\nlicence -->\n<FILE'), ':4: a save drops the comment "the tune\'s licence"'),
                 (lambda text: b'<!-- 1 -->' + text, ':1: the comment "1"'), (lambda text: text + b'<!-- 2 -->', 'the comment "2"'),
                 (lambda text: text.replace(b'</APP>', b'loose<![CDATA[er]]></APP>'), 'the text "loose" is left out'),
                 (lambda text: text.replace(image, b'<!-- 3 -->' + image), ':3: the comment "3"'),
@@ -87,10 +87,10 @@ class Strict(DemoProject):
 
     def test_pack_reports_a_resolution_missing_in_the_list_and_a_strict_pack_stops(self):
         unlisted = [('240x32' if word == '240x320' else word) for word in self.to_pack]
-        self.assert_refused((*unlisted, '--strict'), 'resolutions.ini: the list of screen sizes has no 240x32')
+        self.assert_refused((*unlisted, '--strict'), 'resolutions.ini: the list of screen sizes doesn\'t contain 240x32')
         status, _, err = self.run_cli(*unlisted)
         self.assertEqual(status, 0)
-        self.assertIn('has no 240x32', err)
+        self.assertIn("doesn't contain 240x32", err)
         self.assertEqual(self.run_cli(*self.to_pack, '--strict')[::2], (0, ''))
 
     def test_refuses_wrong_arguments_before_it_opens_or_requires_the_project(self):

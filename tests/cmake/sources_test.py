@@ -102,13 +102,13 @@ class Sources(unittest.TestCase):
         conflict = f'<<<<<<< HEAD\r\n{row}=======\r\n{row.replace("Hi", "Hello")}>>>>>>> other\r\n'
         for name, text, *reasons in (
                 ('res/ref_list_demo.txt', STRINGS.replace('ID_STRING_HI', 'ID_IMAGE_LOGO'),
-                 'res/ref_list_demo.txt:3: the row of ID_IMAGE_LOGO is left out', 'Error 1: ID conflicts - ID_IMAGE_LOGO.'),
+                 'res/ref_list_demo.txt:3: the row of ID_IMAGE_LOGO with all its texts is left out', 'Error 1: ID conflicts - ID_IMAGE_LOGO.'),
                 ('res/ref_list_demo.txt', STRINGS.replace(row, conflict),
                  'res/ref_list_demo.txt:3: the line begins with "<<<<<<<"', 'ref_list_demo.txt:7: '),
                 ('settings/morvanite/Morvanite.ini', '[Path]\nreso_set=nowhere.ini\n',
                  'nowhere.ini: there is no list of screen sizes', 'res/demo.res.xml:3: <RESOLUTION> is left out'),
                 ('CMakeLists.txt', BUILD.format(repository=REPOSITORY, size='240x32'),
-                 'RESOLUTION is 240x32, and', 'the list of screen sizes has only 96x64, ')):
+                 'RESOLUTION is 240x32, but', 'the list of screen sizes has only 96x64, ')):
             good = (self.app / name).read_bytes()
             self.put(name, text, 'utf-16' if name.endswith('list_demo.txt') else 'utf-8')
             self.assert_fails_untouched(*reasons)

@@ -117,25 +117,25 @@ TEST(LayoutReader, ReadsEveryTypeThatTheConverterWrites)
 TEST(LayoutReader, ConverterRefusesValuesThatADeviceWouldMisread)
 {
     for (const auto &[xml, error] : std::initializer_list<std::pair<const char *, const char *>>{
-             {"<Label order='1.5'/>", "\"1.5\" is no value for \"order\", which is a ZulS32"},
-             {"<Label align='Left'/>", "\"Left\" is no value for \"align\", which is a Align"},
-             {"<Label color='RGB(300,0,-5)'/>", "\"RGB(300,0,-5)\" is no value for \"color\""},
-             {"<Label wait='soon'/>", "\"soon\" is no value for \"wait\", which is a ZulMsec"},
-             {"<Label images='(@ID_IMAGE_A,0,0,0) '/>", "is no value for \"images\""},
-             {"<Label color='red'/>", "\"red\" is no value for \"color\", which is a ZulColor"},
+             {"<Label order='1.5'/>", "\"1.5\" is not a valid value for \"order\", which has the type ZulS32"},
+             {"<Label align='Left'/>", "\"Left\" is not a valid value for \"align\", which has the type Align"},
+             {"<Label color='RGB(300,0,-5)'/>", "\"RGB(300,0,-5)\" is not a valid value for \"color\""},
+             {"<Label wait='soon'/>", "\"soon\" is not a valid value for \"wait\", which has the type ZulMsec"},
+             {"<Label images='(@ID_IMAGE_A,0,0,0) '/>", "is not a valid value for \"images\""},
+             {"<Label color='red'/>", "\"red\" is not a valid value for \"color\", which has the type ZulColor"},
              {"<Label text='@ID_NONE'/>", "\"ID_NONE\" has no number in the header"},
              {"<Label icon='@ID_IMAGE_B'/>", "\"ID_IMAGE_B\" has no number in the header"},
-             {"<Label icon='logo.png'/>", "\"logo.png\" refers to no resource"},
-             {"<Label images='(0,0,0)'/>", "\"(0,0,0)\" is no value for \"images\""},
-             {"<Label images='(0,0,x,0)'/>", "\"x\" refers to no resource"},
-             {"<Label padding='1'/>", "\"padding\" is no text, but an element of its own"},
+             {"<Label icon='logo.png'/>", "\"logo.png\" is not a reference to a resource"},
+             {"<Label images='(0,0,0)'/>", "\"(0,0,0)\" is not a valid value for \"images\""},
+             {"<Label images='(0,0,x,0)'/>", "\"x\" is not a reference to a resource"},
+             {"<Label padding='1'/>", "\"padding\" must be an element, not text"},
              {"<Label><Label prop='padding'/></Label>", "\"Label\" can't be the value of \"padding\""},
              {"<Label><Insets prop='order'/></Label>", "\"Insets\" can't be the value of \"order\""},
              {"<Label><Insets prop='padding'/><Insets prop='padding'/></Label>", "can't be the value of \"padding\""},
-             {"<Label><Insets prop='padding'><Label/></Insets></Label>", "a structure holds no components"},
-             {"<Label><Align/></Label>", "\"Align\" can't stand here: it is no class of components"},
-             {"<Insets/>", "\"Insets\" is no class of components"},
-             {"<Other><ZulBool/></Other>", "\"ZulBool\" is no class of components"}})
+             {"<Label><Insets prop='padding'><Label/></Insets></Label>", "a structure can't contain components"},
+             {"<Label><Align/></Label>", "\"Align\" is not allowed here: it is not a component class"},
+             {"<Insets/>", "\"Insets\" is not a component class"},
+             {"<Other><ZulBool/></Other>", "\"ZulBool\" is not a component class"}})
         EXPECT_THAT(Converted(xml).errors, HasSubstr(error)) << xml;
 }
 

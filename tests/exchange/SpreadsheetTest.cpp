@@ -193,19 +193,18 @@ TEST(Spreadsheet, ExplainsErrorsWithFileCellAndExpectation)
     std::string explained;
     project.env.explain = [&explained](const QString &text) { explained += text.toStdString() + '\n'; };
     for (const auto &[sheet, expected] : {
-             std::pair("Notes|x\nc|d\n",
-                       "in.csv: texts stand in 2 rows and 2 columns, and a string table has 3 at least; "
-                       "only the first sheet is read, and its first row has to have \"Number of "
-                       "Language\" in A1 and the number of languages in B1\n"),
+             std::pair("Notes|x\nc|d\n", "in.csv: there are texts in 2 rows and 2 columns, and a string table has at "
+                                         "least 3 of each; only the first sheet is read, and its first row must have "
+                                         "\"Number of Language\" in A1 and the number of languages in B1\n"),
              {"Notes|2|x\nString ID|y|z\na|b|c\n", "in.csv: has \"Notes\" in cell A1; only the first sheet"},
              {"Number of Language|2\n|Resource Type|Description|a|b\nx\n",
-              "in.csv: cell A2 has nothing in the place of \"String ID\"\n"},
+              "in.csv: cell A2 has nothing instead of \"String ID\"\n"},
              {"Number of Language|2\nString ID|Description|a\nx\n",
-              "in.csv: cell B1 has 2 languages, and with them 4 columns are expected: only 3 have texts\n"},
+              "in.csv: cell B1 says 2 languages, which need 4 columns, but only 3 columns have texts\n"},
              {"Number of Language|no|x\nString ID|Description\nx\n",
-              "in.csv: cell B1 has \"no\", where the number of languages is expected: none is read\n"},
+              "in.csv: cell B1 has \"no\" instead of the number of languages, so no language is read\n"},
              {"Number of Language|1\nString ID|Description|Elvish\nx\n",
-              "in.csv: cell C2 has \"Elvish\", and neither the project nor the section Language of tuvik.ini has"},
+              "in.csv: cell C2 has \"Elvish\", but neither the project nor section Language of tuvik.ini has"},
          }) {
         explained.clear();
         (void)project.Import(sheet);

@@ -66,7 +66,7 @@ TEST(PictureDecoding, RefusesTooLargeAndUnknownFiles)
     EXPECT_EQ(large.size, QSize(30'000, 30'000));
     EXPECT_EQ(large.problem, u"it has 30,000 x 30,000 pixels, more than 16 megapixels"_s);
     EXPECT_EQ(Decode("<svg xmlns='http://www.w3.org/2000/svg' width='5' height='5'/>").problem,
-              u"it is no bmp, gif, jpg or png picture"_s);
+              u"it is not a bmp, gif, jpg or png picture"_s);
     EXPECT_EQ(Decode(Argb8888().replace(7, 1, "\x17")).problem,
               u"its header is damaged (header size 23, stride 8, data size 8)"_s);
     EXPECT_EQ(Decode("\xFF\xD8" + QByteArray("\xFF\xDA").repeated(300)).problem,
@@ -87,7 +87,7 @@ TEST(PictureDecoding, AllocatesNoMoreThanTheFileNeeds)
     // 1 x 1 pixels, with a row of 4 GiB
     input.setData(QByteArray::fromHex("4d494d47010200180100000001000000fcfffffffcffffff80ffff30"));
     input.open(QIODevice::ReadOnly);
-    EXPECT_EQ(DecodePicture(input, {64, 64}).problem, u"it breaks off"_s);
+    EXPECT_EQ(DecodePicture(input, {64, 64}).problem, u"it ends too early"_s);
     EXPECT_LT(input.most, 1 << 20);
 }
 

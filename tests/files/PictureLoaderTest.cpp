@@ -59,7 +59,7 @@ TEST_F(LoaderTest, OtherFilesHaveNoThumbnailAndDoNotBlock)
     ASSERT_EQ(symlink("/dev/zero", Host("device.png").constData()), 0);
     for (const char *name : {"pipe.png", "folder.png", "empty.png", "broken.png", "device.png", "missing.png"})
         EXPECT_TRUE(Await(Host(name)).isNull()) << name;
-    EXPECT_EQ(Loaded(Host("pipe.png")).problem, u"it is no regular file"_s);
+    EXPECT_EQ(Loaded(Host("pipe.png")).problem, u"it is not a regular file"_s);
     EXPECT_EQ(Loaded(Host("missing.png")).problem, u"not found"_s);
     EXPECT_LT(Loaded(Host("missing.png")).bytes, 0);
 }
@@ -163,7 +163,7 @@ TEST_F(LoaderTest, ReportsAFailedConverterAndEndsAHangingOne)
         return told;
     };
     EXPECT_EQ(convert("exec sleep 60", 100), u"takes too long"_s);
-    EXPECT_EQ(convert("exit 0", 5000), u"made no file"_s);
+    EXPECT_EQ(convert("exit 0", 5000), u"wrote no file"_s);
     EXPECT_EQ(convert("exit 3", 5000), u"ended with status 3"_s);
     EXPECT_THAT(convert("kill -9 $$", 5000).toStdString(), testing::StartsWith("was ended by signal 9"));
     EXPECT_EQ(convert("echo \"qrk_resgenerator.exe: $3: breaks off\" >&2; exit 1", 5000), u"says: breaks off"_s);

@@ -86,10 +86,11 @@ TEST_F(PaneTest, ShowsTheKindAndSizeOfTheFile)
     ExpectSaid("huge.png",
                {u"Picture: 30,000 x 30,000 px, 240x320 screen"_s, file("huge.png"), payload("huge.png"),
                 u"Larger than the screen"_s, u"Not shown: it has 30,000 x 30,000 pixels, more than 16 megapixels."_s});
-    ExpectSaid("torn.png", {u"Picture: 400 x 30 px, 240x320 screen"_s, file("torn.png"), payload("torn.png"),
-                            u"Larger than the screen"_s,
-                            u"Not shown: it is damaged. The converter says: broken png: the file ends too soon, wanted "
-                            "a whole picture."_s});
+    ExpectSaid("torn.png",
+               {u"Picture: 400 x 30 px, 240x320 screen"_s, file("torn.png"), payload("torn.png"),
+                u"Larger than the screen"_s,
+                u"Not shown: it is damaged. The converter says: broken png: the file ends too soon, expected a "
+                "complete picture."_s});
     ExpectSaid("sound.wav", {u"File: 1,234 bytes"_s});
     ExpectSaid("gone.png", {u"Picture: 240x320 screen"_s, u"File: not found"_s});
     folder.Put("gone.png", "");

@@ -80,7 +80,8 @@ TEST(FillValueRange, FillsItsRangeAndFailsOnOneMore)
         model.ids.sentinel.next->value = 0;
         EXPECT_EQ(IDGen::FillValue(model.env, &model.ids), -2);
         EXPECT_TRUE(model.trace.endsWith(message)) << model.trace.right(100).constData();
-        const std::string end = "end at " + std::to_string(last) + "; \"N" + std::to_string(1'000'000 + last + 1);
+        const std::string end =
+            "last number is " + std::to_string(last) + ", and \"N" + std::to_string(1'000'000 + last + 1);
         EXPECT_NE(why.toStdString().find(end), std::string::npos) << why.toStdString();
         EXPECT_EQ(ids.holders.front()->Id()->value, first) << "IDs numbered before keep their numbers";
         EXPECT_EQ(ids.holders[last - first]->Id()->value, last);

@@ -42,9 +42,9 @@ TEST_F(InspectTest, ReportsFilesThatAreNotPacked)
     const Bytes elf = ElfBuilder().Section(".text", "code").Build();
     const auto zpRes = [](quint32 base) { return ElfBuilder().Section(".zp_res", Sample(base).Build()).Build(); };
     for (const auto &[file, text] :
-         {std::pair(Sample(4).Build(), "count from 4, where 0 is wanted"),
-          {zpRes(5), "count from 5, where "},
-          {PayloadBuilder::AppendedTo("123456789", Sample(0).Build()), "where 17 is wanted"},
+         {std::pair(Sample(4).Build(), "count from 4, but 0 is expected"),
+          {zpRes(5), "count from 5, but "},
+          {PayloadBuilder::AppendedTo("123456789", Sample(0).Build()), "but 17 is expected"},
           {elf, "it hasn't been packed"},
           {Bytes(elf).replace(4, 1, "\2"), "not a 32-bit little-endian one"},
           {Bytes(elf).replace(50, 1, "\3"), "whose section table is outside"},
@@ -80,19 +80,19 @@ TEST_F(InspectTest, ChecksEveryOffsetAndSizeAndNamesIt)
     for (const auto &[at, number, text] :
          {std::tuple(12U, 3U, "the first entry's offset is 3, within the directory of 64 bytes"),
           {16U, size, "entry 0 has offset 64 and size "},
-          {29U, 70U, "entry 1 has offset 70 and size 0, but must lie from 74 to "},
+          {29U, 70U, "entry 1 has offset 70 and size 0, but must be between 74 and "},
           {37U, 0x2D70657AU - 1, "the last entry, 2, isn't named \"zep-2.0\""},
           {49U, 0U, "the block table of 0 bytes doesn't end"},
           {49U, 39U, "the block table of 39 bytes doesn't end"},
-          {80U, 76U, "block record 0 goes from "},
+          {80U, 76U, "block record 0 extends from "},
           {84U, 0xFFFFFFFFU, "block record 1 has the key 0xFFFFFFFF, which ends the table, but 3 follow"},
-          {88U, 0xFFFFFFF0U, "block record 0 goes from "},
-          {112U, size + 1, "block record 3 goes from "},
-          {112U, 220U, "block record 3 goes from 228 to 220, but must lie from 228 to 232"},
+          {88U, 0xFFFFFFF0U, "block record 0 extends from "},
+          {112U, size + 1, "block record 3 extends from "},
+          {112U, 220U, "block record 3 extends from 228 to 220, but must be between 228 and 232"},
           {116U, 0U, "language 0: a string count of 0 doesn't fit"},
           {120U, 0xFFFFFFFFU, "string 0 has the ID 0xFFFFFFFF, which ends the table, but 2 follow"},
-          {124U, 8U, "the string of ID 7 at 8 doesn't begin behind 28"},
-          {132U, 30U, "the string of ID 3 at 30 doesn't begin behind 40"},
+          {124U, 8U, "the string of ID 7 at 8 doesn't begin after 28"},
+          {132U, 30U, "the string of ID 3 at 30 doesn't begin after 40"},
           {136U, 5U, "doesn't end in the ID 0xFFFFFFFF"},
           {140U, 40U, "the string table says it has 40 bytes, but it has 44"}})
         EXPECT_THAT(Wrong(Bytes(good).replace(at, 4, PayloadBuilder::U32({number}))), HasSubstr(text));

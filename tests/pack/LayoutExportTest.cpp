@@ -45,8 +45,8 @@ TEST(ExportLayoutTables, CountsTablesThatCannotBeMadeAsFailures)
 
     LayoutExport without("export_layout=layouts\nexport_xml=none.xml\n");
     EXPECT_EQ(without.env.FailureCount, 1);
-    EXPECT_TRUE(
-        without.TakeExplained().contains("/bin/none.xml, which export_layout or export_xml names, isn't there"));
+    EXPECT_TRUE(without.TakeExplained().contains(
+        "/bin/none.xml, which the key export_layout or export_xml names, does not exist"));
 }
 
 TEST(ExportLayoutTables, DoesNothingWithoutLayoutsToExport)

@@ -122,7 +122,7 @@ TEST(LayoutPhase, WritesNoTablesThroughALink)
     ASSERT_EQ(symlink(elsewhere.Path("mine").toUtf8().constData(), "ResID/layoutid.H"), 0);
     EXPECT_EQ(project.Pack(), PACK_FILE_INFO);
     EXPECT_FALSE(project.folder.Has("args"));
-    EXPECT_THAT(project.TakeExplained().constData(), HasSubstr("/layoutid.H\" isn't written: a symbolic link"));
+    EXPECT_THAT(project.TakeExplained().constData(), HasSubstr("/layoutid.H\" is not written because a symbolic link"));
 }
 
 TEST(LayoutPhase, RefusesNumbersThatDifferFromTheHeader)

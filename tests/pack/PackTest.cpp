@@ -173,7 +173,7 @@ TEST(Pack, WritesTheSideFileBesideTheInputAndReportsItsFailureAfterACompleteOutp
     project.info.inputfilename = "v1.2/PLAIN"; // found with its spelling on disk; the side file has the given name
     EXPECT_EQ(project.Pack(), PACK_WRITE);
     EXPECT_THAT(project.TakeExplained().toStdString(),
-                HasSubstr("PLAIN.res: No space left on device\nv1.2/ARM/PLAIN.res is of an earlier pack"));
+                HasSubstr("PLAIN.res: No space left on device\nv1.2/ARM/PLAIN.res was left by an earlier pack"));
     EXPECT_EQ(project.folder.Get("app.out"), made);
     EXPECT_THAT(project.trace.toStdString(), HasSubstr("[error] write res data into resfile error: "));
     ASSERT_TRUE(QDir(project.folder.Path("v1.2/ARM")).removeRecursively() && unlink("app.out") == 0);

@@ -203,7 +203,7 @@ TEST_F(Journal, DoesNotOverwriteFilesThatWereChangedSince)
     folder.Put("demo/res/strings", "edited");
     for (int i = 0; i < 2; ++i) {
         EXPECT_FALSE(FinishInterruptedSave(env, project));
-        EXPECT_TRUE(said.last().contains(u"/demo/res/strings\" was changed"_s)) << qPrintable(said.last());
+        EXPECT_TRUE(said.last().contains(u"/demo/res/strings\" has changed"_s)) << qPrintable(said.last());
     }
     FileTransaction files(env, project);
     EXPECT_EQ(env.ReplaceFile(folder.Path("demo/res/list"), "x") + env.ReplaceFile(folder.Path("inc/ids.h"), "x"), 0);

@@ -46,7 +46,7 @@ TEST(ProjectConfig, IsRefusedIfMissingBrokenOrOld)
     QFile::remove(project.folder.Path("demo/config.xml"));
     EXPECT_EQ(project.Open(), nullptr);
     EXPECT_EQ(project.TakeOutput(), "") << "it has no message of its own";
-    EXPECT_EQ(project.user.boxes, QStringList(6, project.Path() + u" could not be opened. The output tells why."_s));
+    EXPECT_EQ(project.user.boxes, QStringList(6, project.Path() + u" could not be opened. The output explains why."_s));
     project.command = 3;
     EXPECT_EQ(project.Open(), nullptr);
     EXPECT_EQ(project.TakeOutput(), "\r\n### error 7 ###\r\n");

@@ -74,7 +74,7 @@ TEST_F(OutsideChanges, IncludeFileTypesInTheSettings)
     project.folder.Put("bin/Morvanite.ini", project.folder.Get("bin/Morvanite.ini") + "\n[FileType]\naudio=*.ogg\n");
     EXPECT_EQ(project.Open(), doc);
     EXPECT_FALSE(doc->root.FindFolder(KIND_AUDIO, 2)->resources.IsEmpty());
-    EXPECT_THAT(explained, HasSubstr("The settings have other types of files now"));
+    EXPECT_THAT(explained, HasSubstr("The file types in the settings have changed"));
 }
 
 TEST_F(OutsideChanges, AreLoadedBeforeTheDocumentIsUsedAgain)
@@ -180,7 +180,7 @@ TEST_F(OutsideChanges, DuringALoadMakeTheDocumentLoadAgain)
     most = 1000;
     EXPECT_EQ(project.Open(), nullptr);
     EXPECT_EQ(times, 5);
-    EXPECT_THAT(explained, HasSubstr("again and again"));
+    EXPECT_THAT(explained, HasSubstr("keeps changing"));
     most = 0;
     EXPECT_NE(project.Open(), nullptr);
     project.documents.CloseAll();
@@ -228,7 +228,7 @@ TEST_F(OutsideChanges, DuringASaveMakeItFail)
     EXPECT_NE(doc->lastSave.write, 0);
     EXPECT_EQ(project.monitor.watched, watched) << "the other program's change is not loaded yet";
     EXPECT_TRUE(FileHas(STRINGS, u"ID_OUTSIDE"));
-    EXPECT_THAT(explained, HasSubstr("ref_list_demo.txt while the project was saved; nothing was written"));
+    EXPECT_THAT(explained, HasSubstr("ref_list_demo.txt while the project was saved, so nothing was written"));
     ChangeHere();
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_EQ(doc->lastSave.write, 0);

@@ -49,7 +49,7 @@ for at in none 0 16 "$items" $((items + 8)) $((items + 12)) $((items + 20)); do
     qemu-arm damaged.axf >found 2>errors || status=$?
     [ $status = 0 ] || { [ $status = 1 ] && [ -s errors ]; } || fail "a section damaged at $at ends with $status and no message"
     [[ $at != none && $at != "$items" ]] || [ $status = 1 ] || fail "a section damaged at $at isn't detected"
-    [ "$at" != none ] || { [ ! -s found ] && grep -q '^weatherclock: this program carries no resources' errors; } ||
+    [ "$at" != none ] || { [ ! -s found ] && grep -q '^weatherclock: this program contains no resources' errors; } ||
         fail 'a program without resources must report that'
 done
 echo 'The sample shows its resources.'

@@ -86,27 +86,28 @@ TEST(CellBlock, PastesIntoTheMatchingCells)
         // A single text.
         {{0, 3, {0, 2}, {}, all}, "A", "2,3=A"},
         {{0, 1, {0, 1}, {}, all}, "push", "0,1=Push"},
-        {{0, 1, {0, 1}, {}, all}, "x", "!Line 1: \"x\" is no resource type: Normal or Push"},
+        {{0, 1, {0, 1}, {}, all}, "x", "!Line 1: \"x\" is not a resource type; the types are Normal and Push"},
         {{3, 4, {}, {}, all}, "x", "+ 4=x"},
         {{1, 4, {}, {}, all}, "", "1,4="},
-        {atId, "ID_Z", "!Line 1: the ID ID_A stays: pasting doesn't rename rows"},
+        {atId, "ID_Z", "!Line 1: the ID ID_A is kept: pasting doesn't rename rows"},
         {atNew, " id_z ", "+ID_Z"},
         // By position.
         {atText, "x|y\nz", "0,3=x; 0,4=y; 1,3=z"},
-        {atText, "x|y|z", "0,3=x; 0,4=y; !The block has 3 columns and there is room for 2: the others are left out"},
+        {atText, "x|y|z",
+         "0,3=x; 0,4=y; !The block has 3 columns, but there is room for 2 only; the others are left out"},
         {{2, 1, {}, {0, 1, 2}, all}, "|x\nPush|y\n|\nNormal|z", "2,2=x; +(Push) 2=y; + 2=z"},
         {filtered, "x|y\nz|w", "1,2=x; 1,4=y; + 2=z 4=w"},
         {atText, "English|French\nx|y", "0,3=x; 0,4=y"},
         {atNew, "ID_N|Push|n\n9|Normal|x\n|Normal|x\nID_FILE||x\nid_n||x",
-         "+ID_N(Push) 2=n; !Line 2: \"9\" is no ID: 1 to 64 letters, digits and \"_\", and no digit at the front; "
-         "!Line 3: the line has no ID; !Line 4: a resource of another kind has the ID ID_FILE; "
-         "!Line 5: the ID ID_N is in a line before"},
+         "+ID_N(Push) 2=n; !Line 2: \"9\" is not a valid ID: an ID has 1 to 64 letters, digits and \"_\", and doesn't "
+         "begin with a digit; !Line 3: the line has no ID; !Line 4: a resource of another kind has "
+         "the ID ID_FILE; !Line 5: an earlier line has the ID ID_N"},
         // By ID.
         {atText, "ID_C|x\nlow id|y", "2,3=x; 1,3=y"},
         {atText, "ID_C|x\nhello|y\nyou|z", "0,3=ID_C; 0,4=x; 1,3=hello; 1,4=y; 2,3=you; 2,4=z"},
-        {atId, "id_c|Push|x\nID_D||y\nID_C||z", "2,1=Push; 2,2=x; +ID_D 2=y; !Line 3: the ID ID_C is in a line before"},
+        {atId, "id_c|Push|x\nID_D||y\nID_C||z", "2,1=Push; 2,2=x; +ID_D 2=y; !Line 3: an earlier line has the ID ID_C"},
         {filtered, "String ID|french|German\nID_A|x|\nID_N|y|",
-         "0,4=x; +ID_N 4=y; !Line 1: the column \"German\" is left out: the table has none of that title"},
+         "0,4=x; +ID_N 4=y; !Line 1: the column \"German\" is left out: the table has no column of that title"},
         {filtered, "French|ID\nx|ID_A", "0,4=x"},
     };
     for (const Case &one : cases) {

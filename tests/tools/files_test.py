@@ -30,7 +30,7 @@ class Files(ConverterTest):
                     b"TARGET: the device's picture, replaced)\n"))
 
     def test_reports_other_files_with_their_first_bytes(self):
-        self.refuses(b'none\n', b'file of 5 bytes that begins with 6e 6f 6e 65 0a, wanted a bmp, gif, jpg or png')
+        self.refuses(b'none\n', b'file of 5 bytes that begins with 6e 6f 6e 65 0a, expected a bmp, gif, jpg or png')
         self.refuses(b'', b'empty file')
 
     def test_accepts_names_with_blanks_and_any_bytes_and_leaves_no_other_file(self):
@@ -61,7 +61,7 @@ class Files(ConverterTest):
                 (b'folder', b'out', b'/folder', b'not a regular file'),
                 (b'pipe', b'out', b'/pipe', b'not a regular file'),
                 (b'a.png', b'no/o', b'no/o', b'cannot create it: No such file or directory'),
-                (b'a.png', b'a.png/o', b'a.png/o', b'cannot look at it: Not a directory'),
+                (b'a.png', b'a.png/o', b'a.png/o', b'cannot examine it: Not a directory'),
                 (b'a\nb\x1b', b'out', b'/a?b?', b'cannot open it: No such file or directory')):
             with self.subTest(source=source, target=target):
                 self.refused(self.path(source), self.path(target), path, text)
@@ -82,7 +82,7 @@ class Files(ConverterTest):
         with open(CONVERTER, 'rb') as program:
             if re.search(b'__asan_init', program.read()):
                 self.skipTest('the sanitizer itself needs more than any limit')
-        text = b'picture of 8000 x 8000 pixels, for which there is not enough memory'
+        text = b'there is not enough memory for a picture of 8000 x 8000 pixels'
         self.refused(source, self.target, b'/large.gif', text, RLIMIT_AS=64 << 20)
         self.assertFalse(os.path.exists(self.target))
 

@@ -88,7 +88,7 @@ class Layouts(unittest.TestCase):
             self.assertEqual(found[16:20], bytes(4))
         status, err = self.convert(x="other.xml")
         self.assertEqual(status, 0)
-        self.assertRegex(err, r"other\.xml: isn't there, so all properties stay text\n$")
+        self.assertRegex(err, r"other\.xml: the file does not exist, so all properties remain text\n$")
 
     def test_wrong_command_lines_print_the_usage(self):
         for words in ((), ("-i",), ("-i", "a"), ("-i", "a", "-o", "b", "-q"), ("-i", "a", "-i", "a", "-o", "b"), ("-i", "", "-o", "b")):
@@ -98,16 +98,16 @@ class Layouts(unittest.TestCase):
 
     def test_reports_errors_with_file_and_line_and_writes_nothing(self):
         for content, message in (
-                (b"<TarvoXML>\n<Layout id></TarvoXML>", "in.xml, line 2: this is no well-formed XML"),
+                (b"<TarvoXML>\n<Layout id></TarvoXML>", "in.xml, line 2: this is not well-formed XML"),
                 (b"", "in.xml, line 1: "), (b"\n<Other/>", "in.xml, line 2: the outermost element should be <TarvoXML>"),
-                (b"<TarvoXML>\n<Layout id='ID_LAYOUT_A'/>\n<layout/></TarvoXML>", "line 3: only <Layout> can stand"),
+                (b"<TarvoXML>\n<Layout id='ID_LAYOUT_A'/>\n<layout/></TarvoXML>", "line 3: only <Layout> is allowed"),
                 (b"<TarvoXML>\n<Layout/></TarvoXML>", 'line 2: <Layout> needs the attribute "id"'),
-                (LAYOUTS.replace(b"_B", b"_A"), "line 3: the ID of this layout is taken"),
+                (LAYOUTS.replace(b"_B", b"_A"), "line 3: the ID of this layout is empty or already used"),
                 (LAYOUTS.replace(b"_B", b"_C"), 'line 3: "ID_LAYOUT_C" has no number in the header'),
-                (LAYOUTS.replace(b"ID_LAYOUT_B", b"../b"), "line 3: the ID of this layout is none"),
+                (LAYOUTS.replace(b"ID_LAYOUT_B", b"../b"), "line 3: the ID of this layout is not valid"),
                 (LAYOUTS.replace(b"_HI", b"_LO"), 'line 2: "ID_STRING_LO" has no number in the header'),
                 (LAYOUTS.replace(b"\"ID_LAYOUT_B\"/>", b"'ID_LAYOUT_B'>\n<Label><Label\npos='1'/></Label></Layout>"),
-                 'line 4: "1" is no value for "pos", which is a ZulPoint')):
+                 'line 4: "1" is not a valid value for "pos", which has the type ZulPoint')):
             self.put("in.xml", content)
             self.assert_refused(message)
         self.put("in.xml", LAYOUTS)
@@ -157,7 +157,7 @@ int main(void)
         self.put("types.xml", CATALOGUE.replace(b"right", b"end"))
         shutil.rmtree(self.dir / "out")
         (self.dir / "out").mkdir()
-        self.assert_refused("zul_xml_table.i: was made from another catalogue; save the project")
+        self.assert_refused("zul_xml_table.i: the file was made from another catalogue; save the project")
         self.assertEqual(self.save(), (0, ""))
         self.assertEqual(self.convert(), (0, ""))
 
@@ -205,7 +205,7 @@ int main(void)
     def test_the_sub_tool_keeps_the_old_header_when_a_table_is_invalid(self):
         self.put("old.h", b"old")
         self.put("a.i", b"ZUL_CLASS(1, A_B)\nZUL_ENUMERATOR(A, 0, B_C)\n")
-        for content, message in ((b"ZUL_CLASS(1, Label)\nint x;\n", "b.i, line 2: this is no line of a table"),
+        for content, message in ((b"ZUL_CLASS(1, Label)\nint x;\n", "b.i, line 2: this is not a line of a table"),
                                  (b"ZUL_CLASS(1, " + b"x" * 100_000 + b")\n", "b.i, line 1: "),
                                  (b"ZUL_CLASS(99999, x)\n", "b.i, line 1: "),
                                  (b"ZUL_ENUMERATOR(A_B, 0, C)\n", "LAYOUT_ENUM_A_B_C: two names")):

@@ -77,9 +77,9 @@ class Png(ConverterTest):
             damaged = bytearray(whole)
             damaged[-from_the_end] ^= 1
             self.refuses(damaged, b'broken png')
-        for width, height, text in ((0, 5, b'picture of 0 x 5 pixels, wanted at least 1 x 1'),
-                                    (8001, 8000, b'picture of 8001 x 8000 pixels, wanted at most 64000000'),
-                                    (2 ** 31 - 1, 2 ** 31 - 1, b'wanted at most 64000000')):
+        for width, height, text in ((0, 5, b'picture of 0 x 5 pixels, expected at least 1 x 1'),
+                                    (8001, 8000, b'picture of 8001 x 8000 pixels, expected at most 64000000'),
+                                    (2 ** 31 - 1, 2 ** 31 - 1, b'expected at most 64000000')):
             self.refuses(whole[:16] + struct.pack('>2I', width, height) + whole[24:], text)
 
 
@@ -146,11 +146,11 @@ class Bmp(ConverterTest):
         self.assertEqual(self.converted(with_offset(bmp(2, 1, 8, runs, 1, colours=8), 86, 0)), device([[PALETTE[1]] * 2]))
         hint = bmp(1, 1, 24, bytes(8), colours=2)
         for picture, text in ((with_offset(full, 54, 16), b'pixels at byte 54, within the palette of 16 colours'),
-                              (with_offset(bmp(2, 1, 8, row, colours=256) + bytes(900), 118, 0), b'of 256 colours, wanted'),
+                              (with_offset(bmp(2, 1, 8, row, colours=256) + bytes(900), 118, 0), b'of 256 colours, expected'),
                               (with_offset(bmp(2, 1, 8, runs, 1, colours=16), 86, 16), b'pixels at byte 86'),
-                              (with_offset(hint, 54, 2), b'wanted them at byte 62'),
+                              (with_offset(hint, 54, 2), b'expected them at byte 62'),
                               (with_offset(bmp(2, 1, 8, b'\1\x09\0\0', colours=8), 86, 16),
-                               b'a pixel of colour 9, but the palette ends with 8 colours'),
+                               b'a pixel has colour 9, but the palette has only 8 colours'),
                               (with_offset(bmp(2, 1, 8, bytes((2, 9, 0, 1)), 1, colours=8), 86, 16), b'colour 9')):
             self.refuses(picture, text)
 
@@ -163,8 +163,8 @@ class Bmp(ConverterTest):
         for picture, text in ((bmp(0, 1, 24, row), b'picture of 0 x 1 pixels'),
                               (bmp(-1, 1, 24, row), b'-1 pixels wide'),
                               (bmp(1, -2 ** 31, 24, row), b'picture of 1 x 2147483648 pixels'),
-                              (bmp(2 ** 31 - 1, 2 ** 31 - 1, 24, row), b'wanted at most 64000000'),
-                              (bmp(1, 1, 7, row), b'7 bits a pixel and compression 0'),
+                              (bmp(2 ** 31 - 1, 2 ** 31 - 1, 24, row), b'expected at most 64000000'),
+                              (bmp(1, 1, 7, row), b'7 bits per pixel and compression 0'),
                               (bmp(1, 1, 24, row, 4), b'compression 4'),
                               (bmp(1, 1, 16, row, 3, (5, 8, 16)), b'bit masks 5, 8, 10, 0'),
                               (early, b'pixels at byte 20'), (odd, b'header of 13 bytes')):
@@ -204,8 +204,8 @@ class Gif(ConverterTest):
     def test_refuses_files_without_frame_or_colours_or_with_an_impossible_size(self):
         frame = gif_frame(drawn(2, 2, index))
         self.refuses(gif(6, 5), b'gif without a frame')
-        self.refuses(gif(65535, 65535, frame), b'picture of 65535 x 65535 pixels, wanted at most 64000000')
-        self.refuses(gif(0, 5, frame), b'picture of 0 x 5 pixels, wanted at least 1 x 1')
+        self.refuses(gif(65535, 65535, frame), b'picture of 65535 x 65535 pixels, expected at most 64000000')
+        self.refuses(gif(0, 5, frame), b'picture of 0 x 5 pixels, expected at least 1 x 1')
         self.refuses(gif(2, 2, frame, palette=()), b'broken gif: no colour table')
 
 
@@ -247,7 +247,7 @@ class Jpg(ConverterTest):
     def test_refuses_impossible_sizes(self):
         whole = jpg(29, 21, motley)
         sizes = struct.pack('>2H', 21, 29)
-        self.refuses(whole.replace(sizes, b'\x80' * 4), b'picture of 32896 x 32896 pixels, wanted at most 64000000')
+        self.refuses(whole.replace(sizes, b'\x80' * 4), b'picture of 32896 x 32896 pixels, expected at most 64000000')
         self.refuses(whole.replace(sizes, b'\0\x15\0\0'), b'broken jpg')
 
     def test_refuses_more_than_256_scans(self):

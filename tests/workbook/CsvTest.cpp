@@ -41,7 +41,7 @@ TEST(Csv, ReportsErrors)
     ExpectRefused(ReadCsv, {{Broken, "line 5: a quote isn't closed", "a,\"b\nc\"\r\nd\r\re,\"f\ng"},
                             {Broken, "line 2 isn't UTF-8", "a,b\n\xE9,b\n"},
                             {Broken, "isn't UTF-16", Utf16(u"ab"_s, QStringConverter::Utf16LE).chopped(1)},
-                            {NoWorkbook, "a zero stands in it", QByteArray("a,b\n\0", 5)},
+                            {NoWorkbook, "it contains a null character", QByteArray("a,b\n\0", 5)},
                             {NoWorkbook, "isn't text in UTF-8 or UTF-16", Utf16(u"a"_s, QStringConverter::Utf32LE)},
                             {TooLarge, "line 1048577, column 1:", QByteArray(1'048'576, '\n') + "a"},
                             {TooLarge, "line 1, column 16385:", QByteArray(16'384, ',') + "a"},

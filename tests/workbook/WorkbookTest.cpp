@@ -143,14 +143,18 @@ TEST(Workbook, AcceptsTheLargestTablesAndRefusesLargerOnesWithPlaceAndLimit)
         Rows rows;
         const char *reason;
     } refusals[] = {
-        {WriteXls, Rows(65'537), "row 65537: an .xls sheet has 65536, and 65537 are needed"},
-        {WriteXls, {QStringList(300)}, "column 257: an .xls sheet has 256, and 300 are needed"},
-        {WriteXls, tooLong, "row 2, column 2: a text of 32768 characters: an .xls cell has 32767"},
-        {WriteXlsx, Rows(1'048'577), "row 1048577: an .xlsx sheet has 1048576"},
-        {WriteXlsx, {QStringList(16'385)}, "column 16385: an .xlsx sheet has 16384"},
-        {WriteXlsx, tooLong, "row 2, column 2: the text has 32768 characters, an .xlsx cell 32767"},
-        {WriteCsv, Rows(1'048'577), "1048577 rows and 0 columns: a sheet has 1048576 and 16384"},
-        {WriteCsv, {QStringList(16'385)}, "1 rows and 16385 columns: a sheet has 1048576 and 16384"},
+        {WriteXls, Rows(65'537), "row 65537: an .xls sheet has at most 65536 rows, but 65537 are needed"},
+        {WriteXls, {QStringList(300)}, "column 257: an .xls sheet has at most 256 columns, but 300 are needed"},
+        {WriteXls, tooLong, "row 2, column 2: a text has 32768 characters, but an .xls cell has room for 32767 only"},
+        {WriteXlsx, Rows(1'048'577), "row 1048577: an .xlsx sheet has at most 1048576 rows"},
+        {WriteXlsx, {QStringList(16'385)}, "column 16385: an .xlsx sheet has at most 16384 columns"},
+        {WriteXlsx, tooLong,
+         "row 2, column 2: the text has 32768 characters, but an .xlsx cell has room for 32767 only"},
+        {WriteCsv, Rows(1'048'577),
+         "1048577 rows and 0 columns are too many: a sheet has at most 1048576 rows and 16384 columns"},
+        {WriteCsv,
+         {QStringList(16'385)},
+         "1 rows and 16385 columns are too many: a sheet has at most 1048576 rows and 16384 columns"},
     };
     for (const auto &[write, rows, reason] : refusals) {
         TestTable table(rows);

@@ -201,23 +201,25 @@ TEST(XlsReader, ReportsWhyItRefusesAFile)
         ReadXls,
         {{NoWorkbook, "it isn't a compound file", "PK\3\4"},
          {NoWorkbook, "the compound file has no stream \"Workbook\"", book.Build("Other")},
-         {NoWorkbook, "it is of Excel 5.0 or 95, older than Excel 97", book.Build("Book")},
+         {NoWorkbook, "its format is that of Excel 5.0 or 95, which is older than Excel 97", book.Build("Book")},
          {NoWorkbook, "it is of version 0x500 (Excel 97-2003 has 0x600)", old.Build()},
          {NoWorkbook, "it is protected by a password", withGlobals(Rec(BIFF_FILEPASS, Pack(quint16(1))))},
          {Broken, "the table of texts ends within text 2 of 4294967295",
           withGlobals(Rec(BIFF_SST, Pack(MANY, MANY) + Narrow("one")))},
          {Broken, "the table of texts ends within text 1 of 1",
           withGlobals(Rec(BIFF_SST, Pack(1, 1, quint16(2), quint8(1), u'a', 'b')) + Rec(BIFF_CONTINUE, Pack(1)))},
-         {Broken, "record 0x200 at 0x31: 4294967295 rows and 0 columns: an .xls sheet has 65536 and 256",
+         {Broken,
+          "record 0x200 at 0x31: 4294967295 rows and 0 columns are too many: an .xls sheet has at most 65536 rows and "
+          "256 columns",
           with(Rec(BIFF_DIMENSIONS, Pack(0, MANY, 0)))},
-         {Broken, "row 3, column 2: text 7 of 0 isn't there", with(Rec(BIFF_LABELSST, CellData(2, 1, 7)))},
-         {Broken, "row 1, column 257: an .xls sheet has 256 columns",
+         {Broken, "row 3, column 2: text 7 of 0 is missing", with(Rec(BIFF_LABELSST, CellData(2, 1, 7)))},
+         {Broken, "row 1, column 257: an .xls sheet has at most 256 columns",
           with(Rec(BIFF_LABEL, CellData(0, 256) + Narrow("a")))},
          {Broken, "row 1, column 1: the text is cut off",
           with(Rec(BIFF_LABEL, CellData(0, 0, quint16(9), quint8(0), 'a')))},
          {Broken, "row 1, column 1: the number is cut off", with(Rec(BIFF_NUMBER, CellData(0, 0, 1)))},
          {Broken, "record 0x6 at 0x31: 10 bytes are too few", with(Rec(BIFF_FORMULA, CellData(0, 0, 1)))},
-         {TooLarge, "the numbers have more digits than a file of this size is granted", with(numbers)}});
+         {TooLarge, "the numbers have more digits than a file of this size may have", with(numbers)}});
 }
 
 TEST(XlsReader, SurvivesEveryTruncation)
@@ -276,11 +278,14 @@ TEST(XlsReader, RefusesLoopsAndFalseSizesInTheContainerCheaply)
     const quint32 start = *ByteReader(file).U32(quint64(entry) + 116);
     ExpectRefused(
         ReadXls,
-        {{Broken, "the stream \"Workbook\": the chain of sectors comes back to sector 0",
+        {{Broken, "the stream \"Workbook\": the chain of sectors returns to sector 0",
           with(table + 4 * (start + 1), start)},
-         {Broken, "the stream \"Workbook\": the chain of sectors leads to 0xffffffff after 1024 bytes, of 20 sectors",
+         {Broken,
+          "the stream \"Workbook\": the chain of sectors leads to sector 0xffffffff after 1024 bytes, but there are "
+          "only 20 sectors",
           with(table + 4 * (start + 1), 0xFFFFFFFF)},
-         {Broken, "the stream \"Workbook\" is said to have 4294967295 bytes, in 10240 bytes of sectors",
+         {Broken,
+          "the stream \"Workbook\" has 4294967295 bytes according to the file, but the sectors have only 10240 bytes",
           with(entry + 120, 0xFFFFFFFF)},
          {Broken, "the compound file has sectors of 2^31 and 2^6 bytes, not of 2^9 or 2^12 and 2^6",
           with(30, 0x0006001F)},

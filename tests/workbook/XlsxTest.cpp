@@ -157,28 +157,28 @@ TEST(Xlsx, ReportsErrors)
                    {Broken, "no element found", Package().Set("xl/sheet.xml", SheetOf("").chopped(12)).Build()},
                    {Broken, "document type",
                     Package().Set("xl/sheet.xml", "<!DOCTYPE a [<!ENTITY a 'a'>]>" + SheetOf("")).Build()},
-                   {Broken, "row 1, column 2: there is no shared string \"0\" of 0",
+                   {Broken, "row 1, column 2: there is no shared string \"0\"; the number of shared strings is 0",
                     rows("<row><c/><c t='s'><v>0</v></c></row>")},
-                   {Broken, "\"-1\" of 0", rows("<row><c t='s'><v>-1</v></c></row>")},
-                   {Broken, "\"1,5\" is no number", rows("<row><c><v>1,5</v></c></row>")},
-                   {Broken, "\"nan\" is no number", rows("<row><c><v>nan</v></c></row>")},
-                   {Broken, "\"x\" is no type", rows("<row><c t='x'/></row>")},
-                   {Broken, "\"2024-13-01\" is no date", rows("<row><c t='d'><v>2024-13-01</v></c></row>")},
-                   {Broken, "\"0\" is no row", rows("<row r='0'/>")},
-                   {Broken, "\"1A\" is no cell", rows("<row><c r='1A'/></row>")},
-                   {TooLarge, "row 4294967297: a sheet has 1048576", rows("<row r='4294967297'/>")},
+                   {Broken, "\"-1\"; the number of shared strings is 0", rows("<row><c t='s'><v>-1</v></c></row>")},
+                   {Broken, "\"1,5\" is not a number", rows("<row><c><v>1,5</v></c></row>")},
+                   {Broken, "\"nan\" is not a number", rows("<row><c><v>nan</v></c></row>")},
+                   {Broken, "\"x\" is not a cell type", rows("<row><c t='x'/></row>")},
+                   {Broken, "\"2024-13-01\" is not a date", rows("<row><c t='d'><v>2024-13-01</v></c></row>")},
+                   {Broken, "\"0\" is not a row", rows("<row r='0'/>")},
+                   {Broken, "\"1A\" is not a cell", rows("<row><c r='1A'/></row>")},
+                   {TooLarge, "row 4294967297: a sheet has at most 1048576 rows", rows("<row r='4294967297'/>")},
                    {TooLarge, "row 1048577", rows("<row r='1048576'/><row/>")},
                    {TooLarge, "column 16385 in row 1", rows("<row><c r='XFE1'/></row>")},
                    {Broken, "checksum", QByteArray(file).replace("12345", "12346")},
                    {Broken, "is encrypted", entry(8, "\1")},
                    {Broken, "unknown method 12", entry(10, "\x0C")},
                    {Broken, "checksum", entry(24, "\xFF")},
-                   {Broken, "can't be unpacked", entry(24, "\1")},
+                   {Broken, "can't be decompressed", entry(24, "\1")},
                    {Broken, "overlap", entry(20, "\xFE")},
-                   {Broken, "doesn't lie at", entry(42, "\1")},
-                   {Broken, "end behind the file", entry(22, "\xFF")},
+                   {Broken, "it is not at", entry(42, "\1")},
+                   {Broken, "extend beyond the end of the file", entry(22, "\xFF")},
                    {Broken, "sizes are missing", entry(20, QByteArray(4, '\xFF'))},
-                   {Broken, "another named xl/sheet.xml", Package().Add("XL/sheet.xml", "x").Build()}});
+                   {Broken, "another part has the name xl/sheet.xml", Package().Add("XL/sheet.xml", "x").Build()}});
 }
 
 TEST(Xlsx, RefusesEveryTruncationAndSurvivesDamage)
@@ -218,8 +218,8 @@ TEST(Xlsx, RefusesZipBombsWithLittleMemory)
     const QByteArray longText(15 << 20, 'x');
     const std::vector many(70'000, std::pair<QByteArray, QByteArray>("a", "b"));
     const std::pair<const char *, QByteArray> bombs[] = {
-        {"is the most for", sheet(blanks)},
-        {"can't be unpacked", lying},
+        {"compressed bytes may have at most", sheet(blanks)},
+        {"can't be decompressed", lying},
         {"the cells take too much memory", sheet(cells + "</row>")},
         {"the texts take too much memory", sheet("<row><c t='inlineStr'><is>" + runs + "</is></c></row>")},
         {"the shared strings take too much memory", Package().Strings("<si>" + runs + "</si>", true).Build()},
