@@ -12,7 +12,8 @@ BUILD_PACKAGES="g++ cmake ninja-build pkg-config ccache qt6-base-dev libtinyxml-
     gcc-arm-linux-gnueabihf libc6-dev-armhf-cross qemu-user"
 # What the tests need beside it.
 TEST_PACKAGES="libgtest-dev libgmock-dev librapidcheck-dev python3 llvm-14 elfutils binutils gnumeric python3-xlrd python3-xlwt
-    libreoffice-calc-nogui git xvfb openbox xdotool xclip fonts-dejavu-core fonts-wqy-microhei"
+    libreoffice-calc-nogui git xvfb openbox xdotool xclip fonts-dejavu-core fonts-wqy-microhei
+    pandoc mandoc bash-completion zsh fish"
 # What the stricter checks need beside that.
 CHECK_PACKAGES="clang-14 libclang-rt-14-dev clang-format clang-tidy libbenchmark-dev binutils-arm-none-eabi gettext
     imagemagick qt6-base-dev-tools desktop-file-utils appstream shared-mime-info"
