@@ -51,6 +51,10 @@ def option_text(option, options, name=plain, value=plain):
     return '[%s]' % (text + (' | ' + option_text(other, [], name, value)[1:-1] if other else ''))
 
 
+def without_help(options):
+    return [option for option in options if '--help' not in option['names']]
+
+
 def alternative(option, options):
     """The option that is the only one not to be used with this one, and the other way round."""
     for other in options:
@@ -63,7 +67,7 @@ def synopsis_words(command, name=plain, value=plain):
     """What follows the command's name: arguments, required options, the others."""
     words = [(value(argument['name']) + ('...' if argument['repeatable'] else '')) for argument in command['arguments']]
     words = [word if argument['required'] else '[%s]' % word for word, argument in zip(words, command['arguments'])]
-    options = [option for option in command['options'] if '--help' not in option['names']]
+    options = without_help(command['options'])
     shown = []
     for option in options:  # of two alternatives, the first shows both
         if alternative(option, options) not in shown:
@@ -145,9 +149,12 @@ def with_column_widths(table):
 
 
 def as_page_text(text, raised):
-    """Markdown of a document for a page: headings `raised` levels up, links to pages, no pictures or notes on code."""
+    """Markdown of a document for a page: headings `raised` levels up, links to pages; without pictures, diary,
+    and what is for those who change the code."""
     text = re.sub(r'<!--.*?-->\n', '', text, flags=re.S)
     text = re.sub(r'^!\[.*?\]\(.*?\)\n', '', text, flags=re.M)
+    text = re.sub(r'^```.+', '```', text, flags=re.M)
+    text = re.sub(r'^## Diary\n.*?(?=^## |\Z)', '', text, flags=re.M | re.S)
     text = re.sub(r'^Code: .*?\n\n', '', text, flags=re.M | re.S)
     text = re.sub(r'^#{%d}(?=#+ )' % raised, '', text, flags=re.M)
     text = re.sub(r'\[([^]]+)\]\(([^)]+)\)', page_reference, text)
@@ -221,17 +228,19 @@ class Pages:
     def write_command(self, command):
         path = 'morvanite-cli ' + command['name']
         lines = [bold(name) + ' ' + ' '.join(synopsis_words(leaf, bold, italic)) for name, leaf in leaves(command, path)]
-        text = as_page_text(self.command_texts.get(command['name'], command['description'] + '.\n'), 3)
-        body = ['# SYNOPSIS\n\n' + '\n\n'.join(lines), '# DESCRIPTION\n\n' + text, '# OPTIONS\n']
-        own = option_list(command['options'])
-        for inner in command['commands']:
-            options = [option for option in inner['options'] if '--help' not in option['names']]
-            if options:
-                own += '\n## %s %s\n\n%s' % (command['name'], inner['name'], option_list(options))
-        if command['commands']:
-            own += '\n## All of them\n'
-        body += [own, option_list(self.common)]
+        text = self.command_texts.get(command['name'], command['description'] + '.\n')
+        intro, parts = sections(text, 4)
+        intro += ''.join('#### %s\n%s' % part for part in parts if part[0].startswith(command['name'] + ' '))
+        own = ''.join('## %s %s\n\n%s\n' % (command['name'], inner['name'], option_list(options))
+                      for inner in command['commands'] if (options := without_help(inner['options'])))
+        if own:
+            own += '## All commands\n'
+        body = ['# SYNOPSIS\n\n' + '\n\n'.join(lines), '# DESCRIPTION\n\n' + as_page_text(intro, 2),
+                '# OPTIONS\n', own, option_list(command['options']), option_list(self.common)]
+        body += ['# %s\n%s' % (title, as_page_text(part, 3)) for title, part in parts
+                 if title != 'Examples' and not title.startswith(command['name'] + ' ')]
         body += ['# EXIT STATUS\n' + as_page_text(self.parts['Exit status'], 1)]
+        body += ['# EXAMPLES\n' + as_page_text(part, 3) for title, part in parts if title == 'Examples']
         body += ['# SEE ALSO\n\n**morvanite-cli**(1), which describes the options of several commands, the reports and '
                  'the environment']
         self.write('morvanite-cli-' + command['name'], 1, command['description'], '\n\n'.join(body) + '\n')
