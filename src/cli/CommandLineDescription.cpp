@@ -32,7 +32,7 @@ QByteArray CommandLineDescription::Of(const CLI::App &program)
 void CommandLineDescription::WriteProgram(const CLI::App &program)
 {
     json.BeginObject();
-    json.Key(QStringLiteral("version"));
+    json.Key("version");
     json.Number(FORMAT);
     Text("program", program.get_name());
     Text("release", MORVANITE_VERSION);
@@ -43,17 +43,17 @@ void CommandLineDescription::WriteProgram(const CLI::App &program)
 void CommandLineDescription::WriteContent(const CLI::App &app)
 {
     Text("description", app.get_description());
-    json.Key(QStringLiteral("arguments"));
+    json.Key("arguments");
     json.BeginArray();
     for (const CLI::Option *argument : CommandLine::ArgumentsOf(app))
         WriteArgument(*argument);
     json.EndArray();
-    json.Key(QStringLiteral("options"));
+    json.Key("options");
     json.BeginArray();
     for (const CLI::Option *option : CommandLine::OptionsOf(app))
         WriteOption(*option, app.get_parent() == nullptr);
     json.EndArray();
-    json.Key(QStringLiteral("commands"));
+    json.Key("commands");
     json.BeginArray();
     for (const CLI::App *command : CommandLine::CommandsOf(app)) {
         json.BeginObject();
@@ -99,19 +99,19 @@ void CommandLineDescription::WriteValue(const CLI::Option &option)
 
 void CommandLineDescription::Text(const char *key, const std::string &value)
 {
-    json.Key(QString::fromLatin1(key));
+    json.Key(key);
     json.String(QString::fromStdString(value));
 }
 
 void CommandLineDescription::Flag(const char *key, bool value)
 {
-    json.Key(QString::fromLatin1(key));
+    json.Key(key);
     json.Bool(value);
 }
 
 void CommandLineDescription::List(const char *key, const std::vector<std::string> &values)
 {
-    json.Key(QString::fromLatin1(key));
+    json.Key(key);
     json.BeginArray();
     for (const std::string &value : values)
         json.String(QString::fromStdString(value));

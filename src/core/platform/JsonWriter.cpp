@@ -4,7 +4,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
-void JsonWriter::Key(const QString &key)
+void JsonWriter::Key(QStringView key)
 {
     Next();
     AppendString(key);
@@ -12,7 +12,7 @@ void JsonWriter::Key(const QString &key)
     isAfterKey = true;
 }
 
-void JsonWriter::String(const QString &value)
+void JsonWriter::String(QStringView value)
 {
     Next();
     AppendString(value);
@@ -53,9 +53,9 @@ void JsonWriter::Next()
     isAfterKey = isFirst = false;
 }
 
-void JsonWriter::AppendString(const QString &value)
+void JsonWriter::AppendString(QStringView value)
 {
     // The text is quoted as the only entry of a list, which is "[", the quoted text and "]".
-    const QByteArray list = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
+    const QByteArray list = QJsonDocument(QJsonArray{value.toString()}).toJson(QJsonDocument::Compact);
     text += QByteArrayView(list).sliced(1, list.size() - 2);
 }

@@ -4,20 +4,26 @@
 #include <QByteArray>
 #include <QString>
 
-/// Writes JSON as QJsonDocument does, with the keys of an object in the order of writing. The caller must give every
-/// value of an object its key, and end what it begins.
+/// Writes JSON with four blanks for each level, the keys of an object in the order of the calls. Adds the commas.
+///
+///     JsonWriter json(bytes);
+///     json.BeginObject();
+///     json.Key("version");
+///     json.Number(1);
+///     json.EndObject();
 class JsonWriter
 {
 public:
-    /// Appends to `to`, which must live as long as the writer.
+    /// Appends to `to`, which must outlive this object.
     explicit JsonWriter(QByteArray &to) : text(to) {}
 
     void BeginObject() { Begin('{'); }
     void EndObject() { End('}'); }
     void BeginArray() { Begin('['); }
     void EndArray() { End(']'); }
-    void Key(const QString &key);
-    void String(const QString &value);
+    void Key(QStringView key);
+    void Key(const char *key) { Key(QString::fromLatin1(key)); }
+    void String(QStringView value);
     void Number(qint64 value);
     void Bool(bool value);
 
@@ -26,7 +32,7 @@ private:
     void End(char bracket);
     /// Writes what comes between two values, or before the first.
     void Next();
-    void AppendString(const QString &value);
+    void AppendString(QStringView value);
 
     QByteArray &text;
     int depth = 0;
