@@ -13,7 +13,7 @@ BUILD_PACKAGES="g++ cmake ninja-build pkg-config ccache qt6-base-dev libtinyxml-
 # What the tests need in addition.
 TEST_PACKAGES="libgtest-dev libgmock-dev librapidcheck-dev python3 llvm-14 elfutils binutils gnumeric python3-xlrd python3-xlwt
     libreoffice-calc-nogui git xvfb openbox xdotool xclip fonts-dejavu-core fonts-wqy-microhei fonts-lohit-deva
-    shared-mime-info"
+    shared-mime-info pandoc mandoc bash-completion zsh fish"
 # What the stricter checks need in addition.
 CHECK_PACKAGES="clang-14 libclang-rt-14-dev clang-format clang-tidy libbenchmark-dev binutils-arm-none-eabi gettext
     imagemagick qt6-base-dev-tools desktop-file-utils appstream codespell"

@@ -18,10 +18,10 @@ class LayoutsSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand = app.add_subcommand("layouts", "List a project's layouts with their components");
-        subcommand->add_option("PROJECT", project, "The project's .vcproj file")->required();
-        subcommand->add_flag("--json", json, "As JSON");
-        subcommand->add_flag("--check", check, "List what is wrong in the layouts instead");
+        CLI::App *subcommand = app.add_subcommand("layouts", "List a project's layouts and their components");
+        AddProject(*subcommand, project);
+        subcommand->add_flag("--json", json, JSON_HELP);
+        subcommand->add_flag("--check", check, "List the errors in the layouts instead");
         return subcommand;
     }
 

@@ -67,10 +67,10 @@ class ServeSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand = app.add_subcommand("serve", "Take commands of IDEs without a window, until SIGTERM");
+        CLI::App *subcommand = app.add_subcommand("serve", "Run the commands of IDEs without a window, until SIGTERM");
         subcommand
             ->add_option("--idle-close", idleMinutes,
-                         "Close a project without changes that no command has used for so many minutes; 0: never")
+                         "Close an unchanged project after so many minutes without a command; 0: never")
             ->type_name("MINUTES")
             ->capture_default_str()
             ->check(CLI::Range(0, MOST_MINUTES));
