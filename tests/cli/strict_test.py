@@ -1,9 +1,10 @@
 # SPDX-License-Identifier: MIT
 """--strict, headers, --settings and the words of a pack: what is refused, with its reason, and that nothing was written."""
 
+import pathlib
 import unittest
 
-from demo import DemoProject
+from demo import CLI, DemoProject
 
 
 class Strict(DemoProject):
@@ -52,6 +53,25 @@ class Strict(DemoProject):
         self.assertTrue(self.assert_refused(commands[0]).endswith('\r\n\r\nload done\r\n'), 'the report stays')
         for folder in ('nobody', 'logo.png', ''):
             self.assert_refused(('load', self.project, '--settings', folder), '--settings', 'no such folder', status=2)
+
+    def test_a_missing_file_of_the_program_is_named(self):
+        program = self.dir / 'program'
+        program.mkdir()
+        self.env['MORVANITE_PROGRAM_DIR'] = str(program)
+        own = pathlib.Path(CLI).parent
+        (program / 'tuvik.ini').symlink_to(own / 'tuvik.ini')
+        for name, target, reason in (('Morvanite.ini', None, 'isn\'t there or is a link to nothing; install it again'),
+                                     ('Morvanite.ini', 'nowhere', 'isn\'t there or is a link to nothing; install it again'),
+                                     ('resolutions.ini', None, 'the key reso_set in section Path of Morvanite.ini names this file'),
+                                     ('resolutions.ini', 'nowhere', 'isn\'t there or is a link to nothing; install it again or')):
+            for link in program.glob('[Mr]*.ini'):
+                link.unlink()
+            if name == 'resolutions.ini':
+                (program / 'Morvanite.ini').symlink_to(own / 'Morvanite.ini')
+            if target:
+                (program / name).symlink_to(target)
+            self.assert_refused(('load', self.project, '--strict'), f'{program / name}: there is no list of screen sizes', reason)
+            self.assertIn(reason, self.run_cli('load', self.project)[2])
 
     def test_what_a_save_would_lose_is_refused_and_kept(self):
         listing = self.dir / 'res/demo.res.xml'
