@@ -14,16 +14,12 @@
 #
 # <target> gets the generated headers before it compiles, in a folder of the build that becomes an include path. The packed
 # file is made by the target <target>_packed, which is part of a plain build. Nothing is written into the project.
-# MORVANITE_CLI names the program; it is searched when unset.
+# MORVANITE_CLI names the program; MorvanitePackage.cmake finds it.
 
 # Also the policies of the functions below: depfiles are in the form of 3.20.
 cmake_minimum_required(VERSION 3.20)
 
 set(MORVANITE_CMAKE_DIR ${CMAKE_CURRENT_LIST_DIR})
-find_program(MORVANITE_CLI morvanite-cli
-    HINTS ENV MORVANITE_PROGRAM_DIR
-    PATHS ${MORVANITE_CMAKE_DIR}/../../../bin ${MORVANITE_CMAKE_DIR}/../build/bin
-    DOC "The program morvanite-cli")
 
 # The program's folder, and the folder with the settings that go before the program's.
 function(_morvanite_folders program_result config_result settings)
@@ -50,7 +46,13 @@ function(_morvanite_program_files result settings)
     file(GLOB files CONFIGURE_DEPENDS ${folder}/libmorvanite-commands.so ${folder}/*.ini ${folder}/*.img
         ${folder}/*.xml ${folder}/qrk_resgenerator.exe ${folder}/zul_xml_conv.exe ${folder}/convert_i_2_h/convert_i_2_h.exe
         ${config}/morvanite/Morvanite.ini)
-    set(${result} ${program} ${files} PARENT_SCOPE)
+    set(existing ${program})
+    foreach(file IN LISTS files)
+        if(EXISTS ${file}) # a link to nothing is in the list too
+            list(APPEND existing ${file})
+        endif()
+    endforeach()
+    set(${result} ${existing} PARENT_SCOPE)
 endfunction()
 
 # What morvanite-cli lists while the build is configured, as a list; empty when it fails.
