@@ -4,7 +4,8 @@
 # Compiler options of all targets.
 add_library(morvanite_options INTERFACE)
 target_compile_options(morvanite_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -fvisibility=hidden -fstack-protector-strong)
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow $<$<BOOL:${MORVANITE_WERROR}>:-Werror>
+    -fvisibility=hidden -fstack-protector-strong)
 target_compile_definitions(morvanite_options INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS $<$<CONFIG:Release>:_FORTIFY_SOURCE=2>)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")

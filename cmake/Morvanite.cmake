@@ -14,16 +14,12 @@
 #
 # The headers are generated before <target> is compiled, into a folder of the build that is added to its include path. The
 # target <target>_packed writes the packed file and is built by default. Nothing is written into the project.
-# MORVANITE_CLI is the path of the program; if it isn't set, the program is searched for.
+# MORVANITE_CLI is the path of the program; MorvanitePackage.cmake finds it.
 
 # This also sets the policies of the functions below: paths in depfiles have the form that CMake 3.20 introduced.
 cmake_minimum_required(VERSION 3.20)
 
 set(MORVANITE_CMAKE_DIR ${CMAKE_CURRENT_LIST_DIR})
-find_program(MORVANITE_CLI morvanite-cli
-    HINTS ENV MORVANITE_PROGRAM_DIR
-    PATHS ${MORVANITE_CMAKE_DIR}/../../../bin ${MORVANITE_CMAKE_DIR}/../build/bin
-    DOC "The program morvanite-cli")
 
 # Finds the program's folder and the folder with the settings that have precedence over the program's.
 function(_morvanite_folders program_result config_result settings)
@@ -50,7 +46,13 @@ function(_morvanite_program_files result settings)
     file(GLOB files CONFIGURE_DEPENDS ${folder}/libmorvanite-commands.so ${folder}/*.ini ${folder}/*.img
         ${folder}/*.xml ${folder}/qrk_resgenerator.exe ${folder}/zul_xml_conv.exe ${folder}/convert_i_2_h/convert_i_2_h.exe
         ${config}/morvanite/Morvanite.ini)
-    set(${result} ${program} ${files} PARENT_SCOPE)
+    set(existing ${program})
+    foreach(file IN LISTS files)
+        if(EXISTS ${file}) # a link to nothing is in the list too
+            list(APPEND existing ${file})
+        endif()
+    endforeach()
+    set(${result} ${existing} PARENT_SCOPE)
 endfunction()
 
 # Runs morvanite-cli while the build is configured and returns its lines as a list; the list is empty if it fails.

@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Checks rules of this tree that compilers don't check. Prints each breach; the exit status is 1 if there is one."""
 
+import email.utils
 import pathlib
 import re
 import subprocess
@@ -13,7 +14,7 @@ LONGEST_FUNCTION = 60
 EXCUSED_FILES = {}
 EXCUSED_FUNCTIONS = {}
 LICENCE = 'SPDX-License-Identifier: MIT'
-SOURCES = ('*.h', '*.c', '*.cpp', '*.py', '*.sh', '*.cmake', '*CMakeLists.txt', '.ci/run')
+SOURCES = ('*.h', '*.c', '*.cpp', '*.py', '*.sh', '*.cmake', '*CMakeLists.txt', '.ci/run', '*.cmake.in')
 UNPLAIN = r'\b(?:stands|lies|bears|mends)\b'
 # Files of the core that may open a file for writing: the one that replaces project files in one step, and the pack.
 WRITERS = ('src/core/platform/FileReplacement.cpp', 'src/core/pack/', 'src/core/channel/LocalSocket.cpp',
@@ -148,8 +149,28 @@ def prose_of(name, text):
     return [(number, match[0]) for number, line in lines if (match := re.search(mark, line))]
 
 
+def release_breaches():
+    """Every file that names the newest release names the version of CMakeLists.txt, and all give the same date."""
+    version = re.search(r'^project\(.* VERSION ([\d.]+)', pathlib.Path('CMakeLists.txt').read_text(encoding='utf-8'), re.M)[1]
+    breaches, day_of = [], {}
+    for name, pattern in (('CHANGELOG.md', r'^## (\S+) \(([\d-]+)\)$'),
+                          ('debian/changelog', r'^morvanite \((\S+)-\d+\).*\n(?:\n|  .*\n)* -- .*>  (.*)$'),
+                          ('packaging/desktop/org.morvanite.Morvanite.metainfo.xml',
+                           r'<release version="(\S+)" date="([\d-]+)"')):
+        newest = re.search(pattern, pathlib.Path(name).read_text(encoding='utf-8'), re.M)
+        if not newest or newest[1] != version:
+            breaches.append('%s: the newest release is %s, and CMakeLists.txt has version %s' %
+                            (name, newest[1] if newest else 'not there', version))
+        else:
+            is_day = re.fullmatch(r'[\d-]+', newest[2])
+            day_of[name] = newest[2] if is_day else str(email.utils.parsedate_to_datetime(newest[2]).date())
+    if len(set(day_of.values())) > 1:
+        breaches.append('the release has several dates: %s' % day_of)
+    return breaches
+
+
 def main():
-    breaches = []
+    breaches = release_breaches()
     folder_of = folders_of_headers(tracked('*.h'), breaches)
     parts = parts_of_the_tree()
     breaches += part_breaches(folder_of, parts) + program_breaches(folder_of, parts)

@@ -1,9 +1,10 @@
 # SPDX-License-Identifier: MIT
 """Tests --strict, headers, --settings and the arguments of a pack: refusals have a reason, and nothing is written."""
 
+import pathlib
 import unittest
 
-from demo import DemoProject
+from demo import CLI, DemoProject
 
 
 class Strict(DemoProject):
@@ -37,21 +38,24 @@ class Strict(DemoProject):
         settings = self.dir / 'own/morvanite/Morvanite.ini'
         settings.parent.mkdir(parents=True)
         settings.write_text('[Path]\nreso_set=nowhere.ini\n')
-        self.change('config.xml', '<zxa>', '\n<!--\n<<<<<<< HEAD\n--><zxa>')
-        for arguments in commands:
-            self.assert_refused(arguments, 'config.xml:3: the line begins with "<<<<<<<"')
-            self.assert_refused((*arguments, '--settings', 'own'), 'nowhere.ini: there is no list of screen sizes')
-        for command in ('load', 'save'):  # these continue, and report it
-            status, _, err = self.run_cli(command, self.project, '--settings', 'own')
-            self.assertTrue(status == 0 and 'config.xml:3: ' in err and 'nowhere.ini' in err, err)
-        self.assertNotIn('nowhere.ini', self.run_cli('load', self.project)[2], 'the settings are for one command')
-        self.change('config.xml', '<<<<<<< HEAD', '')
-        self.change('res/demo.res.xml', '<STRING>', '<NEWS/><STRING>')
-        for arguments in commands:
-            self.assert_refused(arguments, 'res/demo.res.xml:3: <NEWS> is left out')
-        self.assertTrue(self.assert_refused(commands[0]).endswith('\r\n\r\nload done\r\n'), 'the report is unchanged')
-        for folder in ('nobody', 'logo.png', ''):
-            self.assert_refused(('load', self.project, '--settings', folder), '--settings', 'no such folder', status=2)
+        self.change('config.xml', '<zxa>', '\n<!--\n    def test_names_a_missing_file_of_the_program(self):
+        program = self.dir / 'program'
+        program.mkdir()
+        self.env['MORVANITE_PROGRAM_DIR'] = str(program)
+        own = pathlib.Path(CLI).parent
+        (program / 'tuvik.ini').symlink_to(own / 'tuvik.ini')
+        for name, target, reason in (('Morvanite.ini', None, 'does not exist or is a link to nothing; install it again'),
+                                     ('Morvanite.ini', 'nowhere', 'does not exist or is a link to nothing; install it again'),
+                                     ('resolutions.ini', None, 'the key reso_set in section Path of Morvanite.ini names this file'),
+                                     ('resolutions.ini', 'nowhere', 'does not exist or is a link to nothing; install it again or')):
+            for link in program.glob('[Mr]*.ini'):
+                link.unlink()
+            if name == 'resolutions.ini':
+                (program / 'Morvanite.ini').symlink_to(own / 'Morvanite.ini')
+            if target:
+                (program / name).symlink_to(target)
+            self.assert_refused(('load', self.project, '--strict'), f'{program / name}: there is no list of screen sizes', reason)
+            self.assertIn(reason, self.run_cli('load', self.project)[2])
 
     def test_strict_load_refuses_content_that_a_save_would_drop_and_save_keeps_it(self):
         listing = self.dir / 'res/demo.res.xml'

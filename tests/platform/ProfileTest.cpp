@@ -3,7 +3,10 @@
 
 #include "TempFolder.h"
 
+#include <QFile>
+
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -96,6 +99,23 @@ TEST(Settings, PreferTheUsersFileAndWriteAKeyToTheFileThatItIsReadFrom)
     EXPECT_EQ(settings.Int("Path", "n", 0), 3);
     EXPECT_EQ(settings.String("Path", "a", "default"), u"program");
     EXPECT_EQ(settings.String("Path", "c", "default"), u"default");
+}
+
+TEST(Settings, ReadsButNeverWritesAFileOfTheProgramThatIsALink)
+{
+    const TempFolder folder;
+    folder.Put("etc/m.ini", "[A]\na=1\n");
+    folder.MakeFolder("bin");
+    const QByteArray link = folder.Path("bin/m.ini").toUtf8();
+    ASSERT_EQ(symlink("../etc/m.ini", link.constData()), 0);
+    Settings settings(folder.Path("bin/m.ini"), folder.Path("u/m.ini"));
+    EXPECT_EQ(settings.Int("A", "a", 0), 1);
+    EXPECT_TRUE(settings.Write(u"A"_s, u"a"_s, u"2"_s));
+    ASSERT_TRUE(QFile::remove(folder.Path("etc/m.ini"))); // a link to nothing isn't written either
+    EXPECT_TRUE(settings.Write(u"A"_s, u"b"_s, u"3"_s));
+    EXPECT_EQ(folder.Get("u/m.ini"), "[A]\na=2\nb=3\n");
+    struct stat info = {};
+    EXPECT_TRUE(lstat(link.constData(), &info) == 0 && S_ISLNK(info.st_mode));
 }
 
 TEST(Settings, ReadAndKeepChangesOfOtherPrograms)

@@ -4,11 +4,13 @@
 #include "CResDoc.h"
 #include "ConflictMarkers.h"
 #include "Environment.h"
-#include "HostFiles.h"
+#include "FileFault.h"
 #include "Paths.h"
+#include "Profile.h"
 #include "ProjectContext.h"
 #include "V1ResourceList.h"
 
+#include <cerrno>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -71,11 +73,18 @@ void OpeningCheck::AddMissingSizes(std::vector<Finding> &reasons) const
     if (tables.resolutions.Count() > 0)
         return;
     const QString file = SizesFile();
+    const bool isNamed = !env.settings.String("Path", "reso_set").isEmpty();
     QString text = u"there is no list of screen sizes, so the project's pictures and layouts are left out: "_s;
-    if (env.settings.String("Path", "reso_set").isEmpty())
-        text += u"the key reso_set in section Path does not name one"_s;
-    else if (!PathExists(file))
-        text += u"the key reso_set in section Path of Morvanite.ini names this file, but it does not exist"_s;
+    Profile content;
+    if (const int error = Profile::Read(file, content); error == ENOENT)
+        text += isNamed ? u"the key reso_set in section Path of Morvanite.ini names this file, but it does not exist "
+                          u"or is a link to nothing; install it again or correct the key"_s
+                        : u"this file, which has the program's settings, does not exist or is a link to nothing; "
+                          u"install it again"_s;
+    else if (error != 0)
+        text += WhyNotRead(file, error);
+    else if (!isNamed)
+        text += u"the key reso_set in section Path does not name one; add the line reso_set=resolutions.ini there"_s;
     else
         text += u"this file has no section Resolution with lines such as 240x320"_s;
     reasons.push_back({"settings.no-sizes", Severity::Error, file, 0, {}, text});
