@@ -3,6 +3,7 @@
 
 #include "ResModel.h"
 
+#include <algorithm>
 #include <bit>
 
 void CodePoints::Add(QStringView text)
@@ -22,6 +23,13 @@ void CodePoints::Add(QStringView text)
             words.resize(word + 1);
         words[word] |= quint64(1) << (character % BITS);
     }
+}
+
+void CodePoints::Add(const CodePoints &others)
+{
+    words.resize(std::max(words.size(), others.words.size()));
+    for (size_t word = 0; word < others.words.size(); ++word)
+        words[word] |= others.words[word];
 }
 
 std::vector<char32_t> CodePoints::All() const
@@ -44,6 +52,29 @@ CodePoints CodePointsOf(const CResModel &model, qint32 language)
     for (const CBaseRes *res : folder->resources)
         points.Add(static_cast<const CStringRes *>(res)->text);
     return points;
+}
+
+QByteArray CodePointsText(const CodePoints &points, CodePointFormat format)
+{
+    QString text;
+    const std::vector<char32_t> all = points.All();
+    for (size_t from = 0; from < all.size();) {
+        size_t to = from; // the last of the range
+        while (format != CodePointFormat::List && to + 1 < all.size() && all[to + 1] == all[to] + 1)
+            ++to;
+        const QString first = CodePointName(all[from]);
+        const QString last = CodePointName(all[to]);
+        if (format == CodePointFormat::C)
+            text += QStringLiteral("    {0x%1, 0x%2},\n").arg(first.sliced(2), last.sliced(2));
+        else if (format == CodePointFormat::Ranges)
+            text += (from == to ? first : first + u'-' + last) + u'\n';
+        else
+            text += QStringLiteral("%1 %2\n").arg(first, QString::fromUcs4(&all[from], 1));
+        from = to + 1;
+    }
+    if (format == CodePointFormat::C)
+        text = QStringLiteral("static const unsigned long code_points[][2] = {\n%1};\n").arg(text);
+    return text.toUtf8();
 }
 
 QString CodePointName(char32_t character)
