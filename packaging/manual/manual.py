@@ -131,8 +131,8 @@ def page_reference(match):
 
 
 def with_column_widths(table):
-    """A table whose second line gives the columns their widths: each fits its longest word if possible, and the rest of the
-    page's width goes to those with long cells."""
+    """A table whose second line gives the columns their widths: each fits its longest word if possible, and the rest of
+    the page's width goes to those with long cells."""
     rows = [re.split(r'(?<!\\)\|', line)[1:-1] for line in table[0].splitlines()]
     columns = list(zip(*(rows[:1] + rows[2:])))
     words = [max(len(word) for cell in column for word in re.split(r'[-\s/\\]', cell)) + 2 for column in columns]
