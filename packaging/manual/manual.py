@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Makes the manual pages, and the synopses in docs/cli.md, of what `morvanite-cli --describe` prints and of the documents.
+"""Makes the manual pages, and the synopses in docs/cli.md, from `morvanite-cli --describe` and the documents.
 
     manual.py pages DESCRIPTION FOLDER    writes FOLDER/man1/*.1 and FOLDER/man5/*.5 (needs pandoc)
     manual.py synopses DESCRIPTION        writes the synopses into docs/cli.md
@@ -131,11 +131,11 @@ def page_reference(match):
 
 
 def with_column_widths(table):
-    """A table whose second line gives the columns their widths: each fits its longest word if possible, and the rest of the page's
-    width goes to those with long cells."""
+    """A table whose second line gives the columns their widths: each fits its longest word if possible, and the rest of
+    the page's width goes to those with long cells."""
     rows = [re.split(r'(?<!\\)\|', line)[1:-1] for line in table[0].splitlines()]
     columns = list(zip(*(rows[:1] + rows[2:])))
-    words = [max(len(word) for cell in column for word in cell.split() or ['']) + 2 for column in columns]
+    words = [max(len(word) for cell in column for word in re.split(r'[-\s/\\]', cell)) + 2 for column in columns]
     wanted = [max(len(cell.strip()) + 2 for cell in column) - word for column, word in zip(columns, words)]
     spare = TABLE_WIDTH - GAP * (len(words) - 1) - sum(words)
     while spare < 0:
@@ -191,10 +191,12 @@ def with_gaps(columns):
 def portable(page):
     """A page of pandoc without what some programs that show pages don't know: its font V, defined at the top, and a
     paragraph macro behind a heading. Bold text, code and examples get true minus signs, for searching and copying; no
-    word is hyphenated, since many are names."""
+    word is hyphenated, since many are names; in tables, long ones can be broken."""
     page = page[page.index('.TH'):]
     page = re.sub(r'\n\.hy\n', '\n.nh\n.ad l\n', page)
     page = re.sub(r'^lw\(.*', with_gaps, page, flags=re.M)
+    page = re.sub(r'T\{\n.*?^T\}', lambda cell: re.sub(r'(\\\[rs\]|/|(?<=\w)-)(?=\w)', r'\1\\:', cell[0]), page,
+                  flags=re.M | re.S)
     page = re.sub(r'^(\.S[HS] .*)\n\.PP$', r'\1', page, flags=re.M)
     page = re.sub(r'\\f\[VB?I?\]', r'\\f[B]', page)
     page = re.sub(r'^\.nf\n\\f\[C\]\n(.*?)\\f\[R\]\n\.fi$', r'.nf\n\1.fi', page, flags=re.M | re.S)
@@ -227,7 +229,7 @@ class Pages:
 
     def write_command(self, command):
         path = 'morvanite-cli ' + command['name']
-        lines = [bold(name) + ' ' + ' '.join(synopsis_words(leaf, bold, italic)) for name, leaf in leaves(command, path)]
+        lines = [' '.join([bold(name)] + synopsis_words(leaf, bold, italic)) for name, leaf in leaves(command, path)]
         text = self.command_texts.get(command['name'], command['description'] + '.\n')
         intro, parts = sections(text, 4)
         intro += ''.join('#### %s\n%s' % part for part in parts if part[0].startswith(command['name'] + ' '))
@@ -253,7 +255,8 @@ class Pages:
         body = ['# SYNOPSIS\n\n' + bold(name) + ' ' + ' '.join(program_words(self.program, bold, italic)) + ' ...',
                 '# DESCRIPTION\n' + as_page_text(intro, 1), '# COMMANDS\n\n' + '\n'.join(commands),
                 '# OPTIONS\n\n' + option_list(self.program['options'])]
-        body += ['# %s\n%s' % (title, as_page_text(text, 1)) for title, text in self.parts.items() if title != 'Commands']
+        body += ['# %s\n%s' % (title, as_page_text(text, 1))
+                 for title, text in self.parts.items() if title != 'Commands']
         pages = ['**morvanite**(1)'] + ['**morvanite-%s**(5)' % file.stem for file in FORMATS]
         body += ['# SEE ALSO\n\n' + ', '.join(pages)]
         self.write(name, 1, self.program['description'], '\n\n'.join(body) + '\n')
