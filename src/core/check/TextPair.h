@@ -5,6 +5,8 @@
 
 #include <QString>
 
+struct TextLimit;
+
 /// A language of the checked project.
 struct CheckedLanguage
 {
@@ -32,7 +34,8 @@ struct TextPair
     quint32 features = 0;       ///< TextFeature
     const CheckedLanguage &sourceLanguage;
     const CheckedLanguage &language;
-    const RowNotes &notes; ///< of the row
+    const RowNotes &notes;  ///< of the row
+    const TextLimit &limit; ///< of the row; all of it 0 if there is none
 
     /// True for the source text itself.
     [[nodiscard]] bool IsSource() const { return &sourceLanguage == &language; }
