@@ -89,6 +89,7 @@ TEST(TextRules, APercentSignOfProseIsNoPlaceholder)
                                        {u"100% safe", u"100%ige Sicherheit", nullptr, u"de"},
                                        {u"20% full", u"%20si dolu", nullptr, u"tr"},
                                        {u"20% full", u"%30 dolu", "%30, which English doesn't have", u"tr"},
+                                       {u"%10 full", u"%1", "%1, which English doesn't have"},
                                        {u"{0}% or more", u"{0}% o más", nullptr, u"es"},
                                    });
 }

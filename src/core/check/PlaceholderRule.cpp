@@ -25,14 +25,23 @@ bool IsPercent(QStringView text, qsizetype at)
     return at >= 0 && at < text.size() && (text[at] == u'%' || text[at] == u'٪');
 }
 
+bool IsDigit(QStringView text, qsizetype at)
+{
+    return at >= 0 && at < text.size() && text[at].isDigit();
+}
+
 /// Returns whether a text has these digits as a percentage: "20%", "20 %" or, as in Turkish and Basque, "%20".
 bool HasPercentage(QStringView text, QStringView digits)
 {
     for (qsizetype at = text.indexOf(digits); at >= 0; at = text.indexOf(digits, at + 1)) {
         qsizetype end = at + digits.size();
+        if (IsDigit(text, at - 1) || IsDigit(text, end))
+            continue; // a part of another number
+        if (IsPercent(text, at - 1) && PrintfPlaceholderAt(text, at - 1).size == 0)
+            return true;
         if (end < text.size() && text[end].isSpace())
             ++end;
-        if (IsPercent(text, end) || IsPercent(text, at - 1))
+        if (IsPercent(text, end))
             return true;
     }
     return false;
@@ -62,10 +71,10 @@ QString ComparePrintf(const TextPair &pair, bool hasNumbered)
             continue;
         if (present.type != 0 && expected.type != 0)
             return u"%1 where %2 has %3"_s.arg(present.text, pair.sourceLanguage.name, expected.text);
-        if (present.type == 0)
-            return OnlyIn(false, expected.text, pair);
-        if (!IsPercentageOf(present.text, pair.source))
-            return OnlyIn(true, present.text, pair);
+        const bool isInText = present.type != 0;
+        const QStringView placeholder = isInText ? present.text : expected.text;
+        if (!IsPercentageOf(placeholder, isInText ? pair.source : pair.text))
+            return OnlyIn(isInText, placeholder, pair);
     }
     if (isForPrintf && text.invalid >= 0) {
         const QStringView place =
