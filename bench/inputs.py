@@ -86,6 +86,27 @@ def string_table(folder, rows, po_folder):
     return paths
 
 
+def true_string_table(folder, rows):
+    """Makes a project's string file of the true texts of devices in 12 languages, each with its row's number in front."""
+    source = os.path.join(os.path.dirname(os.path.abspath(__file__)), '..', 'tests', 'check', 'true_texts.txt')
+    with open(source, encoding='utf-8') as texts:
+        blocks = [block.split('\n') for block in texts.read().split('\n\n')]
+    blocks = [[line.split('=', 1) for line in block if '=' in line] for block in blocks]
+    blocks = [block for block in blocks if 'length:' not in block[0][1]]
+    numbers = {'en': 'English(0)', 'de': 'German(8)', 'fr': 'French(6)', 'es': 'Spanish(10)', 'ru': 'Russian(20)',
+               'pl': 'Polish(23)', 'tr': 'Turkish(36)', 'ar': 'Arabic(44)', 'hi': 'Hindi(47)', 'zh-Hans': 'Chinese, Simplified(2)',
+               'ja': 'Japanese(4)', 'th': 'Thai(58)'}
+    lines = ['Number of Language\t%d' % LANGUAGES,
+             '\t'.join(['String ID', 'Resource Type', 'Description'] + [numbers[code] for code, _ in blocks[0][1:]])]
+    for i in range(rows):
+        block = blocks[i % len(blocks)]
+        lines.append('\t'.join(['%s_%05d' % (block[0][0], i), 'Normal', block[0][1]] +
+                               ['%d %s' % (i, text) for _, text in block[1:]]))
+    lines.append('##number\t%d' % rows)
+    with open(os.path.join(folder, 'res', 'ref_list_demo.txt'), 'wb') as out:
+        out.write(b'\xff\xfe' + ''.join(line + '\r\n' for line in lines).encode('utf-16-le'))
+
+
 def png(path, width, height, rng):
     """Makes a true-colour picture with gradients and some noise."""
     rows = bytearray()

@@ -172,6 +172,13 @@ class Suite:
         ours, _ = self.pack(folder, project, self.small_elf(folder))
         self.table.compare('pack 50,000 rows in 12 languages; msgfmt', ours, peer, 0.27, 0.16)
 
+    def check(self):
+        folder = self.folder('check')
+        project = inputs.project(folder, [], strings=True)
+        apart(inputs.true_string_table, folder, 50000)
+        self.table.compare('check 50,000 rows in 12 languages; load', Run([self.cli, 'check', project]),
+                           Run([self.cli, 'load', project]), 2.0, 1.3)
+
     def workbooks(self):
         folder = self.folder('workbooks')
         project = inputs.project(folder, [], strings=True)
@@ -235,7 +242,7 @@ class Suite:
                            2.0)
 
 
-SUITE = ('large_elf', 'many_small', 'medium', 'strings', 'workbooks', 'images', 'resources', 'window', 'starts')
+SUITE = ('large_elf', 'many_small', 'medium', 'strings', 'check', 'workbooks', 'images', 'resources', 'window', 'starts')
 
 
 def main():

@@ -35,6 +35,12 @@ class ProgramFolder(unittest.TestCase):
         self.assertTrue(all(re.fullmatch(r"[^(=\t]{1,128}", name) for name in names))
         self.assertLess(sum(len(line) + 1 for line in lines), 4096 - 1)
 
+        codes = dict(line.split("=") for line in lines_of("tuvik.ini", "Code"))
+        self.assertEqual(list(codes), list(numbers), "each language has a code")
+        self.assertEqual(len(set(codes.values())), len(codes))
+        self.assertTrue(all(re.fullmatch(r"[a-z]{2,3}(-[A-Z][a-z]{3})?(-([A-Z]{2}|\d{3}))?", code) for code in codes.values()))
+        self.assertEqual((codes["8"], codes["13"], codes["44"]), ("de", "pt-BR", "ar"))
+
         columns = re.findall(r"\t([^\t(]+)\((\d+)\)", STRINGS[1])
         self.assertEqual(len(columns), 6)
         self.assertLessEqual({f"{name}={number}" for name, number in columns}, set(lines))

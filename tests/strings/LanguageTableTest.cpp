@@ -32,10 +32,10 @@ TEST(LanguageTable, ReadsLinesThatHaveANameAndANumber)
     TestProgram program;
     const QString longest(64, u'n');
     program.folder.Put("bin/tuvik.ini", u"[Language]\nEnglish=0\n日本語 (JP) = 4 rest\nNo number=\nnone\n=3\nx=y=1\n"
-                                        "English=0\n%1=7\n%1n=8\n[Other]\nFrench=12\n"_s.arg(longest)
+                                        "English=0\n%1=7\n%1n=8\n[Code]\n4=ja\n 7 = x-long \nnone=zz\n7=yy\n9=fr\n"_s.arg(longest)
                                             .toUtf8());
     QStringList lines;
     for (const KnownLanguage &language : KnownLanguages(*program.env))
-        lines.append(u"%1:%2"_s.arg(language.name).arg(language.number));
-    EXPECT_EQ(lines, QStringList({u"English:0"_s, u"日本語 (JP) :4"_s, u"English:0"_s, longest + u":7"_s}));
+        lines.append(u"%1:%2:%3"_s.arg(language.name).arg(language.number).arg(language.code));
+    EXPECT_EQ(lines, QStringList({u"English:0:"_s, u"日本語 (JP) :4:ja"_s, u"English:0:"_s, longest + u":7:x-long"_s}));
 }

@@ -5,6 +5,7 @@
 #include "RuleReport.h"
 #include "Rules.h"
 #include "StringPositions.h"
+#include "StringRows.h"
 #include "TextContext.h"
 
 #include <algorithm>
@@ -27,22 +28,10 @@ std::vector<Finding> CheckRange(const CheckInput &input, std::span<const CString
     return findings;
 }
 
-std::vector<const CStringRes *> HeadsOf(const CResModel &model)
-{
-    std::vector<const CStringRes *> heads;
-    const CResFolder *const strings = model.root.FindFolder(KIND_STRINGS, 2);
-    if (!strings || strings->subfolders.empty())
-        return heads;
-    heads.reserve(strings->subfolders.front()->resources.Count());
-    for (const CBaseRes *res : strings->subfolders.front()->resources)
-        heads.push_back(static_cast<const CStringRes *>(res));
-    return heads;
-}
-
 /// Checks all rows, in as many threads as the machine has processors.
 void CheckRows(const CheckInput &input, std::vector<Finding> &findings)
 {
-    const std::vector<const CStringRes *> heads = HeadsOf(input.document);
+    const std::vector<const CStringRes *> heads = StringRowsOf(input.document);
     const size_t count =
         std::clamp<size_t>(heads.size() / ROWS_WORTH_A_THREAD, 1, std::max(1U, std::thread::hardware_concurrency()));
     std::vector<std::vector<Finding>> parts(count);

@@ -33,10 +33,10 @@ QString Named(char32_t character)
 
 } // namespace
 
-QString TextTooWide(const TextPair &pair, const TextContext &context)
+QString TextTooWide(const TextPair &pair, const TextContext & /*context*/)
 {
     IDeviceFont *const font = pair.language.font;
-    const int limit = font ? context.LimitOf(pair.id, pair.notes).width : 0;
+    const int limit = font ? pair.limit.width : 0;
     if (limit == 0)
         return {};
     int widest = 0;

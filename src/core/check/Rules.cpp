@@ -2,6 +2,7 @@
 #include "Rules.h"
 
 #include "FontRules.h"
+#include "ProjectTextRules.h"
 #include "TextFeatures.h"
 #include "TextRules.h"
 
@@ -22,16 +23,20 @@ constexpr Rule RULES[] = {
      SourceMissing, IS_EMPTY},
     {"placeholder-mismatch", Texts, Error, "a translation has other placeholders than its source text",
      "The application fills placeholders such as %d, {name} or %1. If they differ, it shows garbage or crashes. Use "
-     "the "
-     "same placeholders as the source text: for printf in the same order unless they are numbered, as in %1$s. The key "
-     "placeholders of section Check says which kinds the project uses."},
+     "the same placeholders as the source text. For printf they must have the same types and be in the same order, "
+     "unless they are numbered, as in %1$s; width and precision may differ. The key placeholders of section Check says "
+     "which kinds the project uses.",
+     PlaceholderMismatch, HAS_PERCENT | HAS_BRACE},
     {"escape-mismatch", Texts, Error, "a translation has other escape sequences than its source text",
      "The numbers of \\n, \\t, \\r, \\\", \\\\ and \\x differ from those of the source text, or a text has an escape "
-     "sequence that C doesn't have. Use the same ones as the source text."},
+     "sequence that C doesn't have. Use the same ones as the source text. Other quotation marks may take the place of "
+     "\\\".",
+     EscapeMismatch, HAS_BACKSLASH},
     {"text-too-long", Texts, Error, "a text is longer than its limit",
-     "The text has more characters, or more lines, than the limit in the row's description or in section Limit. "
-     "Shorten "
-     "the text or raise the limit."},
+     "The text has more characters, or more lines, than the limit in the row's description or in section Limit. Marks "
+     "that are drawn above or below a letter, and invisible characters, don't count; an escape sequence is one "
+     "character, and \\n begins a line. Shorten the text or raise the limit.",
+     TextTooLong, HAS_TEXT},
     {"text-too-wide", Texts, Error, "a text is wider than its limit on the device",
      "A line of the text needs more pixels in the device's font than the limit in the row's description or in section "
      "Limit allows. Section Font names the fonts. Shorten the text.",
@@ -41,36 +46,55 @@ constexpr Rule RULES[] = {
      "the texts.",
      nullptr, 0, GlyphMissing},
     {"control-character", Texts, Warning, "a text has an invisible or a control character",
-     "Control characters, zero-width blanks, byte order marks, overrides of the writing direction and halves of "
-     "surrogate pairs usually come from copying, and the device shows them as boxes. Delete them."},
+     "Control characters, zero-width blanks, byte order marks and overrides of the writing direction usually come from "
+     "copying, and the device shows them as boxes. Delete them. Zero-width blanks are right in Thai, Lao, Khmer and "
+     "Burmese.",
+     ControlCharacter, HAS_CONTROL},
+    {"lone-surrogate", Texts, Error, "a text has a half of a character",
+     "One half of a surrogate pair of UTF-16 is there without the other, so the text can't be converted, and the "
+     "device "
+     "may stop reading there. Delete it, or write the character again.",
+     LoneSurrogate, HAS_CONTROL},
     {"blank-edge", Texts, Warning, "a translation begins or ends with other blanks than its source text",
-     "Blanks at the edges matter when texts are put together. Use the same blanks as the source text."},
+     "Blanks at the edges matter when texts are put together. Use as many blanks as the source text. No blank is "
+     "needed "
+     "beside Chinese and Japanese punctuation.",
+     BlankEdge, HAS_BLANK_EDGE},
     {"blank-only", Texts, Warning, "a text has only blanks",
-     "The text looks like a missing one, but isn't reported as missing. Delete it or write a text."},
+     "The text looks like a missing one, but isn't reported as missing. Delete it or write a text.", BlankOnly,
+     HAS_BLANK_EDGE},
     {"end-punctuation", Texts, Note, "a translation ends with other punctuation than its source text",
-     "A colon or a full stop was added or forgotten. The equivalents of each language count as equal. If the "
-     "difference "
-     "is right, write [ignore:end-punctuation] at the end of the row's description."},
+     "A colon or a full stop was added or forgotten. The equivalents of each language count as equal, and so do all "
+     "quotation marks; the full stop of an abbreviation may be missing. Nothing is compared where a bracket closes. If "
+     "the difference is right, write [ignore:end-punctuation] at the end of the row's description.",
+     EndPunctuation, HAS_PUNCTUATION | HAS_BACKSLASH},
     {"same-as-source", Texts, Note, "a translation is equal to its source text",
-     "The text was perhaps copied and never translated. If it is right, write [same] at the end of the row's "
-     "description."},
+     "The text was perhaps copied and never translated. Texts without a word count as translated, and short words of "
+     "capitals such as USB. If it is right, write [same] at the end of the row's description.",
+     SameAsSource, HAS_TEXT},
     {"double-blank", Texts, Note, "a text has two blanks one after the other",
      "This is usually a typing error. Delete one of them.", DoubleBlank, HAS_BLANK_PAIR},
     {"not-normalised", Texts, Note, "a text isn't in Unicode's composed form",
      "A letter is followed by a separate accent, which many fonts of devices draw beside it. Use the composed letter "
-     "(form NFC)."},
+     "(form NFC).",
+     NotNormalised, MAY_BE_DECOMPOSED},
     {"number-mismatch", Texts, Off, "a translation has other digits than its source text",
-     "A number was perhaps changed by mistake. Digits of other scripts are compared by their values."},
+     "A number was perhaps changed by mistake. Digits of other scripts are compared by their values.", NumberMismatch,
+     HAS_DIGIT},
     {"case-start", Texts, Off, "a translation begins with a letter of another case than its source text",
      "Off by default, because many languages have rules of their own. Not checked for German and for scripts without "
-     "case."},
+     "case.",
+     CaseStart, HAS_TEXT},
     {"duplicate-text", Texts, Note, "several IDs have the same texts in all languages",
-     "One ID may be enough. If they may differ later, ignore the finding."},
+     "One ID may be enough. If they may differ later, ignore the finding.", nullptr, 0, DuplicateText},
     {"inconsistent-translation", Texts, Note, "the same source text has different translations",
-     "Rows with the same source text and the same description have different translations in a language. Use one."},
+     "Rows with the same source text and the same description have different translations in a language. Use one, or "
+     "say in the descriptions where the texts differ.",
+     nullptr, 0, InconsistentTranslation},
     {"language-unknown", Texts, Warning, "the program's table of languages lacks a language of the project",
-     "The language isn't in tuvik.ini, or has another number there. A workbook that the project exports can't be "
-     "imported again. Add the language to tuvik.ini."},
+     "The language isn't in tuvik.ini, or has another number there. Then an import of a workbook takes its texts for "
+     "those of another language, or doesn't find the language. Add the language to tuvik.ini.",
+     nullptr, 0, LanguageUnknown},
     {"id-invalid", Ids, Error, "an ID isn't a valid name in C",
      "The header defines the ID as a macro, so it must be an identifier of C and no keyword of C or C++. Rename it."},
     {"id-conflict", Ids, Error, "an ID is used twice",

@@ -2,6 +2,7 @@
 #include "TextContext.h"
 
 #include "Environment.h"
+#include "LanguageTable.h"
 #include "ResModel.h"
 #include "RuleReport.h"
 #include "Rules.h"
@@ -18,13 +19,15 @@ TextContext::TextContext(const CResModel &model, const CheckSettings &checkSetti
         if (rule.text && settings.LevelOf(rule) != RuleLevel::Off)
             rules.push_back(&rule);
     }
+    std::map<qint32, QString> codes = settings.codes;
+    for (const KnownLanguage &known : KnownLanguages(model.env))
+        codes.emplace(known.number, known.code);
     const CResFolder *const strings = model.root.FindFolder(KIND_STRINGS, 2);
     for (size_t n = 0; strings && n < strings->subfolders.size(); ++n) {
         const CResFolder &folder = *strings->subfolders[n];
         if (folder.index == StringFileFormat::DESCRIPTION)
             continue;
-        const auto code = settings.codes.find(folder.index);
-        languages.push_back({folder.index, folder.title, code == settings.codes.end() ? QString() : code->second});
+        languages.push_back({folder.index, folder.title, codes[folder.index]});
     }
     OpenFonts();
     if (settings.source.isEmpty())
@@ -66,12 +69,11 @@ int TextContext::PlaceOf(qint32 number) const
     return -1;
 }
 
-TextLimit TextContext::LimitOf(QByteArrayView id, const RowNotes &notes) const
+TextLimit TextContext::LimitOf(QStringView id, const RowNotes &notes) const
 {
     TextLimit limit;
-    const QString wideId = settings.limits.empty() ? QString() : env.NarrowToWide(id);
     for (const TextLimit &candidate : settings.limits) {
-        if (MatchesPattern(wideId, candidate.pattern)) {
+        if (MatchesPattern(id, candidate.pattern)) {
             limit = candidate;
             break;
         }
@@ -82,48 +84,48 @@ TextLimit TextContext::LimitOf(QByteArrayView id, const RowNotes &notes) const
     return limit;
 }
 
-RowCheck::RowCheck(const TextContext &textContext) : context(textContext), texts(textContext.Languages().size()) {}
+RowCheck::RowCheck(const TextContext &textContext)
+    : context(textContext), texts(textContext), features(textContext.Languages().size())
+{
+}
 
 void RowCheck::Check(const CStringRes &head, RuleReport &report)
 {
-    if (texts.empty())
+    if (features.empty())
         return;
-    std::fill(texts.begin(), texts.end(), Text{{}, IS_EMPTY});
-    size_t next = 0; // the records are usually in the order of the languages
-    const auto take = [&](const CStringRes &record) {
-        if (record.language == StringFileFormat::DESCRIPTION)
-            return;
-        const bool isNext = next < texts.size() && context.Languages()[next].number == record.language;
-        const int place = isNext ? int(next) : context.PlaceOf(record.language);
-        if (place < 0)
-            return;
-        texts[size_t(place)] = {record.text, FeaturesOf(record.text)};
-        next = size_t(place) + 1;
-    };
-    for (const CStringRes *record = &head; record; record = record->next)
-        take(*record);
-    for (const CStringRes *record = head.prev; record; record = record->prev)
-        take(*record);
+    texts.Take(head);
+    for (size_t i = 0; i < features.size(); ++i)
+        features[i] = FeaturesOf(texts[i]);
     const RowNotes notes = NotesOf(head.text);
-    for (size_t i = 0; i < texts.size(); ++i)
-        CheckText(head, notes, i, report);
+    const TextLimit limit = LimitOf(head, notes);
+    for (size_t i = 0; i < features.size(); ++i)
+        CheckText(head, notes, limit, i, report);
 }
 
-void RowCheck::CheckText(const CStringRes &head, const RowNotes &notes, size_t language, RuleReport &report)
+TextLimit RowCheck::LimitOf(const CStringRes &head, const RowNotes &notes)
 {
-    const Text &source = texts[context.Source()];
-    const Text &text = texts[language];
-    const TextPair pair{head.Id()->name,
-                        source.text,
-                        text.text,
-                        source.features,
-                        text.features,
-                        context.Languages()[context.Source()],
+    if (!context.Settings().limits.empty()) {
+        const NarrowText &name = head.Id()->name; // IDs are names in C
+        id.assign(name.begin(), name.end());
+    }
+    return context.LimitOf(id, notes);
+}
+
+void RowCheck::CheckText(const CStringRes &head, const RowNotes &notes, const TextLimit &limit, size_t language,
+                         RuleReport &report)
+{
+    const size_t source = context.Source();
+    const TextPair pair{texts[source],
+                        texts[language],
+                        features[source],
+                        features[language],
+                        context.Languages()[source],
                         context.Languages()[language],
-                        notes};
-    const quint32 features = source.features | text.features;
+                        notes,
+                        limit};
+    const quint32 present = pair.sourceFeatures | pair.features;
     for (const Rule *rule : context.Rules()) {
-        if ((rule->needs & features) == 0)
+        if ((rule->needs & present) == 0)
             continue;
         QString wrong = rule->text(pair, context);
         if (wrong.isEmpty())

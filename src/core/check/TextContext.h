@@ -3,6 +3,7 @@
 
 #include "CheckSettings.h"
 #include "DeviceFont.h"
+#include "RowTexts.h"
 #include "TextPair.h"
 
 #include <vector>
@@ -36,7 +37,7 @@ public:
     /// The text rules that aren't off.
     [[nodiscard]] const std::vector<const Rule *> &Rules() const { return rules; }
     /// Returns the limits of a row: those of its notes, and otherwise those of the settings.
-    [[nodiscard]] TextLimit LimitOf(QByteArrayView id, const RowNotes &notes) const;
+    [[nodiscard]] TextLimit LimitOf(QStringView id, const RowNotes &notes) const;
 
 private:
     void OpenFonts();
@@ -64,13 +65,12 @@ public:
     void Check(const CStringRes &head, RuleReport &report);
 
 private:
-    struct Text
-    {
-        QStringView text;
-        quint32 features = 0;
-    };
-    void CheckText(const CStringRes &head, const RowNotes &notes, size_t language, RuleReport &report);
+    void CheckText(const CStringRes &head, const RowNotes &notes, const TextLimit &limit, size_t language,
+                   RuleReport &report);
+    [[nodiscard]] TextLimit LimitOf(const CStringRes &head, const RowNotes &notes);
 
     const TextContext &context;
-    std::vector<Text> texts; // by the place of the language
+    RowTexts texts;
+    std::vector<quint32> features; // of the texts
+    std::vector<char16_t> id;      // of the row, when limits depend on it
 };

@@ -25,14 +25,43 @@ constexpr std::array<quint32, 0x80> MakeAsciiFeatures()
 }
 constexpr std::array<quint32, 0x80> ASCII_FEATURES = MakeAsciiFeatures();
 
+/// Returns whether a unit is in a block of 256 that has characters, other than marks, which NFC replaces or may put
+/// together with the character before. It is a coarse test that has to be fast; ICU decides.
+constexpr bool IsInBlockOfComposing(char16_t unit)
+{
+    switch (unit >> 8) {
+    case 0x03: // Greek
+    case 0x09: // northern India
+    case 0x0A:
+    case 0x0B:
+    case 0x0F: // Tibetan
+    case 0x11: // Korean letters
+    case 0x1F: // Greek
+    case 0x21: // Ohm, Kelvin, Angstrom
+    case 0x23:
+    case 0x2A:
+    case 0xF9: // Chinese
+    case 0xFA:
+    case 0xFB: // Hebrew
+        return true;
+    case 0x20:
+        return unit < 0x2002;
+    default:
+        return false;
+    }
+}
+
 /// The features of a character from U+0080 on.
 quint32 FeaturesOf(char16_t unit, QStringView text, qsizetype at)
 {
     quint32 features = unit > 0xFF ? quint32(HAS_BEYOND_LATIN) : 0;
+    if (IsInBlockOfComposing(unit))
+        features |= MAY_BE_DECOMPOSED;
     const QChar c(unit);
     if (c.isSurrogate()) {
         const bool isPair = c.isHighSurrogate() ? at + 1 < text.size() && text[at + 1].isLowSurrogate()
                                                 : at > 0 && text[at - 1].isHighSurrogate();
+        features |= MAY_BE_DECOMPOSED;
         return isPair ? features : features | HAS_CONTROL;
     }
     switch (c.category()) {
@@ -41,6 +70,10 @@ quint32 FeaturesOf(char16_t unit, QStringView text, qsizetype at)
         return features | HAS_CONTROL;
     case QChar::Number_DecimalDigit:
         return features | HAS_DIGIT;
+    case QChar::Mark_NonSpacing:
+    case QChar::Mark_SpacingCombining:
+    case QChar::Mark_Enclosing:
+        return features | MAY_BE_DECOMPOSED;
     default:
         return features;
     }

@@ -17,6 +17,7 @@ enum TextFeature : quint32
     HAS_PUNCTUATION = 0x100,  ///< the last character that isn't a blank is neither a letter nor a digit
     HAS_BEYOND_LATIN = 0x200, ///< a character above U+00FF
     IS_EMPTY = 0x400,
+    MAY_BE_DECOMPOSED = 0x800, ///< a character that Unicode's composed form (NFC) may not have in this place
 };
 
 /// Returns the features of a text (TextFeature) in one pass.

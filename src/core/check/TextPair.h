@@ -6,6 +6,7 @@
 #include <QString>
 
 class IDeviceFont;
+struct TextLimit;
 
 /// A language of the checked project.
 struct CheckedLanguage
@@ -29,14 +30,14 @@ private:
 /// the same text.
 struct TextPair
 {
-    QByteArrayView id; ///< of the row, in the project's code page
     QStringView source;
     QStringView text;
     quint32 sourceFeatures = 0; ///< TextFeature
     quint32 features = 0;       ///< TextFeature
     const CheckedLanguage &sourceLanguage;
     const CheckedLanguage &language;
-    const RowNotes &notes; ///< of the row
+    const RowNotes &notes;  ///< of the row
+    const TextLimit &limit; ///< of the row; all of it 0 if there is none
 
     /// True for the source text itself.
     [[nodiscard]] bool IsSource() const { return &sourceLanguage == &language; }

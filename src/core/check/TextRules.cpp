@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "TextRules.h"
 
-#include "TextFeatures.h"
 #include "TextPair.h"
 
 using namespace Qt::StringLiterals;
@@ -18,11 +17,4 @@ QString SourceMissing(const TextPair &pair, const TextContext & /*context*/)
     if (pair.IsSource() || pair.text.isEmpty() || !pair.source.isEmpty())
         return {};
     return u"%1 has no text, but this language has one"_s.arg(pair.sourceLanguage.name);
-}
-
-QString DoubleBlank(const TextPair &pair, const TextContext & /*context*/)
-{
-    if (!(pair.features & HAS_BLANK_PAIR))
-        return {};
-    return u"two blanks one after the other"_s;
 }

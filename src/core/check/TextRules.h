@@ -7,4 +7,16 @@
 
 [[nodiscard]] QString TranslationMissing(const TextPair &pair, const TextContext &context);
 [[nodiscard]] QString SourceMissing(const TextPair &pair, const TextContext &context);
+[[nodiscard]] QString PlaceholderMismatch(const TextPair &pair, const TextContext &context);
+[[nodiscard]] QString EscapeMismatch(const TextPair &pair, const TextContext &context);
+[[nodiscard]] QString TextTooLong(const TextPair &pair, const TextContext &context);
+[[nodiscard]] QString ControlCharacter(const TextPair &pair, const TextContext &context);
+[[nodiscard]] QString LoneSurrogate(const TextPair &pair, const TextContext &context);
+[[nodiscard]] QString BlankEdge(const TextPair &pair, const TextContext &context);
+[[nodiscard]] QString BlankOnly(const TextPair &pair, const TextContext &context);
+[[nodiscard]] QString EndPunctuation(const TextPair &pair, const TextContext &context);
+[[nodiscard]] QString SameAsSource(const TextPair &pair, const TextContext &context);
 [[nodiscard]] QString DoubleBlank(const TextPair &pair, const TextContext &context);
+[[nodiscard]] QString NotNormalised(const TextPair &pair, const TextContext &context);
+[[nodiscard]] QString NumberMismatch(const TextPair &pair, const TextContext &context);
+[[nodiscard]] QString CaseStart(const TextPair &pair, const TextContext &context);

@@ -285,6 +285,11 @@ QStringList Environment::ReadLanguageTable() const
     return Languages().Section(u"Language");
 }
 
+QStringList Environment::ReadLanguageCodes() const
+{
+    return Languages().Section(u"Code");
+}
+
 int Environment::LanguageNumber(const QString &name) const
 {
     return Languages().Int(u"Language", name.trimmed(), -1);

@@ -153,6 +153,8 @@ public:
 
     /// Returns the section `Language` of the language table "tuvik.ini": lines of the form name=number.
     [[nodiscard]] QStringList ReadLanguageTable() const;
+    /// Returns the section `Code` of the same file: lines of the form number=code.
+    [[nodiscard]] QStringList ReadLanguageCodes() const;
     /// Returns the number of a language of that table, or -1.
     [[nodiscard]] int LanguageNumber(const QString &name) const;
 

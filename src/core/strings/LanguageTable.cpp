@@ -3,6 +3,7 @@
 
 #include "Environment.h"
 
+#include <map>
 #include <optional>
 
 namespace
@@ -26,6 +27,19 @@ std::optional<int> ScanNumber(QStringView text, char16_t divider, qsizetype long
     return LeadingNumber(number);
 }
 
+std::map<int, QString> CodesByNumber(const Environment &env)
+{
+    std::map<int, QString> codes;
+    for (const QString &line : env.ReadLanguageCodes()) {
+        const qsizetype equals = line.indexOf(u'=');
+        bool isNumber = false;
+        const int number = QStringView(line).first(qMax(equals, 0)).trimmed().toInt(&isNumber);
+        if (isNumber)
+            codes.emplace(number, line.sliced(equals + 1).trimmed()); // of equal keys the first counts
+    }
+    return codes;
+}
+
 } // namespace
 
 int ParseLanguageHeader(const Environment &env, QString &text)
@@ -42,11 +56,15 @@ int ParseLanguageHeader(const Environment &env, QString &text)
 std::vector<KnownLanguage> KnownLanguages(const Environment &env)
 {
     constexpr qsizetype LONGEST_NAME = 64;
+    const std::map<int, QString> codes = CodesByNumber(env);
     std::vector<KnownLanguage> languages;
     for (const QString &line : env.ReadLanguageTable()) {
         qsizetype name = 0;
-        if (const std::optional<int> number = ScanNumber(line, u'=', LONGEST_NAME, name))
-            languages.push_back({line.first(name), *number});
+        const std::optional<int> number = ScanNumber(line, u'=', LONGEST_NAME, name);
+        if (!number)
+            continue;
+        const auto code = codes.find(*number);
+        languages.push_back({line.first(name), *number, code == codes.end() ? QString() : code->second});
     }
     return languages;
 }

@@ -16,7 +16,8 @@ struct KnownLanguage
 {
     QString name;
     int number;
+    QString code; ///< its BCP 47 tag, such as "pt-BR"; empty if the table has none
 };
-/// Returns the languages of the lines "name=number" of the language table, in their order. Skips lines without a number
-/// or with a name of more than 64 characters.
+/// Returns the languages of the lines "name=number" of the language table, in their order, with the codes of the lines
+/// "number=code". Skips lines without a number or with a name of more than 64 characters.
 [[nodiscard]] std::vector<KnownLanguage> KnownLanguages(const Environment &env);

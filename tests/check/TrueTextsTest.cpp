@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+#include "CheckInput.h"
+#include "CheckProject.h"
+#include "Rules.h"
+#include "StringFileBytes.h"
+#include "TestProject.h"
+#include "TextContext.h"
+
+#include <gmock/gmock.h>
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+QByteArray Bytes(const char *file)
+{
+    QFile opened(QString::fromUtf8(file));
+    EXPECT_TRUE(opened.open(QIODevice::ReadOnly)) << file;
+    return opened.readAll();
+}
+
+/// The findings of the rules about texts in a project with a string file in the form of `StringFileBytes`.
+std::vector<Finding> FindingsIn(const QByteArray &rows, const QByteArray &languages)
+{
+    TestProject project(R"(<APP id="APP_demo"><STRING>res\ref_list_demo.txt</STRING></APP>)");
+    project.folder.Put("demo/res/ref_list_demo.txt", StringFileBytes(rows));
+    project.folder.Put("bin/tuvik.ini", languages);
+    CResDoc *const document = project.Open();
+    EXPECT_NE(document, nullptr);
+    CheckSettings settings;
+    for (const Rule &rule : AllRules()) {
+        if (rule.group != RuleGroup::Texts)
+            settings.levels[IndexOf(rule)] = RuleLevel::Off;
+    }
+    const TextContext texts(*document, settings);
+    return CheckProject({*document, settings, texts, {}, {}, {}});
+}
+
+std::vector<std::string> Listed(const std::vector<Finding> &findings)
+{
+    std::vector<std::string> lines;
+    for (const Finding &finding : findings) {
+        lines.push_back((u"%1:%2 %3 %4"_s.arg(finding.line).arg(finding.column).arg(finding.id).arg(finding.language) +
+                         u' ' + finding.text + u" ["_s + QString::fromLatin1(finding.code) + u']')
+                            .toStdString());
+    }
+    return lines;
+}
+
+/// Returns the file of true texts as a string file, with the languages that the first row has.
+QByteArray TrueTexts(const QByteArray &table, std::vector<QByteArray> &codes)
+{
+    QHash<QByteArray, QByteArray> columns; // by code
+    const QByteArrayList lines = table.split('\n');
+    const qsizetype codesStart = lines.indexOf("[Code]");
+    for (const QByteArray &line : lines.sliced(codesStart + 1)) {
+        const QByteArray number = line.first(qMax<qsizetype>(0, line.indexOf('=')));
+        for (const QByteArray &name : lines.first(codesStart)) {
+            if (!number.isEmpty() && name.endsWith('=' + number))
+                columns[line.sliced(number.size() + 1)] = name.chopped(number.size() + 1) + '(' + number + ')';
+        }
+    }
+    QByteArray rows;
+    int count = 0;
+    for (const QByteArray &line : Bytes(TRUE_TEXTS).split('\n')) {
+        const qsizetype equals = line.indexOf('=');
+        if (equals < 0)
+            continue;
+        if (line.startsWith("ID_")) {
+            rows += (count++ > 0 ? "\n" : "") + line.first(equals) + "|Normal|" + line.sliced(equals + 1);
+            continue;
+        }
+        if (count == 1)
+            codes.push_back(line.first(equals));
+        rows += '|' + line.sliced(equals + 1);
+    }
+    QByteArray head =
+        "Number of Language|" + QByteArray::number(codes.size()) + "\nString ID|Resource Type|Description";
+    for (const QByteArray &code : codes)
+        head += '|' + columns[code];
+    return head + '\n' + rows + "\n##number|" + QByteArray::number(count) + '\n';
+}
+
+} // namespace
+
+TEST(TrueTexts, HaveNoFindings)
+{
+    std::vector<QByteArray> codes;
+    const QByteArray table = Bytes(LANGUAGE_TABLE);
+    const QByteArray rows = TrueTexts(table, codes);
+    EXPECT_EQ(codes.size(), 12U);
+    EXPECT_GE(rows.count('\n'), 25);
+    EXPECT_THAT(Listed(FindingsIn(rows, table)), testing::IsEmpty());
+    // The rules did look at them: with another text in one place there is a finding.
+    EXPECT_THAT(Listed(FindingsIn(QByteArray(rows).replace("Akku schwach: %d", "Akku schwach: %s"), table)),
+                testing::ElementsAre(testing::HasSubstr("ID_BATTERY_LOW 8 %s where English has %d")));
+}
+
+TEST(RowRules, FindRowsAndTranslationsThatAreRepeatedOrDiffer)
+{
+    const QByteArray rows = "Number of Language|2\nString ID|Resource Type|Description|English(0)|French(2)\n"
+                            "ID_A|Normal|verb|Open|Ouvrir\n"
+                            "ID_B|Normal|adjective|Open|Ouvert\n"
+                            "ID_C|Normal|other|Open|Ouvrir\n"
+                            "ID_D|Normal|verb|Open|Ouvrez\n"
+                            "ID_E|Normal|verb|Open|\n"
+                            "ID_F|Normal|none||\n"
+                            "ID_G|Normal|none||\n"
+                            "ID_H|Normal|same [ignore:duplicate-text]|Open|Ouvrir\n"
+                            "##number|8\n";
+    EXPECT_THAT(Listed(FindingsIn(rows, "[Language]\nEnglish=0\nFrench=1\n")),
+                testing::ElementsAre(
+                    "2:0  2 the language has the number 2 here and the number 1 in tuvik.ini [language-unknown]",
+                    "5:1 ID_C -1 ID_A has the same texts [duplicate-text]",
+                    "6:23 ID_D 2 ID_A has another translation of the same text: \"Ouvrir\" [inconsistent-translation]",
+                    testing::HasSubstr("ID_E 2 the translation is missing")));
+    EXPECT_THAT(Listed(FindingsIn(rows, "[Language]\nEnglish=0\n")),
+                testing::Contains("2:0  2 tuvik.ini doesn't have this language [language-unknown]"));
+}
+
+/// The code decides how the marks of a language are compared.
+TEST(LanguageCodes, ComeFromTheProgramsTable)
+{
+    const QByteArray rows = "Number of Language|2\nString ID|Resource Type|Description|English(0)|Greek(35)\n"
+                            "ID_A|Normal|about|Delete it?|Να διαγραφεί;\n##number|1\n";
+    EXPECT_THAT(Listed(FindingsIn(rows, "[Language]\nEnglish=0\nGreek=35\n[Code]\n0=en\n35=el\n")), testing::IsEmpty());
+    EXPECT_THAT(Listed(FindingsIn(rows, "[Language]\nEnglish=0\nGreek=35\n")),
+                testing::ElementsAre(testing::HasSubstr("[end-punctuation]")));
+}
