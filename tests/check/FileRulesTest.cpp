@@ -222,3 +222,60 @@ TEST(FileRules, LinesOfTheListsOfFurtherFiles)
                     "demo_res.lst:6 : line 1 has a file chime.mid too, and the device finds files by their names",
                     "preview.lst:4 : the file a\\gone.png doesn't exist, so a pack leaves it out"));
 }
+
+TEST(FileRules, PicturesThatAreCutOffOrThatTheConverterDoesNotRead)
+{
+    struct Case
+    {
+        QByteArray name, bytes;
+        const char *fault; // empty if there is none
+    };
+    const QByteArray wide("\xFF\xC1\0\x11\x0C\0\4\0\4\3ccccccccc", 19); // 12 bits
+    const QByteArray longPart = "\xFF\xE2\xFF\xFF" + QByteArray(0xFFFD, 'p');
+    const Case cases[] = {
+        {"a.bmp", BmpFile(3, -5), ""},
+        {"b.bmp", BmpFile(3, -5).chopped(1), "the file ends before its last row"},
+        {"c.bmp", BmpFile(3, 5).replace(14, 1, "\x41"), "its header has 65 bytes, a form that isn't known"},
+        {"d.bmp", BmpFile(0x7FFFFFFF, 0), "the file ends before its last row"},
+        {"e.png", PngFile(3, 5) + "trailing bytes", ""},
+        {"f.png", PngFile(3, 5).chopped(13), "the file ends before its end mark (IEND)"},
+        {"g.png", PngFile(30'000, 3'000), "it has 30000 x 3000 pixels, and the converter reads at most 64000000"},
+        {"h.png", PngFile(3, 5, 1), "it has the colour type 1, which doesn't exist"},
+        {"i.png", PngFile(0, 5), "it has no pixels (0 x 5)"},
+        {"j.gif", GifFile(3, 5, "!\xFE\3hey" + QByteArray(1, '\0')), ""},
+        {"k.gif", GifFile(3, 5, "!\xFE\x7Fhey"), "the file ends before its first frame"},
+        {"l.jpg", JpegFile(3, 5, longPart + longPart + "\xFF" + longPart), ""},
+        {"m.jpg", "\xFF\xD8" + wide, "a channel has 12 bits, and the converter reads 8"},
+        {"n.jpg", JpegFile(3, 5).replace("\xFF\xC0", "\xFF\xC3"),
+         "its coding (3) is one that the converter doesn't read"},
+        {"o.jpg", JpegFile(3, 5, longPart).first(50'000), "the file ends before its size"},
+    };
+    QByteArrayList lines;
+    for (const Case &picture : cases)
+        lines.append("<IMAGE id=\"ID_" + picture.name.first(1).toUpper() + "\">" + picture.name + "</IMAGE>");
+    CheckedFiles project(lines);
+    std::vector<std::string> wanted;
+    for (size_t i = 0; i < std::size(cases); ++i) {
+        const auto &[name, bytes, fault] = cases[i];
+        project.Put(name, bytes);
+        if (*fault)
+            wanted.push_back("demo.res.xml:" + std::to_string(i + 2) + " ID_" + name.first(1).toUpper().toStdString() +
+                             ": the image " + name.toStdString() + " can't be read: " + fault);
+    }
+    EXPECT_EQ(project.Findings(u"image-unreadable"), wanted);
+}
+
+TEST(FileRules, TheSettingsNameTheFormsOfSounds)
+{
+    const TempFolder folder;
+    folder.Put("morvanite-check.ini",
+               "[Audio]\ncodec=PCM, ima-adpcm, 49\nRate=8000, 16000\nchannels=0\nbits=many\nsize=1\n");
+    std::vector<Finding> findings;
+    const AudioLimits audio = ReadCheckSettings(folder.Path(), findings).audio;
+    EXPECT_THAT(audio.codecs, ElementsAre(1, 17, 49));
+    EXPECT_THAT(audio.rates, ElementsAre(8000, 16000));
+    std::vector<int> lines;
+    for (const Finding &finding : findings)
+        lines.push_back(finding.line);
+    EXPECT_THAT(lines, testing::UnorderedElementsAre(4, 5, 6));
+}

@@ -51,7 +51,7 @@ class CheckedPictures(unittest.TestCase):
 
     @unittest.skipUnless(shutil.which('convert') and shutil.which('identify'), 'needs ImageMagick')
     def test_formats_and_sizes_are_those_of_identify(self):
-        images, files, wanted = [], [], {}
+        images, files, names = [], [], {}
         for number, (options, target) in enumerate(FORMS):
             for width, height in SIZES:
                 prefix, name = target.split(':')
@@ -59,20 +59,23 @@ class CheckedPictures(unittest.TestCase):
                 self.make('-size', f'{width}x{height}', 'gradient:red-blue', *options.split(), f'{prefix}:{name}')
                 shutil.copy(self.dir / name, self.dir / (name + '.ogg'))
                 resource = f'ID_{width}_{number}'
+                names[name] = resource
                 images.append(f'<IMAGE id="{resource}">{name}</IMAGE>')
                 files.append(f'<FILE id="{resource}_F">{name}.ogg</FILE>')
-                seen = subprocess.run(['identify', '-format', '%m %w %h\n', name], cwd=self.dir, check=True,
-                                      stdout=subprocess.PIPE).stdout.decode().split()
-                wanted[resource] = (re.sub(r'(BMP|GIF)\d+', r'\1', seen[0]), int(seen[1]), int(seen[2]))
+        seen = subprocess.run(['identify', '-format', '%f %m %w %h\n', *names], cwd=self.dir, check=True,
+                              stdout=subprocess.PIPE).stdout.decode().split()
+        wanted = {names[name]: (re.sub(r'(BMP|GIF)\d+', r'\1', kind), int(width), int(height))
+                  for name, kind, width, height in zip(*[iter(seen)] * 4)}
         sized = self.findings(['<RESOLUTION width="1" height="1" class="image">', *images, '</RESOLUTION>'],
                               'image-too-large', 'image-unreadable')
         typed = self.findings(files, 'file-type')
         found = {}
         for resource in wanted:
-            width, height = re.search(r' (\d+) x (\d+) pixels', sized.get(resource, ' 0 x 0 pixels'))[1:]
+            width, height = re.search(r' (\d+) x (\d+) pixels', sized.get(resource, ' 0 x 0 pixels')).groups()
             kind = typed.get(resource + '_F', '?').split()[-1]
             found[resource] = (kind, int(width), int(height))
         self.assertEqual(found, wanted)
+        self.assertEqual(len(found), len(FORMS) * len(SIZES))
 
     @unittest.skipUnless(shutil.which('convert'), 'needs ImageMagick')
     def test_pictures_of_which_few_pixels_are_transparent(self):

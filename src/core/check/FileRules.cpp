@@ -44,7 +44,8 @@ void FileCase(const CheckInput &input, RuleReport &report)
 {
     const QDir folder(DirectoryOf(input.document.PathName()));
     for (const SurveyedFile &file : input.files->Files()) {
-        if (file.found.isEmpty() || file.found == QString(file.path).replace(u'\\', u'/'))
+        const bool isAsWritten = file.found == file.path || file.found == QString(file.path).replace(u'\\', u'/');
+        if (file.found.isEmpty() || isAsWritten)
             continue;
         report.Add(input.files->About(
             file, u"the file %1 is called %2 on the disk"_s.arg(file.stored, folder.relativeFilePath(file.found))));
@@ -54,12 +55,15 @@ void FileCase(const CheckInput &input, RuleReport &report)
 void FileOutside(const CheckInput &input, RuleReport &report)
 {
     const QString folder = CanonicalPath(DirectoryOf(input.document.PathName())) + u'/';
+    const auto isAbove = [&folder](const QString &stored) {
+        return stored.contains(u".."_s) && !CanonicalPath(folder + stored).startsWith(folder);
+    };
     for (const SurveyedFile &file : input.files->Files()) {
         if (file.stored.isEmpty() || file.isStock)
             continue;
         if (!IsRelativePath(file.stored))
             report.Add(input.files->About(file, u"the path %1 is absolute"_s.arg(file.stored)));
-        else if (!CanonicalPath(file.path).startsWith(folder))
+        else if (isAbove(file.stored))
             report.Add(input.files->About(file, u"the file %1 is above the project's folder"_s.arg(file.stored)));
     }
 }
