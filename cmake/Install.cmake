@@ -47,7 +47,7 @@ endfunction()
 install(TARGETS morvanite RUNTIME DESTINATION ${MORVANITE_INSTALL_PROGRAMS} COMPONENT window)
 install(TARGETS morvanite-cli qrk_resgenerator zul_xml_conv
     RUNTIME DESTINATION ${MORVANITE_INSTALL_PROGRAMS} COMPONENT cli)
-install(TARGETS morvanite-commands morvanite-fonts morvanite-workbook
+install(TARGETS morvanite-commands morvanite-fonts morvanite-pictures morvanite-workbook
     LIBRARY DESTINATION ${MORVANITE_INSTALL_PROGRAMS} COMPONENT cli)
 install(TARGETS convert_i_2_h RUNTIME DESTINATION ${MORVANITE_INSTALL_PROGRAMS}/convert_i_2_h COMPONENT cli)
 install_link(${CMAKE_INSTALL_BINDIR} ${MORVANITE_INSTALL_PROGRAMS}/morvanite window)

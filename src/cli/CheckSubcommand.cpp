@@ -4,6 +4,7 @@
 #include "CheckProject.h"
 #include "FileFault.h"
 #include "HostFiles.h"
+#include "LazyPictures.h"
 #include "LoadRules.h"
 #include "Paths.h"
 #include "RuleReport.h"
@@ -119,8 +120,9 @@ private:
         if (document) {
             const TextContext texts(*document, settings);
             result.languages = texts.Languages();
-            result.findings = CheckProject(
-                {*document, settings, texts, loaded, screens.empty() ? settings.target : screens, headerPath});
+            result.findings =
+                CheckProject({*document, settings, texts, loaded, screens.empty() ? settings.target : screens,
+                              headerPath, CountAlphaOfPicture});
         } else {
             result.findings = CheckUnopened(session.env, session.tables, path, settings, loaded);
         }

@@ -3,8 +3,10 @@
 
 #include "CheckSettings.h"
 #include "Finding.h"
+#include "PictureAlpha.h"
 
 class CResDoc;
+class FileSurvey;
 class TextContext;
 
 /// What a check looks at. All of it must outlive the check.
@@ -17,4 +19,6 @@ struct CheckInput
     std::vector<ScreenSize> screens;    ///< the screens that are checked; empty for all that the project uses
     QString
         oldHeader; ///< the absolute path of a header of an earlier version, for "id-renumbered"; empty if there is none
+    CountAlpha countAlpha = nullptr;   ///< for "image-alpha-few"; null if the decoders of pictures can't be loaded
+    const FileSurvey *files = nullptr; ///< the project's files, for rules; CheckProject sets it
 };

@@ -2,6 +2,7 @@
 #include "CheckProject.h"
 
 #include "CResDoc.h"
+#include "FileSurvey.h"
 #include "RuleReport.h"
 #include "Rules.h"
 #include "StringPositions.h"
@@ -70,8 +71,11 @@ void Sort(std::vector<Finding> &findings)
 
 } // namespace
 
-std::vector<Finding> CheckProject(const CheckInput &input)
+std::vector<Finding> CheckProject(const CheckInput &given)
 {
+    const FileSurvey files(given.document, given.screens);
+    CheckInput input = given;
+    input.files = &files;
     std::vector<Finding> findings;
     CheckRows(input, findings);
     RuleReport report(input.settings, [&](Finding &&finding) { findings.push_back(std::move(finding)); });

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Rules.h"
 
+#include "FileRules.h"
 #include "FontRules.h"
+#include "ImageRules.h"
 #include "ProjectTextRules.h"
 #include "TextFeatures.h"
 #include "TextRules.h"
@@ -132,39 +134,54 @@ constexpr Rule RULES[] = {
     {"lists-unsaved", Project, Note, "a list of the project isn't in the form that a save writes",
      "The next save changes lines that nobody edited. Save the project once."},
     {"file-missing", Files, Error, "the file of a resource doesn't exist",
-     "A pack fails or leaves the resource out. Restore the file or remove the resource."},
-    {"file-empty", Files, Error, "the file of a resource is too short",
-     "A pack refuses files of 8 bytes or less in these places."},
+     "A pack fails or leaves the resource out. Restore the file or remove the resource.", nullptr, 0, FileMissing},
+    {"file-empty", Files, Error, "the file of an image is too short",
+     "A pack refuses images of 8 bytes or less. Restore the file.", nullptr, 0, FileEmpty},
     {"file-case", Files, Warning, "the name of a file differs in case",
-     "The file is found only because names are compared without regard to case. Correct the name in the list."},
+     "The file is found only because names are compared without regard to case. Correct the name in the list.", nullptr,
+     0, FileCase},
     {"file-outside", Files, Warning, "the file of a resource is outside of the project",
      "An absolute path, or one above the project's folder, doesn't exist on other machines. Move the file into the "
-     "project."},
+     "project.",
+     nullptr, 0, FileOutside},
     {"duplicate-file", Files, Note, "several resources have files with the same bytes",
-     "The payload has the bytes several times. Use one resource."},
+     "A payload that has both has the bytes twice. Use one resource.", nullptr, 0, DuplicateFile},
     {"file-type", Files, Error, "the content of a file isn't what its name says",
-     "The converter and the device go by the name. Rename the file or convert it."},
-    {"image-unreadable", Images, Error, "the header of an image can't be read",
-     "The file is damaged or cut off. Export the image again."},
+     "The device, and other programs, may go by the name. Rename the file, or convert it.", nullptr, 0, FileType},
+    {"image-unreadable", Images, Error, "an image can't be read",
+     "The file is damaged or cut off, has a form that the converter doesn't know, or is no picture. Export the image "
+     "again.",
+     nullptr, 0, ImageUnreadable},
     {"image-format", Images, Error, "an image is in a format that can't be converted",
-     "A pack with conversion refuses it. Use BMP, GIF, JPEG or PNG."},
+     "A pack that converts images refuses it. Use BMP, GIF, JPEG or PNG, with names that end in bmp, gif, jpg or png. "
+     "An image in the device's own format is right where a pack doesn't convert.",
+     nullptr, 0, ImageFormat},
     {"image-too-large", Images, Warning, "an image is larger than its screen",
-     "The image is wider or higher than the screen of its folder. Make it smaller."},
+     "The image is wider or higher than the screen of its folder. Make it smaller.", nullptr, 0, ImageTooLarge},
     {"image-size-differs", Images, Note, "the sizes of an image don't go with the sizes of the screens",
-     "The image's size for one screen differs by more than a tenth from what the other screens' sizes suggest."},
+     "From one screen to another, the sides of an image should change no less and no more than the sides of the "
+     "screens do, with a tolerance of a tenth. Make the image again for the screen that is named.",
+     nullptr, 0, ImageSizeDiffers},
     {"image-same-everywhere", Images, Note, "all screens have the same image",
-     "The files have the same bytes for all screens. Put the image into the folder Default once."},
+     "The files have the same bytes for all screens. Put the image into the folder Default once.", nullptr, 0,
+     ImageSameEverywhere},
     {"image-alpha-few", Images, Warning, "few pixels of an image are transparent",
-     "Because of them each pixel has 4 bytes instead of 2. Make the image opaque if it is meant to be."},
+     "One pixel in a hundred or fewer isn't opaque, or none is more than slightly transparent. Because of them each "
+     "pixel has 4 bytes instead of 2. Make the image opaque if it is meant to be.",
+     nullptr, 0, ImageAlphaFew},
     {"image-resolution-missing", Images, Error, "some screens lack an image",
      "Some of the screens have the ID and others don't, and neither does the folder Default. The application doesn't "
-     "find the image on these screens. Add it."},
+     "find the image on these screens. Add it.",
+     nullptr, 0, ImageResolutionMissing},
     {"audio-format", Files, Off, "a sound isn't in a form that the device plays",
-     "The codec, the rate or the number of channels of a WAV file isn't in section Audio."},
+     "The codec, the rate, the number of channels or the bits of a WAV file aren't in the lists of section Audio, "
+     "whose keys are codec, rate, channels and bits: codec=pcm, rate=8000, 16000. A missing key allows anything.",
+     nullptr, 0, AudioFormat},
     {"list-line", Files, Warning, "a line of a list of further files can't be packed",
      "In the lists of previews and of version 1.0: the file is missing, the line is longer than 255 bytes, a name "
      "occurs "
-     "twice or is reserved."},
+     "twice or is reserved.",
+     nullptr, 0, ListLine},
     {"layout-class", Layouts, Error, "a component has an unknown class",
      "The catalogue has no such class, so the device can't make the component."},
     {"layout-property", Layouts, Error, "a component has an unknown property",
