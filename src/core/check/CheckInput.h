@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "CheckFacts.h"
 #include "CheckSettings.h"
 #include "Finding.h"
+
+#include <memory>
 
 class CResDoc;
 class TextContext;
@@ -15,6 +18,10 @@ struct CheckInput
     const TextContext &texts;
     const std::vector<Finding> &loaded; ///< the findings of the load of the project
     std::vector<ScreenSize> screens;    ///< the screens that are checked; empty for all that the project uses
-    QString
-        oldHeader; ///< the absolute path of a header of an earlier version, for "id-renumbered"; empty if there is none
+    /// The absolute path of a header of an earlier version, for "id-renumbered"; empty if there is none.
+    QString oldHeader;
+    std::shared_ptr<CheckFacts> facts = std::make_shared<CheckFacts>(); ///< shared by the rules
 };
+
+/// Returns whether the screen of a resolution index is among those that are checked. Always true for -1, no screen.
+[[nodiscard]] bool ChecksScreen(const CheckInput &input, qint32 resolution);

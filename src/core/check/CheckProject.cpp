@@ -2,6 +2,7 @@
 #include "CheckProject.h"
 
 #include "CResDoc.h"
+#include "IdFinding.h"
 #include "RuleReport.h"
 #include "Rules.h"
 #include "StringPositions.h"
@@ -90,6 +91,7 @@ std::vector<Finding> CheckProject(const CheckInput &input)
         if (rule.project && report.Begin(rule))
             rule.project(input, report);
     }
+    PlaceInLists(input.document, findings);
     PlaceInStringFile(input.document, findings);
     Sort(findings);
     return findings;
