@@ -169,6 +169,9 @@ TEST(IdRules, SourcesAndLayoutsUseIds)
     EXPECT_EQ(project.Findings({"id-undefined"}).size(), 1U);
     project.folder.Put("demo/morvanite-check.ini", "[Sources]\nfiles=none/*.c\n");
     EXPECT_EQ(project.Findings({"id-unused"}).size(), 1U) << "without any source not all IDs are unused";
+    project.folder.Put("demo/morvanite-check.ini", "[Sources]\nfiles=src/**/*.c\n");
+    project.folder.Put("demo/res/main.xml", "<TarvoXML");
+    EXPECT_THAT(project.Findings({"id-unused", "id-undefined"}), IsEmpty()) << "the layout isn't known";
 }
 
 TEST(IdRules, NumbersOfAnEarlierHeader)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "SourceScanner.h"
 
+#include <QByteArray>
+
 #include <gtest/gtest.h>
 
 #include <string>

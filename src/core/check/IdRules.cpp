@@ -12,6 +12,7 @@
 #include "IdNumbers.h"
 #include "IdRanges.h"
 #include "Keywords.h"
+#include "LoadRules.h"
 #include "RuleReport.h"
 #include "SortedIds.h"
 #include "TextHash.h"
@@ -51,6 +52,13 @@ QString WhyInvalid(const NarrowText &name, const QString &shown)
     return IsKeyword(name) ? u"this is a keyword of C or C++"_s : QString();
 }
 
+/// Returns whether the sources are known, and all IDs and layouts. Without some of them, names in the sources would
+/// seem undefined, and IDs unused.
+bool CanCompareSources(const CheckInput &input)
+{
+    return !input.settings.sourceFiles.isEmpty() && !HasLeftOutResources(input.loaded);
+}
+
 } // namespace
 
 void IdInvalid(const CheckInput &input, RuleReport &report)
@@ -80,7 +88,7 @@ void IdCase(const CheckInput &input, RuleReport &report)
 
 void IdUnused(const CheckInput &input, RuleReport &report)
 {
-    if (input.settings.sourceFiles.isEmpty())
+    if (!CanCompareSources(input))
         return;
     const CResModel &model = input.document;
     const SourceNames &names = input.facts->Sources(input);
@@ -98,7 +106,7 @@ void IdUnused(const CheckInput &input, RuleReport &report)
 
 void IdUndefined(const CheckInput &input, RuleReport &report)
 {
-    if (input.settings.sourceFiles.isEmpty())
+    if (!CanCompareSources(input))
         return;
     const SourceNames &names = input.facts->Sources(input);
     for (const QString &why : names.unreadable)

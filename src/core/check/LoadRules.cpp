@@ -227,11 +227,15 @@ bool IsLayoutFault(const Finding &finding)
     return std::any_of(std::begin(CODES), std::end(CODES), [&](const char *code) { return HasCode(finding, code); });
 }
 
+bool HasLeftOutResources(const std::vector<Finding> &loaded)
+{
+    return std::any_of(loaded.begin(), loaded.end(),
+                       [](const Finding &finding) { return IsOf(finding, DROPPED) || IsOf(finding, UNLISTED); });
+}
+
 bool HasLeftSomethingOut(const std::vector<Finding> &loaded)
 {
-    for (const Finding &finding : loaded) {
-        if (IsOf(finding, DROPPED) || IsOf(finding, CONFLICT) || IsOf(finding, FORM) || IsOf(finding, UNLISTED))
-            return true;
-    }
-    return false;
+    return HasLeftOutResources(loaded) || std::any_of(loaded.begin(), loaded.end(), [](const Finding &finding) {
+               return IsOf(finding, CONFLICT) || IsOf(finding, FORM);
+           });
 }

@@ -28,5 +28,7 @@ void ResolutionUnlisted(const CheckInput &input, RuleReport &report);
 
 /// Returns whether a finding of the load says that a layout file, or a layout of it, can't be read.
 [[nodiscard]] bool IsLayoutFault(const Finding &finding);
+/// Returns whether a load with these findings left out resources, so that their IDs aren't known.
+[[nodiscard]] bool HasLeftOutResources(const std::vector<Finding> &loaded);
 /// Returns whether a load with these findings left something out, so that a save would write other files.
 [[nodiscard]] bool HasLeftSomethingOut(const std::vector<Finding> &loaded);
