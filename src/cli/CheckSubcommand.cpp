@@ -7,6 +7,7 @@
 #include "LazyPictures.h"
 #include "LoadRules.h"
 #include "Paths.h"
+#include "ProjectSave.h"
 #include "RuleReport.h"
 #include "Rules.h"
 #include "ScreenSize.h"
@@ -109,8 +110,13 @@ private:
         const Notifier<const Finding &>::Listener listener(
             session.env.found, [&loaded](const Finding &finding) { loaded.push_back(finding); });
         session.handler.idleOutput = [](QStringView) {};
-        const auto explainer = std::exchange(session.env.explain, [](const QString &) {});
-        auto *const document = static_cast<CResDoc *>(session.documents.OpenDocumentFile(path));
+        QStringList explained;
+        const auto explainer =
+            std::exchange(session.env.explain, [&explained](const QString &text) { explained.append(text); });
+        // Opening would finish a save that was interrupted, and a check writes nothing.
+        auto *const document = HasInterruptedSave(session.env, path)
+                                   ? nullptr
+                                   : static_cast<CResDoc *>(session.documents.OpenDocumentFile(path));
         session.env.explain = explainer;
 
         std::vector<Finding> ofSettings;
@@ -124,7 +130,7 @@ private:
                 CheckProject({*document, settings, texts, loaded, screens.empty() ? settings.target : screens,
                               headerPath, CountAlphaOfPicture});
         } else {
-            result.findings = CheckUnopened(session.env, session.tables, path, settings, loaded);
+            result.findings = CheckUnopened(session.env, session.tables, path, settings, loaded, explained);
         }
         AddFindings(result, settings, std::move(ofSettings));
         return ApplyBaseline(result, settings);

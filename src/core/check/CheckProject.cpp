@@ -3,6 +3,7 @@
 
 #include "CResDoc.h"
 #include "FileSurvey.h"
+#include "IdFinding.h"
 #include "RuleReport.h"
 #include "Rules.h"
 #include "StringPositions.h"
@@ -87,6 +88,7 @@ std::vector<Finding> CheckProject(const CheckInput &given)
         report.Begin(*FindRule(u"check-settings"));
         report.Add(fault);
     }
+    PlaceInLists(input.document, findings);
     PlaceInStringFile(input.document, findings);
     Sort(findings);
     return findings;

@@ -3,8 +3,12 @@
 
 #include "FileRules.h"
 #include "FontRules.h"
+#include "IdRules.h"
 #include "ImageRules.h"
+#include "LayoutRules.h"
+#include "LoadRules.h"
 #include "ProjectTextRules.h"
+#include "SavedFormRules.h"
 #include "TextFeatures.h"
 #include "TextRules.h"
 
@@ -98,41 +102,58 @@ constexpr Rule RULES[] = {
      "those of another language, or doesn't find the language. Add the language to tuvik.ini.",
      nullptr, 0, LanguageUnknown},
     {"id-invalid", Ids, Error, "an ID isn't a valid name in C",
-     "The header defines the ID as a macro, so it must be an identifier of C and no keyword of C or C++. Rename it."},
+     "The header defines the ID as a macro, so it must be an identifier of C with 1 to 64 ASCII letters, digits and _, "
+     "and no keyword of C or C++. Rename it.",
+     nullptr, 0, IdInvalid},
     {"id-conflict", Ids, Error, "an ID is used twice",
-     "The load leaves out the second resource with the ID, and the next save loses it. Rename one of them."},
-    {"id-case", Ids, Warning, "two IDs differ only in case", "They are easily confused. Rename one of them."},
+     "The load leaves out the second resource with the ID, or the texts of the first of two rows, and the next save "
+     "loses them. Rename one of them.",
+     nullptr, 0, IdConflict},
+    {"id-case", Ids, Warning, "two IDs differ only in case", "They are easily confused. Rename one of them.", nullptr,
+     0, IdCase},
     {"id-unused", Ids, Warning, "no source file uses an ID",
      "None of the files in section Sources and no layout uses the ID. Delete the resource, or ignore the ID in section "
-     "Ignore if it is used in another way."},
+     "Ignore if it is used in another way.",
+     nullptr, 0, IdUnused},
     {"id-undefined", Ids, Error, "a source file uses an ID that doesn't exist",
      "A file in section Sources uses a name with the project's prefix that no resource has. The application doesn't "
-     "compile or uses an old header. Correct the name, or add the resource."},
+     "compile or uses an old header. Correct the name, or add the resource.",
+     nullptr, 0, IdUndefined},
     {"id-renumbered", Ids, Error, "the number of an ID has changed since an earlier header",
-     "Firmware that was compiled with the header of --header would fetch another resource. Pack and compile together, "
+     "Firmware that was compiled with the header of --header would fetch another resource, or none. Pack and compile "
+     "together, "
      "or "
-     "add resources with names that sort behind the existing ones."},
-    {"id-range", Ids, Warning, "the numbers of a kind of push IDs are nearly used up",
-     "Nine tenths of the numbers of this kind are used. When none is left, the project can't be packed."},
+     "add resources with names that sort behind the existing ones.",
+     nullptr, 0, IdRenumbered},
+    {"id-range", Ids, Warning, "the numbers for a kind of IDs are nearly used up",
+     "Nine tenths of the numbers of this kind are used. When none is left, the project can't be packed.", nullptr, 0,
+     IdRangeUsedUp},
     {"project-unreadable", Project, Error, "the project can't be opened",
      "A file that the project needs is missing or damaged. Nothing else could be checked."},
     {"element-dropped", Project, Error, "the load leaves something out",
-     "The next save would lose it, and a pack doesn't have it. Correct the file as the finding says."},
+     "The next save would lose it, and a pack doesn't have it. Correct the file as the finding says.", nullptr, 0,
+     ElementDropped},
     {"conflict-marker", Project, Error, "a file has the marks of an unresolved merge",
-     "A line begins with <<<<<<<, ======= or >>>>>>>. Resolve the conflict."},
+     "A line begins with <<<<<<<, ======= or >>>>>>>. Resolve the conflict.", nullptr, 0, ConflictMarkerLeft},
     {"string-file-form", Project, Error, "the string file is damaged",
      "The file isn't UTF-16 with a byte order mark, a row has more fields than the line of languages, or there are "
      "fewer "
-     "languages than the first line says."},
-    {"settings-missing", Project, Error, "there is no list of screen sizes or of types of resources",
-     "Without it the images and layouts of a project are left out. Name the list in Morvanite.ini."},
+     "languages than the first line says.",
+     nullptr, 0, StringFileForm},
+    {"settings-missing", Project, Error, "a list that Morvanite.ini names is missing or damaged",
+     "There is no list of screen sizes, so the images and layouts of a project are left out; or there are no types of "
+     "resources; or the catalogue of layouts is missing or has an error, so their components aren't checked. Correct "
+     "Morvanite.ini or the file.",
+     nullptr, 0, SettingsMissing},
     {"resolution-unlisted", Project, Error, "the project uses a screen size that the list of sizes lacks",
-     "Images and layouts of this size are left out. Add the size to the list that Morvanite.ini names."},
+     "Images and layouts of this size are left out. Add the size to the list that Morvanite.ini names.", nullptr, 0,
+     ResolutionUnlisted},
     {"header-stale", Project, Warning, "a generated header isn't what a save would write",
      "The application is compiled with other numbers than the pack has. Save the project, or let the build make the "
-     "headers."},
+     "headers.",
+     nullptr, 0, HeaderStale},
     {"lists-unsaved", Project, Note, "a list of the project isn't in the form that a save writes",
-     "The next save changes lines that nobody edited. Save the project once."},
+     "The next save changes lines that nobody edited. Save the project once.", nullptr, 0, ListsUnsaved},
     {"file-missing", Files, Error, "the file of a resource doesn't exist",
      "A pack fails or leaves the resource out. Restore the file or remove the resource.", nullptr, 0, FileMissing},
     {"file-empty", Files, Error, "the file of an image is too short",
@@ -183,17 +204,26 @@ constexpr Rule RULES[] = {
      "twice or is reserved.",
      nullptr, 0, ListLine},
     {"layout-class", Layouts, Error, "a component has an unknown class",
-     "The catalogue has no such class, so the device can't make the component."},
+     "The catalogue has no such class, or an element is in the wrong place, so the device can't make the component. "
+     "Correct the layout or the catalogue.",
+     nullptr, 0, LayoutClass},
     {"layout-property", Layouts, Error, "a component has an unknown property",
-     "The class has no such property in the catalogue, so it isn't packed."},
+     "The class has no such property in the catalogue, so it isn't packed. Correct the layout or the catalogue.",
+     nullptr, 0, LayoutProperty},
     {"layout-value", Layouts, Error, "the value of a property is invalid",
-     "The type of the property doesn't accept the value."},
+     "The type of the property doesn't accept the value. Correct it.", nullptr, 0, LayoutValue},
     {"layout-reference", Layouts, Error, "a layout refers to a resource that doesn't exist",
-     "No resource of the layout's resolution has the ID, or one of another kind has it."},
-    {"layout-name", Layouts, Error, "two components of a layout have the same name",
-     "The application finds only one of them. Rename the other."},
+     "No resource of the layout's resolution has the ID, or one of another kind has it. Correct the ID, or add the "
+     "resource.",
+     nullptr, 0, LayoutReference},
+    {"layout-name", Layouts, Error, "a layout or a component has no name of its own",
+     "Two components of a layout have the same name, so the application finds only one of them; or the ID of a layout "
+     "is missing, invalid or used twice. Rename one of them.",
+     nullptr, 0, LayoutName},
     {"layout-outside", Layouts, Warning, "a component is outside of its screen",
-     "All or a part of the component can't be seen."},
+     "All or a part of the component can't be seen. Components in it are not reported again. Move it or make it "
+     "smaller.",
+     nullptr, 0, LayoutOutside},
     {"payload-budget", Payload, Error, "the payload is larger than the budget",
      "The key budget of section Check, or --budget, is the largest size in bytes. The largest resources are named."},
     {"check-settings", RuleGroup::Check, Error, "a line of morvanite-check.ini has no meaning",

@@ -147,7 +147,9 @@ int StringFileReader::ReadColumns(int languages)
             if (isShort)
                 problem =
                     QStringLiteral("line 1 says that there are %1 languages, but line 2 has %2").arg(languages).arg(i);
-            document.env.Report(About("strings.language-unknown", Severity::Error), "language \"%s\" is unrecognized.",
+            Finding finding = About("strings.language-unknown", Severity::Error);
+            finding.text = problem;
+            document.env.Report(finding, "language \"%s\" is unrecognized.",
                                 Shown(name).constData());
             return UNKNOWN_LANGUAGE;
         }

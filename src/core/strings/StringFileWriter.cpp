@@ -153,3 +153,9 @@ int WriteStringFile(const QString &path, CResModel &document)
     document.env.Report(finding, "failed to open file \"%s\".", qUtf8Printable(path));
     return CANT_OPEN;
 }
+
+QByteArray MakeStringFile(const CResModel &document)
+{
+    const QString text = StringFileText(document).Make();
+    return {reinterpret_cast<const char *>(text.constData()), text.size() * qsizetype(sizeof(QChar))};
+}
