@@ -15,7 +15,8 @@ TEST_PACKAGES="libgtest-dev libgmock-dev librapidcheck-dev python3 llvm-14 elfut
     libreoffice-calc-nogui git xvfb openbox xdotool xclip fonts-dejavu-core fonts-wqy-microhei"
 # What the stricter checks need beside that.
 CHECK_PACKAGES="clang-14 libclang-rt-14-dev clang-format clang-tidy libbenchmark-dev binutils-arm-none-eabi gettext
-    imagemagick qt6-base-dev-tools desktop-file-utils appstream shared-mime-info"
+    imagemagick qt6-base-dev-tools desktop-file-utils appstream shared-mime-info
+    debhelper dpkg-dev lintian"
 
 # Installs what is missing of the given Debian packages; silent and offline when nothing is.
 need_packages() {
