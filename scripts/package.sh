@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Makes the release of HEAD in build/packages: the source tarball and the Debian packages. The same commit gives the same
-# bytes. Needs the packages of BUILD_PACKAGES and CHECK_PACKAGES in scripts/lib.sh.
+# bytes. Needs the packages of BUILD_PACKAGES, TEST_PACKAGES and CHECK_PACKAGES in scripts/lib.sh.
 # Use: scripts/package.sh [--check]     with --check the packages' build also runs all tests
 set -eu
 cd "$(dirname "$0")/.."

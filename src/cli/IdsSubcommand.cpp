@@ -13,8 +13,8 @@ class IdsSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand = app.add_subcommand("ids", "List a project's IDs with their numbers, sorted by name");
-        subcommand->add_option("PROJECT", project, "The project's .vcproj file")->required();
+        CLI::App *subcommand = app.add_subcommand("ids", "List a project's IDs and their numbers, sorted by name");
+        AddProject(*subcommand, project);
         return subcommand;
     }
 

@@ -30,7 +30,7 @@ const WorkbookFunctions *Functions()
 WorkbookResult Missing()
 {
     return {WorkbookFault::NoWorkbook,
-            QStringLiteral("libmorvanite-workbook.so, which must lie beside the program, can't be loaded")};
+            QStringLiteral("libmorvanite-workbook.so, which must be beside the program, can't be loaded")};
 }
 
 } // namespace

@@ -51,19 +51,18 @@ class StringsSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand =
-            app.add_subcommand("strings", "Exchange the string table with a workbook, or count its texts");
+        CLI::App *subcommand = app.add_subcommand("strings", "Export, import or count the strings of a project");
         subcommand->require_subcommand(1);
-        exporting = subcommand->add_subcommand("export", "Write the string table into a workbook (.xls, .xlsx, .csv)");
-        importing = subcommand->add_subcommand("import", "Fill the string table from a workbook, and save the project");
-        stats = subcommand->add_subcommand("stats", "Tell for each language how many texts are there");
+        exporting = subcommand->add_subcommand("export", "Write the string table to a workbook (.xls, .xlsx or .csv)");
+        importing = subcommand->add_subcommand("import", "Fill the string table from a workbook and save the project");
+        stats = subcommand->add_subcommand("stats", "Count the texts of each language");
         for (CLI::App *sub : {exporting, importing, stats})
-            sub->add_option("PROJECT", project, "The project's .vcproj file")->required();
+            AddProject(*sub, project);
         for (CLI::App *sub : {exporting, importing})
-            sub->add_option("FILE", file, "The workbook; the extension of its name says what it is")->required();
-        importing->add_flag("--dry-run", dryRun, "Change nothing; tell what would become of each text of the sheet");
+            sub->add_option("FILE", file, "The workbook; its extension selects the format")->type_name("")->required();
+        importing->add_flag("--dry-run", dryRun, "Change nothing; show what would happen to each text");
         importing->add_flag("--strict", strict, STRICT_HELP);
-        stats->add_flag("--json", json, "As JSON");
+        stats->add_flag("--json", json, JSON_HELP);
         return subcommand;
     }
 
@@ -100,8 +99,8 @@ private:
     int Import(Session &session, CResDoc &document, const QString &workbook) const
     {
         if (session.env.ErrorCount > 0 && !dryRun) {
-            Complain(QStringLiteral("the project has errors, told above, and saving it would leave out what they are "
-                                    "about; nothing is imported. Mend them first"));
+            Complain(QStringLiteral("the project has the errors above, and a save would drop the elements that they "
+                                    "name, so nothing is imported; fix the errors first"));
             return EXIT_FAILED;
         }
         FateList fates(session.report);
@@ -114,7 +113,7 @@ private:
             return status;
         if (document.TakeInChanges() != CResDoc::Outside::None) {
             Complain(document.PathName() +
-                     QStringLiteral(": its files were changed during the import; nothing is saved: import again"));
+                     QStringLiteral(": its files changed during the import, so nothing is saved; import again"));
             return EXIT_FAILED;
         }
         import->Plan().Apply();
@@ -136,7 +135,7 @@ private:
         const QStringList &cells = plan.Refused();
         if (cells.isEmpty())
             return true;
-        Complain(QStringLiteral("a string can't hold a tab or a line end; nothing is saved. Mend %1%2")
+        Complain(QStringLiteral("a string can't contain a tab or a line break, so nothing is saved; fix %1%2")
                      .arg(cells.first(qMin(cells.size(), SHOWN)).join(QStringLiteral(", ")),
                           cells.size() > SHOWN ? QStringLiteral(" and %1 more").arg(cells.size() - SHOWN) : QString()));
         return false;

@@ -2,10 +2,9 @@
 #include "LayoutListing.h"
 
 #include "Environment.h"
+#include "JsonWriter.h"
 
 #include <QHash>
-#include <QJsonArray>
-#include <QJsonDocument>
 
 namespace
 {
@@ -34,64 +33,6 @@ void AppendText(QByteArray &text, const Environment &env, const ComponentObject 
     for (const auto &child : component.children)
         AppendText(text, env, *child, depth + 1);
 }
-
-/// Writes JSON as QJsonDocument does, with the keys of an object in the order of writing.
-class JsonWriter
-{
-public:
-    explicit JsonWriter(QByteArray &to) : text(to) {}
-
-    void BeginObject() { Begin('{'); }
-    void EndObject() { End('}'); }
-    void BeginArray() { Begin('['); }
-    void EndArray() { End(']'); }
-    void Key(const QString &key)
-    {
-        Next();
-        AppendString(key);
-        text += ": ";
-        isAfterKey = true;
-    }
-    void String(const QString &value)
-    {
-        Next();
-        AppendString(value);
-    }
-
-private:
-    void Begin(char bracket)
-    {
-        Next();
-        (text += bracket) += '\n';
-        ++depth;
-        isFirst = true;
-    }
-    void End(char bracket)
-    {
-        if (!isFirst)
-            text += '\n';
-        text += QByteArray(4 * --depth, ' ') + bracket;
-        isFirst = false;
-    }
-    /// Writes what comes between two values, or before the first.
-    void Next()
-    {
-        if (!isAfterKey && depth > 0)
-            text += (isFirst ? QByteArray() : QByteArray(",\n")) + QByteArray(4 * depth, ' ');
-        isAfterKey = isFirst = false;
-    }
-    void AppendString(const QString &value)
-    {
-        // The text is quoted as the only entry of a list, which is "[", the quoted text and "]".
-        const QByteArray list = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
-        text += QByteArrayView(list).sliced(1, list.size() - 2);
-    }
-
-    QByteArray &text;
-    int depth = 0;
-    bool isFirst = false;
-    bool isAfterKey = false;
-};
 
 /// Writes the properties in the order of the file. If a name occurs several times, the first gives the place and the
 /// last the value, as in a saved file.
