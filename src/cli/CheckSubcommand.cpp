@@ -31,12 +31,12 @@ public:
         CLI::Option *projectOption = subcommand->add_option("PROJECT", project, "The project's .vcproj file");
         subcommand->add_option("--format", format, "The form of the findings: text, json or sarif")
             ->check(CLI::IsMember({"text", "json", "sarif"}))
-            ->type_name("FORMAT");
+            ->type_name("text|json|sarif");
         subcommand->add_option("-o,--output", output, "Write the findings to a file instead of standard output")
             ->type_name("FILE");
         subcommand->add_option("--fail-on", failOn, "End with 1 for a finding of this level or above (default: error)")
             ->check(CLI::IsMember({"error", "warning", "note", "never"}))
-            ->type_name("LEVEL");
+            ->type_name("error|warning|note|never");
         subcommand->add_option("--rule", rules, "Run only this rule; can be repeated")->type_name("RULE");
         subcommand->add_option("--resolution", resolutions, "Check only this screen, such as 240x320; can be repeated")
             ->type_name("WxH");

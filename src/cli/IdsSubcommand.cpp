@@ -18,13 +18,13 @@ class IdsSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand = app.add_subcommand("ids", "List a project's IDs with their numbers, sorted by name");
-        subcommand->add_option("PROJECT", project, "The project's .vcproj file")->required();
+        CLI::App *subcommand = app.add_subcommand("ids", "List a project's IDs and their numbers, sorted by name");
+        AddProject(*subcommand, project);
         subcommand
             ->add_option("--against", oldHeader,
                          "List instead what differs from the numbers of an earlier header. End with 1 if a number of "
                          "that header has changed or is gone")
-            ->type_name("HEADER");
+            ->type_name("FILE");
         subcommand->add_flag("--json", json, "As JSON");
         return subcommand;
     }

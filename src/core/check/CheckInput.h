@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "CheckFacts.h"
 #include "CheckSettings.h"
 #include "Finding.h"
 
-#include <memory>
-
+class CheckFacts;
 class CResDoc;
 class TextContext;
 
@@ -20,7 +18,7 @@ struct CheckInput
     std::vector<ScreenSize> screens;    ///< the screens that are checked; empty for all that the project uses
     /// The absolute path of a header of an earlier version, for "id-renumbered"; empty if there is none.
     QString oldHeader;
-    std::shared_ptr<CheckFacts> facts = std::make_shared<CheckFacts>(); ///< shared by the rules
+    CheckFacts *facts = nullptr; ///< what several rules look at; CheckProject sets it
 };
 
 /// Returns whether the screen of a resolution index is among those that are checked. Always true for -1, no screen.

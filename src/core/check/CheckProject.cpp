@@ -2,6 +2,7 @@
 #include "CheckProject.h"
 
 #include "CResDoc.h"
+#include "CheckFacts.h"
 #include "IdFinding.h"
 #include "RuleReport.h"
 #include "Rules.h"
@@ -82,14 +83,21 @@ void Sort(std::vector<Finding> &findings)
 
 } // namespace
 
-std::vector<Finding> CheckProject(const CheckInput &input)
+std::vector<Finding> CheckProject(const CheckInput &given)
 {
+    CheckFacts facts;
+    CheckInput input = given;
+    input.facts = &facts;
     std::vector<Finding> findings;
     CheckRows(input, findings);
     RuleReport report(input.settings, [&](Finding &&finding) { findings.push_back(std::move(finding)); });
     for (const Rule &rule : AllRules()) {
         if (rule.project && report.Begin(rule))
             rule.project(input, report);
+    }
+    for (const Finding &fault : input.texts.FontFaults()) {
+        report.Begin(*FindRule(u"check-settings"));
+        report.Add(fault);
     }
     PlaceInLists(input.document, findings);
     PlaceInStringFile(input.document, findings);

@@ -2,6 +2,7 @@
 #include "IdRules.h"
 
 #include "CResDoc.h"
+#include "CheckFacts.h"
 #include "CheckInput.h"
 #include "FileFault.h"
 #include "HostFiles.h"

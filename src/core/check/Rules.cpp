@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Rules.h"
 
+#include "FontRules.h"
 #include "IdRules.h"
 #include "LayoutRules.h"
 #include "LoadRules.h"
@@ -37,10 +38,12 @@ constexpr Rule RULES[] = {
      "the text or raise the limit."},
     {"text-too-wide", Texts, Error, "a text is wider than its limit on the device",
      "A line of the text needs more pixels in the device's font than the limit in the row's description or in section "
-     "Limit allows. Section Font names the fonts. Shorten the text."},
+     "Limit allows. Section Font names the fonts. Shorten the text.",
+     TextTooWide, HAS_TEXT},
     {"glyph-missing", Texts, Error, "the device's font lacks characters of a language",
      "The device can't draw these characters. Section Font names the fonts. Add the characters to the font, or change "
-     "the texts."},
+     "the texts.",
+     nullptr, 0, GlyphMissing},
     {"control-character", Texts, Warning, "a text has an invisible or a control character",
      "Control characters, zero-width blanks, byte order marks, overrides of the writing direction and halves of "
      "surrogate pairs usually come from copying, and the device shows them as boxes. Delete them."},

@@ -11,7 +11,8 @@
 
 #include <algorithm>
 
-TextContext::TextContext(const CResModel &model, const CheckSettings &checkSettings) : settings(checkSettings)
+TextContext::TextContext(const CResModel &model, const CheckSettings &checkSettings)
+    : env(model.env), settings(checkSettings)
 {
     for (const Rule &rule : AllRules()) {
         if (rule.text && settings.LevelOf(rule) != RuleLevel::Off)
@@ -25,6 +26,7 @@ TextContext::TextContext(const CResModel &model, const CheckSettings &checkSetti
         const auto code = settings.codes.find(folder.index);
         languages.push_back({folder.index, folder.title, code == settings.codes.end() ? QString() : code->second});
     }
+    OpenFonts();
     if (settings.source.isEmpty())
         return;
     const auto named = std::find_if(languages.begin(), languages.end(), [&](const CheckedLanguage &language) {
@@ -36,6 +38,25 @@ TextContext::TextContext(const CResModel &model, const CheckSettings &checkSetti
         source = size_t(named - languages.begin());
 }
 
+void TextContext::OpenFonts()
+{
+    for (const auto &[key, font] : settings.fonts) {
+        QString why;
+        fonts[key] = OpenDeviceFont(font.file, font.size, font.isShaped, why);
+        if (!why.isEmpty())
+            fontFaults.push_back({"check-settings", Severity::Error, settings.file, 0, {}, why});
+    }
+    const auto find = [this](const QString &key) {
+        const auto font = fonts.find(key);
+        return font == fonts.end() ? nullptr : font->second.get();
+    };
+    for (CheckedLanguage &language : languages) {
+        const QString code = language.code.toLower();
+        for (const QString &key : {code, language.Primary().toString().toLower(), QStringLiteral("default")})
+            language.font = language.font ? language.font : find(key);
+    }
+}
+
 int TextContext::PlaceOf(qint32 number) const
 {
     for (size_t i = 0; i < languages.size(); ++i) {
@@ -45,11 +66,12 @@ int TextContext::PlaceOf(qint32 number) const
     return -1;
 }
 
-TextLimit TextContext::LimitOf(const QString &id, const RowNotes &notes) const
+TextLimit TextContext::LimitOf(QByteArrayView id, const RowNotes &notes) const
 {
     TextLimit limit;
+    const QString wideId = settings.limits.empty() ? QString() : env.NarrowToWide(id);
     for (const TextLimit &candidate : settings.limits) {
-        if (MatchesPattern(id, candidate.pattern)) {
+        if (MatchesPattern(wideId, candidate.pattern)) {
             limit = candidate;
             break;
         }
@@ -91,7 +113,8 @@ void RowCheck::CheckText(const CStringRes &head, const RowNotes &notes, size_t l
 {
     const Text &source = texts[context.Source()];
     const Text &text = texts[language];
-    const TextPair pair{source.text,
+    const TextPair pair{head.Id()->name,
+                        source.text,
                         text.text,
                         source.features,
                         text.features,
@@ -106,7 +129,7 @@ void RowCheck::CheckText(const CStringRes &head, const RowNotes &notes, size_t l
         if (wrong.isEmpty())
             continue;
         Finding finding;
-        finding.id = QString::fromUtf8(head.Id()->name);
+        finding.id = context.Env().NarrowToWide(head.Id()->name);
         finding.text = std::move(wrong);
         finding.language = pair.language.number;
         finding.basis = HashOf(pair.text, HashOf(pair.source));

@@ -5,12 +5,15 @@
 
 #include <QString>
 
+class IDeviceFont;
+
 /// A language of the checked project.
 struct CheckedLanguage
 {
     qint32 number = -1;
     QString name;
-    QString code; ///< its BCP 47 tag, such as "pt-BR"; empty if it isn't known
+    QString code;                ///< its BCP 47 tag, such as "pt-BR"; empty if it isn't known
+    IDeviceFont *font = nullptr; ///< the device's font for it; null if the settings name none. Owned by TextContext
     /// The primary subtag, such as "pt"; empty if it isn't known.
     [[nodiscard]] QStringView Primary() const { return QStringView(code).first(qMax(0, PrimarySize())); }
 
@@ -26,6 +29,7 @@ private:
 /// the same text.
 struct TextPair
 {
+    QByteArrayView id; ///< of the row, in the project's code page
     QStringView source;
     QStringView text;
     quint32 sourceFeatures = 0; ///< TextFeature

@@ -34,8 +34,8 @@ int FillSorted(Environment &env, const std::vector<IDRecord *> &sorted)
                 env.DebugTrace("enter IDGen::FillValue(): ID value overflow, non-push ID cannot larger than%u",
                                NORMAL_IDS.last);
                 env.ExplainFailure(
-                    QStringLiteral("there are more IDs than numbers for them, which end at %1; \"%2\" is "
-                                   "the first that gets none. Take resources out of the project")
+                    QStringLiteral("there are more IDs than there are numbers for them; the last number is %1, and "
+                                   "\"%2\" is the first ID without one. Remove resources from the project")
                         .arg(NORMAL_IDS.last)
                         .arg(env.NarrowToWide(record->name)));
                 return -2;
@@ -46,9 +46,9 @@ int FillSorted(Environment &env, const std::vector<IDRecord *> &sorted)
             if (used == range->Size()) {
                 env.DebugTrace("enter IDGen::FillValue(): ID value overflow, push %s ID cannot larger than%u",
                                range->what, range->last);
-                env.ExplainFailure(QStringLiteral("there are more Push resources of the class \"%1\" than numbers for "
-                                                  "them, which end at %2; \"%3\" is the first that gets none. Make "
-                                                  "some of them Normal")
+                env.ExplainFailure(QStringLiteral("there are more Push resources of the class \"%1\" than there are "
+                                                  "numbers for them; the last number is %2, and \"%3\" is the first ID "
+                                                  "without one. Change the type of some of them to Normal")
                                        .arg(QLatin1String(range->what))
                                        .arg(range->last)
                                        .arg(env.NarrowToWide(record->name)));

@@ -248,8 +248,8 @@ std::optional<QString> ReplaceFiles(CResDoc &doc, const ProjectWriter &writer, F
     const auto isUnchanged = [&] {
         const QStringList changed = before.Since().files;
         if (!changed.isEmpty()) {
-            doc.env.ExplainFailure(QStringLiteral("another program has changed %1 while the project was saved; nothing "
-                                                  "was written: save it again")
+            doc.env.ExplainFailure(QStringLiteral("another program changed %1 while the project was saved, so nothing "
+                                                  "was written; save the project again")
                                        .arg(changed.join(QStringLiteral(", "))));
         }
         return changed.isEmpty();

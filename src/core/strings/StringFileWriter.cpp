@@ -12,7 +12,7 @@
 
 using namespace StringFileFormat;
 
-static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "the text is written as it lies in memory");
+static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "the text is written as it is in memory");
 
 namespace
 {
