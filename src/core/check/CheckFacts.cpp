@@ -5,6 +5,7 @@
 #include "CheckInput.h"
 #include "LayoutSurvey.h"
 #include "LoadRules.h"
+#include "SortedIds.h"
 
 #include <algorithm>
 
@@ -44,4 +45,11 @@ const SourceNames &CheckFacts::Sources(const CheckInput &input)
     if (!sources)
         sources = ReadSources(input);
     return *sources;
+}
+
+const std::vector<IDRecord *> &CheckFacts::Ids(const CheckInput &input)
+{
+    if (!ids)
+        ids = SortedIds(input.document.ids);
+    return *ids;
 }

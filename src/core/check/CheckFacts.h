@@ -7,6 +7,7 @@
 #include <optional>
 #include <vector>
 
+class IDRecord;
 struct CheckInput;
 
 /// What several project rules look at, found when the first of them asks. Main thread only.
@@ -17,8 +18,11 @@ public:
     [[nodiscard]] const std::vector<Finding> &LayoutFindings(const CheckInput &input);
     /// The names in the application's sources.
     [[nodiscard]] const SourceNames &Sources(const CheckInput &input);
+    /// The records of the project's IDs, sorted by name (SortedIds).
+    [[nodiscard]] const std::vector<IDRecord *> &Ids(const CheckInput &input);
 
 private:
     std::optional<std::vector<Finding>> layoutFindings;
     std::optional<SourceNames> sources;
+    std::optional<std::vector<IDRecord *>> ids;
 };
