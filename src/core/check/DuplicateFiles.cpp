@@ -76,7 +76,7 @@ bool HaveSeveralIds(const Files &files)
 
 void DuplicateFile(const CheckInput &input, RuleReport &report)
 {
-    const FileSurvey &survey = *input.files;
+    const FileSurvey &survey = input.facts->Files(input);
     ForEachSimilar(survey, [&](const Files &similar) {
         if (!HaveSeveralIds(similar))
             return;
@@ -92,7 +92,7 @@ void DuplicateFile(const CheckInput &input, RuleReport &report)
 
 void ImageSameEverywhere(const CheckInput &input, RuleReport &report)
 {
-    const FileSurvey &survey = *input.files;
+    const FileSurvey &survey = input.facts->Files(input);
     if (survey.Screens().size() < 2)
         return;
     std::map<QString, Files> byId;
