@@ -5,6 +5,7 @@
 #include "Finding.h"
 
 class CResDoc;
+class CStringRes;
 class TextContext;
 
 /// What a check looks at. All of it must outlive the check.
@@ -17,4 +18,6 @@ struct CheckInput
     std::vector<ScreenSize> screens;    ///< the screens that are checked; empty for all that the project uses
     QString
         oldHeader; ///< the absolute path of a header of an earlier version, for "id-renumbered"; empty if there is none
+    /// The rows of the string table (StringRowsOf). `CheckProject` sets it for the rules.
+    std::vector<const CStringRes *> rows = {};
 };

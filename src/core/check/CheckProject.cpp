@@ -31,7 +31,7 @@ std::vector<Finding> CheckRange(const CheckInput &input, std::span<const CString
 /// Checks all rows, in as many threads as the machine has processors.
 void CheckRows(const CheckInput &input, std::vector<Finding> &findings)
 {
-    const std::vector<const CStringRes *> heads = StringRowsOf(input.document);
+    const std::vector<const CStringRes *> &heads = input.rows;
     const size_t count =
         std::clamp<size_t>(heads.size() / ROWS_WORTH_A_THREAD, 1, std::max(1U, std::thread::hardware_concurrency()));
     std::vector<std::vector<Finding>> parts(count);
@@ -70,8 +70,10 @@ void Sort(std::vector<Finding> &findings)
 
 } // namespace
 
-std::vector<Finding> CheckProject(const CheckInput &input)
+std::vector<Finding> CheckProject(const CheckInput &given)
 {
+    CheckInput input = given;
+    input.rows = StringRowsOf(input.document);
     std::vector<Finding> findings;
     CheckRows(input, findings);
     RuleReport report(input.settings, [&](Finding &&finding) { findings.push_back(std::move(finding)); });

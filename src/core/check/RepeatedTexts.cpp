@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "CResDoc.h"
 #include "CheckInput.h"
 #include "ProjectTextRules.h"
+#include "Resources.h"
 #include "RowNotes.h"
 #include "RowTexts.h"
 #include "RuleReport.h"
-#include "StringRows.h"
 #include "TextContext.h"
 #include "TextHash.h"
 
@@ -123,7 +122,7 @@ void DuplicateText(const CheckInput &input, RuleReport &report)
     const std::vector<CheckedLanguage> &languages = input.texts.Languages();
     if (languages.empty())
         return;
-    const StringRows heads = StringRowsOf(input.document);
+    const StringRows &heads = input.rows;
     RowTexts first(input.texts);
     RowTexts other(input.texts);
     // Only rows with equal source texts can be equal, so the other texts of most rows need not be looked at.
@@ -162,7 +161,7 @@ void InconsistentTranslation(const CheckInput &input, RuleReport &report)
     const std::vector<CheckedLanguage> &languages = input.texts.Languages();
     if (languages.empty())
         return;
-    const StringRows heads = StringRowsOf(input.document);
+    const StringRows &heads = input.rows;
     const qint32 language = languages[input.texts.Source()].number;
     std::vector<HashedRow> rows = HashedBy(
         heads, language, [](const CStringRes &head, QStringView source) { return qHash(source, qHash(head.text)); });
