@@ -18,6 +18,7 @@ struct CheckInput
     std::vector<ScreenSize> screens;    ///< the screens that are checked; empty for all that the project uses
     QString
         oldHeader; ///< the absolute path of a header of an earlier version, for "id-renumbered"; empty if there is none
-    /// The rows of the string table (StringRowsOf). `CheckProject` sets it for the rules.
-    std::vector<const CStringRes *> rows = {};
+    /// The rows of the string table whose source texts another row may have too (RowsWithEqualSource). `CheckProject`
+    /// sets it for the rules.
+    std::vector<const CStringRes *> repeatedRows = {};
 };

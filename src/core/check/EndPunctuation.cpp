@@ -55,10 +55,13 @@ constexpr MarkRow MARKS[] = {
 /// Returns whether a list of words, with a blank between, has a word.
 bool HasWord(QStringView list, QStringView word)
 {
-    for (qsizetype at = list.indexOf(word); at >= 0; at = list.indexOf(word, at + 1)) {
-        const qsizetype end = at + word.size();
-        if ((at == 0 || list[at - 1] == u' ') && (end == list.size() || list[end] == u' '))
+    qsizetype start = 0;
+    for (qsizetype at = 0; at <= list.size(); ++at) {
+        if (at < list.size() && list[at] != u' ')
+            continue;
+        if (list.sliced(start, at - start) == word)
             return true;
+        start = at + 1;
     }
     return false;
 }
@@ -106,7 +109,9 @@ EndMark MarkOf(QChar c, const CheckedLanguage &language)
 
 bool IsQuote(QChar c)
 {
-    constexpr QStringView OTHERS = u"\"'`´„‚＂＇」』》〉";
+    if (c < u'\x80')
+        return c == u'"' || c == u'\'' || c == u'`';
+    constexpr QStringView OTHERS = u"´„‚＂＇」』》〉";
     const QChar::Category category = c.category();
     return category == QChar::Punctuation_InitialQuote || category == QChar::Punctuation_FinalQuote ||
            OTHERS.contains(c);
@@ -116,14 +121,14 @@ bool IsQuote(QChar c)
 /// end of a text.
 QStringView WithoutTail(QStringView text)
 {
-    constexpr QStringView ESCAPES = u"nrt\"";
     while (!text.isEmpty()) {
         const QChar last = text.back();
-        if (last.unicode() > 0x7F && last.isLetter())
-            break;
-        if (text.size() >= 2 && text[text.size() - 2] == u'\\' && ESCAPES.contains(last))
+        const bool isEscape = text.size() >= 2 && text[text.size() - 2] == u'\\' &&
+                              (last == u'n' || last == u'r' || last == u't' || last == u'"');
+        if (isEscape)
             text.chop(2);
-        else if (last.isSpace() || last.category() == QChar::Other_Format || IsQuote(last))
+        else if (!last.isLetterOrNumber() &&
+                 (last.isSpace() || IsQuote(last) || last.category() == QChar::Other_Format))
             text.chop(1);
         else
             break;
