@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Installs what is missing, builds, and packs the sample project into the sample application, which then reads its resources
-# on an emulated ARM processor.
+# Installs missing packages, builds, and packs the sample project into the sample application, which then reads its
+# resources on an emulated ARM processor.
 set -eu
 cd "$(dirname "$0")"
 . scripts/lib.sh

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Installs what is missing, builds, and runs all tests.
+# Installs missing packages, builds, and runs all tests.
 set -eu
 cd "$(dirname "$0")"
 . scripts/lib.sh

@@ -48,7 +48,7 @@ def files(folder, count, size, seed):
 
 
 def resource_elements(count):
-    """Returns the elements of `count` resources, half files and half images, whose files don't exist."""
+    """Returns the elements of `count` resources, half of them files and half images. Their files don't exist."""
     kinds = (('FILE', 'bin'), ('IMAGE', 'png'))
     return ['<%s id="ID_%s_NUMBER_%06d" type="Normal">.\\res\\folder%02d\\resource%06d.%s</%s>'
             % (kinds[i % 2][0], kinds[i % 2][0], i * 7919 % count, i % 50, i, kinds[i % 2][1], kinds[i % 2][0])

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Times whole commands and peers that do the same work, and prints the ratios as a table.
+"""Times whole commands, and peers that do the same work, and prints the ratios as a table.
 
 usage: bench/whole_commands.py BUILD [--rounds N] [--only WORD]
 
-Ours and its peer run in turn, start included, warm cache; a figure is the median of the rounds. "limit" is what must be
-reached, "aim" what we want. The exit status is 1 when a limit is missed.
+Ours and its peer run in turns, including their start, with a warm cache. A figure is the median of the rounds.
+"limit" is the required ratio, "aim" the desired one. The exit status is 1 if a limit is missed.
 """
 
 import argparse
@@ -25,14 +25,14 @@ RCC = '/usr/lib/qt6/libexec/rcc'
 
 
 class Run:
-    """One command line, or several in turn that count as one."""
+    """One command line, or several that run in turn and count as one."""
 
     def __init__(self, *commands, prepare=None):
         self.commands = commands
         self.prepare = prepare
 
     def once(self):
-        """Seconds of wall time and KiB of the largest process."""
+        """Returns seconds of wall time and KiB of the largest process."""
         if self.prepare:
             self.prepare()
         seconds, memory = 0.0, 0
@@ -50,7 +50,7 @@ class Run:
 
 
 def apart(work, *arguments):
-    """Runs `work` in its own process, since the system counts a measuring process's memory as that of its children."""
+    """Runs `work` in its own process: the system counts the memory of a measuring process as its children's."""
     with concurrent.futures.ProcessPoolExecutor(1, multiprocessing.get_context('fork')) as process:
         return process.submit(work, *arguments).result()
 
@@ -77,7 +77,7 @@ class Table:
                                                     '%.2fx' % aim if aim else '', mark), flush=True)
 
     def compare(self, name, ours, peer, limit, aim, memory=None):
-        """`memory`: (name, bytes or None for the peer's own, limit, aim)."""
+        """`memory` has a name, bytes (or None for those of the peer), limit and aim."""
         ours.once(), peer.once()
         rounds = [(ours.once(), peer.once()) for _ in range(self.rounds)]
         median = [[statistics.median(r[who][what] for r in rounds) for what in (0, 1)] for who in (0, 1)]
@@ -89,7 +89,7 @@ class Table:
 
 
     def difference(self, name, ours, without, peer, limit):
-        """Compares the time that `ours` takes longer than `without` with that of the peer."""
+        """Compares the extra time of `ours` over `without` with the time of the peer."""
         runs = (ours, without, peer)
         for run in runs:
             run.once()
@@ -219,7 +219,7 @@ class Suite:
                            Run(parse, ['sort', '-u', names, '-o', names + '.sorted']), 3.0, 2.0)
 
     def window(self):
-        """Times the start until the window is painted, and how much a project adds, compared with only loading it."""
+        """Times the start until the window is painted, and a project's extra time compared with only loading it."""
         folder = self.folder('window')
         os.makedirs(os.path.join(folder, 'runtime'), mode=0o700, exist_ok=True)
         os.environ.update(QT_QPA_PLATFORM='offscreen', MORVANITE_RUNTIME_DIR=os.path.join(folder, 'runtime'),

@@ -1,14 +1,15 @@
 # SPDX-License-Identifier: MIT
-# How the parts of this tree are built. Users' projects want Morvanite.cmake instead.
+# Functions that build the parts of this tree. Projects of users need Morvanite.cmake instead.
 
-# What every target of ours is compiled with.
+# Compiler options of all targets.
 add_library(morvanite_options INTERFACE)
 target_compile_options(morvanite_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -fvisibility=hidden -fstack-protector-strong)
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow $<$<BOOL:${MORVANITE_WERROR}>:-Werror>
+    -fvisibility=hidden -fstack-protector-strong)
 target_compile_definitions(morvanite_options INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS $<$<CONFIG:Release>:_FORTIFY_SOURCE=2>)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # GCC 12 takes any std::string built with operator+ for an overlapping copy (its bug 105651).
+    # GCC 12 reports an overlapping copy for any std::string built with operator+ (its bug 105651).
     target_compile_options(morvanite_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict>)
 endif()
 if(MORVANITE_SANITIZE)
@@ -26,7 +27,7 @@ if(MORVANITE_FUZZ)
     target_link_options(morvanite_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# Links the named parts of ours, or libraries of the system, to a target.
+# Links the named parts of this tree, or libraries of the system, to a target.
 function(morvanite_link target visibility)
     foreach(use ${ARGN})
         if(TARGET morvanite_${use})
@@ -36,9 +37,9 @@ function(morvanite_link target visibility)
     endforeach()
 endfunction()
 
-# morvanite_part(pack pack USES model platform WITHIN idgen X::y): a folder as the library morvanite_pack.
-# USES names the libraries whose headers its own headers include, WITHIN those that only its sources include. A header is
-# visible to who names its folder, or a folder that has that one under USES: an include that runs upwards doesn't compile.
+# morvanite_part(pack pack USES model platform WITHIN idgen X::y): builds a folder as the library morvanite_pack.
+# USES names the libraries whose headers its own headers include, WITHIN those that only its sources include. A folder
+# can include headers of the folders that it names, and of those that these have under USES. Upward includes fail.
 # scripts/check_tree.py compares both lists with the includes.
 function(morvanite_part name folder)
     cmake_parse_arguments(arg "" "" "USES;WITHIN" ${ARGN})
@@ -54,7 +55,7 @@ function(morvanite_uses target)
     morvanite_link(${target} PRIVATE ${ARGN} options)
 endfunction()
 
-# morvanite_test(model SOURCES a.cpp USES model project): a GoogleTest program whose tests CTest lists one by one.
+# morvanite_test(model SOURCES a.cpp USES model project): a GoogleTest program. CTest lists its tests one by one.
 function(morvanite_test name)
     cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
     add_executable(${name}_test ${arg_SOURCES})
@@ -64,7 +65,7 @@ function(morvanite_test name)
         TIMEOUT 300)
 endfunction()
 
-# morvanite_fuzz(elf SOURCES elf.cpp USES pack): a libFuzzer program; its seeds lie in fuzz/seeds/elf.
+# morvanite_fuzz(elf SOURCES elf.cpp USES pack): a libFuzzer program; its seeds are in fuzz/seeds/elf.
 function(morvanite_fuzz name)
     cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
     add_executable(fuzz_${name} ${arg_SOURCES})
@@ -73,7 +74,7 @@ function(morvanite_fuzz name)
     set_target_properties(fuzz_${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/fuzz)
 endfunction()
 
-# Every file of the folder goes beside the programs, and again when it changes.
+# Copies every file of the folder to the programs, and again when it changes.
 function(add_program_folder folder)
     file(GLOB files CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/${folder}
         ${CMAKE_SOURCE_DIR}/${folder}/*.ini ${CMAKE_SOURCE_DIR}/${folder}/*.img ${CMAKE_SOURCE_DIR}/${folder}/*.xml)
@@ -87,10 +88,10 @@ function(add_program_folder folder)
     add_custom_target(program_folder ALL DEPENDS ${copies})
 endfunction()
 
-# Has a program load the formats of workbooks only when it reads or writes one.
+# Makes a program load the workbook formats only when it reads or writes a workbook.
 function(morvanite_loads_workbooks target)
-    target_sources(${target} PRIVATE ${CMAKE_SOURCE_DIR}/src/cli/LazyWorkbook.cpp)
-    # As needed: what only the formats call is left to their own library.
+    target_sources(${target} PRIVATE ${CMAKE_SOURCE_DIR}/src/cli/LazyWorkbook.cpp ${CMAKE_SOURCE_DIR}/src/cli/Module.cpp)
+    # As needed: libraries that only the formats use are left to the library of the formats.
     target_link_options(${target} PRIVATE -Wl,--as-needed)
     morvanite_uses(${target} workbook)
     add_dependencies(${target} morvanite-workbook)

@@ -1,31 +1,27 @@
 # SPDX-License-Identifier: MIT
-# For the build of an application whose resources Morvanite keeps: docs/cmake.md tells how to use it.
+# For the build of an application whose resources Morvanite manages. docs/cmake.md is the manual.
 #
 #   morvanite_pack(<target>
 #       PROJECT <file.vcproj>       the resource project; relative paths count from the current source folder
 #       RESOLUTION <WxH>            the device's screen, one of the program's list
-#       [TARGET axf|dll]            kind of the application file; axf when not given
+#       [TARGET axf|dll]            kind of the application file; the default is axf
 #       [OUTPUT <file>]             the packed file; relative paths count from the current binary folder.
-#                                   <target>.packed.axf or <target>.packed.dll when not given
-#       [SETTINGS <folder>]         settings of the project's own, in <folder>/morvanite/Morvanite.ini; the user's are
-#                                   not read then
-#       [CONVERT_IMAGES]            pack the images in the device's format, and the previews
-#       [VER <n>])                  version number for the pack's log
+#                                   The default is <target>.packed.axf or <target>.packed.dll
+#       [SETTINGS <folder>]         the folder of settings of the project's own, <folder>/morvanite/Morvanite.ini; the
+#                                   user's settings are then not read
+#       [CONVERT_IMAGES]            pack the images in the device's format, and pack the preview pictures
+#       [VER <n>])                  a version number for the log of the pack
 #
-# <target> gets the generated headers before it compiles, in a folder of the build that becomes an include path. The packed
-# file is made by the target <target>_packed, which is part of a plain build. Nothing is written into the project.
-# MORVANITE_CLI names the program; it is searched when unset.
+# The headers are generated before <target> is compiled, into a folder of the build that is added to its include path. The
+# target <target>_packed writes the packed file and is built by default. Nothing is written into the project.
+# MORVANITE_CLI is the path of the program; MorvanitePackage.cmake finds it.
 
-# Also the policies of the functions below: depfiles are in the form of 3.20.
+# This also sets the policies of the functions below: paths in depfiles have the form that CMake 3.20 introduced.
 cmake_minimum_required(VERSION 3.20)
 
 set(MORVANITE_CMAKE_DIR ${CMAKE_CURRENT_LIST_DIR})
-find_program(MORVANITE_CLI morvanite-cli
-    HINTS ENV MORVANITE_PROGRAM_DIR
-    PATHS ${MORVANITE_CMAKE_DIR}/../../../bin ${MORVANITE_CMAKE_DIR}/../build/bin
-    DOC "The program morvanite-cli")
 
-# The program's folder, and the folder with the settings that go before the program's.
+# Finds the program's folder and the folder with the settings that have precedence over the program's.
 function(_morvanite_folders program_result config_result settings)
     get_filename_component(program ${MORVANITE_CLI} REALPATH)
     get_filename_component(folder ${program} DIRECTORY)
@@ -42,7 +38,7 @@ function(_morvanite_folders program_result config_result settings)
     set(${config_result} ${config} PARENT_SCOPE)
 endfunction()
 
-# The program and the files that its settings lead to, those that are there.
+# Returns the program and the existing files with its settings, its tables, the icon and its tools.
 function(_morvanite_program_files result settings)
     get_filename_component(program ${MORVANITE_CLI} REALPATH)
     _morvanite_folders(folder config "${settings}")
@@ -50,10 +46,16 @@ function(_morvanite_program_files result settings)
     file(GLOB files CONFIGURE_DEPENDS ${folder}/libmorvanite-commands.so ${folder}/*.ini ${folder}/*.img
         ${folder}/*.xml ${folder}/qrk_resgenerator.exe ${folder}/zul_xml_conv.exe ${folder}/convert_i_2_h/convert_i_2_h.exe
         ${config}/morvanite/Morvanite.ini)
-    set(${result} ${program} ${files} PARENT_SCOPE)
+    set(existing ${program})
+    foreach(file IN LISTS files)
+        if(EXISTS ${file}) # a link to nothing is in the list too
+            list(APPEND existing ${file})
+        endif()
+    endforeach()
+    set(${result} ${existing} PARENT_SCOPE)
 endfunction()
 
-# What morvanite-cli lists while the build is configured, as a list; empty when it fails.
+# Runs morvanite-cli while the build is configured and returns its lines as a list; the list is empty if it fails.
 function(_morvanite_listed result settings)
     set(options "")
     if(settings)
@@ -68,17 +70,17 @@ function(_morvanite_listed result settings)
     set(${result} "${lines}" PARENT_SCOPE)
 endfunction()
 
-# Stops when the program's list of sizes lacks the resolution: such a pack would have no pictures.
+# Stops with an error if the program's list of sizes lacks the resolution: the pack would have no pictures.
 function(_morvanite_check_resolution target resolution settings)
     _morvanite_listed(known "${settings}" resolutions)
     if(known AND NOT resolution IN_LIST known)
         list(JOIN known ", " known)
-        message(FATAL_ERROR "morvanite_pack(${target}): RESOLUTION is ${resolution}, and the list of screen sizes has only ${known}")
+        message(FATAL_ERROR "morvanite_pack(${target}): RESOLUTION is ${resolution}, but the list of screen sizes has only ${known}")
     endif()
 endfunction()
 
-# The command line that runs morvanite-cli with those settings and the remaining arguments, for the rule of a custom
-# target with that depfile.
+# Returns the command line that runs morvanite-cli with the settings and the remaining arguments, for the rule of a custom
+# target with the depfile.
 function(_morvanite_run result settings target depfile)
     set(options --depfile ${depfile})
     if(settings)
@@ -92,7 +94,8 @@ function(_morvanite_run result settings target depfile)
         PARENT_SCOPE)
 endfunction()
 
-# The target that keeps the headers of a project up to date, one for all that are packed from it with the same settings.
+# Adds the target that keeps the headers of a project up to date. All applications that are packed from the project with
+# the same settings share it.
 function(_morvanite_headers_target result project settings state)
     get_filename_component(folder ${project} DIRECTORY)
     get_filename_component(name ${project} NAME_WLE)
@@ -113,13 +116,13 @@ function(_morvanite_headers_target result project settings state)
     if(CMAKE_GENERATOR MATCHES "Ninja")
         set(also BYPRODUCTS ${headers})
     else()
-        # Make knows nothing of by-products: this is how it sees that somebody removed a header.
+        # Make doesn't support by-products. With these rules it detects that a header was removed.
         foreach(header ${headers})
             add_custom_command(OUTPUT ${header} COMMAND ${CMAKE_COMMAND} -E true)
         endforeach()
         set(also DEPENDS ${headers})
     endif()
-    # A header stays as old as its text; the stamp says when it was looked at.
+    # A header is only written when its text changes; the stamp has the time of the last check.
     add_custom_command(OUTPUT ${stamp}
         ${also}
         COMMAND ${command}
@@ -135,41 +138,41 @@ endfunction()
 function(morvanite_pack target)
     cmake_parse_arguments(PARSE_ARGV 1 arg "CONVERT_IMAGES" "PROJECT;RESOLUTION;TARGET;OUTPUT;HEADER;LISTS;SETTINGS;VER" "")
     if(NOT TARGET ${target})
-        message(FATAL_ERROR "morvanite_pack: ${target} is no target; call it behind add_executable")
+        message(FATAL_ERROR "morvanite_pack: ${target} is not a target; call morvanite_pack after add_executable")
     elseif(TARGET ${target}_packed)
-        # The file with the resources alone, beside the linked file, can hold only one of them.
-        message(FATAL_ERROR "morvanite_pack: ${target} is packed already; make an executable for each screen")
+        # The file with only the resources, beside the linked file, can have the resources of one pack only.
+        message(FATAL_ERROR "morvanite_pack: ${target} is already packed; add an executable for each screen")
     elseif(arg_UNPARSED_ARGUMENTS)
         message(FATAL_ERROR "morvanite_pack(${target}): unknown argument ${arg_UNPARSED_ARGUMENTS}")
     elseif(NOT arg_PROJECT OR NOT arg_RESOLUTION)
         message(FATAL_ERROR "morvanite_pack(${target}): PROJECT and RESOLUTION are needed")
     elseif(NOT arg_RESOLUTION MATCHES "^[0-9]+x[0-9]+$")
-        message(FATAL_ERROR "morvanite_pack(${target}): RESOLUTION is \"${arg_RESOLUTION}\", not of the form 240x320")
+        message(FATAL_ERROR "morvanite_pack(${target}): RESOLUTION is \"${arg_RESOLUTION}\", but it must have the form 240x320")
     elseif(NOT MORVANITE_CLI)
-        message(FATAL_ERROR "morvanite_pack(${target}): morvanite-cli wasn't found; set MORVANITE_CLI to its path")
+        message(FATAL_ERROR "morvanite_pack(${target}): morvanite-cli was not found; set MORVANITE_CLI to its path")
     endif()
     if(NOT arg_TARGET)
         set(arg_TARGET axf)
     elseif(NOT arg_TARGET MATCHES "^(axf|dll)$")
-        message(FATAL_ERROR "morvanite_pack(${target}): TARGET is \"${arg_TARGET}\", neither axf nor dll")
+        message(FATAL_ERROR "morvanite_pack(${target}): TARGET is \"${arg_TARGET}\", but it must be axf or dll")
     endif()
 
     get_filename_component(project "${arg_PROJECT}" ABSOLUTE)
     if(NOT EXISTS ${project})
-        message(FATAL_ERROR "morvanite_pack(${target}): there is no project ${project}")
+        message(FATAL_ERROR "morvanite_pack(${target}): the project ${project} does not exist")
     endif()
     get_filename_component(folder ${project} DIRECTORY)
     get_filename_component(name ${project} NAME_WLE)
     foreach(argument HEADER LISTS)
         if(arg_${argument})
-            message(DEPRECATION "morvanite_pack(${target}): ${argument} isn't needed any more and says nothing")
+            message(DEPRECATION "morvanite_pack(${target}): ${argument} is not needed any more and is ignored")
         endif()
     endforeach()
     set(settings "")
     if(arg_SETTINGS)
         get_filename_component(settings "${arg_SETTINGS}" ABSOLUTE)
         if(NOT IS_DIRECTORY ${settings})
-            message(FATAL_ERROR "morvanite_pack(${target}): there is no folder ${settings} for SETTINGS")
+            message(FATAL_ERROR "morvanite_pack(${target}): the folder ${settings} of SETTINGS does not exist")
         endif()
     endif()
     _morvanite_check_resolution(${target} ${arg_RESOLUTION} "${settings}")
@@ -185,7 +188,7 @@ function(morvanite_pack target)
     add_dependencies(${target} ${ids})
     target_include_directories(${target} PRIVATE ${state}/include)
 
-    # What the pack makes for itself goes into a folder of its own, so packs can run at the same time.
+    # Each pack has its own folder for temporary files, so several packs can run at the same time.
     set(options --resolution ${arg_RESOLUTION} --target ${arg_TARGET} --strict --headers ${state}/include
         --temp ${state}/${target}.files)
     if(arg_CONVERT_IMAGES)
@@ -194,13 +197,13 @@ function(morvanite_pack target)
     if(DEFINED arg_VER)
         list(APPEND options --ver ${arg_VER})
     endif()
-    # These are looked for at every pack, so one that appears or goes is a change too.
+    # A pack searches for these files, so a pack is also needed when one of them is added or removed.
     file(GLOB found CONFIGURE_DEPENDS ${folder}/preview.lst ${folder}/${name}_res.lst ${folder}/AppLogo.img
         ${folder}/morvanite.ini)
     _morvanite_program_files(program_files "${settings}")
     _morvanite_run(command "${settings}" ${target}_packed ${state}/${target}.d
         pack ${project} --input $<TARGET_FILE:${target}> --output ${output} ${options})
-    # The packer writes the resources alone into this folder, and doesn't make it.
+    # The packer writes the file with only the resources into this folder, but doesn't create the folder.
     set(side_folder $<TARGET_FILE_DIR:${target}>/arm)
     add_custom_command(OUTPUT ${output}
         COMMAND ${CMAKE_COMMAND} -E make_directory ${side_folder}

@@ -1,17 +1,16 @@
 # SPDX-License-Identifier: MIT
-# For find_package(Morvanite 1.0): any version from the wanted one on, as long as the first number is the same.
-set(PACKAGE_VERSION 1.0.0)
-if(PACKAGE_FIND_VERSION VERSION_GREATER PACKAGE_VERSION)
-    set(PACKAGE_VERSION_COMPATIBLE FALSE)
-else()
-    string(REGEX MATCH "^[0-9]+" _morvanite_major ${PACKAGE_VERSION})
-    if(NOT PACKAGE_FIND_VERSION OR PACKAGE_FIND_VERSION_MAJOR STREQUAL _morvanite_major)
-        set(PACKAGE_VERSION_COMPATIBLE TRUE)
-    else()
-        set(PACKAGE_VERSION_COMPATIBLE FALSE)
-    endif()
-    unset(_morvanite_major)
-    if(PACKAGE_FIND_VERSION VERSION_EQUAL PACKAGE_VERSION)
-        set(PACKAGE_VERSION_EXACT TRUE)
-    endif()
+# The version of the source tree, for find_package(Morvanite 1.0): any version from the wanted one on, as long as the
+# first number is the same. An installed package has the file that CMakePackageConfigHelpers makes.
+file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/../CMakeLists.txt _morvanite_project REGEX "^project\\(")
+string(REGEX REPLACE ".* VERSION ([0-9.]+).*" "\\1" PACKAGE_VERSION "${_morvanite_project}")
+string(REGEX MATCH "^[0-9]+" _morvanite_major ${PACKAGE_VERSION})
+set(PACKAGE_VERSION_COMPATIBLE FALSE)
+if(PACKAGE_FIND_VERSION VERSION_LESS_EQUAL PACKAGE_VERSION AND
+        (NOT PACKAGE_FIND_VERSION OR PACKAGE_FIND_VERSION_MAJOR STREQUAL _morvanite_major))
+    set(PACKAGE_VERSION_COMPATIBLE TRUE)
 endif()
+if(PACKAGE_FIND_VERSION VERSION_EQUAL PACKAGE_VERSION)
+    set(PACKAGE_VERSION_EXACT TRUE)
+endif()
+unset(_morvanite_project)
+unset(_morvanite_major)

@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
 # Runs one command of morvanite-cli for a build rule of Morvanite.cmake:
 #   cmake [-D DEPFILE=<file> -D CACHE=<file>] -P MorvaniteRun.cmake -- <command line>
-# CACHE is what the generator for make remembers of the depfile. It never forgets a file, and make takes one that isn't
-# there for changed, at every build: so the cache is dropped when a file of the last depfile has gone.
-# Shows the whole report when the command fails, otherwise its errors and warnings, each once.
+# CACHE is the file in which the generator for make stores the depfile's contents. It never drops a file from it, and make
+# regards a missing file as changed at every build. So the cache is removed when a file of the last depfile is missing.
+# Shows the whole report if the command fails, otherwise its errors and warnings, each once.
 
 cmake_minimum_required(VERSION 3.20)
 
@@ -20,7 +20,7 @@ endforeach()
 
 if(CACHE AND EXISTS "${DEPFILE}")
     file(READ "${DEPFILE}" inputs)
-    string(FIND "${inputs}" "\n" place) # behind the name of what is made
+    string(FIND "${inputs}" "\n" place) # after the name of the target
     string(SUBSTRING "${inputs}" ${place} -1 inputs)
     string(REPLACE " \\\n" "\n" inputs "${inputs}")
     string(REGEX REPLACE "\\\\([ #\\\\])" "\\1" inputs "${inputs}")
@@ -45,7 +45,7 @@ string(REGEX MATCHALL "[^\n]*(Error [0-9]+:|Warning [0-9]+:|\\[warning\\]|\\[err
 string(REGEX MATCHALL "[^\n]+" complaints "${complaint}")
 list(APPEND lines ${complaints})
 if(NOT lines STREQUAL "")
-    list(REMOVE_DUPLICATES lines) # a pack goes through the resources twice
+    list(REMOVE_DUPLICATES lines) # a pack processes the resources twice
     string(REPLACE ";" "\n" lines "${lines}")
     message("${lines}")
 endif()

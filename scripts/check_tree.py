@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Checks rules of this tree that no compiler knows. Prints each breach; the exit status is 1 when there is one."""
+"""Checks rules of this tree that compilers don't check. Prints each breach; the exit status is 1 if there is one."""
 
+import email.utils
 import pathlib
 import re
 import subprocess
@@ -9,16 +10,16 @@ import sys
 
 LONGEST_FILE = 500
 LONGEST_FUNCTION = 60
-# Who may be longer, and why. The list may only shrink.
+# Files and functions that may be longer, and why. The lists may only shrink.
 EXCUSED_FILES = {}
 EXCUSED_FUNCTIONS = {}
 LICENCE = 'SPDX-License-Identifier: MIT'
-SOURCES = ('*.h', '*.c', '*.cpp', '*.py', '*.sh', '*.cmake', '*CMakeLists.txt', '.ci/run')
+SOURCES = ('*.h', '*.c', '*.cpp', '*.py', '*.sh', '*.cmake', '*CMakeLists.txt', '.ci/run', '*.cmake.in')
 UNPLAIN = r'\b(?:stands|lies|bears|mends)\b'
-# Who may open a file for writing in the core: the one that replaces project files in one step, and the pack's outputs.
+# Files of the core that may open a file for writing: the one that replaces project files in one step, and the pack.
 WRITERS = ('src/core/platform/FileReplacement.cpp', 'src/core/pack/', 'src/core/channel/LocalSocket.cpp',
            'src/core/platform/RunTool.cpp',
-           'src/core/platform/SaveJournal.cpp')  # opens its own for a lock only
+           'src/core/platform/SaveJournal.cpp')  # opens its own file only for a lock
 
 
 def tracked(*patterns):
@@ -27,7 +28,7 @@ def tracked(*patterns):
 
 
 def function_lengths(lines):
-    """(name, first line, length) of each function: from a line that opens a brace of its own to the brace that ends it."""
+    """Returns (name, first line, length) of each function: from the line of its opening brace to the closing one."""
     start = None
     for number, line in enumerate(lines, 1):
         indent = len(line) - len(line.lstrip())
@@ -41,7 +42,7 @@ def function_lengths(lines):
 
 
 def parts_of_the_tree():
-    """folder -> (name, what its headers may include, what its sources may include) of each morvanite_part."""
+    """Returns folder -> (name, what its headers may include, what its sources may include) of each morvanite_part."""
     parts = {}
     for lists in tracked('src/*CMakeLists.txt'):
         text = pathlib.Path(lists).read_text(encoding='utf-8')
@@ -57,7 +58,7 @@ def includes_in(source):
 
 
 def folders_of_headers(headers, breaches):
-    """header -> its folder. Two headers of one name are a breach: an include could find the wrong one."""
+    """Returns header -> its folder. Two headers of one name are a breach: an include could find the wrong one."""
     folder_of = {}
     for path in map(pathlib.PurePath, headers):
         if path.name in folder_of:
@@ -67,7 +68,7 @@ def folders_of_headers(headers, breaches):
 
 
 def class_breaches(sources):
-    """Two classes of one name outside of functions and unnamed namespaces: the linker takes either for both."""
+    """Finds classes of one name outside of functions and unnamed namespaces: the linker would use either for both."""
     breaches, file_of = [], {}
     for source in sources:
         text = pathlib.Path(source).read_text(encoding='utf-8')
@@ -79,8 +80,8 @@ def class_breaches(sources):
 
 
 def program_breaches(folder_of, parts):
-    """The same for folders of programs, tools and tests, each as a whole: what its targets link are the libraries whose
-    headers its files include, by themselves or through a header that belongs to no library, such as a fixture."""
+    """Does the same for folders of programs, tools and tests, each as a whole: their targets must link the libraries
+    whose headers their files include, directly or through a header that belongs to no library, such as a fixture."""
     breaches = []
     library_of = {folder: part[0] for folder, part in parts.items()}
     lists = {str(pathlib.PurePath(path).parent): pathlib.Path(path).read_text(encoding='utf-8')
@@ -117,7 +118,7 @@ def program_breaches(folder_of, parts):
 
 
 def part_breaches(folder_of, parts):
-    """Includes that the lists of the parts don't have, and entries of the lists that nothing includes."""
+    """Finds includes that the lists of the parts don't have, and entries of the lists that nothing includes."""
     breaches = []
     for folder, (name, uses, within) in parts.items():
         included = {'.h': set(), '.cpp': set()}
@@ -140,7 +141,7 @@ def part_breaches(folder_of, parts):
 
 
 def prose_of(name, text):
-    """The comments of a source, or all of a document, as (line number, text)."""
+    """Returns the comments of a source, or all of a document, as (line number, text)."""
     lines = list(enumerate(text.splitlines(), 1))
     if name.endswith('.md'):
         return lines
@@ -148,8 +149,28 @@ def prose_of(name, text):
     return [(number, match[0]) for number, line in lines if (match := re.search(mark, line))]
 
 
+def release_breaches():
+    """Every file that names the newest release names the version of CMakeLists.txt, and all give the same date."""
+    version = re.search(r'^project\(.* VERSION ([\d.]+)', pathlib.Path('CMakeLists.txt').read_text(encoding='utf-8'), re.M)[1]
+    breaches, day_of = [], {}
+    for name, pattern in (('CHANGELOG.md', r'^## (\S+) \(([\d-]+)\)$'),
+                          ('debian/changelog', r'^morvanite \((\S+)-\d+\).*\n(?:\n|  .*\n)* -- .*>  (.*)$'),
+                          ('packaging/desktop/org.morvanite.Morvanite.metainfo.xml',
+                           r'<release version="(\S+)" date="([\d-]+)"')):
+        newest = re.search(pattern, pathlib.Path(name).read_text(encoding='utf-8'), re.M)
+        if not newest or newest[1] != version:
+            breaches.append('%s: the newest release is %s, and CMakeLists.txt has version %s' %
+                            (name, newest[1] if newest else 'not there', version))
+        else:
+            is_day = re.fullmatch(r'[\d-]+', newest[2])
+            day_of[name] = newest[2] if is_day else str(email.utils.parsedate_to_datetime(newest[2]).date())
+    if len(set(day_of.values())) > 1:
+        breaches.append('the release has several dates: %s' % day_of)
+    return breaches
+
+
 def main():
-    breaches = []
+    breaches = release_breaches()
     folder_of = folders_of_headers(tracked('*.h'), breaches)
     parts = parts_of_the_tree()
     breaches += part_breaches(folder_of, parts) + program_breaches(folder_of, parts)

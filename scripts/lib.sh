@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-# What run.sh, test.sh and .ci/run share. Source it from the top of the tree.
+# Functions and lists shared by run.sh, test.sh and .ci/run. Source it from the top of the tree.
 
-# Another clone of this tree finds what this one has compiled.
+# Another clone of this tree uses what this one has compiled.
 export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
 
 say() { printf '\n== %s\n' "$*"; }
@@ -9,15 +9,17 @@ say() { printf '\n== %s\n' "$*"; }
 # What the build and the sample need.
 BUILD_PACKAGES="g++ cmake ninja-build pkg-config ccache qt6-base-dev libtinyxml-dev libicu-dev libcli11-dev libpng-dev
     libjpeg62-turbo-dev libgif-dev zlib1g-dev libdeflate-dev libgsf-1-dev libexpat1-dev libxlsxwriter-dev libxcb1-dev
+    libfreetype-dev libharfbuzz-dev
     gcc-arm-linux-gnueabihf libc6-dev-armhf-cross qemu-user"
-# What the tests need beside it.
+# What the tests need in addition.
 TEST_PACKAGES="libgtest-dev libgmock-dev librapidcheck-dev python3 llvm-14 elfutils binutils gnumeric python3-xlrd python3-xlwt
-    libreoffice-calc-nogui git xvfb openbox xdotool xclip fonts-dejavu-core fonts-wqy-microhei"
-# What the stricter checks need beside that.
+    libreoffice-calc-nogui git xvfb openbox xdotool xclip fonts-dejavu-core fonts-wqy-microhei fonts-lohit-deva
+    shared-mime-info pandoc mandoc bash-completion zsh fish"
+# What the stricter checks need in addition.
 CHECK_PACKAGES="clang-14 libclang-rt-14-dev clang-format clang-tidy libbenchmark-dev binutils-arm-none-eabi gettext
-    imagemagick qt6-base-dev-tools desktop-file-utils appstream shared-mime-info"
+    imagemagick qt6-base-dev-tools desktop-file-utils appstream codespell"
 
-# Installs what is missing of the given Debian packages; silent and offline when nothing is.
+# Installs those of the given Debian packages that are missing; silent and offline if none is.
 need_packages() {
     local missing="" package
     for package in "$@"; do
@@ -41,7 +43,7 @@ configure() {
         { cat "$folder/configure.log"; return 1; }
 }
 
-# configure_and_build FOLDER [cmake option ...]: configures once, builds what changed.
+# configure_and_build FOLDER [cmake option ...]: configures once, and builds what has changed.
 configure_and_build() {
     say "Building into $1"
     configure "$@" && cmake --build "$1"

@@ -138,7 +138,7 @@ def collect(window, listener, show):
             answer += data
             answering = bool(data) and len(answer) < 4
     if len(answer) < 4:
-        raise ChannelError("Morvanite went away before it answered")
+        raise ChannelError("Morvanite ended before it answered")
     return struct.unpack("<I", answer)[0]
 
 
@@ -150,7 +150,7 @@ def send(command, record, show):
             window.connect(os.path.join(folder, WINDOW_SOCKET))
             window.sendall(struct.pack("<II", command, len(record)) + record)
         except OSError as error:
-            raise ChannelError(f"Morvanite isn't running: {error.strerror}") from error
+            raise ChannelError(f"Morvanite is not running: {error.strerror}") from error
         return collect(window, listener, show)
 
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A command as it arrives: 4 bytes of dwData, and the record. Runs the handler over a document that never opens, and
-// works out what would be packed; aborts when a command leaves anything behind or its report lacks its end.
+// A command as it is received: 4 bytes of dwData, and the record. Runs the handler for a document that never opens,
+// and computes what would be packed. Aborts if a command leaves any state behind or its report has no end.
 #include "CResoTable.h"
 #include "IdeCommandHandler.h"
 #include "PackRequest.h"
@@ -49,7 +49,7 @@ public:
     bool open = false;
 };
 
-/// What can't be true of a record that was read, and of what is asked of the packer.
+/// Checks what must be true of every record that was read, and of the request to the packer.
 void CheckRecord(const PackCommandRecord &record, const Environment &env, const CResoTable &resolutions)
 {
     for (const QString *path : {&record.projectPath, &record.inputFile, &record.outputFile})

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Readers.h"
 
-/// The picture readers of the converter, told apart by their first bytes as the program does it. Pictures are kept
-/// small here, or most of the time would go into clearing memory.
+/// Runs the picture readers of the converter, selected by the first bytes as in the program. Pictures are small here,
+/// since most of the time would be spent clearing memory otherwise.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     Picture picture(1 << 18);

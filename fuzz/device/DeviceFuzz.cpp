@@ -3,7 +3,7 @@
 
 #include "morvanite_elf.h"
 
-// The first 4 bytes are the base, the rest a payload; and the whole is tried as an ELF file and as a DLL-side file too.
+// The first 4 bytes are the base, the rest a payload. The whole input is also tried as an ELF file and a DLL-side file.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const auto read = [](const std::uint8_t *bytes, std::size_t count, std::uint32_t base) {

@@ -15,7 +15,7 @@
 namespace
 {
 
-/// A file in memory that has a path.
+/// A file in memory with a path.
 class MemoryFile
 {
 public:
@@ -38,8 +38,8 @@ void Check(bool holds)
 
 } // namespace
 
-// The first byte is the payload's size, the rest the file that is to grow. What grows must be the input with two fields
-// of its header changed, and must be one that can be read again where the header's step is that of the new table.
+// The first byte is the payload's size, the rest the file to extend. The result must be the input with two fields of
+// its header changed. It must also be readable if the header's distance of section headers is that of the new table.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     static Environment env(QStringLiteral("/nonexistent"));
@@ -52,7 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     if (ReadElf(env, source.Path(), elf) != 0)
         return 0;
     AddResSection(elf, payload);
-    Check(SetElfLayout(env, elf) == 0); // an input this small always fits
+    Check(SetElfLayout(env, elf) == 0); // an input of this size always fits
     static const QTemporaryDir folder;
     const QString target = folder.filePath(QStringLiteral("grown"));
     OutputFile output(env);

@@ -11,7 +11,7 @@
 namespace
 {
 
-/// Extracts into a folder in memory, and wants each file said to be written below it, and nothing beside it.
+/// Extracts into a folder in memory, and checks that each reported file is below it, and that there are no others.
 void Extract(const Environment &env, const InspectResult &result)
 {
     const QTemporaryDir parent(QStringLiteral("/dev/shm/fuzz_inspect"));
@@ -31,8 +31,8 @@ void Extract(const Environment &env, const InspectResult &result)
 
 } // namespace
 
-// Any file, of all three kinds. What is read is inside the file and no byte is read twice; the JSON of it is JSON. Of
-// some the parts are written out.
+// Any file, of all three kinds. All that is read is inside the file, and no byte is read twice. The JSON is valid. Some
+// inputs are extracted.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     static Environment env(QStringLiteral("/nonexistent"));

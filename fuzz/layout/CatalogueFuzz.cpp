@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A catalogue. When it is fine, makes an object of each of its types and all that is in it, lays it over a component
-// with a value for each property, and aborts when a value isn't found again in the component.
+// A catalogue. If it is valid, creates an object of each of its types with all members, binds it to a component with a
+// value for each property, and aborts if a value isn't found in the component.
 #include "CatalogueFile.h"
 #include "Environment.h"
 #include "ZulValues.h"
@@ -18,7 +18,7 @@ void Require(bool condition)
 
 constexpr int MOST_VALUES = 1000;
 
-/// How many values an object has in all. Each member is found by its name, unless one of a derived class hides it.
+/// Returns the number of values in an object. Each member must be found by its name, unless a derived class hides it.
 int CountAndSet(CZulCustom &object)
 {
     int count = 0;

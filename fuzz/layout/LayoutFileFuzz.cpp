@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A layout file of any bytes: what it gives is saved, comes back the same, and takes typed objects.
+// A layout file of any bytes: the loaded components are saved, read back equal, and accept typed objects.
 
 #include "../project/FuzzFolder.h"
 #include "CLayoutRes.h"
@@ -45,7 +45,7 @@ ClassCatalogue Classes(const Environment &env)
     return catalogue;
 }
 
-/// Opens each layout, gives it one more component and moves the first into that.
+/// Opens each layout, adds a component to it and moves the first one into that.
 void Edit(Environment &env, const LayoutFileRef &file, const ClassCatalogue &catalogue)
 {
     std::vector<LayoutObject *> layouts;
@@ -65,7 +65,7 @@ void Edit(Environment &env, const LayoutFileRef &file, const ClassCatalogue &cat
         opened.push_back(std::move(res));
     }
     const int code = file->Save(file->path);
-    if (code != 0 && code != LAYOUT_CANT_BE_READ_BACK) // it is a level deeper now
+    if (code != 0 && code != LAYOUT_CANT_BE_READ_BACK) // the layout has one more level now
         std::abort();
 }
 
@@ -80,13 +80,13 @@ extern "C" int LLVMFuzzerTestOneInput(const quint8 *data, size_t size)
     folder.Put("in.xml", bytes);
     IDPool pool;
     LayoutFileObject first(*env, pool, 0);
-    (void)first.Load(folder.Path("in.xml").toUtf8()); // what is before a fault has been read
+    (void)first.Load(folder.Path("in.xml").toUtf8()); // the part before the fault has been read
     if (first.Save(folder.Path("out.xml").toUtf8()) != 0)
         std::abort();
     IDPool otherPool;
     const auto second = std::make_shared<LayoutFileObject>(*env, otherPool, 0);
     const int code = second->Load(folder.Path("out.xml").toUtf8());
-    // Names that are no text may become equal.
+    // Names that aren't valid text may become equal.
     if (bytes.isValidUtf8() && (code != 0 || Dump(first) != Dump(*second)))
         std::abort();
     if (code == 0)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// A text for every type of value; its first byte says which value was there before. Aborts when a text that is accepted
-// doesn't print as what it parses to, when a value doesn't come back from its stored text, or when a layout's component
-// doesn't read as it was written.
+// A text for every type of value; its first byte selects the previous value. Aborts if an accepted text parses to
+// another value than it prints, if a value doesn't read back from its stored text, or if the component of a layout
+// doesn't read back as written.
 #include "ZulValues.h"
 
 #include <cstdlib>
@@ -36,14 +36,14 @@ void Try(const ClassCatalogue &catalogue, const char *type, const char *before, 
         return;
     const NarrowText shown = value->GetText();
 
-    // From nothing: what it was before plays no part in a text that is accepted, but for times that name no number.
+    // The previous value doesn't affect an accepted text, except for times without a number.
     const auto fresh = make();
     AttributeRecord freshRecord{"p", text};
     fresh->BindAttribute(&freshRecord);
     const bool isTime = value->GetTypeId() == TYPE_MSEC;
     Require(isTime || fresh->GetText() == shown);
 
-    // Below zero a time prints as a number beyond those that are accepted.
+    // A time below zero prints as a number beyond the accepted range.
     const bool isBelowZero = isTime && static_cast<CZulMsec &>(*value).value > 0x7FFFFFFF;
     const NarrowText typed = value->GetTypeId() == TYPE_FPOINT ? '(' + shown + ')' : shown;
     const bool isNumber = !shown.contains("nan") && !shown.contains("inf");
@@ -60,7 +60,7 @@ void TryStateImage(const ClassCatalogue &catalogue, const NarrowText &text)
     AttributeRecord record{"p", text};
     Require(images.BindAttribute(&record) && record.value == text);
     auto &disabled = static_cast<CZulBase &>(*images.Members()[2]);
-    disabled.SetText(disabled.GetText() + 'x'); // the same once more would change nothing
+    disabled.SetText(disabled.GetText() + 'x'); // the same text again would change nothing
     Require(record.value.startsWith('(') && record.value.endsWith(')'));
     const NarrowText written = record.value;
     CZulStateImg again(catalogue);
@@ -79,7 +79,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     static const ClassCatalogue catalogue;
     if (size < 1 || memchr(data + 1, 0, size - 1))
-        return 0; // no text of a file has a zero
+        return 0; // a text in a file has no zeros
     const NarrowText text(reinterpret_cast<const char *>(data + 1), qsizetype(size - 1));
     for (const char *type : TYPES)
         Try(catalogue, type, BEFORE[data[0] % std::size(BEFORE)], text);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A project's configuration of any bytes: reading ends, in UTF-8 and in a code page of two bytes.
+// A project's configuration of any bytes: reading ends, in UTF-8 and in a code page with two bytes for a character.
 
 #include "FuzzFolder.h"
 #include "ProjectConfig.h"

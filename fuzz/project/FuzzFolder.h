@@ -9,7 +9,7 @@
 
 #include <cstdlib>
 
-/// A folder in memory that holds what one process tries, gone when it ends.
+/// A folder in memory for the files of one process, removed by the destructor.
 class FuzzFolder
 {
 public:
@@ -23,7 +23,7 @@ public:
             std::abort();
     }
 
-    /// A silent program with these settings.
+    /// Returns a program with these settings and without output.
     [[nodiscard]] std::unique_ptr<Environment> Program(const QByteArray &settings) const
     {
         Put("bin/Morvanite.ini", settings);

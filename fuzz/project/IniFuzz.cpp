@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Settings of any bytes: every reading ends, and a change of one key leaves the rest as it was.
+// Settings of any bytes: every reading ends, and a change of one key keeps the rest.
 
 #include "FuzzFolder.h"
 #include "ProcessTables.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The journal of an interrupted save, of any bytes: recovery ends, and touches no file outside the project, none that a
-// save doesn't write, and none that has no new content waiting beside it.
+// The journal of an interrupted save, of any bytes: recovery ends, and changes no file outside of the project, none
+// that a save doesn't write, and none without new content beside it.
 
 #include "FuzzFolder.h"
 #include "ProjectSave.h"
@@ -22,7 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const quint8 *data, size_t size)
     static const std::unique_ptr<Environment> env = folder.Program({});
     folder.Put("demo/res/demo.res.xml", "list");
     folder.Put("demo/ResID/ResID.h", "old header");
-    folder.Put("demo/ResID/.ResID.h.1-0", "new header"); // process 1 is always there
+    folder.Put("demo/ResID/.ResID.h.1-0", "new header"); // process 1 always exists
     folder.Put("demo/demo.c", "source");
     folder.Put("demo/.demo.c.1-0", "new source");
     folder.Put("outside", "the user's");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A resource list of any bytes: it loads or it doesn't, and what has loaded can be saved and loads again.
+// A resource list of any bytes: it loads or it doesn't, and a loaded list can be saved and loads again.
 
 #include "CResDoc.h"
 #include "FuzzFolder.h"
@@ -7,7 +7,7 @@
 #include "ProjectContext.h"
 #include "Xml.h"
 
-/// The number of IDs that a load gives, or -1 where it fails or there are strings, whose file isn't there to be saved.
+/// Returns the number of IDs after a load, or -1 if it fails or there are strings, whose file doesn't exist.
 static int Load(Environment &env, const QString &path, bool save)
 {
     static ProcessTables tables;
@@ -43,7 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const quint8 *data, size_t size)
     const QString path = folder.Path("demo/demo.vcproj");
     const int count = Load(*env, path, true);
     const int again = count >= 0 ? Load(*env, path, false) : count;
-    // Names that are no text may become equal.
+    // Names that aren't valid text may become equal.
     if (again != count && (again < 0 || bytes.isValidUtf8()))
         std::abort();
     return 0;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A string file whose first byte says in what pieces it arrives. Reads it into an empty project and once more over the
-// result, writes the table and reads that into another project; aborts when that one isn't the same table.
+// A string file; its first byte selects the sizes of the pieces in which it arrives. Reads it into an empty project and
+// again over the result, writes the table and reads that into another project. Aborts if the tables differ.
 #include "Environment.h"
 #include "HostFiles.h"
 #include "ResModel.h"
@@ -60,7 +60,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     static Environment env(QStringLiteral("/nonexistent"));
     static ProcessTables tables;
-    // In memory where that can be, since every run writes.
+    // In memory if possible, since every run writes.
     static const QString output = QStringLiteral("%1/morvanite_fuzz_strings_%2")
                                       .arg(QLatin1String(access("/dev/shm", W_OK) == 0 ? "/dev/shm" : "/tmp"))
                                       .arg(getpid());

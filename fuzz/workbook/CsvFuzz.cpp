@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A .csv file. Writes what was read and reads it again; aborts when that gives other texts.
+// A .csv file. Writes the texts that were read and reads them again; aborts if they differ.
 #include "SheetTexts.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)

@@ -12,7 +12,7 @@ inline void Require(bool condition)
         std::abort();
 }
 
-/// A sheet that was read, to be written again: the corner of it at the top left.
+/// The upper left part of a sheet that was read, as the source of a new one.
 class SheetTexts : public ISheetSource
 {
 public:
@@ -33,8 +33,8 @@ private:
     std::vector<QStringView> views;
 };
 
-/// Writes a sheet that was read, and aborts when reading that gives others than these texts. In a format that can't
-/// hold all of them some characters may have become U+FFFD.
+/// Writes a sheet that was read, and aborts if it doesn't read back with the same texts. In a format that can't hold
+/// all of them, some characters may have become U+FFFD.
 inline void RequireSameAgain(const Sheet &sheet, size_t columns, bool canHoldAll,
                              WorkbookResult write(ISheetSource &, std::FILE *),
                              WorkbookResult read(const QByteArray &, Sheet &))

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// An .xls file, or the stream in one when the signature of the container is missing. Reads it, writes what was read and
-// reads that; aborts when it isn't the same table.
+// An .xls file, or only its stream if the signature of the container is missing. Reads it, writes what was read and
+// reads that; aborts if the tables differ.
 #include "CompoundFile.h"
 #include "SheetTexts.h"
 
@@ -20,7 +20,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const WorkbookResult result = ReadXls(file, sheet);
     Require(result.HasFailed() != result.reason.isEmpty());
     sheet.Finish();
-    constexpr quint32 FEW_ROWS = 100; // so that most of the time isn't spent on empty ones
+    constexpr quint32 FEW_ROWS = 100; // otherwise most of the time would be spent on empty rows
     if (!result.HasFailed() && sheet.EndRow() < FEW_ROWS)
         RequireSameAgain(sheet, /*columns=*/256, /*canHoldAll=*/true, WriteXls, ReadXls);
     return 0;

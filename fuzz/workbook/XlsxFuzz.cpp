@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// An .xlsx file; or, so that mutations get behind the checksums, what its parts hold: the shared strings, the sheet,
-// the workbook and its relationships, with a zero between them. Writes some of what was read and reads it again; aborts
-// when that gives other texts.
+// An .xlsx file. Or, so that mutations aren't stopped by the checksums, the contents of its parts: the shared strings,
+// the sheet, the workbook and its relationships, with a zero between them. Sometimes writes what was read and reads it
+// again; aborts if the texts differ.
 #include "PackageBuilder.h"
 #include "SheetTexts.h"
 
@@ -31,7 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const WorkbookResult result = ReadXlsx(input.startsWith("PK") ? input : PackageOf(input), sheet);
     Require(result.HasFailed() != result.reason.isEmpty());
     sheet.Finish();
-    if (++runs % 64 == 0) // writing takes far longer
+    if (++runs % 64 == 0) // writing takes much longer
         RequireSameAgain(sheet, /*columns=*/20, /*canHoldAll=*/false, WriteXlsx, ReadXlsx);
     return 0;
 }

@@ -78,7 +78,7 @@ typedef struct application
 
 static const char *explain(morvanite_result result)
 {
-    return result == MORVANITE_NOT_FOUND ? "not there" : "damaged";
+    return result == MORVANITE_NOT_FOUND ? "not found" : "damaged";
 }
 
 static int fail(const char *what, morvanite_result result)
@@ -94,7 +94,7 @@ static int open_resources(application *app, const uint8_t *file, uint32_t size)
     uint32_t offset;
     morvanite_result result = morvanite_find_section(file, size, &section, &section_size, &offset);
     if (result == MORVANITE_NOT_FOUND) {
-        fputs("weatherclock: this program carries no resources; pack them into it with morvanite-cli pack\n", stderr);
+        fputs("weatherclock: this program contains no resources; run morvanite-cli pack to add them\n", stderr);
         return -1;
     }
     if (result == MORVANITE_OK)

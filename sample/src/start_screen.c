@@ -110,7 +110,7 @@ int start_screen_show(const morvanite_payload *payload, const morvanite_language
     if (result == MORVANITE_OK)
         result = morvanite_open_layout(&item, &layout);
     if (result == MORVANITE_OK && layout.table != LAYOUT_TABLE) {
-        fputs("weatherclock: the start screen was made with another catalogue than this program\n", stderr);
+        fputs("weatherclock: the start screen was made with a different catalogue than this program\n", stderr);
         return -1;
     }
     if (result == MORVANITE_OK) {
@@ -118,6 +118,6 @@ int start_screen_show(const morvanite_payload *payload, const morvanite_language
         result = show_components(&where, &layout.top);
     }
     if (result != MORVANITE_OK)
-        fprintf(stderr, "weatherclock: ID_LAYOUT_START: %s\n", result == MORVANITE_NOT_FOUND ? "not there" : "damaged");
+        fprintf(stderr, "weatherclock: ID_LAYOUT_START: %s\n", result == MORVANITE_NOT_FOUND ? "not found" : "damaged");
     return result == MORVANITE_OK ? 0 : -1;
 }

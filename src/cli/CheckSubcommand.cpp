@@ -4,8 +4,10 @@
 #include "CheckProject.h"
 #include "FileFault.h"
 #include "HostFiles.h"
+#include "LazyPictures.h"
 #include "LoadRules.h"
 #include "Paths.h"
+#include "ProjectSave.h"
 #include "RuleReport.h"
 #include "Rules.h"
 #include "ScreenSize.h"
@@ -30,12 +32,12 @@ public:
         CLI::Option *projectOption = subcommand->add_option("PROJECT", project, "The project's .vcproj file");
         subcommand->add_option("--format", format, "The form of the findings: text, json or sarif")
             ->check(CLI::IsMember({"text", "json", "sarif"}))
-            ->type_name("FORMAT");
+            ->type_name("text|json|sarif");
         subcommand->add_option("-o,--output", output, "Write the findings to a file instead of standard output")
             ->type_name("FILE");
         subcommand->add_option("--fail-on", failOn, "End with 1 for a finding of this level or above (default: error)")
             ->check(CLI::IsMember({"error", "warning", "note", "never"}))
-            ->type_name("LEVEL");
+            ->type_name("error|warning|note|never");
         subcommand->add_option("--rule", rules, "Run only this rule; can be repeated")->type_name("RULE");
         subcommand->add_option("--resolution", resolutions, "Check only this screen, such as 240x320; can be repeated")
             ->type_name("WxH");
@@ -108,8 +110,13 @@ private:
         const Notifier<const Finding &>::Listener listener(
             session.env.found, [&loaded](const Finding &finding) { loaded.push_back(finding); });
         session.handler.idleOutput = [](QStringView) {};
-        const auto explainer = std::exchange(session.env.explain, [](const QString &) {});
-        auto *const document = static_cast<CResDoc *>(session.documents.OpenDocumentFile(path));
+        QStringList explained;
+        const auto explainer =
+            std::exchange(session.env.explain, [&explained](const QString &text) { explained.append(text); });
+        // Opening would finish a save that was interrupted, and a check writes nothing.
+        auto *const document = HasInterruptedSave(session.env, path)
+                                   ? nullptr
+                                   : static_cast<CResDoc *>(session.documents.OpenDocumentFile(path));
         session.env.explain = explainer;
 
         std::vector<Finding> ofSettings;
@@ -119,10 +126,11 @@ private:
         if (document) {
             const TextContext texts(*document, settings);
             result.languages = texts.Languages();
-            result.findings = CheckProject(
-                {*document, settings, texts, loaded, screens.empty() ? settings.target : screens, headerPath});
+            result.findings =
+                CheckProject({*document, settings, texts, loaded, screens.empty() ? settings.target : screens,
+                              headerPath, CountAlphaOfPicture});
         } else {
-            result.findings = CheckUnopened(session.env, session.tables, path, settings, loaded);
+            result.findings = CheckUnopened(session.env, session.tables, path, settings, loaded, explained);
         }
         AddFindings(result, settings, std::move(ofSettings));
         return ApplyBaseline(result, settings);

@@ -46,8 +46,9 @@ QString WriteDepfile(const QString &path, const QByteArray &target, std::vector<
     inputs.push_back(target);
     const auto bad = std::find_if_not(inputs.begin(), inputs.end(), CanBeWritten);
     if (bad != inputs.end())
-        return QStringLiteral("%1 wasn't written: a dependency file can't have the name %2, with a semicolon, a bar, a "
-                              "tab, a line end or a backslash at its end; rename the file")
+        return QStringLiteral("%1 was not written: it would have to name the file %2, and a dependency file can't "
+                              "contain a name with a semicolon, a vertical bar, a tab or a line break, or with a "
+                              "backslash at its end; rename that file")
             .arg(path, QString::fromUtf8(*bad));
     const int error = WriteFileAtomically(path, text + '\n', IfDevice::WriteThrough);
     return error == 0 ? QString()

@@ -16,19 +16,18 @@ public:
     CLI::App *Add(CLI::App &app) override
     {
         CLI::App *subcommand =
-            app.add_subcommand("headers", "Write a project's headers into a folder, and nothing into the project");
-        subcommand->add_option("PROJECT", project, "The project's .vcproj file")->required();
+            app.add_subcommand("headers", "Write a project's headers to a folder without changing the project");
+        AddProject(*subcommand, project);
         CLI::Option *outputOption =
-            subcommand->add_option("--output", folder, "The folder; made when missing")->type_name("DIR");
+            subcommand->add_option("--output", folder, "Write the headers to DIR, which is created if necessary")
+                ->type_name("DIR");
         CLI::Option *listOption =
-            subcommand->add_flag("--list", isList, "Only list the headers' names, as far as the settings decide them");
+            subcommand->add_flag("--list", isList, "Only list the names of the headers that the settings determine");
         listOption->excludes(outputOption);
-        CLI::Option *depfileOption =
-            subcommand->add_option("--depfile", depfile, "Write the files that were read, for make or ninja")
-                ->type_name("FILE");
+        CLI::Option *depfileOption = subcommand->add_option("--depfile", depfile, DEPFILE_HELP)->type_name("FILE");
         subcommand
             ->add_option("--depfile-target", depfileTarget,
-                         "What the depfile says is made of them (default: the header of the IDs)")
+                         "The target in the depfile (default: the header of the IDs)")
             ->type_name("NAME")
             ->needs(depfileOption);
         return subcommand;
@@ -40,7 +39,7 @@ public:
         if (isList)
             return List(session, path);
         if (folder.empty()) {
-            Complain(QStringLiteral("headers needs --output DIR, or --list"));
+            Complain(QStringLiteral("headers needs --output DIR or --list"));
             return EXIT_WRONG_USE;
         }
         const QString output = AbsolutePath(folder); // opening a project changes the current folder
@@ -74,7 +73,7 @@ private:
     [[nodiscard]] int WriteDependencies(const HeaderFolder &headers, const QString &path) const
     {
         if (const QString file = headers.FileThatIs(path); !file.isEmpty()) {
-            Complain(QStringLiteral("%1 is not written, since it is the same file as %2").arg(path, file));
+            Complain(QStringLiteral("%1 is not written because it is the same file as %2").arg(path, file));
             return EXIT_FAILED;
         }
         std::vector<QByteArray> inputs;

@@ -1,5 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "FileFault.h"
+#include "HostFiles.h"
 #include "IDGen.h"
+#include "IdComparison.h"
+#include "IdNumbers.h"
+#include "JsonWriter.h"
 #include "ProjectLayouts.h"
 #include "Session.h"
 #include "SortedIds.h"
@@ -13,14 +18,25 @@ class IdsSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand = app.add_subcommand("ids", "List a project's IDs with their numbers, sorted by name");
-        subcommand->add_option("PROJECT", project, "The project's .vcproj file")->required();
+        CLI::App *subcommand = app.add_subcommand("ids", "List a project's IDs and their numbers, sorted by name");
+        AddProject(*subcommand, project);
+        subcommand
+            ->add_option(
+                "--against", oldHeader,
+                "List what differs from the numbers of an earlier header; exit with 1 if one of its numbers has "
+                "changed or is gone")
+            ->type_name("FILE");
+        subcommand->add_flag("--json", json, JSON_HELP);
         return subcommand;
     }
 
     int Run(Session &session) override
     {
-        CResDoc *document = session.OpenQuietly(AbsolutePath(project));
+        const QString path = AbsolutePath(project);
+        IdNumbers old;
+        if (!oldHeader.empty() && !ReadHeader(AbsolutePath(oldHeader), old)) // opening changes the current folder
+            return EXIT_WRONG_USE;
+        CResDoc *document = session.OpenQuietly(path);
         if (!document)
             return EXIT_FAILED;
         const QStringList missing = MissingLayouts(*document);
@@ -32,21 +48,122 @@ public:
             Complain(QString::fromStdString(project) + QStringLiteral(": more IDs of one kind than there are numbers"));
             return EXIT_FAILED;
         }
-        const IDRecord *last = nullptr;
-        for (const IDRecord *record : SortedIds(document->ids)) {
-            if (!last || last->name != record->name)
-                session.report.WriteBytes(document->env.Shown(record->name) + '\t' + QByteArray::number(record->value) +
-                                          '\n');
-            last = record;
+        const std::vector<IDRecord *> sorted = SortedIds(document->ids);
+        int status = EXIT_FINE;
+        if (oldHeader.empty()) {
+            session.report.WriteBytes(List(*document, sorted));
+        } else {
+            const IdComparison compared = CompareIds(old, sorted);
+            session.report.WriteBytes(json ? ComparisonJson(document->env, compared)
+                                           : ComparisonText(document->env, compared));
+            status = compared.IsSame() ? EXIT_FINE : EXIT_FAILED;
         }
         const QStringList leftOut = LeftOutLayouts(*document);
         for (const QString &reason : leftOut)
             Complain(reason + QStringLiteral("; the IDs are numbered without it"));
-        return session.StatusAfter(leftOut.isEmpty() ? EXIT_FINE : EXIT_FAILED);
+        return session.StatusAfter(leftOut.isEmpty() ? status : EXIT_FAILED);
     }
 
 private:
+    [[nodiscard]] static bool ReadHeader(const QString &path, IdNumbers &numbers)
+    {
+        QByteArray bytes;
+        if (const int error = ReadFile(path, bytes)) {
+            Complain(WhyNotRead(path, error));
+            return false;
+        }
+        numbers.Read(bytes);
+        if (numbers.All().empty())
+            Complain(QStringLiteral("--against %1: there is no line \"#define NAME NUMBER\" in it").arg(path));
+        return !numbers.All().empty();
+    }
+
+    [[nodiscard]] QByteArray List(const CResDoc &document, const std::vector<IDRecord *> &sorted) const
+    {
+        QByteArray bytes;
+        JsonWriter writer(bytes);
+        if (json)
+            BeginList(writer, "ids");
+        const IDRecord *last = nullptr;
+        for (const IDRecord *record : sorted) {
+            if (last && last->name == record->name)
+                continue;
+            last = record;
+            const QByteArray name = document.env.Shown(record->name);
+            if (json)
+                WriteId(writer, name, {{"number", record->value}});
+            else
+                bytes += name + '\t' + QByteArray::number(record->value) + '\n';
+        }
+        if (!json)
+            return bytes;
+        writer.EndArray();
+        writer.EndObject();
+        return bytes + '\n';
+    }
+
+    static QByteArray ComparisonText(const Environment &env, const IdComparison &compared)
+    {
+        QByteArray bytes;
+        for (const IdComparison::Old &id : compared.changed)
+            bytes += "changed\t" + env.Shown(id.name) + '\t' + QByteArray::number(id.before) + '\t' +
+                     QByteArray::number(*id.now) + '\n';
+        for (const IdComparison::Old &id : compared.gone)
+            bytes += "gone\t" + env.Shown(id.name) + '\t' + QByteArray::number(id.before) + '\n';
+        for (const IdComparison::New &id : compared.added) {
+            bytes += "new\t" + env.Shown(id.name) + '\t' + QByteArray::number(id.number);
+            bytes += id.moved > 0 ? "\tmoved " + QByteArray::number(id.moved) + '\n' : QByteArray("\n");
+        }
+        return bytes;
+    }
+
+    static QByteArray ComparisonJson(const Environment &env, const IdComparison &compared)
+    {
+        QByteArray bytes;
+        JsonWriter writer(bytes);
+        BeginList(writer, "changed");
+        for (const IdComparison::Old &id : compared.changed)
+            WriteId(writer, env.Shown(id.name), {{"before", id.before}, {"now", *id.now}});
+        writer.EndArray();
+        writer.Key("gone");
+        writer.BeginArray();
+        for (const IdComparison::Old &id : compared.gone)
+            WriteId(writer, env.Shown(id.name), {{"before", id.before}});
+        writer.EndArray();
+        writer.Key("new");
+        writer.BeginArray();
+        for (const IdComparison::New &id : compared.added)
+            WriteId(writer, env.Shown(id.name), {{"number", id.number}, {"moved", id.moved}});
+        writer.EndArray();
+        writer.EndObject();
+        return bytes + '\n';
+    }
+
+    static void BeginList(JsonWriter &writer, const char *key)
+    {
+        writer.BeginObject();
+        writer.Key("version");
+        writer.Number(1);
+        writer.Key(key);
+        writer.BeginArray();
+    }
+
+    static void WriteId(JsonWriter &writer, const QByteArray &name,
+                        std::initializer_list<std::pair<const char *, qint64>> numbers)
+    {
+        writer.BeginObject();
+        writer.Key("id");
+        writer.String(QString::fromUtf8(name));
+        for (const auto &[key, number] : numbers) {
+            writer.Key(key);
+            writer.Number(number);
+        }
+        writer.EndObject();
+    }
+
     std::string project;
+    std::string oldHeader;
+    bool json = false;
 };
 
 } // namespace

@@ -11,11 +11,12 @@ class InspectSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand =
-            app.add_subcommand("inspect", "Show what a packed application, side file or DLL-side file holds");
-        subcommand->add_option("FILE", file, "A file that a pack has made")->required();
-        subcommand->add_flag("--json", json, "As JSON");
-        subcommand->add_option("--extract", folder, "Write each entry, item and language to a file below DIR")
+        CLI::App *subcommand = app.add_subcommand("inspect", "Show the contents of a packed file");
+        subcommand->add_option("FILE", file, "A packed application, a side file or a DLL-side file")
+            ->type_name("")
+            ->required();
+        subcommand->add_flag("--json", json, JSON_HELP);
+        subcommand->add_option("--extract", folder, "Write each entry, item and language to its own file in DIR")
             ->type_name("DIR");
         return subcommand;
     }

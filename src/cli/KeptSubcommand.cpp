@@ -11,13 +11,11 @@ class KeptSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand =
-            app.add_subcommand("kept", "List the files that a save replaced and kept a copy of, or put them back");
-        subcommand->add_option("PROJECT", project, "The project's .vcproj file")->required();
+        CLI::App *subcommand = app.add_subcommand("kept", "List or restore the copies of files that saves replaced");
+        AddProject(*subcommand, project);
         subcommand
-            ->add_option("--restore", number,
-                         "Put the files of the entry with this number back; what they replace becomes an entry")
-            ->type_name("N")
+            ->add_option("--restore", number, "Restore the files of an entry, and keep the files that they replace")
+            ->type_name("ENTRY")
             ->check(CLI::PositiveNumber);
         return subcommand;
     }

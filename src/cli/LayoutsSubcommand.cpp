@@ -18,10 +18,10 @@ class LayoutsSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand = app.add_subcommand("layouts", "List a project's layouts with their components");
-        subcommand->add_option("PROJECT", project, "The project's .vcproj file")->required();
-        subcommand->add_flag("--json", json, "As JSON");
-        subcommand->add_flag("--check", check, "List what is wrong in the layouts instead");
+        CLI::App *subcommand = app.add_subcommand("layouts", "List a project's layouts and their components");
+        AddProject(*subcommand, project);
+        subcommand->add_flag("--json", json, JSON_HELP);
+        subcommand->add_flag("--check", check, "List the errors in the layouts instead");
         return subcommand;
     }
 
@@ -32,9 +32,8 @@ public:
         if (!document)
             return EXIT_FAILED;
         if (!document->root.FindFolder(KIND_LAYOUTS, 1)) {
-            Complain(QStringLiteral("the settings leave layouts out: see the key folders of section Layout in "
-                                    "morvanite.ini beside the project, or "
-                                    "in Morvanite.ini"));
+            Complain(QStringLiteral("the settings turn layouts off; to turn them on, set folders=1 in section Layout "
+                                    "of morvanite.ini beside the project, or of Morvanite.ini"));
             return EXIT_FAILED;
         }
         return check ? Check(session, *document) : List(session, *document);
@@ -52,9 +51,8 @@ private:
     {
         const std::vector<CheckedLayoutFile> files = CheckLayoutsOf(document);
         if (!document.classes->loaded && CataloguePath(document.env).isEmpty())
-            Complain(
-                QStringLiteral("without a catalogue (section Layout of Morvanite.ini) classes, properties and values "
-                               "aren't checked"));
+            Complain(QStringLiteral("classes, properties and values are not checked because there is no catalogue (key "
+                                    "catalogue in section Layout of Morvanite.ini)"));
         session.report.WriteBytes(json ? AsJson(files) : AsText(files));
         return session.StatusAfter(files.empty() && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED);
     }

@@ -12,9 +12,9 @@ class LoadSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand = app.add_subcommand("load", "Open a project and report what is wrong with it");
-        subcommand->add_option("PROJECT", project, "The project's .vcproj file")->required();
-        CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, "Let the running window do it");
+        CLI::App *subcommand = app.add_subcommand("load", "Open a project and report its errors");
+        AddProject(*subcommand, project);
+        CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
         subcommand->add_flag("--strict", strict, STRICT_HELP)->excludes(remoteOption);
         return subcommand;
     }

@@ -118,7 +118,8 @@ void OutputPump::Keep(const QByteArray &whole)
 void OutputPump::TellDropped()
 {
     if (dropped > 0)
-        kept += "morvanite-cli: " + QByteArray::number(dropped) + " lines are missing here: nobody read them in time\n";
+        kept +=
+            "morvanite-cli: " + QByteArray::number(dropped) + " lines are missing here: they were not read in time\n";
     dropped = 0;
 }
 

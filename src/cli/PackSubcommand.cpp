@@ -18,27 +18,36 @@ class PackSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand = app.add_subcommand("pack", "Pack a project's resources into an application file");
-        subcommand->add_option("PROJECT", project, "The project's .vcproj file")->required();
-        subcommand->add_option("--input", input, "The application file as built; it isn't changed")->required();
-        subcommand->add_option("--output", output, "The file to make (default: the input's name and \".pkd\")");
-        subcommand->add_option("--resolution", resolution, "The device's screen, such as 240x320")->required();
-        subcommand->add_option("--target", target, "What the application file is: axf (ELF) or dll")->required();
-        subcommand->add_option("--convert-images", convertImages, "Not 0: convert images into the device's format");
-        subcommand->add_option("--ver", version, "A version number for the log");
-        CLI::Option *depfileOption =
-            subcommand->add_option("--depfile", depfile, "Write the files that were read, for make or ninja")
-                ->type_name("FILE");
+        CLI::App *subcommand =
+            app.add_subcommand("pack", "Pack a project's resources into a copy of an application file");
+        AddProject(*subcommand, project);
+        subcommand->add_option("--input", input, "The application file; it isn't changed")
+            ->type_name("FILE")
+            ->required();
+        subcommand->add_option("--output", output, "The file to write (default: the input's name and \".pkd\")")
+            ->type_name("FILE");
+        subcommand->add_option("--resolution", resolution, "The screen size of the device, such as 240x320")
+            ->type_name("WxH")
+            ->required();
+        subcommand->add_option("--target", target, "The format of the application file; axf is ELF")
+            ->type_name("axf|dll")
+            ->required();
+        subcommand
+            ->add_option("--convert-images", convertImages,
+                         "Convert the pictures to the device's format unless N is 0 (default: 0)")
+            ->type_name("N");
+        subcommand->add_option("--ver", version, "The version number in the developer's log")->type_name("N");
+        CLI::Option *depfileOption = subcommand->add_option("--depfile", depfile, DEPFILE_HELP)->type_name("FILE");
         CLI::Option *strictOption = subcommand->add_flag("--strict", strict, STRICT_HELP);
         CLI::Option *tempOption =
-            subcommand->add_option("--temp", temp, "Put temporary files there, and none beside the sources")
+            subcommand->add_option("--temp", temp, "Write temporary files to DIR instead of beside the sources")
                 ->type_name("DIR");
         CLI::Option *headersOption =
             subcommand
                 ->add_option("--headers", headers,
-                             "The folder that the headers were written to (default: where a save writes them)")
+                             "The folder with the headers (default: the folder that a save writes them to)")
                 ->type_name("DIR");
-        CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, "Let the running window do it");
+        CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
         for (CLI::Option *option : {depfileOption, strictOption, tempOption, headersOption})
             remoteOption->excludes(option);
         return subcommand;
@@ -109,7 +118,7 @@ private:
             isWhole = isWhole && !strict;
         }
         if (!isWhole)
-            session.env.ExplainFailure(QStringLiteral("the pack is strict, so nothing is written"));
+            session.env.ExplainFailure(QStringLiteral("nothing is written because of --strict"));
         return isWhole;
     }
 

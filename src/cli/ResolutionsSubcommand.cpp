@@ -10,7 +10,7 @@ class ResolutionsSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        return app.add_subcommand("resolutions", "List the screen sizes that a project can have pictures for");
+        return app.add_subcommand("resolutions", "List the screen sizes of the settings");
     }
 
     int Run(Session &session) override

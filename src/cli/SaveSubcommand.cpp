@@ -12,11 +12,9 @@ class SaveSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand =
-            app.add_subcommand("save", "Open a project, number its IDs, write its headers and files");
-        subcommand->add_option("PROJECT", project, "The project's .vcproj file")->required();
-        CLI::Option *remoteOption =
-            subcommand->add_flag("--remote", remote, "Let the running window save the project that it has open");
+        CLI::App *subcommand = app.add_subcommand("save", "Number a project's IDs and save its headers and files");
+        AddProject(*subcommand, project);
+        CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
         subcommand->add_flag("--strict", strict, STRICT_HELP)->excludes(remoteOption);
         return subcommand;
     }

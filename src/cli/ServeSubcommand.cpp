@@ -67,10 +67,10 @@ class ServeSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand = app.add_subcommand("serve", "Take commands of IDEs without a window, until SIGTERM");
+        CLI::App *subcommand = app.add_subcommand("serve", "Run the commands of IDEs without a window, until SIGTERM");
         subcommand
             ->add_option("--idle-close", idleMinutes,
-                         "Close a project without changes that no command has used for so many minutes; 0: never")
+                         "Close an unchanged project after so many minutes without a command; 0: never")
             ->type_name("MINUTES")
             ->capture_default_str()
             ->check(CLI::Range(0, MOST_MINUTES));
@@ -91,7 +91,7 @@ public:
             try {
                 answer = handler.Handle(id, record);
             } catch (const std::bad_alloc &) { // the next command may need less
-                Complain(QStringLiteral("a command ran out of memory"));
+                Complain(QStringLiteral("there was not enough memory for a command"));
             }
             if (const auto project = ParseCommandRecord(record)) // every record begins with the project
                 idle.Used(project->projectPath, Clock::now());

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "CodePoints.h"
 #include "OpeningReport.h"
 #include "ProjectSave.h"
 #include "Session.h"
@@ -11,6 +12,7 @@
 #include <QJsonObject>
 
 #include <optional>
+#include <set>
 
 namespace
 {
@@ -51,19 +53,25 @@ class StringsSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand =
-            app.add_subcommand("strings", "Exchange the string table with a workbook, or count its texts");
+        CLI::App *subcommand = app.add_subcommand("strings", "Export, import or count the strings of a project");
         subcommand->require_subcommand(1);
-        exporting = subcommand->add_subcommand("export", "Write the string table into a workbook (.xls, .xlsx, .csv)");
-        importing = subcommand->add_subcommand("import", "Fill the string table from a workbook, and save the project");
-        stats = subcommand->add_subcommand("stats", "Tell for each language how many texts are there");
-        for (CLI::App *sub : {exporting, importing, stats})
-            sub->add_option("PROJECT", project, "The project's .vcproj file")->required();
+        exporting = subcommand->add_subcommand("export", "Write the string table to a workbook (.xls, .xlsx or .csv)");
+        importing = subcommand->add_subcommand("import", "Fill the string table from a workbook and save the project");
+        stats = subcommand->add_subcommand("stats", "Count the texts of each language");
+        codePoints = subcommand->add_subcommand("codepoints", "List the characters that the texts use");
+        for (CLI::App *sub : {exporting, importing, stats, codePoints})
+            AddProject(*sub, project);
         for (CLI::App *sub : {exporting, importing})
-            sub->add_option("FILE", file, "The workbook; the extension of its name says what it is")->required();
-        importing->add_flag("--dry-run", dryRun, "Change nothing; tell what would become of each text of the sheet");
+            sub->add_option("FILE", file, "The workbook; its extension selects the format")->type_name("")->required();
+        importing->add_flag("--dry-run", dryRun, "Change nothing; show what would happen to each text");
         importing->add_flag("--strict", strict, STRICT_HELP);
-        stats->add_flag("--json", json, "As JSON");
+        stats->add_flag("--json", json, JSON_HELP);
+        codePoints->add_option("--language", languages, "Only this language, by name or number (default: all)")
+            ->type_name("LANGUAGE");
+        codePoints->add_option("--format", format, "The form of the list: one a line, ranges, or a table in C")
+            ->check(CLI::IsMember({"list", "ranges", "c"}))
+            ->type_name("list|ranges|c")
+            ->default_str("list");
         return subcommand;
     }
 
@@ -81,6 +89,8 @@ public:
         session.handler.idleOutput = [&session](QStringView text) { session.report.Write(text); };
         if (*stats)
             return PrintStats(session, *document);
+        if (*codePoints)
+            return PrintCodePoints(session, *document);
         return *exporting ? Export(session, *document, workbook) : Import(session, *document, workbook);
     }
 
@@ -97,11 +107,34 @@ private:
         return Finish(session, ExportSpreadsheet(document, workbook));
     }
 
+    int PrintCodePoints(Session &session, const CResDoc &document) const
+    {
+        CodePoints points;
+        std::set<std::string> unknown(languages.begin(), languages.end());
+        int rows = 0;
+        for (const LanguageStats &language : StringStats(document, rows)) {
+            const bool isNamed = unknown.erase(language.name.toStdString()) != 0;
+            const bool isNumbered = unknown.erase(std::to_string(language.number)) != 0;
+            if (isNamed || isNumbered || languages.empty())
+                points.Add(CodePointsOf(document, language.number));
+        }
+        for (const std::string &language : unknown)
+            Complain(QStringLiteral("--language %1: the project has no such language")
+                         .arg(QString::fromStdString(language)));
+        if (!unknown.empty())
+            return EXIT_WRONG_USE;
+        const CodePointFormat form = format == "c"        ? CodePointFormat::C
+                                     : format == "ranges" ? CodePointFormat::Ranges
+                                                          : CodePointFormat::List;
+        session.report.WriteBytes(CodePointsText(points, form));
+        return session.StatusAfter(EXIT_FINE);
+    }
+
     int Import(Session &session, CResDoc &document, const QString &workbook) const
     {
         if (session.env.ErrorCount > 0 && !dryRun) {
-            Complain(QStringLiteral("the project has errors, told above, and saving it would leave out what they are "
-                                    "about; nothing is imported. Mend them first"));
+            Complain(QStringLiteral("the project has the errors above, and a save would drop the elements that they "
+                                    "name, so nothing is imported; fix the errors first"));
             return EXIT_FAILED;
         }
         FateList fates(session.report);
@@ -114,7 +147,7 @@ private:
             return status;
         if (document.TakeInChanges() != CResDoc::Outside::None) {
             Complain(document.PathName() +
-                     QStringLiteral(": its files were changed during the import; nothing is saved: import again"));
+                     QStringLiteral(": its files changed during the import, so nothing is saved; import again"));
             return EXIT_FAILED;
         }
         import->Plan().Apply();
@@ -136,7 +169,7 @@ private:
         const QStringList &cells = plan.Refused();
         if (cells.isEmpty())
             return true;
-        Complain(QStringLiteral("a string can't hold a tab or a line end; nothing is saved. Mend %1%2")
+        Complain(QStringLiteral("a string can't contain a tab or a line break, so nothing is saved; fix %1%2")
                      .arg(cells.first(qMin(cells.size(), SHOWN)).join(QStringLiteral(", ")),
                           cells.size() > SHOWN ? QStringLiteral(" and %1 more").arg(cells.size() - SHOWN) : QString()));
         return false;
@@ -176,6 +209,9 @@ private:
     bool strict = false;
     CLI::App *exporting = nullptr;
     CLI::App *importing = nullptr;
+    CLI::App *codePoints = nullptr;
+    std::vector<std::string> languages;
+    std::string format = "list";
     CLI::App *stats = nullptr;
 };
 

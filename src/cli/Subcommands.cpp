@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Subcommands.h"
 
+#include "CommandLineCompletion.h"
+#include "CommandLineDescription.h"
 #include "Session.h"
 #include "SignalCleanup.h"
 #include "TypedText.h"
@@ -8,7 +10,10 @@
 #include <QFileInfo>
 
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
+#include <string_view>
 #include <unistd.h>
 
 std::vector<std::unique_ptr<ISubcommand>> AllSubcommands()
@@ -29,25 +34,60 @@ std::vector<std::unique_ptr<ISubcommand>> AllSubcommands()
     return subcommands;
 }
 
+void AddProject(CLI::App &subcommand, std::string &project)
+{
+    subcommand.add_option("PROJECT", project, "The project's .vcproj file")->type_name("")->required();
+}
+
 namespace
 {
 
+/// The words that the help doesn't show, for the build and for the completion of a shell. Each must be the first word.
+constexpr std::string_view DESCRIBE = "--describe";
+constexpr std::string_view COMPLETE = "--complete";
+
+/// Prints the candidates for the last word. Never writes to standard error, which the user would see while typing.
+int Complete(const CLI::App &app, int argc, char **argv)
+{
+    dup2(open("/dev/null", O_WRONLY | O_CLOEXEC), STDERR_FILENO);
+    StandardOutput output(STDOUT_FILENO);
+    output.WriteBytes(QByteArray::fromStdString(CommandLineCompletion(app).Candidates({argv + 2, argv + argc})));
+    return EXIT_FINE;
+}
+
+int Describe(const CLI::App &app)
+{
+    StandardOutput output(STDOUT_FILENO);
+    output.WriteBytes(CommandLineDescription::Of(app));
+    output.Flush();
+    return output.IsBroken() ? EXIT_FAILED : EXIT_FINE;
+}
+
 int ParseAndRun(int argc, char **argv)
 {
-    CLI::App app{"Morvanite: manages, numbers and packs the resources of applications on small devices.",
-                 "morvanite-cli"};
-    app.set_version_flag("--version", std::string("morvanite-cli ") + MORVANITE_VERSION);
+    CLI::App app{"Manage, number and pack the resources of applications for small devices", "morvanite-cli"};
+    app.set_help_flag("-h,--help", "Show the options and exit");
+    app.set_version_flag("--version", std::string("morvanite-cli ") + MORVANITE_VERSION, "Show the version and exit");
     std::string debugLog;
-    app.add_option("--debug-log", debugLog, "Append the developer's log to a file; \"-\" is standard error")
+    app.add_option("--debug-log", debugLog, "Append the developer's log to FILE (\"-\": standard error)")
         ->envname("MORVANITE_DEBUG_LOG")
         ->type_name("FILE");
     std::string configFolder;
     const CLI::Option *settings =
-        app.add_option("--settings", configFolder,
-                       "A folder with settings in morvanite/Morvanite.ini, in place of the user's configuration folder")
+        app.add_option("--settings", configFolder, "Read the user's settings from DIR/morvanite/Morvanite.ini")
             ->type_name("DIR");
     app.require_subcommand(1);
     app.fallthrough();
+
+    ISubcommand *chosen = nullptr;
+    const auto subcommands = AllSubcommands();
+    for (const auto &subcommand : subcommands)
+        subcommand->Add(app)->callback([&chosen, &subcommand] { chosen = subcommand.get(); });
+    const std::string_view first = argc > 1 ? argv[1] : "";
+    if (first == COMPLETE)
+        return Complete(app, argc, argv);
+    if (first == DESCRIBE)
+        return Describe(app);
 
     for (int i = 1; i < argc; ++i) {
         if (const QString why = WhyNotUsable(argv[i]); !why.isEmpty()) {
@@ -55,10 +95,6 @@ int ParseAndRun(int argc, char **argv)
             return EXIT_WRONG_USE;
         }
     }
-    ISubcommand *chosen = nullptr;
-    const auto subcommands = AllSubcommands();
-    for (const auto &subcommand : subcommands)
-        subcommand->Add(app)->callback([&chosen, &subcommand] { chosen = subcommand.get(); });
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError &error) {

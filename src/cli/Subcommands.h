@@ -19,6 +19,14 @@ public:
 /// Every subcommand, in the order of the help.
 [[nodiscard]] std::vector<std::unique_ptr<ISubcommand>> AllSubcommands();
 
+/// The descriptions of options that several subcommands have.
+inline constexpr char DEPFILE_HELP[] = "Write the list of files read, for make or ninja";
+inline constexpr char JSON_HELP[] = "Print JSON";
+inline constexpr char REMOTE_HELP[] = "Let the running window or server run the command";
+
+/// Adds the argument PROJECT to a subcommand.
+void AddProject(CLI::App &subcommand, std::string &project);
+
 std::unique_ptr<ISubcommand> MakeLoadSubcommand();
 std::unique_ptr<ISubcommand> MakeSaveSubcommand();
 std::unique_ptr<ISubcommand> MakeHeadersSubcommand();

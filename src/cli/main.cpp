@@ -51,7 +51,7 @@ int main(int argc, char **argv)
     void *const library = FindLibrary(path) ? dlopen(path, RTLD_LAZY | RTLD_LOCAL) : nullptr;
     void *const run = library ? dlsym(library, "MorvaniteRun") : nullptr;
     if (!run) {
-        fprintf(stderr, "morvanite-cli: %s must lie beside the program: %s\n", LIBRARY, dlerror());
+        fprintf(stderr, "morvanite-cli: %s must be beside the program: %s\n", LIBRARY, dlerror());
         return 1;
     }
     return reinterpret_cast<RunFunction>(run)(argc, argv);

@@ -7,7 +7,7 @@
 #include <QLineEdit>
 #include <QMimeData>
 
-TEST(EditActions, BelongToTheControlThatHasTheFocus)
+TEST(EditActions, ApplyToTheControlThatHasTheFocus)
 {
     const auto enabled = [](ActionId id, EditControlState state) { return EditActionState(id, state)->enabled; };
     EXPECT_TRUE(enabled(ACTION_UNDO, {false, true, false, false}) &&
@@ -21,7 +21,7 @@ TEST(EditActions, BelongToTheControlThatHasTheFocus)
     EXPECT_FALSE(EditActionState(ACTION_SAVE, {}));
 }
 
-TEST(EditActions, PasteFollowsTheClipboardWhereAControlTakesText)
+TEST(EditActions, PasteIsEnabledByTheClipboardInTextControls)
 {
     TestWindow window;
     window.Start();
@@ -40,7 +40,7 @@ TEST(EditActions, PasteFollowsTheClipboardWhereAControlTakesText)
     }
 }
 
-TEST(ActionRoute, TheFirstThatClaimsAnActionHasItAndADisabledOneDoesNotRun)
+TEST(ActionRoute, SendsAnActionToTheFirstTargetThatClaimsItIfEnabled)
 {
     struct Target : IActionTarget
     {
@@ -66,7 +66,7 @@ TEST(ActionRoute, TheFirstThatClaimsAnActionHasItAndADisabledOneDoesNotRun)
 namespace
 {
 
-/// The menu bar as a user reads it: titles, entries, keys; a disabled entry is in parentheses.
+/// Returns the menu bar as a user reads it: titles, entries, keys. Disabled entries are in parentheses.
 std::string Shown(const QMenuBar &bar)
 {
     QString all;
@@ -87,7 +87,7 @@ std::string Shown(const QMenuBar &bar)
 
 } // namespace
 
-TEST(MainFrame, HasTheMenusOfNoDocumentAndThoseOfOne)
+TEST(MainFrame, HasMenusWithAndWithoutADocument)
 {
     TestWindow window;
     window.Start();
@@ -114,7 +114,7 @@ TEST(MainFrame, HasTheMenusOfNoDocumentAndThoseOfOne)
     EXPECT_EQ(window.Frame().menuBar()->actions().size(), 3);
 }
 
-TEST(MainFrame, ToolBarStatusBarAndOutputAreShownAndHidden)
+TEST(MainFrame, ShowsAndHidesToolBarStatusBarAndOutput)
 {
     TestWindow window;
     window.Start();
@@ -129,7 +129,7 @@ TEST(MainFrame, ToolBarStatusBarAndOutputAreShownAndHidden)
         window.Frame().RunAction(id);
         EXPECT_FALSE(window.Frame().StateOf(id)->checked);
         window.Settle();
-        EXPECT_EQ(marks(), 2) << "the View menu shows what is in sight";
+        EXPECT_EQ(marks(), 2) << "the View menu shows what is visible";
         window.Frame().RunAction(id);
         EXPECT_TRUE(window.Frame().StateOf(id)->checked);
     }

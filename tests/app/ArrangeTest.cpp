@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The windows of projects: how they are arranged, minimised and closed, and what is there afterwards.
+// Tests how the windows of projects are arranged, minimised and closed, and the state afterwards.
 #include "TestWindow.h"
 
 #include <QMdiArea>
@@ -8,7 +8,7 @@
 #include <QTest>
 #include <QToolBar>
 
-TEST(Arrange, CascadeLeavesTheTitleBarsOfAllProjectsInSight)
+TEST(Arrange, CascadeKeepsAllTitleBarsVisible)
 {
     TestWindow window;
     QStringList projects;
@@ -36,7 +36,7 @@ TEST(Arrange, CascadeLeavesTheTitleBarsOfAllProjectsInSight)
     }
 }
 
-TEST(Arrange, TheFocusStaysWhereItIs)
+TEST(Arrange, KeepsTheFocus)
 {
     TestWindow window;
     window.Start({window.Project()});
@@ -69,7 +69,7 @@ TEST(Arrange, CtrlF4ClosesTheActiveProjectAndAsks)
     EXPECT_EQ(window.Frame().ActiveChild(), nullptr);
 }
 
-TEST(Arrange, TheButtonsOfEveryTitleBarAreSeenOnADarkDesktop)
+TEST(Arrange, ButtonsOfTitleBarsAreVisibleOnADarkDesktop)
 {
     TestWindow window;
     window.MakeProject("other", "<APP/>");
@@ -89,7 +89,7 @@ TEST(Arrange, TheButtonsOfEveryTitleBarAreSeenOnADarkDesktop)
     }
 }
 
-TEST(MainFrame, TheTipsOfTheToolBarNameTheKeys)
+TEST(MainFrame, ToolTipsOfTheToolBarNameTheKeys)
 {
     TestWindow window;
     window.Start();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The sizes of the docking bars: which of them the user chose, and where they come back.
+// Tests which sizes of docking bars are the user's choice, and where they are restored.
 #include "HostFiles.h"
 #include "Settings.h"
 #include "TestWindow.h"
@@ -20,7 +20,7 @@ Settings SettingsOf(const TestWindow &window)
     return Settings(window.folder.Path("bin/Morvanite.ini"), window.folder.Path("user/morvanite/Morvanite.ini"));
 }
 
-/// Drags the divider between the Output bar, which is docked at the right, and what is left of it.
+/// Drags the divider between the Output bar, docked at the right, and the area to its left.
 void DragDivider(const TestWindow &window, int by)
 {
     const QPoint place = window.Frame().Bars().OutputBar().geometry().topLeft() + QPoint(-2, 100);
@@ -33,7 +33,7 @@ void DragDivider(const TestWindow &window, int by)
 
 } // namespace
 
-TEST(BarSizes, EachPlaceHasASizeOfItsOwnWhichIsThereAgainAfterARestart)
+TEST(BarSizes, AreKeptForEachPlaceAndRestoredAfterARestart)
 {
     TestWindow window;
     window.Start();
@@ -51,14 +51,14 @@ TEST(BarSizes, EachPlaceHasASizeOfItsOwnWhichIsThereAgainAfterARestart)
         window.Frame().Bars().OutputBar().setFloating(true);
         window.Settle();
         EXPECT_EQ(window.Frame().Bars().OutputBar().size(), isRestarted ? QSize(333, 222) : QSize(400, 150));
-        window.Frame().Bars().OutputBar().windowHandle()->resize(333, 222); // the user pulls its corner
+        window.Frame().Bars().OutputBar().windowHandle()->resize(333, 222); // the user drags its corner
         window.Settle();
         window.Frame().Bars().OutputBar().hide();
-        window.Frame().Bars().OutputBar().move(9000, 9000); // a screen goes
+        window.Frame().Bars().OutputBar().move(9000, 9000); // its screen is disconnected
         window.Frame().Bars().OutputBar().show();
         window.Settle();
         EXPECT_TRUE(window.Frame().screen()->geometry().contains(window.Frame().Bars().OutputBar().geometry()));
-        window.Frame().Bars().OutputBar().resize(700, 90); // as docking does, before it docks
+        window.Frame().Bars().OutputBar().resize(700, 90); // docking does this before it docks
         window.Settle();
         window.Frame().Bars().OutputBar().setFloating(false);
         window.Frame().addDockWidget(Qt::RightDockWidgetArea, &window.Frame().Bars().OutputBar());
@@ -74,7 +74,7 @@ TEST(BarSizes, EachPlaceHasASizeOfItsOwnWhichIsThereAgainAfterARestart)
     EXPECT_EQ(window.Frame().Bars().OutputBar().width(), standing);
 }
 
-TEST(BarSizes, WhatASmallWindowSqueezesIsBackWithTheRoomAndIsNotRemembered)
+TEST(BarSizes, AreKeptWhenASmallWindowReducesThem)
 {
     TestWindow window;
     window.Start({window.Project()});
@@ -97,16 +97,16 @@ TEST(BarSizes, WhatASmallWindowSqueezesIsBackWithTheRoomAndIsNotRemembered)
     }
 }
 
-TEST(BarSizes, ClosingWritesTheSettingsOnce)
+TEST(BarSizes, AreWrittenOnceOnClosing)
 {
     TestWindow window;
     window.MakeProject("other", "<APP/>");
     window.Start({window.Project(), window.Project("other")});
     window.Child().findChild<QSplitter *>()->handle(1)->setFocus();
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right); // the windows differ in what they store
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right); // so that the windows have different settings to store
     window.Frame().Bars().OutputBar().hide();
     const FileHandle events(inotify_init1(IN_NONBLOCK));
-    // Also what is created: equal events that follow each other are told as one.
+    // IN_CREATE too: inotify merges equal events that follow each other.
     ASSERT_GE(inotify_add_watch(events.Get(), window.folder.Path("bin").toUtf8(), IN_CREATE | IN_MOVED_TO), 0);
     EXPECT_TRUE(window.Frame().close());
     alignas(inotify_event) char told[1 << 16];

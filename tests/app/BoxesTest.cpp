@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The boxes and dialogs of the program, as a user meets them.
+// Tests the boxes and dialogs of the program as a user operates them.
 #include "IdeCommandHandler.h"
 #include "TestWindow.h"
 
@@ -13,7 +13,7 @@
 namespace
 {
 
-/// Does something once with the dialog or box that opens next, and closes it in any case.
+/// Calls `what` once with the dialog or box that opens next, and always closes it.
 template <typename Dialog> void WhenOpen(TestWindow &window, std::function<void(Dialog &)> what)
 {
     auto *const timer = new QTimer(&window.Frame());
@@ -46,7 +46,7 @@ QStringList FilesIn(const QFileDialog &dialog)
 
 } // namespace
 
-TEST(UserBoxes, TheFileDialogShowsFilesWithoutADotAndFindsTheFileItStartsWith)
+TEST(UserBoxes, FileDialogShowsFilesWithoutADotAndSelectsTheGivenFile)
 {
     TestWindow window;
     window.Start({window.Project()});
@@ -67,10 +67,10 @@ TEST(UserBoxes, TheFileDialogShowsFilesWithoutADotAndFindsTheFileItStartsWith)
     });
     QStringList chosen;
     window.Document().ChooseFiles(KIND_IMAGES | KIND_BINARY, false, u".\\res\\Pics\\old.png"_s, chosen);
-    EXPECT_EQ(chosen, QStringList(window.folder.Path("demo/res/pics/Old.png"))) << "whatever the case of its name";
+    EXPECT_EQ(chosen, QStringList(window.folder.Path("demo/res/pics/Old.png"))) << "with any case of its name";
 }
 
-TEST(UserBoxes, TheFileDialogAddsTheOnlyExtensionOfItsTypeToATypedName)
+TEST(UserBoxes, FileDialogAddsTheOnlyExtensionOfItsTypeToATypedName)
 {
     TestWindow window;
     window.Start();
@@ -83,7 +83,7 @@ TEST(UserBoxes, TheFileDialogAddsTheOnlyExtensionOfItsTypeToATypedName)
             for (int i = 0; i < type; ++i)
                 QTest::keyClick(TypesOf(dialog), Qt::Key_Down);
             dialog.findChild<QLineEdit *>()->setText(name);
-            WhenOpen<QMessageBox>(window, [&](QMessageBox &box) { box.reject(); }); // there is no such file
+            WhenOpen<QMessageBox>(window, [&](QMessageBox &box) { box.reject(); }); // reports the missing file
             QTest::keyClick(dialog.findChild<QLineEdit *>(), Qt::Key_Return);
         });
         return window.Frame().Boxes().OpenFileDialog(filter, 1, true, QString()).join(u' ');
@@ -93,7 +93,7 @@ TEST(UserBoxes, TheFileDialogAddsTheOnlyExtensionOfItsTypeToATypedName)
     EXPECT_EQ(open(2, u"README"_s), window.folder.Path("pics/README"));
 }
 
-TEST(UserBoxes, TheSaveDialogAddsTheExtensionOfItsTypeAndAsksBeforeItReplaces)
+TEST(UserBoxes, SaveDialogAddsTheExtensionOfItsTypeAndAsksBeforeItReplaces)
 {
     TestWindow window;
     window.Start({window.Project()});
@@ -121,7 +121,7 @@ TEST(UserBoxes, TheSaveDialogAddsTheExtensionOfItsTypeAndAsksBeforeItReplaces)
     EXPECT_EQ(save(1, QMessageBox::No), QString());
 }
 
-TEST(UserBoxes, AQuestionInADialogIsAnsweredThereAndAMessageGoesOnWhenItIsClosed)
+TEST(UserBoxes, AsksQuestionsInsideADialogAndContinuesAfterAMessageIsClosed)
 {
     TestWindow window;
     window.Start();
@@ -158,7 +158,7 @@ TEST(UserBoxes, AQuestionInADialogIsAnsweredThereAndAMessageGoesOnWhenItIsClosed
     EXPECT_EQ(told, QStringList({u"first/first"_s, u"first second/second"_s}));
 }
 
-TEST(UserBoxes, NothingOpensWhileACommandRunsAndMessagesComeAfterIt)
+TEST(UserBoxes, OpenNoBoxDuringACommandAndShowMessagesAfterIt)
 {
     TestWindow window;
     window.Start();

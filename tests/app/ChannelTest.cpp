@@ -11,7 +11,7 @@
 
 #include <thread>
 
-TEST(Channel, WhatACommandExplainsIsOnStandardErrorAndThenInThePane)
+TEST(Channel, WritesACommandsExplanationsToStandardErrorAndThenToThePane)
 {
     TestWindow window;
     window.MakeProject("bad", "<APP>");
@@ -23,7 +23,7 @@ TEST(Channel, WhatACommandExplainsIsOnStandardErrorAndThenInThePane)
         << window.OutputText();
 }
 
-TEST(Channel, AnIdesCommandsRunInTheWindowWithoutBoxesAndWithNothingInThePane)
+TEST(Channel, RunsIdeCommandsInTheWindowWithoutBoxesOrOutput)
 {
     TestWindow window;
     window.MakeProject("bad", "<APP>");
@@ -50,13 +50,13 @@ TEST(Channel, AnIdesCommandsRunInTheWindowWithoutBoxesAndWithNothingInThePane)
         EXPECT_FALSE(window.Child().close());
         window.Document().SetModifiedFlag(true);
         QTest::keyClick(&window.Frame(), Qt::Key_S, Qt::ControlModifier);
-        EXPECT_TRUE(window.Document().IsModified()) << "what the user does meanwhile is dropped";
+        EXPECT_TRUE(window.Document().IsModified()) << "user input during a command is dropped";
         window.Document().SetModifiedFlag(false);
     }
     EXPECT_TRUE(window.Frame().close());
 }
 
-TEST(Channel, ACommandEndsWhatTheUserIsInTheMiddleOf)
+TEST(Channel, ACommandEndsAnUnfinishedUserAction)
 {
     TestWindow window;
     window.folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\n");
@@ -68,7 +68,7 @@ TEST(Channel, ACommandEndsWhatTheUserIsInTheMiddleOf)
     });
     QContextMenuEvent click(QContextMenuEvent::Mouse, QPoint(9, 9),
                             window.Tree().viewport()->mapToGlobal(QPoint(9, 9)));
-    QApplication::sendEvent(window.Tree().viewport(), &click); // an entry chosen later would act on the other project
+    QApplication::sendEvent(window.Tree().viewport(), &click); // a menu left open would act on the other project
     EXPECT_EQ(window.Document().PathName(), window.Project("other"));
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 
@@ -86,10 +86,10 @@ TEST(Channel, ACommandEndsWhatTheUserIsInTheMiddleOf)
     window.Answer({QMessageBox::Ok});
     Send(IDE_COMMAND_LOAD, RecordOf(window.Project("other")));
     EXPECT_TRUE(TestWindow::WaitFor([&] { return !window.boxes.isEmpty(); }));
-    EXPECT_EQ(window.boxes, QStringList(u"The ID is invalid."_s)) << "once the command is over";
+    EXPECT_EQ(window.boxes, QStringList(u"The ID is invalid."_s)) << "after the end of the command";
 }
 
-TEST(Channel, ACommandThatClosesAMenuGivesTheKeyboardBack)
+TEST(Channel, ACommandThatClosesAMenuReleasesTheKeyboard)
 {
     TestWindow window;
     window.MakeProject("other", "<APP/>");
@@ -105,7 +105,7 @@ TEST(Channel, ACommandThatClosesAMenuGivesTheKeyboardBack)
     EXPECT_FALSE(window.Document().IsModified());
 }
 
-TEST(Channel, WhatWaitsForACommandsEndAlsoWaitsForThatOfTheNext)
+TEST(Channel, WaitsUntilNoCommandIsRunning)
 {
     ChannelTurn turn;
     int done = 0;
@@ -116,12 +116,12 @@ TEST(Channel, WhatWaitsForACommandsEndAlsoWaitsForThatOfTheNext)
     TestWindow::Settle();
     EXPECT_EQ(done, 0);
     turn.End();
-    EXPECT_EQ(done, 0) << "who gave the command still waits for its answer";
+    EXPECT_EQ(done, 0) << "the sender of the command still waits for its answer";
     TestWindow::Settle();
     EXPECT_EQ(done, 1);
 }
 
-TEST(Channel, ACommandWaitsWhileABoxIsOpenButASecondStartDoesNot)
+TEST(Channel, ACommandWaitsForAnOpenBoxButASecondStartDoesNot)
 {
     TestWindow window;
     window.Start();
@@ -145,7 +145,7 @@ TEST(Channel, ACommandWaitsWhileABoxIsOpenButASecondStartDoesNot)
     EXPECT_NE(window.Frame().ActiveChild(), nullptr);
 }
 
-TEST(SingleInstance, ASecondStartBringsTheFirstToTheFrontAndOneThatHangsIsToldOf)
+TEST(SingleInstance, ASecondStartRaisesTheFirstAndReportsOneThatHangs)
 {
     TestWindow window;
     QString error;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The dialog of check boxes, as a user meets it.
+// Tests the dialog of check boxes as a user operates it.
 #include "CListFltrDlg.h"
 #include "CListGrid.h"
 #include "Settings.h"
@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Three rows; remembers what it is told.
+/// Has three rows, and records its calls.
 struct FakeHelper : IListFltrHelper
 {
     bool InitList(CheckList &list) override
@@ -67,7 +67,7 @@ struct OpenDialog
 
 } // namespace
 
-TEST(CheckListDialog, TellsOfChecksAndNothingElseByKeysMouseAndButtons)
+TEST(CheckListDialog, ReportsOnlyCheckChangesByKeysMouseAndButtons)
 {
     OpenDialog open;
     EXPECT_EQ(open.grid.Widths(), (std::vector<int>{130, 150}));
@@ -89,7 +89,7 @@ TEST(CheckListDialog, TellsOfChecksAndNothingElseByKeysMouseAndButtons)
     EXPECT_EQ(open.Take().size(), 10) << "all that are selected";
 }
 
-TEST(CheckListDialog, HandsTheRowsOverInTheOrderSeenAndIsStoredAtItsEnd)
+TEST(CheckListDialog, AppliesRowsInTheShownOrderAndStoresItsStateOnClosing)
 {
     OpenDialog open;
     open.Click(0, 0, 60); // A, which stays selected
@@ -110,5 +110,5 @@ TEST(CheckListDialog, HandsTheRowsOverInTheOrderSeenAndIsStoredAtItsEnd)
     other.ClickHeader(1);
     QTest::keyClick(&other.grid, Qt::Key_Escape);
     EXPECT_EQ(other.Take(), QString()) << "the helper isn't asked";
-    EXPECT_TRUE(other.folder.Get("a.ini").contains("sort=2")) << "stored all the same";
+    EXPECT_TRUE(other.folder.Get("a.ini").contains("sort=2")) << "stored nevertheless";
 }

@@ -49,8 +49,8 @@ struct ComponentWindow : TestWindow
     [[nodiscard]] bool IsToolboxShown() const { return Frame().Bars().IsToolboxShown(); }
     void Add(const char *type) const { Panes().AddComponent(*Document().classes->Find(type)); }
 
-    /// What the list shows: a row for a line, a point for each component that one is in, "*" at the selected one, which
-    /// preview and grid must have as well.
+    /// Returns the list as text: a line for each row, a point for each level of nesting, "*" at the selected component,
+    /// which must be selected in the preview and the grid too.
     [[nodiscard]] QString Shown() const
     {
         QString rows;
@@ -70,13 +70,13 @@ struct ComponentWindow : TestWindow
 
 } // namespace
 
-TEST(ComponentList, ComponentsAreSelectedAddedAndDeleted)
+TEST(ComponentList, SelectsAddsAndDeletesComponents)
 {
     ComponentWindow window;
     EXPECT_EQ(window.Shown(), START);
     window.DoubleClick(*window.Toolbox().viewport(),
                        window.Toolbox().visualItemRect(window.Toolbox().item(1)).center());
-    window.DoubleClick(*window.Toolbox().viewport(), window.Toolbox().viewport()->rect().bottomLeft()); // on no row
+    window.DoubleClick(*window.Toolbox().viewport(), window.Toolbox().viewport()->rect().bottomLeft()); // not on a row
     EXPECT_EQ(window.Shown(), u"Label: cp02\n.Base!\n..Unknown!: deep\nButton: cp01\nButton: cp03*\n"_s);
     QTest::mouseClick(window.List().viewport(), Qt::LeftButton, {},
                       window.List().visualItemRect(window.List().topLevelItem(0)->child(0)->child(0)).center());
@@ -99,8 +99,8 @@ TEST(ComponentList, ComponentsAreSelectedAddedAndDeleted)
     EXPECT_TRUE(window.folder.Get("demo/res/l.xml").contains("<Layout id=\"ID_ONE\" />"));
 }
 
-/// Whatever destroys the components of a layout, or changes them while another pane is shown.
-TEST(ComponentList, LetsGoOfWhatIsDestroyedAndTakesUpWhatComes)
+/// Everything that destroys the components of a layout, or changes them while another pane is shown.
+TEST(ComponentList, ForgetsDestroyedComponentsAndShowsNewOnes)
 {
     ComponentWindow window;
     QElapsedTimer clock;
@@ -123,7 +123,7 @@ TEST(ComponentList, LetsGoOfWhatIsDestroyedAndTakesUpWhatComes)
     }
     EXPECT_LT(clock.elapsed(), 10'000); // milliseconds
     window.Document().ClearFolder(*window.Document().root.FindFolder(KIND_FILES, 1));
-    EXPECT_EQ(window.Shown(), u"Button: a*\n.Label: l\nBase!\n"_s) << "which has no layout";
+    EXPECT_EQ(window.Shown(), u"Button: a*\n.Label: l\nBase!\n"_s) << "the cleared folder has no layout";
     for (int round = 1; round <= 1000; ++round) {
         auto &grid = StringWindow::Find<CListGrid>(window.Panes().Grid());
         grid.SelectAlone(0, 0);
@@ -140,16 +140,16 @@ TEST(ComponentList, LetsGoOfWhatIsDestroyedAndTakesUpWhatComes)
     window.Answer({QMessageBox::Yes});
     window.Activate();
     window.Tree().setFocus();
-    QTest::keyClick(&window.Tree(), Qt::Key_Delete); // of the layout that is shown
+    QTest::keyClick(&window.Tree(), Qt::Key_Delete); // deletes the layout that is shown
     window.Settle();
     window.Go(u"ID_TWO"_s);
     window.Add("Label");
     window.Document().ClearByKind(window.Document().root);
-    window.Add("Label"); // to no layout
+    window.Add("Label"); // there is no layout to add it to
     EXPECT_EQ(window.Shown(), QString());
 }
 
-TEST(ComponentList, SplittersAndToolboxAreAsTheyWereAndFollowTheActiveProject)
+TEST(ComponentList, RestoresSplittersAndToolboxForTheActiveProject)
 {
     ComponentWindow window;
     const QList<QSplitter *> splitters = window.Panes().findChildren<QSplitter *>();
@@ -179,11 +179,11 @@ TEST(ComponentList, SplittersAndToolboxAreAsTheyWereAndFollowTheActiveProject)
     EXPECT_FALSE(window.IsToolboxShown() || window.Frame().IsEnabled(ACTION_TOOLBOX));
     (void)window.app->Documents().OpenDocumentFile(window.Project());
     window.Settle();
-    window.Child().showMinimized(); // which leaves no layout
+    window.Child().showMinimized(); // no layout is active then
     window.Settle();
     EXPECT_TRUE(window.IsToolboxShown() && window.Toolbox().item(0)->text() == u"Label"_s);
     window.Child().showMaximized();
-    window.Frame().Bars().ToolboxBar().close(); // as its own button does
+    window.Frame().Bars().ToolboxBar().close(); // like its close button
     window.Go(u"Layouts"_s);
     window.Go(u"ID_ONE"_s);
     EXPECT_FALSE(window.IsToolboxShown());

@@ -3,7 +3,7 @@
 
 #include "ViewBoxes.h"
 
-/// Answers questions with the next answers, and keeps what was asked.
+/// Answers questions with the given answers, and records the questions.
 struct FakeBoxes : IViewBoxes
 {
     bool Ask(const QString &with, const QString &question)
@@ -25,5 +25,5 @@ struct FakeBoxes : IViewBoxes
 
     QStringList asked;
     QList<bool> answers;
-    QStringList files; ///< what is chosen in a dialog for files
+    QStringList files; ///< the files chosen in a file dialog
 };

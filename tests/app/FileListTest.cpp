@@ -14,12 +14,12 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// A project's folders, and a list of them in an item model that Qt's own tester watches.
+/// The folders of a project, and a list of them in an item model that QAbstractItemModelTester checks.
 struct ListWorld : TestModel
 {
     explicit ListWorld(const QByteArray &settings = {}) : TestModel(settings) { shown.SetList(&list); }
 
-    /// The rows: the ID, "*" for a Push one, and the path behind "=".
+    /// Returns the rows: the ID, "*" for a Push one, and the path after "=".
     [[nodiscard]] std::string Rows() const
     {
         std::string text;
@@ -47,7 +47,7 @@ struct ListWorld : TestModel
 
 } // namespace
 
-TEST(FileList, TakesFilesByTheirClassWithIdsOfTheirOwn)
+TEST(FileList, AddsFilesByClassWithUniqueIds)
 {
     ListWorld world;
     world.list.Fill(&world.files, 1);
@@ -55,13 +55,13 @@ TEST(FileList, TakesFilesByTheirClassWithIdsOfTheirOwn)
         world.list.AddFiles({world.Put("song.wav"), world.Put("a.bmp"), world.Put("x/song.MP3"), world.folder.Path("x"),
                              world.Put("+.txt")});
     EXPECT_EQ(added.added, 4);
-    EXPECT_TRUE(added.refusals.isEmpty()) << "a folder is skipped without a word";
+    EXPECT_TRUE(added.refusals.isEmpty()) << "a folder is skipped silently";
     EXPECT_EQ(world.Rows(), "ID_AUDIO_SONG=.\\song.wav ID_FILE_A=.\\a.bmp ID_AUDIO_SONG1=.\\x\\song.MP3 "
                             "ID_FILE_TXT=.\\+.txt <New> ");
     EXPECT_EQ(NamesIn(world.audio) + "|" + NamesIn(world.binary), "ID_AUDIO_SONG ID_AUDIO_SONG1|ID_FILE_A ID_FILE_TXT");
     const QString project = QFileInfo(world.PathName()).path();
     const QString other = QFileInfo(project).path() + u'/' + QFileInfo(project).fileName().toUpper();
-    ASSERT_TRUE(QDir().mkpath(other)); // of another case: another folder here
+    ASSERT_TRUE(QDir().mkpath(other)); // differs in case only, so it is another folder here
     QFile::copy(world.folder.Path("song.wav"), other + u"/song.wav"_s);
     EXPECT_EQ(world.list.AddFileRow(0, other + u"/song.wav"_s), FILE_EDIT_DONE);
     EXPECT_EQ(world.list.CellText(0, 2), other + u"/song.wav"_s);
@@ -79,7 +79,7 @@ TEST(FileList, TakesFilesByTheirClassWithIdsOfTheirOwn)
     EXPECT_EQ(world.list.At(0)->Id()->scope, 1);
 }
 
-TEST(FileList, RefusesWhatNoProjectCanHave)
+TEST(FileList, RefusesFilesThatNoProjectCanHave)
 {
     ListWorld world("[Text]\ncode_page=1252\n");
     const QString pipe = world.folder.Path("pipe.wav");
@@ -88,7 +88,7 @@ TEST(FileList, RefusesWhatNoProjectCanHave)
     ASSERT_EQ(symlink(qPrintable(world.Put("real.wav")), qPrintable(world.folder.Path("link.wav"))), 0);
     world.Put("locked.wav");
     ASSERT_EQ(chmod(qPrintable(world.folder.Path("locked.wav")), 0), 0);
-    QString deep; // over 3,000 characters
+    QString deep; // a path of more than 3,000 characters
     for (int i = 0; i < 15; ++i) {
         deep += QString(200, u'd') + u'/';
         world.folder.MakeFolder(qPrintable(deep));
@@ -143,7 +143,7 @@ TEST(FileList, EditsIdsFilesAndTypes)
     EXPECT_EQ(world.list.CellText(1, 1), u"Other"_s) << "what the box showed";
     world.list.FlipPush({1});
     EXPECT_EQ(world.list.CellText(1, 1), u"Normal"_s);
-    EXPECT_EQ(observer.changed, changes) << "types mark nothing as modified";
+    EXPECT_EQ(observer.changed, changes) << "a type doesn't mark the project as modified";
 
     world.list.Fill(&world.images, 1);
     EXPECT_EQ(world.list.AddFileRow(0, world.Put("i.png")), FILE_EDIT_DONE);
@@ -159,12 +159,12 @@ TEST(FileList, SortsRemovesAndClears)
         paths << world.Put(("n" + QByteArray::number(i) + (i % 2 ? ".wav" : ".txt")).constData());
     world.list.Fill(&world.files, -1);
     EXPECT_EQ(world.list.AddFiles(paths).added, 400);
-    EXPECT_EQ(world.list.CellText(399, 0), u"ID_AUDIO_N399"_s) << "in the order in which they came";
+    EXPECT_EQ(world.list.CellText(399, 0), u"ID_AUDIO_N399"_s) << "in the order of insertion";
     const QPersistentModelIndex last = world.shown.index(399, 0);
     world.list.Sort(-1);
     EXPECT_EQ(last.data().toString(), u"ID_AUDIO_N399"_s);
     EXPECT_EQ(world.list.CellText(399, 0) + world.list.CellText(400, 0), u"ID_AUDIO_N1<New>"_s);
-    for (const int state : {2, 3}) { // both by the path
+    for (const int state : {2, 3}) { // both sort by path
         world.list.Sort(state);
         EXPECT_EQ(world.list.CellText(2, 2) + world.list.CellText(400, 0), u".\\n2.txt<New>"_s);
     }
@@ -174,7 +174,7 @@ TEST(FileList, SortsRemovesAndClears)
     world.list.Remove(some);
     EXPECT_EQ(world.list.CellText(3, 2), u".\\n6.txt"_s);
     some.clear();
-    for (int row = 0; row < world.list.RowCount(); row += 2) // so many pieces that it is a reset
+    for (int row = 0; row < world.list.RowCount(); row += 2) // so many separate rows that the model is reset
         some.push_back(row);
     world.list.Remove(some);
     EXPECT_EQ(world.list.Files(), 198);
@@ -195,7 +195,7 @@ TEST(FileList, SortsRemovesAndClears)
     EXPECT_EQ(component.resources.Count(), 3U);
 }
 
-TEST(FileList, EnablesWhatCanBeDone)
+TEST(FileList, EnablesThePossibleCommands)
 {
     ListWorld world;
     world.list.Fill(&world.files, 1);
@@ -208,7 +208,7 @@ TEST(FileList, EnablesWhatCanBeDone)
     {
         std::vector<int> selected;
         const char *always;
-        const char *inMenu; // "*": with a check mark
+        const char *inMenu; // "*": has a check mark
     };
     for (const Case &each :
          {Case{{}, "xx--x-xxx", "xx----x--"}, Case{{0}, "xxxxxxxxx", "xxxxxxx*x"}, Case{{1}, "xxxxxxxxx", "xxxxxxxxx"},

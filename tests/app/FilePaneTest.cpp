@@ -6,9 +6,9 @@
 
 #include <unistd.h>
 
-// Rows by ID: ID_A (audio), ID_B2 (video, Push), ID_B10 (binary), ID_GONE (binary, not there), the new row.
+// Rows by ID: ID_A (audio), ID_B2 (video, Push), ID_B10 (binary), ID_GONE (binary, its file is missing), the new row.
 
-TEST(FilePane, ListsSortsAndRemembers)
+TEST(FilePane, ListsSortsAndRemembersTheOrder)
 {
     FileWindow window;
     EXPECT_EQ(window.Rows().join(u'\n').toStdString(),
@@ -37,7 +37,7 @@ TEST(FilePane, EditsIdsInPlace)
     FileWindow window;
     window.Answer({QMessageBox::Ok, QMessageBox::Ok});
     window.Click(0, 0);
-    EXPECT_FALSE(window.Editor().isVisible()) << "a click edits nothing";
+    EXPECT_FALSE(window.Editor().isVisible()) << "a click doesn't start an edit";
     window.DoubleClick(0, 0);
     EXPECT_EQ(window.Editor().maxLength(), 64);
     QTest::keyClicks(&window.Editor(), u"1 x"_s);
@@ -47,7 +47,7 @@ TEST(FilePane, EditsIdsInPlace)
     window.Activate();
     QTest::keyClicks(&window.Editor(), u" id_z "_s);
     QTest::keyClick(&window.Editor(), Qt::Key_Return);
-    EXPECT_EQ(window.Rows().first(), u"ID_Z|Normal|.\\res\\a.wav"_s) << "and it isn't sorted anew";
+    EXPECT_EQ(window.Rows().first(), u"ID_Z|Normal|.\\res\\a.wav"_s) << "and it isn't sorted again";
 
     window.Frame().RunAction(ACTION_NEW);
     EXPECT_EQ(window.Editor().text(), u"<New>"_s);
@@ -57,7 +57,7 @@ TEST(FilePane, EditsIdsInPlace)
     EXPECT_EQ(window.boxes, (QStringList{u"The ID is invalid."_s, u"The ID already exists, or it is reserved."_s}));
     window.Activate();
     QTest::keyClicks(&window.Editor(), u"id_typed"_s);
-    window.Frame().RunAction(ACTION_SAVE); // takes it
+    window.Frame().RunAction(ACTION_SAVE); // applies the typed text
     EXPECT_EQ(window.Rows().mid(4), (QStringList{u"ID_TYPED|Normal|"_s, u"<New>||"_s}));
     EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{4}) << "the row became the resource's";
     EXPECT_THAT(window.folder.Get("demo/res/demo.res.xml").toStdString(), testing::HasSubstr("ID_TYPED"));
@@ -87,7 +87,7 @@ TEST(FilePane, PlacesTheButtonAndTheBoxOfTypes)
     window.Settle();
     window.Click(0, 2);
     EXPECT_TRUE(isPlaced());
-    window.Frame().RunAction(ACTION_RENAME); // widens the IDs, so that the list scrolls
+    window.Frame().RunAction(ACTION_RENAME); // makes the IDs wider, so that the list scrolls
     window.Settle();
     EXPECT_TRUE(window.Editor().isVisible() && !isPlaced());
     QTest::keyClick(&window.Editor(), Qt::Key_Escape);
@@ -102,13 +102,13 @@ TEST(FilePane, PlacesTheButtonAndTheBoxOfTypes)
     window.Click(0, 1);
     EXPECT_TRUE(window.TypeBox().isVisible() && window.TypeBox().hasFocus() && !isPlaced());
     choose(u"Other"_s);
-    EXPECT_TRUE(window.TypeBox().isVisible()) << "nothing that a row can be";
+    EXPECT_TRUE(window.TypeBox().isVisible()) << "not a type that a row can have";
     choose(u"Push"_s);
     EXPECT_FALSE(window.TypeBox().isVisible());
     EXPECT_EQ(window.Rows().first(), u"ID_A|Push|.\\res\\a.wav"_s);
     EXPECT_EQ(window.List().At(0)->Id()->pushKind, PUSH_AUDIO);
     window.Click(1, 1);
-    QTest::keyClick(&window.TypeBox(), Qt::Key_Up); // chooses as a click does
+    QTest::keyClick(&window.TypeBox(), Qt::Key_Up); // selects the other type, like a click
     EXPECT_EQ(window.Rows()[1], u"ID_B2|Normal|.\\res\\b2.avi"_s);
     window.Click(1, 1);
     window.Click(2, 0); // the box loses the focus
@@ -122,7 +122,7 @@ TEST(FilePane, PlacesTheButtonAndTheBoxOfTypes)
     EXPECT_FALSE(window.Document().IsModified());
 }
 
-TEST(FilePane, TakesWhatIsDroppedAndTellsOfTheRestInOneBox)
+TEST(FilePane, AddsDroppedFilesAndReportsTheRestInOneBox)
 {
     FileWindow window;
     window.Go(KIND_AUDIO);
@@ -210,7 +210,7 @@ TEST(FilePane, BrowsesImportsOpensAndDeletes)
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(FilePane, HasItsMenuAndLetsGoOfWhatGoes)
+TEST(FilePane, HasItsMenuAndForgetsDestroyedFolders)
 {
     FileWindow window;
     window.Grid().Select({0, 1});

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The pane of files and its list under a user who does anything, with a disk that may have anything.
+// Tests the pane of files and its list with random user actions, on a disk with files of any kind.
 #include "CFileWatchDlg.h"
 #include "CTreeFltrDlg.h"
 #include "FileWindow.h"
@@ -38,7 +38,7 @@ struct FileWalk : FileWindow
     ~FileWalk() { Document().SetModifiedFlag(false); }
 
     void Step();
-    /// What must be true after whatever the user has done.
+    /// Checks what must be true after every action.
     void Check() const;
 
 private:
@@ -70,7 +70,7 @@ private:
 
     std::mt19937 random;
     QTimer boxTimer;
-    std::set<const CBaseRes *> withTypeBox; // whose cell may show what the box was closed with
+    std::set<const CBaseRes *> withTypeBox; // whose cell may show the type that the box was closed with
 };
 
 void FileWalk::FillDisk() const
@@ -86,7 +86,7 @@ void FileWalk::FillDisk() const
     ASSERT_EQ(mkfifo(folder.Path("in/pipe.wav").toUtf8().constData(), S_IRUSR), 0);
 }
 
-/// All folders that the pane can show.
+/// Returns all folders that the pane can show.
 std::vector<CResFolder *> FileWalk::Folders() const
 {
     std::vector<CResFolder *> folders{Document().root.FindFolder(KIND_FILES, 2)};
@@ -101,7 +101,7 @@ std::vector<CResFolder *> FileWalk::Folders() const
 
 std::string FileWalk::TreeRows() const
 {
-    QStringList rows; // a reload puts files in order by their kinds
+    QStringList rows; // a reload sorts files by kind
     for (const CResFolder *each : Folders()) {
         for (CBaseRes *res : each->resources)
             rows << (each->kind & KIND_IMAGES ? each->title : u"Files"_s) + u'/' +
@@ -181,7 +181,7 @@ void FileWalk::ClickAnywhere()
                           QPoint(header.sectionViewportPosition(Below(header.count())) + 20, 5));
     } else if (Below(4) == 0) {
         QTest::mouseDClick(&sheet, Qt::LeftButton, {}, place);
-        QTest::mouseRelease(&sheet, Qt::LeftButton, {}, place); // which no function of QTest adds
+        QTest::mouseRelease(&sheet, Qt::LeftButton, {}, place); // QTest doesn't send the second release
     } else {
         QTest::mouseClick(&sheet, Qt::LeftButton, {}, place);
     }
@@ -221,7 +221,7 @@ void FileWalk::OtherFolder()
         Document().UpdateAllViews(nullptr);
 }
 
-/// Of the tree, whichever is shown; or a resolution goes out of use, or comes back.
+/// Clears the tree or the folder that is shown, or takes a resolution out of use or back into use.
 void FileWalk::ClearAFolder()
 {
     CResFolder *const images = Document().root.FindFolder(KIND_IMAGES, 2);
@@ -236,7 +236,7 @@ void FileWalk::ClearAFolder()
     Document().UpdateAllViews(nullptr);
 }
 
-/// What is there becomes something else, and back.
+/// Changes the kinds of the files on the disk, and changes them back.
 void FileWalk::ChangeTheDisk()
 {
     const QString picture = folder.Path("in/p.png");
@@ -251,14 +251,14 @@ void FileWalk::SaveAndReload() const
 {
     Frame().RunAction(ACTION_SAVE);
     if (Document().IsModified())
-        return; // what was typed before is refused
+        return; // a typed text was refused
     const std::string saved = TreeRows();
-    folder.Put("demo/res/demo.res.xml", folder.Get("demo/res/demo.res.xml") + "\n"); // at another time
+    folder.Put("demo/res/demo.res.xml", folder.Get("demo/res/demo.res.xml") + "\n"); // gives it a new time stamp
     EXPECT_EQ(Document().TakeInChanges(), CResDoc::Outside::TakenIn);
     EXPECT_EQ(TreeRows(), saved);
 }
 
-/// Another program writes the list of resources anew.
+/// Has another program replace the list of resources.
 void FileWalk::WriteFromOutside()
 {
     QByteArray rows = "<APP>";
@@ -268,7 +268,7 @@ void FileWalk::WriteFromOutside()
                 OneOf({"1.wav", "3.avi", "4.txt", "gone.wav"}) + "</FILE>";
     folder.Put("demo/res/demo.res.xml", rows + IMAGES);
     if (Below(3) == 0)
-        return; // the window asks
+        return; // leaves the change to the window, which asks
     const bool isModified = Document().IsModified();
     EXPECT_EQ(Document().TakeInChanges(), isModified ? CResDoc::Outside::LeftOut : CResDoc::Outside::TakenIn);
 }
@@ -276,9 +276,9 @@ void FileWalk::WriteFromOutside()
 void FileWalk::Step()
 {
     QCoreApplication::processEvents();
-    while (!QApplication::activeWindow()) { // nobody else does it behind a box without a screen
+    while (!QApplication::activeWindow()) { // without a screen no window manager activates a window below a box
         Frame().activateWindow();
-        QCoreApplication::processEvents(); // which may be a box
+        QCoreApplication::processEvents(); // may open a box
     }
     if (!QApplication::focusWidget())
         Grid().setFocus();
@@ -287,7 +287,7 @@ void FileWalk::Step()
         return Below(2) ? SaveAndReload() : WriteFromOutside();
     case 1:
         return Below(3) ? ChangeTheDisk() : ClearAFolder();
-    case 2: { // an IDE's command begins, whatever the user is in the middle of
+    case 2: { // an IDE's command begins during any user action
         const CMainFrame::Busy busy(Frame(), 0xAFBDDBFC);
         return QCoreApplication::processEvents();
     }
@@ -365,7 +365,7 @@ void FileWalk::Check() const
 
 void FailOnWarning(QtMsgType, const QMessageLogContext &, const QString &text)
 {
-    if (!text.startsWith(u"This plugin does not support"_s)) // of the platform without a screen
+    if (!text.startsWith(u"This plugin does not support"_s)) // comes from the platform plugin that has no screen
         ADD_FAILURE() << qPrintable(text);
 }
 
@@ -375,7 +375,7 @@ class FileWalkFrom : public testing::TestWithParam<unsigned>
 
 } // namespace
 
-TEST_P(FileWalkFrom, TheListIsTheFolder)
+TEST_P(FileWalkFrom, ListShowsEveryFileOfTheFolder)
 {
     const QtMessageHandler before = qInstallMessageHandler(FailOnWarning);
     {

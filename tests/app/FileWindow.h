@@ -50,7 +50,7 @@ struct FileWindow : TestWindow
     void Click(int row, int col) const { QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, At(row, col)); }
     void DoubleClick(int row, int col) const { TestWindow::DoubleClick(*Grid().viewport(), At(row, col)); }
 
-    /// What the list shows: the cells of a row with "|" between.
+    /// Returns what the list shows: the cells of a row with "|" between them.
     [[nodiscard]] QStringList Rows() const
     {
         QStringList rows;
@@ -65,7 +65,7 @@ struct FileWindow : TestWindow
 
     void Drop(const QList<QUrl> &urls) const { DropOn(*Grid().viewport(), urls); }
     void Drop(const QStringList &paths) const { DropOn(*Grid().viewport(), UrlsOf(paths)); }
-    /// Answers the next file dialog with these names.
+    /// Answers the next file dialog with these paths.
     void Choose(const QStringList &paths)
     {
         QTimer::singleShot(0, &Frame(), [paths] {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The find bar and the strip of details of the string view, each by itself.
+// Tests the find bar and the details strip of the string view, each on its own.
 #include "FindBar.h"
 #include "DetailsStrip.h"
 #include "FilterChoice.h"
@@ -55,7 +55,7 @@ struct OpenBar : TableProject
 
 } // namespace
 
-TEST(FindBar, TellsOfEachChangeOnceAndOfTheKeysThatLeadElsewhere)
+TEST(FindBar, ReportsEachChangeOnceAndTheNavigationKeys)
 {
     OpenBar open;
     QTest::keyClicks(&open.text, u"ab"_s);
@@ -66,7 +66,7 @@ TEST(FindBar, TellsOfEachChangeOnceAndOfTheKeysThatLeadElsewhere)
     EXPECT_EQ(open.Take(), u"changed changed next next grid back back "_s);
     QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&open.column, &wheel);
-    EXPECT_EQ(open.Take(), QString()) << "the wheel is for the choice in focus";
+    EXPECT_EQ(open.Take(), QString()) << "the wheel changes only a focused choice";
     QTest::mouseClick(Named<QToolButton>(open.bar, u"Match case"_s), Qt::LeftButton);
     QTest::keyClick(&open.column, Qt::Key_Down);
     QTest::keyClicks(&open.missing, u"French"_s);
@@ -82,7 +82,7 @@ TEST(FindBar, TellsOfEachChangeOnceAndOfTheKeysThatLeadElsewhere)
     EXPECT_EQ(open.Take(), u"changed closed "_s);
 }
 
-TEST(FindBar, KeepsAChoiceByItsLanguageAndTellsWhenItHasGone)
+TEST(FindBar, KeepsTheChosenLanguageAndReportsItsRemoval)
 {
     OpenBar open;
     QTest::keyClicks(&open.column, u"French"_s);
@@ -103,7 +103,7 @@ TEST(FindBar, KeepsAChoiceByItsLanguageAndTellsWhenItHasGone)
     EXPECT_GT(open.bar.sizeHint().height(), oneLine) << "the choices have a line of their own";
 }
 
-TEST(FindBar, HidesColumnsByAMenuThatKeepsTheLastOneInSight)
+TEST(FindBar, HidesColumnsByAMenuExceptTheLastVisibleOne)
 {
     OpenBar open;
     open.bar.ShowHidden({false, true, true, true});
@@ -134,7 +134,7 @@ TEST(DetailsStrip, ShowsTheWholeTextInItsDirectionBesideTheFirstLanguage)
     EXPECT_EQ(headings[0]->text() + u'|' + headings[1]->text(), u"ID_A · Arabic · 37 of 512|English"_s);
     EXPECT_EQ(texts[1]->toPlainText(), u"a"_s);
     EXPECT_EQ(texts[0]->document()->defaultTextOption().textDirection(), Qt::RightToLeft);
-    EXPECT_LT(texts[0]->toPlainText().size(), 10'000) << "no more than can be seen while the user moves on";
+    EXPECT_LT(texts[0]->toPlainText().size(), 10'000) << "no more than the user can see";
     EXPECT_TRUE(QTest::qWaitFor([&] { return texts[0]->toPlainText().endsWith(u"END"); }));
     strip.ShowCell(project.table, 0, 3, 1, 1);
     EXPECT_EQ(texts[0]->toPlainText(), u"a"_s);

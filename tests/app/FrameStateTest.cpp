@@ -7,7 +7,7 @@
 #include <QStatusBar>
 #include <QWindow>
 
-TEST(FrameState, AStoredPositionIsFourNumbersAndIsBroughtBackOntoAScreen)
+TEST(FrameState, ParsesAStoredPositionAndMovesItOntoAScreen)
 {
     EXPECT_EQ(ParsePosition(u"10,20,610,520"_s), QRect(10, 20, 600, 500));
     EXPECT_EQ(ParsePosition(u" 10, 20,610,520x"_s), QRect(10, 20, 600, 500));
@@ -31,7 +31,7 @@ TEST(FrameState, AStoredPositionIsFourNumbersAndIsBroughtBackOntoAScreen)
     EXPECT_EQ(SmallestFrame(QSize(480, 1000)), QSize(480, 450));
 }
 
-TEST(RecentFiles, KeepsTheLastFourNewestFirstAcrossStarts)
+TEST(RecentFiles, KeepTheLastFourNewestFirstAcrossStarts)
 {
     TempFolder folder;
     Settings settings(folder.Path("a.ini"), folder.Path("user/a.ini"));
@@ -50,7 +50,7 @@ TEST(RecentFiles, KeepsTheLastFourNewestFirstAcrossStarts)
     EXPECT_LE(files.Label(0).size(), 64);
 }
 
-TEST(FrameState, TheWindowComesBackWhereItWas)
+TEST(FrameState, RestoresTheWindowPosition)
 {
     TestWindow window;
     window.Start();
@@ -85,7 +85,7 @@ TEST(FrameState, TheWindowComesBackWhereItWas)
     EXPECT_EQ(window.Frame().frameGeometry().size(), QSize(500, 450)) << "with its frame";
 }
 
-TEST(FrameState, ADamagedStateOfTheBarsIsNotTaken)
+TEST(FrameState, IgnoresADamagedStateOfTheBars)
 {
     TestWindow window;
     window.Start();
@@ -93,7 +93,7 @@ TEST(FrameState, ADamagedStateOfTheBarsIsNotTaken)
     window.Frame().close();
     QByteArray settings = window.folder.Get("bin/Morvanite.ini");
     const qsizetype place = settings.indexOf("state=") + 40;
-    settings[place] = settings[place] == 'B' ? 'C' : 'B'; // a restore of such a one can crash
+    settings[place] = settings[place] == 'B' ? 'C' : 'B'; // Qt can crash when it restores such a state
     window.folder.Put("bin/Morvanite.ini", settings);
     window.Restart();
     EXPECT_FALSE(window.Frame().Bars().OutputBar().isHidden());

@@ -8,7 +8,7 @@
 #include <atomic>
 #include <thread>
 
-/// Sends a command as an IDE does, while the window's events go on; the report.
+/// Sends a command as an IDE does, while the window processes events. Returns the report.
 inline std::string Send(quint32 command, const QByteArray &record)
 {
     QString report, error;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which languages a project has: the choice among those of the language table, without a window.
+// Tests the choice of a project's languages from the language table, without a window.
 #include "CLangFltr.h"
 #include "FakeBoxes.h"
 #include "TableProject.h"
@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// A project with English and a language that the table of languages doesn't have, and the choice as it opens.
+/// A project with English and a language that is not in the language table, and the choice in its initial state.
 struct LanguageChoice : TableProject
 {
     LanguageChoice(const QByteArray &file = "Number of Language|2\nString ID|Resource Type|Description|English(9)|"
@@ -41,7 +41,7 @@ struct LanguageChoice : TableProject
             list.SetChecked(size_t(row - list.rows.begin()), !row->checked);
         }
     }
-    /// The result of OK, what was asked, and the languages' columns afterwards.
+    /// Presses OK. Returns the result, the question, and the language columns afterwards.
     std::string Ok(bool answer = true)
     {
         boxes.asked.clear();
@@ -71,17 +71,17 @@ TEST(LanguageChoice, ShowsTheLanguagesOfTheTableInItsOrderAndSortsThemByNameOrNu
             rows += row.texts.join(u'=') + (row.checked ? u"*"_s : QString());
         return rows.join(u' ').toStdString();
     };
-    EXPECT_EQ(sorted(0), "French=12 English=9* Text10=1 Text9=2") << "no row for what is no language";
+    EXPECT_EQ(sorted(0), "French=12 English=9* Text10=1 Text9=2") << "only languages have a row";
     EXPECT_EQ(sorted(1), "English=9* French=12 Text9=2 Text10=1");
     EXPECT_EQ(sorted(-2), "French=12 English=9* Text9=2 Text10=1");
     for (const int state : {3, INT_MIN})
         EXPECT_EQ(sorted(state), "French=12 English=9* Text9=2 Text10=1") << state;
 }
 
-TEST(LanguageChoice, AsksWithTheCountsOfWhatOkDoesAndChangesNothingBeforeTheAnswer)
+TEST(LanguageChoice, AsksWithTheCountsOfChangesAndChangesNothingBeforeTheAnswer)
 {
     LanguageChoice project;
-    EXPECT_EQ(project.Ok(), "closed|English|Old") << "nothing to do, nothing to ask";
+    EXPECT_EQ(project.Ok(), "closed|English|Old") << "no question without a change";
     project.Turn({12, 9, 12, 9});
     EXPECT_EQ(project.Ok(), "closed|English|Old");
     project.list.SetAll(false);
@@ -100,7 +100,7 @@ TEST(LanguageChoice, AsksWithTheCountsOfWhatOkDoesAndChangesNothingBeforeTheAnsw
     EXPECT_EQ(project.Language(9), nullptr);
 }
 
-TEST(LanguageChoice, AddsLanguagesInTheOrderOfTheListAndTheDescriptionBeforeThem)
+TEST(LanguageChoice, AddsTheDescriptionAndThenLanguagesInTheOrderOfTheList)
 {
     LanguageChoice project(TWO_LANGUAGES + "##number|0\n");
     project.Turn({9, 12});
@@ -118,7 +118,7 @@ TEST(LanguageChoice, AddsLanguagesInTheOrderOfTheListAndTheDescriptionBeforeThem
     EXPECT_EQ(project.Dump(), u"ID_STRING_0001 Normal     HELLO"_s);
 }
 
-TEST(LanguageChoice, ADeletedLanguageLeavesTheHistoryAndItsCommandsFail)
+TEST(LanguageChoice, DeletingALanguageKeepsTheHistoryButItsCommandsFail)
 {
     LanguageChoice project(TWO_LANGUAGES + "ID_A|Normal||Hello|Bonjour\n##number|1\n");
     project.Mod(0, 3, u"Bye"_s);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The panes of layouts under a user who does anything, while other programs write the layout file.
+// Tests the layout panes with random user actions, while other programs write the layout file.
 #include "CLayoutRes.h"
 #include "CLotCplistView.h"
 #include "CLotEditorView.h"
@@ -64,9 +64,9 @@ struct LayoutWalk : TestWindow
     ~LayoutWalk() { Document().SetModifiedFlag(false); }
 
     void Step();
-    /// What must be true after whatever the user has done.
+    /// Checks what must be true after every action.
     void Check() const;
-    /// All layouts, as the file has them.
+    /// Returns all layouts as the file has them.
     [[nodiscard]] std::string Layouts() const;
     void SaveAndReload();
 
@@ -119,7 +119,7 @@ private:
     }
     static void Key(Qt::Key key)
     {
-        if (QApplication::focusWidget()) // there is none behind a box
+        if (QApplication::focusWidget()) // there is no focus widget below a box
             QTest::keyClick(QApplication::focusWidget(), key);
     }
     void ClickInList()
@@ -180,7 +180,7 @@ private:
     void FilterProperties()
     {
         Frame().RunAction(ACTION_FIND_BAR);
-        if (Below(3)) // which closes it again
+        if (Below(3)) // closes it again
             Frame().RunAction(ACTION_FIND_BAR);
         else if (QApplication::focusWidget())
             QTest::keyClicks(QApplication::focusWidget(), OneOf({u"s"_s, u"1"_s, u"edges"_s, u"none"_s}));
@@ -219,7 +219,7 @@ private:
     void WriteFromOutside()
     {
         PutLayouts();
-        for (quint32 handle = 0; handle < 10 && Below(3); ++handle) { // or else the window asks
+        for (quint32 handle = 0; handle < 10 && Below(3); ++handle) { // otherwise the window asks
             if (Document().WatchedClass(handle) == WATCH_LAYOUT)
                 return Document().OnWatchedFileChanged(handle);
         }
@@ -233,7 +233,7 @@ private:
         Document().ClearByKind(*going);
         Document().UpdateAllViews(nullptr);
     }
-    /// Another version of the project takes the place of this one.
+    /// Has another program replace the project by another version.
     void CheckOut()
     {
         folder.Put("demo/res/demo.res.xml", RESOURCES);
@@ -263,10 +263,10 @@ void LayoutWalk::SaveAndReload()
     Document().SetModifiedFlag(true);
     Frame().RunAction(ACTION_SAVE);
     if (Document().IsModified())
-        return; // what was typed before is refused
+        return; // a typed text was refused
     const std::string saved = Layouts();
     const QByteArray file = folder.Get("demo/res/l.xml");
-    folder.Put("demo/res/demo.res.xml", folder.Get("demo/res/demo.res.xml") + "\n"); // at another time
+    folder.Put("demo/res/demo.res.xml", folder.Get("demo/res/demo.res.xml") + "\n"); // gives it a new time stamp
     EXPECT_EQ(Document().TakeInChanges(), CResDoc::Outside::TakenIn);
     EXPECT_EQ(Layouts(), saved);
     Document().SetModifiedFlag(true);
@@ -277,9 +277,9 @@ void LayoutWalk::SaveAndReload()
 void LayoutWalk::Step()
 {
     QCoreApplication::processEvents();
-    while (!QApplication::activeWindow()) { // nobody else does it behind a box without a screen
+    while (!QApplication::activeWindow()) { // without a screen no window manager activates a window below a box
         Frame().activateWindow();
-        QCoreApplication::processEvents(); // which may be a box
+        QCoreApplication::processEvents(); // may open a box
     }
     if (!QApplication::focusWidget())
         Tree().setFocus();
@@ -338,7 +338,7 @@ void LayoutWalk::Check() const
 
 void FailOnWarning(QtMsgType, const QMessageLogContext &, const QString &text)
 {
-    if (!text.startsWith(u"This plugin does not support"_s)) // of the platform without a screen
+    if (!text.startsWith(u"This plugin does not support"_s)) // comes from the platform plugin that has no screen
         ADD_FAILURE() << qPrintable(text);
 }
 
@@ -348,7 +348,7 @@ class LayoutWalkFrom : public testing::TestWithParam<unsigned>
 
 } // namespace
 
-TEST_P(LayoutWalkFrom, TheThreePanesShowTheSameTree)
+TEST_P(LayoutWalkFrom, ThreePanesShowTheSameTree)
 {
     const QtMessageHandler before = qInstallMessageHandler(FailOnWarning);
     {
@@ -359,7 +359,7 @@ TEST_P(LayoutWalkFrom, TheThreePanesShowTheSameTree)
             do
                 QCoreApplication::processEvents();
             while (QApplication::activeModalWidget() || QApplication::activePopupWidget());
-            QCoreApplication::sendPostedEvents(); // of the last box
+            QCoreApplication::sendPostedEvents(); // events of the last box
             walk.Check();
         }
         walk.SaveAndReload();

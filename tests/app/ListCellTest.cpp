@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How a cell of a list is drawn, in which direction its text runs, and where a row is.
+// Tests how a cell of a list is drawn, the direction of its text, and the rectangle of a row.
 #include "CListGrid.h"
 #include "ListCellDelegate.h"
 #include "TextDirection.h"
@@ -50,7 +50,7 @@ QImage Drawn(const ListCellDelegate &delegate, const Cell &cell)
     return image;
 }
 
-/// The columns of a picture that aren't all of the colour of its left lower corner, from the first to the last.
+/// Returns the first and the last column of an image that has another colour than its lower left corner.
 std::pair<int, int> Ink(const QImage &image)
 {
     std::pair<int, int> ink(image.width(), -1);
@@ -65,7 +65,7 @@ std::pair<int, int> Ink(const QImage &image)
 
 } // namespace
 
-TEST(ListCellDelegate, ADelegateThatHasDrawnOtherCellsDrawsAsANewOne)
+TEST(ListCellDelegate, DrawsTheSameAfterDrawingOtherCells)
 {
     const QStringList texts{u""_s, u"short"_s, u"a text that doesn't fit into a narrow cell"_s, u"مرحبا بالعالم"_s,
                             u"天气"_s};
@@ -106,7 +106,7 @@ TEST(ListCellDelegate, ShowsDirectionAndGapInEveryState)
     }
 }
 
-TEST(TextDirection, IsThatOfTheLanguageThatANameNames)
+TEST(TextDirection, FollowsTheLanguageOfTheName)
 {
     for (const char *const name :
          {"Arabic",         "Arabic (Egypt)", "arabic-egypt", "Hebrew",          "Modern Hebrew", "PERSIAN",
@@ -120,7 +120,7 @@ TEST(TextDirection, IsThatOfTheLanguageThatANameNames)
         EXPECT_EQ(DirectionOfLanguage(QString::fromUtf8(name)), Qt::LeftToRight) << name;
 }
 
-TEST(CListGrid, KnowsThePlaceOfARowInEitherDirection)
+TEST(CListGrid, FindsTheRectangleOfARowInBothDirections)
 {
     for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
         for (const int width : {150, 800}) {
@@ -133,7 +133,7 @@ TEST(CListGrid, KnowsThePlaceOfARowInEitherDirection)
             QApplication::processEvents();
             grid.horizontalScrollBar()->setValue(30);
             const QRect cells = grid.visualRect(model.index(1, 0)) | grid.visualRect(model.index(1, 2));
-            EXPECT_EQ(grid.RowRect(1).adjusted(0, 0, -1, -1), cells) << direction << ' ' << width; // without the lines
+            EXPECT_EQ(grid.RowRect(1).adjusted(0, 0, -1, -1), cells) << direction << ' ' << width; // without grid lines
         }
     }
 }

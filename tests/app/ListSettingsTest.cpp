@@ -9,7 +9,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(ListSettings, KeepTheWidthsFromTheLastColumnToTheFirstAndTheSortState)
+TEST(ListSettings, StoreTheWidthsFromLastColumnToFirstAndTheSortState)
 {
     const TempFolder folder;
     Settings settings(folder.Path("a.ini"), folder.Path("user/a.ini"));
@@ -22,7 +22,7 @@ TEST(ListSettings, KeepTheWidthsFromTheLastColumnToTheFirstAndTheSortState)
     const auto writeOf = [&folder] {
         struct stat info = {};
         stat(folder.Path("a.ini").toUtf8().constData(), &info);
-        return info.st_ino; // a write replaces the file
+        return info.st_ino; // every write replaces the file
     };
     const auto before = writeOf();
     EXPECT_TRUE(list.Save({200, 0, 400}, -3));
@@ -33,7 +33,7 @@ TEST(ListSettings, KeepTheWidthsFromTheLastColumnToTheFirstAndTheSortState)
     const ListSettings other(settings, 1011);
     EXPECT_EQ(other.Width(0, 80), 80) << "no width is below 0";
     EXPECT_LT(other.Width(1, 80), 20'000);
-    EXPECT_EQ(other.Width(2, 80), 0) << "as a number that is none";
+    EXPECT_EQ(other.Width(2, 80), 0) << "like text that isn't a number";
     EXPECT_EQ(other.SortState(1), 1) << "the other direction would be no number";
     EXPECT_EQ(list.Width(0, 200), 120);
     EXPECT_EQ(list.SortState(0), 0);

@@ -7,7 +7,7 @@
 #include <QTest>
 #include <QToolButton>
 
-TEST(NoticeText, IsAsHighAsItsLinesAreAndCutsNothing)
+TEST(NoticeText, IsHighEnoughForAllItsLines)
 {
     NoticeText text(nullptr, 22);
     text.setPlainText(u"The files are kept in /home/"_s + QString(200, u'x') + u"."_s);
@@ -27,7 +27,7 @@ TEST(NoticeText, IsAsHighAsItsLinesAreAndCutsNothing)
     EXPECT_EQ(text.heightForWidth(20), text.heightForWidth(40)) << "a narrow one scrolls";
 }
 
-TEST(NoticeBar, IsReadCopiedAndDismissedByTheKeyboard)
+TEST(NoticeBar, CanBeReadCopiedAndDismissedByTheKeyboard)
 {
     TestWindow window;
     window.Start({window.Project()});
@@ -39,12 +39,12 @@ TEST(NoticeBar, IsReadCopiedAndDismissedByTheKeyboard)
     window.Settle();
     EXPECT_TRUE(bar.isVisible());
     EXPECT_EQ(bar.geometry().top(), 0);
-    EXPECT_GE(window.Tree().mapTo(bar.parentWidget(), QPoint()).y(), bar.geometry().bottom()) << "it is in no way";
-    EXPECT_EQ(QApplication::focusWidget(), &window.Tree()) << "it takes no keys from who types";
+    EXPECT_GE(window.Tree().mapTo(bar.parentWidget(), QPoint()).y(), bar.geometry().bottom()) << "it covers nothing";
+    EXPECT_EQ(QApplication::focusWidget(), &window.Tree()) << "it doesn't take the focus from the user";
     auto *const text = bar.findChild<QPlainTextEdit *>();
     auto *const close = bar.findChild<QToolButton *>();
     EXPECT_EQ(text->toPlainText(), u"Kept in <b>/home/x</b>."_s) << "plain text";
-    EXPECT_EQ(bar.Texts().Place(), u"1 of 2"_s) << "each is told once";
+    EXPECT_EQ(bar.Texts().Place(), u"1 of 2"_s) << "each message is shown once";
     EXPECT_FALSE(close->toolTip().isEmpty() || close->accessibleName().isEmpty());
 
     QTest::keyClick(&window.Frame(), Qt::Key_F6);
@@ -68,10 +68,10 @@ TEST(NoticeBar, IsReadCopiedAndDismissedByTheKeyboard)
     text->setFocus();
     QTest::keyClick(text, Qt::Key_Escape);
     EXPECT_FALSE(bar.isVisible());
-    EXPECT_EQ(QApplication::focusWidget(), contents) << "the keys are again those of who had them";
+    EXPECT_EQ(QApplication::focusWidget(), contents) << "the previous control has the focus again";
 }
 
-TEST(NoticeBar, ComesWithTheWindowOfAProjectThatIsBeingLoadedAndOnlyThere)
+TEST(NoticeBar, AppearsOnlyInTheWindowOfAProjectThatIsBeingLoaded)
 {
     TestWindow window;
     window.MakeProject("other", "<APP/>");
@@ -86,18 +86,18 @@ TEST(NoticeBar, ComesWithTheWindowOfAProjectThatIsBeingLoadedAndOnlyThere)
     window.Frame().RunAction(ACTION_CLOSE);
     window.Settle();
     EXPECT_THAT(window.OutputText(), testing::HasSubstr("while it loads\n")) << "nobody has read it yet";
-    EXPECT_FALSE(window.Child().Notice().isVisible()) << "it isn't the other project's";
+    EXPECT_FALSE(window.Child().Notice().isVisible()) << "it belongs to the first project";
 
     const CResDoc &other = window.Document();
     window.app->Documents().opened = opened;
     {
         const CMainFrame::Busy busy(window.Frame(), IDE_COMMAND_SAVE);
         window.Frame().Notices().Add(other, u"a command's"_s);
-        EXPECT_TRUE(window.Child().Notice().isVisible()) << "it waits for nobody";
+        EXPECT_TRUE(window.Child().Notice().isVisible()) << "it doesn't wait for an answer";
     }
 }
 
-TEST(NoticeBar, WhatASaveTellsWhileItsWindowGoesIsInABoxAndOnStandardError)
+TEST(NoticeBar, MessagesOfASaveOnClosingAppearInABoxAndOnStandardError)
 {
     TestWindow window;
     window.Start({window.Project()});
@@ -107,7 +107,7 @@ TEST(NoticeBar, WhatASaveTellsWhileItsWindowGoesIsInABoxAndOnStandardError)
         window.Document().SetModifiedFlag(true);
     };
     changeOutside();
-    window.Frame().Bars().OutputBar().hide(); // which would have it otherwise
+    window.Frame().Bars().OutputBar().hide(); // if it were visible, it would show the message
     window.Answer({QMessageBox::Yes, QMessageBox::Ok});
     window.Frame().RunAction(ACTION_CLOSE);
     EXPECT_TRUE(TestWindow::WaitFor([&window] { return window.boxes.size() == 2; }));

@@ -5,7 +5,7 @@
 #include <QContextMenuEvent>
 #include <QTextBlock>
 
-TEST(InfoPane, FollowsTheEndUnlessTheUserIsElsewhere)
+TEST(InfoPane, ScrollsToTheEndUnlessTheUserScrolledAway)
 {
     CInfoPane pane;
     pane.resize(300, 100);
@@ -27,7 +27,7 @@ TEST(InfoPane, FollowsTheEndUnlessTheUserIsElsewhere)
     pane.setTextCursor(selection);
     append(u" more\r\n"_s);
     EXPECT_EQ(pane.textCursor().selectedText(), selection.selectedText());
-    pane.Run(ACTION_SELECT_ALL); // the selection ends where the text does, and stays what it is
+    pane.Run(ACTION_SELECT_ALL); // the selection ends at the end of the text, and new text doesn't extend it
     const qsizetype selected = pane.textCursor().selectedText().size();
     append(u"x"_s);
     EXPECT_EQ(pane.textCursor().selectedText().size(), selected);
@@ -37,10 +37,10 @@ TEST(InfoPane, FollowsTheEndUnlessTheUserIsElsewhere)
     EXPECT_TRUE(pane.toPlainText().isEmpty() && !pane.StateOf(ACTION_SELECT_ALL)->enabled &&
                 !pane.StateOf(ACTION_COPY)->enabled && !pane.StateOf(ACTION_SAVE));
     append(u"new"_s);
-    EXPECT_TRUE(pane.textCursor().atEnd()) << "an empty pane is followed again";
+    EXPECT_TRUE(pane.textCursor().atEnd()) << "an empty pane scrolls to the end again";
 }
 
-TEST(InfoPane, ShowsAFloodPieceByPieceInItsOrder)
+TEST(InfoPane, ShowsMuchOutputInOrderPieceByPiece)
 {
     CInfoPane pane;
     QString all;
@@ -51,17 +51,17 @@ TEST(InfoPane, ShowsAFloodPieceByPieceInItsOrder)
         all += line;
     }
     QCoreApplication::processEvents();
-    EXPECT_LT(pane.toPlainText().size(), all.size() / 2) << "the rest waits, and with it nothing else";
+    EXPECT_LT(pane.toPlainText().size(), all.size() / 2) << "the rest waits, and nothing else waits for it";
     all.remove(u'\r');
     EXPECT_TRUE(TestWindow::WaitFor([&] { return pane.toPlainText().size() >= all.size(); }));
     EXPECT_EQ(pane.toPlainText(), all);
     pane.Append(u"late\r\n");
-    pane.Run(ACTION_CLEAR_OUTPUT); // nothing comes after it
+    pane.Run(ACTION_CLEAR_OUTPUT); // drops the text that isn't shown yet
     TestWindow::Settle();
     EXPECT_TRUE(pane.toPlainText().isEmpty());
 }
 
-TEST(OutputTail, IsTheLastThousandCharactersHoweverManyCame)
+TEST(OutputTail, IsTheLastThousandCharacters)
 {
     OutputTail tail;
     QString all;
@@ -79,7 +79,7 @@ TEST(InfoPane, TheMenuKeyOpensTheMenuInsideThePane)
     pane.resize(300, 100);
     pane.show();
     pane.Append(QString(u"a long line that goes on and on, far beyond the right edge of the pane\r\n"_s).repeated(50));
-    for (const bool isAllSelected : {true, false}) { // which begins above the pane
+    for (const bool isAllSelected : {true, false}) { // the selection begins above the visible part
         pane.GoToEnd();
         if (isAllSelected)
             pane.Run(ACTION_SELECT_ALL);
@@ -93,7 +93,7 @@ TEST(InfoPane, TheMenuKeyOpensTheMenuInsideThePane)
     }
 }
 
-TEST(MainFrame, MessagesThatComeTogetherAreShownOneAfterTheOther)
+TEST(MainFrame, ShowsSimultaneousMessagesOneByOne)
 {
     TestWindow window;
     window.Start();
@@ -114,7 +114,7 @@ TEST(MainFrame, MessagesThatComeTogetherAreShownOneAfterTheOther)
     EXPECT_EQ(most, 1);
 }
 
-TEST(MainFrame, WhatIsWrittenWhileTheOutputIsHiddenIsDropped)
+TEST(MainFrame, DropsTextWrittenWhileTheOutputIsHidden)
 {
     TestWindow window;
     window.Start();

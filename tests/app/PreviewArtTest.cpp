@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The preview that draws the images and texts of its components, in a window.
+// Tests the preview that draws the images and texts of its components, in a window.
 #include "CLotScreenView.h"
 #include "StringWindow.h"
 
@@ -8,8 +8,8 @@
 namespace
 {
 
-/// A project whose layout has an image in its own size, the same stretched, a text, a reference to nothing, and tiles
-/// far beyond the screen.
+/// A project whose layout has an image in its own size, the same image stretched, a text, a reference to a missing
+/// resource, and tiles far beyond the screen.
 struct ArtWindow : TestWindow
 {
     explicit ArtWindow(bool hasPictures)
@@ -51,7 +51,7 @@ struct ArtWindow : TestWindow
         EXPECT_TRUE(picture.save(folder.Path("demo/res/red.png")));
     }
     [[nodiscard]] CLotScreenView &View() const { return StringWindow::Find<CLotScreenView>(Child()); }
-    /// What is painted, from the corner of the screen on.
+    /// Returns the painted image, from the corner of the screen on.
     [[nodiscard]] QImage Painted() const
     {
         const PreviewPlace place = View().Place();
@@ -66,7 +66,7 @@ struct ArtWindow : TestWindow
 
 } // namespace
 
-TEST(PreviewArt, ImagesAndTextsAreInTheFramesOfTheirComponents)
+TEST(PreviewArt, DrawsImagesAndTextsInTheFramesOfTheirComponents)
 {
     ArtWindow window(true);
     ASSERT_TRUE(window.WaitFor([&] { return window.IsPainted({30, 30}, Qt::red); }));
@@ -84,7 +84,7 @@ TEST(PreviewArt, ImagesAndTextsAreInTheFramesOfTheirComponents)
     };
     EXPECT_GT(inks({0, 60, 120, 40}, [](const QColor &color) { return color.blue() > 200 && color.red() < 80; }), 50);
     EXPECT_GT(inks({0, 100, 120, 40}, [](const QColor &color) { return color.value() < 90; }), 10)
-        << "the label of what refers to nothing";
+        << "the label of a component with a missing resource";
 
     window.PutPicture(Qt::green);
     QEvent activate(QEvent::WindowActivate);
@@ -98,7 +98,7 @@ TEST(PreviewArt, ImagesAndTextsAreInTheFramesOfTheirComponents)
     EXPECT_EQ(large.pixelColor(large.rect().center()), QColor(Qt::green)) << "a tile, of which the view shows a part";
 }
 
-TEST(PreviewArt, WithoutTheKeyNamesAreDrawn)
+TEST(PreviewArt, DrawsNamesWithoutTheSetting)
 {
     ArtWindow window(false);
     for (int i = 0; i < 5; ++i)

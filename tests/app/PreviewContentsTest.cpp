@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the preview draws of a component when it draws pictures: images and texts that properties refer to.
+// Tests which images and texts the preview draws for a component: those that its properties refer to.
 #include "PreviewContents.h"
 
 #include "CLayoutRes.h"
@@ -50,7 +50,7 @@ TEST(PreviewContents, AreTheImagesAndTextsThatPropertiesReferTo)
     const auto of = [&](size_t component) { return contents.Of(*layout->Components()[component]); };
 
     PreviewContent box;
-    box.images = {"own.png", "all.png"}; // that of the base too, and of two images of one ID that of the resolution
+    box.images = {"own.png", "all.png"}; // has the image of the base; with two images of one ID, that of the resolution
     box.backgroundAlpha = 0x80;
     EXPECT_EQ(of(0), box) << "a component with others in it shows no text";
 
@@ -63,6 +63,6 @@ TEST(PreviewContents, AreTheImagesAndTextsThatPropertiesReferTo)
 
     EXPECT_TRUE(of(2).IsEmpty()) << "of another resolution, no reference, without a file, no such text";
     EXPECT_EQ(of(2).backgroundAlpha, 255) << "a colour without alpha";
-    EXPECT_TRUE(of(3).IsEmpty()) << "nothing is known of the class";
+    EXPECT_TRUE(of(3).IsEmpty()) << "the class is unknown";
     EXPECT_TRUE(of(0).text == std::nullopt && !contents.Of(*layout->Components()[0]->subComponents[0]).text);
 }

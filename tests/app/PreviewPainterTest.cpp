@@ -28,7 +28,7 @@ struct Preview
         components.back()->propName = name;
         entries.push_back({components.back().get(), rect, background, border, 0, {}});
     }
-    /// Paints a region into an image, and nothing beyond it.
+    /// Paints a region of the preview into an image, and checks that no other pixel changes.
     [[nodiscard]] QImage Paint(const QRegion &region, qreal scale = 1)
     {
         QImage image(view.size() * scale, QImage::Format_RGB32);
@@ -55,13 +55,13 @@ struct Preview
 
 } // namespace
 
-TEST(PreviewPainter, PaintsWhatLiesHigherOverTheRestWithoutClipping)
+TEST(PreviewPainter, PaintsHigherComponentsOverLowerOnesWithoutClipping)
 {
     Preview preview;
     preview.zoom.SetScreen({320, 200});
-    preview.zoom.Set(50);                                           // the screen is from (20, 20) to (180, 120)
+    preview.zoom.Set(50);                                           // the screen extends from (20, 20) to (180, 120)
     preview.Add({20, 20, 120, 100}, 0x0000FF, 0x00FF00);            // red, from (30, 30) to (80, 70)
-    preview.Add({40, 40, 80, 80}, 0xFF0000, 0x123456);              // blue, in it
+    preview.Add({40, 40, 80, 80}, 0xFF0000, 0x123456);              // blue, inside it
     preview.Add({-40, 150, 40, 190}, 0x00FFFF, FRAME_NO_VALUE);     // yellow, across the screen's edge
     preview.Add({200, 20, 300, 100}, FRAME_NO_PROPERTY, 0, "name"); // from (120, 30) to (170, 70)
     preview.Add({240, 150, 240, 150}, 0x0000FF, 0);                 // empty, at (140, 95)
@@ -69,7 +69,7 @@ TEST(PreviewPainter, PaintsWhatLiesHigherOverTheRestWithoutClipping)
     for (const int scale : {1, 2}) {
         const QImage image = preview.Paint(preview.view, scale);
         const auto at = [&](int x, int y) {
-            // Both ends of the pixel: lines are sharp at any scale.
+            // Checks both corners of the pixel: lines are sharp at any scale.
             EXPECT_EQ(image.pixel(x * scale, y * scale), image.pixel((x + 1) * scale - 1, (y + 1) * scale - 1))
                 << x << ' ' << y;
             return QColor(image.pixel(x * scale, y * scale));
@@ -88,7 +88,7 @@ TEST(PreviewPainter, PaintsWhatLiesHigherOverTheRestWithoutClipping)
         };
         for (const auto &point : points)
             EXPECT_EQ(at(point.x, point.y), point.expected) << point.x << ',' << point.y << " at " << scale;
-        int inked = 0; // of the label, and of the ellipsis of the component that has no size
+        int inked = 0; // pixels of the label, and of the ellipsis of the component without a size
         for (int x = 121; x < 169; ++x)
             inked += qGray(image.pixel(x * scale, 40 * scale)) < 100 ? 1 : 0;
         EXPECT_GT(inked, 3);
@@ -101,7 +101,7 @@ TEST(PreviewPainter, PaintsWhatLiesHigherOverTheRestWithoutClipping)
     }
 }
 
-TEST(PreviewPainter, AgreesWithThePixelByPixelLookAtAnyZoomAndRepaintsAnyPart)
+TEST(PreviewPainter, MatchesAPixelByPixelReferenceAtAnyZoomAndRepaintsAnyPart)
 {
     EXPECT_TRUE(rc::check([] {
         constexpr qint32 MAX = std::numeric_limits<qint32>::max();
@@ -113,7 +113,7 @@ TEST(PreviewPainter, AgreesWithThePixelByPixelLookAtAnyZoomAndRepaintsAnyPart)
         preview.view = QRect(0, 0, 90, 60);
         preview.corner = QPoint(number(-30, 40), number(-30, 40));
         preview.zoom.Set(*rc::gen::element(10, 50, 99, 100, 250, 1000, 30'000));
-        const bool isPlain = number(0, 2) == 0; // rectangles alone, without screen and labels
+        const bool isPlain = number(0, 2) == 0; // only rectangles, without screen and labels
         preview.zoom.SetScreen(isPlain ? QSize(0, 0) : QSize(number(1, 60), number(1, 60)));
         for (int i = number(0, 20); i > 0; --i) {
             PreviewRect rect{coordinate(), coordinate(), coordinate(), coordinate()};

@@ -72,7 +72,7 @@ TEST(PreviewZoom, StepsWithinItsLimitsAndFitsBeyondThem)
     EXPECT_EQ(zoom.CustomizeLabel(), QStringLiteral("Customize(20%)..."));
 }
 
-TEST(PreviewZoom, FollowsTheWheelWithOneKeyOrNone)
+TEST(PreviewZoom, FollowsTheWheelWithAtMostOneModifierKey)
 {
     for (const Qt::KeyboardModifiers keys : {Qt::AltModifier | Qt::NoModifier, Qt::ControlModifier | Qt::ShiftModifier})
         EXPECT_EQ(WheelMoveOf(120, keys), WheelMove::Nothing);
@@ -103,7 +103,7 @@ TEST(PreviewZoom, KeepsThePointUnderThePointer)
         const QPoint was = before.LayoutPoint(pointer, place);
         const QSize most = after.ScrollSize() - client;
         RC_ASSERT(scroll.x() >= 0 && scroll.x() <= std::max(most.width(), 0));
-        // A pixel is several layout units at a small zoom.
+        // A pixel covers several layout units at a small zoom.
         if (scroll.x() > 0 && scroll.x() < most.width())
             RC_ASSERT(std::abs(now.x() - was.x()) <= 1 + 50 / after.Percent());
         if (scroll.y() > 0 && scroll.y() < most.height())

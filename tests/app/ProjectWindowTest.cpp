@@ -12,7 +12,7 @@
 namespace
 {
 
-/// The labels of a tree, indented by two for each level.
+/// Returns the labels of a tree, indented by two for each level.
 std::string Shown(const QTreeWidgetItem *item, int depth = 0)
 {
     std::string all = std::string(size_t(depth) * 2, ' ') + item->text(0).toStdString() + '\n';
@@ -36,7 +36,7 @@ std::string RowsOf(const QListWidget &list)
 
 } // namespace
 
-TEST(ProjectWindow, ShowsTheFoldersInUseAndLeadsIntoThem)
+TEST(ProjectWindow, ShowsTheFoldersInUseAndOpensThem)
 {
     TestWindow window;
     window.MakeProject("big", "<APP><RESOLUTION width=\"320\" height=\"240\" class=\"image\"/></APP>");
@@ -62,7 +62,7 @@ TEST(ProjectWindow, ShowsTheFoldersInUseAndLeadsIntoThem)
     EXPECT_EQ(window.Selected()->title, u"240x320"_s) << "a refill keeps the selection";
     for (const bool isGone : {false, true}) {
         window.Document().treeGoes.Tell(window.Document().root);
-        EXPECT_EQ(window.Selected(), nullptr) << "what a reload destroys is let go of";
+        EXPECT_EQ(window.Selected(), nullptr) << "the view forgets what a reload destroys";
         if (isGone)
             window.Document().root.FindFolder(KIND_RESO_IMAGES, 1, 2)->kind |= KIND_FLAG_OFF;
         window.Document().UpdateAllViews(nullptr);
@@ -72,7 +72,7 @@ TEST(ProjectWindow, ShowsTheFoldersInUseAndLeadsIntoThem)
     EXPECT_EQ(EntryOf(KIND_COMPONENT | KIND_FLAG_OFF).icon, UiIcon::None);
 }
 
-TEST(ProjectWindow, ClearAsksAndMarksTheProjectUntilItIsSaved)
+TEST(ProjectWindow, ClearAsksAndMarksTheProjectModifiedUntilItIsSaved)
 {
     TestWindow window;
     window.Start({window.Project()});
@@ -83,7 +83,7 @@ TEST(ProjectWindow, ClearAsksAndMarksTheProjectUntilItIsSaved)
     window.Frame().RunAction(ACTION_CLEAR);
     EXPECT_FALSE(window.Document().IsModified());
     EXPECT_TRUE(window.Document().IsIdInUse(u"ID_IMAGE"_s));
-    window.Frame().RunAction(ACTION_CLEAR); // of the selected folder: the context menu's is used up
+    window.Frame().RunAction(ACTION_CLEAR); // applies to the selected folder: that of the context menu was used once
     EXPECT_EQ(window.boxes, QStringList({u"All resources of \"Images\" will be deleted. Continue?"_s,
                                          u"All resources of \"demo\" will be deleted. Continue?"_s}));
     EXPECT_FALSE(window.Document().IsIdInUse(u"ID_IMAGE"_s));
@@ -108,7 +108,7 @@ TEST(ProjectWindow, ClearAsksAndMarksTheProjectUntilItIsSaved)
     EXPECT_FALSE(window.folder.Get("demo/res/demo.res.xml").contains("ID_IMAGE"));
 }
 
-TEST(ProjectWindow, ClosingAsksAboutChangesAndKeepsWhatCannotBeSaved)
+TEST(ProjectWindow, ClosingAsksAboutChangesAndKeepsAProjectThatCannotBeSaved)
 {
     TestWindow window;
     window.Start({window.Project()});
@@ -117,7 +117,7 @@ TEST(ProjectWindow, ClosingAsksAboutChangesAndKeepsWhatCannotBeSaved)
     window.Answer({QMessageBox::Cancel});
     window.Frame().setGeometry(11, 12, 800, 600);
     EXPECT_FALSE(window.Frame().close());
-    EXPECT_TRUE(window.folder.Get("bin/Morvanite.ini").contains("maximized=0\nposition=")) << "stored all the same";
+    EXPECT_TRUE(window.folder.Get("bin/Morvanite.ini").contains("maximized=0\nposition=")) << "stored nevertheless";
 
     const QByteArray list = window.folder.Get("demo/res/demo.res.xml");
     ASSERT_TRUE(QFile::remove(window.folder.Path("demo/res/demo.res.xml")));
@@ -135,7 +135,7 @@ TEST(ProjectWindow, ClosingAsksAboutChangesAndKeepsWhatCannotBeSaved)
     EXPECT_TRUE(window.app->Documents().Documents().empty());
 }
 
-TEST(ProjectWindow, AProjectThatDoesNotOpenLeavesTheWindowAsItWasAndSaysWhy)
+TEST(ProjectWindow, AProjectThatDoesNotOpenIsExplainedAndLeavesTheWindowUnchanged)
 {
     TestWindow window;
     window.MakeProject("bad", "<APP>");
@@ -162,10 +162,10 @@ TEST(ProjectWindow, AProjectThatDoesNotOpenLeavesTheWindowAsItWasAndSaysWhy)
     window.Frame().RunAction(ACTION_OUTPUT);
     window.Answer({QMessageBox::Ok});
     EXPECT_FALSE(window.Frame().Projects().Open(window.Project("bad")));
-    EXPECT_TRUE(window.boxes.last().contains(u"invalid resource format"_s)) << "there is no pane to tell it";
+    EXPECT_TRUE(window.boxes.last().contains(u"invalid resource format"_s)) << "there is no pane that could show it";
 }
 
-TEST(ProjectWindow, AStartWithAProjectThatDoesNotOpenEndsAndSaysWhyInTheBox)
+TEST(ProjectWindow, AStartWithAProjectThatDoesNotOpenShowsTheReasonAndExits)
 {
     TestWindow window;
     window.MakeProject("bad", "<APP>");
@@ -177,7 +177,7 @@ TEST(ProjectWindow, AStartWithAProjectThatDoesNotOpenEndsAndSaysWhyInTheBox)
         << qPrintable(window.boxes.value(0));
 }
 
-TEST(ProjectWindow, DroppedProjectsOpenAndOtherFilesAreRefused)
+TEST(ProjectWindow, OpensDroppedProjectsAndRefusesOtherFiles)
 {
     TestWindow window;
     window.MakeProject("other", "<APP/>");
@@ -209,10 +209,10 @@ TEST(ProjectWindow, DroppedProjectsOpenAndOtherFilesAreRefused)
     EXPECT_EQ(window.Document().PathName(), window.Project());
     window.Frame().RunAction(ACTION_CLOSE);
     window.Settle();
-    EXPECT_TRUE(window.Child().isMaximized()) << "as the closed one was";
+    EXPECT_TRUE(window.Child().isMaximized()) << "like the closed one";
 }
 
-TEST(ProjectWindow, IsReachedByTheKeyboard)
+TEST(ProjectWindow, CanBeUsedByTheKeyboard)
 {
     TestWindow window;
     window.Start({window.Project()});
@@ -242,7 +242,7 @@ TEST(ProjectWindow, IsReachedByTheKeyboard)
     window.Frame().Bars().Output().setFocus();
     window.Frame().RunAction(ACTION_SELECT_ALL);
     QTest::keyClick(&window.Frame(), Qt::Key_E, Qt::AltModifier);
-    EXPECT_TRUE(QApplication::activePopupWidget() && isCopyOn()) << "of what gets the focus back";
+    EXPECT_TRUE(QApplication::activePopupWidget() && isCopyOn()) << "applies to the control that regains focus";
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
     QTest::keyClick(window.Frame().menuBar(), Qt::Key_Escape);
     EXPECT_EQ(QApplication::focusWidget(), &window.Frame().Bars().Output());
@@ -265,7 +265,7 @@ TEST(ProjectWindow, IsReachedByTheKeyboard)
         EXPECT_EQ(window.Child().State().last().value, QString::number(before));
     }
     window.Child().setLayoutDirection(Qt::LeftToRight);
-    EXPECT_TRUE(window.Child().toolTip().isEmpty()) << "all in the window would have it";
+    EXPECT_TRUE(window.Child().toolTip().isEmpty()) << "everything in the window would have it";
     for (const QWidget *widget : window.Frame().findChildren<QWidget *>()) {
         if (widget->isVisible() && widget->focusPolicy() != Qt::NoFocus && widget->inherits("QAbstractScrollArea") &&
             !widget->inherits("QMdiArea")) {
@@ -274,7 +274,7 @@ TEST(ProjectWindow, IsReachedByTheKeyboard)
     }
 }
 
-TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
+TEST(ProjectWindow, CreatesRenamesAndDeletesLayoutsInTheTree)
 {
     TestWindow window;
     window.folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\n");
@@ -289,7 +289,7 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
     QTest::keyClicks(edit, u"id_start"_s);
     window.Frame().menuBar()->setFocus(Qt::MenuBarFocusReason);
     edit->setFocus(Qt::MenuBarFocusReason);
-    EXPECT_TRUE(edit->isVisible()) << "a menu ends no editing";
+    EXPECT_TRUE(edit->isVisible()) << "a menu doesn't end the editing";
     window.Frame().menuBar()->setFocus(Qt::MenuBarFocusReason);
     window.Frame().RunAction(ACTION_OUTPUT);
     window.Settle();
@@ -299,7 +299,7 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
     window.Frame().RunAction(ACTION_RENAME);
     window.Tree().findChild<QLineEdit *>()->setText(u"id_second"_s);
     window.Answer({QMessageBox::Cancel});
-    EXPECT_FALSE(window.Frame().close()) << "what is being typed counts";
+    EXPECT_FALSE(window.Frame().close()) << "the typed text counts";
     window.Frame().activateWindow();
     window.Settle();
     window.Frame().RunAction(ACTION_RENAME);
@@ -316,13 +316,13 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
     window.Answer({QMessageBox::Ok, QMessageBox::Ok});
     QTest::keyClick(again, Qt::Key_Return);
     window.Settle();
-    EXPECT_TRUE(isLabelLeft && window.boxes.size() == 2) << "the keys are the tree's again";
+    EXPECT_TRUE(isLabelLeft && window.boxes.size() == 2) << "the tree has the focus again";
     look.stop();
     window.Frame().activateWindow();
     window.Settle();
     window.Frame().RunAction(ACTION_RENAME);
     window.Tree().findChild<QLineEdit *>()->setText(u"id_image"_s);
-    EXPECT_FALSE(window.Frame().close()) << "nobody ends who has just been told to correct something";
+    EXPECT_FALSE(window.Frame().close()) << "the program doesn't end when the user must correct a text";
     window.Settle();
     EXPECT_EQ(Shown(layouts->child(0)), "240x320\n  ID_SECOND\n");
     window.Answer({QMessageBox::Ok});
@@ -354,7 +354,7 @@ TEST(ProjectWindow, LayoutsAreMadeRenamedAndDeletedInTheTree)
     EXPECT_FALSE(window.Document().IsIdInUse(u"ID_START"_s));
 }
 
-TEST(ProjectTree, ALayoutIsRenamedInUpperCaseAndOnlyToAFreeValidName)
+TEST(ProjectTree, RenamesALayoutInUpperCaseAndOnlyToAFreeValidName)
 {
     TestWindow window;
     window.Start({window.Project()});

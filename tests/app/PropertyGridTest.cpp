@@ -16,7 +16,7 @@
 namespace
 {
 
-/// A property grid of its own in a window of its own, over a component of a project that is open.
+/// A property grid in a window of its own, for a component of an open project.
 struct PropertyWindow : TestWindow
 {
     PropertyWindow()
@@ -53,7 +53,7 @@ struct PropertyWindow : TestWindow
         }
         throw std::runtime_error("no such control shows");
     }
-    /// Says whether an editor is open.
+    /// Returns whether an editor is open.
     [[nodiscard]] bool IsOpen() const
     {
         const QList<QWidget *> all = Grid().viewport()->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
@@ -74,7 +74,7 @@ struct PropertyWindow : TestWindow
     }
     [[nodiscard]] QByteArray Stored(const NarrowText &name) const { return box->component->GetAttribute(name); }
 
-    /// Clicks on a row as the user does: on what is there, which may be a control.
+    /// Clicks on a row as the user does: on the widget at that place, which may be an editor's control.
     void Click(const QString &name, int col = 0) const
     {
         WakeUp();
@@ -103,7 +103,7 @@ struct PropertyWindow : TestWindow
     CLayoutRes *layout = nullptr;
     CZulClass *box = nullptr;
     std::unique_ptr<CLotEditorView> view;
-    std::string told; // what `changed` has been told
+    std::string told; // what the callback `changed` was called with
 
     static inline const QByteArray CLASSES =
         "<catalogue version='1'><enumeration name='Side'><item name='left'/><item name='right'/></enumeration>"
@@ -116,7 +116,7 @@ struct PropertyWindow : TestWindow
         "<member name='area' type='ZulRect'/><member name='picture' type='ZulImageSrc'/></class></catalogue>";
 };
 
-/// The rows, as the grid shows them: "*" before a name in bold, "#" before a heading.
+/// Returns the rows as the grid shows them: "*" before a bold name, "#" before a heading.
 std::string RowsOf(const CListGrid &grid)
 {
     QString rows;
@@ -168,12 +168,12 @@ TEST(PropertyGrid, ShowsThePropertiesOfAComponentAndFiltersThem)
     EXPECT_TRUE(window.Grid().hasFocus() && !window.view->StateOf(ACTION_FIND_BAR)->checked);
 }
 
-TEST(PropertyGrid, TheKeyboardReachesEveryEditor)
+TEST(PropertyGrid, EveryEditorIsReachableByTheKeyboard)
 {
     PropertyWindow window;
     for (int row = 0; row < 5; ++row)
         window.Key(Qt::Key_Down);
-    EXPECT_EQ(window.Grid().currentIndex().row(), 4) << "arrows go on over rows with editors and headings";
+    EXPECT_EQ(window.Grid().currentIndex().row(), 4) << "arrows pass rows with editors and headings";
     EXPECT_TRUE(window.IsOpen() && window.Grid().hasFocus());
     window.Type(u"12"_s);
     window.Key(Qt::Key_Up);
@@ -185,7 +185,7 @@ TEST(PropertyGrid, TheKeyboardReachesEveryEditor)
     EXPECT_FALSE(window.IsOpen());
     window.Key(Qt::Key_F2);
     window.Type(u"5"_s);
-    window.Key(Qt::Key_PageDown); // which a line has no use for, and which isn't the grid's
+    window.Key(Qt::Key_PageDown); // a text box doesn't use this key, and it must not reach the grid
     EXPECT_EQ(window.Named(u"top"_s).text(), u"5"_s);
     window.Key(Qt::Key_Escape);
     EXPECT_TRUE(window.Grid().hasFocus() && !window.IsOpen() && window.Value(u"top"_s).empty());
@@ -212,16 +212,16 @@ TEST(PropertyGrid, TheKeyboardReachesEveryEditor)
     QApplication::sendEvent(&window.Named<QComboBox>(u"side"_s), &wheel);
     window.Key(Qt::Key_Return);
     EXPECT_EQ(window.Stored("side"), "right");
-    EXPECT_EQ(window.Stored("wait"), "2000ms") << "an editor in which nothing was done changes nothing";
+    EXPECT_EQ(window.Stored("wait"), "2000ms") << "an unused editor changes nothing";
 }
 
-TEST(PropertyGrid, WhatEndsAnEditorAppliesItAndMenusDoNot)
+TEST(PropertyGrid, EndingAnEditorAppliesItsValueAndMenusDoNotEndIt)
 {
     PropertyWindow window;
     const auto type = [&](const QString &number) {
         window.Click(u"count"_s);
         EXPECT_TRUE(window.Named(u"count"_s).hasFocus());
-        EXPECT_EQ(window.Grid().horizontalScrollBar()->value(), 0) << "the name stays in sight";
+        EXPECT_EQ(window.Grid().horizontalScrollBar()->value(), 0) << "the name stays visible";
         window.Type(number);
     };
     type(u"1"_s);
@@ -258,7 +258,7 @@ TEST(PropertyGrid, WhatEndsAnEditorAppliesItAndMenusDoNot)
     EXPECT_EQ(window.Value(u"Class"_s), "panel");
 }
 
-TEST(PropertyGrid, ARefusedInputIsToldOnceAndLeavesTheRowSelected)
+TEST(PropertyGrid, ReportsARefusedInputOnceAndKeepsTheRowSelected)
 {
     PropertyWindow window;
     for (const bool byClick : {false, true}) {
@@ -280,7 +280,7 @@ TEST(PropertyGrid, ARefusedInputIsToldOnceAndLeavesTheRowSelected)
     EXPECT_EQ(window.told, "");
 }
 
-TEST(PropertyGrid, AColorIsChosenInTheDialogAndWrittenWhenTheEditorEnds)
+TEST(PropertyGrid, WritesAColorFromTheDialogWhenTheEditorEnds)
 {
     PropertyWindow window;
     window.Click(u"tint"_s);
@@ -301,7 +301,7 @@ TEST(PropertyGrid, AColorIsChosenInTheDialogAndWrittenWhenTheEditorEnds)
     }
     EXPECT_EQ(window.Value(u"tint"_s), "RGB(1, 2, 3)");
     window.Click(u"tint"_s);
-    QTimer::singleShot(20, [&] { window.view->LetGo(); }); // as a reload does
+    QTimer::singleShot(20, [&] { window.view->LetGo(); }); // a reload does this
     ChooseColor(QColor(4, 5, 6));
     QTest::mouseClick(&swatch, Qt::LeftButton);
     window.Settle();
@@ -309,7 +309,7 @@ TEST(PropertyGrid, AColorIsChosenInTheDialogAndWrittenWhenTheEditorEnds)
     EXPECT_EQ(window.Stored("tint"), "#010203");
 }
 
-TEST(PropertyGrid, NameAndParentAreEditedAndAnOpenEditorGoesWithItsComponent)
+TEST(PropertyGrid, EditsNameAndParentAndClosesTheEditorOfADestroyedComponent)
 {
     PropertyWindow window;
     window.Click(u"Class"_s);
@@ -317,7 +317,7 @@ TEST(PropertyGrid, NameAndParentAreEditedAndAnOpenEditorGoesWithItsComponent)
     EXPECT_EQ(window.told, "") << "not within the key";
     window.view->changed = [&](Applied applied) {
         EXPECT_EQ(applied, Applied::TreeChanged);
-        window.view->ShowComponent(window.layout, nullptr); // as a list that is built anew may do
+        window.view->ShowComponent(window.layout, nullptr); // a rebuild of the list may do this
         window.view->ShowComponent(window.layout, window.box);
     };
     window.Settle();
@@ -337,7 +337,7 @@ TEST(PropertyGrid, NameAndParentAreEditedAndAnOpenEditorGoesWithItsComponent)
     EXPECT_TRUE(!window.IsOpen() && window.Value(u"count"_s).empty() && window.Value(u"Class"_s) == "again");
 }
 
-TEST(PropertyGrid, TheEditMenuIsForTheTextBoxAndPastedLineEndsAreBlanks)
+TEST(PropertyGrid, TheEditMenuAppliesToTheTextBoxAndPastedLineEndsBecomeBlanks)
 {
     PropertyWindow window;
     FocusedEdit edit;

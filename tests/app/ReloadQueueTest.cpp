@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// When and in which order the user is asked about files that other programs have changed, without a window; and the
-// dialog that asks.
+// Tests when and in which order the user is asked about files that other programs have changed, without a window, and
+// the dialog that asks.
 #include "ReloadQueue.h"
 #include "CFileWatchDlg.h"
 #include "Document.h"
@@ -27,8 +27,8 @@ struct FakeDocument : CDocument
     void ReportSaveLoadException(const QString &, const ArchiveException &, bool) override {}
 };
 
-/// Files of two projects, each with the class of its handle: 1, 11 resources, 2, 12 strings, 3, 13 and above a layout,
-/// 9 the configuration. Remembers what is asked ("?") and reloaded ("!").
+/// Files of two projects, each with the class of its handle: 1 and 11 are resources, 2 and 12 strings, 3, 13 and above
+/// layouts, 9 the configuration. Records questions ("?") and reloads ("!").
 struct FakeHost : IReloadHost
 {
     FakeHost()
@@ -58,11 +58,11 @@ struct FakeHost : IReloadHost
     void Reload(CDocument &, quint32 handle) override
     {
         log += QString::number(handle) + u'!';
-        if (handle == 1) // its reload watches all files of the project anew
+        if (handle == 1) // its reload watches all files of the project again
             std::erase_if(files, [&](const auto &file) { return file.second.doc == &first; });
     }
 
-    /// What is asked and reloaded after these files have changed together.
+    /// Returns the questions and reloads after these files have changed together.
     std::string Change(const std::vector<quint32> &handles)
     {
         queue.Add(handles);
@@ -80,16 +80,16 @@ struct FakeHost : IReloadHost
 
 } // namespace
 
-TEST(ReloadQueue, AsksOnceForACheckoutInTheOrderOfTheClasses)
+TEST(ReloadQueue, AsksOnceForACheckoutInTheOrderOfClasses)
 {
     FakeHost host;
     EXPECT_EQ(host.Change({4, 3, 2, 12, 2, 77}), "2?12?4?3?") << "the strings first, each once, none for a dead handle";
-    EXPECT_EQ(host.Change({13, 12, 3, 2, 9, 1}), "1?12?13?") << "No to the list holds for all of its project";
+    EXPECT_EQ(host.Change({13, 12, 3, 2, 9, 1}), "1?12?13?") << "No to the list applies to all files of its project";
     EXPECT_EQ(host.Change({3, 9}), "9?");
     host.answer = true;
     EXPECT_EQ(host.Change({3, 2}), "2?2!3?3!");
     EXPECT_EQ(host.Change({12, 3, 2, 9, 1}), "1?1!12?12!");
-    EXPECT_EQ(host.Change({1, 2, 3}), "") << "what isn't watched any more";
+    EXPECT_EQ(host.Change({1, 2, 3}), "") << "a file that is no longer watched";
 
     qint32 always = 1;
     host.files[12].autoReloadType = host.files[13].autoReloadFile = &always;
@@ -98,7 +98,7 @@ TEST(ReloadQueue, AsksOnceForACheckoutInTheOrderOfTheClasses)
     EXPECT_EQ(host.Change({13, 12}), "12!13!") << "without a question";
 }
 
-TEST(ReloadQueue, WaitsUntilTheUserCanBeAskedAndForgetsWhatHasGone)
+TEST(ReloadQueue, WaitsUntilTheUserCanBeAskedAndForgetsRemovedFiles)
 {
     FakeHost host;
     host.mayAsk = false;
@@ -110,18 +110,18 @@ TEST(ReloadQueue, WaitsUntilTheUserCanBeAskedAndForgetsWhatHasGone)
         EXPECT_EQ(host.Change({11, 12, 4}), "11?") << "one question at a time";
         host.log = u"11?"_s;
     };
-    EXPECT_EQ(host.Change({}), "11?11!2?2!3?3!4?4!") << "the reload has read what changed during the question too";
+    EXPECT_EQ(host.Change({}), "11?11!2?2!3?3!4?4!") << "the reload has also read changes made during the question";
     EXPECT_TRUE(host.queue.IsEmpty());
     host.answer = false;
     host.whileAsked = [&] { host.queue.Add({2, 11}); };
-    EXPECT_EQ(host.Change({2}), "2?11?2?") << "No is about what had changed before the question";
+    EXPECT_EQ(host.Change({2}), "2?11?2?") << "No applies to changes before the question";
 
-    host.whileAsked = [&] { host.files.clear(); }; // all projects are closed
+    host.whileAsked = [&] { host.files.clear(); }; // as if all projects were closed
     EXPECT_EQ(host.Change({2, 12, 13}), "2?");
     EXPECT_TRUE(host.queue.IsEmpty());
 }
 
-TEST(FileWatchDialog, StoresItsFlagsWithYesAloneAndFitsTheScreen)
+TEST(FileWatchDialog, StoresItsFlagsOnlyOnYesAndFitsTheScreen)
 {
     qint32 file = 0, type = 1;
     const auto show = [&](bool hasChanges, const QString &path, qint32 *typeFlag, bool isYes) {
@@ -149,7 +149,7 @@ TEST(FileWatchDialog, StoresItsFlagsWithYesAloneAndFitsTheScreen)
     EXPECT_EQ(file, 1);
     EXPECT_EQ(show(true, u"/a/b"_s, &type, false),
               "Morvanite||/a/b\n\n" + question +
-                  "This project has changes that aren't saved. Reloading drops them.|"
+                  "This project has unsaved changes. Reloading discards them.|"
                   "&Automatically reload this file*|&Automatically reload this type of file*|&Yes|&No");
     EXPECT_EQ(file, 1) << "No leaves them";
     EXPECT_EQ(type, 1);

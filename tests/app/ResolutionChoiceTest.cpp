@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Which resolutions a project is for: the choice without a window, its dialog, and the command in the window. And the
-// dialog that asks for a zoom.
+// Tests the choice of a project's resolutions: without a window, in its dialog, and by the command in the window. Also
+// tests the dialog for the zoom.
 #include "CResoFltr.h"
 #include "CTreeFltrDlg.h"
 #include "CZoomRatioDlg.h"
@@ -19,7 +19,7 @@
 namespace
 {
 
-/// Remembers what it is told.
+/// Records its calls.
 struct FakeTreeHelper : ITreeFltrHelper
 {
     void InitTree(CheckTree &tree) override
@@ -48,14 +48,14 @@ std::string TakeTold(FakeTreeHelper &helper)
     return std::exchange(helper.told, {}).toStdString();
 }
 
-/// The place of a row's check box, or of its text.
+/// Returns the position of a row's check box, or of its text.
 QPoint PlaceIn(const QTreeWidget &tree, const QString &label, bool isText)
 {
     const QRect row = tree.visualItemRect(tree.findItems(label, Qt::MatchExactly | Qt::MatchRecursive).front());
     return {row.left() + (isText ? 30 : 9), row.center().y()};
 }
 
-/// The folders of resolutions that are in use, with the number of layouts or images in each.
+/// Returns the resolution folders in use, with the number of layouts or images in each.
 std::string InUse(const CResModel &model)
 {
     QStringList names;
@@ -73,7 +73,7 @@ const QByteArray TWO_SCREENS = "<APP><RESOLUTION width=\"320\" height=\"240\" cl
 
 } // namespace
 
-TEST(ResolutionChoice, AsksWithTheCountsOfWhatOkDoes)
+TEST(ResolutionChoice, AsksWithTheCountsOfChanges)
 {
     TestProject project(TWO_SCREENS, "[Layout]\nfolders=1\n");
     CResDoc &doc = *project.Open();
@@ -87,7 +87,7 @@ TEST(ResolutionChoice, AsksWithTheCountsOfWhatOkDoes)
         CheckTree tree;
         choice.InitTree(tree);
         ASSERT_EQ(tree.items.size(), walk % 3 ? 2U : 1U);
-        ASSERT_EQ(tree.items[0].children.size(), 3U) << "Default isn't at stake";
+        ASSERT_EQ(tree.items[0].children.size(), 3U) << "Default isn't affected";
         tree.onCheck = [&](CResFolder *folder, bool checked) { choice.OnCheck(folder, checked); };
         const std::string before = InUse(doc);
         int clicks = int(random() % 6);
@@ -111,7 +111,7 @@ TEST(ResolutionChoice, AsksWithTheCountsOfWhatOkDoes)
                     : u"OK/Cancel: "_s + counts;
         boxes.answers = {false, true};
         EXPECT_EQ(choice.Apply(tree), added + deleted == 0);
-        EXPECT_EQ(InUse(doc), before) << "nothing before the answer";
+        EXPECT_EQ(InUse(doc), before) << "no change before the answer";
         EXPECT_EQ(boxes.asked, added + deleted == 0 ? QStringList() : QStringList{question});
         EXPECT_TRUE(choice.Apply(tree));
         for (const CheckTree::Item &top : tree.items) {
@@ -120,7 +120,7 @@ TEST(ResolutionChoice, AsksWithTheCountsOfWhatOkDoes)
         }
     }
     EXPECT_TRUE(doc.IsModified());
-    EXPECT_FALSE(doc.IsIdInUse(u"ID_WIDE"_s)) << "went with its resolution";
+    EXPECT_FALSE(doc.IsIdInUse(u"ID_WIDE"_s)) << "it was deleted with its resolution";
 
     for (const auto &folder : images->subfolders)
         CResModel::PutIntoUse(*folder);
@@ -135,7 +135,7 @@ TEST(ResolutionChoice, AsksWithTheCountsOfWhatOkDoes)
     EXPECT_EQ(boxes.asked, QStringList());
 }
 
-TEST(ResolutionChoice, TheDialogGivesAChangeToWhatIsBelow)
+TEST(ResolutionChoice, TheDialogAppliesACheckToTheRowsBelow)
 {
     FakeTreeHelper helper;
     CTreeFltrDlg dialog(helper);
@@ -158,7 +158,7 @@ TEST(ResolutionChoice, TheDialogGivesAChangeToWhatIsBelow)
     EXPECT_EQ(tree.topLevelItem(0)->child(1)->checkState(0), Qt::Checked);
     click(u"a2"_s, false);
     EXPECT_EQ(TakeTold(helper), "2- ");
-    EXPECT_EQ(tree.topLevelItem(0)->checkState(0), Qt::Checked) << "what is above stays";
+    EXPECT_EQ(tree.topLevelItem(0)->checkState(0), Qt::Checked) << "the rows above stay";
     buttons[0]->click();
     EXPECT_EQ(TakeTold(helper), "2+ 3+ ");
     buttons[1]->click();
@@ -172,12 +172,12 @@ TEST(ResolutionChoice, TheDialogGivesAChangeToWhatIsBelow)
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
 }
 
-TEST(ResolutionChoice, TheCommandFollowsInTreePanesAndSelection)
+TEST(ResolutionChoice, TheCommandUpdatesTreePanesAndSelection)
 {
     TestWindow window;
     window.MakeProject("wide", TWO_SCREENS);
     window.Start({window.Project("wide")});
-    const auto choose = [&](const QString &label) { // takes 320x240 out or in, and presses Enter until that is applied
+    const auto choose = [&](const QString &label) { // toggles 320x240, and presses Enter until the dialog closes
         QTimer user;
         bool isChosen = false;
         QObject::connect(&user, &QTimer::timeout, [&] {
@@ -217,7 +217,7 @@ TEST(ResolutionChoice, TheCommandFollowsInTreePanesAndSelection)
     EXPECT_TRUE(window.folder.Get("wide/res/wide.res.xml").contains("width=\"320\""));
 }
 
-TEST(ZoomDialog, TakesNumbersOfItsRange)
+TEST(ZoomDialog, AcceptsNumbersInItsRange)
 {
     for (const char *text : {"", "9", "1001", "-10", "10.5", "99999999999", "x"})
         EXPECT_EQ(ZoomInput::Check(QString::fromLatin1(text)), std::nullopt) << text;
@@ -234,7 +234,7 @@ TEST(ZoomDialog, TakesNumbersOfItsRange)
     QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
     EXPECT_EQ(boxes.boxes, QStringList{u"Enter an integer between 10 and 1000."_s});
     EXPECT_TRUE(dialog.isVisible());
-    EXPECT_EQ(dialog.findChild<QLineEdit *>()->selectedText(), u"9"_s) << "ready to be typed over";
+    EXPECT_EQ(dialog.findChild<QLineEdit *>()->selectedText(), u"9"_s) << "selected, so that typing replaces it";
     QTest::keyClicks(dialog.findChild<QLineEdit *>(), u"250"_s);
     QTest::keyClick(dialog.findChild<QLineEdit *>(), Qt::Key_Return);
     EXPECT_EQ(dialog.result(), QDialog::Accepted);

@@ -34,7 +34,7 @@ struct ScreenWindow : TestWindow
                    "<Label pos=\"(10,30)\" size=\"(60,30)\" name=\"inner\"/></Panel>"
                    "<Label pos=\"(20,130)\" size=\"(200,40)\" name=\"over\"/></Layout></TarvoXML>");
         Start({Project()});
-        Frame().setGeometry(0, 0, 790, 600); // as a whole on the screen, where the menu opens
+        Frame().setGeometry(0, 0, 790, 600); // completely on the screen, where the menu opens
         Child().Selected().SelectFolder(Document().root.FindFolder(KIND_LAYOUT, 3));
         Settle();
         View().setFixedSize(220, 200);
@@ -58,15 +58,15 @@ struct ScreenWindow : TestWindow
         QWheelEvent event(place, Port().mapToGlobal(place), {}, turned, Qt::NoButton, keys, Qt::NoScrollPhase, false);
         QApplication::sendEvent(&Port(), &event);
     }
-    /// Clicks at a point of the layout. Returns what is picked.
+    /// Clicks at a point of the layout. Returns the component that the click selects.
     QByteArray Click(QPoint point, Qt::KeyboardModifiers keys = {})
     {
         picks.clear();
         QTest::mouseClick(&Port(), Qt::LeftButton, keys, point + QPoint(10, 10) - Scroll());
         return picks.join(' ');
     }
-    /// Opens the menu of the view, and gives its entries: "*" before the one with the mark, parentheses where disabled.
-    /// `chosen` is triggered.
+    /// Opens the menu of the view and returns its entries: "*" before the checked one, disabled ones in parentheses.
+    /// Triggers `chosen`.
     std::string Menu(const QString &chosen = {}, bool isKeyboard = false, QPoint *place = nullptr) const
     {
         std::string all;
@@ -98,7 +98,7 @@ struct ScreenWindow : TestWindow
     QByteArrayList picks;
 };
 
-/// The region of the next repaint of a widget.
+/// Records the region of a widget's next repaint.
 struct PaintedRegion : QObject
 {
     explicit PaintedRegion(QWidget &widget) { widget.installEventFilter(this); }
@@ -113,7 +113,7 @@ struct PaintedRegion : QObject
 
 } // namespace
 
-TEST(ScreenView, ZoomsAndScrollsByTheWheelWithOneKeyOrNone)
+TEST(ScreenView, ZoomsAndScrollsByTheWheelWithAtMostOneModifierKey)
 {
     ScreenWindow window;
     const QPoint place(60, 50);
@@ -125,9 +125,9 @@ TEST(ScreenView, ZoomsAndScrollsByTheWheelWithOneKeyOrNone)
     const QPoint kept = window.PointAt(place);
     window.Wheel(-120, Qt::ControlModifier);
     EXPECT_EQ(window.Percent(), 990);
-    EXPECT_LE((window.PointAt(place) - kept).manhattanLength(), 1) << "what is under the pointer stays there";
+    EXPECT_LE((window.PointAt(place) - kept).manhattanLength(), 1) << "the point under the pointer stays there";
     for (int i = 0; i < 12; ++i)
-        window.Wheel(-1, Qt::ControlModifier); // as a touchpad does
+        window.Wheel(-1, Qt::ControlModifier); // small steps, like a touchpad
     EXPECT_EQ(window.Percent(), 989);
 
     const QPoint before = window.Scroll();
@@ -155,7 +155,7 @@ TEST(ScreenView, ZoomsAndScrollsByTheWheelWithOneKeyOrNone)
     EXPECT_EQ(window.Percent(), 989);
 }
 
-TEST(ScreenView, PicksTheTopmostAndWithAltWhatIsBelowIt)
+TEST(ScreenView, SelectsTheTopmostAndWithAltTheNextBelow)
 {
     ScreenWindow window;
     EXPECT_EQ(window.Click({40, 60}), "inner");
@@ -181,7 +181,7 @@ TEST(ScreenView, PicksTheTopmostAndWithAltWhatIsBelowIt)
     QTest::keyRelease(&window.View(), Qt::Key_Space, Qt::ShiftModifier);
     QTest::mouseRelease(&window.Port(), Qt::LeftButton, {}, {55, 60});
     EXPECT_EQ(window.Scroll(), before + QPoint(5, 10));
-    EXPECT_EQ(window.View().Selected()->propName, "over") << "dragging picks nothing";
+    EXPECT_EQ(window.View().Selected()->propName, "over") << "dragging selects nothing";
     EXPECT_EQ(window.Click({40, 60}), "inner") << "at the same point of the layout, wherever it is";
 
     window.View().LetGo();
@@ -218,10 +218,10 @@ TEST(ScreenView, ZoomsByKeysAndByItsMenu)
     EXPECT_EQ(window.Percent(), 56) << "180 of 320 lines";
     EXPECT_FALSE(window.View().verticalScrollBar()->isVisible() || window.View().horizontalScrollBar()->isVisible());
     window.Frame().Bars().Output().setFocus();
-    EXPECT_FALSE(window.Frame().IsEnabled(ACTION_FIT_VIEW)) << "Ctrl+Home is a key of the text";
+    EXPECT_FALSE(window.Frame().IsEnabled(ACTION_FIT_VIEW)) << "Ctrl+Home belongs to the text box";
     window.Settle();
     window.View().setFocus();
-    QTest::keyClick(&window.View(), Qt::Key_PageUp, Qt::ControlModifier); // with no time between
+    QTest::keyClick(&window.View(), Qt::Key_PageUp, Qt::ControlModifier); // immediately after the focus
     EXPECT_EQ(window.Percent(), 66);
     QTest::keyClick(&window.View(), Qt::Key_Home, Qt::ControlModifier);
     const auto *const layout = dynamic_cast<CLayoutRes *>(window.Selected()->resources.First());
@@ -233,7 +233,7 @@ TEST(ScreenView, ZoomsByKeysAndByItsMenu)
     EXPECT_EQ(window.Frame().Zoom().text(), QString());
 }
 
-TEST(ScreenView, TellsThePointAndRepaintsOnlyWhatHasChanged)
+TEST(ScreenView, ReportsThePointAndRepaintsOnlyChanges)
 {
     ScreenWindow window;
     QTest::mouseMove(&window.Port(), {4, 25});
@@ -257,6 +257,6 @@ TEST(ScreenView, TellsThePointAndRepaintsOnlyWhatHasChanged)
     window.Settle();
     EXPECT_TRUE(painted.region.contains(QPoint(10, 40)) && painted.region.contains(QPoint(179, 40)));
     EXPECT_FALSE(painted.region.contains(QPoint(60, 170)));
-    window.Click({25, 60}); // the label in it has moved with it
+    window.Click({25, 60}); // the label inside moved along
     EXPECT_EQ(window.picks, QByteArrayList{"inner"});
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is selected, and what the views hold, while folders go and come.
+// Tests the selection, and the rows of the views, while folders are created and destroyed.
 #include "TestProject.h"
 #include "TestWindow.h"
 
@@ -8,7 +8,7 @@
 namespace
 {
 
-/// A layout's folder of a resolution.
+/// Adds a layout's folder to that of a resolution.
 CResFolder &AddLayout(CResModel &model, CResFolder &resolution, const char *title)
 {
     resolution.AddFolder(model.CreateFolder(KIND_LAYOUT, resolution.index));
@@ -19,7 +19,7 @@ CResFolder &AddLayout(CResModel &model, CResFolder &resolution, const char *titl
 
 } // namespace
 
-TEST(Selection, LetsGoOfWhatIsDestroyedAndTakesWhatComesIntoItsPlace)
+TEST(Selection, ReplacesADestroyedNodeByTheOneThatTakesItsPlace)
 {
     TestProject project("<APP/>", "[Layout]\nfolders=1\n");
     CResDoc &doc = *project.Open();
@@ -38,8 +38,8 @@ TEST(Selection, LetsGoOfWhatIsDestroyedAndTakesWhatComesIntoItsPlace)
     EXPECT_EQ(changes, 2);
     EXPECT_TRUE(doc.DeleteFolder(first));
     doc.ClearFolder(*doc.root.FindFolder(KIND_AUDIO, 2));
-    EXPECT_EQ(selection.SelectedFolder(), &second) << "others went";
-    doc.ClearFolder(screen); // as a reload of its layout file does
+    EXPECT_EQ(selection.SelectedFolder(), &second) << "others were destroyed";
+    doc.ClearFolder(screen); // a reload of its layout file does this
     EXPECT_EQ(selection.SelectedFolder(), nullptr);
     AddLayout(doc, screen, "ID_OTHER");
     CResFolder &again = AddLayout(doc, screen, "ID_SECOND");
@@ -49,7 +49,7 @@ TEST(Selection, LetsGoOfWhatIsDestroyedAndTakesWhatComesIntoItsPlace)
     EXPECT_TRUE(doc.DeleteFolder(again));
     EXPECT_EQ(selection.SelectedFolder(), nullptr);
     selection.Refresh();
-    EXPECT_EQ(selection.SelectedFolder(), &doc.root) << "nothing has come into its place";
+    EXPECT_EQ(selection.SelectedFolder(), &doc.root) << "nothing has replaced it";
 
     for (const quint32 kind : {KIND_STRINGS, KIND_RESO_LAYOUTS}) {
         CResFolder *const emptied = doc.root.FindFolder(kind, 2);
@@ -62,12 +62,12 @@ TEST(Selection, LetsGoOfWhatIsDestroyedAndTakesWhatComesIntoItsPlace)
     EXPECT_TRUE(selection.GoOut());
     EXPECT_EQ(selection.SelectedFolder(), doc.root.FindFolder(KIND_IMAGES, 1));
     selection.SelectFolder(&images);
-    images.kind |= KIND_FLAG_OFF; // the user has taken the resolution out of use
+    images.kind |= KIND_FLAG_OFF; // the user took the resolution out of use
     selection.Refresh();
     EXPECT_EQ(selection.SelectedFolder(), &doc.root);
 }
 
-TEST(Selection, TheWindowShowsNoRowOfAFolderThatGoesAndTheNewOnesAfterTheUpdate)
+TEST(Selection, TheWindowHidesRowsOfADestroyedFolderAndShowsNewOnesAfterTheUpdate)
 {
     TestWindow window;
     window.folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\n");
@@ -86,7 +86,7 @@ TEST(Selection, TheWindowShowsNoRowOfAFolderThatGoesAndTheNewOnesAfterTheUpdate)
     EXPECT_TRUE(doc.DeleteFolder(*screen.subfolders[1]));
     EXPECT_EQ(contents.count(), 2) << "also before the update";
     EXPECT_EQ(window.Tree().currentItem()->childCount(), 2);
-    EXPECT_TRUE(window.Frame().IsEnabled(ACTION_NEW_LAYOUT)) << "of the selected folder, since the other has gone";
+    EXPECT_TRUE(window.Frame().IsEnabled(ACTION_NEW_LAYOUT)) << "applies to the selected folder now";
     doc.ClearFolder(screen);
     EXPECT_EQ(contents.count(), 0);
     EXPECT_EQ(window.Tree().currentItem()->childCount(), 0);
@@ -94,7 +94,7 @@ TEST(Selection, TheWindowShowsNoRowOfAFolderThatGoesAndTheNewOnesAfterTheUpdate)
     window.Child().Selected().SelectFolder(&AddLayout(doc, screen, "ID_B"));
     doc.UpdateAllViews(nullptr);
     doc.ClearFolder(doc.root);
-    window.Settle(); // nothing that is painted or asked for reads what has gone
+    window.Settle(); // no paint event or query reads a destroyed node
     EXPECT_EQ(window.Selected(), nullptr);
     EXPECT_FALSE(window.Frame().IsEnabled(ACTION_CLEAR));
     doc.UpdateAllViews(nullptr);

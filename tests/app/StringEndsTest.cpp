@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The project goes while the user is in the middle of something in its strings.
+// Tests that a project can be closed or changed while the user is editing its strings.
 #include "CListFltrDlg.h"
 #include "FindBar.h"
 #include "IdeCommands.h"
@@ -12,12 +12,12 @@ namespace
 
 using Window = StringWindow;
 
-/// What the user is in the middle of; "kept" is what must not be lost.
+/// A state in the middle of a user action; "kept" marks text that must not be lost.
 struct Middle
 {
     const char *what;
     void (*begin)(Window &);
-    bool hasText; // that is typed, and isn't in the table yet
+    bool hasText; // it was typed, but isn't in the table yet
 };
 const Middle MIDDLES[] = {
     {"editor",
@@ -50,7 +50,7 @@ std::string SavedFile(const Window &window)
 
 } // namespace
 
-TEST(StringEnds, ClosingTakesWhatIsTypedAndAsks)
+TEST(StringEnds, ClosingAppliesTypedTextAndAsks)
 {
     for (const Middle &middle : MIDDLES) {
         for (const bool isMain : {true, false}) {
@@ -66,8 +66,8 @@ TEST(StringEnds, ClosingTakesWhatIsTypedAndAsks)
     }
 }
 
-/// A text that the table refuses keeps the project open.
-TEST(StringEnds, ClosingTellsOfARefusedText)
+/// A project whose table refuses a text stays open.
+TEST(StringEnds, ClosingReportsARefusedText)
 {
     for (const bool isMain : {true, false}) {
         SCOPED_TRACE(isMain);
@@ -82,8 +82,8 @@ TEST(StringEnds, ClosingTellsOfARefusedText)
     }
 }
 
-/// Without any farewell.
-TEST(StringEnds, TheViewMayGoAtAnyTime)
+/// Destroys the view without closing it first.
+TEST(StringEnds, TheViewCanBeDestroyedAtAnyTime)
 {
     for (const Middle &middle : MIDDLES) {
         SCOPED_TRACE(middle.what);
@@ -93,7 +93,7 @@ TEST(StringEnds, TheViewMayGoAtAnyTime)
     }
 }
 
-TEST(StringEnds, AnIdesCommandsTakeWhatIsTyped)
+TEST(StringEnds, IdeCommandsApplyTypedText)
 {
     for (const Middle &middle : MIDDLES) {
         for (const quint32 command : {IDE_COMMAND_SAVE, IDE_COMMAND_LOAD, IDE_COMMAND_PACK}) {
@@ -153,8 +153,8 @@ TEST(StringEnds, CommandsAndClosingWaitForADialogOrABox)
     }
 }
 
-/// The tree changes below what is open.
-TEST(StringEnds, ReloadingAndClearingLetGo)
+/// The tree changes while an editor or dialog is open.
+TEST(StringEnds, ReloadingAndClearingEndTheEditing)
 {
     const std::pair<const char *, void (*)(Window &)> ends[] = {
         {"reload",

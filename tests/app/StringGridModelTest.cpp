@@ -8,7 +8,7 @@
 namespace
 {
 
-/// Finds fault with messages in a batch, and with a focus that comes in one.
+/// Fails on a message inside a batch, and on a change of the focus inside one.
 class WatchedModel : public StringGridModel
 {
 public:
@@ -40,7 +40,7 @@ private:
     bool isInBatch = false;
 };
 
-/// What a view would show: cells that are read only where a signal says so.
+/// What a view would show: it reads a cell only after a signal for it.
 class Screen
 {
 public:
@@ -93,7 +93,7 @@ public:
     int resets = 0;
 };
 
-/// The rows of the table by ID, with their texts, that are shown or that aren't.
+/// Returns the rows of the table that the model shows, or those that it hides, by ID with their texts.
 std::map<QString, QStringList> RowsThatAre(bool shown, const StringTable &table, const StringGridModel &model)
 {
     std::map<QString, QStringList> rows;
@@ -115,7 +115,7 @@ QByteArray TableOf(int rows)
     return file + "##number|" + QByteArray::number(rows) + '\n';
 }
 
-/// Changes of all sorts between two notices of a batch.
+/// Makes changes of all kinds in one batch.
 void MixedBatch(GridWalk &walk)
 {
     const StringTable::Batch batch(walk.table);
@@ -144,7 +144,7 @@ void FailOnWarning(QtMsgType, const QMessageLogContext &, const QString &text)
 
 } // namespace
 
-TEST(StringGridModel, TellsQtAllThatHappensAndHidesNothingThatChanged)
+TEST(StringGridModel, SignalsEveryChange)
 {
     const QtMessageHandler before = qInstallMessageHandler(FailOnWarning);
     for (unsigned seed = 1; seed <= 60 && !testing::Test::HasFailure(); ++seed) {
@@ -182,7 +182,7 @@ TEST(StringGridModel, TellsQtAllThatHappensAndHidesNothingThatChanged)
     qInstallMessageHandler(before);
 }
 
-TEST(StringGridModel, ALongBatchIsOneReset)
+TEST(StringGridModel, ResetsOnceForALongBatch)
 {
     for (const int rows : {100, 101, 500}) {
         WatchedModel model;
@@ -206,7 +206,7 @@ TEST(StringGridModel, ALongBatchIsOneReset)
     }
 }
 
-TEST(StringGridModel, ShowsOneShortLineOfATextAndAllOfItOnRequest)
+TEST(StringGridModel, ShowsAShortLineOfATextAndAllOfItOnRequest)
 {
     StringGridModel model;
     GridWalk walk(1, model);

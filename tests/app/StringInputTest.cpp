@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What no table of strings should get, by all ways that lead into it.
+// Tests that no invalid text or ID gets into a string table, for all ways of input.
 #include "FindBar.h"
 #include "Spreadsheet.h"
 #include "StringWindow.h"
@@ -15,7 +15,7 @@ namespace
 
 struct InputWindow : StringWindow
 {
-    /// Says OK to all boxes.
+    /// Answers all boxes with OK.
     InputWindow() { Answer(QList<QMessageBox::StandardButton>(500, QMessageBox::Ok)); }
 
     void Paste(ActionId id, const QString &text) const
@@ -24,7 +24,7 @@ struct InputWindow : StringWindow
         QGuiApplication::clipboard()->setText(text);
         Frame().RunAction(id);
     }
-    /// The change is one step, leaves lines whole, and is the same in the file.
+    /// Checks that the change is one step, leaves each text on one line, and survives a save.
     void CheckStep(const QStringList &before) const
     {
         const QStringList after = TreeRows();
@@ -38,7 +38,7 @@ struct InputWindow : StringWindow
 
 } // namespace
 
-TEST(StringInput, AnyTextBecomesOneLineOrStaysOut)
+TEST(StringInput, TurnsAnyTextIntoOneLineOrRefusesIt)
 {
     const QString texts[] = {u"a\r\nb\nc\rd"_s,
                              u"\n"_s,
@@ -83,7 +83,7 @@ TEST(StringInput, AnyTextBecomesOneLineOrStaysOut)
     }
 }
 
-TEST(StringInput, NoWrongIdGetsIn)
+TEST(StringInput, RefusesInvalidIds)
 {
     InputWindow window;
     const QStringList before = window.TreeRows();
@@ -105,7 +105,7 @@ TEST(StringInput, NoWrongIdGetsIn)
         SCOPED_TRACE(id.toStdString());
         for (const int row : {0, 3}) {
             if (row == 3 && (id.trimmed() != id || id == u"<New>"_s))
-                continue; // what a new row gets isn't trimmed, and nothing has changed
+                continue; // the text of the new row isn't trimmed, and nothing has changed
             window.boxes.clear();
             window.Edit(row, 0);
             window.Paste(ACTION_PASTE, id.right(64));
@@ -116,17 +116,17 @@ TEST(StringInput, NoWrongIdGetsIn)
             EXPECT_EQ(window.TreeRows(), before);
         }
         if (id.trimmed().toUpper() == u"ID_C"_s)
-            continue; // pasted cells are for that row
+            continue; // the pasted cells belong to that row
         window.boxes.clear();
         window.Paste(ACTION_PASTE_CELLS, u"Resource Type\tID\tEnglish\nPush\t\""_s + id + u"\"\t"_s);
         EXPECT_TRUE(window.WaitFor([&] { return window.boxes.size() == 1; }));
-        EXPECT_TRUE(window.boxes.value(0).startsWith(u"Nothing of what is on the clipboard can be taken."_s));
+        EXPECT_TRUE(window.boxes.value(0).startsWith(u"Nothing on the clipboard can be pasted."_s));
         EXPECT_EQ(window.TreeRows(), before);
     }
     EXPECT_FALSE(window.Document().IsModified());
 }
 
-TEST(StringInput, ALargeClipboardIsOneStepUnderTheWaitPointer)
+TEST(StringInput, PastesALargeClipboardInOneStepWithTheWaitCursor)
 {
     constexpr int ROWS = 50'000;
     InputWindow window;
@@ -163,7 +163,7 @@ TEST(StringInput, ALargeClipboardIsOneStepUnderTheWaitPointer)
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringInput, WhatIsDroppedIsTakenWholeOrNotAtAll)
+TEST(StringInput, AcceptsADropCompletelyOrNotAtAll)
 {
     InputWindow window;
     const QString book = window.folder.Path("good.xls");
@@ -180,7 +180,7 @@ TEST(StringInput, WhatIsDroppedIsTakenWholeOrNotAtAll)
         window.Drop({window.folder.Path("cut.xls")});
         ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 1 || window.TreeRows() == after; })) << size;
         if (window.boxes.isEmpty())
-            break; // only the room behind the table is cut
+            break; // only the padding after the table is cut off
         EXPECT_TRUE(window.boxes.takeFirst().startsWith(u"Failed to import \"cut.xls\"."_s));
         EXPECT_EQ(window.TreeRows(), before) << size;
     }

@@ -19,7 +19,7 @@ const ActionId ACTIONS[] = {ACTION_NEW,    ACTION_IMPORT,     ACTION_EXPORT, ACT
                             ACTION_REDO,   ACTION_COPY,       ACTION_PASTE,  ACTION_DELETE,   ACTION_DELETE_ALL,
                             ACTION_RENAME, ACTION_SELECT_ALL, ACTION_CUT};
 
-/// Which of them are enabled, a letter each.
+/// Returns which commands are enabled, a letter for each.
 std::string Enabled(const StringWindow &window)
 {
     std::string text;
@@ -30,11 +30,11 @@ std::string Enabled(const StringWindow &window)
 
 } // namespace
 
-TEST(StringPane, EnablesWhatCanBeDone)
+TEST(StringPane, EnablesThePossibleCommands)
 {
     StringWindow empty("Number of Language|1\nString ID|Resource Type|Description|English(9)\n##number|0\n");
     EXPECT_EQ(Enabled(empty), "xx-x-----x-x-");
-    empty.Grid().SelectAlone(0, 0); // the new-row line
+    empty.Grid().SelectAlone(0, 0); // the line for a new row
     EXPECT_EQ(Enabled(empty), "xx-x-----xxx-");
     empty.app.reset();
 
@@ -58,7 +58,7 @@ TEST(StringPane, EnablesWhatCanBeDone)
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringPane, ShowsTheKindOfWhatIsSelectedInItsMenu)
+TEST(StringPane, ShowsTheKindOfTheSelectionInItsMenu)
 {
     struct Case
     {
@@ -84,7 +84,7 @@ TEST(StringPane, ShowsTheKindOfWhatIsSelectedInItsMenu)
     EXPECT_EQ(window.Shown(0, 1) + window.Shown(1, 1) + window.Shown(2, 1), "NormalPushNormal") << "each row is a step";
 }
 
-TEST(StringPane, DeletesAfterAQuestion)
+TEST(StringPane, AsksBeforeItDeletes)
 {
     StringWindow window;
     window.Answer({QMessageBox::No, QMessageBox::Yes, QMessageBox::Yes});
@@ -105,7 +105,7 @@ TEST(StringPane, DeletesAfterAQuestion)
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringPane, SortsByAClickAndRemembersItWithTheWidths)
+TEST(StringPane, SortsByAClickAndRemembersOrderAndWidths)
 {
     StringWindow window;
     const auto header = [&]() -> QHeaderView & { return *window.Grid().horizontalHeader(); };
@@ -143,7 +143,7 @@ TEST(StringPane, SortsByAClickAndRemembersItWithTheWidths)
     EXPECT_THAT(window.folder.Get("bin/Morvanite.ini").toStdString(), testing::HasSubstr("[wnd_1014]"));
 }
 
-TEST(StringPane, TakesWhatIsDroppedAndTellsOfTheRest)
+TEST(StringPane, AddsDroppedFilesAndReportsTheRest)
 {
     StringWindow window;
     window.folder.Put("bad.xls", "no workbook");
@@ -169,8 +169,8 @@ TEST(StringPane, TakesWhatIsDroppedAndTellsOfTheRest)
     window.Document().SetModifiedFlag(false);
 }
 
-/// Another node and back: the grid shows the tree, with the row that was in focus.
-TEST(StringPane, ComesBackToItsRow)
+/// Selects another node and the strings again: the grid shows the tree, with the same row in focus.
+TEST(StringPane, ReturnsToItsRow)
 {
     StringWindow window;
     window.Grid().SelectAlone(1, 3);
@@ -192,7 +192,7 @@ TEST(StringPane, ComesBackToItsRow)
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringPane, ALongCommandLeavesTheSelection)
+TEST(StringPane, ALongCommandKeepsTheSelection)
 {
     QByteArray table = "Number of Language|1\nString ID|Resource Type|Description|English(9)\n";
     for (int row = 100; row < 220; ++row)
@@ -209,7 +209,7 @@ TEST(StringPane, ALongCommandLeavesTheSelection)
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringPane, ASelectedRowIsSelectedInANewLanguageToo)
+TEST(StringPane, ExtendsTheSelectionToANewLanguage)
 {
     StringWindow window;
     window.Grid().SelectAlone(1, 0);
@@ -220,8 +220,8 @@ TEST(StringPane, ASelectedRowIsSelectedInANewLanguageToo)
     window.Document().SetModifiedFlag(false);
 }
 
-/// The project goes away below the grid.
-TEST(StringPane, LetsGoOfWhatIsReloadedOrCleared)
+/// The nodes that the grid shows are destroyed.
+TEST(StringPane, ForgetsReloadedOrClearedRows)
 {
     StringWindow window;
     window.Edit(1, 3);
@@ -253,7 +253,7 @@ TEST(StringPane, FindsFiltersAndGoesToAnId)
     window.Frame().RunAction(ACTION_FIND_BAR);
     window.Type(u"te"_s);
     EXPECT_EQ(ids(), "ID_A10 <New> ") << "Ten";
-    EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{0}) << "what is selected and in sight stays so";
+    EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{0}) << "a visible selection stays";
     window.Type(u"x"_s);
     EXPECT_EQ(ids(), "<New> ");
     window.Key(Qt::Key_Backspace);
@@ -261,7 +261,7 @@ TEST(StringPane, FindsFiltersAndGoesToAnId)
     window.Edit(0, 3);
     window.Type(u"Zehn"_s);
     window.Key(Qt::Key_Return);
-    EXPECT_EQ(ids(), "ID_A10 <New> ") << "what was edited stays in sight";
+    EXPECT_EQ(ids(), "ID_A10 <New> ") << "the edited row stays visible";
     window.Frame().RunAction(ACTION_FIND_BAR);
     window.Key(Qt::Key_Escape);
     EXPECT_EQ(ids(), "ID_A2 ID_A10 ID_C <New> ");
@@ -279,11 +279,11 @@ TEST(StringPane, FindsFiltersAndGoesToAnId)
     });
     window.Frame().RunAction(ACTION_GO_TO_ID);
     EXPECT_TRUE(window.View().isVisible());
-    EXPECT_EQ(window.Shown(window.Grid().currentIndex().row(), 0), "ID_A10") << "a filter that hides it ends";
+    EXPECT_EQ(window.Shown(window.Grid().currentIndex().row(), 0), "ID_A10") << "a filter that hides it is off";
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringPane, CopiesPastesAndReplacesCellsAsOneStep)
+TEST(StringPane, CopiesPastesAndReplacesCellsInOneStep)
 {
     StringWindow window;
     window.Grid().Select({0, 1});
@@ -304,7 +304,7 @@ TEST(StringPane, CopiesPastesAndReplacesCellsAsOneStep)
 
     window.Activate();
     window.Frame().RunAction(ACTION_REPLACE);
-    window.Type(u"e"_s); // See, Ten, Mer
+    window.Type(u"e"_s); // occurs in See, Ten and Mer
     auto &bar = StringWindow::Find<FindBar>(window.View());
     for (QLineEdit *field : bar.findChildren<QLineEdit *>()) {
         if (field->placeholderText().contains(u"eplace"_s))
@@ -371,7 +371,7 @@ TEST(StringPane, ExportsAndImportsByDialogs)
     window.Frame().RunAction(ACTION_UNDO);
     window.Grid().SelectAlone(1, 0);
     window.Frame().RunAction(ACTION_COPY);
-    choose(ACTION_IMPORT, QString()); // and cancelled
+    choose(ACTION_IMPORT, QString()); // cancels the dialog
     EXPECT_TRUE(window.Table().history.CanRedo() && !window.Table().Copied().empty());
     choose(ACTION_IMPORT, book + u".xls"_s);
     EXPECT_EQ(window.Shown(0, 4), "Deux");

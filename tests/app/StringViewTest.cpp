@@ -12,11 +12,11 @@ TEST(StringView, EditsCellsByTheKeyboard)
     {
         const char *what;
         int row, col;
-        const char *typed; // over all of the text; null: nothing
+        const char *typed; // replaces the whole text; null: types nothing
         Qt::Key key;
         Qt::KeyboardModifiers modifiers;
-        const char *edited; // afterwards
-        const char *text;   // of the cell at row, col
+        const char *edited; // the cell with the editor afterwards
+        const char *text;   // the text of the cell at row, col afterwards
         bool undoable;
     };
     const Case cases[] = {
@@ -54,7 +54,7 @@ TEST(StringView, EditsCellsByTheKeyboard)
     }
 }
 
-TEST(StringView, TabPassesOverHiddenColumns)
+TEST(StringView, TabSkipsHiddenColumns)
 {
     StringWindow window;
     window.Grid().horizontalHeader()->resizeSection(4, 0);
@@ -68,8 +68,8 @@ TEST(StringView, TabPassesOverHiddenColumns)
     EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{0}) << "Shift must not extend the selection";
 }
 
-/// What commits beside the keys.
-TEST(StringView, TakesTheTextWhateverEndsTheEditing)
+/// Everything besides keys that ends the editing.
+TEST(StringView, AppliesTheTextWhateverEndsTheEditing)
 {
     const std::pair<const char *, void (*)(StringWindow &)> ends[] = {
         {"click elsewhere",
@@ -103,33 +103,33 @@ TEST(StringView, TakesTheTextWhateverEndsTheEditing)
     }
 }
 
-TEST(StringView, EnterEditsTheRowInFocusWhichIsSelectedThen)
+TEST(StringView, EnterSelectsAndEditsTheFocusedRow)
 {
     StringWindow window;
     window.Edit(0, 3);
     window.Type(u"Deux"_s);
     window.Key(Qt::Key_Return);
     window.Grid().SelectAlone(2, 0);
-    window.Frame().RunAction(ACTION_UNDO); // moves the focus and not the selection
+    window.Frame().RunAction(ACTION_UNDO); // moves the focus but not the selection
     window.Key(Qt::Key_Return);
     EXPECT_EQ(window.Edited(), "0,3");
     EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{0});
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringView, ClosingTheWindowTakesTheText)
+TEST(StringView, ClosingTheWindowAppliesTheText)
 {
     StringWindow window;
     window.Edit(0, 3);
     window.Type(u"Deux"_s);
     window.Answer({QMessageBox::Cancel});
-    window.Child().close(); // as the button of the window does
+    window.Child().close(); // like the close button of the window
     EXPECT_EQ(window.boxes, QStringList{u"Save changes to demo?"_s});
     EXPECT_EQ(window.Shown(0, 3), "Deux");
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringView, MenusAndTheEditorsOwnMenuEndNothing)
+TEST(StringView, MenusDoNotEndTheEditing)
 {
     StringWindow window;
     window.Edit(0, 3);
@@ -139,17 +139,17 @@ TEST(StringView, MenusAndTheEditorsOwnMenuEndNothing)
         QApplication::sendEvent(&window.Editor(), &out);
         EXPECT_EQ(window.Edited(), "0,3");
     }
-    window.Frame().RunAction(ACTION_UNDO); // of the box
+    window.Frame().RunAction(ACTION_UNDO); // undoes the choice in the box
     EXPECT_EQ(window.Edited(), "0,3");
     EXPECT_EQ(window.Shown(0, 3), "Two");
     window.Frame().RunAction(ACTION_SELECT_ALL);
     EXPECT_EQ(window.Grid().SelectedRows().size(), 1U);
-    window.Frame().RunAction(ACTION_REDO); // has no such rule: takes the text first
+    window.Frame().RunAction(ACTION_REDO); // has no such rule: it applies the typed text first
     EXPECT_EQ(window.Edited(), "");
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringView, KeepsLongTextsWholeAndOneLineOneLine)
+TEST(StringView, KeepsLongTextsCompleteAndOnOneLine)
 {
     const QByteArray longText(600, 'x');
     StringWindow window(QByteArray("Number of Language|1\nString ID|Resource Type|Description|English(9)\n"
@@ -159,7 +159,7 @@ TEST(StringView, KeepsLongTextsWholeAndOneLineOneLine)
     window.Key(Qt::Key_End);
     window.Type(u"y"_s);
     window.Key(Qt::Key_Return);
-    EXPECT_EQ(window.Table().CellText(0, 2), QString::fromLatin1(longText)) << "no room, and nothing cut";
+    EXPECT_EQ(window.Table().CellText(0, 2), QString::fromLatin1(longText)) << "no room, but nothing is lost";
     EXPECT_FALSE(window.Document().IsModified());
 
     window.Edit(0, 3);
@@ -173,7 +173,7 @@ TEST(StringView, KeepsLongTextsWholeAndOneLineOneLine)
     QGuiApplication::clipboard()->setText(QString(511, u'e') + emoji);
     window.Frame().RunAction(ACTION_PASTE);
     window.Key(Qt::Key_Return);
-    EXPECT_EQ(window.Table().CellText(0, 3), QString(511, u'e')) << "half a character is none";
+    EXPECT_EQ(window.Table().CellText(0, 3), QString(511, u'e')) << "half a character isn't accepted";
 
     window.Edit(0, 0);
     window.Type(QString(70, u'i'));
@@ -182,7 +182,7 @@ TEST(StringView, KeepsLongTextsWholeAndOneLineOneLine)
     window.Document().SetModifiedFlag(false);
 }
 
-TEST(StringView, TellsOnceWhyAnIdIsRefusedAndComesBackToTheCell)
+TEST(StringView, ExplainsOnceWhyAnIdIsRefusedAndReturnsToTheCell)
 {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab, Qt::Key_Down}) {
         StringWindow window;
@@ -225,9 +225,9 @@ TEST(StringView, ChoosesTheKindInABox)
     window.Key(Qt::Key_Up);
     EXPECT_FALSE(window.TypeBox().isVisible());
     EXPECT_EQ(window.Shown(0, 1), "Normal");
-    EXPECT_FALSE(window.Document().IsModified()) << "a kind by itself marks nothing";
+    EXPECT_FALSE(window.Document().IsModified()) << "a kind alone doesn't mark the project as modified";
     click(2, 1);
-    click(2, 3); // elsewhere; the command runs all the same
+    click(2, 3); // a click elsewhere; the command is executed nevertheless
     EXPECT_FALSE(window.TypeBox().isVisible());
     window.Table().history.Undo();
     window.Table().history.Undo();
@@ -244,5 +244,5 @@ TEST(StringView, ChoosesTheKindInABox)
     EXPECT_TRUE(window.TypeBox().isVisible());
     window.Frame().RunAction(ACTION_REDO);
     EXPECT_FALSE(window.TypeBox().isVisible());
-    EXPECT_EQ(window.Shown(0, 1), "Normal") << "a box in which nothing was chosen must not end what Redo can do";
+    EXPECT_EQ(window.Shown(0, 1), "Normal") << "a box without a choice must not clear the redo steps";
 }

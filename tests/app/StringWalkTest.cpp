@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The string view and its table under a user who does anything.
+// Tests the string view and its table with random user actions.
 #include "CFileWatchDlg.h"
 #include "CListFltrDlg.h"
 #include "FilterChoice.h"
@@ -24,7 +24,7 @@ const ActionId PLAIN[] = {ACTION_UNDO,        ACTION_UNDO,    ACTION_UNDO,     A
 const Qt::Key ENDS[] = {Qt::Key_Return, Qt::Key_Tab,  Qt::Key_Tab,   Qt::Key_Backtab,
                         Qt::Key_Up,     Qt::Key_Down, Qt::Key_Escape};
 
-/// A user who does anything at random in the window of a project's strings. Boxes are answered at random too.
+/// Makes random user actions in the window of a project's strings. Answers boxes at random too.
 struct StringWalk : StringWindow
 {
     explicit StringWalk(unsigned seed) : random(seed)
@@ -46,7 +46,7 @@ struct StringWalk : StringWindow
     }
 
     void Step();
-    /// What must be true after whatever the user has done.
+    /// Checks what must be true after every action.
     void Check() const;
 
 private:
@@ -70,7 +70,7 @@ private:
 
 void FailOnWarning(QtMsgType, const QMessageLogContext &, const QString &text)
 {
-    if (!text.startsWith(u"This plugin does not support"_s)) // of the platform without a screen
+    if (!text.startsWith(u"This plugin does not support"_s)) // comes from the platform plugin that has no screen
         ADD_FAILURE() << qPrintable(text);
 }
 
@@ -83,7 +83,7 @@ void StringWalk::AnswerBox()
         const auto buttons = box->buttons();
         return buttons[Below(int(buttons.size()))]->click();
     }
-    if (auto *const reload = dynamic_cast<CFileWatchDlg *>(open)) // of what another program has written
+    if (auto *const reload = dynamic_cast<CFileWatchDlg *>(open)) // asks about a file that another program has written
         QMetaObject::invokeMethod(reload, Below(2) ? &QDialog::accept : &QDialog::reject, Qt::QueuedConnection);
     auto *const languages = dynamic_cast<CListFltrDlg *>(open);
     if (!languages)
@@ -97,7 +97,7 @@ void StringWalk::AnswerBox()
     QMetaObject::invokeMethod(languages, Below(3) ? &QDialog::accept : &QDialog::reject, Qt::QueuedConnection);
 }
 
-/// Into the editor, if it is open or the row in focus has one; and leaves it by some key, or not.
+/// Types into the editor, if it is open or the row in focus has one. Then presses a key that leaves it, or doesn't.
 void StringWalk::TypeAndGoOn()
 {
     if (!Editor().IsOpen()) {
@@ -144,7 +144,7 @@ void StringWalk::Filter()
     if (!Find<FindBar>(View()).isVisible())
         Frame().RunAction(ACTION_FIND_BAR);
     if (!Find<FindBar>(View()).isVisible())
-        return; // what was typed before is refused
+        return; // a typed text was refused
     const StringCondition before = Find<FindBar>(View()).Condition();
     if (Below(2)) {
         auto &choice = Named<FilterChoice>(OneOf({u"Column"_s, u"Missing in"_s, u"Kind"_s}));
@@ -169,7 +169,7 @@ void StringWalk::PasteCells()
         block += u'\n';
     }
     if (Below(4))
-        QGuiApplication::clipboard()->setText(block); // else what Copy Cells has put there
+        QGuiApplication::clipboard()->setText(block); // otherwise pastes what Copy Cells has copied
     Frame().RunAction(ACTION_PASTE_CELLS);
 }
 
@@ -200,7 +200,7 @@ void StringWalk::HideOrResize()
     }
 }
 
-/// As for a change of the string file that is watched.
+/// Does what a change of the watched string file does.
 void StringWalk::ReadStringsAgain()
 {
     if (!Save())
@@ -212,7 +212,7 @@ void StringWalk::ReadStringsAgain()
     EXPECT_EQ(TreeRows(), before);
 }
 
-/// Another program writes the strings anew.
+/// Has another program replace the string file.
 void StringWalk::ReloadAnother()
 {
     QByteArray rows = "Number of Language|2\nString ID|Resource Type|Description|French(12)|English(9)\n";
@@ -253,7 +253,7 @@ void StringWalk::Step()
     case 2:
     case 3:
         return Languages();
-    case 4: { // an IDE's command begins, whatever the user is in the middle of
+    case 4: { // an IDE's command begins during any user action
         const CMainFrame::Busy busy(Frame(), 0xAFBDDBFC);
         return QCoreApplication::processEvents();
     }
@@ -328,12 +328,12 @@ class StringWalkFrom : public testing::TestWithParam<unsigned>
 {
 };
 
-TEST_P(StringWalkFrom, TheGridIsTheTreeAndTheFileIsBoth)
+TEST_P(StringWalkFrom, GridTreeAndFileStayEqual)
 {
     const QtMessageHandler before = qInstallMessageHandler(FailOnWarning);
     {
         StringWalk walk(GetParam());
-        QTimer user; // leaves what another program has changed, as far as the window asks
+        QTimer user; // refuses to load what another program has changed, if the window asks
         QObject::connect(&user, &QTimer::timeout, [] {
             if (auto *const dialog = dynamic_cast<CFileWatchDlg *>(QApplication::activeModalWidget()))
                 dialog->reject();

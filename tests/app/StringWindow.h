@@ -33,7 +33,7 @@ struct StringWindow : TestWindow
         Grid().setFocus();
     }
 
-    /// The first widget of that class below another.
+    /// Returns the first descendant of that class.
     template <typename Widget> static Widget &Find(const QWidget &parent)
     {
         for (QWidget *child : parent.findChildren<QWidget *>()) {
@@ -43,7 +43,7 @@ struct StringWindow : TestWindow
         throw std::runtime_error("there is no such widget");
     }
 
-    /// The widget of that class and name in the view.
+    /// Returns the descendant of the view with that class and name.
     template <typename Widget> [[nodiscard]] Widget &Named(const QString &accessibleName) const
     {
         for (QWidget *child : View().findChildren<QWidget *>()) {
@@ -59,25 +59,25 @@ struct StringWindow : TestWindow
     [[nodiscard]] CellEditor &Editor() const { return Find<CellEditor>(Grid()); }
     [[nodiscard]] ChoiceBox &TypeBox() const { return Find<ChoiceBox>(Grid()); }
 
-    /// What the grid shows in a cell.
+    /// Returns what the grid shows in a cell.
     [[nodiscard]] std::string Shown(int row, int col) const
     {
         return Grid().model()->index(row, col).data().toString().toStdString();
     }
-    /// Opens the editor over a cell as a double click does.
+    /// Opens the editor of a cell, as a double click does.
     void Edit(int row, int col) const
     {
         Grid().SelectAlone(row, col);
         Grid().scrollTo(Grid().model()->index(row, col));
         DoubleClick(*Grid().viewport(), Grid().visualRect(Grid().model()->index(row, col)).center());
     }
-    /// Has the window active again, which behind a box nobody else does without a screen.
+    /// Activates the window: without a screen no window manager activates a window below a box.
     void WakeUp() const
     {
         QCoreApplication::processEvents();
         while (!QApplication::activeWindow()) {
             Frame().activateWindow();
-            QCoreApplication::processEvents(); // which may be a box
+            QCoreApplication::processEvents(); // may open a box
         }
     }
     void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const
@@ -90,7 +90,7 @@ struct StringWindow : TestWindow
         WakeUp();
         QTest::keyClicks(QApplication::focusWidget(), text);
     }
-    /// The cell that the editor is over, as "row,column"; empty while it is closed.
+    /// Returns the cell of the editor as "row,column"; empty while it is closed.
     [[nodiscard]] std::string Edited() const
     {
         if (!Editor().isVisible())
@@ -101,7 +101,7 @@ struct StringWindow : TestWindow
     void Drop(const QStringList &paths) const { DropOn(*Grid().viewport(), UrlsOf(paths)); }
 
     [[nodiscard]] CResFolder *Strings() const { return Document().root.FindFolder(KIND_STRINGS, 2); }
-    /// A row of the tree, by the head in the first folder: ID, kind, and the texts in the order of the folders.
+    /// Returns a row of the tree, by its head in the first folder: ID, kind, and the texts in the order of the folders.
     [[nodiscard]] QStringList TreeRow(const CBaseRes &head) const
     {
         QStringList row{Document().env.NarrowToWide(head.Id()->name), head.Id()->push ? u"Push"_s : u"Normal"_s};
@@ -111,7 +111,7 @@ struct StringWindow : TestWindow
         }
         return row;
     }
-    /// The languages and the rows of the tree, in its order.
+    /// Returns the languages and the rows of the tree, in its order.
     [[nodiscard]] QStringList TreeRows() const
     {
         QStringList rows;
@@ -123,20 +123,20 @@ struct StringWindow : TestWindow
             rows << TreeRow(*head).join(u'|');
         return rows;
     }
-    /// Saves. False when there is nothing in the file to be read again: what was typed before is refused, or the
-    /// project has no strings and no languages.
+    /// Saves. Returns false if the file has nothing to be read again: a typed text was refused, or the project has no
+    /// strings and no languages.
     [[nodiscard]] bool Save() const
     {
         Frame().RunAction(ACTION_SAVE);
         return !Document().IsModified() && QFile::exists(folder.Path("demo/res/ref_list_demo.txt"));
     }
-    /// Saves, and has the project read again what was saved: it must be the same.
+    /// Saves and has the project load the saved file: the rows must be the same.
     void SaveAndReload() const
     {
         if (!Save())
             return;
         const QStringList saved = TreeRows();
-        folder.Put("demo/res/ref_list_demo.txt", folder.Get("demo/res/ref_list_demo.txt")); // at another time
+        folder.Put("demo/res/ref_list_demo.txt", folder.Get("demo/res/ref_list_demo.txt")); // gives it a new time stamp
         EXPECT_EQ(Document().TakeInChanges(), CResDoc::Outside::TakenIn);
         EXPECT_EQ(TreeRows(), saved);
     }

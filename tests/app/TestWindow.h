@@ -22,7 +22,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// The folders of a program and of a project called demo, and the program itself when a test starts it.
+/// The folders of a program and of a project called demo, and the program itself once a test starts it.
 struct TestWindow
 {
     TestWindow()
@@ -56,7 +56,7 @@ struct TestWindow
         return folder.Path(name + '/' + name + ".vcproj");
     }
 
-    /// Starts the program and waits until it waits.
+    /// Starts the program and waits until it is idle.
     void Start(const QStringList &arguments = {})
     {
         app = std::make_unique<CMorvaniteApp>();
@@ -70,7 +70,7 @@ struct TestWindow
         Start();
     }
 
-    /// Lets everything happen that is due.
+    /// Processes all pending events.
     static void Settle()
     {
         bool isOver = false;
@@ -86,14 +86,14 @@ struct TestWindow
         return condition();
     }
 
-    /// Makes the window the active one again, as it is for a user once a box has been closed.
+    /// Activates the window, as a window manager does after a box is closed.
     void Activate() const
     {
         Frame().activateWindow();
         Settle();
     }
 
-    /// Answers the next boxes with these buttons, one each, and keeps what they said.
+    /// Answers the next boxes with these buttons, one each, and records their texts.
     void Answer(const QList<QMessageBox::StandardButton> &buttons)
     {
         answers = buttons;
@@ -104,7 +104,7 @@ struct TestWindow
                 return;
             boxes.append(box->text());
             const QCursor *const pointer = QGuiApplication::overrideCursor();
-            EXPECT_TRUE(!pointer || pointer->shape() == Qt::ArrowCursor) << "nobody waits while a box does";
+            EXPECT_TRUE(!pointer || pointer->shape() == Qt::ArrowCursor) << "no wait cursor over a box";
             box->button(answers.takeFirst())->click();
         });
         answering->start(10);
@@ -117,7 +117,7 @@ struct TestWindow
             urls.append(QUrl::fromLocalFile(path));
         return urls;
     }
-    /// Another program drops these on a widget that takes them.
+    /// Drops URLs from another program on a widget that accepts them.
     static void DropOn(QWidget &widget, const QList<QUrl> &urls)
     {
         QMimeData data;
@@ -134,7 +134,7 @@ struct TestWindow
     {
         QTest::mouseClick(&widget, Qt::LeftButton, {}, place);
         QTest::mouseDClick(&widget, Qt::LeftButton, {}, place);
-        QTest::mouseRelease(&widget, Qt::LeftButton, {}, place); // which no function of QTest adds
+        QTest::mouseRelease(&widget, Qt::LeftButton, {}, place); // QTest doesn't send the second release
     }
 
     [[nodiscard]] CMainFrame &Frame() const { return app->Frame(); }
@@ -142,7 +142,7 @@ struct TestWindow
     [[nodiscard]] CProjView &Tree() const { return Child().Tree(); }
     [[nodiscard]] CResFolder *Selected() const { return Child().Selected().SelectedFolder(); }
     [[nodiscard]] CResDoc &Document() const { return Child().Document(); }
-    /// The row of the project tree with that label.
+    /// Returns the row of the project tree with that label.
     [[nodiscard]] QTreeWidgetItem *Row(const QString &label) const
     {
         return Tree().findItems(label, Qt::MatchExactly | Qt::MatchRecursive).value(0);

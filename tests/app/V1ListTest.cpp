@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The dialog of the resources of version 1.0, as a user meets it.
+// Tests the dialog of the resources of version 1.0 as a user operates it.
 #include "CListGrid.h"
 #include "CZEP10ResDlg.h"
 #include "FakeBoxes.h"
@@ -32,7 +32,7 @@ std::string Shown(const QDialog &dialog)
 
 } // namespace
 
-TEST(V1ListDialog, AddsAndTakesOutFilesAndWritesThemWithOkAlone)
+TEST(V1ListDialog, AddsAndRemovesFilesAndWritesThemOnlyOnOk)
 {
     TestProgram program;
     FakeBoxes boxes;
@@ -55,7 +55,7 @@ TEST(V1ListDialog, AddsAndTakesOutFilesAndWritesThemWithOkAlone)
     EXPECT_EQ(Shown(dialog), before + " b.gif=" + inside.toStdString() + " c.png=/x/c.png");
     grid.Select({0, 1});
     QTest::keyClick(&grid, Qt::Key_Delete);
-    EXPECT_EQ(grid.model()->rowCount(), 4) << "no key takes out files";
+    EXPECT_EQ(grid.model()->rowCount(), 4) << "no key removes files";
     Press(dialog, u"-"_s);
     Press(dialog, u"-"_s);
     EXPECT_EQ(Shown(dialog), "b.gif=" + inside.toStdString() + " c.png=/x/c.png")
@@ -73,12 +73,12 @@ TEST(V1ListDialog, AddsAndTakesOutFilesAndWritesThemWithOkAlone)
     EXPECT_EQ(program.folder.Get("demo_res.lst"), ".\\sub\\b.gif\r\n/x/c.png");
 }
 
-TEST(V1ListDialog, TheMenuOpensItForTheProjectOpenedLastAndWithoutOneOkLeavesItOpen)
+TEST(V1ListDialog, OpensForTheLastOpenedProjectAndIgnoresOkWithoutOne)
 {
     TestWindow window;
     window.folder.Put("demo/demo_res.lst", ".\\a.gif");
     window.Start();
-    const auto run = [&] { // OK, and then Cancel if that is of no use
+    const auto run = [&] { // presses OK, and then Cancel if the dialog stays open
         std::string shown;
         QTimer user;
         QObject::connect(&user, &QTimer::timeout, [&] {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the views of a project decide, and what they do with the keyboard and the mouse.
+// Tests the decisions of a project's views, and their behaviour with the keyboard and the mouse.
 #include "MenuTable.h"
 #include "ProgramStyle.h"
 #include "ResourceCounts.h"
@@ -27,7 +27,7 @@ QListWidget &Contents(TestWindow &window)
     return *window.Child().findChild<QListWidget *>();
 }
 
-/// A folder of the project that is open.
+/// Returns a folder of the open project.
 CResFolder &Folder(TestWindow &window, const QString &label)
 {
     return *CProjView::FolderOf(window.Row(label));
@@ -41,7 +41,7 @@ void AddFiles(TestWindow &window, CResFolder &folder, int number)
 
 } // namespace
 
-TEST(ProjectTree, AMenuThatIsClosedWithoutAnActionLeavesNothingBehind)
+TEST(ProjectTree, ClosingAMenuWithoutAnActionHasNoEffect)
 {
     TestWindow window;
     window.folder.Put("bin/Morvanite.ini", WITH_LAYOUTS);
@@ -57,7 +57,7 @@ TEST(ProjectTree, AMenuThatIsClosedWithoutAnActionLeavesNothingBehind)
         QString tip;
         QTimer::singleShot(0, [&] {
             QWidget *const menu = QApplication::activePopupWidget();
-            QTest::keyClick(menu, Qt::Key_Up); // the last entry: Delete
+            QTest::keyClick(menu, Qt::Key_Up); // moves to the last entry, Delete
             tip = window.Frame().statusBar()->currentMessage();
             QTest::keyClick(menu, key);
         });
@@ -68,12 +68,12 @@ TEST(ProjectTree, AMenuThatIsClosedWithoutAnActionLeavesNothingBehind)
     window.Answer({QMessageBox::Yes, QMessageBox::Yes});
     chooseInMenu(Qt::Key_Escape);
     window.Frame().RunAction(ACTION_DELETE);
-    EXPECT_TRUE(window.Row(otherName) && !window.Row(selectedName)) << "Delete is for what is selected";
+    EXPECT_TRUE(window.Row(otherName) && !window.Row(selectedName)) << "Delete applies to the selection";
     chooseInMenu(Qt::Key_Return);
-    EXPECT_FALSE(window.Row(otherName)) << "an action of the menu is for the menu's folder";
+    EXPECT_FALSE(window.Row(otherName)) << "an action of the menu applies to the menu's folder";
 }
 
-TEST(ProjectTree, CopyKeysLeaveTheClipboardAloneWhereCopyIsDisabled)
+TEST(ProjectTree, CopyKeysKeepTheClipboardWhenCopyIsDisabled)
 {
     TestWindow window;
     window.Start({window.Project()});
@@ -92,7 +92,7 @@ TEST(ProjectTree, CopyKeysLeaveTheClipboardAloneWhereCopyIsDisabled)
     }
 }
 
-TEST(TreeLines, AreThoseOfTheOtherDirectionInAMirror)
+TEST(TreeLines, AreMirroredInTheOtherDirection)
 {
     const QRect part(40, 100, 60, 18);
     const TreeLinesRow row{true, false, {true, false, true}};
@@ -103,7 +103,7 @@ TEST(TreeLines, AreThoseOfTheOtherDirectionInAMirror)
         const auto mirror = [&](QPoint point) { return QPoint(part.left() + part.right() - point.x(), point.y()); };
         EXPECT_EQ(mirrored.value(i), QLine(mirror(lines[i].p1()), mirror(lines[i].p2())));
     }
-    // In the window: the line from the root down to the last folder is right of the icons there.
+    // Tests in the window: the line from the root to the last folder is to the right of the icons.
     QApplication::setLayoutDirection(Qt::RightToLeft);
     {
         TestWindow window;
@@ -118,7 +118,7 @@ TEST(TreeLines, AreThoseOfTheOtherDirectionInAMirror)
     QApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
 }
 
-TEST(ProgramStyle, ButtonsAndLinesOfGridsStandOutOnADarkDesktop)
+TEST(ProgramStyle, ButtonsAndGridLinesAreVisibleOnADarkDesktop)
 {
     const ProgramStyle style;
     QStyleOption option;
@@ -141,7 +141,7 @@ TEST(ProgramStyle, ButtonsAndLinesOfGridsStandOutOnADarkDesktop)
     }
 }
 
-TEST(ProgramStyle, EndsATitleOfAColumnThatIsTooLongInAnEllipsis)
+TEST(ProgramStyle, EndsAColumnTitleThatIsTooLongInAnEllipsis)
 {
     const ProgramStyle style;
     QImage image(60, 20, QImage::Format_RGB32);
@@ -181,7 +181,7 @@ TEST(MainFrame, PaintsItsWholeTextWhenTheLastProjectIsClosed)
     EXPECT_EQ(onScreen(), before);
 }
 
-TEST(ResourceCounts, TellWhatAFolderHolds)
+TEST(ResourceCounts, DescribeTheContentsOfAFolder)
 {
     TestWindow window;
     window.folder.Put("bin/Morvanite.ini", WITH_LAYOUTS);
@@ -217,7 +217,7 @@ TEST(ResourceCounts, TellWhatAFolderHolds)
     EXPECT_EQ(SummaryOf(CountResources(window.Document().root)), u"8 resources, 2 of them strings in 2 languages"_s);
 }
 
-TEST(Contents, TellWhatIsInTheirFoldersAndLeadOutAgain)
+TEST(Contents, ListFoldersAndOpenTheParent)
 {
     TestWindow window;
     window.folder.Put("bin/Morvanite.ini", WITH_LAYOUTS);
@@ -245,10 +245,10 @@ TEST(Contents, TellWhatIsInTheirFoldersAndLeadOutAgain)
     EXPECT_NE(withHint.copy(0, 0, 1, 1).scaled(withHint.size()), withHint);
     QTest::keyClick(&list, Qt::Key_Backspace);
     EXPECT_EQ(window.Tree().currentItem(), window.Row(u"Layouts"_s));
-    EXPECT_EQ(list.currentRow(), 1) << "the folder that was left";
+    EXPECT_EQ(list.currentRow(), 1) << "the folder that was open before";
     EXPECT_EQ(QApplication::focusWidget(), &list);
     for (QWidget *view : QList<QWidget *>{&list, &window.Tree()}) {
-        QTest::keyClick(view, Qt::Key_Up, Qt::AltModifier); // there is nothing above the root
+        QTest::keyClick(view, Qt::Key_Up, Qt::AltModifier); // the root has no parent
         EXPECT_EQ(window.Selected(), &window.Document().root);
         window.Tree().setCurrentItem(window.Row(u"Audio"_s));
         QTest::keyClick(&window.Tree(), Qt::Key_Backspace);
@@ -256,7 +256,7 @@ TEST(Contents, TellWhatIsInTheirFoldersAndLeadOutAgain)
     }
 }
 
-TEST(Contents, LeadOutOfOneOfManyLayoutsInAMoment)
+TEST(Contents, OpenTheParentOfOneOf10000LayoutsQuickly)
 {
     TestWindow window;
     window.folder.Put("bin/Morvanite.ini", WITH_LAYOUTS);
@@ -274,7 +274,7 @@ TEST(Contents, LeadOutOfOneOfManyLayoutsInAMoment)
     EXPECT_LT(clock.elapsed(), 2000); // milliseconds
 }
 
-TEST(Contents, RenameAndDeleteLayoutsAndKeysOfALabelDoNotLeadOut)
+TEST(Contents, RenameAndDeleteLayoutsAndKeepTheKeysOfALabelEditor)
 {
     TestWindow window;
     window.folder.Put("bin/Morvanite.ini", WITH_LAYOUTS);
@@ -323,7 +323,7 @@ TEST(StatusBar, ShowsTheActiveProjectAndFollowsItsChanges)
     window.Frame().resize(1600, 600);
     window.Settle();
     EXPECT_EQ(status.Path() + u' ' + status.Summary(), window.Project() + u" 1 resource"_s);
-    AddFiles(window, Folder(window, u"240x320"_s), 2); // which no view has told of
+    AddFiles(window, Folder(window, u"240x320"_s), 2); // without a notification of any view
     window.Settle();
     EXPECT_EQ(status.Summary(), u"3 resources"_s);
     EXPECT_TRUE(status.isVisible() && status.toolTip().isEmpty());
@@ -331,7 +331,7 @@ TEST(StatusBar, ShowsTheActiveProjectAndFollowsItsChanges)
     window.Frame().resize(500, 450);
     window.Settle();
     EXPECT_EQ(status.Path(), window.Project(LONG_NAME));
-    EXPECT_EQ(status.toolTip(), window.Project(LONG_NAME) + u"\nno resources"_s) << "a path without room";
+    EXPECT_EQ(status.toolTip(), window.Project(LONG_NAME) + u"\nno resources"_s) << "a path that doesn't fit";
     for (int i = 0; i < 2; ++i) {
         window.Document().SetModifiedFlag(false);
         window.Frame().RunAction(ACTION_CLOSE);
@@ -340,7 +340,7 @@ TEST(StatusBar, ShowsTheActiveProjectAndFollowsItsChanges)
     EXPECT_EQ(status.Path() + status.Summary() + status.toolTip(), QString());
 }
 
-TEST(StatusBar, TellsInASentenceWhatAnEntryDoesWhileItIsHighlighted)
+TEST(StatusBar, DescribesTheHighlightedMenuEntry)
 {
     for (const Menu &menu : MenuBar(/*hasDocument=*/true)) {
         for (const MenuEntry &entry : menu.entries)
@@ -364,13 +364,13 @@ TEST(StatusBar, TellsInASentenceWhatAnEntryDoesWhileItIsHighlighted)
     EXPECT_TRUE(window.Frame().Status().isVisible());
     for (const QAction *entry : window.Frame().menuBar()->actions()[2]->menu()->actions())
         EXPECT_FALSE(entry->isCheckable() && !entry->icon().isNull() && entry->isIconVisibleInMenu())
-            << "the check mark has the place";
+            << "the check mark takes the place of the icon";
 
     window.Frame().Bars().WriteOutput(u"a line\r\n");
     window.Settle();
     QString tip;
     QTimer::singleShot(0, [&] {
-        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Up); // the last entry
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Up); // moves to the last entry
         tip = bar.currentMessage();
         QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
     });

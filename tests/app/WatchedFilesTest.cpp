@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the window does when another program changes the files of its projects.
+// Tests the window while another program changes the files of its projects.
 #include "CFileWatchDlg.h"
 #include "StringWindow.h"
 
@@ -12,7 +12,7 @@
 namespace
 {
 
-/// A window with strings whose questions about reloads a user answers, and another program.
+/// A window with strings. A simulated user answers its questions about reloads, and another program changes files.
 struct WatchedWindow : StringWindow
 {
     WatchedWindow()
@@ -33,21 +33,21 @@ struct WatchedWindow : StringWindow
         });
         user.start(10);
     }
-    /// Another program replaces the string file by a rename: the text English of ID_C becomes another.
+    /// Has another program replace the string file by a rename: the English text of ID_C becomes `text`.
     void Translate(const QByteArray &text) const
     {
         folder.Put("demo/res/new", StringFileBytes(QByteArray(THREE_ROWS).replace("See", text)));
         std::filesystem::rename(folder.Path("demo/res/new").toStdString(),
                                 folder.Path("demo/res/ref_list_demo.txt").toStdString());
     }
-    /// What is asked until this is so, and a while longer.
+    /// Returns the questions asked until the condition is true, and for a while longer.
     template <typename Condition> std::string AskedUntil(Condition condition)
     {
         EXPECT_TRUE(WaitFor(condition));
         QTest::qWait(SETTLED_MS);
         return std::exchange(asked, {}).join(u' ').toStdString();
     }
-    /// What is asked within the time in which a change leads to a question.
+    /// Returns the questions asked within the time in which a change leads to a question.
     std::string Asked()
     {
         QTest::qWait(SETTLED_MS);
@@ -62,16 +62,16 @@ struct WatchedWindow : StringWindow
         return false;
     }
 
-    static constexpr int SETTLED_MS = 400; // more than the watcher and the window wait
+    static constexpr int SETTLED_MS = 400; // longer than the watcher and the window wait
     QStringList asked;
     bool answer = true;
-    std::function<void()> meanwhile; // before the next answer
+    std::function<void()> meanwhile; // is called before the next answer
     QTimer user;
 };
 
 } // namespace
 
-TEST(WatchedFiles, AChangeLeadsToOneQuestionAndAnOwnSaveToNone)
+TEST(WatchedFiles, AskOnceAboutAChangeAndNeverAboutTheProgramsOwnSave)
 {
     WatchedWindow window;
     window.Translate("One");
@@ -81,7 +81,7 @@ TEST(WatchedFiles, AChangeLeadsToOneQuestionAndAnOwnSaveToNone)
     EXPECT_EQ(window.AskedUntil([&] { return !window.asked.isEmpty(); }), "ref_list_demo.txt");
     EXPECT_TRUE(window.Shows("One"));
     window.answer = true;
-    window.Translate("Three"); // and all other files, as a checkout does
+    window.Translate("Three"); // other files follow, as in a checkout
     window.folder.Put("demo/config.xml", window.folder.Get("demo/config.xml"));
     window.folder.Put("demo/res/demo.res.xml", window.folder.Get("demo/res/demo.res.xml"));
     EXPECT_EQ(window.AskedUntil([&] { return window.Shows("Three"); }), "demo.res.xml");
@@ -98,7 +98,7 @@ TEST(WatchedFiles, AChangeLeadsToOneQuestionAndAnOwnSaveToNone)
     EXPECT_EQ(window.AskedUntil([&] { return window.Shows("Four"); }), "ref_list_demo.txt") << "still watched";
 }
 
-TEST(WatchedFiles, TheQuestionWaitsForACommandABoxAMenuAndAnEditThatIsRefused)
+TEST(WatchedFiles, AskAfterACommandABoxAMenuOrARefusedEdit)
 {
     WatchedWindow window;
     {
@@ -125,12 +125,12 @@ TEST(WatchedFiles, TheQuestionWaitsForACommandABoxAMenuAndAnEditThatIsRefused)
     EXPECT_TRUE(window.WaitFor([&] { return !window.boxes.isEmpty(); }));
     window.Activate();
     EXPECT_EQ(window.Asked(), "") << window.boxes.join(u'|').toStdString();
-    EXPECT_EQ(window.Edited(), "0,0") << "the user corrects it in peace";
+    EXPECT_EQ(window.Edited(), "0,0") << "no question interrupts the correction";
     window.Key(Qt::Key_Escape);
     EXPECT_EQ(window.AskedUntil([&] { return window.Shows("Refused"); }), "ref_list_demo.txt");
 }
 
-TEST(WatchedFiles, AHalfWrittenListLosesNothingAndTheNextVersionIsTaken)
+TEST(WatchedFiles, KeepTheProjectOnAHalfWrittenListAndLoadTheNextVersion)
 {
     WatchedWindow window;
     const QByteArray list = window.folder.Get("demo/res/demo.res.xml");
@@ -139,9 +139,8 @@ TEST(WatchedFiles, AHalfWrittenListLosesNothingAndTheNextVersionIsTaken)
     window.Key(Qt::Key_Return);
     window.Answer({QMessageBox::Ok});
     window.folder.Put("demo/res/demo.res.xml", "<APP><STR");
-    EXPECT_EQ(window.AskedUntil([&] { return !window.boxes.isEmpty(); }), "demo.res.xml "
-                                                                          "This project has changes that aren't saved. "
-                                                                          "Reloading drops them.");
+    EXPECT_EQ(window.AskedUntil([&] { return !window.boxes.isEmpty(); }),
+              "demo.res.xml This project has unsaved changes. Reloading discards them.");
     EXPECT_TRUE(window.boxes.first().contains(u"demo.vcproj could not be read again"_s));
     EXPECT_TRUE(window.Shows("Unsaved"));
     window.folder.Put("demo/res/demo.res.xml", list);

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""A day with the files, on a screen with a window manager: drops files from another program, renames, browses, chooses
-resolutions, saves, meets files that other programs change, and comes back to the same rows, widths and thumbnails.
+"""Tests the files on a screen with a window manager: drops files from another program, renames, browses, chooses
+resolutions, saves, handles files that other programs change, and restores the same rows, widths and thumbnails.
 
 usage: desktop_files_test.py MORVANITE SAMPLE_PROJECT_FOLDER DRAG_SOURCE
 """
@@ -15,7 +15,7 @@ import unittest
 
 DRAG_SOURCE = sys.argv.pop()
 
-import desktop_strings_test  # takes the other arguments
+import desktop_strings_test  # reads the command line
 from desktop_test import until
 
 BOX = '^Morvanite$'
@@ -47,7 +47,7 @@ class Files(desktop_strings_test.Lists):
         self.git('commit', '-q', '-m', 'A state of the project')
 
     def replace(self, path, old, new):
-        """Changes a file as editors do: writes another one and renames that over it."""
+        """Changes a file as editors do: writes a new file and renames it over the old one."""
         encoding = 'utf-16' if path == self.strings else 'utf-8'
         text = path.read_bytes().decode(encoding)
         self.assertIn(old, text)
@@ -59,18 +59,18 @@ class Files(desktop_strings_test.Lists):
         return self.xdotool('search', '--onlyvisible', '--name', name).split()
 
     def answer(self, key, name=BOX):
-        """Presses a key in the box or dialog that opens, which closes it."""
+        """Presses a key in the box or dialog that opens, and waits until it closes."""
         box = self.window(name)
         self.until_active(box)
         self.press(key)
         until(lambda: box not in self.windows('.'))
 
     def expect_no_question(self):
-        time.sleep(1.5)  # the watch tells of a change within half a second
+        time.sleep(1.5)  # the watch reports a change within half a second
         self.assertEqual(self.windows(BOX), [])
 
     def activate(self, window):
-        """Window managers lose the keys where two windows close at once."""
+        """Activates a window: window managers lose the keyboard focus when two windows close at once."""
         self.xdotool('windowactivate', window)
         self.until_active(window)
 
@@ -96,7 +96,7 @@ class Files(desktop_strings_test.Lists):
         return program, window
 
     def select(self, window, *keys):
-        """Goes to a row of the project tree by keys, and to the list of that folder."""
+        """Selects a row of the project tree by keys, and moves to the list of that folder."""
         self.xdotool('mousemove', '--window', window, 60, 70, 'click', 1)
         self.press(*keys, 'F6', 'ctrl+Home')
 
@@ -110,7 +110,7 @@ class Files(desktop_strings_test.Lists):
 
         self.press('ctrl+Home', 'space', 'F2')
         self.xdotool('type', '--delay', 20, 'id_image_backdrop\n')
-        # The path of the next row, the clouds, by a double click; the row is that of a thumbnail.
+        # Double-clicks the path of the next row, the clouds; the row is as high as a thumbnail.
         self.xdotool('mousemove', '--window', window, 560, 128, 'click', '--repeat', 2, '--delay', 50, 1)
         self.until_active(self.window('^Open$'))
         self.press('ctrl+a')
@@ -129,7 +129,7 @@ class Files(desktop_strings_test.Lists):
         self.activate(window)
 
     def change_by_others(self, window):
-        """Each way in which another program changes the project leads to one question."""
+        """Checks that each way in which another program changes the project leads to one question."""
         self.replace(self.strings, 'Frost', 'Rime')
         self.answer('alt+y')
         self.select(window, 'End')
@@ -150,7 +150,7 @@ class Files(desktop_strings_test.Lists):
     def texts_of_table(self):
         return self.what_is_copied_by('ctrl+a', 'ctrl+shift+c')
 
-    def test_a_day_with_the_files(self):
+    def test_adds_renames_saves_and_restores_files(self):
         program, window = self.open_images()
         self.edit(window)
         self.press('ctrl+s')
@@ -165,13 +165,13 @@ class Files(desktop_strings_test.Lists):
         self.expect_no_question()  # about the program's own save
         self.change_by_others(window)
 
-        # The edge of the column of IDs is dragged. A click on the header sorts by path, another one the other way round.
+        # Drags the edge of the ID column. A click on the header sorts by path, and another one reverses the order.
         self.select(window, *TO_240_X_320)
         self.xdotool('mousemove', '--window', window, 404, 59, 'mousedown', 1)
         for x in (410, 425, 440):
             self.xdotool('mousemove', '--window', window, x, 59)
         self.xdotool('mouseup', 1)
-        for x in (560, 620):  # too far from each other for a double click
+        for x in (560, 620):  # too far apart for a double click
             self.xdotool('mousemove', '--window', window, x, 59, 'click', 1)
         self.close(program)
         remembered = self.widths('wnd_1011')

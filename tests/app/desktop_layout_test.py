@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""A day with a layout, on a screen with a window manager: adds a component from the Toolbox, sets a property of each kind,
-moves it into another one, picks in the preview at several zooms, deletes, saves, and comes back to the same components.
+"""Tests a layout on a screen with a window manager: adds a component from the Toolbox, sets a property of each kind,
+moves it into another one, selects in the preview at several zooms, deletes, saves, and restores the same components.
 
 usage: desktop_layout_test.py MORVANITE SAMPLE_PROJECT_FOLDER
 """
@@ -11,20 +11,20 @@ import shutil
 import unittest
 import xml.etree.ElementTree
 
-from desktop_strings_test import Lists  # takes the arguments
+from desktop_strings_test import Lists  # reads the command line
 from desktop_test import PROGRAM, until
 
-MIDDLE = (819, 210)  # of the preview, in the window
+MIDDLE = (819, 210)  # the middle of the preview, in the window
 GAUGE_OF_TOOLBOX = (30, 204)
-FIRST = ['F2', 'Home', 'Return']  # of a list of choices
+FIRST = ['F2', 'Home', 'Return']  # selects the first of a list of choices
 
-# Of each component: rows of its properties, what is done there ("{typed}"), and the attribute that the file has then.
+# For each component: rows of its properties, the keys pressed there ("{typed}"), and the attribute then in the file.
 EDITS = {
     'title': [(2, ['F2', 'End', 'Up', 'Return'], 'text', '@ID_STRING_STORM_PUSH'),
               (10, ['{2000ms}', 'Return'], 'scrollTime', '2000ms'),
               (14, ['{1.5}', 'Tab', '{1}', 'Tab'], 'anchor', '(1.5,1)'),
               (18, FIRST, 'enabled', 'true')],
-    'today': [(4, ['{-3}', 'Return'], 'padding', None),  # which is an element
+    'today': [(4, ['{-3}', 'Return'], 'padding', None),  # is an element
               (9, ['{1}', 'Tab', '{2}', 'Tab', '{3}', 'Tab', '{4}', 'Down'], 'clip', '(1,2,3,4)')],
     'alarm': [(11, FIRST, 'images', '(@ID_IMAGE_BACKGROUND,@ID_IMAGE_WARNING_PUSH,0,0)'),
               (15, ['{0042}', 'Return'], 'event', '0042')],
@@ -45,7 +45,7 @@ class Layouts(Lists):
         self.file = self.dir / 'sample/res/layout_weatherclock_240x320.xml'
 
     def open_layout(self):
-        """The list of components has the keys then."""
+        """Leaves the keyboard focus in the list of components."""
         program, window = self.open()
         self.xdotool('windowsize', '--sync', window, 1270, 800)
         self.until_active(window)
@@ -61,7 +61,7 @@ class Layouts(Lists):
             self.xdotool('type', '--delay', 20, '--', key[1:-1]) if key[0] == '{' else self.press(key)
 
     def edit(self, name):
-        """The list has the keys, before and after."""
+        """Expects the focus in the list and leaves it there."""
         self.press('F6', 'F6')
         row = -1
         for to, keys, _, _ in EDITS[name]:
@@ -75,17 +75,17 @@ class Layouts(Lists):
         self.until_active(window)
 
     def name(self):
-        """That of the selected component. The preview has the keys, before and after."""
+        """Returns the name of the selected component. Expects the focus in the preview and leaves it there."""
         name = self.what_is_copied_by('F6', 'Down', 'F2', 'ctrl+c')
         self.press('Escape', 'shift+F6')
         return name
 
     def picked_at(self, window, x):
-        """What a click so far right of the middle of the preview picks."""
+        """Returns the component that a click selects, `x` pixels to the right of the middle of the preview."""
         self.xdotool('mousemove', '--window', window, MIDDLE[0] + x, MIDDLE[1], 'click', 1)
         return self.name()
 
-    def test_a_day_with_a_layout(self):
+    def test_edits_saves_and_restores_a_layout(self):
         program, window = self.open_layout()
         for way, name in ((['Home', 'Down'], 'title'), (['Down'] * 3, 'today'), (['End', 'Up'], 'alarm')):
             self.press(*way)
@@ -94,8 +94,8 @@ class Layouts(Lists):
         self.press('shift+F6', 'shift+F6', 'shift+F6')
         self.edit('cp01')
         self.press('F6', 'F6', *['Up'] * 3)
-        self.do('{2x}', 'Return')  # in place of the colour's red
-        self.answer(window, 'Return')  # to the message that it is refused
+        self.do('{2x}', 'Return')  # replaces the red of the colour
+        self.answer(window, 'Return')  # to the message about the refused text
 
         self.press('shift+F6', 'ctrl+Home')
         self.assertEqual([self.picked_at(window, x) for x in (0, -40)], ['today_condition', 'today_picture'])
@@ -108,7 +108,7 @@ class Layouts(Lists):
         self.press('shift+F6', 'Delete')
         self.answer(window, 'alt+y')
         self.press('F6', 'F6', 'Down')
-        self.do('{begin}', 'ctrl+s')  # with the editor open
+        self.do('{begin}', 'ctrl+s')  # while the editor is open
         until(lambda: 'name="begin"' in self.file.read_text())
         until(lambda: not self.xdotool('search', '--onlyvisible', '--name', r'weatherclock\*'))
         self.close(program)

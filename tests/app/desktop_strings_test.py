@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""A day with the strings, on a screen with a window manager and with another program's clipboard: edits cells by the
-keyboard, sorts, finds, pastes, takes back, saves, and comes back to the same texts, order and widths.
+"""Tests the strings on a screen with a window manager and with another program's clipboard: edits cells by the
+keyboard, sorts, finds, pastes, undoes, saves, and restores the same texts, order and widths.
 
 usage: desktop_strings_test.py MORVANITE SAMPLE_PROJECT_FOLDER
 """
@@ -20,7 +20,7 @@ class Lists(OnScreen):
     """A list of rows in the program's window."""
 
     def press(self, *keys):
-        """In one go: the program gets them in this order, however late."""
+        """Presses all keys in one call, so the program receives them in this order, however slow it is."""
         self.xdotool('key', '--delay', 20, *keys)
 
     def copied(self):
@@ -28,18 +28,18 @@ class Lists(OnScreen):
         return done.stdout.decode()
 
     def copy(self, text):
-        """Puts a text on the clipboard, as another program does."""
+        """Copies a text to the clipboard, as another program does."""
         subprocess.run(['xclip', '-i', '-selection', 'clipboard'], env=self.env, input=text.encode(), check=True,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=20)
 
     def what_is_copied_by(self, *keys):
         self.copy('nothing yet')
         self.press(*keys)
-        until(lambda: self.copied() not in ('', 'nothing yet'))  # '': the program has only just taken it
+        until(lambda: self.copied() not in ('', 'nothing yet'))  # '': the program has only just become the owner
         return self.copied()
 
     def rows(self):
-        """The rows that the grid shows, in its order, without the titles. It must have the keys."""
+        """Returns the rows of the grid, in its order, without the titles. Expects the keyboard focus in the grid."""
         return [line.split('\t') for line in self.what_is_copied_by('ctrl+a', 'ctrl+shift+c').split('\n')[1:] if line]
 
     def texts(self):
@@ -49,7 +49,7 @@ class Lists(OnScreen):
         until(lambda: self.xdotool('getactivewindow') == window)
 
     def widths(self, section):
-        """What the settings remember of the list, as text."""
+        """Returns the settings of the list, as text."""
         settings = (self.dir / 'bin/Morvanite.ini').read_text()
         return re.search(r'^\[%s\]\n((?:\w+=.*\n)+)' % section, settings, re.M)[1]
 
@@ -63,13 +63,13 @@ class Strings(Lists):
         self.press('End', 'F6', 'ctrl+Home')
         return program, window
 
-    def test_a_day_with_the_strings(self):
+    def test_edits_saves_and_restores_strings(self):
         strings = self.dir / 'sample/res/ref_list_weatherclock.txt'
         program, window = self.open_strings()
         rows = self.rows()
         self.assertEqual([len(rows), rows[0][0]], [33, 'ID_STRING_ALARM'])
 
-        # The edge of the column of IDs is dragged.
+        # Drags the edge of the ID column.
         self.xdotool('mousemove', '--window', window, 404, 59, 'mousedown', 1)
         for x in (410, 425, 440):
             self.xdotool('mousemove', '--window', window, x, 59)
@@ -80,7 +80,7 @@ class Strings(Lists):
         self.press('Return')
         self.assertEqual(self.texts()['ID_STRING_ALARM'][ENGLISH:RUSSIAN + 1], ['Zzz', 'Budilnik'])
 
-        # A click on a header sorts by English, another one the other way round: too far from it for a double click.
+        # A click on a header sorts by English, the next reverses the order; they are too far apart for a double click.
         for direction, x in ((1, 740), (-1, 800)):
             self.xdotool('mousemove', '--window', window, x, 59, 'click', 1)
             shown = [row[ENGLISH].lower() for row in self.rows() if row[ENGLISH][0].isalpha()]

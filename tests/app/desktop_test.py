@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""The program on a screen with a window manager: opens a project, goes through its tree, empties a folder, saves, ends, and
-comes back in the same place.
+"""Tests the program on a screen with a window manager: opens a project, visits its tree, clears a folder, saves, ends,
+and restores the same place.
 
 usage: desktop_test.py MORVANITE SAMPLE_PROJECT_FOLDER
 """
@@ -43,7 +43,7 @@ class OnScreen(unittest.TestCase):
                         MORVANITE_RUNTIME_DIR=str(self.dir / 'run'), XDG_RUNTIME_DIR=str(self.dir / 'run'),
                         QT_QPA_PLATFORM='xcb', LC_ALL='C.UTF-8',
                         LSAN_OPTIONS='print_suppressions=0:suppressions=%s/leaks_of_others.txt' % pathlib.Path(__file__).parent)
-        # The settings are written where they lie: into a program folder of the test's own.
+        # The program writes its settings to its own folder, so the test has a copy of that folder.
         shutil.copytree(pathlib.Path(PROGRAM).parent, self.dir / 'bin',
                         ignore=lambda folder, names: [name for name in names if not name.endswith(('.ini', '.img'))])
         self.env['MORVANITE_PROGRAM_DIR'] = str(self.dir / 'bin')
@@ -87,7 +87,7 @@ class OnScreen(unittest.TestCase):
         return program, window
 
     def close(self, program):
-        for _ in range(4): # on a busy machine the window manager may not have given the window its keys yet
+        for _ in range(4): # on a busy machine the window manager may not have focused the window yet
             self.keys('alt+F4')
             try:
                 program.wait(7)
@@ -101,19 +101,19 @@ class OnScreen(unittest.TestCase):
         settings.write_text(settings.read_text().replace(old, new))
 
     def position(self):
-        """The stored position: left, top, right and bottom of the window with its frame."""
+        """Returns the stored position: left, top, right and bottom of the window with its frame."""
         return [int(number) for number in re.search(r'^position=(.*)', (self.dir / 'bin/Morvanite.ini').read_text(), re.M)[1].split(',')]
 
 
 class Desktop(OnScreen):
-    def test_a_day_with_a_project(self):
+    def test_opens_changes_saves_and_restores_a_project(self):
         resources = self.dir / 'sample/res/weatherclock.res.xml'
         program, window = self.open()
         self.assertIn('<FILE', resources.read_text())
         for row in range(10):
             self.xdotool('mousemove', '--window', window, 60, 70 + 19 * row, 'click', 1)
         self.xdotool('mousemove', '--window', window, 60, 70, 'click', 1)
-        self.keys('Home', 'Down', 'Menu')  # Files, and its menu
+        self.keys('Home', 'Down', 'Menu')  # selects Files, and opens its menu
         self.keys('r')
         self.window('^Morvanite$')  # the question
         self.keys('alt+y')
@@ -132,13 +132,13 @@ class Desktop(OnScreen):
         self.assertEqual(second.wait(10), 0, 'a second start ends at once')
         self.close(program)
 
-        both = [self.start(PROGRAM), self.start(PROGRAM)]  # an icon that is clicked twice
+        both = [self.start(PROGRAM), self.start(PROGRAM)]  # like an icon that is clicked twice
         until(lambda: any(start.poll() == 0 for start in both))
         self.window('^Morvanite$')
         time.sleep(0.3)
         self.close(next(start for start in both if start.poll() is None))
 
-    def test_menus_and_keys_are_there_after_each_change_of_the_window(self):
+    def test_menus_and_keys_work_after_each_change_of_the_window(self):
         self.set('folders=0', 'folders=1')
         program, window = self.open()
 
@@ -159,7 +159,7 @@ class Desktop(OnScreen):
         self.close(program)
 
     def own_clipboard(self):
-        """Takes the clipboard as a program that hangs: it never answers."""
+        """Becomes the owner of the clipboard like a program that hangs: it never answers."""
         x11 = ctypes.CDLL('libX11.so.6')
         x11.XOpenDisplay.restype = ctypes.c_void_p
         display = ctypes.c_void_p(x11.XOpenDisplay(self.env['DISPLAY'].encode()))
@@ -170,7 +170,7 @@ class Desktop(OnScreen):
         x11.XSync(display, 0)
         self.addCleanup(x11.XCloseDisplay, display)
 
-    def test_a_clipboard_whose_owner_hangs_holds_up_nothing(self):
+    def test_a_hanging_clipboard_owner_does_not_block_the_program(self):
         self.set('folders=0', 'folders=1')
         program, window = self.open()
         size = self.geometry(window)
@@ -178,7 +178,7 @@ class Desktop(OnScreen):
         begin = time.monotonic()
         self.xdotool('mousemove', '--window', window, int(size['WIDTH']) - 60, int(size['HEIGHT']) // 2, 'click', 1)
         self.keys('a', 'ctrl+a', 'F6')  # in the pane, then in the tree
-        self.keys('Home', 'L', 'Down', 'Menu', 'n', 'ctrl+a')  # a layout, its label being edited
+        self.keys('Home', 'L', 'Down', 'Menu', 'n', 'ctrl+a')  # creates a layout, whose label is in its editor
         self.own_clipboard()
         self.xdotool('type', 'id_made')
         self.keys('Return', 'ctrl+s')
@@ -193,7 +193,7 @@ class Desktop(OnScreen):
         self.assertRegex(said['--version'].stdout, r'^morvanite \d+\.\d+\.\d+\n$')
         self.assertEqual([said['--help'].returncode, said['--version'].returncode], [0, 0])
 
-    def test_a_lost_screen_ends_the_program_and_harms_no_file(self):
+    def test_a_lost_screen_ends_the_program_without_damage_to_files(self):
         before = {path: path.read_bytes() for path in self.dir.glob('sample/**/*') if path.is_file()}
         program, _ = self.open()
         self.screen.kill()
@@ -204,7 +204,7 @@ class Desktop(OnScreen):
 class SmallScreen(OnScreen):
     SIZE = '1024x700'
 
-    def test_the_whole_window_is_on_the_screen(self):
+    def test_the_window_fits_the_screen(self):
         for stored, size in (('', None), ('100,-40,900,500', (800, 540)), ('0,0,3000,2000', (1024, 700)), ('20,30,720,530', (700, 500))):
             self.set('position=', 'position=%s' % stored)
             program, window = self.open()

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Another program's window, from which files are dragged: drag_source X Y FILE... It is at X, Y of the screen and 40
-// pixels wide and high. A press of the mouse in it begins to drag the files.
+// Shows another program's window, from which files are dragged: drag_source X Y FILE... It is at X, Y of the screen
+// and 40 pixels wide and high. A mouse press in it starts to drag the files.
 #include <QApplication>
 #include <QDrag>
 #include <QMimeData>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The tests of the window: real events to real widgets, without a screen.
+// Runs the tests of the window: they send real events to real widgets, without a screen.
 #include "ProgramStyle.h"
 
 #include <QApplication>

@@ -22,7 +22,7 @@ QByteArray Built(const PackCommandRecord &record)
     return BuildRecord(record, error).value();
 }
 
-TEST(CommandRecord, HasItsFieldsAtTheirOffsetsAndIsReadAsItWasBuilt)
+TEST(CommandRecord, HasItsFieldsAtTheirOffsetsAndIsReadAsBuilt)
 {
     const QByteArray bytes = Built(FullRecord());
     ASSERT_EQ(bytes.size(), 1696);
@@ -35,29 +35,29 @@ TEST(CommandRecord, HasItsFieldsAtTheirOffsetsAndIsReadAsItWasBuilt)
     EXPECT_EQ(Built(ParsePackCommandRecord(bytes + QByteArray(5000, 'x')).value()), bytes);
     EXPECT_EQ(ParseCommandRecord(bytes.first(520)).value().projectPath, u"/x/demo.vcproj"_s);
     EXPECT_EQ(ParsePackCommandRecord(QByteArray(1696, 'a')).value().resolution, QString(32, QChar(0x6161)))
-        << "its whole field";
+        << "the text fills its field";
 }
 
-TEST(CommandRecord, IsNotBuiltOfTextThatDoesNotFit)
+TEST(CommandRecord, IsNotBuiltFromTextThatDoesNotFit)
 {
     QString error;
     EXPECT_TRUE(BuildRecord(CommandRecord{QString(259, u'a')}, error));
     EXPECT_FALSE(BuildRecord(CommandRecord{QString(260, u'a')}, error));
-    EXPECT_TRUE(error.startsWith(u"the project path has 260 characters, and a command has room for 259: aaa"_s));
+    EXPECT_TRUE(error.startsWith(u"the project path has 260 characters, but a command has room for 259 only: aaa"_s));
     EXPECT_FALSE(BuildRecord(PackCommandRecord{{}, {}, {}, {}, QString(32, u'a')}, error));
-    EXPECT_TRUE(error.startsWith(u"the target kind has 32 characters, and a command has room for 31"_s));
+    EXPECT_TRUE(error.startsWith(u"the target kind has 32 characters, but a command has room for 31"_s));
     EXPECT_FALSE(BuildRecord(CommandRecord{u"a"_s + QChar(u'\0') + u"b"_s}, error));
-    EXPECT_EQ(error, u"the project path holds a null character"_s);
+    EXPECT_EQ(error, u"the project path contains a null character"_s);
 }
 
-/// "240,320", or "-" for a text that isn't taken.
+/// Returns "240,320", or "-" for a text that is refused.
 QString Scanned(const QString &text)
 {
     const auto size = ParseResolution(text);
     return size ? u"%1,%2"_s.arg(size->width).arg(size->height) : u"-"_s;
 }
 
-TEST(PackRequest, ScansAResolutionAsTheFormatDoes)
+TEST(PackRequest, ParsesAResolutionLikeScanf)
 {
     for (const auto &text : {u"240x320"_s, u"240X320"_s, u"240*320"_s, u" \t\n240x \r320"_s, u"+240xX**x+320"_s,
                              u"0240x320x16"_s, u"240x320 and more"_s})

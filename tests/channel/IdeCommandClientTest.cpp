@@ -22,7 +22,7 @@ void SendReport(const QString &text)
 class IdeCommandClientTest : public ::testing::Test
 {
 protected:
-    /// Begins a window on a thread of its own that takes so many commands, and answers where `run` says so.
+    /// Starts a window on its own thread. It accepts so many commands, and answers those for which `run` returns true.
     void BeginWindow(int commands, std::function<bool(const QByteArray &record)> run)
     {
         window = std::jthread([commands, run, listener = std::make_shared<FileHandle>(ListenAt(windowPath, 64))] {
@@ -51,12 +51,12 @@ protected:
     std::jthread window;
 };
 
-TEST_F(IdeCommandClientTest, CollectsTheReportInPiecesOfWholeCharactersAndTheAnswer)
+TEST_F(IdeCommandClientTest, ReturnsTheAnswerAndTheReportInWholeCharacters)
 {
     const QString large = u"\U0001F514 and so on\r\n"_s.repeated(20000);
     BeginWindow(1, [&](const QByteArray &record) {
         EXPECT_EQ(record, "record");
-        ConnectTo(pipePath); // somebody only looks
+        ConnectTo(pipePath); // a client that only connects
         SendReport(large);
         const FileHandle pipe = ConnectTo(pipePath);
         for (const char byte : QByteArray("\x3d\xd8\x14\xdd!\0\x3d\xd8", 8))
@@ -64,20 +64,20 @@ TEST_F(IdeCommandClientTest, CollectsTheReportInPiecesOfWholeCharactersAndTheAns
         return true;
     });
     EXPECT_EQ(Run(), 1U) << qPrintable(error);
-    EXPECT_EQ(pieces.takeLast(), QChar(0xd83d)) << "half a character stands alone in the report, too";
+    EXPECT_EQ(pieces.takeLast(), QChar(0xd83d)) << "half a character is alone in the report too";
     for (const QString &piece : pieces)
-        ASSERT_FALSE(piece.back().isHighSurrogate()) << "a character was torn";
+        ASSERT_FALSE(piece.back().isHighSurrogate()) << "a character was split";
     EXPECT_EQ(pieces.join(QString()), large + u"\U0001F514!"_s);
 }
 
-TEST_F(IdeCommandClientTest, SaysWhenNoWindowAnswersOrAnIdeServesThePipe)
+TEST_F(IdeCommandClientTest, ReportsThatNoWindowAnswersOrAnIdeOwnsThePipe)
 {
     EXPECT_FALSE(Run());
-    EXPECT_TRUE(error.startsWith(u"Morvanite isn't running"_s)) << qPrintable(error);
+    EXPECT_TRUE(error.startsWith(u"Morvanite is not running"_s)) << qPrintable(error);
     ListenAt(windowPath); // those of programs that were killed
     ListenAt(pipePath);
     EXPECT_FALSE(Run());
-    EXPECT_TRUE(error.startsWith(u"Morvanite isn't running"_s)) << qPrintable(error);
+    EXPECT_TRUE(error.startsWith(u"Morvanite is not running"_s)) << qPrintable(error);
     EXPECT_NE(access(pipePath.constData(), F_OK), 0);
     unlink(windowPath.constData());
     BeginWindow(1, [](const QByteArray &) {
@@ -85,15 +85,15 @@ TEST_F(IdeCommandClientTest, SaysWhenNoWindowAnswersOrAnIdeServesThePipe)
         return false;
     });
     EXPECT_FALSE(Run());
-    EXPECT_EQ(error, u"Morvanite went away before it answered"_s);
+    EXPECT_EQ(error, u"Morvanite ended before it answered"_s);
     EXPECT_EQ(pieces.join(QString()), u"half a rep"_s);
     const FileHandle ide = ListenAt(pipePath);
-    const FileHandle busy = ConnectTo(pipePath); // with no place left the IDE lives all the same
+    const FileHandle busy = ConnectTo(pipePath); // an IDE without a free place is still running
     EXPECT_FALSE(Run());
     EXPECT_TRUE(error.startsWith(u"another program listens at "_s)) << qPrintable(error);
 }
 
-TEST_F(IdeCommandClientTest, SixtyFourClientsAtOnceTakeTurnsAndEachGetsItsOwnReport)
+TEST_F(IdeCommandClientTest, Serves64ClientsInTurnsWithSeparateReports)
 {
     BeginWindow(64, [](const QByteArray &record) {
         SendReport(QString::fromLatin1(record).repeated(100));

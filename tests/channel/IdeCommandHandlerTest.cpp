@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// A document whose save may fail.
+/// A document whose save can fail.
 struct TestDocument : CResDoc
 {
     TestDocument(TestProject &project, const bool &savesNow)
@@ -22,7 +22,7 @@ struct TestDocument : CResDoc
     const bool &saves;
 };
 
-/// The commands on a project on disk, and the IDE that reads their reports.
+/// Commands for a project on disk, and the IDE that reads their reports.
 class IdeCommandHandlerTest : public ::testing::Test
 {
 protected:
@@ -38,7 +38,7 @@ protected:
         project.folder.Put("demo/app.dll", "MZ and so on");
     }
 
-    /// The report of a command whose record may be cut.
+    /// Runs a command whose record may be truncated. Returns the report.
     QByteArray Run(quint32 id, qsizetype size = 1696)
     {
         project.trace.clear();
@@ -64,9 +64,9 @@ protected:
 const QByteArray LOADED =
     "Loading resource from \"res\\demo.res.xml\"...\r\n[demo] open - 0 error(s), 0 warning(s)\r\n";
 
-TEST_F(IdeCommandHandlerTest, LoadOpensTheProjectAndSaveSavesWhatIsOpenWhateverTheCaseOfItsPath)
+TEST_F(IdeCommandHandlerTest, LoadOpensAndSaveSavesAProjectWithItsPathInAnyCase)
 {
-    EXPECT_EQ(Run(IDE_COMMAND_SAVE), "\r\n\r\nsave done\r\n") << "no document is no error";
+    EXPECT_EQ(Run(IDE_COMMAND_SAVE), "\r\n\r\nsave done\r\n") << "a missing document is not an error";
     EXPECT_EQ(Run(IDE_COMMAND_LOAD), LOADED + "\r\n\r\nload done\r\n");
     EXPECT_EQ(project.trace, "Morvanite: m_uCmdId=2948455419d\nMorvanite got LOAD command\n"
                              "Morvanite finished LOAD command\nMorvanite ENDed LOAD command\n");
@@ -81,7 +81,7 @@ TEST_F(IdeCommandHandlerTest, LoadOpensTheProjectAndSaveSavesWhatIsOpenWhateverT
     EXPECT_EQ(handler.LastError(), 0);
 }
 
-TEST_F(IdeCommandHandlerTest, PackOpensTheProjectAndPacksInItsFolderForEverySpellingOfItsResolution)
+TEST_F(IdeCommandHandlerTest, PackOpensTheProjectAndAcceptsEverySpellingOfTheResolution)
 {
     QByteArray opening = LOADED;
     for (const auto &[resolution, found] : {std::pair(u"240x320"_s, true), {u"240*320"_s, true}, {u"1x1"_s, false}}) {
@@ -93,15 +93,15 @@ TEST_F(IdeCommandHandlerTest, PackOpensTheProjectAndPacksInItsFolderForEverySpel
         EXPECT_EQ(QDir::currentPath(), project.folder.Path("demo"));
         EXPECT_TRUE(project.folder.Get("demo/out.dll").startsWith(QByteArray("MZ and so on.zp_res\0", 20)));
         EXPECT_EQ(project.folder.Get("demo/out.dll").contains("a picture for 240x320"), found);
-        EXPECT_FALSE(project.folder.Has("demo/ResID")) << "the numbers are fresh, but no header is written";
+        EXPECT_FALSE(project.folder.Has("demo/ResID")) << "IDs are numbered, but no header is written";
         EXPECT_TRUE(project.trace.contains("implicit ID Gen before Pack done, result is 0\n"));
         EXPECT_TRUE(project.trace.contains("Morvanite: m_szCmdTarget=" + project.Path().toUtf8() + '\n'));
         EXPECT_TRUE(project.trace.endsWith("Morvanite finished PACK command, err code=0\n"));
-        opening.clear(); // it stays open
+        opening.clear(); // the project stays open
     }
 }
 
-TEST_F(IdeCommandHandlerTest, EachFailureHasItsCode)
+TEST_F(IdeCommandHandlerTest, ReturnsACodeForEachFailure)
 {
     EXPECT_EQ(Run(IDE_COMMAND_LOAD), LOADED + "\r\n\r\nload done\r\n");
     saves = false;
@@ -126,7 +126,7 @@ TEST_F(IdeCommandHandlerTest, EachFailureHasItsCode)
     EXPECT_TRUE(project.trace.endsWith("Morvanite finished PACK command, err code=404\n"));
 }
 
-TEST_F(IdeCommandHandlerTest, WithoutAnIdeTheCommandIsCarriedOutAndItsOutputLost)
+TEST_F(IdeCommandHandlerTest, RunsACommandWithoutAnIdeAndDropsItsOutput)
 {
     unlink(runtime.Path(PIPE_SOCKET).constData());
     EXPECT_EQ(Run(IDE_COMMAND_LOAD), "");
@@ -135,7 +135,7 @@ TEST_F(IdeCommandHandlerTest, WithoutAnIdeTheCommandIsCarriedOutAndItsOutputLost
     EXPECT_EQ(pane, "");
 }
 
-TEST_F(IdeCommandHandlerTest, ShortRecordsAndUnknownCommandsDoNothing)
+TEST_F(IdeCommandHandlerTest, IgnoresShortRecordsAndUnknownCommands)
 {
     documents.OpenDocumentFile(project.Path());
     const std::pair<quint32, qsizetype> ignored[] = {{IDE_COMMAND_LOAD, 519},
@@ -153,7 +153,7 @@ TEST_F(IdeCommandHandlerTest, ShortRecordsAndUnknownCommandsDoNothing)
     EXPECT_TRUE(pipe.IsOpen());
 }
 
-TEST_F(IdeCommandHandlerTest, ADocumentLearnsWhichCommandRunsForItUntilItEndsEvenByAnException)
+TEST_F(IdeCommandHandlerTest, TellsTheDocumentWhichCommandRunsAndWhenItEndsEvenByAnException)
 {
     const QString own = project.Path().toUpper();
     const QString other = u"/other"_s;
@@ -176,12 +176,12 @@ TEST_F(IdeCommandHandlerTest, ADocumentLearnsWhichCommandRunsForItUntilItEndsEve
 
 } // namespace
 
-TEST_F(IdeCommandHandlerTest, WhatAnotherProgramHasChangedReachesTheNextCommand)
+TEST_F(IdeCommandHandlerTest, TheNextCommandSeesChangesMadeByAnotherProgram)
 {
     const char *const list = "demo/res/demo.res.xml";
     EXPECT_TRUE(Run(IDE_COMMAND_LOAD).endsWith("\r\nload done\r\n"));
     project.folder.Put(list, "<APP><FILE id=\"ID_OUTSIDE\">app.dll</FILE></APP>");
-    EXPECT_TRUE(Run(IDE_COMMAND_PACK).contains("app.dll")) << "a pack of before would be taken for one of now";
+    EXPECT_TRUE(Run(IDE_COMMAND_PACK).contains("app.dll")) << "an old output must not look like a new one";
     project.folder.Put(list, "<APP>");
     QString explained;
     project.env->explain = [&](const QString &text) { explained = text; };

@@ -35,7 +35,7 @@ constexpr IdleDocuments::Time START{1h};
 
 } // namespace
 
-TEST(IdleDocuments, WhatIsUnusedForSoLongIsClosedAndWhatHasChangesStays)
+TEST(IdleDocuments, CloseAfterTheIdleTimeUnlessModified)
 {
     Server server(30min);
     EXPECT_EQ(server.idle.NextLook(START), std::nullopt);
@@ -46,7 +46,7 @@ TEST(IdleDocuments, WhatIsUnusedForSoLongIsClosedAndWhatHasChangesStays)
     server.documents.FindDocument(u"/c"_s)->SetModifiedFlag(true);
     EXPECT_EQ(server.idle.NextLook(START + 11min), milliseconds(19min));
     EXPECT_EQ(server.idle.CloseUnused(START + 30min - 1ms), 0);
-    EXPECT_EQ(server.idle.NextLook(START + 30min - 1us), milliseconds(1)) << "never a moment too early";
+    EXPECT_EQ(server.idle.NextLook(START + 30min - 1us), milliseconds(1)) << "it isn't closed early";
     server.Use(u"/a"_s, START + 29min);
     EXPECT_EQ(server.idle.CloseUnused(START + 40min), 1);
     EXPECT_EQ(server.documents.FindDocument(u"/b"_s), nullptr);
@@ -58,7 +58,7 @@ TEST(IdleDocuments, WhatIsUnusedForSoLongIsClosedAndWhatHasChangesStays)
     EXPECT_EQ(server.idle.CloseUnused(START + 9h), 1);
 
     server.Use(u"/a"_s, START + 10h);
-    EXPECT_EQ(server.idle.CloseUnused(START + 10h), 0) << "a document in the place of an old one is new";
+    EXPECT_EQ(server.idle.CloseUnused(START + 10h), 0) << "a document at the address of an old one is new";
 
     Server endless(0min);
     endless.Use(u"/a"_s, START);

@@ -27,12 +27,12 @@ protected:
     ReportPipe pipe;
 };
 
-TEST_F(ReportPipeTest, LongRunsOfLinesArriveWholeInUtf16AndAtTheLatestWithAFlush)
+TEST_F(ReportPipeTest, SendsManyLinesAsUtf16AndTheRestOnFlush)
 {
     ASSERT_TRUE(pipe.Open());
     const FileHandle ide = AcceptAt(listener);
     pipe.Write(u"a\u4e2d");
-    EXPECT_EQ(ReadNow(ide), QByteArray("a\0\x2d\x4e", 4)); // at once
+    EXPECT_EQ(ReadNow(ide), QByteArray("a\0\x2d\x4e", 4)); // arrives at once
     QByteArray all;
     QByteArray read;
     for (int i = 0; i < 3000; ++i) {
@@ -52,36 +52,36 @@ TEST_F(ReportPipeTest, LongRunsOfLinesArriveWholeInUtf16AndAtTheLatestWithAFlush
     EXPECT_EQ(ReadAll(ide), QByteArray());
 }
 
-TEST_F(ReportPipeTest, AnIdeThatGoesAwayRaisesNoSignalAndDropsTheRest)
+TEST_F(ReportPipeTest, SurvivesAnIdeThatDisconnectsAndDropsTheRest)
 {
     ASSERT_TRUE(pipe.Open());
     AcceptAt(listener);
     for (int i = 0; i < 200; ++i)
         pipe.Write(u"dropped");
     pipe.Close();
-    ASSERT_TRUE(pipe.Open()) << "the next command has the next chance";
+    ASSERT_TRUE(pipe.Open()) << "the next command tries again";
     const FileHandle ide = AcceptAt(listener);
     pipe.Write(u"kept");
     pipe.Close();
     EXPECT_EQ(ReadAll(ide), Utf16(u"kept"));
 }
 
-TEST_F(ReportPipeTest, AnEndRequestGivesUpAReportThatNobodyReads)
+TEST_F(ReportPipeTest, AnEndRequestAbandonsAReportThatNobodyReads)
 {
     const FileHandle ending(eventfd(1, EFD_CLOEXEC));
     ReportPipe ended(ending.Get());
     ASSERT_TRUE(ended.Open());
     const FileHandle ide = AcceptAt(listener);
-    ended.Write(QString(4 << 20, u'x')); // more than the system takes; without the request it would wait here
+    ended.Write(QString(4 << 20, u'x')); // more than the socket buffer holds; without the request this would block
     QByteArray got = ReadNow(ide);
-    ended.Write(u"dropped"); // though there is room again
+    ended.Write(u"dropped"); // although there is room again
     ended.Close();
     got += ReadAll(ide);
     EXPECT_LT(got.size(), 8 << 20);
     EXPECT_FALSE(got.contains("d\0r\0"));
 }
 
-TEST_F(ReportPipeTest, WaitsForAPlaceAtABusyIdeButNotForEverNorForOneThatIsGone)
+TEST_F(ReportPipeTest, WaitsALimitedTimeForABusyIdeAndNotForADeadOne)
 {
     const FileHandle other = ConnectTo(path);
     QElapsedTimer timer;

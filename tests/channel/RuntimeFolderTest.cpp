@@ -5,7 +5,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(RuntimeFolder, IsTheOneChosenElseTheSessionsElseOneInTmpAndAlwaysOneOfTheUsersOwn)
+TEST(RuntimeFolder, IsTheChosenTheSessionsOrOneInTmpAndAlwaysOwnedByTheUser)
 {
     const TestRuntime top;
     const QByteArray session = qgetenv("XDG_RUNTIME_DIR");
@@ -26,12 +26,12 @@ TEST(RuntimeFolder, IsTheOneChosenElseTheSessionsElseOneInTmpAndAlwaysOneOfTheUs
         {"", root ? top.Path("others") : "/", inTmp},
         {"", top.Path(), top.Path("morvanite")},
         {top.Path("own/"), top.Path(), top.Path("own")},
-        {top.Path("link/"), "", "is no folder"},
-        {"/dev/null", "", "is no folder"},
-        {top.Path("missing/own"), "", "can't be made: No such file"},
-        {"relative", "", "no absolute path"},
-        {top.Path("open"), "", "has mode 0777, so that"},
-        {"", top.Path("session"), "session/morvanite has mode 0720, so that"},
+        {top.Path("link/"), "", "is not a folder"},
+        {"/dev/null", "", "is not a folder"},
+        {top.Path("missing/own"), "", "can't be created: No such file"},
+        {"relative", "", "is not absolute"},
+        {top.Path("open"), "", "has mode 0777, so other"},
+        {"", top.Path("session"), "session/morvanite has mode 0720, so other"},
         {root ? top.Path("others") : "/", "", root ? "belongs to user 12345, not to you (0)" : "belongs to user 0"},
     };
     for (const auto &[chosen, ofSession, expected] : cases) {
@@ -48,12 +48,12 @@ TEST(RuntimeFolder, IsTheOneChosenElseTheSessionsElseOneInTmpAndAlwaysOneOfTheUs
     EXPECT_EQ(info.st_mode & 07777, 0700U);
 }
 
-TEST(RuntimeFolder, RoomForASocketsPathEndsAt107Bytes)
+TEST(RuntimeFolder, LimitsSocketPathsTo107Bytes)
 {
     const TestRuntime top;
     QString error;
     const QByteArray longest(107 - top.Path().size() - 1, 'a');
     EXPECT_EQ(SocketPath(longest.constData(), error), top.Path(longest.constData()));
     EXPECT_EQ(SocketPath((longest + 'a').constData(), error), QByteArray());
-    EXPECT_TRUE(error.contains(u"has 108 bytes, and there is room for 107"_s)) << qPrintable(error);
+    EXPECT_TRUE(error.contains(u"has 108 bytes, but there is room for 107 only"_s)) << qPrintable(error);
 }

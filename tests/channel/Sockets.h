@@ -11,7 +11,7 @@
 #include <poll.h>
 #include <unistd.h>
 
-/// A runtime folder of the test's own, gone with the object.
+/// A runtime folder for one test, removed with the object.
 class TestRuntime
 {
 public:
@@ -27,8 +27,8 @@ private:
     QTemporaryDir folder;
 };
 
-/// A socket that listens without any lock, as another program's would, with a place for one client more than `backlog`.
-/// It stays behind as that of a program that was killed, with nobody to answer.
+/// Returns a socket that listens without a lock, like another program's, with room for one client more than `backlog`.
+/// The socket file remains like that of a killed program, and nobody answers.
 inline FileHandle ListenAt(const QByteArray &path, int backlog = 0)
 {
     FileHandle listener = MakeSocket();
@@ -50,7 +50,7 @@ inline FileHandle ConnectTo(const QByteArray &path)
     return connection;
 }
 
-/// All that comes until the other end closes.
+/// Returns all bytes until the other end closes.
 inline QByteArray ReadAll(const FileHandle &connection, int flags = 0)
 {
     QByteArray all;
@@ -61,7 +61,7 @@ inline QByteArray ReadAll(const FileHandle &connection, int flags = 0)
     return all;
 }
 
-/// What is there without waiting.
+/// Returns the bytes that are available without waiting.
 inline QByteArray ReadNow(const FileHandle &connection)
 {
     return ReadAll(connection, MSG_DONTWAIT);

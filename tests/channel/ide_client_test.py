@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Runs docs/examples/ide_client.py against a real "morvanite-cli serve": ide_client_test.py MORVANITE_CLI IDE_CLIENT"""
+"""Runs docs/examples/ide_client.py with a real "morvanite-cli serve": ide_client_test.py MORVANITE_CLI IDE_CLIENT"""
 
 import pathlib
 import socket
@@ -17,10 +17,10 @@ class IdeClient(DemoProject):
     def client(self, *arguments):
         return self.run_program(*CLIENT, *arguments)
 
-    def test_load_save_and_pack(self):
+    def test_loads_saves_and_packs(self):
         status, _, err = self.client("load", self.project)
         self.assertEqual(status, 2)
-        self.assertIn("Morvanite isn't running", err)
+        self.assertIn("Morvanite is not running", err)
         self.serve()
         self.assertEqual(self.client("load", self.project), (0, LOADED + "\r\n\r\nload done\r\n", ""))
         saved = (0, "[demo] save - 0 error(s), 0 warning(s)\r\n\r\n\r\nsave done\r\n", "")
@@ -32,7 +32,7 @@ class IdeClient(DemoProject):
         status, out, _ = self.client(*self.to_pack, "--resolution", "240")
         self.assertEqual((status, out), (1, "\r\n\r\npack done\r\n\r\n### error 87 ###\r\n"))
 
-    def test_an_ide_that_is_killed_in_the_middle_stops_nobody(self):
+    def test_a_killed_ide_does_not_block_the_server(self):
         self.serve()
         pipe = self.runtime / "QRK_Morvanite_Pipe"
         with socket.socket(socket.AF_UNIX) as listener, socket.socket(socket.AF_UNIX) as window:

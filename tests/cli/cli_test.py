@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""morvanite-cli as its user sees it: output, error stream and exit status together, byte for byte."""
+"""Tests morvanite-cli as its user sees it: output, standard error and exit status together, byte for byte."""
 
 import json
 import os
@@ -12,11 +12,11 @@ from demo import LOADED, DemoProject
 
 
 class Cli(DemoProject):
-    def test_a_load_prints_what_an_ide_would_read(self):
+    def test_load_prints_the_report_of_an_ide(self):
         for project in (self.project, 'demo.vcproj'):
             self.assertEqual(self.run_cli('load', project), (0, LOADED + '\r\n\r\nload done\r\n', ''))
 
-    def test_a_project_that_does_not_open_says_so_in_the_report_and_why_on_the_error_stream(self):
+    def test_a_project_that_does_not_open_is_reported_and_explained_on_standard_error(self):
         (self.dir / 'config.xml').unlink()
         for arguments, report, reason in (
                 (('load', self.project), '\r\n### error 7 ###\r\n\r\n\r\nload done\r\n\r\n### error 110 ###\r\n', 'config.xml'),
@@ -27,7 +27,7 @@ class Cli(DemoProject):
             self.assertEqual((status, out), (1, report))
             self.assertIn(reason, err)
 
-    def test_a_save_prints_no_line_of_the_opening_and_the_second_one_changes_nothing(self):
+    def test_save_prints_no_lines_of_the_load_and_a_second_save_changes_nothing(self):
         files = [self.dir / name for name in ('res/demo.res.xml', 'res/ref_list_demo.txt', 'ResID/ResID.h')]
         contents = []
         for _ in range(2):
@@ -37,7 +37,7 @@ class Cli(DemoProject):
         self.assertIn(b'\n#define  ID_FILE_TUNE    100000', contents[0][2])
         self.assertEqual(contents[0], contents[1])
 
-    def test_what_a_save_could_not_know_is_kept_and_comes_back(self):
+    def test_save_keeps_replaced_files_and_restore_returns_them(self):
         listing = self.dir / 'res/demo.res.xml'
         before = listing.read_bytes().replace(b'</APP>', b'<NEWS>.\\lost.bin</NEWS></APP>')
         listing.write_bytes(before)
@@ -51,14 +51,14 @@ class Cli(DemoProject):
         self.assertRegex(out, 'is kept in .*/2$')
         self.assertEqual(self.run_cli('kept', self.project, '--restore', '7')[0], 1)
 
-    def test_a_save_that_numbers_in_vain_fails(self):
+    def test_save_fails_if_the_numbers_overflow(self):
         names = ''.join(f'<FILE id="ID_{i}" type="Push">.\\a.mp3</FILE>' for i in range(1001))
         (self.dir / 'res/demo.res.xml').write_text(f'<APP>{names}</APP>')
         status, _, err = self.run_cli('save', self.project)
         self.assertEqual(status, 1)
         self.assertIn('failed to generate header files', err)
 
-    def test_a_pack_prints_every_phase_and_inspect_reads_the_result_back(self):
+    def test_pack_prints_every_phase_and_inspect_reads_the_result(self):
         status, out, err = self.run_cli(*self.to_pack, '--convert-images', '1', '--depfile', 'deps')
         self.assertEqual((status, err), (0, ''))
         self.assertTrue(out.startswith(LOADED + '\r\npack resource started\r\n\r\nconstruct app icon resource...'), out)
@@ -73,7 +73,7 @@ class Cli(DemoProject):
         self.assertEqual([item['key'] for item in seen[0]['block']][1:3], [100000, 1])
         self.assertEqual(seen[0]['strings'], {'0': {'2': 'Hi'}})
 
-    def test_names_in_a_depfile_are_as_make_and_ninja_read_them(self):
+    def test_names_in_a_depfile_are_escaped_for_make_and_ninja(self):
         def depfile_of(name):
             (self.dir / name).write_bytes(b'x')
             (self.dir / 'res/demo.res.xml').write_text(f'<APP><FILE id="ID_A" type="Normal">.\\{name}</FILE></APP>')
@@ -84,9 +84,9 @@ class Cli(DemoProject):
         self.assertIn(r'/a\ \#b\:c$$d.bin', text)
         status, err, _ = depfile_of('a;touch x.bin')
         self.assertEqual(status, 1)
-        self.assertIn("a;touch x.bin, with a semicolon", err)
+        self.assertIn("a;touch x.bin, and a dependency file can't contain a name with a semicolon", err)
 
-    def test_a_wrong_command_line_ends_with_2_and_a_message(self):
+    def test_a_wrong_command_line_exits_with_2_and_a_message(self):
         for arguments in ((), ('fly',), ('load',), ('pack', self.project), ('load', self.project, '--fast'),
                           ('load', '/' + 'x' * 300, '--remote')):
             status, out, err = self.run_cli(*arguments)
@@ -105,10 +105,10 @@ class Cli(DemoProject):
         listing = self.dir / 'res/demo.res.xml'
         listing.write_text(listing.read_text().replace('class="image">', 'class="image layout"><LAYOUT>res\\screens.xml</LAYOUT>'))
 
-    def test_layouts_are_listed_and_checked(self):
+    def test_lists_and_checks_layouts(self):
         status, _, err = self.run_cli('layouts', self.project)
         self.assertEqual(status, 1)
-        self.assertIn('key folders', err)
+        self.assertIn('set folders=1', err)
         self.use_layouts('<TarvoXML>\n<Layout id="ID_START">\n<Screen name="start" background="@ID_IMAGE_LOGO">\n'
                          '<Label pos="(1,2)" name="hi" text="@ID_STRING_HI">\n<TextStyle prop="textStyle" font="large"/></Label>\n'
                          '<Panel/></Screen></Layout></TarvoXML>')
@@ -128,19 +128,19 @@ class Cli(DemoProject):
                  '<Label pos="1,2" text="@ID_START"/></Screen></Layout></TarvoXML>')
         self.use_layouts(wrong)
         self.assertEqual(self.run_cli('layouts', self.project, '--check'),
-                         (1, 'res/screens.xml, line 3: "ID_STRING_HI" is no image\n'
+                         (1, 'res/screens.xml, line 3: "ID_STRING_HI" is not an image\n'
                              'res/screens.xml, line 3: "Screen" has no property "colour"\n'
-                             'res/screens.xml, line 4: the value "1,2" of "pos" is no ZulPoint\n'
-                             'res/screens.xml, line 4: "ID_START" is no string\n', ''))
+                             'res/screens.xml, line 4: the value "1,2" of "pos" is not of the type ZulPoint\n'
+                             'res/screens.xml, line 4: "ID_START" is not a string\n', ''))
         (self.dir / 'bad.xml').write_text('<catalogue version="1">\n<class name="A" base="B"/></catalogue>')
         self.use_layouts(wrong.replace('ID_STRING_HI', 'ID_NOBODY').replace('</Layout>', ''), self.dir / 'bad.xml')
         status, out, _ = self.run_cli('layouts', self.project, '--check')
         self.assertEqual(status, 1)
         self.assertIn('bad.xml, line 2: unknown base "B"\n', out)
-        self.assertIn('screens.xml, line 4: this is no well-formed XML', out)
+        self.assertIn('screens.xml, line 4: this is not well-formed XML', out)
         self.assertEqual(self.run_cli('layouts', self.project)[:2], (1, ''))
 
-    def test_strings_go_into_a_workbook_and_come_back_and_a_dry_run_changes_nothing(self):
+    def test_exports_and_imports_strings_and_a_dry_run_changes_nothing(self):
         strings = self.dir / 'res/ref_list_demo.txt'
         before = strings.read_bytes()
         imported = '[demo] import - 0 error(s), 0 warning(s)\r\n'
@@ -165,7 +165,7 @@ class Cli(DemoProject):
         after = strings.read_bytes()
         (self.dir / name).write_text(sheet.replace('##', 'ID_TWO,Normal,,"two\nlines"\n##'))
         status, _, err = self.run_cli('strings', 'import', self.project, name)
-        self.assertTrue(status == 1 and 'nothing is saved. Mend ID_TWO (English)' in err, err)
+        self.assertTrue(status == 1 and 'so nothing is saved; fix ID_TWO (English)' in err, err)
         self.assertEqual(strings.read_bytes(), after)
         (self.dir / 'cut.csv').write_text('"')
         status, out, err = self.run_cli('strings', 'import', self.project, 'cut.csv')
@@ -175,23 +175,23 @@ class Cli(DemoProject):
         status, out, err = self.run_cli('strings', 'import', self.project, name)
         self.assertTrue((status, out) == (1, '') and 'ID conflicts' in err and 'nothing is imported' in err, out + err)
 
-    def test_ids_are_listed_in_the_byte_order_of_their_names_and_the_debug_log_goes_where_it_is_sent(self):
+    def test_lists_ids_in_byte_order_and_writes_the_debug_log_to_the_given_file(self):
         self.env['MORVANITE_DEBUG_LOG'] = str(self.dir / 'log')
         listed = 'ID_FILE_TUNE\t100000\nID_IMAGE_LOGO\t1\nID_STRING_HI\t2\n'
         self.assertEqual(self.run_cli('ids', self.project), (0, listed, ''))
         self.assertIn('enter IDGen::FillValue()\n', (self.dir / 'log').read_text())
         self.assertIn('Morvanite got LOAD command\n', self.run_cli('--debug-log', '-', 'load', self.project)[2])
 
-    def test_a_failed_pack_says_in_words_what_its_number_means(self):
+    def test_a_failed_pack_explains_its_code(self):
         (self.dir / 'arm').rmdir()
-        for arguments, code, words in ((self.to_pack, 2, 'and the folder arm beside the input'),
+        for arguments, code, words in ((self.to_pack, 2, 'and so must the folder arm beside the input'),
                                        ((*self.to_pack, '--output', 'app.axf'), -1001, 'must be different files')):
             status, out, err = self.run_cli(*arguments)
             self.assertEqual(status, 1)
             self.assertTrue(out.endswith(f'\r\n\r\npack done\r\n\r\n### error {code} ###\r\n'), out)
             self.assertTrue(f'morvanite-cli: the pack failed with {code}: ' in err and words in err, err)
 
-    def test_what_an_opening_leaves_out_is_told_on_the_error_stream_before_a_save_drops_it(self):
+    def test_save_reports_omitted_content_on_standard_error(self):
         (self.dir / 'res/demo.res.xml').write_text('<APP><NEWS/></APP>')
         status, out, err = self.run_cli('save', self.project)
         self.assertEqual((status, out), (0, '[demo] save - 0 error(s), 0 warning(s)\r\n\r\n\r\nsave done\r\n'))
@@ -204,7 +204,7 @@ class Cli(DemoProject):
         (deep / 'res/demo.res.xml').write_text('<APP/>')
         self.assertEqual(self.run_cli('load', str(deep / 'demo.vcproj'))[0], 0)
 
-    def test_a_closed_or_full_output_stops_no_work_on_files(self):
+    def test_a_closed_or_full_output_does_not_stop_work_on_files(self):
         reader, writer = os.pipe()
         os.close(reader)
         status, _, err = self.run_cli(*self.to_pack, stdout=writer)
@@ -216,7 +216,7 @@ class Cli(DemoProject):
         self.assertEqual(status, 1)
         self.assertIn('cannot write the output', err)
 
-    def test_a_running_server_does_the_work_and_ends_on_sigterm(self):
+    def test_a_running_server_executes_commands_and_ends_on_sigterm(self):
         status, out, err = self.run_cli('load', self.project, '--remote')
         self.assertTrue(status == 1 and out == '' and err != '', err)
         server = self.serve()
@@ -228,7 +228,7 @@ class Cli(DemoProject):
         self.assertEqual(server.wait(10), 0)
         self.assertFalse([path for path in self.runtime.iterdir() if path.is_socket()])
 
-    def test_a_server_whose_messages_nobody_reads_serves_on_and_ends_on_sigterm(self):
+    def test_a_server_whose_output_is_not_read_continues_and_ends_on_sigterm(self):
         self.env['MORVANITE_DEBUG_LOG'] = '-'
         record = f'{self.dir}/{"x" * 150}.vcproj'.encode('utf-16-le').ljust(520, b'\0')
 

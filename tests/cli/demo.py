@@ -12,7 +12,7 @@ import sys
 import tempfile
 import unittest
 
-# A shell ignores this signal for what it runs in the background, and the programs under test would do so too.
+# A shell ignores this signal for background processes, and the programs under test would inherit that.
 signal.signal(signal.SIGINT, signal.default_int_handler)
 CLI = os.path.abspath(sys.argv[1])
 LOADED = ('Loading resource from "res\\demo.res.xml"...\r\n'
@@ -21,7 +21,7 @@ LOADED = ('Loading resource from "res\\demo.res.xml"...\r\n'
 
 
 def arm_elf():
-    """A header, one empty section and the section name table: the least that a section can be added to."""
+    """Returns a header, one empty section and the section name table: the least file that a section can be added to."""
     header = struct.pack('<16sHHIIIIIHHHHHH', b'\x7fELF\1\1\1', 2, 40, 1, 0, 0, 64, 0x5000400, 52, 32, 0, 40, 2, 1)
     return header + b'\0.shstrtab\0\0' + bytes(40) + struct.pack('<10I', 1, 3, 0, 0, 52, 11, 0, 0, 1, 0)
 
@@ -56,7 +56,7 @@ class DemoProject(unittest.TestCase):
         self.env = dict(os.environ, XDG_CONFIG_HOME=str(self.dir / 'none'), XDG_STATE_HOME=str(self.dir / 'state'), MORVANITE_RUNTIME_DIR=str(self.runtime))
 
     def run_program(self, *arguments, **options):
-        """The exit status, the output and the errors."""
+        """Returns the exit status, the output and the errors."""
         done = subprocess.run(arguments, **{'stdout': subprocess.PIPE, **options}, stderr=subprocess.PIPE, env=self.env,
                               cwd=self.dir, timeout=60)
         return done.returncode, (done.stdout or b'').decode(), done.stderr.decode()
@@ -65,7 +65,7 @@ class DemoProject(unittest.TestCase):
         return self.run_program(CLI, *arguments, **options)
 
     def serve(self):
-        """Starts a server, and waits until it listens."""
+        """Starts a server and waits until it listens."""
         server = subprocess.Popen([CLI, 'serve'], env=self.env, stdin=subprocess.DEVNULL, stderr=subprocess.PIPE)
         self.addCleanup(server.communicate)
         self.addCleanup(server.kill)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""How morvanite-cli names, reads and writes files: links, limits, signals, pipes, and why something can't be done."""
+"""Tests how morvanite-cli names, reads and writes files: links, limits, signals, pipes, and reasons in messages."""
 
 import fcntl
 import json
@@ -20,7 +20,7 @@ class Files(DemoProject):
     def content(self):
         return {path: path.read_bytes() for path in self.dir.rglob('*') if path.is_file()}
 
-    def test_a_link_out_of_the_project_is_written_to_only_where_the_user_allows_it(self):
+    def test_writes_through_a_link_out_of_the_project_only_if_the_user_allows_it(self):
         profile = self.dir / 'none/profile'
         profile.parent.mkdir()
         profile.write_text('mine')
@@ -32,14 +32,14 @@ class Files(DemoProject):
         project = self.dir / 'demo/demo.vcproj'
         status, _, err = self.run_cli('save', project)
         self.assertEqual(status, 1)
-        self.assertIn(f'"{header}" isn\'t written', err.replace('/./', '/'))
+        self.assertIn(f'"{header}" is not written', err.replace('/./', '/'))
         self.assertEqual(profile.read_text(), 'mine')
         (self.dir / 'none/morvanite').mkdir()
         (self.dir / 'none/morvanite/Morvanite.ini').write_text('[Path]\nfollow_links=1\n')
         self.assertEqual(self.run_cli('save', project)[0], 0)
         self.assertIn('ID_FILE_TUNE', profile.read_text())
 
-    def test_a_project_whose_lists_are_behind_a_link_out_of_it_is_read_and_not_saved(self):
+    def test_reads_but_does_not_save_a_project_whose_lists_are_links_out_of_it(self):
         (self.dir / 'none').mkdir()
         inner = self.dir / 'inner'
         inner.mkdir()
@@ -58,7 +58,7 @@ class Files(DemoProject):
         self.assertNotIn('interrupted', err)
         self.assertEqual(self.content(), before)
 
-    def test_headers_that_are_interrupted_leave_no_folder_of_tables(self):
+    def test_interrupted_headers_leave_no_folder_of_tables(self):
         program = self.dir / 'program'
         program.mkdir()
         (program / 'Morvanite.ini').write_text('[Path]\nexport_xml=types.xml\nexport_layout=layouts.xml\nreso_set=sizes.ini\n')
@@ -67,7 +67,7 @@ class Files(DemoProject):
         tool = program / 'zul_xml_conv.exe'
         tool.write_text('#!/bin/sh\necho "$MORVANITE_PROGRAM_DIR" > "$8/LayoutID.h"\n[ -e "$0.slow" ] && echo > "$0.begun" && exec sleep 30\nexit 0\n')
         tool.chmod(0o755)
-        self.env['MORVANITE_PROGRAM_DIR'] = 'program'  # relative, and the tool gets it absolute
+        self.env['MORVANITE_PROGRAM_DIR'] = 'program'  # a relative path; the tool gets an absolute one
         headers = ('headers', self.project, '--output', 'made')
         self.assertEqual(self.run_cli(*headers), (0, '', ''))
         names = sorted(path.name for path in (self.dir / 'made').iterdir())
@@ -85,7 +85,7 @@ class Files(DemoProject):
         self.assertEqual(sorted(path.name for path in (self.dir / 'made').iterdir()), names)
 
     def interrupt_save(self):
-        """What a killed save leaves: a journal, and the new string file beside the old one."""
+        """Leaves what a killed save leaves: a journal, and the new string file beside the old one."""
         strings = self.dir / 'res/ref_list_demo.txt'
         new = strings.read_bytes().decode('utf-16').replace('\tHi', '\tHello').encode('utf-16')
         (self.dir / 'res/.ref_list_demo.txt.1-0').write_bytes(new)
@@ -95,14 +95,14 @@ class Files(DemoProject):
             f'Morvanite journal 1\n1\nneeded\t0\t{stamp}\tres/ref_list_demo.txt\nend\n')
         return strings, new
 
-    def test_what_only_reads_a_project_leaves_an_interrupted_save_to_those_that_write(self):
+    def test_commands_that_only_read_do_not_recover_an_interrupted_save(self):
         strings, new = self.interrupt_save()
         before = self.content()
         commands = (('headers', self.project, '--output', 'made'), ('load', self.project, '--strict'), (*self.to_pack, '--strict'))
         for arguments in commands:
             status, out, err = self.run_cli(*arguments)
             self.assertEqual((status, out), (1, ''))
-            self.assertIn('was interrupted: "morvanite-cli save" or', err)
+            self.assertIn('was interrupted, so nothing was written; to finish that save, run "morvanite-cli save" or', err)
             self.assertEqual(self.content(), before)
         with open(self.dir / 'res/.demo.journal') as journal:
             fcntl.flock(journal, fcntl.LOCK_EX)
@@ -113,10 +113,10 @@ class Files(DemoProject):
             os.remove(journal.name)
         self.assertEqual(waiting.wait(10), 0)
         self.interrupt_save()
-        self.assertIn('has been finished now', self.run_cli('save', self.project)[2])
+        self.assertIn('it is finished now', self.run_cli('save', self.project)[2])
         self.assertEqual(strings.read_bytes(), new)
 
-    def test_a_restore_puts_all_files_back_or_none_and_writes_through_no_link(self):
+    def test_restore_restores_all_files_or_none_and_follows_no_link(self):
         listing = self.dir / 'res/demo.res.xml'
         strings = self.dir / 'res/ref_list_demo.txt'
         before = listing.read_bytes().replace(b'</APP>', b'<FILE>.\\lost.bin</FILE></APP>')
@@ -134,7 +134,7 @@ class Files(DemoProject):
         strings.symlink_to(profile)
         status, _, err = self.run_cli('kept', self.project, '--restore', '1')
         self.assertEqual(status, 1)
-        self.assertIn(f'"{strings}" isn\'t written', err)
+        self.assertIn(f'"{strings}" is not written', err)
         self.assertIn(f'to "{os.path.realpath(profile)}"', err)
         self.assertEqual((profile.read_bytes(), listing.read_bytes()), (mine, saved))
         strings.unlink()
@@ -149,7 +149,7 @@ class Files(DemoProject):
         self.assertEqual(listed[1].count('\n'), 4)
         self.assertEqual(self.run_cli('kept', 'DEMO.vcproj'), listed)
 
-    def test_a_file_that_may_not_grow_fails_the_save_and_not_the_program(self):
+    def test_a_file_size_limit_fails_the_save_without_a_crash(self):
         before = self.content()
         status, _, err = self.run_cli(
             'save', self.project, preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (100, 100)))
@@ -158,7 +158,7 @@ class Files(DemoProject):
         self.assertIn('File too large; ', err)
         self.assertEqual(self.content(), before)
 
-    def test_two_imports_at_once_both_arrive(self):
+    def test_two_simultaneous_imports_both_succeed(self):
         sheets = []
         for name in 'A', 'B':
             sheets.append(self.dir / f'{name}.csv')
@@ -171,7 +171,7 @@ class Files(DemoProject):
             texts = (self.dir / 'res/ref_list_demo.txt').read_bytes().decode('utf-16')
             self.assertTrue('ID_A' in texts and 'ID_B' in texts, texts)
 
-    def test_a_header_that_cannot_be_written_fails_the_save_and_the_import_and_says_why(self):
+    def test_a_header_that_cannot_be_written_fails_save_and_import_with_a_reason(self):
         self.assertEqual(self.run_cli('strings', 'export', self.project, 'a.csv')[0], 0)
         (self.dir / 'ResID/ResID.h').mkdir(parents=True)
         for arguments in (('save', self.project), ('strings', 'import', self.project, 'a.csv')):
@@ -186,9 +186,9 @@ class Files(DemoProject):
         three = strings.read_bytes().decode('utf-16').replace('Language\t1', 'Language\t3').encode('utf-16')
         for file, content, reported, reason in (
                 (strings, three, 'Error 1: language "" is unrecognized.\r\n',
-                 f'"{strings}": line 1 says that there are 3 languages, and line 2 has 1\n'),
+                 f'"{strings}": line 1 says that there are 3 languages, but line 2 has 1\n'),
                 (strings, None, '', f'cannot read "{strings}": No such file or directory; '),
-                (listing, b'<APP>\n\n<FILE</APP>', 'invalid resource format (Line 4).', 'line 3: this is no well-formed XML'),
+                (listing, b'<APP>\n\n<FILE</APP>', 'invalid resource format (Line 4).', 'line 3: this is not well-formed XML'),
                 (listing, b'', 'invalid resource format (Line 1).', 'is empty'),
                 (listing, None, '', f'cannot read "{listing}": No such file or directory; ')):
             file.unlink() if content is None else file.write_bytes(content)
@@ -197,7 +197,7 @@ class Files(DemoProject):
             self.assertIn(reported, out)
             self.assertIn(reason, err)
 
-    def test_a_name_that_is_no_utf8_is_refused_and_taken_for_no_other(self):
+    def test_refuses_a_name_that_is_not_utf8(self):
         here = os.fsencode(self.dir)
         other = here + b'/M\xf6ller'
         os.mkdir(other)
@@ -214,16 +214,16 @@ class Files(DemoProject):
         self.assertEqual(self.run_cli('save', self.dir / 'M\ufffdller/demo.vcproj')[0], 1)
         self.assertEqual(sorted(os.walk(other)), before)
 
-    def test_a_path_that_is_too_long_is_refused_with_the_reason(self):
+    def test_refuses_a_path_that_is_too_long_with_the_reason(self):
         deep = self.dir / '/'.join(['deep' * 50] * 3)
         (deep / 'res').mkdir(parents=True)
         for name in ('config.xml', 'res/demo.res.xml'):
             (deep / name).write_bytes((self.dir / name).read_bytes())
         status, _, err = self.run_cli('load', deep / 'demo.vcproj')
         self.assertEqual(status, 1)
-        self.assertIn('may have 520 characters', err)
+        self.assertIn('may have at most 520 characters', err)
 
-    def test_an_export_goes_through_a_pipe_or_a_device_and_a_signal_ends_the_wait_for_a_reader(self):
+    def test_exports_to_a_pipe_or_a_device_and_a_signal_ends_the_wait_for_a_reader(self):
         pipe = self.dir / 'x.csv'
         self.run_cli('strings', 'export', self.project, 'plain.csv')
         os.mkfifo(pipe)

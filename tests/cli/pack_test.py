@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What a pack does to files, and what it says of them on the error stream."""
+"""Tests what a pack does to files, and what it reports about them on standard error."""
 
 import os
 import pathlib
@@ -19,7 +19,7 @@ printf 'a converted picture' > "$4"
 
 class Pack(DemoProject):
     def use_converter(self, script):
-        """The program's own folder, with a script in the place of the converter: its source is $3 and its target $4."""
+        """Makes a program folder with a script instead of the converter: its source is $3 and its target $4."""
         program = self.dir / 'program'
         if not program.exists():
             program.mkdir()
@@ -39,7 +39,7 @@ class Pack(DemoProject):
     def pack(self, *more):
         return self.run_cli(*self.to_pack, '--convert-images', '1', *more)
 
-    def test_three_packs_of_one_project_at_a_time_touch_no_source_and_give_the_same(self):
+    def test_three_simultaneous_packs_give_the_same_result_and_change_no_source(self):
         (self.dir / 'res/logo.png').write_bytes(FILES['logo.png'])
         listing = self.dir / 'res/demo.res.xml'
         images = ''.join(f'<IMAGE id="ID_IMAGE_{n}" type="Normal">.\\res\\logo.png</IMAGE>' for n in range(20))
@@ -75,13 +75,13 @@ class Pack(DemoProject):
             with self.assertRaises(ProcessLookupError):
                 os.kill(int((program / 'pid').read_text()), 0)
 
-    def test_how_the_converter_ended_is_told_and_an_old_target_never_passes_for_new(self):
+    def test_reports_how_the_converter_ended_and_never_uses_an_old_target(self):
         tool = self.use_converter('printf "a converted picture" > "$4"; exit 3') / 'qrk_resgenerator.exe'
         told = f'morvanite-cli: {self.dir}/logo.png: the converter {tool} '
         status, _, err = self.pack()
         self.assertEqual((status, err), (0, 2 * (told + 'ended with status 3\n')))
         for script, words in (('kill -SEGV $$', 'was ended by signal 11 (Segmentation fault)\n'),
-                              (None, "couldn't be started: No such file or directory\n")):
+                              (None, "could not be started: No such file or directory\n")):
             self.use_converter(script)
             (self.dir / 'logo.png.tmp').write_bytes(b'the picture of another day')
             status, out, err = self.pack()
@@ -92,17 +92,17 @@ class Pack(DemoProject):
         (self.dir / 'logo.png.tmp').mkdir()
         status, out, err = self.pack()
         self.assertEqual(status, 1)
-        self.assertIn(f"since the old {self.dir}/logo.png.tmp can't be removed: Is a directory\n", err)
+        self.assertIn(f"because the old {self.dir}/logo.png.tmp can't be removed: Is a directory\n", err)
         self.assertTrue(out.endswith('result=-1016\r\n\r\n\r\npack done\r\n\r\n### error -1016 ###\r\n'), out)
 
-    def test_more_ids_than_numbers_never_pass_for_success(self):
+    def test_fails_with_more_ids_than_numbers(self):
         names = ''.join(f'<FILE id="ID_{n}" type="Push">tune.mp3</FILE>' for n in range(1001))
         (self.dir / 'res/demo.res.xml').write_text(f'<APP>{names}</APP>')
         status, out, err = self.pack()
         self.assertTrue(status == 1 and out.endswith('result=0\r\n\r\n\r\npack done\r\n'), out)
-        self.assertIn('more IDs of one kind than numbers', err)
+        self.assertIn('more IDs of one kind than there are numbers', err)
 
-    def test_layouts_that_do_not_load_never_pass_for_success(self):
+    def test_fails_if_layouts_do_not_load(self):
         settings = self.dir / 'none/morvanite/Morvanite.ini'
         settings.parent.mkdir(parents=True)
         settings.write_text('[Layout]\nfolders=1\n')
@@ -117,16 +117,16 @@ class Pack(DemoProject):
         (self.dir / 'app.axf.pkd').write_bytes(b'of before')
         status, out, err = self.run_cli(*self.to_pack)
         self.assertTrue(status == 1 and out.endswith('\r\n\r\npack done\r\n\r\n### error -1044 ###\r\n'), out)
-        self.assertIn('screens.xml:2: the layout file is no well-formed XML', err)
+        self.assertIn('screens.xml:2: the layout file is not well-formed XML', err)
         self.assertEqual((self.dir / 'app.axf.pkd').read_bytes(), b'of before')
         self.assertEqual(self.run_cli('ids', self.project)[:2], (1, ''))
         status, out, err = self.run_cli('save', self.project)
         self.assertEqual(status, 1)
         self.assertTrue(out.endswith('[demo] save - 0 error(s), 1 warning(s)\r\n\r\n\r\nsave done\r\n'), out)
-        self.assertIn('the headers stay as they are', err)
+        self.assertIn('the headers are not changed', err)
         self.assertEqual((self.dir / 'ResID/ResID.h').read_bytes(), header)
 
-    def test_layouts_of_the_list_that_are_left_out_leave_the_numbers_as_they_are(self):
+    def test_omitted_layouts_of_the_list_fail_the_command_and_keep_the_numbers(self):
         settings = self.dir / 'morvanite.ini'
         settings.write_text('[Layout]\nfolders=1\n')
         listing = self.dir / 'res/demo.res.xml'
@@ -139,10 +139,10 @@ class Pack(DemoProject):
             header = (self.dir / 'ResID/ResID.h').read_bytes()
             if isOn:
                 listing.write_text(listed.replace('240', '241'))
-                change = 'the list of sizes has no 241x320'
+                change = "the list of screen sizes doesn't contain 241x320"
             else:
                 settings.write_text('')
-                change = 'the settings have no layouts .*; the (IDs|pack)'
+                change = 'the settings turn layouts off .*; the (IDs|pack)'
             commands = [self.to_pack, ('ids', self.project), ('save', self.project)]
             if isOn:
                 commands.insert(2, ('headers', self.project, '--output', 'made'))
@@ -152,10 +152,10 @@ class Pack(DemoProject):
                 what = '<' if command[0] == 'headers' else 'the layout file '
                 self.assertRegex(err, f'demo.res.xml:[0-9]+: {what}.* is left out: {change}')
             self.assertEqual((self.dir / 'ResID/ResID.h').read_bytes() == header, isOn)
-            self.assertEqual((self.dir / 'app.axf.pkd').exists(), not isOn, 'as ever without layouts')
+            self.assertEqual((self.dir / 'app.axf.pkd').exists(), not isOn, 'as without layouts')
             self.assertFalse((self.dir / 'made').exists())
 
-    def test_a_dependency_file_replaces_no_file_of_the_pack_or_the_project(self):
+    def test_a_depfile_replaces_no_file_of_the_pack_or_the_project(self):
         (self.dir / 'app.axf.pkd').write_bytes(b'of before')
         for name in ('res/demo.res.xml', 'app.axf', 'app.axf.pkd', 'arm/app.res', 'logo.png', 'link'):
             if name == 'link':
@@ -166,14 +166,14 @@ class Pack(DemoProject):
             self.assertIn(f'{self.dir}/{name} is', err)
             self.assertEqual((self.dir / name).read_bytes() if (self.dir / name).exists() else None, before)
         self.assertEqual(self.run_cli(*self.to_pack, '--depfile', 'deps')[0], 0)
-        self.assertEqual(self.run_cli(*self.to_pack, '--depfile', 'deps')[0], 0, 'the one of before is replaced')
+        self.assertEqual(self.run_cli(*self.to_pack, '--depfile', 'deps')[0], 0, 'the previous one is replaced')
         for name in ('res/demo.res.xml', 'made/ResID.h'):
             status, _, err = self.run_cli('headers', self.project, '--output', 'made', '--depfile', name)
             self.assertEqual(status, 1)
             self.assertIn(f'{self.dir}/{name} is not written', err)
             self.assertNotIn(b': \\', (self.dir / name).read_bytes())
 
-    def test_a_file_of_the_project_is_no_output(self):
+    def test_refuses_a_file_of_the_project_as_the_output(self):
         self.run_cli('save', self.project)
         for name in ('logo.png', 'res/demo.res.xml', 'ResID/ResID.h'):
             before = (self.dir / name).read_bytes()

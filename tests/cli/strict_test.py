@@ -1,9 +1,10 @@
 # SPDX-License-Identifier: MIT
-"""--strict, headers, --settings and the words of a pack: what is refused, with its reason, and that nothing was written."""
+"""Tests --strict, headers, --settings and the arguments of a pack: refusals have a reason, and nothing is written."""
 
+import pathlib
 import unittest
 
-from demo import DemoProject
+from demo import CLI, DemoProject
 
 
 class Strict(DemoProject):
@@ -32,36 +33,39 @@ class Strict(DemoProject):
                 ('strings', 'import', self.project, 'table.csv', '--strict'),
                 ('headers', self.project, '--output', 'made'))
 
-    def test_what_is_left_out_and_what_no_report_tells_stop_every_strict_command(self):
+    def test_omitted_content_stops_every_strict_command(self):
         commands = self.strict_commands()
         settings = self.dir / 'own/morvanite/Morvanite.ini'
         settings.parent.mkdir(parents=True)
         settings.write_text('[Path]\nreso_set=nowhere.ini\n')
-        self.change('config.xml', '<zxa>', '\n<!--\n<<<<<<< HEAD\n--><zxa>')
-        for arguments in commands:
-            self.assert_refused(arguments, 'config.xml:3: the line begins with "<<<<<<<"')
-            self.assert_refused((*arguments, '--settings', 'own'), 'nowhere.ini: there is no list of screen sizes')
-        for command in ('load', 'save'):  # which go on, and tell
-            status, _, err = self.run_cli(command, self.project, '--settings', 'own')
-            self.assertTrue(status == 0 and 'config.xml:3: ' in err and 'nowhere.ini' in err, err)
-        self.assertNotIn('nowhere.ini', self.run_cli('load', self.project)[2], 'the settings are for one command')
-        self.change('config.xml', '<<<<<<< HEAD', '')
-        self.change('res/demo.res.xml', '<STRING>', '<NEWS/><STRING>')
-        for arguments in commands:
-            self.assert_refused(arguments, 'res/demo.res.xml:3: <NEWS> is left out')
-        self.assertTrue(self.assert_refused(commands[0]).endswith('\r\n\r\nload done\r\n'), 'the report stays')
-        for folder in ('nobody', 'logo.png', ''):
-            self.assert_refused(('load', self.project, '--settings', folder), '--settings', 'no such folder', status=2)
+        self.change('config.xml', '<zxa>', '\n<!--\n    def test_names_a_missing_file_of_the_program(self):
+        program = self.dir / 'program'
+        program.mkdir()
+        self.env['MORVANITE_PROGRAM_DIR'] = str(program)
+        own = pathlib.Path(CLI).parent
+        (program / 'tuvik.ini').symlink_to(own / 'tuvik.ini')
+        for name, target, reason in (('Morvanite.ini', None, 'does not exist or is a link to nothing; install it again'),
+                                     ('Morvanite.ini', 'nowhere', 'does not exist or is a link to nothing; install it again'),
+                                     ('resolutions.ini', None, 'the key reso_set in section Path of Morvanite.ini names this file'),
+                                     ('resolutions.ini', 'nowhere', 'does not exist or is a link to nothing; install it again or')):
+            for link in program.glob('[Mr]*.ini'):
+                link.unlink()
+            if name == 'resolutions.ini':
+                (program / 'Morvanite.ini').symlink_to(own / 'Morvanite.ini')
+            if target:
+                (program / name).symlink_to(target)
+            self.assert_refused(('load', self.project, '--strict'), f'{program / name}: there is no list of screen sizes', reason)
+            self.assertIn(reason, self.run_cli('load', self.project)[2])
 
-    def test_what_a_save_would_lose_is_refused_and_kept(self):
+    def test_strict_load_refuses_content_that_a_save_would_drop_and_save_keeps_it(self):
         listing = self.dir / 'res/demo.res.xml'
         strings = self.dir / 'res/ref_list_demo.txt'
         whole = listing.read_bytes(), strings.read_bytes()
         rows = whole[1].decode('utf-16')
         image = '<IMAGE id="ID_IMAGE_LOGO" type="Normal">'.encode()
         for change, reason in (
-                (lambda text: text.replace(b'logo.png', b'M\xe4dchen.png'), ':3: ".\\M\ufffddchen.png" has bytes that are no text'),
-                (lambda text: text.replace(b'<FILE', b'<!-- the tune\'s\nlicence -->\n<FILE'), ':4: the comment "the tune\'s licence" is left out'),
+                (lambda text: text.replace(b'logo.png', b'M\xe4dchen.png'), ':3: ".\\M\ufffddchen.png" has bytes that are not text'),
+                (lambda text: text.replace(b'<FILE', b'<!-- the tune\'s\nlicence -->\n<FILE'), ':4: a save drops the comment "the tune\'s licence"'),
                 (lambda text: b'<!-- 1 -->' + text, ':1: the comment "1"'), (lambda text: text + b'<!-- 2 -->', 'the comment "2"'),
                 (lambda text: text.replace(b'</APP>', b'loose<![CDATA[er]]></APP>'), 'the text "loose" is left out'),
                 (lambda text: text.replace(image, b'<!-- 3 -->' + image), ':3: the comment "3"'),
@@ -76,24 +80,24 @@ class Strict(DemoProject):
             old = strings if isinstance(change, str) else listing
             before = old.read_bytes()
             if 'comment' in reason:
-                self.assertEqual(self.run_cli('load', self.project, '--strict')[0], 0, 'whole without it')
+                self.assertEqual(self.run_cli('load', self.project, '--strict')[0], 0, 'complete without the comment')
             else:
                 self.assert_refused(('load', self.project, '--strict'), old.name + reason if reason[0] == ':' else reason)
             self.assertEqual(self.run_cli('save', self.project)[0], 0)
             self.assertNotEqual(old.read_bytes(), before)
             kept = [file.read_bytes() for file in (self.dir / 'state').rglob('*') if file.is_file()]
             self.assertIn(before, kept, reason)
-        self.assertEqual(self.run_cli('load', self.project, '--strict')[::2], (0, ''), 'what a save writes is read whole')
+        self.assertEqual(self.run_cli('load', self.project, '--strict')[::2], (0, ''), 'a saved file is read completely')
 
-    def test_a_pack_says_that_the_list_lacks_its_resolution_and_a_strict_one_stops(self):
+    def test_pack_reports_a_resolution_missing_in_the_list_and_a_strict_pack_stops(self):
         unlisted = [('240x32' if word == '240x320' else word) for word in self.to_pack]
-        self.assert_refused((*unlisted, '--strict'), 'resolutions.ini: the list of screen sizes has no 240x32')
+        self.assert_refused((*unlisted, '--strict'), 'resolutions.ini: the list of screen sizes doesn\'t contain 240x32')
         status, _, err = self.run_cli(*unlisted)
         self.assertEqual(status, 0)
-        self.assertIn('has no 240x32', err)
+        self.assertIn("doesn't contain 240x32", err)
         self.assertEqual(self.run_cli(*self.to_pack, '--strict')[::2], (0, ''))
 
-    def test_wrong_words_are_refused_before_the_project_is_opened_or_asked_for(self):
+    def test_refuses_wrong_arguments_before_it_opens_or_requires_the_project(self):
         for old, new, reason in (('axf', 'elf', '--target is "elf", but it must be axf (an ELF file) or dll'),
                                  ('240x320', '240', '--resolution is "240", but it must be'),
                                  ('240x320', '240x32x', '--resolution is "240x32x", but it must be'),
@@ -105,7 +109,7 @@ class Strict(DemoProject):
                 self.assertEqual(self.assert_refused((*words, *also), reason, status=2), '')
         self.assert_refused(('load', self.project, '--strict', '--remote'), 'excludes', status=2)
 
-    def test_headers_go_into_a_folder_with_the_text_of_a_save_and_a_pack_takes_them_from_there(self):
+    def test_headers_writes_the_headers_of_a_save_to_a_folder_that_pack_can_use(self):
         (self.dir / 'morvanite.ini').write_text('[Layout]\nfolders=1\ncatalogue=catalogue.xml\nexport_xml=catalogue.xml\n'
                                                 'export_layout=layout_tables.xml\n')
         (self.dir / 'res/l.xml').write_text('<TarvoXML><Layout id="ID_START"><Screen text="@ID_STRING_HI"/></Layout></TarvoXML>')
@@ -120,8 +124,8 @@ class Strict(DemoProject):
         for name in ('config.xml', 'demo.res.xml', 'ref_list_demo.txt', 'Morvanite.ini', 'tuvik.ini', 'resolutions.ini',
                      self.dir.name + '/morvanite.ini', 'catalogue.xml', 'layout_tables.xml', 'res/l.xml'):
             self.assertIn('/' + name, depfile)
-        self.assertNotIn(str(self.dir / 'none'), depfile, 'the settings of a user who has none')
-        self.assertEqual(times[0], times[1], 'equal headers stay as they are')
+        self.assertNotIn(str(self.dir / 'none'), depfile, 'settings that the user does not have')
+        self.assertEqual(times[0], times[1], 'equal headers stay unchanged')
         changed = (self.dir / 'res').stat().st_mtime_ns
         status, out, err = self.run_cli(*self.to_pack, '--strict', '--headers', made, '--temp', 'temp')
         self.assertEqual((status, err), (0, ''), out)

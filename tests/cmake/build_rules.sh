@@ -1,14 +1,14 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# What a build with morvanite_pack does again, and what not, when one file of the project changes.
-# Use: build_rules.sh MORVANITE_CLI REPOSITORY GENERATOR
+# Tests which steps a build with morvanite_pack repeats when one file of the project changes.
+# Usage: build_rules.sh MORVANITE_CLI REPOSITORY GENERATOR
 set -euo pipefail
 cli=$1 repository=$2 generator=$3
 unset MAKEFLAGS MFLAGS CMAKE_GENERATOR
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-app="$work/weather clock" # paths with a blank are the ones that go wrong
+app="$work/weather clock" # paths with a blank reveal missing quotes
 build="$app/out"
 mkdir "$app"
 cp -r "$repository"/sample/{res,config.xml,weatherclock.vcproj,weatherclock_res.lst,preview.lst} "$app"
@@ -49,7 +49,7 @@ fail() {
 
 configure() { cmake -S "$app" -B "$build" "$@" >"$work/log" 2>&1 || fail "configuring with $*"; }
 
-# builds WHAT STEPS: a build after WHAT has exactly these steps, by name and number.
+# builds WHAT STEPS: checks that a build after WHAT has exactly these steps, by name and number.
 builds() {
     local steps
     cmake --build "$build" -j 4 >"$work/log" 2>&1 || fail "the build after $1 failed"
@@ -63,13 +63,13 @@ configure -G "$generator" -DCMAKE_C_COMPILER=arm-linux-gnueabihf-gcc -DCMAKE_SYS
 cp -r "$app" "$work/before"
 rm -r "$work/before/out"
 all='Building 4, Linking 2, Numbering 1, Packing 2'
-builds 'nothing was there' "$all"
+builds 'the configuration' "$all"
 builds 'nothing changed' ''
 [ -s "$build/upright.packed.axf" ] && [ -s "$build/arm/upright.res" ] || fail 'a packed file is missing'
 arm-linux-gnueabihf-readelf -S "$build/packed.bin" | grep -q '\.zp_res' || fail 'the packed file has no section .zp_res'
 diff -r -x out "$work/before" "$app" || fail 'the build changed the project'
 
-# A picture of one resolution: only that pack is done again, and its bytes are the new ones.
+# A picture of one resolution: only that pack is repeated, and its bytes are the new ones.
 cp "$build/upright.packed.axf" "$work/old"
 cp "$app/res/240x320/rain.png" "$app/res/240x320/sun.png"
 builds 'a picture changed' 'Packing 1'
@@ -78,7 +78,7 @@ builds 'a picture was packed' ''
 touch "$app/res/common/logo.gif"
 builds 'a picture of all resolutions was touched' 'Packing 2'
 
-# A text, no ID: the headers are worked out again and stay as they are, so nothing is compiled.
+# A text but no ID: the headers are generated again and stay unchanged, so nothing is compiled.
 iconv -f utf-16 -t utf-8 "$work/before/res/ref_list_weatherclock.txt" | sed 's/\tToday\t/\tThis day\t/' | iconv -t utf-16 >"$app/res/ref_list_weatherclock.txt"
 builds 'a text changed' 'Numbering 1, Packing 2'
 builds 'a text was packed' ''
@@ -91,7 +91,7 @@ builds 'a layout changed' 'Numbering 1, Packing 2'
 builds 'a layout was packed' ''
 ! cmp -s "$build/upright.packed.axf" "$work/old" || fail 'the changed layout was not packed'
 
-# An ID's name: everything that includes the header is compiled again.
+# The name of an ID: everything that includes the header is compiled again.
 sed -i 's/ID_IMAGE_FOG/ID_IMAGE_MIST/' "$app/res/weatherclock.res.xml"
 builds 'an ID changed' 'Building 2, Linking 2, Numbering 1, Packing 2'
 header=$(find "$build/CMakeFiles/morvanite" -name ResID.h)
@@ -99,44 +99,44 @@ grep -q ID_IMAGE_MIST "$header" || fail 'the header does not have the new ID'
 rm "$header" "$(dirname "$header")/LayoutID.h"
 cmake --build "$build" >"$work/log" 2>&1 || fail 'the build after the headers were removed failed'
 [ -s "$header" ] && [ -s "$(dirname "$header")/LayoutID.h" ] || fail 'a removed header was not written again'
-builds 'the headers came back' ''
+builds 'the headers were written again' ''
 
-# Settings of the project, which may come and go.
+# Settings of the project, which may appear and disappear.
 printf '[Layout]\nfolders=1\n' >"$app/morvanite.ini"
-builds 'settings of the project came' 'Numbering 1, Packing 2'
+builds 'settings of the project appeared' 'Numbering 1, Packing 2'
 builds 'settings of the project were read' ''
 touch "$app/settings/morvanite/Morvanite.ini"
 builds 'settings were touched' 'Numbering 1, Packing 2'
 rm "$app/morvanite.ini"
-builds 'settings of the project went' 'Numbering 1, Packing 2'
-builds 'settings of the project were forgotten' ''
+builds 'settings of the project disappeared' 'Numbering 1, Packing 2'
+builds 'the settings had disappeared' ''
 
-# Lists that weren't there, or go.
+# Lists that appear or disappear.
 rm "$app/preview.lst"
 builds 'the previews were dropped' 'Packing 2'
 ! has_entry "$build/packed.bin" zep.preview_0 || fail 'the dropped previews are still packed'
 printf '.\\res\\preview\\day.png\r\n' >"$app/preview.lst"
-builds 'previews came' 'Packing 2'
+builds 'previews appeared' 'Packing 2'
 has_entry "$build/packed.bin" zep.preview_0 || fail 'the new preview is not packed'
 
-# A pack that fails says why, and isn't taken for done.
+# A pack that fails reports why, and runs again in the next build.
 mv "$app/res/common/alarm.png" "$work"
 for time in first second; do
     ! cmake --build "$build" -j 4 >"$work/log" 2>&1 || fail "the $time build without a picture didn't fail"
     grep -q 'Image file does not exist: .*alarm.png' "$work/log" || fail 'the message of the pack is not shown'
 done
 mv "$work/alarm.png" "$app/res/common"
-cmake --build "$build" >"$work/log" 2>&1 || fail 'the build after the picture came back failed'
-builds 'all is well again' ''
-[ -z "$(find "$app" -name '*.tmp')" ] || fail 'temporary files stay behind'
+cmake --build "$build" >"$work/log" 2>&1 || fail 'the build after the picture was restored failed'
+builds 'the picture was restored' ''
+[ -z "$(find "$app" -name '*.tmp')" ] || fail 'temporary files were left'
 
-# The same resources behind an application of the other kind.
+# The same resources appended to an application of the other kind.
 configure -DWITH_DLL=ON
-builds 'a third target came' 'Building 2, Linking 1, Packing 1'
+builds 'a third target was added' 'Building 2, Linking 1, Packing 1'
 has_entry "$build/appended.packed.dll" AppLogo.img || fail 'the file of kind dll has no icon'
 
 configure -DWITH_DLL=OFF
 cmake --build "$build" --target clean >"$work/log" 2>&1 || fail 'cleaning failed'
 [ ! -e "$build/upright.packed.axf" ] && [ ! -e "$build/arm/upright.res" ] || fail 'cleaning leaves packed files'
 builds 'cleaning' "$all"
-echo 'The build rules hold.'
+echo 'The build rules work.'

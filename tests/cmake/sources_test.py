@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-"""A build with morvanite_pack writes nothing beside the sources, whatever is wrong with them.
+"""Tests that a build with morvanite_pack writes no file beside the sources, whatever errors they have.
 
-Use: sources_test.py MORVANITE_CLI REPOSITORY GENERATOR
+Usage: sources_test.py MORVANITE_CLI REPOSITORY GENERATOR
 """
 
 import os
@@ -52,7 +52,7 @@ class Sources(unittest.TestCase):
         (self.app / name).write_bytes(text.encode(encoding))
 
     def run_cmake(self, *arguments):
-        """The exit status and the output, of which a message may be wrapped."""
+        """Returns the exit status and the output, in which CMake may wrap a message."""
         env = {key: value for key, value in os.environ.items() if key not in ('MAKEFLAGS', 'MFLAGS', 'CMAKE_GENERATOR')}
         done = subprocess.run(('cmake', *map(str, arguments)), stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
                               timeout=120, env=env, **self.user)
@@ -62,13 +62,13 @@ class Sources(unittest.TestCase):
         return self.run_cmake('-G', GENERATOR, '-S', self.app, '-B', self.work / folder, '-D', f'MORVANITE_CLI={CLI}')
 
     def steps(self, folder):
-        """What a build that has to succeed did."""
+        """Returns the steps of a build that must succeed."""
         status, output = self.run_cmake('--build', self.work / folder)
         self.assertEqual(status, 0, output)
         return sorted(re.findall('Numbering the|Building C|Linking C|Packing the', output))
 
     def state(self):
-        """All files beside the sources and beside the program, with their contents or times."""
+        """Returns all files beside the sources and beside the program, with their contents or times."""
         files = {str(path): path.read_bytes() for path in self.app.rglob('*') if path.is_file()}
         program = {str(path): path.stat().st_mtime_ns for path in pathlib.Path(CLI).parent.rglob('*')}
         return files | program, sorted(map(str, self.app.rglob('*')))
@@ -84,7 +84,7 @@ class Sources(unittest.TestCase):
         self.assertEqual(self.state(), before)
         self.assertFalse(list(self.work.glob('out/**/ResID.h')) + list(self.work.glob('out/*.packed.dll')))
 
-    def test_a_sound_project_is_built_in_two_folders_that_leave_each_other_alone(self):
+    def test_builds_a_valid_project_in_two_independent_folders(self):
         before = self.state()
         for folder in ('one', 'two'):
             self.assertEqual(self.configure(folder)[0], 0)
@@ -97,26 +97,26 @@ class Sources(unittest.TestCase):
         self.put('res/demo.res.xml', LIST)
         self.assertEqual(self.state(), before)
 
-    def test_a_project_that_is_not_whole_fails_the_build(self):
+    def test_an_incomplete_project_fails_the_build(self):
         row = 'ID_STRING_HI\tNormal\tgreeting\tHi\r\n'
         conflict = f'<<<<<<< HEAD\r\n{row}=======\r\n{row.replace("Hi", "Hello")}>>>>>>> other\r\n'
         for name, text, *reasons in (
                 ('res/ref_list_demo.txt', STRINGS.replace('ID_STRING_HI', 'ID_IMAGE_LOGO'),
-                 'res/ref_list_demo.txt:3: the row of ID_IMAGE_LOGO is left out', 'Error 1: ID conflicts - ID_IMAGE_LOGO.'),
+                 'res/ref_list_demo.txt:3: the row of ID_IMAGE_LOGO with all its texts is left out', 'Error 1: ID conflicts - ID_IMAGE_LOGO.'),
                 ('res/ref_list_demo.txt', STRINGS.replace(row, conflict),
                  'res/ref_list_demo.txt:3: the line begins with "<<<<<<<"', 'ref_list_demo.txt:7: '),
                 ('settings/morvanite/Morvanite.ini', '[Path]\nreso_set=nowhere.ini\n',
                  'nowhere.ini: there is no list of screen sizes', 'res/demo.res.xml:3: <RESOLUTION> is left out'),
                 ('CMakeLists.txt', BUILD.format(repository=REPOSITORY, size='240x32'),
-                 'RESOLUTION is 240x32, and', 'the list of screen sizes has only 96x64, ')):
+                 'RESOLUTION is 240x32, but', 'the list of screen sizes has only 96x64, ')):
             good = (self.app / name).read_bytes()
             self.put(name, text, 'utf-16' if name.endswith('list_demo.txt') else 'utf-8')
             self.assert_fails_untouched(*reasons)
             (self.app / name).write_bytes(good)
 
-    def test_a_tree_that_nobody_may_write_is_built(self):
+    def test_builds_from_a_read_only_tree(self):
         (self.work / 'out').mkdir()
-        if os.geteuid() == 0:  # who may write everywhere
+        if os.geteuid() == 0:  # root may write everywhere
             os.chown(self.work / 'out', NOBODY, NOBODY)
             self.user = {'user': NOBODY, 'group': NOBODY, 'extra_groups': []}
         for path in (*self.app.rglob('*'), self.app):
@@ -130,7 +130,7 @@ class Sources(unittest.TestCase):
         self.assertIn('Packing the', self.steps('out'))
         self.assertEqual(self.steps('out'), [])
 
-    def test_a_package_of_the_programs_version_is_found(self):
+    def test_finds_the_package_of_the_programs_version(self):
         version = subprocess.run((CLI, '--version'), capture_output=True, text=True).stdout.split()[-1]
         major, minor, _ = map(int, version.split('.'))
         self.put('main.c', 'int main(void) { return 0; }\n')

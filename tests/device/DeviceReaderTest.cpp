@@ -39,7 +39,7 @@ Bytes WithU32(Bytes bytes, std::size_t at, std::size_t number)
 
 } // namespace
 
-TEST(DeviceReader, EverythingIsFoundInItsOrderWhateverTheBaseAndThePadding)
+TEST(DeviceReader, FindsEverythingInOrderWithAnyBaseAndPadding)
 {
     for (const std::uint32_t base : {0U, 4096U, 12347U, 0xFFFF0000U}) {
         SCOPED_TRACE(base);
@@ -52,7 +52,7 @@ TEST(DeviceReader, EverythingIsFoundInItsOrderWhateverTheBaseAndThePadding)
     }
 }
 
-TEST(DeviceReader, WhatIsNotThereIsNotFound)
+TEST(DeviceReader, DoesNotFindMissingResources)
 {
     const ExactBytes memory(SmallProject().Build());
     morvanite_payload payload;
@@ -69,18 +69,18 @@ TEST(DeviceReader, WhatIsNotThereIsNotFound)
         EXPECT_EQ(morvanite_find_text(&payload, language, 7, &string), MORVANITE_NOT_FOUND) << language;
     EXPECT_EQ(morvanite_find_text(&payload, 0, PayloadBuilder::EndKey, &string), MORVANITE_NOT_FOUND);
     std::uint32_t cursor = 0xFFFFFFF0;
-    EXPECT_EQ(morvanite_next_entry(&payload, &cursor, &entry), MORVANITE_DAMAGED) << "no cursor of ours";
+    EXPECT_EQ(morvanite_next_entry(&payload, &cursor, &entry), MORVANITE_DAMAGED) << "not a cursor of the reader";
     std::uint32_t order[5];
     EXPECT_EQ(morvanite_make_index(&payload.items, order, 4), MORVANITE_NO_ROOM);
     EXPECT_EQ(morvanite_make_index(&payload.items, order, 5), MORVANITE_OK);
 }
 
-TEST(DeviceReader, AnIndexFindsWhatAWalkFindsFirst)
+TEST(DeviceReader, AnIndexFindsTheSameAsTheFirstMatchOfASearch)
 {
     std::mt19937 generator(7);
     const auto random = [&generator](std::size_t range) { return static_cast<std::uint32_t>(generator() % range); };
     for (int round = 0; round < 300; ++round) {
-        const std::uint32_t range = 1 + random(100); // a small one gives duplicates
+        const std::uint32_t range = 1 + random(100); // a small range gives duplicates
         PayloadBuilder builder;
         PayloadBuilder::Strings strings;
         for (std::uint32_t i = random(70); i > 0; --i) {
@@ -91,7 +91,7 @@ TEST(DeviceReader, AnIndexFindsWhatAWalkFindsFirst)
     }
 }
 
-TEST(DeviceReader, Utf16BecomesUtf8)
+TEST(DeviceReader, ConvertsUtf16ToUtf8)
 {
     const PayloadBuilder::Strings strings{{1, u"a\u007F\u0080\u07FF\u0800\uFFFF"},
                                           {2, u"\U00010000\U0001F600\U0010FFFF"},
@@ -106,7 +106,7 @@ TEST(DeviceReader, Utf16BecomesUtf8)
                          "3 \uFFFDx\n4 \uFFFD\uE000\n5 \uFFFD\uFFFD\n6 \uFFFD\uFFFD\n7 \uFFFD\U0001F600\n"));
 }
 
-TEST(DeviceReader, Utf8IsCutBehindAWholeCharacterAndNeverWritesBehindTheRoom)
+TEST(DeviceReader, CutsUtf8AfterAWholeCharacterAndNeverWritesBeyondTheBuffer)
 {
     const std::string whole = "a\u00FC\u4F60\U0001F600z";
     const ExactBytes memory(PayloadBuilder().Language(0, {{1, u"a\u00FC\u4F60\U0001F600z"}}).Build());
@@ -128,7 +128,7 @@ TEST(DeviceReader, Utf8IsCutBehindAWholeCharacterAndNeverWritesBehindTheRoom)
         EXPECT_EQ(morvanite_string_unit(&string, i), 0) << i;
 }
 
-TEST(DeviceReader, EveryCutIsNoticedAndEveryDamagedByteSurvived)
+TEST(DeviceReader, DetectsEveryTruncationAndSurvivesEveryDamagedByte)
 {
     const Bytes whole = SmallProject().Build();
     const std::size_t table = whole.find("\0\0\xFF\xFF"s);
@@ -141,7 +141,7 @@ TEST(DeviceReader, EveryCutIsNoticedAndEveryDamagedByteSurvived)
     }
 }
 
-TEST(DeviceReader, DamageIsToldAndCostsNothingButItsPart)
+TEST(DeviceReader, ReportsDamageAndReadsTheOtherParts)
 {
     // 0 "one", 40, 4; 12 "zep-2.0", 44, 32; 28 "", 44, 0; 40 "1234"; 44 the pairs of three items and their end;
     // 76 count 2; (5, 20); (end, 28); 96 "ab", a zero unit, two zero bytes; 104 "item"; 108 "last"
@@ -178,13 +178,13 @@ TEST(DeviceReader, DamageIsToldAndCostsNothingButItsPart)
     EXPECT_EQ(ReadEverything({}), "no payload");
     EXPECT_THAT(ReadEverything(PayloadBuilder().Item(0xFFFF0000, "").Item(0xFFFF0001, "\1").Build()),
                 EndsWith("\n4294901760 damaged language\n4294901761 damaged language\n"));
-    // The last 20 of 120 bytes would lie behind what 32 bits can count.
+    // The last 20 of 120 bytes would be beyond the range of 32 bits.
     EXPECT_THAT(
         ReadEverything(PayloadBuilder().Item(1, Bytes(64, 'x')).Item(2, "").Base(0xFFFFFF9C).Build(), 0xFFFFFF9C),
         EndsWith("\n1 damaged\n2 damaged\n"));
 }
 
-TEST(DeviceReader, AnAppendedPayloadIsFoundByTheEndOfTheFile)
+TEST(DeviceReader, FindsAnAppendedPayloadFromTheEndOfTheFile)
 {
     const auto find = [](const Bytes &file, std::uint32_t wantedBase) -> std::string {
         const ExactBytes memory(file);
@@ -200,7 +200,7 @@ TEST(DeviceReader, AnAppendedPayloadIsFoundByTheEndOfTheFile)
     for (const std::uint32_t size : {0U, 1U, 64U, 1001U}) {
         const Bytes file = PayloadBuilder::AppendedTo(Bytes(size, 'Z'), payload);
         EXPECT_EQ(find(file, size + 8), payload);
-        // A cut payload may end in a small number, where a small file has its magic.
+        // A truncated payload may end in a small number, at which a small file could have its magic.
         for (std::size_t cut = 0; cut < file.size() && size >= 64; ++cut)
             EXPECT_EQ(find(file.substr(0, cut), 0), "none") << cut;
         for (const std::size_t end : {0x7FFFFFFFUL, 0xFFFFFFF4UL, 0xFFFFFFFFUL, file.size()})

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-/// Writes small 32-bit little-endian ELF files. Each part can be bent, since nothing in such a file is to be trusted.
+/// Writes small 32-bit little-endian ELF files. A test can make each part invalid, since a reader must not trust any.
 /// In the file: header, program headers, the sections' bytes, the name table (always the last section), section table.
 class ElfBuilder
 {
@@ -14,13 +14,13 @@ public:
 
     static constexpr std::uint32_t NoBits = 8;
 
-    /// With program headers that cover the whole file, and a distance from one section header to the next.
+    /// Adds program headers that cover the whole file. `step` is the distance from one section header to the next.
     explicit ElfBuilder(std::size_t segments = 0, std::size_t step = HeaderSize)
         : m_segments(segments), m_step(step), m_file(52 + 32 * segments, '\0')
     {
     }
 
-    /// `missing`: bytes that the section says it has beyond its data.
+    /// `missing` is the number of bytes that the section claims beyond its data.
     ElfBuilder &Section(const std::string &name, const Bytes &data, std::uint32_t type = 1, std::size_t missing = 0)
     {
         const std::size_t size = data.size() + missing;

@@ -9,7 +9,7 @@
 namespace
 {
 
-/// The section's bytes as the file has them at the offset that was found, or what went wrong.
+/// Returns the section's bytes at the offset that was found, or the error.
 std::string Find(const std::string &file)
 {
     const ExactBytes memory(file);
@@ -25,7 +25,7 @@ std::string Find(const std::string &file)
 
 } // namespace
 
-TEST(ElfSection, TheLastOfSeveralIsTaken)
+TEST(ElfSection, UsesTheLastOfSeveral)
 {
     const ElfBuilder file = ElfBuilder(1, 64).Section(".text", "123").Section(".zp_res", "old").Section(".zp_re", "4");
     EXPECT_EQ(Find(file.Build() + std::string(24, 'x')), "old");
@@ -35,7 +35,7 @@ TEST(ElfSection, TheLastOfSeveralIsTaken)
     EXPECT_EQ(Find(ElfBuilder().Section(".zp_res", "1", ElfBuilder::NoBits).Build()), "damaged");
 }
 
-TEST(ElfSection, DamageIsToldAndSurvived)
+TEST(ElfSection, ReportsAndSurvivesDamage)
 {
     const std::string whole = ElfBuilder().Section(".zp_res", "payload").Build();
     const std::size_t headers = whole.size() - 3 * 40; // of sections 0, .zp_res and the names

@@ -36,7 +36,7 @@ constexpr char HEADER[] =
     "#define  ID_STRING_HI    300\r\n#define\tID_IMAGE_A 8\n#define ID_IMAGE_B 0x9\n"
     "#define ID_IMAGE_C 9 /* nine */\r\n#define ID_IMAGE_PUSH 103000";
 
-/// Components of an XML text, turned into the device's form.
+/// The components of an XML text, converted to the device's format.
 struct Converted
 {
     explicit Converted(const QByteArray &xml, const QByteArray &catalogue = CATALOGUE)
@@ -111,44 +111,44 @@ TEST(LayoutReader, ReadsEveryTypeThatTheConverterWrites)
     0 = size x
     2:  )"
                              "\n      17 = @ 0\n2:  \n  13 = 80ff8040\n");
-    EXPECT_THAT(Converted(WHOLE, "").Text(), StartsWith("0: Label a\n  0 = pos (1, -2)\n")) << "nothing is typed";
+    EXPECT_THAT(Converted(WHOLE, "").Text(), StartsWith("0: Label a\n  0 = pos (1, -2)\n")) << "nothing has a type";
 }
 
-TEST(LayoutReader, ConverterRefusesWhatADeviceWouldTakeForSomethingElse)
+TEST(LayoutReader, ConverterRefusesValuesThatADeviceWouldMisread)
 {
     for (const auto &[xml, error] : std::initializer_list<std::pair<const char *, const char *>>{
-             {"<Label order='1.5'/>", "\"1.5\" is no value for \"order\", which is a ZulS32"},
-             {"<Label align='Left'/>", "\"Left\" is no value for \"align\", which is a Align"},
-             {"<Label color='RGB(300,0,-5)'/>", "\"RGB(300,0,-5)\" is no value for \"color\""},
-             {"<Label wait='soon'/>", "\"soon\" is no value for \"wait\", which is a ZulMsec"},
-             {"<Label images='(@ID_IMAGE_A,0,0,0) '/>", "is no value for \"images\""},
-             {"<Label color='red'/>", "\"red\" is no value for \"color\", which is a ZulColor"},
+             {"<Label order='1.5'/>", "\"1.5\" is not a valid value for \"order\", which has the type ZulS32"},
+             {"<Label align='Left'/>", "\"Left\" is not a valid value for \"align\", which has the type Align"},
+             {"<Label color='RGB(300,0,-5)'/>", "\"RGB(300,0,-5)\" is not a valid value for \"color\""},
+             {"<Label wait='soon'/>", "\"soon\" is not a valid value for \"wait\", which has the type ZulMsec"},
+             {"<Label images='(@ID_IMAGE_A,0,0,0) '/>", "is not a valid value for \"images\""},
+             {"<Label color='red'/>", "\"red\" is not a valid value for \"color\", which has the type ZulColor"},
              {"<Label text='@ID_NONE'/>", "\"ID_NONE\" has no number in the header"},
              {"<Label icon='@ID_IMAGE_B'/>", "\"ID_IMAGE_B\" has no number in the header"},
-             {"<Label icon='logo.png'/>", "\"logo.png\" refers to no resource"},
-             {"<Label images='(0,0,0)'/>", "\"(0,0,0)\" is no value for \"images\""},
-             {"<Label images='(0,0,x,0)'/>", "\"x\" refers to no resource"},
-             {"<Label padding='1'/>", "\"padding\" is no text, but an element of its own"},
+             {"<Label icon='logo.png'/>", "\"logo.png\" is not a reference to a resource"},
+             {"<Label images='(0,0,0)'/>", "\"(0,0,0)\" is not a valid value for \"images\""},
+             {"<Label images='(0,0,x,0)'/>", "\"x\" is not a reference to a resource"},
+             {"<Label padding='1'/>", "\"padding\" must be an element, not text"},
              {"<Label><Label prop='padding'/></Label>", "\"Label\" can't be the value of \"padding\""},
              {"<Label><Insets prop='order'/></Label>", "\"Insets\" can't be the value of \"order\""},
              {"<Label><Insets prop='padding'/><Insets prop='padding'/></Label>", "can't be the value of \"padding\""},
-             {"<Label><Insets prop='padding'><Label/></Insets></Label>", "a structure holds no components"},
-             {"<Label><Align/></Label>", "\"Align\" can't stand here: it is no class of components"},
-             {"<Insets/>", "\"Insets\" is no class of components"},
-             {"<Other><ZulBool/></Other>", "\"ZulBool\" is no class of components"}})
+             {"<Label><Insets prop='padding'><Label/></Insets></Label>", "a structure can't contain components"},
+             {"<Label><Align/></Label>", "\"Align\" is not allowed here: it is not a component class"},
+             {"<Insets/>", "\"Insets\" is not a component class"},
+             {"<Other><ZulBool/></Other>", "\"ZulBool\" is not a component class"}})
         EXPECT_THAT(Converted(xml).errors, HasSubstr(error)) << xml;
 }
 
-TEST(LayoutReader, LongPartsAndDeepOnesKeepTheirBytes)
+TEST(LayoutReader, KeepsTheBytesOfLongAndDeeplyNestedParts)
 {
     const QByteArray text(2000, 'x');
     EXPECT_THAT(Converted("<Label text='" + text + "'/>").Text(), HasSubstr("5 = " + text.toStdString() + '\n'));
     for (const int length : {1011, 1012, 1015, 1016, 1019, 1020, 1021}) {
-        const QByteArray around(length, 'y'); // where a part becomes a long one
+        const QByteArray around(length, 'y'); // the lengths around the limit of a short part
         EXPECT_THAT(Converted("<Label text='" + around + "' order='3'/>").Text(),
                     HasSubstr(around.toStdString() + "\n  9 = 3\n"));
     }
-    constexpr int DEEPEST = 254; // of an XML file's 256
+    constexpr int DEEPEST = 254; // an XML file may have 256 levels
     const Converted deep(QByteArray("<Label>").repeated(DEEPEST) + QByteArray("</Label>").repeated(DEEPEST));
     EXPECT_EQ(deep.bytes.substr(6, 2), "\xFE\0"s) << "levels";
     EXPECT_THAT(deep.Text(), Not(HasSubstr("damaged")));
@@ -158,7 +158,7 @@ TEST(LayoutReader, LongPartsAndDeepOnesKeepTheirBytes)
     EXPECT_THAT(ReadLayout(deeper + std::string(64, '\0'), 20), HasSubstr("damaged")) << "and ends";
 }
 
-TEST(LayoutReader, EveryCutAndEveryDamagedByteIsNoticedOrHarmless)
+TEST(LayoutReader, DetectsOrSurvivesEveryTruncationAndDamagedByte)
 {
     const std::string whole = Converted(WHOLE).bytes;
     const std::string text = ReadLayout(whole, 20);
@@ -169,24 +169,24 @@ TEST(LayoutReader, EveryCutAndEveryDamagedByteIsNoticedOrHarmless)
             ASSERT_NO_THROW(ReadLayout(WithByte(whole, at, value), 20)) << at;
     EXPECT_EQ(ReadLayout(whole + std::string(3, '\0'), 20), text) << "the fill of a payload";
     EXPECT_EQ(ReadLayout(whole, 21), "damaged") << "of another ResID.h";
-    EXPECT_EQ(ReadLayout(WithByte(whole, 4, 2), 20), "no layout") << "of a version to come";
+    EXPECT_EQ(ReadLayout(WithByte(whole, 4, 2), 20), "no layout") << "of a later version";
 }
 
-TEST(LayoutReader, SkipsWhatALaterConverterOfThisVersionAddsAndTellsWhatFallsShort)
+TEST(LayoutReader, SkipsUnknownAdditionsAndReportsShortValues)
 {
     const std::string whole = Converted("<Label order='7'/><Label/>").bytes;
     std::string later = whole.substr(0, 20) + "MORE"s + whole.substr(20);
     later[5] = 24;
     later[8] = static_cast<char>(later[8] + 4);
     EXPECT_EQ(ReadLayout(later, 20), ReadLayout(whole, 20)) << "a longer head";
-    // A type of part that there isn't yet, a value with one word more, one with a word too few, half of a pair of
+    // An unknown type of part, a value with one word more, one with a word less, and half of a pair of
     // texts.
     const std::string parts = "\2\0\1\x08\x63\0\x63\1zzzz\x09\0\x11\2\7\0\0\0more\x0A\0\x11\0\0\0\5\1abc\0\1\0\1\0"s;
     const std::string made = "MLAY\1\x14\1\0"s + PayloadBuilder::U32({20 + parts.size(), 20, 0}) + parts;
     EXPECT_EQ(ReadLayout(made, 20), "2:  \n  99 = is unknown\n  9 = 7\n  10 = damaged\n  0 = damaged\n1:  \n");
 }
 
-TEST(LayoutReader, TellsThatAPropertyIsMissingOrOfAnotherType)
+TEST(LayoutReader, ReportsMissingPropertiesAndOtherTypes)
 {
     const Converted layout("<Label order='7' text='plain'/>");
     const ExactBytes memory(layout.bytes);
@@ -201,16 +201,16 @@ TEST(LayoutReader, TellsThatAPropertyIsMissingOrOfAnotherType)
     morvanite_part none;
     EXPECT_EQ(morvanite_next_component(&open.top, &cursor, &none), MORVANITE_NOT_FOUND);
     cursor = 1U << 31;
-    EXPECT_EQ(morvanite_next_part(&open.top, &cursor, &none), MORVANITE_DAMAGED) << "no cursor of ours";
+    EXPECT_EQ(morvanite_next_part(&open.top, &cursor, &none), MORVANITE_DAMAGED) << "not a cursor of the reader";
     std::uint32_t u32 = 77;
     EXPECT_EQ(morvanite_get_u32(&label, 9, &u32), MORVANITE_OTHER_TYPE);
     EXPECT_EQ(morvanite_get_reference(&label, 5, &u32), MORVANITE_OTHER_TYPE);
     EXPECT_EQ(morvanite_get_u32(&label, 10, &u32), MORVANITE_NOT_FOUND);
-    EXPECT_EQ(morvanite_find_property(&label, 0, &none), MORVANITE_NOT_FOUND) << "no number at all";
+    EXPECT_EQ(morvanite_find_property(&label, 0, &none), MORVANITE_NOT_FOUND) << "not a number";
     EXPECT_EQ(u32, 77U);
 }
 
-TEST(LayoutReader, NumbersFollowTheOrderOfTheCatalogueAndAStampTellsCataloguesApart)
+TEST(LayoutReader, NumbersFollowTheCatalogueAndAStampIdentifiesIt)
 {
     const Converted layout("");
     const LayoutTables tables(layout.types);
@@ -226,7 +226,7 @@ TEST(LayoutReader, NumbersFollowTheOrderOfTheCatalogueAndAStampTellsCataloguesAp
 }
 
 /// The example of a page of the manual: the bytes of its dump, whose lines are an offset, a colon and pairs of hex
-/// digits, and the blocks of XML that are marked with these words.
+/// digits, and the blocks of XML that have these words as their mark.
 struct Example
 {
     explicit Example(const std::string &page)
@@ -251,7 +251,7 @@ struct Example
     QByteArray catalogue, layout;
 };
 
-TEST(FormatDocs, TheirExamplesAreTheBytesTheyDescribe)
+TEST(FormatDocs, ExamplesMatchTheBytesThatTheyDescribe)
 {
     const Example example("layout-format.md");
     const Converted converted(example.layout, example.catalogue);

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-/// Writes payloads for tests of the readers, by the drawing of docs/payload-format.md and with no code of the packer.
+/// Writes payloads for tests of the readers, by the description in docs/payload-format.md and without packer code.
 ///
 ///     PayloadBuilder().Entry("AppLogo.img", icon).Language(0, {{2, u"Hi"}}).Item(1, bytes).Base(0).Build()
 class PayloadBuilder
@@ -24,7 +24,7 @@ public:
         return *this;
     }
 
-    /// An item as it is, filled up with zero bytes to a multiple of 4.
+    /// Adds an item without changes, padded with zero bytes to a multiple of 4.
     PayloadBuilder &Item(std::uint32_t key, const Bytes &data)
     {
         m_items.emplace_back(key, Padded(data));
@@ -51,7 +51,7 @@ public:
         return *this;
     }
 
-    /// As behind the magic of a DLL-side file: entries follow one another without gaps.
+    /// Removes the gaps between entries, as after the magic of a DLL-side file.
     PayloadBuilder &Unpadded()
     {
         m_padded = false;
@@ -81,7 +81,7 @@ public:
         return Padded(directory) + body + U32({EndKey, tableAt + tableSize + items.size()}) + items;
     }
 
-    /// Numbers of 4 bytes each.
+    /// Returns numbers of 4 bytes each.
     static Bytes U32(std::initializer_list<std::size_t> numbers)
     {
         Bytes bytes;
@@ -91,7 +91,7 @@ public:
         return bytes;
     }
 
-    /// A file of another kind with the payload behind its magic; the payload's base must be the file's size plus 8.
+    /// Returns another file with the payload and its magic appended; the payload's base must be the file's size plus 8.
     static Bytes AppendedTo(const Bytes &file, const Bytes &payload)
     {
         return file + ".zp_res" + '\0' + payload + U32({file.size()});

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-/// Bytes in a heap block of just their size, so that AddressSanitizer sees a read outside.
+/// A copy of the bytes in a heap block of exactly their size, so that AddressSanitizer detects reads outside of it.
 class ExactBytes
 {
 public:
@@ -21,8 +21,8 @@ private:
     const std::vector<std::uint8_t> m_bytes;
 };
 
-/// A line for each place of a table that has items or strings. Throws when a look-up, with or without an index, doesn't
-/// find what the walk found first.
+/// Returns a line for each item or string of a table. Throws if a look-up, with or without an index, doesn't find the
+/// first match of a search through the table.
 template <typename Owner, typename Part>
 std::string ReadTable(const Owner &walked, morvanite_table Owner::*table, std::uint32_t Part::*key,
                       const std::uint8_t *Part::*data, std::uint32_t Part::*size,
@@ -44,7 +44,7 @@ std::string ReadTable(const Owner &walked, morvanite_table Owner::*table, std::u
         const std::string line = shown(at(&walked, i, &part), part);
         first.emplace(part.*key, line);
         text += std::to_string(part.*key) + ' ' + line;
-        if (text.size() > 1U << 20) // a damaged table can give the same bytes again and again
+        if (text.size() > 1U << 20) // a damaged table can repeat the same bytes many times
             return text;
     }
     for (const auto &[known, line] : first)
@@ -77,7 +77,7 @@ inline std::string ShowItem(const morvanite_item &item)
                      &morvanite_string::length, morvanite_string_at, morvanite_find_string, ShowString);
 }
 
-/// All that the reader comes by in a payload, as text: its entries and items, and the strings of each language.
+/// Returns all that the reader finds in a payload, as text: its entries and items, and the strings of each language.
 inline std::string ReadEverything(const std::string &bytes, std::uint32_t base = 0)
 {
     const ExactBytes memory(bytes);

@@ -7,7 +7,7 @@
 
 #include <sstream>
 
-/// What the getter of that part's type says, as text; the names of results that aren't MORVANITE_OK.
+/// Returns the value of the getter for that part's type as text, or the name of a result that isn't MORVANITE_OK.
 inline std::string ShowProperty(const morvanite_part &owner, const morvanite_part &part)
 {
     std::ostringstream text;
@@ -69,7 +69,7 @@ inline std::string ShowProperty(const morvanite_part &owner, const morvanite_par
     }
 }
 
-/// All that is in an owner, a line for each part. Throws when a walk of components meets others than a walk of all.
+/// Appends a line for each part of an owner. Throws if an iteration over components differs from one over all parts.
 inline void ReadParts(const morvanite_part &owner, std::string &text)
 {
     constexpr std::size_t Enough = 1U << 20;
@@ -104,6 +104,6 @@ inline std::string ReadLayout(const std::string &bytes, std::uint32_t key)
     morvanite_layout layout;
     const morvanite_result result = morvanite_open_layout(&item, &layout);
     std::string text = result == MORVANITE_OK ? "" : result == MORVANITE_NOT_FOUND ? "no layout" : "damaged";
-    ReadParts(layout.top, text); // nothing, when it isn't open
+    ReadParts(layout.top, text); // adds nothing if the layout couldn't be opened
     return text;
 }

@@ -1,7 +1,8 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# Compiles the reader as a firmware's compiler would: every warning an error, as C99 and as C++, freestanding; for ARM in
-# less than 2 KiB of Thumb code, and 1 KiB for layouts, that needs no library. Usage: check-compilers.sh DEVICE_FOLDER. 77: no compiler is there.
+# Compiles the reader like a firmware: every warning is an error, as C99 and as C++, freestanding. For ARM it must have
+# less than 2 KiB of Thumb code, and 1 KiB for layouts, and need no library. Exits with 77 if there is no compiler.
+# Usage: check-compilers.sh DEVICE_FOLDER
 set -eu
 device=$1
 work=$(mktemp -d)

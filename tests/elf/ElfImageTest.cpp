@@ -39,7 +39,7 @@ QByteArray Bytes(const ElfBuilder &elf)
     return QByteArray::fromStdString(elf.Build());
 }
 
-/// What the input must become: `count` headers that are `step` apart, the last one that of the name table.
+/// Returns the expected output: `count` headers at a distance of `step`; header `nameTable` is that of the name table.
 QByteArray Grown(const QByteArray &input, const QByteArray &payload, quint16 count, quint16 step, quint16 nameTable)
 {
     const qsizetype start = (input.size() + 3) / 4 * 4;
@@ -80,7 +80,7 @@ struct ElfImageTest : testing::Test, TestProgram
         return code ? code : made.PutInPlace();
     }
 
-    /// Grows the bytes as the packer does: 0 or a code, and `grown` is what was made.
+    /// Extends the bytes as the packer does. Returns 0 or a code; `grown` is the result.
     int Grow(const QByteArray &input, const QByteArray &payload = "payload")
     {
         const int code = Prepare(input, payload);
@@ -95,7 +95,7 @@ struct ElfImageTest : testing::Test, TestProgram
 
 } // namespace
 
-TEST_F(ElfImageTest, TheFileOnlyGrowsAtItsEndAndNothingInItsHeaderIsTested)
+TEST_F(ElfImageTest, AppendsToTheFileWithoutCheckingItsHeader)
 {
     const ElfBuilder program =
         ElfBuilder(1).Section(".text", "code").Section(".bss", "", ElfBuilder::NoBits, 0xFFFFFFFF);
@@ -113,7 +113,7 @@ TEST_F(ElfImageTest, TheFileOnlyGrowsAtItsEndAndNothingInItsHeaderIsTested)
     const QByteArray strange = QByteArray(28, '\xA5') + Bytes(ElfBuilder().Section(".text", "code")).mid(28);
     ASSERT_EQ(Grow(strange), 0);
     EXPECT_EQ(grown, Grown(strange, "payload", 3, 40, 2));
-    // The input's headers may stand farther apart, but the new ones touch.
+    // The input's headers may have gaps between them, but the new ones don't.
     for (const quint16 step : {quint16(41), quint16(1000)}) {
         const QByteArray wide = Bytes(ElfBuilder(0, step).Section(".text", "code"));
         ASSERT_EQ(Grow(wide), 0);
@@ -122,9 +122,9 @@ TEST_F(ElfImageTest, TheFileOnlyGrowsAtItsEndAndNothingInItsHeaderIsTested)
     }
 }
 
-TEST_F(ElfImageTest, EveryFailureOfReadingHasItsNumberAndText)
+TEST_F(ElfImageTest, ReportsEveryReadFailureWithNumberAndText)
 {
-    // The section table is last, so each cut removes something that is needed.
+    // The section table is last, so each truncation removes a necessary part.
     const QByteArray good = Bytes(ElfBuilder(1).Section(".text", "code").Section(".empty", ""));
     for (qsizetype size = 0; size < good.size(); ++size) {
         const int code = Read(good.first(size));
@@ -151,7 +151,7 @@ TEST_F(ElfImageTest, EveryFailureOfReadingHasItsNumberAndText)
         fails(-1040, noNames, With(good, E_SHSTRNDX, quint16(section)));
     fails(-1040, noNames, With(good, text + 2 * 40 + 20, quint32(0)));
     fails(-1040, noNames, With(good, text + 2 * 40 + 4, ElfBuilder::NoBits));
-    fails(-1040, noNames, With(good, E_SHENTSIZE, quint16(0))); // all sections are the first one
+    fails(-1040, noNames, With(good, E_SHENTSIZE, quint16(0))); // every header is then the first one
     fails(-1040, noNames, QByteArray(52, '\0'));
     trace.clear();
     EXPECT_EQ(ReadElf(*env, folder.Path("none.axf"), elf), -1030);
@@ -159,9 +159,9 @@ TEST_F(ElfImageTest, EveryFailureOfReadingHasItsNumberAndText)
     EXPECT_EQ(ReadElf(*env, folder.Path(), elf), -1030);
 }
 
-TEST_F(ElfImageTest, TheMostThatTheNumbersOfTheFormatCanTellIsTaken)
+TEST_F(ElfImageTest, AcceptsTheLargestValuesOfTheFormat)
 {
-    // A header, one byte of names, and a table of so many sections, whose first but one has the names.
+    // A header, one byte of names, and a table of `count` sections, of which the second has the names.
     const auto grow = [&](quint16 count) {
         QByteArray table(count * 40, '\0');
         table = With(With(With(table, 44, quint32(3)), 56, quint32(52)), 60, quint32(1));
@@ -183,7 +183,7 @@ TEST_F(ElfImageTest, TheMostThatTheNumbersOfTheFormatCanTellIsTaken)
     }
 }
 
-TEST_F(ElfImageTest, AnInputThatChangesItsSizeMeanwhileIsntGrown)
+TEST_F(ElfImageTest, RefusesAnInputThatChangesItsSize)
 {
     folder.Put("out.axf", "old");
     ASSERT_EQ(Prepare(Bytes(ElfBuilder()), "payload"), 0);
@@ -192,13 +192,13 @@ TEST_F(ElfImageTest, AnInputThatChangesItsSizeMeanwhileIsntGrown)
     EXPECT_EQ(folder.Get("out.axf"), "old");
 }
 
-TEST_F(ElfImageTest, WithoutItsSectionTableItIsNoFailureButDoesNotReplaceTheOldFile)
+TEST_F(ElfImageTest, AMissingSectionTableIsNoErrorButKeepsTheOldFile)
 {
     folder.Put("out.axf", "old");
     const QByteArray input = Bytes(ElfBuilder());
     const QByteArray payload = "12345678";
     ASSERT_EQ(Prepare(input, payload), 0);
-    // The write that goes beyond the limit fails, and those behind it don't.
+    // The write beyond the limit fails, and later writes don't.
     struct sigaction action = {}, before;
     action.sa_handler = [](int) {
         const rlimit none{RLIM_INFINITY, RLIM_INFINITY};

@@ -1,7 +1,7 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# Files of the real compiler, grown by a pack, as other people's tools see them: none complains of anything new, nothing
-# behind the header has changed, and the new section holds what the side file holds.
+# Checks with other tools the files of the real compiler that a pack has extended: no tool has a new complaint, nothing
+# after the header has changed, and the new section has the contents of the side file.
 # Usage: elf_tools_test.sh MORVANITE_CLI ARM_GCC
 set -eu
 cli=$1
@@ -24,11 +24,11 @@ fail() {
     exit 1
 }
 
-# What a tool complains of in the file of a folder, and its exit status; its output is left in the file "said".
+# Prints the complaints of a tool about the file of a folder, and its exit status. Leaves its output in the file "said".
 complaints() { # FOLDER TOOL...
     (cd "$1" && shift && "$@" demo.axf) >said 2>errors && status=0 || status=$?
     case $2 in
-    eu-elflint) # one complaint is meant: the section is for the application, and in no segment
+    eu-elflint) # one complaint is expected: the section is for the application, and in no segment
         grep -v -e 'No errors' -e "'.zp_res': alloc flag set but section not in any loaded segment" said || true ;;
     *)
         grep -a -e arning -e rror: said || true
@@ -43,7 +43,7 @@ check() { # WHAT; the file is old/demo.axf
         --target axf >pack.out || fail "$(cat pack.out)"
     cmp -i 52 -n $(($(stat -c %s old/demo.axf) - 52)) old/demo.axf new/demo.axf || fail "bytes have changed"
     "${gcc%gcc}objcopy" --dump-section .zp_res=section new/demo.axf /dev/null 2>warnings || fail "$(cat warnings)"
-    cmp section old/arm/demo.res || fail "the side file is another one"
+    cmp section old/arm/demo.res || fail "the side file differs"
     for tool in 'readelf -a -W' 'llvm-readelf-14 -a' 'arm-linux-gnueabihf-objdump -x -s' 'llvm-objdump-14 -x -s' \
         'eu-readelf -a' 'eu-elflint --gnu-ld'; do
         command -v "${tool%% *}" >/dev/null || continue
@@ -52,7 +52,7 @@ check() { # WHAT; the file is old/demo.axf
         # shellcheck disable=SC2086
         complaints new $tool >new.txt
         grep -aq '\.zp_res' said || [ "$tool" = 'eu-elflint --gnu-ld' ] || fail "$tool doesn't see the section"
-        diff old.txt new.txt || fail "$tool complains of more than before"
+        diff old.txt new.txt || fail "$tool has new complaints"
     done
 }
 

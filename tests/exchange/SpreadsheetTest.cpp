@@ -10,7 +10,7 @@ using ::testing::HasSubstr;
 namespace
 {
 
-/// What is to become of each text, in the order of the sheet.
+/// Records the planned change of each text, in the order of the sheet.
 struct Fates : IImportWatch
 {
     void RowPlanned(const ImportPlan &plan, size_t index) override
@@ -23,7 +23,7 @@ struct Fates : IImportWatch
     QString all;
 };
 
-/// A project and workbooks beside it; "|" divides cells.
+/// A project with workbooks beside it; "|" separates cells.
 struct SheetProject : StringProject
 {
     int Import(const QByteArray &readable)
@@ -32,7 +32,7 @@ struct SheetProject : StringProject
         return ImportSpreadsheet(*this, folder.Path("in.csv")).code;
     }
 
-    /// The same with a look at the plan, which has to change nothing and to be the same when all rows are planned.
+    /// Imports with a preview of the plan, which must change nothing and must stay the same when all rows are planned.
     int Import(const QByteArray &readable, QString &fates)
     {
         folder.Put("in.csv", QByteArray(readable).replace('|', ','));
@@ -56,7 +56,7 @@ const QByteArray FILE_HEAD = "Number of Language|2\nString ID|Resource Type|Desc
 
 } // namespace
 
-TEST(Spreadsheet, AnImportFillsWhatIsEmptyMakesWhatIsMissingAndKeepsTheRest)
+TEST(Spreadsheet, AnImportFillsEmptyCellsCreatesMissingRowsAndKeepsTheRest)
 {
     SheetProject project;
     ASSERT_EQ(project.Read(FILE_HEAD + "ID_A|Push||a|\nID_B|Normal|note|b|\n##number|2\n"), 0);
@@ -75,7 +75,7 @@ TEST(Spreadsheet, AnImportFillsWhatIsEmptyMakesWhatIsMissingAndKeepsTheRest)
     EXPECT_EQ(fates, u"B3 R Normal/Push\nC3 F told\nD3 K other/a\nE3 N oui\nF3 - beyond\n"
                      "B4 R Push/Normal\nC4 = note\nD4 K /b\nE4 N b\nB6 N Push\nD6 N new\n"_s);
     const std::string before = project.Written();
-    EXPECT_EQ(project.Import(HEAD + "ID_A|Normal|told|a|oui\nID_B|Push||b|\n"), 0) << "emptied cells empty nothing";
+    EXPECT_EQ(project.Import(HEAD + "ID_A|Normal|told|a|oui\nID_B|Push||b|\n"), 0) << "empty cells clear nothing";
     EXPECT_EQ(project.Written(), before);
     fates.clear();
     EXPECT_EQ(project.Import("Number of Language|1\nString ID|Description|English\nID_B||b\n", fates), 0);
@@ -92,7 +92,7 @@ TEST(Spreadsheet, AnImportFillsWhatIsEmptyMakesWhatIsMissingAndKeepsTheRest)
     EXPECT_THAT(project.Written(), testing::StartsWith(FILE_HEAD.toStdString()));
 }
 
-TEST(Spreadsheet, EachFaultHasItsMessageItsCellAndItsCode)
+TEST(Spreadsheet, ReportsEachFaultWithMessageCellAndCode)
 {
     const std::string tooFew = "Error 1: invalid number of languages.\r\n";
     const auto expected = [](const char *word, const char *cell) {
@@ -124,7 +124,7 @@ TEST(Spreadsheet, EachFaultHasItsMessageItsCellAndItsCode)
                                   "Error 2: invalid ID format - [1BAD].\r\n"
                                   "Error 3: invalid push format - [push].\r\n"
                                   "[demo] import - 3 error(s), 1 warning(s)\r\n");
-    EXPECT_THAT(project.Written(), HasSubstr("\n1BAD|Normal|y||\n##number|1\n")) << "the row is taken all the same";
+    EXPECT_THAT(project.Written(), HasSubstr("\n1BAD|Normal|y||\n##number|1\n")) << "the row is imported nevertheless";
     for (const auto &[file, bytes, message] :
          {std::tuple("missing.xls", "", "Error 1: failed to connect to Excel.\r\n"s),
           {"no.xls", "no workbook at all", "Error 1: failed to connect to Excel.\r\n"},
@@ -139,7 +139,7 @@ TEST(Spreadsheet, EachFaultHasItsMessageItsCellAndItsCode)
     }
 }
 
-TEST(Spreadsheet, AnExportComesBackTheSameFromEachFormatAndAFailedOneLeavesTheOldFile)
+TEST(Spreadsheet, AnExportReadsBackEqualInEachFormatAndAFailedOneKeepsTheOldFile)
 {
     const QByteArray table =
         FILE_HEAD + "ID_A|Push|=1+1|'a|\xF0\x9F\x98\x80 \xE4\xB8\xAD\nID_B|Normal||12|1.50\n##number|2\n";
@@ -168,7 +168,7 @@ TEST(Spreadsheet, AnExportComesBackTheSameFromEachFormatAndAFailedOneLeavesTheOl
               "##number,0,\r\n");
 }
 
-TEST(Spreadsheet, AnExportWithLanguagesThatOnlyTheProjectKnowsComesBack)
+TEST(Spreadsheet, AnExportWithLanguagesKnownOnlyToTheProjectReadsBack)
 {
     const QByteArray head = "Number of Language|4\nString ID|Resource Type|Description|Elvish(4)|French(7)|Elvish(5)|";
     const QByteArray empty = "Klingon (3)\nID_A|Normal|||||\n##number|1\n";
@@ -187,25 +187,24 @@ TEST(Spreadsheet, AnExportWithLanguagesThatOnlyTheProjectKnowsComesBack)
     EXPECT_EQ(other.Import("Number of Language|1\nString ID|Description|\nID_A||x\n"), 1608);
 }
 
-TEST(Spreadsheet, WhatIsWrongWithTheSheetIsExplainedWithItsNameItsCellAndWhatIsExpected)
+TEST(Spreadsheet, ExplainsErrorsWithFileCellAndExpectation)
 {
     SheetProject project;
     std::string explained;
     project.env.explain = [&explained](const QString &text) { explained += text.toStdString() + '\n'; };
     for (const auto &[sheet, expected] : {
-             std::pair("Notes|x\nc|d\n",
-                       "in.csv: texts stand in 2 rows and 2 columns, and a string table has 3 at least; "
-                       "only the first sheet is read, and its first row has to have \"Number of "
-                       "Language\" in A1 and the number of languages in B1\n"),
+             std::pair("Notes|x\nc|d\n", "in.csv: there are texts in 2 rows and 2 columns, and a string table has at "
+                                         "least 3 of each; only the first sheet is read, and its first row must have "
+                                         "\"Number of Language\" in A1 and the number of languages in B1\n"),
              {"Notes|2|x\nString ID|y|z\na|b|c\n", "in.csv: has \"Notes\" in cell A1; only the first sheet"},
              {"Number of Language|2\n|Resource Type|Description|a|b\nx\n",
-              "in.csv: cell A2 has nothing in the place of \"String ID\"\n"},
+              "in.csv: cell A2 has nothing instead of \"String ID\"\n"},
              {"Number of Language|2\nString ID|Description|a\nx\n",
-              "in.csv: cell B1 has 2 languages, and with them 4 columns are expected: only 3 have texts\n"},
+              "in.csv: cell B1 says 2 languages, which need 4 columns, but only 3 columns have texts\n"},
              {"Number of Language|no|x\nString ID|Description\nx\n",
-              "in.csv: cell B1 has \"no\", where the number of languages is expected: none is read\n"},
+              "in.csv: cell B1 has \"no\" instead of the number of languages, so no language is read\n"},
              {"Number of Language|1\nString ID|Description|Elvish\nx\n",
-              "in.csv: cell C2 has \"Elvish\", and neither the project nor the section Language of tuvik.ini has"},
+              "in.csv: cell C2 has \"Elvish\", but neither the project nor section Language of tuvik.ini has"},
          }) {
         explained.clear();
         (void)project.Import(sheet);
@@ -219,7 +218,7 @@ TEST(Spreadsheet, WhatIsWrongWithTheSheetIsExplainedWithItsNameItsCellAndWhatIsE
     }
 }
 
-TEST(Spreadsheet, RowsAndColumnsThatComeTwiceFindWhatTheFirstOfThemWillHaveMade)
+TEST(Spreadsheet, RepeatedRowsAndColumnsUpdateTheFirst)
 {
     SheetProject project;
     ASSERT_EQ(project.Read(FILE_HEAD + "ID_OLD|Normal||a||\n##number|1\n"), 0);
@@ -237,7 +236,7 @@ TEST(Spreadsheet, RowsAndColumnsThatComeTwiceFindWhatTheFirstOfThemWillHaveMade)
               FILE_HEAD.toStdString() + "ID_OLD|Normal||a|un\nID_A|Normal|late|one|deux\n##number|2\n");
 }
 
-TEST(Spreadsheet, WhatAStringFileCannotHoldIsRefusedWithItsIdAndTheRestIsTaken)
+TEST(Spreadsheet, RefusesTextsThatAStringFileCannotHoldAndImportsTheRest)
 {
     SheetProject project;
     ASSERT_EQ(project.Read(FILE_HEAD + "ID_OLD|Normal|||old\n##number|1\n"), 0);
@@ -259,7 +258,7 @@ TEST(Spreadsheet, WhatAStringFileCannotHoldIsRefusedWithItsIdAndTheRestIsTaken)
               (QStringList{u"ID_NEW (Description)"_s, u"ID_NEW (French)"_s, u"ID\rX (String ID)"_s}));
 }
 
-TEST(Spreadsheet, AnImportReadsTheLanguageTableAnew)
+TEST(Spreadsheet, AnImportReloadsTheLanguageTable)
 {
     SheetProject project;
     EXPECT_EQ(project.Import("Number of Language|1\nString ID|Description|Elvish\nID_A||x\n"), 1608);
@@ -268,7 +267,7 @@ TEST(Spreadsheet, AnImportReadsTheLanguageTableAnew)
     EXPECT_EQ(project.Text(1234), u"x"_s);
 }
 
-TEST(Spreadsheet, AThousandWarningsOfAKindHaveALineEach)
+TEST(Spreadsheet, ReportsAThousandWarningsLineByLine)
 {
     SheetProject project;
     EXPECT_EQ(project.Import(HEAD + QByteArray(",x\n").repeated(1500)), 0);
@@ -279,7 +278,7 @@ TEST(Spreadsheet, AThousandWarningsOfAKindHaveALineEach)
                                   "(Line 1003).\r\n[demo] import - 0 error(s), 1500 warning(s)\r\n"));
 }
 
-TEST(Spreadsheet, CellsAreNamedByLettersAndARow)
+TEST(Spreadsheet, NamesCellsByLettersAndRow)
 {
     EXPECT_EQ((QStringList{CellName(0, 1), CellName(25, 3), CellName(26, 3), CellName(701, 9), CellName(702, 9)}),
               QStringList({u"A1"_s, u"Z3"_s, u"AA3"_s, u"ZZ9"_s, u"AAA9"_s}));

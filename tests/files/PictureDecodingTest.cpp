@@ -32,7 +32,7 @@ QByteArray BmpFromTheTop()
 
 } // namespace
 
-TEST(PictureDecoding, EachKindHasItsSizeAndFirstPixel)
+TEST(PictureDecoding, DecodesSizeAndFirstPixelOfEachKind)
 {
     const QColor faint(255, 0, 0, 128);
     const struct
@@ -54,26 +54,26 @@ TEST(PictureDecoding, EachKindHasItsSizeAndFirstPixel)
         EXPECT_EQ(loaded.problem, QString());
         EXPECT_EQ(loaded.size, size);
         EXPECT_EQ(loaded.picture.size(), size == QSize(200, 100) ? QSize(64, 32) : size);
-        for (int shift = 0; shift < 32; shift += 8) // inks, and 16 bits, are rounded
+        for (int shift = 0; shift < 32; shift += 8) // CMYK and 16-bit colours are rounded
             EXPECT_NEAR(int(loaded.picture.pixelColor(0, 0).rgba() >> shift & 0xFF), int(pixel >> shift & 0xFF), 8);
     }
     EXPECT_TRUE(Decode(Png(5, 3, Qt::red), {}).picture.isNull()) << "only the size is wanted";
 }
 
-TEST(PictureDecoding, WhatIsTooLargeOrOfAnotherKindIsNotDecoded)
+TEST(PictureDecoding, RefusesTooLargeAndUnknownFiles)
 {
     const LoadedPicture large = Decode(PngThatClaims(30'000, 30'000));
     EXPECT_EQ(large.size, QSize(30'000, 30'000));
     EXPECT_EQ(large.problem, u"it has 30,000 x 30,000 pixels, more than 16 megapixels"_s);
     EXPECT_EQ(Decode("<svg xmlns='http://www.w3.org/2000/svg' width='5' height='5'/>").problem,
-              u"it is no bmp, gif, jpg or png picture"_s);
+              u"it is not a bmp, gif, jpg or png picture"_s);
     EXPECT_EQ(Decode(Argb8888().replace(7, 1, "\x17")).problem,
               u"its header is damaged (header size 23, stride 8, data size 8)"_s);
     EXPECT_EQ(Decode("\xFF\xD8" + QByteArray("\xFF\xDA").repeated(300)).problem,
               u"it has more scans than a picture needs"_s);
 }
 
-TEST(PictureDecoding, NoMoreMemoryIsAskedForThanTheFileHas)
+TEST(PictureDecoding, AllocatesNoMoreThanTheFileNeeds)
 {
     struct Input : QBuffer
     {
@@ -84,14 +84,14 @@ TEST(PictureDecoding, NoMoreMemoryIsAskedForThanTheFileHas)
         }
         qint64 most = 0;
     } input;
-    // 1 x 1 pixels, in a row of 4 GiB
+    // 1 x 1 pixels, with a row of 4 GiB
     input.setData(QByteArray::fromHex("4d494d47010200180100000001000000fcfffffffcffffff80ffff30"));
     input.open(QIODevice::ReadOnly);
-    EXPECT_EQ(DecodePicture(input, {64, 64}).problem, u"it breaks off"_s);
+    EXPECT_EQ(DecodePicture(input, {64, 64}).problem, u"it ends too early"_s);
     EXPECT_LT(input.most, 1 << 20);
 }
 
-TEST(PictureDecoding, NoCutAndNoWrongByteCrashes)
+TEST(PictureDecoding, TruncatedAndDamagedFilesDoNotCrash)
 {
     const QByteArray files[] = {Png(9, 9, Qt::red), MovingGif(), JpgOfInks(), BmpFromTheTop(), Argb8888()};
     for (const QByteArray &file : files) {
@@ -107,7 +107,7 @@ TEST(PictureDecoding, NoCutAndNoWrongByteCrashes)
     }
 }
 
-TEST(PictureDecoding, SmallPictureIsEnlargedByAWholeNumber)
+TEST(PictureDecoding, EnlargesASmallPictureByAWholeFactor)
 {
     QImage two(2, 1, QImage::Format_RGB32);
     two.setPixel(0, 0, 0xFFFF0000);

@@ -20,7 +20,7 @@ namespace
 struct LoaderTest : testing::Test
 {
     [[nodiscard]] QByteArray Host(const char *name) const { return QFile::encodeName(folder.Path()) + '/' + name; }
-    /// The thumbnail, once it is known.
+    /// Waits for the thumbnail and returns it.
     QPixmap Await(const QByteArray &path)
     {
         QPixmap thumbnail;
@@ -50,7 +50,7 @@ QRgb MiddleOf(const QPixmap &thumbnail)
 
 } // namespace
 
-TEST_F(LoaderTest, WhatIsNoPictureFileHasNoThumbnailAndBlocksNothing)
+TEST_F(LoaderTest, OtherFilesHaveNoThumbnailAndDoNotBlock)
 {
     ASSERT_EQ(mkfifo(Host("pipe.png").constData(), 0600), 0);
     folder.MakeFolder("folder.png");
@@ -59,12 +59,12 @@ TEST_F(LoaderTest, WhatIsNoPictureFileHasNoThumbnailAndBlocksNothing)
     ASSERT_EQ(symlink("/dev/zero", Host("device.png").constData()), 0);
     for (const char *name : {"pipe.png", "folder.png", "empty.png", "broken.png", "device.png", "missing.png"})
         EXPECT_TRUE(Await(Host(name)).isNull()) << name;
-    EXPECT_EQ(Loaded(Host("pipe.png")).problem, u"it is no regular file"_s);
+    EXPECT_EQ(Loaded(Host("pipe.png")).problem, u"it is not a regular file"_s);
     EXPECT_EQ(Loaded(Host("missing.png")).problem, u"not found"_s);
     EXPECT_LT(Loaded(Host("missing.png")).bytes, 0);
 }
 
-TEST_F(LoaderTest, FileOfAnyNameHasAThumbnailThatFollowsItsChanges)
+TEST_F(LoaderTest, UpdatesTheThumbnailOfAFileWithAnyName)
 {
     const QByteArray path = Host("\xFF\xFE \xE4.png");
     const auto put = [&path](const QColor &color) {
@@ -77,7 +77,7 @@ TEST_F(LoaderTest, FileOfAnyNameHasAThumbnailThatFollowsItsChanges)
     EXPECT_EQ(MiddleOf(Await(path)), 0xFFFF0000);
     EXPECT_EQ(Await(path).size(), QSize(16, 16));
     put(Qt::blue);
-    EXPECT_EQ(MiddleOf(Await(path)), 0xFFFF0000) << "it isn't looked at again at once";
+    EXPECT_EQ(MiddleOf(Await(path)), 0xFFFF0000) << "it isn't checked again immediately";
     EXPECT_TRUE(WaitUntil([&] { return MiddleOf(Await(path)) == 0xFF0000FF; }));
     put(Qt::green);
     loader.Forget();
@@ -87,7 +87,7 @@ TEST_F(LoaderTest, FileOfAnyNameHasAThumbnailThatFollowsItsChanges)
     EXPECT_LT(clock.elapsed(), 2000) << "at once";
 }
 
-TEST_F(LoaderTest, TheLatestLoadAloneIsToldAndDroppedThumbnailsCanBeAskedForAgain)
+TEST_F(LoaderTest, ReportsOnlyTheLatestLoadAndReloadsDroppedThumbnails)
 {
     folder.Put("a.png", Png(9, 9, Qt::red));
     folder.Put("b.png", Png(7, 7, Qt::red));
@@ -101,7 +101,7 @@ TEST_F(LoaderTest, TheLatestLoadAloneIsToldAndDroppedThumbnailsCanBeAskedForAgai
     EXPECT_FALSE(Await(Host("a.png")).isNull());
 }
 
-TEST_F(LoaderTest, GoesWhileItLoads)
+TEST_F(LoaderTest, CanBeDestroyedWhileItLoads)
 {
     QImage image(2000, 2000, QImage::Format_RGB32);
     image.fill(Qt::red);
@@ -115,7 +115,7 @@ TEST_F(LoaderTest, GoesWhileItLoads)
     }
 }
 
-TEST_F(LoaderTest, ConvertedPictureHasThePixelsOfTheDevice)
+TEST_F(LoaderTest, ConvertsPicturesToThePixelsOfTheDevice)
 {
     QImage image(37, 23, QImage::Format_ARGB32);
     QRandomGenerator random(16);
@@ -144,11 +144,11 @@ TEST_F(LoaderTest, ConvertedPictureHasThePixelsOfTheDevice)
         EXPECT_EQ(shown.picture, wanted.convertToFormat(shown.picture.format()));
         converter.Stop();
         EXPECT_TRUE(WaitUntil([&] { return !QFile::exists(QFile::decodeName(made)); }));
-        EXPECT_EQ(folder.Names(), QStringList{u"a.png"_s}) << "nothing is left beside the picture";
+        EXPECT_EQ(folder.Names(), QStringList{u"a.png"_s}) << "no other file is left";
     }
 }
 
-TEST_F(LoaderTest, ConverterThatFailsIsToldAndOneThatHangsIsEnded)
+TEST_F(LoaderTest, ReportsAFailedConverterAndEndsAHangingOne)
 {
     folder.Put("a.png", Png(2, 2, Qt::red));
     const auto convert = [this](const char *script, int limitMs) {
@@ -163,7 +163,7 @@ TEST_F(LoaderTest, ConverterThatFailsIsToldAndOneThatHangsIsEnded)
         return told;
     };
     EXPECT_EQ(convert("exec sleep 60", 100), u"takes too long"_s);
-    EXPECT_EQ(convert("exit 0", 5000), u"made no file"_s);
+    EXPECT_EQ(convert("exit 0", 5000), u"wrote no file"_s);
     EXPECT_EQ(convert("exit 3", 5000), u"ended with status 3"_s);
     EXPECT_THAT(convert("kill -9 $$", 5000).toStdString(), testing::StartsWith("was ended by signal 9"));
     EXPECT_EQ(convert("echo \"qrk_resgenerator.exe: $3: breaks off\" >&2; exit 1", 5000), u"says: breaks off"_s);

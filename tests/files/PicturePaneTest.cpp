@@ -32,7 +32,7 @@ struct PaneTest : testing::Test
                 {240, 320},
                 u"240x320"_s};
     }
-    /// What the pane says, a line each.
+    /// Returns the lines that the pane shows.
     [[nodiscard]] QStringList Said() const
     {
         QStringList said;
@@ -46,7 +46,7 @@ struct PaneTest : testing::Test
         }
         return said;
     }
-    /// Shows a file and waits for these lines behind its ID and path.
+    /// Shows a file and waits for these lines after its ID and path.
     void ExpectSaid(const char *name, const QStringList &wanted)
     {
         pane.Show(Previewed(name));
@@ -62,7 +62,7 @@ struct PaneTest : testing::Test
 
 } // namespace
 
-TEST_F(PaneTest, SaysWhatTheFileIsAndWhatItTakes)
+TEST_F(PaneTest, ShowsTheKindAndSizeOfTheFile)
 {
     folder.Put("icon.png", Png(17, 15, Qt::red));
     folder.Put("wide.png", Png(400, 30, Qt::red));
@@ -86,10 +86,11 @@ TEST_F(PaneTest, SaysWhatTheFileIsAndWhatItTakes)
     ExpectSaid("huge.png",
                {u"Picture: 30,000 x 30,000 px, 240x320 screen"_s, file("huge.png"), payload("huge.png"),
                 u"Larger than the screen"_s, u"Not shown: it has 30,000 x 30,000 pixels, more than 16 megapixels."_s});
-    ExpectSaid("torn.png", {u"Picture: 400 x 30 px, 240x320 screen"_s, file("torn.png"), payload("torn.png"),
-                            u"Larger than the screen"_s,
-                            u"Not shown: it is damaged. The converter says: broken png: the file ends too soon, wanted "
-                            "a whole picture."_s});
+    ExpectSaid("torn.png",
+               {u"Picture: 400 x 30 px, 240x320 screen"_s, file("torn.png"), payload("torn.png"),
+                u"Larger than the screen"_s,
+                u"Not shown: it is damaged. The converter says: broken png: the file ends too soon, expected a "
+                "complete picture."_s});
     ExpectSaid("sound.wav", {u"File: 1,234 bytes"_s});
     ExpectSaid("gone.png", {u"Picture: 240x320 screen"_s, u"File: not found"_s});
     folder.Put("gone.png", "");
@@ -103,5 +104,5 @@ TEST_F(PaneTest, SaysWhatTheFileIsAndWhatItTakes)
     pane.thumbnailsTurned = [&](bool isOn) { told << isOn; };
     pane.ShowThumbnailsState(true);
     pane.findChild<QCheckBox *>()->click();
-    EXPECT_EQ(told, QList<bool>{false}) << "only what the user does is told";
+    EXPECT_EQ(told, QList<bool>{false}) << "only actions of the user are reported";
 }

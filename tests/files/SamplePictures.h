@@ -15,7 +15,7 @@ inline QByteArray Encoded(const QImage &image, const char *format)
     return bytes.data();
 }
 
-/// A png of one colour.
+/// Returns a PNG of one colour.
 inline QByteArray Png(int width, int height, const QColor &color, QImage::Format format = QImage::Format_ARGB32)
 {
     QImage image(width, height, format);
@@ -23,11 +23,11 @@ inline QByteArray Png(int width, int height, const QColor &color, QImage::Format
     return Encoded(image, "PNG");
 }
 
-/// A small png whose header claims another size, with the right checksum.
+/// Returns a small PNG whose header has another size, with the right checksum.
 inline QByteArray PngThatClaims(quint32 width, quint32 height)
 {
     QByteArray png = Png(1, 1, Qt::red);
-    constexpr int KIND = 12; // of the first chunk, whose 13 bytes of data and checksum follow
+    constexpr int KIND = 12; // the type of the first chunk; its 13 bytes of data and the checksum follow
     constexpr int DATA = KIND + 4;
     const auto put = [&png](int at, quint32 value) {
         for (int i = 0; i < 4; ++i)
@@ -45,7 +45,7 @@ inline QByteArray PngThatClaims(quint32 width, quint32 height)
     return png;
 }
 
-/// Red in four inks, 8 x 8.
+/// Returns a red JPG in CMYK, 8 x 8.
 inline QByteArray JpgOfInks()
 {
     return QByteArray::fromHex(
@@ -55,7 +55,7 @@ inline QByteArray JpgOfInks()
         "00003f00401f8fc80fffd9");
 }
 
-/// First red, then green, 3 x 2.
+/// Returns an animation of a red and a green frame, 3 x 2.
 inline QByteArray MovingGif()
 {
     return QByteArray::fromHex(
@@ -63,7 +63,7 @@ inline QByteArray MovingGif()
         "00050000002c00000000030002008100ff0000000000000000000008060001081c1810003b");
 }
 
-/// Lets things happen until the condition holds; false after 10 seconds.
+/// Processes events until the condition is true. Returns false after 10 seconds.
 template <typename Condition> bool WaitUntil(Condition condition)
 {
     for (const QDeadlineTimer deadline(10'000); !condition() && !deadline.hasExpired();) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The tests of the pictures in the file pane, without a screen.
+// Runs the tests of the pictures in the file pane, without a screen.
 #include <QApplication>
 
 #include <gtest/gtest.h>

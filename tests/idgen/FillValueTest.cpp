@@ -15,7 +15,7 @@ struct FillValue : testing::Test
     PoolBuilder ids{model};
 };
 
-TEST_F(FillValue, NumbersFollowTheBytesOfTheNamesUpToTheirEnds)
+TEST_F(FillValue, NumbersNamesInByteOrder)
 {
     std::mt19937 random(5);
     const auto text = [&random](size_t size) {
@@ -25,7 +25,7 @@ TEST_F(FillValue, NumbersFollowTheBytesOfTheNamesUpToTheirEnds)
         return made;
     };
     const std::string common = text(100);
-    std::set<std::string> sorted; // names that are equal up to any byte, and ones that go on where others end
+    std::set<std::string> sorted; // names with common beginnings of any length, and names that continue others
     while (sorted.size() < 1000)
         sorted.insert('N' + common.substr(0, random() % 100) + text(random() % 4));
     std::vector<std::string> names(sorted.begin(), sorted.end());
@@ -40,7 +40,7 @@ TEST_F(FillValue, NumbersFollowTheBytesOfTheNamesUpToTheirEnds)
     }
 }
 
-TEST_F(FillValue, EachClassHasItsRangeAndTheFirstRecordOfANameDecides)
+TEST_F(FillValue, UsesTheRangeOfTheClassOfTheFirstRecord)
 {
     ids.Normal("N").Push("A", PUSH_AUDIO).Push("V", PUSH_VIDEO).Push("B", PUSH_BINARY).Push("I", PUSH_IMAGE);
     ids.Push("S", PUSH_STRING).Push("X", 6).Push("A2", PUSH_AUDIO).Push("P0", PUSH_NONE).Push("P7", 7).Push("P-", -1);
@@ -50,10 +50,10 @@ TEST_F(FillValue, EachClassHasItsRangeAndTheFirstRecordOfANameDecides)
     EXPECT_EQ(Run(), 0);
     EXPECT_EQ(ids.Values(), "N=1 A=100000 V=101000 B=102000 I=103000 S=104000 X=109000 A2=100001 P0=77 P7=0 P-=0 "
                             "R=2 R=2 T=5 T=5")
-        << "an ID of no class keeps what it had";
+        << "an ID without a class keeps its number";
 }
 
-TEST(FillValueRange, HoldsAsManyAsItHasAndNotOneMore)
+TEST(FillValueRange, FillsItsRangeAndFailsOnOneMore)
 {
     const struct
     {
@@ -80,9 +80,10 @@ TEST(FillValueRange, HoldsAsManyAsItHasAndNotOneMore)
         model.ids.sentinel.next->value = 0;
         EXPECT_EQ(IDGen::FillValue(model.env, &model.ids), -2);
         EXPECT_TRUE(model.trace.endsWith(message)) << model.trace.right(100).constData();
-        const std::string end = "end at " + std::to_string(last) + "; \"N" + std::to_string(1'000'000 + last + 1);
+        const std::string end =
+            "last number is " + std::to_string(last) + ", and \"N" + std::to_string(1'000'000 + last + 1);
         EXPECT_NE(why.toStdString().find(end), std::string::npos) << why.toStdString();
-        EXPECT_EQ(ids.holders.front()->Id()->value, first) << "what was numbered by then keeps its number";
+        EXPECT_EQ(ids.holders.front()->Id()->value, first) << "IDs numbered before keep their numbers";
         EXPECT_EQ(ids.holders[last - first]->Id()->value, last);
     }
 }

@@ -13,7 +13,7 @@ struct Generate : testing::Test
 
     int Run(const QString &folder = u".\\ResID"_s) { return IDGen::Generate(&model.ids, folder, model); }
 
-    /// All between the head and the tail of a header.
+    /// Returns the part between the head and the tail of a header.
     [[nodiscard]] QByteArray Defines(const char *name) const
     {
         const QByteArray text = model.folder.Get(name).replace("\r\n", "\n");
@@ -36,7 +36,7 @@ struct Generate : testing::Test
     PoolBuilder ids{model};
 };
 
-TEST_F(Generate, TheMainHeaderIsThisToTheByteAndCompilersTakeIt)
+TEST_F(Generate, WritesTheExactMainHeaderAndCompilersAcceptIt)
 {
     ids.Normal("ID_STRING_B").Push("ID_TUNE", PUSH_AUDIO).Normal("ID_STRING_A").Push("ID_CHIME", PUSH_AUDIO);
     const QByteArray header =
@@ -67,7 +67,7 @@ TEST_F(Generate, TheMainHeaderIsThisToTheByteAndCompilersTakeIt)
     }
 }
 
-TEST_F(Generate, ANameStandsOnceInTheGroupOfItsFirstNormalRecord)
+TEST_F(Generate, WritesANameOnceInTheGroupOfItsFirstNormalRecord)
 {
     ASSERT_EQ(Run(), 0);
     EXPECT_EQ(Defines("ResID/ResID.h"), "\n") << "no IDs, no defines";
@@ -77,7 +77,7 @@ TEST_F(Generate, ANameStandsOnceInTheGroupOfItsFirstNormalRecord)
     EXPECT_EQ(Defines("ResID/ResID.h"), "\n#define  ID_M    103000\n#define  ID_N    1\n\n#define  ID_P    103001");
 }
 
-TEST_F(Generate, IdsOfComponentsStandInTheirOwnHeadersOnly)
+TEST_F(Generate, WritesComponentIdsOnlyToTheirOwnHeaders)
 {
     ids.Normal("ID_A").Normal("ID_C").Push("ID_B", PUSH_IMAGE).Push("ID_Z", PUSH_IMAGE);
     AddComponent(u"Foo"_s, {"ID_C", "ID_B"});
@@ -92,7 +92,7 @@ TEST_F(Generate, IdsOfComponentsStandInTheirOwnHeadersOnly)
     EXPECT_TRUE(foo.contains("*  uix_rp_Foo_def.h : header file\r\n") && foo.contains("_UIX_RP_FOO_DEF_H_\r\n"));
 }
 
-TEST_F(Generate, OneFileTakesAllComponentsAndOfAnyNameAGuardIsMade)
+TEST_F(Generate, WritesAllComponentsToOneFileAndMakesAGuardFromAnyName)
 {
     model.env.settings.Write(u"ResID"_s, u"main_header"_s, model.folder.Path("main ids-B{\xc3\xa9.h"));
     model.env.settings.Write(u"ResID"_s, u"comp_header"_s, u"all.h"_s);
@@ -104,7 +104,7 @@ TEST_F(Generate, OneFileTakesAllComponentsAndOfAnyNameAGuardIsMade)
     EXPECT_EQ(Defines("ResID/all.h"), "\n#define  ID_B    2");
 }
 
-TEST_F(Generate, NothingIsWrittenWithoutNumbersOrAPlace)
+TEST_F(Generate, WritesNothingWithoutNumbersOrAPath)
 {
     EXPECT_EQ(IDGen::Generate(nullptr, u"x"_s, model), -1);
     ids.Normal("ID_A");
@@ -117,7 +117,7 @@ TEST_F(Generate, NothingIsWrittenWithoutNumbersOrAPlace)
     EXPECT_EQ(model.folder.Names(), QStringList({u"bin"_s}));
 }
 
-TEST_F(Generate, AnIdWithALineEndInItWritesNoLineOfItsOwnIntoTheHeader)
+TEST_F(Generate, AnIdWithALineEndAddsNoLineToTheHeader)
 {
     QString explained;
     model.env.explain = [&](const QString &text) { explained += text; };

@@ -3,7 +3,7 @@
 
 #include "TestModel.h"
 
-/// Fills the pool of a model with IDs, in the order of the calls.
+/// Adds IDs to the pool of a model, in the order of the calls.
 struct PoolBuilder
 {
     PoolBuilder &Normal(const NarrowText &name, qint16 scope = ANY_RESOLUTION)
@@ -20,7 +20,7 @@ struct PoolBuilder
         return *this;
     }
 
-    /// "NAME=value" of all records in the order of the pool.
+    /// Returns "NAME=value" for all records, in the order of the pool.
     [[nodiscard]] QByteArray Values() const
     {
         QByteArrayList values;

@@ -12,14 +12,14 @@ using testing::StartsWith;
 class ExtractTest : public InspectFixture
 {
 protected:
-    /// Extracts into the folder "out" and gives what went wrong.
+    /// Extracts into the folder "out" and returns the error.
     std::string Extract(const Bytes &bytes = Sample().Build())
     {
         written.clear();
         return ExtractAll(env, Read(bytes), folder.Path("out"), written).toStdString();
     }
 
-    /// The files that entries of these names become.
+    /// Returns the names of the files for entries with these names.
     QByteArrayList NamesOf(const std::vector<std::string> &names)
     {
         PayloadBuilder payload;
@@ -42,9 +42,9 @@ protected:
     std::vector<QByteArray> written;
 };
 
-TEST_F(ExtractTest, EachEntryItemAndLanguageBecomesAFile)
+TEST_F(ExtractTest, WritesAFileForEachEntryItemAndLanguage)
 {
-    for (int round = 0; round < 2; ++round) { // a second time replaces the files
+    for (int round = 0; round < 2; ++round) { // the second round replaces the files
         ASSERT_EQ(Extract(), "");
         EXPECT_THAT(written, ElementsAre("entries/AppLogo.img", "entries/tune.mid", "items/00000001.bin",
                                          "items/00103000.bin", "strings/0.txt", "strings/12.txt"));
@@ -57,7 +57,7 @@ TEST_F(ExtractTest, EachEntryItemAndLanguageBecomesAFile)
     EXPECT_EQ(folder.Names("out/entries"), (QStringList{u"AppLogo.img"_s, u"tune.mid"_s}));
 }
 
-TEST_F(ExtractTest, NamesLeadNowhereElseAreGoodOnAnyHostAndDiffer)
+TEST_F(ExtractTest, NamesStayInTheFolderAreValidOnAnyHostAndUnique)
 {
     EXPECT_EQ(NamesOf({"..", ".", "../../etc/passwd", "/abs", "a\\..\\b", "C:x", ".hidden", "\n\x7F", "nul.txt", "com7",
                        "end.", "\xE2\x80\xAEgpj.exe"}),
@@ -72,7 +72,7 @@ TEST_F(ExtractTest, NamesLeadNowhereElseAreGoodOnAnyHostAndDiffer)
     EXPECT_EQ(NamesOf(std::vector<std::string>(10000, "n")).last(), "n~10000");
 }
 
-TEST_F(ExtractTest, LinksBelowTheFolderAreNotFollowedButTheFolderMayBeOne)
+TEST_F(ExtractTest, FollowsNoLinksBelowTheFolderButTheFolderMayBeALink)
 {
     folder.MakeFolder("real/entries");
     folder.MakeFolder("elsewhere");
@@ -89,7 +89,7 @@ TEST_F(ExtractTest, LinksBelowTheFolderAreNotFollowedButTheFolderMayBeOne)
     EXPECT_THAT(folder.Names("elsewhere"), IsEmpty());
 }
 
-TEST_F(ExtractTest, AFailureIsToldEndsTheExtractionAndLeavesNoHalfOfAFile)
+TEST_F(ExtractTest, AFailureIsReportedEndsTheExtractionAndLeavesNoPartialFile)
 {
     folder.Put("out", "a file");
     EXPECT_THAT(Extract(), StartsWith("cannot write " + folder.Path("out").toStdString() + ": "));

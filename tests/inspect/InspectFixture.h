@@ -9,7 +9,7 @@
 
 #include <gmock/gmock.h>
 
-/// A folder, a program, and files packed by hand to look into.
+/// A folder, a program, and files packed by hand for inspection.
 class InspectFixture : public testing::Test
 {
 protected:
@@ -17,7 +17,7 @@ protected:
 
     InspectFixture() : env(folder.Path("program")) {}
 
-    /// A bit of everything: an icon, two languages, a sound, a push image.
+    /// Has something of each kind: an icon, two languages, a sound, a push image.
     static PayloadBuilder Sample(quint32 base = 0)
     {
         return PayloadBuilder()
@@ -30,12 +30,12 @@ protected:
             .Base(base);
     }
 
-    /// Looks into a file: empty, or what is wrong with it.
+    /// Inspects a file. Returns the error, or an empty string.
     std::string Wrong(const Bytes &bytes)
     {
         return InspectBytes(QByteArray::fromStdString(bytes), result).toStdString();
     }
-    /// Looks into a file that is right.
+    /// Inspects a file that has no error.
     const InspectResult &Read(const Bytes &bytes)
     {
         EXPECT_EQ(Wrong(bytes), "");

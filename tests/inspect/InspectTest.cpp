@@ -10,12 +10,12 @@ using testing::Not;
 
 using InspectTest = InspectFixture;
 
-TEST_F(InspectTest, AllThreeKindsOfFileAreToldApartAndReadAlike)
+TEST_F(InspectTest, RecognisesAndReadsAllThreeKindsOfFile)
 {
     const auto packed = [](quint32 base) {
         return ElfBuilder(1).Section(".zp_res", "old").Section(".zp_res", Sample(base).Build()).Build();
     };
-    const auto section = quint32(packed(0).find("AppLogo.img")); // the newest one's place in the file
+    const auto section = quint32(packed(0).find("AppLogo.img")); // the position of the newest section in the file
     const auto dll = [](const Bytes &file) {
         return PayloadBuilder::AppendedTo(file, Sample(quint32(file.size()) + 8).Unpadded().Build());
     };
@@ -37,14 +37,14 @@ TEST_F(InspectTest, AllThreeKindsOfFileAreToldApartAndReadAlike)
     }
 }
 
-TEST_F(InspectTest, WhatIsNoPackedFileIsSaidToBeSo)
+TEST_F(InspectTest, ReportsFilesThatAreNotPacked)
 {
     const Bytes elf = ElfBuilder().Section(".text", "code").Build();
     const auto zpRes = [](quint32 base) { return ElfBuilder().Section(".zp_res", Sample(base).Build()).Build(); };
     for (const auto &[file, text] :
-         {std::pair(Sample(4).Build(), "count from 4, where 0 is wanted"),
-          {zpRes(5), "count from 5, where "},
-          {PayloadBuilder::AppendedTo("123456789", Sample(0).Build()), "where 17 is wanted"},
+         {std::pair(Sample(4).Build(), "count from 4, but 0 is expected"),
+          {zpRes(5), "count from 5, but "},
+          {PayloadBuilder::AppendedTo("123456789", Sample(0).Build()), "but 17 is expected"},
           {elf, "it hasn't been packed"},
           {Bytes(elf).replace(4, 1, "\2"), "not a 32-bit little-endian one"},
           {Bytes(elf).replace(50, 1, "\3"), "whose section table is outside"},
@@ -57,7 +57,7 @@ TEST_F(InspectTest, WhatIsNoPackedFileIsSaidToBeSo)
     EXPECT_NE(InspectFile(u"/dev/zero"_s, result), QString());
 }
 
-TEST_F(InspectTest, EveryCutIsAnErrorAndEveryChangedByteGivesAResultOrOneLine)
+TEST_F(InspectTest, ReportsEveryTruncationAndSurvivesEveryChangedByte)
 {
     const Bytes elf = ElfBuilder().Section(".zp_res", Sample().Build()).Build();
     for (const Bytes &whole : {PayloadBuilder::AppendedTo("123456789", Sample(17).Unpadded().Build()), elf}) {
@@ -72,7 +72,7 @@ TEST_F(InspectTest, EveryCutIsAnErrorAndEveryChangedByteGivesAResultOrOneLine)
     }
 }
 
-TEST_F(InspectTest, EachOffsetAndSizeIsCheckedAndNamed)
+TEST_F(InspectTest, ChecksEveryOffsetAndSizeAndNamesIt)
 {
     const Bytes good = Sample().Build();
     const auto size = quint32(good.size());
@@ -80,27 +80,27 @@ TEST_F(InspectTest, EachOffsetAndSizeIsCheckedAndNamed)
     for (const auto &[at, number, text] :
          {std::tuple(12U, 3U, "the first entry's offset is 3, within the directory of 64 bytes"),
           {16U, size, "entry 0 has offset 64 and size "},
-          {29U, 70U, "entry 1 has offset 70 and size 0, but must lie from 74 to "},
+          {29U, 70U, "entry 1 has offset 70 and size 0, but must be between 74 and "},
           {37U, 0x2D70657AU - 1, "the last entry, 2, isn't named \"zep-2.0\""},
           {49U, 0U, "the block table of 0 bytes doesn't end"},
           {49U, 39U, "the block table of 39 bytes doesn't end"},
-          {80U, 76U, "block record 0 goes from "},
+          {80U, 76U, "block record 0 extends from "},
           {84U, 0xFFFFFFFFU, "block record 1 has the key 0xFFFFFFFF, which ends the table, but 3 follow"},
-          {88U, 0xFFFFFFF0U, "block record 0 goes from "},
-          {112U, size + 1, "block record 3 goes from "},
-          {112U, 220U, "block record 3 goes from 228 to 220, but must lie from 228 to 232"},
+          {88U, 0xFFFFFFF0U, "block record 0 extends from "},
+          {112U, size + 1, "block record 3 extends from "},
+          {112U, 220U, "block record 3 extends from 228 to 220, but must be between 228 and 232"},
           {116U, 0U, "language 0: a string count of 0 doesn't fit"},
           {120U, 0xFFFFFFFFU, "string 0 has the ID 0xFFFFFFFF, which ends the table, but 2 follow"},
-          {124U, 8U, "the string of ID 7 at 8 doesn't begin behind 28"},
-          {132U, 30U, "the string of ID 3 at 30 doesn't begin behind 40"},
+          {124U, 8U, "the string of ID 7 at 8 doesn't begin after 28"},
+          {132U, 30U, "the string of ID 3 at 30 doesn't begin after 40"},
           {136U, 5U, "doesn't end in the ID 0xFFFFFFFF"},
           {140U, 40U, "the string table says it has 40 bytes, but it has 44"}})
         EXPECT_THAT(Wrong(Bytes(good).replace(at, 4, PayloadBuilder::U32({number}))), HasSubstr(text));
 }
 
-TEST_F(InspectTest, TheJsonHasWhatTheFileHas)
+TEST_F(InspectTest, JsonHasTheContentsOfTheFile)
 {
-    // Of two tables of a language, as of two strings of one ID, the first counts.
+    // The first of two tables of a language is used, and the first of two strings with one ID.
     const Bytes file = Sample().Language(12, {{9, u"other"}}).Language(1, {{1, {u'x', 0xD800, u'y'}}}).Build();
     const QByteArray expected = R"({"kind": "res", "base": 0, "entries": [
 {"name": "AppLogo.img", "offset": 64, "size": 10}, {"name": "tune.mid", "offset": 76, "size": 0},
@@ -115,7 +115,7 @@ TEST_F(InspectTest, TheJsonHasWhatTheFileHas)
               wanted.toJson().toStdString());
 }
 
-TEST_F(InspectTest, TheListingIsForReadingKnowsLayoutsAndCannotSteerTheTerminal)
+TEST_F(InspectTest, ListingIsReadableHasLayoutsAndNoControlCharacters)
 {
     const std::string expected = "kind     res, side file\n"
                                  "payload  232 bytes at 0, offsets count from 0\n"
@@ -140,7 +140,7 @@ TEST_F(InspectTest, TheListingIsForReadingKnowsLayoutsAndCannotSteerTheTerminal)
                                  "language 12, 1 strings\n"
                                  "           3  \u4F60\u597D \"\\\\n\U0001F600\n";
     EXPECT_EQ(InspectText(env, Read(Sample().Build())).toStdString(), expected);
-    const Bytes layout = "MLAY\1\x14" + Bytes(2, '\0') + PayloadBuilder::U32({20, 7, 0}); // with its ID, 7
+    const Bytes layout = "MLAY\1\x14" + Bytes(2, '\0') + PayloadBuilder::U32({20, 7, 0}); // its ID is 7
     PayloadBuilder hostile = PayloadBuilder().Entry("\x1B[2J\xC2\x9B\n", "").Language(0, {{1, u"a\u202Eb\u001B"}});
     hostile.Item(7, layout).Item(8, layout).Item(9, "MLAY");
     const std::string text = InspectText(env, Read(hostile.Build())).toStdString();

@@ -25,7 +25,7 @@ QByteArray ErrorsWithin(const QByteArray &definitions)
 
 } // namespace
 
-TEST(CatalogueFile, EveryErrorHasItsLine)
+TEST(CatalogueFile, ReportsEveryErrorWithItsLine)
 {
     EXPECT_EQ(ErrorsWithin("<class name='A' base='Nobody' colour='x'>\n"
                            "<member name='1' type='ZulBool'/>\n"
@@ -38,29 +38,30 @@ TEST(CatalogueFile, EveryErrorHasItsLine)
                            "<enumeration name='E'/> words <class name='B' base='E' excluded='yes'/>\n"
                            "<struct name='S'/><class/>"),
               "c, line 2: <class> has no attribute \"colour\"\n"
-              "c, line 3: \"1\" is no name: letters, digits and \"_\", at most 64, and no digit at the front\n"
+              "c, line 3: \"1\" is not a valid name: a name has at most 64 letters, digits and \"_\", and doesn't "
+              "begin with a digit\n"
               "c, line 4: <member> needs the attribute \"name\"\n"
               "c, line 4: <item> should be <member>\n"
-              "c, line 6: \"pos\" stands twice in \"A\"\n"
-              "c, line 6: <b> can't stand in <member>\n"
-              "c, line 7: no member can be called \"rect\"\n"
-              "c, line 9: \"A\" is defined in line 2 already\n"
+              "c, line 6: \"pos\" occurs twice in \"A\"\n"
+              "c, line 6: <b> is not allowed in <member>\n"
+              "c, line 7: a member can't have the name \"rect\"\n"
+              "c, line 9: \"A\" is already defined in line 2\n"
               "c, line 9: \"ZulBool\" is the name of a built-in type\n"
               "c, line 10: <enumeration> needs an <item>\n"
-              "c, line 1: <catalogue> holds something that is no element\n"
+              "c, line 1: <catalogue> contains something that is not an element\n"
               "c, line 10: \"excluded\" should be \"true\" or \"false\"\n"
               "c, line 11: <struct> should be <class>, <structure> or <enumeration>\n"
               "c, line 11: <class> needs the attribute \"name\"\n"
               "c, line 2: unknown base \"Nobody\"\n"
               "c, line 5: unknown type \"ZulPiont\"\n"
-              "c, line 10: the base \"E\" is no class");
+              "c, line 10: the base \"E\" is not a class");
 }
 
-TEST(CatalogueFile, TheRootIsChecked)
+TEST(CatalogueFile, ChecksTheRoot)
 {
-    EXPECT_EQ(ErrorsOf(""), "c, line 1: this is no well-formed XML: Error document empty.");
+    EXPECT_EQ(ErrorsOf(""), "c, line 1: this is not well-formed XML: Error document empty.");
     EXPECT_TRUE(ErrorsOf("<catalogue version='1'>\n\n<class name=></catalogue>")
-                    .startsWith("c, line 3: this is no well-formed"));
+                    .startsWith("c, line 3: this is not well-formed"));
     EXPECT_EQ(ErrorsOf("<!-- -->\n<catalog version='1'/>"), "c, line 2: <catalog> should be <catalogue>");
     EXPECT_EQ(ErrorsOf("<catalogue/>"), "c, line 1: the catalogue's version should be \"1\"");
     EXPECT_EQ(ErrorsOf("<catalogue version='1'/>\n<catalogue/>"),
@@ -69,18 +70,18 @@ TEST(CatalogueFile, TheRootIsChecked)
     EXPECT_EQ(ErrorsOf("<catalogue version='1'/>"), "");
 }
 
-TEST(CatalogueFile, NothingHoldsItself)
+TEST(CatalogueFile, RefusesTypesThatContainThemselves)
 {
     EXPECT_EQ(ErrorsWithin("<structure name='A'>\n<member name='a' type='A'/></structure>"),
-              "c, line 3: \"A\" holds or derives from itself");
+              "c, line 3: \"A\" contains itself or derives from itself");
     EXPECT_EQ(ErrorsWithin("<structure name='A'><member name='b' type='B'/></structure>\n"
                            "<structure name='B'>\n<member name='c' type='C'/></structure>\n"
                            "<class name='C' base='D'/>\n<class name='D'><member name='a' type='A'/></class>"),
-              "c, line 6: \"A\" holds or derives from itself by way of \"D\"");
-    EXPECT_EQ(ErrorsWithin("<class name='A' base='A'/>"), "c, line 2: \"A\" holds or derives from itself");
+              "c, line 6: \"A\" contains itself or derives from itself through \"D\"");
+    EXPECT_EQ(ErrorsWithin("<class name='A' base='A'/>"), "c, line 2: \"A\" contains itself or derives from itself");
 }
 
-TEST(CatalogueFile, TypesThatGrowWithoutEndAreRefused)
+TEST(CatalogueFile, RefusesTypesThatGrowWithoutLimit)
 {
     const auto chain = [](int length, int width, const char *last) {
         QByteArray text;
@@ -95,16 +96,16 @@ TEST(CatalogueFile, TypesThatGrowWithoutEndAreRefused)
     };
     EXPECT_EQ(ErrorsWithin(chain(DEEPEST_TYPE, 1, "ZulBool")), "");
     EXPECT_EQ(ErrorsWithin(chain(DEEPEST_TYPE + 1, 1, "ZulBool")),
-              "c, line 33: \"S31\" nests more than 32 deep, bases counted too");
+              "c, line 33: \"S31\" is nested more than 32 levels deep, including its bases");
     EXPECT_EQ(ErrorsWithin(chain(30, 2, "ZulBool")),
-              "c, line 23: \"S21\" has more than 1000 values, with those of its base and members");
+              "c, line 23: \"S21\" has more than 1000 values, including those of its base and members");
     EXPECT_EQ(ErrorsWithin(chain(1, 1000, "ZulBool")), "");
     EXPECT_EQ(ErrorsWithin(chain(1, 1001, "ZulBool")).count('\n'), 0);
-    // Long, wide and wrong, but read in no time.
+    // Long, wide and invalid, but read quickly.
     EXPECT_EQ(ErrorsWithin(chain(40'000, 1, "Nobody")).count('\n'), 1000);
     EXPECT_TRUE(ErrorsWithin(chain(20, 1000, "ZulBool")).contains("more than 1000 values"));
 
-    // What the reader takes, an object has whole.
+    // Objects have all members that the reader accepts.
     TestCatalogue deepest(chain(DEEPEST_TYPE, 1, "ZulBool"));
     const auto object = CreateType(deepest, {}, "S0");
     const CZulType *value = object.get();
@@ -115,7 +116,7 @@ TEST(CatalogueFile, TypesThatGrowWithoutEndAreRefused)
     EXPECT_EQ(value->GetTypeId(), TYPE_BOOL);
 }
 
-TEST(CatalogueFile, TheShippedOneAndThatOfTheDocumentAreFine)
+TEST(CatalogueFile, AcceptsTheShippedAndTheDocumentedCatalogue)
 {
     const Environment env(QStringLiteral("/nonexistent"));
     ClassCatalogue catalogue;

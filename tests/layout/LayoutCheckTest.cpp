@@ -26,7 +26,7 @@ QByteArray Findings(const ClassCatalogue &catalogue, const QByteArray &text)
 
 } // namespace
 
-TEST(LayoutCheck, TellsWhatTheCatalogueDoesNotKnow)
+TEST(LayoutCheck, ReportsNamesUnknownToTheCatalogue)
 {
     const TestCatalogue catalogue(R"(
         <enumeration name="Align"><item name="left"/></enumeration>
@@ -53,45 +53,46 @@ TEST(LayoutCheck, TellsWhatTheCatalogueDoesNotKnow)
 <Layout id="C"><Button prop="x" wait="soon" any="ID_F" images="(@ID_I,0,0,0) "/></Layout>
 </TarvoXML>)xml";
     EXPECT_EQ(Findings(catalogue, wrong),
-              "2: the value \"1,2\" of \"pos\" is no ZulPoint\n"
+              "2: the value \"1,2\" of \"pos\" is not of the type ZulPoint\n"
               "2: \"Label\" has no property \"colour\"\n"
-              "2: the value \"right\" of \"align\" is no Align\n"
-              "2: \"ID_I\" is no string\n"
+              "2: the value \"right\" of \"align\" is not of the type Align\n"
+              "2: \"ID_I\" is not a string\n"
               "3: unknown class \"Lable\"\n"
-              "3: \"Insets\" is no class\n"
-              "4: the name \"n\" stands in line 3 already\n"
-              "4: the name \"n\" stands in line 3 already\n"
-              "4: the name \"n\" stands in line 3 already\n"
-              "5: \"ID_S\" is no image\n"
+              "3: \"Insets\" is not a class\n"
+              "4: the name \"n\" is already used in line 3\n"
+              "4: the name \"n\" is already used in line 3\n"
+              "4: the name \"n\" is already used in line 3\n"
+              "5: \"ID_S\" is not an image\n"
               "5: no resource has the ID \"ID_X\"\n"
               "5: no resource has the ID \"ID_X\"\n"
-              "5: the value \"@ID_I\" of \"images\" is no ZrpStateImage\n"
-              "5: the property \"insets\" is an element <Insets>, no attribute\n"
+              "5: the value \"@ID_I\" of \"images\" is not of the type ZrpStateImage\n"
+              "5: the property \"insets\" must be an element <Insets>, not an attribute\n"
               "6: \"Label\" has no property \"inset\"\n"
-              "6: \"Insets\" is no class\n"
-              "7: the value \"x\" of \"left\" is no ZulS32\n"
-              "7: no component can stand in the structure \"Insets\"\n"
-              "7: the property \"insets\" stands twice\n"
-              "7: the property \"align\" is an attribute, no element\n"
+              "6: \"Insets\" is not a class\n"
+              "7: the value \"x\" of \"left\" is not of the type ZulS32\n"
+              "7: the structure \"Insets\" can't contain components\n"
+              "7: the property \"insets\" occurs twice\n"
+              "7: the property \"align\" must be an attribute, not an element\n"
               "8: <Label> should be <Insets>, the type of \"insets\"\n"
-              "9: the layout \"a\" stands twice, small and capital letters being the same\n"
+              "9: the layout \"a\" occurs twice; upper and lower case don't make a difference\n"
               "9: <Layout> needs the attribute \"id\"\n"
               "9: <Screen> should be <Layout>\n"
-              "10: \"a b\" is no ID: letters, digits and \"_\", at most 64, no digit in front\n"
-              "10: the ID \"ID_S\" is that of another resource\n"
-              "11: a component of the layout itself is no property \"x\"\n"
-              "11: the value \"soon\" of \"wait\" is no ZulMsec\n"
-              "11: \"ID_F\" is no reference: \"@\" and an ID, or 0 for none\n"
-              "11: the value \"(@ID_I,0,0,0) \" of \"images\" is no ZrpStateImage\n");
+              "10: \"a b\" is not a valid ID: an ID has at most 64 letters, digits and \"_\", and doesn't begin with a "
+              "digit\n"
+              "10: another resource has the ID \"ID_S\"\n"
+              "11: a component directly in the layout can't be the value of a property (\"x\")\n"
+              "11: the value \"soon\" of \"wait\" is not of the type ZulMsec\n"
+              "11: \"ID_F\" is not a reference: a reference is \"@\" and an ID, or 0 for none\n"
+              "11: the value \"(@ID_I,0,0,0) \" of \"images\" is not of the type ZrpStateImage\n");
 }
 
-TEST(LayoutCheck, WithoutACatalogueNamesAndReferencesAreLeft)
+TEST(LayoutCheck, WithoutACatalogueChecksOnlyNamesAndReferences)
 {
     const TestCatalogue catalogue;
     const QByteArray unknown = R"xml(<TarvoXML><Layout id="A"><Any name="x" a="@ID_X" b="5"><Other name="x" prop="p"/>
 <Other c="@ID_F"/></Any></Layout></TarvoXML>)xml";
-    EXPECT_EQ(Findings(catalogue, unknown),
-              "1: no resource has the ID \"ID_X\"\n1: the name \"x\" stands in line 1 already\n");
+    EXPECT_EQ(Findings(catalogue, unknown), "1: no resource has the ID \"ID_X\"\n"
+                                            "1: the name \"x\" is already used in line 1\n");
     EXPECT_EQ(Findings(catalogue, "\n<Root/>"), "2: <Root> should be <TarvoXML>\n");
     const Environment env(QStringLiteral("/nonexistent"));
     const auto findings = CheckLayoutFile(env, QStringLiteral("/nonexistent/l.xml"), catalogue, {});

@@ -9,7 +9,7 @@ namespace
 
 struct LayoutFile : testing::Test
 {
-    /// Loads a text as a file. The object of before is gone.
+    /// Loads a text as a file. Destroys the object of the previous call.
     int Load(const QByteArray &text)
     {
         file.emplace(env, pool, 3);
@@ -18,7 +18,7 @@ struct LayoutFile : testing::Test
         return file->Load(program.folder.Path("in.xml").toUtf8());
     }
 
-    /// The developer's log without the lines that every load begins with.
+    /// Returns the developer's log without the lines at the start of every load.
     [[nodiscard]] QByteArray Trace() const
     {
         const QByteArray start = "Parsing Layout xml file: " + program.folder.Path("in.xml").toUtf8() +
@@ -43,7 +43,7 @@ struct LayoutFile : testing::Test
 
 } // namespace
 
-TEST_F(LayoutFile, IsReadIntoComponentsAndWrittenInItsForm)
+TEST_F(LayoutFile, IsReadIntoComponentsAndWrittenInItsFormat)
 {
     ASSERT_EQ(
         Load("<?xml version='1.0'?><!-- old --><TarvoXML version='1'>text<!-- x --><Layout id='ID_A' more='1'>"
@@ -88,7 +88,7 @@ TEST_F(LayoutFile, KeepsTheCodePage)
     EXPECT_TRUE(Saved().contains("<A\xd6\xd0 b=\"\xd6\xd0\" name=\"\xce\xc4\" />"));
 }
 
-TEST_F(LayoutFile, EachFaultHasItsCodeAndItsWords)
+TEST_F(LayoutFile, ReportsEachFaultWithItsCodeAndMessage)
 {
     struct Case
     {
@@ -119,10 +119,10 @@ TEST_F(LayoutFile, EachFaultHasItsCodeAndItsWords)
     EXPECT_TRUE(file.emplace(env, pool, 3).Load("missing.xml") == -1 && failed()) << program.trace.constData();
     EXPECT_EQ(file->Load({}), -1);
     file.reset();
-    EXPECT_TRUE(pool.IsEmpty()) << "the IDs go with the file";
+    EXPECT_TRUE(pool.IsEmpty()) << "the IDs are destroyed with the file";
 }
 
-TEST_F(LayoutFile, NothingIsWrittenThatCouldNotBeReadAgain)
+TEST_F(LayoutFile, WritesNothingThatCannotBeReadBack)
 {
     const QByteArray text = "<TarvoXML><Layout id='A'><B c='1'/></Layout></TarvoXML>";
     ASSERT_EQ(Load(text), 0);
@@ -146,9 +146,9 @@ TEST_F(LayoutFile, NothingIsWrittenThatCouldNotBeReadAgain)
         b.AddAttribute("c" + QByteArray::number(i), "");
     fails();
     b.attributes.pop_back();
-    b.AddAttribute("c5", "last"); // of two of a name the last counts, in the place of the first
+    b.AddAttribute("c5", "last"); // of two attributes with one name the last value is used, in the place of the first
     ComponentObject *deepest = &b;
-    for (int depth = 4; depth <= 257; ++depth) // the root, the layout and B are the first three
+    for (int depth = 4; depth <= 257; ++depth) // the root, the layout and B are levels 1 to 3
         deepest = deepest->children.emplace_back(Component("D")).get();
     EXPECT_TRUE(Saved().contains(" c4=\"\" c5=\"last\" c6=\"\" "));
     deepest->children.push_back(Component("D"));
@@ -178,7 +178,7 @@ TEST_F(LayoutFile, HasOneLayoutForAnId)
     EXPECT_TRUE(file->All().empty() && pool.IsEmpty());
 }
 
-TEST_F(LayoutFile, TextsThatTheCodePageDoesNotKeepAreNoted)
+TEST_F(LayoutFile, ReportsTextsThatTheCodePageCannotHold)
 {
     ASSERT_EQ(Load("<TarvoXML><Layout id='ID_A'>\n<Panel name='M\xE4"
                    "dchen' text='\xC3\xA4'/></Layout></TarvoXML>"),

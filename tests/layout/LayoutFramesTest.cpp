@@ -72,7 +72,7 @@ void CheckEntries(const PreviewEntries &entries)
     }
     const qint32 x = *rc::gen::inRange(-50, 100);
     const qint32 y = *rc::gen::inRange(-50, 100);
-    std::vector<const PreviewEntry *> hits; // from the top
+    std::vector<const PreviewEntry *> hits; // topmost first
     for (const PreviewEntry &entry : entries) {
         const PreviewRect &r = entry.rect;
         if (r.left <= x && x < r.right && r.top <= y && y < r.bottom)
@@ -86,14 +86,14 @@ void CheckEntries(const PreviewEntries &entries)
 
 } // namespace
 
-TEST(LayoutFrames, FollowFromTheNearestClassThatHasTheProperties)
+TEST(LayoutFrames, ComeFromTheNearestClassThatHasTheProperties)
 {
     constexpr quint32 NONE = FRAME_NO_PROPERTY;
     constexpr quint32 UNSET = FRAME_NO_VALUE;
     const struct
     {
         const char *className, *pos, *size, *anchor, *color;
-        PreviewRect rect; // in a parent whose corner is at (1000, 2000)
+        PreviewRect rect; // for a parent whose corner is at (1000, 2000)
         quint32 background, border;
     } rows[] = {
         {"Panel", "(10,20)", "(100,50)", "(0.5,0.5)", "#010203", {960, 1995, 1060, 2045}, 0x030201, UNSET},
@@ -108,7 +108,7 @@ TEST(LayoutFrames, FollowFromTheNearestClassThatHasTheProperties)
          {1000, MIN, MAX, MIN + 2000},
          UNSET,
          UNSET},
-        // The position of the class itself has no anchor beside it: the one of the base, which isn't set, counts.
+        // The class has a position without an anchor beside it, so the position of the base is used, which isn't set.
         {"Painted", "(10,20)", "(100,50)", "(0,0)", "#010203", {1000, 2000, 1100, 2050}, 0x030201, 7},
         {"Sizeless", "(10,20)", "(100,50)", "(0,0)", nullptr, {1000, 2000, 1000, 2000}, UNSET, 7},
         {"Other", "(10,20)", "(100,50)", nullptr, "3", {1000, 2000, 1000, 2000}, NONE, 7},
@@ -137,7 +137,7 @@ TEST(LayoutFrames, FollowFromTheNearestClassThatHasTheProperties)
     }
 }
 
-TEST(LayoutFrames, AreThoseOfEachComponentAloneWhateverHasChanged)
+TEST(LayoutFrames, MatchASeparateComputationAfterAnyChange)
 {
     EXPECT_TRUE(rc::check([] {
         World world;
@@ -163,12 +163,12 @@ TEST(LayoutFrames, AreThoseOfEachComponentAloneWhateverHasChanged)
     }));
 }
 
-TEST(LayoutFrames, KeepTheirPlaceInComponentsThatAreOutOfRange)
+TEST(LayoutFrames, KeepTheirPlaceInParentsOutOfRange)
 {
     World world;
     auto chain = Component("Panel", {{"pos", "(5,6)"}, {"size", "(1,1)"}});
     for (int i = 0; i < 500; ++i) {
-        const NarrowText corner = i % 2 == 0 ? Pair(MIN, MAX) : Pair(MAX, MIN); // two of them move by (-1, -1)
+        const NarrowText corner = i % 2 == 0 ? Pair(MIN, MAX) : Pair(MAX, MIN); // each pair of them moves by (-1, -1)
         chain = Component("Panel", {{"pos", corner}, {"size", "(1,1)"}}, std::move(chain));
     }
     world.layout->AddComponent(world.catalogue.env, std::move(chain));

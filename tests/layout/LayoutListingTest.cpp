@@ -7,7 +7,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(LayoutListing, JsonIsThatOfTheUsualPrinterButForTheOrderOfProperties)
+TEST(LayoutListing, JsonMatchesTheStandardPrinterExceptForTheOrderOfProperties)
 {
     TestModel model;
     model.folder.Put("screens.xml",

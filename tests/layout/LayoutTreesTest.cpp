@@ -17,7 +17,7 @@ const char DEFINITIONS[] = "<structure name='Insets'><member name='left' type='Z
 
 using Objects = std::vector<CZulClass *>;
 
-/// The objects and all below them, depth first.
+/// Returns the objects and all their descendants, depth first.
 Objects AllOf(const std::vector<std::unique_ptr<CZulClass>> &objects)
 {
     Objects all;
@@ -36,8 +36,8 @@ bool LiesIn(const CZulClass *object, const CZulClass *other)
     return object;
 }
 
-/// Checks that the typed objects lie over the components place by place, and each value over its attribute. Of a class
-/// that isn't known only what was put into it later has objects.
+/// Checks that the typed objects match the components one to one, and each value its attribute. Below an unknown class
+/// only components that were added later have objects.
 void CheckStep(const std::vector<std::unique_ptr<CZulClass>> &objects,
                const std::vector<std::unique_ptr<ComponentObject>> &components, const CZulClass *parent)
 {
@@ -45,7 +45,7 @@ void CheckStep(const std::vector<std::unique_ptr<CZulClass>> &objects,
     size_t place = 0;
     for (const auto &component : components) {
         if (!component->GetAttribute("prop").isEmpty())
-            continue; // a value's own component
+            continue; // the component of a value
         if (!isKnown && (place == objects.size() || objects[place]->component != component.get()))
             continue;
         RC_ASSERT(place < objects.size());
@@ -93,7 +93,7 @@ struct Editor
                                                   Component("Panel", {{"pos", "(1,2)"}}))));
         } else if (action == 1) {
             CZulClass *const object = any();
-            RC_ASSERT(!object->DeleteSubComponent(object)); // it doesn't lie in itself
+            RC_ASSERT(!object->DeleteSubComponent(object)); // it isn't a child of itself
             if (object->parent)
                 RC_ASSERT(object->parent->DeleteSubComponent(object));
             else
@@ -115,7 +115,7 @@ struct Editor
         }
     }
 
-    /// Compares the search by name with a walk, for the names that Step gives and for the empty one.
+    /// Compares the search by name with a walk over the tree, for the names of Step and for the empty one.
     void CheckNames() const
     {
         const Objects all = AllOf(res->Components());
@@ -154,7 +154,7 @@ struct Editor
 
 } // namespace
 
-TEST(LayoutTrees, StayInStepWhateverIsDoneAndComeBackFromTheFile)
+TEST(LayoutTrees, StayConsistentAfterAnyOperationAndReload)
 {
     EXPECT_TRUE(rc::check([] {
         Editor editor;
@@ -178,7 +178,7 @@ TEST(LayoutTrees, StayInStepWhateverIsDoneAndComeBackFromTheFile)
     }));
 }
 
-TEST(LayoutRes, GoesWithItsLayoutAndTheLastGoesWithTheFile)
+TEST(LayoutRes, IsDeletedWithItsLayoutAndTheLastWithTheFile)
 {
     TestCatalogue catalogue(DEFINITIONS);
     TestModel model;
@@ -188,9 +188,9 @@ TEST(LayoutRes, GoesWithItsLayoutAndTheLastGoesWithTheFile)
     ASSERT_EQ(file->Load(model.folder.Path("in.xml").toUtf8()), 0);
     auto a = CLayoutRes::Create(file, file->Find(model.ids.FindName("ID_A")), catalogue);
     auto b = CLayoutRes::Create(file, file->Find(model.ids.FindName("ID_B")), catalogue);
-    ASSERT_TRUE(a && b) << "what isn't a class below the top level stays in the file alone";
+    ASSERT_TRUE(a && b) << "a component without a class below the top level exists only in the file";
     EXPECT_EQ(CLayoutRes::Create(file, file->Find(model.ids.FindName("ID_C")), catalogue), nullptr);
-    EXPECT_EQ(file->All().size(), 2U) << "it is gone from the file";
+    EXPECT_EQ(file->All().size(), 2U) << "it was removed from the file";
     EXPECT_EQ(CLayoutRes::CreateEmpty(a->Id(), file, catalogue), nullptr);
     EXPECT_EQ(CLayoutRes::Create(file, nullptr, catalogue), nullptr);
 

@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-/// A catalogue made of a text, and components to lay its types over.
+/// A catalogue that is read from a text, and components to bind its types to.
 struct TestCatalogue : ClassCatalogue
 {
     TestCatalogue() = default;
@@ -19,7 +19,7 @@ struct TestCatalogue : ClassCatalogue
             << CatalogueErrors(errors).join(u'\n').toStdString();
     }
 
-    /// A class by hand, past the checks of the reader.
+    /// Adds a class directly, without the checks of the reader.
     ClassDescriptor &Add(const NarrowText &name, std::vector<ClassDescriptor::Item> items, const NarrowText &base = {},
                          qint32 kind = CLASS_CLASS)
     {
@@ -55,7 +55,7 @@ std::unique_ptr<ComponentObject> Component(const NarrowText &className,
     return component;
 }
 
-/// The component as a text: class, attributes, and what is in it.
+/// Returns the component as a text: class, attributes, and children.
 inline QByteArray Dump(const ComponentObject &component)
 {
     QByteArray text = component.className;

@@ -30,7 +30,7 @@ qint32 IdOf(const CZulType *object)
 
 } // namespace
 
-TEST_F(ZulType, ObjectsAreMadeByTheNameOfTheirType)
+TEST_F(ZulType, CreatesObjectsByTypeName)
 {
     const std::pair<const char *, qint32> types[] = {
         {"ZulBool", 257},   {"ZulFloat", 258}, {"ZulS32", 259},     {"ZulU32", 260},      {"ZulId", 260},
@@ -50,7 +50,7 @@ TEST_F(ZulType, ObjectsAreMadeByTheNameOfTheirType)
     EXPECT_EQ(CreateType(catalogue, {}, "Odd"), nullptr);
 }
 
-TEST_F(ZulType, ADerivedMemberHidesThatOfTheBaseAndAllStoreInOneComponent)
+TEST_F(ZulType, ADerivedMemberHidesTheBaseMemberAndAllUseOneComponent)
 {
     const auto component =
         Component("Button", {{"align", "right"}, {"unknown", "x"}, {"text", "@ID_A"}, {"pos", "(1,2"}});
@@ -66,11 +66,11 @@ TEST_F(ZulType, ADerivedMemberHidesThatOfTheBaseAndAllStoreInOneComponent)
     EXPECT_EQ(button->FindMember("unknown"), nullptr);
     const QByteArray before = Dump(*component);
     EXPECT_EQ(before, "Button align=right unknown=x text=@ID_A pos=(1,2");
-    Set(*button->super->super, "text", "5"); // the one that is hidden
+    Set(*button->super->super, "text", "5"); // the hidden member
     EXPECT_EQ(Dump(*component), before + " text=5");
 }
 
-TEST_F(ZulType, AStructureHasNoTraceUntilAValueIsSetBelowIt)
+TEST_F(ZulType, CreatesAStructureWhenAMemberIsSet)
 {
     const auto component = Component("Label");
     const auto label = catalogue.Bound(*component);
@@ -96,10 +96,10 @@ TEST_F(ZulType, ChildrenAreMembersOrSubComponents)
 {
     const auto component =
         Component("Label", {{"prop", "given"}},                                 //
-                  Component("Insets", {{"prop", "text"}}),                      // that is no composite
-                  Component("Label", {{"prop", "nothing"}, {"align", "left"}}), // no such member
-                  Component("ZulBool"),                                         // no class
-                  Component("Frame", {{"prop", "frame"}}), Component("Frame", {{"prop", "frame"}}), // a second time
+                  Component("Insets", {{"prop", "text"}}),                      // not a composite type
+                  Component("Label", {{"prop", "nothing"}, {"align", "left"}}), // no member has this name
+                  Component("ZulBool"),                                         // not a class
+                  Component("Frame", {{"prop", "frame"}}), Component("Frame", {{"prop", "frame"}}), // appears twice
                   Component("Stranger", {{"align", "left"}}, Component("Label")), Component(""));
     const auto label = catalogue.Bound(*component);
     EXPECT_EQ(label->propName, "given");
@@ -110,7 +110,7 @@ TEST_F(ZulType, ChildrenAreMembersOrSubComponents)
     EXPECT_EQ(first.propName, "nothing");
     EXPECT_EQ(Shown(first, "align"), "left");
     EXPECT_EQ(label->subComponents[1]->typeName, "Stranger");
-    EXPECT_TRUE(label->subComponents[1]->subComponents.empty()) << "nothing is known of it";
+    EXPECT_TRUE(label->subComponents[1]->subComponents.empty()) << "it is unknown";
     EXPECT_EQ(static_cast<CZulCustom &>(*label->FindMember("frame")).component, component->children[3].get());
 
     EXPECT_FALSE(BindComponent(*label, component.get())) << "it is bound";
@@ -118,7 +118,7 @@ TEST_F(ZulType, ChildrenAreMembersOrSubComponents)
     EXPECT_FALSE(BindComponent(static_cast<CZulCustom &>(*other), component.get())) << "it is a Label";
 }
 
-TEST_F(ZulType, AStateImageIsOneText)
+TEST_F(ZulType, StoresAStateImageAsOneText)
 {
     const auto shown = [](const CZulCustom &images) {
         return Shown(images, "normalId") + '|' + Shown(images, "pressedId") + '|' + Shown(images, "disabledId") + '|' +
@@ -149,7 +149,7 @@ TEST_F(ZulType, AStateImageIsOneText)
     const auto component = Component("Button");
     const auto button = catalogue.Bound(*component);
     auto &images = static_cast<CZulStateImg &>(*button->FindMember("images"));
-    Set(images, "highlightId", "0"); // as it is
+    Set(images, "highlightId", "0"); // the current value
     EXPECT_EQ(Dump(*component), "Button");
     IDPool pool;
     IDRecord *const id = pool.Allocate("ID_X", ANY_RESOLUTION);
@@ -159,7 +159,7 @@ TEST_F(ZulType, AStateImageIsOneText)
     EXPECT_EQ(images.AttributeForMember(button.get()), nullptr);
 }
 
-TEST_F(ZulType, AStateImageThatCameAsAComponentWritesNoAttributeWithoutAName)
+TEST_F(ZulType, AStateImageReadAsAComponentWritesNoUnnamedAttribute)
 {
     const auto component = Component("Button", {}, Component("ZrpStateImage", {{"prop", "images"}}));
     const auto button = catalogue.Bound(*component);
@@ -178,7 +178,7 @@ TEST_F(ZulType, WithoutACatalogueAnyNameIsAnEmptyClass)
     EXPECT_FALSE(CZulEnum(nullptr).IsValid(""));
 }
 
-TEST(HandMadeCatalogue, ATypeThatHoldsItselfIsCutOff)
+TEST(HandMadeCatalogue, StopsAtATypeThatContainsItself)
 {
     TestCatalogue catalogue;
     catalogue.Add("Self", {{"a", "ZulBool"}, {"self", "Self"}, {"a", "ZulS32"}});
@@ -186,7 +186,7 @@ TEST(HandMadeCatalogue, ATypeThatHoldsItselfIsCutOff)
     ASSERT_EQ(static_cast<CZulClass &>(*self).Members().size(), 1U);
     EXPECT_EQ(static_cast<CZulClass &>(*self).Members()[0]->GetTypeId(), TYPE_BOOL);
 
-    // Each holds two of the other, and derives from it.
+    // Each has two members of the other type, and is derived from it.
     catalogue.Add("Egg", {{"x", "Hen"}, {"y", "Hen"}, {"z", "ZulBool"}}, "Hen");
     catalogue.Add("Hen", {{"x", "Egg"}, {"y", "Egg"}}, "Egg");
     const auto egg = CreateType(catalogue, {}, "Egg");
@@ -200,7 +200,7 @@ TEST(HandMadeCatalogue, ATypeThatHoldsItselfIsCutOff)
     EXPECT_FALSE(static_cast<CZulClass &>(*derived).FindMember("v33"));
 }
 
-TEST(HandMadeCatalogue, TheFirstEntryOfANameCountsInASmallOneAndInALargeOne)
+TEST(HandMadeCatalogue, UsesTheFirstEntryOfANameInSmallAndLargeCatalogues)
 {
     TestCatalogue catalogue;
     catalogue.Add("E", {}, {}, CLASS_ENUMERATION);

@@ -10,7 +10,7 @@
 namespace
 {
 
-/// A value of a type, with an attribute of its own.
+/// A value of a type, with its own attribute.
 struct Value
 {
     explicit Value(const NarrowText &type, const NarrowText &text = {})
@@ -36,7 +36,7 @@ bool IsValid(const NarrowText &type, const NarrowText &text)
     return Value(type).base.IsValid(text);
 }
 
-/// Texts that are nearly values: pieces of formats and numbers at the ends of the ranges.
+/// Returns texts that are almost values: parts of formats, and numbers at the limits of the ranges.
 rc::Gen<QByteArray> NearlyValues()
 {
     using Texts = std::vector<std::string>;
@@ -47,7 +47,7 @@ rc::Gen<QByteArray> NearlyValues()
          {2, rc::gen::element<std::string>("2147483647", "2147483648", "-2147483648", "-2147483649", "4294967296",
                                            "9223372036854775807", "9223372036854775808", "-99999999999999999999",
                                            "2147483", "2147484", "0", "00", "nan", "1e39", "FF", "8a")}});
-    // A whole value with one piece in the place of another reaches further than loose ones.
+    // A complete value with one part replaced gets further in the parser than random parts.
     const auto whole = rc::gen::apply(
         [](Texts pieces, size_t place, const std::string &other, int replacements) {
             for (int i = 0; i < replacements; ++i)
@@ -66,7 +66,7 @@ rc::Gen<QByteArray> NearlyValues()
 
 } // namespace
 
-TEST(ZulValues, WhatIsAcceptedParsesToWhatIsPrinted)
+TEST(ZulValues, AcceptedTextsParseToThePrintedValue)
 {
     for (const NarrowText type : {"ZulBool", "ZulFloat", "ZulS32", "ZulU32", "ZulMsec", "ZulColor", "ZulPoint",
                                   "ZulFPoint", "ZulSize", "ZulRect", "ZulResId"}) {
@@ -81,7 +81,7 @@ TEST(ZulValues, WhatIsAcceptedParsesToWhatIsPrinted)
                 shown = '(' + shown + ')';
             RC_ASSERT(value.base.IsValid(shown) || shown.contains("nan") || shown.contains("inf"));
             RC_ASSERT(Value(type).After(shown) == value.base.GetText());
-            // What was stored reads back as the same value.
+            // The stored text reads back as the same value.
             const Value second(type, value.record.value);
             RC_ASSERT(second.base.GetText() == value.base.GetText());
             RC_ASSERT(second.record.value == value.record.value);
@@ -89,8 +89,8 @@ TEST(ZulValues, WhatIsAcceptedParsesToWhatIsPrinted)
     }
 }
 
-/// The scans are those of the C library, where that says what they do.
-TEST(ZulValues, ScansAsScanfDoes)
+/// The results are those of scanf of the C library, where its standard defines them.
+TEST(ZulValues, ParsesLikeScanf)
 {
     EXPECT_TRUE(rc::check([] {
         const QByteArray text = *NearlyValues();
@@ -124,7 +124,7 @@ TEST(ZulValues, ScansAsScanfDoes)
     }));
 }
 
-TEST(ZulValues, EachTypeHasItsOwnRules)
+TEST(ZulValues, ChecksTextsByTheRulesOfTheirType)
 {
     const struct
     {
@@ -158,7 +158,7 @@ TEST(ZulValues, EachTypeHasItsOwnRules)
     }
 }
 
-TEST(ZulValues, AnyTextIsStoredAndShownAsItsValue)
+TEST(ZulValues, StoresAndShowsAnyTextAsItsValue)
 {
     const struct
     {
@@ -187,12 +187,12 @@ TEST(ZulValues, AnyTextIsStoredAndShownAsItsValue)
         EXPECT_EQ(Value(type).After(text), shown) << type << ' ' << text;
         EXPECT_EQ(Value(type, text).record.value, text);
     }
-    // What isn't reached stays.
+    // Members after the error keep their values.
     EXPECT_EQ(Value("ZulMsec", "7ms").After("later"), "7ms");
     EXPECT_EQ(Value("ZulPoint", "(1,2)").After("(9,x)"), "(9, 2)");
 }
 
-TEST(ZulValues, ColorsAreStoredInOneForm)
+TEST(ZulValues, StoresColorsInOneForm)
 {
     const struct
     {

@@ -10,7 +10,7 @@
 namespace
 {
 
-/// What a pool has to do, in the plainest way: a list that is searched from its front, where the sentinel is.
+/// A simple model of the pool: a list that is searched from the front, where the sentinel is.
 struct PlainPool : std::vector<IDRecord *>
 {
     [[nodiscard]] IDRecord *Find(const NarrowText &name, std::optional<int> scope) const
@@ -42,7 +42,7 @@ void ExpectEqual(IDPool &pool, const PlainPool &plain)
 
 } // namespace
 
-TEST(IDPool, DoesWhatAPlainListDoesThroughThousandsOfSteps)
+TEST(IDPool, MatchesAPlainListOverThousandsOfRandomSteps)
 {
     std::mt19937 random(1);
     const auto pick = [&](size_t count) { return size_t(random() % count); };
@@ -67,7 +67,7 @@ TEST(IDPool, DoesWhatAPlainListDoesThroughThousandsOfSteps)
                 ASSERT_EQ(old->name, expected);
             } else if (old != &pool.sentinel) {
                 old->AddRef();
-                old->Release(); // one holder is left: it stays
+                old->Release(); // one reference remains, so the record remains
                 ASSERT_NO_FATAL_FAILURE(ExpectEqual(pool, plain));
                 old->Release();
                 std::erase(plain, old);

@@ -3,7 +3,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(ResFolder, EachChangeOfItsListsIsToldOnceAndWhatLiesElsewhereCannotBeDeleted)
+TEST(ResFolder, ReportsEachChangeOnceAndDeletesOnlyItsOwnNodes)
 {
     TestModel model;
     CountingObserver watch;
@@ -16,15 +16,15 @@ TEST(ResFolder, EachChangeOfItsListsIsToldOnceAndWhatLiesElsewhereCannotBeDelete
     CBaseRes *const stranger = other.resources.First();
     folder.InsertResourceBefore(model.CreateFileRes("C", ANY_RESOLUTION), b);
     folder.InsertResourceBefore(model.CreateFileRes("D", ANY_RESOLUTION), stranger);
-    EXPECT_EQ(NamesIn(folder), "A C B D") << "a place that isn't in the list means its end";
+    EXPECT_EQ(NamesIn(folder), "A C B D") << "a position outside the list means its end";
     EXPECT_TRUE(folder.FindResource("B") == b && folder.FindResource(b->Id()) == b && !folder.FindResource("X"));
     EXPECT_FALSE(folder.DeleteResource(stranger) || folder.DeleteResource(stranger->Id()));
     EXPECT_FALSE(folder.DeleteResource(static_cast<CBaseRes *>(nullptr)) || folder.DeleteFolder(&other));
-    EXPECT_EQ(watch.changed, 2) << "insertions and vain deletions tell nobody";
+    EXPECT_EQ(watch.changed, 2) << "insertions and failed deletions send no notification";
 
     EXPECT_TRUE(folder.DeleteResource(folder.resources.First()) && folder.DeleteResource(b->Id()));
     EXPECT_EQ(watch.changed, 4);
-    EXPECT_EQ(model.ids.FindName("A"), nullptr) << "the ID went with its resource";
+    EXPECT_EQ(model.ids.FindName("A"), nullptr) << "the ID was deleted with its resource";
     EXPECT_EQ(NamesIn(folder) + ", " + NamesIn(other), "C D, X");
     EXPECT_TRUE(folder.DeleteFolder(&model.AddFolder(folder, KIND_AUDIO)));
     model.AddFolder(folder, KIND_AUDIO);
@@ -34,26 +34,26 @@ TEST(ResFolder, EachChangeOfItsListsIsToldOnceAndWhatLiesElsewhereCannotBeDelete
     EXPECT_EQ(watch.changed, 9);
 }
 
-TEST(ResFolder, SearchesGoDepthFirstAndNoDeeperThanAsked)
+TEST(ResFolder, SearchesDepthFirstDownToTheGivenDepth)
 {
     TestModel model;
     CResFolder &outer = model.AddFolder(model.root, KIND_IMAGES, -1, u"Images"_s);
     CResFolder &inner = model.AddFolder(outer, KIND_RESO_IMAGES, 0, u"a"_s);
     CResFolder &second = model.AddFolder(outer, KIND_RESO_IMAGES, 1, u"A"_s);
-    model.AddFolder(model.root, KIND_RESO_IMAGES, 1, u"A"_s); // later, though less deep
+    model.AddFolder(model.root, KIND_RESO_IMAGES, 1, u"A"_s); // found later, although it is less deep
     EXPECT_EQ(model.root.FindFolder(KIND_RESO_IMAGES, 2), &inner);
     EXPECT_EQ(model.root.FindFolder(KIND_RESO_IMAGES, 1, 2), &second);
     EXPECT_EQ(model.root.FindFolder(KIND_RESO_IMAGES, u"A"_s, 2), &second);
     EXPECT_EQ(model.root.FindFolder(KIND_RESO_IMAGES, 0, 1), nullptr);
-    EXPECT_EQ(model.root.FindFolder(KIND_ROOT, 3), nullptr) << "a folder is no result of its own search";
+    EXPECT_EQ(model.root.FindFolder(KIND_ROOT, 3), nullptr) << "a folder doesn't find itself";
 
     inner.AddResource(model.CreateStringRes("ID_S", 0));
     CBaseRes *const first = inner.resources.First();
     inner.AddResource(model.CreateStringRes(first->Id(), 1));
-    EXPECT_EQ(inner.FindResource(first->Id()), first) << "of several the first";
+    EXPECT_EQ(inner.FindResource(first->Id()), first) << "the first of several is found";
 }
 
-TEST(Resources, ChangesAreToldAndNonChangesAreNot)
+TEST(Resources, ReportOnlyRealChanges)
 {
     TestModel model;
     CountingObserver watch;
@@ -79,7 +79,7 @@ TEST(Resources, ChangesAreToldAndNonChangesAreNot)
     EXPECT_EQ(watch.removed, 1);
 }
 
-TEST(Resources, TheRecordsOfAStringFormAChainAndShareOneIdUntilTheLastGoes)
+TEST(Resources, RecordsOfAStringFormAChainAndShareOneIdUntilTheLastIsDeleted)
 {
     TestModel model;
     auto english = model.CreateStringRes("ID_S", 0);
@@ -96,12 +96,12 @@ TEST(Resources, TheRecordsOfAStringFormAChainAndShareOneIdUntilTheLastGoes)
     french.reset();
     EXPECT_TRUE(english->next == german.get() && german->prev == english.get());
     german.release()->DestroyChain();
-    EXPECT_EQ(english->next, nullptr) << "what stands before is spared";
+    EXPECT_EQ(english->next, nullptr) << "earlier entries are kept";
     EXPECT_EQ(model.ids.FindName("ID_S"), english->Id());
     english.reset();
     EXPECT_TRUE(model.ids.IsEmpty());
 
-    // Outside the tree equal names share an ID, which never enters the tree's pool.
+    // Outside the tree, equal names share an ID that never enters the tree's pool.
     CStringRes *const first = model.CreateDetachedStringRes("ID_S").release();
     first->LinkBehind(model.CreateDetachedStringRes("ID_S").release());
     EXPECT_TRUE(first->Id() == first->next->Id() && first->Id()->refs == 2 && model.ids.IsEmpty());

@@ -3,9 +3,9 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(ResModel, AFileBelongsWhereItsExtensionSays)
+TEST(ResModel, ClassifiesFilesByExtension)
 {
-    TestModel model("[FileType]\naudio=*.oggx;*.OGG\n"); // the longer pattern in front hides nothing
+    TestModel model("[FileType]\naudio=*.oggx;*.OGG\n"); // the longer first pattern hides no other
     for (const auto &[mask, kind, paths] : {
              std::tuple(KIND_FILES, KIND_AUDIO, QStringList{u"a.ogg"_s, u"dir.d\\a.OGG"_s}),
              {KIND_FILES, KIND_VIDEO, {u"a.rm"_s, u"a.rmvb"_s}},
@@ -20,10 +20,10 @@ TEST(ResModel, AFileBelongsWhereItsExtensionSays)
     }
     model.folder.Put("bin/Morvanite.ini", "[FileType]\naudio=*.oggy\n");
     model.env.RefreshSettings();
-    EXPECT_EQ(model.ClassifyFile(KIND_FILES, u"a.oggy"_s), KIND_AUDIO) << "the patterns are those of now";
+    EXPECT_EQ(model.ClassifyFile(KIND_FILES, u"a.oggy"_s), KIND_AUDIO) << "the current patterns are used";
 }
 
-TEST(ResModel, ADefaultIdComesFromTheFilesNameAndIsCountedWhereItIsTaken)
+TEST(ResModel, MakesDefaultIdsFromFileNamesAndNumbersTakenOnes)
 {
     TestModel model("[DefaultID]\nvideo_id=MOVIE_%s_END\n");
     std::vector<std::unique_ptr<CFileRes>> kept;
@@ -35,13 +35,13 @@ TEST(ResModel, ADefaultIdComesFromTheFilesNameAndIsCountedWhereItIsTaken)
     EXPECT_EQ(made(KIND_FILES, u"tune.mp3"_s), "ID_AUDIO_TUNE");
     EXPECT_EQ(made(KIND_FILES, u"logo.png"_s), "ID_FILE_LOGO");
     EXPECT_EQ(made(KIND_VIDEO, u"clip.avi"_s), "MOVIE_CLIP_END");
-    EXPECT_EQ(made(KIND_BINARY, u"song.mp3"_s), "ID_FILE_SONG") << "by the folder, but for that of all files";
+    EXPECT_EQ(made(KIND_BINARY, u"song.mp3"_s), "ID_FILE_SONG") << "by the folder, except in Files";
     EXPECT_EQ(made(KIND_AUDIO, u"raw.bin"_s), "ID_AUDIO_RAW");
     EXPECT_EQ(made(KIND_RESO_IMAGES, u"+++.png"_s), "ID_IMAGE_PNG");
     EXPECT_EQ(made(KIND_RESO_IMAGES, u"+++"_s), "ID_IMAGE_NONAME");
     const NarrowText longest = ("ID_IMAGE_" + NarrowText(80, 'N')).left(64);
     for (const NarrowText counter : {"", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11"}) {
-        const qint32 index = counter == "11" ? 3 : -1; // one of any resolution shuts out those of each
+        const qint32 index = counter == "11" ? 3 : -1; // an ID without a resolution is taken in every resolution
         EXPECT_EQ(made(KIND_RESO_IMAGES, QString(80, u'n') + u".png"_s, index),
                   longest.chopped(counter.size()) + counter);
     }
@@ -52,15 +52,15 @@ TEST(ResModel, ADefaultIdComesFromTheFilesNameAndIsCountedWhereItIsTaken)
         made(KIND_RESO_IMAGES, path, 5);
     EXPECT_EQ(kept.back()->Id()->name, "ID_IMAGE_PNG3");
     EXPECT_EQ(made(KIND_RESO_IMAGES, u"x.png"_s, 6), "ID_IMAGE_X");
-    EXPECT_EQ(made(KIND_RESO_IMAGES, u"語.png"_s, 6), "ID_IMAGE_PNG1") << "of another resolution";
+    EXPECT_EQ(made(KIND_RESO_IMAGES, u"語.png"_s, 6), "ID_IMAGE_PNG1") << "the other ID has another resolution";
     forget("ID_IMAGE_PNG2");
-    EXPECT_EQ(made(KIND_RESO_IMAGES, u"語.png"_s, 5), "ID_IMAGE_PNG2") << "a counter that is free again";
+    EXPECT_EQ(made(KIND_RESO_IMAGES, u"語.png"_s, 5), "ID_IMAGE_PNG2") << "the free counter is used again";
     ASSERT_TRUE(kept.back()->Rename(model.ids, "ID_OTHER"));
     EXPECT_EQ(made(KIND_RESO_IMAGES, u"語.png"_s, 5), "ID_IMAGE_PNG2");
     EXPECT_EQ(made(KIND_RESO_IMAGES, u"語.png"_s, 5), "ID_IMAGE_PNG4");
 }
 
-TEST(ResModel, FoldersOfImagesAndStringsAreWatchedAndThoseOfFilesAreNot)
+TEST(ResModel, ObservesFoldersOfImagesStringsAndLayoutsButNotOfFiles)
 {
     TestModel model;
     CountingObserver watch;
@@ -80,7 +80,7 @@ TEST(ResModel, FoldersOfImagesAndStringsAreWatchedAndThoseOfFilesAreNot)
     EXPECT_FALSE(model.IsIdInUse(u"A"_s));
 }
 
-TEST(ResModel, AResolutionComesIntoUseOnceAndClearingEmptiesAllButComponents)
+TEST(ResModel, AddsAResolutionOnceAndClearsEverythingButComponents)
 {
     CountingObserver watch;
     TestModel model;
@@ -97,7 +97,7 @@ TEST(ResModel, AResolutionComesIntoUseOnceAndClearingEmptiesAllButComponents)
     EXPECT_TRUE(images.resources.IsEmpty() && model.ids.IsEmpty());
     EXPECT_EQ(images.kind, quint32(KIND_RESO_IMAGES | KIND_FLAG_OFF));
     const int told = watch.changed;
-    model.TakeOutOfUse(images); // it is already
+    model.TakeOutOfUse(images); // it isn't in use
     EXPECT_EQ(watch.changed, told);
     model.PutIntoUse(images);
 

@@ -9,7 +9,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(NeedImageConvert, GoesByTheExtensionOfTheName)
+TEST(NeedImageConvert, DependsOnTheExtension)
 {
     for (const char *path : {"a.bmp", ".\\res\\a.JPG", "/x.y/a.b.Png", "c:\\a.gif"})
         EXPECT_TRUE(NeedImageConvert(QString::fromUtf8(path))) << path;
@@ -17,7 +17,7 @@ TEST(NeedImageConvert, GoesByTheExtensionOfTheName)
         EXPECT_FALSE(NeedImageConvert(QString::fromUtf8(path))) << path;
 }
 
-TEST(ConvertImage, RunsTheToolInItsFolderAndTidiesUpBehindIt)
+TEST(ConvertImage, RunsTheToolInItsFolderAndRemovesItsFiles)
 {
     PackProject project;
     for (const char *name : {"my picture.png", "my picture.ABM", "my picture.BMPA"})
@@ -25,7 +25,7 @@ TEST(ConvertImage, RunsTheToolInItsFolderAndTidiesUpBehindIt)
     project.PutTool("pwd > args; printf '%s\\n' \"$@\" >> args; touch temp_image\n"
                     "test -d Debug && printf 123456789 > \"$4\" && chmod 444 \"$4\"");
     EXPECT_EQ(ConvertImage(project.env, project.folder.Path("my picture.png"), project.folder.Path("target")), 0);
-    EXPECT_EQ(QDir::currentPath(), project.folder.Path()) << "the old working folder is back";
+    EXPECT_EQ(QDir::currentPath(), project.folder.Path()) << "the old current folder is restored";
     EXPECT_EQ(project.folder.Get("bin/args").replace(project.Narrow(""), "@"),
               "@/bin\n-f\n-i\n@/my picture.png\n@/target\n");
     EXPECT_EQ(project.Mode("target"), 0644);
@@ -34,7 +34,7 @@ TEST(ConvertImage, RunsTheToolInItsFolderAndTidiesUpBehindIt)
     EXPECT_EQ(project.TakeOutput(), "");
 }
 
-TEST(ConvertImage, AToolThatFailsCrashesOrIsMissingLeavesNoTarget)
+TEST(ConvertImage, LeavesNoTargetIfTheToolFailsCrashesOrIsMissing)
 {
     PackProject project;
     const QString target = project.folder.Path("target");
@@ -55,14 +55,14 @@ TEST(ConvertImage, AToolThatFailsCrashesOrIsMissingLeavesNoTarget)
               "\r\n[error] A name with a double quote can't be handed to the converter: a \"b\".png");
 }
 
-TEST(RunTool, GivesTheToolNothingToReadAndNoneOfOurFilesAndWaitsForItsEnd)
+TEST(RunTool, StartsTheToolWithoutInputOrOpenFilesAndWaitsForItsEnd)
 {
     PackProject project;
     project.folder.MakeFolder("my tools");
     project.PutTool("echo \"$1\" > said; wc -c >> said; ls /proc/self/fd > files; echo dropped\n"
                     "kill -USR1 $PPID; kill -USR1 $PPID; sleep 0.2; echo done >> said",
                     "my tools/Tool.exe");
-    const int ours = open("app.axf", O_RDONLY); // deliberately inheritable
+    const int ours = open("app.axf", O_RDONLY); // inheritable on purpose
     ASSERT_EQ(dup2(ours, 200), 200);
     struct sigaction action = {};
     action.sa_handler = [](int) {}; // without SA_RESTART

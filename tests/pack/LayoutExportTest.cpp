@@ -22,7 +22,7 @@ struct LayoutExport : PackProject
 
 } // namespace
 
-TEST(ExportLayoutTables, MovesTheTablesAsideRunsTheToolAndDropsItsLeftOver)
+TEST(ExportLayoutTables, MovesTheTablesAsideRunsTheToolAndRemovesItsTemporaryFile)
 {
     LayoutExport project("export_layout=layouts\nexport_xml=sub\\classes.xml\nexport_h=out.h\nzul_xml_enum_i=enum.i\n"
                          "zul_xml_table_i=.\n");
@@ -34,22 +34,22 @@ TEST(ExportLayoutTables, MovesTheTablesAsideRunsTheToolAndDropsItsLeftOver)
     EXPECT_FALSE(project.folder.Has(project.LEFT_OVER));
 }
 
-TEST(ExportLayoutTables, ThatCannotBeMadeIsWorkThatWasNotDone)
+TEST(ExportLayoutTables, CountsTablesThatCannotBeMadeAsFailures)
 {
     LayoutExport project("export_layout=layouts\nexport_xml=classes.xml\n");
     ASSERT_EQ(unlink("bin/zul_xml_conv.exe"), 0);
     ExportLayoutTables(project.env, project.folder.Path());
     project.PutTool("exit 3", "bin/zul_xml_conv.exe");
     ExportLayoutTables(project.env, project.folder.Path());
-    EXPECT_EQ(project.env.FailureCount, 1) << "of a tool that ran only its files count";
+    EXPECT_EQ(project.env.FailureCount, 1) << "only the files of a tool that ran count";
 
     LayoutExport without("export_layout=layouts\nexport_xml=none.xml\n");
     EXPECT_EQ(without.env.FailureCount, 1);
-    EXPECT_TRUE(
-        without.TakeExplained().contains("/bin/none.xml, which export_layout or export_xml names, isn't there"));
+    EXPECT_TRUE(without.TakeExplained().contains(
+        "/bin/none.xml, which the key export_layout or export_xml names, does not exist"));
 }
 
-TEST(ExportLayoutTables, DoesNothingWhereThereIsNothingToExport)
+TEST(ExportLayoutTables, DoesNothingWithoutLayoutsToExport)
 {
     for (const char *settings : {"", "export_layout=layouts\nzul_xml_enum_i=enum.i\n", "export_xml=classes.xml\n"}) {
         LayoutExport project(settings);
@@ -57,7 +57,7 @@ TEST(ExportLayoutTables, DoesNothingWhereThereIsNothingToExport)
     }
 }
 
-TEST(ExportLayoutTables, AreNotWrittenWhereALinkLeadsOutOfTheProject)
+TEST(ExportLayoutTables, WritesNothingThroughALinkOutOfTheProject)
 {
     LayoutExport project("export_layout=layouts\nexport_xml=classes.xml\n");
     project.folder.MakeFolder("demo");
@@ -71,7 +71,7 @@ TEST(ExportLayoutTables, AreNotWrittenWhereALinkLeadsOutOfTheProject)
     EXPECT_EQ(project.env.FailureCount, 1);
 }
 
-TEST(ExportLayoutTables, ATableOfAnotherSpellingThatIsALinkIsNotWrittenThrough)
+TEST(ExportLayoutTables, DoesNotWriteThroughALinkWithAnotherSpelling)
 {
     for (const char *name : {"ZUL_XML_TABLE.I", "layoutid.h", "ENUM.I"}) {
         LayoutExport project("export_layout=layouts\nexport_xml=classes.xml\nzul_xml_enum_i=enum.i\n");
@@ -85,7 +85,7 @@ TEST(ExportLayoutTables, ATableOfAnotherSpellingThatIsALinkIsNotWrittenThrough)
     }
 }
 
-TEST(ExportLayoutTables, AQuoteInASettingOfTheProjectStaysInItsWord)
+TEST(ExportLayoutTables, AQuoteInASettingStaysInItsArgument)
 {
     LayoutExport project("export_layout=layouts\nexport_xml=a\" -E .\\evil.sh -t x\n");
     EXPECT_TRUE(project.folder.Get("bin/args").contains("/bin/a\" -E ./evil.sh -t x\n-t\n"))

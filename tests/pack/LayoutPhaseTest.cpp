@@ -8,8 +8,8 @@ using testing::HasSubstr;
 namespace
 {
 
-/// A project with layouts for the resolution that is packed, and a converter that notes its arguments in args and makes
-/// what `tool` says; the output folder is $4.
+/// A project with layouts for the resolution that is packed, and a converter that writes its arguments to args and runs
+/// the script `tool`; the output folder is $4.
 struct LayoutProject : PackProject
 {
     explicit LayoutProject(const QByteArray &tool, const QByteArray &settings = {}) : PackProject(settings)
@@ -38,7 +38,7 @@ struct LayoutProject : PackProject
 
 } // namespace
 
-TEST(LayoutPhase, EachLayoutOfTheResolutionIsConvertedAndPacked)
+TEST(LayoutPhase, ConvertsAndPacksEachLayoutOfTheResolution)
 {
     LayoutProject project("for id in ID_B ID_A; do printf \"layout $id\" > \"$4/$id.bin\"; done",
                           "[Path]\nexport_xml=classes.xml\n");
@@ -64,7 +64,7 @@ TEST(LayoutPhase, EachLayoutOfTheResolutionIsConvertedAndPacked)
     EXPECT_EQ(ToBytes(project.folder.Get("arm/app.res")), payload);
 }
 
-TEST(LayoutPhase, WhatAnEarlierRunLeftNeverPassesForNewAndAMissingResultFails)
+TEST(LayoutPhase, UsesNoResultOfAnEarlierRunAndFailsOnAMissingOne)
 {
     LayoutProject project("printf new > \"$4/ID_A.bin\"",
                           "[Path]\nlayout_temp=made\\x\n[ResID]\nlayout_include_table=none\n");
@@ -81,10 +81,10 @@ TEST(LayoutPhase, WhatAnEarlierRunLeftNeverPassesForNewAndAMissingResultFails)
     project.PutTool("printf x > \"$4/ID_A.bin\"; mkdir -p \"$4/ID_B.bin\"", "bin/zul_xml_conv.exe");
     EXPECT_EQ(project.Pack(), PACK_FILE_OPEN);
     EXPECT_THAT(project.output.constData(), HasSubstr("[error] Could not open file while read resource data : "));
-    EXPECT_EQ(project.Pack(), PACK_FILE_INFO) << "a folder stands where the result is to be, and stays";
+    EXPECT_EQ(project.Pack(), PACK_FILE_INFO) << "a folder is in the place of the result, and stays";
 }
 
-TEST(LayoutPhase, ANameThatLeadsElsewhereDeletesNothing)
+TEST(LayoutPhase, ANameWithAPathDeletesNothing)
 {
     LayoutProject project("");
     project.folder.Put("precious.bin", "mine");
@@ -95,9 +95,9 @@ TEST(LayoutPhase, ANameThatLeadsElsewhereDeletesNothing)
     EXPECT_FALSE(project.folder.Has("args"));
 }
 
-TEST(LayoutPhase, NoLinkOfAnotherSpellingIsWrittenThrough)
+TEST(LayoutPhase, DoesNotWriteThroughALinkWithAnotherSpelling)
 {
-    // As this system's converter does it: it takes a name of another spelling for the name.
+    // The converter of this system writes to an existing file whose name differs only in case.
     LayoutProject project("cd \"$4\"; printf new > $(ls | grep -ix id_a.bin || echo ID_A.bin)");
     project.AddLayout("ID_A", 1);
     project.folder.MakeFolder("res/tmp");
@@ -109,7 +109,7 @@ TEST(LayoutPhase, NoLinkOfAnotherSpellingIsWrittenThrough)
     EXPECT_EQ(project.folder.Names("res/tmp"), QStringList({QStringLiteral("ID_A.bin")}));
 }
 
-TEST(LayoutPhase, ALayoutThatAsksForTheTablesWritesNoneThroughALink)
+TEST(LayoutPhase, WritesNoTablesThroughALink)
 {
     LayoutProject project("echo evil > \"$8/LayoutID.h\"");
     project.folder.Put("demo/screens.xml",
@@ -122,10 +122,10 @@ TEST(LayoutPhase, ALayoutThatAsksForTheTablesWritesNoneThroughALink)
     ASSERT_EQ(symlink(elsewhere.Path("mine").toUtf8().constData(), "ResID/layoutid.H"), 0);
     EXPECT_EQ(project.Pack(), PACK_FILE_INFO);
     EXPECT_FALSE(project.folder.Has("args"));
-    EXPECT_THAT(project.TakeExplained().constData(), HasSubstr("/layoutid.H\" isn't written: a symbolic link"));
+    EXPECT_THAT(project.TakeExplained().constData(), HasSubstr("/layoutid.H\" is not written because a symbolic link"));
 }
 
-TEST(LayoutPhase, NumbersThatAreNotThoseOfTheHeaderArePackedNever)
+TEST(LayoutPhase, RefusesNumbersThatDifferFromTheHeader)
 {
     LayoutProject project("for id in ID_A; do printf x > \"$4/$id.bin\"; done");
     project.AddLayout("ID_A", 7);

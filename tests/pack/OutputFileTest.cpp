@@ -11,7 +11,7 @@ using testing::HasSubstr;
 namespace
 {
 
-/// The rights of somebody who isn't the superuser, for a while.
+/// Drops the rights of the superuser while it exists.
 class AsNobody
 {
 public:
@@ -23,7 +23,7 @@ public:
 
 struct OutputFileTest : testing::Test, PackProject
 {
-    /// Writes a file; 0 or an error number.
+    /// Writes a file. Returns 0 or an error number.
     int Make(const char *file, const OutputRights &rights)
     {
         OutputFile written(env);
@@ -39,7 +39,7 @@ constexpr OutputRights APPLICATION{.fresh = 0755, .replacesReadOnly = true};
 
 } // namespace
 
-TEST_F(OutputFileTest, PermissionsAndNamesOfTheOldFileStayWhereTheyAreNotTheInputs)
+TEST_F(OutputFileTest, KeepsPermissionsAndLinksOfAnOldFileThatIsNotTheInput)
 {
     folder.Put("old", "old");
     folder.Put("sub/behind", "old");
@@ -64,7 +64,7 @@ TEST_F(OutputFileTest, PermissionsAndNamesOfTheOldFileStayWhereTheyAreNotTheInpu
     EXPECT_THAT(TakeExplained().toStdString(), HasSubstr("none/new: No such file or directory\n"));
 }
 
-TEST_F(OutputFileTest, AFileOfAFolderThatTakesNoNewOneIsWrittenDirectly)
+TEST_F(OutputFileTest, WritesDirectlyInAFolderThatAllowsNoNewFiles)
 {
     folder.Put("closed/old", "something that is longer");
     ASSERT_TRUE(chmod("closed/old", 0666) == 0 && chmod("closed", 0555) == 0 && chmod(".", 0755) == 0);
@@ -78,7 +78,7 @@ TEST_F(OutputFileTest, AFileOfAFolderThatTakesNoNewOneIsWrittenDirectly)
     EXPECT_EQ(folder.Names("closed"), QStringList(u"old"_s));
 }
 
-TEST_F(OutputFileTest, APackIntoADeviceOrAPipeWritesTheSameBytesAndTheWindowBreathes)
+TEST_F(OutputFileTest, WritesTheSameBytesToADeviceOrAPipeAndKeepsTheWindowResponsive)
 {
     ASSERT_EQ(Pack(), 0);
     const QByteArray packed = folder.Get("app.out");
@@ -86,7 +86,7 @@ TEST_F(OutputFileTest, APackIntoADeviceOrAPipeWritesTheSameBytesAndTheWindowBrea
     QByteArray got;
     std::thread reader([&] { got = folder.Get("pipe"); });
     FileHandle writer;
-    while (!writer.IsOpen()) // until there is a reader
+    while (!writer.IsOpen()) // waits for a reader
         writer = FileHandle(open("pipe", O_WRONLY | O_NONBLOCK | O_CLOEXEC));
     info.outputfilename = "pipe";
     EXPECT_EQ(Pack(), 0);
@@ -98,7 +98,7 @@ TEST_F(OutputFileTest, APackIntoADeviceOrAPipeWritesTheSameBytesAndTheWindowBrea
     env.whileWaiting = [&] { ++turns; };
     info.outputfilename = "/dev/null";
     EXPECT_EQ(Pack(), 0);
-    EXPECT_EQ(turns, 0) << "a short pack takes no turn";
+    EXPECT_EQ(turns, 0) << "a short pack doesn't call back";
     ASSERT_EQ(truncate("app.axf", off_t(1) << 30), 0);
     EXPECT_EQ(Pack(), 0);
     EXPECT_GT(turns, 0);

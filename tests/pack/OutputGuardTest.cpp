@@ -4,7 +4,7 @@
 
 using testing::HasSubstr;
 
-TEST(OutputGuard, NoFileOfTheProjectIsReplacedUnderAnyName)
+TEST(OutputGuard, RefusesEveryFileOfTheProjectUnderAnyName)
 {
     PackProject project("[Path]\nzul_xml_enum_i=LayoutID.i\n");
     const char *const own[] = {
@@ -25,7 +25,7 @@ TEST(OutputGuard, NoFileOfTheProjectIsReplacedUnderAnyName)
         const QByteArray before = project.folder.Get(file);
         ASSERT_TRUE(symlink(project.Narrow(file).constData(), "soft") == 0 && link(file, "hard") == 0);
         for (const char *name : {file, "soft", "hard", "app.out"}) {
-            const bool isSideFile = strcmp(name, "app.out") == 0; // that would replace it
+            const bool isSideFile = strcmp(name, "app.out") == 0; // the side file would replace it
             ASSERT_TRUE(!isSideFile || rename("soft", "arm/app.res") == 0);
             project.info.outputfilename = project.Narrow(name);
             EXPECT_EQ(project.Pack(), PACK_SAME_FILE) << file;
@@ -37,5 +37,5 @@ TEST(OutputGuard, NoFileOfTheProjectIsReplacedUnderAnyName)
         ASSERT_TRUE(unlink("hard") == 0 && unlink("arm/app.res") == 0);
     }
     EXPECT_EQ(project.Pack(), 0) << project.output.constData();
-    EXPECT_EQ(project.Pack(), 0) << "the outputs of the pack before are no files of the project";
+    EXPECT_EQ(project.Pack(), 0) << "outputs of an earlier pack are not files of the project";
 }

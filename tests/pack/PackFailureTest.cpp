@@ -5,17 +5,17 @@
 namespace
 {
 
-/// A file of the system that is shorter than its size says.
+/// A file of the system that is shorter than its size in stat.
 constexpr char SHORT_FILE[] = "/sys/kernel/mm/transparent_hugepage/enabled";
 
-/// A project that fails to pack, and what it says then.
+/// A failure of a pack, and its messages.
 struct Failure
 {
-    const char *phase; ///< the word for what fails
-    const char *path;  ///< of the resource, or in the list; null: a resource without an ID
+    const char *phase; ///< the name of the phase that fails
+    const char *path;  ///< path of the resource, or in the list; null: a resource without an ID
     int imageconvert;
     int code;
-    int logs = 0; ///< which of them have `said`
+    int logs = 0; ///< which logs contain `said`
     const char *said = "";
 };
 
@@ -87,7 +87,7 @@ void ExpectFailure(PackProject &project, const Failure &failure)
     }
 }
 
-TEST(PackFailure, HasItsCodeAndItsLines)
+TEST(PackFailure, HasItsCodeAndMessages)
 {
     for (const Failure &failure : FAILURES) {
         if (failure.path == SHORT_FILE && !QFile::exists(QLatin1String(SHORT_FILE)))
@@ -102,7 +102,7 @@ TEST(PackFailure, HasItsCodeAndItsLines)
     }
 }
 
-TEST(PackFailure, ComesFromTheTreeAndTheListToo)
+TEST(PackFailure, ComesFromTheTreeAndTheList)
 {
     for (const auto &[number, said] :
          {std::pair(-7, "\r\n[error] Illegal language ID: -7."), {0x2FFFF, "ID: 196607."}}) {
@@ -117,7 +117,7 @@ TEST(PackFailure, ComesFromTheTreeAndTheListToo)
     ExpectFailure(project, {"zep 1.0", "", 0, PACK_FILE_OPEN, TRACE, "Could not read list file : "});
 }
 
-TEST(PackTarget, ThatCannotBeReadFailsBeforeThePhases)
+TEST(PackTarget, FailsBeforeThePhasesIfItCannotBeRead)
 {
     PackProject project;
     project.info.inputfilename += "x";

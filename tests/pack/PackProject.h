@@ -8,7 +8,7 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
-/// Bytes of an expected payload.
+/// Returns the bytes of an expected payload.
 inline QByteArray BytesOf(const PayloadBuilder::Bytes &bytes)
 {
     return {reinterpret_cast<const char *>(bytes.data()), qsizetype(bytes.size())};
@@ -19,7 +19,7 @@ inline PayloadBuilder::Bytes ToBytes(const QByteArray &text)
     return {text.begin(), text.end()};
 }
 
-/// A project whose tree a test fills by hand, in the current folder, beside the application that it is packed into.
+/// A project whose tree a test fills directly, in the current folder, beside the application into which it is packed.
 struct PackProject : TestModel
 {
     explicit PackProject(const QByteArray &settings = {}, size_t text = 64) : TestModel(settings)
@@ -42,7 +42,7 @@ struct PackProject : TestModel
         return stat(Narrow(file).constData(), &of) == 0 ? int(of.st_mode & 0777) : -1;
     }
 
-    /// Puts a shell script in the place of a tool. The image converter gets its source as $3 and its target as $4.
+    /// Replaces a tool by a shell script. The image converter gets its source as $3 and its target as $4.
     void PutTool(const QByteArray &body, const char *file = "bin/qrk_resgenerator.exe") const
     {
         folder.Put(file, "#!/bin/sh\n" + body + "\n");
@@ -58,7 +58,7 @@ struct PackProject : TestModel
         return res;
     }
 
-    /// A language's folder; the column of descriptions is made before the first.
+    /// Adds a language's folder; the first call adds the column of descriptions before it.
     void AddLanguage(qint32 number, const PayloadBuilder::Strings &texts = {})
     {
         if (strings.subfolders.empty())
@@ -72,10 +72,10 @@ struct PackProject : TestModel
         }
     }
 
-    /// What was explained since the last call, a line each.
+    /// Returns what was explained since the last call, a line each.
     [[nodiscard]] QByteArray TakeExplained() { return std::exchange(explained, {}); }
 
-    /// Packs; `output` and `trace` are those of this pack.
+    /// Packs. `output` and `trace` are those of this pack.
     int Pack(qint32 mode = PACK_TO_TARGET, std::vector<QByteArray> *inputs = nullptr)
     {
         trace.clear();
@@ -85,7 +85,7 @@ struct PackProject : TestModel
         return code;
     }
 
-    QByteArray elf; ///< the application
+    QByteArray elf; ///< the application's file
     QByteArray explained;
     packinfo info;
     QByteArray output;

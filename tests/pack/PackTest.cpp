@@ -9,7 +9,7 @@ using testing::HasSubstr;
 namespace
 {
 
-/// A program's icon and what a test adds.
+/// Returns the icon of the program, to which a test adds its parts.
 PayloadBuilder Payload()
 {
     return PayloadBuilder().Entry("AppLogo.img", ToBytes("program's logo"));
@@ -17,7 +17,7 @@ PayloadBuilder Payload()
 
 } // namespace
 
-TEST(Pack, EveryLineOfTheReportStandsInItsOrder)
+TEST(Pack, WritesTheLinesOfTheReportInOrder)
 {
     PackProject project;
     project.folder.Put("AppLogo.img", "icon");
@@ -59,13 +59,13 @@ TEST(Pack, EveryLineOfTheReportStandsInItsOrder)
     EXPECT_FALSE(project.folder.Has("res/one.gif.tmp")) << "temporary images go when they have been read";
 }
 
-TEST(Pack, TakesListedFilesTextsFilesAndImagesInTheirOrder)
+TEST(Pack, PacksListedFilesTextsFilesAndImagesInOrder)
 {
     PackProject project;
     for (const char *file : {"res/wide.tga", "res/any.png", "res/used.png", "res/Tune.MID", "a.bin"})
         project.folder.Put(file, "content of " + QByteArray(file));
     project.PutTool("printf 'from the tool' > \"$4\"");
-    // Written by hand: blank lines, a line of 255 bytes and one of 256, which is two, and no line end.
+    // Written by hand: blank lines, a line of 255 bytes, one of 256 bytes, which counts as two, and no line end.
     const QByteArray longest(255, 'x');
     project.folder.Put("demo_res.lst", "\n.\\a.bin\n\r\n" + longest + "\n" + longest + "y\r\n" +
                                            project.Narrow("res/Tune.MID") + "\r\n.\\RES\\TUNE.mid\rbehind");
@@ -74,7 +74,7 @@ TEST(Pack, TakesListedFilesTextsFilesAndImagesInTheirOrder)
     project.AddLanguage(2);
     IDRecord &pushed = *project.AddFile(project.defaultImages, ".\\res\\any.png", 103000)->Id();
     pushed.push = true;
-    pushed.pushKind = PUSH_IMAGE; // those are always converted
+    pushed.pushKind = PUSH_IMAGE; // push images are always converted
     project.AddFile(project.wideImages, ".\\res\\wide.tga", 5);
     project.AddFile(project.binary, "a.bin", 6);
     project.AddFile(project.audio, ".\\RES\\tune.mid", 1);
@@ -101,7 +101,7 @@ TEST(Pack, TakesListedFilesTextsFilesAndImagesInTheirOrder)
     }
 }
 
-TEST(Pack, OffsetsCountFromTheStartOfTheFileWhereTheSettingSaysSo)
+TEST(Pack, CountsOffsetsFromTheStartOfTheFileIfTheSettingSaysSo)
 {
     for (const size_t text : {64, 65, 66, 67}) {
         SCOPED_TRACE(text);
@@ -117,7 +117,7 @@ TEST(Pack, OffsetsCountFromTheStartOfTheFileWhereTheSettingSaysSo)
     }
 }
 
-TEST(Pack, ParametersAreRefusedBeforeAnythingIsDone)
+TEST(Pack, RefusesParametersBeforeTheWork)
 {
     PackProject project;
     const auto refused = [&](const QByteArray &input, const QByteArray &output, qint32 mode) {
@@ -139,12 +139,12 @@ TEST(Pack, ParametersAreRefusedBeforeAnythingIsDone)
             EXPECT_EQ(refused(input, project.Narrow("") + '/' + same, mode), PACK_SAME_FILE) << same;
         EXPECT_THAT(project.trace.toStdString(), HasSubstr("the packed file and output file cannot be same : "));
     }
-    EXPECT_EQ(refused(input, project.Narrow("arm/app.res"), PACK_TO_TARGET), PACK_SAME_FILE) << "neither is there yet";
-    ASSERT_EQ(link("app.axf", "arm/app.res"), 0); // the side file would be written over the input
+    EXPECT_EQ(refused(input, project.Narrow("arm/app.res"), PACK_TO_TARGET), PACK_SAME_FILE) << "neither exists yet";
+    ASSERT_EQ(link("app.axf", "arm/app.res"), 0); // the side file would overwrite the input
     EXPECT_EQ(refused(input, "x", PACK_TO_TARGET), PACK_SAME_FILE);
 }
 
-TEST(Pack, AnOldOutputIsReplacedAndPermissionsAreTheInputs)
+TEST(Pack, ReplacesAnOldOutputAndCopiesThePermissionsOfTheInput)
 {
     PackProject project;
     ASSERT_EQ(chmod("app.axf", 0555), 0);
@@ -157,7 +157,7 @@ TEST(Pack, AnOldOutputIsReplacedAndPermissionsAreTheInputs)
     EXPECT_EQ(project.Mode("app.axf.pkd"), 0755);
 }
 
-TEST(Pack, TheSideFileStandsBesideTheInputAndFailsBehindACompleteOutput)
+TEST(Pack, WritesTheSideFileBesideTheInputAndReportsItsFailureAfterACompleteOutput)
 {
     PackProject project;
     project.folder.MakeFolder("v1.2/ARM");
@@ -170,11 +170,10 @@ TEST(Pack, TheSideFileStandsBesideTheInputAndFailsBehindACompleteOutput)
 
     const QByteArray made = project.folder.Get("app.out");
     ASSERT_EQ(symlink("/dev/full", "v1.2/ARM/PLAIN.res"), 0);
-    project.info.inputfilename =
-        "v1.2/PLAIN"; // found as it is spelled there; the side file has the name that was given
+    project.info.inputfilename = "v1.2/PLAIN"; // found with its spelling on disk; the side file has the given name
     EXPECT_EQ(project.Pack(), PACK_WRITE);
     EXPECT_THAT(project.TakeExplained().toStdString(),
-                HasSubstr("PLAIN.res: No space left on device\nv1.2/ARM/PLAIN.res is of an earlier pack"));
+                HasSubstr("PLAIN.res: No space left on device\nv1.2/ARM/PLAIN.res was left by an earlier pack"));
     EXPECT_EQ(project.folder.Get("app.out"), made);
     EXPECT_THAT(project.trace.toStdString(), HasSubstr("[error] write res data into resfile error: "));
     ASSERT_TRUE(QDir(project.folder.Path("v1.2/ARM")).removeRecursively() && unlink("app.out") == 0);
@@ -187,7 +186,7 @@ TEST(Pack, TheSideFileStandsBesideTheInputAndFailsBehindACompleteOutput)
     EXPECT_EQ(project.Pack(PACK_TO_DLL), ENOENT);
 }
 
-TEST(Pack, AFullDiskAtAnyByteIsAFailedWriteAndLeavesTheFilesOfBefore)
+TEST(Pack, AFullDiskAtAnyByteIsAFailedWriteAndKeepsTheOldFiles)
 {
     PackProject project;
     project.AddLanguage(0, {{1, u"text"}});

@@ -17,7 +17,7 @@ TEST(LayOutPayload, RefusesOffsetsBeyond32Bits)
     EXPECT_FALSE(LayOutPayload(entries, items, 0)) << "a sum that wraps in 32 bits";
 }
 
-TEST(PackImage, FindsRoomForALongDirectoryInFrontOfItsData)
+TEST(PackImage, HasRoomForALongDirectoryBeforeTheData)
 {
     for (const size_t frontRoom : {0, 1, 40, 4096}) {
         PayloadBuffer memory(frontRoom);

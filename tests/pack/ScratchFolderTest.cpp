@@ -2,14 +2,14 @@
 #include "PackCodes.h"
 #include "PackProject.h"
 
-TEST(ScratchFolder, TakesAllConvertedPicturesSoThatNothingBesideTheSourcesIsTouched)
+TEST(ScratchFolder, HoldsAllConvertedPicturesAndSourceFoldersStayUnchanged)
 {
     PackProject project;
     for (const char *file : {"res/a.png", "res/a.png.tmp", "res/a.ABM", "res/a.BMPA", "res/b.jpg"})
         project.folder.Put(file, "the user's own " + QByteArray(file));
     project.folder.Put("preview.lst", ".\\res\\a.png\n");
     project.folder.MakeFolder("build");
-    ASSERT_EQ(symlink("none", "bin/Debug"), 0); // so that no folder can be made there, as in a read-only program folder
+    ASSERT_EQ(symlink("none", "bin/Debug"), 0); // no folder can be made there, as in a read-only program folder
     project.PutTool("basename \"$4\" >> ../names; { printf converted; cat \"$3\"; } > \"$4\"");
     project.AddFile(project.wideImages, "res\\a.png", 1);
     project.AddFile(project.wideImages, "res\\b.jpg", 2);
@@ -33,7 +33,7 @@ TEST(ScratchFolder, TakesAllConvertedPicturesSoThatNothingBesideTheSourcesIsTouc
     EXPECT_EQ(project.folder.Names("build/temp"), QStringList());
 }
 
-TEST(ScratchFolder, ThatCannotBeUsedIsToldBeforeAnythingIsDone)
+TEST(ScratchFolder, IsReportedBeforeTheWorkIfItCannotBeUsed)
 {
     PackProject project;
     for (const auto &[folder, reason] : {std::pair("none/temp", "/none/temp: No such file or directory"),

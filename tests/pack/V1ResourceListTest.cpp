@@ -14,7 +14,7 @@ struct V1List : PackProject, testing::Test
         list.Load();
         return list;
     }
-    /// The paths, with "@" for the project's folder.
+    /// Returns the paths, with "@" for the project's folder.
     QByteArray Paths(const V1ResourceList &list)
     {
         QStringList paths;
@@ -29,7 +29,7 @@ struct V1List : PackProject, testing::Test
     }
 };
 
-TEST_F(V1List, FilesOfTheProjectAreStoredRelativeAndOthersAsTheyAre)
+TEST_F(V1List, StoresFilesOfTheProjectRelativeAndOthersUnchanged)
 {
     V1ResourceList list = Load();
     EXPECT_TRUE(list.Rows().empty());
@@ -49,10 +49,10 @@ TEST_F(V1List, FilesOfTheProjectAreStoredRelativeAndOthersAsTheyAre)
     EXPECT_TRUE(!none.Save() && none.Rows().size() == 1) << "without a project there is nothing to load or save";
     folder.MakeFolder("x/demo_res.lst");
     EXPECT_TRUE(V1ResourceList(env, folder.Path("x/demo.vcproj")).Save())
-        << "a list that can't be written is no failure";
+        << "a list that can't be written is not a failure";
 }
 
-TEST_F(V1List, ReadingDropsBlankLinesAndStopsAtOneThatIsNoPathOrTooLong)
+TEST_F(V1List, ReadingSkipsBlankLinesAndStopsAtAnInvalidOrTooLongPath)
 {
     const V1ResourceList list = Load(".\\a.gif\n\r\n..\\up.gif\r\n.\\b.gif\r");
     EXPECT_EQ(Paths(list), "@/a.gif ..\\up.gif @/b.gif");
@@ -64,7 +64,7 @@ TEST_F(V1List, ReadingDropsBlankLinesAndStopsAtOneThatIsNoPathOrTooLong)
     EXPECT_EQ(Load(".\\a.gif\n" + fits + "x\n.\\c.gif").Rows().size(), 1U);
 }
 
-TEST_F(V1List, ACopyGoesIntoTheFolderOfTheSelectedConfiguration)
+TEST_F(V1List, CopiesIntoTheFolderOfTheSelectedConfiguration)
 {
     const auto save = [&](const char *selected, const char *file) {
         if (selected)
@@ -79,13 +79,13 @@ TEST_F(V1List, ACopyGoesIntoTheFolderOfTheSelectedConfiguration)
         const QByteArray saved = save("[CONFIGSELECTED]\r\nSELECTED=Debug\r\n", file);
         EXPECT_EQ(folder.Get("config/Debug/demo_res.lst"), saved);
     }
-    // Where the folder of all configurations is there already, none is made in it.
+    // If the folder of all configurations exists, no other folder is made in it.
     for (const char *selected : {"[CONFIGSELECTED]\r\nSELECTED=Release\r\n", ""})
         save(selected, "c.gif");
     EXPECT_EQ(folder.Names("config"), QStringList({u"Debug"_s}));
 }
 
-TEST_F(V1List, TheExampleOfTheManualIsReadAndWrittenUnchanged)
+TEST_F(V1List, ReadsAndWritesTheExampleOfTheManualUnchanged)
 {
     QFile page(u"" MORVANITE_DOCS "/formats/lists.md"_s);
     ASSERT_TRUE(page.open(QIODevice::ReadOnly));
@@ -97,7 +97,7 @@ TEST_F(V1List, TheExampleOfTheManualIsReadAndWrittenUnchanged)
     EXPECT_EQ(Saved(list), example.replace("\n", "\r\n"));
 }
 
-TEST_F(V1List, IsNotWrittenWhereALinkLeadsOutOfTheProject)
+TEST_F(V1List, IsNotWrittenThroughALinkOutOfTheProject)
 {
     V1ResourceList list = Load();
     list.Add({folder.Path("res/a.gif")});

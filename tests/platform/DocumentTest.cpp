@@ -36,7 +36,7 @@ struct CountingView : CView
 
 } // namespace
 
-TEST(Documents, APathOpensOnceAndOneThatDoesNotLoadIsReportedAndClosed)
+TEST(Documents, OpenEachPathOnceAndReportAndCloseOneThatDoesNotLoad)
 {
     CDocManager documents([] { return std::make_unique<FakeDocument>(); });
     documents.opened = [&](CDocument &document) { happened << u"opened "_s + document.m_strPathName; };
@@ -50,7 +50,7 @@ TEST(Documents, APathOpensOnceAndOneThatDoesNotLoadIsReportedAndClosed)
     EXPECT_EQ(happened.join(u", "), u"opened /Demo, reported /bad 7, closed /bad, opened /q, closed /q, closed /Demo");
 }
 
-TEST(Documents, AnUpdateReachesEveryViewButItsSender)
+TEST(Documents, UpdateEveryViewExceptTheSender)
 {
     FakeDocument document;
     CountingView a, b;

@@ -5,11 +5,11 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(Log, ALineOf511CharactersStaysAndALongerOneIsCutTo508AndDots)
+TEST(Log, KeepsLinesUpTo511CharactersAndCutsLongerOnesTo508AndDots)
 {
     const TempFolder folder;
     Environment env(folder.Path());
-    env.WriteOutput("%d\r\n", 1); // nobody listens
+    env.WriteOutput("%d\r\n", 1); // without a listener
     env.DebugTrace("%d\n", 1);
     QString written;
     env.output = [&](QStringView text) { written = text.toString(); };
@@ -41,7 +41,7 @@ TEST(Environment, ShowsNarrowTextInUtf8AndFindsLanguagesByName)
 namespace
 {
 
-/// Writes down what it hears, and does something then.
+/// Records the findings, and then calls a function.
 struct Ear
 {
     explicit Ear(Environment &env) : listener(env.found, [this](const Finding &finding) { Hear(finding); }) {}
@@ -58,10 +58,10 @@ struct Ear
 
 } // namespace
 
-TEST(Environment, AFindingIsCountedWrittenAndHandedToWhoeverListensAtThatMoment)
+TEST(Environment, CountsWritesAndReportsAFindingToTheCurrentListener)
 {
     Environment process(QStringLiteral("/nonexistent"));
-    Environment env(process); // of a document
+    Environment env(process); // the environment of a document
     QString output;
     process.output = [&output](QStringView text) { output += text; };
     Ear first(process);
@@ -73,7 +73,7 @@ TEST(Environment, AFindingIsCountedWrittenAndHandedToWhoeverListensAtThatMoment)
         first.then = {};
     };
     env.Report({"a", Severity::Error, {}, 0, {}, {}}, "bad %s (Line %d).", "x", 7);
-    EXPECT_EQ(third->heard, "") << "it came when the others were told";
+    EXPECT_EQ(third->heard, "") << "it was added during the notification";
     env.Report({"b", Severity::Warning, {}, 3, {}, QStringLiteral("plain words")}, "odd.");
     env.Report({"c", Severity::Error, {}, 0, {}, {}}, LineStart::Warning, "none.");
     env.Report({"d", Severity::Error, {}, 0, {}, {}}, LineStart::Fatal, "torn.");

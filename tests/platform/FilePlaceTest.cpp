@@ -6,7 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// A project's folder with links in it, and what is outside.
+/// A project's folder with links in it, and files outside of it.
 struct LinksOfProject : testing::Test
 {
     LinksOfProject()
@@ -25,7 +25,7 @@ struct LinksOfProject : testing::Test
             EXPECT_EQ(symlink(to, folder.Path(name).toUtf8().constData()), 0);
     }
 
-    /// Saves one file of the project; 0 when the text arrived at `place`.
+    /// Saves one file of the project. Returns 0 if the text is at `place` then.
     int Save(Environment &env, const SavedProject &project, const QString &path, const char *place) const
     {
         QDir::setCurrent(project.folder);
@@ -42,13 +42,13 @@ struct LinksOfProject : testing::Test
     TempFolder folder;
 };
 
-TEST_F(LinksOfProject, AreFollowedWithinItAndNotOutOfIt)
+TEST_F(LinksOfProject, AreFollowedInsideTheProjectOnly)
 {
     Environment env(folder.Path());
     QStringList said;
     env.explain = [&](const QString &text) { said.append(text); };
     const QString app = folder.Path("app");
-    // The project's own name, and a link to its folder.
+    // The project's own name, and the name of a link to its folder.
     for (const QString &name : {u"demo"_s, u"other_name"_s}) {
         const SavedProject project{app + u'/' + name, {}, {}, false};
         for (const auto &[path, place] : std::initializer_list<std::pair<QString, const char *>>{
@@ -56,7 +56,7 @@ TEST_F(LinksOfProject, AreFollowedWithinItAndNotOutOfIt)
                  {u".\\res\\within"_s, "app/demo/own/b"},
                  {app + u"/demo/inside/b"_s, "app/demo/own/b"},
                  {app + u"/other_name/res/list"_s, "app/demo/res/list"},
-                 // What the settings lead outside without a link, or through one of the user's own.
+                 // Paths that the settings lead outside without a link, or through a link of the user.
                  {u"..\\inc\\a.h"_s, "app/inc/a.h"},
                  {u"..\\linked_inc\\a.h"_s, "app/inc/a.h"}})
             EXPECT_EQ(Save(env, project, path, place), 0) << qPrintable(path);

@@ -18,16 +18,16 @@ struct WriteFile : testing::Test
     TempFolder folder;
 };
 
-TEST_F(WriteFile, ReplacesTheFileAndKeepsItsModeAndTheLinksThatLeadToIt)
+TEST_F(WriteFile, ReplacesTheFileAndKeepsItsModeAndLinks)
 {
     folder.Put("real/a.h", "old");
     ASSERT_EQ(chmod("real/a.h", 0640), 0);
     ASSERT_TRUE(symlink("real/a.h", "a.h") == 0 && symlink("real/b.h", "b.h") == 0 && symlink("loop", "loop") == 0);
     const mode_t mask = umask(022);
-    EXPECT_EQ(WriteFileAtomically(u"A.H", "new"), 0); // the file there, spelled differently
+    EXPECT_EQ(WriteFileAtomically(u"A.H", "new"), 0); // replaces the existing file, whose name differs in case
     EXPECT_EQ(WriteFileAtomically(u"b.h", "made"), 0);
     umask(mask);
-    EXPECT_EQ(WriteFileAtomically(u"loop", "x"), 0) << "a link that leads nowhere is replaced";
+    EXPECT_EQ(WriteFileAtomically(u"loop", "x"), 0) << "a dangling link is replaced";
     EXPECT_EQ(folder.Get("real/a.h") + ' ' + folder.Get("real/b.h"), "new made");
     struct stat a, b;
     ASSERT_TRUE(stat("real/a.h", &a) == 0 && stat("real/b.h", &b) == 0);
@@ -36,7 +36,7 @@ TEST_F(WriteFile, ReplacesTheFileAndKeepsItsModeAndTheLinksThatLeadToIt)
     EXPECT_EQ(folder.Names("real"), QStringList({u"a.h"_s, u"b.h"_s}));
 }
 
-TEST_F(WriteFile, ReplacesNothingOnlyWhereEachByteIsTheSame)
+TEST_F(WriteFile, KeepsTheFileOnlyIfAllBytesAreEqual)
 {
     const QByteArray large(200'000, 'a');
     for (const QByteArray &old :
@@ -51,7 +51,7 @@ TEST_F(WriteFile, ReplacesNothingOnlyWhereEachByteIsTheSame)
     EXPECT_FALSE(fresh.Replaces());
 }
 
-TEST_F(WriteFile, RefusesWhatMayNotBeWritten)
+TEST_F(WriteFile, RefusesFilesThatMayNotBeWritten)
 {
     folder.MakeFolder("folder");
     folder.Put("readonly", "old");
@@ -60,7 +60,7 @@ TEST_F(WriteFile, RefusesWhatMayNotBeWritten)
     EXPECT_EQ(WriteFileAtomically(u"missing/a", "x"), ENOENT);
     EXPECT_EQ(WriteFileAtomically(u"pipe", "x"), EINVAL);
     EXPECT_EQ(WriteFileAtomically(u"", "x"), ENOENT);
-    const bool isRoot = getuid() == 0; // who may write everything
+    const bool isRoot = getuid() == 0; // root may write everything
     ASSERT_TRUE(!isRoot || setresuid(65534, 65534, 0) == 0);
     EXPECT_EQ(WriteFileAtomically(u"readonly", "x"), EACCES);
     ASSERT_TRUE(!isRoot || setresuid(0, 0, 0) == 0);
@@ -68,7 +68,7 @@ TEST_F(WriteFile, RefusesWhatMayNotBeWritten)
     EXPECT_EQ(folder.Names(), QStringList({u"folder"_s, u"pipe"_s, u"readonly"_s}));
 }
 
-TEST_F(WriteFile, AFullDiskLeavesTheOldFileAndNothingBesideIt)
+TEST_F(WriteFile, AFullDiskLeavesTheOldFileAndNoOther)
 {
     folder.Put("a.xml", "the old text");
     const QByteArray text(300, 'n');
@@ -81,7 +81,7 @@ TEST_F(WriteFile, AFullDiskLeavesTheOldFileAndNothingBesideIt)
     EXPECT_EQ(folder.Names(), QStringList({u"a.xml"_s}));
 }
 
-TEST_F(WriteFile, OfATransactionHappensWithTheCommitOrNotAtAll)
+TEST_F(WriteFile, InATransactionHappensAtTheCommitOrNotAtAll)
 {
     Environment env(folder.Path());
     const auto write = [&env](const char *text) { return env.ReplaceFile(u"a", text) + env.ReplaceFile(u"b", text); };
@@ -90,16 +90,16 @@ TEST_F(WriteFile, OfATransactionHappensWithTheCommitOrNotAtAll)
         FileTransaction files(env);
         EXPECT_TRUE(write("new") == 0 && write("newer") == 0);
         EXPECT_EQ(folder.Get("a"), "old");
-        EXPECT_FALSE(folder.Has("b")) << "what wasn't committed left no trace";
+        EXPECT_FALSE(folder.Has("b")) << "uncommitted files left no trace";
         EXPECT_TRUE(!commits || (!files.Commit() && !files.Commit()));
     }
-    EXPECT_EQ(folder.Get("a") + ' ' + folder.Get("b"), "newer newer") << "of two writings of one file the last stays";
+    EXPECT_EQ(folder.Get("a") + ' ' + folder.Get("b"), "newer newer") << "the last of two writes of a file remains";
     EXPECT_EQ(folder.Names(), QStringList({u"a"_s, u"b"_s}));
     EXPECT_EQ(write("newest"), 0);
     EXPECT_EQ(folder.Get("a"), "newest") << "afterwards writing is immediate again";
 }
 
-TEST_F(WriteFile, OfATransactionIsAskedForOnceMoreWhenNoOtherSaveIsUnderWay)
+TEST_F(WriteFile, InATransactionCallsTheCheckAgainWhenNoOtherSaveIsRunning)
 {
     Environment env(folder.Path());
     FileTransaction files(env, {folder.Path(), folder.Path("journal")});
@@ -116,7 +116,7 @@ TEST_F(WriteFile, OfATransactionIsAskedForOnceMoreWhenNoOtherSaveIsUnderWay)
     EXPECT_TRUE(said.contains(u"another program removed the temporary file"_s)) << qPrintable(said);
 }
 
-TEST_F(WriteFile, OfATransactionAGeneratedFileThatIsRefusedHoldsUpNoOther)
+TEST_F(WriteFile, InATransactionARefusedGeneratedFileDoesNotStopOthers)
 {
     Environment env(folder.Path());
     for (const IfRefused refused : {IfRefused::GoOn, IfRefused::Stop}) {
@@ -132,7 +132,7 @@ TEST_F(WriteFile, OfATransactionAGeneratedFileThatIsRefusedHoldsUpNoOther)
     }
 }
 
-TEST_F(WriteFile, OfATransactionThoseBeforeTheRefusedOneGetTheirOldContentBack)
+TEST_F(WriteFile, InATransactionARefusedFileRestoresTheFilesBeforeIt)
 {
     Environment env(folder.Path());
     folder.Put("there", "old");
@@ -145,7 +145,7 @@ TEST_F(WriteFile, OfATransactionThoseBeforeTheRefusedOneGetTheirOldContentBack)
     EXPECT_EQ(folder.Names(), QStringList({u"refused"_s, u"there"_s}));
 }
 
-TEST_F(WriteFile, RemovesWhatKilledProcessesLeftBesideTheFileAndNothingElse)
+TEST_F(WriteFile, RemovesOnlyTheTemporaryFilesOfKilledProcesses)
 {
     const pid_t child = fork();
     if (child == 0)
@@ -162,5 +162,5 @@ TEST_F(WriteFile, RemovesWhatKilledProcessesLeftBesideTheFileAndNothingElse)
     EXPECT_EQ(WriteFileAtomically(u"a", "new"), 0);
     for (const QString &name : kept + QStringList{u".a.%1-3"_s, u".a.%1-4"_s})
         EXPECT_TRUE(folder.Has(name.arg(child).toUtf8().constData())) << qPrintable(name);
-    EXPECT_EQ(folder.Names().size(), kept.size() + 4) << "with the file, and that of the process that runs";
+    EXPECT_EQ(folder.Names().size(), kept.size() + 4) << "with the file, and the one of the running process";
 }

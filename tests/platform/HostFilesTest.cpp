@@ -8,7 +8,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(HostPaths, EachNameIsMatchedWithoutCaseAndTheExactOneFirst)
+TEST(HostPaths, MatchNamesWithoutCaseAndPreferExactOnes)
 {
     const TempFolder folder;
     for (const char *name : {"Res/Images/Logo.PNG", "res/other.png", "Res/Über.png", "twin", "Twin", "tWin", "TWin"})
@@ -19,18 +19,18 @@ TEST(HostPaths, EachNameIsMatchedWithoutCaseAndTheExactOneFirst)
     EXPECT_EQ(HostPath(u"res\\OTHER.png"), "res/other.png");
     EXPECT_EQ(HostPath(u"Res\\üBER.png"), QByteArray("Res/Über.png"));
     EXPECT_EQ(HostPath(u"Res\\missing\\Logo.PNG"), "Res/missing/Logo.PNG");
-    EXPECT_EQ(HostPath(u"RES\\other.png"), "Res/other.png") << "of two folders one, always the same";
+    EXPECT_EQ(HostPath(u"RES\\other.png"), "Res/other.png") << "always the same one of two folders";
     EXPECT_EQ(HostPath(u"TWIN"), "TWin");
-    // A name that isn't UTF-8 is none of those that text can name: decoded, two of them would be equal.
+    // No text can name a file whose name isn't UTF-8: two such names could be equal after decoding.
     QDir().mkdir(u"text"_s);
     const FileHandle other(creat("text/M\xF6ller", 0600));
     ASSERT_TRUE(other.IsOpen());
     EXPECT_EQ(HostPath(u"text\\M\uFFFDller"), QByteArray("text/M\uFFFDller"));
     EXPECT_FALSE(PathExists(u"text\\M\uFFFDller") || HostPaths().Exists(u"text\\M\uFFFDller"));
-    EXPECT_EQ(unlink("text/M\xF6ller"), 0); // who removes the folder can't
+    EXPECT_EQ(unlink("text/M\xF6ller"), 0); // the destructor of the folder can't remove it
 }
 
-TEST(HostPaths, ListingsAnswerAsTheFileSystemDoes)
+TEST(HostPaths, ListingsAgreeWithTheFileSystem)
 {
     const TempFolder folder;
     QDir::setCurrent(folder.Path());
@@ -42,14 +42,14 @@ TEST(HostPaths, ListingsAnswerAsTheFileSystemDoes)
         EXPECT_TRUE(paths.Exists(there) && PathExists(there)) << qPrintable(there);
     for (const QString &missing : {u"a/dangling"_s, u"a/none"_s, u"b/file.png"_s, u""_s, u"a/file.png/x"_s})
         EXPECT_FALSE(paths.Exists(missing) || PathExists(missing)) << qPrintable(missing);
-    // Endless paths and thousands of folders are answered too.
+    // Very long paths and thousands of folders give a result too.
     for (const QString &part : {u"x/"_s, u"./"_s, u"/"_s})
         EXPECT_FALSE(paths.Exists(part.repeated(1'000'000) + u"none here"_s));
     for (int i = 1; i < 1500; ++i)
         EXPECT_FALSE(paths.Exists(u"./"_s.repeated(i) + u"Y"_s));
 }
 
-TEST(ReadFile, WhatIsNoPlainFileIsRefusedWithoutWaiting)
+TEST(ReadFile, RefusesSpecialFilesWithoutWaiting)
 {
     const TempFolder folder;
     QDir::setCurrent(folder.Path());

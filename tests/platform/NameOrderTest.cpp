@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Few characters of many sorts, so that texts are often equal, equal but for case, or prefixes of each other.
+/// Returns a short text of various characters, so that texts are often equal, equal except for case, or prefixes.
 QString SomeText(std::mt19937 &random)
 {
     static const QString CHARACTERS =
@@ -25,7 +25,7 @@ QString SomeText(std::mt19937 &random)
 
 } // namespace
 
-TEST(NameOrder, IsThatOfPeopleInEveryLocale)
+TEST(NameOrder, IsNaturalInEveryLocale)
 {
     const NameOrder order;
     const std::vector<QString> names{u""_s,      u"_x"_s,        u"2"_s,     u"10"_s,   u"Bar"_s,
@@ -47,7 +47,7 @@ TEST(NameOrder, SortsAsItCompares)
     std::vector<QString> texts;
     for (int n = 0; n < 2000; ++n)
         texts.push_back(SomeText(random));
-    texts[7] = QString(100000, u'x'); // its key is larger than what is kept ready
+    texts[7] = QString(100000, u'x'); // its sort key exceeds the prepared buffer
     for (const int direction : {1, -1}) {
         std::vector<int> plain(texts.size());
         std::iota(plain.begin(), plain.end(), 0);

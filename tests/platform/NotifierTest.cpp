@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-TEST(Notifier, ListenersComeAndGoWhileItTells)
+TEST(Notifier, AllowsListenersToBeAddedAndRemovedDuringANotification)
 {
     std::string told;
     auto notifier = std::make_unique<Notifier<int>>();
@@ -25,9 +25,9 @@ TEST(Notifier, ListenersComeAndGoWhileItTells)
             notifier->Tell(depth - 1);
     });
     notifier->Tell(1);
-    EXPECT_EQ(told, "1313L") << "who comes meanwhile is told from the next time on";
+    EXPECT_EQ(told, "1313L") << "a listener added meanwhile is notified from the next time on";
     notifier->Tell(0);
     EXPECT_EQ(told, "1313L13L");
     notifier.reset();
-    third.reset(); // has nothing to leave
+    third.reset(); // its notifier is already destroyed
 }

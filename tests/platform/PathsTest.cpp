@@ -7,7 +7,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(Paths, ArePartedAtTheLastSeparatorAndTheLastDotOfTheName)
+TEST(Paths, AreSplitAtTheLastSeparatorAndTheLastDotOfTheName)
 {
     using Parts = std::array<QString, 4>;
     for (const auto &[path, directory, title, extension] : {
@@ -25,7 +25,7 @@ TEST(Paths, ArePartedAtTheLastSeparatorAndTheLastDotOfTheName)
             << qPrintable(path);
 }
 
-TEST(Paths, ARelativePathIsJoinedAndItsDotsGo)
+TEST(Paths, JoinsRelativePathsAndResolvesDots)
 {
     EXPECT_EQ(ResolvePath(u".\\config.xml"_s, u"/home/x/demo"_s), u"/home/x/demo/config.xml"_s);
     EXPECT_EQ(ResolvePath(u"..\\..\\..\\..\\a"_s, u"/home/x/"_s), u"/a"_s);
@@ -41,7 +41,7 @@ TEST(Paths, ARelativePathIsJoinedAndItsDotsGo)
     EXPECT_TRUE(!MakeAbsolute(tooLong, u"/b"_s) && tooLong.size() == 518);
 }
 
-TEST(Paths, OnlyWhatLiesInTheFolderIsMadeRelative)
+TEST(Paths, MakesOnlyPathsInsideTheFolderRelative)
 {
     const QString refused;
     for (const auto &[path, base, result] : {

@@ -3,11 +3,14 @@
 
 #include "TempFolder.h"
 
+#include <QFile>
+
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
-TEST(Profile, AValueIsWhatStandsBehindItsKeyInTheFirstSectionOfThatName)
+TEST(Profile, ReadsTheValueFromTheFirstSectionOfThatName)
 {
     for (const auto &[text, value] : {
              std::pair<QByteArray, QString>("  [ S ] behind\r\n  Key \t=  a = b  \r\n", u"a = b"_s),
@@ -29,7 +32,7 @@ TEST(Profile, AValueIsWhatStandsBehindItsKeyInTheFirstSectionOfThatName)
         EXPECT_EQ(Profile::Parse(text).String(u"s", u"kEY", u"(none)"_s), value) << text.constData();
 }
 
-TEST(Profile, ANumberIsWhatTheValueBeginsWith)
+TEST(Profile, ReadsANumberFromTheStartOfTheValue)
 {
     const Profile profile = Profile::Parse("[s]\na= 12px\nb=-3\nc=x\nd=\ne=99999999999\nf=-99999999999\n");
     QList<int> numbers;
@@ -38,7 +41,7 @@ TEST(Profile, ANumberIsWhatTheValueBeginsWith)
     EXPECT_EQ(numbers, QList<int>({12, -3, 0, 0, 2147483647, -2147483647 - 1, 7}));
 }
 
-TEST(Profile, ASectionEndsWhereItsLinesNoLongerFit)
+TEST(Profile, CutsASectionThatIsTooLongAtALine)
 {
     const QByteArray text = "[s]\n; a comment\n\n  four  \n" + QByteArray("123456789\n").repeated(1000) + "[S]\nk=3\n";
     const QStringList lines = Profile::Parse(text).Section(u"s");
@@ -48,7 +51,7 @@ TEST(Profile, ASectionEndsWhereItsLinesNoLongerFit)
     EXPECT_EQ(lines.size(), 1 + (4096 - 1 - 5) / 10);
 }
 
-TEST(Profile, ChangingAKeyLeavesEveryOtherLineAsItWas)
+TEST(Profile, ChangingAKeyKeepsEveryOtherLine)
 {
     const QByteArray before = "; head\r\n[A]\r\n x = 1 ; odd\r\n\r\n[B]\r\ny='2'\r\n";
     Profile profile = Profile::Parse(before);
@@ -65,10 +68,10 @@ TEST(Profile, ChangingAKeyLeavesEveryOtherLineAsItWas)
     EXPECT_EQ(Profile::Parse(cut.Bytes()).String(u"s", u"k", {}), u"v");
     Profile foreign = Profile::Parse("; \xD6\xD0\r\n[s]\na=1\n; no end");
     foreign.Set(u"s", u"b", u"2"_s);
-    EXPECT_EQ(foreign.Bytes(), "; \xD6\xD0\r\n[s]\na=1\n; no end\r\nb=2\r\n") << "neither UTF-8 nor of one mind";
+    EXPECT_EQ(foreign.Bytes(), "; \xD6\xD0\r\n[s]\na=1\n; no end\r\nb=2\r\n") << "neither UTF-8 nor one code page";
 }
 
-TEST(Profile, WhatIsNoFileGivesAnEmptyProfile)
+TEST(Profile, IsEmptyForAMissingOrHugeFile)
 {
     const TempFolder folder;
     folder.Put("huge.ini", "[s]\nk=1\n" + QByteArray(2 << 20, '\n'));
@@ -76,7 +79,7 @@ TEST(Profile, WhatIsNoFileGivesAnEmptyProfile)
         EXPECT_FALSE(Profile::Load(folder.Path(name)).Has(u"s", u"k")) << name;
 }
 
-TEST(Settings, TheUsersFileGoesBeforeTheProgramsAndAKeyIsWrittenWhereItWillBeReadFrom)
+TEST(Settings, PreferTheUsersFileAndWriteAKeyToTheFileThatItIsReadFrom)
 {
     const TempFolder folder;
     folder.Put("bin/m.ini", "[Path]\na=program\n");
@@ -88,8 +91,8 @@ TEST(Settings, TheUsersFileGoesBeforeTheProgramsAndAKeyIsWrittenWhereItWillBeRea
     };
     write("bin/m.ini", u"1"_s);
     EXPECT_EQ(folder.Get("bin/m.ini"), "[Path]\na=program\nn=1\n");
-    write("ro/m.ini", u"2"_s);  // one that can't be replaced (here: a folder) sends the key to the user's
-    write("bin/m.ini", u"3"_s); // and what that has would hide the program's key
+    write("ro/m.ini", u"2"_s);  // a file that can't be replaced (here: a folder): the key goes to the user's file
+    write("bin/m.ini", u"3"_s); // the user's file would hide the key in the program's file
     EXPECT_EQ(folder.Get("u/v/m.ini"), "[Path]\nn=3\n");
     EXPECT_EQ(folder.Get("bin/m.ini"), "[Path]\na=program\nn=1\n");
     const Settings settings(folder.Path("bin/m.ini"), folder.Path("u/v/m.ini"));
@@ -98,13 +101,30 @@ TEST(Settings, TheUsersFileGoesBeforeTheProgramsAndAKeyIsWrittenWhereItWillBeRea
     EXPECT_EQ(settings.String("Path", "c", "default"), u"default");
 }
 
-TEST(Settings, WhatOthersChangeMeanwhileIsReadAndStays)
+TEST(Settings, ReadsButNeverWritesAFileOfTheProgramThatIsALink)
+{
+    const TempFolder folder;
+    folder.Put("etc/m.ini", "[A]\na=1\n");
+    folder.MakeFolder("bin");
+    const QByteArray link = folder.Path("bin/m.ini").toUtf8();
+    ASSERT_EQ(symlink("../etc/m.ini", link.constData()), 0);
+    Settings settings(folder.Path("bin/m.ini"), folder.Path("u/m.ini"));
+    EXPECT_EQ(settings.Int("A", "a", 0), 1);
+    EXPECT_TRUE(settings.Write(u"A"_s, u"a"_s, u"2"_s));
+    ASSERT_TRUE(QFile::remove(folder.Path("etc/m.ini"))); // a link to nothing isn't written either
+    EXPECT_TRUE(settings.Write(u"A"_s, u"b"_s, u"3"_s));
+    EXPECT_EQ(folder.Get("u/m.ini"), "[A]\na=2\nb=3\n");
+    struct stat info = {};
+    EXPECT_TRUE(lstat(link.constData(), &info) == 0 && S_ISLNK(info.st_mode));
+}
+
+TEST(Settings, ReadAndKeepChangesOfOtherPrograms)
 {
     const TempFolder folder;
     folder.Put("bin/m.ini", "[A]\na=1\n");
     Settings settings(folder.Path("bin/m.ini"), folder.Path("u/m.ini"));
     folder.Put("bin/m.ini", "[A]\na=22\nb=1\n");
-    EXPECT_EQ(settings.Int("A", "a", 0), 1) << "an operation goes on with what it began with";
+    EXPECT_EQ(settings.Int("A", "a", 0), 1) << "an operation keeps the settings with which it started";
     settings.Refresh();
     EXPECT_EQ(settings.Int("A", "a", 0), 22);
     folder.Put("bin/m.ini", "[A]\na=333\nb=1\n");
@@ -114,11 +134,11 @@ TEST(Settings, WhatOthersChangeMeanwhileIsReadAndStays)
     folder.Put("bin/m.ini", huge);
     EXPECT_TRUE(settings.Write(u"A"_s, u"c"_s, u"3"_s));
     EXPECT_FALSE(settings.Write(u"A"_s, u"c"_s, u"4\n[Text]\ncode_page=936"_s));
-    EXPECT_EQ(folder.Get("bin/m.ini"), huge) << "what can't be read isn't written over";
+    EXPECT_EQ(folder.Get("bin/m.ini"), huge) << "an unreadable file isn't overwritten";
     EXPECT_EQ(folder.Get("u/m.ini"), "[A]\nc=3\n");
 }
 
-TEST(Settings, SeveralKeysAreOneWriteEachInTheFileWhereItWillBeReadFrom)
+TEST(Settings, WriteSeveralKeysAtOnceToTheFilesThatTheyAreReadFrom)
 {
     const TempFolder folder;
     folder.Put("bin/m.ini", "; mine\n[A]\na=1\nb=1\n");
@@ -128,15 +148,15 @@ TEST(Settings, SeveralKeysAreOneWriteEachInTheFileWhereItWillBeReadFrom)
     EXPECT_EQ(folder.Get("bin/m.ini"), "; mine\n[A]\na=4\nb=1\n[B]\nc=5\n");
     EXPECT_EQ(folder.Get("u/m.ini"), "[A]\nb=3\n");
 
-    const auto fileNumber = [&] { // another with each write, which replaces the file
+    const auto fileNumber = [&] { // changes with each write, which replaces the file
         struct stat found = {};
         EXPECT_EQ(stat(folder.Path("bin/m.ini").toUtf8().constData(), &found), 0);
         return found.st_ino;
     };
     const ino_t before = fileNumber();
     EXPECT_TRUE(settings.WriteAll({{u"A"_s, u"b"_s, u"3"_s}, {u"A"_s, u"a"_s, u"4"_s}}));
-    EXPECT_EQ(fileNumber(), before) << "nothing is written where nothing changes";
+    EXPECT_EQ(fileNumber(), before) << "nothing is written without a change";
     EXPECT_FALSE(settings.WriteAll({{u"A"_s, u"b"_s, u"x\ny"_s}, {u"A"_s, u"a"_s, u"6"_s}}));
-    EXPECT_EQ(settings.Int("A", "a", 0), 6) << "one that can't be written doesn't keep the others back";
+    EXPECT_EQ(settings.Int("A", "a", 0), 6) << "a key that can't be written doesn't stop the others";
     EXPECT_EQ(settings.Int("A", "b", 0), 3);
 }

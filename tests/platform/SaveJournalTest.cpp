@@ -15,7 +15,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// A project of three files, and one outside; the save of another process that is killed.
+/// A project of three files, one file outside, and the save of another process that is killed.
 struct Journal : testing::Test
 {
     Journal()
@@ -34,7 +34,7 @@ struct Journal : testing::Test
 
     QByteArrayList Contents() const { return {folder.Get(names[0]), folder.Get(names[1]), folder.Get(names[2])}; }
 
-    /// In a process that ends by SIGKILL after so many of the renames.
+    /// Saves in a process that ends by SIGKILL after `renames` renames.
     void SaveAndDie(int renames, int sleepMs = 0, bool ends = false)
     {
         const pid_t child = fork();
@@ -91,7 +91,7 @@ TEST_F(Journal, FinishesASaveThatWasKilledBetweenItsRenames)
         EXPECT_EQ(said.size(), renames < 3 ? 1 : 0) << qPrintable(said.join(u'\n'));
         said.clear();
     }
-    // A generated file that was changed meanwhile is no reason to refuse the project.
+    // A generated file that was changed since is no reason to refuse the project.
     for (const bool isThere : {true, false}) {
         PutOld();
         SaveAndDie(1);
@@ -105,7 +105,7 @@ TEST_F(Journal, FinishesASaveThatWasKilledBetweenItsRenames)
     }
 }
 
-/// As some network file systems have it.
+/// Makes locks fail, as on some network file systems.
 static void RefuseLocks()
 {
     sock_filter code[] = {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
@@ -116,7 +116,7 @@ static void RefuseLocks()
     EXPECT_EQ(prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) + prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program), 0);
 }
 
-TEST_F(Journal, TellsASaveUnderWayFromAKilledOneWhereTheFileSystemHasNoLocks)
+TEST_F(Journal, DistinguishesARunningSaveFromAKilledOneWithoutFileLocks)
 {
     for (const bool isKilled : {true, false}) {
         PutOld();
@@ -133,7 +133,7 @@ TEST_F(Journal, TellsASaveUnderWayFromAKilledOneWhereTheFileSystemHasNoLocks)
     (void)wait(nullptr);
 }
 
-TEST_F(Journal, WaitsForASaveThatIsUnderWayAndStartsItsOwnBehindIt)
+TEST_F(Journal, WaitsForARunningSaveAndThenStarts)
 {
     SaveAndDie(3, 100, true);
     FileTransaction files(env, project);
@@ -145,7 +145,7 @@ TEST_F(Journal, WaitsForASaveThatIsUnderWayAndStartsItsOwnBehindIt)
     (void)wait(nullptr);
 }
 
-TEST_F(Journal, LeavesFilesOfOneSaveWhenTheTakingBackOfARefusedOneIsKilled)
+TEST_F(Journal, LeavesFilesOfOneSaveWhenTheRollbackIsKilled)
 {
     folder.MakeFolder("demo/more");
     for (int i = 0; i < 30; ++i) {
@@ -163,7 +163,7 @@ TEST_F(Journal, LeavesFilesOfOneSaveWhenTheTakingBackOfARefusedOneIsKilled)
             for (int i = 0; i < 30; ++i)
                 (void)env.ReplaceFile(folder.Path("demo/more/") + QString::number(i) + u".xml"_s, "new");
             (void)env.ReplaceFile(folder.Path("inc/ids.h"), "new");
-            env.explain = [&](const QString &) { (void)!write(ready[1], "x", 1); }; // refused: the taking back begins
+            env.explain = [&](const QString &) { (void)!write(ready[1], "x", 1); }; // refused: the rollback begins
             QFile::remove(folder.Path("inc/.ids.h.") + QString::number(getpid()) + u"-0"_s);
             (void)files.Commit();
             _exit(0);
@@ -185,17 +185,17 @@ TEST_F(Journal, LeavesFilesOfOneSaveWhenTheTakingBackOfARefusedOneIsKilled)
     }
 }
 
-TEST_F(Journal, OverwritesNothingThatWasChangedSince)
+TEST_F(Journal, DoesNotOverwriteFilesThatWereChangedSince)
 {
     SaveAndDie(1);
     folder.Put("demo/res/list", "taken back");
-    EXPECT_FALSE(FinishInterruptedSave(env, project)) << "strings of the save would come to a list of before";
+    EXPECT_FALSE(FinishInterruptedSave(env, project)) << "the strings of the save would be combined with an old list";
     EXPECT_EQ(Contents(), QByteArrayList({"taken back", "old", "old"}));
     PutOld();
     ASSERT_TRUE(QFile::remove(folder.Path("demo/res/.demo.journal")));
     SaveAndDie(2);
     folder.Put("demo/res/list", "edited");
-    EXPECT_TRUE(FinishInterruptedSave(env, project)) << "only what can be made anew was missing";
+    EXPECT_TRUE(FinishInterruptedSave(env, project)) << "only a generated file was missing";
     EXPECT_EQ(Contents(), QByteArrayList({"edited", "new", "new"}));
 
     PutOld();
@@ -203,7 +203,7 @@ TEST_F(Journal, OverwritesNothingThatWasChangedSince)
     folder.Put("demo/res/strings", "edited");
     for (int i = 0; i < 2; ++i) {
         EXPECT_FALSE(FinishInterruptedSave(env, project));
-        EXPECT_TRUE(said.last().contains(u"/demo/res/strings\" was changed"_s)) << qPrintable(said.last());
+        EXPECT_TRUE(said.last().contains(u"/demo/res/strings\" has changed"_s)) << qPrintable(said.last());
     }
     FileTransaction files(env, project);
     EXPECT_EQ(env.ReplaceFile(folder.Path("demo/res/list"), "x") + env.ReplaceFile(folder.Path("inc/ids.h"), "x"), 0);
@@ -213,7 +213,7 @@ TEST_F(Journal, OverwritesNothingThatWasChangedSince)
     EXPECT_TRUE(FinishInterruptedSave(env, project)) << "the user has decided";
 }
 
-TEST_F(Journal, MayNameOnlyWhatASaveOfTheProjectWrites)
+TEST_F(Journal, MayNameOnlyFilesThatASaveWrites)
 {
     folder.Put("user/.profile.1234567-0", "attack");
     folder.Put("demo/res/.list.1234567-0", "attack");
@@ -225,7 +225,7 @@ TEST_F(Journal, MayNameOnlyWhatASaveOfTheProjectWrites)
         "1234567\n" + line + "link/profile\nend\n",
         "1234567\n" + line + profile.toUtf8() + "\nend\n",
         "1234567\n" + line + "res/list\n" + line + folder.Path("demo/link/profile").toUtf8() + "\nend\n",
-        "1234567\n" + line + "res/list\n", // cut off
+        "1234567\n" + line + "res/list\n", // truncated
         "1234567\nneeded\t1000\t-\tres/list\nend\n",
         "-1\nneeded\t0\t-\tres/list\nend\n",
     };

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Runs `work` in a process of its own, which ends at the latest when it returns; its status.
+/// Calls `work` in a child process, which ends at the latest when `work` returns. Returns the status of the child.
 template <typename Work> int StatusOfChild(const Work &work)
 {
     const pid_t child = fork();
@@ -28,7 +28,7 @@ template <typename Work> int StatusOfChild(const Work &work)
 
 } // namespace
 
-TEST(SignalCleanup, TakesTheFilesAlongThatItStillHasAndWaitsForAHold)
+TEST(SignalCleanup, RemovesTheFilesThatItOwnsAndWaitsForAHold)
 {
     const TempFolder folder;
     QDir::setCurrent(folder.Path());
@@ -40,7 +40,7 @@ TEST(SignalCleanup, TakesTheFilesAlongThatItStillHasAndWaitsForAHold)
         auto kept = SignalCleanup::OfFile("kept");
         auto middle = SignalCleanup::OfFile(folder.Path("middle").toUtf8());
         SignalCleanup last = SignalCleanup::OfFile("replaced");
-        last = SignalCleanup::OfFile("last"); // lets go of the one before
+        last = SignalCleanup::OfFile("last"); // releases the previous file
         kept.Release();
         QDir::setCurrent(folder.Path("elsewhere"));
         {
@@ -55,7 +55,7 @@ TEST(SignalCleanup, TakesTheFilesAlongThatItStillHasAndWaitsForAHold)
     EXPECT_TRUE(folder.Has("elsewhere/first"));
 }
 
-TEST(SignalCleanup, AForkOfTheProcessRemovesNothingAndAnIgnoredSignalStaysIgnored)
+TEST(SignalCleanup, AForkedProcessRemovesNothingAndIgnoredSignalsStayIgnored)
 {
     const TempFolder folder;
     folder.Put("file", "");
@@ -71,7 +71,7 @@ TEST(SignalCleanup, AForkOfTheProcessRemovesNothingAndAnIgnoredSignalStaysIgnore
     EXPECT_TRUE(folder.Has("file"));
 }
 
-TEST(TemporaryFolder, GoesWithItsFilesAlsoByASignalAndWhatAKilledProcessLeftGoesAtTheNextRun)
+TEST(TemporaryFolder, IsRemovedAtTheEndBySignalsAndAfterAKillAtTheNextRun)
 {
     const TempFolder folder;
     const QByteArray parent = folder.Path().toUtf8();

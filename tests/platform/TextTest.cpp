@@ -14,7 +14,7 @@ struct Selected : CodePage
     explicit Selected(const char *name) { EXPECT_TRUE(Select(name)) << name; }
 };
 
-TEST(CodePage, TextComesBackAsItWasAndEveryByteOfAsciiIsItself)
+TEST(CodePage, ConvertsTextBothWaysAndKeepsAscii)
 {
     QByteArray ascii;
     for (char c = 1; c < 127; ++c)
@@ -31,22 +31,22 @@ TEST(CodePage, TextComesBackAsItWasAndEveryByteOfAsciiIsItself)
     }
 }
 
-TEST(CodePage, WhatItLacksIsOneQuestionMarkAndBytesThatAreNoTextAreReplacementCharacters)
+TEST(CodePage, ReplacesMissingCharactersAndInvalidBytes)
 {
     EXPECT_EQ(Selected("1252").FromWide(u"a中b😀c"), "a?b?c");
     EXPECT_EQ(Selected("1252").FromWide(QString(QChar(0xD83D)) + u"xy"_s), "?xy");
     Selected chinese("936");
-    EXPECT_EQ(chinese.FromWide(u"\uE000ﬁ"), "??"); // no look-alike for a ligature
+    EXPECT_EQ(chinese.FromWide(u"\uE000ﬁ"), "??"); // isn't replaced by similar letters
     EXPECT_EQ(chinese.ToWide("a\xd6"), u"a\uFFFD"_s);
     EXPECT_EQ(chinese.ToWide("\xff\xff\x61").back(), u'a');
-    EXPECT_EQ(chinese.ToWide("\xaa\xa1"), u"\uFFFD"_s); // a place for private use
+    EXPECT_EQ(chinese.ToWide("\xaa\xa1"), u"\uFFFD"_s); // a code for private use
     EXPECT_TRUE(CodePage().ToWide("a\xe4\xb8").startsWith(u"a\uFFFD"));
     EXPECT_FALSE(chinese.Select("no such code page") || chinese.Select("99999"));
     EXPECT_EQ(chinese.FromWide(u"中"), "\xd6\xd0") << "an unknown name changes nothing";
     EXPECT_TRUE(chinese.Select("UTF-8") && chinese.IsUtf8());
 }
 
-TEST(Text, CaseIsMappedOneCharacterToOne)
+TEST(Text, MapsCaseOneCharacterToOne)
 {
     EXPECT_EQ(ToUpperSimple(u"straße ǆ"), u"STRAßE Ǆ"_s);
     EXPECT_EQ(ToLowerSimple(u"ÄΣ"), u"äσ"_s);
@@ -54,7 +54,7 @@ TEST(Text, CaseIsMappedOneCharacterToOne)
     EXPECT_FALSE(EqualsNoCase(u"ß", u"ss") || EqualsNoCase(u"a", u"ab"));
 }
 
-TEST(IdNames, HaveOneTo64WordCharactersAndNoDigitInFront)
+TEST(IdNames, HaveOneTo64WordCharactersAndNoLeadingDigit)
 {
     for (const QString &good : {u"A"_s, u"_1"_s, u"id_image_9"_s, QString(64, u'x')})
         EXPECT_TRUE(IsValidIdName(good) && IsValidIdName(good.toUtf8())) << qPrintable(good);
@@ -75,7 +75,7 @@ TEST(IdNames, AreMadeFromAnyText)
     EXPECT_EQ(AppendCounter(u"ID"_s, 7), u"ID7"_s);
 }
 
-TEST(FormatFloat, DropsTheZerosBehindItsPointAndNoOthers)
+TEST(FormatFloat, DropsOnlyTheZerosAfterTheDecimalPoint)
 {
     QStringList texts;
     for (const double value : {1.5, 2.0, 100.0, 0.0, -0.25, 1e-9, 1e23, std::numeric_limits<double>::infinity()})

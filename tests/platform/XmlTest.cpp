@@ -27,7 +27,7 @@ QByteArray Times(int count, const char *text)
     return QByteArray(text).repeated(count);
 }
 
-/// The rows of all elements, in their order.
+/// Returns the rows of all elements, in their order.
 QByteArray RowsOf(const TiXmlNode &node)
 {
     QByteArray rows;
@@ -38,7 +38,7 @@ QByteArray RowsOf(const TiXmlNode &node)
 
 } // namespace
 
-TEST_F(Xml, DeepNestingAndManyAttributesAndTagsAreRefused)
+TEST_F(Xml, RefusesDeepNestingAndTooManyAttributesOrTags)
 {
     EXPECT_EQ(Parse(Times(256, "<a>") + Times(256, "</a>")), 0);
     EXPECT_EQ(Parse("\n\n" + Times(257, "<a>") + Times(257, "</a>")), -2);
@@ -53,9 +53,9 @@ TEST_F(Xml, DeepNestingAndManyAttributesAndTagsAreRefused)
     }
 }
 
-TEST_F(Xml, NothingHidesNestingFromTheCount)
+TEST_F(Xml, CountsNestingWhateverSurroundsIt)
 {
-    // What the parser takes for the end of a comment, a declaration or a value differs from what one may think.
+    // The parser ends comments, declarations and values at unexpected places.
     const QByteArray deep = Times(100'000, "<b>");
     for (const QByteArray &before :
          {QByteArray(), Times(100'000, "</a>"), QByteArray("<!--><x y='-->"), QByteArray("<?xml version=\"><x y='\"?>"),
@@ -65,7 +65,7 @@ TEST_F(Xml, NothingHidesNestingFromTheCount)
         EXPECT_EQ(Parse(before + deep + "'>"), -2) << before.left(40).constData();
 }
 
-TEST_F(Xml, BrokenTextIsAnErrorOrIgnoredAndNeverACrash)
+TEST_F(Xml, ReportsOrIgnoresBrokenTextWithoutACrash)
 {
     EXPECT_EQ(Parse(""), -2);
     EXPECT_EQ(document.ErrorRow(), 0);
@@ -81,7 +81,7 @@ TEST_F(Xml, BrokenTextIsAnErrorOrIgnoredAndNeverACrash)
     Parse("<a>" + Times(1000, "&#xffffffffffff;") + "</a>");
 }
 
-TEST_F(Xml, RowsAreThoseThatTheParserItselfCountsHoweverLinesEnd)
+TEST_F(Xml, ReportsTheRowsOfTheParserForAllLineEnds)
 {
     const QByteArray text =
         "<?xml version=\"1.0\"?>\n<!-- <no>\n -->\n<!DOCTYPE x>\n<a\n b='<no>\n'>t\n<![CDATA[<no>\n]]><b/>\n"
@@ -96,7 +96,7 @@ TEST_F(Xml, RowsAreThoseThatTheParserItselfCountsHoweverLinesEnd)
     }
 }
 
-TEST_F(Xml, TextIsTurnedFromTheCodePageAndBackIntoIt)
+TEST_F(Xml, ConvertsTextFromAndToTheCodePage)
 {
     env.codePage.Select("936");
     ASSERT_EQ(Parse("<a b=\"\xd6\xd0\">\xd6\xd0</a>"), 0);
@@ -118,7 +118,7 @@ TEST_F(Xml, TextIsTurnedFromTheCodePageAndBackIntoIt)
     EXPECT_EQ(folder.Get("out.xml"),
               "<all>\n    <a b=\"\xd6\xd0\">\xd6\xd0</a>\n    <inner />\n    <inner>\n        <b />\n"
               "    </inner>\n</all>\n");
-    for (int size = 0; size < 100; ++size) { // whatever room the text has behind its end
+    for (int size = 0; size < 100; ++size) { // with any size of the buffer after the text
         ASSERT_EQ(Parse("<a>" + QByteArray(size, 'x') + "\n\n<b/></a>"), 0);
         EXPECT_EQ(RowOf(*document.FirstChildElement()->FirstChildElement()), 3);
     }

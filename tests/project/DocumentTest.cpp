@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// An open project with a file and a text, and its handles at the monitor of files.
+/// An open project with a file and a text, and the handles of its files at the file monitor.
 class ResDoc : public testing::Test
 {
 protected:
@@ -53,7 +53,7 @@ TEST_F(ResDoc, IsModifiedByAnyChangeOfItsTreeUntilItIsSaved)
     EXPECT_TRUE(project.user.boxes.isEmpty());
 }
 
-TEST_F(ResDoc, StaysModifiedWhenItCannotBeWrittenAndGetsNoHeader)
+TEST_F(ResDoc, StaysModifiedAndWritesNoHeaderWhenTheSaveFails)
 {
     const auto expectFailure = [&](const QByteArray &message, int code) {
         (void)project.TakeOutput();
@@ -74,7 +74,7 @@ TEST_F(ResDoc, StaysModifiedWhenItCannotBeWrittenAndGetsNoHeader)
     EXPECT_EQ(project.user.boxes.size(), 1) << "a command shows no box";
 }
 
-TEST_F(ResDoc, AnOverflowOfTheNumbersSavesTheProjectAndSaysSo)
+TEST_F(ResDoc, SavesTheProjectAndReportsAnOverflowOfTheNumbers)
 {
     QByteArray resources;
     for (int i = 0; i <= 1000; ++i)
@@ -91,7 +91,7 @@ TEST_F(ResDoc, AnOverflowOfTheNumbersSavesTheProjectAndSaysSo)
     EXPECT_TRUE(project.folder.Get(LIST).startsWith("<APP id=\"APP_demo\">\n"));
 }
 
-TEST_F(ResDoc, AChangedListReplacesTheTreeAndLocalChangesAreGone)
+TEST_F(ResDoc, AChangedListReplacesTheTreeAndDiscardsLocalChanges)
 {
     Files().resources.First()->Rename(doc->ids, "ID_LOCAL");
     project.folder.Put(LIST, "<APP><FILE id=\"ID_NEW\"/></APP>");
@@ -103,14 +103,14 @@ TEST_F(ResDoc, AChangedListReplacesTheTreeAndLocalChangesAreGone)
     EXPECT_TRUE(other.updates == 1 && projView.updates == 1);
     Files().resources.First()->Rename(doc->ids, "ID_LOCAL");
     EXPECT_TRUE(doc->IsModified()) << "the new nodes are watched too";
-    project.folder.Put(LIST, "<APP>"); // another program is in the middle of its writing
+    project.folder.Put(LIST, "<APP>"); // another program is writing the file
     EXPECT_THROW(doc->OnWatchedFileChanged(Handle(LIST)), ArchiveException);
     EXPECT_EQ(NamesIn(Files()), "ID_LOCAL");
     EXPECT_TRUE(doc->IsModified() && doc->IsUnreadable());
     (void)project.TakeOutput();
     EXPECT_TRUE(doc->DoFileSave() && doc->lastSave.write != 0);
     EXPECT_TRUE(project.TakeOutput().contains("Error 1: failed to write to file"));
-    EXPECT_EQ(project.folder.Get(LIST), "<APP>") << "what is older replaces nothing";
+    EXPECT_EQ(project.folder.Get(LIST), "<APP>") << "older content replaces nothing";
     project.folder.Put(LIST, "<APP><FILE id=\"ID_AGAIN\"/></APP>");
     EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::TakenIn) << "once the file is repaired";
     EXPECT_EQ(NamesIn(Files()), "ID_AGAIN");
@@ -132,11 +132,11 @@ TEST_F(ResDoc, AChangedConfigurationReplacesTheTreeToo)
     project.folder.Put("demo/config.xml", whole);
     doc->OnWatchedFileChanged(handle);
     EXPECT_FALSE(doc->IsUnreadable());
-    EXPECT_GT(Handle("demo/config.xml"), handle) << "a notice that comes late asks nothing";
+    EXPECT_GT(Handle("demo/config.xml"), handle) << "a late notice asks nothing";
     EXPECT_FALSE(doc->WatchedClass(handle));
 }
 
-TEST_F(ResDoc, AChangedStringFileIsReadAgainAndShownWhereStringsAre)
+TEST_F(ResDoc, AChangedStringFileUpdatesTheStrings)
 {
     project.folder.Put(STRINGS, TestProject::StringTable({"ID_HELLO", "ID_BYE"}));
     doc->OnWatchedFileChanged(Handle(STRINGS));
@@ -155,7 +155,7 @@ TEST_F(ResDoc, AChangedStringFileIsReadAgainAndShownWhereStringsAre)
     EXPECT_TRUE(doc->DoFileSave() && doc->lastSave.write != 0);
     EXPECT_EQ(project.folder.Get(STRINGS), half);
     project.folder.Put(STRINGS, whole);
-    projView.selected = nullptr; // the whole tree goes
+    projView.selected = nullptr; // the whole tree is replaced
     doc->OnWatchedFileChanged(Handle(STRINGS));
     EXPECT_TRUE(doc->DoFileSave() && doc->lastSave.write == 0);
     QFile::remove(project.folder.Path(STRINGS));
@@ -165,7 +165,7 @@ TEST_F(ResDoc, AChangedStringFileIsReadAgainAndShownWhereStringsAre)
 TEST_F(ResDoc, WatchesItsFilesWhileItIsOpenButNotItsOwnWriting)
 {
     const quint32 handles[] = {0, Handle(LIST), Handle(STRINGS)};
-    using Flags = std::pair<qint32 *, qint32 *>; // of the file, of its type
+    using Flags = std::pair<qint32 *, qint32 *>; // the flag of the file, and that of its type
     EXPECT_EQ(project.monitor.flags[Handle(LIST)], Flags(&project.flags.resources, nullptr));
     EXPECT_EQ(project.monitor.flags[Handle(STRINGS)], Flags(&project.flags.strings, nullptr));
     QDir::setCurrent(u"/"_s);
@@ -174,7 +174,7 @@ TEST_F(ResDoc, WatchesItsFilesWhileItIsOpenButNotItsOwnWriting)
     EXPECT_EQ(project.monitor.watched.size(), 3U);
     EXPECT_TRUE(Handle(LIST) > 2 && Handle(STRINGS) > 2);
     for (const quint32 handle : handles)
-        doc->OnWatchedFileChanged(handle); // means nothing, or nothing any more
+        doc->OnWatchedFileChanged(handle); // unknown handles, and handles of files that are no longer watched
     EXPECT_EQ(projView.updates, 0);
     EXPECT_EQ(doc->ProjectFiles(), QStringList({project.folder.Path("demo/config.xml"), project.folder.Path(LIST),
                                                 project.folder.Path(STRINGS)}));
@@ -192,7 +192,7 @@ TEST_F(ResDoc, WatchesItsFilesWhileItIsOpenButNotItsOwnWriting)
     EXPECT_EQ(QDir::currentPath(), project.folder.Path("bin"));
 }
 
-TEST(FileDialog, OffersWhatTheMaskAsksFor)
+TEST(FileDialog, OffersTheFileTypesOfTheMask)
 {
     TestProject project("<APP/>", "[FileType]\naudio=*.wav\n");
     CResDoc &doc = *project.Open();

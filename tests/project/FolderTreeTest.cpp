@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The tree below a folder: kind in hexadecimal, index and title of each.
+/// Returns the tree below a folder: kind in hexadecimal, index and title of each.
 QString Tree(const CResFolder &folder)
 {
     QString text;
@@ -19,7 +19,7 @@ QString Tree(const CResFolder &folder)
 
 } // namespace
 
-TEST(FolderTree, OfAProjectIsAlwaysThisOne)
+TEST(FolderTree, HasTheFixedFoldersOfAProject)
 {
     TestProject project;
     CResDoc &doc = *project.Open();
@@ -35,7 +35,7 @@ TEST(FolderTree, OfAProjectIsAlwaysThisOne)
         << "an unknown screen leaves every resolution out of use";
 }
 
-TEST(ProjectConfig, MissingBrokenOrOldDoesNotOpen)
+TEST(ProjectConfig, IsRefusedIfMissingBrokenOrOld)
 {
     TestProject project;
     for (const QByteArray &bad : {TestProject::Config("19", "240", "320"), QByteArray("<config>"), QByteArray(),
@@ -46,14 +46,14 @@ TEST(ProjectConfig, MissingBrokenOrOldDoesNotOpen)
     QFile::remove(project.folder.Path("demo/config.xml"));
     EXPECT_EQ(project.Open(), nullptr);
     EXPECT_EQ(project.TakeOutput(), "") << "it has no message of its own";
-    EXPECT_EQ(project.user.boxes, QStringList(6, project.Path() + u" could not be opened. The output tells why."_s));
+    EXPECT_EQ(project.user.boxes, QStringList(6, project.Path() + u" could not be opened. The output explains why."_s));
     project.command = 3;
     EXPECT_EQ(project.Open(), nullptr);
     EXPECT_EQ(project.TakeOutput(), "\r\n### error 7 ###\r\n");
     EXPECT_EQ(project.user.boxes.size(), 6) << "a command shows no box";
 }
 
-TEST(ProjectConfig, IsReadWhateverStandsAroundItAndWhereItsKeySays)
+TEST(ProjectConfig, IsReadFromThePathOfItsKeyWithAnySurroundings)
 {
     TestProject project("<APP/>", "proj_cfg=..\\IDE\\Settings.XML\n");
     const auto read = [&](const QByteArray &text) {
@@ -72,7 +72,7 @@ TEST(ProjectConfig, IsReadWhateverStandsAroundItAndWhereItsKeySays)
         u"2147483647x0"_s);
 }
 
-TEST(LayoutResolution, IsThatOfTheElementWhoseFirstChildNamesTheFile)
+TEST(LayoutResolution, ComesFromTheElementWhoseFirstChildNamesTheFile)
 {
     TestProject project;
     CResDoc &doc = *project.Open();
@@ -85,7 +85,7 @@ TEST(LayoutResolution, IsThatOfTheElementWhoseFirstChildNamesTheFile)
         "<RESOLUTION class=\"layout\"><LAYOUT/></RESOLUTION></APP>");
     EXPECT_EQ(FindLayoutResolution(project.Path(), u"a.xml"_s, doc), 2);
     EXPECT_EQ(FindLayoutResolution(project.Path(), u"A.xml"_s, doc), -1);
-    EXPECT_EQ(FindLayoutResolution(project.Path(), u"b.xml"_s, doc), -1) << "no such screen is known";
+    EXPECT_EQ(FindLayoutResolution(project.Path(), u"b.xml"_s, doc), -1) << "this screen is unknown";
     project.folder.Put("demo/res/demo.res.xml", "<APP>");
     EXPECT_EQ(FindLayoutResolution(project.Path(), u"a.xml"_s, doc), -1);
 }

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The first block of code in a page of the documents that is marked with that language.
+/// Returns the first code block of a documentation page that has that language as its mark.
 QByteArray Example(const char *page, const QString &language)
 {
     QFile file(QStringLiteral(MORVANITE_DOCS "/formats/%1.md").arg(QString::fromUtf8(page)));
@@ -32,7 +32,7 @@ void OpenAndSave(TestProject &project)
 
 } // namespace
 
-TEST(FormatPages, TheirExampleProjectOpensAndIsSavedAsItStandsThere)
+TEST(FormatPages, ExampleProjectOpensAndIsSavedUnchanged)
 {
     const QByteArray list = Example("project-files", u"xml res"_s);
     TestProject project(list);
@@ -52,7 +52,7 @@ TEST(FormatPages, TheirExampleProjectOpensAndIsSavedAsItStandsThere)
     EXPECT_EQ(withLayouts.folder.Get("demo/res/layout_demo_240x320.xml"), layouts);
 }
 
-TEST(FormatPages, TheirSettingsAreRead)
+TEST(FormatPages, ExampleSettingsAreRead)
 {
     const TempFolder folder;
     folder.Put("Morvanite.ini", Example("settings", u"ini settings"_s));
@@ -68,7 +68,7 @@ TEST(FormatPages, TheirSettingsAreRead)
 
     folder.Put("demo/morvanite.ini", Example("settings", u"ini project"_s));
     Settings settings = env.settings;
-    EXPECT_EQ(settings.UseProject(folder.Path("demo/morvanite.ini")), QStringList()) << "a key that doesn't count";
+    EXPECT_EQ(settings.UseProject(folder.Path("demo/morvanite.ini")), QStringList()) << "a key without effect";
     EXPECT_EQ(settings.String("Text", "code_page"), u"936"_s);
     EXPECT_EQ(settings.Int("Layout", "folders", 0), 1);
 }

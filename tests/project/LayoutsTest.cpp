@@ -19,7 +19,7 @@ QByteArray LayoutFile(const QByteArray &layouts)
     return "<TarvoXML>\n" + layouts + "</TarvoXML>\n";
 }
 
-/// The element of a resolution's layouts in the list, as it is written.
+/// Returns the list's element for the layouts of a resolution, as it is written.
 QByteArray Resolution(const QByteArray &size, const QByteArray &inside)
 {
     const QByteArray tag = "    <RESOLUTION " + size + " class=\"layout\"";
@@ -30,13 +30,13 @@ constexpr char SMALL[] = "width=\"176\" height=\"220\"";
 constexpr char SCREEN[] = "width=\"240\" height=\"320\"";
 constexpr char NAMED[] = "<LAYOUT>res\\screens.xml</LAYOUT>";
 
-/// The elements of layouts as a save writes them.
+/// Returns the elements of layouts as a save writes them.
 QByteArray Elements(const QByteArray &ofScreen, const QByteArray &ofSmall = {})
 {
     return Resolution(SMALL, ofSmall) + Resolution(SCREEN, ofScreen);
 }
 
-/// A project with layouts for its own screen, 240x320; 176x220 is in use too and has none.
+/// A project with layouts for its own screen, 240x320. 176x220 is in use too and has no layouts.
 struct Layouts : testing::Test
 {
     Layouts()
@@ -68,7 +68,7 @@ struct Layouts : testing::Test
         return *doc;
     }
 
-    /// What a save writes between the first line and the last.
+    /// Saves. Returns the output between the first line and the last.
     QByteArray Save(int code = 0)
     {
         (void)project.TakeOutput();
@@ -78,7 +78,7 @@ struct Layouts : testing::Test
         return said.first(said.lastIndexOf("[demo] save"));
     }
 
-    /// The elements of layouts in the list.
+    /// Returns the elements of layouts in the list.
     QByteArray Written() const
     {
         const QRegularExpression element(u" *<RESOLUTION[^>]*class=\"layout\"( />|>.*?</RESOLUTION>)\n"_s,
@@ -113,7 +113,7 @@ struct Layouts : testing::Test
 
 } // namespace
 
-TEST_F(Layouts, StandInFoldersLikeThoseOfImagesAndAreSavedAsTheyWere)
+TEST_F(Layouts, AreInFoldersByResolutionAndAreSavedUnchanged)
 {
     const QByteArray file = LayoutFile(Layout("ID_MAIN") + Layout("ID_ABOUT"));
     project.folder.Put(FILE, file);
@@ -146,7 +146,7 @@ TEST_F(Layouts, StandInFoldersLikeThoseOfImagesAndAreSavedAsTheyWere)
     EXPECT_EQ(project.folder.Get(FILE), LayoutFile(Layout("ID_START")));
 }
 
-TEST_F(Layouts, AreNoneWithoutTheSettingAndTheListIsAsEver)
+TEST_F(Layouts, AreIgnoredWithoutTheSettingAndTheListStaysUnchanged)
 {
     project.folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n");
     project.folder.Put(FILE, LayoutFile(Layout("ID_MAIN")));
@@ -159,7 +159,7 @@ TEST_F(Layouts, AreNoneWithoutTheSettingAndTheListIsAsEver)
     EXPECT_EQ(project.folder.Get(FILE), LayoutFile(Layout("ID_MAIN")));
 }
 
-TEST_F(Layouts, ANewOneGetsAFreeNameAndAFileOfItsResolution)
+TEST_F(Layouts, ANewLayoutGetsAFreeNameAndAFileOfItsResolution)
 {
     project.folder.Put(LIST, List(QByteArray()));
     project.folder.Put("demo/res/layout_demo_240x320.xml", "somebody's work");
@@ -188,7 +188,7 @@ TEST_F(Layouts, ANewOneGetsAFreeNameAndAFileOfItsResolution)
     EXPECT_EQ(folder->subfolders.size(), 3U);
 }
 
-TEST_F(Layouts, AFileThatDoesNotLoadWholeIsLeftAloneAndStaysInTheList)
+TEST_F(Layouts, AFileThatDoesNotLoadCompletelyIsKeptUnchangedInTheList)
 {
     UseCatalogue("<catalogue version=\"1\"><structure name=\"Insets\"></structure></catalogue>");
     const QByteArray kept = "Warning 1: layout file \"res\\screens.xml\" wasn't loaded whole and is left as it is.\r\n";
@@ -219,7 +219,7 @@ TEST_F(Layouts, AFileThatDoesNotLoadWholeIsLeftAloneAndStaysInTheList)
     }
 }
 
-TEST_F(Layouts, OfTwoFilesForOneResolutionOrTwoResolutionsOfOneFileNoneIsLost)
+TEST_F(Layouts, TwoFilesForAResolutionAndTwoResolutionsOfAFileAreKept)
 {
     project.folder.Put(FILE, LayoutFile(Layout("ID_A")));
     project.folder.Put("demo/res/more.xml", LayoutFile(Layout("ID_B")));
@@ -240,11 +240,11 @@ TEST_F(Layouts, OfTwoFilesForOneResolutionOrTwoResolutionsOfOneFileNoneIsLost)
     EXPECT_EQ(project.folder.Get(FILE), LayoutFile(Layout("ID_A")));
 }
 
-TEST_F(Layouts, AFileWhoseLayoutsAreGoneGoesToTheTrash)
+TEST_F(Layouts, AFileWithoutLayoutsIsMovedToTheTrash)
 {
     project.folder.Put(FILE, LayoutFile(Layout("ID_A")));
     Open();
-    LayoutAt(0).File()->Remove(LayoutAt(0).Id()); // its resource is still there
+    LayoutAt(0).File()->Remove(LayoutAt(0).Id()); // its resource remains
     EXPECT_EQ(Save(), "");
     EXPECT_EQ(Written(), Elements({}));
     EXPECT_TRUE(project.folder.Has("share/Trash/files/screens.xml"));
@@ -272,13 +272,13 @@ TEST_F(Layouts, AreReadAgainWhenTheirFileChanges)
     const QByteArray whole = project.folder.Get(FILE);
     project.folder.Put(FILE, whole.first(whole.size() / 2));
     EXPECT_THROW(doc->OnWatchedFileChanged(Handle(FILE)), ArchiveException);
-    EXPECT_EQ(Titles(), QStringList({u"ID_NEW"_s, u"ID_B"_s})) << "what is open stays";
+    EXPECT_EQ(Titles(), QStringList({u"ID_NEW"_s, u"ID_B"_s})) << "the open layout stays";
     EXPECT_TRUE(Save(-3).contains("failed to write"));
     project.folder.Put(FILE, whole);
     doc->OnWatchedFileChanged(Handle(FILE));
     EXPECT_EQ(Save(), "");
 
-    // Of another resolution's layout of that name nothing was read.
+    // The reload doesn't affect a layout with that name in another resolution.
     CResFolder *const other = doc->root.FindFolder(KIND_RESO_LAYOUTS, 0, 2);
     other->AddFolder(doc->CreateFolder(KIND_LAYOUT, 0));
     view.selected = other->subfolders.front().get();
@@ -286,7 +286,7 @@ TEST_F(Layouts, AreReadAgainWhenTheirFileChanges)
     doc->OnWatchedFileChanged(Handle(FILE));
     EXPECT_EQ(view.selected, other->subfolders.front().get());
 
-    // With the list, which no longer names it, its watch goes.
+    // The new list doesn't name the file, so it is no longer watched.
     const quint32 handle = Handle(FILE);
     project.folder.Put(LIST, List(QByteArray()));
     doc->OnWatchedFileChanged(Handle(LIST));
@@ -296,7 +296,7 @@ TEST_F(Layouts, AreReadAgainWhenTheirFileChanges)
     doc->RemoveView(&view);
 }
 
-TEST_F(Layouts, AnElementWithoutAFileIsReportedAndACatalogueWithErrorsToo)
+TEST_F(Layouts, ReportAnElementWithoutAFileAndACatalogueWithErrors)
 {
     project.folder.Put(LIST, List("<LAYOUT/><IMAGE id=\"ID_A\"/>"));
     UseCatalogue("<catalogue version=\"1\">\n<class/></catalogue>");

@@ -6,7 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(Locator, BeginningsComeBeforeWordsAndEachInTheOrderOfNames)
+TEST(Locator, RanksPrefixesBeforeWordsAndSortsByName)
 {
     TestModel model;
     CResFolder &images = model.AddFolder(model.root, KIND_RESO_IMAGES, 0);

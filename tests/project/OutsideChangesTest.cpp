@@ -20,7 +20,7 @@ using testing::HasSubstr;
 namespace
 {
 
-/// An open project whose files another program changes, and what the document says about that.
+/// An open project whose files another program changes, and the document's messages about that.
 class OutsideChanges : public testing::Test
 {
 protected:
@@ -51,7 +51,7 @@ protected:
     std::string notice;
 };
 
-/// Comes between two of the document's own steps, as another program does.
+/// Changes files between two steps of the document, as another program does.
 struct Meddler : FakeMonitor
 {
     quint32 AddFile(const QString &path, CDocument *document) override
@@ -65,7 +65,7 @@ struct Meddler : FakeMonitor
 
 } // namespace
 
-TEST_F(OutsideChanges, AreOtherTypesOfFilesInTheSettingsToo)
+TEST_F(OutsideChanges, IncludeFileTypesInTheSettings)
 {
     project.folder.Put(LIST, "<APP><FILE id=\"ID_A\" type=\"Push\">a.ogg</FILE></APP>");
     project.folder.Put("demo/a.ogg", "");
@@ -74,7 +74,7 @@ TEST_F(OutsideChanges, AreOtherTypesOfFilesInTheSettingsToo)
     project.folder.Put("bin/Morvanite.ini", project.folder.Get("bin/Morvanite.ini") + "\n[FileType]\naudio=*.ogg\n");
     EXPECT_EQ(project.Open(), doc);
     EXPECT_FALSE(doc->root.FindFolder(KIND_AUDIO, 2)->resources.IsEmpty());
-    EXPECT_THAT(explained, HasSubstr("The settings have other types of files now"));
+    EXPECT_THAT(explained, HasSubstr("The file types in the settings have changed"));
 }
 
 TEST_F(OutsideChanges, AreLoadedBeforeTheDocumentIsUsedAgain)
@@ -91,23 +91,23 @@ TEST_F(OutsideChanges, AreLoadedBeforeTheDocumentIsUsedAgain)
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_TRUE(FileHas(STRINGS, u"ID_THIRD"));
     EXPECT_FALSE(FileHas(STRINGS, u"ID_OUTSIDE"));
-    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::None) << "what a save writes is no change";
+    EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::None) << "files written by a save are not changes";
     EXPECT_TRUE(Kept().empty());
     EXPECT_EQ(notice, "");
     EXPECT_THAT(explained, HasSubstr("ref_list_demo.txt; it was read again"));
 }
 
-TEST_F(OutsideChanges, TellEachFindingOnce)
+TEST_F(OutsideChanges, ReportEachFindingOnce)
 {
     std::string codes;
     const Notifier<const Finding &>::Listener listener(
         project.env->found, [&codes](const Finding &finding) { codes += std::string(finding.code) + ' '; });
     project.folder.Put(LIST, "<APP><FILE id=\"ID_A\">gone.png</FILE></APP>");
     EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::TakenIn);
-    EXPECT_EQ(codes, "list.file-missing ") << "not those of the trial as well";
+    EXPECT_EQ(codes, "list.file-missing ") << "findings of the trial load are not repeated";
     project.folder.Put(LIST, "<APP>");
     EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::Unreadable);
-    EXPECT_EQ(codes, "list.file-missing list.malformed ") << "which the report has a line of";
+    EXPECT_EQ(codes, "list.file-missing list.malformed ") << "the report has a line about it";
 }
 
 TEST_F(OutsideChanges, AreKeptWhenASaveReplacesThem)
@@ -125,14 +125,14 @@ TEST_F(OutsideChanges, AreKeptWhenASaveReplacesThem)
     QString replaced;
     EXPECT_EQ(KeptFiles(project.Path()).Restore(*project.env, 1, replaced), QString());
     EXPECT_EQ(project.folder.Get(STRINGS), outside);
-    EXPECT_EQ(Kept().size(), 2U) << "what was restored over is kept as well";
+    EXPECT_EQ(Kept().size(), 2U) << "the files replaced by a restore are kept too";
 
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_NE(doc->ids.FindName("ID_OUTSIDE"), nullptr) << "the document had no changes any more";
     EXPECT_EQ(Kept().size(), 2U);
 }
 
-TEST_F(OutsideChanges, OfASaveUnderWayAreWaitedFor)
+TEST_F(OutsideChanges, WaitForARunningSave)
 {
     int ready[2];
     ASSERT_EQ(pipe(ready), 0);
@@ -152,14 +152,14 @@ TEST_F(OutsideChanges, OfASaveUnderWayAreWaitedFor)
     ASSERT_EQ(waitpid(child, nullptr, 0), child);
 }
 
-TEST_F(OutsideChanges, WhileTheProjectIsReadMakeItReadAgain)
+TEST_F(OutsideChanges, DuringALoadMakeTheDocumentLoadAgain)
 {
     Meddler meddler;
     project.documents.CloseAll();
     project.services.watch = &meddler;
     int times = 0;
     int most = 1;
-    meddler.whenRead = [&](const QString &path) { // the list is read, and its strings are, but the list isn't done
+    meddler.whenRead = [&](const QString &path) { // the list and its strings are read, but the load isn't finished
         if (!path.endsWith(u"ref_list_demo.txt") || ++times > most)
             return;
         const QByteArray id = "ID_" + QByteArray::number(times);
@@ -180,13 +180,13 @@ TEST_F(OutsideChanges, WhileTheProjectIsReadMakeItReadAgain)
     most = 1000;
     EXPECT_EQ(project.Open(), nullptr);
     EXPECT_EQ(times, 5);
-    EXPECT_THAT(explained, HasSubstr("again and again"));
+    EXPECT_THAT(explained, HasSubstr("keeps changing"));
     most = 0;
     EXPECT_NE(project.Open(), nullptr);
     project.documents.CloseAll();
 }
 
-TEST_F(OutsideChanges, OfASaveThatHasNotRenamedAllAreWaitedForByALoad)
+TEST_F(OutsideChanges, ALoadWaitsForASaveThatHasNotRenamedAllFiles)
 {
     Meddler meddler;
     project.documents.CloseAll();
@@ -204,7 +204,7 @@ TEST_F(OutsideChanges, OfASaveThatHasNotRenamedAllAreWaitedForByALoad)
                 made.open(QIODevice::WriteOnly) && made.write(TestProject::StringTable({"ID_SAVED"})) > 0 &&
                 made.flush() &&
                 journal.Begin(*project.env, SavedProjectOf(*project.env, project.Path()), {{place, 0, false}}) == 0;
-            _exit(isReady ? 0 : 1); // killed there
+            _exit(isReady ? 0 : 1); // as if killed there
         }
         int status = -1;
         EXPECT_TRUE(waitpid(child, &status, 0) == child && status == 0);
@@ -216,19 +216,19 @@ TEST_F(OutsideChanges, OfASaveThatHasNotRenamedAllAreWaitedForByALoad)
     project.documents.CloseAll();
 }
 
-TEST_F(OutsideChanges, WhileASaveIsUnderWayMakeItFail)
+TEST_F(OutsideChanges, DuringASaveMakeItFail)
 {
     bool meddles = true;
-    project.env->trace = [&](QStringView) { // by the numbering of the IDs
+    project.env->trace = [&](QStringView) { // called by the numbering of the IDs
         if (std::exchange(meddles, false))
             ChangeOutside();
     };
     const std::map<quint32, QString> watched = project.monitor.watched;
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_NE(doc->lastSave.write, 0);
-    EXPECT_EQ(project.monitor.watched, watched) << "the change by others is still to be noticed";
+    EXPECT_EQ(project.monitor.watched, watched) << "the other program's change is not loaded yet";
     EXPECT_TRUE(FileHas(STRINGS, u"ID_OUTSIDE"));
-    EXPECT_THAT(explained, HasSubstr("ref_list_demo.txt while the project was saved; nothing was written"));
+    EXPECT_THAT(explained, HasSubstr("ref_list_demo.txt while the project was saved, so nothing was written"));
     ChangeHere();
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_EQ(doc->lastSave.write, 0);
@@ -236,7 +236,7 @@ TEST_F(OutsideChanges, WhileASaveIsUnderWayMakeItFail)
     project.documents.CloseAll();
 }
 
-TEST_F(OutsideChanges, ThatComeBetweenTheAttemptToLoadAndTheReloadAreTakenInLater)
+TEST_F(OutsideChanges, BetweenTheTrialLoadAndTheReloadAreLoadedLater)
 {
     const QByteArray sound = project.folder.Get(LIST);
     bool meddles = true;
@@ -249,7 +249,7 @@ TEST_F(OutsideChanges, ThatComeBetweenTheAttemptToLoadAndTheReloadAreTakenInLate
     EXPECT_TRUE(doc->IsUnreadable());
     EXPECT_FALSE(doc->IsModified()) << "a server may close it";
     EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::Unreadable);
-    doc->SetModifiedFlag(true); // whatever the user does with what is left
+    doc->SetModifiedFlag(true); // whatever the user does with the rest of the project
     project.folder.Put(LIST, sound);
     EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::TakenIn);
     EXPECT_FALSE(doc->IsUnreadable());
@@ -258,7 +258,7 @@ TEST_F(OutsideChanges, ThatComeBetweenTheAttemptToLoadAndTheReloadAreTakenInLate
     EXPECT_EQ(doc->lastSave.write, 0);
 }
 
-TEST_F(OutsideChanges, AreTakenInAfterAFailedSaveOfWhatNobodyEdited)
+TEST_F(OutsideChanges, AreLoadedAfterAFailedSaveOfAnUneditedProject)
 {
     (void)WithFileLimit(0, [&] { return doc->DoFileSave(); });
     EXPECT_NE(doc->lastSave.write, 0);
@@ -268,7 +268,7 @@ TEST_F(OutsideChanges, AreTakenInAfterAFailedSaveOfWhatNobodyEdited)
     EXPECT_TRUE(FileHas(STRINGS, u"ID_OUTSIDE"));
 }
 
-TEST_F(OutsideChanges, ThatChangeTheListAndRemoveTheStringsAreNotReplaced)
+TEST_F(OutsideChanges, ToTheListWithRemovedStringsAreNotOverwritten)
 {
     const QByteArray edited = project.folder.Get(LIST).replace("ID_A", "ID_EDITED");
     project.folder.Put(LIST, edited);
@@ -280,7 +280,7 @@ TEST_F(OutsideChanges, ThatChangeTheListAndRemoveTheStringsAreNotReplaced)
     EXPECT_FALSE(doc->IsModified());
 }
 
-TEST_F(OutsideChanges, ThatCannotBeReadAreNeitherLoadedNorReplaced)
+TEST_F(OutsideChanges, ThatCannotBeReadAreNeitherLoadedNorOverwritten)
 {
     const QByteArray broken = "<APP>\n<<<<<<< HEAD\n";
     project.folder.Put(LIST, broken);
@@ -292,14 +292,14 @@ TEST_F(OutsideChanges, ThatCannotBeReadAreNeitherLoadedNorReplaced)
     EXPECT_THAT(project.TakeOutput(), HasSubstr("Error 1: failed to write to file"));
     EXPECT_EQ(project.folder.Get(LIST), broken);
 
-    ChangeHere(); // now there is something that only the document has
+    ChangeHere(); // the document now has content of its own
     EXPECT_TRUE(doc->DoFileSave());
     EXPECT_EQ(doc->lastSave.write, 0);
     ASSERT_EQ(Kept().size(), 1U);
     EXPECT_TRUE(Kept().front().files.contains(project.folder.Path(LIST)));
 }
 
-TEST_F(OutsideChanges, ThatRemoveAFileLeaveTheDocumentAloneUnlessTheProjectIsWholeWithoutIt)
+TEST_F(OutsideChanges, ThatRemoveAFileAreLoadedOnlyIfTheProjectIsCompleteWithoutIt)
 {
     QFile::remove(project.folder.Path(LIST));
     EXPECT_EQ(doc->TakeInChanges(), CResDoc::Outside::Gone);
@@ -314,10 +314,10 @@ TEST_F(OutsideChanges, ThatRemoveAFileLeaveTheDocumentAloneUnlessTheProjectIsWho
     EXPECT_EQ(NamesIn(*doc->root.FindFolder(KIND_BINARY, 2)), "ID_ALONE");
     ASSERT_TRUE(QDir().rename(project.folder.Path("demo"), project.folder.Path("away")));
     EXPECT_TRUE(doc->DoFileSave());
-    EXPECT_TRUE(doc->IsModified()) << "what is open may be all that is left";
+    EXPECT_TRUE(doc->IsModified()) << "the open document may be the only copy";
 }
 
-TEST_F(OutsideChanges, AnOpeningThatReportedAnErrorKeepsWhatTheFirstSaveReplaces)
+TEST_F(OutsideChanges, TheFirstSaveAfterAnOpeningWithErrorsKeepsTheReplacedFiles)
 {
     project.documents.CloseAll();
     project.folder.Put(LIST, "<APP><FILE/><FILE id=\"ID_A\"/><STRING>res\\ref_list_demo.txt</STRING></APP>");
@@ -325,7 +325,7 @@ TEST_F(OutsideChanges, AnOpeningThatReportedAnErrorKeepsWhatTheFirstSaveReplaces
     const QByteArray before = project.folder.Get(LIST);
     qputenv("XDG_STATE_HOME", "/dev/null");
     EXPECT_TRUE(doc->DoFileSave());
-    EXPECT_EQ(doc->lastSave.write, -3) << "what can't be kept isn't replaced";
+    EXPECT_EQ(doc->lastSave.write, -3) << "a file that can't be kept isn't replaced";
     EXPECT_EQ(project.folder.Get(LIST), before);
     EXPECT_THAT(explained, HasSubstr("/dev/null/morvanite/kept"));
     qputenv("XDG_STATE_HOME", project.folder.Path("state").toUtf8());
@@ -334,10 +334,10 @@ TEST_F(OutsideChanges, AnOpeningThatReportedAnErrorKeepsWhatTheFirstSaveReplaces
     EXPECT_THAT(notice, HasSubstr("reported 1 error"));
     ChangeHere();
     EXPECT_TRUE(doc->DoFileSave());
-    EXPECT_EQ(Kept().size(), 1U) << "only the first save replaces what wasn't read";
+    EXPECT_EQ(Kept().size(), 1U) << "only the first save replaces unread content";
 }
 
-TEST(KeptFiles, TheNewestTwentyOfAProjectStayAndOnlyTheUserReadsThem)
+TEST(KeptFiles, KeepTheNewestTwentyOfAProjectReadableOnlyByTheUser)
 {
     TestProgram program;
     const KeptFiles kept(program.folder.Path("demo.vcproj"));
@@ -362,7 +362,7 @@ TEST(KeptFiles, TheNewestTwentyOfAProjectStayAndOnlyTheUserReadsThem)
     EXPECT_EQ(nothing, QString());
 }
 
-TEST(KeptFiles, OfAFailedSaveGoUnlessItsJournalIsStillThere)
+TEST(KeptFiles, AreRemovedAfterAFailedSaveUnlessItsJournalRemains)
 {
     TestProject project;
     const QString list = project.folder.Path("demo/res/demo.res.xml");
@@ -380,7 +380,7 @@ TEST(KeptFiles, OfAFailedSaveGoUnlessItsJournalIsStillThere)
     EXPECT_TRUE(HasJournal(*project.env, project.Path()));
 }
 
-TEST(KeptFiles, EachWayToLeaveSomethingOutAtAnOpeningKeepsTheFilesOfBefore)
+TEST(KeptFiles, AreKeptForEachWayToLeaveSomethingOutAtAnOpening)
 {
     struct Way
     {
@@ -433,14 +433,14 @@ TEST(KeptFiles, EachWayToLeaveSomethingOutAtAnOpeningKeepsTheFilesOfBefore)
         const bool hasTable = way.list.contains(string) || way.list.startsWith("<FILE id=\"ID_F\">a.bin</FILE>");
         if (hasTable)
             project.folder.Put("demo/res/ref_list_demo.txt", table);
-        const bool isUtf8 = QByteArray(way.settings).contains("code_page"); // whatever the project's code page is
+        const bool isUtf8 = QByteArray(way.settings).contains("code_page"); // independent of the project's code page
         const QByteArray list = (isUtf8 ? "\xEF\xBB\xBF" : "") + project.folder.Get("demo/res/demo.res.xml");
         project.folder.Put("demo/res/demo.res.xml", list);
         CResDoc *const doc = project.Open();
         ASSERT_NE(doc, nullptr);
         EXPECT_TRUE(doc->DoFileSave());
         EXPECT_EQ(doc->lastSave.write, 0);
-        EXPECT_NE(project.folder.Get("demo/res/demo.res.xml"), list) << "or the test is none";
+        EXPECT_NE(project.folder.Get("demo/res/demo.res.xml"), list) << "otherwise the test checks nothing";
         const std::vector<KeptFiles::Entry> kept = KeptFiles(project.Path()).Entries();
         ASSERT_EQ(kept.size(), 1U);
         QString replaced;

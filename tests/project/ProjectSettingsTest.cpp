@@ -3,7 +3,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(ProjectSettings, DecideWhatBelongsToTheProjectAndNothingElse)
+TEST(ProjectSettings, OverrideOnlyAllowedKeysOfTheirProject)
 {
     TestProject project("<APP/>", "[Text]\ncode_page=1252\n");
     project.folder.Put("demo/morvanite.ini", "[Text]\ncode_page=936\n[Layout]\nfolders=1\nspeed=2\n"

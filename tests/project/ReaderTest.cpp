@@ -9,8 +9,8 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// A line for each resource of the files and images: kind of its folder in hexadecimal, index of its resolution, name,
-/// kind of push, path.
+/// Returns a line for each resource of the files and images: kind of its folder in hexadecimal, index of its
+/// resolution, name, kind of push, path.
 QByteArrayList Resources(const CResFolder &folder)
 {
     QByteArrayList lines;
@@ -27,7 +27,7 @@ QByteArrayList Resources(const CResFolder &folder)
 
 } // namespace
 
-TEST(ProjectReader, PutsEachResourceIntoItsFolder)
+TEST(ProjectReader, AddsEachResourceToItsFolder)
 {
     TestProject project(
         "<?xml version=\"1.0\"?><APP id=\"APP_anything\">"
@@ -51,7 +51,7 @@ TEST(ProjectReader, PutsEachResourceIntoItsFolder)
     EXPECT_FALSE(project.Open()->IsModified());
 }
 
-TEST(ProjectReader, EachFaultHasItsMessageNumberAndLineAndTheRestIsRead)
+TEST(ProjectReader, ReportsEachFaultWithMessageNumberAndLineAndReadsTheRest)
 {
     const QByteArray longName(65, 'N');
     TestProject project("<APP>\n<FILE/>\n<IMAGE>x</IMAGE>\n<FILE id=\"1BAD\">missing</FILE>\n"
@@ -92,7 +92,7 @@ TEST(ProjectReader, EachFaultHasItsMessageNumberAndLineAndTheRestIsRead)
     EXPECT_FALSE(project.Open()->IsModified());
 }
 
-TEST(ProjectReader, WhatIsNoListOfResourcesDoesNotOpen)
+TEST(ProjectReader, RefusesFilesThatAreNotResourceLists)
 {
     TestProject project;
     const auto expect = [&](const QByteArray &message) {
@@ -118,7 +118,7 @@ TEST(ProjectReader, WhatIsNoListOfResourcesDoesNotOpen)
     expect("Error 1: failed to open file \"res\\none.txt\".\r\n");
 }
 
-TEST(ProjectReader, AProjectOfAChineseWindowsOpensInItsCodePageAndIsSavedInIt)
+TEST(ProjectReader, OpensAndSavesAProjectInAChineseCodePage)
 {
     TestProject project("<APP>\n<FILE id=\"ID_A\">.\\\xcd\xbc.bin</FILE><FILE id=\"\xcd\xbc\"/>\n</APP>",
                         "[Text]\ncode_page=936\n");
@@ -128,7 +128,7 @@ TEST(ProjectReader, AProjectOfAChineseWindowsOpensInItsCodePageAndIsSavedInIt)
     EXPECT_TRUE(project.folder.Get("demo/res/demo.res.xml").contains(">.\\\xcd\xbc.bin</FILE>"));
 }
 
-TEST(ProjectReader, EveryCutOfAListAndTheHugeOnesAreRefused)
+TEST(ProjectReader, RefusesEveryTruncatedListAndHugeOnes)
 {
     const QByteArray whole =
         "<?xml version=\"1.0\"?><!-- c --><APP id=\"APP_demo\"><FILE id=\"ID_A\" type='Push'>\xe4\xb8\xad.wav</FILE>"
@@ -155,7 +155,7 @@ TEST(ProjectReader, EveryCutOfAListAndTheHugeOnesAreRefused)
     EXPECT_FALSE(opens("<APP>" + QByteArray(20 << 20, ' ')));
 }
 
-TEST(ProjectReader, PipesAndFoldersInThePlaceOfFilesDoNotHang)
+TEST(ProjectReader, DoesNotHangOnPipesAndFoldersInsteadOfFiles)
 {
     for (const char *name : {"demo/res/demo.res.xml", "demo/config.xml", "demo/res/ref_list_demo.txt", "demo/file"}) {
         for (const bool pipe : {true, false}) {

@@ -16,7 +16,7 @@ namespace
 
 using Contents = QByteArrayList;
 
-/// A project of many files and texts, saved once.
+/// A project of many files and texts that was saved once.
 class SaveFaults : public testing::Test
 {
 protected:
@@ -35,7 +35,7 @@ protected:
         (void)project.TakeOutput();
     }
 
-    /// A change that is seen in all three files.
+    /// Makes a change that affects all three files.
     void Change(const NarrowText &name)
     {
         doc->root.FindFolder(KIND_BINARY, 2)->resources.First()->Rename(doc->ids, name);
@@ -55,12 +55,12 @@ protected:
 
 } // namespace
 
-TEST_F(SaveFaults, WhereverTheDiskGivesOutEveryFileStaysAndNothingLiesBesideIt)
+TEST_F(SaveFaults, AFullDiskAtAnyPointKeepsEveryFileAndLeavesNoOther)
 {
     const Contents before = Read();
     Change("ID_NEW");
-    // No file may grow above a limit that rises until all fit: first the string file, then the header, then the list
-    // fails.
+    // No file may grow beyond a limit, which rises until all files fit. First the string file fails, then the
+    // header, then the list.
     int failures = 0;
     const auto save = [&] { return doc->DoFileSave() ? doc->lastSave.write : -1; };
     for (rlim_t limit = 0; WithFileLimit(limit, save) != 0; limit += 197, ++failures) {
@@ -78,9 +78,9 @@ TEST_F(SaveFaults, WhereverTheDiskGivesOutEveryFileStaysAndNothingLiesBesideIt)
         EXPECT_NE(Read()[file], before[file]);
 }
 
-TEST_F(SaveFaults, AKillAtAnyMomentLeavesEachFileWholeAndTheProjectOpensWithFilesOfOneSave)
+TEST_F(SaveFaults, AKillAtAnyMomentLeavesCompleteFilesOfOneSave)
 {
-    // Two states that a child saves in turn.
+    // Two states, which a child process saves in turns.
     const char *const names[] = {"ID_A", "ID_B_AND_MORE"};
     Contents states[2];
     QElapsedTimer timer;
@@ -96,7 +96,7 @@ TEST_F(SaveFaults, AKillAtAnyMomentLeavesEachFileWholeAndTheProjectOpensWithFile
     for (int round = 0; round < 240; ++round) {
         SCOPED_TRACE(round);
         const int signal = round < 200 ? SIGKILL : SIGTERM;
-        // A save of the document's own removes what the last killed one left.
+        // A save of the document removes what the last killed save left.
         ASSERT_TRUE(round != 200 || doc->DoFileSave());
         const pid_t child = fork();
         if (child == 0) {
@@ -106,12 +106,12 @@ TEST_F(SaveFaults, AKillAtAnyMomentLeavesEachFileWholeAndTheProjectOpensWithFile
                 (void)doc->DoFileSave();
             }
         }
-        usleep(useconds_t(random() % longest)); // somewhere within the first few saves
+        usleep(useconds_t(random() % longest)); // a random moment in the first few saves
         kill(child, signal);
         int status = 0;
         ASSERT_EQ(waitpid(child, &status, 0), child);
         ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal);
-        if (round > 200) { // of the one before
+        if (round > 200) { // files left by the previous round
             ASSERT_EQ(project.folder.Names("demo/res"), QStringList({u"demo.res.xml"_s, u"ref_list_demo.txt"_s}));
             ASSERT_EQ(project.folder.Names("demo/ResID"), QStringList({u"ResID.h"_s}));
         }
@@ -120,7 +120,7 @@ TEST_F(SaveFaults, AKillAtAnyMomentLeavesEachFileWholeAndTheProjectOpensWithFile
             ASSERT_TRUE(now[file] == states[0][file] || now[file] == states[1][file]) << file;
             sawEach[now[file] == states[1][file]] = true;
         }
-        TestProject other; // its own program; opens the files that were left
+        TestProject other; // has its own program, and opens the files that were left
         CDocManager documents([&] { return std::make_unique<CResDoc>(*other.env, project.tables, other.services); });
         ASSERT_NE(documents.OpenDocumentFile(project.Path()), nullptr) << other.TakeOutput().constData();
         documents.CloseAll();

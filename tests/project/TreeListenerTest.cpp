@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Who holds on to nodes is told before they are destroyed. A tree that forgets to tell shows under AddressSanitizer,
-// and without it by what is held and isn't there any more.
+// Tests that the holders of nodes are notified before the nodes are destroyed. A missing notification shows under
+// AddressSanitizer, and otherwise by held nodes that are no longer in the tree.
 
 #include "TestProject.h"
 
@@ -21,7 +21,7 @@ void Collect(const CResFolder &folder, Nodes &nodes)
         Collect(*subfolder, nodes);
 }
 
-/// Holds every node of a tree but those that it was told to let go of.
+/// Holds every node of a tree except those that it was told to release.
 struct Holder : ITreeListener
 {
     explicit Holder(CResModel &heldModel) : ITreeListener(heldModel), model(heldModel) {}
@@ -38,7 +38,7 @@ struct Holder : ITreeListener
         for (const CResNode *node : going)
             held.erase(node);
     }
-    /// Reads from each node that is held. False when one of them isn't in the tree any more.
+    /// Reads from each held node. Returns false if one of them is no longer in the tree.
     [[nodiscard]] bool Read() const
     {
         Nodes present;
@@ -72,7 +72,7 @@ public:
             project.folder.Put(file, "<no end");
         try {
             doc->OnWatchedFileChanged(project.monitor.HandleOf(project.folder.Path(file)));
-        } catch (const ArchiveException &) { // what is left is held all the same
+        } catch (const ArchiveException &) { // the remaining nodes are held nevertheless
         }
     }
 
@@ -109,7 +109,7 @@ public:
 private:
     size_t Below(size_t count) { return std::uniform_int_distribution<size_t>(0, count - 1)(random); }
 
-    /// One of the folders of a kind; of any kind when that is 0; null when there is none.
+    /// Returns a random folder of a kind, or of any kind if it is 0; null if there is none.
     CResFolder *Any(quint32 kind)
     {
         Nodes nodes;
@@ -123,7 +123,7 @@ private:
         return folders.empty() ? nullptr : const_cast<CResFolder *>(folders[Below(folders.size())]);
     }
 
-    /// Other files than before, all of them well-formed.
+    /// Replaces the files by other well-formed ones.
     void Write()
     {
         const QByteArray number = QByteArray::number(qulonglong(Below(5)));
@@ -146,14 +146,14 @@ private:
 
 } // namespace
 
-TEST(TreeListener, IsToldBeforeWhateverItHoldsIsDestroyed)
+TEST(TreeListener, IsNotifiedBeforeItsNodesAreDestroyed)
 {
     TestProject project("<APP/>", "[Layout]\nfolders=1\n");
     RandomEdits edits(project);
     ASSERT_NE(edits.doc, nullptr);
     Holder holder(*edits.doc);
     size_t most = 0;
-    std::set<quint32> kinds; // of the folders whose resources were held
+    std::set<quint32> kinds; // the kinds of folders whose resources were held
     for (int step = 0; step < 600; ++step) {
         holder.HoldAll();
         most = std::max(most, holder.held.size());

@@ -4,7 +4,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(ProjectWriter, TheListIsThisToTheByteAndComesBackTheSame)
+TEST(ProjectWriter, WritesTheExactListAndReadsItBack)
 {
     TestProject project(
         "<APP><STRING>res\\ref_list_demo.txt</STRING><IMAGE id=\"ID_ALL\" type=\"Push\">a&amp;b &lt;1>.png</IMAGE>"
@@ -36,7 +36,7 @@ TEST(ProjectWriter, TheListIsThisToTheByteAndComesBackTheSame)
     }
 }
 
-TEST(ProjectWriter, WithoutStringsTheOldStringFileGoesToTheTrash)
+TEST(ProjectWriter, MovesTheStringFileToTheTrashWithoutStrings)
 {
     TestProject project("<APP><STRING>res\\ref_list_demo.txt</STRING></APP>");
     project.folder.MakeFolder("share");
@@ -48,7 +48,7 @@ TEST(ProjectWriter, WithoutStringsTheOldStringFileGoesToTheTrash)
     while (strings.subfolders.size() > 1)
         strings.DeleteFolder(strings.subfolders.back().get());
     EXPECT_TRUE(doc->DoFileSave());
-    EXPECT_TRUE(project.folder.Has("demo/res/ref_list_demo.txt")) << "a description is something to store";
+    EXPECT_TRUE(project.folder.Has("demo/res/ref_list_demo.txt")) << "a description is content";
 
     strings.subfolders.front()->Clear();
     QFile::remove(project.folder.Path("demo/res/demo.res.xml"));
@@ -63,7 +63,7 @@ TEST(ProjectWriter, WithoutStringsTheOldStringFileGoesToTheTrash)
     qunsetenv("XDG_DATA_HOME");
 }
 
-TEST(ProjectWriter, APathThatIsNoTextDoesNotSpoilTheList)
+TEST(ProjectWriter, KeepsTheListValidForAPathThatIsNotText)
 {
     TestProject project("<APP><FILE id=\"A\">\"cut\xc7\"</FILE><FILE id=\"B\">\xcd\xbc.bin</FILE><FILE "
                         "id=\"C\">x&quot;\xe4&amp;</FILE></APP>");
@@ -73,10 +73,10 @@ TEST(ProjectWriter, APathThatIsNoTextDoesNotSpoilTheList)
     ASSERT_NE(again, nullptr) << project.TakeOutput().constData();
     EXPECT_EQ(NamesIn(*again->root.FindFolder(KIND_BINARY, 2)), "A B C");
     EXPECT_TRUE(project.folder.Get("demo/res/demo.res.xml").contains(">\xcd\xbc.bin</FILE>"))
-        << "of another code page, and kept";
+        << "in another code page, and kept";
 }
 
-TEST(ProjectWriter, TheFilesLieWhereTheirKeysSay)
+TEST(ProjectWriter, WritesFilesToThePathsOfTheirKeys)
 {
     TestProject project("<APP/>", "main_xml=lists\\\nheader_output=gen\n[ResID]\nmain_header=ids.h\n");
     project.folder.Put("demo/lists/demo.res.xml", "<APP><FILE id=\"A\"/></APP>");
@@ -86,7 +86,7 @@ TEST(ProjectWriter, TheFilesLieWhereTheirKeysSay)
     EXPECT_TRUE(project.folder.Get("demo/gen/ids.h").contains("#if !defined _GEN_IDS_H_\r\n"));
 }
 
-TEST(ProjectWriter, TheImagesOfAComponentThatTheListUsesComeIntoUseAndAreWritten)
+TEST(ProjectWriter, WritesTheImagesOfAComponentThatTheListUses)
 {
     TestProject project;
     CResDoc &doc = *project.Open();

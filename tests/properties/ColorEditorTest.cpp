@@ -12,10 +12,10 @@ TEST(ColorEditor, TakesAColorFromTheDialogAndWritesItWhenItCloses)
     controls.answer = [&](const EditColor &start) {
         EXPECT_EQ(start, chosen ? (EditColor{255, 0, 7}) : (EditColor{255, 128, 64}));
         controls.focus = EditControl::Grid;
-        EXPECT_FALSE(editor->WantsApply(EditControl::Text0, EditEvent::FocusLost)); // the dialog has the focus
+        EXPECT_FALSE(editor->WantsApply(EditControl::Text0, EditEvent::FocusLost)); // the focus is in the dialog
         return chosen;
     };
-    EXPECT_FALSE(editor->WantsApply(EditControl::Swatch, EditEvent::Clicked)); // and cancelled
+    EXPECT_FALSE(editor->WantsApply(EditControl::Swatch, EditEvent::Clicked)); // cancels the dialog
     EXPECT_EQ(editor->Apply(), Applied::Nothing);
     layout.Type(*editor, u"300|x|7"_s);
     chosen = EditColor{1, 2, 3};

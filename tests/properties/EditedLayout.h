@@ -12,7 +12,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// Controls without a window: a test is the user.
+/// Controls without a window; the test acts as the user.
 struct FakeControls : IEditControls
 {
     void Show(EditControl control, const QRect &place) override { shown[control] = place; }
@@ -54,7 +54,7 @@ inline const char PROPERTIES[] =
     "<member name='text' type='ZulWString'/><member name='insets' type='Insets'/>"
     "<member name='states' type='ZrpStateImage'/></class>";
 
-/// A layout of the resolution 1 in a project with some resources.
+/// A layout of resolution 1 in a project with some resources.
 struct EditedLayout
 {
     explicit EditedLayout(const QByteArray &settings = {}, qint16 resolution = 1) : model(settings)
@@ -82,7 +82,7 @@ struct EditedLayout
         return *added;
     }
 
-    /// The editor of the row of that name, opened; null when it has none or that doesn't open.
+    /// Returns the opened editor of the row of that name. Returns null if the row has no editor or it doesn't open.
     [[nodiscard]] std::unique_ptr<CPropEditor> Open(const QString &name)
     {
         controls.shown.clear();
@@ -93,14 +93,14 @@ struct EditedLayout
         return isOpen ? std::move(editor) : nullptr;
     }
 
-    /// The row of a property, or "Class" or "Parent Component".
+    /// Returns the row of a property, or "Class" or "Parent Component".
     [[nodiscard]] PropertyRow Row(const QString &name) const
     {
         const std::vector<PropertyRow> rows = RowsOf(model.env, *panel);
         return *std::find_if(rows.begin(), rows.end(), [&](const PropertyRow &row) { return row.name == name; });
     }
 
-    /// What the controls show: the texts of the fields with "|" between, or the choice.
+    /// Returns what the controls show: the texts of the fields with "|" between them, or the choice.
     [[nodiscard]] QString Shown() const
     {
         if (controls.shown.contains(EditControl::Choices))
@@ -111,7 +111,7 @@ struct EditedLayout
         return texts.join(u'|');
     }
 
-    /// Types texts or makes a choice in the form of `Shown`.
+    /// Types texts or makes a choice, in the format of `Shown`.
     void Type(CPropEditor &editor, const QString &typed)
     {
         controls.focus = editor.First();

@@ -9,7 +9,7 @@ TEST(FieldPlaces, AreSideBySideAndEndWithTheValue)
     EXPECT_EQ(wide[1].label, QRect(183, 41, 40, 18));
     EXPECT_EQ(wide[1].text, QRect(225, 41, 34, 18));
     EXPECT_EQ(PlaceOfSwatch({100, 40, 400, 20}, wide[1].right), QRect(279, 41, 30, 18));
-    // The widths of what is shown, or -1, at some widths of the value.
+    // The widths of what is shown, or -1 where nothing is, for several widths of the value.
     const int rows[][6] = {{9, -1, -1, -1, -1, -1}, {10, 0, -1, -1, -1, -1}, {34, 22, -1, -1, -1, -1},
                            {35, 22, 1, -1, -1, -1}, {84, 22, 34, 1, -1, -1}, {180, 22, 34, 40, 34, 1}};
     const auto width = [](const std::optional<QRect> &place) { return place ? place->width() : -1; };

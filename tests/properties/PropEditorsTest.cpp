@@ -11,9 +11,9 @@ namespace
 struct ValueCase
 {
     const char *property;
-    const char *stored; // at first; null for no value
+    const char *stored; // the initial value; null for no value
     const char *shown;
-    const char *typed; // null for nothing
+    const char *typed; // null types nothing
     Applied applied;
     const char *storedThen;
     const char *printed;
@@ -22,7 +22,7 @@ struct ValueCase
 using enum Applied;
 
 const ValueCase VALUES[] = {
-    // A value that nobody touches keeps its digits and its spelling.
+    // A value that the user doesn't change keeps its digits and its spelling.
     {"float", "0.1234567", "0.123457", nullptr, Nothing, "0.1234567", "0.123457"},
     {"float", nullptr, "", "2.50", Changed, "2.50", "2.5"},
     {"s32", "7", "7", "", Nothing, "7", "7"},
@@ -39,13 +39,13 @@ const ValueCase VALUES[] = {
     {"area", "(1,2,3,4)", "1|2|3|4", "1|2||4", Refused, "(1,2,3,4)", "(1, 2, 3, 4)"},
     {"fpoint", "(0.5, 1)", "0.5|1", "0.25|1", Changed, "(0.25,1)", "0.25,1"},
     {"fpoint", "(0.5, 1)", "0.5|1", "0,5|1", Refused, "(0.5, 1)", "0.5,1"},
-    // A number longer than what one may type isn't cut.
+    // A number that is longer than the limit for typed text isn't truncated.
     {"fpoint", "(1e30, 0)", "1000000015047466219876688855040|0", nullptr, Nothing, "(1e30, 0)",
      "1000000015047466219876688855040,0"},
     {"bool", nullptr, "nothing", nullptr, Nothing, nullptr, ""},
     {"bool", "ZUL_TRUE", "true", nullptr, Nothing, "ZUL_TRUE", "true"},
     {"bool", "ZUL_TRUE", "true", "true", Changed, "true", "true"},
-    // The search for the value comes to the second choice first, which only begins like it.
+    // The search for the value finds the second choice first, although that only begins with it.
     {"align", "Left", "LeftTop", nullptr, Nothing, "Left", "Left"},
     {"align", "Left", "LeftTop", "LeftTop", Changed, "LeftTop", "LeftTop"},
     {"image", "@ID_IMAGE_0", "@ID_IMAGE_0", "@ID_IMAGE_2", Changed, "@ID_IMAGE_2", "@ID_IMAGE_2"},
@@ -85,7 +85,7 @@ TEST(PropEditors, ShowAndStoreAValueOfEachType)
 TEST(PropEditors, RefuseATextThatTheCodePageLacks)
 {
     EditedLayout layout("[Text]\ncode_page=1252\n");
-    const auto editor = layout.Open(u"time"_s); // which takes any text without a number
+    const auto editor = layout.Open(u"time"_s); // accepts any text without a number
     for (const auto &[text, applied] : {std::pair(u"ж"_s, Refused), {u"é"_s, Changed}}) {
         layout.Type(*editor, text);
         EXPECT_EQ(editor->Apply(), applied);
@@ -93,7 +93,7 @@ TEST(PropEditors, RefuseATextThatTheCodePageLacks)
     EXPECT_EQ(layout.panel->component->GetAttribute("time"), "\xE9");
 }
 
-TEST(PropEditors, NameAComponentAsNoOther)
+TEST(PropEditors, RequireUniqueComponentNames)
 {
     EditedLayout layout;
     layout.Add("cp02");
@@ -126,11 +126,11 @@ TEST(PropEditors, OfferTheImagesOfTheResolutionAndOfDefault)
         EXPECT_EQ(layout.controls.choices.last(), u"@ID_LAYOUT");
         layout.Type(*any, u"@ID_STR"_s);
         layout.model.ClearFolder(layout.model.root);
-        EXPECT_EQ(any->Apply(), Refused); // it has gone in the meantime
+        EXPECT_EQ(any->Apply(), Refused); // the component no longer exists
     }
 }
 
-TEST(PropEditors, OfferEachParentButThoseInTheComponent)
+TEST(PropEditors, OfferEveryParentExceptDescendants)
 {
     EditedLayout alone;
     EXPECT_FALSE(alone.Open(u"Parent Component"_s));
@@ -164,7 +164,7 @@ TEST(PropEditors, OfferEachParentButThoseInTheComponent)
     }));
 }
 
-TEST(PropEditors, CloseWhenTheFocusGoesElsewhere)
+TEST(PropEditors, CloseWhenTheyLoseTheFocus)
 {
     for (const char *property : {"s32", "bool", "size"}) {
         EditedLayout layout;
@@ -172,12 +172,12 @@ TEST(PropEditors, CloseWhenTheFocusGoesElsewhere)
         EXPECT_TRUE(editor->WantsApply(EditControl::Grid, EditEvent::FocusLost));
         layout.controls.focus = editor->First();
         EXPECT_FALSE(editor->WantsApply(EditControl::Grid, EditEvent::FocusLost));
-        layout.controls.focus = EditControl::Text1; // a field of a size only
+        layout.controls.focus = EditControl::Text1; // only a size has this field
         EXPECT_EQ(editor->WantsApply(editor->First(), EditEvent::FocusLost), property != QByteArray("size"));
     }
 }
 
-TEST(SelectString, BeginsAtTheSecondChoice)
+TEST(SelectString, StartsAtTheSecondChoice)
 {
     const QStringList choices = {u"ab"_s, u"Abc"_s, u"ac"_s};
     const std::pair<QString, int> cases[] = {{u"AB"_s, 1}, {u"ac"_s, 2}, {u"abcd"_s, -1}, {QString(), -1}};

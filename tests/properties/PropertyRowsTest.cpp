@@ -14,7 +14,7 @@ QByteArray Dump(const std::vector<PropertyRow> &rows)
 
 } // namespace
 
-TEST(PropertyRows, AreNameParentPropertiesAndThoseOfTheBase)
+TEST(PropertyRows, AreNameParentPropertiesAndInheritedProperties)
 {
     EditedLayout layout;
     CZulClass &inner = layout.Add({}, layout.panel);
@@ -42,7 +42,7 @@ TEST(PropertyRows, AreNameParentPropertiesAndThoseOfTheBase)
     EXPECT_EQ(Dump(RowsOf(layout.model.env, *unknown)), "Class|this|Unknown\nParent Component|None|---\n");
 }
 
-TEST(PropertyRows, OfATypeWithoutEndEnd)
+TEST(PropertyRows, AreLimitedForATypeThatGrowsWithoutLimit)
 {
     TestCatalogue catalogue;
     for (int level = 0; level < 40; ++level) {

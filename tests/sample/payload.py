@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Packs the sample a second time, in Python and from the description of the format alone, and wants the same bytes.
+"""Packs the sample again, in Python and only from the description of the format, and compares the bytes.
 
-Use: payload.py MORVANITE_CLI REPOSITORY
+Usage: payload.py MORVANITE_CLI REPOSITORY
 """
 
 import itertools
@@ -29,7 +29,7 @@ def padded(data):
 
 
 class Layout:
-    """The device's form of a layout, by the description of it alone; of a layout without faults and with a catalogue."""
+    """The device's form of a layout, made from the description alone. The layout has a catalogue and no faults."""
 
     WORDS = {"ZulBool": 16, "ZulS32": 17, "ZulU32": 18, "ZulId": 18, "ZulMsec": 19, "ZulFloat": 20, "ZulColor": 21, "ZulResId": 23,
              "ZulWString": 24, "ZulImageSrc": 25, "ZulPoint": 26, "ZulSize": 27, "ZulFPoint": 28, "ZulRect": 29, "ZrpStateImage": 30}
@@ -87,7 +87,7 @@ class Layout:
 
 
 class Sample:
-    """The sample's project, read without Morvanite."""
+    """The sample's project, read without code of Morvanite."""
 
     def __init__(self, folder, converter):
         self.folder, self.converter, self.with_layouts = folder, converter, False
@@ -178,7 +178,7 @@ class Sample:
 class Payload(DemoProject):
     def setUp(self):
         super().setUp()
-        # The settings of the project, and its list with the layouts, are copied where its layouts are wanted.
+        # The settings of the project, and its list with layouts, are copied only by the test that needs layouts.
         shutil.copytree(REPOSITORY / "sample", self.dir / "sample", ignore=shutil.ignore_patterns("morvanite.ini"))
         listing = self.dir / LIST
         listing.write_text(re.sub(r'<RESOLUTION [^>]* class="layout">.*?</RESOLUTION>', "", listing.read_text(), flags=re.S))
@@ -187,18 +187,18 @@ class Payload(DemoProject):
         self.env["XDG_CONFIG_HOME"] = str(self.dir)
 
     def pack(self, screen, kind, convert):
-        """The bytes that the pack put behind those of the input."""
+        """Returns the bytes that the pack appended to those of the input."""
         status, out, err = self.run_cli("pack", "sample/weatherclock.vcproj", "--input", self.input, "--output", "packed",
                                         "--resolution", screen, "--target", kind, "--convert-images", str(convert))
         self.assertEqual(status, 0, out + err)
         return (self.dir / "packed").read_bytes()[self.input.stat().st_size:]
 
     def assert_same(self, found, wanted):
-        """Without the megabyte that assertEqual would print."""
+        """Compares without the long output of assertEqual."""
         self.assertEqual(len(found), len(wanted))
         self.assertEqual(next((n for n, pair in enumerate(zip(found, wanted)) if pair[0] != pair[1]), None), None)
 
-    def test_every_screen_with_and_without_conversion_and_offsets_of_the_section_or_the_file(self):
+    def test_packs_every_screen_with_both_conversions_and_both_kinds_of_offsets(self):
         self.input.write_bytes(self.input.read_bytes() + b"?")
         start, fill = self.input.stat().st_size + 3, bytes(3)
         (self.dir / "morvanite").mkdir()
@@ -210,7 +210,7 @@ class Payload(DemoProject):
                 self.assert_same(appended[:len(wanted)], wanted)
                 self.assert_same((self.dir / "arm/app.res").read_bytes(), self.sample.payload(screen, convert, 0, padded))
 
-    def test_layouts_where_the_settings_give_the_project_some(self):
+    def test_packs_layouts_if_the_settings_enable_them(self):
         shutil.copy(REPOSITORY / "sample/morvanite.ini", self.dir / "sample")
         shutil.copy(REPOSITORY / LIST, self.dir / LIST)
         self.sample.with_layouts = True
@@ -223,14 +223,14 @@ class Payload(DemoProject):
                 self.assertEqual(wanted.count(b"MLAY\1"), screen != "128x128")
                 self.assert_same(self.pack(screen, "axf", 1)[:len(wanted)], wanted)
 
-    def test_behind_a_dll_of_any_size(self):
+    def test_appends_to_a_dll_of_any_size(self):
         for size in range(self.input.stat().st_size, self.input.stat().st_size + 4):
             with self.input.open("ab") as application:
                 application.truncate(size)
             wanted = self.sample.payload("320x240", 1, size + 8, bytes)
             self.assert_same(self.pack("320x240", "dll", 1), b".zp_res\0" + wanted + struct.pack("<I", size))
 
-    def test_the_icons_are_those_of_their_pictures(self):
+    def test_icons_match_their_pictures(self):
         for picture, icon in (("sample/art/AppLogo.png", "sample/AppLogo.img"),
                               ("packaging/program/AppLogo.png", "packaging/program/AppLogo.img")):
             self.assert_same((REPOSITORY / icon).read_bytes(), self.sample.read(str(REPOSITORY / picture), True))

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Looks through the data of the program folder and of the sample for what the programs can't say themselves.
+"""Checks the data of the program folder and of the sample for errors that the programs can't report themselves.
 
-Use: program_folder.py REPOSITORY
+Usage: program_folder.py REPOSITORY
 """
 
 import pathlib
@@ -15,7 +15,7 @@ STRINGS = (REPOSITORY / "sample/res/ref_list_weatherclock.txt").read_text(encodi
 
 
 def lines_of(name, section):
-    """The lines of a section without comments and empty ones."""
+    """Returns the lines of a section without comments and empty lines."""
     found, inside = [], False
     for line in (REPOSITORY / "packaging/program" / name).read_text(encoding="utf-8").splitlines():
         if line.startswith("["):
@@ -26,7 +26,7 @@ def lines_of(name, section):
 
 
 class ProgramFolder(unittest.TestCase):
-    def test_languages_are_unique_can_head_a_column_and_fit_the_readers_limit(self):
+    def test_languages_are_unique_valid_as_column_titles_and_within_the_readers_limit(self):
         lines = lines_of("tuvik.ini", "Language")
         names, numbers = zip(*(line.rsplit("=", 1) for line in lines))
         self.assertGreaterEqual(len(lines), 40)
@@ -48,7 +48,7 @@ class ProgramFolder(unittest.TestCase):
         used = re.findall(r'\{"[a-z]{2}", "[A-Za-z]+", (\d+)\}', program)
         self.assertEqual(sorted(used), sorted(number for _, number in columns))
 
-    def test_every_text_of_the_sample_but_one_is_translated_with_the_same_places_for_numbers(self):
+    def test_all_texts_of_the_sample_but_one_are_translated_with_the_same_placeholders(self):
         self.assertGreaterEqual(len(STRINGS), 28)
         gaps = []
         for row in STRINGS[2:-1]:
@@ -59,7 +59,7 @@ class ProgramFolder(unittest.TestCase):
             self.assertEqual(len(places), 1, row)
         self.assertEqual(gaps, [("ID_STRING_FROST_PUSH", 7)], "the gap that the window's string table shows")
 
-    def test_resolutions_are_unique_and_hold_those_of_the_sample(self):
+    def test_resolutions_are_unique_and_include_those_of_the_sample(self):
         sizes = lines_of("resolutions.ini", "Resolution")
         self.assertGreaterEqual(len(sizes), 12)
         self.assertEqual(len(set(sizes)), len(sizes))
@@ -68,12 +68,12 @@ class ProgramFolder(unittest.TestCase):
         for width, height in re.findall(r'<RESOLUTION width="(\d+)" height="(\d+)"', project):
             self.assertIn(f"{width}x{height}", sizes)
 
-    def test_every_key_that_the_programs_read_stands_there_with_their_default(self):
+    def test_settings_have_every_key_with_its_default(self):
         call = re.compile(r'\.(?:String|Int)\("([^"]+)",\s*"([^"]+)"(?:,\s*(?:"((?:[^"\\]|\\.)*)"|(\d+)))?\)')
         calls = [found for source in (REPOSITORY / "src").rglob("*.cpp") for found in call.findall(source.read_text("utf-8"))]
         self.assertGreater(len(calls), 10)
         for section, key, text, number in calls:
-            # The lines of these two differ from the defaults so that a first project finds its lists.
+            # These two keys differ from the defaults so that a first project finds its lists.
             if (section, key) not in {("Path", "reso_set"), ("Resource Type", "Count")} and section != "Text":
                 self.assertIn(f"{key}={text or number}".replace("\\\\", "\\"), lines_of("Morvanite.ini", section))
 

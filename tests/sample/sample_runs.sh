@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Builds the sample for each of its screens and wants the output that is beside this script.
-# Use: sample_runs.sh MORVANITE_CLI REPOSITORY
+# Builds the sample for each of its screens and compares the output with the files beside this script.
+# Usage: sample_runs.sh MORVANITE_CLI REPOSITORY
 set -euo pipefail
 cli=$1 repository=$2
 here=$(cd "$(dirname "$0")" && pwd)
@@ -36,9 +36,9 @@ for language in en ru zh hi ko ar; do
     head -n 9 all
 done | diff "$here/screens_by_language.txt" - || fail 'the screens in six languages'
 
-# Without its section, and with a damaged one, the program ends with a message and never with a crash. The entry that
-# leads to the items can't be done without.
-arm-linux-gnueabihf-objcopy --dump-section .zp_res=section $app copy.axf 2>log || fail 'the section cannot be taken out'
+# Without its section, and with a damaged one, the program ends with a message and never crashes. The entry that
+# leads to the items is required.
+arm-linux-gnueabihf-objcopy --dump-section .zp_res=section $app copy.axf 2>log || fail 'the section cannot be extracted'
 offset=$(arm-linux-gnueabihf-readelf -SW $app | sed -n 's/.*\.zp_res *[A-Z]* *[0-9a-f]* \([0-9a-f]*\) .*/\1/p')
 items=$(grep -abo 'zep-2\.0' section | sed -n '1s/:.*//p')
 for at in none 0 16 "$items" $((items + 8)) $((items + 12)) $((items + 20)); do
@@ -48,8 +48,8 @@ for at in none 0 16 "$items" $((items + 8)) $((items + 12)) $((items + 20)); do
     status=0
     qemu-arm damaged.axf >found 2>errors || status=$?
     [ $status = 0 ] || { [ $status = 1 ] && [ -s errors ]; } || fail "a section damaged at $at ends with $status and no message"
-    [[ $at != none && $at != "$items" ]] || [ $status = 1 ] || fail "a section damaged at $at is taken for whole"
-    [ "$at" != none ] || { [ ! -s found ] && grep -q '^weatherclock: this program carries no resources' errors; } ||
-        fail 'a program without resources has to say so'
+    [[ $at != none && $at != "$items" ]] || [ $status = 1 ] || fail "a section damaged at $at isn't detected"
+    [ "$at" != none ] || { [ ! -s found ] && grep -q '^weatherclock: this program contains no resources' errors; } ||
+        fail 'a program without resources must report that'
 done
 echo 'The sample shows its resources.'

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// "|" divides cells and "\n" lines.
+/// Makes a block from a text in which "|" separates cells and "\n" lines.
 CellRows Block(const QString &readable)
 {
     CellRows rows;
@@ -18,7 +18,7 @@ CellRows Block(const QString &readable)
     return rows;
 }
 
-/// "row,col=text" for each change, "+ID(kind) col=text" for each new row, "!" and what is refused.
+/// Returns "row,col=text" for each change, "+ID(kind) col=text" for each new row, and "!" with each refusal.
 QString Readable(const PastePlan &plan)
 {
     QStringList parts;
@@ -38,7 +38,7 @@ const QByteArray ROWS = TWO_LANGUAGES + "ID_A|Normal|a|A|Aa\nlow id|Push|b|B|Bb\
 
 } // namespace
 
-TEST(CellBlock, AnyCellsComeBackFromTheClipboard)
+TEST(CellBlock, ReadsAnyCopiedCellsFromTheClipboard)
 {
     const QStringList pieces{u"a"_s,      u"\""_s,           u"\t"_s,
                              u"\n"_s,     u"\r"_s,           u"\r\n"_s,
@@ -58,7 +58,7 @@ TEST(CellBlock, AnyCellsComeBackFromTheClipboard)
                 line << text(5);
         }
         ASSERT_EQ(FromTsv(ToTsv(block)), block);
-        const CellRows any = FromTsv(text(20)); // whatever another program puts there
+        const CellRows any = FromTsv(text(20)); // any text from another program
         ASSERT_TRUE(any.size() == 1 || FromTsv(ToTsv(any)) == any);
     }
     EXPECT_EQ(ToTsv({{u"a\t\"b\"\n"_s}}), u"a\t\"b\"\n"_s);
@@ -67,7 +67,7 @@ TEST(CellBlock, AnyCellsComeBackFromTheClipboard)
     EXPECT_EQ(FromTsv(u""), CellRows{{QString()}});
 }
 
-TEST(CellBlock, PastesGoWhereTheyBelong)
+TEST(CellBlock, PastesIntoTheMatchingCells)
 {
     TableProject project(ROWS);
     project.AddFolder(project.root, KIND_BINARY).AddResource(project.CreateFileRes("ID_FILE", ANY_RESOLUTION));
@@ -83,30 +83,31 @@ TEST(CellBlock, PastesGoWhereTheyBelong)
         const char *plan;
     };
     const Case cases[] = {
-        // One text.
+        // A single text.
         {{0, 3, {0, 2}, {}, all}, "A", "2,3=A"},
         {{0, 1, {0, 1}, {}, all}, "push", "0,1=Push"},
-        {{0, 1, {0, 1}, {}, all}, "x", "!Line 1: \"x\" is no resource type: Normal or Push"},
+        {{0, 1, {0, 1}, {}, all}, "x", "!Line 1: \"x\" is not a resource type; the types are Normal and Push"},
         {{3, 4, {}, {}, all}, "x", "+ 4=x"},
         {{1, 4, {}, {}, all}, "", "1,4="},
-        {atId, "ID_Z", "!Line 1: the ID ID_A stays: pasting doesn't rename rows"},
+        {atId, "ID_Z", "!Line 1: the ID ID_A is kept: pasting doesn't rename rows"},
         {atNew, " id_z ", "+ID_Z"},
-        // By place.
+        // By position.
         {atText, "x|y\nz", "0,3=x; 0,4=y; 1,3=z"},
-        {atText, "x|y|z", "0,3=x; 0,4=y; !The block has 3 columns and there is room for 2: the others are left out"},
+        {atText, "x|y|z",
+         "0,3=x; 0,4=y; !The block has 3 columns, but there is room for 2 only; the others are left out"},
         {{2, 1, {}, {0, 1, 2}, all}, "|x\nPush|y\n|\nNormal|z", "2,2=x; +(Push) 2=y; + 2=z"},
         {filtered, "x|y\nz|w", "1,2=x; 1,4=y; + 2=z 4=w"},
         {atText, "English|French\nx|y", "0,3=x; 0,4=y"},
         {atNew, "ID_N|Push|n\n9|Normal|x\n|Normal|x\nID_FILE||x\nid_n||x",
-         "+ID_N(Push) 2=n; !Line 2: \"9\" is no ID: 1 to 64 letters, digits and \"_\", and no digit at the front; "
-         "!Line 3: the line has no ID; !Line 4: a resource of another kind has the ID ID_FILE; "
-         "!Line 5: the ID ID_N is in a line before"},
+         "+ID_N(Push) 2=n; !Line 2: \"9\" is not a valid ID: an ID has 1 to 64 letters, digits and \"_\", and doesn't "
+         "begin with a digit; !Line 3: the line has no ID; !Line 4: a resource of another kind has "
+         "the ID ID_FILE; !Line 5: an earlier line has the ID ID_N"},
         // By ID.
         {atText, "ID_C|x\nlow id|y", "2,3=x; 1,3=y"},
         {atText, "ID_C|x\nhello|y\nyou|z", "0,3=ID_C; 0,4=x; 1,3=hello; 1,4=y; 2,3=you; 2,4=z"},
-        {atId, "id_c|Push|x\nID_D||y\nID_C||z", "2,1=Push; 2,2=x; +ID_D 2=y; !Line 3: the ID ID_C is in a line before"},
+        {atId, "id_c|Push|x\nID_D||y\nID_C||z", "2,1=Push; 2,2=x; +ID_D 2=y; !Line 3: an earlier line has the ID ID_C"},
         {filtered, "String ID|french|German\nID_A|x|\nID_N|y|",
-         "0,4=x; +ID_N 4=y; !Line 1: the column \"German\" is left out: the table has none of that title"},
+         "0,4=x; +ID_N 4=y; !Line 1: the column \"German\" is left out: the table has no column of that title"},
         {filtered, "French|ID\nx|ID_A", "0,4=x"},
     };
     for (const Case &one : cases) {
@@ -119,7 +120,7 @@ TEST(CellBlock, PastesGoWhereTheyBelong)
     EXPECT_EQ(Readable(PlanPaste(project.table, cells, atText)), QString());
 }
 
-TEST(CellBlock, WhatIsPastedCanBeReadBackFromTheFile)
+TEST(CellBlock, PastedTextsSurviveASaveAndALoad)
 {
     TableProject project(ROWS);
     const QString hard = u"a\tb\r\nc\nd\re\u2028f\u2029g"_s + QChar(0) + QChar(0xDC00) + QString(100'000, u'x');
@@ -135,7 +136,7 @@ TEST(CellBlock, WhatIsPastedCanBeReadBackFromTheFile)
     EXPECT_EQ(again.Dump(), project.Dump());
 }
 
-TEST(CellBlock, ReplacementsAreFoundFromLeftToRight)
+TEST(CellBlock, ReplacesMatchesFromLeftToRight)
 {
     TableProject project(TWO_LANGUAGES + "ID_A|Push|aAaa|push|xay\n##number|1\n");
     const auto changes = PlanReplace(project.table, {0}, {0, 1, 2, 3, 4}, u"aa"_s, false, u"a\nb"_s);

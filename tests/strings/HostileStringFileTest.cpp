@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 constexpr const char *SMALL = "Number of Language|1\nString ID|Resource Type|Description|English(9)\n"
                               "ID_A|Push|a|A\nID_B|Normal|b|B\n##number|2\n";
 
-TEST(HostileStringFile, EveryCutIsTheReadErrorAndKeepsTheRowsBeforeInPiecesOfAnySize)
+TEST(HostileStringFile, EveryTruncationIsAReadErrorAndKeepsTheRowsBeforeIt)
 {
     const QByteArray whole = StringFileBytes(SMALL);
     for (qsizetype size = 0; size < whole.size(); ++size) {
@@ -25,7 +25,7 @@ TEST(HostileStringFile, EveryCutIsTheReadErrorAndKeepsTheRowsBeforeInPiecesOfAny
     }
 }
 
-TEST(HostileStringFile, AnotherEncodingIsNoStringFile)
+TEST(HostileStringFile, RefusesOtherEncodings)
 {
     StringProject project;
     QByteArray bigEndian = StringFileBytes(SMALL);
@@ -36,7 +36,7 @@ TEST(HostileStringFile, AnotherEncodingIsNoStringFile)
     EXPECT_TRUE(project.strings.subfolders.empty());
 }
 
-TEST(HostileStringFile, LinesAndNamesMayBeOfAnyLengthAndHoldReturnsAndZeros)
+TEST(HostileStringFile, AcceptsLinesAndNamesOfAnyLengthWithReturnsAndZeros)
 {
     StringProject project;
     const QByteArray longText(300'000, 'x');
@@ -51,9 +51,9 @@ TEST(HostileStringFile, LinesAndNamesMayBeOfAnyLengthAndHoldReturnsAndZeros)
                 testing::AllOf(testing::StartsWith("Error 1: invalid ID format - [xxx"), testing::EndsWith("xxx...")));
 }
 
-TEST(HostileStringFile, ManyLanguagesInRepeatedColumnsAndTheirManyRowsStayFastAndAreFoundAgain)
+TEST(HostileStringFile, ReadsManyRepeatedLanguageColumnsAndRowsFast)
 {
-    // This takes minutes where columns or holders are walked for every cell.
+    // This takes minutes if the columns or rows are searched for every cell.
     constexpr int COLUMNS = 3000;
     QByteArray header = "Number of Language|3000\nString ID|Description";
     QByteArray rows = "\nID_A|";

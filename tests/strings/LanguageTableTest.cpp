@@ -5,7 +5,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(LanguageHeader, ItsOwnNumberCountsAndWithoutOneTheWholeTextIsLookedUp)
+TEST(LanguageHeader, UsesItsNumberOrLooksUpTheWholeText)
 {
     const QString longest(128, u'n');
     const StringProject project;
@@ -27,7 +27,7 @@ TEST(LanguageHeader, ItsOwnNumberCountsAndWithoutOneTheWholeTextIsLookedUp)
         EXPECT_EQ(ParseLanguageHeader(project.env, unknown), -1) << qPrintable(unknown);
 }
 
-TEST(LanguageTable, ItsLanguagesAreTheLinesWithANameAndANumberAndMayHaveCodes)
+TEST(LanguageTable, ReadsLinesThatHaveANameAndANumber)
 {
     TestProgram program;
     const QString longest(64, u'n');

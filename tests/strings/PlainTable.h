@@ -7,15 +7,15 @@
 #include <map>
 #include <vector>
 
-/// A string table as plain values, by the same rules as the real one. Each edit says whether it was done; one that was
-/// refused has changed nothing.
+/// A string table of plain values with the same rules as the real one. Each edit returns whether it was done; a refused
+/// edit changes nothing.
 struct PlainTable
 {
     struct Row
     {
         QString id;
         bool push = false;
-        std::map<int, QString> texts; // by column, but for empty ones
+        std::map<int, QString> texts; // texts by column, without empty ones
         bool operator==(const Row &) const = default;
     };
 
@@ -67,7 +67,7 @@ struct PlainTable
         if (!IsValid(row.id) || IsTaken(row.id))
             return false;
         if (col > 0)
-            SetText(row, std::max(col, 2), text); // what is typed as a kind becomes the description
+            SetText(row, std::max(col, 2), text); // a text typed as the kind becomes the description
         rows.push_back(row);
         return true;
     }

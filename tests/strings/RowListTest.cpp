@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <random>
 
-TEST(RowList, DoesWhatAVectorDoesAcrossItsBlocks)
+TEST(RowList, MatchesAVectorAcrossBlockBoundaries)
 {
     std::mt19937 random(3);
     std::vector<CStringRes *> plain;
@@ -14,11 +14,11 @@ TEST(RowList, DoesWhatAVectorDoesAcrossItsBlocks)
     for (size_t step = 1; step <= 20000; ++step) {
         const size_t at = random() % (plain.size() + 1);
         if (random() % 5 < (step < 15000 ? 4 : 1) || plain.empty()) {
-            auto *head = reinterpret_cast<CStringRes *>(step); // never looked into
+            auto *head = reinterpret_cast<CStringRes *>(step); // never dereferenced
             plain.insert(plain.begin() + ptrdiff_t(at), head);
             list.Insert(int(at), head);
         } else {
-            list.Remove(int(at)); // at the end: nothing
+            list.Remove(int(at)); // does nothing at the end
             if (at < plain.size())
                 plain.erase(plain.begin() + ptrdiff_t(at));
         }

@@ -8,7 +8,7 @@ constexpr const char *TABLE = "Number of Language|2\nString ID|Resource Type|Des
                               "ID_BYE|Push||Bye|\n"
                               "##number|2\n";
 
-TEST(StringFileReader, BuildsFoldersRowsAndChainsAndTellsTheObserver)
+TEST(StringFileReader, BuildsFoldersRowsAndChainsAndNotifiesTheObserver)
 {
     StringProject project;
     CountingObserver observer;
@@ -30,7 +30,7 @@ TEST(StringFileReader, BuildsFoldersRowsAndChainsAndTellsTheObserver)
     EXPECT_EQ(observer.removed, 5);
 }
 
-TEST(StringFileReader, SaysWhichFileItReads)
+TEST(StringFileReader, ReportsWhichFileItReads)
 {
     StringProject project;
     const QString path = project.folder.Path("strings.txt");
@@ -42,7 +42,7 @@ TEST(StringFileReader, SaysWhichFileItReads)
     EXPECT_EQ(project.Written(), TABLE);
 }
 
-TEST(StringFileReader, SaysWhatIsWrongWithAHeader)
+TEST(StringFileReader, ReportsErrorsOfTheHeader)
 {
     const auto format = [](const std::string &word, int line) {
         return "Error 1: invalid file format; \"" + word + "\" expected at line " + std::to_string(line) + ".\r\n";
@@ -76,7 +76,7 @@ TEST(StringFileReader, SaysWhatIsWrongWithAHeader)
     }
 }
 
-TEST(StringFileReader, TakesFilesWithoutTypesAndWithoutNumbersAndTheLastColumnOfALanguage)
+TEST(StringFileReader, AcceptsFilesWithoutTypesOrNumbersAndUsesTheLastColumnOfALanguage)
 {
     StringProject project;
     ASSERT_EQ(project.Read("Number of Language|3\nString ID|Description|French|English|Again(12)\n"
@@ -87,7 +87,7 @@ TEST(StringFileReader, TakesFilesWithoutTypesAndWithoutNumbersAndTheLastColumnOf
                                  "ID_A|Normal|Push|deux|one\nID_B|Normal||un|\n##number|2\n");
 }
 
-TEST(StringFileReader, GoesOnBehindABadRow)
+TEST(StringFileReader, ContinuesAfterABadRow)
 {
     StringProject project;
     const auto image = project.CreateFileRes("ID_LOGO", 0);
@@ -102,10 +102,10 @@ TEST(StringFileReader, GoesOnBehindABadRow)
                                   "Error 4: invalid resource type - [].\r\n");
     EXPECT_EQ(project.Written(),
               head + "ID_A|Normal|a|A\n1 D|Push||B\nID_SHORT|Normal||\nID_CUT|Normal|d|\n##number|4\n");
-    EXPECT_EQ(project.rows, 4) << "those that it read whole";
+    EXPECT_EQ(project.rows, 4) << "only completely read rows";
 }
 
-TEST(StringFileReader, ReadingAgainChangesTextsAndKeepsWhatIsThere)
+TEST(StringFileReader, ReadingAgainUpdatesTextsAndKeepsTheRest)
 {
     CountingObserver observer;
     StringProject project;
@@ -117,7 +117,7 @@ TEST(StringFileReader, ReadingAgainChangesTextsAndKeepsWhatIsThere)
                            "ID_BYE|Normal||Bye|\nID_HELLO|Push|greeting|Hi|\n##number|2\n"),
               0);
     EXPECT_EQ(project.Language(9)->resources.First(), hello);
-    EXPECT_EQ(observer.changed, 1) << "only Hello became another text";
+    EXPECT_EQ(observer.changed, 1) << "only Hello changed";
     EXPECT_EQ(project.Written(), QByteArray(TABLE).replace("Hello", "Hi").toStdString());
 
     project.Language(-1)->DeleteResource(hello->Id());
@@ -125,7 +125,7 @@ TEST(StringFileReader, ReadingAgainChangesTextsAndKeepsWhatIsThere)
     EXPECT_EQ(project.Messages(), "Error 1: ID conflicts - ID_HELLO.\r\n") << "a row that lost its description";
 }
 
-TEST(StringFileReader, ReadsTheExampleOfItsDescription)
+TEST(StringFileReader, ReadsTheExampleOfTheFormatDescription)
 {
     QFile page(QStringLiteral(STRING_FILE_PAGE));
     ASSERT_TRUE(page.open(QIODevice::ReadOnly));
@@ -158,14 +158,14 @@ TEST(StringFileReader, CountsTheRowsAndCellsThatASaveWouldLose)
     EXPECT_EQ(dropped(head + "|Other(13)||\n" + row + "||\n##number|1\n"), "2 ");
     EXPECT_EQ(dropped(head + '\n' + row + "\n|Normal|without an ID\n##number|1\n"), "4 ");
     EXPECT_EQ(dropped(head + '\n' + row + "\n##number|1\n" + row + "\n\nlast"), "5 7 ");
-    // Of two texts for one cell the second counts, and equal ones lose nothing.
+    // The second of two texts for a cell is used, and equal texts lose nothing.
     EXPECT_EQ(dropped(head + '\n' + row + '\n' + row + "\nID_A|Normal|about|two|\n##number|2\n"), "5 ");
     EXPECT_EQ(dropped("Number of Language|2\nString ID|Description|English(9)|English(9)\n"
                       "ID_A|a|one|two\nID_B|b|one|\nID_C|c||two\nID_D|d|one|one\n##number|4\n"),
               "3 ");
 }
 
-TEST(StringFileReader, AReloadCountsWhatTheFileLosesNotWhatItReplaces)
+TEST(StringFileReader, AReloadCountsDroppedTextsButNotReplacedOnes)
 {
     StringProject project;
     const QByteArray head = "Number of Language|1\nString ID|Description|English(9)\n";

@@ -6,7 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(StringFileWriter, WritesAnyTableThatWasReadAsItWas)
+TEST(StringFileWriter, WritesEveryTableAsItWasRead)
 {
     std::mt19937 random(1);
     const auto below = [&](unsigned limit) { return unsigned(random() % limit); };
@@ -31,7 +31,7 @@ TEST(StringFileWriter, WritesAnyTableThatWasReadAsItWas)
     }
 }
 
-TEST(StringFileWriter, AProjectWithoutStringsGivesTwoLinesThatEndInTheReadError)
+TEST(StringFileWriter, WritesTwoLinesForAProjectWithoutStringsWhichDoNotReadBack)
 {
     StringProject project;
     EXPECT_EQ(project.Written(), "Number of Language|0\nString ID|Resource Type|Description\n");
@@ -40,10 +40,10 @@ TEST(StringFileWriter, AProjectWithoutStringsGivesTwoLinesThatEndInTheReadError)
     EXPECT_EQ(project.Written(), "Number of Language|0\nString ID|Resource Type|Description\n##number|0\n");
     project.Language(-1)->AddResource(project.CreateStringRes("ID_A", -1));
     static_cast<CStringRes *>(project.Language(-1)->resources.First())->text = u"one\ttwo\r\nthree"_s;
-    EXPECT_THAT(project.Written(), testing::HasSubstr("ID_A|Normal|one|two\nthree\n")) << "a text stands as it is";
+    EXPECT_THAT(project.Written(), testing::HasSubstr("ID_A|Normal|one|two\nthree\n")) << "a text is written unchanged";
 }
 
-TEST(StringFileWriter, NamesAPathThatCantBeOpenedAndKeepsTheOldFileWhenTheDiskGivesOut)
+TEST(StringFileWriter, NamesAPathThatCannotBeOpenedAndKeepsTheOldFileOnAFullDisk)
 {
     StringProject project;
     const auto write = [&](const char *name, const char *message) {
@@ -59,5 +59,5 @@ TEST(StringFileWriter, NamesAPathThatCantBeOpenedAndKeepsTheOldFileWhenTheDiskGi
         EXPECT_EQ(WithFileLimit(room, [&] { return write("strings.txt", "Error 5: failed to write to file \""); }),
                   1013);
     EXPECT_EQ(project.folder.Get("strings.txt"), "as it was");
-    EXPECT_EQ(project.folder.Names(), QStringList({u"bin"_s, u"strings.txt"_s})) << "nothing is left beside it";
+    EXPECT_EQ(project.folder.Names(), QStringList({u"bin"_s, u"strings.txt"_s})) << "no other file is left";
 }

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Characters whose cases, sizes and bytes differ in all ways.
+/// Characters with various properties of case, size and bytes.
 const QStringList CHARACTERS =
     u"k,K,\u212A,s,S,\u017F,ß,\u1E9E,σ,ς,Σ,θ,ϑ,ϴ,i,İ,ı,é,É,\U00010400,\U00010428,ソ,\\,A,a,_"_s.split(u',');
 
@@ -31,7 +31,7 @@ struct RandomTable : TableProject
         for (int row = 0; row < table.RowCount(); row += 5)
             EXPECT_EQ(table.ApplyCellEdit(row, 4, QString()), 0);
         for (int row = 2; row < table.RowCount(); row += 7)
-            table.Head(row)->SetText(QString(QChar(0xDC28)) + table.Head(row)->text); // half a character
+            table.Head(row)->SetText(QString(QChar(0xDC28)) + table.Head(row)->text); // half of a character
         std::vector<int> order(size_t(table.RowCount()));
         for (size_t row = 0; row < order.size(); ++row)
             order[row] = int(row);
@@ -86,7 +86,7 @@ struct RandomTable : TableProject
 
 } // namespace
 
-TEST(StringFilter, FindsWhatALookAtEachCellFinds)
+TEST(StringFilter, FindsTheSameAsASearchOfEachCell)
 {
     int withinOthers = 0;
     for (unsigned seed = 1; seed <= 300 && !testing::Test::HasFailure(); ++seed) {
@@ -114,7 +114,7 @@ TEST(StringFilter, FindsWhatALookAtEachCellFinds)
     EXPECT_GT(withinOthers, 300);
 }
 
-TEST(StringFilter, GapsAreWalkedInBothDirections)
+TEST(StringFilter, FindsGapsInBothDirections)
 {
     for (unsigned seed = 1; seed <= 100; ++seed) {
         RandomTable project(seed);

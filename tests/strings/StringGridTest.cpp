@@ -2,7 +2,7 @@
 #include "GridWalk.h"
 #include "TableProject.h"
 
-TEST(StringGrid, EditsOfASortedListUndoneAndDoneAgainLeadToTheSameTree)
+TEST(StringGrid, UndoAndRedoInASortedListRestoreTheSameTree)
 {
     for (unsigned seed = 1; seed <= 200 && !testing::Test::HasFailure(); ++seed) {
         SCOPED_TRACE(seed);

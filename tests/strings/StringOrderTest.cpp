@@ -5,7 +5,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(StringOrder, IsThatOfTheColumnAndKeepsTheRestAsItIsShown)
+TEST(StringOrder, SortsByTheColumnAndIsStable)
 {
     TableProject project(TWO_LANGUAGES + "ID_2|Push|b|1|\nID_10|Normal|a||x\nID_3|Push|B|1|\nID_1|Normal|a|2|\n"
                                          "##number|4\n");

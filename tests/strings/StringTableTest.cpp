@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The table of the tree, with every law that holds for a row.
+/// Returns the table of the tree, and checks every rule for its rows.
 PlainTable TableOfTree(TableProject &project)
 {
     PlainTable table;
@@ -53,7 +53,7 @@ QString SomeText()
     return *rc::gen::elementOf(TEXTS);
 }
 
-/// A table, and the plain ones that undoing and doing again have to lead to.
+/// A table, and the plain tables that undo and redo must restore.
 struct Walk
 {
     void Step()
@@ -114,9 +114,9 @@ struct Walk
 
 } // namespace
 
-TEST(StringTable, RandomEditsUndoneAndDoneAgainAreThoseOfAPlainTable)
+TEST(StringTable, RandomEditsWithUndoAndRedoMatchAPlainTable)
 {
-    setenv("RC_PARAMS", "seed=7 max_success=300", /*overwrite=*/0); // the same tables each time
+    setenv("RC_PARAMS", "seed=7 max_success=300", /*overwrite=*/0); // the same tables in each run
     EXPECT_TRUE(rc::check([] {
         Walk walk;
         CommandHistory &history = walk.real.table.history;
@@ -131,7 +131,7 @@ TEST(StringTable, RandomEditsUndoneAndDoneAgainAreThoseOfAPlainTable)
     }));
 }
 
-TEST(StringTable, TheLast20EditsCanBeTakenBack)
+TEST(StringTable, UndoesTheLast20Edits)
 {
     TableProject project(TWO_LANGUAGES + "ID_A|Normal|||\n##number|1\n");
     for (int i = 1; i <= 25; ++i)
@@ -141,7 +141,7 @@ TEST(StringTable, TheLast20EditsCanBeTakenBack)
     EXPECT_EQ(project.Dump(), u"ID_A Normal 5  "_s);
 }
 
-TEST(StringTable, NamesAreTrimmedRaisedCheckedAndToldByNumber)
+TEST(StringTable, TrimsUppercasesAndChecksNamesAndReportsTheMessageNumber)
 {
     TableProject project(TWO_LANGUAGES + "ID_A|Normal|||\nID_B|Normal|||\n##number|2\n");
     const QString longest(64, u'X');
@@ -157,7 +157,7 @@ TEST(StringTable, NamesAreTrimmedRaisedCheckedAndToldByNumber)
         EXPECT_EQ(project.table.CellText(0, 0), name);
     }
     project.Type(0, u" ID_D"_s);
-    EXPECT_EQ(project.grid.TakeMessage(), 130) << "what starts a row isn't trimmed";
+    EXPECT_EQ(project.grid.TakeMessage(), 130) << "the text that starts a row isn't trimmed";
     project.grid.lastText = u"untouched"_s;
     project.Type(0, QString());
     EXPECT_EQ(project.grid.lastText, u"untouched"_s) << "a default ID is shown with its row, not over it";
@@ -172,7 +172,7 @@ TEST(StringTable, NamesAreTrimmedRaisedCheckedAndToldByNumber)
     EXPECT_EQ(StringEditMessage(171), u"Unkown error"_s);
 }
 
-TEST(StringTable, ADefaultNameIsTheLowestThatIsFree)
+TEST(StringTable, ADefaultNameHasTheLowestFreeNumber)
 {
     TableProject project;
     for (int i = 0; i < 12; ++i)
@@ -195,7 +195,7 @@ TEST(StringTable, ADefaultNameIsTheLowestThatIsFree)
     EXPECT_EQ(table.CreateRow(QString(), 1), EDIT_NO_DEFAULT_ID);
 }
 
-TEST(StringTable, CopiesAreThoseOfTheSourcesUntilOneOfThemChanges)
+TEST(StringTable, RepeatedPastesCopyTheSourcesUntilOneChanges)
 {
     TableProject project(TWO_LANGUAGES + "ID_A|Push|d|a|\nID_B|Normal||b|\n##number|2\n");
     project.table.Copy({0, 1, 2});
@@ -245,7 +245,7 @@ TEST(StringTable, SnapshotsOfOneIdKeepTheirOwnKinds)
     EXPECT_EQ(project.table.RowCount(), 0);
 }
 
-TEST(StringTable, CommandsFindTheirRowsAndLanguagesAgainOrDoNothing)
+TEST(StringTable, CommandsFindTheirRowsAndLanguagesAfterMovesOrDoNothing)
 {
     TableProject project(TWO_LANGUAGES + "ID_A|Normal||a|x\nID_B|Normal||b|y\nID_C|Normal||c|z\n##number|3\n");
     project.Mod(0, 4, u"first"_s);
@@ -254,7 +254,7 @@ TEST(StringTable, CommandsFindTheirRowsAndLanguagesAgainOrDoNothing)
     project.table.RemoveLanguageColumn(9);
     project.table.history.Undo();
     EXPECT_EQ(project.grid.TakeMessage(), 170);
-    ASSERT_EQ(project.table.CreateRow(u"ID_NEW"_s, 0), 0); // the rows move
+    ASSERT_EQ(project.table.CreateRow(u"ID_NEW"_s, 0), 0); // moves the rows
     project.table.history.Undo();
     EXPECT_EQ(project.Dump(), u"ID_NEW Normal  |ID_A Normal  x|ID_B Normal  y|ID_C Normal  z"_s);
     project.Delete({1, 3});
@@ -272,10 +272,10 @@ TEST(StringTable, CommandsFindTheirRowsAndLanguagesAgainOrDoNothing)
     other.strings.DeleteFolder(other.Language(9));
     other.table.RemoveLanguageColumn(9);
     other.table.history.Redo();
-    EXPECT_EQ(other.Dump(), u"ID_A Normal  x|ID_STRING_0001 Normal  BONJOUR"_s) << "in the language it was typed in";
+    EXPECT_EQ(other.Dump(), u"ID_A Normal  x|ID_STRING_0001 Normal  BONJOUR"_s) << "in the language of the edit";
 }
 
-TEST(StringTable, AnImportThatFailsInTheMiddleLeavesTheHistoryInOrder)
+TEST(StringTable, AnImportThatFailsMidwayKeepsTheHistoryConsistent)
 {
     TableProject project("Number of Language|1\nString ID|Description|English(9)\nID_A||a\n##number|1\n");
     project.Mod(0, 3, u"b"_s);
@@ -292,7 +292,7 @@ TEST(StringTable, AnImportThatFailsInTheMiddleLeavesTheHistoryInOrder)
     EXPECT_EQ(project.Dump(), u"ID_A Normal d a oui|ID_NEW Normal   new"_s);
 }
 
-TEST(StringTable, EditsMarkTheDocumentButAKindAndAnUnchangedTextDoNot)
+TEST(StringTable, EditsMarkTheDocumentModifiedExceptForKindsAndUnchangedTexts)
 {
     TableProject project(TWO_LANGUAGES + "ID_A|Normal|d|a|\n##number|1\n");
     CountingObserver watch;

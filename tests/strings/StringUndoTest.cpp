@@ -13,7 +13,7 @@ const QByteArray ROWS =
 
 } // namespace
 
-TEST(StringUndo, WhatWasThereBeforeComesBackEvenWhereItCouldNotBeTyped)
+TEST(StringUndo, RestoresOldValuesEvenIfTheyAreNotValidInput)
 {
     TableProject project(TWO_LANGUAGES + "1st id|Push|d|a|\nid_low|Normal||b|\n##number|2\n");
     const QString start = project.Dump();
@@ -28,7 +28,7 @@ TEST(StringUndo, WhatWasThereBeforeComesBackEvenWhereItCouldNotBeTyped)
     EXPECT_EQ(project.grid.TakeMessage(), 0);
 }
 
-TEST(StringUndo, ARowComesBackBetweenTheNeighboursThatAreLeft)
+TEST(StringUndo, RestoresARowBetweenItsRemainingNeighbours)
 {
     for (const auto &[gone, tree] : {std::pair(QByteArrayList{}, "ID_A ID_B ID_C ID_D ID_E"),
                                      {{"ID_A"}, "ID_B ID_C ID_D ID_E"},
@@ -46,7 +46,7 @@ TEST(StringUndo, ARowComesBackBetweenTheNeighboursThatAreLeft)
     }
 }
 
-TEST(StringUndo, ALanguageWithoutAColumnKeepsItsTexts)
+TEST(StringUndo, KeepsTheTextsOfALanguageWithoutAColumn)
 {
     TableProject project(TWO_LANGUAGES + "ID_A|Normal|a|x|y\n##number|1\n");
     project.AddFolder(project.strings, KIND_LANGUAGE, 20, u"Chinese"_s);
@@ -57,7 +57,7 @@ TEST(StringUndo, ALanguageWithoutAColumnKeepsItsTexts)
     EXPECT_EQ(project.Written(), before);
 }
 
-TEST(StringUndo, AKindThatIsFlippedFirstCanBeTakenBack)
+TEST(StringUndo, UndoesAKindThatTheCallerFlippedFirst)
 {
     TableProject project(ROWS);
     project.table.Head(0)->Id()->push = true;
@@ -69,7 +69,7 @@ TEST(StringUndo, AKindThatIsFlippedFirstCanBeTakenBack)
     EXPECT_EQ(project.table.CellText(0, 1), u"Push"_s);
 }
 
-TEST(StringUndo, ARebuildKeepsTheCopySetWhileItsRowsAreThere)
+TEST(StringUndo, ARebuildKeepsTheCopiedRowsThatStillExist)
 {
     TableProject project(ROWS);
     project.table.Copy({1, 2});
@@ -82,7 +82,7 @@ TEST(StringUndo, ARebuildKeepsTheCopySetWhileItsRowsAreThere)
     EXPECT_TRUE(project.table.Copied().empty());
 }
 
-TEST(StringUndo, RowsAreFoundAgainAfterTheyMoved)
+TEST(StringUndo, FindsRowsAfterTheyMoved)
 {
     TableProject project(ROWS);
     project.table.Reorder({2, 3, 1, 0}); // C D B A
@@ -93,7 +93,7 @@ TEST(StringUndo, RowsAreFoundAgainAfterTheyMoved)
     EXPECT_EQ(project.table.RowOf("ID_D", 1), -1);
 }
 
-TEST(StringUndo, AnotherFolderThatGoesLeavesTheHistoryAndALanguageTakesItsColumn)
+TEST(StringUndo, DeletingALanguageRemovesItsColumnAndOtherFoldersKeepTheHistory)
 {
     TableProject project(TWO_LANGUAGES + "ID_A|Normal|a|x|y\n##number|1\n");
     project.Mod(0, 4, u"z"_s);

@@ -4,7 +4,7 @@
 #include "StringCommands.h"
 #include "StringProject.h"
 
-/// A grid that remembers the last message and the last text.
+/// A grid that records the last message and the last text.
 struct FakeGrid : IStringGrid
 {
     void RowInserted(int) override { ++shownRows; }
@@ -44,7 +44,7 @@ struct TableProject : StringProject
         table.history.Run(std::make_unique<T>(table, std::forward<Arguments>(arguments)...));
     }
 
-    /// IDs, kinds and texts, row by row.
+    /// Returns IDs, kinds and texts, row by row.
     QString Dump()
     {
         QStringList lines;

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Runs the real converter, whose path is the program's last argument."""
+"""Runs the real converter, whose path is the last argument of the program."""
 
 import os
 import re
@@ -13,7 +13,7 @@ CONVERTER = sys.argv.pop()
 
 
 def run(*arguments, **limits):
-    """The status and both outputs; `limits` name what the process may take, as in RLIMIT_AS=1000."""
+    """Returns the status and both outputs. `limits` are resource limits of the process, as in RLIMIT_AS=1000."""
     def limit():
         for name, most in limits.items():
             resource.setrlimit(getattr(resource, name), (most, most))
@@ -43,19 +43,19 @@ class ConverterTest(unittest.TestCase):
             return file.read()
 
     def converted(self, picture):
-        """What becomes of a picture."""
+        """Converts a picture and returns the result."""
         self.assertEqual(run('-f', '-i', self.put(b'picture', picture), self.target), (0, b'', b''))
         return self.get(b'out')
 
     def refused(self, source, target, path, text, **limits):
-        """Expects status 1 and one line with a text, which begins with the program and the end of the path at fault."""
+        """Expects status 1 and one line with `text`, after the name of the program and the end of the path at fault."""
         status, output, error = run('-f', '-i', source, target, **limits)
         self.assertEqual((status, output), (1, b''))
         line = rb'\Aqrk_resgenerator\.exe: /[^\n]*%b: [^\n]*%b[^\n]*\n\Z'
         self.assertRegex(error, line % (re.escape(path), re.escape(text)))
 
     def refuses(self, picture, text=b''):
-        """Expects that a picture is refused by name, and that the target which was there before is gone."""
+        """Expects that a picture is refused with its path, and that the old target is removed."""
         self.put(b'out', b'stale')
         self.refused(self.put(b'picture', picture), self.target, b'/picture', text)
         self.assertNotIn(b'out', os.listdir(self.folder))

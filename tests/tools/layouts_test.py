@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""The converter of layouts as the packer starts it: its command line, its messages, its files.
+"""Tests the converter of layouts as the packer starts it: its command line, its messages, its files.
 
 Use: layouts_test.py ZUL_XML_CONV CONVERT_I_2_H REPOSITORY
 """
@@ -45,14 +45,14 @@ class Layouts(unittest.TestCase):
         (self.dir / name).write_bytes(content)
 
     def run_tool(self, *arguments):
-        """The exit status and the messages."""
+        """Returns the exit status and the messages."""
         done = subprocess.run(arguments, capture_output=True, cwd=self.dir, timeout=60,
                               env=dict(os.environ, MORVANITE_PROGRAM_DIR=str(self.dir), XDG_CONFIG_HOME=str(self.dir)))
         self.assertEqual(done.stdout, b"")
         return done.returncode, done.stderr.decode()
 
     def convert(self, *through, **changed):
-        """The exit status and the messages of the command line that the packer builds."""
+        """Returns the exit status and the messages for the command line that the packer uses."""
         options = {"i": "in.xml", "o": "out", "x": "types.xml", "t": "tables", "h": "ResID.h", "E": SUBTOOL, **changed}
         words = [word for option in "ioxth" for word in (f"-{option}", self.path(options[option]))]
         return self.run_tool(*through, TOOL, *words, "-p", "-e", "-E", options["E"])
@@ -69,7 +69,7 @@ class Layouts(unittest.TestCase):
         self.assertIn(message, err)
         self.assertEqual(self.names("out"), [])
 
-    def test_each_layout_becomes_a_file_of_its_id(self):
+    def test_writes_a_file_for_each_layout_id(self):
         self.assertEqual(self.convert(), (0, ""))
         self.assertEqual(self.names("out"), ["ID_LAYOUT_A.bin", "ID_LAYOUT_B.bin"])
         self.assertEqual(self.names("tables"), [], "only a save writes them")
@@ -80,7 +80,7 @@ class Layouts(unittest.TestCase):
         again = (self.dir / "out/ID_LAYOUT_B.bin").read_bytes()
         self.assertEqual(again, struct.pack("<4sBBHII", b"MLAY", 1, 20, 0, 20, 5) + stamp)
 
-    def test_without_a_catalogue_all_is_text(self):
+    def test_all_values_are_text_without_a_catalogue(self):
         for catalogue in ("", "tables"):
             self.assertEqual(self.convert(x=catalogue, t=""), (0, ""))
             found = (self.dir / "out/ID_LAYOUT_A.bin").read_bytes()
@@ -88,26 +88,26 @@ class Layouts(unittest.TestCase):
             self.assertEqual(found[16:20], bytes(4))
         status, err = self.convert(x="other.xml")
         self.assertEqual(status, 0)
-        self.assertRegex(err, r"other\.xml: isn't there, so all properties stay text\n$")
+        self.assertRegex(err, r"other\.xml: the file does not exist, so all properties remain text\n$")
 
-    def test_another_command_line_gives_the_usage(self):
+    def test_wrong_command_lines_print_the_usage(self):
         for words in ((), ("-i",), ("-i", "a"), ("-i", "a", "-o", "b", "-q"), ("-i", "a", "-i", "a", "-o", "b"), ("-i", "", "-o", "b")):
             status, err = self.run_tool(TOOL, *words)
             self.assertEqual((status, err[:6]), (2, "usage:"), words)
         self.assertEqual(self.run_tool(SUBTOOL, "a")[0], 2)
 
-    def test_what_is_wrong_is_told_with_its_file_and_line_and_nothing_is_written(self):
+    def test_reports_errors_with_file_and_line_and_writes_nothing(self):
         for content, message in (
-                (b"<TarvoXML>\n<Layout id></TarvoXML>", "in.xml, line 2: this is no well-formed XML"),
+                (b"<TarvoXML>\n<Layout id></TarvoXML>", "in.xml, line 2: this is not well-formed XML"),
                 (b"", "in.xml, line 1: "), (b"\n<Other/>", "in.xml, line 2: the outermost element should be <TarvoXML>"),
-                (b"<TarvoXML>\n<Layout id='ID_LAYOUT_A'/>\n<layout/></TarvoXML>", "line 3: only <Layout> can stand"),
+                (b"<TarvoXML>\n<Layout id='ID_LAYOUT_A'/>\n<layout/></TarvoXML>", "line 3: only <Layout> is allowed"),
                 (b"<TarvoXML>\n<Layout/></TarvoXML>", 'line 2: <Layout> needs the attribute "id"'),
-                (LAYOUTS.replace(b"_B", b"_A"), "line 3: the ID of this layout is taken"),
+                (LAYOUTS.replace(b"_B", b"_A"), "line 3: the ID of this layout is empty or already used"),
                 (LAYOUTS.replace(b"_B", b"_C"), 'line 3: "ID_LAYOUT_C" has no number in the header'),
-                (LAYOUTS.replace(b"ID_LAYOUT_B", b"../b"), "line 3: the ID of this layout is none"),
+                (LAYOUTS.replace(b"ID_LAYOUT_B", b"../b"), "line 3: the ID of this layout is not valid"),
                 (LAYOUTS.replace(b"_HI", b"_LO"), 'line 2: "ID_STRING_LO" has no number in the header'),
                 (LAYOUTS.replace(b"\"ID_LAYOUT_B\"/>", b"'ID_LAYOUT_B'>\n<Label><Label\npos='1'/></Label></Layout>"),
-                 'line 4: "1" is no value for "pos", which is a ZulPoint')):
+                 'line 4: "1" is not a valid value for "pos", which has the type ZulPoint')):
             self.put("in.xml", content)
             self.assert_refused(message)
         self.put("in.xml", LAYOUTS)
@@ -117,7 +117,7 @@ class Layouts(unittest.TestCase):
         self.assert_refused("none.xml: can't be opened", i="none.xml")
         self.assert_refused("No such file", o="nowhere")
 
-    def test_hostile_files_end_with_a_message(self):
+    def test_hostile_files_are_refused_with_a_message(self):
         deep = b"<Label>" * 100_000
         many = b"<Label pos='x'/>" * 20_000
         for content in (b"<TarvoXML><Layout id='ID_LAYOUT_A'>" + deep, b"<TarvoXML><Layout id='ID_LAYOUT_A'>" + many +
@@ -157,11 +157,11 @@ int main(void)
         self.put("types.xml", CATALOGUE.replace(b"right", b"end"))
         shutil.rmtree(self.dir / "out")
         (self.dir / "out").mkdir()
-        self.assert_refused("zul_xml_table.i: was made from another catalogue; save the project")
+        self.assert_refused("zul_xml_table.i: the file was made from another catalogue; save the project")
         self.assertEqual(self.save(), (0, ""))
         self.assertEqual(self.convert(), (0, ""))
 
-    def test_a_file_that_may_not_grow_is_an_error_and_no_end_of_the_program(self):
+    def test_a_file_size_limit_is_an_error_without_a_crash(self):
         limit = ("prlimit", "--fsize=20")
         status, err = self.convert(*limit)
         self.assertEqual(status, 1)
@@ -174,19 +174,19 @@ int main(void)
         self.assertIn("new.h: File too large", err)
         self.assertEqual([name for name in self.names(".") if name.startswith("new")], [])
 
-    def test_the_sub_tool_writes_through_no_file_that_is_there(self):
+    def test_the_sub_tool_does_not_write_through_existing_files(self):
         self.put("a.i", b"ZUL_CLASS(1, Label)\n")
         self.put("mine", b"mine")
         for link in ("new.h", "new.h.new"):
             (self.dir / link).symlink_to("mine")
-        self.assertEqual(self.run_tool(SUBTOOL, "a.i", "a.i", "new.h")[0], 1, "one name twice")
+        self.assertEqual(self.run_tool(SUBTOOL, "a.i", "a.i", "new.h")[0], 1, "the same name twice")
         self.put("b.i", b"")
         self.assertEqual(self.run_tool(SUBTOOL, "a.i", "b.i", "new.h"), (0, ""))
         self.assertEqual((self.dir / "mine").read_bytes(), b"mine")
         self.assertIn(b"LAYOUT_CLASS_Label", (self.dir / "new.h").read_bytes())
         self.assertEqual(self.names(".")[-3:], ["out", "tables", "types.xml"], "no temporary file")
 
-    def test_a_signal_ends_the_sub_tool_too(self):
+    def test_a_signal_also_ends_the_sub_tool(self):
         self.put("in.xml", LAYOUTS.replace(b"ID_LAYOUT_A", b"ID_D279A4D9_BC6C_420b_9EC7_CE2FA9F8415D"))
         self.put("slow", b"#!/bin/sh\necho $$ > started\nsleep 2\necho late > late\n")
         (self.dir / "slow").chmod(0o755)
@@ -202,10 +202,10 @@ int main(void)
         with self.assertRaises(ProcessLookupError):
             os.kill(int((self.dir / "started").read_bytes()), 0)
 
-    def test_the_sub_tool_keeps_the_old_header_when_a_table_is_none(self):
+    def test_the_sub_tool_keeps_the_old_header_when_a_table_is_invalid(self):
         self.put("old.h", b"old")
         self.put("a.i", b"ZUL_CLASS(1, A_B)\nZUL_ENUMERATOR(A, 0, B_C)\n")
-        for content, message in ((b"ZUL_CLASS(1, Label)\nint x;\n", "b.i, line 2: this is no line of a table"),
+        for content, message in ((b"ZUL_CLASS(1, Label)\nint x;\n", "b.i, line 2: this is not a line of a table"),
                                  (b"ZUL_CLASS(1, " + b"x" * 100_000 + b")\n", "b.i, line 1: "),
                                  (b"ZUL_CLASS(99999, x)\n", "b.i, line 1: "),
                                  (b"ZUL_ENUMERATOR(A_B, 0, C)\n", "LAYOUT_ENUM_A_B_C: two names")):

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Writers of pictures, from the descriptions of the formats alone, and of what the converter must make of them."""
+"""Writes pictures, only from the descriptions of the formats, and the converter's expected results."""
 
 import struct
 import zlib
@@ -9,17 +9,17 @@ ADAM7 = [(0, 0, 8, 8), (4, 0, 8, 8), (0, 4, 4, 8), (2, 0, 4, 4), (0, 2, 2, 4), (
 
 
 def drawn(width, height, pixel):
-    """Rows of what `pixel` gives for each place."""
+    """Returns rows of the values of `pixel` at each position."""
     return [[pixel(x, y) for x in range(width)] for y in range(height)]
 
 
 def motley(x, y):
-    """Colours that differ from place to place in all channels."""
+    """Returns colours that differ from position to position in all channels."""
     return (x * 37 + y * 11) % 256, (x * 5 + y * 71 + 90) % 256, (x * 113 + y * 29 + 200) % 256
 
 
 def device(rows):
-    """A picture of red, green, blue and perhaps alpha in the device's format, by docs/image-format.md."""
+    """Returns a picture of red, green, blue and perhaps alpha in the device's format, by docs/image-format.md."""
     has_alpha = any(pixel[3:] not in ((), (255,)) for row in rows for pixel in row)
 
     def pack(red, green, blue, alpha=255):
@@ -49,14 +49,14 @@ def chunk(kind, data):
 
 
 def png(rows, colour_type, depth=8, interlaced=False, chunks=b'', piece=65536):
-    """Of rows of pixels of samples."""
+    """Makes a PNG of rows of pixels of samples."""
     lines = [from_bits(''.join(f'{sample:0{depth}b}' for pixel in row[x::right] for sample in pixel))
              for x, y, right, down in (ADAM7 if interlaced else [(0, 0, 1, 1)]) for row in rows[y::down]]
     return png_of_lines(len(rows[0]), len(rows), filter(None, lines), colour_type, depth, interlaced, chunks, piece)
 
 
 def png_of_lines(width, height, lines, colour_type, depth=8, interlaced=False, chunks=b'', piece=65536):
-    """`chunks` stand before the pixels, whose data come in pieces of a size."""
+    """Inserts `chunks` before the pixels, whose data are in pieces of `piece` bytes."""
     data = zlib.compress(b''.join(b'\0' + line for line in lines))
     header = struct.pack('>2I5B', width, height, depth, colour_type, 0, 0, interlaced)
     return (b'\x89PNG\r\n\x1a\n' + chunk(b'IHDR', header) + chunks +
@@ -64,7 +64,7 @@ def png_of_lines(width, height, lines, colour_type, depth=8, interlaced=False, c
 
 
 def bmp(width, height, bits, data, compression=0, masks=(), colours=0):
-    """With a header of 40 bytes, of data as they stand; a negative height counts from the top."""
+    """Has a header of 40 bytes and unchanged data; a negative height counts from the top."""
     palette = b''.join(bytes((blue, green, red, 0)) for red, green, blue in PALETTE[:colours])
     head = struct.pack('<IiiHHIIIIII', 40, width, height, 1, bits, compression, len(data), 0, 0, colours, 0)
     head += struct.pack(f'<{len(masks)}I', *masks) + palette
@@ -72,7 +72,7 @@ def bmp(width, height, bits, data, compression=0, masks=(), colours=0):
 
 
 def bmp_rows(rows, bits):
-    """Rows of numbers with so many bits each, in the file's order."""
+    """Returns rows of numbers with `bits` bits each, in the file's order."""
     if bits < 8:
         return b''.join(padded(from_bits(''.join(f'{number:0{bits}b}' for number in row))) for row in rows)
     return b''.join(padded(b''.join(number.to_bytes(bits // 8, 'little') for number in row)) for row in rows)
@@ -84,7 +84,7 @@ def gif(width, height, *frames, palette=PALETTE[:16]):
 
 
 def gif_frame(indices, left=0, top=0, interlaced=False, transparent=None, palette=()):
-    """A frame of rows of indices, in codes of 9 bits that are never compressed."""
+    """Returns a frame of rows of indices, in codes of 9 bits without compression."""
     passes = [(0, 8), (4, 8), (2, 4), (1, 2)] if interlaced else [(0, 1)]
     flat = [index for first, step in passes for row in indices[first::step] for index in row]
     codes = [code for at in range(0, len(flat), 250) for code in [256] + flat[at:at + 250]] + [257]
@@ -97,8 +97,8 @@ def gif_frame(indices, left=0, top=0, interlaced=False, transparent=None, palett
 
 
 def jpg(width, height, area, adobe=None, scans=()):
-    """Of areas of 8 x 8 pixels with one colour each, whose samples `area` gives as they are stored. With `scans`, each
-    a component, first and last coefficient and two shifts, it is progressive."""
+    """Makes a JPG of areas of 8 x 8 pixels with one colour each, whose samples `area` returns as they are stored. With
+    `scans` it is progressive: each has a component, first and last coefficient and two shifts."""
     places = [(x, y) for y in range((height + 7) // 8) for x in range((width + 7) // 8)]
     components = range(1, len(area(0, 0)) + 1)
     bits, last = '', [128] * len(components)
@@ -106,7 +106,7 @@ def jpg(width, height, area, adobe=None, scans=()):
         for number, sample in enumerate(area(*place)):
             step = 8 * (sample - last[number])
             last[number] = sample
-            size = abs(step).bit_length()  # codes of 4 bits for the sizes, of one bit for the end of an area
+            size = abs(step).bit_length()  # 4-bit codes for the sizes, and a 1-bit code for the end of an area
             bits += f'{size:04b}' + (f'{step if step > 0 else step + 2 ** size - 1:0{size}b}' if size else '')
             bits += '' if scans else '0'
 

@@ -21,7 +21,7 @@ namespace
 class FileChangeMonitor : public testing::Test
 {
 protected:
-    /// Runs shell commands in the temporary folder; `n` is $n there.
+    /// Runs shell commands in the temporary folder; `n` is $n in them.
     void Shell(const char *commands, int n = 1)
     {
         const QByteArray line = "cd '" + folder.Path().toUtf8() + "' && n=" + QByteArray::number(n) + " && " + commands;
@@ -40,7 +40,7 @@ protected:
             times);
     }
     void SetUp() override { Restart({60ms, 1000ms, 30ms, 30ms}); }
-    /// The next notice; empty when none comes in `time`.
+    /// Returns the next notice, or an empty one after `time`.
     Handles Next(std::chrono::milliseconds time = 10s)
     {
         std::unique_lock guard(lock);
@@ -50,7 +50,7 @@ protected:
         told.pop_front();
         return next;
     }
-    /// Held, the thread stays in its next notice.
+    /// While `held` is true, the thread waits in its next notice.
     void Hold(bool held)
     {
         const std::lock_guard guard(lock);
@@ -71,7 +71,7 @@ long Threads()
     return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
 }
 
-/// The system lists a thread for a moment after it has ended.
+/// Waits, since the system lists a thread for a moment after it has ended.
 bool ThreadsBecome(long count)
 {
     for (int wait = 0; wait < 1000 && Threads() != count; ++wait)
@@ -87,7 +87,7 @@ bool Write(const char *path, const QByteArray &text)
 
 } // namespace
 
-TEST_F(FileChangeMonitor, EachWayOfChangingAFileIsOneNotice)
+TEST_F(FileChangeMonitor, SendsOneNoticeForEachKindOfChange)
 {
     Shell("mkdir -p out all project/res real1 real2 && cd project && echo > res/f && echo > res/g && ln -s ../out/f "
           "link &&"
@@ -128,13 +128,13 @@ TEST_F(FileChangeMonitor, EachWayOfChangingAFileIsOneNotice)
     for (const auto &row : table) {
         for (const int n : {1, 2}) {
             Shell(row.commands, n);
-            // A second notice would be found in the place of the next row's.
+            // A second notice would appear in the place of the next row's.
             EXPECT_EQ(Next(row.told.empty() ? 200ms : 10s), row.told) << row.commands << ", time " << n;
         }
     }
 }
 
-TEST_F(FileChangeMonitor, TheThreadLivesWhileThereAreFilesAndHandlesRise)
+TEST_F(FileChangeMonitor, RunsItsThreadWhileFilesAreWatchedAndAssignsIncreasingHandles)
 {
     folder.Put("f", "1");
     folder.Put("g", "1");
@@ -160,7 +160,7 @@ TEST_F(FileChangeMonitor, TheThreadLivesWhileThereAreFilesAndHandlesRise)
     EXPECT_TRUE(ThreadsBecome(threads));
 
     ASSERT_EQ(Add("f"), 3U);
-    Shell("echo > save && mv save f"); // a save of its own: the watch is dropped and added again
+    Shell("echo > save && mv save f"); // like the program's own save: the watch is removed and added again
     monitor->RemoveFile(3);
     ASSERT_EQ(Add("f"), 4U);
     EXPECT_EQ(Next(300ms), Handles());
@@ -172,7 +172,7 @@ TEST_F(FileChangeMonitor, TheThreadLivesWhileThereAreFilesAndHandlesRise)
     EXPECT_EQ(Next(), Handles{5});
 }
 
-TEST_F(FileChangeMonitor, ACheckoutOfAWholeProjectIsOneNotice)
+TEST_F(FileChangeMonitor, SendsOneNoticeForACheckoutOfAProject)
 {
     Restart({400ms, 10s, 1s, 1s});
     Shell("mkdir res && git init -q . && git config user.name n && git config user.email e && git config gc.auto 0 &&"
@@ -185,11 +185,11 @@ TEST_F(FileChangeMonitor, ACheckoutOfAWholeProjectIsOneNotice)
     EXPECT_EQ(Next(500ms), Handles());
 }
 
-TEST_F(FileChangeMonitor, FoldersAreComparedWhereTheLimitOfEventsIsUsedUp)
+TEST_F(FileChangeMonitor, ComparesFoldersWhenTheInotifyLimitIsReached)
 {
     constexpr char LIMIT[] = "/proc/sys/user/max_inotify_instances";
     constexpr int NO_NAMESPACE = 2;
-    // In a process of its own, with limits of its own: others need their events.
+    // In a child process with limits of its own, since other processes need their events.
     const auto child = [&] {
         const QByteArray user = "0 " + QByteArray::number(getuid()) + " 1";
         if (unshare(CLONE_NEWUSER) != 0)
@@ -208,7 +208,7 @@ TEST_F(FileChangeMonitor, FoldersAreComparedWhereTheLimitOfEventsIsUsedUp)
         ASSERT_TRUE(Write(LIMIT, "9"));
         std::this_thread::sleep_for(100ms);
         Shell("touch all/f -r all/f");
-        EXPECT_EQ(Next(), Handles{2}) << "there are events by now";
+        EXPECT_EQ(Next(), Handles{2}) << "events work again";
     };
     const pid_t pid = fork();
     if (pid == 0) {
@@ -223,7 +223,7 @@ TEST_F(FileChangeMonitor, FoldersAreComparedWhereTheLimitOfEventsIsUsedUp)
     EXPECT_EQ(WEXITSTATUS(status), 0);
 }
 
-TEST_F(FileChangeMonitor, AllFoldersAreComparedWhenTheSystemHasDroppedEvents)
+TEST_F(FileChangeMonitor, ComparesAllFoldersWhenTheSystemDroppedEvents)
 {
     Shell("mkdir a b && echo > a/f && echo > a/g && echo > b/f");
     Add("a/f");
@@ -239,7 +239,7 @@ TEST_F(FileChangeMonitor, AllFoldersAreComparedWhenTheSystemHasDroppedEvents)
     EXPECT_EQ(Next(), Handles{2});
 }
 
-TEST_F(FileChangeMonitor, ANoticeComesAlsoWhileEventsGoOn)
+TEST_F(FileChangeMonitor, SendsANoticeWhileEventsContinue)
 {
     Restart({500ms, 1000ms, 1s, 1s});
     folder.Put("f", "");

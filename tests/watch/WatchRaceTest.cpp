@@ -10,14 +10,14 @@
 
 using namespace std::chrono_literals;
 
-// Built with ThreadSanitizer it finds what isn't locked; see .ci/run.
+// ThreadSanitizer finds accesses without a lock in this test; see .ci/run.
 #ifdef __SANITIZE_THREAD__
 constexpr int ROUNDS = 10'000;
 #else
 constexpr int ROUNDS = 1000;
 #endif
 
-TEST(WatchRace, FilesAreAddedRemovedAndStoppedAgainstAWriter)
+TEST(WatchRace, AddsRemovesAndStopsWhileFilesAreWritten)
 {
     const TempFolder folder;
     folder.Put("f", "");

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "TestTable.h"
 
-TEST(Csv, TheFileIsWhatSpreadsheetsTakeAndNoTextAFormula)
+TEST(Csv, WritesFilesForSpreadsheetsWithoutFormulas)
 {
     const Rows rows = {{u"ID"_s, u"two words"_s, u"a,\"b\""_s},
                        {u"=1"_s, u"'=1"_s, u" @a"_s},
@@ -19,7 +19,7 @@ TEST(Csv, TheFileIsWhatSpreadsheetsTakeAndNoTextAFormula)
         EXPECT_TRUE(Written(WriteCsv, {{start + u"1"_s}}).contains('\'')) << int(start.unicode());
 }
 
-TEST(Csv, FilesOfOtherProgramsAreRead)
+TEST(Csv, ReadsFilesOfOtherPrograms)
 {
     const Rows expected = {{u"ID"_s, u"a,b"_s, u"\u00E9"_s}, {}, {u"x;y"_s, QString(), u"say \"hi\"\r\n,"_s}};
     const QString comma = u"ID,\"a,b\",\u00E9\r\n\r\nx;y,,\"say \"\"hi\"\"\r\n,\"\r\n"_s;
@@ -35,13 +35,13 @@ TEST(Csv, FilesOfOtherProgramsAreRead)
     EXPECT_EQ(Read(ReadCsv, "\xEF\xBB\xBF"), Rows());
 }
 
-TEST(Csv, WhatIsWrongIsSaid)
+TEST(Csv, ReportsErrors)
 {
     const QByteArray manyCells = QByteArray(16'383, ',').replace(",", "a,") + '\n';
     ExpectRefused(ReadCsv, {{Broken, "line 5: a quote isn't closed", "a,\"b\nc\"\r\nd\r\re,\"f\ng"},
                             {Broken, "line 2 isn't UTF-8", "a,b\n\xE9,b\n"},
                             {Broken, "isn't UTF-16", Utf16(u"ab"_s, QStringConverter::Utf16LE).chopped(1)},
-                            {NoWorkbook, "a zero stands in it", QByteArray("a,b\n\0", 5)},
+                            {NoWorkbook, "it contains a null character", QByteArray("a,b\n\0", 5)},
                             {NoWorkbook, "isn't text in UTF-8 or UTF-16", Utf16(u"a"_s, QStringConverter::Utf32LE)},
                             {TooLarge, "line 1048577, column 1:", QByteArray(1'048'576, '\n') + "a"},
                             {TooLarge, "line 1, column 16385:", QByteArray(16'384, ',') + "a"},

@@ -11,7 +11,7 @@ namespace
 
 constexpr int NEVER = -1;
 
-/// Counts the writes of all streams that are made of descriptors, and has one of them fail as on a full disk.
+/// Counts the writes of all streams made by fdopen, and makes one of them fail as on a full disk.
 struct FailingWrites
 {
     int failsAt = NEVER;
@@ -44,7 +44,7 @@ std::FILE *MakeFailingStream(int descriptor, const char *mode)
 
 } // namespace
 
-/// Takes the place of the C library's, for the code under test and the libraries that it uses.
+/// Replaces the function of the C library, for the tested code and the libraries that it uses.
 extern "C" __attribute__((visibility("default"))) std::FILE *fdopen(int descriptor, const char *mode) noexcept
 {
     if (writes.isOn)
@@ -54,7 +54,7 @@ extern "C" __attribute__((visibility("default"))) std::FILE *fdopen(int descript
     return real(descriptor, mode);
 }
 
-TEST(Workbook, OneFailedWriteIsNeverADamagedWorkbook)
+TEST(Workbook, AFailedWriteNeverLeavesADamagedWorkbook)
 {
     Rows rows;
     for (int row = 0; row < 1000; ++row)

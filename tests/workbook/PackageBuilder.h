@@ -36,7 +36,7 @@ public:
         Rows("");
     }
 
-    /// What the workbook part has before the list of sheets.
+    /// Sets what the workbook part has before the list of sheets.
     Package &Properties(const QByteArray &xml)
     {
         return Set("xl/workbook.xml", "<workbook xmlns='http://schemas.openxmlformats.org/spreadsheetml/2006/main' "
@@ -52,7 +52,7 @@ public:
         return Set("xl/strings.xml", QByteArray(STRINGS).replace("%1", xml), isDeflated);
     }
 
-    /// Relationships r1, r2 and so on, each of a kind and with a target.
+    /// Adds relationships r1, r2 and so on, each with a kind and a target.
     Package &Links(const QByteArray &part, const std::vector<std::pair<QByteArray, QByteArray>> &links)
     {
         QByteArray xml;
@@ -64,7 +64,7 @@ public:
         return Set(part, QByteArray(RELATIONSHIPS).replace("%1", xml));
     }
 
-    /// Puts a part into the place of the one of that name, or behind all others.
+    /// Replaces the part of that name, or adds it after all others.
     Package &Set(const QByteArray &name, const QByteArray &bytes, bool isDeflated = false)
     {
         for (Part &part : parts) {
@@ -131,7 +131,7 @@ private:
 
     static QByteArray Deflated(const QByteArray &bytes)
     {
-        return qCompress(bytes, Z_BEST_SPEED).sliced(6).chopped(4); // between the heads and the checksum of zlib
+        return qCompress(bytes, Z_BEST_SPEED).sliced(6).chopped(4); // without the headers and the checksum of zlib
     }
 
     std::vector<Part> parts;

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 using enum WorkbookFault;
 using Rows = std::vector<QStringList>;
 
-/// How a failing test shows a text.
+/// Tells GoogleTest how to print a text.
 inline void PrintTo(const QString &text, std::ostream *stream)
 {
     *stream << '"' << text.left(30).toUtf8().toPercentEncoding(" !#$&'()*+,/:;=?@[]<>|").toStdString() << '"';
@@ -55,7 +55,7 @@ inline QByteArray Written(Writer write, const Rows &rows)
     return InMemory([&](std::FILE *file) { EXPECT_EQ(write(table, file).reason.toStdString(), ""); });
 }
 
-/// What a reader makes of a file: rows of cells without the empty ones at their ends, or why it fails.
+/// The result of a reader for a file: rows of cells without the empty ones at their ends, or the error.
 struct Reading
 {
     Reading(Reader read, const QByteArray &file)
@@ -88,7 +88,7 @@ inline WorkbookResult ReadFailing(Reader read, const QByteArray &file)
     return read(file, sheet);
 }
 
-/// A file that is refused, and a part of what is said about it.
+/// A file that is refused, and a part of the message.
 struct Refused
 {
     WorkbookFault fault;
@@ -106,13 +106,13 @@ inline void ExpectRefused(Reader read, const std::vector<Refused> &files)
     }
 }
 
-/// A text in UTF-16, with a byte order mark.
+/// Returns a text in UTF-16, with a byte order mark.
 inline QByteArray Utf16(const QString &text, QStringConverter::Encoding encoding)
 {
     return QStringEncoder(encoding, QStringConverter::Flag::WriteBom)(text);
 }
 
-/// A table of texts that are hard on every format, without empty cells at the ends of rows.
+/// Returns a table of texts that are difficult for every format, without empty cells at the ends of rows.
 inline Rows AwkwardTable(unsigned seed)
 {
     static const QStringList PIECES =
@@ -133,12 +133,12 @@ inline Rows AwkwardTable(unsigned seed)
     return rows;
 }
 
-/// Letters for random texts; programs that read along agree on these.
+/// Characters of random texts; the other programs of the tests agree on them.
 inline const QStringList ALPHABETS = {u"abcdefgh =+\"@,;\t\n"_s, u"\u00E4\u00DF\u0080\u00FF\u0001\u001F"_s,
                                       u"\u4F60\u597D\u0416\u05D0\u0301\uFB01"_s, u"\U0001F600\U00020000"_s,
                                       u"z\u00E9\u4F60\U0001F600"_s};
 
-/// A text of `length` UTF-16 units, never half of a surrogate pair.
+/// Returns a text of `length` UTF-16 units, without half of a surrogate pair.
 inline QString RandomText(std::mt19937 &random, const QString &alphabet, qsizetype length)
 {
     const QList<uint> letters = alphabet.toUcs4();
@@ -148,7 +148,7 @@ inline QString RandomText(std::mt19937 &random, const QString &alphabet, qsizety
     return text.size() == length ? text : text.chopped(2) + u'.';
 }
 
-/// Texts whose lengths make every kind of place meet the end of a record, below a row of one word.
+/// Returns texts whose lengths put every kind of position at the end of a record, below a row of one word.
 inline Rows RandomTable(unsigned seed, const QStringList &alphabets)
 {
     static constexpr int LENGTHS[] = {1, 2, 3, 40, 255, 256, 4100, 4111, 8200, 8221, 8224, 16430, 32767};

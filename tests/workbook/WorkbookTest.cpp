@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What holds for every format: what is written comes back, is what other programs read, or is refused.
+// Tests that in every format a written text reads back equal, is what other programs read, or is refused.
 #include "FileLimit.h"
 #include "TempFolder.h"
 #include "TestTable.h"
@@ -15,12 +15,12 @@ constexpr struct
     const char *name;
     Writer *write;
     Reader *read;
-    unsigned tables; ///< as many as take about the same time
+    unsigned tables; ///< a number of tables that takes about the same time in each format
 } FORMATS[] = {
     {"a.csv", WriteCsv, ReadCsv, 2000}, {"a.xls", WriteXls, ReadXls, 300}, {"a.xlsx", WriteXlsx, ReadXlsx, 100}};
 
-/// What another program makes of a workbook, in another format. It isn't asked whether it is there: a test without it
-/// is none.
+/// Returns a workbook converted by another program to another format. Doesn't check whether the program is installed:
+/// without it the test must fail.
 QByteArray Converted(const QString &program, const QByteArray &file, const QByteArray &from, const QByteArray &to)
 {
     const TempFolder folder;
@@ -46,7 +46,7 @@ QByteArray Converted(const QString &program, const QByteArray &file, const QByte
     return folder.Get("book." + to);
 }
 
-/// Texts that programs like to change. Gnumeric knows no escapes, so that gets no control characters.
+/// Texts that programs often change. Gnumeric has no escapes for control characters, so it gets none.
 Rows CommonTable(bool hasEscapes)
 {
     Rows rows = {{u"ID"_s, u"type"_s, u"English"_s, u"\u4F60\u597D"_s},
@@ -63,7 +63,7 @@ Rows CommonTable(bool hasEscapes)
 
 } // namespace
 
-TEST(Workbook, AnyTableComesBackAsItWas)
+TEST(Workbook, ReadsBackEveryTable)
 {
     for (const auto &[name, write, read, tables] : FORMATS) {
         for (unsigned seed = 0; seed < tables; ++seed) {
@@ -74,7 +74,7 @@ TEST(Workbook, AnyTableComesBackAsItWas)
     }
 }
 
-TEST(Workbook, OfTwoTextsOfACellTheLaterOneStaysInAnyOrderOfCells)
+TEST(Workbook, TheLaterTextOfACellWinsInAnyOrderOfCells)
 {
     Sheet sheet;
     for (quint32 i = 0; i < 1000; ++i)
@@ -84,7 +84,7 @@ TEST(Workbook, OfTwoTextsOfACellTheLaterOneStaysInAnyOrderOfCells)
         ASSERT_EQ(sheet.At(999 - i % 500, 0), QString::number(i));
 }
 
-TEST(Workbook, OtherProgramsReadCellForCellWhatWeWrite)
+TEST(Workbook, OtherProgramsReadTheSameCells)
 {
     for (const bool isOffice : {false, true}) {
         const Rows rows = CommonTable(isOffice);
@@ -101,10 +101,10 @@ TEST(Workbook, OtherProgramsReadCellForCellWhatWeWrite)
     }
 }
 
-TEST(Workbook, WhatOtherProgramsMakeOfRandomTablesIsRead)
+TEST(Workbook, ReadsRandomTablesFromOtherPrograms)
 {
     for (unsigned seed = 0; seed < 4; ++seed) {
-        // No text that is guarded, that gnumeric takes for a number, or that it counts wrongly (beyond 0xFFFF).
+        // No text that is guarded, that Gnumeric reads as a number, or that it counts wrongly (beyond 0xFFFF).
         const Rows plain = RandomTable(seed, {u"z\u00E9\u4F60"_s, u"xy z"_s});
         EXPECT_EQ(Read(ReadXls, Converted(u"ssconvert"_s, Written(WriteCsv, plain), "csv", "xls")), plain) << seed;
         const Rows rows = RandomTable(seed, ALPHABETS.sliced(1));
@@ -113,7 +113,7 @@ TEST(Workbook, WhatOtherProgramsMakeOfRandomTablesIsRead)
     }
 }
 
-TEST(Workbook, TheHeaderIsBoldAndFrozenAndTextsAreWrappedInColumnsOfTheirWidth)
+TEST(Workbook, HasABoldFrozenHeaderAndWrappedTexts)
 {
     const Rows rows = {{u"ID"_s}, {QString(), QString(), QString(), u"=1+1"_s}, {u"'x"_s}};
     EXPECT_EQ(Converted(QStringLiteral(SYSTEM_PYTHON), Written(WriteXls, rows), "xls", "txt").toStdString(),
@@ -124,7 +124,7 @@ TEST(Workbook, TheHeaderIsBoldAndFrozenAndTextsAreWrappedInColumnsOfTheirWidth)
               "row 2 Arial weight 400 @ wrapped top\n");
 }
 
-TEST(Workbook, LargestTablesFitAndLargerOnesAreRefusedWithPlaceAndLimit)
+TEST(Workbook, AcceptsTheLargestTablesAndRefusesLargerOnesWithPlaceAndLimit)
 {
     Rows corners(65536);
     corners.front() = corners.back() = {u"a"_s};
@@ -143,14 +143,18 @@ TEST(Workbook, LargestTablesFitAndLargerOnesAreRefusedWithPlaceAndLimit)
         Rows rows;
         const char *reason;
     } refusals[] = {
-        {WriteXls, Rows(65'537), "row 65537: an .xls sheet has 65536, and 65537 are needed"},
-        {WriteXls, {QStringList(300)}, "column 257: an .xls sheet has 256, and 300 are needed"},
-        {WriteXls, tooLong, "row 2, column 2: a text of 32768 characters: an .xls cell has 32767"},
-        {WriteXlsx, Rows(1'048'577), "row 1048577: an .xlsx sheet has 1048576"},
-        {WriteXlsx, {QStringList(16'385)}, "column 16385: an .xlsx sheet has 16384"},
-        {WriteXlsx, tooLong, "row 2, column 2: the text has 32768 characters, an .xlsx cell 32767"},
-        {WriteCsv, Rows(1'048'577), "1048577 rows and 0 columns: a sheet has 1048576 and 16384"},
-        {WriteCsv, {QStringList(16'385)}, "1 rows and 16385 columns: a sheet has 1048576 and 16384"},
+        {WriteXls, Rows(65'537), "row 65537: an .xls sheet has at most 65536 rows, but 65537 are needed"},
+        {WriteXls, {QStringList(300)}, "column 257: an .xls sheet has at most 256 columns, but 300 are needed"},
+        {WriteXls, tooLong, "row 2, column 2: a text has 32768 characters, but an .xls cell has room for 32767 only"},
+        {WriteXlsx, Rows(1'048'577), "row 1048577: an .xlsx sheet has at most 1048576 rows"},
+        {WriteXlsx, {QStringList(16'385)}, "column 16385: an .xlsx sheet has at most 16384 columns"},
+        {WriteXlsx, tooLong,
+         "row 2, column 2: the text has 32768 characters, but an .xlsx cell has room for 32767 only"},
+        {WriteCsv, Rows(1'048'577),
+         "1048577 rows and 0 columns are too many: a sheet has at most 1048576 rows and 16384 columns"},
+        {WriteCsv,
+         {QStringList(16'385)},
+         "1 rows and 16385 columns are too many: a sheet has at most 1048576 rows and 16384 columns"},
     };
     for (const auto &[write, rows, reason] : refusals) {
         TestTable table(rows);
@@ -167,7 +171,7 @@ TEST(Workbook, LargestTablesFitAndLargerOnesAreRefusedWithPlaceAndLimit)
     EXPECT_EQ(WriteXls(endless, nullptr).fault, TooLarge);
 }
 
-TEST(Workbook, TheSameTableGivesTheSameBytesAndLeavesNothingBehind)
+TEST(Workbook, WritesTheSameBytesForTheSameTableAndNoOtherFiles)
 {
     const TempFolder folder;
     const QByteArray before = qgetenv("TMPDIR");
@@ -186,7 +190,7 @@ TEST(Workbook, TheSameTableGivesTheSameBytesAndLeavesNothingBehind)
     before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
 }
 
-TEST(Workbook, AFullDiskIsNeverACutWorkbook)
+TEST(Workbook, AFullDiskNeverLeavesATruncatedWorkbook)
 {
     const Rows rows(300, {u"ID"_s, QString(), u"some text"_s});
     TestTable table(rows);
@@ -194,7 +198,7 @@ TEST(Workbook, AFullDiskIsNeverACutWorkbook)
         SCOPED_TRACE(name);
         const TempFolder folder;
         const QByteArray whole = Written(write, rows);
-        for (rlim_t limit = rlim_t(whole.size() - 1) % 1'777; limit < 100'000; limit += 1'777) { // and one byte too few
+        for (rlim_t limit = rlim_t(whole.size() - 1) % 1'777; limit < 100'000; limit += 1'777) { // up to 1 byte too few
             folder.Put(name, "as before");
             const WorkbookResult result = WithFileLimit(limit, [&] { return WriteWorkbook(folder.Path(name), table); });
             EXPECT_TRUE(result.fault == None || result.fault == CannotWrite);

@@ -9,7 +9,7 @@
 
 #include <vector>
 
-// Workbooks made record by record, and containers made sector by sector.
+// Builders of workbooks record by record, and of containers sector by sector.
 
 inline QByteArray Rec(quint16 type, const QByteArray &data = {})
 {
@@ -20,7 +20,7 @@ inline QByteArray Rec(quint16 type, const QByteArray &data = {})
     return bytes;
 }
 
-/// The bytes of numbers, each as wide as its type.
+/// Returns the bytes of numbers, each as wide as its type.
 template <typename... T> QByteArray Pack(T... values)
 {
     QByteArray bytes;
@@ -32,7 +32,7 @@ template <typename... T> QByteArray Pack(T... values)
     return bytes;
 }
 
-/// The first fields of a cell, and what comes behind them.
+/// Returns the first fields of a cell, and the values after them.
 template <typename... T> QByteArray CellData(int row, int column, T... values)
 {
     return Pack(quint16(row), quint16(column), quint16(15), values...);
@@ -76,8 +76,8 @@ struct XlsBuilder
     [[nodiscard]] QByteArray Begin(quint16 kind) const { return Rec(BIFF_BOF, Pack(version, kind, quint64(0))); }
 };
 
-/// A container with sectors of 4096 bytes: the table, the stream "Workbook" in a row of sectors, the directory. Each of
-/// the `depth` entries of the directory that come before that of the stream leads to the next one.
+/// Returns a container with sectors of 4096 bytes: the table, the stream "Workbook" in consecutive sectors, the
+/// directory. Each of the `depth` directory entries before that of the stream leads to the next one.
 inline QByteArray LargeSectors(QByteArray stream, quint32 depth)
 {
     constexpr qsizetype SECTOR = 4096;

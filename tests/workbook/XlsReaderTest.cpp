@@ -16,7 +16,7 @@ constexpr quint16 BLANK = 0x0201;
 constexpr quint16 BLANKS = 0x00BE;
 constexpr quint16 CHART = 0x0020;
 
-/// The cells of a file with "|" between them and "/" between rows, or why it is refused.
+/// Returns the cells of a file with "|" between them and "/" between rows, or the reason for a refusal.
 std::string Shown(const QByteArray &file)
 {
     const Reading reading(ReadXls, file);
@@ -36,7 +36,7 @@ QByteArray Narrow(const QByteArray &text)
     return Pack(quint16(text.size()), quint8(0)) + text;
 }
 
-/// A workbook of a shared text, a text and a number.
+/// Returns a workbook of a shared text, a text and a number.
 XlsBuilder SmallBook()
 {
     return BookOf(Rec(BIFF_LABELSST, CellData(0, 0, 0)) + Rec(BIFF_LABEL, CellData(1, 0) + Narrow("text")) +
@@ -44,7 +44,7 @@ XlsBuilder SmallBook()
                   Rec(BIFF_SST, Pack(1, 1) + Narrow("shared")));
 }
 
-/// A table of texts in the pieces that records may part: characters and, of all else, bytes.
+/// A table of texts in pieces between which a record may end: characters, and bytes of everything else.
 class TextTable
 {
 public:
@@ -59,8 +59,8 @@ public:
         ++count;
     }
 
-    /// The records, with a CONTINUE before each piece that `isCut` names. With `widens`, every other cut within a text
-    /// makes the characters behind it wide, whatever the text's own flags say.
+    /// Returns the records, with a CONTINUE before each piece for which `isCut` is true. With `widens`, every other cut
+    /// within a text makes the characters after it wide, whatever the flags of the text are.
     [[nodiscard]] QByteArray Records(const std::function<bool(size_t)> &isCut, bool widens = false) const
     {
         QByteArray records;
@@ -104,7 +104,7 @@ private:
 
 } // namespace
 
-TEST(XlsReader, EachKindOfCellGivesItsTextOrNothing)
+TEST(XlsReader, ReadsTheTextOfEachKindOfCell)
 {
     const auto rk = [](qint32 packed) { return Rec(BIFF_RK, CellData(0, 0, packed)); };
     const quint64 half = 0x3FE0000000000000;
@@ -149,7 +149,7 @@ TEST(XlsReader, EachKindOfCellGivesItsTextOrNothing)
         EXPECT_EQ(Shown(BookOf(records).Build()), text);
 }
 
-TEST(XlsReader, TakesTheFirstSheetThatIsAWorksheetEvenAHiddenOne)
+TEST(XlsReader, ReadsTheFirstWorksheetEvenIfHidden)
 {
     const auto label = [](const char *text) { return Rec(BIFF_LABEL, CellData(0, 0) + Narrow(text)); };
     XlsBuilder book;
@@ -160,7 +160,7 @@ TEST(XlsReader, TakesTheFirstSheetThatIsAWorksheetEvenAHiddenOne)
     ExpectRefused(ReadXls, {{NoWorkbook, "it has no worksheet", book.Build()}});
 }
 
-TEST(XlsReader, TheTableOfTextsMayBeCutAnywhere)
+TEST(XlsReader, ReadsSharedTextsSplitAnywhere)
 {
     TextTable table;
     table.Add(u"ab\u00FFcd", 0);
@@ -185,7 +185,7 @@ TEST(XlsReader, TheTableOfTextsMayBeCutAnywhere)
     }
 }
 
-TEST(XlsReader, SaysWhyItRefusesAFile)
+TEST(XlsReader, ReportsWhyItRefusesAFile)
 {
     constexpr quint32 MANY = 0xFFFFFFFF;
     const XlsBuilder book = BookOf({});
@@ -201,26 +201,28 @@ TEST(XlsReader, SaysWhyItRefusesAFile)
         ReadXls,
         {{NoWorkbook, "it isn't a compound file", "PK\3\4"},
          {NoWorkbook, "the compound file has no stream \"Workbook\"", book.Build("Other")},
-         {NoWorkbook, "it is of Excel 5.0 or 95, older than Excel 97", book.Build("Book")},
+         {NoWorkbook, "its format is that of Excel 5.0 or 95, which is older than Excel 97", book.Build("Book")},
          {NoWorkbook, "it is of version 0x500 (Excel 97-2003 has 0x600)", old.Build()},
          {NoWorkbook, "it is protected by a password", withGlobals(Rec(BIFF_FILEPASS, Pack(quint16(1))))},
          {Broken, "the table of texts ends within text 2 of 4294967295",
           withGlobals(Rec(BIFF_SST, Pack(MANY, MANY) + Narrow("one")))},
          {Broken, "the table of texts ends within text 1 of 1",
           withGlobals(Rec(BIFF_SST, Pack(1, 1, quint16(2), quint8(1), u'a', 'b')) + Rec(BIFF_CONTINUE, Pack(1)))},
-         {Broken, "record 0x200 at 0x31: 4294967295 rows and 0 columns: an .xls sheet has 65536 and 256",
+         {Broken,
+          "record 0x200 at 0x31: 4294967295 rows and 0 columns are too many: an .xls sheet has at most 65536 rows and "
+          "256 columns",
           with(Rec(BIFF_DIMENSIONS, Pack(0, MANY, 0)))},
-         {Broken, "row 3, column 2: text 7 of 0 isn't there", with(Rec(BIFF_LABELSST, CellData(2, 1, 7)))},
-         {Broken, "row 1, column 257: an .xls sheet has 256 columns",
+         {Broken, "row 3, column 2: text 7 of 0 is missing", with(Rec(BIFF_LABELSST, CellData(2, 1, 7)))},
+         {Broken, "row 1, column 257: an .xls sheet has at most 256 columns",
           with(Rec(BIFF_LABEL, CellData(0, 256) + Narrow("a")))},
          {Broken, "row 1, column 1: the text is cut off",
           with(Rec(BIFF_LABEL, CellData(0, 0, quint16(9), quint8(0), 'a')))},
          {Broken, "row 1, column 1: the number is cut off", with(Rec(BIFF_NUMBER, CellData(0, 0, 1)))},
          {Broken, "record 0x6 at 0x31: 10 bytes are too few", with(Rec(BIFF_FORMULA, CellData(0, 0, 1)))},
-         {TooLarge, "the numbers have more digits than a file of this size is granted", with(numbers)}});
+         {TooLarge, "the numbers have more digits than a file of this size may have", with(numbers)}});
 }
 
-TEST(XlsReader, EveryCutIsAnErrorOrHarmlessAndNoneACrash)
+TEST(XlsReader, SurvivesEveryTruncation)
 {
     const QByteArray stream = SmallBook().Stream();
     const Rows whole = Read(ReadXls, InContainer(stream));
@@ -239,7 +241,7 @@ TEST(XlsReader, EveryCutIsAnErrorOrHarmlessAndNoneACrash)
     }
 }
 
-TEST(XlsReader, AnyNumberInTheContainerIsHarmless)
+TEST(XlsReader, SurvivesAnyNumberInTheContainer)
 {
     QByteArray large = SmallBook().Stream();
     large.resize(9000, 0);
@@ -260,7 +262,7 @@ TEST(XlsReader, AnyNumberInTheContainerIsHarmless)
     }
 }
 
-TEST(XlsReader, LoopsAndClaimsInTheContainerCostNothing)
+TEST(XlsReader, RefusesLoopsAndFalseSizesInTheContainerCheaply)
 {
     QByteArray large = SmallBook().Stream();
     large.resize(9000, 0);
@@ -276,11 +278,14 @@ TEST(XlsReader, LoopsAndClaimsInTheContainerCostNothing)
     const quint32 start = *ByteReader(file).U32(quint64(entry) + 116);
     ExpectRefused(
         ReadXls,
-        {{Broken, "the stream \"Workbook\": the chain of sectors comes back to sector 0",
+        {{Broken, "the stream \"Workbook\": the chain of sectors returns to sector 0",
           with(table + 4 * (start + 1), start)},
-         {Broken, "the stream \"Workbook\": the chain of sectors leads to 0xffffffff after 1024 bytes, of 20 sectors",
+         {Broken,
+          "the stream \"Workbook\": the chain of sectors leads to sector 0xffffffff after 1024 bytes, but there are "
+          "only 20 sectors",
           with(table + 4 * (start + 1), 0xFFFFFFFF)},
-         {Broken, "the stream \"Workbook\" is said to have 4294967295 bytes, in 10240 bytes of sectors",
+         {Broken,
+          "the stream \"Workbook\" has 4294967295 bytes according to the file, but the sectors have only 10240 bytes",
           with(entry + 120, 0xFFFFFFFF)},
          {Broken, "the compound file has sectors of 2^31 and 2^6 bytes, not of 2^9 or 2^12 and 2^6",
           with(30, 0x0006001F)},

@@ -12,8 +12,8 @@ QByteArray SheetOf(const QByteArray &rows)
     return QByteArray(Package::SHEET).replace("%1", rows);
 }
 
-/// The most memory that the process had since the last call, in bytes. None with a sanitizer, which keeps what is
-/// freed.
+/// Returns the peak of the process's memory since the last call, in bytes. Returns 0 with a sanitizer, which keeps
+/// freed memory.
 qint64 PeakMemory()
 {
 #ifdef __SANITIZE_ADDRESS__
@@ -32,7 +32,7 @@ constexpr char BOOK_LINKS[] = "xl/_rels/workbook.xml.rels";
 
 } // namespace
 
-TEST(Xlsx, CellsOfEveryTypeGiveTheirTexts)
+TEST(Xlsx, ReadsTheTextsOfCellsOfEveryType)
 {
     const QByteArray file =
         Package()
@@ -56,7 +56,7 @@ TEST(Xlsx, CellsOfEveryTypeGiveTheirTexts)
                                           u"-1000|||43831|||||2"_s.split(u'|')}));
 }
 
-TEST(Xlsx, ADateIsTheNumberThatTheSheetCountsItBy)
+TEST(Xlsx, ReadsADateAsItsSerialNumber)
 {
     const auto read = [](const QByteArray &properties, const QByteArray &dates) {
         QByteArray cells;
@@ -71,7 +71,7 @@ TEST(Xlsx, ADateIsTheNumberThatTheSheetCountsItBy)
     EXPECT_EQ(read("<workbookPr date1904='false'/>", "2024-02-29"), Rows({{u"45351"_s}}));
 }
 
-TEST(Xlsx, TheFirstWorksheetIsFoundWhereverItLies)
+TEST(Xlsx, FindsTheFirstWorksheetAnywhere)
 {
     const QByteArray row = "<row><c t='s'><v>0</v></c></row>";
     const Package package = Package().Strings("<si><t>found</t></si>").Rows(row);
@@ -117,7 +117,7 @@ TEST(Xlsx, TheFirstWorksheetIsFoundWhereverItLies)
     }
 }
 
-TEST(Xlsx, SizesOf64BitsAreTaken)
+TEST(Xlsx, Accepts64BitSizes)
 {
     const QByteArray sheet = SheetOf("<row><c><v>7</v></c></row>");
     QByteArray file = Package().Rows("<row><c><v>7</v></c></row>").Build();
@@ -133,11 +133,11 @@ TEST(Xlsx, SizesOf64BitsAreTaken)
     EXPECT_EQ(Read(ReadXlsx, file), Rows({{u"7"_s}}));
 }
 
-TEST(Xlsx, WhatIsWrongIsSaid)
+TEST(Xlsx, ReportsErrors)
 {
     const auto rows = [](const QByteArray &xml) { return Package().Rows(xml).Build(); };
     const QByteArray file = rows("<row><c><v>12345</v></c></row>");
-    const auto entry = [&file](qsizetype field, const QByteArray &value) { // of the sheet, in the directory
+    const auto entry = [&file](qsizetype field, const QByteArray &value) { // changes the sheet's entry in the directory
         return QByteArray(file).replace(file.lastIndexOf("xl/sheet.xml") - 46 + field, value.size(), value);
     };
     const QByteArray compound("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1 E\0n\0c\0r\0y\0p\0t\0e\0d\0P\0a\0c\0k\0a\0g\0e\0", 41);
@@ -157,31 +157,31 @@ TEST(Xlsx, WhatIsWrongIsSaid)
                    {Broken, "no element found", Package().Set("xl/sheet.xml", SheetOf("").chopped(12)).Build()},
                    {Broken, "document type",
                     Package().Set("xl/sheet.xml", "<!DOCTYPE a [<!ENTITY a 'a'>]>" + SheetOf("")).Build()},
-                   {Broken, "row 1, column 2: there is no shared string \"0\" of 0",
+                   {Broken, "row 1, column 2: there is no shared string \"0\"; the number of shared strings is 0",
                     rows("<row><c/><c t='s'><v>0</v></c></row>")},
-                   {Broken, "\"-1\" of 0", rows("<row><c t='s'><v>-1</v></c></row>")},
-                   {Broken, "\"1,5\" is no number", rows("<row><c><v>1,5</v></c></row>")},
-                   {Broken, "\"nan\" is no number", rows("<row><c><v>nan</v></c></row>")},
-                   {Broken, "\"x\" is no type", rows("<row><c t='x'/></row>")},
-                   {Broken, "\"2024-13-01\" is no date", rows("<row><c t='d'><v>2024-13-01</v></c></row>")},
-                   {Broken, "\"0\" is no row", rows("<row r='0'/>")},
-                   {Broken, "\"1A\" is no cell", rows("<row><c r='1A'/></row>")},
-                   {TooLarge, "row 4294967297: a sheet has 1048576", rows("<row r='4294967297'/>")},
+                   {Broken, "\"-1\"; the number of shared strings is 0", rows("<row><c t='s'><v>-1</v></c></row>")},
+                   {Broken, "\"1,5\" is not a number", rows("<row><c><v>1,5</v></c></row>")},
+                   {Broken, "\"nan\" is not a number", rows("<row><c><v>nan</v></c></row>")},
+                   {Broken, "\"x\" is not a cell type", rows("<row><c t='x'/></row>")},
+                   {Broken, "\"2024-13-01\" is not a date", rows("<row><c t='d'><v>2024-13-01</v></c></row>")},
+                   {Broken, "\"0\" is not a row", rows("<row r='0'/>")},
+                   {Broken, "\"1A\" is not a cell", rows("<row><c r='1A'/></row>")},
+                   {TooLarge, "row 4294967297: a sheet has at most 1048576 rows", rows("<row r='4294967297'/>")},
                    {TooLarge, "row 1048577", rows("<row r='1048576'/><row/>")},
                    {TooLarge, "column 16385 in row 1", rows("<row><c r='XFE1'/></row>")},
                    {Broken, "checksum", QByteArray(file).replace("12345", "12346")},
                    {Broken, "is encrypted", entry(8, "\1")},
                    {Broken, "unknown method 12", entry(10, "\x0C")},
                    {Broken, "checksum", entry(24, "\xFF")},
-                   {Broken, "can't be unpacked", entry(24, "\1")},
+                   {Broken, "can't be decompressed", entry(24, "\1")},
                    {Broken, "overlap", entry(20, "\xFE")},
-                   {Broken, "doesn't lie at", entry(42, "\1")},
-                   {Broken, "end behind the file", entry(22, "\xFF")},
+                   {Broken, "it is not at", entry(42, "\1")},
+                   {Broken, "extend beyond the end of the file", entry(22, "\xFF")},
                    {Broken, "sizes are missing", entry(20, QByteArray(4, '\xFF'))},
-                   {Broken, "another named xl/sheet.xml", Package().Add("XL/sheet.xml", "x").Build()}});
+                   {Broken, "another part has the name xl/sheet.xml", Package().Add("XL/sheet.xml", "x").Build()}});
 }
 
-TEST(Xlsx, EveryCutIsAFaultAndNoDamageACrash)
+TEST(Xlsx, RefusesEveryTruncationAndSurvivesDamage)
 {
     const QByteArray whole = Written(WriteXlsx, AwkwardTable(3));
     for (qsizetype size = 0; size < whole.size(); ++size)
@@ -193,16 +193,16 @@ TEST(Xlsx, EveryCutIsAFaultAndNoDamageACrash)
     }
 }
 
-TEST(Xlsx, BombsAreRefusedWithLittleMemory)
+TEST(Xlsx, RefusesZipBombsWithLittleMemory)
 {
     const auto sheet = [](const QByteArray &rows) {
         return Package().Set("xl/sheet.xml", SheetOf(rows), true).Build();
     };
     const QByteArray blanks(64 << 20, ' ');
-    // A part that has the size of a bomb, but the directory tells another.
+    // A part of that size, for which the directory has a smaller size.
     QByteArray lying = sheet(blanks);
     lying.replace(Package::U32({quint32(SheetOf(blanks).size())}), Package::U32({1000}));
-    // These shrink a lot, but not too much, and take more memory than they have bytes.
+    // These compress well, but not suspiciously, and need more memory than they have bytes.
     std::mt19937 random(1);
     QByteArray cells = "<row>";
     QByteArray runs;
@@ -218,8 +218,8 @@ TEST(Xlsx, BombsAreRefusedWithLittleMemory)
     const QByteArray longText(15 << 20, 'x');
     const std::vector many(70'000, std::pair<QByteArray, QByteArray>("a", "b"));
     const std::pair<const char *, QByteArray> bombs[] = {
-        {"is the most for", sheet(blanks)},
-        {"can't be unpacked", lying},
+        {"compressed bytes may have at most", sheet(blanks)},
+        {"can't be decompressed", lying},
         {"the cells take too much memory", sheet(cells + "</row>")},
         {"the texts take too much memory", sheet("<row><c t='inlineStr'><is>" + runs + "</is></c></row>")},
         {"the shared strings take too much memory", Package().Strings("<si>" + runs + "</si>", true).Build()},

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Converts a workbook with the libraries of others: workbook_oracle.py IN OUT.
+"""Converts a workbook with other libraries: workbook_oracle.py IN OUT.
 
-From .xls to .csv, its texts; from .csv to .xls; or from .xls to .txt, what a user sees of a sheet beside its texts.
+From .xls to .csv, its texts; from .csv to .xls; or from .xls to .txt, what a user sees of a sheet besides its texts.
 """
 
 import csv

@@ -54,7 +54,7 @@ public:
             if (!line.empty() && line.back() == '\r')
                 line.pop_back();
             if (!Line(line))
-                throw Error(std::string(path) + ", line " + std::to_string(number) + ": this is no line of a table");
+                throw Error(std::string(path) + ", line " + std::to_string(number) + ": this is not a line of a table");
         }
         if (file.bad())
             throw Error(std::string(path) + ": can't be read");
@@ -101,7 +101,7 @@ private:
     void Define(const std::string &name, const std::string &number)
     {
         if (!known.insert(name).second)
-            throw Error(name + ": two names of the catalogue would both become this one");
+            throw Error(name + ": two names of the catalogue would both become this name");
         defines += "#define " + name + ' ' + number + '\n';
     }
 

@@ -48,7 +48,7 @@ struct Layout
 
 Outcome EndsTooSoon(const PictureBytes &file, const char *part)
 {
-    return Outcome::Failed("broken bmp: %llu bytes, which end before its %s",
+    return Outcome::Failed("broken bmp: the file has %llu bytes and ends before its %s",
                            static_cast<unsigned long long>(file.Size()), part);
 }
 
@@ -69,11 +69,11 @@ Outcome ReadSizes(const PictureBytes &file, Layout &layout, BmpHeader &header)
     }
     const bool isOs2 = *infoSize >= 16 && *infoSize <= 64;
     if (!isOs2 && *infoSize != 108 && *infoSize != 124)
-        return Outcome::Failed("bmp with a header of %u bytes, wanted 12, 16 to 64, 108 or 124", *infoSize);
+        return Outcome::Failed("bmp with a header of %u bytes, expected 12, 16 to 64, 108 or 124", *infoSize);
     const auto width = static_cast<std::int32_t>(*file.U32(infoAt + 4));
     const auto height = static_cast<std::int32_t>(*file.U32(infoAt + 8));
     if (width < 0)
-        return Outcome::Failed("broken bmp: %d pixels wide, wanted at least 1", width);
+        return Outcome::Failed("broken bmp: %d pixels wide, expected at least 1", width);
     header.width = static_cast<std::uint64_t>(width);
     header.isTopDown = height < 0;
     header.height = static_cast<std::uint64_t>(header.isTopDown ? -std::int64_t{height} : height);
@@ -105,8 +105,8 @@ Outcome ChooseCoding(const Layout &layout, BmpHeader &header)
     else if ((layout.compression == Plain || hasMasks) && (bits == 16 || bits == 32))
         header.coding = BmpCoding::Bitfields;
     else
-        return Outcome::Failed("bmp with %u bits a pixel and compression %u, wanted 1, 4, 8, 16, 24 or 32 bits, plain, "
-                               "run-length coded or with bit masks",
+        return Outcome::Failed("bmp with %u bits per pixel and compression %u, expected 1, 4, 8, 16, 24 or 32 bits, "
+                               "uncompressed, run-length encoded or with bit masks",
                                bits, layout.compression);
     return Outcome::Done();
 }
@@ -141,7 +141,7 @@ Outcome ReadMasks(const PictureBytes &file, Layout &layout, BmpHeader &header)
     }
     if (!SetChannel(masks[0], header.red) || !SetChannel(masks[1], header.green) ||
         !SetChannel(masks[2], header.blue) || !SetChannel(masks[3], header.alpha))
-        return Outcome::Failed("broken bmp: bit masks %x, %x, %x, %x, wanted one run of bits in each", masks[0],
+        return Outcome::Failed("broken bmp: bit masks %x, %x, %x, %x, expected one run of bits in each", masks[0],
                                masks[1], masks[2], masks[3]);
     return Outcome::Done();
 }
@@ -171,8 +171,8 @@ Outcome ReadPalette(const PictureBytes &file, const Layout &layout, BmpHeader &h
         wanted = std::min(wanted, all);
     const std::uint64_t end = layout.paletteAt + wanted * entrySize;
     if (layout.pixelsAt < end && HasRoomForPixels(file, layout, header, end))
-        return Outcome::Failed("broken bmp: pixels at byte %u, within the palette of %llu colours, wanted them at byte "
-                               "%llu, where it ends",
+        return Outcome::Failed("broken bmp: pixels at byte %u, within the palette of %llu colours, expected them at "
+                               "byte %llu, where it ends",
                                layout.pixelsAt, static_cast<unsigned long long>(wanted),
                                static_cast<unsigned long long>(end));
     if (!isIndexed)
@@ -205,7 +205,7 @@ Outcome ReadBmpHeader(Bytes bytes, BmpHeader &header)
         if (const Outcome outcome = ReadMasks(file, layout, header); outcome.HasFailed())
             return outcome;
     if (layout.pixelsAt < layout.paletteAt)
-        return Outcome::Failed("broken bmp: pixels at byte %u, wanted them behind the headers of %llu bytes",
+        return Outcome::Failed("broken bmp: pixels at byte %u, expected them after the headers of %llu bytes",
                                layout.pixelsAt, static_cast<unsigned long long>(layout.paletteAt));
     if (const Outcome outcome = ReadPalette(file, layout, header); outcome.HasFailed())
         return outcome;

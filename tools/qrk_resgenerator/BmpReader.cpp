@@ -32,9 +32,9 @@ public:
     {
         if (m_missing == none)
             return Outcome::Done();
-        return Outcome::Failed(
-            "broken bmp: a pixel of colour %u, but the palette ends with %u colours where the pixels begin, wanted %u",
-            m_missing, m_header.colours, m_header.coloursWanted);
+        return Outcome::Failed("broken bmp: a pixel has colour %u, but the palette has only %u colours before the "
+                               "pixels begin, expected %u",
+                               m_missing, m_header.colours, m_header.coloursWanted);
     }
 
 private:
@@ -91,7 +91,7 @@ Outcome ReadPlain(const BmpHeader &header, Picture &picture)
 {
     const std::uint64_t rowSize = header.RowSize();
     if (header.pixels.size() < rowSize * header.height)
-        return Outcome::Failed("broken bmp: %zu bytes of pixels, wanted %llu", header.pixels.size(),
+        return Outcome::Failed("broken bmp: %zu bytes of pixels, expected %llu", header.pixels.size(),
                                static_cast<unsigned long long>(rowSize * header.height));
     Colours colours(header);
     for (std::uint32_t number = 0; number < picture.Height(); ++number) {
@@ -112,7 +112,7 @@ Outcome ReadRunLength(const BmpHeader &header, Picture &picture)
 {
     Buffer indices;
     if (!indices.Allocate(picture.Width()))
-        return Outcome::Failed("bmp, for which there is not enough memory");
+        return Outcome::Failed("there is not enough memory for the bmp");
     BmpRunLength runs(header.pixels, header.coding == BmpCoding::Rle4);
     Colours colours(header);
     for (std::uint32_t number = 0; number < picture.Height(); ++number) {

@@ -82,6 +82,6 @@ BmpRunLength::Step BmpRunLength::Indices(std::span<std::uint8_t> row, unsigned c
 
 Outcome BmpRunLength::Broken() const
 {
-    return Outcome::Failed("broken bmp: runs that end at byte %zu of %zu, wanted a marked end of the picture", m_at,
+    return Outcome::Failed("broken bmp: the runs end at byte %zu of %zu, expected an end-of-picture mark", m_at,
                            m_data.size());
 }

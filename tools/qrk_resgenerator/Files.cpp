@@ -102,13 +102,13 @@ Outcome ReadFile(const char *path, Buffer &contents)
     if (!file.IsOpen() || fstat(file.Descriptor(), &status) != 0)
         return SystemFailed("open it");
     if (!S_ISREG(status.st_mode))
-        return Outcome::Failed("not a regular file, wanted a bmp, gif, jpg or png picture");
+        return Outcome::Failed("not a regular file, expected a bmp, gif, jpg or png picture");
     const auto size = static_cast<std::uint64_t>(status.st_size);
     if (size > maxFileSize)
-        return Outcome::Failed("file of %llu bytes, wanted at most %zu", static_cast<unsigned long long>(size),
+        return Outcome::Failed("file of %llu bytes, expected at most %zu", static_cast<unsigned long long>(size),
                                maxFileSize);
     if (!contents.Allocate(static_cast<std::size_t>(size)))
-        return Outcome::Failed("file of %llu bytes, for which there is not enough memory",
+        return Outcome::Failed("there is not enough memory for a file of %llu bytes",
                                static_cast<unsigned long long>(size));
     std::size_t at = 0;
     while (at < contents.Size()) {
@@ -128,12 +128,12 @@ Outcome RemoveOldTarget(const char *source, const char *target)
 {
     struct stat old;
     if (lstat(target, &old) != 0)
-        return errno == ENOENT ? Outcome::Done() : SystemFailed("look at it");
+        return errno == ENOENT ? Outcome::Done() : SystemFailed("examine it");
     struct stat picture;
     if (stat(source, &picture) == 0 && picture.st_dev == old.st_dev && picture.st_ino == old.st_ino)
-        return Outcome::Failed("is the source itself, wanted another file");
+        return Outcome::Failed("is the source itself, expected another file");
     if (!S_ISREG(old.st_mode) && !S_ISLNK(old.st_mode))
-        return Outcome::Failed("not a regular file, wanted one that can be replaced");
+        return Outcome::Failed("not a regular file, expected one that can be replaced");
     if (unlink(target) != 0)
         return SystemFailed("remove the old one");
     return Outcome::Done();

@@ -39,7 +39,7 @@ int OnRead(GifFileType *gif, GifByteType *to, int size)
 Outcome Broken(int giflibError)
 {
     const char *text = GifErrorString(giflibError);
-    return Outcome::Failed("broken gif: %s, wanted a whole picture", text != nullptr ? text : "unknown fault");
+    return Outcome::Failed("broken gif: %s, expected a complete picture", text != nullptr ? text : "unknown error");
 }
 
 /// Reads an extension. The transparent colour of the next frame is kept.
@@ -103,14 +103,14 @@ Outcome ReadFrame(GifSession &session, Picture &picture)
         return Broken(gif->Error);
     const ColorMapObject *colours = gif->Image.ColorMap != nullptr ? gif->Image.ColorMap : gif->SColorMap;
     if (colours == nullptr)
-        return Outcome::Failed("broken gif: no colour table, wanted one of the file or of the first frame");
+        return Outcome::Failed("broken gif: no colour table, expected one in the file or in the first frame");
     // The frame may be larger than the canvas, so its size is checked as well.
     const auto height = static_cast<std::uint32_t>(std::max(gif->Image.Height, 0));
     const auto width = static_cast<std::uint32_t>(std::max(gif->Image.Width, 0));
     if (const Outcome outcome = picture.CheckSize(width, height); outcome.HasFailed())
         return outcome;
     if (!session.indices.Allocate(width))
-        return Outcome::Failed("gif, for which there is not enough memory");
+        return Outcome::Failed("there is not enough memory for the gif");
 
     struct Pass
     {
@@ -141,7 +141,7 @@ Outcome ReadRecords(GifSession &session, Picture &picture)
             return Broken(session.gif->Error);
         }
         if (record == TERMINATE_RECORD_TYPE)
-            return hasFrame ? Outcome::Done() : Outcome::Failed("gif without a frame, wanted at least one");
+            return hasFrame ? Outcome::Done() : Outcome::Failed("gif without a frame, expected at least one");
         if (record == EXTENSION_RECORD_TYPE) {
             if (!ReadExtension(session))
                 return Broken(session.gif->Error);

@@ -104,7 +104,7 @@ bool Read(JpegSession &session, Bytes file, Picture &picture, Outcome &outcome)
     jpeg.out_color_space = isCmyk ? JCS_CMYK : JCS_EXT_BGRX;
     outcome = picture.Start(jpeg.image_width, jpeg.image_height, Filling::OpaqueRows);
     if (!outcome.HasFailed() && isCmyk && !session.cmykRow.Allocate(std::size_t{jpeg.image_width} * 4))
-        outcome = Outcome::Failed("jpg, for which there is not enough memory");
+        outcome = Outcome::Failed("there is not enough memory for the jpg");
     if (outcome.HasFailed())
         return false;
 
@@ -127,6 +127,6 @@ Outcome ReadJpeg(Bytes file, Picture &picture)
 
     Outcome outcome = Outcome::Done();
     if (!Read(session, file, picture, outcome) && !outcome.HasFailed())
-        return Outcome::Failed("broken jpg: %s, wanted a whole picture", session.error);
+        return Outcome::Failed("broken jpg: %s, expected a complete picture", session.error);
     return outcome;
 }

@@ -57,10 +57,10 @@ void PutU32(std::uint8_t *to, std::size_t value)
 Outcome Picture::CheckSize(std::uint64_t width, std::uint64_t height) const
 {
     if (width == 0 || height == 0)
-        return Outcome::Failed("picture of %llu x %llu pixels, wanted at least 1 x 1",
+        return Outcome::Failed("picture of %llu x %llu pixels, expected at least 1 x 1",
                                static_cast<unsigned long long>(width), static_cast<unsigned long long>(height));
     if (width > m_maxPixels || height > m_maxPixels || width * height > m_maxPixels)
-        return Outcome::Failed("picture of %llu x %llu pixels, wanted at most %llu pixels in all",
+        return Outcome::Failed("picture of %llu x %llu pixels, expected at most %llu pixels in all",
                                static_cast<unsigned long long>(width), static_cast<unsigned long long>(height),
                                static_cast<unsigned long long>(m_maxPixels));
     return Outcome::Done();
@@ -76,7 +76,7 @@ Outcome Picture::Start(std::uint64_t width, std::uint64_t height, Filling fillin
     const PixelFormat format = filling == Filling::OpaqueRows ? PixelFormat::Rgb565 : PixelFormat::Argb8888;
     if (!m_device.Allocate(DeviceFormat::headerSize + Stride(format) * m_height) ||
         !m_row.Allocate(std::size_t{m_width} * 4))
-        return Outcome::Failed("picture of %u x %u pixels, for which there is not enough memory", m_width, m_height);
+        return Outcome::Failed("there is not enough memory for a picture of %u x %u pixels", m_width, m_height);
     return Outcome::Done();
 }
 

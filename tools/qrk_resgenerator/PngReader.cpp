@@ -65,7 +65,7 @@ Outcome CheckHeader(Bytes file, const Picture &picture)
                std::uint32_t{file[at + 3]};
     };
     if (file.size() < 24 || std::memcmp(file.data() + 12, "IHDR", 4) != 0)
-        return Outcome::Failed("broken png: wanted an IHDR chunk at byte 12");
+        return Outcome::Failed("broken png: expected an IHDR chunk at byte 12");
     return picture.CheckSize(number(16), number(20));
 }
 
@@ -127,10 +127,10 @@ Outcome ReadPng(Bytes file, Picture &picture)
     if (session.png != nullptr)
         session.info = png_create_info_struct(session.png);
     if (session.info == nullptr)
-        return Outcome::Failed("png, for which there is not enough memory");
+        return Outcome::Failed("there is not enough memory for the png");
 
     Outcome outcome = Outcome::Done();
     if (!Read(session, picture, outcome) && !outcome.HasFailed())
-        return Outcome::Failed("broken png: %s, wanted a whole picture", session.error);
+        return Outcome::Failed("broken png: %s, expected a complete picture", session.error);
     return outcome;
 }

@@ -32,10 +32,10 @@ Outcome ReadPicture(Bytes file, Picture &picture)
             return format.read(file, picture);
     }
     if (file.empty())
-        return Outcome::Failed("empty file, wanted a bmp, gif, jpg or png picture");
+        return Outcome::Failed("empty file, expected a bmp, gif, jpg or png picture");
     char found[3 * 8 + 1] = {};
     for (std::size_t at = 0; at < file.size() && at < 8; ++at)
         std::snprintf(found + 3 * at, 4, " %02x", file[at]);
-    return Outcome::Failed("file of %zu bytes that begins with%s, wanted a bmp, gif, jpg or png picture", file.size(),
+    return Outcome::Failed("file of %zu bytes that begins with%s, expected a bmp, gif, jpg or png picture", file.size(),
                            found);
 }

@@ -74,7 +74,8 @@ int main(int argc, char **argv)
         [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, usage, sizeof usage - 1);
         return 1;
     }
-    const ErrorLine timeIsOver(argv[3], "takes too much processor time, wanted a picture that is read within a minute");
+    const ErrorLine timeIsOver(argv[3],
+                               "takes too much processor time, expected a picture that is read within a minute");
     LimitMemoryAndTime(timeIsOver.Text());
     return Convert(argv[3], argv[4]);
 }

@@ -92,7 +92,7 @@ void Conversion::TellWhyNotLoaded(int code)
         messages.append(options.input + u": can't be opened"_s);
         break;
     case LAYOUT_NOT_WELL_FORMED:
-        tell(rows.OfError(), u"this is no well-formed XML"_s);
+        tell(rows.OfError(), u"this is not well-formed XML"_s);
         break;
     case LAYOUT_NO_ROOT:
         tell(1, u"there is no element <TarvoXML>"_s);
@@ -101,13 +101,13 @@ void Conversion::TellWhyNotLoaded(int code)
         tell(rows.OfRoot(), u"the outermost element should be <TarvoXML>"_s);
         break;
     case LAYOUT_WRONG_CHILD:
-        tell(culprit, u"only <Layout> can stand in <TarvoXML>"_s);
+        tell(culprit, u"only <Layout> is allowed in <TarvoXML>"_s);
         break;
     case LAYOUT_NO_ID:
         tell(culprit, u"<Layout> needs the attribute \"id\""_s);
         break;
     default:
-        tell(culprit, u"the ID of this layout is taken, or empty"_s);
+        tell(culprit, u"the ID of this layout is empty or already used"_s);
     }
 }
 
@@ -115,7 +115,7 @@ bool Conversion::LoadTypes()
 {
     if (!IsFile(options.xml)) {
         if (options.xml.endsWith(u".xml", Qt::CaseInsensitive))
-            messages.append(options.xml + u": isn't there, so all properties stay text"_s);
+            messages.append(options.xml + u": the file does not exist, so all properties remain text"_s);
         return true;
     }
     std::vector<Finding> errors;
@@ -129,7 +129,7 @@ bool Conversion::LoadNumbers()
     QByteArray header;
     const int error = ReadFile(options.header, header, LARGEST_HEADER);
     if (error != 0) {
-        messages.append(u"%1: %2; saving the project writes it"_s.arg(options.header, SystemError(error)));
+        messages.append(u"%1: %2; save the project to write this file"_s.arg(options.header, SystemError(error)));
         return false;
     }
     numbers.Read(header);
@@ -145,7 +145,8 @@ bool Conversion::HasTablesOfOthers(const LayoutTables &tables)
         LayoutTables::StampOf(table) == tables.Stamp()) {
         return false;
     }
-    messages.append(path + u": was made from another catalogue; save the project, then compile the application"_s);
+    messages.append(path +
+                    u": the file was made from another catalogue; save the project, then compile the application"_s);
     return true;
 }
 
@@ -168,11 +169,11 @@ bool Conversion::Convert(const LayoutTables &tables)
     for (const auto &layout : file.All()) {
         const NarrowText &id = layout->Id()->name;
         if (!IsValidIdName(env.NarrowToWide(id)))
-            tell(nullptr,
-                 "the ID of this layout is none: letters, digits and \"_\", at most 64, and no digit at the front");
+            tell(nullptr, "the ID of this layout is not valid: an ID has at most 64 letters, digits and \"_\", and "
+                          "doesn't begin with a digit");
         const QString name = env.NarrowToWide(id) + u".bin"_s;
         if (names.contains(ToUpperSimple(name)))
-            tell(nullptr, "the ID differs from that of another layout in small and capital letters alone");
+            tell(nullptr, "the ID differs from that of another layout only in upper and lower case");
         names.insert(ToUpperSimple(name));
         results.emplace_back(InFolder(options.output, name), writer.Write(id, layout->components));
         ++layoutNumber;

@@ -94,14 +94,14 @@ void LayoutWriter::WriteComponent(QByteArray &out, ComponentObject &component)
 {
     const std::unique_ptr<CZulType> object = CreateType(types, {}, component.className);
     if (!object || object->GetTypeId() != TYPE_CLASS) {
-        tell(&component, Shown(component.className) + " is no class of components");
+        tell(&component, Shown(component.className) + " is not a component class");
         return;
     }
     written.clear();
     Remember(component);
     auto &typed = static_cast<CZulClass &>(*object);
     if (!BindComponent(typed, &component))
-        tell(&component, "a " + Shown(component.className) + " can't be made of this");
+        tell(&component, "a " + Shown(component.className) + " can't be created from this element");
     else
         WriteTyped(out, typed);
 }
@@ -172,8 +172,8 @@ void LayoutWriter::WriteContent(QByteArray &parts, const CZulCustom &object, con
         else if (const NarrowText &property = child->GetAttribute(PROP); !property.isEmpty())
             tell(child, Shown(child->className) + " can't be the value of " + Shown(property));
         else
-            tell(child, Shown(child->className) + " can't stand here: " +
-                            (asClass ? "it is no class of components" : "a structure holds no components"));
+            tell(child, Shown(child->className) + " is not allowed here: " +
+                            (asClass ? "it is not a component class" : "a structure can't contain components"));
     }
 }
 
@@ -215,12 +215,13 @@ void LayoutWriter::WriteValue(QByteArray &parts, quint16 property, CZulType &mem
     }
     auto *const value = dynamic_cast<CZulBase *>(&member);
     if (!value) {
-        tell(&where, Shown(member.propName) + " is no text, but an element of its own");
+        tell(&where, Shown(member.propName) + " must be an element, not text");
         return;
     }
     const bool isTime = dynamic_cast<const CZulMsec *>(value) != nullptr;
     if (!value->IsValid(text) || (isTime && !CZulMsec::HasNumber(text))) {
-        tell(&where, Shown(text) + " is no value for " + Shown(member.propName) + ", which is a " + member.typeName);
+        tell(&where, Shown(text) + " is not a valid value for " + Shown(member.propName) + ", which has the type " +
+                         member.typeName);
         return;
     }
     if (const auto *truth = dynamic_cast<const CZulBool *>(value)) {
@@ -272,7 +273,8 @@ void LayoutWriter::WriteStateImage(QByteArray &parts, quint16 property, const CZ
                                    const NarrowText &text, const ComponentObject &where)
 {
     if (!CZulStateImg::IsComplete(text)) {
-        tell(&where, Shown(text) + " is no value for " + Shown(member.propName) + ", which is a " + member.typeName);
+        tell(&where, Shown(text) + " is not a valid value for " + Shown(member.propName) + ", which has the type " +
+                         member.typeName);
         return;
     }
     QByteArray words;
@@ -286,7 +288,7 @@ quint32 LayoutWriter::Reference(const NarrowText &text, const ComponentObject &w
     if (text.isEmpty() || text == NOTHING)
         return 0;
     if (!text.startsWith('@')) {
-        tell(&where, Shown(text) + " refers to no resource: \"@\" and an ID, or 0 for none");
+        tell(&where, Shown(text) + " is not a reference to a resource: a reference is \"@\" and an ID, or 0 for none");
         return 0;
     }
     const auto number = ids.Find(text.sliced(1));

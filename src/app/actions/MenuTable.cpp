@@ -10,55 +10,54 @@ constexpr MenuEntry LINE{ACTION_NONE};
 
 constexpr MenuEntry OPEN{ACTION_OPEN, "&Open...", "Ctrl+O", "Opens a project."};
 constexpr MenuEntry RECENT{ACTION_RECENT_FILE, "Recent File", "", "Opens this project again."};
-constexpr MenuEntry CLOSE{ACTION_CLOSE, "&Close", "",
-                          "Closes the project, after a question where changes aren't saved."};
-constexpr MenuEntry EXIT{ACTION_EXIT, "E&xit", "", "Closes all projects and ends the program."};
+constexpr MenuEntry CLOSE{ACTION_CLOSE, "&Close", "", "Closes the project. Asks first if it has unsaved changes."};
+constexpr MenuEntry EXIT{ACTION_EXIT, "E&xit", "", "Closes all projects and quits Morvanite."};
 
 constexpr MenuEntry FILE_WITHOUT_DOCUMENT[] = {OPEN, LINE, RECENT, LINE, CLOSE, EXIT};
 constexpr MenuEntry FILE_ENTRIES[] = {
     OPEN,
     {ACTION_CLOSE, "&Close", "Ctrl+F4", CLOSE.tip},
-    {ACTION_SAVE, "&Save", "Ctrl+S", "Numbers the IDs, and writes the headers and the project's files."},
+    {ACTION_SAVE, "&Save", "Ctrl+S", "Numbers the IDs and writes the headers and the project's files."},
     LINE,
-    {ACTION_IMPORT, "&Import...", "", "Takes strings or files into the project."},
-    {ACTION_EXPORT, "&Export...", "", "Writes the strings to a file for translators."},
+    {ACTION_IMPORT, "&Import...", "", "Imports strings or files into the project."},
+    {ACTION_EXPORT, "&Export...", "", "Exports the strings to a file for translators."},
     LINE,
     RECENT,
     LINE,
     EXIT,
 };
 constexpr MenuEntry EDIT_ENTRIES[] = {
-    {ACTION_UNDO, "&Undo", "Ctrl+Z Alt+Backspace", "Takes the last change back."},
-    {ACTION_REDO, "&Redo", "Ctrl+Y", "Makes the change again that was taken back last."},
+    {ACTION_UNDO, "&Undo", "Ctrl+Z Alt+Backspace", "Undoes the last change."},
+    {ACTION_REDO, "&Redo", "Ctrl+Y", "Redoes the change that was undone last."},
     LINE,
-    {ACTION_RENAME, "Re&name", "F2", "Gives what is selected another ID."},
-    {ACTION_COPY, "&Copy", "Ctrl+C Ctrl+Ins", "Copies what is selected to the clipboard."},
-    {ACTION_PASTE, "&Paste", "Ctrl+V Shift+Ins", "Puts in what the clipboard holds."},
-    {ACTION_DELETE_ALL, "&Delete All", "", "Deletes all that the pane shows, after a question."},
+    {ACTION_RENAME, "Re&name", "F2", "Changes the ID of the selection."},
+    {ACTION_COPY, "&Copy", "Ctrl+C Ctrl+Ins", "Copies the selection to the clipboard."},
+    {ACTION_PASTE, "&Paste", "Ctrl+V Shift+Ins", "Inserts the contents of the clipboard."},
+    {ACTION_DELETE_ALL, "&Delete All", "", "Deletes everything in this pane. Asks first."},
     LINE,
-    {ACTION_SELECT_ALL, "Select &All", "Ctrl+A", "Selects all that the pane shows."},
+    {ACTION_SELECT_ALL, "Select &All", "Ctrl+A", "Selects everything in this pane."},
 };
 constexpr MenuEntry VIEW_ENTRIES[] = {
     {ACTION_TOOLBAR, "&Toolbar", "", "Shows or hides the tool bar.", true},
     {ACTION_STATUS_BAR, "&Status Bar", "", "Shows or hides this bar.", true},
-    {ACTION_OUTPUT, "&Output", "", "Shows or hides what opening, saving and packing have to say.", true},
+    {ACTION_OUTPUT, "&Output", "", "Shows or hides the messages of opening, saving and packing.", true},
     LINE,
-    {ACTION_SPLIT, "S&plit", "", "Lets the arrow keys move the bar between tree and pane."},
+    {ACTION_SPLIT, "S&plit", "", "Lets the arrow keys move the divider between the tree and the pane."},
     LINE,
     {ACTION_FIND_BAR, "&Find Bar", "Ctrl+F", "Shows or hides the bar that finds rows and filters them.", true},
-    {ACTION_DETAILS, "&Details", "F4", "Shows or hides the whole text, or the preview, of what is in focus.", true},
+    {ACTION_DETAILS, "&Details", "F4", "Shows or hides the whole text, or the preview, of the current row.", true},
 };
 constexpr size_t VIEW_ENTRIES_OF_THE_FRAME = 5; // the others are about what a pane shows
 constexpr MenuEntry WINDOW_ENTRIES[] = {
-    {ACTION_CASCADE, "&Cascade", "", "Arranges the projects' windows one behind the other."},
-    {ACTION_TILE, "&Tile", "", "Arranges the projects' windows side by side."},
+    {ACTION_CASCADE, "&Cascade", "", "Arranges the project windows so that they overlap."},
+    {ACTION_TILE, "&Tile", "", "Arranges the project windows side by side."},
     {ACTION_ARRANGE_ICONS, "&Arrange Icons", "", "Arranges the minimised windows along the bottom."},
 };
 constexpr MenuEntry OTHER_ENTRIES[] = {
     {ACTION_V1_LIST, "&1.0 Res", "", "Edits the list of resources for applications of version 1.0."},
 };
 constexpr MenuEntry HELP_ENTRIES[] = {
-    {ACTION_ABOUT, "&About Morvanite...", "", "Tells the program's version."},
+    {ACTION_ABOUT, "&About Morvanite...", "", "Shows the program's version."},
 };
 
 constexpr Menu WITHOUT_DOCUMENT[] = {
@@ -73,11 +72,11 @@ constexpr Menu WITH_DOCUMENT[] = {
 
 constexpr MenuEntry FURTHER_KEYS[] = {
     {ACTION_CUT, "", "Ctrl+X Shift+Del"},
-    {ACTION_DELETE, "", "Del", "Deletes what is selected, after a question."},
+    {ACTION_DELETE, "", "Del", "Deletes the selection. Asks first."},
     {ACTION_NEW_FILE, "", "Ctrl+N"},
     {ACTION_NEXT_PANE, "", "F6"},
     {ACTION_PREVIOUS_PANE, "", "Shift+F6"},
-    {ACTION_FIT_VIEW, "", "Ctrl+Home", "Makes the screen as large as the preview has room for."},
+    {ACTION_FIT_VIEW, "", "Ctrl+Home", "Fits the screen into the preview."},
     {ACTION_ZOOM_IN, "", "Ctrl+PgUp", "Shows the layout larger."},
     {ACTION_ZOOM_OUT, "", "Ctrl+PgDown", "Shows the layout smaller."},
     {ACTION_FIND_NEXT, "", "F3"},
@@ -95,20 +94,20 @@ constexpr const char *ZOOM_TIP = "Shows the layout at this zoom.";
 
 /// Actions that are only in menus of views.
 constexpr MenuEntry VIEW_MENUS[] = {
-    {ACTION_RESOLUTION, "", "", "Chooses the resolutions that the project is for."},
-    {ACTION_CLEAR, "", "", "Deletes all resources of the folder, after a question."},
-    {ACTION_NEW_LAYOUT, "", "", "Makes a layout for this resolution."},
-    {ACTION_FILTER, "", "", "Chooses the component images that the project has."},
-    {ACTION_NEW, "", "", "Begins a new row."},
-    {ACTION_LANGUAGE, "", "", "Chooses the languages of the project."},
-    {ACTION_PUSH_STRING, "", "", "Makes the selected rows Push, or Normal again."},
-    {ACTION_CLEAR_OUTPUT, "", "", "Empties the output."},
+    {ACTION_RESOLUTION, "", "", "Chooses the project's resolutions."},
+    {ACTION_CLEAR, "", "", "Deletes all resources of the folder. Asks first."},
+    {ACTION_NEW_LAYOUT, "", "", "Creates a layout for this resolution."},
+    {ACTION_FILTER, "", "", "Chooses the project's component images."},
+    {ACTION_NEW, "", "", "Adds a new row."},
+    {ACTION_LANGUAGE, "", "", "Chooses the project's languages."},
+    {ACTION_PUSH_STRING, "", "", "Sets the type of the selected rows to Push, or back to Normal."},
+    {ACTION_CLEAR_OUTPUT, "", "", "Clears the output."},
     {ACTION_BROWSE, "", "", "Chooses the file of the selected row."},
-    {ACTION_OPEN_FILE, "", "", "Opens the file with the program that the desktop has for it."},
-    {ACTION_OPEN_FOLDER, "", "", "Opens the folder that the file is in."},
-    {ACTION_PUSH_FILE, "", "", "Makes the selected rows Push, or Normal again."},
-    {ACTION_FILTER_IMAGES, "", "", "Chooses the component images that the project has."},
-    {ACTION_RESET_IMAGE, "", "", "Gives the selected rows their stock images back."},
+    {ACTION_OPEN_FILE, "", "", "Opens the file in its default program."},
+    {ACTION_OPEN_FOLDER, "", "", "Opens the folder that contains the file."},
+    {ACTION_PUSH_FILE, "", "", "Sets the type of the selected rows to Push, or back to Normal."},
+    {ACTION_FILTER_IMAGES, "", "", "Chooses the project's component images."},
+    {ACTION_RESET_IMAGE, "", "", "Restores the stock images of the selected rows."},
     {ActionId(ACTION_ZOOM_PRESET), "", "", ZOOM_TIP},
     {ActionId(ACTION_ZOOM_PRESET + 1), "", "", ZOOM_TIP},
     {ActionId(ACTION_ZOOM_PRESET + 2), "", "", ZOOM_TIP},

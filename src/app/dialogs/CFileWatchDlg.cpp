@@ -53,7 +53,7 @@ void CFileWatchDlg::AddText(QVBoxLayout &column, const QString &path, bool hasUn
         message->setToolTip(line);
     message->setAccessibleName(QStringLiteral("%1\n\n%2").arg(line, question));
     if (hasUnsavedChanges)
-        add(QStringLiteral("This project has changes that aren't saved. Reloading drops them."));
+        add(QStringLiteral("This project has unsaved changes. Reloading discards them."));
 }
 
 QCheckBox *CFileWatchDlg::AddCheckBox(QVBoxLayout &column, const QString &text, const qint32 *flag)

@@ -35,7 +35,7 @@ GoToDialog::GoToDialog(CResModel &projectModel, QWidget *parent)
     : QDialog(parent), model(projectModel), typed(new QLineEdit(this)), list(new QListWidget(this))
 {
     setWindowTitle(QStringLiteral("Go to ID"));
-    typed->setPlaceholderText(QStringLiteral("Beginning of an ID, or of words in it"));
+    typed->setPlaceholderText(QStringLiteral("Beginning of an ID or of words in it"));
     typed->setAccessibleName(windowTitle());
     list->setAccessibleName(QStringLiteral("IDs"));
     list->setUniformItemSizes(true);

@@ -20,7 +20,7 @@ constexpr qsizetype MOST_WORDS = 500; // characters of the converter's message t
 
 QString NoPlace(int error)
 {
-    return QStringLiteral("has no place to write in %1: %2")
+    return QStringLiteral("has no folder for its files in %1: %2")
         .arg(QDir::tempPath(), QString::fromLocal8Bit(strerror(error)));
 }
 
@@ -74,7 +74,7 @@ void ConverterRun::Run::Start(const QString &program, const QByteArray &picture,
     connect(&process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart)
             End(QFile::exists(converterPath)
-                    ? QStringLiteral("%1 couldn't be started: %2").arg(converterPath, process.errorString())
+                    ? QStringLiteral("%1 could not be started: %2").arg(converterPath, process.errorString())
                     : QStringLiteral("is missing: %1").arg(converterPath));
     });
     limit.setSingleShot(true);
@@ -137,7 +137,7 @@ QString ConverterRun::Run::ProblemOfEnd(int status, QProcess::ExitStatus how) co
         return QStringLiteral("says: %1").arg(said);
     const bool isCrash = how == QProcess::CrashExit;
     const ToolEnd end{0, isCrash ? 0 : status, isCrash ? status : 0};
-    return end.Text().isEmpty() ? QStringLiteral("made no file") : end.Text();
+    return end.Text().isEmpty() ? QStringLiteral("wrote no file") : end.Text();
 }
 
 ConverterRun::ConverterRun(QString converterPath, QObject *parent)

@@ -245,7 +245,7 @@ void PicturePane::Parts::TakeConverted(const LoadedPicture &result)
     converted.isMade = result.bytes >= 0;
     converted.bytes = result.bytes;
     if (!result.problem.isEmpty())
-        return FailConverted(QStringLiteral("made a file that can't be shown: ") + result.problem);
+        return FailConverted(QStringLiteral("wrote a file that can't be shown: ") + result.problem);
     converter.Stop();
     converted.isAwaited = false;
     loaded.size = result.size;

@@ -24,7 +24,7 @@ quint64 PixelSize(quint8 format)
 DevicePicture::DevicePicture(QByteArrayView start)
 {
     if (start.size() < HEADER_SIZE || !IsClaimedBy(start)) {
-        problem = QStringLiteral("it is no picture in the device's form");
+        problem = QStringLiteral("it is not a picture in the device's format");
         return;
     }
     version = quint8(start[4]);
@@ -42,7 +42,7 @@ DevicePicture::DevicePicture(QByteArrayView start)
 void DevicePicture::Check()
 {
     if (version != VERSION || encoding != PLAIN || (format != RGB565 && format != ARGB8888))
-        problem = QStringLiteral("its form is unknown (version %1, pixel format %2, encoding %3)")
+        problem = QStringLiteral("its format is unknown (version %1, pixel format %2, encoding %3)")
                       .arg(version)
                       .arg(format)
                       .arg(encoding);

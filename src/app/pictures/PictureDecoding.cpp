@@ -117,7 +117,7 @@ LoadedPicture DecodeDevicePicture(QIODevice &input, QSize most)
     if (quint64(input.size()) >= header.FileSize())
         loaded.picture = header.Pixels(input.read(qint64(header.FileSize())));
     if (loaded.picture.isNull())
-        loaded.problem = QStringLiteral("it breaks off");
+        loaded.problem = QStringLiteral("it ends too early");
     else
         loaded.picture = ReadyToDraw(std::move(loaded.picture), most);
     return loaded;
@@ -138,7 +138,7 @@ LoadedPicture DecodePicture(QIODevice &input, QSize most)
     LoadedPicture loaded;
     const QByteArray format = FormatOf(start);
     if (format.isEmpty()) {
-        loaded.problem = QStringLiteral("it is no bmp, gif, jpg or png picture");
+        loaded.problem = QStringLiteral("it is not a bmp, gif, jpg or png picture");
         return loaded;
     }
     const bool isJpg = format == "jpeg";

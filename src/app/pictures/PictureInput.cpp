@@ -55,7 +55,7 @@ bool PictureInput::Take(const struct stat &info)
 {
     stamp = FileStamp(info);
     if (!S_ISREG(info.st_mode)) {
-        problem = S_ISDIR(info.st_mode) ? QStringLiteral("it is a folder") : QStringLiteral("it is no regular file");
+        problem = S_ISDIR(info.st_mode) ? QStringLiteral("it is a folder") : QStringLiteral("it is not a regular file");
         return false;
     }
     bytes = info.st_size;

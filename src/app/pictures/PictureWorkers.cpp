@@ -26,7 +26,7 @@ PictureResult Read(PictureRequest request, const std::atomic<bool> &isStopped)
     } else if (input.isOpen()) {
         result.picture = DecodePicture(input, request.most);
         if (input.IsOutOfTime())
-            result.picture = {result.picture.size, {}, QStringLiteral("reading it takes too long"), -1};
+            result.picture = {result.picture.size, {}, QStringLiteral("it takes too long to read"), -1};
         if (request.isThumbnail && !request.isWhole && !result.picture.picture.isNull())
             result.picture.picture = InSquare(result.picture.picture, request.most.width());
     } else {

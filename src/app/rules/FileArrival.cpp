@@ -24,13 +24,13 @@ QString FileEditMessage(int code)
     case FILE_NAME_NOT_IN_CODE_PAGE:
         return QStringLiteral("The code page of the project lacks a character of its path. Rename it first.");
     case FILE_NAME_HAS_BACKSLASH:
-        return QStringLiteral("Its path has a \"\\\", which divides folders in a project. Rename it first.");
+        return QStringLiteral("Its path contains a \"\\\", which separates folders in a project. Rename it first.");
     case FILE_PATH_TOO_LONG:
         return QStringLiteral("Its path is too long.");
     case FILE_NOT_FOUND:
         return QStringLiteral("The file was not found.");
     case FILE_NOT_REACHED:
-        return QStringLiteral("The file can't be reached. You may lack the right to look into its folder.");
+        return QStringLiteral("The file can't be reached. You may lack permission to open its folder.");
     case FILE_IS_FOLDER:
         return QStringLiteral("It is a folder.");
     default:

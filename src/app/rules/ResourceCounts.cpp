@@ -152,7 +152,7 @@ QString HintOf(const CResFolder &folder)
     const QString noun = QLatin1String(holding.sort) + QLatin1String(holding.noun);
     if (holding.number == 0)
         return QStringLiteral("No %1s%2 yet").arg(noun, holding.where) +
-               (folder.kind == KIND_RESO_LAYOUTS ? QStringLiteral("\nNew in this folder's menu makes one.")
+               (folder.kind == KIND_RESO_LAYOUTS ? QStringLiteral("\nTo create one, choose New in this folder's menu.")
                                                  : QString());
     const QString languages = folder.kind == KIND_STRINGS ? InLanguages(CountResources(folder).languages) : QString();
     return Counted(holding.number, noun) + holding.where + languages;

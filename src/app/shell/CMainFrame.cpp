@@ -199,7 +199,7 @@ void CMainFrame::EditV1List()
     Environment ofProject(env);
     if (!tables.projectPath.isEmpty() && !ofProject.UseProjectSettings(DirectoryOf(tables.projectPath)))
         return boxes.ShowMessage(
-            QStringLiteral("The list can't be opened: the settings of %1 can't be used. The output tells why.")
+            QStringLiteral("The list can't be opened: the settings of %1 can't be used. The output explains why.")
                 .arg(tables.projectPath));
     CZEP10ResDlg dialog(ofProject, tables.projectPath, boxes, this);
     (void)boxes.RunDialog(dialog);
@@ -261,7 +261,7 @@ CMainFrame::Busy::Busy(CMainFrame &mainFrame, quint32 command) : frame(mainFrame
     const QString what = command == IDE_COMMAND_LOAD   ? QStringLiteral("opening a project")
                          : command == IDE_COMMAND_SAVE ? QStringLiteral("saving a project")
                                                        : QStringLiteral("packing a project");
-    frame.statusBar()->showMessage(QStringLiteral("The IDE's command is running: %1...").arg(what));
+    frame.statusBar()->showMessage(QStringLiteral("A command of the IDE is running: %1...").arg(what));
 }
 
 CMainFrame::Busy::~Busy()

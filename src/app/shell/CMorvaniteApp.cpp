@@ -52,7 +52,7 @@ std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
             return 0;
         if (patience.hasExpired()) {
             (void)ShowBox(nullptr, QMessageBox::Critical,
-                          QStringLiteral("The place where commands of an IDE arrive can't be taken: %1").arg(error));
+                          QStringLiteral("Morvanite can't receive commands from an IDE: %1").arg(error));
             return 1;
         }
         QThread::msleep(20);
@@ -112,8 +112,9 @@ int CMorvaniteApp::RunIdeCommand(quint32 dwData, QByteArrayView record)
     try {
         return handler.Handle(dwData, record);
     } catch (const std::bad_alloc &) { // the next command may need less memory
-        frame->Turn().AfterCommand(
-            [this] { frame->Bars().WriteLine(QStringLiteral("A command of the IDE ran out of memory.")); });
+        frame->Turn().AfterCommand([this] {
+            frame->Bars().WriteLine(QStringLiteral("There was not enough memory for a command of the IDE."));
+        });
         return 1;
     }
 }

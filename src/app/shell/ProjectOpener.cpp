@@ -50,10 +50,11 @@ void ProjectOpener::OpenDropped(const QStringList &files)
     if (others.size() > MOST_NAMED)
         others = others.first(MOST_NAMED) << QStringLiteral("...");
     if (!others.isEmpty())
-        boxes.MessageBox((others.size() == 1
-                              ? QStringLiteral("%1 is no project. Drop the project's .vcproj file here.")
-                              : QStringLiteral("These are no projects. Drop a project's .vcproj file here.\n\n%1"))
-                             .arg(others.join(u'\n')));
+        boxes.MessageBox(
+            (others.size() == 1
+                 ? QStringLiteral("%1 is not a project. Drop the project's .vcproj file here.")
+                 : QStringLiteral("These files are not projects. Drop a project's .vcproj file here.\n\n%1"))
+                .arg(others.join(u'\n')));
 }
 
 void ProjectOpener::Remember(const QString &path)

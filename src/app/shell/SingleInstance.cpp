@@ -16,9 +16,8 @@ namespace
 
 FirstInstance Hangs(QString &error)
 {
-    error =
-        QStringLiteral("Morvanite is running, but doesn't answer now. It may be in a long step of a command: wait for "
-                       "it, or end its process if it never answers.");
+    error = QStringLiteral("Morvanite is running already, but it doesn't answer. It may be busy with a long command: "
+                           "wait for it to finish, or end its process if it never answers.");
     return FirstInstance::NoAnswer;
 }
 
@@ -68,8 +67,7 @@ FirstInstance ShowFirstInstance(int milliseconds, QString &error)
     }
     if (qFromLittleEndian<quint32>(answer.data()) == WINDOW_SHOWN)
         return FirstInstance::Shown;
-    error =
-        QStringLiteral("The place of the window is taken by a program without one, such as \"morvanite-cli serve\". "
-                       "End that first.");
+    error = QStringLiteral("A program without a window, such as \"morvanite-cli serve\", runs in place of Morvanite. "
+                           "End that program first.");
     return FirstInstance::NoAnswer;
 }

@@ -48,9 +48,9 @@ void CellClipboard::Paste()
     }
     if (plan.IsEmpty()) {
         const QString refused = plan.refused.mid(0, 5).join(u'\n');
-        return boxes.ShowMessage(
-            refused.isEmpty() ? QStringLiteral("The cells have these texts already.")
-                              : QStringLiteral("Nothing of what is on the clipboard can be taken.\n\n%1").arg(refused));
+        return boxes.ShowMessage(refused.isEmpty()
+                                     ? QStringLiteral("The cells already have these texts.")
+                                     : QStringLiteral("Nothing on the clipboard can be pasted.\n\n%1").arg(refused));
     }
     if (!boxes.AskOkCancel(PlanText(table, plan.changes, plan.rows, plan.refused)))
         return;

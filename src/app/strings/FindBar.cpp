@@ -61,8 +61,7 @@ FindBar::FindBar(QWidget *parent)
       kind(new FilterChoice(QStringLiteral("Kind"), QString(), choices)), columns(new ColumnsButton(choices)),
       counts(new QLabel(this)), close(MakeButton({}, QStringLiteral("Close (Escape)"), this)),
       replaceLine(new QWidget(this)), replacement(MakeField(QStringLiteral("Replace with"), replaceLine)),
-      replace(MakeButton(QStringLiteral("Replace All..."), QStringLiteral("Replace in the rows that are shown"),
-                         replaceLine))
+      replace(MakeButton(QStringLiteral("Replace All..."), QStringLiteral("Replace in the visible rows"), replaceLine))
 {
     setAccessibleName(QStringLiteral("Find Bar"));
     MakeChoices();

@@ -30,7 +30,7 @@ QString PlanText(const StringTable &table, const std::vector<CellChange> &change
         text += QStringLiteral("\n...");
     if (refused.isEmpty())
         return text;
-    text += QStringLiteral("\n\nNot taken:\n") + refused.mid(0, SHOWN_LINES).join(u'\n');
+    text += QStringLiteral("\n\nLeft out:\n") + refused.mid(0, SHOWN_LINES).join(u'\n');
     if (refused.size() > SHOWN_LINES)
         text += QStringLiteral("\n... and %1 more").arg(refused.size() - SHOWN_LINES);
     return text;

@@ -188,8 +188,8 @@ void StringFinder::GoToGap(int step)
 {
     const QModelIndex from = grid.currentIndex();
     if (!grid.GoToGap(from.isValid() ? from.row() : 0, from.isValid() ? from.column() : 0, step))
-        Tell(step > 0 ? QStringLiteral("No text is missing behind this cell.")
-                      : QStringLiteral("No text is missing in front of this cell."));
+        Tell(step > 0 ? QStringLiteral("No text is missing after this cell.")
+                      : QStringLiteral("No text is missing before this cell."));
 }
 
 void StringFinder::ReplaceAll()
@@ -207,7 +207,7 @@ void StringFinder::ReplaceAll()
     const std::vector<CellChange> changes =
         PlanReplace(table, model.ShownTableRows(), columns, condition.text, condition.matchCase, bar->Replacement());
     if (changes.empty())
-        return boxes.ShowMessage(QStringLiteral("No text in the rows and columns that show would change."));
+        return boxes.ShowMessage(QStringLiteral("No text in the visible rows and columns would change."));
     if (boxes.AskOkCancel(PlanText(table, changes, {}, {})))
         table.history.Run(std::make_unique<STR_SET_CMD>(table, changes, std::vector<NewRow>()));
 }

@@ -228,9 +228,8 @@ void CProjView::NewLayout(const CResFolder &folder)
     CResFolder *const made = document.CreateLayoutRes(folder.index);
     if (!made)
         return host.Boxes().ShowMessage(
-            QStringLiteral("There can be no new layout in \"%1\". If its layout file wasn't loaded, "
-                           "the output tells why; mend the file, or take it out of the project's "
-                           "resource list.")
+            QStringLiteral("A layout can't be created in \"%1\". If its layout file wasn't loaded, the output explains "
+                           "why; fix the file, or remove it from the project's resource list.")
                 .arg(folder.title));
     QTreeWidgetItem *const parent = ItemOf(&folder);
     QTreeWidgetItem *item = nullptr;

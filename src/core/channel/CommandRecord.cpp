@@ -38,14 +38,14 @@ QString TextOf(QByteArrayView bytes, const Field &field)
 bool PutText(QByteArray &bytes, const Field &field, const QString &text, QString &error)
 {
     if (text.size() >= field.characters) {
-        error = u"the %1 has %2 characters, and a command has room for %3: %4"_s.arg(field.name)
+        error = u"the %1 has %2 characters, but a command has room for %3 only: %4"_s.arg(field.name)
                     .arg(text.size())
                     .arg(field.characters - 1)
                     .arg(text);
         return false;
     }
     if (text.contains(QChar(u'\0'))) {
-        error = u"the %1 holds a null character"_s.arg(field.name);
+        error = u"the %1 contains a null character"_s.arg(field.name);
         return false;
     }
     qToLittleEndian<char16_t>(text.utf16(), text.size(), bytes.data() + field.offset);

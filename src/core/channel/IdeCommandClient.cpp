@@ -94,11 +94,12 @@ FileHandle ConnectToWindow(QString &error)
     const int failure = ConnectSocket(window, path);
     const QString shown = QString::fromLocal8Bit(path);
     if (failure == ENOENT || failure == ECONNREFUSED)
-        error = u"Morvanite isn't running: nobody listens at %1; start it, or \"morvanite-cli serve\""_s.arg(shown);
+        error = u"Morvanite is not running: no program listens at %1; start it, or start \"morvanite-cli serve\""_s.arg(
+            shown);
     else if (failure != 0)
         error = u"Morvanite can't be reached at %1: %2"_s.arg(shown, SystemErrorText(failure));
     else if (!IsSameUser(window.Get()))
-        error = u"%1 is served by another user"_s.arg(shown);
+        error = u"the program that listens at %1 belongs to another user"_s.arg(shown);
     else
         return window;
     return FileHandle();
@@ -161,6 +162,6 @@ std::optional<quint32> IdeCommandClient::Run(quint32 dwData, QByteArrayView reco
         answer = Collect(window, reader);
     }
     if (!answer)
-        error = u"Morvanite went away before it answered"_s;
+        error = u"Morvanite ended before it answered"_s;
     return answer;
 }

@@ -14,7 +14,8 @@ QString PackReportText(int errorCode)
 {
     switch (errorCode) {
     case int(ReportCode::BadPackRequest):
-        return QStringLiteral("the resolution is not of the form 240x320, or the target kind is neither axf nor dll");
+        return QStringLiteral(
+            "the resolution does not have the form 240x320, or the target kind is neither axf nor dll");
     case int(ReportCode::NoDocument):
         return QStringLiteral("the project can't be opened");
     default:
@@ -167,10 +168,11 @@ void IdeCommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
             open->OnOpenAgain();
         auto *const doc = dynamic_cast<CResDoc *>(open);
         if (doc && doc->IsUnreadable()) {
-            env.Explain(QStringLiteral("%1: nothing was packed, since what is on the disk can't be read and what is "
-                                       "open here is older, or incomplete. Repair the files, or close the project and "
-                                       "open it again")
-                            .arg(record->projectPath));
+            env.Explain(
+                QStringLiteral(
+                    "%1: nothing was packed because the project's files can't be read, and the project that is open "
+                    "here is older or incomplete. Repair the files, or close the project and open it again")
+                    .arg(record->projectPath));
             errorCode = PACK_UNREADABLE;
         } else if (doc) {
             if (beforePack && !beforePack(*doc)) {
@@ -183,10 +185,9 @@ void IdeCommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
             const int generated = doc->GenerateIds(nullptr);
             env.DebugTrace("implicit ID Gen before Pack done, result is %d\n", generated);
             if (generated != 0) {
-                env.ExplainFailure(
-                    QStringLiteral("%1: there are more IDs of one kind than numbers, so IDs of the pack have "
-                                   "wrong ones")
-                        .arg(record->projectPath));
+                env.ExplainFailure(QStringLiteral("%1: there are more IDs of one kind than there are numbers, so some "
+                                                  "IDs of the pack have wrong numbers")
+                                       .arg(record->projectPath));
             }
             errorCode = PackDocument(*doc, *record);
         } else {

@@ -72,7 +72,7 @@ bool IdeCommandServer::Listen(QString &error)
     readyEvent = FileHandle(eventfd(1, EFD_CLOEXEC | EFD_NONBLOCK));
     spare = FileHandle(open("/dev/null", O_RDONLY | O_CLOEXEC));
     if (!epoll.IsOpen() || !readyEvent.IsOpen()) {
-        error = QStringLiteral("no descriptors for the command channel: ") + SystemErrorText(errno);
+        error = QStringLiteral("cannot create the descriptors of the command channel: ") + SystemErrorText(errno);
         epoll = FileHandle();
         return false;
     }

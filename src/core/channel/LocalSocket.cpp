@@ -94,11 +94,11 @@ bool RemoveStale(const QByteArray &path, QString &error)
     if (lstat(path.constData(), &info) != 0) {
         if (errno == ENOENT)
             return true;
-        error = u"%1 can't be looked at: %2"_s.arg(shown, SystemErrorText(errno));
+        error = u"%1 can't be examined: %2"_s.arg(shown, SystemErrorText(errno));
         return false;
     }
     if (!S_ISSOCK(info.st_mode)) {
-        error = u"%1 is no socket; remove it"_s.arg(shown);
+        error = u"%1 is not a socket; remove it"_s.arg(shown);
         return false;
     }
     const FileHandle probe = MakeSocket(SOCK_NONBLOCK);
@@ -110,8 +110,8 @@ bool RemoveStale(const QByteArray &path, QString &error)
         return false;
     }
     if (unlink(path.constData()) != 0 && errno != ENOENT) {
-        error =
-            u"%1 is left from a program that has ended and can't be removed: %2"_s.arg(shown, SystemErrorText(errno));
+        error = u"%1 was left by a program that has ended, and it can't be removed: %2"_s.arg(shown,
+                                                                                              SystemErrorText(errno));
         return false;
     }
     return true;
@@ -137,7 +137,7 @@ bool ListeningSocket::Open(const QByteArray &socketPath, Turn turn, QString &err
     if (!socket.IsOpen() || bind(socket.Get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0 ||
         chmod(socketPath.constData(), 0600) != 0 || lstat(socketPath.constData(), &info) != 0 ||
         listen(socket.Get(), SOMAXCONN) != 0) {
-        error = u"the socket %1 can't be made: %2"_s.arg(QString::fromLocal8Bit(socketPath), SystemErrorText(errno));
+        error = u"the socket %1 can't be created: %2"_s.arg(QString::fromLocal8Bit(socketPath), SystemErrorText(errno));
         return false;
     }
     path = socketPath;

@@ -44,18 +44,19 @@ QByteArray EnsureRuntimeFolder(QString &error)
         folder.chop(1); // a link with a separator after it would be followed
     const QString shown = QString::fromLocal8Bit(folder);
     if (!folder.startsWith('/')) { // the current directory changes with every project
-        error = u"the runtime folder %1 has no absolute path; change MORVANITE_RUNTIME_DIR"_s.arg(shown);
+        error = u"the path of the runtime folder %1 is not absolute; set MORVANITE_RUNTIME_DIR to an absolute "
+                "path"_s.arg(shown);
         return {};
     }
     if (mkdir(folder.constData(), 0700) != 0 && errno != EEXIST) {
-        error = u"the runtime folder %1 can't be made: %2; set MORVANITE_RUNTIME_DIR to a folder of your own"_s.arg(
+        error = u"the runtime folder %1 can't be created: %2; set MORVANITE_RUNTIME_DIR to a folder of your own"_s.arg(
             shown, QString::fromLocal8Bit(std::strerror(errno)));
         return {};
     }
     struct stat info;
     if (lstat(folder.constData(), &info) != 0 || !S_ISDIR(info.st_mode)) {
-        error = u"the runtime folder %1 is no folder; remove it, or set MORVANITE_RUNTIME_DIR to a folder of your own"_s
-                    .arg(shown);
+        error = u"the runtime folder %1 is not a folder; remove it, or set MORVANITE_RUNTIME_DIR to a folder of "
+                "your own"_s.arg(shown);
         return {};
     }
     if (info.st_uid != geteuid()) {
@@ -67,9 +68,9 @@ QByteArray EnsureRuntimeFolder(QString &error)
         return {};
     }
     if (info.st_mode & WRITABLE_BY_OTHERS) {
-        error =
-            u"the runtime folder %1 has mode %2, so that other users can put files into it; set MORVANITE_RUNTIME_DIR to a folder that only you can write to, or, if this one is for nothing else, enter \"chmod 700 %1\""_s
-                .arg(shown, u"%1"_s.arg(uint(info.st_mode & 07777), 4, 8, QChar(u'0')));
+        error = u"the runtime folder %1 has mode %2, so other users can put files into it; set "
+                "MORVANITE_RUNTIME_DIR to a folder that only you can write to, or, if this folder has no other "
+                "use, run \"chmod 700 %1\""_s.arg(shown, u"%1"_s.arg(uint(info.st_mode & 07777), 4, 8, QChar(u'0')));
         return {};
     }
     return folder;
@@ -82,11 +83,10 @@ QByteArray SocketPath(const char *name, QString &error)
         return {};
     const QByteArray path = folder + '/' + name;
     if (path.size() > SOCKET_PATH_LIMIT) {
-        error =
-            u"the socket path %1 has %2 bytes, and there is room for %3; set MORVANITE_RUNTIME_DIR to a shorter folder"_s
-                .arg(QString::fromLocal8Bit(path))
-                .arg(path.size())
-                .arg(SOCKET_PATH_LIMIT);
+        error = u"the socket path %1 has %2 bytes, but there is room for %3 only; set MORVANITE_RUNTIME_DIR to a "
+                "folder with a shorter path"_s.arg(QString::fromLocal8Bit(path))
+                    .arg(path.size())
+                    .arg(SOCKET_PATH_LIMIT);
         return {};
     }
     return path;

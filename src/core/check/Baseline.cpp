@@ -41,8 +41,13 @@ QByteArray FingerprintOf(const Finding &finding, const QString &folder)
     const quint64 hash =
         finding.basis != 0 ? finding.basis : HashOf(finding.text, HashOf(QDir(folder).relativeFilePath(finding.file)));
     const QByteArray digits = QByteArray::number(hash, 16).rightJustified(HASH_DIGITS, '0');
+    QString id = finding.id;
+    for (QChar &c : id) {
+        if (c.unicode() < 0x20)
+            c = u' '; // a tab or a line end would end the field
+    }
     const QByteArray language = finding.language < 0 ? QByteArray() : QByteArray::number(finding.language);
-    return QByteArray(finding.code) + '\t' + finding.id.toUtf8() + '\t' + language + '\t' + digits;
+    return QByteArray(finding.code) + '\t' + id.toUtf8() + '\t' + language + '\t' + digits;
 }
 
 void Baseline::Parse(const QByteArray &bytes, const QString &file, std::vector<Finding> &findings)

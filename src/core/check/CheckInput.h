@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "CheckFacts.h"
 #include "CheckSettings.h"
 #include "Finding.h"
+#include "PictureAlpha.h"
+
+#include <memory>
 
 class CResDoc;
 class CStringRes;
+class FileSurvey;
 class TextContext;
 
 /// What a check looks at. All of it must outlive the check.
@@ -16,9 +21,15 @@ struct CheckInput
     const TextContext &texts;
     const std::vector<Finding> &loaded; ///< the findings of the load of the project
     std::vector<ScreenSize> screens;    ///< the screens that are checked; empty for all that the project uses
-    QString
-        oldHeader; ///< the absolute path of a header of an earlier version, for "id-renumbered"; empty if there is none
-    /// The rows of the string table whose source texts another row may have too (RowsWithEqualSource). `CheckProject`
+    /// The absolute path of a header of an earlier version, for "id-renumbered"; empty if there is none.
+    QString oldHeader;
+    CountAlpha countAlpha = nullptr;   ///< for "image-alpha-few"; null if the decoders of pictures can't be loaded
+    const FileSurvey *files = nullptr; ///< the project's files, for rules; CheckProject sets it
+    std::shared_ptr<CheckFacts> facts = std::make_shared<CheckFacts>(); ///< shared by the rules
+    /// The rows of the string table whose source texts another row may have too (RowsWithEqualSource). CheckProject
     /// sets it for the rules.
     std::vector<const CStringRes *> repeatedRows = {};
 };
+
+/// Returns whether the screen of a resolution index is among those that are checked. Always true for -1, no screen.
+[[nodiscard]] bool ChecksScreen(const CheckInput &input, qint32 resolution);

@@ -2,6 +2,8 @@
 #include "CheckProject.h"
 
 #include "CResDoc.h"
+#include "FileSurvey.h"
+#include "IdFinding.h"
 #include "RuleReport.h"
 #include "Rules.h"
 #include "StringPositions.h"
@@ -73,7 +75,9 @@ void Sort(std::vector<Finding> &findings)
 
 std::vector<Finding> CheckProject(const CheckInput &given)
 {
+    const FileSurvey files(given.document, given.screens);
     CheckInput input = given;
+    input.files = &files;
     std::vector<Finding> findings;
     std::vector<StringRow> rows = StringRowsOf(input.document);
     CheckRows(input, rows, findings);
@@ -83,6 +87,11 @@ std::vector<Finding> CheckProject(const CheckInput &given)
         if (rule.project && report.Begin(rule))
             rule.project(input, report);
     }
+    for (const Finding &fault : input.texts.FontFaults()) {
+        report.Begin(*FindRule(u"check-settings"));
+        report.Add(fault);
+    }
+    PlaceInLists(input.document, findings);
     PlaceInStringFile(input.document, findings);
     Sort(findings);
     return findings;

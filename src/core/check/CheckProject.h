@@ -5,4 +5,4 @@
 
 /// Runs all rules that aren't off. Returns the findings in the order of file, line, column, rule and ID. Changes
 /// nothing, neither the project nor a file.
-[[nodiscard]] std::vector<Finding> CheckProject(const CheckInput &input);
+[[nodiscard]] std::vector<Finding> CheckProject(const CheckInput &given);

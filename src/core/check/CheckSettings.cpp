@@ -5,6 +5,7 @@
 #include "Paths.h"
 #include "Profile.h"
 #include "Rules.h"
+#include "WaveHeader.h"
 
 #include <cerrno>
 #include <cstring>
@@ -168,7 +169,28 @@ QString ReadLanguageKey(CheckSettings &settings, const QString &key, const QStri
 
 QString ReadAudioKey(CheckSettings &settings, const QString &key, const QString &value)
 {
-    settings.audio[key.toLower()] = value;
+    AudioLimits &audio = settings.audio;
+    const QString name = key.toLower();
+    std::vector<int> *const list = name == u"codec"_s      ? &audio.codecs
+                                   : name == u"rate"_s     ? &audio.rates
+                                   : name == u"channels"_s ? &audio.channels
+                                   : name == u"bits"_s     ? &audio.bits
+                                                           : nullptr;
+    if (!list)
+        return u"section Audio has the keys codec, rate, channels and bits"_s;
+    list->clear();
+    for (const QString &word : Words(value)) {
+        qint64 number = 0;
+        if (list == &audio.codecs)
+            number = WaveCodecOf(word);
+        else if (!ReadCount(word, number) || number > INT_MAX)
+            number = -1;
+        if (number < 0)
+            return list == &audio.codecs
+                       ? u"\"%1\" is no codec; there are pcm, adpcm, ima-adpcm, alaw, mulaw, and numbers"_s.arg(word)
+                       : u"\"%1\" isn't a number above 0"_s.arg(word);
+        list->push_back(int(number));
+    }
     return {};
 }
 

@@ -35,6 +35,15 @@ struct TextLimit
     int lines = 0;   ///< 0 for no limit
 };
 
+/// The forms of sounds that a device plays, for WAV files. An empty list allows any.
+struct AudioLimits
+{
+    std::vector<int> codecs; ///< the numbers of formats in WAV files (WaveCodecOf)
+    std::vector<int> rates;  ///< samples a second
+    std::vector<int> channels;
+    std::vector<int> bits; ///< of a sample
+};
+
 /// What a project's file "morvanite-check.ini" tells the check. The default values are those without such a file.
 struct CheckSettings
 {
@@ -51,8 +60,8 @@ struct CheckSettings
     QString sourcePrefix;                 ///< what the IDs in these files begin with
     std::map<QString, FontSetting> fonts; ///< by language code, in lower case; "default" for the others
     std::vector<TextLimit> limits;
-    std::map<qint32, QString> codes;  ///< the codes of languages by number
-    std::map<QString, QString> audio; ///< the values of section "Audio" by key, in lower case
+    std::map<qint32, QString> codes; ///< the codes of languages by number
+    AudioLimits audio;
 
     [[nodiscard]] RuleLevel LevelOf(const Rule &rule) const;
     /// Returns whether the settings ignore a rule for an ID.

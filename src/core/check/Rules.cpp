@@ -1,7 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "Rules.h"
 
+#include "FileRules.h"
+#include "FontRules.h"
+#include "IdRules.h"
+#include "ImageRules.h"
+#include "LayoutRules.h"
+#include "LoadRules.h"
 #include "ProjectTextRules.h"
+#include "SavedFormRules.h"
 #include "TextFeatures.h"
 #include "TextRules.h"
 
@@ -38,10 +45,12 @@ constexpr Rule RULES[] = {
      TextTooLong, HAS_TEXT},
     {"text-too-wide", Texts, Error, "a text is wider than its limit on the device",
      "A line of the text needs more pixels in the device's font than the limit in the row's description or in section "
-     "Limit allows. Section Font names the fonts. Shorten the text."},
+     "Limit allows. Section Font names the fonts. Shorten the text.",
+     TextTooWide, HAS_TEXT},
     {"glyph-missing", Texts, Error, "the device's font lacks characters of a language",
      "The device can't draw these characters. Section Font names the fonts. Add the characters to the font, or change "
-     "the texts."},
+     "the texts.",
+     nullptr, 0, GlyphMissing},
     {"control-character", Texts, Warning, "a text has an invisible or a control character",
      "Control characters, zero-width blanks, byte order marks and overrides of the writing direction usually come from "
      "copying, and the device shows them as boxes. Delete them. Zero-width blanks are right in Thai, Lao, Khmer and "
@@ -93,87 +102,128 @@ constexpr Rule RULES[] = {
      "those of another language, or doesn't find the language. Add the language to tuvik.ini.",
      nullptr, 0, LanguageUnknown},
     {"id-invalid", Ids, Error, "an ID isn't a valid name in C",
-     "The header defines the ID as a macro, so it must be an identifier of C and no keyword of C or C++. Rename it."},
+     "The header defines the ID as a macro, so it must be an identifier of C with 1 to 64 ASCII letters, digits and _, "
+     "and no keyword of C or C++. Rename it.",
+     nullptr, 0, IdInvalid},
     {"id-conflict", Ids, Error, "an ID is used twice",
-     "The load leaves out the second resource with the ID, and the next save loses it. Rename one of them."},
-    {"id-case", Ids, Warning, "two IDs differ only in case", "They are easily confused. Rename one of them."},
+     "The load leaves out the second resource with the ID, or the texts of the first of two rows, and the next save "
+     "loses them. Rename one of them.",
+     nullptr, 0, IdConflict},
+    {"id-case", Ids, Warning, "two IDs differ only in case", "They are easily confused. Rename one of them.", nullptr,
+     0, IdCase},
     {"id-unused", Ids, Warning, "no source file uses an ID",
      "None of the files in section Sources and no layout uses the ID. Delete the resource, or ignore the ID in section "
-     "Ignore if it is used in another way."},
+     "Ignore if it is used in another way.",
+     nullptr, 0, IdUnused},
     {"id-undefined", Ids, Error, "a source file uses an ID that doesn't exist",
      "A file in section Sources uses a name with the project's prefix that no resource has. The application doesn't "
-     "compile or uses an old header. Correct the name, or add the resource."},
+     "compile or uses an old header. Correct the name, or add the resource.",
+     nullptr, 0, IdUndefined},
     {"id-renumbered", Ids, Error, "the number of an ID has changed since an earlier header",
-     "Firmware that was compiled with the header of --header would fetch another resource. Pack and compile together, "
+     "Firmware that was compiled with the header of --header would fetch another resource, or none. Pack and compile "
+     "together, "
      "or "
-     "add resources with names that sort behind the existing ones."},
-    {"id-range", Ids, Warning, "the numbers of a kind of push IDs are nearly used up",
-     "Nine tenths of the numbers of this kind are used. When none is left, the project can't be packed."},
+     "add resources with names that sort behind the existing ones.",
+     nullptr, 0, IdRenumbered},
+    {"id-range", Ids, Warning, "the numbers for a kind of IDs are nearly used up",
+     "Nine tenths of the numbers of this kind are used. When none is left, the project can't be packed.", nullptr, 0,
+     IdRangeUsedUp},
     {"project-unreadable", Project, Error, "the project can't be opened",
      "A file that the project needs is missing or damaged. Nothing else could be checked."},
     {"element-dropped", Project, Error, "the load leaves something out",
-     "The next save would lose it, and a pack doesn't have it. Correct the file as the finding says."},
+     "The next save would lose it, and a pack doesn't have it. Correct the file as the finding says.", nullptr, 0,
+     ElementDropped},
     {"conflict-marker", Project, Error, "a file has the marks of an unresolved merge",
-     "A line begins with <<<<<<<, ======= or >>>>>>>. Resolve the conflict."},
+     "A line begins with <<<<<<<, ======= or >>>>>>>. Resolve the conflict.", nullptr, 0, ConflictMarkerLeft},
     {"string-file-form", Project, Error, "the string file is damaged",
      "The file isn't UTF-16 with a byte order mark, a row has more fields than the line of languages, or there are "
      "fewer "
-     "languages than the first line says."},
-    {"settings-missing", Project, Error, "there is no list of screen sizes or of types of resources",
-     "Without it the images and layouts of a project are left out. Name the list in Morvanite.ini."},
+     "languages than the first line says.",
+     nullptr, 0, StringFileForm},
+    {"settings-missing", Project, Error, "a list that Morvanite.ini names is missing or damaged",
+     "There is no list of screen sizes, so the images and layouts of a project are left out; or there are no types of "
+     "resources; or the catalogue of layouts is missing or has an error, so their components aren't checked. Correct "
+     "Morvanite.ini or the file.",
+     nullptr, 0, SettingsMissing},
     {"resolution-unlisted", Project, Error, "the project uses a screen size that the list of sizes lacks",
-     "Images and layouts of this size are left out. Add the size to the list that Morvanite.ini names."},
+     "Images and layouts of this size are left out. Add the size to the list that Morvanite.ini names.", nullptr, 0,
+     ResolutionUnlisted},
     {"header-stale", Project, Warning, "a generated header isn't what a save would write",
      "The application is compiled with other numbers than the pack has. Save the project, or let the build make the "
-     "headers."},
+     "headers.",
+     nullptr, 0, HeaderStale},
     {"lists-unsaved", Project, Note, "a list of the project isn't in the form that a save writes",
-     "The next save changes lines that nobody edited. Save the project once."},
+     "The next save changes lines that nobody edited. Save the project once.", nullptr, 0, ListsUnsaved},
     {"file-missing", Files, Error, "the file of a resource doesn't exist",
-     "A pack fails or leaves the resource out. Restore the file or remove the resource."},
-    {"file-empty", Files, Error, "the file of a resource is too short",
-     "A pack refuses files of 8 bytes or less in these places."},
+     "A pack fails or leaves the resource out. Restore the file or remove the resource.", nullptr, 0, FileMissing},
+    {"file-empty", Files, Error, "the file of an image is too short",
+     "A pack refuses images of 8 bytes or less. Restore the file.", nullptr, 0, FileEmpty},
     {"file-case", Files, Warning, "the name of a file differs in case",
-     "The file is found only because names are compared without regard to case. Correct the name in the list."},
+     "The file is found only because names are compared without regard to case. Correct the name in the list.", nullptr,
+     0, FileCase},
     {"file-outside", Files, Warning, "the file of a resource is outside of the project",
      "An absolute path, or one above the project's folder, doesn't exist on other machines. Move the file into the "
-     "project."},
+     "project.",
+     nullptr, 0, FileOutside},
     {"duplicate-file", Files, Note, "several resources have files with the same bytes",
-     "The payload has the bytes several times. Use one resource."},
+     "A payload that has both has the bytes twice. Use one resource.", nullptr, 0, DuplicateFile},
     {"file-type", Files, Error, "the content of a file isn't what its name says",
-     "The converter and the device go by the name. Rename the file or convert it."},
-    {"image-unreadable", Images, Error, "the header of an image can't be read",
-     "The file is damaged or cut off. Export the image again."},
+     "The device, and other programs, may go by the name. Rename the file, or convert it.", nullptr, 0, FileType},
+    {"image-unreadable", Images, Error, "an image can't be read",
+     "The file is damaged or cut off, has a form that the converter doesn't know, or is no picture. Export the image "
+     "again.",
+     nullptr, 0, ImageUnreadable},
     {"image-format", Images, Error, "an image is in a format that can't be converted",
-     "A pack with conversion refuses it. Use BMP, GIF, JPEG or PNG."},
+     "A pack that converts images refuses it. Use BMP, GIF, JPEG or PNG, with names that end in bmp, gif, jpg or png. "
+     "An image in the device's own format is right where a pack doesn't convert.",
+     nullptr, 0, ImageFormat},
     {"image-too-large", Images, Warning, "an image is larger than its screen",
-     "The image is wider or higher than the screen of its folder. Make it smaller."},
+     "The image is wider or higher than the screen of its folder. Make it smaller.", nullptr, 0, ImageTooLarge},
     {"image-size-differs", Images, Note, "the sizes of an image don't go with the sizes of the screens",
-     "The image's size for one screen differs by more than a tenth from what the other screens' sizes suggest."},
+     "From one screen to another, the sides of an image should change no less and no more than the sides of the "
+     "screens do, with a tolerance of a tenth. Make the image again for the screen that is named.",
+     nullptr, 0, ImageSizeDiffers},
     {"image-same-everywhere", Images, Note, "all screens have the same image",
-     "The files have the same bytes for all screens. Put the image into the folder Default once."},
+     "The files have the same bytes for all screens. Put the image into the folder Default once.", nullptr, 0,
+     ImageSameEverywhere},
     {"image-alpha-few", Images, Warning, "few pixels of an image are transparent",
-     "Because of them each pixel has 4 bytes instead of 2. Make the image opaque if it is meant to be."},
+     "One pixel in a hundred or fewer isn't opaque, or none is more than slightly transparent. Because of them each "
+     "pixel has 4 bytes instead of 2. Make the image opaque if it is meant to be.",
+     nullptr, 0, ImageAlphaFew},
     {"image-resolution-missing", Images, Error, "some screens lack an image",
      "Some of the screens have the ID and others don't, and neither does the folder Default. The application doesn't "
-     "find the image on these screens. Add it."},
+     "find the image on these screens. Add it.",
+     nullptr, 0, ImageResolutionMissing},
     {"audio-format", Files, Off, "a sound isn't in a form that the device plays",
-     "The codec, the rate or the number of channels of a WAV file isn't in section Audio."},
+     "The codec, the rate, the number of channels or the bits of a WAV file aren't in the lists of section Audio, "
+     "whose keys are codec, rate, channels and bits: codec=pcm, rate=8000, 16000. A missing key allows anything.",
+     nullptr, 0, AudioFormat},
     {"list-line", Files, Warning, "a line of a list of further files can't be packed",
      "In the lists of previews and of version 1.0: the file is missing, the line is longer than 255 bytes, a name "
      "occurs "
-     "twice or is reserved."},
+     "twice or is reserved.",
+     nullptr, 0, ListLine},
     {"layout-class", Layouts, Error, "a component has an unknown class",
-     "The catalogue has no such class, so the device can't make the component."},
+     "The catalogue has no such class, or an element is in the wrong place, so the device can't make the component. "
+     "Correct the layout or the catalogue.",
+     nullptr, 0, LayoutClass},
     {"layout-property", Layouts, Error, "a component has an unknown property",
-     "The class has no such property in the catalogue, so it isn't packed."},
+     "The class has no such property in the catalogue, so it isn't packed. Correct the layout or the catalogue.",
+     nullptr, 0, LayoutProperty},
     {"layout-value", Layouts, Error, "the value of a property is invalid",
-     "The type of the property doesn't accept the value."},
+     "The type of the property doesn't accept the value. Correct it.", nullptr, 0, LayoutValue},
     {"layout-reference", Layouts, Error, "a layout refers to a resource that doesn't exist",
-     "No resource of the layout's resolution has the ID, or one of another kind has it."},
-    {"layout-name", Layouts, Error, "two components of a layout have the same name",
-     "The application finds only one of them. Rename the other."},
+     "No resource of the layout's resolution has the ID, or one of another kind has it. Correct the ID, or add the "
+     "resource.",
+     nullptr, 0, LayoutReference},
+    {"layout-name", Layouts, Error, "a layout or a component has no name of its own",
+     "Two components of a layout have the same name, so the application finds only one of them; or the ID of a layout "
+     "is missing, invalid or used twice. Rename one of them.",
+     nullptr, 0, LayoutName},
     {"layout-outside", Layouts, Warning, "a component is outside of its screen",
-     "All or a part of the component can't be seen."},
+     "All or a part of the component can't be seen. Components in it are not reported again. Move it or make it "
+     "smaller.",
+     nullptr, 0, LayoutOutside},
     {"payload-budget", Payload, Error, "the payload is larger than the budget",
      "The key budget of section Check, or --budget, is the largest size in bytes. The largest resources are named."},
     {"check-settings", RuleGroup::Check, Error, "a line of morvanite-check.ini has no meaning",

@@ -14,7 +14,8 @@
 
 #include <algorithm>
 
-TextContext::TextContext(const CResModel &model, const CheckSettings &checkSettings) : settings(checkSettings)
+TextContext::TextContext(const CResModel &model, const CheckSettings &checkSettings)
+    : env(model.env), settings(checkSettings)
 {
     for (const Rule &rule : AllRules()) {
         if (rule.text && settings.LevelOf(rule) != RuleLevel::Off)
@@ -30,6 +31,7 @@ TextContext::TextContext(const CResModel &model, const CheckSettings &checkSetti
             continue;
         languages.push_back({folder.index, folder.title, codes[folder.index]});
     }
+    OpenFonts();
     if (settings.source.isEmpty())
         return;
     const auto named = std::find_if(languages.begin(), languages.end(), [&](const CheckedLanguage &language) {
@@ -39,6 +41,25 @@ TextContext::TextContext(const CResModel &model, const CheckSettings &checkSetti
     knowsSource = named != languages.end();
     if (knowsSource)
         source = size_t(named - languages.begin());
+}
+
+void TextContext::OpenFonts()
+{
+    for (const auto &[key, font] : settings.fonts) {
+        QString why;
+        fonts[key] = OpenDeviceFont(font.file, font.size, font.isShaped, why);
+        if (!why.isEmpty())
+            fontFaults.push_back({"check-settings", Severity::Error, settings.file, 0, {}, why});
+    }
+    const auto find = [this](const QString &key) {
+        const auto font = fonts.find(key);
+        return font == fonts.end() ? nullptr : font->second.get();
+    };
+    for (CheckedLanguage &language : languages) {
+        const QString code = language.code.toLower();
+        for (const QString &key : {code, language.Primary().toString().toLower(), QStringLiteral("default")})
+            language.font = language.font ? language.font : find(key);
+    }
 }
 
 int TextContext::PlaceOf(qint32 number) const
@@ -117,7 +138,7 @@ void RowCheck::CheckText(const CStringRes &head, const RowNotes &notes, const Te
         if (wrong.isEmpty())
             continue;
         Finding finding;
-        finding.id = QString::fromUtf8(head.Id()->name);
+        finding.id = context.Env().NarrowToWide(head.Id()->name);
         finding.text = std::move(wrong);
         finding.language = pair.language.number;
         finding.basis = HashOf(pair.text, HashOf(pair.source));

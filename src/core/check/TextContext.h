@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CheckSettings.h"
+#include "DeviceFont.h"
 #include "RowTexts.h"
 #include "TextPair.h"
 
@@ -9,15 +10,19 @@
 
 class CResModel;
 class CStringRes;
+class Environment;
 
 /// What the text rules know of a project beside the row that they check: its languages and settings. Made once for a
 /// check, and again when the languages of the project change.
 class TextContext
 {
 public:
-    /// The settings must outlive this object.
+    /// The settings and the model's environment must outlive this object.
     TextContext(const CResModel &model, const CheckSettings &checkSettings);
+    TextContext(const TextContext &) = delete;
+    TextContext &operator=(const TextContext &) = delete;
 
+    [[nodiscard]] const Environment &Env() const { return env; }
     [[nodiscard]] const CheckSettings &Settings() const { return settings; }
     /// The languages of the project, in its order.
     [[nodiscard]] const std::vector<CheckedLanguage> &Languages() const { return languages; }
@@ -27,14 +32,21 @@ public:
     [[nodiscard]] int PlaceOf(qint32 number) const;
     /// True if the settings name a source language that the project has, or none.
     [[nodiscard]] bool KnowsSource() const { return knowsSource; }
+    /// What is wrong with the fonts of the settings.
+    [[nodiscard]] const std::vector<Finding> &FontFaults() const { return fontFaults; }
     /// The text rules that aren't off.
     [[nodiscard]] const std::vector<const Rule *> &Rules() const { return rules; }
     /// Returns the limits of a row: those of its notes, and otherwise those of the settings.
     [[nodiscard]] TextLimit LimitOf(QStringView id, const RowNotes &notes) const;
 
 private:
+    void OpenFonts();
+
+    const Environment &env;
     const CheckSettings &settings;
     std::vector<CheckedLanguage> languages;
+    std::map<QString, std::unique_ptr<IDeviceFont>> fonts; // by the key of the settings
+    std::vector<Finding> fontFaults;
     std::vector<const Rule *> rules;
     size_t source = 0;
     bool knowsSource = true;

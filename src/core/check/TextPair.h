@@ -5,6 +5,7 @@
 
 #include <QString>
 
+class IDeviceFont;
 struct TextLimit;
 
 /// A language of the checked project.
@@ -12,7 +13,8 @@ struct CheckedLanguage
 {
     qint32 number = -1;
     QString name;
-    QString code; ///< its BCP 47 tag, such as "pt-BR"; empty if it isn't known
+    QString code;                ///< its BCP 47 tag, such as "pt-BR"; empty if it isn't known
+    IDeviceFont *font = nullptr; ///< the device's font for it; null if the settings name none. Owned by TextContext
     /// The primary subtag, such as "pt"; empty if it isn't known.
     [[nodiscard]] QStringView Primary() const { return QStringView(code).first(qMax(0, PrimarySize())); }
 

@@ -30,7 +30,7 @@ QString CellText(const QString &text)
 /// Returns what is wrong with the start of a sheet, followed by what is expected.
 QString WhatIsExpected(const QString &wrong)
 {
-    return wrong + QStringLiteral("; only the first sheet is read, and its first row has to have \"%1\" in A1 and the "
+    return wrong + QStringLiteral("; only the first sheet is read, and its first row must have \"%1\" in A1 and the "
                                   "number of languages in B1")
                        .arg(COUNT_WORD);
 }
@@ -71,7 +71,8 @@ public:
         if (sheet.UsedColumns() < FEWEST || sheet.UsedRows() < FEWEST) {
             Tell("sheet.almost-empty", Severity::Warning, 0,
                  WhatIsExpected(
-                     QStringLiteral("texts stand in %1 rows and %2 columns, and a string table has 3 at least")
+                     QStringLiteral(
+                         "there are texts in %1 rows and %2 columns, and a string table has at least 3 of each")
                          .arg(sheet.UsedRows())
                          .arg(sheet.UsedColumns())),
                  "the sheet is almost empty.");
@@ -109,9 +110,8 @@ private:
             return OK;
         const QString cell = CellName(column, row + 1);
         Tell("sheet.header", Severity::Error, row,
-             row == COUNT_ROW
-                 ? WhatIsExpected(QStringLiteral("has %1 in cell A1").arg(CellText(found)))
-                 : QStringLiteral("cell %1 has %2 in the place of \"%3\"").arg(cell, CellText(found), expected),
+             row == COUNT_ROW ? WhatIsExpected(QStringLiteral("has %1 in cell A1").arg(CellText(found)))
+                              : QStringLiteral("cell %1 has %2 instead of \"%3\"").arg(cell, CellText(found), expected),
              "invalid file format; \"%s\" expected at cell %s.", expected.toUtf8().constData(), qUtf8Printable(cell));
         return WRONG_HEADER;
     }
@@ -123,7 +123,7 @@ private:
         int languages = LeadingNumber(sheet.At(COUNT_ROW, 1));
         if (languages < 1) {
             Tell("sheet.language-count", Severity::Warning, COUNT_ROW,
-                 QStringLiteral("cell B1 has %1, where the number of languages is expected: none is read")
+                 QStringLiteral("cell B1 has %1 instead of the number of languages, so no language is read")
                      .arg(CellText(sheet.At(COUNT_ROW, 1))),
                  "%s = %d.", COUNT_WORD.toUtf8().constData(), languages);
             languages = 0;
@@ -132,7 +132,7 @@ private:
         firstText = hasType ? 2 : 1;
         if (qint64(sheet.UsedColumns()) < qint64(languages) + firstText + 1) {
             Tell("sheet.language-count", Severity::Error, COUNT_ROW,
-                 QStringLiteral("cell B1 has %1 languages, and with them %2 columns are expected: only %3 have texts")
+                 QStringLiteral("cell B1 says %1 languages, which need %2 columns, but only %3 columns have texts")
                      .arg(languages)
                      .arg(qint64(languages) + firstText + 1)
                      .arg(sheet.UsedColumns()),
@@ -157,8 +157,8 @@ private:
             const int number = NumberOf(name);
             if (number == -1) {
                 Tell("sheet.language-unknown", Severity::Error, NAMES_ROW,
-                     QStringLiteral("cell %1 has %2, and neither the project nor the section Language of tuvik.ini has "
-                                    "a language of that name")
+                     QStringLiteral("cell %1 has %2, but neither the project nor section Language of tuvik.ini has a "
+                                    "language of that name")
                          .arg(CellName(column, NAMES_ROW + 1), CellText(name)),
                      "language \"%s\" is unrecognized.", Shown(name).constData());
                 return UNKNOWN_LANGUAGE;

@@ -3,37 +3,9 @@
 
 #include "Environment.h"
 #include "IDGen.h"
+#include "IdRanges.h"
 
 #include <array>
-
-namespace
-{
-
-constexpr quint32 LAST_NORMAL = 99999;
-
-/// The numbers of one class of push resources.
-struct PushRange
-{
-    quint32 next;
-    quint32 last;
-    const char *what;
-};
-
-/// By `pushKind`; kind 0 has no range.
-using PushRanges = std::array<PushRange, 7>;
-
-PushRanges FreshRanges()
-{
-    return {{{0, 0, ""},
-             {100000, 100999, "audio"},
-             {101000, 101999, "video"},
-             {102000, 102999, "binary"},
-             {103000, 103999, "image"},
-             {104000, 108999, "string"},
-             {109000, 109999, "other"}}};
-}
-
-} // namespace
 
 int IDGen::FillValue(Environment &env, IDPool *pool)
 {
@@ -48,8 +20,8 @@ int IDGen::FillValue(Environment &env, IDPool *pool)
 int FillSorted(Environment &env, const std::vector<IDRecord *> &sorted)
 {
     env.DebugTrace("enter IDGen::FillValue()");
-    quint32 nextNormal = 1;
-    PushRanges ranges = FreshRanges();
+    quint32 nextNormal = NORMAL_IDS.first;
+    std::array<quint32, std::size(PUSH_IDS)> usedPush{};
     const IDRecord *first = nullptr; // of the records with the same name
     for (IDRecord *record : sorted) {
         if (first && first->name == record->name) {
@@ -58,31 +30,31 @@ int FillSorted(Environment &env, const std::vector<IDRecord *> &sorted)
         }
         first = record;
         if (!record->push) {
-            if (nextNormal > LAST_NORMAL) {
+            if (nextNormal > NORMAL_IDS.last) {
                 env.DebugTrace("enter IDGen::FillValue(): ID value overflow, non-push ID cannot larger than%u",
-                               LAST_NORMAL);
+                               NORMAL_IDS.last);
                 env.ExplainFailure(
-                    QStringLiteral("there are more IDs than numbers for them, which end at %1; \"%2\" is "
-                                   "the first that gets none. Take resources out of the project")
-                        .arg(LAST_NORMAL)
+                    QStringLiteral("there are more IDs than there are numbers for them; the last number is %1, and "
+                                   "\"%2\" is the first ID without one. Remove resources from the project")
+                        .arg(NORMAL_IDS.last)
                         .arg(env.NarrowToWide(record->name)));
                 return -2;
             }
             record->value = nextNormal++;
-        } else if (record->pushKind >= 1 && size_t(record->pushKind) < ranges.size()) {
-            PushRange &range = ranges[size_t(record->pushKind)];
-            if (range.next > range.last) {
+        } else if (const IdRange *const range = RangeOf(*record)) {
+            quint32 &used = usedPush[size_t(range - PUSH_IDS)];
+            if (used == range->Size()) {
                 env.DebugTrace("enter IDGen::FillValue(): ID value overflow, push %s ID cannot larger than%u",
-                               range.what, range.last);
-                env.ExplainFailure(QStringLiteral("there are more Push resources of the class \"%1\" than numbers for "
-                                                  "them, which end at %2; \"%3\" is the first that gets none. Make "
-                                                  "some of them Normal")
-                                       .arg(QLatin1String(range.what))
-                                       .arg(range.last)
+                               range->what, range->last);
+                env.ExplainFailure(QStringLiteral("there are more Push resources of the class \"%1\" than there are "
+                                                  "numbers for them; the last number is %2, and \"%3\" is the first ID "
+                                                  "without one. Change the type of some of them to Normal")
+                                       .arg(QLatin1String(range->what))
+                                       .arg(range->last)
                                        .arg(env.NarrowToWide(record->name)));
                 return -2;
             }
-            record->value = range.next++;
+            record->value = range->first + used++;
         }
     }
     env.DebugTrace("leave IDGen::FillValue()");

@@ -100,7 +100,7 @@ private:
         QByteArray shown = env.Shown(record.name);
         std::replace_if(shown.begin(), shown.end(), isControl, '?');
         env.ExplainFailure(
-            QStringLiteral("the ID [%1] has a control character and is left out of the headers; rename it")
+            QStringLiteral("the ID [%1] contains a control character, so it is left out of the headers; rename it")
                 .arg(QString::fromUtf8(shown)));
         return false;
     }

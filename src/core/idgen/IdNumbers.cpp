@@ -23,7 +23,9 @@ QByteArrayView TakeWord(QByteArrayView &line)
 
 void IdNumbers::Read(QByteArrayView header)
 {
+    int number = 0; // of the line
     for (qsizetype end = 0; !header.isEmpty(); header = header.sliced(end)) {
+        ++number;
         const qsizetype lineEnd = header.indexOf('\n');
         end = lineEnd < 0 ? header.size() : lineEnd + 1;
         QByteArrayView line = header.first(lineEnd < 0 ? end : lineEnd);
@@ -33,9 +35,11 @@ void IdNumbers::Read(QByteArrayView header)
             continue;
         const QByteArrayView name = TakeWord(line);
         bool isNumber = false;
-        const quint32 number = TakeWord(line).toUInt(&isNumber, 10);
-        if (isNumber && TakeWord(line).isEmpty() && !numbers.contains(name.toByteArray()))
-            numbers.insert(name.toByteArray(), number);
+        const quint32 value = TakeWord(line).toUInt(&isNumber, 10);
+        if (!isNumber || !TakeWord(line).isEmpty() || numbers.contains(name.toByteArray()))
+            continue;
+        numbers.insert(name.toByteArray(), value);
+        entries.push_back({name.toByteArray(), value, number});
     }
 }
 

@@ -6,6 +6,7 @@
 #include <QHash>
 
 #include <optional>
+#include <vector>
 
 /// The numbers of the IDs, as the generated header has them.
 class IdNumbers
@@ -15,6 +16,16 @@ public:
     void Read(QByteArrayView header);
     [[nodiscard]] std::optional<quint32> Find(const NarrowText &name) const;
 
+    struct Entry
+    {
+        NarrowText name;
+        quint32 number = 0;
+        int line = 0; ///< from 1
+    };
+    /// The IDs in the order of the header.
+    [[nodiscard]] const std::vector<Entry> &All() const { return entries; }
+
 private:
+    std::vector<Entry> entries;
     QHash<NarrowText, quint32> numbers;
 };

@@ -47,7 +47,7 @@ public:
             else if (element)
                 Error(*element, QStringLiteral("only one element <catalogue> is expected"));
             else if (node->ToText())
-                Error(root ? RowOf(*root) : 1, QStringLiteral("text stands outside <catalogue>"));
+                Error(root ? RowOf(*root) : 1, QStringLiteral("there is text outside <catalogue>"));
         }
         if (!root) {
             Error(1, QStringLiteral("there is no element <catalogue>"));
@@ -131,7 +131,7 @@ private:
     template <typename Function> void ReadChildren(const TiXmlElement &element, Function &&function)
     {
         ForEachChild(element, function, [&](const TiXmlNode &) {
-            Error(element, QStringLiteral("<%1> holds something that is no element").arg(Text(element.Value())));
+            Error(element, QStringLiteral("<%1> contains something that is not an element").arg(Text(element.Value())));
         });
     }
 
@@ -146,10 +146,10 @@ private:
             return {};
         }
         if (!IsIdentifier(text)) {
-            Error(element,
-                  QStringLiteral("\"%1\" is no name: letters, digits and \"_\", at most %2, and no digit at the front")
-                      .arg(Text(text))
-                      .arg(LONGEST_NAME));
+            Error(element, QStringLiteral("\"%1\" is not a valid name: a name has at most %2 letters, digits and "
+                                          "\"_\", and doesn't begin with a digit")
+                               .arg(Text(text))
+                               .arg(LONGEST_NAME));
             return {};
         }
         return text;
@@ -183,7 +183,7 @@ private:
             return;
         }
         if (const auto known = places.constFind(descriptor->name); known != places.constEnd()) {
-            Error(element, QStringLiteral("\"%1\" is defined in line %2 already")
+            Error(element, QStringLiteral("\"%1\" is already defined in line %2")
                                .arg(Text(descriptor->name))
                                .arg(definitions[*known].line));
             return;
@@ -219,10 +219,10 @@ private:
                 AllowAttributes(child, {"name", "type"});
                 item.typeName = Identifier(child, "type");
                 if (std::find(std::begin(RESERVED), std::end(RESERVED), item.name) != std::end(RESERVED))
-                    Error(child, QStringLiteral("no member can be called \"%1\"").arg(Text(item.name)));
+                    Error(child, QStringLiteral("a member can't have the name \"%1\"").arg(Text(item.name)));
             }
             if (!item.name.isEmpty() && names.contains(item.name))
-                Error(child, QStringLiteral("\"%1\" stands twice in \"%2\"")
+                Error(child, QStringLiteral("\"%1\" occurs twice in \"%2\"")
                                  .arg(Text(item.name), Text(element.Attribute("name"))));
             names.insert(item.name);
             lines.push_back(RowOf(child));
@@ -236,7 +236,7 @@ private:
     void ReadNothing(const TiXmlElement &element)
     {
         ReadChildren(element, [this, &element](const TiXmlElement &child) {
-            Error(child, QStringLiteral("<%1> can't stand in <%2>").arg(Text(child.Value()), Text(element.Value())));
+            Error(child, QStringLiteral("<%1> is not allowed in <%2>").arg(Text(child.Value()), Text(element.Value())));
         });
     }
 
@@ -254,7 +254,7 @@ private:
             if (!base && TypeIdOf(descriptor.baseName) == TYPE_UNKNOWN)
                 Error(definition.line, QStringLiteral("unknown base \"%1\"").arg(Text(descriptor.baseName)));
             else if (!base || base->descriptor->kind != CLASS_CLASS)
-                Error(definition.line, QStringLiteral("the base \"%1\" is no class").arg(Text(descriptor.baseName)));
+                Error(definition.line, QStringLiteral("the base \"%1\" is not a class").arg(Text(descriptor.baseName)));
         }
         if (descriptor.kind == CLASS_ENUMERATION)
             return;
@@ -283,9 +283,10 @@ private:
         definition.state = Definition::DONE;
         // Types that contain a type that is too large aren't reported again.
         if (definition.values > MOST_VALUES && definition.values < TOO_MANY) {
-            Error(definition.line, QStringLiteral("\"%1\" has more than %2 values, with those of its base and members")
-                                       .arg(Text(descriptor.name))
-                                       .arg(MOST_VALUES));
+            Error(definition.line,
+                  QStringLiteral("\"%1\" has more than %2 values, including those of its base and members")
+                      .arg(Text(descriptor.name))
+                      .arg(MOST_VALUES));
             definition.values = TOO_MANY;
         }
     }
@@ -296,9 +297,10 @@ private:
         if (!part || part->descriptor->kind == CLASS_ENUMERATION)
             return;
         if (part->state == Definition::UNDER_WAY) {
-            Error(line, part == &definition ? QStringLiteral("\"%1\" holds or derives from itself").arg(Text(type))
-                                            : QStringLiteral("\"%1\" holds or derives from itself by way of \"%2\"")
-                                                  .arg(Text(type), Text(definition.descriptor->name)));
+            Error(line, part == &definition
+                            ? QStringLiteral("\"%1\" contains itself or derives from itself").arg(Text(type))
+                            : QStringLiteral("\"%1\" contains itself or derives from itself through \"%2\"")
+                                  .arg(Text(type), Text(definition.descriptor->name)));
             return;
         }
         if (part->state == Definition::NEW && depth < DEEPEST_TYPE)
@@ -306,7 +308,7 @@ private:
         const int levels = part->state == Definition::NEW ? DEEPEST_TYPE : part->levels;
         if (levels >= DEEPEST_TYPE) {
             if (definition.levels <= DEEPEST_TYPE && levels == DEEPEST_TYPE)
-                Error(line, QStringLiteral("\"%1\" nests more than %2 deep, bases counted too")
+                Error(line, QStringLiteral("\"%1\" is nested more than %2 levels deep, including its bases")
                                 .arg(Text(definition.descriptor->name))
                                 .arg(DEEPEST_TYPE));
         }
@@ -331,7 +333,7 @@ bool Fill(const TiXmlDocument &document, int result, const QString &file, ClassC
         reader.Read(document);
     else
         reader.Error(std::max(document.ErrorRow(), 1),
-                     QStringLiteral("this is no well-formed XML: %1").arg(QString::fromUtf8(document.ErrorDesc())),
+                     QStringLiteral("this is not well-formed XML: %1").arg(QString::fromUtf8(document.ErrorDesc())),
                      "catalogue.malformed");
     reader.Close();
     if (!reader.IsFine())

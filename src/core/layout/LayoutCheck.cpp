@@ -74,7 +74,8 @@ private:
         ForEachChild(layout, [this](const TiXmlElement &component) {
             if (const char *const prop = component.Attribute("prop"))
                 Tell(component, PROPERTY,
-                     QStringLiteral("a component of the layout itself is no property \"%1\"").arg(Text(prop)));
+                     QStringLiteral("a component directly in the layout can't be the value of a property (\"%1\")")
+                         .arg(Text(prop)));
             CheckComponent(component);
         });
     }
@@ -91,12 +92,15 @@ private:
         const ReferenceKind kind = find(FromXml(env, id));
         if (!IsValidIdName(name))
             Tell(layout, NAME,
-                 QStringLiteral("\"%1\" is no ID: letters, digits and \"_\", at most 64, no digit in front").arg(name));
+                 QStringLiteral("\"%1\" is not a valid ID: an ID has at most 64 letters, digits and \"_\", and doesn't "
+                                "begin with a digit")
+                     .arg(name));
         else if (ids.contains(ToUpperSimple(name)))
             Tell(layout, NAME,
-                 QStringLiteral("the layout \"%1\" stands twice, small and capital letters being the same").arg(name));
+                 QStringLiteral("the layout \"%1\" occurs twice; upper and lower case don't make a difference")
+                     .arg(name));
         else if (kind == ReferenceKind::STRING || kind == ReferenceKind::IMAGE)
-            Tell(layout, NAME, QStringLiteral("the ID \"%1\" is that of another resource").arg(name));
+            Tell(layout, NAME, QStringLiteral("another resource has the ID \"%1\"").arg(name));
         ids.insert(ToUpperSimple(name));
     }
 
@@ -107,13 +111,13 @@ private:
             int &line = namesOfLayout[QByteArray(name)];
             if (line != 0)
                 Tell(component, NAME,
-                     QStringLiteral("the name \"%1\" stands in line %2 already").arg(Text(name)).arg(line));
+                     QStringLiteral("the name \"%1\" is already used in line %2").arg(Text(name)).arg(line));
             else
                 line = RowOf(component);
         }
         const CZulType *type = TypeOf(component);
         if (type && type->GetTypeId() != TYPE_CLASS) {
-            Tell(component, CLASS, QStringLiteral("\"%1\" is no class").arg(Text(component.Value())));
+            Tell(component, CLASS, QStringLiteral("\"%1\" is not a class").arg(Text(component.Value())));
             type = nullptr;
         }
         CheckContent(component, static_cast<const CZulClass *>(type));
@@ -155,7 +159,7 @@ private:
             if (member) {
                 CheckMember(child, *member);
                 if (members.contains(member->propName))
-                    Tell(child, PROPERTY, QStringLiteral("the property \"%1\" stands twice").arg(Text(prop)));
+                    Tell(child, PROPERTY, QStringLiteral("the property \"%1\" occurs twice").arg(Text(prop)));
                 members.insert(member->propName);
                 return;
             }
@@ -164,7 +168,7 @@ private:
                      QStringLiteral("\"%1\" has no property \"%2\"").arg(Text(type->typeName), Text(prop)));
             if (type && type->GetTypeId() == TYPE_STRUCTURE)
                 Tell(child, ELEMENT,
-                     QStringLiteral("no component can stand in the structure \"%1\"").arg(Text(type->typeName)));
+                     QStringLiteral("the structure \"%1\" can't contain components").arg(Text(type->typeName)));
             CheckComponent(child);
         });
     }
@@ -173,7 +177,7 @@ private:
     {
         if (!IsMadeOfMembers(member)) {
             Tell(element, PROPERTY,
-                 QStringLiteral("the property \"%1\" is an attribute, no element").arg(Text(member.propName)));
+                 QStringLiteral("the property \"%1\" must be an attribute, not an element").arg(Text(member.propName)));
             return;
         }
         if (FromXml(env, element.Value()) != member.typeName) {
@@ -199,7 +203,7 @@ private:
         }
         if (IsMadeOfMembers(*member)) {
             Tell(element, PROPERTY,
-                 QStringLiteral("the property \"%1\" is an element <%2>, no attribute")
+                 QStringLiteral("the property \"%1\" must be an element <%2>, not an attribute")
                      .arg(Text(member->propName), Text(member->typeName)));
             return;
         }
@@ -218,7 +222,7 @@ private:
     void Refuse(const TiXmlElement &element, const CZulType &member, const NarrowText &value)
     {
         Tell(element, VALUE,
-             QStringLiteral("the value \"%1\" of \"%2\" is no %3")
+             QStringLiteral("the value \"%1\" of \"%2\" is not of the type %3")
                  .arg(Text(value), Text(member.propName), Text(member.typeName)));
     }
 
@@ -239,7 +243,8 @@ private:
             const bool isLiteral = type == TYPE_WSTRING || catalogue.entries.empty();
             if (!isLiteral && !value.isEmpty() && value != "0")
                 Tell(element, REFERENCE,
-                     QStringLiteral("\"%1\" is no reference: \"@\" and an ID, or 0 for none").arg(Text(value)));
+                     QStringLiteral("\"%1\" is not a reference: a reference is \"@\" and an ID, or 0 for none")
+                         .arg(Text(value)));
             return;
         }
         const NarrowText id = value.sliced(1);
@@ -247,9 +252,9 @@ private:
         if (kind == ReferenceKind::NONE)
             Tell(element, REFERENCE, QStringLiteral("no resource has the ID \"%1\"").arg(Text(id)));
         else if (type == TYPE_WSTRING && kind != ReferenceKind::STRING)
-            Tell(element, REFERENCE, QStringLiteral("\"%1\" is no string").arg(Text(id)));
+            Tell(element, REFERENCE, QStringLiteral("\"%1\" is not a string").arg(Text(id)));
         else if (type == TYPE_IMAGE_SRC && kind != ReferenceKind::IMAGE)
-            Tell(element, REFERENCE, QStringLiteral("\"%1\" is no image").arg(Text(id)));
+            Tell(element, REFERENCE, QStringLiteral("\"%1\" is not an image").arg(Text(id)));
     }
 
     const Environment &env;
@@ -285,6 +290,6 @@ std::vector<Finding> CheckLayoutFile(const Environment &env, const QString &path
                  path,
                  std::max(document.ErrorRow(), 1),
                  {},
-                 QStringLiteral("this is no well-formed XML: %1").arg(QString::fromUtf8(document.ErrorDesc()))}};
+                 QStringLiteral("this is not well-formed XML: %1").arg(QString::fromUtf8(document.ErrorDesc()))}};
     return CheckLayouts(env, path, document, catalogue, find);
 }

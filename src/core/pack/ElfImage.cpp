@@ -294,11 +294,11 @@ int WriteInput(Environment &env, const ElfImage &elf, OutputFile &output, const 
     if (copied < 0)
         return FailWrite(env);
     if (quint64(header + copied) != elf.inputSize) {
-        env.Explain(QStringLiteral("%1 had %2 bytes when it was read, and %3 when it was copied")
+        env.Explain(QStringLiteral("%1 had %2 bytes when it was read, but %3 when it was copied")
                         .arg(elf.path)
                         .arg(elf.inputSize)
                         .arg(header + copied));
-        return Fail(env, "[error] the output is no copy of the input, its size differs: ", shown,
+        return Fail(env, "[error] the output is not a copy of the input, its size differs: ", shown,
                     ElfCode::InputChanged);
     }
     return 0;
@@ -316,8 +316,9 @@ int WriteTail(Environment &env, const ElfImage &elf, OutputFile &output, const Q
     if (!output.Write(elf.nameTable))
         return FailWrite(env);
     if (!hasTable) {
-        env.ExplainFailure((output.Drop() ? QStringLiteral("%1 isn't made, since its section table couldn't be written")
-                                          : QStringLiteral("%1 can't be used: its section table couldn't be written"))
+        env.ExplainFailure((output.Drop()
+                                ? QStringLiteral("%1 is not created because its section table couldn't be written")
+                                : QStringLiteral("%1 is unusable because its section table couldn't be written"))
                                .arg(QString::fromUtf8(shown)));
     }
     return 0;

@@ -49,7 +49,7 @@ bool RemoveOld(Environment &env, const QByteArray &target)
     const int error = errno;
     if (lstat(target.constData(), &info) != 0)
         return true; // there is none; a read-only file system gives another error for that
-    env.Explain(QStringLiteral("the picture isn't converted, since the old %1 can't be removed: %2")
+    env.Explain(QStringLiteral("the picture is not converted because the old %1 can't be removed: %2")
                     .arg(QString::fromUtf8(target), QString::fromLocal8Bit(strerror(error))));
     return false;
 }

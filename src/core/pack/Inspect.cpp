@@ -40,7 +40,7 @@ QString FindSection(const ByteReader &file, quint64 &offset, quint64 &size)
         offset = *section.U32(16);
         size = *section.U32(20);
         if (!file.Slice(offset, size))
-            return QStringLiteral("section .zp_res goes from %1 to %2, behind the file's end at %3")
+            return QStringLiteral("section .zp_res extends from %1 to %2, beyond the end of the file at %3")
                 .arg(offset)
                 .arg(offset + size)
                 .arg(file.Size());
@@ -74,7 +74,7 @@ QString CheckBase(const InspectResult &result)
                                               : base == 0;
     if (right)
         return {};
-    return QStringLiteral("its offsets count from %1, where %2 is wanted")
+    return QStringLiteral("its offsets count from %1, but %2 is expected")
         .arg(base)
         .arg(result.kind == "res" ? 0 : result.payloadOffset);
 }

@@ -139,7 +139,7 @@ QByteArray InspectText(const Environment &env, const InspectResult &result)
 {
     const Payload &payload = result.payload;
     const QByteArray kind = result.kind == "elf"   ? "ELF file with a section .zp_res"
-                            : result.kind == "dll" ? "file with the payload behind its end"
+                            : result.kind == "dll" ? "file with the payload after its end"
                                                    : "side file";
     QByteArray text = "kind     " + result.kind + ", " + kind + "\npayload  " + Number(result.payloadSize) +
                       " bytes at " + Number(result.payloadOffset) + ", offsets count from " + Number(payload.base) +

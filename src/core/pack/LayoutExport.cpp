@@ -110,8 +110,8 @@ void ExportLayoutTables(Environment &env, const QString &projectFolder)
     for (const QString &input : {call.input, call.xml}) {
         if (!PathExists(input))
             env.ExplainFailure(
-                u"%1, which export_layout or export_xml names, isn't there: the layout tables weren't made"_s.arg(
-                    input));
+                u"%1, which the key export_layout or export_xml names, does not exist, so the layout tables are "
+                "not written"_s.arg(input));
     }
     Run(env, call);
 }

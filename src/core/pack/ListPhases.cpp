@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ImageConversion.h"
+#include "ListLines.h"
 #include "Paths.h"
 #include "Phases.h"
 #include "PictureFile.h"
@@ -8,7 +9,6 @@
 namespace
 {
 
-constexpr qsizetype LONGEST_LINE = 255;   // bytes; the rest of a longer line is read as the next line
 constexpr qint64 LARGEST_LIST = 64 << 20; // bytes
 
 enum class ListKind
@@ -55,17 +55,8 @@ int ListReader::Read(const QString &list)
     if (!file.ReadTo(bytes.data()))
         return FailFile(env, file, PACK_FILE_READ);
     const QString folder = DirectoryOf(list);
-    for (qsizetype at = 0; at < bytes.size();) {
-        const qsizetype limit = std::min(bytes.size(), at + LONGEST_LINE);
-        const qsizetype feed = std::find(bytes.cbegin() + at, bytes.cbegin() + limit, '\n') - bytes.cbegin();
-        const qsizetype end = std::min(feed + 1, limit);
-        const auto endsText = [](char c) { return c == '\r' || c == '\n' || c == '\0'; };
-        const qsizetype textEnd = std::find_if(bytes.cbegin() + at, bytes.cbegin() + end, endsText) - bytes.cbegin();
-        const NarrowText line = bytes.mid(at, textEnd - at);
-        at = end;
-        if (line.isEmpty())
-            continue; // it would name the folder itself
-        if (const int code = AddLine(line, folder))
+    for (ListLines lines(bytes); lines.Next();) {
+        if (const int code = AddLine(lines.Text(), folder))
             return code;
     }
     return PACK_OK;

@@ -59,7 +59,7 @@ int OutputFile::Begin(const QByteArray &host, const OutputRights &rights)
     path = host;
     const int error = Open(rights);
     if (error != 0)
-        env.Explain(QStringLiteral("cannot make %1: %2").arg(QString::fromUtf8(path), Reason(error)));
+        env.Explain(QStringLiteral("cannot create %1: %2").arg(QString::fromUtf8(path), Reason(error)));
     return error;
 }
 
@@ -150,7 +150,8 @@ qint64 OutputFile::Copy(const FileHandle &input, qint64 from)
     }
     if (got == 0)
         return copied;
-    env.Explain(QStringLiteral("cannot read what is copied to %1: %2").arg(QString::fromUtf8(path), Reason(errno)));
+    env.Explain(
+        QStringLiteral("cannot read the file that is copied to %1: %2").arg(QString::fromUtf8(path), Reason(errno)));
     return -1;
 }
 
@@ -204,9 +205,10 @@ bool OutputFile::ExplainFailedWrite()
 {
     const int error = errno;
     if (!std::exchange(isFailureTold, true))
-        env.Explain(QStringLiteral("cannot write %1: %2%3")
-                        .arg(QString::fromUtf8(path), Reason(error),
-                             temporary.isEmpty() && isRegular ? QStringLiteral("; it isn't whole now") : QString()));
+        env.Explain(
+            QStringLiteral("cannot write %1: %2%3")
+                .arg(QString::fromUtf8(path), Reason(error),
+                     temporary.isEmpty() && isRegular ? QStringLiteral("; the file is incomplete now") : QString()));
     errno = error;
     return false;
 }

@@ -54,7 +54,7 @@ int FailFile(const Environment &env, const PackFile &file, int code)
     const int error = isOpen ? errno : file.error;
     const QString reason = error != 0 ? QString::fromLocal8Bit(strerror(error))
                            : isOpen   ? QStringLiteral("it ended early")
-                                      : QStringLiteral("it is no regular file");
+                                      : QStringLiteral("it is not a regular file");
     env.Explain(QStringLiteral("cannot read %1: %2").arg(QString::fromUtf8(file.host), reason));
     return code;
 }

@@ -26,7 +26,7 @@ int WriteOutputFile(PackRun &run, const FileHandle &input, quint32 inputSize, QB
     }
     const qint64 copied = output.Copy(input);
     if (copied >= 0 && copied != inputSize) {
-        env.Explain(QStringLiteral("%1 had %2 bytes when it was read, and %3 when it was copied")
+        env.Explain(QStringLiteral("%1 had %2 bytes when it was read, but %3 when it was copied")
                         .arg(QString::fromUtf8(run.inputHost))
                         .arg(inputSize)
                         .arg(copied));

@@ -81,7 +81,7 @@ int Packer::WriteResFile(PackRun &run, OutputFile &output)
     if (code == PACK_OK)
         code = side.PutInPlace();
     if (code != PACK_OK && access(run.sideHost.constData(), F_OK) == 0)
-        env.Explain(QStringLiteral("%1 is of an earlier pack and doesn't go with %2")
+        env.Explain(QStringLiteral("%1 was left by an earlier pack and doesn't belong to %2")
                         .arg(QString::fromUtf8(run.sideHost), QString::fromUtf8(run.outputHost)));
     return code;
 }

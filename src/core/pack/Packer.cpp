@@ -61,7 +61,7 @@ QString FindSameFile(const QByteArray &input, const QByteArray &output, const QB
 
 QString ProjectFileText(const OutputGuard &guard)
 {
-    return QStringLiteral("%1 is not written, since it is the same file as %2 of the project")
+    return QStringLiteral("%1 is not written because it is the same file as %2 of the project")
         .arg(QString::fromUtf8(guard.Output()), QString::fromUtf8(guard.File()));
 }
 
@@ -77,8 +77,8 @@ int Packer::Pack(const packinfo &parameters, CResModel &document, std::vector<QB
         return PACK_NO_INPUT;
     }
     if (info.inputfilename == info.outputfilename)
-        return RefuseSameFile(env, info,
-                              QStringLiteral("%1 is both input and output").arg(env.NarrowToWide(info.inputfilename)));
+        return RefuseSameFile(
+            env, info, QStringLiteral("%1 is both the input and the output").arg(env.NarrowToWide(info.inputfilename)));
     if (info.outputfilename.isEmpty())
         info.outputfilename = info.inputfilename + ".pkd";
     const QByteArray inputHost = HostPath(env.NarrowToWide(info.inputfilename));

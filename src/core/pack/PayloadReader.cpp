@@ -78,7 +78,7 @@ private:
         for (DirectoryEntry &entry : payload.entries) {
             const auto data = Part(entry.offset, entry.size);
             if (!data || entry.offset < end)
-                return QStringLiteral("entry %1 has offset %2 and size %3, but must lie from %4 to %5")
+                return QStringLiteral("entry %1 has offset %2 and size %3, but must be between %4 and %5")
                     .arg(&entry - payload.entries.data())
                     .arg(entry.offset)
                     .arg(entry.size)
@@ -108,7 +108,7 @@ private:
             const quint32 next = *pairs.U32((i + 1) * PAIR + 4);
             const auto data = next < offset ? std::nullopt : Part(offset, next - offset);
             if (!data || offset < start)
-                return QStringLiteral("block record %1 goes from %2 to %3, but must lie from %4 to %5")
+                return QStringLiteral("block record %1 extends from %2 to %3, but must be between %4 and %5")
                     .arg(i)
                     .arg(offset)
                     .arg(next)
@@ -158,7 +158,7 @@ private:
             const quint64 end = offset < start ? 0 : FindEnd(reader, offset);
             if (offset < start || end == 0)
                 return QStringLiteral(
-                           "the string of ID %1 at %2 doesn't begin behind %3 or doesn't end within the table")
+                           "the string of ID %1 at %2 doesn't begin after %3 or doesn't end within the table")
                     .arg(id)
                     .arg(offset)
                     .arg(start);

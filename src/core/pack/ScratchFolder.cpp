@@ -18,7 +18,7 @@ bool ScratchFolder::Prepare(const Environment &env) const
         return false;
     };
     if (path.contains('"'))
-        return refuse(QStringLiteral("a name with a double quote can't be handed to the converters"));
+        return refuse(QStringLiteral("a name with a double quote can't be passed to the converters"));
     const bool isThere = mkdir(path.constData(), 0777) == 0 || errno == EEXIST;
     struct stat info;
     if (!isThere || stat(path.constData(), &info) != 0)

@@ -132,7 +132,7 @@ bool Environment::UseProjectSettings(const QString &folder)
         return false;
     }
     for (const QString &key : settings.UseProject(file))
-        Explain(QStringLiteral("%1: %2 is no setting of a project and is ignored").arg(file, key));
+        Explain(QStringLiteral("%1: %2 is ignored because a project can't have this setting").arg(file, key));
     SelectCodePage();
     if (codePageUnknown) {
         Explain(QStringLiteral("%1: there is no code page \"%2\" (section Text, key code_page)")

@@ -28,8 +28,8 @@ QString WaysToPlace(const QByteArray &host)
 {
     const QByteArray folder = FolderOf(FollowLinks(host));
     if (access(folder.constData(), F_OK) == 0)
-        return u"another program removed the temporary file that was to take its place: try again"_s;
-    return u"there is no folder \"%1\": make it"_s.arg(DirectoryOf(QString::fromUtf8(FollowLinks(host))));
+        return u"another program removed the temporary file that was to replace it: try again"_s;
+    return u"there is no folder \"%1\": create it"_s.arg(DirectoryOf(QString::fromUtf8(FollowLinks(host))));
 }
 
 QString WaysToWrite(const QByteArray &host, int error)
@@ -39,17 +39,17 @@ QString WaysToWrite(const QByteArray &host, int error)
     case EPERM:
         return WaysToRights(host);
     case EROFS:
-        return u"the disk can only be read: write elsewhere, or mount it for writing"_s;
+        return u"the disk is read-only: write to another one, or mount it for writing"_s;
     case ENOSPC:
-        return u"the disk is full: make room on it"_s;
+        return u"the disk is full: free some space on it"_s;
     case EDQUOT:
-        return u"your share of the disk is used up: make room on it"_s;
+        return u"your disk quota is used up: free some space"_s;
     case EFBIG:
         return u"the file is larger than this program may write: raise the limit (ulimit -f)"_s;
     case EISDIR:
-        return u"a folder has the file's name: move the folder away"_s;
+        return u"a folder has the file's name: move or rename the folder"_s;
     case EINVAL:
-        return u"a device or a pipe has the file's name: move it away"_s;
+        return u"a device or a pipe has the file's name: move or rename it"_s;
     case ENOENT:
     case ENOTDIR:
         return WaysToPlace(host);
@@ -65,16 +65,16 @@ QString WaysToRead(int error)
     switch (error) {
     case EACCES:
     case EPERM:
-        return u"give yourself the right to read it"_s;
+        return u"change its permissions so that you can read it"_s;
     case ENOENT:
     case ENOTDIR:
-        return u"bring the file back, or correct the path that names it"_s;
+        return u"restore the file, or correct the path that names it"_s;
     case EISDIR:
-        return u"a folder has the file's name: move the folder away"_s;
+        return u"a folder has the file's name: move or rename the folder"_s;
     case EINVAL:
-        return u"a device or a pipe has the file's name: move it away"_s;
+        return u"a device or a pipe has the file's name: move or rename it"_s;
     case EFBIG:
-        return u"no file of a project is that large: look at what it holds"_s;
+        return u"a project's file can't be that large: check its contents"_s;
     default:
         return u"try again"_s;
     }
@@ -101,8 +101,7 @@ QString WhyNotRead(const QString &path, int error)
 
 QString WhyOutside(const QString &path, const QByteArray &place)
 {
-    return QStringLiteral(
-               "\"%1\" isn't written: a symbolic link leads out of the project, to \"%2\"; remove the link, or "
-               "allow such links with follow_links=1 in section Path of your Morvanite.ini")
+    return QStringLiteral("\"%1\" is not written because a symbolic link leads out of the project, to \"%2\"; remove "
+                          "the link, or allow such links with follow_links=1 in section Path of your Morvanite.ini")
         .arg(path, QString::fromUtf8(place));
 }

@@ -149,8 +149,8 @@ bool FileTransaction::TakeBack()
     if (!isPossible && !project.journal.isEmpty()) {
         for (Staged &item : staged)
             item.file.LeaveTemporary();
-        env.Explain(u"the system can't give the other files their old content back: the project's next opening "
-                    "or save finishes this one"_s);
+        env.Explain(u"the old content of the other files can't be restored; open or save the project again to finish "
+                    "this save"_s);
         return false;
     }
     return true;

@@ -15,10 +15,10 @@ struct Finding
 {
     const char *code = ""; ///< the stable name of its kind, such as "strings.id-conflict"; a string literal
     Severity severity = Severity::Error;
-    QString file;         ///< absolute path; empty when it isn't about a file
+    QString file = {};    ///< absolute path; empty when it isn't about a file
     int line = 0;         ///< from 1; 0 for the whole file
-    QString id;           ///< the ID of the resource or string; may be empty
-    QString text;         ///< a sentence without its full stop
+    QString id = {};      ///< the ID of the resource or string; may be empty
+    QString text = {};    ///< a sentence without its full stop
     int column = 0;       ///< of the line, from 1, in UTF-16 units; 0 for the whole line
     qint32 language = -1; ///< the language of the text that it is about; -1 if it isn't about a translated text
     quint64 basis =

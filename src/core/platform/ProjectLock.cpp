@@ -46,8 +46,8 @@ bool ProjectLock::Take(Environment &env, const SavedProject &project)
         poll(nullptr, 0, STEP_MS);
     }
     handle = FileHandle();
-    env.ExplainFailure(u"another program is saving a project in \"%1\" and doesn't come to its end; try again"_s.arg(
-        QString::fromUtf8(place)));
+    env.ExplainFailure(
+        u"another program is still saving a project in \"%1\"; try again later"_s.arg(QString::fromUtf8(place)));
     return false;
 }
 

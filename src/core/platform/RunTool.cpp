@@ -144,7 +144,7 @@ ToolEnd Run(const Environment &env, const std::vector<char *> &arguments)
 QString ToolEnd::Text() const
 {
     if (startError != 0)
-        return QStringLiteral("couldn't be started: %1").arg(QString::fromLocal8Bit(strerror(startError)));
+        return QStringLiteral("could not be started: %1").arg(QString::fromLocal8Bit(strerror(startError)));
     if (signal != 0)
         return QStringLiteral("was ended by signal %1 (%2)").arg(signal).arg(QString::fromLocal8Bit(strsignal(signal)));
     return status != 0 ? QStringLiteral("ended with status %1").arg(status) : QString();

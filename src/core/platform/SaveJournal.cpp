@@ -129,9 +129,10 @@ public:
 private:
     bool Refuse(const QString &why)
     {
-        env.ExplainFailure(u"a save of this project was interrupted and can't be finished, so its files may be of two "
-                           "saves: journal \"%1\": %2; look at the files, then delete the journal"_s.arg(
-                               QString::fromUtf8(path), why));
+        env.ExplainFailure(
+            u"a save of this project was interrupted and can't be finished, so some of its files may be new "
+            "and others old: journal \"%1\": %2; check the files, then delete the journal"_s.arg(
+                QString::fromUtf8(path), why));
         return false;
     }
 
@@ -154,7 +155,7 @@ private:
             if (isLocked)
                 poll(nullptr, 0, STEP_MS);
         }
-        env.ExplainFailure(u"another program is saving this project and doesn't come to its end; try again"_s);
+        env.ExplainFailure(u"another program is still saving this project; try again later"_s);
         return false;
     }
 
@@ -188,16 +189,16 @@ private:
     {
         struct stat info;
         if (fstat(handle.Get(), &info) != 0 || !S_ISREG(info.st_mode) || info.st_size > LARGEST_JOURNAL)
-            return Refuse(u"this is no journal"_s);
+            return Refuse(u"this is not a journal"_s);
         QByteArray text(info.st_size, Qt::Uninitialized);
         if (handle.Read(text.data(), size_t(text.size())) != text.size())
             return Refuse(QString::fromLocal8Bit(std::strerror(errno)));
         const auto renamings = Parse(text, ProjectPlaces(project));
         if (!renamings)
-            return Refuse(u"it isn't what a save of this project writes"_s);
+            return Refuse(u"its content is not what a save of this project writes"_s);
         const QByteArray changed = FirstChanged(*renamings);
         return changed.isEmpty() ? RenameAll(*renamings)
-                                 : Refuse(u"\"%1\" was changed since"_s.arg(QString::fromUtf8(changed)));
+                                 : Refuse(u"\"%1\" has changed since then"_s.arg(QString::fromUtf8(changed)));
     }
 
     /// Returns the first file that is neither what it was before the save nor what the save wrote. Renaming the others
@@ -237,7 +238,7 @@ private:
             leftovers.RemoveBeside(renaming.place);
         unlink(path.constData());
         if (!folders.empty())
-            env.Explain(u"a save of this project was interrupted; it has been finished now"_s);
+            env.Explain(u"a save of this project had been interrupted; it is finished now"_s);
         return true;
     }
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace
@@ -29,10 +30,19 @@ bool IsProjectKey(QStringView section, QStringView key)
     });
 }
 
+/// False if the program's file is a symbolic link: an installed program has such a link to the administrator's file,
+/// and a write would replace the link.
+bool MayWriteProgramFile(const QString &file)
+{
+    struct stat info;
+    const bool isLink = lstat(HostPath(file).constData(), &info) == 0 && S_ISLNK(info.st_mode);
+    return !isLink && access(HostPath(DirectoryOf(file)).constData(), W_OK) == 0;
+}
+
 } // namespace
 
 Settings::Settings(const QString &programFile, const QString &userFile)
-    : programFolder(DirectoryOf(programFile)), userFolder(DirectoryOf(userFile)), program(programFile), user(userFile)
+    : programPath(programFile), userFolder(DirectoryOf(userFile)), program(programFile), user(userFile)
 {
 }
 
@@ -105,7 +115,7 @@ bool Settings::WriteAll(QList<ProfileEntry> entries)
         return user.Content().Has(entry.section, entry.key);
     });
     const QList<ProfileEntry> forProgram(inProgram, entries.end());
-    if (!forProgram.isEmpty() && access(HostPath(programFolder).constData(), W_OK) == 0 && program.Set(forProgram))
+    if (!forProgram.isEmpty() && MayWriteProgramFile(programPath) && program.Set(forProgram))
         entries.erase(inProgram, entries.end());
     if (entries.isEmpty())
         return areValues;

@@ -29,8 +29,9 @@ public:
     /// Reads again those files that have changed since they were read.
     void Refresh();
 
-    /// Changes a key in the program's file if that is writable, otherwise in the user's. Returns false when neither can
-    /// be written, and for a value that contains a line end, because the text after it would be read as other keys.
+    /// Changes a key in the program's file if that is writable and isn't a symbolic link, otherwise in the user's.
+    /// Returns false when neither can be written, and for a value that contains a line end, because the text after it
+    /// would be read as other keys.
     bool Write(const QString &section, const QString &key, const QString &value);
     /// Changes several keys as Write does. Writes each file at most once, and not at all if its values are the same
     /// already. Of equal keys the last counts. Returns false when a key can't be changed; the others are changed.
@@ -39,7 +40,7 @@ public:
 private:
     [[nodiscard]] bool IsSet(const ProfileEntry &entry) const;
 
-    QString programFolder;
+    QString programPath;
     QString userFolder;
     ProfileFile program;
     ProfileFile user;

@@ -30,5 +30,5 @@ QString WhyNotUsable(QByteArrayView typed)
                           : QStringLiteral("\\x%1").arg(quint8(rest[0]), 2, 16, QLatin1Char('0'));
         rest = rest.sliced(qMax<qsizetype>(size, 1));
     }
-    return QStringLiteral("\"%1\" is not UTF-8, and only such names can be used; rename the file or folder").arg(shown);
+    return QStringLiteral("the name \"%1\" is not UTF-8, so it can't be used; rename the file or folder").arg(shown);
 }

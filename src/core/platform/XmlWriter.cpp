@@ -148,9 +148,14 @@ void XmlWriter::End()
     inTag = false;
 }
 
+QByteArray XmlWriter::Bytes() const
+{
+    return env.codePage.IsUtf8() ? Text().toByteArray() : env.WideToNarrow(QString::fromUtf8(Text()));
+}
+
 bool XmlWriter::Save(const QString &path)
 {
     if (env.codePage.IsUtf8())
         return env.ReplaceFile(path, Text()) == 0;
-    return env.ReplaceFile(path, env.WideToNarrow(QString::fromUtf8(Text()))) == 0;
+    return env.ReplaceFile(path, Bytes()) == 0;
 }

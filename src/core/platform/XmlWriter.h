@@ -33,6 +33,8 @@ public:
 
     /// The text that has been written, in UTF-8.
     [[nodiscard]] QByteArrayView Text() const { return QByteArrayView(buffer).first(used); }
+    /// The bytes that Save writes: the text in the code page.
+    [[nodiscard]] QByteArray Bytes() const;
     /// Replaces the file at `path` with the text. False when it couldn't be written.
     [[nodiscard]] bool Save(const QString &path);
 

@@ -76,7 +76,7 @@ bool CResDoc::BuildFolderTree(const QString &path)
     if (config.zepVersion < OLDEST_VERSION) {
         const QString problem = !config.problem.isEmpty()
                                     ? config.problem
-                                    : QStringLiteral("has the zepversion %1, and %2 is the lowest that opens")
+                                    : QStringLiteral("has the zepversion %1, but the lowest supported version is %2")
                                           .arg(config.zepVersion)
                                           .arg(OLDEST_VERSION);
         env.Explain(QStringLiteral("The project's configuration %1: %2").arg(problem, config.file));
@@ -118,13 +118,13 @@ void CResDoc::LoadOneState()
         if (!isAtRest || changed.isEmpty())
             throw ArchiveException{CAUSE_BAD_DOCUMENT};
         if (loads == MOST_LOADS) {
-            env.ExplainFailure(QStringLiteral("another program changes %1 again and again while the project is read; "
-                                              "try again when it has come to its end")
+            env.ExplainFailure(QStringLiteral("another program keeps changing %1 while the project is read; try again "
+                                              "when that program has finished")
                                    .arg(changed));
             throw ArchiveException{CAUSE_BAD_DOCUMENT};
         }
         env.Explain(
-            QStringLiteral("Another program has changed %1 while it was read; the project is read again").arg(changed));
+            QStringLiteral("Another program changed %1 while it was read; the project is read again").arg(changed));
         EmptyTree();
         env.ResetCounts();
     }
@@ -164,7 +164,7 @@ void CResDoc::KeepWhatIsLeftOut()
             keepOnSave.Require(FindingText(*comment) + u'.');
         return;
     }
-    QString why = QStringLiteral("The opening of %1 reported %2 error(s) and left out %3 element(s)")
+    QString why = QStringLiteral("Opening %1 reported %2 error(s) and left out %3 element(s)")
                       .arg(FileName(m_strPathName))
                       .arg(env.ErrorCount)
                       .arg(env.DroppedCount);
@@ -201,8 +201,8 @@ bool CResDoc::OnSaveDocument(const QString &path)
     env.ResetCounts();
     if (isLocked && isBlocked) {
         env.Explain(
-            QStringLiteral("%1: nothing was saved, since what is on the disk can't be read and what is open here is "
-                           "older, or incomplete. Repair the files, or close the project and open it again")
+            QStringLiteral("%1: nothing was saved because the project's files can't be read, and the project that is "
+                           "open here is older or incomplete. Repair the files, or close the project and open it again")
                 .arg(path));
     }
     lastSave = isBlocked ? RefuseSave(path) : SaveAll(path);
@@ -255,12 +255,13 @@ void CResDoc::ReportSaveLoadException(const QString &path, const ArchiveExceptio
     if (IsCommandRunning(path))
         env.WriteOutput("\r\n### error %d ###\r\n", exception.cause);
     else if (services.user)
-        services.user->MessageBox((saving ? QStringLiteral("%1 could not be saved. The output tells why.")
-                                   : reloadFailed
-                                       ? QStringLiteral("%1 could not be read again. What is open here stays "
-                                                        "as it was. The output tells why.")
-                                       : QStringLiteral("%1 could not be opened. The output tells why."))
-                                      .arg(path));
+        services.user->MessageBox(
+            (saving ? QStringLiteral("%1 could not be saved. The output explains why.")
+             : reloadFailed
+                 ? QStringLiteral(
+                       "%1 could not be read again. The open project stays as it was. The output explains why.")
+                 : QStringLiteral("%1 could not be opened. The output explains why."))
+                .arg(path));
 }
 
 int CResDoc::GenerateIds(const QString *path)
@@ -273,8 +274,8 @@ int CResDoc::GenerateIds(const QString *path)
     if (const QStringList missing = MissingLayouts(*this); !missing.isEmpty()) {
         for (const QString &reason : missing)
             env.Explain(reason);
-        env.ExplainFailure(QStringLiteral("the headers stay as they are: without these layouts the IDs would get other "
-                                          "numbers"));
+        env.ExplainFailure(QStringLiteral(
+            "the headers are not changed because the IDs would get other numbers without these layouts"));
         return IDGen::Generate(&ids, QString(), *this);
     }
     for (const QString &reason : LeftOutLayouts(*this))

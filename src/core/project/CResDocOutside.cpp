@@ -91,8 +91,8 @@ CResDoc::Outside CResDoc::CompareFiles()
         return Outside::None;
     const QString files = changes.files.join(u", "_s);
     if (IsModified() && !reloadFailed) { // after a failed reload they can't be saved anyway
-        env.Explain(u"Another program has changed %1; what is open here has changes that aren't saved, so that was not "
-                    "taken in"_s.arg(files));
+        env.Explain(u"Another program has changed %1; the project that is open here has unsaved changes, so it was "
+                    "not read again"_s.arg(files));
         keepOnSave.Require(u"Another program has changed %1 since it was opened here."_s.arg(files));
         return Outside::LeftOut;
     }
@@ -101,7 +101,7 @@ CResDoc::Outside CResDoc::CompareFiles()
     if (!reloadFailed && isOnlyRemoved && (!attempt.isLoaded || attempt.losses > losses)) {
         unreadable = true;
         env.Explain(
-            u"Another program has removed %1; the project stays open as it was"_s.arg(changes.vanished.join(u", "_s)));
+            u"Another program has removed %1; the open project stays as it was"_s.arg(changes.vanished.join(u", "_s)));
         keepOnSave.Require(u"Another program has changed %1 since it was opened here."_s.arg(files));
         return Outside::Gone;
     }
@@ -115,7 +115,7 @@ CResDoc::Outside CResDoc::CompareFiles()
     }
     env.Explain(!files.isEmpty() ? u"Another program has changed %1; it was read again"_s.arg(files)
                 : reloadFailed   ? u"The project could not be read before; it was read again"_s
-                                 : u"The settings have other types of files now; the project was read again"_s);
+                                 : u"The file types in the settings have changed; the project was read again"_s);
     try {
         ReloadResources();
     } catch (const ArchiveException &) { // changed again since the attempt
@@ -163,9 +163,8 @@ void CResDoc::RefuseReload(const ProjectWatches::Watched &watched, const Attempt
 
     reloadFailed = true;
     TellFailure(attempt);
-    env.Explain(
-        u"%1 can't be read again; what is open stays as it was, and nothing is saved until that is possible"_s.arg(
-            what));
+    env.Explain(u"%1 can't be read again; the open project stays as it was, and it can't be saved until its "
+                "files can be read"_s.arg(what));
     throw ArchiveException{CAUSE_BAD_DOCUMENT};
 }
 

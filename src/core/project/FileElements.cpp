@@ -16,7 +16,7 @@ namespace
 constexpr char FILE_TAG[] = "file";
 constexpr char IMAGE_TAG[] = "image";
 
-const QString ID_RULE = u"1 to 64 letters, digits and \"_\", and no digit at the front"_s;
+const QString ID_RULE = u"an ID has 1 to 64 letters, digits and \"_\", and doesn't begin with a digit"_s;
 
 } // namespace
 
@@ -67,7 +67,7 @@ void FileElements::CheckElement(const TiXmlElement &element, const char *id, con
 {
     if (!IsValidIdName(QByteArrayView(id))) {
         env.Report(report.About(element, "list.id-invalid", Severity::Error,
-                                u"\"%1\" is no ID: %2"_s.arg(QString::fromUtf8(id), ID_RULE)),
+                                u"\"%1\" is not a valid ID: %2"_s.arg(QString::fromUtf8(id), ID_RULE)),
                    "invalid ID format - [%s] (Line %d).", id, LineOf(element));
     } else if (*text && !hostPaths.Exists(QByteArray(text))) {
         env.Report(report.About(element, "list.file-missing", Severity::Warning), "file not found - [%s] (Line %d).",
@@ -100,7 +100,7 @@ void FileElements::AddFileRes(const TiXmlElement &element, const char *tag, CRes
     } else if (type && std::strcmp(type, "Normal") != 0) {
         ++env.DroppedCount;
         env.Note(report.About(element, "list.type", Severity::Error,
-                              u"the type \"%1\" of %2 is neither Normal nor Push; it becomes Normal"_s.arg(
+                              u"the type \"%1\" of %2 is neither Normal nor Push; Normal is used"_s.arg(
                                   QString::fromUtf8(type), QString::fromUtf8(id))));
     }
     CFileRes *const added = res.get();

@@ -25,7 +25,7 @@ QString HeaderFolder::Write()
 {
     files.clear();
     if (!QDir().mkpath(folder))
-        return u"%1: the folder can't be made: %2"_s.arg(folder, QString::fromLocal8Bit(strerror(errno)));
+        return u"%1: the folder can't be created: %2"_s.arg(folder, QString::fromLocal8Bit(strerror(errno)));
     std::vector<GeneratedHeader> headers;
     if (IDGen::MakeHeaders(&doc.ids, doc.env.settings.String("Path", "header_output", ".\\ResID"), doc, headers) != 0)
         return u"%1: more IDs of one kind than there are numbers"_s.arg(doc.PathName());
@@ -54,14 +54,14 @@ QStringList HeaderFolder::NamesBySettings(const Environment &env)
 QString HeaderFolder::MakeTables()
 {
     if (const QString catalogue = LayoutTableInputs(doc.env).value(1); !PathExists(catalogue))
-        return u"%1: the catalogue that export_xml names isn't there"_s.arg(catalogue);
+        return u"%1: the catalogue that the key export_xml names does not exist"_s.arg(catalogue);
     const TemporaryFolder temporary(HostPath(folder), "tables");
     if (temporary.Error() != 0)
         return u"%1: %2"_s.arg(folder, QString::fromLocal8Bit(strerror(temporary.Error())));
     const QDir made(QString::fromUtf8(temporary.Path()));
     const QString projectFolder = DirectoryOf(doc.PathName());
     if (!SetCurrentFolder(projectFolder))
-        return u"%1: the project's folder is gone"_s.arg(projectFolder);
+        return u"%1: the project's folder does not exist any more"_s.arg(projectFolder);
     MakeLayoutTables(doc.env, projectFolder, made.path());
     bool hasHeader = false;
     for (const QString &name : made.entryList(QDir::Files, QDir::Name)) {
@@ -71,8 +71,9 @@ QString HeaderFolder::MakeTables()
         hasHeader = hasHeader || name.endsWith(u".h");
         files.push_back(std::move(file));
     }
-    return hasHeader ? QString()
-                     : u"the layout converter made no header of its tables (keys export_xml and export_layout)"_s;
+    return hasHeader
+               ? QString()
+               : u"the layout converter didn't write the header of its tables (keys export_xml and export_layout)"_s;
 }
 
 QString HeaderFolder::WriteAll()
@@ -83,7 +84,7 @@ QString HeaderFolder::WriteAll()
         if (ReadFile(file.path, old) == 0 && old == file.text)
             continue;
         if (!QDir().mkpath(DirectoryOf(file.path)))
-            return u"%1: the folder can't be made"_s.arg(DirectoryOf(file.path));
+            return u"%1: the folder can't be created"_s.arg(DirectoryOf(file.path));
         if (const int error = transaction.Write(file.path, file.text, IfRefused::Stop))
             return u"%1: %2"_s.arg(file.path, QString::fromLocal8Bit(strerror(error)));
     }

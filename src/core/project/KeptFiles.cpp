@@ -99,7 +99,7 @@ QString KeptFiles::MakeEntry(QString &entry) const
     if (folder.isEmpty())
         return QStringLiteral("there is no home folder, and XDG_STATE_HOME isn't set");
     if (!MakePath(folder, OWNER_ONLY) || chmod(folder.toUtf8().constData(), OWNER_ONLY) != 0)
-        return QStringLiteral("%1 can't be made: %2").arg(folder, Reason(errno));
+        return QStringLiteral("%1 can't be created: %2").arg(folder, Reason(errno));
     const std::vector<int> numbers = Numbers();
     for (int number = numbers.empty() ? 1 : numbers.back() + 1;; ++number) {
         if (mkdir(FolderOf(number).toUtf8().constData(), OWNER_ONLY) == 0) {
@@ -107,7 +107,7 @@ QString KeptFiles::MakeEntry(QString &entry) const
             return {};
         }
         if (errno != EEXIST) // another program has taken that number
-            return QStringLiteral("%1 can't be made: %2").arg(FolderOf(number), Reason(errno));
+            return QStringLiteral("%1 can't be created: %2").arg(FolderOf(number), Reason(errno));
     }
 }
 
@@ -190,7 +190,7 @@ QString KeptFiles::Restore(Environment &env, int number, QString &replaced) cons
         if (const int error = ReadFile(copy, contents[i]))
             return QStringLiteral("%1 can't be read: %2").arg(copy, Reason(error));
     }
-    const QString nothing = QStringLiteral("nothing was put back");
+    const QString nothing = QStringLiteral("no file was restored");
     ProjectLock lock;
     if (!lock.Take(env, SavedProjectOf(env, project)) || !RecoverProjectFiles(env, project))
         return nothing;

@@ -23,12 +23,12 @@ Reason ReasonOf(int code)
     case LAYOUT_NOT_OPENED:
         return {"layout.unreadable", u"the layout file can't be opened"_s};
     case LAYOUT_NOT_WELL_FORMED:
-        return {"layout.malformed", u"the layout file is no well-formed XML"_s};
+        return {"layout.malformed", u"the layout file is not well-formed XML"_s};
     case LAYOUT_NO_ROOT:
     case LAYOUT_WRONG_ROOT:
-        return {"layout.root", u"the outermost element of a layout file has to be <TarvoXML>"_s};
+        return {"layout.root", u"the outermost element of a layout file must be <TarvoXML>"_s};
     case LAYOUT_WRONG_CHILD:
-        return {"layout.element", u"only <Layout> can be in <TarvoXML>"_s};
+        return {"layout.element", u"only <Layout> is allowed in <TarvoXML>"_s};
     case LAYOUT_NO_ID:
         return {"layout.no-id", u"this <Layout> has no attribute \"id\""_s};
     default:
@@ -51,7 +51,7 @@ int RowOfLayout(const Environment &env, const QString &file, int place)
 Finding LayoutFault(const Environment &env, const QString &file, int code, int loaded)
 {
     const Reason reason = ReasonOf(code);
-    Finding finding{reason.code, Severity::Error, file, 0, {}, reason.text + u"; the file isn't loaded whole"_s};
+    Finding finding{reason.code, Severity::Error, file, 0, {}, reason.text + u"; the file is not loaded completely"_s};
     if (code == LAYOUT_NOT_WELL_FORMED) {
         TiXmlDocument document;
         if (LoadXml(env, file, document) != 0)

@@ -68,15 +68,15 @@ std::vector<ListedLayout> ListLayouts(const CResDoc &doc)
 std::vector<CheckedLayoutFile> CheckLayoutsOf(const CResDoc &doc)
 {
     std::vector<CheckedLayoutFile> checked;
-    const auto add = [&checked](const QString &listed, std::vector<Finding> findings) {
+    const auto add = [&checked](const QString &listed, qint32 resolution, std::vector<Finding> findings) {
         if (!findings.empty())
-            checked.push_back({listed, std::move(findings)});
+            checked.push_back({listed, resolution, std::move(findings)});
     };
     if (const QString path = CataloguePath(doc.env); !doc.classes->loaded && !path.isEmpty()) {
         ClassCatalogue catalogue;
         std::vector<Finding> errors;
         (void)LoadCatalogue(doc.env, path, catalogue, errors);
-        add({}, std::move(errors));
+        add({}, -1, std::move(errors));
     }
     // A look-up doesn't change the pool.
     IDPool &ids = const_cast<IDPool &>(doc.ids);
@@ -90,7 +90,7 @@ std::vector<CheckedLayoutFile> CheckLayoutsOf(const CResDoc &doc)
         for (const NarrowText &file : files) {
             QString path = doc.env.NarrowToWide(file);
             MakeAbsolute(path, DirectoryOf(doc.PathName()));
-            add(Listed(file, doc.env), CheckLayoutFile(doc.env, path, *doc.classes, find));
+            add(Listed(file, doc.env), resolution.index, CheckLayoutFile(doc.env, path, *doc.classes, find));
         }
     });
     return checked;

@@ -17,7 +17,8 @@ class IDPool;
 /// The findings in one of a project's layout files.
 struct CheckedLayoutFile
 {
-    QString listed; ///< the file's path in the resource list, in the host's form; empty for the catalogue
+    QString listed;         ///< the file's path in the resource list, in the host's form; empty for the catalogue
+    qint32 resolution = -1; ///< index of the screen whose layouts it has; -1 for the catalogue
     std::vector<Finding> findings;
 };
 

@@ -78,7 +78,7 @@ void ListReport::DropOthers(const TiXmlElement &element, std::initializer_list<c
     unread.Look(element, attributes, UnreadContent::Text::IsRead);
     ForEachChild(element, [&](const TiXmlElement &child) {
         env.Note(Dropped(child, "list.element-inside", Severity::Error,
-                         u"<%1> has only a text"_s.arg(QString::fromUtf8(element.Value()))));
+                         u"<%1> can contain only a text"_s.arg(QString::fromUtf8(element.Value()))));
     });
 }
 
@@ -91,16 +91,16 @@ void ListReport::DropAround(const TiXmlDocument &document, const TiXmlElement &a
 {
     unread.LookAround(document);
     for (auto *other = app.NextSiblingElement(); other; other = other->NextSiblingElement())
-        env.Note(
-            Dropped(*other, "list.element-behind", Severity::Error, u"a resource list has one element, the first"_s));
+        env.Note(Dropped(*other, "list.element-behind", Severity::Error,
+                         u"a resource list has only one outermost element, the first one"_s));
 }
 
 void ListReport::DropUnknown(const TiXmlElement &element)
 {
     const bool isSwitchedOff = element.ValueStr() == "LAYOUT" && !doc.root.FindFolder(KIND_LAYOUTS, 1);
     env.Report(Dropped(element, isSwitchedOff ? "list.layouts-off" : "list.tag-unknown", Severity::Warning,
-                       isSwitchedOff ? u"the settings have no layouts (section Layout, key folders)"_s
-                                     : u"nothing of that name is known in this place"_s),
+                       isSwitchedOff ? u"the settings turn layouts off (section Layout, key folders)"_s
+                                     : u"an element of that name is not known here"_s),
                "unknown XML tag [%s] discarded (Line %d).", element.Value(), LineOf(element));
 }
 

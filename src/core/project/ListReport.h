@@ -16,7 +16,7 @@ enum class Severity;
 
 /// The reasons why elements of the resource list are left out.
 inline const QString NO_ID = QStringLiteral("it has no attribute \"id\"");
-inline const QString NO_FILE = QStringLiteral("it names no file");
+inline const QString NO_FILE = QStringLiteral("it does not name a file");
 
 /// Reports what a reading of a resource list finds in the list's elements: what is wrong with them, and what of them
 /// the next save will lose.

@@ -4,11 +4,13 @@
 #include "CResDoc.h"
 #include "ConflictMarkers.h"
 #include "Environment.h"
-#include "HostFiles.h"
+#include "FileFault.h"
 #include "Paths.h"
+#include "Profile.h"
 #include "ProjectContext.h"
 #include "V1ResourceList.h"
 
+#include <cerrno>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -36,7 +38,8 @@ std::vector<Finding> OpeningCheck::AllReasons() const
         reasons.push_back(
             {"project.unreadable", Severity::Error, projectPath, 0, {}, u"the project can't be opened"_s});
     else if (found.empty() && env.ErrorCount + env.DroppedCount > 0)
-        reasons.push_back({"project.errors", Severity::Error, projectPath, 0, {}, u"the opening told of an error"_s});
+        reasons.push_back(
+            {"project.errors", Severity::Error, projectPath, 0, {}, u"opening the project reported an error"_s});
     return reasons;
 }
 
@@ -48,15 +51,15 @@ std::optional<Finding> OpeningCheck::UnlistedResolution(int width, int height) c
     QStringList known;
     for (int i = 0; i < sizes.Count(); ++i)
         known.append(QString::fromUtf8(sizes.At(i).name));
-    return Finding{
-        "settings.size-unlisted",
-        Severity::Error,
-        SizesFile(),
-        0,
-        {},
-        u"the list of screen sizes has no %1x%2, so the pack has no pictures of that screen; it has %3"_s.arg(width)
-            .arg(height)
-            .arg(known.isEmpty() ? u"none at all"_s : known.join(u", "_s))};
+    return Finding{"settings.size-unlisted",
+                   Severity::Error,
+                   SizesFile(),
+                   0,
+                   {},
+                   u"the list of screen sizes doesn't contain %1x%2, so the pack would have no pictures for that "
+                   "screen; the list contains %3"_s.arg(width)
+                       .arg(height)
+                       .arg(known.isEmpty() ? u"no sizes"_s : known.join(u", "_s))};
 }
 
 QString OpeningCheck::SizesFile() const
@@ -70,11 +73,18 @@ void OpeningCheck::AddMissingSizes(std::vector<Finding> &reasons) const
     if (tables.resolutions.Count() > 0)
         return;
     const QString file = SizesFile();
-    QString text = u"there is no list of screen sizes, so a project's pictures and layouts are left out: "_s;
-    if (env.settings.String("Path", "reso_set").isEmpty())
-        text += u"the key reso_set in section Path names none"_s;
-    else if (!PathExists(file))
-        text += u"the key reso_set in section Path of Morvanite.ini names this file, and it isn't there"_s;
+    const bool isNamed = !env.settings.String("Path", "reso_set").isEmpty();
+    QString text = u"there is no list of screen sizes, so the project's pictures and layouts are left out: "_s;
+    Profile content;
+    if (const int error = Profile::Read(file, content); error == ENOENT)
+        text += isNamed ? u"the key reso_set in section Path of Morvanite.ini names this file, but it does not exist "
+                          u"or is a link to nothing; install it again or correct the key"_s
+                        : u"this file, which has the program's settings, does not exist or is a link to nothing; "
+                          u"install it again"_s;
+    else if (error != 0)
+        text += WhyNotRead(file, error);
+    else if (!isNamed)
+        text += u"the key reso_set in section Path does not name one; add the line reso_set=resolutions.ini there"_s;
     else
         text += u"this file has no section Resolution with lines such as 240x320"_s;
     reasons.push_back({"settings.no-sizes", Severity::Error, file, 0, {}, text});

@@ -50,5 +50,8 @@ inline constexpr int CANNOT_WRITE = -3;
 /// layout file, or -3; no file has changed then, except those before a file that the system refused to put in place.
 [[nodiscard]] int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files);
 
+/// Returns the bytes of the resource list that WriteProject would write. Writes nothing.
+[[nodiscard]] QByteArray MakeResourceList(CResDoc &doc);
+
 /// Returns the index of the resolution that the project's resource list has for a layout file, or -1.
 [[nodiscard]] int FindLayoutResolution(const QString &projectPath, const QString &layoutPath, CResDoc &doc);

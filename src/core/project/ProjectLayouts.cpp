@@ -76,7 +76,7 @@ QStringList MissingLayouts(const CResDoc &doc)
         if (reasons.size() > before)
             continue;
         for (const QString &file : files)
-            reasons.append(u"%1: the layout file isn't loaded whole"_s.arg(file));
+            reasons.append(u"%1: the layout file is not loaded completely"_s.arg(file));
     }
     if (doc.root.FindFolder(KIND_LAYOUTS, 1))
         reasons += LeftOutLayouts(doc);
@@ -107,9 +107,9 @@ void NoteLeftOutLayouts(CResDoc &doc, const QString &list, const TiXmlElement &e
 QString NoFormText(const QString &text)
 {
     return text.contains(QChar::ReplacementCharacter)
-               ? u"\"%1\" has bytes that are no text of the project's code page; store the file in that code page"_s
+               ? u"\"%1\" has bytes that are not text in the project's code page; save the file in that code page"_s
                      .arg(Cut(text))
-               : u"the code page has no form of \"%1\""_s.arg(Cut(text));
+               : u"the project's code page can't express \"%1\""_s.arg(Cut(text));
 }
 
 void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path)
@@ -125,7 +125,7 @@ void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path)
         fail({code, Severity::Error, absolute, 0, {}, why});
     };
     if (folder.index < 0) {
-        refuse("list.layout-without-size", u"layouts belong to a screen size, and this file is listed without one"_s);
+        refuse("list.layout-without-size", u"layouts belong to a screen size, but this file is listed without one"_s);
         return;
     }
     QByteArrayList &untouched = doc.untouchedLayouts[folder.index];
@@ -134,7 +134,7 @@ void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path)
         if (untouched.empty())
             untouched.append(other->path);
         untouched.append(path);
-        refuse("list.layout-second", u"a screen size has one layout file, and the list names %1 too"_s.arg(
+        refuse("list.layout-second", u"a screen size has only one layout file, but the list also names %1"_s.arg(
                                          env.NarrowToWide(untouched.front())));
         return;
     }
@@ -169,7 +169,7 @@ void LoadLayoutFile(CResDoc &doc, CResFolder &folder, const NarrowText &path)
             absolute,
             RowOfLayout(env, absolute, place),
             id,
-            u"the layout %1 can't be opened: one of its components has the name of a type that is no class"_s.arg(id)};
+            u"the layout %1 can't be opened: a component has the name of a type that is not a class"_s.arg(id)};
         doc.findings.Add(finding);
         untouched = {path};
         env.Report(finding, "failed to load layout [%s].", env.Shown(name).constData());

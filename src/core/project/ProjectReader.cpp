@@ -74,14 +74,14 @@ private:
         const int height = heightText ? LeadingNumber(QString::fromUtf8(heightText)) : 0;
         if (width < 1 || height < 1) {
             env.Report(report.Dropped(element, "list.size-invalid", Severity::Error,
-                                      u"it needs a width and a height above 0"_s),
+                                      u"its width and height must be above 0"_s),
                        "invalid resolution tag (Line %d).", LineOf(element));
             return;
         }
         const qint16 index = doc.tables.resolutions.IndexOf(width, height);
         if (index < 0) {
             env.Report(report.Dropped(element, "list.size-unlisted", Severity::Warning,
-                                      u"the list of sizes has no %1x%2"_s.arg(width).arg(height)),
+                                      u"the list of screen sizes doesn't contain %1x%2"_s.arg(width).arg(height)),
                        "unsupported resolution (%dx%d) discarded.", width, height);
             return;
         }
@@ -197,7 +197,7 @@ QString WhyNoXml(const QString &path, const TiXmlDocument &document)
     const QString file = QString::fromUtf8(HostPath(ResolvePath(path, CurrentFolder())));
     return document.ErrorRow() == 0
                ? QStringLiteral("\"%1\" is empty").arg(file)
-               : QStringLiteral("\"%1\", line %2: this is no well-formed XML").arg(file).arg(document.ErrorRow());
+               : QStringLiteral("\"%1\", line %2: this is not well-formed XML").arg(file).arg(document.ErrorRow());
 }
 
 int ReadInto(const ProjectContext &context, const QString &path)

@@ -33,10 +33,11 @@ bool RecoverProjectFiles(Environment &env, const QString &path)
 {
     const SavedProject project = SavedProjectOf(env, path);
     if (IsRelativePath(project.journal)) {
-        env.ExplainFailure(u"the path of a project and its files may have %1 characters, and \"%2\" has %3; "
-                           "move the project to a shorter path"_s.arg(LONGEST_PATH)
-                               .arg(path)
-                               .arg(path.size()));
+        env.ExplainFailure(
+            u"the path of a project and those of its files may have at most %1 characters, but \"%2\" has "
+            "%3; move the project to a shorter path"_s.arg(LONGEST_PATH)
+                .arg(path)
+                .arg(path.size()));
         return false;
     }
     return FinishInterruptedSave(env, project);
@@ -46,8 +47,8 @@ bool HasInterruptedSave(Environment &env, const QString &path)
 {
     if (!HasJournalOfInterruptedSave(env, SavedProjectOf(env, path)))
         return false;
-    env.ExplainFailure(u"a save of \"%1\" was interrupted: \"morvanite-cli save\" or opening the project in the window "
-                       "finishes it. Nothing was written"_s.arg(path));
+    env.ExplainFailure(u"a save of \"%1\" was interrupted, so nothing was written; to finish that save, run "
+                       "\"morvanite-cli save\" or open the project in the window"_s.arg(path));
     return true;
 }
 

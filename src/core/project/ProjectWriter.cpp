@@ -40,6 +40,14 @@ public:
         return code;
     }
 
+    /// Writes the list in memory, and no other file.
+    QByteArray ListBytes()
+    {
+        isOnlyList = true;
+        (void)WriteAll();
+        return list.Bytes();
+    }
+
     bool Save(const QString &path) { return list.Save(path); }
 
     /// A layout file that was written.
@@ -142,6 +150,8 @@ private:
     {
         TiXmlElement element("LAYOUT");
         Put(element, ToXml(env, path));
+        if (isOnlyList)
+            return;
         const QString file = context.Absolute(env.NarrowToWide(path));
         env.Report({"layout.not-saved", Severity::Warning, file, 0, {}, {}},
                    "layout file \"%s\" wasn't loaded whole and is left as it is.", env.Shown(path).constData());
@@ -163,6 +173,8 @@ private:
         }
         TiXmlElement element("LAYOUT");
         Put(element, ToXml(env, path));
+        if (isOnlyList)
+            return 0;
         (void)SetCurrentFolder(context.dir); // it could be entered before
         // A list made by hand may name the same file for two resolutions: the second would replace the first.
         const bool isTaken = std::any_of(writtenLayouts.begin(), writtenLayouts.end(),
@@ -203,6 +215,8 @@ private:
         }
         TiXmlElement element("STRING");
         Put(element, path.toUtf8());
+        if (isOnlyList)
+            return 0;
         (void)SetCurrentFolder(context.dir); // it could be entered before
         writtenStrings = context.Absolute(path);
         const int code = WriteStringFile(path, doc);
@@ -215,6 +229,7 @@ private:
     CResDoc &doc;
     Environment &env;
     XmlWriter list;
+    bool isOnlyList = false;
 };
 
 /// Keeps the copies that are needed and replaces the files. Returns the file that was refused, if any.
@@ -233,8 +248,8 @@ std::optional<QString> ReplaceFiles(CResDoc &doc, const ProjectWriter &writer, F
     const auto isUnchanged = [&] {
         const QStringList changed = before.Since().files;
         if (!changed.isEmpty()) {
-            doc.env.ExplainFailure(QStringLiteral("another program has changed %1 while the project was saved; nothing "
-                                                  "was written: save it again")
+            doc.env.ExplainFailure(QStringLiteral("another program changed %1 while the project was saved, so nothing "
+                                                  "was written; save the project again")
                                        .arg(changed.join(QStringLiteral(", "))));
         }
         return changed.isEmpty();
@@ -308,4 +323,10 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
         WatchWritten(doc, writer, context);
     env.EndReport(context.name, "save");
     return code;
+}
+
+QByteArray MakeResourceList(CResDoc &doc)
+{
+    const ProjectContext context(doc.PathName(), doc);
+    return ProjectWriter(context).ListBytes();
 }

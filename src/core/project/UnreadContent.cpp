@@ -15,7 +15,7 @@ void UnreadContent::Look(const TiXmlElement &element, std::initializer_list<cons
                                          [&](const char *known) { return std::strcmp(known, attribute->Name()) == 0; });
         if (!isKnown)
             tell(RowOf(element),
-                 u"the attribute \"%1\" is left out: <%2> has none of that name"_s.arg(
+                 u"the attribute \"%1\" is left out: <%2> has no attribute of that name"_s.arg(
                      Cut(QString::fromUtf8(attribute->Name())), QString::fromUtf8(element.Value())),
                  false);
     }
@@ -40,8 +40,8 @@ void UnreadContent::LookAtNodes(const TiXmlNode &parent, int row, Text text) con
             continue;
         const QString what = Cut(QString::fromUtf8(node->Value()).simplified());
         tell(next ? RowOf(*next) : row,
-             node->ToComment() ? u"the comment \"%1\" is left out by a save"_s.arg(what)
-                               : u"the text \"%1\" is left out: no resource has it"_s.arg(what),
+             node->ToComment() ? u"a save drops the comment \"%1\""_s.arg(what)
+                               : u"the text \"%1\" is left out: it does not belong to a resource"_s.arg(what),
              node->ToComment() != nullptr);
     }
 }

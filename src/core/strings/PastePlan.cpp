@@ -111,7 +111,7 @@ void PastePlanner::ReadTitles()
         if (columns[size_t(place)] == StringTable::ID_COLUMN)
             idPlace = int(place);
         else if (columns[size_t(place)] == NO_COLUMN && !line[place].trimmed().isEmpty())
-            Refuse(0, u"the column \"%1\" is left out: the table has none of that title"_s.arg(Cut(line[place])));
+            Refuse(0, u"the column \"%1\" is left out: the table has no column of that title"_s.arg(Cut(line[place])));
     }
 }
 
@@ -128,8 +128,8 @@ void PastePlanner::TakeColumnsFromFocus(size_t firstCell)
     for (; columns.size() < width && col != target.columns.end(); ++col)
         columns.push_back(*col);
     if (columns.size() < width)
-        plan.refused << u"The block has %1 columns and there is room for %2: the others are left out"_s.arg(width).arg(
-            columns.size());
+        plan.refused << u"The block has %1 columns, but there is room for %2 only; the others are left out"_s.arg(width)
+                            .arg(columns.size());
     const auto id = std::find(columns.begin(), columns.end(), int(StringTable::ID_COLUMN));
     idPlace = id == columns.end() ? NO_COLUMN : int(id - columns.begin());
 }
@@ -195,7 +195,7 @@ void PastePlanner::PlanById()
         if (row != NO_ROW)
             seen.insert(row);
         if (row != NO_ROW && seen.size() == before)
-            Refuse(line, u"the ID %1 is in a line before"_s.arg(Cut(block[line][idPlace].trimmed())));
+            Refuse(line, u"an earlier line has the ID %1"_s.arg(Cut(block[line][idPlace].trimmed())));
         else
             PlanLine(line, row);
     }
@@ -228,7 +228,7 @@ void PastePlanner::Change(size_t line, int row, int col, const QString &cell)
     const QString now = table.CellText(row, col);
     if (col == StringTable::ID_COLUMN) {
         if (cell != now && ToUpperSimple(cell.trimmed()) != now)
-            Refuse(line, u"the ID %1 stays: pasting doesn't rename rows"_s.arg(Cut(now)));
+            Refuse(line, u"the ID %1 is kept: pasting doesn't rename rows"_s.arg(Cut(now)));
         return;
     }
     const QString text = col == StringTable::KIND_COLUMN ? TakeKind(line, cell) : InOneLine(cell);
@@ -264,14 +264,15 @@ QString PastePlanner::TakeId(size_t line, const QString &cell)
     if (id.isEmpty()) {
         Refuse(line, u"the line has no ID"_s);
     } else if (!IsValidIdName(id)) {
-        Refuse(line, u"\"%1\" is no ID: 1 to 64 letters, digits and \"_\", and no digit at the front"_s.arg(Cut(id)));
+        Refuse(line, u"\"%1\" is not a valid ID: an ID has 1 to 64 letters, digits and \"_\", and doesn't begin with "
+                     "a digit"_s.arg(Cut(id)));
     } else if (table.Model().IsIdInUse(id)) {
         Refuse(line,
                (table.RowOf(env.WideToNarrow(id), NO_ROW) == NO_ROW ? u"a resource of another kind has the ID %1"_s
-                                                                    : u"there is a row with the ID %1 already"_s)
+                                                                    : u"there is already a row with the ID %1"_s)
                    .arg(id));
     } else if (newIds.contains(id)) {
-        Refuse(line, u"the ID %1 is in a line before"_s.arg(id));
+        Refuse(line, u"an earlier line has the ID %1"_s.arg(id));
     } else {
         newIds.insert(id);
         return id;
@@ -287,7 +288,8 @@ QString PastePlanner::TakeKind(size_t line, const QString &cell)
             return word.toString();
     }
     if (!text.isEmpty())
-        Refuse(line, u"\"%1\" is no resource type: %2 or %3"_s.arg(Cut(text), NORMAL_WORD, PUSH_WORD));
+        Refuse(line,
+               u"\"%1\" is not a resource type; the types are %2 and %3"_s.arg(Cut(text), NORMAL_WORD, PUSH_WORD));
     return {};
 }
 

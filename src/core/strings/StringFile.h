@@ -13,3 +13,6 @@ class CResModel;
 /// Writes the string file from the tree. Returns 0, 110 when the file can't be opened, or 1013 when writing it fails.
 /// On failure the old file is unchanged.
 [[nodiscard]] int WriteStringFile(const QString &path, CResModel &document);
+
+/// Returns the bytes that WriteStringFile writes; empty when there would be too many for a file.
+[[nodiscard]] QByteArray MakeStringFile(const CResModel &document);

@@ -146,8 +146,10 @@ int StringFileReader::ReadColumns(int languages)
         if (number == -1) {
             if (isShort)
                 problem =
-                    QStringLiteral("line 1 says that there are %1 languages, and line 2 has %2").arg(languages).arg(i);
-            document.env.Report(About("strings.language-unknown", Severity::Error), "language \"%s\" is unrecognized.",
+                    QStringLiteral("line 1 says that there are %1 languages, but line 2 has %2").arg(languages).arg(i);
+            Finding finding = About("strings.language-unknown", Severity::Error);
+            finding.text = problem;
+            document.env.Report(finding, "language \"%s\" is unrecognized.",
                                 Shown(name).constData());
             return UNKNOWN_LANGUAGE;
         }
@@ -156,9 +158,10 @@ int StringFileReader::ReadColumns(int languages)
     }
     while (!fields.AtEnd()) {
         if (const QStringView name = fields.Next(); !name.isEmpty()) {
-            document.env.Note(
-                Dropped("strings.language-left-out", {},
-                        u"the language %1 is left out: line 1 has a count of %2"_s.arg(Cut(name)).arg(languages)));
+            document.env.Note(Dropped(
+                "strings.language-left-out", {},
+                u"the language %1 is left out: according to line 1 there are only %2 languages"_s.arg(Cut(name)).arg(
+                    languages)));
         }
     }
     return OK;
@@ -197,7 +200,7 @@ void StringFileReader::DropRest()
     const auto look = [this](QStringView line) {
         if (!line.trimmed().isEmpty())
             document.env.Note(
-                Dropped("strings.behind-end", {}, u"what is behind the row %1 isn't read"_s.arg(END_WORD)));
+                Dropped("strings.behind-end", {}, u"the lines after the row %1 are not read"_s.arg(END_WORD)));
     };
     QStringView line;
     while (NextLine(line))
@@ -214,7 +217,7 @@ void StringFileReader::Overwrite(CStringRes &cell, QStringView text)
         const QString id = document.env.NarrowToWide(cell.Id()->name);
         document.env.Note(
             Dropped("strings.text-twice", id,
-                    u"the text \"%1\" of %2 is left out: \"%3\" comes behind it for the same ID and language"_s.arg(
+                    u"the text \"%1\" of %2 is left out: \"%3\" follows for the same ID and language"_s.arg(
                         Cut(cell.text), id, Cut(text))));
     }
     cell.SetText(text.toString());
@@ -231,7 +234,8 @@ void StringFileReader::CheckFields(QStringView id, QStringView type)
     if (!IsValidIdName(id)) {
         document.env.Report(
             About("strings.id-invalid", Severity::Error, id,
-                  u"\"%1\" is no ID: 1 to 64 letters, digits and \"_\", and no digit at the front"_s.arg(Cut(id))),
+                  u"\"%1\" is not a valid ID: an ID has 1 to 64 letters, digits and \"_\", and doesn't begin with "
+                  "a digit"_s.arg(Cut(id))),
             "invalid ID format - [%s].", Shown(id).constData());
     }
 }
@@ -271,7 +275,7 @@ void StringFileReader::ReadRow(QStringView line)
         if (!cell) {
             env.Report(
                 Dropped("strings.id-conflict", id,
-                        u"the row of %1 is left out with all its texts: a resource of another kind has that ID"_s.arg(
+                        u"the row of %1 with all its texts is left out: a resource of another kind has that ID"_s.arg(
                             Cut(id))),
                 "ID conflicts - %s.", Shown(id).constData());
             return;
@@ -283,7 +287,7 @@ void StringFileReader::ReadRow(QStringView line)
     ++rows;
     if (hasType && isThere && pushBefore != push)
         env.Note(Dropped("strings.other-type", id,
-                         u"the type \"%1\" of %2 is left out: there is such a row already, of another type"_s.arg(
+                         u"the type \"%1\" of %2 is left out: an earlier row of that ID has another type"_s.arg(
                              Cut(type), Cut(id))));
     while (!fields.AtEnd()) {
         if (const QStringView text = fields.Next(); !text.isEmpty())

@@ -12,7 +12,7 @@
 
 using namespace StringFileFormat;
 
-static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "the text is written as it lies in memory");
+static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "the text is written as it is in memory");
 
 namespace
 {
@@ -152,4 +152,10 @@ int WriteStringFile(const QString &path, CResModel &document)
     }
     document.env.Report(finding, "failed to open file \"%s\".", qUtf8Printable(path));
     return CANT_OPEN;
+}
+
+QByteArray MakeStringFile(const CResModel &document)
+{
+    const QString text = StringFileText(document).Make();
+    return {reinterpret_cast<const char *>(text.constData()), text.size() * qsizetype(sizeof(QChar))};
 }

@@ -3,7 +3,7 @@
 
 #include <cstring>
 
-static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "the buffer is looked at as it was read");
+static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "the buffer is used as it was read");
 
 namespace
 {

@@ -75,7 +75,7 @@ WorkbookResult SectorSpace::Gather(quint32 start, quint64 length, const QString 
 {
     const ByteReader reader(bytes);
     if (length != WHOLE_CHAIN && length > reader.Size())
-        return BrokenXls(QStringLiteral("%1 is said to have %2 bytes, in %3 bytes of sectors")
+        return BrokenXls(QStringLiteral("%1 has %2 bytes according to the file, but the sectors have only %3 bytes")
                              .arg(name)
                              .arg(length)
                              .arg(bytes.size()));
@@ -86,13 +86,15 @@ WorkbookResult SectorSpace::Gather(quint32 start, quint64 length, const QString 
         if (sector == END_OF_CHAIN && length == WHOLE_CHAIN)
             break;
         if (sector >= next.size())
-            return BrokenXls(QStringLiteral("%1: the chain of sectors leads to 0x%2 after %3 bytes, of %4 sectors")
-                                 .arg(name)
-                                 .arg(sector, 0, 16)
-                                 .arg(result.size())
-                                 .arg(next.size()));
+            return BrokenXls(
+                QStringLiteral(
+                    "%1: the chain of sectors leads to sector 0x%2 after %3 bytes, but there are only %4 sectors")
+                    .arg(name)
+                    .arg(sector, 0, 16)
+                    .arg(result.size())
+                    .arg(next.size()));
         if (seen[sector])
-            return BrokenXls(QStringLiteral("%1: the chain of sectors comes back to sector %2").arg(name).arg(sector));
+            return BrokenXls(QStringLiteral("%1: the chain of sectors returns to sector %2").arg(name).arg(sector));
         seen[sector] = true;
         // The last sector of a file may be incomplete if its other bytes aren't needed.
         const quint64 at = sector * sectorSize;
@@ -100,7 +102,7 @@ WorkbookResult SectorSpace::Gather(quint32 start, quint64 length, const QString 
         const quint64 wanted = length == WHOLE_CHAIN ? here : std::min(sectorSize, left);
         const auto part = reader.Slice(at, wanted);
         if (!part)
-            return BrokenXls(QStringLiteral("%1: sector %2 lies behind the end of the file").arg(name).arg(sector));
+            return BrokenXls(QStringLiteral("%1: sector %2 is beyond the end of the file").arg(name).arg(sector));
         result.append(*part);
         left -= wanted;
     }

@@ -37,7 +37,7 @@ WorkbookResult Decode(QByteArrayView file, QString &text)
     QStringDecoder decoder(encoding);
     text = decoder(file);
     if (text.contains(QChar(u'\0')))
-        return {WorkbookFault::NoWorkbook, QStringLiteral("it isn't text: a zero stands in it")};
+        return {WorkbookFault::NoWorkbook, QStringLiteral("it isn't text: it contains a null character")};
     const bool isCut = isUtf16 && file.size() % 2 != 0;
     if (!decoder.hasError() && !isCut)
         return {};
@@ -113,11 +113,12 @@ private:
         if (value.isEmpty())
             return {};
         if (row >= Sheet::MOST_ROWS || column >= Sheet::MOST_COLUMNS)
-            return {WorkbookFault::TooLarge, QStringLiteral("line %1, column %2: there may be %3 rows and %4 columns")
-                                                 .arg(LineAt(start))
-                                                 .arg(column + 1)
-                                                 .arg(Sheet::MOST_ROWS)
-                                                 .arg(Sheet::MOST_COLUMNS)};
+            return {WorkbookFault::TooLarge,
+                    QStringLiteral("line %1, column %2: a sheet has at most %3 rows and %4 columns")
+                        .arg(LineAt(start))
+                        .arg(column + 1)
+                        .arg(Sheet::MOST_ROWS)
+                        .arg(Sheet::MOST_COLUMNS)};
         if (!budget.GrantCell() || !budget.GrantText(value.size()))
             return {WorkbookFault::TooLarge,
                     QStringLiteral("line %1: the cells take too much memory").arg(LineAt(start))};

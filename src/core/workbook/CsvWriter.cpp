@@ -41,11 +41,12 @@ void AppendField(QStringView text, QString &line)
 WorkbookResult WriteCsv(ISheetSource &source, std::FILE *file)
 {
     if (source.RowCount() > Sheet::MOST_ROWS || source.ColumnCount() > int(Sheet::MOST_COLUMNS))
-        return {WorkbookFault::TooLarge, QStringLiteral("%1 rows and %2 columns: a sheet has %3 and %4")
-                                             .arg(source.RowCount())
-                                             .arg(source.ColumnCount())
-                                             .arg(Sheet::MOST_ROWS)
-                                             .arg(Sheet::MOST_COLUMNS)};
+        return {WorkbookFault::TooLarge,
+                QStringLiteral("%1 rows and %2 columns are too many: a sheet has at most %3 rows and %4 columns")
+                    .arg(source.RowCount())
+                    .arg(source.ColumnCount())
+                    .arg(Sheet::MOST_ROWS)
+                    .arg(Sheet::MOST_COLUMNS)};
     std::fputs(BYTE_ORDER_MARK, file);
     QString line;
     for (qint64 row = 0; row < source.RowCount(); ++row) {

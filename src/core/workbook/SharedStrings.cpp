@@ -49,7 +49,7 @@ private:
     void FailAtString()
     {
         Fail(WorkbookFault::TooLarge,
-             QStringLiteral("the shared strings take too much memory from %1 on").arg(strings.size()));
+             QStringLiteral("the shared strings take too much memory, beginning with string %1").arg(strings.size()));
     }
 
     TextBudget &budget;

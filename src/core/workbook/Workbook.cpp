@@ -43,7 +43,7 @@ const Format *FormatOf(const QString &path)
 WorkbookResult NoFormat(const QString &path)
 {
     return {WorkbookFault::NoWorkbook,
-            path + QStringLiteral(": a workbook's name ends in .xls, .xlsx or .csv, which says what it is")};
+            path + QStringLiteral(": the name of a workbook must end in .xls, .xlsx or .csv")};
 }
 
 WorkbookResult Failed(WorkbookFault fault, const QString &path, const QString &why)

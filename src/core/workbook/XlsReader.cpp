@@ -131,7 +131,7 @@ WorkbookResult ReadXls(const QByteArray &file, Sheet &sheet)
     if (const WorkbookResult wrong = container.Open(file); wrong.HasFailed())
         return wrong;
     if (!container.Has(u"Workbook") && container.Has(u"Book"))
-        return NoXls(QStringLiteral("it is of Excel 5.0 or 95, older than Excel 97"));
+        return NoXls(QStringLiteral("its format is that of Excel 5.0 or 95, which is older than Excel 97"));
     QByteArrayView stream;
     QByteArray gathered;
     if (const WorkbookResult wrong = container.Read(u"Workbook", stream, gathered); wrong.HasFailed())

@@ -93,11 +93,13 @@ WorkbookResult XlsSheetReader::CheckDimensions(const Record &record) const
     const quint32 rows = ByteReader(record.data).U32(4).value_or(0);
     const quint16 columns = ByteReader(record.data).U16(10).value_or(0);
     if (rows > MOST_XLS_ROWS || columns > MOST_XLS_COLUMNS)
-        return Damaged(record, QStringLiteral("%1 rows and %2 columns: an .xls sheet has %3 and %4")
-                                   .arg(rows)
-                                   .arg(columns)
-                                   .arg(MOST_XLS_ROWS)
-                                   .arg(MOST_XLS_COLUMNS));
+        return Damaged(
+            record,
+            QStringLiteral("%1 rows and %2 columns are too many: an .xls sheet has at most %3 rows and %4 columns")
+                .arg(rows)
+                .arg(columns)
+                .arg(MOST_XLS_ROWS)
+                .arg(MOST_XLS_COLUMNS));
     return {};
 }
 
@@ -158,7 +160,7 @@ WorkbookResult XlsSheetReader::ReadShared(const Record &record, quint16 row, qui
         return TooShort(record);
     if (*index >= texts.size())
         return BrokenXls(XlsPlace(row, column) +
-                         QStringLiteral("text %1 of %2 isn't there").arg(*index).arg(texts.size()));
+                         QStringLiteral("text %1 of %2 is missing").arg(*index).arg(texts.size()));
     return AddText(row, column, texts[*index]);
 }
 
@@ -167,7 +169,8 @@ WorkbookResult XlsSheetReader::AddText(quint16 row, quint16 column, std::optiona
     if (!text)
         return BrokenXls(XlsPlace(row, column) + QStringLiteral("the text is cut off"));
     if (column >= MOST_XLS_COLUMNS)
-        return BrokenXls(XlsPlace(row, column) + QStringLiteral("an .xls sheet has %1 columns").arg(MOST_XLS_COLUMNS));
+        return BrokenXls(XlsPlace(row, column) +
+                         QStringLiteral("an .xls sheet has at most %1 columns").arg(MOST_XLS_COLUMNS));
     sheet.Add(row, column, *text);
     return {};
 }
@@ -179,7 +182,7 @@ WorkbookResult XlsSheetReader::AddNumber(quint16 row, quint16 column, std::optio
     const QString text = FormatFloat(*value);
     if (quint64(text.size()) > grant)
         return TooLargeForXls(XlsPlace(row, column) +
-                              QStringLiteral("the numbers have more digits than a file of this size is granted"));
+                              QStringLiteral("the numbers have more digits than a file of this size may have"));
     grant -= quint64(text.size());
     return AddText(row, column, sheet.texts.Add(text));
 }

@@ -146,9 +146,10 @@ WorkbookResult WriteRow(BiffWriter &writer, XlsTextTable &texts, qint64 row, std
     for (size_t column = 0; column < cells.size(); ++column) {
         const QStringView text = cells[column];
         if (text.size() > LONGEST_XLS_TEXT)
-            return TooLargeForXls(
-                XlsPlace(quint64(row), column) +
-                QStringLiteral("a text of %1 characters: an .xls cell has %2").arg(text.size()).arg(LONGEST_XLS_TEXT));
+            return TooLargeForXls(XlsPlace(quint64(row), column) +
+                                  QStringLiteral("a text has %1 characters, but an .xls cell has room for %2 only")
+                                      .arg(text.size())
+                                      .arg(LONGEST_XLS_TEXT));
         if (text.isEmpty())
             continue;
         writer.Begin(BIFF_LABELSST).Add<quint16>(row, column, row < HEADER_ROWS ? FORMAT_HEADER : FORMAT_TEXT);
@@ -184,12 +185,12 @@ WorkbookResult WriteXls(ISheetSource &source, std::FILE *file)
     const qint64 rows = source.RowCount();
     const int columns = source.ColumnCount();
     if (rows > MOST_XLS_ROWS)
-        return TooLargeForXls(QStringLiteral("row %1: an .xls sheet has %2, and %3 are needed")
+        return TooLargeForXls(QStringLiteral("row %1: an .xls sheet has at most %2 rows, but %3 are needed")
                                   .arg(MOST_XLS_ROWS + 1)
                                   .arg(MOST_XLS_ROWS)
                                   .arg(rows));
     if (columns > int(MOST_XLS_COLUMNS))
-        return TooLargeForXls(QStringLiteral("column %1: an .xls sheet has %2, and %3 are needed")
+        return TooLargeForXls(QStringLiteral("column %1: an .xls sheet has at most %2 columns, but %3 are needed")
                                   .arg(MOST_XLS_COLUMNS + 1)
                                   .arg(MOST_XLS_COLUMNS)
                                   .arg(columns));

@@ -79,7 +79,7 @@ WorkbookResult CheckXml(const ZipFile &zip, const QByteArray &name)
     if (unpacked.HasFailed())
         return unpacked;
     if (!isXml || !parse({}))
-        return Damaged(QString::fromUtf8(name) + QStringLiteral(" isn't whole"));
+        return Damaged(QString::fromUtf8(name) + QStringLiteral(" is incomplete"));
     return {};
 }
 
@@ -111,9 +111,10 @@ WorkbookResult CheckXlsx(QByteArrayView file, const CellSum &written)
     SumPart sheet;
     result = sheet.Read(zip, parts.worksheet);
     if (!result.HasFailed() && sheet.found != written)
-        return Damaged(QStringLiteral("%1 has %2 cells, and %3 were written, or a text in it is another")
-                           .arg(QString::fromUtf8(parts.worksheet))
-                           .arg(sheet.found.count)
-                           .arg(written.count));
+        return Damaged(
+            QStringLiteral("%1 has %2 cells but %3 were written, or one of its texts is not the one that was written")
+                .arg(QString::fromUtf8(parts.worksheet))
+                .arg(sheet.found.count)
+                .arg(written.count));
     return result;
 }

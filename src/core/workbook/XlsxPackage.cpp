@@ -55,7 +55,7 @@ private:
             if (const auto id = attributes.Find(name))
                 return sheets.push_back({Bytes(*id).toByteArray(), Name(attributes)});
         }
-        Fail(WorkbookFault::Broken, QStringLiteral("sheet %1 names no part").arg(sheets.size() + 1));
+        Fail(WorkbookFault::Broken, QStringLiteral("sheet %1 does not name a part").arg(sheets.size() + 1));
     }
 
     void Leave(int, QByteArrayView) override {}

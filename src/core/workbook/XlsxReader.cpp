@@ -32,7 +32,7 @@ WorkbookResult ExplainCompoundFile(QByteArrayView file)
     const std::u16string_view name = u"EncryptedPackage";
     const bool isEncrypted = file.contains({reinterpret_cast<const char *>(name.data()), qsizetype(name.size() * 2)});
     return {WorkbookFault::NoWorkbook, isEncrypted ? QStringLiteral("it is protected by a password")
-                                                   : QStringLiteral("it is of an older format, such as .xls")};
+                                                   : QStringLiteral("it has an older format, such as .xls")};
 }
 
 } // namespace

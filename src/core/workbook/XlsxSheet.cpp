@@ -107,7 +107,7 @@ private:
             return CheckPlace();
         const auto number = ParseNumber(*reference);
         if (!number || *number == 0)
-            return Fail(WorkbookFault::Broken, QStringLiteral("\"%1\" is no row").arg(ToText(*reference)));
+            return Fail(WorkbookFault::Broken, QStringLiteral("\"%1\" is not a row").arg(ToText(*reference)));
         row = *number;
         CheckPlace();
     }
@@ -122,7 +122,7 @@ private:
             column = TakeColumn(rest);
             row = ParseNumber(rest).value_or(0);
             if (column == 0 || row == 0)
-                return Fail(WorkbookFault::Broken, QStringLiteral("\"%1\" is no cell").arg(ToText(*reference)));
+                return Fail(WorkbookFault::Broken, QStringLiteral("\"%1\" is not a cell").arg(ToText(*reference)));
         }
         CheckPlace();
     }
@@ -130,10 +130,13 @@ private:
     void CheckPlace()
     {
         if (row > Sheet::MOST_ROWS)
-            Fail(WorkbookFault::TooLarge, QStringLiteral("row %1: a sheet has %2").arg(row).arg(Sheet::MOST_ROWS));
-        else if (column > Sheet::MOST_COLUMNS)
             Fail(WorkbookFault::TooLarge,
-                 QStringLiteral("column %1 in row %2: a sheet has %3").arg(column).arg(row).arg(Sheet::MOST_COLUMNS));
+                 QStringLiteral("row %1: a sheet has at most %2 rows").arg(row).arg(Sheet::MOST_ROWS));
+        else if (column > Sheet::MOST_COLUMNS)
+            Fail(WorkbookFault::TooLarge, QStringLiteral("column %1 in row %2: a sheet has at most %3 columns")
+                                              .arg(column)
+                                              .arg(row)
+                                              .arg(Sheet::MOST_COLUMNS));
     }
 
     void SetType(std::string_view name)
@@ -149,7 +152,7 @@ private:
         else if (name == "b" || name == "e")
             type = Type::None;
         else
-            FailInCell(WorkbookFault::Broken, QStringLiteral("\"%1\" is no type of a cell").arg(ToText(name)));
+            FailInCell(WorkbookFault::Broken, QStringLiteral("\"%1\" is not a cell type").arg(ToText(name)));
     }
 
     void AddValue(std::string_view value)
@@ -159,16 +162,17 @@ private:
         if (type == Type::SharedString) {
             const auto index = ParseNumber(value);
             if (!index || *index >= sharedStrings.size())
-                return FailInCell(WorkbookFault::Broken, QStringLiteral("there is no shared string \"%1\" of %2")
-                                                             .arg(ToText(value))
-                                                             .arg(sharedStrings.size()));
+                return FailInCell(WorkbookFault::Broken,
+                                  QStringLiteral("there is no shared string \"%1\"; the number of shared strings is %2")
+                                      .arg(ToText(value))
+                                      .arg(sharedStrings.size()));
             AddGranted(sharedStrings[*index]);
         } else if (type == Type::Number && !value.empty()) {
             AddNumber(value);
         } else if (type == Type::Date && !value.empty()) {
             const auto number = DateNumber(value, from1904);
             if (!number)
-                return FailInCell(WorkbookFault::Broken, QStringLiteral("\"%1\" is no date").arg(ToText(value)));
+                return FailInCell(WorkbookFault::Broken, QStringLiteral("\"%1\" is not a date").arg(ToText(value)));
             Add(FormatFloat(*number));
         }
     }
@@ -181,7 +185,7 @@ private:
         bool isNumber = false;
         const double number = QByteArrayView(value.data(), qsizetype(value.size())).toDouble(&isNumber);
         if (!isNumber || !std::isfinite(number))
-            return FailInCell(WorkbookFault::Broken, QStringLiteral("\"%1\" is no number").arg(ToText(value)));
+            return FailInCell(WorkbookFault::Broken, QStringLiteral("\"%1\" is not a number").arg(ToText(value)));
         Add(FormatFloat(number));
     }
 

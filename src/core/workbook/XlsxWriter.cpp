@@ -28,10 +28,11 @@ WorkbookResult CheckSize(const ISheetSource &source)
 {
     if (source.RowCount() > LXW_ROW_MAX)
         return {WorkbookFault::TooLarge,
-                QStringLiteral("row %1: an .xlsx sheet has %2").arg(LXW_ROW_MAX + 1).arg(LXW_ROW_MAX)};
+                QStringLiteral("row %1: an .xlsx sheet has at most %2 rows").arg(LXW_ROW_MAX + 1).arg(LXW_ROW_MAX)};
     if (source.ColumnCount() > LXW_COL_MAX)
-        return {WorkbookFault::TooLarge,
-                QStringLiteral("column %1: an .xlsx sheet has %2").arg(LXW_COL_MAX + 1).arg(LXW_COL_MAX)};
+        return {
+            WorkbookFault::TooLarge,
+            QStringLiteral("column %1: an .xlsx sheet has at most %2 columns").arg(LXW_COL_MAX + 1).arg(LXW_COL_MAX)};
     return {};
 }
 
@@ -119,7 +120,8 @@ private:
                                                row < HEADER_ROWS ? header : cell);
             if (error == LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED)
                 return {WorkbookFault::TooLarge,
-                        QStringLiteral("row %1, column %2: the text has %3 characters, an .xlsx cell %4")
+                        QStringLiteral(
+                            "row %1, column %2: the text has %3 characters, but an .xlsx cell has room for %4 only")
                             .arg(row + 1)
                             .arg(column + 1)
                             .arg(text.size())
@@ -162,11 +164,12 @@ WorkbookResult WriteXlsx(ISheetSource &source, std::FILE *file)
     // The library doesn't check whether its writes to temporary files succeed: after a failed write a part of the
     // workbook is missing, and the library reports no error.
     if (const WorkbookResult damaged = CheckXlsx(bytes, xlsx.Cells()); damaged.HasFailed())
-        return {WorkbookFault::CannotWrite,
-                QStringLiteral("the new workbook was damaged on the way (%1), so the file is as it was before. "
-                               "Temporary files are made in %2: look whether its disk is full or broken, or set "
-                               "TMPDIR to another folder")
-                    .arg(damaged.reason, QDir::tempPath())};
+        return {
+            WorkbookFault::CannotWrite,
+            QStringLiteral(
+                "the new workbook was damaged while it was written (%1), so the file was not changed. Temporary files "
+                "are created in %2: check whether its disk is full or broken, or set TMPDIR to another folder")
+                .arg(damaged.reason, QDir::tempPath())};
     std::fwrite(bytes.data(), 1, size_t(bytes.size()), file);
     return {};
 }

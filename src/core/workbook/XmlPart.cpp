@@ -69,7 +69,7 @@ struct XmlPart::Handlers
     static void Doctype(void *user, const XML_Char *, const XML_Char *, const XML_Char *, int)
     {
         static_cast<XmlPart *>(user)->FailAtLine(WorkbookFault::Broken,
-                                                 QStringLiteral("a document type, which isn't allowed"));
+                                                 QStringLiteral("a document type is not allowed"));
     }
 };
 

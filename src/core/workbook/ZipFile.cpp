@@ -146,13 +146,13 @@ WorkbookResult ZipFile::Open(QByteArrayView bytes)
 QString ZipFile::ReadDirectory(quint64 end, quint64 at, quint64 size, quint16 count)
 {
     if (at > end || size > end - at)
-        return QStringLiteral("the directory of its parts, %1 bytes at %2, ends behind %3").arg(size).arg(at).arg(end);
+        return QStringLiteral("the directory of its parts, %1 bytes at %2, ends after %3").arg(size).arg(at).arg(end);
     taken.push_back({at, end + END_SIZE});
     const quint64 directoryEnd = at + size;
     for (int i = 0; i < count; ++i) {
         QString wrong = ReadEntry(at);
         if (wrong.isEmpty() && at > directoryEnd)
-            wrong = QStringLiteral("it ends behind the directory");
+            wrong = QStringLiteral("it ends after the directory");
         if (!wrong.isEmpty())
             return QStringLiteral("part %1 of %2: %3").arg(i + 1).arg(count).arg(wrong);
     }
@@ -164,7 +164,7 @@ QString ZipFile::ReadEntry(quint64 &at)
     const ByteReader reader(file);
     const auto entry = reader.Slice(at, ENTRY_SIZE);
     if (!entry || !entry->startsWith("PK\1\2"))
-        return QStringLiteral("no entry stands at %1").arg(at);
+        return QStringLiteral("there is no entry at %1").arg(at);
     const quint16 nameSize = *reader.U16(at + 28);
     const quint16 extraSize = *reader.U16(at + 30);
     const auto name = reader.Slice(at + ENTRY_SIZE, nameSize);
@@ -185,7 +185,7 @@ QString ZipFile::ReadEntry(quint64 &at)
         return wrong;
     const QByteArray key = name->toByteArray().toLower().replace('\\', '/');
     if (parts.contains(key))
-        return QStringLiteral("there is another named %1").arg(QString::fromUtf8(key));
+        return QStringLiteral("another part has the name %1").arg(QString::fromUtf8(key));
     parts.insert(key, part);
     at += ENTRY_SIZE + nameSize + extraSize + *reader.U16(at + 32);
     return {};
@@ -196,11 +196,11 @@ QString ZipFile::FindData(quint64 header, quint64 packedSize, Part &part)
     const ByteReader reader(file);
     const auto begin = reader.Slice(header, HEADER_SIZE);
     if (!begin || !begin->startsWith("PK\3\4"))
-        return QStringLiteral("it doesn't lie at %1").arg(header);
+        return QStringLiteral("it is not at %1").arg(header);
     const quint64 at = header + HEADER_SIZE + *reader.U16(header + 26) + *reader.U16(header + 28);
     const auto data = reader.Slice(at, packedSize);
     if (!data)
-        return QStringLiteral("its %1 bytes at %2 end behind the file").arg(packedSize).arg(at);
+        return QStringLiteral("its %1 bytes at %2 extend beyond the end of the file").arg(packedSize).arg(at);
     part.data = *data;
     taken.push_back({header, at + packedSize});
     return {};
@@ -226,10 +226,10 @@ WorkbookResult ZipFile::Read(const QByteArray &name, const std::function<bool(QB
     if (part.isEncrypted)
         return broken(QStringLiteral(" is encrypted"));
     if (part.method != STORED && part.method != DEFLATED)
-        return broken(QStringLiteral(" is packed by the unknown method %1").arg(part.method));
+        return broken(QStringLiteral(" is compressed with the unknown method %1").arg(part.method));
     const quint64 most = std::clamp(MOST_SHRINKING * quint64(part.data.size()), SMALL_PART, LARGEST_PART);
     if (part.size > most)
-        return {WorkbookFault::TooLarge, QStringLiteral("%1 has %2 bytes, but %3 is the most for %4 packed ones")
+        return {WorkbookFault::TooLarge, QStringLiteral("%1 has %2 bytes, but %4 compressed bytes may have at most %3")
                                              .arg(QString::fromUtf8(name))
                                              .arg(part.size)
                                              .arg(most)
@@ -241,7 +241,7 @@ WorkbookResult ZipFile::Read(const QByteArray &name, const std::function<bool(QB
         const auto piece = unpacker.Next();
         size += piece ? quint64(piece->size()) : 0;
         if (!piece || size > part.size)
-            return broken(QStringLiteral(" is damaged: it can't be unpacked"));
+            return broken(QStringLiteral(" is damaged: it can't be decompressed"));
         if (piece->isEmpty())
             break;
         crc = crc32_z(crc, reinterpret_cast<const Bytef *>(piece->data()), size_t(piece->size()));

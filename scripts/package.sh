@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# Makes the release of HEAD in build/packages: the source tarball and the Debian packages. The same commit gives the same
+# bytes. Needs the packages of BUILD_PACKAGES, TEST_PACKAGES and CHECK_PACKAGES in scripts/lib.sh.
+# Use: scripts/package.sh [--check]     with --check the packages' build also runs all tests
+set -eu
+cd "$(dirname "$0")/.."
+. scripts/lib.sh
+
+# No packages with debug information, which takes a third of the time.
+options="parallel=$(nproc) noautodbgsym"
+export DEB_CFLAGS_STRIP=-g DEB_CXXFLAGS_STRIP=-g
+if [ "${1:-}" != --check ]; then
+    options="$options nocheck"
+    export DEB_BUILD_PROFILES=nocheck
+fi
+
+version=$(sed -n 's/^project(.* VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
+out=$PWD/build/packages
+rm -rf "$out"
+mkdir -p "$out"
+
+say "Tarball of $(git describe --always)"
+git archive --prefix="morvanite-$version/" HEAD | gzip -9n >"$out/morvanite_$version.orig.tar.gz"
+tar -xf "$out/morvanite_$version.orig.tar.gz" -C "$out"
+cp "$out/morvanite_$version.orig.tar.gz" "$out/morvanite-$version.tar.gz"
+
+say "Debian packages"
+# debhelper changes HOME, and ccache would forget what it has.
+if command -v ccache >/dev/null; then
+    CCACHE_DIR=${CCACHE_DIR:-$(ccache -k cache_dir)}
+    export CCACHE_DIR CCACHE_BASEDIR="$out/morvanite-$version" PATH="/usr/lib/ccache:$PATH"
+fi
+cd "$out/morvanite-$version"
+DEB_BUILD_OPTIONS=$options dpkg-buildpackage -us -uc >"$out/build.log" 2>&1 || { tail -n 60 "$out/build.log"; exit 1; }
+cd "$out"
+rm -r "morvanite-$version"
+sha256sum ./*.tar.* ./*.deb

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "CheckFacts.h"
+
+#include "CResDoc.h"
+#include "CheckInput.h"
+#include "LayoutSurvey.h"
+#include "LoadRules.h"
+
+#include <algorithm>
+
+namespace
+{
+
+/// Returns whether the load has reported a fault at that place of a layout file, or one because of which the whole file
+/// wasn't read.
+bool IsReportedByLoad(const Finding &finding, const std::vector<Finding> &loaded)
+{
+    return std::any_of(loaded.begin(), loaded.end(), [&](const Finding &other) {
+        return IsLayoutFault(other) && other.file == finding.file && (other.line == 0 || other.line == finding.line);
+    });
+}
+
+} // namespace
+
+const std::vector<Finding> &CheckFacts::LayoutFindings(const CheckInput &input)
+{
+    if (layoutFindings)
+        return *layoutFindings;
+    layoutFindings.emplace();
+    for (CheckedLayoutFile &file : CheckLayoutsOf(input.document)) {
+        // The load has reported what is wrong with the catalogue.
+        if (file.listed.isEmpty() || !ChecksScreen(input, file.resolution))
+            continue;
+        for (Finding &finding : file.findings) {
+            if (!IsReportedByLoad(finding, input.loaded))
+                layoutFindings->push_back(std::move(finding));
+        }
+    }
+    return *layoutFindings;
+}
+
+const SourceNames &CheckFacts::Sources(const CheckInput &input)
+{
+    if (!sources)
+        sources = ReadSources(input);
+    return *sources;
+}

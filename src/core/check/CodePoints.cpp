@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include "CodePoints.h"
+
+#include "ResModel.h"
+
+#include <algorithm>
+#include <bit>
+
+void CodePoints::Add(QStringView text)
+{
+    const char16_t *const units = text.utf16();
+    const qsizetype size = text.size();
+    for (qsizetype i = 0; i < size; ++i) {
+        char32_t character = units[i];
+        if (QChar::isHighSurrogate(character) && i + 1 < size && QChar::isLowSurrogate(units[i + 1])) {
+            character = QChar::surrogateToUcs4(units[i], units[i + 1]);
+            ++i;
+        } else if (QChar::isSurrogate(character)) {
+            continue;
+        }
+        const size_t word = character / BITS;
+        if (word >= words.size())
+            words.resize(word + 1);
+        words[word] |= quint64(1) << (character % BITS);
+    }
+}
+
+void CodePoints::Add(const CodePoints &others)
+{
+    words.resize(std::max(words.size(), others.words.size()));
+    for (size_t word = 0; word < others.words.size(); ++word)
+        words[word] |= others.words[word];
+}
+
+std::vector<char32_t> CodePoints::All() const
+{
+    std::vector<char32_t> all;
+    for (size_t word = 0; word < words.size(); ++word) {
+        for (quint64 bits = words[word]; bits != 0; bits &= bits - 1)
+            all.push_back(char32_t(word * BITS + size_t(std::countr_zero(bits))));
+    }
+    return all;
+}
+
+CodePoints CodePointsOf(const CResModel &model, qint32 language)
+{
+    CodePoints points;
+    const CResFolder *const strings = model.root.FindFolder(KIND_STRINGS, 2);
+    const CResFolder *const folder = strings ? strings->FindFolder(KIND_LANGUAGE, language, 1) : nullptr;
+    if (!folder)
+        return points;
+    for (const CBaseRes *res : folder->resources)
+        points.Add(static_cast<const CStringRes *>(res)->text);
+    return points;
+}
+
+QByteArray CodePointsText(const CodePoints &points, CodePointFormat format)
+{
+    QString text;
+    const std::vector<char32_t> all = points.All();
+    for (size_t from = 0; from < all.size();) {
+        size_t to = from; // the last of the range
+        while (format != CodePointFormat::List && to + 1 < all.size() && all[to + 1] == all[to] + 1)
+            ++to;
+        const QString first = CodePointName(all[from]);
+        const QString last = CodePointName(all[to]);
+        if (format == CodePointFormat::C)
+            text += QStringLiteral("    {0x%1, 0x%2},\n").arg(first.sliced(2), last.sliced(2));
+        else if (format == CodePointFormat::Ranges)
+            text += (from == to ? first : first + u'-' + last) + u'\n';
+        else
+            text += QStringLiteral("%1 %2\n").arg(first, QString::fromUcs4(&all[from], 1));
+        from = to + 1;
+    }
+    if (format == CodePointFormat::C)
+        text = QStringLiteral("static const unsigned long code_points[][2] = {\n%1};\n").arg(text);
+    return text.toUtf8();
+}
+
+QString CodePointName(char32_t character)
+{
+    return QStringLiteral("U+%1").arg(QString::number(uint(character), 16).toUpper(), 4, u'0');
+}

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Finding.h"
+#include "ListPositions.h"
+#include "PictureHeader.h"
+#include "WaveHeader.h"
+
+#include <vector>
+
+class CFileRes;
+class CResDoc;
+
+/// A file that a project's list of resources names, as it is on the disk.
+struct SurveyedFile
+{
+    const CFileRes *resource = nullptr;
+    QString id;
+    bool isImage = false;   ///< in a folder of images
+    bool isStock = false;   ///< a component's image that belongs to the program
+    qint32 screen = -1;     ///< the index of the screen whose images it belongs to; -1 for none (ANY_RESOLUTION)
+    QString stored;         ///< the path as the list has it
+    QString path;           ///< absolute, in the same spelling
+    QString found;          ///< absolute, in the spelling of the disk; empty if there is no such file
+    int error = 0;          ///< the system's error number if the file can't be opened
+    bool isRegular = false; ///< it is open to be read; the fields below are only set then
+    qint64 size = 0;        ///< bytes
+    size_t startHash = 0;   ///< of the first bytes; files that differ in it have different content
+    ContentKind content = ContentKind::Unknown;
+    PictureHeader picture; ///< if the content is a picture
+    WaveHeader wave;       ///< if the content is a WAV file
+
+    /// True if the content is a picture whose header was read.
+    [[nodiscard]] bool HasPicture() const { return IsConvertible(content) && picture.width > 0; }
+};
+
+/// A screen that a check looks at.
+struct CheckedScreen
+{
+    qint32 index; ///< in the table of resolutions; -1 if the table lacks it
+    ScreenSize size;
+    [[nodiscard]] QString Name() const { return QStringLiteral("%1x%2").arg(size.width).arg(size.height); }
+};
+
+/// The files of a project's resources, read once for all rules: the first bytes of each, and no pixels. Reads nothing
+/// before the first question. Not for several threads.
+class FileSurvey
+{
+public:
+    /// Looks at the images of these screens, and of all that the project uses if there are none; and at all files that
+    /// belong to no screen. The document must outlive this object.
+    FileSurvey(CResDoc &openDocument, const std::vector<ScreenSize> &wantedScreens);
+
+    /// All files, in the order of the project's tree.
+    [[nodiscard]] const std::vector<SurveyedFile> &Files() const;
+    [[nodiscard]] const std::vector<CheckedScreen> &Screens() const { return screens; }
+    /// The screen of a file, or null.
+    [[nodiscard]] const CheckedScreen *ScreenOf(const SurveyedFile &file) const;
+
+    /// Returns a hash of a file's content: equal for equal bytes and different for different ones. Empty if the file
+    /// can't be read. Reads the whole file at the first call.
+    [[nodiscard]] const QByteArray &DigestOf(const SurveyedFile &file) const;
+    /// Returns whether two files have the same bytes. Reads them only if their sizes and their first bytes are equal.
+    [[nodiscard]] bool HaveSameBytes(const SurveyedFile &a, const SurveyedFile &b) const;
+
+    /// Returns a finding about a file's line in the resource list.
+    [[nodiscard]] Finding About(const SurveyedFile &file, const QString &text) const;
+    [[nodiscard]] const ListPositions &Positions() const { return positions; }
+
+private:
+    void Read() const;
+
+    CResDoc &document;
+    std::vector<CheckedScreen> screens;
+    ListPositions positions;
+    mutable bool isRead = false;
+    mutable std::vector<SurveyedFile> files;
+    mutable QHash<const SurveyedFile *, QByteArray> digests;
+};

@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Rule.h"
+
+// The rules that need the device's fonts. The table of rules (Rules.cpp) says what each finds.
+
+[[nodiscard]] QString TextTooWide(const TextPair &pair, const TextContext &context);
+void GlyphMissing(const CheckInput &input, RuleReport &report);

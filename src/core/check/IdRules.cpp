@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+#include "IdRules.h"
+
+#include "CResDoc.h"
+#include "CheckInput.h"
+#include "FileFault.h"
+#include "HostFiles.h"
+#include "IDGen.h"
+#include "IdComparison.h"
+#include "IdFinding.h"
+#include "IdNames.h"
+#include "IdNumbers.h"
+#include "IdRanges.h"
+#include "Keywords.h"
+#include "LoadRules.h"
+#include "RuleReport.h"
+#include "SortedIds.h"
+#include "TextHash.h"
+
+#include <QHash>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// Calls `function(record)` for each name of the pool, in the order of the names.
+template <typename Function> void ForEachName(const std::vector<IDRecord *> &sorted, const Function &function)
+{
+    const IDRecord *last = nullptr;
+    for (const IDRecord *record : sorted) {
+        if (!last || last->name != record->name)
+            function(*record);
+        last = record;
+    }
+}
+
+bool IsAsciiName(const NarrowText &name)
+{
+    return std::all_of(name.begin(), name.end(), [](char c) { return quint8(c) < 0x80; });
+}
+
+/// Returns what is wrong with an ID; empty if nothing is.
+QString WhyInvalid(const NarrowText &name, const QString &shown)
+{
+    if (!IsAsciiName(name))
+        return u"an ID has only the letters A to Z and a to z; not every compiler accepts others"_s;
+    if (!IsValidIdName(shown))
+        return u"an ID has 1 to 64 letters, digits and \"_\", and no digit at the front"_s;
+    return IsKeyword(name) ? u"this is a keyword of C or C++"_s : QString();
+}
+
+/// Returns whether the sources are known, and all IDs and layouts. Without some of them, names in the sources would
+/// seem undefined, and IDs unused.
+bool CanCompareSources(const CheckInput &input)
+{
+    return !input.settings.sourceFiles.isEmpty() && !HasLeftOutResources(input.loaded);
+}
+
+} // namespace
+
+void IdInvalid(const CheckInput &input, RuleReport &report)
+{
+    const CResModel &model = input.document;
+    ForEachName(SortedIds(model.ids), [&](const IDRecord &record) {
+        const QString why = WhyInvalid(record.name, model.env.NarrowToWide(record.name));
+        if (!why.isEmpty())
+            AddForId(report, model, record, why);
+    });
+}
+
+void IdCase(const CheckInput &input, RuleReport &report)
+{
+    const CResModel &model = input.document;
+    QHash<QString, QString> first; // by the name in small letters
+    ForEachName(SortedIds(model.ids), [&](const IDRecord &record) {
+        const QString name = model.env.NarrowToWide(record.name);
+        QString &other = first[name.toLower()];
+        if (other.isEmpty())
+            other = name;
+        else
+            AddForId(report, model, record, u"only the case of letters differs from %1"_s.arg(other),
+                     HashOf(name, HashOf(other)));
+    });
+}
+
+void IdUnused(const CheckInput &input, RuleReport &report)
+{
+    if (!CanCompareSources(input))
+        return;
+    const CResModel &model = input.document;
+    const SourceNames &names = input.facts->Sources(input);
+    for (const QString &pattern : names.patternsWithoutFile)
+        report.Add({.file = input.settings.file,
+                    .text = u"section Sources, key files: no file matches \"%1\""_s.arg(pattern),
+                    .basis = HashOf(pattern)});
+    if (names.files == 0)
+        return; // all IDs would be unused
+    ForEachName(SortedIds(model.ids), [&](const IDRecord &record) {
+        if (!names.used.contains(record.name) && !IsOfComponent(record))
+            AddForId(report, model, record, u"no source file and no layout uses the ID"_s);
+    });
+}
+
+void IdUndefined(const CheckInput &input, RuleReport &report)
+{
+    if (!CanCompareSources(input))
+        return;
+    const SourceNames &names = input.facts->Sources(input);
+    for (const QString &why : names.unreadable)
+        report.Add({.file = input.settings.file, .text = why});
+    for (const SourceNames::Unknown &unknown : names.unknown)
+        report.Add({.file = unknown.file,
+                    .line = unknown.line,
+                    .id = QString::fromUtf8(unknown.name),
+                    .text = u"no resource has this ID"_s,
+                    .column = unknown.column});
+}
+
+void IdRenumbered(const CheckInput &input, RuleReport &report)
+{
+    if (input.oldHeader.isEmpty())
+        return;
+    QByteArray bytes;
+    if (const int error = ReadFile(input.oldHeader, bytes)) {
+        report.Add({.file = input.oldHeader, .text = WhyNotRead(input.oldHeader, error)});
+        return;
+    }
+    CResModel &model = input.document;
+    const std::vector<IDRecord *> sorted = SortedIds(model.ids);
+    if (!FitInRanges(sorted))
+        return;                          // "id-range"
+    (void)FillSorted(model.env, sorted); // the same numbers as a save gives
+    IdNumbers old;
+    old.Read(bytes);
+    const auto add = [&](const IdComparison::Old &id, const QString &text) {
+        const QString name = model.env.NarrowToWide(id.name);
+        report.Add(
+            {.file = input.oldHeader, .line = id.line, .id = name, .text = text, .basis = HashOf(text, HashOf(name))});
+    };
+    const IdComparison compared = CompareIds(old, sorted);
+    for (const IdComparison::Old &id : compared.changed)
+        add(id, u"the number was %1 and is %2 now"_s.arg(id.before).arg(*id.now));
+    for (const IdComparison::Old &id : compared.gone)
+        add(id, u"the number was %1, and the project no longer has the ID"_s.arg(id.before));
+}
+
+void IdRangeUsedUp(const CheckInput &input, RuleReport &report)
+{
+    constexpr quint32 PER_CENT = 90;
+    const std::vector<IDRecord *> sorted = SortedIds(input.document.ids);
+    const auto check = [&](const IdRange &range, const QString &what) {
+        const quint32 used = CountIn(range, sorted);
+        if (quint64(used) * 100 < quint64(range.Size()) * PER_CENT)
+            return;
+        report.Add({.file = input.document.PathName(),
+                    .text = u"%1 of the %2 numbers of %3 are used"_s.arg(used).arg(range.Size()).arg(what),
+                    .basis = HashOf(what)});
+    };
+    check(NORMAL_IDS, u"Normal resources"_s);
+    for (const IdRange &range : PUSH_IDS)
+        check(range, u"Push resources of the kind \"%1\""_s.arg(QLatin1StringView(range.what)));
+}

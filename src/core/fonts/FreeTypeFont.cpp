@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+#include "DeviceFont.h"
+
+#include "FileFault.h"
+#include "HostFiles.h"
+
+#include <QHash>
+#include <QStringList>
+
+#include <ft2build.h>
+#include <hb-ft.h>
+#include <hb.h>
+
+#include <algorithm>
+#include <mutex>
+
+#include FT_FREETYPE_H
+#include FT_ADVANCES_H
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr qint64 LARGEST_FILE = 64 << 20; // bytes
+constexpr int FRACTION = 64;              // units of FreeType and HarfBuzz in a pixel
+
+struct LibraryDeleter
+{
+    void operator()(FT_Library library) const { FT_Done_FreeType(library); }
+};
+struct FaceDeleter
+{
+    void operator()(FT_Face face) const { FT_Done_Face(face); }
+};
+struct FontDeleter
+{
+    void operator()(hb_font_t *font) const { hb_font_destroy(font); }
+};
+struct BufferDeleter
+{
+    void operator()(hb_buffer_t *buffer) const { hb_buffer_destroy(buffer); }
+};
+
+class FreeTypeFont final : public IDeviceFont
+{
+public:
+    /// Returns what is wrong; empty on success.
+    QString Open(const QString &file, int pixels, bool isShaped)
+    {
+        if (const int error = ReadFile(file, bytes, LARGEST_FILE); error != 0)
+            return WhyNotRead(file, error);
+        FT_Library newLibrary = nullptr;
+        if (FT_Init_FreeType(&newLibrary) != 0)
+            return u"the library for fonts can't be started"_s;
+        library.reset(newLibrary);
+        FT_Face newFace = nullptr;
+        if (FT_New_Memory_Face(newLibrary, reinterpret_cast<const FT_Byte *>(bytes.constData()), FT_Long(bytes.size()),
+                               0, &newFace) != 0)
+            return u"%1: the file isn't a font, or it is damaged"_s.arg(file);
+        face.reset(newFace);
+        if (!newFace->charmap)
+            return u"%1: the font has no table of Unicode characters"_s.arg(file);
+        if (const QString wrong = SelectSize(file, pixels); !wrong.isEmpty())
+            return wrong;
+        if (isShaped)
+            shaper.reset(hb_ft_font_create_referenced(newFace));
+        return {};
+    }
+
+    bool Has(char32_t character) override
+    {
+        const std::scoped_lock guard(lock);
+        return FT_Get_Char_Index(face.get(), character) != 0;
+    }
+
+    int WidthOf(QStringView line) override
+    {
+        const std::scoped_lock guard(lock);
+        if (shaper)
+            return ShapedWidth(line);
+        int width = 0;
+        for (const char32_t character : line.toUcs4())
+            width += Advance(character);
+        return width;
+    }
+
+private:
+    /// A font of bitmaps has only some sizes.
+    QString SelectSize(const QString &file, int pixels)
+    {
+        if (FT_IS_SCALABLE(face.get()))
+            return FT_Set_Pixel_Sizes(face.get(), 0, FT_UInt(pixels)) == 0
+                       ? QString()
+                       : u"%1: the font can't have a size of %2 pixels"_s.arg(file).arg(pixels);
+        QStringList sizes;
+        for (int i = 0; i < face->num_fixed_sizes; ++i) {
+            const int size = int(face->available_sizes[i].y_ppem / FRACTION);
+            if (size == pixels && FT_Select_Size(face.get(), i) == 0)
+                return {};
+            sizes.append(QString::number(size));
+        }
+        return u"%1: the font has no size of %2 pixels; it has %3"_s.arg(file).arg(pixels).arg(
+            sizes.isEmpty() ? u"none"_s : sizes.join(u", "_s));
+    }
+
+    int Advance(char32_t character)
+    {
+        const auto known = advances.constFind(character);
+        if (known != advances.constEnd())
+            return *known;
+        constexpr int FIXED = 65536; // FT_Get_Advance has 16 bits after the point
+        FT_Fixed advance = 0;
+        const FT_UInt glyph = FT_Get_Char_Index(face.get(), character);
+        if (FT_Get_Advance(face.get(), glyph, FT_LOAD_DEFAULT, &advance) != 0)
+            advance = 0;
+        return *advances.insert(character, int((advance + FIXED / 2) / FIXED));
+    }
+
+    [[nodiscard]] int ShapedWidth(QStringView line) const
+    {
+        const std::unique_ptr<hb_buffer_t, BufferDeleter> buffer(hb_buffer_create());
+        hb_buffer_add_utf16(buffer.get(), reinterpret_cast<const uint16_t *>(line.utf16()), int(line.size()), 0,
+                            int(line.size()));
+        hb_buffer_guess_segment_properties(buffer.get());
+        hb_shape(shaper.get(), buffer.get(), nullptr, 0);
+        unsigned count = 0;
+        const hb_glyph_position_t *const positions = hb_buffer_get_glyph_positions(buffer.get(), &count);
+        qint64 width = 0;
+        for (unsigned i = 0; i < count; ++i)
+            width += positions[i].x_advance;
+        return int((width + FRACTION - 1) / FRACTION);
+    }
+
+    std::mutex lock;
+    QByteArray bytes; // FreeType reads from it until the face is gone
+    std::unique_ptr<std::remove_pointer_t<FT_Library>, LibraryDeleter> library;
+    std::unique_ptr<std::remove_pointer_t<FT_Face>, FaceDeleter> face;
+    std::unique_ptr<hb_font_t, FontDeleter> shaper; // null if texts aren't shaped
+    QHash<char32_t, int> advances;                  // in pixels
+};
+
+} // namespace
+
+std::unique_ptr<IDeviceFont> OpenDeviceFont(const QString &file, int pixels, bool isShaped, QString &why)
+{
+    auto font = std::make_unique<FreeTypeFont>();
+    why = font->Open(file, pixels, isShaped);
+    if (!why.isEmpty())
+        return nullptr;
+    return font;
+}

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#include "IdRanges.h"
+
+#include <algorithm>
+#include <iterator>
+
+const IdRange *RangeOf(const IDRecord &record)
+{
+    if (!record.push)
+        return &NORMAL_IDS;
+    const bool hasRange = record.pushKind >= 1 && size_t(record.pushKind) <= std::size(PUSH_IDS);
+    return hasRange ? &PUSH_IDS[record.pushKind - 1] : nullptr;
+}
+
+const IdRange *RangeOf(quint32 number)
+{
+    if (NORMAL_IDS.Has(number))
+        return &NORMAL_IDS;
+    const auto *const range = std::find_if(std::begin(PUSH_IDS), std::end(PUSH_IDS),
+                                           [number](const IdRange &candidate) { return candidate.Has(number); });
+    return range == std::end(PUSH_IDS) ? nullptr : range;
+}
+
+quint32 CountIn(const IdRange &range, std::span<IDRecord *const> sorted)
+{
+    quint32 count = 0;
+    const IDRecord *first = nullptr; // of the records with the same name, which share a number
+    for (const IDRecord *record : sorted) {
+        if (first && first->name == record->name)
+            continue;
+        first = record;
+        count += RangeOf(*record) == &range;
+    }
+    return count;
+}
+
+bool FitInRanges(std::span<IDRecord *const> sorted)
+{
+    const auto fits = [&](const IdRange &range) { return CountIn(range, sorted) <= range.Size(); };
+    return fits(NORMAL_IDS) && std::all_of(std::begin(PUSH_IDS), std::end(PUSH_IDS), fits);
+}

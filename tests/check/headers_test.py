@@ -1,0 +1,103 @@
+# SPDX-License-Identifier: MIT
+"""What the check says of pictures, compared with ImageMagick. Usage: headers_test.py MORVANITE-CLI"""
+
+import json
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+CLI = os.path.abspath(sys.argv[1])
+CONFIG = (b'<config><resolution><Width>1</Width><Height>1</Height></resolution>'
+          b'<zxa><zepversion>20</zepversion></zxa></config>')
+# What ImageMagick makes of a gradient: the options, and the file with the prefix for the form.
+FORMS = [('-type TrueColor', 'png24:a.png'), ('-type Palette -colors 7', 'png8:b.png'), ('', 'png32:c.png'),
+         ('', 'png48:d.png'), ('-interlace PNG', 'png:e.png'), ('-colorspace gray -depth 1', 'png:f.png'),
+         ('-transparent black -type PaletteAlpha', 'png:g.png'), ('', 'gif:h.gif'), ('-interlace GIF', 'gif:i.gif'),
+         ('-transparent black', 'gif:j.gif'), ('', 'gif87:k.gif'), ('', 'bmp2:l.bmp'), ('', 'bmp3:m.bmp'),
+         ('-alpha on -channel A -evaluate set 50%', 'bmp:n.bmp'), ('-monochrome', 'bmp3:o.bmp'),
+         ('-compress RLE -colors 16', 'bmp3:p.bmp'), ('', 'jpg:q.jpg'), ('-interlace JPEG', 'jpg:r.jpg'),
+         ('-colorspace gray', 'jpg:s.jpg'), ('-colorspace CMYK', 'jpg:t.jpg'), ('-set comment %s' % ('x' * 65000), 'jpg:u.jpg'),
+         ('-set comment %s' % ('x' * 65000), 'png:v.png'), ('-set comment %s' % ('x' * 65000), 'gif:w.gif')]
+SIZES = [(2, 1), (37, 91), (700, 3)]
+
+
+class CheckedPictures(unittest.TestCase):
+    def setUp(self):
+        self.dir = pathlib.Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.dir, ignore_errors=True)
+        for name, content in {'bin/Morvanite.ini': b'[Path]\nreso_set=sizes.ini\n', 'config.xml': CONFIG,
+                              'bin/sizes.ini': b'[Resolution]\n1x1\n'}.items():
+            (self.dir / name).parent.mkdir(exist_ok=True)
+            (self.dir / name).write_bytes(content)
+        (self.dir / 'res').mkdir()
+
+    def findings(self, elements, *rules):
+        """The texts of the findings by ID."""
+        (self.dir / 'res/demo.res.xml').write_text('<APP>\n' + '\n'.join(elements) + '\n</APP>\n')
+        env = dict(os.environ, MORVANITE_PROGRAM_DIR=str(self.dir / 'bin'), XDG_CONFIG_HOME=str(self.dir / 'none'))
+        command = [CLI, 'check', 'demo.vcproj', '--format', 'json', '--fail-on', 'never']
+        done = subprocess.run(command + [f'--rule={rule}' for rule in rules], cwd=self.dir, env=env, timeout=120,
+                              stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False)
+        self.assertEqual((done.returncode, done.stderr), (0, b''))
+        return {finding.get('id'): finding['text'] for finding in json.loads(done.stdout)['findings']}
+
+    def make(self, *arguments):
+        subprocess.run(['convert', *arguments], cwd=self.dir, check=True, timeout=60)
+
+    @unittest.skipUnless(shutil.which('convert') and shutil.which('identify'), 'needs ImageMagick')
+    def test_formats_and_sizes_are_those_of_identify(self):
+        images, files, names = [], [], {}
+        for number, (options, target) in enumerate(FORMS):
+            for width, height in SIZES:
+                prefix, name = target.split(':')
+                name = f'{width}x{height}{name}'
+                self.make('-size', f'{width}x{height}', 'gradient:red-blue', *options.split(), f'{prefix}:{name}')
+                shutil.copy(self.dir / name, self.dir / (name + '.ogg'))
+                resource = f'ID_{width}_{number}'
+                names[name] = resource
+                images.append(f'<IMAGE id="{resource}">{name}</IMAGE>')
+                files.append(f'<FILE id="{resource}_F">{name}.ogg</FILE>')
+        seen = subprocess.run(['identify', '-format', '%f %m %w %h\n', *names], cwd=self.dir, check=True,
+                              stdout=subprocess.PIPE).stdout.decode().split()
+        wanted = {names[name]: (re.sub(r'(BMP|GIF)\d+', r'\1', kind), int(width), int(height))
+                  for name, kind, width, height in zip(*[iter(seen)] * 4)}
+        sized = self.findings(['<RESOLUTION width="1" height="1" class="image">', *images, '</RESOLUTION>'],
+                              'image-too-large', 'image-unreadable')
+        typed = self.findings(files, 'file-type')
+        found = {}
+        for resource in wanted:
+            width, height = re.search(r' (\d+) x (\d+) pixels', sized.get(resource, ' 0 x 0 pixels')).groups()
+            kind = typed.get(resource + '_F', '?').split()[-1]
+            found[resource] = (kind, int(width), int(height))
+        self.assertEqual(found, wanted)
+        self.assertEqual(len(found), len(FORMS) * len(SIZES))
+
+    @unittest.skipUnless(shutil.which('convert'), 'needs ImageMagick')
+    def test_pictures_of_which_few_pixels_are_transparent(self):
+        def picture(name, transparent=0, *options):
+            dots = [word for x in range(transparent) for word in ('-draw', f'color {x},4 point')]
+            self.make('-size', '20x20', 'xc:red', '-alpha', 'on', '-fill', 'none', *dots, *options, name)
+
+        picture('png32:one.png', 1)
+        picture('png32:four.png', 4)
+        picture('png32:five.png', 5)
+        picture('png32:opaque.png')
+        picture('png32:slight.png', 0, '-channel', 'A', '-evaluate', 'set', '99%')
+        picture('png32:half.png', 0, '-channel', 'A', '-evaluate', 'set', '50%')
+        picture('one.gif', 1)
+        names = ['one.png', 'four.png', 'five.png', 'opaque.png', 'slight.png', 'half.png', 'one.gif']
+        found = self.findings([f'<IMAGE id="ID_{number}">{name}</IMAGE>' for number, name in enumerate(names)],
+                              'image-alpha-few')
+        text = "%d of the 400 pixels of %s aren't opaque, and none has an alpha below %d; an opaque image needs 800 bytes less"
+        self.assertEqual(found, {'ID_0': text % (1, 'one.png', 0), 'ID_1': text % (4, 'four.png', 0),
+                                 'ID_4': text % (400, 'slight.png', 252), 'ID_6': text % (1, 'one.gif', 0)})
+
+
+if __name__ == '__main__':
+    sys.argv[1:] = sys.argv[2:]
+    unittest.main()
