@@ -31,9 +31,10 @@ TEST(LanguageTable, ReadsLinesThatHaveANameAndANumber)
 {
     TestProgram program;
     const QString longest(64, u'n');
-    program.folder.Put("bin/tuvik.ini", u"[Language]\nEnglish=0\n日本語 (JP) = 4 rest\nNo number=\nnone\n=3\nx=y=1\n"
-                                        "English=0\n%1=7\n%1n=8\n[Code]\n4=ja\n 7 = x-long \nnone=zz\n7=yy\n9=fr\n"_s.arg(longest)
-                                            .toUtf8());
+    program.folder.Put("bin/tuvik.ini",
+                       u"[Language]\nEnglish=0\n日本語 (JP) = 4 rest\nNo number=\nnone\n=3\nx=y=1\n"
+                       "English=0\n%1=7\n%1n=8\n[Code]\n4=ja\n 7 = x-long \nnone=zz\n7=yy\n9=fr\n"_s.arg(longest)
+                           .toUtf8());
     QStringList lines;
     for (const KnownLanguage &language : KnownLanguages(*program.env))
         lines.append(u"%1:%2:%3"_s.arg(language.name).arg(language.number).arg(language.code));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ImageRules.h"
 
+#include "CheckFacts.h"
 #include "FileSurvey.h"
 #include "HostFiles.h"
 #include "RuleReport.h"

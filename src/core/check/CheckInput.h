@@ -7,6 +7,7 @@
 
 class CheckFacts;
 class CResDoc;
+class CStringRes;
 class TextContext;
 
 /// What a check looks at. All of it must outlive the check.
@@ -21,6 +22,9 @@ struct CheckInput
     QString oldHeader;
     CountAlpha countAlpha = nullptr; ///< for "image-alpha-few"; null if the decoders of pictures can't be loaded
     CheckFacts *facts = nullptr;     ///< what several rules look at; CheckProject sets it
+    /// The rows of the string table whose source texts another row may have too (RowsWithEqualSource). CheckProject
+    /// sets it for the rules.
+    std::vector<const CStringRes *> repeatedRows = {};
 };
 
 /// Returns whether the screen of a resolution index is among those that are checked. Always true for -1, no screen.

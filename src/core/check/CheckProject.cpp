@@ -19,28 +19,29 @@ namespace
 
 constexpr size_t ROWS_WORTH_A_THREAD = 2000;
 
-/// Checks a range of rows.
-std::vector<Finding> CheckRange(const CheckInput &input, std::span<const CStringRes *const> heads)
+/// Checks a range of rows, and sets their hashes.
+std::vector<Finding> CheckRange(const CheckInput &input, std::span<StringRow> rows)
 {
     std::vector<Finding> findings;
     RuleReport report(input.settings, [&](Finding &&finding) { findings.push_back(std::move(finding)); });
     RowCheck check(input.texts);
-    for (const CStringRes *head : heads)
-        check.Check(*head, report);
+    for (StringRow &row : rows) {
+        check.Check(*row.head, report);
+        row.sourceHash = check.SourceHash();
+    }
     return findings;
 }
 
-/// Checks all rows, in as many threads as the machine has processors.
-void CheckRows(const CheckInput &input, std::vector<Finding> &findings)
+/// Checks all rows, in as many threads as the machine has processors, and sets their hashes.
+void CheckRows(const CheckInput &input, std::vector<StringRow> &rows, std::vector<Finding> &findings)
 {
-    const std::vector<const CStringRes *> heads = StringRowsOf(input.document);
     const size_t count =
-        std::clamp<size_t>(heads.size() / ROWS_WORTH_A_THREAD, 1, std::max(1U, std::thread::hardware_concurrency()));
+        std::clamp<size_t>(rows.size() / ROWS_WORTH_A_THREAD, 1, std::max(1U, std::thread::hardware_concurrency()));
     std::vector<std::vector<Finding>> parts(count);
     const auto checkPart = [&](size_t part) {
-        const size_t from = heads.size() * part / count;
-        const size_t to = heads.size() * (part + 1) / count;
-        parts[part] = CheckRange(input, std::span(heads).subspan(from, to - from));
+        const size_t from = rows.size() * part / count;
+        const size_t to = rows.size() * (part + 1) / count;
+        parts[part] = CheckRange(input, std::span(rows).subspan(from, to - from));
     };
     std::vector<std::thread> threads;
     for (size_t part = 1; part < count; ++part)
@@ -78,7 +79,9 @@ std::vector<Finding> CheckProject(const CheckInput &given)
     CheckInput input = given;
     input.facts = &facts;
     std::vector<Finding> findings;
-    CheckRows(input, findings);
+    std::vector<StringRow> rows = StringRowsOf(input.document);
+    CheckRows(input, rows, findings);
+    input.repeatedRows = RowsWithEqualSource(rows);
     RuleReport report(input.settings, [&](Finding &&finding) { findings.push_back(std::move(finding)); });
     for (const Rule &rule : AllRules()) {
         if (rule.project && report.Begin(rule))

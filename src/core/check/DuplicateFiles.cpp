@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "CheckFacts.h"
 #include "FileRules.h"
 #include "ImageRules.h"
 

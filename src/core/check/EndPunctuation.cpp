@@ -13,7 +13,6 @@ enum class EndMark
 {
     None,
     Stop,
-    Abbreviation, ///< a full stop that isn't the end of a sentence, as in "5 min."
     Ellipsis,
     Exclamation,
     Question,
@@ -56,20 +55,27 @@ constexpr MarkRow MARKS[] = {
 /// Returns whether a list of words, with a blank between, has a word.
 bool HasWord(QStringView list, QStringView word)
 {
-    for (qsizetype at = list.indexOf(word); at >= 0; at = list.indexOf(word, at + 1)) {
-        const qsizetype end = at + word.size();
-        if ((at == 0 || list[at - 1] == u' ') && (end == list.size() || list[end] == u' '))
+    qsizetype start = 0;
+    for (qsizetype at = 0; at <= list.size(); ++at) {
+        if (at < list.size() && list[at] != u' ')
+            continue;
+        if (list.sliced(start, at - start) == word)
             return true;
+        start = at + 1;
     }
     return false;
 }
 
 EndMark MarkOf(QChar c, const CheckedLanguage &language)
 {
+    if (c.isLetterOrNumber())
+        return EndMark::None;
     const QStringView primary = language.Primary();
     for (const MarkRow &row : MARKS) {
+        if (c != QChar(row.unit))
+            continue;
         const bool isAnyones = primary.isEmpty() && row.unit > 0x7F;
-        if (c == QChar(row.unit) && (isAnyones || (!primary.isEmpty() && HasWord(row.languages, primary))))
+        if (isAnyones || (!primary.isEmpty() && HasWord(row.languages, primary)))
             return row.mark;
     }
     switch (c.unicode()) {
@@ -103,7 +109,9 @@ EndMark MarkOf(QChar c, const CheckedLanguage &language)
 
 bool IsQuote(QChar c)
 {
-    constexpr QStringView OTHERS = u"\"'`´„‚＂＇」』》〉";
+    if (c < u'\x80')
+        return c == u'"' || c == u'\'' || c == u'`';
+    constexpr QStringView OTHERS = u"´„‚＂＇」』》〉";
     const QChar::Category category = c.category();
     return category == QChar::Punctuation_InitialQuote || category == QChar::Punctuation_FinalQuote ||
            OTHERS.contains(c);
@@ -113,12 +121,14 @@ bool IsQuote(QChar c)
 /// end of a text.
 QStringView WithoutTail(QStringView text)
 {
-    constexpr QStringView ESCAPES = u"nrt\"";
     while (!text.isEmpty()) {
         const QChar last = text.back();
-        if (text.size() >= 2 && text[text.size() - 2] == u'\\' && ESCAPES.contains(last))
+        const bool isEscape = text.size() >= 2 && text[text.size() - 2] == u'\\' &&
+                              (last == u'n' || last == u'r' || last == u't' || last == u'"');
+        if (isEscape)
             text.chop(2);
-        else if (last.isSpace() || last.category() == QChar::Other_Format || IsQuote(last))
+        else if (!last.isLetterOrNumber() &&
+                 (last.isSpace() || IsQuote(last) || last.category() == QChar::Other_Format))
             text.chop(1);
         else
             break;
@@ -165,23 +175,22 @@ bool EndsAbbreviated(QStringView text)
 struct End
 {
     EndMark mark = EndMark::None;
-    QStringView text; ///< the mark as it is written
+    QStringView text;   ///< the mark as it is written
+    QStringView before; ///< the text before the mark
 };
 
 End EndOf(QStringView text, const CheckedLanguage &language)
 {
     const QStringView rest = WithoutTail(text);
     if (rest.isEmpty())
-        return {EndMark::NotCompared, {}};
+        return {EndMark::NotCompared, {}, {}};
     const EndMark mark = MarkOf(rest.back(), language);
     if (mark != EndMark::Stop)
-        return {mark, rest.last(1)};
+        return {mark, rest.last(1), rest.chopped(1)};
     qsizetype stops = 1;
     while (stops < rest.size() && rest[rest.size() - 1 - stops] == rest.back())
         ++stops;
-    if (stops > 1)
-        return {EndMark::Ellipsis, rest.last(stops)};
-    return {EndsAbbreviated(rest.chopped(1)) ? EndMark::Abbreviation : EndMark::Stop, rest.last(1)};
+    return {stops > 1 ? EndMark::Ellipsis : EndMark::Stop, rest.last(stops), rest.chopped(stops)};
 }
 
 /// Thai, Lao and Khmer sentences need no mark at their end, and the Armenian ones for questions and exclamations are
@@ -198,11 +207,10 @@ bool AreEquivalent(const End &source, const End &text, const TextPair &pair)
 {
     if (source.mark == text.mark || source.mark == EndMark::NotCompared || text.mark == EndMark::NotCompared)
         return true;
-    const auto isStopOrNone = [](EndMark mark) {
-        return mark == EndMark::None || mark == EndMark::Stop || mark == EndMark::Abbreviation;
-    };
-    if (source.mark == EndMark::Abbreviation || text.mark == EndMark::Abbreviation)
-        return isStopOrNone(source.mark) && isStopOrNone(text.mark);
+    if (source.mark == EndMark::Stop && text.mark == EndMark::None && EndsAbbreviated(source.before))
+        return true;
+    if (text.mark == EndMark::Stop && source.mark == EndMark::None && EndsAbbreviated(text.before))
+        return true;
     return (text.mark == EndMark::None && MayLack(source.mark, pair.language)) ||
            (source.mark == EndMark::None && MayLack(text.mark, pair.sourceLanguage));
 }

@@ -2,6 +2,7 @@
 #include "FileRules.h"
 
 #include "CResDoc.h"
+#include "CheckFacts.h"
 #include "FileSurvey.h"
 #include "PackCodes.h"
 #include "Paths.h"

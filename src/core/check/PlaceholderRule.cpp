@@ -121,7 +121,7 @@ QString CompareBraces(const TextPair &pair)
 
 QString PlaceholderMismatch(const TextPair &pair, const TextContext &context)
 {
-    if (!pair.IsTranslation())
+    if (!pair.IsTranslation() || HaveSamePlaceholders(pair.source, pair.text))
         return {};
     const quint32 allowed = context.Settings().placeholders;
     const quint32 features = pair.sourceFeatures | pair.features;

@@ -70,23 +70,37 @@ void TakeSize(QStringView text, qsizetype &at, PrintfPlaceholder::Argument &argu
 
 quint16 TakeLengthModifier(QStringView text, qsizetype &at)
 {
-    struct Modifier
-    {
-        QStringView letters;
-        quint16 size;
+    const auto take = [&](char16_t letter) {
+        const bool isThere = at < text.size() && text[at] == letter;
+        at += isThere ? 1 : 0;
+        return isThere;
     };
-    static constexpr Modifier MODIFIERS[] = {
-        {u"hh", LENGTH_CHAR},     {u"h", LENGTH_SHORT},      {u"ll", LENGTH_LONG_LONG}, {u"l", LENGTH_LONG},
-        {u"q", LENGTH_LONG_LONG}, {u"L", LENGTH_LONG_LONG},  {u"j", LENGTH_MAX},        {u"z", LENGTH_SIZE},
-        {u"Z", LENGTH_SIZE},      {u"t", LENGTH_DIFFERENCE},
-    };
-    for (const Modifier &modifier : MODIFIERS) {
-        if (text.sliced(at).startsWith(modifier.letters)) {
-            at += modifier.letters.size();
-            return modifier.size;
-        }
+    if (at >= text.size())
+        return 0;
+    switch (text[at++].unicode()) {
+    case u'h':
+        return take(u'h') ? LENGTH_CHAR : LENGTH_SHORT;
+    case u'l':
+        return take(u'l') ? LENGTH_LONG_LONG : LENGTH_LONG;
+    case u'q':
+    case u'L':
+        return LENGTH_LONG_LONG;
+    case u'j':
+        return LENGTH_MAX;
+    case u'z':
+    case u'Z':
+        return LENGTH_SIZE;
+    case u't':
+        return LENGTH_DIFFERENCE;
+    default:
+        --at;
+        return 0;
     }
-    return 0;
+}
+
+constexpr bool IsFlag(QChar c)
+{
+    return c == u' ' || c == u'+' || c == u'-' || c == u'#' || c == u'0' || c == u'\'';
 }
 
 /// Returns the type that a conversion takes; 0 if there is no such conversion.
@@ -179,7 +193,6 @@ void AddArgument(PrintfUse &use, const PrintfPlaceholder::Argument &argument, QS
 
 PrintfPlaceholder PrintfPlaceholderAt(QStringView text, qsizetype at)
 {
-    constexpr QStringView FLAGS = u" +-#0'";
     PrintfPlaceholder found;
     qsizetype end = at + 1;
     if (end < text.size() && text[end] == u'%') {
@@ -188,7 +201,7 @@ PrintfPlaceholder PrintfPlaceholderAt(QStringView text, qsizetype at)
         return found;
     }
     const int number = TakeArgumentNumber(text, end);
-    while (end < text.size() && FLAGS.contains(text[end]))
+    while (end < text.size() && IsFlag(text[end]))
         ++end;
     TakeSize(text, end, found.arguments[0]);
     if (end < text.size() && text[end] == u'.')
@@ -268,6 +281,66 @@ qsizetype MarkupSizeAt(QStringView text, qsizetype at, quint32 kinds)
     }
     default:
         return 0;
+    }
+}
+
+namespace
+{
+
+/// Returns whether a character can be between the "%" and the last letter.
+constexpr bool IsInsidePrintf(char16_t c)
+{
+    switch (c) {
+    case u'h':
+    case u'l':
+    case u'L':
+    case u'q':
+    case u'j':
+    case u'z':
+    case u't':
+    case u'.':
+    case u'*':
+    case u'$':
+        return true;
+    default:
+        return IsFlag(c) || IsDigit(c);
+    }
+}
+
+/// Goes to the next placeholder of any kind, or "%", that begins at `at` or behind it. Returns it without regard to
+/// what is beside it, and moves `at` behind it; empty if there is none.
+QStringView TakeWrittenPlaceholder(QStringView text, qsizetype &at)
+{
+    while (at < text.size() && text[at] != u'%' && text[at] != u'{')
+        ++at;
+    const qsizetype start = at;
+    if (at < text.size() && text[at] == u'{') {
+        while (at < text.size() && text[at] != u'}')
+            ++at;
+    } else if (at < text.size()) {
+        ++at;
+        while (at < text.size() && IsInsidePrintf(text[at].unicode()))
+            ++at;
+        const bool isEnd = at < text.size() && text[at] < u'\x7F' && (text[at].isLetter() || text[at] == u'%');
+        at += isEnd ? 1 : 0;
+        return text.sliced(start, at - start);
+    }
+    at = qMin(text.size(), at + 1);
+    return text.sliced(start, at - start);
+}
+
+} // namespace
+
+bool HaveSamePlaceholders(QStringView a, QStringView b)
+{
+    qsizetype inA = 0;
+    qsizetype inB = 0;
+    while (true) {
+        const QStringView ofA = TakeWrittenPlaceholder(a, inA);
+        if (ofA != TakeWrittenPlaceholder(b, inB))
+            return false;
+        if (ofA.isEmpty())
+            return true;
     }
 }
 

@@ -53,6 +53,10 @@ struct BracePlaceholder
 /// text; 0 if none does.
 [[nodiscard]] qsizetype MarkupSizeAt(QStringView text, qsizetype at, quint32 kinds);
 
+/// Returns whether two texts have the same placeholders, as they are written and in the same order. A fast test: if it
+/// returns false, the placeholders can still be equal in effect.
+[[nodiscard]] bool HaveSamePlaceholders(QStringView a, QStringView b);
+
 /// What a text makes printf do.
 struct PrintfUse
 {

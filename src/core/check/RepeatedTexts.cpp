@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "CResDoc.h"
 #include "CheckInput.h"
 #include "ProjectTextRules.h"
+#include "Resources.h"
 #include "RowNotes.h"
 #include "RowTexts.h"
 #include "RuleReport.h"
-#include "StringRows.h"
 #include "TextContext.h"
 #include "TextHash.h"
 
@@ -60,15 +59,13 @@ QString IdOf(const CStringRes &head)
     return QString::fromUtf8(head.Id()->name);
 }
 
-using StringRows = std::vector<const CStringRes *>;
-
-/// The rows under the hashes that `hashOf` makes of a row and its source text.
-template <typename Hash> std::vector<HashedRow> HashedBy(const StringRows &heads, qint32 source, const Hash &hashOf)
+/// The rows under the hashes that `hashOf` makes of them.
+template <typename Hash>
+std::vector<HashedRow> HashedBy(const std::vector<const CStringRes *> &heads, const Hash &hashOf)
 {
     std::vector<HashedRow> rows;
-    rows.reserve(heads.size());
     for (size_t row = 0; row < heads.size(); ++row)
-        rows.push_back({hashOf(*heads[row], SourceOf(*heads[row], source)), row});
+        rows.push_back({hashOf(*heads[row]), row});
     return rows;
 }
 
@@ -123,23 +120,18 @@ void DuplicateText(const CheckInput &input, RuleReport &report)
     const std::vector<CheckedLanguage> &languages = input.texts.Languages();
     if (languages.empty())
         return;
-    const StringRows heads = StringRowsOf(input.document);
+    const std::vector<const CStringRes *> &heads = input.repeatedRows; // only they can have all texts equal
     RowTexts first(input.texts);
     RowTexts other(input.texts);
-    // Only rows with equal source texts can be equal, so the other texts of most rows need not be looked at.
-    std::vector<HashedRow> bySource = HashedBy(heads, languages[input.texts.Source()].number,
-                                               [](const CStringRes &, QStringView source) { return qHash(source); });
-    std::vector<HashedRow> candidates;
-    VisitGroups(bySource, [&](std::span<const HashedRow> group) {
-        for (const HashedRow &row : group) {
-            first.Take(*heads[row.row]);
-            if (!first.AreEmpty())
-                candidates.push_back({first.Hash(), row.row});
-        }
+    std::vector<HashedRow> rows = HashedBy(heads, [&first](const CStringRes &head) {
+        first.Take(head);
+        return first.Hash();
     });
-    VisitGroups(candidates, [&](std::span<const HashedRow> group) {
+    VisitGroups(rows, [&](std::span<const HashedRow> group) {
         const CStringRes &original = *heads[group.front().row];
         first.Take(original);
+        if (first.AreEmpty())
+            return;
         quint64 basis = HashOf(u"");
         for (size_t i = 0; i < languages.size(); ++i)
             basis = HashOf(first[i], basis);
@@ -162,10 +154,10 @@ void InconsistentTranslation(const CheckInput &input, RuleReport &report)
     const std::vector<CheckedLanguage> &languages = input.texts.Languages();
     if (languages.empty())
         return;
-    const StringRows heads = StringRowsOf(input.document);
+    const std::vector<const CStringRes *> &heads = input.repeatedRows;
     const qint32 language = languages[input.texts.Source()].number;
     std::vector<HashedRow> rows = HashedBy(
-        heads, language, [](const CStringRes &head, QStringView source) { return qHash(source, qHash(head.text)); });
+        heads, [language](const CStringRes &head) { return qHash(SourceOf(head, language), qHash(head.text)); });
     TranslationComparison comparison(input.texts, report);
     VisitGroups(rows, [&](std::span<const HashedRow> group) {
         const CStringRes &original = *heads[group.front().row];

@@ -10,6 +10,8 @@
 #include "TextFeatures.h"
 #include "TextHash.h"
 
+#include <QHashFunctions>
+
 #include <algorithm>
 
 TextContext::TextContext(const CResModel &model, const CheckSettings &checkSettings)
@@ -100,6 +102,11 @@ void RowCheck::Check(const CStringRes &head, RuleReport &report)
     const TextLimit limit = LimitOf(head, notes);
     for (size_t i = 0; i < features.size(); ++i)
         CheckText(head, notes, limit, i, report);
+}
+
+size_t RowCheck::SourceHash() const
+{
+    return features.empty() ? 0 : qHash(texts[context.Source()]);
 }
 
 TextLimit RowCheck::LimitOf(const CStringRes &head, const RowNotes &notes)

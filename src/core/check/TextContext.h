@@ -63,6 +63,8 @@ public:
     /// Checks one row, given its record in the Description folder, and adds the findings to the report. They have no
     /// file and line yet.
     void Check(const CStringRes &head, RuleReport &report);
+    /// Returns a hash of the source text of the row that was checked last. It isn't the same on all machines.
+    [[nodiscard]] size_t SourceHash() const;
 
 private:
     void CheckText(const CStringRes &head, const RowNotes &notes, const TextLimit &limit, size_t language,

@@ -3,27 +3,10 @@
 
 #include <QChar>
 
-#include <array>
+#include <vector>
 
 namespace
 {
-
-/// The features of each character below U+0080.
-constexpr std::array<quint32, 0x80> MakeAsciiFeatures()
-{
-    std::array<quint32, 0x80> features{};
-    for (char16_t c = 0; c < 0x80; ++c) {
-        if (c < u' ' || c == 0x7F)
-            features[c] = HAS_CONTROL;
-    }
-    features[u'%'] = HAS_PERCENT;
-    features[u'{'] = features[u'}'] = HAS_BRACE;
-    features[u'\\'] = HAS_BACKSLASH;
-    for (char16_t c = u'0'; c <= u'9'; ++c)
-        features[c] = HAS_DIGIT;
-    return features;
-}
-constexpr std::array<quint32, 0x80> ASCII_FEATURES = MakeAsciiFeatures();
 
 /// Returns whether a unit is in a block of 256 that has characters, other than marks, which NFC replaces or may put
 /// together with the character before. It is a coarse test that has to be fast; ICU decides.
@@ -51,23 +34,30 @@ constexpr bool IsInBlockOfComposing(char16_t unit)
     }
 }
 
-/// The features of a character from U+0080 on.
-quint32 FeaturesOf(char16_t unit, QStringView text, qsizetype at)
+quint32 FeaturesOf(char16_t unit)
 {
+    if (unit >= u'0' && unit <= u'9')
+        return HAS_DIGIT;
+    switch (unit) {
+    case u'%':
+        return HAS_PERCENT;
+    case u'{':
+    case u'}':
+        return HAS_BRACE;
+    case u'\\':
+        return HAS_BACKSLASH;
+    default:
+        break;
+    }
     quint32 features = unit > 0xFF ? quint32(HAS_BEYOND_LATIN) : 0;
     if (IsInBlockOfComposing(unit))
         features |= MAY_BE_DECOMPOSED;
-    const QChar c(unit);
-    if (c.isSurrogate()) {
-        const bool isPair = c.isHighSurrogate() ? at + 1 < text.size() && text[at + 1].isLowSurrogate()
-                                                : at > 0 && text[at - 1].isHighSurrogate();
-        features |= MAY_BE_DECOMPOSED;
-        return isPair ? features : features | HAS_CONTROL;
-    }
-    switch (c.category()) {
+    switch (QChar::category(char32_t(unit))) {
     case QChar::Other_Control:
     case QChar::Other_Format:
         return features | HAS_CONTROL;
+    case QChar::Other_Surrogate: // half of a character that may be anything
+        return features | MAY_BE_DECOMPOSED;
     case QChar::Number_DecimalDigit:
         return features | HAS_DIGIT;
     case QChar::Mark_NonSpacing:
@@ -79,31 +69,57 @@ quint32 FeaturesOf(char16_t unit, QStringView text, qsizetype at)
     }
 }
 
+/// The features of each UTF-16 unit by itself. A table, because every unit of every text is looked up.
+const std::vector<quint16> &UnitFeatures()
+{
+    static const std::vector<quint16> features = [] {
+        std::vector<quint16> made(0x10000);
+        for (size_t unit = 0; unit < made.size(); ++unit)
+            made[unit] = quint16(FeaturesOf(char16_t(unit)));
+        return made;
+    }();
+    return features;
+}
+
+bool HasLoneSurrogate(QStringView text)
+{
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        if (!text[at].isSurrogate())
+            continue;
+        if (text[at].isLowSurrogate() || at + 1 == text.size() || !text[at + 1].isLowSurrogate())
+            return true;
+        ++at;
+    }
+    return false;
+}
+
 } // namespace
 
 quint32 FeaturesOf(QStringView text)
 {
     if (text.isEmpty())
         return IS_EMPTY;
+    const quint16 *const ofUnits = UnitFeatures().data();
     quint32 features = HAS_TEXT;
-    const char16_t *const units = text.utf16();
-    const qsizetype size = text.size();
-    for (qsizetype i = 0; i < size; ++i) {
-        const char16_t unit = units[i];
-        if (unit < 0x80) {
-            features |= ASCII_FEATURES[unit];
-            if (unit == u' ' && i > 0 && units[i - 1] == u' ')
-                features |= HAS_BLANK_PAIR;
-        } else {
-            features |= FeaturesOf(unit, text, i);
-        }
+    quint32 hasPair = 0;
+    char16_t last = 0;
+    for (const QChar c : text) {
+        const char16_t unit = c.unicode();
+        features |= ofUnits[unit];
+        hasPair |= quint32(unit == u' ') & quint32(last == u' ');
+        last = unit;
     }
+    if (hasPair)
+        features |= HAS_BLANK_PAIR;
+    if ((features & MAY_BE_DECOMPOSED) && HasLoneSurrogate(text))
+        features |= HAS_CONTROL;
     if (text.front().isSpace() || text.back().isSpace())
         features |= HAS_BLANK_EDGE;
-    qsizetype last = size - 1;
-    while (last > 0 && text[last].isSpace())
-        --last;
-    if (!text[last].isLetterOrNumber() && !text[last].isMark() && !text[last].isSurrogate())
+    QStringView inner = text;
+    while (inner.size() > 1 && inner.back().isSpace())
+        inner.chop(1);
+    const QChar end = inner.back();
+    if (!end.isLetterOrNumber() && !end.isMark() && !end.isSurrogate())
         features |= HAS_PUNCTUATION;
     return features;
 }
