@@ -71,6 +71,43 @@ bool HaveMatchingSizes(const PictureHeader &a, ScreenSize screenA, const Picture
     return GoesWith(a.width, b.width, least, most) && GoesWith(a.height, b.height, least, most);
 }
 
+/// Reports the images of an ID whose sizes don't go with the one that goes with the most others.
+void CompareSizes(const FileSurvey &survey, const ImageSet &set, RuleReport &report)
+{
+    const std::vector<CheckedScreen> &screens = survey.Screens();
+    const auto isKnown = [&set](size_t place) { return set.byScreen[place] && set.byScreen[place]->HasPicture(); };
+    const auto match = [&](size_t a, size_t b) {
+        const SurveyedFile &from = *set.byScreen[a];
+        const SurveyedFile &to = *set.byScreen[b];
+        return HaveMatchingSizes(from.picture, screens[a].size, to.picture, screens[b].size) ||
+               survey.HaveSameBytes(from, to); // perhaps of the rule "image-same-everywhere"
+    };
+    size_t reference = 0;
+    int most = 0;
+    for (size_t a = 0; a < screens.size(); ++a) {
+        int matches = 0;
+        for (size_t b = 0; isKnown(a) && b < screens.size(); ++b)
+            matches += isKnown(b) && match(a, b);
+        if (matches > most) {
+            reference = a;
+            most = matches;
+        }
+    }
+    for (size_t place = 0; place < screens.size(); ++place) {
+        if (!isKnown(place) || match(reference, place))
+            continue;
+        const PictureHeader &own = set.byScreen[place]->picture;
+        const PictureHeader &other = set.byScreen[reference]->picture;
+        report.Add(survey.About(*set.byScreen[place],
+                                u"%1 x %2 pixels on %3 don't go with %4 x %5 pixels on %6"_s.arg(own.width)
+                                    .arg(own.height)
+                                    .arg(screens[place].Name())
+                                    .arg(other.width)
+                                    .arg(other.height)
+                                    .arg(screens[reference].Name())));
+    }
+}
+
 } // namespace
 
 void ImageUnreadable(const CheckInput &input, RuleReport &report)
@@ -121,40 +158,8 @@ void ImageTooLarge(const CheckInput &input, RuleReport &report)
 void ImageSizeDiffers(const CheckInput &input, RuleReport &report)
 {
     const FileSurvey &survey = input.facts->Files(input);
-    const std::vector<CheckedScreen> &screens = survey.Screens();
-    for (const auto &[id, set] : ImageSets(survey)) {
-        const auto isKnown = [&set](size_t place) { return set.byScreen[place] && set.byScreen[place]->HasPicture(); };
-        const auto match = [&](size_t a, size_t b) {
-            const SurveyedFile &from = *set.byScreen[a];
-            const SurveyedFile &to = *set.byScreen[b];
-            return HaveMatchingSizes(from.picture, screens[a].size, to.picture, screens[b].size) ||
-                   survey.HaveSameBytes(from, to); // perhaps of the rule "image-same-everywhere"
-        };
-        size_t reference = 0; // the screen whose size goes with the most others
-        int most = -1;
-        for (size_t a = 0; a < screens.size(); ++a) {
-            int matches = 0;
-            for (size_t b = 0; isKnown(a) && b < screens.size(); ++b)
-                matches += isKnown(b) && match(a, b);
-            if (isKnown(a) && matches > most) {
-                reference = a;
-                most = matches;
-            }
-        }
-        for (size_t place = 0; most > 0 && place < screens.size(); ++place) {
-            if (!isKnown(place) || match(reference, place))
-                continue;
-            const PictureHeader &own = set.byScreen[place]->picture;
-            const PictureHeader &other = set.byScreen[reference]->picture;
-            report.Add(survey.About(*set.byScreen[place],
-                                    u"%1 x %2 pixels on %3 don't go with %4 x %5 pixels on %6"_s.arg(own.width)
-                                        .arg(own.height)
-                                        .arg(screens[place].Name())
-                                        .arg(other.width)
-                                        .arg(other.height)
-                                        .arg(screens[reference].Name())));
-        }
-    }
+    for (const auto &[id, set] : ImageSets(survey))
+        CompareSizes(survey, set, report);
 }
 
 void ImageResolutionMissing(const CheckInput &input, RuleReport &report)
