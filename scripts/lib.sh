@@ -17,7 +17,7 @@ TEST_PACKAGES="libgtest-dev libgmock-dev librapidcheck-dev python3 llvm-14 elfut
     shared-mime-info pandoc mandoc bash-completion zsh fish"
 # What the stricter checks need in addition.
 CHECK_PACKAGES="clang-14 libclang-rt-14-dev clang-format clang-tidy libbenchmark-dev binutils-arm-none-eabi gettext
-    imagemagick qt6-base-dev-tools desktop-file-utils appstream codespell"
+    imagemagick qt6-base-dev-tools desktop-file-utils appstream codespell debhelper dpkg-dev lintian"
 
 # Installs those of the given Debian packages that are missing; silent and offline if none is.
 need_packages() {

@@ -66,7 +66,7 @@ public:
         importing->add_flag("--dry-run", dryRun, "Change nothing; show what would happen to each text");
         importing->add_flag("--strict", strict, STRICT_HELP);
         stats->add_flag("--json", json, JSON_HELP);
-        codePoints->add_option("--language", languages, "Only this language, by name or number (default: all)")
+        codePoints->add_option("--language", wantedLanguages, "Only this language, by name or number (default: all)")
             ->type_name("LANGUAGE");
         codePoints->add_option("--format", format, "The form of the list: one a line, ranges, or a table in C")
             ->check(CLI::IsMember({"list", "ranges", "c"}))
@@ -110,12 +110,12 @@ private:
     int PrintCodePoints(Session &session, const CResDoc &document) const
     {
         CodePoints points;
-        std::set<std::string> unknown(languages.begin(), languages.end());
+        std::set<std::string> unknown(wantedLanguages.begin(), wantedLanguages.end());
         int rows = 0;
         for (const LanguageStats &language : StringStats(document, rows)) {
             const bool isNamed = unknown.erase(language.name.toStdString()) != 0;
             const bool isNumbered = unknown.erase(std::to_string(language.number)) != 0;
-            if (isNamed || isNumbered || languages.empty())
+            if (isNamed || isNumbered || wantedLanguages.empty())
                 points.Add(CodePointsOf(document, language.number));
         }
         for (const std::string &language : unknown)
@@ -210,7 +210,7 @@ private:
     CLI::App *exporting = nullptr;
     CLI::App *importing = nullptr;
     CLI::App *codePoints = nullptr;
-    std::vector<std::string> languages;
+    std::vector<std::string> wantedLanguages;
     std::string format = "list";
     CLI::App *stats = nullptr;
 };

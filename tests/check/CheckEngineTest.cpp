@@ -71,7 +71,7 @@ TEST(CheckSettings, EveryLineWithoutMeaningIsAFindingAtItsLine)
         EXPECT_THAT(project.Findings({"check-settings"}),
                     ElementsAre(AllOf(HasSubstr("demo/morvanite-check.ini:2 "), HasSubstr(text))));
     }
-    project.PutSettings("[check]\nSOURCE=0\nplaceholders=none\ntarget=240x320\nbudget=1\n[Font]\nde=a b.ttf 9 shaped\n"
+    project.PutSettings("[check]\nSOURCE=0\nplaceholders=none\ntarget=240x320\nbudget=1\n"
                         "[Limit]\nID_*=length 3, width 4, lines 5\n[Language]\n0=en\n[Ignore]\nid-case=ID_*\n");
     EXPECT_THAT(project.Findings({"check-settings"}), IsEmpty());
 }

@@ -48,12 +48,13 @@ TEST(LoadRules, EachFaultOfAListBelongsToOneRule)
                 ElementsAre("demo/res/demo.res.xml:3 ID_A: <FILE> is left out: another resource has the ID ID_A"));
     EXPECT_THAT(project.Findings({"element-dropped"}),
                 ElementsAre(StartsWith("demo/res/demo.res.xml:4 ID_B: <SOUND> is left out")));
-    EXPECT_THAT(project.Findings({"resolution-unlisted"}),
-                ElementsAre(HasSubstr("res.xml:5 : <RESOLUTION> is left out: the list of sizes has no 99x99")));
+    EXPECT_THAT(
+        project.Findings({"resolution-unlisted"}),
+        ElementsAre(HasSubstr("res.xml:5 : <RESOLUTION> is left out: the list of screen sizes doesn't contain 99x99")));
     EXPECT_THAT(project.Findings({"lists-unsaved"}), IsEmpty()) << "what is lost isn't told twice";
     project.screens = {{240, 320}, {100, 100}};
     EXPECT_THAT(project.Findings({"resolution-unlisted"}),
-                Contains(HasSubstr("the list of screen sizes has no 100x100")));
+                Contains(HasSubstr("the list of screen sizes doesn't contain 100x100")));
 }
 
 TEST(LoadRules, TheFormOfTheStringFile)
@@ -66,7 +67,7 @@ TEST(LoadRules, TheFormOfTheStringFile)
 
     project.PutStrings(Strings("ID_A|Normal|about|Yes|Oui\n", "3"));
     EXPECT_THAT(project.Findings({"string-file-form"}),
-                ElementsAre("demo/res/ref_list_demo.txt:2 : line 1 says that there are 3 languages, and line 2 has 2"));
+                ElementsAre("demo/res/ref_list_demo.txt:2 : line 1 says that there are 3 languages, but line 2 has 2"));
 
     const QByteArray whole = StringFileBytes(Strings("ID_A|Normal|about|Yes|Oui\n"));
     project.folder.Put("demo/res/ref_list_demo.txt", whole.sliced(2));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ImageRules.h"
 
+#include "CheckFacts.h"
 #include "FileSurvey.h"
 #include "HostFiles.h"
 #include "RuleReport.h"
@@ -58,7 +59,7 @@ bool IsFew(const PictureAlpha &alpha)
 void ImageAlphaFew(const CheckInput &input, RuleReport &report)
 {
     std::vector<AlphaOfFile> pictures;
-    for (const SurveyedFile &file : input.files->Files()) {
+    for (const SurveyedFile &file : input.facts->Files(input).Files()) {
         if (file.isImage && file.picture.hasAlpha && file.picture.fault.isEmpty())
             pictures.push_back({&file, {}});
     }
@@ -70,7 +71,7 @@ void ImageAlphaFew(const CheckInput &input, RuleReport &report)
             continue;
         const quint64 width = file->picture.width;
         const quint64 saved = (width * 4 - (width * 2 + 3) / 4 * 4) * file->picture.height;
-        report.Add(input.files->About(
+        report.Add(input.facts->Files(input).About(
             *file, u"%1 of the %2 pixels of %3 aren't opaque, and none has an alpha below %4; an opaque image needs %5 "
                    "bytes less"_s.arg(alpha.transparent)
                        .arg(alpha.pixels)

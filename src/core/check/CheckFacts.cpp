@@ -5,6 +5,7 @@
 #include "CheckInput.h"
 #include "LayoutSurvey.h"
 #include "LoadRules.h"
+#include "SortedIds.h"
 
 #include <algorithm>
 
@@ -39,9 +40,23 @@ const std::vector<Finding> &CheckFacts::LayoutFindings(const CheckInput &input)
     return *layoutFindings;
 }
 
+const FileSurvey &CheckFacts::Files(const CheckInput &input)
+{
+    if (!files)
+        files.emplace(input.document, input.screens);
+    return *files;
+}
+
 const SourceNames &CheckFacts::Sources(const CheckInput &input)
 {
     if (!sources)
         sources = ReadSources(input);
     return *sources;
+}
+
+const std::vector<IDRecord *> &CheckFacts::Ids(const CheckInput &input)
+{
+    if (!ids)
+        ids = SortedIds(input.document.ids);
+    return *ids;
 }

@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "CheckFacts.h"
 #include "CheckSettings.h"
 #include "Finding.h"
 #include "PictureAlpha.h"
 
-#include <memory>
-
+class CheckFacts;
 class CResDoc;
 class CStringRes;
-class FileSurvey;
 class TextContext;
 
 /// What a check looks at. All of it must outlive the check.
@@ -23,9 +20,8 @@ struct CheckInput
     std::vector<ScreenSize> screens;    ///< the screens that are checked; empty for all that the project uses
     /// The absolute path of a header of an earlier version, for "id-renumbered"; empty if there is none.
     QString oldHeader;
-    CountAlpha countAlpha = nullptr;   ///< for "image-alpha-few"; null if the decoders of pictures can't be loaded
-    const FileSurvey *files = nullptr; ///< the project's files, for rules; CheckProject sets it
-    std::shared_ptr<CheckFacts> facts = std::make_shared<CheckFacts>(); ///< shared by the rules
+    CountAlpha countAlpha = nullptr; ///< for "image-alpha-few"; null if the decoders of pictures can't be loaded
+    CheckFacts *facts = nullptr;     ///< what several rules look at; CheckProject sets it
     /// The rows of the string table whose source texts another row may have too (RowsWithEqualSource). CheckProject
     /// sets it for the rules.
     std::vector<const CStringRes *> repeatedRows = {};

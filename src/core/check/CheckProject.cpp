@@ -2,7 +2,7 @@
 #include "CheckProject.h"
 
 #include "CResDoc.h"
-#include "FileSurvey.h"
+#include "CheckFacts.h"
 #include "IdFinding.h"
 #include "RuleReport.h"
 #include "Rules.h"
@@ -75,9 +75,9 @@ void Sort(std::vector<Finding> &findings)
 
 std::vector<Finding> CheckProject(const CheckInput &given)
 {
-    const FileSurvey files(given.document, given.screens);
+    CheckFacts facts;
     CheckInput input = given;
-    input.files = &files;
+    input.facts = &facts;
     std::vector<Finding> findings;
     std::vector<StringRow> rows = StringRowsOf(input.document);
     CheckRows(input, rows, findings);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "CheckFacts.h"
 #include "FileRules.h"
 #include "ImageRules.h"
 
@@ -76,7 +77,7 @@ bool HaveSeveralIds(const Files &files)
 
 void DuplicateFile(const CheckInput &input, RuleReport &report)
 {
-    const FileSurvey &survey = *input.files;
+    const FileSurvey &survey = input.facts->Files(input);
     ForEachSimilar(survey, [&](const Files &similar) {
         if (!HaveSeveralIds(similar))
             return;
@@ -92,7 +93,7 @@ void DuplicateFile(const CheckInput &input, RuleReport &report)
 
 void ImageSameEverywhere(const CheckInput &input, RuleReport &report)
 {
-    const FileSurvey &survey = *input.files;
+    const FileSurvey &survey = input.facts->Files(input);
     if (survey.Screens().size() < 2)
         return;
     std::map<QString, Files> byId;

@@ -32,7 +32,7 @@ public:
         for (const CBaseRes *res : from->resources) {
             const auto &resource = static_cast<const CFileRes &>(*res);
             const bool isComponent = from->kind == KIND_COMPONENT;
-            if (isComponent && !resource.inUse)
+            if (!resource.Id() || (isComponent && !resource.inUse))
                 continue;
             SurveyedFile &file = files.emplace_back();
             file.resource = &resource;

@@ -2,6 +2,7 @@
 #include "IdRules.h"
 
 #include "CResDoc.h"
+#include "CheckFacts.h"
 #include "CheckInput.h"
 #include "FileFault.h"
 #include "HostFiles.h"
@@ -16,8 +17,6 @@
 #include "RuleReport.h"
 #include "SortedIds.h"
 #include "TextHash.h"
-
-#include <QHash>
 
 #include <algorithm>
 
@@ -43,11 +42,11 @@ bool IsAsciiName(const NarrowText &name)
 }
 
 /// Returns what is wrong with an ID; empty if nothing is.
-QString WhyInvalid(const NarrowText &name, const QString &shown)
+QString WhyInvalid(const NarrowText &name)
 {
     if (!IsAsciiName(name))
         return u"an ID has only the letters A to Z and a to z; not every compiler accepts others"_s;
-    if (!IsValidIdName(shown))
+    if (!IsValidIdName(QByteArrayView(name)))
         return u"an ID has 1 to 64 letters, digits and \"_\", and no digit at the front"_s;
     return IsKeyword(name) ? u"this is a keyword of C or C++"_s : QString();
 }
@@ -64,8 +63,8 @@ bool CanCompareSources(const CheckInput &input)
 void IdInvalid(const CheckInput &input, RuleReport &report)
 {
     const CResModel &model = input.document;
-    ForEachName(SortedIds(model.ids), [&](const IDRecord &record) {
-        const QString why = WhyInvalid(record.name, model.env.NarrowToWide(record.name));
+    ForEachName(input.facts->Ids(input), [&](const IDRecord &record) {
+        const QString why = WhyInvalid(record.name);
         if (!why.isEmpty())
             AddForId(report, model, record, why);
     });
@@ -74,16 +73,18 @@ void IdInvalid(const CheckInput &input, RuleReport &report)
 void IdCase(const CheckInput &input, RuleReport &report)
 {
     const CResModel &model = input.document;
-    QHash<QString, QString> first; // by the name in small letters
-    ForEachName(SortedIds(model.ids), [&](const IDRecord &record) {
-        const QString name = model.env.NarrowToWide(record.name);
-        QString &other = first[name.toLower()];
-        if (other.isEmpty())
-            other = name;
-        else
-            AddForId(report, model, record, u"only the case of letters differs from %1"_s.arg(other),
-                     HashOf(name, HashOf(other)));
+    std::vector<const IDRecord *> names;
+    ForEachName(input.facts->Ids(input), [&](const IDRecord &record) { names.push_back(&record); });
+    std::stable_sort(names.begin(), names.end(), [](const IDRecord *a, const IDRecord *b) {
+        return a->name.compare(b->name, Qt::CaseInsensitive) < 0;
     });
+    for (size_t i = 1; i < names.size(); ++i) {
+        if (names[i - 1]->name.compare(names[i]->name, Qt::CaseInsensitive) != 0)
+            continue;
+        const QString other = model.env.NarrowToWide(names[i - 1]->name);
+        AddForId(report, model, *names[i], u"only the case of letters differs from %1"_s.arg(other),
+                 HashOf(model.env.NarrowToWide(names[i]->name), HashOf(other)));
+    }
 }
 
 void IdUnused(const CheckInput &input, RuleReport &report)
@@ -98,7 +99,7 @@ void IdUnused(const CheckInput &input, RuleReport &report)
                     .basis = HashOf(pattern)});
     if (names.files == 0)
         return; // all IDs would be unused
-    ForEachName(SortedIds(model.ids), [&](const IDRecord &record) {
+    ForEachName(input.facts->Ids(input), [&](const IDRecord &record) {
         if (!names.used.contains(record.name) && !IsOfComponent(record))
             AddForId(report, model, record, u"no source file and no layout uses the ID"_s);
     });
@@ -129,7 +130,7 @@ void IdRenumbered(const CheckInput &input, RuleReport &report)
         return;
     }
     CResModel &model = input.document;
-    const std::vector<IDRecord *> sorted = SortedIds(model.ids);
+    const std::vector<IDRecord *> &sorted = input.facts->Ids(input);
     if (!FitInRanges(sorted))
         return;                          // "id-range"
     (void)FillSorted(model.env, sorted); // the same numbers as a save gives
@@ -150,7 +151,7 @@ void IdRenumbered(const CheckInput &input, RuleReport &report)
 void IdRangeUsedUp(const CheckInput &input, RuleReport &report)
 {
     constexpr quint32 PER_CENT = 90;
-    const std::vector<IDRecord *> sorted = SortedIds(input.document.ids);
+    const std::vector<IDRecord *> &sorted = input.facts->Ids(input);
     const auto check = [&](const IdRange &range, const QString &what) {
         const quint32 used = CountIn(range, sorted);
         if (quint64(used) * 100 < quint64(range.Size()) * PER_CENT)

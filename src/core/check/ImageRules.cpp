@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ImageRules.h"
 
+#include "CheckFacts.h"
 #include "FileSurvey.h"
 #include "ImageConversion.h"
 #include "PackCodes.h"
@@ -19,7 +20,7 @@ namespace
 /// Calls `function(file)` for each image whose file can be read and isn't too short.
 template <typename Function> void ForEachImage(const CheckInput &input, Function &&function)
 {
-    for (const SurveyedFile &file : input.files->Files()) {
+    for (const SurveyedFile &file : input.facts->Files(input).Files()) {
         if (file.isImage && file.isRegular && file.size > IMAGE_TOO_SMALL)
             function(file);
     }
@@ -70,16 +71,53 @@ bool HaveMatchingSizes(const PictureHeader &a, ScreenSize screenA, const Picture
     return GoesWith(a.width, b.width, least, most) && GoesWith(a.height, b.height, least, most);
 }
 
+/// Reports the images of an ID whose sizes don't go with the one that goes with the most others.
+void CompareSizes(const FileSurvey &survey, const ImageSet &set, RuleReport &report)
+{
+    const std::vector<CheckedScreen> &screens = survey.Screens();
+    const auto isKnown = [&set](size_t place) { return set.byScreen[place] && set.byScreen[place]->HasPicture(); };
+    const auto match = [&](size_t a, size_t b) {
+        const SurveyedFile &from = *set.byScreen[a];
+        const SurveyedFile &to = *set.byScreen[b];
+        return HaveMatchingSizes(from.picture, screens[a].size, to.picture, screens[b].size) ||
+               survey.HaveSameBytes(from, to); // perhaps of the rule "image-same-everywhere"
+    };
+    size_t reference = 0;
+    int most = 0;
+    for (size_t a = 0; a < screens.size(); ++a) {
+        int matches = 0;
+        for (size_t b = 0; isKnown(a) && b < screens.size(); ++b)
+            matches += isKnown(b) && match(a, b);
+        if (matches > most) {
+            reference = a;
+            most = matches;
+        }
+    }
+    for (size_t place = 0; place < screens.size(); ++place) {
+        if (!isKnown(place) || match(reference, place))
+            continue;
+        const PictureHeader &own = set.byScreen[place]->picture;
+        const PictureHeader &other = set.byScreen[reference]->picture;
+        report.Add(survey.About(*set.byScreen[place],
+                                u"%1 x %2 pixels on %3 don't go with %4 x %5 pixels on %6"_s.arg(own.width)
+                                    .arg(own.height)
+                                    .arg(screens[place].Name())
+                                    .arg(other.width)
+                                    .arg(other.height)
+                                    .arg(screens[reference].Name())));
+    }
+}
+
 } // namespace
 
 void ImageUnreadable(const CheckInput &input, RuleReport &report)
 {
     ForEachImage(input, [&](const SurveyedFile &file) {
         if (!file.picture.fault.isEmpty())
-            report.Add(
-                input.files->About(file, u"the image %1 can't be read: %2"_s.arg(file.stored, file.picture.fault)));
+            report.Add(input.facts->Files(input).About(
+                file, u"the image %1 can't be read: %2"_s.arg(file.stored, file.picture.fault)));
         else if (file.content == ContentKind::Unknown && NeedImageConvert(file.stored))
-            report.Add(input.files->About(
+            report.Add(input.facts->Files(input).About(
                 file, u"the image %1 doesn't begin as BMP, GIF, JPEG and PNG files do"_s.arg(file.stored)));
     });
 }
@@ -88,14 +126,15 @@ void ImageFormat(const CheckInput &input, RuleReport &report)
 {
     ForEachImage(input, [&](const SurveyedFile &file) {
         if (file.content == ContentKind::WebP || file.content == ContentKind::Svg) {
-            report.Add(input.files->About(file, u"the format of the image %1 is %2, which can't be converted"_s.arg(
-                                                    file.stored, NameOf(file.content))));
+            report.Add(input.facts->Files(input).About(
+                file, u"the format of the image %1 is %2, which can't be converted"_s.arg(file.stored,
+                                                                                          NameOf(file.content))));
             return;
         }
         // A pack can leave images as they are, unless they are of type Push.
         const bool isConverted = file.content == ContentKind::DeviceImage && !file.resource->Id()->push;
         if (!NeedImageConvert(file.stored) && !isConverted)
-            report.Add(input.files->About(
+            report.Add(input.facts->Files(input).About(
                 file, u"the name %1 ends neither in bmp nor in gif, jpg or png, so it can't be converted"_s.arg(
                           FileName(file.stored))));
     });
@@ -104,69 +143,37 @@ void ImageFormat(const CheckInput &input, RuleReport &report)
 void ImageTooLarge(const CheckInput &input, RuleReport &report)
 {
     ForEachImage(input, [&](const SurveyedFile &file) {
-        const CheckedScreen *const screen = input.files->ScreenOf(file);
+        const CheckedScreen *const screen = input.facts->Files(input).ScreenOf(file);
         if (!screen || !file.HasPicture() || !file.picture.fault.isEmpty())
             return;
         if (file.picture.width > quint32(screen->size.width) || file.picture.height > quint32(screen->size.height))
-            report.Add(
-                input.files->About(file, u"the image %1 has %2 x %3 pixels, more than the screen %4"_s.arg(file.stored)
-                                             .arg(file.picture.width)
-                                             .arg(file.picture.height)
-                                             .arg(screen->Name())));
+            report.Add(input.facts->Files(input).About(
+                file, u"the image %1 has %2 x %3 pixels, more than the screen %4"_s.arg(file.stored)
+                          .arg(file.picture.width)
+                          .arg(file.picture.height)
+                          .arg(screen->Name())));
     });
 }
 
 void ImageSizeDiffers(const CheckInput &input, RuleReport &report)
 {
-    const FileSurvey &survey = *input.files;
-    const std::vector<CheckedScreen> &screens = survey.Screens();
-    for (const auto &[id, set] : ImageSets(survey)) {
-        const auto isKnown = [&set](size_t place) { return set.byScreen[place] && set.byScreen[place]->HasPicture(); };
-        const auto match = [&](size_t a, size_t b) {
-            const SurveyedFile &from = *set.byScreen[a];
-            const SurveyedFile &to = *set.byScreen[b];
-            return HaveMatchingSizes(from.picture, screens[a].size, to.picture, screens[b].size) ||
-                   survey.HaveSameBytes(from, to); // perhaps of the rule "image-same-everywhere"
-        };
-        size_t reference = 0; // the screen whose size goes with the most others
-        int most = -1;
-        for (size_t a = 0; a < screens.size(); ++a) {
-            int matches = 0;
-            for (size_t b = 0; isKnown(a) && b < screens.size(); ++b)
-                matches += isKnown(b) && match(a, b);
-            if (isKnown(a) && matches > most) {
-                reference = a;
-                most = matches;
-            }
-        }
-        for (size_t place = 0; most > 0 && place < screens.size(); ++place) {
-            if (!isKnown(place) || match(reference, place))
-                continue;
-            const PictureHeader &own = set.byScreen[place]->picture;
-            const PictureHeader &other = set.byScreen[reference]->picture;
-            report.Add(survey.About(*set.byScreen[place],
-                                    u"%1 x %2 pixels on %3 don't go with %4 x %5 pixels on %6"_s.arg(own.width)
-                                        .arg(own.height)
-                                        .arg(screens[place].Name())
-                                        .arg(other.width)
-                                        .arg(other.height)
-                                        .arg(screens[reference].Name())));
-        }
-    }
+    const FileSurvey &survey = input.facts->Files(input);
+    for (const auto &[id, set] : ImageSets(survey))
+        CompareSizes(survey, set, report);
 }
 
 void ImageResolutionMissing(const CheckInput &input, RuleReport &report)
 {
-    const std::vector<CheckedScreen> &screens = input.files->Screens();
-    for (const auto &[id, set] : ImageSets(*input.files)) {
+    const std::vector<CheckedScreen> &screens = input.facts->Files(input).Screens();
+    for (const auto &[id, set] : ImageSets(input.facts->Files(input))) {
         QStringList missing;
         for (size_t place = 0; place < screens.size(); ++place) {
             if (!set.byScreen[place])
                 missing.append(screens[place].Name());
         }
         if (!missing.isEmpty())
-            report.Add(
-                input.files->About(*set.first, u"there is an image for %1, but none for %2"_s.arg(
-                                                   input.files->ScreenOf(*set.first)->Name(), missing.join(u", "_s))));
+            report.Add(input.facts->Files(input).About(
+                *set.first, u"there is an image for %1, but none for %2"_s.arg(
+                                input.facts->Files(input).ScreenOf(*set.first)->Name(), missing.join(u", "_s))));
     }
 }

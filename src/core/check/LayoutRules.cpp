@@ -3,6 +3,7 @@
 
 #include "CLayoutRes.h"
 #include "CResDoc.h"
+#include "CheckFacts.h"
 #include "CheckInput.h"
 #include "Environment.h"
 #include "LayoutFrames.h"

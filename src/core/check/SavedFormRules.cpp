@@ -2,6 +2,7 @@
 #include "SavedFormRules.h"
 
 #include "CResDoc.h"
+#include "CheckFacts.h"
 #include "CheckInput.h"
 #include "HostFiles.h"
 #include "IDGen.h"
@@ -11,7 +12,6 @@
 #include "ProjectContext.h"
 #include "ProjectLayouts.h"
 #include "RuleReport.h"
-#include "SortedIds.h"
 #include "StringFile.h"
 
 #include <algorithm>
@@ -38,10 +38,10 @@ bool HasControlCharacter(const NarrowText &name)
 }
 
 /// Returns whether a save would write headers, and could number all IDs.
-bool CanMakeHeaders(const CResDoc &document)
+bool CanMakeHeaders(const CheckInput &input)
 {
-    const std::vector<IDRecord *> sorted = SortedIds(document.ids);
-    return MissingLayouts(document).isEmpty() && FitInRanges(sorted) &&
+    const std::vector<IDRecord *> &sorted = input.facts->Ids(input);
+    return MissingLayouts(input.document).isEmpty() && FitInRanges(sorted) &&
            std::none_of(sorted.begin(), sorted.end(),
                         [](const IDRecord *record) { return HasControlCharacter(record->name); });
 }
@@ -59,7 +59,7 @@ void Compare(const QString &file, const QByteArray &saved, qsizetype width, cons
 void HeaderStale(const CheckInput &input, RuleReport &report)
 {
     CResDoc &document = input.document;
-    if (!CanMakeHeaders(document))
+    if (!CanMakeHeaders(input))
         return; // other rules tell why
     const QString folder = document.env.settings.String("Path", "header_output", ".\\ResID");
     std::vector<GeneratedHeader> headers;
