@@ -17,7 +17,7 @@ namespace
 
 constexpr char ROWS[] = "Number of Language|2\nString ID|Resource Type|Description|English(0)|Français(1)\n"
                         "ID_A|Normal|about|Yes|\n"
-                        "ID_B|Normal|a row [note]|Two  blanks|Deux  blancs\n"
+                        "ID_B|Normal|a row [note]|Two  blanks|Deux blancs.\n"
                         "ID_C|Normal|note [ignore:translation-missing, ignore: double-blank]|Two  blanks|\n"
                         "##number|3\n";
 
@@ -97,14 +97,14 @@ TEST(CheckEngine, FindingsAreInTheOrderOfTheirPlacesAndHaveColumns)
     CheckedRows project;
     project.PutSettings("[Severity]\nduplicate-text=off\ninconsistent-translation=off\n");
     EXPECT_THAT(project.PlacesOfTexts(),
-                ElementsAre("3:23 ID_A translation-missing", "4:26 ID_B double-blank", "4:38 ID_B double-blank"));
+                ElementsAre("3:23 ID_A translation-missing", "4:26 ID_B double-blank", "4:38 ID_B end-punctuation"));
     project.PutSettings("[Severity]\nduplicate-text=off\ninconsistent-translation=off\ndouble-blank=off\n"
-                        "translation-missing=error\n");
+                        "translation-missing=error\nend-punctuation=off\n");
     const std::vector<Finding> findings = OnlyOfTexts(project.Check());
     EXPECT_THAT(Places(findings), ElementsAre("3:23 ID_A translation-missing"));
     EXPECT_EQ(findings.front().severity, Severity::Error);
     project.PutSettings("[Ignore]\ntranslation-missing=ID_A*, ID_X\ndouble-blank=*\nduplicate-text=*\n"
-                        "inconsistent-translation=*\n");
+                        "inconsistent-translation=*\nend-punctuation=ID_B\n");
     EXPECT_THAT(project.PlacesOfTexts(), IsEmpty());
 }
 
