@@ -52,7 +52,6 @@ TEST(CheckSettings, EveryLineWithoutMeaningIsAFindingAtItsLine)
         {"[Check]\nsources=English", "has the keys"},
         {"[Check]\nplaceholders=printf, curly", "\"curly\" is no kind"},
         {"[Check]\ntarget=240x320, large", "\"large\" isn't the size"},
-        {"[Check]\nbudget=-1", "number of bytes"},
         {"[Severity]\nno-such-rule=off", "no rule"},
         {"[Severity]\nfile-missing=Fatal", "off, note, warning or error"},
         {"[Ignore]\nno-such-rule=ID_A", "no rule"},
@@ -71,7 +70,7 @@ TEST(CheckSettings, EveryLineWithoutMeaningIsAFindingAtItsLine)
         EXPECT_THAT(project.Findings({"check-settings"}),
                     ElementsAre(AllOf(HasSubstr("demo/morvanite-check.ini:2 "), HasSubstr(text))));
     }
-    project.PutSettings("[check]\nSOURCE=0\nplaceholders=none\ntarget=240x320\nbudget=1\n"
+    project.PutSettings("[check]\nSOURCE=0\nplaceholders=none\ntarget=240x320\n"
                         "[Limit]\nID_*=length 3, width 4, lines 5\n[Language]\n0=en\n[Ignore]\nid-case=ID_*\n");
     EXPECT_THAT(project.Findings({"check-settings"}), IsEmpty());
 }
