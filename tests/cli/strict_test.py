@@ -38,7 +38,23 @@ class Strict(DemoProject):
         settings = self.dir / 'own/morvanite/Morvanite.ini'
         settings.parent.mkdir(parents=True)
         settings.write_text('[Path]\nreso_set=nowhere.ini\n')
-        self.change('config.xml', '<zxa>', '\n<!--\n    def test_names_a_missing_file_of_the_program(self):
+        self.change('config.xml', '<zxa>', '\n<!--\n<<<<<<< HEAD\n--><zxa>')
+        for arguments in commands:
+            self.assert_refused(arguments, 'config.xml:3: the line begins with "<<<<<<<"')
+            self.assert_refused((*arguments, '--settings', 'own'), 'nowhere.ini: there is no list of screen sizes')
+        for command in ('load', 'save'):  # these continue, and report it
+            status, _, err = self.run_cli(command, self.project, '--settings', 'own')
+            self.assertTrue(status == 0 and 'config.xml:3: ' in err and 'nowhere.ini' in err, err)
+        self.assertNotIn('nowhere.ini', self.run_cli('load', self.project)[2], 'the settings are for one command')
+        self.change('config.xml', '<<<<<<< HEAD', '')
+        self.change('res/demo.res.xml', '<STRING>', '<NEWS/><STRING>')
+        for arguments in commands:
+            self.assert_refused(arguments, 'res/demo.res.xml:3: <NEWS> is left out')
+        self.assertTrue(self.assert_refused(commands[0]).endswith('\r\n\r\nload done\r\n'), 'the report is unchanged')
+        for folder in ('nobody', 'logo.png', ''):
+            self.assert_refused(('load', self.project, '--settings', folder), '--settings', 'no such folder', status=2)
+
+    def test_names_a_missing_file_of_the_program(self):
         program = self.dir / 'program'
         program.mkdir()
         self.env['MORVANITE_PROGRAM_DIR'] = str(program)
