@@ -86,6 +86,14 @@ def string_table(folder, rows, po_folder):
     return paths
 
 
+def text_rules():
+    """Returns the rules about texts that are on by default, as docs/checks.md lists them."""
+    with open(os.path.join(os.path.dirname(os.path.abspath(__file__)), '..', 'docs', 'checks.md'), encoding='utf-8') as page:
+        section = page.read().split('\n### Texts\n')[1].split('\n### ')[0]
+    rows = [[cell.strip(' `') for cell in line.split('|')] for line in section.split('\n') if line.startswith('| `')]
+    return [row[1] for row in rows if row[2] != 'off']
+
+
 def true_string_table(folder, rows):
     """Makes a project's string file of the true texts of devices in 12 languages, each with its row's number in front."""
     source = os.path.join(os.path.dirname(os.path.abspath(__file__)), '..', 'tests', 'check', 'true_texts.txt')

@@ -66,10 +66,9 @@ bool HasWord(QStringView list, QStringView word)
     return false;
 }
 
-EndMark MarkOf(QChar c, const CheckedLanguage &language)
+/// Returns what a character means in some languages only; `other` in all others.
+EndMark MarkOf(QChar c, const CheckedLanguage &language, EndMark other)
 {
-    if (c.isLetterOrNumber())
-        return EndMark::None;
     const QStringView primary = language.Primary();
     for (const MarkRow &row : MARKS) {
         if (c != QChar(row.unit))
@@ -78,6 +77,11 @@ EndMark MarkOf(QChar c, const CheckedLanguage &language)
         if (isAnyones || (!primary.isEmpty() && HasWord(row.languages, primary)))
             return row.mark;
     }
+    return other;
+}
+
+EndMark MarkOf(QChar c, const CheckedLanguage &language)
+{
     switch (c.unicode()) {
     case u'.':
         return EndMark::Stop;
@@ -90,9 +94,9 @@ EndMark MarkOf(QChar c, const CheckedLanguage &language)
     case u'?':
         return EndMark::Question;
     case u':':
-        return EndMark::Colon;
+        return MarkOf(c, language, EndMark::Colon);
     case u';':
-        return EndMark::Semicolon;
+        return MarkOf(c, language, EndMark::Semicolon);
     case u',':
         return EndMark::Comma;
     case u')':
@@ -103,7 +107,7 @@ EndMark MarkOf(QChar c, const CheckedLanguage &language)
     case u'〕':
         return EndMark::NotCompared;
     default:
-        return EndMark::None;
+        return c < u'\x80' || c.isLetterOrNumber() ? EndMark::None : MarkOf(c, language, EndMark::None);
     }
 }
 

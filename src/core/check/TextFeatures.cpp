@@ -119,7 +119,7 @@ quint32 FeaturesOf(QStringView text)
     while (inner.size() > 1 && inner.back().isSpace())
         inner.chop(1);
     const QChar end = inner.back();
-    if (!end.isLetterOrNumber() && !end.isMark() && !end.isSurrogate())
+    if (!end.isLetterOrNumber() && (end < u'\x80' || (!end.isMark() && !end.isSurrogate())))
         features |= HAS_PUNCTUATION;
     return features;
 }
