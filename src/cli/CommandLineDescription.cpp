@@ -15,7 +15,7 @@ std::vector<std::string> FirstNames(const std::set<CLI::Option *> &options)
 {
     std::vector<std::string> names;
     for (const CLI::Option *option : options)
-        names.push_back(CommandLine::NamesOf(*option).front());
+        names.push_back(option->get_positional() ? option->get_single_name() : CommandLine::NamesOf(*option).front());
     std::sort(names.begin(), names.end());
     return names;
 }

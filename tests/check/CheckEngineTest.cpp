@@ -17,7 +17,7 @@ namespace
 
 constexpr char ROWS[] = "Number of Language|2\nString ID|Resource Type|Description|English(0)|Français(1)\n"
                         "ID_A|Normal|about|Yes|\n"
-                        "ID_B|Normal|a row [note]|Two  blanks|Deux  blancs\n"
+                        "ID_B|Normal|a row [note]|Two  blanks|Deux blancs.\n"
                         "ID_C|Normal|note [ignore:translation-missing, ignore: double-blank]|Two  blanks|\n"
                         "##number|3\n";
 
@@ -52,7 +52,6 @@ TEST(CheckSettings, EveryLineWithoutMeaningIsAFindingAtItsLine)
         {"[Check]\nsources=English", "has the keys"},
         {"[Check]\nplaceholders=printf, curly", "\"curly\" is no kind"},
         {"[Check]\ntarget=240x320, large", "\"large\" isn't the size"},
-        {"[Check]\nbudget=-1", "number of bytes"},
         {"[Severity]\nno-such-rule=off", "no rule"},
         {"[Severity]\nfile-missing=Fatal", "off, note, warning or error"},
         {"[Ignore]\nno-such-rule=ID_A", "no rule"},
@@ -71,7 +70,7 @@ TEST(CheckSettings, EveryLineWithoutMeaningIsAFindingAtItsLine)
         EXPECT_THAT(project.Findings({"check-settings"}),
                     ElementsAre(AllOf(HasSubstr("demo/morvanite-check.ini:2 "), HasSubstr(text))));
     }
-    project.PutSettings("[check]\nSOURCE=0\nplaceholders=none\ntarget=240x320\nbudget=1\n"
+    project.PutSettings("[check]\nSOURCE=0\nplaceholders=none\ntarget=240x320\n"
                         "[Limit]\nID_*=length 3, width 4, lines 5\n[Language]\n0=en\n[Ignore]\nid-case=ID_*\n");
     EXPECT_THAT(project.Findings({"check-settings"}), IsEmpty());
 }
@@ -96,14 +95,15 @@ TEST(CheckEngine, FindingsAreInTheOrderOfTheirPlacesAndHaveColumns)
 {
     CheckedRows project;
     project.PutSettings("[Severity]\nduplicate-text=off\ninconsistent-translation=off\n");
-    EXPECT_THAT(project.PlacesOfTexts(), ElementsAre("3:23 ID_A translation-missing", "4:26 ID_B double-blank"));
+    EXPECT_THAT(project.PlacesOfTexts(),
+                ElementsAre("3:23 ID_A translation-missing", "4:26 ID_B double-blank", "4:38 ID_B end-punctuation"));
     project.PutSettings("[Severity]\nduplicate-text=off\ninconsistent-translation=off\ndouble-blank=off\n"
-                        "translation-missing=error\n");
+                        "translation-missing=error\nend-punctuation=off\n");
     const std::vector<Finding> findings = OnlyOfTexts(project.Check());
     EXPECT_THAT(Places(findings), ElementsAre("3:23 ID_A translation-missing"));
     EXPECT_EQ(findings.front().severity, Severity::Error);
     project.PutSettings("[Ignore]\ntranslation-missing=ID_A*, ID_X\ndouble-blank=*\nduplicate-text=*\n"
-                        "inconsistent-translation=*\n");
+                        "inconsistent-translation=*\nend-punctuation=ID_B\n");
     EXPECT_THAT(project.PlacesOfTexts(), IsEmpty());
 }
 

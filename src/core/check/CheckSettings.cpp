@@ -77,10 +77,8 @@ QString ReadCheckKey(CheckSettings &settings, const QString &key, const QString 
         return ReadPlaceholders(settings, value);
     else if (name == u"target"_s)
         return ReadTarget(settings, value);
-    else if (name != u"budget"_s)
-        return u"section Check has the keys source, placeholders, target and budget"_s;
-    else if (!ReadCount(value, settings.budget))
-        return u"the budget is a number of bytes above 0, not \"%1\""_s.arg(value);
+    else
+        return u"section Check has the keys source, placeholders and target"_s;
     return {};
 }
 

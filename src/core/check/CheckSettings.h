@@ -53,7 +53,6 @@ struct CheckSettings
     QString source; ///< the source language as it was written: a name, a number or a code; empty for the first language
     quint32 placeholders = PLACEHOLDERS_PRINTF | PLACEHOLDERS_BRACES | PLACEHOLDERS_NUMBERED;
     std::vector<ScreenSize> target;       ///< the screens that are built for; empty for all that the project uses
-    qint64 budget = 0;                    ///< the largest payload in bytes; 0 for no limit
     std::vector<RuleLevel> levels;        ///< by the index of the rule
     std::vector<QStringList> ignored;     ///< by the index of the rule: patterns of IDs
     QStringList sourceFiles;              ///< patterns of the files that use the IDs, relative to the project's folder

@@ -26,7 +26,6 @@ enum class RuleGroup : quint8
     Files,
     Images,
     Layouts,
-    Payload,
     Check, ///< the settings and the baseline of the check itself
 };
 

@@ -224,8 +224,6 @@ constexpr Rule RULES[] = {
      "All or a part of the component can't be seen. Components in it are not reported again. Move it or make it "
      "smaller.",
      nullptr, 0, LayoutOutside},
-    {"payload-budget", Payload, Error, "the payload is larger than the budget",
-     "The key budget of section Check, or --budget, is the largest size in bytes. The largest resources are named."},
     {"check-settings", RuleGroup::Check, Error, "a line of morvanite-check.ini has no meaning",
      "A section, a key or a value isn't known, so it has no effect."},
     {"baseline-line", RuleGroup::Check, Error, "a line of the baseline can't be read",
