@@ -42,7 +42,44 @@ std::vector<std::string> Reasons(TestProject &project)
 TEST(ConflictMarkers, AreFoundAtLineStartsIn8BitAndUtf16Text)
 {
     const TestProject project;
-    EXPECT_EQ(Markers(project, "    constexpr char NO_ID[] =
+    EXPECT_EQ(Markers(project, "<<<<<<< HEAD\na\r\n=======\r\nb\n>>>>>>> x"), "1<<<<<<< 3======= 5>>>>>>> ");
+    EXPECT_EQ(Markers(project, "\xEF\xBB\xBF<<<<<<< HEAD\n||||||| base\n======="), "1<<<<<<< 2||||||| 3======= ");
+    EXPECT_EQ(Markers(project, Utf16(u"<<<<<<< HEAD\r\n\u0A0A\u0A00\n======= \r\n>>>>>>> x\r\n"_s)),
+              "1<<<<<<< 3======= 4>>>>>>> ");
+    EXPECT_EQ(Markers(project, Utf16(u"a\r\nb\r"_s) + "\n<<<<<<< HEAD\n" + QByteArray(1, '\0')), "2<<<<<<< ")
+        << "single bytes behind the first half of a line feed";
+    EXPECT_EQ(Markers(project, "========\n <<<<<<< x\n<<<<<<<\n<<<<<<x \n>>>>>>>x\n<!-- ======= -->\n<<<<<< <"), "");
+    EXPECT_EQ(Markers(project, ""), "");
+    EXPECT_TRUE(FindConflictMarkers(project.folder.Path("nowhere")).empty());
+}
+
+TEST(ConflictMarkers, AreFoundAcrossReadBuffers)
+{
+    const TestProject project;
+    for (int before = 256 * 1024 - 20; before < 256 * 1024 + 4; ++before) {
+        const QByteArray line(before - 1, 'a');
+        EXPECT_EQ(Markers(project, line + "\n<<<<<<< x\n"), "2<<<<<<< ") << before;
+        EXPECT_EQ(Markers(project, Utf16(QString(before / 2 - 2, u'a') + u"\n=======\r\n"_s)), "2======= ") << before;
+    }
+}
+
+TEST(OpeningCheck, ReportsEverythingLeftOutWithFileAndLine)
+{
+    TestProject project("<APP>\n"
+                        "<FILE/>\n"
+                        "<FILE id=\"1BAD\"/>\n"
+                        "<IMAGE/>\n"
+                        "<IMAGE id=\"ID_A\"/><IMAGE id=\"ID_A\"/>\n"
+                        "<SOUND/>\n"
+                        "<RESOLUTION class=\"image\"/>\n"
+                        "<RESOLUTION width=\"9\" height=\"9\"><IMAGE id=\"ID_B\"/></RESOLUTION>\n"
+                        "<RESOLUTION width=\"176\" height=\"220\" class=\"image\">\n<LAYOUT>l</LAYOUT></RESOLUTION>\n"
+                        "<COMPONENT/>\n"
+                        "<COMPONENT id=\"x\"/>\n"
+                        "<STRING/>\n"
+                        "<STRING>res\\ref_list_demo.txt</STRING>\n</APP>");
+    project.folder.Put("demo/res/ref_list_demo.txt", TestProject::StringTable({"ID_S", "1BAD"}));
+    constexpr char NO_ID[] =
         "\"1BAD\" is not a valid ID: an ID has 1 to 64 letters, digits and \"_\", and doesn't begin with a digit";
     EXPECT_EQ(
         Reasons(project),
@@ -61,7 +98,7 @@ TEST(ConflictMarkers, AreFoundAtLineStartsIn8BitAndUtf16Text)
             std::string("res/ref_list_demo.txt:4: ") + NO_ID,
             "res/ref_list_demo.txt:4: the row of 1BAD with all its texts is left out: a resource of another kind has "
             "that ID"}));
-    EXPECT_EQ(project.env->DroppedCount, 12) << "what is in an element counts too";
+    EXPECT_EQ(project.env->DroppedCount, 12) << "the content of an element counts too";
     project.folder.Put("demo/res/demo.res.xml", "<APP><IMAGE id=\"ID_A\">missing</IMAGE></APP>");
     EXPECT_THAT(Reasons(project), testing::IsEmpty());
     EXPECT_EQ(project.env->DroppedCount, 0) << "a file that isn't there is kept in the list";
