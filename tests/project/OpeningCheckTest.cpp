@@ -98,7 +98,7 @@ TEST(OpeningCheck, ReportsEverythingLeftOutWithFileAndLine)
             std::string("res/ref_list_demo.txt:4: ") + NO_ID,
             "res/ref_list_demo.txt:4: the row of 1BAD with all its texts is left out: a resource of another kind has "
             "that ID"}));
-    EXPECT_EQ(project.env->DroppedCount, 12) << "what is in an element counts too";
+    EXPECT_EQ(project.env->DroppedCount, 12) << "the content of an element counts too";
     project.folder.Put("demo/res/demo.res.xml", "<APP><IMAGE id=\"ID_A\">missing</IMAGE></APP>");
     EXPECT_THAT(Reasons(project), testing::IsEmpty());
     EXPECT_EQ(project.env->DroppedCount, 0) << "a file that isn't there is kept in the list";

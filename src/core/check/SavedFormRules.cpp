@@ -47,7 +47,7 @@ bool CanMakeHeaders(const CheckInput &input)
 }
 
 /// Compares a file with the bytes that a save would write. A file that doesn't exist isn't out of date.
-void Compare(const QString &file, const QByteArray &saved, qsizetype width, const QString &text, RuleReport &report)
+void Compare(const QString &file, QByteArrayView saved, qsizetype width, const QString &text, RuleReport &report)
 {
     QByteArray bytes;
     if (ReadFile(file, bytes) == 0 && bytes != saved)
@@ -81,6 +81,9 @@ void ListsUnsaved(const CheckInput &input, RuleReport &report)
     const ProjectPaths paths(document.PathName(), document.env);
     Compare(paths.Absolute(paths.ResourcePath()), MakeResourceList(document), 1, text, report);
     const CResFolder *const strings = document.root.FindFolder(KIND_STRINGS, 2);
-    if (strings && !strings->subfolders.empty())
-        Compare(paths.Absolute(paths.StringPath()), MakeStringFile(document), sizeof(QChar), text, report);
+    if (!strings || strings->subfolders.empty())
+        return;
+    const QString saved = MakeStringFile(document);
+    const QByteArrayView bytes(reinterpret_cast<const char *>(saved.constData()), saved.size() * sizeof(QChar));
+    Compare(paths.Absolute(paths.StringPath()), bytes, sizeof(QChar), text, report);
 }

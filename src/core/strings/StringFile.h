@@ -14,5 +14,5 @@ class CResModel;
 /// On failure the old file is unchanged.
 [[nodiscard]] int WriteStringFile(const QString &path, CResModel &document);
 
-/// Returns the bytes that WriteStringFile writes; empty when there would be too many for a file.
-[[nodiscard]] QByteArray MakeStringFile(const CResModel &document);
+/// Returns the text that WriteStringFile writes, with its mark; empty when it would be too large for a file.
+[[nodiscard]] QString MakeStringFile(const CResModel &document);

@@ -138,7 +138,7 @@ bool FellShort(int error)
 
 int WriteStringFile(const QString &path, CResModel &document)
 {
-    const QString text = StringFileText(document).Make();
+    const QString text = MakeStringFile(document);
     const auto *bytes = reinterpret_cast<const char *>(text.constData());
     const int error =
         text.isEmpty() ? EFBIG
@@ -154,8 +154,7 @@ int WriteStringFile(const QString &path, CResModel &document)
     return CANT_OPEN;
 }
 
-QByteArray MakeStringFile(const CResModel &document)
+QString MakeStringFile(const CResModel &document)
 {
-    const QString text = StringFileText(document).Make();
-    return {reinterpret_cast<const char *>(text.constData()), text.size() * qsizetype(sizeof(QChar))};
+    return StringFileText(document).Make();
 }
