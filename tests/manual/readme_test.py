@@ -22,6 +22,7 @@ def check_commands(tree, programs):
     with tempfile.TemporaryDirectory() as work:
         for name in ('sample', 'cmake', 'device'):
             shutil.copytree(tree / name, pathlib.Path(work) / name, ignore=shutil.ignore_patterns('ResID'))
+        shutil.copy(tree / 'CMakeLists.txt', work)  # has the version
         (pathlib.Path(work) / 'show_title.c').write_text('\n'.join(re.findall(r'^```c\n(.*?)^```', text, re.M | re.S)))
         environment = {name: value for name, value in os.environ.items() if name not in ('MAKEFLAGS', 'CMAKE_GENERATOR')}
         environment.update(PATH='%s:%s' % (programs, os.environ['PATH']), XDG_CONFIG_HOME=work, XDG_STATE_HOME=work)

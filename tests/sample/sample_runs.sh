@@ -8,7 +8,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 unset MAKEFLAGS MFLAGS CMAKE_GENERATOR
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-cp -r "$repository"/{sample,cmake,device} "$work"
+cp -r "$repository"/{sample,cmake,device,CMakeLists.txt} "$work"
 cd "$work"
 rm -rf sample/ResID
 cp -r sample before

@@ -149,8 +149,7 @@ int StringFileReader::ReadColumns(int languages)
                     QStringLiteral("line 1 says that there are %1 languages, but line 2 has %2").arg(languages).arg(i);
             Finding finding = About("strings.language-unknown", Severity::Error);
             finding.text = problem;
-            document.env.Report(finding, "language \"%s\" is unrecognized.",
-                                Shown(name).constData());
+            document.env.Report(finding, "language \"%s\" is unrecognized.", Shown(name).constData());
             return UNKNOWN_LANGUAGE;
         }
         columns.push_back(&folders.Ensure(number, name));
