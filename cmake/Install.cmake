@@ -91,7 +91,7 @@ configure_package_config_file(cmake/MorvaniteConfig.cmake.in package/MorvaniteCo
 # Independent of the processor: a firmware's word size isn't that of the programs.
 write_basic_package_version_file(package/MorvaniteConfigVersion.cmake COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
 install(FILES ${CMAKE_BINARY_DIR}/package/MorvaniteConfig.cmake ${CMAKE_BINARY_DIR}/package/MorvaniteConfigVersion.cmake
-    cmake/Morvanite.cmake cmake/MorvanitePackage.cmake cmake/MorvaniteRun.cmake
+    cmake/Morvanite.cmake cmake/MorvaniteCheck.cmake cmake/MorvanitePackage.cmake cmake/MorvaniteRun.cmake
     DESTINATION ${MORVANITE_INSTALL_PACKAGE} COMPONENT device)
 
 # The documents, with the folders that their links lead to.

@@ -10,7 +10,8 @@
 #       [SETTINGS <folder>]         the folder of settings of the project's own, <folder>/morvanite/Morvanite.ini; the
 #                                   user's settings are then not read
 #       [CONVERT_IMAGES]            pack the images in the device's format, and pack the preview pictures
-#       [VER <n>])                  a version number for the log of the pack
+#       [VER <n>]                   a version number for the log of the pack
+#       [CHECK error|warning|note]) check the project before each pack, and fail for a finding of this level or above
 #
 # The headers are generated before <target> is compiled, into a folder of the build that is added to its include path. The
 # target <target>_packed writes the packed file and is built by default. Nothing is written into the project.
@@ -20,6 +21,7 @@
 cmake_minimum_required(VERSION 3.20)
 
 set(MORVANITE_CMAKE_DIR ${CMAKE_CURRENT_LIST_DIR})
+include(${MORVANITE_CMAKE_DIR}/MorvaniteCheck.cmake)
 
 # Finds the program's folder and the folder with the settings that have precedence over the program's.
 function(_morvanite_folders program_result config_result settings)
@@ -136,7 +138,7 @@ function(_morvanite_headers_target result project settings state)
 endfunction()
 
 function(morvanite_pack target)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "CONVERT_IMAGES" "PROJECT;RESOLUTION;TARGET;OUTPUT;HEADER;LISTS;SETTINGS;VER" "")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "CONVERT_IMAGES" "PROJECT;RESOLUTION;TARGET;OUTPUT;HEADER;LISTS;SETTINGS;VER;CHECK" "")
     if(NOT TARGET ${target})
         message(FATAL_ERROR "morvanite_pack: ${target} is not a target; call morvanite_pack after add_executable")
     elseif(TARGET ${target}_packed)
@@ -200,12 +202,21 @@ function(morvanite_pack target)
     # A pack searches for these files, so a pack is also needed when one of them is added or removed.
     file(GLOB found CONFIGURE_DEPENDS ${folder}/preview.lst ${folder}/${name}_res.lst ${folder}/AppLogo.img
         ${folder}/morvanite.ini)
+    set(check "")
+    if(arg_CHECK)
+        _morvanite_check_level("morvanite_pack(${target})" CHECK "${arg_CHECK}")
+        _morvanite_check_command(check_command ${project} "${settings}" ${arg_CHECK} --resolution ${arg_RESOLUTION})
+        set(check COMMAND ${check_command})
+        file(GLOB check_settings CONFIGURE_DEPENDS ${folder}/morvanite-check.ini)
+        list(APPEND found ${check_settings})
+    endif()
     _morvanite_program_files(program_files "${settings}")
     _morvanite_run(command "${settings}" ${target}_packed ${state}/${target}.d
         pack ${project} --input $<TARGET_FILE:${target}> --output ${output} ${options})
     # The packer writes the file with only the resources into this folder, but doesn't create the folder.
     set(side_folder $<TARGET_FILE_DIR:${target}>/arm)
     add_custom_command(OUTPUT ${output}
+        ${check}
         COMMAND ${CMAKE_COMMAND} -E make_directory ${side_folder}
         COMMAND ${command}
         DEPENDS ${target} ${ids} ${found} ${program_files}

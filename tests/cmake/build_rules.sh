@@ -32,7 +32,11 @@ foreach(name upright across appended)
     add_executable(\${name} main.c other.c)
     set_target_properties(\${name} PROPERTIES SUFFIX .axf)
 endforeach()
-morvanite_pack(upright PROJECT weatherclock.vcproj RESOLUTION 240x320 SETTINGS settings CONVERT_IMAGES)
+if(WITH_CHECK)
+    set(check CHECK error)
+    morvanite_check(check_all PROJECT weatherclock.vcproj SETTINGS settings SARIF found.sarif)
+endif()
+morvanite_pack(upright PROJECT weatherclock.vcproj RESOLUTION 240x320 SETTINGS settings CONVERT_IMAGES \${check})
 morvanite_pack(across PROJECT weatherclock.vcproj RESOLUTION 320x240 SETTINGS settings TARGET axf OUTPUT packed.bin CONVERT_IMAGES VER 3)
 if(WITH_DLL)
     morvanite_pack(appended PROJECT weatherclock.vcproj RESOLUTION 480x272 SETTINGS settings TARGET dll)
@@ -135,7 +139,17 @@ configure -DWITH_DLL=ON
 builds 'a third target was added' 'Building 2, Linking 1, Packing 1'
 has_entry "$build/appended.packed.dll" AppLogo.img || fail 'the file of kind dll has no icon'
 
-configure -DWITH_DLL=OFF
+# With a check, a finding ends the build before the pack.
+configure -DWITH_DLL=OFF -DWITH_CHECK=ON
+cmake --build "$build" --target upright_packed >"$work/log" 2>&1 || fail 'the build with a check failed'
+printf '[Severity]\nlayout-outside=error\n[Check]\nno-such-key=1\n' >"$app/morvanite-check.ini"
+! cmake --build "$build" --target upright_packed >"$work/log" 2>&1 || fail 'a finding of the check did not end the build'
+grep -q 'no-such-key.*\[check-settings\]' "$work/log" || fail 'the finding of the check is not shown'
+rm "$app/morvanite-check.ini"
+cmake --build "$build" --target upright_packed check_all >"$work/log" 2>&1 || fail 'the target of morvanite_check failed'
+grep -q '"version": "2.1.0"' "$build/found.sarif" || fail 'the findings were not written'
+
+configure -DWITH_CHECK=OFF
 cmake --build "$build" --target clean >"$work/log" 2>&1 || fail 'cleaning failed'
 [ ! -e "$build/upright.packed.axf" ] && [ ! -e "$build/arm/upright.res" ] || fail 'cleaning leaves packed files'
 builds 'cleaning' "$all"
