@@ -1,10 +1,31 @@
 // SPDX-License-Identifier: MIT
 #include "CodePoints.h"
 
+#include "Escapes.h"
 #include "ResModel.h"
 
 #include <algorithm>
 #include <bit>
+
+namespace
+{
+
+/// Adds the characters that the device draws for a text: an escape sequence such as "\n" isn't drawn, except that of a
+/// quotation mark and the like.
+void AddDrawn(CodePoints &points, QStringView text)
+{
+    qsizetype start = 0;
+    for (qsizetype at = text.indexOf(u'\\'); at >= 0; at = text.indexOf(u'\\', start)) {
+        points.Add(text.sliced(start, at - start));
+        const EscapeSequence escape = EscapeAt(text, at);
+        start = at + escape.size;
+        if (QStringView(u"\"'?\\").contains(escape.letter))
+            points.Add(QStringView(&escape.letter, 1));
+    }
+    points.Add(text.sliced(start));
+}
+
+} // namespace
 
 void CodePoints::Add(QStringView text)
 {
@@ -50,7 +71,7 @@ CodePoints CodePointsOf(const CResModel &model, qint32 language)
     if (!folder)
         return points;
     for (const CBaseRes *res : folder->resources)
-        points.Add(static_cast<const CStringRes *>(res)->text);
+        AddDrawn(points, static_cast<const CStringRes *>(res)->text);
     return points;
 }
 

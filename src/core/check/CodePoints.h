@@ -26,7 +26,8 @@ private:
     std::vector<quint64> words; // a bit for each code point; as many words as the largest needs
 };
 
-/// Returns the code points of all texts of one language of a project.
+/// Returns the code points that the device draws for the texts of one language of a project. Those of escape sequences
+/// such as "\n" don't count.
 [[nodiscard]] CodePoints CodePointsOf(const CResModel &model, qint32 language);
 
 /// How code points are written.
