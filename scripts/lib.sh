@@ -15,9 +15,11 @@ BUILD_PACKAGES="g++ cmake ninja-build pkg-config ccache qt6-base-dev libtinyxml-
 TEST_PACKAGES="libgtest-dev libgmock-dev librapidcheck-dev python3 llvm-14 elfutils binutils gnumeric python3-xlrd python3-xlwt
     libreoffice-calc-nogui git xvfb openbox xdotool xclip fonts-dejavu-core fonts-wqy-microhei fonts-lohit-deva
     shared-mime-info pandoc mandoc bash-completion zsh fish"
-# What the stricter checks need in addition.
+# What scripts/package.sh needs in addition to BUILD_PACKAGES.
+PACKAGE_PACKAGES="debhelper dpkg-dev pandoc python3"
+# What the stricter checks need in addition to the tests.
 CHECK_PACKAGES="clang-14 libclang-rt-14-dev clang-format clang-tidy libbenchmark-dev binutils-arm-none-eabi gettext
-    imagemagick qt6-base-dev-tools desktop-file-utils appstream codespell debhelper dpkg-dev lintian"
+    imagemagick qt6-base-dev-tools desktop-file-utils appstream codespell python3-jsonschema lintian $PACKAGE_PACKAGES"
 
 # Installs those of the given Debian packages that are missing; silent and offline if none is.
 need_packages() {

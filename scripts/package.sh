@@ -1,11 +1,16 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Makes the release of HEAD in build/packages: the source tarball and the Debian packages. The same commit gives the same
-# bytes. Needs the packages of BUILD_PACKAGES, TEST_PACKAGES and CHECK_PACKAGES in scripts/lib.sh.
+# bytes. Installs what is missing.
 # Use: scripts/package.sh [--check]     with --check the packages' build also runs all tests
 set -eu
 cd "$(dirname "$0")/.."
 . scripts/lib.sh
+
+packages="$BUILD_PACKAGES $PACKAGE_PACKAGES"
+[ "${1:-}" != --check ] || packages="$packages $TEST_PACKAGES"
+# shellcheck disable=SC2086
+need_packages $packages
 
 # No packages with debug information, which takes a third of the time.
 options="parallel=$(nproc) noautodbgsym"

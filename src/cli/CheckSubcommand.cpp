@@ -29,18 +29,20 @@ public:
     {
         CLI::App *subcommand =
             app.add_subcommand("check", "Check a project for faults in its texts, files and layouts");
-        CLI::Option *projectOption = subcommand->add_option("PROJECT", project, "The project's .vcproj file");
-        subcommand->add_option("--format", format, "The form of the findings: text, json or sarif")
-            ->check(CLI::IsMember({"text", "json", "sarif"}))
-            ->type_name("text|json|sarif");
-        subcommand->add_option("-o,--output", output, "Write the findings to a file instead of standard output")
+        CLI::Option *projectOption =
+            subcommand->add_option("PROJECT", project, "The project's .vcproj file")->type_name("");
+        AddChoice(*subcommand, "--format", format, "text|json|sarif", "The form of the findings (default: text)");
+        subcommand
+            ->add_option("-o,--output", output, "Write the findings to FILE (\"-\": to standard output, the default)")
             ->type_name("FILE");
-        subcommand->add_option("--fail-on", failOn, "End with 1 for a finding of this level or above (default: error)")
-            ->check(CLI::IsMember({"error", "warning", "note", "never"}))
-            ->type_name("error|warning|note|never");
-        subcommand->add_option("--rule", rules, "Run only this rule; can be repeated")->type_name("RULE");
+        AddChoice(*subcommand, "--fail-on", failOn, "error|warning|note|never",
+                  "Exit with 1 if there is a finding of this level or above (default: error)");
+        subcommand->add_option("--rule", rules, "Run only this rule; can be repeated")
+            ->type_name("RULE")
+            ->allow_extra_args(false);
         subcommand->add_option("--resolution", resolutions, "Check only this screen, such as 240x320; can be repeated")
-            ->type_name("WxH");
+            ->type_name("WxH")
+            ->allow_extra_args(false);
         subcommand->add_option("--header", header, "A header of an earlier version, to find IDs with other numbers")
             ->type_name("FILE");
         subcommand->add_option("--baseline", baseline, "Leave out the findings that this file accepts")

@@ -24,7 +24,7 @@ const char *KindOf(const std::string &placeholder)
         const char *kind;
     } KINDS[] = {
         {"", "none"},          {"PROJECT", "project"},  {"FILE", "file"}, {"DIR", "folder"},
-        {"WxH", "resolution"}, {"ENTRY", "kept-entry"}, {"RULE", "rule"},
+        {"WxH", "resolution"}, {"ENTRY", "kept-entry"}, {"RULE", "rule"}, {"LANGUAGE", "language"},
     };
     const auto *const known = std::find_if(std::begin(KINDS), std::end(KINDS),
                                            [&](const auto &one) { return placeholder == one.placeholder; });

@@ -12,7 +12,7 @@ namespace CommandLine
 [[nodiscard]] std::string PlaceholderOf(const CLI::Option &option);
 
 /// The kind of value that a placeholder is for: "project", "file", "folder", "resolution", "kept-entry", "rule",
-/// "choice", "text"; "none" for an empty placeholder.
+/// "language", "choice", "text"; "none" for an empty placeholder.
 [[nodiscard]] const char *KindOf(const std::string &placeholder);
 
 /// The values of a placeholder such as "axf|dll"; empty if it isn't a choice.

@@ -3,6 +3,7 @@
 
 #include "CommandLine.h"
 #include "KeptFiles.h"
+#include "LanguageTable.h"
 #include "Rules.h"
 #include "Session.h"
 
@@ -54,6 +55,14 @@ std::string RuleIds(Session &, const Values &)
     return lines;
 }
 
+std::string LanguageNames(Session &session, const Values &)
+{
+    std::string lines;
+    for (const KnownLanguage &known : KnownLanguages(session.env))
+        lines += Line(known.name.toStdString(), known.code.toStdString());
+    return lines;
+}
+
 /// The kinds of values whose candidates depend on the settings or the project.
 constexpr struct
 {
@@ -63,6 +72,7 @@ constexpr struct
     {"resolution", ScreenSizes},
     {"kept-entry", KeptEntries},
     {"rule", RuleIds},
+    {"language", LanguageNames},
 };
 
 } // namespace

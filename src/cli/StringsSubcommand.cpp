@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "CodePoints.h"
+#include "LanguageTable.h"
 #include "OpeningReport.h"
 #include "ProjectSave.h"
 #include "Session.h"
@@ -11,6 +12,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <map>
 #include <optional>
 #include <set>
 
@@ -66,12 +68,13 @@ public:
         importing->add_flag("--dry-run", dryRun, "Change nothing; show what would happen to each text");
         importing->add_flag("--strict", strict, STRICT_HELP);
         stats->add_flag("--json", json, JSON_HELP);
-        codePoints->add_option("--language", wantedLanguages, "Only this language, by name or number (default: all)")
-            ->type_name("LANGUAGE");
-        codePoints->add_option("--format", format, "The form of the list: one a line, ranges, or a table in C")
-            ->check(CLI::IsMember({"list", "ranges", "c"}))
-            ->type_name("list|ranges|c")
-            ->default_str("list");
+        codePoints
+            ->add_option("--language", wantedLanguages,
+                         "Only this language, by name, number or code; can be repeated (default: all)")
+            ->type_name("LANGUAGE")
+            ->allow_extra_args(false);
+        AddChoice(*codePoints, "--format", format, "list|ranges|c",
+                  "The form of the list: one character a line, ranges, or a table in C (default: list)");
         return subcommand;
     }
 
@@ -112,10 +115,13 @@ private:
         CodePoints points;
         std::set<std::string> unknown(wantedLanguages.begin(), wantedLanguages.end());
         int rows = 0;
+        std::map<qint32, std::string> codes;
+        for (const KnownLanguage &known : KnownLanguages(document.env))
+            codes[known.number] = known.code.toStdString();
         for (const LanguageStats &language : StringStats(document, rows)) {
-            const bool isNamed = unknown.erase(language.name.toStdString()) != 0;
-            const bool isNumbered = unknown.erase(std::to_string(language.number)) != 0;
-            if (isNamed || isNumbered || wantedLanguages.empty())
+            const size_t named = unknown.erase(language.name.toStdString()) +
+                                 unknown.erase(std::to_string(language.number)) + unknown.erase(codes[language.number]);
+            if (named > 0 || wantedLanguages.empty())
                 points.Add(CodePointsOf(document, language.number));
         }
         for (const std::string &language : unknown)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Subcommands.h"
 
+#include "CommandLine.h"
 #include "CommandLineCompletion.h"
 #include "CommandLineDescription.h"
 #include "Session.h"
@@ -37,6 +38,14 @@ std::vector<std::unique_ptr<ISubcommand>> AllSubcommands()
 void AddProject(CLI::App &subcommand, std::string &project)
 {
     subcommand.add_option("PROJECT", project, "The project's .vcproj file")->type_name("")->required();
+}
+
+void AddChoice(CLI::App &subcommand, const char *name, std::string &value, const char *choices, const char *help)
+{
+    // The placeholder has the choices, so the help needs no description of the check.
+    subcommand.add_option(name, value, help)
+        ->check(CLI::IsMember(CommandLine::ChoicesOf(choices)).description(""))
+        ->type_name(choices);
 }
 
 namespace

@@ -27,6 +27,9 @@ inline constexpr char REMOTE_HELP[] = "Let the running window or server run the 
 /// Adds the argument PROJECT to a subcommand.
 void AddProject(CLI::App &subcommand, std::string &project);
 
+/// Adds an option whose value is one of `choices`, which has "|" between them.
+void AddChoice(CLI::App &subcommand, const char *name, std::string &value, const char *choices, const char *help);
+
 std::unique_ptr<ISubcommand> MakeLoadSubcommand();
 std::unique_ptr<ISubcommand> MakeSaveSubcommand();
 std::unique_ptr<ISubcommand> MakeHeadersSubcommand();

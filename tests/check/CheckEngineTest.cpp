@@ -48,7 +48,7 @@ struct CheckedRows : CheckedProject
 TEST(CheckSettings, EveryLineWithoutMeaningIsAFindingAtItsLine)
 {
     const std::pair<QByteArray, const char *> wrong[] = {
-        {"[Chek]\nsource=English", "no such section"},
+        {"[Checks]\nsource=English", "no such section"},
         {"[Check]\nsources=English", "has the keys"},
         {"[Check]\nplaceholders=printf, curly", "\"curly\" is no kind"},
         {"[Check]\ntarget=240x320, large", "\"large\" isn't the size"},

@@ -92,7 +92,8 @@ class Cli(DemoProject):
             status, out, err = self.run_cli(*arguments)
             self.assertEqual((status, out), (2, ''), arguments)
             self.assertNotEqual(err, '', arguments)
-        self.assertEqual(self.run_cli('--version')[:2], (0, 'morvanite-cli 1.0.0\n'))
+        version = json.loads(self.run_cli('--describe')[1])['release']  # from CMakeLists.txt
+        self.assertEqual(self.run_cli('--version')[:2], (0, 'morvanite-cli %s\n' % version))
         for command in ('load', 'save', 'pack', 'ids', 'inspect', 'strings', 'layouts', 'kept', 'serve'):
             self.assertEqual(self.run_cli(command, '--help')[0], 0)
             self.assertIn(command, self.run_cli('--help')[1])

@@ -89,7 +89,7 @@ class Installed(unittest.TestCase):
         lists.write_text(lists.read_text().replace('Morvanite 1.0', 'Morvanite 2.0'))
         if self.user:
             os.chown(folder, NOBODY, NOBODY)
-        self.assertIn('version: 1.0.0', self.configure('newer', status=1))
+        self.assertIn('version: 1.', self.configure('newer', status=1))
 
     def test_pkg_config_tells_where_the_reader_is(self):
         def ask(what):

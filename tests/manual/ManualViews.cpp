@@ -58,9 +58,9 @@ void TakeProject(SampleWindow &window, Pictures &pictures)
     question.close();
     window.Activate();
     frame.Notices().Add(window.Document(),
-                        u"The opening of weatherclock.vcproj reported 0 error(s) and left out 3 element(s). The files "
+                        u"Opening weatherclock.vcproj reported 0 error(s) and left out 3 element(s). The files "
                         "that the save replaced are kept in /home/me/.local/state/morvanite/kept/weatherclock-1a2b/7; "
-                        "\"morvanite-cli kept\" lists them and puts them back."_s);
+                        "\"morvanite-cli kept\" lists and restores them."_s);
     pictures.Take("notice", frame);
     QTest::keyClick(&window.Child().Notice(), Qt::Key_Escape);
     frame.RunAction(ACTION_OUTPUT);
