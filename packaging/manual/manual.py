@@ -16,7 +16,21 @@ import textwrap
 
 TREE = pathlib.Path(__file__).resolve().parents[2]
 CLI_DOCUMENT = TREE / 'docs/cli.md'
-FORMATS = sorted((TREE / 'docs/formats').glob('*.md'))
+# The documents that are pages of section 5, with what their lines NAME have, which `apropos` searches. A format that
+# isn't listed has the title of its document there.
+FORMATS = [TREE / 'docs/checks.md'] + sorted((TREE / 'docs/formats').glob('*.md'))
+SUMMARIES = {
+    'catalogue': 'catalogue of Morvanite: an XML file with the classes of components for layouts',
+    'checks': 'checks of Morvanite: rules, settings, baseline and outputs',
+    'headers': 'headers in C that Morvanite generates, with the numbers of IDs',
+    'lists': 'list files of Morvanite: previews, and files for version 1.0',
+    'packed-files': 'application files with the resources that Morvanite packed',
+    'project-files': 'files of a Morvanite project',
+    'settings': 'settings of Morvanite: INI files of the program, the user and a project',
+    'string-file': 'string file of Morvanite: all strings of a project',
+    'workbook': 'workbooks for translators that Morvanite writes and reads: .xls, .xlsx, .csv',
+}
+INSTALLED = '/usr/share/doc/morvanite'
 SYNOPSES = re.compile(r'(?<=```text\n)(.*?)(?=```\n)', re.S)
 WIDTH = 120
 TABLE_WIDTH = 70  # of a page of 80 columns, as pandoc reckons without the gaps
@@ -118,13 +132,17 @@ def sections(text, level):
 
 
 def page_reference(match):
-    """A link as a manual page has it: the name of the page, or the text where there is no page."""
+    """A link as a manual page has it: the name of the page, or where the document is installed if it has no page."""
     text, target = match[1], match[2]
-    path = pathlib.PurePath(target.split('#')[0])
-    if path.parent.name == 'formats' or path.name in {file.name for file in FORMATS}:
+    path, anchor = pathlib.PurePath(target.split('#')[0]), target.partition('#')[2]
+    documents = list((TREE / 'docs').rglob(path.name)) if path.name else []
+    if path.name in {file.name for file in FORMATS}:
         page = '**morvanite-%s**(5)' % path.stem
     elif path.name == CLI_DOCUMENT.name:
-        page = '**morvanite-cli**(1)'
+        is_command = anchor and re.search('^### %s$' % anchor, CLI_DOCUMENT.read_text(encoding='utf-8'), re.M)
+        page = '**morvanite-cli%s**(1)' % ('-' + anchor if is_command else '')
+    elif documents:
+        page = '%s/%s' % (INSTALLED, documents[0].relative_to(TREE))
     else:
         return text
     return page if text == path.name else '%s (%s)' % (text, page)
@@ -148,6 +166,13 @@ def with_column_widths(table):
     return '\n'.join(lines) + '\n'
 
 
+def rules_as_list(text):
+    """The tables of rules, whose cells are too long for a page, as lists of definitions."""
+    text = re.sub(r'^\| Rule \| Level \|.*\n\|[-|]*\n', '', text, flags=re.M)
+    return re.sub(r'^\| (`[-a-z]+`) \| (error|warning|note|off) \| (.*?) \| (.*) \|\n', r'\1 (\2)\n: \3. \4\n\n', text,
+                  flags=re.M)
+
+
 def as_page_text(text, raised):
     """Markdown of a document for a page: headings `raised` levels up, links to pages; without pictures, diary,
     and what is for those who change the code."""
@@ -157,7 +182,7 @@ def as_page_text(text, raised):
     text = re.sub(r'^## Diary\n.*?(?=^## |\Z)', '', text, flags=re.M | re.S)
     text = re.sub(r'^Code: .*?\n\n', '', text, flags=re.M | re.S)
     text = re.sub(r'^#{%d}(?=#+ )' % raised, '', text, flags=re.M)
-    text = re.sub(r'\[([^]]+)\]\(([^)]+)\)', page_reference, text)
+    text = rules_as_list(re.sub(r'\[([^]]+)\]\(([^)]+)\)', page_reference, text))
     return re.sub(r'(?:^\|.*\n)+', with_column_widths, text, flags=re.M)
 
 
@@ -263,9 +288,9 @@ class Pages:
 
     def write_format(self, file):
         intro, (title,) = sections(file.read_text(encoding='utf-8'), 1)
-        description, text = title
-        self.write('morvanite-' + file.stem, 5, description, '# DESCRIPTION\n' + as_page_text(text, 1) +
-                   '\n# SEE ALSO\n\n**morvanite**(1), **morvanite-cli**(1)\n')
+        heading, text = title
+        self.write('morvanite-' + file.stem, 5, SUMMARIES.get(file.stem, heading),
+                   '# DESCRIPTION\n' + as_page_text(text, 1) + '\n# SEE ALSO\n\n**morvanite**(1), **morvanite-cli**(1)\n')
 
     def write_window(self):
         self.write('morvanite', 1, 'Resource manager for applications on small devices',

@@ -69,7 +69,7 @@ class Manual(DemoProject):
             options = command['options'] + [one for inner in command['commands'] for one in inner['options']]
             self.assertEqual(options_of_page('morvanite-cli-' + command['name']), names(options + self.common))
         formats = {'morvanite-' + file.stem for file in (TREE / 'docs/formats').glob('*.md')}
-        self.assertEqual({page.stem for page in (PAGES / 'man5').iterdir()}, formats)
+        self.assertEqual({page.stem for page in (PAGES / 'man5').iterdir()}, formats | {'morvanite-checks'})
 
     def test_the_pages_have_no_fault_and_no_date(self):
         pages = sorted(PAGES.glob('man?/*'))
@@ -98,14 +98,18 @@ class Manual(DemoProject):
         for option in options:
             self.assertEqual(self.run_program(WINDOW, option)[0], 0)
 
-    def test_the_problem_matcher_finds_file_and_line(self):
-        matcher = json.loads('{%s}' % re.search(r'```json\n(.*?)```', DOCUMENT, re.S)[1])['problemMatcher']['pattern']
+    def test_the_problem_matchers_find_file_and_line(self):
+        matcher, of_check = (json.loads('{%s}' % block)['problemMatcher']['pattern']
+                             for block in re.findall(r'```json\n(.*?)```', DOCUMENT, re.S))
         config = self.dir / 'config.xml'
         config.write_text(config.read_text().replace('<zxa>', '\n<!--\n<<<<<<< HEAD\n--><zxa>'))
         err = self.run_cli('load', 'demo.vcproj', '--strict')[2]
         found = re.search(matcher['regexp'], err, re.M)
         self.assertEqual((found[matcher['file']], found[matcher['line']]), (str(config), '3'))
         self.assertIn('<<<<<<<', found[matcher['message']])
+        findings = self.run_cli('check', 'demo.vcproj', '--rule', 'conflict-marker')[1]
+        found = re.search(of_check['regexp'], findings, re.M)
+        self.assertEqual([found[of_check[key]] for key in ('file', 'line', 'severity')], ['config.xml', '3', 'error'])
 
 
 if __name__ == '__main__':

@@ -121,9 +121,7 @@ constexpr Rule RULES[] = {
      nullptr, 0, IdUndefined},
     {"id-renumbered", Ids, Error, "the number of an ID has changed since an earlier header",
      "Firmware that was compiled with the header of --header would fetch another resource, or none. Pack and compile "
-     "together, "
-     "or "
-     "add resources with names that sort behind the existing ones.",
+     "together, or add resources with names that sort after the existing ones.",
      nullptr, 0, IdRenumbered},
     {"id-range", Ids, Warning, "the numbers for a kind of IDs are nearly used up",
      "Nine tenths of the numbers of this kind are used. When none is left, the project can't be packed.", nullptr, 0,
@@ -166,7 +164,7 @@ constexpr Rule RULES[] = {
      "project.",
      nullptr, 0, FileOutside},
     {"duplicate-file", Files, Note, "several resources have files with the same bytes",
-     "A payload that has both has the bytes twice. Use one resource.", nullptr, 0, DuplicateFile},
+     "The payload then contains the bytes twice. Use one resource.", nullptr, 0, DuplicateFile},
     {"file-type", Files, Error, "the content of a file isn't what its name says",
      "The device, and other programs, may go by the name. Rename the file, or convert it.", nullptr, 0, FileType},
     {"image-unreadable", Images, Error, "an image can't be read",
