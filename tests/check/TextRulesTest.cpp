@@ -72,7 +72,7 @@ TEST(TextRules, PlaceholdersOfPrintfMustTakeTheSameArguments)
                {u"%u", u"%d", "%d where"},
                {u"%d", u"un", "%d of English is missing"},
                {u"one", u"%d", "%d, which English doesn't have"},
-               {u"%d%%", u"%d %", "\"%\" begins no placeholder"},
+               {u"%d%%", u"%d %", "\"%\" doesn't begin a placeholder"},
                {u"%d%%", u"%%%d"},
                {u"%s %s", u"%1$s %s", "numbered and other"},
                {u"100%", u"100 %"},
@@ -100,7 +100,7 @@ TEST(TextRules, BracesAndNumbersAreComparedByName)
            {
                {u"{a} of {b:>5}", u"{b} de {a}"},
                {u"{name}", u"{nom}", "{name} of English is missing"},
-               {u"{}, {}", u"{}", "1 times {} where English has it 2 times"},
+               {u"{}, {}", u"{}", "{} occurs 1 time here and 2 times in English"},
                {u"{n, plural, one {# day} other {days}}", u"{n, plural, one {# jour} other {jours}}"},
                {u"press {the key}", u"presser {une touche}"},
                {u"%1 and %L2", u"%2 et %1 et %1"},
@@ -116,9 +116,9 @@ TEST(TextRules, EscapeSequences)
 {
     Expect("escape-mismatch", {
                                   {uR"(a\nb\x41)", uR"(c\nd\x42)"},
-                                  {uR"(a\nb)", uR"(c d)", R"(0 times \n where English has it 1 times)"},
+                                  {uR"(a\nb)", uR"(c d)", R"(\n occurs 0 times here and 1 time in English)"},
                                   {uR"(\"a\")", u"« b »"},
-                                  {uR"(\"a\")", u"« b", R"(1 times \")"},
+                                  {uR"(\"a\")", u"« b", R"(\" occurs 1 time here)"},
                                   {uR"(a\\n)", uR"(b\\n)"},
                                   {u"a", uR"(b\q)", R"(no escape sequence \q)"},
                                   {u"a", uR"(b\)", R"(no escape sequence \)"},
@@ -176,8 +176,8 @@ TEST(TextRules, Blanks)
 {
     Expect("blank-edge", {
                              {u"a: ", u"b :\u00A0"},
-                             {u"a: ", u"b :", "ends with 0 blanks where English has 1"},
-                             {u"a", u"\u3000b", "begins with 1 blanks where English has 0", u"ja"},
+                             {u"a: ", u"b :", "blanks at the end: 0 here, 1 in English"},
+                             {u"a", u"\u3000b", "blanks at the beginning: 1 here, 0 in English", u"ja"},
                              {u"a: ", u"名前：", nullptr, u"ja"},
                              {u" ", u"b"},
                          });

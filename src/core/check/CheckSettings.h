@@ -67,7 +67,7 @@ struct CheckSettings
     [[nodiscard]] bool Ignores(const Rule &rule, const QString &id) const;
 };
 
-/// Returns whether a text matches a pattern in which "*" matches any characters. Regards case.
+/// Returns whether a text matches a pattern in which "*" matches any characters. The case of letters matters.
 [[nodiscard]] bool MatchesPattern(QStringView text, QStringView pattern);
 
 /// Reads the settings of the project in a folder (absolute path). Adds a finding of the rule "check-settings" for each

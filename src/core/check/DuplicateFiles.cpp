@@ -107,7 +107,7 @@ void ImageSameEverywhere(const CheckInput &input, RuleReport &report)
             std::all_of(files.begin() + 1, files.end(),
                         [&](const SurveyedFile *file) { return survey.HaveSameBytes(first, *file); }))
             report.Add(survey.About(
-                first,
-                u"all %1 screens have this image with the same bytes; Default could have it once"_s.arg(files.size())));
+                first, u"all %1 screens have this image with the same bytes; put the image into Default once"_s.arg(
+                           files.size())));
     }
 }
