@@ -66,12 +66,12 @@ TEST(TextRules, PlaceholdersOfPrintfMustTakeTheSameArguments)
                {u"%d of %s", u"%2$s: %1$d"},
                {u"%1$d of %2$s", u"%2$s: %1$s", "%1$s where English has %1$d"},
                {u"%5.1f", u"%-8.3lf"},
-               {u"%*d", u"%d", "%*d of English is missing"},
+               {u"%*d", u"%d", "%*d is missing; English has it"},
                {u"%ld", u"%d", "%d where English has %ld"},
                {u"%x", u"%u"},
                {u"%u", u"%d", "%d where"},
-               {u"%d", u"un", "%d of English is missing"},
-               {u"one", u"%d", "%d, which English doesn't have"},
+               {u"%d", u"un", "%d is missing; English has it"},
+               {u"one", u"%d", "English doesn't have %d"},
                {u"%d%%", u"%d %", "\"%\" doesn't begin a placeholder"},
                {u"%d%%", u"%%%d"},
                {u"%s %s", u"%1$s %s", "numbered and other"},
@@ -88,8 +88,8 @@ TEST(TextRules, APercentSignOfProseIsNoPlaceholder)
                                        {u"Half of 50% is 25%", u"50%-a és 25%", nullptr, u"hu"},
                                        {u"100% safe", u"100%ige Sicherheit", nullptr, u"de"},
                                        {u"20% full", u"%20si dolu", nullptr, u"tr"},
-                                       {u"20% full", u"%30 dolu", "%30, which English doesn't have", u"tr"},
-                                       {u"%10 full", u"%1", "%1, which English doesn't have"},
+                                       {u"20% full", u"%30 dolu", "English doesn't have %30", u"tr"},
+                                       {u"%10 full", u"%1", "English doesn't have %1"},
                                        {u"{0}% or more", u"{0}% o más", nullptr, u"es"},
                                    });
 }
@@ -99,15 +99,15 @@ TEST(TextRules, BracesAndNumbersAreComparedByName)
     Expect("placeholder-mismatch",
            {
                {u"{a} of {b:>5}", u"{b} de {a}"},
-               {u"{name}", u"{nom}", "{name} of English is missing"},
+               {u"{name}", u"{nom}", "{name} is missing; English has it"},
                {u"{}, {}", u"{}", "{} occurs 1 time here and 2 times in English"},
                {u"{n, plural, one {# day} other {days}}", u"{n, plural, one {# jour} other {jours}}"},
                {u"press {the key}", u"presser {une touche}"},
                {u"%1 and %L2", u"%2 et %1 et %1"},
                {u"%1s", u"%1秒"},
-               {u"%1 and %2", u"%1 et %3", "%2 of English is missing"},
-               {u"%1 of %n", u"%1", "%n of English is missing"},
-               {u"%5d", u"%1", "%5d of English is missing"},
+               {u"%1 and %2", u"%1 et %3", "%2 is missing; English has it"},
+               {u"%1 of %n", u"%1", "%n is missing; English has it"},
+               {u"%5d", u"%1", "%5d is missing; English has it"},
            });
     Expect("placeholder-mismatch", {{u"{name} %d", u"{nom} %1"}}, 0);
 }
@@ -223,8 +223,8 @@ TEST(TextRules, LettersAndNumbers)
     Expect("number-mismatch", {
                                   {u"page 1 of 20, %5d", u"२० में से पृष्ठ १, %6d"},
                                   {u"1,000 m 25", u"1000 m 25"},
-                                  {u"1,0000 m", u"10000 m", "the number 1 of English is missing"},
-                                  {u"5 and 5", u"5", "the number 5 of English is missing"},
+                                  {u"1,0000 m", u"10000 m", "the number 1 is missing; English has it"},
+                                  {u"5 and 5", u"5", "the number 5 is missing; English has it"},
                               });
     Expect("case-start", {
                              {u"Open", u"ouvrir", "begins with a small letter"},

@@ -71,5 +71,5 @@ struct CheckSettings
 [[nodiscard]] bool MatchesPattern(QStringView text, QStringView pattern);
 
 /// Reads the settings of the project in a folder (absolute path). Adds a finding of the rule "check-settings" for each
-/// line that has no meaning; the rest of the file counts.
+/// line that has no meaning; the other lines are used.
 [[nodiscard]] CheckSettings ReadCheckSettings(const QString &folder, std::vector<Finding> &findings);

@@ -16,8 +16,8 @@ namespace
 QString OnlyIn(bool isInText, QStringView placeholder, const TextPair &pair)
 {
     const QStringView source = pair.sourceLanguage.name;
-    return isInText ? u"%1, which %2 doesn't have"_s.arg(placeholder, source)
-                    : u"%1 of %2 is missing"_s.arg(placeholder, source);
+    return isInText ? u"%2 doesn't have %1"_s.arg(placeholder, source)
+                    : u"%1 is missing; %2 has it"_s.arg(placeholder, source);
 }
 
 bool IsPercent(QStringView text, qsizetype at)
