@@ -188,8 +188,8 @@ void ShowLayout(benchmark::State &state)
 }
 BENCHMARK(ShowLayout)->Unit(benchmark::kMillisecond);
 
-/// The Enter key that ends an editor, until all panes are painted; "ratio" is the time beside a frame. At most 1 is
-/// required for a value.
+/// The Enter key that ends an editor, until all panes are painted; "ratio" is the time divided by that of a frame. At
+/// most 1 is required for a value.
 void EditLayout(benchmark::State &state, const char *property, const char *prefix)
 {
     NeedApplication();

@@ -192,7 +192,7 @@ private:
         const int warnings = result.Count(Severity::Warning);
         const int notes = result.Count(Severity::Note);
         if (format == "text" && errors + warnings + notes > 0)
-            Complain(u"%1 errors, %2 warnings, %3 notes"_s.arg(errors).arg(warnings).arg(notes));
+            Complain(u"errors: %1, warnings: %2, notes: %3"_s.arg(errors).arg(warnings).arg(notes));
         const bool hasFailed = (failOn != "never" && errors > 0) ||
                                ((failOn == "warning" || failOn == "note") && warnings > 0) ||
                                (failOn == "note" && notes > 0);

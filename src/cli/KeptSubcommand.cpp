@@ -43,7 +43,7 @@ private:
         QString replaced;
         const QString problem = kept.Restore(session.env, number, replaced);
         if (!replaced.isEmpty())
-            session.report.Write(QStringLiteral("What was there before is kept in %1\n").arg(replaced));
+            session.report.Write(QStringLiteral("The replaced files are kept in %1\n").arg(replaced));
         if (problem.isEmpty())
             return EXIT_FINE;
         Complain(problem);

@@ -40,8 +40,8 @@ TEST(BarSizes, AreKeptForEachPlaceAndRestoredAfterARestart)
     const int first = window.Frame().Bars().OutputBar().width();
     EXPECT_TRUE(first > 100 && first <= window.Frame().width() / 4) << first;
     DragDivider(window, -80);
-    const int standing = window.Frame().Bars().OutputBar().width();
-    EXPECT_EQ(standing, first + 80);
+    const int sideWidth = window.Frame().Bars().OutputBar().width();
+    EXPECT_EQ(sideWidth, first + 80);
     for (const bool isRestarted : {false, true}) {
         for (const Qt::DockWidgetArea area : {Qt::BottomDockWidgetArea, Qt::TopDockWidgetArea}) {
             window.Frame().addDockWidget(area, &window.Frame().Bars().OutputBar());
@@ -63,15 +63,15 @@ TEST(BarSizes, AreKeptForEachPlaceAndRestoredAfterARestart)
         window.Frame().Bars().OutputBar().setFloating(false);
         window.Frame().addDockWidget(Qt::RightDockWidgetArea, &window.Frame().Bars().OutputBar());
         window.Settle();
-        EXPECT_EQ(window.Frame().Bars().OutputBar().width(), standing) << isRestarted;
+        EXPECT_EQ(window.Frame().Bars().OutputBar().width(), sideWidth) << isRestarted;
         window.Frame().close();
         const Settings settings = SettingsOf(window);
         EXPECT_EQ(settings.Int("DockState-SCBar-2", "sizeHorzCY", 0), 150);
-        EXPECT_EQ(settings.Int("DockState-SCBar-2", "sizeVertCX", 0), standing);
+        EXPECT_EQ(settings.Int("DockState-SCBar-2", "sizeVertCX", 0), sideWidth);
         EXPECT_EQ(settings.String("DockState-SCBar-2", "sizeFloatCX"), u"333");
         window.Restart();
     }
-    EXPECT_EQ(window.Frame().Bars().OutputBar().width(), standing);
+    EXPECT_EQ(window.Frame().Bars().OutputBar().width(), sideWidth);
 }
 
 TEST(BarSizes, AreKeptWhenASmallWindowReducesThem)

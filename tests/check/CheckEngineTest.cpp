@@ -58,8 +58,8 @@ TEST(CheckSettings, EveryLineWithoutMeaningIsAFindingAtItsLine)
         {"[Sources]\nfolder=src", "has the keys"},
         {"[Font]\ndefault=ui.ttf", "a file and a size"},
         {"[Font]\ndefault=ui.ttf 1001", "a file and a size"},
-        {"[Limit]\nID_*=height 12", "\"height 12\" is no limit"},
-        {"[Limit]\nID_*=length 0", "\"length 0\" is no limit"},
+        {"[Limit]\nID_*=height 12", "\"height 12\" isn't a limit"},
+        {"[Limit]\nID_*=length 0", "\"length 0\" isn't a limit"},
         {"[Language]\nGerman=de", "number of a language"},
         {"[Language]\n65535=de", "number of a language"},
     };

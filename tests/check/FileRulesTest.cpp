@@ -54,7 +54,7 @@ TEST(FileRules, AMissingFileIsOneThatCannotBeReadAsWritten)
     project.Put("data/here.bin", "x");
     EXPECT_THAT(project.Findings(u"file-missing"),
                 ElementsAre("demo.res.xml:3 ID_GONE: the file .\\data\\gone.bin doesn't exist",
-                            "demo.res.xml:4 ID_FOLDER: .\\data is no regular file",
+                            "demo.res.xml:4 ID_FOLDER: .\\data isn't a regular file",
                             "demo.res.xml:5 ID_NONE: the list names no file",
                             "demo.res.xml:7 ID_GONE_IMAGE: the file gone.png doesn't exist"));
     EXPECT_EQ(project.Findings(u"file-missing", {{240, 320}}).size(), 3U) << "the other screen isn't checked";
@@ -114,7 +114,7 @@ TEST(FileRules, ImagesThatNoConverterTakes)
     project.Put("f.tif", "II*. and so on");
     project.Put("g.gif", "neither of them");
     project.Put("h.GIF", GifFile(4, 4));
-    const std::string ends = " ends neither in bmp nor in gif, jpg or png, so it can't be converted";
+    const std::string ends = " doesn't end in bmp, gif, jpg or png, so the image can't be converted";
     EXPECT_THAT(project.Findings(u"image-format"),
                 ElementsAre("demo.res.xml:2 ID_WEBP: the format of the image a.png is WebP, which can't be converted",
                             "demo.res.xml:3 ID_SVG: the format of the image b.svg is SVG, which can't be converted",
@@ -180,7 +180,7 @@ TEST(FileRules, ImagesAndTheirScreens)
         ElementsAre("demo.res.xml:5 ID_LARGE: the image c.png has 241 x 320 pixels, more than the screen 240x320"));
     EXPECT_THAT(
         project.Findings(u"image-size-differs"),
-        ElementsAre("demo.res.xml:9 ID_ICON: 20 x 48 pixels on 320x240 don't go with 20 x 20 pixels on 240x320"));
+        ElementsAre("demo.res.xml:9 ID_ICON: the size 20 x 48 on 320x240 isn't in proportion to 20 x 20 on 240x320"));
     EXPECT_THAT(project.Findings(u"image-resolution-missing"),
                 ElementsAre("demo.res.xml:5 ID_LARGE: there is an image for 240x320, but none for 320x240"));
     EXPECT_THAT(project.Findings(u"image-resolution-missing", {{240, 320}}), IsEmpty());
@@ -217,9 +217,9 @@ TEST(FileRules, LinesOfTheListsOfFurtherFiles)
                                     "\r\n.\\b\\chime.mid\r\n");
     EXPECT_THAT(
         project.Findings(u"list-line"),
-        ElementsAre("demo_res.lst:3 : the payload has a part of its own that is called zep-2.0",
+        ElementsAre("demo_res.lst:3 : the name zep-2.0 is reserved for a part of the payload",
                     "demo_res.lst:5 : the line has more than 255 bytes, and the rest is read as the next line",
-                    "demo_res.lst:6 : line 1 has a file chime.mid too, and the device finds files by their names",
+                    "demo_res.lst:6 : the file name chime.mid is also in line 1; the device finds only one of them",
                     "preview.lst:4 : the file a\\gone.png doesn't exist, so a pack leaves it out"));
 }
 

@@ -132,10 +132,10 @@ TEST(IdRules, NamesThatCAndPeopleMisread)
                                "Integer|Normal|about|Yes|Oui\n"));
     EXPECT_THAT(project.Findings({"id-invalid"}),
                 ElementsAre("demo/res/ref_list_demo.txt:3 int: this is a keyword of C or C++",
-                            HasSubstr("ref_list_demo.txt:6 ID_É: an ID has only the letters A to Z"),
+                            HasSubstr("ref_list_demo.txt:6 ID_É: an ID can have only the letters A to Z"),
                             HasSubstr("ref_list_demo.txt:7 1D: an ID has 1 to 64 letters")));
     EXPECT_THAT(project.Findings({"id-case"}),
-                ElementsAre("demo/res/ref_list_demo.txt:5 integer: only the case of letters differs from Integer"));
+                ElementsAre("demo/res/ref_list_demo.txt:5 integer: the ID differs from Integer only in case"));
 }
 
 TEST(IdRules, SourcesAndLayoutsUseIds)

@@ -66,13 +66,13 @@ TEST(TextRules, PlaceholdersOfPrintfMustTakeTheSameArguments)
                {u"%d of %s", u"%2$s: %1$d"},
                {u"%1$d of %2$s", u"%2$s: %1$s", "%1$s where English has %1$d"},
                {u"%5.1f", u"%-8.3lf"},
-               {u"%*d", u"%d", "%*d of English is missing"},
+               {u"%*d", u"%d", "%*d is missing; English has it"},
                {u"%ld", u"%d", "%d where English has %ld"},
                {u"%x", u"%u"},
                {u"%u", u"%d", "%d where"},
-               {u"%d", u"un", "%d of English is missing"},
-               {u"one", u"%d", "%d, which English doesn't have"},
-               {u"%d%%", u"%d %", "\"%\" begins no placeholder"},
+               {u"%d", u"un", "%d is missing; English has it"},
+               {u"one", u"%d", "English doesn't have %d"},
+               {u"%d%%", u"%d %", "\"%\" doesn't begin a placeholder"},
                {u"%d%%", u"%%%d"},
                {u"%s %s", u"%1$s %s", "numbered and other"},
                {u"100%", u"100 %"},
@@ -88,8 +88,8 @@ TEST(TextRules, APercentSignOfProseIsNoPlaceholder)
                                        {u"Half of 50% is 25%", u"50%-a és 25%", nullptr, u"hu"},
                                        {u"100% safe", u"100%ige Sicherheit", nullptr, u"de"},
                                        {u"20% full", u"%20si dolu", nullptr, u"tr"},
-                                       {u"20% full", u"%30 dolu", "%30, which English doesn't have", u"tr"},
-                                       {u"%10 full", u"%1", "%1, which English doesn't have"},
+                                       {u"20% full", u"%30 dolu", "English doesn't have %30", u"tr"},
+                                       {u"%10 full", u"%1", "English doesn't have %1"},
                                        {u"{0}% or more", u"{0}% o más", nullptr, u"es"},
                                    });
 }
@@ -99,15 +99,15 @@ TEST(TextRules, BracesAndNumbersAreComparedByName)
     Expect("placeholder-mismatch",
            {
                {u"{a} of {b:>5}", u"{b} de {a}"},
-               {u"{name}", u"{nom}", "{name} of English is missing"},
-               {u"{}, {}", u"{}", "1 times {} where English has it 2 times"},
+               {u"{name}", u"{nom}", "{name} is missing; English has it"},
+               {u"{}, {}", u"{}", "{} occurs 1 time here and 2 times in English"},
                {u"{n, plural, one {# day} other {days}}", u"{n, plural, one {# jour} other {jours}}"},
                {u"press {the key}", u"presser {une touche}"},
                {u"%1 and %L2", u"%2 et %1 et %1"},
                {u"%1s", u"%1秒"},
-               {u"%1 and %2", u"%1 et %3", "%2 of English is missing"},
-               {u"%1 of %n", u"%1", "%n of English is missing"},
-               {u"%5d", u"%1", "%5d of English is missing"},
+               {u"%1 and %2", u"%1 et %3", "%2 is missing; English has it"},
+               {u"%1 of %n", u"%1", "%n is missing; English has it"},
+               {u"%5d", u"%1", "%5d is missing; English has it"},
            });
     Expect("placeholder-mismatch", {{u"{name} %d", u"{nom} %1"}}, 0);
 }
@@ -116,9 +116,9 @@ TEST(TextRules, EscapeSequences)
 {
     Expect("escape-mismatch", {
                                   {uR"(a\nb\x41)", uR"(c\nd\x42)"},
-                                  {uR"(a\nb)", uR"(c d)", R"(0 times \n where English has it 1 times)"},
+                                  {uR"(a\nb)", uR"(c d)", R"(\n occurs 0 times here and 1 time in English)"},
                                   {uR"(\"a\")", u"« b »"},
-                                  {uR"(\"a\")", u"« b", R"(1 times \")"},
+                                  {uR"(\"a\")", u"« b", R"(\" occurs 1 time here)"},
                                   {uR"(a\\n)", uR"(b\\n)"},
                                   {u"a", uR"(b\q)", R"(no escape sequence \q)"},
                                   {u"a", uR"(b\)", R"(no escape sequence \)"},
@@ -176,8 +176,8 @@ TEST(TextRules, Blanks)
 {
     Expect("blank-edge", {
                              {u"a: ", u"b :\u00A0"},
-                             {u"a: ", u"b :", "ends with 0 blanks where English has 1"},
-                             {u"a", u"\u3000b", "begins with 1 blanks where English has 0", u"ja"},
+                             {u"a: ", u"b :", "blanks at the end: 0 here, 1 in English"},
+                             {u"a", u"\u3000b", "blanks at the beginning: 1 here, 0 in English", u"ja"},
                              {u"a: ", u"名前：", nullptr, u"ja"},
                              {u" ", u"b"},
                          });
@@ -223,8 +223,8 @@ TEST(TextRules, LettersAndNumbers)
     Expect("number-mismatch", {
                                   {u"page 1 of 20, %5d", u"२० में से पृष्ठ १, %6d"},
                                   {u"1,000 m 25", u"1000 m 25"},
-                                  {u"1,0000 m", u"10000 m", "the number 1 of English is missing"},
-                                  {u"5 and 5", u"5", "the number 5 of English is missing"},
+                                  {u"1,0000 m", u"10000 m", "the number 1 is missing; English has it"},
+                                  {u"5 and 5", u"5", "the number 5 is missing; English has it"},
                               });
     Expect("case-start", {
                              {u"Open", u"ouvrir", "begins with a small letter"},

@@ -31,7 +31,7 @@ class Check(DemoProject):
 
     def test_text_json_and_the_status(self):
         before = self.state()
-        self.assertEqual(self.check(), (0, FINDINGS, 'morvanite-cli: 0 errors, 1 warnings, 1 notes\n'))
+        self.assertEqual(self.check(), (0, FINDINGS, 'morvanite-cli: errors: 0, warnings: 1, notes: 1\n'))
         for level, status in (('error', 0), ('warning', 1), ('note', 1), ('never', 0)):
             self.assertEqual(self.check('--fail-on', level)[0], status, level)
         status, out, err = self.check('--format', 'json')

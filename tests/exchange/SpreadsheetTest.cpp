@@ -274,7 +274,7 @@ TEST(Spreadsheet, ReportsAThousandWarningsLineByLine)
     EXPECT_EQ(project.env.WarningCount, 1500);
     EXPECT_THAT(project.Messages(),
                 testing::EndsWith("Warning 1000: empty ID discarded (Line 1002).\r\n"
-                                  "Warning: 500 more like this one aren't listed: empty ID discarded "
+                                  "Warning: 500 more warnings like this one are not listed: empty ID discarded "
                                   "(Line 1003).\r\n[demo] import - 0 error(s), 1500 warning(s)\r\n"));
 }
 

@@ -49,8 +49,8 @@ TEST_F(InspectTest, ReportsFilesThatAreNotPacked)
           {Bytes(elf).replace(4, 1, "\2"), "not a 32-bit little-endian one"},
           {Bytes(elf).replace(50, 1, "\3"), "whose section table is outside"},
           {Bytes(elf).replace(elf.size() - 40 + 20, 1, "\xFF"), "whose section names are outside"},
-          {Bytes(), "the directory has no end"},
-          {"plain text", "the directory has no end"},
+          {Bytes(), "its directory has no end mark"},
+          {"plain text", "its directory has no end mark"},
           {Bytes(256, 'x') + ".zp_res" + PayloadBuilder::U32({256}), "the directory is cut off in entry 0"}})
         EXPECT_THAT(Wrong(file), HasSubstr(text));
     EXPECT_THAT(InspectFile(folder.Path("none"), result).toStdString(), HasSubstr("can't be read: No such file"));

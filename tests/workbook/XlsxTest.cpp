@@ -200,8 +200,8 @@ TEST(Xlsx, RefusesZipBombsWithLittleMemory)
     };
     const QByteArray blanks(64 << 20, ' ');
     // A part of that size, for which the directory has a smaller size.
-    QByteArray lying = sheet(blanks);
-    lying.replace(Package::U32({quint32(SheetOf(blanks).size())}), Package::U32({1000}));
+    QByteArray wrongSize = sheet(blanks);
+    wrongSize.replace(Package::U32({quint32(SheetOf(blanks).size())}), Package::U32({1000}));
     // These compress well, but not suspiciously, and need more memory than they have bytes.
     std::mt19937 random(1);
     QByteArray cells = "<row>";
@@ -219,7 +219,7 @@ TEST(Xlsx, RefusesZipBombsWithLittleMemory)
     const std::vector many(70'000, std::pair<QByteArray, QByteArray>("a", "b"));
     const std::pair<const char *, QByteArray> bombs[] = {
         {"compressed bytes may have at most", sheet(blanks)},
-        {"can't be decompressed", lying},
+        {"can't be decompressed", wrongSize},
         {"the cells take too much memory", sheet(cells + "</row>")},
         {"the texts take too much memory", sheet("<row><c t='inlineStr'><is>" + runs + "</is></c></row>")},
         {"the shared strings take too much memory", Package().Strings("<si>" + runs + "</si>", true).Build()},

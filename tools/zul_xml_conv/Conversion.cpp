@@ -179,7 +179,7 @@ bool Conversion::Convert(const LayoutTables &tables)
         ++layoutNumber;
     }
     if (errors > MOST_ERRORS)
-        messages.append(u"%1: %2 more errors"_s.arg(options.input).arg(errors - MOST_ERRORS));
+        messages.append(u"%1: %2 more errors are not shown"_s.arg(options.input).arg(errors - MOST_ERRORS));
     if (errors > 0)
         return false;
     for (const auto &[path, bytes] : results) {

@@ -51,9 +51,9 @@ void BarSizes::Apply()
         QList<int> wanted;
         for (CSizingControlBar *bar : docked) {
             const Qt::DockWidgetArea area = window.dockWidgetArea(bar);
-            const bool isStanding = area == Qt::LeftDockWidgetArea || area == Qt::RightDockWidgetArea;
+            const bool isVertical = area == Qt::LeftDockWidgetArea || area == Qt::RightDockWidgetArea;
             // A bar is as long as the window's edge, unless it shares the edge.
-            const bool isFree = isStanding == (orientation == Qt::Horizontal) ||
+            const bool isFree = isVertical == (orientation == Qt::Horizontal) ||
                                 std::count_if(docked.begin(), docked.end(), [&](CSizingControlBar *other) {
                                     return window.dockWidgetArea(other) == area;
                                 }) > 1;

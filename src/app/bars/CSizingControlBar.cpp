@@ -81,7 +81,7 @@ CSizingControlBar::Form CSizingControlBar::CurrentForm() const
     const auto *window = qobject_cast<const QMainWindow *>(parentWidget());
     const Qt::DockWidgetArea area =
         window ? window->dockWidgetArea(const_cast<CSizingControlBar *>(this)) : Qt::NoDockWidgetArea;
-    return area == Qt::TopDockWidgetArea || area == Qt::BottomDockWidgetArea ? Lying : Standing;
+    return area == Qt::TopDockWidgetArea || area == Qt::BottomDockWidgetArea ? Horizontal : Vertical;
 }
 
 QSize CSizingControlBar::PreferredSize() const
@@ -98,9 +98,9 @@ void CSizingControlBar::TakeChange(const QSize &before)
         size.setHeight(height());
 }
 
-void CSizingControlBar::LimitStandingWidth(int most)
+void CSizingControlBar::LimitVerticalWidth(int most)
 {
-    sizes[Standing].setWidth(qMin(sizes[Standing].width(), most));
+    sizes[Vertical].setWidth(qMin(sizes[Vertical].width(), most));
 }
 
 void CSizingControlBar::PlaceFloating()

@@ -7,8 +7,8 @@
 
 class Settings;
 
-/// A docking bar with three sizes: docked horizontally (lying), docked vertically (standing), and floating. The
-/// settings store them.
+/// A docking bar with three sizes: horizontal (docked at the top or the bottom), vertical (docked at a side), and
+/// floating. The settings store them.
 ///
 /// These are the sizes of the whole bar that the user chose, in pixels. In a small window the bar can be smaller.
 class CSizingControlBar : public QDockWidget
@@ -28,8 +28,8 @@ public:
     [[nodiscard]] QSize PreferredSize() const;
     /// Stores a change of the docked bar's size by the user: each of width and height that now differs from `before`.
     void TakeChange(const QSize &before);
-    /// Reduces the standing bar's stored width to at most this.
-    void LimitStandingWidth(int most);
+    /// Reduces the stored width of the vertical bar to at most this.
+    void LimitVerticalWidth(int most);
 
     /// Gives the bar its size and a position on a screen, if it is floating and the user isn't dragging it.
     void PlaceFloating();
@@ -41,8 +41,8 @@ protected:
 private:
     enum Form
     {
-        Lying,    // docked at the top or the bottom
-        Standing, // docked at a side
+        Horizontal, // docked at the top or the bottom
+        Vertical,   // docked at a side
         Floating,
         FORMS,
     };

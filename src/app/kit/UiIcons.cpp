@@ -12,7 +12,7 @@
 namespace
 {
 
-// Colours that stand out on white and on dark grey alike.
+// Colours that are easy to see both on white and on dark grey.
 const QColor BLUE(0x3B, 0x82, 0xD8);
 const QColor GREEN(0x3A, 0xA6, 0x6B);
 const QColor ORANGE(0xE0, 0x8A, 0x2C);

@@ -123,7 +123,7 @@ void FrameBars::Restore()
     // A damaged state would crash the program at each start.
     const bool isWhole = !bars.isEmpty() && env.settings.String("DockState", "check") == CheckOf(bars);
     if (!isWhole || !window.restoreState(bars, DOCK_STATE_VERSION)) {
-        outputBar->LimitStandingWidth(window.width() / 4);
+        outputBar->LimitVerticalWidth(window.width() / 4);
         ShowOutput(true);
     }
     toolboxBar->hide(); // it is shown only with layouts

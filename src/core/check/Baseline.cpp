@@ -27,7 +27,7 @@ bool IsFingerprint(const QByteArray &line)
     return isHash && FindRule(QString::fromUtf8(fields.front()));
 }
 
-/// The baseline has no findings about itself and about the settings of the check.
+/// A baseline doesn't accept findings about itself or about the settings of the check.
 bool CanBeAccepted(const Finding &finding)
 {
     const Rule *const rule = FindRule(QString::fromLatin1(finding.code));

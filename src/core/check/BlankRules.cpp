@@ -28,7 +28,7 @@ qsizetype BlanksAfter(QStringView text)
     return text.size() - size;
 }
 
-/// Returns whether a character is punctuation of Chinese and Japanese, which has its blank in itself, such as "：".
+/// Returns whether a character is punctuation of Chinese and Japanese, whose glyph includes the blank, such as "：".
 bool HasOwnBlank(QChar c)
 {
     return (c >= u'\u3000' && c <= u'\u303F') || (c >= u'\uFF01' && c <= u'\uFF65' && !c.isLetterOrNumber());
@@ -47,13 +47,13 @@ QString BlankEdge(const TextPair &pair, const TextContext & /*context*/)
         QStringView word;
     };
     const Edge edges[] = {
-        {BlanksBefore(pair.source), BlanksBefore(pair.text), HasOwnBlank(pair.text.front()), u"begins"},
-        {BlanksAfter(pair.source), BlanksAfter(pair.text), HasOwnBlank(pair.text.back()), u"ends"},
+        {BlanksBefore(pair.source), BlanksBefore(pair.text), HasOwnBlank(pair.text.front()), u"beginning"},
+        {BlanksAfter(pair.source), BlanksAfter(pair.text), HasOwnBlank(pair.text.back()), u"end"},
     };
     for (const Edge &edge : edges) {
         if (edge.expected != edge.present && !(edge.present == 0 && edge.isReplaced)) {
-            return u"%1 with %2 blanks where %3 has %4"_s.arg(edge.word, QString::number(edge.present),
-                                                              pair.sourceLanguage.name, QString::number(edge.expected));
+            return u"blanks at the %1: %2 here, %3 in %4"_s.arg(
+                edge.word, QString::number(edge.present), QString::number(edge.expected), pair.sourceLanguage.name);
         }
     }
     return {};
@@ -65,13 +65,13 @@ QString BlankOnly(const TextPair &pair, const TextContext & /*context*/)
         return {};
     if (!pair.IsSource() && !pair.source.isEmpty() && IsBlank(pair.source))
         return {}; // the finding about the source text is enough
-    return u"there are only blanks"_s;
+    return u"the text has only blanks"_s;
 }
 
 QString DoubleBlank(const TextPair &pair, const TextContext & /*context*/)
 {
     if (!(pair.features & HAS_BLANK_PAIR) || (!pair.IsSource() && (pair.sourceFeatures & HAS_BLANK_PAIR)))
-        return {}; // what the source text has is found there
+        return {}; // reported for the source text
     const QStringView inner = pair.text.trimmed();
     for (qsizetype at = inner.indexOf(u"  "); at >= 0; at = inner.indexOf(u"  ", at + 1)) {
         const QStringView before = inner.first(at);

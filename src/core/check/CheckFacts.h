@@ -11,7 +11,7 @@
 class IDRecord;
 struct CheckInput;
 
-/// What several project rules look at, found when the first of them asks. Main thread only.
+/// Facts about a project that several rules use. Each is found at the first call. Main thread only.
 class CheckFacts
 {
 public:

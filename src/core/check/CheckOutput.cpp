@@ -50,7 +50,8 @@ void CountMissingTexts(CheckResult &result)
     for (auto &[language, finding] : counted) {
         finding.id.clear();
         finding.line = finding.column = 0;
-        finding.text = u"%1 texts are missing"_s.arg(counts[language]);
+        const int count = counts[language];
+        finding.text = count == 1 ? u"1 text is missing"_s : u"%1 texts are missing"_s.arg(count);
         result.findings.push_back(std::move(finding));
     }
 }

@@ -49,7 +49,7 @@ QString ReadPlaceholders(CheckSettings &settings, const QString &value)
         else if (word == u"numbered"_s)
             kinds |= PLACEHOLDERS_NUMBERED;
         else if (word != u"none"_s)
-            return u"\"%1\" is no kind of placeholders; there are printf, braces, numbered, and none"_s.arg(word);
+            return u"\"%1\" isn't a kind of placeholder; use printf, braces, numbered or none"_s.arg(word);
     }
     settings.placeholders = kinds;
     return {};
@@ -129,7 +129,7 @@ QString ReadFontKey(CheckSettings &settings, const QString &key, const QString &
     qint64 size = 0;
     constexpr qint64 MOST_PIXELS = 1000;
     if (blank < 0 || !ReadCount(rest.sliced(blank + 1), size) || size > MOST_PIXELS)
-        return u"a font is a file and a size in pixels from 1 to 1000, such as \"fonts/ui.ttf 16\""_s;
+        return u"write a font as a file and a size in pixels from 1 to 1000, such as \"fonts/ui.ttf 16\""_s;
     font.file = ResolvePath(rest.first(blank).trimmed(), DirectoryOf(settings.file));
     font.size = int(size);
     settings.fonts[key.toLower()] = font;
@@ -148,7 +148,7 @@ QString ReadLimitKey(CheckSettings &settings, const QString &key, const QString 
                            : name == u"lines"_s ? &limit.lines
                                                 : nullptr;
         if (!field || blank < 0 || !ReadCount(word.sliced(blank + 1).trimmed(), number) || number > INT_MAX)
-            return u"\"%1\" is no limit; limits are such as \"length 12, width 80, lines 1\""_s.arg(word);
+            return u"\"%1\" isn't a limit; use limits such as \"length 12, width 80, lines 1\""_s.arg(word);
         *field = int(number);
     }
     settings.limits.push_back(limit);
@@ -185,7 +185,7 @@ QString ReadAudioKey(CheckSettings &settings, const QString &key, const QString 
             number = -1;
         if (number < 0)
             return list == &audio.codecs
-                       ? u"\"%1\" is no codec; there are pcm, adpcm, ima-adpcm, alaw, mulaw, and numbers"_s.arg(word)
+                       ? u"\"%1\" isn't a codec; use %2 or a number"_s.arg(word, WaveCodecNames().join(u", "_s))
                        : u"\"%1\" isn't a number above 0"_s.arg(word);
         list->push_back(int(number));
     }

@@ -67,9 +67,9 @@ struct CheckSettings
     [[nodiscard]] bool Ignores(const Rule &rule, const QString &id) const;
 };
 
-/// Returns whether a text matches a pattern in which "*" matches any characters. Regards case.
+/// Returns whether a text matches a pattern in which "*" matches any characters. The case of letters matters.
 [[nodiscard]] bool MatchesPattern(QStringView text, QStringView pattern);
 
 /// Reads the settings of the project in a folder (absolute path). Adds a finding of the rule "check-settings" for each
-/// line that has no meaning; the rest of the file counts.
+/// line that has no meaning; the other lines are used.
 [[nodiscard]] CheckSettings ReadCheckSettings(const QString &folder, std::vector<Finding> &findings);

@@ -59,8 +59,8 @@ bool StartsAt(QByteArrayView bytes, qsizetype at, QByteArrayView wanted)
     return bytes.size() >= at && bytes.sliced(at).startsWith(wanted);
 }
 
-/// Returns whether the bytes are the header of a frame of MPEG audio, layer II or III. Layer I isn't known, because the
-/// byte order mark of UTF-16 looks like it.
+/// Returns whether the bytes are the header of a frame of MPEG audio, layer II or III. Layer I isn't recognised,
+/// because the byte order mark of UTF-16 looks like it.
 bool IsMpegFrame(QByteArrayView bytes)
 {
     if (bytes.size() < 4 || quint8(bytes[0]) != 0xFF || (quint8(bytes[1]) & 0xE0) != 0xE0)

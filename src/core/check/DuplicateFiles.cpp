@@ -21,8 +21,8 @@ bool AreInOnePayload(const SurveyedFile &a, const SurveyedFile &b)
     return a.isImage == b.isImage && (a.screen == b.screen || a.screen < 0 || b.screen < 0);
 }
 
-/// Returns the bytes that a file needs in a payload at least. A picture can be packed as it is, or in the device's
-/// format, which has 24 bytes and 2 for each pixel, in rows of whole 4 bytes.
+/// Returns the least number of bytes that a file needs in a payload. A picture can be packed as it is, or in the
+/// device's format, which has 24 bytes and 2 for each pixel, in rows of whole 4 bytes.
 qint64 PayloadBytes(const SurveyedFile &file)
 {
     if (!file.HasPicture())
@@ -53,7 +53,7 @@ void ReportGroup(const FileSurvey &survey, const Files &group, RuleReport &repor
     }
 }
 
-/// Calls `function(group)` for each group of regular files with the same size and the same first bytes, at least two.
+/// Calls `function(group)` for each group of two or more regular files with the same size and the same first bytes.
 template <typename Function> void ForEachSimilar(const FileSurvey &survey, Function &&function)
 {
     std::map<std::pair<qint64, size_t>, Files> similar;
@@ -107,7 +107,7 @@ void ImageSameEverywhere(const CheckInput &input, RuleReport &report)
             std::all_of(files.begin() + 1, files.end(),
                         [&](const SurveyedFile *file) { return survey.HaveSameBytes(first, *file); }))
             report.Add(survey.About(
-                first,
-                u"all %1 screens have this image with the same bytes; Default could have it once"_s.arg(files.size())));
+                first, u"all %1 screens have this image with the same bytes; put the image into Default once"_s.arg(
+                           files.size())));
     }
 }

@@ -26,7 +26,7 @@ struct MarkRow
 {
     char16_t unit;
     EndMark mark;
-    QStringView languages; ///< the primary subtags of the languages that use it so
+    QStringView languages; ///< the primary subtags of the languages in which it has this meaning
 };
 
 constexpr QStringView EAST_ASIAN = u"zh ja ko yue";

@@ -111,11 +111,8 @@ QString EscapeMismatch(const TextPair &pair, const TextContext & /*context*/)
         text.Quotes() += CountQuotes(pair.text);
     }
     for (size_t i = 0; i < source.counts.size(); ++i) {
-        if (source.counts[i] != text.counts[i]) {
-            return u"%1 times \\%2 where %3 has it %4 times"_s.arg(
-                QString::number(text.counts[i]), QString(COUNTED[qsizetype(i)]), pair.sourceLanguage.name,
-                QString::number(source.counts[i]));
-        }
+        if (source.counts[i] != text.counts[i])
+            return OccursDifferently(u"\\%1"_s.arg(COUNTED[qsizetype(i)]), text.counts[i], source.counts[i], pair);
     }
     return {};
 }

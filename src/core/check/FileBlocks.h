@@ -29,7 +29,7 @@ public:
     [[nodiscard]] std::optional<quint8> U8(quint64 at) { return Number<quint8>(at, false); }
     [[nodiscard]] std::optional<quint16> U16(quint64 at) { return Number<quint16>(at, false); }
     [[nodiscard]] std::optional<quint32> U32(quint64 at) { return Number<quint32>(at, false); }
-    // The same with the high byte first.
+    // The same for big-endian numbers.
     [[nodiscard]] std::optional<quint16> BigU16(quint64 at) { return Number<quint16>(at, true); }
     [[nodiscard]] std::optional<quint32> BigU32(quint64 at) { return Number<quint32>(at, true); }
 

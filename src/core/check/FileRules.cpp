@@ -24,7 +24,7 @@ void FileMissing(const CheckInput &input, RuleReport &report)
             file.stored.isEmpty()  ? u"the list names no file"_s
             : file.found.isEmpty() ? u"the file %1 doesn't exist"_s.arg(file.stored)
             : file.error == 0
-                ? u"%1 is no regular file"_s.arg(file.stored)
+                ? u"%1 isn't a regular file"_s.arg(file.stored)
                 : u"the file %1 can't be read: %2"_s.arg(file.stored, QString::fromLocal8Bit(strerror(file.error)));
         report.Add(input.facts->Files(input).About(file, why));
     }
@@ -78,7 +78,7 @@ void FileType(const CheckInput &input, RuleReport &report)
             continue;
         if (file.isImage && (file.content == ContentKind::Unknown || file.content == ContentKind::WebP ||
                              file.content == ContentKind::Svg || !IsConvertible(wanted)))
-            continue; // of the rules for images
+            continue; // the rules for images check these
         if (file.content != ContentKind::Unknown)
             report.Add(input.facts->Files(input).About(
                 file, u"the content of the file %1 is %2"_s.arg(file.stored, NameOf(file.content))));
@@ -104,7 +104,7 @@ QString Listed(const std::vector<int> &numbers)
     return words.join(u", "_s);
 }
 
-/// Returns what of a sound isn't as the settings allow it; empty if nothing is.
+/// Returns which limits of the settings a sound breaks; empty if it breaks none.
 QString WrongAudio(const WaveHeader &wave, const AudioLimits &limits)
 {
     if (!wave.fault.isEmpty())

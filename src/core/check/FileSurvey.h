@@ -43,7 +43,7 @@ struct CheckedScreen
 };
 
 /// The files of a project's resources, read once for all rules: the first bytes of each, and no pixels. Reads nothing
-/// before the first question. Not for several threads.
+/// before the first call that needs it. Not for several threads.
 class FileSurvey
 {
 public:

@@ -46,7 +46,7 @@ void CollectRows(const TiXmlElement &element, QHash<QString, int> &rows)
     });
 }
 
-/// Gives the findings the rows of a file, and removes those that got one.
+/// Sets the row of each finding whose ID is in the file, and removes it from the list.
 void PlaceIn(CResDoc &document, const QString &path, std::vector<Finding *> &findings)
 {
     TiXmlDocument xml;

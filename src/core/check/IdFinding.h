@@ -12,6 +12,6 @@ class RuleReport;
 void AddForId(RuleReport &report, const CResModel &model, const IDRecord &record, const QString &text,
               quint64 basis = 0);
 
-/// Gives each finding that has an ID but no file the line in which the resource list or a layout file has the resource,
-/// unless it is a string. Reads these files only if there is such a finding.
+/// Sets the file and the line of each finding that has an ID but no file: where the resource list or a layout file has
+/// the resource. Leaves findings about strings as they are. Reads the files only if there is such a finding.
 void PlaceInLists(class CResDoc &document, std::vector<Finding> &findings);

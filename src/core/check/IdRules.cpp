@@ -45,14 +45,14 @@ bool IsAsciiName(const NarrowText &name)
 QString WhyInvalid(const NarrowText &name)
 {
     if (!IsAsciiName(name))
-        return u"an ID has only the letters A to Z and a to z; not every compiler accepts others"_s;
+        return u"an ID can have only the letters A to Z and a to z, since some compilers accept no others"_s;
     if (!IsValidIdName(QByteArrayView(name)))
-        return u"an ID has 1 to 64 letters, digits and \"_\", and no digit at the front"_s;
+        return u"an ID has 1 to 64 letters, digits and \"_\", and doesn't begin with a digit"_s;
     return IsKeyword(name) ? u"this is a keyword of C or C++"_s : QString();
 }
 
-/// Returns whether the sources are known, and all IDs and layouts. Without some of them, names in the sources would
-/// seem undefined, and IDs unused.
+/// Returns whether the check knows the sources and all IDs and layouts of the project. If some were missing, names in
+/// the sources would seem undefined, and IDs unused.
 bool CanCompareSources(const CheckInput &input)
 {
     return !input.settings.sourceFiles.isEmpty() && !HasLeftOutResources(input.loaded);
@@ -82,7 +82,7 @@ void IdCase(const CheckInput &input, RuleReport &report)
         if (names[i - 1]->name.compare(names[i]->name, Qt::CaseInsensitive) != 0)
             continue;
         const QString other = model.env.NarrowToWide(names[i - 1]->name);
-        AddForId(report, model, *names[i], u"only the case of letters differs from %1"_s.arg(other),
+        AddForId(report, model, *names[i], u"the ID differs from %1 only in case"_s.arg(other),
                  HashOf(model.env.NarrowToWide(names[i]->name), HashOf(other)));
     }
 }

@@ -52,16 +52,16 @@ std::map<QString, ImageSet> ImageSets(const FileSurvey &survey)
     return sets;
 }
 
-/// Returns whether two sides go with the sides of their screens: between the smaller and the larger change of the
-/// screens' sides, with a tolerance of a tenth or one pixel.
+/// Returns whether two sides of images are in proportion to their screens: the change from one to the other is between
+/// `least` and `most`, the changes of the screens' sides, with a tolerance of a tenth or one pixel.
 bool GoesWith(quint32 from, quint32 to, double least, double most)
 {
     constexpr double TOLERANCE = 0.1;
     return to + 1.0 >= from * least * (1 - TOLERANCE) && to - 1.0 <= from * most * (1 + TOLERANCE);
 }
 
-/// Returns whether two images of an ID have sizes that go with the sizes of their screens. A picture may keep its shape
-/// or follow the shape of the screen.
+/// Returns whether two images of an ID have sizes in proportion to their screens. A picture may keep its shape or
+/// follow the shape of the screen.
 bool HaveMatchingSizes(const PictureHeader &a, ScreenSize screenA, const PictureHeader &b, ScreenSize screenB)
 {
     const double wide = double(screenB.width) / screenA.width;
@@ -71,7 +71,7 @@ bool HaveMatchingSizes(const PictureHeader &a, ScreenSize screenA, const Picture
     return GoesWith(a.width, b.width, least, most) && GoesWith(a.height, b.height, least, most);
 }
 
-/// Reports the images of an ID whose sizes don't go with the one that goes with the most others.
+/// Reports the images of an ID whose sizes aren't in proportion to the one that is in proportion to the most others.
 void CompareSizes(const FileSurvey &survey, const ImageSet &set, RuleReport &report)
 {
     const std::vector<CheckedScreen> &screens = survey.Screens();
@@ -80,7 +80,7 @@ void CompareSizes(const FileSurvey &survey, const ImageSet &set, RuleReport &rep
         const SurveyedFile &from = *set.byScreen[a];
         const SurveyedFile &to = *set.byScreen[b];
         return HaveMatchingSizes(from.picture, screens[a].size, to.picture, screens[b].size) ||
-               survey.HaveSameBytes(from, to); // perhaps of the rule "image-same-everywhere"
+               survey.HaveSameBytes(from, to); // the rule "image-same-everywhere" may report these
     };
     size_t reference = 0;
     int most = 0;
@@ -99,7 +99,7 @@ void CompareSizes(const FileSurvey &survey, const ImageSet &set, RuleReport &rep
         const PictureHeader &own = set.byScreen[place]->picture;
         const PictureHeader &other = set.byScreen[reference]->picture;
         report.Add(survey.About(*set.byScreen[place],
-                                u"%1 x %2 pixels on %3 don't go with %4 x %5 pixels on %6"_s.arg(own.width)
+                                u"the size %1 x %2 on %3 isn't in proportion to %4 x %5 on %6"_s.arg(own.width)
                                     .arg(own.height)
                                     .arg(screens[place].Name())
                                     .arg(other.width)
@@ -135,7 +135,7 @@ void ImageFormat(const CheckInput &input, RuleReport &report)
         const bool isConverted = file.content == ContentKind::DeviceImage && !file.resource->Id()->push;
         if (!NeedImageConvert(file.stored) && !isConverted)
             report.Add(input.facts->Files(input).About(
-                file, u"the name %1 ends neither in bmp nor in gif, jpg or png, so it can't be converted"_s.arg(
+                file, u"the name %1 doesn't end in bmp, gif, jpg or png, so the image can't be converted"_s.arg(
                           FileName(file.stored))));
     });
 }

@@ -66,7 +66,7 @@ public:
 private:
     void Look(const CLayoutRes &layout, const PreviewEntries &entries)
     {
-        int outside = -1; // the depth of the component outside whose sub-components are passed over; -1: none
+        int outside = -1; // the depth of the reported component, whose sub-components are skipped; -1: none
         for (const PreviewEntry &entry : entries) {
             if (outside >= 0 && entry.depth > outside)
                 continue;

@@ -141,10 +141,10 @@ QString NumberMismatch(const TextPair &pair, const TextContext &context)
     if (wanted == expected.end() && found == present.end())
         return {};
     if (wanted == expected.end() || (found != present.end() && *found < *wanted)) {
-        return u"the number %1, which %2 doesn't have"_s.arg(NumberWith(*found, pair.text, kinds),
-                                                             pair.sourceLanguage.name);
+        return u"%2 doesn't have the number %1"_s.arg(NumberWith(*found, pair.text, kinds), pair.sourceLanguage.name);
     }
-    return u"the number %1 of %2 is missing"_s.arg(NumberWith(*wanted, pair.source, kinds), pair.sourceLanguage.name);
+    return u"the number %1 is missing; %2 has it"_s.arg(NumberWith(*wanted, pair.source, kinds),
+                                                        pair.sourceLanguage.name);
 }
 
 QString CaseStart(const TextPair &pair, const TextContext &context)

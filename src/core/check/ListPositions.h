@@ -8,7 +8,7 @@
 class CResDoc;
 
 /// Where the elements of a project's resource list (res/NAME.res.xml) are in the file. Reads the file at the first
-/// question.
+/// call of LineOf.
 class ListPositions
 {
 public:

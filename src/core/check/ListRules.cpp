@@ -27,7 +27,7 @@ public:
     {
     }
 
-    /// `areNamed`: the device finds the files by their names.
+    /// With `areNamed`, the device finds the files by their names, so no name may occur twice.
     void Check(bool areNamed)
     {
         QByteArray bytes;
@@ -57,10 +57,10 @@ public:
             const NarrowText name = env.WideToNarrow(FileName(stored));
             const int first = firstLines.value(name, 0);
             if (first > 0)
-                Add(number, u"line %1 has a file %2 too, and the device finds files by their names"_s.arg(first).arg(
+                Add(number, u"the file name %2 is also in line %1; the device finds only one of them"_s.arg(first).arg(
                                 FileName(stored)));
             else if (name == BLOCK_NAME || name == icon)
-                Add(number, u"the payload has a part of its own that is called %1"_s.arg(FileName(stored)));
+                Add(number, u"the name %1 is reserved for a part of the payload"_s.arg(FileName(stored)));
             else
                 firstLines.insert(name, number);
         }

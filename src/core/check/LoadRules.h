@@ -10,8 +10,8 @@ class ProcessTables;
 class RuleReport;
 struct CheckInput;
 
-// The rules whose findings come from the load of the project. The load tells what it finds (Environment::found), and
-// each code of it belongs to one rule.
+// The rules whose findings come from the load of the project. The load reports what it finds (Environment::found), and
+// each of its codes belongs to one rule.
 
 /// Checks a project that can't be opened: returns what the opening reported, and at least one finding of the rule
 /// "project-unreadable", which no setting switches off here. `explained` is what the opening explained in words.

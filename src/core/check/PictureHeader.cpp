@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-// The parts before the pixels that are read at most, so that no file keeps the check busy.
+// The most parts before the pixels that are read, so that no file keeps the check busy.
 constexpr int MOST_PARTS = 100'000;
 constexpr quint64 MOST_PIXELS = 64'000'000; // that the converter takes
 

@@ -16,8 +16,8 @@ namespace
 QString OnlyIn(bool isInText, QStringView placeholder, const TextPair &pair)
 {
     const QStringView source = pair.sourceLanguage.name;
-    return isInText ? u"%1, which %2 doesn't have"_s.arg(placeholder, source)
-                    : u"%1 of %2 is missing"_s.arg(placeholder, source);
+    return isInText ? u"%2 doesn't have %1"_s.arg(placeholder, source)
+                    : u"%1 is missing; %2 has it"_s.arg(placeholder, source);
 }
 
 bool IsPercent(QStringView text, qsizetype at)
@@ -79,7 +79,7 @@ QString ComparePrintf(const TextPair &pair, bool hasNumbered)
     if (isForPrintf && text.invalid >= 0) {
         const QStringView place =
             pair.text.sliced(text.invalid).first(qMin<qsizetype>(2, pair.text.size() - text.invalid));
-        return u"\"%1\" begins no placeholder; a percent sign is written %%"_s.arg(place);
+        return u"\"%1\" doesn't begin a placeholder; write a percent sign as %%"_s.arg(place);
     }
     return {};
 }
@@ -113,8 +113,7 @@ QString CompareBraces(const TextPair &pair)
         return OnlyIn(true, u"{%1}"_s.arg(*found), pair);
     if (source.unnamed == text.unnamed)
         return {};
-    return u"%1 times {} where %2 has it %3 times"_s.arg(QString::number(text.unnamed), pair.sourceLanguage.name,
-                                                         QString::number(source.unnamed));
+    return OccursDifferently(u"{}", text.unnamed, source.unnamed, pair);
 }
 
 } // namespace
@@ -127,7 +126,8 @@ QString PlaceholderMismatch(const TextPair &pair, const TextContext &context)
     const quint32 features = pair.sourceFeatures | pair.features;
     QString wrong;
     if (features & HAS_PERCENT) {
-        // A text without placeholders may be one for either kind. So what the translation adds is looked at as both.
+        // A source text without placeholders doesn't show whether it is for printf or for numbered ones. So the
+        // placeholders of its translation are compared as both.
         const quint32 kinds = PlaceholderKindsOf(pair.source, allowed);
         const bool hasNumbered = kinds & PLACEHOLDERS_NUMBERED;
         if (allowed & PLACEHOLDERS_PRINTF)

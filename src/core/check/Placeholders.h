@@ -6,7 +6,7 @@
 
 #include <bitset>
 
-// What the texts of an application leave room for: the placeholders of printf, those in braces, and numbered ones.
+// The placeholders in the texts of an application: those of printf, those in braces, and numbered ones.
 
 /// A placeholder of printf, such as "%-5.2f", "%1$s" or "%%".
 struct PrintfPlaceholder
@@ -57,7 +57,7 @@ struct BracePlaceholder
 /// returns false, the placeholders can still be equal in effect.
 [[nodiscard]] bool HaveSamePlaceholders(QStringView a, QStringView b);
 
-/// What a text makes printf do.
+/// The arguments that printf reads for a text.
 struct PrintfUse
 {
     struct Argument
@@ -68,7 +68,7 @@ struct PrintfUse
     QVarLengthArray<Argument, 16> arguments; ///< by number, from 1
     bool hasPair = false;                    ///< "%%"
     bool isMixed = false;   ///< has both numbered and other placeholders, or one argument with two types
-    qsizetype invalid = -1; ///< the place of the first "%" that begins no placeholder; -1 if there is none
+    qsizetype invalid = -1; ///< the place of the first "%" that doesn't begin a placeholder; -1 if there is none
 
     /// Returns whether printf can use the text, and the text has something for it.
     [[nodiscard]] bool IsFormat() const { return invalid < 0 && !isMixed && (hasPair || !arguments.isEmpty()); }

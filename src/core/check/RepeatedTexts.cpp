@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// A row under the hash that groups it.
+/// A row, and the hash by which rows are grouped.
 struct HashedRow
 {
     size_t hash;
@@ -59,7 +59,7 @@ QString IdOf(const CStringRes &head)
     return QString::fromUtf8(head.Id()->name);
 }
 
-/// The rows under the hashes that `hashOf` makes of them.
+/// Groups the rows by the hash that `hashOf` returns.
 template <typename Hash>
 std::vector<HashedRow> HashedBy(const std::vector<const CStringRes *> &heads, const Hash &hashOf)
 {

@@ -58,13 +58,11 @@ constexpr Rule RULES[] = {
      ControlCharacter, HAS_CONTROL},
     {"lone-surrogate", Texts, Error, "a text has a half of a character",
      "One half of a surrogate pair of UTF-16 is there without the other, so the text can't be converted, and the "
-     "device "
-     "may stop reading there. Delete it, or write the character again.",
+     "device may stop reading there. Delete it, or write the character again.",
      LoneSurrogate, HAS_CONTROL},
     {"blank-edge", Texts, Warning, "a translation begins or ends with other blanks than its source text",
      "Blanks at the edges matter when texts are put together. Use as many blanks as the source text. No blank is "
-     "needed "
-     "beside Chinese and Japanese punctuation.",
+     "needed beside Chinese and Japanese punctuation.",
      BlankEdge, HAS_BLANK_EDGE},
     {"blank-only", Texts, Warning, "a text has only blanks",
      "The text looks like a missing one, but isn't reported as missing. Delete it or write a text.", BlankOnly,
@@ -75,8 +73,8 @@ constexpr Rule RULES[] = {
      "the difference is right, write [ignore:end-punctuation] at the end of the row's description.",
      EndPunctuation, HAS_PUNCTUATION | HAS_BACKSLASH},
     {"same-as-source", Texts, Note, "a translation is equal to its source text",
-     "The text was perhaps copied and never translated. Texts without a word count as translated, and short words of "
-     "capitals such as USB. If it is right, write [same] at the end of the row's description.",
+     "The text was perhaps copied and never translated. Texts without a word, and short words of capitals such as USB, "
+     "count as translated. If it is right, write [same] at the end of the row's description.",
      SameAsSource, HAS_TEXT},
     {"double-blank", Texts, Note, "a text has two blanks one after the other",
      "This is usually a typing error. Delete one of them.", DoubleBlank, HAS_BLANK_PAIR},
@@ -103,7 +101,7 @@ constexpr Rule RULES[] = {
      nullptr, 0, LanguageUnknown},
     {"id-invalid", Ids, Error, "an ID isn't a valid name in C",
      "The header defines the ID as a macro, so it must be an identifier of C with 1 to 64 ASCII letters, digits and _, "
-     "and no keyword of C or C++. Rename it.",
+     "and not a keyword of C or C++. Rename it.",
      nullptr, 0, IdInvalid},
     {"id-conflict", Ids, Error, "an ID is used twice",
      "The load leaves out the second resource with the ID, or the texts of the first of two rows, and the next save "
@@ -135,8 +133,7 @@ constexpr Rule RULES[] = {
      "A line begins with <<<<<<<, ======= or >>>>>>>. Resolve the conflict.", nullptr, 0, ConflictMarkerLeft},
     {"string-file-form", Project, Error, "the string file is damaged",
      "The file isn't UTF-16 with a byte order mark, a row has more fields than the line of languages, or there are "
-     "fewer "
-     "languages than the first line says.",
+     "fewer languages than the first line says.",
      nullptr, 0, StringFileForm},
     {"settings-missing", Project, Error, "a list that Morvanite.ini names is missing or damaged",
      "There is no list of screen sizes, so the images and layouts of a project are left out; or there are no types of "
@@ -168,7 +165,7 @@ constexpr Rule RULES[] = {
     {"file-type", Files, Error, "the content of a file isn't what its name says",
      "The device, and other programs, may go by the name. Rename the file, or convert it.", nullptr, 0, FileType},
     {"image-unreadable", Images, Error, "an image can't be read",
-     "The file is damaged or cut off, has a form that the converter doesn't know, or is no picture. Export the image "
+     "The file is damaged or cut off, has a form that the converter doesn't know, or isn't a picture. Export the image "
      "again.",
      nullptr, 0, ImageUnreadable},
     {"image-format", Images, Error, "an image is in a format that can't be converted",
@@ -177,7 +174,7 @@ constexpr Rule RULES[] = {
      nullptr, 0, ImageFormat},
     {"image-too-large", Images, Warning, "an image is larger than its screen",
      "The image is wider or higher than the screen of its folder. Make it smaller.", nullptr, 0, ImageTooLarge},
-    {"image-size-differs", Images, Note, "the sizes of an image don't go with the sizes of the screens",
+    {"image-size-differs", Images, Note, "the sizes of an image aren't in proportion to those of the screens",
      "From one screen to another, the sides of an image should change no less and no more than the sides of the "
      "screens do, with a tolerance of a tenth. Make the image again for the screen that is named.",
      nullptr, 0, ImageSizeDiffers},
@@ -198,8 +195,7 @@ constexpr Rule RULES[] = {
      nullptr, 0, AudioFormat},
     {"list-line", Files, Warning, "a line of a list of further files can't be packed",
      "In the lists of previews and of version 1.0: the file is missing, the line is longer than 255 bytes, a name "
-     "occurs "
-     "twice or is reserved.",
+     "occurs twice or is reserved.",
      nullptr, 0, ListLine},
     {"layout-class", Layouts, Error, "a component has an unknown class",
      "The catalogue has no such class, or an element is in the wrong place, so the device can't make the component. "

@@ -60,7 +60,7 @@ void HeaderStale(const CheckInput &input, RuleReport &report)
 {
     CResDoc &document = input.document;
     if (!CanMakeHeaders(input))
-        return; // other rules tell why
+        return; // another rule reports this
     const QString folder = document.env.settings.String("Path", "header_output", ".\\ResID");
     std::vector<GeneratedHeader> headers;
     if (IDGen::MakeHeaders(&document.ids, folder, document, headers) != 0)
@@ -75,7 +75,7 @@ void HeaderStale(const CheckInput &input, RuleReport &report)
 void ListsUnsaved(const CheckInput &input, RuleReport &report)
 {
     if (HasLeftSomethingOut(input.loaded))
-        return; // a save would lose that, as other rules tell
+        return; // a save would lose that; another rule reports this
     CResDoc &document = input.document;
     const QString text = u"a save would change the file, from this line on"_s;
     const ProjectPaths paths(document.PathName(), document.env);

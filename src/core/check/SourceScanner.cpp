@@ -57,7 +57,7 @@ bool SourceScanner::Next(SourceName &name)
     return false;
 }
 
-/// Skips something that is no name.
+/// Skips something that isn't a name.
 void SourceScanner::SkipOther()
 {
     const char c = source[at];

@@ -14,11 +14,12 @@
 namespace
 {
 
-/// The fields before the first language: of files with the column of types, and of older ones without it.
+/// The columns of a string file: how many are before the first language (files of older versions have no column of
+/// types), and the languages.
 struct Columns
 {
     int first = 0;
-    std::vector<int> languages; // numbers; -1 for a header that isn't one
+    std::vector<int> languages; // numbers; -1 for a header that isn't that of a language
 };
 
 Columns ColumnsOf(const Environment &env, QStringView line)

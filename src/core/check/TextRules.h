@@ -20,3 +20,7 @@
 [[nodiscard]] QString NotNormalised(const TextPair &pair, const TextContext &context);
 [[nodiscard]] QString NumberMismatch(const TextPair &pair, const TextContext &context);
 [[nodiscard]] QString CaseStart(const TextPair &pair, const TextContext &context);
+
+/// Returns the text of a finding such as "{} occurs 1 time here and 2 times in English": `what` occurs `here` times in
+/// the text of the pair, and `inSource` times in its source text.
+[[nodiscard]] QString OccursDifferently(QStringView what, int here, int inSource, const TextPair &pair);

@@ -49,7 +49,7 @@ WaveHeader ReadWaveHeader(FileBlocks &file)
     WaveHeader header;
     const auto form = file.Slice(0, 4);
     if (form && *form == "RIFX") {
-        header.fault = u"its numbers have the high byte first"_s;
+        header.fault = u"it is a big-endian WAV file (RIFX)"_s;
         return header;
     }
     quint64 at = 12;
@@ -80,6 +80,14 @@ int WaveCodecOf(QStringView name)
     bool isNumber = false;
     const uint number = name.toUInt(&isNumber);
     return isNumber && number <= 0xFFFF ? int(number) : -1;
+}
+
+QStringList WaveCodecNames()
+{
+    QStringList names;
+    for (const Codec &codec : CODECS)
+        names.append(codec.name.toString());
+    return names;
 }
 
 QString WaveCodecName(int codec)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 class FileBlocks;
 
@@ -20,6 +21,9 @@ struct WaveHeader
 
 /// Returns the number of a codec that a name or a decimal number means, or -1.
 [[nodiscard]] int WaveCodecOf(QStringView name);
+
+/// Returns the names that `WaveCodecOf` knows.
+[[nodiscard]] QStringList WaveCodecNames();
 
 /// Returns the name of a codec, or its number where it has no name.
 [[nodiscard]] QString WaveCodecName(int codec);

@@ -38,7 +38,11 @@ private:
         for (;;) {
             const auto name = bytes.ZeroTerminated(at);
             if (!name)
-                return QStringLiteral("the directory has no end: entry %1 at %2").arg(payload.entries.size()).arg(at);
+                return QStringLiteral(
+                           "it isn't a packed file, or it is damaged: its directory has no end mark (entry %1 "
+                           "at offset %2)")
+                    .arg(payload.entries.size())
+                    .arg(at);
             at += quint64(name->size()) + 1;
             const auto offset = bytes.U32(at);
             const auto size = bytes.U32(at + 4);

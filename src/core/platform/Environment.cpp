@@ -231,7 +231,7 @@ void Environment::EndReport(const QString &name, const char *operation)
 {
     for (const WarningLimit::Kind &kind : shared.warningLimit.Kinds()) {
         if (output && kind.Rest() > 0)
-            Log(output, QStringLiteral("Warning: %1 more like this one aren't listed: %2\r\n")
+            Log(output, QStringLiteral("Warning: %1 more warnings like this one are not listed: %2\r\n")
                             .arg(QString::number(kind.Rest()), kind.firstRest));
     }
     shared.warningLimit.End();
