@@ -14,7 +14,8 @@ LONGEST_FUNCTION = 60
 EXCUSED_FILES = {}
 EXCUSED_FUNCTIONS = {}
 LICENCE = 'SPDX-License-Identifier: MIT'
-SOURCES = ('*.h', '*.c', '*.cpp', '*.py', '*.sh', '*.cmake', '*CMakeLists.txt', '.ci/run', '*.cmake.in')
+SOURCES = ('*.h', '*.c', '*.cpp', '*.py', '*.sh', '*.cmake', '*CMakeLists.txt', '.ci/run', '*.cmake.in',
+           '*.pc.in', 'debian/rules', 'debian/tests/sample', 'debian/tests/window', 'packaging/completions/*')
 UNPLAIN = r'\b(?:stands?|standing|lies?|lying|bears|mends?|mending)\b'
 # Files of the core that may open a file for writing: the one that replaces project files in one step, and the pack.
 WRITERS = ('src/core/platform/FileReplacement.cpp', 'src/core/pack/', 'src/core/channel/LocalSocket.cpp',
