@@ -50,7 +50,7 @@ TEST(CheckSettings, EveryLineWithoutMeaningIsAFindingAtItsLine)
     const std::pair<QByteArray, const char *> wrong[] = {
         {"[Checks]\nsource=English", "no such section"},
         {"[Check]\nsources=English", "has the keys"},
-        {"[Check]\nplaceholders=printf, curly", "\"curly\" is no kind"},
+        {"[Check]\nplaceholders=printf, curly", "\"curly\" isn't a kind"},
         {"[Check]\ntarget=240x320, large", "\"large\" isn't the size"},
         {"[Severity]\nno-such-rule=off", "no rule"},
         {"[Severity]\nfile-missing=Fatal", "off, note, warning or error"},

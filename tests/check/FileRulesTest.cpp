@@ -156,10 +156,9 @@ TEST(FileRules, EqualFilesCountWhereOnePayloadHasBoth)
             "demo.res.xml:14 ID_ANY: the file v.png has the same bytes as y.png of ID_Y; one resource for both saves "
             "63 "
             "bytes"));
-    EXPECT_THAT(
-        project.Findings(u"image-same-everywhere"),
-        ElementsAre("demo.res.xml:7 ID_X: all 2 screens have this image with the same bytes; Default could have "
-                    "it once"));
+    EXPECT_THAT(project.Findings(u"image-same-everywhere"),
+                ElementsAre("demo.res.xml:7 ID_X: all 2 screens have this image with the same bytes; put the image "
+                            "into Default once"));
 }
 
 TEST(FileRules, ImagesAndTheirScreens)

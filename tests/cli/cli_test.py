@@ -48,7 +48,7 @@ class Cli(DemoProject):
         self.assertRegex(self.run_cli('kept', 'demo.vcproj')[1], r'(?m)^1\t[-:T0-9]+\t.*/res/demo\.res\.xml$')
         status, out, _ = self.run_cli('kept', self.project, '--restore', '1')
         self.assertEqual((status, listing.read_bytes()), (0, before))
-        self.assertRegex(out, 'is kept in .*/2$')
+        self.assertRegex(out, 'are kept in .*/2$')
         self.assertEqual(self.run_cli('kept', self.project, '--restore', '7')[0], 1)
 
     def test_save_fails_if_the_numbers_overflow(self):
