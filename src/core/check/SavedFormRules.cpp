@@ -84,6 +84,7 @@ void ListsUnsaved(const CheckInput &input, RuleReport &report)
     if (!strings || strings->subfolders.empty())
         return;
     const QString saved = MakeStringFile(document);
-    const QByteArrayView bytes(reinterpret_cast<const char *>(saved.constData()), saved.size() * sizeof(QChar));
+    const QByteArrayView bytes(reinterpret_cast<const char *>(saved.constData()),
+                               saved.size() * qsizetype(sizeof(QChar)));
     Compare(paths.Absolute(paths.StringPath()), bytes, sizeof(QChar), text, report);
 }
