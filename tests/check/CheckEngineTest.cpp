@@ -52,6 +52,7 @@ TEST(CheckSettings, EveryLineWithoutMeaningIsAFindingAtItsLine)
         {"[Check]\nsources=English", "has the keys"},
         {"[Check]\nplaceholders=printf, curly", "\"curly\" isn't a kind"},
         {"[Check]\ntarget=240x320, large", "\"large\" isn't the size"},
+        {"[Check]\nsource=Nowhereish", "no language \"Nowhereish\""},
         {"[Severity]\nno-such-rule=off", "no rule"},
         {"[Severity]\nfile-missing=Fatal", "off, note, warning or error"},
         {"[Ignore]\nno-such-rule=ID_A", "no rule"},
@@ -73,6 +74,15 @@ TEST(CheckSettings, EveryLineWithoutMeaningIsAFindingAtItsLine)
     project.PutSettings("[check]\nSOURCE=0\nplaceholders=none\ntarget=240x320\n"
                         "[Limit]\nID_*=length 3, width 4, lines 5\n[Language]\n0=en\n[Ignore]\nid-case=ID_*\n");
     EXPECT_THAT(project.Findings({"check-settings"}), IsEmpty());
+}
+
+TEST(CheckSettings, AnUnknownWordOfTheNotesOfARowIsAFinding)
+{
+    CheckedProject project;
+    project.PutStrings("Number of Language|1\nString ID|Resource Type|Description|English(0)\n"
+                       "ID_A|Normal|[size:3, same]|Yes\nID_B|Normal|see [page 3]|No\n##number|2\n");
+    EXPECT_THAT(project.Findings({"check-settings"}),
+                ElementsAre(AllOf(HasSubstr("txt:3 ID_A"), HasSubstr("\"size:3\""))));
 }
 
 TEST(CheckSettings, PatternsOfIds)

@@ -87,7 +87,7 @@ std::vector<Finding> CheckProject(const CheckInput &given)
         if (rule.project && report.Begin(rule))
             rule.project(input, report);
     }
-    for (const Finding &fault : input.texts.FontFaults()) {
+    for (const Finding &fault : input.texts.Faults()) {
         report.Begin(*FindRule(u"check-settings"));
         report.Add(fault);
     }

@@ -276,5 +276,6 @@ CheckSettings ReadCheckSettings(const QString &folder, std::vector<Finding> &fin
         if (!wrong.isEmpty())
             tell(u"section %1, key %2: %3"_s.arg(section, key, wrong), line);
     }
+    settings.sourceLine = profile.LineOf(u"Check", u"source");
     return settings;
 }

@@ -51,6 +51,7 @@ struct CheckSettings
 
     QString file;   ///< the absolute path of the settings, which need not exist
     QString source; ///< the source language as it was written: a name, a number or a code; empty for the first language
+    int sourceLine = 0; ///< the line of the key `source` in the settings; 0 if it isn't there
     quint32 placeholders = PLACEHOLDERS_PRINTF | PLACEHOLDERS_BRACES | PLACEHOLDERS_NUMBERED;
     std::vector<ScreenSize> target;       ///< the screens that are built for; empty for all that the project uses
     std::vector<RuleLevel> levels;        ///< by the index of the rule

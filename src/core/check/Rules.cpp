@@ -219,7 +219,8 @@ constexpr Rule RULES[] = {
      "smaller.",
      nullptr, 0, LayoutOutside},
     {"check-settings", RuleGroup::Check, Error, "a line of morvanite-check.ini has no meaning",
-     "A section, a key or a value isn't known, so it has no effect."},
+     "A section, a key or a value is unknown, so it has no effect; or the project lacks the source language, a font "
+     "can't be opened, or the notes of a row have an unknown word. Correct it."},
     {"baseline-line", RuleGroup::Check, Error, "a line of the baseline can't be read",
      "The line has another form than --write-baseline writes. Write the baseline again."},
     {"baseline-stale", RuleGroup::Check, Note, "a line of the baseline has no finding any more",

@@ -38,9 +38,16 @@ TextContext::TextContext(const CResModel &model, const CheckSettings &checkSetti
         return language.name == settings.source || QString::number(language.number) == settings.source ||
                (!language.code.isEmpty() && language.code.compare(settings.source, Qt::CaseInsensitive) == 0);
     });
-    knowsSource = named != languages.end();
-    if (knowsSource)
+    if (named != languages.end())
         source = size_t(named - languages.begin());
+    else
+        faults.push_back(
+            {"check-settings",
+             Severity::Error,
+             settings.file,
+             settings.sourceLine,
+             {},
+             QStringLiteral("section Check, key source: the project has no language \"%1\"").arg(settings.source)});
 }
 
 void TextContext::OpenFonts()
@@ -49,7 +56,7 @@ void TextContext::OpenFonts()
         QString why;
         fonts[key] = OpenDeviceFont(font.file, font.size, font.isShaped, why);
         if (!why.isEmpty())
-            fontFaults.push_back({"check-settings", Severity::Error, settings.file, 0, {}, why});
+            faults.push_back({"check-settings", Severity::Error, settings.file, 0, {}, why});
     }
     const auto find = [this](const QString &key) {
         const auto font = fonts.find(key);
@@ -99,6 +106,13 @@ void RowCheck::Check(const CStringRes &head, RuleReport &report)
     for (size_t i = 0; i < features.size(); ++i)
         features[i] = FeaturesOf(texts[i]);
     const RowNotes notes = NotesOf(head.text);
+    if (!notes.unknown.isEmpty() && report.Begin(*FindRule(u"check-settings"))) {
+        Finding finding;
+        finding.id = context.Env().NarrowToWide(head.Id()->name);
+        finding.text =
+            QStringLiteral("the notes at the end of the description have an unknown word \"%1\"").arg(notes.unknown);
+        report.AddForRow(notes, std::move(finding));
+    }
     const TextLimit limit = LimitOf(head, notes);
     for (size_t i = 0; i < features.size(); ++i)
         CheckText(head, notes, limit, i, report);

@@ -30,10 +30,8 @@ public:
     [[nodiscard]] size_t Source() const { return source; }
     /// The place of a language in `Languages`, or -1.
     [[nodiscard]] int PlaceOf(qint32 number) const;
-    /// True if the settings name a source language that the project has, or none.
-    [[nodiscard]] bool KnowsSource() const { return knowsSource; }
-    /// What is wrong with the fonts of the settings.
-    [[nodiscard]] const std::vector<Finding> &FontFaults() const { return fontFaults; }
+    /// What of the settings can't be used in this project: fonts, the source language.
+    [[nodiscard]] const std::vector<Finding> &Faults() const { return faults; }
     /// The text rules that aren't off.
     [[nodiscard]] const std::vector<const Rule *> &Rules() const { return rules; }
     /// Returns the limits of a row: those of its notes, and otherwise those of the settings.
@@ -46,10 +44,9 @@ private:
     const CheckSettings &settings;
     std::vector<CheckedLanguage> languages;
     std::map<QString, std::unique_ptr<IDeviceFont>> fonts; // by the key of the settings
-    std::vector<Finding> fontFaults;
+    std::vector<Finding> faults;
     std::vector<const Rule *> rules;
     size_t source = 0;
-    bool knowsSource = true;
 };
 
 /// Checks rows of the string table with the text rules. Keeps its memory from row to row, so checking a row without a
