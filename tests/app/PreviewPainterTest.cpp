@@ -147,7 +147,7 @@ TEST(PreviewPainter, MatchesAPixelByPixelReferenceAtAnyZoomAndRepaintsAnyPart)
                     const qint64 top = onScreen(entry.rect.top, preview.corner.y());
                     const qint64 bottom = onScreen(entry.rect.bottom, preview.corner.y());
                     if (left >= right || top >= bottom)
-                        isNearEllipsis |= std::abs(x - left) < 20 && std::abs(y - top) < 30;
+                        isNearEllipsis |= std::abs(x - (left + right) / 2) < 20 && std::abs(y - top) < 30;
                     if (x < left || x >= right || y < top || y >= bottom)
                         continue;
                     isCovered = true;
