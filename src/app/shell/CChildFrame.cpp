@@ -23,7 +23,8 @@
 
 CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, ToolboxState &sharedToolbox)
     : document(projectDocument), shell(shellHost), toolbox(sharedToolbox), selection(std::in_place, projectDocument),
-      splitter(new KeyboardSplitter(Qt::Horizontal)), right(new QStackedWidget)
+      check(std::in_place, projectDocument, nullptr), splitter(new KeyboardSplitter(Qt::Horizontal)),
+      right(new QStackedWidget)
 {
     setWindowIcon(MakeIcon(UiIcon::Project));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -36,13 +37,18 @@ CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, Toolbox
     splitter->RestoreSize(document.env.settings.Int("split1st", "width", 200));
     (void)toolbox.IsShown(document.env.settings); // reads the state now, for all windows
     MakeContent();
+    CheckWhenIdle();
     ShowPane(Pane::Default);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
         if (now && splitter && splitter->isAncestorOf(now))
             lastFocus = now;
     });
     notice->leavesFocus = [this] { (lastFocus ? lastFocus.data() : tree)->setFocus(); };
-    modifiedChanged.emplace(document.modifiedChanged, [this] { ShowTitle(); });
+    modifiedChanged.emplace(document.modifiedChanged, [this] {
+        ShowTitle();
+        if (!document.IsModified()) // it has been saved or loaded again
+            check->CheckAgain();
+    });
     ShowTitle();
 }
 
@@ -65,6 +71,15 @@ void CChildFrame::MakeContent()
     setWidget(content);
 }
 
+void CChildFrame::CheckWhenIdle()
+{
+    connect(&checkPace, &QTimer::timeout, this, [this] {
+        if (!check->Step())
+            checkPace.stop();
+    });
+    checkDue.emplace(check->due, [this] { checkPace.start(0); });
+}
+
 /// Deletes the views, which must go before the document because they read it.
 void CChildFrame::LeaveDocument()
 {
@@ -75,6 +90,9 @@ void CChildFrame::LeaveDocument()
     if (!isStored)
         (void)document.env.settings.WriteAll(State());
     delete std::exchange(splitter, nullptr);
+    checkPace.stop();
+    checkDue.reset();
+    check.reset();
     document.selection = nullptr;
     selection.reset();
 }
@@ -110,7 +128,7 @@ void CChildFrame::ShowPane(Pane pane)
 {
     QWidget *&known = panes[pane];
     if (!known) {
-        known = MakePane(pane, {document, *selection, *tree, *this});
+        known = MakePane(pane, {document, *selection, *tree, *this, *check});
         if (!known)
             known = panes[Pane::Default];
         else

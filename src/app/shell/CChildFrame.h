@@ -5,9 +5,11 @@
 #include "FrameState.h"
 #include "KeyboardSplitter.h"
 #include "NoticeBar.h"
+#include "ProjectCheck.h"
 
 #include <QMdiSubWindow>
 #include <QPointer>
+#include <QTimer>
 
 #include <map>
 #include <optional>
@@ -32,6 +34,8 @@ public:
     /// The zoom of the preview; empty while the preview isn't shown.
     [[nodiscard]] const QString &Zoom() const { return shownZoom; }
     [[nodiscard]] NoticeBar &Notice() { return *notice; }
+    /// The findings of the project. Must not be called after the window has left its document.
+    [[nodiscard]] ProjectCheck &Check() { return *check; }
 
     /// The view that receives actions: the one with the focus, otherwise the one that had it last.
     [[nodiscard]] IActionTarget *ActiveView();
@@ -83,6 +87,7 @@ private:
     void MakeContent();
     void ShowTitle();
     void LeaveDocument();
+    void CheckWhenIdle();
     void Save();
     void GoToId();
     void GoToDivider();
@@ -91,6 +96,9 @@ private:
     IViewHost &shell;
     ToolboxState &toolbox;
     std::optional<Selection> selection; // exists until the window has left its document
+    std::optional<ProjectCheck> check;  // likewise
+    QTimer checkPace;                   // expires when nothing else is to do
+    std::optional<Notifier<>::Listener> checkDue;
     NoticeBar *notice;
     KeyboardSplitter *splitter; // null once the window has left its document
     CProjView *tree;

@@ -6,6 +6,7 @@
 class CProjView;
 class CResDoc;
 class IViewHost;
+class ProjectCheck;
 class QWidget;
 class Selection;
 
@@ -16,6 +17,7 @@ struct PaneParts
     Selection &selection;
     CProjView &tree;
     IViewHost &host;
+    ProjectCheck &check;
 };
 
 /// Makes a pane of a project's window. The window takes ownership. Returns null for a pane that isn't in the table of
