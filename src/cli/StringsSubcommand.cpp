@@ -6,7 +6,7 @@
 #include "Session.h"
 #include "SpreadsheetImport.h"
 #include "StringStats.h"
-#include "Subcommands.h"
+#include "StringsSubcommands.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -55,7 +55,8 @@ class StringsSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand = app.add_subcommand("strings", "Export, import or count the strings of a project");
+        CLI::App *subcommand =
+            app.add_subcommand("strings", "List, set, count, export or import the strings of a project");
         subcommand->require_subcommand(1);
         exporting = subcommand->add_subcommand("export", "Write the string table to a workbook (.xls, .xlsx or .csv)");
         importing = subcommand->add_subcommand("import", "Fill the string table from a workbook and save the project");
@@ -75,11 +76,18 @@ public:
             ->allow_extra_args(false);
         AddChoice(*codePoints, "--format", format, "list|ranges|c",
                   "The form of the list: one character a line, ranges, or a table in C (default: list)");
+        parts.push_back(MakeStringsListSubcommand());
+        parts.push_back(MakeStringsSetSubcommand());
+        parts.push_back(MakeStringsAddLanguageSubcommand());
+        for (const auto &part : parts)
+            part->Add(*subcommand)->callback([this, &part] { chosen = part.get(); });
         return subcommand;
     }
 
     int Run(Session &session) override
     {
+        if (chosen)
+            return chosen->Run(session);
         const QString workbook = AbsolutePath(file); // opening a project changes the current folder
         const QString path = AbsolutePath(project);
         if (*importing && !dryRun && !session.LockProject(path))
@@ -219,6 +227,8 @@ private:
     std::vector<std::string> wantedLanguages;
     std::string format = "list";
     CLI::App *stats = nullptr;
+    std::vector<std::unique_ptr<ISubcommand>> parts;
+    ISubcommand *chosen = nullptr; // of the parts
 };
 
 } // namespace
