@@ -67,4 +67,5 @@ enum ActionId : int
     ACTION_THUMBNAILS = 33011,
     ACTION_ZOOM_PRESET = 33012, ///< the first of six: those of PreviewZoom, in their order
     ACTION_ZOOM_CUSTOM = 33018,
+    ACTION_NEW_PROJECT = 33040,
 };
