@@ -7,7 +7,5 @@
 /// Returns the icon for findings of a severity.
 [[nodiscard]] constexpr UiIcon IconOf(Severity severity)
 {
-    return severity == Severity::Error     ? UiIcon::Error
-           : severity == Severity::Warning ? UiIcon::Warning
-                                           : UiIcon::Note;
+    return severity == Severity::Error ? UiIcon::Error : severity == Severity::Warning ? UiIcon::Warning : UiIcon::Note;
 }
