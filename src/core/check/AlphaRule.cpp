@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ImageRules.h"
 
-#include "CheckFacts.h"
-#include "FileSurvey.h"
 #include "HostFiles.h"
 #include "RuleReport.h"
 
@@ -26,14 +24,14 @@ struct AlphaOfFile
 };
 
 /// Decodes pictures in several threads. Those that can't be decoded keep an alpha without pixels.
-void CountAll(CountAlpha count, std::vector<AlphaOfFile> &pictures)
+void CountAll(const FileCheckInput &input, std::vector<AlphaOfFile> &pictures)
 {
     std::atomic<size_t> next = 0;
     const auto work = [&] {
-        for (size_t i = next++; i < pictures.size(); i = next++) {
+        for (size_t i = next++; i < pictures.size() && !input.files.IsStopped(); i = next++) {
             QByteArray bytes;
             PictureAlpha alpha;
-            if (ReadFile(pictures[i].file->found, bytes, LARGEST_FILE) == 0 && count(bytes, alpha))
+            if (ReadFile(pictures[i].file->found, bytes, LARGEST_FILE) == 0 && input.countAlpha(bytes, alpha))
                 pictures[i].alpha = alpha;
         }
     };
@@ -56,22 +54,22 @@ bool IsFew(const PictureAlpha &alpha)
 
 } // namespace
 
-void ImageAlphaFew(const CheckInput &input, RuleReport &report)
+void ImageAlphaFew(const FileCheckInput &input, RuleReport &report)
 {
     std::vector<AlphaOfFile> pictures;
-    for (const SurveyedFile &file : input.facts->Files(input).Files()) {
+    for (const SurveyedFile &file : input.files.Files()) {
         if (file.isImage && file.picture.hasAlpha && file.picture.fault.isEmpty())
             pictures.push_back({&file, {}});
     }
     if (!input.countAlpha || pictures.empty())
         return;
-    CountAll(input.countAlpha, pictures);
+    CountAll(input, pictures);
     for (const auto &[file, alpha] : pictures) {
         if (!IsFew(alpha))
             continue;
         const quint64 width = file->picture.width;
         const quint64 saved = (width * 4 - (width * 2 + 3) / 4 * 4) * file->picture.height;
-        report.Add(input.facts->Files(input).About(
+        report.Add(input.files.About(
             *file, u"%1 of the %2 pixels of %3 aren't opaque, and none has an alpha below %4; an opaque image needs %5 "
                    "bytes less"_s.arg(alpha.transparent)
                        .arg(alpha.pixels)

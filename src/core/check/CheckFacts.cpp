@@ -43,14 +43,14 @@ const std::vector<Finding> &CheckFacts::LayoutFindings(const CheckInput &input)
 const FileSurvey &CheckFacts::Files(const CheckInput &input)
 {
     if (!files)
-        files.emplace(input.document, input.screens);
+        files = std::make_shared<FileSurvey>(input.document, input.screens);
     return *files;
 }
 
 const SourceNames &CheckFacts::Sources(const CheckInput &input)
 {
     if (!sources)
-        sources = ReadSources(input);
+        sources = ReadSources(SourceRequestOf(input));
     return *sources;
 }
 

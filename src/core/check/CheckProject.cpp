@@ -3,6 +3,7 @@
 
 #include "CResDoc.h"
 #include "CheckFacts.h"
+#include "FileCheckInput.h"
 #include "IdFinding.h"
 #include "RuleReport.h"
 #include "Rules.h"
@@ -59,7 +60,9 @@ size_t RuleIndex(const Finding &finding)
     return rule ? IndexOf(*rule) : AllRules().size();
 }
 
-void Sort(std::vector<Finding> &findings)
+} // namespace
+
+void SortFindings(std::vector<Finding> &findings)
 {
     std::stable_sort(findings.begin(), findings.end(), [](const Finding &a, const Finding &b) {
         const auto key = [](const Finding &f) { return std::tie(f.file, f.line, f.column); };
@@ -70,8 +73,6 @@ void Sort(std::vector<Finding> &findings)
         return std::tie(ruleA, a.id, a.language, a.text) < std::tie(ruleB, b.id, b.language, b.text);
     });
 }
-
-} // namespace
 
 std::vector<Finding> CheckProject(const CheckInput &given)
 {
@@ -84,15 +85,14 @@ std::vector<Finding> CheckProject(const CheckInput &given)
     input.repeatedRows = RowsWithEqualSource(rows);
     RuleReport report(input.settings, [&](Finding &&finding) { findings.push_back(std::move(finding)); });
     for (const Rule &rule : AllRules()) {
-        if (rule.project && report.Begin(rule))
+        if (rule.files && report.Begin(rule))
+            rule.files({facts.Files(input), input.settings, input.countAlpha}, report);
+        else if (rule.project && report.Begin(rule))
             rule.project(input, report);
     }
-    for (const Finding &fault : input.texts.Faults()) {
-        report.Begin(*FindRule(u"check-settings"));
-        report.Add(fault);
-    }
+    report.AddFound(input.texts.Faults());
     PlaceInLists(input.document, findings);
     PlaceInStringFile(input.document, findings);
-    Sort(findings);
+    SortFindings(findings);
     return findings;
 }

@@ -5,6 +5,8 @@
 #include "ProjectContext.h"
 #include "Xml.h"
 
+#include <utility>
+
 namespace
 {
 
@@ -29,14 +31,14 @@ ListPositions::ListPositions(CResDoc &openDocument) : document(openDocument)
 
 int ListPositions::LineOf(const QString &id, ScreenSize screen) const
 {
-    if (!isRead)
-        Read();
+    Read();
     return lines.value({id, KeyOf(screen)}, 0);
 }
 
 void ListPositions::Read() const
 {
-    isRead = true;
+    if (std::exchange(isRead, true))
+        return;
     TiXmlDocument list;
     if (LoadXml(document.env, file, list) != 0)
         return;
