@@ -131,6 +131,9 @@ private:
             result.findings =
                 CheckProject({*document, settings, texts, loaded, screens.empty() ? settings.target : screens,
                               headerPath, CountAlphaOfPicture});
+            if (IsPictureModuleMissing())
+                Complain(u"libmorvanite-pictures.so, which must be beside the program, can't be loaded, so "
+                         "\"image-alpha-few\" finds nothing"_s);
         } else {
             result.findings = CheckUnopened(session.env, session.tables, path, settings, loaded, explained);
         }

@@ -27,7 +27,7 @@ void ProjectCheck::Start()
 {
     if (isOn)
         return;
-    isOn = true;
+    isOn = hasChanged = true;
     nameFreed.emplace(document.ids.nameFreed, [this](const NarrowText &id) { DropId(id); });
     CheckAgain();
 }
