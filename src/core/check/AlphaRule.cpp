@@ -3,17 +3,16 @@
 
 #include "HostFiles.h"
 #include "RuleReport.h"
+#include "Threads.h"
 
-#include <algorithm>
 #include <atomic>
-#include <thread>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 
-constexpr unsigned MOST_THREADS = 4; // a picture can take 256 MiB while it is decoded
+constexpr size_t MOST_THREADS = 4; // a picture can take 256 MiB while it is decoded
 constexpr size_t PICTURES_WORTH_A_THREAD = 16;
 constexpr qint64 LARGEST_FILE = qint64(512) << 20;
 
@@ -27,29 +26,14 @@ struct AlphaOfFile
 void CountAll(const FileCheckInput &input, std::vector<AlphaOfFile> &pictures)
 {
     std::atomic<size_t> next = 0;
-    const auto work = [&] {
+    RunInThreads(ThreadsFor(pictures.size(), PICTURES_WORTH_A_THREAD, MOST_THREADS), [&](size_t) {
         for (size_t i = next++; i < pictures.size() && !input.files.IsStopped(); i = next++) {
             QByteArray bytes;
             PictureAlpha alpha;
             if (ReadFile(pictures[i].file->found, bytes, LARGEST_FILE) == 0 && input.countAlpha(bytes, alpha))
                 pictures[i].alpha = alpha;
         }
-    };
-    const size_t wanted = std::min(MOST_THREADS, std::max(1U, std::thread::hardware_concurrency()));
-    std::vector<std::thread> threads;
-    for (size_t i = 1; i < std::min(wanted, 1 + pictures.size() / PICTURES_WORTH_A_THREAD); ++i)
-        threads.emplace_back(work);
-    work();
-    for (std::thread &thread : threads)
-        thread.join();
-}
-
-/// Returns whether so little of a picture is transparent that it is perhaps a mistake.
-bool IsFew(const PictureAlpha &alpha)
-{
-    constexpr quint64 FEW = 100; // one of so many pixels, or fewer
-    constexpr int NEARLY_OPAQUE = 250;
-    return alpha.transparent > 0 && (alpha.transparent <= alpha.pixels / FEW || alpha.lowest >= NEARLY_OPAQUE);
+    });
 }
 
 } // namespace
@@ -65,7 +49,7 @@ void ImageAlphaFew(const FileCheckInput &input, RuleReport &report)
         return;
     CountAll(input, pictures);
     for (const auto &[file, alpha] : pictures) {
-        if (!IsFew(alpha))
+        if (alpha.transparent == 0 || !alpha.CanBeFew())
             continue;
         const quint64 width = file->picture.width;
         const quint64 saved = (width * 4 - (width * 2 + 3) / 4 * 4) * file->picture.height;

@@ -5,6 +5,7 @@
 #include "CheckInput.h"
 #include "LayoutSurvey.h"
 #include "LoadRules.h"
+#include "OpeningCheck.h"
 #include "SortedIds.h"
 
 #include <algorithm>
@@ -22,6 +23,15 @@ bool IsReportedByLoad(const Finding &finding, const std::vector<Finding> &loaded
 }
 
 } // namespace
+
+const std::vector<Finding> &CheckFacts::SilentReasons(const CheckInput &input)
+{
+    if (!silentReasons) {
+        CResDoc &document = input.document;
+        silentReasons = OpeningCheck(document.env, document.tables, document.PathName(), &document).SilentReasons();
+    }
+    return *silentReasons;
+}
 
 const std::vector<Finding> &CheckFacts::LayoutFindings(const CheckInput &input)
 {

@@ -16,6 +16,8 @@ struct CheckInput;
 class CheckFacts
 {
 public:
+    /// What is wrong with the opening of the project that the load doesn't report (OpeningCheck::SilentReasons).
+    [[nodiscard]] const std::vector<Finding> &SilentReasons(const CheckInput &input);
     /// The findings in the project's layout files (CheckLayoutsOf), without those that the load has reported too.
     [[nodiscard]] const std::vector<Finding> &LayoutFindings(const CheckInput &input);
     /// The files of the project and what is in them.
@@ -32,6 +34,7 @@ public:
     void ForgetIds() { ids.reset(); }
 
 private:
+    std::optional<std::vector<Finding>> silentReasons;
     std::optional<std::vector<Finding>> layoutFindings;
     std::shared_ptr<const FileSurvey> files;
     std::optional<SourceNames> sources;

@@ -10,9 +10,9 @@
 #include "StringPositions.h"
 #include "StringRows.h"
 #include "TextContext.h"
+#include "Threads.h"
 
 #include <algorithm>
-#include <thread>
 #include <tuple>
 
 namespace
@@ -36,20 +36,13 @@ std::vector<Finding> CheckRange(const CheckInput &input, std::span<StringRow> ro
 /// Checks all rows, in as many threads as the machine has processors, and sets their hashes.
 void CheckRows(const CheckInput &input, std::vector<StringRow> &rows, std::vector<Finding> &findings)
 {
-    const size_t count =
-        std::clamp<size_t>(rows.size() / ROWS_WORTH_A_THREAD, 1, std::max(1U, std::thread::hardware_concurrency()));
+    const size_t count = ThreadsFor(rows.size(), ROWS_WORTH_A_THREAD);
     std::vector<std::vector<Finding>> parts(count);
-    const auto checkPart = [&](size_t part) {
+    RunInThreads(count, [&](size_t part) {
         const size_t from = rows.size() * part / count;
         const size_t to = rows.size() * (part + 1) / count;
         parts[part] = CheckRange(input, std::span(rows).subspan(from, to - from));
-    };
-    std::vector<std::thread> threads;
-    for (size_t part = 1; part < count; ++part)
-        threads.emplace_back(checkPart, part);
-    checkPart(0);
-    for (std::thread &thread : threads)
-        thread.join();
+    });
     for (std::vector<Finding> &part : parts)
         findings.insert(findings.end(), std::make_move_iterator(part.begin()), std::make_move_iterator(part.end()));
 }
