@@ -2,6 +2,7 @@
 #include "CodePoints.h"
 #include "LanguageTable.h"
 #include "OpeningReport.h"
+#include "PrintStringFile.h"
 #include "ProjectSave.h"
 #include "Session.h"
 #include "SpreadsheetImport.h"
@@ -55,12 +56,14 @@ class StringsSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand = app.add_subcommand("strings", "Export, import or count the strings of a project");
+        CLI::App *subcommand = app.add_subcommand("strings", "Export, import, count or print the strings of a project");
         subcommand->require_subcommand(1);
         exporting = subcommand->add_subcommand("export", "Write the string table to a workbook (.xls, .xlsx or .csv)");
         importing = subcommand->add_subcommand("import", "Fill the string table from a workbook and save the project");
         stats = subcommand->add_subcommand("stats", "Count the texts of each language");
         codePoints = subcommand->add_subcommand("codepoints", "List the characters that the texts use");
+        cat = subcommand->add_subcommand("cat", "Print a string file as UTF-8, for git");
+        cat->add_option("FILE", file, "The string file")->type_name("")->required();
         for (CLI::App *sub : {exporting, importing, stats, codePoints})
             AddProject(*sub, project);
         for (CLI::App *sub : {exporting, importing})
@@ -80,6 +83,8 @@ public:
 
     int Run(Session &session) override
     {
+        if (*cat)
+            return PrintStringFile(session, AbsolutePath(file));
         const QString workbook = AbsolutePath(file); // opening a project changes the current folder
         const QString path = AbsolutePath(project);
         if (*importing && !dryRun && !session.LockProject(path))
@@ -219,6 +224,7 @@ private:
     std::vector<std::string> wantedLanguages;
     std::string format = "list";
     CLI::App *stats = nullptr;
+    CLI::App *cat = nullptr;
 };
 
 } // namespace
