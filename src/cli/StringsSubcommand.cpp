@@ -2,6 +2,7 @@
 #include "CodePoints.h"
 #include "LanguageTable.h"
 #include "OpeningReport.h"
+#include "PrintStringFile.h"
 #include "ProjectSave.h"
 #include "Session.h"
 #include "StringStats.h"
@@ -25,12 +26,14 @@ class StringsSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand = app.add_subcommand("strings", "Export, import or count the strings of a project");
+        CLI::App *subcommand = app.add_subcommand("strings", "Export, import, count or print the strings of a project");
         subcommand->require_subcommand(1);
         exporting = exporter.Add(*subcommand, project);
         importing = importer.Add(*subcommand, project);
         stats = subcommand->add_subcommand("stats", "Count the texts of each language");
         codePoints = subcommand->add_subcommand("codepoints", "List the characters that the texts use");
+        cat = subcommand->add_subcommand("cat", "Print a string file as UTF-8, for git");
+        cat->add_option("FILE", file, "The string file")->type_name("")->required();
         for (CLI::App *sub : {stats, codePoints})
             AddProject(*sub, project);
         stats->add_flag("--json", json, JSON_HELP);
@@ -46,6 +49,8 @@ public:
 
     int Run(Session &session) override
     {
+        if (*cat)
+            return PrintStringFile(session, AbsolutePath(file));
         const QString path = AbsolutePath(project);
         exporter.FixPaths();
         if (*importing && !importer.FixPaths())
@@ -130,6 +135,7 @@ private:
     std::vector<std::string> wantedLanguages;
     std::string format = "list";
     CLI::App *stats = nullptr;
+    CLI::App *cat = nullptr;
 };
 
 } // namespace
