@@ -8,7 +8,7 @@
 #include "StringStats.h"
 #include "StringsExport.h"
 #include "StringsImport.h"
-#include "Subcommands.h"
+#include "StringsSubcommands.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -26,7 +26,8 @@ class StringsSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand = app.add_subcommand("strings", "Export, import, count or print the strings of a project");
+        CLI::App *subcommand =
+            app.add_subcommand("strings", "List, set, count, export or import the strings of a project");
         subcommand->require_subcommand(1);
         exporting = exporter.Add(*subcommand, project);
         importing = importer.Add(*subcommand, project);
@@ -44,6 +45,11 @@ public:
             ->allow_extra_args(false);
         AddChoice(*codePoints, "--format", format, "list|ranges|c",
                   "The form of the list: one character a line, ranges, or a table in C (default: list)");
+        parts.push_back(MakeStringsListSubcommand());
+        parts.push_back(MakeStringsSetSubcommand());
+        parts.push_back(MakeStringsAddLanguageSubcommand());
+        for (const auto &part : parts)
+            part->Add(*subcommand)->callback([this, &part] { chosen = part.get(); });
         return subcommand;
     }
 
@@ -51,6 +57,8 @@ public:
     {
         if (*cat)
             return PrintStringFile(session, AbsolutePath(file));
+        if (chosen)
+            return chosen->Run(session);
         const QString path = AbsolutePath(project);
         exporter.FixPaths();
         if (*importing && !importer.FixPaths())
@@ -136,6 +144,9 @@ private:
     std::string format = "list";
     CLI::App *stats = nullptr;
     CLI::App *cat = nullptr;
+    std::string file; // of `cat`
+    std::vector<std::unique_ptr<ISubcommand>> parts;
+    ISubcommand *chosen = nullptr; // of the parts
 };
 
 } // namespace

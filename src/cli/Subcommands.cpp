@@ -20,6 +20,8 @@
 std::vector<std::unique_ptr<ISubcommand>> AllSubcommands()
 {
     std::vector<std::unique_ptr<ISubcommand>> subcommands;
+    subcommands.push_back(MakeInitSubcommand());
+    subcommands.push_back(MakeAddSubcommand());
     subcommands.push_back(MakeLoadSubcommand());
     subcommands.push_back(MakeSaveSubcommand());
     subcommands.push_back(MakeHeadersSubcommand());

@@ -203,6 +203,14 @@ constexpr SectionReader SECTIONS[] = {
     {u"Language", ReadLanguageKey}, {u"Audio", ReadAudioKey},
 };
 
+QString SectionNames()
+{
+    QStringList names;
+    for (const SectionReader &section : SECTIONS)
+        names.append(section.name.toString());
+    return names.join(u", "_s);
+}
+
 } // namespace
 
 CheckSettings::CheckSettings() : ignored(AllRules().size()), sourcePrefix(u"ID_"_s)
@@ -274,7 +282,7 @@ CheckSettings ReadCheckSettings(const QString &folder, std::vector<Finding> &fin
         for (const SectionReader &candidate : SECTIONS)
             reader = candidate.name.compare(section, Qt::CaseInsensitive) == 0 ? &candidate : reader;
         if (!reader) {
-            tell(u"section %1: there is no such section"_s.arg(section), line);
+            tell(u"section %1: there is no such section; there are %2"_s.arg(section, SectionNames()), line);
             continue;
         }
         const QString wrong = reader->read(settings, key, profile.String(section, key, {}));
