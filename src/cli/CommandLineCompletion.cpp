@@ -117,13 +117,12 @@ std::string CommandLineCompletion::ListArguments() const
 /// Lists the commands within the command so far; those of the program if it has none.
 std::string CommandLineCompletion::ListCommands() const
 {
-    const auto named = walk.Values().find("COMMAND"); // of `help`
-    const CLI::App *app =
-        named == walk.Values().end() ? nullptr : walk.Program().get_subcommand_no_throw(named->second);
-    if (!app)
-        app = CommandLine::CommandsOf(walk.Command()).empty() ? &walk.Program() : &walk.Command();
+    CommandLineWalk inner(walk.Program());
+    if (const auto named = walk.Values().find("COMMAND"); named != walk.Values().end()) // of `help`
+        inner.Take(named->second);
+    const bool isHelp = CommandLine::CommandsOf(walk.Command()).empty();
     std::string lines = WORDS;
-    for (const CLI::App *command : CommandLine::CommandsOf(*app))
+    for (const CLI::App *command : CommandLine::CommandsOf(isHelp ? inner.Command() : walk.Command()))
         lines += Line(command->get_name(), command->get_description());
     return lines;
 }
