@@ -3,6 +3,7 @@
 
 #include "FileFault.h"
 #include "HostFiles.h"
+#include "TakeCodePoint.h"
 
 #include <QHash>
 #include <QStringList>
@@ -109,8 +110,10 @@ public:
         if (shaper)
             return ShapedWidth(line);
         qint64 width = 0;
-        for (const char32_t character : line.toUcs4())
-            width += Advance(character);
+        for (qsizetype at = 0; at < line.size();) {
+            const char32_t character = TakeCodePoint(line, at);
+            width += Advance(QChar::isSurrogate(character) ? char32_t(QChar::ReplacementCharacter) : character);
+        }
         return Bounded(width);
     }
 
