@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "DeviceFont.h"
 #include "ResModel.h"
 #include "RuleReport.h"
 #include "Rules.h"
