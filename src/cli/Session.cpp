@@ -15,7 +15,6 @@
 namespace
 {
 
-const QString COMPLAINT_START = QStringLiteral("morvanite-cli: ");
 bool isMerge = false; // the command is `merge`
 
 } // namespace
@@ -28,12 +27,6 @@ void SetMergeStatus()
 int FinalStatus(int status)
 {
     return isMerge ? int(EXIT_NOT_MERGED) : status;
-}
-
-void Complain(const QString &text)
-{
-    const QByteArray line = (COMPLAINT_START + text).toUtf8() + '\n';
-    (void)!write(STDERR_FILENO, line.constData(), size_t(line.size()));
 }
 
 QString AbsolutePath(const std::string &typed)
@@ -110,17 +103,17 @@ bool Session::LockProject(const QString &project)
 CResDoc *Session::OpenQuietly(const QString &project)
 {
     QString lines;
-    QString explained;
+    QStringList explained;
     const auto idleOutput = std::exchange(handler.idleOutput, [&](QStringView text) { lines += text; });
-    const auto explain =
-        std::exchange(env.explain, [&](const QString &text) { explained += COMPLAINT_START + text + u'\n'; });
+    const auto explain = std::exchange(env.explain, [&](const QString &text) { explained += text; });
     CDocument *document = documents.OpenDocumentFile(project);
     env.explain = explain;
     handler.idleOutput = idleOutput;
     const bool hasFailed = StatusAfter(EXIT_FINE) != EXIT_FINE;
     if (!document || hasFailed || env.ErrorCount + env.WarningCount > 0)
         StandardOutput(STDERR_FILENO).Write(lines);
-    StandardOutput(STDERR_FILENO).Write(explained);
+    for (const QString &text : explained)
+        Complain(text);
     if (!document)
         Complain(project + QStringLiteral(": the project can't be opened"));
     return static_cast<CResDoc *>(document);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Environment.h"
+#include "ErrorOutput.h"
 #include "IdeCommandHandler.h"
 #include "ProjectLock.h"
 #include "StandardOutput.h"
@@ -47,9 +48,6 @@ private:
     ProjectLock lock;
     bool hasFailures = false; // true if any operation so far had a failure
 };
-
-/// Writes "morvanite-cli: " and the text to standard error.
-void Complain(const QString &text);
 
 /// The absolute form of a path that a user typed. Ends the program with a message if the current folder's name isn't
 /// UTF-8.
