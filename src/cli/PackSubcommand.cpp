@@ -48,6 +48,7 @@ public:
                              "The folder with the headers (default: the folder that a save writes them to)")
                 ->type_name("DIR");
         CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
+        AddQuiet(*subcommand, quiet);
         for (CLI::Option *option : {depfileOption, strictOption, tempOption, headersOption})
             remoteOption->excludes(option);
         return subcommand;
@@ -65,6 +66,7 @@ public:
         request.targetKind = QString::fromStdString(target);
         request.imageConvert = convertImages;
         request.version = version;
+        session.report.hasOnlyProblems = quiet;
         if (remote)
             return RunRemotely(session, request);
         if (strict && HasInterruptedSave(session.env, request.projectPath))
@@ -148,6 +150,7 @@ private:
     int convertImages = 0;
     int version = 0;
     bool remote = false;
+    bool quiet = false;
     bool strict = false;
 };
 

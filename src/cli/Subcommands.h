@@ -28,6 +28,9 @@ inline constexpr char REMOTE_HELP[] = "Let the running window or server run the 
 /// Adds the argument PROJECT to a subcommand.
 void AddProject(CLI::App &subcommand, std::string &project);
 
+/// Adds the flag --quiet to a subcommand with a report.
+void AddQuiet(CLI::App &subcommand, bool &isQuiet);
+
 /// Adds an option whose value is one of `choices`, which has "|" between them.
 void AddChoice(CLI::App &subcommand, const char *name, std::string &value, const char *choices, const char *help);
 
@@ -41,7 +44,10 @@ std::unique_ptr<ISubcommand> MakeCheckSubcommand();
 std::unique_ptr<ISubcommand> MakeIdsSubcommand();
 std::unique_ptr<ISubcommand> MakeInspectSubcommand();
 std::unique_ptr<ISubcommand> MakeStringsSubcommand();
+std::unique_ptr<ISubcommand> MakeMergeSubcommand();
+std::unique_ptr<ISubcommand> MakeGitSubcommand();
 std::unique_ptr<ISubcommand> MakeLayoutsSubcommand();
 std::unique_ptr<ISubcommand> MakeKeptSubcommand();
 std::unique_ptr<ISubcommand> MakeResolutionsSubcommand();
 std::unique_ptr<ISubcommand> MakeServeSubcommand();
+std::unique_ptr<ISubcommand> MakeHelpSubcommand();
