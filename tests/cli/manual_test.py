@@ -50,7 +50,7 @@ class Manual(DemoProject):
         self.assertEqual(status, 0)
         shown = {name for line in re.findall(r'^  (-\S+)', text, re.M) for name in line.split(',')}
         self.assertEqual(shown, names(command['options']), path)
-        self.assertEqual(re.findall(r'^  ([a-z]\w*) +[A-Z][a-z]', text, re.M), [one['name'] for one in command['commands']])
+        self.assertEqual(re.findall(r'^  ([a-z][-\w]*) +[A-Z][a-z]', text, re.M), [one['name'] for one in command['commands']])
         for option in command['options']:
             self.assertIn(option['description'], text)
         for inner in command['commands']:
