@@ -12,8 +12,8 @@ class StringsImport
 public:
     /// Adds the subcommand below "strings". `projectPath` gets its argument PROJECT.
     CLI::App *Add(CLI::App &strings, std::string &projectPath);
-    /// Makes paths absolute. Call it before a project is opened, which changes the current folder. Returns false, with a
-    /// message, if the files can't be imported together.
+    /// Makes paths absolute. Call it before a project is opened, which changes the current folder. Returns false, with
+    /// a message, if the files can't be imported together.
     [[nodiscard]] bool FixPaths();
     [[nodiscard]] bool ChangesNothing() const { return dryRun; }
     [[nodiscard]] bool IsStrict() const { return strict; }
@@ -28,6 +28,7 @@ private:
 
     std::vector<std::string> names;
     std::vector<std::string> wanted;
+    std::string sheet;
     ImportOptions options;
     bool dryRun = false;
     bool json = false;
