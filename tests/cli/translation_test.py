@@ -183,7 +183,7 @@ class Translations(DemoProject):
                 ('en.po', good, 'en.po:2: the language of the translations, English, is also the source language.'),
                 ('a.xlf', unit % ('ID_HI', 'Hi %s', 'a<x:g id="1">b</x:g>') + end,
                  "a.xlf:2: ID_HI: the element <g> within a text can't be imported, since a string has no tags."),
-                ('a.xlf', unit % ('ID_HI', 'a', 'b'), 'a.xlf:2: this is no XML: no element found.'),
+                ('a.xlf', unit % ('ID_HI', 'Hi %s', 'Hallo %s'), "a.xlf:2: the file ends too early, so it isn't complete."),
                 ('a.xlf', '<!DOCTYPE x [<!ENTITY e "e">]>\n' + unit % ('ID_HI', 'a', '&e;') + end,
                  'a.xlf:1: a document type is not allowed.'),
                 ('a.xlf', '<xliff version="2.0" xmlns="urn:oasis:names:tc:xliff:document:2.0"/>',

@@ -71,6 +71,8 @@ public:
         if (XML_Parse(parser, file.constData(), int(file.size()), /*isFinal=*/true) == XML_STATUS_OK || hasFailed)
             return;
         const XML_Error error = XML_GetErrorCode(parser);
+        if (error == XML_ERROR_NO_ELEMENTS || error == XML_ERROR_UNCLOSED_TOKEN)
+            return Fail(u"the file ends too early, so it isn't complete"_s);
         Fail(error == XML_ERROR_NO_MEMORY ? u"its elements take too much memory"_s
                                           : u"this is no XML: "_s + QString::fromUtf8(XML_ErrorString(error)));
     }
