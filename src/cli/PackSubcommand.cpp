@@ -6,6 +6,7 @@
 #include "Paths.h"
 #include "ProjectInputs.h"
 #include "ProjectSave.h"
+#include "PseudoTranslation.h"
 #include "RemoteSubcommand.h"
 #include "ScreenSize.h"
 #include "Subcommands.h"
@@ -47,9 +48,15 @@ public:
                 ->add_option("--headers", headers,
                              "The folder with the headers (default: the folder that a save writes them to)")
                 ->type_name("DIR");
+        CLI::Option *pseudoOption =
+            subcommand
+                ->add_option("--pseudo", pseudo,
+                             "Make the texts of this language from those of the source, to try out the application; "
+                             "the project isn't changed")
+                ->type_name("LANGUAGE");
         CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
         AddQuiet(*subcommand, quiet);
-        for (CLI::Option *option : {depfileOption, strictOption, tempOption, headersOption})
+        for (CLI::Option *option : {depfileOption, strictOption, tempOption, headersOption, pseudoOption})
             remoteOption->excludes(option);
         return subcommand;
     }
@@ -121,7 +128,16 @@ private:
         }
         if (!isWhole)
             session.env.ExplainFailure(QStringLiteral("nothing is written because of --strict"));
-        return isWhole;
+        return isWhole && (pseudo.empty() || UsePseudoTexts(session, document));
+    }
+
+    /// Changes the texts in memory only: the document is packed and not saved.
+    [[nodiscard]] bool UsePseudoTexts(Session &session, CResDoc &document) const
+    {
+        const QString wrong = TranslateToPseudo(document, QString::fromStdString(pseudo));
+        if (!wrong.isEmpty())
+            session.env.ExplainFailure(QStringLiteral("--pseudo: ") + wrong);
+        return wrong.isEmpty();
     }
 
     static int WriteDependencies(Session &session, const PackCommandRecord &request, const QString &path,
@@ -147,6 +163,7 @@ private:
     std::string depfile;
     std::string temp;
     std::string headers;
+    std::string pseudo;
     int convertImages = 0;
     int version = 0;
     bool remote = false;
