@@ -5,6 +5,7 @@
 #include "PackCodes.h"
 #include "PackFailure.h"
 #include "PackRequest.h"
+#include "PackTrial.h"
 #include "Paths.h"
 #include "ProjectLayouts.h"
 
@@ -180,15 +181,7 @@ void IdeCommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
                 lastError = 0;
                 return;
             }
-            doc->env.RefreshSettings();
-            env.DebugTrace("implicit ID Gen before Pack\n");
-            const int generated = doc->GenerateIds(nullptr);
-            env.DebugTrace("implicit ID Gen before Pack done, result is %d\n", generated);
-            if (generated != 0) {
-                env.ExplainFailure(QStringLiteral("%1: there are more IDs of one kind than there are numbers, so some "
-                                                  "IDs of the pack have wrong numbers")
-                                       .arg(record->projectPath));
-            }
+            NumberIds(*doc, record->projectPath);
             errorCode = PackDocument(*doc, *record);
         } else {
             errorCode = int(ReportCode::NoDocument);
@@ -220,7 +213,27 @@ bool HasPathsOfCodePage(const Environment &env, const PackCommandRecord &record)
 
 } // namespace
 
-int IdeCommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &record)
+void IdeCommandHandler::NumberIds(CResDoc &doc, const QString &projectPath) const
+{
+    doc.env.RefreshSettings();
+    env.DebugTrace("implicit ID Gen before Pack\n");
+    const int generated = doc.GenerateIds(nullptr);
+    env.DebugTrace("implicit ID Gen before Pack done, result is %d\n", generated);
+    if (generated != 0)
+        env.ExplainFailure(QStringLiteral("%1: there are more IDs of one kind than there are numbers, so some IDs of "
+                                          "the pack have wrong numbers")
+                               .arg(projectPath));
+}
+
+void IdeCommandHandler::TryPack(CResDoc &document, const PackCommandRecord &record, PackTrial &trial)
+{
+    env.FailureCount = 0;
+    NumberIds(document, record.projectPath);
+    if (const int code = PackDocument(document, record, &trial))
+        trial.Note(code, {});
+}
+
+int IdeCommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &record, PackTrial *trial)
 {
     auto parameters = PackInfoOf(record, doc.env, doc.tables.resolutions);
     if (!parameters)
@@ -230,18 +243,23 @@ int IdeCommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &recor
     parameters->temp = packTemp;
     parameters->depfile = packDepfile;
     parameters->headers = packHeaders;
+    parameters->budget = packBudget;
     parameters->projectFiles = doc.ProjectFiles();
     if (const QStringList missing = MissingLayouts(doc); !missing.isEmpty()) {
         for (const QString &reason : missing)
-            env.Explain(reason);
-        return PACK_LAYOUT_FILE;
+            trial ? trial->reasons.append(reason) : env.Explain(reason);
+        if (AfterStep(trial, PACK_LAYOUT_FILE) != 0)
+            return PACK_LAYOUT_FILE;
     }
     for (const QString &reason : LeftOutLayouts(doc))
         env.ExplainFailure(reason +
                            QStringLiteral("; the pack has no such layout, and the IDs are numbered without it"));
     if (!SetCurrentFolder(DirectoryOf(doc.PathName())))
         return int(ReportCode::NoDocument); // its folder is gone
-    return Packer::Pack(*parameters, doc, packInputs);
+    if (!trial)
+        return Packer::Pack(*parameters, doc, packInputs);
+    Packer::Try(*parameters, doc, *trial);
+    return PACK_OK;
 }
 
 void IdeCommandHandler::OpenPipe()

@@ -60,6 +60,7 @@ constexpr Failure FAILURES[] = {
     {PACK_CODE_PAGE, "the path of the input or output can't be expressed in the project's code page"},
     {PACK_UNREADABLE,
      "another program has changed the project's files since the project was opened, and they can't be read"},
+    {PACK_BUDGET, "the resources are larger than the budget"},
     {PACK_TEMP_FOLDER, "the folder for temporary files can't be created or is not writable"},
 };
 
