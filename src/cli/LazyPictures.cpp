@@ -3,20 +3,19 @@
 
 #include "Module.h"
 #include "PictureModule.h"
-#include "Session.h"
 
-using namespace Qt::StringLiterals;
+#include <atomic>
 
 namespace
 {
+
+std::atomic<bool> isMissing = false;
 
 const PictureFunctions *LoadFunctions()
 {
     const auto *const functions =
         static_cast<const PictureFunctions *>(SymbolOfModule("libmorvanite-pictures.so", PICTURE_FUNCTIONS));
-    if (!functions)
-        Complain(u"libmorvanite-pictures.so, which must be beside the program, can't be loaded, so pictures can't be "
-                 "examined"_s);
+    isMissing = !functions;
     return functions;
 }
 
@@ -37,6 +36,11 @@ std::optional<quint64> SizeOfConvertedPicture(const QByteArray &bytes, QString &
 {
     if (Functions())
         return Functions()->measure(bytes, fault);
-    fault = u"libmorvanite-pictures.so, which has the decoders of pictures, can't be loaded"_s;
+    fault = QStringLiteral("libmorvanite-pictures.so, which has the decoders of pictures, can't be loaded");
     return std::nullopt;
+}
+
+bool IsPictureModuleMissing()
+{
+    return isMissing;
 }

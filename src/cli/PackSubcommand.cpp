@@ -60,6 +60,7 @@ public:
             "--dry-run", dryRun, "Write nothing, and print the sizes and everything that would make the pack fail");
         dryRunOption->excludes(depfileOption);
         CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
+        AddQuiet(*subcommand, quiet);
         for (CLI::Option *option : {depfileOption, strictOption, tempOption, headersOption, budgetOption, dryRunOption})
             remoteOption->excludes(option);
         return subcommand;
@@ -77,6 +78,7 @@ public:
         request.targetKind = QString::fromStdString(target);
         request.imageConvert = convertImages;
         request.version = version;
+        session.report.hasOnlyProblems = quiet;
         if (remote)
             return RunRemotely(session, request);
         // Opening would finish a save that was interrupted.
@@ -187,6 +189,7 @@ private:
     int convertImages = 0;
     int version = 0;
     bool remote = false;
+    bool quiet = false;
     bool strict = false;
     bool dryRun = false;
     std::string budget;
