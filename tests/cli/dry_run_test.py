@@ -63,10 +63,28 @@ class DryRun(DemoProject):
         self.assertEqual((status, err.count('ResID.h: the file does not exist')), (1, 1), err)
         self.assertEqual(self.run_cli('save', project)[0], 0)
         self.assertEqual(self.dry_run(*options)[1], sizes, 'the header has no influence on the sizes')
+        self.assert_the_check_knows_the_size(project, sizes['payload'])
         for resolution in ('240x320', '320x240', '480x272'):
             for target, convert in (('axf', '1'), ('axf', '0'), ('dll', '1')):
                 self.assert_sizes_are_those_of_a_pack(project, '--input', 'app.axf', '--target', target,
                                                       '--resolution', resolution, '--convert-images', convert)
+
+    def assert_the_check_knows_the_size(self, project, size):
+        settings = project.parent / 'morvanite-check.ini'
+        for budget, told in ((size, ''), (size - 1, f'the payload has {size} bytes, 1 more than the budget of {size - 1} bytes; '
+                                          r'the largest resources are ID_IMAGE_BACKGROUND \(\d+\), .* \(\d+\), .* \(\d+\)')):
+            settings.write_text(f'[Check]\nbudget={budget}\n')
+            status, out, _ = self.run_cli('check', project, '--rule', 'payload-budget', '--resolution', '240x320')
+            self.assertRegex(out, told and f'^sample/morvanite-check.ini:2: error: 240x320: {told} \\[payload-budget\\]\n$' or '^$')
+            self.assertEqual(status, 1 if told else 0)
+        settings.write_text('[Check]\nbudget=1M\ntarget=240x320\nconvert-images=2\n')
+        battery = project.parent / 'res/common/battery.bmp'
+        content = battery.read_bytes()
+        battery.write_bytes(content[:-1])
+        out = self.run_cli('check', project)[1]
+        self.assertIn("240x320: the size isn't known, because the pack would fail with -1016: ID_IMAGE_BATTERY ", out)
+        self.assertIn('morvanite-check.ini:4: error: section Check, key convert-images: "2" must be 0 or 1 [check-settings]', out)
+        battery.write_bytes(content)
 
     def test_random_projects_have_the_sizes_of_their_packs(self):
         for seed in range(6):

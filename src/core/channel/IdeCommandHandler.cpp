@@ -11,17 +11,38 @@
 
 #include <utility>
 
+namespace
+{
+
+constexpr CodeText REPORT_CODES[] = {
+    {CAUSE_BAD_DOCUMENT, "the project can't be read",
+     "The lines before say which file is missing or damaged. Another code follows."},
+    {int(ReportCode::SaveFailed), "the save failed", "The lines before, and standard error, say which file and why."},
+    {int(ReportCode::BadPackRequest),
+     "the resolution does not have the form 240x320, or the target kind is neither axf nor dll",
+     "Correct the resolution or the target kind."},
+    {int(ReportCode::NotLoaded), "the project didn't open",
+     "The lines before say which file is missing or damaged. morvanite-cli check finds the reasons too."},
+    {int(ReportCode::NoDocument), "the project can't be opened",
+     "The lines before say which file is missing or damaged. morvanite-cli check finds the reasons too."},
+};
+
+} // namespace
+
+std::span<const CodeText> ReportCodes()
+{
+    return REPORT_CODES;
+}
+
 QString PackReportText(int errorCode)
 {
-    switch (errorCode) {
-    case int(ReportCode::BadPackRequest):
-        return QStringLiteral(
-            "the resolution does not have the form 240x320, or the target kind is neither axf nor dll");
-    case int(ReportCode::NoDocument):
-        return QStringLiteral("the project can't be opened");
-    default:
-        return PackFailureText(errorCode);
+    for (const int own : {int(ReportCode::BadPackRequest), int(ReportCode::NoDocument)}) {
+        for (const CodeText &row : REPORT_CODES) {
+            if (row.code == errorCode && errorCode == own)
+                return QString::fromLatin1(row.when);
+        }
     }
+    return PackFailureText(errorCode);
 }
 
 /// The state of a running command. Its destructor ends the command.

@@ -2,10 +2,12 @@
 #pragma once
 
 #include "CResDoc.h"
+#include "CodeText.h"
 #include "CommandRecord.h"
 #include "Environment.h"
 
 #include <functional>
+#include <span>
 
 struct PackTrial;
 
@@ -19,6 +21,9 @@ enum IdeCommand : quint32
 
 /// Explains the error code of a pack's report in one sentence; empty for 0.
 [[nodiscard]] QString PackReportText(int errorCode);
+
+/// All codes of a report that aren't those of a pack.
+[[nodiscard]] std::span<const CodeText> ReportCodes();
 
 /// The error codes of a report that don't come from an operation. A pack has further codes of its own.
 enum class ReportCode : int

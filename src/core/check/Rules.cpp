@@ -256,10 +256,15 @@ size_t IndexOf(const Rule &rule)
     return size_t(&rule - RULES);
 }
 
+QString NameOfLevel(RuleLevel level)
+{
+    static constexpr const char *WORDS[] = {"off", "note", "warning", "error"}; // in the order of RuleLevel
+    return QString::fromLatin1(WORDS[int(level)]);
+}
+
 QString ExplanationOf(const Rule &rule)
 {
-    static constexpr const char *LEVELS[] = {"off", "note", "warning", "error"}; // in the order of RuleLevel
     return QStringLiteral("%1 (%2): %3\n    %4\n")
-        .arg(QString::fromLatin1(rule.id), QString::fromLatin1(LEVELS[int(rule.level)]),
-             QString::fromUtf8(rule.summary), QString::fromUtf8(rule.explanation));
+        .arg(QString::fromLatin1(rule.id), NameOfLevel(rule.level), QString::fromUtf8(rule.summary),
+             QString::fromUtf8(rule.explanation));
 }
