@@ -16,8 +16,19 @@ namespace
 {
 
 const QString COMPLAINT_START = QStringLiteral("morvanite-cli: ");
+bool isMerge = false; // the command is `merge`
 
 } // namespace
+
+void SetMergeStatus()
+{
+    isMerge = true;
+}
+
+int FinalStatus(int status)
+{
+    return isMerge ? int(EXIT_NOT_MERGED) : status;
+}
 
 void Complain(const QString &text)
 {
@@ -34,7 +45,7 @@ QString AbsolutePath(const std::string &typed)
         return CanonicalPath(path);
     if (const QString why = WhyNotUsable(CurrentFolderBytes()); !why.isEmpty()) {
         Complain(why);
-        _exit(EXIT_WRONG_USE);
+        _exit(FinalStatus(EXIT_WRONG_USE));
     }
     return CanonicalPath(CurrentFolder() + u'/' + path);
 }
@@ -48,7 +59,7 @@ Session::Session(const QString &debugLogName, const QString &configFolder)
     if (env.codePageUnknown) {
         Complain(QStringLiteral("Morvanite.ini: there is no code page \"%1\" (section Text, key code_page)")
                      .arg(env.settings.String("Text", "code_page")));
-        _exit(EXIT_FAILED); // with another code page, a save would destroy the project's texts
+        _exit(FinalStatus(EXIT_FAILED)); // with another code page, a save would destroy the project's texts
     }
     services.GetCommandID = [this](const QString &path) { return handler.GetCommandID(&path); };
     services.Notify = [this](const CResDoc &, const QString &text) { env.Explain(text); };
@@ -67,7 +78,7 @@ void Session::OpenDebugLog(const QString &name)
         debugLog = FileHandle(open(name.toUtf8().constData(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666));
     if (!isErrors && !debugLog.IsOpen()) {
         Complain(QStringLiteral("cannot open the debug log %1: %2").arg(name, QString::fromLocal8Bit(strerror(errno))));
-        _exit(EXIT_WRONG_USE);
+        _exit(FinalStatus(EXIT_WRONG_USE));
     }
     env.trace = [this, isErrors](QStringView text) {
         QByteArray line = text.toUtf8();

@@ -28,6 +28,8 @@ std::vector<std::unique_ptr<ISubcommand>> AllSubcommands()
     subcommands.push_back(MakeIdsSubcommand());
     subcommands.push_back(MakeInspectSubcommand());
     subcommands.push_back(MakeStringsSubcommand());
+    subcommands.push_back(MakeMergeSubcommand());
+    subcommands.push_back(MakeGitSubcommand());
     subcommands.push_back(MakeLayoutsSubcommand());
     subcommands.push_back(MakeKeptSubcommand());
     subcommands.push_back(MakeResolutionsSubcommand());
@@ -54,6 +56,8 @@ namespace
 /// The words that the help doesn't show, for the build and for the completion of a shell. Each must be the first word.
 constexpr std::string_view DESCRIBE = "--describe";
 constexpr std::string_view COMPLETE = "--complete";
+/// The command that git runs.
+constexpr std::string_view MERGE = "merge";
 
 /// Prints the candidates for the last word. Never writes to standard error, which the user would see while typing.
 int Complete(const CLI::App &app, int argc, char **argv)
@@ -98,20 +102,22 @@ int ParseAndRun(int argc, char **argv)
     if (first == DESCRIBE)
         return Describe(app);
 
+    if (first == MERGE)
+        SetMergeStatus();
     for (int i = 1; i < argc; ++i) {
         if (const QString why = WhyNotUsable(argv[i]); !why.isEmpty()) {
             Complain(why);
-            return EXIT_WRONG_USE;
+            return FinalStatus(EXIT_WRONG_USE);
         }
     }
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError &error) {
-        return app.exit(error) == 0 ? EXIT_FINE : EXIT_WRONG_USE;
+        return app.exit(error) == 0 ? int(EXIT_FINE) : FinalStatus(EXIT_WRONG_USE);
     }
     if (settings->count() > 0 && !QFileInfo(AbsolutePath(configFolder)).isDir()) {
         Complain(QStringLiteral("--settings %1: there is no such folder").arg(QString::fromStdString(configFolder)));
-        return EXIT_WRONG_USE;
+        return FinalStatus(EXIT_WRONG_USE);
     }
     SignalCleanup::Install(); // `serve` blocks the signals and reads them itself
     Session session(QString::fromStdString(debugLog), AbsolutePath(configFolder));
@@ -135,6 +141,6 @@ extern "C" __attribute__((visibility("default"))) int MorvaniteRun(int argc, cha
         return ParseAndRun(argc, argv);
     } catch (const std::bad_alloc &) {
         Complain(QStringLiteral("out of memory"));
-        return EXIT_FAILED;
+        return FinalStatus(EXIT_FAILED);
     }
 }

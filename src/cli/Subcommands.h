@@ -38,6 +38,8 @@ std::unique_ptr<ISubcommand> MakeCheckSubcommand();
 std::unique_ptr<ISubcommand> MakeIdsSubcommand();
 std::unique_ptr<ISubcommand> MakeInspectSubcommand();
 std::unique_ptr<ISubcommand> MakeStringsSubcommand();
+std::unique_ptr<ISubcommand> MakeMergeSubcommand();
+std::unique_ptr<ISubcommand> MakeGitSubcommand();
 std::unique_ptr<ISubcommand> MakeLayoutsSubcommand();
 std::unique_ptr<ISubcommand> MakeKeptSubcommand();
 std::unique_ptr<ISubcommand> MakeResolutionsSubcommand();

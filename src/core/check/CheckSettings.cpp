@@ -250,10 +250,15 @@ bool MatchesPattern(QStringView text, QStringView pattern)
     return in == pattern.size();
 }
 
+QString CheckSettingsPath(const QString &folder)
+{
+    return folder + u"/morvanite-check.ini"_s;
+}
+
 CheckSettings ReadCheckSettings(const QString &folder, std::vector<Finding> &findings)
 {
     CheckSettings settings;
-    settings.file = folder + u"/morvanite-check.ini"_s;
+    settings.file = CheckSettingsPath(folder);
     const auto tell = [&](const QString &text, int line) {
         findings.push_back({"check-settings", Severity::Error, settings.file, line, {}, text});
     };
