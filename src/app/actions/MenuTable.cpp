@@ -9,13 +9,16 @@ namespace
 constexpr MenuEntry LINE{ACTION_NONE};
 
 constexpr MenuEntry OPEN{ACTION_OPEN, "&Open...", "Ctrl+O", "Opens a project."};
+constexpr MenuEntry NEW_PROJECT{ACTION_NEW_PROJECT, "&New Project...", "",
+                                "Makes the files of a new project and opens it."};
 constexpr MenuEntry RECENT{ACTION_RECENT_FILE, "Recent File", "", "Opens this project again."};
 constexpr MenuEntry CLOSE{ACTION_CLOSE, "&Close", "", "Closes the project. Asks first if it has unsaved changes."};
 constexpr MenuEntry EXIT{ACTION_EXIT, "E&xit", "", "Closes all projects and quits Morvanite."};
 
-constexpr MenuEntry FILE_WITHOUT_DOCUMENT[] = {OPEN, LINE, RECENT, LINE, CLOSE, EXIT};
+constexpr MenuEntry FILE_WITHOUT_DOCUMENT[] = {OPEN, NEW_PROJECT, LINE, RECENT, LINE, CLOSE, EXIT};
 constexpr MenuEntry FILE_ENTRIES[] = {
     OPEN,
+    NEW_PROJECT,
     {ACTION_CLOSE, "&Close", "Ctrl+F4", CLOSE.tip},
     {ACTION_SAVE, "&Save", "Ctrl+S", "Numbers the IDs and writes the headers and the project's files."},
     LINE,

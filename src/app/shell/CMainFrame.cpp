@@ -28,9 +28,9 @@
 #include <cstdio>
 #include <utility>
 
-CMainFrame::CMainFrame(Environment &environment, const ProcessTables &processTables, CDocManager &documentManager)
+CMainFrame::CMainFrame(Environment &environment, ProcessTables &processTables, CDocManager &documentManager)
     : env(environment), tables(processTables), documents(documentManager), area(new ProjectArea(this)),
-      menus(*this, *area, route), bars(*this, env), projects(env, documents, boxes),
+      menus(*this, *area, route), bars(*this, env), projects(env, tables, documents, boxes),
       status(new StatusPane(statusBar())), findings(bars, *area, *statusBar(), *this), zoom(new QLabel(statusBar())),
       indicators(*statusBar())
 {
@@ -131,6 +131,7 @@ std::optional<ActionState> CMainFrame::StateOf(ActionId id) const
 {
     switch (id) {
     case ACTION_OPEN:
+    case ACTION_NEW_PROJECT:
     case ACTION_EXIT:
     case ACTION_ABOUT:
     case ACTION_NEW_FILE:
@@ -161,6 +162,8 @@ void CMainFrame::Run(ActionId id)
     switch (id) {
     case ACTION_OPEN:
         return projects.Choose(ActiveChild() ? ActiveChild()->Document().PathName() : QString());
+    case ACTION_NEW_PROJECT:
+        return projects.Create(ActiveChild() ? ActiveChild()->Document().PathName() : QString(), this);
     case ACTION_EXIT:
         close();
         return;

@@ -25,7 +25,7 @@ class QSessionManager;
 class CMainFrame : public QMainWindow, public IViewHost, public IActionTarget
 {
 public:
-    CMainFrame(Environment &environment, const ProcessTables &processTables, CDocManager &documentManager);
+    CMainFrame(Environment &environment, ProcessTables &processTables, CDocManager &documentManager);
     ~CMainFrame() override;
 
     /// Restores the positions that the window and the bars had when the program last ended.
@@ -103,7 +103,7 @@ private:
     [[nodiscard]] std::vector<IActionTarget *> Targets() const;
 
     Environment &env;
-    const ProcessTables &tables;
+    ProcessTables &tables;
     CDocManager &documents;
     ChannelTurn turn;
     UserBoxes boxes{*this, turn};
