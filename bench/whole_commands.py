@@ -217,6 +217,22 @@ class Suite:
                                Run([self.cli, 'strings', 'import', project, books[kind]]), peer, 1.0, None,
                                ('memory; ssconvert', None, 1.0, None))
 
+    def translations(self):
+        folder = self.folder('translations')
+        project = inputs.project(folder, [], strings=True)
+        apart(inputs.string_table, folder, 50000, os.path.join(folder, 'po'))
+        for form, extension in (('po', 'po'), ('xliff', 'xlf')):
+            made = os.path.join(folder, form + '_files')
+            export = Run([self.cli, 'strings', 'export', project, made, '--format', form])
+            export.once()
+            if form == 'po':
+                peer = Run(*[['msgcat', '--no-wrap', '-o', os.path.join(folder, 'out.po'), os.path.join(made, name)]
+                             for name in sorted(os.listdir(made))])
+            files = [os.path.join(made, name) for name in sorted(os.listdir(made))]
+            self.table.compare('export 50,000 rows in 12 languages as .%s; msgcat' % extension, export, peer, 0.5, 0.3)
+            self.table.compare('import them; the same', Run([self.cli, 'strings', 'import', project] + files), peer,
+                               0.5, 0.3)
+
     def images(self):
         folder = self.folder('images')
         elements, paths = apart(inputs.images, folder, 200)
@@ -263,7 +279,8 @@ class Suite:
                            2.0)
 
 
-SUITE = ('large_elf', 'many_small', 'medium', 'strings', 'check', 'merge', 'workbooks', 'images', 'resources', 'window', 'starts')
+SUITE = ('large_elf', 'many_small', 'medium', 'strings', 'check', 'merge', 'workbooks', 'translations', 'images', 'resources',
+         'window', 'starts')
 
 
 def main():

@@ -18,7 +18,8 @@ SOURCES = ('*.h', '*.c', '*.cpp', '*.py', '*.sh', '*.cmake', '*CMakeLists.txt', 
            '*.pc.in', 'debian/rules', 'debian/tests/sample', 'debian/tests/window', 'packaging/completions/*')
 UNPLAIN = r'\b(?:stands?|standing|lies?|lying|bears|mends?|mending)\b'
 # Files of the core that may open a file for writing: the one that replaces project files in one step, and the pack.
-WRITERS = ('src/core/platform/FileReplacement.cpp', 'src/core/pack/', 'src/core/channel/LocalSocket.cpp',
+WRITERS = ('src/core/platform/FileReplacement.cpp', 'src/core/pack/', 'src/core/inspect/Extract.cpp',
+           'src/core/channel/LocalSocket.cpp',
            'src/core/platform/RunTool.cpp',
            'src/core/platform/SaveJournal.cpp')  # opens its own file only for a lock
 

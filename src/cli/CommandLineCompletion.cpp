@@ -2,6 +2,7 @@
 #include "CommandLineCompletion.h"
 
 #include "CommandLine.h"
+#include "Explanations.h"
 #include "KeptFiles.h"
 #include "LanguageTable.h"
 #include "Rules.h"
@@ -53,6 +54,14 @@ std::string RuleIds(Session &, const Values &)
     return lines;
 }
 
+std::string Codes(Session &, const Values &)
+{
+    std::string lines;
+    for (const Explanation &one : AllExplanations())
+        lines += Line(one.code.toStdString(), one.when.toStdString());
+    return lines;
+}
+
 std::string LanguageNames(Session &session, const Values &)
 {
     std::string lines;
@@ -67,9 +76,7 @@ constexpr struct
     std::string_view kind;
     std::string (*list)(Session &session, const Values &values);
 } SOURCES[] = {
-    {"resolution", ScreenSizes},
-    {"kept-entry", KeptEntries},
-    {"rule", RuleIds},
+    {"resolution", ScreenSizes}, {"kept-entry", KeptEntries}, {"rule", RuleIds}, {"code", Codes},
     {"language", LanguageNames},
 };
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "CodePoints.h"
+#include "JsonWriter.h"
 #include "LanguageTable.h"
 #include "OpeningReport.h"
 #include "PrintStringFile.h"
@@ -9,10 +10,6 @@
 #include "StringsExport.h"
 #include "StringsImport.h"
 #include "StringsSubcommands.h"
-
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 
 #include <map>
 #include <optional>
@@ -106,21 +103,40 @@ private:
         return session.StatusAfter(EXIT_FINE);
     }
 
+    static QByteArray StatsJson(int rows, const std::vector<LanguageStats> &languages)
+    {
+        QByteArray bytes;
+        JsonWriter writer(bytes);
+        const auto number = [&writer](const char *key, qint64 value) {
+            writer.Key(key);
+            writer.Number(value);
+        };
+        writer.BeginObject();
+        number("version", 1);
+        number("rows", rows);
+        writer.Key("languages");
+        writer.BeginArray();
+        for (const LanguageStats &language : languages) {
+            writer.BeginObject();
+            number("language", language.number);
+            writer.Key("name");
+            writer.String(language.name);
+            number("texts", language.texts);
+            number("missing", language.missing);
+            number("same_as_first", language.sameAsFirst);
+            writer.EndObject();
+        }
+        writer.EndArray();
+        writer.EndObject();
+        return bytes + '\n';
+    }
+
     int PrintStats(Session &session, const CResDoc &document) const
     {
         int rows = 0;
         const std::vector<LanguageStats> languages = StringStats(document, rows);
         if (json) {
-            QJsonArray list;
-            for (const LanguageStats &language : languages) {
-                list.append(QJsonObject{{QStringLiteral("language"), language.number},
-                                        {QStringLiteral("name"), language.name},
-                                        {QStringLiteral("texts"), language.texts},
-                                        {QStringLiteral("missing"), language.missing},
-                                        {QStringLiteral("same_as_first"), language.sameAsFirst}});
-            }
-            const QJsonObject all{{QStringLiteral("rows"), rows}, {QStringLiteral("languages"), list}};
-            session.report.WriteBytes(QJsonDocument(all).toJson());
+            session.report.WriteBytes(StatsJson(rows, languages));
             return session.StatusAfter(EXIT_FINE);
         }
         session.report.Write(QStringLiteral("%1 strings\n\n   texts  missing  as first  language\n").arg(rows));

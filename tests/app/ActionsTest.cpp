@@ -92,7 +92,7 @@ TEST(MainFrame, HasMenusWithAndWithoutADocument)
     TestWindow window;
     window.Start();
     const std::string help = "Help: About Morvanite..., \n";
-    const std::string view = "View: Toolbar, Status Bar, Output, | ";
+    const std::string view = "View: Toolbar, Status Bar, Output, Findings, | ";
     EXPECT_EQ(Shown(*window.Frame().menuBar()),
               "File: Open... Ctrl+O, New Project..., | (Recent File), | (Close Ctrl+F4), Exit, \n" + view +
                   "(Split), \n" + help);

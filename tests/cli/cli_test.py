@@ -190,7 +190,7 @@ class Cli(DemoProject):
         self.assertIn('ID_STRING_HI\tNormal\tgreeting\tHi\r\nID_NEW\tPush\t\ta, b\r\n##number\t2\r\n',
                       strings.read_bytes().decode('utf-16'))
         status, out, _ = self.run_cli('strings', 'stats', self.project, '--json')
-        self.assertEqual(json.loads(out), {'rows': 2, 'languages': [
+        self.assertEqual(json.loads(out), {'version': 1, 'rows': 2, 'languages': [
             {'language': 0, 'name': 'English', 'texts': 2, 'missing': 0, 'same_as_first': 0}]})
         after = strings.read_bytes()
         (self.dir / name).write_text(sheet.replace('##', 'ID_TWO,Normal,,"two\nlines"\n##'))

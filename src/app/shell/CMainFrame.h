@@ -4,6 +4,7 @@
 #include "ChannelTurn.h"
 #include "EditActions.h"
 #include "FrameBars.h"
+#include "FrameFindings.h"
 #include "FrameMenus.h"
 #include "FramePlace.h"
 #include "KeyboardIndicators.h"
@@ -54,6 +55,7 @@ public:
 
     [[nodiscard]] ChannelTurn &Turn() { return turn; }
     [[nodiscard]] FrameBars &Bars() { return bars; }
+    [[nodiscard]] FrameFindings &Findings() { return findings; }
     [[nodiscard]] ProjectNotices &Notices() { return notices; }
     [[nodiscard]] ProjectOpener &Projects() { return projects; }
     [[nodiscard]] const StatusPane &Status() const { return *status; }
@@ -114,6 +116,7 @@ private:
     ProjectNotices notices{*area};
     ProjectOpener projects;
     StatusPane *status;
+    FrameFindings findings;
     QLabel *zoom; ///< the zoom of the preview in the active project
     KeyboardIndicators indicators;
 };

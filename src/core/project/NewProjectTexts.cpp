@@ -78,6 +78,10 @@ QByteArray CheckSettingsText(const NewProjectChoice &choice)
 ;placeholders=printf
 ; The screens that are built for. Without it: all screens of the project.
 ;target=@SIZES@
+; The most bytes that the resources of a pack may have: a number, or units as in 512K or 2M. Without it: no limit.
+;budget=2M
+; 0 if the packs leave the images as they are.
+;convert-images=1
 
 [Severity]
 ; The level of a rule: off, note, warning or error.

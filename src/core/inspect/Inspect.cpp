@@ -2,6 +2,7 @@
 #include "Inspect.h"
 
 #include "ByteReader.h"
+#include "ElfSections.h"
 #include "HostFiles.h"
 
 #include <cstring>
@@ -13,37 +14,24 @@ constexpr qint64 LARGEST_FILE = qint64(1) << 32;
 constexpr quint64 TRAILER = 4; // bytes
 
 /// Finds the newest section ".zp_res" of a 32-bit little-endian ELF file. Returns an empty text, or what is wrong.
-QString FindSection(const ByteReader &file, quint64 &offset, quint64 &size)
+QString FindSection(QByteArrayView file, quint64 &offset, quint64 &size)
 {
-    constexpr quint64 SECTION_HEADER = 40;
-    if (file.Slice(4, 2) != QByteArrayView("\1\1"))
-        return QStringLiteral("an ELF file, but not a 32-bit little-endian one");
-    const auto table = file.U32(32);
-    const auto step = file.U16(46);
-    const auto count = file.U16(48);
-    const auto namesIndex = file.U16(50);
-    const auto header = [&](quint64 i) { return file.Slice(quint64(*table) + *step * i, SECTION_HEADER); };
-    if (!namesIndex || *namesIndex >= *count || !header(*namesIndex))
-        return QStringLiteral("an ELF file whose section table is outside the file");
-    const ByteReader namesHeader(*header(*namesIndex));
-    const auto names = file.Slice(*namesHeader.U32(16), *namesHeader.U32(20));
-    if (!names)
-        return QStringLiteral("an ELF file whose section names are outside the file");
-    for (quint64 i = *count; i-- > 0;) {
-        const auto bytes = header(i);
-        if (!bytes)
+    ElfSections sections(file);
+    if (QString wrong = sections.Open(); !wrong.isEmpty())
+        return wrong;
+    for (quint64 i = sections.Count(); i-- > 0;) {
+        const auto section = sections.At(i);
+        if (!section)
             return QStringLiteral("section header %1 is outside the file").arg(i);
-        const ByteReader section(*bytes);
-        const auto name = ByteReader(*names).Slice(*section.U32(0), sizeof PAYLOAD_NAME);
-        if (!name || std::memcmp(name->data(), PAYLOAD_NAME, sizeof PAYLOAD_NAME) != 0)
+        if (section->name != PAYLOAD_NAME)
             continue;
-        offset = *section.U32(16);
-        size = *section.U32(20);
-        if (!file.Slice(offset, size))
+        offset = section->offset;
+        size = section->size;
+        if (!ByteReader(file).Slice(offset, size))
             return QStringLiteral("section .zp_res extends from %1 to %2, beyond the end of the file at %3")
                 .arg(offset)
                 .arg(offset + size)
-                .arg(file.Size());
+                .arg(file.size());
         return {};
     }
     return QStringLiteral("an ELF file without a section .zp_res: it hasn't been packed");
@@ -114,7 +102,7 @@ std::optional<QString> ReadSection(InspectResult &result)
         return std::nullopt;
     quint64 offset = 0;
     quint64 size = 0;
-    const QString wrong = FindSection(ByteReader(result.file), offset, size);
+    const QString wrong = FindSection(result.file, offset, size);
     return wrong.isEmpty() ? ReadFound(result, "elf", offset, size) : wrong;
 }
 

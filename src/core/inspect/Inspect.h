@@ -4,6 +4,7 @@
 #include "PayloadReader.h"
 
 class Environment;
+class PackNames;
 
 /// The contents of a packed file.
 struct InspectResult
@@ -13,6 +14,7 @@ struct InspectResult
     quint64 payloadOffset = 0;
     quint64 payloadSize = 0;
     Payload payload;
+    bool isSelection = false; ///< the payload has only some of the contents (KeepOnly)
 };
 
 /// Reads the payload back from a grown ELF file (the newest section if there are several), a side file or a DLL-side
@@ -22,15 +24,13 @@ struct InspectResult
 /// Does the same with bytes in memory, which are moved into the result.
 [[nodiscard]] QString InspectBytes(QByteArray bytes, InspectResult &result);
 
-/// A packed text as UTF-8. Half a surrogate pair becomes U+FFFD.
-[[nodiscard]] QByteArray TextToUtf8(QString text);
+/// A listing for people, UTF-8, with the names of the items and strings.
+[[nodiscard]] QByteArray InspectText(const Environment &env, const InspectResult &result, const PackNames &names);
 
-/// A listing for people, UTF-8.
-[[nodiscard]] QByteArray InspectText(const Environment &env, const InspectResult &result);
-
-/// The same as one JSON object: `kind`, `base`, `entries` (`name`, `offset`, `size`), `block` (`key`, `offset`,
-/// `size`), `strings` (language number to ID value to text). Offsets are those of the file.
-[[nodiscard]] QByteArray InspectJson(const Environment &env, const InspectResult &result);
+/// The same as one JSON object: `version`, `kind`, `base`, `entries` (`name`, `offset`, `size`), `block` (`key`,
+/// `offset`, `size`, `id` if it has a name), `strings` (language number to ID value to text), and with names
+/// `string_ids` (ID value to name). Offsets are those of the file.
+[[nodiscard]] QByteArray InspectJson(const Environment &env, const InspectResult &result, const PackNames &names);
 
 /// Writes every entry, item and language to a file of its own below `folder`, which is made if necessary. Never writes
 /// outside of `folder`, whatever the names are, and follows no link below it. `written` gets the paths relative to

@@ -168,7 +168,7 @@ private:
                     .arg(start);
             QString text(qsizetype((end - offset) / 2), Qt::Uninitialized);
             qFromLittleEndian<char16_t>(table.data() + offset, text.size(), text.data());
-            strings.push_back({id, std::move(text)});
+            strings.push_back({id, std::move(text), offset});
             start = end + 2;
         }
         if (*reader.U32(4 + PAIR * (*count - 1)) != END_KEY)

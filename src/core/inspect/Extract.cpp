@@ -2,6 +2,7 @@
 #include "Environment.h"
 #include "HostFiles.h"
 #include "Inspect.h"
+#include "ListingText.h"
 
 #include <QHash>
 
@@ -152,7 +153,7 @@ QByteArray Lines(const LanguageStrings &language)
     QByteArray lines;
     for (const TableString &string : language.strings) {
         lines += QByteArray::number(string.id) + '\t';
-        for (const char c : TextToUtf8(string.text)) {
+        for (const char c : WholeCharacters(string.text).toUtf8()) {
             switch (c) {
             case '\\':
                 lines += "\\\\";
@@ -183,7 +184,7 @@ QString ExtractAll(const Environment &env, const InspectResult &result, const QS
     Extraction extraction(folder, written);
     const Payload &payload = result.payload;
     for (const DirectoryEntry &entry : payload.entries) {
-        if (&entry != &payload.entries.back()) // the last one is the block's table
+        if (result.isSelection || &entry != &payload.entries.back()) // the last one is the block's table
             extraction.Write("entries", SafeName(env.NarrowToWide(entry.name)), entry.data);
     }
     for (const BlockEntry &item : payload.block) {

@@ -29,6 +29,7 @@ struct TableString
 {
     quint32 id;
     QString text;
+    quint32 offset; ///< from the start of its table
 };
 
 /// The strings of one language, each ID once. If an ID occurs several times, the first counts, as on the device.
