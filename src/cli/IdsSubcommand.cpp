@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "FileFault.h"
-#include "HostFiles.h"
-#include "IDGen.h"
 #include "IdComparison.h"
 #include "IdNumbers.h"
+#include "IdSources.h"
 #include "JsonWriter.h"
 #include "ProjectLayouts.h"
 #include "Session.h"
@@ -34,20 +32,12 @@ public:
     {
         const QString path = AbsolutePath(project);
         IdNumbers old;
-        if (!oldHeader.empty() && !ReadHeader(AbsolutePath(oldHeader), old)) // opening changes the current folder
+        // Read before opening changes the current folder.
+        if (!oldHeader.empty() && !ReadHeaderOfIds("--against", AbsolutePath(oldHeader), old))
             return EXIT_WRONG_USE;
-        CResDoc *document = session.OpenQuietly(path);
+        CResDoc *document = OpenNumbered(session, path, QString::fromStdString(project));
         if (!document)
             return EXIT_FAILED;
-        const QStringList missing = MissingLayouts(*document);
-        for (const QString &reason : missing)
-            Complain(reason);
-        if (!missing.isEmpty())
-            return EXIT_FAILED; // without these IDs the others would get other numbers
-        if (document->GenerateIds(nullptr) != 0) {
-            Complain(QString::fromStdString(project) + QStringLiteral(": more IDs of one kind than there are numbers"));
-            return EXIT_FAILED;
-        }
         const std::vector<IDRecord *> sorted = SortedIds(document->ids);
         int status = EXIT_FINE;
         if (oldHeader.empty()) {
@@ -65,19 +55,6 @@ public:
     }
 
 private:
-    [[nodiscard]] static bool ReadHeader(const QString &path, IdNumbers &numbers)
-    {
-        QByteArray bytes;
-        if (const int error = ReadFile(path, bytes)) {
-            Complain(WhyNotRead(path, error));
-            return false;
-        }
-        numbers.Read(bytes);
-        if (numbers.All().empty())
-            Complain(QStringLiteral("--against %1: there is no line \"#define NAME NUMBER\" in it").arg(path));
-        return !numbers.All().empty();
-    }
-
     [[nodiscard]] QByteArray List(const CResDoc &document, const std::vector<IDRecord *> &sorted) const
     {
         QByteArray bytes;

@@ -1,52 +1,195 @@
 // SPDX-License-Identifier: MIT
+#include "IdSources.h"
 #include "Inspect.h"
+#include "PackDiffPrint.h"
+#include "PackSelection.h"
 #include "Session.h"
+#include "SizeListing.h"
 #include "Subcommands.h"
+#include "TerminalText.h"
 
 namespace
 {
+
+/// A packed file that is read, with the names of its IDs.
+struct InspectedFile
+{
+    InspectResult result;
+    PackNames names;
+    std::optional<PackSelection> selection;
+};
 
 class InspectSubcommand : public ISubcommand
 {
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand = app.add_subcommand("inspect", "Show the contents of a packed file");
+        CLI::App *subcommand = app.add_subcommand("inspect", "Show the contents of a packed file, or compare two");
         subcommand->add_option("FILE", file, "A packed application, a side file or a DLL-side file")
             ->type_name("")
             ->required();
+        CLI::Option *other =
+            subcommand->add_option("FILE_B", fileB, "With --diff: the file to compare with")->type_name("");
         subcommand->add_flag("--json", json, JSON_HELP);
-        subcommand->add_option("--extract", folder, "Write each entry, item and language to its own file in DIR")
-            ->type_name("DIR");
+        CLI::Option *extract =
+            subcommand->add_option("--extract", folder, "Write each entry, item and language to its own file in DIR")
+                ->type_name("DIR");
+        CLI::Option *ids =
+            subcommand->add_option("--ids", idFile, "Show the names of IDs, from a generated header or a .vcproj file")
+                ->type_name("FILE");
+        CLI::Option *sizeFlag =
+            subcommand->add_flag("--size", size, "List the parts of the payload by size, with their shares");
+        subcommand
+            ->add_option("--only", only, "Only this item (by number or name), entry (by name) or language (language:N)")
+            ->type_name("PART");
+        CLI::Option *diffFlag = subcommand->add_flag(
+            "--diff", diff, "List what differs between FILE and FILE_B; exit with 1 if anything does");
+        subcommand->add_option("--ids-b", idFileB, "The same as --ids for FILE_B, if its IDs have other numbers")
+            ->type_name("FILE")
+            ->needs(ids)
+            ->needs(diffFlag);
+        diffFlag->needs(other)->excludes(extract)->excludes(sizeFlag);
+        other->needs(diffFlag);
         return subcommand;
     }
 
     int Run(Session &session) override
     {
-        const QString path = QString::fromStdString(file);
-        InspectResult result;
-        QString wrong = InspectFile(path, result);
-        std::vector<QByteArray> written;
-        if (wrong.isEmpty() && !folder.empty())
-            wrong = ExtractAll(session.env, result, QString::fromStdString(folder), written);
-        if (!wrong.isEmpty()) {
-            Complain(path + QStringLiteral(": ") + wrong);
+        // Made absolute before a project is opened, which changes the current folder.
+        const QString path = AbsolutePath(file);
+        const QString pathB = AbsolutePath(fileB);
+        const QString idPath = AbsolutePath(idFile);
+        const QString idPathB = AbsolutePath(idFileB);
+        const QString extractTo = AbsolutePath(folder);
+        InspectedFile a;
+        InspectedFile b;
+        if (!ReadNames(session, "--ids", idPath, a.names))
+            return EXIT_WRONG_USE;
+        b.names = a.names;
+        if (!ReadNames(session, "--ids-b", idPathB, b.names))
+            return EXIT_WRONG_USE;
+        if (!Select(a) || !Select(b))
+            return EXIT_WRONG_USE;
+        if (!Read(path, QString::fromStdString(file), a) || (diff && !Read(pathB, QString::fromStdString(fileB), b)))
             return EXIT_FAILED;
+        return session.StatusAfter(diff   ? Compare(session, a, b)
+                                   : size ? PrintSizes(session, a)
+                                          : Print(session, a, extractTo));
+    }
+
+private:
+    static bool ReadNames(Session &session, const char *option, const QString &path, PackNames &names)
+    {
+        if (path.isEmpty())
+            return true;
+        std::optional<PackNames> read = NamesOfIds(session, option, path);
+        if (read)
+            names = std::move(*read);
+        return read.has_value();
+    }
+
+    /// Returns false, with a message, if --only makes no sense.
+    [[nodiscard]] bool Select(InspectedFile &inspected) const
+    {
+        if (only.empty())
+            return true;
+        const QString word = QString::fromStdString(only);
+        inspected.selection = PackSelection::Parse(word, inspected.names);
+        if (!inspected.selection)
+            Complain(QStringLiteral("--only %1: a language is \"language:\" and its number").arg(word));
+        return inspected.selection.has_value();
+    }
+
+    static bool Read(const QString &path, const QString &shown, InspectedFile &inspected)
+    {
+        const QString wrong = InspectFile(path, inspected.result);
+        if (!wrong.isEmpty())
+            Complain(shown + QStringLiteral(": ") + wrong);
+        return wrong.isEmpty();
+    }
+
+    [[nodiscard]] int NothingSelected() const
+    {
+        Complain(QStringLiteral("%1: there is no item, entry or language \"%2\" in it")
+                     .arg(QString::fromStdString(file), QString::fromStdString(only)));
+        return EXIT_FAILED;
+    }
+
+    /// Writes a listing, cut to the terminal's width if there is a terminal.
+    static void WriteListing(Session &session, const QByteArray &text)
+    {
+        const int columns = TerminalColumns();
+        session.report.WriteBytes(columns > 0 ? CutLines(text, columns) : text);
+    }
+
+    int Print(Session &session, InspectedFile &inspected, const QString &extractTo) const
+    {
+        InspectResult &result = inspected.result;
+        if (inspected.selection && !inspected.selection->KeepOnly(session.env, result))
+            return NothingSelected();
+        std::vector<QByteArray> written;
+        if (!extractTo.isEmpty()) {
+            const QString wrong = ExtractAll(session.env, result, extractTo, written);
+            if (!wrong.isEmpty()) {
+                Complain(QString::fromStdString(file) + QStringLiteral(": ") + wrong);
+                return EXIT_FAILED;
+            }
         }
         if (json)
-            session.report.WriteBytes(InspectJson(session.env, result));
-        else if (folder.empty())
-            session.report.WriteBytes(InspectText(session.env, result));
+            session.report.WriteBytes(InspectJson(session.env, result, inspected.names));
+        else if (extractTo.isEmpty())
+            WriteListing(session, InspectText(session.env, result, inspected.names));
         else
             for (const QByteArray &name : written)
                 session.report.WriteBytes(QByteArray::fromStdString(folder) + '/' + name + '\n');
         return EXIT_FINE;
     }
 
-private:
+    int PrintSizes(Session &session, const InspectedFile &inspected) const
+    {
+        const std::vector<PackPart> parts = PartsOf(session.env, inspected.result);
+        const PackSelection *const selection = inspected.selection ? &*inspected.selection : nullptr;
+        const std::vector<SizedPart> sizes = SizesOf(parts, inspected.names, selection);
+        if (sizes.empty())
+            return NothingSelected();
+        const quint64 payload = inspected.result.payloadSize;
+        if (json)
+            session.report.WriteBytes(SizesJson(sizes, payload, inspected.names));
+        else
+            WriteListing(session, SizesText(sizes, payload));
+        return EXIT_FINE;
+    }
+
+    int Compare(Session &session, const InspectedFile &a, const InspectedFile &b) const
+    {
+        const auto partsOf = [&](const InspectedFile &inspected) {
+            std::vector<PackPart> parts = PartsOf(session.env, inspected.result);
+            if (inspected.selection)
+                std::erase_if(parts, [&](const PackPart &part) { return !inspected.selection->Has(part); });
+            return parts;
+        };
+        const std::vector<PackPart> before = partsOf(a);
+        const std::vector<PackPart> after = partsOf(b);
+        if (before.empty() && after.empty())
+            return NothingSelected();
+        const std::vector<DiffRow> rows = ComparePacks(before, a.names, after, b.names);
+        const ComparedPacks compared{before, a.names, after, b.names, rows};
+        if (json)
+            session.report.WriteBytes(DiffJson(compared));
+        else
+            WriteListing(session, DiffText(compared));
+        return rows.empty() ? EXIT_FINE : EXIT_FAILED;
+    }
+
     std::string file;
+    std::string fileB;
     std::string folder;
+    std::string idFile;
+    std::string idFileB;
+    std::string only;
     bool json = false;
+    bool size = false;
+    bool diff = false;
 };
 
 } // namespace

@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "CatalogueFile.h"
+#include "JsonWriter.h"
 #include "LayoutSurvey.h"
 #include "Paths.h"
 #include "ProjectLayouts.h"
 #include "Session.h"
 #include "Subcommands.h"
-
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 
 namespace
 {
@@ -85,12 +82,26 @@ private:
 
     static QByteArray AsJson(const std::vector<CheckedLayoutFile> &files)
     {
-        QJsonArray list;
-        ForEachFinding(files, [&list](const QString &file, int line, const QString &text) {
-            list.append(QJsonObject{
-                {QStringLiteral("file"), file}, {QStringLiteral("line"), line}, {QStringLiteral("text"), text}});
+        QByteArray bytes;
+        JsonWriter writer(bytes);
+        writer.BeginObject();
+        writer.Key("version");
+        writer.Number(1);
+        writer.Key("findings");
+        writer.BeginArray();
+        ForEachFinding(files, [&writer](const QString &file, int line, const QString &text) {
+            writer.BeginObject();
+            writer.Key("file");
+            writer.String(file);
+            writer.Key("line");
+            writer.Number(line);
+            writer.Key("text");
+            writer.String(text);
+            writer.EndObject();
         });
-        return QJsonDocument(QJsonObject{{QStringLiteral("findings"), list}}).toJson();
+        writer.EndArray();
+        writer.EndObject();
+        return bytes + '\n';
     }
 
     std::string project;

@@ -3,20 +3,25 @@
 
 #include "Module.h"
 #include "PictureModule.h"
-#include "Session.h"
 
-using namespace Qt::StringLiterals;
+#include <atomic>
 
 namespace
 {
+
+std::atomic<bool> isMissing = false;
 
 const PictureFunctions *LoadFunctions()
 {
     const auto *const functions =
         static_cast<const PictureFunctions *>(SymbolOfModule("libmorvanite-pictures.so", PICTURE_FUNCTIONS));
-    if (!functions)
-        Complain(u"libmorvanite-pictures.so, which must be beside the program, can't be loaded, so \"image-alpha-few\" "
-                 "finds nothing"_s);
+    isMissing = !functions;
+    return functions;
+}
+
+const PictureFunctions *Functions()
+{
+    static const PictureFunctions *const functions = LoadFunctions();
     return functions;
 }
 
@@ -24,6 +29,18 @@ const PictureFunctions *LoadFunctions()
 
 bool CountAlphaOfPicture(const QByteArray &bytes, PictureAlpha &alpha)
 {
-    static const PictureFunctions *const functions = LoadFunctions();
-    return functions && functions->countAlpha(bytes, alpha);
+    return Functions() && Functions()->countAlpha(bytes, alpha);
+}
+
+std::optional<quint64> SizeOfConvertedPicture(const QByteArray &bytes, QString &fault)
+{
+    if (Functions())
+        return Functions()->measure(bytes, fault);
+    fault = QStringLiteral("libmorvanite-pictures.so, which has the decoders of pictures, can't be loaded");
+    return std::nullopt;
+}
+
+bool IsPictureModuleMissing()
+{
+    return isMissing;
 }

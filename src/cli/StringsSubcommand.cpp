@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "CodePoints.h"
+#include "JsonWriter.h"
 #include "LanguageTable.h"
 #include "OpeningReport.h"
+#include "PrintStringFile.h"
 #include "ProjectSave.h"
 #include "Session.h"
 #include "StringStats.h"
 #include "StringsExport.h"
 #include "StringsImport.h"
-#include "Subcommands.h"
-
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
+#include "StringsSubcommands.h"
 
 #include <map>
 #include <optional>
@@ -25,12 +23,15 @@ class StringsSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand = app.add_subcommand("strings", "Export, import or count the strings of a project");
+        CLI::App *subcommand =
+            app.add_subcommand("strings", "List, set, count, export or import the strings of a project");
         subcommand->require_subcommand(1);
         exporting = exporter.Add(*subcommand, project);
         importing = importer.Add(*subcommand, project);
         stats = subcommand->add_subcommand("stats", "Count the texts of each language");
         codePoints = subcommand->add_subcommand("codepoints", "List the characters that the texts use");
+        cat = subcommand->add_subcommand("cat", "Print a string file as UTF-8, for git");
+        cat->add_option("FILE", file, "The string file")->type_name("")->required();
         for (CLI::App *sub : {stats, codePoints})
             AddProject(*sub, project);
         stats->add_flag("--json", json, JSON_HELP);
@@ -41,11 +42,20 @@ public:
             ->allow_extra_args(false);
         AddChoice(*codePoints, "--format", format, "list|ranges|c",
                   "The form of the list: one character a line, ranges, or a table in C (default: list)");
+        parts.push_back(MakeStringsListSubcommand());
+        parts.push_back(MakeStringsSetSubcommand());
+        parts.push_back(MakeStringsAddLanguageSubcommand());
+        for (const auto &part : parts)
+            part->Add(*subcommand)->callback([this, &part] { chosen = part.get(); });
         return subcommand;
     }
 
     int Run(Session &session) override
     {
+        if (*cat)
+            return PrintStringFile(session, AbsolutePath(file));
+        if (chosen)
+            return chosen->Run(session);
         const QString path = AbsolutePath(project);
         exporter.FixPaths();
         if (*importing && !importer.FixPaths())
@@ -93,21 +103,40 @@ private:
         return session.StatusAfter(EXIT_FINE);
     }
 
+    static QByteArray StatsJson(int rows, const std::vector<LanguageStats> &languages)
+    {
+        QByteArray bytes;
+        JsonWriter writer(bytes);
+        const auto number = [&writer](const char *key, qint64 value) {
+            writer.Key(key);
+            writer.Number(value);
+        };
+        writer.BeginObject();
+        number("version", 1);
+        number("rows", rows);
+        writer.Key("languages");
+        writer.BeginArray();
+        for (const LanguageStats &language : languages) {
+            writer.BeginObject();
+            number("language", language.number);
+            writer.Key("name");
+            writer.String(language.name);
+            number("texts", language.texts);
+            number("missing", language.missing);
+            number("same_as_first", language.sameAsFirst);
+            writer.EndObject();
+        }
+        writer.EndArray();
+        writer.EndObject();
+        return bytes + '\n';
+    }
+
     int PrintStats(Session &session, const CResDoc &document) const
     {
         int rows = 0;
         const std::vector<LanguageStats> languages = StringStats(document, rows);
         if (json) {
-            QJsonArray list;
-            for (const LanguageStats &language : languages) {
-                list.append(QJsonObject{{QStringLiteral("language"), language.number},
-                                        {QStringLiteral("name"), language.name},
-                                        {QStringLiteral("texts"), language.texts},
-                                        {QStringLiteral("missing"), language.missing},
-                                        {QStringLiteral("same_as_first"), language.sameAsFirst}});
-            }
-            const QJsonObject all{{QStringLiteral("rows"), rows}, {QStringLiteral("languages"), list}};
-            session.report.WriteBytes(QJsonDocument(all).toJson());
+            session.report.WriteBytes(StatsJson(rows, languages));
             return session.StatusAfter(EXIT_FINE);
         }
         session.report.Write(QStringLiteral("%1 strings\n\n   texts  missing  as first  language\n").arg(rows));
@@ -130,6 +159,10 @@ private:
     std::vector<std::string> wantedLanguages;
     std::string format = "list";
     CLI::App *stats = nullptr;
+    CLI::App *cat = nullptr;
+    std::string file; // of `cat`
+    std::vector<std::unique_ptr<ISubcommand>> parts;
+    ISubcommand *chosen = nullptr; // of the parts
 };
 
 } // namespace

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "InspectFixture.h"
+#include "PackNames.h"
+#include "PackSelection.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -66,7 +68,7 @@ TEST_F(InspectTest, ReportsEveryTruncationAndSurvivesEveryChangedByte)
             for (const int value : {whole[at] ^ 1, whole[at] ^ 0x80, 0, 0x0A, 0xFF}) {
                 const std::string wrong = Wrong(Bytes(whole).replace(at, 1, 1, char(value)));
                 EXPECT_THAT(wrong, Not(HasSubstr("\n")));
-                EXPECT_TRUE(!wrong.empty() || QJsonDocument::fromJson(InspectJson(env, result)).isObject()) << at;
+                EXPECT_TRUE(!wrong.empty() || QJsonDocument::fromJson(InspectJson(env, result, {})).isObject()) << at;
             }
         }
     }
@@ -102,7 +104,7 @@ TEST_F(InspectTest, JsonHasTheContentsOfTheFile)
 {
     // The first of two tables of a language is used, and the first of two strings with one ID.
     const Bytes file = Sample().Language(12, {{9, u"other"}}).Language(1, {{1, {u'x', 0xD800, u'y'}}}).Build();
-    const QByteArray expected = R"({"kind": "res", "base": 0, "entries": [
+    const QByteArray expected = R"({"version": 1, "kind": "res", "base": 0, "entries": [
 {"name": "AppLogo.img", "offset": 64, "size": 10}, {"name": "tune.mid", "offset": 76, "size": 0},
 {"name": "zep-2.0", "offset": 76, "size": 56}], "block": [
 {"key": 4294901760, "offset": 132, "size": 44}, {"key": 4294901772, "offset": 176, "size": 60},
@@ -111,8 +113,57 @@ TEST_F(InspectTest, JsonHasTheContentsOfTheFile)
 "strings": {"0": {"3": "", "7": "Hello"}, "12": {"3": "你好 \"\\\n😀"}, "1": {"1": "x�y"}}})";
     const QJsonDocument wanted = QJsonDocument::fromJson(expected);
     ASSERT_TRUE(wanted.isObject());
-    EXPECT_EQ(QJsonDocument::fromJson(InspectJson(env, Read(file))).toJson().toStdString(),
-              wanted.toJson().toStdString());
+    const QByteArray json = InspectJson(env, Read(file), {});
+    EXPECT_EQ(QJsonDocument::fromJson(json).toJson().toStdString(), wanted.toJson().toStdString());
+    EXPECT_TRUE(json.startsWith("{\n    \"version\": 1,\n"));
+}
+
+TEST_F(InspectTest, NamesOfIdsAreBesideTheirNumbers)
+{
+    PackNames names;
+    names.Add(1, u"ID_TUNE"_s);
+    names.Add(7, u"ID_HELLO"_s);
+    names.Add(7, u"ID_ALIAS"_s); // the first name of a number counts
+    const std::string text = InspectText(env, Read(Sample().Build()), names).toStdString();
+    EXPECT_THAT(text, HasSubstr("           1  file, image or layout  ID_TUNE\n"));
+    EXPECT_THAT(text, HasSubstr("      103000  push image\n"));
+    EXPECT_THAT(text, HasSubstr("           3            \n           7  ID_HELLO  Hello\n"));
+    const QJsonObject json = QJsonDocument::fromJson(InspectJson(env, result, names)).object();
+    EXPECT_EQ(json[u"block"_s][2][u"id"_s], u"ID_TUNE"_s);
+    EXPECT_TRUE(json[u"block"_s][3][u"id"_s].isUndefined());
+    EXPECT_EQ(json[u"string_ids"_s].toObject(), (QJsonObject{{u"7"_s, u"ID_HELLO"_s}}));
+}
+
+TEST_F(InspectTest, ASelectionHasOneItemEntryOrLanguage)
+{
+    PackNames names;
+    names.Add(1, u"ID_TUNE"_s);
+    const auto select = [&](const char *word) {
+        (void)Read(Sample().Build());
+        const auto selection = PackSelection::Parse(QString::fromLatin1(word), names);
+        if (!selection)
+            return std::string("wrong");
+        if (!selection->KeepOnly(env, result))
+            return std::string("nothing");
+        const std::string text = InspectText(env, result, {}).toStdString();
+        return text.substr(text.find("\n\n") + 2);
+    };
+    const std::string item = "block    1\n      offset        size         key  what\n"
+                             "         220           8           1  file, image or layout\n";
+    EXPECT_EQ(select("1"), item);
+    EXPECT_EQ(select("ID_TUNE"), item);
+    EXPECT_THAT(select("tune.mid"), testing::StartsWith("entries  1\n"));
+    EXPECT_THAT(select("language:0"),
+                testing::EndsWith("\nlanguage 0, 2 strings\n           3  \n           7  Hello\n"));
+    for (const char *absent : {"2", "ID_NONE", "language:1"})
+        EXPECT_EQ(select(absent), "nothing") << absent;
+    EXPECT_EQ(select("language:x"), "wrong");
+
+    (void)Read(Sample().Build());
+    ASSERT_TRUE(PackSelection::Parse(u"AppLogo.img"_s, names)->KeepOnly(env, result));
+    std::vector<QByteArray> written;
+    EXPECT_EQ(ExtractAll(env, result, folder.Path("out"), written), QString());
+    EXPECT_EQ(written, std::vector<QByteArray>{"entries/AppLogo.img"});
 }
 
 TEST_F(InspectTest, ListingIsReadableHasLayoutsAndNoControlCharacters)
@@ -139,11 +190,11 @@ TEST_F(InspectTest, ListingIsReadableHasLayoutsAndNoControlCharacters)
                                  "\n"
                                  "language 12, 1 strings\n"
                                  "           3  \u4F60\u597D \"\\\\n\U0001F600\n";
-    EXPECT_EQ(InspectText(env, Read(Sample().Build())).toStdString(), expected);
+    EXPECT_EQ(InspectText(env, Read(Sample().Build()), {}).toStdString(), expected);
     const Bytes layout = "MLAY\1\x14" + Bytes(2, '\0') + PayloadBuilder::U32({20, 7, 0}); // its ID is 7
     PayloadBuilder hostile = PayloadBuilder().Entry("\x1B[2J\xC2\x9B\n", "").Language(0, {{1, u"a\u202Eb\u001B"}});
     hostile.Item(7, layout).Item(8, layout).Item(9, "MLAY");
-    const std::string text = InspectText(env, Read(hostile.Build())).toStdString();
+    const std::string text = InspectText(env, Read(hostile.Build()), {}).toStdString();
     for (const char *part :
          {"  ?[2J?\\n\n", "  a?b?\n", " 7  layout\n", " 8  file, image or layout\n", " 9  file, image or layout\n"})
         EXPECT_THAT(text, HasSubstr(part));

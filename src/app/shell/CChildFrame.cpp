@@ -8,7 +8,6 @@
 #include "LayoutPanes.h"
 #include "Panes.h"
 #include "Paths.h"
-#include "RowOwner.h"
 #include "StateOwner.h"
 #include "UiIcons.h"
 #include "WaitCursor.h"
@@ -21,9 +20,10 @@
 
 #include <utility>
 
-CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, ToolboxState &sharedToolbox)
+CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, ToolboxState &sharedToolbox,
+                         CountAlpha countAlpha)
     : document(projectDocument), shell(shellHost), toolbox(sharedToolbox), selection(std::in_place, projectDocument),
-      check(std::in_place, projectDocument, nullptr), splitter(new KeyboardSplitter(Qt::Horizontal)),
+      check(std::in_place, projectDocument, countAlpha), splitter(new KeyboardSplitter(Qt::Horizontal)),
       right(new QStackedWidget)
 {
     setWindowIcon(MakeIcon(UiIcon::Project));
@@ -73,11 +73,20 @@ void CChildFrame::MakeContent()
 
 void CChildFrame::CheckWhenIdle()
 {
+    checkPace.setSingleShot(true);
     connect(&checkPace, &QTimer::timeout, this, [this] {
-        if (!check->Step())
-            checkPace.stop();
+        // A command of an IDE may be loading the project while it lets events through.
+        shell.AfterCommand([child = QPointer(this)] {
+            if (child && child->check && child->check->Step())
+                child->checkPace.start(0);
+        });
     });
     checkDue.emplace(check->due, [this] { checkPace.start(0); });
+    check->FollowSettings();
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
+        if (check && state == Qt::ApplicationActive)
+            check->FollowSettings(); // the user may come from an editor
+    });
 }
 
 /// Deletes the views, which must go before the document because they read it.
@@ -167,9 +176,20 @@ void CChildFrame::GoToId()
     const LocatedId *const chosen = shell.Boxes().RunDialog(dialog) ? dialog.Chosen() : nullptr;
     if (!chosen)
         return;
-    selection->SelectFolder(chosen->folder);
+    GoTo(*chosen->folder, *chosen->resource, {});
+}
+
+void CChildFrame::GoTo(CResFolder &folder, const CBaseRes &resource, const RowPart &part)
+{
+    selection->SelectFolder(&folder);
     if (auto *const pane = dynamic_cast<IRowOwner *>(right->currentWidget()))
-        pane->GoTo(*chosen->resource);
+        pane->GoTo(resource, part);
+}
+
+RowPlace CChildFrame::FocusedRow() const
+{
+    const auto *const pane = dynamic_cast<const IRowOwner *>(right->currentWidget());
+    return pane && right->isAncestorOf(QApplication::focusWidget()) ? pane->FocusedRow() : RowPlace();
 }
 
 bool CChildFrame::MayClose()

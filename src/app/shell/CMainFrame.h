@@ -4,6 +4,7 @@
 #include "ChannelTurn.h"
 #include "EditActions.h"
 #include "FrameBars.h"
+#include "FrameFindings.h"
 #include "FrameMenus.h"
 #include "FramePlace.h"
 #include "KeyboardIndicators.h"
@@ -24,12 +25,15 @@ class QSessionManager;
 class CMainFrame : public QMainWindow, public IViewHost, public IActionTarget
 {
 public:
-    CMainFrame(Environment &environment, const ProcessTables &processTables, CDocManager &documentManager);
+    CMainFrame(Environment &environment, ProcessTables &processTables, CDocManager &documentManager);
     ~CMainFrame() override;
 
     /// Restores the positions that the window and the bars had when the program last ended.
     void Restore();
     void BringToTop();
+
+    /// Passed on to the windows of projects (CheckInput::countAlpha). To be set before a project is opened.
+    CountAlpha countAlpha = nullptr;
 
     /// Stops watching files, and everything that depends on it.
     std::function<void()> stopWatching;
@@ -51,6 +55,7 @@ public:
 
     [[nodiscard]] ChannelTurn &Turn() { return turn; }
     [[nodiscard]] FrameBars &Bars() { return bars; }
+    [[nodiscard]] FrameFindings &Findings() { return findings; }
     [[nodiscard]] ProjectNotices &Notices() { return notices; }
     [[nodiscard]] ProjectOpener &Projects() { return projects; }
     [[nodiscard]] const StatusPane &Status() const { return *status; }
@@ -98,7 +103,7 @@ private:
     [[nodiscard]] std::vector<IActionTarget *> Targets() const;
 
     Environment &env;
-    const ProcessTables &tables;
+    ProcessTables &tables;
     CDocManager &documents;
     ChannelTurn turn;
     UserBoxes boxes{*this, turn};
@@ -111,6 +116,7 @@ private:
     ProjectNotices notices{*area};
     ProjectOpener projects;
     StatusPane *status;
+    FrameFindings findings;
     QLabel *zoom; ///< the zoom of the preview in the active project
     KeyboardIndicators indicators;
 };

@@ -13,6 +13,7 @@
 
 class CResDoc;
 class IViewHost;
+class ProjectCheck;
 class StringFinder;
 class StringGrid;
 
@@ -20,7 +21,7 @@ class StringGrid;
 class CStringView : public PaneView, public IActionTarget, public IEditOwner, public IRowOwner, public IStateOwner
 {
 public:
-    CStringView(CResDoc &projectDocument, IViewHost &viewHost);
+    CStringView(CResDoc &projectDocument, IViewHost &viewHost, ProjectCheck &projectCheck);
     ~CStringView() override;
 
     [[nodiscard]] StringTable &Table() { return table; }
@@ -29,7 +30,8 @@ public:
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
     void Run(ActionId id) override;
     [[nodiscard]] bool TakeEdit() override;
-    void GoTo(const CBaseRes &resource) override;
+    void GoTo(const CBaseRes &resource, const RowPart &part) override;
+    [[nodiscard]] RowPlace FocusedRow() const override;
     [[nodiscard]] QList<ProfileEntry> State() const override;
 
 protected:
@@ -54,6 +56,7 @@ private:
 
     CResDoc &document;
     IViewHost &host;
+    ProjectCheck &check;
     StringGridModel model;
     StringTable table;
     StringTransfer transfer;

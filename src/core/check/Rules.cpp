@@ -149,50 +149,58 @@ constexpr Rule RULES[] = {
      nullptr, 0, HeaderStale},
     {"lists-unsaved", Project, Note, "a list of the project isn't in the form that a save writes",
      "The next save changes lines that nobody edited. Save the project once.", nullptr, 0, ListsUnsaved},
+    {"payload-budget", Project, Error, "the resources for a screen are larger than the budget",
+     "A pack for the screen would have more bytes of resources than the key budget of section Check allows. Make the "
+     "largest resources smaller, or raise the budget. If a resource can't be packed, the size isn't known; correct it "
+     "first.",
+     nullptr, 0, PayloadBudget},
     {"file-missing", Files, Error, "the file of a resource doesn't exist",
-     "A pack fails or leaves the resource out. Restore the file or remove the resource.", nullptr, 0, FileMissing},
+     "A pack fails or leaves the resource out. Restore the file or remove the resource.", nullptr, 0, nullptr,
+     FileMissing},
     {"file-empty", Files, Error, "the file of an image is too short",
-     "A pack refuses images of 8 bytes or less. Restore the file.", nullptr, 0, FileEmpty},
+     "A pack refuses images of 8 bytes or less. Restore the file.", nullptr, 0, nullptr, FileEmpty},
     {"file-case", Files, Warning, "the name of a file differs in case",
      "The file is found only because names are compared without regard to case. Correct the name in the list.", nullptr,
-     0, FileCase},
+     0, nullptr, FileCase},
     {"file-outside", Files, Warning, "the file of a resource is outside of the project",
      "An absolute path, or one above the project's folder, doesn't exist on other machines. Move the file into the "
      "project.",
-     nullptr, 0, FileOutside},
+     nullptr, 0, nullptr, FileOutside},
     {"duplicate-file", Files, Note, "several resources have files with the same bytes",
-     "The payload then contains the bytes twice. Use one resource.", nullptr, 0, DuplicateFile},
+     "The payload then contains the bytes twice. Use one resource.", nullptr, 0, nullptr, DuplicateFile},
     {"file-type", Files, Error, "the content of a file isn't what its name says",
-     "The device, and other programs, may go by the name. Rename the file, or convert it.", nullptr, 0, FileType},
+     "The device, and other programs, may go by the name. Rename the file, or convert it.", nullptr, 0, nullptr,
+     FileType},
     {"image-unreadable", Images, Error, "an image can't be read",
      "The file is damaged or cut off, has a form that the converter doesn't know, or isn't a picture. Export the image "
      "again.",
-     nullptr, 0, ImageUnreadable},
+     nullptr, 0, nullptr, ImageUnreadable},
     {"image-format", Images, Error, "an image is in a format that can't be converted",
      "A pack that converts images refuses it. Use BMP, GIF, JPEG or PNG, with names that end in bmp, gif, jpg or png. "
      "An image in the device's own format is right where a pack doesn't convert.",
-     nullptr, 0, ImageFormat},
+     nullptr, 0, nullptr, ImageFormat},
     {"image-too-large", Images, Warning, "an image is larger than its screen",
-     "The image is wider or higher than the screen of its folder. Make it smaller.", nullptr, 0, ImageTooLarge},
+     "The image is wider or higher than the screen of its folder. Make it smaller.", nullptr, 0, nullptr,
+     ImageTooLarge},
     {"image-size-differs", Images, Note, "the sizes of an image aren't in proportion to those of the screens",
      "From one screen to another, the sides of an image should change no less and no more than the sides of the "
      "screens do, with a tolerance of a tenth. Make the image again for the screen that is named.",
-     nullptr, 0, ImageSizeDiffers},
+     nullptr, 0, nullptr, ImageSizeDiffers},
     {"image-same-everywhere", Images, Note, "all screens have the same image",
-     "The files have the same bytes for all screens. Put the image into the folder Default once.", nullptr, 0,
+     "The files have the same bytes for all screens. Put the image into the folder Default once.", nullptr, 0, nullptr,
      ImageSameEverywhere},
     {"image-alpha-few", Images, Warning, "few pixels of an image are transparent",
      "One pixel in a hundred or fewer isn't opaque, or none is more than slightly transparent. Because of them each "
      "pixel has 4 bytes instead of 2. Make the image opaque if it is meant to be.",
-     nullptr, 0, ImageAlphaFew},
+     nullptr, 0, nullptr, ImageAlphaFew},
     {"image-resolution-missing", Images, Error, "some screens lack an image",
      "Some of the screens have the ID and others don't, and neither does the folder Default. The application doesn't "
      "find the image on these screens. Add it.",
-     nullptr, 0, ImageResolutionMissing},
+     nullptr, 0, nullptr, ImageResolutionMissing},
     {"audio-format", Files, Off, "a sound isn't in a form that the device plays",
      "The codec, the rate, the number of channels or the bits of a WAV file aren't in the lists of section Audio, "
      "whose keys are codec, rate, channels and bits: codec=pcm, rate=8000, 16000. A missing key allows anything.",
-     nullptr, 0, AudioFormat},
+     nullptr, 0, nullptr, AudioFormat},
     {"list-line", Files, Warning, "a line of a list of further files can't be packed",
      "In the lists of previews and of version 1.0: the file is missing, the line is longer than 255 bytes, a name "
      "occurs twice or is reserved.",
@@ -248,10 +256,15 @@ size_t IndexOf(const Rule &rule)
     return size_t(&rule - RULES);
 }
 
+QString NameOfLevel(RuleLevel level)
+{
+    static constexpr const char *WORDS[] = {"off", "note", "warning", "error"}; // in the order of RuleLevel
+    return QString::fromLatin1(WORDS[int(level)]);
+}
+
 QString ExplanationOf(const Rule &rule)
 {
-    static constexpr const char *LEVELS[] = {"off", "note", "warning", "error"}; // in the order of RuleLevel
     return QStringLiteral("%1 (%2): %3\n    %4\n")
-        .arg(QString::fromLatin1(rule.id), QString::fromLatin1(LEVELS[int(rule.level)]),
-             QString::fromUtf8(rule.summary), QString::fromUtf8(rule.explanation));
+        .arg(QString::fromLatin1(rule.id), NameOfLevel(rule.level), QString::fromUtf8(rule.summary),
+             QString::fromUtf8(rule.explanation));
 }

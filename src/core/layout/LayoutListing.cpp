@@ -111,6 +111,8 @@ QByteArray LayoutsJson(const Environment &env, const std::vector<ListedLayout> &
     QByteArray text;
     JsonWriter json(text);
     json.BeginObject();
+    json.Key("version");
+    json.Number(1);
     json.Key(QStringLiteral("layouts"));
     json.BeginArray();
     for (const ListedLayout &listed : layouts) {

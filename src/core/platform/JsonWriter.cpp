@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "JsonWriter.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-
 void JsonWriter::Key(QStringView key)
 {
     Next();
@@ -55,7 +52,32 @@ void JsonWriter::Next()
 
 void JsonWriter::AppendString(QStringView value)
 {
-    // The text is quoted as the only entry of a list, which is "[", the quoted text and "]".
-    const QByteArray list = QJsonDocument(QJsonArray{value.toString()}).toJson(QJsonDocument::Compact);
-    text += QByteArrayView(list).sliced(1, list.size() - 2);
+    text += '"';
+    qsizetype start = 0; // of what is written as it is
+    for (qsizetype i = 0; i < value.size(); ++i) {
+        const QChar c = value[i];
+        if (c.isHighSurrogate() && i + 1 < value.size() && value[i + 1].isLowSurrogate()) {
+            ++i;
+            continue;
+        }
+        if (c >= u' ' && c != u'"' && c != u'\\' && !c.isSurrogate())
+            continue;
+        text += value.sliced(start, i - start).toUtf8();
+        AppendEscape(c.unicode());
+        start = i + 1;
+    }
+    text += value.sliced(start).toUtf8();
+    text += '"';
+}
+
+void JsonWriter::AppendEscape(char16_t unit)
+{
+    static constexpr QByteArrayView UNITS = "\"\\\b\f\n\r\t";
+    static constexpr char LETTERS[] = "\"\\bfnrt";
+    const qsizetype known = unit < 0x80 ? UNITS.indexOf(char(unit)) : -1;
+    text += '\\';
+    if (known >= 0)
+        text += LETTERS[known];
+    else
+        text += 'u' + QByteArray::number(unit, 16).rightJustified(4, '0');
 }

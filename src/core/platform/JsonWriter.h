@@ -4,7 +4,8 @@
 #include <QByteArray>
 #include <QString>
 
-/// Writes JSON with four blanks for each level, the keys of an object in the order of the calls. Adds the commas.
+/// Writes JSON with four blanks for each level, the keys of an object in the order of the calls. Adds the commas. Half
+/// of a surrogate pair in a text is written as an escape sequence.
 ///
 ///     JsonWriter json(bytes);
 ///     json.BeginObject();
@@ -33,6 +34,7 @@ private:
     /// Writes what comes between two values, or before the first.
     void Next();
     void AppendString(QStringView value);
+    void AppendEscape(char16_t unit);
 
     QByteArray &text;
     int depth = 0;

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#include "PseudoTranslation.h"
+
+#include "CResDoc.h"
+#include "Paths.h"
+#include "Placeholders.h"
+#include "PseudoText.h"
+#include "TextContext.h"
+#include "TextDirection.h"
+
+#include <algorithm>
+
+QString TranslateToPseudo(CResDoc &document, const QString &language)
+{
+    std::vector<Finding> findings;
+    CheckSettings settings = ReadCheckSettings(DirectoryOf(document.PathName()), findings);
+    settings.fonts.clear(); // opening them would take time, and a missing one doesn't matter
+    const TextContext context(document, settings);
+    if (!context.Faults().empty())
+        return settings.file + QStringLiteral(": ") + context.Faults().front().text;
+    const std::vector<CheckedLanguage> &languages = context.Languages();
+    const auto wanted = std::find_if(languages.begin(), languages.end(), [&](const CheckedLanguage &each) {
+        return each.name == language || QString::number(each.number) == language ||
+               (!each.code.isEmpty() && each.code.compare(language, Qt::CaseInsensitive) == 0);
+    });
+    if (wanted == languages.end())
+        return QStringLiteral("the project has no language \"%1\"").arg(language);
+    const bool isRightToLeft = DirectionOfLanguage(wanted->name) == Qt::RightToLeft;
+    RowTexts texts(context);
+    const CResFolder *const rows = document.root.FindFolder(KIND_STRINGS, 2)->subfolders.front().get();
+    for (CBaseRes *res : rows->resources) {
+        auto *const head = static_cast<CStringRes *>(res);
+        CStringRes *const record = head->FindLanguage(wanted->number);
+        if (!record)
+            continue;
+        texts.Take(*head);
+        const QStringView source = texts[context.Source()];
+        record->text = PseudoText(source, PlaceholderKindsOf(source, settings.placeholders), isRightToLeft);
+    }
+    return {};
+}
