@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Locale.h"
 #include "TranslationFormats.h"
+#include "Utf8.h"
 
 #include <QByteArrayList>
 
@@ -245,14 +246,14 @@ private:
         if (!hasBegun)
             sink.Begin({}, start);
         hasBegun = true;
-        message.id = QString::fromUtf8(context);
+        message.id = FromUtf8(context);
         if (isPlural)
             return sink.Fault(start, message.id, u"plural forms can't be imported, since the string table has none"_s);
         if (context.isEmpty())
             return sink.Fault(start, {}, u"a message has no msgctxt, which must have the ID"_s);
-        message.source = QString::fromUtf8(source);
-        message.target = QString::fromUtf8(target);
-        message.note = QString::fromUtf8(note);
+        message.source = FromUtf8(source);
+        message.target = FromUtf8(target);
+        message.note = FromUtf8(note);
         message.isUnfinished = isFuzzy;
         message.line = start;
         sink.Take(message);

@@ -4,6 +4,8 @@
 
 #include <QDateTime>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -61,7 +63,8 @@ public:
         if (text.width > 0)
             PutComment("#. max-width: ", QByteArray::number(text.width));
         const QByteArray id = text.id.toUtf8();
-        if (!id.contains(' '))
+        const bool isWord = std::none_of(id.begin(), id.end(), [](char c) { return quint8(c) <= ' '; });
+        if (isWord)
             PutComment("#: ", original + ':' + id);
         if (text.isFormat)
             bytes += "#, c-format\n";
@@ -111,7 +114,7 @@ void WritePo(ITranslationSource &source, QByteArray &bytes)
     PoWriter writer(bytes);
     const TranslationHead head = source.Head();
     writer.PutHead(head);
-    const QByteArray original = head.original.toUtf8();
+    const QByteArray original = head.original.toUtf8().simplified();
     while (const TranslationText *text = source.Next())
         writer.PutText(*text, original);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ExpatParser.h"
 #include "TranslationFormats.h"
+#include "Utf8.h"
 
 #include <algorithm>
 #include <string_view>
@@ -205,14 +206,14 @@ private:
             pluralDepth -= pluralDepth > 0 ? 1 : 0;
             break;
         case Place::Source:
-            text.source = QString::fromUtf8(gathered);
+            text.source = FromUtf8(gathered);
             break;
         case Place::Target:
-            text.target = QString::fromUtf8(gathered);
+            text.target = FromUtf8(gathered);
             break;
         case Place::Note:
             if (text.note.isEmpty() || (isFromDeveloper && !hasNote))
-                text.note = QString::fromUtf8(gathered);
+                text.note = FromUtf8(gathered);
             hasNote = hasNote || isFromDeveloper;
             isFromDeveloper = false;
             break;
@@ -231,7 +232,7 @@ private:
 
     void EndUnit()
     {
-        text.id = QString::fromUtf8(!resname.isEmpty() ? resname : !context.isEmpty() ? context : id);
+        text.id = FromUtf8(!resname.isEmpty() ? resname : !context.isEmpty() ? context : id);
         if (pluralDepth > 0)
             wrong = u"plural forms can't be imported, since the string table has none"_s;
         if (wrong.isEmpty() && text.id.isEmpty())
