@@ -88,11 +88,17 @@ function(add_program_folder folder)
     add_custom_target(program_folder ALL DEPENDS ${copies})
 endfunction()
 
-# Makes a program load the workbook formats only when it reads or writes a workbook.
+# Makes a program load the decoders of pictures only when the check needs them.
+function(morvanite_loads_pictures target)
+    target_sources(${target} PRIVATE ${CMAKE_SOURCE_DIR}/src/cli/LazyPictures.cpp ${CMAKE_SOURCE_DIR}/src/cli/Module.cpp)
+    add_dependencies(${target} morvanite-pictures)
+endfunction()
+
+# Makes a program load the workbook formats, and the reader of XLIFF, only when it needs them.
 function(morvanite_loads_workbooks target)
     target_sources(${target} PRIVATE ${CMAKE_SOURCE_DIR}/src/cli/LazyWorkbook.cpp ${CMAKE_SOURCE_DIR}/src/cli/Module.cpp)
     # As needed: libraries that only the formats use are left to the library of the formats.
     target_link_options(${target} PRIVATE -Wl,--as-needed)
-    morvanite_uses(${target} workbook)
+    morvanite_uses(${target} translation workbook)
     add_dependencies(${target} morvanite-workbook)
 endfunction()

@@ -90,6 +90,9 @@ configure_package_config_file(cmake/MorvaniteConfig.cmake.in package/MorvaniteCo
     NO_SET_AND_CHECK_MACRO NO_CHECK_REQUIRED_COMPONENTS_MACRO)
 # Independent of the processor: a firmware's word size isn't that of the programs.
 write_basic_package_version_file(package/MorvaniteConfigVersion.cmake COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
+# The package for who uses the programs of this build by the search path.
+configure_file(cmake/BuildTreeConfig.cmake.in lib/cmake/Morvanite/MorvaniteConfig.cmake @ONLY)
+configure_file(${CMAKE_BINARY_DIR}/package/MorvaniteConfigVersion.cmake lib/cmake/Morvanite/MorvaniteConfigVersion.cmake COPYONLY)
 install(FILES ${CMAKE_BINARY_DIR}/package/MorvaniteConfig.cmake ${CMAKE_BINARY_DIR}/package/MorvaniteConfigVersion.cmake
     cmake/Morvanite.cmake cmake/MorvaniteCheck.cmake cmake/MorvanitePackage.cmake cmake/MorvaniteRun.cmake
     DESTINATION ${MORVANITE_INSTALL_PACKAGE} COMPONENT device)

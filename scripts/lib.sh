@@ -19,7 +19,8 @@ TEST_PACKAGES="libgtest-dev libgmock-dev librapidcheck-dev python3 llvm-14 elfut
 PACKAGE_PACKAGES="debhelper dpkg-dev pandoc python3"
 # What the stricter checks need in addition to the tests.
 CHECK_PACKAGES="clang-14 libclang-rt-14-dev clang-format clang-tidy libbenchmark-dev binutils-arm-none-eabi gettext
-    imagemagick qt6-base-dev-tools desktop-file-utils appstream codespell python3-jsonschema lintian $PACKAGE_PACKAGES"
+    imagemagick qt6-base-dev-tools desktop-file-utils appstream codespell python3-jsonschema translate-toolkit
+    lintian $PACKAGE_PACKAGES"
 
 # Installs those of the given Debian packages that are missing; silent and offline if none is.
 need_packages() {

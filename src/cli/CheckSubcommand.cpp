@@ -131,10 +131,13 @@ private:
             result.findings =
                 CheckProject({*document, settings, texts, loaded, screens.empty() ? settings.target : screens,
                               headerPath, CountAlphaOfPicture});
+            if (IsPictureModuleMissing())
+                Complain(u"libmorvanite-pictures.so, which must be beside the program, can't be loaded, so "
+                         "\"image-alpha-few\" finds nothing"_s);
         } else {
             result.findings = CheckUnopened(session.env, session.tables, path, settings, loaded, explained);
         }
-        AddFindings(result, settings, std::move(ofSettings));
+        AddFindings(result, settings, ofSettings);
         return ApplyBaseline(result, settings);
     }
 
@@ -145,13 +148,10 @@ private:
         return level == RuleLevel::Off ? RuleLevel::Note : level;
     }
 
-    static void AddFindings(CheckResult &result, const CheckSettings &settings, std::vector<Finding> findings)
+    static void AddFindings(CheckResult &result, const CheckSettings &settings, const std::vector<Finding> &findings)
     {
         RuleReport report(settings, [&](Finding &&finding) { result.findings.push_back(std::move(finding)); });
-        for (Finding &finding : findings) {
-            report.Begin(*FindRule(QString::fromLatin1(finding.code)));
-            report.Add(std::move(finding));
-        }
+        report.AddFound(findings);
     }
 
     [[nodiscard]] bool ApplyBaseline(CheckResult &result, const CheckSettings &settings) const
@@ -167,7 +167,7 @@ private:
         Baseline accepted;
         accepted.Parse(bytes, baselinePath, ofBaseline);
         accepted.Apply(result.findings, result.known, result.ProjectFolder());
-        AddFindings(result, settings, std::move(ofBaseline));
+        AddFindings(result, settings, ofBaseline);
         result.hasBaseline = true;
         return true;
     }

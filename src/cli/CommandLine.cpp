@@ -23,8 +23,10 @@ const char *KindOf(const std::string &placeholder)
         const char *placeholder;
         const char *kind;
     } KINDS[] = {
-        {"", "none"},          {"PROJECT", "project"},  {"FILE", "file"}, {"DIR", "folder"},
-        {"WxH", "resolution"}, {"ENTRY", "kept-entry"}, {"RULE", "rule"}, {"LANGUAGE", "language"},
+        {"", "none"},          {"PROJECT", "project"},  {"FILE", "file"},   {"DIR", "folder"},
+        {"WxH", "resolution"}, {"ENTRY", "kept-entry"}, {"RULE", "rule"},   {"LANGUAGE", "language"},
+        {"BASE", "file"},      {"OURS", "file"},        {"THEIRS", "file"}, {"COMMAND", "command"},
+        {"FILE_B", "file"},
     };
     const auto *const known = std::find_if(std::begin(KINDS), std::end(KINDS),
                                            [&](const auto &one) { return placeholder == one.placeholder; });
@@ -37,6 +39,14 @@ std::vector<std::string> ChoicesOf(const std::string &placeholder)
 {
     return placeholder.find('|') != std::string::npos ? CLI::detail::split(placeholder, '|')
                                                       : std::vector<std::string>();
+}
+
+std::string Alternatives(const std::vector<std::string> &words)
+{
+    std::string sentence;
+    for (size_t i = 0; i < words.size(); ++i)
+        sentence += (i == 0 ? "" : i + 1 == words.size() ? " or " : ", ") + words[i];
+    return sentence;
 }
 
 std::vector<std::string> NamesOf(const CLI::Option &option)

@@ -12,11 +12,14 @@ namespace CommandLine
 [[nodiscard]] std::string PlaceholderOf(const CLI::Option &option);
 
 /// The kind of value that a placeholder is for: "project", "file", "folder", "resolution", "kept-entry", "rule",
-/// "language", "choice", "text"; "none" for an empty placeholder.
+/// "language", "command", "choice", "text"; "none" for an empty placeholder.
 [[nodiscard]] const char *KindOf(const std::string &placeholder);
 
 /// The values of a placeholder such as "axf|dll"; empty if it isn't a choice.
 [[nodiscard]] std::vector<std::string> ChoicesOf(const std::string &placeholder);
+
+/// Returns words as a sentence has them: "a", "a or b", "a, b or c".
+[[nodiscard]] std::string Alternatives(const std::vector<std::string> &words);
 
 /// The names of an option with their dashes, the long ones first.
 [[nodiscard]] std::vector<std::string> NamesOf(const CLI::Option &option);

@@ -7,8 +7,6 @@
 #include "Rules.h"
 #include "Session.h"
 
-#include <algorithm>
-
 namespace
 {
 
@@ -82,93 +80,23 @@ std::string CommandLineCompletion::Candidates(std::vector<std::string> words)
     const std::string current = words.empty() ? std::string() : words.back();
     if (!words.empty())
         words.pop_back();
-    arguments = CommandLine::ArgumentsOf(*app);
     for (const std::string &word : words)
-        Take(word);
-    const bool isOption = !hasOptionsEnded && BeginsWith(current, "-");
+        walk.Take(word);
+    const bool isOption = !walk.HasOptionsEnded() && BeginsWith(current, "-");
     if (isOption && current.find('=') != std::string::npos) {
-        const CLI::Option *const option = FindOption(current.substr(0, current.find('=')));
+        const CLI::Option *const option = walk.FindOption(current.substr(0, current.find('=')));
         return option ? ListValues(*option) : WORDS;
     }
     if (isOption)
         return ListOptions();
-    return awaiting ? ListValues(*awaiting) : ListArguments();
-}
-
-void CommandLineCompletion::Take(const std::string &word)
-{
-    if (awaiting && !(awaiting->get_items_expected_max() > 1 && BeginsWith(word, "-"))) {
-        values[awaiting->get_single_name()] = word;
-        if (awaiting->get_items_expected_max() <= 1)
-            awaiting = nullptr;
-    } else if (!hasOptionsEnded && word == "--") {
-        hasOptionsEnded = true;
-        awaiting = nullptr;
-    } else if (!hasOptionsEnded && BeginsWith(word, "-")) {
-        TakeOption(word);
-    } else if (const CLI::App *const command = FindCommand(word)) {
-        app = command;
-        arguments = CommandLine::ArgumentsOf(*app);
-    } else if (!arguments.empty()) {
-        values[arguments.front()->get_single_name()] = word;
-        if (arguments.front()->get_items_expected_max() <= 1)
-            arguments.erase(arguments.begin());
-    }
-}
-
-void CommandLineCompletion::TakeOption(const std::string &word)
-{
-    awaiting = nullptr;
-    const size_t equals = word.find('=');
-    const CLI::Option *const option = FindOption(word.substr(0, equals));
-    if (!option)
-        return;
-    given.insert(option);
-    if (equals != std::string::npos)
-        values[option->get_single_name()] = word.substr(equals + 1);
-    else if (!CommandLine::PlaceholderOf(*option).empty())
-        awaiting = option;
-}
-
-const CLI::App *CommandLineCompletion::FindCommand(const std::string &name) const
-{
-    const std::vector<const CLI::App *> commands = CommandLine::CommandsOf(*app);
-    const auto found = std::find_if(commands.begin(), commands.end(),
-                                    [&](const CLI::App *command) { return command->get_name() == name; });
-    return found == commands.end() ? nullptr : *found;
-}
-
-const CLI::Option *CommandLineCompletion::FindOption(const std::string &name) const
-{
-    for (const CLI::Option *option : AllOptions()) {
-        const std::vector<std::string> names = CommandLine::NamesOf(*option);
-        if (std::find(names.begin(), names.end(), name) != names.end())
-            return option;
-    }
-    return nullptr;
-}
-
-/// The options that the command takes: its own, and those of the program.
-std::vector<const CLI::Option *> CommandLineCompletion::AllOptions() const
-{
-    std::vector<const CLI::Option *> options = CommandLine::OptionsOf(*app);
-    if (app != &root) {
-        for (const CLI::Option *option : CommandLine::OptionsOf(root)) {
-            if (CommandLine::IsForAllCommands(*option))
-                options.push_back(option);
-        }
-    }
-    return options;
+    return walk.Awaiting() ? ListValues(*walk.Awaiting()) : ListArguments();
 }
 
 std::string CommandLineCompletion::ListOptions() const
 {
     std::string lines = WORDS;
-    for (const CLI::Option *option : AllOptions()) {
-        const bool isExcluded = std::any_of(given.begin(), given.end(), [&](const CLI::Option *other) {
-            return option->get_excludes().count(const_cast<CLI::Option *>(other)) > 0;
-        });
-        if (isExcluded || (given.count(option) > 0 && option->get_items_expected_max() <= 1))
+    for (const CLI::Option *option : walk.AllOptions()) {
+        if (walk.IsExcluded(*option) || (walk.IsGiven(*option) && option->get_items_expected_max() <= 1))
             continue;
         for (const std::string &name : CommandLine::NamesOf(*option))
             lines += Line(name, option->get_description());
@@ -178,13 +106,25 @@ std::string CommandLineCompletion::ListOptions() const
 
 std::string CommandLineCompletion::ListArguments() const
 {
-    const std::vector<const CLI::App *> commands = CommandLine::CommandsOf(*app);
-    if (commands.empty() && !arguments.empty())
-        return ListValues(*arguments.front());
+    const std::vector<const CLI::App *> commands = CommandLine::CommandsOf(walk.Command());
+    if (commands.empty() && !walk.Arguments().empty())
+        return ListValues(*walk.Arguments().front());
     if (commands.empty())
-        return hasOptionsEnded ? WORDS : ListOptions();
+        return walk.HasOptionsEnded() ? WORDS : ListOptions();
+    return ListCommands();
+}
+
+/// Lists the commands within the command so far; those of the program if it has none.
+std::string CommandLineCompletion::ListCommands() const
+{
+    const auto named = walk.Values().find("COMMAND"); // of `help`
+    const CLI::App *app = CommandLine::CommandsOf(walk.Command()).empty() ? &walk.Program() : &walk.Command();
+    for (const CLI::App *command : CommandLine::CommandsOf(walk.Program())) {
+        if (named != walk.Values().end() && command->get_name() == named->second)
+            app = command;
+    }
     std::string lines = WORDS;
-    for (const CLI::App *command : commands)
+    for (const CLI::App *command : CommandLine::CommandsOf(*app))
         lines += Line(command->get_name(), command->get_description());
     return lines;
 }
@@ -199,16 +139,18 @@ std::string CommandLineCompletion::ListValues(const CLI::Option &option) const
         return "files\n";
     if (kind == "folder")
         return "folders\n";
+    if (kind == "command")
+        return ListCommands();
     std::string lines = WORDS;
     for (const std::string &choice : CommandLine::ChoicesOf(placeholder))
         lines += Line(choice, {});
     for (const auto &source : SOURCES) {
         if (kind != source.kind)
             continue;
-        const auto settings = values.find("settings");
-        const std::string folder = settings == values.end() ? std::string() : settings->second;
+        const auto settings = walk.Values().find("settings");
+        const std::string folder = settings == walk.Values().end() ? std::string() : settings->second;
         Session session(QString(), AbsolutePath(folder));
-        lines += source.list(session, values);
+        lines += source.list(session, walk.Values());
     }
     return lines;
 }

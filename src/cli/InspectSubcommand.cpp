@@ -34,27 +34,34 @@ public:
         CLI::Option *extract =
             subcommand->add_option("--extract", folder, "Write each entry, item and language to its own file in DIR")
                 ->type_name("DIR");
-        CLI::Option *ids =
-            subcommand->add_option("--ids", idFile, "Show the names of IDs, from a generated header or a .vcproj file")
-                ->type_name("FILE");
+        subcommand->add_option("--ids", idFile, "Show the names of IDs, from a generated header or a .vcproj file")
+            ->type_name("FILE");
         CLI::Option *sizeFlag =
             subcommand->add_flag("--size", size, "List the parts of the payload by size, with their shares");
         subcommand
             ->add_option("--only", only, "Only this item (by number or name), entry (by name) or language (language:N)")
             ->type_name("PART");
         CLI::Option *diffFlag = subcommand->add_flag(
-            "--diff", diff, "List what differs between FILE and FILE_B; exit with 1 if anything does");
+            "--diff", diff,
+            "List what differs between FILE and FILE_B; exit with 1 if anything does, otherwise with 0");
         subcommand->add_option("--ids-b", idFileB, "The same as --ids for FILE_B, if its IDs have other numbers")
             ->type_name("FILE")
-            ->needs(ids)
             ->needs(diffFlag);
-        diffFlag->needs(other)->excludes(extract)->excludes(sizeFlag);
+        diffFlag->excludes(extract)->excludes(sizeFlag);
         other->needs(diffFlag);
         return subcommand;
     }
 
     int Run(Session &session) override
     {
+        if (diff && fileB.empty()) {
+            Complain(QStringLiteral("--diff needs two files, FILE and FILE_B"));
+            return EXIT_WRONG_USE;
+        }
+        if (idFile.empty() && !idFileB.empty()) {
+            Complain(QStringLiteral("--ids-b needs --ids, the names of the IDs of FILE"));
+            return EXIT_WRONG_USE;
+        }
         // Made absolute before a project is opened, which changes the current folder.
         const QString path = AbsolutePath(file);
         const QString pathB = AbsolutePath(fileB);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// ReadWorkbook and WriteWorkbook for a program: they load libmorvanite-workbook.so, which has the real functions. The
-// libraries of the formats would cost the window's start, and every other command, some megabytes and milliseconds.
+// ReadWorkbook, WriteWorkbook and ReadXliff for a program: they load libmorvanite-workbook.so, which has the real
+// functions. The libraries of the formats would cost the window's start, and every other command, some megabytes and
+// milliseconds.
 
 #include "Module.h"
 #include "WorkbookModule.h"
@@ -15,10 +16,14 @@ const WorkbookFunctions *Functions()
     return functions;
 }
 
+QString WhyMissing()
+{
+    return QStringLiteral("libmorvanite-workbook.so, which must be beside the program, can't be loaded");
+}
+
 WorkbookResult Missing()
 {
-    return {WorkbookFault::NoWorkbook,
-            QStringLiteral("libmorvanite-workbook.so, which must be beside the program, can't be loaded")};
+    return {WorkbookFault::NoWorkbook, WhyMissing()};
 }
 
 } // namespace
@@ -31,4 +36,12 @@ WorkbookResult ReadWorkbook(const QString &path, Sheet &sheet)
 WorkbookResult WriteWorkbook(const QString &path, ISheetSource &source)
 {
     return Functions() ? Functions()->write(path, source) : Missing();
+}
+
+void ReadXliff(const QByteArray &file, ITranslationSink &sink)
+{
+    if (Functions())
+        Functions()->readXliff(file, sink);
+    else
+        sink.Fault(0, {}, WhyMissing());
 }

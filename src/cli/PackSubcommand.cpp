@@ -55,6 +55,7 @@ public:
                              "the project isn't changed")
                 ->type_name("LANGUAGE");
         CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
+        AddQuiet(*subcommand, quiet);
         for (CLI::Option *option : {depfileOption, strictOption, tempOption, headersOption, pseudoOption})
             remoteOption->excludes(option);
         return subcommand;
@@ -72,6 +73,7 @@ public:
         request.targetKind = QString::fromStdString(target);
         request.imageConvert = convertImages;
         request.version = version;
+        session.report.hasOnlyProblems = quiet;
         if (remote)
             return RunRemotely(session, request);
         if (strict && HasInterruptedSave(session.env, request.projectPath))
@@ -165,6 +167,7 @@ private:
     int convertImages = 0;
     int version = 0;
     bool remote = false;
+    bool quiet = false;
     bool strict = false;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PictureModule.h"
 
+#include "PngAlpha.h"
 #include "Readers.h"
 
 #include <algorithm>
@@ -8,25 +9,48 @@
 namespace
 {
 
+/// Adds pixels to a count: the alpha of each is one of `step` bytes.
+void Add(const std::uint8_t *alphas, size_t pixels, size_t step, PictureAlpha &alpha)
+{
+    std::uint32_t transparent = 0;
+    std::uint8_t lowest = 255;
+    for (size_t i = 0; i < pixels; ++i) {
+        transparent += alphas[i * step] != 255;
+        lowest = std::min(lowest, alphas[i * step]);
+    }
+    alpha.transparent += transparent;
+    alpha.lowest = std::min(alpha.lowest, int(lowest));
+}
+
+/// Counts the alpha of a PNG, in the form that most have, without decoding the colours. Returns false if it has another
+/// form or is damaged.
+bool CountPngAlpha(Bytes file, PictureAlpha &alpha)
+{
+    PngAlpha rows;
+    if (!rows.Open(file))
+        return false;
+    alpha.pixels = quint64(rows.Width()) * rows.Height();
+    while (alpha.CanBeFew() && rows.Next())
+        Add(rows.Row().data(), rows.Width(), 1, alpha);
+    return !rows.HasFailed();
+}
+
 bool CountAlphaOf(const QByteArray &bytes, PictureAlpha &alpha)
 {
+    const Bytes file(reinterpret_cast<const std::uint8_t *>(bytes.constData()), size_t(bytes.size()));
+    alpha = {};
+    if (CountPngAlpha(file, alpha))
+        return true;
     Picture picture(DeviceFormat::maxPixels);
-    if (ReadPicture({reinterpret_cast<const std::uint8_t *>(bytes.constData()), size_t(bytes.size())}, picture)
-            .HasFailed())
+    if (ReadPicture(file, picture).HasFailed())
         return false;
     picture.Finish();
     alpha = {};
     alpha.pixels = quint64(picture.Width()) * picture.Height();
     const Bytes device = picture.DeviceBytes();
     constexpr size_t PIXEL_FORMAT = 5; // the offset of the field
-    if (device[PIXEL_FORMAT] != std::uint8_t(DeviceFormat::PixelFormat::Argb8888))
-        return true;
-    std::uint8_t lowest = 255;
-    for (size_t at = DeviceFormat::headerSize + 3; at < device.size(); at += 4) {
-        alpha.transparent += device[at] != 255;
-        lowest = std::min(lowest, device[at]);
-    }
-    alpha.lowest = lowest;
+    if (device[PIXEL_FORMAT] == std::uint8_t(DeviceFormat::PixelFormat::Argb8888))
+        Add(device.data() + DeviceFormat::headerSize + 3, alpha.pixels, 4, alpha);
     return true;
 }
 

@@ -15,14 +15,18 @@
 namespace
 {
 
-const QString COMPLAINT_START = QStringLiteral("morvanite-cli: ");
+bool isMerge = false; // the command is `merge`
 
 } // namespace
 
-void Complain(const QString &text)
+void SetMergeStatus()
 {
-    const QByteArray line = (COMPLAINT_START + text).toUtf8() + '\n';
-    (void)!write(STDERR_FILENO, line.constData(), size_t(line.size()));
+    isMerge = true;
+}
+
+int FinalStatus(int status)
+{
+    return isMerge ? int(EXIT_NOT_MERGED) : status;
 }
 
 QString AbsolutePath(const std::string &typed)
@@ -34,7 +38,7 @@ QString AbsolutePath(const std::string &typed)
         return CanonicalPath(path);
     if (const QString why = WhyNotUsable(CurrentFolderBytes()); !why.isEmpty()) {
         Complain(why);
-        _exit(EXIT_WRONG_USE);
+        _exit(FinalStatus(EXIT_WRONG_USE));
     }
     return CanonicalPath(CurrentFolder() + u'/' + path);
 }
@@ -48,7 +52,7 @@ Session::Session(const QString &debugLogName, const QString &configFolder)
     if (env.codePageUnknown) {
         Complain(QStringLiteral("Morvanite.ini: there is no code page \"%1\" (section Text, key code_page)")
                      .arg(env.settings.String("Text", "code_page")));
-        _exit(EXIT_FAILED); // with another code page, a save would destroy the project's texts
+        _exit(FinalStatus(EXIT_FAILED)); // with another code page, a save would destroy the project's texts
     }
     services.GetCommandID = [this](const QString &path) { return handler.GetCommandID(&path); };
     services.Notify = [this](const CResDoc &, const QString &text) { env.Explain(text); };
@@ -67,7 +71,7 @@ void Session::OpenDebugLog(const QString &name)
         debugLog = FileHandle(open(name.toUtf8().constData(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666));
     if (!isErrors && !debugLog.IsOpen()) {
         Complain(QStringLiteral("cannot open the debug log %1: %2").arg(name, QString::fromLocal8Bit(strerror(errno))));
-        _exit(EXIT_WRONG_USE);
+        _exit(FinalStatus(EXIT_WRONG_USE));
     }
     env.trace = [this, isErrors](QStringView text) {
         QByteArray line = text.toUtf8();
@@ -99,17 +103,17 @@ bool Session::LockProject(const QString &project)
 CResDoc *Session::OpenQuietly(const QString &project)
 {
     QString lines;
-    QString explained;
+    QStringList explained;
     const auto idleOutput = std::exchange(handler.idleOutput, [&](QStringView text) { lines += text; });
-    const auto explain =
-        std::exchange(env.explain, [&](const QString &text) { explained += COMPLAINT_START + text + u'\n'; });
+    const auto explain = std::exchange(env.explain, [&](const QString &text) { explained += text; });
     CDocument *document = documents.OpenDocumentFile(project);
     env.explain = explain;
     handler.idleOutput = idleOutput;
     const bool hasFailed = StatusAfter(EXIT_FINE) != EXIT_FINE;
     if (!document || hasFailed || env.ErrorCount + env.WarningCount > 0)
         StandardOutput(STDERR_FILENO).Write(lines);
-    StandardOutput(STDERR_FILENO).Write(explained);
+    for (const QString &text : explained)
+        Complain(text);
     if (!document)
         Complain(project + QStringLiteral(": the project can't be opened"));
     return static_cast<CResDoc *>(document);

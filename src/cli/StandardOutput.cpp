@@ -3,6 +3,8 @@
 
 #include "Session.h"
 
+#include <QRegularExpression>
+
 #include <cerrno>
 #include <cstring>
 #include <ctime>
@@ -19,6 +21,15 @@ qint64 Now()
     timespec now;
     clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
     return qint64(now.tv_sec) * 1000 + now.tv_nsec / 1'000'000;
+}
+
+/// Returns whether a line of a report is about an error or a warning: "Error 3: ...", "Warning: 5 more ...",
+/// "### error 110 ###", and the lines of the pack's phases.
+bool IsProblem(QByteArrayView line)
+{
+    static const QRegularExpression PROBLEM(
+        QStringLiteral("\\b(Error|Warning)( \\d+)?:|### error |\\[(warning|error)\\]|not exist, ignore"));
+    return PROBLEM.match(QString::fromUtf8(line)).hasMatch();
 }
 
 } // namespace
@@ -40,6 +51,20 @@ void StandardOutput::Write(QStringView text)
 }
 
 void StandardOutput::WriteBytes(QByteArrayView bytes)
+{
+    if (!hasOnlyProblems)
+        return Hold(bytes);
+    begun.append(bytes);
+    qsizetype from = 0;
+    for (qsizetype end; (end = begun.indexOf('\n', from)) >= 0; from = end + 1) {
+        const QByteArrayView line = QByteArrayView(begun).sliced(from, end + 1 - from);
+        if (IsProblem(line))
+            Hold(line);
+    }
+    begun.remove(0, from);
+}
+
+void StandardOutput::Hold(QByteArrayView bytes)
 {
     if (broken)
         return;

@@ -16,13 +16,19 @@ public:
     void WriteBytes(QByteArrayView bytes);
     void Flush() override;
     void Close() override;
+    /// Whether lines of a report that are neither an error nor a warning are left out.
+    bool hasOnlyProblems = false;
+
     /// True if some of the text couldn't be written.
     [[nodiscard]] bool IsBroken() const { return broken; }
 
 private:
+    void Hold(QByteArrayView bytes);
+
     int fd;
     bool open = false;
     bool broken = false;
     QByteArray held;
+    QByteArray begun;     // the last line as far as it is known, while only problems are wanted
     qint64 heldSince = 0; // milliseconds of a steady clock
 };

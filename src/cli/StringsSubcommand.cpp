@@ -3,11 +3,13 @@
 #include "JsonWriter.h"
 #include "LanguageTable.h"
 #include "OpeningReport.h"
+#include "PrintStringFile.h"
 #include "ProjectSave.h"
 #include "Session.h"
-#include "SpreadsheetImport.h"
 #include "StringStats.h"
-#include "Subcommands.h"
+#include "StringsExport.h"
+#include "StringsImport.h"
+#include "StringsSubcommands.h"
 
 #include <map>
 #include <optional>
@@ -16,54 +18,22 @@
 namespace
 {
 
-/// Escapes a text to fit on one line and in one field.
-QString OnOneLine(QString text)
-{
-    return text.replace(u'\\', QStringLiteral("\\\\"))
-        .replace(u'\t', QStringLiteral("\\t"))
-        .replace(u'\n', QStringLiteral("\\n"))
-        .replace(u'\r', QStringLiteral("\\r"));
-}
-
-/// Prints what would happen to each text of the sheet.
-class FateList : public IImportWatch
-{
-public:
-    explicit FateList(StandardOutput &output) : out(output) {}
-
-    void RowPlanned(const ImportPlan &plan, size_t index) override
-    {
-        static constexpr const char *WORDS[] = {"filled", "new", "same", "kept", "replaced", "nowhere", "refused"};
-        for (const ImportPlan::Cell &cell : plan.Cells(index)) {
-            QString line = QString::fromLatin1(WORDS[int(cell.fate)]) + u'\t' + CellName(cell.column, cell.row + 1) +
-                           u'\t' + OnOneLine(cell.inSource);
-            if (cell.fate == CellFate::Kept || cell.fate == CellFate::Replaced)
-                line += u'\t' + OnOneLine(cell.inTable);
-            out.Write(line + QStringLiteral("\r\n"));
-        }
-    }
-
-private:
-    StandardOutput &out;
-};
-
 class StringsSubcommand : public ISubcommand
 {
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand = app.add_subcommand("strings", "Export, import or count the strings of a project");
+        CLI::App *subcommand =
+            app.add_subcommand("strings", "List, set, count, export or import the strings of a project");
         subcommand->require_subcommand(1);
-        exporting = subcommand->add_subcommand("export", "Write the string table to a workbook (.xls, .xlsx or .csv)");
-        importing = subcommand->add_subcommand("import", "Fill the string table from a workbook and save the project");
+        exporting = exporter.Add(*subcommand, project);
+        importing = importer.Add(*subcommand, project);
         stats = subcommand->add_subcommand("stats", "Count the texts of each language");
         codePoints = subcommand->add_subcommand("codepoints", "List the characters that the texts use");
-        for (CLI::App *sub : {exporting, importing, stats, codePoints})
+        cat = subcommand->add_subcommand("cat", "Print a string file as UTF-8, for git");
+        cat->add_option("FILE", file, "The string file")->type_name("")->required();
+        for (CLI::App *sub : {stats, codePoints})
             AddProject(*sub, project);
-        for (CLI::App *sub : {exporting, importing})
-            sub->add_option("FILE", file, "The workbook; its extension selects the format")->type_name("")->required();
-        importing->add_flag("--dry-run", dryRun, "Change nothing; show what would happen to each text");
-        importing->add_flag("--strict", strict, STRICT_HELP);
         stats->add_flag("--json", json, JSON_HELP);
         codePoints
             ->add_option("--language", wantedLanguages,
@@ -72,15 +42,27 @@ public:
             ->allow_extra_args(false);
         AddChoice(*codePoints, "--format", format, "list|ranges|c",
                   "The form of the list: one character a line, ranges, or a table in C (default: list)");
+        parts.push_back(MakeStringsListSubcommand());
+        parts.push_back(MakeStringsSetSubcommand());
+        parts.push_back(MakeStringsAddLanguageSubcommand());
+        for (const auto &part : parts)
+            part->Add(*subcommand)->callback([this, &part] { chosen = part.get(); });
         return subcommand;
     }
 
     int Run(Session &session) override
     {
-        const QString workbook = AbsolutePath(file); // opening a project changes the current folder
+        if (*cat)
+            return PrintStringFile(session, AbsolutePath(file));
+        if (chosen)
+            return chosen->Run(session);
         const QString path = AbsolutePath(project);
-        if (*importing && !dryRun && !session.LockProject(path))
+        exporter.FixPaths();
+        if (*importing && !importer.FixPaths())
+            return EXIT_WRONG_USE;
+        if (*importing && !importer.ChangesNothing() && !session.LockProject(path))
             return EXIT_FAILED;
+        const bool strict = *importing && importer.IsStrict();
         if (strict && HasInterruptedSave(session.env, path))
             return EXIT_FAILED;
         CResDoc *document = session.OpenQuietly(path);
@@ -91,22 +73,10 @@ public:
             return PrintStats(session, *document);
         if (*codePoints)
             return PrintCodePoints(session, *document);
-        return *exporting ? Export(session, *document, workbook) : Import(session, *document, workbook);
+        return *exporting ? exporter.Run(session, *document) : importer.Run(session, *document);
     }
 
 private:
-    static int Finish(Session &session, const SpreadsheetResult &result)
-    {
-        if (!result.reason.isEmpty())
-            Complain(result.reason);
-        return session.StatusAfter(result.code == 0 && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED);
-    }
-
-    static int Export(Session &session, CResDoc &document, const QString &workbook)
-    {
-        return Finish(session, ExportSpreadsheet(document, workbook));
-    }
-
     int PrintCodePoints(Session &session, const CResDoc &document) const
     {
         CodePoints points;
@@ -131,51 +101,6 @@ private:
                                                           : CodePointFormat::List;
         session.report.WriteBytes(CodePointsText(points, form));
         return session.StatusAfter(EXIT_FINE);
-    }
-
-    int Import(Session &session, CResDoc &document, const QString &workbook) const
-    {
-        if (session.env.ErrorCount > 0 && !dryRun) {
-            Complain(QStringLiteral("the project has the errors above, and a save would drop the elements that they "
-                                    "name, so nothing is imported; fix the errors first"));
-            return EXIT_FAILED;
-        }
-        FateList fates(session.report);
-        std::optional<SpreadsheetImport> import(std::in_place, document, workbook);
-        const SpreadsheetResult result = import->Read(dryRun ? &fates : nullptr);
-        const int status = Finish(session, result);
-        if (result.code != 0 || !TakesAll(import->Plan()))
-            return EXIT_FAILED;
-        if (dryRun)
-            return status;
-        if (document.TakeInChanges() != CResDoc::Outside::None) {
-            Complain(document.PathName() +
-                     QStringLiteral(": its files changed during the import, so nothing is saved; import again"));
-            return EXIT_FAILED;
-        }
-        import->Plan().Apply();
-        import.reset(); // frees the workbook's texts, which take as much memory as the save
-        (void)document.DoFileSave();
-        const bool saved = document.lastSave.write == 0;
-        if (!saved)
-            Complain(document.PathName() + QStringLiteral(": failed to save the project with the imported texts"));
-        else if (document.lastSave.generate != 0 || session.env.FailureCount > 0)
-            Complain(document.PathName() +
-                     QStringLiteral(": the imported texts are saved, but not all of the headers"));
-        return session.StatusAfter(saved && document.lastSave.generate == 0 ? status : int(EXIT_FAILED));
-    }
-
-    /// Returns false, with a message, if the string file can't hold the texts to import.
-    static bool TakesAll(const ImportPlan &plan)
-    {
-        constexpr qsizetype SHOWN = 10;
-        const QStringList &cells = plan.Refused();
-        if (cells.isEmpty())
-            return true;
-        Complain(QStringLiteral("a string can't contain a tab or a line break, so nothing is saved; fix %1%2")
-                     .arg(cells.first(qMin(cells.size(), SHOWN)).join(QStringLiteral(", ")),
-                          cells.size() > SHOWN ? QStringLiteral(" and %1 more").arg(cells.size() - SHOWN) : QString()));
-        return false;
     }
 
     static QByteArray StatsJson(int rows, const std::vector<LanguageStats> &languages)
@@ -225,16 +150,19 @@ private:
     }
 
     std::string project;
-    std::string file;
-    bool dryRun = false;
     bool json = false;
-    bool strict = false;
+    StringsExport exporter;
+    StringsImport importer;
     CLI::App *exporting = nullptr;
     CLI::App *importing = nullptr;
     CLI::App *codePoints = nullptr;
     std::vector<std::string> wantedLanguages;
     std::string format = "list";
     CLI::App *stats = nullptr;
+    CLI::App *cat = nullptr;
+    std::string file; // of `cat`
+    std::vector<std::unique_ptr<ISubcommand>> parts;
+    ISubcommand *chosen = nullptr; // of the parts
 };
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "TranslationFormats.h"
 #include "Workbook.h"
 
 /// The functions that libmorvanite-workbook.so exports under the name WORKBOOK_FUNCTIONS.
@@ -8,6 +9,7 @@ struct WorkbookFunctions
 {
     decltype(&ReadWorkbook) read;
     decltype(&WriteWorkbook) write;
+    decltype(&ReadXliff) readXliff;
 };
 
 inline constexpr char WORKBOOK_FUNCTIONS[] = "MorvaniteWorkbook";

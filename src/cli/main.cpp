@@ -43,7 +43,7 @@ void FillClosedFiles()
 int main(int argc, char **argv)
 {
     FillClosedFiles();
-    if (argc == 2 && strcmp(argv[1], "--version") == 0) {
+    if (argc == 2 && (strcmp(argv[1], "--version") == 0 || strcmp(argv[1], "-V") == 0)) {
         static constexpr char VERSION[] = "morvanite-cli " MORVANITE_VERSION "\n";
         return write(STDOUT_FILENO, VERSION, sizeof VERSION - 1) < 0 ? 1 : 0;
     }

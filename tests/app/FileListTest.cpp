@@ -3,6 +3,7 @@
 #include "FileActions.h"
 #include "FileListModel.h"
 #include "ListSettings.h"
+#include "RefusalText.h"
 #include "TestModel.h"
 
 #include <QAbstractItemModelTester>

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Baseline.h"
 #include "CheckedProject.h"
+#include "NewProjectTexts.h"
 
 #include <QFile>
+#include <QRegularExpression>
 
 #include <set>
 
@@ -74,6 +76,41 @@ TEST(CheckSettings, EveryLineWithoutMeaningIsAFindingAtItsLine)
     project.PutSettings("[check]\nSOURCE=0\nplaceholders=none\ntarget=240x320\n"
                         "[Limit]\nID_*=length 3, width 4, lines 5\n[Language]\n0=en\n[Ignore]\nid-case=ID_*\n");
     EXPECT_THAT(project.Findings({"check-settings"}), IsEmpty());
+}
+
+TEST(CheckSettings, ANewProjectHasEachKeyCommentedOut)
+{
+    const QString text = QString::fromUtf8(CheckSettingsText({{}, u"demo"_s, {{240, 320}}, {{u"English"_s, 0, {}}}}));
+    static const QRegularExpression OFF(u"^;(?=\\S)"_s, QRegularExpression::MultilineOption);
+    CheckedRows project;
+    project.PutSettings(text.toUtf8());
+    EXPECT_THAT(project.Findings({"check-settings"}), IsEmpty());
+    std::vector<Finding> findings;
+    (void)ReadCheckSettings(project.folder.Path("demo"), findings);
+    EXPECT_THAT(findings, IsEmpty());
+    project.PutSettings(QString(text).remove(OFF).toUtf8());
+    (void)ReadCheckSettings(project.folder.Path("demo"), findings);
+    EXPECT_THAT(findings, IsEmpty()); // so each key is known
+
+    // The messages about unknown names list the known ones.
+    static const QRegularExpression WORDS(u"(?:there are|has the keys) (.*)$"_s);
+    static const QRegularExpression DIVIDER(u", | and "_s);
+    const auto namesIn = [&](const QByteArray &settings) {
+        project.PutSettings(settings);
+        findings.clear();
+        (void)ReadCheckSettings(project.folder.Path("demo"), findings);
+        return WORDS.match(findings.front().text).captured(1).split(DIVIDER);
+    };
+    const QStringList sections = namesIn("[None]\nx=1\n");
+    EXPECT_GE(sections.size(), 8);
+    for (const QString &section : sections) {
+        EXPECT_TRUE(text.contains(u"\n[%1]\n"_s.arg(section))) << qPrintable(section);
+        if (section != u"Severity" && section != u"Ignore" && section != u"Font" && section != u"Limit" &&
+            section != u"Language") {
+            for (const QString &key : namesIn("[" + section.toUtf8() + "]\nno-such-key=1\n"))
+                EXPECT_TRUE(text.contains(u"\n;%1="_s.arg(key))) << qPrintable(key);
+        }
+    }
 }
 
 TEST(CheckSettings, AnUnknownWordOfTheNotesOfARowIsAFinding)

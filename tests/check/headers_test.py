@@ -4,12 +4,15 @@
 import json
 import os
 import pathlib
+import random
 import re
 import shutil
+import struct
 import subprocess
 import sys
 import tempfile
 import unittest
+import zlib
 
 CLI = os.path.abspath(sys.argv[1])
 CONFIG = (b'<config><resolution><Width>1</Width><Height>1</Height></resolution>'
@@ -24,6 +27,30 @@ FORMS = [('-type TrueColor', 'png24:a.png'), ('-type Palette -colors 7', 'png8:b
          ('-colorspace gray', 'jpg:s.jpg'), ('-colorspace CMYK', 'jpg:t.jpg'), ('-set comment %s' % ('x' * 65000), 'jpg:u.jpg'),
          ('-set comment %s' % ('x' * 65000), 'png:v.png'), ('-set comment %s' % ('x' * 65000), 'gif:w.gif')]
 SIZES = [(2, 1), (37, 91), (700, 3)]
+
+
+def png_chunk(kind, data):
+    return struct.pack('>I', len(data)) + kind + data + struct.pack('>I', zlib.crc32(kind + data))
+
+
+def predicted(kind, left, above, corner):
+    """What a filter of PNG subtracts from a byte."""
+    nearest = min((left, above, corner), key=lambda value: abs(left + above - corner - value))
+    return (0, left, above, (left + above) // 2, nearest)[kind]
+
+
+def png(rows, channels, filter_of_row):
+    """A PNG of rows of pixels, each a tuple of as many bytes as there are channels."""
+    data, above = b'', bytes(len(rows[0]) * channels)
+    for y, pixels in enumerate(rows):
+        row, kind = bytes(value for pixel in pixels for value in pixel), filter_of_row(y)
+        left, corner = bytes(channels) + row, bytes(channels) + above
+        data += bytes([kind]) + bytes((value - predicted(kind, left[x], above[x], corner[x])) & 255
+                                      for x, value in enumerate(row))
+        above = row
+    header = struct.pack('>IIBBBBB', len(rows[0]), len(rows), 8, {2: 4, 4: 6}[channels], 0, 0, 0)
+    return (b'\x89PNG\r\n\x1a\n' + png_chunk(b'IHDR', header) + png_chunk(b'IDAT', zlib.compress(data)) +
+            png_chunk(b'IEND', b''))
 
 
 class CheckedPictures(unittest.TestCase):
@@ -96,6 +123,18 @@ class CheckedPictures(unittest.TestCase):
         text = "%d of the 400 pixels of %s aren't opaque, and none has an alpha below %d; an opaque image needs 800 bytes less"
         self.assertEqual(found, {'ID_0': text % (1, 'one.png', 0), 'ID_1': text % (4, 'four.png', 0),
                                  'ID_4': text % (400, 'slight.png', 252), 'ID_6': text % (1, 'one.gif', 0)})
+
+    def test_alpha_is_read_right_with_every_filter(self):
+        rng = random.Random(20)
+        elements, wanted = [], {}
+        for number, (channels, kind) in enumerate((channels, kind) for channels in (2, 4) for kind in (0, 1, 2, 3, 4, None)):
+            alphas = rng.choices(range(250, 256), k=437)
+            rows = [[tuple(rng.choices(range(256), k=channels - 1)) + (alphas[19 * x + y],) for x in range(23)] for y in range(19)]
+            (self.dir / f'{number}.png').write_bytes(png(rows, channels, lambda y: y % 5 if kind is None else kind))
+            elements.append(f'<IMAGE id="ID_{number}">{number}.png</IMAGE>')
+            wanted[f'ID_{number}'] = f"{437 - alphas.count(255)} of the 437 pixels of {number}.png aren't opaque, and none has an alpha below 250"
+        found = self.findings(elements, 'image-alpha-few')
+        self.assertEqual({id_: text.split(';')[0] for id_, text in found.items()}, wanted)
 
 
 if __name__ == '__main__':

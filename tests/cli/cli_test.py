@@ -73,6 +73,23 @@ class Cli(DemoProject):
         self.assertEqual([item['key'] for item in seen[0]['block']][1:3], [100000, 1])
         self.assertEqual(seen[0]['strings'], {'0': {'2': 'Hi'}})
 
+    def test_a_quiet_command_prints_only_problems(self):
+        self.assertEqual(self.run_cli(*self.to_pack, '-q'), (0, '', ''))
+        loud = self.run_cli('load', self.dir / 'missing.vcproj')[1]
+        self.assertEqual(self.run_cli('load', '-q', self.dir / 'missing.vcproj')[1],
+                         ''.join(line for line in loud.splitlines(True) if '###' in line))
+        (self.dir / 'res/tune.mp3').unlink()
+        status, out, _ = self.run_cli(*self.to_pack, '-q')
+        self.assertNotEqual((status, out), (0, ''))
+        self.assertTrue(all('rror' in line or 'arning' in line for line in out.splitlines()), out)
+
+    def test_only_messages_have_colours(self):
+        for option, env, is_bold in ((('--color', 'always'), {}, True), ((), {'TERM': 'xterm'}, False),
+                                     (('--color', 'always'), {'NO_COLOR': '1'}, True)):
+            self.env.update(env)
+            _, out, err = self.run_cli(*option, 'load', self.dir / 'missing.vcproj')
+            self.assertEqual(('\x1b' in out, '\x1b[1mmorvanite-cli:\x1b[0m ' in err), (False, is_bold), option)
+
     def test_names_in_a_depfile_are_escaped_for_make_and_ninja(self):
         def depfile_of(name):
             (self.dir / name).write_bytes(b'x')
@@ -92,7 +109,19 @@ class Cli(DemoProject):
             status, out, err = self.run_cli(*arguments)
             self.assertEqual((status, out), (2, ''), arguments)
             self.assertNotEqual(err, '', arguments)
+        for arguments, meant in ((('lod',), "'load'"), (('chek', self.project), "'check'"), (('hlep',), "'help'"),
+                                 (('strings', 'exprot'), "'export'"), (('pack', self.project, '--ouput', 'x'), "'--output'"),
+                                 (('check', '--format', 'jsn'), "'json'"), (('--setings=x', 'load'), "'--settings'"),
+                                 (('ids', '--', '-x', '--jsn'), None), (('build',), None), (('check', '--format', 'x'), None)):
+            status, _, err = self.run_cli(*arguments)
+            self.assertEqual((status, 'did you mean' in err), (2, meant is not None), arguments)
+            self.assertIn(meant or '', err)
+        self.assertIn('text, json or sarif', err)
+        self.assertEqual(self.run_cli('help', 'strings', 'export')[:2], self.run_cli('strings', 'export', '--help')[:2])
+        self.assertEqual(self.run_cli('help')[:2], self.run_cli('--help')[:2])
+        self.assertEqual(self.run_cli('help', 'pack', 'x')[0], 2)
         version = json.loads(self.run_cli('--describe')[1])['release']  # from CMakeLists.txt
+        self.assertEqual(self.run_cli('-V'), self.run_cli('--version'))
         self.assertEqual(self.run_cli('--version')[:2], (0, 'morvanite-cli %s\n' % version))
         for command in ('load', 'save', 'pack', 'ids', 'inspect', 'strings', 'layouts', 'kept', 'serve'):
             self.assertEqual(self.run_cli(command, '--help')[0], 0)

@@ -55,6 +55,7 @@ struct PixelChunks
     std::size_t begin = 0;
     std::size_t end = 0;
     std::size_t dataSize = 0;
+    bool isPlain = true; ///< the other chunks are IHDR, IEND and those that a reader needn't know
 };
 
 /// Walks through all chunks.
@@ -75,6 +76,10 @@ std::optional<PixelChunks> FindPixelChunks(Bytes file)
             pixels.dataSize += chunk->size() - chunkOverhead;
         }
         isLast = IsOfType(*chunk, "IEND");
+        const bool isFirst = at == signatureSize;
+        const bool isOptional = ((*chunk)[4] & 0x20) != 0; // its name begins with a small letter
+        if (!isLast && !isOptional && !IsOfType(*chunk, isFirst ? "IHDR" : "IDAT"))
+            pixels.isPlain = false;
         at += chunk->size();
     }
     if (pixels.end == 0)
@@ -115,6 +120,17 @@ std::optional<std::uint64_t> SizeOfPixels(const std::uint8_t *header)
         size += SizeOfRows((width + pass.right - 1 - pass.x) / pass.right,
                            (height + pass.down - 1 - pass.y) / pass.down, bits);
     return size;
+}
+
+/// The decompressed size according to the header chunk; 0 if it is unusual or too large.
+std::size_t UnpackedSize(Bytes file)
+{
+    // The caller may have checked part of this already, but this function doesn't rely on it.
+    constexpr std::size_t headerEnd = signatureSize + 13 + chunkOverhead;
+    if (file.size() < headerEnd || U32(file.data() + signatureSize) != 13)
+        return 0;
+    const auto size = SizeOfPixels(file.data() + signatureSize + 8);
+    return size && *size <= maxPixelBytes ? static_cast<std::size_t>(*size) : 0;
 }
 
 bool Decompress(Bytes file, const PixelChunks &chunks, std::uint8_t *to, std::size_t size)
@@ -167,18 +183,11 @@ void MakeStoredChunk(std::uint8_t *chunk, std::size_t dataSize, const std::uint8
 
 bool UnpackPng(Bytes file, Buffer &unpacked)
 {
-    // The caller may have checked part of this already, but this function doesn't rely on it.
-    constexpr std::size_t headerEnd = signatureSize + 13 + chunkOverhead;
-    if (file.size() < headerEnd || U32(file.data() + signatureSize) != 13)
-        return false;
-    const auto size = SizeOfPixels(file.data() + signatureSize + 8);
-    if (!size || *size == 0 || *size > maxPixelBytes)
-        return false;
-    const auto chunks = FindPixelChunks(file);
+    const std::size_t pixelSize = UnpackedSize(file);
+    const auto chunks = pixelSize > 0 ? FindPixelChunks(file) : std::nullopt;
     if (!chunks)
         return false;
 
-    const auto pixelSize = static_cast<std::size_t>(*size);
     const std::size_t blocks = (pixelSize + maxStored - 1) / maxStored;
     // The two checksums at the end stay 0: libpng is set to ignore them.
     const std::size_t dataSize = 2 + 5 * blocks + pixelSize + 4;
@@ -193,4 +202,11 @@ bool UnpackPng(Bytes file, Buffer &unpacked)
     std::memcpy(unpacked.Data(), file.data(), chunks->begin);
     std::memcpy(chunk + chunkOverhead + dataSize, file.data() + chunks->end, tailSize);
     return true;
+}
+
+bool UnpackPngRows(Bytes file, Buffer &rows)
+{
+    const std::size_t size = UnpackedSize(file);
+    const auto chunks = size > 0 ? FindPixelChunks(file) : std::nullopt;
+    return chunks && chunks->isPlain && rows.Allocate(size) && Decompress(file, *chunks, rows.Data(), size);
 }

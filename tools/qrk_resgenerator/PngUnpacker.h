@@ -11,3 +11,9 @@
 /// Returns false if that isn't possible: the file is large (it is then better read row by row), damaged or unusual.
 /// libpng should then read the original, and report its errors.
 bool UnpackPng(Bytes file, Buffer &unpacked);
+
+/// Decompresses the pixels of a png into `rows`: for each row a byte that names its filter, then its filtered bytes. An
+/// interlaced png has the rows of one pass after the other.
+///
+/// Returns false in the same cases, and if the png has chunks that change the meaning of the pixels, such as a palette.
+bool UnpackPngRows(Bytes file, Buffer &rows);

@@ -7,6 +7,7 @@
 #include "LiteralTip.h"
 #include "Paths.h"
 #include "PicturePane.h"
+#include "RefusalText.h"
 #include "ViewHost.h"
 #include "ViewMenu.h"
 #include "WaitCursor.h"

@@ -2,8 +2,10 @@
 #include "ListCellDelegate.h"
 
 #include "LiteralTip.h"
+#include "UiIcons.h"
 
 #include <QAbstractItemView>
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QIcon>
 #include <QPainter>
@@ -15,6 +17,7 @@ namespace
 constexpr int MARGIN = 4;  // left and right of icon and text
 constexpr int PADDING = 2; // above and below a text
 constexpr int CORNER = 7;  // size of the mark of a gap
+constexpr int MARK = 16;   // size of the mark of a cell
 
 /// Mixes a part of one colour over another.
 QColor Mixed(const QColor &over, const QColor &under, float part)
@@ -76,6 +79,35 @@ Qt::LayoutDirection DirectionOf(const QModelIndex &index)
     return index.data(ROLE_DIRECTION).value<Qt::LayoutDirection>();
 }
 
+/// The parts of a cell.
+struct Parts
+{
+    QRect text;
+    QRect mark;   // empty if the cell has none
+    int icon = 0; // of the mark
+    Qt::LayoutDirection direction = Qt::LeftToRight;
+};
+
+/// Divides the place that is left beside the icon of a cell.
+Parts PartsOf(const QModelIndex &index, const QRect &place)
+{
+    Parts parts{place, {}, 0, DirectionOf(index)};
+    const QVariant mark = index.data(ROLE_MARK);
+    if (!mark.isValid())
+        return parts;
+    parts.icon = mark.toInt();
+    parts.mark = QRect(0, 0, MARK, MARK);
+    parts.mark.moveTop(place.top() + (place.height() - MARK) / 2);
+    if (parts.direction == Qt::RightToLeft) {
+        parts.mark.moveRight(place.right());
+        parts.text.setRight(parts.mark.left() - 1 - MARGIN);
+    } else {
+        parts.mark.moveLeft(place.left());
+        parts.text.setLeft(parts.mark.right() + 1 + MARGIN);
+    }
+    return parts;
+}
+
 } // namespace
 
 ListCellDelegate::LaidOut ListCellDelegate::LayOut(const Key &key) const
@@ -117,6 +149,28 @@ const ListCellDelegate::LaidOut &ListCellDelegate::Cached(const Key &key, const 
     return *made;
 }
 
+void ListCellDelegate::DrawMark(QPainter &painter, const QStyleOptionViewItem &option, const QRect &place,
+                                int icon) const
+{
+    const qreal scale = painter.device()->devicePixelRatioF();
+    const qint64 palette = QGuiApplication::palette().cacheKey();
+    if (scale != marksScale || palette != marksPalette) {
+        marks.clear();
+        marksScale = scale;
+        marksPalette = palette;
+    }
+    QPixmap &mark = marks[{icon, IsSelected(option)}];
+    if (mark.isNull())
+        mark = MakeIcon(UiIcon(icon)).pixmap(place.size(), scale, IsSelected(option) ? QIcon::Selected : QIcon::Normal);
+    if (option.rect.contains(place)) {
+        painter.drawPixmap(place.topLeft(), mark);
+        return;
+    }
+    const QRect seen = place.intersected(option.rect); // the column is narrow
+    painter.drawPixmap(seen, mark,
+                       QRectF(QPointF(seen.topLeft() - place.topLeft()) * scale, QSizeF(seen.size()) * scale).toRect());
+}
+
 void ListCellDelegate::DrawText(QPainter &painter, const QStyleOptionViewItem &option, const QRect &place,
                                 const QString &text, Qt::LayoutDirection direction) const
 {
@@ -148,16 +202,19 @@ void ListCellDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     const QString text = index.data(Qt::DisplayRole).toString();
     if (text.isEmpty() && index.data(ROLE_IS_GAP).toBool())
         DrawGapMark(*painter, option);
-    const QRect place = DrawIcon(painter, option, index);
-    if (!text.isEmpty() && place.width() > 0)
-        DrawText(*painter, option, place, text, DirectionOf(index));
+    const Parts parts = PartsOf(index, DrawIcon(painter, option, index));
+    if (!parts.mark.isEmpty())
+        DrawMark(*painter, option, parts.mark, parts.icon);
+    if (!text.isEmpty() && parts.text.width() > 0)
+        DrawText(*painter, option, parts.text, text, parts.direction);
 }
 
 QSize ListCellDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     const bool hasIcon = index.data(Qt::DecorationRole).isValid();
     const QString text = index.data(Qt::DisplayRole).toString();
-    const int width = option.fontMetrics.horizontalAdvance(text) + 1; // rounded up to whole pixels
+    const int ofMark = index.data(ROLE_MARK).isValid() ? MARK + MARGIN : 0;
+    const int width = option.fontMetrics.horizontalAdvance(text) + 1 + ofMark; // rounded up to whole pixels
     const int height = option.fontMetrics.height() + 2 * PADDING;
     if (!hasIcon)
         return {width + 2 * MARGIN, height};
@@ -167,13 +224,19 @@ QSize ListCellDelegate::sizeHint(const QStyleOptionViewItem &option, const QMode
 bool ListCellDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                                  const QModelIndex &index)
 {
-    if (event->type() != QEvent::ToolTip || !index.data(Qt::ToolTipRole).toString().isEmpty())
+    const QString findings = index.data(ROLE_FINDINGS).toString();
+    QString tip = index.data(Qt::ToolTipRole).toString();
+    if (event->type() != QEvent::ToolTip || (findings.isEmpty() && !tip.isEmpty()))
         return QAbstractItemDelegate::helpEvent(event, view, option, index);
     const QString text = index.data(Qt::DisplayRole).toString();
-    const QRect place = DrawIcon(nullptr, option, index);
-    const Key key{text, place.width(), DirectionOf(index)};
-    if (text.isEmpty() || !Cached(key, option.font, view->devicePixelRatioF()).isCut)
+    const Parts parts = PartsOf(index, DrawIcon(nullptr, option, index));
+    const Key key{text, parts.text.width(), parts.direction};
+    if (tip.isEmpty() && !text.isEmpty() && Cached(key, option.font, view->devicePixelRatioF()).isCut)
+        tip = LiteralTip(text);
+    if (!findings.isEmpty())
+        tip += LiteralTip(findings);
+    if (tip.isEmpty())
         return false;
-    QToolTip::showText(event->globalPos(), LiteralTip(text), view->viewport(), option.rect);
+    QToolTip::showText(event->globalPos(), tip, view->viewport(), option.rect);
     return true;
 }

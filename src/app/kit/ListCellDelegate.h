@@ -4,6 +4,8 @@
 #include <QAbstractItemDelegate>
 #include <QCache>
 #include <QFont>
+#include <QHash>
+#include <QPixmap>
 #include <QStaticText>
 
 /// The roles of a CListGrid's model in addition to a cell's text.
@@ -11,6 +13,8 @@ enum ListCellRole : int
 {
     ROLE_IS_GAP = Qt::UserRole + 1, ///< bool: an empty cell is marked as lacking a text
     ROLE_DIRECTION,                 ///< Qt::LayoutDirection of the text; nothing for left to right
+    ROLE_MARK,     ///< int: the UiIcon that marks a cell, at the leading edge of the text; nothing for no mark
+    ROLE_FINDINGS, ///< QString: what is wrong with a cell, one line each; shown below the text in the tool tip
 };
 
 /// Draws the cells of a CListGrid: a background, an icon if there is one, and the text in one line, elided with "…".
@@ -18,7 +22,8 @@ enum ListCellRole : int
 /// have one line and must not be very long (see CellLine.h).
 ///
 /// A selected row has the full highlight colour even without the focus. The tool tip of a cell with an elided text is
-/// that of the model, or else the text. The list itself draws the frame of the row with the focus.
+/// that of the model, or else the text; what is wrong with the cell follows. The list itself draws the frame of the row
+/// with the focus.
 class ListCellDelegate : public QAbstractItemDelegate
 {
 public:
@@ -51,6 +56,7 @@ private:
 
     [[nodiscard]] LaidOut LayOut(const Key &key) const;
     [[nodiscard]] const LaidOut &Cached(const Key &key, const QFont &font, qreal scale) const;
+    void DrawMark(QPainter &painter, const QStyleOptionViewItem &option, const QRect &place, int icon) const;
     void DrawText(QPainter &painter, const QStyleOptionViewItem &option, const QRect &place, const QString &text,
                   Qt::LayoutDirection direction) const;
 
@@ -60,4 +66,8 @@ private:
     // The font and the scale of the texts in the cache.
     mutable QFont cachedFont;
     mutable qreal cachedScale = 0;
+    // The marks as pixels. They are painted several times as fast as vectors.
+    mutable QHash<std::pair<int, bool>, QPixmap> marks; // by the icon, and whether the row is selected
+    mutable qreal marksScale = 0;
+    mutable qint64 marksPalette = 0;
 };

@@ -4,10 +4,7 @@
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPalette>
-
-#include <array>
 
 namespace
 {
@@ -17,6 +14,8 @@ const QColor BLUE(0x3B, 0x82, 0xD8);
 const QColor GREEN(0x3A, 0xA6, 0x6B);
 const QColor ORANGE(0xE0, 0x8A, 0x2C);
 const QColor RED(0xD6, 0x55, 0x50);
+const QColor SIGNAL_RED(0xD9, 0x36, 0x3E);
+const QColor AMBER(0xF2, 0xA9, 0x1F);
 const QColor PURPLE(0x92, 0x6B, 0xD6);
 const QColor YELLOW(0xEB, 0xB5, 0x3C);
 const QColor PAPER(0xF7, 0xF9, 0xFB);
@@ -64,11 +63,11 @@ public:
         painter.setBrush(Qt::NoBrush);
         painter.drawArc(rect, fromDegrees * 16, spanDegrees * 16);
     }
-    void Path(const QPainterPath &path, const QColor &color)
+    /// Mirrors what is drawn next at a vertical line.
+    void MirrorAround(qreal x)
     {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(color);
-        painter.drawPath(path);
+        painter.translate(2 * x, 0);
+        painter.scale(-1, 1);
     }
 
 private:
@@ -224,10 +223,10 @@ void DrawSave(Canvas &canvas)
     canvas.Fill({3.6, 8.2, 8.8, 6.3}, PAPER, 0.4);
 }
 
-void DrawTurn(Canvas &canvas, const QColor &color)
+void DrawTurn(Canvas &canvas)
 {
-    canvas.Arc({3.5, 4.5, 9, 9}, -60, 190, color, 2);
-    canvas.Shape({{1, 7.6}, {6.6, 7.6}, {3.4, 12}}, color);
+    canvas.Arc({3.5, 4.5, 9, 9}, -60, 190, BLUE, 2);
+    canvas.Shape({{1, 7.6}, {6.6, 7.6}, {3.4, 12}}, BLUE);
 }
 
 void DrawOutput(Canvas &canvas)
@@ -263,62 +262,78 @@ void DrawApplication(Canvas &canvas)
     canvas.Line({{4.4, 11.4}, {4.4, 5}, {8, 9.4}, {11.6, 5}, {11.6, 11.4}}, PAPER, 1.7);
 }
 
+/// A disc with a cross.
+void DrawError(Canvas &canvas)
+{
+    canvas.Disc({8, 8}, 7, SIGNAL_RED);
+    canvas.Line({{5.4, 5.4}, {10.6, 10.6}}, Qt::white, 2);
+    canvas.Line({{10.6, 5.4}, {5.4, 10.6}}, Qt::white, 2);
+}
+
+/// A triangle with an exclamation mark.
+void DrawWarning(Canvas &canvas)
+{
+    canvas.Line({{8, 2.6}, {14, 13.4}, {2, 13.4}, {8, 2.6}}, AMBER, 2);
+    canvas.Shape({{8, 2.6}, {14, 13.4}, {2, 13.4}}, AMBER);
+    canvas.Line({{8, 6.2}, {8, 9.4}}, Qt::black, 1.8);
+    canvas.Disc({8, 12.2}, 1.1, Qt::black);
+}
+
+/// A square with lines of writing.
+void DrawNote(Canvas &canvas)
+{
+    canvas.Fill({1.5, 1.5, 13, 13}, BLUE, 2.5);
+    canvas.Line({{4.6, 5.4}, {11.4, 5.4}}, Qt::white, 1.5);
+    canvas.Line({{4.6, 8.4}, {11.4, 8.4}}, Qt::white, 1.5);
+    canvas.Line({{4.6, 11.4}, {8.4, 11.4}}, Qt::white, 1.5);
+}
+
+struct Drawing
+{
+    UiIcon icon;
+    void (*draw)(Canvas &canvas);
+};
+
+constexpr Drawing DRAWINGS[] = {
+    {UiIcon::Files, DrawFiles},
+    {UiIcon::Audio, DrawAudio},
+    {UiIcon::Video, DrawVideo},
+    {UiIcon::Binary, DrawBinary},
+    {UiIcon::Images, DrawImages},
+    {UiIcon::Resolution, [](Canvas &canvas) { DrawScreen(canvas, BLUE); }},
+    {UiIcon::DefaultResolution, DrawDefaultResolution},
+    {UiIcon::ComponentImages, DrawComponentImages},
+    {UiIcon::Strings, DrawStrings},
+    {UiIcon::Layouts, DrawLayouts},
+    {UiIcon::Project, DrawProject},
+    {UiIcon::NewFile, DrawNewFile},
+    {UiIcon::MissingFile, DrawMissingFile},
+    {UiIcon::NoFile, DrawNoFile},
+    {UiIcon::TextFile, DrawTextFile},
+    {UiIcon::Archive, DrawArchive},
+    {UiIcon::Open, DrawOpen},
+    {UiIcon::Save, DrawSave},
+    {UiIcon::Undo, DrawTurn},
+    {UiIcon::Redo,
+     [](Canvas &canvas) {
+         canvas.MirrorAround(8);
+         DrawTurn(canvas);
+     }},
+    {UiIcon::Output, DrawOutput},
+    {UiIcon::About, DrawAbout},
+    {UiIcon::Close, DrawClose},
+    {UiIcon::Application, DrawApplication},
+    {UiIcon::Error, DrawError},
+    {UiIcon::Warning, DrawWarning},
+    {UiIcon::Note, DrawNote},
+};
+
 void Draw(UiIcon icon, QPainter &painter)
 {
     Canvas canvas(painter);
-    switch (icon) {
-    case UiIcon::None:
-        return;
-    case UiIcon::Files:
-        return DrawFiles(canvas);
-    case UiIcon::Audio:
-        return DrawAudio(canvas);
-    case UiIcon::Video:
-        return DrawVideo(canvas);
-    case UiIcon::Binary:
-        return DrawBinary(canvas);
-    case UiIcon::Images:
-        return DrawImages(canvas);
-    case UiIcon::Resolution:
-        return DrawScreen(canvas, BLUE);
-    case UiIcon::DefaultResolution:
-        return DrawDefaultResolution(canvas);
-    case UiIcon::ComponentImages:
-        return DrawComponentImages(canvas);
-    case UiIcon::Strings:
-        return DrawStrings(canvas);
-    case UiIcon::Layouts:
-        return DrawLayouts(canvas);
-    case UiIcon::Project:
-        return DrawProject(canvas);
-    case UiIcon::NewFile:
-        return DrawNewFile(canvas);
-    case UiIcon::MissingFile:
-        return DrawMissingFile(canvas);
-    case UiIcon::NoFile:
-        return DrawNoFile(canvas);
-    case UiIcon::TextFile:
-        return DrawTextFile(canvas);
-    case UiIcon::Archive:
-        return DrawArchive(canvas);
-    case UiIcon::Open:
-        return DrawOpen(canvas);
-    case UiIcon::Save:
-        return DrawSave(canvas);
-    case UiIcon::Undo:
-        return DrawTurn(canvas, BLUE);
-    case UiIcon::Redo:
-        painter.translate(16, 0);
-        painter.scale(-1, 1);
-        return DrawTurn(canvas, BLUE);
-    case UiIcon::Output:
-        return DrawOutput(canvas);
-    case UiIcon::About:
-        return DrawAbout(canvas);
-    case UiIcon::Close:
-        return DrawClose(canvas);
-    case UiIcon::Application:
-        return DrawApplication(canvas);
+    for (const Drawing &drawing : DRAWINGS) {
+        if (drawing.icon == icon)
+            return drawing.draw(canvas);
     }
 }
 

@@ -3,7 +3,6 @@
 
 #include "Environment.h"
 #include "FileOrder.h"
-#include "HostFiles.h"
 #include "IdNames.h"
 #include "Paths.h"
 #include "ProjectTree.h"
@@ -112,40 +111,21 @@ void FileList::Sort(int sortState)
     grid.OrderChanged(order);
 }
 
-/// Turns a path into the form that the project stores.
+/// Turns the path of a file into the form that the project stores.
 int FileList::TakePath(QString &path) const
 {
-    if (const int code = CheckArrival(path); code != FILE_EDIT_DONE)
-        return code;
-    const QString folderOfProject = DirectoryOf(model.PathName());
-    const QString absolute = path;
-    MakeRelative(path, folderOfProject);
-    // MakeRelative ignores case in names; on this disk, names that differ in case may be two folders.
-    if (path != absolute && !absolute.startsWith(folderOfProject) &&
-        !IsSameFile(HostPath(absolute), HostPath(ResolvePath(path, folderOfProject))))
-        path = absolute;
-    return model.env.NarrowToWide(model.env.WideToNarrow(path)) == path ? FILE_EDIT_DONE : FILE_NAME_NOT_IN_CODE_PAGE;
+    const int code = CheckArrival(path);
+    return code == FILE_EDIT_DONE ? ToStoredPath(model, path) : code;
 }
 
 /// Makes the resource of a file and adds it to its folder.
 int FileList::Create(const QString &path, const FileClassifier &types, std::vector<CFileRes *> &made) const
 {
-    const quint32 type = types.Classify(folder->kind, path);
-    if ((folder->kind & type) == 0)
-        return FILE_WRONG_TYPE;
-    CResFolder *const target = folder->kind == KIND_FILES ? folder->FindFolder(type, 1) : folder;
-    if (!target)
-        return FILE_WRONG_TYPE;
-    QString stored = path;
-    if (const int code = TakePath(stored); code != FILE_EDIT_DONE)
-        return code;
-    std::unique_ptr<CFileRes> res = model.CreateDefaultFileRes(*target, path);
-    if (!res)
-        return FILE_NO_DEFAULT_ID;
-    res->SetPath(model.env.WideToNarrow(stored));
-    made.push_back(res.get());
-    target->AddResource(std::move(res));
-    return FILE_EDIT_DONE;
+    CFileRes *res = nullptr;
+    const int code = AddFileResource(model, *folder, path, path, types, res);
+    if (res)
+        made.push_back(res);
+    return code;
 }
 
 void FileList::Insert(int row, const std::vector<CFileRes *> &made)

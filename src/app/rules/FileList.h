@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "FileArrival.h"
-#include "FileClassifier.h"
-#include "ResFolder.h"
+#include "FileAddition.h"
 
 #include <QHash>
 #include <QStringList>
@@ -109,8 +107,6 @@ public:
     void Reset(const std::vector<int> &selected);
 
 private:
-    [[nodiscard]] std::unique_ptr<CFileRes> MakeResource(QString path, const FileClassifier &types, CResFolder *&target,
-                                                         int &code) const;
     [[nodiscard]] int Create(const QString &path, const FileClassifier &types, std::vector<CFileRes *> &made) const;
     void Insert(int row, const std::vector<CFileRes *> &made);
     [[nodiscard]] int MakeByName(const NarrowText &id);

@@ -32,4 +32,8 @@ enum class UiIcon
     About,
     Close,
     Application,
+    // the severity of findings, each with a shape of its own
+    Error,
+    Warning,
+    Note,
 };

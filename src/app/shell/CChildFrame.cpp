@@ -21,9 +21,10 @@
 
 #include <utility>
 
-CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, ToolboxState &sharedToolbox)
+CChildFrame::CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, ToolboxState &sharedToolbox,
+                         CountAlpha countAlpha)
     : document(projectDocument), shell(shellHost), toolbox(sharedToolbox), selection(std::in_place, projectDocument),
-      check(std::in_place, projectDocument, nullptr), splitter(new KeyboardSplitter(Qt::Horizontal)),
+      check(std::in_place, projectDocument, countAlpha), splitter(new KeyboardSplitter(Qt::Horizontal)),
       right(new QStackedWidget)
 {
     setWindowIcon(MakeIcon(UiIcon::Project));
@@ -73,11 +74,20 @@ void CChildFrame::MakeContent()
 
 void CChildFrame::CheckWhenIdle()
 {
+    checkPace.setSingleShot(true);
     connect(&checkPace, &QTimer::timeout, this, [this] {
-        if (!check->Step())
-            checkPace.stop();
+        // A command of an IDE may be loading the project while it lets events through.
+        shell.AfterCommand([child = QPointer(this)] {
+            if (child && child->check && child->check->Step())
+                child->checkPace.start(0);
+        });
     });
     checkDue.emplace(check->due, [this] { checkPace.start(0); });
+    check->FollowSettings();
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
+        if (check && state == Qt::ApplicationActive)
+            check->FollowSettings(); // the user may come from an editor
+    });
 }
 
 /// Deletes the views, which must go before the document because they read it.

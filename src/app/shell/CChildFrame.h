@@ -24,7 +24,8 @@ class CChildFrame : public QMdiSubWindow, public IViewHost, public IActionTarget
 {
 public:
     /// `shellHost` provides the services for views that this window doesn't provide itself.
-    CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, ToolboxState &sharedToolbox);
+    /// `countAlpha` may be null (CheckInput::countAlpha). The others must outlive the window.
+    CChildFrame(CResDoc &projectDocument, IViewHost &shellHost, ToolboxState &sharedToolbox, CountAlpha countAlpha);
     ~CChildFrame() override;
 
     [[nodiscard]] CResDoc &Document() const { return document; }

@@ -227,7 +227,7 @@ void CMainFrame::GoToPane(int step)
 void CMainFrame::Opened(CDocument &document)
 {
     auto &project = static_cast<CResDoc &>(document);
-    auto *const child = new CChildFrame(project, *this, bars.Toolbox());
+    auto *const child = new CChildFrame(project, *this, bars.Toolbox(), countAlpha);
     child->closed = [this, child](CResDoc &closing) {
         TellUnread(child->Notice().Texts().Unread()); // such as notices of the save before closing
         documents.CloseDocument(&closing);

@@ -31,6 +31,9 @@ public:
     void Restore();
     void BringToTop();
 
+    /// Passed on to the windows of projects (CheckInput::countAlpha). To be set before a project is opened.
+    CountAlpha countAlpha = nullptr;
+
     /// Stops watching files, and everything that depends on it.
     std::function<void()> stopWatching;
 

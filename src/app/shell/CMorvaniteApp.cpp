@@ -13,8 +13,8 @@
 #include <cstdio>
 #include <new>
 
-CMorvaniteApp::CMorvaniteApp()
-    : documents([this] { return MakeDocument(); }), handler(env, documents, pipe),
+CMorvaniteApp::CMorvaniteApp(CountAlpha countAlpha)
+    : alphaCounter(countAlpha), documents([this] { return MakeDocument(); }), handler(env, documents, pipe),
       server([this](quint32 id, QByteArrayView record) { return RunIdeCommand(id, record); })
 {
     services.reloadFlags = &reloadFlags;
@@ -61,6 +61,7 @@ std::optional<int> CMorvaniteApp::InitInstance(const QStringList &arguments)
     QObject::connect(commands.get(), &QSocketNotifier::activated, [this] { server.Dispatch(); });
 
     frame = std::make_unique<CMainFrame>(env, tables, documents);
+    frame->countAlpha = alphaCounter;
     services.user = &frame->Boxes();
     watched = std::make_unique<WatchedFiles>(*frame);
     watched->isBusy = [this] { return pipe.IsBreathing(); };

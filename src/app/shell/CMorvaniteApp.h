@@ -16,7 +16,8 @@ class QSocketNotifier;
 class CMorvaniteApp
 {
 public:
-    CMorvaniteApp();
+    /// `countAlpha` may be null (CheckInput::countAlpha).
+    explicit CMorvaniteApp(CountAlpha countAlpha = nullptr);
     ~CMorvaniteApp();
     CMorvaniteApp(const CMorvaniteApp &) = delete;
     CMorvaniteApp &operator=(const CMorvaniteApp &) = delete;
@@ -35,6 +36,7 @@ private:
     [[nodiscard]] std::unique_ptr<CDocument> MakeDocument();
     int RunIdeCommand(quint32 dwData, QByteArrayView record);
 
+    CountAlpha alphaCounter;
     Environment env;
     ProcessTables tables;
     CFrameServices services;

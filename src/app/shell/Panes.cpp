@@ -19,7 +19,8 @@ constexpr PaneEntry PANES[] = {
     {Pane::Default,
      [](const PaneParts &parts) -> QWidget * { return new CDefaultView(parts.document, parts.selection, parts.tree); }},
     {Pane::Files, [](const PaneParts &parts) -> QWidget * { return new CFileView(parts.document, parts.host); }},
-    {Pane::Strings, [](const PaneParts &parts) -> QWidget * { return new CStringView(parts.document, parts.host); }},
+    {Pane::Strings,
+     [](const PaneParts &parts) -> QWidget * { return new CStringView(parts.document, parts.host, parts.check); }},
     {Pane::Layout, [](const PaneParts &parts) -> QWidget * { return new LayoutPanes(parts.document, parts.host); }},
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Boxes.h"
 #include "CMorvaniteApp.h"
+#include "LazyPictures.h"
 #include "ProgramStyle.h"
 #include "SingleInstance.h"
 #include "TypedText.h"
@@ -68,7 +69,7 @@ int main(int argc, char **argv)
             return 2;
         }
     }
-    CMorvaniteApp app;
+    CMorvaniteApp app(CountAlphaOfPicture);
     const std::optional<int> ended = app.InitInstance(arguments);
     return ended ? *ended : QApplication::exec();
 }

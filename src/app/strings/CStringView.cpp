@@ -7,6 +7,7 @@
 #include "DetailsStrip.h"
 #include "DroppedFiles.h"
 #include "FindBar.h"
+#include "ProjectCheck.h"
 #include "StringCommands.h"
 #include "StringFinder.h"
 #include "StringGrid.h"
@@ -46,8 +47,8 @@ constexpr ViewMenuEntry MENU[] = {
 
 } // namespace
 
-CStringView::CStringView(CResDoc &projectDocument, IViewHost &viewHost)
-    : document(projectDocument), host(viewHost), table(projectDocument, model),
+CStringView::CStringView(CResDoc &projectDocument, IViewHost &viewHost, ProjectCheck &projectCheck)
+    : document(projectDocument), host(viewHost), check(projectCheck), table(projectDocument, model),
       transfer(projectDocument, viewHost.Boxes()),
       grid(new StringGrid(table, model, viewHost.Boxes(), projectDocument.env.settings,
                           projectDocument.tables.resourceTypes)),
@@ -55,6 +56,7 @@ CStringView::CStringView(CResDoc &projectDocument, IViewHost &viewHost)
       finder(new StringFinder(table, model, *grid, viewHost.Boxes(), *this))
 {
     model.SetTable(&table);
+    model.SetCheck(&check);
     model.showsGaps = document.env.settings.Int("Strings", "gap_marks", 1) != 0;
     setAcceptDrops(true);
     auto *const parts = new QVBoxLayout(this);
@@ -74,6 +76,7 @@ CStringView::~CStringView()
     (void)grid->SaveState();
     delete finder;
     delete grid; // before the model that it uses
+    model.SetCheck(nullptr);
     model.SetTable(nullptr);
 }
 
@@ -201,6 +204,7 @@ void CStringView::Import()
         return;
     Rebuild();
     ForgetEdits();
+    check.CheckAgain();
 }
 
 /// Each row is its own step. The flag is changed first, so the step is given the former text.
@@ -286,8 +290,10 @@ void CStringView::dropEvent(QDropEvent *event)
     const QStringList files = DroppedFiles(event->mimeData());
     QTimer::singleShot(0, this, [this, files] {
         host.AfterCommand([view = QPointer(this), files] {
-            if (view && view->TakeEdit() && view->transfer.ImportDropped(files))
-                view->Rebuild();
+            if (!view || !view->TakeEdit() || !view->transfer.ImportDropped(files))
+                return;
+            view->Rebuild();
+            view->check.CheckAgain();
         });
     });
 }

@@ -13,6 +13,7 @@
 
 class CResDoc;
 class IViewHost;
+class ProjectCheck;
 class StringFinder;
 class StringGrid;
 
@@ -20,7 +21,7 @@ class StringGrid;
 class CStringView : public PaneView, public IActionTarget, public IEditOwner, public IRowOwner, public IStateOwner
 {
 public:
-    CStringView(CResDoc &projectDocument, IViewHost &viewHost);
+    CStringView(CResDoc &projectDocument, IViewHost &viewHost, ProjectCheck &projectCheck);
     ~CStringView() override;
 
     [[nodiscard]] StringTable &Table() { return table; }
@@ -54,6 +55,7 @@ private:
 
     CResDoc &document;
     IViewHost &host;
+    ProjectCheck &check;
     StringGridModel model;
     StringTable table;
     StringTransfer transfer;

@@ -6,13 +6,16 @@
 #include "ResFolder.h"
 #include "StringTable.h"
 #include "TextDirection.h"
+#include "UiIcons.h"
 
 #include <QGridLayout>
+#include <QLabel>
 
 namespace
 {
 
 constexpr int MARGIN = 4;
+constexpr int ICON = 16;
 const QString DIVIDER = QStringLiteral(" \u00B7 ");
 
 /// The title of a column. A right-to-left title is isolated, so that the text around it keeps its order.
@@ -32,7 +35,8 @@ Qt::LayoutDirection DirectionOf(const StringTable &table, int col)
 
 DetailsStrip::DetailsStrip(QWidget *parent)
     : QWidget(parent), cells(new QGridLayout(this)), heading(new ElidedLabel(this)),
-      besideHeading(new ElidedLabel(this)), text(new DetailsText(this)), beside(new DetailsText(this))
+      besideHeading(new ElidedLabel(this)), text(new DetailsText(this)), beside(new DetailsText(this)),
+      findingIcon(new QLabel(this)), findingLine(new ElidedLabel(this))
 {
     setAccessibleName(QStringLiteral("Details"));
     cells->setContentsMargins(MARGIN, MARGIN, MARGIN, MARGIN);
@@ -41,6 +45,13 @@ DetailsStrip::DetailsStrip(QWidget *parent)
     cells->addWidget(besideHeading, 0, 1);
     cells->addWidget(text, 1, 0);
     cells->addWidget(beside, 1, 1);
+    auto *const findings = new QHBoxLayout;
+    findings->setSpacing(MARGIN);
+    findings->addWidget(findingIcon);
+    findings->addWidget(findingLine, 1);
+    cells->addLayout(findings, 2, 0, 1, 2);
+    findingLine->setMinimumHeight(qMax(ICON, fontMetrics().height()));
+    HideFindings();
     cells->setColumnStretch(0, 1);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     ShowNothing();
@@ -67,6 +78,20 @@ void DetailsStrip::ShowNothing()
     heading->setText(QStringLiteral("No string"));
     text->Show(QString(), Qt::LeftToRight, heading->text());
     ShowBeside(false);
+}
+
+void DetailsStrip::ShowFindings(UiIcon icon, const QStringList &findings)
+{
+    findingIcon->setPixmap(MakeIcon(icon).pixmap(QSize(ICON, ICON), devicePixelRatioF()));
+    findingIcon->setVisible(!findings.isEmpty());
+    findingLine->setText(findings.join(DIVIDER));
+    findingLine->show();
+}
+
+void DetailsStrip::HideFindings()
+{
+    findingIcon->hide();
+    findingLine->hide();
 }
 
 void DetailsStrip::ShowBeside(bool show)

@@ -4,6 +4,7 @@
 #include "CellBlock.h"
 #include "DetailsStrip.h"
 #include "FindBar.h"
+#include "ListCellDelegate.h"
 #include "PlanTexts.h"
 #include "StringGrid.h"
 #include "ViewBoxes.h"
@@ -38,6 +39,7 @@ void StringFinder::Connect()
         if (!refresh.isActive())
             refresh.start();
     };
+    model.marksChanged = [this] { ShowDetails(); };
     grid.focusMoved = [this] { ShowDetails(); };
     bar->conditionChanged = [this] { Filter(); };
     bar->closed = [this] { CloseBar(); };
@@ -219,8 +221,14 @@ void StringFinder::ShowDetails()
     const QModelIndex cell = grid.currentIndex();
     const int row = cell.isValid() ? model.TableRow(cell.row()) : -1;
     if (row < 0 || table.IsNewRow(row))
-        return details->ShowNothing();
-    details->ShowCell(table, row, cell.column(), cell.row() + 1, model.rowCount() - 1);
+        details->ShowNothing();
+    else
+        details->ShowCell(table, row, cell.column(), cell.row() + 1, model.rowCount() - 1);
+    if (model.IsChecked())
+        details->ShowFindings(UiIcon(cell.data(ROLE_MARK).toInt()),
+                              cell.data(ROLE_FINDINGS).toString().split(u'\n', Qt::SkipEmptyParts));
+    else
+        details->HideFindings();
 }
 
 /// Shows a text in the status bar.

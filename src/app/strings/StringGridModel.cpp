@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "StringGridModel.h"
 
+#include "CellFindings.h"
 #include "CellLine.h"
 #include "ListCellDelegate.h"
 #include "LiteralTip.h"
+#include "ProjectCheck.h"
 #include "StringGaps.h"
 #include "TextDirection.h"
 
@@ -45,6 +47,19 @@ void StringGridModel::SetTable(StringTable *stringTable)
     shown.Set(std::nullopt);
     TakeDirections();
     endResetModel();
+}
+
+void StringGridModel::SetCheck(ProjectCheck *projectCheck)
+{
+    check = projectCheck;
+    checkChanged.reset();
+    if (check)
+        checkChanged.emplace(check->changed, [this] { TellMarks(); });
+}
+
+bool StringGridModel::IsChecked() const
+{
+    return check && check->IsOn();
 }
 
 void StringGridModel::SetFilter(std::optional<std::vector<int>> rows)
@@ -101,6 +116,10 @@ QVariant StringGridModel::data(const QModelIndex &index, int role) const
     }
     case Qt::AccessibleTextRole:
         return Accessible(row, col);
+    case ROLE_MARK:
+        return MarkOf(FindingsOf(row, col));
+    case ROLE_FINDINGS:
+        return FindingLines(FindingsOf(row, col)).join(u'\n');
     case ROLE_IS_GAP:
         return IsMarkedGap(row, col);
     case ROLE_DIRECTION:
@@ -119,9 +138,38 @@ QVariant StringGridModel::headerData(int section, Qt::Orientation orientation, i
 
 QString StringGridModel::Accessible(int tableRow, int col) const
 {
-    const QString text =
+    QString text =
         IsMarkedGap(tableRow, col) ? u"(no text)"_s : CellLine(table->CellText(tableRow, col), LONGEST_SHOWN);
+    for (const QString &finding : FindingLines(FindingsOf(tableRow, col)))
+        text += u"; "_s + finding;
     return table->CellText(tableRow, StringTable::ID_COLUMN) + u", "_s + table->ColumnTitle(col) + u": "_s + text;
+}
+
+std::vector<const Finding *> StringGridModel::FindingsOf(int tableRow, int col) const
+{
+    return IsChecked() ? FindingsOfCell(*check, *table, tableRow, col) : std::vector<const Finding *>();
+}
+
+/// Has a row checked that has changed; in a batch, once at its end.
+void StringGridModel::CheckRow(int tableRow)
+{
+    const CStringRes *const head = IsChecked() ? table->Head(tableRow) : nullptr;
+    if (!head)
+        return;
+    if (batch)
+        batch->toCheck.insert(head);
+    else
+        check->RowChanged(*head);
+}
+
+void StringGridModel::TellMarks()
+{
+    if (isInReset || !table)
+        return;
+    Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1),
+                       {ROLE_MARK, ROLE_FINDINGS, Qt::AccessibleTextRole});
+    if (marksChanged)
+        marksChanged();
 }
 
 bool StringGridModel::IsMarkedGap(int tableRow, int col) const
@@ -173,6 +221,7 @@ void StringGridModel::RowInserting(int row)
 void StringGridModel::RowInserted(int row)
 {
     shown.Insert(row);
+    CheckRow(row);
     if (batch)
         batch->RowCame(row);
     if (std::exchange(isTelling, false))
@@ -182,6 +231,11 @@ void StringGridModel::RowInserted(int row)
 
 void StringGridModel::RowRemoving(int row)
 {
+    if (const CStringRes *const head = IsChecked() ? table->Head(row) : nullptr) {
+        if (batch)
+            batch->toCheck.erase(head);
+        check->RowGoes(*head);
+    }
     const int place = ShownRow(row);
     isTelling = place >= 0 && IsTold();
     if (isTelling)
@@ -209,6 +263,8 @@ void StringGridModel::ColumnInserted(int)
     TakeDirections();
     if (!isInReset)
         endInsertColumns();
+    if (check)
+        check->CheckAgain();
     HasChanged();
 }
 
@@ -268,10 +324,14 @@ void StringGridModel::TableReset()
 {
     shown.Set(std::nullopt);
     TakeDirections();
-    if (batch)
+    if (batch) {
         batch->focus.reset();
-    else
+        if (!batch->toCheck.empty())
+            check->CheckAgain(); // these rows may be gone
+        batch->toCheck.clear();
+    } else {
         EndReset();
+    }
     HasChanged();
 }
 
@@ -283,6 +343,8 @@ void StringGridModel::BatchBegins()
 void StringGridModel::BatchEnds()
 {
     const PutOff ended = *std::exchange(batch, std::nullopt);
+    for (const CStringRes *head : ended.toCheck)
+        check->RowChanged(*head);
     if (isInReset)
         EndReset();
     else
@@ -306,6 +368,7 @@ void StringGridModel::TellCells(int firstRow, int lastRow)
 
 void StringGridModel::CellShows(int row, int, const QString &)
 {
+    CheckRow(row);
     if (batch) {
         batch->firstTouched = std::min(batch->firstTouched, row);
         batch->lastTouched = std::max(batch->lastTouched, row);

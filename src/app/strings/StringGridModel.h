@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Notifier.h"
 #include "ShownRows.h"
 #include "StringTable.h"
 
@@ -9,6 +10,10 @@
 #include <functional>
 #include <limits>
 #include <optional>
+#include <unordered_set>
+
+class ProjectCheck;
+struct Finding;
 
 /// A window's string table as an item model: the rows that a filter shows, and the new-row line.
 ///
@@ -21,6 +26,12 @@ public:
     /// The model is empty until a table is set. The table must outlive the model, or be removed by setting null.
     void SetTable(StringTable *stringTable);
 
+    /// Tells the check of changes of rows, and marks the cells with findings. It must outlive the model, or be removed
+    /// by setting null. There must be no batch.
+    void SetCheck(ProjectCheck *projectCheck);
+    /// Returns whether cells with findings are marked.
+    [[nodiscard]] bool IsChecked() const;
+
     // Requests of the table that the view carries out. Row numbers are those of the model.
     std::function<void(int row, int col)> focusCell;
     std::function<void(int code, int row, int col)> reportCellError;
@@ -29,6 +40,9 @@ public:
     std::function<void()> tableGoes;
     /// Called after any change that can affect which rows have gaps or meet a condition; once for a batch.
     std::function<void()> changed;
+
+    /// Called after the marks of cells have changed, except for those of cells that have changed themselves.
+    std::function<void()> marksChanged;
 
     /// Whether gaps are marked. The view sets it and repaints itself.
     bool showsGaps = false;
@@ -80,6 +94,7 @@ private:
         int firstTouched = std::numeric_limits<int>::max(); // the range of rows with changed cells, maybe empty
         int lastTouched = -1;
         bool hasChanged = false;
+        std::unordered_set<const CStringRes *> toCheck; // the rows that have changed, by their heads
         void RowCame(int row);
         void RowWent(int row);
     };
@@ -95,10 +110,15 @@ private:
     void TellCells(int firstRow, int lastRow);
     void Reveal(int tableRow);
     void TakeDirections();
+    void CheckRow(int tableRow);
+    void TellMarks();
+    [[nodiscard]] std::vector<const Finding *> FindingsOf(int tableRow, int col) const;
     [[nodiscard]] QString Accessible(int tableRow, int col) const;
     [[nodiscard]] bool IsMarkedGap(int tableRow, int col) const;
 
     StringTable *table = nullptr;
+    ProjectCheck *check = nullptr;
+    std::optional<Notifier<>::Listener> checkChanged;
     ShownRows shown;
     std::optional<PutOff> batch; // the open batch
     bool isInReset = false;

@@ -1,21 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "ImageRules.h"
 
-#include "CheckFacts.h"
-#include "FileSurvey.h"
 #include "HostFiles.h"
 #include "RuleReport.h"
+#include "Threads.h"
 
-#include <algorithm>
 #include <atomic>
-#include <thread>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 
-constexpr unsigned MOST_THREADS = 4; // a picture can take 256 MiB while it is decoded
+constexpr size_t MOST_THREADS = 4; // a picture can take 256 MiB while it is decoded
 constexpr size_t PICTURES_WORTH_A_THREAD = 16;
 constexpr qint64 LARGEST_FILE = qint64(512) << 20;
 
@@ -26,52 +23,37 @@ struct AlphaOfFile
 };
 
 /// Decodes pictures in several threads. Those that can't be decoded keep an alpha without pixels.
-void CountAll(CountAlpha count, std::vector<AlphaOfFile> &pictures)
+void CountAll(const FileCheckInput &input, std::vector<AlphaOfFile> &pictures)
 {
     std::atomic<size_t> next = 0;
-    const auto work = [&] {
-        for (size_t i = next++; i < pictures.size(); i = next++) {
+    RunInThreads(ThreadsFor(pictures.size(), PICTURES_WORTH_A_THREAD, MOST_THREADS), [&](size_t) {
+        for (size_t i = next++; i < pictures.size() && !input.files.IsStopped(); i = next++) {
             QByteArray bytes;
             PictureAlpha alpha;
-            if (ReadFile(pictures[i].file->found, bytes, LARGEST_FILE) == 0 && count(bytes, alpha))
+            if (ReadFile(pictures[i].file->found, bytes, LARGEST_FILE) == 0 && input.countAlpha(bytes, alpha))
                 pictures[i].alpha = alpha;
         }
-    };
-    const size_t wanted = std::min(MOST_THREADS, std::max(1U, std::thread::hardware_concurrency()));
-    std::vector<std::thread> threads;
-    for (size_t i = 1; i < std::min(wanted, 1 + pictures.size() / PICTURES_WORTH_A_THREAD); ++i)
-        threads.emplace_back(work);
-    work();
-    for (std::thread &thread : threads)
-        thread.join();
-}
-
-/// Returns whether so little of a picture is transparent that it is perhaps a mistake.
-bool IsFew(const PictureAlpha &alpha)
-{
-    constexpr quint64 FEW = 100; // one of so many pixels, or fewer
-    constexpr int NEARLY_OPAQUE = 250;
-    return alpha.transparent > 0 && (alpha.transparent <= alpha.pixels / FEW || alpha.lowest >= NEARLY_OPAQUE);
+    });
 }
 
 } // namespace
 
-void ImageAlphaFew(const CheckInput &input, RuleReport &report)
+void ImageAlphaFew(const FileCheckInput &input, RuleReport &report)
 {
     std::vector<AlphaOfFile> pictures;
-    for (const SurveyedFile &file : input.facts->Files(input).Files()) {
+    for (const SurveyedFile &file : input.files.Files()) {
         if (file.isImage && file.picture.hasAlpha && file.picture.fault.isEmpty())
             pictures.push_back({&file, {}});
     }
     if (!input.countAlpha || pictures.empty())
         return;
-    CountAll(input.countAlpha, pictures);
+    CountAll(input, pictures);
     for (const auto &[file, alpha] : pictures) {
-        if (!IsFew(alpha))
+        if (alpha.transparent == 0 || !alpha.CanBeFew())
             continue;
         const quint64 width = file->picture.width;
         const quint64 saved = (width * 4 - (width * 2 + 3) / 4 * 4) * file->picture.height;
-        report.Add(input.facts->Files(input).About(
+        report.Add(input.files.About(
             *file, u"%1 of the %2 pixels of %3 aren't opaque, and none has an alpha below %4; an opaque image needs %5 "
                    "bytes less"_s.arg(alpha.transparent)
                        .arg(alpha.pixels)

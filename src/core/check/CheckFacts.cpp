@@ -5,6 +5,7 @@
 #include "CheckInput.h"
 #include "LayoutSurvey.h"
 #include "LoadRules.h"
+#include "OpeningCheck.h"
 #include "SortedIds.h"
 
 #include <algorithm>
@@ -22,6 +23,15 @@ bool IsReportedByLoad(const Finding &finding, const std::vector<Finding> &loaded
 }
 
 } // namespace
+
+const std::vector<Finding> &CheckFacts::SilentReasons(const CheckInput &input)
+{
+    if (!silentReasons) {
+        CResDoc &document = input.document;
+        silentReasons = OpeningCheck(document.env, document.tables, document.PathName(), &document).SilentReasons();
+    }
+    return *silentReasons;
+}
 
 const std::vector<Finding> &CheckFacts::LayoutFindings(const CheckInput &input)
 {
@@ -43,14 +53,14 @@ const std::vector<Finding> &CheckFacts::LayoutFindings(const CheckInput &input)
 const FileSurvey &CheckFacts::Files(const CheckInput &input)
 {
     if (!files)
-        files.emplace(input.document, input.screens);
+        files = std::make_shared<FileSurvey>(input.document, input.screens);
     return *files;
 }
 
 const SourceNames &CheckFacts::Sources(const CheckInput &input)
 {
     if (!sources)
-        sources = ReadSources(input);
+        sources = ReadSources(SourceRequestOf(input));
     return *sources;
 }
 

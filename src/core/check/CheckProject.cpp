@@ -3,15 +3,16 @@
 
 #include "CResDoc.h"
 #include "CheckFacts.h"
+#include "FileCheckInput.h"
 #include "IdFinding.h"
 #include "RuleReport.h"
 #include "Rules.h"
 #include "StringPositions.h"
 #include "StringRows.h"
 #include "TextContext.h"
+#include "Threads.h"
 
 #include <algorithm>
-#include <thread>
 #include <tuple>
 
 namespace
@@ -35,20 +36,13 @@ std::vector<Finding> CheckRange(const CheckInput &input, std::span<StringRow> ro
 /// Checks all rows, in as many threads as the machine has processors, and sets their hashes.
 void CheckRows(const CheckInput &input, std::vector<StringRow> &rows, std::vector<Finding> &findings)
 {
-    const size_t count =
-        std::clamp<size_t>(rows.size() / ROWS_WORTH_A_THREAD, 1, std::max(1U, std::thread::hardware_concurrency()));
+    const size_t count = ThreadsFor(rows.size(), ROWS_WORTH_A_THREAD);
     std::vector<std::vector<Finding>> parts(count);
-    const auto checkPart = [&](size_t part) {
+    RunInThreads(count, [&](size_t part) {
         const size_t from = rows.size() * part / count;
         const size_t to = rows.size() * (part + 1) / count;
         parts[part] = CheckRange(input, std::span(rows).subspan(from, to - from));
-    };
-    std::vector<std::thread> threads;
-    for (size_t part = 1; part < count; ++part)
-        threads.emplace_back(checkPart, part);
-    checkPart(0);
-    for (std::thread &thread : threads)
-        thread.join();
+    });
     for (std::vector<Finding> &part : parts)
         findings.insert(findings.end(), std::make_move_iterator(part.begin()), std::make_move_iterator(part.end()));
 }
@@ -59,7 +53,9 @@ size_t RuleIndex(const Finding &finding)
     return rule ? IndexOf(*rule) : AllRules().size();
 }
 
-void Sort(std::vector<Finding> &findings)
+} // namespace
+
+void SortFindings(std::vector<Finding> &findings)
 {
     std::stable_sort(findings.begin(), findings.end(), [](const Finding &a, const Finding &b) {
         const auto key = [](const Finding &f) { return std::tie(f.file, f.line, f.column); };
@@ -70,8 +66,6 @@ void Sort(std::vector<Finding> &findings)
         return std::tie(ruleA, a.id, a.language, a.text) < std::tie(ruleB, b.id, b.language, b.text);
     });
 }
-
-} // namespace
 
 std::vector<Finding> CheckProject(const CheckInput &given)
 {
@@ -84,15 +78,14 @@ std::vector<Finding> CheckProject(const CheckInput &given)
     input.repeatedRows = RowsWithEqualSource(rows);
     RuleReport report(input.settings, [&](Finding &&finding) { findings.push_back(std::move(finding)); });
     for (const Rule &rule : AllRules()) {
-        if (rule.project && report.Begin(rule))
+        if (rule.files && report.Begin(rule))
+            rule.files({facts.Files(input), input.settings, input.countAlpha}, report);
+        else if (rule.project && report.Begin(rule))
             rule.project(input, report);
     }
-    for (const Finding &fault : input.texts.Faults()) {
-        report.Begin(*FindRule(u"check-settings"));
-        report.Add(fault);
-    }
+    report.AddFound(input.texts.Faults());
     PlaceInLists(input.document, findings);
     PlaceInStringFile(input.document, findings);
-    Sort(findings);
+    SortFindings(findings);
     return findings;
 }

@@ -203,6 +203,14 @@ constexpr SectionReader SECTIONS[] = {
     {u"Language", ReadLanguageKey}, {u"Audio", ReadAudioKey},
 };
 
+QString SectionNames()
+{
+    QStringList names;
+    for (const SectionReader &section : SECTIONS)
+        names.append(section.name.toString());
+    return names.join(u", "_s);
+}
+
 } // namespace
 
 CheckSettings::CheckSettings() : ignored(AllRules().size()), sourcePrefix(u"ID_"_s)
@@ -250,10 +258,15 @@ bool MatchesPattern(QStringView text, QStringView pattern)
     return in == pattern.size();
 }
 
+QString CheckSettingsPath(const QString &folder)
+{
+    return folder + u"/morvanite-check.ini"_s;
+}
+
 CheckSettings ReadCheckSettings(const QString &folder, std::vector<Finding> &findings)
 {
     CheckSettings settings;
-    settings.file = folder + u"/morvanite-check.ini"_s;
+    settings.file = CheckSettingsPath(folder);
     const auto tell = [&](const QString &text, int line) {
         findings.push_back({"check-settings", Severity::Error, settings.file, line, {}, text});
     };
@@ -269,7 +282,7 @@ CheckSettings ReadCheckSettings(const QString &folder, std::vector<Finding> &fin
         for (const SectionReader &candidate : SECTIONS)
             reader = candidate.name.compare(section, Qt::CaseInsensitive) == 0 ? &candidate : reader;
         if (!reader) {
-            tell(u"section %1: there is no such section"_s.arg(section), line);
+            tell(u"section %1: there is no such section; there are %2"_s.arg(section, SectionNames()), line);
             continue;
         }
         const QString wrong = reader->read(settings, key, profile.String(section, key, {}));

@@ -71,6 +71,9 @@ struct CheckSettings
 /// Returns whether a text matches a pattern in which "*" matches any characters. The case of letters matters.
 [[nodiscard]] bool MatchesPattern(QStringView text, QStringView pattern);
 
+/// Returns the path of the settings of the project in a folder.
+[[nodiscard]] QString CheckSettingsPath(const QString &folder);
+
 /// Reads the settings of the project in a folder (absolute path). Adds a finding of the rule "check-settings" for each
 /// line that has no meaning; the other lines are used.
 [[nodiscard]] CheckSettings ReadCheckSettings(const QString &folder, std::vector<Finding> &findings);

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "CheckFacts.h"
 #include "FileRules.h"
 #include "ImageRules.h"
 
-#include "FileSurvey.h"
 #include "RuleReport.h"
 
 #include <algorithm>
@@ -75,9 +73,9 @@ bool HaveSeveralIds(const Files &files)
 
 } // namespace
 
-void DuplicateFile(const CheckInput &input, RuleReport &report)
+void DuplicateFile(const FileCheckInput &input, RuleReport &report)
 {
-    const FileSurvey &survey = input.facts->Files(input);
+    const FileSurvey &survey = input.files;
     ForEachSimilar(survey, [&](const Files &similar) {
         if (!HaveSeveralIds(similar))
             return;
@@ -91,9 +89,9 @@ void DuplicateFile(const CheckInput &input, RuleReport &report)
     });
 }
 
-void ImageSameEverywhere(const CheckInput &input, RuleReport &report)
+void ImageSameEverywhere(const FileCheckInput &input, RuleReport &report)
 {
-    const FileSurvey &survey = input.facts->Files(input);
+    const FileSurvey &survey = input.files;
     if (survey.Screens().size() < 2)
         return;
     std::map<QString, Files> byId;

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "FileRules.h"
 
-#include "CResDoc.h"
-#include "CheckFacts.h"
-#include "FileSurvey.h"
 #include "PackCodes.h"
 #include "Paths.h"
 #include "RuleReport.h"
@@ -15,9 +12,9 @@
 
 using namespace Qt::StringLiterals;
 
-void FileMissing(const CheckInput &input, RuleReport &report)
+void FileMissing(const FileCheckInput &input, RuleReport &report)
 {
-    for (const SurveyedFile &file : input.facts->Files(input).Files()) {
+    for (const SurveyedFile &file : input.files.Files()) {
         if (file.isRegular)
             continue;
         const QString why =
@@ -26,53 +23,52 @@ void FileMissing(const CheckInput &input, RuleReport &report)
             : file.error == 0
                 ? u"%1 isn't a regular file"_s.arg(file.stored)
                 : u"the file %1 can't be read: %2"_s.arg(file.stored, QString::fromLocal8Bit(strerror(file.error)));
-        report.Add(input.facts->Files(input).About(file, why));
+        report.Add(input.files.About(file, why));
     }
 }
 
-void FileEmpty(const CheckInput &input, RuleReport &report)
+void FileEmpty(const FileCheckInput &input, RuleReport &report)
 {
-    for (const SurveyedFile &file : input.facts->Files(input).Files()) {
+    for (const SurveyedFile &file : input.files.Files()) {
         if (file.isRegular && file.isImage && file.size <= IMAGE_TOO_SMALL)
-            report.Add(input.facts->Files(input).About(
+            report.Add(input.files.About(
                 file, u"the file %1 has %2 bytes, and a pack refuses images of %3 bytes or less"_s.arg(file.stored)
                           .arg(file.size)
                           .arg(IMAGE_TOO_SMALL)));
     }
 }
 
-void FileCase(const CheckInput &input, RuleReport &report)
+void FileCase(const FileCheckInput &input, RuleReport &report)
 {
-    const QDir folder(DirectoryOf(input.document.PathName()));
-    for (const SurveyedFile &file : input.facts->Files(input).Files()) {
+    const QDir folder(input.files.Folder());
+    for (const SurveyedFile &file : input.files.Files()) {
         const bool isAsWritten = file.found == file.path || file.found == QString(file.path).replace(u'\\', u'/');
         if (file.found.isEmpty() || isAsWritten)
             continue;
-        report.Add(input.facts->Files(input).About(
+        report.Add(input.files.About(
             file, u"the file %1 is called %2 on the disk"_s.arg(file.stored, folder.relativeFilePath(file.found))));
     }
 }
 
-void FileOutside(const CheckInput &input, RuleReport &report)
+void FileOutside(const FileCheckInput &input, RuleReport &report)
 {
-    const QString folder = CanonicalPath(DirectoryOf(input.document.PathName())) + u'/';
+    const QString folder = CanonicalPath(input.files.Folder()) + u'/';
     const auto isAbove = [&folder](const QString &stored) {
         return stored.contains(u".."_s) && !CanonicalPath(folder + stored).startsWith(folder);
     };
-    for (const SurveyedFile &file : input.facts->Files(input).Files()) {
+    for (const SurveyedFile &file : input.files.Files()) {
         if (file.stored.isEmpty() || file.isStock)
             continue;
         if (!IsRelativePath(file.stored))
-            report.Add(input.facts->Files(input).About(file, u"the path %1 is absolute"_s.arg(file.stored)));
+            report.Add(input.files.About(file, u"the path %1 is absolute"_s.arg(file.stored)));
         else if (isAbove(file.stored))
-            report.Add(
-                input.facts->Files(input).About(file, u"the file %1 is above the project's folder"_s.arg(file.stored)));
+            report.Add(input.files.About(file, u"the file %1 is above the project's folder"_s.arg(file.stored)));
     }
 }
 
-void FileType(const CheckInput &input, RuleReport &report)
+void FileType(const FileCheckInput &input, RuleReport &report)
 {
-    for (const SurveyedFile &file : input.facts->Files(input).Files()) {
+    for (const SurveyedFile &file : input.files.Files()) {
         const ContentKind wanted = ContentOfExtension(FileExtension(file.stored));
         if (!file.isRegular || wanted == ContentKind::Unknown || file.content == wanted)
             continue;
@@ -80,10 +76,10 @@ void FileType(const CheckInput &input, RuleReport &report)
                              file.content == ContentKind::Svg || !IsConvertible(wanted)))
             continue; // the rules for images check these
         if (file.content != ContentKind::Unknown)
-            report.Add(input.facts->Files(input).About(
-                file, u"the content of the file %1 is %2"_s.arg(file.stored, NameOf(file.content))));
+            report.Add(
+                input.files.About(file, u"the content of the file %1 is %2"_s.arg(file.stored, NameOf(file.content))));
         else if (HasReliableStart(wanted))
-            report.Add(input.facts->Files(input).About(
+            report.Add(input.files.About(
                 file, u"the file %1 doesn't begin as %2 files do"_s.arg(file.stored, NameOf(wanted))));
     }
 }
@@ -126,13 +122,13 @@ QString WrongAudio(const WaveHeader &wave, const AudioLimits &limits)
 
 } // namespace
 
-void AudioFormat(const CheckInput &input, RuleReport &report)
+void AudioFormat(const FileCheckInput &input, RuleReport &report)
 {
-    for (const SurveyedFile &file : input.facts->Files(input).Files()) {
+    for (const SurveyedFile &file : input.files.Files()) {
         if (file.content != ContentKind::Wave || file.isImage)
             continue;
         const QString wrong = WrongAudio(file.wave, input.settings.audio);
         if (!wrong.isEmpty())
-            report.Add(input.facts->Files(input).About(file, u"%1: %2"_s.arg(file.stored, wrong)));
+            report.Add(input.files.About(file, u"%1: %2"_s.arg(file.stored, wrong)));
     }
 }

@@ -2,15 +2,16 @@
 #pragma once
 
 #include "CheckInput.h"
+#include "FileCheckInput.h"
 
 // The rules about files. The table of rules (Rules.cpp) says what each finds.
 
-void FileMissing(const CheckInput &input, RuleReport &report);
-void FileEmpty(const CheckInput &input, RuleReport &report);
-void FileCase(const CheckInput &input, RuleReport &report);
-void FileOutside(const CheckInput &input, RuleReport &report);
-void DuplicateFile(const CheckInput &input, RuleReport &report);
-void FileType(const CheckInput &input, RuleReport &report);
+void FileMissing(const FileCheckInput &input, RuleReport &report);
+void FileEmpty(const FileCheckInput &input, RuleReport &report);
+void FileCase(const FileCheckInput &input, RuleReport &report);
+void FileOutside(const FileCheckInput &input, RuleReport &report);
+void DuplicateFile(const FileCheckInput &input, RuleReport &report);
+void FileType(const FileCheckInput &input, RuleReport &report);
 
 /// Compares the WAV files with section Audio of the settings. Its keys have lists of what the device plays; a key that
 /// is missing allows anything:
@@ -19,5 +20,5 @@ void FileType(const CheckInput &input, RuleReport &report);
 ///     rate=8000, 16000         samples a second
 ///     channels=1
 ///     bits=8, 16               of a sample
-void AudioFormat(const CheckInput &input, RuleReport &report);
+void AudioFormat(const FileCheckInput &input, RuleReport &report);
 void ListLine(const CheckInput &input, RuleReport &report);

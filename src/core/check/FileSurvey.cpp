@@ -15,71 +15,32 @@
 namespace
 {
 
-/// Gathers the files of a project and reads their first bytes.
-class SurveyReader
+/// Looks at one file and reads its first bytes.
+void ReadStart(PackFiles &disk, SurveyedFile &file)
 {
-public:
-    SurveyReader(const CResDoc &openDocument, std::vector<SurveyedFile> &surveyedFiles)
-        : document(openDocument), folder(DirectoryOf(document.PathName())), files(surveyedFiles), guard({}),
-          disk(nullptr, guard)
-    {
-    }
-
-    void AddFolder(const CResFolder *from, bool isImage, qint32 screen)
-    {
-        if (!from)
-            return;
-        for (const CBaseRes *res : from->resources) {
-            const auto &resource = static_cast<const CFileRes &>(*res);
-            const bool isComponent = from->kind == KIND_COMPONENT;
-            if (!resource.Id() || (isComponent && !resource.inUse))
-                continue;
-            SurveyedFile &file = files.emplace_back();
-            file.resource = &resource;
-            file.id = document.env.NarrowToWide(resource.Id()->name);
-            file.isImage = isImage;
-            file.isStock = isComponent && resource.path == resource.defaultPath;
-            file.screen = screen;
-            file.stored = document.env.NarrowToWide(resource.path);
-            if (!file.stored.isEmpty())
-                Read(file);
-        }
-    }
-
-private:
-    void Read(SurveyedFile &file)
-    {
-        file.path = ResolvePath(file.stored, folder);
-        const PackFile onDisk = disk.Open(file.path);
-        file.error = onDisk.error;
-        if (!onDisk.exists)
-            return;
-        file.found = QString::fromUtf8(onDisk.host);
-        file.isRegular = onDisk.file.IsOpen() && onDisk.size >= 0;
-        if (!file.isRegular)
-            return;
-        file.size = onDisk.size;
-        FileBlocks blocks(onDisk.file.Get(), quint64(onDisk.size));
-        const QByteArrayView start = blocks.Start();
-        file.startHash = std::hash<std::string_view>()({start.data(), size_t(start.size())});
-        file.content = ContentOf(start);
-        if (IsConvertible(file.content))
-            file.picture = ReadPictureHeader(blocks, file.content);
-        else if (file.content == ContentKind::Wave)
-            file.wave = ReadWaveHeader(blocks);
-    }
-
-    const CResDoc &document;
-    QString folder;
-    std::vector<SurveyedFile> &files;
-    OutputGuard guard;
-    PackFiles disk;
-};
+    const PackFile onDisk = disk.Open(file.path);
+    file.error = onDisk.error;
+    if (!onDisk.exists)
+        return;
+    file.found = QString::fromUtf8(onDisk.host);
+    file.isRegular = onDisk.file.IsOpen() && onDisk.size >= 0;
+    if (!file.isRegular)
+        return;
+    file.size = onDisk.size;
+    FileBlocks blocks(onDisk.file.Get(), quint64(onDisk.size));
+    const QByteArrayView start = blocks.Start();
+    file.startHash = std::hash<std::string_view>()({start.data(), size_t(start.size())});
+    file.content = ContentOf(start);
+    if (IsConvertible(file.content))
+        file.picture = ReadPictureHeader(blocks, file.content);
+    else if (file.content == ContentKind::Wave)
+        file.wave = ReadWaveHeader(blocks);
+}
 
 } // namespace
 
-FileSurvey::FileSurvey(CResDoc &openDocument, const std::vector<ScreenSize> &wantedScreens)
-    : document(openDocument), positions(openDocument)
+FileSurvey::FileSurvey(CResDoc &document, const std::vector<ScreenSize> &wantedScreens)
+    : folder(DirectoryOf(document.PathName())), positions(document)
 {
     const CResoTable &table = document.tables.resolutions;
     for (const ScreenSize size : wantedScreens) {
@@ -90,6 +51,42 @@ FileSurvey::FileSurvey(CResDoc &openDocument, const std::vector<ScreenSize> &wan
     for (int i = 0; wantedScreens.empty() && i < table.Count(); ++i) {
         if (document.root.FindFolder(KIND_RESO_IMAGES, i, 2))
             screens.push_back({i, {table.At(i).width, table.At(i).height}});
+    }
+    AddAll(document);
+}
+
+void FileSurvey::AddAll(const CResDoc &document)
+{
+    const CResFolder &root = document.root;
+    for (const quint32 kind : {KIND_AUDIO, KIND_VIDEO, KIND_BINARY})
+        Add(document, root.FindFolder(kind, 2), false, ANY_RESOLUTION);
+    for (const CheckedScreen &screen : screens) {
+        if (screen.index >= 0)
+            Add(document, root.FindFolder(KIND_RESO_IMAGES, screen.index, 2), true, screen.index);
+    }
+    Add(document, root.FindFolder(KIND_RESO_IMAGES, ANY_RESOLUTION, 2), true, ANY_RESOLUTION);
+    if (const CResFolder *components = root.FindFolder(KIND_CPIMAGES, 2)) {
+        for (const auto &component : components->subfolders)
+            Add(document, component.get(), true, ANY_RESOLUTION);
+    }
+}
+
+void FileSurvey::Add(const CResDoc &document, const CResFolder *from, bool isImage, qint32 screen)
+{
+    if (!from)
+        return;
+    for (const CBaseRes *res : from->resources) {
+        const auto &resource = static_cast<const CFileRes &>(*res);
+        const bool isComponent = from->kind == KIND_COMPONENT;
+        if (!resource.Id() || (isComponent && !resource.inUse))
+            continue;
+        SurveyedFile &file = files.emplace_back();
+        file.id = document.env.NarrowToWide(resource.Id()->name);
+        file.isImage = isImage;
+        file.isStock = isComponent && resource.path == resource.defaultPath;
+        file.isPush = resource.Id()->push;
+        file.screen = screen;
+        file.stored = document.env.NarrowToWide(resource.path);
     }
 }
 
@@ -103,18 +100,15 @@ const std::vector<SurveyedFile> &FileSurvey::Files() const
 void FileSurvey::Read() const
 {
     isRead = true;
-    SurveyReader reader(document, files);
-    const CResFolder &root = document.root;
-    for (const quint32 kind : {KIND_AUDIO, KIND_VIDEO, KIND_BINARY})
-        reader.AddFolder(root.FindFolder(kind, 2), false, ANY_RESOLUTION);
-    for (const CheckedScreen &screen : screens) {
-        if (screen.index >= 0)
-            reader.AddFolder(root.FindFolder(KIND_RESO_IMAGES, screen.index, 2), true, screen.index);
-    }
-    reader.AddFolder(root.FindFolder(KIND_RESO_IMAGES, ANY_RESOLUTION, 2), true, ANY_RESOLUTION);
-    if (const CResFolder *components = root.FindFolder(KIND_CPIMAGES, 2)) {
-        for (const auto &component : components->subfolders)
-            reader.AddFolder(component.get(), true, ANY_RESOLUTION);
+    OutputGuard guard({});
+    PackFiles disk(nullptr, guard);
+    for (SurveyedFile &file : files) {
+        if (IsStopped())
+            return;
+        if (file.stored.isEmpty())
+            continue;
+        file.path = ResolvePath(file.stored, folder);
+        ReadStart(disk, file);
     }
 }
 
@@ -136,9 +130,9 @@ const QByteArray &FileSurvey::DigestOf(const SurveyedFile &file) const
     const FileHandle handle = FileHandle::OpenRead(file.found);
     QByteArray piece(64 * 1024, Qt::Uninitialized);
     ssize_t got = handle.IsOpen() ? 0 : -1;
-    while (got >= 0 && (got = handle.Read(piece.data(), size_t(piece.size()))) > 0)
+    while (got >= 0 && !IsStopped() && (got = handle.Read(piece.data(), size_t(piece.size()))) > 0)
         hash.addData(QByteArrayView(piece.constData(), got));
-    return *digests.insert(&file, got < 0 ? QByteArray() : hash.result());
+    return *digests.insert(&file, got < 0 || IsStopped() ? QByteArray() : hash.result());
 }
 
 bool FileSurvey::HaveSameBytes(const SurveyedFile &a, const SurveyedFile &b) const

@@ -6,18 +6,19 @@
 #include "PictureHeader.h"
 #include "WaveHeader.h"
 
+#include <atomic>
 #include <vector>
 
-class CFileRes;
 class CResDoc;
+class CResFolder;
 
 /// A file that a project's list of resources names, as it is on the disk.
 struct SurveyedFile
 {
-    const CFileRes *resource = nullptr;
     QString id;
     bool isImage = false;   ///< in a folder of images
     bool isStock = false;   ///< a component's image that belongs to the program
+    bool isPush = false;    ///< its ID is of a type Push
     qint32 screen = -1;     ///< the index of the screen whose images it belongs to; -1 for none (ANY_RESOLUTION)
     QString stored;         ///< the path as the list has it
     QString path;           ///< absolute, in the same spelling
@@ -43,14 +44,19 @@ struct CheckedScreen
 };
 
 /// The files of a project's resources, read once for all rules: the first bytes of each, and no pixels. Reads nothing
-/// before the first call that needs it. Not for several threads.
+/// before the first call that needs it.
+///
+/// The constructor takes from the document what it needs to know, so that the files can be read in another thread while
+/// the document is edited; `ReadPositions` must be called before that. Not for several threads at a time.
 class FileSurvey
 {
 public:
     /// Looks at the images of these screens, and of all that the project uses if there are none; and at all files that
-    /// belong to no screen. The document must outlive this object.
-    FileSurvey(CResDoc &openDocument, const std::vector<ScreenSize> &wantedScreens);
+    /// belong to no screen.
+    FileSurvey(CResDoc &document, const std::vector<ScreenSize> &wantedScreens);
 
+    /// The project's folder.
+    [[nodiscard]] const QString &Folder() const { return folder; }
     /// All files, in the order of the project's tree.
     [[nodiscard]] const std::vector<SurveyedFile> &Files() const;
     [[nodiscard]] const std::vector<CheckedScreen> &Screens() const { return screens; }
@@ -65,14 +71,23 @@ public:
 
     /// Returns a finding about a file's line in the resource list.
     [[nodiscard]] Finding About(const SurveyedFile &file, const QString &text) const;
-    [[nodiscard]] const ListPositions &Positions() const { return positions; }
+    /// Reads the project's list, for the lines of findings, unless it has been read. Main thread only.
+    void ReadPositions() const { positions.Read(); }
+
+    /// Makes the functions that read files end early, with nothing that can be used, once `stopped` is true. It must
+    /// outlive this object.
+    void StopWhen(const std::atomic<bool> &stopped) { stop = &stopped; }
+    [[nodiscard]] bool IsStopped() const { return stop && *stop; }
 
 private:
+    void Add(const CResDoc &document, const CResFolder *from, bool isImage, qint32 screen);
+    void AddAll(const CResDoc &document);
     void Read() const;
 
-    CResDoc &document;
+    QString folder;
     std::vector<CheckedScreen> screens;
     ListPositions positions;
+    const std::atomic<bool> *stop = nullptr;
     mutable bool isRead = false;
     mutable std::vector<SurveyedFile> files;
     mutable QHash<const SurveyedFile *, QByteArray> digests;

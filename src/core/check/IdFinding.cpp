@@ -2,17 +2,13 @@
 #include "IdFinding.h"
 
 #include "CResDoc.h"
-#include "LayoutFault.h"
-#include "Paths.h"
+#include "ListPositions.h"
 #include "ProjectContext.h"
 #include "ProjectLayouts.h"
 #include "RowNotes.h"
 #include "RuleReport.h"
 #include "StringFileFormat.h"
 #include "TextHash.h"
-#include "Xml.h"
-
-#include <QHash>
 
 namespace
 {
@@ -34,34 +30,15 @@ bool IsString(CResModel &model, const QString &id)
     return record && dynamic_cast<const CStringRes *>(record->holders);
 }
 
-/// Collects the first row of each ID in an XML file.
-void CollectRows(const TiXmlElement &element, QHash<QString, int> &rows)
+/// Sets the place of each finding whose ID is in the file, and removes it from the list.
+void PlaceIn(const ListPositions &positions, std::vector<Finding *> &findings)
 {
-    ForEachChild(element, [&](const TiXmlElement &child) {
-        if (const char *const id = child.Attribute("id")) {
-            int &row = rows[QString::fromUtf8(id)];
-            row = row > 0 ? row : RowOf(child);
-        }
-        CollectRows(child, rows);
-    });
-}
-
-/// Sets the row of each finding whose ID is in the file, and removes it from the list.
-void PlaceIn(CResDoc &document, const QString &path, std::vector<Finding *> &findings)
-{
-    TiXmlDocument xml;
-    const TiXmlElement *const root =
-        findings.empty() || LoadXml(document.env, path, xml) != 0 ? nullptr : xml.RootElement();
-    if (!root)
-        return;
-    QHash<QString, int> rows;
-    CollectRows(*root, rows);
     std::erase_if(findings, [&](Finding *finding) {
-        const auto row = rows.constFind(finding->id);
-        if (row == rows.constEnd())
+        const int line = positions.LineOf(finding->id);
+        if (line == 0)
             return false;
-        finding->file = path;
-        finding->line = *row;
+        finding->file = positions.File();
+        finding->line = line;
         return true;
     });
 }
@@ -86,11 +63,11 @@ void PlaceInLists(CResDoc &document, std::vector<Finding> &findings)
         if (finding.file.isEmpty() && !finding.id.isEmpty() && !IsString(document, finding.id))
             unplaced.push_back(&finding);
     }
+    const ListPositions list(document);
+    PlaceIn(list, unplaced);
     const ProjectPaths paths(document.PathName(), document.env);
-    const QString list = paths.Absolute(paths.ResourcePath());
-    PlaceIn(document, list, unplaced);
     for (const NarrowText &path : unplaced.empty() ? QByteArrayList() : LayoutFiles(document))
-        PlaceIn(document, paths.Absolute(document.env.NarrowToWide(path)), unplaced);
+        PlaceIn(ListPositions(document.env, paths.Absolute(document.env.NarrowToWide(path))), unplaced);
     for (Finding *finding : unplaced)
-        finding->file = list;
+        finding->file = list.File();
 }

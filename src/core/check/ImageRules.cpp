@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ImageRules.h"
 
-#include "CheckFacts.h"
-#include "FileSurvey.h"
 #include "ImageConversion.h"
 #include "PackCodes.h"
 #include "Paths.h"
-#include "Resources.h"
 #include "RuleReport.h"
 
 #include <algorithm>
@@ -18,9 +15,9 @@ namespace
 {
 
 /// Calls `function(file)` for each image whose file can be read and isn't too short.
-template <typename Function> void ForEachImage(const CheckInput &input, Function &&function)
+template <typename Function> void ForEachImage(const FileCheckInput &input, Function &&function)
 {
-    for (const SurveyedFile &file : input.facts->Files(input).Files()) {
+    for (const SurveyedFile &file : input.files.Files()) {
         if (file.isImage && file.isRegular && file.size > IMAGE_TOO_SMALL)
             function(file);
     }
@@ -110,70 +107,69 @@ void CompareSizes(const FileSurvey &survey, const ImageSet &set, RuleReport &rep
 
 } // namespace
 
-void ImageUnreadable(const CheckInput &input, RuleReport &report)
+void ImageUnreadable(const FileCheckInput &input, RuleReport &report)
 {
     ForEachImage(input, [&](const SurveyedFile &file) {
         if (!file.picture.fault.isEmpty())
-            report.Add(input.facts->Files(input).About(
-                file, u"the image %1 can't be read: %2"_s.arg(file.stored, file.picture.fault)));
+            report.Add(
+                input.files.About(file, u"the image %1 can't be read: %2"_s.arg(file.stored, file.picture.fault)));
         else if (file.content == ContentKind::Unknown && NeedImageConvert(file.stored))
-            report.Add(input.facts->Files(input).About(
+            report.Add(input.files.About(
                 file, u"the image %1 doesn't begin as BMP, GIF, JPEG and PNG files do"_s.arg(file.stored)));
     });
 }
 
-void ImageFormat(const CheckInput &input, RuleReport &report)
+void ImageFormat(const FileCheckInput &input, RuleReport &report)
 {
     ForEachImage(input, [&](const SurveyedFile &file) {
         if (file.content == ContentKind::WebP || file.content == ContentKind::Svg) {
-            report.Add(input.facts->Files(input).About(
-                file, u"the format of the image %1 is %2, which can't be converted"_s.arg(file.stored,
-                                                                                          NameOf(file.content))));
+            report.Add(input.files.About(file, u"the format of the image %1 is %2, which can't be converted"_s.arg(
+                                                   file.stored, NameOf(file.content))));
             return;
         }
         // A pack can leave images as they are, unless they are of type Push.
-        const bool isConverted = file.content == ContentKind::DeviceImage && !file.resource->Id()->push;
+        const bool isConverted = file.content == ContentKind::DeviceImage && !file.isPush;
         if (!NeedImageConvert(file.stored) && !isConverted)
-            report.Add(input.facts->Files(input).About(
+            report.Add(input.files.About(
                 file, u"the name %1 doesn't end in bmp, gif, jpg or png, so the image can't be converted"_s.arg(
                           FileName(file.stored))));
     });
 }
 
-void ImageTooLarge(const CheckInput &input, RuleReport &report)
+void ImageTooLarge(const FileCheckInput &input, RuleReport &report)
 {
     ForEachImage(input, [&](const SurveyedFile &file) {
-        const CheckedScreen *const screen = input.facts->Files(input).ScreenOf(file);
+        const CheckedScreen *const screen = input.files.ScreenOf(file);
         if (!screen || !file.HasPicture() || !file.picture.fault.isEmpty())
             return;
         if (file.picture.width > quint32(screen->size.width) || file.picture.height > quint32(screen->size.height))
-            report.Add(input.facts->Files(input).About(
-                file, u"the image %1 has %2 x %3 pixels, more than the screen %4"_s.arg(file.stored)
-                          .arg(file.picture.width)
-                          .arg(file.picture.height)
-                          .arg(screen->Name())));
+            report.Add(
+                input.files.About(file, u"the image %1 has %2 x %3 pixels, more than the screen %4"_s.arg(file.stored)
+                                            .arg(file.picture.width)
+                                            .arg(file.picture.height)
+                                            .arg(screen->Name())));
     });
 }
 
-void ImageSizeDiffers(const CheckInput &input, RuleReport &report)
+void ImageSizeDiffers(const FileCheckInput &input, RuleReport &report)
 {
-    const FileSurvey &survey = input.facts->Files(input);
+    const FileSurvey &survey = input.files;
     for (const auto &[id, set] : ImageSets(survey))
         CompareSizes(survey, set, report);
 }
 
-void ImageResolutionMissing(const CheckInput &input, RuleReport &report)
+void ImageResolutionMissing(const FileCheckInput &input, RuleReport &report)
 {
-    const std::vector<CheckedScreen> &screens = input.facts->Files(input).Screens();
-    for (const auto &[id, set] : ImageSets(input.facts->Files(input))) {
+    const std::vector<CheckedScreen> &screens = input.files.Screens();
+    for (const auto &[id, set] : ImageSets(input.files)) {
         QStringList missing;
         for (size_t place = 0; place < screens.size(); ++place) {
             if (!set.byScreen[place])
                 missing.append(screens[place].Name());
         }
         if (!missing.isEmpty())
-            report.Add(input.facts->Files(input).About(
-                *set.first, u"there is an image for %1, but none for %2"_s.arg(
-                                input.facts->Files(input).ScreenOf(*set.first)->Name(), missing.join(u", "_s))));
+            report.Add(
+                input.files.About(*set.first, u"there is an image for %1, but none for %2"_s.arg(
+                                                  input.files.ScreenOf(*set.first)->Name(), missing.join(u", "_s))));
     }
 }

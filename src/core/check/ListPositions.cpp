@@ -5,6 +5,8 @@
 #include "ProjectContext.h"
 #include "Xml.h"
 
+#include <utility>
+
 namespace
 {
 
@@ -21,35 +23,61 @@ int SideOf(const TiXmlElement &element, const char *attribute)
 
 } // namespace
 
-ListPositions::ListPositions(CResDoc &openDocument) : document(openDocument)
+ListPositions::ListPositions(const CResDoc &document) : env(document.env)
 {
     const ProjectPaths paths(document.PathName(), document.env);
     file = paths.Absolute(paths.ResourcePath());
 }
 
+ListPositions::ListPositions(const Environment &environment, QString layoutFile)
+    : env(environment), file(std::move(layoutFile))
+{
+}
+
+int ListPositions::LineOf(const QString &id) const
+{
+    Read();
+    return firstLines.value(id, 0);
+}
+
 int ListPositions::LineOf(const QString &id, ScreenSize screen) const
 {
-    if (!isRead)
-        Read();
+    Read();
     return lines.value({id, KeyOf(screen)}, 0);
 }
 
 void ListPositions::Read() const
 {
+    if (isRead)
+        return;
     isRead = true;
-    TiXmlDocument list;
-    if (LoadXml(document.env, file, list) != 0)
+    TiXmlDocument xml;
+    const TiXmlElement *const root = LoadXml(env, file, xml) == 0 ? xml.RootElement() : nullptr;
+    if (!root)
         return;
-    const TiXmlElement *const app = list.RootElement();
-    if (!app)
-        return;
+    AddBelow(*root);
+    AddForScreens(*root);
+}
+
+void ListPositions::AddBelow(const TiXmlElement &parent) const
+{
+    ForEachChild(parent, [this](const TiXmlElement &element) {
+        const char *const id = element.Attribute("id");
+        if (id && !firstLines.contains(QString::fromUtf8(id)))
+            firstLines.insert(QString::fromUtf8(id), RowOf(element));
+        AddBelow(element);
+    });
+}
+
+void ListPositions::AddForScreens(const TiXmlElement &app) const
+{
     const auto add = [this](const TiXmlElement &element, quint64 key) {
         const char *const id = element.Attribute("id");
         const std::pair place(QString::fromUtf8(id), key);
         if (id && !lines.contains(place)) // the load takes the first of several elements with the same ID
             lines.insert(place, RowOf(element));
     };
-    ForEachChild(*app, [&](const TiXmlElement &element) {
+    ForEachChild(app, [&](const TiXmlElement &element) {
         quint64 key = 0;
         if (element.ValueStr() == "RESOLUTION")
             key = KeyOf({SideOf(element, "width"), SideOf(element, "height")});

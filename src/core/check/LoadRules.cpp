@@ -2,6 +2,7 @@
 #include "LoadRules.h"
 
 #include "CResDoc.h"
+#include "CheckFacts.h"
 #include "CheckInput.h"
 #include "HostFiles.h"
 #include "OpeningCheck.h"
@@ -96,12 +97,6 @@ void AddAll(const std::vector<Finding> &findings, const char *rule, RuleReport &
     }
 }
 
-std::vector<Finding> SilentReasons(const CheckInput &input)
-{
-    CResDoc &document = input.document;
-    return OpeningCheck(document.env, document.tables, document.PathName(), &document).SilentReasons();
-}
-
 /// Returns what is wrong with the encoding of the string file; empty if nothing is, or if the file can't be read.
 QString WrongEncoding(const QString &path)
 {
@@ -186,7 +181,7 @@ void ElementDropped(const CheckInput &input, RuleReport &report)
 
 void ConflictMarkerLeft(const CheckInput &input, RuleReport &report)
 {
-    AddAll(SilentReasons(input), MARKER, report);
+    AddAll(input.facts->SilentReasons(input), MARKER, report);
 }
 
 void StringFileForm(const CheckInput &input, RuleReport &report)
@@ -197,7 +192,7 @@ void StringFileForm(const CheckInput &input, RuleReport &report)
 
 void SettingsMissing(const CheckInput &input, RuleReport &report)
 {
-    AddAll(SilentReasons(input), SETTINGS, report);
+    AddAll(input.facts->SilentReasons(input), SETTINGS, report);
     AddAll(input.loaded, SETTINGS, report);
     const Environment &env = input.document.env;
     if (input.document.tables.resourceTypes.isEmpty())

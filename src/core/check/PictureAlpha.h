@@ -9,8 +9,17 @@ struct PictureAlpha
     quint64 pixels = 0;
     quint64 transparent = 0; ///< pixels with an alpha below 255
     int lowest = 255;        ///< the smallest alpha
+
+    /// Returns whether, of these pixels, so few are transparent or so slightly that it is perhaps a mistake. Once it is
+    /// false, further transparent pixels don't change it.
+    [[nodiscard]] bool CanBeFew() const
+    {
+        constexpr quint64 FEW = 100; // one of so many pixels, or fewer
+        constexpr int NEARLY_OPAQUE = 250;
+        return transparent <= pixels / FEW || lowest >= NEARLY_OPAQUE;
+    }
 };
 
-/// Decodes a picture file, given its bytes, and counts its pixels by their alpha. Returns false if the file can't be
-/// decoded. The decoders are in a library of their own, which not every program loads.
+/// Counts the pixels of a picture file, given its bytes, by their alpha. May stop when `CanBeFew` is false. Returns
+/// false if the file can't be decoded. The decoders are in a library of their own, which not every program loads.
 using CountAlpha = bool (*)(const QByteArray &bytes, PictureAlpha &alpha);

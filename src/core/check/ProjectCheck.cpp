@@ -2,36 +2,17 @@
 #include "ProjectCheck.h"
 
 #include "CResDoc.h"
-#include "CheckFacts.h"
-#include "CheckInput.h"
-#include "IdFinding.h"
+#include "CheckRun.h"
 #include "Paths.h"
-#include "RuleReport.h"
-#include "Rules.h"
 #include "StringRows.h"
-#include "TextContext.h"
 
-#include <algorithm>
+#include <chrono>
 
 namespace
 {
 
-void Count(FindingCounts &counts, const std::vector<Finding> &findings)
-{
-    for (const Finding &finding : findings) {
-        switch (finding.severity) {
-        case Severity::Error:
-            ++counts.errors;
-            break;
-        case Severity::Warning:
-            ++counts.warnings;
-            break;
-        case Severity::Note:
-            ++counts.notes;
-            break;
-        }
-    }
-}
+constexpr std::chrono::milliseconds STEP(5); // for rows; a user notices 100 ms
+constexpr int ROWS_AT_ONCE = 32;             // between looks at the clock
 
 } // namespace
 
@@ -40,97 +21,182 @@ ProjectCheck::ProjectCheck(CResDoc &projectDocument, CountAlpha countOfAlpha)
 {
 }
 
+ProjectCheck::~ProjectCheck() = default;
+
 void ProjectCheck::Start()
 {
     if (isOn)
         return;
-    isOn = true;
+    isOn = hasChanged = true;
+    nameFreed.emplace(document.ids.nameFreed, [this](const NarrowText &id) { DropId(id); });
     CheckAgain();
 }
 
 void ProjectCheck::Stop()
 {
-    isOn = isDue = false;
-    ofRows.clear();
-    ofProject.clear();
-    counts = {};
+    wasStopped = true;
+    isOn = isDue = hasChanged = false;
+    nameFreed.reset();
+    run.reset();
+    basis.reset();
+    rows.Clear();
+    others.Clear();
     changed.Tell();
+}
+
+void ProjectCheck::FollowSettings()
+{
+    const FileStamp now = FileStamp::Of(CheckSettingsPath(DirectoryOf(document.PathName())));
+    if (now == settingsStamp)
+        return;
+    settingsStamp = now;
+    if (isOn)
+        CheckAgain();
+    else if (!wasStopped && now.IsThere())
+        Start();
 }
 
 void ProjectCheck::CheckAgain()
 {
-    isDue = isOn;
-    if (isDue)
-        due.Tell();
+    if (!isOn)
+        return;
+    isDue = true;
+    due.Tell();
+}
+
+/// Begins to check everything, in place of a check in progress.
+void ProjectCheck::Begin()
+{
+    isDue = false;
+    run.reset();
+    settingsStamp = FileStamp::Of(CheckSettingsPath(DirectoryOf(document.PathName())));
+    basis = std::make_unique<CheckBasis>(document);
+    run = std::make_unique<CheckRun>(document, *basis, countAlpha, [this] { due.Tell(); });
+    const CResFolder *const strings = document.root.FindFolder(KIND_STRINGS, 2);
+    nextRow = strings && !strings->subfolders.empty() ? strings->subfolders.front()->resources.First() : nullptr;
+    if (!nextRow)
+        rows.Clear();
 }
 
 bool ProjectCheck::Step()
 {
-    if (!IsRunning())
-        return false;
-    isDue = false;
-    std::vector<Finding> found;
-    const CheckSettings settings = ReadCheckSettings(DirectoryOf(document.PathName()), found);
-    const TextContext texts(document, settings);
-    ofRows.clear();
-    ofProject.clear();
-    RowCheck rowCheck(texts);
-    std::vector<StringRow> rows = StringRowsOf(document);
-    for (StringRow &row : rows) {
-        std::vector<Finding> ofRow;
-        RuleReport report(settings, [&](Finding &&finding) { ofRow.push_back(std::move(finding)); });
-        rowCheck.Check(*row.head, report);
-        row.sourceHash = rowCheck.SourceHash();
-        if (!ofRow.empty())
-            ofRows.insert(row.head, std::move(ofRow));
+    bool hasMore = false;
+    if (isDue) {
+        Begin();
+        hasMore = run->Step(); // its thread reads files while the rows are checked
+    } else if (run && nextRow) {
+        CheckRows();
+        hasMore = true;
+    } else if (run) {
+        hasMore = run->Step();
+        if (run->IsComplete()) {
+            others.Set(std::move(run->Findings()), document);
+            run.reset();
+            hasChanged = true;
+        }
     }
-    CheckFacts facts;
-    CheckInput input{document, settings, texts, document.findings.All(), settings.target, {}, countAlpha, &facts};
-    input.repeatedRows = RowsWithEqualSource(rows);
-    RuleReport report(settings, [&](Finding &&finding) { ofProject.push_back(std::move(finding)); });
-    for (const Rule &rule : AllRules()) {
-        if (rule.project && report.Begin(rule))
-            rule.project(input, report);
+    if (std::exchange(hasChanged, false)) {
+        changed.Tell();
+        return isDue || hasMore; // a listener may have stopped the check or asked for another one
     }
-    PlaceInLists(document, ofProject);
-    counts = {};
-    for (const std::vector<Finding> &ofRow : ofRows)
-        Count(counts, ofRow);
-    Count(counts, ofProject);
-    changed.Tell();
-    return false;
+    return hasMore;
 }
 
-void ProjectCheck::RowChanged(const CStringRes &)
+void ProjectCheck::Complete()
 {
-    CheckAgain();
+    while (IsRunning()) {
+        if (!Step() && run)
+            run->WaitForFiles();
+    }
+}
+
+void ProjectCheck::CheckRow(const CStringRes &head)
+{
+    std::vector<Finding> found;
+    RuleReport report(*basis->settings, [&found](Finding &&finding) { found.push_back(std::move(finding)); });
+    basis->rows.Check(head, report);
+    hasChanged = rows.Set(head, std::move(found)) || hasChanged;
+}
+
+/// Checks the next rows, as many as a step has time for. The findings are reported when all rows are checked.
+void ProjectCheck::CheckRows()
+{
+    const bool hadChanged = hasChanged;
+    const auto end = std::chrono::steady_clock::now() + STEP;
+    do {
+        for (int n = 0; nextRow && n < ROWS_AT_ONCE; ++n) {
+            CheckRow(static_cast<const CStringRes &>(*nextRow));
+            nextRow = nextRow->NextInFolder();
+        }
+    } while (nextRow && std::chrono::steady_clock::now() < end);
+    hasChanged = hadChanged || !nextRow;
+}
+
+void ProjectCheck::RowChanged(const CStringRes &head)
+{
+    if (!basis)
+        return; // the check is off, or checks the row later
+    CheckRow(head);
+    SetChanged();
 }
 
 void ProjectCheck::RowGoes(const CStringRes &head)
 {
-    ofRows.remove(&head);
-    CheckAgain();
+    if (nextRow == &head)
+        nextRow = head.NextInFolder();
+    if (rows.Set(head, {}))
+        SetChanged();
 }
 
-const std::vector<Finding> *ProjectCheck::OfRow(const CStringRes &head) const
+void ProjectCheck::DropId(const NarrowText &id)
 {
-    const auto found = ofRows.constFind(&head);
-    return found == ofRows.constEnd() ? nullptr : &*found;
+    if (others.Drop(id))
+        SetChanged();
+}
+
+void ProjectCheck::SetChanged()
+{
+    hasChanged = true;
+    due.Tell();
+}
+
+std::vector<const Finding *> ProjectCheck::AboutRow(const CStringRes &head) const
+{
+    std::vector<const Finding *> found;
+    if (const std::vector<Finding> *const ofRow = rows.Of(head)) {
+        for (const Finding &finding : *ofRow)
+            found.push_back(&finding);
+    }
+    for (const Finding *finding : others.About(head.Id()->name))
+        found.push_back(finding);
+    return found;
 }
 
 std::vector<Finding> ProjectCheck::All() const
 {
     std::vector<Finding> all;
-    for (const StringRow &row : StringRowsOf(document)) {
-        if (const auto *const ofRow = OfRow(*row.head))
-            all.insert(all.end(), ofRow->begin(), ofRow->end());
+    if (!rows.AreEmpty()) {
+        for (const StringRow &row : StringRowsOf(document)) {
+            if (const auto *const ofRow = rows.Of(*row.head))
+                all.insert(all.end(), ofRow->begin(), ofRow->end());
+        }
     }
-    all.insert(all.end(), ofProject.begin(), ofProject.end());
+    const std::vector<Finding> rest = others.All();
+    all.insert(all.end(), rest.begin(), rest.end());
     return all;
 }
 
-void ProjectCheck::TreeGoes(const CResFolder &)
+/// Drops the pointers to rows. Other parts of the tree are only checked again: nothing here points to them.
+void ProjectCheck::TreeGoes(const CResFolder &folder)
 {
-    ofRows.clear();
+    if (!isOn)
+        return;
+    run.reset();
+    if ((folder.kind & KIND_STRINGS) != 0) { // or the root, whose kind has all of these bits
+        basis.reset();
+        nextRow = nullptr;
+        rows.Clear();
+        hasChanged = true;
+    }
     CheckAgain();
 }

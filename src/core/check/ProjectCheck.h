@@ -2,36 +2,31 @@
 #pragma once
 
 #include "CheckSettings.h"
-#include "Finding.h"
+#include "FileStamps.h"
 #include "Notifier.h"
 #include "PictureAlpha.h"
+#include "ProjectFindings.h"
+#include "RowFindings.h"
 #include "TreeListener.h"
 
-#include <QHash>
+#include <memory>
+#include <optional>
 
-#include <vector>
-
+class CBaseRes;
+class CheckRun;
 class CResDoc;
 class CStringRes;
-
-/// The number of findings of each severity.
-struct FindingCounts
-{
-    int errors = 0;
-    int warnings = 0;
-    int notes = 0;
-    bool operator==(const FindingCounts &) const = default;
-};
+struct CheckBasis;
 
 /// The findings of an open project, which change while the project is edited: those of the rows of the string table at
-/// each change of a row, the others when the project is checked again. Does nothing until it is started. Main thread
-/// only.
+/// each change of a row, the others when the project is checked again. Does nothing, and needs no memory, until it is
+/// started. Changes neither the document nor files. Main thread only.
 class ProjectCheck : private ITreeListener
 {
 public:
     /// The document must outlive this object. `countOfAlpha` may be null (CheckInput::countAlpha).
     ProjectCheck(CResDoc &projectDocument, CountAlpha countOfAlpha);
-    ~ProjectCheck() = default;
+    ~ProjectCheck();
     ProjectCheck(const ProjectCheck &) = delete;
     ProjectCheck &operator=(const ProjectCheck &) = delete;
 
@@ -40,27 +35,37 @@ public:
     /// Stops the check and drops all findings.
     void Stop();
     [[nodiscard]] bool IsOn() const { return isOn; }
+    /// Follows the project's settings: starts the check if morvanite-check.ini is there and wasn't before, and checks
+    /// again if it has changed. Doesn't start a check that has been stopped. To be called when the project is shown and
+    /// whenever another program may have changed the file.
+    void FollowSettings();
 
     /// Checks everything again, with settings that are read again: after a save, a reload or a change of languages. The
     /// present findings stay until there are new ones.
     void CheckAgain();
-    /// Does a part of the work that is left. Returns whether there is more. To be called when nothing else is to do.
+    /// Does a part of the work that is left. Returns whether more can be done now. To be called when nothing else is to
+    /// do.
     bool Step();
-    /// Returns whether `Step` has work to do.
-    [[nodiscard]] bool IsRunning() const { return isOn && isDue; }
+    /// Does all the work that is left, and waits for the files that are read.
+    void Complete();
+    /// Returns whether the check isn't complete: work is left for `Step`, or files are being read.
+    [[nodiscard]] bool IsRunning() const { return isOn && (isDue || run || hasChanged); }
 
-    /// Tells that a row of the string table is new or has changed, given its record in the Description folder.
+    /// Tells that a row of the string table is new or has changed, given its record in the Description folder. Its
+    /// findings are new at once; `changed` follows with the next step.
     void RowChanged(const CStringRes &head);
     /// Tells that a row is about to be removed.
     void RowGoes(const CStringRes &head);
 
     /// The findings of the text rules for a row of the string table; null if there are none. Valid until the next
     /// change of this object.
-    [[nodiscard]] const std::vector<Finding> *OfRow(const CStringRes &head) const;
+    [[nodiscard]] const std::vector<Finding> *OfRow(const CStringRes &head) const { return rows.Of(head); }
+    /// All findings about a row of the string table: those of the text rules first. Valid until the next change.
+    [[nodiscard]] std::vector<const Finding *> AboutRow(const CStringRes &head) const;
     /// All findings: those of rows first, in the order of the string table, then the others by file and line. A finding
     /// of a row has an ID and neither file nor line.
     [[nodiscard]] std::vector<Finding> All() const;
-    [[nodiscard]] FindingCounts Counts() const { return counts; }
+    [[nodiscard]] FindingCounts Counts() const { return rows.Counts() + others.Counts(); }
     /// Reports that `Step` has work to do.
     Notifier<> due;
     /// Reports changes of the findings and of what the functions above return.
@@ -68,12 +73,23 @@ public:
 
 private:
     void TreeGoes(const CResFolder &folder) override;
+    void Begin();
+    void CheckRow(const CStringRes &head);
+    void CheckRows();
+    void DropId(const NarrowText &id);
+    void SetChanged();
 
     CResDoc &document;
     CountAlpha countAlpha;
+    FileStamp settingsStamp; // when the settings were read last; of no file before
     bool isOn = false;
+    bool wasStopped = false;
     bool isDue = false;
-    QHash<const CStringRes *, std::vector<Finding>> ofRows; // only rows with findings
-    std::vector<Finding> ofProject;
-    FindingCounts counts;
+    bool hasChanged = false; // since `changed` was told last
+    std::optional<Notifier<const NarrowText &>::Listener> nameFreed;
+    std::unique_ptr<CheckBasis> basis; // of the present findings and of the run; null before the first run
+    std::unique_ptr<CheckRun> run;     // the check in progress; null if there is none
+    const CBaseRes *nextRow = nullptr; // of the string table, that the run checks next
+    RowFindings rows;
+    ProjectFindings others;
 };

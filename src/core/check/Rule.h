@@ -6,6 +6,7 @@
 class RuleReport;
 class TextContext;
 struct CheckInput;
+struct FileCheckInput;
 struct TextPair;
 
 /// How serious the findings of a rule are. The settings can change it for each rule.
@@ -36,6 +37,9 @@ using TextRule = QString (*)(const TextPair &pair, const TextContext &context);
 /// Checks a whole project, and reports each finding.
 using ProjectRule = void (*)(const CheckInput &input, RuleReport &report);
 
+/// Checks the files that a project names, and reports each finding. May be called in another thread than the main one.
+using FileRule = void (*)(const FileCheckInput &input, RuleReport &report);
+
 /// A rule of the check: one row of the table.
 struct Rule
 {
@@ -44,9 +48,10 @@ struct Rule
     RuleLevel level;         ///< if the settings don't say otherwise
     const char *summary;     ///< one line
     const char *explanation; ///< what the rule finds, why that is wrong, and what to do
-    // At most one of the two functions. A rule without one has findings that others report, such as the load.
+    // At most one of the three functions. A rule without one has findings that others report, such as the load.
     TextRule text = nullptr;
     /// A text rule is called only for pairs of texts that have one of these features (TextFeature).
     quint32 needs = 0;
     ProjectRule project = nullptr;
+    FileRule files = nullptr;
 };

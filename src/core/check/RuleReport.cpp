@@ -2,6 +2,7 @@
 #include "RuleReport.h"
 
 #include "RowNotes.h"
+#include "Rules.h"
 
 #include <utility>
 
@@ -27,6 +28,14 @@ void RuleReport::Add(Finding finding)
     finding.code = rule->id;
     finding.severity = severity;
     sink(std::move(finding));
+}
+
+void RuleReport::AddFound(const std::vector<Finding> &findings)
+{
+    for (const Finding &finding : findings) {
+        if (Begin(*FindRule(QString::fromLatin1(finding.code))))
+            Add(finding);
+    }
 }
 
 void RuleReport::AddForRow(const RowNotes &notes, Finding finding)

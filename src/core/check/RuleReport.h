@@ -5,6 +5,7 @@
 #include "Finding.h"
 
 #include <functional>
+#include <vector>
 
 struct RowNotes;
 
@@ -26,7 +27,9 @@ public:
     bool Begin(const Rule &next);
     /// Adds a finding of the current rule. Its `code` and `severity` are replaced.
     void Add(Finding finding);
-    /// The same for a finding about a row of the string table, unless the row's notes ignore the rule.
+    /// Adds findings, each one of the rule that its `code` names. The current rule isn't defined afterwards.
+    void AddFound(const std::vector<Finding> &findings);
+    /// The same as `Add` for a finding about a row of the string table, unless the row's notes ignore the rule.
     void AddForRow(const RowNotes &notes, Finding finding);
 
 private:

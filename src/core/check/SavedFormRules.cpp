@@ -59,8 +59,8 @@ void Compare(const QString &file, QByteArrayView saved, qsizetype width, const Q
 void HeaderStale(const CheckInput &input, RuleReport &report)
 {
     CResDoc &document = input.document;
-    if (!CanMakeHeaders(input))
-        return; // another rule reports this
+    if (document.IsModified() || !CanMakeHeaders(input))
+        return; // a save is needed anyway, or another rule reports this
     const QString folder = document.env.settings.String("Path", "header_output", ".\\ResID");
     std::vector<GeneratedHeader> headers;
     if (IDGen::MakeHeaders(&document.ids, folder, document, headers) != 0)
@@ -74,9 +74,9 @@ void HeaderStale(const CheckInput &input, RuleReport &report)
 
 void ListsUnsaved(const CheckInput &input, RuleReport &report)
 {
-    if (HasLeftSomethingOut(input.loaded))
-        return; // a save would lose that; another rule reports this
     CResDoc &document = input.document;
+    if (document.IsModified() || HasLeftSomethingOut(input.loaded))
+        return; // a save is needed anyway, or would lose something; another rule reports that
     const QString text = u"a save would change the file, from this line on"_s;
     const ProjectPaths paths(document.PathName(), document.env);
     Compare(paths.Absolute(paths.ResourcePath()), MakeResourceList(document), 1, text, report);

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Returns the file names of the headers that are generated from the project. They have all IDs and use none.
+/// Returns the file names of the headers that are generated from the project.
 QSet<QString> GeneratedNames(const CResDoc &document)
 {
     QSet<QString> names;
@@ -26,31 +26,47 @@ QSet<QString> GeneratedNames(const CResDoc &document)
     return names;
 }
 
+/// Collects the names of a project that the values in layouts have, such as "@ID_LOGO" and "{@ID_UP, @ID_DOWN}".
+void AddUsed(const std::vector<std::unique_ptr<ComponentObject>> &components, const QSet<NarrowText> &ids,
+             QSet<NarrowText> &used)
+{
+    for (const auto &component : components) {
+        for (const AttributeRecord &attribute : component->attributes) {
+            SourceScanner scanner(attribute.value);
+            for (SourceName name; scanner.Next(name);) {
+                const auto id = ids.constFind(NarrowText::fromRawData(name.text.data(), name.text.size()));
+                if (id != ids.constEnd())
+                    used.insert(*id);
+            }
+        }
+        AddUsed(component->children, ids, used);
+    }
+}
+
 class SourceReader
 {
 public:
-    explicit SourceReader(const CheckInput &checkInput)
-        : input(checkInput), ids(input.document.ids), prefix(input.settings.sourcePrefix.toUtf8())
+    explicit SourceReader(const SourceRequest &sourceRequest) : request(sourceRequest)
     {
+        names.used = request.usedElsewhere;
     }
 
     SourceNames Read()
     {
-        const QSet<QString> generated = GeneratedNames(input.document);
         QSet<QString> seen;
-        for (const QString &pattern : input.settings.sourceFiles) {
-            const QStringList files = FilesOfPattern(DirectoryOf(input.document.PathName()), pattern);
+        for (const QString &pattern : request.patterns) {
+            const QStringList files = FilesOfPattern(request.folder, pattern);
             if (files.isEmpty())
                 names.patternsWithoutFile.append(pattern);
             for (const QString &file : files) {
-                if (!seen.contains(file) && !generated.contains(FileName(file)))
+                if (request.stop && *request.stop)
+                    return {};
+                if (!seen.contains(file) && !request.generated.contains(FileName(file)))
                     ReadSource(file);
                 seen.insert(file);
             }
         }
         std::erase_if(names.unknown, [this](const auto &unknown) { return defined.contains(unknown.name); });
-        for (const ListedLayout &layout : ListLayouts(input.document))
-            ReadComponents(layout.layout->components);
         return std::move(names);
     }
 
@@ -68,12 +84,12 @@ private:
         for (SourceName name; scanner.Next(name);) {
             // A copy is made only of names that are kept.
             const NarrowText word = NarrowText::fromRawData(name.text.data(), name.text.size());
-            const bool hasPrefix = word.startsWith(prefix) && word.size() > prefix.size();
+            const bool hasPrefix = word.startsWith(request.prefix) && word.size() > request.prefix.size();
             if (name.isDefined) {
                 if (hasPrefix)
                     defined.insert(name.text.toByteArray());
-            } else if (ids.FindName(word)) {
-                Use(name.text);
+            } else if (const auto id = request.ids.constFind(word); id != request.ids.constEnd()) {
+                names.used.insert(*id);
             } else if (hasPrefix && !told.contains(word)) {
                 told.insert(name.text.toByteArray());
                 const int column = int(QString::fromUtf8(name.before).size()) + 1;
@@ -82,36 +98,29 @@ private:
         }
     }
 
-    void Use(QByteArrayView name)
-    {
-        if (!names.used.contains(NarrowText::fromRawData(name.data(), name.size())))
-            names.used.insert(name.toByteArray());
-    }
-
-    void ReadComponents(const std::vector<std::unique_ptr<ComponentObject>> &components)
-    {
-        for (const auto &component : components) {
-            for (const AttributeRecord &attribute : component->attributes) {
-                SourceScanner scanner(attribute.value); // references are such as "@ID_LOGO" and "{@ID_UP, @ID_DOWN}"
-                for (SourceName name; scanner.Next(name);) {
-                    if (ids.FindName(NarrowText::fromRawData(name.text.data(), name.text.size())))
-                        Use(name.text);
-                }
-            }
-            ReadComponents(component->children);
-        }
-    }
-
-    const CheckInput &input;
-    IDPool &ids;
-    QByteArray prefix;
+    const SourceRequest &request;
     QSet<NarrowText> defined;
     SourceNames names;
 };
 
 } // namespace
 
-SourceNames ReadSources(const CheckInput &input)
+SourceRequest SourceRequestOf(const CheckInput &input)
 {
-    return SourceReader(input).Read();
+    const CResDoc &document = input.document;
+    SourceRequest request;
+    request.folder = DirectoryOf(document.PathName());
+    request.patterns = input.settings.sourceFiles;
+    request.prefix = input.settings.sourcePrefix.toUtf8();
+    request.generated = GeneratedNames(document);
+    for (const IDRecord *record = document.ids.sentinel.next; record != &document.ids.sentinel; record = record->next)
+        request.ids.insert(record->name);
+    for (const ListedLayout &layout : ListLayouts(document))
+        AddUsed(layout.layout->components, request.ids, request.usedElsewhere);
+    return request;
+}
+
+SourceNames ReadSources(const SourceRequest &request)
+{
+    return SourceReader(request).Read();
 }

@@ -6,6 +6,7 @@
 #include <QSet>
 #include <QStringList>
 
+#include <atomic>
 #include <vector>
 
 struct CheckInput;
@@ -29,6 +30,21 @@ struct SourceNames
     std::vector<Unknown> unknown;    ///< in the order of the files
 };
 
-/// Reads the files in section Sources of the settings, except for the generated headers, and the layouts of the
-/// project. A macro that a source defines isn't an unknown name.
-[[nodiscard]] SourceNames ReadSources(const CheckInput &input);
+/// What `ReadSources` needs to know. It is taken from a project and doesn't lead to the document, so that the sources
+/// can be read in another thread.
+struct SourceRequest
+{
+    QString folder;                          ///< the project's
+    QStringList patterns;                    ///< CheckSettings::sourceFiles
+    NarrowText prefix;                       ///< CheckSettings::sourcePrefix
+    QSet<NarrowText> ids;                    ///< the names of the project's IDs
+    QSet<NarrowText> usedElsewhere;          ///< those of them that layouts use
+    QSet<QString> generated;                 ///< the names of the generated headers, which have all IDs and use none
+    const std::atomic<bool> *stop = nullptr; ///< if not null: the reading ends early once it is true
+};
+
+[[nodiscard]] SourceRequest SourceRequestOf(const CheckInput &input);
+
+/// Reads the files in section Sources of the settings, except for the generated headers. A macro that a source defines
+/// isn't an unknown name.
+[[nodiscard]] SourceNames ReadSources(const SourceRequest &request);

@@ -2,6 +2,10 @@
 #include "StringRows.h"
 
 #include "ResModel.h"
+#include "RowTexts.h"
+#include "TextContext.h"
+
+#include <QHashFunctions>
 
 #include <algorithm>
 
@@ -35,4 +39,15 @@ std::vector<const CStringRes *> RowsWithEqualSource(const std::vector<StringRow>
             found.push_back(row.head);
     }
     return found;
+}
+
+std::vector<const CStringRes *> RowsWithEqualSource(const CResModel &model, const TextContext &context)
+{
+    std::vector<StringRow> rows = StringRowsOf(model);
+    RowTexts texts(context);
+    for (StringRow &row : rows) {
+        texts.Take(*row.head);
+        row.sourceHash = context.Languages().empty() ? 0 : qHash(texts[context.Source()]);
+    }
+    return RowsWithEqualSource(rows);
 }

@@ -6,6 +6,7 @@
 
 class CResModel;
 class CStringRes;
+class TextContext;
 
 /// A row of the string table.
 struct StringRow
@@ -19,3 +20,7 @@ struct StringRow
 
 /// Returns those rows that have the same hash as another one, in their order.
 [[nodiscard]] std::vector<const CStringRes *> RowsWithEqualSource(const std::vector<StringRow> &rows);
+
+/// Returns the rows of a project's string table whose source texts another row has too, in its order, and perhaps a few
+/// others.
+[[nodiscard]] std::vector<const CStringRes *> RowsWithEqualSource(const CResModel &model, const TextContext &context);

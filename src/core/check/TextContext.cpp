@@ -9,6 +9,7 @@
 #include "StringFileFormat.h"
 #include "TextFeatures.h"
 #include "TextHash.h"
+#include "TextLimits.h"
 
 #include <QHashFunctions>
 
@@ -80,17 +81,7 @@ int TextContext::PlaceOf(qint32 number) const
 
 TextLimit TextContext::LimitOf(QStringView id, const RowNotes &notes) const
 {
-    TextLimit limit;
-    for (const TextLimit &candidate : settings.limits) {
-        if (MatchesPattern(id, candidate.pattern)) {
-            limit = candidate;
-            break;
-        }
-    }
-    limit.length = notes.length > 0 ? notes.length : limit.length;
-    limit.width = notes.width > 0 ? notes.width : limit.width;
-    limit.lines = notes.lines > 0 ? notes.lines : limit.lines;
-    return limit;
+    return ::LimitOf(settings, id, notes);
 }
 
 RowCheck::RowCheck(const TextContext &textContext)

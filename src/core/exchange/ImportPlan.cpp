@@ -27,10 +27,15 @@ QString KindWord(bool push)
     return (push ? PUSH_WORD : NORMAL_WORD).toString();
 }
 
+constexpr bool IsTaken(quint8 fate)
+{
+    return fate == quint8(CellFate::Filled) || fate == quint8(CellFate::New) || fate == quint8(CellFate::Replaced);
+}
+
 } // namespace
 
-ImportPlan::ImportPlan(CResModel &document, const IImportSource &texts, QString filePath)
-    : model(document), source(texts), file(std::move(filePath))
+ImportPlan::ImportPlan(CResModel &document, const IImportSource &texts, QString filePath, ImportOptions importOptions)
+    : model(document), source(texts), file(std::move(filePath)), options(std::move(importOptions))
 {
 }
 
@@ -51,6 +56,13 @@ void ImportPlan::AddLanguage(qint32 language, const QString &title, quint32 colu
 bool ImportPlan::HasFolder(const CResFolder &folder) const
 {
     return std::find(existing.begin(), existing.end(), &folder) != existing.end();
+}
+
+std::optional<qint32> ImportPlan::LanguageOf(quint32 column) const
+{
+    const auto found = std::find_if(languages.begin(), languages.end(),
+                                    [column](const Language &language) { return language.column == column; });
+    return found == languages.end() ? std::nullopt : std::optional(found->number);
 }
 
 void ImportPlan::AddLostRow(quint32 row, CellFate fate)
@@ -74,7 +86,7 @@ void ImportPlan::AddRow(quint32 row, bool push)
 {
     const QString id = source.Id(row);
     if (!Fits(id)) {
-        Refuse(row, id, ID_WORD.toString());
+        Refuse(row, 0, id, ID_WORD.toString());
         return AddLostRow(row, CellFate::Refused);
     }
     const NarrowText name = model.env.WideToNarrow(id);
@@ -84,10 +96,18 @@ void ImportPlan::AddRow(quint32 row, bool push)
     const bool isFirst = planned.first == NONE;
     const bool hasHead = !isFirst || (record && folders.front() && cells.Find(record, *folders.front()));
     if (!hasHead && model.ids.unique && model.ids.FindName(name)) {
-        model.env.Report({"import.id-conflict", Severity::Error, file, int(row) + 1, id, {}},
-                         "ID conflicts - %s (Line %d).", Shown(id).constData(), int(row) + 1);
+        const ImportPlace place = source.PlaceOf(row, 0);
+        if (place.file.isEmpty())
+            model.env.Report({"import.id-conflict", Severity::Error, file, place.line, id, {}},
+                             "ID conflicts - %s (Line %d).", Shown(id).constData(), place.line);
+        else
+            model.env.Report({"import.id-conflict", Severity::Error, place.file, place.line, id, {}},
+                             "%s: another resource has the ID %s.", Shown(place.name).constData(),
+                             Shown(id).constData());
         return AddLostRow(row);
     }
+    if (options.onlyExisting && !record)
+        return AddLostRow(row);
     planned.row = row;
     planned.isLost = false;
     planned.isNew = !record && isFirst;
@@ -114,47 +134,80 @@ void ImportPlan::PlanTexts(Row &row, const IDRecord *record, const QString &id)
 {
     const bool isNoted = isRepeated || row.first != rows.size();
     for (size_t i = 0; i < languages.size(); ++i) {
-        const QString text = source.Text(row.row, languages[i].column);
-        if (text.isEmpty() && languages[i].number != DESCRIPTION) {
+        Language &language = languages[i];
+        const bool isDescription = language.number == DESCRIPTION;
+        if (!source.HasCell(row.row, language.column)) {
+            fates.push_back(isDescription ? quint8(CellFate::Same) : quint8(PASSED_OVER));
+            continue;
+        }
+        const QString text = source.Text(row.row, language.column);
+        if (text.isEmpty() && !isDescription) {
             fates.push_back(PASSED_OVER);
             continue;
         }
-        const std::optional<QString> before = TextBefore(row, i, record);
-        CellFate fate = before ? CellFate::Filled : CellFate::New;
-        if (before && *before == text)
-            fate = CellFate::Same;
-        else if (before && !before->isEmpty())
-            fate = CellFate::Kept;
-        else if (!Fits(text))
-            fate = CellFate::Refused;
+        const CellFate fate = FateOf(row, i, text, TextBefore(row, i, record));
         fates.push_back(quint8(fate));
+        ++counts[size_t(fate)];
         if (fate == CellFate::Refused)
-            Refuse(row.row, id, languages[i].number == DESCRIPTION ? DESCRIPTION_WORD.toString() : languages[i].title);
-        if (fate != CellFate::Filled && fate != CellFate::New)
+            Refuse(row.row, language.column, id, isDescription ? DESCRIPTION_WORD.toString() : language.title);
+        if (fate == CellFate::Stale)
+            TellStale(row.row, language.column, id);
+        if (!IsTaken(quint8(fate)))
             continue;
-        row.changes = true;
+        row.changes = language.isUsed = true;
         if (isNoted && !text.isEmpty())
-            places.try_emplace(KeyOf(row, i), Place{row.row, languages[i].column});
+            places.try_emplace(KeyOf(row, i), Place{row.row, language.column});
     }
+}
+
+CellFate ImportPlan::FateOf(const Row &row, size_t language, const QString &text, const Before &before) const
+{
+    const auto &[number, title, column, first, isUsed] = languages[language];
+    if (number != DESCRIPTION && (!options.Wants(number) || (options.onlyExisting && !folders[language])))
+        return CellFate::Nowhere;
+    if (before.text && *before.text == text)
+        return CellFate::Same;
+    if (!options.acceptStale && source.IsStale(row.row, column))
+        return CellFate::Stale;
+    if (!options.includeUnfinished && source.IsUnfinished(row.row, column))
+        return CellFate::Unfinished;
+    const bool hasOther = before.text && !before.text->isEmpty();
+    if (hasOther && (!options.replace || before.isImported || text.isEmpty()))
+        return CellFate::Kept;
+    if (!Fits(text))
+        return CellFate::Refused;
+    return hasOther ? CellFate::Replaced : before.text ? CellFate::Filled : CellFate::New;
 }
 
 void ImportPlan::NotePlaces(const Row &row)
 {
     for (size_t i = 0; i < languages.size(); ++i) {
-        const auto fate = CellFate(fates[row.firstFate + i]);
         const quint32 column = languages[i].column;
-        if ((fate == CellFate::Filled || fate == CellFate::New) && !source.Text(row.row, column).isEmpty())
+        if (IsTaken(fates[row.firstFate + i]) && !source.Text(row.row, column).isEmpty())
             places.try_emplace(KeyOf(row, i), Place{row.row, column});
     }
 }
 
-void ImportPlan::Refuse(quint32 row, const QString &id, const QString &language)
+void ImportPlan::Refuse(quint32 row, quint32 column, const QString &id, const QString &language)
 {
-    const int line = int(row) + 1;
+    const ImportPlace place = source.PlaceOf(row, column);
     refused.append(id + QStringLiteral(" (") + language + u')');
-    model.env.Report({"import.text-refused", Severity::Error, file, line, id, {}},
-                     "a string can't hold a tab or a line end - %s, %s (Line %d).", Shown(id).constData(),
-                     Shown(language).constData(), line);
+    if (place.file.isEmpty())
+        model.env.Report({"import.text-refused", Severity::Error, file, place.line, id, {}},
+                         "a string can't hold a tab or a line end - %s, %s (Line %d).", Shown(id).constData(),
+                         Shown(language).constData(), place.line);
+    else
+        model.env.Report({"import.text-refused", Severity::Error, place.file, place.line, id, {}},
+                         "%s: a string can't hold a tab or a line end - %s, %s.", Shown(place.name).constData(),
+                         Shown(id).constData(), Shown(language).constData());
+}
+
+void ImportPlan::TellStale(quint32 row, quint32 column, const QString &id)
+{
+    const ImportPlace place = source.PlaceOf(row, column);
+    model.env.Report({"import.stale", Severity::Warning, place.file, place.line, id, {}},
+                     "%s: %s has another source text now, so this translation of the old one isn't imported.",
+                     Shown(place.name).constData(), Shown(id).constData());
 }
 
 quint64 ImportPlan::KeyOf(const Row &row, size_t language) const
@@ -162,21 +215,24 @@ quint64 ImportPlan::KeyOf(const Row &row, size_t language) const
     return quint64(row.first) << 32 | languages[language].first;
 }
 
-std::optional<QString> ImportPlan::TextBefore(const Row &row, size_t language, const IDRecord *record) const
+ImportPlan::Before ImportPlan::TextBefore(const Row &row, size_t language, const IDRecord *record) const
 {
     CResFolder *const folder = folders[language];
     const CStringRes *const cell = record && folder ? cells.Find(record, *folder) : nullptr;
-    if (cell && !cell->text.isEmpty())
-        return cell->text;
+    const bool isFull = cell && !cell->text.isEmpty();
+    if (isFull && !options.replace)
+        return {cell->text};
     const auto found = places.empty() ? places.end() : places.find(KeyOf(row, language));
     if (found != places.end()) {
         const auto [otherRow, otherColumn] = found->second;
         if (otherRow < row.row || (otherRow == row.row && otherColumn < languages[language].column))
-            return source.Text(otherRow, otherColumn);
+            return {source.Text(otherRow, otherColumn), /*isImported=*/true};
     }
+    if (isFull)
+        return {cell->text};
     const bool isMade =
         languages[language].number == DESCRIPTION && rows.size() > row.first && rows[row.first].row < row.row;
-    return cell || isMade ? std::optional<QString>(QString()) : std::nullopt;
+    return {cell || isMade ? std::optional<QString>(QString()) : std::nullopt};
 }
 
 std::vector<ImportPlan::Cell> ImportPlan::Cells(size_t index) const
@@ -190,8 +246,10 @@ std::vector<ImportPlan::Cell> ImportPlan::Cells(size_t index) const
         for (size_t i = 0; i < languages.size(); ++i) {
             const quint32 column = languages[i].column;
             const quint8 fate = fates[row.firstFate + i];
+            if (!source.HasCell(row.row, column))
+                continue;
             const QString text = source.Text(row.row, column);
-            const QString before = TextBefore(row, i, record).value_or(QString());
+            const QString before = TextBefore(row, i, record).text.value_or(QString());
             const CellFate shown = fate == PASSED_OVER ? CellFate::Kept : CellFate(fate);
             if (!text.isEmpty() || (shown == CellFate::Kept && !before.isEmpty()))
                 all.push_back({row.row, column, shown, before, text});
@@ -223,10 +281,16 @@ void ImportPlan::Apply()
     rowsByName = {};
     places = {};
     LanguageFolders made(model);
-    std::vector<CResFolder *> targets;
-    for (const Language &language : languages)
-        targets.push_back(&made.Ensure(language.number, language.title));
-    CellFinder finder(targets);
+    std::vector<CResFolder *> targets; // null: nothing is imported into the language
+    std::vector<CResFolder *> all;
+    for (const Language &language : languages) {
+        const bool isMade = language.number == DESCRIPTION || language.isUsed ||
+                            (makesUnused && !options.onlyExisting && options.Wants(language.number));
+        targets.push_back(isMade ? &made.Ensure(language.number, language.title) : nullptr);
+        if (isMade)
+            all.push_back(targets.back());
+    }
+    CellFinder finder(all);
     for (const Row &row : rows) {
         if (row.changes)
             ApplyRow(row, targets, finder);
@@ -240,11 +304,11 @@ void ImportPlan::ApplyRow(const Row &row, const std::vector<CResFolder *> &targe
     RowBuilder builder(model, name);
     for (size_t i = 0; i < languages.size(); ++i) {
         const quint8 fate = fates[row.firstFate + i];
-        const bool isTaken = fate == quint8(CellFate::Filled) || fate == quint8(CellFate::New);
-        if (fate == PASSED_OVER)
+        const bool isTaken = IsTaken(fate);
+        if (fate == PASSED_OVER || !targets[i])
             continue;
         CStringRes *cell = record ? finder.Find(record, *targets[i]) : nullptr;
-        if (cell && isTaken && cell->text.isEmpty())
+        if (cell && isTaken && (cell->text.isEmpty() || fate == quint8(CellFate::Replaced)))
             cell->SetText(source.Text(row.row, languages[i].column));
         if (!cell && (isTaken || languages[i].number == DESCRIPTION)) {
             cell = builder.Add(*targets[i], isTaken ? source.Text(row.row, languages[i].column) : QString());

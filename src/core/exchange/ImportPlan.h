@@ -3,10 +3,12 @@
 
 #include "CellFate.h"
 #include "CellFinder.h"
+#include "ImportOptions.h"
 #include "ImportSource.h"
 
 #include <QStringList>
 
+#include <array>
 #include <optional>
 #include <unordered_map>
 
@@ -15,10 +17,11 @@ class CResModel;
 /// A plan of what an import will do with each text of its source. It is computed row by row, can be inspected, and is
 /// then applied.
 ///
-/// A text is imported if the string table has none; existing texts stay. For several rows with the same ID, the later
-/// rows take into account what the earlier rows will change. Computing the plan changes nothing except the report,
-/// which gets an error for each row and text that can't be imported. The plan needs a few bytes of memory for each
-/// text; the texts stay in the source.
+/// A text is imported if the string table has none; existing texts stay, unless the options say otherwise. For several
+/// rows with the same ID, the later rows take into account what the earlier rows will change, and never replace it.
+/// Computing the plan changes nothing except the report, which gets an error for each row and text that can't be
+/// imported, and a warning for each stale text. The plan needs a few bytes of memory for each text; the texts stay in
+/// the source.
 ///
 ///     ImportPlan plan(model, source, path);
 ///     plan.AddLanguage(StringFileFormat::DESCRIPTION, {}, 2);
@@ -41,13 +44,15 @@ public:
 
     /// `filePath` is the path of the file in findings. `document` and `texts` must outlive the plan, and only `Apply`
     /// may change them.
-    ImportPlan(CResModel &document, const IImportSource &texts, QString filePath);
+    ImportPlan(CResModel &document, const IImportSource &texts, QString filePath, ImportOptions importOptions = {});
 
     /// Tells the plan that the source has the texts of that language in `column`. `title` is the title for a new
     /// folder. Add the Description (StringFileFormat::DESCRIPTION) first, and all languages before all rows.
     void AddLanguage(qint32 language, const QString &title, quint32 column);
     /// Tells the plan that the source has the words for the kinds of rows in `column`.
     void SetKindColumn(quint32 column) { kindColumn = column; }
+    /// From this call on, a language that the project lacks is only made if one of its texts is imported.
+    void MakeOnlyUsedLanguages() { makesUnused = false; }
     /// Returns whether one of the languages has that folder.
     [[nodiscard]] bool HasFolder(const CResFolder &folder) const;
 
@@ -56,7 +61,14 @@ public:
     /// Plans to import nothing of a row.
     void AddLostRow(quint32 row) { AddLostRow(row, CellFate::Nowhere); }
 
+    [[nodiscard]] const IImportSource &Source() const { return source; }
     [[nodiscard]] size_t RowCount() const { return rows.size(); }
+    /// Returns the ID of the planned row `index`.
+    [[nodiscard]] QString IdOf(size_t index) const { return source.Id(rows[index].row); }
+    /// Returns the language of a column; nullopt if none has it.
+    [[nodiscard]] std::optional<qint32> LanguageOf(quint32 column) const;
+    /// Returns how many texts have that fate. Kinds of rows don't count, nor do texts beyond the languages.
+    [[nodiscard]] int Count(CellFate fate) const { return counts[size_t(fate)]; }
     /// Returns what the import does with the texts of the planned row `index`, from left to right. Only before `Apply`.
     [[nodiscard]] std::vector<Cell> Cells(size_t index) const;
     /// The texts that are refused, as "ID (Language)".
@@ -73,6 +85,7 @@ private:
         QString title;
         quint32 column;
         size_t first; // index of the first language with that number
+        bool isUsed = false; // a text of it is imported
     };
     struct Row
     {
@@ -97,24 +110,34 @@ private:
         quint32 column;
     };
 
+    /// A text of the table, or the one that this import puts there.
+    struct Before
+    {
+        std::optional<QString> text; // nullopt: there is no cell
+        bool isImported = false;
+    };
+
     void AddLostRow(quint32 row, CellFate fate);
     /// Returns the index of the first row with an ID, or NONE.
     [[nodiscard]] size_t FirstOf(const NarrowText &name) const;
     void PlanTexts(Row &row, const IDRecord *record, const QString &id);
+    [[nodiscard]] CellFate FateOf(const Row &row, size_t language, const QString &text, const Before &before) const;
     void NotePlaces(const Row &row);
-    void Refuse(quint32 row, const QString &id, const QString &language);
+    void Refuse(quint32 row, quint32 column, const QString &id, const QString &language);
+    void TellStale(quint32 row, quint32 column, const QString &id);
     [[nodiscard]] quint64 KeyOf(const Row &row, size_t language) const;
-    /// Returns the text that a cell will have when the plan has been applied up to that row; nullopt when there is no
-    /// cell.
-    [[nodiscard]] std::optional<QString> TextBefore(const Row &row, size_t language, const IDRecord *record) const;
+    /// Returns the text that a cell will have when the plan has been applied up to that row.
+    [[nodiscard]] Before TextBefore(const Row &row, size_t language, const IDRecord *record) const;
     void PutKind(const Row &row, std::vector<Cell> &all) const;
     void ApplyRow(const Row &row, const std::vector<CResFolder *> &targets, CellFinder &finder);
 
     CResModel &model;
     const IImportSource &source;
     QString file;
+    ImportOptions options;
     std::optional<quint32> kindColumn;
     std::vector<Language> languages;
+    bool makesUnused = true;
     bool isRepeated = false;            // a language has several columns
     std::vector<CResFolder *> folders;  // of `languages`; null: doesn't exist yet
     std::vector<CResFolder *> existing; // those of `folders` that aren't null
@@ -124,4 +147,5 @@ private:
     std::unordered_multimap<size_t, size_t> rowsByName; // the first row of each ID, by the hash of the name
     std::unordered_map<quint64, Place> places;          // the source of a cell's text, for IDs with several rows
     QStringList refused;
+    std::array<int, IMPORT_FATES> counts{};
 };

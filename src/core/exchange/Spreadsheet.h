@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <vector>
+
 class CResModel;
 
 /// The codes of a failed import or export. StringFileFormat.h has others.
@@ -24,8 +26,17 @@ struct SpreadsheetResult
 /// languages that the header has before it are imported too.
 [[nodiscard]] SpreadsheetResult ImportSpreadsheet(CResModel &document, const QString &path);
 
+/// What of the string table is exported.
+struct SpreadsheetChoice
+{
+    std::vector<qint32> languages = {}; ///< the columns, in the order of the project; empty for all
+    bool onlyMissing = false; ///< only rows with a text in `source` but none in another of the languages
+    qint32 source = -1;
+};
+
 /// Writes the string table into a workbook and replaces the file at `path`. On failure the old file stays.
-[[nodiscard]] SpreadsheetResult ExportSpreadsheet(CResModel &document, const QString &path);
+[[nodiscard]] SpreadsheetResult ExportSpreadsheet(CResModel &document, const QString &path,
+                                                  const SpreadsheetChoice &choice = {});
 
 /// Returns the name of a cell, such as AA3. The column is from 0, the row from 1.
 [[nodiscard]] QString CellName(quint32 column, quint32 row);

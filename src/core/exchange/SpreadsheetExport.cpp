@@ -6,7 +6,7 @@
 #include "StringFileFormat.h"
 #include "Workbook.h"
 
-#include <array>
+#include <algorithm>
 
 using namespace StringFileFormat;
 
@@ -17,11 +17,16 @@ namespace
 class TableSource : public ISheetSource
 {
 public:
-    TableSource(const CResModel &model, const CResFolder &stringsFolder) : document(model), strings(stringsFolder)
+    TableSource(const CResModel &model, const CResFolder &strings, const SpreadsheetChoice &exportChoice)
+        : document(model), choice(exportChoice)
     {
-        const auto &folders = strings.subfolders;
-        count = folders.empty() ? 0 : qint64(folders.front()->resources.Count());
-        next = folders.empty() ? nullptr : folders.front()->resources.First();
+        for (const auto &folder : strings.subfolders) {
+            if (folders.empty() || IsChosen(folder->index))
+                folders.push_back(folder.get());
+        }
+        next = folders.empty() ? nullptr : FirstFrom(folders.front()->resources.First());
+        for (CBaseRes *row = next; row; row = FirstFrom(row->NextInFolder()))
+            ++count;
         languages = QString::number(folders.empty() ? 0 : folders.size() - 1);
         total = QString::number(count);
     }
@@ -47,11 +52,36 @@ private:
     static constexpr int HEADER_ROWS = 2;
     static constexpr int FIXED_COLUMNS = 3;
 
+    [[nodiscard]] bool IsChosen(qint32 language) const
+    {
+        const auto &chosen = choice.languages;
+        return chosen.empty() || std::find(chosen.begin(), chosen.end(), language) != chosen.end();
+    }
+
+    /// Returns the first row to export from `row` on.
+    [[nodiscard]] CBaseRes *FirstFrom(CBaseRes *row) const
+    {
+        while (row && choice.onlyMissing && !LacksText(static_cast<CStringRes &>(*row)))
+            row = row->NextInFolder();
+        return row;
+    }
+
+    [[nodiscard]] bool LacksText(CStringRes &head) const
+    {
+        const auto hasText = [&head](qint32 language) {
+            const CStringRes *const cell = head.FindLanguage(language);
+            return cell && !cell->text.isEmpty();
+        };
+        return hasText(choice.source) &&
+               !std::all_of(folders.begin() + 1, folders.end(),
+                            [&](const CResFolder *folder) { return hasText(folder->index); });
+    }
+
     void PutColumns()
     {
         cells = {ID_WORD, TYPE_WORD, DESCRIPTION_WORD};
-        for (size_t n = 1; n < strings.subfolders.size(); ++n)
-            cells.push_back(strings.subfolders[n]->title);
+        for (size_t n = 1; n < folders.size(); ++n)
+            cells.push_back(folders[n]->title);
     }
 
     void PutString()
@@ -59,15 +89,16 @@ private:
         auto &head = static_cast<CStringRes &>(*next);
         id = document.env.NarrowToWide(head.Id()->name);
         cells = {id, head.Id()->push ? PUSH_WORD : NORMAL_WORD};
-        for (const auto &folder : strings.subfolders) {
+        for (const CResFolder *folder : folders) {
             const CStringRes *cell = head.FindLanguage(folder->index);
             cells.push_back(cell ? QStringView(cell->text) : QStringView());
         }
-        next = next->NextInFolder();
+        next = FirstFrom(next->NextInFolder());
     }
 
     const CResModel &document;
-    const CResFolder &strings;
+    const SpreadsheetChoice &choice;
+    std::vector<const CResFolder *> folders; // the Description, and the languages to export
     qint64 count = 0;
     CBaseRes *next = nullptr; // rows are requested in order
     QString languages;
@@ -78,14 +109,14 @@ private:
 
 } // namespace
 
-SpreadsheetResult ExportSpreadsheet(CResModel &document, const QString &path)
+SpreadsheetResult ExportSpreadsheet(CResModel &document, const QString &path, const SpreadsheetChoice &choice)
 {
     Environment &env = document.env;
     env.ResetCounts();
     SpreadsheetResult result;
     const CResFolder none;
     const CResFolder *strings = document.root.FindFolder(KIND_STRINGS, 2);
-    TableSource source(document, strings ? *strings : none);
+    TableSource source(document, strings ? *strings : none, choice);
     const WorkbookResult written = WriteWorkbook(path, source);
     if (written.HasFailed()) {
         env.Report({"sheet.write-failed", Severity::Error, path, 0, {}, written.reason}, "failed to export to Excel.");

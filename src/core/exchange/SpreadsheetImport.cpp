@@ -49,6 +49,10 @@ public:
     QString Id(quint32 row) const override { return sheet.At(row, 0); }
     QString Text(quint32 row, quint32 column) const override { return sheet.At(row, column); }
     quint32 EndColumn(quint32 row) const override { return sheet.EndColumn(row); }
+    ImportPlace PlaceOf(quint32 row, quint32 column) const override
+    {
+        return {CellName(column, row + 1), {}, int(row) + 1};
+    }
 
 private:
     const Sheet &sheet;
@@ -240,8 +244,9 @@ QString CellName(quint32 column, quint32 row)
     return letters + QString::number(row);
 }
 
-SpreadsheetImport::SpreadsheetImport(CResModel &model, QString file)
-    : document(model), path(std::move(file)), texts(std::make_unique<SheetTexts>(sheet)), plan(model, *texts, path)
+SpreadsheetImport::SpreadsheetImport(CResModel &model, QString file, const ImportOptions &importOptions)
+    : document(model), path(std::move(file)), texts(std::make_unique<SheetTexts>(sheet)),
+      plan(model, *texts, path, importOptions)
 {
 }
 

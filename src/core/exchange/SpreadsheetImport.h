@@ -1,20 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ImportPlan.h"
+#include "ImportWatch.h"
 #include "Sheet.h"
 #include "Spreadsheet.h"
 
 #include <memory>
-
-/// Is notified of each planned row of a source before the next row is read, so that its output follows the lines of the
-/// report about that row.
-class IImportWatch
-{
-public:
-    virtual ~IImportWatch() = default;
-    virtual void RowPlanned(const ImportPlan &plan, size_t index) = 0;
-};
 
 /// Imports a workbook's first sheet: reads it and makes a plan, which can then be applied.
 ///
@@ -25,7 +16,7 @@ public:
 class SpreadsheetImport
 {
 public:
-    SpreadsheetImport(CResModel &model, QString file);
+    SpreadsheetImport(CResModel &model, QString file, const ImportOptions &importOptions = {});
 
     /// Reads the settings again and the workbook, and makes the plan. Logs what is wrong; errors in a row don't stop
     /// it. After a failure the plan has the languages that the header has before it, and no rows.

@@ -148,6 +148,13 @@ void XmlWriter::End()
     inTag = false;
 }
 
+void XmlWriter::Line(QByteArrayView line)
+{
+    CloseTag();
+    Add(line);
+    Add("\n");
+}
+
 QByteArray XmlWriter::Bytes() const
 {
     return env.codePage.IsUtf8() ? Text().toByteArray() : env.WideToNarrow(QString::fromUtf8(Text()));

@@ -31,6 +31,9 @@ public:
     void BeginElement(const QByteArray &name);
     void Attribute(QByteArrayView name, QByteArrayView value);
 
+    /// Writes a line that isn't XML, such as a marker of a merge.
+    void Line(QByteArrayView line);
+
     /// The text that has been written, in UTF-8.
     [[nodiscard]] QByteArrayView Text() const { return QByteArrayView(buffer).first(used); }
     /// The bytes that Save writes: the text in the code page.

@@ -16,3 +16,5 @@ struct ConflictMarker
 /// UTF-16, whatever the file's encoding is, because a merge may put one into a text of the other. Returns none for a
 /// file that can't be read.
 [[nodiscard]] std::vector<ConflictMarker> FindConflictMarkers(const QString &path, size_t most = 3);
+/// The same for the content of a file.
+[[nodiscard]] std::vector<ConflictMarker> ConflictMarkersIn(QByteArrayView bytes, size_t most = 3);

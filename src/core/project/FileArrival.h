@@ -28,9 +28,3 @@ enum FileEdit : int
 /// FILE_EDIT_DONE or the reason why not. Doesn't open the file, so it never waits for a pipe. A file that can't be read
 /// passes the check: the code that reads it reports the error.
 [[nodiscard]] int CheckArrival(const QString &path);
-
-/// The text of the box that lists the files that were refused, one line for each. Of more than MOST_REFUSALS files it
-/// lists the first ones.
-[[nodiscard]] QString RefusalText(const QStringList &refusals);
-/// The most files that the box lists.
-inline constexpr qsizetype MOST_REFUSALS = 20;

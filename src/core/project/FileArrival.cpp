@@ -55,10 +55,3 @@ int CheckArrival(const QString &path)
         return FILE_IS_FOLDER;
     return S_ISREG(info.st_mode) ? FILE_EDIT_DONE : FILE_NOT_REGULAR;
 }
-
-QString RefusalText(const QStringList &refusals)
-{
-    const QString text = refusals.first(qMin(refusals.size(), MOST_REFUSALS)).join(u'\n');
-    const qsizetype more = refusals.size() - MOST_REFUSALS;
-    return more <= 0 ? text : text + QStringLiteral("\n... and %1 more; the output lists them all").arg(more);
-}

@@ -121,3 +121,10 @@ std::vector<ConflictMarker> FindConflictMarkers(const QString &path, size_t most
     }
     return search.found;
 }
+
+std::vector<ConflictMarker> ConflictMarkersIn(QByteArrayView bytes, size_t most)
+{
+    MarkerSearch search(most);
+    search.Take(bytes, true);
+    return search.found;
+}

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+#include "LanguageChoice.h"
+#include "ListedSize.h"
+#include "NewProject.h"
+#include "Paths.h"
+#include "Session.h"
+#include "Subcommands.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// Returns a text as a word for a shell.
+QString ShellWord(const QString &text)
+{
+    const bool isPlain =
+        std::all_of(text.begin(), text.end(), [](QChar c) { return c.isLetterOrNumber() || u"/._-+"_s.contains(c); });
+    return isPlain && !text.isEmpty() ? text : u'\'' + QString(text).replace(u'\'', u"'\\''"_s) + u'\'';
+}
+
+class InitSubcommand : public ISubcommand
+{
+public:
+    CLI::App *Add(CLI::App &app) override
+    {
+        CLI::App *subcommand = app.add_subcommand("init", "Make the files of a new project in a folder");
+        subcommand->add_option("DIR", folder, "The folder; it is made if it doesn't exist")->type_name("")->required();
+        subcommand->add_option("--name", name, "The project's name (default: the name of the folder)")
+            ->type_name("NAME");
+        subcommand->add_option("--resolution", resolutions, "A screen, such as 240x320; can be repeated")
+            ->type_name("WxH")
+            ->allow_extra_args(false)
+            ->required();
+        subcommand->add_option("--language", languages, "A language, by name, number or code; can be repeated")
+            ->type_name("LANGUAGE")
+            ->allow_extra_args(false)
+            ->required();
+        AddChoice(*subcommand, "--git", git, "safe|text|none",
+                  "The string file in git: unchanged bytes, text, or no files for git (default: safe)");
+        subcommand->add_flag("--cmake", hasBuild, "Also make a small application and its build with CMake");
+        subcommand->add_flag("--dry-run", dryRun, "Make nothing; show what would be made");
+        return subcommand;
+    }
+
+    int Run(Session &session) override
+    {
+        NewProjectChoice choice;
+        choice.folder = AbsolutePath(folder);
+        choice.name = name.empty() ? FileName(choice.folder) : QString::fromStdString(name);
+        choice.git = git == "text" ? GitForm::Text : git == "none" ? GitForm::None : GitForm::Safe;
+        choice.hasBuild = hasBuild;
+        if (!HasRightWords(session, choice))
+            return EXIT_WRONG_USE;
+        QString problem;
+        std::optional<NewFiles> files = PlanNewProject(session.env, session.tables, choice, problem);
+        if (!files) {
+            Complain(problem);
+            return EXIT_FAILED;
+        }
+        const QStringList missing = files->Missing();
+        const QStringList existing = files->Existing();
+        if (!dryRun)
+            problem = files->Make();
+        if (!problem.isEmpty()) {
+            Complain(problem + u"; nothing was made"_s);
+            return EXIT_FAILED;
+        }
+        Print(session, choice, missing, existing);
+        return EXIT_FINE;
+    }
+
+private:
+    [[nodiscard]] bool HasRightWords(Session &session, NewProjectChoice &choice) const
+    {
+        if (const QString why = WhyNotProjectName(choice.name, choice.hasBuild); !why.isEmpty()) {
+            Complain(why + (name.empty() ? u"; choose one with --name"_s : QString()));
+            return false;
+        }
+        session.tables.LoadOnce(session.env);
+        for (const std::string &typed : resolutions) {
+            const auto size = ParseScreenSize(QString::fromStdString(typed));
+            const QString why =
+                size ? WhyNotListed(session.tables.resolutions, *size) : u"it isn't a size such as 240x320"_s;
+            if (!why.isEmpty()) {
+                Complain(u"--resolution %1: %2"_s.arg(QString::fromStdString(typed), why));
+                return false;
+            }
+            if (std::find(choice.resolutions.begin(), choice.resolutions.end(), *size) == choice.resolutions.end())
+                choice.resolutions.push_back(*size);
+        }
+        const std::vector<KnownLanguage> known = KnownLanguages(session.env);
+        for (const std::string &typed : languages) {
+            const QString text = QString::fromStdString(typed);
+            const KnownLanguage *const language = FindLanguage(known, text);
+            if (!language) {
+                Complain(u"--language %1: %2"_s.arg(text, WhyLanguageUnknown(known, text)));
+                return false;
+            }
+            const auto isSame = [&](const KnownLanguage &other) { return other.number == language->number; };
+            if (std::none_of(choice.languages.begin(), choice.languages.end(), isSame))
+                choice.languages.push_back(*language);
+        }
+        return true;
+    }
+
+    /// Returns an absolute path as the user would type it.
+    [[nodiscard]] QString Typed(const QString &path, const QString &absoluteFolder) const
+    {
+        QString typed = QString::fromStdString(folder);
+        while (typed.size() > 1 && typed.endsWith(u'/'))
+            typed.chop(1);
+        if (!path.startsWith(absoluteFolder + u'/'))
+            return path;
+        const QString inside = path.sliced(absoluteFolder.size() + 1);
+        return typed == u"." ? inside : typed + u'/' + inside;
+    }
+
+    void Print(Session &session, const NewProjectChoice &choice, const QStringList &missing,
+               const QStringList &existing) const
+    {
+        for (const QString &path : missing)
+            session.report.Write((dryRun ? u"would make "_s : u"made "_s) + Typed(path, choice.folder) + u'\n');
+        for (const QString &path : existing)
+            session.report.Write((dryRun ? u"would keep "_s : u"kept "_s) + Typed(path, choice.folder) +
+                                 u", which exists already\n"_s);
+        if (dryRun)
+            return;
+        const QString project = ShellWord(Typed(PathOfNewProject(choice), choice.folder));
+        const QString source = ShellWord(QString::fromStdString(folder));
+        const QString build = ShellWord(Typed(choice.folder + u"/build"_s, choice.folder));
+        const ScreenSize &size = choice.resolutions.front();
+        QStringList next = {u"morvanite-cli add %1 --copy --resolution %2x%3 PICTURE.png"_s.arg(project)
+                                .arg(size.width)
+                                .arg(size.height)};
+        if (hasBuild)
+            next += {u"cmake -S %1 -B %2 --toolchain arm.cmake"_s.arg(source, build), u"cmake --build "_s + build};
+        else
+            next += {u"morvanite-cli strings set %1 ID_STRING_HELLO --language %2 Hello"_s.arg(
+                         project, ShellWord(choice.languages.front().name)),
+                     u"morvanite-cli save "_s + project};
+        session.report.Write(u"\nNext:\n  "_s + next.join(u"\n  "_s) + u'\n');
+    }
+
+    std::string folder;
+    std::string name;
+    std::vector<std::string> resolutions;
+    std::vector<std::string> languages;
+    std::string git = "safe";
+    bool hasBuild = false;
+    bool dryRun = false;
+};
+
+} // namespace
+
+std::unique_ptr<ISubcommand> MakeInitSubcommand()
+{
+    return std::make_unique<InitSubcommand>();
+}

@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: MIT
+#include "StringsExport.h"
+
+#include "CheckSettings.h"
+#include "HostFiles.h"
+#include "Paths.h"
+#include "Spreadsheet.h"
+#include "Subcommands.h"
+#include "TranslationFormats.h"
+
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+CLI::App *StringsExport::Add(CLI::App &strings, std::string &projectPath)
+{
+    CLI::App *const subcommand = strings.add_subcommand(
+        "export", "Write the string table to a workbook (.xls, .xlsx or .csv) or to translation files (.po, .xlf)");
+    AddProject(*subcommand, projectPath);
+    subcommand->add_option("FILE", file, "The file, whose extension selects the format, or a folder for several files")
+        ->type_name("")
+        ->required();
+    AddChoice(*subcommand, "--format", format, "xls|xlsx|csv|po|xliff", "The format of the files in a folder");
+    subcommand
+        ->add_option("--language", wanted,
+                     "Only this language, by name, number or code; can be repeated (\"none\": a template without "
+                     "translations, .pot)")
+        ->type_name("LANGUAGE")
+        ->allow_extra_args(false);
+    subcommand->add_option("--source", wantedSource, "The language to translate from (default: that of the settings, or the first)")
+        ->type_name("LANGUAGE");
+    subcommand->add_flag("--only-missing", onlyMissing, "Only rows that lack a translation");
+    return subcommand;
+}
+
+void StringsExport::FixPaths()
+{
+    path = AbsolutePath(file); // opening a project changes the current folder
+    isFolder = QString::fromStdString(file).endsWith(u'/') || QFileInfo(path).isDir();
+}
+
+int StringsExport::Run(Session &session, CResDoc &document)
+{
+    std::vector<Finding> ofSettings;
+    const CheckSettings settings = ReadCheckSettings(DirectoryOf(document.PathName()), ofSettings);
+    const ExchangeLanguages languages(document, settings);
+    if (!ChooseFormat() || !ChooseSource(languages, settings.source) || !ChooseLanguages(languages))
+        return EXIT_WRONG_USE;
+    const QString title = FileTitle(document.PathName());
+    if (!job.format) {
+        if (isFolder)
+            path += u'/' + title + u'.' + QString::fromStdString(format);
+        return MakeFolder() ? ExportWorkbook(session, document) : int(EXIT_FAILED);
+    }
+    if (!ChooseFiles(languages, title))
+        return EXIT_WRONG_USE;
+    if (!MakeFolder())
+        return EXIT_FAILED;
+    const QString why = ExportTranslations(document, languages, settings, job);
+    if (!why.isEmpty())
+        Complain(why);
+    return session.StatusAfter(why.isEmpty() && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED);
+}
+
+/// Sets `job.format`, which stays null for a workbook.
+bool StringsExport::ChooseFormat()
+{
+    isTemplate = wanted.size() == 1 && wanted.front() == "none";
+    const TranslationFormat *const ofName = isFolder ? nullptr : TranslationFormatOf(path);
+    isTemplate = isTemplate || (ofName && ofName->isTemplate);
+    if (format.empty()) {
+        job.format = ofName;
+        if (isFolder)
+            Complain(path + u": it is a folder, so name the format of its files with --format"_s);
+        return !isFolder;
+    }
+    const QString extension = format == "xliff" ? u"xlf"_s : QString::fromStdString(format);
+    const bool isTranslation = format == "po" || format == "xliff";
+    if (!isTranslation) {
+        if (!isFolder && !path.endsWith(u'.' + extension, Qt::CaseInsensitive)) {
+            Complain(u"%1: with --format %2 its name must end in .%2"_s.arg(path, extension));
+            return false;
+        }
+        return true;
+    }
+    if (ofName && !QStringView(ofName->extension).startsWith(extension.left(2))) {
+        Complain(u"%1: its extension is another format than that of --format"_s.arg(path));
+        return false;
+    }
+    isFolder = !ofName;
+    job.format = ofName ? ofName : TranslationFormatOf(isTemplate ? u"x.pot"_s : u"x."_s + extension);
+    return true;
+}
+
+bool StringsExport::ChooseSource(const ExchangeLanguages &languages, const QString &ofSettings)
+{
+    const QString word = wantedSource.empty() ? ofSettings : QString::fromStdString(wantedSource);
+    const auto source = word.isEmpty() ? languages.Source() : languages.Find(word);
+    if (source && languages.IsInProject(*source)) {
+        job.source = *source;
+        return true;
+    }
+    if (wantedSource.empty() && !job.format && !onlyMissing && wanted.empty())
+        return true; // nothing depends on it
+    Complain(word.isEmpty() ? u"the project has no languages"_s
+                            : u"%1: the project has no language \"%2\""_s.arg(
+                                  wantedSource.empty() ? u"key source of morvanite-check.ini"_s : u"--source"_s, word));
+    return false;
+}
+
+bool StringsExport::ChooseLanguages(const ExchangeLanguages &languages)
+{
+    if (isTemplate) {
+        if (!job.format || !QStringView(job.format->extension).startsWith(u"po"))
+            Complain(u"--language none: only the format po has templates"_s);
+        else if (onlyMissing)
+            Complain(u"--only-missing: a template has no language whose texts can be missing"_s);
+        else
+            return true;
+        return false;
+    }
+    for (const std::string &word : wanted) {
+        const QString name = QString::fromStdString(word);
+        const auto language = languages.Find(name);
+        if (!language || !languages.IsInProject(*language)) {
+            Complain(u"--language %1: the project has no such language"_s.arg(name));
+            return false;
+        }
+        if (*language == job.source && job.format) {
+            Complain(u"--language %1: it is the source language; --source names another one"_s.arg(name));
+            return false;
+        }
+        if (std::find(chosen.begin(), chosen.end(), *language) == chosen.end())
+            chosen.push_back(*language);
+    }
+    return true;
+}
+
+bool StringsExport::ChooseFiles(const ExchangeLanguages &languages, const QString &title)
+{
+    if (isTemplate) {
+        job.files = {{isFolder ? path + u'/' + title + u".pot"_s : path, job.source}};
+        job.onlyMissing = false;
+        return true;
+    }
+    job.onlyMissing = onlyMissing;
+    if (chosen.empty()) {
+        for (const qint32 language : languages.OfProject()) {
+            if (language != job.source)
+                chosen.push_back(language);
+        }
+    }
+    if (chosen.empty() || (!isFolder && chosen.size() > 1)) {
+        Complain(chosen.empty() ? u"the project has no language besides the source language"_s
+                                : path + u": a file has one language; name it with --language, or name a folder"_s);
+        return false;
+    }
+    for (const qint32 language : chosen) {
+        const QString name = FileNameOf(languages.CodeOf(language), *job.format);
+        job.files.push_back({isFolder ? path + u'/' + name : path, language});
+    }
+    for (size_t i = 1; i < job.files.size(); ++i) {
+        const auto end = job.files.begin() + qptrdiff(i);
+        const auto same = std::find_if(job.files.begin(), end, [&](const auto &one) { return one.path == end->path; });
+        if (same != end) {
+            Complain(u"%1 and %2 have the same code, so they can't be in one folder; see section Language of "
+                     "morvanite-check.ini"_s.arg(languages.NameOf(same->language), languages.NameOf(end->language)));
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Makes the folder of the files, if it doesn't exist.
+bool StringsExport::MakeFolder() const
+{
+    if (!isFolder)
+        return true;
+    const QString folder = job.format ? path : DirectoryOf(path);
+    if (QFileInfo(folder).isDir() || CreateFolderOnDisk(folder))
+        return true;
+    Complain(folder + u": the folder can't be made: "_s + QString::fromLocal8Bit(std::strerror(errno)));
+    return false;
+}
+
+int StringsExport::ExportWorkbook(Session &session, CResDoc &document) const
+{
+    SpreadsheetChoice choice{chosen, onlyMissing, job.source};
+    if (!chosen.empty())
+        choice.languages.push_back(job.source);
+    const SpreadsheetResult result = ExportSpreadsheet(document, path, choice);
+    if (!result.reason.isEmpty())
+        Complain(result.reason);
+    return session.StatusAfter(result.code == 0 && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED);
+}

@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+#include "StringsImport.h"
+
+#include "CheckSettings.h"
+#include "ExchangeLanguages.h"
+#include "ImportListing.h"
+#include "OpeningReport.h"
+#include "Paths.h"
+#include "SpreadsheetImport.h"
+#include "Subcommands.h"
+#include "TranslationFormats.h"
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+int StatusOf(Session &session, bool isFine)
+{
+    return session.StatusAfter(isFine && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED);
+}
+
+/// Returns false, with a message, if the string file can't hold the texts to import.
+bool TakesAll(const ImportPlan &plan)
+{
+    constexpr qsizetype SHOWN = 10;
+    const QStringList &cells = plan.Refused();
+    if (cells.isEmpty())
+        return true;
+    Complain(u"a string can't contain a tab or a line break, so nothing is saved; fix %1%2"_s.arg(
+        cells.first(qMin(cells.size(), SHOWN)).join(u", "),
+        cells.size() > SHOWN ? u" and %1 more"_s.arg(cells.size() - SHOWN) : QString()));
+    return false;
+}
+
+/// Applies a plan with `apply` and saves the project. `status` is the exit status so far. Returns the new one.
+template <typename Apply> int ApplyAndSave(Session &session, CResDoc &document, int status, const Apply &apply)
+{
+    if (document.TakeInChanges() != CResDoc::Outside::None) {
+        Complain(document.PathName() +
+                 u": its files changed during the import, so nothing is saved; import again"_s);
+        return EXIT_FAILED;
+    }
+    apply();
+    (void)document.DoFileSave();
+    const bool saved = document.lastSave.write == 0;
+    if (!saved)
+        Complain(document.PathName() + u": failed to save the project with the imported texts"_s);
+    else if (document.lastSave.generate != 0 || session.env.FailureCount > 0)
+        Complain(document.PathName() + u": the imported texts are saved, but not all of the headers"_s);
+    return session.StatusAfter(saved && document.lastSave.generate == 0 ? status : int(EXIT_FAILED));
+}
+
+} // namespace
+
+CLI::App *StringsImport::Add(CLI::App &strings, std::string &projectPath)
+{
+    CLI::App *const subcommand =
+        strings.add_subcommand("import", "Fill the string table from a workbook, or from translation files, and save the project");
+    AddProject(*subcommand, projectPath);
+    subcommand->add_option("FILE", names, "A workbook or translation files; the extension selects the format")
+        ->type_name("")
+        ->required();
+    subcommand
+        ->add_option("--language", wanted, "Import only this language, by name, number or code; can be repeated")
+        ->type_name("LANGUAGE")
+        ->allow_extra_args(false);
+    subcommand->add_flag("--replace", options.replace, "Put texts in place of other ones");
+    subcommand->add_flag("--only-existing", options.onlyExisting, "Make no new rows and languages");
+    subcommand->add_flag("--accept-stale", options.acceptStale, "Import translations of other source texts too");
+    subcommand->add_flag("--include-unfinished", options.includeUnfinished, "Import unfinished translations too");
+    CLI::Option *const dryRunOption =
+        subcommand->add_flag("--dry-run", dryRun, "Change nothing; show what would happen to each text");
+    subcommand->add_flag("--json", json, JSON_HELP)->needs(dryRunOption);
+    subcommand->add_flag("--strict", strict, STRICT_HELP);
+    return subcommand;
+}
+
+bool StringsImport::FixPaths()
+{
+    for (const std::string &name : names)
+        files.push_back({AbsolutePath(name), QString::fromStdString(name)});
+    const auto isTranslation = [](const TranslationImport::File &file) { return TranslationFormatOf(file.path) != nullptr; };
+    isWorkbook = std::none_of(files.begin(), files.end(), isTranslation);
+    if (files.size() == 1 || std::all_of(files.begin(), files.end(), isTranslation))
+        return true;
+    Complain(u"several files can only be imported together if they are translation files (.po, .xlf)"_s);
+    return false;
+}
+
+bool StringsImport::ChooseLanguages(const ExchangeLanguages &languages)
+{
+    for (const std::string &word : wanted) {
+        const QString name = QString::fromStdString(word);
+        const std::optional<qint32> language = languages.Find(name);
+        if (!language) {
+            Complain(u"--language %1: neither the project nor tuvik.ini has such a language"_s.arg(name));
+            return false;
+        }
+        options.languages.push_back(*language);
+    }
+    return true;
+}
+
+int StringsImport::Run(Session &session, CResDoc &document)
+{
+    if (session.env.ErrorCount > 0 && !dryRun) {
+        Complain(u"the project has the errors above, and a save would drop the elements that they name, so nothing is "
+                 "imported; fix the errors first"_s);
+        return EXIT_FAILED;
+    }
+    std::vector<Finding> ofSettings;
+    const CheckSettings settings = ReadCheckSettings(DirectoryOf(document.PathName()), ofSettings);
+    const ExchangeLanguages languages(document, settings);
+    if (!ChooseLanguages(languages))
+        return EXIT_WRONG_USE;
+    ImportLines lines(session.report);
+    std::optional<ImportJson> structured;
+    if (json) {
+        structured.emplace(session.report);
+        session.handler.idleOutput = [](QStringView text) { fputs(text.toUtf8().constData(), stderr); };
+    }
+    IImportWatch *const watch = !dryRun ? nullptr : json ? static_cast<IImportWatch *>(&*structured) : &lines;
+    const int status = isWorkbook ? ImportWorkbook(session, document, watch)
+                                  : ImportTranslations(session, document, languages, watch);
+    if (structured)
+        structured->End();
+    return status;
+}
+
+int StringsImport::ImportWorkbook(Session &session, CResDoc &document, IImportWatch *watch) const
+{
+    std::optional<SpreadsheetImport> import(std::in_place, document, files.front().path, options);
+    const SpreadsheetResult result = import->Read(watch);
+    if (!result.reason.isEmpty())
+        Complain(result.reason);
+    const int status = StatusOf(session, result.code == 0);
+    if (result.code != 0 || !TakesAll(import->Plan()))
+        return EXIT_FAILED;
+    if (dryRun)
+        return status;
+    return ApplyAndSave(session, document, status, [&import] {
+        import->Plan().Apply();
+        import.reset(); // frees the workbook's texts, which take as much memory as the save
+    });
+}
+
+int StringsImport::ImportTranslations(Session &session, CResDoc &document, const ExchangeLanguages &languages,
+                                      IImportWatch *watch) const
+{
+    std::optional<TranslationImport> import(std::in_place, document, languages, options);
+    const bool isFine = import->Read(files, watch);
+    const int status = StatusOf(session, isFine);
+    if (!isFine) {
+        Complain(u"nothing is imported, because of the errors above"_s);
+        return EXIT_FAILED;
+    }
+    if (dryRun)
+        return status;
+    return ApplyAndSave(session, document, status, [&import] {
+        import->Plan().Apply();
+        import.reset();
+    });
+}

@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+#include "JsonWriter.h"
+#include "LanguageChoice.h"
+#include "ResModel.h"
+#include "Session.h"
+#include "StringsSubcommands.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr qsizetype PIECE = 1 << 20; // bytes; more are printed in pieces
+
+class StringsListSubcommand : public ISubcommand
+{
+public:
+    CLI::App *Add(CLI::App &strings) override
+    {
+        CLI::App *subcommand = strings.add_subcommand("list", "List the texts of a project");
+        AddProject(*subcommand, project);
+        subcommand
+            ->add_option("--language", wanted,
+                         "Only this language, by name, number or code; can be repeated (default: all)")
+            ->type_name("LANGUAGE")
+            ->allow_extra_args(false);
+        subcommand->add_flag("--missing", onlyMissing, "Only the texts that are missing");
+        subcommand->add_flag("--json", json, JSON_HELP);
+        return subcommand;
+    }
+
+    int Run(Session &session) override
+    {
+        const CResDoc *const document = session.OpenQuietly(AbsolutePath(project));
+        if (!document)
+            return EXIT_FAILED;
+        const std::vector<KnownLanguage> all = ProjectLanguages(*document);
+        std::vector<KnownLanguage> languages = wanted.empty() ? all : std::vector<KnownLanguage>();
+        for (const std::string &typed : wanted) {
+            const KnownLanguage *const language = FindLanguage(all, QString::fromStdString(typed));
+            if (!language) {
+                Complain(WhyNotInProject(QString::fromStdString(typed), all));
+                return EXIT_WRONG_USE;
+            }
+            languages.push_back(*language);
+        }
+        if (json)
+            PrintJson(session, *document, languages);
+        else
+            PrintLines(session, *document, languages);
+        return session.StatusAfter(EXIT_FINE);
+    }
+
+private:
+    struct Text
+    {
+        const KnownLanguage *language;
+        QString text;
+    };
+
+    /// Calls `print` for each row with the texts that are to be listed, unless there are none.
+    template <typename Print>
+    void ForEachRow(const CResDoc &document, const std::vector<KnownLanguage> &languages, const Print &print) const
+    {
+        const CResFolder *strings = document.root.FindFolder(KIND_STRINGS, 2);
+        if (!strings || strings->subfolders.empty())
+            return;
+        std::vector<Text> texts;
+        for (CBaseRes *res : strings->subfolders.front()->resources) {
+            auto &head = static_cast<CStringRes &>(*res);
+            texts.clear();
+            for (const KnownLanguage &language : languages) {
+                const CStringRes *const cell = head.FindLanguage(language.number);
+                if (!onlyMissing || !cell || cell->text.isEmpty())
+                    texts.push_back({&language, cell ? cell->text : QString()});
+            }
+            if (!texts.empty())
+                print(head, texts);
+        }
+    }
+
+    void PrintLines(Session &session, const CResDoc &document, const std::vector<KnownLanguage> &languages) const
+    {
+        ForEachRow(document, languages, [&](const CStringRes &head, const std::vector<Text> &texts) {
+            const QString id = document.env.NarrowToWide(head.Id()->name);
+            for (const Text &text : texts)
+                session.report.Write(QStringList{id, text.language->name, text.text}.join(u'\t') + u'\n');
+        });
+    }
+
+    void PrintJson(Session &session, const CResDoc &document, const std::vector<KnownLanguage> &languages) const
+    {
+        QByteArray bytes;
+        JsonWriter out(bytes);
+        out.BeginObject();
+        out.Key("version");
+        out.Number(1);
+        out.Key("strings");
+        out.BeginArray();
+        ForEachRow(document, languages, [&](const CStringRes &head, const std::vector<Text> &texts) {
+            out.BeginObject();
+            out.Key("id");
+            out.String(document.env.NarrowToWide(head.Id()->name));
+            out.Key("type");
+            out.String(head.Id()->push ? u"Push" : u"Normal");
+            out.Key("description");
+            out.String(head.text);
+            out.Key("texts");
+            out.BeginArray();
+            for (const Text &text : texts) {
+                out.BeginObject();
+                out.Key("language");
+                out.Number(text.language->number);
+                out.Key("name");
+                out.String(text.language->name);
+                out.Key("text");
+                out.String(text.text);
+                out.EndObject();
+            }
+            out.EndArray();
+            out.EndObject();
+            if (bytes.size() > PIECE) {
+                session.report.WriteBytes(bytes);
+                bytes.clear();
+            }
+        });
+        out.EndArray();
+        out.EndObject();
+        session.report.WriteBytes(bytes + '\n');
+    }
+
+    std::string project;
+    std::vector<std::string> wanted;
+    bool onlyMissing = false;
+    bool json = false;
+};
+
+} // namespace
+
+std::unique_ptr<ISubcommand> MakeStringsListSubcommand()
+{
+    return std::make_unique<StringsListSubcommand>();
+}
+
+QString WhyNotInProject(const QString &typed, const std::vector<KnownLanguage> &languages)
+{
+    QStringList names;
+    for (const KnownLanguage &language : languages)
+        names.append(u"\"%1\""_s.arg(language.name));
+    return u"--language %1: the project has no such language; it has %2; \"morvanite-cli strings add-language\" adds one"_s
+        .arg(typed, names.isEmpty() ? u"none"_s : names.join(u", "_s));
+}

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "LanguageChoice.h"
+#include "ProjectEdit.h"
+#include "StringsSubcommands.h"
+#include "TextAssignment.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+class StringsSetSubcommand : public ISubcommand
+{
+public:
+    CLI::App *Add(CLI::App &strings) override
+    {
+        CLI::App *subcommand = strings.add_subcommand("set", "Set texts of a string and save the project");
+        AddProject(*subcommand, project);
+        subcommand->add_option("ID", id, "The string's ID; it is made if it doesn't exist")->type_name("")->required();
+        subcommand->add_option("TEXT", texts, "The text; one for each --language, in the same order")
+            ->type_name("")
+            ->required();
+        subcommand->add_option("--language", languages, "The text's language, by name, number or code; can be repeated")
+            ->type_name("LANGUAGE")
+            ->allow_extra_args(false)
+            ->required();
+        subcommand->add_flag("--dry-run", dryRun, SAVE_DRY_RUN_HELP);
+        return subcommand;
+    }
+
+    int Run(Session &session) override
+    {
+        if (languages.size() != texts.size()) {
+            Complain(u"strings set: there are %1 texts for %2 languages; write one text for each --language"_s
+                         .arg(texts.size())
+                         .arg(languages.size()));
+            return EXIT_WRONG_USE;
+        }
+        for (const std::string &text : texts) {
+            if (text.find_first_of("\t\r\n") != std::string::npos) {
+                Complain(u"a string can't contain a tab or a line break; write \\n for the device, if it knows that"_s);
+                return EXIT_WRONG_USE;
+            }
+        }
+        ProjectEdit edit(session, AbsolutePath(project), dryRun);
+        CResDoc *const document = edit.Open();
+        if (!document)
+            return EXIT_FAILED;
+        std::vector<NewText> newTexts;
+        QStringList names;
+        if (!FindLanguages(*document, newTexts, names))
+            return EXIT_WRONG_USE;
+        const AssignedTexts result = AssignTexts(*document, QString::fromStdString(id), newTexts);
+        if (result.code != EDIT_DONE) {
+            Complain(result.id + u": "_s + StringEditMessage(result.code));
+            return EXIT_FAILED;
+        }
+        const bool isSame =
+            !result.isNew && std::equal(newTexts.begin(), newTexts.end(), result.before.begin(),
+                                        [](const NewText &text, const QString &before) { return text.text == before; });
+        const int status = isSame ? session.StatusAfter(EXIT_FINE) : edit.Save();
+        for (size_t i = 0; status == EXIT_FINE && i < newTexts.size(); ++i)
+            session.report.Write(LineOf(result, newTexts[i].text, names[qsizetype(i)], result.before[qsizetype(i)]));
+        return status;
+    }
+
+private:
+    [[nodiscard]] bool FindLanguages(const CResDoc &document, std::vector<NewText> &newTexts, QStringList &names) const
+    {
+        const std::vector<KnownLanguage> known = ProjectLanguages(document);
+        for (size_t i = 0; i < languages.size(); ++i) {
+            const QString typed = QString::fromStdString(languages[i]);
+            const KnownLanguage *const language = FindLanguage(known, typed);
+            if (!language) {
+                Complain(WhyNotInProject(typed, known));
+                return false;
+            }
+            newTexts.push_back({language->number, QString::fromStdString(texts[i])});
+            names.append(language->name);
+        }
+        return true;
+    }
+
+    /// The words are those of the dry run of an import.
+    static QString LineOf(const AssignedTexts &result, const QString &text, const QString &language,
+                          const QString &before)
+    {
+        const bool isReplaced = !before.isEmpty() && before != text;
+        const QString word = result.isNew     ? u"new"_s
+                             : before == text ? u"same"_s
+                             : isReplaced     ? u"replaced"_s
+                                              : u"filled"_s;
+        return QStringList{word, result.id, language, text}.join(u'\t') + (isReplaced ? u'\t' + before : QString()) +
+               u'\n';
+    }
+
+    std::string project;
+    std::string id;
+    std::vector<std::string> texts;
+    std::vector<std::string> languages;
+    bool dryRun = false;
+};
+
+} // namespace
+
+std::unique_ptr<ISubcommand> MakeStringsSetSubcommand()
+{
+    return std::make_unique<StringsSetSubcommand>();
+}

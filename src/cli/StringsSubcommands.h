@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "LanguageTable.h"
+#include "Subcommands.h"
+
+// Those subcommands of `strings` that are subcommands by themselves. Their `Add` gets the subcommand `strings`.
+
+std::unique_ptr<ISubcommand> MakeStringsListSubcommand();
+std::unique_ptr<ISubcommand> MakeStringsSetSubcommand();
+std::unique_ptr<ISubcommand> MakeStringsAddLanguageSubcommand();
+
+/// The message for a language that the project doesn't have.
+[[nodiscard]] QString WhyNotInProject(const QString &typed, const std::vector<KnownLanguage> &languages);

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "CheckRun.h"
+
+#include "CResDoc.h"
+#include "CheckProject.h"
+#include "IdFinding.h"
+#include "Rules.h"
+#include "StringRows.h"
+
+CheckRun::CheckRun(CResDoc &openDocument, const CheckBasis &checkBasis, CountAlpha countOfAlpha,
+                   std::function<void()> filesRead)
+    : document(openDocument), basis(checkBasis), told(std::move(filesRead)),
+      input{openDocument, *basis.settings, basis.texts, openDocument.findings.All(), basis.settings->target,
+            {},           countOfAlpha,    &facts},
+      report(*basis.settings, [this](Finding &&finding) { findings.push_back(std::move(finding)); })
+{
+}
+
+bool CheckRun::Step()
+{
+    if (isComplete)
+        return false;
+    if (!fileCheck) {
+        fileCheck.emplace(input, basis.settings, told);
+        return true;
+    }
+    if (!hasFiles) {
+        if (!fileCheck->HasEnded())
+            return false;
+        TakeFiles();
+    }
+    const std::span<const Rule> rules = AllRules();
+    while (nextRule < rules.size()) {
+        const Rule &rule = rules[nextRule++];
+        if (!rule.project || !report.Begin(rule))
+            continue;
+        if (departures != document.ids.Departures()) {
+            --nextRule;
+            Renew();
+        } else {
+            rule.project(input, report);
+        }
+        return true;
+    }
+    Complete();
+    return false;
+}
+
+void CheckRun::WaitForFiles()
+{
+    if (fileCheck)
+        fileCheck->Wait();
+}
+
+void CheckRun::TakeFiles()
+{
+    hasFiles = true;
+    findings = std::move(fileCheck->findings);
+    facts.TakeFiles(fileCheck->files);
+    if (fileCheck->sources)
+        facts.TakeSources(std::move(*fileCheck->sources));
+}
+
+/// Finds the facts that point to IDs or rows again, because some of them may be gone since the last part.
+void CheckRun::Renew()
+{
+    departures = document.ids.Departures();
+    facts.ForgetIds();
+    input.repeatedRows = RowsWithEqualSource(document, basis.texts);
+}
+
+void CheckRun::Complete()
+{
+    report.AddFound(basis.faults);
+    PlaceInLists(document, findings);
+    SortFindings(findings);
+    isComplete = true;
+}
