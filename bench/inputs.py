@@ -64,6 +64,18 @@ def sentence(rng):
     return ' '.join(rng.choice(words) for _ in range(rng.randint(3, 7)))
 
 
+def changed_table(source, target, step, language):
+    """Copies a string file with another text in one language of every row whose number is a multiple of `step`."""
+    with open(source, encoding='utf-16', newline='') as table:
+        lines = table.read().split('\r\n')
+    for i in range(2, len(lines) - 2, step):
+        fields = lines[i].split('\t')
+        fields[3 + language] += ' changed'
+        lines[i] = '\t'.join(fields)
+    with open(target, 'wb') as out:
+        out.write(b'\xff\xfe' + '\r\n'.join(lines).encode('utf-16-le'))
+
+
 def string_table(folder, rows, po_folder):
     """Makes a project's string file in 12 languages, and a .po file with the same texts for each. Returns their paths."""
     rng = random.Random(5)

@@ -31,7 +31,7 @@ void LanguagesOfAPack(benchmark::State &state)
     const packinfo info;
     for (auto _ : state) {
         PackImage image(memory, EntryPadding::None);
-        PackContext context{world.model, info, image, files, scratch, {}};
+        PackContext context{world.model, info, image, files, scratch, nullptr, {}};
         if (ConstructLanguages(context) != PACK_OK || qint64(image.items.size()) != state.range(0))
             std::abort();
     }

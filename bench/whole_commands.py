@@ -55,6 +55,10 @@ def apart(work, *arguments):
         return process.submit(work, *arguments).result()
 
 
+def copy(source, target):
+    return lambda: shutil.copyfile(source, target)
+
+
 def remove(*paths):
     def work():
         for path in paths:
@@ -182,6 +186,20 @@ class Suite:
                            2.0, 1.3)
         self.table.compare('all rules on them; load', Run([self.cli, 'check', project]), load, 4.0, None)
 
+    def merge(self):
+        """Merges changes of every tenth row, and of every row, which leaves no line that is equal in two versions."""
+        folder = self.folder('merge')
+        project = inputs.project(folder, [], strings=True)
+        apart(inputs.string_table, folder, 50000, os.path.join(folder, 'po'))
+        load = Run([self.cli, 'load', project])
+        base = os.path.join(folder, 'res', 'ref_list_demo.txt')
+        for step, name in ((10, 'a tenth'), (1, 'all')):
+            ours, theirs, merged = (os.path.join(folder, side) for side in ('ours', 'theirs', 'merged'))
+            apart(inputs.changed_table, base, ours, step, 1)
+            apart(inputs.changed_table, base, theirs, step, 2)
+            self.table.compare('merge 3 x 50,000 rows, %s changed; load' % name,
+                               Run([self.cli, 'merge', base, merged, theirs], prepare=copy(ours, merged)), load, 4.0, None)
+
     def workbooks(self):
         folder = self.folder('workbooks')
         project = inputs.project(folder, [], strings=True)
@@ -198,6 +216,22 @@ class Suite:
             self.table.compare('import them from .%s; the same' % kind,
                                Run([self.cli, 'strings', 'import', project, books[kind]]), peer, 1.0, None,
                                ('memory; ssconvert', None, 1.0, None))
+
+    def translations(self):
+        folder = self.folder('translations')
+        project = inputs.project(folder, [], strings=True)
+        apart(inputs.string_table, folder, 50000, os.path.join(folder, 'po'))
+        for form, extension in (('po', 'po'), ('xliff', 'xlf')):
+            made = os.path.join(folder, form + '_files')
+            export = Run([self.cli, 'strings', 'export', project, made, '--format', form])
+            export.once()
+            if form == 'po':
+                peer = Run(*[['msgcat', '--no-wrap', '-o', os.path.join(folder, 'out.po'), os.path.join(made, name)]
+                             for name in sorted(os.listdir(made))])
+            files = [os.path.join(made, name) for name in sorted(os.listdir(made))]
+            self.table.compare('export 50,000 rows in 12 languages as .%s; msgcat' % extension, export, peer, 0.5, 0.3)
+            self.table.compare('import them; the same', Run([self.cli, 'strings', 'import', project] + files), peer,
+                               0.5, 0.3)
 
     def images(self):
         folder = self.folder('images')
@@ -245,7 +279,8 @@ class Suite:
                            2.0)
 
 
-SUITE = ('large_elf', 'many_small', 'medium', 'strings', 'check', 'workbooks', 'images', 'resources', 'window', 'starts')
+SUITE = ('large_elf', 'many_small', 'medium', 'strings', 'check', 'merge', 'workbooks', 'translations', 'images', 'resources',
+         'window', 'starts')
 
 
 def main():

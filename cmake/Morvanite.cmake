@@ -11,7 +11,8 @@
 #                                   user's settings are then not read
 #       [CONVERT_IMAGES]            pack the images in the device's format, and pack the preview pictures
 #       [VER <n>]                   a version number for the log of the pack
-#       [CHECK error|warning|note]) check the project before each pack, and fail for a finding of this level or above
+#       [CHECK error|warning|note]  check the project before each pack, and fail for a finding of this level or above
+#       [BUDGET <bytes>])           fail if the resources have more bytes, and list the largest; K and M are units
 #
 # The headers are generated before <target> is compiled, into a folder of the build that is added to its include path. The
 # target <target>_packed writes the packed file and is built by default. Nothing is written into the project.
@@ -138,7 +139,7 @@ function(_morvanite_headers_target result project settings state)
 endfunction()
 
 function(morvanite_pack target)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "CONVERT_IMAGES" "PROJECT;RESOLUTION;TARGET;OUTPUT;HEADER;LISTS;SETTINGS;VER;CHECK" "")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "CONVERT_IMAGES" "PROJECT;RESOLUTION;TARGET;OUTPUT;HEADER;LISTS;SETTINGS;VER;CHECK;BUDGET" "")
     if(NOT TARGET ${target})
         message(FATAL_ERROR "morvanite_pack: ${target} is not a target; call morvanite_pack after add_executable")
     elseif(TARGET ${target}_packed)
@@ -198,6 +199,12 @@ function(morvanite_pack target)
     endif()
     if(DEFINED arg_VER)
         list(APPEND options --ver ${arg_VER})
+    endif()
+    if(DEFINED arg_BUDGET)
+        if(NOT arg_BUDGET MATCHES "^[0-9]+[KkMm]?$")
+            message(FATAL_ERROR "morvanite_pack(${target}): BUDGET is \"${arg_BUDGET}\", but it must be a number of bytes, or of units such as in 512K or 2M")
+        endif()
+        list(APPEND options --budget ${arg_BUDGET})
     endif()
     # A pack searches for these files, so a pack is also needed when one of them is added or removed.
     file(GLOB found CONFIGURE_DEPENDS ${folder}/preview.lst ${folder}/${name}_res.lst ${folder}/AppLogo.img

@@ -12,7 +12,7 @@ BUILD_PACKAGES="g++ cmake ninja-build pkg-config ccache qt6-base-dev libtinyxml-
     libfreetype-dev libharfbuzz-dev
     gcc-arm-linux-gnueabihf libc6-dev-armhf-cross qemu-user"
 # What the tests need in addition.
-TEST_PACKAGES="libgtest-dev libgmock-dev librapidcheck-dev python3 llvm-14 elfutils binutils gnumeric python3-xlrd python3-xlwt
+TEST_PACKAGES="libgtest-dev libgmock-dev librapidcheck-dev python3 llvm-14 elfutils binutils gettext gnumeric libxml2-utils qt6-l10n-tools python3-xlrd python3-xlwt
     libreoffice-calc-nogui git xvfb openbox xdotool xclip fonts-dejavu-core fonts-wqy-microhei fonts-lohit-deva
     shared-mime-info pandoc mandoc bash-completion zsh fish"
 # What scripts/package.sh needs in addition to BUILD_PACKAGES.

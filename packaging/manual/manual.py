@@ -28,6 +28,7 @@ SUMMARIES = {
     'project-files': 'files of a Morvanite project',
     'settings': 'settings of Morvanite: INI files of the program, the user and a project',
     'string-file': 'string file of Morvanite: all strings of a project',
+    'translations': 'translation files that Morvanite writes and reads: PO and XLIFF 1.2',
     'workbook': 'workbooks for translators that Morvanite writes and reads: .xls, .xlsx, .csv',
 }
 INSTALLED = '/usr/share/doc/morvanite'

@@ -2,6 +2,7 @@
 #include "Baseline.h"
 #include "CheckOutput.h"
 #include "CheckProject.h"
+#include "ConvertedSizes.h"
 #include "FileFault.h"
 #include "HostFiles.h"
 #include "LazyPictures.h"
@@ -128,9 +129,10 @@ private:
         if (document) {
             const TextContext texts(*document, settings);
             result.languages = texts.Languages();
-            result.findings =
-                CheckProject({*document, settings, texts, loaded, screens.empty() ? settings.target : screens,
-                              headerPath, CountAlphaOfPicture});
+            CheckInput input{*document,  settings,           texts, loaded, screens.empty() ? settings.target : screens,
+                             headerPath, CountAlphaOfPicture};
+            input.measureLayouts = SizesOfConvertedLayouts;
+            result.findings = CheckProject(input);
             if (IsPictureModuleMissing())
                 Complain(u"libmorvanite-pictures.so, which must be beside the program, can't be loaded, so "
                          "\"image-alpha-few\" finds nothing"_s);

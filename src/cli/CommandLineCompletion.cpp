@@ -2,6 +2,7 @@
 #include "CommandLineCompletion.h"
 
 #include "CommandLine.h"
+#include "Explanations.h"
 #include "KeptFiles.h"
 #include "LanguageTable.h"
 #include "Rules.h"
@@ -53,6 +54,14 @@ std::string RuleIds(Session &, const Values &)
     return lines;
 }
 
+std::string Codes(Session &, const Values &)
+{
+    std::string lines;
+    for (const Explanation &one : AllExplanations())
+        lines += Line(one.code.toStdString(), one.when.toStdString());
+    return lines;
+}
+
 std::string LanguageNames(Session &session, const Values &)
 {
     std::string lines;
@@ -67,9 +76,7 @@ constexpr struct
     std::string_view kind;
     std::string (*list)(Session &session, const Values &values);
 } SOURCES[] = {
-    {"resolution", ScreenSizes},
-    {"kept-entry", KeptEntries},
-    {"rule", RuleIds},
+    {"resolution", ScreenSizes}, {"kept-entry", KeptEntries}, {"rule", RuleIds}, {"code", Codes},
     {"language", LanguageNames},
 };
 
@@ -117,14 +124,12 @@ std::string CommandLineCompletion::ListArguments() const
 /// Lists the commands within the command so far; those of the program if it has none.
 std::string CommandLineCompletion::ListCommands() const
 {
-    const auto named = walk.Values().find("COMMAND"); // of `help`
-    const CLI::App *app = CommandLine::CommandsOf(walk.Command()).empty() ? &walk.Program() : &walk.Command();
-    for (const CLI::App *command : CommandLine::CommandsOf(walk.Program())) {
-        if (named != walk.Values().end() && command->get_name() == named->second)
-            app = command;
-    }
+    CommandLineWalk inner(walk.Program());
+    if (const auto named = walk.Values().find("COMMAND"); named != walk.Values().end()) // of `help`
+        inner.Take(named->second);
+    const bool isHelp = CommandLine::CommandsOf(walk.Command()).empty();
     std::string lines = WORDS;
-    for (const CLI::App *command : CommandLine::CommandsOf(*app))
+    for (const CLI::App *command : CommandLine::CommandsOf(isHelp ? inner.Command() : walk.Command()))
         lines += Line(command->get_name(), command->get_description());
     return lines;
 }

@@ -154,7 +154,7 @@ private:
 
     int PrintSizes(Session &session, const InspectedFile &inspected) const
     {
-        const std::vector<PackPart> parts = PartsOf(session.env, inspected.result);
+        const std::vector<PackedPart> parts = PartsOf(session.env, inspected.result);
         const PackSelection *const selection = inspected.selection ? &*inspected.selection : nullptr;
         const std::vector<SizedPart> sizes = SizesOf(parts, inspected.names, selection);
         if (sizes.empty())
@@ -170,13 +170,13 @@ private:
     int Compare(Session &session, const InspectedFile &a, const InspectedFile &b) const
     {
         const auto partsOf = [&](const InspectedFile &inspected) {
-            std::vector<PackPart> parts = PartsOf(session.env, inspected.result);
+            std::vector<PackedPart> parts = PartsOf(session.env, inspected.result);
             if (inspected.selection)
-                std::erase_if(parts, [&](const PackPart &part) { return !inspected.selection->Has(part); });
+                std::erase_if(parts, [&](const PackedPart &part) { return !inspected.selection->Has(part); });
             return parts;
         };
-        const std::vector<PackPart> before = partsOf(a);
-        const std::vector<PackPart> after = partsOf(b);
+        const std::vector<PackedPart> before = partsOf(a);
+        const std::vector<PackedPart> after = partsOf(b);
         if (before.empty() && after.empty())
             return NothingSelected();
         const std::vector<DiffRow> rows = ComparePacks(before, a.names, after, b.names);

@@ -19,12 +19,25 @@ const PictureFunctions *LoadFunctions()
     return functions;
 }
 
+const PictureFunctions *Functions()
+{
+    static const PictureFunctions *const functions = LoadFunctions();
+    return functions;
+}
+
 } // namespace
 
 bool CountAlphaOfPicture(const QByteArray &bytes, PictureAlpha &alpha)
 {
-    static const PictureFunctions *const functions = LoadFunctions();
-    return functions && functions->countAlpha(bytes, alpha);
+    return Functions() && Functions()->countAlpha(bytes, alpha);
+}
+
+std::optional<quint64> SizeOfConvertedPicture(const QByteArray &bytes, QString &fault)
+{
+    if (Functions())
+        return Functions()->measure(bytes, fault);
+    fault = QStringLiteral("libmorvanite-pictures.so, which has the decoders of pictures, can't be loaded");
+    return std::nullopt;
 }
 
 bool IsPictureModuleMissing()

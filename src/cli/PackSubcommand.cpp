@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "ByteCount.h"
+#include "ConvertedSizes.h"
 #include "Depfile.h"
 #include "HostFiles.h"
 #include "OpeningReport.h"
 #include "PackRequest.h"
+#include "PackTrialReport.h"
 #include "Paths.h"
 #include "ProjectInputs.h"
 #include "ProjectSave.h"
@@ -54,9 +57,19 @@ public:
                              "Make the texts of this language from those of the source, to try out the application; "
                              "the project isn't changed")
                 ->type_name("LANGUAGE");
+        CLI::Option *budgetOption =
+            subcommand
+                ->add_option(
+                    "--budget", budget,
+                    "Write nothing and exit with 1 if the resources have more bytes than this; K and M are units")
+                ->type_name("BYTES");
+        CLI::Option *dryRunOption = subcommand->add_flag(
+            "--dry-run", dryRun, "Write nothing, and print the sizes and everything that would make the pack fail");
+        dryRunOption->excludes(depfileOption);
         CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
         AddQuiet(*subcommand, quiet);
-        for (CLI::Option *option : {depfileOption, strictOption, tempOption, headersOption, pseudoOption})
+        for (CLI::Option *option :
+             {depfileOption, strictOption, tempOption, headersOption, pseudoOption, budgetOption, dryRunOption})
             remoteOption->excludes(option);
         return subcommand;
     }
@@ -76,8 +89,14 @@ public:
         session.report.hasOnlyProblems = quiet;
         if (remote)
             return RunRemotely(session, request);
-        if (strict && HasInterruptedSave(session.env, request.projectPath))
+        // Opening would finish a save that was interrupted.
+        if ((strict || dryRun) && HasInterruptedSave(session.env, request.projectPath))
             return EXIT_FAILED;
+        session.handler.packTemp = AbsolutePath(temp);
+        session.handler.packHeaders = AbsolutePath(headers);
+        session.handler.packBudget = budgetBytes;
+        if (dryRun)
+            return TryToPack(session, request);
         // Made absolute now, since a pack changes to the project's folder.
         const QString depfilePath = AbsolutePath(depfile);
         std::vector<QByteArray> inputs;
@@ -86,8 +105,6 @@ public:
             session.handler.packDepfile = depfilePath;
         }
         session.handler.beforePack = [&](CResDoc &document) { return MayPack(session, document); };
-        session.handler.packTemp = AbsolutePath(temp);
-        session.handler.packHeaders = AbsolutePath(headers);
         session.handler.Pack(request);
         const int status = session.LastStatus();
         if (strict && session.handler.LastError() == int(ReportCode::NoDocument))
@@ -101,7 +118,7 @@ public:
 
 private:
     /// Returns false, with a message, if a pack doesn't know a word of the command line.
-    [[nodiscard]] bool HasRightWords() const
+    [[nodiscard]] bool HasRightWords()
     {
         const auto refuse = [](const char *option, const std::string &word, const char *right) {
             Complain(QStringLiteral("%1 is \"%2\", but it must be %3")
@@ -112,7 +129,32 @@ private:
             return refuse("--target", target, "axf (an ELF file) or dll");
         if (!ParseScreenSize(QString::fromStdString(resolution))) // stricter than for an IDE's record
             return refuse("--resolution", resolution, "a width and a height in pixels, such as 240x320");
-        return true;
+        if (budget.empty())
+            return true;
+        const auto bytes = ParseByteCount(QString::fromStdString(budget));
+        budgetBytes = bytes.value_or(0);
+        return bytes || refuse("--budget", budget, "a number of bytes, or of units such as in 512K or 2M");
+    }
+
+    int TryToPack(Session &session, const PackCommandRecord &request) const
+    {
+        CResDoc *const document = session.OpenQuietly(request.projectPath);
+        if (!document) {
+            if (strict)
+                (void)TellOfOpening(session, request.projectPath, nullptr, true);
+            return EXIT_FAILED;
+        }
+        const bool isWhole = MayPack(session, *document);
+        PackTrial trial;
+        trial.sizes = ConvertedSizes();
+        session.handler.TryPack(*document, request, trial);
+        ReportTrial(session, trial, OutputOf(request));
+        return session.StatusAfter(isWhole && trial.faults.empty() ? EXIT_FINE : EXIT_FAILED);
+    }
+
+    static QString OutputOf(const PackCommandRecord &request)
+    {
+        return request.outputFile.isEmpty() ? request.inputFile + QStringLiteral(".pkd") : request.outputFile;
     }
 
     /// Reports what is wrong with the opened project or with the requested pack. Returns true if it may be packed.
@@ -126,7 +168,7 @@ private:
             session.env.Explain(FindingText(*reason));
             isWhole = isWhole && !strict;
         }
-        if (!isWhole)
+        if (!isWhole && !dryRun)
             session.env.ExplainFailure(QStringLiteral("nothing is written because of --strict"));
         return isWhole && (pseudo.empty() || UsePseudoTexts(session, document));
     }
@@ -147,9 +189,7 @@ private:
         auto *document = static_cast<CResDoc *>(session.documents.FindDocument(request.projectPath));
         for (const QString &file : document ? ProjectInputs(*document) : QStringList())
             inputs.push_back(HostPath(file));
-        const QString made =
-            request.outputFile.isEmpty() ? request.inputFile + QStringLiteral(".pkd") : request.outputFile;
-        const QString problem = WriteDepfile(path, made.toUtf8(), std::move(inputs));
+        const QString problem = WriteDepfile(path, OutputOf(request).toUtf8(), std::move(inputs));
         if (!problem.isEmpty())
             Complain(problem);
         return problem.isEmpty() ? EXIT_FINE : EXIT_FAILED;
@@ -169,6 +209,9 @@ private:
     bool remote = false;
     bool quiet = false;
     bool strict = false;
+    bool dryRun = false;
+    std::string budget;
+    quint64 budgetBytes = 0; // 0: none
 };
 
 } // namespace

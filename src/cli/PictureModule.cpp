@@ -54,7 +54,20 @@ bool CountAlphaOf(const QByteArray &bytes, PictureAlpha &alpha)
     return true;
 }
 
+std::optional<quint64> Measure(const QByteArray &bytes, QString &fault)
+{
+    Picture picture(DeviceFormat::maxPixels);
+    const Outcome outcome =
+        ReadPicture({reinterpret_cast<const std::uint8_t *>(bytes.constData()), size_t(bytes.size())}, picture);
+    if (outcome.HasFailed()) {
+        fault = QString::fromUtf8(outcome.Text());
+        return std::nullopt;
+    }
+    picture.Finish();
+    return picture.DeviceBytes().size();
+}
+
 } // namespace
 
 // The symbol that PICTURE_FUNCTIONS names.
-extern "C" __attribute__((visibility("default"))) const PictureFunctions MorvanitePictures = {CountAlphaOf};
+extern "C" __attribute__((visibility("default"))) const PictureFunctions MorvanitePictures = {CountAlphaOf, Measure};

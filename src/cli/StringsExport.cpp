@@ -27,7 +27,9 @@ CLI::App *StringsExport::Add(CLI::App &strings, std::string &projectPath)
                      "translations, .pot)")
         ->type_name("LANGUAGE")
         ->allow_extra_args(false);
-    subcommand->add_option("--source", wantedSource, "The language to translate from (default: that of the settings, or the first)")
+    subcommand
+        ->add_option("--source", wantedSource,
+                     "The language to translate from (default: that of the settings, or the first)")
         ->type_name("LANGUAGE");
     subcommand->add_flag("--only-missing", onlyMissing, "Only rows that lack a translation");
     return subcommand;

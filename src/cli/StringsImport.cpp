@@ -39,8 +39,7 @@ bool TakesAll(const ImportPlan &plan)
 template <typename Apply> int ApplyAndSave(Session &session, CResDoc &document, int status, const Apply &apply)
 {
     if (document.TakeInChanges() != CResDoc::Outside::None) {
-        Complain(document.PathName() +
-                 u": its files changed during the import, so nothing is saved; import again"_s);
+        Complain(document.PathName() + u": its files changed during the import, so nothing is saved; import again"_s);
         return EXIT_FAILED;
     }
     apply();
@@ -57,20 +56,25 @@ template <typename Apply> int ApplyAndSave(Session &session, CResDoc &document, 
 
 CLI::App *StringsImport::Add(CLI::App &strings, std::string &projectPath)
 {
-    CLI::App *const subcommand =
-        strings.add_subcommand("import", "Fill the string table from a workbook, or from translation files, and save the project");
+    CLI::App *const subcommand = strings.add_subcommand(
+        "import", "Fill the string table from a workbook, or from translation files, and save the project");
     AddProject(*subcommand, projectPath);
     subcommand->add_option("FILE", names, "A workbook or translation files; the extension selects the format")
         ->type_name("")
         ->required();
-    subcommand
-        ->add_option("--language", wanted, "Import only this language, by name, number or code; can be repeated")
+    subcommand->add_option("--language", wanted, "Import only this language, by name, number or code; can be repeated")
         ->type_name("LANGUAGE")
         ->allow_extra_args(false);
     subcommand->add_flag("--replace", options.replace, "Put texts in place of other ones");
     subcommand->add_flag("--only-existing", options.onlyExisting, "Make no new rows and languages");
     subcommand->add_flag("--accept-stale", options.acceptStale, "Import translations of other source texts too");
     subcommand->add_flag("--include-unfinished", options.includeUnfinished, "Import unfinished translations too");
+    subcommand->add_flag("--own-names", options.ownNames,
+                         "Workbooks: find languages by the project's own names before those of tuvik.ini");
+    subcommand->add_flag("--unguard", options.unguard,
+                         "Workbooks: remove the apostrophe before texts such as '=1+1, as from .csv files");
+    subcommand->add_option("--sheet", sheet, "Workbooks: the name or the number of the sheet (default: the first)")
+        ->type_name("SHEET");
     CLI::Option *const dryRunOption =
         subcommand->add_flag("--dry-run", dryRun, "Change nothing; show what would happen to each text");
     subcommand->add_flag("--json", json, JSON_HELP)->needs(dryRunOption);
@@ -82,8 +86,15 @@ bool StringsImport::FixPaths()
 {
     for (const std::string &name : names)
         files.push_back({AbsolutePath(name), QString::fromStdString(name)});
-    const auto isTranslation = [](const TranslationImport::File &file) { return TranslationFormatOf(file.path) != nullptr; };
+    const auto isTranslation = [](const TranslationImport::File &file) {
+        return TranslationFormatOf(file.path) != nullptr;
+    };
     isWorkbook = std::none_of(files.begin(), files.end(), isTranslation);
+    options.sheet = QString::fromStdString(sheet);
+    if (!isWorkbook && (options.ownNames || options.unguard || !sheet.empty())) {
+        Complain(u"--own-names, --unguard and --sheet are for workbooks only"_s);
+        return false;
+    }
     if (files.size() == 1 || std::all_of(files.begin(), files.end(), isTranslation))
         return true;
     Complain(u"several files can only be imported together if they are translation files (.po, .xlf)"_s);
@@ -123,8 +134,8 @@ int StringsImport::Run(Session &session, CResDoc &document)
         session.handler.idleOutput = [](QStringView text) { fputs(text.toUtf8().constData(), stderr); };
     }
     IImportWatch *const watch = !dryRun ? nullptr : json ? static_cast<IImportWatch *>(&*structured) : &lines;
-    const int status = isWorkbook ? ImportWorkbook(session, document, watch)
-                                  : ImportTranslations(session, document, languages, watch);
+    const int status =
+        isWorkbook ? ImportWorkbook(session, document, watch) : ImportTranslations(session, document, languages, watch);
     if (structured)
         structured->End();
     return status;

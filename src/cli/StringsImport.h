@@ -28,6 +28,7 @@ private:
 
     std::vector<std::string> names;
     std::vector<std::string> wanted;
+    std::string sheet;
     ImportOptions options;
     bool dryRun = false;
     bool json = false;

@@ -28,6 +28,7 @@ std::vector<std::unique_ptr<ISubcommand>> AllSubcommands()
     subcommands.push_back(MakeHeadersSubcommand());
     subcommands.push_back(MakePackSubcommand());
     subcommands.push_back(MakeCheckSubcommand());
+    subcommands.push_back(MakeExplainSubcommand());
     subcommands.push_back(MakeIdsSubcommand());
     subcommands.push_back(MakeInspectSubcommand());
     subcommands.push_back(MakeStringsSubcommand());

@@ -41,6 +41,7 @@ std::unique_ptr<ISubcommand> MakeSaveSubcommand();
 std::unique_ptr<ISubcommand> MakeHeadersSubcommand();
 std::unique_ptr<ISubcommand> MakePackSubcommand();
 std::unique_ptr<ISubcommand> MakeCheckSubcommand();
+std::unique_ptr<ISubcommand> MakeExplainSubcommand();
 std::unique_ptr<ISubcommand> MakeIdsSubcommand();
 std::unique_ptr<ISubcommand> MakeInspectSubcommand();
 std::unique_ptr<ISubcommand> MakeStringsSubcommand();

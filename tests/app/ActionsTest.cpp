@@ -92,15 +92,16 @@ TEST(MainFrame, HasMenusWithAndWithoutADocument)
     TestWindow window;
     window.Start();
     const std::string help = "Help: About Morvanite..., \n";
-    const std::string view = "View: Toolbar, Status Bar, Output, | ";
+    const std::string view = "View: Toolbar, Status Bar, Output, Findings, | ";
     EXPECT_EQ(Shown(*window.Frame().menuBar()),
-              "File: Open... Ctrl+O, | (Recent File), | (Close Ctrl+F4), Exit, \n" + view + "(Split), \n" + help);
+              "File: Open... Ctrl+O, New Project..., | (Recent File), | (Close Ctrl+F4), Exit, \n" + view +
+                  "(Split), \n" + help);
     ASSERT_TRUE(window.Frame().Projects().Open(window.Project()));
     window.Settle();
     const std::string recent = "1 " + window.Project().toStdString();
     EXPECT_EQ(
         Shown(*window.Frame().menuBar()),
-        "File: Open... Ctrl+O, Close Ctrl+F4, Save Ctrl+S, | (Import...), (Export...), | " + recent +
+        "File: Open... Ctrl+O, New Project..., Close Ctrl+F4, Save Ctrl+S, | (Import...), (Export...), | " + recent +
             ", | Exit, \n"
             "Edit: (Undo Ctrl+Z Alt+Backspace), (Redo Ctrl+Y), | (Rename F2), (Copy Ctrl+C Ctrl+Ins), "
             "(Paste Ctrl+V Shift+Ins), (Delete All), | (Select All Ctrl+A), \n" +

@@ -13,23 +13,6 @@
 namespace
 {
 
-/// Calls `what` once with the dialog or box that opens next, and always closes it.
-template <typename Dialog> void WhenOpen(TestWindow &window, std::function<void(Dialog &)> what)
-{
-    auto *const timer = new QTimer(&window.Frame());
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, what = std::move(what)] {
-        const QPointer<Dialog> dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        timer->stop();
-        timer->deleteLater();
-        what(*dialog);
-        if (dialog && dialog->isVisible())
-            dialog->reject();
-    });
-    timer->start(10);
-}
-
 QComboBox *TypesOf(const QFileDialog &dialog)
 {
     return dialog.findChild<QComboBox *>(u"fileTypeCombo"_s);

@@ -14,6 +14,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 #include <QUrl>
@@ -159,3 +160,20 @@ struct TestWindow
     QList<QMessageBox::StandardButton> answers;
     std::unique_ptr<QTimer> answering;
 };
+
+/// Calls `what` once with the dialog or box that opens next, and always closes it.
+template <typename Dialog> void WhenOpen(TestWindow &window, std::function<void(Dialog &)> what)
+{
+    auto *const timer = new QTimer(&window.Frame());
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, what = std::move(what)] {
+        const QPointer<Dialog> dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        timer->stop();
+        timer->deleteLater();
+        what(*dialog);
+        if (dialog && dialog->isVisible())
+            dialog->reject();
+    });
+    timer->start(10);
+}

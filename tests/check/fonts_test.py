@@ -91,6 +91,16 @@ class Coverage(unittest.TestCase):
             codes = [code for pair in listed if pair for code in range(pair[0], pair[-1] + 1)]
             self.assertEqual(codes, sorted(map(ord, text)))
 
+    def test_a_font_that_is_cut_off_is_a_finding(self):
+        self.put_texts([['A']] * len(COLUMNS))
+        whole = pathlib.Path(FONTS['default']).read_bytes()
+        (self.dir / 'morvanite-check.ini').write_text('[Font]\ndefault=cut.ttf 16\n')
+        for size in (len(whole), len(whole) - 1, len(whole) * 9 // 10, len(whole) // 2, 300, 1, 0):
+            (self.dir / 'cut.ttf').write_bytes(whole[:size])
+            findings = json.loads(self.output('check', 'demo.vcproj', '--format=json', '--fail-on=never'))['findings']
+            self.assertEqual([finding['rule'] for finding in findings if 'cut.ttf' in finding['text']],
+                             ['check-settings'] if size < len(whole) else [], size)
+
 
 if __name__ == '__main__':
     unittest.main()

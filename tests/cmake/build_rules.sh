@@ -36,6 +36,9 @@ if(WITH_CHECK)
     set(check CHECK error)
     morvanite_check(check_all PROJECT weatherclock.vcproj SETTINGS settings SARIF found.sarif)
 endif()
+if(BUDGET)
+    set(check BUDGET \${BUDGET})
+endif()
 morvanite_pack(upright PROJECT weatherclock.vcproj RESOLUTION 240x320 SETTINGS settings CONVERT_IMAGES \${check})
 morvanite_pack(across PROJECT weatherclock.vcproj RESOLUTION 320x240 SETTINGS settings TARGET axf OUTPUT packed.bin CONVERT_IMAGES VER 3)
 if(WITH_DLL)
@@ -149,7 +152,12 @@ rm "$app/morvanite-check.ini"
 cmake --build "$build" --target upright_packed check_all >"$work/log" 2>&1 || fail 'the target of morvanite_check failed'
 grep -q '"version": "2.1.0"' "$build/found.sarif" || fail 'the findings were not written'
 
-configure -DWITH_CHECK=OFF
+# Resources that are larger than the budget aren't packed.
+configure -DWITH_CHECK=OFF -DBUDGET=100K
+! cmake --build "$build" --target upright_packed >"$work/log" 2>&1 || fail 'a budget that is too small did not end the build'
+grep -q ' more than the budget of 102400 bytes' "$work/log" && grep -q '  ID_IMAGE_BACKGROUND$' "$work/log" || fail 'the largest resources are not shown'
+
+configure -DBUDGET=
 cmake --build "$build" --target clean >"$work/log" 2>&1 || fail 'cleaning failed'
 [ ! -e "$build/upright.packed.axf" ] && [ ! -e "$build/arm/upright.res" ] || fail 'cleaning leaves packed files'
 builds 'cleaning' "$all"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PackCodes.h"
 #include "PackProject.h"
+#include "PackTrial.h"
 
 namespace
 {
@@ -66,6 +67,24 @@ void Spoil(PackProject &project, const QByteArray &phase, const char *path)
     }
 }
 
+/// A dry run finds the failure too, and writes nothing to the report. It doesn't read the contents of resources.
+void ExpectFaultOfTrial(PackProject &project, PackMode mode, int code)
+{
+    if (code == PACK_FILE_READ || code == PACK_IMAGE_READ)
+        return;
+    PackTrial trial;
+    trial.sizes.picture = [](const QByteArray &, QString &fault) {
+        fault = QStringLiteral("no picture");
+        return std::optional<quint64>();
+    };
+    project.info.packmode = mode;
+    Packer::Try(project.info, project, trial);
+    ASSERT_FALSE(trial.faults.empty());
+    EXPECT_EQ(trial.faults[0].code, code);
+    EXPECT_FALSE(trial.isExact || trial.faults[0].text.isEmpty());
+    EXPECT_EQ(project.TakeOutput() + project.TakeExplained(), "");
+}
+
 /// Packs in both modes.
 void ExpectFailure(PackProject &project, const Failure &failure)
 {
@@ -84,6 +103,7 @@ void ExpectFailure(PackProject &project, const Failure &failure)
         EXPECT_EQ(project.TakeExplained().contains("cannot read "), isUnreadable);
         EXPECT_EQ(project.folder.Get("app.axf"), project.elf);
         EXPECT_FALSE(project.folder.Has("app.out")) << "nothing is written before all has been read";
+        ExpectFaultOfTrial(project, mode, failure.code);
     }
 }
 

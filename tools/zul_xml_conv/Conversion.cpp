@@ -54,13 +54,38 @@ bool Conversion::Run()
     if (!LoadLayouts() || !LoadTypes())
         return false;
     const LayoutTables tables(types);
-    if (!tables.Fit()) {
-        messages.append(options.xml + u": more than 65535 classes or properties"_s);
+    if (HasTooManyNames(tables))
         return false;
-    }
     if (AskForTables())
         return WriteTables(tables);
-    return LoadNumbers() && !HasTablesOfOthers(tables) && Convert(tables);
+    std::vector<ConvertedLayout> layouts;
+    return LoadNumbers() && !HasTablesOfOthers(tables) && Convert(tables, layouts) && WriteLayouts(layouts);
+}
+
+bool Conversion::Measure(const IdNumbers &idNumbers, QHash<NarrowText, quint64> &sizes)
+{
+    if (!LoadLayouts() || !LoadTypes())
+        return false;
+    if (AskForTables()) {
+        messages.append(u"%1: the layout %2 asks for tables, so no layout is converted"_s.arg(
+            options.input, QLatin1StringView(TABLES_LAYOUT)));
+        return false;
+    }
+    const LayoutTables tables(types);
+    numbers = idNumbers;
+    std::vector<ConvertedLayout> layouts;
+    if (HasTooManyNames(tables) || HasTablesOfOthers(tables) || !Convert(tables, layouts))
+        return false;
+    for (const auto &[id, bytes] : layouts)
+        sizes.insert(id, quint64(bytes.size()));
+    return true;
+}
+
+bool Conversion::HasTooManyNames(const LayoutTables &tables)
+{
+    if (!tables.Fit())
+        messages.append(options.xml + u": more than 65535 classes or properties"_s);
+    return !tables.Fit();
 }
 
 bool Conversion::AskForTables() const
@@ -150,9 +175,8 @@ bool Conversion::HasTablesOfOthers(const LayoutTables &tables)
     return true;
 }
 
-bool Conversion::Convert(const LayoutTables &tables)
+bool Conversion::Convert(const LayoutTables &tables, std::vector<ConvertedLayout> &results)
 {
-    std::vector<std::pair<QString, QByteArray>> results;
     QSet<QString> names;
     std::unique_ptr<LayoutRows> rows; // read again if there is a message
     int errors = 0;
@@ -175,15 +199,18 @@ bool Conversion::Convert(const LayoutTables &tables)
         if (names.contains(ToUpperSimple(name)))
             tell(nullptr, "the ID differs from that of another layout only in upper and lower case");
         names.insert(ToUpperSimple(name));
-        results.emplace_back(InFolder(options.output, name), writer.Write(id, layout->components));
+        results.push_back({id, writer.Write(id, layout->components)});
         ++layoutNumber;
     }
     if (errors > MOST_ERRORS)
         messages.append(u"%1: %2 more errors are not shown"_s.arg(options.input).arg(errors - MOST_ERRORS));
-    if (errors > 0)
-        return false;
-    for (const auto &[path, bytes] : results) {
-        if (!WriteFile(path, bytes))
+    return errors == 0;
+}
+
+bool Conversion::WriteLayouts(const std::vector<ConvertedLayout> &layouts)
+{
+    for (const auto &[id, bytes] : layouts) {
+        if (!WriteFile(InFolder(options.output, env.NarrowToWide(id) + u".bin"_s), bytes))
             return false;
     }
     return true;

@@ -9,13 +9,16 @@ namespace
 constexpr MenuEntry LINE{ACTION_NONE};
 
 constexpr MenuEntry OPEN{ACTION_OPEN, "&Open...", "Ctrl+O", "Opens a project."};
+constexpr MenuEntry NEW_PROJECT{ACTION_NEW_PROJECT, "&New Project...", "",
+                                "Makes the files of a new project and opens it."};
 constexpr MenuEntry RECENT{ACTION_RECENT_FILE, "Recent File", "", "Opens this project again."};
 constexpr MenuEntry CLOSE{ACTION_CLOSE, "&Close", "", "Closes the project. Asks first if it has unsaved changes."};
 constexpr MenuEntry EXIT{ACTION_EXIT, "E&xit", "", "Closes all projects and quits Morvanite."};
 
-constexpr MenuEntry FILE_WITHOUT_DOCUMENT[] = {OPEN, LINE, RECENT, LINE, CLOSE, EXIT};
+constexpr MenuEntry FILE_WITHOUT_DOCUMENT[] = {OPEN, NEW_PROJECT, LINE, RECENT, LINE, CLOSE, EXIT};
 constexpr MenuEntry FILE_ENTRIES[] = {
     OPEN,
+    NEW_PROJECT,
     {ACTION_CLOSE, "&Close", "Ctrl+F4", CLOSE.tip},
     {ACTION_SAVE, "&Save", "Ctrl+S", "Numbers the IDs and writes the headers and the project's files."},
     LINE,
@@ -41,13 +44,14 @@ constexpr MenuEntry VIEW_ENTRIES[] = {
     {ACTION_TOOLBAR, "&Toolbar", "", "Shows or hides the tool bar.", true},
     {ACTION_STATUS_BAR, "&Status Bar", "", "Shows or hides this bar.", true},
     {ACTION_OUTPUT, "&Output", "", "Shows or hides the messages of opening, saving and packing.", true},
+    {ACTION_FINDINGS, "Fi&ndings", "", "Checks the project, and shows or hides what is wrong in it.", true},
     LINE,
     {ACTION_SPLIT, "S&plit", "", "Lets the arrow keys move the divider between the tree and the pane."},
     LINE,
     {ACTION_FIND_BAR, "&Find Bar", "Ctrl+F", "Shows or hides the bar that finds rows and filters them.", true},
     {ACTION_DETAILS, "&Details", "F4", "Shows or hides the whole text, or the preview, of the current row.", true},
 };
-constexpr size_t VIEW_ENTRIES_OF_THE_FRAME = 5; // the others are about what a pane shows
+constexpr size_t VIEW_ENTRIES_OF_THE_FRAME = 6; // the others are about what a pane shows
 constexpr MenuEntry WINDOW_ENTRIES[] = {
     {ACTION_CASCADE, "&Cascade", "", "Arranges the project windows so that they overlap."},
     {ACTION_TILE, "&Tile", "", "Arranges the project windows side by side."},
@@ -88,6 +92,8 @@ constexpr MenuEntry FURTHER_KEYS[] = {
     {ACTION_REPLACE, "", "Ctrl+H"},
     {ACTION_GO_TO_ID, "", "Ctrl+G"},
     {ACTION_THUMBNAILS, "", "Ctrl+T"},
+    {ACTION_NEXT_FINDING, "", "F8"},
+    {ACTION_PREVIOUS_FINDING, "", "Shift+F8"},
 };
 
 constexpr const char *ZOOM_TIP = "Shows the layout at this zoom.";
@@ -115,6 +121,9 @@ constexpr MenuEntry VIEW_MENUS[] = {
     {ActionId(ACTION_ZOOM_PRESET + 4), "", "", ZOOM_TIP},
     {ActionId(ACTION_ZOOM_PRESET + 5), "", "", ZOOM_TIP},
     {ACTION_ZOOM_CUSTOM, "", "", "Asks for a zoom in percent."},
+    {ACTION_GO_TO_FINDING, "", "", "Goes to the text, the file or the component that the finding is about."},
+    {ACTION_EXPLAIN_RULE, "", "", "Shows or hides what the rule finds, and what to do."},
+    {ACTION_CHECK_AGAIN, "", "", "Checks the whole project again."},
 };
 
 constexpr ActionId TOOL_BAR[] = {ACTION_OPEN, ACTION_SAVE,   ACTION_NONE, ACTION_UNDO, ACTION_REDO,

@@ -121,13 +121,19 @@ bool CFileView::TakeEdit()
     return grid->TakeEdit();
 }
 
-void CFileView::GoTo(const CBaseRes &resource)
+void CFileView::GoTo(const CBaseRes &resource, const RowPart &)
 {
     const int row = list.RowOf(resource);
     if (row < 0)
         return;
     grid->SelectAlone(row, FileList::ID_COLUMN);
     grid->setFocus();
+}
+
+RowPlace CFileView::FocusedRow() const
+{
+    const QModelIndex cell = grid->currentIndex();
+    return {cell.isValid() ? list.At(cell.row()) : nullptr};
 }
 
 QList<ProfileEntry> CFileView::State() const

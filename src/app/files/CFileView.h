@@ -37,7 +37,8 @@ public:
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
     void Run(ActionId id) override;
     [[nodiscard]] bool TakeEdit() override;
-    void GoTo(const CBaseRes &resource) override;
+    void GoTo(const CBaseRes &resource, const RowPart &part) override;
+    [[nodiscard]] RowPlace FocusedRow() const override;
     [[nodiscard]] QList<ProfileEntry> State() const override;
     void TreeGoes(const CResFolder &folder) override;
 

@@ -114,9 +114,16 @@ void LayoutPanes::TreeGoes(const CResFolder &folder)
         LetGo();
 }
 
-void LayoutPanes::GoTo(const CBaseRes &)
+void LayoutPanes::GoTo(const CBaseRes &resource, const RowPart &part)
 {
+    if (layout == &resource && !part.component.isEmpty())
+        (void)list->SelectComponent(layout->FindComponent(part.component));
     list->setFocus();
+}
+
+RowPlace LayoutPanes::FocusedRow() const
+{
+    return {layout};
 }
 
 QList<QWidget *> LayoutPanes::Parts() const

@@ -41,8 +41,9 @@ public:
     [[nodiscard]] bool TakeEdit() override;
     [[nodiscard]] QList<ProfileEntry> State() const override;
     void TreeGoes(const CResFolder &folder) override;
-    /// Gives the list the focus. A layout has no row of its own, only that of its folder.
-    void GoTo(const CBaseRes &resource) override;
+    /// Gives the list the focus, at the row of the component. A layout has no row of its own, only that of its folder.
+    void GoTo(const CBaseRes &resource, const RowPart &part) override;
+    [[nodiscard]] RowPlace FocusedRow() const override;
     /// The list, the preview and the grid, in this order.
     [[nodiscard]] QList<QWidget *> Parts() const override;
     [[nodiscard]] QList<QWidget *> Dividers() const override;

@@ -8,7 +8,6 @@
 #include "LayoutPanes.h"
 #include "Panes.h"
 #include "Paths.h"
-#include "RowOwner.h"
 #include "StateOwner.h"
 #include "UiIcons.h"
 #include "WaitCursor.h"
@@ -177,9 +176,20 @@ void CChildFrame::GoToId()
     const LocatedId *const chosen = shell.Boxes().RunDialog(dialog) ? dialog.Chosen() : nullptr;
     if (!chosen)
         return;
-    selection->SelectFolder(chosen->folder);
+    GoTo(*chosen->folder, *chosen->resource, {});
+}
+
+void CChildFrame::GoTo(CResFolder &folder, const CBaseRes &resource, const RowPart &part)
+{
+    selection->SelectFolder(&folder);
     if (auto *const pane = dynamic_cast<IRowOwner *>(right->currentWidget()))
-        pane->GoTo(*chosen->resource);
+        pane->GoTo(resource, part);
+}
+
+RowPlace CChildFrame::FocusedRow() const
+{
+    const auto *const pane = dynamic_cast<const IRowOwner *>(right->currentWidget());
+    return pane && right->isAncestorOf(QApplication::focusWidget()) ? pane->FocusedRow() : RowPlace();
 }
 
 bool CChildFrame::MayClose()

@@ -6,6 +6,7 @@
 #include "KeyboardSplitter.h"
 #include "NoticeBar.h"
 #include "ProjectCheck.h"
+#include "RowOwner.h"
 
 #include <QMdiSubWindow>
 #include <QPointer>
@@ -48,6 +49,11 @@ public:
     std::function<void(CResDoc &)> closed;
     /// Returns whether the window has left its document, which is closed or about to be closed.
     [[nodiscard]] bool HasLeft() const { return !splitter; }
+
+    /// Selects a folder, and in its pane the row of a resource, and gives the focus to a part of that row.
+    void GoTo(CResFolder &folder, const CBaseRes &resource, const RowPart &part);
+    /// Returns the part of a row that has the focus. There is none while the focus isn't in a pane with rows.
+    [[nodiscard]] RowPlace FocusedRow() const;
 
     /// Commits what is being edited in place in a pane. If it is refused, tells the user and returns false.
     [[nodiscard]] bool TakePaneEdit();

@@ -6,6 +6,7 @@
 #include "CZEP10ResDlg.h"
 #include "DroppedFiles.h"
 #include "Environment.h"
+#include "FindingsPane.h"
 #include "IdeCommandHandler.h"
 #include "Paths.h"
 #include "StatusPane.h"
@@ -27,10 +28,11 @@
 #include <cstdio>
 #include <utility>
 
-CMainFrame::CMainFrame(Environment &environment, const ProcessTables &processTables, CDocManager &documentManager)
+CMainFrame::CMainFrame(Environment &environment, ProcessTables &processTables, CDocManager &documentManager)
     : env(environment), tables(processTables), documents(documentManager), area(new ProjectArea(this)),
-      menus(*this, *area, route), bars(*this, env), projects(env, documents, boxes),
-      status(new StatusPane(statusBar())), zoom(new QLabel(statusBar())), indicators(*statusBar())
+      menus(*this, *area, route), bars(*this, env), projects(env, tables, documents, boxes),
+      status(new StatusPane(statusBar())), findings(bars, *area, *statusBar(), *this), zoom(new QLabel(statusBar())),
+      indicators(*statusBar())
 {
     setWindowTitle(QStringLiteral("Morvanite"));
     setWindowIcon(MakeIcon(UiIcon::Application));
@@ -56,6 +58,7 @@ void CMainFrame::Connect()
         if (ActiveChild() && !turn.IsOn())
             ActiveChild()->AddComponent(type);
     };
+    findings.isEditing = [this] { return IsEditing(); };
     projects.opening = [this] { bars.BeginOutput(); };
     projects.recentChanged = [this] { menus.ShowRecentFiles(projects.Recent()); };
     documents.opened = [this](CDocument &document) { Opened(document); };
@@ -79,9 +82,15 @@ std::vector<IActionTarget *> CMainFrame::Targets() const
     auto *const self = const_cast<CMainFrame *>(this);
     CInfoPane *const output = &self->bars.Output();
     const bool isInOutput = focusedEdit.Focus() == output;
+    FindingsPane *const list = &self->bars.Findings();
     CChildFrame *const child = ActiveChild();
-    return {isInOutput ? static_cast<IActionTarget *>(output) : nullptr, &self->focusedEdit,
-            child ? child->ActiveView() : nullptr, child, self};
+    return {isInOutput ? static_cast<IActionTarget *>(output) : nullptr,
+            &self->focusedEdit,
+            list->IsList(focusedEdit.Focus()) ? list : nullptr,
+            child ? child->ActiveView() : nullptr,
+            child,
+            &self->findings,
+            self};
 }
 
 /// Shows the active project's name. For a maximised project the title is the same as the one that its window sets, so
@@ -115,12 +124,14 @@ void CMainFrame::Update()
     status->Show(child ? &child->Document() : nullptr);
     zoom->setText(child ? child->Zoom() : QString());
     zoom->setVisible(!zoom->text().isEmpty());
+    findings.Update();
 }
 
 std::optional<ActionState> CMainFrame::StateOf(ActionId id) const
 {
     switch (id) {
     case ACTION_OPEN:
+    case ACTION_NEW_PROJECT:
     case ACTION_EXIT:
     case ACTION_ABOUT:
     case ACTION_NEW_FILE:
@@ -151,6 +162,8 @@ void CMainFrame::Run(ActionId id)
     switch (id) {
     case ACTION_OPEN:
         return projects.Choose(ActiveChild() ? ActiveChild()->Document().PathName() : QString());
+    case ACTION_NEW_PROJECT:
+        return projects.Create(ActiveChild() ? ActiveChild()->Document().PathName() : QString(), this);
     case ACTION_EXIT:
         close();
         return;
@@ -213,7 +226,7 @@ void CMainFrame::GoToPane(int step)
     if (bars.IsToolboxShown())
         panes.append(&bars.Classes());
     if (bars.IsOutputShown())
-        panes.append(&bars.Output());
+        panes.append(&bars.OutputPage());
     const QWidget *const focus = QApplication::focusWidget();
     qsizetype now = 0;
     for (qsizetype i = 0; i < panes.size(); ++i) {
@@ -246,7 +259,7 @@ void CMainFrame::TellUnread(const QStringList &texts)
 {
     for (const QString &text : texts)
         bars.WriteLine(text);
-    if (texts.isEmpty() || bars.IsOutputShown())
+    if (texts.isEmpty() || bars.IsOutputRead())
         return;
     // Later, because the window is still closing.
     QTimer::singleShot(0, this, [this, text = texts.join(QStringLiteral("\n\n"))] {

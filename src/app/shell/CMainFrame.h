@@ -4,6 +4,7 @@
 #include "ChannelTurn.h"
 #include "EditActions.h"
 #include "FrameBars.h"
+#include "FrameFindings.h"
 #include "FrameMenus.h"
 #include "FramePlace.h"
 #include "KeyboardIndicators.h"
@@ -24,7 +25,7 @@ class QSessionManager;
 class CMainFrame : public QMainWindow, public IViewHost, public IActionTarget
 {
 public:
-    CMainFrame(Environment &environment, const ProcessTables &processTables, CDocManager &documentManager);
+    CMainFrame(Environment &environment, ProcessTables &processTables, CDocManager &documentManager);
     ~CMainFrame() override;
 
     /// Restores the positions that the window and the bars had when the program last ended.
@@ -54,6 +55,7 @@ public:
 
     [[nodiscard]] ChannelTurn &Turn() { return turn; }
     [[nodiscard]] FrameBars &Bars() { return bars; }
+    [[nodiscard]] FrameFindings &Findings() { return findings; }
     [[nodiscard]] ProjectNotices &Notices() { return notices; }
     [[nodiscard]] ProjectOpener &Projects() { return projects; }
     [[nodiscard]] const StatusPane &Status() const { return *status; }
@@ -101,7 +103,7 @@ private:
     [[nodiscard]] std::vector<IActionTarget *> Targets() const;
 
     Environment &env;
-    const ProcessTables &tables;
+    ProcessTables &tables;
     CDocManager &documents;
     ChannelTurn turn;
     UserBoxes boxes{*this, turn};
@@ -114,6 +116,7 @@ private:
     ProjectNotices notices{*area};
     ProjectOpener projects;
     StatusPane *status;
+    FrameFindings findings;
     QLabel *zoom; ///< the zoom of the preview in the active project
     KeyboardIndicators indicators;
 };

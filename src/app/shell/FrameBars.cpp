@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "FrameBars.h"
 
+#include "BarPages.h"
 #include "CInfoPane.h"
 #include "CSizingControlBar.h"
 #include "Environment.h"
+#include "FindingsPane.h"
 #include "ToolboxList.h"
 
 #include <QCryptographicHash>
@@ -20,6 +22,8 @@ constexpr int OUTPUT_NUMBER = 2;
 constexpr QSize TOOLBOX_SIZE(150, 400);
 constexpr QSize OUTPUT_SIZE(400, 150);
 constexpr int DOCK_STATE_VERSION = 1;
+constexpr char FINDINGS_SECTION[] = "Findings";
+constexpr char FINDINGS_KEY[] = "show";
 
 QString CheckOf(const QByteArray &state)
 {
@@ -28,7 +32,7 @@ QString CheckOf(const QByteArray &state)
 
 } // namespace
 
-FrameBars::FrameBars(QMainWindow &mainWindow, const Environment &environment) : window(mainWindow), env(environment)
+FrameBars::FrameBars(QMainWindow &mainWindow, Environment &environment) : window(mainWindow), env(environment)
 {
     MakeToolbox();
     MakeOutput();
@@ -53,11 +57,15 @@ void FrameBars::MakeOutput()
 {
     const QSize size = ParseSize(env.settings.String("Output", "size", "400,150"), OUTPUT_SIZE);
     outputBar = new CSizingControlBar(QStringLiteral("Output"), OUTPUT_NUMBER, size, &window);
-    output = new CInfoPane(outputBar);
+    pages = new BarPages(outputBar);
+    output = new CInfoPane(pages);
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
     font.setPointSize(10);
     output->setFont(font);
-    outputBar->SetContent(output);
+    pages->Append(*output, outputBar->windowTitle());
+    findings = new FindingsPane(env.settings, pages);
+    findings->hide();
+    outputBar->SetContent(pages);
     window.addDockWidget(Qt::RightDockWidgetArea, outputBar);
 }
 
@@ -69,8 +77,40 @@ bool FrameBars::IsOutputShown() const
 void FrameBars::ShowOutput(bool show)
 {
     outputBar->setVisible(show);
-    if (show)
-        output->GoToEnd();
+    if (!show)
+        return;
+    pages->Show(*output);
+    output->GoToEnd();
+}
+
+QWidget &FrameBars::OutputPage() const
+{
+    return *pages->Current();
+}
+
+bool FrameBars::IsOutputRead() const
+{
+    return IsOutputShown() && pages->Current() == output;
+}
+
+bool FrameBars::HasFindings() const
+{
+    return pages->Has(*findings);
+}
+
+void FrameBars::ShowFindings(bool show)
+{
+    if (!HasFindings())
+        pages->Append(*findings, QStringLiteral("Findings"));
+    if (!show)
+        return;
+    pages->Show(*findings);
+    outputBar->show();
+}
+
+void FrameBars::DropFindings()
+{
+    pages->Remove(*findings);
 }
 
 bool FrameBars::IsToolboxShown() const
@@ -113,7 +153,7 @@ void FrameBars::WriteLine(const QString &text)
 
 QString FrameBars::UnseenOutput() const
 {
-    return window.isVisible() && IsOutputShown() ? QString() : told.Text();
+    return window.isVisible() && IsOutputRead() ? QString() : told.Text();
 }
 
 void FrameBars::Restore()
@@ -127,6 +167,8 @@ void FrameBars::Restore()
         ShowOutput(true);
     }
     toolboxBar->hide(); // it is shown only with layouts
+    if (env.settings.Int(FINDINGS_SECTION, FINDINGS_KEY, 0) != 0)
+        ShowFindings(false); // what is told at the start is in the output
 }
 
 QList<ProfileEntry> FrameBars::State() const
@@ -139,6 +181,8 @@ QList<ProfileEntry> FrameBars::State() const
         store(section, "size", SizeText(bar->PreferredSize()));
         entries += bar->Sizes();
     }
+    entries += findings->State();
+    store(FINDINGS_SECTION, FINDINGS_KEY, QString::number(int(HasFindings())));
     store("DockState", "statusBar", QString::number(int(!window.statusBar()->isHidden())));
     const QByteArray bars = window.saveState(DOCK_STATE_VERSION);
     store("DockState", "state", QString::fromLatin1(bars.toBase64()));

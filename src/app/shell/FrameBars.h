@@ -7,18 +7,22 @@
 
 #include <memory>
 
+class BarPages;
 class CInfoPane;
 class CResModel;
 class CSizingControlBar;
 class Environment;
+class FindingsPane;
+class QWidget;
 class ToolboxList;
 
-/// The docking bars of the main window with their contents: the Toolbox and the output.
+/// The docking bars of the main window with their contents: the Toolbox, and the output with the findings as a second
+/// page while these are in use.
 class FrameBars
 {
 public:
     /// Docks the bars in the window. Both arguments must exist for as long as the bars are used.
-    FrameBars(QMainWindow &mainWindow, const Environment &environment);
+    FrameBars(QMainWindow &mainWindow, Environment &environment);
 
     [[nodiscard]] CSizingControlBar &OutputBar() { return *outputBar; }
     [[nodiscard]] CSizingControlBar &ToolboxBar() { return *toolboxBar; }
@@ -28,8 +32,22 @@ public:
     /// Whether the Toolbox is shown while a layout is shown, for all projects.
     [[nodiscard]] ToolboxState &Toolbox() { return toolboxState; }
 
+    /// Returns whether the Output bar is visible, whichever page it shows.
     [[nodiscard]] bool IsOutputShown() const;
+    /// Shows the Output bar with the output, or hides the bar.
     void ShowOutput(bool show);
+    /// The page that the Output bar shows.
+    [[nodiscard]] QWidget &OutputPage() const;
+    /// Returns whether the user can read the output: the bar is visible and shows it.
+    [[nodiscard]] bool IsOutputRead() const;
+
+    [[nodiscard]] FindingsPane &Findings() { return *findings; }
+    /// Returns whether the findings are in use.
+    [[nodiscard]] bool HasFindings() const;
+    /// Puts the findings into use as a page of the Output bar. With `show` the bar is shown, with that page.
+    void ShowFindings(bool show);
+    /// Takes the findings out of use.
+    void DropFindings();
     [[nodiscard]] bool IsToolboxShown() const;
     void ToggleToolbox();
     /// Fills the Toolbox for the active project (null if there is none), and shows it while that project shows a
@@ -58,11 +76,13 @@ private:
     void MakeOutput();
 
     QMainWindow &window;
-    const Environment &env;
+    Environment &env;
     CSizingControlBar *toolboxBar = nullptr;
     ToolboxList *toolbox = nullptr;
     CSizingControlBar *outputBar = nullptr;
+    BarPages *pages = nullptr; // of the Output bar
     CInfoPane *output = nullptr;
+    FindingsPane *findings = nullptr;
     std::unique_ptr<BarSizes> sizes;
     ToolboxState toolboxState;
     bool isLayoutShown = false;

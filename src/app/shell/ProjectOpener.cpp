@@ -3,12 +3,17 @@
 
 #include "Document.h"
 #include "Environment.h"
+#include "NewProjectDialog.h"
 #include "Paths.h"
+#include "ProcessTables.h"
 #include "UserBoxes.h"
 #include "WaitCursor.h"
 
-ProjectOpener::ProjectOpener(Environment &environment, CDocManager &documentManager, UserBoxes &userBoxes)
-    : env(environment), documents(documentManager), boxes(userBoxes)
+#include <QDir>
+
+ProjectOpener::ProjectOpener(Environment &environment, ProcessTables &processTables, CDocManager &documentManager,
+                             UserBoxes &userBoxes)
+    : env(environment), tables(processTables), documents(documentManager), boxes(userBoxes)
 {
     recent.Read(env.settings);
 }
@@ -26,6 +31,34 @@ void ProjectOpener::Choose(const QString &active)
     const QString path = boxes.ChooseProject(beside.isEmpty() ? QString() : DirectoryOf(beside));
     if (!path.isEmpty())
         (void)Open(CanonicalPath(path));
+}
+
+void ProjectOpener::Create(const QString &active, QWidget *window)
+{
+    env.RefreshSettings();
+    tables.LoadOnce(env);
+    const QString beside = active.isEmpty() ? recent.Paths().value(0) : active;
+    NewProjectForm form(tables.resolutions, KnownLanguages(env),
+                        beside.isEmpty() ? QDir::homePath() : DirectoryOf(DirectoryOf(beside)));
+    NewProjectDialog dialog(
+        form, [this](const NewProjectChoice &choice) { return Make(choice); }, window);
+    if (boxes.RunDialog(dialog))
+        (void)Open(PathOfNewProject(form.Choice()));
+}
+
+/// Makes the files of a new project. Returns why that failed. Tells the user which files existed already.
+QString ProjectOpener::Make(const NewProjectChoice &choice)
+{
+    QString problem;
+    std::optional<NewFiles> files = PlanNewProject(env, tables, choice, problem);
+    if (!files)
+        return problem;
+    const QStringList existing = files->Existing();
+    problem = files->Make();
+    if (problem.isEmpty() && !existing.isEmpty())
+        boxes.ShowMessage(
+            QStringLiteral("These files existed already and were not changed:\n\n%1").arg(existing.join(u'\n')));
+    return problem;
 }
 
 void ProjectOpener::OpenRecent(int index)

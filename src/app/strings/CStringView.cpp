@@ -101,15 +101,29 @@ bool CStringView::TakeEdit()
     return grid->TakeEdit();
 }
 
-void CStringView::GoTo(const CBaseRes &resource)
+void CStringView::GoTo(const CBaseRes &resource, const RowPart &part)
 {
     const int row = table.RowOf(resource.Id()->name, 0);
     if (row < 0)
         return;
     if (model.ShownRow(row) < 0)
         finder->EndFilter();
-    grid->SelectAlone(model.ShownRow(row), StringTable::ID_COLUMN);
+    const int language = part.language < 0 ? table.ColumnCount() : table.ColumnOf(part.language);
+    const int col = language < table.ColumnCount() ? language : StringTable::ID_COLUMN;
+    if (col != StringTable::ID_COLUMN)
+        grid->HideColumn(col, false);
+    grid->SelectAlone(model.ShownRow(row), col);
     grid->setFocus();
+}
+
+RowPlace CStringView::FocusedRow() const
+{
+    const QModelIndex cell = grid->currentIndex();
+    const CStringRes *const head = cell.isValid() ? table.Head(model.TableRow(cell.row())) : nullptr;
+    if (!head)
+        return {};
+    const CResFolder *const language = table.ColumnLanguage(cell.column());
+    return {head, {true, language ? language->index : -1}};
 }
 
 QList<ProfileEntry> CStringView::State() const

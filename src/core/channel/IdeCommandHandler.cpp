@@ -5,22 +5,44 @@
 #include "PackCodes.h"
 #include "PackFailure.h"
 #include "PackRequest.h"
+#include "PackTrial.h"
 #include "Paths.h"
 #include "ProjectLayouts.h"
 
 #include <utility>
 
+namespace
+{
+
+constexpr CodeText REPORT_CODES[] = {
+    {CAUSE_BAD_DOCUMENT, "the project can't be read",
+     "The lines before say which file is missing or damaged. Another code follows."},
+    {int(ReportCode::SaveFailed), "the save failed", "The lines before, and standard error, say which file and why."},
+    {int(ReportCode::BadPackRequest),
+     "the resolution does not have the form 240x320, or the target kind is neither axf nor dll",
+     "Correct the resolution or the target kind."},
+    {int(ReportCode::NotLoaded), "the project didn't open",
+     "The lines before say which file is missing or damaged. morvanite-cli check finds the reasons too."},
+    {int(ReportCode::NoDocument), "the project can't be opened",
+     "The lines before say which file is missing or damaged. morvanite-cli check finds the reasons too."},
+};
+
+} // namespace
+
+std::span<const CodeText> ReportCodes()
+{
+    return REPORT_CODES;
+}
+
 QString PackReportText(int errorCode)
 {
-    switch (errorCode) {
-    case int(ReportCode::BadPackRequest):
-        return QStringLiteral(
-            "the resolution does not have the form 240x320, or the target kind is neither axf nor dll");
-    case int(ReportCode::NoDocument):
-        return QStringLiteral("the project can't be opened");
-    default:
-        return PackFailureText(errorCode);
+    for (const int own : {int(ReportCode::BadPackRequest), int(ReportCode::NoDocument)}) {
+        for (const CodeText &row : REPORT_CODES) {
+            if (row.code == errorCode && errorCode == own)
+                return QString::fromLatin1(row.when);
+        }
     }
+    return PackFailureText(errorCode);
 }
 
 /// The state of a running command. Its destructor ends the command.
@@ -180,15 +202,7 @@ void IdeCommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
                 lastError = 0;
                 return;
             }
-            doc->env.RefreshSettings();
-            env.DebugTrace("implicit ID Gen before Pack\n");
-            const int generated = doc->GenerateIds(nullptr);
-            env.DebugTrace("implicit ID Gen before Pack done, result is %d\n", generated);
-            if (generated != 0) {
-                env.ExplainFailure(QStringLiteral("%1: there are more IDs of one kind than there are numbers, so some "
-                                                  "IDs of the pack have wrong numbers")
-                                       .arg(record->projectPath));
-            }
+            NumberIds(*doc, record->projectPath);
             errorCode = PackDocument(*doc, *record);
         } else {
             errorCode = int(ReportCode::NoDocument);
@@ -220,7 +234,27 @@ bool HasPathsOfCodePage(const Environment &env, const PackCommandRecord &record)
 
 } // namespace
 
-int IdeCommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &record)
+void IdeCommandHandler::NumberIds(CResDoc &doc, const QString &projectPath) const
+{
+    doc.env.RefreshSettings();
+    env.DebugTrace("implicit ID Gen before Pack\n");
+    const int generated = doc.GenerateIds(nullptr);
+    env.DebugTrace("implicit ID Gen before Pack done, result is %d\n", generated);
+    if (generated != 0)
+        env.ExplainFailure(QStringLiteral("%1: there are more IDs of one kind than there are numbers, so some IDs of "
+                                          "the pack have wrong numbers")
+                               .arg(projectPath));
+}
+
+void IdeCommandHandler::TryPack(CResDoc &document, const PackCommandRecord &record, PackTrial &trial)
+{
+    env.FailureCount = 0;
+    NumberIds(document, record.projectPath);
+    if (const int code = PackDocument(document, record, &trial))
+        trial.Note(code, {});
+}
+
+int IdeCommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &record, PackTrial *trial)
 {
     auto parameters = PackInfoOf(record, doc.env, doc.tables.resolutions);
     if (!parameters)
@@ -230,18 +264,23 @@ int IdeCommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &recor
     parameters->temp = packTemp;
     parameters->depfile = packDepfile;
     parameters->headers = packHeaders;
+    parameters->budget = packBudget;
     parameters->projectFiles = doc.ProjectFiles();
     if (const QStringList missing = MissingLayouts(doc); !missing.isEmpty()) {
         for (const QString &reason : missing)
-            env.Explain(reason);
-        return PACK_LAYOUT_FILE;
+            trial ? trial->reasons.append(reason) : env.Explain(reason);
+        if (AfterStep(trial, PACK_LAYOUT_FILE) != 0)
+            return PACK_LAYOUT_FILE;
     }
     for (const QString &reason : LeftOutLayouts(doc))
         env.ExplainFailure(reason +
                            QStringLiteral("; the pack has no such layout, and the IDs are numbered without it"));
     if (!SetCurrentFolder(DirectoryOf(doc.PathName())))
         return int(ReportCode::NoDocument); // its folder is gone
-    return Packer::Pack(*parameters, doc, packInputs);
+    if (!trial)
+        return Packer::Pack(*parameters, doc, packInputs);
+    Packer::Try(*parameters, doc, *trial);
+    return PACK_OK;
 }
 
 void IdeCommandHandler::OpenPipe()

@@ -2,10 +2,14 @@
 #pragma once
 
 #include "CResDoc.h"
+#include "CodeText.h"
 #include "CommandRecord.h"
 #include "Environment.h"
 
 #include <functional>
+#include <span>
+
+struct PackTrial;
 
 /// The commands of an IDE, with their numbers in the message.
 enum IdeCommand : quint32
@@ -17,6 +21,9 @@ enum IdeCommand : quint32
 
 /// Explains the error code of a pack's report in one sentence; empty for 0.
 [[nodiscard]] QString PackReportText(int errorCode);
+
+/// All codes of a report that aren't those of a pack.
+[[nodiscard]] std::span<const CodeText> ReportCodes();
 
 /// The error codes of a report that don't come from an operation. A pack has further codes of its own.
 enum class ReportCode : int
@@ -68,6 +75,9 @@ public:
     /// The command that is running for the document with that path (NamesSameFile); 0 if there is none.
     [[nodiscard]] quint32 GetCommandID(const QString *docPath) const;
 
+    /// Tries a pack of an open document (Packer::Try): nothing is written, and there is no report. Numbers the IDs.
+    void TryPack(CResDoc &document, const PackCommandRecord &record, PackTrial &trial);
+
     /// Receives the output while no command runs; empty by default.
     Environment::Sink idleOutput;
     /// Brings the main window to the top; may be empty.
@@ -84,6 +94,8 @@ public:
     /// The folder with the headers of a pack's project (packinfo::headers); empty: the folder that the project's
     /// settings name.
     QString packHeaders;
+    /// The most bytes that the payload of a pack may have (packinfo::budget); 0: no limit.
+    quint64 packBudget = 0;
     /// The error code of the last report, 0 if it had none.
     [[nodiscard]] int LastError() const { return lastError; }
 
@@ -93,7 +105,8 @@ private:
     void RunLoad(const std::optional<CommandRecord> &record);
     void RunSave(const std::optional<CommandRecord> &record);
     void RunPack(const std::optional<PackCommandRecord> &record);
-    [[nodiscard]] int PackDocument(CResDoc &doc, const PackCommandRecord &record);
+    void NumberIds(CResDoc &doc, const QString &projectPath) const;
+    [[nodiscard]] int PackDocument(CResDoc &doc, const PackCommandRecord &record, PackTrial *trial = nullptr);
     void OpenPipe();
     void Report(const char *doneText, int errorCode);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ImageRules.h"
 
+#include "DevicePictureSize.h"
 #include "HostFiles.h"
 #include "RuleReport.h"
 #include "Threads.h"
@@ -51,8 +52,8 @@ void ImageAlphaFew(const FileCheckInput &input, RuleReport &report)
     for (const auto &[file, alpha] : pictures) {
         if (alpha.transparent == 0 || !alpha.CanBeFew())
             continue;
-        const quint64 width = file->picture.width;
-        const quint64 saved = (width * 4 - (width * 2 + 3) / 4 * 4) * file->picture.height;
+        const auto &[width, height] = std::pair(file->picture.width, file->picture.height);
+        const quint64 saved = DevicePictureSize(width, height, false) - DevicePictureSize(width, height, true);
         report.Add(input.files.About(
             *file, u"%1 of the %2 pixels of %3 aren't opaque, and none has an alpha below %4; an opaque image needs %5 "
                    "bytes less"_s.arg(alpha.transparent)

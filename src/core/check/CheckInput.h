@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CheckSettings.h"
+#include "DeviceSizes.h"
 #include "Finding.h"
 #include "PictureAlpha.h"
 
@@ -25,6 +26,7 @@ struct CheckInput
     /// The rows of the string table whose source texts another row may have too (RowsWithEqualSource). CheckProject
     /// sets it for the rules.
     std::vector<const CStringRes *> repeatedRows = {};
+    MeasureLayouts measureLayouts = nullptr; ///< for "payload-budget", which finds nothing without it
 };
 
 /// Returns whether the screen of a resolution index is among those that are checked. Always true for -1, no screen.

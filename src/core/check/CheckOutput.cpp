@@ -77,20 +77,24 @@ QString MessageOf(const CheckResult &result, const Finding &finding)
     return message.isEmpty() ? finding.text : message + u": "_s + finding.text;
 }
 
+QByteArray CheckLine(const CheckResult &result, const Finding &finding)
+{
+    QString place = result.Relative(finding.file.isEmpty() ? result.project : finding.file);
+    if (finding.line > 0)
+        place += u":%1"_s.arg(finding.line);
+    if (finding.line > 0 && finding.column > 0)
+        place += u":%1"_s.arg(finding.column);
+    QString message = MessageOf(result, finding);
+    message.replace(u'\n', u' ').remove(u'\r'); // one line for each finding
+    return place.toUtf8() + ": " + SeverityWord(finding.severity) + ": " + message.toUtf8() + " [" + finding.code +
+           "]\n";
+}
+
 QByteArray CheckText(const CheckResult &result)
 {
     QByteArray all;
-    for (const Finding &finding : result.findings) {
-        QString place = result.Relative(finding.file.isEmpty() ? result.project : finding.file);
-        if (finding.line > 0)
-            place += u":%1"_s.arg(finding.line);
-        if (finding.line > 0 && finding.column > 0)
-            place += u":%1"_s.arg(finding.column);
-        QString message = MessageOf(result, finding);
-        message.replace(u'\n', u' ').remove(u'\r'); // one line for each finding
-        all += place.toUtf8() + ": " + SeverityWord(finding.severity) + ": " + message.toUtf8() + " [" + finding.code +
-               "]\n";
-    }
+    for (const Finding &finding : result.findings)
+        all += CheckLine(result, finding);
     return all;
 }
 

@@ -35,7 +35,9 @@ void CountMissingTexts(CheckResult &result);
 /// Returns a finding in words, without its place: "ID, language: text".
 [[nodiscard]] QString MessageOf(const CheckResult &result, const Finding &finding);
 
-/// Returns a line "FILE:LINE:COLUMN: error: ID, LANGUAGE: text [rule]" for each finding, as compilers write them.
+/// Returns a finding as compilers write them: "FILE:LINE:COLUMN: error: ID, LANGUAGE: text [rule]", with a line end.
+[[nodiscard]] QByteArray CheckLine(const CheckResult &result, const Finding &finding);
+/// Returns the line of each finding.
 [[nodiscard]] QByteArray CheckText(const CheckResult &result);
 /// Returns the findings as JSON: "version", "project", "counts", "findings".
 [[nodiscard]] QByteArray CheckJson(const CheckResult &result);

@@ -34,12 +34,9 @@ bool CheckRun::Step()
         const Rule &rule = rules[nextRule++];
         if (!rule.project || !report.Begin(rule))
             continue;
-        if (departures != document.ids.Departures()) {
-            --nextRule;
+        if (departures != document.ids.Departures())
             Renew();
-        } else {
-            rule.project(input, report);
-        }
+        rule.project(input, report); // in the same step, so that edits between the steps can't delay it for ever
         return true;
     }
     Complete();

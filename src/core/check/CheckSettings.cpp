@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "CheckSettings.h"
 
+#include "ByteCount.h"
 #include "FileFault.h"
 #include "Paths.h"
 #include "Profile.h"
@@ -68,6 +69,20 @@ QString ReadTarget(CheckSettings &settings, const QString &value)
     return {};
 }
 
+QString ReadBudget(CheckSettings &settings, const QString &value)
+{
+    const auto bytes = ParseByteCount(value.trimmed());
+    settings.budget = bytes.value_or(0);
+    return bytes ? QString() : u"\"%1\" isn't a number of bytes, such as 524288, 512K or 1M"_s.arg(value);
+}
+
+QString ReadConversion(CheckSettings &settings, const QString &value)
+{
+    settings.convertsImages = value.trimmed() != u"0";
+    const bool isRight = !settings.convertsImages || value.trimmed() == u"1";
+    return isRight ? QString() : u"\"%1\" must be 0 or 1"_s.arg(value);
+}
+
 QString ReadCheckKey(CheckSettings &settings, const QString &key, const QString &value)
 {
     const QString name = key.toLower();
@@ -77,8 +92,12 @@ QString ReadCheckKey(CheckSettings &settings, const QString &key, const QString 
         return ReadPlaceholders(settings, value);
     else if (name == u"target"_s)
         return ReadTarget(settings, value);
+    else if (name == u"budget"_s)
+        return ReadBudget(settings, value);
+    else if (name == u"convert-images"_s)
+        return ReadConversion(settings, value);
     else
-        return u"section Check has the keys source, placeholders and target"_s;
+        return u"section Check has the keys source, placeholders, target, budget and convert-images"_s;
     return {};
 }
 
@@ -290,5 +309,6 @@ CheckSettings ReadCheckSettings(const QString &folder, std::vector<Finding> &fin
             tell(u"section %1, key %2: %3"_s.arg(section, key, wrong), line);
     }
     settings.sourceLine = profile.LineOf(u"Check", u"source");
+    settings.budgetLine = profile.LineOf(u"Check", u"budget");
     return settings;
 }

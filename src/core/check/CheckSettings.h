@@ -54,6 +54,9 @@ struct CheckSettings
     int sourceLine = 0; ///< the line of the key `source` in the settings; 0 if it isn't there
     quint32 placeholders = PLACEHOLDERS_PRINTF | PLACEHOLDERS_BRACES | PLACEHOLDERS_NUMBERED;
     std::vector<ScreenSize> target;       ///< the screens that are built for; empty for all that the project uses
+    quint64 budget = 0;                   ///< the most bytes of a payload; 0: no limit
+    int budgetLine = 0;                   ///< the line of the key `budget` in the settings
+    bool convertsImages = true;           ///< the packs convert images
     std::vector<RuleLevel> levels;        ///< by the index of the rule
     std::vector<QStringList> ignored;     ///< by the index of the rule: patterns of IDs
     QStringList sourceFiles;              ///< patterns of the files that use the IDs, relative to the project's folder

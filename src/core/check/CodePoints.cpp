@@ -3,6 +3,7 @@
 
 #include "Escapes.h"
 #include "ResModel.h"
+#include "TakeCodePoint.h"
 
 #include <algorithm>
 #include <bit>
@@ -29,16 +30,10 @@ void AddDrawn(CodePoints &points, QStringView text)
 
 void CodePoints::Add(QStringView text)
 {
-    const char16_t *const units = text.utf16();
-    const qsizetype size = text.size();
-    for (qsizetype i = 0; i < size; ++i) {
-        char32_t character = units[i];
-        if (QChar::isHighSurrogate(character) && i + 1 < size && QChar::isLowSurrogate(units[i + 1])) {
-            character = QChar::surrogateToUcs4(units[i], units[i + 1]);
-            ++i;
-        } else if (QChar::isSurrogate(character)) {
+    for (qsizetype at = 0; at < text.size();) {
+        const char32_t character = TakeCodePoint(text, at);
+        if (QChar::isSurrogate(character))
             continue;
-        }
         const size_t word = character / BITS;
         if (word >= words.size())
             words.resize(word + 1);

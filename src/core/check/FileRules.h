@@ -22,3 +22,5 @@ void FileType(const FileCheckInput &input, RuleReport &report);
 ///     bits=8, 16               of a sample
 void AudioFormat(const FileCheckInput &input, RuleReport &report);
 void ListLine(const CheckInput &input, RuleReport &report);
+/// Compares the payload of a pack for each screen with the key `budget`.
+void PayloadBudget(const CheckInput &input, RuleReport &report);

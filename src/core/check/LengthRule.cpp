@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "CheckSettings.h"
 #include "Escapes.h"
+#include "TakeCodePoint.h"
 #include "Text.h"
 #include "TextPair.h"
 #include "TextRules.h"
@@ -32,9 +33,7 @@ TextExtent ExtentOf(QStringView text)
             extent.characters += isReturn ? 0 : 1;
             continue;
         }
-        const bool isPair = text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
-        const char32_t c = isPair ? QChar::surrogateToUcs4(text[at], text[at + 1]) : text[at].unicode();
-        at += isPair ? 2 : 1;
+        const char32_t c = TakeCodePoint(text, at);
         const QChar::Category category = QChar::category(c);
         const bool hasPlace =
             category != QChar::Mark_NonSpacing && category != QChar::Mark_Enclosing && category != QChar::Other_Format;

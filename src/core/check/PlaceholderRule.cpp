@@ -93,7 +93,10 @@ QString CompareNumbered(const TextPair &pair)
     for (size_t number = 0; number < source.size(); ++number) {
         if (source[number] == text[number])
             continue;
-        const QString placeholder = u'%' + QString::number(number);
+        QVarLengthArray<char16_t, 3> placeholder{u'%'};
+        if (number >= 10)
+            placeholder.append(char16_t(u'0' + number / 10));
+        placeholder.append(char16_t(u'0' + number % 10));
         if (!IsPercentageOf(placeholder, text[number] ? pair.source : pair.text))
             return OnlyIn(text[number], placeholder, pair);
     }

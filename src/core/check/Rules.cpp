@@ -149,6 +149,11 @@ constexpr Rule RULES[] = {
      nullptr, 0, HeaderStale},
     {"lists-unsaved", Project, Note, "a list of the project isn't in the form that a save writes",
      "The next save changes lines that nobody edited. Save the project once.", nullptr, 0, ListsUnsaved},
+    {"payload-budget", Project, Error, "the resources for a screen are larger than the budget",
+     "A pack for the screen would have more bytes of resources than the key budget of section Check allows. Make the "
+     "largest resources smaller, or raise the budget. If a resource can't be packed, the size isn't known; correct it "
+     "first.",
+     nullptr, 0, PayloadBudget},
     {"file-missing", Files, Error, "the file of a resource doesn't exist",
      "A pack fails or leaves the resource out. Restore the file or remove the resource.", nullptr, 0, nullptr,
      FileMissing},
@@ -251,10 +256,15 @@ size_t IndexOf(const Rule &rule)
     return size_t(&rule - RULES);
 }
 
+QString NameOfLevel(RuleLevel level)
+{
+    static constexpr const char *WORDS[] = {"off", "note", "warning", "error"}; // in the order of RuleLevel
+    return QString::fromLatin1(WORDS[int(level)]);
+}
+
 QString ExplanationOf(const Rule &rule)
 {
-    static constexpr const char *LEVELS[] = {"off", "note", "warning", "error"}; // in the order of RuleLevel
     return QStringLiteral("%1 (%2): %3\n    %4\n")
-        .arg(QString::fromLatin1(rule.id), QString::fromLatin1(LEVELS[int(rule.level)]),
-             QString::fromUtf8(rule.summary), QString::fromUtf8(rule.explanation));
+        .arg(QString::fromLatin1(rule.id), NameOfLevel(rule.level), QString::fromUtf8(rule.summary),
+             QString::fromUtf8(rule.explanation));
 }

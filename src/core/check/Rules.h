@@ -11,6 +11,9 @@
 /// Returns the rule of that ID, or null.
 [[nodiscard]] const Rule *FindRule(QStringView id);
 
+/// Returns the word for a level: off, note, warning or error.
+[[nodiscard]] QString NameOfLevel(RuleLevel level);
+
 /// Returns the place of a rule in `AllRules`.
 [[nodiscard]] size_t IndexOf(const Rule &rule);
 

@@ -39,7 +39,7 @@ ImportPlan::ImportPlan(CResModel &document, const IImportSource &texts, QString 
 {
 }
 
-void ImportPlan::AddLanguage(qint32 language, const QString &title, quint32 column)
+void ImportPlan::AddLanguage(qint32 language, const QString &title, quint32 column, bool isAlwaysWanted)
 {
     const CResFolder *const strings = model.root.FindFolder(KIND_STRINGS, 2);
     CResFolder *const folder = strings ? strings->FindFolder(KIND_LANGUAGE, language, 1) : nullptr;
@@ -47,7 +47,8 @@ void ImportPlan::AddLanguage(qint32 language, const QString &title, quint32 colu
                                     [&](const Language &other) { return other.number == language; });
     isRepeated |= known != languages.end();
     const auto first = size_t(known - languages.begin());
-    languages.push_back({language, folder ? folder->title : title, column, first});
+    const bool isWanted = isAlwaysWanted || language == DESCRIPTION || options.Wants(language);
+    languages.push_back({language, folder ? folder->title : title, column, first, isWanted});
     folders.push_back(folder);
     if (folder)
         existing.push_back(folder);
@@ -162,8 +163,9 @@ void ImportPlan::PlanTexts(Row &row, const IDRecord *record, const QString &id)
 
 CellFate ImportPlan::FateOf(const Row &row, size_t language, const QString &text, const Before &before) const
 {
-    const auto &[number, title, column, first, isUsed] = languages[language];
-    if (number != DESCRIPTION && (!options.Wants(number) || (options.onlyExisting && !folders[language])))
+    const quint32 column = languages[language].column;
+    const bool isMade = !folders[language] && languages[language].number != DESCRIPTION;
+    if (!languages[language].isWanted || (options.onlyExisting && isMade))
         return CellFate::Nowhere;
     if (before.text && *before.text == text)
         return CellFate::Same;
@@ -285,7 +287,7 @@ void ImportPlan::Apply()
     std::vector<CResFolder *> all;
     for (const Language &language : languages) {
         const bool isMade = language.number == DESCRIPTION || language.isUsed ||
-                            (makesUnused && !options.onlyExisting && options.Wants(language.number));
+                            (makesUnused && !options.onlyExisting && language.isWanted);
         targets.push_back(isMade ? &made.Ensure(language.number, language.title) : nullptr);
         if (isMade)
             all.push_back(targets.back());

@@ -48,7 +48,8 @@ public:
 
     /// Tells the plan that the source has the texts of that language in `column`. `title` is the title for a new
     /// folder. Add the Description (StringFileFormat::DESCRIPTION) first, and all languages before all rows.
-    void AddLanguage(qint32 language, const QString &title, quint32 column);
+    /// With `isAlwaysWanted` its texts are imported even if the options choose other languages.
+    void AddLanguage(qint32 language, const QString &title, quint32 column, bool isAlwaysWanted = false);
     /// Tells the plan that the source has the words for the kinds of rows in `column`.
     void SetKindColumn(quint32 column) { kindColumn = column; }
     /// From this call on, a language that the project lacks is only made if one of its texts is imported.
@@ -85,6 +86,7 @@ private:
         QString title;
         quint32 column;
         size_t first; // index of the first language with that number
+        bool isWanted;
         bool isUsed = false; // a text of it is imported
     };
     struct Row

@@ -30,7 +30,7 @@ struct SpreadsheetResult
 struct SpreadsheetChoice
 {
     std::vector<qint32> languages = {}; ///< the columns, in the order of the project; empty for all
-    bool onlyMissing = false; ///< only rows with a text in `source` but none in another of the languages
+    bool onlyMissing = false;           ///< only rows with a text in `source` but none in another of the languages
     qint32 source = -1;
 };
 

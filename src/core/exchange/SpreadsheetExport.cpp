@@ -72,9 +72,8 @@ private:
             const CStringRes *const cell = head.FindLanguage(language);
             return cell && !cell->text.isEmpty();
         };
-        return hasText(choice.source) &&
-               !std::all_of(folders.begin() + 1, folders.end(),
-                            [&](const CResFolder *folder) { return hasText(folder->index); });
+        return hasText(choice.source) && !std::all_of(folders.begin() + 1, folders.end(),
+                                                      [&](const CResFolder *folder) { return hasText(folder->index); });
     }
 
     void PutColumns()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "SpreadsheetImport.h"
 
+#include "CsvGuard.h"
 #include "Environment.h"
 #include "IdNames.h"
 #include "Paths.h"
@@ -45,9 +46,13 @@ QString PlaceOf(const QString &path, const Sheet &sheet)
 class SheetTexts : public IImportSource
 {
 public:
-    explicit SheetTexts(const Sheet &texts) : sheet(texts) {}
+    SheetTexts(const Sheet &texts, bool hasGuards) : sheet(texts), isGuarded(hasGuards) {}
     QString Id(quint32 row) const override { return sheet.At(row, 0); }
-    QString Text(quint32 row, quint32 column) const override { return sheet.At(row, column); }
+    QString Text(quint32 row, quint32 column) const override
+    {
+        const QString text = sheet.At(row, column);
+        return isGuarded ? WithoutCsvGuard(text).toString() : text;
+    }
     quint32 EndColumn(quint32 row) const override { return sheet.EndColumn(row); }
     ImportPlace PlaceOf(quint32 row, quint32 column) const override
     {
@@ -56,6 +61,7 @@ public:
 
 private:
     const Sheet &sheet;
+    const bool isGuarded;
 };
 
 /// Makes the plan for a sheet. An object can be used only once.
@@ -63,9 +69,10 @@ class SheetReader
 {
 public:
     /// `sheetPlace` is the sheet as messages name it, and `file` is its workbook.
-    SheetReader(CResModel &model, const Sheet &texts, QString file, QString sheetPlace, ImportPlan &emptyPlan)
+    SheetReader(CResModel &model, const Sheet &texts, QString file, QString sheetPlace, bool useOwnNames,
+                ImportPlan &emptyPlan)
         : document(model), env(model.env), sheet(texts), path(std::move(file)), place(std::move(sheetPlace)),
-          plan(emptyPlan)
+          ownNames(useOwnNames), plan(emptyPlan)
     {
     }
 
@@ -173,13 +180,13 @@ private:
     }
 
     /// Returns the language's number, or -1. Uses the language table; for a name that it lacks, uses the project's own
-    /// language with that name, so that exported workbooks can be imported. If several languages have the same name,
-    /// each column gets the next of them.
+    /// language with that name, so that exported workbooks can be imported. With `ownNames` the project comes first. If
+    /// several languages have the same name, each column gets the next of them.
     [[nodiscard]] int NumberOf(const QString &name) const
     {
         const int number = env.LanguageNumber(name);
         const CResFolder *strings = document.root.FindFolder(KIND_STRINGS, 2);
-        if (number != -1 || !strings || name.trimmed().isEmpty())
+        if ((number != -1 && !ownNames) || !strings || name.trimmed().isEmpty())
             return number;
         const CResFolder *found = nullptr;
         for (const auto &folder : strings->subfolders) {
@@ -192,7 +199,7 @@ private:
             if (!isTaken)
                 break;
         }
-        return found ? found->index : -1;
+        return found ? found->index : number;
     }
 
     void ReadRow(quint32 row)
@@ -229,6 +236,7 @@ private:
     const Sheet &sheet;
     const QString path;
     const QString place;
+    const bool ownNames;
     ImportPlan &plan;
     bool hasType = false;
     quint32 firstText = 0; // the column of descriptions
@@ -245,9 +253,11 @@ QString CellName(quint32 column, quint32 row)
 }
 
 SpreadsheetImport::SpreadsheetImport(CResModel &model, QString file, const ImportOptions &importOptions)
-    : document(model), path(std::move(file)), texts(std::make_unique<SheetTexts>(sheet)),
+    : document(model), path(std::move(file)), ownNames(importOptions.ownNames),
+      texts(std::make_unique<SheetTexts>(sheet, importOptions.unguard && !EqualsNoCase(FileExtension(path), u"csv"))),
       plan(model, *texts, path, importOptions)
 {
+    sheet.wanted = importOptions.sheet;
 }
 
 SpreadsheetResult SpreadsheetImport::Read(IImportWatch *watch)
@@ -264,7 +274,7 @@ SpreadsheetResult SpreadsheetImport::Read(IImportWatch *watch)
                    isNone ? "failed to connect to Excel." : "failed to import from Excel.");
         result = {SHEET_FAILED, opened.reason};
     } else {
-        result.code = SheetReader(document, sheet, path, PlaceOf(path, sheet), plan).Read(watch);
+        result.code = SheetReader(document, sheet, path, PlaceOf(path, sheet), ownNames, plan).Read(watch);
     }
     env.EndReport(FileTitle(document.PathName()), "import");
     return result;

@@ -7,7 +7,7 @@
 
 #include <memory>
 
-/// Imports a workbook's first sheet: reads it and makes a plan, which can then be applied.
+/// Imports a workbook's first sheet, or that of the options: reads it and makes a plan, which can then be applied.
 ///
 ///     SpreadsheetImport import(model, path);
 ///     const SpreadsheetResult result = import.Read();   // makes the plan and the report; doesn't change the model
@@ -27,6 +27,7 @@ public:
 private:
     CResModel &document;
     QString path;
+    bool ownNames;
     Sheet sheet;
     std::unique_ptr<IImportSource> texts; // the texts of the sheet
     ImportPlan plan;

@@ -66,9 +66,10 @@ private:
         text.id = model.env.NarrowToWide(head.Id()->name);
         text.source = source;
         if (!job.format->fits(text.id) || !job.format->fits(source)) {
-            model.env.Report({"export.row-refused", Severity::Warning, {}, 0, text.id, {}},
-                             "%s is left out, since its ID or its text in %s has characters that the format can't have.",
-                             Shown(text.id).constData(), Shown(languages.NameOf(job.source)).constData());
+            model.env.Report(
+                {"export.row-refused", Severity::Warning, {}, 0, text.id, {}},
+                "%s is left out, since its ID or its text in %s has characters that the format can't have.",
+                Shown(text.id).constData(), Shown(languages.NameOf(job.source)).constData());
             return;
         }
         if (job.format->fitsNote(head.text))

@@ -26,8 +26,8 @@ struct TranslationExportJob
     bool onlyMissing = false; ///< only rows without a translation
 };
 
-/// Writes the files and replaces those that exist. Rows without a source text, and texts that the format can't have, are
-/// left out; the report says how many, or which. Returns an empty text, or why a file isn't written; all old files stay
-/// then, unless the system refuses to rename the new ones.
+/// Writes the files and replaces those that exist. Rows without a source text, and texts that the format can't have,
+/// are left out; the report says how many, or which. Returns an empty text, or why a file isn't written; all old files
+/// stay then, unless the system refuses to rename the new ones.
 [[nodiscard]] QString ExportTranslations(CResModel &model, const ExchangeLanguages &languages,
                                          const CheckSettings &settings, const TranslationExportJob &job);

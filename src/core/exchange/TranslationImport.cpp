@@ -21,6 +21,12 @@ namespace
 
 constexpr qint64 LARGEST_FILE = qint64(256) << 20; // bytes
 
+/// Returns whether a code is the beginning of another: "pt" of "pt-BR".
+bool Begins(const QString &code, const QString &longer)
+{
+    return QString(longer + u'-').startsWith(QString(code + u'-'), Qt::CaseInsensitive);
+}
+
 } // namespace
 
 TranslationImport::TranslationImport(CResModel &model, const ExchangeLanguages &exchangeLanguages,
@@ -61,22 +67,24 @@ void TranslationImport::Begin(const TranslationHead &head, int line)
 {
     const std::optional<qint32> target = TargetOf(head, line);
     const std::optional<qint32> source = target ? SourceOf(head, line) : std::nullopt;
-    isSkipped = !source;
-    if (isSkipped)
+    isSkipped = !source || *source == *target;
+    if (!source)
         return;
     if (*source == *target)
-        return Fault(line, {}, u"the language of the translations, %1, is also the source language"_s.arg(languages.NameOf(*target)));
+        return Fault(
+            line, {},
+            u"the language of the translations, %1, is also the source language"_s.arg(languages.NameOf(*target)));
     table.BeginPart(*target, *source, file->path, file->name);
 }
 
 std::optional<qint32> TranslationImport::TargetOf(const TranslationHead &head, int line)
 {
     const std::optional<qint32> inFile = languages.OfCode(head.targetCode);
-    const QString title = FileTitle(file->path);
-    const std::optional<qint32> inName = languages.OfCode(CodeOfLocale(title));
+    const QString codeInName = CodeOfLocale(FileTitle(file->path));
+    const std::optional<qint32> inName = languages.OfCode(codeInName);
     const std::optional<qint32> chosen =
         options.languages.size() == 1 ? std::optional(options.languages.front()) : std::nullopt;
-    if (inFile && inName && inFile != inName) {
+    if (inFile && inName && inFile != inName && !Begins(codeInName, head.targetCode)) {
         if (chosen == inFile || chosen == inName)
             return chosen;
         Fault(line, {},
@@ -132,7 +140,8 @@ void TranslationImport::MakePlan(IImportWatch *watch)
     const std::vector<TranslationTable::Column> &columns = table.Columns();
     for (quint32 i = 0; i < columns.size(); ++i) {
         if (i == 0 || columns[i].isUsed)
-            plan.AddLanguage(columns[i].language, languages.NameOf(columns[i].language), i + 1);
+            plan.AddLanguage(columns[i].language, languages.NameOf(columns[i].language), i + 1,
+                             columns[i].kind == TranslationTable::Kind::Source);
     }
     for (quint32 row = 0; row < table.RowCount(); ++row) {
         plan.AddRow(row, table.IsPush(row));

@@ -3,15 +3,18 @@
 
 #include "FileFault.h"
 #include "HostFiles.h"
+#include "TakeCodePoint.h"
 
 #include <QHash>
 #include <QStringList>
+#include <QtEndian>
 
 #include <ft2build.h>
 #include <hb-ft.h>
 #include <hb.h>
 
 #include <algorithm>
+#include <climits>
 #include <mutex>
 
 #include FT_FREETYPE_H
@@ -24,6 +27,31 @@ namespace
 
 constexpr qint64 LARGEST_FILE = 64 << 20; // bytes
 constexpr int FRACTION = 64;              // units of FreeType and HarfBuzz in a pixel
+
+/// Returns whether a TrueType or OpenType font lacks the end of a table that its directory names. FreeType ignores such
+/// a table, so characters or ligatures would be missing silently.
+bool IsCutOff(QByteArrayView font)
+{
+    constexpr qsizetype HEADER = 12;
+    constexpr qsizetype ENTRY = 16;
+    const bool isKnown = font.startsWith(QByteArrayView("\0\1\0\0", 4)) || font.startsWith("OTTO");
+    if (!isKnown || font.size() < HEADER)
+        return false;
+    const auto number = [font](qsizetype at) { return qFromBigEndian<quint32>(font.data() + at); };
+    const qsizetype tables = qFromBigEndian<quint16>(font.data() + 4);
+    for (qsizetype i = 0; i < tables; ++i) {
+        const qsizetype entry = HEADER + ENTRY * i;
+        if (entry + ENTRY > font.size() || quint64(number(entry + 8)) + number(entry + 12) > quint64(font.size()))
+            return true;
+    }
+    return false;
+}
+
+/// A width for callers. Only a damaged font has one that an int can't have.
+int Bounded(qint64 width)
+{
+    return int(std::clamp<qint64>(width, 0, INT_MAX));
+}
 
 struct LibraryDeleter
 {
@@ -59,6 +87,8 @@ public:
                                0, &newFace) != 0)
             return u"%1: the file isn't a font, or it is damaged"_s.arg(file);
         face.reset(newFace);
+        if (IsCutOff(bytes))
+            return u"%1: the file is cut off"_s.arg(file);
         if (!newFace->charmap)
             return u"%1: the font has no table of Unicode characters"_s.arg(file);
         if (const QString wrong = SelectSize(file, pixels); !wrong.isEmpty())
@@ -79,10 +109,12 @@ public:
         const std::scoped_lock guard(lock);
         if (shaper)
             return ShapedWidth(line);
-        int width = 0;
-        for (const char32_t character : line.toUcs4())
-            width += Advance(character);
-        return width;
+        qint64 width = 0;
+        for (qsizetype at = 0; at < line.size();) {
+            const char32_t character = TakeCodePoint(line, at);
+            width += Advance(QChar::isSurrogate(character) ? char32_t(QChar::ReplacementCharacter) : character);
+        }
+        return Bounded(width);
     }
 
 private:
@@ -114,7 +146,7 @@ private:
         const FT_UInt glyph = FT_Get_Char_Index(face.get(), character);
         if (FT_Get_Advance(face.get(), glyph, FT_LOAD_DEFAULT, &advance) != 0)
             advance = 0;
-        return *advances.insert(character, int((advance + FIXED / 2) / FIXED));
+        return *advances.insert(character, Bounded((advance + FIXED / 2) / FIXED));
     }
 
     [[nodiscard]] int ShapedWidth(QStringView line) const
@@ -129,7 +161,7 @@ private:
         qint64 width = 0;
         for (unsigned i = 0; i < count; ++i)
             width += positions[i].x_advance;
-        return int((width + FRACTION - 1) / FRACTION);
+        return Bounded((width + FRACTION - 1) / FRACTION);
     }
 
     std::mutex lock;

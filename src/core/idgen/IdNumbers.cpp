@@ -38,9 +38,17 @@ void IdNumbers::Read(QByteArrayView header)
         const quint32 value = TakeWord(line).toUInt(&isNumber, 10);
         if (!isNumber || !TakeWord(line).isEmpty() || numbers.contains(name.toByteArray()))
             continue;
-        numbers.insert(name.toByteArray(), value);
-        entries.push_back({name.toByteArray(), value, number});
+        Add(name.toByteArray(), value);
+        entries.back().line = number;
     }
+}
+
+void IdNumbers::Add(const NarrowText &name, quint32 number)
+{
+    if (numbers.contains(name))
+        return;
+    numbers.insert(name, number);
+    entries.push_back({name, number, 0});
 }
 
 std::optional<quint32> IdNumbers::Find(const NarrowText &name) const

@@ -36,7 +36,9 @@ template <typename Value> std::optional<Value> Resolve(const Value &base, const 
 {
     if (ours == theirs || theirs == base)
         return ours;
-    return ours == base ? std::optional(theirs) : std::nullopt;
+    if (ours == base)
+        return theirs;
+    return std::nullopt; // not in the line above, where it would become the missing value of an attribute
 }
 
 void SetAttribute(ListElement &element, const QByteArray &name, const std::optional<QByteArray> &value)

@@ -36,14 +36,14 @@ private:
     void MatchColumns()
     {
         std::map<int, int> known; // language number -> place in `columns`
-        for (int side = BASE; side < MERGE_SIDES; ++side) {
-            const auto &all = tables[size_t(side)].columns;
+        for (size_t side = BASE; side < MERGE_SIDES; ++side) {
+            const auto &all = tables[side].columns;
             for (size_t i = 0; i < all.size(); ++i) {
                 const auto [entry, isNew] = known.emplace(all[i].number, int(columns.size()));
                 if (isNew)
                     columns.push_back({{-1, -1, -1}, {}, {}});
-                columns[size_t(entry->second)].in[size_t(side)] = int(i);
-                lists[size_t(side)].push_back(entry->second);
+                columns[size_t(entry->second)].in[side] = int(i);
+                lists[side].push_back(entry->second);
             }
         }
         isChanged.resize(columns.size());

@@ -10,8 +10,8 @@ public:
     OrderMerge(const MergeLists &versions, const std::vector<bool> &kept)
         : lists(versions), isKept(kept), sides(kept.size(), 0)
     {
-        for (int side = BASE; side < MERGE_SIDES; ++side) {
-            for (const int item : lists[size_t(side)])
+        for (size_t side = BASE; side < MERGE_SIDES; ++side) {
+            for (const int item : lists[side])
                 sides[size_t(item)] |= quint8(1 << side);
         }
     }

@@ -5,7 +5,7 @@
 #include <QStringList>
 
 /// The three versions of a file: the common ancestor, the version to merge into, and the other one.
-enum MergeSide : int
+enum MergeSide : size_t
 {
     BASE,
     OURS,

@@ -57,6 +57,8 @@ struct ElfImage
 
     /// The offset of the payload: the input's size rounded up to a multiple of 4.
     [[nodiscard]] quint64 PayloadOffset() const { return RoundUpTo4(inputSize); }
+    /// The size of the grown file in bytes, after SetElfLayout.
+    [[nodiscard]] quint64 Size() const { return sections[nameTableIndex].offset + quint64(nameTable.size()); }
 };
 
 /// Reads the tables of the file at `path` and adds the name ".zp_res" and a section for it. Returns 0 or an ElfCode.

@@ -14,6 +14,7 @@ int ReadFileResource(PackContext &context, const QByteArray &host, const QByteAr
     const PackFile file = context.files.OpenHost(host);
     if (!file.exists) {
         env.WriteOutput("\r\n[error] File does not exist: %s", shown.constData());
+        context.Reason(FILE_MISSING);
         return PACK_NOT_THERE;
     }
     const auto fail = [&](ReadFailure failure) -> int {
@@ -34,7 +35,7 @@ int AddFile(PackContext &context, const CFileRes &res)
     Environment &env = context.Env();
     PackImage &image = context.image;
     const IDRecord &id = *res.Id();
-    image.AddItem(id.value, ITEM_FILE);
+    image.AddItem(id.value, ITEM_FILE, &id);
     const QByteArray shown = env.Shown(res.path);
     if (qint32(id.value) <= 0) {
         env.WriteOutput("\r\n[error] Illegal resource id value :\"%s\" with value \"%d\"",
@@ -78,7 +79,7 @@ int ConstructFiles(PackContext &context)
     if (!Gather(context.document.root, resources))
         return PACK_FILE_LIST;
     for (const CFileRes *res : resources) {
-        if (const int code = AddFile(context, *res))
+        if (const int code = context.After(AddFile(context, *res), context.Named(*res)))
             return code;
     }
     return PACK_OK;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ImageConversion.h"
 
+#include "FilePlace.h"
 #include "PackCodes.h"
 #include "PackFiles.h"
 #include "PackLog.h"
@@ -54,9 +55,14 @@ bool RemoveOld(Environment &env, const QByteArray &target)
     return false;
 }
 
+QString ConverterOf(const Environment &env)
+{
+    return env.ProgramDir() + QStringLiteral("qrk_resgenerator.exe");
+}
+
 void RunConverter(Environment &env, const QString &source, const QString &target)
 {
-    const QString converter = env.ProgramDir() + QStringLiteral("qrk_resgenerator.exe");
+    const QString converter = ConverterOf(env);
     ToolEnd end;
     (void)RunTool(env, {converter, QStringLiteral("-f"), QStringLiteral("-i"), source, target}, &end);
     if (const QString wrong = end.Text(); !wrong.isEmpty())
@@ -112,6 +118,25 @@ int ConvertImage(Environment &env, const QString &source, const QString &target,
         unlink((title + ".BMPA").constData());
     }
     return PACK_OK;
+}
+
+QString ObstacleToConversion(const Environment &env, const QByteArray &source, const ScratchFolder &scratch)
+{
+    const auto failed = [](const QString &path) {
+        return QStringLiteral("%1: %2").arg(path, QString::fromLocal8Bit(strerror(errno)));
+    };
+    if (source.contains('"'))
+        return QStringLiteral("a name with a double quote can't be passed to the converter");
+    const QString converter = ConverterOf(env);
+    if (access(HostPath(converter).constData(), X_OK) != 0)
+        return QStringLiteral("the converter %1").arg(failed(converter));
+    if (scratch.IsNamed())
+        return {};
+    const QByteArray folder = FolderOf(source);
+    if (access(folder.constData(), W_OK | X_OK) != 0)
+        return QStringLiteral("the converted picture can't be written to %1; --temp names another folder")
+            .arg(failed(QString::fromUtf8(folder)));
+    return {};
 }
 
 ConvertedImage::ConvertedImage(Environment &env, const QByteArray &sourceFile, ScratchFolder &scratch)

@@ -26,6 +26,11 @@ enum class BesideSource
 [[nodiscard]] int ConvertImage(Environment &env, const QString &source, const QString &target,
                                BesideSource besideSource = BesideSource::Delete);
 
+/// Says why a conversion of a picture would fail, whatever is in its file; empty if nothing is known. `source` is an
+/// absolute host path.
+[[nodiscard]] QString ObstacleToConversion(const Environment &env, const QByteArray &source,
+                                           const ScratchFolder &scratch);
+
 /// A converted image at its temporary path, with the lines that a phase writes about it. The destructor deletes the
 /// image; one beside its source is deleted only if the conversion succeeded.
 class ConvertedImage

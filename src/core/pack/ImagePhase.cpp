@@ -74,7 +74,7 @@ int AddImage(PackContext &context, const CFileRes &res)
 {
     Environment &env = context.Env();
     const IDRecord &id = *res.Id();
-    context.image.AddItem(id.value, ITEM_IMAGE);
+    context.image.AddItem(id.value, ITEM_IMAGE, &id);
     const QString path = ResolvePath(env.NarrowToWide(res.path), context.projectFolder);
     env.WriteOutput("\r\n%s", qUtf8Printable(path));
 
@@ -82,6 +82,7 @@ int AddImage(PackContext &context, const CFileRes &res)
     const PictureFile picture(context, path, converts);
     if (!picture.IsThere()) {
         env.WriteOutput("\r\n[error] Image file does not exist: %s", qUtf8Printable(path));
+        context.Reason(FILE_MISSING);
         return PACK_NOT_THERE;
     }
     if (converts && !NeedImageConvert(path)) {
@@ -100,7 +101,7 @@ int ConstructImages(PackContext &context)
     if (!GatherImages(context.document.root, context.info.scope, images))
         return PACK_IMAGE_LIST;
     for (const CFileRes *image : images) {
-        if (const int code = AddImage(context, *image))
+        if (const int code = context.After(AddImage(context, *image), context.Named(*image)))
             return code;
     }
     return PACK_OK;

@@ -94,8 +94,8 @@ std::vector<LanguageStrings> Gather(const CResModel &document, const CResFolder 
 ///   records of ID (4), offset (4)       S in order, then 0xFFFFFFFF and the table's size; offsets count from the table
 ///   strings                             UTF-16, a zero unit, zero bytes up to a multiple of 4
 ///
-/// 0 or a PackCode.
-int BuildStringTable(const LanguageStrings &from, PackImage &image)
+/// With `isSizeOnly` only its size is right. Returns 0 or a PackCode.
+int BuildStringTable(const LanguageStrings &from, PackImage &image, bool isSizeOnly)
 {
     if (from.withoutId)
         return PACK_STRING_LIST;
@@ -104,6 +104,8 @@ int BuildStringTable(const LanguageStrings &from, PackImage &image)
     char *const table = image.ExtendItem(head + from.bytes);
     if (!table)
         return PACK_STRING_TABLE;
+    if (isSizeOnly)
+        return PACK_OK;
     qToLittleEndian(quint32(count + 1), table);
 
     char *record = table + 4;
@@ -136,7 +138,7 @@ int AddLanguage(PackContext &context, const LanguageStrings &strings)
         return PACK_LANGUAGE_NUMBER;
     }
     context.image.AddItem(LANGUAGE_KEY | (quint32(strings.language) & NUMBER_BITS), ITEM_STRINGS);
-    const int code = BuildStringTable(strings, context.image);
+    const int code = BuildStringTable(strings, context.image, context.trial != nullptr);
     if (code == PACK_STRING_TABLE)
         env.WriteOutput("\r\n[error] Construct string resource fail : language ID: %d.", strings.language);
     return code;
@@ -150,7 +152,8 @@ int ConstructLanguages(PackContext &context)
     if (!strings)
         return PACK_LANGUAGE_LIST;
     for (const LanguageStrings &language : Gather(context.document, *strings)) {
-        if (const int code = AddLanguage(context, language))
+        if (const int code =
+                context.After(AddLanguage(context, language), QStringLiteral("language %1").arg(language.language)))
             return code;
     }
     return PACK_OK;

@@ -23,8 +23,7 @@ namespace
 /// A file that the converter must write for a layout.
 struct LayoutOutput
 {
-    qint32 value;
-    NarrowText name;
+    const IDRecord *id;
     QByteArray host;
     SignalCleanup cleanup; // deletes it at the end
 };
@@ -43,6 +42,14 @@ Layouts Gather(const CResFolder *folder)
     return layouts;
 }
 
+/// Writes an error to the report, and tells a trial of it.
+int Refuse(const PackContext &context, const QString &text)
+{
+    context.Env().WriteOutput("\r\n[error] %s", qUtf8Printable(text));
+    context.Reason(text);
+    return PACK_FILE_INFO;
+}
+
 int InfoFail(Environment &env, const QByteArray &host)
 {
     env.WriteOutput("\r\n[error] Get file information fail: %s", host.constData());
@@ -55,7 +62,7 @@ int RemoveOtherSpellings(Environment &env, const QString &folder, const std::vec
 {
     QSet<QString> names;
     for (const LayoutOutput &output : outputs)
-        names.insert(ToLowerSimple(env.NarrowToWide(output.name) + QStringLiteral(".bin")));
+        names.insert(ToLowerSimple(env.NarrowToWide(output.id->name) + QStringLiteral(".bin")));
     for (const QString &name : QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System)) {
         const QByteArray host = (folder + u'/' + name).toUtf8();
         if (names.contains(ToLowerSimple(name)) && unlink(host.constData()) != 0)
@@ -79,8 +86,7 @@ int Expect(PackContext &context, const Layouts &layouts, const QString &folder, 
         }
         if (unlink(host.constData()) != 0 && errno != ENOENT && errno != ENOTDIR)
             return InfoFail(env, host);
-        outputs.push_back({qint32(id.value), id.name, host,
-                           context.scratch.IsNamed() ? SignalCleanup::OfFile(host) : SignalCleanup()});
+        outputs.push_back({&id, host, context.scratch.IsNamed() ? SignalCleanup::OfFile(host) : SignalCleanup()});
     }
     return RemoveOtherSpellings(env, folder, outputs);
 }
@@ -112,26 +118,32 @@ int CompareNumbers(PackContext &context, const QString &header)
         const auto number = numbers.Find(id->name);
         if (number == id->value || !IsValidIdName(context.Env().NarrowToWide(id->name)))
             continue;
-        Environment &env = context.Env();
-        env.WriteOutput("\r\n[error] %s has the number %u, in %s it has %s: save the project, and compile the "
-                        "application with the new header",
-                        env.Shown(id->name).constData(), id->value, qUtf8Printable(header),
-                        number ? QByteArray::number(*number).constData() : "none");
-        return PACK_FILE_INFO;
+        return Refuse(context,
+                      QStringLiteral("%1 has the number %2, in %3 it has %4: save the project, and compile the "
+                                     "application with the new header")
+                          .arg(context.Env().NarrowToWide(id->name), QString::number(id->value), header,
+                               number ? QString::number(*number) : QStringLiteral("none")));
     }
     return PACK_OK;
+}
+
+/// Begins the item of a layout.
+void BeginLayout(PackContext &context, const IDRecord &id)
+{
+    Environment &env = context.Env();
+    const QByteArray name = env.Shown(id.name);
+    context.image.AddItem(id.value, ITEM_LAYOUT, &id);
+    if (qint32(id.value) <= 0) {
+        env.WriteOutput("\r\n[error] Illegal resource id value :\"%s\" with value \"%d\"", name.constData(),
+                        qint32(id.value));
+    }
+    env.WriteOutput("\r\n  %s", name.constData());
 }
 
 int AddLayout(PackContext &context, const LayoutOutput &output)
 {
     Environment &env = context.Env();
-    const QByteArray name = env.Shown(output.name);
-    context.image.AddItem(quint32(output.value), ITEM_LAYOUT);
-    if (output.value <= 0) {
-        env.WriteOutput("\r\n[error] Illegal resource id value :\"%s\" with value \"%d\"", name.constData(),
-                        output.value);
-    }
-    env.WriteOutput("\r\n  %s", name.constData());
+    BeginLayout(context, *output.id);
     const PackFile file = PackFiles::OpenMade(output.host);
     const auto fail = [&](ReadFailure failure) -> int {
         if (failure == ReadFailure::Size)
@@ -156,20 +168,10 @@ int AddLayouts(PackContext &context, const std::vector<LayoutOutput> &outputs)
     return PACK_OK;
 }
 
-} // namespace
-
-int ConstructLayouts(PackContext &context)
+/// The converter's command line for the layouts of a file.
+LayoutConverterCall CallFor(PackContext &context, const NarrowText &source)
 {
-    Environment &env = context.Env();
-    const Layouts layouts = Gather(context.document.root.FindFolder(KIND_RESO_LAYOUTS, context.info.scope, 2));
-    if (layouts.empty()) {
-        env.WriteOutput("\r\nthere are no any layout xml ");
-        return PACK_OK;
-    }
-    const NarrowText &source = layouts.front()->File()->path;
-    env.WriteOutput("\r\n%s", env.Shown(source).constData());
-    env.FlushOutput();
-
+    const Environment &env = context.Env();
     const Settings &settings = env.settings;
     LayoutConverterCall call = LayoutConverterCall::In(env, context.projectFolder);
     call.input = HostForm(env.NarrowToWide(source), context.projectFolder);
@@ -184,20 +186,91 @@ int ConstructLayouts(PackContext &context)
         call.header = HostForm(HeaderIn(headers, settings.String("ResID", "main_header", "ResID.h")), {});
         call.table = HostForm(headers, {});
     }
-    // The pack depends on the files that the converter reads.
-    (void)context.files.Find(call.input);
-    if (!LayoutSetting(settings, "export_xml").isEmpty())
-        (void)context.files.Find(call.xml);
-    env.DebugTrace("Layout command:%s.", qUtf8Printable(call.CommandLine()));
+    return call;
+}
+
+/// Checks what doesn't depend on the layouts' contents before the converter runs.
+int CheckCall(PackContext &context, const LayoutConverterCall &call, const Layouts &layouts)
+{
     if ((call.input + call.output + call.header).contains(u'"')) {
-        env.WriteOutput("\r\n[error] A name with a double quote can't be handed to the converter: %s",
-                        qUtf8Printable(call.input));
-        return PACK_FILE_INFO;
+        const QString fault =
+            QStringLiteral("A name with a double quote can't be handed to the converter: %1").arg(call.input);
+        return Refuse(context, fault);
     }
     if (const int code = CompareNumbers(context, call.header))
         return code;
-    if (!StaysInPlace(context, call, layouts))
+    return StaysInPlace(context, call, layouts) ? PACK_OK : PACK_FILE_INFO;
+}
+
+/// Tells a trial what is wrong apart from the layouts, whose sizes don't depend on it.
+void CheckSurroundings(PackContext &context, const LayoutConverterCall &call, const Layouts &layouts)
+{
+    (void)AfterStep(context.trial, CheckCall(context, call, layouts), call.input);
+    if (!PathExists(call.header)) {
+        context.Reason(FILE_MISSING + QStringLiteral("; a save of the project writes it"));
+        (void)AfterStep(context.trial, PACK_FILE_INFO, call.header);
+    }
+    if (!PathExists(call.tool)) {
+        context.Reason(FILE_MISSING);
+        (void)AfterStep(context.trial, PACK_FILE_INFO, call.tool);
+    }
+}
+
+/// Adds the sizes of the layouts, which are converted in memory.
+int MeasureAll(PackContext &context, LayoutConverterCall call, const Layouts &layouts)
+{
+    const PackTrial &trial = *context.trial;
+    if (trial.isOfResources) {
+        call.table.clear();
+    } else {
+        CheckSurroundings(context, call, layouts);
+    }
+    IdNumbers numbers;
+    const IDPool &ids = context.document.ids;
+    for (const IDRecord *id = ids.sentinel.next; id != &ids.sentinel; id = id->next)
+        numbers.Add(id->name, id->value);
+    LayoutSizes sizes;
+    QStringList faults;
+    if (!trial.sizes.layouts || !trial.sizes.layouts(context.Env(), call, numbers, sizes, faults)) {
+        for (const QString &fault : faults)
+            context.Reason(fault);
         return PACK_FILE_INFO;
+    }
+    for (const CLayoutRes *layout : layouts) {
+        BeginLayout(context, *layout->Id());
+        const auto size = sizes.constFind(layout->Id()->name);
+        if (size == sizes.constEnd())
+            return context.After(PACK_FILE_INFO, context.Env().NarrowToWide(layout->Id()->name));
+        if (!context.image.ExtendItem(*size) || !context.image.PadItem())
+            return PACK_MEMORY;
+    }
+    return PACK_OK;
+}
+
+} // namespace
+
+int ConstructLayouts(PackContext &context)
+{
+    Environment &env = context.Env();
+    const Layouts layouts = Gather(context.document.root.FindFolder(KIND_RESO_LAYOUTS, context.info.scope, 2));
+    if (layouts.empty()) {
+        env.WriteOutput("\r\nthere are no any layout xml ");
+        return PACK_OK;
+    }
+    const NarrowText &source = layouts.front()->File()->path;
+    env.WriteOutput("\r\n%s", env.Shown(source).constData());
+    env.FlushOutput();
+
+    const LayoutConverterCall call = CallFor(context, source);
+    // The pack depends on the files that the converter reads.
+    (void)context.files.Find(call.input);
+    if (!LayoutSetting(env.settings, "export_xml").isEmpty())
+        (void)context.files.Find(call.xml);
+    if (context.trial)
+        return context.After(MeasureAll(context, call, layouts), call.input);
+    env.DebugTrace("Layout command:%s.", qUtf8Printable(call.CommandLine()));
+    if (const int code = CheckCall(context, call, layouts))
+        return code;
     if (!PathExists(call.output))
         CreateFolderOnDisk(call.output);
 

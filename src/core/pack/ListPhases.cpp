@@ -56,7 +56,7 @@ int ListReader::Read(const QString &list)
         return FailFile(env, file, PACK_FILE_READ);
     const QString folder = DirectoryOf(list);
     for (ListLines lines(bytes); lines.Next();) {
-        if (const int code = AddLine(lines.Text(), folder))
+        if (const int code = context.After(AddLine(lines.Text(), folder), env.NarrowToWide(lines.Text())))
             return code;
     }
     return PACK_OK;
@@ -71,6 +71,9 @@ int ListReader::AddLine(const NarrowText &line, const QString &folder)
     const PictureFile picture(context, path, convert && NeedImageConvert(path));
     if (!picture.IsThere()) {
         env.WriteOutput("\r\nResource file %s not exist, ignore...", qUtf8Printable(path));
+        if (context.trial)
+            context.trial->remarks.append(
+                QStringLiteral("%1, which a list names, does not exist and is left out").arg(path));
         return PACK_OK;
     }
     ++previews;

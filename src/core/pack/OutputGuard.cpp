@@ -26,3 +26,9 @@ void OutputGuard::Compare(const QByteArray &host)
     if (IsNeeded() && stat(host.constData(), &info) == 0)
         Compare(host, info);
 }
+
+QString OutputGuard::ClashText() const
+{
+    return QStringLiteral("%1 is not written because it is the same file as %2 of the project")
+        .arg(QString::fromUtf8(output), QString::fromUtf8(file));
+}

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QByteArray>
+#include <QString>
 
 #include <sys/stat.h>
 #include <vector>
@@ -26,6 +26,8 @@ public:
     [[nodiscard]] bool HasClash() const { return !file.isEmpty(); }
     [[nodiscard]] const QByteArray &Output() const { return output; }
     [[nodiscard]] const QByteArray &File() const { return file; }
+    /// Says which output isn't written because of the clash.
+    [[nodiscard]] QString ClashText() const;
 
 private:
     struct Replaced

@@ -35,6 +35,7 @@ enum PackCode : int
     PACK_LAYOUT_FILE = -1044,     ///< a layout file was loaded only in part, so the numbers would differ
     PACK_TEMP_FOLDER = -1043,     ///< the folder for temporary files can't be made or written
     PACK_CODE_PAGE = -1046,       ///< the path of the input or output can't be expressed in the code page
+    PACK_BUDGET = -1047,          ///< the payload is larger than its budget
     PACK_UNREADABLE = -1045,      ///< the files of the open project have changed and can no longer be read
 };
 

@@ -70,7 +70,7 @@ int ReadIntoPayload(const Environment &env, const PackFile &file, const ReadRequ
     char *const place = request.place(quint64(file.size));
     if (!place)
         return PACK_MEMORY;
-    if (file.ReadTo(place))
+    if (file.isSizeOnly || file.ReadTo(place))
         return PACK_OK;
     (void)FailFile(env, file, PACK_FILE_READ); // errno is still that of the read
     return request.fail(ReadFailure::Content);
@@ -90,6 +90,7 @@ PackFile PackFiles::OpenHost(const QByteArray &host)
 {
     PackFile found;
     found.host = host;
+    found.isSizeOnly = sizesOnly;
     if (Look(found, &guard) == ENOENT && !host.isEmpty()) {
         QByteArray other = paths.Resolve(QString::fromUtf8(host));
         if (other != host) {

@@ -12,11 +12,12 @@ class Environment;
 /// A file that a pack reads, looked at once.
 struct PackFile
 {
-    FileHandle file;     ///< not open if it doesn't exist, may not be read, or isn't a file
-    QByteArray host;     ///< its path on this host
-    bool exists = false; ///< something has that name
-    qint64 size = -1;    ///< bytes; -1: couldn't be read
-    int error = 0;       ///< the system's error number if it isn't open; 0: not a regular file
+    FileHandle file;         ///< not open if it doesn't exist, may not be read, or isn't a file
+    QByteArray host;         ///< its path on this host
+    bool exists = false;     ///< something has that name
+    qint64 size = -1;        ///< bytes; -1: couldn't be read
+    int error = 0;           ///< the system's error number if it isn't open; 0: not a regular file
+    bool isSizeOnly = false; ///< its content isn't read into the payload
 
     /// Reads the whole file into `place`. Returns false if it ended early (errno is then 0) or couldn't be read.
     [[nodiscard]] bool ReadTo(char *place) const;
@@ -28,8 +29,11 @@ class PackFiles
 {
 public:
     /// `readFiles`, if not null, gets the absolute host path of every file that is opened.
-    /// They are compared with the outputs of `outputGuard`.
-    PackFiles(std::vector<QByteArray> *readFiles, OutputGuard &outputGuard) : inputs(readFiles), guard(outputGuard) {}
+    /// They are compared with the outputs of `outputGuard`. With `needsSizes` only the sizes of resources are needed.
+    PackFiles(std::vector<QByteArray> *readFiles, OutputGuard &outputGuard, bool needsSizes = false)
+        : inputs(readFiles), guard(outputGuard), sizesOnly(needsSizes)
+    {
+    }
 
     /// A relative path is relative to the current folder.
     [[nodiscard]] PackFile Open(QStringView path);
@@ -46,6 +50,7 @@ private:
     HostPaths paths;
     std::vector<QByteArray> *inputs;
     OutputGuard &guard;
+    bool sizesOnly;
 };
 
 /// Why a file couldn't be read into the payload.
@@ -67,8 +72,8 @@ struct ReadRequest
     qint64 tooSmall = -1; ///< bytes; a file of this size or less is refused
 };
 
-/// Reads a whole file into the payload. Returns 0, PACK_MEMORY, or the result of `fail`; the system's reason is
-/// explained.
+/// Reads a whole file into the payload, or reserves its place if only its size is needed. Returns 0, PACK_MEMORY, or
+/// the result of `fail`; the system's reason is explained.
 [[nodiscard]] int ReadIntoPayload(const Environment &env, const PackFile &file, const ReadRequest &request);
 
 /// Explains why a file couldn't be opened, or why the read just before failed. Returns `code`.

@@ -37,12 +37,13 @@ void PackImage::EndBlock()
     AddItem(BLOCK_END_KEY, ITEM_STRINGS);
 }
 
-BlockItem &PackImage::AddItem(quint32 key, ItemKind kind)
+BlockItem &PackImage::AddItem(quint32 key, ItemKind kind, const IDRecord *id)
 {
     itemStart = bytes.Size();
     BlockItem &item = items.emplace_back();
     item.key = key;
     item.itemKind = kind;
+    item.id = id;
     return item;
 }
 

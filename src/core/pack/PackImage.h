@@ -39,7 +39,7 @@ public:
     void EndBlock();   ///< ends the table
 
     /// Valid until the next one is added.
-    BlockItem &AddItem(quint32 key, ItemKind kind);
+    BlockItem &AddItem(quint32 key, ItemKind kind, const IDRecord *id = nullptr);
     /// Extends the last item by `size` uninitialised bytes and returns the place of the first; null if memory runs out.
     [[nodiscard]] char *ExtendItem(quint64 size);
     /// Pads the last item with zero bytes to a multiple of 4. Returns false if memory runs out.
@@ -47,6 +47,8 @@ public:
     /// The byte at `offset` of the last item.
     [[nodiscard]] char *ItemAt(quint64 offset) { return bytes.At(qint64(itemStart + offset)); }
     [[nodiscard]] quint64 ItemSize() const { return bytes.Size() - itemStart; }
+    /// The size of all data so far, in bytes.
+    [[nodiscard]] quint64 DataSize() const { return bytes.Size(); }
 
     /// Computes offsets and sizes. Returns false if they need more than 32 bits.
     [[nodiscard]] bool LayOut();

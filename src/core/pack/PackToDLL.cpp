@@ -53,7 +53,7 @@ int Packer::PackToDLL(PackRun &run)
         return PACK_INPUT_SIZE;
     }
     QByteArrayView payload;
-    const quint64 base = quint64(inputSize) + sizeof PAYLOAD_NAME;
+    const quint64 base = PackedDll::PayloadOffset(quint64(inputSize));
     if (const int code = BuildPayload(run, EntryPadding::None, base, {PAYLOAD_NAME, sizeof PAYLOAD_NAME}, payload))
         return code;
     const int code = WriteOutputFile(run, input, quint32(inputSize), payload);

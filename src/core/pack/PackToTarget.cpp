@@ -45,6 +45,11 @@ int WriteSideFile(PackRun &run, OutputFile &side)
 
 } // namespace
 
+quint64 BaseOfSection(const Environment &env, const ElfImage &elf)
+{
+    return env.settings.String("ResID", "relativeoffset", "1") == u"1" ? 0 : elf.PayloadOffset();
+}
+
 int Packer::PackToTarget(PackRun &run)
 {
     Environment &env = run.Env();
@@ -55,10 +60,8 @@ int Packer::PackToTarget(PackRun &run)
             env.DebugTrace("Parse zxa file failed.\n");
             return code;
         }
-        const bool fromSection = env.settings.String("ResID", "relativeoffset", "1") == u"1";
-        const quint64 base = fromSection ? 0 : elf.PayloadOffset();
         QByteArrayView payload;
-        if (const int code = BuildPayload(run, EntryPadding::FourBytes, base, {}, payload))
+        if (const int code = BuildPayload(run, EntryPadding::FourBytes, BaseOfSection(env, elf), {}, payload))
             return code;
         if (const int code = WriteTarget(run, elf, payload, output))
             return code;

@@ -2,6 +2,7 @@
 #include "Packer.h"
 
 #include "OutputFile.h"
+#include "PackPaths.h"
 #include "PackRun.h"
 #include "Paths.h"
 #include "ProjectFiles.h"
@@ -20,49 +21,12 @@ void TraceParameters(Environment &env, const packinfo &info)
     env.DebugTrace("packinfo.ver=%d\n", info.ver);
 }
 
-/// The side file of an input: in the folder "arm" beside it, with the extension "res".
-QByteArray SideFile(const QString &input)
-{
-    const QByteArray host = OutputPath(input);
-    const qsizetype name = host.lastIndexOf('/') + 1;
-    const qsizetype dot = host.lastIndexOf('.');
-    const QByteArray title = dot < name ? host.mid(name) + '.' : host.mid(name, dot + 1 - name);
-    return OutputPath(QString::fromUtf8(host.left(name) + "arm/" + title + "res"));
-}
-
 int RefuseSameFile(Environment &env, const packinfo &info, const QString &reason)
 {
     env.DebugTrace("[error] the packed file and output file cannot be same : %s",
                    env.Shown(info.outputfilename).constData());
     env.Explain(reason);
     return PACK_SAME_FILE;
-}
-
-/// Says which two files of a pack are the same file, whatever their names; empty if there are none.
-QString FindSameFile(const QByteArray &input, const QByteArray &output, const QByteArray &side,
-                     const QByteArray &depfile)
-{
-    const auto compare = [](const char *what, const QByteArray &a, const char *asWhat, const QByteArray &b) {
-        return (a == b && !a.isEmpty()) || IsSameFile(a, b)
-                   ? QStringLiteral("the %1 %2 is the same file as the %3 %4")
-                         .arg(QLatin1String(what), QString::fromUtf8(a), QLatin1String(asWhat), QString::fromUtf8(b))
-                   : QString();
-    };
-    for (const QString &found :
-         {compare("output", output, "input", input), compare("side file", side, "input", input),
-          compare("output", output, "side file", side), compare("dependency file", depfile, "input", input),
-          compare("dependency file", depfile, "output", output),
-          compare("dependency file", depfile, "side file", side)}) {
-        if (!found.isEmpty())
-            return found;
-    }
-    return {};
-}
-
-QString ProjectFileText(const OutputGuard &guard)
-{
-    return QStringLiteral("%1 is not written because it is the same file as %2 of the project")
-        .arg(QString::fromUtf8(guard.Output()), QString::fromUtf8(guard.File()));
 }
 
 } // namespace
@@ -81,23 +45,19 @@ int Packer::Pack(const packinfo &parameters, CResModel &document, std::vector<QB
             env, info, QStringLiteral("%1 is both the input and the output").arg(env.NarrowToWide(info.inputfilename)));
     if (info.outputfilename.isEmpty())
         info.outputfilename = info.inputfilename + ".pkd";
-    const QByteArray inputHost = HostPath(env.NarrowToWide(info.inputfilename));
-    const QByteArray outputHost = OutputPath(env.NarrowToWide(info.outputfilename));
-    const QByteArray sideHost = info.packmode == PACK_TO_TARGET ? SideFile(env.NarrowToWide(info.inputfilename)) : "";
-    const QByteArray depfileHost = HostPath(info.depfile);
-    // The names may differ in spelling, or one may be a link; writing one file would destroy the other.
-    if (const QString found = FindSameFile(inputHost, outputHost, sideHost, depfileHost); !found.isEmpty())
-        return RefuseSameFile(env, info, found);
-    OutputGuard guard({outputHost, sideHost, depfileHost});
+    const PackPaths paths = PackPaths::Of(env, info);
+    if (const QString same = paths.SameFileText(); !same.isEmpty())
+        return RefuseSameFile(env, info, same);
+    OutputGuard guard({paths.output, paths.side, paths.depfile});
     CompareProjectFiles(guard, info, document);
     if (guard.HasClash())
-        return RefuseSameFile(env, info, ProjectFileText(guard));
+        return RefuseSameFile(env, info, guard.ClashText());
     TraceParameters(env, info);
     const ScratchFolder scratch(info.temp.isEmpty() ? "" : AbsoluteHost(OutputPath(info.temp)));
     if (!scratch.Prepare(env))
         return PACK_TEMP_FOLDER;
 
-    PackRun run{document, info, guard, PackFiles(inputs, guard), scratch, inputHost, outputHost, sideHost};
+    PackRun run{document, info, guard, PackFiles(inputs, guard), scratch, paths.input, paths.output, paths.side};
     int code = PACK_UNKNOWN_MODE;
     if (info.packmode == PACK_TO_TARGET)
         code = PackToTarget(run);
@@ -109,17 +69,50 @@ int Packer::Pack(const packinfo &parameters, CResModel &document, std::vector<QB
     return code;
 }
 
+namespace
+{
+
+/// Compares the payload with the budget. A trial notes the sizes.
+int CheckSize(PackRun &run, const PackImage &image)
+{
+    const quint64 budget = run.info.budget;
+    QString over = OverBudgetText(image.Total(), budget);
+    std::vector<PackedSize> largest;
+    if (run.trial || !over.isEmpty())
+        largest = LargestResources(image, run.Env(), LARGEST_NAMED);
+    if (!over.isEmpty())
+        over += QStringLiteral("; the largest resources are") + SizeLines(largest);
+    if (run.trial) {
+        run.trial->payload = image.Total();
+        run.trial->largest = std::move(largest);
+    }
+    if (over.isEmpty())
+        return PACK_OK;
+    run.Env().Explain(over);
+    return AfterStep(run.trial, PACK_BUDGET);
+}
+
+} // namespace
+
 int BuildPayload(PackRun &run, EntryPadding padding, quint64 base, QByteArrayView prefix, QByteArrayView &payload)
 {
     PackImage image(run.memory, padding);
-    PackContext context{run.document, run.info, image, run.files, run.scratch, DirectoryOf(run.document.PathName())};
+    PackContext context{
+        run.document, run.info, image, run.files, run.scratch, run.trial, DirectoryOf(run.document.PathName())};
     if (const int code = ConstructResources(context))
         return code;
-    if (run.guard.HasClash())
-        return RefuseSameFile(run.Env(), run.info, ProjectFileText(run.guard));
+    if (run.guard.HasClash()) {
+        const int code = RefuseSameFile(run.Env(), run.info, run.guard.ClashText());
+        if (AfterStep(run.trial, code) != 0)
+            return code;
+    }
+    if (run.trial && !run.trial->isExact)
+        return PACK_OK;
     image.base = qint64(base);
     if (!image.LayOut())
-        return PACK_MEMORY;
+        return AfterStep(run.trial, PACK_MEMORY);
+    if (const int code = CheckSize(run, image))
+        return code;
     payload = image.Serialise(prefix);
-    return payload.isNull() ? PACK_MEMORY : PACK_OK;
+    return payload.isNull() ? AfterStep(run.trial, PACK_MEMORY) : PACK_OK;
 }

@@ -10,6 +10,7 @@
 class CResModel;
 class OutputFile;
 struct PackRun;
+struct PackTrial;
 
 /// What a pack attaches the payload to.
 enum PackMode : qint32
@@ -33,7 +34,8 @@ struct packinfo
     QString headers;
     /// Absolute path of the file that the caller writes after the pack; empty: none. It replaces no file of the pack.
     QString depfile;
-    QString temp; ///< a folder for the pack's own temporary files; empty: beside the sources
+    QString temp;       ///< a folder for the pack's own temporary files; empty: beside the sources
+    quint64 budget = 0; ///< the most bytes that the payload may have; 0: no limit
 };
 
 /// Turns a project's resources into one payload and attaches it to the application file.
@@ -45,6 +47,13 @@ public:
     /// null, gets the host path of every file that was read.
     [[nodiscard]] static int Pack(const packinfo &parameters, CResModel &document,
                                   std::vector<QByteArray> *inputs = nullptr);
+
+    /// Finds out what would make a pack fail, and its sizes, without writing anything (PackTrial). The IDs must have
+    /// been numbered, and the project's folder must be the current folder.
+    static void Try(const packinfo &parameters, CResModel &document, PackTrial &trial);
+    /// Does the same for the resources alone: only `packmode`, `scope`, `imageconvert` and `budget` count. The IDs need
+    /// no numbers.
+    static void Measure(const packinfo &info, CResModel &document, PackTrial &trial);
 
 private:
     [[nodiscard]] static int PackToTarget(PackRun &run);

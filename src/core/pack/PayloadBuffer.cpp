@@ -15,7 +15,7 @@ constexpr quint64 LARGEST = std::numeric_limits<quint32>::max();
 
 } // namespace
 
-PayloadBuffer::PayloadBuffer(size_t frontRoom) : front(frontRoom) {}
+PayloadBuffer::PayloadBuffer(size_t frontRoom, bool isSparse) : front(frontRoom), sparse(isSparse) {}
 
 PayloadBuffer::~PayloadBuffer()
 {
@@ -58,7 +58,8 @@ char *PayloadBuffer::Append(quint64 size)
 {
     if (size > LARGEST - used || !Grow(front + used + size))
         return nullptr;
-    Touch(size);
+    if (!sparse)
+        Touch(size);
     char *place = At(qint64(used));
     used += size;
     return place;

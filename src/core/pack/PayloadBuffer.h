@@ -13,8 +13,11 @@
 class PayloadBuffer
 {
 public:
-    /// `frontRoom` is the number of bytes in front that can be used without moving the data.
-    explicit PayloadBuffer(size_t frontRoom = size_t(16) << 20);
+    static constexpr size_t FRONT_ROOM = size_t(16) << 20;
+
+    /// `frontRoom` is the number of bytes in front that can be used without moving the data. With `isSparse` the data
+    /// is hardly written to, and pages aren't made ready in advance.
+    explicit PayloadBuffer(size_t frontRoom = FRONT_ROOM, bool isSparse = false);
     ~PayloadBuffer();
     PayloadBuffer(const PayloadBuffer &) = delete;
     PayloadBuffer &operator=(const PayloadBuffer &) = delete;
@@ -40,6 +43,7 @@ private:
     char *memory = nullptr;
     size_t capacity = 0;
     size_t front;
+    bool sparse;
     quint64 used = 0;
     size_t touched = 0; // the pages from `front` to this place have memory
 };

@@ -7,6 +7,8 @@
 #include <optional>
 #include <vector>
 
+class IDRecord;
+
 // The payload, which a device reads. All numbers have 32 bits and are little-endian.
 //
 //   part            size                        content
@@ -43,6 +45,7 @@ struct BlockItem
     quint32 offset = 0;
     quint32 size = 0; ///< with its zero bytes at the end; a multiple of 4
     ItemKind itemKind = ITEM_STRINGS;
+    const IDRecord *id = nullptr; ///< of the resource; null for a language
 };
 
 inline constexpr char BLOCK_NAME[] = "zep-2.0";

@@ -16,35 +16,46 @@ int EndBlock(PackContext &context)
     return PACK_OK;
 }
 
+size_t CountOf(const PackImage &image)
+{
+    return image.entries.size() + image.items.size();
+}
+
 /// One step of a run and its messages to the user.
 struct Phase
 {
     int (*run)(PackContext &);
+    const char *name; ///< of what it adds; null if it adds no resources
     const char *firstLine;
     const char *errorLine; ///< ", result=" and the code follow
     const char *lastLine;
 };
 
 constexpr Phase PHASES[] = {
-    {ConstructAppIcon, "\r\nconstruct app icon resource...", "\r\n[error] construct app icon resource error",
-     "\r\nconstruct app icon resource done\r\n"},
-    {ConstructPreview, "\r\nconstruct preview image resource...", "\r\n[error] construct preview image resource error",
-     "\r\nconstruct preview image resource done\r\n"},
-    {ConstructV1, "\r\nconstruct zep1.0 resource...", "\r\n[error] construct zep 1.0 resource error",
-     "\r\nconstruct zep1.0 resource done\r\n"},
-    {BeginBlock, "", "", "\r\nconstruct zep2.0 resource..."},
-    {ConstructLanguages, "\r\nconstruct language resource...", "\r\n[error] construct language resource error",
-     "\r\nconstruct language resource done\r\n"},
-    {ConstructFiles, "\r\nconstruct file resource...", "\r\n[error] construct file resource error",
+    {ConstructAppIcon, "application icon", "\r\nconstruct app icon resource...",
+     "\r\n[error] construct app icon resource error", "\r\nconstruct app icon resource done\r\n"},
+    {ConstructPreview, "preview images", "\r\nconstruct preview image resource...",
+     "\r\n[error] construct preview image resource error", "\r\nconstruct preview image resource done\r\n"},
+    {ConstructV1, "files of version 1.0", "\r\nconstruct zep1.0 resource...",
+     "\r\n[error] construct zep 1.0 resource error", "\r\nconstruct zep1.0 resource done\r\n"},
+    {BeginBlock, nullptr, "", "", "\r\nconstruct zep2.0 resource..."},
+    {ConstructLanguages, "languages", "\r\nconstruct language resource...",
+     "\r\n[error] construct language resource error", "\r\nconstruct language resource done\r\n"},
+    {ConstructFiles, "files", "\r\nconstruct file resource...", "\r\n[error] construct file resource error",
      "\r\nconstruct file resource done\r\n"},
-    {ConstructImages, "\r\nconstruct image resource...", "\r\n[error] construct image resource error",
+    {ConstructImages, "images", "\r\nconstruct image resource...", "\r\n[error] construct image resource error",
      "\r\nconstruct image resource done\r\n"},
-    {ConstructLayouts, "\r\nconstruct layout resource...", "\r\n[error] construct layout resource error",
+    {ConstructLayouts, "layouts", "\r\nconstruct layout resource...", "\r\n[error] construct layout resource error",
      "\r\nconstruct layout resource done\r\n"},
-    {EndBlock, "", "", "\r\nconstruct zep2.0 resource done\r\n"},
+    {EndBlock, nullptr, "", "", "\r\nconstruct zep2.0 resource done\r\n"},
 };
 
 } // namespace
+
+QString PackContext::Named(const CFileRes &res) const
+{
+    return QStringLiteral("%1 (%2)").arg(Env().NarrowToWide(res.Id()->name), Env().NarrowToWide(res.path));
+}
 
 int ConstructResources(PackContext &context)
 {
@@ -52,10 +63,15 @@ int ConstructResources(PackContext &context)
     for (const Phase &phase : PHASES) {
         if (*phase.firstLine)
             env.WriteOutput("%s", phase.firstLine);
-        if (const int code = phase.run(context)) {
+        const size_t countBefore = CountOf(context.image);
+        const quint64 bytesBefore = context.image.DataSize();
+        if (const int code = context.After(phase.run(context))) {
             env.WriteOutput("%s, result=%d", phase.errorLine, code);
             return code;
         }
+        if (context.trial && phase.name)
+            context.trial->parts.push_back(
+                {phase.name, CountOf(context.image) - countBefore, context.image.DataSize() - bytesBefore});
         env.WriteOutput("%s", phase.lastLine);
     }
     return PACK_OK;

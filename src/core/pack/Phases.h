@@ -5,6 +5,7 @@
 #include "PackFiles.h"
 #include "PackImage.h"
 #include "PackLog.h"
+#include "PackTrial.h"
 #include "Packer.h"
 #include "ResModel.h"
 #include "ScratchFolder.h"
@@ -17,10 +18,31 @@ struct PackContext
     PackImage &image;
     PackFiles &files;
     ScratchFolder &scratch;
+    PackTrial *trial;      ///< null in a pack
     QString projectFolder; ///< host path without a separator at its end
 
     [[nodiscard]] Environment &Env() const { return document.env; }
+
+    /// Ends a step, such as a resource, whose failure doesn't keep a trial from looking at the next one (AfterStep).
+    /// The size of what failed is then unknown.
+    [[nodiscard]] int After(int code, const QString &about = {}) const
+    {
+        if (code != 0 && trial)
+            trial->isExact = false;
+        return AfterStep(trial, code, about);
+    }
+    /// Tells a trial the reason of the failure that a step is about to return.
+    void Reason(const QString &text) const
+    {
+        if (trial)
+            trial->reasons.append(text);
+    }
+    /// Names a resource to a user: its ID and its path as stored.
+    [[nodiscard]] QString Named(const CFileRes &res) const;
 };
+
+/// A reason (PackContext::Reason).
+inline const QString FILE_MISSING = QStringLiteral("the file does not exist");
 
 /// Runs all phases. Returns 0, or the code of the phase that failed; the caller must then discard what was built so
 /// far.

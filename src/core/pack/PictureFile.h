@@ -16,6 +16,8 @@ public:
     [[nodiscard]] int Add(const std::function<int(const PackFile &, const QString &)> &add) const;
 
 private:
+    [[nodiscard]] int AddMeasured(const std::function<int(const PackFile &, const QString &)> &add) const;
+
     PackContext &context;
     QString path;
     bool converts;

@@ -2,6 +2,7 @@
 #include "ScratchFolder.h"
 
 #include "Environment.h"
+#include "FilePlace.h"
 
 #include <cerrno>
 #include <cstring>
@@ -9,6 +10,16 @@
 #include <unistd.h>
 
 bool ScratchFolder::Prepare(const Environment &env) const
+{
+    return Look(env, true);
+}
+
+bool ScratchFolder::IsUsable(const Environment &env) const
+{
+    return Look(env, false);
+}
+
+bool ScratchFolder::Look(const Environment &env, bool mayMake) const
 {
     if (!IsNamed())
         return true;
@@ -19,13 +30,16 @@ bool ScratchFolder::Prepare(const Environment &env) const
     };
     if (path.contains('"'))
         return refuse(QStringLiteral("a name with a double quote can't be passed to the converters"));
-    const bool isThere = mkdir(path.constData(), 0777) == 0 || errno == EEXIST;
+    QByteArray place = path;
     struct stat info;
-    if (!isThere || stat(path.constData(), &info) != 0)
+    if (!mayMake && stat(path.constData(), &info) != 0 && errno == ENOENT)
+        place = FolderOf(path); // where it would be made
+    const bool isThere = !mayMake || mkdir(path.constData(), 0777) == 0 || errno == EEXIST;
+    if (!isThere || stat(place.constData(), &info) != 0)
         return refuse(QString::fromLocal8Bit(strerror(errno)));
     if (!S_ISDIR(info.st_mode))
         return refuse(QString::fromLocal8Bit(strerror(ENOTDIR)));
-    if (access(path.constData(), W_OK | X_OK) != 0)
+    if (access(place.constData(), W_OK | X_OK) != 0)
         return refuse(QString::fromLocal8Bit(strerror(errno)));
     return true;
 }

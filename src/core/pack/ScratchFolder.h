@@ -18,6 +18,9 @@ public:
     [[nodiscard]] bool IsNamed() const { return !path.isEmpty(); }
     [[nodiscard]] const QByteArray &Path() const { return path; }
 
+    /// Returns whether `Prepare` would succeed, and explains why not. Makes nothing.
+    [[nodiscard]] bool IsUsable(const Environment &env) const;
+
     /// Makes the folder if it doesn't exist; its parent must exist. Returns false, and explains why, if the folder
     /// can't be written. Returns true without a folder.
     [[nodiscard]] bool Prepare(const Environment &env) const;
@@ -27,6 +30,8 @@ public:
     [[nodiscard]] QByteArray ForPicture(const QByteArray &source);
 
 private:
+    [[nodiscard]] bool Look(const Environment &env, bool mayMake) const;
+
     QByteArray path;
     int pictures = 0;
 };

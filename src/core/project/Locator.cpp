@@ -34,6 +34,11 @@ CBaseRes *ResourceOf(const IDRecord &record)
     return nullptr;
 }
 
+LocatedId Located(QString id, CBaseRes &res, CResFolder *strings)
+{
+    return {std::move(id), &res, res.Folder()->kind == KIND_LANGUAGE ? strings : res.Folder()};
+}
+
 /// Sorts the IDs in the order of names and keeps the first `most`. Of equal names, such as those of two resolutions,
 /// the older is first.
 void KeepFirst(std::vector<LocatedId> &ids, size_t most)
@@ -72,13 +77,25 @@ std::vector<LocatedId> LocateIds(const CResModel &model, const QString &typed, s
         CBaseRes *const res = ResourceOf(*record);
         QString id = res ? model.env.NarrowToWide(record->name) : QString();
         const bool begins = id.startsWith(start, Qt::CaseInsensitive);
-        if (res && (begins || HasWords(id, words))) {
-            CResFolder *const folder = res->Folder()->kind == KIND_LANGUAGE ? strings : res->Folder();
-            (begins ? beginning : further).push_back({std::move(id), res, folder});
-        }
+        if (res && (begins || HasWords(id, words)))
+            (begins ? beginning : further).push_back(Located(std::move(id), *res, strings));
     }
     KeepFirst(beginning, most);
     KeepFirst(further, most - beginning.size());
     beginning.insert(beginning.end(), further.begin(), further.end());
     return beginning;
+}
+
+std::vector<LocatedId> LocateId(const CResModel &model, const QString &id)
+{
+    const NarrowText name = model.env.WideToNarrow(id);
+    CResFolder *const strings = model.root.FindFolder(KIND_STRINGS, 2);
+    std::vector<LocatedId> all;
+    for (const IDRecord *record = model.ids.sentinel.next; record != &model.ids.sentinel; record = record->next) {
+        if (record->name != name)
+            continue;
+        if (CBaseRes *const res = ResourceOf(*record))
+            all.push_back(Located(id, *res, strings));
+    }
+    return all;
 }

@@ -24,3 +24,6 @@ struct LocatedId
 /// Each of the two groups is in the order of names (NameOrder). An empty text matches all IDs. The time is proportional
 /// to the number of IDs.
 [[nodiscard]] std::vector<LocatedId> LocateIds(const CResModel &model, const QString &typed, size_t most = 50);
+
+/// Finds the resources with exactly this ID: at most one, or one for each resolution that has it, the oldest first.
+[[nodiscard]] std::vector<LocatedId> LocateId(const CResModel &model, const QString &id);

@@ -217,7 +217,8 @@ private:
             value = value * base + DigitOf(content[end]);
         // A number above 127 would be a part of a character.
         if (end == first || value == 0 || value > 0x7F) {
-            Fail(line, u"\"%1\" is no escape sequence of a PO file"_s.arg(Quote(content.sliced(at, qMin(content.size() - at, end - at + 1)))));
+            Fail(line, u"\"%1\" is no escape sequence of a PO file"_s.arg(
+                           Quote(content.sliced(at, qMin(content.size() - at, end - at + 1)))));
             return false;
         }
         text += char(value);
@@ -292,10 +293,7 @@ private:
     }
 
     /// Returns the beginning of a text of the file for a message.
-    static QString Quote(QByteArrayView text)
-    {
-        return QString::fromUtf8(text).left(60);
-    }
+    static QString Quote(QByteArrayView text) { return QString::fromUtf8(text).left(60); }
 
     ITranslationSink &sink;
     TranslationText message;

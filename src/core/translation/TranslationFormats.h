@@ -5,8 +5,8 @@
 
 #include <span>
 
-// Each format has a reader and a writer. A reader gets the whole file and doesn't trust its content. A writer appends the
-// file to `bytes`; it writes the same bytes for the same texts.
+// Each format has a reader and a writer. A reader gets the whole file and doesn't trust its content. A writer appends
+// the file to `bytes`; it writes the same bytes for the same texts.
 
 /// Gettext's PO files, without plural forms, in UTF-8. The context of a message (msgctxt) is the ID.
 void ReadPo(const QByteArray &file, ITranslationSink &sink);

@@ -6,10 +6,10 @@
 /// What a translation file says of all its texts.
 struct TranslationHead
 {
-    QString project;    ///< the project's name; only written
-    QString original;   ///< the file that the texts come from, relative to the project's folder; only written
-    QString sourceCode; ///< the code of the source language (BCP 47), as the file spells it; empty if it names none
-    QString targetCode; ///< the code of the translations' language; empty if it names none, or in a template
+    QString project;     ///< the project's name; only written
+    QString original;    ///< the file that the texts come from, relative to the project's folder; only written
+    QString sourceCode;  ///< the code of the source language (BCP 47), as the file spells it; empty if it names none
+    QString targetCode;  ///< the code of the translations' language; empty if it names none, or in a template
     qint64 revision = 0; ///< the time of the last change, in seconds since 1970; only written
 };
 
@@ -18,10 +18,10 @@ struct TranslationText
 {
     QString id;
     QString source;
-    QString target; ///< empty if it isn't translated
-    QString note;   ///< the description for translators
-    int length = 0; ///< the most characters of the translation; 0 for no limit; only written
-    int width = 0;  ///< the most pixels; 0 for no limit; only written
+    QString target;            ///< empty if it isn't translated
+    QString note;              ///< the description for translators
+    int length = 0;            ///< the most characters of the translation; 0 for no limit; only written
+    int width = 0;             ///< the most pixels; 0 for no limit; only written
     bool isFormat = false;     ///< the source is a format of printf; only written
     bool isUnfinished = false; ///< the translation isn't finished; only read
     int line = 0;              ///< of the file, from 1; only read

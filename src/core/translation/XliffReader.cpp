@@ -37,11 +37,16 @@ constexpr struct
     std::string_view name;
     Place place;
 } ELEMENTS[] = {
-    {Place::Document, "xliff", Place::Root},      {Place::Root, "file", Place::File},
-    {Place::File, "body", Place::Body},           {Place::Body, "group", Place::Body},
-    {Place::Body, "trans-unit", Place::Unit},     {Place::Unit, "source", Place::Source},
-    {Place::Unit, "target", Place::Target},       {Place::Unit, "note", Place::Note},
-    {Place::Unit, "context-group", Place::Contexts}, {Place::Contexts, "context", Place::Context},
+    {Place::Document, "xliff", Place::Root},
+    {Place::Root, "file", Place::File},
+    {Place::File, "body", Place::Body},
+    {Place::Body, "group", Place::Body},
+    {Place::Body, "trans-unit", Place::Unit},
+    {Place::Unit, "source", Place::Source},
+    {Place::Unit, "target", Place::Target},
+    {Place::Unit, "note", Place::Note},
+    {Place::Unit, "context-group", Place::Contexts},
+    {Place::Contexts, "context", Place::Context},
 };
 
 /// Returns whether the state of a translation says that it isn't finished.
@@ -66,6 +71,8 @@ public:
         if (XML_Parse(parser, file.constData(), int(file.size()), /*isFinal=*/true) == XML_STATUS_OK || hasFailed)
             return;
         const XML_Error error = XML_GetErrorCode(parser);
+        if (error == XML_ERROR_NO_ELEMENTS || error == XML_ERROR_UNCLOSED_TOKEN)
+            return Fail(u"the file ends too early, so it isn't complete"_s);
         Fail(error == XML_ERROR_NO_MEMORY ? u"its elements take too much memory"_s
                                           : u"this is no XML: "_s + QString::fromUtf8(XML_ErrorString(error)));
     }
@@ -128,9 +135,9 @@ private:
         const size_t separator = name.find(ExpatParser::SEPARATOR);
         const std::string_view space = separator == name.npos ? ""sv : name.substr(0, separator);
         const std::string_view local = separator == name.npos ? name : name.substr(separator + 1);
-        const auto *const element =
-            std::find_if(std::begin(ELEMENTS), std::end(ELEMENTS),
-                         [&](const auto &known) { return known.in == in && known.name == local; });
+        const auto *const element = std::find_if(std::begin(ELEMENTS), std::end(ELEMENTS), [&](const auto &known) {
+            return known.in == in && known.name == local;
+        });
         const bool isKnown = element != std::end(ELEMENTS);
         if (in == Place::Document && !(isKnown && Begins(space)))
             return Fail(space.starts_with("urn:oasis:names:tc:xliff:document:")

@@ -6,7 +6,7 @@
 namespace
 {
 
-/// The reference that replaces a character in XML; null if it needs none. In an attribute, a reader would change tabs
+/// The reference to a character in XML; null if it needs none. In an attribute, a reader would change tabs
 /// and line ends to blanks.
 constexpr const char *ReferenceOf(char c, bool isAttribute)
 {

@@ -163,6 +163,8 @@ private:
 
 WorkbookResult ReadCsv(const QByteArray &file, Sheet &sheet)
 {
+    if (!sheet.wanted.isEmpty())
+        return {WorkbookFault::Broken, QStringLiteral("a .csv file has no sheets to choose from")};
     QString text;
     const WorkbookResult result = Decode(file, text);
     return result.HasFailed() ? result : CsvParser(text, file.size(), sheet).Parse();

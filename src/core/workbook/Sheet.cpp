@@ -45,7 +45,7 @@ quint32 Sheet::EndColumn(quint32 row) const
 
 QString Sheet::At(quint32 row, quint32 column) const
 {
-    const Cell wanted{row, column, {}};
-    const auto found = std::lower_bound(cells.begin(), cells.end(), wanted, IsBefore);
+    const Cell searched{row, column, {}};
+    const auto found = std::lower_bound(cells.begin(), cells.end(), searched, IsBefore);
     return found != cells.end() && found->row == row && found->column == column ? texts.Text(found->text) : QString();
 }

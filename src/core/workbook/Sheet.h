@@ -26,6 +26,9 @@ public:
         TextPool::Ref text;
     };
 
+    /// Which sheet of a workbook is read: its name, or its number from 1; empty for the first one. Set it before
+    /// reading.
+    QString wanted;
     /// The sheet's name; empty if the format has none.
     QString name;
     /// Contains the texts of the cells; cells may share a text.

@@ -21,8 +21,9 @@ struct WorkbookResult
     [[nodiscard]] bool HasFailed() const { return fault != WorkbookFault::None; }
 };
 
-/// Reads the first sheet of the workbook at `path` into `sheet`. The extension of the path is the format: xls, xlsx or
-/// csv, in any case. After a failure the sheet has what was read before it, without Sheet::Finish.
+/// Reads the first sheet of the workbook at `path`, or the one that `sheet` wants, into `sheet`. The extension of the
+/// path is the format: xls, xlsx or csv, in any case. After a failure the sheet has what was read before it, without
+/// Sheet::Finish.
 [[nodiscard]] WorkbookResult ReadWorkbook(const QString &path, Sheet &sheet);
 
 /// Writes a workbook with one sheet and replaces the file atomically. The extension of the path is the format. Writes

@@ -4,6 +4,7 @@
 #include "ByteReader.h"
 #include "CompoundFile.h"
 #include "Formats.h"
+#include "SheetChooser.h"
 #include "XlsFault.h"
 #include "XlsSheetReader.h"
 
@@ -32,12 +33,14 @@ QString SheetName(QByteArrayView field)
     return name;
 }
 
-/// Reads a workbook's stream: first the globals, which are valid for all sheets, then the first worksheet. One object
+/// Reads a workbook's stream: first the globals, which are valid for all sheets, then the wanted worksheet. One object
 /// for each reading.
 class XlsParser
 {
 public:
-    XlsParser(QByteArrayView view, Sheet &result) : stream(view), records(view), sheet(result) {}
+    XlsParser(QByteArrayView view, Sheet &result) : stream(view), records(view), sheet(result), chooser(result.wanted)
+    {
+    }
 
     [[nodiscard]] WorkbookResult Parse();
 
@@ -52,6 +55,7 @@ private:
     QByteArrayView stream;
     BiffReader records;
     Sheet &sheet;
+    SheetChooser chooser;
     std::vector<TextPool::Ref> texts; // that cells share
     std::optional<quint32> sheetAt;
 };
@@ -61,7 +65,7 @@ WorkbookResult XlsParser::Parse()
     if (const WorkbookResult wrong = ReadGlobals(); wrong.HasFailed())
         return wrong;
     if (!sheetAt)
-        return NoXls(QStringLiteral("it has no worksheet"));
+        return sheet.wanted.isEmpty() ? NoXls(QStringLiteral("it has no worksheet")) : chooser.None();
     return XlsSheetReader(stream, *sheetAt, texts, sheet).Read();
 }
 
@@ -100,9 +104,11 @@ WorkbookResult XlsParser::ReadBoundSheet(const Record &record)
     const auto flags = ByteReader(record.data).U16(4); // whether the sheet is hidden, and its kind
     if (!at || !flags)
         return TooShort(record);
-    if (!sheetAt && *flags >> 8 == SHEET_IS_WORKSHEET) {
+    if (chooser.IsSure() || *flags >> 8 != SHEET_IS_WORKSHEET)
+        return {};
+    if (const QString name = SheetName(record.data.sliced(NAME_AT)); chooser.Take(name)) {
         sheetAt = at;
-        sheet.name = SheetName(record.data.sliced(NAME_AT));
+        sheet.name = name;
     }
     return {};
 }

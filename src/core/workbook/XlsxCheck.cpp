@@ -98,7 +98,7 @@ WorkbookResult CheckXlsx(QByteArrayView file, const CellSum &written)
     XlsxParts parts;
     WorkbookResult result = zip.Open(file);
     if (!result.HasFailed())
-        result = FindXlsxParts(zip, parts);
+        result = FindXlsxParts(zip, {}, parts);
     if (result.HasFailed())
         return result;
     for (const QByteArray &name : zip.Names()) {

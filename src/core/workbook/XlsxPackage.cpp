@@ -3,6 +3,7 @@
 
 #include "Relationships.h"
 #include "SharedStrings.h"
+#include "SheetChooser.h"
 #include "XmlPart.h"
 #include "ZipFile.h"
 
@@ -71,27 +72,29 @@ private:
     std::vector<ListedSheet> &sheets;
 };
 
-/// Finds the first sheet with cells. A sheet can also be a chart.
+/// Finds the wanted one of the sheets with cells. A sheet can also be a chart.
 WorkbookResult FindWorksheet(const std::vector<ListedSheet> &sheets, const std::vector<Relationship> &relationships,
-                             XlsxParts &parts)
+                             const QString &wanted, XlsxParts &parts)
 {
+    SheetChooser chooser(wanted);
     for (const auto &[id, name] : sheets) {
         const auto found = std::find_if(relationships.begin(), relationships.end(),
                                         [&id = id](const Relationship &item) { return item.id == id; });
         if (found == relationships.end())
             return {WorkbookFault::Broken, QStringLiteral("the relationship %1 is missing").arg(QString::fromUtf8(id))};
-        if (found->kind == "worksheet") {
+        if (found->kind == "worksheet" && chooser.Take(name)) {
             parts.worksheet = found->target;
             parts.sheetName = name;
-            return {};
         }
+        if (chooser.IsSure())
+            break;
     }
-    return {WorkbookFault::Broken, QStringLiteral("it has no worksheet")};
+    return chooser.HasChosen() ? WorkbookResult() : chooser.None();
 }
 
 } // namespace
 
-WorkbookResult FindXlsxParts(const ZipFile &zip, XlsxParts &parts)
+WorkbookResult FindXlsxParts(const ZipFile &zip, const QString &wanted, XlsxParts &parts)
 {
     std::vector<Relationship> relationships;
     if (!zip.Has("_rels/.rels"))
@@ -116,5 +119,5 @@ WorkbookResult FindXlsxParts(const ZipFile &zip, XlsxParts &parts)
         return result;
     if (const Relationship *const shared = FindByKind(relationships, "sharedStrings"))
         parts.sharedStrings = shared->target;
-    return FindWorksheet(sheets, relationships, parts);
+    return FindWorksheet(sheets, relationships, wanted, parts);
 }

@@ -7,7 +7,7 @@
 
 class ZipFile;
 
-/// The names of the parts of a package from which the first worksheet is read.
+/// The names of the parts of a package from which a worksheet is read.
 struct XlsxParts
 {
     bool datesFrom1904 = false; ///< dates are counted from 1904, not from 1900
@@ -16,5 +16,5 @@ struct XlsxParts
     QString sheetName;
 };
 
-/// Finds these parts through the relationships of the package.
-[[nodiscard]] WorkbookResult FindXlsxParts(const ZipFile &zip, XlsxParts &parts);
+/// Finds these parts through the relationships of the package, for the wanted sheet (Sheet::wanted).
+[[nodiscard]] WorkbookResult FindXlsxParts(const ZipFile &zip, const QString &wanted, XlsxParts &parts);

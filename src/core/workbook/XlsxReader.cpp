@@ -15,7 +15,7 @@ constexpr qsizetype MEMORY_PER_BYTE = 32; // the file is packed
 WorkbookResult ReadPackage(const ZipFile &zip, TextBudget &budget, Sheet &sheet)
 {
     XlsxParts parts;
-    WorkbookResult result = FindXlsxParts(zip, parts);
+    WorkbookResult result = FindXlsxParts(zip, sheet.wanted, parts);
     if (result.HasFailed())
         return result;
     sheet.name = parts.sheetName;

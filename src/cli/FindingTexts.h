@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <span>
+
+/// What a code of a finding (Finding::code) means.
+struct FindingText
+{
+    const char *code;
+    const char *when;     ///< when it occurs: a sentence without its full stop
+    const char *whatToDo; ///< sentences
+    const char *document; ///< in the folder of the documents
+};
+
+/// The codes of the findings of loads, saves and imports, sorted.
+[[nodiscard]] std::span<const FindingText> FindingTexts();

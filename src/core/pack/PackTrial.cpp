@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: MIT
+#include "PackTrial.h"
+
+#include "ElfImage.h"
+#include "Environment.h"
+#include "FilePlace.h"
+#include "OutputFile.h"
+#include "PackCodes.h"
+#include "PackFailure.h"
+#include "PackPaths.h"
+#include "PackRun.h"
+#include "ProjectFiles.h"
+
+#include <cerrno>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// Returns the system's error number with which a file certainly can't be written; 0 if none is known.
+int ErrorOfOutput(const QByteArray &host)
+{
+    struct stat info;
+    const QByteArray folder = FolderOf(host);
+    if (stat(host.constData(), &info) == 0) {
+        const bool mayWrite = access(host.constData(), W_OK) == 0 || access(folder.constData(), W_OK | X_OK) == 0;
+        return S_ISDIR(info.st_mode) ? EISDIR : mayWrite ? 0 : EACCES;
+    }
+    if (stat(folder.constData(), &info) != 0)
+        return errno;
+    return !S_ISDIR(info.st_mode) ? ENOTDIR : access(folder.constData(), W_OK | X_OK) != 0 ? errno : 0;
+}
+
+void CheckOutput(PackTrial &trial, const QByteArray &host)
+{
+    if (const int error = ErrorOfOutput(host))
+        trial.Note(error, QString::fromUtf8(host));
+}
+
+void TryTarget(PackRun &run)
+{
+    PackTrial &trial = *run.trial;
+    ElfImage elf;
+    const int code = ReadElf(run.Env(), QString::fromUtf8(run.inputHost), elf);
+    if (code != 0)
+        trial.Note(code, QString::fromUtf8(run.inputHost));
+    QByteArrayView payload;
+    (void)BuildPayload(run, EntryPadding::FourBytes, BaseOfSection(run.Env(), elf), {}, payload);
+    if (code != 0 || payload.isNull())
+        return;
+    AddResSection(elf, payload);
+    if (const int tooLarge = SetElfLayout(run.Env(), elf))
+        trial.Note(tooLarge, QString::fromUtf8(run.outputHost));
+    else
+        trial.output = elf.Size();
+}
+
+void TryDll(PackRun &run)
+{
+    PackTrial &trial = *run.trial;
+    struct stat info;
+    const bool isThere = stat(run.inputHost.constData(), &info) == 0 && access(run.inputHost.constData(), R_OK) == 0;
+    if (!isThere)
+        trial.Note(PACK_INPUT_SIZE, QString::fromUtf8(run.inputHost));
+    QByteArrayView payload;
+    const quint64 inputSize = isThere ? quint64(info.st_size) : 0;
+    (void)BuildPayload(run, EntryPadding::None, PackedDll::PayloadOffset(inputSize),
+                       {PAYLOAD_NAME, sizeof PAYLOAD_NAME}, payload);
+    if (isThere && !payload.isNull())
+        trial.output = PackedDll::Size(inputSize, trial.payload);
+}
+
+} // namespace
+
+void PackTrial::Note(int code, const QString &about)
+{
+    faults.push_back({code, about, reasons.isEmpty() ? PackFailureText(code) : reasons.join(u"; "_s)});
+    reasons.clear();
+}
+
+int AfterStep(PackTrial *trial, int code, const QString &about)
+{
+    if (code == 0 || !trial)
+        return code;
+    trial->Note(code, about);
+    return 0;
+}
+
+TrialOutput::TrialOutput(Environment &environment, PackTrial &packTrial)
+    : env(environment), output(std::exchange(environment.output, {})),
+      explain(
+          std::exchange(environment.explain, [&packTrial](const QString &text) { packTrial.reasons.append(text); })),
+      failures(environment.FailureCount)
+{
+}
+
+TrialOutput::~TrialOutput()
+{
+    env.output = std::move(output);
+    env.explain = std::move(explain);
+    env.FailureCount = failures;
+}
+
+void Packer::Try(const packinfo &parameters, CResModel &document, PackTrial &trial)
+{
+    Environment &env = document.env;
+    const TrialOutput quiet(env, trial);
+    packinfo info = parameters;
+    if (info.outputfilename.isEmpty())
+        info.outputfilename = info.inputfilename + ".pkd";
+    const PackPaths paths = PackPaths::Of(env, info);
+    if (const QString same = paths.SameFileText(); !same.isEmpty()) {
+        trial.reasons.append(same);
+        trial.Note(PACK_SAME_FILE, {});
+    }
+    OutputGuard guard({paths.output, paths.side, paths.depfile});
+    CompareProjectFiles(guard, info, document);
+    const ScratchFolder scratch(info.temp.isEmpty() ? "" : AbsoluteHost(OutputPath(info.temp)));
+    if (!scratch.IsUsable(env))
+        trial.Note(PACK_TEMP_FOLDER, {});
+    PackRun run{document,     info,
+                guard,        PackFiles(nullptr, guard, true),
+                scratch,      paths.input,
+                paths.output, paths.side,
+                &trial,       PayloadBuffer(PayloadBuffer::FRONT_ROOM, true)};
+    if (info.packmode == PACK_TO_TARGET)
+        TryTarget(run);
+    else
+        TryDll(run);
+    CheckOutput(trial, paths.output);
+    if (!paths.side.isEmpty())
+        CheckOutput(trial, paths.side);
+}
+
+void Packer::Measure(const packinfo &info, CResModel &document, PackTrial &trial)
+{
+    trial.isOfResources = true;
+    const TrialOutput quiet(document.env, trial);
+    OutputGuard guard({});
+    PackRun run{document,
+                info,
+                guard,
+                PackFiles(nullptr, guard, true),
+                ScratchFolder({}),
+                {},
+                {},
+                {},
+                &trial,
+                PayloadBuffer(PayloadBuffer::FRONT_ROOM, true)};
+    QByteArrayView payload;
+    (void)BuildPayload(run, info.packmode == PACK_TO_TARGET ? EntryPadding::FourBytes : EntryPadding::None, 0, {},
+                       payload);
+}
