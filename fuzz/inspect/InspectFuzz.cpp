@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Environment.h"
 #include "Inspect.h"
+#include "PackDiff.h"
+#include "PackNames.h"
 
 #include <QDir>
 #include <QJsonDocument>
@@ -31,8 +33,8 @@ void Extract(const Environment &env, const InspectResult &result)
 
 } // namespace
 
-// Any file, of all three kinds. All that is read is inside the file, and no byte is read twice. The JSON is valid. Some
-// inputs are extracted.
+// Any file, of all three kinds. All that is read is inside the file, and no byte is read twice. The JSON is valid. The
+// parts have as many bytes as the file, which doesn't differ from itself. Some inputs are extracted.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     static Environment env(QStringLiteral("/nonexistent"));
@@ -47,8 +49,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     if (total > size)
         std::abort();
     QJsonParseError error;
-    QJsonDocument::fromJson(InspectJson(env, result), &error);
-    if (error.error != QJsonParseError::NoError || InspectText(env, result).isEmpty())
+    QJsonDocument::fromJson(InspectJson(env, result, {}), &error);
+    if (error.error != QJsonParseError::NoError || InspectText(env, result, {}).isEmpty())
+        std::abort();
+    const std::vector<PackedPart> parts = PartsOf(env, result);
+    quint64 split = 0;
+    for (const PackedPart &part : parts)
+        split += quint64(part.bytes.size());
+    if (split != size || !ComparePacks(parts, {}, parts, {}).empty())
         std::abort();
     static unsigned round = 0;
     if (++round % 16 == 0)

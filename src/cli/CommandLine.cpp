@@ -26,7 +26,7 @@ const char *KindOf(const std::string &placeholder)
         {"", "none"},           {"PROJECT", "project"},  {"FILE", "file"}, {"DIR", "folder"},
         {"WxH", "resolution"},  {"ENTRY", "kept-entry"}, {"RULE", "rule"}, {"LANGUAGE", "language"},
         {"CODE", "code"},       {"BASE", "file"},        {"OURS", "file"}, {"THEIRS", "file"},
-        {"COMMAND", "command"},
+        {"COMMAND", "command"}, {"FILE_B", "file"},
     };
     const auto *const known = std::find_if(std::begin(KINDS), std::end(KINDS),
                                            [&](const auto &one) { return placeholder == one.placeholder; });

@@ -34,27 +34,34 @@ public:
         CLI::Option *extract =
             subcommand->add_option("--extract", folder, "Write each entry, item and language to its own file in DIR")
                 ->type_name("DIR");
-        CLI::Option *ids =
-            subcommand->add_option("--ids", idFile, "Show the names of IDs, from a generated header or a .vcproj file")
-                ->type_name("FILE");
+        subcommand->add_option("--ids", idFile, "Show the names of IDs, from a generated header or a .vcproj file")
+            ->type_name("FILE");
         CLI::Option *sizeFlag =
             subcommand->add_flag("--size", size, "List the parts of the payload by size, with their shares");
         subcommand
             ->add_option("--only", only, "Only this item (by number or name), entry (by name) or language (language:N)")
             ->type_name("PART");
         CLI::Option *diffFlag = subcommand->add_flag(
-            "--diff", diff, "List what differs between FILE and FILE_B; exit with 1 if anything does");
+            "--diff", diff,
+            "List what differs between FILE and FILE_B; exit with 1 if anything does, otherwise with 0");
         subcommand->add_option("--ids-b", idFileB, "The same as --ids for FILE_B, if its IDs have other numbers")
             ->type_name("FILE")
-            ->needs(ids)
             ->needs(diffFlag);
-        diffFlag->needs(other)->excludes(extract)->excludes(sizeFlag);
+        diffFlag->excludes(extract)->excludes(sizeFlag);
         other->needs(diffFlag);
         return subcommand;
     }
 
     int Run(Session &session) override
     {
+        if (diff && fileB.empty()) {
+            Complain(QStringLiteral("--diff needs two files, FILE and FILE_B"));
+            return EXIT_WRONG_USE;
+        }
+        if (idFile.empty() && !idFileB.empty()) {
+            Complain(QStringLiteral("--ids-b needs --ids, the names of the IDs of FILE"));
+            return EXIT_WRONG_USE;
+        }
         // Made absolute before a project is opened, which changes the current folder.
         const QString path = AbsolutePath(file);
         const QString pathB = AbsolutePath(fileB);
@@ -147,7 +154,7 @@ private:
 
     int PrintSizes(Session &session, const InspectedFile &inspected) const
     {
-        const std::vector<PackPart> parts = PartsOf(session.env, inspected.result);
+        const std::vector<PackedPart> parts = PartsOf(session.env, inspected.result);
         const PackSelection *const selection = inspected.selection ? &*inspected.selection : nullptr;
         const std::vector<SizedPart> sizes = SizesOf(parts, inspected.names, selection);
         if (sizes.empty())
@@ -163,13 +170,13 @@ private:
     int Compare(Session &session, const InspectedFile &a, const InspectedFile &b) const
     {
         const auto partsOf = [&](const InspectedFile &inspected) {
-            std::vector<PackPart> parts = PartsOf(session.env, inspected.result);
+            std::vector<PackedPart> parts = PartsOf(session.env, inspected.result);
             if (inspected.selection)
-                std::erase_if(parts, [&](const PackPart &part) { return !inspected.selection->Has(part); });
+                std::erase_if(parts, [&](const PackedPart &part) { return !inspected.selection->Has(part); });
             return parts;
         };
-        const std::vector<PackPart> before = partsOf(a);
-        const std::vector<PackPart> after = partsOf(b);
+        const std::vector<PackedPart> before = partsOf(a);
+        const std::vector<PackedPart> after = partsOf(b);
         if (before.empty() && after.empty())
             return NothingSelected();
         const std::vector<DiffRow> rows = ComparePacks(before, a.names, after, b.names);

@@ -42,7 +42,7 @@ class Inspect(DemoProject):
                                           (('--only', 'language:x'), 2, '--only language:x'),
                                           (('--only', '7'), 1, 'a.axf: there is no item, entry or language "7"'),
                                           (('--only', '7', '--size'), 1, '"7"'), (('--diff',), 2, 'FILE_B'),
-                                          (('a.axf',), 2, '--diff'), (('a.axf', '--diff', '--ids-b', 'ids.h'), 2, '--ids')):
+                                          (('a.axf',), 2, '--diff'), (('a.axf', '--diff', '--ids-b', 'ids.h'), 2, '--ids-b needs --ids')):
             found = self.run_cli('inspect', 'a.axf', *arguments)
             self.assertEqual((found[0], found[1]), (status, ''), arguments)
             self.assertIn(reason, found[2])

@@ -66,9 +66,9 @@ Bytes RandomFile()
     }
 }
 
-qint64 Sum(const std::vector<PackPart> &parts, bool isPayload)
+qint64 Sum(const std::vector<PackedPart> &parts, bool isPayload)
 {
-    return std::accumulate(parts.begin(), parts.end(), qint64(0), [&](qint64 sum, const PackPart &part) {
+    return std::accumulate(parts.begin(), parts.end(), qint64(0), [&](qint64 sum, const PackedPart &part) {
         return sum + (part.IsOfPayload() || !isPayload ? part.bytes.size() : 0);
     });
 }
@@ -83,8 +83,8 @@ protected:
     {
         InspectResult before;
         EXPECT_EQ(InspectBytes(QByteArray::fromStdString(a.Build()), before), QString());
-        const std::vector<PackPart> partsA = PartsOf(env, before);
-        const std::vector<PackPart> partsB = PartsOf(env, Read(b.Build()));
+        const std::vector<PackedPart> partsA = PartsOf(env, before);
+        const std::vector<PackedPart> partsB = PartsOf(env, Read(b.Build()));
         const std::vector<DiffRow> rows = ComparePacks(partsA, namesA, partsB, namesB);
         const ComparedPacks packs{partsA, namesA, partsB, namesB, rows};
         json = QJsonDocument::fromJson(DiffJson(packs)).object();
@@ -108,8 +108,8 @@ TEST_F(PackDiffTest, DeltasAddUpToThoseOfPayloadsAndFiles)
         const std::string wrong = Wrong(fileB);
         if (!wrong.empty())
             return; // a damaged file
-        const std::vector<PackPart> a = PartsOf(env, before);
-        const std::vector<PackPart> b = PartsOf(env, result);
+        const std::vector<PackedPart> a = PartsOf(env, before);
+        const std::vector<PackedPart> b = PartsOf(env, result);
         RC_ASSERT(Sum(a, true) == qint64(before.payloadSize));
         RC_ASSERT(Sum(b, true) == qint64(result.payloadSize));
         RC_ASSERT(Sum(a, false) == qint64(fileA.size()));
@@ -197,7 +197,7 @@ TEST_F(PackDiffTest, WithTwoHeadersARenumberedIdHasMoved)
 TEST_F(PackDiffTest, SizesAreSortedAndHaveShares)
 {
     const auto &inspected = Read(Sample().Build());
-    const std::vector<PackPart> parts = PartsOf(env, inspected);
+    const std::vector<PackedPart> parts = PartsOf(env, inspected);
     const auto list = [&](const PackSelection *selection) {
         return SizesText(SizesOf(parts, {}, selection), inspected.payloadSize).toStdString();
     };

@@ -29,12 +29,12 @@ size_t qHash(const Identity &identity, size_t seed = 0)
 }
 
 /// Returns what each part is matched by.
-std::vector<Identity> IdentitiesOf(const std::vector<PackPart> &parts, const PackNames &names)
+std::vector<Identity> IdentitiesOf(const std::vector<PackedPart> &parts, const PackNames &names)
 {
     std::vector<Identity> identities;
     identities.reserve(parts.size());
     QHash<Identity, int> occurrences;
-    for (const PackPart &part : parts) {
+    for (const PackedPart &part : parts) {
         const bool hasNumber = part.kind == PartKind::Item || part.kind == PartKind::String;
         const QString name = hasNumber ? names.Of(part.number) : part.name;
         Identity identity{part.kind, part.language, hasNumber && name.isEmpty() ? part.number : 0, name, 0};
@@ -76,15 +76,15 @@ std::vector<bool> KeepOrder(const std::vector<Match> &matches)
 /// Parts of one group are in one list of the file. The rows are in the order of the groups.
 using Group = std::pair<PartKind, int>;
 
-Group GroupOf(const PackPart &part)
+Group GroupOf(const PackedPart &part)
 {
     return {part.kind, part.language};
 }
 
 } // namespace
 
-std::vector<DiffRow> ComparePacks(const std::vector<PackPart> &before, const PackNames &namesBefore,
-                                  const std::vector<PackPart> &after, const PackNames &namesAfter)
+std::vector<DiffRow> ComparePacks(const std::vector<PackedPart> &before, const PackNames &namesBefore,
+                                  const std::vector<PackedPart> &after, const PackNames &namesAfter)
 {
     QHash<Identity, size_t> places; // in `after`
     const std::vector<Identity> identities = IdentitiesOf(after, namesAfter);
@@ -107,8 +107,8 @@ std::vector<DiffRow> ComparePacks(const std::vector<PackPart> &before, const Pac
     for (const auto &[group, matches] : groups) {
         const std::vector<bool> kept = KeepOrder(matches);
         for (size_t i = 0; i < matches.size(); ++i) {
-            const PackPart &from = before[matches[i].before];
-            const PackPart &to = after[matches[i].after];
+            const PackedPart &from = before[matches[i].before];
+            const PackedPart &to = after[matches[i].after];
             if (from.bytes != to.bytes)
                 rows.push_back({PartChange::Changed, &from, &to});
             else if (from.number != to.number || !kept[i])

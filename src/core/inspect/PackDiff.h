@@ -17,10 +17,10 @@ enum class PartChange
 struct DiffRow
 {
     PartChange change;
-    const PackPart *before; ///< null if it was added
-    const PackPart *after;  ///< null if it was removed
+    const PackedPart *before; ///< null if it was added
+    const PackedPart *after;  ///< null if it was removed
 
-    [[nodiscard]] const PackPart &Part() const { return after ? *after : *before; }
+    [[nodiscard]] const PackedPart &Part() const { return after ? *after : *before; }
     [[nodiscard]] qint64 Before() const { return before ? before->bytes.size() : 0; }
     [[nodiscard]] qint64 After() const { return after ? after->bytes.size() : 0; }
     [[nodiscard]] qint64 Delta() const { return After() - Before(); }
@@ -31,5 +31,5 @@ struct DiffRow
 /// add up to the difference of the sizes of all parts. If the parts are those of whole files and there are no rows, the
 /// files are equal to the byte. The rows point to the parts. Their order: entries, items, strings by language,
 /// prefixes, tables, padding, and what is outside the payload.
-[[nodiscard]] std::vector<DiffRow> ComparePacks(const std::vector<PackPart> &before, const PackNames &namesBefore,
-                                                const std::vector<PackPart> &after, const PackNames &namesAfter);
+[[nodiscard]] std::vector<DiffRow> ComparePacks(const std::vector<PackedPart> &before, const PackNames &namesBefore,
+                                                const std::vector<PackedPart> &after, const PackNames &namesAfter);

@@ -15,10 +15,10 @@ const char *ChangeWord(PartChange change)
 }
 
 /// Returns the size of those parts that are in the payload, or of all.
-qint64 SizeOf(const std::vector<PackPart> &parts, bool isPayloadOnly)
+qint64 SizeOf(const std::vector<PackedPart> &parts, bool isPayloadOnly)
 {
     qint64 size = 0;
-    for (const PackPart &part : parts)
+    for (const PackedPart &part : parts)
         size += part.IsOfPayload() || !isPayloadOnly ? part.bytes.size() : 0;
     return size;
 }

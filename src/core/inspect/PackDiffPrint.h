@@ -7,9 +7,9 @@
 /// Two packed files, or what is selected of them, for a listing of their differences.
 struct ComparedPacks
 {
-    const std::vector<PackPart> &before;
+    const std::vector<PackedPart> &before;
     const PackNames &namesBefore;
-    const std::vector<PackPart> &after;
+    const std::vector<PackedPart> &after;
     const PackNames &namesAfter;
     const std::vector<DiffRow> &rows; ///< of ComparePacks
 };

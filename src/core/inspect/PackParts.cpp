@@ -17,7 +17,7 @@ constexpr quint64 RECORD_BESIDE_NAME = 9; // the name's zero byte, offset, size
 class PayloadSplitter
 {
 public:
-    PayloadSplitter(const Environment &environment, const InspectResult &result, std::vector<PackPart> &to)
+    PayloadSplitter(const Environment &environment, const InspectResult &result, std::vector<PackedPart> &to)
         : env(environment), payload(result.payload),
           bytes(QByteArrayView(result.file).sliced(qsizetype(result.payloadOffset), qsizetype(result.payloadSize))),
           parts(to)
@@ -101,14 +101,14 @@ private:
     const Environment &env;
     const Payload &payload;
     const QByteArrayView bytes;
-    std::vector<PackPart> &parts;
+    std::vector<PackedPart> &parts;
     quint64 at = 0;
     QByteArray prefixes;
     QByteArray padding;
 };
 
 /// Adds what an ELF file has beside the payload.
-void SplitElf(const InspectResult &result, std::vector<PackPart> &parts)
+void SplitElf(const InspectResult &result, std::vector<PackedPart> &parts)
 {
     constexpr quint64 ELF_HEADER = 52; // bytes
     FileCover cover(result.file);
@@ -134,7 +134,7 @@ void SplitElf(const InspectResult &result, std::vector<PackPart> &parts)
 }
 
 /// Adds what a file has beside the payload that was appended to it.
-void SplitAppended(const InspectResult &result, std::vector<PackPart> &parts)
+void SplitAppended(const InspectResult &result, std::vector<PackedPart> &parts)
 {
     const auto add = [&](const QString &name, quint64 from, quint64 to) {
         parts.push_back({PartKind::File, 0, -1, name,
@@ -149,9 +149,9 @@ void SplitAppended(const InspectResult &result, std::vector<PackPart> &parts)
 
 } // namespace
 
-std::vector<PackPart> PartsOf(const Environment &env, const InspectResult &result)
+std::vector<PackedPart> PartsOf(const Environment &env, const InspectResult &result)
 {
-    std::vector<PackPart> parts;
+    std::vector<PackedPart> parts;
     PayloadSplitter(env, result, parts).Split();
     if (result.kind == "elf")
         SplitElf(result, parts);

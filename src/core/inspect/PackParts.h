@@ -22,7 +22,7 @@ enum class PartKind
 };
 
 /// A part of a packed file.
-struct PackPart
+struct PackedPart
 {
     PartKind kind;
     quint32 number = 0;    ///< the key of an item, the ID of a string
@@ -35,4 +35,4 @@ struct PackPart
 
 /// Splits a packed file into parts: each byte of the file is in exactly one of them, so their sizes add up to the size
 /// of the file, and those in the payload to that of the payload. The result must outlive the parts.
-[[nodiscard]] std::vector<PackPart> PartsOf(const Environment &env, const InspectResult &result);
+[[nodiscard]] std::vector<PackedPart> PartsOf(const Environment &env, const InspectResult &result);

@@ -20,7 +20,7 @@ std::optional<PackSelection> PackSelection::Parse(const QString &word, const Pac
     return selection;
 }
 
-bool PackSelection::Has(const PackPart &part) const
+bool PackSelection::Has(const PackedPart &part) const
 {
     if (language)
         return part.language == int(*language);

@@ -16,7 +16,7 @@ public:
     [[nodiscard]] static std::optional<PackSelection> Parse(const QString &word, const PackNames &names);
 
     /// Returns whether a part belongs to it. Tables, padding and prefixes of several items don't.
-    [[nodiscard]] bool Has(const PackPart &part) const;
+    [[nodiscard]] bool Has(const PackedPart &part) const;
     /// Removes all else from the payload. Returns false if nothing is left.
     [[nodiscard]] bool KeepOnly(const Environment &env, InspectResult &result) const;
 

@@ -14,14 +14,14 @@ const char *KindWord(PartKind kind)
     return WORDS[int(kind)];
 }
 
-bool HasNumber(const PackPart &part)
+bool HasNumber(const PackedPart &part)
 {
     return part.kind == PartKind::Item || part.kind == PartKind::String;
 }
 
 } // namespace
 
-QByteArray PartText(const PackPart &part, const PackNames &names)
+QByteArray PartText(const PackedPart &part, const PackNames &names)
 {
     QByteArray text = part.language < 0 ? "" : "language " + QByteArray::number(part.language) + ' ';
     if (part.kind == PartKind::Prefix)
@@ -36,7 +36,7 @@ QByteArray PartText(const PackPart &part, const PackNames &names)
     return name.isEmpty() ? text : text + ' ' + OnOneLine(name);
 }
 
-void WritePart(JsonWriter &json, const PackPart &part, const PackNames &names)
+void WritePart(JsonWriter &json, const PackedPart &part, const PackNames &names)
 {
     json.Key("kind");
     json.String(QString::fromLatin1(KindWord(part.kind)));

@@ -9,12 +9,12 @@
 #include <algorithm>
 #include <map>
 
-std::vector<SizedPart> SizesOf(const std::vector<PackPart> &parts, const PackNames &names,
+std::vector<SizedPart> SizesOf(const std::vector<PackedPart> &parts, const PackNames &names,
                                const PackSelection *selection)
 {
     std::vector<SizedPart> sizes;
     std::map<int, size_t> languages; // their places in `sizes`
-    for (const PackPart &part : parts) {
+    for (const PackedPart &part : parts) {
         if (!part.IsOfPayload() || (selection && !selection->Has(part)))
             continue;
         if (selection || part.language < 0) {

@@ -9,14 +9,14 @@ class PackSelection;
 /// A part of a payload, or a whole language, and its size.
 struct SizedPart
 {
-    QByteArray text;                ///< as PartText has it, or "language 0"
-    const PackPart *part = nullptr; ///< null for a whole language
-    int language = -1;              ///< of a whole language
+    QByteArray text;                  ///< as PartText has it, or "language 0"
+    const PackedPart *part = nullptr; ///< null for a whole language
+    int language = -1;                ///< of a whole language
     qint64 bytes = 0;
 };
 
 /// Returns the parts of the payload, the largest first. Without a selection, the parts of a language are one.
-[[nodiscard]] std::vector<SizedPart> SizesOf(const std::vector<PackPart> &parts, const PackNames &names,
+[[nodiscard]] std::vector<SizedPart> SizesOf(const std::vector<PackedPart> &parts, const PackNames &names,
                                              const PackSelection *selection);
 
 /// A listing for people, UTF-8, with the share of each part in a payload of `payloadSize` bytes.
