@@ -150,7 +150,8 @@ class Completion(DemoProject):
         self.assertEqual(self.candidates('load', ''), ['files *.vcproj'])
         self.assertEqual(self.candidates('inspect', ''), ['files'])
         self.assertEqual(self.candidates('headers', 'x', '--output', ''), ['folders'])
-        self.assertEqual(self.candidates('strings', ''), ['words', 'export', 'import', 'stats', 'codepoints'])
+        self.assertEqual(self.candidates('strings', ''), ['words', 'export', 'import', 'stats', 'codepoints', 'cat', 'list', 'set',
+                                                            'add-language'])
         self.assertEqual(self.candidates('inspect', 'x', '--', '-'), ['words'], 'no options after --')
         left = self.candidates('pack', 'x', '--remote', '--ver', '2', '-')
         self.assertIn('--input', left)
