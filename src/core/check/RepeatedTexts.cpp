@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "CheckInput.h"
+#include "Environment.h"
 #include "ProjectTextRules.h"
 #include "Resources.h"
 #include "RowNotes.h"
@@ -54,9 +55,9 @@ QStringView SourceOf(const CStringRes &head, qint32 source)
     return {};
 }
 
-QString IdOf(const CStringRes &head)
+QString IdOf(const CStringRes &head, const TextContext &context)
 {
-    return QString::fromUtf8(head.Id()->name);
+    return context.Env().NarrowToWide(head.Id()->name);
 }
 
 /// Groups the rows by the hash that `hashOf` returns.
@@ -92,10 +93,10 @@ public:
                 continue;
             }
             Finding finding;
-            finding.id = IdOf(head);
+            finding.id = IdOf(head, context);
             finding.language = context.Languages()[i].number;
-            finding.text =
-                u"%1 has another translation of the same text: \"%2\""_s.arg(IdOf(*first[i].row), Cut(first[i].text));
+            finding.text = u"%1 has another translation of the same text: \"%2\""_s.arg(IdOf(*first[i].row, context),
+                                                                                        Cut(first[i].text));
             finding.basis = HashOf(texts[i], HashOf(first[i].text));
             report.AddForRow(NotesOf(head.text), std::move(finding));
         }
@@ -141,8 +142,8 @@ void DuplicateText(const CheckInput &input, RuleReport &report)
             if (!(other == first))
                 continue;
             Finding finding;
-            finding.id = IdOf(head);
-            finding.text = u"%1 has the same texts"_s.arg(IdOf(original));
+            finding.id = IdOf(head, input.texts);
+            finding.text = u"%1 has the same texts"_s.arg(IdOf(original, input.texts));
             finding.basis = basis;
             report.AddForRow(NotesOf(head.text), std::move(finding));
         }
