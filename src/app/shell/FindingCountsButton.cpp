@@ -8,7 +8,7 @@
 namespace
 {
 
-constexpr int SHARE = 3; // the text has at most this part of the status bar: a third
+constexpr int SHARE = 5; // the text has at most a fifth of the status bar
 
 UiIcon IconFor(const FindingCounts &counts)
 {
