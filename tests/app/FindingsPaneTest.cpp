@@ -181,7 +181,7 @@ TEST(FindingsPane, F8StepsFromTheFocusAndBeginsAgain)
     FaultyWindow window;
     window.Child().Check().Stop();
     window.Grid().SelectAlone(2, 0); // ID_C
-    window.Key(Qt::Key_F8); // starts the check
+    window.Key(Qt::Key_F8);          // starts the check
     EXPECT_EQ(window.Told(), "Checking\u2026");
     EXPECT_TRUE(TestWindow::WaitFor([&] { return window.Focused() == "ID_C|4"; })) << window.Told();
     window.Key(Qt::Key_F8);
