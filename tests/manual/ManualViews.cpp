@@ -134,6 +134,10 @@ void TakeFindings(SampleWindow &window, Pictures &pictures)
 {
     CMainFrame &frame = window.Frame();
     frame.resize(1120, 560);
+    for (auto *button : window.Child().findChildren<QAbstractButton *>()) {
+        if (button->accessibleName() == u"Close the find bar"_s)
+            button->click();
+    }
     frame.RunAction(ACTION_FINDINGS);
     window.PutOutputBelow(210);
     FindingsPane &pane = frame.Bars().Findings();
