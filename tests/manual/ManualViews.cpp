@@ -4,10 +4,12 @@
 #include "CFileWatchDlg.h"
 #include "CLotEditorView.h"
 #include "CLotScreenView.h"
+#include "FindingsPane.h"
 #include "LayoutPanes.h"
 
 #include <QClipboard>
 #include <QLineEdit>
+#include <QStatusBar>
 #include <QTableView>
 
 namespace
@@ -128,6 +130,25 @@ void TakeStrings(SampleWindow &window, Pictures &pictures)
     window.Row(u"Layouts"_s)->setExpanded(true);
 }
 
+void TakeFindings(SampleWindow &window, Pictures &pictures)
+{
+    CMainFrame &frame = window.Frame();
+    frame.resize(1120, 560);
+    for (auto *button : window.Child().findChildren<QAbstractButton *>()) {
+        if (button->accessibleName() == u"Close the find bar"_s)
+            button->click();
+    }
+    frame.RunAction(ACTION_FINDINGS);
+    window.PutOutputBelow(210);
+    FindingsPane &pane = frame.Bars().Findings();
+    window.WaitFor([&] { return !window.Child().Check().IsRunning() && pane.List().RowCount() > 0; });
+    frame.RunAction(ACTION_NEXT_FINDING);
+    pane.Run(ACTION_EXPLAIN_RULE);
+    pictures.Take("findings", frame);
+    frame.RunAction(ACTION_FINDINGS);
+    frame.statusBar()->clearMessage();
+}
+
 void TakeLayouts(SampleWindow &window, Pictures &pictures)
 {
     CMainFrame &frame = window.Frame();
@@ -167,6 +188,7 @@ void TakeManualViews(SampleWindow &window, Pictures &pictures)
     TakeProject(window, pictures);
     TakeFiles(window, pictures);
     TakeStrings(window, pictures);
+    TakeFindings(window, pictures);
     TakeLayouts(window, pictures);
     TakeTiledProjects(window, pictures);
 }

@@ -164,8 +164,6 @@ std::optional<ActionState> FindingsPane::StateOf(ActionId id) const
         return ActionState{grid->selectionModel()->hasSelection()};
     case ACTION_SELECT_ALL:
         return ActionState{model.List().RowCount() > 0};
-    case ACTION_GO_TO_FINDING:
-        return ActionState{Current() >= 0};
     case ACTION_EXPLAIN_RULE:
         return ActionState{Current() >= 0 && !RuleText(model.List().At(Current())).isEmpty(), !strip->isHidden()};
     default:
@@ -212,7 +210,7 @@ void FindingsPane::OpenMenu(const QContextMenuEvent &event)
         place = grid->viewport()->mapToGlobal(QPoint(qMax(0, row.left()) + 5, row.center().y()));
     }
     const auto stateOf = [this](ActionId id) {
-        if (const auto state = StateOf(id); state && id != ACTION_GO_TO_FINDING)
+        if (const auto state = StateOf(id))
             return *state;
         return ActionState{isEnabled && isEnabled(id)};
     };

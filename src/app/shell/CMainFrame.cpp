@@ -6,6 +6,7 @@
 #include "CZEP10ResDlg.h"
 #include "DroppedFiles.h"
 #include "Environment.h"
+#include "FindingCountsButton.h"
 #include "FindingsPane.h"
 #include "IdeCommandHandler.h"
 #include "Paths.h"
@@ -43,7 +44,8 @@ CMainFrame::CMainFrame(Environment &environment, ProcessTables &processTables, C
     setCentralWidget(area);
     statusBar()->addWidget(status, 1);
     zoom->setAccessibleName(QStringLiteral("Zoom"));
-    statusBar()->insertPermanentWidget(1, zoom); // right of the messages, left of the keyboard's locks
+    for (QWidget *field : {static_cast<QWidget *>(zoom), static_cast<QWidget *>(&findings.Counts())})
+        statusBar()->insertPermanentWidget(1, field); // right of the messages, left of the keyboard's locks
     Connect();
     menus.ShowRecentFiles(projects.Recent());
 }

@@ -8,7 +8,7 @@
 namespace
 {
 
-constexpr int SHARE = 3; // the text has at most this part of the status bar: a third
+constexpr int SHARE = 5; // the text has at most a fifth of the status bar
 
 UiIcon IconFor(const FindingCounts &counts)
 {
@@ -26,7 +26,7 @@ FindingCountsButton::FindingCountsButton(QWidget *parent) : QToolButton(parent)
     setFocusPolicy(Qt::NoFocus); // the keys F8 and F6 lead to the findings
     const int side = qMin(16, fontMetrics().height());
     setIconSize(QSize(side, side));
-    setFixedHeight(fontMetrics().height() + 4);
+    setFixedHeight(fontMetrics().height() + 2); // as high as the other fields, so that the bar keeps its height
     setStatusTip(QStringLiteral("Shows the findings."));
     hide();
 }

@@ -13,6 +13,7 @@
 #include "StringPositions.h"
 
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QStatusBar>
 
 using namespace Qt::StringLiterals;
@@ -48,7 +49,6 @@ FrameFindings::FrameFindings(FrameBars &frameBars, ProjectArea &projectArea, QSt
     : bars(frameBars), area(projectArea), statusBar(bar), host(viewHost), pane(frameBars.Findings()),
       counts(new FindingCountsButton(&bar))
 {
-    statusBar.insertPermanentWidget(1, counts); // right of the messages
     refresh.setSingleShot(true);
     connect(&refresh, &QTimer::timeout, this, [this] {
         if (pane.isVisible() || pending != 0)
@@ -147,7 +147,7 @@ std::optional<ActionState> FrameFindings::StateOf(ActionId id) const
     case ACTION_CHECK_AGAIN:
         return ActionState{Check() != nullptr};
     case ACTION_GO_TO_FINDING:
-        return ActionState{Check() && pane.StateOf(id)->enabled};
+        return ActionState{Check() && pane.Current() >= 0};
     default:
         return std::nullopt;
     }
@@ -171,7 +171,8 @@ void FrameFindings::Run(ActionId id)
     }
 }
 
-/// Puts the pane into use, with the check of all open projects, or takes it out of use.
+/// Puts the pane into use, with the check of all open projects, or takes it out of use. Then only projects with
+/// settings of the check are still checked, as before.
 void FrameFindings::Use(bool isUsed)
 {
     pending = 0;
@@ -184,8 +185,12 @@ void FrameFindings::Use(bool isUsed)
         if (hasShown)
             bars.ShowOutput(false);
     }
-    for (CChildFrame *each : area.Children())
-        isUsed ? each->Check().Start() : each->Check().Stop();
+    for (CChildFrame *each : area.Children()) {
+        if (isUsed)
+            each->Check().Start();
+        else if (!QFileInfo::exists(CheckSettingsPath(DirectoryOf(each->Document().PathName()))))
+            each->Check().Stop();
+    }
 }
 
 void FrameFindings::Toggle()
@@ -211,6 +216,7 @@ void FrameFindings::Step(int step)
 {
     if (!bars.HasFindings())
         Use(true);
+    isStale = isStale || Check()->IsRunning(); // an edit may just have changed findings
     Refresh();
     if (pane.List().RowCount() == 0 && Check()->IsRunning()) {
         pending = step;

@@ -20,7 +20,7 @@ class ProjectCheck;
 class QStatusBar;
 
 /// The findings of the active project in the main window: the pane that lists them, the keys that go from one to the
-/// next, and the counts in the status bar. The check of the open projects is on while the pane is in use.
+/// next, and the counts in the status bar. While the pane is in use, all open projects are checked.
 class FrameFindings : public QObject, public IActionTarget
 {
 public:
@@ -33,7 +33,7 @@ public:
 
     /// Follows the active project. Fast enough to be called each time before the program waits for the user.
     void Update();
-    /// The counts in the status bar.
+    /// The counts, for the status bar.
     [[nodiscard]] FindingCountsButton &Counts() { return *counts; }
 
     [[nodiscard]] std::optional<ActionState> StateOf(ActionId id) const override;
