@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Explanations.h"
 
-#include "FindingTexts.h"
+#include "FindingKinds.h"
 #include "IdeCommandHandler.h"
 #include "LayoutFileObject.h"
 #include "PackFailure.h"
@@ -91,7 +91,7 @@ std::vector<Explanation> AllExplanations()
             all.push_back({QString::number(row.code), Utf8(family.kind), Utf8(row.when), Utf8(row.whatToDo),
                            Utf8(family.document)});
     }
-    for (const FindingText &row : FindingTexts())
+    for (const FindingKind &row : FindingKinds())
         all.push_back({Utf8(row.code), u"a finding"_s, Utf8(row.when), Utf8(row.whatToDo), Utf8(row.document)});
     for (const Rule &rule : AllRules())
         all.push_back(

@@ -3,6 +3,7 @@
 #include "CListGrid.h"
 #include "ListCellDelegate.h"
 #include "TextDirection.h"
+#include "UiIcon.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -28,6 +29,7 @@ struct Cell
     int fontSize = 10;
     int scale = 1;
     QStyle::State state = QStyle::State_Enabled;
+    UiIcon mark = UiIcon::None;
 };
 
 QImage Drawn(const ListCellDelegate &delegate, const Cell &cell)
@@ -37,6 +39,8 @@ QImage Drawn(const ListCellDelegate &delegate, const Cell &cell)
     model.setData(index, cell.text);
     model.setData(index, QVariant::fromValue(cell.direction), ROLE_DIRECTION);
     model.setData(index, cell.isGap, ROLE_IS_GAP);
+    if (cell.mark != UiIcon::None)
+        model.setData(index, int(cell.mark), ROLE_MARK);
     QStyleOptionViewItem option;
     option.rect = QRect(0, 0, cell.width, 24);
     option.font.setPixelSize(cell.fontSize);
@@ -134,6 +138,31 @@ TEST(CListGrid, FindsTheRectangleOfARowInBothDirections)
             grid.horizontalScrollBar()->setValue(30);
             const QRect cells = grid.visualRect(model.index(1, 0)) | grid.visualRect(model.index(1, 2));
             EXPECT_EQ(grid.RowRect(1).adjusted(0, 0, -1, -1), cells) << direction << ' ' << width; // without grid lines
+        }
+    }
+}
+
+/// A mark takes its place from the text, at the side where the text begins, and is seen on a selected row.
+TEST(ListCellDelegate, DrawsTheMarkBesideTheText)
+{
+    const ListCellDelegate delegate;
+    for (const int scale : {1, 2}) {
+        for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            std::vector<QImage> drawn;
+            for (const UiIcon mark : {UiIcon::None, UiIcon::Error, UiIcon::Warning, UiIcon::Note}) {
+                Cell cell{{}, direction};
+                cell.scale = scale;
+                cell.mark = mark;
+                const auto [first, last] = Ink(drawn.emplace_back(Drawn(delegate, cell)));
+                if (mark == UiIcon::None)
+                    continue;
+                EXPECT_GE(first, (direction == Qt::RightToLeft ? 98 : 2) * scale);
+                EXPECT_LE(last, (direction == Qt::RightToLeft ? 118 : 22) * scale);
+                cell.state |= QStyle::State_Selected;
+                EXPECT_GE(Ink(Drawn(delegate, cell)).second, 0);
+            }
+            for (size_t i = 1; i < drawn.size(); ++i)
+                EXPECT_NE(drawn[i], drawn[i - 1]);
         }
     }
 }

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "FindingTexts.h"
+#include "FindingKinds.h"
 
 namespace
 {
 
-constexpr FindingText FINDINGS[] = {
+constexpr FindingKind FINDINGS[] = {
     {"catalogue.definition", "a definition in the catalogue of layouts is wrong", "Correct the line of the catalogue.",
      "formats/catalogue.md"},
     {"catalogue.malformed", "the catalogue of layouts isn't well-formed XML",
@@ -163,7 +163,7 @@ constexpr FindingText FINDINGS[] = {
 
 } // namespace
 
-std::span<const FindingText> FindingTexts()
+std::span<const FindingKind> FindingKinds()
 {
     return FINDINGS;
 }

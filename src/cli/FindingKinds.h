@@ -4,7 +4,7 @@
 #include <span>
 
 /// What a code of a finding (Finding::code) means.
-struct FindingText
+struct FindingKind
 {
     const char *code;
     const char *when;     ///< when it occurs: a sentence without its full stop
@@ -13,4 +13,4 @@ struct FindingText
 };
 
 /// The codes of the findings of loads, saves and imports, sorted.
-[[nodiscard]] std::span<const FindingText> FindingTexts();
+[[nodiscard]] std::span<const FindingKind> FindingKinds();
