@@ -90,7 +90,8 @@ void CommandLineWalk::TakeUnknown(const std::string &word, const char *kind, con
 {
     if (!fault.empty())
         return;
-    const std::string nearest = NearestWord(word, candidates);
+    const bool isLetter = word.size() == 2 && word[0] == '-'; // as near to any other letter
+    const std::string nearest = isLetter ? std::string() : NearestWord(word, candidates);
     const std::string owner = app == &root ? "" : " of " + CommandName().substr(root.get_name().size() + 1);
     fault = "'" + word + "' is no " + kind + owner + "; " +
             (nearest.empty() ? "\"" + CommandName() + " --help\" lists them" : "did you mean '" + nearest + "'?");

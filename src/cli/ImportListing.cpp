@@ -83,5 +83,5 @@ void ImportJson::End()
     }
     json.EndObject();
     json.EndObject();
-    out.WriteBytes(bytes);
+    out.WriteBytes(bytes + '\n');
 }

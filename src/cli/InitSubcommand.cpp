@@ -62,8 +62,7 @@ public:
         }
         const QStringList missing = files->Missing();
         const QStringList existing = files->Existing();
-        if (!dryRun)
-            problem = files->Make();
+        problem = dryRun ? files->Obstacle() : files->Make();
         if (!problem.isEmpty()) {
             Complain(problem + u"; nothing was made"_s);
             return EXIT_FAILED;

@@ -67,14 +67,23 @@ int StringsExport::Run(Session &session, CResDoc &document)
 /// Sets `job.format`, which stays null for a workbook.
 bool StringsExport::ChooseFormat()
 {
+    if (file == "-") {
+        Complain(u"-: the strings can't be written to the standard output; name a file"_s);
+        return false;
+    }
     isTemplate = wanted.size() == 1 && wanted.front() == "none";
     const TranslationFormat *const ofName = isFolder ? nullptr : TranslationFormatOf(path);
     isTemplate = isTemplate || (ofName && ofName->isTemplate);
     if (format.empty()) {
         job.format = ofName;
+        const QString extension = ToLowerSimple(FileExtension(path));
+        const bool isWorkbook = extension == u"xls" || extension == u"xlsx" || extension == u"csv";
         if (isFolder)
             Complain(path + u": it is a folder, so name the format of its files with --format"_s);
-        return !isFolder;
+        else if (!ofName && !isWorkbook)
+            Complain(path + u": its name doesn't end in .xls, .xlsx, .csv, .po, .pot or .xlf; for a folder with "
+                            "translation files add --format po or --format xliff"_s);
+        return !isFolder && (ofName || isWorkbook);
     }
     const QString extension = format == "xliff" ? u"xlf"_s : QString::fromStdString(format);
     const bool isTranslation = format == "po" || format == "xliff";

@@ -95,6 +95,10 @@ bool StringsImport::FixPaths()
         Complain(u"--own-names, --unguard and --sheet are for workbooks only"_s);
         return false;
     }
+    if (isWorkbook && (options.acceptStale || options.includeUnfinished)) {
+        Complain(u"--accept-stale and --include-unfinished are for translation files only"_s);
+        return false;
+    }
     if (files.size() == 1 || std::all_of(files.begin(), files.end(), isTranslation))
         return true;
     Complain(u"several files can only be imported together if they are translation files (.po, .xlf)"_s);
@@ -165,6 +169,7 @@ int StringsImport::ImportTranslations(Session &session, CResDoc &document, const
     const bool isFine = import->Read(files, watch);
     const int status = StatusOf(session, isFine);
     if (!isFine) {
+        session.report.Flush(); // the errors
         Complain(u"nothing is imported, because of the errors above"_s);
         return EXIT_FAILED;
     }

@@ -71,8 +71,9 @@ class Begin(DemoProject):
         (self.new / 'config.xml').write_text('mine')
         (self.new / 'res').write_text('no folder')
         before = hashes(self.new)
-        _, err = self.init(status=1)
-        self.assertRegex(err, r"res\" exists, but it isn't a folder.*nothing was made")
+        for option in ((), ('--dry-run',)):
+            _, err = self.init(*option, status=1)
+            self.assertRegex(err, r"res\" exists, but it isn't a folder.*nothing was made")
         self.assertEqual(hashes(self.new), before)
         (self.new / 'res').unlink()
         out, _ = self.init()

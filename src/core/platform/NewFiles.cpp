@@ -21,6 +21,11 @@ bool HasName(const QString &path)
     return lstat(path.toUtf8().constData(), &info) == 0;
 }
 
+QString NoFolder(const QString &path)
+{
+    return u"\"%1\" exists, but it isn't a folder; move or rename it"_s.arg(path);
+}
+
 bool IsFolder(const QString &path)
 {
     struct stat info;
@@ -52,6 +57,18 @@ QStringList NewFiles::Existing() const
             paths.append(file.path);
     }
     return paths;
+}
+
+QString NewFiles::Obstacle() const
+{
+    for (const QString &path : Missing()) {
+        QString folder = DirectoryOf(path);
+        while (!HasName(folder))
+            folder = DirectoryOf(folder);
+        if (!IsFolder(folder))
+            return NoFolder(folder);
+    }
+    return {};
 }
 
 QString NewFiles::Make()
@@ -102,7 +119,7 @@ QString NewFiles::MakeFolders(const QString &path)
     if (IsFolder(path))
         return {};
     if (HasName(path))
-        return u"\"%1\" exists, but it isn't a folder; move or rename it"_s.arg(path);
+        return NoFolder(path);
     if (QString problem = MakeFolders(DirectoryOf(path)); !problem.isEmpty())
         return problem;
     const SignalHold hold;

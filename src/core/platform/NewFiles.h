@@ -24,6 +24,8 @@ public:
     /// The planned files whose names exist already, for example as a file, a folder or a link.
     [[nodiscard]] QStringList Existing() const;
 
+    /// Returns an empty text, or which name is in the way of a folder that `Make` would need.
+    [[nodiscard]] QString Obstacle() const;
     /// Makes the missing files. Returns an empty text, or why that failed; no file and no folder was made then, unless
     /// the text says so.
     [[nodiscard]] QString Make();

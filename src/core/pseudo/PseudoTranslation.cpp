@@ -2,9 +2,11 @@
 #include "PseudoTranslation.h"
 
 #include "CResDoc.h"
+#include "LanguageFolders.h"
 #include "Paths.h"
 #include "Placeholders.h"
 #include "PseudoText.h"
+#include "RowBuilder.h"
 #include "TextContext.h"
 #include "TextDirection.h"
 
@@ -26,16 +28,24 @@ QString TranslateToPseudo(CResDoc &document, const QString &language)
     if (wanted == languages.end())
         return QStringLiteral("the project has no language \"%1\"").arg(language);
     const bool isRightToLeft = DirectionOfLanguage(wanted->name) == Qt::RightToLeft;
+    CResFolder &folder = LanguageFolders(document).Ensure(wanted->number, wanted->name);
     RowTexts texts(context);
     const CResFolder *const rows = document.root.FindFolder(KIND_STRINGS, 2)->subfolders.front().get();
-    for (CBaseRes *res : rows->resources) {
-        auto *const head = static_cast<CStringRes *>(res);
-        CStringRes *const record = head->FindLanguage(wanted->number);
-        if (!record)
-            continue;
+    CBaseRes *following = nullptr; // the record of the row after this one; the records are in the order of the rows
+    std::vector<CStringRes *> heads;
+    for (CBaseRes *res : rows->resources)
+        heads.push_back(static_cast<CStringRes *>(res));
+    for (auto place = heads.rbegin(); place != heads.rend(); ++place) {
+        CStringRes *const head = *place;
         texts.Take(*head);
         const QStringView source = texts[context.Source()];
+        CStringRes *record = head->FindLanguage(wanted->number);
+        if (!record && !source.isEmpty())
+            record = RowBuilder(document, *head).Add(folder, {}, following);
+        if (!record)
+            continue;
         record->text = PseudoText(source, PlaceholderKindsOf(source, settings.placeholders), isRightToLeft);
+        following = record;
     }
     return {};
 }

@@ -43,7 +43,8 @@ const Format *FormatOf(const QString &path)
 WorkbookResult NoFormat(const QString &path)
 {
     return {WorkbookFault::NoWorkbook,
-            path + QStringLiteral(": the name of a workbook must end in .xls, .xlsx or .csv")};
+            path + QStringLiteral(": the name of a workbook must end in .xls, .xlsx or .csv, and that of a "
+                                  "translation file in .po or .xlf")};
 }
 
 WorkbookResult Failed(WorkbookFault fault, const QString &path, const QString &why)
