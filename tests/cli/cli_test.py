@@ -79,7 +79,7 @@ class Cli(DemoProject):
         loud = self.run_cli('load', self.dir / 'missing.vcproj')[1]
         self.assertEqual(self.run_cli('load', '-q', self.dir / 'missing.vcproj')[1],
                          ''.join(line for line in loud.splitlines(True) if '###' in line))
-        (self.dir / 'res/tune.mp3').unlink()
+        (self.dir / 'tune.mp3').unlink()
         status, out, _ = self.run_cli(*self.to_pack, '-q')
         self.assertNotEqual((status, out), (0, ''))
         self.assertTrue(all('rror' in line or 'arning' in line for line in out.splitlines()), out)
