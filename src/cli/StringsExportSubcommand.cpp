@@ -1,22 +1,22 @@
 // SPDX-License-Identifier: MIT
-#include "StringsExport.h"
+#include "StringsExportSubcommand.h"
 
 #include "CheckSettings.h"
 #include "HostFiles.h"
 #include "Paths.h"
 #include "Spreadsheet.h"
-#include "Subcommands.h"
+#include "StringsSubcommands.h"
 #include "TranslationFormats.h"
 
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
-CLI::App *StringsExport::Add(CLI::App &strings, std::string &projectPath)
+CLI::App *StringsExportSubcommand::Add(CLI::App &strings)
 {
     CLI::App *const subcommand = strings.add_subcommand(
         "export", "Write the string table to a workbook (.xls, .xlsx or .csv) or to translation files (.po, .xlf)");
-    AddProject(*subcommand, projectPath);
+    AddProject(*subcommand, project);
     subcommand->add_option("FILE", file, "The file, whose extension selects the format, or a folder for several files")
         ->type_name("")
         ->required();
@@ -35,13 +35,18 @@ CLI::App *StringsExport::Add(CLI::App &strings, std::string &projectPath)
     return subcommand;
 }
 
-void StringsExport::FixPaths()
+int StringsExportSubcommand::Run(Session &session)
 {
     path = AbsolutePath(file); // opening a project changes the current folder
     isFolder = QString::fromStdString(file).endsWith(u'/') || QFileInfo(path).isDir();
+    CResDoc *const document = session.OpenQuietly(AbsolutePath(project));
+    if (!document)
+        return EXIT_FAILED;
+    session.handler.idleOutput = [&session](QStringView text) { session.report.Write(text); };
+    return Export(session, *document);
 }
 
-int StringsExport::Run(Session &session, CResDoc &document)
+int StringsExportSubcommand::Export(Session &session, CResDoc &document)
 {
     std::vector<Finding> ofSettings;
     const CheckSettings settings = ReadCheckSettings(DirectoryOf(document.PathName()), ofSettings);
@@ -65,7 +70,7 @@ int StringsExport::Run(Session &session, CResDoc &document)
 }
 
 /// Sets `job.format`, which stays null for a workbook.
-bool StringsExport::ChooseFormat()
+bool StringsExportSubcommand::ChooseFormat()
 {
     isTemplate = wanted.size() == 1 && wanted.front() == "none";
     const TranslationFormat *const ofName = isFolder ? nullptr : TranslationFormatOf(path);
@@ -94,7 +99,7 @@ bool StringsExport::ChooseFormat()
     return true;
 }
 
-bool StringsExport::ChooseSource(const ExchangeLanguages &languages, const QString &ofSettings)
+bool StringsExportSubcommand::ChooseSource(const ExchangeLanguages &languages, const QString &ofSettings)
 {
     const QString word = wantedSource.empty() ? ofSettings : QString::fromStdString(wantedSource);
     const auto source = word.isEmpty() ? languages.Source() : languages.Find(word);
@@ -110,7 +115,7 @@ bool StringsExport::ChooseSource(const ExchangeLanguages &languages, const QStri
     return false;
 }
 
-bool StringsExport::ChooseLanguages(const ExchangeLanguages &languages)
+bool StringsExportSubcommand::ChooseLanguages(const ExchangeLanguages &languages)
 {
     if (isTemplate) {
         if (!job.format || !QStringView(job.format->extension).startsWith(u"po"))
@@ -138,7 +143,7 @@ bool StringsExport::ChooseLanguages(const ExchangeLanguages &languages)
     return true;
 }
 
-bool StringsExport::ChooseFiles(const ExchangeLanguages &languages, const QString &title)
+bool StringsExportSubcommand::ChooseFiles(const ExchangeLanguages &languages, const QString &title)
 {
     if (isTemplate) {
         job.files = {{isFolder ? path + u'/' + title + u".pot"_s : path, job.source}};
@@ -174,7 +179,7 @@ bool StringsExport::ChooseFiles(const ExchangeLanguages &languages, const QStrin
 }
 
 /// Makes the folder of the files, if it doesn't exist.
-bool StringsExport::MakeFolder() const
+bool StringsExportSubcommand::MakeFolder() const
 {
     if (!isFolder)
         return true;
@@ -185,7 +190,7 @@ bool StringsExport::MakeFolder() const
     return false;
 }
 
-int StringsExport::ExportWorkbook(Session &session, CResDoc &document) const
+int StringsExportSubcommand::ExportWorkbook(Session &session, CResDoc &document) const
 {
     SpreadsheetChoice choice{chosen, onlyMissing, job.source};
     if (!chosen.empty())
@@ -194,4 +199,9 @@ int StringsExport::ExportWorkbook(Session &session, CResDoc &document) const
     if (!result.reason.isEmpty())
         Complain(result.reason);
     return session.StatusAfter(result.code == 0 && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED);
+}
+
+std::unique_ptr<ISubcommand> MakeStringsExportSubcommand()
+{
+    return std::make_unique<StringsExportSubcommand>();
 }
