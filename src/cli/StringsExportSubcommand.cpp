@@ -2,13 +2,18 @@
 #include "StringsExportSubcommand.h"
 
 #include "CheckSettings.h"
+#include "FileFault.h"
 #include "HostFiles.h"
 #include "Paths.h"
 #include "Spreadsheet.h"
 #include "StringsSubcommands.h"
+#include "TemporaryFolder.h"
 #include "TranslationFormats.h"
 
+#include <QDir>
 #include <QFileInfo>
+
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -17,7 +22,10 @@ CLI::App *StringsExportSubcommand::Add(CLI::App &strings)
     CLI::App *const subcommand = strings.add_subcommand(
         "export", "Write the string table to a workbook (.xls, .xlsx or .csv) or to translation files (.po, .xlf)");
     AddProject(*subcommand, project);
-    subcommand->add_option("FILE", file, "The file, whose extension selects the format, or a folder for several files")
+    subcommand
+        ->add_option(
+            "FILE", file,
+            "The file, whose extension selects the format, or a folder for several files (\"-\": standard output)")
         ->type_name("")
         ->required();
     AddChoice(*subcommand, "--format", format, "xls|xlsx|csv|po|xliff", "The format of the files in a folder");
@@ -42,8 +50,36 @@ int StringsExportSubcommand::Run(Session &session)
     CResDoc *const document = session.OpenQuietly(AbsolutePath(project));
     if (!document)
         return EXIT_FAILED;
+    if (file == "-")
+        return ExportToOutput(session, *document);
     session.handler.idleOutput = [&session](QStringView text) { session.report.Write(text); };
     return Export(session, *document);
+}
+
+/// Prints the file. The lines of the export go to standard error.
+int StringsExportSubcommand::ExportToOutput(Session &session, CResDoc &document)
+{
+    if (format.empty()) {
+        Complain(u"-: name the format of the output with --format"_s);
+        return EXIT_WRONG_USE;
+    }
+    const TemporaryFolder folder(HostPath(QDir::tempPath()), "morvanite-export");
+    if (folder.Error() != 0) {
+        Complain(WhyNotWritten(QDir::tempPath(), folder.Error()));
+        return EXIT_FAILED;
+    }
+    const bool hasTemplate = format == "po" && wanted.size() == 1 && wanted.front() == "none";
+    path = QString::fromUtf8(folder.Path()) + u"/export."_s +
+           (hasTemplate         ? u"pot"_s
+            : format == "xliff" ? u"xlf"_s
+                                : QString::fromStdString(format));
+    isFolder = false;
+    session.handler.idleOutput = [](QStringView text) { StandardOutput(STDERR_FILENO).Write(text); };
+    const int status = Export(session, document);
+    QByteArray bytes;
+    if (status == EXIT_FINE && ReadFile(path, bytes) == 0)
+        session.report.WriteBytes(bytes);
+    return status;
 }
 
 int StringsExportSubcommand::Export(Session &session, CResDoc &document)

@@ -15,6 +15,7 @@ public:
 
 private:
     [[nodiscard]] int Export(Session &session, CResDoc &document);
+    [[nodiscard]] int ExportToOutput(Session &session, CResDoc &document);
     [[nodiscard]] bool ChooseFormat();
     [[nodiscard]] bool ChooseSource(const ExchangeLanguages &languages, const QString &ofSettings);
     [[nodiscard]] bool ChooseLanguages(const ExchangeLanguages &languages);
