@@ -4,8 +4,13 @@
 #include "LanguageTable.h"
 #include "Subcommands.h"
 
-// Those subcommands of `strings` that are subcommands by themselves. Their `Add` gets the subcommand `strings`.
+// The subcommands of `strings`. Their `Add` gets the subcommand `strings`.
 
+std::unique_ptr<ISubcommand> MakeStringsExportSubcommand();
+std::unique_ptr<ISubcommand> MakeStringsImportSubcommand();
+std::unique_ptr<ISubcommand> MakeStringsStatsSubcommand();
+std::unique_ptr<ISubcommand> MakeStringsCodePointsSubcommand();
+std::unique_ptr<ISubcommand> MakeStringsCatSubcommand();
 std::unique_ptr<ISubcommand> MakeStringsListSubcommand();
 std::unique_ptr<ISubcommand> MakeStringsSetSubcommand();
 std::unique_ptr<ISubcommand> MakeStringsAddLanguageSubcommand();

@@ -350,13 +350,13 @@ TEST(StatusBar, DescribesTheHighlightedMenuEntry)
     window.Start({window.Project()});
     QMenu *const file = window.Frame().menuBar()->actions().first()->menu();
     file->popup(QPoint(9, 9));
-    file->setActiveAction(file->actions()[2]);
+    file->setActiveAction(file->actions()[3]);
     const QStatusBar &bar = *window.Frame().statusBar();
     EXPECT_EQ(bar.currentMessage(), TipOf(ACTION_SAVE));
     EXPECT_FALSE(window.Frame().Status().isVisible());
     {
         const CMainFrame::Busy busy(window.Frame(), IDE_COMMAND_PACK);
-        file->setActiveAction(file->actions()[1]);
+        file->setActiveAction(file->actions()[2]);
         file->close();
         EXPECT_TRUE(bar.currentMessage().contains(u"packing"_s)) << qPrintable(bar.currentMessage());
     }

@@ -152,7 +152,7 @@ class Completion(DemoProject):
         self.assertEqual(self.candidates('headers', 'x', '--output', ''), ['folders'])
         self.assertEqual(self.candidates('strings', ''), ['words', 'export', 'import', 'stats', 'codepoints', 'cat', 'list', 'set',
                                                              'add-language'])
-        self.assertEqual(self.candidates('inspect', 'x', '--', '-'), ['words'], 'no options after --')
+        self.assertEqual(self.candidates('load', 'x', '--', '-'), ['words'], 'no options after --')
         left = self.candidates('pack', 'x', '--remote', '--ver', '2', '-')
         self.assertIn('--input', left)
         self.assertFalse({'--remote', '--ver', '--strict', '--temp'} & set(left), 'given, or not to be used with it')

@@ -80,6 +80,9 @@ class Translations(DemoProject):
         self.assertEqual(self.export('po', '--format', 'po'), (0, left_out, ''))
         self.assertEqual(sorted(os.listdir(self.dir / 'po')), ['de.po', 'pt_BR.po', 'x_morvanite_99.po', 'zh_CN.po'])
         self.assertTrue((self.dir / 'po/de.po').read_text().endswith(GERMAN))
+        self.assertEqual(self.export('-', '--format', 'po', '--language', 'de'),
+                         (0, (self.dir / 'po/de.po').read_text(), left_out))
+        self.assertEqual(self.export('-')[0], 2)
         self.env['SOURCE_DATE_EPOCH'] = '1700000000'
         self.assertEqual(self.export('t.pot'), (0, left_out, ''))
         self.assertIn('PO-Revision-Date: 2023-11-14 22:13+0000', (self.dir / 't.pot').read_text())

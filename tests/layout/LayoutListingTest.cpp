@@ -35,5 +35,5 @@ TEST(LayoutListing, JsonMatchesTheStandardPrinterExceptForTheOrderOfProperties)
     };
     const QJsonDocument read = QJsonDocument::fromJson(text);
     EXPECT_EQ(sortedLines(text), sortedLines(read.toJson()));
-    EXPECT_EQ(LayoutsJson(model.env, {}), "{\n    \"layouts\": [\n    ]\n}\n");
+    EXPECT_EQ(LayoutsJson(model.env, {}), "{\n    \"version\": 1,\n    \"layouts\": [\n    ]\n}\n");
 }

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "StringsImport.h"
+#include "StringsImportSubcommand.h"
 
 #include "CheckSettings.h"
 #include "ExchangeLanguages.h"
 #include "ImportListing.h"
 #include "OpeningReport.h"
 #include "Paths.h"
+#include "ProjectSave.h"
 #include "SpreadsheetImport.h"
-#include "Subcommands.h"
+#include "StringsSubcommands.h"
 #include "TranslationFormats.h"
 
 #include <optional>
@@ -54,11 +55,11 @@ template <typename Apply> int ApplyAndSave(Session &session, CResDoc &document, 
 
 } // namespace
 
-CLI::App *StringsImport::Add(CLI::App &strings, std::string &projectPath)
+CLI::App *StringsImportSubcommand::Add(CLI::App &strings)
 {
     CLI::App *const subcommand = strings.add_subcommand(
         "import", "Fill the string table from a workbook, or from translation files, and save the project");
-    AddProject(*subcommand, projectPath);
+    AddProject(*subcommand, project);
     subcommand->add_option("FILE", names, "A workbook or translation files; the extension selects the format")
         ->type_name("")
         ->required();
@@ -82,7 +83,8 @@ CLI::App *StringsImport::Add(CLI::App &strings, std::string &projectPath)
     return subcommand;
 }
 
-bool StringsImport::FixPaths()
+/// Makes paths absolute. Returns false, with a message, if the files can't be imported together.
+bool StringsImportSubcommand::ChooseFiles()
 {
     for (const std::string &name : names)
         files.push_back({AbsolutePath(name), QString::fromStdString(name)});
@@ -105,7 +107,7 @@ bool StringsImport::FixPaths()
     return false;
 }
 
-bool StringsImport::ChooseLanguages(const ExchangeLanguages &languages)
+bool StringsImportSubcommand::ChooseLanguages(const ExchangeLanguages &languages)
 {
     for (const std::string &word : wanted) {
         const QString name = QString::fromStdString(word);
@@ -119,7 +121,21 @@ bool StringsImport::ChooseLanguages(const ExchangeLanguages &languages)
     return true;
 }
 
-int StringsImport::Run(Session &session, CResDoc &document)
+int StringsImportSubcommand::Run(Session &session)
+{
+    if (!ChooseFiles()) // before a project is opened, which changes the current folder
+        return EXIT_WRONG_USE;
+    const QString path = AbsolutePath(project);
+    if ((!dryRun && !session.LockProject(path)) || (strict && HasInterruptedSave(session.env, path)))
+        return EXIT_FAILED;
+    CResDoc *const document = session.OpenQuietly(path);
+    if (!document || (strict && !TellOfOpening(session, document->PathName(), document, true)))
+        return EXIT_FAILED;
+    session.handler.idleOutput = [&session](QStringView text) { session.report.Write(text); };
+    return Import(session, *document);
+}
+
+int StringsImportSubcommand::Import(Session &session, CResDoc &document)
 {
     if (session.env.ErrorCount > 0 && !dryRun) {
         Complain(u"the project has the errors above, and a save would drop the elements that they name, so nothing is "
@@ -145,7 +161,7 @@ int StringsImport::Run(Session &session, CResDoc &document)
     return status;
 }
 
-int StringsImport::ImportWorkbook(Session &session, CResDoc &document, IImportWatch *watch) const
+int StringsImportSubcommand::ImportWorkbook(Session &session, CResDoc &document, IImportWatch *watch) const
 {
     std::optional<SpreadsheetImport> import(std::in_place, document, files.front().path, options);
     const SpreadsheetResult result = import->Read(watch);
@@ -162,8 +178,8 @@ int StringsImport::ImportWorkbook(Session &session, CResDoc &document, IImportWa
     });
 }
 
-int StringsImport::ImportTranslations(Session &session, CResDoc &document, const ExchangeLanguages &languages,
-                                      IImportWatch *watch) const
+int StringsImportSubcommand::ImportTranslations(Session &session, CResDoc &document, const ExchangeLanguages &languages,
+                                                IImportWatch *watch) const
 {
     std::optional<TranslationImport> import(std::in_place, document, languages, options);
     const bool isFine = import->Read(files, watch);
@@ -179,4 +195,9 @@ int StringsImport::ImportTranslations(Session &session, CResDoc &document, const
         import->Plan().Apply();
         import.reset();
     });
+}
+
+std::unique_ptr<ISubcommand> MakeStringsImportSubcommand()
+{
+    return std::make_unique<StringsImportSubcommand>();
 }

@@ -3,22 +3,19 @@
 
 #include "ExchangeLanguages.h"
 #include "Session.h"
+#include "Subcommands.h"
 #include "TranslationExport.h"
 
-#include <CLI/CLI.hpp>
-
 /// The subcommand "strings export".
-class StringsExport
+class StringsExportSubcommand : public ISubcommand
 {
 public:
-    /// Adds the subcommand below "strings". `projectPath` gets its argument PROJECT.
-    CLI::App *Add(CLI::App &strings, std::string &projectPath);
-    /// Makes paths absolute. Call it before a project is opened, which changes the current folder.
-    void FixPaths();
-    /// Exports the strings of an open project. Returns the exit status.
-    [[nodiscard]] int Run(Session &session, CResDoc &document);
+    CLI::App *Add(CLI::App &strings) override;
+    int Run(Session &session) override;
 
 private:
+    [[nodiscard]] int Export(Session &session, CResDoc &document);
+    [[nodiscard]] int ExportToOutput(Session &session, CResDoc &document);
     [[nodiscard]] bool ChooseFormat();
     [[nodiscard]] bool ChooseSource(const ExchangeLanguages &languages, const QString &ofSettings);
     [[nodiscard]] bool ChooseLanguages(const ExchangeLanguages &languages);
@@ -26,6 +23,7 @@ private:
     [[nodiscard]] bool MakeFolder() const;
     [[nodiscard]] int ExportWorkbook(Session &session, CResDoc &document) const;
 
+    std::string project;
     std::string file;
     std::string format;
     std::vector<std::string> wanted;

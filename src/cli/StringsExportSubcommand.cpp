@@ -1,23 +1,31 @@
 // SPDX-License-Identifier: MIT
-#include "StringsExport.h"
+#include "StringsExportSubcommand.h"
 
 #include "CheckSettings.h"
+#include "FileFault.h"
 #include "HostFiles.h"
 #include "Paths.h"
 #include "Spreadsheet.h"
-#include "Subcommands.h"
+#include "StringsSubcommands.h"
+#include "TemporaryFolder.h"
 #include "TranslationFormats.h"
 
+#include <QDir>
 #include <QFileInfo>
+
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
-CLI::App *StringsExport::Add(CLI::App &strings, std::string &projectPath)
+CLI::App *StringsExportSubcommand::Add(CLI::App &strings)
 {
     CLI::App *const subcommand = strings.add_subcommand(
         "export", "Write the string table to a workbook (.xls, .xlsx or .csv) or to translation files (.po, .xlf)");
-    AddProject(*subcommand, projectPath);
-    subcommand->add_option("FILE", file, "The file, whose extension selects the format, or a folder for several files")
+    AddProject(*subcommand, project);
+    subcommand
+        ->add_option(
+            "FILE", file,
+            "The file, whose extension selects the format, or a folder for several files (\"-\": standard output)")
         ->type_name("")
         ->required();
     AddChoice(*subcommand, "--format", format, "xls|xlsx|csv|po|xliff", "The format of the files in a folder");
@@ -35,13 +43,46 @@ CLI::App *StringsExport::Add(CLI::App &strings, std::string &projectPath)
     return subcommand;
 }
 
-void StringsExport::FixPaths()
+int StringsExportSubcommand::Run(Session &session)
 {
     path = AbsolutePath(file); // opening a project changes the current folder
     isFolder = QString::fromStdString(file).endsWith(u'/') || QFileInfo(path).isDir();
+    CResDoc *const document = session.OpenQuietly(AbsolutePath(project));
+    if (!document)
+        return EXIT_FAILED;
+    if (file == "-")
+        return ExportToOutput(session, *document);
+    session.handler.idleOutput = [&session](QStringView text) { session.report.Write(text); };
+    return Export(session, *document);
 }
 
-int StringsExport::Run(Session &session, CResDoc &document)
+/// Prints the file. The lines of the export go to standard error.
+int StringsExportSubcommand::ExportToOutput(Session &session, CResDoc &document)
+{
+    if (format.empty()) {
+        Complain(u"-: name the format of the output with --format"_s);
+        return EXIT_WRONG_USE;
+    }
+    const TemporaryFolder folder(HostPath(QDir::tempPath()), "morvanite-export");
+    if (folder.Error() != 0) {
+        Complain(WhyNotWritten(QDir::tempPath(), folder.Error()));
+        return EXIT_FAILED;
+    }
+    const bool hasTemplate = format == "po" && wanted.size() == 1 && wanted.front() == "none";
+    path = QString::fromUtf8(folder.Path()) + u"/export."_s +
+           (hasTemplate         ? u"pot"_s
+            : format == "xliff" ? u"xlf"_s
+                                : QString::fromStdString(format));
+    isFolder = false;
+    session.handler.idleOutput = [](QStringView text) { StandardOutput(STDERR_FILENO).Write(text); };
+    const int status = Export(session, document);
+    QByteArray bytes;
+    if (status == EXIT_FINE && ReadFile(path, bytes) == 0)
+        session.report.WriteBytes(bytes);
+    return status;
+}
+
+int StringsExportSubcommand::Export(Session &session, CResDoc &document)
 {
     std::vector<Finding> ofSettings;
     const CheckSettings settings = ReadCheckSettings(DirectoryOf(document.PathName()), ofSettings);
@@ -65,7 +106,7 @@ int StringsExport::Run(Session &session, CResDoc &document)
 }
 
 /// Sets `job.format`, which stays null for a workbook.
-bool StringsExport::ChooseFormat()
+bool StringsExportSubcommand::ChooseFormat()
 {
     if (file == "-") {
         Complain(u"-: the strings can't be written to the standard output; name a file"_s);
@@ -103,7 +144,7 @@ bool StringsExport::ChooseFormat()
     return true;
 }
 
-bool StringsExport::ChooseSource(const ExchangeLanguages &languages, const QString &ofSettings)
+bool StringsExportSubcommand::ChooseSource(const ExchangeLanguages &languages, const QString &ofSettings)
 {
     const QString word = wantedSource.empty() ? ofSettings : QString::fromStdString(wantedSource);
     const auto source = word.isEmpty() ? languages.Source() : languages.Find(word);
@@ -119,7 +160,7 @@ bool StringsExport::ChooseSource(const ExchangeLanguages &languages, const QStri
     return false;
 }
 
-bool StringsExport::ChooseLanguages(const ExchangeLanguages &languages)
+bool StringsExportSubcommand::ChooseLanguages(const ExchangeLanguages &languages)
 {
     if (isTemplate) {
         if (!job.format || !QStringView(job.format->extension).startsWith(u"po"))
@@ -147,7 +188,7 @@ bool StringsExport::ChooseLanguages(const ExchangeLanguages &languages)
     return true;
 }
 
-bool StringsExport::ChooseFiles(const ExchangeLanguages &languages, const QString &title)
+bool StringsExportSubcommand::ChooseFiles(const ExchangeLanguages &languages, const QString &title)
 {
     if (isTemplate) {
         job.files = {{isFolder ? path + u'/' + title + u".pot"_s : path, job.source}};
@@ -183,7 +224,7 @@ bool StringsExport::ChooseFiles(const ExchangeLanguages &languages, const QStrin
 }
 
 /// Makes the folder of the files, if it doesn't exist.
-bool StringsExport::MakeFolder() const
+bool StringsExportSubcommand::MakeFolder() const
 {
     if (!isFolder)
         return true;
@@ -194,7 +235,7 @@ bool StringsExport::MakeFolder() const
     return false;
 }
 
-int StringsExport::ExportWorkbook(Session &session, CResDoc &document) const
+int StringsExportSubcommand::ExportWorkbook(Session &session, CResDoc &document) const
 {
     SpreadsheetChoice choice{chosen, onlyMissing, job.source};
     if (!chosen.empty())
@@ -203,4 +244,9 @@ int StringsExport::ExportWorkbook(Session &session, CResDoc &document) const
     if (!result.reason.isEmpty())
         Complain(result.reason);
     return session.StatusAfter(result.code == 0 && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED);
+}
+
+std::unique_ptr<ISubcommand> MakeStringsExportSubcommand()
+{
+    return std::make_unique<StringsExportSubcommand>();
 }
