@@ -108,10 +108,6 @@ int StringsExportSubcommand::Export(Session &session, CResDoc &document)
 /// Sets `job.format`, which stays null for a workbook.
 bool StringsExportSubcommand::ChooseFormat()
 {
-    if (file == "-") {
-        Complain(u"-: the strings can't be written to the standard output; name a file"_s);
-        return false;
-    }
     isTemplate = wanted.size() == 1 && wanted.front() == "none";
     const TranslationFormat *const ofName = isFolder ? nullptr : TranslationFormatOf(path);
     isTemplate = isTemplate || (ofName && ofName->isTemplate);
@@ -204,7 +200,8 @@ bool StringsExportSubcommand::ChooseFiles(const ExchangeLanguages &languages, co
     }
     if (chosen.empty() || (!isFolder && chosen.size() > 1)) {
         Complain(chosen.empty() ? u"the project has no language besides the source language"_s
-                                : path + u": a file has one language; name it with --language, or name a folder"_s);
+                                : QString::fromStdString(file) +
+                                      u": a file has one language; name it with --language, or name a folder"_s);
         return false;
     }
     for (const qint32 language : chosen) {

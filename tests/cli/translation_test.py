@@ -187,6 +187,8 @@ class Translations(DemoProject):
                 ('a.xlf', unit % ('ID_HI', 'Hi %s', 'a<x:g id="1">b</x:g>') + end,
                  "a.xlf:2: ID_HI: the element <g> within a text can't be imported, since a string has no tags."),
                 ('a.xlf', unit % ('ID_HI', 'Hi %s', 'Hallo %s'), "a.xlf:2: the file ends too early, so it isn't complete."),
+                ('a.xlf', unit % ('ID_HI', 'Hi %s', 'a</x:target><x:target>b') + end,
+                 "a.xlf:2: ID_HI: a trans-unit has two targets, of which only one could be imported."),
                 ('a.xlf', '<!DOCTYPE x [<!ENTITY e "e">]>\n' + unit % ('ID_HI', 'a', '&e;') + end,
                  'a.xlf:1: a document type is not allowed.'),
                 ('a.xlf', '<xliff version="2.0" xmlns="urn:oasis:names:tc:xliff:document:2.0"/>',

@@ -209,6 +209,8 @@ private:
             text.source = FromUtf8(gathered);
             break;
         case Place::Target:
+            if (!text.target.isEmpty() && wrong.isEmpty())
+                wrong = u"a trans-unit has two targets, of which only one could be imported"_s;
             text.target = FromUtf8(gathered);
             break;
         case Place::Note:
