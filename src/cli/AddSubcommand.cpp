@@ -25,7 +25,8 @@ public:
         subcommand->add_option("FILE", files, "A picture, a sound, a video or another file")->type_name("")->required();
         subcommand->add_option("--resolution", resolution, "The screen of the pictures (default: all screens)")
             ->type_name("WxH");
-        subcommand->add_option("--id", id, "The ID of a single file (default: from its name)")->type_name("ID");
+        idOption =
+            subcommand->add_option("--id", id, "The ID of a single file (default: from its name)")->type_name("ID");
         subcommand->add_flag("--push", isPush, "Give the files IDs of the type Push");
         subcommand->add_flag("--copy", canCopy, "Copy files that are outside of the project's folder into it");
         subcommand->add_flag("--dry-run", dryRun, SAVE_DRY_RUN_HELP);
@@ -70,7 +71,7 @@ private:
             Complain(u"--id is for a single file"_s);
             return false;
         }
-        if (!id.empty() && !IsValidIdName(QString::fromStdString(id))) {
+        if (*idOption && !IsValidIdName(QString::fromStdString(id))) {
             Complain(u"--id %1: an ID has 1 to 64 letters, digits and \"_\", and doesn't begin with a digit"_s.arg(
                 QString::fromStdString(id)));
             return false;
@@ -107,8 +108,7 @@ private:
         CResFolder *const folder = FolderFor(document, path, types);
         QString stored = place;
         (void)ToStoredPath(document, stored);
-        if (const CFileRes *const existing = folder ? FindFile(*folder, document, stored) : nullptr;
-            existing && id.empty()) {
+        if (const CFileRes *const existing = folder ? FindFile(*folder, document, stored) : nullptr) {
             lines += u"same\t%1\t%2\n"_s.arg(document.env.NarrowToWide(existing->Id()->name), stored);
             return {};
         }
@@ -159,12 +159,15 @@ private:
         return {};
     }
 
-    [[nodiscard]] static const CFileRes *FindFile(const CResFolder &folder, const CResDoc &document,
-                                                  const QString &stored)
+    /// Finds a file with that path, and with the ID of --id if that is given.
+    [[nodiscard]] const CFileRes *FindFile(const CResFolder &folder, const CResDoc &document,
+                                           const QString &stored) const
     {
+        const QString wanted = QString::fromStdString(id);
         for (const CBaseRes *res : folder.resources) {
             const auto *file = static_cast<const CFileRes *>(res);
-            if (IsSamePath(document.env.NarrowToWide(file->path), stored))
+            if (IsSamePath(document.env.NarrowToWide(file->path), stored) &&
+                (wanted.isEmpty() || document.env.NarrowToWide(file->Id()->name) == wanted))
                 return file;
         }
         for (const auto &subfolder : folder.subfolders) {
@@ -178,6 +181,7 @@ private:
     std::vector<std::string> files;
     std::string resolution;
     std::string id;
+    CLI::Option *idOption = nullptr;
     bool isPush = false;
     bool canCopy = false;
     bool dryRun = false;

@@ -28,8 +28,8 @@ public:
     {
         CLI::App *subcommand = app.add_subcommand("init", "Make the files of a new project in a folder");
         subcommand->add_option("DIR", folder, "The folder; it is made if it doesn't exist")->type_name("")->required();
-        subcommand->add_option("--name", name, "The project's name (default: the name of the folder)")
-            ->type_name("NAME");
+        nameOption = subcommand->add_option("--name", name, "The project's name (default: the name of the folder)")
+                         ->type_name("NAME");
         subcommand->add_option("--resolution", resolutions, "A screen, such as 240x320; can be repeated")
             ->type_name("WxH")
             ->allow_extra_args(false)
@@ -49,7 +49,7 @@ public:
     {
         NewProjectChoice choice;
         choice.folder = AbsolutePath(folder);
-        choice.name = name.empty() ? FileName(choice.folder) : QString::fromStdString(name);
+        choice.name = *nameOption ? QString::fromStdString(name) : FileName(choice.folder);
         choice.git = git == "text" ? GitForm::Text : git == "none" ? GitForm::None : GitForm::Safe;
         choice.hasBuild = hasBuild;
         if (!HasRightWords(session, choice))
@@ -75,7 +75,7 @@ private:
     [[nodiscard]] bool HasRightWords(Session &session, NewProjectChoice &choice) const
     {
         if (const QString why = WhyNotProjectName(choice.name, choice.hasBuild); !why.isEmpty()) {
-            Complain(why + (name.empty() ? u"; choose one with --name"_s : QString()));
+            Complain(why + (*nameOption ? QString() : u"; choose one with --name"_s));
             return false;
         }
         session.tables.LoadOnce(session.env);
@@ -145,6 +145,7 @@ private:
 
     std::string folder;
     std::string name;
+    CLI::Option *nameOption = nullptr;
     std::vector<std::string> resolutions;
     std::vector<std::string> languages;
     std::string git = "safe";

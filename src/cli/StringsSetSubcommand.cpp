@@ -54,7 +54,10 @@ public:
             return EXIT_WRONG_USE;
         const AssignedTexts result = AssignTexts(*document, QString::fromStdString(id), newTexts);
         if (result.code != EDIT_DONE) {
-            Complain(result.id + u": "_s + StringEditMessage(result.code));
+            Complain(result.id + u": "_s + StringEditMessage(result.code) +
+                     (result.code == EDIT_INVALID_ID
+                          ? u" An ID has 1 to 64 letters, digits and \"_\", and doesn't begin with a digit."_s
+                          : QString()));
             return EXIT_FAILED;
         }
         const bool isSame =
@@ -75,6 +78,11 @@ private:
             const KnownLanguage *const language = FindLanguage(known, typed);
             if (!language) {
                 Complain(WhyNotInProject(typed, known));
+                return false;
+            }
+            if (std::any_of(newTexts.begin(), newTexts.end(),
+                            [&](const NewText &other) { return other.language == language->number; })) {
+                Complain(u"--language %1: there is a text of this language already"_s.arg(typed));
                 return false;
             }
             newTexts.push_back({language->number, QString::fromStdString(texts[i])});
