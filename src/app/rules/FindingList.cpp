@@ -29,8 +29,8 @@ struct Identity
     }
     friend size_t qHash(const Identity &identity, size_t seed)
     {
-        const Finding &finding = *identity.finding;
-        return qHashMulti(seed, finding.id, finding.language, finding.text, finding.file);
+        const Finding &hashed = *identity.finding;
+        return qHashMulti(seed, hashed.id, hashed.language, hashed.text, hashed.file);
     }
 };
 
