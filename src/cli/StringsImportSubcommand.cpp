@@ -191,6 +191,9 @@ int StringsImportSubcommand::ImportTranslations(Session &session, CResDoc &docum
     }
     if (dryRun)
         return status;
+    const auto count = [&import](CellFate fate) { return import->Plan().Count(fate); };
+    if (count(CellFate::Filled) + count(CellFate::New) + count(CellFate::Replaced) + count(CellFate::Same) == 0)
+        Complain(u"no text is imported; --dry-run shows why"_s);
     return ApplyAndSave(session, document, status, [&import] {
         import->Plan().Apply();
         import.reset();

@@ -152,6 +152,7 @@ class Translations(DemoProject):
         self.assertEqual({fate: count for fate, count in listed['counts'].items() if count},
                          {'new': 4, 'replaced': 1, 'nowhere': 1, 'stale': 1, 'unfinished': 1})
         self.assertEqual(self.strings.read_bytes(), self.before)
+        self.assertIn('no text is imported', self.import_('pt.po', '--language', 'German')[2])
         self.assertEqual(self.import_(*files, '--replace')[0], 0)
         self.assertEqual(self.table(), self.before.decode('utf-16').replace('Hallo', 'Servus').replace(
             '##number\t3', 'ID_NEW\tNormal\tfresh\tNew\tNeu\t\t\t\r\nID_FUZZY\tNormal\t\tOld\t\t\t\t\r\n##number\t5'))
