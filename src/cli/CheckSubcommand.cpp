@@ -140,7 +140,9 @@ private:
             result.findings = CheckUnopened(session.env, session.tables, path, settings, loaded, explained);
         }
         AddFindings(result, settings, ofSettings);
-        return ApplyBaseline(result, settings);
+        const bool isReadable = ApplyBaseline(result, settings);
+        SortFindings(result.findings);
+        return isReadable;
     }
 
     [[nodiscard]] RuleLevel LevelOfChosen(const Rule &rule, RuleLevel level) const

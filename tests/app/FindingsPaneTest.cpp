@@ -204,6 +204,21 @@ TEST(FindingsPane, F8StepsFromTheFocusAndBeginsAgain)
     EXPECT_TRUE(TestWindow::WaitFor([&] { return window.Pane().List().RowCount() == 5; }));
 }
 
+TEST(FindingsPane, F8DoesNotMoveTheSelectionBelowABox)
+{
+    FaultyWindow window;
+    window.Child().Check().Stop();
+    window.Grid().SelectAlone(1, 0);
+    window.Key(Qt::Key_F8); // its step waits for the check
+    QMessageBox box(&window.Frame());
+    box.open();
+    EXPECT_TRUE(TestWindow::WaitFor([&] { return window.IsChecked(); }));
+    window.Settle();
+    box.close();
+    window.Settle();
+    EXPECT_EQ(window.Shown(window.Grid().currentIndex().row(), 0), "ID_B");
+}
+
 TEST(FindingsPane, KeepsTheSelectionWhileTheFindingsChange)
 {
     FaultyWindow window;

@@ -65,6 +65,7 @@ TEST(CheckSettings, EveryLineWithoutMeaningIsAFindingAtItsLine)
         {"[Limit]\nID_*=length 0", "\"length 0\" isn't a limit"},
         {"[Language]\nGerman=de", "number of a language"},
         {"[Language]\n65535=de", "number of a language"},
+        {"[Language]\n8=de_AT", "isn't a BCP 47 code"},
     };
     CheckedRows project;
     for (const auto &[settings, text] : wrong) {
@@ -117,9 +118,11 @@ TEST(CheckSettings, AnUnknownWordOfTheNotesOfARowIsAFinding)
 {
     CheckedProject project;
     project.PutStrings("Number of Language|1\nString ID|Resource Type|Description|English(0)\n"
-                       "ID_A|Normal|[size:3, same]|Yes\nID_B|Normal|see [page 3]|No\n##number|2\n");
+                       "ID_A|Normal|[size:3, same]|Yes\nID_B|Normal|see [page 3]|No\n"
+                       "ID_C|Normal|[ignore:double-blanks]|Two  blanks\n##number|3\n");
     EXPECT_THAT(project.Findings({"check-settings"}),
-                ElementsAre(AllOf(HasSubstr("txt:3 ID_A"), HasSubstr("\"size:3\""))));
+                ElementsAre(AllOf(HasSubstr("txt:3 ID_A"), HasSubstr("\"size:3\"")),
+                            AllOf(HasSubstr("txt:5 ID_C"), HasSubstr("\"ignore:double-blanks\""))));
 }
 
 TEST(CheckSettings, PatternsOfIds)

@@ -62,7 +62,7 @@ TEST(FontRules, ReportFontsThatCannotBeOpened)
                                        {"morvanite-check.ini 8", "isn't a font"}}) {
         FontProject project("[Font]\ndefault=" + font + "\n");
         EXPECT_THAT(project.Findings({"check-settings", "text-too-wide", "glyph-missing"}),
-                    ElementsAre(AllOf(HasSubstr("morvanite-check.ini"), HasSubstr(reason))));
+                    ElementsAre(AllOf(HasSubstr("morvanite-check.ini:2"), HasSubstr(reason))));
     }
 }
 

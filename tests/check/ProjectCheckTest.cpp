@@ -156,6 +156,9 @@ TEST(ProjectCheck, ChecksARowAtOnceAndKeepsTheFindingsOfOtherRulesUntilTheNextCh
     EXPECT_TRUE(project.Head("ID_D").Rename(project.document->ids, "ID_E")); // its old ID is gone
     check.RowChanged(project.Head("ID_E"));
     EXPECT_EQ(RulesOf(check.AboutRow(project.Head("ID_E"))), QStringList{u"blank-edge"_s});
+    check.Complete();
+    EXPECT_EQ(RulesOf(check.AboutRow(project.Head("ID_E"))),
+              (QStringList{u"blank-edge"_s, u"inconsistent-translation"_s}));
     project.DeleteRow("ID_E");
     EXPECT_THAT(Lines(check.All()), ElementsAre("language-unknown 1  1 tuvik.ini doesn't have this language",
                                                 "translation-missing 1 ID_B 1 the translation is missing"));

@@ -44,6 +44,9 @@ class Check(DemoProject):
         self.assertEqual(self.state(), before, 'a check only reads')
         self.assertEqual(self.check('--rule', 'no-such-rule')[0], 2)
         self.assertEqual(self.run_cli('check')[0], 2)
+        (self.dir / 'morvanite-check.ini').write_text('[Nothing]\nkey=1\n')
+        places = [line.split(': ')[0] for line in self.run_cli('check', self.project)[1].splitlines()]
+        self.assertEqual(places, sorted(places), 'in the order of the files')
 
     def test_a_project_that_does_not_open_has_findings(self):
         (self.dir / 'res/ref_list_demo.txt').write_bytes(b'')
@@ -121,6 +124,7 @@ class IdsAgainst(DemoProject):
     def test_a_header_without_numbers_is_refused(self):
         self.assertEqual(self.against(())[0], 2)
         self.assertEqual(self.run_cli('ids', self.project, '--against', 'none.h')[0], 2)
+        self.assertIn('old.h: error: ', self.run_cli('check', self.project, '--header', 'old.h')[1])
 
 
 if __name__ == '__main__':

@@ -12,6 +12,7 @@
 #include "ProjectArea.h"
 #include "StringPositions.h"
 
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QStatusBar>
@@ -228,13 +229,16 @@ void FrameFindings::Step(int step)
     GoTo(row);
 }
 
-/// Makes a step that had to wait for findings. Not while the user edits something: the step would commit it.
+/// Makes a step that had to wait for findings. Not while the user edits something, which the step would commit, nor
+/// during a command of an IDE, nor below a box or a menu, which may be about what is selected now.
 void FrameFindings::TakePendingStep()
 {
     const ProjectCheck *const check = Check();
     if (pending == 0 || !check || (check->IsRunning() && pane.List().RowCount() == 0))
         return;
     const int step = std::exchange(pending, 0);
+    if (!host.IsEnabled(ACTION_NEXT_FINDING) || QApplication::activeModalWidget() || QApplication::activePopupWidget())
+        return;
     if (isEditing && isEditing())
         return Tell(CountsText(check->Counts()));
     Step(step);

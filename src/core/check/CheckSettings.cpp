@@ -8,6 +8,7 @@
 #include "Rules.h"
 #include "WaveHeader.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -174,12 +175,25 @@ QString ReadLimitKey(CheckSettings &settings, const QString &key, const QString 
     return {};
 }
 
+/// Returns whether a text has the form of a language's code: parts of 1 to 8 ASCII letters and digits.
+bool IsCode(const QString &text)
+{
+    for (const QString &part : text.split(u'-')) {
+        const auto isRight = [](QChar c) { return c.unicode() < 0x80 && c.isLetterOrNumber(); };
+        if (part.isEmpty() || part.size() > 8 || !std::all_of(part.begin(), part.end(), isRight))
+            return false;
+    }
+    return true;
+}
+
 QString ReadLanguageKey(CheckSettings &settings, const QString &key, const QString &value)
 {
     bool isNumber = false;
     const int number = key.toInt(&isNumber);
     if (!isNumber || number < 0 || number > 65534)
         return u"the key is the number of a language from 0 to 65534"_s;
+    if (!IsCode(value))
+        return u"\"%1\" isn't a BCP 47 code, such as de-AT"_s.arg(value);
     settings.codes[number] = value;
     return {};
 }
@@ -308,6 +322,8 @@ CheckSettings ReadCheckSettings(const QString &folder, std::vector<Finding> &fin
         if (!wrong.isEmpty())
             tell(u"section %1, key %2: %3"_s.arg(section, key, wrong), line);
     }
+    for (auto &[key, font] : settings.fonts)
+        font.line = profile.LineOf(u"Font", key);
     settings.sourceLine = profile.LineOf(u"Check", u"source");
     settings.budgetLine = profile.LineOf(u"Check", u"budget");
     return settings;

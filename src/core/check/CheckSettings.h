@@ -23,6 +23,7 @@ struct FontSetting
 {
     QString file;          ///< absolute path
     int size = 0;          ///< pixels
+    int line = 0;          ///< of the settings
     bool isShaped = false; ///< the device shapes texts; otherwise a width is the sum of the characters' widths
 };
 

@@ -136,6 +136,8 @@ void IdRenumbered(const CheckInput &input, RuleReport &report)
     (void)FillSorted(model.env, sorted); // the same numbers as a save gives
     IdNumbers old;
     old.Read(bytes);
+    if (old.All().empty())
+        report.Add({.file = input.oldHeader, .text = u"there is no line \"#define NAME NUMBER\" in it"_s});
     const auto add = [&](const IdComparison::Old &id, const QString &text) {
         const QString name = model.env.NarrowToWide(id.name);
         report.Add(

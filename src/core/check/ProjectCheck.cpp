@@ -150,8 +150,10 @@ void ProjectCheck::RowGoes(const CStringRes &head)
 
 void ProjectCheck::DropId(const NarrowText &id)
 {
-    if (others.Drop(id))
-        SetChanged();
+    if (!others.Drop(id))
+        return;
+    SetChanged();
+    CheckAgain(); // the ID may have been renamed, and so have its faults
 }
 
 void ProjectCheck::SetChanged()

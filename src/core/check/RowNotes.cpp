@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "RowNotes.h"
 
+#include "Rules.h"
+
 namespace
 {
 
@@ -61,11 +63,12 @@ RowNotes NotesOf(QStringView description)
     QStringView list = notes.words;
     QStringView word;
     while (TakeWord(list, word)) {
+        const QStringView ignored = IgnoredRule(word);
         const bool isKnown = ReadNumber(word, u"length", notes.length) || ReadNumber(word, u"width", notes.width) ||
-                             ReadNumber(word, u"lines", notes.lines) || !IgnoredRule(word).isEmpty() || word == u"same";
+                             ReadNumber(word, u"lines", notes.lines) || !ignored.isEmpty() || word == u"same";
         notes.isSame = notes.isSame || word == u"same";
         isNote = isNote || isKnown;
-        if (!isKnown && notes.unknown.isEmpty())
+        if ((!isKnown || (!ignored.isEmpty() && !FindRule(ignored))) && notes.unknown.isEmpty())
             notes.unknown = word;
     }
     return isNote ? notes : RowNotes();

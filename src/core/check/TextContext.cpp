@@ -57,7 +57,7 @@ void TextContext::OpenFonts()
         QString why;
         fonts[key] = OpenDeviceFont(font.file, font.size, font.isShaped, why);
         if (!why.isEmpty())
-            faults.push_back({"check-settings", Severity::Error, settings.file, 0, {}, why});
+            faults.push_back({"check-settings", Severity::Error, settings.file, font.line, {}, why});
     }
     const auto find = [this](const QString &key) {
         const auto font = fonts.find(key);
