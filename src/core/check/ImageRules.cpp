@@ -72,7 +72,10 @@ bool HaveMatchingSizes(const PictureHeader &a, ScreenSize screenA, const Picture
 void CompareSizes(const FileSurvey &survey, const ImageSet &set, RuleReport &report)
 {
     const std::vector<CheckedScreen> &screens = survey.Screens();
-    const auto isKnown = [&set](size_t place) { return set.byScreen[place] && set.byScreen[place]->HasPicture(); };
+    const auto isKnown = [&set](size_t place) {
+        const SurveyedFile *const file = set.byScreen[place];
+        return file && file->HasPicture() && file->picture.fault.isEmpty();
+    };
     const auto match = [&](size_t a, size_t b) {
         const SurveyedFile &from = *set.byScreen[a];
         const SurveyedFile &to = *set.byScreen[b];
