@@ -21,7 +21,7 @@ struct CheckBasis;
 /// The findings of an open project, which change while the project is edited: those of the rows of the string table at
 /// each change of a row, the others when the project is checked again. Does nothing, and needs no memory, until it is
 /// started. Changes neither the document nor files. Main thread only.
-class ProjectCheck : private ITreeListener
+class ProjectCheck final : private ITreeListener
 {
 public:
     /// The document must outlive this object. `countOfAlpha` may be null (CheckInput::countAlpha).
