@@ -11,10 +11,8 @@ bool RowFindings::Set(const CStringRes &head, std::vector<Finding> &&findings)
         counts.Add(*known, -1);
     if (findings.empty())
         byRow.erase(known);
-    else if (known != byRow.end())
-        *known = std::move(findings);
     else
-        byRow.insert(&head, std::move(findings));
+        byRow[&head] = std::move(findings);
     return true;
 }
 
