@@ -60,6 +60,8 @@ public:
 private:
     qsizetype LookThrough(QByteArrayView piece, bool isLast)
     {
+        if (piece.isEmpty()) // memchr must not get its null pointer
+            return 0;
         qsizetype at = 0;
         if (line == 1 && !isBegun) {
             isBegun = true;
