@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "CodePoints.h"
-#include "LanguageTable.h"
 #include "Session.h"
-#include "StringStats.h"
 #include "StringsSubcommands.h"
-
-#include <map>
-#include <set>
 
 namespace
 {
@@ -18,11 +13,7 @@ public:
     {
         CLI::App *subcommand = strings.add_subcommand("codepoints", "List the characters that the texts use");
         AddProject(*subcommand, project);
-        subcommand
-            ->add_option("--language", wantedLanguages,
-                         "Only this language, by name, number or code; can be repeated (default: all)")
-            ->type_name("LANGUAGE")
-            ->allow_extra_args(false);
+        AddProjectLanguages(*subcommand, wanted);
         AddChoice(*subcommand, "--format", format, "list|ranges|c",
                   "The form of the list: one character a line, ranges, or a table in C (default: list)");
         return subcommand;
@@ -37,23 +28,12 @@ public:
 private:
     int PrintCodePoints(Session &session, const CResDoc &document) const
     {
-        CodePoints points;
-        std::set<std::string> unknown(wantedLanguages.begin(), wantedLanguages.end());
-        int rows = 0;
-        std::map<qint32, std::string> codes;
-        for (const KnownLanguage &known : KnownLanguages(document.env))
-            codes[known.number] = known.code.toStdString();
-        for (const LanguageStats &language : StringStats(document, rows)) {
-            const size_t named = unknown.erase(language.name.toStdString()) +
-                                 unknown.erase(std::to_string(language.number)) + unknown.erase(codes[language.number]);
-            if (named > 0 || wantedLanguages.empty())
-                points.Add(CodePointsOf(document, language.number));
-        }
-        for (const std::string &language : unknown)
-            Complain(QStringLiteral("--language %1: the project has no such language")
-                         .arg(QString::fromStdString(language)));
-        if (!unknown.empty())
+        const auto languages = ChosenLanguages(document, wanted);
+        if (!languages)
             return EXIT_WRONG_USE;
+        CodePoints points;
+        for (const KnownLanguage &language : *languages)
+            points.Add(CodePointsOf(document, language.number));
         const CodePointFormat form = format == "c"        ? CodePointFormat::C
                                      : format == "ranges" ? CodePointFormat::Ranges
                                                           : CodePointFormat::List;
@@ -62,7 +42,7 @@ private:
     }
 
     std::string project;
-    std::vector<std::string> wantedLanguages;
+    std::vector<std::string> wanted;
     std::string format = "list";
 };
 

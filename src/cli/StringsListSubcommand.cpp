@@ -21,11 +21,7 @@ public:
     {
         CLI::App *subcommand = strings.add_subcommand("list", "List the texts of a project");
         AddProject(*subcommand, project);
-        subcommand
-            ->add_option("--language", wanted,
-                         "Only this language, by name, number or code; can be repeated (default: all)")
-            ->type_name("LANGUAGE")
-            ->allow_extra_args(false);
+        AddProjectLanguages(*subcommand, wanted);
         subcommand->add_flag("--missing", onlyMissing, "Only the texts that are missing");
         subcommand->add_flag("--json", json, JSON_HELP);
         return subcommand;
@@ -36,20 +32,13 @@ public:
         const CResDoc *const document = session.OpenQuietly(AbsolutePath(project));
         if (!document)
             return EXIT_FAILED;
-        const std::vector<KnownLanguage> all = ProjectLanguages(*document);
-        std::vector<KnownLanguage> languages = wanted.empty() ? all : std::vector<KnownLanguage>();
-        for (const std::string &typed : wanted) {
-            const KnownLanguage *const language = FindLanguage(all, QString::fromStdString(typed));
-            if (!language) {
-                Complain(WhyNotInProject(QString::fromStdString(typed), all));
-                return EXIT_WRONG_USE;
-            }
-            languages.push_back(*language);
-        }
+        const auto languages = ChosenLanguages(*document, wanted);
+        if (!languages)
+            return EXIT_WRONG_USE;
         if (json)
-            PrintJson(session, *document, languages);
+            PrintJson(session, *document, *languages);
         else
-            PrintLines(session, *document, languages);
+            PrintLines(session, *document, *languages);
         return session.StatusAfter(EXIT_FINE);
     }
 
@@ -142,6 +131,32 @@ private:
 std::unique_ptr<ISubcommand> MakeStringsListSubcommand()
 {
     return std::make_unique<StringsListSubcommand>();
+}
+
+void AddProjectLanguages(CLI::App &subcommand, std::vector<std::string> &wanted)
+{
+    subcommand
+        .add_option("--language", wanted, "Only this language, by name, number or code; can be repeated (default: all)")
+        ->type_name("LANGUAGE")
+        ->allow_extra_args(false);
+}
+
+std::optional<std::vector<KnownLanguage>> ChosenLanguages(const CResModel &model,
+                                                          const std::vector<std::string> &wanted)
+{
+    std::vector<KnownLanguage> all = ProjectLanguages(model);
+    if (wanted.empty())
+        return all;
+    std::vector<KnownLanguage> chosen;
+    for (const std::string &typed : wanted) {
+        const KnownLanguage *const language = FindLanguage(all, QString::fromStdString(typed));
+        if (!language) {
+            Complain(WhyNotInProject(QString::fromStdString(typed), all));
+            return std::nullopt;
+        }
+        chosen.push_back(*language);
+    }
+    return chosen;
 }
 
 QString WhyNotInProject(const QString &typed, const std::vector<KnownLanguage> &languages)

@@ -79,23 +79,6 @@ TEST(RowRules, FindRowsAndTranslationsThatAreRepeatedOrDiffer)
                 testing::Contains("2:0  2 tuvik.ini doesn't have this language [language-unknown]"));
 }
 
-/// In a code page other than UTF-8 the names of IDs are converted.
-TEST(RowRules, PlaceFindingsInRowsWhoseIdsAreNotAscii)
-{
-    TestProject project(R"(<APP id="APP_demo"><STRING>res\ref_list_demo.txt</STRING></APP>)");
-    ASSERT_TRUE(project.env->codePage.Select("936"));
-    project.folder.Put("demo/res/ref_list_demo.txt",
-                       StringFileBytes("Number of Language|1\nString ID|Resource Type|Description|English(0)\n"
-                                       "ID_A|Normal||Open\nID_名|Normal||Open\n##number|2\n"));
-    project.folder.Put("bin/tuvik.ini", "[Language]\nEnglish=0\n");
-    CResDoc *const document = project.Open();
-    ASSERT_NE(document, nullptr);
-    const CheckSettings settings;
-    const TextContext texts(*document, settings);
-    EXPECT_THAT(Listed(CheckProject({*document, settings, texts, {}, {}, {}})),
-                testing::Contains("4:1 ID_名 -1 ID_A has the same texts [duplicate-text]"));
-}
-
 /// The code decides how the marks of a language are compared.
 TEST(LanguageCodes, ComeFromTheProgramsTable)
 {

@@ -168,7 +168,7 @@ void FrameBars::Restore()
     }
     toolboxBar->hide(); // it is shown only with layouts
     if (env.settings.Int(FINDINGS_SECTION, FINDINGS_KEY, 0) != 0)
-        ShowFindings(false); // what is told at the start is in the output
+        ShowFindings(false); // the messages of the start are in the output
 }
 
 QList<ProfileEntry> FrameBars::State() const
