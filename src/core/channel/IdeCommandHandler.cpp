@@ -265,6 +265,7 @@ int IdeCommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &recor
     parameters->depfile = packDepfile;
     parameters->headers = packHeaders;
     parameters->budget = packBudget;
+    parameters->options = PackOptionsOf(doc.env.settings);
     parameters->projectFiles = doc.ProjectFiles();
     if (const QStringList missing = MissingLayouts(doc); !missing.isEmpty()) {
         for (const QString &reason : missing)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "PackOptions.h"
 #include "Text.h"
 
 #include <QStringList>
@@ -36,6 +37,7 @@ struct packinfo
     QString depfile;
     QString temp;       ///< a folder for the pack's own temporary files; empty: beside the sources
     quint64 budget = 0; ///< the most bytes that the payload may have; 0: no limit
+    PackOptions options;
 };
 
 /// Turns a project's resources into one payload and attaches it to the application file.

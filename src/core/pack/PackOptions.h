@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+class Settings;
+
+/// How a pack works. All but `sorted` change only how long it takes: the files that it makes are the same.
+struct PackOptions
+{
+    bool once = false; ///< make the side file from the bytes of the section where they are the same by definition
+    int jobs = 1;      ///< converters that run at a time, 1 to 64
+    QString cache;     ///< a folder for converted pictures; empty: none
+    quint64 cacheLimit = quint64(1) << 30; ///< the most bytes that the files in `cache` have
+    bool sorted = false;                   ///< the tables of the payload are in ascending order of their keys
+};
+
+/// The keys of the section "Pack" of the settings. A number out of its range becomes the nearest one in it.
+[[nodiscard]] PackOptions PackOptionsOf(const Settings &settings);
