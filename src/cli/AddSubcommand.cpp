@@ -59,9 +59,13 @@ public:
         const int status = isChanged ? edit.Save() : session.StatusAfter(EXIT_FINE);
         if (document->lastSave.write != 0)
             copies.TakeBack();
-        else if (status == EXIT_FINE)
-            session.report.Write(lines);
-        return status;
+        if (status != EXIT_FINE)
+            return status;
+        session.report.Write(lines);
+        session.report.Flush();
+        for (const QString &note : notes)
+            Complain(note);
+        return EXIT_FINE;
     }
 
 private:
@@ -117,6 +121,11 @@ private:
         if (code != FILE_EDIT_DONE)
             return code == FILE_WRONG_TYPE && screen ? u"this isn't a picture, and --resolution is only for pictures"_s
                                                      : FileEditMessage(code);
+        const QString name = document.env.NarrowToWide(made->Id()->name);
+        if (const QString wanted = document.DefaultFileId(*made->Folder(), path); id.empty() && name != wanted)
+            notes.append(
+                u"%1: the ID %2 is taken, so this file has %3; --id gives another ID to a file that is added alone"_s
+                    .arg(path, wanted, name));
         if (!id.empty() && !made->Rename(document.ids, document.env.WideToNarrow(QString::fromStdString(id))))
             return FileEditMessage(FILE_ID_TAKEN);
         if (isPush) {
@@ -189,6 +198,7 @@ private:
     std::optional<ScreenSize> screen;
     NewFiles copies;
     QString lines;
+    QStringList notes; // about IDs that the user may not expect
     bool isChanged = false;
 };
 

@@ -26,7 +26,7 @@ const char *KindOf(const std::string &placeholder)
         {"", "none"},           {"PROJECT", "project"},  {"FILE", "file"}, {"DIR", "folder"},
         {"WxH", "resolution"},  {"ENTRY", "kept-entry"}, {"RULE", "rule"}, {"LANGUAGE", "language"},
         {"CODE", "code"},       {"BASE", "file"},        {"OURS", "file"}, {"THEIRS", "file"},
-        {"COMMAND", "command"}, {"FILE_B", "file"},
+        {"COMMAND", "command"}, {"FILE_B", "file"},      {"ID", "id"},
     };
     const auto *const known = std::find_if(std::begin(KINDS), std::end(KINDS),
                                            [&](const auto &one) { return placeholder == one.placeholder; });
@@ -75,9 +75,9 @@ std::vector<const CLI::App *> CommandsOf(const CLI::App &app)
     return app.get_subcommands([](const CLI::App *command) { return !command->get_group().empty(); });
 }
 
-bool IsForAllCommands(const CLI::Option &option)
+bool IsForAllCommands(const CLI::App &program, const CLI::Option &option)
 {
-    return !PlaceholderOf(option).empty();
+    return &option != program.get_help_ptr() && &option != program.get_version_ptr();
 }
 
 } // namespace CommandLine

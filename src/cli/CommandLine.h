@@ -12,7 +12,7 @@ namespace CommandLine
 [[nodiscard]] std::string PlaceholderOf(const CLI::Option &option);
 
 /// The kind of value that a placeholder is for: "project", "file", "folder", "resolution", "kept-entry", "rule",
-/// "language", "command", "choice", "text"; "none" for an empty placeholder.
+/// "language", "id", "command", "choice", "text"; "none" for an empty placeholder.
 [[nodiscard]] const char *KindOf(const std::string &placeholder);
 
 /// The values of a placeholder such as "axf|dll"; empty if it isn't a choice.
@@ -33,7 +33,7 @@ namespace CommandLine
 /// The commands that the help shows, in its order.
 [[nodiscard]] std::vector<const CLI::App *> CommandsOf(const CLI::App &app);
 
-/// True for an option of the program that every command takes too: one with a value.
-[[nodiscard]] bool IsForAllCommands(const CLI::Option &option);
+/// True for an option of the program that every command takes too: all but --help and --version.
+[[nodiscard]] bool IsForAllCommands(const CLI::App &program, const CLI::Option &option);
 
 } // namespace CommandLine

@@ -3,15 +3,17 @@
 
 #include "CommandLine.h"
 #include "Explanations.h"
+#include "HostFiles.h"
 #include "KeptFiles.h"
-#include "LanguageTable.h"
+#include "LanguageChoice.h"
+#include "Paths.h"
+#include "ProjectContext.h"
 #include "Rules.h"
 #include "Session.h"
+#include "TextForm.h"
 
 namespace
 {
-
-using Values = std::map<std::string, std::string>;
 
 constexpr char WORDS[] = "words\n";
 
@@ -25,7 +27,7 @@ std::string Line(const std::string &candidate, const std::string &description)
     return candidate + (description.empty() ? "" : "\t" + description) + '\n';
 }
 
-std::string ScreenSizes(Session &session, const Values &)
+std::string ScreenSizes(Session &session, const CommandLineWalk &, const CLI::Option &)
 {
     std::string lines;
     session.tables.LoadOnce(session.env);
@@ -35,18 +37,69 @@ std::string ScreenSizes(Session &session, const Values &)
     return lines;
 }
 
-std::string KeptEntries(Session &, const Values &values)
+/// Returns the absolute path of the project on the line; empty if there is none yet.
+QString ProjectOf(const CommandLineWalk &walk)
+{
+    const auto project = walk.Values().find("PROJECT");
+    return project == walk.Values().end() ? QString() : AbsolutePath(project->second);
+}
+
+std::string KeptEntries(Session &, const CommandLineWalk &walk, const CLI::Option &)
 {
     std::string lines;
-    const auto project = values.find("PROJECT");
-    if (project != values.end()) {
-        for (const KeptFiles::Entry &entry : KeptFiles(AbsolutePath(project->second)).Entries())
+    if (const QString project = ProjectOf(walk); !project.isEmpty()) {
+        for (const KeptFiles::Entry &entry : KeptFiles(project).Entries())
             lines += Line(std::to_string(entry.number), entry.time.toString(Qt::ISODate).toStdString());
     }
     return lines;
 }
 
-std::string RuleIds(Session &, const Values &)
+/// Returns the lines of the project's string file, each with its fields. The project isn't opened, since that would
+/// finish a save that was interrupted.
+std::vector<QStringList> StringFileLines(Session &session, const CommandLineWalk &walk)
+{
+    std::vector<QStringList> lines;
+    Environment env(session.env);
+    const QString project = ProjectOf(walk);
+    if (project.isEmpty() || !env.UseProjectSettings(DirectoryOf(project)))
+        return lines;
+    const ProjectPaths paths(project, env);
+    QByteArray bytes;
+    if (ReadFile(paths.Absolute(paths.StringPath()), bytes) != 0)
+        return lines;
+    for (const QString &line : QString::fromUtf8(ReadableText(bytes)).split(u'\n'))
+        lines.push_back(line.split(u'\t'));
+    return lines;
+}
+
+constexpr size_t HEADER = 1;        // the line of a string file with the languages
+constexpr qsizetype FIRST_TEXT = 3; // the column of its first language
+
+std::vector<KnownLanguage> LanguagesOfProject(Session &session, const CommandLineWalk &walk)
+{
+    std::vector<KnownLanguage> languages;
+    const std::vector<KnownLanguage> known = KnownLanguages(session.env);
+    const std::vector<QStringList> lines = StringFileLines(session, walk);
+    for (qsizetype i = FIRST_TEXT; lines.size() > HEADER && i < lines[HEADER].size(); ++i) {
+        QString name = lines[HEADER][i];
+        const int number = ParseLanguageHeader(session.env, name);
+        const KnownLanguage *const same = FindLanguage(known, QString::number(number));
+        languages.push_back({name, number, same ? same->code : QString()});
+    }
+    return languages;
+}
+
+std::string StringIds(Session &session, const CommandLineWalk &walk, const CLI::Option &option)
+{
+    std::string candidates;
+    const std::vector<QStringList> lines = StringFileLines(session, walk);
+    // The value of an option is a new ID. The last two lines are "##number" and an empty one.
+    for (size_t i = HEADER + 1; option.get_positional() && i + 2 < lines.size(); ++i)
+        candidates += Line(lines[i].front().toStdString(), lines[i].value(FIRST_TEXT).toStdString());
+    return candidates;
+}
+
+std::string RuleIds(Session &, const CommandLineWalk &, const CLI::Option &)
 {
     std::string lines;
     for (const Rule &rule : AllRules())
@@ -54,7 +107,7 @@ std::string RuleIds(Session &, const Values &)
     return lines;
 }
 
-std::string Codes(Session &, const Values &)
+std::string Codes(Session &, const CommandLineWalk &, const CLI::Option &)
 {
     std::string lines;
     for (const Explanation &one : AllExplanations())
@@ -62,11 +115,18 @@ std::string Codes(Session &, const Values &)
     return lines;
 }
 
-std::string LanguageNames(Session &session, const Values &)
+/// Lists the languages of the project on the line. An argument names new languages: those that the project lacks.
+std::string LanguageNames(Session &session, const CommandLineWalk &walk, const CLI::Option &option)
 {
+    const std::vector<KnownLanguage> own = LanguagesOfProject(session, walk);
+    const bool isNew = option.get_positional();
     std::string lines;
-    for (const KnownLanguage &known : KnownLanguages(session.env))
-        lines += Line(known.name.toStdString(), known.code.toStdString());
+    for (const KnownLanguage &language : isNew || own.empty() ? KnownLanguages(session.env) : own) {
+        if (!isNew || !FindLanguage(own, QString::number(language.number)))
+            lines += Line(language.name.toStdString(), language.code.toStdString());
+    }
+    if (walk.Command().get_name() == "export" && option.check_lname("language"))
+        lines += Line("none", "a template without translations");
     return lines;
 }
 
@@ -74,10 +134,10 @@ std::string LanguageNames(Session &session, const Values &)
 constexpr struct
 {
     std::string_view kind;
-    std::string (*list)(Session &session, const Values &values);
+    std::string (*list)(Session &session, const CommandLineWalk &walk, const CLI::Option &option);
 } SOURCES[] = {
     {"resolution", ScreenSizes}, {"kept-entry", KeptEntries}, {"rule", RuleIds}, {"code", Codes},
-    {"language", LanguageNames},
+    {"language", LanguageNames}, {"id", StringIds},
 };
 
 } // namespace
@@ -155,7 +215,7 @@ std::string CommandLineCompletion::ListValues(const CLI::Option &option) const
         const auto settings = walk.Values().find("settings");
         const std::string folder = settings == walk.Values().end() ? std::string() : settings->second;
         Session session(QString(), AbsolutePath(folder));
-        lines += source.list(session, walk.Values());
+        lines += source.list(session, walk, option);
     }
     return lines;
 }

@@ -51,7 +51,7 @@ void CommandLineDescription::WriteContent(const CLI::App &app)
     json.Key("options");
     json.BeginArray();
     for (const CLI::Option *option : CommandLine::OptionsOf(app))
-        WriteOption(*option, app.get_parent() == nullptr);
+        WriteOption(*option, !app.get_parent() && CommandLine::IsForAllCommands(app, *option));
     json.EndArray();
     json.Key("commands");
     json.BeginArray();
@@ -72,7 +72,7 @@ void CommandLineDescription::WriteArgument(const CLI::Option &argument)
     json.EndObject();
 }
 
-void CommandLineDescription::WriteOption(const CLI::Option &option, bool ofProgram)
+void CommandLineDescription::WriteOption(const CLI::Option &option, bool isForAll)
 {
     json.BeginObject();
     List("names", CommandLine::NamesOf(option));
@@ -82,7 +82,7 @@ void CommandLineDescription::WriteOption(const CLI::Option &option, bool ofProgr
     Text("environment", option.get_envname());
     List("needs", FirstNames(option.get_needs()));
     List("excludes", FirstNames(option.get_excludes()));
-    Flag("for_all_commands", ofProgram && CommandLine::IsForAllCommands(option));
+    Flag("for_all_commands", isForAll);
     json.EndObject();
 }
 

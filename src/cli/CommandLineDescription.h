@@ -19,7 +19,7 @@ private:
     void WriteProgram(const CLI::App &program);
     void WriteContent(const CLI::App &app);
     void WriteArgument(const CLI::Option &argument);
-    void WriteOption(const CLI::Option &option, bool ofProgram);
+    void WriteOption(const CLI::Option &option, bool isForAll);
     void WriteValue(const CLI::Option &option);
 
     void Text(const char *key, const std::string &value);

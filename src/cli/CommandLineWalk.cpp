@@ -128,7 +128,7 @@ std::vector<const CLI::Option *> CommandLineWalk::AllOptions() const
     std::vector<const CLI::Option *> options = CommandLine::OptionsOf(*app);
     if (app != &root) {
         for (const CLI::Option *option : CommandLine::OptionsOf(root)) {
-            if (CommandLine::IsForAllCommands(*option))
+            if (CommandLine::IsForAllCommands(root, *option))
                 options.push_back(option);
         }
     }

@@ -131,12 +131,12 @@ private:
             const QByteArray value = end.output.trimmed();
             const bool isThere = end.status == 0 && value.endsWith(setting.words);
             if (!isThere)
-                session.report.Write(
+                session.report.Print(
                     u"missing\t%1\trun \"morvanite-cli git install\"\n"_s.arg(QLatin1String(setting.key)));
             const bool isFound = !setting.isCommand || !value.startsWith(PROGRAM) ||
                                  !QStandardPaths::findExecutable(QString::fromLatin1(PROGRAM)).isEmpty();
             if (isThere && !isFound)
-                session.report.Write(
+                session.report.Print(
                     u"missing\t%1\tPATH doesn't lead to morvanite-cli\n"_s.arg(QLatin1String(setting.key)));
             isComplete = isComplete && isThere && isFound;
         }
@@ -167,9 +167,10 @@ private:
         bool isComplete = true;
         for (auto &[file, attributes] : files) {
             const QString fault = file.endsWith(".xml") ? ListFault(attributes) : StringFileFault(attributes);
-            session.report.Write(fault.isEmpty()
-                                     ? u"fine\t%1\n"_s.arg(QString::fromUtf8(file))
-                                     : u"missing\t%1\t%2 in .gitattributes\n"_s.arg(QString::fromUtf8(file), fault));
+            if (fault.isEmpty())
+                session.report.Write(u"fine\t%1\n"_s.arg(QString::fromUtf8(file)));
+            else
+                session.report.Print(u"missing\t%1\t%2 in .gitattributes\n"_s.arg(QString::fromUtf8(file), fault));
             isComplete = isComplete && fault.isEmpty();
         }
         return isComplete;

@@ -4,6 +4,8 @@
 #include "HostFiles.h"
 #include "OpeningReport.h"
 #include "Paths.h"
+#include "ProjectContext.h"
+#include "ProjectFile.h"
 #include "ProjectSave.h"
 #include "Subcommands.h"
 
@@ -65,8 +67,13 @@ private:
         Environment env(session.env);
         if (!env.UseProjectSettings(DirectoryOf(path)))
             return EXIT_FAILED;
+        const QString why = WhyNotProjectFile(path);
+        if (!why.isEmpty() && !PathExists(ProjectPaths(path, env).ConfigPath())) {
+            Complain(why);
+            return EXIT_FAILED;
+        }
         for (const QString &name : HeaderFolder::NamesBySettings(env))
-            session.report.Write(name + u'\n');
+            session.report.Print(name + u'\n');
         return EXIT_FINE;
     }
 

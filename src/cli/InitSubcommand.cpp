@@ -3,6 +3,7 @@
 #include "ListedSize.h"
 #include "NewProject.h"
 #include "Paths.h"
+#include "ProjectFile.h"
 #include "Session.h"
 #include "Subcommands.h"
 
@@ -60,6 +61,7 @@ public:
             Complain(problem);
             return EXIT_FAILED;
         }
+        const QString neighbour = WarnOfNeighbour(PathOfNewProject(choice));
         const QStringList missing = files->Missing();
         const QStringList existing = files->Existing();
         problem = dryRun ? files->Obstacle() : files->Make();
@@ -68,6 +70,9 @@ public:
             return EXIT_FAILED;
         }
         Print(session, choice, missing, existing);
+        session.report.Flush();
+        if (!neighbour.isEmpty())
+            Complain(neighbour);
         return EXIT_FINE;
     }
 

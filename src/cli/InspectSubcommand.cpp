@@ -115,10 +115,11 @@ private:
         return wrong.isEmpty();
     }
 
-    [[nodiscard]] int NothingSelected() const
+    /// `inspected` is the file or files, and `place` the word for them.
+    [[nodiscard]] int NothingSelected(const QString &inspected, QStringView place = u"it") const
     {
-        Complain(QStringLiteral("%1: there is no item, entry or language \"%2\" in it")
-                     .arg(QString::fromStdString(file), QString::fromStdString(only)));
+        Complain(QStringLiteral("%1: there is no item, entry or language \"%2\" in %3")
+                     .arg(inspected, QString::fromStdString(only), place));
         return EXIT_FAILED;
     }
 
@@ -133,7 +134,7 @@ private:
     {
         InspectResult &result = inspected.result;
         if (inspected.selection && !inspected.selection->KeepOnly(session.env, result))
-            return NothingSelected();
+            return NothingSelected(QString::fromStdString(file));
         std::vector<QByteArray> written;
         if (!extractTo.isEmpty()) {
             const QString wrong = ExtractAll(session.env, result, extractTo, written);
@@ -148,7 +149,7 @@ private:
             WriteListing(session, InspectText(session.env, result, inspected.names));
         else
             for (const QByteArray &name : written)
-                session.report.WriteBytes(QByteArray::fromStdString(folder) + '/' + name + '\n');
+                session.report.Write(QString::fromStdString(folder) + u'/' + QString::fromUtf8(name) + u'\n');
         return EXIT_FINE;
     }
 
@@ -158,7 +159,7 @@ private:
         const PackSelection *const selection = inspected.selection ? &*inspected.selection : nullptr;
         const std::vector<SizedPart> sizes = SizesOf(parts, inspected.names, selection);
         if (sizes.empty())
-            return NothingSelected();
+            return NothingSelected(QString::fromStdString(file));
         const quint64 payload = inspected.result.payloadSize;
         if (json)
             session.report.WriteBytes(SizesJson(sizes, payload, inspected.names));
@@ -169,23 +170,22 @@ private:
 
     int Compare(Session &session, const InspectedFile &a, const InspectedFile &b) const
     {
-        const auto partsOf = [&](const InspectedFile &inspected) {
-            std::vector<PackedPart> parts = PartsOf(session.env, inspected.result);
-            if (inspected.selection)
-                std::erase_if(parts, [&](const PackedPart &part) { return !inspected.selection->Has(part); });
-            return parts;
-        };
-        const std::vector<PackedPart> before = partsOf(a);
-        const std::vector<PackedPart> after = partsOf(b);
-        if (before.empty() && after.empty())
-            return NothingSelected();
+        const std::vector<PackedPart> before = PartsOf(session.env, a.result);
+        const std::vector<PackedPart> after = PartsOf(session.env, b.result);
         const std::vector<DiffRow> rows = ComparePacks(before, a.names, after, b.names);
-        const ComparedPacks compared{before, a.names, after, b.names, rows};
+        ComparedPacks compared{before, a.names, after, b.names, rows};
+        SelectedDiff selected;
+        if (a.selection) {
+            selected = SelectRows(rows, before, *a.selection, after, *b.selection);
+            if (selected.isEmpty)
+                return NothingSelected(QString::fromStdString(file + " and " + fileB), u"them");
+            compared.selected = &selected;
+        }
         if (json)
             session.report.WriteBytes(DiffJson(compared));
         else
             WriteListing(session, DiffText(compared));
-        return rows.empty() ? EXIT_FINE : EXIT_FAILED;
+        return (a.selection ? selected.rows : rows).empty() ? EXIT_FINE : EXIT_FAILED;
     }
 
     std::string file;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "KeptFiles.h"
+#include "ProjectFile.h"
 #include "Session.h"
 #include "Subcommands.h"
 
@@ -22,16 +23,22 @@ public:
 
     int Run(Session &session) override
     {
-        const KeptFiles kept(AbsolutePath(project));
-        return number > 0 ? Restore(session, kept) : List(session, kept);
+        const QString path = AbsolutePath(project);
+        const KeptFiles kept(path);
+        return number > 0 ? Restore(session, kept) : List(session, kept, path);
     }
 
 private:
-    static int List(Session &session, const KeptFiles &kept)
+    static int List(Session &session, const KeptFiles &kept, const QString &path)
     {
-        for (const KeptFiles::Entry &entry : kept.Entries()) {
+        const std::vector<KeptFiles::Entry> entries = kept.Entries();
+        if (const QString why = WhyNotProjectFile(path); entries.empty() && !why.isEmpty()) {
+            Complain(why);
+            return EXIT_FAILED;
+        }
+        for (const KeptFiles::Entry &entry : entries) {
             for (const QString &file : entry.files) {
-                session.report.Write(
+                session.report.Print(
                     QStringLiteral("%1\t%2\t%3\n").arg(entry.number).arg(entry.time.toString(Qt::ISODate), file));
             }
         }

@@ -15,7 +15,6 @@ public:
         CLI::App *subcommand = app.add_subcommand("load", "Open a project and report its errors");
         AddProject(*subcommand, project);
         CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
-        AddQuiet(*subcommand, quiet);
         subcommand->add_flag("--strict", strict, STRICT_HELP)->excludes(remoteOption);
         return subcommand;
     }
@@ -23,7 +22,6 @@ public:
     int Run(Session &session) override
     {
         const CommandRecord record{AbsolutePath(project)};
-        session.report.hasOnlyProblems = quiet;
         if (remote)
             return RunRemotely(session, IDE_COMMAND_LOAD, record);
         if (strict && HasInterruptedSave(session.env, record.projectPath))
@@ -36,7 +34,6 @@ public:
 private:
     std::string project;
     bool remote = false;
-    bool quiet = false;
     bool strict = false;
 };
 

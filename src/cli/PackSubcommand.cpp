@@ -67,7 +67,6 @@ public:
             "--dry-run", dryRun, "Write nothing, and print the sizes and everything that would make the pack fail");
         dryRunOption->excludes(depfileOption);
         CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
-        AddQuiet(*subcommand, quiet);
         for (CLI::Option *option :
              {depfileOption, strictOption, tempOption, headersOption, pseudoOption, budgetOption, dryRunOption})
             remoteOption->excludes(option);
@@ -86,7 +85,6 @@ public:
         request.targetKind = QString::fromStdString(target);
         request.imageConvert = convertImages;
         request.version = version;
-        session.report.hasOnlyProblems = quiet;
         if (remote)
             return RunRemotely(session, request);
         // Opening would finish a save that was interrupted.
@@ -106,7 +104,7 @@ public:
         }
         session.handler.beforePack = [&](CResDoc &document) { return MayPack(session, document); };
         session.handler.Pack(request);
-        const int status = session.LastStatus();
+        const int status = hasWrongWord ? int(EXIT_WRONG_USE) : session.LastStatus();
         if (strict && session.handler.LastError() == int(ReportCode::NoDocument))
             (void)TellOfOpening(session, request.projectPath, nullptr, true);
         if (const int code = session.handler.LastError())
@@ -136,7 +134,7 @@ private:
         return bytes || refuse("--budget", budget, "a number of bytes, or of units such as in 512K or 2M");
     }
 
-    int TryToPack(Session &session, const PackCommandRecord &request) const
+    int TryToPack(Session &session, const PackCommandRecord &request)
     {
         CResDoc *const document = session.OpenQuietly(request.projectPath);
         if (!document) {
@@ -145,6 +143,8 @@ private:
             return EXIT_FAILED;
         }
         const bool isWhole = MayPack(session, *document);
+        if (hasWrongWord)
+            return EXIT_WRONG_USE;
         PackTrial trial;
         trial.sizes = ConvertedSizes();
         session.handler.TryPack(*document, request, trial);
@@ -158,7 +158,7 @@ private:
     }
 
     /// Reports what is wrong with the opened project or with the requested pack. Returns true if it may be packed.
-    [[nodiscard]] bool MayPack(Session &session, CResDoc &document) const
+    [[nodiscard]] bool MayPack(Session &session, CResDoc &document)
     {
         const QString &path = document.PathName();
         bool isWhole = !strict || TellOfOpening(session, path, &document, true);
@@ -174,9 +174,11 @@ private:
     }
 
     /// Changes the texts in memory only: the document is packed and not saved.
-    [[nodiscard]] bool UsePseudoTexts(Session &session, CResDoc &document) const
+    [[nodiscard]] bool UsePseudoTexts(Session &session, CResDoc &document)
     {
-        const QString wrong = TranslateToPseudo(document, QString::fromStdString(pseudo));
+        bool isKnown = true;
+        const QString wrong = TranslateToPseudo(document, QString::fromStdString(pseudo), isKnown);
+        hasWrongWord = !isKnown;
         if (!wrong.isEmpty())
             session.env.ExplainFailure(QStringLiteral("--pseudo: ") + wrong);
         return wrong.isEmpty();
@@ -207,11 +209,11 @@ private:
     int convertImages = 0;
     int version = 0;
     bool remote = false;
-    bool quiet = false;
     bool strict = false;
     bool dryRun = false;
     std::string budget;
-    quint64 budgetBytes = 0; // 0: none
+    quint64 budgetBytes = 0;   // 0: none
+    bool hasWrongWord = false; // which only the opened project shows
 };
 
 } // namespace

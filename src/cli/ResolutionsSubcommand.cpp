@@ -18,7 +18,7 @@ public:
         session.tables.LoadOnce(session.env);
         const CResoTable &sizes = session.tables.resolutions;
         for (int i = 0; i < sizes.Count(); ++i)
-            session.report.Write(QStringLiteral("%1x%2\n").arg(sizes.At(i).width).arg(sizes.At(i).height));
+            session.report.Print(QStringLiteral("%1x%2\n").arg(sizes.At(i).width).arg(sizes.At(i).height));
         return EXIT_FINE;
     }
 };

@@ -15,7 +15,6 @@ public:
         CLI::App *subcommand = app.add_subcommand("save", "Number a project's IDs and save its headers and files");
         AddProject(*subcommand, project);
         CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
-        AddQuiet(*subcommand, quiet);
         subcommand->add_flag("--strict", strict, STRICT_HELP)->excludes(remoteOption);
         return subcommand;
     }
@@ -24,7 +23,6 @@ public:
     {
         const QString path = AbsolutePath(project);
         const CommandRecord record{path};
-        session.report.hasOnlyProblems = quiet;
         if (remote)
             return RunRemotely(session, IDE_COMMAND_SAVE, record);
         if (!session.LockProject(path) || (strict && HasInterruptedSave(session.env, path)))
@@ -45,7 +43,6 @@ public:
 private:
     std::string project;
     bool remote = false;
-    bool quiet = false;
     bool strict = false;
 };
 

@@ -43,12 +43,14 @@ QString AbsolutePath(const std::string &typed)
     return CanonicalPath(CurrentFolder() + u'/' + path);
 }
 
-Session::Session(const QString &debugLogName, const QString &configFolder)
+Session::Session(const QString &debugLogName, const QString &configFolder, bool verbose)
     : env(Environment::FindProgramDir(), configFolder),
       documents([this] { return std::make_unique<CResDoc>(env, tables, services); }), report(STDOUT_FILENO),
-      handler(env, documents, report)
+      handler(env, documents, report), isVerbose(verbose)
 {
     OpenDebugLog(debugLogName);
+    if (isVerbose)
+        TellFilesOfProgram();
     if (env.codePageUnknown) {
         Complain(QStringLiteral("Morvanite.ini: there is no code page \"%1\" (section Text, key code_page)")
                      .arg(env.settings.String("Text", "code_page")));
@@ -64,12 +66,13 @@ Session::Session(const QString &debugLogName, const QString &configFolder)
 
 void Session::OpenDebugLog(const QString &name)
 {
-    if (name.isEmpty())
+    const bool isErrors = isVerbose || name == u"-";
+    const bool isFile = !name.isEmpty() && name != u"-";
+    if (!isErrors && !isFile)
         return;
-    const bool isErrors = name == u"-";
-    if (!isErrors)
+    if (isFile)
         debugLog = FileHandle(open(name.toUtf8().constData(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666));
-    if (!isErrors && !debugLog.IsOpen()) {
+    if (isFile && !debugLog.IsOpen()) {
         Complain(QStringLiteral("cannot open the debug log %1: %2").arg(name, QString::fromLocal8Bit(strerror(errno))));
         _exit(FinalStatus(EXIT_WRONG_USE));
     }
@@ -79,9 +82,17 @@ void Session::OpenDebugLog(const QString &name)
             line += '\n';
         if (isErrors)
             (void)!write(STDERR_FILENO, line.constData(), size_t(line.size()));
-        else
+        if (debugLog.IsOpen())
             (void)debugLog.WriteAll(line.constData(), size_t(line.size()));
     };
+}
+
+void Session::TellFilesOfProgram() const
+{
+    Complain(QStringLiteral("the folder of the program is %1").arg(env.ProgramDir()));
+    for (const QString &file : env.SettingsFiles())
+        Complain((PathExists(file) ? QStringLiteral("uses %1") : QStringLiteral("would use %1, which doesn't exist"))
+                     .arg(file));
 }
 
 int Session::LastStatus() const
@@ -110,7 +121,7 @@ CResDoc *Session::OpenQuietly(const QString &project)
     env.explain = explain;
     handler.idleOutput = idleOutput;
     const bool hasFailed = StatusAfter(EXIT_FINE) != EXIT_FINE;
-    if (!document || hasFailed || env.ErrorCount + env.WarningCount > 0)
+    if (isVerbose || !document || hasFailed || env.ErrorCount + env.WarningCount > 0)
         StandardOutput(STDERR_FILENO).Write(lines);
     for (const QString &text : explained)
         Complain(text);

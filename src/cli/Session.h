@@ -13,8 +13,9 @@ class Session
 {
 public:
     /// `debugLogName` is the file of the developer's log; empty: none, "-": standard error. `configFolder` replaces the
-    /// user's configuration folder unless it is empty.
-    Session(const QString &debugLogName, const QString &configFolder);
+    /// user's configuration folder unless it is empty. With `verbose`, standard error has the developer's log too,
+    /// the files of the program that are used, and the report of each load.
+    Session(const QString &debugLogName, const QString &configFolder, bool verbose = false);
 
     Environment env;
     ProcessTables tables;
@@ -39,12 +40,14 @@ public:
     [[nodiscard]] bool LockProject(const QString &project);
 
     /// Opens a project. Returns null if that fails. The report of the load goes to standard error if it has an error or
-    /// a warning; otherwise it is discarded.
+    /// a warning, or the user wants to see each step; otherwise it is discarded.
     CResDoc *OpenQuietly(const QString &project);
 
 private:
     void OpenDebugLog(const QString &name);
+    void TellFilesOfProgram() const;
 
+    bool isVerbose;
     ProjectLock lock;
     bool hasFailures = false; // true if any operation so far had a failure
 };

@@ -47,24 +47,19 @@ bool StandardOutput::Open()
 
 void StandardOutput::Write(QStringView text)
 {
-    WriteBytes(text.toUtf8());
-}
-
-void StandardOutput::WriteBytes(QByteArrayView bytes)
-{
     if (!hasOnlyProblems)
-        return Hold(bytes);
-    begun.append(bytes);
+        return WriteBytes(text.toUtf8());
+    begun.append(text.toUtf8());
     qsizetype from = 0;
     for (qsizetype end; (end = begun.indexOf('\n', from)) >= 0; from = end + 1) {
         const QByteArrayView line = QByteArrayView(begun).sliced(from, end + 1 - from);
         if (IsProblem(line))
-            Hold(line);
+            WriteBytes(line);
     }
     begun.remove(0, from);
 }
 
-void StandardOutput::Hold(QByteArrayView bytes)
+void StandardOutput::WriteBytes(QByteArrayView bytes)
 {
     if (broken)
         return;

@@ -3,7 +3,7 @@
 
 #include "IdeCommandHandler.h"
 
-/// Writes a report to a stream of the process, as UTF-8. Text for a closed stream is silently dropped.
+/// Writes to a stream of the process, as UTF-8. Text for a closed stream is silently dropped.
 class StandardOutput final : public IReportPipe
 {
 public:
@@ -12,19 +12,21 @@ public:
 
     bool Open() override;
     [[nodiscard]] bool IsOpen() const override { return open; }
+    /// Writes a part of a report, which says what a command does. With hasOnlyProblems, only whole lines are written.
     void Write(QStringView text) override;
+    /// Writes what the user has asked for, such as a list. hasOnlyProblems doesn't matter.
+    void Print(QStringView text) { WriteBytes(text.toUtf8()); }
+    /// The same for text that is UTF-8 already.
     void WriteBytes(QByteArrayView bytes);
     void Flush() override;
     void Close() override;
-    /// Whether lines of a report that are neither an error nor a warning are left out.
+    /// Leaves out the lines of a report that are neither an error nor a warning.
     bool hasOnlyProblems = false;
 
     /// True if some of the text couldn't be written.
     [[nodiscard]] bool IsBroken() const { return broken; }
 
 private:
-    void Hold(QByteArrayView bytes);
-
     int fd;
     bool open = false;
     bool broken = false;

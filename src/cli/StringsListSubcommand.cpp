@@ -75,7 +75,7 @@ private:
         ForEachRow(document, languages, [&](const CStringRes &head, const std::vector<Text> &texts) {
             const QString id = document.env.NarrowToWide(head.Id()->name);
             for (const Text &text : texts)
-                session.report.Write(QStringList{id, text.language->name, text.text}.join(u'\t') + u'\n');
+                session.report.Print(QStringList{id, text.language->name, text.text}.join(u'\t') + u'\n');
         });
     }
 

@@ -61,11 +61,11 @@ private:
             session.report.WriteBytes(StatsJson(rows, languages));
             return session.StatusAfter(EXIT_FINE);
         }
-        session.report.Write(QStringLiteral("%1 strings\n\n   texts  missing  as first  language\n").arg(rows));
+        session.report.Print(QStringLiteral("%1 strings\n\n   texts  missing  as first  language\n").arg(rows));
         for (const LanguageStats &language : languages) {
             const QString numbers =
                 QStringLiteral("%1%2%3").arg(language.texts, 8).arg(language.missing, 9).arg(language.sameAsFirst, 10);
-            session.report.Write(numbers + QStringLiteral("  ") + language.name +
+            session.report.Print(numbers + QStringLiteral("  ") + language.name +
                                  QStringLiteral(" (%1)\n").arg(language.number));
         }
         return session.StatusAfter(EXIT_FINE);

@@ -47,11 +47,6 @@ void AddProject(CLI::App &subcommand, std::string &project)
     subcommand.add_option("PROJECT", project, "The project's .vcproj file")->type_name("")->required();
 }
 
-void AddQuiet(CLI::App &subcommand, bool &isQuiet)
-{
-    subcommand.add_flag("-q,--quiet", isQuiet, "Print only the lines of errors and warnings");
-}
-
 void AddChoice(CLI::App &subcommand, const char *name, std::string &value, const char *choices, const char *help)
 {
     // The placeholder has the choices, so the help needs no description of the check.
@@ -126,6 +121,10 @@ int ParseAndRun(int argc, char **argv)
     const CLI::Option *settings =
         app.add_option("--settings", configFolder, "Read the user's settings from DIR/morvanite/Morvanite.ini")
             ->type_name("DIR");
+    bool isQuiet = false;
+    app.add_flag("-q,--quiet", isQuiet, "Print only the lines of errors and warnings, and what was asked for");
+    bool isVerbose = false;
+    app.add_flag("-v,--verbose", isVerbose, "Say on standard error which files are used and what each step does");
     std::string color;
     AddChoice(app, "--color", color, "auto|always|never", "When messages have colours (default: auto)");
     app.require_subcommand(1);
@@ -163,7 +162,8 @@ int ParseAndRun(int argc, char **argv)
         return FinalStatus(EXIT_WRONG_USE);
     }
     SignalCleanup::Install(); // `serve` blocks the signals and reads them itself
-    Session session(QString::fromStdString(debugLog), AbsolutePath(configFolder));
+    Session session(QString::fromStdString(debugLog), AbsolutePath(configFolder), isVerbose);
+    session.report.hasOnlyProblems = isQuiet;
     int status = chosen->Run(session);
     session.report.Flush();
     if (session.report.IsBroken())

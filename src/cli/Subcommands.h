@@ -28,9 +28,6 @@ inline constexpr char REMOTE_HELP[] = "Let the running window or server run the 
 /// Adds the argument PROJECT to a subcommand.
 void AddProject(CLI::App &subcommand, std::string &project);
 
-/// Adds the flag --quiet to a subcommand with a report.
-void AddQuiet(CLI::App &subcommand, bool &isQuiet);
-
 /// Adds an option whose value is one of `choices`, which has "|" between them.
 void AddChoice(CLI::App &subcommand, const char *name, std::string &value, const char *choices, const char *help);
 

@@ -2,6 +2,7 @@
 #include "NewProjectForm.h"
 
 #include "Paths.h"
+#include "ProjectFile.h"
 #include "StringFileFormat.h"
 
 #include <algorithm>
@@ -59,9 +60,11 @@ QString NewProjectForm::Summary() const
     if (checkedScreens.empty() || checkedLanguages.empty())
         return {};
     const ScreenSize &screen = screens[checkedScreens.front()];
-    return u"Screen of the configuration: %1x%2. Language to translate from: %3."_s.arg(screen.width)
-        .arg(screen.height)
-        .arg(languages[checkedLanguages.front()].name);
+    const QString summary = u"Screen of the configuration: %1x%2. Language to translate from: %3."_s.arg(screen.width)
+                                .arg(screen.height)
+                                .arg(languages[checkedLanguages.front()].name);
+    const QString warning = WarnOfNeighbour(PathOfNewProject(Choice()));
+    return warning.isEmpty() ? summary : summary + u"\nNote: %1."_s.arg(warning);
 }
 
 NewProjectChoice NewProjectForm::Choice() const

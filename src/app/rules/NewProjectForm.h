@@ -26,7 +26,7 @@ public:
 
     /// Explains what is missing or wrong; empty if the project can be made.
     [[nodiscard]] QString Problem() const;
-    /// Says what the first screen and the first language mean.
+    /// Says what the first screen and the first language mean, and warns of another project in the same folder.
     [[nodiscard]] QString Summary() const;
     [[nodiscard]] NewProjectChoice Choice() const;
 

@@ -44,6 +44,11 @@ void WriteSizes(JsonWriter &json, qint64 before, qint64 after)
     json.Number(after - before);
 }
 
+const std::vector<DiffRow> &ListedRows(const ComparedPacks &packs)
+{
+    return packs.selected ? packs.selected->rows : packs.rows;
+}
+
 bool IsRenumbered(const DiffRow &row)
 {
     return row.before && row.after && row.before->number != row.after->number;
@@ -55,13 +60,15 @@ QByteArray DiffText(const ComparedPacks &packs)
 {
     QByteArray text =
         QByteArray("change").leftJustified(8) + Column("before") + Column("after") + Column("delta") + "  what\n";
-    for (const DiffRow &row : packs.rows) {
+    for (const DiffRow &row : ListedRows(packs)) {
         QByteArray what = PartText(row.Part(), row.after ? packs.namesAfter : packs.namesBefore);
         if (IsRenumbered(row))
             what += ", was " + QByteArray::number(row.before->number);
         text += Line(ChangeWord(row.change), row.Before(), row.After(), what);
     }
     text += '\n';
+    if (packs.selected)
+        text += Line("", packs.selected->before, packs.selected->after, "selected");
     for (const bool isPayload : {true, false})
         text +=
             Line("", SizeOf(packs.before, isPayload), SizeOf(packs.after, isPayload), isPayload ? "payload" : "file");
@@ -81,9 +88,15 @@ QByteArray DiffJson(const ComparedPacks &packs)
         WriteSizes(json, SizeOf(packs.before, isPayload), SizeOf(packs.after, isPayload));
         json.EndObject();
     }
+    if (packs.selected) {
+        json.Key("selected");
+        json.BeginObject();
+        WriteSizes(json, packs.selected->before, packs.selected->after);
+        json.EndObject();
+    }
     json.Key("rows");
     json.BeginArray();
-    for (const DiffRow &row : packs.rows) {
+    for (const DiffRow &row : ListedRows(packs)) {
         json.BeginObject();
         json.Key("change");
         json.String(QString::fromLatin1(ChangeWord(row.change)));

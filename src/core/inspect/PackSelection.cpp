@@ -39,3 +39,32 @@ bool PackSelection::KeepOnly(const Environment &env, InspectResult &result) cons
     std::erase_if(payload.languages, [&](const LanguageStrings &one) { return language != one.language; });
     return !payload.entries.empty() || !payload.block.empty() || !payload.languages.empty();
 }
+
+SelectedDiff SelectRows(const std::vector<DiffRow> &rows, const std::vector<PackedPart> &before,
+                        const PackSelection &ofBefore, const std::vector<PackedPart> &after,
+                        const PackSelection &ofAfter)
+{
+    SelectedDiff selected;
+    const auto count = [&selected](const PackedPart &part, qint64 &size) {
+        size += part.bytes.size();
+        selected.isEmpty = false;
+    };
+    for (const PackedPart &part : before) {
+        if (ofBefore.Has(part))
+            count(part, selected.before);
+    }
+    for (const PackedPart &part : after) {
+        if (ofAfter.Has(part))
+            count(part, selected.after);
+    }
+    for (const DiffRow &row : rows) {
+        const bool hasBefore = row.before && ofBefore.Has(*row.before);
+        const bool hasAfter = row.after && ofAfter.Has(*row.after);
+        if (!hasBefore && !hasAfter)
+            continue;
+        selected.rows.push_back(row);
+        selected.before += hasBefore ? 0 : row.Before();
+        selected.after += hasAfter ? 0 : row.After();
+    }
+    return selected;
+}

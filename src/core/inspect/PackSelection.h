@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "PackParts.h"
+#include "PackDiff.h"
 
 #include <optional>
 
@@ -25,3 +25,18 @@ private:
     std::optional<quint32> item;
     QString entry;
 };
+
+/// What a selection has of the differences of two packed files.
+struct SelectedDiff
+{
+    std::vector<DiffRow> rows;
+    qint64 before = 0; ///< bytes of all selected parts, those that are equal in both files too
+    qint64 after = 0;
+    bool isEmpty = true; ///< neither file has a part of the selection
+};
+
+/// Selects the rows of which either part is selected, in the file that has it: with one number, a renumbered resource
+/// is in the rows under its old and its new number. The deltas of the rows add up to that of the sizes.
+[[nodiscard]] SelectedDiff SelectRows(const std::vector<DiffRow> &rows, const std::vector<PackedPart> &before,
+                                      const PackSelection &ofBefore, const std::vector<PackedPart> &after,
+                                      const PackSelection &ofAfter);

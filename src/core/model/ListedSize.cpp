@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "ListedSize.h"
 
+#include "Suggestion.h"
+
 #include <QStringList>
 
 #include <algorithm>
-#include <cstdlib>
+#include <cmath>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -16,18 +19,29 @@ QString WhyNotListed(const CResoTable &sizes, const ScreenSize &size)
     if (sizes.Count() == 0)
         return u"there is no list of screen sizes: the key reso_set in section Path of Morvanite.ini names no file "
                u"with a section Resolution"_s;
-    std::vector<CResoEntry> nearest;
-    for (int i = 0; i < sizes.Count(); ++i)
-        nearest.push_back(sizes.At(i));
-    const auto distance = [&](const CResoEntry &entry) {
-        return std::abs(qint64(entry.width) - size.width) + std::abs(qint64(entry.height) - size.height);
+    struct Candidate
+    {
+        QString name;
+        size_t typingErrors; // few of them: the user has mistyped this size
+        double difference;   // of width and height, as a ratio
     };
-    std::stable_sort(nearest.begin(), nearest.end(),
-                     [&](const auto &a, const auto &b) { return distance(a) < distance(b); });
-    nearest.resize(std::min(nearest.size(), SHOWN));
+    constexpr size_t MISTYPED = 1;
+    const auto nameOf = [](int width, int height) { return u"%1x%2"_s.arg(width).arg(height); };
+    const std::string typed = nameOf(size.width, size.height).toStdString();
+    std::vector<Candidate> candidates;
+    for (int i = 0; i < sizes.Count(); ++i) {
+        const CResoEntry &entry = sizes.At(i);
+        const QString name = nameOf(entry.width, entry.height);
+        candidates.push_back({name, std::min(TypingErrors(typed, name.toStdString()), MISTYPED + 1),
+                              std::abs(std::log(double(entry.width) / size.width)) +
+                                  std::abs(std::log(double(entry.height) / size.height))});
+    }
+    std::stable_sort(candidates.begin(), candidates.end(), [](const Candidate &a, const Candidate &b) {
+        return std::tie(a.typingErrors, a.difference) < std::tie(b.typingErrors, b.difference);
+    });
     QStringList names;
-    for (const CResoEntry &entry : nearest)
-        names.append(u"%1x%2"_s.arg(entry.width).arg(entry.height));
+    for (size_t i = 0; i < std::min(candidates.size(), SHOWN); ++i)
+        names.append(candidates[i].name);
     return u"the list of screen sizes doesn't contain %1x%2; the nearest are %3"_s.arg(size.width)
         .arg(size.height)
         .arg(names.join(u", "_s));

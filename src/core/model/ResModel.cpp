@@ -77,7 +77,7 @@ std::unique_ptr<CStringRes> CResModel::CreateDetachedStringRes(const NarrowText 
     return res;
 }
 
-std::unique_ptr<CFileRes> CResModel::CreateDefaultFileRes(const CResFolder &folder, const QString &path)
+QString CResModel::DefaultFileId(const CResFolder &folder, const QString &path) const
 {
     const quint32 kind =
         folder.kind == KIND_FILES ? ClassifyFile(KIND_FILES, path) : folder.kind & ~quint32(KIND_FLAG_RESO);
@@ -101,8 +101,12 @@ std::unique_ptr<CFileRes> CResModel::CreateDefaultFileRes(const CResFolder &fold
     }
     QString base = env.settings.String("DefaultID", key, fallback);
     base.replace(QStringLiteral("%s"), word);
-    base = ToUpperSimple(base.left(MAX_ID_NAME));
-    return CreateFileRes(defaultIds.Allocate(base, qint16(folder.index)));
+    return ToUpperSimple(base.left(MAX_ID_NAME));
+}
+
+std::unique_ptr<CFileRes> CResModel::CreateDefaultFileRes(const CResFolder &folder, const QString &path)
+{
+    return CreateFileRes(defaultIds.Allocate(DefaultFileId(folder, path), qint16(folder.index)));
 }
 
 bool CResModel::IsIdInUse(const QString &idName)

@@ -46,8 +46,10 @@ public:
     /// Makes a string for use outside the tree, without an observer. Equal names share one ID.
     [[nodiscard]] std::unique_ptr<CStringRes> CreateDetachedStringRes(const NarrowText &idName);
 
-    /// Makes a file resource whose ID is formed from the file's name, with a counter if that ID is taken. Null when
-    /// every counter is taken.
+    /// The ID that a file gets in `folder`, formed from the file's name. Another file's name can form the same one.
+    [[nodiscard]] QString DefaultFileId(const CResFolder &folder, const QString &path) const;
+    /// Makes a file resource whose ID is DefaultFileId, with a counter if that ID is taken. Null when every counter is
+    /// taken.
     [[nodiscard]] std::unique_ptr<CFileRes> CreateDefaultFileRes(const CResFolder &folder, const QString &path);
 
     /// True if a record has the name, in any scope.

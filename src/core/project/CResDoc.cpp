@@ -12,6 +12,7 @@
 #include "Paths.h"
 #include "ProjectConfig.h"
 #include "ProjectContext.h"
+#include "ProjectFile.h"
 #include "ProjectFolders.h"
 #include "ProjectLayouts.h"
 #include "ProjectLock.h"
@@ -150,8 +151,17 @@ void CResDoc::Load()
     const QString configuration = ProjectContext(m_strPathName, *this).ConfigPath();
     NoteFile(configuration);
     WatchFile(configuration, WATCH_CONFIGURATION);
-    if (!BuildFolderTree(m_strPathName) || ReadProject(m_strPathName, *this) != 0)
+    // A project can be opened without its .vcproj file, of which only the path counts. But if it can't be opened, the
+    // path may be wrong.
+    const QString wrongPath = WhyNotProjectFile(m_strPathName);
+    const bool isBuilt = (wrongPath.isEmpty() || PathExists(configuration)) && BuildFolderTree(m_strPathName);
+    if (!isBuilt || ReadProject(m_strPathName, *this) != 0) {
+        if (!wrongPath.isEmpty()) {
+            env.Note({"project.unreadable", Severity::Error, m_strPathName, 0, {}, wrongPath});
+            env.Explain(wrongPath);
+        }
         throw ArchiveException{CAUSE_BAD_DOCUMENT};
+    }
     losses = env.ErrorCount + env.DroppedCount;
     keepOnSave.Forget();
     KeepWhatIsLeftOut();

@@ -12,21 +12,37 @@
 
 #include <algorithm>
 
-QString TranslateToPseudo(CResDoc &document, const QString &language)
+namespace
+{
+
+QString WhyUnknown(const QString &language, const std::vector<CheckedLanguage> &languages)
+{
+    QStringList names;
+    for (const CheckedLanguage &each : languages)
+        names.append(QStringLiteral("\"%1\"").arg(each.name));
+    return QStringLiteral("the project has no language \"%1\"; it has %2")
+        .arg(language, names.isEmpty() ? QStringLiteral("none") : names.join(QStringLiteral(", ")));
+}
+
+} // namespace
+
+QString TranslateToPseudo(CResDoc &document, const QString &language, bool &isKnown)
 {
     std::vector<Finding> findings;
     CheckSettings settings = ReadCheckSettings(DirectoryOf(document.PathName()), findings);
     settings.fonts.clear(); // opening them would take time, and a missing one doesn't matter
     const TextContext context(document, settings);
+    isKnown = true;
     if (!context.Faults().empty())
         return settings.file + QStringLiteral(": ") + context.Faults().front().text;
     const std::vector<CheckedLanguage> &languages = context.Languages();
     const auto wanted = std::find_if(languages.begin(), languages.end(), [&](const CheckedLanguage &each) {
-        return each.name == language || QString::number(each.number) == language ||
+        return each.name.compare(language, Qt::CaseInsensitive) == 0 || QString::number(each.number) == language ||
                (!each.code.isEmpty() && each.code.compare(language, Qt::CaseInsensitive) == 0);
     });
-    if (wanted == languages.end())
-        return QStringLiteral("the project has no language \"%1\"").arg(language);
+    isKnown = wanted != languages.end();
+    if (!isKnown)
+        return WhyUnknown(language, languages);
     const bool isRightToLeft = DirectionOfLanguage(wanted->name) == Qt::RightToLeft;
     CResFolder &folder = LanguageFolders(document).Ensure(wanted->number, wanted->name);
     RowTexts texts(context);

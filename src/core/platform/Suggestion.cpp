@@ -3,10 +3,7 @@
 
 #include <algorithm>
 
-namespace
-{
-
-size_t Distance(const std::string &a, const std::string &b)
+size_t TypingErrors(const std::string &a, const std::string &b)
 {
     // Three rows of the table of distances between the beginnings of both words.
     std::vector<size_t> beforeLast(b.size() + 1);
@@ -28,8 +25,6 @@ size_t Distance(const std::string &a, const std::string &b)
     return last[b.size()];
 }
 
-} // namespace
-
 std::string NearestWord(const std::string &word, const std::vector<std::string> &candidates)
 {
     constexpr size_t LONGEST = 64; // no candidate is longer
@@ -38,7 +33,7 @@ std::string NearestWord(const std::string &word, const std::vector<std::string> 
     std::string nearest;
     size_t least = std::max<size_t>(1, word.size() / 3) + 1;
     for (const std::string &candidate : candidates) {
-        const size_t distance = Distance(word, candidate);
+        const size_t distance = TypingErrors(word, candidate);
         if (distance < least) {
             least = distance;
             nearest = candidate;
