@@ -1,27 +1,32 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Makes the release of HEAD in build/packages: the source tarball and the Debian packages. The same commit gives the same
-# bytes. Installs what is missing.
+# bytes: a second run for it, with or without --check as the first, fails if they differ. Installs what is missing.
 # Use: scripts/package.sh [--check]     with --check the packages' build also runs all tests
 set -eu
 cd "$(dirname "$0")/.."
 . scripts/lib.sh
 
+mode=${1:-}
+[ -z "$mode" ] || [ "$mode" = --check ] || { echo "Use: scripts/package.sh [--check]" >&2; exit 2; }
 packages="$BUILD_PACKAGES $PACKAGE_PACKAGES"
-[ "${1:-}" != --check ] || packages="$packages $TEST_PACKAGES"
+[ "$mode" != --check ] || packages="$packages $TEST_PACKAGES"
 # shellcheck disable=SC2086
 need_packages $packages
 
 # No packages with debug information, which takes a third of the time.
 options="parallel=$(nproc) noautodbgsym"
 export DEB_CFLAGS_STRIP=-g DEB_CXXFLAGS_STRIP=-g
-if [ "${1:-}" != --check ]; then
+unset DEB_BUILD_PROFILES
+if [ "$mode" != --check ]; then
     options="$options nocheck"
-    export DEB_BUILD_PROFILES=nocheck
+    export DEB_BUILD_PROFILES=nocheck # the packages name it, so their bytes aren't those of --check
 fi
 
 version=$(sed -n 's/^project(.* VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 out=$PWD/build/packages
+sums=$PWD/build/package-sums/$(git rev-parse HEAD)$mode
+mkdir -p "$(dirname "$sums")"
 rm -rf "$out"
 mkdir -p "$out"
 
@@ -40,4 +45,10 @@ cd "$out/morvanite-$version"
 DEB_BUILD_OPTIONS=$options dpkg-buildpackage -us -uc >"$out/build.log" 2>&1 || { tail -n 60 "$out/build.log"; exit 1; }
 cd "$out"
 rm -r "morvanite-$version"
-sha256sum ./*.tar.* ./*.deb
+sha256sum ./*.tar.* ./*.deb >"$out/sums"
+cat "$out/sums"
+if [ -f "$sums" ]; then
+    diff -u "$sums" "$out/sums" >&2 || { echo "The packages differ from those of an earlier run for this commit." >&2; exit 1; }
+    echo "The same bytes as before."
+fi
+mv "$out/sums" "$sums"

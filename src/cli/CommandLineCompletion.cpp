@@ -54,9 +54,9 @@ std::string KeptEntries(Session &, const CommandLineWalk &walk, const CLI::Optio
     return lines;
 }
 
-/// Returns the lines of the project's string file, each with its fields. The project isn't opened, since that would
-/// finish a save that was interrupted.
-std::vector<QStringList> StringFileLines(Session &session, const CommandLineWalk &walk)
+/// Returns the first lines of the project's string file, each with its fields; all by default. The project isn't opened,
+/// since that would finish a save that was interrupted.
+std::vector<QStringList> StringFileLines(Session &session, const CommandLineWalk &walk, size_t most = SIZE_MAX)
 {
     std::vector<QStringList> lines;
     Environment env(session.env);
@@ -67,8 +67,10 @@ std::vector<QStringList> StringFileLines(Session &session, const CommandLineWalk
     QByteArray bytes;
     if (ReadFile(paths.Absolute(paths.StringPath()), bytes) != 0)
         return lines;
-    for (const QString &line : QString::fromUtf8(ReadableText(bytes)).split(u'\n'))
-        lines.push_back(line.split(u'\t'));
+    const QString text = QString::fromUtf8(ReadableText(bytes));
+    qsizetype from = 0;
+    for (qsizetype end; lines.size() < most && (end = text.indexOf(u'\n', from)) >= 0; from = end + 1)
+        lines.push_back(text.sliced(from, end - from).split(u'\t'));
     return lines;
 }
 
@@ -79,7 +81,7 @@ std::vector<KnownLanguage> LanguagesOfProject(Session &session, const CommandLin
 {
     std::vector<KnownLanguage> languages;
     const std::vector<KnownLanguage> known = KnownLanguages(session.env);
-    const std::vector<QStringList> lines = StringFileLines(session, walk);
+    const std::vector<QStringList> lines = StringFileLines(session, walk, HEADER + 1);
     for (qsizetype i = FIRST_TEXT; lines.size() > HEADER && i < lines[HEADER].size(); ++i) {
         QString name = lines[HEADER][i];
         const int number = ParseLanguageHeader(session.env, name);
@@ -93,8 +95,8 @@ std::string StringIds(Session &session, const CommandLineWalk &walk, const CLI::
 {
     std::string candidates;
     const std::vector<QStringList> lines = StringFileLines(session, walk);
-    // The value of an option is a new ID. The last two lines are "##number" and an empty one.
-    for (size_t i = HEADER + 1; option.get_positional() && i + 2 < lines.size(); ++i)
+    // The value of an option is a new ID. The last line is "##number".
+    for (size_t i = HEADER + 1; option.get_positional() && i + 1 < lines.size(); ++i)
         candidates += Line(lines[i].front().toStdString(), lines[i].value(FIRST_TEXT).toStdString());
     return candidates;
 }

@@ -132,8 +132,7 @@ TEST(StringEnds, CommandsAndClosingWaitForADialogOrABox)
             Window window;
             std::atomic<bool> isOver = false;
             std::thread ide;
-            QTimer::singleShot(50, &window.Frame(), [&] {
-                ASSERT_NE(QApplication::activeModalWidget(), nullptr);
+            WhenOpen<QDialog>(window, [&](QDialog &dialog) {
                 ide = std::thread([&] {
                     QString error;
                     (void)IdeCommandClient::Run(command, RecordOf(window.Project()), {}, error);
@@ -143,7 +142,7 @@ TEST(StringEnds, CommandsAndClosingWaitForADialogOrABox)
                 EXPECT_FALSE(window.Frame().close());
                 EXPECT_FALSE(window.Child().close());
                 EXPECT_FALSE(isOver);
-                QApplication::activeModalWidget()->close();
+                dialog.close();
             });
             open(window);
             EXPECT_TRUE(TestWindow::WaitFor([&] { return isOver.load(); }));

@@ -76,8 +76,11 @@ class Begin(DemoProject):
             self.assertRegex(err, r"res\" exists, but it isn't a folder.*nothing was made")
         self.assertEqual(hashes(self.new), before)
         (self.new / 'res').unlink()
-        out, _ = self.init()
+        (self.new / 'first.vcproj').touch()
+        out, err = self.init()
         self.assertIn('kept my app/config.xml, which exists already\n', out)
+        self.assertIn('the project "first.vcproj" already', err)
+        self.assertIn('in the folder of the project', self.run_cli('init', 'my app/inner', *WHAT, '-q')[2])
         self.assertEqual((self.new / 'config.xml').read_text(), 'mine')
 
     def test_wrong_words_are_refused_before_anything_is_made(self):
@@ -85,7 +88,7 @@ class Begin(DemoProject):
         for arguments, reason in (
                 (('x', *good, '--name', '-a'), 'name "-a"'), (('a b', *good), 'choose one with --name'),
                 (('x', *good, '--name', 'all', '--cmake'), 'CMake uses'), (('x', *good, '--git', 'svn'), 'svn'),
-                (('x', *good, '--resolution', '240x321'), 'nearest are 240x320, '), (('x', *good, '--resolution', '9'), 'size such as'),
+                (('x', *good, '--resolution', '240x321'), 'nearest are 240x320, '), (('x', *good, '--resolution', '240x32'), 'nearest are 240x320, '), (('x', *good, '--resolution', '9'), 'size such as'),
                 (('x', *good, '--language', 'Germn'), 'such as "German"'), (('x', *good, '--language', '-1'), 'no such language'),
                 (('x', '--language', 'en'), '--resolution'), (('x', '--resolution', '240x320'), '--language')):
             status, out, err = self.run_cli('init', *arguments)
@@ -104,9 +107,10 @@ class Begin(DemoProject):
         arguments = ('add', self.project, 'Sun 1.png', 'sun_1.png', 'chime.WAV', 'data.bin')
         out = ('new\tID_IMAGE_SUN_1\t.\\Sun 1.png\nnew\tID_IMAGE_SUN_11\t.\\sun_1.png\n'
                'new\tID_AUDIO_CHIME\t.\\chime.WAV\nnew\tID_FILE_DATA\t.\\data.bin\n')
-        self.assertEqual(self.run_cli(*arguments, '--dry-run'), (0, out, ''))
+        note = f'morvanite-cli: {self.dir}/sun_1.png: the ID ID_IMAGE_SUN_1 is taken, so this file has ID_IMAGE_SUN_11; --id gives another ID to a file that is added alone\n'
+        self.assertEqual(self.run_cli(*arguments, '--dry-run'), (0, out, note))
         self.assertEqual(hashes(self.dir), before)
-        self.assertEqual(self.run_cli(*arguments), (0, out, ''))
+        self.assertEqual(self.run_cli(*arguments, '-q'), (0, '', note))
         self.assertEqual(self.run_cli(*arguments), (0, out.replace('new', 'same'), ''))
         out = 'new\tID_A\t.\\Sun 1.png\n'
         for expected in (out, out.replace('new', 'same')):

@@ -145,6 +145,12 @@ class Completion(DemoProject):
         listing.write_bytes(listing.read_bytes().replace(b'</APP>', b'<NEWS/></APP>'))
         self.run_cli('save', self.project)
         self.assertEqual(self.candidates('kept', 'demo.vcproj', '--restore', ''), ['words', '1'])
+        self.assertEqual(self.candidates('strings', 'list', 'demo.vcproj', '--language', ''), ['words', 'English'])
+        self.assertEqual(self.candidates('strings', 'export', 'demo.vcproj', '--language='), ['words', 'English', 'none'])
+        self.assertEqual(self.candidates('strings', 'set', 'demo.vcproj', ''), ['words', 'ID_STRING_HI'])
+        others = self.candidates('strings', 'add-language', 'demo.vcproj', '')
+        self.assertTrue('German' in others and 'English' not in others)
+        self.assertIn('English', self.candidates('init', 'x', '--language', ''))
 
     def test_what_the_line_already_has_decides(self):
         self.assertEqual(self.candidates('load', ''), ['files *.vcproj'])

@@ -9,6 +9,7 @@
 
 #include <QClipboard>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QStatusBar>
 #include <QTableView>
 
@@ -33,6 +34,21 @@ void TakeDialog(
     window.Activate();
 }
 
+void TakeNewProject(SampleWindow &window, Pictures &pictures)
+{
+    const auto fill = [](QWidget &dialog) {
+        QTest::keyClicks(dialog.findChild<QLineEdit *>(), u"timer"_s);
+        const auto lists = dialog.findChildren<QListWidget *>();
+        for (const auto &[list, texts] : {std::pair(lists[0], QStringList{u"240x320"_s, u"176x220"_s}),
+                                          std::pair(lists[1], QStringList{u"English"_s, u"Japanese"_s})}) {
+            for (const QString &text : texts)
+                list->findItems(text, Qt::MatchExactly).front()->setCheckState(Qt::Checked);
+        }
+    };
+    TakeDialog(
+        window, pictures, "new-project", [&] { window.Frame().RunAction(ACTION_NEW_PROJECT); }, fill);
+}
+
 void TakeProject(SampleWindow &window, Pictures &pictures)
 {
     CMainFrame &frame = window.Frame();
@@ -40,6 +56,7 @@ void TakeProject(SampleWindow &window, Pictures &pictures)
     window.PutOutputBelow(140);
     pictures.Take("start", frame);
     window.OpenSample();
+    TakeNewProject(window, pictures);
     window.FitColumns(220, {});
     window.Go(window.Row(u"weatherclock"_s));
     pictures.Take("project", frame);

@@ -89,12 +89,13 @@ public:
     void Close()
     {
         if (count > MOST_ERRORS)
-            errors.push_back({"catalogue.definition",
-                              Severity::Error,
-                              file,
-                              0,
-                              {},
-                              QStringLiteral("%1 more errors").arg(count - MOST_ERRORS)});
+            errors.push_back(
+                {"catalogue.definition",
+                 Severity::Error,
+                 file,
+                 0,
+                 {},
+                 QStringLiteral("the catalogue has more errors, which are not listed: %1").arg(count - MOST_ERRORS)});
     }
 
 private:
