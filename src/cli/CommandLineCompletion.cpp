@@ -54,8 +54,8 @@ std::string KeptEntries(Session &, const CommandLineWalk &walk, const CLI::Optio
     return lines;
 }
 
-/// Returns the first lines of the project's string file, each with its fields; all by default. The project isn't opened,
-/// since that would finish a save that was interrupted.
+/// Returns the first lines of the project's string file, each with its fields; all by default. The project isn't
+/// opened, since that would finish a save that was interrupted.
 std::vector<QStringList> StringFileLines(Session &session, const CommandLineWalk &walk, size_t most = SIZE_MAX)
 {
     std::vector<QStringList> lines;

@@ -107,26 +107,38 @@ void ComplainOf(const CLI::App &app, const std::vector<std::string> &words, cons
                                                           : error.what() + hint));
 }
 
+/// The options that every command takes.
+struct ProgramOptions
+{
+    void AddTo(CLI::App &app)
+    {
+        app.add_option("--debug-log", debugLog, "Append the developer's log to FILE (\"-\": standard error)")
+            ->envname("MORVANITE_DEBUG_LOG")
+            ->type_name("FILE");
+        settings =
+            app.add_option("--settings", configFolder, "Read the user's settings from DIR/morvanite/Morvanite.ini")
+                ->type_name("DIR");
+        app.add_flag("-q,--quiet", isQuiet, "Print only the lines of errors and warnings, and what was asked for");
+        app.add_flag("-v,--verbose", isVerbose, "Say on standard error which files are used and what each step does");
+        AddChoice(app, "--color", color, "auto|always|never", "When messages have colours (default: auto)");
+    }
+
+    std::string debugLog;
+    std::string configFolder;
+    const CLI::Option *settings = nullptr;
+    bool isQuiet = false;
+    bool isVerbose = false;
+    std::string color;
+};
+
 int ParseAndRun(int argc, char **argv)
 {
     CLI::App app{"Manage, number and pack the resources of applications for small devices", "morvanite-cli"};
     app.set_help_flag("-h,--help", "Show the options and exit");
     app.set_version_flag("-V,--version", std::string("morvanite-cli ") + MORVANITE_VERSION,
                          "Show the version and exit");
-    std::string debugLog;
-    app.add_option("--debug-log", debugLog, "Append the developer's log to FILE (\"-\": standard error)")
-        ->envname("MORVANITE_DEBUG_LOG")
-        ->type_name("FILE");
-    std::string configFolder;
-    const CLI::Option *settings =
-        app.add_option("--settings", configFolder, "Read the user's settings from DIR/morvanite/Morvanite.ini")
-            ->type_name("DIR");
-    bool isQuiet = false;
-    app.add_flag("-q,--quiet", isQuiet, "Print only the lines of errors and warnings, and what was asked for");
-    bool isVerbose = false;
-    app.add_flag("-v,--verbose", isVerbose, "Say on standard error which files are used and what each step does");
-    std::string color;
-    AddChoice(app, "--color", color, "auto|always|never", "When messages have colours (default: auto)");
+    ProgramOptions options;
+    options.AddTo(app);
     app.require_subcommand(1);
     app.fallthrough();
 
@@ -156,14 +168,15 @@ int ParseAndRun(int argc, char **argv)
         ComplainOf(app, {argv + 1, argv + argc}, error);
         return FinalStatus(EXIT_WRONG_USE);
     }
-    SetColorMode(color);
-    if (settings->count() > 0 && !QFileInfo(AbsolutePath(configFolder)).isDir()) {
-        Complain(QStringLiteral("--settings %1: there is no such folder").arg(QString::fromStdString(configFolder)));
+    SetColorMode(options.color);
+    if (options.settings->count() > 0 && !QFileInfo(AbsolutePath(options.configFolder)).isDir()) {
+        Complain(
+            QStringLiteral("--settings %1: there is no such folder").arg(QString::fromStdString(options.configFolder)));
         return FinalStatus(EXIT_WRONG_USE);
     }
     SignalCleanup::Install(); // `serve` blocks the signals and reads them itself
-    Session session(QString::fromStdString(debugLog), AbsolutePath(configFolder), isVerbose);
-    session.report.hasOnlyProblems = isQuiet;
+    Session session(QString::fromStdString(options.debugLog), AbsolutePath(options.configFolder), options.isVerbose);
+    session.report.hasOnlyProblems = options.isQuiet;
     int status = chosen->Run(session);
     session.report.Flush();
     if (session.report.IsBroken())

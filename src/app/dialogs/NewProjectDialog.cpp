@@ -20,7 +20,7 @@ namespace
 {
 
 constexpr int LONGEST_NAME = 100; // more than a name may have, so that the message about it is shown
-constexpr int ROWS = 9;           // of a list
+constexpr int ROWS = 12;          // of a list
 constexpr int WIDTH = 76;         // average characters
 
 } // namespace
@@ -99,6 +99,7 @@ QLayout *NewProjectDialog::MakeList(const QString &title, const QStringList &tex
     }
     list->setCurrentRow(0);
     list->setMinimumHeight(ROWS * list->sizeHintForRow(0) + 2 * list->frameWidth());
+    list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored); // begins with whole rows
     connect(list, &QListWidget::itemChanged, this, [this, list, check](const QListWidgetItem *item) {
         check(size_t(list->row(item)), item->checkState() == Qt::Checked);
         ShowState();
