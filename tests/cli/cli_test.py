@@ -32,6 +32,7 @@ class Cli(DemoProject):
 
     def test_a_project_that_does_not_open_is_reported_and_explained_on_standard_error(self):
         (self.dir / 'config.xml').unlink()
+        (self.dir / 'demo.vcproj').touch()
         for arguments, report, reason in (
                 (('load', self.project), '\r\n### error 7 ###\r\n\r\n\r\nload done\r\n\r\n### error 110 ###\r\n', 'config.xml'),
                 (self.to_pack, '\r\n### error 7 ###\r\n\r\n\r\npack done\r\n\r\n### error 404 ###\r\n', 'config.xml'),

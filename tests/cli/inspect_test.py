@@ -67,7 +67,7 @@ class Inspect(DemoProject):
         self.assertIn({'change': 'changed', 'kind': 'string', 'language': 0, 'number': 2, 'id': 'ID_STRING_HI',
                        'before': 6, 'after': 12, 'delta': 6}, found['rows'])
         out = self.run_cli('inspect', 'a.axf', 'b.axf', '--diff', '--only', 'language:0')[1]
-        self.assertRegex(out, r'\nchanged +6 +12 +\+6  language 0 string 2\n\n +\d+ +\d+ +\+\d+  selected\n +\d+ +\d+ +\+\d+  payload\n')
+        self.assertRegex(out, r'\nchanged +6 +12 +\+6  language 0 string 2\n(?s:.*)\n\n +28 +32 +\+4  selected\n +\d+ +\d+ +\+4  payload\n')
         self.assertNotIn('section', out)
         (self.dir / 'a.h').write_text('#define ID_IMAGE_LOGO 1\n')
         (self.dir / 'b.h').write_text('#define ID_IMAGE_LOGO 3\n#define ID_OTHER 1\n')
