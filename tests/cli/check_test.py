@@ -49,6 +49,7 @@ class Check(DemoProject):
         self.assertEqual(places, sorted(places), 'in the order of the files')
 
     def test_a_project_that_does_not_open_has_findings(self):
+        (self.dir / 'demo.vcproj').touch()
         (self.dir / 'res/ref_list_demo.txt').write_bytes(b'')
         status, out, _ = self.check()
         self.assertEqual((status, out), (1, 'demo.vcproj: error: the project can\'t be opened, so nothing else was checked '
