@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Three versions of a string file or of a resource list. The first byte selects the encoding, and the next two where
 // the rest is cut into three. Aborts if a merged file can't be merged again, a side without changes has an effect, or
-// the result depends on which side is ours.
+// the result depends on which side is ours, or both versions of a file that can't be merged have no markers.
 #include "Environment.h"
 #include "Merge.h"
 
@@ -43,8 +43,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         return MergeFiles(env, {base, ours, theirs}, conflict);
     };
     const MergeResult marked = merge(files[BASE], files[OURS], files[THEIRS], OnConflict::Mark);
-    if (!marked.refusal.isEmpty())
+    if (!marked.refusal.isEmpty()) { // both versions, if there are any, are a conflict that no merge takes for a text
+        Require(marked.bytes.isEmpty() ||
+                !merge(marked.bytes, marked.bytes, marked.bytes, OnConflict::KeepBase).refusal.isEmpty());
         return 0;
+    }
     const MergeResult mirrored = merge(files[BASE], files[THEIRS], files[OURS], OnConflict::Mark);
     Require(!mirrored.refusal.isEmpty() || mirrored.conflicts.size() == marked.conflicts.size());
     const MergeResult clean = merge(files[BASE], files[OURS], files[THEIRS], OnConflict::KeepBase);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// ReadWorkbook, WriteWorkbook and ReadXliff for a program: they load libmorvanite-workbook.so, which has the real
+// The functions of Workbook.h, and ReadXliff, for a program: they load libmorvanite-workbook.so, which has the real
 // functions. The libraries of the formats would cost the window's start, and every other command, some megabytes and
 // milliseconds.
 
@@ -31,6 +31,11 @@ WorkbookResult Missing()
 WorkbookResult ReadWorkbook(const QString &path, Sheet &sheet)
 {
     return Functions() ? Functions()->read(path, sheet) : Missing();
+}
+
+WorkbookResult ReadWorkbookBytes(const QByteArray &bytes, const QString &extension, Sheet &sheet)
+{
+    return Functions() ? Functions()->readBytes(bytes, extension, sheet) : Missing();
 }
 
 WorkbookResult WriteWorkbook(const QString &path, ISheetSource &source)

@@ -37,12 +37,18 @@ public:
         const QString shown = QString::fromStdString(name.empty() ? paths[OURS] : name) + QStringLiteral(": ");
         const MergeResult result =
             MergeFiles(session.env, files, conflicts == "base" ? OnConflict::KeepBase : OnConflict::Mark);
-        if (!result.refusal.isEmpty())
-            return Refuse(shown + QStringLiteral("not merged: ") + result.refusal);
         const QString ours = AbsolutePath(paths[OURS]);
+        const bool isMerged = result.refusal.isEmpty();
+        if (!isMerged && result.bytes.isEmpty())
+            return Refuse(shown + QStringLiteral("not merged: ") + result.refusal);
         if (result.bytes != files[OURS]) {
             if (const int error = WriteFileAtomically(ours, result.bytes))
                 return Refuse(WhyNotWritten(ours, error));
+        }
+        if (!isMerged) {
+            Complain(shown + QStringLiteral("not merged: ") + result.refusal +
+                     QStringLiteral("; the file has both versions, with conflict markers around what differs"));
+            return EXIT_FAILED;
         }
         for (const QString &conflict : result.conflicts.first(qMin(result.conflicts.size(), MOST_SHOWN)))
             Complain(shown + QStringLiteral("conflict in ") + conflict);

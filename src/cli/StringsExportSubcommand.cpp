@@ -110,6 +110,10 @@ bool StringsExportSubcommand::ChooseFormat()
 {
     isTemplate = wanted.size() == 1 && wanted.front() == "none";
     const TranslationFormat *const ofName = isFolder ? nullptr : TranslationFormatOf(path);
+    if (ofName && ofName->isTemplate && !isTemplate && !wanted.empty()) {
+        Complain(path + u": a template has no translations, so leave out --language, or name a .po file"_s);
+        return false;
+    }
     isTemplate = isTemplate || (ofName && ofName->isTemplate);
     if (format.empty()) {
         job.format = ofName;
@@ -208,16 +212,10 @@ bool StringsExportSubcommand::ChooseFiles(const ExchangeLanguages &languages, co
         const QString name = FileNameOf(languages.CodeOf(language), *job.format);
         job.files.push_back({isFolder ? path + u'/' + name : path, language});
     }
-    for (size_t i = 1; i < job.files.size(); ++i) {
-        const auto end = job.files.begin() + qptrdiff(i);
-        const auto same = std::find_if(job.files.begin(), end, [&](const auto &one) { return one.path == end->path; });
-        if (same != end) {
-            Complain(u"%1 and %2 have the same code, so they can't be in one folder; see section Language of "
-                     "morvanite-check.ini"_s.arg(languages.NameOf(same->language), languages.NameOf(end->language)));
-            return false;
-        }
-    }
-    return true;
+    const QString why = WhyNotTogether(job.files, languages);
+    if (!why.isEmpty())
+        Complain(why);
+    return why.isEmpty();
 }
 
 /// Makes the folder of the files, if it doesn't exist.

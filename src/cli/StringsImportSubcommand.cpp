@@ -8,15 +8,22 @@
 #include "Paths.h"
 #include "ProjectSave.h"
 #include "SpreadsheetImport.h"
+#include "StandardInput.h"
 #include "StringsSubcommands.h"
 #include "TranslationFormats.h"
 
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
+
+constexpr char INPUT[] = "-";
+constexpr qint64 LARGEST_INPUT = qint64(256) << 20; // bytes, as for files
 
 int StatusOf(Session &session, bool isFine)
 {
@@ -60,9 +67,12 @@ CLI::App *StringsImportSubcommand::Add(CLI::App &strings)
     CLI::App *const subcommand = strings.add_subcommand(
         "import", "Fill the string table from a workbook, or from translation files, and save the project");
     AddProject(*subcommand, project);
-    subcommand->add_option("FILE", names, "A workbook or translation files; the extension selects the format")
+    subcommand
+        ->add_option("FILE", names,
+                     "A workbook or translation files; the extension selects the format (\"-\": standard input)")
         ->type_name("")
         ->required();
+    AddChoice(*subcommand, "--format", format, "xls|xlsx|csv|po|xliff", "The format of standard input");
     subcommand->add_option("--language", wanted, "Import only this language, by name, number or code; can be repeated")
         ->type_name("LANGUAGE")
         ->allow_extra_args(false);
@@ -86,13 +96,31 @@ CLI::App *StringsImportSubcommand::Add(CLI::App &strings)
 /// Makes paths absolute. Returns false, with a message, if the files can't be imported together.
 bool StringsImportSubcommand::ChooseFiles()
 {
-    for (const std::string &name : names)
-        files.push_back({AbsolutePath(name), QString::fromStdString(name)});
-    const auto isTranslation = [](const TranslationImport::File &file) {
-        return TranslationFormatOf(file.path) != nullptr;
-    };
+    const auto inputs = std::count(names.begin(), names.end(), INPUT);
+    if (inputs > 1 || (inputs == 1) == format.empty()) {
+        Complain(inputs > 1    ? u"-: standard input can be read only once"_s
+                 : inputs == 1 ? u"-: name the format of the input with --format"_s
+                               : u"--format is for standard input (-); the extension of a file selects its format"_s);
+        return false;
+    }
+    for (const std::string &name : names) {
+        const QString shown = name == INPUT ? u"standard input"_s : QString::fromStdString(name);
+        const std::string extension = format == "xliff" ? "xlf" : format;
+        files.push_back({AbsolutePath(name == INPUT ? "-." + extension : name), shown});
+    }
+    const auto isTranslation = [](const ImportFile &file) { return TranslationFormatOf(file.path) != nullptr; };
     isWorkbook = std::none_of(files.begin(), files.end(), isTranslation);
     options.sheet = QString::fromStdString(sheet);
+    if (files.size() > 1 && !std::all_of(files.begin(), files.end(), isTranslation)) {
+        Complain(u"several files can only be imported together if they are translation files (.po, .xlf)"_s);
+        return false;
+    }
+    return ChooseOptions();
+}
+
+/// Returns false, with a message, if an option isn't for the format of the files.
+bool StringsImportSubcommand::ChooseOptions() const
+{
     if (!isWorkbook && (options.ownNames || options.unguard || !sheet.empty())) {
         Complain(u"--own-names, --unguard and --sheet are for workbooks only"_s);
         return false;
@@ -101,10 +129,27 @@ bool StringsImportSubcommand::ChooseFiles()
         Complain(u"--accept-stale and --include-unfinished are for translation files only"_s);
         return false;
     }
-    if (files.size() == 1 || std::all_of(files.begin(), files.end(), isTranslation))
+    return true;
+}
+
+/// Reads standard input, if it is one of the files. Returns false, with a message, if it has nothing.
+bool StringsImportSubcommand::ReadInput()
+{
+    const auto input = std::find(names.begin(), names.end(), INPUT);
+    if (input == names.end())
         return true;
-    Complain(u"several files can only be imported together if they are translation files (.po, .xlf)"_s);
-    return false;
+    QByteArray content;
+    if (const int error = ReadStandardInput(content, LARGEST_INPUT)) {
+        Complain(u"standard input: "_s +
+                 (error == EFBIG ? u"it has more than 256 MiB"_s : QString::fromLocal8Bit(std::strerror(error))));
+        return false;
+    }
+    if (content.isEmpty()) {
+        Complain(u"standard input is empty, so nothing is imported"_s);
+        return false;
+    }
+    files[size_t(input - names.begin())].content = std::move(content);
+    return true;
 }
 
 bool StringsImportSubcommand::ChooseLanguages(const ExchangeLanguages &languages)
@@ -125,6 +170,8 @@ int StringsImportSubcommand::Run(Session &session)
 {
     if (!ChooseFiles()) // before a project is opened, which changes the current folder
         return EXIT_WRONG_USE;
+    if (!ReadInput())
+        return EXIT_FAILED;
     const QString path = AbsolutePath(project);
     if ((!dryRun && !session.LockProject(path)) || (strict && HasInterruptedSave(session.env, path)))
         return EXIT_FAILED;
@@ -163,7 +210,10 @@ int StringsImportSubcommand::Import(Session &session, CResDoc &document)
 
 int StringsImportSubcommand::ImportWorkbook(Session &session, CResDoc &document, IImportWatch *watch) const
 {
-    std::optional<SpreadsheetImport> import(std::in_place, document, files.front().path, options);
+    ImportFile file = files.front();
+    if (!file.content)
+        file.name = file.path; // in messages too, so that they say which of several folders it is in
+    std::optional<SpreadsheetImport> import(std::in_place, document, std::move(file), options);
     const SpreadsheetResult result = import->Read(watch);
     if (!result.reason.isEmpty())
         Complain(result.reason);

@@ -14,6 +14,8 @@ public:
 
 private:
     [[nodiscard]] bool ChooseFiles();
+    [[nodiscard]] bool ChooseOptions() const;
+    [[nodiscard]] bool ReadInput();
     /// Imports into an open project and saves it. Returns the exit status.
     [[nodiscard]] int Import(Session &session, CResDoc &document);
     [[nodiscard]] bool ChooseLanguages(const ExchangeLanguages &languages);
@@ -24,12 +26,13 @@ private:
     std::string project;
     std::vector<std::string> names;
     std::vector<std::string> wanted;
+    std::string format;
     std::string sheet;
     ImportOptions options;
     bool dryRun = false;
     bool json = false;
     bool strict = false;
 
-    std::vector<TranslationImport::File> files;
+    std::vector<ImportFile> files;
     bool isWorkbook = false;
 };

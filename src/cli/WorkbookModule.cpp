@@ -3,4 +3,4 @@
 
 // The symbol that WORKBOOK_FUNCTIONS names.
 extern "C" __attribute__((visibility("default")))
-const WorkbookFunctions MorvaniteWorkbook = {ReadWorkbook, WriteWorkbook, ReadXliff};
+const WorkbookFunctions MorvaniteWorkbook = {ReadWorkbook, ReadWorkbookBytes, WriteWorkbook, ReadXliff};

@@ -8,6 +8,7 @@
 struct WorkbookFunctions
 {
     decltype(&ReadWorkbook) read;
+    decltype(&ReadWorkbookBytes) readBytes;
     decltype(&WriteWorkbook) write;
     decltype(&ReadXliff) readXliff;
 };

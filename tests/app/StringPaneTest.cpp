@@ -28,6 +28,27 @@ std::string Enabled(const StringWindow &window)
     return text;
 }
 
+/// Runs an action that opens a file dialog, and types a name there; an empty name cancels. Returns the types of files.
+QStringList ChooseFile(const StringWindow &window, ActionId action, const QString &name)
+{
+    QStringList types;
+    auto *const timer = new QTimer(&window.Frame());
+    QObject::connect(timer, &QTimer::timeout, timer, [&types, timer, name] {
+        auto *const dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        timer->deleteLater();
+        types = dialog->nameFilters();
+        dialog->findChild<QLineEdit *>()->setText(name);
+        QTest::keyClick(dialog->findChild<QLineEdit *>(), name.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
+    });
+    timer->start(10);
+    window.Frame().RunAction(action);
+    StringWindow::Settle();
+    window.Activate();
+    return types;
+}
+
 } // namespace
 
 TEST(StringPane, EnablesThePossibleCommands)
@@ -345,28 +366,13 @@ TEST(StringPane, ExportsAndImportsByDialogs)
 {
     StringWindow window;
     QStringList types;
-    const auto choose = [&](ActionId action, const QString &name) {
-        auto *const timer = new QTimer(&window.Frame());
-        QObject::connect(timer, &QTimer::timeout, timer, [&types, timer, name] {
-            auto *const dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-            if (!dialog)
-                return;
-            timer->deleteLater();
-            types = dialog->nameFilters();
-            dialog->findChild<QLineEdit *>()->setText(name);
-            QTest::keyClick(dialog->findChild<QLineEdit *>(), name.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
-        });
-        timer->start(10);
-        window.Frame().RunAction(action);
-        window.Settle();
-        window.Activate();
-    };
+    const auto choose = [&](ActionId action, const QString &name) { types = ChooseFile(window, action, name); };
     window.Edit(0, 4);
     window.Type(u"Deux"_s);
     window.Key(Qt::Key_Return);
     const QString book = window.folder.Path("out");
     choose(ACTION_EXPORT, book);
-    EXPECT_TRUE(types.value(0).startsWith(u"Excel files (*.xls)"_s) && types.size() == 3);
+    EXPECT_TRUE(types.value(0).startsWith(u"Excel files (*.xls)"_s) && types.size() == 5);
     EXPECT_TRUE(QFileInfo::exists(book + u".xls"_s));
     window.Frame().RunAction(ACTION_UNDO);
     window.Grid().SelectAlone(1, 0);
@@ -382,5 +388,42 @@ TEST(StringPane, ExportsAndImportsByDialogs)
     choose(ACTION_IMPORT, window.folder.Path("bad.xls"));
     ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 1; }));
     EXPECT_TRUE(window.boxes[0].startsWith(u"Failed to import from Excel."_s));
+    window.Document().SetModifiedFlag(false);
+}
+
+TEST(StringPane, ExportsAndImportsTranslationFilesByDialogs)
+{
+    StringWindow window("Number of Language|3\nString ID|Resource Type|Description|English(9)|French(12)|Arabic(1)\n"
+                        "ID_A|Normal|a|See|Mer|\nID_B|Push|b|Two||\n##number|2\n");
+    window.folder.Put("demo/morvanite-check.ini", "[Language]\n12=fr\n1=ar\n9=en\n");
+    const auto has = [&](const char *name) { return QFileInfo::exists(window.folder.Path(name)); };
+    window.folder.Put("all_fr.po", "old");
+    window.Answer({QMessageBox::No, QMessageBox::Yes});
+    ChooseFile(window, ACTION_EXPORT, window.folder.Path("all.po"));
+    EXPECT_TRUE(window.folder.Get("all_fr.po") == "old" && !has("all_ar.po"));
+    ChooseFile(window, ACTION_EXPORT, window.folder.Path("all.po"));
+    ASSERT_EQ(window.boxes.size(), 2);
+    EXPECT_EQ(window.boxes[1], u"Each language has its own file, and these exist: all_fr.po.\n"
+                               "Do you want to replace them?"_s);
+    EXPECT_TRUE(has("all_ar.po") && !has("all.po"));
+    ChooseFile(window, ACTION_EXPORT, window.folder.Path("fr.xlf"));
+    EXPECT_TRUE(window.folder.Get("fr.xlf").contains("<target state=\"translated\">Mer</target>") && !has("fr_ar.xlf"));
+
+    const auto translate = [&](const char *name, const QByteArray &text) {
+        QByteArray file = window.folder.Get(name);
+        const qsizetype place = file.indexOf("msgstr \"\"", file.indexOf("ID_B"));
+        window.folder.Put(name, file.replace(place, 9, "msgstr \"" + text + '"'));
+    };
+    translate("all_fr.po", "Deux");
+    translate("all_ar.po", "a\\tb");
+    const QString both = u"\"%1\" \"%2\""_s.arg(window.folder.Path("all_fr.po"), window.folder.Path("all_ar.po"));
+    window.Answer({QMessageBox::Ok});
+    ChooseFile(window, ACTION_IMPORT, both);
+    ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 3; }));
+    EXPECT_TRUE(window.boxes[2].startsWith(u"Failed to import the translations, so the table is as before."_s));
+    EXPECT_FALSE(window.Document().IsModified());
+    window.folder.Put("all_ar.po", window.folder.Get("all_ar.po").replace("a\\tb", "b"));
+    ChooseFile(window, ACTION_IMPORT, both);
+    EXPECT_EQ(window.TreeRows().last(), u"ID_B|Push|b|Two|Deux|b"_s);
     window.Document().SetModifiedFlag(false);
 }

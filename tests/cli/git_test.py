@@ -122,13 +122,27 @@ class Git(DemoProject):
                 changed = [line for line in self.git('diff').splitlines() if line[:1] in '+-' and line[:3] not in ('+++', '---')]
                 self.assertEqual([line.rstrip('\r') for line in changed], ['-ID_B\tNormal\t\tb\tBé', '+ID_B\tNormal\t\tb\tÜ'])
 
-    def test_a_file_that_cannot_be_merged_stops_the_merge(self):
+    def test_a_file_that_cannot_be_merged_has_both_versions(self):
+        for form in ATTRIBUTES:
+            self.begin(form)
+            out = self.merge(BASE[:1] + (('ID_B', 'b1', 'B'),), BASE[:2] + (('ID_A', 'again', ''),), status=1)
+            self.assertRegex(out, STRINGS + ': not merged: theirs, line 5: ID_A is in line 3 too; .*; the file has both versions')
+            text = (self.dir / STRINGS).read_bytes().decode('utf-16')
+            self.assertEqual(text.split('\r\n')[2:-1], ['ID_A\tNormal\t\ta\tA'] + in_conflict(
+                ['ID_B\tNormal\t\tb1\tB', '##number\t2'],
+                ['ID_B\tNormal\t\tb\tBé', 'ID_A\tNormal\t\tagain\t', '##number\t3']))
+            self.assertEqual(self.git('status', '--porcelain', '-uno'), 'UU %s\n' % STRINGS)
+            self.assertIn(':4: ', self.run_cli('load', self.project, '--strict')[2])
         self.begin('safe')
-        ours = (('ID_A', 'a1', 'A'),)
-        out = self.merge(ours, BASE + (('ID_A', 'again', ''),), status=(1, 2))  # a conflict for git before 2.42
-        self.assertIn(STRINGS + ': not merged: theirs, line 6: ID_A is in line 3 too', out)
-        self.assertEqual(self.rows(), ['ID_A\tNormal\t\ta1\tA'])
-        self.assertIn(self.git('status', '--porcelain', '-uno'), ('', 'UU %s\n' % STRINGS))
+        base = (self.dir / LIST).read_text()
+        for branch in ('other', 'main'):
+            self.git('checkout', '-q', branch)
+            (self.dir / LIST).write_text(base.replace('</APP>', '<!-- %s --></APP>' % branch))
+            self.commit()
+        out = self.git('merge', '--no-edit', 'other', status=1)
+        self.assertIn(LIST + ': not merged: ours: line 1: the comment "main" would be lost', out)
+        self.assertEqual((self.dir / LIST).read_text().splitlines()[4:],
+                         in_conflict(['<!-- main --></APP>'], ['<!-- other --></APP>']))
 
     def test_branches_merged_in_both_directions_have_a_base_without_markers(self):
         self.begin('safe')
@@ -185,11 +199,11 @@ class Git(DemoProject):
     def test_merge_ends_as_git_wants(self):
         self.put(BASE)
         data = (self.dir / STRINGS).read_bytes()
-        for name, content in (('base', data), ('ours', data[:-2]), ('theirs', data)):
+        for name, content in (('base', data), ('ours', data[:-1]), ('theirs', data)):
             (self.dir / name).write_bytes(content)
         for arguments in (('base', 'ours', 'theirs'), ('base', 'theirs', 'none'), ('base',), ('base', 'base', 'base', '--what')):
             self.assertEqual(self.run_cli('merge', *arguments)[0], 255)
-        self.assertEqual((self.dir / 'ours').read_bytes(), data[:-2])
+        self.assertEqual((self.dir / 'ours').read_bytes(), data[:-1])
         (self.dir / 'ours').write_bytes(data)
         self.assertEqual(self.run_cli('merge', 'base', 'ours', 'theirs'), (0, '', ''))
         self.env['XDG_CONFIG_HOME'] = str(self.dir)

@@ -5,6 +5,7 @@
 import json
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import unittest
@@ -83,6 +84,7 @@ class Translations(DemoProject):
         self.assertEqual(self.export('-', '--format', 'po', '--language', 'de'),
                          (0, (self.dir / 'po/de.po').read_text(), left_out))
         self.assertEqual(self.export('-')[0], 2)
+        self.assertIn('a template has no translations', self.export('t.pot', '--language', 'de')[2])
         self.env['SOURCE_DATE_EPOCH'] = '1700000000'
         self.assertEqual(self.export('t.pot'), (0, left_out, ''))
         self.assertIn('PO-Revision-Date: 2023-11-14 22:13+0000', (self.dir / 't.pot').read_text())
@@ -187,6 +189,8 @@ class Translations(DemoProject):
                 ('en.po', good, 'en.po:2: the language of the translations, English, is also the source language.'),
                 ('a.xlf', unit % ('ID_HI', 'Hi %s', 'a<x:g id="1">b</x:g>') + end,
                  "a.xlf:2: ID_HI: the element <g> within a text can't be imported, since a string has no tags."),
+                ('a.xlf', unit % ('ID_HI', 'Hi %s', '<x:mrk mtype="seg">a<x:mrk mtype="term">b</x:mrk></x:mrk>') + end,
+                 "a.xlf:2: ID_HI: the element <mrk> within a text can't be imported, since a string has no tags."),
                 ('a.xlf', unit % ('ID_HI', 'Hi %s', 'Hallo %s'), "a.xlf:2: the file ends too early, so it isn't complete."),
                 ('a.xlf', unit % ('ID_HI', 'Hi %s', 'a</x:target><x:target>b') + end,
                  "a.xlf:2: ID_HI: a trans-unit has two targets, of which only one could be imported."),
@@ -202,12 +206,107 @@ class Translations(DemoProject):
         status, out, err = self.import_('fr.po', 'new.po', '--language', 'de')
         self.assertTrue((status, out) == (0, IMPORTED % (0, 0) + SAVED), out + err)
 
+    def test_reads_standard_input(self):
+        self.write_table(ROWS.replace('Hallo %s', ''))
+        for name in ('po', 'xliff', 'xlsx', 'csv'):
+            source = 'in.' + name.replace('xliff', 'xlf')
+            self.strings.write_bytes(self.before)
+            self.assertEqual(self.export(source, '--language', 'de')[0], 0)
+            self.write_table(ROWS.replace('Hallo %s', ''))
+            with open(self.dir / source, 'rb') as file:
+                self.assertEqual(self.run_cli('strings', 'import', self.project, '-', '--format', name, stdin=file),
+                                 (0, IMPORTED % (0, 0) + SAVED, ''))
+            self.assertEqual(self.strings.read_bytes(), self.before)
+        (self.dir / 'bad').write_bytes(bytes(range(256)))
+        for content, arguments, status, complaint in (
+                ('bad', (), 2, 'name the format of the input with --format'),
+                ('bad', ('--format', 'po', '-'), 2, 'standard input can be read only once'),
+                ('/dev/null', ('--format', 'po'), 1, 'standard input is empty, so nothing is imported'),
+                ('res', ('--format', 'po'), 1, 'standard input: Is a directory'),
+                ('bad', ('--format', 'po'), 1, 'nothing is imported'),
+                ('bad', ('--format', 'csv'), 1, "standard input: it isn't text: it contains a null character"),
+                ('bad', ('--format', 'xlsx'), 1, "standard input: it isn't a ZIP file")):
+            descriptor = os.open(self.dir / content, os.O_RDONLY)
+            got, out, err = self.run_cli('strings', 'import', self.project, '-', *arguments, stdin=descriptor)
+            os.close(descriptor)
+            self.assertEqual(got, status)
+            self.assertIn(complaint, err)
+        self.assertEqual(self.import_('in.po', '--format', 'po')[0], 2)
+        self.assertEqual(self.strings.read_bytes(), self.before)
+
+    def test_segments_of_xliff_are_one_text(self):
+        segments = ('<mrk mtype="seg" mid="0">Sag "nein"\\n</mrk><mrk mtype="seg" mid="1">&amp; &lt;b></mrk>',
+                    '<mrk mtype="seg" mid="0">Sag</mrk> <mrk mtype="seg" mid="1"/>')
+        self.write_table(ROWS.replace('Sag "nein"\\n& <b>', ''))
+        without = self.strings.read_bytes()
+        unit = ('<trans-unit id="ID_QUOTE"><source>Say "no"\\n&amp; &lt;b></source><seg-source><g id="1">Say</g></seg-source>'
+                '<target>%s</target></trans-unit>')
+        for text, warnings, expected in ((segments[0], 0, self.before), (segments[1], 1, without),
+                                         ('<mrk mtype="seg"/> <mrk mtype="seg"/>', 0, without)):
+            self.strings.write_bytes(without)
+            (self.dir / 'de.xlf').write_text('<xliff version="1.2"><file source-language="en"><body>%s</body></file></xliff>'
+                                             % (unit % text))
+            self.assertEqual(self.import_('de.xlf')[:2], (0, "Warning 1: 1 unfinished translations aren't imported.\r\n" *
+                                                          warnings + IMPORTED % (0, warnings) + SAVED))
+            self.assertEqual(self.strings.read_bytes(), expected)
+
+    def test_files_with_the_same_language_must_agree(self):
+        for name, text in (('de.po', 'Servus %s'), ('de_AT.po', 'Griaß di %s'), ('de_CH.po', 'Hallo %s'), ('de_LI.po', 'Hallo %s')):
+            (self.dir / name).write_text(HEAD + message('ID_HI', 'Hi %s', text))
+        self.assertEqual(self.import_('de.po', 'de_AT.po')[0], 0, 'the text of the table stays')
+        for files in (('de.po', 'de_CH.po'), ('de_CH.po', 'de.po')):
+            status, out, _ = self.import_(*files, '--replace')
+            self.assertEqual(status, 1)
+            self.assertIn('%s:5: ID_HI has another text in %s:5, for the same language.' % (files[1], files[0]), out)
+        self.assertEqual(self.import_('de_CH.po', 'de_LI.po', '--replace')[0], 0)
+        self.assertEqual(self.strings.read_bytes(), self.before)
+
+    def test_a_cut_csv_file_is_told(self):
+        self.assertEqual(self.export('a.csv')[0], 0)
+        whole = (self.dir / 'a.csv').read_bytes()
+        for end, warning in ((whole.index(b'Hallo') + 3, True), (whole.index(b'##number') + 9, False), (len(whole) - 2, False)):
+            (self.dir / 'a.csv').write_bytes(whole[:end])
+            out = self.import_('a.csv', '--dry-run')[1]
+            self.assertEqual('Warning 1: the file ends within row 3, so texts may be missing or cut short.' in out, warning)
+        (self.dir / 'a.csv').write_bytes(whole[:whole.index(b'""nein')])
+        status, _, err = self.import_('a.csv')
+        self.assertEqual(status, 1)
+        self.assertIn("a.csv: line 4: a quote isn't closed", err)
+        self.assertEqual(self.strings.read_bytes(), self.before)
+
+    def test_the_translate_toolkit_reads_the_same_texts(self):
+        def pairs(file):
+            done = self.run_tool('msgcat', '--no-wrap', file)
+            return re.findall('\nmsgid "(.+)"\nmsgstr "(.*)"', done[1].decode())
+
+        for text, is_found in (('Hallo %s', False), ('Hallo %d', True)):
+            self.write_table(ROWS.replace('Hallo %s', text))
+            for name in ('de.po', 'de.xlf'):
+                self.export(name, '--language', 'de')
+                self.assertEqual(self.run_tool('pofilter', '-t', 'printf', name, 'bad-' + name)[0], 0)
+                found = self.dir / ('bad-' + name)
+                self.assertEqual(found.exists() and text in found.read_text(), is_found)
+        for command in (('po2xliff', 'de.po', 'of-po.xlf'), ('xliff2po', 'of-po.xlf', 'back.po'), ('xliff2po', 'de.xlf', 'of-xlf.po')):
+            self.assertEqual(self.run_tool(*command)[0], 0)
+        self.assertEqual(len(pairs('de.po')), 2)
+        self.assertEqual((pairs('back.po'), pairs('of-xlf.po')), (pairs('de.po'),) * 2)
+
+    def test_a_workbook_that_libreoffice_saved_has_no_difference(self):
+        self.write_table(ROWS.replace('Hallo %s', '007').replace('nichts', '1E5'))
+        self.export('a.xlsx')
+        status, _, err = self.run_tool('soffice', '-env:UserInstallation=file://%s/profile' % self.dir, '--headless',
+                                       '--convert-to', 'xlsx', '--outdir', 'saved', 'a.xlsx')
+        self.assertEqual(status, 0, err)
+        self.assertNotEqual((self.dir / 'a.xlsx').read_bytes(), (self.dir / 'saved/a.xlsx').read_bytes())
+        self.assertEqual(self.fates('saved/a.xlsx', '--replace'), [IMPORTED.strip() % (0, 0)])
+
     def test_chooses_languages_and_rows_of_an_export(self):
         self.assertEqual(self.export('zh.po', '--language', 'zh-Hans', '--only-missing')[0], 0)
         self.assertTrue(('ID_QUOTE' in (self.dir / 'zh.po').read_text()) and 'ID_HI' not in (self.dir / 'zh.po').read_text())
         self.assertEqual(self.export('fr.xliff', '--source', 'de', '--language', 'English')[0], 0)
         self.assertIn('<source>nichts</source>\n        <target state="needs-translation">', (self.dir / 'fr.xliff').read_text())
-        self.assertEqual(self.export('new/', '--format', 'csv', '--language', '99', '--only-missing'), (0, EXPORTED % 0, ''))
+        self.assertEqual(self.export('new/', '--format', 'csv', '--language', '99', '--only-missing'),
+                         (0, 'Warning 1: 1 row without a text in English is left out.\r\n' + EXPORTED % 1, ''))
         self.assertEqual((self.dir / 'new/demo.csv').read_text(encoding='utf-8-sig').split('\n')[1:4],
                          ['String ID,Resource Type,Description,English,Elvish', 'ID_QUOTE,Push,,"Say ""no""\\n& <b>",',
                           '##number,1,,,'])

@@ -37,7 +37,7 @@ struct SheetProject : StringProject
     {
         folder.Put("in.csv", QByteArray(readable).replace('|', ','));
         const std::string before = Written();
-        SpreadsheetImport import(*this, folder.Path("in.csv"));
+        SpreadsheetImport import(*this, {folder.Path("in.csv"), u"in.csv"_s});
         Fates early;
         const int code = import.Read(&early).code;
         EXPECT_EQ(Written(), before);
@@ -252,7 +252,7 @@ TEST(Spreadsheet, RefusesTextsThatAStringFileCannotHoldAndImportsTheRest)
                                               "French (Line 3).\r\nError 3: invalid ID format"));
     EXPECT_EQ(project.Written(),
               FILE_HEAD.toStdString() + "ID_OLD|Normal||new|old\nID_NEW|Normal||fine|\n##number|2\n");
-    SpreadsheetImport import(project, project.folder.Path("in.csv"));
+    SpreadsheetImport import(project, {project.folder.Path("in.csv"), u"in.csv"_s});
     ASSERT_EQ(import.Read().code, 0);
     EXPECT_EQ(import.Plan().Refused(),
               (QStringList{u"ID_NEW (Description)"_s, u"ID_NEW (French)"_s, u"ID\rX (String ID)"_s}));

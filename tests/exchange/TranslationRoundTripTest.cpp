@@ -89,12 +89,12 @@ struct TableProject : StringProject
         return all;
     }
 
-    [[nodiscard]] std::vector<TranslationImport::File> Export(const TranslationFormat &format)
+    [[nodiscard]] std::vector<ImportFile> Export(const TranslationFormat &format)
     {
         const CheckSettings settings;
         const ExchangeLanguages languages(*this, settings);
         TranslationExportJob job{&format, LANGUAGES[0], {}};
-        std::vector<TranslationImport::File> files;
+        std::vector<ImportFile> files;
         for (const qint32 language : {LANGUAGES[1], LANGUAGES[2]}) {
             const QString file = FileNameOf(languages.CodeOf(language), format);
             job.files.push_back({folder.Path(file.toUtf8()), language});
@@ -105,7 +105,7 @@ struct TableProject : StringProject
     }
 
     /// Imports the files of a project that may be another one.
-    [[nodiscard]] bool Import(const std::vector<TranslationImport::File> &files)
+    [[nodiscard]] bool Import(const std::vector<ImportFile> &files)
     {
         const CheckSettings settings;
         const ExchangeLanguages languages(*this, settings);

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
-// Random edits on two sides of a random table.
+// Random edits on two sides of a random table, and of a random resource list.
 #include "MergedText.h"
 
 #include <rapidcheck/gtest.h>
 
+#include <QRegularExpression>
+
 #include <map>
 #include <set>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -23,7 +27,17 @@ int Below(size_t end)
     return *rc::gen::inRange(0, int(end));
 }
 
-/// A string table with edits. New texts are unique, but for a few that both sides may choose.
+/// Returns a new text, or one of a few that both sides may choose.
+QByteArray SomeText(const char *side)
+{
+    static int count = 0;
+    const int kind = Below(6);
+    return kind == 0  ? QByteArray()
+           : kind < 3 ? "same" + QByteArray::number(Below(2))
+                      : side + QByteArray::number(++count);
+}
+
+/// A string table with edits.
 struct Table
 {
     std::vector<int> languages;
@@ -41,15 +55,6 @@ struct Table
                 text += '|' + row.cells.at(language);
         }
         return StringFileBytes(text + "\n##number|" + QByteArray::number(rows.size()) + '\n');
-    }
-
-    QByteArray SomeText(const char *side)
-    {
-        static int count = 0;
-        const int kind = Below(6);
-        return kind == 0  ? QByteArray()
-               : kind < 3 ? "same" + QByteArray::number(Below(2))
-                          : side + QByteArray::number(++count);
     }
 
     void AddRow(const char *side)
@@ -168,7 +173,166 @@ void CheckNothingIsLost(const Table &base, const Table &side, const Merged &merg
     }
 }
 
+/// A resource of a list. Its place is a screen, or 0 outside of the screens.
+struct Resource
+{
+    int screen;
+    QByteArray name; // element and ID
+    QByteArray type; // the attribute; may be empty
+    QByteArray path;
+
+    [[nodiscard]] std::string Key() const { return std::to_string(screen) + ' ' + name.toStdString(); }
+};
+
+/// A resource list with edits.
+struct List
+{
+    std::vector<int> screens;
+    std::vector<Resource> resources;
+
+    [[nodiscard]] QByteArray Elements(int screen) const
+    {
+        QByteArray text;
+        for (const Resource &one : resources) {
+            const QByteArray tag = one.name.left(one.name.indexOf(' '));
+            if (one.screen == screen)
+                text += (screen ? "        <" : "    <") + one.name + one.type + '>' + one.path + "</" + tag + ">\n";
+        }
+        return text;
+    }
+
+    [[nodiscard]] QByteArray File() const
+    {
+        QByteArray text = "<APP id=\"APP_demo\">\n" + Elements(0);
+        for (const int screen : screens) {
+            const QByteArray elements = Elements(screen);
+            text += "    <RESOLUTION width=\"1\" height=\"" + QByteArray::number(screen) + "\" class=\"image\"";
+            text += elements.isEmpty() ? " />\n" : ">\n" + elements + "    </RESOLUTION>\n";
+        }
+        return text + "    <STRING>s</STRING>\n</APP>\n";
+    }
+
+    [[nodiscard]] const Resource *Find(const std::string &key) const
+    {
+        const auto found =
+            std::find_if(resources.begin(), resources.end(), [&](const Resource &one) { return one.Key() == key; });
+        return found == resources.end() ? nullptr : &*found;
+    }
+    [[nodiscard]] bool HasScreen(int screen) const
+    {
+        return screen == 0 || std::count(screens.begin(), screens.end(), screen) > 0;
+    }
+
+    static QByteArray SomePath(const char *side) { return 'p' + SomeText(side); }
+    static QByteArray SomeType() { return Below(3) ? Below(2) ? " type=\"Normal\"" : " type=\"Push\"" : ""; }
+
+    void Add(const char *side)
+    {
+        const int screen = screens.empty() || Below(2) ? 0 : screens[size_t(Below(screens.size()))];
+        const QByteArray tag = screen || Below(2) ? "IMAGE" : "FILE";
+        const QByteArray id = Below(2) ? QByteArray::number(Below(6)) : SomePath(side);
+        const Resource made{screen, tag + " id=\"I" + id + '"', SomeType(), SomePath(side)};
+        if (!Find(made.Key()))
+            resources.insert(resources.begin() + Below(resources.size() + 1), made);
+    }
+
+    void Edit(const char *side)
+    {
+        const int kind = Below(10);
+        const int screen = 1 + Below(3);
+        if (kind == 0 && !HasScreen(screen))
+            screens.insert(screens.begin() + Below(screens.size() + 1), screen);
+        else if (kind == 1)
+            std::erase(screens, screen);
+        else if (kind < 4 || resources.empty())
+            Add(side);
+        else if (kind == 4)
+            resources.erase(resources.begin() + Below(resources.size()));
+        else if (kind == 5)
+            std::swap(resources[size_t(Below(resources.size()))], resources.back());
+        else if (kind == 6)
+            resources[size_t(Below(resources.size()))].type = SomeType();
+        else
+            resources[size_t(Below(resources.size()))].path = SomePath(side);
+        std::erase_if(resources, [this](const Resource &one) { return !HasScreen(one.screen); });
+    }
+};
+
+/// The versions of each resource in a merged list, each with its type and its path.
+using Versions = std::map<std::string, std::set<std::pair<std::string, std::string>>>;
+
+Versions VersionsIn(const QByteArray &list)
+{
+    static const QRegularExpression RESOURCE(u"^ *<((?:FILE|IMAGE) id=\"\\w+\")([^>]*)>(.*)</"_s);
+    static const QRegularExpression SCREEN(u"height=\"(\\d)\""_s);
+    Versions all;
+    QString screen = u"0"_s;
+    for (const QString &line : QString::fromUtf8(list).split(u'\n')) {
+        if (line.startsWith(u"    <RESOLUTION"))
+            screen = SCREEN.match(line).captured(1);
+        if (line.endsWith(u"</RESOLUTION>") || line.endsWith(u"/>"))
+            screen = u"0"_s;
+        if (const auto found = RESOURCE.match(line); found.hasMatch())
+            all[(screen + u' ' + found.captured(1)).toStdString()].insert(
+                {found.captured(2).toStdString(), found.captured(3).toStdString()});
+    }
+    return all;
+}
+
+/// What a side has added, changed or removed is so in the merged list, in one of the versions of the resource.
+void CheckNothingIsLost(const List &base, const List &side, const List &other, const Versions &merged)
+{
+    for (const Resource &one : side.resources) {
+        const Resource *const before = base.Find(one.Key());
+        const auto found = merged.find(one.Key());
+        const auto has = [&](const auto &isVersion) {
+            return found != merged.end() && std::any_of(found->second.begin(), found->second.end(), isVersion);
+        };
+        if (!before || before->path != one.path)
+            RC_ASSERT(has([&](const auto &version) { return version.second == one.path.toStdString(); }));
+        if (one.type != (before ? before->type : QByteArray()))
+            RC_ASSERT(has([&](const auto &version) { return version.first == one.type.toStdString(); }));
+    }
+    for (const Resource &one : base.resources) {
+        const Resource *const theirs = other.Find(one.Key());
+        const bool isUnchanged = !theirs || (theirs->type == one.type && theirs->path == one.path);
+        if (!side.Find(one.Key()) && isUnchanged && side.HasScreen(one.screen) && other.HasScreen(one.screen))
+            RC_ASSERT(!merged.count(one.Key()));
+    }
+}
+
 } // namespace
+
+TEST(MergeProperty, OfResourceListsLosesNothingAndIsSymmetric)
+{
+    const TestProgram program;
+    Environment &env = *program.env;
+    EXPECT_TRUE(rc::check([&] {
+        List base;
+        for (int i = Below(12); i > 0; --i)
+            base.Edit("b");
+        List ours = base;
+        List theirs = base;
+        for (int i = Below(10); i > 0; --i)
+            ours.Edit("o");
+        for (int i = Below(10); i > 0; --i)
+            theirs.Edit("t");
+
+        RC_ASSERT(MergeFiles(env, {base.File(), base.File(), theirs.File()}).bytes == theirs.File());
+        RC_ASSERT(MergeFiles(env, {base.File(), ours.File(), base.File()}).bytes == ours.File());
+        const MergeResult merged = MergeFiles(env, {base.File(), ours.File(), theirs.File()});
+        const MergeResult mirrored = MergeFiles(env, {base.File(), theirs.File(), ours.File()});
+        RC_ASSERT(merged.refusal.isEmpty());
+        const Versions versions = VersionsIn(merged.bytes);
+        RC_ASSERT(versions == VersionsIn(mirrored.bytes));
+        RC_ASSERT(merged.conflicts.size() == mirrored.conflicts.size());
+        CheckNothingIsLost(base, ours, theirs, versions);
+        CheckNothingIsLost(base, theirs, ours, versions);
+        const MergeResult clean = MergeFiles(env, {base.File(), ours.File(), theirs.File()}, OnConflict::KeepBase);
+        RC_ASSERT(clean.conflicts.isEmpty() && (!merged.conflicts.isEmpty() || clean.bytes == merged.bytes));
+        RC_ASSERT(MergeFiles(env, {clean.bytes, clean.bytes, base.File()}).refusal.isEmpty());
+    }));
+}
 
 TEST(MergeProperty, LosesNothingIsSymmetricAndLoads)
 {

@@ -30,8 +30,10 @@ struct StringGridState
 /// The longest text that can be typed into a column, in characters.
 [[nodiscard]] int TypingLimit(int column);
 
-inline constexpr char EXCEL_FILTER[] = "Excel files (*.xls)|*.xls|Excel workbooks (*.xlsx)|*.xlsx|"
-                                       "Comma-separated values (*.csv)|*.csv||";
+/// The files that the table is imported from and exported to.
+inline constexpr char EXCHANGE_FILTER[] = "Excel files (*.xls)|*.xls|Excel workbooks (*.xlsx)|*.xlsx|"
+                                          "Comma-separated values (*.csv)|*.csv|PO files (*.po)|*.po|"
+                                          "XLIFF files (*.xlf)|*.xlf; *.xliff||";
 
 /// What is done with a file that is dropped on the table.
 enum class DropVerdict

@@ -32,6 +32,12 @@ constexpr bool IsTaken(quint8 fate)
     return fate == quint8(CellFate::Filled) || fate == quint8(CellFate::New) || fate == quint8(CellFate::Replaced);
 }
 
+/// Returns whether the table has the text after the import.
+constexpr bool IsChosen(quint8 fate)
+{
+    return IsTaken(fate) || fate == quint8(CellFate::Same);
+}
+
 } // namespace
 
 ImportPlan::ImportPlan(CResModel &document, const IImportSource &texts, QString filePath, ImportOptions importOptions)
@@ -146,18 +152,20 @@ void ImportPlan::PlanTexts(Row &row, const IDRecord *record, const QString &id)
             fates.push_back(PASSED_OVER);
             continue;
         }
-        const CellFate fate = FateOf(row, i, text, TextBefore(row, i, record));
+        const Before before = TextBefore(row, i, record);
+        const CellFate fate = FateOf(row, i, text, before);
         fates.push_back(quint8(fate));
         ++counts[size_t(fate)];
         if (fate == CellFate::Refused)
             Refuse(row.row, language.column, id, isDescription ? DESCRIPTION_WORD.toString() : language.title);
         if (fate == CellFate::Stale)
             TellStale(row.row, language.column, id);
-        if (!IsTaken(quint8(fate)))
-            continue;
-        row.changes = language.isUsed = true;
-        if (isNoted && !text.isEmpty())
+        if (fate == CellFate::Kept && before.source && !text.isEmpty())
+            TellTwice(row.row, language.column, id, *before.source);
+        if (isNoted && IsChosen(quint8(fate)) && !text.isEmpty())
             places.try_emplace(KeyOf(row, i), Place{row.row, language.column});
+        if (IsTaken(quint8(fate)))
+            row.changes = language.isUsed = true;
     }
 }
 
@@ -174,7 +182,7 @@ CellFate ImportPlan::FateOf(const Row &row, size_t language, const QString &text
     if (!options.includeUnfinished && source.IsUnfinished(row.row, column))
         return CellFate::Unfinished;
     const bool hasOther = before.text && !before.text->isEmpty();
-    if (hasOther && (!options.replace || before.isImported || text.isEmpty()))
+    if (hasOther && (!options.replace || before.source || text.isEmpty()))
         return CellFate::Kept;
     if (!Fits(text))
         return CellFate::Refused;
@@ -185,7 +193,7 @@ void ImportPlan::NotePlaces(const Row &row)
 {
     for (size_t i = 0; i < languages.size(); ++i) {
         const quint32 column = languages[i].column;
-        if (IsTaken(fates[row.firstFate + i]) && !source.Text(row.row, column).isEmpty())
+        if (IsChosen(fates[row.firstFate + i]) && !source.Text(row.row, column).isEmpty())
             places.try_emplace(KeyOf(row, i), Place{row.row, column});
     }
 }
@@ -212,6 +220,16 @@ void ImportPlan::TellStale(quint32 row, quint32 column, const QString &id)
                      Shown(place.name).constData(), Shown(id).constData());
 }
 
+void ImportPlan::TellTwice(quint32 row, quint32 column, const QString &id, const Place &other)
+{
+    const ImportPlace place = source.PlaceOf(row, column);
+    if (place.file.isEmpty())
+        return; // of the rows of a sheet, the first counts
+    model.env.Report({"import.twice", Severity::Error, place.file, place.line, id, {}},
+                     "%s: %s has another text in %s, for the same language.", Shown(place.name).constData(),
+                     Shown(id).constData(), Shown(source.PlaceOf(other.row, other.column).name).constData());
+}
+
 quint64 ImportPlan::KeyOf(const Row &row, size_t language) const
 {
     return quint64(row.first) << 32 | languages[language].first;
@@ -228,7 +246,7 @@ ImportPlan::Before ImportPlan::TextBefore(const Row &row, size_t language, const
     if (found != places.end()) {
         const auto [otherRow, otherColumn] = found->second;
         if (otherRow < row.row || (otherRow == row.row && otherColumn < languages[language].column))
-            return {source.Text(otherRow, otherColumn), /*isImported=*/true};
+            return {source.Text(otherRow, otherColumn), found->second};
     }
     if (isFull)
         return {cell->text};

@@ -20,8 +20,8 @@ class CResModel;
 /// A text is imported if the string table has none; existing texts stay, unless the options say otherwise. For several
 /// rows with the same ID, the later rows take into account what the earlier rows will change, and never replace it.
 /// Computing the plan changes nothing except the report, which gets an error for each row and text that can't be
-/// imported, and a warning for each stale text. The plan needs a few bytes of memory for each text; the texts stay in
-/// the source.
+/// imported and for each text that differs from one in another file, and a warning for each stale text. The plan needs
+/// a few bytes of memory for each text; the texts stay in the source.
 ///
 ///     ImportPlan plan(model, source, path);
 ///     plan.AddLanguage(StringFileFormat::DESCRIPTION, {}, 2);
@@ -112,11 +112,11 @@ private:
         quint32 column;
     };
 
-    /// A text of the table, or the one that this import puts there.
+    /// A text of the table, or the one that an earlier text of the source has put there or found there.
     struct Before
     {
         std::optional<QString> text; // nullopt: there is no cell
-        bool isImported = false;
+        std::optional<Place> source = {};
     };
 
     void AddLostRow(quint32 row, CellFate fate);
@@ -127,6 +127,7 @@ private:
     void NotePlaces(const Row &row);
     void Refuse(quint32 row, quint32 column, const QString &id, const QString &language);
     void TellStale(quint32 row, quint32 column, const QString &id);
+    void TellTwice(quint32 row, quint32 column, const QString &id, const Place &other);
     [[nodiscard]] quint64 KeyOf(const Row &row, size_t language) const;
     /// Returns the text that a cell will have when the plan has been applied up to that row.
     [[nodiscard]] Before TextBefore(const Row &row, size_t language, const IDRecord *record) const;

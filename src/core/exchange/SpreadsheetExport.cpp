@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Environment.h"
+#include "LackingSource.h"
 #include "Paths.h"
 #include "ResModel.h"
 #include "Spreadsheet.h"
@@ -27,9 +28,13 @@ public:
         next = folders.empty() ? nullptr : FirstFrom(folders.front()->resources.First());
         for (CBaseRes *row = next; row; row = FirstFrom(row->NextInFolder()))
             ++count;
+        CountLacking();
         languages = QString::number(folders.empty() ? 0 : folders.size() - 1);
         total = QString::number(count);
     }
+
+    /// The rows that are left out because they lack a text to translate.
+    [[nodiscard]] int Lacking() const { return lacking; }
 
     qint64 RowCount() const override { return HEADER_ROWS + count + 1; }
     int ColumnCount() const override { return FIXED_COLUMNS + languages.toInt(); }
@@ -66,14 +71,24 @@ private:
         return row;
     }
 
+    static bool HasText(CStringRes &head, qint32 language)
+    {
+        const CStringRes *const cell = head.FindLanguage(language);
+        return cell && !cell->text.isEmpty();
+    }
+
     [[nodiscard]] bool LacksText(CStringRes &head) const
     {
-        const auto hasText = [&head](qint32 language) {
-            const CStringRes *const cell = head.FindLanguage(language);
-            return cell && !cell->text.isEmpty();
-        };
-        return hasText(choice.source) && !std::all_of(folders.begin() + 1, folders.end(),
-                                                      [&](const CResFolder *folder) { return hasText(folder->index); });
+        return HasText(head, choice.source) &&
+               !std::all_of(folders.begin() + 1, folders.end(),
+                            [&](const CResFolder *folder) { return HasText(head, folder->index); });
+    }
+
+    void CountLacking()
+    {
+        CBaseRes *row = choice.onlyMissing && !folders.empty() ? folders.front()->resources.First() : nullptr;
+        for (; row; row = row->NextInFolder())
+            lacking += HasText(static_cast<CStringRes &>(*row), choice.source) ? 0 : 1;
     }
 
     void PutColumns()
@@ -99,6 +114,7 @@ private:
     const SpreadsheetChoice &choice;
     std::vector<const CResFolder *> folders; // the Description, and the languages to export
     qint64 count = 0;
+    int lacking = 0;
     CBaseRes *next = nullptr; // rows are requested in order
     QString languages;
     QString total;
@@ -116,6 +132,8 @@ SpreadsheetResult ExportSpreadsheet(CResModel &document, const QString &path, co
     const CResFolder none;
     const CResFolder *strings = document.root.FindFolder(KIND_STRINGS, 2);
     TableSource source(document, strings ? *strings : none, choice);
+    if (const CResFolder *const from = strings ? strings->FindFolder(KIND_LANGUAGE, choice.source, 1) : nullptr)
+        ReportLackingSource(env, source.Lacking(), from->title);
     const WorkbookResult written = WriteWorkbook(path, source);
     if (written.HasFailed()) {
         env.Report({"sheet.write-failed", Severity::Error, path, 0, {}, written.reason}, "failed to export to Excel.");

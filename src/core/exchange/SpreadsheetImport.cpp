@@ -37,9 +37,19 @@ QString WhatIsExpected(const QString &wrong)
 }
 
 /// Returns the file and its sheet as messages name them.
-QString PlaceOf(const QString &path, const Sheet &sheet)
+QString PlaceOf(const QString &name, const Sheet &sheet)
 {
-    return sheet.name.isEmpty() ? path + u':' : QStringLiteral("%1, sheet \"%2\":").arg(path, sheet.name);
+    return sheet.name.isEmpty() ? name + u':' : QStringLiteral("%1, sheet \"%2\":").arg(name, sheet.name);
+}
+
+WorkbookResult ReadSheet(const ImportFile &file, Sheet &sheet)
+{
+    if (!file.content)
+        return ReadWorkbook(file.path, sheet);
+    WorkbookResult result = ReadWorkbookBytes(*file.content, FileExtension(file.path), sheet);
+    if (result.HasFailed())
+        result.reason = file.name + QStringLiteral(": ") + result.reason;
+    return result;
 }
 
 /// The texts of a sheet, row by row.
@@ -91,6 +101,7 @@ public:
         }
         if (const int code = ReadHeader())
             return code;
+        TellCut();
         for (quint32 row = FIRST_ROW; row < sheet.EndRow(); ++row) {
             const size_t before = plan.RowCount();
             ReadRow(row);
@@ -112,6 +123,15 @@ private:
         else
             env.Report(finding, format, arguments...);
         env.Explain(place + u' ' + what);
+    }
+
+    /// Warns if the file ends within a row of texts.
+    void TellCut()
+    {
+        if (sheet.cutRow == 0 || EqualsNoCase(sheet.At(quint32(sheet.cutRow) - 1, 0), END_WORD))
+            return;
+        env.Report({"sheet.cut-short", Severity::Warning, path, sheet.cutRow, {}, {}},
+                   "the file ends within row %d, so texts may be missing or cut short.", sheet.cutRow);
     }
 
     int Expect(quint32 row, quint32 column, QStringView expected, bool anywhere = false)
@@ -252,10 +272,11 @@ QString CellName(quint32 column, quint32 row)
     return letters + QString::number(row);
 }
 
-SpreadsheetImport::SpreadsheetImport(CResModel &model, QString file, const ImportOptions &importOptions)
-    : document(model), path(std::move(file)), ownNames(importOptions.ownNames),
-      texts(std::make_unique<SheetTexts>(sheet, importOptions.unguard && !EqualsNoCase(FileExtension(path), u"csv"))),
-      plan(model, *texts, path, importOptions)
+SpreadsheetImport::SpreadsheetImport(CResModel &model, ImportFile workbook, const ImportOptions &importOptions)
+    : document(model), file(std::move(workbook)), ownNames(importOptions.ownNames),
+      texts(std::make_unique<SheetTexts>(sheet,
+                                         importOptions.unguard && !EqualsNoCase(FileExtension(file.path), u"csv"))),
+      plan(model, *texts, file.path, importOptions)
 {
     sheet.wanted = importOptions.sheet;
 }
@@ -267,14 +288,14 @@ SpreadsheetResult SpreadsheetImport::Read(IImportWatch *watch)
     env.ResetCounts();
     env.LimitWarnings(); // each of a million rows may have a warning
     SpreadsheetResult result;
-    const WorkbookResult opened = ReadWorkbook(path, sheet);
+    const WorkbookResult opened = ReadSheet(file, sheet);
     if (opened.HasFailed()) {
         const bool isNone = opened.fault == WorkbookFault::NoWorkbook;
-        env.Report({isNone ? "sheet.no-workbook" : "sheet.broken", Severity::Error, path, 0, {}, opened.reason},
+        env.Report({isNone ? "sheet.no-workbook" : "sheet.broken", Severity::Error, file.path, 0, {}, opened.reason},
                    isNone ? "failed to connect to Excel." : "failed to import from Excel.");
         result = {SHEET_FAILED, opened.reason};
     } else {
-        result.code = SheetReader(document, sheet, path, PlaceOf(path, sheet), ownNames, plan).Read(watch);
+        result.code = SheetReader(document, sheet, file.path, PlaceOf(file.name, sheet), ownNames, plan).Read(watch);
     }
     env.EndReport(FileTitle(document.PathName()), "import");
     return result;
@@ -282,7 +303,7 @@ SpreadsheetResult SpreadsheetImport::Read(IImportWatch *watch)
 
 SpreadsheetResult ImportSpreadsheet(CResModel &document, const QString &path)
 {
-    SpreadsheetImport import(document, path);
+    SpreadsheetImport import(document, {path, path});
     const SpreadsheetResult result = import.Read();
     import.Plan().Apply();
     return result;

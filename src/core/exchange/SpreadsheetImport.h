@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ImportFile.h"
 #include "ImportWatch.h"
 #include "Sheet.h"
 #include "Spreadsheet.h"
@@ -16,7 +17,7 @@
 class SpreadsheetImport
 {
 public:
-    SpreadsheetImport(CResModel &model, QString file, const ImportOptions &importOptions = {});
+    SpreadsheetImport(CResModel &model, ImportFile workbook, const ImportOptions &importOptions = {});
 
     /// Reads the settings again and the workbook, and makes the plan. Logs what is wrong; errors in a row don't stop
     /// it. After a failure the plan has the languages that the header has before it, and no rows.
@@ -26,7 +27,7 @@ public:
 
 private:
     CResModel &document;
-    QString path;
+    ImportFile file;
     bool ownNames;
     Sheet sheet;
     std::unique_ptr<IImportSource> texts; // the texts of the sheet

@@ -6,6 +6,7 @@
 #include "ExchangeLanguages.h"
 #include "FileFault.h"
 #include "FileReplacement.h"
+#include "LackingSource.h"
 #include "Paths.h"
 #include "Placeholders.h"
 #include "ResModel.h"
@@ -13,6 +14,8 @@
 #include "StringFileFormat.h"
 #include "TextLimits.h"
 #include "TranslationFormats.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -51,11 +54,7 @@ public:
             else
                 Put(rows, head, source->text);
         }
-        if (lacking > 0)
-            model.env.Report({"export.no-source", Severity::Warning, {}, 0, {}, {}},
-                             lacking == 1 ? "%d row without a text in %s is left out."
-                                          : "%d rows without a text in %s are left out.",
-                             lacking, Shown(languages.NameOf(job.source)).constData());
+        ReportLackingSource(model.env, lacking, languages.NameOf(job.source));
         return rows;
     }
 
@@ -166,6 +165,38 @@ QString WriteFiles(CResModel &model, const ExchangeLanguages &languages, std::ve
 }
 
 } // namespace
+
+std::vector<TranslationExportJob::File> TranslationFilesFor(const QString &path, const TranslationFormat &format,
+                                                            const ExchangeLanguages &languages, qint32 source)
+{
+    if (format.isTemplate)
+        return {{path, source}};
+    const QString extension = FileExtension(path);
+    const QString beginning = path.chopped(extension.size() + 1) + u'_';
+    std::vector<TranslationExportJob::File> files;
+    for (const qint32 language : languages.OfProject()) {
+        if (language == source)
+            continue;
+        const QString title = FileTitle(FileNameOf(languages.CodeOf(language), format));
+        if (EqualsNoCase(FileTitle(path), title))
+            return {{path, language}};
+        files.push_back({beginning + title + u'.' + extension, language});
+    }
+    if (files.size() == 1)
+        files.front().path = path;
+    return files;
+}
+
+QString WhyNotTogether(const std::vector<TranslationExportJob::File> &files, const ExchangeLanguages &languages)
+{
+    for (auto end = files.begin(); end != files.end(); ++end) {
+        const auto same = std::find_if(files.begin(), end, [&](const auto &one) { return one.path == end->path; });
+        if (same != end)
+            return u"%1 and %2 have the same code, so they can't be in one folder; see section Language of "
+                   "morvanite-check.ini"_s.arg(languages.NameOf(same->language), languages.NameOf(end->language));
+    }
+    return {};
+}
 
 QString ExportTranslations(CResModel &model, const ExchangeLanguages &languages, const CheckSettings &settings,
                            const TranslationExportJob &job)

@@ -27,6 +27,12 @@ bool Begins(const QString &code, const QString &longer)
     return QString(longer + u'-').startsWith(QString(code + u'-'), Qt::CaseInsensitive);
 }
 
+/// Returns whether a name ends in a code: "my-app-de" in "de".
+bool Ends(const QString &name, const QString &code)
+{
+    return QString(u'-' + name).endsWith(QString(u'-' + code), Qt::CaseInsensitive);
+}
+
 } // namespace
 
 TranslationImport::TranslationImport(CResModel &model, const ExchangeLanguages &exchangeLanguages,
@@ -37,13 +43,13 @@ TranslationImport::TranslationImport(CResModel &model, const ExchangeLanguages &
     plan.MakeOnlyUsedLanguages();
 }
 
-bool TranslationImport::Read(const std::vector<File> &files, IImportWatch *watch)
+bool TranslationImport::Read(const std::vector<ImportFile> &files, IImportWatch *watch)
 {
     Environment &env = document.env;
     env.RefreshSettings();
     env.ResetCounts();
     env.LimitWarnings();
-    for (const File &one : files)
+    for (const ImportFile &one : files)
         ReadOne(one);
     MakePlan(watch);
     TellOthers();
@@ -52,13 +58,14 @@ bool TranslationImport::Read(const std::vector<File> &files, IImportWatch *watch
     return isFine;
 }
 
-void TranslationImport::ReadOne(const File &one)
+void TranslationImport::ReadOne(const ImportFile &one)
 {
     file = &one;
     isSkipped = true;
     const TranslationFormat *const format = TranslationFormatOf(one.path);
-    QByteArray bytes;
-    if (const int error = format ? ReadFile(one.path, bytes, LARGEST_FILE) : EINVAL)
+    QByteArray bytes = one.content.value_or(QByteArray());
+    const int error = !format ? EINVAL : one.content ? 0 : ReadFile(one.path, bytes, LARGEST_FILE);
+    if (error != 0)
         return Fault(0, {}, WhyNotRead(one.path, error));
     format->read(bytes, *this);
 }
@@ -84,7 +91,8 @@ std::optional<qint32> TranslationImport::TargetOf(const TranslationHead &head, i
     const std::optional<qint32> inName = languages.OfCode(codeInName);
     const std::optional<qint32> chosen =
         options.languages.size() == 1 ? std::optional(options.languages.front()) : std::nullopt;
-    if (inFile && inName && inFile != inName && !Begins(codeInName, head.targetCode)) {
+    const bool isInName = Begins(codeInName, head.targetCode) || Ends(codeInName, head.targetCode);
+    if (inFile && inName && inFile != inName && !isInName) {
         if (chosen == inFile || chosen == inName)
             return chosen;
         Fault(line, {},

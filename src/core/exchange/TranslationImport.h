@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ImportFile.h"
 #include "ImportWatch.h"
 #include "TranslationTable.h"
 
@@ -20,18 +21,12 @@ class ExchangeLanguages;
 class TranslationImport : private ITranslationSink
 {
 public:
-    struct File
-    {
-        QString path; ///< absolute
-        QString name; ///< as messages show it
-    };
-
     /// `model` and `exchangeLanguages` must outlive this object.
     TranslationImport(CResModel &model, const ExchangeLanguages &exchangeLanguages, ImportOptions importOptions);
 
     /// Reads the files, whose extensions TranslationFormatOf knows, and makes the plan. Returns false if the report has
     /// an error.
-    [[nodiscard]] bool Read(const std::vector<File> &files, IImportWatch *watch = nullptr);
+    [[nodiscard]] bool Read(const std::vector<ImportFile> &files, IImportWatch *watch = nullptr);
 
     [[nodiscard]] ImportPlan &Plan() { return plan; }
 
@@ -40,7 +35,7 @@ private:
     void Take(TranslationText &text) override;
     void Fault(int line, const QString &id, const QString &what) override;
 
-    void ReadOne(const File &one);
+    void ReadOne(const ImportFile &one);
     void MakePlan(IImportWatch *watch);
     void TellOthers();
     [[nodiscard]] std::optional<qint32> TargetOf(const TranslationHead &head, int line);
@@ -51,6 +46,6 @@ private:
     const ImportOptions options;
     TranslationTable table;
     ImportPlan plan;
-    const File *file = nullptr; // that is read now
-    bool isSkipped = false;     // its language isn't known
+    const ImportFile *file = nullptr; // that is read now
+    bool isSkipped = false;           // its language isn't known
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Merge.h"
 
+#include "BothVersions.h"
 #include "ConflictMarkers.h"
 #include "Environment.h"
 #include "ListMerge.h"
@@ -138,6 +139,29 @@ MergeResult MergeStringFiles(const Environment &env, const Files &files, OnConfl
     return result;
 }
 
+/// Returns both versions of a file as one conflict. Nothing if one of them is no text, or they have different
+/// encodings.
+std::optional<QByteArray> BothAsConflict(const QByteArray &ours, const QByteArray &theirs)
+{
+    if (!IsXml(ours)) {
+        TextForm form;
+        TextForm other;
+        QString our;
+        QString their;
+        if (!form.Decode(ours, our).isEmpty() || !other.Decode(theirs, their).isEmpty())
+            return std::nullopt;
+        return form.Encode(BothVersions(our, their, form.LineEnd()));
+    }
+    const QByteArrayView mark = UTF8_MARK.first(ours.size() - WithoutMark(ours).size());
+    if (ours.contains('\0') || theirs.contains('\0') || theirs.startsWith(UTF8_MARK) == mark.isEmpty())
+        return std::nullopt;
+    const QStringView lineEnd = ours.contains("\r\n") ? u"\r\n" : u"\n";
+    const auto text = [](const QByteArray &bytes) {
+        return QString::fromLatin1(WithoutMark(bytes));
+    }; // of any encoding
+    return mark.toByteArray() + BothVersions(text(ours), text(theirs), lineEnd).toLatin1();
+}
+
 } // namespace
 
 MergeResult MergeFiles(Environment &env, const Files &files, OnConflict onConflict)
@@ -150,5 +174,9 @@ MergeResult MergeFiles(Environment &env, const Files &files, OnConflict onConfli
             return result;
         }
     }
-    return IsXml(files[OURS]) ? MergeResourceLists(env, files, onConflict) : MergeStringFiles(env, files, onConflict);
+    MergeResult result =
+        IsXml(files[OURS]) ? MergeResourceLists(env, files, onConflict) : MergeStringFiles(env, files, onConflict);
+    if (!result.refusal.isEmpty() && onConflict == OnConflict::Mark && files[OURS] != files[THEIRS])
+        result.bytes = BothAsConflict(files[OURS], files[THEIRS]).value_or(QByteArray());
+    return result;
 }

@@ -32,6 +32,6 @@ enum class OnConflict
 struct MergeResult
 {
     QString refusal;       ///< why the files can't be merged; empty if they were
-    QByteArray bytes;      ///< the merged file
+    QByteArray bytes;      ///< the merged file; after a refusal both versions as one conflict, or empty
     QStringList conflicts; ///< which row each conflict is about, and what both sides changed in it
 };

@@ -27,6 +27,7 @@ enum class Place
     Unit,
     Source,
     Target,
+    Segment, ///< of a source or a target
     Note,
     Contexts,
     Context,
@@ -45,6 +46,8 @@ constexpr struct
     {Place::Body, "trans-unit", Place::Unit},
     {Place::Unit, "source", Place::Source},
     {Place::Unit, "target", Place::Target},
+    {Place::Source, "mrk", Place::Segment},
+    {Place::Target, "mrk", Place::Segment},
     {Place::Unit, "note", Place::Note},
     {Place::Unit, "context-group", Place::Contexts},
     {Place::Contexts, "context", Place::Context},
@@ -139,20 +142,36 @@ private:
         const auto *const element = std::find_if(std::begin(ELEMENTS), std::end(ELEMENTS), [&](const auto &known) {
             return known.in == in && known.name == local;
         });
-        const bool isKnown = element != std::end(ELEMENTS);
+        const bool isKnown =
+            element != std::end(ELEMENTS) && (element->place != Place::Segment || IsSegment(attributes));
         if (in == Place::Document && !(isKnown && Begins(space)))
             return Fail(space.starts_with("urn:oasis:names:tc:xliff:document:")
                             ? u"only XLIFF 1.1 and 1.2 can be read"_s
                             : u"the file begins with the element %1, so it is no XLIFF file"_s.arg(Quote(local)));
-        if ((in == Place::Source || in == Place::Target) && wrong.isEmpty())
+        const bool isInText = in == Place::Source || in == Place::Target || in == Place::Segment;
+        const bool isRead = isKnown && space == rootSpace;
+        if (isInText && !isRead && wrong.isEmpty())
             wrong = u"the element <%1> within a text can't be imported, since a string has no tags"_s.arg(Quote(local));
-        if (!isKnown || space != rootSpace) {
+        if (!isRead) {
             ++passedOver;
             return;
         }
         places.push_back(element->place);
-        gathered.resize(0);
+        if (element->place == Place::Segment)
+            segmentStart = gathered.size(); // its text is a part of the whole
+        else
+            gathered.resize(0);
         Enter(element->place, attributes);
+    }
+
+    /// Returns whether an element "mrk" with those attributes is a segment. Others mark terms, comments and the like.
+    static bool IsSegment(const XML_Char **attributes)
+    {
+        for (; *attributes; attributes += 2) {
+            if (attributes[0] == "mtype"sv)
+                return attributes[1] == "seg"sv;
+        }
+        return false;
     }
 
     /// Returns whether a file may have that namespace.
@@ -206,9 +225,14 @@ private:
             pluralDepth -= pluralDepth > 0 ? 1 : 0;
             break;
         case Place::Source:
+            emptySegments = fullSegments = 0;
             text.source = FromUtf8(gathered);
             break;
+        case Place::Segment:
+            ++(gathered.size() > segmentStart ? fullSegments : emptySegments);
+            break;
         case Place::Target:
+            EndSegments();
             if (!text.target.isEmpty() && wrong.isEmpty())
                 wrong = u"a trans-unit has two targets, of which only one could be imported"_s;
             text.target = FromUtf8(gathered);
@@ -230,6 +254,16 @@ private:
         default:
             break;
         }
+    }
+
+    /// A target with empty segments beside others isn't finished. If all are empty, so is the target, without the
+    /// blanks between them.
+    void EndSegments()
+    {
+        if (emptySegments > 0 && fullSegments == 0)
+            gathered.resize(0);
+        text.isUnfinished = text.isUnfinished || (emptySegments > 0 && fullSegments > 0);
+        emptySegments = fullSegments = 0;
     }
 
     void EndUnit()
@@ -265,6 +299,9 @@ private:
     bool isPlural = false;
     bool hasFailed = false;
     QByteArray gathered;
+    qsizetype segmentStart = 0; // in `gathered`
+    int fullSegments = 0;       // of the present text
+    int emptySegments = 0;
 
     TranslationHead head;
     TranslationText text;

@@ -91,13 +91,25 @@ public:
             }
             if (end == u'\r' && at < text.size() && text[at] == u'\n')
                 ++at;
-            ++row;
-            column = 0;
+            EndRow();
         }
+        const bool hasRest = at > 0 && !IsLineEnd(text[at - 1]);
+        if (hasRest && row > HEADER_ROW && column + 1 < headerFields)
+            sheet.cutRow = int(row) + 1;
         return result;
     }
 
 private:
+    static constexpr qsizetype HEADER_ROW = 1; // that has the names of the columns
+
+    void EndRow()
+    {
+        if (row == HEADER_ROW)
+            headerFields = column + 1;
+        ++row;
+        column = 0;
+    }
+
     /// Reads up to the end of the field. Characters after a closing quote belong to the field unchanged.
     WorkbookResult ReadField()
     {
@@ -156,6 +168,7 @@ private:
     qsizetype at = 0;
     qsizetype row = 0;
     qsizetype column = 0;
+    qsizetype headerFields = 0;
     QString field;
 };
 

@@ -31,6 +31,8 @@ public:
     QString wanted;
     /// The sheet's name; empty if the format has none.
     QString name;
+    /// The last row, from 1, if the file ends within it: it has no line end and fewer fields than row 2. 0 otherwise.
+    int cutRow = 0;
     /// Contains the texts of the cells; cells may share a text.
     TextPool texts;
 

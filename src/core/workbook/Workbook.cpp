@@ -30,20 +30,24 @@ constexpr Format FORMATS[] = {
     {u"csv", ReadCsv, WriteCsv},
 };
 
-const Format *FormatOf(const QString &path)
+const Format *FormatOfExtension(const QString &extension)
 {
-    const QString extension = ToLowerSimple(FileExtension(path));
     for (const Format &format : FORMATS) {
-        if (extension == QStringView(format.extension))
+        if (ToLowerSimple(extension) == QStringView(format.extension))
             return &format;
     }
     return nullptr;
 }
 
-WorkbookResult NoFormat(const QString &path)
+const Format *FormatOf(const QString &path)
+{
+    return FormatOfExtension(FileExtension(path));
+}
+
+WorkbookResult NoFormat(const QString &name)
 {
     return {WorkbookFault::NoWorkbook,
-            path + QStringLiteral(": the name of a workbook must end in .xls, .xlsx or .csv, and that of a "
+            name + QStringLiteral(": the name of a workbook must end in .xls, .xlsx or .csv, and that of a "
                                   "translation file in .po or .xlf")};
 }
 
@@ -80,16 +84,23 @@ WorkbookResult WriteTo(const FileHandle &handle, const Format &format, ISheetSou
 
 WorkbookResult ReadWorkbook(const QString &path, Sheet &sheet)
 {
-    const Format *format = FormatOf(path);
-    if (!format)
+    if (!FormatOf(path))
         return NoFormat(path);
     QByteArray bytes;
     if (const int error = ReadFile(path, bytes, LARGEST_FILE))
         return Failed(WorkbookFault::NoWorkbook, path, SystemText(error));
-    const WorkbookResult result = format->read(bytes, sheet);
-    if (result.HasFailed())
-        return Failed(result.fault, path, result.reason);
-    sheet.Finish();
+    const WorkbookResult result = ReadWorkbookBytes(bytes, FileExtension(path), sheet);
+    return result.HasFailed() ? Failed(result.fault, path, result.reason) : result;
+}
+
+WorkbookResult ReadWorkbookBytes(const QByteArray &bytes, const QString &extension, Sheet &sheet)
+{
+    const Format *const format = FormatOfExtension(extension);
+    if (!format)
+        return NoFormat(extension);
+    WorkbookResult result = format->read(bytes, sheet);
+    if (!result.HasFailed())
+        sheet.Finish();
     return result;
 }
 

@@ -25,6 +25,8 @@ struct WorkbookResult
 /// path is the format: xls, xlsx or csv, in any case. After a failure the sheet has what was read before it, without
 /// Sheet::Finish.
 [[nodiscard]] WorkbookResult ReadWorkbook(const QString &path, Sheet &sheet);
+/// The same for the content of a file. The reason doesn't begin with a path.
+[[nodiscard]] WorkbookResult ReadWorkbookBytes(const QByteArray &bytes, const QString &extension, Sheet &sheet);
 
 /// Writes a workbook with one sheet and replaces the file atomically. The extension of the path is the format. Writes
 /// nothing when something of the sheet doesn't fit.
