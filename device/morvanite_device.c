@@ -19,6 +19,7 @@ typedef uint32_t __attribute__((__may_alias__)) word;
 #define FOR_EACH_READER static inline __attribute__((__always_inline__))
 #else
 #define HAS_WORDS 0
+typedef uint32_t word;
 #define FOR_EACH_READER static
 #endif
 
@@ -31,29 +32,24 @@ typedef uint32_t __attribute__((__may_alias__)) word;
 #define IS_DISTINCT 2u      /* every key is greater than the one before it */
 #define HAS_ORDERED_DATA 4u /* no offset is less than the one before it */
 
-/* Returns the number at an address. */
+/* Return the number at an address, and the key at a position of a table. */
 typedef uint32_t reader(const uint8_t *at);
-/* Returns the key at a position of a table. */
 typedef uint32_t key_reader(const morvanite_table *table, uint32_t position);
 
-#if HAS_WORDS
 static int is_aligned(const uint8_t *at)
 {
-    return ((uintptr_t)at & 3u) == 0;
+    return HAS_WORDS && ((uintptr_t)at & 3u) == 0;
 }
 
 FOR_EACH_READER uint32_t read_word(const uint8_t *at)
 {
     return *(const word *)(const void *)at;
 }
-#endif
 
 static uint32_t read_u32(const uint8_t *at)
 {
-#if HAS_WORDS
     if (is_aligned(at))
         return read_word(at);
-#endif
     return (uint32_t)at[0] | (uint32_t)at[1] << 8 | (uint32_t)at[2] << 16 | (uint32_t)at[3] << 24;
 }
 
@@ -80,11 +76,9 @@ static int read_pair(const morvanite_table *table, uint32_t position, pair *numb
     if (position >= table->count)
         return 0;
     at = table->pairs + position * PAIR_SIZE;
-#if HAS_WORDS
     if (is_aligned(at))
         read_numbers(at, numbers, read_word);
     else
-#endif
         read_numbers(at, numbers, read_u32);
     return 1;
 }
@@ -127,12 +121,7 @@ static morvanite_result open_table(morvanite_table *table, const uint8_t *pairs,
     table->pairs = pairs;
     table->count = 0;
     table->index = 0;
-#if HAS_WORDS
-    if (is_aligned(pairs))
-        end = walk_pairs(table, end, &last, read_word);
-    else
-#endif
-        end = walk_pairs(table, end, &last, read_u32);
+    end = is_aligned(pairs) ? walk_pairs(table, end, &last, read_word) : walk_pairs(table, end, &last, read_u32);
     if (!end)
         return MORVANITE_DAMAGED;
     table->count = (uint32_t)(end - pairs) / PAIR_SIZE;
@@ -147,13 +136,11 @@ static uint32_t key_at(const morvanite_table *table, uint32_t position)
     return read_u32(table->pairs + (table->index ? table->index[position] : position) * PAIR_SIZE);
 }
 
-#if HAS_WORDS
 /* The same for a table without an index, whose pairs are aligned. */
 FOR_EACH_READER uint32_t word_at(const morvanite_table *table, uint32_t position)
 {
     return read_word(table->pairs + position * PAIR_SIZE);
 }
-#endif
 
 /* The first position from `low` to `high - 1` with that key, or the table's count. */
 FOR_EACH_READER uint32_t search(const morvanite_table *table, uint32_t low, uint32_t high, uint32_t key,
@@ -193,10 +180,8 @@ static uint32_t find_key(const morvanite_table *table, uint32_t key)
         if (high > distance)
             high = distance + 1;
     }
-#if HAS_WORDS
     if (!table->index && is_aligned(table->pairs))
         return search(table, low, high, key, table->order & IS_SORTED, word_at);
-#endif
     low = search(table, low, high, key, table->index != 0 || (table->order & IS_SORTED), key_at);
     return table->index && low < table->count ? table->index[low] : low;
 }

@@ -153,7 +153,7 @@ def prose_of(name, text):
     lines = list(enumerate(text.splitlines(), 1))
     if name.endswith('.md'):
         return lines
-    mark = r'//.*|^\s*/?\*.*' if name.endswith(('.h', '.c', '.cpp')) else r'#.*'
+    mark = r'//.*|^\s*/?\*.*' if name.endswith(('.h', '.hpp', '.c', '.cpp')) else r'#.*'
     return [(number, match[0]) for number, line in lines if (match := re.search(mark, line))]
 
 
