@@ -20,7 +20,7 @@ def between_marks(sources, data, keys):
         with open(os.path.join(work, 'keys.h'), 'w') as out:
             out.writelines('{%d, "%s"},\n' % key for key in keys)
         with open(blob, 'w') as out:
-            out.write('.section .rodata\n.balign 4\n.global data_begin, data_end\n'
+            out.write('.section .note.GNU-stack,"",%%progbits\n.section .rodata\n.balign 4\n.global data_begin, data_end\n'
                       'data_begin: .incbin "%s"\ndata_end:\n' % os.path.abspath(data))
         subprocess.run(COMPILE + ['-I' + work, '-I' + DEVICE, '-o', program, blob] + sources, check=True)
         symbols = subprocess.run([ARM + 'nm', program], check=True, capture_output=True, text=True).stdout

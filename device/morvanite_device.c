@@ -142,7 +142,8 @@ FOR_EACH_READER uint32_t word_at(const morvanite_table *table, uint32_t position
     return read_word(table->pairs + position * PAIR_SIZE);
 }
 
-/* The first position from `low` to `high - 1` with that key, or the table's count. */
+/* The first position with that key, or the table's count: from `low` to `high` in a sorted table, and otherwise before
+ * `high`. */
 FOR_EACH_READER uint32_t search(const morvanite_table *table, uint32_t low, uint32_t high, uint32_t key,
                                 uint32_t is_sorted, key_reader *read)
 {
@@ -168,17 +169,16 @@ static uint32_t find_key(const morvanite_table *table, uint32_t key)
     uint32_t low = 0;
     uint32_t high = table->count;
 
-    if (high == 0)
-        return 0;                     /* the table may not be open */
+    if (high == 0) /* the table may not be open */
+        return 0;
     if (table->order & IS_DISTINCT) { /* such a table has no index */
-        /* The pairs before the wanted one are as many as the numbers from the first key to it, less those that no pair
-         * has: at least none, at most all `gaps` of the table. The subtraction may wrap around; `low` is then too
-         * great. */
+        /* Before the wanted pair there is one for each of the `distance` numbers from the first key on, less at most
+         * all `gaps` of the table. If the subtraction wraps around, `low` is too great for any position. */
         uint32_t distance = key - table->first;
         if (distance > table->gaps)
             low = distance - table->gaps;
         if (high > distance)
-            high = distance + 1;
+            high = distance;
     }
     if (!table->index && is_aligned(table->pairs))
         return search(table, low, high, key, table->order & IS_SORTED, word_at);
