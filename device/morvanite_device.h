@@ -92,8 +92,8 @@ typedef struct morvanite_language
     morvanite_table strings;
 } morvanite_language;
 
-/* A string of `length` code units of UTF-16, little-endian, at any alignment; a zero unit follows the last one. The
- * length is that of the text in the project, so a text with zero characters in it has them. */
+/* A string of `length` code units of UTF-16, little-endian, at any alignment; a zero unit follows the last one. Zero
+ * characters between others count. */
 typedef struct morvanite_string
 {
     uint32_t id;
@@ -108,10 +108,10 @@ typedef struct morvanite_string
 /* Opens the `size` bytes at `bytes`. The payload's offsets are relative to `base`: 0 for a section packed with the
  * default settings and for a side file; see docs/device-reader.md for other cases.
  *
- * Walks the directory and the table of items once, and notes whether its keys are in ascending order: look-ups then
- * take a number of steps logarithmic in the number of items. MORVANITE_DAMAGED: one of them has no end within the
- * bytes, the directory has no table, or `base` isn't the payload's. A payload that isn't open is empty: look-ups in it
- * return MORVANITE_NOT_FOUND. */
+ * Walks the directory and the table of items once, and notes whether its keys are in ascending order. If they are,
+ * look-ups take a number of steps logarithmic in the number of items. MORVANITE_DAMAGED: one of them has no end within
+ * the bytes, the directory has no table, or `base` isn't the payload's. A payload that isn't open is empty: look-ups in
+ * it return MORVANITE_NOT_FOUND. */
 morvanite_result morvanite_open(morvanite_payload *payload, const void *bytes, uint32_t size, uint32_t base);
 
 /* The first entry with that name, compared byte for byte. MORVANITE_DAMAGED: its data isn't within the payload. */
