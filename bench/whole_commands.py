@@ -12,6 +12,7 @@ import argparse
 import concurrent.futures
 import multiprocessing
 import os
+import random
 import shutil
 import statistics
 import subprocess
@@ -19,6 +20,7 @@ import sys
 import tempfile
 import time
 
+import device_lookups
 import inputs
 
 RCC = '/usr/lib/qt6/libexec/rcc'
@@ -115,11 +117,11 @@ class Suite:
         os.makedirs(os.path.join(path, 'arm'), exist_ok=True)
         return path
 
-    def pack(self, folder, project, elf, convert='0'):
+    def pack(self, folder, project, elf, convert='0', more=()):
         out = os.path.join(folder, 'app.packed.axf')
         side = os.path.join(folder, 'arm', 'app.res')
         return Run([self.cli, 'pack', project, '--input', elf, '--output', out, '--resolution', '240x320', '--target', 'axf',
-                    '--convert-images', convert], prepare=remove(out, side)), side
+                    '--convert-images', convert, *more], prepare=remove(out, side)), side
 
     def small_elf(self, folder):
         elf = os.path.join(folder, 'app.axf')
@@ -175,6 +177,20 @@ class Suite:
         self.table.compare('load 50,000 rows in 12 languages; msgfmt', Run([self.cli, 'load', project]), peer, 0.15, 0.11)
         ours, _ = self.pack(folder, project, self.small_elf(folder))
         self.table.compare('pack 50,000 rows in 12 languages; msgfmt', ours, peer, 0.27, 0.16)
+
+    def device(self):
+        """Counts the instructions of a look-up on the device, under emulation. The language is open."""
+        folder = self.folder('device')
+        project = inputs.project(folder, [], strings=True)
+        rows = 50000
+        pos = apart(inputs.string_table, folder, rows, os.path.join(folder, 'po'))
+        ours, side = self.pack(folder, project, self.small_elf(folder), more=('--sorted',))
+        ours.once()
+        mo = os.path.join(folder, 'language.mo')
+        Run(['msgfmt', '--no-hash', '-o', mo, pos[0]]).once()
+        keys = [(row + 1, 'ID_STRING_%05d' % row) for row in random.Random(3).sample(range(rows), 64)]
+        self.table.row('text look-up among 50,000, Cortex-M0; .mo', device_lookups.of_payload(side, keys)[1],
+                       device_lookups.of_mo(mo, keys), lambda count: '%.0f' % count, 0.6, 0.1)
 
     def check(self):
         folder = self.folder('check')
@@ -279,7 +295,7 @@ class Suite:
                            2.0)
 
 
-SUITE = ('large_elf', 'many_small', 'medium', 'strings', 'check', 'merge', 'workbooks', 'translations', 'images', 'resources',
+SUITE = ('large_elf', 'many_small', 'medium', 'strings', 'device', 'check', 'merge', 'workbooks', 'translations', 'images', 'resources',
          'window', 'starts')
 
 

@@ -78,7 +78,7 @@ endforeach()
 
 # The reader for devices, as sources, and the CMake package.
 file(GLOB sources CONFIGURE_DEPENDS device/*.c)
-file(GLOB headers CONFIGURE_DEPENDS device/*.h)
+file(GLOB headers CONFIGURE_DEPENDS device/*.h device/*.hpp)
 install(FILES ${sources} DESTINATION ${MORVANITE_INSTALL_DEVICE} COMPONENT device)
 install(FILES ${headers} DESTINATION ${MORVANITE_INSTALL_HEADERS} COMPONENT device)
 install_path_from(pkgconfig_prefix ${MORVANITE_INSTALL_PKGCONFIG} "")

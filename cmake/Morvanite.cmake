@@ -10,6 +10,7 @@
 #       [SETTINGS <folder>]         the folder of settings of the project's own, <folder>/morvanite/Morvanite.ini; the
 #                                   user's settings are then not read
 #       [CONVERT_IMAGES]            pack the images in the device's format, and pack the preview pictures
+#       [SORTED]                    pack every table in ascending order, for faster look-ups on the device
 #       [VER <n>]                   a version number for the log of the pack
 #       [CHECK error|warning|note]  check the project before each pack, and fail for a finding of this level or above
 #       [BUDGET <bytes>])           fail if the resources have more bytes, and list the largest; K and M are units
@@ -139,7 +140,7 @@ function(_morvanite_headers_target result project settings state)
 endfunction()
 
 function(morvanite_pack target)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "CONVERT_IMAGES" "PROJECT;RESOLUTION;TARGET;OUTPUT;HEADER;LISTS;SETTINGS;VER;CHECK;BUDGET" "")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "CONVERT_IMAGES;SORTED" "PROJECT;RESOLUTION;TARGET;OUTPUT;HEADER;LISTS;SETTINGS;VER;CHECK;BUDGET" "")
     if(NOT TARGET ${target})
         message(FATAL_ERROR "morvanite_pack: ${target} is not a target; call morvanite_pack after add_executable")
     elseif(TARGET ${target}_packed)
@@ -196,6 +197,9 @@ function(morvanite_pack target)
         --temp ${state}/${target}.files)
     if(arg_CONVERT_IMAGES)
         list(APPEND options --convert-images 1)
+    endif()
+    if(arg_SORTED)
+        list(APPEND options --sorted)
     endif()
     if(DEFINED arg_VER)
         list(APPEND options --ver ${arg_VER})

@@ -10,35 +10,157 @@
  * wrap around. */
 #include "morvanite_device.h"
 
+/* Where the processor has the payload's byte order, a number at a multiple of 4 is read by one load. The type may be
+ * used for bytes that are declared as something else. Loops over tables are compiled twice, for such numbers and for
+ * others, since a call in each step would take more time than the rest of the step. */
+#if defined(__GNUC__) && defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+#define HAS_WORDS 1
+typedef uint32_t __attribute__((__may_alias__)) word;
+#define FOR_EACH_READER static inline __attribute__((__always_inline__))
+#else
+#define HAS_WORDS 0
+typedef uint32_t word;
+#define FOR_EACH_READER static
+#endif
+
 #define PAIR_SIZE 8u
 #define END_KEY UINT32_C(0xFFFFFFFF)
 #define REPLACEMENT_CHARACTER 0xFFFDu
 
+/* Bits of a table's `order`: what the walk of its opening found. */
+#define IS_SORTED 1u        /* no key is less than the one before it */
+#define IS_DISTINCT 2u      /* every key is greater than the one before it */
+#define HAS_ORDERED_DATA 4u /* no offset is less than the one before it */
+
+/* Return the number at an address, and the key at a position of a table. */
+typedef uint32_t reader(const uint8_t *at);
+typedef uint32_t key_reader(const morvanite_table *table, uint32_t position);
+
+static int is_aligned(const uint8_t *at)
+{
+    return HAS_WORDS && ((uintptr_t)at & 3u) == 0;
+}
+
+FOR_EACH_READER uint32_t read_word(const uint8_t *at)
+{
+    return *(const word *)(const void *)at;
+}
+
 static uint32_t read_u32(const uint8_t *at)
 {
+    if (is_aligned(at))
+        return read_word(at);
     return (uint32_t)at[0] | (uint32_t)at[1] << 8 | (uint32_t)at[2] << 16 | (uint32_t)at[3] << 24;
 }
 
-static uint32_t key_at(const morvanite_table *table, uint32_t position)
+/* A pair of a table, and the offset of the next one. There is always a next one, since the last one ends the table. */
+typedef struct pair
 {
-    return read_u32(table->pairs + position * PAIR_SIZE);
+    uint32_t key;
+    uint32_t offset;
+    uint32_t next;
+} pair;
+
+FOR_EACH_READER void read_numbers(const uint8_t *at, pair *numbers, reader *read)
+{
+    numbers->key = read(at);
+    numbers->offset = read(at + 4);
+    numbers->next = read(at + PAIR_SIZE + 4);
 }
 
-static uint32_t offset_at(const morvanite_table *table, uint32_t position)
+/* Returns 0 if the table has no such position. */
+static int read_pair(const morvanite_table *table, uint32_t position, pair *numbers)
 {
-    return read_u32(table->pairs + position * PAIR_SIZE + 4);
+    const uint8_t *at;
+
+    if (position >= table->count)
+        return 0;
+    at = table->pairs + position * PAIR_SIZE;
+    if (is_aligned(at))
+        read_numbers(at, numbers, read_word);
+    else
+        read_numbers(at, numbers, read_u32);
+    return 1;
 }
 
-/* Counts the pairs before the one that ends the table, which must be among the first `limit`. */
+/* Returns the address of the pair that ends the table, which must be before `end`, or null. Sets `order`, and `last` to
+ * the last key. */
+FOR_EACH_READER const uint8_t *walk_pairs(morvanite_table *table, const uint8_t *end, uint32_t *last, reader *read)
+{
+    const uint8_t *at;
+    uint32_t order = IS_SORTED | IS_DISTINCT | HAS_ORDERED_DATA;
+    uint32_t last_key = 0;
+    uint32_t last_offset = 0;
+
+    for (at = table->pairs; at != end; at += PAIR_SIZE) {
+        uint32_t key = read(at);
+        uint32_t offset = read(at + 4);
+        if (offset < last_offset)
+            order &= ~HAS_ORDERED_DATA;
+        if (key == END_KEY) {
+            table->order = order;
+            *last = last_key;
+            return at;
+        }
+        if (key < last_key)
+            order &= ~IS_SORTED;
+        if (key <= last_key)
+            order &= ~IS_DISTINCT;
+        last_key = key;
+        last_offset = offset;
+    }
+    return 0;
+}
+
+/* Opens a table that ends within `limit` pairs. */
 static morvanite_result open_table(morvanite_table *table, const uint8_t *pairs, uint32_t limit)
 {
+    const uint8_t *end = pairs + limit * PAIR_SIZE;
+    uint32_t last;
+
     table->pairs = pairs;
-    table->order = 0;
-    for (table->count = 0; table->count < limit; ++table->count)
-        if (key_at(table, table->count) == END_KEY)
-            return MORVANITE_OK;
     table->count = 0;
-    return MORVANITE_DAMAGED;
+    table->index = 0;
+    end = is_aligned(pairs) ? walk_pairs(table, end, &last, read_word) : walk_pairs(table, end, &last, read_u32);
+    if (!end)
+        return MORVANITE_DAMAGED;
+    table->count = (uint32_t)(end - pairs) / PAIR_SIZE;
+    table->first = read_u32(pairs);
+    table->gaps = last - table->first - (table->count - 1);
+    return MORVANITE_OK;
+}
+
+/* The key at a position of the index if the table has one, and otherwise at a position of the table. */
+static uint32_t key_at(const morvanite_table *table, uint32_t position)
+{
+    return read_u32(table->pairs + (table->index ? table->index[position] : position) * PAIR_SIZE);
+}
+
+/* The same for a table without an index, whose pairs are aligned. */
+FOR_EACH_READER uint32_t word_at(const morvanite_table *table, uint32_t position)
+{
+    return read_word(table->pairs + position * PAIR_SIZE);
+}
+
+/* The first position with that key, or the table's count: from `low` to `high` in a sorted table, and otherwise before
+ * `high`. */
+FOR_EACH_READER uint32_t search(const morvanite_table *table, uint32_t low, uint32_t high, uint32_t key,
+                                uint32_t is_sorted, key_reader *read)
+{
+    if (!is_sorted) {
+        for (; low < high; ++low)
+            if (read(table, low) == key)
+                return low;
+        return table->count;
+    }
+    while (low < high) {
+        uint32_t middle = (low + high) / 2;
+        if (read(table, middle) < key)
+            low = middle + 1;
+        else
+            high = middle;
+    }
+    return low < table->count && read(table, low) == key ? low : table->count;
 }
 
 /* The first position with that key, or the table's count. */
@@ -47,28 +169,28 @@ static uint32_t find_key(const morvanite_table *table, uint32_t key)
     uint32_t low = 0;
     uint32_t high = table->count;
 
-    if (!table->order) {
-        while (low < high && key_at(table, low) != key)
-            ++low;
-        return low;
+    if (high == 0) /* the table may not be open */
+        return 0;
+    if (table->order & IS_DISTINCT) { /* such a table has no index */
+        /* Before the wanted pair there is one for each of the `distance` numbers from the first key on, less at most
+         * all `gaps` of the table. If the subtraction wraps around, `low` is too great for any position. */
+        uint32_t distance = key - table->first;
+        if (distance > table->gaps)
+            low = distance - table->gaps;
+        if (high > distance)
+            high = distance;
     }
-    while (low < high) {
-        uint32_t middle = low + (high - low) / 2;
-        if (key_at(table, table->order[middle]) < key)
-            low = middle + 1;
-        else
-            high = middle;
-    }
-    if (low < table->count && key_at(table, table->order[low]) == key)
-        return table->order[low];
-    return table->count;
+    if (!table->index && is_aligned(table->pairs))
+        return search(table, low, high, key, table->order & IS_SORTED, word_at);
+    low = search(table, low, high, key, table->index != 0 || (table->order & IS_SORTED), key_at);
+    return table->index && low < table->count ? table->index[low] : low;
 }
 
 /* Equal keys stay in the table's order, so that the first one is found, as in a linear search. */
 static int is_before(const morvanite_table *table, uint32_t left, uint32_t right)
 {
-    uint32_t left_key = key_at(table, left);
-    uint32_t right_key = key_at(table, right);
+    uint32_t left_key = read_u32(table->pairs + left * PAIR_SIZE);
+    uint32_t right_key = read_u32(table->pairs + right * PAIR_SIZE);
     return left_key < right_key || (left_key == right_key && left < right);
 }
 
@@ -78,6 +200,8 @@ morvanite_result morvanite_make_index(morvanite_table *table, uint32_t *order, u
     uint32_t root = table->count / 2; /* the heap starts here while it is being built */
     uint32_t i;
 
+    if (table->count == 0 || (table->order & IS_SORTED))
+        return MORVANITE_OK;
     if (room < table->count)
         return MORVANITE_NO_ROOM;
     for (i = 0; i < table->count; ++i)
@@ -102,7 +226,7 @@ morvanite_result morvanite_make_index(morvanite_table *table, uint32_t *order, u
         }
         order[hole] = moved;
     }
-    table->order = order;
+    table->index = order;
     return MORVANITE_OK;
 }
 
@@ -190,7 +314,6 @@ morvanite_result morvanite_open(morvanite_payload *payload, const void *bytes, u
     payload->size = size;
     payload->base = base;
     payload->items.count = 0;
-    payload->items.order = 0;
     for (;;) {
         uint32_t before = cursor;
         result = read_entry(payload, &cursor, &entry, &offset);
@@ -211,16 +334,13 @@ morvanite_result morvanite_open(morvanite_payload *payload, const void *bytes, u
 
 morvanite_result morvanite_item_at(const morvanite_payload *payload, uint32_t position, morvanite_item *item)
 {
-    uint32_t offset;
-    uint32_t end;
+    pair numbers;
 
-    if (position >= payload->items.count)
+    if (!read_pair(&payload->items, position, &numbers))
         return MORVANITE_NOT_FOUND;
-    item->key = key_at(&payload->items, position);
-    offset = offset_at(&payload->items, position);
-    end = offset_at(&payload->items, position + 1); /* there is always one more pair, which ends the table */
-    item->size = end - offset;
-    item->data = offset > end ? 0 : find_range(payload, offset, item->size);
+    item->key = numbers.key;
+    item->size = numbers.next - numbers.offset;
+    item->data = numbers.offset > numbers.next ? 0 : find_range(payload, numbers.offset, item->size);
     if (item->data)
         return MORVANITE_OK;
     item->size = 0;
@@ -238,7 +358,6 @@ morvanite_result morvanite_open_language(const morvanite_item *item, morvanite_l
 
     language->number = item->key - MORVANITE_LANGUAGE_KEY(0);
     language->strings.count = 0;
-    language->strings.order = 0;
     if (!MORVANITE_IS_LANGUAGE(item->key))
         return MORVANITE_NOT_FOUND;
     if (item->size < 4)
@@ -248,7 +367,7 @@ morvanite_result morvanite_open_language(const morvanite_item *item, morvanite_l
         return MORVANITE_DAMAGED;
     if (open_table(&language->strings, item->data + 4, count) == MORVANITE_OK && language->strings.count == count - 1) {
         language->data = item->data;
-        language->size = offset_at(&language->strings, count - 1);
+        language->size = read_u32(item->data + count * PAIR_SIZE); /* the offset of the pair that ends the table */
         if (language->size <= item->size)
             return MORVANITE_OK;
     }
@@ -271,22 +390,25 @@ morvanite_result morvanite_find_language(const morvanite_payload *payload, uint3
 
 morvanite_result morvanite_string_at(const morvanite_language *language, uint32_t position, morvanite_string *string)
 {
-    uint32_t offset;
+    pair numbers;
     uint32_t at;
 
-    if (position >= language->strings.count)
+    if (!read_pair(&language->strings, position, &numbers))
         return MORVANITE_NOT_FOUND;
-    string->id = key_at(&language->strings, position);
+    string->id = numbers.key;
     string->units = 0;
     string->length = 0;
-    offset = offset_at(&language->strings, position);
+    at = numbers.offset;
     /* The first string is after the count and all pairs; a smaller offset would return their bytes as text. */
-    if (offset < 4 + (language->strings.count + 1) * PAIR_SIZE)
+    if (at < 4 + (language->strings.count + 1) * PAIR_SIZE)
         return MORVANITE_DAMAGED;
-    for (at = offset; at < language->size && language->size - at >= 2; at += 2)
+    /* The zero unit is one of the last two before the next string. */
+    if ((language->strings.order & HAS_ORDERED_DATA) && numbers.next - at > 4)
+        at += (numbers.next - at - 4) & ~UINT32_C(1);
+    for (; at < language->size && language->size - at >= 2; at += 2)
         if ((language->data[at] | language->data[at + 1]) == 0) {
-            string->units = language->data + offset;
-            string->length = (at - offset) / 2;
+            string->units = language->data + numbers.offset;
+            string->length = (at - numbers.offset) / 2;
             return MORVANITE_OK;
         }
     return MORVANITE_DAMAGED;

@@ -2,7 +2,7 @@
 /* Reads Morvanite's resources in an application on the device.
  *
  * Plain C99 (and C++), freestanding: no allocation, no library call, no state of its own. It reads a payload in place,
- * a byte at a time, so alignment doesn't matter, and checks every offset: a damaged payload gives a result other than
+ * at any address; at a multiple of 4 it is faster. It checks every offset: a damaged payload gives a result other than
  * MORVANITE_OK and never a read outside of its bytes.
  *
  *     morvanite_payload resources;
@@ -24,7 +24,8 @@
  * payload, language or table; all other functions take them as const, so any number of threads and interrupts can look
  * things up at the same time once those are done.
  *
- * docs/device-reader.md is the manual, docs/payload-format.md describes the bytes.
+ * In C++ morvanite_device.hpp is more convenient. docs/device-reader.md is the manual, docs/payload-format.md describes
+ * the bytes.
  */
 #ifndef MORVANITE_DEVICE_H
 #define MORVANITE_DEVICE_H
@@ -49,7 +50,10 @@ typedef struct morvanite_table
 {
     const uint8_t *pairs;
     uint32_t count;        /* pairs before the one that ends the table: the room that an index needs */
-    const uint32_t *order; /* the positions sorted by key; null: look-ups search linearly */
+    uint32_t order;        /* bits: which numbers of the pairs are in ascending order */
+    uint32_t first;        /* the key of the first pair */
+    uint32_t gaps;         /* if all keys ascend: how many numbers between the first and the last are no key */
+    const uint32_t *index; /* the positions sorted by key, or null */
 } morvanite_table;
 
 /* An open payload. The members other than `items.count`, the number of items, are internal. */
@@ -79,7 +83,7 @@ typedef struct morvanite_item
     uint32_t size; /* with the zero bytes that pad it to a multiple of 4 */
 } morvanite_item;
 
-/* The open strings of a language. `strings.count` is their number; `order` of `strings` is the language's own index. */
+/* The open strings of a language. `strings.count` is their number. */
 typedef struct morvanite_language
 {
     uint32_t number;
@@ -88,7 +92,8 @@ typedef struct morvanite_language
     morvanite_table strings;
 } morvanite_language;
 
-/* A string of `length` code units of UTF-16, little-endian, at any alignment; a zero unit follows the last one. */
+/* A string of `length` code units of UTF-16, little-endian, at any alignment; a zero unit follows the last one. Zero
+ * characters between others count. */
 typedef struct morvanite_string
 {
     uint32_t id;
@@ -103,9 +108,10 @@ typedef struct morvanite_string
 /* Opens the `size` bytes at `bytes`. The payload's offsets are relative to `base`: 0 for a section packed with the
  * default settings and for a side file; see docs/device-reader.md for other cases.
  *
- * Walks the directory and the table of items once. MORVANITE_DAMAGED: one of them has no end within the bytes, the
- * directory has no table, or `base` isn't the payload's. A payload that isn't open is empty: look-ups in it return
- * MORVANITE_NOT_FOUND. */
+ * Walks the directory and the table of items once, and notes whether its keys are in ascending order. If they are,
+ * look-ups take a number of steps logarithmic in the number of items. MORVANITE_DAMAGED: one of them has no end within
+ * the bytes, the directory has no table, or `base` isn't the payload's. A payload that isn't open is empty: look-ups in
+ * it return MORVANITE_NOT_FOUND. */
 morvanite_result morvanite_open(morvanite_payload *payload, const void *bytes, uint32_t size, uint32_t base);
 
 /* The first entry with that name, compared byte for byte. MORVANITE_DAMAGED: its data isn't within the payload. */
@@ -127,9 +133,10 @@ morvanite_result morvanite_item_at(const morvanite_payload *payload, uint32_t po
 morvanite_result morvanite_find_language(const morvanite_payload *payload, uint32_t number,
                                          morvanite_language *language);
 
-/* Opens an item that MORVANITE_IS_LANGUAGE. Walks its table once, so keep a language open that is used often.
- * MORVANITE_NOT_FOUND: the item is of another kind. MORVANITE_DAMAGED: the table's count, its end and the item's size
- * don't match. A language that isn't open has no strings. */
+/* Opens an item that MORVANITE_IS_LANGUAGE. Walks its table once, so keep a language open that is used often. If the
+ * IDs are in ascending order, look-ups take a number of steps logarithmic in the number of strings, and if they have no
+ * gaps, one step. MORVANITE_NOT_FOUND: the item is of another kind. MORVANITE_DAMAGED: the table's count, its end and
+ * the item's size don't match. A language that isn't open has no strings. */
 morvanite_result morvanite_open_language(const morvanite_item *item, morvanite_language *language);
 
 /* The first string with that ID. MORVANITE_DAMAGED: it doesn't begin and end within its table. */
@@ -139,12 +146,13 @@ morvanite_result morvanite_find_string(const morvanite_language *language, uint3
  * MORVANITE_DAMAGED: it doesn't begin and end within its table; its id is set, units is null and length is 0. */
 morvanite_result morvanite_string_at(const morvanite_language *language, uint32_t position, morvanite_string *string);
 
-/* morvanite_find_language and morvanite_find_string in one. */
+/* morvanite_find_language and morvanite_find_string in one: it walks the language's table each time. */
 morvanite_result morvanite_find_text(const morvanite_payload *payload, uint32_t number, uint32_t id,
                                      morvanite_string *string);
 
 /* Sorts the positions of the table's pairs into `order`, which the table then uses: look-ups take a number of steps
- * logarithmic in `count`, and have the same results as before. For `items` of a payload and `strings` of a language.
+ * logarithmic in `count`, and have the same results as before. For `items` of a payload and `strings` of a language. A
+ * table whose keys are in ascending order already needs no index: nothing is done, even with a `room` of 0.
  * MORVANITE_NO_ROOM: `room`, the number of elements of `order`, is less than `count`; look-ups stay linear. */
 morvanite_result morvanite_make_index(morvanite_table *table, uint32_t *order, uint32_t room);
 

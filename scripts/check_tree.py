@@ -14,7 +14,7 @@ LONGEST_FUNCTION = 60
 EXCUSED_FILES = {}
 EXCUSED_FUNCTIONS = {}
 LICENCE = 'SPDX-License-Identifier: MIT'
-SOURCES = ('*.h', '*.c', '*.cpp', '*.py', '*.sh', '*.cmake', '*CMakeLists.txt', '.ci/run', '*.cmake.in',
+SOURCES = ('*.h', '*.hpp', '*.c', '*.cpp', '*.py', '*.sh', '*.cmake', '*CMakeLists.txt', '.ci/run', '*.cmake.in',
            '*.pc.in', 'debian/rules', 'debian/tests/sample', 'debian/tests/window', 'packaging/completions/*')
 UNPLAIN = r'\b(?:stands?|standing|lies?|lying|bears|mends?|mending)\b'
 # Files of the core that may open a file for writing: the one that replaces project files in one step, and the pack.
@@ -153,7 +153,7 @@ def prose_of(name, text):
     lines = list(enumerate(text.splitlines(), 1))
     if name.endswith('.md'):
         return lines
-    mark = r'//.*|^\s*/?\*.*' if name.endswith(('.h', '.c', '.cpp')) else r'#.*'
+    mark = r'//.*|^\s*/?\*.*' if name.endswith(('.h', '.hpp', '.c', '.cpp')) else r'#.*'
     return [(number, match[0]) for number, line in lines if (match := re.search(mark, line))]
 
 
@@ -183,7 +183,7 @@ def main():
     parts = parts_of_the_tree()
     breaches += part_breaches(folder_of, parts) + program_breaches(folder_of, parts)
     breaches += class_breaches(tracked('src/*.cpp', 'src/*.h'))
-    sources = tracked('src/*.cpp', 'src/*.h', 'tools/*.cpp', 'tools/*.h', 'device/*.c', 'device/*.h', 'tests/*.cpp',
+    sources = tracked('src/*.cpp', 'src/*.h', 'tools/*.cpp', 'tools/*.h', 'device/*.c', 'device/*.h', 'device/*.hpp', 'tests/*.cpp',
                       'tests/*.h', 'fuzz/*.cpp', 'fuzz/*.h', 'bench/*.c', 'bench/*.cpp', 'sample/src/*.c', 'sample/src/*.h')
     for name in sources:
         text = pathlib.Path(name).read_text(encoding='utf-8')

@@ -63,12 +63,15 @@ public:
                     "--budget", budget,
                     "Write nothing and exit with 1 if the resources have more bytes than this; K and M are units")
                 ->type_name("BYTES");
+        CLI::Option *sortedOption = subcommand->add_flag(
+            "--sorted", sorted,
+            "Pack every table in ascending order of its numbers, so that the device finds them faster");
         CLI::Option *dryRunOption = subcommand->add_flag(
             "--dry-run", dryRun, "Write nothing, and print the sizes and everything that would make the pack fail");
         dryRunOption->excludes(depfileOption);
         CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
-        for (CLI::Option *option :
-             {depfileOption, strictOption, tempOption, headersOption, pseudoOption, budgetOption, dryRunOption})
+        for (CLI::Option *option : {depfileOption, strictOption, tempOption, headersOption, pseudoOption, budgetOption,
+                                    sortedOption, dryRunOption})
             remoteOption->excludes(option);
         return subcommand;
     }
@@ -93,6 +96,7 @@ public:
         session.handler.packTemp = AbsolutePath(temp);
         session.handler.packHeaders = AbsolutePath(headers);
         session.handler.packBudget = budgetBytes;
+        session.handler.packOptions = [this](PackOptions &options) { options.sorted = options.sorted || sorted; };
         if (dryRun)
             return TryToPack(session, request);
         // Made absolute now, since a pack changes to the project's folder.
@@ -211,6 +215,7 @@ private:
     bool remote = false;
     bool strict = false;
     bool dryRun = false;
+    bool sorted = false;
     std::string budget;
     quint64 budgetBytes = 0;   // 0: none
     bool hasWrongWord = false; // which only the opened project shows

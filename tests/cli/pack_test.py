@@ -95,6 +95,19 @@ class Pack(DemoProject):
         self.assertIn(f"because the old {self.dir}/logo.png.tmp can't be removed: Is a directory\n", err)
         self.assertTrue(out.endswith('result=-1016\r\n\r\n\r\npack done\r\n\r\n### error -1016 ###\r\n'), out)
 
+    def test_sorted_changes_only_the_order(self):
+        side = self.dir / 'arm/app.res'
+        self.assertEqual(self.pack()[0], 0)
+        default = side.read_bytes()
+        self.assertEqual(self.pack('--sorted')[0], 0)
+        in_order = side.read_bytes()
+        self.assertNotEqual(in_order, default)
+        self.assertEqual(len(in_order), len(default))
+        settings = self.dir / 'morvanite.ini'
+        settings.write_text('[Pack]\nsorted=1\n')
+        self.assertEqual(self.pack()[0], 0)
+        self.assertEqual(side.read_bytes(), in_order)
+
     def test_fails_with_more_ids_than_numbers(self):
         names = ''.join(f'<FILE id="ID_{n}" type="Push">tune.mp3</FILE>' for n in range(1001))
         (self.dir / 'res/demo.res.xml').write_text(f'<APP>{names}</APP>')

@@ -9,16 +9,22 @@
 #include <string>
 #include <vector>
 
-/// A copy of the bytes in a heap block of exactly their size, so that AddressSanitizer detects reads outside of it.
+/// A copy of the bytes that ends with its heap block, so that AddressSanitizer detects reads outside of it. Its address
+/// is `shift` more than a multiple of 4.
 class ExactBytes
 {
 public:
-    explicit ExactBytes(const std::string &bytes) : m_bytes(bytes.begin(), bytes.end()) {}
-    [[nodiscard]] const std::uint8_t *Data() const { return m_bytes.data(); }
-    [[nodiscard]] std::uint32_t Size() const { return static_cast<std::uint32_t>(m_bytes.size()); }
+    explicit ExactBytes(const std::string &bytes, std::size_t shift = 0) : m_bytes(shift), m_shift(shift)
+    {
+        m_bytes.insert(m_bytes.end(), bytes.begin(), bytes.end());
+        m_bytes.shrink_to_fit();
+    }
+    [[nodiscard]] const std::uint8_t *Data() const { return m_bytes.data() + m_shift; }
+    [[nodiscard]] std::uint32_t Size() const { return static_cast<std::uint32_t>(m_bytes.size() - m_shift); }
 
 private:
-    const std::vector<std::uint8_t> m_bytes;
+    std::vector<std::uint8_t> m_bytes;
+    std::size_t m_shift;
 };
 
 /// Returns a line for each item or string of a table. Throws if a look-up, with or without an index, doesn't find the
@@ -49,7 +55,7 @@ std::string ReadTable(const Owner &walked, morvanite_table Owner::*table, std::u
     }
     for (const auto &[known, line] : first)
         for (const Owner *owner : {&walked, static_cast<const Owner *>(&indexed)})
-            for (const std::uint32_t wanted : {known, known + 1}) {
+            for (const std::uint32_t wanted : {known - 1, known, known + 1}) {
                 Part part;
                 const std::string found = shown(find(owner, wanted, &part), part);
                 if (found != (first.contains(wanted) ? first[wanted] : "none"))
@@ -78,9 +84,8 @@ inline std::string ShowItem(const morvanite_item &item)
 }
 
 /// Returns all that the reader finds in a payload, as text: its entries and items, and the strings of each language.
-inline std::string ReadEverything(const std::string &bytes, std::uint32_t base = 0)
+inline std::string ReadEverythingAt(const ExactBytes &memory, std::uint32_t base)
 {
-    const ExactBytes memory(bytes);
     morvanite_payload payload;
     morvanite_entry entry;
     std::uint32_t cursor = 0;
@@ -93,4 +98,14 @@ inline std::string ReadEverything(const std::string &bytes, std::uint32_t base =
     }
     return text + ReadTable(payload, &morvanite_payload::items, &morvanite_item::key, &morvanite_item::data,
                             &morvanite_item::size, morvanite_item_at, morvanite_find_item, ShowItem);
+}
+
+/// Returns all that the reader finds in a payload, as text: its entries and items, and the strings of each language.
+/// Throws if that depends on the address of the payload.
+inline std::string ReadEverything(const std::string &bytes, std::uint32_t base = 0)
+{
+    const std::string text = ReadEverythingAt(ExactBytes(bytes), base);
+    if (ReadEverythingAt(ExactBytes(bytes, 1), base) != text)
+        throw std::logic_error("the reader finds something else at another address");
+    return text;
 }

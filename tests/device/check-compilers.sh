@@ -1,10 +1,12 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
 # Compiles the reader like a firmware: every warning is an error, as C99 and as C++, freestanding. For ARM it must have
-# less than 2 KiB of Thumb code, and 1 KiB for layouts, and need no library. Exits with 77 if there is no compiler.
-# Usage: check-compilers.sh DEVICE_FOLDER
+# less than 2 KiB of Thumb code, and 1 KiB for layouts, and need no library. The header for C++ is compiled with the
+# example of the manual. Exits with 77 if there is no compiler.
+# Usage: check-compilers.sh DEVICE_FOLDER MANUAL
 set -eu
 device=$1
+manual=$2
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 strict="-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -ffreestanding -c"
@@ -18,6 +20,21 @@ compile() { # COMPILER FLAGS...
         "$@" $strict -o "$work/$source.o" "$device/$source" || { echo "failed: $* $source" >&2; exit 1; }
     done
 }
+
+compile_example() { # COMPILER FLAGS...
+    command -v "$1" >/dev/null || return 0
+    # shellcheck disable=SC2086
+    "$@" $strict -fno-exceptions -fno-rtti -x c++ "-I$device" "-I$work" -o "$work/example.o" "$work/example.cpp" ||
+        { echo "failed: $* example of $manual" >&2; exit 1; }
+}
+
+sed -n '/^```cpp$/,/^```$/{/^```/!p}' "$manual" >"$work/example.cpp"
+[ -s "$work/example.cpp" ]
+printf '#define ID_IMAGE_LOGO 1\n#define ID_STRING_TITLE 2\n' >"$work/ResID.h"
+for language in c++11 c++14 c++20; do
+    compile_example g++ -std=$language
+    compile_example clang++ -std=$language
+done
 
 for optimise in -O0 -O3; do
     compile gcc -std=c99 $optimise

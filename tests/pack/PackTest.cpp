@@ -101,6 +101,28 @@ TEST(Pack, PacksListedFilesTextsFilesAndImagesInOrder)
     }
 }
 
+TEST(Pack, PutsTheTablesInAscendingOrderIfTheOptionSaysSo)
+{
+    PackProject project;
+    for (const char *file : {"res/wide.png", "res/any.png", "tune.mid", "a.bin"})
+        project.folder.Put(file, "content of " + QByteArray(file));
+    project.AddLanguage(3, {{9, u"nine"}, {4, u"four"}, {7, u""}, {4, u"four again"}});
+    project.AddLanguage(2);
+    project.AddFile(project.wideImages, "res\\wide.png", 5);
+    project.AddFile(project.defaultImages, "res\\any.png", 5);
+    project.AddFile(project.binary, "a.bin", 6);
+    project.AddFile(project.audio, "tune.mid", 1);
+    project.info.options.sorted = true;
+    auto expected = Payload();
+    expected.Item(1, ToBytes("content of tune.mid")).Item(5, ToBytes("content of res/wide.png"));
+    expected.Item(5, ToBytes("content of res/any.png")).Item(6, ToBytes("content of a.bin"));
+    expected.Language(2, {}).Language(3, {{4, u"four"}, {4, u"four again"}, {7, u""}, {9, u"nine"}});
+    ASSERT_EQ(project.Pack(), 0) << project.output.constData();
+    EXPECT_EQ(project.folder.Get("arm/app.res"), BytesOf(expected.Build()));
+    EXPECT_TRUE(project.folder.Get("app.out").contains(BytesOf(expected.Build())));
+    EXPECT_LT(project.output.indexOf("a.bin"), project.output.indexOf("wide.png")) << "the report keeps its order";
+}
+
 TEST(Pack, CountsOffsetsFromTheStartOfTheFileIfTheSettingSaysSo)
 {
     for (const size_t text : {64, 65, 66, 67}) {

@@ -36,6 +36,14 @@ for language in en ru zh hi ko ar; do
     head -n 9 all
 done | diff "$here/screens_by_language.txt" - || fail 'the screens in six languages'
 
+# In ascending order all resources are found as before.
+for language in en ru zh hi ko ar; do qemu-arm $app $language; done | sort >before.txt
+cp $app before.axf
+printf '\n[Pack]\nsorted=1\n' >>sample/morvanite.ini
+cmake --build 240x320 >log 2>&1 || fail 'the build in ascending order'
+for language in en ru zh hi ko ar; do qemu-arm $app $language; done | sort | diff before.txt - || fail 'the output in ascending order'
+! cmp -s before.axf $app || fail 'the setting has no effect'
+
 # Without its section, and with a damaged one, the program ends with a message and never crashes. The entry that
 # leads to the items is required.
 arm-linux-gnueabihf-objcopy --dump-section .zp_res=section $app copy.axf 2>log || fail 'the section cannot be extracted'

@@ -3,6 +3,7 @@
 
 #include <QtEndian>
 
+#include <algorithm>
 #include <cstring>
 #include <unordered_map>
 
@@ -91,8 +92,8 @@ std::vector<LanguageStrings> Gather(const CResModel &document, const CResFolder 
 /// Builds the table of the strings as the last item of `image`:
 ///
 ///   count (4)                           S + 1
-///   records of ID (4), offset (4)       S in order, then 0xFFFFFFFF and the table's size; offsets count from the table
-///   strings                             UTF-16, a zero unit, zero bytes up to a multiple of 4
+///   records of ID (4), offset (4)       S in the order of `from`, then 0xFFFFFFFF and the table's size; offsets count
+///   from the table strings                             UTF-16, a zero unit, zero bytes up to a multiple of 4
 ///
 /// With `isSizeOnly` only its size is right. Returns 0 or a PackCode.
 int BuildStringTable(const LanguageStrings &from, PackImage &image, bool isSizeOnly)
@@ -151,7 +152,10 @@ int ConstructLanguages(PackContext &context)
     const CResFolder *strings = context.document.root.FindFolder(KIND_STRINGS, 2);
     if (!strings)
         return PACK_LANGUAGE_LIST;
-    for (const LanguageStrings &language : Gather(context.document, *strings)) {
+    for (LanguageStrings &language : Gather(context.document, *strings)) {
+        if (context.info.options.sorted)
+            std::stable_sort(language.strings.begin(), language.strings.end(),
+                             [](const TableString &a, const TableString &b) { return a.id < b.id; });
         if (const int code =
                 context.After(AddLanguage(context, language), QStringLiteral("language %1").arg(language.language)))
             return code;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PackImage.h"
 
+#include <algorithm>
 #include <cstring>
 
 PackImage::PackImage(PayloadBuffer &memory, EntryPadding entryPadding) : bytes(memory), padding(entryPadding)
@@ -62,6 +63,38 @@ bool PackImage::PadItem()
     if (!place)
         return false;
     std::memset(place, 0, size_t(missing));
+    return true;
+}
+
+bool PackImage::SortItems()
+{
+    struct Placed
+    {
+        BlockItem item;
+        const char *data;
+    };
+    std::vector<Placed> sorted;
+    sorted.reserve(items.size());
+    const char *data = bytes.At(qint64(entryBytes));
+    for (const BlockItem &item : items) {
+        sorted.push_back({item, data});
+        data += item.size;
+    }
+    std::stable_sort(sorted.begin(), sorted.end() - 1,
+                     [](const Placed &a, const Placed &b) { return a.item.key < b.item.key; });
+
+    const quint64 size = bytes.Size() - entryBytes;
+    PayloadBuffer copy(0);
+    char *const first = copy.Append(size);
+    if (!first)
+        return false;
+    char *place = first;
+    for (size_t n = 0; n < sorted.size(); ++n) {
+        items[n] = sorted[n].item;
+        std::memcpy(place, sorted[n].data, items[n].size);
+        place += items[n].size;
+    }
+    std::memcpy(bytes.At(qint64(entryBytes)), first, size_t(size));
     return true;
 }
 

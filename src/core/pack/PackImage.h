@@ -50,6 +50,9 @@ public:
     /// The size of all data so far, in bytes.
     [[nodiscard]] quint64 DataSize() const { return bytes.Size(); }
 
+    /// Puts the items, with their data, into ascending order of their keys. Items with equal keys keep their order, and
+    /// the end of the table stays the end. Returns false if memory runs out.
+    [[nodiscard]] bool SortItems();
     /// Computes offsets and sizes. Returns false if they need more than 32 bits.
     [[nodiscard]] bool LayOut();
     /// The size of the payload in bytes, once it is laid out.

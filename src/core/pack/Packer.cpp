@@ -109,6 +109,9 @@ int BuildPayload(PackRun &run, EntryPadding padding, quint64 base, QByteArrayVie
     if (run.trial && !run.trial->isExact)
         return PACK_OK;
     image.base = qint64(base);
+    // The order doesn't change any size, and a trial has no data to move.
+    if (run.info.options.sorted && !run.trial && !image.SortItems())
+        return PACK_MEMORY;
     if (!image.LayOut())
         return AfterStep(run.trial, PACK_MEMORY);
     if (const int code = CheckSize(run, image))

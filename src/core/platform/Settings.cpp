@@ -18,8 +18,8 @@ constexpr struct
     const char *section;
     const char *key;
 } PROJECT_KEYS[] = {
-    {"Text", "code_page"},    {"Layout", "folders"},       {"Layout", "catalogue"},
-    {"Layout", "export_xml"}, {"Layout", "export_layout"}, {"Layout", "pictures"},
+    {"Text", "code_page"},       {"Layout", "folders"},  {"Layout", "catalogue"}, {"Layout", "export_xml"},
+    {"Layout", "export_layout"}, {"Layout", "pictures"}, {"Pack", "sorted"},
 };
 
 bool IsProjectKey(QStringView section, QStringView key)
