@@ -19,7 +19,11 @@ void CompareAlpha(Bytes file, const std::uint8_t *device)
         return;
     const bool hasAlpha = device != nullptr && device[5] == std::uint8_t(DeviceFormat::PixelFormat::Argb8888);
     const std::uint8_t *pixel = device != nullptr ? device + DeviceFormat::headerSize : nullptr;
+    PngAlpha start;
+    const bool hasStart = start.OpenStart(file, alpha.Height() / 2 + 1);
     while (alpha.Next()) {
+        if (hasStart && start.Next() && std::memcmp(start.Row().data(), alpha.Row().data(), alpha.Width()) != 0)
+            __builtin_trap();
         for (const std::uint8_t value : alpha.Row()) {
             if (device != nullptr && value != (hasAlpha ? pixel[3] : 255))
                 __builtin_trap();

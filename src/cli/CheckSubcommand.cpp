@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Baseline.h"
 #include "CheckOutput.h"
+#include "CheckOutputs.h"
 #include "CheckProject.h"
 #include "ConvertedSizes.h"
 #include "FileFault.h"
@@ -16,6 +17,7 @@
 #include "Subcommands.h"
 #include "TextContext.h"
 
+#include <string_view>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -48,7 +50,9 @@ public:
             ->type_name("FILE");
         subcommand->add_option("--baseline", baseline, "Leave out the findings that this file accepts")
             ->type_name("FILE");
-        subcommand->add_option("--write-baseline", newBaseline, "Write a baseline that accepts all present findings")
+        subcommand
+            ->add_option("--write-baseline", newBaseline,
+                         "Write a baseline that accepts all present findings (\"-\": to standard output)")
             ->type_name("FILE");
         subcommand->add_flag("--summary", summary, "Count missing translations for each language");
         CLI::Option *explainOption =
@@ -71,8 +75,13 @@ public:
         const QString path = AbsolutePath(project);
         const QString headerPath = AbsolutePath(header);
         baselinePath = AbsolutePath(baseline);
-        newBaselinePath = AbsolutePath(newBaseline);
+        newBaselinePath = newBaseline == "-" ? QString() : AbsolutePath(newBaseline);
         outputPath = output == "-" ? QString() : AbsolutePath(output);
+
+        if (!outputPath.isEmpty() && (outputPath == baselinePath || outputPath == headerPath)) {
+            Complain(u"%1 is not written because the check reads it"_s.arg(outputPath));
+            return EXIT_WRONG_USE;
+        }
 
         CheckResult result;
         result.project = path;
@@ -94,6 +103,10 @@ private:
                     QString::fromStdString(rule)));
                 return false;
             }
+        }
+        if (newBaseline == "-" && output == "-") {
+            Complain(u"-o and --write-baseline can't both be standard output"_s);
+            return false;
         }
         for (const std::string &text : resolutions) {
             const auto size = ParseScreenSize(QString::fromStdString(text));
@@ -126,6 +139,11 @@ private:
         CheckSettings settings = ReadCheckSettings(DirectoryOf(path), ofSettings);
         for (size_t i = 0; !rules.empty() && i < settings.levels.size(); ++i)
             settings.levels[i] = LevelOfChosen(AllRules()[i], settings.levels[i]);
+        if (const QString clash = ClashOfOutputs({outputPath, newBaselinePath}, session.env, path, document, settings);
+            !clash.isEmpty()) {
+            Complain(clash);
+            return false;
+        }
         if (document) {
             const TextContext texts(*document, settings);
             result.languages = texts.Languages();
@@ -145,8 +163,11 @@ private:
         return isReadable;
     }
 
+    /// The rule about the settings stays on: because of a broken line, a chosen rule may find nothing.
     [[nodiscard]] RuleLevel LevelOfChosen(const Rule &rule, RuleLevel level) const
     {
+        if (rule.id == std::string_view("check-settings"))
+            return level;
         if (std::find(rules.begin(), rules.end(), rule.id) == rules.end())
             return RuleLevel::Off;
         return level == RuleLevel::Off ? RuleLevel::Note : level;
@@ -178,18 +199,17 @@ private:
 
     [[nodiscard]] int Report(Session &session, const CheckResult &result) const
     {
-        if (!newBaselinePath.isEmpty()) {
+        if (!newBaseline.empty()) {
             std::vector<Finding> all = result.findings;
             all.insert(all.end(), result.known.begin(), result.known.end());
-            if (!Write(newBaselinePath, Baseline::Bytes(all, result.ProjectFolder())))
+            if (!Write(session, newBaselinePath, Baseline::Bytes(all, result.ProjectFolder())))
                 return EXIT_FAILED;
         }
         const QByteArray bytes = format == "json"    ? CheckJson(result)
                                  : format == "sarif" ? CheckSarif(result)
                                                      : CheckText(result);
-        if (outputPath.isEmpty())
-            session.report.WriteBytes(bytes);
-        else if (!Write(outputPath, bytes))
+        const bool isTaken = newBaseline == "-" && output.empty(); // standard output has the baseline
+        if (!isTaken && !Write(session, outputPath, bytes))
             return EXIT_FAILED;
         session.report.Flush();
         const int errors = result.Count(Severity::Error);
@@ -203,8 +223,13 @@ private:
         return hasFailed ? EXIT_FAILED : EXIT_FINE;
     }
 
-    [[nodiscard]] static bool Write(const QString &file, const QByteArray &bytes)
+    /// Writes to a file; to standard output if the path is empty.
+    [[nodiscard]] static bool Write(Session &session, const QString &file, const QByteArray &bytes)
     {
+        if (file.isEmpty()) {
+            session.report.WriteBytes(bytes);
+            return true;
+        }
         const int error = WriteFileAtomically(file, bytes, IfDevice::WriteThrough);
         if (error != 0)
             Complain(WhyNotWritten(file, error));

@@ -9,6 +9,10 @@
 #include "Spreadsheet.h"
 #include "StringFileFormat.h"
 
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <cstdlib>
 #include <cstring>
 
 using namespace Qt::StringLiterals;
@@ -76,6 +80,28 @@ std::optional<Explanation> SystemError(const QString &code)
                        u"Make the folder, or correct its permissions or the path of --output."_s, u"pack-codes.md"_s};
 }
 
+/// Returns the code in a text that a user may have copied from a report, such as "### error -1016 ###" or "error 5".
+QString CodeIn(const QString &text)
+{
+    static const QRegularExpression ERROR(u"^(?:###)? *error *:? *(-?[0-9]+):? *(?:###)?$"_s,
+                                          QRegularExpression::CaseInsensitiveOption);
+    const QString trimmed = text.trimmed();
+    const QRegularExpressionMatch match = ERROR.match(trimmed);
+    return match.hasMatch() ? match.captured(1) : trimmed;
+}
+
+std::vector<Explanation> ExplanationsOfExactly(const QString &code)
+{
+    std::vector<Explanation> found;
+    for (Explanation &one : AllExplanations()) {
+        if (one.code == code)
+            found.push_back(std::move(one));
+    }
+    if (auto error = SystemError(code))
+        found.push_back(std::move(*error));
+    return found;
+}
+
 } // namespace
 
 QString Explanation::Text() const
@@ -87,7 +113,10 @@ std::vector<Explanation> AllExplanations()
 {
     std::vector<Explanation> all;
     for (const auto &family : CODES) {
-        for (const CodeText &row : family.rows())
+        std::vector<CodeText> rows(family.rows().begin(), family.rows().end());
+        std::stable_sort(rows.begin(), rows.end(),
+                         [](const CodeText &a, const CodeText &b) { return std::abs(a.code) < std::abs(b.code); });
+        for (const CodeText &row : rows)
             all.push_back({QString::number(row.code), Utf8(family.kind), Utf8(row.when), Utf8(row.whatToDo),
                            Utf8(family.document)});
     }
@@ -99,14 +128,11 @@ std::vector<Explanation> AllExplanations()
     return all;
 }
 
-std::vector<Explanation> ExplanationsOf(const QString &code)
+std::vector<Explanation> ExplanationsOf(const QString &text)
 {
-    std::vector<Explanation> found;
-    for (Explanation &one : AllExplanations()) {
-        if (one.code == code)
-            found.push_back(std::move(one));
-    }
-    if (auto error = SystemError(code))
-        found.push_back(std::move(*error));
+    const QString code = CodeIn(text);
+    std::vector<Explanation> found = ExplanationsOfExactly(code);
+    if (found.empty() && !code.isEmpty() && code[0].isDigit())
+        found = ExplanationsOfExactly(u'-' + code); // most codes are below 0, and the sign is easily lost
     return found;
 }

@@ -21,5 +21,7 @@ struct Explanation
 /// All codes that a user may see, and all rules of the check.
 [[nodiscard]] std::vector<Explanation> AllExplanations();
 
-/// The explanations of a code; several kinds of failures may have the same number. Empty for an unknown code.
-[[nodiscard]] std::vector<Explanation> ExplanationsOf(const QString &code);
+/// The explanations of a code or of a line of a report that has one, such as "### error -1016 ###"; several kinds of
+/// failures may have the same number. A number without its sign counts too, if no code is above 0. Empty for an unknown
+/// code.
+[[nodiscard]] std::vector<Explanation> ExplanationsOf(const QString &text);

@@ -27,9 +27,9 @@ const PictureFunctions *Functions()
 
 } // namespace
 
-bool CountAlphaOfPicture(const QByteArray &bytes, PictureAlpha &alpha)
+bool CountAlphaOfPicture(const QByteArray &bytes, FilePart part, PictureAlpha &alpha)
 {
-    return Functions() && Functions()->countAlpha(bytes, alpha);
+    return Functions() && Functions()->countAlpha(bytes, part, alpha);
 }
 
 std::optional<quint64> SizeOfConvertedPicture(const QByteArray &bytes, QString &fault)

@@ -35,10 +35,36 @@ bool CountPngAlpha(Bytes file, PictureAlpha &alpha)
     return !rows.HasFailed();
 }
 
-bool CountAlphaOf(const QByteArray &bytes, PictureAlpha &alpha)
+/// Counts the alpha of the first rows of a PNG, until it is known that many pixels are transparent.
+void CountFirstRows(Bytes start, std::uint32_t count, PictureAlpha &alpha)
+{
+    PngAlpha rows;
+    alpha = {};
+    if (!rows.OpenStart(start, count))
+        return;
+    alpha.pixels = quint64(rows.Width()) * rows.Height();
+    while (alpha.CanBeFew() && rows.Next())
+        Add(rows.Row().data(), rows.Width(), 1, alpha);
+}
+
+/// Returns whether the first rows of a PNG show that many of its pixels are transparent. Most icons show it in the very
+/// first rows; if these are opaque, the whole picture must be decoded anyway.
+bool HasMuchAlpha(Bytes start, PictureAlpha &alpha)
+{
+    constexpr std::uint32_t FEW_ROWS = 2;
+    constexpr std::uint32_t MORE_ROWS = 24;
+    CountFirstRows(start, FEW_ROWS, alpha);
+    if (alpha.transparent > 0 && alpha.CanBeFew())
+        CountFirstRows(start, MORE_ROWS, alpha);
+    return !alpha.CanBeFew();
+}
+
+bool CountAlphaOf(const QByteArray &bytes, FilePart part, PictureAlpha &alpha)
 {
     const Bytes file(reinterpret_cast<const std::uint8_t *>(bytes.constData()), size_t(bytes.size()));
     alpha = {};
+    if (part == FilePart::Start)
+        return HasMuchAlpha(file, alpha);
     if (CountPngAlpha(file, alpha))
         return true;
     Picture picture(DeviceFormat::maxPixels);

@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "CodePoints.h"
+#include "LayoutIds.h"
+#include "ProjectLayouts.h"
+#include "ScreenSize.h"
 #include "Session.h"
 #include "StringsSubcommands.h"
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -14,6 +19,11 @@ public:
         CLI::App *subcommand = strings.add_subcommand("codepoints", "List the characters that the texts use");
         AddProject(*subcommand, project);
         AddProjectLanguages(*subcommand, wanted);
+        subcommand
+            ->add_option("--resolution", resolutions,
+                         "Only the texts in the layouts of this screen, such as 240x320; can be repeated")
+            ->type_name("WxH")
+            ->allow_extra_args(false);
         AddChoice(*subcommand, "--format", format, "list|ranges|c",
                   "The form of the list: one character a line, ranges, or a table in C (default: list)");
         return subcommand;
@@ -21,29 +31,74 @@ public:
 
     int Run(Session &session) override
     {
+        if (!ReadScreens())
+            return EXIT_WRONG_USE;
         const CResDoc *const document = session.OpenQuietly(AbsolutePath(project));
         return document ? PrintCodePoints(session, *document) : int(EXIT_FAILED);
     }
 
 private:
+    [[nodiscard]] bool ReadScreens()
+    {
+        for (const std::string &text : resolutions) {
+            const auto size = ParseScreenSize(QString::fromStdString(text));
+            if (!size) {
+                Complain(u"--resolution %1 isn't a size such as 240x320"_s.arg(QString::fromStdString(text)));
+                return false;
+            }
+            screens.push_back(*size);
+        }
+        return true;
+    }
+
+    /// Returns whether the project has layouts for each screen. A font for a screen without layouts would be empty.
+    [[nodiscard]] bool HasLayouts(const CResDoc &document) const
+    {
+        for (const ScreenSize &screen : screens) {
+            const int index = document.tables.resolutions.IndexOf(screen.width, screen.height);
+            const CResFolder *const folder =
+                index < 0 ? nullptr : document.root.FindFolder(KIND_RESO_LAYOUTS, index, 2);
+            if (folder && !folder->subfolders.empty())
+                continue;
+            Complain(u"--resolution %1x%2: the project has no layouts for this screen"_s.arg(screen.width)
+                         .arg(screen.height));
+            return false;
+        }
+        return true;
+    }
+
+    [[nodiscard]] QSet<NarrowText> IdsOfScreens(const CResDoc &document) const
+    {
+        QSet<NarrowText> ids;
+        for (const IDRecord *record = document.ids.sentinel.next; record != &document.ids.sentinel;
+             record = record->next)
+            ids.insert(record->name);
+        return IdsInLayouts(document, ids, screens);
+    }
+
     int PrintCodePoints(Session &session, const CResDoc &document) const
     {
         const auto languages = ChosenLanguages(document, wanted);
-        if (!languages)
+        if (!languages || !HasLayouts(document))
             return EXIT_WRONG_USE;
+        const QSet<NarrowText> ids = screens.empty() ? QSet<NarrowText>() : IdsOfScreens(document);
         CodePoints points;
         for (const KnownLanguage &language : *languages)
-            points.Add(CodePointsOf(document, language.number));
+            points.Add(screens.empty() ? CodePointsOf(document, language.number)
+                                       : CodePointsOf(document, language.number, ids));
         const CodePointFormat form = format == "c"        ? CodePointFormat::C
                                      : format == "ranges" ? CodePointFormat::Ranges
                                                           : CodePointFormat::List;
         session.report.WriteBytes(CodePointsText(points, form));
-        return session.StatusAfter(EXIT_FINE);
+        const bool isComplete = screens.empty() || MissingLayouts(document).isEmpty();
+        return session.StatusAfter(isComplete ? EXIT_FINE : EXIT_FAILED);
     }
 
     std::string project;
     std::vector<std::string> wanted;
+    std::vector<std::string> resolutions;
     std::string format = "list";
+    std::vector<ScreenSize> screens;
 };
 
 } // namespace

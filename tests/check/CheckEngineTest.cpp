@@ -65,6 +65,10 @@ TEST(CheckSettings, EveryLineWithoutMeaningIsAFindingAtItsLine)
         {"[Limit]\nID_*=length 0", "\"length 0\" isn't a limit"},
         {"[Language]\nGerman=de", "number of a language"},
         {"[Language]\n65535=de", "number of a language"},
+        {"[Check]\nsource English", "neither a section"},
+        {"[Check]\n=English", "neither a section"},
+        {"[Check]\n[Font", "alone in its line"},
+        {"[Check]\n[Font] default=ui.ttf 16", "alone in its line"},
         {"[Language]\n8=de_AT", "isn't a BCP 47 code"},
     };
     CheckedRows project;
@@ -74,7 +78,7 @@ TEST(CheckSettings, EveryLineWithoutMeaningIsAFindingAtItsLine)
         EXPECT_THAT(project.Findings({"check-settings"}),
                     ElementsAre(AllOf(HasSubstr("demo/morvanite-check.ini:2 "), HasSubstr(text))));
     }
-    project.PutSettings("[check]\nSOURCE=0\nplaceholders=none\ntarget=240x320\n"
+    project.PutSettings("; one\n\n [check] ; two\nSOURCE=0\nplaceholders=none\ntarget=240x320\n"
                         "[Limit]\nID_*=length 3, width 4, lines 5\n[Language]\n0=en\n[Ignore]\nid-case=ID_*\n");
     EXPECT_THAT(project.Findings({"check-settings"}), IsEmpty());
 }
@@ -118,11 +122,15 @@ TEST(CheckSettings, AnUnknownWordOfTheNotesOfARowIsAFinding)
 {
     CheckedProject project;
     project.PutStrings("Number of Language|1\nString ID|Resource Type|Description|English(0)\n"
-                       "ID_A|Normal|[size:3, same]|Yes\nID_B|Normal|see [page 3]|No\n"
+                       "ID_A|Normal|a [size:3, same, x]|Yes\nID_B|Normal|see [page 3]|No\n"
                        "ID_C|Normal|[ignore:double-blanks]|Two  blanks\n##number|3\n");
     EXPECT_THAT(project.Findings({"check-settings"}),
                 ElementsAre(AllOf(HasSubstr("txt:3 ID_A"), HasSubstr("\"size:3\"")),
+                            AllOf(HasSubstr("txt:3 ID_A"), HasSubstr("\"x\"")),
                             AllOf(HasSubstr("txt:5 ID_C"), HasSubstr("\"ignore:double-blanks\""))));
+    EXPECT_THAT(Places(OnlyOfTexts(project.Check())),
+                ElementsAre("3:16 ID_A check-settings", "3:30 ID_A check-settings", "5:14 ID_C check-settings",
+                            "5:36 ID_C double-blank"));
 }
 
 TEST(CheckSettings, PatternsOfIds)

@@ -52,7 +52,8 @@ TEST(FontRules, FindLinesThatAreWiderThanTheirLimit)
 TEST(FontRules, FindCharactersThatTheFontLacksOncePerLanguage)
 {
     FontProject project("[Font]\ndefault=ui.bdf 8\n[Ignore]\ntext-too-wide=*\n");
-    EXPECT_THAT(project.Findings({"glyph-missing"}), ElementsAre(HasSubstr("the font lacks a character: U+0043 (C)")));
+    EXPECT_THAT(project.Findings({"glyph-missing"}),
+                ElementsAre(HasSubstr("ini:2 : the font lacks a character: U+0043 (C)")));
 }
 
 TEST(FontRules, ReportFontsThatCannotBeOpened)

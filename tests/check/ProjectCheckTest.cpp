@@ -92,7 +92,7 @@ std::atomic<bool> isCounting;
 std::atomic<bool> mayCount;
 
 /// A CountAlpha that takes until the test allows it to end.
-bool CountSlowly(const QByteArray &, PictureAlpha &)
+bool CountSlowly(const QByteArray &, FilePart, PictureAlpha &)
 {
     isCounting = true;
     while (!mayCount)
@@ -243,12 +243,18 @@ TEST(ProjectCheck, DoesNothingWhileItIsOffAndFollowsTheSettings)
     EXPECT_EQ(check.AboutRow(project.Head("ID_A")).front()->severity, Severity::Error);
     EXPECT_THAT(Lines(check.All()), Contains(testing::StartsWith("check-settings 0")));
 
-    check.Stop();
+    QFile::remove(project.folder.Path("demo/morvanite-check.ini"));
+    check.FollowSettings();
+    EXPECT_FALSE(check.IsOn());
     EXPECT_EQ(check.Counts(), FindingCounts());
     EXPECT_THAT(check.All(), IsEmpty());
     project.folder.Put("demo/morvanite-check.ini", "");
     check.FollowSettings();
-    EXPECT_FALSE(check.IsOn()) << "the user has stopped it";
+    EXPECT_TRUE(check.IsOn());
+    check.Start();
+    QFile::remove(project.folder.Path("demo/morvanite-check.ini"));
+    check.FollowSettings();
+    EXPECT_TRUE(check.IsOn()) << "the user has started it";
 }
 
 TEST(ProjectCheck, ReadsFilesInAThreadAndEndsWithIt)

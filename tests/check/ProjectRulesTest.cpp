@@ -62,8 +62,8 @@ TEST(LoadRules, TheFormOfTheStringFile)
     CheckedProject project;
     project.PutStrings(Strings("ID_A|Normal|about|Yes|Oui|Ja\nID_A|Normal|about|Yes|Oh oui\n"));
     EXPECT_THAT(project.Findings({"string-file-form", "id-conflict"}),
-                ElementsAre(StartsWith("demo/res/ref_list_demo.txt:3 ID_A: the text \"Ja\" of ID_A is left out"),
-                            StartsWith("demo/res/ref_list_demo.txt:4 ID_A: the text \"Oui\" of ID_A is left out")));
+                ElementsAre(StartsWith("demo/res/ref_list_demo.txt:3 ID_A: the text \"Ja\" is left out"),
+                            StartsWith("demo/res/ref_list_demo.txt:4 ID_A: the text \"Oui\" is left out")));
 
     project.PutStrings(Strings("ID_A|Normal|about|Yes|Oui\n", "3"));
     EXPECT_THAT(project.Findings({"string-file-form"}),
@@ -93,6 +93,12 @@ TEST(LoadRules, MarksOfAMergeAndMissingSettings)
     CheckedProject project("<APP id=\"APP_demo\">\n<<<<<<< ours\n=======\n>>>>>>> theirs\n</APP>\n");
     EXPECT_THAT(project.Findings({"conflict-marker"}),
                 ElementsAre(HasSubstr("res.xml:2"), HasSubstr("res.xml:3"), HasSubstr("res.xml:4")));
+
+    project.PutStrings(Strings("<<<<<<< ours\nID_A|Normal||One|Un\n=======\nID_A|Normal||Two|Un\n>>>>>>> theirs\n"));
+    EXPECT_THAT(project.Findings({"conflict-marker", "id-invalid", "string-file-form", "id-conflict"}),
+                ElementsAre(HasSubstr("txt:3 "), HasSubstr("txt:5 "),
+                            HasSubstr("txt:6 ID_A: the text \"One\" is left out: \"Two\" follows"),
+                            HasSubstr("txt:7 ")));
 
     CheckedProject other("<APP id=\"APP_demo\" />\n", "[Layout]\ncatalogue=none.xml\nfolders=1\n", "Count=0\n");
     other.folder.Put("bin/sizes.ini", "[Sizes]\n240x320\n");
@@ -159,7 +165,7 @@ TEST(IdRules, SourcesAndLayoutsUseIds)
     project.folder.Put("demo/src/.hidden/a.c", "ID_HIDDEN\n");
     project.folder.Put("app/ResID.h", "int a = ID_UNUSED;\n");
     EXPECT_THAT(project.Findings({"id-unused"}),
-                ElementsAre("demo/morvanite-check.ini:0 : section Sources, key files: no file matches \"none/*.c\"",
+                ElementsAre("demo/morvanite-check.ini:2 : section Sources, key files: no file matches \"none/*.c\"",
                             "demo/res/demo.res.xml:3 ID_UNUSED: no source file and no layout uses the ID",
                             "demo/res/main.xml:2 ID_MAIN: no source file and no layout uses the ID"));
     const std::vector<Finding> all = project.Check();

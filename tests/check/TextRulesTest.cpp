@@ -182,6 +182,8 @@ TEST(TextRules, Blanks)
                              {u" ", u"b"},
                          });
     Expect("blank-only", {{u"a", u" \u00A0", "only blanks"}, {u" ", u" "}, {u"a", u"b "}});
+    Expect("placeholder-mismatch", {{u"%d", u"  "}, {u" ", u"%d"}});
+    Expect("escape-mismatch", {{u"a\\n", u" "}});
     Expect("double-blank", {{u"a b", u"a  b", "two blanks"}, {u"a  b", u"a  b"}, {u"a", u"b  "}, {u"a", uR"(b\n  c)"}});
 }
 
@@ -209,6 +211,7 @@ TEST(TextRules, TheEndOfASentenceHasTheMarkOfTheLanguage)
                {u"Done now.", u"เสร็จแล้ว:", "ends with \":\"", u"th"},
                {u"Done now?", u"Պատրա՞ստ է", nullptr, u"hy"},
                {u"Done now.", u"完了。", nullptr, u""},
+               {u"Done now.", u"完了。.", "ends with \"。.\" where English ends with \".\"", u"ja"},
            });
 }
 

@@ -128,11 +128,15 @@ class CheckedPictures(unittest.TestCase):
         rng = random.Random(20)
         elements, wanted = [], {}
         for number, (channels, kind) in enumerate((channels, kind) for channels in (2, 4) for kind in (0, 1, 2, 3, 4, None)):
-            alphas = rng.choices(range(250, 256), k=437)
-            rows = [[tuple(rng.choices(range(256), k=channels - 1)) + (alphas[19 * x + y],) for x in range(23)] for y in range(19)]
+            width, height = (23, 19) if channels == 2 else (61, 59)  # the larger one needs more than the first 4 KiB
+            pixels = width * height
+            alphas = rng.choices(range(250, 256), k=pixels)
+            if kind == 2:  # few are transparent, and only behind the first rows
+                alphas = [255] * (pixels - 3) + [0] * 3
+            rows = [[tuple(rng.choices(range(256), k=channels - 1)) + (alphas[width * y + x],) for x in range(width)] for y in range(height)]
             (self.dir / f'{number}.png').write_bytes(png(rows, channels, lambda y: y % 5 if kind is None else kind))
             elements.append(f'<IMAGE id="ID_{number}">{number}.png</IMAGE>')
-            wanted[f'ID_{number}'] = f"{437 - alphas.count(255)} of the 437 pixels of {number}.png aren't opaque, and none has an alpha below 250"
+            wanted[f'ID_{number}'] = f"{pixels - alphas.count(255)} of the {pixels} pixels of {number}.png aren't opaque, and none has an alpha below {min(alphas)}"
         found = self.findings(elements, 'image-alpha-few')
         self.assertEqual({id_: text.split(';')[0] for id_, text in found.items()}, wanted)
 

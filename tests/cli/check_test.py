@@ -4,6 +4,8 @@
 import json
 import os
 import pathlib
+import re
+import shutil
 import unittest
 
 from demo import DemoProject
@@ -67,6 +69,38 @@ class Check(DemoProject):
         self.assertEqual(self.check('--baseline', 'base.txt', '--fail-on', 'note'), (0, '', ''))
         self.assertEqual(self.check('--baseline', 'none.txt')[0], 2)
 
+    def test_an_output_is_no_file_of_the_project(self):
+        (self.dir / 'main.c').write_text('show(ID_STRING_HI);\n')
+        (self.dir / 'morvanite-check.ini').write_text('[Sources]\nfiles=*.c\n')
+        (self.dir / 'link').symlink_to('logo.png')
+        before = self.state()
+        for option in ('-o', '--write-baseline'):
+            for name in ('config.xml', 'res/demo.res.xml', 'res/ref_list_demo.txt', 'link', 'tune.mp3', 'main.c', 'morvanite-check.ini'):
+                status, out, err = self.check(option, name)
+                self.assertEqual((status, out), (2, ''), name)
+                self.assertIn(f'{name} is not written because it is the same file as', err)
+        for options in (('-o', 'x', '--write-baseline', 'x'), ('-o', '-', '--write-baseline', '-'), ('-o', 'x', '--baseline', 'x')):
+            self.assertEqual(self.check(*options)[:2], (2, ''), options)
+        (self.dir / 'config.xml').write_text('<config>')  # the project can't be opened
+        self.assertEqual(self.check('-o', 'config.xml')[0], 2)
+        (self.dir / 'config.xml').write_bytes(before[str(self.dir / 'config.xml')][1])
+        status, out, _ = self.check('--write-baseline', '-')
+        self.assertEqual((status, out.count('\t'), out.count('error')), (0, 6, 0))
+        self.assertFalse((self.dir / '-').exists())
+
+    def test_broken_settings_are_told_with_a_rule_and_without_the_paths_of_the_machine(self):
+        (self.dir / 'morvanite-check.ini').write_text('[Font]\ndefault=fonts/no.ttf 16\n[Sources]\nfiles=none/*.c\n')
+        status, out, _ = self.run_cli('check', self.project, '--rule', 'glyph-missing')
+        self.assertRegex(out, r'^morvanite-check.ini:2: error: section Font, key default: fonts/no.ttf: the file can.t be read: No such .*\n$')
+        self.assertIn('morvanite-check.ini:4: warning: section Sources, key files: no file matches', self.run_cli('check', self.project)[1])
+        (self.dir / 'src').mkdir()
+        (self.dir / 'src/a.c').symlink_to('a.c')  # can't be read
+        (self.dir / 'res/demo.res.xml').unlink()
+        for settings in ('[Sources]\nfiles=src/*.c\n', '[Font]\ndefault=../no.ttf 16\n'):
+            (self.dir / 'morvanite-check.ini').write_text(settings)
+            found = json.loads(self.run_cli('check', self.project, '--format', 'json', '--header', '../none.h')[1])['findings']
+            self.assertNotIn(str(self.dir.parent), ''.join(finding['text'] for finding in found))
+
     def test_sarif_has_the_form_of_its_schema(self):
         (self.dir / 'morvanite-check.ini').write_text('[Sources]\nfiles=*.c\n')
         (self.dir / 'a b.c').write_text('int é = ID_NONE;\n')
@@ -96,6 +130,20 @@ class Check(DemoProject):
         self.assertEqual([error.message for error in validator.iter_errors(log)], [])
         log['runs'][0]['results'][0]['level'] = 'fatal'
         self.assertNotEqual(list(validator.iter_errors(log)), [], 'the schema refuses what is wrong')
+
+
+class CodePointsOfAScreen(DemoProject):
+    def test_are_those_of_the_texts_in_its_layouts(self):
+        sample = pathlib.Path(__file__).parents[2] / 'sample'
+        project = str(shutil.copytree(sample, self.dir / 'sample', ignore=shutil.ignore_patterns('tmp', 'build*')) / 'weatherclock.vcproj')
+        strings = json.loads(self.run_cli('strings', 'list', project, '--json', '--language', '0')[1])['strings']
+        screens = re.split(r'^(\d+x\d+) \w+$', self.run_cli('layouts', project)[1], flags=re.M)
+        for screen in sorted(set(screens[1::2])):
+            shown = ''.join(layout for name, layout in zip(screens[1::2], screens[2::2]) if name == screen)
+            text = ''.join(row['texts'][0]['text'] for row in strings if re.search(rf'@{row["id"]}\b', shown))
+            listed = self.run_cli('strings', 'codepoints', project, '--language', '0', '--resolution', screen)[1]
+            self.assertEqual([line.split(' ', 1)[1] for line in listed.splitlines()], sorted(set(text)), screen)
+        self.assertEqual(self.run_cli('strings', 'codepoints', project, '--resolution', '24x32')[0], 2)
 
 
 class IdsAgainst(DemoProject):

@@ -47,6 +47,13 @@ class Explain(DemoProject):
         for document in set(re.findall(r'See (.*)\.$', ''.join(self.explain(code) for code in ('-1', '29', '-1500', '1608', '4306', 'sheet.header', 'settings.no-sizes', 'catalogue.malformed', 'list.type')), re.M)):
             self.assertTrue((TREE / 'docs' / document).is_file(), document)
 
+    def test_takes_a_line_of_a_report_and_a_number_without_its_sign(self):
+        for copied in ('1016', '### error -1016 ###', 'error -1016', 'Error 1016:', ' -1016 '):
+            self.assertEqual(self.explain(copied), self.explain('-1016'), copied)
+        self.assertEqual(self.explain('### error 5 ###'), self.explain('5'))
+        packs = [int(line.split()[0]) for line in self.explain().splitlines() if line.startswith('-10')]
+        self.assertEqual(packs, sorted(packs, reverse=True))
+
     def test_explains_errors_of_the_system_and_refuses_unknown_words(self):
         self.assertRegex(self.explain('2'), r"^2 \(a pack failed\): an output can't be opened: No such file or directory; ")
         self.assertEqual(self.explain('110').count('110 ('), 3, 'a command, a string file and the system have that number')

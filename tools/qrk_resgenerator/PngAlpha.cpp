@@ -3,6 +3,7 @@
 
 #include "PngUnpacker.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
@@ -36,7 +37,7 @@ void Undo(const std::uint8_t *filtered, std::size_t step, std::uint8_t *row, std
 
 } // namespace
 
-bool PngAlpha::Open(Bytes file)
+bool PngAlpha::ReadHeader(Bytes file)
 {
     enum Place : std::size_t
     {
@@ -54,7 +55,7 @@ bool PngAlpha::Open(Bytes file)
     constexpr std::uint8_t coloursWithAlpha = 6;
     if (file.size() < END || std::memcmp(file.data() + TYPE, "IHDR", 4) != 0 || file[DEPTH] != 8 ||
         (file[COLOURS] != grayWithAlpha && file[COLOURS] != coloursWithAlpha) || file[COMPRESSION] != 0 ||
-        file[FILTERING] != 0 || file[INTERLACING] != 0 || !UnpackPngRows(file, m_rows))
+        file[FILTERING] != 0 || file[INTERLACING] != 0)
         return false;
     const auto number = [file](std::size_t at) {
         return std::uint32_t{file[at]} << 24 | std::uint32_t{file[at + 1]} << 16 | std::uint32_t{file[at + 2]} << 8 |
@@ -65,14 +66,34 @@ bool PngAlpha::Open(Bytes file)
     m_pixelSize = file[COLOURS] == coloursWithAlpha ? 4 : 2;
     m_next = 0;
     m_hasFailed = false;
+    return true;
+}
+
+bool PngAlpha::Open(Bytes file)
+{
+    if (!ReadHeader(file) || !UnpackPngRows(file, m_rows))
+        return false;
+    m_rowCount = m_height;
     return m_row.Allocate(m_width);
+}
+
+bool PngAlpha::OpenStart(Bytes start, std::uint32_t rows)
+{
+    constexpr std::size_t maxBytes = 1 << 20;
+    if (!ReadHeader(start) || m_width > maxBytes || m_height == 0)
+        return false;
+    const std::size_t wanted = std::min(m_height, rows) * RowSize();
+    if (!m_rows.Allocate(std::min(wanted, maxBytes)))
+        return false;
+    m_rowCount = static_cast<std::uint32_t>(UnpackPngStart(start, m_rows) / RowSize());
+    return m_rowCount > 0 && m_row.Allocate(m_width);
 }
 
 bool PngAlpha::Next()
 {
-    if (m_next == m_height || m_hasFailed)
+    if (m_next == m_rowCount || m_hasFailed)
         return false;
-    const std::uint8_t *const filter = m_rows.Data() + (1 + m_width * m_pixelSize) * m_next++;
+    const std::uint8_t *const filter = m_rows.Data() + RowSize() * m_next++;
     const std::uint8_t *const filtered = filter + m_pixelSize; // behind the filter and the colours of the first pixel
     const auto undo = [&](auto predict) { Undo(filtered, m_pixelSize, m_row.Data(), m_width, predict); };
     switch (*filter) {

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <libdeflate.h>
 #include <optional>
+#include <zlib.h>
 
 // A png is 8 bytes of signature and chunks: length (4), type (4), data, checksum (4). Numbers are big-endian. The first
 // chunk is the header. The compressed pixels are the joined data of all IDAT chunks, which follow one another.
@@ -157,6 +158,37 @@ bool Decompress(Bytes file, const PixelChunks &chunks, std::uint8_t *to, std::si
     return result == LIBDEFLATE_SUCCESS;
 }
 
+/// Decompresses in pieces, which libdeflate can't do.
+class Inflater
+{
+public:
+    explicit Inflater(Buffer &to)
+    {
+        m_stream.next_out = to.Data();
+        m_stream.avail_out = static_cast<uInt>(to.Size());
+        m_hasFailed = inflateInit(&m_stream) != Z_OK;
+    }
+    Inflater(const Inflater &) = delete;
+    Inflater &operator=(const Inflater &) = delete;
+    ~Inflater() { inflateEnd(&m_stream); }
+
+    bool IsFull() const { return m_stream.avail_out == 0; }
+    bool HasFailed() const { return m_hasFailed; }
+    std::size_t Count() const { return m_stream.total_out; }
+
+    void Take(Bytes data)
+    {
+        m_stream.next_in = const_cast<Bytef *>(data.data()); // zlib doesn't write there
+        m_stream.avail_in = static_cast<uInt>(data.size());
+        const int result = data.empty() || m_hasFailed ? Z_OK : inflate(&m_stream, Z_SYNC_FLUSH);
+        m_hasFailed = m_hasFailed || (result != Z_OK && result != Z_STREAM_END);
+    }
+
+private:
+    z_stream m_stream{};
+    bool m_hasFailed = false;
+};
+
 /// Writes an IDAT chunk of stored blocks. The `size` bytes at `from` may be at the end of the chunk's own data: each
 /// block moves its bytes towards the beginning or doesn't move them.
 void MakeStoredChunk(std::uint8_t *chunk, std::size_t dataSize, const std::uint8_t *from, std::size_t size)
@@ -209,4 +241,25 @@ bool UnpackPngRows(Bytes file, Buffer &rows)
     const std::size_t size = UnpackedSize(file);
     const auto chunks = size > 0 ? FindPixelChunks(file) : std::nullopt;
     return chunks && chunks->isPlain && rows.Allocate(size) && Decompress(file, *chunks, rows.Data(), size);
+}
+
+std::size_t UnpackPngStart(Bytes start, Buffer &rows)
+{
+    Inflater inflater(rows);
+    bool isInPixels = false;
+    for (std::size_t at = signatureSize; start.size() > at + 8 && !inflater.IsFull();) {
+        const Bytes chunk = start.subspan(at);
+        const std::size_t length = U32(chunk.data());
+        const bool isPixels = IsOfType(chunk, "IDAT");
+        const bool isOptional = (chunk[4] & 0x20) != 0; // its name begins with a small letter
+        if (isPixels)
+            inflater.Take(chunk.subspan(8, std::min(length, chunk.size() - 8)));
+        else if (isInPixels)
+            break; // the pixels end here
+        else if (!isOptional && (at != signatureSize || !IsOfType(chunk, "IHDR")))
+            return 0;
+        isInPixels = isPixels;
+        at += length + chunkOverhead;
+    }
+    return inflater.HasFailed() ? 0 : inflater.Count();
 }

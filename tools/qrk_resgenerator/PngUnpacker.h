@@ -17,3 +17,8 @@ bool UnpackPng(Bytes file, Buffer &unpacked);
 ///
 /// Returns false in the same cases, and if the png has chunks that change the meaning of the pixels, such as a palette.
 bool UnpackPngRows(Bytes file, Buffer &rows);
+
+/// Decompresses the beginning of the same rows into `rows`, whose size says how much is wanted. `start` has the first
+/// bytes of a png, or all. Returns how many bytes it has decompressed: fewer if `start` doesn't have more, and 0 if it
+/// is damaged or unusual. Checks nothing behind these rows, and no checksums.
+std::size_t UnpackPngStart(Bytes start, Buffer &rows);

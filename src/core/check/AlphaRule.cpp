@@ -20,20 +20,34 @@ constexpr qint64 LARGEST_FILE = qint64(512) << 20;
 struct AlphaOfFile
 {
     const SurveyedFile *file;
-    PictureAlpha alpha;
+    std::optional<PictureAlpha> alpha;
 };
 
-/// Decodes pictures in several threads. Those that can't be decoded keep an alpha without pixels.
-void CountAll(const FileCheckInput &input, std::vector<AlphaOfFile> &pictures)
+/// Returns the alpha of a picture whose first bytes don't say enough; without pixels if it can't be decoded.
+PictureAlpha AlphaOfWhole(const SurveyedFile &file, CountAlpha count)
 {
+    QByteArray bytes;
+    PictureAlpha alpha;
+    if (ReadFile(file.found, bytes, LARGEST_FILE) != 0)
+        return {};
+    // Of a large picture, much less than all is decoded to see that it has many transparent pixels.
+    if (count(bytes, FilePart::Start, alpha) || count(bytes, FilePart::Whole, alpha))
+        return alpha;
+    return {};
+}
+
+/// Finds the alpha of those pictures that lack it, in several threads.
+void CountMissing(const FileCheckInput &input, std::vector<AlphaOfFile> &pictures)
+{
+    std::vector<AlphaOfFile *> missing;
+    for (AlphaOfFile &picture : pictures) {
+        if (!picture.alpha)
+            missing.push_back(&picture);
+    }
     std::atomic<size_t> next = 0;
-    RunInThreads(ThreadsFor(pictures.size(), PICTURES_WORTH_A_THREAD, MOST_THREADS), [&](size_t) {
-        for (size_t i = next++; i < pictures.size() && !input.files.IsStopped(); i = next++) {
-            QByteArray bytes;
-            PictureAlpha alpha;
-            if (ReadFile(pictures[i].file->found, bytes, LARGEST_FILE) == 0 && input.countAlpha(bytes, alpha))
-                pictures[i].alpha = alpha;
-        }
+    RunInThreads(ThreadsFor(missing.size(), PICTURES_WORTH_A_THREAD, MOST_THREADS), [&](size_t) {
+        for (size_t i = next++; i < missing.size() && !input.files.IsStopped(); i = next++)
+            missing[i]->alpha = AlphaOfWhole(*missing[i]->file, input.countAlpha);
     });
 }
 
@@ -41,15 +55,16 @@ void CountAll(const FileCheckInput &input, std::vector<AlphaOfFile> &pictures)
 
 void ImageAlphaFew(const FileCheckInput &input, RuleReport &report)
 {
+    if (!input.countAlpha)
+        return;
     std::vector<AlphaOfFile> pictures;
     for (const SurveyedFile &file : input.files.Files()) {
-        if (file.isImage && file.picture.hasAlpha && file.picture.fault.isEmpty())
-            pictures.push_back({&file, {}});
+        if (file.MayHaveAlpha())
+            pictures.push_back({&file, file.alpha});
     }
-    if (!input.countAlpha || pictures.empty())
-        return;
-    CountAll(input, pictures);
-    for (const auto &[file, alpha] : pictures) {
+    CountMissing(input, pictures);
+    for (const auto &[file, known] : pictures) {
+        const PictureAlpha alpha = known.value_or(PictureAlpha());
         if (alpha.transparent == 0 || !alpha.CanBeFew())
             continue;
         const auto &[width, height] = std::pair(file->picture.width, file->picture.height);

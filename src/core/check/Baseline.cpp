@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Baseline.h"
 
+#include "Paths.h"
 #include "Rules.h"
 #include "TextHash.h"
 
@@ -27,6 +28,14 @@ bool IsFingerprint(const QByteArray &line)
     return isHash && FindRule(QString::fromUtf8(fields.front()));
 }
 
+/// Returns a file's path relative to the project's folder. A file outside of it, such as one of the program's settings,
+/// isn't in the same place on all machines, so only its name counts.
+QString PathInProject(const QString &file, const QString &folder)
+{
+    const QString relative = QDir(folder).relativeFilePath(file);
+    return relative.startsWith(u"../"_s) ? FileName(relative) : relative;
+}
+
 /// A baseline doesn't accept findings about itself or about the settings of the check.
 bool CanBeAccepted(const Finding &finding)
 {
@@ -39,7 +48,7 @@ bool CanBeAccepted(const Finding &finding)
 QByteArray FingerprintOf(const Finding &finding, const QString &folder)
 {
     const quint64 hash =
-        finding.basis != 0 ? finding.basis : HashOf(finding.text, HashOf(QDir(folder).relativeFilePath(finding.file)));
+        finding.basis != 0 ? finding.basis : HashOf(finding.text, HashOf(PathInProject(finding.file, folder)));
     const QByteArray digits = QByteArray::number(hash, 16).rightJustified(HASH_DIGITS, '0');
     QString id = finding.id;
     for (QChar &c : id) {

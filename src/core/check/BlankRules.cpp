@@ -10,11 +10,6 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-bool IsBlank(QStringView text)
-{
-    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.isSpace(); });
-}
-
 qsizetype BlanksBefore(QStringView text)
 {
     return std::find_if_not(text.begin(), text.end(), [](QChar c) { return c.isSpace(); }) - text.begin();
@@ -38,7 +33,7 @@ bool HasOwnBlank(QChar c)
 
 QString BlankEdge(const TextPair &pair, const TextContext & /*context*/)
 {
-    if (!pair.IsTranslation() || IsBlank(pair.source) || IsBlank(pair.text))
+    if (!pair.IsTranslation())
         return {};
     struct Edge
     {
@@ -61,9 +56,9 @@ QString BlankEdge(const TextPair &pair, const TextContext & /*context*/)
 
 QString BlankOnly(const TextPair &pair, const TextContext & /*context*/)
 {
-    if (pair.text.isEmpty() || !IsBlank(pair.text))
+    if (!(pair.features & IS_BLANK))
         return {};
-    if (!pair.IsSource() && !pair.source.isEmpty() && IsBlank(pair.source))
+    if (!pair.IsSource() && (pair.sourceFeatures & IS_BLANK))
         return {}; // the finding about the source text is enough
     return u"the text has only blanks"_s;
 }

@@ -43,7 +43,7 @@ private:
         const FileHandle handle = FileHandle::OpenRead(file);
         const qint64 fileSize = handle.IsOpen() ? handle.Size() : -1;
         if (fileSize < 0) {
-            fault = WhyNotRead(file, errno);
+            fault = u"it can't be read: "_s + ReadFault(errno);
             return std::nullopt;
         }
         FileBlocks blocks(handle.Get(), quint64(fileSize));
@@ -56,7 +56,8 @@ private:
             return std::nullopt;
         PictureAlpha alpha;
         QByteArray bytes;
-        if (header.hasAlpha && (ReadFile(file, bytes, LARGEST_PICTURE) != 0 || !countAlpha(bytes, alpha))) {
+        if (header.hasAlpha &&
+            (ReadFile(file, bytes, LARGEST_PICTURE) != 0 || !countAlpha(bytes, FilePart::Whole, alpha))) {
             fault = u"its pixels can't be decoded"_s;
             return std::nullopt;
         }

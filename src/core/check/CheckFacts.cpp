@@ -53,7 +53,7 @@ const std::vector<Finding> &CheckFacts::LayoutFindings(const CheckInput &input)
 const FileSurvey &CheckFacts::Files(const CheckInput &input)
 {
     if (!files)
-        files = std::make_shared<FileSurvey>(input.document, input.screens);
+        files = std::make_shared<FileSurvey>(input);
     return *files;
 }
 

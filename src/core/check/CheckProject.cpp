@@ -47,24 +47,54 @@ void CheckRows(const CheckInput &input, std::vector<StringRow> &rows, std::vecto
         findings.insert(findings.end(), std::make_move_iterator(part.begin()), std::make_move_iterator(part.end()));
 }
 
-size_t RuleIndex(const Finding &finding)
+void RunParts(const Rule &rule, const CheckInput &input, RuleReport &report)
 {
-    const Rule *const rule = FindRule(QString::fromLatin1(finding.code));
+    const std::unique_ptr<RuleInParts> parts = rule.parts();
+    while (parts->Step(input, report)) {
+    }
+}
+
+size_t RuleIndex(const char *code)
+{
+    const Rule *const rule = FindRule(QString::fromLatin1(code));
     return rule ? IndexOf(*rule) : AllRules().size();
 }
+
+/// A finding to be sorted, and the place of its rule.
+struct Sorted
+{
+    size_t rule;
+    size_t place; // of the finding
+};
 
 } // namespace
 
 void SortFindings(std::vector<Finding> &findings)
 {
-    std::stable_sort(findings.begin(), findings.end(), [](const Finding &a, const Finding &b) {
-        const auto key = [](const Finding &f) { return std::tie(f.file, f.line, f.column); };
-        if (key(a) != key(b))
-            return key(a) < key(b);
-        const size_t ruleA = RuleIndex(a);
-        const size_t ruleB = RuleIndex(b);
-        return std::tie(ruleA, a.id, a.language, a.text) < std::tie(ruleB, b.id, b.language, b.text);
+    // Sorts places, because findings are large.
+    std::vector<Sorted> order;
+    order.reserve(findings.size());
+    const char *code = nullptr;
+    size_t rule = 0;
+    for (size_t place = 0; place < findings.size(); ++place) {
+        if (findings[place].code != code) { // the findings of a rule follow one another
+            code = findings[place].code;
+            rule = RuleIndex(code);
+        }
+        order.push_back({rule, place});
+    }
+    std::sort(order.begin(), order.end(), [&findings](const Sorted &a, const Sorted &b) {
+        const auto key = [&findings](const Sorted &s) {
+            const Finding &f = findings[s.place];
+            return std::tie(f.file, f.line, f.column, s.rule, f.id, f.language, f.text, s.place);
+        };
+        return key(a) < key(b);
     });
+    std::vector<Finding> sorted;
+    sorted.reserve(findings.size());
+    for (const Sorted &each : order)
+        sorted.push_back(std::move(findings[each.place]));
+    findings = std::move(sorted);
 }
 
 std::vector<Finding> CheckProject(const CheckInput &given)
@@ -82,6 +112,8 @@ std::vector<Finding> CheckProject(const CheckInput &given)
             rule.files({facts.Files(input), input.settings, input.countAlpha}, report);
         else if (rule.project && report.Begin(rule))
             rule.project(input, report);
+        else if (rule.parts && report.Begin(rule))
+            RunParts(rule, input, report);
     }
     report.AddFound(input.texts.Faults());
     PlaceInLists(input.document, findings);

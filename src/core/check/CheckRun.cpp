@@ -30,17 +30,25 @@ bool CheckRun::Step()
         TakeFiles();
     }
     const std::span<const Rule> rules = AllRules();
+    if (parts) {
+        if (!parts->Step(input, report))
+            parts.reset();
+        return true;
+    }
     while (nextRule < rules.size()) {
         const Rule &rule = rules[nextRule++];
-        if (!rule.project || !report.Begin(rule))
+        if ((!rule.project && !rule.parts) || !report.Begin(rule))
             continue;
+        if (rule.parts) {
+            parts = rule.parts();
+            return true;
+        }
         if (departures != document.ids.Departures())
             Renew();
         rule.project(input, report); // in the same step, so that edits between the steps can't delay it for ever
         return true;
     }
-    Complete();
-    return false;
+    return Complete();
 }
 
 void CheckRun::WaitForFiles()
@@ -66,10 +74,16 @@ void CheckRun::Renew()
     input.repeatedRows = RowsWithEqualSource(document, basis.texts);
 }
 
-void CheckRun::Complete()
+/// Ends the run in two steps. Returns false after the second.
+bool CheckRun::Complete()
 {
-    report.AddFound(basis.faults);
-    PlaceInLists(document, findings);
+    if (!arePlaced) {
+        arePlaced = true;
+        report.AddFound(basis.faults);
+        PlaceInLists(document, findings);
+        return true;
+    }
     SortFindings(findings);
     isComplete = true;
+    return false;
 }

@@ -28,7 +28,7 @@ public:
 private:
     void TakeFiles();
     void Renew();
-    void Complete();
+    bool Complete();
 
     CResDoc &document;
     const CheckBasis &basis;
@@ -40,6 +40,8 @@ private:
     RuleReport report;
     bool hasFiles = false; // of the thread
     size_t nextRule = 0;
+    std::unique_ptr<RuleInParts> parts; // of the rule before `nextRule`, if it isn't at its end
+    bool arePlaced = false;             // the findings
     bool isComplete = false;
     std::optional<quint64> departures; // of IDs, when the facts about IDs and rows were found
 };

@@ -150,7 +150,8 @@ QString ReadFontKey(CheckSettings &settings, const QString &key, const QString &
     constexpr qint64 MOST_PIXELS = 1000;
     if (blank < 0 || !ReadCount(rest.sliced(blank + 1), size) || size > MOST_PIXELS)
         return u"write a font as a file and a size in pixels from 1 to 1000, such as \"fonts/ui.ttf 16\""_s;
-    font.file = ResolvePath(rest.first(blank).trimmed(), DirectoryOf(settings.file));
+    font.written = rest.first(blank).trimmed();
+    font.file = ResolvePath(font.written, DirectoryOf(settings.file));
     font.size = int(size);
     settings.fonts[key.toLower()] = font;
     return {};
@@ -306,9 +307,16 @@ CheckSettings ReadCheckSettings(const QString &folder, std::vector<Finding> &fin
     Profile profile;
     if (const int error = Profile::Read(settings.file, profile); error != 0) {
         if (error != ENOENT)
-            tell(WhyNotRead(settings.file, error), 0);
+            tell(u"the settings of the check can't be read: "_s + ReadFault(error), 0);
         return settings;
     }
+    for (const int line : profile.BrokenHeads())
+        tell(u"a section must be alone in its line, as in [Check]"_s, line);
+    for (const int line : profile.StrayLines())
+        tell(u"the line is neither a section such as [Check], nor a key with \"=\" and a value, nor a comment that "
+             u"begins "
+             "with \";\""_s,
+             line);
     for (const auto &[section, key] : profile.Keys()) {
         const int line = profile.LineOf(section, key);
         const SectionReader *reader = nullptr;
@@ -325,6 +333,7 @@ CheckSettings ReadCheckSettings(const QString &folder, std::vector<Finding> &fin
     for (auto &[key, font] : settings.fonts)
         font.line = profile.LineOf(u"Font", key);
     settings.sourceLine = profile.LineOf(u"Check", u"source");
+    settings.sourceFilesLine = profile.LineOf(u"Sources", u"files");
     settings.budgetLine = profile.LineOf(u"Check", u"budget");
     return settings;
 }

@@ -22,6 +22,7 @@ enum PlaceholderKind : quint32
 struct FontSetting
 {
     QString file;          ///< absolute path
+    QString written;       ///< the path as the settings have it
     int size = 0;          ///< pixels
     int line = 0;          ///< of the settings
     bool isShaped = false; ///< the device shapes texts; otherwise a width is the sum of the characters' widths
@@ -61,6 +62,7 @@ struct CheckSettings
     std::vector<RuleLevel> levels;        ///< by the index of the rule
     std::vector<QStringList> ignored;     ///< by the index of the rule: patterns of IDs
     QStringList sourceFiles;              ///< patterns of the files that use the IDs, relative to the project's folder
+    int sourceFilesLine = 0;              ///< the line of their key in the settings; 0 if it isn't there
     QString sourcePrefix;                 ///< what the IDs in these files begin with
     std::map<QString, FontSetting> fonts; ///< by language code, in lower case; "default" for the others
     std::vector<TextLimit> limits;

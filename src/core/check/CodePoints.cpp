@@ -26,13 +26,28 @@ void AddDrawn(CodePoints &points, QStringView text)
     points.Add(text.sliced(start));
 }
 
+/// Returns the code points of those texts of a language for which `isWanted(resource)` is true.
+template <typename IsWanted> CodePoints CodePointsIf(const CResModel &model, qint32 language, const IsWanted &isWanted)
+{
+    CodePoints points;
+    const CResFolder *const strings = model.root.FindFolder(KIND_STRINGS, 2);
+    const CResFolder *const folder = strings ? strings->FindFolder(KIND_LANGUAGE, language, 1) : nullptr;
+    if (!folder)
+        return points;
+    for (const CBaseRes *res : folder->resources) {
+        if (isWanted(*res))
+            AddDrawn(points, static_cast<const CStringRes *>(res)->text);
+    }
+    return points;
+}
+
 } // namespace
 
 void CodePoints::Add(QStringView text)
 {
     for (qsizetype at = 0; at < text.size();) {
         const char32_t character = TakeCodePoint(text, at);
-        if (QChar::isSurrogate(character))
+        if (Has(character) || QChar::isSurrogate(character))
             continue;
         const size_t word = character / BITS;
         if (word >= words.size())
@@ -60,14 +75,12 @@ std::vector<char32_t> CodePoints::All() const
 
 CodePoints CodePointsOf(const CResModel &model, qint32 language)
 {
-    CodePoints points;
-    const CResFolder *const strings = model.root.FindFolder(KIND_STRINGS, 2);
-    const CResFolder *const folder = strings ? strings->FindFolder(KIND_LANGUAGE, language, 1) : nullptr;
-    if (!folder)
-        return points;
-    for (const CBaseRes *res : folder->resources)
-        AddDrawn(points, static_cast<const CStringRes *>(res)->text);
-    return points;
+    return CodePointsIf(model, language, [](const CBaseRes &) { return true; });
+}
+
+CodePoints CodePointsOf(const CResModel &model, qint32 language, const QSet<NarrowText> &ids)
+{
+    return CodePointsIf(model, language, [&ids](const CBaseRes &res) { return ids.contains(res.Id()->name); });
 }
 
 QByteArray CodePointsText(const CodePoints &points, CodePointFormat format)

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
+#include "Text.h"
+
+#include <QSet>
 
 #include <vector>
 
@@ -29,6 +31,8 @@ private:
 /// Returns the code points that the device draws for the texts of one language of a project. Those of escape sequences
 /// such as "\n" don't count.
 [[nodiscard]] CodePoints CodePointsOf(const CResModel &model, qint32 language);
+/// The same for the texts of some IDs.
+[[nodiscard]] CodePoints CodePointsOf(const CResModel &model, qint32 language, const QSet<NarrowText> &ids);
 
 /// How code points are written.
 enum class CodePointFormat

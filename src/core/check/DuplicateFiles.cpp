@@ -56,7 +56,7 @@ template <typename Function> void ForEachSimilar(const FileSurvey &survey, Funct
 {
     std::map<std::pair<qint64, size_t>, Files> similar;
     for (const SurveyedFile &file : survey.Files()) {
-        if (file.isRegular && file.size > 0)
+        if (file.isRegular && file.size > 0 && !file.isStock) // nobody can take an image away from the program
             similar[{file.size, file.startHash}].push_back(&file);
     }
     for (const auto &[key, files] : similar) {

@@ -19,6 +19,7 @@ enum class EndMark
     Colon,
     Semicolon,
     Comma,
+    TwoStops, ///< a full stop of another script and that of English, as in "。."
     NotCompared,
 };
 
@@ -194,7 +195,11 @@ End EndOf(QStringView text, const CheckedLanguage &language)
     qsizetype stops = 1;
     while (stops < rest.size() && rest[rest.size() - 1 - stops] == rest.back())
         ++stops;
-    return {stops > 1 ? EndMark::Ellipsis : EndMark::Stop, rest.last(stops), rest.chopped(stops)};
+    const QStringView before = rest.chopped(stops);
+    const bool isOfEnglish = stops == 1 && rest.back() == u'.';
+    if (isOfEnglish && !before.isEmpty() && MarkOf(before.back(), language) == EndMark::Stop)
+        return {EndMark::TwoStops, rest.last(2), before.chopped(1)};
+    return {stops > 1 ? EndMark::Ellipsis : EndMark::Stop, rest.last(stops), before};
 }
 
 /// Thai, Lao and Khmer sentences need no mark at their end, and the Armenian ones for questions and exclamations are

@@ -7,8 +7,8 @@
 
 FileCheck::FileCheck(const CheckInput &input, std::shared_ptr<const CheckSettings> checkSettings,
                      std::function<void()> ended)
-    : files(std::make_shared<FileSurvey>(input.document, input.screens)), settings(std::move(checkSettings)),
-      countAlpha(input.countAlpha), told(std::move(ended))
+    : files(std::make_shared<FileSurvey>(input)), settings(std::move(checkSettings)), countAlpha(input.countAlpha),
+      told(std::move(ended))
 {
     files->ReadPositions();
     files->StopWhen(stop);

@@ -2,9 +2,12 @@
 #include "FileSurvey.h"
 
 #include "CResDoc.h"
+#include "CheckInput.h"
 #include "FileBlocks.h"
 #include "PackFiles.h"
 #include "Paths.h"
+#include "Rules.h"
+#include "Threads.h"
 
 #include <QCryptographicHash>
 
@@ -15,8 +18,25 @@
 namespace
 {
 
-/// Looks at one file and reads its first bytes.
-void ReadStart(PackFiles &disk, SurveyedFile &file)
+constexpr size_t FILES_WORTH_A_THREAD = 256;
+constexpr size_t MOST_THREADS = 4;
+constexpr size_t FILES_AT_ONCE = 16;
+
+/// Returns how transparent a picture is, if the first bytes of its file are enough to know it.
+std::optional<PictureAlpha> AlphaOf(FileBlocks &blocks, CountAlpha count)
+{
+    const QByteArrayView start = blocks.Start();
+    const QByteArray bytes = QByteArray::fromRawData(start.data(), start.size());
+    PictureAlpha alpha;
+    if (count(bytes, FilePart::Start, alpha))
+        return alpha;
+    if (quint64(start.size()) < blocks.Size())
+        return std::nullopt;
+    return count(bytes, FilePart::Whole, alpha) ? alpha : PictureAlpha();
+}
+
+/// Looks at one file and reads its first bytes. `count` may be null.
+void ReadStart(PackFiles &disk, SurveyedFile &file, CountAlpha count)
 {
     const PackFile onDisk = disk.Open(file.path);
     file.error = onDisk.error;
@@ -35,20 +55,25 @@ void ReadStart(PackFiles &disk, SurveyedFile &file)
         file.picture = ReadPictureHeader(blocks, file.content);
     else if (file.content == ContentKind::Wave)
         file.wave = ReadWaveHeader(blocks);
+    if (count && file.MayHaveAlpha())
+        file.alpha = AlphaOf(blocks, count);
 }
 
 } // namespace
 
-FileSurvey::FileSurvey(CResDoc &document, const std::vector<ScreenSize> &wantedScreens)
-    : folder(DirectoryOf(document.PathName())), positions(document)
+FileSurvey::FileSurvey(const CheckInput &input)
+    : folder(DirectoryOf(input.document.PathName())),
+      countAlpha(input.settings.LevelOf(*FindRule(u"image-alpha-few")) == RuleLevel::Off ? nullptr : input.countAlpha),
+      positions(input.document)
 {
+    const CResDoc &document = input.document;
     const CResoTable &table = document.tables.resolutions;
-    for (const ScreenSize size : wantedScreens) {
+    for (const ScreenSize size : input.screens) {
         const auto isSame = [size](const CheckedScreen &screen) { return screen.size == size; };
         if (std::none_of(screens.begin(), screens.end(), isSame))
             screens.push_back({table.IndexOf(size.width, size.height), size});
     }
-    for (int i = 0; wantedScreens.empty() && i < table.Count(); ++i) {
+    for (int i = 0; input.screens.empty() && i < table.Count(); ++i) {
         if (document.root.FindFolder(KIND_RESO_IMAGES, i, 2))
             screens.push_back({i, {table.At(i).width, table.At(i).height}});
     }
@@ -100,15 +125,24 @@ const std::vector<SurveyedFile> &FileSurvey::Files() const
 void FileSurvey::Read() const
 {
     isRead = true;
+    std::atomic<size_t> next = 0;
+    RunInThreads(ThreadsFor(files.size(), FILES_WORTH_A_THREAD, MOST_THREADS), [&](size_t) { ReadFrom(next); });
+}
+
+/// Reads the next few files again and again. Several threads may do so.
+void FileSurvey::ReadFrom(std::atomic<size_t> &next) const
+{
     OutputGuard guard({});
     PackFiles disk(nullptr, guard);
-    for (SurveyedFile &file : files) {
-        if (IsStopped())
-            return;
-        if (file.stored.isEmpty())
-            continue;
-        file.path = ResolvePath(file.stored, folder);
-        ReadStart(disk, file);
+    for (size_t from = next.fetch_add(FILES_AT_ONCE); from < files.size() && !IsStopped();
+         from = next.fetch_add(FILES_AT_ONCE)) {
+        for (size_t i = from; i < std::min(from + FILES_AT_ONCE, files.size()) && !IsStopped(); ++i) {
+            SurveyedFile &file = files[i];
+            if (file.stored.isEmpty())
+                continue;
+            file.path = ResolvePath(file.stored, folder);
+            ReadStart(disk, file, countAlpha);
+        }
     }
 }
 

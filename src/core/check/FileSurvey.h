@@ -3,14 +3,17 @@
 
 #include "Finding.h"
 #include "ListPositions.h"
+#include "PictureAlpha.h"
 #include "PictureHeader.h"
 #include "WaveHeader.h"
 
 #include <atomic>
+#include <optional>
 #include <vector>
 
 class CResDoc;
 class CResFolder;
+struct CheckInput;
 
 /// A file that a project's list of resources names, as it is on the disk.
 struct SurveyedFile
@@ -29,8 +32,16 @@ struct SurveyedFile
     size_t startHash = 0;   ///< of the first bytes; files that differ in it have different content
     ContentKind content = ContentKind::Unknown;
     PictureHeader picture; ///< if the content is a picture
-    WaveHeader wave;       ///< if the content is a WAV file
+    /// Of an image with an alpha channel, for "image-alpha-few", if the first bytes of the file are enough. Without
+    /// pixels if it can't be decoded.
+    std::optional<PictureAlpha> alpha;
+    WaveHeader wave; ///< if the content is a WAV file
 
+    /// True if it is an image of the project whose pixels may be transparent.
+    [[nodiscard]] bool MayHaveAlpha() const
+    {
+        return isImage && !isStock && picture.hasAlpha && picture.fault.isEmpty();
+    }
     /// True if the content is a picture whose header was read.
     [[nodiscard]] bool HasPicture() const { return IsConvertible(content) && picture.width > 0; }
 };
@@ -43,17 +54,16 @@ struct CheckedScreen
     [[nodiscard]] QString Name() const { return QStringLiteral("%1x%2").arg(size.width).arg(size.height); }
 };
 
-/// The files of a project's resources, read once for all rules: the first bytes of each, and no pixels. Reads nothing
-/// before the first call that needs it.
+/// The files of a project's resources, read once for all rules: the first bytes of each. Reads nothing before the first
+/// call that needs it.
 ///
 /// The constructor takes from the document what it needs to know, so that the files can be read in another thread while
 /// the document is edited; `ReadPositions` must be called before that. Not for several threads at a time.
 class FileSurvey
 {
 public:
-    /// Looks at the images of these screens, and of all that the project uses if there are none; and at all files that
-    /// belong to no screen.
-    FileSurvey(CResDoc &document, const std::vector<ScreenSize> &wantedScreens);
+    /// Looks at the images of the screens that are checked, and at all files that belong to no screen.
+    explicit FileSurvey(const CheckInput &input);
 
     /// The project's folder.
     [[nodiscard]] const QString &Folder() const { return folder; }
@@ -83,8 +93,10 @@ private:
     void Add(const CResDoc &document, const CResFolder *from, bool isImage, qint32 screen);
     void AddAll(const CResDoc &document);
     void Read() const;
+    void ReadFrom(std::atomic<size_t> &next) const;
 
     QString folder;
+    CountAlpha countAlpha; // null if nothing asks for the alpha
     std::vector<CheckedScreen> screens;
     ListPositions positions;
     const std::atomic<bool> *stop = nullptr;

@@ -6,4 +6,4 @@
 // The rules that need the device's fonts. The table of rules (Rules.cpp) says what each finds.
 
 [[nodiscard]] QString TextTooWide(const TextPair &pair, const TextContext &context);
-void GlyphMissing(const CheckInput &input, RuleReport &report);
+[[nodiscard]] std::unique_ptr<RuleInParts> BeginGlyphMissing();

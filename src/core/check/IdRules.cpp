@@ -95,6 +95,7 @@ void IdUnused(const CheckInput &input, RuleReport &report)
     const SourceNames &names = input.facts->Sources(input);
     for (const QString &pattern : names.patternsWithoutFile)
         report.Add({.file = input.settings.file,
+                    .line = input.settings.sourceFilesLine,
                     .text = u"section Sources, key files: no file matches \"%1\""_s.arg(pattern),
                     .basis = HashOf(pattern)});
     if (names.files == 0)
@@ -110,8 +111,8 @@ void IdUndefined(const CheckInput &input, RuleReport &report)
     if (!CanCompareSources(input))
         return;
     const SourceNames &names = input.facts->Sources(input);
-    for (const QString &why : names.unreadable)
-        report.Add({.file = input.settings.file, .text = why});
+    for (const auto &[file, error] : names.unreadable)
+        report.Add({.file = file, .text = u"the source can't be read: "_s + ReadFault(error)});
     for (const SourceNames::Unknown &unknown : names.unknown)
         report.Add({.file = unknown.file,
                     .line = unknown.line,
@@ -126,7 +127,7 @@ void IdRenumbered(const CheckInput &input, RuleReport &report)
         return;
     QByteArray bytes;
     if (const int error = ReadFile(input.oldHeader, bytes)) {
-        report.Add({.file = input.oldHeader, .text = WhyNotRead(input.oldHeader, error)});
+        report.Add({.file = input.oldHeader, .text = u"the header can't be read: "_s + ReadFault(error)});
         return;
     }
     CResModel &model = input.document;

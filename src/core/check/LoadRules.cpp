@@ -81,11 +81,15 @@ bool HasCode(const Finding &finding, const char *code)
     return qstrcmp(finding.code, code) == 0;
 }
 
-/// The texts that are lines of the load's report end with a full stop.
-Finding WithoutStop(Finding finding)
+/// Returns a finding of the load in the form of the check. The texts that are lines of the load's report end with a
+/// full stop, and some name the ID, which the outputs of the check put before the text.
+Finding InForm(Finding finding)
 {
     if (finding.text.endsWith(u'.') && !finding.text.endsWith(u".."_s))
         finding.text.chop(1);
+    const QString ofId = u" of %1 "_s.arg(finding.id);
+    if (const qsizetype at = finding.id.isEmpty() ? -1 : finding.text.lastIndexOf(ofId); at >= 0)
+        finding.text.remove(at, ofId.size() - 1);
     return finding;
 }
 
@@ -93,7 +97,7 @@ void AddAll(const std::vector<Finding> &findings, const char *rule, RuleReport &
 {
     for (const Finding &finding : findings) {
         if (IsOf(finding, rule))
-            report.Add(WithoutStop(finding));
+            report.Add(InForm(finding));
     }
 }
 
@@ -119,7 +123,7 @@ void AddStringFileForm(const QString &path, const std::vector<Finding> &loaded, 
         // In another encoding the first lines can't be read either.
         const bool isOfEncoding = HasCode(finding, "strings.header") || HasCode(finding, "strings.cut-short");
         if (IsOf(finding, FORM) && (wrong.isEmpty() || !isOfEncoding))
-            report.Add(WithoutStop(finding));
+            report.Add(InForm(finding));
     }
 }
 
@@ -129,6 +133,7 @@ void AddUnreadable(const QString &project, const std::vector<Finding> &loaded, c
                    std::vector<Finding> &findings)
 {
     const auto add = [&](Finding finding) {
+        finding.text = WithRelativePaths(finding.text, DirectoryOf(project));
         finding.code = UNREADABLE;
         finding.severity = Severity::Error;
         findings.push_back(std::move(finding));
@@ -136,7 +141,7 @@ void AddUnreadable(const QString &project, const std::vector<Finding> &loaded, c
     bool isExplained = false;
     for (const Finding &finding : loaded) {
         if (IsOf(finding, UNREADABLE))
-            add(WithoutStop(finding));
+            add(InForm(finding));
         isExplained = isExplained || finding.severity == Severity::Error;
     }
     if (!findings.empty())
@@ -161,7 +166,7 @@ std::vector<Finding> CheckUnopened(Environment &env, const ProcessTables &tables
     for (const Finding &finding : others) {
         report.Begin(*FindRule(QString::fromLatin1(RuleOf(finding))));
         if (!IsOf(finding, UNREADABLE) && !IsOf(finding, FORM))
-            report.Add(WithoutStop(finding));
+            report.Add(InForm(finding));
     }
     report.Begin(*FindRule(QString::fromLatin1(FORM)));
     const ProjectPaths paths(path, env);

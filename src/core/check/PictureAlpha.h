@@ -20,6 +20,15 @@ struct PictureAlpha
     }
 };
 
-/// Counts the pixels of a picture file, given its bytes, by their alpha. May stop when `CanBeFew` is false. Returns
-/// false if the file can't be decoded. The decoders are in a library of their own, which not every program loads.
-using CountAlpha = bool (*)(const QByteArray &bytes, PictureAlpha &alpha);
+/// The part of a file that bytes are.
+enum class FilePart
+{
+    Whole,
+    Start, ///< the file may have more
+};
+
+/// Counts the pixels of a picture file by their alpha. May stop when `CanBeFew` is false. Returns false if the file
+/// can't be decoded. If only the start of the file is given, it returns true only if that is enough to know that
+/// `CanBeFew` is false, and decodes no more than is needed for that; the rest of the file may be damaged. The decoders
+/// are in a library of their own, which not every program loads.
+using CountAlpha = bool (*)(const QByteArray &bytes, FilePart part, PictureAlpha &alpha);

@@ -25,16 +25,26 @@ ProjectCheck::~ProjectCheck() = default;
 
 void ProjectCheck::Start()
 {
-    if (isOn)
-        return;
+    isWanted = true;
+    if (!isOn)
+        TurnOn();
+}
+
+void ProjectCheck::Stop()
+{
+    isWanted = false;
+    TurnOff();
+}
+
+void ProjectCheck::TurnOn()
+{
     isOn = hasChanged = true;
     nameFreed.emplace(document.ids.nameFreed, [this](const NarrowText &id) { DropId(id); });
     CheckAgain();
 }
 
-void ProjectCheck::Stop()
+void ProjectCheck::TurnOff()
 {
-    wasStopped = true;
     isOn = isDue = hasChanged = false;
     nameFreed.reset();
     run.reset();
@@ -50,10 +60,12 @@ void ProjectCheck::FollowSettings()
     if (now == settingsStamp)
         return;
     settingsStamp = now;
-    if (isOn)
+    if (!isWanted && !now.IsThere())
+        TurnOff();
+    else if (isOn)
         CheckAgain();
-    else if (!wasStopped && now.IsThere())
-        Start();
+    else
+        TurnOn();
 }
 
 void ProjectCheck::CheckAgain()
@@ -69,7 +81,9 @@ void ProjectCheck::Begin()
 {
     isDue = false;
     run.reset();
-    settingsStamp = FileStamp::Of(CheckSettingsPath(DirectoryOf(document.PathName())));
+    const FileStamp now = FileStamp::Of(CheckSettingsPath(DirectoryOf(document.PathName())));
+    if (now.IsThere() == settingsStamp.IsThere()) // otherwise `FollowSettings` must see it
+        settingsStamp = now;
     basis = std::make_unique<CheckBasis>(document);
     run = std::make_unique<CheckRun>(document, *basis, countAlpha, [this] { due.Tell(); });
     const CResFolder *const strings = document.root.FindFolder(KIND_STRINGS, 2);
@@ -87,13 +101,12 @@ bool ProjectCheck::Step()
     } else if (run && nextRow) {
         CheckRows();
         hasMore = true;
+    } else if (run && run->IsComplete()) {
+        others.Set(std::move(run->Findings()), document);
+        run.reset();
+        hasChanged = true;
     } else if (run) {
-        hasMore = run->Step();
-        if (run->IsComplete()) {
-            others.Set(std::move(run->Findings()), document);
-            run.reset();
-            hasChanged = true;
-        }
+        hasMore = run->Step() || run->IsComplete();
     }
     if (std::exchange(hasChanged, false)) {
         changed.Tell();

@@ -35,9 +35,9 @@ public:
     /// Stops the check and drops all findings.
     void Stop();
     [[nodiscard]] bool IsOn() const { return isOn; }
-    /// Follows the project's settings: starts the check if morvanite-check.ini is there and wasn't before, and checks
-    /// again if it has changed. Doesn't start a check that has been stopped. To be called when the project is shown and
-    /// whenever another program may have changed the file.
+    /// Follows changes of the project's file morvanite-check.ini: checks again, starts the check when there is such a
+    /// file, and stops it when there is none any more, unless it was started by `Start`. To be called when the project
+    /// is shown and whenever another program may have changed the file.
     void FollowSettings();
 
     /// Checks everything again, with settings that are read again: after a save, a reload or a change of languages. The
@@ -73,6 +73,8 @@ public:
 
 private:
     void TreeGoes(const CResFolder &folder) override;
+    void TurnOn();
+    void TurnOff();
     void Begin();
     void CheckRow(const CStringRes &head);
     void CheckRows();
@@ -82,8 +84,8 @@ private:
     CResDoc &document;
     CountAlpha countAlpha;
     FileStamp settingsStamp; // when the settings were read last; of no file before
+    bool isWanted = false;   // from `Start` to `Stop`
     bool isOn = false;
-    bool wasStopped = false;
     bool isDue = false;
     bool hasChanged = false; // since `changed` was told last
     std::optional<Notifier<const NarrowText &>::Listener> nameFreed;

@@ -36,6 +36,35 @@ QStringView IgnoredRule(QStringView word)
     return word.startsWith(IGNORE) ? word.sliced(IGNORE.size()).trimmed() : QStringView();
 }
 
+enum class Meaning
+{
+    None,
+    Empty,       ///< between two commas
+    UnknownRule, ///< a rule to ignore that doesn't exist
+    Note,
+};
+
+bool IsUnknown(Meaning meaning)
+{
+    return meaning == Meaning::None || meaning == Meaning::UnknownRule;
+}
+
+/// Reads a word into the notes.
+Meaning ReadWord(QStringView word, RowNotes &notes)
+{
+    if (word.isEmpty())
+        return Meaning::Empty;
+    if (const QStringView ignored = IgnoredRule(word); !ignored.isEmpty())
+        return FindRule(ignored) ? Meaning::Note : Meaning::UnknownRule;
+    if (word == u"same") {
+        notes.isSame = true;
+        return Meaning::Note;
+    }
+    const bool isNumber = ReadNumber(word, u"length", notes.length) || ReadNumber(word, u"width", notes.width) ||
+                          ReadNumber(word, u"lines", notes.lines);
+    return isNumber ? Meaning::Note : Meaning::None;
+}
+
 } // namespace
 
 bool RowNotes::Ignores(QStringView ruleId) const
@@ -63,13 +92,20 @@ RowNotes NotesOf(QStringView description)
     QStringView list = notes.words;
     QStringView word;
     while (TakeWord(list, word)) {
-        const QStringView ignored = IgnoredRule(word);
-        const bool isKnown = ReadNumber(word, u"length", notes.length) || ReadNumber(word, u"width", notes.width) ||
-                             ReadNumber(word, u"lines", notes.lines) || !ignored.isEmpty() || word == u"same";
-        notes.isSame = notes.isSame || word == u"same";
-        isNote = isNote || isKnown;
-        if ((!isKnown || (!ignored.isEmpty() && !FindRule(ignored))) && notes.unknown.isEmpty())
-            notes.unknown = word;
+        const Meaning meaning = ReadWord(word, notes);
+        isNote = isNote || meaning == Meaning::Note || meaning == Meaning::UnknownRule;
+        notes.hasUnknown = notes.hasUnknown || IsUnknown(meaning);
     }
     return isNote ? notes : RowNotes();
+}
+
+void ForEachUnknownNote(const RowNotes &notes, const std::function<void(QStringView word)> &tell)
+{
+    RowNotes ignored;
+    QStringView list = notes.words;
+    QStringView word;
+    while (TakeWord(list, word)) {
+        if (IsUnknown(ReadWord(word, ignored)))
+            tell(word);
+    }
 }

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <memory>
+
 class RuleReport;
 class TextContext;
 struct CheckInput;
@@ -37,6 +39,17 @@ using TextRule = QString (*)(const TextPair &pair, const TextContext &context);
 /// Checks a whole project, and reports each finding.
 using ProjectRule = void (*)(const CheckInput &input, RuleReport &report);
 
+/// Checks a whole project in parts, so that the window can let the user work between them. Keeps what it needs from one
+/// part to the next; the project may have been edited meanwhile.
+class RuleInParts
+{
+public:
+    virtual ~RuleInParts() = default;
+    /// Runs the next part, which takes a few milliseconds, and reports what it finds. Returns whether there are more.
+    virtual bool Step(const CheckInput &input, RuleReport &report) = 0;
+};
+using BeginRule = std::unique_ptr<RuleInParts> (*)();
+
 /// Checks the files that a project names, and reports each finding. May be called in another thread than the main one.
 using FileRule = void (*)(const FileCheckInput &input, RuleReport &report);
 
@@ -48,10 +61,11 @@ struct Rule
     RuleLevel level;         ///< if the settings don't say otherwise
     const char *summary;     ///< one line
     const char *explanation; ///< what the rule finds, why that is wrong, and what to do
-    // At most one of the three functions. A rule without one has findings that others report, such as the load.
+    // At most one of the functions. A rule without one has findings that others report, such as the load.
     TextRule text = nullptr;
     /// A text rule is called only for pairs of texts that have one of these features (TextFeature).
     quint32 needs = 0;
     ProjectRule project = nullptr;
     FileRule files = nullptr;
+    BeginRule parts = nullptr;
 };

@@ -9,8 +9,12 @@
 
 struct RowNotes;
 
-/// Takes the findings of rules. Gives each finding the ID and the level of its rule, and drops those that the settings
-/// ignore. So no rule knows about levels or about what is ignored.
+/// Returns a text with the paths of files in a folder relative to the folder, so that it is the same on all machines.
+[[nodiscard]] QString WithRelativePaths(const QString &text, const QString &folder);
+
+/// Takes the findings of rules. Gives each finding the ID and the level of its rule, makes the paths in its text
+/// relative to the project's folder, and drops those that the settings ignore. So no rule knows about levels or about
+/// what is ignored.
 ///
 ///     RuleReport report(settings, [&](Finding &&finding) { ... });
 ///     report.Begin(*FindRule(u"file-missing"));

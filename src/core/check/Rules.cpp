@@ -50,7 +50,7 @@ constexpr Rule RULES[] = {
     {"glyph-missing", Texts, Error, "the device's font lacks characters of a language",
      "The device can't draw these characters. Section Font names the fonts. Add the characters to the font, or change "
      "the texts.",
-     nullptr, 0, GlyphMissing},
+     nullptr, 0, nullptr, nullptr, BeginGlyphMissing},
     {"control-character", Texts, Warning, "a text has an invisible or a control character",
      "Control characters, zero-width blanks, byte order marks and overrides of the writing direction usually come from "
      "copying, and the device shows them as boxes. Delete them. Zero-width blanks are right in Thai, Lao, Khmer and "
@@ -148,7 +148,8 @@ constexpr Rule RULES[] = {
      "headers.",
      nullptr, 0, HeaderStale},
     {"lists-unsaved", Project, Note, "a list of the project isn't in the form that a save writes",
-     "The next save changes lines that nobody edited. Save the project once.", nullptr, 0, ListsUnsaved},
+     "The next save changes lines that nobody edited. Save the project once.", nullptr, 0, nullptr, nullptr,
+     BeginListsUnsaved},
     {"payload-budget", Project, Error, "the resources for a screen are larger than the budget",
      "A pack for the screen would have more bytes of resources than the key budget of section Check allows. Make the "
      "largest resources smaller, or raise the budget. If a resource can't be packed, the size isn't known; correct it "
@@ -227,8 +228,9 @@ constexpr Rule RULES[] = {
      "smaller.",
      nullptr, 0, LayoutOutside},
     {"check-settings", RuleGroup::Check, Error, "a line of morvanite-check.ini has no meaning",
-     "A section, a key or a value is unknown, so it has no effect; or the project lacks the source language, a font "
-     "can't be opened, or the notes of a row have an unknown word. Correct it."},
+     "A section, a key or a value is unknown, or the line isn't one of these, so it has no effect; or the project "
+     "lacks "
+     "the source language, a font can't be opened, or the notes of a row have an unknown word. Correct it."},
     {"baseline-line", RuleGroup::Check, Error, "a line of the baseline can't be read",
      "The line has another form than --write-baseline writes. Write the baseline again."},
     {"baseline-stale", RuleGroup::Check, Note, "a line of the baseline has no finding any more",

@@ -12,7 +12,7 @@
 #include "ProjectContext.h"
 #include "ProjectLayouts.h"
 #include "RuleReport.h"
-#include "StringFile.h"
+#include "StringFileComparison.h"
 
 #include <algorithm>
 
@@ -54,6 +54,48 @@ void Compare(const QString &file, QByteArrayView saved, qsizetype width, const Q
         report.Add({.file = file, .line = FirstDifference(bytes, saved, width), .text = text});
 }
 
+/// Compares the lists with what a save would write: first the resource list, then the rows of the string file.
+class ListComparison final : public RuleInParts
+{
+public:
+    bool Step(const CheckInput &input, RuleReport &report) override
+    {
+        CResDoc &document = input.document;
+        if (document.IsModified() || HasLeftSomethingOut(input.loaded))
+            return false; // a save is needed anyway, or would lose something; another rule reports that
+        if (!strings)
+            return Begin(input, report);
+        if (document.ids.Departures() != departures)
+            return false; // the next row may be gone
+        constexpr int ROWS = 1000;
+        const bool hasMore = strings->Step(ROWS);
+        if (strings->DifferentLine() > 0)
+            report.Add({.file = file, .line = strings->DifferentLine(), .text = TEXT});
+        return hasMore;
+    }
+
+private:
+    bool Begin(const CheckInput &input, RuleReport &report)
+    {
+        CResDoc &document = input.document;
+        const ProjectPaths paths(document.PathName(), document.env);
+        Compare(paths.Absolute(paths.ResourcePath()), MakeResourceList(document), 1, TEXT, report);
+        const CResFolder *const folder = document.root.FindFolder(KIND_STRINGS, 2);
+        file = paths.Absolute(paths.StringPath());
+        QByteArray bytes;
+        if (!folder || folder->subfolders.empty() || ReadFile(file, bytes) != 0)
+            return false;
+        departures = document.ids.Departures();
+        strings.emplace(document, std::move(bytes));
+        return true;
+    }
+
+    static inline const QString TEXT = u"a save would change the file, from this line on"_s;
+    QString file; // the string file
+    quint64 departures = 0;
+    std::optional<StringFileComparison> strings;
+};
+
 } // namespace
 
 void HeaderStale(const CheckInput &input, RuleReport &report)
@@ -72,19 +114,7 @@ void HeaderStale(const CheckInput &input, RuleReport &report)
     }
 }
 
-void ListsUnsaved(const CheckInput &input, RuleReport &report)
+std::unique_ptr<RuleInParts> BeginListsUnsaved()
 {
-    CResDoc &document = input.document;
-    if (document.IsModified() || HasLeftSomethingOut(input.loaded))
-        return; // a save is needed anyway, or would lose something; another rule reports that
-    const QString text = u"a save would change the file, from this line on"_s;
-    const ProjectPaths paths(document.PathName(), document.env);
-    Compare(paths.Absolute(paths.ResourcePath()), MakeResourceList(document), 1, text, report);
-    const CResFolder *const strings = document.root.FindFolder(KIND_STRINGS, 2);
-    if (!strings || strings->subfolders.empty())
-        return;
-    const QString saved = MakeStringFile(document);
-    const QByteArrayView bytes(reinterpret_cast<const char *>(saved.constData()),
-                               saved.size() * qsizetype(sizeof(QChar)));
-    Compare(paths.Absolute(paths.StringPath()), bytes, sizeof(QChar), text, report);
+    return std::make_unique<ListComparison>();
 }

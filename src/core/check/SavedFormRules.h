@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-class RuleReport;
-struct CheckInput;
+#include "Rule.h"
 
 // The rules that compare files of the project with what a save would write.
 
 void HeaderStale(const CheckInput &input, RuleReport &report);
-void ListsUnsaved(const CheckInput &input, RuleReport &report);
+[[nodiscard]] std::unique_ptr<RuleInParts> BeginListsUnsaved();

@@ -3,11 +3,10 @@
 
 #include "CResDoc.h"
 #include "CheckInput.h"
-#include "FileFault.h"
 #include "HeaderFolder.h"
 #include "HostFiles.h"
 #include "IDGen.h"
-#include "LayoutSurvey.h"
+#include "LayoutIds.h"
 #include "Paths.h"
 #include "SourceFiles.h"
 #include "SourceScanner.h"
@@ -24,23 +23,6 @@ QSet<QString> GeneratedNames(const CResDoc &document)
     for (const QString &path : IDGen::Headers({}, document) + HeaderFolder::NamesBySettings(document.env))
         names.insert(FileName(path));
     return names;
-}
-
-/// Collects the names of a project that the values in layouts have, such as "@ID_LOGO" and "{@ID_UP, @ID_DOWN}".
-void AddUsed(const std::vector<std::unique_ptr<ComponentObject>> &components, const QSet<NarrowText> &ids,
-             QSet<NarrowText> &used)
-{
-    for (const auto &component : components) {
-        for (const AttributeRecord &attribute : component->attributes) {
-            SourceScanner scanner(attribute.value);
-            for (SourceName name; scanner.Next(name);) {
-                const auto id = ids.constFind(NarrowText::fromRawData(name.text.data(), name.text.size()));
-                if (id != ids.constEnd())
-                    used.insert(*id);
-            }
-        }
-        AddUsed(component->children, ids, used);
-    }
 }
 
 class SourceReader
@@ -75,7 +57,7 @@ private:
     {
         QByteArray bytes;
         if (const int error = ReadFile(file, bytes)) {
-            names.unreadable.append(WhyNotRead(file, error));
+            names.unreadable.emplace_back(file, error);
             return;
         }
         ++names.files;
@@ -115,8 +97,7 @@ SourceRequest SourceRequestOf(const CheckInput &input)
     request.generated = GeneratedNames(document);
     for (const IDRecord *record = document.ids.sentinel.next; record != &document.ids.sentinel; record = record->next)
         request.ids.insert(record->name);
-    for (const ListedLayout &layout : ListLayouts(document))
-        AddUsed(layout.layout->components, request.ids, request.usedElsewhere);
+    request.usedElsewhere = IdsInLayouts(document, request.ids, {});
     return request;
 }
 

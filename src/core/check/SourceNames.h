@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <atomic>
+#include <utility>
 #include <vector>
 
 struct CheckInput;
@@ -23,11 +24,11 @@ struct SourceNames
         int column = 0;
     };
 
-    int files = 0;                   ///< that were read
-    QStringList patternsWithoutFile; ///< of section Sources
-    QStringList unreadable;          ///< why a file couldn't be read
-    QSet<NarrowText> used;           ///< the project's IDs that sources or layouts use
-    std::vector<Unknown> unknown;    ///< in the order of the files
+    int files = 0;                                   ///< that were read
+    QStringList patternsWithoutFile;                 ///< of section Sources
+    std::vector<std::pair<QString, int>> unreadable; ///< files (absolute paths), each with the system's error number
+    QSet<NarrowText> used;                           ///< the project's IDs that sources or layouts use
+    std::vector<Unknown> unknown;                    ///< in the order of the files
 };
 
 /// What `ReadSources` needs to know. It is taken from a project and doesn't lead to the document, so that the sources

@@ -11,8 +11,22 @@
 
 #include <QHash>
 
+#include <algorithm>
+
 namespace
 {
+
+/// Returns the column, from 1, in which the field with an index begins; 0 if the row has no such field.
+int ColumnOfField(QStringView line, int index)
+{
+    FieldCursor fields(line);
+    for (int i = 0; !fields.AtEnd(); ++i) {
+        const QStringView field = fields.Next();
+        if (i == index)
+            return int(field.utf16() - line.utf16()) + 1;
+    }
+    return 0;
+}
 
 /// The columns of a string file: how many are before the first language (files of older versions have no column of
 /// types), and the languages.
@@ -41,14 +55,10 @@ Columns ColumnsOf(const Environment &env, QStringView line)
 /// Returns the column of a language's text in a row, from 1; 0 if the row has no field for it.
 int ColumnIn(QStringView line, const Columns &columns, qint32 language)
 {
-    FieldCursor fields(line);
-    for (int i = 0; !fields.AtEnd(); ++i) {
-        const QStringView field = fields.Next();
-        const int place = i - columns.first;
-        if (place >= 0 && size_t(place) < columns.languages.size() && columns.languages[size_t(place)] == language)
-            return int(field.utf16() - line.utf16()) + 1;
-    }
-    return 0;
+    const auto found = std::find(columns.languages.begin(), columns.languages.end(), language);
+    return found == columns.languages.end()
+               ? 0
+               : ColumnOfField(line, columns.first + int(found - columns.languages.begin()));
 }
 
 } // namespace
@@ -86,7 +96,12 @@ void PlaceInStringFile(CResDoc &document, std::vector<Finding> &findings)
             if (finding->line > 0)
                 continue; // of an earlier row with the same ID
             finding->line = number;
-            finding->column = finding->language >= 0 ? ColumnIn(line, columns, finding->language) : 1;
+            if (finding->language >= 0)
+                finding->column = ColumnIn(line, columns, finding->language);
+            else if (finding->column > 0)
+                finding->column += ColumnOfField(line, columns.first - 1) - 1;
+            else
+                finding->column = 1;
         }
     }
 }

@@ -57,16 +57,22 @@ void TextContext::OpenFonts()
         QString why;
         fonts[key] = OpenDeviceFont(font.file, font.size, font.isShaped, why);
         if (!why.isEmpty())
-            faults.push_back({"check-settings", Severity::Error, settings.file, font.line, {}, why});
+            faults.push_back({"check-settings",
+                              Severity::Error,
+                              settings.file,
+                              font.line,
+                              {},
+                              QStringLiteral("section Font, key %1: %2: %3").arg(key, font.written, why)});
     }
-    const auto find = [this](const QString &key) {
-        const auto font = fonts.find(key);
-        return font == fonts.end() ? nullptr : font->second.get();
-    };
     for (CheckedLanguage &language : languages) {
         const QString code = language.code.toLower();
-        for (const QString &key : {code, language.Primary().toString().toLower(), QStringLiteral("default")})
-            language.font = language.font ? language.font : find(key);
+        for (const QString &key : {code, language.Primary().toString().toLower(), QStringLiteral("default")}) {
+            const auto font = fonts.find(key);
+            if (language.font || font == fonts.end())
+                continue;
+            language.font = font->second.get();
+            language.fontLine = settings.fonts.at(key).line;
+        }
     }
 }
 
@@ -97,16 +103,24 @@ void RowCheck::Check(const CStringRes &head, RuleReport &report)
     for (size_t i = 0; i < features.size(); ++i)
         features[i] = FeaturesOf(texts[i]);
     const RowNotes notes = NotesOf(head.text);
-    if (!notes.unknown.isEmpty() && report.Begin(*FindRule(u"check-settings"))) {
-        Finding finding;
-        finding.id = context.Env().NarrowToWide(head.Id()->name);
-        finding.text =
-            QStringLiteral("the notes at the end of the description have an unknown word \"%1\"").arg(notes.unknown);
-        report.AddForRow(notes, std::move(finding));
-    }
+    if (notes.hasUnknown)
+        AddUnknownNotes(head, notes, report);
     const TextLimit limit = LimitOf(head, notes);
     for (size_t i = 0; i < features.size(); ++i)
         CheckText(head, notes, limit, i, report);
+}
+
+void RowCheck::AddUnknownNotes(const CStringRes &head, const RowNotes &notes, RuleReport &report) const
+{
+    if (!report.Begin(*FindRule(u"check-settings")))
+        return;
+    ForEachUnknownNote(notes, [&](QStringView word) {
+        Finding finding;
+        finding.id = context.Env().NarrowToWide(head.Id()->name);
+        finding.text = QStringLiteral("the notes at the end of the description have an unknown word \"%1\"").arg(word);
+        finding.column = int(word.data() - QStringView(head.text).data()) + 1;
+        report.AddForRow(notes, std::move(finding));
+    });
 }
 
 size_t RowCheck::SourceHash() const

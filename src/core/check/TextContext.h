@@ -58,7 +58,7 @@ public:
     explicit RowCheck(const TextContext &textContext);
 
     /// Checks one row, given its record in the Description folder, and adds the findings to the report. They have no
-    /// file and line yet.
+    /// file and line yet; PlaceInStringFile finds these.
     void Check(const CStringRes &head, RuleReport &report);
     /// Returns a hash of the source text of the row that was checked last. It isn't the same on all machines.
     [[nodiscard]] size_t SourceHash() const;
@@ -66,6 +66,7 @@ public:
 private:
     void CheckText(const CStringRes &head, const RowNotes &notes, const TextLimit &limit, size_t language,
                    RuleReport &report);
+    void AddUnknownNotes(const CStringRes &head, const RowNotes &notes, RuleReport &report) const;
     [[nodiscard]] TextLimit LimitOf(const CStringRes &head, const RowNotes &notes);
 
     const TextContext &context;

@@ -118,6 +118,8 @@ quint32 FeaturesOf(QStringView text)
     QStringView inner = text;
     while (inner.size() > 1 && inner.back().isSpace())
         inner.chop(1);
+    if (inner.back().isSpace())
+        features |= IS_BLANK;
     const QChar end = inner.back();
     if (!end.isLetterOrNumber() && (end < u'\x80' || (!end.isMark() && !end.isSurrogate())))
         features |= HAS_PUNCTUATION;

@@ -17,6 +17,7 @@ enum TextFeature : quint32
     HAS_PUNCTUATION = 0x100,  ///< the last character that isn't a blank is neither a letter nor a digit
     HAS_BEYOND_LATIN = 0x200, ///< a character above U+00FF
     IS_EMPTY = 0x400,
+    IS_BLANK = 0x1000,         ///< has only blank characters
     MAY_BE_DECOMPOSED = 0x800, ///< a character that Unicode's composed form (NFC) may not have in this place
 };
 

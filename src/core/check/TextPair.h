@@ -2,6 +2,7 @@
 #pragma once
 
 #include "RowNotes.h"
+#include "TextFeatures.h"
 
 #include <QString>
 
@@ -15,6 +16,7 @@ struct CheckedLanguage
     QString name;
     QString code;                ///< its BCP 47 tag, such as "pt-BR"; empty if it isn't known
     IDeviceFont *font = nullptr; ///< the device's font for it; null if the settings name none. Owned by TextContext
+    int fontLine = 0;            ///< the line of the settings that names the font
     /// The primary subtag, such as "pt"; empty if it isn't known.
     [[nodiscard]] QStringView Primary() const { return QStringView(code).first(qMax(0, PrimarySize())); }
 
@@ -41,6 +43,10 @@ struct TextPair
 
     /// True for the source text itself.
     [[nodiscard]] bool IsSource() const { return &sourceLanguage == &language; }
-    /// True for a translation that can be compared with its source text: neither is empty.
-    [[nodiscard]] bool IsTranslation() const { return !IsSource() && !source.isEmpty() && !text.isEmpty(); }
+    /// True for a translation that can be compared with its source text: neither is empty or has only blanks, which is
+    /// a finding of its own.
+    [[nodiscard]] bool IsTranslation() const
+    {
+        return !IsSource() && ((sourceFeatures | features) & (IS_EMPTY | IS_BLANK)) == 0;
+    }
 };

@@ -77,7 +77,7 @@ public:
     QString Open(const QString &file, int pixels, bool isShaped)
     {
         if (const int error = ReadFile(file, bytes, LARGEST_FILE); error != 0)
-            return WhyNotRead(file, error);
+            return u"the file can't be read: "_s + ReadFault(error);
         FT_Library newLibrary = nullptr;
         if (FT_Init_FreeType(&newLibrary) != 0)
             return u"the library for fonts can't be started"_s;
@@ -85,13 +85,13 @@ public:
         FT_Face newFace = nullptr;
         if (FT_New_Memory_Face(newLibrary, reinterpret_cast<const FT_Byte *>(bytes.constData()), FT_Long(bytes.size()),
                                0, &newFace) != 0)
-            return u"%1: the file isn't a font, or it is damaged"_s.arg(file);
+            return u"the file isn't a font, or it is damaged"_s;
         face.reset(newFace);
         if (IsCutOff(bytes))
-            return u"%1: the file is cut off"_s.arg(file);
+            return u"the file is cut off"_s;
         if (!newFace->charmap)
-            return u"%1: the font has no table of Unicode characters"_s.arg(file);
-        if (const QString wrong = SelectSize(file, pixels); !wrong.isEmpty())
+            return u"the font has no table of Unicode characters"_s;
+        if (const QString wrong = SelectSize(pixels); !wrong.isEmpty())
             return wrong;
         if (isShaped)
             shaper.reset(hb_ft_font_create_referenced(newFace));
@@ -119,12 +119,12 @@ public:
 
 private:
     /// A font of bitmaps has only some sizes.
-    QString SelectSize(const QString &file, int pixels)
+    QString SelectSize(int pixels)
     {
         if (FT_IS_SCALABLE(face.get()))
             return FT_Set_Pixel_Sizes(face.get(), 0, FT_UInt(pixels)) == 0
                        ? QString()
-                       : u"%1: the font can't have a size of %2 pixels"_s.arg(file).arg(pixels);
+                       : u"the font can't have a size of %1 pixels"_s.arg(pixels);
         QStringList sizes;
         for (int i = 0; i < face->num_fixed_sizes; ++i) {
             const int size = int(face->available_sizes[i].y_ppem / FRACTION);
@@ -132,8 +132,8 @@ private:
                 return {};
             sizes.append(QString::number(size));
         }
-        return u"%1: the font has no size of %2 pixels; it has %3"_s.arg(file).arg(pixels).arg(
-            sizes.isEmpty() ? u"none"_s : sizes.join(u", "_s));
+        return u"the font has no size of %1 pixels; it has %2"_s.arg(pixels).arg(sizes.isEmpty() ? u"none"_s
+                                                                                                 : sizes.join(u", "_s));
     }
 
     int Advance(char32_t character)

@@ -32,11 +32,11 @@ enum PackCode : int
     CONVERT_TARGET_STATE = -1026, ///< the attributes of the converted image couldn't be read
     PACK_WRITE = -1029,           ///< a write fell short
     PACK_NO_ICON = -1032,         ///< neither the project nor the program has an icon
-    PACK_LAYOUT_FILE = -1044,     ///< a layout file was loaded only in part, so the numbers would differ
     PACK_TEMP_FOLDER = -1043,     ///< the folder for temporary files can't be made or written
+    PACK_LAYOUT_FILE = -1044,     ///< a layout file was loaded only in part, so the numbers would differ
+    PACK_UNREADABLE = -1045,      ///< the files of the open project have changed and can no longer be read
     PACK_CODE_PAGE = -1046,       ///< the path of the input or output can't be expressed in the code page
     PACK_BUDGET = -1047,          ///< the payload is larger than its budget
-    PACK_UNREADABLE = -1045,      ///< the files of the open project have changed and can no longer be read
 };
 
 /// A file of this size or less, in bytes, isn't an image.

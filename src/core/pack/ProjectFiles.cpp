@@ -5,6 +5,7 @@
 #include "HostFiles.h"
 #include "IDGen.h"
 #include "LayoutExport.h"
+#include "ListLines.h"
 #include "OutputGuard.h"
 #include "Packer.h"
 #include "Paths.h"
@@ -15,6 +16,8 @@
 
 namespace
 {
+
+const QString PREVIEW_LIST = QStringLiteral("preview.lst");
 
 /// Compares files by their paths in the project.
 class Comparison
@@ -36,6 +39,28 @@ public:
             if (usedToo || !image->inUse)
                 File(env.NarrowToWide(image->path));
         }
+    }
+
+    /// Compares the files of all resources in a folder and below it.
+    void Resources(const CResFolder &from, const Environment &env)
+    {
+        for (const CBaseRes *res : from.resources) {
+            if (const auto *const file = dynamic_cast<const CFileRes *>(res))
+                File(env.NarrowToWide(file->path));
+        }
+        for (const auto &subfolder : from.subfolders)
+            Resources(*subfolder, env);
+    }
+
+    /// Compares the files that a list beside the project names.
+    void Listed(const QString &list, const Environment &env)
+    {
+        constexpr qint64 LARGEST_LIST = 64 << 20; // bytes
+        QByteArray bytes;
+        if (ReadFile(ResolvePath(list, folder), bytes, LARGEST_LIST) != 0)
+            return;
+        for (ListLines lines(bytes); lines.Next();)
+            File(env.NarrowToWide(lines.Text()));
     }
 
 private:
@@ -73,7 +98,7 @@ void CompareProjectFiles(OutputGuard &guard, const packinfo &info, const CResMod
         comparison.File(file);
     comparison.File(document.PathName());
     comparison.File(document.env.settings.ProjectFile());
-    comparison.File(QStringLiteral("preview.lst"));
+    comparison.File(PREVIEW_LIST);
     comparison.File(V1ListPath(document.PathName()));
     CompareGenerated(comparison, info, document, folder);
     if (const CResFolder *images = document.root.FindFolder(KIND_IMAGES, 2)) {
@@ -86,4 +111,18 @@ void CompareProjectFiles(OutputGuard &guard, const packinfo &info, const CResMod
         for (const auto &component : components->subfolders)
             comparison.Images(*component, document.env, false);
     }
+}
+
+void CompareAllProjectFiles(OutputGuard &guard, const QStringList &projectFiles, const CResModel &document)
+{
+    if (!guard.IsNeeded())
+        return;
+    packinfo info;
+    info.projectFiles = projectFiles;
+    CompareProjectFiles(guard, info, document);
+    Comparison comparison(guard, DirectoryOf(document.PathName()));
+    comparison.Resources(document.root, document.env);
+    comparison.Listed(PREVIEW_LIST, document.env);
+    comparison.Listed(V1ListPath(document.PathName()), document.env);
+    comparison.File(document.env.settings.String("Application", "app_icon", "AppLogo.img"));
 }

@@ -96,7 +96,12 @@ QString WhyNotWritten(const QString &path, int error)
 QString WhyNotRead(const QString &path, int error)
 {
     const QByteArray host = HostPath(ResolvePath(path, CurrentFolder()));
-    return u"cannot read \"%1\": %2; %3"_s.arg(QString::fromUtf8(host), SystemReason(error), WaysToRead(error));
+    return u"cannot read \"%1\": "_s.arg(QString::fromUtf8(host)) + ReadFault(error);
+}
+
+QString ReadFault(int error)
+{
+    return SystemReason(error) + u"; "_s + WaysToRead(error);
 }
 
 QString WhyOutside(const QString &path, const QByteArray &place)

@@ -12,3 +12,5 @@
 /// Explains why a file of a project isn't written: a symbolic link leads out of the project, to `place`.
 [[nodiscard]] QString WhyOutside(const QString &path, const QByteArray &place);
 [[nodiscard]] QString WhyNotRead(const QString &path, int error);
+/// The same without the path: the system's reason, and what to do. For messages that name the file in another way.
+[[nodiscard]] QString ReadFault(int error);

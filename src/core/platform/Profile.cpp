@@ -156,6 +156,30 @@ QList<std::pair<QString, QString>> Profile::Keys() const
     return keys;
 }
 
+QList<int> Profile::StrayLines() const
+{
+    QList<int> numbers;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const QStringView text = QStringView(lines[i].text).trimmed();
+        if (!lines[i].isHead && lines[i].key.isEmpty() && !text.isEmpty() && !text.startsWith(u';'))
+            numbers.append(int(i) + 1);
+    }
+    return numbers;
+}
+
+QList<int> Profile::BrokenHeads() const
+{
+    QList<int> numbers;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const QStringView text = QStringView(lines[i].text).trimmed();
+        const qsizetype close = text.indexOf(u']');
+        const QStringView behind = text.sliced(close + 1).trimmed();
+        if (lines[i].isHead && (close < 0 || (!behind.isEmpty() && !behind.startsWith(u';'))))
+            numbers.append(int(i) + 1);
+    }
+    return numbers;
+}
+
 QStringList Profile::Section(QStringView section, qsizetype limit) const
 {
     const QString upperSection = ToUpperSimple(section);

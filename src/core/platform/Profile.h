@@ -42,6 +42,13 @@ public:
     /// Returns section and key of each line that has a key, in the order and spelling of the file.
     [[nodiscard]] QList<std::pair<QString, QString>> Keys() const;
 
+    /// Returns the numbers of the lines, from 1, that have no meaning: those that are neither empty nor a comment, a
+    /// section or a key with "=".
+    [[nodiscard]] QList<int> StrayLines() const;
+    /// Returns the numbers of the lines that begin a section, but aren't "[NAME]": the bracket isn't closed, or
+    /// something other than a comment follows it.
+    [[nodiscard]] QList<int> BrokenHeads() const;
+
     /// Returns the lines of a section without comments and empty lines. Stops before the line that would exceed `limit`
     /// characters, counting one character more for each line and one for the end.
     [[nodiscard]] QStringList Section(QStringView section, qsizetype limit = 4096) const;

@@ -105,9 +105,7 @@ QStringList HeaderFolder::Inputs() const
 QString HeaderFolder::FileThatIs(const QString &path) const
 {
     OutputGuard guard({HostPath(path)});
-    packinfo project;
-    project.projectFiles = Inputs();
-    CompareProjectFiles(guard, project, doc);
+    CompareAllProjectFiles(guard, Inputs(), doc);
     for (const File &file : files)
         guard.Compare(HostPath(file.path));
     return QString::fromUtf8(guard.File());

@@ -82,7 +82,7 @@ void OpeningCheck::AddMissingSizes(std::vector<Finding> &reasons) const
                         : u"this file, which has the program's settings, does not exist or is a link to nothing; "
                           u"install it again"_s;
     else if (error != 0)
-        text += WhyNotRead(file, error);
+        text += u"this file can't be read: "_s + ReadFault(error);
     else if (!isNamed)
         text += u"the key reso_set in section Path does not name one; add the line reso_set=resolutions.ini there"_s;
     else

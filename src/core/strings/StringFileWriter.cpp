@@ -5,127 +5,24 @@
 #include "ResModel.h"
 #include "StringFile.h"
 #include "StringFileFormat.h"
+#include "StringFileText.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <unordered_map>
 
 using namespace StringFileFormat;
-
-static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "the text is written as it is in memory");
 
 namespace
 {
 
 constexpr qsizetype MAX_CHARS = qsizetype(1) << 29; // makes a file of 1 GiB
-constexpr QStringView LINE_END = u"\r\n";
-
-/// Makes the text of the file.
-class StringFileText
-{
-public:
-    explicit StringFileText(const CResModel &model);
-
-    /// Returns the text of the whole file; empty when it would be too large.
-    [[nodiscard]] QString Make();
-
-private:
-    using Cells = std::vector<const QString *>;
-    void PutHeader();
-    [[nodiscard]] bool PutRows();
-    void ReserveFor(size_t done, size_t rows);
-    void CollectRow(CStringRes *head);
-    void Put(QStringView first, QStringView second) { out.append(first).append(second); }
-
-    const CResModel &document;
-    const std::vector<std::unique_ptr<CResFolder>> none;
-    const std::vector<std::unique_ptr<CResFolder>> &folders;
-    std::unordered_map<qint32, std::vector<size_t>> columnsOf; // by language; a language may have several folders
-    Cells row;                                                 // the texts of one row, by folder; null: no cell
-    QString out;
-};
-
-const std::vector<std::unique_ptr<CResFolder>> &FoldersOf(const CResFolder *strings,
-                                                          const std::vector<std::unique_ptr<CResFolder>> &none)
-{
-    return strings ? strings->subfolders : none;
-}
-
-StringFileText::StringFileText(const CResModel &model)
-    : document(model), folders(FoldersOf(model.root.FindFolder(KIND_STRINGS, 2), none)), row(folders.size())
-{
-    for (size_t i = 0; i < folders.size(); ++i)
-        columnsOf[folders[i]->index].push_back(i);
-}
-
-QString StringFileText::Make()
-{
-    PutHeader();
-    if (!folders.empty() && !PutRows())
-        return {};
-    return out;
-}
-
-void StringFileText::PutHeader()
-{
-    out = QChar(BYTE_ORDER_MARK);
-    Put(COUNT_WORD, u"\t");
-    Put(QString::number(folders.empty() ? 0 : folders.size() - 1), LINE_END);
-    Put(ID_WORD, u"\t");
-    Put(TYPE_WORD, u"\t");
-    Put(DESCRIPTION_WORD, {});
-    for (size_t i = 1; i < folders.size(); ++i) {
-        Put(u"\t", folders[i]->title);
-        Put(u"(", QString::number(folders[i]->index));
-        Put(u")", {});
-    }
-    Put(LINE_END, {});
-}
-
-/// Finds the texts of a row in one walk of its chain, in the order in which `FindLanguage` searches.
-void StringFileText::CollectRow(CStringRes *head)
-{
-    std::fill(row.begin(), row.end(), nullptr);
-    const auto take = [&](const CStringRes *cell) {
-        const auto found = columnsOf.find(cell->language);
-        if (found == columnsOf.end() || row[found->second.front()])
-            return;
-        for (const size_t column : found->second)
-            row[column] = &cell->text;
-    };
-    for (const CStringRes *cell = head; cell; cell = cell->next)
-        take(cell);
-    for (const CStringRes *cell = head->prev; cell; cell = cell->prev)
-        take(cell);
-}
 
 /// Reserves memory for all rows, estimated from the size of the first rows. Growing a text moves it and needs nearly
 /// twice its memory, while reserved memory that isn't written to costs nothing.
-void StringFileText::ReserveFor(size_t done, size_t rows)
+void ReserveFor(QString &text, size_t done, size_t rows)
 {
-    const qsizetype size = out.size() / qsizetype(done) * qsizetype(rows + rows / 8);
-    out.reserve(std::min(size, MAX_CHARS));
-}
-
-bool StringFileText::PutRows()
-{
-    constexpr size_t SAMPLE = 1000; // rows
-    size_t done = 0;
-    for (CBaseRes *res : folders.front()->resources) {
-        CollectRow(static_cast<CStringRes *>(res));
-        Put(document.env.NarrowToWide(res->Id()->name), u"\t");
-        Put(res->Id()->push ? PUSH_WORD : NORMAL_WORD, {});
-        for (const QString *text : row)
-            Put(u"\t", text ? QStringView(*text) : QStringView());
-        Put(LINE_END, {});
-        if (out.size() > MAX_CHARS)
-            return false;
-        if (++done == SAMPLE)
-            ReserveFor(done, folders.front()->resources.Count());
-    }
-    Put(END_WORD, u"\t");
-    Put(QString::number(folders.front()->resources.Count()), LINE_END);
-    return true;
+    const qsizetype size = text.size() / qsizetype(done) * qsizetype(rows + rows / 8);
+    text.reserve(std::min(size, MAX_CHARS));
 }
 
 /// Returns whether an error is about writing the file (no room, or a disk failure) and not about opening it.
@@ -156,5 +53,18 @@ int WriteStringFile(const QString &path, CResModel &document)
 
 QString MakeStringFile(const CResModel &document)
 {
-    return StringFileText(document).Make();
+    constexpr size_t SAMPLE = 1000; // rows
+    StringFileText text(document);
+    text.PutHeader();
+    const size_t rows = text.Rows() ? text.Rows()->Count() : 0;
+    size_t done = 0;
+    for (const CBaseRes *row = text.Rows() ? text.Rows()->First() : nullptr; row; row = row->NextInFolder()) {
+        text.PutRow(*row);
+        if (text.out.size() > MAX_CHARS)
+            return {};
+        if (++done == SAMPLE)
+            ReserveFor(text.out, done, rows);
+    }
+    text.PutEnd();
+    return text.out;
 }
