@@ -63,13 +63,28 @@ public:
                     "--budget", budget,
                     "Write nothing and exit with 1 if the resources have more bytes than this; K and M are units")
                 ->type_name("BYTES");
+        CLI::Option *onceOption = subcommand->add_flag(
+            "--once", once, "Make the side file from the bytes of the section, if the settings allow it");
+        CLI::Option *jobsOption = subcommand
+                                      ->add_option("--jobs", jobs,
+                                                   "Convert N pictures at a time, 1 to 64 (default: the settings' "
+                                                   "number, or 1)")
+                                      ->type_name("N");
+        CLI::Option *cacheOption =
+            subcommand->add_option("--cache", cache, "Keep converted pictures in DIR, for the next pack")
+                ->type_name("DIR");
+        CLI::Option *cacheSizeOption =
+            subcommand
+                ->add_option("--cache-size", cacheSize,
+                             "The most bytes that the files in the cache have; K and M are units (default: 1024M)")
+                ->type_name("BYTES");
         CLI::Option *dryRunOption = subcommand->add_flag(
             "--dry-run", dryRun, "Write nothing, and print the sizes and everything that would make the pack fail");
         dryRunOption->excludes(depfileOption);
         CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
         AddQuiet(*subcommand, quiet);
-        for (CLI::Option *option :
-             {depfileOption, strictOption, tempOption, headersOption, pseudoOption, budgetOption, dryRunOption})
+        for (CLI::Option *option : {depfileOption, strictOption, tempOption, headersOption, pseudoOption, budgetOption,
+                                    onceOption, jobsOption, cacheOption, cacheSizeOption, dryRunOption})
             remoteOption->excludes(option);
         return subcommand;
     }
@@ -95,6 +110,12 @@ public:
         session.handler.packTemp = AbsolutePath(temp);
         session.handler.packHeaders = AbsolutePath(headers);
         session.handler.packBudget = budgetBytes;
+        session.handler.packOptions = [this, folder = AbsolutePath(cache)](PackOptions &options) {
+            options.once = options.once || once;
+            options.jobs = jobs.value_or(options.jobs);
+            options.cache = cache.empty() ? options.cache : folder;
+            options.cacheLimit = cacheBytes != 0 ? cacheBytes : options.cacheLimit;
+        };
         if (dryRun)
             return TryToPack(session, request);
         // Made absolute now, since a pack changes to the project's folder.
@@ -129,11 +150,14 @@ private:
             return refuse("--target", target, "axf (an ELF file) or dll");
         if (!ParseScreenSize(QString::fromStdString(resolution))) // stricter than for an IDE's record
             return refuse("--resolution", resolution, "a width and a height in pixels, such as 240x320");
-        if (budget.empty())
-            return true;
-        const auto bytes = ParseByteCount(QString::fromStdString(budget));
-        budgetBytes = bytes.value_or(0);
-        return bytes || refuse("--budget", budget, "a number of bytes, or of units such as in 512K or 2M");
+        if (jobs && (*jobs < 1 || *jobs > PackOptions::MOST_JOBS))
+            return refuse("--jobs", std::to_string(*jobs), "a number from 1 to 64");
+        const auto isBytes = [&](const char *option, const std::string &word, quint64 &bytes) {
+            bytes = ParseByteCount(QString::fromStdString(word)).value_or(0);
+            return word.empty() || bytes != 0 ||
+                   refuse(option, word, "a number of bytes, or of units such as in 512K or 2M");
+        };
+        return isBytes("--budget", budget, budgetBytes) && isBytes("--cache-size", cacheSize, cacheBytes);
     }
 
     int TryToPack(Session &session, const PackCommandRecord &request) const
@@ -212,6 +236,11 @@ private:
     bool dryRun = false;
     std::string budget;
     quint64 budgetBytes = 0; // 0: none
+    bool once = false;
+    std::optional<int> jobs;
+    std::string cache;
+    std::string cacheSize;
+    quint64 cacheBytes = 0; // 0: not given
 };
 
 } // namespace

@@ -266,6 +266,8 @@ int IdeCommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &recor
     parameters->headers = packHeaders;
     parameters->budget = packBudget;
     parameters->options = PackOptionsOf(doc.env.settings);
+    if (packOptions)
+        packOptions(parameters->options);
     parameters->projectFiles = doc.ProjectFiles();
     if (const QStringList missing = MissingLayouts(doc); !missing.isEmpty()) {
         for (const QString &reason : missing)

@@ -5,6 +5,7 @@
 #include "CodeText.h"
 #include "CommandRecord.h"
 #include "Environment.h"
+#include "PackOptions.h"
 
 #include <functional>
 #include <span>
@@ -96,6 +97,8 @@ public:
     QString packHeaders;
     /// The most bytes that the payload of a pack may have (packinfo::budget); 0: no limit.
     quint64 packBudget = 0;
+    /// Changes the options that the settings give a pack; may be empty.
+    std::function<void(PackOptions &options)> packOptions;
     /// The error code of the last report, 0 if it had none.
     [[nodiscard]] int LastError() const { return lastError; }
 
