@@ -5,6 +5,7 @@
 
 #include <QDir>
 
+#include <fcntl.h>
 #include <random>
 
 namespace
@@ -54,26 +55,35 @@ struct RandomProject : PackProject
     QByteArray Picture()
     {
         const int number = Below(8);
-        const QByteArray name = "pictures/" + QByteArray::number(number) + (number % 2 ? ".png" : ".BMP");
-        const char *contents[] = {"picture ", "picture ", "picture ", "picture ", "loud ", "bad "};
-        if (!folder.Has(name.constData()) && Below(30))
-            folder.Put(name.constData(), contents[Below(6)] + QByteArray(Below(9), 'x'));
-        return QByteArray(name).replace('/', '\\');
+        const QByteArray file = "pictures/" + QByteArray::number(number) + (number % 2 ? ".png" : ".BMP");
+        const int kind = Below(32);
+        const char *const content = kind == 0 ? "bad " : kind < 4 ? "loud " : "picture ";
+        if (!folder.Has(file.constData()) && Below(60))
+            folder.Put(file.constData(), content + QByteArray(Below(9), 'x'));
+        return QByteArray(file).replace('/', '\\');
     }
 
     /// All that a pack does: its result, what it says and what it writes.
-    std::tuple<int, QByteArray, QByteArray, QByteArray, QByteArray, std::map<QString, QByteArray>> Result()
+    struct Outcome
     {
-        for (const char *made : {"app.out", "arm/app.res"})
-            QFile::remove(folder.Path(made));
-        TakeExplained();
+        int code;
+        QByteArray report;
+        QByteArray explained;
+        std::map<QString, QByteArray> outputs;
+        std::map<QString, QByteArray> pictures; ///< and what is beside them
+        bool operator==(const Outcome &) const = default;
+    };
+
+    Outcome Result()
+    {
+        for (const char *file : {"app.out", "arm/app.res"})
+            QFile::remove(folder.Path(file));
+        explained.clear();
         const int code = Pack();
-        return {code,
-                output,
-                TakeExplained(),
-                folder.Get("app.out"),
-                folder.Get("arm/app.res"),
-                FilesIn(folder.Path("pictures"))};
+        auto outputs = FilesIn(folder.Path("arm"));
+        if (folder.Has("app.out"))
+            outputs[{}] = folder.Get("app.out");
+        return {code, output, explained, outputs, FilesIn(folder.Path("pictures"))};
     }
 
     std::mt19937 random;
@@ -87,9 +97,9 @@ struct CachedPack : PackProject
         qputenv("MORVANITE_TEST_RUNS", Narrow("runs"));
         PutTool(CONVERTER);
         info.imageconvert = 1;
-        for (const char *name : {"a.png", "b.png", "c.png"}) {
-            folder.Put(name, QByteArray("picture ") + name);
-            AddFile(wideImages, name, quint32(++number));
+        for (const char *file : {"a.png", "b.png", "c.png"}) {
+            folder.Put(file, QByteArray("picture ") + file);
+            AddFile(wideImages, file, quint32(++number));
         }
     }
 
@@ -108,7 +118,8 @@ struct CachedPack : PackProject
 
 TEST(FasterPack, MakesAndSaysTheSameInEveryCombinationOfOptions)
 {
-    for (unsigned seed = 0; seed < 12; ++seed) {
+    int failed = 0;
+    for (unsigned seed = 0; seed < 8; ++seed) {
         RandomProject project(seed);
         const auto expected = project.Result();
         if (seed % 3 == 0)
@@ -119,11 +130,15 @@ TEST(FasterPack, MakesAndSaysTheSameInEveryCombinationOfOptions)
             options.once = combination % 2 != 0;
             options.jobs = combination / 2 % 2 ? 4 : 1;
             options.cache = combination >= 4 ? project.folder.Path("cache") : QString(); // empty at first, then filled
-            EXPECT_EQ(project.Result(), inTemp) << seed << ' ' << combination;
+            const auto result = project.Result();
+            EXPECT_TRUE(result == inTemp) << seed << ' ' << combination << result.report.constData()
+                                          << result.explained.constData() << inTemp.report.constData();
         }
-        EXPECT_EQ(std::get<3>(inTemp), std::get<3>(expected));
+        EXPECT_TRUE(inTemp.outputs == expected.outputs);
+        failed += expected.code != 0;
         EXPECT_TRUE(FilesIn(project.folder.Path("temp")).empty());
     }
+    EXPECT_TRUE(failed > 0 && failed < 8) << "both kinds of packs are tried: " << failed << " failed";
 }
 
 TEST(FasterPack, EndsLaterConversionsWhenOneFails)
@@ -171,7 +186,7 @@ TEST(PictureCache, MakesDamagedEntriesAnew)
         QByteArray flipped = bytes;
         flipped[3] = char(flipped[3] ^ 1);
         for (const QByteArray &damaged : {QByteArray(), bytes.chopped(1), bytes + 'x', flipped, bytes.last(24)}) {
-            project.folder.Put(qPrintable("deep/cache/" + name), damaged);
+            project.folder.Put(("deep/cache/" + name.toUtf8()).constData(), damaged);
             EXPECT_EQ(project.Runs(), 1) << damaged.constData();
             EXPECT_EQ(project.folder.Get("app.out"), packed);
         }
