@@ -63,28 +63,16 @@ public:
                     "--budget", budget,
                     "Write nothing and exit with 1 if the resources have more bytes than this; K and M are units")
                 ->type_name("BYTES");
-        CLI::Option *onceOption = subcommand->add_flag(
-            "--once", once, "Make the side file from the bytes of the section, if the settings allow it");
-        CLI::Option *jobsOption = subcommand
-                                      ->add_option("--jobs", jobs,
-                                                   "Convert N pictures at a time, 1 to 64 (default: the settings' "
-                                                   "number, or 1)")
-                                      ->type_name("N");
-        CLI::Option *cacheOption =
-            subcommand->add_option("--cache", cache, "Keep converted pictures in DIR, for the next pack")
-                ->type_name("DIR");
-        CLI::Option *cacheSizeOption =
-            subcommand
-                ->add_option("--cache-size", cacheSize,
-                             "The most bytes that the files in the cache have; K and M are units (default: 1024M)")
-                ->type_name("BYTES");
+        std::vector<CLI::Option *> localOptions = AddSpeedOptions(*subcommand);
         CLI::Option *dryRunOption = subcommand->add_flag(
             "--dry-run", dryRun, "Write nothing, and print the sizes and everything that would make the pack fail");
         dryRunOption->excludes(depfileOption);
         CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
         AddQuiet(*subcommand, quiet);
-        for (CLI::Option *option : {depfileOption, strictOption, tempOption, headersOption, pseudoOption, budgetOption,
-                                    onceOption, jobsOption, cacheOption, cacheSizeOption, dryRunOption})
+        for (CLI::Option *option :
+             {depfileOption, strictOption, tempOption, headersOption, pseudoOption, budgetOption, dryRunOption})
+            localOptions.push_back(option);
+        for (CLI::Option *option : localOptions)
             remoteOption->excludes(option);
         return subcommand;
     }
@@ -138,6 +126,25 @@ public:
     }
 
 private:
+    /// Adds the options that change only how long a pack takes, and returns them.
+    std::vector<CLI::Option *> AddSpeedOptions(CLI::App &subcommand)
+    {
+        return {
+            subcommand.add_flag("--once", once,
+                                "Make the side file from the bytes of the section, if the settings allow it"),
+            subcommand
+                .add_option("--jobs", jobs,
+                            "Convert N pictures at a time, 1 to 64 (default: the settings' number, or 1)")
+                ->type_name("N"),
+            subcommand.add_option("--cache", cache, "Keep converted pictures in DIR, for the next pack")
+                ->type_name("DIR"),
+            subcommand
+                .add_option("--cache-size", cacheSize,
+                            "The most bytes that the files in the cache have; K and M are units (default: 1024M)")
+                ->type_name("BYTES"),
+        };
+    }
+
     /// Returns false, with a message, if a pack doesn't know a word of the command line.
     [[nodiscard]] bool HasRightWords()
     {
