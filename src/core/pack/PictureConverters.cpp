@@ -59,14 +59,17 @@ void PictureConverters::Release(const FileIdentity &picture)
 /// Makes the folders that a converter needs. Returns false, and explains why, if that isn't possible.
 bool PictureConverters::Prepare(Place &place)
 {
+    if (place.isReady)
+        return true;
+    place.isReady = true;
+    if (places.size() > 1 || cache.IsOn())
+        place.errors = FileHandle(memfd_create("errors of a converter", MFD_CLOEXEC));
     if (&place == &places.front()) {
         // A program installed for all users can't make this folder; a converter may not need it.
         if (const QString debug = env.ProgramDir() + DEBUG_FOLDER; !PathExists(debug))
             CreateFolderOnDisk(debug);
         return true;
     }
-    if (place.folder)
-        return true;
     // Beside the program there may be no place for it.
     const QByteArray parent = scratch.IsNamed() ? scratch.Path() : QDir::tempPath().toUtf8();
     auto folder = std::make_unique<TemporaryFolder>(parent, "morvanite-converter");
@@ -143,11 +146,10 @@ void PictureConverters::WaitForAny()
 PictureConverters::Run::Run(PictureConverters &owner, size_t placeNumber, const QByteArray &source,
                             const QByteArray &target)
     : converters(owner), place(placeNumber),
-      errors(owner.places.size() > 1 || owner.cache.IsOn() ? memfd_create("errors of a converter", MFD_CLOEXEC) : -1),
       tool(owner.env,
            {QString::fromUtf8(owner.Converter()), QStringLiteral("-f"), QStringLiteral("-i"), QString::fromUtf8(source),
             QString::fromUtf8(target)},
-           {owner.FolderOfPlace(place), errors.Get(), owner.places.size() > 1})
+           {owner.FolderOfPlace(place), owner.places[place].errors.Get(), owner.places.size() > 1})
 {
     owner.places[place].user = this;
 }
@@ -164,12 +166,27 @@ bool PictureConverters::Run::HasEnded()
     if (hasEnded)
         return true;
     hasEnded = !tool.IsRunning();
-    if (hasEnded) {
-        if (converters.Ahead() > 0)
-            RemoveLeftFile();
-        converters.places[place].user = nullptr;
-    }
-    return hasEnded;
+    if (!hasEnded)
+        return false;
+    if (converters.Ahead() > 0)
+        RemoveLeftFile();
+    TakeErrors();
+    converters.places[place].user = nullptr;
+    return true;
+}
+
+/// Reads what the converter wrote, and empties the file for the next one.
+void PictureConverters::Run::TakeErrors()
+{
+    const FileHandle &file = converters.places[place].errors;
+    const qint64 written = file.IsOpen() ? file.Size() : -1;
+    isQuiet = written == 0;
+    if (written <= 0)
+        return;
+    errors.resize(written);
+    errors.truncate(std::max(pread(file.Get(), errors.data(), size_t(written), 0), ssize_t(0)));
+    (void)!ftruncate(file.Get(), 0);
+    (void)lseek(file.Get(), 0, SEEK_SET);
 }
 
 void PictureConverters::Run::RemoveLeftFile() const
@@ -186,14 +203,10 @@ ToolEnd PictureConverters::Run::Wait()
         if (converters.whenFree)
             converters.whenFree();
     }
-    const qint64 written = errors.IsOpen() ? errors.Size() : 0;
-    isQuiet = errors.IsOpen() && written == 0;
-    if (written > 0 && lseek(errors.Get(), 0, SEEK_SET) == 0) {
-        QByteArray text(written, Qt::Uninitialized);
-        text.truncate(std::max(errors.Read(text.data(), size_t(written)), ssize_t(0)));
+    if (!errors.isEmpty()) {
         converters.env.FlushOutput();
-        (void)!write(STDERR_FILENO, text.constData(), size_t(text.size()));
-        errors = FileHandle();
+        (void)!write(STDERR_FILENO, errors.constData(), size_t(errors.size()));
+        errors.clear();
     }
     return tool.Wait(converters.env);
 }

@@ -62,10 +62,11 @@ public:
     private:
         friend class PictureConverters;
         [[nodiscard]] bool HasEnded();
+        void TakeErrors();
 
         PictureConverters &converters;
         size_t place;
-        FileHandle errors; // what it writes to its standard error; not open if that is this process's
+        QByteArray errors; // what it wrote to its standard error, once it has ended; unless that is this process's
         RunningTool tool;
         bool hasEnded = false;
         bool isQuiet = false;
@@ -83,7 +84,9 @@ private:
     {
         Run *user = nullptr;                     ///< null: free
         std::unique_ptr<TemporaryFolder> folder; ///< null: the program's folder
-        SignalCleanup debug;                     ///< of the folder "Debug" in `folder`
+        FileHandle errors;                       ///< takes the standard error; not open if that is this process's
+        bool isReady = false;
+        SignalCleanup debug; ///< of the folder "Debug" in `folder`
     };
     [[nodiscard]] std::optional<size_t> FreePlace();
     [[nodiscard]] bool Prepare(Place &place);
