@@ -13,7 +13,10 @@
 #       [SORTED]                    pack every table in ascending order, for faster look-ups on the device
 #       [VER <n>]                   a version number for the log of the pack
 #       [CHECK error|warning|note]  check the project before each pack, and fail for a finding of this level or above
-#       [BUDGET <bytes>])           fail if the resources have more bytes, and list the largest; K and M are units
+#       [BUDGET <bytes>]            fail if the resources have more bytes, and list the largest; K and M are units
+#       [JOBS <n>]                  how many pictures are converted at the same time; the default is the number of processors
+#       [CACHE <folder>|OFF])       where converted pictures are kept; relative paths count from the current binary folder.
+#                                   The default is the variable MORVANITE_CACHE, otherwise a folder of the build
 #
 # The headers are generated before <target> is compiled, into a folder of the build that is added to its include path. The
 # target <target>_packed writes the packed file and is built by default. Nothing is written into the project.
@@ -139,8 +142,35 @@ function(_morvanite_headers_target result project settings state)
     set_property(TARGET ${ids} APPEND PROPERTY ADDITIONAL_CLEAN_FILES ${state}/include ${state}/headers.d)
 endfunction()
 
+# Returns the options of a pack that change only how long it takes.
+function(_morvanite_speed_options result target jobs cache)
+    if(NOT jobs)
+        include(ProcessorCount)
+        ProcessorCount(jobs)
+        if(jobs LESS 1) # unknown
+            set(jobs 1)
+        elseif(jobs GREATER 64)
+            set(jobs 64)
+        endif()
+    elseif(NOT jobs MATCHES "^([1-9]|[1-5][0-9]|6[0-4])$")
+        message(FATAL_ERROR "morvanite_pack(${target}): JOBS is \"${jobs}\", but it must be a number from 1 to 64")
+    endif()
+    set(options --once --jobs ${jobs})
+    if("${cache}" STREQUAL "")
+        set(cache ${CMAKE_BINARY_DIR}/CMakeFiles/morvanite/pictures)
+        if(NOT "${MORVANITE_CACHE}" STREQUAL "")
+            set(cache ${MORVANITE_CACHE})
+        endif()
+    endif()
+    if(NOT cache STREQUAL "OFF")
+        get_filename_component(cache "${cache}" ABSOLUTE BASE_DIR ${CMAKE_CURRENT_BINARY_DIR})
+        list(APPEND options --cache ${cache})
+    endif()
+    set(${result} ${options} PARENT_SCOPE)
+endfunction()
+
 function(morvanite_pack target)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "CONVERT_IMAGES;SORTED" "PROJECT;RESOLUTION;TARGET;OUTPUT;HEADER;LISTS;SETTINGS;VER;CHECK;BUDGET" "")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "CONVERT_IMAGES;SORTED" "PROJECT;RESOLUTION;TARGET;OUTPUT;HEADER;LISTS;SETTINGS;VER;CHECK;BUDGET;JOBS;CACHE" "")
     if(NOT TARGET ${target})
         message(FATAL_ERROR "morvanite_pack: ${target} is not a target; call morvanite_pack after add_executable")
     elseif(TARGET ${target}_packed)
@@ -210,6 +240,8 @@ function(morvanite_pack target)
         endif()
         list(APPEND options --budget ${arg_BUDGET})
     endif()
+    _morvanite_speed_options(speed_options ${target} "${arg_JOBS}" "${arg_CACHE}")
+    list(APPEND options ${speed_options})
     # A pack searches for these files, so a pack is also needed when one of them is added or removed.
     file(GLOB found CONFIGURE_DEPENDS ${folder}/preview.lst ${folder}/${name}_res.lst ${folder}/AppLogo.img
         ${folder}/morvanite.ini)

@@ -9,7 +9,7 @@ say() { printf '\n== %s\n' "$*"; }
 # What the build and the sample need.
 BUILD_PACKAGES="g++ cmake ninja-build pkg-config ccache qt6-base-dev libtinyxml-dev libicu-dev libcli11-dev libpng-dev
     libjpeg62-turbo-dev libgif-dev zlib1g-dev libdeflate-dev libgsf-1-dev libexpat1-dev libxlsxwriter-dev libxcb1-dev
-    libfreetype-dev libharfbuzz-dev
+    libfreetype-dev libharfbuzz-dev libxxhash-dev
     gcc-arm-linux-gnueabihf libc6-dev-armhf-cross qemu-user"
 # What the tests need in addition.
 TEST_PACKAGES="libgtest-dev libgmock-dev librapidcheck-dev python3 llvm-14 elfutils binutils gettext gnumeric libxml2-utils qt6-l10n-tools python3-xlrd python3-xlwt

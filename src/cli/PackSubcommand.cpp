@@ -66,12 +66,15 @@ public:
         CLI::Option *sortedOption = subcommand->add_flag(
             "--sorted", sorted,
             "Pack every table in ascending order of its numbers, so that the device finds them faster");
+        std::vector<CLI::Option *> localOptions = AddSpeedOptions(*subcommand);
         CLI::Option *dryRunOption = subcommand->add_flag(
             "--dry-run", dryRun, "Write nothing, and print the sizes and everything that would make the pack fail");
         dryRunOption->excludes(depfileOption);
         CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
         for (CLI::Option *option : {depfileOption, strictOption, tempOption, headersOption, pseudoOption, budgetOption,
                                     sortedOption, dryRunOption})
+            localOptions.push_back(option);
+        for (CLI::Option *option : localOptions)
             remoteOption->excludes(option);
         return subcommand;
     }
@@ -96,7 +99,13 @@ public:
         session.handler.packTemp = AbsolutePath(temp);
         session.handler.packHeaders = AbsolutePath(headers);
         session.handler.packBudget = budgetBytes;
-        session.handler.packOptions = [this](PackOptions &options) { options.sorted = options.sorted || sorted; };
+        session.handler.packOptions = [this, folder = AbsolutePath(cache)](PackOptions &options) {
+            options.once = options.once || once;
+            options.sorted = options.sorted || sorted;
+            options.jobs = jobs.value_or(options.jobs);
+            options.cache = cache.empty() ? options.cache : folder;
+            options.cacheLimit = cacheBytes != 0 ? cacheBytes : options.cacheLimit;
+        };
         if (dryRun)
             return TryToPack(session, request);
         // Made absolute now, since a pack changes to the project's folder.
@@ -119,6 +128,25 @@ public:
     }
 
 private:
+    /// Adds the options that change only how long a pack takes, and returns them.
+    std::vector<CLI::Option *> AddSpeedOptions(CLI::App &subcommand)
+    {
+        return {
+            subcommand.add_flag("--once", once,
+                                "Make the side file from the bytes of the section, if the settings allow it"),
+            subcommand
+                .add_option("--jobs", jobs,
+                            "Convert N pictures at a time, 1 to 64 (default: the settings' number, or 1)")
+                ->type_name("N"),
+            subcommand.add_option("--cache", cache, "Keep converted pictures in DIR, for the next pack")
+                ->type_name("DIR"),
+            subcommand
+                .add_option("--cache-size", cacheSize,
+                            "The most bytes that the files in the cache have; K and M are units (default: 1024M)")
+                ->type_name("BYTES"),
+        };
+    }
+
     /// Returns false, with a message, if a pack doesn't know a word of the command line.
     [[nodiscard]] bool HasRightWords()
     {
@@ -131,11 +159,14 @@ private:
             return refuse("--target", target, "axf (an ELF file) or dll");
         if (!ParseScreenSize(QString::fromStdString(resolution))) // stricter than for an IDE's record
             return refuse("--resolution", resolution, "a width and a height in pixels, such as 240x320");
-        if (budget.empty())
-            return true;
-        const auto bytes = ParseByteCount(QString::fromStdString(budget));
-        budgetBytes = bytes.value_or(0);
-        return bytes || refuse("--budget", budget, "a number of bytes, or of units such as in 512K or 2M");
+        if (jobs && (*jobs < 1 || *jobs > PackOptions::MOST_JOBS))
+            return refuse("--jobs", std::to_string(*jobs), "a number from 1 to 64");
+        const auto isBytes = [&](const char *option, const std::string &word, quint64 &bytes) {
+            bytes = ParseByteCount(QString::fromStdString(word)).value_or(0);
+            return word.empty() || bytes != 0 ||
+                   refuse(option, word, "a number of bytes, or of units such as in 512K or 2M");
+        };
+        return isBytes("--budget", budget, budgetBytes) && isBytes("--cache-size", cacheSize, cacheBytes);
     }
 
     int TryToPack(Session &session, const PackCommandRecord &request)
@@ -217,7 +248,12 @@ private:
     bool dryRun = false;
     bool sorted = false;
     std::string budget;
-    quint64 budgetBytes = 0;   // 0: none
+    quint64 budgetBytes = 0; // 0: none
+    bool once = false;
+    std::optional<int> jobs;
+    std::string cache;
+    std::string cacheSize;
+    quint64 cacheBytes = 0;    // 0: not given
     bool hasWrongWord = false; // which only the opened project shows
 };
 

@@ -36,6 +36,7 @@ std::vector<std::unique_ptr<ISubcommand>> AllSubcommands()
     subcommands.push_back(MakeGitSubcommand());
     subcommands.push_back(MakeLayoutsSubcommand());
     subcommands.push_back(MakeKeptSubcommand());
+    subcommands.push_back(MakeCacheSubcommand());
     subcommands.push_back(MakeResolutionsSubcommand());
     subcommands.push_back(MakeServeSubcommand());
     subcommands.push_back(MakeHelpSubcommand());

@@ -46,6 +46,7 @@ std::unique_ptr<ISubcommand> MakeMergeSubcommand();
 std::unique_ptr<ISubcommand> MakeGitSubcommand();
 std::unique_ptr<ISubcommand> MakeLayoutsSubcommand();
 std::unique_ptr<ISubcommand> MakeKeptSubcommand();
+std::unique_ptr<ISubcommand> MakeCacheSubcommand();
 std::unique_ptr<ISubcommand> MakeResolutionsSubcommand();
 std::unique_ptr<ISubcommand> MakeServeSubcommand();
 std::unique_ptr<ISubcommand> MakeHelpSubcommand();

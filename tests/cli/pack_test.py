@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """Tests what a pack does to files, and what it reports about them on standard error."""
 
+import json
 import os
 import pathlib
 import signal
@@ -74,6 +75,62 @@ class Pack(DemoProject):
             self.assertEqual(self.names(), before)
             with self.assertRaises(ProcessLookupError):
                 os.kill(int((program / 'pid').read_text()), 0)
+
+    def test_a_signal_ends_all_converters_and_leaves_no_temporary_file(self):
+        names = [f'p{n}.png' for n in range(6)]
+        for name in names:
+            (self.dir / name).write_text(name)
+        listing = self.dir / 'res/demo.res.xml'
+        listing.write_text(listing.read_text().replace('<IMAGE', ''.join(
+            f'<IMAGE id="ID_{n}" type="Normal">{name}</IMAGE>' for n, name in enumerate(names)) + '<IMAGE', 1))
+        (self.dir / 'tmp').mkdir()
+        self.env['TMPDIR'] = str(self.dir / 'tmp')
+        before = self.names()
+        program = self.use_converter('printf half > "$4"; touch temp_image; trap "" TERM; sleep 60 & '
+                                     f'echo $! $$ > "{self.dir}/program/pid.$$.new"; mv "{self.dir}/program/pid.$$.new" "{self.dir}/program/pid.$$"; wait')
+        for number in (signal.SIGTERM, signal.SIGINT):
+            packing = subprocess.Popen([CLI, *self.to_pack, '--convert-images', '1', '--jobs', '4', '--cache', 'tmp/cache'],
+                                       env=self.env, cwd=self.dir, stdout=subprocess.DEVNULL)
+            self.addCleanup(packing.wait)
+            self.addCleanup(packing.kill)
+            while len(pids := [path for path in program.glob('pid.*') if path.suffix != '.new']) < 4:
+                self.assertIsNone(packing.poll())
+                time.sleep(0.01)
+            self.assertEqual(sum(name.endswith('.tmp') for name in self.names()), 4)
+            packing.send_signal(number)
+            self.assertEqual(packing.wait(30), -number)
+            self.assertEqual(self.names(), before)
+            for pid in (int(word) for path in pids for word in path.read_text().split()):
+                for _ in range(100):  # a grandchild is taken over by another process, which looks after it at some time
+                    if not pathlib.Path(f'/proc/{pid}').exists() or ') Z ' in pathlib.Path(f'/proc/{pid}/stat').read_text():
+                        break
+                    time.sleep(0.05)
+                else:
+                    self.fail(f'process {pid} runs')
+            for path in pids:
+                path.unlink()
+
+    def test_packs_share_a_cache_and_the_command_shows_it(self):
+        cache = ('--cache', 'shared/cache')
+        plain = self.pack('--temp', 'temp', '--output', 'plain.out')
+        packs = [subprocess.Popen([CLI, *self.to_pack, '--convert-images', '1', '--output', f'{n}.out', '--temp', f'temp{n}',
+                                   '--once', '--jobs', '2', *cache], stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                  env=self.env, cwd=self.dir) for n in range(3)]
+        for pack in packs:
+            self.assertEqual((*(text.decode() for text in pack.communicate(timeout=60)), pack.returncode), (*plain[1:], 0))
+        for n in range(3):
+            self.assertEqual((self.dir / f'{n}.out').read_bytes(), (self.dir / 'plain.out').read_bytes())
+        stored = [path for path in (self.dir / 'shared/cache').iterdir()]
+        self.assertEqual(len(stored), 1)
+        size = stored[0].stat().st_size
+        path = self.dir / 'shared/cache'
+        self.assertEqual(self.run_cli('cache', '--stats', *cache), (0, f'{path}: 1 pictures, {size} bytes\n', ''))
+        self.assertEqual(json.loads(self.run_cli('cache', '--clear', '--json', *cache)[1]),
+                         {'version': 1, 'folder': str(path), 'deleted': 1, 'bytes': size})
+        self.assertEqual(list(path.iterdir()), [])
+        self.assertEqual(self.run_cli('cache', '--stats')[::2], (2, 'morvanite-cli: the settings name no cache (section Pack, '
+                                                                 'key cache); --cache names its folder\n'))
+        self.assertEqual(self.pack('--jobs', '65')[2], 'morvanite-cli: --jobs is "65", but it must be a number from 1 to 64\n')
 
     def test_reports_how_the_converter_ended_and_never_uses_an_old_target(self):
         tool = self.use_converter('printf "a converted picture" > "$4"; exit 3') / 'qrk_resgenerator.exe'

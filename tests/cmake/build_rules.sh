@@ -83,7 +83,10 @@ builds 'a picture changed' 'Packing 1'
 builds 'a picture was packed' ''
 ! cmp -s "$build/upright.packed.axf" "$work/old" || fail 'the changed picture was not packed'
 touch "$app/res/common/logo.gif"
+"$cli" cache --stats --cache "$build/CMakeFiles/morvanite/pictures" >"$work/cached"
 builds 'a picture of all resolutions was touched' 'Packing 2'
+"$cli" cache --stats --cache "$build/CMakeFiles/morvanite/pictures" | diff - "$work/cached" || fail 'an unchanged picture was converted again'
+grep -q '/pictures: [1-9][0-9]* pictures, ' "$work/cached" || fail 'the build keeps no converted pictures'
 
 # A text but no ID: the headers are generated again and stay unchanged, so nothing is compiled.
 iconv -f utf-16 -t utf-8 "$work/before/res/ref_list_weatherclock.txt" | sed 's/\tToday\t/\tThis day\t/' | iconv -t utf-16 >"$app/res/ref_list_weatherclock.txt"
@@ -157,8 +160,10 @@ configure -DWITH_CHECK=OFF -DBUDGET=100K
 ! cmake --build "$build" --target upright_packed >"$work/log" 2>&1 || fail 'a budget that is too small did not end the build'
 grep -q ' more than the budget of 102400 bytes' "$work/log" && grep -q '  ID_IMAGE_BACKGROUND$' "$work/log" || fail 'the largest resources are not shown'
 
-configure -DBUDGET=
+configure -DBUDGET= -DMORVANITE_CACHE=OFF
 cmake --build "$build" --target clean >"$work/log" 2>&1 || fail 'cleaning failed'
 [ ! -e "$build/upright.packed.axf" ] && [ ! -e "$build/arm/upright.res" ] || fail 'cleaning leaves packed files'
+"$cli" cache --clear --cache "$build/CMakeFiles/morvanite/pictures" >"$work/log"
 builds 'cleaning' "$all"
+[ -z "$(ls "$build/CMakeFiles/morvanite/pictures")" ] || fail 'a cache that is turned off is used'
 echo 'The build rules work.'

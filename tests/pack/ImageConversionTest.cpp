@@ -3,6 +3,7 @@
 #include "PackCodes.h"
 #include "PackProject.h"
 #include "RunTool.h"
+#include "ScratchFolder.h"
 
 #include <csignal>
 #include <fcntl.h>
@@ -17,42 +18,65 @@ TEST(NeedImageConvert, DependsOnTheExtension)
         EXPECT_FALSE(NeedImageConvert(QString::fromUtf8(path))) << path;
 }
 
-TEST(ConvertImage, RunsTheToolInItsFolderAndRemovesItsFiles)
+namespace
+{
+
+/// Converts a picture as a phase does. Returns the result, and sets `size` to that of the file to pack.
+int Convert(PackProject &project, const QString &source, qint64 *size = nullptr)
+{
+    ScratchFolder scratch{QByteArray()};
+    PictureConverters converters(project.env, {}, scratch);
+    ImageConversion conversion(project.env, source.toUtf8(), scratch, converters);
+    const int code = conversion.Finish();
+    if (size && code == 0) {
+        EXPECT_EQ(access(qPrintable(source + u".tmp"_s), W_OK), 0) << "it is made writable";
+        *size = conversion.Take().size;
+    }
+    return code;
+}
+
+} // namespace
+
+TEST(ImageConversion, RunsTheToolInItsFolderAndRemovesItsFiles)
 {
     PackProject project;
     for (const char *name : {"my picture.png", "my picture.ABM", "my picture.BMPA"})
         project.folder.Put(name, "");
     project.PutTool("pwd > args; printf '%s\\n' \"$@\" >> args; touch temp_image\n"
                     "test -d Debug && printf 123456789 > \"$4\" && chmod 444 \"$4\"");
-    EXPECT_EQ(ConvertImage(project.env, project.folder.Path("my picture.png"), project.folder.Path("target")), 0);
-    EXPECT_EQ(QDir::currentPath(), project.folder.Path()) << "the old current folder is restored";
+    qint64 size = 0;
+    EXPECT_EQ(Convert(project, project.folder.Path("my picture.png"), &size), 0);
+    EXPECT_EQ(size, 9);
+    EXPECT_EQ(QDir::currentPath(), project.folder.Path()) << "the current folder of this program is the old one";
     EXPECT_EQ(project.folder.Get("bin/args").replace(project.Narrow(""), "@"),
-              "@/bin\n-f\n-i\n@/my picture.png\n@/target\n");
-    EXPECT_EQ(project.Mode("target"), 0644);
-    for (const char *name : {"bin/temp_image", "my picture.ABM", "my picture.BMPA"})
+              "@/bin\n-f\n-i\n@/my picture.png\n@/my picture.png.tmp\n");
+    for (const char *name : {"bin/temp_image", "my picture.ABM", "my picture.BMPA", "my picture.png.tmp"})
         EXPECT_FALSE(project.folder.Has(name)) << name;
-    EXPECT_EQ(project.TakeOutput(), "");
+    EXPECT_EQ(project.TakeOutput(), "\r\nNeed image convert, convert... ");
 }
 
-TEST(ConvertImage, LeavesNoTargetIfTheToolFailsCrashesOrIsMissing)
+TEST(ImageConversion, LeavesNoTargetIfTheToolFailsCrashesOrIsMissing)
 {
     PackProject project;
-    const QString target = project.folder.Path("target");
-    const std::string noTarget = "\r\n[error] Cannot open file for read: " + target.toStdString();
-    const std::string tooShort = "\r\n[error] Convert fail, got illegal file size: " + target.toStdString() + ", <= 8 ";
+    const QString source = project.folder.Path("a.png");
+    const std::string target = source.toStdString() + ".tmp";
+    const std::string begin = "\r\nNeed image convert, convert... ";
+    const std::string end = "\r\n[error] Convert image fail.";
+    const std::string noTarget = "\r\n[error] Cannot open file for read: " + target;
+    const std::string tooShort = "\r\n[error] Convert fail, got illegal file size: " + target + ", <= 8 ";
     for (const auto &[body, code, said] : {std::tuple("", CONVERT_NO_TARGET, noTarget),
                                            {"exit 1", CONVERT_NO_TARGET, noTarget},
                                            {"kill -SEGV $$", CONVERT_NO_TARGET, noTarget},
                                            {"printf 12345678 > \"$4\"", CONVERT_TARGET_SHORT, tooShort}}) {
         if (*body)
             project.PutTool(body);
-        EXPECT_EQ(ConvertImage(project.env, u"a.png"_s, target), code) << body;
-        EXPECT_EQ(project.TakeOutput().toStdString(), said) << body;
-        EXPECT_EQ(project.trace, "CreateProcess failed (2)\n");
+        EXPECT_EQ(Convert(project, source), code) << body;
+        EXPECT_EQ(project.TakeOutput().toStdString(), begin + said + end) << body;
     }
-    EXPECT_EQ(ConvertImage(project.env, u"a \"b\".png"_s, target), CONVERT_NO_TARGET);
-    EXPECT_EQ(project.TakeOutput(),
-              "\r\n[error] A name with a double quote can't be handed to the converter: a \"b\".png");
+    EXPECT_TRUE(project.trace.startsWith("CreateProcess failed (2)\n"));
+    EXPECT_EQ(Convert(project, u"/a \"b\".png"_s), CONVERT_NO_TARGET);
+    EXPECT_EQ(project.TakeOutput().toStdString(),
+              begin + "\r\n[error] A name with a double quote can't be handed to the converter: /a \"b\".png" + end);
 }
 
 TEST(RunTool, StartsTheToolWithoutInputOrOpenFilesAndWaitsForItsEnd)

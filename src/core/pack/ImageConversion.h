@@ -1,54 +1,64 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "SignalCleanup.h"
-#include "Text.h"
-
-class Environment;
-class ScratchFolder;
-
-/// What to do with the files "NAME.ABM" and "NAME.BMPA" that a converter may make beside "NAME.png".
-enum class BesideSource
-{
-    Delete, ///< even if they existed before
-    Leave,
-};
+#include "PictureConverters.h"
 
 /// True for the kinds of image that the converter takes: bmp, gif, jpg, png, without regard to case.
 [[nodiscard]] bool NeedImageConvert(const QString &path);
-
-/// Runs "qrk_resgenerator.exe" from the program's folder on `source`; it writes the device's form to `target`. Both are
-/// absolute host paths. Returns 0, or a PackCode from -1023 to -1026.
-///
-/// While it runs, the program's folder is the working directory; the old one is always restored. An old target is
-/// removed first; if that fails, nothing is converted. A converter that doesn't start, or doesn't end with 0, is
-/// explained; only its target decides the result.
-[[nodiscard]] int ConvertImage(Environment &env, const QString &source, const QString &target,
-                               BesideSource besideSource = BesideSource::Delete);
 
 /// Says why a conversion of a picture would fail, whatever is in its file; empty if nothing is known. `source` is an
 /// absolute host path.
 [[nodiscard]] QString ObstacleToConversion(const Environment &env, const QByteArray &source,
                                            const ScratchFolder &scratch);
 
-/// A converted image at its temporary path, with the lines that a phase writes about it. The destructor deletes the
-/// image; one beside its source is deleted only if the conversion succeeded.
-class ConvertedImage
+/// The conversion of a picture to a temporary file by the program's converter, or from the cache, with the lines that a
+/// phase writes about it. The destructor ends the converter and deletes the file; a file beside its source stays if the
+/// conversion was finished and failed.
+///
+/// The converter's current folder is the program's folder; the folder "Debug" is made there, and the file "temp_image"
+/// deleted. The converter may make the files "NAME.ABM" and "NAME.BMPA" beside "NAME.png"; they are deleted, even if
+/// they existed before, unless a folder for temporary files is named.
+class ImageConversion
 {
 public:
-    /// `sourceFile` is an absolute host path.
-    ConvertedImage(Environment &env, const QByteArray &sourceFile, ScratchFolder &scratch);
-    ~ConvertedImage();
-    ConvertedImage(const ConvertedImage &) = delete;
-    ConvertedImage &operator=(const ConvertedImage &) = delete;
+    /// `sourceFile` is an absolute host path. Begins nothing.
+    ImageConversion(Environment &environment, const QByteArray &sourceFile, ScratchFolder &scratch,
+                    PictureConverters &pictureConverters);
+    ~ImageConversion();
+    ImageConversion(const ImageConversion &) = delete;
+    ImageConversion &operator=(const ImageConversion &) = delete;
 
-    /// The result of ConvertImage.
-    [[nodiscard]] int Code() const { return code; }
+    /// Begins the conversion before its turn. Returns false, and begins nothing, if no converter is free.
+    [[nodiscard]] bool BeginAhead();
+    /// Finishes it. Returns 0, or a PackCode from -1023 to -1026.
+    ///
+    /// An old file of the target's name is removed first; if that fails, nothing is converted. A converter that doesn't
+    /// start, or doesn't end with 0, is explained; only its target decides the result.
+    [[nodiscard]] int Finish();
+
+    /// Where the converter writes.
     [[nodiscard]] const QByteArray &Target() const { return target; }
+    /// The file to pack, after Finish.
+    [[nodiscard]] PackFile Take();
 
 private:
+    [[nodiscard]] bool IsInCache();
+    [[nodiscard]] bool IsTargetFree();
+    [[nodiscard]] int RemoveOld() const;
+    void Start();
+    [[nodiscard]] int Convert();
+    [[nodiscard]] int FailWithoutTarget() const;
+    [[nodiscard]] int CheckTarget() const;
+
+    Environment &env;
+    PictureConverters &converters;
+    QByteArray source;
     QByteArray target;
-    bool isScratch; // in a folder for such files
+    bool isScratch; // the target is in a folder for such files
     SignalCleanup cleanup;
-    int code;
+    QByteArray key;  // in the cache; null before it is sought, empty if there is none
+    PackFile cached; // open if the cache has the picture
+    std::optional<PictureConverters::FileIdentity> claimed;
+    std::unique_ptr<PictureConverters::Run> run;
+    std::optional<int> code; // once it is finished
 };

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "ImageConversion.h"
 #include "Paths.h"
 #include "Phases.h"
 #include "PictureFile.h"
@@ -70,22 +69,26 @@ int ReadImage(PackContext &context, const PackFile &file, const QString &path, c
     return context.image.PadItem() ? PACK_OK : PACK_MEMORY;
 }
 
-int AddImage(PackContext &context, const CFileRes &res)
+PictureFile::Request RequestOf(const PackContext &context, const CFileRes &res)
+{
+    const IDRecord &id = *res.Id();
+    return {ResolvePath(context.Env().NarrowToWide(res.path), context.projectFolder),
+            context.info.imageconvert != 0 || (id.push && id.pushKind == PUSH_IMAGE)};
+}
+
+int AddImage(PackContext &context, const CFileRes &res, PictureFile &picture)
 {
     Environment &env = context.Env();
     const IDRecord &id = *res.Id();
+    const QString &path = picture.Path();
     context.image.AddItem(id.value, ITEM_IMAGE, &id);
-    const QString path = ResolvePath(env.NarrowToWide(res.path), context.projectFolder);
     env.WriteOutput("\r\n%s", qUtf8Printable(path));
-
-    const bool converts = context.info.imageconvert != 0 || (id.push && id.pushKind == PUSH_IMAGE);
-    const PictureFile picture(context, path, converts);
     if (!picture.IsThere()) {
         env.WriteOutput("\r\n[error] Image file does not exist: %s", qUtf8Printable(path));
         context.Reason(FILE_MISSING);
         return PACK_NOT_THERE;
     }
-    if (converts && !NeedImageConvert(path)) {
+    if (picture.Converts() && !NeedImageConvert(path)) {
         PACK_LOG_BOTH(env, "\r\n[error] un-supported image type.");
         return PACK_IMAGE_TYPE;
     }
@@ -100,8 +103,12 @@ int ConstructImages(PackContext &context)
     Images images;
     if (!GatherImages(context.document.root, context.info.scope, images))
         return PACK_IMAGE_LIST;
-    for (const CFileRes *image : images) {
-        if (const int code = context.After(AddImage(context, *image), context.Named(*image)))
+    std::vector<PictureFile::Request> requests;
+    for (const CFileRes *image : images)
+        requests.push_back(RequestOf(context, *image));
+    PictureQueue pictures(context, std::move(requests));
+    for (auto image = images.begin(); pictures.Next(); ++image) {
+        if (const int code = context.After(AddImage(context, **image, pictures.Current()), context.Named(**image)))
             return code;
     }
     return PACK_OK;

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "ImageConversion.h"
 #include "ListLines.h"
 #include "Paths.h"
 #include "Phases.h"
@@ -29,7 +28,7 @@ public:
     int Read(const QString &list);
 
 private:
-    int AddLine(const NarrowText &line, const QString &folder);
+    int AddLine(const NarrowText &line, PictureFile &picture);
     int AddEntry(const NarrowText &name, const PackFile &file, const QString &path);
 
     PackContext &context;
@@ -55,20 +54,27 @@ int ListReader::Read(const QString &list)
     if (!file.ReadTo(bytes.data()))
         return FailFile(env, file, PACK_FILE_READ);
     const QString folder = DirectoryOf(list);
-    for (ListLines lines(bytes); lines.Next();) {
-        if (const int code = context.After(AddLine(lines.Text(), folder), env.NarrowToWide(lines.Text())))
+    std::vector<NarrowText> lines;
+    std::vector<PictureFile::Request> requests;
+    for (ListLines line(bytes); line.Next();) {
+        const QString path = ResolvePath(env.NarrowToWide(line.Text()), folder);
+        lines.push_back(line.Text());
+        requests.push_back({path, convert && NeedImageConvert(path)});
+    }
+    PictureQueue pictures(context, std::move(requests));
+    for (auto line = lines.begin(); pictures.Next(); ++line) {
+        if (const int code = context.After(AddLine(*line, pictures.Current()), env.NarrowToWide(*line)))
             return code;
     }
     return PACK_OK;
 }
 
-int ListReader::AddLine(const NarrowText &line, const QString &folder)
+int ListReader::AddLine(const NarrowText &line, PictureFile &picture)
 {
     const QString wide = env.NarrowToWide(line);
-    const QString path = ResolvePath(wide, folder);
+    const QString &path = picture.Path();
     const NarrowText name =
         kind == ListKind::Preview ? "zep.preview_" + QByteArray::number(previews) : env.WideToNarrow(FileName(wide));
-    const PictureFile picture(context, path, convert && NeedImageConvert(path));
     if (!picture.IsThere()) {
         env.WriteOutput("\r\nResource file %s not exist, ignore...", qUtf8Printable(path));
         if (context.trial)

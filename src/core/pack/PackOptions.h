@@ -9,8 +9,9 @@ class Settings;
 struct PackOptions
 {
     bool once = false; ///< make the side file from the bytes of the section where they are the same by definition
-    int jobs = 1;      ///< converters that run at a time, 1 to 64
-    QString cache;     ///< a folder for converted pictures; empty: none
+    static constexpr int MOST_JOBS = 64;
+    int jobs = 1;  ///< image converters that run at a time, 1 to MOST_JOBS
+    QString cache; ///< a folder for converted pictures; empty: none. A relative path is relative to the project
     quint64 cacheLimit = quint64(1) << 30; ///< the most bytes that the files in `cache` have
     bool sorted = false;                   ///< the tables of the payload are in ascending order of their keys
 };

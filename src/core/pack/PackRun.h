@@ -18,6 +18,7 @@ struct PackRun
     QByteArray sideHost;        // the payload alone; empty in a mode without it
     PackTrial *trial = nullptr; // null in a pack
     PayloadBuffer memory{};     // holds the payloads of the run, one at a time
+    PictureConverters converters{document.env, info.options, scratch};
 
     [[nodiscard]] Environment &Env() const { return document.env; }
 };

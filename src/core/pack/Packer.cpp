@@ -97,8 +97,8 @@ int CheckSize(PackRun &run, const PackImage &image)
 int BuildPayload(PackRun &run, EntryPadding padding, quint64 base, QByteArrayView prefix, QByteArrayView &payload)
 {
     PackImage image(run.memory, padding);
-    PackContext context{
-        run.document, run.info, image, run.files, run.scratch, run.trial, DirectoryOf(run.document.PathName())};
+    PackContext context{run.document, run.info,       image,     run.files,
+                        run.scratch,  run.converters, run.trial, DirectoryOf(run.document.PathName())};
     if (const int code = ConstructResources(context))
         return code;
     if (run.guard.HasClash()) {

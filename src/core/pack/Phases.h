@@ -7,6 +7,7 @@
 #include "PackLog.h"
 #include "PackTrial.h"
 #include "Packer.h"
+#include "PictureConverters.h"
 #include "ResModel.h"
 #include "ScratchFolder.h"
 
@@ -18,6 +19,7 @@ struct PackContext
     PackImage &image;
     PackFiles &files;
     ScratchFolder &scratch;
+    PictureConverters &converters;
     PackTrial *trial;      ///< null in a pack
     QString projectFolder; ///< host path without a separator at its end
 

@@ -63,19 +63,24 @@ private:
     std::vector<char *> pointers;
 };
 
-/// The state in which the child starts: the three standard files, no other open files, and signals as a shell sets
-/// them.
+/// The state in which the child starts: its folder, the three standard files, no other open files, and signals as a
+/// shell sets them.
 class SpawnSettings
 {
 public:
-    SpawnSettings()
+    explicit SpawnSettings(const ToolStart &start)
     {
         posix_spawn_file_actions_init(&actions);
+        if (!start.folder.isEmpty())
+            posix_spawn_file_actions_addchdir_np(&actions, HostPath(start.folder).constData());
         posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
         posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        if (start.errorOutput >= 0)
+            posix_spawn_file_actions_adddup2(&actions, start.errorOutput, STDERR_FILENO);
         posix_spawn_file_actions_addclosefrom_np(&actions, STDERR_FILENO + 1);
         posix_spawnattr_init(&attributes);
-        posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
+        const int group = start.ownGroup ? POSIX_SPAWN_SETPGROUP : 0; // a new group, whose number is the child's
+        posix_spawnattr_setflags(&attributes, short(POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK | group));
         sigset_t signals;
         sigemptyset(&signals);
         posix_spawnattr_setsigmask(&attributes, &signals);
@@ -95,50 +100,6 @@ public:
     posix_spawnattr_t attributes;
 };
 
-/// Waits for the end of a child but leaves its status to be read, so that no other process can get its number.
-void WaitFor(pid_t child, const std::function<void()> &meanwhile)
-{
-    constexpr int PATIENCE_MS = 50;
-    const FileHandle watched(meanwhile ? int(syscall(SYS_pidfd_open, child, 0)) : -1);
-    pollfd ends{watched.Get(), POLLIN, 0};
-    for (int ended = 0; watched.IsOpen() && ended <= 0;) {
-        ended = poll(&ends, 1, PATIENCE_MS);
-        if (ended < 0 && errno != EINTR)
-            break;
-        if (ended == 0)
-            meanwhile();
-    }
-    siginfo_t info;
-    while (waitid(P_PID, id_t(child), &info, WEXITED | WNOWAIT) < 0 && errno == EINTR) {
-    }
-}
-
-/// Starts a program and waits for its end.
-ToolEnd Run(const Environment &env, const std::vector<char *> &arguments)
-{
-    const SpawnSettings settings;
-    ToolVariables variables(env);
-    pid_t child = -1;
-    SignalCleanup cleanup;
-    ToolEnd end;
-    {
-        const SignalHold hold;
-        end.startError = posix_spawn(&child, arguments.front(), &settings.actions, &settings.attributes,
-                                     arguments.data(), variables.All());
-        if (end.startError != 0)
-            return end;
-        cleanup = SignalCleanup::OfChild(child);
-    }
-    WaitFor(child, env.whileWaiting);
-    cleanup.Release();
-    int status = 0;
-    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
-    }
-    end.status = WIFEXITED(status) ? WEXITSTATUS(status) : 0;
-    end.signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
-    return end;
-}
-
 } // namespace
 
 QString ToolEnd::Text() const
@@ -150,17 +111,8 @@ QString ToolEnd::Text() const
     return status != 0 ? QStringLiteral("ended with status %1").arg(status) : QString();
 }
 
-int RunTool(Environment &env, const QStringList &commandLine, ToolEnd *end)
+RunningTool::RunningTool(Environment &env, const QStringList &commandLine, const ToolStart &start)
 {
-    ToolEnd unwanted;
-    ToolEnd &result = end ? *end : unwanted;
-    result = ToolEnd();
-    env.FlushOutput();
-    if (commandLine.isEmpty()) {
-        result.startError = ENOENT;
-        env.DebugTrace("CreateProcess failed (%d)\n", ENOENT);
-        return TOOL_NOT_STARTED;
-    }
     std::vector<QByteArray> words;
     for (const QString &word : commandLine)
         words.push_back(words.empty() ? HostPath(word) : word.toUtf8());
@@ -169,9 +121,105 @@ int RunTool(Environment &env, const QStringList &commandLine, ToolEnd *end)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
 
-    result = Run(env, arguments);
-    if (result.startError == 0)
-        return 0;
-    env.DebugTrace("CreateProcess failed (%d)\n", result.startError);
-    return TOOL_NOT_STARTED;
+    const SpawnSettings settings(start);
+    ToolVariables variables(env);
+    {
+        const SignalHold hold;
+        state.startError = words.empty() ? ENOENT
+                                         : posix_spawn(&child, arguments.front(), &settings.actions,
+                                                       &settings.attributes, arguments.data(), variables.All());
+        if (state.startError == 0)
+            cleanup = SignalCleanup::OfChild(child);
+    }
+    if (state.startError != 0) {
+        child = -1;
+        env.DebugTrace("CreateProcess failed (%d)\n", state.startError);
+    }
+}
+
+void RunningTool::End()
+{
+    if (!IsRunning())
+        return;
+    constexpr int PATIENCE_MS = 1000;
+    SignalCleanup::EndChild(child, SIGTERM);
+    pollfd ends{Handle(), POLLIN, 0};
+    if (!handle.IsOpen() || poll(&ends, 1, PATIENCE_MS) != 1)
+        SignalCleanup::EndChild(child, SIGKILL);
+    WaitForEnd();
+    TakeStatus();
+}
+
+bool RunningTool::IsRunning()
+{
+    siginfo_t info = {};
+    if (child > 0 && waitid(P_PID, id_t(child), &info, WEXITED | WNOWAIT | WNOHANG) == 0 && info.si_pid == 0)
+        return true;
+    TakeStatus();
+    return false;
+}
+
+int RunningTool::Handle()
+{
+    if (!handle.IsOpen())
+        handle = FileHandle(int(syscall(SYS_pidfd_open, child, 0)));
+    return handle.Get();
+}
+
+/// Leaves the status to be read, so that no other process can get the child's number.
+void RunningTool::WaitForEnd() const
+{
+    siginfo_t info;
+    while (waitid(P_PID, id_t(child), &info, WEXITED | WNOWAIT) < 0 && errno == EINTR) {
+    }
+}
+
+void RunningTool::TakeStatus()
+{
+    if (child <= 0)
+        return;
+    cleanup.Release();
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+    state.status = WIFEXITED(status) ? WEXITSTATUS(status) : 0;
+    state.signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+    child = -1;
+}
+
+const ToolEnd &RunningTool::Wait(const Environment &env)
+{
+    WaitForAny(env, {this});
+    TakeStatus();
+    return state;
+}
+
+void RunningTool::WaitForAny(const Environment &env, const std::vector<RunningTool *> &tools)
+{
+    constexpr int PATIENCE_MS = 50;
+    std::vector<pollfd> ends;
+    for (RunningTool *tool : tools) {
+        if (tool->child <= 0)
+            return;
+        if (tools.size() == 1 && !env.whileWaiting)
+            return tool->WaitForEnd(); // without making a handle
+        ends.push_back({tool->Handle(), POLLIN, 0});
+        if (!tool->handle.IsOpen())
+            return tool->WaitForEnd(); // a system without such handles
+    }
+    for (int ended = 0; ended == 0 || (ended < 0 && errno == EINTR);) {
+        ended = poll(ends.data(), ends.size(), env.whileWaiting ? PATIENCE_MS : -1);
+        if (ended == 0)
+            env.whileWaiting();
+    }
+}
+
+int RunTool(Environment &env, const QStringList &commandLine, ToolEnd *end)
+{
+    env.FlushOutput();
+    RunningTool tool(env, commandLine);
+    const ToolEnd &result = tool.Wait(env);
+    if (end)
+        *end = result;
+    return result.startError == 0 ? 0 : TOOL_NOT_STARTED;
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Text.h"
+#include "HostFiles.h"
+#include "SignalCleanup.h"
 
 #include <QStringList>
 
@@ -20,6 +21,44 @@ struct ToolEnd
     /// Returns what went wrong, as the end of a sentence whose subject is the tool: "ended with status 1". Empty when
     /// it ended with 0.
     [[nodiscard]] QString Text() const;
+};
+
+/// The surroundings of a tool that differ from those of this process.
+struct ToolStart
+{
+    QString folder;        ///< its current folder; empty: that of this process
+    int errorOutput = -1;  ///< the file that is its standard error; -1: that of this process
+    bool ownGroup = false; ///< it leads a process group, so that the processes that it starts are ended with it
+};
+
+/// An outside tool that runs at the same time as this program. What RunTool says of the tool's surroundings holds for
+/// it too. Main thread only.
+class RunningTool
+{
+public:
+    /// Starts a tool. One that can't be started has ended at once.
+    RunningTool(Environment &env, const QStringList &commandLine, const ToolStart &start = {});
+    ~RunningTool() { End(); }
+    RunningTool(const RunningTool &) = delete;
+    RunningTool &operator=(const RunningTool &) = delete;
+
+    /// Ends the tool if it still runs: SIGTERM, and SIGKILL after a second.
+    void End();
+    [[nodiscard]] bool IsRunning();
+    /// Waits for the tool's end without a time limit.
+    const ToolEnd &Wait(const Environment &env);
+    /// Waits until one of the tools has ended.
+    static void WaitForAny(const Environment &env, const std::vector<RunningTool *> &tools);
+
+private:
+    [[nodiscard]] int Handle();
+    void WaitForEnd() const;
+    void TakeStatus();
+
+    pid_t child = -1; // -1: the status is known
+    FileHandle handle;
+    SignalCleanup cleanup;
+    ToolEnd state;
 };
 
 /// Runs an outside tool and waits for its end without a time limit. The first word of the command line is the tool's

@@ -49,7 +49,7 @@ void WaitForEnd(pid_t child)
             return;
         poll(nullptr, 0, STEP_MS);
     }
-    kill(child, SIGKILL);
+    SignalCleanup::EndChild(child, SIGKILL);
     while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
     }
 }
@@ -77,7 +77,7 @@ void CleanUp()
 {
     for (const Entry *entry = first; entry; entry = entry->next) {
         if (entry->child > 0)
-            kill(entry->child, SIGTERM);
+            SignalCleanup::EndChild(entry->child, SIGTERM);
     }
     for (const Entry *entry = first; entry; entry = entry->next) {
         if (entry->child > 0)
@@ -119,6 +119,13 @@ QByteArray FromRoot(const QByteArray &path)
 }
 
 } // namespace
+
+void SignalCleanup::EndChild(pid_t child, int signal)
+{
+    // Only a child that leads a group has a group of its number.
+    if (kill(-child, signal) != 0)
+        kill(child, signal);
+}
 
 void SignalCleanup::Install()
 {

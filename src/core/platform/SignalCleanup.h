@@ -34,9 +34,13 @@ public:
     /// Registers a folder, which is removed with the files in it. If it contains folders, these and the folder itself
     /// stay.
     [[nodiscard]] static SignalCleanup OfFolder(const QByteArray &path);
-    /// Registers a child process, which is ended. Call Release before the call that takes the child's status (waitpid):
-    /// after that another process may get its number. `waitid` with WNOWAIT waits without taking the status.
+    /// Registers a child process, which is ended as EndChild does. Call Release before the call that takes the child's
+    /// status (waitpid): after that another process may get its number. `waitid` with WNOWAIT waits without taking the
+    /// status.
     [[nodiscard]] static SignalCleanup OfChild(pid_t child);
+
+    /// Sends a signal to a child process, and to its process group if it leads one.
+    static void EndChild(pid_t child, int signal);
 
     ~SignalCleanup() { Release(); }
     SignalCleanup(SignalCleanup &&other) noexcept;

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "JsonWriter.h"
+#include "PackOptions.h"
+#include "Paths.h"
+#include "PictureCache.h"
+#include "Session.h"
+#include "Subcommands.h"
+
+#include <cerrno>
+#include <cstring>
+
+namespace
+{
+
+class CacheSubcommand : public ISubcommand
+{
+public:
+    CLI::App *Add(CLI::App &app) override
+    {
+        CLI::App *subcommand =
+            app.add_subcommand("cache", "Show or delete the converted pictures that packs keep in a folder");
+        CLI::Option *statsFlag = subcommand->add_flag("--stats", stats, "Show the number of pictures and their bytes");
+        CLI::Option *clearFlag = subcommand->add_flag("--clear", clear, "Delete the pictures");
+        statsFlag->excludes(clearFlag);
+        subcommand->add_option("--cache", folder, "The folder (default: that of the settings)")->type_name("DIR");
+        subcommand->add_flag("--json", json, JSON_HELP);
+        return subcommand;
+    }
+
+    int Run(Session &session) override
+    {
+        const PackOptions options = PackOptionsOf(session.env.settings);
+        if (!stats && !clear) {
+            Complain(QStringLiteral("--stats or --clear is needed"));
+            return EXIT_WRONG_USE;
+        }
+        const QString path = folder.empty() ? options.cache : AbsolutePath(folder);
+        if (path.isEmpty() || IsRelativePath(path)) {
+            Complain(path.isEmpty() ? QStringLiteral("the settings name no cache (section Pack, key cache); --cache "
+                                                     "names its folder")
+                                    : QStringLiteral("the cache of the settings, %1, is in each project's folder; "
+                                                     "--cache names the folder")
+                                          .arg(path));
+            return EXIT_WRONG_USE;
+        }
+        PictureCache cache(HostPath(path), options.cacheLimit);
+        const PictureCache::Content content = clear ? cache.Clear() : cache.Count();
+        Print(session, path, content);
+        if (content.error == 0 || content.error == ENOENT) // nothing has been packed yet
+            return EXIT_FINE;
+        Complain(QStringLiteral("%1: %2").arg(path, QString::fromLocal8Bit(strerror(content.error))));
+        return EXIT_FAILED;
+    }
+
+private:
+    void Print(Session &session, const QString &path, const PictureCache::Content &content) const
+    {
+        if (!json) {
+            session.report.Write(QStringLiteral("%1: %2 pictures, %3 bytes%4\n")
+                                     .arg(path)
+                                     .arg(content.files)
+                                     .arg(content.bytes)
+                                     .arg(clear ? QStringLiteral(" deleted") : QString()));
+            return;
+        }
+        QByteArray text;
+        JsonWriter writer(text);
+        writer.BeginObject();
+        writer.Key("version");
+        writer.Number(1);
+        writer.Key("folder");
+        writer.String(path);
+        writer.Key(clear ? "deleted" : "pictures");
+        writer.Number(content.files);
+        writer.Key("bytes");
+        writer.Number(content.bytes);
+        writer.EndObject();
+        session.report.WriteBytes(text + '\n');
+    }
+
+    std::string folder;
+    bool stats = false;
+    bool clear = false;
+    bool json = false;
+};
+
+} // namespace
+
+std::unique_ptr<ISubcommand> MakeCacheSubcommand()
+{
+    return std::make_unique<CacheSubcommand>();
+}
