@@ -79,9 +79,10 @@ public:
             return EXIT_WRONG_USE;
         if (!Read(path, QString::fromStdString(file), a) || (diff && !Read(pathB, QString::fromStdString(fileB), b)))
             return EXIT_FAILED;
-        return session.StatusAfter(diff   ? Compare(session, a, b)
-                                   : size ? PrintSizes(session, a)
-                                          : Print(session, a, extractTo));
+        const int status = diff   ? Compare(session, a, b)
+                           : size ? PrintSizes(session, a)
+                                  : Print(session, a, extractTo);
+        return session.StatusAfter(IsWhole(file, a) && IsWhole(fileB, b) ? status : int(EXIT_FAILED));
     }
 
 private:
@@ -112,6 +113,15 @@ private:
         const QString wrong = InspectFile(path, inspected.result);
         if (!wrong.isEmpty())
             Complain(shown + QStringLiteral(": ") + wrong);
+        return wrong.isEmpty();
+    }
+
+    /// Returns false, with a message, if the file couldn't be read to its end.
+    static bool IsWhole(const std::string &shown, const InspectedFile &inspected)
+    {
+        const QString wrong = WhyCutShort(inspected.result);
+        if (!wrong.isEmpty())
+            Complain(QString::fromStdString(shown) + QStringLiteral(": ") + wrong);
         return wrong.isEmpty();
     }
 

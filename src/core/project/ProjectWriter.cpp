@@ -301,9 +301,10 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
     } else if (code == 0) {
         // A file with the name of a new layout file belongs to no resource, but may contain somebody's work.
         for (const auto &layouts : writer.writtenLayouts) {
-            if (layouts.file->path.isEmpty())
-                MoveToRecycleBin(layouts.absolute);
-            if (layouts.file->path.isEmpty() && PathExists(layouts.absolute))
+            if (!layouts.file->path.isEmpty() || files.IsUnchanged(layouts.absolute))
+                continue;
+            MoveToRecycleBin(layouts.absolute);
+            if (PathExists(layouts.absolute))
                 refused = layouts.absolute; // it couldn't be moved to the trash
         }
         if (!refused)
