@@ -12,23 +12,9 @@
 namespace
 {
 
-class IdsSubcommand : public ISubcommand
+class IdsSubcommand : public Subcommand<IdsArguments>
 {
 public:
-    CLI::App *Add(CLI::App &app) override
-    {
-        CLI::App *subcommand = app.add_subcommand("ids", "List a project's IDs and their numbers, sorted by name");
-        AddProject(*subcommand, project);
-        subcommand
-            ->add_option(
-                "--against", oldHeader,
-                "List what differs from the numbers of an earlier header; exit with 1 if one of its numbers has "
-                "changed or is gone")
-            ->type_name("FILE");
-        subcommand->add_flag("--json", json, JSON_HELP);
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         const QString path = AbsolutePath(project);
@@ -36,8 +22,7 @@ public:
         // Read before opening changes the current folder.
         if (!oldHeader.empty() && !ReadHeaderOfIds("--against", AbsolutePath(oldHeader), old))
             return EXIT_WRONG_USE;
-        const std::optional<NumberedProject> numbered =
-            OpenNumbered(session, path, QString::fromStdString(project));
+        const std::optional<NumberedProject> numbered = OpenNumbered(session, path, QString::fromStdString(project));
         if (!numbered)
             return EXIT_FAILED;
         const Environment &env = numbered->document->env;
@@ -152,15 +137,11 @@ private:
         }
         writer.EndObject();
     }
-
-    std::string project;
-    std::string oldHeader;
-    bool json = false;
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeIdsSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<IdsArguments>()
 {
     return std::make_unique<IdsSubcommand>();
 }

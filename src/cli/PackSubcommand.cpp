@@ -17,63 +17,9 @@
 namespace
 {
 
-class PackSubcommand : public ISubcommand
+class PackSubcommand : public Subcommand<PackArguments>
 {
 public:
-    CLI::App *Add(CLI::App &app) override
-    {
-        CLI::App *subcommand =
-            app.add_subcommand("pack", "Pack a project's resources into a copy of an application file");
-        AddProject(*subcommand, project);
-        subcommand->add_option("--input", input, "The application file; it isn't changed")
-            ->type_name("FILE")
-            ->required();
-        subcommand->add_option("--output", output, "The file to write (default: the input's name and \".pkd\")")
-            ->type_name("FILE");
-        subcommand->add_option("--resolution", resolution, "The screen size of the device, such as 240x320")
-            ->type_name("WxH")
-            ->required();
-        subcommand->add_option("--target", target, "The format of the application file; axf is ELF")
-            ->type_name("axf|dll")
-            ->required();
-        subcommand
-            ->add_option("--convert-images", convertImages,
-                         "Convert the pictures to the device's format unless N is 0 (default: 0)")
-            ->type_name("N");
-        subcommand->add_option("--ver", version, "The version number in the developer's log")->type_name("N");
-        CLI::Option *depfileOption = subcommand->add_option("--depfile", depfile, DEPFILE_HELP)->type_name("FILE");
-        CLI::Option *strictOption = subcommand->add_flag("--strict", strict, STRICT_HELP);
-        CLI::Option *tempOption =
-            subcommand->add_option("--temp", temp, "Write temporary files to DIR instead of beside the sources")
-                ->type_name("DIR");
-        CLI::Option *headersOption =
-            subcommand
-                ->add_option("--headers", headers,
-                             "The folder with the headers (default: the folder that a save writes them to)")
-                ->type_name("DIR");
-        CLI::Option *pseudoOption =
-            subcommand
-                ->add_option("--pseudo", pseudo,
-                             "Make the texts of this language from those of the source, to try out the application; "
-                             "the project isn't changed")
-                ->type_name("LANGUAGE");
-        CLI::Option *budgetOption =
-            subcommand
-                ->add_option(
-                    "--budget", budget,
-                    "Write nothing and exit with 1 if the resources have more bytes than this; K and M are units")
-                ->type_name("BYTES");
-        CLI::Option *dryRunOption = subcommand->add_flag(
-            "--dry-run", dryRun, "Write nothing, and print the sizes and everything that would make the pack fail");
-        dryRunOption->excludes(depfileOption);
-        CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
-        AddQuiet(*subcommand, quiet);
-        for (CLI::Option *option :
-             {depfileOption, strictOption, tempOption, headersOption, pseudoOption, budgetOption, dryRunOption})
-            remoteOption->excludes(option);
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         if (!HasRightWords())
@@ -195,28 +141,12 @@ private:
         return problem.isEmpty() ? EXIT_FINE : EXIT_FAILED;
     }
 
-    std::string project;
-    std::string input;
-    std::string output;
-    std::string resolution;
-    std::string target;
-    std::string depfile;
-    std::string temp;
-    std::string headers;
-    std::string pseudo;
-    int convertImages = 0;
-    int version = 0;
-    bool remote = false;
-    bool quiet = false;
-    bool strict = false;
-    bool dryRun = false;
-    std::string budget;
     quint64 budgetBytes = 0; // 0: none
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakePackSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<PackArguments>()
 {
     return std::make_unique<PackSubcommand>();
 }

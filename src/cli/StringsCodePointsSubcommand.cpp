@@ -6,19 +6,9 @@
 namespace
 {
 
-class StringsCodePointsSubcommand : public ISubcommand
+class StringsCodePointsSubcommand : public Subcommand<StringsCodePointsArguments>
 {
 public:
-    CLI::App *Add(CLI::App &strings) override
-    {
-        CLI::App *subcommand = strings.add_subcommand("codepoints", "List the characters that the texts use");
-        AddProject(*subcommand, project);
-        AddProjectLanguages(*subcommand, wanted);
-        AddChoice(*subcommand, "--format", format, "list|ranges|c",
-                  "The form of the list: one character a line, ranges, or a table in C (default: list)");
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         const CResDoc *const document = session.OpenQuietly(AbsolutePath(project));
@@ -40,15 +30,11 @@ private:
         session.report.WriteBytes(CodePointsText(points, form));
         return session.StatusAfter(EXIT_FINE);
     }
-
-    std::string project;
-    std::vector<std::string> wanted;
-    std::string format = "list";
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeStringsCodePointsSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsCodePointsArguments>()
 {
     return std::make_unique<StringsCodePointsSubcommand>();
 }

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "StringsSubcommands.h"
+#include "Subcommands.h"
+
+#include <CLI/CLI.hpp>
 
 namespace
 {
@@ -10,13 +12,7 @@ class StringsSubcommand : public ISubcommand
 public:
     CLI::App *Add(CLI::App &app) override
     {
-        CLI::App *subcommand =
-            app.add_subcommand("strings", "List, set, count, export or import the strings of a project");
-        subcommand->require_subcommand(1);
-        for (const auto make : {MakeStringsExportSubcommand, MakeStringsImportSubcommand, MakeStringsStatsSubcommand,
-                                MakeStringsCodePointsSubcommand, MakeStringsCatSubcommand, MakeStringsListSubcommand,
-                                MakeStringsSetSubcommand, MakeStringsAddLanguageSubcommand})
-            parts.push_back(make());
+        CLI::App *const subcommand = StringsArguments::AddGroup(app);
         for (const auto &part : parts)
             part->Add(*subcommand)->callback([this, &part] { chosen = part.get(); });
         return subcommand;
@@ -25,13 +21,13 @@ public:
     int Run(Session &session) override { return chosen->Run(session); }
 
 private:
-    std::vector<std::unique_ptr<ISubcommand>> parts;
+    std::vector<std::unique_ptr<ISubcommand>> parts = MakeSubcommands<StringsArguments::Parts>();
     ISubcommand *chosen = nullptr; // of the parts
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeStringsSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsArguments>()
 {
     return std::make_unique<StringsSubcommand>();
 }

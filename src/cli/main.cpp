@@ -1,8 +1,15 @@
 // SPDX-License-Identifier: MIT
-// The program itself. It is small, so that it starts quickly. Everything but the version is in libmorvanite-commands.so
-// beside it.
+// The program itself. It has the parser, so help and messages about wrong words need nothing else and come quickly.
+// What the commands do is in libmorvanite-commands.so beside it, with the libraries that it needs.
 
+#include "AllArguments.h"
+#include "CommandLineCompletion.h"
+#include "CommandLineParser.h"
+#include "Messages.h"
+
+#include <algorithm>
 #include <climits>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <dlfcn.h>
@@ -38,15 +45,48 @@ void FillClosedFiles()
     }
 }
 
+/// Whether the parser can be asked here. The library shows words of other characters, or refuses them.
+bool HasOnlyAscii(int argc, char **argv)
+{
+    const auto isAscii = [](const char *word) {
+        return std::all_of(word, word + strlen(word), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    };
+    return std::all_of(argv + 1, argv + argc, isAscii);
+}
+
+/// Prints the candidates for the last word. Returns nothing, and prints nothing, if the library has to list them.
+std::optional<int> Complete(const CLI::App &program, int argc, char **argv)
+{
+    bool isComplete = true;
+    CommandLineCompletion completion(program, [&isComplete](std::string_view, const auto &) {
+        isComplete = false;
+        return std::string();
+    });
+    const std::string candidates = completion.Candidates({argv + 2, argv + argc});
+    return isComplete ? std::optional(Print(candidates) ? 0 : 1) : std::nullopt;
+}
+
+/// Does what needs no library. Returns the exit status, or nothing if the library has to run.
+std::optional<int> RunAlone(int argc, char **argv)
+{
+    const std::string_view first = argc > 1 ? argv[1] : "";
+    if (!HasOnlyAscii(argc, argv) || first == DESCRIBE_WORD)
+        return std::nullopt;
+    AllArguments arguments;
+    CommandLineParser parser([&arguments](CLI::App &program) {
+        std::apply([&program](auto &...command) { (command.Add(program), ...); }, arguments);
+    });
+    return first == COMPLETE_WORD ? Complete(parser.Program(), argc, argv) : parser.Parse(argc, argv);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
     FillClosedFiles();
-    if (argc == 2 && (strcmp(argv[1], "--version") == 0 || strcmp(argv[1], "-V") == 0)) {
-        static constexpr char VERSION[] = "morvanite-cli " MORVANITE_VERSION "\n";
-        return write(STDOUT_FILENO, VERSION, sizeof VERSION - 1) < 0 ? 1 : 0;
-    }
+    std::signal(SIGPIPE, SIG_IGN);
+    if (const std::optional<int> status = RunAlone(argc, argv))
+        return *status;
     char path[PATH_MAX];
     void *const library = FindLibrary(path) ? dlopen(path, RTLD_LAZY | RTLD_LOCAL) : nullptr;
     void *const run = library ? dlsym(library, "MorvaniteRun") : nullptr;

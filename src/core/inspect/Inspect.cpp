@@ -142,9 +142,9 @@ QString InspectFile(const QString &path, InspectResult &result)
 
 QString WhyCutShort(const InspectResult &result)
 {
-    return result.file.IsCutShort()
-               ? QStringLiteral("it could not be read to its end; another program has cut it short meanwhile, or the disk has failed")
-               : QString();
+    return result.file.IsCutShort() ? QStringLiteral("it could not be read to its end; another program has cut it "
+                                                     "short meanwhile, or the disk has failed")
+                                    : QString();
 }
 
 QString InspectBytes(QByteArray bytes, InspectResult &result)

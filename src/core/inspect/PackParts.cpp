@@ -19,8 +19,7 @@ class PayloadSplitter
 public:
     PayloadSplitter(const Environment &environment, const InspectResult &result, std::vector<PackedPart> &to)
         : env(environment), payload(result.payload),
-          bytes(result.file.Bytes().sliced(qsizetype(result.payloadOffset), qsizetype(result.payloadSize))),
-          parts(to)
+          bytes(result.file.Bytes().sliced(qsizetype(result.payloadOffset), qsizetype(result.payloadSize))), parts(to)
     {
     }
 

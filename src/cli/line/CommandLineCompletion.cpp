@@ -2,16 +2,9 @@
 #include "CommandLineCompletion.h"
 
 #include "CommandLine.h"
-#include "Explanations.h"
-#include "KeptFiles.h"
-#include "LanguageTable.h"
-#include "Rules.h"
-#include "Session.h"
 
 namespace
 {
-
-using Values = std::map<std::string, std::string>;
 
 constexpr char WORDS[] = "words\n";
 
@@ -24,61 +17,6 @@ std::string Line(const std::string &candidate, const std::string &description)
 {
     return candidate + (description.empty() ? "" : "\t" + description) + '\n';
 }
-
-std::string ScreenSizes(Session &session, const Values &)
-{
-    std::string lines;
-    session.tables.LoadOnce(session.env);
-    const CResoTable &sizes = session.tables.resolutions;
-    for (int i = 0; i < sizes.Count(); ++i)
-        lines += Line(std::to_string(sizes.At(i).width) + 'x' + std::to_string(sizes.At(i).height), {});
-    return lines;
-}
-
-std::string KeptEntries(Session &, const Values &values)
-{
-    std::string lines;
-    const auto project = values.find("PROJECT");
-    if (project != values.end()) {
-        for (const KeptFiles::Entry &entry : KeptFiles(AbsolutePath(project->second)).Entries())
-            lines += Line(std::to_string(entry.number), entry.time.toString(Qt::ISODate).toStdString());
-    }
-    return lines;
-}
-
-std::string RuleIds(Session &, const Values &)
-{
-    std::string lines;
-    for (const Rule &rule : AllRules())
-        lines += Line(rule.id, rule.summary);
-    return lines;
-}
-
-std::string Codes(Session &, const Values &)
-{
-    std::string lines;
-    for (const Explanation &one : AllExplanations())
-        lines += Line(one.code.toStdString(), one.when.toStdString());
-    return lines;
-}
-
-std::string LanguageNames(Session &session, const Values &)
-{
-    std::string lines;
-    for (const KnownLanguage &known : KnownLanguages(session.env))
-        lines += Line(known.name.toStdString(), known.code.toStdString());
-    return lines;
-}
-
-/// The kinds of values whose candidates depend on the settings or the project.
-constexpr struct
-{
-    std::string_view kind;
-    std::string (*list)(Session &session, const Values &values);
-} SOURCES[] = {
-    {"resolution", ScreenSizes}, {"kept-entry", KeptEntries}, {"rule", RuleIds}, {"code", Codes},
-    {"language", LanguageNames},
-};
 
 } // namespace
 
@@ -149,13 +87,7 @@ std::string CommandLineCompletion::ListValues(const CLI::Option &option) const
     std::string lines = WORDS;
     for (const std::string &choice : CommandLine::ChoicesOf(placeholder))
         lines += Line(choice, {});
-    for (const auto &source : SOURCES) {
-        if (kind != source.kind)
-            continue;
-        const auto settings = walk.Values().find("settings");
-        const std::string folder = settings == walk.Values().end() ? std::string() : settings->second;
-        Session session(QString(), AbsolutePath(folder));
-        lines += source.list(session, walk.Values());
-    }
+    if (kind != "choice" && kind != "text")
+        lines += source(kind, walk.Values());
     return lines;
 }

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "SharedArguments.h"
+
+// The options and arguments of the commands that write and read packed files.
+
+/// The options and arguments of `pack`.
+struct PackArguments
+{
+    CLI::App *Add(CLI::App &app);
+
+    std::string project;
+    std::string input;
+    std::string output;
+    std::string resolution;
+    std::string target;
+    std::string depfile;
+    std::string temp;
+    std::string headers;
+    std::string pseudo;
+    int convertImages = 0;
+    int version = 0;
+    bool remote = false;
+    bool quiet = false;
+    bool strict = false;
+    bool dryRun = false;
+    std::string budget;
+};
+
+/// The options and arguments of `inspect`.
+struct InspectArguments
+{
+    CLI::App *Add(CLI::App &app);
+
+    std::string file;
+    std::string fileB;
+    std::string folder;
+    std::string idFile;
+    std::string idFileB;
+    std::string only;
+    bool json = false;
+    bool size = false;
+    bool diff = false;
+};

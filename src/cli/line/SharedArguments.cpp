@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#include "SharedArguments.h"
+
+#include "CommandLine.h"
+
+void AddProject(CLI::App &subcommand, std::string &project)
+{
+    subcommand.add_option("PROJECT", project, "The project's .vcproj file")->type_name("")->required();
+}
+
+void AddQuiet(CLI::App &subcommand, bool &isQuiet)
+{
+    subcommand.add_flag("-q,--quiet", isQuiet, "Print only the lines of errors and warnings");
+}
+
+void AddChoice(CLI::App &subcommand, const char *name, std::string &value, const char *choices, const char *help)
+{
+    // The placeholder has the choices, so the help needs no description of the check.
+    subcommand.add_option(name, value, help)
+        ->check(CLI::IsMember(CommandLine::ChoicesOf(choices)).description(""))
+        ->type_name(choices);
+}
