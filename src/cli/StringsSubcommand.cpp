@@ -10,18 +10,21 @@ namespace
 class StringsSubcommand : public ISubcommand
 {
 public:
-    CLI::App *Add(CLI::App &app) override
+    CLI::App *Add(CLI::App &app, const CommandWords &words) override
     {
         CLI::App *const subcommand = StringsArguments::AddGroup(app);
+        if (!words.Name(*subcommand))
+            return subcommand;
+        parts = MakeSubcommands<StringsArguments::Parts>();
         for (const auto &part : parts)
-            part->Add(*subcommand)->callback([this, &part] { chosen = part.get(); });
+            part->Add(*subcommand, words)->callback([this, &part] { chosen = part.get(); });
         return subcommand;
     }
 
     int Run(Session &session) override { return chosen->Run(session); }
 
 private:
-    std::vector<std::unique_ptr<ISubcommand>> parts = MakeSubcommands<StringsArguments::Parts>();
+    std::vector<std::unique_ptr<ISubcommand>> parts;
     ISubcommand *chosen = nullptr; // of the parts
 };
 

@@ -37,16 +37,16 @@ int Describe(const CLI::App &app)
 
 int ParseAndRun(int argc, char **argv)
 {
+    const CommandWords words(argc, argv);
     const std::vector<std::unique_ptr<ISubcommand>> subcommands = MakeSubcommands<AllArguments>();
     ISubcommand *chosen = nullptr;
     CommandLineParser parser([&](CLI::App &program) {
         for (const auto &subcommand : subcommands)
-            subcommand->Add(program)->callback([&chosen, &subcommand] { chosen = subcommand.get(); });
+            subcommand->Add(program, words)->callback([&chosen, &subcommand] { chosen = subcommand.get(); });
     });
-    const std::string_view first = argc > 1 ? argv[1] : "";
-    if (first == COMPLETE_WORD)
+    if (words.BeginWith(COMPLETE_WORD))
         return Complete(parser.Program(), argc, argv);
-    if (first == DESCRIBE_WORD)
+    if (words.BeginWith(DESCRIBE_WORD))
         return Describe(parser.Program());
 
     for (int i = 1; i < argc; ++i) {

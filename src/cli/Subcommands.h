@@ -12,8 +12,8 @@ class ISubcommand
 {
 public:
     virtual ~ISubcommand() = default;
-    /// Adds the subcommand and binds its options to this object.
-    virtual CLI::App *Add(CLI::App &app) = 0;
+    /// Adds the subcommand and, if the words name it, its options, which are bound to this object.
+    virtual CLI::App *Add(CLI::App &app, const CommandWords &words) = 0;
     /// Runs with the options of the command line. Returns the exit status.
     virtual int Run(Session &session) = 0;
 };
@@ -22,7 +22,7 @@ public:
 template <typename Arguments> class Subcommand : public ISubcommand, protected Arguments
 {
 public:
-    CLI::App *Add(CLI::App &app) final { return Arguments::Add(app); }
+    CLI::App *Add(CLI::App &app, const CommandWords &words) final { return Arguments::Add(app, words); }
 };
 
 /// Makes the subcommand that has these arguments. Each has a specialization.

@@ -7,7 +7,6 @@
 #include "CommandLineParser.h"
 #include "Messages.h"
 
-#include <algorithm>
 #include <climits>
 #include <csignal>
 #include <cstdio>
@@ -48,10 +47,12 @@ void FillClosedFiles()
 /// Whether the parser can be asked here. The library shows words of other characters, or refuses them.
 bool HasOnlyAscii(int argc, char **argv)
 {
-    const auto isAscii = [](const char *word) {
-        return std::all_of(word, word + strlen(word), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-    };
-    return std::all_of(argv + 1, argv + argc, isAscii);
+    bool isAscii = true;
+    for (int i = 1; i < argc; ++i) {
+        for (const char *c = argv[i]; *c; ++c)
+            isAscii = isAscii && static_cast<unsigned char>(*c) < 0x80;
+    }
+    return isAscii;
 }
 
 /// Prints the candidates for the last word. Returns nothing, and prints nothing, if the library has to list them.
@@ -69,14 +70,15 @@ std::optional<int> Complete(const CLI::App &program, int argc, char **argv)
 /// Does what needs no library. Returns the exit status, or nothing if the library has to run.
 std::optional<int> RunAlone(int argc, char **argv)
 {
-    const std::string_view first = argc > 1 ? argv[1] : "";
-    if (!HasOnlyAscii(argc, argv) || first == DESCRIBE_WORD)
+    const CommandWords words(argc, argv);
+    if (!HasOnlyAscii(argc, argv) || words.BeginWith(DESCRIBE_WORD))
         return std::nullopt;
-    AllArguments arguments;
-    CommandLineParser parser([&arguments](CLI::App &program) {
-        std::apply([&program](auto &...command) { (command.Add(program), ...); }, arguments);
+    // Static, so that a program that ends with _exit doesn't destroy them, which would take a fifth of its time.
+    static AllArguments arguments;
+    static CommandLineParser parser([&](CLI::App &program) {
+        std::apply([&](auto &...command) { (command.Add(program, words), ...); }, arguments);
     });
-    return first == COMPLETE_WORD ? Complete(parser.Program(), argc, argv) : parser.Parse(argc, argv);
+    return words.BeginWith(COMPLETE_WORD) ? Complete(parser.Program(), argc, argv) : parser.Parse(argc, argv);
 }
 
 } // namespace
@@ -86,7 +88,7 @@ int main(int argc, char **argv)
     FillClosedFiles();
     std::signal(SIGPIPE, SIG_IGN);
     if (const std::optional<int> status = RunAlone(argc, argv))
-        return *status;
+        _exit(*status); // everything is written
     char path[PATH_MAX];
     void *const library = FindLibrary(path) ? dlopen(path, RTLD_LAZY | RTLD_LOCAL) : nullptr;
     void *const run = library ? dlsym(library, "MorvaniteRun") : nullptr;

@@ -3,9 +3,11 @@
 
 #include <CLI/CLI.hpp>
 
-CLI::App *CheckArguments::Add(CLI::App &app)
+CLI::App *CheckArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *subcommand = app.add_subcommand("check", "Check a project for faults in its texts, files and layouts");
+    if (!words.Name(*subcommand))
+        return subcommand;
     CLI::Option *projectOption =
         subcommand->add_option("PROJECT", project, "The project's .vcproj file")->type_name("");
     AddChoice(*subcommand, "--format", format, "text|json|sarif", "The form of the findings (default: text)");
@@ -31,9 +33,11 @@ CLI::App *CheckArguments::Add(CLI::App &app)
     return subcommand;
 }
 
-CLI::App *ExplainArguments::Add(CLI::App &app)
+CLI::App *ExplainArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *subcommand = app.add_subcommand("explain", "Explain an error code or a rule of the check, or list all");
+    if (!words.Name(*subcommand))
+        return subcommand;
     subcommand->add_option("CODE", code, "The number of an error, the code of a finding, or a rule")->type_name("");
     return subcommand;
 }

@@ -8,7 +8,7 @@
 /// The options and arguments of `check`.
 struct CheckArguments
 {
-    CLI::App *Add(CLI::App &app);
+    CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
     std::string format = "text";
@@ -26,7 +26,7 @@ struct CheckArguments
 /// The options and arguments of `explain`.
 struct ExplainArguments
 {
-    CLI::App *Add(CLI::App &app);
+    CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string code;
 };

@@ -12,10 +12,6 @@ namespace CLI
 class App;
 } // namespace CLI
 
-/// The words that the help doesn't show, for the build and for the completion of a shell. Each must be the first word.
-inline constexpr char DESCRIBE_WORD[] = "--describe";
-inline constexpr char COMPLETE_WORD[] = "--complete";
-
 /// Parses the command line of morvanite-cli. Has the options of the program and the command `help`; the other commands
 /// are added to it.
 class CommandLineParser

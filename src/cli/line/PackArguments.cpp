@@ -3,9 +3,11 @@
 
 #include <CLI/CLI.hpp>
 
-CLI::App *PackArguments::Add(CLI::App &app)
+CLI::App *PackArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *subcommand = app.add_subcommand("pack", "Pack a project's resources into a copy of an application file");
+    if (!words.Name(*subcommand))
+        return subcommand;
     AddProject(*subcommand, project);
     subcommand->add_option("--input", input, "The application file; it isn't changed")->type_name("FILE")->required();
     subcommand->add_option("--output", output, "The file to write (default: the input's name and \".pkd\")")
@@ -53,9 +55,11 @@ CLI::App *PackArguments::Add(CLI::App &app)
     return subcommand;
 }
 
-CLI::App *InspectArguments::Add(CLI::App &app)
+CLI::App *InspectArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *subcommand = app.add_subcommand("inspect", "Show the contents of a packed file, or compare two");
+    if (!words.Name(*subcommand))
+        return subcommand;
     subcommand->add_option("FILE", file, "A packed application, a side file or a DLL-side file")
         ->type_name("")
         ->required();

@@ -8,7 +8,7 @@
 /// The options and arguments of `pack`.
 struct PackArguments
 {
-    CLI::App *Add(CLI::App &app);
+    CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
     std::string input;
@@ -31,7 +31,7 @@ struct PackArguments
 /// The options and arguments of `inspect`.
 struct InspectArguments
 {
-    CLI::App *Add(CLI::App &app);
+    CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string file;
     std::string fileB;

@@ -3,9 +3,11 @@
 
 #include <CLI/CLI.hpp>
 
-CLI::App *InitArguments::Add(CLI::App &app)
+CLI::App *InitArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *subcommand = app.add_subcommand("init", "Make the files of a new project in a folder");
+    if (!words.Name(*subcommand))
+        return subcommand;
     subcommand->add_option("DIR", folder, "The folder; it is made if it doesn't exist")->type_name("")->required();
     subcommand->add_option("--name", name, "The project's name (default: the name of the folder)")
         ->type_name("NAME")
@@ -25,9 +27,11 @@ CLI::App *InitArguments::Add(CLI::App &app)
     return subcommand;
 }
 
-CLI::App *AddArguments::Add(CLI::App &app)
+CLI::App *AddArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *subcommand = app.add_subcommand("add", "Add files to a project and save it");
+    if (!words.Name(*subcommand))
+        return subcommand;
     AddProject(*subcommand, project);
     subcommand->add_option("FILE", files, "A picture, a sound, a video or another file")->type_name("")->required();
     subcommand->add_option("--resolution", resolution, "The screen of the pictures (default: all screens)")
@@ -41,9 +45,11 @@ CLI::App *AddArguments::Add(CLI::App &app)
     return subcommand;
 }
 
-CLI::App *LoadArguments::Add(CLI::App &app)
+CLI::App *LoadArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *subcommand = app.add_subcommand("load", "Open a project and report its errors");
+    if (!words.Name(*subcommand))
+        return subcommand;
     AddProject(*subcommand, project);
     CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
     AddQuiet(*subcommand, quiet);
@@ -51,9 +57,11 @@ CLI::App *LoadArguments::Add(CLI::App &app)
     return subcommand;
 }
 
-CLI::App *SaveArguments::Add(CLI::App &app)
+CLI::App *SaveArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *subcommand = app.add_subcommand("save", "Number a project's IDs and save its headers and files");
+    if (!words.Name(*subcommand))
+        return subcommand;
     AddProject(*subcommand, project);
     CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
     AddQuiet(*subcommand, quiet);
@@ -61,10 +69,12 @@ CLI::App *SaveArguments::Add(CLI::App &app)
     return subcommand;
 }
 
-CLI::App *HeadersArguments::Add(CLI::App &app)
+CLI::App *HeadersArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *subcommand =
         app.add_subcommand("headers", "Write a project's headers to a folder without changing the project");
+    if (!words.Name(*subcommand))
+        return subcommand;
     AddProject(*subcommand, project);
     CLI::Option *outputOption =
         subcommand->add_option("--output", folder, "Write the headers to DIR, which is created if necessary")
@@ -80,9 +90,11 @@ CLI::App *HeadersArguments::Add(CLI::App &app)
     return subcommand;
 }
 
-CLI::App *IdsArguments::Add(CLI::App &app)
+CLI::App *IdsArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *subcommand = app.add_subcommand("ids", "List a project's IDs and their numbers, sorted by name");
+    if (!words.Name(*subcommand))
+        return subcommand;
     AddProject(*subcommand, project);
     subcommand
         ->add_option("--against", oldHeader,
@@ -93,18 +105,22 @@ CLI::App *IdsArguments::Add(CLI::App &app)
     return subcommand;
 }
 
-CLI::App *LayoutsArguments::Add(CLI::App &app)
+CLI::App *LayoutsArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *subcommand = app.add_subcommand("layouts", "List a project's layouts and their components");
+    if (!words.Name(*subcommand))
+        return subcommand;
     AddProject(*subcommand, project);
     subcommand->add_flag("--json", json, JSON_HELP);
     subcommand->add_flag("--check", check, "List the errors in the layouts instead");
     return subcommand;
 }
 
-CLI::App *KeptArguments::Add(CLI::App &app)
+CLI::App *KeptArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *subcommand = app.add_subcommand("kept", "List or restore the copies of files that saves replaced");
+    if (!words.Name(*subcommand))
+        return subcommand;
     AddProject(*subcommand, project);
     subcommand->add_option("--restore", number, "Restore the files of an entry, and keep the files that they replace")
         ->type_name("ENTRY")
@@ -112,7 +128,7 @@ CLI::App *KeptArguments::Add(CLI::App &app)
     return subcommand;
 }
 
-CLI::App *ResolutionsArguments::Add(CLI::App &app)
+CLI::App *ResolutionsArguments::Add(CLI::App &app, const CommandWords &words)
 {
     return app.add_subcommand("resolutions", "List the screen sizes of the settings");
 }

@@ -8,7 +8,7 @@
 /// The options and arguments of `init`.
 struct InitArguments
 {
-    CLI::App *Add(CLI::App &app);
+    CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string folder;
     std::string name;
@@ -23,7 +23,7 @@ struct InitArguments
 /// The options and arguments of `add`.
 struct AddArguments
 {
-    CLI::App *Add(CLI::App &app);
+    CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
     std::vector<std::string> files;
@@ -38,7 +38,7 @@ struct AddArguments
 /// The options and arguments of `load`.
 struct LoadArguments
 {
-    CLI::App *Add(CLI::App &app);
+    CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
     bool remote = false;
@@ -49,7 +49,7 @@ struct LoadArguments
 /// The options and arguments of `save`.
 struct SaveArguments
 {
-    CLI::App *Add(CLI::App &app);
+    CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
     bool remote = false;
@@ -60,7 +60,7 @@ struct SaveArguments
 /// The options and arguments of `headers`.
 struct HeadersArguments
 {
-    CLI::App *Add(CLI::App &app);
+    CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
     std::string folder;
@@ -72,7 +72,7 @@ struct HeadersArguments
 /// The options and arguments of `ids`.
 struct IdsArguments
 {
-    CLI::App *Add(CLI::App &app);
+    CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
     std::string oldHeader;
@@ -82,7 +82,7 @@ struct IdsArguments
 /// The options and arguments of `layouts`.
 struct LayoutsArguments
 {
-    CLI::App *Add(CLI::App &app);
+    CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
     bool json = false;
@@ -92,7 +92,7 @@ struct LayoutsArguments
 /// The options and arguments of `kept`.
 struct KeptArguments
 {
-    CLI::App *Add(CLI::App &app);
+    CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
     int number = 0;
@@ -101,5 +101,5 @@ struct KeptArguments
 /// The options and arguments of `resolutions`.
 struct ResolutionsArguments
 {
-    CLI::App *Add(CLI::App &app);
+    CLI::App *Add(CLI::App &app, const CommandWords &words);
 };

@@ -3,6 +3,14 @@
 
 #include "CommandLine.h"
 
+bool CommandWords::Name(const CLI::App &command) const
+{
+    bool isNamed = BeginWith(DESCRIBE_WORD);
+    for (int i = 1; i < count; ++i)
+        isNamed = isNamed || command.get_name() == words[i];
+    return isNamed;
+}
+
 void AddProject(CLI::App &subcommand, std::string &project)
 {
     subcommand.add_option("PROJECT", project, "The project's .vcproj file")->type_name("")->required();

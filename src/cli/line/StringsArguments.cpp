@@ -17,10 +17,12 @@ void AddProjectLanguages(CLI::App &subcommand, std::vector<std::string> &wanted)
 
 } // namespace
 
-CLI::App *StringsExportArguments::Add(CLI::App &strings)
+CLI::App *StringsExportArguments::Add(CLI::App &strings, const CommandWords &words)
 {
     CLI::App *const subcommand = strings.add_subcommand(
         "export", "Write the string table to a workbook (.xls, .xlsx or .csv) or to translation files (.po, .xlf)");
+    if (!words.Name(*subcommand))
+        return subcommand;
     AddProject(*subcommand, project);
     subcommand
         ->add_option(
@@ -43,10 +45,12 @@ CLI::App *StringsExportArguments::Add(CLI::App &strings)
     return subcommand;
 }
 
-CLI::App *StringsImportArguments::Add(CLI::App &strings)
+CLI::App *StringsImportArguments::Add(CLI::App &strings, const CommandWords &words)
 {
     CLI::App *const subcommand = strings.add_subcommand(
         "import", "Fill the string table from a workbook, or from translation files, and save the project");
+    if (!words.Name(*subcommand))
+        return subcommand;
     AddProject(*subcommand, project);
     subcommand->add_option("FILE", names, "A workbook or translation files; the extension selects the format")
         ->type_name("")
@@ -71,17 +75,21 @@ CLI::App *StringsImportArguments::Add(CLI::App &strings)
     return subcommand;
 }
 
-CLI::App *StringsStatsArguments::Add(CLI::App &strings)
+CLI::App *StringsStatsArguments::Add(CLI::App &strings, const CommandWords &words)
 {
     CLI::App *subcommand = strings.add_subcommand("stats", "Count the texts of each language");
+    if (!words.Name(*subcommand))
+        return subcommand;
     AddProject(*subcommand, project);
     subcommand->add_flag("--json", json, JSON_HELP);
     return subcommand;
 }
 
-CLI::App *StringsCodePointsArguments::Add(CLI::App &strings)
+CLI::App *StringsCodePointsArguments::Add(CLI::App &strings, const CommandWords &words)
 {
     CLI::App *subcommand = strings.add_subcommand("codepoints", "List the characters that the texts use");
+    if (!words.Name(*subcommand))
+        return subcommand;
     AddProject(*subcommand, project);
     AddProjectLanguages(*subcommand, wanted);
     AddChoice(*subcommand, "--format", format, "list|ranges|c",
@@ -89,16 +97,20 @@ CLI::App *StringsCodePointsArguments::Add(CLI::App &strings)
     return subcommand;
 }
 
-CLI::App *StringsCatArguments::Add(CLI::App &strings)
+CLI::App *StringsCatArguments::Add(CLI::App &strings, const CommandWords &words)
 {
     CLI::App *subcommand = strings.add_subcommand("cat", "Print a string file as UTF-8, for git");
+    if (!words.Name(*subcommand))
+        return subcommand;
     subcommand->add_option("FILE", file, "The string file")->type_name("")->required();
     return subcommand;
 }
 
-CLI::App *StringsListArguments::Add(CLI::App &strings)
+CLI::App *StringsListArguments::Add(CLI::App &strings, const CommandWords &words)
 {
     CLI::App *subcommand = strings.add_subcommand("list", "List the texts of a project");
+    if (!words.Name(*subcommand))
+        return subcommand;
     AddProject(*subcommand, project);
     AddProjectLanguages(*subcommand, wanted);
     subcommand->add_flag("--missing", onlyMissing, "Only the texts that are missing");
@@ -106,9 +118,11 @@ CLI::App *StringsListArguments::Add(CLI::App &strings)
     return subcommand;
 }
 
-CLI::App *StringsSetArguments::Add(CLI::App &strings)
+CLI::App *StringsSetArguments::Add(CLI::App &strings, const CommandWords &words)
 {
     CLI::App *subcommand = strings.add_subcommand("set", "Set texts of a string and save the project");
+    if (!words.Name(*subcommand))
+        return subcommand;
     AddProject(*subcommand, project);
     subcommand->add_option("ID", id, "The string's ID; it is made if it doesn't exist")->type_name("")->required();
     subcommand->add_option("TEXT", texts, "The text; one for each --language, in the same order")
@@ -122,9 +136,11 @@ CLI::App *StringsSetArguments::Add(CLI::App &strings)
     return subcommand;
 }
 
-CLI::App *StringsAddLanguageArguments::Add(CLI::App &strings)
+CLI::App *StringsAddLanguageArguments::Add(CLI::App &strings, const CommandWords &words)
 {
     CLI::App *subcommand = strings.add_subcommand("add-language", "Add languages to a project and save it");
+    if (!words.Name(*subcommand))
+        return subcommand;
     AddProject(*subcommand, project);
     subcommand->add_option("LANGUAGE", languages, "A language, by name, number or code")->type_name("")->required();
     subcommand->add_flag("--dry-run", dryRun, SAVE_DRY_RUN_HELP);
@@ -133,14 +149,16 @@ CLI::App *StringsAddLanguageArguments::Add(CLI::App &strings)
 
 CLI::App *StringsArguments::AddGroup(CLI::App &app)
 {
-    CLI::App *subcommand = app.add_subcommand("strings", "List, set, count, export or import the strings of a project");
+    CLI::App *const subcommand =
+        app.add_subcommand("strings", "List, set, count, export or import the strings of a project");
     subcommand->require_subcommand(1);
     return subcommand;
 }
 
-CLI::App *StringsArguments::Add(CLI::App &app)
+CLI::App *StringsArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *const subcommand = AddGroup(app);
-    std::apply([subcommand](auto &...part) { (part.Add(*subcommand), ...); }, parts);
+    if (words.Name(*subcommand))
+        std::apply([&](auto &...part) { (part.Add(*subcommand, words), ...); }, parts);
     return subcommand;
 }

@@ -10,7 +10,7 @@
 /// The options and arguments of `strings export`.
 struct StringsExportArguments
 {
-    CLI::App *Add(CLI::App &strings);
+    CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
     std::string file;
@@ -23,7 +23,7 @@ struct StringsExportArguments
 /// The options and arguments of `strings import`.
 struct StringsImportArguments
 {
-    CLI::App *Add(CLI::App &strings);
+    CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
     std::vector<std::string> names;
@@ -43,7 +43,7 @@ struct StringsImportArguments
 /// The options and arguments of `strings stats`.
 struct StringsStatsArguments
 {
-    CLI::App *Add(CLI::App &strings);
+    CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
     bool json = false;
@@ -52,7 +52,7 @@ struct StringsStatsArguments
 /// The options and arguments of `strings codepoints`.
 struct StringsCodePointsArguments
 {
-    CLI::App *Add(CLI::App &strings);
+    CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
     std::vector<std::string> wanted;
@@ -62,7 +62,7 @@ struct StringsCodePointsArguments
 /// The options and arguments of `strings cat`.
 struct StringsCatArguments
 {
-    CLI::App *Add(CLI::App &strings);
+    CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string file;
 };
@@ -70,7 +70,7 @@ struct StringsCatArguments
 /// The options and arguments of `strings list`.
 struct StringsListArguments
 {
-    CLI::App *Add(CLI::App &strings);
+    CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
     std::vector<std::string> wanted;
@@ -81,7 +81,7 @@ struct StringsListArguments
 /// The options and arguments of `strings set`.
 struct StringsSetArguments
 {
-    CLI::App *Add(CLI::App &strings);
+    CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
     std::string id;
@@ -93,7 +93,7 @@ struct StringsSetArguments
 /// The options and arguments of `strings add-language`.
 struct StringsAddLanguageArguments
 {
-    CLI::App *Add(CLI::App &strings);
+    CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
     std::vector<std::string> languages;
@@ -107,9 +107,9 @@ struct StringsArguments
         std::tuple<StringsExportArguments, StringsImportArguments, StringsStatsArguments, StringsCodePointsArguments,
                    StringsCatArguments, StringsListArguments, StringsSetArguments, StringsAddLanguageArguments>;
 
-    /// Adds `strings` alone, for the caller to add the parts.
+    /// Adds `strings` alone; the caller adds the parts.
     static CLI::App *AddGroup(CLI::App &app);
-    CLI::App *Add(CLI::App &app);
+    CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     Parts parts;
 };

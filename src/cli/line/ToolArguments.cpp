@@ -3,10 +3,12 @@
 
 #include <CLI/CLI.hpp>
 
-CLI::App *MergeArguments::Add(CLI::App &app)
+CLI::App *MergeArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *subcommand =
         app.add_subcommand("merge", "Merge two versions of a string file or of a resource list, for git");
+    if (!words.Name(*subcommand))
+        return subcommand;
     const char *const helps[] = {"The version that both sides have changed; may be empty",
                                  "The version to merge into, which is replaced", "The other version"};
     const char *const names[] = {"BASE", "OURS", "THEIRS"};
@@ -18,9 +20,11 @@ CLI::App *MergeArguments::Add(CLI::App &app)
     return subcommand;
 }
 
-CLI::App *GitArguments::Add(CLI::App &app)
+CLI::App *GitArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *subcommand = app.add_subcommand("git", "Let git merge string files and resource lists and show changes");
+    if (!words.Name(*subcommand))
+        return subcommand;
     subcommand->require_subcommand(1);
     CLI::App *install = subcommand->add_subcommand("install", "Tell git which commands merge and show the files");
     install->callback([this] { isInstall = true; });
@@ -29,9 +33,11 @@ CLI::App *GitArguments::Add(CLI::App &app)
     return subcommand;
 }
 
-CLI::App *ServeArguments::Add(CLI::App &app)
+CLI::App *ServeArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *subcommand = app.add_subcommand("serve", "Run the commands of IDEs without a window, until SIGTERM");
+    if (!words.Name(*subcommand))
+        return subcommand;
     subcommand
         ->add_option("--idle-close", idleMinutes,
                      "Close an unchanged project after so many minutes without a command; 0: never")

@@ -10,7 +10,7 @@
 /// The options and arguments of `merge`.
 struct MergeArguments
 {
-    CLI::App *Add(CLI::App &app);
+    CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::array<std::string, 3> paths; ///< BASE, OURS and THEIRS
     std::string name;
@@ -20,7 +20,7 @@ struct MergeArguments
 /// The options and arguments of `git`.
 struct GitArguments
 {
-    CLI::App *Add(CLI::App &app);
+    CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     bool isInstall = false; ///< `git install`, otherwise `git status`
     bool isGlobal = false;
@@ -29,7 +29,7 @@ struct GitArguments
 /// The options and arguments of `serve`.
 struct ServeArguments
 {
-    CLI::App *Add(CLI::App &app);
+    CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     static constexpr int MOST_MINUTES = 7 * 24 * 60; // in milliseconds they fit into the timeout of poll
     int idleMinutes = 30;
