@@ -78,7 +78,7 @@ QStringList FileTransaction::Replaced() const
 bool FileTransaction::IsUnchanged(const QString &absolute) const
 {
     return std::any_of(staged.begin(), staged.end(), [&](const Staged &item) {
-        return item.file.IsSame() && ResolvePath(item.path, CurrentFolder()) == absolute;
+        return item.file.IsSame() && IsSamePath(ResolvePath(item.path, CurrentFolder()), absolute);
     });
 }
 
