@@ -104,11 +104,12 @@ private:
 
     void PutFiles(const CResFolder &folder, const char *tag)
     {
-        for (const CBaseRes *res : folder.resources) {
-            TiXmlElement element(tag);
-            element.SetAttribute("id", ToXml(env, res->Id()->name).constData());
-            element.SetAttribute("type", res->Id()->push ? "Push" : "Normal");
-            Put(element, ToXml(env, static_cast<const CFileRes *>(res)->path));
+        const QByteArray name(tag);
+        for (const CBaseRes *res : folder.resources) { // nearly all of a large list, so without the parser's elements
+            list.BeginElement(name);
+            list.Attribute("id", ToXml(env, res->Id()->name));
+            list.Attribute("type", res->Id()->push ? "Push" : "Normal");
+            list.EndWithText(ToXml(env, static_cast<const CFileRes *>(res)->path));
         }
     }
 
