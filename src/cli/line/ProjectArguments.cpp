@@ -128,7 +128,7 @@ CLI::App *KeptArguments::Add(CLI::App &app, const CommandWords &words)
     return subcommand;
 }
 
-CLI::App *ResolutionsArguments::Add(CLI::App &app, const CommandWords &words)
+CLI::App *ResolutionsArguments::Add(CLI::App &app, const CommandWords & /*words*/)
 {
     return app.add_subcommand("resolutions", "List the screen sizes of the settings");
 }
