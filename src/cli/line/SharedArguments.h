@@ -31,9 +31,9 @@ private:
     const char *const *words;
 };
 
-// What the arguments of several commands have in common. The structures of the commands, such as LoadArguments, have the
-// values of their options and arguments. Their `Add` adds the command to the parser and, if the words name it, binds its
-// options to the object, which must stay where it is until the words are parsed.
+// What the arguments of several commands have in common. The structures of the commands, such as LoadArguments, have
+// the values of their options and arguments. Their `Add` adds the command to the parser and, if the words name it,
+// binds its options to the object, which must stay where it is until the words are parsed.
 
 inline constexpr char DEPFILE_HELP[] = "Write the list of files read, for make or ninja";
 inline constexpr char JSON_HELP[] = "Print JSON";
