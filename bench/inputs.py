@@ -47,6 +47,14 @@ def files(folder, count, size, seed):
     return elements, paths
 
 
+def side_file(path, size):
+    """Makes a side file of `size` bytes, most of which are the zeros of one item."""
+    directory = b'zep-2.0\0' + struct.pack('<II', 28, 16) + bytes(12)
+    with open(path, 'wb') as out:
+        out.write(directory + struct.pack('<4I', 1, 44, 0xFFFFFFFF, size))
+        out.truncate(size)
+
+
 def resource_elements(count):
     """Returns the elements of `count` resources, half of them files and half images. Their files don't exist."""
     kinds = (('FILE', 'bin'), ('IMAGE', 'png'))

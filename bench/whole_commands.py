@@ -29,10 +29,11 @@ RCC = '/usr/lib/qt6/libexec/rcc'
 class Run:
     """One command line, or several that run in turn and count as one."""
 
-    def __init__(self, *commands, prepare=None, source='/dev/null'):
+    def __init__(self, *commands, prepare=None, source='/dev/null', status=0):
         self.commands = commands
         self.prepare = prepare
         self.source = source  # the file that is their standard input
+        self.status = status
 
     def once(self):
         """Returns seconds of wall time and KiB of the largest process."""
@@ -48,7 +49,7 @@ class Run:
             _, status, usage = os.wait4(pid, 0)
             seconds += time.perf_counter() - start
             memory = max(memory, usage.ru_maxrss)
-            if status != 0:
+            if os.waitstatus_to_exitcode(status) != self.status:
                 sys.exit('failed: %s' % ' '.join(command))
         return seconds, memory
 
@@ -299,8 +300,16 @@ class Suite:
         parse = [os.path.join(self.peers, 'peer_tinyxml'), listing]
         self.table.compare('load 99,999 resources; TinyXML', Run([self.cli, 'load', project]), Run(parse), 1.8, 1.4,
                            ('memory; TinyXML', None, 1.5, 1.2))
-        self.table.compare('save 99,999 resources; TinyXML and sort -u', Run([self.cli, 'save', project]),
+        save = Run([self.cli, 'save', project])
+        self.table.compare('save 99,999 resources; TinyXML and sort -u', save,
                            Run(parse, ['sort', '-u', names, '-o', names + '.sorted']), 3.0, 2.0)
+        self.table.compare('unchanged save of 99,999 resources; load', save, Run([self.cli, 'load', project]), 1.3, 1.1)
+
+    def inspect(self):
+        packed = os.path.join(self.folder('inspect'), 'app.res')
+        inputs.side_file(packed, 1 << 30)
+        self.table.compare('inspect 1 GB; head -c 64K', Run([self.cli, 'inspect', packed]),
+                           Run(['head', '-c', '64K', packed]), 4.0, 2.0)
 
     def window(self):
         """Times the start until the window is painted, and a project's extra time compared with only loading it."""
@@ -316,8 +325,13 @@ class Suite:
                               Run([self.cli, 'load', project]), 1.2)
 
     def starts(self):
-        self.table.compare('morvanite-cli --version; hello in C++', Run([self.cli, '--version']),
-                           Run([os.path.join(self.peers, 'peer_hello')]), 2.3, 1.5)
+        hello = Run([os.path.join(self.peers, 'peer_hello')])
+        for words, status in (('--version', 0), ('--help', 0), ('pack --help', 0), ('chek', 2), ('pack --inptu', 2)):
+            self.table.compare('morvanite-cli %s; hello in C++' % words, Run([self.cli, *words.split()], status=status),
+                               hello, 1.0, 0.7)
+        project = inputs.project(self.folder('tiny'), [])
+        self.table.compare('load a tiny project; an empty QtCore program', Run([self.cli, 'load', project]),
+                           Run([os.path.join(self.peers, 'peer_qtcore')]), 1.4, 1.1)
         folder = self.folder('one')
         _, paths = inputs.images(folder, 1, 1, 1)
         target = os.path.join(folder, 'converted')
@@ -327,7 +341,7 @@ class Suite:
 
 
 SUITE = ('large_elf', 'many_small', 'medium', 'strings', 'device', 'check', 'merge', 'workbooks', 'translations', 'images',
-         'cold_images', 'rebuild', 'resources', 'window', 'starts')
+         'cold_images', 'rebuild', 'resources', 'inspect', 'window', 'starts')
 
 
 def main():

@@ -15,24 +15,9 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-class AddSubcommand : public ISubcommand
+class AddSubcommand : public Subcommand<AddArguments>
 {
 public:
-    CLI::App *Add(CLI::App &app) override
-    {
-        CLI::App *subcommand = app.add_subcommand("add", "Add files to a project and save it");
-        AddProject(*subcommand, project);
-        subcommand->add_option("FILE", files, "A picture, a sound, a video or another file")->type_name("")->required();
-        subcommand->add_option("--resolution", resolution, "The screen of the pictures (default: all screens)")
-            ->type_name("WxH");
-        idOption =
-            subcommand->add_option("--id", id, "The ID of a single file (default: from its name)")->type_name("ID");
-        subcommand->add_flag("--push", isPush, "Give the files IDs of the type Push");
-        subcommand->add_flag("--copy", canCopy, "Copy files that are outside of the project's folder into it");
-        subcommand->add_flag("--dry-run", dryRun, SAVE_DRY_RUN_HELP);
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         if (!HasRightWords(session))
@@ -75,7 +60,7 @@ private:
             Complain(u"--id is for a single file"_s);
             return false;
         }
-        if (*idOption && !IsValidIdName(QString::fromStdString(id))) {
+        if (hasId && !IsValidIdName(QString::fromStdString(id))) {
             Complain(u"--id %1: an ID has 1 to 64 letters, digits and \"_\", and doesn't begin with a digit"_s.arg(
                 QString::fromStdString(id)));
             return false;
@@ -186,15 +171,6 @@ private:
         return nullptr;
     }
 
-    std::string project;
-    std::vector<std::string> files;
-    std::string resolution;
-    std::string id;
-    CLI::Option *idOption = nullptr;
-    bool isPush = false;
-    bool canCopy = false;
-    bool dryRun = false;
-
     std::optional<ScreenSize> screen;
     NewFiles copies;
     QString lines;
@@ -204,7 +180,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeAddSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<AddArguments>()
 {
     return std::make_unique<AddSubcommand>();
 }

@@ -12,21 +12,9 @@
 namespace
 {
 
-class CacheSubcommand : public ISubcommand
+class CacheSubcommand : public Subcommand<CacheArguments>
 {
 public:
-    CLI::App *Add(CLI::App &app) override
-    {
-        CLI::App *subcommand =
-            app.add_subcommand("cache", "Show or delete the converted pictures that packs keep in a folder");
-        CLI::Option *statsFlag = subcommand->add_flag("--stats", stats, "Show the number of pictures and their bytes");
-        CLI::Option *clearFlag = subcommand->add_flag("--clear", clear, "Delete the pictures");
-        statsFlag->excludes(clearFlag);
-        subcommand->add_option("--cache", folder, "The folder (default: that of the settings)")->type_name("DIR");
-        subcommand->add_flag("--json", json, JSON_HELP);
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         const PackOptions options = PackOptionsOf(session.env.settings);
@@ -56,11 +44,15 @@ private:
     void Print(Session &session, const QString &path, const PictureCache::Content &content) const
     {
         if (!json) {
-            session.report.Write(QStringLiteral("%1: %2 pictures, %3 bytes%4\n")
+            const QString line = QStringLiteral("%1: %2 pictures, %3 bytes%4\n")
                                      .arg(path)
                                      .arg(content.files)
                                      .arg(content.bytes)
-                                     .arg(clear ? QStringLiteral(" deleted") : QString()));
+                                     .arg(clear ? QStringLiteral(" deleted") : QString());
+            if (clear)
+                session.report.Write(line);
+            else
+                session.report.Print(line);
             return;
         }
         QByteArray text;
@@ -77,16 +69,11 @@ private:
         writer.EndObject();
         session.report.WriteBytes(text + '\n');
     }
-
-    std::string folder;
-    bool stats = false;
-    bool clear = false;
-    bool json = false;
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeCacheSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<CacheArguments>()
 {
     return std::make_unique<CacheSubcommand>();
 }

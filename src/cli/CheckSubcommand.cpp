@@ -25,42 +25,9 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-class CheckSubcommand : public ISubcommand
+class CheckSubcommand : public Subcommand<CheckArguments>
 {
 public:
-    CLI::App *Add(CLI::App &app) override
-    {
-        CLI::App *subcommand =
-            app.add_subcommand("check", "Check a project for faults in its texts, files and layouts");
-        CLI::Option *projectOption =
-            subcommand->add_option("PROJECT", project, "The project's .vcproj file")->type_name("");
-        AddChoice(*subcommand, "--format", format, "text|json|sarif", "The form of the findings (default: text)");
-        subcommand
-            ->add_option("-o,--output", output, "Write the findings to FILE (\"-\": to standard output, the default)")
-            ->type_name("FILE");
-        AddChoice(*subcommand, "--fail-on", failOn, "error|warning|note|never",
-                  "Exit with 1 if there is a finding of this level or above (default: error)");
-        subcommand->add_option("--rule", rules, "Run only this rule; can be repeated")
-            ->type_name("RULE")
-            ->allow_extra_args(false);
-        subcommand->add_option("--resolution", resolutions, "Check only this screen, such as 240x320; can be repeated")
-            ->type_name("WxH")
-            ->allow_extra_args(false);
-        subcommand->add_option("--header", header, "A header of an earlier version, to find IDs with other numbers")
-            ->type_name("FILE");
-        subcommand->add_option("--baseline", baseline, "Leave out the findings that this file accepts")
-            ->type_name("FILE");
-        subcommand
-            ->add_option("--write-baseline", newBaseline,
-                         "Write a baseline that accepts all present findings (\"-\": to standard output)")
-            ->type_name("FILE");
-        subcommand->add_flag("--summary", summary, "Count missing translations for each language");
-        CLI::Option *explainOption =
-            subcommand->add_option("--explain", explain, "Explain a rule, or all of them (\"all\")")->type_name("RULE");
-        projectOption->excludes(explainOption);
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         if (!explain.empty())
@@ -251,18 +218,6 @@ private:
         return isKnown ? EXIT_FINE : EXIT_WRONG_USE;
     }
 
-    std::string project;
-    std::string format = "text";
-    std::string output;
-    std::string failOn = "error";
-    std::vector<std::string> rules;
-    std::vector<std::string> resolutions;
-    std::string header;
-    std::string baseline;
-    std::string newBaseline;
-    std::string explain;
-    bool summary = false;
-
     QString folder;
     QString baselinePath;
     QString newBaselinePath;
@@ -272,7 +227,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeCheckSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<CheckArguments>()
 {
     return std::make_unique<CheckSubcommand>();
 }

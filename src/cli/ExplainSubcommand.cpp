@@ -10,17 +10,9 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-class ExplainSubcommand : public ISubcommand
+class ExplainSubcommand : public Subcommand<ExplainArguments>
 {
 public:
-    CLI::App *Add(CLI::App &app) override
-    {
-        CLI::App *subcommand =
-            app.add_subcommand("explain", "Explain an error code or a rule of the check, or list all");
-        subcommand->add_option("CODE", code, "The number of an error, the code of a finding, or a rule")->type_name("");
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         if (code.empty()) {
@@ -49,13 +41,11 @@ private:
             lines += one.code.leftJustified(width) + u"  "_s + one.when + u'\n';
         return lines;
     }
-
-    std::string code;
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeExplainSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<ExplainArguments>()
 {
     return std::make_unique<ExplainSubcommand>();
 }

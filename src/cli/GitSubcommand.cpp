@@ -76,23 +76,12 @@ QString ListFault(Attributes &of)
     return of["text"] == "unset" ? QString() : u"-text is missing"_s;
 }
 
-class GitSubcommand : public ISubcommand
+class GitSubcommand : public Subcommand<GitArguments>
 {
 public:
-    CLI::App *Add(CLI::App &app) override
-    {
-        CLI::App *subcommand =
-            app.add_subcommand("git", "Let git merge string files and resource lists and show changes");
-        subcommand->require_subcommand(1);
-        install = subcommand->add_subcommand("install", "Tell git which commands merge and show the files");
-        install->add_flag("--global", isGlobal, "For all repositories of the user, not only for this clone");
-        subcommand->add_subcommand("status", "Show what git still lacks to merge the files; exit with 1 if anything");
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
-        if (*install)
+        if (isInstall)
             return Install(session);
         const bool hasSettings = CheckSettings(session);
         const bool hasAttributes = CheckAttributes(session);
@@ -175,14 +164,11 @@ private:
         }
         return isComplete;
     }
-
-    CLI::App *install = nullptr;
-    bool isGlobal = false;
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeGitSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<GitArguments>()
 {
     return std::make_unique<GitSubcommand>();
 }

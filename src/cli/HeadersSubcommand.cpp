@@ -12,29 +12,9 @@
 namespace
 {
 
-class HeadersSubcommand : public ISubcommand
+class HeadersSubcommand : public Subcommand<HeadersArguments>
 {
 public:
-    CLI::App *Add(CLI::App &app) override
-    {
-        CLI::App *subcommand =
-            app.add_subcommand("headers", "Write a project's headers to a folder without changing the project");
-        AddProject(*subcommand, project);
-        CLI::Option *outputOption =
-            subcommand->add_option("--output", folder, "Write the headers to DIR, which is created if necessary")
-                ->type_name("DIR");
-        CLI::Option *listOption =
-            subcommand->add_flag("--list", isList, "Only list the names of the headers that the settings determine");
-        listOption->excludes(outputOption);
-        CLI::Option *depfileOption = subcommand->add_option("--depfile", depfile, DEPFILE_HELP)->type_name("FILE");
-        subcommand
-            ->add_option("--depfile-target", depfileTarget,
-                         "The target in the depfile (default: the header of the IDs)")
-            ->type_name("NAME")
-            ->needs(depfileOption);
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         const QString path = AbsolutePath(project);
@@ -93,17 +73,11 @@ private:
             Complain(problem);
         return problem.isEmpty() ? EXIT_FINE : EXIT_FAILED;
     }
-
-    std::string project;
-    std::string folder;
-    std::string depfile;
-    std::string depfileTarget;
-    bool isList = false;
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeHeadersSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<HeadersArguments>()
 {
     return std::make_unique<HeadersSubcommand>();
 }

@@ -9,21 +9,22 @@
 #include "Session.h"
 #include "SortedIds.h"
 
-CResDoc *OpenNumbered(Session &session, const QString &path, const QString &shown)
+std::optional<NumberedProject> OpenNumbered(Session &session, const QString &path, const QString &shown)
 {
     CResDoc *const document = session.OpenQuietly(path);
     if (!document)
-        return nullptr;
+        return std::nullopt;
     const QStringList missing = MissingLayouts(*document);
     for (const QString &reason : missing)
         Complain(reason);
     if (!missing.isEmpty())
-        return nullptr; // without these IDs the others would get other numbers
-    if (document->GenerateIds(nullptr) != 0) {
+        return std::nullopt; // without these IDs the others would get other numbers
+    NumberedProject numbered{document, SortedIds(document->ids)};
+    if (FillSorted(document->env, numbered.sorted) != 0) {
         Complain(shown + QStringLiteral(": more IDs of one kind than there are numbers"));
-        return nullptr;
+        return std::nullopt;
     }
-    return document;
+    return numbered;
 }
 
 bool ReadHeaderOfIds(const char *option, const QString &path, IdNumbers &numbers)
@@ -51,12 +52,12 @@ std::optional<PackNames> NamesOfIds(Session &session, const char *option, const 
             names.Add(entry.number, session.env.NarrowToWide(entry.name));
         return names;
     }
-    CResDoc *const document = OpenNumbered(session, path, path);
-    if (!document)
+    const std::optional<NumberedProject> numbered = OpenNumbered(session, path, path);
+    if (!numbered)
         return std::nullopt;
-    for (const QString &reason : LeftOutLayouts(*document))
+    for (const QString &reason : LeftOutLayouts(*numbered->document))
         Complain(reason + QStringLiteral("; the IDs are numbered without it"));
-    for (const IDRecord *record : SortedIds(document->ids))
-        names.Add(record->value, document->env.NarrowToWide(record->name));
+    for (const IDRecord *record : numbered->sorted)
+        names.Add(record->value, numbered->document->env.NarrowToWide(record->name));
     return names;
 }

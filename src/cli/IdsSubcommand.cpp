@@ -5,29 +5,16 @@
 #include "JsonWriter.h"
 #include "ProjectLayouts.h"
 #include "Session.h"
-#include "SortedIds.h"
 #include "Subcommands.h"
+
+#include <charconv>
 
 namespace
 {
 
-class IdsSubcommand : public ISubcommand
+class IdsSubcommand : public Subcommand<IdsArguments>
 {
 public:
-    CLI::App *Add(CLI::App &app) override
-    {
-        CLI::App *subcommand = app.add_subcommand("ids", "List a project's IDs and their numbers, sorted by name");
-        AddProject(*subcommand, project);
-        subcommand
-            ->add_option(
-                "--against", oldHeader,
-                "List what differs from the numbers of an earlier header; exit with 1 if one of its numbers has "
-                "changed or is gone")
-            ->type_name("FILE");
-        subcommand->add_flag("--json", json, JSON_HELP);
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         const QString path = AbsolutePath(project);
@@ -35,45 +22,58 @@ public:
         // Read before opening changes the current folder.
         if (!oldHeader.empty() && !ReadHeaderOfIds("--against", AbsolutePath(oldHeader), old))
             return EXIT_WRONG_USE;
-        CResDoc *document = OpenNumbered(session, path, QString::fromStdString(project));
-        if (!document)
+        const std::optional<NumberedProject> numbered = OpenNumbered(session, path, QString::fromStdString(project));
+        if (!numbered)
             return EXIT_FAILED;
-        const std::vector<IDRecord *> sorted = SortedIds(document->ids);
+        const Environment &env = numbered->document->env;
         int status = EXIT_FINE;
         if (oldHeader.empty()) {
-            session.report.WriteBytes(List(*document, sorted));
+            session.report.WriteBytes(json ? ListJson(env, numbered->sorted) : ListText(env, numbered->sorted));
         } else {
-            const IdComparison compared = CompareIds(old, sorted);
-            session.report.WriteBytes(json ? ComparisonJson(document->env, compared)
-                                           : ComparisonText(document->env, compared));
+            const IdComparison compared = CompareIds(old, numbered->sorted);
+            session.report.WriteBytes(json ? ComparisonJson(env, compared) : ComparisonText(env, compared));
             status = compared.IsSame() ? EXIT_FINE : EXIT_FAILED;
         }
-        const QStringList leftOut = LeftOutLayouts(*document);
+        const QStringList leftOut = LeftOutLayouts(*numbered->document);
         for (const QString &reason : leftOut)
             Complain(reason + QStringLiteral("; the IDs are numbered without it"));
         return session.StatusAfter(leftOut.isEmpty() ? status : EXIT_FAILED);
     }
 
 private:
-    [[nodiscard]] QByteArray List(const CResDoc &document, const std::vector<IDRecord *> &sorted) const
+    /// Calls `work` with each name once, and its number.
+    static void ForEachName(const Environment &env, const std::vector<IDRecord *> &sorted, const auto &work)
+    {
+        const IDRecord *last = nullptr;
+        for (const IDRecord *record : sorted) {
+            if (!last || last->name != record->name)
+                work(env.Shown(record->name), record->value);
+            last = record;
+        }
+    }
+
+    static QByteArray ListText(const Environment &env, const std::vector<IDRecord *> &sorted)
+    {
+        constexpr qsizetype USUAL_LINE = 32; // bytes
+        QByteArray bytes;
+        bytes.reserve(qsizetype(sorted.size()) * USUAL_LINE);
+        ForEachName(env, sorted, [&bytes](const QByteArray &name, quint32 number) {
+            char digits[16];
+            bytes.append(name).append('\t');
+            bytes.append(digits, std::to_chars(digits, std::end(digits), number).ptr - digits);
+            bytes.append('\n');
+        });
+        return bytes;
+    }
+
+    static QByteArray ListJson(const Environment &env, const std::vector<IDRecord *> &sorted)
     {
         QByteArray bytes;
         JsonWriter writer(bytes);
-        if (json)
-            BeginList(writer, "ids");
-        const IDRecord *last = nullptr;
-        for (const IDRecord *record : sorted) {
-            if (last && last->name == record->name)
-                continue;
-            last = record;
-            const QByteArray name = document.env.Shown(record->name);
-            if (json)
-                WriteId(writer, name, {{"number", record->value}});
-            else
-                bytes += name + '\t' + QByteArray::number(record->value) + '\n';
-        }
-        if (!json)
-            return bytes;
+        BeginList(writer, "ids");
+        ForEachName(env, sorted, [&writer](const QByteArray &name, quint32 number) {
+            WriteId(writer, name, {{"number", number}});
+        });
         writer.EndArray();
         writer.EndObject();
         return bytes + '\n';
@@ -137,15 +137,11 @@ private:
         }
         writer.EndObject();
     }
-
-    std::string project;
-    std::string oldHeader;
-    bool json = false;
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeIdsSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<IdsArguments>()
 {
     return std::make_unique<IdsSubcommand>();
 }

@@ -22,35 +22,14 @@ QString ShellWord(const QString &text)
     return isPlain && !text.isEmpty() ? text : u'\'' + QString(text).replace(u'\'', u"'\\''"_s) + u'\'';
 }
 
-class InitSubcommand : public ISubcommand
+class InitSubcommand : public Subcommand<InitArguments>
 {
 public:
-    CLI::App *Add(CLI::App &app) override
-    {
-        CLI::App *subcommand = app.add_subcommand("init", "Make the files of a new project in a folder");
-        subcommand->add_option("DIR", folder, "The folder; it is made if it doesn't exist")->type_name("")->required();
-        nameOption = subcommand->add_option("--name", name, "The project's name (default: the name of the folder)")
-                         ->type_name("NAME");
-        subcommand->add_option("--resolution", resolutions, "A screen, such as 240x320; can be repeated")
-            ->type_name("WxH")
-            ->allow_extra_args(false)
-            ->required();
-        subcommand->add_option("--language", languages, "A language, by name, number or code; can be repeated")
-            ->type_name("LANGUAGE")
-            ->allow_extra_args(false)
-            ->required();
-        AddChoice(*subcommand, "--git", git, "safe|text|none",
-                  "The string file in git: unchanged bytes, text, or no files for git (default: safe)");
-        subcommand->add_flag("--cmake", hasBuild, "Also make a small application and its build with CMake");
-        subcommand->add_flag("--dry-run", dryRun, "Make nothing; show what would be made");
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         NewProjectChoice choice;
         choice.folder = AbsolutePath(folder);
-        choice.name = *nameOption ? QString::fromStdString(name) : FileName(choice.folder);
+        choice.name = hasName ? QString::fromStdString(name) : FileName(choice.folder);
         choice.git = git == "text" ? GitForm::Text : git == "none" ? GitForm::None : GitForm::Safe;
         choice.hasBuild = hasBuild;
         if (!HasRightWords(session, choice))
@@ -80,7 +59,7 @@ private:
     [[nodiscard]] bool HasRightWords(Session &session, NewProjectChoice &choice) const
     {
         if (const QString why = WhyNotProjectName(choice.name, choice.hasBuild); !why.isEmpty()) {
-            Complain(why + (*nameOption ? QString() : u"; choose one with --name"_s));
+            Complain(why + (hasName ? QString() : u"; choose one with --name"_s));
             return false;
         }
         session.tables.LoadOnce(session.env);
@@ -147,20 +126,11 @@ private:
                      u"morvanite-cli save "_s + project};
         session.report.Write(u"\nNext:\n  "_s + next.join(u"\n  "_s) + u'\n');
     }
-
-    std::string folder;
-    std::string name;
-    CLI::Option *nameOption = nullptr;
-    std::vector<std::string> resolutions;
-    std::vector<std::string> languages;
-    std::string git = "safe";
-    bool hasBuild = false;
-    bool dryRun = false;
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeInitSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<InitArguments>()
 {
     return std::make_unique<InitSubcommand>();
 }

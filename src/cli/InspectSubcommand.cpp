@@ -19,39 +19,9 @@ struct InspectedFile
     std::optional<PackSelection> selection;
 };
 
-class InspectSubcommand : public ISubcommand
+class InspectSubcommand : public Subcommand<InspectArguments>
 {
 public:
-    CLI::App *Add(CLI::App &app) override
-    {
-        CLI::App *subcommand = app.add_subcommand("inspect", "Show the contents of a packed file, or compare two");
-        subcommand->add_option("FILE", file, "A packed application, a side file or a DLL-side file")
-            ->type_name("")
-            ->required();
-        CLI::Option *other =
-            subcommand->add_option("FILE_B", fileB, "With --diff: the file to compare with")->type_name("");
-        subcommand->add_flag("--json", json, JSON_HELP);
-        CLI::Option *extract =
-            subcommand->add_option("--extract", folder, "Write each entry, item and language to its own file in DIR")
-                ->type_name("DIR");
-        subcommand->add_option("--ids", idFile, "Show the names of IDs, from a generated header or a .vcproj file")
-            ->type_name("FILE");
-        CLI::Option *sizeFlag =
-            subcommand->add_flag("--size", size, "List the parts of the payload by size, with their shares");
-        subcommand
-            ->add_option("--only", only, "Only this item (by number or name), entry (by name) or language (language:N)")
-            ->type_name("PART");
-        CLI::Option *diffFlag = subcommand->add_flag(
-            "--diff", diff,
-            "List what differs between FILE and FILE_B; exit with 1 if anything does, otherwise with 0");
-        subcommand->add_option("--ids-b", idFileB, "The same as --ids for FILE_B, if its IDs have other numbers")
-            ->type_name("FILE")
-            ->needs(diffFlag);
-        diffFlag->excludes(extract)->excludes(sizeFlag);
-        other->needs(diffFlag);
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         if (diff && fileB.empty()) {
@@ -79,9 +49,8 @@ public:
             return EXIT_WRONG_USE;
         if (!Read(path, QString::fromStdString(file), a) || (diff && !Read(pathB, QString::fromStdString(fileB), b)))
             return EXIT_FAILED;
-        return session.StatusAfter(diff   ? Compare(session, a, b)
-                                   : size ? PrintSizes(session, a)
-                                          : Print(session, a, extractTo));
+        const int status = diff ? Compare(session, a, b) : size ? PrintSizes(session, a) : Print(session, a, extractTo);
+        return session.StatusAfter(IsWhole(file, a) && IsWhole(fileB, b) ? status : int(EXIT_FAILED));
     }
 
 private:
@@ -112,6 +81,15 @@ private:
         const QString wrong = InspectFile(path, inspected.result);
         if (!wrong.isEmpty())
             Complain(shown + QStringLiteral(": ") + wrong);
+        return wrong.isEmpty();
+    }
+
+    /// Returns false, with a message, if the file couldn't be read to its end.
+    static bool IsWhole(const std::string &shown, const InspectedFile &inspected)
+    {
+        const QString wrong = WhyCutShort(inspected.result);
+        if (!wrong.isEmpty())
+            Complain(QString::fromStdString(shown) + QStringLiteral(": ") + wrong);
         return wrong.isEmpty();
     }
 
@@ -187,21 +165,11 @@ private:
             WriteListing(session, DiffText(compared));
         return (a.selection ? selected.rows : rows).empty() ? EXIT_FINE : EXIT_FAILED;
     }
-
-    std::string file;
-    std::string fileB;
-    std::string folder;
-    std::string idFile;
-    std::string idFileB;
-    std::string only;
-    bool json = false;
-    bool size = false;
-    bool diff = false;
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeInspectSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<InspectArguments>()
 {
     return std::make_unique<InspectSubcommand>();
 }

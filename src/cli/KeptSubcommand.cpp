@@ -7,20 +7,9 @@
 namespace
 {
 
-class KeptSubcommand : public ISubcommand
+class KeptSubcommand : public Subcommand<KeptArguments>
 {
 public:
-    CLI::App *Add(CLI::App &app) override
-    {
-        CLI::App *subcommand = app.add_subcommand("kept", "List or restore the copies of files that saves replaced");
-        AddProject(*subcommand, project);
-        subcommand
-            ->add_option("--restore", number, "Restore the files of an entry, and keep the files that they replace")
-            ->type_name("ENTRY")
-            ->check(CLI::PositiveNumber);
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         const QString path = AbsolutePath(project);
@@ -56,14 +45,11 @@ private:
         Complain(problem);
         return EXIT_FAILED;
     }
-
-    std::string project;
-    int number = 0;
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeKeptSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<KeptArguments>()
 {
     return std::make_unique<KeptSubcommand>();
 }

@@ -10,18 +10,9 @@
 namespace
 {
 
-class LayoutsSubcommand : public ISubcommand
+class LayoutsSubcommand : public Subcommand<LayoutsArguments>
 {
 public:
-    CLI::App *Add(CLI::App &app) override
-    {
-        CLI::App *subcommand = app.add_subcommand("layouts", "List a project's layouts and their components");
-        AddProject(*subcommand, project);
-        subcommand->add_flag("--json", json, JSON_HELP);
-        subcommand->add_flag("--check", check, "List the errors in the layouts instead");
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         const QString path = AbsolutePath(project);
@@ -103,15 +94,11 @@ private:
         writer.EndObject();
         return bytes + '\n';
     }
-
-    std::string project;
-    bool json = false;
-    bool check = false;
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeLayoutsSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<LayoutsArguments>()
 {
     return std::make_unique<LayoutsSubcommand>();
 }

@@ -7,18 +7,9 @@
 namespace
 {
 
-class LoadSubcommand : public ISubcommand
+class LoadSubcommand : public Subcommand<LoadArguments>
 {
 public:
-    CLI::App *Add(CLI::App &app) override
-    {
-        CLI::App *subcommand = app.add_subcommand("load", "Open a project and report its errors");
-        AddProject(*subcommand, project);
-        CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
-        subcommand->add_flag("--strict", strict, STRICT_HELP)->excludes(remoteOption);
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         const CommandRecord record{AbsolutePath(project)};
@@ -30,16 +21,11 @@ public:
         auto *const document = static_cast<CResDoc *>(session.documents.FindDocument(record.projectPath));
         return TellOfOpening(session, record.projectPath, document, strict) ? session.LastStatus() : int(EXIT_FAILED);
     }
-
-private:
-    std::string project;
-    bool remote = false;
-    bool strict = false;
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeLoadSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<LoadArguments>()
 {
     return std::make_unique<LoadSubcommand>();
 }

@@ -8,24 +8,9 @@
 namespace
 {
 
-class MergeSubcommand : public ISubcommand
+class MergeSubcommand : public Subcommand<MergeArguments>
 {
 public:
-    CLI::App *Add(CLI::App &app) override
-    {
-        CLI::App *subcommand =
-            app.add_subcommand("merge", "Merge two versions of a string file or of a resource list, for git");
-        const char *const helps[] = {"The version that both sides have changed; may be empty",
-                                     "The version to merge into, which is replaced", "The other version"};
-        const char *const names[] = {"BASE", "OURS", "THEIRS"};
-        for (size_t side = BASE; side < MERGE_SIDES; ++side)
-            subcommand->add_option(names[side], paths[side], helps[side])->type_name("")->required();
-        subcommand->add_option("--path", name, "The name of the file in messages")->type_name("FILE");
-        AddChoice(*subcommand, "--conflicts", conflicts, "mark|base",
-                  "Mark conflicts in the file, or leave there what BASE has (default: mark)");
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         std::array<QByteArray, MERGE_SIDES> files;
@@ -65,15 +50,11 @@ private:
         Complain(why);
         return EXIT_NOT_MERGED;
     }
-
-    std::array<std::string, MERGE_SIDES> paths;
-    std::string name;
-    std::string conflicts = "mark";
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeMergeSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<MergeArguments>()
 {
     return std::make_unique<MergeSubcommand>();
 }

@@ -4,9 +4,6 @@
 #include "OpeningCheck.h"
 #include "Session.h"
 
-/// The help text of the option --strict.
-inline constexpr char STRICT_HELP[] = "Write nothing and exit with 1 if the project isn't complete";
-
 /// Writes to standard error what is wrong with a project that was just opened, with files and lines. `doc` is null if
 /// it didn't open. With `strict` it writes everything, and returns true if the command may continue. Without it, it
 /// only writes what the report of the opening has no line for, and always returns true.

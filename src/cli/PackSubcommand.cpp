@@ -17,68 +17,9 @@
 namespace
 {
 
-class PackSubcommand : public ISubcommand
+class PackSubcommand : public Subcommand<PackArguments>
 {
 public:
-    CLI::App *Add(CLI::App &app) override
-    {
-        CLI::App *subcommand =
-            app.add_subcommand("pack", "Pack a project's resources into a copy of an application file");
-        AddProject(*subcommand, project);
-        subcommand->add_option("--input", input, "The application file; it isn't changed")
-            ->type_name("FILE")
-            ->required();
-        subcommand->add_option("--output", output, "The file to write (default: the input's name and \".pkd\")")
-            ->type_name("FILE");
-        subcommand->add_option("--resolution", resolution, "The screen size of the device, such as 240x320")
-            ->type_name("WxH")
-            ->required();
-        subcommand->add_option("--target", target, "The format of the application file; axf is ELF")
-            ->type_name("axf|dll")
-            ->required();
-        subcommand
-            ->add_option("--convert-images", convertImages,
-                         "Convert the pictures to the device's format unless N is 0 (default: 0)")
-            ->type_name("N");
-        subcommand->add_option("--ver", version, "The version number in the developer's log")->type_name("N");
-        CLI::Option *depfileOption = subcommand->add_option("--depfile", depfile, DEPFILE_HELP)->type_name("FILE");
-        CLI::Option *strictOption = subcommand->add_flag("--strict", strict, STRICT_HELP);
-        CLI::Option *tempOption =
-            subcommand->add_option("--temp", temp, "Write temporary files to DIR instead of beside the sources")
-                ->type_name("DIR");
-        CLI::Option *headersOption =
-            subcommand
-                ->add_option("--headers", headers,
-                             "The folder with the headers (default: the folder that a save writes them to)")
-                ->type_name("DIR");
-        CLI::Option *pseudoOption =
-            subcommand
-                ->add_option("--pseudo", pseudo,
-                             "Make the texts of this language from those of the source, to try out the application; "
-                             "the project isn't changed")
-                ->type_name("LANGUAGE");
-        CLI::Option *budgetOption =
-            subcommand
-                ->add_option(
-                    "--budget", budget,
-                    "Write nothing and exit with 1 if the resources have more bytes than this; K and M are units")
-                ->type_name("BYTES");
-        CLI::Option *sortedOption = subcommand->add_flag(
-            "--sorted", sorted,
-            "Pack every table in ascending order of its numbers, so that the device finds them faster");
-        std::vector<CLI::Option *> localOptions = AddSpeedOptions(*subcommand);
-        CLI::Option *dryRunOption = subcommand->add_flag(
-            "--dry-run", dryRun, "Write nothing, and print the sizes and everything that would make the pack fail");
-        dryRunOption->excludes(depfileOption);
-        CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
-        for (CLI::Option *option : {depfileOption, strictOption, tempOption, headersOption, pseudoOption, budgetOption,
-                                    sortedOption, dryRunOption})
-            localOptions.push_back(option);
-        for (CLI::Option *option : localOptions)
-            remoteOption->excludes(option);
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         if (!HasRightWords())
@@ -128,25 +69,6 @@ public:
     }
 
 private:
-    /// Adds the options that change only how long a pack takes, and returns them.
-    std::vector<CLI::Option *> AddSpeedOptions(CLI::App &subcommand)
-    {
-        return {
-            subcommand.add_flag("--once", once,
-                                "Make the side file from the bytes of the section, if the settings allow it"),
-            subcommand
-                .add_option("--jobs", jobs,
-                            "Convert N pictures at a time, 1 to 64 (default: the settings' number, or 1)")
-                ->type_name("N"),
-            subcommand.add_option("--cache", cache, "Keep converted pictures in DIR, for the next pack")
-                ->type_name("DIR"),
-            subcommand
-                .add_option("--cache-size", cacheSize,
-                            "The most bytes that the files in the cache have; K and M are units (default: 1024M)")
-                ->type_name("BYTES"),
-        };
-    }
-
     /// Returns false, with a message, if a pack doesn't know a word of the command line.
     [[nodiscard]] bool HasRightWords()
     {
@@ -232,34 +154,14 @@ private:
         return problem.isEmpty() ? EXIT_FINE : EXIT_FAILED;
     }
 
-    std::string project;
-    std::string input;
-    std::string output;
-    std::string resolution;
-    std::string target;
-    std::string depfile;
-    std::string temp;
-    std::string headers;
-    std::string pseudo;
-    int convertImages = 0;
-    int version = 0;
-    bool remote = false;
-    bool strict = false;
-    bool dryRun = false;
-    bool sorted = false;
-    std::string budget;
-    quint64 budgetBytes = 0; // 0: none
-    bool once = false;
-    std::optional<int> jobs;
-    std::string cache;
-    std::string cacheSize;
+    quint64 budgetBytes = 0;   // 0: none
     quint64 cacheBytes = 0;    // 0: not given
     bool hasWrongWord = false; // which only the opened project shows
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakePackSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<PackArguments>()
 {
     return std::make_unique<PackSubcommand>();
 }

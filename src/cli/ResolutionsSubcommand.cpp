@@ -5,14 +5,9 @@
 namespace
 {
 
-class ResolutionsSubcommand : public ISubcommand
+class ResolutionsSubcommand : public Subcommand<ResolutionsArguments>
 {
 public:
-    CLI::App *Add(CLI::App &app) override
-    {
-        return app.add_subcommand("resolutions", "List the screen sizes of the settings");
-    }
-
     int Run(Session &session) override
     {
         session.tables.LoadOnce(session.env);
@@ -25,7 +20,7 @@ public:
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeResolutionsSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<ResolutionsArguments>()
 {
     return std::make_unique<ResolutionsSubcommand>();
 }

@@ -7,18 +7,9 @@
 namespace
 {
 
-class SaveSubcommand : public ISubcommand
+class SaveSubcommand : public Subcommand<SaveArguments>
 {
 public:
-    CLI::App *Add(CLI::App &app) override
-    {
-        CLI::App *subcommand = app.add_subcommand("save", "Number a project's IDs and save its headers and files");
-        AddProject(*subcommand, project);
-        CLI::Option *remoteOption = subcommand->add_flag("--remote", remote, REMOTE_HELP);
-        subcommand->add_flag("--strict", strict, STRICT_HELP)->excludes(remoteOption);
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         const QString path = AbsolutePath(project);
@@ -39,16 +30,11 @@ public:
                      QStringLiteral(": failed to generate header files: more IDs of one kind than there are numbers"));
         return document->lastSave.write != 0 || document->lastSave.generate != 0 ? EXIT_FAILED : session.LastStatus();
     }
-
-private:
-    std::string project;
-    bool remote = false;
-    bool strict = false;
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeSaveSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<SaveArguments>()
 {
     return std::make_unique<SaveSubcommand>();
 }

@@ -62,21 +62,9 @@ private:
     std::optional<OutputPump> log;
 };
 
-class ServeSubcommand : public ISubcommand
+class ServeSubcommand : public Subcommand<ServeArguments>
 {
 public:
-    CLI::App *Add(CLI::App &app) override
-    {
-        CLI::App *subcommand = app.add_subcommand("serve", "Run the commands of IDEs without a window, until SIGTERM");
-        subcommand
-            ->add_option("--idle-close", idleMinutes,
-                         "Close an unchanged project after so many minutes without a command; 0: never")
-            ->type_name("MINUTES")
-            ->capture_default_str()
-            ->check(CLI::Range(0, MOST_MINUTES));
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         const FileHandle ending = EndSignals();
@@ -117,7 +105,6 @@ public:
 
 private:
     using Clock = std::chrono::steady_clock;
-    static constexpr int MOST_MINUTES = 7 * 24 * 60; // in milliseconds they fit into the timeout of poll
 
     /// Milliseconds until a project may be due; -1 if there is none.
     static int WaitFor(const IdleDocuments &idle)
@@ -125,13 +112,11 @@ private:
         const auto wait = idle.NextLook(Clock::now());
         return wait ? int(wait->count()) : -1;
     }
-
-    int idleMinutes = 30;
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeServeSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<ServeArguments>()
 {
     return std::make_unique<ServeSubcommand>();
 }

@@ -12,23 +12,6 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace
-{
-
-bool isMerge = false; // the command is `merge`
-
-} // namespace
-
-void SetMergeStatus()
-{
-    isMerge = true;
-}
-
-int FinalStatus(int status)
-{
-    return isMerge ? int(EXIT_NOT_MERGED) : status;
-}
-
 QString AbsolutePath(const std::string &typed)
 {
     const QString path = QString::fromStdString(typed);

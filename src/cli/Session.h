@@ -3,6 +3,7 @@
 
 #include "Environment.h"
 #include "ErrorOutput.h"
+#include "ExitStatus.h"
 #include "IdeCommandHandler.h"
 #include "ProjectLock.h"
 #include "StandardOutput.h"
@@ -55,17 +56,3 @@ private:
 /// The absolute form of a path that a user typed. Ends the program with a message if the current folder's name isn't
 /// UTF-8.
 [[nodiscard]] QString AbsolutePath(const std::string &typed);
-
-/// Exit statuses.
-enum ExitStatus : int
-{
-    EXIT_FINE = 0,
-    EXIT_FAILED = 1,
-    EXIT_WRONG_USE = 2,
-    EXIT_NOT_MERGED = 255, ///< of `merge`: nothing is merged. git takes any status up to 128 for a merged file
-};
-
-/// Makes FinalStatus return EXIT_NOT_MERGED for every failure.
-void SetMergeStatus();
-/// Returns the exit status for a failure that isn't one of the command's work.
-[[nodiscard]] int FinalStatus(int status);

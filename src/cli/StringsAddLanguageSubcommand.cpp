@@ -10,18 +10,9 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-class StringsAddLanguageSubcommand : public ISubcommand
+class StringsAddLanguageSubcommand : public Subcommand<StringsAddLanguageArguments>
 {
 public:
-    CLI::App *Add(CLI::App &strings) override
-    {
-        CLI::App *subcommand = strings.add_subcommand("add-language", "Add languages to a project and save it");
-        AddProject(*subcommand, project);
-        subcommand->add_option("LANGUAGE", languages, "A language, by name, number or code")->type_name("")->required();
-        subcommand->add_flag("--dry-run", dryRun, SAVE_DRY_RUN_HELP);
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         ProjectEdit edit(session, AbsolutePath(project), dryRun);
@@ -51,16 +42,11 @@ public:
             session.report.Write(lines);
         return status;
     }
-
-private:
-    std::string project;
-    std::vector<std::string> languages;
-    bool dryRun = false;
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeStringsAddLanguageSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsAddLanguageArguments>()
 {
     return std::make_unique<StringsAddLanguageSubcommand>();
 }

@@ -9,16 +9,9 @@ namespace
 {
 
 /// Prints a string file as UTF-8 with lines that end in a line feed, even if a load of it would fail.
-class StringsCatSubcommand : public ISubcommand
+class StringsCatSubcommand : public Subcommand<StringsCatArguments>
 {
 public:
-    CLI::App *Add(CLI::App &strings) override
-    {
-        CLI::App *subcommand = strings.add_subcommand("cat", "Print a string file as UTF-8, for git");
-        subcommand->add_option("FILE", file, "The string file")->type_name("")->required();
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         const QString path = AbsolutePath(file);
@@ -30,14 +23,11 @@ public:
         session.report.WriteBytes(ReadableText(bytes));
         return EXIT_FINE;
     }
-
-private:
-    std::string file;
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeStringsCatSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsCatArguments>()
 {
     return std::make_unique<StringsCatSubcommand>();
 }

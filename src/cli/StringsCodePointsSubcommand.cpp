@@ -11,24 +11,9 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-class StringsCodePointsSubcommand : public ISubcommand
+class StringsCodePointsSubcommand : public Subcommand<StringsCodePointsArguments>
 {
 public:
-    CLI::App *Add(CLI::App &strings) override
-    {
-        CLI::App *subcommand = strings.add_subcommand("codepoints", "List the characters that the texts use");
-        AddProject(*subcommand, project);
-        AddProjectLanguages(*subcommand, wanted);
-        subcommand
-            ->add_option("--resolution", resolutions,
-                         "Only the texts in the layouts of this screen, such as 240x320; can be repeated")
-            ->type_name("WxH")
-            ->allow_extra_args(false);
-        AddChoice(*subcommand, "--format", format, "list|ranges|c",
-                  "The form of the list: one character a line, ranges, or a table in C (default: list)");
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         if (!ReadScreens())
@@ -94,16 +79,12 @@ private:
         return session.StatusAfter(isComplete ? EXIT_FINE : EXIT_FAILED);
     }
 
-    std::string project;
-    std::vector<std::string> wanted;
-    std::vector<std::string> resolutions;
-    std::string format = "list";
     std::vector<ScreenSize> screens;
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeStringsCodePointsSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsCodePointsArguments>()
 {
     return std::make_unique<StringsCodePointsSubcommand>();
 }

@@ -17,32 +17,6 @@
 
 using namespace Qt::StringLiterals;
 
-CLI::App *StringsExportSubcommand::Add(CLI::App &strings)
-{
-    CLI::App *const subcommand = strings.add_subcommand(
-        "export", "Write the string table to a workbook (.xls, .xlsx or .csv) or to translation files (.po, .xlf)");
-    AddProject(*subcommand, project);
-    subcommand
-        ->add_option(
-            "FILE", file,
-            "The file, whose extension selects the format, or a folder for several files (\"-\": standard output)")
-        ->type_name("")
-        ->required();
-    AddChoice(*subcommand, "--format", format, "xls|xlsx|csv|po|xliff", "The format of the files in a folder");
-    subcommand
-        ->add_option("--language", wanted,
-                     "Only this language, by name, number or code; can be repeated (\"none\": a template without "
-                     "translations, .pot)")
-        ->type_name("LANGUAGE")
-        ->allow_extra_args(false);
-    subcommand
-        ->add_option("--source", wantedSource,
-                     "The language to translate from (default: that of the settings, or the first)")
-        ->type_name("LANGUAGE");
-    subcommand->add_flag("--only-missing", onlyMissing, "Only rows that lack a translation");
-    return subcommand;
-}
-
 int StringsExportSubcommand::Run(Session &session)
 {
     path = AbsolutePath(file); // opening a project changes the current folder
@@ -241,7 +215,7 @@ int StringsExportSubcommand::ExportWorkbook(Session &session, CResDoc &document)
     return session.StatusAfter(result.code == 0 && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED);
 }
 
-std::unique_ptr<ISubcommand> MakeStringsExportSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsExportArguments>()
 {
     return std::make_unique<StringsExportSubcommand>();
 }

@@ -7,10 +7,9 @@
 #include "TranslationExport.h"
 
 /// The subcommand "strings export".
-class StringsExportSubcommand : public ISubcommand
+class StringsExportSubcommand : public Subcommand<StringsExportArguments>
 {
 public:
-    CLI::App *Add(CLI::App &strings) override;
     int Run(Session &session) override;
 
 private:
@@ -22,13 +21,6 @@ private:
     [[nodiscard]] bool ChooseFiles(const ExchangeLanguages &languages, const QString &title);
     [[nodiscard]] bool MakeFolder() const;
     [[nodiscard]] int ExportWorkbook(Session &session, CResDoc &document) const;
-
-    std::string project;
-    std::string file;
-    std::string format;
-    std::vector<std::string> wanted;
-    std::string wantedSource;
-    bool onlyMissing = false;
 
     QString path;
     bool isFolder = false;

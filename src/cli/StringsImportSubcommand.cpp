@@ -62,37 +62,6 @@ template <typename Apply> int ApplyAndSave(Session &session, CResDoc &document, 
 
 } // namespace
 
-CLI::App *StringsImportSubcommand::Add(CLI::App &strings)
-{
-    CLI::App *const subcommand = strings.add_subcommand(
-        "import", "Fill the string table from a workbook, or from translation files, and save the project");
-    AddProject(*subcommand, project);
-    subcommand
-        ->add_option("FILE", names,
-                     "A workbook or translation files; the extension selects the format (\"-\": standard input)")
-        ->type_name("")
-        ->required();
-    AddChoice(*subcommand, "--format", format, "xls|xlsx|csv|po|xliff", "The format of standard input");
-    subcommand->add_option("--language", wanted, "Import only this language, by name, number or code; can be repeated")
-        ->type_name("LANGUAGE")
-        ->allow_extra_args(false);
-    subcommand->add_flag("--replace", options.replace, "Put texts in place of other ones");
-    subcommand->add_flag("--only-existing", options.onlyExisting, "Make no new rows and languages");
-    subcommand->add_flag("--accept-stale", options.acceptStale, "Import translations of other source texts too");
-    subcommand->add_flag("--include-unfinished", options.includeUnfinished, "Import unfinished translations too");
-    subcommand->add_flag("--own-names", options.ownNames,
-                         "Workbooks: find languages by the project's own names before those of tuvik.ini");
-    subcommand->add_flag("--unguard", options.unguard,
-                         "Workbooks: remove the apostrophe before texts such as '=1+1, as from .csv files");
-    subcommand->add_option("--sheet", sheet, "Workbooks: the name or the number of the sheet (default: the first)")
-        ->type_name("SHEET");
-    CLI::Option *const dryRunOption =
-        subcommand->add_flag("--dry-run", dryRun, "Change nothing; show what would happen to each text");
-    subcommand->add_flag("--json", json, JSON_HELP)->needs(dryRunOption);
-    subcommand->add_flag("--strict", strict, STRICT_HELP);
-    return subcommand;
-}
-
 /// Makes paths absolute. Returns false, with a message, if the files can't be imported together.
 bool StringsImportSubcommand::ChooseFiles()
 {
@@ -110,6 +79,12 @@ bool StringsImportSubcommand::ChooseFiles()
     }
     const auto isTranslation = [](const ImportFile &file) { return TranslationFormatOf(file.path) != nullptr; };
     isWorkbook = std::none_of(files.begin(), files.end(), isTranslation);
+    options.replace = replace;
+    options.onlyExisting = onlyExisting;
+    options.acceptStale = acceptStale;
+    options.includeUnfinished = includeUnfinished;
+    options.ownNames = ownNames;
+    options.unguard = unguard;
     options.sheet = QString::fromStdString(sheet);
     if (files.size() > 1 && !std::all_of(files.begin(), files.end(), isTranslation)) {
         Complain(u"several files can only be imported together if they are translation files (.po, .xlf)"_s);
@@ -250,7 +225,7 @@ int StringsImportSubcommand::ImportTranslations(Session &session, CResDoc &docum
     });
 }
 
-std::unique_ptr<ISubcommand> MakeStringsImportSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsImportArguments>()
 {
     return std::make_unique<StringsImportSubcommand>();
 }

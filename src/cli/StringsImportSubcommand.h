@@ -6,10 +6,9 @@
 #include "TranslationImport.h"
 
 /// The subcommand "strings import".
-class StringsImportSubcommand : public ISubcommand
+class StringsImportSubcommand : public Subcommand<StringsImportArguments>
 {
 public:
-    CLI::App *Add(CLI::App &strings) override;
     int Run(Session &session) override;
 
 private:
@@ -23,15 +22,7 @@ private:
     [[nodiscard]] int ImportTranslations(Session &session, CResDoc &document, const ExchangeLanguages &languages,
                                          IImportWatch *watch) const;
 
-    std::string project;
-    std::vector<std::string> names;
-    std::vector<std::string> wanted;
-    std::string format;
-    std::string sheet;
     ImportOptions options;
-    bool dryRun = false;
-    bool json = false;
-    bool strict = false;
 
     std::vector<ImportFile> files;
     bool isWorkbook = false;

@@ -14,19 +14,9 @@ namespace
 
 constexpr qsizetype PIECE = 1 << 20; // bytes; more are printed in pieces
 
-class StringsListSubcommand : public ISubcommand
+class StringsListSubcommand : public Subcommand<StringsListArguments>
 {
 public:
-    CLI::App *Add(CLI::App &strings) override
-    {
-        CLI::App *subcommand = strings.add_subcommand("list", "List the texts of a project");
-        AddProject(*subcommand, project);
-        AddProjectLanguages(*subcommand, wanted);
-        subcommand->add_flag("--missing", onlyMissing, "Only the texts that are missing");
-        subcommand->add_flag("--json", json, JSON_HELP);
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         const CResDoc *const document = session.OpenQuietly(AbsolutePath(project));
@@ -119,26 +109,13 @@ private:
         out.EndObject();
         session.report.WriteBytes(bytes + '\n');
     }
-
-    std::string project;
-    std::vector<std::string> wanted;
-    bool onlyMissing = false;
-    bool json = false;
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeStringsListSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsListArguments>()
 {
     return std::make_unique<StringsListSubcommand>();
-}
-
-void AddProjectLanguages(CLI::App &subcommand, std::vector<std::string> &wanted)
-{
-    subcommand
-        .add_option("--language", wanted, "Only this language, by name, number or code; can be repeated (default: all)")
-        ->type_name("LANGUAGE")
-        ->allow_extra_args(false);
 }
 
 std::optional<std::vector<KnownLanguage>> ChosenLanguages(const CResModel &model,

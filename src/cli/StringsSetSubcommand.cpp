@@ -11,25 +11,9 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-class StringsSetSubcommand : public ISubcommand
+class StringsSetSubcommand : public Subcommand<StringsSetArguments>
 {
 public:
-    CLI::App *Add(CLI::App &strings) override
-    {
-        CLI::App *subcommand = strings.add_subcommand("set", "Set texts of a string and save the project");
-        AddProject(*subcommand, project);
-        subcommand->add_option("ID", id, "The string's ID; it is made if it doesn't exist")->type_name("")->required();
-        subcommand->add_option("TEXT", texts, "The text; one for each --language, in the same order")
-            ->type_name("")
-            ->required();
-        subcommand->add_option("--language", languages, "The text's language, by name, number or code; can be repeated")
-            ->type_name("LANGUAGE")
-            ->allow_extra_args(false)
-            ->required();
-        subcommand->add_flag("--dry-run", dryRun, SAVE_DRY_RUN_HELP);
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         if (languages.size() != texts.size()) {
@@ -103,17 +87,11 @@ private:
         return QStringList{word, result.id, language, text}.join(u'\t') + (isReplaced ? u'\t' + before : QString()) +
                u'\n';
     }
-
-    std::string project;
-    std::string id;
-    std::vector<std::string> texts;
-    std::vector<std::string> languages;
-    bool dryRun = false;
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeStringsSetSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsSetArguments>()
 {
     return std::make_unique<StringsSetSubcommand>();
 }

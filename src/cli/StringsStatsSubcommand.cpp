@@ -7,17 +7,9 @@
 namespace
 {
 
-class StringsStatsSubcommand : public ISubcommand
+class StringsStatsSubcommand : public Subcommand<StringsStatsArguments>
 {
 public:
-    CLI::App *Add(CLI::App &strings) override
-    {
-        CLI::App *subcommand = strings.add_subcommand("stats", "Count the texts of each language");
-        AddProject(*subcommand, project);
-        subcommand->add_flag("--json", json, JSON_HELP);
-        return subcommand;
-    }
-
     int Run(Session &session) override
     {
         const CResDoc *const document = session.OpenQuietly(AbsolutePath(project));
@@ -70,14 +62,11 @@ private:
         }
         return session.StatusAfter(EXIT_FINE);
     }
-
-    std::string project;
-    bool json = false;
 };
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeStringsStatsSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsStatsArguments>()
 {
     return std::make_unique<StringsStatsSubcommand>();
 }

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "StringsSubcommands.h"
+#include "Subcommands.h"
+
+#include <CLI/CLI.hpp>
 
 namespace
 {
@@ -8,17 +10,14 @@ namespace
 class StringsSubcommand : public ISubcommand
 {
 public:
-    CLI::App *Add(CLI::App &app) override
+    CLI::App *Add(CLI::App &app, const CommandWords &words) override
     {
-        CLI::App *subcommand =
-            app.add_subcommand("strings", "List, set, count, export or import the strings of a project");
-        subcommand->require_subcommand(1);
-        for (const auto make : {MakeStringsExportSubcommand, MakeStringsImportSubcommand, MakeStringsStatsSubcommand,
-                                MakeStringsCodePointsSubcommand, MakeStringsCatSubcommand, MakeStringsListSubcommand,
-                                MakeStringsSetSubcommand, MakeStringsAddLanguageSubcommand})
-            parts.push_back(make());
+        CLI::App *const subcommand = StringsArguments::AddGroup(app);
+        if (!words.Name(*subcommand))
+            return subcommand;
+        parts = MakeSubcommands<StringsArguments::Parts>();
         for (const auto &part : parts)
-            part->Add(*subcommand)->callback([this, &part] { chosen = part.get(); });
+            part->Add(*subcommand, words)->callback([this, &part] { chosen = part.get(); });
         return subcommand;
     }
 
@@ -31,7 +30,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<ISubcommand> MakeStringsSubcommand()
+template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsArguments>()
 {
     return std::make_unique<StringsSubcommand>();
 }

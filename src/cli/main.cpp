@@ -1,8 +1,14 @@
 // SPDX-License-Identifier: MIT
-// The program itself. It is small, so that it starts quickly. Everything but the version is in libmorvanite-commands.so
-// beside it.
+// The program itself. It has the parser, so help and messages about wrong words need nothing else and come quickly.
+// What the commands do is in libmorvanite-commands.so beside it, with the libraries that it needs.
+
+#include "AllArguments.h"
+#include "CommandLineCompletion.h"
+#include "CommandLineParser.h"
+#include "Messages.h"
 
 #include <climits>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <dlfcn.h>
@@ -38,15 +44,51 @@ void FillClosedFiles()
     }
 }
 
+/// Whether the parser can be asked here. The library shows words of other characters, or refuses them.
+bool HasOnlyAscii(int argc, char **argv)
+{
+    bool isAscii = true;
+    for (int i = 1; i < argc; ++i) {
+        for (const char *c = argv[i]; *c; ++c)
+            isAscii = isAscii && static_cast<unsigned char>(*c) < 0x80;
+    }
+    return isAscii;
+}
+
+/// Prints the candidates for the last word. Returns nothing, and prints nothing, if the library has to list them.
+std::optional<int> Complete(const CLI::App &program, int argc, char **argv)
+{
+    bool isComplete = true;
+    CommandLineCompletion completion(program, [&isComplete](std::string_view, const auto &, const auto &) {
+        isComplete = false;
+        return std::string();
+    });
+    const std::string candidates = completion.Candidates({argv + 2, argv + argc});
+    return isComplete ? std::optional(Print(candidates) ? 0 : 1) : std::nullopt;
+}
+
+/// Does what needs no library. Returns the exit status, or nothing if the library has to run.
+std::optional<int> RunAlone(int argc, char **argv)
+{
+    const CommandWords words(argc, argv);
+    if (!HasOnlyAscii(argc, argv) || words.BeginWith(DESCRIBE_WORD))
+        return std::nullopt;
+    // Static, so that a program that ends with _exit doesn't destroy them, which would take a fifth of its time.
+    static AllArguments arguments;
+    static CommandLineParser parser([&](CLI::App &program) {
+        std::apply([&](auto &...command) { (command.Add(program, words), ...); }, arguments);
+    });
+    return words.BeginWith(COMPLETE_WORD) ? Complete(parser.Program(), argc, argv) : parser.Parse(argc, argv);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
     FillClosedFiles();
-    if (argc == 2 && (strcmp(argv[1], "--version") == 0 || strcmp(argv[1], "-V") == 0)) {
-        static constexpr char VERSION[] = "morvanite-cli " MORVANITE_VERSION "\n";
-        return write(STDOUT_FILENO, VERSION, sizeof VERSION - 1) < 0 ? 1 : 0;
-    }
+    std::signal(SIGPIPE, SIG_IGN);
+    if (const std::optional<int> status = RunAlone(argc, argv))
+        _exit(*status); // everything is written
     char path[PATH_MAX];
     void *const library = FindLibrary(path) ? dlopen(path, RTLD_LAZY | RTLD_LOCAL) : nullptr;
     void *const run = library ? dlsym(library, "MorvaniteRun") : nullptr;

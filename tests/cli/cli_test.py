@@ -52,6 +52,18 @@ class Cli(DemoProject):
         self.assertIn(b'\n#define  ID_FILE_TUNE    100000', contents[0][2])
         self.assertEqual(contents[0], contents[1])
 
+    def test_a_save_touches_only_the_files_that_change(self):
+        files = [self.dir / name for name in ('res/demo.res.xml', 'res/ref_list_demo.txt', 'ResID/ResID.h')]
+
+        def marks():
+            return [(file.stat().st_ino, file.stat().st_mtime_ns) for file in files]
+        self.run_cli('save', self.project)
+        before = marks()
+        files[2].chmod(0o444)  # nothing has to be written to it
+        self.assertEqual((self.run_cli('save', self.project)[0], marks()), (0, before))
+        self.assertEqual(self.run_cli('strings', 'set', self.project, 'ID_STRING_HI', 'Hello', '--language', 'English')[0], 0)
+        self.assertEqual([one != other for one, other in zip(marks(), before)], [False, True, False])
+
     def test_save_keeps_replaced_files_and_restore_returns_them(self):
         listing = self.dir / 'res/demo.res.xml'
         before = listing.read_bytes().replace(b'</APP>', b'<NEWS>.\\lost.bin</NEWS></APP>')
@@ -118,6 +130,13 @@ class Cli(DemoProject):
         status, err, _ = depfile_of('a;touch x.bin')
         self.assertEqual(status, 1)
         self.assertIn("a;touch x.bin, and a dependency file can't contain a name with a semicolon", err)
+
+    def test_the_program_and_its_library_have_the_same_parser(self):
+        for words in (('--help',), ('pack', '--help'), ('help', 'strings', 'import'), ('chek',), ('pack', '--inptu'),
+                      ('strings', 'impor'), ('check', '--format', 'jsn'), ('merge',), ('--complete', 'pack', '--target')):
+            alone, with_library = (self.run_cli(*words, word) for word in ('u', '\u00fc'))
+            same = [text.replace('\u00fc', 'u') for text in with_library[1:]]
+            self.assertEqual((alone[0], *alone[1:]), (with_library[0], *same), words)
 
     def test_a_wrong_command_line_exits_with_2_and_a_message(self):
         for arguments in ((), ('fly',), ('load',), ('pack', self.project), ('load', self.project, '--fast'),

@@ -59,6 +59,20 @@ TEST_F(InspectTest, ReportsFilesThatAreNotPacked)
     EXPECT_NE(InspectFile(u"/dev/zero"_s, result), QString());
 }
 
+TEST_F(InspectTest, SurvivesAFileThatIsCutShortWhileItIsRead)
+{
+    Bytes large = Sample().Build();
+    large.append(1 << 20, 'x');
+    folder.Put("app.res", QByteArray::fromStdString(large));
+    ASSERT_EQ(InspectFile(folder.Path("app.res"), result), QString());
+    EXPECT_EQ(WhyCutShort(result), QString());
+    const QByteArrayView bytes = result.file.Bytes();
+    ASSERT_EQ(truncate(folder.Path("app.res").toUtf8().constData(), 5000), 0);
+    EXPECT_THAT(WhyCutShort(result).toStdString(), HasSubstr("cut it short"));
+    EXPECT_EQ(bytes.back(), '\0') << "instead of a bus error";
+    EXPECT_EQ(bytes.first(5000).toByteArray().toStdString(), large.substr(0, 5000));
+}
+
 TEST_F(InspectTest, ReportsEveryTruncationAndSurvivesEveryChangedByte)
 {
     const Bytes elf = ElfBuilder().Section(".zp_res", Sample().Build()).Build();

@@ -186,6 +186,15 @@ TEST_F(Layouts, ANewLayoutGetsAFreeNameAndAFileOfItsResolution)
     EXPECT_NE(Handle("demo/res/layout_demo_240x320.xml"), 0U);
     Open();
     EXPECT_EQ(folder->subfolders.size(), 3U);
+
+    // The file of a new layout that has the same bytes already isn't moved to the trash.
+    const QByteArray same = LayoutFile("    <Layout id=\"ID_LAYOUT_0001\" />\n");
+    project.folder.Put(LIST, List(QByteArray()));
+    project.folder.Put("demo/res/layout_demo_240x320.xml", same);
+    Open();
+    ASSERT_NE(doc->CreateLayoutRes(1), nullptr);
+    EXPECT_EQ(Save(), "");
+    EXPECT_EQ(project.folder.Get("demo/res/layout_demo_240x320.xml"), same);
 }
 
 TEST_F(Layouts, AFileThatDoesNotLoadCompletelyIsKeptUnchangedInTheList)

@@ -73,15 +73,15 @@ QString ReadFound(InspectResult &result, const char *kind, quint64 offset, quint
     result.payloadOffset = offset;
     result.payloadSize = size;
     result.payload = Payload();
-    const QByteArrayView bytes = QByteArrayView(result.file).sliced(qsizetype(offset), qsizetype(size));
+    const QByteArrayView bytes = result.file.Bytes().sliced(qsizetype(offset), qsizetype(size));
     const QString wrong = ReadPayload(bytes, result.payload);
     return wrong.isEmpty() ? CheckBase(result) : wrong;
 }
 
 bool IsElf(const InspectResult &result)
 {
-    return result.file.startsWith("\x7F"
-                                  "ELF");
+    return result.file.Bytes().startsWith("\x7F"
+                                          "ELF");
 }
 
 // Readers of the three kinds of file. They return nothing if the file isn't of the kind, an empty text if it was read,
@@ -91,7 +91,7 @@ std::optional<QString> ReadAppended(InspectResult &result)
 {
     quint64 offset = 0;
     quint64 size = 0;
-    if (!FindAppended(ByteReader(result.file), offset, size))
+    if (!FindAppended(ByteReader(result.file.Bytes()), offset, size))
         return std::nullopt;
     return ReadFound(result, "dll", offset, size);
 }
@@ -102,7 +102,7 @@ std::optional<QString> ReadSection(InspectResult &result)
         return std::nullopt;
     quint64 offset = 0;
     quint64 size = 0;
-    const QString wrong = FindSection(result.file, offset, size);
+    const QString wrong = FindSection(result.file.Bytes(), offset, size);
     return wrong.isEmpty() ? ReadFound(result, "elf", offset, size) : wrong;
 }
 
@@ -110,23 +110,11 @@ std::optional<QString> ReadSideFile(InspectResult &result)
 {
     if (IsElf(result))
         return std::nullopt;
-    return ReadFound(result, "res", 0, quint64(result.file.size()));
+    return ReadFound(result, "res", 0, quint64(result.file.Bytes().size()));
 }
 
-} // namespace
-
-QString InspectFile(const QString &path, InspectResult &result)
+QString ReadKind(InspectResult &result)
 {
-    QByteArray bytes;
-    if (const int error = ReadFile(path, bytes, LARGEST_FILE))
-        return QStringLiteral("can't be read: ") + QString::fromLocal8Bit(std::strerror(error));
-    return InspectBytes(std::move(bytes), result);
-}
-
-QString InspectBytes(QByteArray bytes, InspectResult &result)
-{
-    result = InspectResult();
-    result.file = std::move(bytes);
     // An ELF file may end in bytes that look like a trailer, and an ELF file with a trailer was packed as a DLL, so the
     // payload decides. If several readers fail, the first failure is the most useful.
     QString wrong;
@@ -138,4 +126,30 @@ QString InspectBytes(QByteArray bytes, InspectResult &result)
             wrong = *failure;
     }
     return wrong;
+}
+
+} // namespace
+
+QString InspectFile(const QString &path, InspectResult &result)
+{
+    result = InspectResult();
+    if (const int error = result.file.Open(path, LARGEST_FILE))
+        return QStringLiteral("can't be read: ") + QString::fromLocal8Bit(std::strerror(error));
+    const QString wrong = ReadKind(result);
+    const QString cut = WhyCutShort(result);
+    return cut.isEmpty() ? wrong : cut;
+}
+
+QString WhyCutShort(const InspectResult &result)
+{
+    return result.file.IsCutShort() ? QStringLiteral("it could not be read to its end; another program has cut it "
+                                                     "short meanwhile, or the disk has failed")
+                                    : QString();
+}
+
+QString InspectBytes(QByteArray bytes, InspectResult &result)
+{
+    result = InspectResult();
+    result.file = FileView(std::move(bytes));
+    return ReadKind(result);
 }

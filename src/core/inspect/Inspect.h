@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "FileView.h"
 #include "PayloadReader.h"
 
 class Environment;
@@ -10,7 +11,7 @@ class PackNames;
 struct InspectResult
 {
     QByteArray kind; ///< "elf", "res" or "dll"
-    QByteArray file; ///< its bytes; the payload's views point into them
+    FileView file;   ///< its bytes; the payload's views point into them
     quint64 payloadOffset = 0;
     quint64 payloadSize = 0;
     Payload payload;
@@ -18,8 +19,13 @@ struct InspectResult
 };
 
 /// Reads the payload back from a grown ELF file (the newest section if there are several), a side file or a DLL-side
-/// file. Returns an empty text, or what is wrong with the file.
+/// file. Returns an empty text, or what is wrong with the file. Reads only the tables and the strings of the file; the
+/// rest is read when a view is used (FileView).
 [[nodiscard]] QString InspectFile(const QString &path, InspectResult &result);
+
+/// Returns what is wrong if the file could not be read to its end after `InspectFile`, otherwise an empty text. Call it
+/// after the views have been used: what couldn't be read is zeros there.
+[[nodiscard]] QString WhyCutShort(const InspectResult &result);
 
 /// Does the same with bytes in memory, which are moved into the result.
 [[nodiscard]] QString InspectBytes(QByteArray bytes, InspectResult &result);

@@ -19,8 +19,7 @@ class PayloadSplitter
 public:
     PayloadSplitter(const Environment &environment, const InspectResult &result, std::vector<PackedPart> &to)
         : env(environment), payload(result.payload),
-          bytes(QByteArrayView(result.file).sliced(qsizetype(result.payloadOffset), qsizetype(result.payloadSize))),
-          parts(to)
+          bytes(result.file.Bytes().sliced(qsizetype(result.payloadOffset), qsizetype(result.payloadSize))), parts(to)
     {
     }
 
@@ -111,18 +110,18 @@ private:
 void SplitElf(const InspectResult &result, std::vector<PackedPart> &parts)
 {
     constexpr quint64 ELF_HEADER = 52; // bytes
-    FileCover cover(result.file);
+    FileCover cover(result.file.Bytes());
     (void)cover.Take(result.payloadOffset, result.payloadSize);
     const auto add = [&](const QString &name, quint64 offset, quint64 size) {
         QByteArray bytes = cover.Take(offset, size);
         if (!bytes.isEmpty())
             parts.push_back({PartKind::File, 0, -1, name, std::move(bytes)});
     };
-    const ByteReader file(result.file);
+    const ByteReader file(result.file.Bytes());
     add(QStringLiteral("ELF header"), 0, ELF_HEADER);
     add(QStringLiteral("program headers"), file.U32(28).value_or(0),
         quint64(file.U16(42).value_or(0)) * file.U16(44).value_or(0));
-    ElfSections sections(result.file);
+    ElfSections sections(result.file.Bytes());
     if (sections.Open().isEmpty()) {
         add(QStringLiteral("section table"), sections.TableOffset(), sections.TableSize());
         for (quint64 i = 0; i < sections.Count(); ++i) {
@@ -138,13 +137,13 @@ void SplitAppended(const InspectResult &result, std::vector<PackedPart> &parts)
 {
     const auto add = [&](const QString &name, quint64 from, quint64 to) {
         parts.push_back({PartKind::File, 0, -1, name,
-                         QByteArray::fromRawData(result.file.constData() + from, qsizetype(to - from))});
+                         QByteArray::fromRawData(result.file.Bytes().data() + from, qsizetype(to - from))});
     };
     const quint64 mark = result.payloadOffset - sizeof PAYLOAD_NAME;
     const quint64 end = result.payloadOffset + result.payloadSize;
     add(QStringLiteral("file before packing"), 0, mark);
     add(QStringLiteral("mark before the payload"), mark, result.payloadOffset);
-    add(QStringLiteral("size behind the payload"), end, quint64(result.file.size()));
+    add(QStringLiteral("size behind the payload"), end, quint64(result.file.Bytes().size()));
 }
 
 } // namespace

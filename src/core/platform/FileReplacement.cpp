@@ -16,11 +16,27 @@
 namespace
 {
 
-/// Compares two files from their current positions to their ends, in pieces, because a string file can have tens of
-/// megabytes. Also returns false when one of them can't be read.
+constexpr size_t PIECE = 64 * 1024; // files are compared in pieces: a string file can have tens of megabytes
+
+/// Returns whether the file at a path of the host has these bytes. Also returns false if it can't be read.
+bool HasBytes(const QByteArray &path, QByteArrayView bytes)
+{
+    const FileHandle file(open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file.IsOpen() || file.Size() != bytes.size())
+        return false;
+    const auto buffer = std::make_unique<char[]>(PIECE);
+    for (qsizetype at = 0; at < bytes.size();) {
+        const ssize_t size = file.Read(buffer.get(), PIECE);
+        if (size <= 0 || size > bytes.size() - at || std::memcmp(buffer.get(), bytes.data() + at, size_t(size)) != 0)
+            return false;
+        at += size;
+    }
+    return true;
+}
+
+/// Compares two files from their current positions to their ends. Also returns false when one of them can't be read.
 bool HaveSameBytes(const FileHandle &a, const FileHandle &b)
 {
-    constexpr size_t PIECE = 64 * 1024;
     if (a.Size() != b.Size())
         return false;
     const auto buffer = std::make_unique<char[]>(2 * PIECE);
@@ -39,7 +55,7 @@ bool HaveSameBytes(const FileHandle &a, const FileHandle &b)
 FileReplacement::FileReplacement(FileReplacement &&other) noexcept
     : temporary(std::exchange(other.temporary, {})), old(std::exchange(other.old, {})), target(std::move(other.target)),
       handle(std::move(other.handle)), cleanup(std::move(other.cleanup)), number(other.number), isThere(other.isThere),
-      isDevice(other.isDevice)
+      isDevice(other.isDevice), isSame(other.isSame)
 {
 }
 
@@ -66,26 +82,41 @@ int FileReplacement::Begin(QStringView path, IfDevice ifDevice)
     return BeginAt(FollowLinks(host), leftovers);
 }
 
-int FileReplacement::BeginAt(const QByteArray &place, Leftovers &leftovers)
+/// Sets the target, which must be a plain file if it exists. Removes temporary files that killed processes left beside
+/// it.
+int FileReplacement::CheckTarget(const QByteArray &place, Leftovers &leftovers)
 {
     target = place;
     struct stat info;
     isThere = stat(target.constData(), &info) == 0;
     if (isThere && !S_ISREG(info.st_mode))
         return S_ISDIR(info.st_mode) ? EISDIR : EINVAL;
+    leftovers.RemoveBeside(target);
+    return 0;
+}
+
+int FileReplacement::BeginAt(const QByteArray &place, Leftovers &leftovers)
+{
+    const int error = CheckTarget(place, leftovers);
+    return error == 0 ? MakeBeside() : error;
+}
+
+/// Makes the temporary file, with the owner and the permissions of the old file, if that may be replaced.
+int FileReplacement::MakeBeside()
+{
     if (isThere && access(target.constData(), W_OK) != 0)
         return errno;
-    leftovers.RemoveBeside(target);
-    if (const int error = MakeBeside())
+    if (const int error = MakeTemporary())
         return error;
-    if (!isThere)
+    struct stat info;
+    if (!isThere || stat(target.constData(), &info) != 0)
         return 0;
     (void)!fchown(handle.Get(), info.st_uid, info.st_gid); // before the mode: fchown clears bits of it
     return fchmod(handle.Get(), info.st_mode & 07777) == 0 ? 0 : errno;
 }
 
 /// Makes the temporary file, with the permissions of a new file.
-int FileReplacement::MakeBeside()
+int FileReplacement::MakeTemporary()
 {
     for (number = 0; number < MOST_TEMPORARY_FILES; ++number) {
         const QByteArray tried = TemporaryName(target, getpid(), number);
@@ -118,13 +149,20 @@ int FileReplacement::Write(QStringView path, QByteArrayView bytes, IfDevice ifDe
 
 int FileReplacement::WriteAt(const QByteArray &place, QByteArrayView bytes, Leftovers &leftovers)
 {
-    if (const int error = BeginAt(place, leftovers))
+    if (const int error = CheckTarget(place, leftovers))
+        return error;
+    isSame = isThere && HasBytes(target, bytes);
+    if (isSame)
+        return 0;
+    if (const int error = MakeBeside())
         return error;
     return handle.WriteAll(bytes.data(), size_t(bytes.size())) ? Finish() : errno;
 }
 
 bool FileReplacement::Replaces() const
 {
+    if (isSame)
+        return false;
     const FileHandle before = FileHandle::OpenRead(QString::fromUtf8(target));
     if (!before.IsOpen())
         return errno != ENOENT;

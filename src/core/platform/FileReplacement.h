@@ -34,6 +34,7 @@ public:
     [[nodiscard]] int Finish();
     /// Calls Begin, writes these bytes, and calls Finish.
     [[nodiscard]] int Write(QStringView path, QByteArrayView bytes, IfDevice ifDevice = IfDevice::Refuse);
+    /// The same with BeginAt, unless the old file has these bytes already: then nothing is written (IsSame).
     [[nodiscard]] int WriteAt(const QByteArray &place, QByteArrayView bytes, Leftovers &leftovers);
     /// Renames the new file over the old one. Call `SyncFolder` to flush the new name to the disk.
     [[nodiscard]] int PutInPlace();
@@ -52,6 +53,8 @@ public:
     /// Leaves the new file beside the old one: it is in the journal of a save, and a later save puts it in place.
     void LeaveTemporary();
 
+    /// Whether WriteAt has found that the old file has the bytes already. It must not be put in place then.
+    [[nodiscard]] bool IsSame() const { return isSame; }
     /// Returns whether there is an old file with other bytes. Call it after Finish.
     [[nodiscard]] bool Replaces() const;
 
@@ -65,7 +68,9 @@ public:
     [[nodiscard]] int Number() const { return number; }
 
 private:
+    [[nodiscard]] int CheckTarget(const QByteArray &place, Leftovers &leftovers);
     [[nodiscard]] int MakeBeside();
+    [[nodiscard]] int MakeTemporary();
 
     QByteArray temporary; // empty when there is none
     QByteArray old;       // the second name of the old file; empty when it has none
@@ -75,6 +80,7 @@ private:
     int number = 0;
     bool isThere = false;  // whether the target existed at the beginning
     bool isDevice = false; // whether bytes are written to the target at once
+    bool isSame = false;   // whether the target has the bytes, so that there is no temporary file
 };
 
 /// Flushes the names in a folder to the disk.

@@ -75,6 +75,13 @@ QStringList FileTransaction::Replaced() const
     return replaced;
 }
 
+bool FileTransaction::IsUnchanged(const QString &absolute) const
+{
+    return std::any_of(staged.begin(), staged.end(), [&](const Staged &item) {
+        return item.file.IsSame() && IsSamePath(ResolvePath(item.path, CurrentFolder()), absolute);
+    });
+}
+
 std::optional<QString> FileTransaction::Commit(const std::function<bool()> &mayReplace)
 {
     const SignalHold hold;
@@ -94,8 +101,10 @@ std::optional<QString> FileTransaction::Commit(const std::function<bool()> &mayR
         if (isDone)
             journal.End();
         if (isDone && refused) {
-            for (const Staged &item : staged)
-                unlink(NameBefore(item.file).constData());
+            for (const Staged &item : staged) {
+                if (!item.file.IsSame())
+                    unlink(NameBefore(item.file).constData());
+            }
         }
     }
     End();
@@ -105,17 +114,19 @@ std::optional<QString> FileTransaction::Commit(const std::function<bool()> &mayR
 /// A single file needs no journal: its rename is atomic.
 int FileTransaction::BeginJournal(SaveJournal &journal)
 {
-    if (project.journal.isEmpty() || staged.size() < 2)
-        return 0;
     std::vector<SaveJournal::Entry> entries;
-    for (const Staged &item : staged)
-        entries.push_back({item.file.Target(), item.file.Number(), item.ifRefused == IfRefused::GoOn});
-    return journal.Begin(env, project, entries);
+    for (const Staged &item : staged) {
+        if (!item.file.IsSame())
+            entries.push_back({item.file.Target(), item.file.Number(), item.ifRefused == IfRefused::GoOn});
+    }
+    return project.journal.isEmpty() || entries.size() < 2 ? 0 : journal.Begin(env, project, entries);
 }
 
 std::optional<QString> FileTransaction::RenameAll()
 {
     for (Staged &item : staged) {
+        if (item.file.IsSame())
+            continue;
         (void)item.file.KeepOld();
         const int error = item.file.PutInPlace();
         item.isInPlace = error == 0;

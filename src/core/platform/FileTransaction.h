@@ -32,12 +32,15 @@ public:
     FileTransaction(const FileTransaction &) = delete;
     FileTransaction &operator=(const FileTransaction &) = delete;
 
-    /// Writes a file beside its place. Returns 0, or the system's error number, which the environment has explained;
-    /// ELOOP when a link leads out of the project.
+    /// Writes a file beside its place, unless the file there has the same bytes: that one stays as it is. Returns 0, or
+    /// the system's error number, which the environment has explained; ELOOP when a link leads out of the project.
     [[nodiscard]] int Write(QStringView path, QByteArrayView bytes, IfRefused ifRefused);
 
     /// Returns the absolute paths of the written files that replace a file with other bytes.
     [[nodiscard]] QStringList Replaced() const;
+
+    /// Returns whether the file at an absolute path has the bytes that were to be written, and so stays as it is.
+    [[nodiscard]] bool IsUnchanged(const QString &absolute) const;
 
     /// Puts all written files into their places, in the order of writing, and ends the transaction. On failure, returns
     /// the path of the file that the system refused, as it was passed to Write; no file has changed then. SIGINT and

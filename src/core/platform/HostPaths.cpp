@@ -3,6 +3,7 @@
 
 #include <cerrno>
 #include <dirent.h>
+#include <list>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -68,31 +69,78 @@ QByteArray WithSlashes(QStringView path)
     return bytes;
 }
 
-/// The largest number of folders that are kept: more than any project has, but few enough to limit the memory when a
-/// file names thousands of folders.
-constexpr size_t MOST_FOLDERS = 1000;
+/// A map from paths to values, each with a weight. When the weights exceed a limit together, the values that were used
+/// longest ago are dropped.
+template <typename Value> class RecentlyUsed
+{
+public:
+    explicit RecentlyUsed(size_t mostWeight) : most(mostWeight) {}
+
+    /// Returns the value of a path, or null. The pointer is valid until the next call of `Insert`.
+    [[nodiscard]] Value *Find(std::string_view path)
+    {
+        const auto found = places.find(path);
+        if (found == places.end())
+            return nullptr;
+        entries.splice(entries.begin(), entries, found->second);
+        return &entries.front().value;
+    }
+
+    /// Inserts the value of a path that has none yet. Keeps it even if it is heavier than the limit.
+    Value &Insert(std::string path, Value value, size_t weight)
+    {
+        for (total += weight; total > most && !entries.empty(); entries.pop_back()) {
+            total -= entries.back().weight;
+            places.erase(entries.back().path);
+        }
+        entries.push_front({std::move(path), std::move(value), weight});
+        places.emplace(entries.front().path, entries.begin());
+        return entries.front().value;
+    }
+
+private:
+    struct Entry
+    {
+        std::string path;
+        Value value;
+        size_t weight;
+    };
+
+    const size_t most;
+    size_t total = 0;
+    std::list<Entry> entries; // the one that was used last is the first
+    std::unordered_map<std::string_view, typename std::list<Entry>::iterator> places;
+};
+
+/// The largest number of names in the folders that are kept: more than nearly every project has, and at most about
+/// 50 MB of memory. A folder counts as one name more, so that empty folders are limited too.
+constexpr size_t MOST_NAMES = 400'000;
+/// The largest number of spellings of folders that are kept.
+constexpr size_t MOST_SPELLINGS = 50'000;
 
 } // namespace
 
 struct HostPaths::Listings
 {
-    NameMap<Listing> byFolder;
-    NameMap<std::string> resolved; // from the written spelling of a folder to the host's
+    RecentlyUsed<Listing> byFolder{MOST_NAMES};
+    RecentlyUsed<std::string> resolved{MOST_SPELLINGS}; // from the written spelling of a folder to the host's
 
+    /// Returns a folder's listing, which is valid until the next call.
     Listing &Of(const std::string &folder)
     {
-        if (byFolder.size() >= MOST_FOLDERS && !byFolder.contains(folder))
-            byFolder.clear();
-        return byFolder.try_emplace(folder, folder).first->second;
+        if (Listing *const known = byFolder.Find(folder))
+            return *known;
+        Listing listing(folder);
+        const size_t names = listing.names.size();
+        return byFolder.Insert(folder, std::move(listing), names + 1);
     }
 
     /// Returns a folder in the host's spelling, resolved from its first name on. Names below a folder that doesn't
     /// exist keep their spelling.
     std::string ResolveFolder(std::string_view folder)
     {
-        const auto known = resolved.find(folder);
-        if (known != resolved.end())
-            return known->second;
+        if (const std::string *const known = resolved.Find(folder))
+            return *known;
         std::string host(folder);
         for (size_t slash = 0; access(host.c_str(), F_OK) != 0 && slash != std::string::npos;) {
             slash = host.find('/', slash + 1);
@@ -105,10 +153,7 @@ struct HostPaths::Listings
             host.replace(0, upTo.size(), other);
             slash = slash == std::string::npos ? slash : other.size();
         }
-        if (resolved.size() >= MOST_FOLDERS)
-            resolved.clear();
-        resolved.emplace(folder, host);
-        return host;
+        return resolved.Insert(std::string(folder), host, 1);
     }
 
     /// Returns the path with its last name in the host's spelling; empty if the folder has no such name in any case.

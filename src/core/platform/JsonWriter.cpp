@@ -45,8 +45,11 @@ void JsonWriter::End(char bracket)
 
 void JsonWriter::Next()
 {
-    if (!isAfterKey && depth > 0)
-        text += (isFirst ? QByteArray() : QByteArray(",\n")) + QByteArray(4 * depth, ' ');
+    if (!isAfterKey && depth > 0) {
+        if (!isFirst)
+            text.append(",\n");
+        text.append(4 * depth, ' ');
+    }
     isAfterKey = isFirst = false;
 }
 

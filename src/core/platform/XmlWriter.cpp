@@ -107,6 +107,17 @@ void XmlWriter::Attribute(QByteArrayView name, QByteArrayView value)
     Add(hasQuote ? "'" : "\"");
 }
 
+void XmlWriter::EndWithText(QByteArrayView text)
+{
+    Add(">");
+    Encode(text);
+    Add("</");
+    Add(open.back());
+    Add(">\n");
+    open.pop_back();
+    inTag = false;
+}
+
 void XmlWriter::Begin(const TiXmlElement &element)
 {
     BeginElement(QByteArray::fromStdString(element.ValueStr()));
@@ -119,13 +130,7 @@ void XmlWriter::Put(const TiXmlElement &element)
     Begin(element);
     const TiXmlNode *only = element.FirstChild() == element.LastChild() ? element.FirstChild() : nullptr;
     if (only && only->ToText()) {
-        Add(">");
-        Encode(only->ValueStr());
-        Add("</");
-        Add(open.back());
-        Add(">\n");
-        open.pop_back();
-        inTag = false;
+        EndWithText(only->ValueStr());
         return;
     }
     for (auto *child = element.FirstChildElement(); child; child = child->NextSiblingElement())

@@ -30,6 +30,8 @@ public:
     // be valid (IsXmlName). All texts are UTF-8.
     void BeginElement(const QByteArray &name);
     void Attribute(QByteArrayView name, QByteArrayView value);
+    /// Ends an element that has only this text.
+    void EndWithText(QByteArrayView text);
 
     /// Writes a line that isn't XML, such as a marker of a merge.
     void Line(QByteArrayView line);

@@ -80,9 +80,6 @@ QString HeaderFolder::WriteAll()
 {
     FileTransaction transaction(doc.env);
     for (const File &file : files) {
-        QByteArray old;
-        if (ReadFile(file.path, old) == 0 && old == file.text)
-            continue;
         if (!QDir().mkpath(DirectoryOf(file.path)))
             return u"%1: the folder can't be created"_s.arg(DirectoryOf(file.path));
         if (const int error = transaction.Write(file.path, file.text, IfRefused::Stop))

@@ -104,11 +104,12 @@ private:
 
     void PutFiles(const CResFolder &folder, const char *tag)
     {
-        for (const CBaseRes *res : folder.resources) {
-            TiXmlElement element(tag);
-            element.SetAttribute("id", ToXml(env, res->Id()->name).constData());
-            element.SetAttribute("type", res->Id()->push ? "Push" : "Normal");
-            Put(element, ToXml(env, static_cast<const CFileRes *>(res)->path));
+        const QByteArray name(tag);
+        for (const CBaseRes *res : folder.resources) { // nearly all of a large list, so without the parser's elements
+            list.BeginElement(name);
+            list.Attribute("id", ToXml(env, res->Id()->name));
+            list.Attribute("type", res->Id()->push ? "Push" : "Normal");
+            list.EndWithText(ToXml(env, static_cast<const CFileRes *>(res)->path));
         }
     }
 
@@ -301,9 +302,10 @@ int WriteProject(const QString &path, CResDoc &doc, FileTransaction &files)
     } else if (code == 0) {
         // A file with the name of a new layout file belongs to no resource, but may contain somebody's work.
         for (const auto &layouts : writer.writtenLayouts) {
-            if (layouts.file->path.isEmpty())
-                MoveToRecycleBin(layouts.absolute);
-            if (layouts.file->path.isEmpty() && PathExists(layouts.absolute))
+            if (!layouts.file->path.isEmpty() || files.IsUnchanged(layouts.absolute))
+                continue;
+            MoveToRecycleBin(layouts.absolute);
+            if (PathExists(layouts.absolute))
                 refused = layouts.absolute; // it couldn't be moved to the trash
         }
         if (!refused)

@@ -3,6 +3,8 @@
 
 #include "CommandLineWalk.h"
 
+#include <functional>
+
 /// Lists the candidates for the last word of an incomplete command line, for the completion of a shell.
 ///
 /// The first line of the output says what the shell has to complete: "words", the lines that follow; "files", with a
@@ -11,7 +13,12 @@
 class CommandLineCompletion
 {
 public:
-    explicit CommandLineCompletion(const CLI::App &program) : walk(program) {}
+    /// Returns the lines of the candidates for a kind of value (CommandLine::KindOf) that depends on the settings or on
+    /// the project. `walk` has the words so far, and `option` is the option or argument that gets the value.
+    using Source =
+        std::function<std::string(std::string_view kind, const CommandLineWalk &walk, const CLI::Option &option)>;
+
+    CommandLineCompletion(const CLI::App &program, Source candidates) : walk(program), source(std::move(candidates)) {}
 
     /// `words` are those after the program's name, without the shell's quotes. The last is to be completed; of a word
     /// `--name=value` only the value is.
@@ -24,4 +31,5 @@ private:
     [[nodiscard]] std::string ListValues(const CLI::Option &option) const;
 
     CommandLineWalk walk;
+    Source source;
 };

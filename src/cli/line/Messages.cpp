@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "ErrorOutput.h"
+#include "Messages.h"
 
+#include <cerrno>
 #include <cstdlib>
-#include <string_view>
+#include <cstring>
 #include <unistd.h>
 
 namespace
@@ -29,10 +30,27 @@ bool HasColors(int descriptor)
     return isatty(descriptor) && !(forbidden && *forbidden) && terminal && std::string_view(terminal) != "dumb";
 }
 
-void Complain(const QString &text)
+void ComplainUtf8(std::string_view text)
 {
     const char *const start = HasColors(STDERR_FILENO) ? BOLD : "";
     const char *const end = *start ? PLAIN : "";
-    const QByteArray line = QByteArray(start) + "morvanite-cli:" + end + ' ' + text.toUtf8() + '\n';
-    (void)!write(STDERR_FILENO, line.constData(), size_t(line.size()));
+    std::string line(start);
+    line.append("morvanite-cli:").append(end).append(" ").append(text).append("\n");
+    (void)!write(STDERR_FILENO, line.data(), line.size());
+}
+
+bool Print(std::string_view text)
+{
+    while (!text.empty()) {
+        const ssize_t put = write(STDOUT_FILENO, text.data(), text.size());
+        if (put < 0 && errno == EINTR)
+            continue;
+        if (put < 0) {
+            if (errno != EPIPE)
+                ComplainUtf8(std::string("cannot write the output: ") + std::strerror(errno));
+            return false;
+        }
+        text.remove_prefix(size_t(put));
+    }
+    return true;
 }
