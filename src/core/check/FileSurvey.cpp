@@ -101,7 +101,7 @@ void FileSurvey::Read() const
 {
     isRead = true;
     OutputGuard guard({});
-    PackFiles disk(nullptr, guard);
+    PackFiles disk(nullptr, guard, 0);
     for (SurveyedFile &file : files) {
         if (IsStopped())
             return;
