@@ -251,10 +251,9 @@ bool OutputFile::ExplainFailedWrite()
 {
     const int error = errno;
     if (!std::exchange(isFailureTold, true))
-        env.Explain(
-            QStringLiteral("cannot write %1: %2%3")
-                .arg(QString::fromUtf8(path), Reason(error),
-                     temporary.isEmpty() && isRegular ? QStringLiteral("; the file is incomplete now") : QString()));
+        env.Explain(QStringLiteral("cannot write %1: %2%3")
+                        .arg(QString::fromUtf8(path), Reason(error),
+                             IsOverOldFile() ? QStringLiteral("; the file is incomplete now") : QString()));
     errno = error;
     return false;
 }

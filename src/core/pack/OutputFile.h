@@ -54,6 +54,8 @@ public:
     [[nodiscard]] bool Flush();
     /// True if a write has failed.
     [[nodiscard]] bool HasFailed() const { return isFailureTold; }
+    /// True if the bytes so far have replaced an old file.
+    [[nodiscard]] bool IsOverOldFile() const { return temporary.isEmpty() && isRegular; }
     /// The file for reading back what was flushed; null if it can't be read.
     [[nodiscard]] const FileHandle *Made() const { return temporary.isEmpty() ? nullptr : &handle; }
     /// True if the first bytes can be written again: not for a device or a pipe.

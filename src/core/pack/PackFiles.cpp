@@ -99,21 +99,24 @@ int ReadIntoPayload(PackContext &context, const PackFile &file, const ReadReques
 
 int CopyPart(const Environment &env, const FilePart &part, OutputFile &output)
 {
+    const QString shown = QString::fromUtf8(part.host);
     const FileHandle file(open(part.host.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    if (!file.IsOpen()) {
-        env.Explain(QStringLiteral("cannot read %1: %2")
-                        .arg(QString::fromUtf8(part.host), QString::fromLocal8Bit(strerror(errno))));
-        return part.fail();
+    if (file.IsOpen()) {
+        const qint64 copied = output.Copy(file, part.host, 0, part.size);
+        if (output.HasFailed())
+            return PACK_WRITE;
+        struct stat info;
+        if (copied == part.size && fstat(file.Get(), &info) == 0 && FileStamp(info) == part.stamp)
+            return PACK_OK;
+        if (copied >= 0)
+            env.Explain(QStringLiteral("%1 changed while it was packed").arg(shown));
+    } else {
+        env.Explain(QStringLiteral("cannot read %1: %2").arg(shown, QString::fromLocal8Bit(strerror(errno))));
     }
-    const qint64 copied = output.Copy(file, part.host, 0, part.size);
-    if (output.HasFailed())
-        return PACK_WRITE;
-    struct stat info;
-    const bool isSame = copied == part.size && fstat(file.Get(), &info) == 0 && FileStamp(info) == part.stamp;
-    if (isSame)
-        return PACK_OK;
-    if (copied >= 0)
-        env.Explain(QStringLiteral("%1 changed while it was packed").arg(QString::fromUtf8(part.host)));
+    if (output.IsOverOldFile())
+        env.Explain(
+            QStringLiteral("the output is incomplete now, because its folder or its owner didn't allow to write "
+                           "a new file first"));
     return part.fail();
 }
 
