@@ -24,9 +24,9 @@ void LanguagesOfAPack(benchmark::State &state)
         string->text = QStringLiteral("The weather will be sunny");
         strings.subfolders.back()->AddResource(std::move(string));
     }
-    PayloadBuffer memory;
+    PieceMemory memory;
     OutputGuard guard({});
-    PackFiles files(nullptr, guard);
+    PackFiles files(nullptr, guard, 0);
     ScratchFolder scratch({});
     const packinfo info;
     for (auto _ : state) {

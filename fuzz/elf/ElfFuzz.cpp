@@ -51,12 +51,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     ElfImage elf;
     if (ReadElf(env, source.Path(), elf) != 0)
         return 0;
-    AddResSection(elf, payload);
+    AddResSection(elf, quint64(payload.size()));
     Check(SetElfLayout(env, elf) == 0); // an input of this size always fits
     static const QTemporaryDir folder;
     const QString target = folder.filePath(QStringLiteral("grown"));
     OutputFile output(env);
-    Check(output.Begin(target.toUtf8(), {}) == 0 && WriteElf(env, elf, output, target.toUtf8()) == 0 &&
+    const auto write = [&](OutputFile &to) { return to.Write(payload) && to.Flush() ? 0 : int(ElfCode::Write); };
+    Check(output.Begin(target.toUtf8(), {}) == 0 && WriteElf(env, elf, output, target.toUtf8(), write) == 0 &&
           output.PutInPlace() == 0);
     QByteArray grown;
     Check(ReadFile(target, grown) == 0);

@@ -65,10 +65,11 @@ struct ElfImageTest : testing::Test, TestProgram
         return ReadElf(*env, folder.Path("in.axf"), elf);
     }
 
-    int Prepare(const QByteArray &input, const QByteArray &payload)
+    int Prepare(const QByteArray &input, const QByteArray &newPayload)
     {
+        payload = newPayload;
         const int code = Read(input);
-        return code ? code : AddResSection(elf, payload) ? -1 : SetElfLayout(*env, elf);
+        return code ? code : AddResSection(elf, quint64(payload.size())) ? -1 : SetElfLayout(*env, elf);
     }
 
     int Write()
@@ -76,20 +77,22 @@ struct ElfImageTest : testing::Test, TestProgram
         OutputFile made(*env);
         int code = made.Begin(folder.Path("out.axf").toUtf8(), {});
         if (!code)
-            code = WriteElf(*env, elf, made, folder.Path("out.axf").toUtf8());
+            code = WriteElf(*env, elf, made, folder.Path("out.axf").toUtf8(),
+                            [&](OutputFile &to) { return to.Write(payload) && to.Flush() ? 0 : int(ElfCode::Write); });
         return code ? code : made.PutInPlace();
     }
 
     /// Extends the bytes as the packer does. Returns 0 or a code; `grown` is the result.
-    int Grow(const QByteArray &input, const QByteArray &payload = "payload")
+    int Grow(const QByteArray &input, const QByteArray &newPayload = "payload")
     {
-        const int code = Prepare(input, payload);
+        const int code = Prepare(input, newPayload);
         const int written = code ? code : Write();
         grown = written ? QByteArray() : folder.Get("out.axf");
         return written;
     }
 
     ElfImage elf;
+    QByteArray payload;
     QByteArray grown;
 };
 
@@ -196,8 +199,7 @@ TEST_F(ElfImageTest, AMissingSectionTableIsNoErrorButKeepsTheOldFile)
 {
     folder.Put("out.axf", "old");
     const QByteArray input = Bytes(ElfBuilder());
-    const QByteArray payload = "12345678";
-    ASSERT_EQ(Prepare(input, payload), 0);
+    ASSERT_EQ(Prepare(input, "12345678"), 0);
     // The write beyond the limit fails, and later writes don't.
     struct sigaction action = {}, before;
     action.sa_handler = [](int) {

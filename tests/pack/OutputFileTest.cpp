@@ -30,7 +30,7 @@ struct OutputFileTest : testing::Test, PackProject
         const int error = written.Begin(Narrow(file), rights);
         if (error != 0)
             return error;
-        EXPECT_TRUE(written.Write("new"));
+        EXPECT_TRUE(written.Write("new") && written.Flush());
         return written.PutInPlace();
     }
 };

@@ -133,7 +133,7 @@ void FileSurvey::Read() const
 void FileSurvey::ReadFrom(std::atomic<size_t> &next) const
 {
     OutputGuard guard({});
-    PackFiles disk(nullptr, guard);
+    PackFiles disk(nullptr, guard, 0);
     for (size_t from = next.fetch_add(FILES_AT_ONCE); from < files.size() && !IsStopped();
          from = next.fetch_add(FILES_AT_ONCE)) {
         for (size_t i = from; i < std::min(from + FILES_AT_ONCE, files.size()) && !IsStopped(); ++i) {

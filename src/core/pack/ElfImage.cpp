@@ -236,20 +236,20 @@ int ReadElf(Environment &env, const QString &path, ElfImage &elf)
     return MakeRoom(env, path.toUtf8(), elf);
 }
 
-int AddResSection(ElfImage &elf, QByteArrayView payload)
+int AddResSection(ElfImage &elf, quint64 payloadSize)
 {
-    elf.payload = payload;
+    elf.payloadSize = payloadSize;
     ElfImage::SectionHeader &section = elf.sections.back();
     section.type = TYPE_PROGBITS;
     section.flags = FLAG_ALLOC;
-    section.size = quint32(payload.size());
+    section.size = quint32(payloadSize);
     return 0;
 }
 
 int SetElfLayout(Environment &env, ElfImage &elf)
 {
     const quint64 payload = elf.PayloadOffset();
-    const quint64 table = payload + quint64(elf.payload.size());
+    const quint64 table = payload + elf.payloadSize;
     const quint64 names = table + ElfImage::SECTION_HEADER_SIZE * elf.sections.size();
     if (names + quint64(elf.nameTable.size()) > LARGEST)
         return FailTooLarge(env, elf.path.toUtf8());
@@ -290,7 +290,7 @@ int WriteInput(Environment &env, const ElfImage &elf, OutputFile &output, const 
     const qint64 header = output.CanGoBack() ? 0 : qint64(elf.header.size());
     if (header != 0 && !output.Write(Header(elf)))
         return FailWrite(env);
-    const qint64 copied = output.Copy(elf.file, header);
+    const qint64 copied = output.Copy(elf.file, elf.path.toUtf8(), header);
     if (copied < 0)
         return FailWrite(env);
     if (quint64(header + copied) != elf.inputSize) {
@@ -304,16 +304,19 @@ int WriteInput(Environment &env, const ElfImage &elf, OutputFile &output, const 
     return 0;
 }
 
-int WriteTail(Environment &env, const ElfImage &elf, OutputFile &output, const QByteArray &shown)
+int WriteTail(Environment &env, const ElfImage &elf, OutputFile &output, const QByteArray &shown,
+              const std::function<int(OutputFile &)> &writePayload)
 {
     static constexpr char ZEROS[4] = {};
-    if (!output.Write({ZEROS, qsizetype(elf.PayloadOffset() - elf.inputSize)}) || !output.Write(elf.payload))
+    if (!output.Write({ZEROS, qsizetype(elf.PayloadOffset() - elf.inputSize)}))
         return FailWrite(env);
+    if (const int code = writePayload(output))
+        return code == int(ElfCode::Write) ? FailWrite(env) : code;
     // Continue with the names, whose failure is the one that counts.
-    const bool hasTable = output.Write(SectionTable(elf));
+    const bool hasTable = output.Write(SectionTable(elf)) && output.Flush();
     if (!hasTable)
         env.DebugTrace("[error] write section head error: %s", shown.constData());
-    if (!output.Write(elf.nameTable))
+    if (!output.Write(elf.nameTable) || !output.Flush())
         return FailWrite(env);
     if (!hasTable) {
         env.ExplainFailure((output.Drop()
@@ -326,11 +329,12 @@ int WriteTail(Environment &env, const ElfImage &elf, OutputFile &output, const Q
 
 } // namespace
 
-int WriteElf(Environment &env, const ElfImage &elf, OutputFile &output, const QByteArray &shown)
+int WriteElf(Environment &env, const ElfImage &elf, OutputFile &output, const QByteArray &shown,
+             const std::function<int(OutputFile &)> &writePayload)
 {
     if (const int code = WriteInput(env, elf, output, shown))
         return code;
-    if (const int code = WriteTail(env, elf, output, shown))
+    if (const int code = WriteTail(env, elf, output, shown, writePayload))
         return code;
     if (output.CanGoBack() && !output.WriteAtStart(Header(elf)))
         return Fail(env, "[error] write elf head error: ", shown, ElfCode::WriteHeader);

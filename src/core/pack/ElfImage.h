@@ -5,6 +5,7 @@
 #include "PayloadFormat.h"
 
 #include <array>
+#include <functional>
 #include <vector>
 
 class Environment;
@@ -50,10 +51,10 @@ struct ElfImage
     std::vector<SectionHeader> sections; ///< the old ones and, last, the new one
     QByteArray nameTable;                ///< with the new section's name at its end
     quint16 nameTableIndex = 0;
-    QByteArrayView payload; ///< not owned: must live until the file is written
-    quint64 inputSize = 0;
-    QString path;    ///< of the input
-    FileHandle file; ///< the input, still open, so that the file copied is the file read
+    quint64 payloadSize = 0; ///< bytes
+    quint64 inputSize = 0;   ///< bytes
+    QString path;            ///< of the input
+    FileHandle file;         ///< the input, still open, so that the file copied is the file read
 
     /// The offset of the payload: the input's size rounded up to a multiple of 4.
     [[nodiscard]] quint64 PayloadOffset() const { return RoundUpTo4(inputSize); }
@@ -64,8 +65,8 @@ struct ElfImage
 /// Reads the tables of the file at `path` and adds the name ".zp_res" and a section for it. Returns 0 or an ElfCode.
 [[nodiscard]] int ReadElf(Environment &env, const QString &path, ElfImage &elf);
 
-/// Fills the new section's record. `payload` isn't copied. Returns 0.
-int AddResSection(ElfImage &elf, QByteArrayView payload);
+/// Fills the new section's record for a payload of so many bytes. Returns 0.
+int AddResSection(ElfImage &elf, quint64 payloadSize);
 
 /// Places the payload, the section table and the name table after the end of the input. Returns 0, or TooLarge when the
 /// size of the file would not fit in 32 bits.
@@ -74,5 +75,7 @@ int AddResSection(ElfImage &elf, QByteArrayView payload);
 /// Writes the whole grown file: the input, the payload, the tables, and finally the new header over that of the input.
 /// If writing breaks off, the file is therefore the input with extra bytes at its end. Returns 0 or an ElfCode. `shown`
 /// is the path for messages. A section table that can't be written is not a failure: it is explained, and no new file
-/// is put in place.
-[[nodiscard]] int WriteElf(Environment &env, const ElfImage &elf, OutputFile &output, const QByteArray &shown);
+/// is put in place. `writePayload` writes and flushes the payload; it returns 0, ElfCode::Write or a code of its own,
+/// which is returned.
+[[nodiscard]] int WriteElf(Environment &env, const ElfImage &elf, OutputFile &output, const QByteArray &shown,
+                           const std::function<int(OutputFile &)> &writePayload);

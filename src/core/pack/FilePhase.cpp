@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Phases.h"
 
-#include <cstring>
-
 namespace
 {
 
-constexpr quint64 FILE_PREFIX = 8; // zero bytes before a file's own, in a pack that converts images
+constexpr char FILE_PREFIX[8] = {}; // before a file's own bytes, in a pack that converts images
 
 int ReadFileResource(PackContext &context, const QByteArray &host, const QByteArray &shown)
 {
@@ -17,7 +15,7 @@ int ReadFileResource(PackContext &context, const QByteArray &host, const QByteAr
         context.Reason(FILE_MISSING);
         return PACK_NOT_THERE;
     }
-    const auto fail = [&](ReadFailure failure) -> int {
+    const auto fail = [&env, shown](ReadFailure failure) -> int {
         if (failure == ReadFailure::Size) {
             env.WriteOutput("\r\n[error] Get file information fail: %s", shown.constData());
             return PACK_FILE_INFO;
@@ -27,7 +25,7 @@ int ReadFileResource(PackContext &context, const QByteArray &host, const QByteAr
         env.DebugTrace("[error] Could not open file while read resource data : %s.\n", shown.constData());
         return PACK_FILE_OPEN;
     };
-    return ReadIntoPayload(env, file, {[&](quint64 size) { return context.image.ExtendItem(size); }, fail});
+    return ReadIntoPayload(context, file, {fail});
 }
 
 int AddFile(PackContext &context, const CFileRes &res)
@@ -43,16 +41,13 @@ int AddFile(PackContext &context, const CFileRes &res)
     }
     env.WriteOutput("\r\n%s", shown.constData());
     if (context.info.imageconvert != 0) {
-        char *prefix = image.ExtendItem(FILE_PREFIX);
-        if (!prefix)
+        if (!image.Fits(sizeof FILE_PREFIX))
             return PACK_MEMORY;
-        std::memset(prefix, 0, FILE_PREFIX);
+        image.AddBytes({FILE_PREFIX, sizeof FILE_PREFIX});
     }
     QByteArray host = shown;
     host.replace('\\', '/');
-    if (const int code = ReadFileResource(context, host, shown))
-        return code;
-    return image.PadItem() ? PACK_OK : PACK_MEMORY;
+    return ReadFileResource(context, host, shown);
 }
 
 /// Gathers the file resources in their order. Returns false if one of them has no ID.
@@ -79,7 +74,8 @@ int ConstructFiles(PackContext &context)
     if (!Gather(context.document.root, resources))
         return PACK_FILE_LIST;
     for (const CFileRes *res : resources) {
-        if (const int code = context.After(AddFile(context, *res), context.Named(*res)))
+        const int code = AddFile(context, *res);
+        if (code != 0 && context.After(code, context.Named(*res)) != 0)
             return code;
     }
     return PACK_OK;

@@ -45,7 +45,7 @@ bool GatherImages(const CResFolder &root, qint16 scope, Images &images)
 int ReadImage(PackContext &context, const PackFile &file, const QString &path, const NarrowText &stored)
 {
     Environment &env = context.Env();
-    const auto fail = [&](ReadFailure failure) -> int {
+    const auto fail = [&env, path, stored](ReadFailure failure) -> int {
         switch (failure) {
         case ReadFailure::Size:
             PACK_LOG_BOTH(env, "\r\n[error] Get file information fail: %s", qUtf8Printable(path));
@@ -63,10 +63,7 @@ int ReadImage(PackContext &context, const PackFile &file, const QString &path, c
             return PACK_IMAGE_READ;
         }
     };
-    const auto place = [&](quint64 size) { return context.image.ExtendItem(size); };
-    if (const int code = ReadIntoPayload(env, file, {place, fail, IMAGE_TOO_SMALL}))
-        return code;
-    return context.image.PadItem() ? PACK_OK : PACK_MEMORY;
+    return ReadIntoPayload(context, file, {fail, IMAGE_TOO_SMALL});
 }
 
 PictureFile::Request RequestOf(const PackContext &context, const CFileRes &res)

@@ -102,11 +102,15 @@ int BuildStringTable(const LanguageStrings &from, PackImage &image, bool isSizeO
         return PACK_STRING_LIST;
     const size_t count = from.strings.size();
     const quint64 head = 4 + RECORD * (quint64(count) + 1);
-    char *const table = image.ExtendItem(head + from.bytes);
+    if (!image.Fits(head + from.bytes))
+        return PACK_STRING_TABLE;
+    if (isSizeOnly) {
+        image.Skip(head + from.bytes);
+        return PACK_OK;
+    }
+    char *const table = image.Extend(head + from.bytes);
     if (!table)
         return PACK_STRING_TABLE;
-    if (isSizeOnly)
-        return PACK_OK;
     qToLittleEndian(quint32(count + 1), table);
 
     char *record = table + 4;

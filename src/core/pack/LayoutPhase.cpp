@@ -145,18 +145,15 @@ int AddLayout(PackContext &context, const LayoutOutput &output)
     Environment &env = context.Env();
     BeginLayout(context, *output.id);
     const PackFile file = PackFiles::OpenMade(output.host);
-    const auto fail = [&](ReadFailure failure) -> int {
+    const auto fail = [&env, host = output.host](ReadFailure failure) -> int {
         if (failure == ReadFailure::Size)
-            return InfoFail(env, output.host);
+            return InfoFail(env, host);
         if (failure == ReadFailure::Content)
             return PACK_FILE_READ;
-        env.WriteOutput("\r\n[error] Could not open file while read resource data : %s.\n", output.host.constData());
+        env.WriteOutput("\r\n[error] Could not open file while read resource data : %s.\n", host.constData());
         return PACK_FILE_OPEN;
     };
-    const auto place = [&](quint64 size) { return context.image.ExtendItem(size); };
-    if (const int code = ReadIntoPayload(env, file, {place, fail}))
-        return code;
-    return context.image.PadItem() ? PACK_OK : PACK_MEMORY;
+    return ReadIntoPayload(context, file, {fail});
 }
 
 int AddLayouts(PackContext &context, const std::vector<LayoutOutput> &outputs)
@@ -241,7 +238,10 @@ int MeasureAll(PackContext &context, LayoutConverterCall call, const Layouts &la
         const auto size = sizes.constFind(layout->Id()->name);
         if (size == sizes.constEnd())
             return context.After(PACK_FILE_INFO, context.Env().NarrowToWide(layout->Id()->name));
-        if (!context.image.ExtendItem(*size) || !context.image.PadItem())
+        if (!context.image.Fits(*size))
+            return PACK_MEMORY;
+        context.image.Skip(*size);
+        if (!context.image.Pad())
             return PACK_MEMORY;
     }
     return PACK_OK;

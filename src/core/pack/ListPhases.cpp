@@ -89,8 +89,8 @@ int ListReader::AddLine(const NarrowText &line, PictureFile &picture)
 
 int ListReader::AddEntry(const NarrowText &name, const PackFile &file, const QString &path)
 {
-    PackEntry &entry = context.image.AddEntry(name);
-    const auto fail = [&](ReadFailure failure) -> int {
+    context.image.AddEntry(name);
+    const auto fail = [&env = env, path](ReadFailure failure) -> int {
         switch (failure) {
         case ReadFailure::Size:
             env.DebugTrace("Get file info error while read resource file : %s.\n", qUtf8Printable(path));
@@ -105,8 +105,7 @@ int ListReader::AddEntry(const NarrowText &name, const PackFile &file, const QSt
             return PACK_FILE_READ;
         }
     };
-    const auto place = [&](quint64 size) { return context.image.EntryData(entry, size); };
-    return ReadIntoPayload(env, file, {place, fail, convert ? IMAGE_TOO_SMALL : -1});
+    return ReadIntoPayload(context, file, {fail, convert ? IMAGE_TOO_SMALL : -1});
 }
 
 } // namespace

@@ -17,8 +17,8 @@
 namespace
 {
 
-constexpr size_t COPY_PIECE = size_t(64) << 10; // bytes
-constexpr qsizetype WRITE_PIECE = 4 << 20;      // bytes
+// Blocks of this size, at multiples of it in the file, let the system use large pages for them.
+constexpr size_t BLOCK = size_t(512) << 10; // bytes
 constexpr mode_t ALL_BITS = 07777;
 
 QString Reason(int error)
@@ -125,34 +125,79 @@ bool OutputFile::GiveTo(uid_t user, gid_t group, mode_t mode) const
     return fchown(handle.Get(), user, group) == 0 && fchmod(handle.Get(), mode & ALL_BITS) == 0;
 }
 
+/// Returns the place of the next byte in the block. `room` becomes the number of bytes that fit there.
+char *OutputFile::BlockEnd(size_t &room)
+{
+    if (!block)
+        block = std::make_unique_for_overwrite<char[]>(BLOCK);
+    const size_t filled = position % BLOCK;
+    room = BLOCK - filled;
+    return block.get() + filled;
+}
+
+/// Counts bytes that were put at the end of the block.
+bool OutputFile::Extend(size_t size)
+{
+    position += size;
+    return position % BLOCK != 0 || Flush();
+}
+
+bool OutputFile::Flush()
+{
+    const size_t size = size_t(position - flushed);
+    return size == 0 || WriteOut(block.get() + flushed % BLOCK, size);
+}
+
+bool OutputFile::WriteOut(const char *bytes, size_t size)
+{
+    flushed += size; // bytes that can't be written are lost
+    if (!handle.WriteAll(bytes, size))
+        return ExplainFailedWrite();
+    Breathe();
+    return true;
+}
+
 bool OutputFile::Write(QByteArrayView bytes)
 {
     while (!bytes.isEmpty()) {
-        const qsizetype size = std::min(bytes.size(), WRITE_PIECE);
-        if (!handle.WriteAll(bytes.data(), size_t(size)))
-            return ExplainFailedWrite();
-        bytes = bytes.sliced(size);
-        Breathe();
+        size_t room = 0;
+        char *const place = BlockEnd(room);
+        const size_t size = std::min(size_t(bytes.size()), room);
+        if (size == BLOCK) { // needn't be copied first
+            position += size;
+            if (!WriteOut(bytes.data(), size))
+                return false;
+        } else {
+            std::memcpy(place, bytes.data(), size);
+            if (!Extend(size))
+                return false;
+        }
+        bytes = bytes.sliced(qsizetype(size));
     }
     return true;
 }
 
-qint64 OutputFile::Copy(const FileHandle &input, qint64 from)
+qint64 OutputFile::Copy(const FileHandle &input, const QByteArray &shown, qint64 from, qint64 most)
 {
-    const auto piece = std::make_unique_for_overwrite<char[]>(COPY_PIECE);
     qint64 copied = 0;
-    ssize_t got = lseek(input.Get(), off_t(from), SEEK_SET) < 0 ? -1 : 1;
-    while (got > 0) {
-        got = input.Read(piece.get(), COPY_PIECE);
-        if (got > 0 && !Write({piece.get(), got}))
+    while (copied < most) {
+        size_t room = 0;
+        char *const place = BlockEnd(room);
+        const size_t wanted = size_t(std::min<qint64>(most - copied, qint64(room)));
+        const ssize_t got = pread(input.Get(), place, wanted, off_t(from + copied));
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0) {
+            env.Explain(QStringLiteral("cannot read %1: %2").arg(QString::fromUtf8(shown), Reason(errno)));
+            return -1;
+        }
+        if (got == 0)
+            break;
+        if (!Extend(size_t(got)))
             return -1;
         copied += got;
     }
-    if (got == 0)
-        return copied;
-    env.Explain(
-        QStringLiteral("cannot read the file that is copied to %1: %2").arg(QString::fromUtf8(path), Reason(errno)));
-    return -1;
+    return copied;
 }
 
 bool OutputFile::WriteAtStart(QByteArrayView bytes)
@@ -188,7 +233,8 @@ int OutputFile::OverwriteMounted()
     const FileHandle made = std::exchange(handle, FileHandle(open(target.constData(), O_WRONLY | O_TRUNC | O_CLOEXEC)));
     if (!handle.IsOpen())
         return errno;
-    return Copy(made) >= 0 ? 0 : errno;
+    position = flushed = 0;
+    return Copy(made, temporary) >= 0 && Flush() ? 0 : errno;
 }
 
 bool OutputFile::Drop()
@@ -205,10 +251,9 @@ bool OutputFile::ExplainFailedWrite()
 {
     const int error = errno;
     if (!std::exchange(isFailureTold, true))
-        env.Explain(
-            QStringLiteral("cannot write %1: %2%3")
-                .arg(QString::fromUtf8(path), Reason(error),
-                     temporary.isEmpty() && isRegular ? QStringLiteral("; the file is incomplete now") : QString()));
+        env.Explain(QStringLiteral("cannot write %1: %2%3")
+                        .arg(QString::fromUtf8(path), Reason(error),
+                             IsOverOldFile() ? QStringLiteral("; the file is incomplete now") : QString()));
     errno = error;
     return false;
 }

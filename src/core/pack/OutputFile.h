@@ -5,6 +5,8 @@
 #include "SignalCleanup.h"
 
 #include <chrono>
+#include <limits>
+#include <memory>
 
 class Environment;
 
@@ -30,8 +32,8 @@ struct OutputRights
 /// names, another owner, or its folder can't be written). Nothing is synced: a build product lost in a power failure
 /// can be built again.
 ///
-/// Failures are explained with the path and the system's reason. A long write gives the window time to process its
-/// events.
+/// Bytes are written in large blocks, so a failure may be noticed only by a later call. Failures are explained with the
+/// path and the system's reason. A long write gives the window time to process its events.
 class OutputFile
 {
 public:
@@ -44,10 +46,21 @@ public:
     [[nodiscard]] int Begin(const QByteArray &host, const OutputRights &rights);
 
     [[nodiscard]] bool Write(QByteArrayView bytes);
-    /// Writes the bytes of `input` from offset `from` to its end. Returns their number, or -1 if that failed.
-    [[nodiscard]] qint64 Copy(const FileHandle &input, qint64 from = 0);
+    /// Writes at most `most` bytes of `input` from offset `from` to its end. Returns their number, or -1 if they
+    /// couldn't be read or written. `shown` is the path of the input for messages.
+    [[nodiscard]] qint64 Copy(const FileHandle &input, const QByteArray &shown, qint64 from = 0,
+                              qint64 most = std::numeric_limits<qint64>::max());
+    /// Writes the bytes that are still in memory. Must be called at the end.
+    [[nodiscard]] bool Flush();
+    /// True if a write has failed.
+    [[nodiscard]] bool HasFailed() const { return isFailureTold; }
+    /// True if the bytes so far have replaced an old file.
+    [[nodiscard]] bool IsOverOldFile() const { return temporary.isEmpty() && isRegular; }
+    /// The file for reading back what was flushed; null if it can't be read.
+    [[nodiscard]] const FileHandle *Made() const { return temporary.isEmpty() ? nullptr : &handle; }
     /// True if the first bytes can be written again: not for a device or a pipe.
     [[nodiscard]] bool CanGoBack() const { return isRegular; }
+    /// Nothing may be written after that.
     [[nodiscard]] bool WriteAtStart(QByteArrayView bytes);
 
     /// Gives the file its name. Returns 0, or the system's error number; the old file is then still there.
@@ -61,6 +74,9 @@ private:
     [[nodiscard]] int OpenDirectly(mode_t mode);
     [[nodiscard]] bool GiveTo(uid_t user, gid_t group, mode_t mode) const;
     int OverwriteMounted();
+    [[nodiscard]] char *BlockEnd(size_t &room);
+    [[nodiscard]] bool Extend(size_t size);
+    [[nodiscard]] bool WriteOut(const char *bytes, size_t size);
     bool ExplainFailedWrite();
     void Breathe();
 
@@ -70,6 +86,9 @@ private:
     QByteArray temporary; // empty if the file is written directly or already in place
     SignalCleanup cleanup;
     FileHandle handle;
+    std::unique_ptr<char[]> block; // the bytes since the last multiple of its size
+    quint64 position = 0;          // in the file, of the next byte
+    quint64 flushed = 0;           // the part of them that was written
     bool isRegular = false;
     bool isFailureTold = false;
     std::chrono::steady_clock::time_point lastBreath = std::chrono::steady_clock::now();

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "PackFiles.h"
 
-#include "Environment.h"
-#include "PackCodes.h"
+#include "OutputFile.h"
 #include "Paths.h"
+#include "Phases.h"
 
 #include <cerrno>
 #include <cstring>
@@ -13,6 +13,8 @@
 namespace
 {
 
+constexpr qint64 SMALL = 32 << 10; // bytes; to copy a larger file later costs less than to keep it in memory
+
 QByteArray WithSlashes(QStringView path)
 {
     QByteArray host = path.toUtf8();
@@ -21,7 +23,7 @@ QByteArray WithSlashes(QStringView path)
 }
 
 /// Opens `found.host` and fills in what is there. Returns the error number if it isn't open.
-int Look(PackFile &found, OutputGuard *guard)
+int OpenAndLook(PackFile &found, OutputGuard *guard)
 {
     // Non-blocking, so that a pipe in place of a file doesn't hang the program.
     found.file = FileHandle(open(found.host.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
@@ -35,6 +37,7 @@ int Look(PackFile &found, OutputGuard *guard)
     if (known && guard)
         guard->Compare(found.host, info);
     found.size = known ? qint64(info.st_size) : -1;
+    found.stamp = known ? FileStamp(info) : FileStamp();
     if (known && !S_ISREG(info.st_mode))
         found.file = FileHandle();
     return error;
@@ -59,21 +62,62 @@ int FailFile(const Environment &env, const PackFile &file, int code)
     return code;
 }
 
-int ReadIntoPayload(const Environment &env, const PackFile &file, const ReadRequest &request)
+int ReadIntoPayload(PackContext &context, const PackFile &file, const ReadRequest &request)
 {
+    Environment &env = context.Env();
+    PackImage &image = context.image;
     if (file.size < 0)
         return request.fail(ReadFailure::Size);
     if (file.size <= request.tooSmall)
         return request.fail(ReadFailure::TooSmall);
-    if (!file.file.IsOpen())
+    if (!file.IsReadable())
         return FailFile(env, file, request.fail(ReadFailure::Open));
-    char *const place = request.place(quint64(file.size));
-    if (!place)
+    const auto failContent = [&] {
+        (void)FailFile(env, file, PACK_FILE_READ); // errno is still that of the read
+        return request.fail(ReadFailure::Content);
+    };
+    if (!image.Fits(quint64(file.size)))
         return PACK_MEMORY;
-    if (file.isSizeOnly || file.ReadTo(place))
-        return PACK_OK;
-    (void)FailFile(env, file, PACK_FILE_READ); // errno is still that of the read
-    return request.fail(ReadFailure::Content);
+    if (file.isSizeOnly) {
+        image.Skip(quint64(file.size));
+    } else if (file.isMade) {
+        if (const int code = image.AddMade(env, file))
+            return code == PACK_FILE_READ ? failContent() : code;
+    } else if (context.files.HasRoom(file)) {
+        const QByteArrayView content = context.files.Content(file);
+        if (content.isNull())
+            return errno == ENOMEM ? int(PACK_MEMORY) : failContent();
+        image.AddBytes(content);
+    } else {
+        const auto failLater = [&env, fail = request.fail, errorLine = context.errorLine] {
+            return FailPhase(env, errorLine, fail(ReadFailure::Content));
+        };
+        image.AddPart({file.host, file.stamp, file.size, failLater});
+    }
+    return image.Pad() ? PACK_OK : PACK_MEMORY;
+}
+
+int CopyPart(const Environment &env, const FilePart &part, OutputFile &output)
+{
+    const QString shown = QString::fromUtf8(part.host);
+    const FileHandle file(open(part.host.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (file.IsOpen()) {
+        const qint64 copied = output.Copy(file, part.host, 0, part.size);
+        if (output.HasFailed())
+            return PACK_WRITE;
+        struct stat info;
+        if (copied == part.size && fstat(file.Get(), &info) == 0 && FileStamp(info) == part.stamp)
+            return PACK_OK;
+        if (copied >= 0)
+            env.Explain(QStringLiteral("%1 changed while it was packed").arg(shown));
+    } else {
+        env.Explain(QStringLiteral("cannot read %1: %2").arg(shown, QString::fromLocal8Bit(strerror(errno))));
+    }
+    if (output.IsOverOldFile())
+        env.Explain(
+            QStringLiteral("the output is incomplete now, because its folder or its owner didn't allow to write "
+                           "a new file first"));
+    return part.fail();
 }
 
 QByteArray AbsoluteHost(const QByteArray &host)
@@ -91,23 +135,58 @@ PackFile PackFiles::OpenHost(const QByteArray &host)
     PackFile found;
     found.host = host;
     found.isSizeOnly = sizesOnly;
-    if (Look(found, &guard) == ENOENT && !host.isEmpty()) {
+    if (Look(found) == ENOENT && !host.isEmpty()) {
         QByteArray other = paths.Resolve(QString::fromUtf8(host));
         if (other != host) {
             found.host = std::move(other);
-            Look(found, &guard);
+            Look(found);
         }
     }
-    if (found.file.IsOpen())
+    if (found.IsReadable())
         Note(found.host);
     return found;
+}
+
+/// Looks at `found.host`, which isn't opened if its content is known.
+int PackFiles::Look(PackFile &found)
+{
+    struct stat info;
+    const auto known = kept.constFind(found.host);
+    if (known == kept.cend() || stat(found.host.constData(), &info) != 0 || FileStamp(info) != known->stamp)
+        return OpenAndLook(found, &guard);
+    guard.Compare(found.host, info);
+    found.exists = true;
+    found.size = qint64(info.st_size);
+    found.stamp = known->stamp;
+    found.content = known->content;
+    return 0;
+}
+
+bool PackFiles::HasRoom(const PackFile &file) const
+{
+    return !file.content.isNull() || (file.size <= SMALL && quint64(file.size) <= room);
+}
+
+QByteArrayView PackFiles::Content(const PackFile &file)
+{
+    if (!file.content.isNull())
+        return file.content;
+    errno = ENOMEM;
+    char *const place = memory.Take(quint64(file.size));
+    if (!place || !file.ReadTo(place))
+        return {};
+    room -= quint64(file.size);
+    const QByteArrayView content(place, file.size);
+    kept.insert(file.host, {file.stamp, content});
+    return content;
 }
 
 PackFile PackFiles::OpenMade(const QByteArray &host)
 {
     PackFile found;
     found.host = host;
-    Look(found, nullptr);
+    found.isMade = true;
+    OpenAndLook(found, nullptr);
     return found;
 }
 

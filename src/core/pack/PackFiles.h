@@ -1,37 +1,47 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "FileStamps.h"
 #include "HostFiles.h"
 #include "OutputGuard.h"
+#include "PieceMemory.h"
+
+#include <QHash>
 
 #include <functional>
 #include <vector>
 
 class Environment;
+struct PackContext;
 
 /// A file that a pack reads, looked at once.
 struct PackFile
 {
-    FileHandle file;         ///< not open if it doesn't exist, may not be read, or isn't a file
+    FileHandle file;         ///< not open if it doesn't exist, may not be read, isn't a file, or was read before
     QByteArray host;         ///< its path on this host
     bool exists = false;     ///< something has that name
     qint64 size = -1;        ///< bytes; -1: couldn't be read
-    int error = 0;           ///< the system's error number if it isn't open; 0: not a regular file
-    bool isSizeOnly = false; ///< its content isn't read into the payload
+    int error = 0;           ///< the system's error number if it can't be read; 0: not a regular file
+    bool isSizeOnly = false; ///< its content isn't needed
+    bool isMade = false;     ///< made by this pack, which may delete it soon
+    FileStamp stamp;
+    QByteArrayView content; ///< null if it hasn't been read; valid as long as the PackFiles
 
+    [[nodiscard]] bool IsReadable() const { return file.IsOpen() || !content.isNull(); }
     /// Reads the whole file into `place`. Returns false if it ended early (errno is then 0) or couldn't be read.
     [[nodiscard]] bool ReadTo(char *place) const;
 };
 
 /// Finds and opens the files of one pack. A folder is listed at most once, and only if a name isn't found as it is
-/// written.
+/// written. Small files stay in memory as long as there is room, and are read again only if they have changed.
 class PackFiles
 {
 public:
     /// `readFiles`, if not null, gets the absolute host path of every file that is opened.
     /// They are compared with the outputs of `outputGuard`. With `needsSizes` only the sizes of resources are needed.
-    PackFiles(std::vector<QByteArray> *readFiles, OutputGuard &outputGuard, bool needsSizes = false)
-        : inputs(readFiles), guard(outputGuard), sizesOnly(needsSizes)
+    /// At most `mostMemory` bytes of files stay in memory.
+    PackFiles(std::vector<QByteArray> *readFiles, OutputGuard &outputGuard, quint64 mostMemory, bool needsSizes = false)
+        : inputs(readFiles), guard(outputGuard), room(mostMemory), sizesOnly(needsSizes)
     {
     }
 
@@ -44,14 +54,46 @@ public:
     /// Returns the absolute host path of an existing file or folder, which counts as read; empty if there is none.
     [[nodiscard]] QByteArray Find(QStringView path);
 
+    /// True if Content should be called: the file is small, and there is room for it.
+    [[nodiscard]] bool HasRoom(const PackFile &file) const;
+    /// Returns the file's bytes, which stay valid as long as this object. Returns null if the file ended early (errno
+    /// is then 0) or couldn't be read.
+    [[nodiscard]] QByteArrayView Content(const PackFile &file);
+
 private:
+    /// The content of a file as it was when it had the stamp.
+    struct Kept
+    {
+        FileStamp stamp;
+        QByteArrayView content;
+    };
+    int Look(PackFile &found);
     void Note(const QByteArray &host);
 
     HostPaths paths;
     std::vector<QByteArray> *inputs;
     OutputGuard &guard;
+    quint64 room; // bytes
     bool sizesOnly;
+    PieceMemory memory;
+    QHash<QByteArray, Kept> kept; // by host path
 };
+
+/// A file's content that is copied when the payload is written.
+struct FilePart
+{
+    QByteArray host;
+    FileStamp stamp;
+    qint64 size; ///< bytes
+    /// Writes the phase's lines about a file that couldn't be read, and returns its code.
+    std::function<int()> fail;
+};
+
+class OutputFile;
+
+/// Copies the file. Returns 0, PACK_WRITE, or the result of `part.fail` if the file can't be read or has changed since
+/// it was looked at; the reason is explained.
+[[nodiscard]] int CopyPart(const Environment &env, const FilePart &part, OutputFile &output);
 
 /// Why a file couldn't be read into the payload.
 enum class ReadFailure
@@ -62,19 +104,19 @@ enum class ReadFailure
     Content, ///< the file ends early or can't be read
 };
 
-/// What a phase supplies for reading a file into the payload.
+/// What a phase supplies for adding a file to the payload.
 struct ReadRequest
 {
-    /// Returns the place for `size` bytes; null if memory runs out.
-    std::function<char *(quint64 size)> place;
-    /// Writes the phase's line about a failure, and returns its code.
+    /// Writes the phase's line about a failure, and returns its code. It may be called after the phase, so it must own
+    /// what it uses.
     std::function<int(ReadFailure)> fail;
     qint64 tooSmall = -1; ///< bytes; a file of this size or less is refused
 };
 
-/// Reads a whole file into the payload, or reserves its place if only its size is needed. Returns 0, PACK_MEMORY, or
-/// the result of `fail`; the system's reason is explained.
-[[nodiscard]] int ReadIntoPayload(const Environment &env, const PackFile &file, const ReadRequest &request);
+/// Adds the content of a file, with its padding, to the last entry or item. A small file, or one that is made by the
+/// pack, is read at once; others are copied when the payload is written. Returns 0, PACK_MEMORY, or the result of
+/// `fail`; the system's reason is explained.
+[[nodiscard]] int ReadIntoPayload(PackContext &context, const PackFile &file, const ReadRequest &request);
 
 /// Explains why a file couldn't be opened, or why the read just before failed. Returns `code`.
 int FailFile(const Environment &env, const PackFile &file, int code);

@@ -1,36 +1,52 @@
 // SPDX-License-Identifier: MIT
 #include "PackImage.h"
 
+#include "Environment.h"
+#include "OutputFile.h"
+#include "PackCodes.h"
+
 #include <algorithm>
+#include <cerrno>
+#include <cstdio>
 #include <cstring>
+#include <fcntl.h>
+#include <iterator>
+#include <limits>
+#include <sys/sendfile.h>
+#include <sys/stat.h>
 
-PackImage::PackImage(PayloadBuffer &memory, EntryPadding entryPadding) : bytes(memory), padding(entryPadding)
+namespace
 {
-    bytes.Clear();
+
+constexpr char ZEROS[4] = {};
+
+} // namespace
+
+PackImage::PackImage(PieceMemory &pieceMemory, EntryPadding entryPadding) : memory(pieceMemory), padding(entryPadding)
+{
+    memory.Clear();
 }
 
-PackEntry &PackImage::AddEntry(const NarrowText &name)
+void PackImage::AddEntry(const NarrowText &name)
 {
-    return entries.emplace_back(PackEntry{name});
-}
-
-char *PackImage::EntryData(PackEntry &entry, quint64 size)
-{
-    const quint64 padded = padding == EntryPadding::FourBytes ? RoundUpTo4(size) : size;
-    char *place = bytes.Append(padded);
-    if (!place)
-        return nullptr;
-    std::memset(place + size, 0, size_t(padded - size));
-    entry.size = quint32(size);
-    entry.paddedSize = quint32(padded);
-    entryBytes = bytes.Size();
-    return place;
+    entries.push_back(PackEntry{name});
 }
 
 void PackImage::BeginBlock()
 {
-    AddEntry(BLOCK_NAME).isBlock = true;
+    AddEntry(BLOCK_NAME);
+    entries.back().isBlock = true;
     AddEntry({});
+    entryPieces = pieces.size();
+}
+
+void PackImage::AddItem(quint32 key, ItemKind kind, const IDRecord *id)
+{
+    BlockItem &item = items.emplace_back();
+    item.key = key;
+    item.itemKind = kind;
+    item.id = id;
+    item.firstPiece = pieces.size();
 }
 
 void PackImage::EndBlock()
@@ -38,85 +54,158 @@ void PackImage::EndBlock()
     AddItem(BLOCK_END_KEY, ITEM_STRINGS);
 }
 
-BlockItem &PackImage::AddItem(quint32 key, ItemKind kind, const IDRecord *id)
+bool PackImage::Fits(quint64 size) const
 {
-    itemStart = bytes.Size();
-    BlockItem &item = items.emplace_back();
-    item.key = key;
-    item.itemKind = kind;
-    item.id = id;
-    return item;
+    return size <= std::numeric_limits<quint32>::max() - dataSize;
 }
 
-char *PackImage::ExtendItem(quint64 size)
+void PackImage::Skip(quint64 size)
 {
-    char *place = bytes.Append(size);
+    dataSize += size;
+    if (items.empty())
+        entries.back().paddedSize = entries.back().size += quint32(size);
+    else
+        items.back().size += quint32(size);
+}
+
+void PackImage::AddBytes(QByteArrayView bytes)
+{
+    Skip(quint64(bytes.size()));
+    if (!bytes.isEmpty())
+        pieces.emplace_back(bytes);
+}
+
+void PackImage::AddPart(FilePart part)
+{
+    Skip(quint64(part.size));
+    pieces.emplace_back(std::make_unique<FilePart>(std::move(part)));
+}
+
+char *PackImage::Extend(quint64 size)
+{
+    char *const place = Fits(size) ? memory.Take(size) : nullptr;
     if (place)
-        items.back().size = quint32(ItemSize());
+        AddBytes({place, qsizetype(size)});
     return place;
 }
 
-bool PackImage::PadItem()
+int PackImage::AddMade(const Environment &env, const PackFile &file)
 {
-    const quint64 missing = RoundUpTo4(ItemSize()) - ItemSize();
-    char *place = ExtendItem(missing);
+    const quint64 size = quint64(file.size);
+    if (size > room && OpenSpill())
+        return Spill(env, file);
+    room -= std::min(room, size);
+    char *const place = Extend(size);
     if (!place)
+        return PACK_MEMORY;
+    return file.ReadTo(place) ? PACK_OK : PACK_FILE_READ;
+}
+
+/// Returns false if no folder can have a file without a name.
+bool PackImage::OpenSpill()
+{
+    for (const char *place : {folder.constData(), P_tmpdir}) {
+        if (!spill.IsOpen())
+            spill = FileHandle(open(place, O_TMPFILE | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    }
+    return spill.IsOpen();
+}
+
+int PackImage::Spill(const Environment &env, const PackFile &file)
+{
+    const qint64 offset = spilled;
+    const qint64 end = offset + file.size;
+    while (spilled < end) {
+        const ssize_t sent = sendfile(spill.Get(), file.file.Get(), nullptr, size_t(end - spilled));
+        if (sent < 0 && errno == EINTR)
+            continue;
+        if (sent < 0) {
+            env.Explain(QStringLiteral("cannot copy %1 to a temporary file: %2")
+                            .arg(QString::fromUtf8(file.host), QString::fromLocal8Bit(strerror(errno))));
+            return PACK_WRITE;
+        }
+        errno = 0;
+        if (sent == 0)
+            return PACK_FILE_READ;
+        spilled += sent;
+    }
+    Skip(quint64(file.size));
+    pieces.emplace_back(Spilled{offset, file.size});
+    return PACK_OK;
+}
+
+bool PackImage::Pad()
+{
+    const bool isEntry = items.empty();
+    const quint64 size = isEntry ? entries.back().size : items.back().size;
+    const quint64 missing = isEntry && padding == EntryPadding::None ? 0 : RoundUpTo4(size) - size;
+    if (!Fits(missing))
         return false;
-    std::memset(place, 0, size_t(missing));
+    AddBytes({ZEROS, qsizetype(missing)});
+    if (isEntry)
+        entries.back().size = quint32(size); // without its padding
     return true;
 }
 
-bool PackImage::SortItems()
+void PackImage::SortItems()
 {
     struct Placed
     {
         BlockItem item;
-        const char *data;
+        std::vector<Piece> content;
     };
     std::vector<Placed> sorted;
     sorted.reserve(items.size());
-    const char *data = bytes.At(qint64(entryBytes));
-    for (const BlockItem &item : items) {
-        sorted.push_back({item, data});
-        data += item.size;
+    for (size_t n = 0; n < items.size(); ++n) {
+        const size_t end = n + 1 < items.size() ? items[n + 1].firstPiece : pieces.size();
+        sorted.push_back({items[n], {}});
+        for (size_t piece = items[n].firstPiece; piece < end; ++piece)
+            sorted.back().content.push_back(std::move(pieces[piece]));
     }
     std::stable_sort(sorted.begin(), sorted.end() - 1,
                      [](const Placed &a, const Placed &b) { return a.item.key < b.item.key; });
-
-    const quint64 size = bytes.Size() - entryBytes;
-    PayloadBuffer copy(0);
-    char *const first = copy.Append(size);
-    if (!first)
-        return false;
-    char *place = first;
+    pieces.erase(pieces.begin() + ptrdiff_t(std::min(entryPieces, pieces.size())), pieces.end());
     for (size_t n = 0; n < sorted.size(); ++n) {
         items[n] = sorted[n].item;
-        std::memcpy(place, sorted[n].data, items[n].size);
-        place += items[n].size;
+        items[n].firstPiece = pieces.size();
+        std::move(sorted[n].content.begin(), sorted[n].content.end(), std::back_inserter(pieces));
     }
-    std::memcpy(bytes.At(qint64(entryBytes)), first, size_t(size));
-    return true;
 }
 
 bool PackImage::LayOut()
 {
     const auto computed = LayOutPayload(entries, items, quint64(base));
-    if (computed)
-        layout = *computed;
-    return computed.has_value();
+    if (!computed)
+        return false;
+    layout = *computed;
+    directory = QByteArray(qsizetype(layout.directory), Qt::Uninitialized);
+    WriteDirectory(entries, layout, directory.data());
+    table = QByteArray(qsizetype(layout.table), Qt::Uninitialized);
+    WriteBlockTable(items, table.data());
+    return true;
 }
 
-QByteArrayView PackImage::Serialise(QByteArrayView prefix)
+int PackImage::Write(const Environment &env, OutputFile &output) const
 {
-    const quint64 head = quint64(prefix.size()) + layout.directory + layout.table;
-    if (!bytes.EnsureFront(head))
-        return {};
-    // Move the entries' data, usually an icon, to the front, which makes room for the table before the items.
-    std::memmove(bytes.At(-qint64(layout.table)), bytes.At(0), size_t(entryBytes));
-    WriteBlockTable(items, bytes.At(qint64(entryBytes) - qint64(layout.table)));
-    WriteDirectory(entries, layout, bytes.At(-qint64(layout.table + layout.directory)));
-    char *const start = bytes.At(-qint64(head));
-    if (!prefix.isEmpty())
-        std::memcpy(start, prefix.data(), size_t(prefix.size()));
-    return QByteArrayView(start, qsizetype(quint64(prefix.size()) + layout.Total()));
+    if (!output.Write(directory))
+        return PACK_WRITE;
+    for (size_t n = 0; n <= pieces.size(); ++n) {
+        if (n == entryPieces && !output.Write(table))
+            return PACK_WRITE;
+        if (n < pieces.size()) {
+            if (const int code = WritePiece(env, pieces[n], output))
+                return code;
+        }
+    }
+    return output.Flush() ? PACK_OK : PACK_WRITE;
+}
+
+int PackImage::WritePiece(const Environment &env, const Piece &piece, OutputFile &output) const
+{
+    if (const auto *bytes = std::get_if<QByteArrayView>(&piece))
+        return output.Write(*bytes) ? PACK_OK : PACK_WRITE;
+    if (const auto *part = std::get_if<std::unique_ptr<FilePart>>(&piece))
+        return CopyPart(env, **part, output);
+    const auto &[offset, size] = std::get<Spilled>(piece);
+    return output.Copy(spill, "a temporary file", offset, size) == size ? PACK_OK : PACK_WRITE;
 }

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "PayloadBuffer.h"
+#include "PackFiles.h"
 #include "PayloadLayout.h"
+
+#include <memory>
+#include <variant>
 
 /// The padding of an entry's data. The numbers in the directory are computed with that padding or without.
 enum class EntryPadding
@@ -11,61 +14,83 @@ enum class EntryPadding
     FourBytes,
 };
 
-/// What one run of the construct phases gathers: the directory, the block and their bytes. Files are read directly into
-/// their places in `memory`. All entries come before the first item.
+/// What one run of the construct phases gathers: the directory, the block, and their content in pieces, which are in
+/// memory or in files. All entries come before the first item. Content is added to the entry or item that was added
+/// last.
 ///
 ///     PackImage image(memory, EntryPadding::FourBytes);
-///     PackEntry &entry = image.AddEntry("AppLogo.img");
-///     char *place = image.EntryData(entry, size);         // null: no memory
+///     image.AddEntry("AppLogo.img");
+///     if (image.Fits(bytes.size())) { image.AddBytes(bytes); image.Pad(); }
 ///     image.BeginBlock(); ... image.EndBlock();
 ///     image.base = 0;
-///     if (image.LayOut()) payload = image.Serialise({});
+///     if (image.LayOut()) code = image.Write(env, output);
 class PackImage
 {
 public:
-    /// Empties `memory`, which this object uses but doesn't own.
-    PackImage(PayloadBuffer &memory, EntryPadding entryPadding);
+    /// Empties `pieceMemory`, which this object uses but doesn't own.
+    PackImage(PieceMemory &pieceMemory, EntryPadding entryPadding);
 
     std::vector<PackEntry> entries;
     std::vector<BlockItem> items;
-    qint64 base = -1; ///< the base of all offsets; the mode sets it before `LayOut`
+    qint64 base = -1;  ///< the base of all offsets; the mode sets it before `LayOut`
+    quint64 room = 0;  ///< bytes of files made by the pack that may be in memory
+    QByteArray folder; ///< for a temporary file with the rest of them
 
-    /// Valid until the next one is added.
-    PackEntry &AddEntry(const NarrowText &name);
-    /// Sets the entry's size and returns the place for its bytes; null if memory runs out.
-    [[nodiscard]] char *EntryData(PackEntry &entry, quint64 size);
-
+    void AddEntry(const NarrowText &name);
     void BeginBlock(); ///< ends the directory
-    void EndBlock();   ///< ends the table
+    void AddItem(quint32 key, ItemKind kind, const IDRecord *id = nullptr);
+    void EndBlock(); ///< ends the table
 
-    /// Valid until the next one is added.
-    BlockItem &AddItem(quint32 key, ItemKind kind, const IDRecord *id = nullptr);
-    /// Extends the last item by `size` uninitialised bytes and returns the place of the first; null if memory runs out.
-    [[nodiscard]] char *ExtendItem(quint64 size);
-    /// Pads the last item with zero bytes to a multiple of 4. Returns false if memory runs out.
-    [[nodiscard]] bool PadItem();
-    /// The byte at `offset` of the last item.
-    [[nodiscard]] char *ItemAt(quint64 offset) { return bytes.At(qint64(itemStart + offset)); }
-    [[nodiscard]] quint64 ItemSize() const { return bytes.Size() - itemStart; }
+    /// True if so many bytes can be added: the size of all data must fit in 32 bits.
+    [[nodiscard]] bool Fits(quint64 size) const;
+    // `Fits` must be true for the sizes of these.
+    void AddBytes(QByteArrayView bytes); ///< not copied: they must live until the payload is written
+    void AddPart(FilePart part);
+    void Skip(quint64 size); ///< counts bytes of a payload that isn't written
+    /// Adds uninitialised bytes and returns the place of the first; null if memory runs out or they don't fit.
+    [[nodiscard]] char *Extend(quint64 size);
+    /// Reads a file that may be deleted afterwards. Returns 0, PACK_MEMORY, PACK_FILE_READ (errno has the reason; 0: it
+    /// ended early), or PACK_WRITE, which is explained.
+    [[nodiscard]] int AddMade(const Environment &env, const PackFile &file);
+    /// Ends the content with zero bytes up to a multiple of 4, if it has such a padding. Returns false if they don't
+    /// fit.
+    [[nodiscard]] bool Pad();
+
     /// The size of all data so far, in bytes.
-    [[nodiscard]] quint64 DataSize() const { return bytes.Size(); }
+    [[nodiscard]] quint64 DataSize() const { return dataSize; }
 
     /// Puts the items, with their data, into ascending order of their keys. Items with equal keys keep their order, and
-    /// the end of the table stays the end. Returns false if memory runs out.
-    [[nodiscard]] bool SortItems();
+    /// the end of the table stays the end.
+    void SortItems();
     /// Computes offsets and sizes. Returns false if they need more than 32 bits.
     [[nodiscard]] bool LayOut();
     /// The size of the payload in bytes, once it is laid out.
     [[nodiscard]] quint64 Total() const { return layout.Total(); }
 
-    /// Returns `prefix` and the whole payload as one contiguous part of `memory`. May be called once, after `LayOut`.
-    /// Returns a null view if memory runs out.
-    [[nodiscard]] QByteArrayView Serialise(QByteArrayView prefix);
+    /// Writes the payload, after `LayOut`. Returns 0, PACK_WRITE, or the code of a phase whose file couldn't be read.
+    [[nodiscard]] int Write(const Environment &env, OutputFile &output) const;
 
 private:
-    PayloadBuffer &bytes;
+    /// Bytes of the temporary file.
+    struct Spilled
+    {
+        qint64 offset;
+        qint64 size;
+    };
+    using Piece = std::variant<QByteArrayView, Spilled, std::unique_ptr<FilePart>>;
+
+    [[nodiscard]] bool OpenSpill();
+    [[nodiscard]] int Spill(const Environment &env, const PackFile &file);
+    [[nodiscard]] int WritePiece(const Environment &env, const Piece &piece, OutputFile &output) const;
+
+    PieceMemory &memory;
     EntryPadding padding;
-    quint64 entryBytes = 0; // size of the entries' data; the items' data follows
-    quint64 itemStart = 0;  // of the last item
+    quint64 dataSize = 0;
+    std::vector<Piece> pieces;
+    size_t entryPieces = 0; // the number of the entries' pieces, which are the first ones
+    FileHandle spill;
+    qint64 spilled = 0; // bytes
     PayloadLayout layout;
+    QByteArray directory;
+    QByteArray table;
 };

@@ -17,7 +17,7 @@ struct PackRun
     QByteArray outputHost;
     QByteArray sideHost;        // the payload alone; empty in a mode without it
     PackTrial *trial = nullptr; // null in a pack
-    PayloadBuffer memory{};     // holds the payloads of the run, one at a time
+    PieceMemory memory{};       // of one PackImage at a time
     PictureConverters converters{document.env, info.options, scratch};
 
     [[nodiscard]] Environment &Env() const { return document.env; }
@@ -42,7 +42,6 @@ namespace PackedDll
 
 } // namespace PackedDll
 
-/// Runs all phases and builds the payload, after `prefix`, in the run's memory. It is valid until the next one is
-/// built. Returns 0 or a failure code; PACK_SAME_FILE if an output is a file that was read.
-[[nodiscard]] int BuildPayload(PackRun &run, EntryPadding padding, quint64 base, QByteArrayView prefix,
-                               QByteArrayView &payload);
+/// Runs all phases and lays out the payload, which isn't laid out if a trial doesn't know all sizes. Returns 0 or a
+/// failure code; PACK_SAME_FILE if an output is a file that was read.
+[[nodiscard]] int BuildPayload(PackRun &run, quint64 base, PackImage &image);

@@ -15,7 +15,7 @@
 namespace
 {
 
-int WriteOutputFile(PackRun &run, const FileHandle &input, quint32 inputSize, QByteArrayView payload)
+int WriteOutputFile(PackRun &run, const FileHandle &input, quint32 inputSize, const PackImage &image)
 {
     Environment &env = run.Env();
     env.FlushOutput();
@@ -24,7 +24,7 @@ int WriteOutputFile(PackRun &run, const FileHandle &input, quint32 inputSize, QB
         env.DebugTrace("[error] could not open file while write data to file: %s", run.outputHost.constData());
         return error;
     }
-    const qint64 copied = output.Copy(input);
+    const qint64 copied = output.Copy(input, run.inputHost);
     if (copied >= 0 && copied != inputSize) {
         env.Explain(QStringLiteral("%1 had %2 bytes when it was read, but %3 when it was copied")
                         .arg(QString::fromUtf8(run.inputHost))
@@ -32,13 +32,14 @@ int WriteOutputFile(PackRun &run, const FileHandle &input, quint32 inputSize, QB
                         .arg(copied));
         return int(ElfCode::InputChanged);
     }
+    int code = copied >= 0 && output.Write({PAYLOAD_NAME, sizeof PAYLOAD_NAME}) ? image.Write(env, output) : PACK_WRITE;
     char trailer[4];
     qToLittleEndian(inputSize, trailer);
-    if (copied < 0 || !output.Write(payload) || !output.Write({trailer, sizeof trailer})) {
+    if (code == PACK_OK && !(output.Write({trailer, sizeof trailer}) && output.Flush()))
+        code = PACK_WRITE;
+    if (code == PACK_WRITE)
         env.DebugTrace("[error] write res data to file error.\n");
-        return PACK_WRITE;
-    }
-    return output.PutInPlace();
+    return code == PACK_OK ? output.PutInPlace() : code;
 }
 
 } // namespace
@@ -52,11 +53,10 @@ int Packer::PackToDLL(PackRun &run)
                               .arg(QString::fromUtf8(run.inputHost), QString::fromLocal8Bit(strerror(errno))));
         return PACK_INPUT_SIZE;
     }
-    QByteArrayView payload;
-    const quint64 base = PackedDll::PayloadOffset(quint64(inputSize));
-    if (const int code = BuildPayload(run, EntryPadding::None, base, {PAYLOAD_NAME, sizeof PAYLOAD_NAME}, payload))
+    PackImage image(run.memory, EntryPadding::None);
+    if (const int code = BuildPayload(run, PackedDll::PayloadOffset(quint64(inputSize)), image))
         return code;
-    const int code = WriteOutputFile(run, input, quint32(inputSize), payload);
+    const int code = WriteOutputFile(run, input, quint32(inputSize), image);
     run.Env().DebugTrace("leave Packer::PackToDLL(): result=%d", code);
     return code;
 }

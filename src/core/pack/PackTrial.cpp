@@ -48,11 +48,11 @@ void TryTarget(PackRun &run)
     const int code = ReadElf(run.Env(), QString::fromUtf8(run.inputHost), elf);
     if (code != 0)
         trial.Note(code, QString::fromUtf8(run.inputHost));
-    QByteArrayView payload;
-    (void)BuildPayload(run, EntryPadding::FourBytes, BaseOfSection(run.Env(), elf), {}, payload);
-    if (code != 0 || payload.isNull())
+    PackImage image(run.memory, EntryPadding::FourBytes);
+    (void)BuildPayload(run, BaseOfSection(run.Env(), elf), image);
+    if (code != 0 || trial.payload == 0)
         return;
-    AddResSection(elf, payload);
+    AddResSection(elf, trial.payload);
     if (const int tooLarge = SetElfLayout(run.Env(), elf))
         trial.Note(tooLarge, QString::fromUtf8(run.outputHost));
     else
@@ -66,11 +66,10 @@ void TryDll(PackRun &run)
     const bool isThere = stat(run.inputHost.constData(), &info) == 0 && access(run.inputHost.constData(), R_OK) == 0;
     if (!isThere)
         trial.Note(PACK_INPUT_SIZE, QString::fromUtf8(run.inputHost));
-    QByteArrayView payload;
+    PackImage image(run.memory, EntryPadding::None);
     const quint64 inputSize = isThere ? quint64(info.st_size) : 0;
-    (void)BuildPayload(run, EntryPadding::None, PackedDll::PayloadOffset(inputSize),
-                       {PAYLOAD_NAME, sizeof PAYLOAD_NAME}, payload);
-    if (isThere && !payload.isNull())
+    (void)BuildPayload(run, PackedDll::PayloadOffset(inputSize), image);
+    if (isThere && trial.payload != 0)
         trial.output = PackedDll::Size(inputSize, trial.payload);
 }
 
@@ -122,11 +121,8 @@ void Packer::Try(const packinfo &parameters, CResModel &document, PackTrial &tri
     const ScratchFolder scratch(info.temp.isEmpty() ? "" : AbsoluteHost(OutputPath(info.temp)));
     if (!scratch.IsUsable(env))
         trial.Note(PACK_TEMP_FOLDER, {});
-    PackRun run{document,     info,
-                guard,        PackFiles(nullptr, guard, true),
-                scratch,      paths.input,
-                paths.output, paths.side,
-                &trial,       PayloadBuffer(PayloadBuffer::FRONT_ROOM, true)};
+    PackRun run{document,     info,       guard, PackFiles(nullptr, guard, 0, true), scratch, paths.input,
+                paths.output, paths.side, &trial};
     if (info.packmode == PACK_TO_TARGET)
         TryTarget(run);
     else
@@ -141,17 +137,7 @@ void Packer::Measure(const packinfo &info, CResModel &document, PackTrial &trial
     trial.isOfResources = true;
     const TrialOutput quiet(document.env, trial);
     OutputGuard guard({});
-    PackRun run{document,
-                info,
-                guard,
-                PackFiles(nullptr, guard, true),
-                ScratchFolder({}),
-                {},
-                {},
-                {},
-                &trial,
-                PayloadBuffer(PayloadBuffer::FRONT_ROOM, true)};
-    QByteArrayView payload;
-    (void)BuildPayload(run, info.packmode == PACK_TO_TARGET ? EntryPadding::FourBytes : EntryPadding::None, 0, {},
-                       payload);
+    PackRun run{document, info, guard, PackFiles(nullptr, guard, 0, true), ScratchFolder({}), {}, {}, {}, &trial};
+    PackImage image(run.memory, info.packmode == PACK_TO_TARGET ? EntryPadding::FourBytes : EntryPadding::None);
+    (void)BuildPayload(run, 0, image);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Packer.h"
 
+#include "FilePlace.h"
 #include "OutputFile.h"
 #include "PackPaths.h"
 #include "PackRun.h"
@@ -57,7 +58,8 @@ int Packer::Pack(const packinfo &parameters, CResModel &document, std::vector<QB
     if (!scratch.Prepare(env))
         return PACK_TEMP_FOLDER;
 
-    PackRun run{document, info, guard, PackFiles(inputs, guard), scratch, paths.input, paths.output, paths.side};
+    PackRun run{document, info,        guard,        PackFiles(inputs, guard, info.fileMemory),
+                scratch,  paths.input, paths.output, paths.side};
     int code = PACK_UNKNOWN_MODE;
     if (info.packmode == PACK_TO_TARGET)
         code = PackToTarget(run);
@@ -94,9 +96,10 @@ int CheckSize(PackRun &run, const PackImage &image)
 
 } // namespace
 
-int BuildPayload(PackRun &run, EntryPadding padding, quint64 base, QByteArrayView prefix, QByteArrayView &payload)
+int BuildPayload(PackRun &run, quint64 base, PackImage &image)
 {
-    PackImage image(run.memory, padding);
+    image.room = run.info.fileMemory;
+    image.folder = run.scratch.IsNamed() ? run.scratch.Path() : FolderOf(run.outputHost);
     PackContext context{run.document, run.info,       image,     run.files,
                         run.scratch,  run.converters, run.trial, DirectoryOf(run.document.PathName())};
     if (const int code = ConstructResources(context))
@@ -109,13 +112,9 @@ int BuildPayload(PackRun &run, EntryPadding padding, quint64 base, QByteArrayVie
     if (run.trial && !run.trial->isExact)
         return PACK_OK;
     image.base = qint64(base);
-    // The order doesn't change any size, and a trial has no data to move.
-    if (run.info.options.sorted && !run.trial && !image.SortItems())
-        return PACK_MEMORY;
+    if (run.info.options.sorted)
+        image.SortItems();
     if (!image.LayOut())
         return AfterStep(run.trial, PACK_MEMORY);
-    if (const int code = CheckSize(run, image))
-        return code;
-    payload = image.Serialise(prefix);
-    return payload.isNull() ? AfterStep(run.trial, PACK_MEMORY) : PACK_OK;
+    return CheckSize(run, image);
 }

@@ -37,6 +37,8 @@ struct packinfo
     QString depfile;
     QString temp;       ///< a folder for the pack's own temporary files; empty: beside the sources
     quint64 budget = 0; ///< the most bytes that the payload may have; 0: no limit
+    /// The most bytes in memory of small files, and of files that the pack makes, such as converted pictures.
+    quint64 fileMemory = quint64(20) << 20;
     PackOptions options;
 };
 
@@ -60,5 +62,4 @@ public:
 private:
     [[nodiscard]] static int PackToTarget(PackRun &run);
     [[nodiscard]] static int PackToDLL(PackRun &run);
-    [[nodiscard]] static int WriteResFile(PackRun &run, OutputFile &output);
 };

@@ -46,6 +46,7 @@ struct BlockItem
     quint32 size = 0; ///< with its zero bytes at the end; a multiple of 4
     ItemKind itemKind = ITEM_STRINGS;
     const IDRecord *id = nullptr; ///< of the resource; null for a language
+    size_t firstPiece = 0;        ///< of its content; see PackImage
 };
 
 inline constexpr char BLOCK_NAME[] = "zep-2.0";

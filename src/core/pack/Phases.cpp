@@ -57,6 +57,12 @@ QString PackContext::Named(const CFileRes &res) const
     return QStringLiteral("%1 (%2)").arg(Env().NarrowToWide(res.Id()->name), Env().NarrowToWide(res.path));
 }
 
+int FailPhase(Environment &env, const char *errorLine, int code)
+{
+    env.WriteOutput("%s, result=%d", errorLine, code);
+    return code;
+}
+
 int ConstructResources(PackContext &context)
 {
     Environment &env = context.Env();
@@ -65,10 +71,9 @@ int ConstructResources(PackContext &context)
             env.WriteOutput("%s", phase.firstLine);
         const size_t countBefore = CountOf(context.image);
         const quint64 bytesBefore = context.image.DataSize();
-        if (const int code = context.After(phase.run(context))) {
-            env.WriteOutput("%s, result=%d", phase.errorLine, code);
-            return code;
-        }
+        context.errorLine = phase.errorLine;
+        if (const int code = context.After(phase.run(context)))
+            return FailPhase(env, phase.errorLine, code);
         if (context.trial && phase.name)
             context.trial->parts.push_back(
                 {phase.name, CountOf(context.image) - countBefore, context.image.DataSize() - bytesBefore});

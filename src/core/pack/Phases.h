@@ -20,8 +20,9 @@ struct PackContext
     PackFiles &files;
     ScratchFolder &scratch;
     PictureConverters &converters;
-    PackTrial *trial;      ///< null in a pack
-    QString projectFolder; ///< host path without a separator at its end
+    PackTrial *trial;           ///< null in a pack
+    QString projectFolder;      ///< host path without a separator at its end
+    const char *errorLine = ""; ///< of the phase that runs; see FailPhase
 
     [[nodiscard]] Environment &Env() const { return document.env; }
 
@@ -49,6 +50,9 @@ inline const QString FILE_MISSING = QStringLiteral("the file does not exist");
 /// Runs all phases. Returns 0, or the code of the phase that failed; the caller must then discard what was built so
 /// far.
 [[nodiscard]] int ConstructResources(PackContext &context);
+
+/// Writes the line about a phase that fails with `code`, and returns the code.
+int FailPhase(Environment &env, const char *errorLine, int code);
 
 // The phases, each in a file of its own. They return 0 or a PackCode. The table in Phases.cpp has their order and their
 // messages.

@@ -156,6 +156,7 @@ PackFile PictureCache::Find(const QByteArray &key) const
     if (!entry.file.IsOpen() || fstat(entry.file.Get(), &info) != 0 || !S_ISREG(info.st_mode))
         return PackFile();
     entry.exists = true;
+    entry.isMade = true; // another pack may delete it
     entry.size = info.st_size - ENTRY_END;
     Hash hash;
     char end[ENTRY_END];

@@ -9,12 +9,6 @@ FileStamp FileStamp::Of(QStringView path)
     return stat(HostPath(path).constData(), &info) == 0 ? FileStamp(info) : FileStamp();
 }
 
-bool FileStamp::operator==(const FileStamp &other) const
-{
-    return info.st_dev == other.info.st_dev && info.st_ino == other.info.st_ino && info.st_size == other.info.st_size &&
-           info.st_mtim.tv_sec == other.info.st_mtim.tv_sec && info.st_mtim.tv_nsec == other.info.st_mtim.tv_nsec;
-}
-
 FileStamps FileStamps::Renewed() const
 {
     FileStamps renewed;

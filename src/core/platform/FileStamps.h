@@ -15,15 +15,24 @@ public:
     /// The stamp of a file that doesn't exist.
     FileStamp() = default;
     /// The stamp of a file from what the system says about it.
-    explicit FileStamp(const struct stat &fileInfo) : info(fileInfo) {}
+    explicit FileStamp(const struct stat &info)
+        : device(info.st_dev), inode(info.st_ino), size(info.st_size), seconds(info.st_mtim.tv_sec),
+          nanoseconds(info.st_mtim.tv_nsec), isThere(info.st_nlink != 0)
+    {
+    }
     /// Returns the stamp of the file at `path`. Follows links.
     [[nodiscard]] static FileStamp Of(QStringView path);
 
-    [[nodiscard]] bool IsThere() const { return info.st_nlink != 0; }
-    bool operator==(const FileStamp &other) const;
+    [[nodiscard]] bool IsThere() const { return isThere; }
+    bool operator==(const FileStamp &other) const = default;
 
 private:
-    struct stat info = {};
+    dev_t device = 0;
+    ino_t inode = 0;
+    off_t size = 0;
+    time_t seconds = 0; // of the last change
+    long nanoseconds = 0;
+    bool isThere = false;
 };
 
 /// The stamps of files as they were when they were read or written last.
