@@ -107,7 +107,8 @@ def program_breaches(folder_of, parts):
         listed &= set(library_of.values()) - {library_of.get(folder)}
         included = {}  # library -> a file that includes it
         seen = set()
-        files = [(name, name) for name in tracked(folder + '/*.h', folder + '/*.cpp')]
+        files = [(name, name) for name in tracked(folder + '/*.h', folder + '/*.cpp')
+                 if str(pathlib.PurePath(name).parent) not in parts]
         while files:
             source, path = files.pop()
             for header in includes_in(path):

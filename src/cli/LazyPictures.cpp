@@ -27,7 +27,7 @@ const PictureFunctions *Functions()
 
 } // namespace
 
-bool CountAlphaOfPicture(const QByteArray &bytes, FilePart part, PictureAlpha &alpha)
+bool CountAlphaOfPicture(const QByteArray &bytes, PictureBytes part, PictureAlpha &alpha)
 {
     return Functions() && Functions()->countAlpha(bytes, part, alpha);
 }

@@ -59,11 +59,11 @@ bool HasMuchAlpha(Bytes start, PictureAlpha &alpha)
     return !alpha.CanBeFew();
 }
 
-bool CountAlphaOf(const QByteArray &bytes, FilePart part, PictureAlpha &alpha)
+bool CountAlphaOf(const QByteArray &bytes, PictureBytes part, PictureAlpha &alpha)
 {
     const Bytes file(reinterpret_cast<const std::uint8_t *>(bytes.constData()), size_t(bytes.size()));
     alpha = {};
-    if (part == FilePart::Start)
+    if (part == PictureBytes::Start)
         return HasMuchAlpha(file, alpha);
     if (CountPngAlpha(file, alpha))
         return true;

@@ -92,7 +92,7 @@ std::atomic<bool> isCounting;
 std::atomic<bool> mayCount;
 
 /// A CountAlpha that takes until the test allows it to end.
-bool CountSlowly(const QByteArray &, FilePart, PictureAlpha &)
+bool CountSlowly(const QByteArray &, PictureBytes, PictureAlpha &)
 {
     isCounting = true;
     while (!mayCount)

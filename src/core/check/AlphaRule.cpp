@@ -31,7 +31,7 @@ PictureAlpha AlphaOfWhole(const SurveyedFile &file, CountAlpha count)
     if (ReadFile(file.found, bytes, LARGEST_FILE) != 0)
         return {};
     // Of a large picture, much less than all is decoded to see that it has many transparent pixels.
-    if (count(bytes, FilePart::Start, alpha) || count(bytes, FilePart::Whole, alpha))
+    if (count(bytes, PictureBytes::Start, alpha) || count(bytes, PictureBytes::Whole, alpha))
         return alpha;
     return {};
 }

@@ -57,7 +57,7 @@ private:
         PictureAlpha alpha;
         QByteArray bytes;
         if (header.hasAlpha &&
-            (ReadFile(file, bytes, LARGEST_PICTURE) != 0 || !countAlpha(bytes, FilePart::Whole, alpha))) {
+            (ReadFile(file, bytes, LARGEST_PICTURE) != 0 || !countAlpha(bytes, PictureBytes::Whole, alpha))) {
             fault = u"its pixels can't be decoded"_s;
             return std::nullopt;
         }

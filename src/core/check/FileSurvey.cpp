@@ -28,11 +28,11 @@ std::optional<PictureAlpha> AlphaOf(FileBlocks &blocks, CountAlpha count)
     const QByteArrayView start = blocks.Start();
     const QByteArray bytes = QByteArray::fromRawData(start.data(), start.size());
     PictureAlpha alpha;
-    if (count(bytes, FilePart::Start, alpha))
+    if (count(bytes, PictureBytes::Start, alpha))
         return alpha;
     if (quint64(start.size()) < blocks.Size())
         return std::nullopt;
-    return count(bytes, FilePart::Whole, alpha) ? alpha : PictureAlpha();
+    return count(bytes, PictureBytes::Whole, alpha) ? alpha : PictureAlpha();
 }
 
 /// Looks at one file and reads its first bytes. `count` may be null.

@@ -7,7 +7,7 @@
 /// A CountAlpha, which the programs define (src/cli/LazyPictures.cpp). Loads libmorvanite-pictures.so, which has the
 /// decoders, at the first call: they would cost every other command, and the start of the window, some milliseconds.
 /// Returns false if the library is missing. Can be called from several threads.
-[[nodiscard]] bool CountAlphaOfPicture(const QByteArray &bytes, FilePart part, PictureAlpha &alpha);
+[[nodiscard]] bool CountAlphaOfPicture(const QByteArray &bytes, PictureBytes part, PictureAlpha &alpha);
 
 /// A MeasurePicture, which loads the same library.
 [[nodiscard]] std::optional<quint64> SizeOfConvertedPicture(const QByteArray &bytes, QString &fault);

@@ -21,7 +21,7 @@ struct PictureAlpha
 };
 
 /// The part of a file that bytes are.
-enum class FilePart
+enum class PictureBytes
 {
     Whole,
     Start, ///< the file may have more
@@ -31,4 +31,4 @@ enum class FilePart
 /// can't be decoded. If only the start of the file is given, it returns true only if that is enough to know that
 /// `CanBeFew` is false, and decodes no more than is needed for that; the rest of the file may be damaged. The decoders
 /// are in a library of their own, which not every program loads.
-using CountAlpha = bool (*)(const QByteArray &bytes, FilePart part, PictureAlpha &alpha);
+using CountAlpha = bool (*)(const QByteArray &bytes, PictureBytes part, PictureAlpha &alpha);
