@@ -66,7 +66,7 @@ CodePoints CodePointsOf(const CResModel &model, qint32 language)
     if (!folder)
         return points;
     for (const CBaseRes *res : folder->resources)
-        AddDrawn(points, static_cast<const CStringRes *>(res)->text);
+        AddDrawn(points, static_cast<const CStringRes *>(res)->Text());
     return points;
 }
 

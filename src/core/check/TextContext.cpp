@@ -96,7 +96,7 @@ void RowCheck::Check(const CStringRes &head, RuleReport &report)
     texts.Take(head);
     for (size_t i = 0; i < features.size(); ++i)
         features[i] = FeaturesOf(texts[i]);
-    const RowNotes notes = NotesOf(head.text);
+    const RowNotes notes = NotesOf(head.Text());
     if (!notes.unknown.isEmpty() && report.Begin(*FindRule(u"check-settings"))) {
         Finding finding;
         finding.id = context.Env().NarrowToWide(head.Id()->name);

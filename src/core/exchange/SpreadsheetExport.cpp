@@ -70,7 +70,7 @@ private:
     {
         const auto hasText = [&head](qint32 language) {
             const CStringRes *const cell = head.FindLanguage(language);
-            return cell && !cell->text.isEmpty();
+            return cell && cell->HasText();
         };
         return hasText(choice.source) && !std::all_of(folders.begin() + 1, folders.end(),
                                                       [&](const CResFolder *folder) { return hasText(folder->index); });
@@ -90,7 +90,7 @@ private:
         cells = {id, head.Id()->push ? PUSH_WORD : NORMAL_WORD};
         for (const CResFolder *folder : folders) {
             const CStringRes *cell = head.FindLanguage(folder->index);
-            cells.push_back(cell ? QStringView(cell->text) : QStringView());
+            cells.push_back(cell ? cell->Text() : QStringView());
         }
         next = FirstFrom(next->NextInFolder());
     }

@@ -30,18 +30,18 @@ public:
     [[nodiscard]] QString Make();
 
 private:
-    using Cells = std::vector<const QString *>;
+    using Cells = std::vector<const CStringRes *>;
     void PutHeader();
     [[nodiscard]] bool PutRows();
     void ReserveFor(size_t done, size_t rows);
-    void CollectRow(CStringRes *head);
+    void CollectRow(const CStringRes &head);
     void Put(QStringView first, QStringView second) { out.append(first).append(second); }
 
     const CResModel &document;
     const std::vector<std::unique_ptr<CResFolder>> none;
     const std::vector<std::unique_ptr<CResFolder>> &folders;
     std::unordered_map<qint32, std::vector<size_t>> columnsOf; // by language; a language may have several folders
-    Cells row;                                                 // the texts of one row, by folder; null: no cell
+    Cells row;                                                 // the records of one row, by folder; null: no cell
     QString out;
 };
 
@@ -82,21 +82,18 @@ void StringFileText::PutHeader()
     Put(LINE_END, {});
 }
 
-/// Finds the texts of a row in one walk of its chain, in the order in which `FindLanguage` searches.
-void StringFileText::CollectRow(CStringRes *head)
+/// Finds the records of a row in one walk, in the order in which `FindLanguage` searches.
+void StringFileText::CollectRow(const CStringRes &head)
 {
     std::fill(row.begin(), row.end(), nullptr);
-    const auto take = [&](const CStringRes *cell) {
-        const auto found = columnsOf.find(cell->language);
-        if (found == columnsOf.end() || row[found->second.front()])
-            return;
-        for (const size_t column : found->second)
-            row[column] = &cell->text;
-    };
-    for (const CStringRes *cell = head; cell; cell = cell->next)
-        take(cell);
-    for (const CStringRes *cell = head->prev; cell; cell = cell->prev)
-        take(cell);
+    (void)AnyRecord(head, [this](const CStringRes &cell) {
+        const auto found = columnsOf.find(cell.Language());
+        if (found != columnsOf.end() && !row[found->second.front()]) {
+            for (const size_t column : found->second)
+                row[column] = &cell;
+        }
+        return false;
+    });
 }
 
 /// Reserves memory for all rows, estimated from the size of the first rows. Growing a text moves it and needs nearly
@@ -112,11 +109,11 @@ bool StringFileText::PutRows()
     constexpr size_t SAMPLE = 1000; // rows
     size_t done = 0;
     for (CBaseRes *res : folders.front()->resources) {
-        CollectRow(static_cast<CStringRes *>(res));
+        CollectRow(static_cast<const CStringRes &>(*res));
         Put(document.env.NarrowToWide(res->Id()->name), u"\t");
         Put(res->Id()->push ? PUSH_WORD : NORMAL_WORD, {});
-        for (const QString *text : row)
-            Put(u"\t", text ? QStringView(*text) : QStringView());
+        for (const CStringRes *cell : row)
+            Put(u"\t", cell ? cell->Text() : QStringView());
         Put(LINE_END, {});
         if (out.size() > MAX_CHARS)
             return false;
