@@ -6,8 +6,8 @@
 #include <cstddef>
 
 /// The memory of a model's strings: their records and their texts, each in blocks of 256 KiB, in the order in which
-/// they are made. A project can have a million of them, and this takes half the time and two thirds of the memory that
-/// an allocation for each of them takes.
+/// they are made. A project can have a million of them, and an allocation for each would take longer and need more
+/// memory.
 ///
 /// A place in a block is used once. A block is freed with the last record or text in it, so texts that were replaced
 /// don't pile up. All records must be destroyed before this object is. Main thread only.
