@@ -17,11 +17,8 @@ void LanguagesOfAPack(benchmark::State &state)
     CResFolder &strings = *world.model.root.FindFolder(KIND_STRINGS, 2);
     for (qint64 n = -1; n < state.range(0); ++n) { // the first column has descriptions
         strings.AddFolder(world.model.CreateFolder(KIND_LANGUAGE, qint32(n % NUMBERS)));
-        auto string = std::make_unique<CStringRes>();
-        IDRecord *const record = world.model.ids.Allocate("ID_" + QByteArray::number(n + 1), ANY_RESOLUTION);
-        string->SetId(record);
-        record->Release();
-        string->text = QStringLiteral("The weather will be sunny");
+        auto string = world.model.CreateStringRes("ID_" + QByteArray::number(n + 1));
+        string->SetText(QStringLiteral("The weather will be sunny"));
         strings.subfolders.back()->AddResource(std::move(string));
     }
     PieceMemory memory;

@@ -170,8 +170,10 @@ double SecondsOfWalk(const StringTable &table)
     const auto start = std::chrono::steady_clock::now();
     qsizetype size = 0;
     for (CBaseRes *res : table.ColumnLanguage(StringTable::DESCRIPTION_COLUMN)->resources) {
-        for (const auto *cell = static_cast<CStringRes *>(res); cell; cell = cell->next)
-            size += cell->text.size() + cell->language;
+        (void)AnyRecord(static_cast<const CStringRes &>(*res), [&size](const CStringRes &cell) {
+            size += cell.Text().size() + cell.Language();
+            return false;
+        });
     }
     benchmark::DoNotOptimize(size);
     return Seconds(start);

@@ -52,8 +52,8 @@ private:
             texts.clear();
             for (const KnownLanguage &language : languages) {
                 const CStringRes *const cell = head.FindLanguage(language.number);
-                if (!onlyMissing || !cell || cell->text.isEmpty())
-                    texts.push_back({&language, cell ? cell->text : QString()});
+                if (!onlyMissing || !cell || !cell->HasText())
+                    texts.push_back({&language, cell ? cell->Text().toString() : QString()});
             }
             if (!texts.empty())
                 print(head, texts);
@@ -85,7 +85,7 @@ private:
             out.Key("type");
             out.String(head.Id()->push ? u"Push" : u"Normal");
             out.Key("description");
-            out.String(head.text);
+            out.String(head.Text());
             out.Key("texts");
             out.BeginArray();
             for (const Text &text : texts) {

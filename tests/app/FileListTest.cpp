@@ -115,9 +115,9 @@ TEST(FileList, RefusesFilesThatNoProjectCanHave)
 
 TEST(FileList, EditsIdsFilesAndTypes)
 {
-    ListWorld world;
     CountingObserver observer;
-    world.nodeObserver = &observer;
+    ListWorld world;
+    world.ids.observer = &observer;
     world.list.Fill(&world.files, 1);
     (void)world.list.AddFiles({world.Put("a.wav"), world.Put("b.txt")});
     EXPECT_EQ(world.list.ApplyIdEdit(2, u"<NEW>"_s), FILE_EDIT_DONE);

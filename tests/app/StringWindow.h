@@ -107,7 +107,7 @@ struct StringWindow : TestWindow
         QStringList row{Document().env.NarrowToWide(head.Id()->name), head.Id()->push ? u"Push"_s : u"Normal"_s};
         for (const auto &language : Strings()->subfolders) {
             const auto *const cell = static_cast<const CStringRes *>(language->FindResource(head.Id()));
-            row << (cell ? cell->text : QString());
+            row << (cell ? cell->Text().toString() : QString());
         }
         return row;
     }

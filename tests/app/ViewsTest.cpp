@@ -205,8 +205,8 @@ TEST(ResourceCounts, DescribeTheContentsOfAFolder)
         auto folder = window.Document().CreateFolder(KIND_LANGUAGE, language);
         for (const char *id : {"IDS_A", "IDS_B"}) {
             IDRecord *const known = window.Document().ids.Find(id, ANY_RESOLUTION);
-            folder->AddResource(known ? window.Document().CreateStringRes(known, language)
-                                      : window.Document().CreateStringRes(id, language));
+            folder->AddResource(known ? window.Document().CreateStringRes(known)
+                                      : window.Document().CreateStringRes(id));
         }
         strings.AddFolder(std::move(folder));
     }

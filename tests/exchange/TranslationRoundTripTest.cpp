@@ -82,8 +82,8 @@ struct TableProject : StringProject
         Texts all;
         for (const auto &language : strings.subfolders) {
             for (CBaseRes *row = language->resources.First(); row; row = row->NextInFolder()) {
-                if (const QString &text = static_cast<CStringRes *>(row)->text; !text.isEmpty())
-                    all[QString::fromUtf8(row->Id()->name)][language->index] = text;
+                if (const QStringView text = static_cast<CStringRes *>(row)->Text(); !text.isEmpty())
+                    all[QString::fromUtf8(row->Id()->name)][language->index] = text.toString();
             }
         }
         return all;

@@ -195,7 +195,7 @@ TEST(LayoutRes, IsDeletedWithItsLayoutAndTheLastWithTheFile)
     EXPECT_EQ(CLayoutRes::Create(file, nullptr, catalogue), nullptr);
 
     CountingObserver observer;
-    a->observer = &observer;
+    model.ids.observer = &observer;
     EXPECT_EQ(a->AddComponent(model.env, Component("ZulPoint")), nullptr);
     EXPECT_EQ(observer.changed, 0);
     CZulClass *const panel = a->Components().front().get();

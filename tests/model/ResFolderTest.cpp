@@ -3,6 +3,19 @@
 
 using namespace Qt::StringLiterals;
 
+namespace
+{
+
+std::vector<CBaseRes *> HoldersOf(const IDRecord &id)
+{
+    std::vector<CBaseRes *> all;
+    for (CBaseRes *res : Holders(id))
+        all.push_back(res);
+    return all;
+}
+
+} // namespace
+
 TEST(ResFolder, ReportsEachChangeOnceAndDeletesOnlyItsOwnNodes)
 {
     TestModel model;
@@ -47,9 +60,9 @@ TEST(ResFolder, SearchesDepthFirstDownToTheGivenDepth)
     EXPECT_EQ(model.root.FindFolder(KIND_RESO_IMAGES, 0, 1), nullptr);
     EXPECT_EQ(model.root.FindFolder(KIND_ROOT, 3), nullptr) << "a folder doesn't find itself";
 
-    inner.AddResource(model.CreateStringRes("ID_S", 0));
+    inner.AddResource(model.CreateStringRes("ID_S"));
     CBaseRes *const first = inner.resources.First();
-    inner.AddResource(model.CreateStringRes(first->Id(), 1));
+    inner.AddResource(model.CreateStringRes(first->Id()));
     EXPECT_EQ(inner.FindResource(first->Id()), first) << "the first of several is found";
 }
 
@@ -59,7 +72,7 @@ TEST(Resources, ReportOnlyRealChanges)
     CountingObserver watch;
     auto file = model.CreateFileRes("A", 0);
     const auto other = model.CreateFileRes("C", 0);
-    file->observer = &watch;
+    model.ids.observer = &watch;
     for (int again = 0; again < 2; ++again)
         EXPECT_TRUE(file->SetPath("STOCK.png") && file->Rename(model.ids, "B"));
     EXPECT_FALSE(file->Rename(model.ids, "C"));
@@ -79,32 +92,56 @@ TEST(Resources, ReportOnlyRealChanges)
     EXPECT_EQ(watch.removed, 1);
 }
 
-TEST(Resources, RecordsOfAStringFormAChainAndShareOneIdUntilTheLastIsDeleted)
+TEST(Resources, RecordsOfARowShareOneIdUntilTheLastIsDeleted)
 {
     TestModel model;
-    auto english = model.CreateStringRes("ID_S", 0);
-    auto french = model.CreateStringRes(english->Id(), 1);
-    auto german = model.CreateStringRes(english->Id(), 2);
-    english->LinkBehind(german.get());
-    english->LinkBehind(french.get());
-    for (CStringRes *from : {english.get(), french.get(), german.get()}) {
-        for (CStringRes *wanted : {english.get(), french.get(), german.get()})
-            EXPECT_EQ(from->FindLanguage(wanted->language), wanted);
-        EXPECT_EQ(from->FindLanguage(3), nullptr);
+    std::vector<CStringRes *> records;
+    for (const qint32 language : {-1, 0, 1, 2}) {
+        auto made = records.empty() ? model.CreateStringRes("ID_S") : model.CreateStringRes(records.front()->Id());
+        EXPECT_EQ(made->Language(), -1) << "it is in no folder";
+        records.push_back(made.get());
+        model.AddFolder(model.root, KIND_LANGUAGE, language).AddResource(std::move(made));
     }
-    EXPECT_EQ(english->Id()->refs, 3);
-    french.reset();
-    EXPECT_TRUE(english->next == german.get() && german->prev == english.get());
-    german.release()->DestroyChain();
-    EXPECT_EQ(english->next, nullptr) << "earlier entries are kept";
-    EXPECT_EQ(model.ids.FindName("ID_S"), english->Id());
-    english.reset();
+    const IDRecord *const id = records.front()->Id();
+    const auto expect = [&] {
+        EXPECT_EQ(std::vector<CBaseRes *>(records.begin(), records.end()), HoldersOf(*id)) << "the oldest is first";
+        EXPECT_EQ(id->refs, int(records.size()));
+        for (CStringRes *from : records) {
+            for (CStringRes *wanted : records)
+                EXPECT_EQ(from->FindLanguage(wanted->Language()), wanted);
+            EXPECT_EQ(from->FindLanguage(3), nullptr);
+        }
+    };
+    expect();
+    for (const size_t place : {1, 0, 1, 0}) { // one of the middle, the oldest, the newest, the last
+        model.root.subfolders[place]->Clear();
+        model.root.DeleteFolder(model.root.subfolders[place].get());
+        records.erase(records.begin() + ptrdiff_t(place));
+        if (!records.empty())
+            expect();
+    }
     EXPECT_TRUE(model.ids.IsEmpty());
+}
 
-    // Outside the tree, equal names share an ID that never enters the tree's pool.
-    CStringRes *const first = model.CreateDetachedStringRes("ID_S").release();
-    first->LinkBehind(model.CreateDetachedStringRes("ID_S").release());
-    EXPECT_TRUE(first->Id() == first->next->Id() && first->Id()->refs == 2 && model.ids.IsEmpty());
-    first->DestroyChain();
-    EXPECT_TRUE(model.detachedIds.IsEmpty());
+TEST(Resources, TextsOfAnySizeAreKeptUntilTheyAreReplaced)
+{
+    TestModel model;
+    CResFolder &folder = model.AddFolder(model.root, KIND_LANGUAGE);
+    std::vector<QString> texts;
+    for (int n = 0; n < 3000; ++n) { // several blocks of memory
+        texts.push_back(QString(n % 500 == 7 ? 20000 + 60 * n : n % 50, QChar(u'a' + n % 26)));
+        folder.AddResource(model.CreateStringRes("ID_" + QByteArray::number(n)));
+        static_cast<CStringRes *>(folder.resources.Last())->SetText(texts.back());
+    }
+    for (int pass = 0; pass < 2; ++pass) {
+        size_t n = 0;
+        for (CBaseRes *res : folder.resources) {
+            auto &record = static_cast<CStringRes &>(*res);
+            EXPECT_EQ(record.Text(), texts[n]);
+            EXPECT_EQ(record.HasText(), !texts[n].isEmpty());
+            texts[n] = texts[n].sliced(texts[n].size() / 2);
+            record.SetText(record.Text().sliced(record.Text().size() / 2)); // a part of the text that it replaces
+            ++n;
+        }
+    }
 }

@@ -62,18 +62,17 @@ TEST(ResModel, MakesDefaultIdsFromFileNamesAndNumbersTakenOnes)
 
 TEST(ResModel, ObservesFoldersOfImagesStringsAndLayoutsButNotOfFiles)
 {
-    TestModel model;
     CountingObserver watch;
-    model.nodeObserver = &watch;
+    TestModel model;
+    model.ids.observer = &watch;
     for (const quint32 kind : {KIND_IMAGES, KIND_RESO_IMAGES, KIND_STRINGS, KIND_LAYOUTS, KIND_COMPONENT, KIND_LAYOUT})
         EXPECT_EQ(model.CreateFolder(kind, -1)->observer, &watch) << kind;
     for (const quint32 kind : {KIND_FILES, KIND_AUDIO, KIND_VIDEO, KIND_BINARY, KIND_LANGUAGE})
         EXPECT_EQ(model.CreateFolder(kind, -1)->observer, nullptr) << kind;
     const auto a = model.CreateFileRes("A", 0);
-    EXPECT_EQ(a->observer, &watch);
-    EXPECT_EQ(model.CreateStringRes("B", 0)->observer, &watch);
-    EXPECT_EQ(model.CreateDetachedStringRes("B")->observer, nullptr);
-    EXPECT_TRUE(!model.CreateFileRes("A", 0) && !model.CreateStringRes("A", 0) && !model.CreateStringRes(nullptr, 0));
+    EXPECT_TRUE(a->Observer() == &watch && watch.added == 7);
+    EXPECT_EQ(model.CreateStringRes("B")->Observer(), &watch);
+    EXPECT_TRUE(!model.CreateFileRes("A", 0) && !model.CreateStringRes("A") && !model.CreateStringRes(nullptr));
     EXPECT_EQ(a->Id()->refs, 1);
     EXPECT_TRUE(model.IsIdInUse(u"A"_s) && !model.IsIdInUse(u"B"_s));
     model.ids.unique = 0;

@@ -61,7 +61,7 @@ void Spoil(PackProject &project, const QByteArray &phase, const char *path)
         project.folder.Put("demo_res.lst", path);
     } else if (phase == "language") {
         project.AddLanguage(0);
-        add(*project.strings.subfolders.back(), std::make_unique<CStringRes>());
+        add(*project.strings.subfolders.back(), std::unique_ptr<CBaseRes>(new (project.stringMemory) CStringRes));
     } else {
         add(phase == "file" ? project.binary : project.defaultImages, std::make_unique<CFileRes>());
     }

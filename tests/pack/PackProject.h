@@ -65,8 +65,8 @@ struct PackProject : TestModel
             AddFolder(strings, KIND_LANGUAGE);
         CResFolder &language = AddFolder(strings, KIND_LANGUAGE, number);
         for (const auto &[value, text] : texts) {
-            auto res = CreateStringRes("ID_" + QByteArray::number(++made), number);
-            res->text = QString::fromStdU16String(text);
+            auto res = CreateStringRes("ID_" + QByteArray::number(++made));
+            res->SetText(text);
             res->Id()->value = value;
             language.AddResource(std::move(res));
         }

@@ -17,9 +17,9 @@ TEST(Locator, RanksPrefixesBeforeWordsAndSortsByName)
     CResFolder &strings = model.AddFolder(model.root, KIND_STRINGS);
     CResFolder &descriptions = model.AddFolder(strings, KIND_LANGUAGE);
     CResFolder &english = model.AddFolder(strings, KIND_LANGUAGE, 9);
-    descriptions.AddResource(model.CreateStringRes("OK", -1));
+    descriptions.AddResource(model.CreateStringRes("OK"));
     CBaseRes *const head = descriptions.resources.First();
-    english.AddResource(model.CreateStringRes(head->Id(), 9));
+    english.AddResource(model.CreateStringRes(head->Id()));
 
     const auto found = [&](const QString &typed, size_t most = 50) {
         QStringList ids;

@@ -65,7 +65,7 @@ struct EditedLayout
             folder.AddResource(model.CreateFileRes("ID_IMAGE_" + QByteArray::number(index + 1), index));
         }
         CResFolder &strings = model.AddFolder(model.root, KIND_STRINGS);
-        model.AddFolder(strings, KIND_LANGUAGE).AddResource(model.CreateStringRes("ID_STR", -1));
+        model.AddFolder(strings, KIND_LANGUAGE).AddResource(model.CreateStringRes("ID_STR"));
         IDRecord *record = model.ids.Allocate("ID_LAYOUT", resolution);
         res = CLayoutRes::CreateEmpty(record, std::make_shared<LayoutFileObject>(model.env, model.ids, resolution),
                                       catalogue);

@@ -45,7 +45,8 @@ TEST(HostileStringFile, AcceptsLinesAndNamesOfAnyLengthWithReturnsAndZeros)
     bytes[bytes.indexOf('@')] = '\0';
     ASSERT_EQ(project.ReadBytes(bytes), 0);
     EXPECT_EQ(project.Text(9), QStringView(u"e\0f", 3).toString()) << "a lone return ends a field, a zero doesn't";
-    EXPECT_EQ(static_cast<CStringRes *>(project.Language(9)->resources.First()->NextInFolder())->text.size(), 300'000);
+    EXPECT_EQ(static_cast<CStringRes *>(project.Language(9)->resources.First()->NextInFolder())->Text().size(),
+              300'000);
     EXPECT_EQ(project.Language(9)->resources.Count(), 3U);
     EXPECT_THAT(project.Messages(),
                 testing::AllOf(testing::StartsWith("Error 1: invalid ID format - [xxx"), testing::EndsWith("xxx...")));

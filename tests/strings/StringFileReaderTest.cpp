@@ -10,9 +10,9 @@ constexpr const char *TABLE = "Number of Language|2\nString ID|Resource Type|Des
 
 TEST(StringFileReader, BuildsFoldersRowsAndChainsAndNotifiesTheObserver)
 {
-    StringProject project;
     CountingObserver observer;
-    project.nodeObserver = &observer;
+    StringProject project;
+    project.ids.observer = &observer;
     ASSERT_EQ(project.Read(TABLE), 0);
     EXPECT_EQ(project.Messages(), "");
     EXPECT_EQ(project.Written(), TABLE);
@@ -23,7 +23,7 @@ TEST(StringFileReader, BuildsFoldersRowsAndChainsAndNotifiesTheObserver)
     EXPECT_EQ(project.strings.subfolders[0]->title, QString());
 
     auto *head = static_cast<CStringRes *>(project.Language(-1)->resources.First());
-    EXPECT_TRUE(head->next->next == project.Language(12)->resources.First() && !head->next->next->next);
+    EXPECT_EQ(head->NextInRow()->NextInRow(), project.Language(12)->resources.First());
     EXPECT_TRUE(head->Id()->refs == 3 && !head->Id()->push);
     EXPECT_EQ(project.ids.Find("ID_BYE", ANY_RESOLUTION)->pushKind, PUSH_STRING);
     project.strings.Clear();
@@ -109,7 +109,7 @@ TEST(StringFileReader, ReadingAgainUpdatesTextsAndKeepsTheRest)
 {
     CountingObserver observer;
     StringProject project;
-    project.nodeObserver = &observer;
+    project.ids.observer = &observer;
     ASSERT_EQ(project.Read(TABLE), 0);
     CBaseRes *const hello = project.Language(9)->resources.First();
     observer.changed = 0;

@@ -38,8 +38,8 @@ TEST(StringFileWriter, WritesTwoLinesForAProjectWithoutStringsWhichDoNotReadBack
     EXPECT_EQ(project.ReadBytes(project.folder.Get("out.txt")), 1012);
     EXPECT_EQ(project.Messages(), "Warning 1: Number of Language = 0.\r\nError 1: failed to read a new line.\r\n");
     EXPECT_EQ(project.Written(), "Number of Language|0\nString ID|Resource Type|Description\n##number|0\n");
-    project.Language(-1)->AddResource(project.CreateStringRes("ID_A", -1));
-    static_cast<CStringRes *>(project.Language(-1)->resources.First())->text = u"one\ttwo\r\nthree"_s;
+    project.Language(-1)->AddResource(project.CreateStringRes("ID_A"));
+    static_cast<CStringRes *>(project.Language(-1)->resources.First())->SetText(u"one\ttwo\r\nthree");
     EXPECT_THAT(project.Written(), testing::HasSubstr("ID_A|Normal|one|two\nthree\n")) << "a text is written unchanged";
 }
 

@@ -31,7 +31,8 @@ struct RandomTable : TableProject
         for (int row = 0; row < table.RowCount(); row += 5)
             EXPECT_EQ(table.ApplyCellEdit(row, 4, QString()), 0);
         for (int row = 2; row < table.RowCount(); row += 7)
-            table.Head(row)->SetText(QString(QChar(0xDC28)) + table.Head(row)->text); // half of a character
+            table.Head(row)->SetText(QString(QChar(0xDC28)) +
+                                     table.Head(row)->Text().toString()); // half of a character
         std::vector<int> order(size_t(table.RowCount()));
         for (size_t row = 0; row < order.size(); ++row)
             order[row] = int(row);

@@ -232,8 +232,7 @@ void FileList::TakeOut(CFileRes &res)
         return;
     }
     res.inUse = false;
-    if (res.observer)
-        res.observer->NodeRemoved(&res);
+    res.NotifyRemoved();
 }
 
 void FileList::Remove(const std::vector<int> &toRemove)

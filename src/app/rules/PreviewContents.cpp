@@ -164,10 +164,10 @@ std::optional<ShownText> PreviewContents::TextOf(const NarrowText &reference) co
     const IDRecord *const id = strings ? IdOf(model, reference, ANY_RESOLUTION) : nullptr;
     auto *const row = id ? dynamic_cast<CStringRes *>(strings->FindResource(id)) : nullptr;
     const CStringRes *const record = row && language ? row->FindLanguage(language->index) : nullptr;
-    if (!record || record->text.isEmpty())
+    if (!record || !record->HasText())
         return std::nullopt;
     ShownText found;
-    found.text = record->text;
+    found.text = record->Text().toString();
     found.direction = DirectionOfLanguage(language->title);
     return found;
 }

@@ -36,7 +36,7 @@ template <typename IsWanted> CodePoints CodePointsIf(const CResModel &model, qin
         return points;
     for (const CBaseRes *res : folder->resources) {
         if (isWanted(*res))
-            AddDrawn(points, static_cast<const CStringRes *>(res)->text);
+            AddDrawn(points, static_cast<const CStringRes *>(res)->Text());
     }
     return points;
 }

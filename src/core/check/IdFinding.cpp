@@ -16,9 +16,9 @@ namespace
 /// Returns a row's record in the Description folder, if the ID is that of a string.
 const CStringRes *HeadOf(const IDRecord &record)
 {
-    for (const CBaseRes *res = record.holders; res; res = res->NextHolder()) {
+    for (const CBaseRes *res : Holders(record)) {
         const auto *const text = dynamic_cast<const CStringRes *>(res);
-        if (text && text->language == StringFileFormat::DESCRIPTION)
+        if (text && text->Language() == StringFileFormat::DESCRIPTION)
             return text;
     }
     return nullptr;
@@ -51,7 +51,7 @@ void AddForId(RuleReport &report, const CResModel &model, const IDRecord &record
     finding.basis = basis != 0 ? basis : HashOf(finding.id);
     const CStringRes *const head = HeadOf(record);
     if (head)
-        report.AddForRow(NotesOf(head->text), std::move(finding));
+        report.AddForRow(NotesOf(head->Text()), std::move(finding));
     else
         report.Add(std::move(finding));
 }

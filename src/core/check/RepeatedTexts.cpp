@@ -44,15 +44,8 @@ template <typename Visit> void VisitGroups(std::vector<HashedRow> &rows, const V
 
 QStringView SourceOf(const CStringRes &head, qint32 source)
 {
-    for (const CStringRes *record = head.next; record; record = record->next) {
-        if (record->language == source)
-            return record->text;
-    }
-    for (const CStringRes *record = head.prev; record; record = record->prev) {
-        if (record->language == source)
-            return record->text;
-    }
-    return {};
+    const CStringRes *const record = head.FindLanguage(source);
+    return record ? record->Text() : QStringView();
 }
 
 QString IdOf(const CStringRes &head, const TextContext &context)
@@ -98,7 +91,7 @@ public:
             finding.text = u"%1 has another translation of the same text: \"%2\""_s.arg(IdOf(*first[i].row, context),
                                                                                         Cut(first[i].text));
             finding.basis = HashOf(texts[i], HashOf(first[i].text));
-            report.AddForRow(NotesOf(head.text), std::move(finding));
+            report.AddForRow(NotesOf(head.Text()), std::move(finding));
         }
     }
 
@@ -145,7 +138,7 @@ void DuplicateText(const CheckInput &input, RuleReport &report)
             finding.id = IdOf(head, input.texts);
             finding.text = u"%1 has the same texts"_s.arg(IdOf(original, input.texts));
             finding.basis = basis;
-            report.AddForRow(NotesOf(head.text), std::move(finding));
+            report.AddForRow(NotesOf(head.Text()), std::move(finding));
         }
     });
 }
@@ -158,7 +151,7 @@ void InconsistentTranslation(const CheckInput &input, RuleReport &report)
     const std::vector<const CStringRes *> &heads = input.repeatedRows;
     const qint32 language = languages[input.texts.Source()].number;
     std::vector<HashedRow> rows = HashedBy(
-        heads, [language](const CStringRes &head) { return qHash(SourceOf(head, language), qHash(head.text)); });
+        heads, [language](const CStringRes &head) { return qHash(SourceOf(head, language), qHash(head.Text())); });
     TranslationComparison comparison(input.texts, report);
     VisitGroups(rows, [&](std::span<const HashedRow> group) {
         const CStringRes &original = *heads[group.front().row];
@@ -168,7 +161,7 @@ void InconsistentTranslation(const CheckInput &input, RuleReport &report)
         comparison.Begin();
         for (const HashedRow &row : group) {
             const CStringRes &head = *heads[row.row];
-            if (head.text == original.text && SourceOf(head, language) == source)
+            if (head.Text() == original.Text() && SourceOf(head, language) == source)
                 comparison.Add(head);
         }
     });

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "RowTexts.h"
 
-#include "Resources.h"
+#include "ResFolder.h"
 #include "StringFileFormat.h"
 #include "TextContext.h"
 
@@ -15,20 +15,18 @@ void RowTexts::Take(const CStringRes &head)
 {
     std::fill(texts.begin(), texts.end(), QStringView());
     size_t next = 0; // the records are usually in the order of the languages
-    const auto take = [&](const CStringRes &record) {
-        if (record.language == StringFileFormat::DESCRIPTION)
-            return;
-        const bool isNext = next < texts.size() && context.Languages()[next].number == record.language;
-        const int place = isNext ? int(next) : context.PlaceOf(record.language);
-        if (place < 0)
-            return;
-        texts[size_t(place)] = record.text;
-        next = size_t(place) + 1;
-    };
-    for (const CStringRes *record = &head; record; record = record->next)
-        take(*record);
-    for (const CStringRes *record = head.prev; record; record = record->prev)
-        take(*record);
+    (void)AnyRecord(head, [&](const CStringRes &record) {
+        const qint32 language = record.Language();
+        if (language == StringFileFormat::DESCRIPTION)
+            return false;
+        const bool isNext = next < texts.size() && context.Languages()[next].number == language;
+        const int place = isNext ? int(next) : context.PlaceOf(language);
+        if (place >= 0) {
+            texts[size_t(place)] = record.Text();
+            next = size_t(place) + 1;
+        }
+        return false;
+    });
 }
 
 bool RowTexts::AreEmpty() const

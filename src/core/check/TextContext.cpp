@@ -102,7 +102,7 @@ void RowCheck::Check(const CStringRes &head, RuleReport &report)
     texts.Take(head);
     for (size_t i = 0; i < features.size(); ++i)
         features[i] = FeaturesOf(texts[i]);
-    const RowNotes notes = NotesOf(head.text);
+    const RowNotes notes = NotesOf(head.Text());
     if (notes.hasUnknown)
         AddUnknownNotes(head, notes, report);
     const TextLimit limit = LimitOf(head, notes);
@@ -118,7 +118,7 @@ void RowCheck::AddUnknownNotes(const CStringRes &head, const RowNotes &notes, Ru
         Finding finding;
         finding.id = context.Env().NarrowToWide(head.Id()->name);
         finding.text = QStringLiteral("the notes at the end of the description have an unknown word \"%1\"").arg(word);
-        finding.column = int(word.data() - QStringView(head.text).data()) + 1;
+        finding.column = int(word.data() - head.Text().data()) + 1;
         report.AddForRow(notes, std::move(finding));
     });
 }

@@ -239,9 +239,9 @@ ImportPlan::Before ImportPlan::TextBefore(const Row &row, size_t language, const
 {
     CResFolder *const folder = folders[language];
     const CStringRes *const cell = record && folder ? cells.Find(record, *folder) : nullptr;
-    const bool isFull = cell && !cell->text.isEmpty();
+    const bool isFull = cell && cell->HasText();
     if (isFull && !options.replace)
-        return {cell->text};
+        return {cell->Text().toString()};
     const auto found = places.empty() ? places.end() : places.find(KeyOf(row, language));
     if (found != places.end()) {
         const auto [otherRow, otherColumn] = found->second;
@@ -249,7 +249,7 @@ ImportPlan::Before ImportPlan::TextBefore(const Row &row, size_t language, const
             return {source.Text(otherRow, otherColumn), found->second};
     }
     if (isFull)
-        return {cell->text};
+        return {cell->Text().toString()};
     const bool isMade =
         languages[language].number == DESCRIPTION && rows.size() > row.first && rows[row.first].row < row.row;
     return {cell || isMade ? std::optional<QString>(QString()) : std::nullopt};
@@ -328,7 +328,7 @@ void ImportPlan::ApplyRow(const Row &row, const std::vector<CResFolder *> &targe
         if (fate == PASSED_OVER || !targets[i])
             continue;
         CStringRes *cell = record ? finder.Find(record, *targets[i]) : nullptr;
-        if (cell && isTaken && (cell->text.isEmpty() || fate == quint8(CellFate::Replaced)))
+        if (cell && isTaken && (!cell->HasText() || fate == quint8(CellFate::Replaced)))
             cell->SetText(source.Text(row.row, languages[i].column));
         if (!cell && (isTaken || languages[i].number == DESCRIPTION)) {
             cell = builder.Add(*targets[i], isTaken ? source.Text(row.row, languages[i].column) : QString());
@@ -338,7 +338,7 @@ void ImportPlan::ApplyRow(const Row &row, const std::vector<CResFolder *> &targe
         }
         if (!cell)
             continue;
-        builder.ContinueBehind(*cell);
+        builder.Continue(*cell);
         record = cell->Id();
     }
     record->push = row.push;

@@ -74,7 +74,7 @@ private:
     static bool HasText(CStringRes &head, qint32 language)
     {
         const CStringRes *const cell = head.FindLanguage(language);
-        return cell && !cell->text.isEmpty();
+        return cell && cell->HasText();
     }
 
     [[nodiscard]] bool LacksText(CStringRes &head) const
@@ -105,7 +105,7 @@ private:
         cells = {id, head.Id()->push ? PUSH_WORD : NORMAL_WORD};
         for (const CResFolder *folder : folders) {
             const CStringRes *cell = head.FindLanguage(folder->index);
-            cells.push_back(cell ? QStringView(cell->text) : QStringView());
+            cells.push_back(cell ? cell->Text() : QStringView());
         }
         next = FirstFrom(next->NextInFolder());
     }

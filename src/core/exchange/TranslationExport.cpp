@@ -49,10 +49,10 @@ public:
         for (CBaseRes *row = heads ? heads->resources.First() : nullptr; row; row = row->NextInFolder()) {
             auto &head = static_cast<CStringRes &>(*row);
             const CStringRes *const source = head.FindLanguage(job.source);
-            if (!source || source->text.isEmpty())
+            if (!source || !source->HasText())
                 ++lacking;
             else
-                Put(rows, head, source->text);
+                Put(rows, head, source->Text().toString());
         }
         ReportLackingSource(model.env, lacking, languages.NameOf(job.source));
         return rows;
@@ -71,13 +71,13 @@ private:
                 Shown(text.id).constData(), Shown(languages.NameOf(job.source)).constData());
             return;
         }
-        if (job.format->fitsNote(head.text))
-            text.note = head.text;
+        if (job.format->fitsNote(head.Text()))
+            text.note = head.Text().toString();
         else
             model.env.Report({"export.note-refused", Severity::Warning, {}, 0, text.id, {}},
                              "the description of %s is left out, since the format can't have it.",
                              Shown(text.id).constData());
-        const TextLimit limit = LimitOf(settings, text.id, NotesOf(head.text));
+        const TextLimit limit = LimitOf(settings, text.id, NotesOf(head.Text()));
         text.length = limit.length;
         text.width = limit.width;
         const quint32 kinds = source.contains(u'%') ? PlaceholderKindsOf(source, settings.placeholders) : 0;
@@ -115,10 +115,10 @@ public:
         while (next < rows.size()) {
             ExportedRow &row = rows[next++];
             const CStringRes *const cell = job.format->isTemplate ? nullptr : row.head->FindLanguage(language);
-            const bool isTranslated = cell && !cell->text.isEmpty();
+            const bool isTranslated = cell && cell->HasText();
             if (isTranslated && job.onlyMissing)
                 continue;
-            row.text.target = isTranslated ? cell->text : QString();
+            row.text.target = isTranslated ? cell->Text().toString() : QString();
             if (isTranslated && !job.format->fits(row.text.target))
                 LeaveOut(row.text);
             return &row.text;

@@ -91,7 +91,7 @@ QString TranslationTable::SourceToday(const IDRecord &record, qint32 language) c
     const auto folder = std::find_if(folders.begin(), folders.end(),
                                      [language](const CResFolder *one) { return one->index == language; });
     const CStringRes *const cell = folder == folders.end() ? nullptr : finder.Find(&record, **folder);
-    return cell ? cell->text : QString();
+    return cell ? cell->Text().toString() : QString();
 }
 
 bool TranslationTable::IsStaleIn(const Row &row, const QString &source) const

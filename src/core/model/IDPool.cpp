@@ -10,9 +10,9 @@ namespace
 
 constexpr size_t FEWEST_BUCKETS = 16;
 
-size_t HashOf(const NarrowText &name)
+quint32 HashOf(const NarrowText &name)
 {
-    return std::hash<std::string_view>()({name.constData(), size_t(name.size())});
+    return quint32(std::hash<std::string_view>()({name.constData(), size_t(name.size())}));
 }
 
 } // namespace
@@ -51,7 +51,7 @@ void IDPool::Rehash(size_t size)
     }
 }
 
-IDRecord **IDPool::LinkOf(const NarrowText &name, size_t hash)
+IDRecord **IDPool::LinkOf(const NarrowText &name, quint32 hash)
 {
     IDRecord **link = &buckets[hash & (buckets.size() - 1)];
     while (*link && ((*link)->hash != hash || (*link)->name != name))
@@ -59,12 +59,12 @@ IDRecord **IDPool::LinkOf(const NarrowText &name, size_t hash)
     return link;
 }
 
-IDRecord *IDPool::Oldest(const NarrowText &name, size_t hash) const
+IDRecord *IDPool::Oldest(const NarrowText &name, quint32 hash) const
 {
     return *const_cast<IDPool *>(this)->LinkOf(name, hash);
 }
 
-void IDPool::Index(IDRecord *record, size_t hash)
+void IDPool::Index(IDRecord *record, quint32 hash)
 {
     record->hash = hash;
     IDRecord **link = LinkOf(record->name, hash);
@@ -128,7 +128,7 @@ IDRecord *IDPool::Find(const NarrowText &name, qint16 scope)
     return record;
 }
 
-bool IDPool::IsTaken(const NarrowText &name, size_t hash, qint16 scope) const
+bool IDPool::IsTaken(const NarrowText &name, quint32 hash, qint16 scope) const
 {
     const IDRecord *record = Oldest(name, hash);
     if (name.isEmpty() && (scope == ANY_RESOLUTION || scope == sentinel.scope))
@@ -142,11 +142,11 @@ bool IDPool::IsTaken(const NarrowText &name, size_t hash, qint16 scope) const
 
 IDRecord *IDPool::Allocate(const NarrowText &name, qint16 scope)
 {
-    const size_t hash = HashOf(name);
+    const quint32 hash = HashOf(name);
     if (unique && IsTaken(name, hash, scope))
         return nullptr;
     auto *record = new IDRecord;
-    record->name = name;
+    record->name = NarrowText(name.constData(), name.size()); // a text that was converted has room for three times that
     record->scope = scope;
     record->owner = this;
     record->serial = nextSerial++;

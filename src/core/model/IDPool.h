@@ -8,6 +8,7 @@
 
 class CBaseRes;
 class IDPool;
+class IEspia;
 
 /// What a push ID belongs to. It determines the range of its number.
 enum PushKind : qint32
@@ -37,8 +38,11 @@ public:
     IDRecord *prev = nullptr; ///< older record of the pool
     IDRecord *next = nullptr; ///< newer record of the pool
 
-    /// The resources that have this ID, linked through CBaseRes::nextHolder.
+    /// The newest of the resources that have this ID; `Holders` iterates over all of them.
     CBaseRes *holders = nullptr;
+
+    /// The observer of the resources that have this ID; null for none, and after the pool is destroyed.
+    [[nodiscard]] inline IEspia *Observer() const;
 
     /// Changes the name. Returns false, and changes nothing, when another record has the name in the same scope, or has
     /// it while one of the two scopes is ANY_RESOLUTION.
@@ -54,9 +58,9 @@ private:
 
     IDPool *owner = nullptr;
     quint64 serial = 0;               // higher for newer records of the pool
-    size_t hash = 0;                  // of the name
     IDRecord *nextOfName = nullptr;   // next newer record of the same name
     IDRecord *nextInBucket = nullptr; // oldest record of the next name; only set in the oldest record of a name
+    quint32 hash = 0;                 // of the name
 };
 
 /// The live IDs of one document, oldest first.
@@ -76,6 +80,8 @@ public:
 
     /// While this is 0, `Allocate` doesn't check for conflicts.
     quint8 unique = 1;
+    /// The observer of all resources with an ID of this pool; null for none.
+    IEspia *observer = nullptr;
     /// Ends the circular list: `sentinel.next` is the oldest record, `sentinel.prev` the newest.
     IDRecord sentinel;
 
@@ -96,11 +102,11 @@ public:
 
 private:
     friend class IDRecord;
-    [[nodiscard]] bool IsTaken(const NarrowText &name, size_t hash, qint16 scope) const;
-    [[nodiscard]] IDRecord *Oldest(const NarrowText &name, size_t hash) const;
+    [[nodiscard]] bool IsTaken(const NarrowText &name, quint32 hash, qint16 scope) const;
+    [[nodiscard]] IDRecord *Oldest(const NarrowText &name, quint32 hash) const;
     /// Returns the link to the oldest record of a name, or the null link at the end of the name's bucket.
-    [[nodiscard]] IDRecord **LinkOf(const NarrowText &name, size_t hash);
-    void Index(IDRecord *record, size_t hash);
+    [[nodiscard]] IDRecord **LinkOf(const NarrowText &name, quint32 hash);
+    void Index(IDRecord *record, quint32 hash);
     void Unindex(IDRecord *record);
     void Unlink(IDRecord *record);
     void Rehash(size_t size);
@@ -112,3 +118,8 @@ private:
     quint64 nextSerial = 1;
     quint64 departures = 0;
 };
+
+IEspia *IDRecord::Observer() const
+{
+    return owner ? owner->observer : nullptr;
+}

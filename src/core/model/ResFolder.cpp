@@ -25,6 +25,13 @@ void ResourceList::Take(CBaseRes *res)
 CResFolder::~CResFolder()
 {
     DestroyContents();
+    NotifyRemoved();
+}
+
+void CResFolder::SetObserver(IEspia *newObserver)
+{
+    observer = newObserver;
+    NotifyAdded();
 }
 
 void CResFolder::DestroyContents()
@@ -83,13 +90,13 @@ CBaseRes *CResFolder::FindResource(const NarrowText &name) const
 
 CBaseRes *CResFolder::FindResource(const IDRecord *resId) const
 {
-    CBaseRes *found = nullptr;
-    // Holders are newest first, and we want the oldest in this folder, which is nearly always the only one here.
-    for (CBaseRes *res = resId ? resId->holders : nullptr; res; res = res->nextHolder) {
+    if (!resId)
+        return nullptr;
+    for (CBaseRes *res : Holders(*resId)) { // we want the oldest in this folder
         if (res->folder == this)
-            found = res;
+            return res;
     }
-    return found;
+    return nullptr;
 }
 
 void CResFolder::AddResource(std::unique_ptr<CBaseRes> res)

@@ -76,6 +76,11 @@ public:
     quint32 kind = 0;
     qint32 index = -1; ///< resolution index or language number, else -1
     QString title;
+    IEspia *observer = nullptr;
+
+    [[nodiscard]] IEspia *Observer() const override { return observer; }
+    /// Sets the observer and calls its `NodeAdded`.
+    void SetObserver(IEspia *newObserver);
 
     /// Returns the first folder of that kind below this one, or null. Searches `depth` levels, depth first, each folder
     /// before its children.
@@ -102,3 +107,8 @@ public:
 private:
     void DestroyContents();
 };
+
+qint32 CStringRes::Language() const
+{
+    return Folder() ? Folder()->index : -1;
+}

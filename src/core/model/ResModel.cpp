@@ -23,7 +23,7 @@ std::unique_ptr<CResFolder> CResModel::CreateFolder(quint32 kind, qint32 index)
     constexpr quint32 OBSERVED = 0x50058; // images, layouts and component images of any sort
     auto folder = std::make_unique<CResFolder>(kind, index);
     if ((kind & OBSERVED) || kind == KIND_STRINGS)
-        folder->SetObserver(nodeObserver);
+        folder->SetObserver(ids.observer);
     return folder;
 }
 
@@ -37,43 +37,29 @@ std::unique_ptr<CFileRes> CResModel::CreateFileRes(IDRecord *record)
     if (!record)
         return nullptr;
     auto res = std::make_unique<CFileRes>();
-    res->SetObserver(nodeObserver);
     res->SetId(record);
+    res->NotifyAdded();
     record->Release();
     return res;
 }
 
-std::unique_ptr<CStringRes> CResModel::CreateStringRes(const NarrowText &idName, qint32 language)
+std::unique_ptr<CStringRes> CResModel::CreateStringRes(const NarrowText &idName)
 {
     IDRecord *record = ids.Allocate(idName, ANY_RESOLUTION);
     if (!record)
         return nullptr;
-    auto res = CreateStringRes(record, language);
+    auto res = CreateStringRes(record);
     record->Release();
     return res;
 }
 
-std::unique_ptr<CStringRes> CResModel::CreateStringRes(IDRecord *resId, qint32 language)
+std::unique_ptr<CStringRes> CResModel::CreateStringRes(IDRecord *resId)
 {
     if (!resId)
         return nullptr;
-    auto res = std::make_unique<CStringRes>();
-    res->language = language;
-    res->SetObserver(nodeObserver);
+    std::unique_ptr<CStringRes> res(new (stringMemory) CStringRes);
     res->SetId(resId);
-    return res;
-}
-
-std::unique_ptr<CStringRes> CResModel::CreateDetachedStringRes(const NarrowText &idName)
-{
-    IDRecord *made = detachedIds.Allocate(idName, ANY_RESOLUTION);
-    IDRecord *record = made ? made : detachedIds.FindName(idName);
-    if (!record || record == &detachedIds.sentinel)
-        return nullptr;
-    auto res = std::make_unique<CStringRes>();
-    res->SetId(record);
-    if (made)
-        made->Release();
+    res->NotifyAdded();
     return res;
 }
 
@@ -215,8 +201,7 @@ void CResModel::ClearByKind(CResFolder &folder)
     case KIND_COMPONENT:
         for (CBaseRes *res : folder.resources) {
             static_cast<CFileRes *>(res)->inUse = false;
-            if (res->observer)
-                res->observer->NodeRemoved(res);
+            res->NotifyRemoved();
         }
         break;
     default:

@@ -25,12 +25,10 @@ public:
     QString name; ///< the project's name
     /// The types of the project's layouts; never null in a document.
     std::shared_ptr<ClassCatalogue> classes;
-    /// The observer of the nodes that the factories make; set by the document.
-    IEspia *nodeObserver = nullptr;
     /// Notifies the tree's listeners (ITreeListener) before nodes are destroyed.
     Notifier<const CResFolder &> treeGoes;
-    IDPool ids;         ///< every resource of the tree takes its ID from here
-    IDPool detachedIds; ///< IDs of string rows held outside the tree
+    IDPool ids; ///< every resource of the tree takes its ID from here. Its observer observes the folders too.
+    StringMemory stringMemory;
     CResFolder root{KIND_ROOT, -1};
     LoadFindings findings; ///< of the last load, or of the reload since
 
@@ -40,11 +38,9 @@ public:
     // Factories: each returns null on failure, and has made nothing then. The caller puts the result into the tree.
     [[nodiscard]] std::unique_ptr<CResFolder> CreateFolder(quint32 kind, qint32 index);
     [[nodiscard]] std::unique_ptr<CFileRes> CreateFileRes(const NarrowText &idName, qint16 scope);
-    [[nodiscard]] std::unique_ptr<CStringRes> CreateStringRes(const NarrowText &idName, qint32 language);
+    [[nodiscard]] std::unique_ptr<CStringRes> CreateStringRes(const NarrowText &idName);
     /// Makes a string with an ID that exists already; the two share it.
-    [[nodiscard]] std::unique_ptr<CStringRes> CreateStringRes(IDRecord *resId, qint32 language);
-    /// Makes a string for use outside the tree, without an observer. Equal names share one ID.
-    [[nodiscard]] std::unique_ptr<CStringRes> CreateDetachedStringRes(const NarrowText &idName);
+    [[nodiscard]] std::unique_ptr<CStringRes> CreateStringRes(IDRecord *resId);
 
     /// The ID that a file gets in `folder`, formed from the file's name. Another file's name can form the same one.
     [[nodiscard]] QString DefaultFileId(const CResFolder &folder, const QString &path) const;

@@ -1,21 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "ResNode.h"
 
-CResNode::~CResNode()
+void CResNode::NotifyChanged()
 {
-    if (observer)
+    if (IEspia *const observer = Observer())
+        observer->NodeChanged(this);
+}
+
+void CResNode::NotifyRemoved()
+{
+    if (IEspia *const observer = Observer())
         observer->NodeRemoved(this);
 }
 
-void CResNode::SetObserver(IEspia *newObserver)
+void CResNode::NotifyAdded()
 {
-    observer = newObserver;
-    if (observer)
+    if (IEspia *const observer = Observer())
         observer->NodeAdded(this);
-}
-
-void CResNode::NotifyChanged()
-{
-    if (observer)
-        observer->NodeChanged(this);
 }

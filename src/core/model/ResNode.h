@@ -22,13 +22,14 @@ class CResNode
 {
 public:
     CResNode() = default;
-    virtual ~CResNode(); ///< notifies the observer, after the derived parts have been destroyed
+    virtual ~CResNode() = default;
     CResNode(const CResNode &) = delete;
     CResNode &operator=(const CResNode &) = delete;
 
-    IEspia *observer = nullptr;
-
-    /// Sets the observer and calls its `NodeAdded`.
-    void SetObserver(IEspia *newObserver);
+    /// The object that watches this node; null for none.
+    [[nodiscard]] virtual IEspia *Observer() const = 0;
+    // Each of these calls the function of that name of the observer.
     void NotifyChanged();
+    void NotifyRemoved();
+    void NotifyAdded();
 };

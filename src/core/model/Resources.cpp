@@ -2,23 +2,30 @@
 #include "Resources.h"
 
 #include "Environment.h"
+#include "ResFolder.h"
 
 #include <utility>
 
 CBaseRes::~CBaseRes()
 {
+    IEspia *const observer = CBaseRes::Observer();
     LetGo();
+    if (observer)
+        observer->NodeRemoved(this);
 }
 
 void CBaseRes::LetGo()
 {
     if (!id)
         return;
-    CBaseRes **place = &id->holders;
-    while (*place != this)
-        place = &(*place)->nextHolder;
-    *place = nextHolder;
-    nextHolder = nullptr;
+    // From the newest on, because its next one is the oldest, which is usually the one that goes first.
+    CBaseRes *before = id->holders;
+    while (before->nextHolder != this)
+        before = before->nextHolder;
+    before->nextHolder = nextHolder;
+    if (id->holders == this)
+        id->holders = before == this ? nullptr : before;
+    nextHolder = this;
     std::exchange(id, nullptr)->Release();
 }
 
@@ -29,7 +36,8 @@ void CBaseRes::SetId(IDRecord *record)
     LetGo();
     id = record;
     if (id) {
-        nextHolder = id->holders;
+        if (id->holders)
+            nextHolder = std::exchange(id->holders->nextHolder, this);
         id->holders = this;
     }
     NotifyChanged();
@@ -66,49 +74,36 @@ void CFileRes::Reset(const Environment &env)
 
 CStringRes::~CStringRes()
 {
-    if (prev)
-        prev->next = next;
-    if (next)
-        next->prev = prev;
+    StringMemory::FreeText(text);
 }
 
-bool CStringRes::SetText(const QString &newText)
+void CStringRes::SetText(QStringView newText)
 {
-    if (text != newText) {
-        text = newText;
-        NotifyChanged();
-    }
-    return true;
+    if (Text() == newText)
+        return;
+    PutText(newText);
+    NotifyChanged();
+}
+
+void CStringRes::PutText(QStringView newText)
+{
+    const char16_t *const old = text;
+    text = StringMemory::Of(this).NewText(newText); // first: the new text may be a part of the old one
+    StringMemory::FreeText(old);
+}
+
+const CStringRes *CStringRes::FindLanguage(qint32 wanted) const
+{
+    const CStringRes *record = this;
+    do {
+        if (record->Language() == wanted)
+            return record;
+        record = record->NextInRow();
+    } while (record != this);
+    return nullptr;
 }
 
 CStringRes *CStringRes::FindLanguage(qint32 wanted)
 {
-    for (CStringRes *record = this; record; record = record->next) {
-        if (record->language == wanted)
-            return record;
-    }
-    for (CStringRes *record = prev; record; record = record->prev) {
-        if (record->language == wanted)
-            return record;
-    }
-    return nullptr;
-}
-
-void CStringRes::LinkBehind(CStringRes *record)
-{
-    record->prev = this;
-    record->next = next;
-    if (next)
-        next->prev = record;
-    next = record;
-}
-
-void CStringRes::DestroyChain()
-{
-    CStringRes *last = this;
-    while (last->next)
-        last = last->next;
-    while (last != this)
-        delete std::exchange(last, last->prev);
-    delete this;
+    return const_cast<CStringRes *>(std::as_const(*this).FindLanguage(wanted));
 }

@@ -3,15 +3,18 @@
 
 #include "IDPool.h"
 #include "ResNode.h"
+#include "StringMemory.h"
 
 class CResFolder;
 class Environment;
 
-/// A resource with an ID. It is in at most one folder, which owns it.
+/// A resource with an ID. It is in at most one folder, which owns it. Its observer is that of its ID's pool.
 class CBaseRes : public CResNode
 {
 public:
     ~CBaseRes() override;
+
+    [[nodiscard]] IEspia *Observer() const override { return id ? id->Observer() : nullptr; }
 
     [[nodiscard]] IDRecord *Id() const { return id; }
     /// Replaces the ID: releases the old record, adds a reference to the new one, and notifies `NodeChanged`.
@@ -21,7 +24,7 @@ public:
     bool Rename(IDPool &pool, const NarrowText &newName);
 
     [[nodiscard]] CResFolder *Folder() const { return folder; }
-    /// The next older resource with the same ID, or null.
+    /// The resource that got the same ID next after this one. The newest leads to the oldest: this is a circle.
     [[nodiscard]] CBaseRes *NextHolder() const { return nextHolder; }
     /// The next resource of the folder, in its order, or null.
     [[nodiscard]] CBaseRes *NextInFolder() const { return nextInFolder; }
@@ -37,10 +40,39 @@ private:
     void LetGo();
 
     IDRecord *id = nullptr;
-    CBaseRes *nextHolder = nullptr; // the next resource with the same ID
+    CBaseRes *nextHolder = this;
     CResFolder *folder = nullptr;
     CBaseRes *prevInFolder = nullptr;
     CBaseRes *nextInFolder = nullptr;
+};
+
+/// The resources that have an ID, the oldest first: `for (CBaseRes *res : Holders(record))`.
+class Holders
+{
+public:
+    explicit Holders(const IDRecord &record) : newest(record.holders) {}
+
+    class iterator
+    {
+    public:
+        iterator(CBaseRes *res, CBaseRes *last) : current(res), newest(last) {}
+        CBaseRes *operator*() const { return current; }
+        iterator &operator++()
+        {
+            current = current == newest ? nullptr : current->NextHolder();
+            return *this;
+        }
+        bool operator!=(const iterator &other) const { return current != other.current; }
+
+    private:
+        CBaseRes *current;
+        CBaseRes *newest;
+    };
+    [[nodiscard]] iterator begin() const { return {newest ? newest->NextHolder() : nullptr, newest}; }
+    [[nodiscard]] iterator end() const { return {nullptr, newest}; }
+
+private:
+    CBaseRes *newest;
 };
 
 /// An audio, video, binary or image file.
@@ -57,22 +89,46 @@ public:
     void Reset(const Environment &env);
 };
 
-/// A text of one language, or, with language -1, a row's description. The records of one string ID form a chain.
+/// A text of one language, or a row's description. The records with one ID are a row of the string table. There are
+/// very many of them, so they are small, and their memory is that of the model: `CResModel::CreateStringRes` makes
+/// them.
 class CStringRes : public CBaseRes
 {
 public:
-    ~CStringRes() override; ///< leaves its chain
+    ~CStringRes() override;
 
-    QString text;
-    CStringRes *prev = nullptr;
-    CStringRes *next = nullptr;
-    qint32 language = -1;
+    static void *operator new(std::size_t size, StringMemory &memory) { return memory.NewRecord(size); }
+    static void operator delete(void *record, StringMemory &) { StringMemory::FreeRecord(record, sizeof(CStringRes)); }
+    static void operator delete(void *record) { StringMemory::FreeRecord(record, sizeof(CStringRes)); }
 
-    bool SetText(const QString &newText);
-    /// Returns the record of that language in this chain, or null.
+    /// Valid until the text is changed or the record is destroyed.
+    [[nodiscard]] QStringView Text() const { return StringMemory::TextAt(text); }
+    [[nodiscard]] bool HasText() const { return text; }
+    /// Sets the text, and notifies `NodeChanged` if it changes.
+    void SetText(QStringView newText);
+    /// Sets the text without a comparison and without a notification.
+    void PutText(QStringView newText);
+
+    /// The language of its folder; -1 for a description, and for a record that is in no folder.
+    [[nodiscard]] inline qint32 Language() const; // in ResFolder.h
+    /// The next record of the row. The last leads to the first: this is a circle.
+    [[nodiscard]] const CStringRes *NextInRow() const { return static_cast<const CStringRes *>(NextHolder()); }
+    /// Returns the row's record of that language, or null. Searches from this record on.
     [[nodiscard]] CStringRes *FindLanguage(qint32 wanted);
-    /// Inserts `record` into the chain directly after this one.
-    void LinkBehind(CStringRes *record);
-    /// Destroys this record and those after it, the last first. For a chain that is in no folder.
-    void DestroyChain();
+    [[nodiscard]] const CStringRes *FindLanguage(qint32 wanted) const;
+
+private:
+    const char16_t *text = nullptr; // null if it is empty
 };
+
+/// Calls `look` for each record of a row, from `first` on, until it returns true. Returns whether it did.
+template <typename Look> bool AnyRecord(const CStringRes &first, const Look &look)
+{
+    const CStringRes *record = &first;
+    do {
+        if (look(*record))
+            return true;
+        record = record->NextInRow();
+    } while (record != &first);
+    return false;
+}

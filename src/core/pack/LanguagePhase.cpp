@@ -43,7 +43,7 @@ void TakeNext(LanguageStrings &from)
     const auto *res = static_cast<const CStringRes *>(from.next);
     from.next = from.next->NextInFolder();
     from.withoutId |= !res->Id();
-    const QStringView text(res->text); // QString::utf16 would check whether the text is its own
+    const QStringView text = res->Text();
     from.strings.push_back({text.utf16(), quint32(text.size()), res->Id() ? res->Id()->value : 0});
     from.bytes += Space(quint64(text.size()));
 }

@@ -93,19 +93,25 @@ std::vector<int> NameOrder::Sorted(int count, const std::function<QString(int)> 
 {
     std::vector<QString> texts;
     texts.reserve(size_t(count));
-    SortKeys keys(AsCollator(collator), size_t(count));
-    for (int n = 0; n < count; ++n) {
+    for (int n = 0; n < count; ++n)
         texts.push_back(textOf(n));
+    return Sorted(std::vector<QStringView>(texts.begin(), texts.end()), direction);
+}
+
+std::vector<int> NameOrder::Sorted(const std::vector<QStringView> &texts, int direction) const
+{
+    SortKeys keys(AsCollator(collator), texts.size());
+    for (const QStringView text : texts) {
         if (collator)
-            keys.Add(texts.back());
+            keys.Add(text);
     }
-    std::vector<int> order(static_cast<size_t>(count));
+    std::vector<int> order(texts.size());
     std::iota(order.begin(), order.end(), 0);
     std::stable_sort(order.begin(), order.end(), [&](int left, int right) {
         const auto a = size_t(direction < 0 ? right : left);
         const auto b = size_t(direction < 0 ? left : right);
         const int result = collator ? keys.Compare(a, b) : 0;
-        return (result != 0 ? result : QStringView(texts[a]).compare(texts[b])) < 0;
+        return (result != 0 ? result : texts[a].compare(texts[b])) < 0;
     });
     return order;
 }

@@ -31,7 +31,7 @@ constexpr int OLDEST_VERSION = 20;
 CResDoc::CResDoc(Environment &process, ProcessTables &processTables, const CFrameServices &frameServices)
     : ProjectEnvironment{Environment(process)}, CResModel(ownEnv, processTables), services(frameServices)
 {
-    nodeObserver = &spy;
+    ids.observer = &spy;
     tables.LoadOnce(env);
     classes = std::make_shared<ClassCatalogue>();
     (void)SetCurrentFolder(env.ProgramDir());

@@ -26,7 +26,7 @@ bool HasWords(QStringView id, const QStringList &words)
 /// Returns the resource that represents an ID; null for an ID that nothing in the tree has.
 CBaseRes *ResourceOf(const IDRecord &record)
 {
-    for (CBaseRes *res = record.holders; res; res = res->NextHolder()) {
+    for (CBaseRes *res : Holders(record)) {
         const CResFolder *folder = res->Folder();
         if (folder && (folder->kind != KIND_LANGUAGE || folder->index < 0))
             return res;

@@ -21,7 +21,7 @@ namespace
 /// Puts a layout into a new folder at the end of its resolution's folder.
 CResFolder &AddLayoutFolder(CResDoc &doc, CResFolder &folder, std::unique_ptr<CLayoutRes> layout)
 {
-    layout->SetObserver(doc.nodeObserver);
+    layout->NotifyAdded();
     folder.AddFolder(doc.CreateFolder(KIND_LAYOUT, folder.index));
     CResFolder &own = *folder.subfolders.back();
     own.title = doc.env.NarrowToWide(layout->Id()->name);

@@ -180,8 +180,7 @@ private:
             image->SetPath(report.Narrow(element, text));
         report.DropOthers(element, {"id"});
         image->inUse = true;
-        if (image->observer)
-            image->observer->NodeAdded(image);
+        image->NotifyAdded();
     }
 
     const ProjectContext &context;

@@ -60,7 +60,7 @@ QString TranslateToPseudo(CResDoc &document, const QString &language, bool &isKn
             record = RowBuilder(document, *head).Add(folder, {}, following);
         if (!record)
             continue;
-        record->text = PseudoText(source, PlaceholderKindsOf(source, settings.placeholders), isRightToLeft);
+        record->PutText(PseudoText(source, PlaceholderKindsOf(source, settings.placeholders), isRightToLeft));
         following = record;
     }
     return {};

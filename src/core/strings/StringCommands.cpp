@@ -67,7 +67,7 @@ STR_DEL_CMD::STR_DEL_CMD(StringTable &stringTable, const std::vector<int> &toDel
     for (const int row : toDelete) {
         Deleted &deleted = rows.emplace_back(Deleted{MarkOf(table, row), {}});
         if (CStringRes *head = table.Head(row))
-            (void)table.SnapshotRow(head, deleted.snapshot);
+            deleted.snapshot = table.SnapshotRow(*head);
     }
 }
 
@@ -94,21 +94,16 @@ bool STR_DEL_CMD::Undo()
     int code = EDIT_DONE;
     {
         const StringTable::Batch batch(table); // ends before a message is shown
-        for (auto row = rows.begin(); code == EDIT_DONE && row != rows.end(); ++row) {
-            if (row->snapshot.head)
-                code = table.RestoreRow(row->snapshot, row->mark.row, /*keepId=*/true);
-        }
+        for (auto row = rows.begin(); code == EDIT_DONE && row != rows.end(); ++row)
+            code = table.RestoreRow(row->snapshot, row->mark.row, /*keepId=*/true);
     }
     return ShowFailure(table, code);
 }
 
 STR_PST_CMD::STR_PST_CMD(StringTable &stringTable) : table(stringTable)
 {
-    for (const auto &[row, head] : table.Copied()) {
-        Snapshot snapshot;
-        if (table.SnapshotRow(head, snapshot) == EDIT_DONE)
-            snapshots.emplace(row, std::move(snapshot));
-    }
+    for (const auto &[row, head] : table.Copied())
+        snapshots.emplace(row, table.SnapshotRow(*head));
 }
 
 bool STR_PST_CMD::Execute()

@@ -53,7 +53,7 @@ private:
 class STR_DEL_CMD : public Command
 {
 public:
-    /// `toDelete` is ascending. A row of which no snapshot can be made isn't restored.
+    /// `toDelete` is ascending.
     STR_DEL_CMD(StringTable &stringTable, const std::vector<int> &toDelete);
     bool Execute() override;
     bool Undo() override;
@@ -62,7 +62,7 @@ private:
     struct Deleted
     {
         RowMark mark;
-        Snapshot snapshot; // without a head if none could be made
+        Snapshot snapshot;
     };
 
     StringTable &table;

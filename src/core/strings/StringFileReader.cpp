@@ -210,16 +210,16 @@ void StringFileReader::DropRest()
 void StringFileReader::Overwrite(CStringRes &cell, QStringView text)
 {
     const bool isSecond = !isReload || !read.insert(&cell).second;
-    if (cell.text == text)
+    if (cell.Text() == text)
         return;
-    if (isSecond && !cell.text.isEmpty()) {
+    if (isSecond && cell.HasText()) {
         const QString id = document.env.NarrowToWide(cell.Id()->name);
         document.env.Note(
             Dropped("strings.text-twice", id,
                     u"the text \"%1\" of %2 is left out: \"%3\" follows for the same ID and language"_s.arg(
-                        Cut(cell.text), id, Cut(text))));
+                        Cut(cell.Text()), id, Cut(text))));
     }
-    cell.SetText(text.toString());
+    cell.SetText(text);
 }
 
 void StringFileReader::CheckFields(QStringView id, QStringView type)
@@ -267,10 +267,10 @@ void StringFileReader::ReadRow(QStringView line)
         CStringRes *cell = rowId ? cells.Find(rowId, *folder) : nullptr;
         if (cell) {
             Overwrite(*cell, text);
-            row.ContinueBehind(*cell);
+            row.Continue(*cell);
             continue;
         }
-        cell = row.Add(*folder, text.toString());
+        cell = row.Add(*folder, text);
         if (!cell) {
             env.Report(
                 Dropped("strings.id-conflict", id,

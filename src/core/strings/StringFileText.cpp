@@ -51,21 +51,18 @@ void StringFileText::PutHeader()
     Put(LINE_END, {});
 }
 
-/// Finds the texts of a row in one walk of its chain, in the order in which `FindLanguage` searches.
+/// Finds the records of a row in one walk, in the order in which `FindLanguage` searches.
 void StringFileText::CollectRow(const CStringRes &head)
 {
     std::fill(row.begin(), row.end(), nullptr);
-    const auto take = [&](const CStringRes &cell) {
-        const auto found = columnsOf.find(cell.language);
-        if (found == columnsOf.end() || row[found->second.front()])
-            return;
-        for (const size_t column : found->second)
-            row[column] = &cell.text;
-    };
-    for (const CStringRes *cell = &head; cell; cell = cell->next)
-        take(*cell);
-    for (const CStringRes *cell = head.prev; cell; cell = cell->prev)
-        take(*cell);
+    (void)AnyRecord(head, [this](const CStringRes &cell) {
+        const auto found = columnsOf.find(cell.Language());
+        if (found != columnsOf.end() && !row[found->second.front()]) {
+            for (const size_t column : found->second)
+                row[column] = &cell;
+        }
+        return false;
+    });
 }
 
 void StringFileText::PutRow(const CBaseRes &head)
@@ -73,8 +70,8 @@ void StringFileText::PutRow(const CBaseRes &head)
     CollectRow(static_cast<const CStringRes &>(head));
     Put(document.env.NarrowToWide(head.Id()->name), u"\t");
     Put(head.Id()->push ? PUSH_WORD : NORMAL_WORD, {});
-    for (const QString *text : row)
-        Put(u"\t", text ? QStringView(*text) : QStringView());
+    for (const CStringRes *cell : row)
+        Put(u"\t", cell ? cell->Text() : QStringView());
     Put(LINE_END, {});
 }
 

@@ -39,5 +39,5 @@ private:
     const std::vector<std::unique_ptr<CResFolder>> none;
     const std::vector<std::unique_ptr<CResFolder>> &folders;
     std::unordered_map<qint32, std::vector<size_t>> columnsOf; // by language; a language may have several folders
-    std::vector<const QString *> row;                          // the texts of one row, by folder; null: no cell
+    std::vector<const CStringRes *> row;                       // the records of one row, by folder; null: no cell
 };

@@ -61,11 +61,11 @@ private:
             return IsInKind(head);
         case StringCondition::ANY_COLUMN:
             return IsInId(head) || IsInKind(head) || AnyRecord(head, [this](const CStringRes &record) {
-                       return finder.In(record.text) && columns.Of(record.language) >= 0;
+                       return finder.In(record.Text()) && columns.Of(record.Language()) >= 0;
                    });
         default:
             const CStringRes *record = language == NONE ? nullptr : head.FindLanguage(language);
-            return record && finder.In(record->text);
+            return record && finder.In(record->Text());
         }
     }
 
@@ -83,10 +83,10 @@ private:
             return false;
         bool hasOther = false;
         const bool isFilled = AnyRecord(head, [&](const CStringRes &record) {
-            if (record.text.isEmpty())
+            if (!record.HasText())
                 return false;
-            hasOther = hasOther || columns.Of(record.language) >= 0;
-            return record.language == missing;
+            hasOther = hasOther || columns.Of(record.Language()) >= 0;
+            return record.Language() == missing;
         });
         return hasOther && !isFilled;
     }

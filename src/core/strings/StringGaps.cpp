@@ -26,7 +26,7 @@ public:
         std::fill(filled.begin(), filled.end(), false);
         bool any = false;
         AnyRecord(*head, [&](const CStringRes &record) {
-            const int col = record.text.isEmpty() ? -1 : columns.Of(record.language);
+            const int col = record.HasText() ? columns.Of(record.Language()) : -1;
             if (col >= 0) {
                 filled[size_t(col)] = true;
                 any = true;
@@ -68,7 +68,7 @@ std::vector<int> CountGaps(const StringTable &table)
     for (CBaseRes *res = heads ? heads->resources.First() : nullptr; res; res = res->NextInFolder()) {
         bool any = false;
         AnyRecord(static_cast<CStringRes &>(*res), [&](const CStringRes &record) {
-            const int col = record.text.isEmpty() ? -1 : columns.Of(record.language);
+            const int col = record.HasText() ? columns.Of(record.Language()) : -1;
             if (col >= 0) {
                 ++filled[size_t(col)];
                 any = true;

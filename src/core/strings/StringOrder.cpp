@@ -12,32 +12,33 @@
 namespace
 {
 
-/// Returns the texts of a language, row by row; empty for a row without one. Walks the chains of several rows at the
+/// Returns the texts of a language, row by row; empty for a row without one. Walks the records of several rows at the
 /// same time, because each step waits for memory and the waits then overlap.
-std::vector<QString> TextsOf(const StringTable &table, qint32 language)
+std::vector<QStringView> TextsOf(const StringTable &table, qint32 language)
 {
     constexpr int TOGETHER = 16; // rows
-    std::vector<QString> texts(size_t(table.RowCount()));
+    std::vector<QStringView> texts(size_t(table.RowCount()));
     for (int first = 0; first < table.RowCount(); first += TOGETHER) {
         const int count = std::min(TOGETHER, table.RowCount() - first);
         std::array<const CStringRes *, TOGETHER> records{};
         for (int n = 0; n < count; ++n)
             records[size_t(n)] = table.Head(first + n);
+        const auto heads = records;
         for (bool goesOn = true; goesOn;) {
             goesOn = false;
-            for (const CStringRes *&record : records) {
-                if (record && record->language != language) {
-                    record = record->next;
+            for (size_t n = 0; n < size_t(count); ++n) {
+                const CStringRes *&record = records[n];
+                if (record && record->Language() != language) {
+                    record = record->NextInRow();
+                    if (record == heads[n])
+                        record = nullptr;
                     goesOn = true;
                 }
             }
         }
         for (int n = 0; n < count; ++n) {
-            const CStringRes *record = records[size_t(n)];
-            if (!record) // not after the head
-                record = table.Head(first + n)->FindLanguage(language);
-            if (record)
-                texts[size_t(first + n)] = record->text;
+            if (const CStringRes *record = records[size_t(n)])
+                texts[size_t(first + n)] = record->Text();
         }
     }
     return texts;
@@ -69,7 +70,6 @@ std::vector<int> StringOrder(const StringTable &table, int sortState)
         return order;
     }
     const CResFolder *const folder = table.ColumnLanguage(col); // once: finding it takes longer than the text
-    const auto texts = folder ? TextsOf(table, folder->index) : std::vector<QString>(static_cast<size_t>(count));
-    return names.Sorted(
-        count, [&](int row) { return texts[size_t(row)]; }, sortState);
+    return names.Sorted(folder ? TextsOf(table, folder->index) : std::vector<QStringView>(static_cast<size_t>(count)),
+                        sortState);
 }

@@ -6,16 +6,16 @@
 namespace
 {
 
-void Count(LanguageStats &language, const QString &text, const QString &first)
+void Count(LanguageStats &language, QStringView text, QStringView first)
 {
     ++(text.isEmpty() ? language.missing : language.texts);
     language.sameAsFirst += !text.isEmpty() && text == first;
 }
 
-QString TextIn(CStringRes &head, qint32 language)
+QStringView TextIn(const CStringRes &head, qint32 language)
 {
     const CStringRes *cell = head.FindLanguage(language);
-    return cell ? cell->text : QString();
+    return cell ? cell->Text() : QStringView();
 }
 
 } // namespace
@@ -30,13 +30,13 @@ std::vector<LanguageStats> StringStats(const CResModel &document, int &rows)
     for (size_t n = 1; n < strings->subfolders.size(); ++n)
         languages.push_back({strings->subfolders[n]->index, strings->subfolders[n]->title});
     for (CBaseRes *res : strings->subfolders.front()->resources) {
-        auto &head = static_cast<CStringRes &>(*res);
+        const auto &head = static_cast<const CStringRes &>(*res);
         ++rows;
-        QString first;
+        QStringView first;
         for (LanguageStats &language : languages) {
             const bool isFirst = &language == &languages.front();
-            const QString text = TextIn(head, language.number);
-            Count(language, text, isFirst ? QString() : first);
+            const QStringView text = TextIn(head, language.number);
+            Count(language, text, isFirst ? QStringView() : first);
             if (isFirst)
                 first = text;
         }

@@ -190,7 +190,7 @@ QString StringTable::CellText(int row, int col) const
     if (col == KIND_COLUMN)
         return (head->Id()->push ? PUSH_WORD : NORMAL_WORD).toString();
     const CStringRes *record = CellRecord(row, col);
-    return record ? record->text : QString();
+    return record ? record->Text().toString() : QString();
 }
 
 int StringTable::RowOf(const NarrowText &name, int hint) const

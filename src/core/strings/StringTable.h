@@ -24,12 +24,6 @@ enum StringEditCode : int
 /// Returns the message for such a number; empty for 0.
 [[nodiscard]] QString StringEditMessage(int code);
 
-/// Destroys a chain of string records that are in no folder, given its first record.
-struct ChainDeleter
-{
-    void operator()(CStringRes *first) const { first->DestroyChain(); }
-};
-
 /// The place of a row in the tree: the IDs of the rows before and after it; empty if there was none.
 struct TreePlace
 {
@@ -37,14 +31,26 @@ struct TreePlace
     NarrowText behind;
 };
 
-/// A copy of a row outside of all folders. Its ID doesn't take a name.
+/// Tells the observer of a model that something has been removed.
+struct RemovalTeller
+{
+    void operator()(CResModel *model) const
+    {
+        if (model->ids.observer)
+            model->ids.observer->NodeRemoved(&model->root);
+    }
+};
+
+/// A copy of a row. Making one with texts of languages, and destroying it, sets the document's modified flag.
 struct Snapshot
 {
-    std::unique_ptr<CStringRes, ChainDeleter> head; ///< of the chain
-    // The row's kind. It isn't in the ID's record, because copies with the same ID share that record.
+    NarrowText id;
     bool push = false;
     qint32 pushKind = PUSH_NONE;
-    TreePlace place; ///< the place of a row that has been deleted
+    QString description;
+    std::vector<std::pair<qint32, QString>> texts;    ///< by language, in the order of the folders
+    TreePlace place;                                  ///< the place of a row that has been deleted
+    std::unique_ptr<CResModel, RemovalTeller> teller; ///< null without texts
 };
 
 /// Shows a string table: the grid of a window, or an object that shows nothing. Row and column numbers are those of the
@@ -182,7 +188,7 @@ public:
     /// Gives a row its earlier name back, unchanged: only names that a user types are converted to upper case and
     /// checked.
     [[nodiscard]] int RestoreId(int row, const NarrowText &name);
-    [[nodiscard]] int SnapshotRow(CStringRes *head, Snapshot &snapshot);
+    [[nodiscard]] Snapshot SnapshotRow(CStringRes &head) const;
     /// Makes a row from a snapshot. With `keepId` the row is restored: it gets its own ID, which isn't checked, and its
     /// place in the tree is after the row that was before it, or otherwise before the row that was after it. Without
     /// `keepId` it is a copy with another ID. A copy, and a row for which neither of those rows exists, has the same

@@ -122,27 +122,26 @@ int StringTable::InsertFromCell(int row, int col, QString text)
     return EDIT_DONE;
 }
 
-int StringTable::SnapshotRow(CStringRes *head, Snapshot &snapshot)
+Snapshot StringTable::SnapshotRow(CStringRes &head) const
 {
     Snapshot made;
-    made.head.reset(model.CreateDetachedStringRes(head->Id()->name).release());
-    if (!made.head)
-        return EDIT_ID_TAKEN;
-    made.head->SetText(head->text);
-    made.push = head->Id()->push;
-    made.pushKind = head->Id()->pushKind;
-    CStringRes *last = made.head.get();
+    made.id = head.Id()->name;
+    made.push = head.Id()->push;
+    made.pushKind = head.Id()->pushKind;
+    made.description = head.Text().toString();
+    const CStringRes *last = &head; // the row's records are usually in the order of the folders
     for (const auto &folder : Strings()->subfolders) {
-        const CStringRes *cell = folder->index == DESCRIPTION ? nullptr : head->FindLanguage(folder->index);
+        const CStringRes *const cell = folder->index == DESCRIPTION ? nullptr : last->FindLanguage(folder->index);
         if (!cell)
             continue;
-        CStringRes *const copy = model.CreateStringRes(made.head->Id(), folder->index).release(); // now in the chain
-        last->LinkBehind(copy);
-        copy->SetText(cell->text);
-        last = copy;
+        made.texts.emplace_back(folder->index, cell->Text().toString());
+        last = cell;
     }
-    snapshot = std::move(made);
-    return EDIT_DONE;
+    if (!made.texts.empty()) {
+        head.NotifyChanged();
+        made.teller.reset(&model);
+    }
+    return made;
 }
 
 CBaseRes *StringTable::Behind(const TreePlace &place, int row) const
@@ -155,11 +154,10 @@ CBaseRes *StringTable::Behind(const TreePlace &place, int row) const
 
 int StringTable::RestoreRow(const Snapshot &snapshot, int row, bool keepId)
 {
-    const NarrowText &own = snapshot.head->Id()->name;
     row = std::min(row, RowCount());
     CStringRes *head = nullptr;
-    const int code = keepId ? MakeHead(own, Behind(snapshot.place, row), head)
-                            : MakeTypedHead(CopyStringId(model.env.NarrowToWide(own)), Head(row), head);
+    const int code = keepId ? MakeHead(snapshot.id, Behind(snapshot.place, row), head)
+                            : MakeTypedHead(CopyStringId(model.env.NarrowToWide(snapshot.id)), Head(row), head);
     if (code)
         return code;
     FillRow(*head, snapshot);
@@ -170,14 +168,15 @@ int StringTable::RestoreRow(const Snapshot &snapshot, int row, bool keepId)
 
 void StringTable::FillRow(CStringRes &head, const Snapshot &snapshot)
 {
-    head.SetText(snapshot.head->text);
+    head.SetText(snapshot.description);
     head.Id()->push = snapshot.push;
     head.Id()->pushKind = snapshot.pushKind;
     RowBuilder cells(model, head);
     for (const auto &folder : Strings()->subfolders) {
-        const CStringRes *cell = folder->index == DESCRIPTION ? nullptr : snapshot.head->FindLanguage(folder->index);
-        if (cell)
-            cells.Add(*folder, cell->text);
+        const auto text = std::find_if(snapshot.texts.begin(), snapshot.texts.end(),
+                                       [&](const auto &each) { return each.first == folder->index; });
+        if (text != snapshot.texts.end())
+            cells.Add(*folder, text->second);
     }
 }
 

@@ -28,17 +28,3 @@ private:
     std::vector<int> direct; // for the languages from -1 on with small numbers
     std::unordered_map<qint32, int> further;
 };
-
-/// Calls `look` for each record of a row, the head first, until it returns true. Returns whether it did.
-template <typename Look> bool AnyRecord(const CStringRes &head, const Look &look)
-{
-    for (const CStringRes *record = &head; record; record = record->next) {
-        if (look(*record))
-            return true;
-    }
-    for (const CStringRes *record = head.prev; record; record = record->prev) {
-        if (look(*record))
-            return true;
-    }
-    return false;
-}

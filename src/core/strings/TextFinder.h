@@ -12,7 +12,7 @@
 /// character: "k" finds the Kelvin sign, but "ss" doesn't find "ß". An empty text is in every text.
 ///
 ///     const TextFinder finder(u"wetter"_s, /*matchCase=*/false);
-///     if (finder.In(cell->text)) ...
+///     if (finder.In(cell->Text())) ...
 class TextFinder
 {
 public:
