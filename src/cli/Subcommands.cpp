@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Subcommands.h"
 
+#include "CommandLineCompletion.h"
 #include "CommandLineDescription.h"
 #include "CommandLineParser.h"
 #include "CompletionSources.h"
