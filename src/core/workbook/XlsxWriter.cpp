@@ -284,9 +284,7 @@ WorkbookResult WriteXlsx(ISheetSource &source, std::FILE *file)
                 .arg(result.reason, QDir::tempPath())};
     if (result.HasFailed())
         return result;
-    const auto bytes = filled.Finish();
-    if (!bytes)
+    if (!filled.Finish(file))
         return {WorkbookFault::TooLarge, QStringLiteral("the sheet takes 4 GiB or more, or more than the memory")};
-    std::fwrite(bytes->data(), 1, size_t(bytes->size()), file);
     return {};
 }

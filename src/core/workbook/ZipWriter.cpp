@@ -10,7 +10,6 @@ namespace
 
 constexpr int LEVEL = 3; // a sheet takes a third of the time of the usual 6, and a fifth more space
 constexpr int MEMORY_LEVEL = 9;
-constexpr qsizetype HEADER_SIZE = 30;
 constexpr qsizetype PIECE = 64 << 10;
 constexpr qsizetype MOST_BYTES = 0xFFFFFFFE; // a larger number means that the 64-bit fields have it
 constexpr quint16 VERSION = 20;              // of the format that a reader must know
@@ -39,62 +38,68 @@ ZipWriter::ZipWriter()
 void ZipWriter::Begin(const QByteArray &partName)
 {
     name = partName;
-    header = file.size();
+    header = pieces.size();
     size = 0;
     crc = crc32(0, nullptr, 0);
     isGood = isGood && deflateReset(&stream) == Z_OK;
-    file.append(HEADER_SIZE, 0); // End writes it
-    file.append(name);
+    stream.avail_out = 0;
+    pieces.emplace_back(); // End fills it
 }
 
 void ZipWriter::Pack(QByteArrayView piece, int flush)
 {
     size += piece.size();
-    isGood = isGood && size <= MOST_BYTES && file.size() <= MOST_BYTES;
+    isGood = isGood && size <= MOST_BYTES;
     if (!piece.isEmpty()) // without data the function returns the initial value
         crc = crc32_z(crc, reinterpret_cast<const Bytef *>(piece.data()), size_t(piece.size()));
     stream.next_in = reinterpret_cast<const Bytef *>(piece.data());
     stream.avail_in = uInt(piece.size());
-    Bytef packed[PIECE];
     for (bool isMore = isGood; isMore;) {
-        stream.next_out = packed;
-        stream.avail_out = PIECE;
+        if (stream.avail_out == 0) {
+            pieces.emplace_back(PIECE, Qt::Uninitialized);
+            stream.next_out = reinterpret_cast<Bytef *>(pieces.back().data());
+            stream.avail_out = PIECE;
+        }
         isMore = deflate(&stream, flush) == Z_OK && stream.avail_out == 0;
-        file.append(reinterpret_cast<const char *>(packed), PIECE - qsizetype(stream.avail_out));
     }
 }
 
 void ZipWriter::End()
 {
-    const qsizetype start = header + HEADER_SIZE + name.size();
     Pack({}, Z_FINISH);
+    if (header + 1 < pieces.size())
+        pieces.back().chop(qsizetype(stream.avail_out));
     QByteArray common; // what the header and the entry of the directory share
     Put16(common, VERSION);
     Put16(common, 0);
     Put16(common, DEFLATED);
     Put32(common, DATE);
     Put32(common, quint32(crc));
-    Put32(common, quint32(file.size() - start));
+    Put32(common, quint32(stream.total_out));
     Put32(common, quint32(size));
     Put16(common, quint16(name.size()));
     Put16(common, 0);
-    file.replace(header, HEADER_SIZE, "PK\3\4" + common);
+    pieces[header] = "PK\3\4" + common + name;
     directory += QByteArray("PK\1\2\0\0", 6) + common + QByteArray(10, 0);
-    Put32(directory, quint32(header));
+    Put32(directory, quint32(written));
     directory += name;
+    written += pieces[header].size() + qsizetype(stream.total_out);
     ++count;
 }
 
-std::optional<QByteArray> ZipWriter::Finish()
+bool ZipWriter::Finish(std::FILE *file)
 {
-    const qsizetype start = file.size();
-    if (!isGood || start + directory.size() > MOST_BYTES)
-        return std::nullopt;
-    file += directory + QByteArray("PK\5\6\0\0\0\0", 8);
-    Put16(file, count);
-    Put16(file, count);
-    Put32(file, quint32(directory.size()));
-    Put32(file, quint32(start));
-    Put16(file, 0);
-    return std::move(file);
+    if (!isGood || written + directory.size() > MOST_BYTES)
+        return false;
+    QByteArray end("PK\5\6\0\0\0\0", 8);
+    Put16(end, count);
+    Put16(end, count);
+    Put32(end, quint32(directory.size()));
+    Put32(end, quint32(written));
+    Put16(end, 0);
+    for (const QByteArray &piece : pieces)
+        std::fwrite(piece.data(), 1, size_t(piece.size()), file);
+    std::fwrite(directory.data(), 1, size_t(directory.size()), file);
+    std::fwrite(end.data(), 1, size_t(end.size()), file);
+    return true;
 }

@@ -3,7 +3,8 @@
 
 #include <QByteArray>
 
-#include <optional>
+#include <cstdio>
+#include <vector>
 
 #define ZLIB_CONST // zlib doesn't write to its input
 #include <zlib.h>
@@ -14,7 +15,7 @@
 ///     zip.Begin("xl/workbook.xml");
 ///     zip.Write(piece);
 ///     zip.End();
-///     const std::optional<QByteArray> file = zip.Finish();
+///     if (!zip.Finish(file)) ...
 class ZipWriter
 {
 public:
@@ -27,20 +28,22 @@ public:
     /// Adds a piece of at most 1 GiB to the part.
     void Write(QByteArrayView piece) { Pack(piece, Z_NO_FLUSH); }
     void End();
-    /// Returns the file; nullopt if it or one of its parts has 4 GiB or more, or memory was lacking.
-    [[nodiscard]] std::optional<QByteArray> Finish();
+    /// Writes the file. False, and nothing is written, if it or one of its parts has 4 GiB or more, or memory was
+    /// lacking. The caller must check whether the writes succeeded.
+    [[nodiscard]] bool Finish(std::FILE *file);
 
 private:
     void Pack(QByteArrayView piece, int flush);
 
     z_stream stream{};
     bool isGood;
-    QByteArray file;
+    std::vector<QByteArray> pieces; // of the file; in one block, they would be moved each time it grows
+    qsizetype written = 0;          // their size, without those of the present part
     QByteArray directory;
     quint16 count = 0;
     // The present part:
     QByteArray name;
-    qsizetype header = 0; // where its header begins in the file
-    qsizetype size = 0;   // unpacked
+    size_t header = 0;  // the piece that gets its header
+    qsizetype size = 0; // unpacked
     uLong crc = 0;
 };
