@@ -34,18 +34,29 @@ void Sheet::Finish()
     usedRows = cells.back().row - cells.front().row + 1;
     usedColumns = last->column - first->column + 1;
     endRow = cells.back().row + 1;
+    rowStarts.reserve(endRow + 1);
+    for (size_t i = 0; i < cells.size(); ++i)
+        rowStarts.resize(std::max(rowStarts.size(), size_t(cells[i].row) + 1), quint32(i));
+    rowStarts.push_back(quint32(cells.size()));
+}
+
+std::span<const Sheet::Cell> Sheet::CellsOf(quint32 row) const
+{
+    if (row >= endRow)
+        return {};
+    return {cells.data() + rowStarts[row], cells.data() + rowStarts[row + 1]};
 }
 
 quint32 Sheet::EndColumn(quint32 row) const
 {
-    const Cell behind{row + 1, 0, {}};
-    const auto next = std::lower_bound(cells.begin(), cells.end(), behind, IsBefore);
-    return next != cells.begin() && (next - 1)->row == row ? (next - 1)->column + 1 : 0;
+    const std::span<const Cell> all = CellsOf(row);
+    return all.empty() ? 0 : all.back().column + 1;
 }
 
 QString Sheet::At(quint32 row, quint32 column) const
 {
-    const Cell searched{row, column, {}};
-    const auto found = std::lower_bound(cells.begin(), cells.end(), searched, IsBefore);
-    return found != cells.end() && found->row == row && found->column == column ? texts.Text(found->text) : QString();
+    const std::span<const Cell> all = CellsOf(row);
+    const auto found = std::lower_bound(all.begin(), all.end(), column,
+                                        [](const Cell &cell, quint32 number) { return cell.column < number; });
+    return found != all.end() && found->column == column ? texts.Text(found->text) : QString();
 }

@@ -53,7 +53,10 @@ public:
     [[nodiscard]] quint32 EndColumn(quint32 row) const;
 
 private:
-    std::vector<Cell> cells; // sorted by row and column after Finish
+    [[nodiscard]] std::span<const Cell> CellsOf(quint32 row) const;
+
+    std::vector<Cell> cells;        // sorted by row and column after Finish
+    std::vector<quint32> rowStarts; // for each row, its first cell; a last one for the end
     quint32 usedRows = 0;
     quint32 usedColumns = 0;
     quint32 endRow = 0;

@@ -10,6 +10,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <utility>
 
 namespace
 {
@@ -189,16 +190,19 @@ private:
         Add(FormatFloat(number));
     }
 
-    void AppendRun(const QString &run)
+    void AppendRun(QString run)
     {
         if (!budget.GrantText(run.size()))
             return FailInCell(WorkbookFault::TooLarge, QStringLiteral("the texts take too much memory"));
-        text += run;
+        if (text.isEmpty())
+            text = std::move(run); // most texts are one run
+        else
+            text += run;
     }
 
-    void Add(const QString &own)
+    void Add(QString own)
     {
-        AppendRun(own);
+        AppendRun(std::move(own));
         AddGathered();
     }
 

@@ -3,7 +3,9 @@
 
 #include "Utf8.h"
 
+#include <algorithm>
 #include <optional>
+#include <string_view>
 
 namespace
 {
@@ -28,10 +30,54 @@ std::optional<QChar> EscapeAt(QStringView text, qsizetype at)
     return QChar(unit);
 }
 
-bool NeedsEscape(QStringView text, qsizetype at)
+char *PutEscape(char *to, char16_t unit)
+{
+    constexpr char DIGITS[] = "0123456789ABCDEF";
+    *to++ = '_';
+    *to++ = 'x';
+    for (int shift = 12; shift >= 0; shift -= 4)
+        *to++ = DIGITS[unit >> shift & 0xF];
+    *to++ = '_';
+    return to;
+}
+
+char *Put(char *to, std::string_view piece)
+{
+    return std::copy(piece.begin(), piece.end(), to);
+}
+
+/// Puts the unit at `at`, which is below 128.
+char *PutAscii(char *to, QStringView text, qsizetype at)
 {
     const char16_t unit = text[at].unicode();
-    return unit == 0 || unit >= 0xFFFE || EscapeAt(text, at);
+    if (unit == u'&')
+        return Put(to, "&amp;");
+    if (unit == u'<')
+        return Put(to, "&lt;");
+    if (unit == u'>')
+        return Put(to, "&gt;");
+    if ((unit < u' ' && unit != u'\t' && unit != u'\n') || (unit == u'_' && EscapeAt(text, at)))
+        return PutEscape(to, unit);
+    *to++ = char(unit);
+    return to;
+}
+
+/// Puts a character of 128 or more, in UTF-8.
+char *PutWide(char *to, char32_t character)
+{
+    if (character < 0x800) {
+        *to++ = char(0xC0 | character >> 6);
+    } else {
+        if (character < 0x10000) {
+            *to++ = char(0xE0 | character >> 12);
+        } else {
+            *to++ = char(0xF0 | character >> 18);
+            *to++ = char(0x80 | (character >> 12 & 0x3F));
+        }
+        *to++ = char(0x80 | (character >> 6 & 0x3F));
+    }
+    *to++ = char(0x80 | (character & 0x3F));
+    return to;
 }
 
 } // namespace
@@ -51,16 +97,19 @@ QString DecodeXlsxText(QByteArrayView utf8)
     return text;
 }
 
-QByteArray EncodeXlsxText(QStringView text)
+char *PutXlsxText(char *to, QStringView text)
 {
-    QString escaped;
-    qsizetype done = 0;
     for (qsizetype i = 0; i < text.size(); ++i) {
-        if (!NeedsEscape(text, i))
-            continue;
-        escaped += text.sliced(done, i - done);
-        escaped += QStringLiteral("_x%1_").arg(QString::number(text[i].unicode(), 16).toUpper(), 4, QLatin1Char('0'));
-        done = i + 1;
+        const QChar unit = text[i];
+        if (unit.unicode() < 0x80) {
+            to = PutAscii(to, text, i);
+        } else if (unit.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
+            to = PutWide(to, QChar::surrogateToUcs4(unit, text[++i]));
+        } else if (unit.unicode() >= 0xFFFE) {
+            to = PutEscape(to, unit.unicode());
+        } else {
+            to = PutWide(to, unit.isSurrogate() ? char32_t(QChar::ReplacementCharacter) : unit.unicode());
+        }
     }
-    return ToUtf8(done == 0 ? text : QStringView(escaped += text.sliced(done)));
+    return to;
 }

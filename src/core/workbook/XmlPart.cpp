@@ -7,8 +7,8 @@
 namespace
 {
 
-constexpr qsizetype LONGEST_TEXT = 1 << 20; // bytes; a cell has 32,767 characters
-constexpr qint64 LONGEST_TAG = 1 << 20;     // bytes; expat scans a tag from its start for each piece of it
+constexpr size_t LONGEST_TEXT = 1 << 20; // bytes; a cell has 32,767 characters
+constexpr qint64 LONGEST_TAG = 1 << 20;  // bytes; expat scans a tag from its start for each piece of it
 
 } // namespace
 
@@ -39,7 +39,7 @@ struct XmlPart::Handlers
             return;
         }
         part.places.push_back(step->place);
-        part.gathered.resize(0);
+        part.gathered.clear();
         part.Enter(step->place, XmlAttributes(attributes));
     }
 
@@ -52,7 +52,7 @@ struct XmlPart::Handlers
             --part.passedOver;
             return;
         }
-        part.Leave(part.places.back(), part.gathered);
+        part.Leave(part.places.back(), {part.gathered.data(), qsizetype(part.gathered.size())});
         part.places.pop_back();
     }
 
@@ -61,7 +61,7 @@ struct XmlPart::Handlers
         XmlPart &part = *static_cast<XmlPart *>(user);
         if (part.passedOver > 0 || part.outcome.HasFailed())
             return;
-        part.gathered.append(text, size);
+        part.gathered.append(text, size_t(size));
         if (part.gathered.size() > LONGEST_TEXT)
             part.FailAtLine(WorkbookFault::TooLarge, QStringLiteral("a text of more than %1 bytes").arg(LONGEST_TEXT));
     }

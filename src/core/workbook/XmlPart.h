@@ -8,6 +8,7 @@
 #include <array>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -83,6 +84,6 @@ private:
     WorkbookResult outcome;
     std::vector<int> places; // of the open elements
     int passedOver = 0;      // the number of open elements within them that are skipped
-    QByteArray gathered;
+    std::string gathered;
     qint64 fed = 0;
 };

@@ -187,6 +187,7 @@ QString ZipFile::ReadEntry(quint64 &at)
     if (parts.contains(key))
         return QStringLiteral("another part has the name %1").arg(QString::fromUtf8(key));
     parts.insert(key, part);
+    names.append(name->toByteArray());
     at += ENTRY_SIZE + nameSize + extraSize + *reader.U16(at + 32);
     return {};
 }

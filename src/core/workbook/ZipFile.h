@@ -26,8 +26,8 @@ public:
 
     [[nodiscard]] bool Has(const QByteArray &name) const { return parts.contains(name.toLower()); }
 
-    /// Returns the names of all parts, in lower case and in no particular order.
-    [[nodiscard]] QList<QByteArray> Names() const { return parts.keys(); }
+    /// The names of all parts, in the order of the directory.
+    [[nodiscard]] const QList<QByteArray> &Names() const { return names; }
 
     /// Calls `take` with a part, piece by piece, until it returns false, which isn't a failure.
     [[nodiscard]] WorkbookResult Read(const QByteArray &name, const std::function<bool(QByteArrayView)> &take) const;
@@ -48,6 +48,7 @@ private:
     [[nodiscard]] QString CheckOverlaps();
 
     QByteArrayView file;
-    QHash<QByteArray, Part> parts;                  // by name in lower case
+    QHash<QByteArray, Part> parts; // by name in lower case
+    QList<QByteArray> names;
     std::vector<std::pair<quint64, quint64>> taken; // start and end of each part, including its header
 };
