@@ -231,6 +231,7 @@ WorkbookResult FillWorkbook(QByteArrayView empty, const Formats &formats, ISheet
     ZipFile zip;
     WorkbookResult result = zip.Open(empty);
     isDamaged = result.HasFailed();
+    int places = 0; // for the cells
     for (const QByteArray &name : isDamaged ? QList<QByteArray>() : zip.Names()) {
         QByteArray part;
         result = ReadPart(zip, name, part);
@@ -241,12 +242,17 @@ WorkbookResult FillWorkbook(QByteArrayView empty, const Formats &formats, ISheet
         filled.Begin(name);
         filled.Write(QByteArrayView(part).first(cells < 0 ? part.size() : cells));
         if (cells >= 0) {
+            ++places;
             result = RowWriter(filled, formats).Write(source);
             if (result.HasFailed())
                 break;
             filled.Write(QByteArrayView(part).sliced(cells + qsizetype(NO_CELLS.size())));
         }
         filled.End();
+    }
+    if (!result.HasFailed() && places != 1) {
+        isDamaged = true;
+        result = {WorkbookFault::Broken, QStringLiteral("it has %1 places for the cells").arg(places)};
     }
     return result;
 }
