@@ -21,14 +21,14 @@ class Cli(DemoProject):
         folder.mkdir(parents=True)
         (folder / 'real.vcproj').touch()
         (folder / 'real.axf').touch()
-        for path, fault in ((folder, f'"{folder}" is a folder'), (folder / 'none', f'there is no file "{folder}/none"'),
-                            (folder / 'real.axf', f'"{folder}/real.axf" isn\'t the file of a project')):
+        for path, fault in ((folder, 'here" is a folder'), (folder / 'none', 'none"'),
+                            (folder / 'real.axf', 'real.axf" isn\'t the file of a project')):
             for command, options in (('load', ()), ('load', ('--strict',)), ('save', ()), ('headers', ('--list',)), ('check', ()),
                                      ('headers', ('--output', 'x')), ('pack', self.to_pack[2:]), ('ids', ()), ('strings list', ()),
                                      ('strings set', ('ID_X', '--language', 'en', 'x')), ('kept', ()), ('add', ('logo.png',))):
                 status, out, err = self.run_cli(*command.split(), path, *options)
                 self.assertEqual(status, 1, command)
-                self.assertIn(f'{fault}; give the path of a .vcproj file, such as "{folder}/real.vcproj"', out + err, command)
+                self.assertIn(f'{fault}; give the path of a .vcproj file ("real.vcproj" is in this folder)', out + err, command)
 
     def test_a_project_that_does_not_open_is_reported_and_explained_on_standard_error(self):
         (self.dir / 'config.xml').unlink()

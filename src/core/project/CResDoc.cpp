@@ -148,15 +148,17 @@ void CResDoc::Load()
     NoteFile(env.settings.ProjectFile());
     filePatterns = FileClassifier::AllPatterns(env.settings);
     LoadClasses();
-    const QString configuration = ProjectContext(m_strPathName, *this).ConfigPath();
+    const ProjectPaths paths(m_strPathName, env);
+    const QString configuration = paths.ConfigPath();
     NoteFile(configuration);
     WatchFile(configuration, WATCH_CONFIGURATION);
-    // A project can be opened without its .vcproj file, of which only the path counts. But if it can't be opened, the
-    // path may be wrong.
+    // A project can be opened without its .vcproj file, of which only the path counts. But if the files that belong to
+    // the path are missing, the path may be wrong.
     const QString wrongPath = WhyNotProjectFile(m_strPathName);
+    const bool hasFiles = PathExists(configuration) && PathExists(paths.Absolute(paths.ResourcePath()));
     const bool isBuilt = (wrongPath.isEmpty() || PathExists(configuration)) && BuildFolderTree(m_strPathName);
     if (!isBuilt || ReadProject(m_strPathName, *this) != 0) {
-        if (!wrongPath.isEmpty()) {
+        if (!wrongPath.isEmpty() && !hasFiles) {
             env.Note({"project.unreadable", Severity::Error, m_strPathName, 0, {}, wrongPath});
             env.Explain(wrongPath);
         }

@@ -28,9 +28,8 @@ QStringList ProjectFilesIn(const QString &folder)
 QString Advice(const QString &folder)
 {
     const QStringList names = ProjectFilesIn(folder);
-    return names.isEmpty()
-               ? u"give the path of a .vcproj file"_s
-               : u"give the path of a .vcproj file, such as \"%1\""_s.arg(CanonicalPath(folder + u'/' + names.front()));
+    const QString advice = u"give the path of a .vcproj file"_s;
+    return names.isEmpty() ? advice : advice + u" (\"%1\" is in this folder)"_s.arg(names.front());
 }
 
 } // namespace
