@@ -26,9 +26,10 @@ void LanguagesOfAPack(benchmark::State &state)
     PackFiles files(nullptr, guard, 0);
     ScratchFolder scratch({});
     const packinfo info;
+    PictureConverters converters(world.model.env, info.options, scratch);
     for (auto _ : state) {
         PackImage image(memory, EntryPadding::None);
-        PackContext context{world.model, info, image, files, scratch, nullptr, {}};
+        PackContext context{world.model, info, image, files, scratch, converters, nullptr, {}};
         if (ConstructLanguages(context) != PACK_OK || qint64(image.items.size()) != state.range(0))
             std::abort();
     }
