@@ -46,7 +46,7 @@ public:
             copies.TakeBack();
         if (status != EXIT_FINE)
             return status;
-        session.report.Write(lines);
+        session.report.Tell(lines, dryRun);
         session.report.Flush();
         for (const QString &note : notes)
             Complain(note);

@@ -18,10 +18,6 @@ public:
     int Run(Session &session) override
     {
         const PackOptions options = PackOptionsOf(session.env.settings);
-        if (!stats && !clear) {
-            Complain(QStringLiteral("--stats or --clear is needed"));
-            return EXIT_WRONG_USE;
-        }
         const QString path = folder.empty() ? options.cache : AbsolutePath(folder);
         if (path.isEmpty() || IsRelativePath(path)) {
             Complain(path.isEmpty() ? QStringLiteral("the settings name no cache (section Pack, key cache); --cache "

@@ -31,7 +31,7 @@ void ImportLines::RowPlanned(const ImportPlan &plan, size_t index)
                        plan.Source().PlaceOf(cell.row, cell.column).name + u'\t' + OnOneLine(cell.inSource);
         if (ShowsTable(cell.fate))
             line += u'\t' + OnOneLine(cell.inTable);
-        out.Write(line + QStringLiteral("\r\n"));
+        out.Print(line + QStringLiteral("\r\n"));
     }
 }
 

@@ -105,10 +105,11 @@ private:
                const QStringList &existing) const
     {
         for (const QString &path : missing)
-            session.report.Write((dryRun ? u"would make "_s : u"made "_s) + Typed(path, choice.folder) + u'\n');
+            session.report.Tell((dryRun ? u"would make "_s : u"made "_s) + Typed(path, choice.folder) + u'\n', dryRun);
         for (const QString &path : existing)
-            session.report.Write((dryRun ? u"would keep "_s : u"kept "_s) + Typed(path, choice.folder) +
-                                 u", which exists already\n"_s);
+            session.report.Tell((dryRun ? u"would keep "_s : u"kept "_s) + Typed(path, choice.folder) +
+                                    u", which exists already\n"_s,
+                                dryRun);
         if (dryRun)
             return;
         const QString project = ShellWord(Typed(PathOfNewProject(choice), choice.folder));

@@ -34,7 +34,7 @@ QString SizeTable(const PackTrial &trial, const QString &output)
 void ReportTrial(Session &session, const PackTrial &trial, const QString &output)
 {
     if (trial.isExact)
-        session.report.Write(SizeTable(trial, output));
+        session.report.Print(SizeTable(trial, output));
     session.report.Flush();
     for (const QString &remark : trial.remarks)
         Complain(remark);

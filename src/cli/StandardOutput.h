@@ -16,6 +16,8 @@ public:
     void Write(QStringView text) override;
     /// Writes what the user has asked for, such as a list. hasOnlyProblems doesn't matter.
     void Print(QStringView text) { WriteBytes(text.toUtf8()); }
+    /// Prints a plan, which was asked for, or writes what was done.
+    void Tell(QStringView text, bool isPlan) { isPlan ? Print(text) : Write(text); }
     /// The same for text that is UTF-8 already.
     void WriteBytes(QByteArrayView bytes);
     void Flush() override;

@@ -39,7 +39,7 @@ public:
         }
         const int status = isChanged ? edit.Save() : session.StatusAfter(EXIT_FINE);
         if (status == EXIT_FINE)
-            session.report.Write(lines);
+            session.report.Tell(lines, dryRun);
         return status;
     }
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "StringsExportSubcommand.h"
 
+#include "CheckOutputs.h"
 #include "CheckSettings.h"
 #include "FileFault.h"
 #include "HostFiles.h"
@@ -67,9 +68,16 @@ int StringsExportSubcommand::Export(Session &session, CResDoc &document)
     if (!job.format) {
         if (isFolder)
             path += u'/' + title + u'.' + QString::fromStdString(format);
+        if (!MayWrite({path}, document, settings))
+            return EXIT_WRONG_USE;
         return MakeFolder() ? ExportWorkbook(session, document) : int(EXIT_FAILED);
     }
     if (!ChooseFiles(languages, title))
+        return EXIT_WRONG_USE;
+    QStringList outputs;
+    for (const TranslationExportJob::File &one : job.files)
+        outputs.append(one.path);
+    if (!MayWrite(outputs, document, settings))
         return EXIT_WRONG_USE;
     if (!MakeFolder())
         return EXIT_FAILED;
@@ -77,6 +85,15 @@ int StringsExportSubcommand::Export(Session &session, CResDoc &document)
     if (!why.isEmpty())
         Complain(why);
     return session.StatusAfter(why.isEmpty() && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED);
+}
+
+/// Returns false, with a message, if the export would replace a file of the project.
+bool StringsExportSubcommand::MayWrite(const QStringList &outputs, CResDoc &document, const CheckSettings &settings)
+{
+    const QString clash = ClashOfOutputs(outputs, document.env, document.PathName(), &document, settings);
+    if (!clash.isEmpty())
+        Complain(clash);
+    return clash.isEmpty();
 }
 
 /// Sets `job.format`, which stays null for a workbook.

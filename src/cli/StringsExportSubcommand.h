@@ -19,6 +19,7 @@ private:
     [[nodiscard]] bool ChooseSource(const ExchangeLanguages &languages, const QString &ofSettings);
     [[nodiscard]] bool ChooseLanguages(const ExchangeLanguages &languages);
     [[nodiscard]] bool ChooseFiles(const ExchangeLanguages &languages, const QString &title);
+    [[nodiscard]] static bool MayWrite(const QStringList &outputs, CResDoc &document, const CheckSettings &settings);
     [[nodiscard]] bool MakeFolder() const;
     [[nodiscard]] int ExportWorkbook(Session &session, CResDoc &document) const;
 

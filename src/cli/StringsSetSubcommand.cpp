@@ -49,7 +49,8 @@ public:
                                         [](const NewText &text, const QString &before) { return text.text == before; });
         const int status = isSame ? session.StatusAfter(EXIT_FINE) : edit.Save();
         for (size_t i = 0; status == EXIT_FINE && i < newTexts.size(); ++i)
-            session.report.Write(LineOf(result, newTexts[i].text, names[qsizetype(i)], result.before[qsizetype(i)]));
+            session.report.Tell(LineOf(result, newTexts[i].text, names[qsizetype(i)], result.before[qsizetype(i)]),
+                                dryRun);
         return status;
     }
 

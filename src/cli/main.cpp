@@ -5,6 +5,7 @@
 #include "AllArguments.h"
 #include "CommandLineCompletion.h"
 #include "CommandLineParser.h"
+#include "ExitStatus.h"
 #include "Messages.h"
 
 #include <climits>
@@ -94,7 +95,7 @@ int main(int argc, char **argv)
     void *const run = library ? dlsym(library, "MorvaniteRun") : nullptr;
     if (!run) {
         fprintf(stderr, "morvanite-cli: %s must be beside the program: %s\n", LIBRARY, dlerror());
-        return 1;
+        return FinalStatus(EXIT_FAILED);
     }
     return reinterpret_cast<RunFunction>(run)(argc, argv);
 }

@@ -120,7 +120,7 @@ class CheckedPictures(unittest.TestCase):
         names = ['one.png', 'four.png', 'five.png', 'opaque.png', 'slight.png', 'half.png', 'one.gif']
         found = self.findings([f'<IMAGE id="ID_{number}">{name}</IMAGE>' for number, name in enumerate(names)],
                               'image-alpha-few')
-        text = "%d of the 400 pixels of %s aren't opaque, and none has an alpha below %d; an opaque image needs 800 bytes less"
+        text = "%d of the 400 pixels of %s aren't opaque, and the lowest alpha is %d; an opaque image needs 800 bytes less"
         self.assertEqual(found, {'ID_0': text % (1, 'one.png', 0), 'ID_1': text % (4, 'four.png', 0),
                                  'ID_4': text % (400, 'slight.png', 252), 'ID_6': text % (1, 'one.gif', 0)})
 
@@ -136,7 +136,7 @@ class CheckedPictures(unittest.TestCase):
             rows = [[tuple(rng.choices(range(256), k=channels - 1)) + (alphas[width * y + x],) for x in range(width)] for y in range(height)]
             (self.dir / f'{number}.png').write_bytes(png(rows, channels, lambda y: y % 5 if kind is None else kind))
             elements.append(f'<IMAGE id="ID_{number}">{number}.png</IMAGE>')
-            wanted[f'ID_{number}'] = f"{pixels - alphas.count(255)} of the {pixels} pixels of {number}.png aren't opaque, and none has an alpha below {min(alphas)}"
+            wanted[f'ID_{number}'] = f"{pixels - alphas.count(255)} of the {pixels} pixels of {number}.png aren't opaque, and the lowest alpha is {min(alphas)}"
         found = self.findings(elements, 'image-alpha-few')
         self.assertEqual({id_: text.split(';')[0] for id_, text in found.items()}, wanted)
 

@@ -3,6 +3,8 @@
 
 import json
 import os
+import pathlib
+import shutil
 import socket
 import struct
 import threading
@@ -55,7 +57,7 @@ class Cli(DemoProject):
     def test_a_save_touches_only_the_files_that_change(self):
         files = [self.dir / name for name in ('res/demo.res.xml', 'res/ref_list_demo.txt', 'ResID/ResID.h')]
 
-        def marks():
+        def marks(files=files):
             return [(file.stat().st_ino, file.stat().st_mtime_ns) for file in files]
         self.run_cli('save', self.project)
         before = marks()
@@ -63,6 +65,12 @@ class Cli(DemoProject):
         self.assertEqual((self.run_cli('save', self.project)[0], marks()), (0, before))
         self.assertEqual(self.run_cli('strings', 'set', self.project, 'ID_STRING_HI', 'Hello', '--language', 'English')[0], 0)
         self.assertEqual([one != other for one, other in zip(marks(), before)], [False, True, False])
+        sample = shutil.copytree(pathlib.Path(__file__).resolve().parents[2] / 'sample', self.dir / 'sample')
+        project = next(sample.glob('**/*.vcproj'))
+        self.run_cli('save', project)
+        tables = sorted((project.parent / 'ResID').iterdir())  # of the layouts, from the converter
+        before = marks(tables)
+        self.assertEqual((self.run_cli('save', project)[0], marks(tables), len(tables)), (0, before, 4))
 
     def test_save_keeps_replaced_files_and_restore_returns_them(self):
         listing = self.dir / 'res/demo.res.xml'

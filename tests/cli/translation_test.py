@@ -300,6 +300,16 @@ class Translations(DemoProject):
         self.assertNotEqual((self.dir / 'a.xlsx').read_bytes(), (self.dir / 'saved/a.xlsx').read_bytes())
         self.assertEqual(self.fates('saved/a.xlsx', '--replace'), [IMPORTED.strip() % (0, 0)])
 
+    def test_an_export_replaces_no_file_of_the_project(self):
+        for name in ('config.xml', 'res/ref_list_demo.txt'):
+            before = (self.dir / name).read_bytes()
+            for link in ('link.csv', 'de.po'):
+                (self.dir / link).unlink(missing_ok=True)
+                (self.dir / link).symlink_to(self.dir / name)
+                status, _, err = self.run_cli('strings', 'export', self.project, self.dir / link, '--language', 'de')
+                self.assertEqual((status, (self.dir / name).read_bytes()), (2, before), link)
+                self.assertIn('is not written because', err)
+
     def test_chooses_languages_and_rows_of_an_export(self):
         self.assertEqual(self.export('zh.po', '--language', 'zh-Hans', '--only-missing')[0], 0)
         self.assertTrue(('ID_QUOTE' in (self.dir / 'zh.po').read_text()) and 'ID_HI' not in (self.dir / 'zh.po').read_text())

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "FileLimit.h"
+#include "OutputFile.h"
 #include "PackCodes.h"
+#include "PackImage.h"
 #include "PackProject.h"
 #include "PieceMemory.h"
 
@@ -91,15 +93,13 @@ TEST(PayloadPieces, AFileThatChangesBeforeItIsCopiedFailsThePackWithTheCodeOfIts
     const std::pair<void (*)(), const char *> CHANGES[] = {
         {[] { EXPECT_EQ(truncate("large.tga", 99999), 0); }, "large.tga changed while it was packed\n"},
         {[] { EXPECT_EQ(truncate("large.tga", 100001), 0); }, "large.tga changed while it was packed\n"},
-        {[] { EXPECT_EQ(rename("other", "large.tga"), 0); }, "large.tga changed while it was packed\n"},
         {[] { EXPECT_EQ(unlink("large.tga"), 0); }, "large.tga: No such file or directory\n"},
     };
     for (const bool isImage : {false, true}) {
         for (const auto &[change, said] : CHANGES) {
             SCOPED_TRACE(said);
             PackProject project;
-            for (const char *file : {"large.tga", "other"})
-                project.folder.Put(file, QByteArray(100000, 'x'));
+            project.folder.Put("large.tga", QByteArray(100000, 'x'));
             project.AddFile(isImage ? project.wideImages : project.binary, "large.tga", 1);
             ASSERT_EQ(project.Pack(), 0);
             const QByteArray made = project.folder.Get("app.out");
@@ -109,13 +109,17 @@ TEST(PayloadPieces, AFileThatChangesBeforeItIsCopiedFailsThePackWithTheCodeOfIts
                 if (text.contains(u"construct layout") && !std::exchange(isDone, true))
                     change();
             };
-            const int code = isImage ? PACK_IMAGE_READ : PACK_FILE_READ;
+            const bool isGone = QByteArray(said).contains("No such file");
+            const int code =
+                isImage ? (isGone ? PACK_IMAGE_OPEN : PACK_IMAGE_READ) : (isGone ? PACK_FILE_OPEN : PACK_FILE_READ);
             EXPECT_EQ(project.Pack(), code);
             const std::string result = ", result=" + std::to_string(code) + "\r\n";
             EXPECT_THAT(project.output.toStdString(),
                         testing::EndsWith("\r\n[error] construct " + std::string(isImage ? "image" : "file") +
                                           " resource error" + result + "pack resource done" + result));
-            EXPECT_EQ(project.output.contains("Read data fail while reading resource data. (large.tga)"), isImage);
+            EXPECT_EQ(project.output.contains(isGone ? "Could not open file while reading resource data. (large.tga)"
+                                                     : "Read data fail while reading resource data. (large.tga)"),
+                      isImage);
             EXPECT_THAT(project.TakeExplained().toStdString(), testing::EndsWith(said));
             EXPECT_TRUE(project.folder.Get("app.out") == made);
             EXPECT_EQ(project.folder.Names().filter(QStringLiteral(".app.out")).size(), 0) << "no temporary file";
@@ -123,14 +127,56 @@ TEST(PayloadPieces, AFileThatChangesBeforeItIsCopiedFailsThePackWithTheCodeOfIts
     }
 }
 
-TEST(PayloadPieces, ADiskWithoutRoomForConvertedPicturesIsAFailedWrite)
+TEST(PayloadPieces, AnOldOutputThatCanOnlyBeOverwrittenStaysIfAFileHasChanged)
+{
+    for (const int mode : {PACK_TO_TARGET, PACK_TO_DLL}) {
+        PackProject project;
+        project.folder.Put("large.tga", QByteArray(100000, 'x'));
+        project.AddFile(project.binary, "large.tga", 1);
+        ASSERT_EQ(project.Pack(mode), 0);
+        const QByteArray made = project.folder.Get("app.out");
+        ASSERT_EQ(link("app.out", "second name"), 0);
+        const auto sink = project.env.output;
+        project.env.output = [&](QStringView text) {
+            sink(text);
+            if (text.contains(u"construct layout")) {
+                EXPECT_EQ(truncate("large.tga", 5), 0);
+            }
+        };
+        EXPECT_EQ(project.Pack(mode), PACK_FILE_READ);
+        EXPECT_TRUE(project.folder.Get("app.out") == made);
+        unlink("second name");
+    }
+}
+
+TEST(PayloadPieces, AListThatIsPackedItselfIsReadInBothRuns)
 {
     PackProject project;
-    (void)Fill(project, PACK_TO_TARGET, 3);
-    project.info.fileMemory = 0;
-    EXPECT_EQ(WithFileLimit(1450000, [&] { return project.Pack(); }), PACK_WRITE);
-    EXPECT_THAT(project.TakeExplained().toStdString(), HasSubstr(".png.tmp to a temporary file: File too large\n"));
-    EXPECT_FALSE(project.folder.Has("app.out"));
+    project.folder.Put("small.bin", "12345");
+    project.folder.Put("demo_res.lst", ".\\small.bin\r\n.\\demo_res.lst\r\n");
+    EXPECT_EQ(project.Pack(), 0) << project.TakeExplained().constData();
+    EXPECT_TRUE(project.folder.Has("arm/app.res"));
+}
+
+TEST(PayloadPieces, WhatTheTemporaryFileCannotTakeStaysInMemory)
+{
+    PackProject project;
+    const QByteArray content(2000, 'x');
+    project.folder.Put("made", content);
+    PieceMemory memory;
+    PackImage image(memory, EntryPadding::FourBytes);
+    image.folder = ".";
+    image.AddEntry("made");
+    EXPECT_EQ(WithFileLimit(1000, [&] { return image.AddMade(PackFiles::OpenMade("made")); }), PACK_OK);
+    image.BeginBlock();
+    image.EndBlock();
+    image.base = 0;
+    ASSERT_TRUE(image.LayOut());
+    OutputFile output(project.env);
+    ASSERT_EQ(output.Begin("written", {}), 0);
+    EXPECT_EQ(image.Write(project.env, output), PACK_OK);
+    EXPECT_EQ(output.PutInPlace(), 0);
+    EXPECT_TRUE(project.folder.Get("written").contains(content));
 }
 
 TEST(PieceMemory, KeepsEveryPieceAtItsAddress)

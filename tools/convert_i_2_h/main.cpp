@@ -142,9 +142,20 @@ std::FILE *MakeBeside(const std::string &path, std::string &fresh)
     return descriptor < 0 ? nullptr : fdopen(descriptor, "wb");
 }
 
-/// Replaces a file in one step: the new one is written beside the old one, then renamed over it.
+bool HasContent(const std::string &path, const std::string &text)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::string content(text.size() + 1, '\0');
+    file.read(content.data(), std::streamsize(content.size()));
+    return file.eof() && size_t(file.gcount()) == text.size() && content.compare(0, text.size(), text) == 0;
+}
+
+/// Replaces a file in one step: the new one is written beside the old one, then renamed over it. A file with that text
+/// isn't touched, so that nothing is compiled anew because of it.
 void Replace(const std::string &path, const std::string &text)
 {
+    if (HasContent(path, text))
+        return;
     std::string fresh;
     std::FILE *file = MakeBeside(path, fresh);
     if (!file)

@@ -240,6 +240,10 @@ bool Conversion::RunSubTool(const QString &enums, const QString &table, const QS
 
 bool Conversion::WriteFile(const QString &path, const QByteArray &bytes)
 {
+    // An equal file isn't replaced, so that nothing is compiled anew because of it.
+    QByteArray old;
+    if (ReadFile(path, old, LARGEST_TABLE) == 0 && old == bytes)
+        return true;
     const int error = WriteFileAtomically(path, bytes);
     if (error != 0)
         messages.append(u"%1: %2"_s.arg(path, SystemError(error)));

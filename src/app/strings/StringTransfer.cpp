@@ -2,7 +2,7 @@
 #include "StringTransfer.h"
 
 #include "CResDoc.h"
-#include "CheckSettings.h"
+#include "CheckOutputs.h"
 #include "ExchangeLanguages.h"
 #include "Paths.h"
 #include "Spreadsheet.h"
@@ -110,13 +110,16 @@ void StringTransfer::Export()
 
 void StringTransfer::ExportWorkbook(const QString &path)
 {
+    const QString clash = ClashOfOutputs({path}, document.env, document.PathName(), &document, SettingsOf(document));
     SpreadsheetResult result;
-    {
+    if (clash.isEmpty()) {
         const WaitCursor cursor;
         result = ExportSpreadsheet(document, path);
+    } else {
+        document.env.Explain(clash);
     }
     Explain(document, result);
-    if (result.code != 0)
+    if (result.code != 0 || !clash.isEmpty())
         boxes.ShowMessage(u"Failed to export to Excel."_s);
 }
 
@@ -132,6 +135,8 @@ void StringTransfer::ExportToTranslations(const QString &path, const Translation
     QStringList names;
     for (const TranslationExportJob::File &file : job.files)
         names << file.path;
+    if (why.isEmpty())
+        why = ClashOfOutputs(names, document.env, document.PathName(), &document, settings);
     if (why.isEmpty() && !MayReplace(names, path))
         return;
     if (why.isEmpty()) {

@@ -32,6 +32,8 @@ void ComplainOf(const CLI::App &app, const std::vector<std::string> &words, cons
     CommandLineWalk walk(app);
     for (const std::string &word : words)
         walk.Take(word);
+    if (const auto color = walk.Values().find("color"); color != walk.Values().end())
+        SetColorMode(color->second);
     std::vector<std::string> inner;
     for (const CLI::App *command : CommandLine::CommandsOf(walk.Command()))
         inner.push_back(command->get_name());
@@ -39,6 +41,15 @@ void ComplainOf(const CLI::App &app, const std::vector<std::string> &words, cons
     ComplainUtf8(!walk.Fault().empty() ? walk.Fault()
                  : !inner.empty()      ? "a command is missing: " + CommandLine::Alternatives(inner)
                                        : error.what() + hint);
+}
+
+/// Returns whether the words name the command that git runs.
+bool NamesMerge(const CLI::App &app, const std::vector<std::string> &words)
+{
+    CommandLineWalk walk(app);
+    for (auto word = words.begin(); word != words.end() && &walk.Command() == &app; ++word)
+        walk.Take(*word);
+    return walk.Command().get_name() == MERGE;
 }
 
 int StatusOf(bool isPrinted)
@@ -68,14 +79,14 @@ CommandLineParser::CommandLineParser(const std::function<void(CLI::App &program)
     app->fallthrough();
     addCommands(*app);
     help = app->add_subcommand("help", "Show the commands, or the options of a command");
-    help->add_option("COMMAND", helpWords, "A command, such as pack or \"strings import\"")->type_name("");
+    help->add_option("COMMAND", helpWords, "A command, such as pack or strings import")->type_name("");
 }
 
 CommandLineParser::~CommandLineParser() = default;
 
 std::optional<int> CommandLineParser::Parse(int argc, const char *const *argv)
 {
-    if (argc > 1 && argv[1] == MERGE)
+    if (NamesMerge(*app, {argv + 1, argv + argc}))
         SetMergeStatus();
     try {
         app->parse(argc, argv);

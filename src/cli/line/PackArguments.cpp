@@ -82,7 +82,8 @@ CLI::App *CacheArguments::Add(CLI::App &app, const CommandWords &words)
         app.add_subcommand("cache", "Show or delete the converted pictures that packs keep in a folder");
     if (!words.Name(*subcommand))
         return subcommand;
-    CLI::Option *statsFlag = subcommand->add_flag("--stats", stats, "Show the number of pictures and their bytes");
+    CLI::Option *statsFlag =
+        subcommand->add_flag("--stats", stats, "Show the number of pictures and their bytes (default)");
     CLI::Option *clearFlag = subcommand->add_flag("--clear", clear, "Delete the pictures");
     statsFlag->excludes(clearFlag);
     subcommand->add_option("--cache", folder, "The folder (default: that of the settings)")->type_name("DIR");

@@ -70,7 +70,7 @@ void ImageAlphaFew(const FileCheckInput &input, RuleReport &report)
         const auto &[width, height] = std::pair(file->picture.width, file->picture.height);
         const quint64 saved = DevicePictureSize(width, height, false) - DevicePictureSize(width, height, true);
         report.Add(input.files.About(
-            *file, u"%1 of the %2 pixels of %3 aren't opaque, and none has an alpha below %4; an opaque image needs %5 "
+            *file, u"%1 of the %2 pixels of %3 aren't opaque, and the lowest alpha is %4; an opaque image needs %5 "
                    "bytes less"_s.arg(alpha.transparent)
                        .arg(alpha.pixels)
                        .arg(file->stored)

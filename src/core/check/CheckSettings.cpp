@@ -323,7 +323,10 @@ CheckSettings ReadCheckSettings(const QString &folder, std::vector<Finding> &fin
         for (const SectionReader &candidate : SECTIONS)
             reader = candidate.name.compare(section, Qt::CaseInsensitive) == 0 ? &candidate : reader;
         if (!reader) {
-            tell(u"section %1: there is no such section; there are %2"_s.arg(section, SectionNames()), line);
+            tell(section.isEmpty()
+                     ? u"the key %1 is before the first section"_s.arg(key)
+                     : u"section %1: there is no such section; there are %2"_s.arg(section, SectionNames()),
+                 line);
             continue;
         }
         const QString wrong = reader->read(settings, key, profile.String(section, key, {}));

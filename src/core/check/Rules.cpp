@@ -228,7 +228,8 @@ constexpr Rule RULES[] = {
      "smaller.",
      nullptr, 0, LayoutOutside},
     {"check-settings", RuleGroup::Check, Error, "a line of morvanite-check.ini has no meaning",
-     "A section, a key or a value is unknown, or the line isn't one of these, so it has no effect; or the project "
+     "A section, a key or a value is unknown, or the line is neither a section nor a key nor a comment, so it has no "
+     "effect; or the project "
      "lacks "
      "the source language, a font can't be opened, or the notes of a row have an unknown word. Correct it."},
     {"baseline-line", RuleGroup::Check, Error, "a line of the baseline can't be read",

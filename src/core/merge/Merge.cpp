@@ -139,18 +139,27 @@ MergeResult MergeStringFiles(const Environment &env, const Files &files, OnConfl
     return result;
 }
 
-/// Returns both versions of a file as one conflict. Nothing if one of them is no text, or they have different
-/// encodings.
+/// Gives all lines of a text one end.
+QString WithLineEnd(QString text, QStringView lineEnd)
+{
+    text.replace(u"\r\n"_s, u"\n"_s);
+    return lineEnd == u"\n" ? text : text.replace(u"\n"_s, lineEnd.toString());
+}
+
+/// Returns both versions of a file as one conflict, in the encoding and with the line ends of `ours`, or of `theirs` if
+/// `ours` is empty. Nothing if one of them is no text, or that encoding lacks one of its characters.
 std::optional<QByteArray> BothAsConflict(const QByteArray &ours, const QByteArray &theirs)
 {
     if (!IsXml(ours)) {
-        TextForm form;
-        TextForm other;
+        TextForm ofOurs;
+        TextForm ofTheirs;
         QString our;
         QString their;
-        if (!form.Decode(ours, our).isEmpty() || !other.Decode(theirs, their).isEmpty())
+        if (!ofOurs.Decode(ours, our).isEmpty() || !ofTheirs.Decode(theirs, their).isEmpty() ||
+            our.contains(QChar(0)) || their.contains(QChar(0)))
             return std::nullopt;
-        return form.Encode(BothVersions(our, their, form.LineEnd()));
+        const TextForm &form = ours.isEmpty() ? ofTheirs : ofOurs;
+        return form.Encode(BothVersions(our, WithLineEnd(their, form.LineEnd()), form.LineEnd()));
     }
     const QByteArrayView mark = UTF8_MARK.first(ours.size() - WithoutMark(ours).size());
     if (ours.contains('\0') || theirs.contains('\0') || theirs.startsWith(UTF8_MARK) == mark.isEmpty())
@@ -159,7 +168,7 @@ std::optional<QByteArray> BothAsConflict(const QByteArray &ours, const QByteArra
     const auto text = [](const QByteArray &bytes) {
         return QString::fromLatin1(WithoutMark(bytes));
     }; // of any encoding
-    return mark.toByteArray() + BothVersions(text(ours), text(theirs), lineEnd).toLatin1();
+    return mark.toByteArray() + BothVersions(text(ours), WithLineEnd(text(theirs), lineEnd), lineEnd).toLatin1();
 }
 
 } // namespace

@@ -19,6 +19,10 @@ int ConstructAppIcon(PackContext &context)
         }
     }
     const auto fail = [&env, path](ReadFailure failure) -> int {
+        if (failure == ReadFailure::Open) {
+            env.DebugTrace("Could not open file while read icon file : %s.\n", qUtf8Printable(path));
+            return PACK_FILE_OPEN;
+        }
         if (failure != ReadFailure::Size)
             return PACK_FILE_READ;
         env.DebugTrace("Get file info error while read icon file : %s.\n", qUtf8Printable(path));

@@ -50,6 +50,8 @@ ImageConversion::~ImageConversion()
     if (run && (!code || *code == 0 || isScratch)) {
         run.reset(); // ends a converter that still runs
         unlink(target.constData());
+        if (!code)
+            RemoveBeside(); // it is ended before its turn
     }
     if (claimed)
         converters.Release(*claimed);
@@ -147,17 +149,23 @@ int ImageConversion::Convert()
         return failed;
     if (converters.Ahead() == 0)
         run->RemoveLeftFile();
-    if (!isScratch && ToUpperSimple(FileExtension(sourceName)) == u"PNG") {
-        const QByteArray title = source.left(source.lastIndexOf('.'));
-        unlink((title + ".ABM").constData());
-        unlink((title + ".BMPA").constData());
-    }
+    RemoveBeside();
     // Neither the picture nor the converter must have changed since the key was computed. A result with a complaint is
     // made again each time, so that the complaint isn't lost.
     if (!key.isEmpty() && wrong.isEmpty() && run->WasQuiet() &&
         converters.cache.KeyOf(source, converters.Converter()) == key)
         converters.cache.Add(env, key, target);
     return PACK_OK;
+}
+
+/// Removes what the converter may have made beside the picture.
+void ImageConversion::RemoveBeside() const
+{
+    if (isScratch || ToUpperSimple(FileExtension(QString::fromUtf8(source))) != u"PNG")
+        return;
+    const QByteArray title = source.left(source.lastIndexOf('.'));
+    unlink((title + ".ABM").constData());
+    unlink((title + ".BMPA").constData());
 }
 
 int ImageConversion::FailWithoutTarget() const

@@ -47,6 +47,7 @@ private:
     [[nodiscard]] int RemoveOld() const;
     void Start();
     [[nodiscard]] int Convert();
+    void RemoveBeside() const;
     [[nodiscard]] int FailWithoutTarget() const;
     [[nodiscard]] int CheckTarget() const;
 

@@ -42,7 +42,7 @@ int ListReader::Read(const QString &list)
 {
     QByteArray bytes;
     PackFile file = context.files.Open(list);
-    if (!file.file.IsOpen()) {
+    if (!file.IsReadable()) {
         env.DebugTrace("Could not read list file : %s.\n", qUtf8Printable(list));
         return FailFile(env, file, PACK_FILE_OPEN);
     }

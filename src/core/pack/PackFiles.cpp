@@ -47,6 +47,10 @@ int OpenAndLook(PackFile &found, OutputGuard *guard)
 
 bool PackFile::ReadTo(char *place) const
 {
+    if (!content.isNull()) {
+        std::memcpy(place, content.data(), size_t(size));
+        return true;
+    }
     errno = 0;
     return file.Read(place, size_t(size)) == ssize_t(size);
 }
@@ -81,7 +85,7 @@ int ReadIntoPayload(PackContext &context, const PackFile &file, const ReadReques
     if (file.isSizeOnly) {
         image.Skip(quint64(file.size));
     } else if (file.isMade) {
-        if (const int code = image.AddMade(env, file))
+        if (const int code = image.AddMade(file))
             return code == PACK_FILE_READ ? failContent() : code;
     } else if (context.files.HasRoom(file)) {
         const QByteArrayView content = context.files.Content(file);
@@ -89,35 +93,60 @@ int ReadIntoPayload(PackContext &context, const PackFile &file, const ReadReques
             return errno == ENOMEM ? int(PACK_MEMORY) : failContent();
         image.AddBytes(content);
     } else {
-        const auto failLater = [&env, fail = request.fail, errorLine = context.errorLine] {
-            return FailPhase(env, errorLine, fail(ReadFailure::Content));
+        const auto failLater = [&env, fail = request.fail, errorLine = context.errorLine](ReadFailure failure) {
+            return FailPhase(env, errorLine, fail(failure));
         };
-        image.AddPart({file.host, file.stamp, file.size, failLater});
+        image.AddPart({file.host, file.size, failLater});
     }
     return image.Pad() ? PACK_OK : PACK_MEMORY;
 }
 
+namespace
+{
+
+int FailMissing(const Environment &env, const FilePart &part)
+{
+    env.Explain(QStringLiteral("cannot read %1: %2")
+                    .arg(QString::fromUtf8(part.host), QString::fromLocal8Bit(strerror(errno))));
+    return part.fail(ReadFailure::Open);
+}
+
+int FailChanged(const Environment &env, const FilePart &part)
+{
+    env.Explain(QStringLiteral("%1 changed while it was packed").arg(QString::fromUtf8(part.host)));
+    return part.fail(ReadFailure::Content);
+}
+
+} // namespace
+
+int CheckPart(const Environment &env, const FilePart &part)
+{
+    struct stat info;
+    if (stat(part.host.constData(), &info) != 0)
+        return FailMissing(env, part);
+    return S_ISREG(info.st_mode) && info.st_size == part.size ? int(PACK_OK) : FailChanged(env, part);
+}
+
 int CopyPart(const Environment &env, const FilePart &part, OutputFile &output)
 {
-    const QString shown = QString::fromUtf8(part.host);
+    int code = PACK_OK;
     const FileHandle file(open(part.host.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (file.IsOpen()) {
         const qint64 copied = output.Copy(file, part.host, 0, part.size);
         if (output.HasFailed())
             return PACK_WRITE;
         struct stat info;
-        if (copied == part.size && fstat(file.Get(), &info) == 0 && FileStamp(info) == part.stamp)
+        if (copied == part.size && fstat(file.Get(), &info) == 0 && info.st_size == part.size)
             return PACK_OK;
-        if (copied >= 0)
-            env.Explain(QStringLiteral("%1 changed while it was packed").arg(shown));
+        code = copied < 0 ? part.fail(ReadFailure::Content) : FailChanged(env, part);
     } else {
-        env.Explain(QStringLiteral("cannot read %1: %2").arg(shown, QString::fromLocal8Bit(strerror(errno))));
+        code = FailMissing(env, part);
     }
     if (output.IsOverOldFile())
         env.Explain(
-            QStringLiteral("the output is incomplete now, because its folder or its owner didn't allow to write "
-                           "a new file first"));
-    return part.fail();
+            QStringLiteral("the output is incomplete now, because it has several names, or its folder or its owner "
+                           "didn't allow to write a new file first"));
+    return code;
 }
 
 QByteArray AbsoluteHost(const QByteArray &host)

@@ -79,30 +79,32 @@ private:
     QHash<QByteArray, Kept> kept; // by host path
 };
 
-/// A file's content that is copied when the payload is written.
-struct FilePart
-{
-    QByteArray host;
-    FileStamp stamp;
-    qint64 size; ///< bytes
-    /// Writes the phase's lines about a file that couldn't be read, and returns its code.
-    std::function<int()> fail;
-};
-
-class OutputFile;
-
-/// Copies the file. Returns 0, PACK_WRITE, or the result of `part.fail` if the file can't be read or has changed since
-/// it was looked at; the reason is explained.
-[[nodiscard]] int CopyPart(const Environment &env, const FilePart &part, OutputFile &output);
-
 /// Why a file couldn't be read into the payload.
 enum class ReadFailure
 {
     Size, ///< the size is unknown
     TooSmall,
     Open,
-    Content, ///< the file ends early or can't be read
+    Content, ///< the file ends early, has changed or can't be read
 };
+
+/// A file's content that is copied when the payload is written.
+struct FilePart
+{
+    QByteArray host;
+    qint64 size; ///< bytes
+    /// Writes the phase's lines about a file that couldn't be read, and returns its code.
+    std::function<int(ReadFailure)> fail;
+};
+
+class OutputFile;
+
+/// Looks whether the file can still be copied. Returns 0, or the result of `part.fail` if it is gone or has another
+/// size now; the reason is explained.
+[[nodiscard]] int CheckPart(const Environment &env, const FilePart &part);
+/// Copies the file. Returns 0, PACK_WRITE, or the result of `part.fail` if the file can't be read or has another size
+/// now; the reason is explained.
+[[nodiscard]] int CopyPart(const Environment &env, const FilePart &part, OutputFile &output);
 
 /// What a phase supplies for adding a file to the payload.
 struct ReadRequest

@@ -14,6 +14,7 @@
 #include <limits>
 #include <sys/sendfile.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace
 {
@@ -89,11 +90,13 @@ char *PackImage::Extend(quint64 size)
     return place;
 }
 
-int PackImage::AddMade(const Environment &env, const PackFile &file)
+int PackImage::AddMade(const PackFile &file)
 {
     const quint64 size = quint64(file.size);
-    if (size > room && OpenSpill())
-        return Spill(env, file);
+    if (size > room && OpenSpill()) {
+        if (const auto code = Spill(file))
+            return *code;
+    }
     room -= std::min(room, size);
     char *const place = Extend(size);
     if (!place)
@@ -111,7 +114,8 @@ bool PackImage::OpenSpill()
     return spill.IsOpen();
 }
 
-int PackImage::Spill(const Environment &env, const PackFile &file)
+/// Returns 0 or PACK_FILE_READ. Returns nothing, as before the call, if the temporary file can't take the content.
+std::optional<int> PackImage::Spill(const PackFile &file)
 {
     const qint64 offset = spilled;
     const qint64 end = offset + file.size;
@@ -120,9 +124,10 @@ int PackImage::Spill(const Environment &env, const PackFile &file)
         if (sent < 0 && errno == EINTR)
             continue;
         if (sent < 0) {
-            env.Explain(QStringLiteral("cannot copy %1 to a temporary file: %2")
-                            .arg(QString::fromUtf8(file.host), QString::fromLocal8Bit(strerror(errno))));
-            return PACK_WRITE;
+            spilled = offset;
+            const bool isUndone = ftruncate(spill.Get(), offset) == 0 && lseek(spill.Get(), offset, SEEK_SET) >= 0 &&
+                                  lseek(file.file.Get(), 0, SEEK_SET) >= 0;
+            return isUndone ? std::nullopt : std::optional<int>(PACK_FILE_READ);
         }
         errno = 0;
         if (sent == 0)
@@ -183,6 +188,16 @@ bool PackImage::LayOut()
     table = QByteArray(qsizetype(layout.table), Qt::Uninitialized);
     WriteBlockTable(items, table.data());
     return true;
+}
+
+int PackImage::CheckParts(const Environment &env) const
+{
+    for (const Piece &piece : pieces) {
+        const auto *part = std::get_if<std::unique_ptr<FilePart>>(&piece);
+        if (const int code = part ? CheckPart(env, **part) : PACK_OK)
+            return code;
+    }
+    return PACK_OK;
 }
 
 int PackImage::Write(const Environment &env, OutputFile &output) const

@@ -5,6 +5,7 @@
 #include "PayloadLayout.h"
 
 #include <memory>
+#include <optional>
 #include <variant>
 
 /// The padding of an entry's data. The numbers in the directory are computed with that padding or without.
@@ -49,9 +50,9 @@ public:
     void Skip(quint64 size); ///< counts bytes of a payload that isn't written
     /// Adds uninitialised bytes and returns the place of the first; null if memory runs out or they don't fit.
     [[nodiscard]] char *Extend(quint64 size);
-    /// Reads a file that may be deleted afterwards. Returns 0, PACK_MEMORY, PACK_FILE_READ (errno has the reason; 0: it
-    /// ended early), or PACK_WRITE, which is explained.
-    [[nodiscard]] int AddMade(const Environment &env, const PackFile &file);
+    /// Reads a file that may be deleted afterwards. Returns 0, PACK_MEMORY, or PACK_FILE_READ (errno has the reason; 0:
+    /// it ended early).
+    [[nodiscard]] int AddMade(const PackFile &file);
     /// Ends the content with zero bytes up to a multiple of 4, if it has such a padding. Returns false if they don't
     /// fit.
     [[nodiscard]] bool Pad();
@@ -67,6 +68,9 @@ public:
     /// The size of the payload in bytes, once it is laid out.
     [[nodiscard]] quint64 Total() const { return layout.Total(); }
 
+    /// Looks whether all files can still be copied. Returns 0, or the code of a phase whose file has changed. To be
+    /// called before an output is opened, which may not be able to keep its old content.
+    [[nodiscard]] int CheckParts(const Environment &env) const;
     /// Writes the payload, after `LayOut`. Returns 0, PACK_WRITE, or the code of a phase whose file couldn't be read.
     [[nodiscard]] int Write(const Environment &env, OutputFile &output) const;
 
@@ -80,7 +84,7 @@ private:
     using Piece = std::variant<QByteArrayView, Spilled, std::unique_ptr<FilePart>>;
 
     [[nodiscard]] bool OpenSpill();
-    [[nodiscard]] int Spill(const Environment &env, const PackFile &file);
+    [[nodiscard]] std::optional<int> Spill(const PackFile &file);
     [[nodiscard]] int WritePiece(const Environment &env, const Piece &piece, OutputFile &output) const;
 
     PieceMemory &memory;

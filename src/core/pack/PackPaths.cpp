@@ -2,6 +2,7 @@
 #include "PackPaths.h"
 
 #include "Environment.h"
+#include "FilePlace.h"
 #include "HostFiles.h"
 #include "OutputFile.h"
 #include "Paths.h"
@@ -28,10 +29,22 @@ PackPaths PackPaths::Of(const Environment &env, const packinfo &info)
             HostPath(info.depfile)};
 }
 
+namespace
+{
+
+/// Returns whether two files that may not exist yet have one name in one folder.
+bool IsSameName(const QByteArray &a, const QByteArray &b)
+{
+    const auto name = [](const QByteArray &path) { return path.sliced(path.lastIndexOf('/') + 1); };
+    return name(a) == name(b) && IsSameFile(FolderOf(a), FolderOf(b));
+}
+
+} // namespace
+
 QString PackPaths::SameFileText() const
 {
     const auto compare = [](const char *what, const QByteArray &a, const char *asWhat, const QByteArray &b) {
-        return (a == b && !a.isEmpty()) || IsSameFile(a, b)
+        return !a.isEmpty() && !b.isEmpty() && (a == b || IsSameFile(a, b) || IsSameName(a, b))
                    ? QStringLiteral("the %1 %2 is the same file as the %3 %4")
                          .arg(QLatin1String(what), QString::fromUtf8(a), QLatin1String(asWhat), QString::fromUtf8(b))
                    : QString();

@@ -18,6 +18,8 @@ namespace
 int WriteOutputFile(PackRun &run, const FileHandle &input, quint32 inputSize, const PackImage &image)
 {
     Environment &env = run.Env();
+    if (const int code = image.CheckParts(env))
+        return code;
     env.FlushOutput();
     OutputFile output(env);
     if (const int error = output.Begin(run.outputHost, RightsOfInput(input))) {

@@ -18,6 +18,8 @@ int WriteTarget(PackRun &run, ElfImage &elf, const PackImage &image, OutputFile 
     AddResSection(elf, image.Total());
     if (const int code = SetElfLayout(env, elf))
         return code;
+    if (const int code = image.CheckParts(env))
+        return code;
     env.FlushOutput();
     if (const int error = output.Begin(run.outputHost, RightsOfInput(elf.file))) {
         env.DebugTrace("[error] could not open file while write data to file: %s", run.outputHost.constData());
@@ -100,10 +102,14 @@ int Packer::PackToTarget(PackRun &run)
     int code = PACK_OK;
     if (phases) {
         phases->Repeat();
-        code = WriteSideFile(run, side, [&] { return CopySection(run, elf, *image, output, side); });
+        code = output.Made() ? PACK_OK : image->CheckParts(env);
+        if (code == PACK_OK)
+            code = WriteSideFile(run, side, [&] { return CopySection(run, elf, *image, output, side); });
     } else {
         image.emplace(run.memory, EntryPadding::FourBytes);
         code = BuildPayload(run, 0, *image);
+        if (code == PACK_OK)
+            code = image->CheckParts(env);
         if (code == PACK_OK)
             code = WriteSideFile(run, side, [&] { return image->Write(env, side); });
     }

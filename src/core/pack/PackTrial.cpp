@@ -62,12 +62,13 @@ void TryTarget(PackRun &run)
 void TryDll(PackRun &run)
 {
     PackTrial &trial = *run.trial;
-    struct stat info;
-    const bool isThere = stat(run.inputHost.constData(), &info) == 0 && access(run.inputHost.constData(), R_OK) == 0;
+    const FileHandle input = FileHandle::OpenRead(QString::fromUtf8(run.inputHost));
+    const qint64 size = input.IsOpen() ? input.Size() : -1;
+    const bool isThere = size >= 0;
     if (!isThere)
         trial.Note(PACK_INPUT_SIZE, QString::fromUtf8(run.inputHost));
     PackImage image(run.memory, EntryPadding::None);
-    const quint64 inputSize = isThere ? quint64(info.st_size) : 0;
+    const quint64 inputSize = isThere ? quint64(size) : 0;
     (void)BuildPayload(run, PackedDll::PayloadOffset(inputSize), image);
     if (isThere && trial.payload != 0)
         trial.output = PackedDll::Size(inputSize, trial.payload);

@@ -143,8 +143,11 @@ private:
         constexpr int STEP_MS = 10;
         for (int waited = 0; waited < PATIENCE_MS; waited += STEP_MS) {
             handle = Open();
+            struct stat info;
             if (!handle.IsOpen() && (errno == ENOENT || errno == ENOTDIR))
                 return true;
+            if (!handle.IsOpen() && errno == EACCES && lstat(path.constData(), &info) != 0)
+                return true; // its folder can't be entered; the load says which file it can't read
             if (!handle.IsOpen())
                 return Refuse(QString::fromLocal8Bit(std::strerror(errno)));
             const bool isLocked = flock(handle.Get(), LOCK_EX | LOCK_NB) != 0 && (errno == EWOULDBLOCK || IsAtWork());

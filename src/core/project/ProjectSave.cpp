@@ -31,6 +31,10 @@ SavedProject SavedProjectOf(const Environment &env, const QString &path)
 
 bool RecoverProjectFiles(Environment &env, const QString &path)
 {
+    if (path.isEmpty()) {
+        env.ExplainFailure(u"the path of the project is empty; give the path of a .vcproj file"_s);
+        return false;
+    }
     const SavedProject project = SavedProjectOf(env, path);
     if (IsRelativePath(project.journal)) {
         env.ExplainFailure(
