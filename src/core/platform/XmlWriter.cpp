@@ -50,7 +50,7 @@ char *XmlWriter::Room(qsizetype size)
 
 void XmlWriter::Add(QByteArrayView piece)
 {
-    std::memcpy(Room(piece.size()), piece.data(), size_t(piece.size()));
+    std::copy(piece.begin(), piece.end(), Room(piece.size())); // an empty piece may have no address
     used += piece.size();
 }
 
