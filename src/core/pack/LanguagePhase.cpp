@@ -125,7 +125,8 @@ int BuildStringTable(const LanguageStrings &from, PackImage &image, bool isSizeO
 
         const quint64 space = Space(string.units);
         std::memset(place + space - 4, 0, 4); // the text may then overwrite the first half of these bytes
-        qToLittleEndian<char16_t>(string.text, qsizetype(string.units), place);
+        if (string.units > 0)                 // an empty text has no address
+            qToLittleEndian<char16_t>(string.text, qsizetype(string.units), place);
         place += space;
     }
     qToLittleEndian(quint32(0xFFFFFFFF), record);
