@@ -12,7 +12,7 @@
 #include "ProjectSave.h"
 #include "RuleReport.h"
 #include "Rules.h"
-#include "ScreenSize.h"
+#include "ScreenOption.h"
 #include "Session.h"
 #include "Subcommands.h"
 #include "TextContext.h"
@@ -75,15 +75,7 @@ private:
             Complain(u"-o and --write-baseline can't both be standard output"_s);
             return false;
         }
-        for (const std::string &text : resolutions) {
-            const auto size = ParseScreenSize(QString::fromStdString(text));
-            if (!size) {
-                Complain(u"--resolution %1 isn't a size such as 240x320"_s.arg(QString::fromStdString(text)));
-                return false;
-            }
-            screens.push_back(*size);
-        }
-        return true;
+        return ReadScreenSizes(resolutions, screens);
     }
 
     /// Opens the project and checks it. The lines of the opening are findings, so they aren't printed.

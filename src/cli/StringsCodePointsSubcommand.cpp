@@ -2,7 +2,7 @@
 #include "CodePoints.h"
 #include "LayoutIds.h"
 #include "ProjectLayouts.h"
-#include "ScreenSize.h"
+#include "ScreenOption.h"
 #include "Session.h"
 #include "StringsSubcommands.h"
 
@@ -16,26 +16,13 @@ class StringsCodePointsSubcommand : public Subcommand<StringsCodePointsArguments
 public:
     int Run(Session &session) override
     {
-        if (!ReadScreens())
+        if (!ReadScreenSizes(resolutions, screens))
             return EXIT_WRONG_USE;
         const CResDoc *const document = session.OpenQuietly(AbsolutePath(project));
         return document ? PrintCodePoints(session, *document) : int(EXIT_FAILED);
     }
 
 private:
-    [[nodiscard]] bool ReadScreens()
-    {
-        for (const std::string &text : resolutions) {
-            const auto size = ParseScreenSize(QString::fromStdString(text));
-            if (!size) {
-                Complain(u"--resolution %1 isn't a size such as 240x320"_s.arg(QString::fromStdString(text)));
-                return false;
-            }
-            screens.push_back(*size);
-        }
-        return true;
-    }
-
     /// Returns whether the project has layouts for each screen. A font for a screen without layouts would be empty.
     [[nodiscard]] bool HasLayouts(const CResDoc &document) const
     {

@@ -303,23 +303,34 @@ void CheckNothingIsLost(const List &base, const List &side, const List &other, c
 
 } // namespace
 
+namespace
+{
+
+/// Edits a version of a file and two copies of it. Merging one of them with an unchanged version gives that one.
+template <typename Version> void EditAndMergeWithBase(Environment &env, Version &base, Version &ours, Version &theirs)
+{
+    for (int i = Below(12); i > 0; --i)
+        base.Edit("b");
+    ours = theirs = base;
+    for (int i = Below(10); i > 0; --i)
+        ours.Edit("o");
+    for (int i = Below(10); i > 0; --i)
+        theirs.Edit("t");
+    RC_ASSERT(MergeFiles(env, {base.File(), base.File(), theirs.File()}).bytes == theirs.File());
+    RC_ASSERT(MergeFiles(env, {base.File(), ours.File(), base.File()}).bytes == ours.File());
+}
+
+} // namespace
+
 TEST(MergeProperty, OfResourceListsLosesNothingAndIsSymmetric)
 {
     const TestProgram program;
     Environment &env = *program.env;
     EXPECT_TRUE(rc::check([&] {
         List base;
-        for (int i = Below(12); i > 0; --i)
-            base.Edit("b");
-        List ours = base;
-        List theirs = base;
-        for (int i = Below(10); i > 0; --i)
-            ours.Edit("o");
-        for (int i = Below(10); i > 0; --i)
-            theirs.Edit("t");
-
-        RC_ASSERT(MergeFiles(env, {base.File(), base.File(), theirs.File()}).bytes == theirs.File());
-        RC_ASSERT(MergeFiles(env, {base.File(), ours.File(), base.File()}).bytes == ours.File());
+        List ours;
+        List theirs;
+        EditAndMergeWithBase(env, base, ours, theirs);
         const MergeResult merged = MergeFiles(env, {base.File(), ours.File(), theirs.File()});
         const MergeResult mirrored = MergeFiles(env, {base.File(), theirs.File(), ours.File()});
         RC_ASSERT(merged.refusal.isEmpty());
@@ -341,17 +352,9 @@ TEST(MergeProperty, LosesNothingIsSymmetricAndLoads)
     EXPECT_TRUE(rc::check([&] {
         Table base;
         base.AddLanguage("b");
-        for (int i = Below(12); i > 0; --i)
-            base.Edit("b");
-        Table ours = base;
-        Table theirs = base;
-        for (int i = Below(10); i > 0; --i)
-            ours.Edit("o");
-        for (int i = Below(10); i > 0; --i)
-            theirs.Edit("t");
-
-        RC_ASSERT(MergeFiles(env, {base.File(), base.File(), theirs.File()}).bytes == theirs.File());
-        RC_ASSERT(MergeFiles(env, {base.File(), ours.File(), base.File()}).bytes == ours.File());
+        Table ours;
+        Table theirs;
+        EditAndMergeWithBase(env, base, ours, theirs);
         const MergeResult merged = MergeFiles(env, {base.File(), ours.File(), theirs.File()});
         const MergeResult mirrored = MergeFiles(env, {base.File(), theirs.File(), ours.File()});
         RC_ASSERT(merged.refusal.isEmpty());
