@@ -197,7 +197,8 @@ class Translations(DemoProject):
                 ('a.xlf', '<!DOCTYPE x [<!ENTITY e "e">]>\n' + unit % ('ID_HI', 'a', '&e;') + end,
                  'a.xlf:1: a document type is not allowed.'),
                 ('a.xlf', '<xliff version="2.0" xmlns="urn:oasis:names:tc:xliff:document:2.0"/>',
-                 'a.xlf:1: only XLIFF 1.1 and 1.2 can be read.')):
+                 'a.xlf:1: only XLIFF 1.1 and 1.2 can be read.'),
+                ('a.xlf', '<xliff version="1.2"/>', 'a.xlf:1: it has no element <file>, so there is nothing to import.')):
             (self.dir / name).write_text(text)
             status, out, err = self.import_('pt_BR.po', name)
             self.assertEqual((status, out, err), (1, 'Error 1: %s\r\n' % expected + IMPORTED % (1, 0),

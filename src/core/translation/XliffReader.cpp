@@ -72,7 +72,10 @@ public:
 
     void Read(const QByteArray &file)
     {
-        if (XML_Parse(parser, file.constData(), int(file.size()), /*isFinal=*/true) == XML_STATUS_OK || hasFailed)
+        const bool isParsed = XML_Parse(parser, file.constData(), int(file.size()), /*isFinal=*/true) == XML_STATUS_OK;
+        if (isParsed && !hasFile)
+            Fail(u"it has no element <file>, so there is nothing to import"_s);
+        if (isParsed || hasFailed)
             return;
         const XML_Error error = XML_GetErrorCode(parser);
         if (error == XML_ERROR_NO_ELEMENTS || error == XML_ERROR_UNCLOSED_TOKEN)
@@ -188,6 +191,7 @@ private:
         if (place == Place::File) {
             sink.Begin(head, Line());
             head = {};
+            hasFile = true;
         }
         if (place == Place::Body)
             pluralDepth += pluralDepth > 0 || isPlural ? 1 : 0;
@@ -297,6 +301,7 @@ private:
     int passedOver = 0;        // the number of open elements within them that are skipped
     int pluralDepth = 0;       // the number of open groups from that with plural forms on
     bool isPlural = false;
+    bool hasFile = false; // an element "file"
     bool hasFailed = false;
     QByteArray gathered;
     qsizetype segmentStart = 0; // in `gathered`
