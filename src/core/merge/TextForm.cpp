@@ -41,10 +41,9 @@ std::optional<QByteArray> TextForm::Encode(QStringView text) const
 {
     QByteArray bytes;
     if (isUtf16) {
-        bytes = QByteArray((text.size() + 1) * UNIT, Qt::Uninitialized);
-        std::memcpy(bytes.data(), UTF16_MARK.data(), UNIT);
-        std::memcpy(bytes.data() + UNIT, text.utf16(), size_t(text.size() * UNIT));
-        return bytes;
+        bytes.reserve((text.size() + 1) * UNIT);
+        bytes.append(UTF16_MARK);
+        return bytes.append(QByteArrayView(reinterpret_cast<const char *>(text.utf16()), text.size() * UNIT));
     }
     if (!text.isValidUtf16())
         return std::nullopt;
