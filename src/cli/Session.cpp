@@ -96,16 +96,23 @@ bool Session::LockProject(const QString &project)
 
 CResDoc *Session::OpenQuietly(const QString &project)
 {
-    QString lines;
+    // The report is only kept until it has a problem: it can have 100,000 warnings.
+    QByteArray kept;
+    StandardOutput errors(STDERR_FILENO);
     QStringList explained;
-    const auto idleOutput = std::exchange(handler.idleOutput, [&](QStringView text) { lines += text; });
+    const auto idleOutput = std::exchange(handler.idleOutput, [&](QStringView text) {
+        kept += text.toUtf8();
+        if (isVerbose || env.ErrorCount + env.WarningCount > 0)
+            errors.WriteBytes(std::exchange(kept, {}));
+    });
     const auto explain = std::exchange(env.explain, [&](const QString &text) { explained += text; });
     CDocument *document = documents.OpenDocumentFile(project);
     env.explain = explain;
     handler.idleOutput = idleOutput;
     const bool hasFailed = StatusAfter(EXIT_FINE) != EXIT_FINE;
     if (isVerbose || !document || hasFailed || env.ErrorCount + env.WarningCount > 0)
-        StandardOutput(STDERR_FILENO).Write(lines);
+        errors.WriteBytes(kept);
+    errors.Flush();
     for (const QString &text : explained)
         Complain(text);
     if (!document)

@@ -43,11 +43,11 @@ TEST_F(WriteFile, KeepsTheFileOnlyIfAllBytesAreEqual)
          {large, large.chopped(1), large.chopped(1) + 'b', 'b' + large.sliced(1), QByteArray()}) {
         folder.Put("a", old);
         FileReplacement file;
-        ASSERT_EQ(file.Write(u"a", large), 0);
+        ASSERT_EQ(file.Write(u"a", OnePiece(large)), 0);
         EXPECT_EQ(file.Replaces(), old != large) << old.size();
     }
     FileReplacement fresh;
-    ASSERT_EQ(fresh.Write(u"new", large), 0);
+    ASSERT_EQ(fresh.Write(u"new", OnePiece(large)), 0);
     EXPECT_FALSE(fresh.Replaces());
 }
 

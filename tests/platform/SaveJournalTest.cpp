@@ -44,7 +44,7 @@ struct Journal : testing::Test
             Leftovers leftovers;
             for (int i = 0; i < 3; ++i) {
                 const QByteArray place = RealPath(folder.Path(names[i]).toUtf8());
-                (void)files[i].WriteAt(place, "new", leftovers);
+                (void)files[i].WriteAt(place, OnePiece("new"), leftovers);
                 entries.push_back({place, files[i].Number(), i == 2});
             }
             SaveJournal journal;

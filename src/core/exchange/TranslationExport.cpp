@@ -153,7 +153,7 @@ QString WriteFiles(CResModel &model, const ExchangeLanguages &languages, std::ve
         LanguageRows source(model, languages, rows, job, job.files[i].language);
         job.format->write(source, bytes);
         const QString &path = job.files[i].path;
-        if (const int error = replacements[i].Write(path, bytes, IfDevice::WriteThrough))
+        if (const int error = replacements[i].Write(path, OnePiece(bytes), IfDevice::WriteThrough))
             return WhyNotWritten(path, error);
     }
     for (size_t i = 0; i < job.files.size(); ++i) {

@@ -40,10 +40,16 @@ private:
     [[nodiscard]] static qsizetype LengthOf(const char16_t *text);
     [[nodiscard]] void *Take(Block *&block, std::size_t size);
     [[nodiscard]] Block *NewBlock(std::size_t size);
+    [[nodiscard]] char *Pages(std::size_t size);
+    void FreeRegion();
     static void Free(const void *place, std::size_t size);
     static void Leave(Block *block);
 
     // The blocks that are being filled; null before the first use.
     Block *records = nullptr;
     Block *texts = nullptr;
+    // The pages of the last region that no block has yet.
+    char *region = nullptr;
+    std::size_t regionSize = 0; // bytes
+    int blocksBefore = 0;       // the number of blocks that were made outside regions
 };

@@ -265,9 +265,14 @@ void Environment::FlushOutput()
 
 int Environment::ReplaceFile(QStringView path, QByteArrayView bytes, IfRefused ifRefused)
 {
+    return ReplaceFile(path, OnePiece(bytes), ifRefused);
+}
+
+int Environment::ReplaceFile(QStringView path, const FilePieces &content, IfRefused ifRefused)
+{
     if (transaction)
-        return transaction->Write(path, bytes, ifRefused);
-    const int error = WriteFileAtomically(path, bytes);
+        return transaction->Write(path, content, ifRefused);
+    const int error = WriteFileAtomically(path, content);
     if (error != 0)
         ExplainFailure(WhyNotWritten(path.toString(), error));
     return error;

@@ -148,6 +148,7 @@ public:
     /// Replaces a file atomically, or together with the other files of the current transaction. Returns 0, or the
     /// system's error number, which has been explained (ExplainFailure).
     [[nodiscard]] int ReplaceFile(QStringView path, QByteArrayView bytes, IfRefused ifRefused = IfRefused::Stop);
+    [[nodiscard]] int ReplaceFile(QStringView path, const FilePieces &content, IfRefused ifRefused = IfRefused::Stop);
     /// The current transaction, which sets this by itself; null if there is none.
     FileTransaction *transaction = nullptr;
 

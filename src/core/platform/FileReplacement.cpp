@@ -4,6 +4,7 @@
 #include "FilePlace.h"
 #include "Leftovers.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -18,20 +19,32 @@ namespace
 
 constexpr size_t PIECE = 64 * 1024; // files are compared in pieces: a string file can have tens of megabytes
 
-/// Returns whether the file at a path of the host has these bytes. Also returns false if it can't be read.
-bool HasBytes(const QByteArray &path, QByteArrayView bytes)
+/// Returns whether the next bytes of a file are these. `buffer` has PIECE bytes.
+bool ReadsNext(const FileHandle &file, QByteArrayView bytes, char *buffer)
 {
-    const FileHandle file(open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    if (!file.IsOpen() || file.Size() != bytes.size())
-        return false;
-    const auto buffer = std::make_unique<char[]>(PIECE);
     for (qsizetype at = 0; at < bytes.size();) {
-        const ssize_t size = file.Read(buffer.get(), PIECE);
-        if (size <= 0 || size > bytes.size() - at || std::memcmp(buffer.get(), bytes.data() + at, size_t(size)) != 0)
+        const size_t wanted = std::min(PIECE, size_t(bytes.size() - at));
+        const ssize_t size = file.Read(buffer, wanted);
+        if (size <= 0 || std::memcmp(buffer, bytes.data() + at, size_t(size)) != 0)
             return false;
         at += size;
     }
     return true;
+}
+
+/// Returns whether the file at a path of the host has this content. Also returns false if it can't be read.
+bool HasContent(const QByteArray &path, const FilePieces &content)
+{
+    constexpr int DIFFERS = -1; // is no error of the system
+    const FileHandle file(open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const qint64 size = file.IsOpen() ? file.Size() : -1;
+    const auto buffer = std::make_unique<char[]>(PIECE);
+    qint64 compared = 0;
+    const int result = content([&](QByteArrayView piece) {
+        compared += piece.size();
+        return compared <= size && ReadsNext(file, piece, buffer.get()) ? 0 : DIFFERS;
+    });
+    return result == 0 && compared == size;
 }
 
 /// Compares two files from their current positions to their ends. Also returns false when one of them can't be read.
@@ -140,23 +153,29 @@ int FileReplacement::Finish()
     return error;
 }
 
-int FileReplacement::Write(QStringView path, QByteArrayView bytes, IfDevice ifDevice)
+/// Writes the content to the temporary file, and flushes it to the disk.
+int FileReplacement::WriteAll(const FilePieces &content)
 {
-    if (const int error = Begin(path, ifDevice))
-        return error;
-    return handle.WriteAll(bytes.data(), size_t(bytes.size())) ? Finish() : errno;
+    const int error = content(
+        [this](QByteArrayView piece) { return handle.WriteAll(piece.data(), size_t(piece.size())) ? 0 : errno; });
+    return error == 0 ? Finish() : error;
 }
 
-int FileReplacement::WriteAt(const QByteArray &place, QByteArrayView bytes, Leftovers &leftovers)
+int FileReplacement::Write(QStringView path, const FilePieces &content, IfDevice ifDevice)
+{
+    const int error = Begin(path, ifDevice);
+    return error == 0 ? WriteAll(content) : error;
+}
+
+int FileReplacement::WriteAt(const QByteArray &place, const FilePieces &content, Leftovers &leftovers)
 {
     if (const int error = CheckTarget(place, leftovers))
         return error;
-    isSame = isThere && HasBytes(target, bytes);
+    isSame = isThere && HasContent(target, content);
     if (isSame)
         return 0;
-    if (const int error = MakeBeside())
-        return error;
-    return handle.WriteAll(bytes.data(), size_t(bytes.size())) ? Finish() : errno;
+    const int error = MakeBeside();
+    return error == 0 ? WriteAll(content) : error;
 }
 
 bool FileReplacement::Replaces() const
@@ -238,8 +257,13 @@ void SyncFolder(const QByteArray &folder)
 
 int WriteFileAtomically(QStringView path, QByteArrayView bytes, IfDevice ifDevice)
 {
+    return WriteFileAtomically(path, OnePiece(bytes), ifDevice);
+}
+
+int WriteFileAtomically(QStringView path, const FilePieces &content, IfDevice ifDevice)
+{
     FileReplacement file;
-    int error = file.Write(path, bytes, ifDevice);
+    int error = file.Write(path, content, ifDevice);
     if (error == 0)
         error = file.PutInPlace();
     if (error == 0)

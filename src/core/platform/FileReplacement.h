@@ -32,10 +32,10 @@ public:
     [[nodiscard]] int BeginAt(const QByteArray &place, Leftovers &leftovers);
     /// Flushes what was written to the disk.
     [[nodiscard]] int Finish();
-    /// Calls Begin, writes these bytes, and calls Finish.
-    [[nodiscard]] int Write(QStringView path, QByteArrayView bytes, IfDevice ifDevice = IfDevice::Refuse);
-    /// The same with BeginAt, unless the old file has these bytes already: then nothing is written (IsSame).
-    [[nodiscard]] int WriteAt(const QByteArray &place, QByteArrayView bytes, Leftovers &leftovers);
+    /// Calls Begin, writes this content, and calls Finish.
+    [[nodiscard]] int Write(QStringView path, const FilePieces &content, IfDevice ifDevice = IfDevice::Refuse);
+    /// The same with BeginAt, unless the old file has this content already: then nothing is written (IsSame).
+    [[nodiscard]] int WriteAt(const QByteArray &place, const FilePieces &content, Leftovers &leftovers);
     /// Renames the new file over the old one. Call `SyncFolder` to flush the new name to the disk.
     [[nodiscard]] int PutInPlace();
     /// The same, but returns EEXIST when anything has the target's name.
@@ -53,7 +53,7 @@ public:
     /// Leaves the new file beside the old one: it is in the journal of a save, and a later save puts it in place.
     void LeaveTemporary();
 
-    /// Whether WriteAt has found that the old file has the bytes already. It must not be put in place then.
+    /// Whether WriteAt has found that the old file has the content already. It must not be put in place then.
     [[nodiscard]] bool IsSame() const { return isSame; }
     /// Returns whether there is an old file with other bytes. Call it after Finish.
     [[nodiscard]] bool Replaces() const;
@@ -71,6 +71,7 @@ private:
     [[nodiscard]] int CheckTarget(const QByteArray &place, Leftovers &leftovers);
     [[nodiscard]] int MakeBeside();
     [[nodiscard]] int MakeTemporary();
+    [[nodiscard]] int WriteAll(const FilePieces &content);
 
     QByteArray temporary; // empty when there is none
     QByteArray old;       // the second name of the old file; empty when it has none
@@ -80,7 +81,7 @@ private:
     int number = 0;
     bool isThere = false;  // whether the target existed at the beginning
     bool isDevice = false; // whether bytes are written to the target at once
-    bool isSame = false;   // whether the target has the bytes, so that there is no temporary file
+    bool isSame = false;   // whether the target has the content, so that there is no temporary file
 };
 
 /// Flushes the names in a folder to the disk.

@@ -41,7 +41,7 @@ void FileTransaction::End()
     staged.clear();
 }
 
-int FileTransaction::Write(QStringView path, QByteArrayView bytes, IfRefused ifRefused)
+int FileTransaction::Write(QStringView path, const FilePieces &content, IfRefused ifRefused)
 {
     const QByteArray host = HostPath(path);
     QByteArray place = FollowLinks(host);
@@ -50,7 +50,7 @@ int FileTransaction::Write(QStringView path, QByteArrayView bytes, IfRefused ifR
         return ELOOP;
     }
     FileReplacement file;
-    const int error = file.WriteAt(place, bytes, leftovers);
+    const int error = file.WriteAt(place, content, leftovers);
     if (error != 0) {
         Explain(path, error);
         return error;

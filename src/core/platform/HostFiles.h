@@ -3,6 +3,7 @@
 
 #include "Text.h"
 
+#include <functional>
 #include <memory>
 #include <sys/types.h>
 #include <vector>
@@ -44,9 +45,22 @@ enum class IfDevice
     WriteThrough, ///< write to it, after waiting for a reader of the pipe. For files that the user names
 };
 
+/// Takes the next piece of a file. Returns 0, or the system's error number.
+using PutPiece = std::function<int(QByteArrayView piece)>;
+/// Makes the content of a file that is too large to be in memory at once: passes it to `put` in pieces. Returns 0 at
+/// the end, or the first error. It can be called more than once, and passes the same content each time.
+using FilePieces = std::function<int(const PutPiece &put)>;
+/// Returns the content as one piece. The bytes must outlive the result.
+[[nodiscard]] inline FilePieces OnePiece(QByteArrayView bytes)
+{
+    return [bytes](const PutPiece &put) { return put(bytes); };
+}
+
 /// Replaces a file atomically: writes a new file beside it, flushes it to the disk, and renames it over the old one.
 /// Mode and symbolic link don't change. Returns 0, or the system's error number; the old file is unchanged then.
 [[nodiscard]] int WriteFileAtomically(QStringView path, QByteArrayView bytes, IfDevice ifDevice = IfDevice::Refuse);
+[[nodiscard]] int WriteFileAtomically(QStringView path, const FilePieces &content,
+                                      IfDevice ifDevice = IfDevice::Refuse);
 
 /// Owns a file descriptor; the destructor closes it.
 class FileHandle

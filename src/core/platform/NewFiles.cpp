@@ -91,7 +91,7 @@ QString NewFiles::Write()
         if (QString problem = MakeFolders(DirectoryOf(file.path)); !problem.isEmpty())
             return problem;
         written.emplace_back();
-        if (const int error = written.back().WriteAt(file.path.toUtf8(), file.bytes, leftovers))
+        if (const int error = written.back().WriteAt(file.path.toUtf8(), OnePiece(file.bytes), leftovers))
             return WhyNotWritten(file.path, error);
     }
     return {};

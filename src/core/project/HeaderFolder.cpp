@@ -82,7 +82,7 @@ QString HeaderFolder::WriteAll()
     for (const File &file : files) {
         if (!QDir().mkpath(DirectoryOf(file.path)))
             return u"%1: the folder can't be created"_s.arg(DirectoryOf(file.path));
-        if (const int error = transaction.Write(file.path, file.text, IfRefused::Stop))
+        if (const int error = transaction.Write(file.path, OnePiece(file.text), IfRefused::Stop))
             return u"%1: %2"_s.arg(file.path, QString::fromLocal8Bit(strerror(error)));
     }
     const std::optional<QString> refused = transaction.Commit();

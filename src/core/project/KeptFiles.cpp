@@ -196,7 +196,7 @@ QString KeptFiles::Restore(Environment &env, int number, QString &replaced) cons
         return nothing;
     FileTransaction files(env, SavedProjectOf(env, project));
     for (size_t i = 0; i < contents.size(); ++i) {
-        if (files.Write(found->files[qsizetype(i)], contents[i], IfRefused::Stop) != 0)
+        if (files.Write(found->files[qsizetype(i)], OnePiece(contents[i]), IfRefused::Stop) != 0)
             return nothing;
     }
     if (const QString problem = Keep(found->files, replaced); !problem.isEmpty())

@@ -53,8 +53,12 @@ void Fill(CResDoc &doc, const NewProjectChoice &choice)
 
 QByteArray StringFileBytes(const CResDoc &doc)
 {
-    const QString text = MakeStringFile(doc);
-    return {reinterpret_cast<const char *>(text.constData()), text.size() * qsizetype(sizeof(QChar))};
+    QByteArray bytes;
+    (void)PutStringFile(doc, [&](QByteArrayView piece) {
+        bytes += piece;
+        return 0;
+    });
+    return bytes;
 }
 
 /// Returns `path`, which is absolute, relative to the project's folder, with "/"; empty if it isn't below that.

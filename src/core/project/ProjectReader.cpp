@@ -9,6 +9,7 @@
 #include "ProjectContext.h"
 #include "ProjectLayouts.h"
 #include "StringFile.h"
+#include "XmlElements.h"
 
 #include <cerrno>
 #include <cstring>
@@ -30,21 +31,16 @@ public:
     {
     }
 
-    int Read(const TiXmlDocument &document, TiXmlElement &app)
+    int Read(XmlElements &xml)
     {
-        int code = 0;
-        report.DropAround(document, app);
+        const TiXmlElement &app = *xml.Document().FirstChildElement();
+        report.DropAround(xml.Document(), app);
         report.DropTexts(app, {"id"});
-        // Each element is deleted as soon as it is read, so that the largest projects take little more memory than the
-        // parser.
-        while (TiXmlNode *node = app.FirstChild()) {
-            if (TiXmlElement *element = node->ToElement())
-                code = ReadElement(*element);
-            app.RemoveChild(node);
-            if (code != 0)
-                break;
+        while (const TiXmlElement *element = xml.Next()) {
+            if (const int code = ReadElement(*element))
+                return code;
         }
-        return code;
+        return 0;
     }
 
 private:
@@ -204,8 +200,9 @@ int ReadInto(const ProjectContext &context, const QString &path)
     Environment &env = context.env;
     env.WriteOutput("Loading resource from \"%s\"...\r\n", qUtf8Printable(path));
     env.FlushOutput();
-    TiXmlDocument document;
-    if (const int code = LoadXml(env, path, document)) {
+    XmlElements xml;
+    const TiXmlDocument &document = xml.Document();
+    if (const int code = xml.Load(env, path)) {
         const QString why = code == CANNOT_OPEN ? WhyNotRead(path, errno) : WhyNoXml(path, document);
         env.Report({code == CANNOT_OPEN ? "list.unreadable" : "list.malformed",
                     Severity::Error,
@@ -217,14 +214,14 @@ int ReadInto(const ProjectContext &context, const QString &path)
         env.Explain(why);
         return code;
     }
-    TiXmlElement *app = document.FirstChildElement();
+    const TiXmlElement *app = document.FirstChildElement();
     if (!app || app->ValueStr() != "APP") {
         env.Report({"list.root", Severity::Error, ResolvePath(path, CurrentFolder()), app ? RowOf(*app) : 0, {}, {}},
                    "invalid resource format \"%s\".", qUtf8Printable(path));
         return WRONG_FORMAT;
     }
     ProjectReader reader(context);
-    return reader.Read(document, *app);
+    return reader.Read(xml);
 }
 
 } // namespace

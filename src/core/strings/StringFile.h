@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Text.h"
+#include "HostFiles.h"
 
 class CResModel;
 
@@ -14,5 +14,6 @@ class CResModel;
 /// On failure the old file is unchanged.
 [[nodiscard]] int WriteStringFile(const QString &path, CResModel &document);
 
-/// Returns the text that WriteStringFile writes, with its mark; empty when it would be too large for a file.
-[[nodiscard]] QString MakeStringFile(const CResModel &document);
+/// Makes the content that WriteStringFile writes (FilePieces). Returns 0, EFBIG for more than 1 GiB, or an error of
+/// `put`.
+[[nodiscard]] int PutStringFile(const CResModel &document, const PutPiece &put);

@@ -7,7 +7,6 @@
 #include "StringFileFormat.h"
 #include "StringFileText.h"
 
-#include <algorithm>
 #include <cerrno>
 
 using namespace StringFileFormat;
@@ -15,15 +14,8 @@ using namespace StringFileFormat;
 namespace
 {
 
-constexpr qsizetype MAX_CHARS = qsizetype(1) << 29; // makes a file of 1 GiB
-
-/// Reserves memory for all rows, estimated from the size of the first rows. Growing a text moves it and needs nearly
-/// twice its memory, while reserved memory that isn't written to costs nothing.
-void ReserveFor(QString &text, size_t done, size_t rows)
-{
-    const qsizetype size = text.size() / qsizetype(done) * qsizetype(rows + rows / 8);
-    text.reserve(std::min(size, MAX_CHARS));
-}
+constexpr qsizetype LARGEST_FILE = qsizetype(1) << 30; // bytes
+constexpr qsizetype PIECE = 32 * 1024;                 // characters; a whole file can have tens of megabytes
 
 /// Returns whether an error is about writing the file (no room, or a disk failure) and not about opening it.
 bool FellShort(int error)
@@ -33,13 +25,31 @@ bool FellShort(int error)
 
 } // namespace
 
+int PutStringFile(const CResModel &document, const PutPiece &put)
+{
+    StringFileText text(document);
+    qsizetype size = 0;
+    const auto flush = [&] {
+        const auto *bytes = reinterpret_cast<const char *>(text.out.constData());
+        const QByteArrayView piece(bytes, text.out.size() * qsizetype(sizeof(QChar)));
+        size += piece.size();
+        const int error = size > LARGEST_FILE ? EFBIG : put(piece);
+        text.out.truncate(0); // keeps its memory
+        return error;
+    };
+    text.PutHeader();
+    for (const CBaseRes *row = text.Rows() ? text.Rows()->First() : nullptr; row; row = row->NextInFolder()) {
+        text.PutRow(*row);
+        if (const int error = text.out.size() < PIECE ? 0 : flush())
+            return error;
+    }
+    text.PutEnd();
+    return flush();
+}
+
 int WriteStringFile(const QString &path, CResModel &document)
 {
-    const QString text = MakeStringFile(document);
-    const auto *bytes = reinterpret_cast<const char *>(text.constData());
-    const int error =
-        text.isEmpty() ? EFBIG
-                       : document.env.ReplaceFile(path, QByteArrayView(bytes, text.size() * qsizetype(sizeof(QChar))));
+    const int error = document.env.ReplaceFile(path, [&](const PutPiece &put) { return PutStringFile(document, put); });
     if (error == 0)
         return OK;
     const Finding finding{"strings.write-failed", Severity::Error, ResolvePath(path, CurrentFolder()), 0, {}, {}};
@@ -49,22 +59,4 @@ int WriteStringFile(const QString &path, CResModel &document)
     }
     document.env.Report(finding, "failed to open file \"%s\".", qUtf8Printable(path));
     return CANT_OPEN;
-}
-
-QString MakeStringFile(const CResModel &document)
-{
-    constexpr size_t SAMPLE = 1000; // rows
-    StringFileText text(document);
-    text.PutHeader();
-    const size_t rows = text.Rows() ? text.Rows()->Count() : 0;
-    size_t done = 0;
-    for (const CBaseRes *row = text.Rows() ? text.Rows()->First() : nullptr; row; row = row->NextInFolder()) {
-        text.PutRow(*row);
-        if (text.out.size() > MAX_CHARS)
-            return {};
-        if (++done == SAMPLE)
-            ReserveFor(text.out, done, rows);
-    }
-    text.PutEnd();
-    return text.out;
 }
