@@ -18,6 +18,8 @@ namespace
 class AddSubcommand : public Subcommand<AddArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         if (!HasRightWords(session))
@@ -180,7 +182,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<AddArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(AddArguments &&arguments)
 {
-    return std::make_unique<AddSubcommand>();
+    return std::make_unique<AddSubcommand>(std::move(arguments));
 }

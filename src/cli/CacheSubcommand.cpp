@@ -15,6 +15,8 @@ namespace
 class CacheSubcommand : public Subcommand<CacheArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         const PackOptions options = PackOptionsOf(session.env.settings);
@@ -69,7 +71,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<CacheArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(CacheArguments &&arguments)
 {
-    return std::make_unique<CacheSubcommand>();
+    return std::make_unique<CacheSubcommand>(std::move(arguments));
 }

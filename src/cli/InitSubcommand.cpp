@@ -25,6 +25,8 @@ QString ShellWord(const QString &text)
 class InitSubcommand : public Subcommand<InitArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         NewProjectChoice choice;
@@ -131,7 +133,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<InitArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(InitArguments &&arguments)
 {
-    return std::make_unique<InitSubcommand>();
+    return std::make_unique<InitSubcommand>(std::move(arguments));
 }

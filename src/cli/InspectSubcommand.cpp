@@ -22,6 +22,8 @@ struct InspectedFile
 class InspectSubcommand : public Subcommand<InspectArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         if (diff && fileB.empty()) {
@@ -169,7 +171,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<InspectArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(InspectArguments &&arguments)
 {
-    return std::make_unique<InspectSubcommand>();
+    return std::make_unique<InspectSubcommand>(std::move(arguments));
 }

@@ -5,7 +5,7 @@
 #include "CommandLineWalk.h"
 #include "ExitStatus.h"
 #include "Messages.h"
-#include "SharedArguments.h"
+#include "TypedText.h"
 
 #include <unistd.h>
 
@@ -59,7 +59,7 @@ int StatusOf(bool isPrinted)
 
 } // namespace
 
-CommandLineParser::CommandLineParser(const std::function<void(CLI::App &program)> &addCommands)
+CommandLineParser::CommandLineParser(const CommandWords &words)
     : app(std::make_unique<CLI::App>("Manage, number and pack the resources of applications for small devices",
                                      "morvanite-cli"))
 {
@@ -77,7 +77,7 @@ CommandLineParser::CommandLineParser(const std::function<void(CLI::App &program)
     AddChoice(*app, "--color", color, "auto|always|never", "When messages have colours (default: auto)");
     app->require_subcommand(1);
     app->fallthrough();
-    addCommands(*app);
+    commands.Add(*app, words);
     help = app->add_subcommand("help", "Show the commands, or the options of a command");
     help->add_option("COMMAND", helpWords, "A command, such as pack or strings import")->type_name("");
 }
@@ -86,8 +86,15 @@ CommandLineParser::~CommandLineParser() = default;
 
 std::optional<int> CommandLineParser::Parse(int argc, const char *const *argv)
 {
-    if (NamesMerge(*app, {argv + 1, argv + argc}))
+    isMerge = NamesMerge(*app, {argv + 1, argv + argc});
+    if (isMerge)
         SetMergeStatus();
+    for (int i = 1; i < argc; ++i) {
+        if (const std::string why = WhyNotUsable(argv[i]); !why.empty()) {
+            ComplainUtf8(why);
+            return FinalStatus(EXIT_WRONG_USE);
+        }
+    }
     try {
         app->parse(argc, argv);
     } catch (const CLI::CallForHelp &) {

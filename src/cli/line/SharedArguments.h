@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 namespace CLI
@@ -47,3 +48,20 @@ void AddProject(CLI::App &subcommand, std::string &project);
 
 /// Adds an option whose value is one of `choices`, which has "|" between them.
 void AddChoice(CLI::App &subcommand, const char *name, std::string &value, const char *choices, const char *help);
+
+/// Sets `chosen` to `index` if the words that are parsed name the command.
+void NoteIfNamed(CLI::App &command, size_t index, size_t &chosen);
+
+/// The options and arguments of several commands, of which the words name one.
+template <typename... Arguments> struct CommandChoice
+{
+    /// Adds all commands to the parser. This object must stay where it is until the words are parsed.
+    void Add(CLI::App &app, const CommandWords &words)
+    {
+        size_t index = 0;
+        std::apply([&](auto &...command) { (NoteIfNamed(*command.Add(app, words), index++, chosen), ...); }, all);
+    }
+
+    std::tuple<Arguments...> all;
+    size_t chosen = 0; ///< the index of the command that the words name
+};

@@ -155,18 +155,12 @@ CLI::App *StringsAddLanguageArguments::Add(CLI::App &strings, const CommandWords
     return subcommand;
 }
 
-CLI::App *StringsArguments::AddGroup(CLI::App &app)
+CLI::App *StringsArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *const subcommand =
         app.add_subcommand("strings", "List, set, count, export or import the strings of a project");
     subcommand->require_subcommand(1);
-    return subcommand;
-}
-
-CLI::App *StringsArguments::Add(CLI::App &app, const CommandWords &words)
-{
-    CLI::App *const subcommand = AddGroup(app);
     if (words.Name(*subcommand))
-        std::apply([&](auto &...part) { (part.Add(*subcommand, words), ...); }, parts);
+        parts.Add(*subcommand, words);
     return subcommand;
 }

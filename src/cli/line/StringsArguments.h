@@ -3,8 +3,6 @@
 
 #include "SharedArguments.h"
 
-#include <tuple>
-
 // The options and arguments of the commands for the string table.
 
 /// The options and arguments of `strings export`.
@@ -105,13 +103,9 @@ struct StringsAddLanguageArguments
 /// The subcommands of `strings`.
 struct StringsArguments
 {
-    using Parts =
-        std::tuple<StringsExportArguments, StringsImportArguments, StringsStatsArguments, StringsCodePointsArguments,
-                   StringsCatArguments, StringsListArguments, StringsSetArguments, StringsAddLanguageArguments>;
-
-    /// Adds `strings` alone; the caller adds the parts.
-    static CLI::App *AddGroup(CLI::App &app);
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
-    Parts parts;
+    CommandChoice<StringsExportArguments, StringsImportArguments, StringsStatsArguments, StringsCodePointsArguments,
+                  StringsCatArguments, StringsListArguments, StringsSetArguments, StringsAddLanguageArguments>
+        parts;
 };
