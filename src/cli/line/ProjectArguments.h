@@ -8,6 +8,7 @@
 /// The options and arguments of `init`.
 struct InitArguments
 {
+    static constexpr char NAME[] = "init";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string folder;
@@ -23,6 +24,7 @@ struct InitArguments
 /// The options and arguments of `add`.
 struct AddArguments
 {
+    static constexpr char NAME[] = "add";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
@@ -38,6 +40,7 @@ struct AddArguments
 /// The options and arguments of `load`.
 struct LoadArguments
 {
+    static constexpr char NAME[] = "load";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
@@ -48,6 +51,7 @@ struct LoadArguments
 /// The options and arguments of `save`.
 struct SaveArguments
 {
+    static constexpr char NAME[] = "save";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
@@ -58,6 +62,7 @@ struct SaveArguments
 /// The options and arguments of `headers`.
 struct HeadersArguments
 {
+    static constexpr char NAME[] = "headers";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
@@ -70,6 +75,7 @@ struct HeadersArguments
 /// The options and arguments of `ids`.
 struct IdsArguments
 {
+    static constexpr char NAME[] = "ids";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
@@ -80,6 +86,7 @@ struct IdsArguments
 /// The options and arguments of `layouts`.
 struct LayoutsArguments
 {
+    static constexpr char NAME[] = "layouts";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
@@ -90,6 +97,7 @@ struct LayoutsArguments
 /// The options and arguments of `kept`.
 struct KeptArguments
 {
+    static constexpr char NAME[] = "kept";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
@@ -99,5 +107,6 @@ struct KeptArguments
 /// The options and arguments of `resolutions`.
 struct ResolutionsArguments
 {
+    static constexpr char NAME[] = "resolutions";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 };

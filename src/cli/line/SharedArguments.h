@@ -34,8 +34,8 @@ private:
 };
 
 // What the arguments of several commands have in common. The structures of the commands, such as LoadArguments, have
-// the values of their options and arguments. Their `Add` adds the command to the parser and, if the words name it,
-// binds its options to the object, which must stay where it is until the words are parsed.
+// their names, and the values of their options and arguments. Their `Add` adds the command to the parser and, if the
+// words name it, binds its options to the object, which must stay where it is until the words are parsed.
 
 inline constexpr char DEPFILE_HELP[] = "Write the list of files read, for make or ninja";
 inline constexpr char JSON_HELP[] = "Print JSON";
@@ -55,11 +55,18 @@ void NoteIfNamed(CLI::App &command, size_t index, size_t &chosen);
 /// The options and arguments of several commands, of which the words name one.
 template <typename... Arguments> struct CommandChoice
 {
-    /// Adds all commands to the parser. This object must stay where it is until the words are parsed.
+    /// Adds the commands to the parser; only one if it is certainly meant, because the first word is its name. This
+    /// object must stay where it is until the words are parsed.
     void Add(CLI::App &app, const CommandWords &words)
     {
+        const bool isCertain = (words.BeginWith(Arguments::NAME) || ...);
         size_t index = 0;
-        std::apply([&](auto &...command) { (NoteIfNamed(*command.Add(app, words), index++, chosen), ...); }, all);
+        const auto add = [&](auto &command) {
+            if (!isCertain || words.BeginWith(command.NAME))
+                NoteIfNamed(*command.Add(app, words), index, chosen);
+            ++index;
+        };
+        std::apply([&](auto &...command) { (add(command), ...); }, all);
     }
 
     std::tuple<Arguments...> all;

@@ -8,6 +8,7 @@
 /// The options and arguments of `strings export`.
 struct StringsExportArguments
 {
+    static constexpr char NAME[] = "export";
     CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
@@ -21,6 +22,7 @@ struct StringsExportArguments
 /// The options and arguments of `strings import`.
 struct StringsImportArguments
 {
+    static constexpr char NAME[] = "import";
     CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
@@ -42,6 +44,7 @@ struct StringsImportArguments
 /// The options and arguments of `strings stats`.
 struct StringsStatsArguments
 {
+    static constexpr char NAME[] = "stats";
     CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
@@ -51,6 +54,7 @@ struct StringsStatsArguments
 /// The options and arguments of `strings codepoints`.
 struct StringsCodePointsArguments
 {
+    static constexpr char NAME[] = "codepoints";
     CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
@@ -62,6 +66,7 @@ struct StringsCodePointsArguments
 /// The options and arguments of `strings cat`.
 struct StringsCatArguments
 {
+    static constexpr char NAME[] = "cat";
     CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string file;
@@ -70,6 +75,7 @@ struct StringsCatArguments
 /// The options and arguments of `strings list`.
 struct StringsListArguments
 {
+    static constexpr char NAME[] = "list";
     CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
@@ -81,6 +87,7 @@ struct StringsListArguments
 /// The options and arguments of `strings set`.
 struct StringsSetArguments
 {
+    static constexpr char NAME[] = "set";
     CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
@@ -93,6 +100,7 @@ struct StringsSetArguments
 /// The options and arguments of `strings add-language`.
 struct StringsAddLanguageArguments
 {
+    static constexpr char NAME[] = "add-language";
     CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
@@ -103,6 +111,7 @@ struct StringsAddLanguageArguments
 /// The subcommands of `strings`.
 struct StringsArguments
 {
+    static constexpr char NAME[] = "strings";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     CommandChoice<StringsExportArguments, StringsImportArguments, StringsStatsArguments, StringsCodePointsArguments,
