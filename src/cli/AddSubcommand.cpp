@@ -62,7 +62,7 @@ private:
             Complain(u"--id is for a single file"_s);
             return false;
         }
-        if (hasId && !IsValidIdName(QString::fromStdString(id))) {
+        if (!id.empty() && !IsValidIdName(QString::fromStdString(id))) {
             Complain(u"--id %1: an ID has 1 to 64 letters, digits and \"_\", and doesn't begin with a digit"_s.arg(
                 QString::fromStdString(id)));
             return false;

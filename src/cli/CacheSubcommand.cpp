@@ -19,7 +19,7 @@ public:
 
     int Run(Session &session) override
     {
-        const PackOptions options = PackOptionsOf(session.env.settings);
+        const PackOptions options = PackOptionsOf(session.env.settings, Complain);
         const QString path = folder.empty() ? options.cache : AbsolutePath(folder);
         if (path.isEmpty() || IsRelativePath(path)) {
             Complain(path.isEmpty() ? QStringLiteral("the settings name no cache (section Pack, key cache); --cache "

@@ -31,7 +31,7 @@ public:
     {
         NewProjectChoice choice;
         choice.folder = AbsolutePath(folder);
-        choice.name = hasName ? QString::fromStdString(name) : FileName(choice.folder);
+        choice.name = name.empty() ? FileName(choice.folder) : QString::fromStdString(name);
         choice.git = git == "text" ? GitForm::Text : git == "none" ? GitForm::None : GitForm::Safe;
         choice.hasBuild = hasBuild;
         if (!HasRightWords(session, choice))
@@ -61,7 +61,7 @@ private:
     [[nodiscard]] bool HasRightWords(Session &session, NewProjectChoice &choice) const
     {
         if (const QString why = WhyNotProjectName(choice.name, choice.hasBuild); !why.isEmpty()) {
-            Complain(why + (hasName ? QString() : u"; choose one with --name"_s));
+            Complain(why + (name.empty() ? u"; choose one with --name"_s : QString()));
             return false;
         }
         session.tables.LoadOnce(session.env);

@@ -36,10 +36,11 @@ bool FindLibrary(char (&path)[PATH_MAX])
 }
 
 /// Opens /dev/null for each standard file that is closed; otherwise the next file that is opened would get its number.
+/// It is opened so that reading from the input and writing to the outputs fail, as they do if the file is closed.
 void FillClosedFiles()
 {
     for (int fd = STDIN_FILENO; fd <= STDERR_FILENO; ++fd) {
-        if (fcntl(fd, F_GETFD) == -1 && open("/dev/null", O_RDWR) == -1)
+        if (fcntl(fd, F_GETFD) == -1 && open("/dev/null", fd == STDIN_FILENO ? O_WRONLY : O_RDONLY) == -1)
             return;
     }
 }

@@ -7,6 +7,7 @@
 #include "Messages.h"
 #include "TypedText.h"
 
+#include <algorithm>
 #include <unistd.h>
 
 namespace
@@ -50,6 +51,22 @@ bool NamesMerge(const CLI::App &app, const std::vector<std::string> &words)
     for (auto word = words.begin(); word != words.end() && &walk.Command() == &app; ++word)
         walk.Take(*word);
     return walk.Command().get_name() == MERGE;
+}
+
+/// Returns the first option of the parsed command that has an empty value; null if there is none. An empty argument can
+/// be right, such as a text.
+const CLI::Option *FindEmpty(const CLI::App &app)
+{
+    for (const CLI::App *command : app.get_subcommands()) {
+        for (const CLI::Option *option : CommandLine::OptionsOf(*command)) {
+            const std::vector<std::string> &values = option->results();
+            if (std::find(values.begin(), values.end(), std::string()) != values.end())
+                return option;
+        }
+        if (const CLI::Option *const option = FindEmpty(*command))
+            return option;
+    }
+    return nullptr;
 }
 
 int StatusOf(bool isPrinted)
@@ -106,6 +123,10 @@ std::optional<int> CommandLineParser::Parse(int argc, const char *const *argv)
         return FinalStatus(EXIT_WRONG_USE);
     }
     SetColorMode(color);
+    if (const CLI::Option *const option = FindEmpty(*app)) {
+        ComplainUtf8("the value of " + CommandLine::NamesOf(*option).front() + " is empty");
+        return FinalStatus(EXIT_WRONG_USE);
+    }
     return help->parsed() ? std::optional(PrintHelpOfWords()) : std::nullopt;
 }
 

@@ -9,9 +9,7 @@ CLI::App *InitArguments::Add(CLI::App &app, const CommandWords &words)
     if (!words.Name(*subcommand))
         return subcommand;
     subcommand->add_option("DIR", folder, "The folder; it is made if it doesn't exist")->type_name("")->required();
-    subcommand->add_option("--name", name, "The project's name (default: the name of the folder)")
-        ->type_name("NAME")
-        ->each([this](const std::string &) { hasName = true; });
+    subcommand->add_option("--name", name, "The project's name (default: the name of the folder)")->type_name("NAME");
     subcommand->add_option("--resolution", resolutions, "A screen, such as 240x320; can be repeated")
         ->type_name("WxH")
         ->allow_extra_args(false)
@@ -36,9 +34,7 @@ CLI::App *AddArguments::Add(CLI::App &app, const CommandWords &words)
     subcommand->add_option("FILE", files, "A picture, a sound, a video or another file")->type_name("")->required();
     subcommand->add_option("--resolution", resolution, "The screen of the pictures (default: all screens)")
         ->type_name("WxH");
-    subcommand->add_option("--id", id, "The ID of a single file (default: from its name)")
-        ->type_name("ID")
-        ->each([this](const std::string &) { hasId = true; });
+    subcommand->add_option("--id", id, "The ID of a single file (default: from its name)")->type_name("ID");
     subcommand->add_flag("--push", isPush, "Give the files IDs of the type Push");
     subcommand->add_flag("--copy", canCopy, "Copy files that are outside of the project's folder into it");
     subcommand->add_flag("--dry-run", dryRun, SAVE_DRY_RUN_HELP);

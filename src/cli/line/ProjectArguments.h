@@ -13,7 +13,6 @@ struct InitArguments
 
     std::string folder;
     std::string name;
-    bool hasName = false; ///< whether --name is given
     std::vector<std::string> resolutions;
     std::vector<std::string> languages;
     std::string git = "safe";
@@ -31,7 +30,6 @@ struct AddArguments
     std::vector<std::string> files;
     std::string resolution;
     std::string id;
-    bool hasId = false; ///< whether --id is given
     bool isPush = false;
     bool canCopy = false;
     bool dryRun = false;
