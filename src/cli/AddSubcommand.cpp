@@ -18,6 +18,8 @@ namespace
 class AddSubcommand : public Subcommand<AddArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         if (!HasRightWords(session))
@@ -60,7 +62,7 @@ private:
             Complain(u"--id is for a single file"_s);
             return false;
         }
-        if (hasId && !IsValidIdName(QString::fromStdString(id))) {
+        if (!id.empty() && !IsValidIdName(QString::fromStdString(id))) {
             Complain(u"--id %1: an ID has 1 to 64 letters, digits and \"_\", and doesn't begin with a digit"_s.arg(
                 QString::fromStdString(id)));
             return false;
@@ -180,7 +182,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<AddArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(AddArguments &&arguments)
 {
-    return std::make_unique<AddSubcommand>();
+    return std::make_unique<AddSubcommand>(std::move(arguments));
 }

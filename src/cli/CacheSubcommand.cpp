@@ -15,9 +15,11 @@ namespace
 class CacheSubcommand : public Subcommand<CacheArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
-        const PackOptions options = PackOptionsOf(session.env.settings);
+        const PackOptions options = PackOptionsOf(session.env.settings, Complain);
         const QString path = folder.empty() ? options.cache : AbsolutePath(folder);
         if (path.isEmpty() || IsRelativePath(path)) {
             Complain(path.isEmpty() ? QStringLiteral("the settings name no cache (section Pack, key cache); --cache "
@@ -69,7 +71,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<CacheArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(CacheArguments &&arguments)
 {
-    return std::make_unique<CacheSubcommand>();
+    return std::make_unique<CacheSubcommand>(std::move(arguments));
 }

@@ -28,6 +28,8 @@ namespace
 class CheckSubcommand : public Subcommand<CheckArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         if (!explain.empty())
@@ -219,7 +221,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<CheckArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(CheckArguments &&arguments)
 {
-    return std::make_unique<CheckSubcommand>();
+    return std::make_unique<CheckSubcommand>(std::move(arguments));
 }

@@ -13,6 +13,8 @@ namespace
 class ExplainSubcommand : public Subcommand<ExplainArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         if (code.empty()) {
@@ -45,7 +47,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<ExplainArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(ExplainArguments &&arguments)
 {
-    return std::make_unique<ExplainSubcommand>();
+    return std::make_unique<ExplainSubcommand>(std::move(arguments));
 }

@@ -79,6 +79,8 @@ QString ListFault(Attributes &of)
 class GitSubcommand : public Subcommand<GitArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         if (isInstall)
@@ -168,7 +170,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<GitArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(GitArguments &&arguments)
 {
-    return std::make_unique<GitSubcommand>();
+    return std::make_unique<GitSubcommand>(std::move(arguments));
 }

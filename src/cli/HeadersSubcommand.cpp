@@ -15,6 +15,8 @@ namespace
 class HeadersSubcommand : public Subcommand<HeadersArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         const QString path = AbsolutePath(project);
@@ -77,7 +79,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<HeadersArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(HeadersArguments &&arguments)
 {
-    return std::make_unique<HeadersSubcommand>();
+    return std::make_unique<HeadersSubcommand>(std::move(arguments));
 }

@@ -15,6 +15,8 @@ namespace
 class IdsSubcommand : public Subcommand<IdsArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         const QString path = AbsolutePath(project);
@@ -141,7 +143,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<IdsArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(IdsArguments &&arguments)
 {
-    return std::make_unique<IdsSubcommand>();
+    return std::make_unique<IdsSubcommand>(std::move(arguments));
 }

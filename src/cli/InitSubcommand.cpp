@@ -25,11 +25,13 @@ QString ShellWord(const QString &text)
 class InitSubcommand : public Subcommand<InitArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         NewProjectChoice choice;
         choice.folder = AbsolutePath(folder);
-        choice.name = hasName ? QString::fromStdString(name) : FileName(choice.folder);
+        choice.name = name.empty() ? FileName(choice.folder) : QString::fromStdString(name);
         choice.git = git == "text" ? GitForm::Text : git == "none" ? GitForm::None : GitForm::Safe;
         choice.hasBuild = hasBuild;
         if (!HasRightWords(session, choice))
@@ -59,7 +61,7 @@ private:
     [[nodiscard]] bool HasRightWords(Session &session, NewProjectChoice &choice) const
     {
         if (const QString why = WhyNotProjectName(choice.name, choice.hasBuild); !why.isEmpty()) {
-            Complain(why + (hasName ? QString() : u"; choose one with --name"_s));
+            Complain(why + (name.empty() ? u"; choose one with --name"_s : QString()));
             return false;
         }
         session.tables.LoadOnce(session.env);
@@ -131,7 +133,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<InitArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(InitArguments &&arguments)
 {
-    return std::make_unique<InitSubcommand>();
+    return std::make_unique<InitSubcommand>(std::move(arguments));
 }

@@ -22,6 +22,8 @@ struct InspectedFile
 class InspectSubcommand : public Subcommand<InspectArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         if (diff && fileB.empty()) {
@@ -117,7 +119,8 @@ private:
         if (!extractTo.isEmpty()) {
             const QString wrong = ExtractAll(session.env, result, extractTo, written);
             if (!wrong.isEmpty()) {
-                Complain(QString::fromStdString(file) + QStringLiteral(": ") + wrong);
+                if (WhyCutShort(result).isEmpty()) // otherwise the caller says so
+                    Complain(QString::fromStdString(file) + QStringLiteral(": ") + wrong);
                 return EXIT_FAILED;
             }
         }
@@ -169,7 +172,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<InspectArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(InspectArguments &&arguments)
 {
-    return std::make_unique<InspectSubcommand>();
+    return std::make_unique<InspectSubcommand>(std::move(arguments));
 }

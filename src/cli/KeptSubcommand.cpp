@@ -10,6 +10,8 @@ namespace
 class KeptSubcommand : public Subcommand<KeptArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         const QString path = AbsolutePath(project);
@@ -49,7 +51,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<KeptArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(KeptArguments &&arguments)
 {
-    return std::make_unique<KeptSubcommand>();
+    return std::make_unique<KeptSubcommand>(std::move(arguments));
 }

@@ -13,6 +13,8 @@ namespace
 class LayoutsSubcommand : public Subcommand<LayoutsArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         const QString path = AbsolutePath(project);
@@ -98,7 +100,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<LayoutsArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(LayoutsArguments &&arguments)
 {
-    return std::make_unique<LayoutsSubcommand>();
+    return std::make_unique<LayoutsSubcommand>(std::move(arguments));
 }

@@ -10,6 +10,8 @@ namespace
 class LoadSubcommand : public Subcommand<LoadArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         const CommandRecord record{AbsolutePath(project)};
@@ -25,7 +27,7 @@ public:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<LoadArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(LoadArguments &&arguments)
 {
-    return std::make_unique<LoadSubcommand>();
+    return std::make_unique<LoadSubcommand>(std::move(arguments));
 }

@@ -11,6 +11,8 @@ namespace
 class MergeSubcommand : public Subcommand<MergeArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         std::array<QByteArray, MERGE_SIDES> files;
@@ -54,7 +56,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<MergeArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(MergeArguments &&arguments)
 {
-    return std::make_unique<MergeSubcommand>();
+    return std::make_unique<MergeSubcommand>(std::move(arguments));
 }

@@ -20,6 +20,8 @@ namespace
 class PackSubcommand : public Subcommand<PackArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         if (!HasRightWords())
@@ -161,7 +163,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<PackArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(PackArguments &&arguments)
 {
-    return std::make_unique<PackSubcommand>();
+    return std::make_unique<PackSubcommand>(std::move(arguments));
 }

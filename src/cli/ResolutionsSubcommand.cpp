@@ -8,6 +8,8 @@ namespace
 class ResolutionsSubcommand : public Subcommand<ResolutionsArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         session.tables.LoadOnce(session.env);
@@ -20,7 +22,7 @@ public:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<ResolutionsArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(ResolutionsArguments &&arguments)
 {
-    return std::make_unique<ResolutionsSubcommand>();
+    return std::make_unique<ResolutionsSubcommand>(std::move(arguments));
 }

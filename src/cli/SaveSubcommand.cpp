@@ -10,6 +10,8 @@ namespace
 class SaveSubcommand : public Subcommand<SaveArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         const QString path = AbsolutePath(project);
@@ -34,7 +36,7 @@ public:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<SaveArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(SaveArguments &&arguments)
 {
-    return std::make_unique<SaveSubcommand>();
+    return std::make_unique<SaveSubcommand>(std::move(arguments));
 }

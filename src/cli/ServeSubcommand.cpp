@@ -65,6 +65,8 @@ private:
 class ServeSubcommand : public Subcommand<ServeArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         const FileHandle ending = EndSignals();
@@ -116,7 +118,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<ServeArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(ServeArguments &&arguments)
 {
-    return std::make_unique<ServeSubcommand>();
+    return std::make_unique<ServeSubcommand>(std::move(arguments));
 }

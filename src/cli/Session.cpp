@@ -19,8 +19,8 @@ QString AbsolutePath(const std::string &typed)
         return path;
     if (!IsRelativePath(path))
         return CanonicalPath(path);
-    if (const QString why = WhyNotUsable(CurrentFolderBytes()); !why.isEmpty()) {
-        Complain(why);
+    if (const std::string why = WhyNotUsable(CurrentFolderBytes().toStdString()); !why.empty()) {
+        ComplainUtf8(why);
         _exit(FinalStatus(EXIT_WRONG_USE));
     }
     return CanonicalPath(CurrentFolder() + u'/' + path);

@@ -13,6 +13,8 @@ namespace
 class StringsAddLanguageSubcommand : public Subcommand<StringsAddLanguageArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         ProjectEdit edit(session, AbsolutePath(project), dryRun);
@@ -46,7 +48,7 @@ public:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsAddLanguageArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(StringsAddLanguageArguments &&arguments)
 {
-    return std::make_unique<StringsAddLanguageSubcommand>();
+    return std::make_unique<StringsAddLanguageSubcommand>(std::move(arguments));
 }

@@ -12,6 +12,8 @@ namespace
 class StringsCatSubcommand : public Subcommand<StringsCatArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         const QString path = AbsolutePath(file);
@@ -27,7 +29,7 @@ public:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsCatArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(StringsCatArguments &&arguments)
 {
-    return std::make_unique<StringsCatSubcommand>();
+    return std::make_unique<StringsCatSubcommand>(std::move(arguments));
 }

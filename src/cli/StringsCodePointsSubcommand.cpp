@@ -14,6 +14,8 @@ namespace
 class StringsCodePointsSubcommand : public Subcommand<StringsCodePointsArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         if (!ReadScreenSizes(resolutions, screens))
@@ -71,7 +73,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsCodePointsArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(StringsCodePointsArguments &&arguments)
 {
-    return std::make_unique<StringsCodePointsSubcommand>();
+    return std::make_unique<StringsCodePointsSubcommand>(std::move(arguments));
 }

@@ -232,7 +232,7 @@ int StringsExportSubcommand::ExportWorkbook(Session &session, CResDoc &document)
     return session.StatusAfter(result.code == 0 && session.env.ErrorCount == 0 ? EXIT_FINE : EXIT_FAILED);
 }
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsExportArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(StringsExportArguments &&arguments)
 {
-    return std::make_unique<StringsExportSubcommand>();
+    return std::make_unique<StringsExportSubcommand>(std::move(arguments));
 }

@@ -10,6 +10,8 @@
 class StringsExportSubcommand : public Subcommand<StringsExportArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override;
 
 private:

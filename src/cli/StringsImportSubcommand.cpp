@@ -225,7 +225,7 @@ int StringsImportSubcommand::ImportTranslations(Session &session, CResDoc &docum
     });
 }
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsImportArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(StringsImportArguments &&arguments)
 {
-    return std::make_unique<StringsImportSubcommand>();
+    return std::make_unique<StringsImportSubcommand>(std::move(arguments));
 }

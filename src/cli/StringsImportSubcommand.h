@@ -9,6 +9,8 @@
 class StringsImportSubcommand : public Subcommand<StringsImportArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override;
 
 private:

@@ -17,6 +17,8 @@ constexpr qsizetype PIECE = 1 << 20; // bytes; more are printed in pieces
 class StringsListSubcommand : public Subcommand<StringsListArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         const CResDoc *const document = session.OpenQuietly(AbsolutePath(project));
@@ -113,9 +115,9 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsListArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(StringsListArguments &&arguments)
 {
-    return std::make_unique<StringsListSubcommand>();
+    return std::make_unique<StringsListSubcommand>(std::move(arguments));
 }
 
 std::optional<std::vector<KnownLanguage>> ChosenLanguages(const CResModel &model,

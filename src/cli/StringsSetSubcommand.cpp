@@ -14,6 +14,8 @@ namespace
 class StringsSetSubcommand : public Subcommand<StringsSetArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         if (languages.size() != texts.size()) {
@@ -92,7 +94,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsSetArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(StringsSetArguments &&arguments)
 {
-    return std::make_unique<StringsSetSubcommand>();
+    return std::make_unique<StringsSetSubcommand>(std::move(arguments));
 }

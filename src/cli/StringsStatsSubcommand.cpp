@@ -10,6 +10,8 @@ namespace
 class StringsStatsSubcommand : public Subcommand<StringsStatsArguments>
 {
 public:
+    using Subcommand::Subcommand;
+
     int Run(Session &session) override
     {
         const CResDoc *const document = session.OpenQuietly(AbsolutePath(project));
@@ -66,7 +68,7 @@ private:
 
 } // namespace
 
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsStatsArguments>()
+std::unique_ptr<ISubcommand> MakeSubcommand(StringsStatsArguments &&arguments)
 {
-    return std::make_unique<StringsStatsSubcommand>();
+    return std::make_unique<StringsStatsSubcommand>(std::move(arguments));
 }

@@ -7,7 +7,6 @@
 #include "CompletionSources.h"
 #include "Session.h"
 #include "SignalCleanup.h"
-#include "TypedText.h"
 
 #include <QFileInfo>
 
@@ -36,28 +35,19 @@ int Describe(const CLI::App &app)
     return output.IsBroken() ? EXIT_FAILED : EXIT_FINE;
 }
 
-int ParseAndRun(int argc, char **argv)
+/// Runs what the words ask for. Returns the exit status, or ends the program with it.
+int Run(CommandLineParser &parser, int argc, char **argv)
 {
     const CommandWords words(argc, argv);
-    const std::vector<std::unique_ptr<ISubcommand>> subcommands = MakeSubcommands<AllArguments>();
-    ISubcommand *chosen = nullptr;
-    CommandLineParser parser([&](CLI::App &program) {
-        for (const auto &subcommand : subcommands)
-            subcommand->Add(program, words)->callback([&chosen, &subcommand] { chosen = subcommand.get(); });
-    });
     if (words.BeginWith(COMPLETE_WORD))
         return Complete(parser.Program(), argc, argv);
     if (words.BeginWith(DESCRIBE_WORD))
         return Describe(parser.Program());
 
-    for (int i = 1; i < argc; ++i) {
-        if (const QString why = WhyNotUsable(argv[i]); !why.isEmpty()) {
-            Complain(why);
-            return FinalStatus(EXIT_WRONG_USE);
-        }
-    }
-    if (const std::optional<int> status = parser.Parse(argc, argv))
-        return *status;
+    // The program has copies of its own of what these set.
+    SetColorMode(parser.color);
+    if (parser.isMerge)
+        SetMergeStatus();
     const QString settings = AbsolutePath(parser.settings.value_or(std::string()));
     if (parser.settings && !QFileInfo(settings).isDir()) {
         Complain(
@@ -67,7 +57,7 @@ int ParseAndRun(int argc, char **argv)
     SignalCleanup::Install(); // `serve` blocks the signals and reads them itself
     Session session(QString::fromStdString(parser.debugLog), settings, parser.isVerbose);
     session.report.hasOnlyProblems = parser.isQuiet;
-    int status = chosen->Run(session);
+    int status = MakeChosen(parser.commands)->Run(session);
     session.report.Flush();
     if (session.report.IsBroken())
         status = EXIT_FAILED;
@@ -78,13 +68,20 @@ int ParseAndRun(int argc, char **argv)
 
 } // namespace
 
-/// Runs the whole program. Returns the exit status.
-extern "C" __attribute__((visibility("default"))) int MorvaniteRun(int argc, char **argv)
+/// Does what the program can't do alone. `release` is that of the program, whose parser has parsed the words. Returns
+/// the exit status.
+extern "C" __attribute__((visibility("default"))) int MorvaniteRun(const char *release, CommandLineParser &parser,
+                                                                   int argc, char **argv)
 {
+    if (std::string_view(release) != MORVANITE_VERSION) { // the parser may have other members
+        ComplainUtf8(std::string("libmorvanite-commands.so is of release " MORVANITE_VERSION ", but the program of ") +
+                     release + "; install both from one package");
+        return FinalStatus(EXIT_FAILED);
+    }
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN); // a file that grows beyond the limit is an error like any other
     try {
-        return ParseAndRun(argc, argv);
+        return Run(parser, argc, argv);
     } catch (const std::bad_alloc &) {
         Complain(QStringLiteral("out of memory"));
         return FinalStatus(EXIT_FAILED);

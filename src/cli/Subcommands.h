@@ -7,62 +7,60 @@
 
 class Session;
 
-/// A subcommand of morvanite-cli. Adds itself and its options to the command line, and runs.
+/// A subcommand of morvanite-cli, with its options and arguments.
 class ISubcommand
 {
 public:
     virtual ~ISubcommand() = default;
-    /// Adds the subcommand and, if the words name it, its options, which are bound to this object.
-    virtual CLI::App *Add(CLI::App &app, const CommandWords &words) = 0;
-    /// Runs with the options of the command line. Returns the exit status.
+    /// Returns the exit status.
     virtual int Run(Session &session) = 0;
 };
 
-/// A subcommand whose options are the members of `Arguments`, which adds them to the command line.
+/// A subcommand whose options and arguments are the members of `Arguments`.
 template <typename Arguments> class Subcommand : public ISubcommand, protected Arguments
 {
 public:
-    CLI::App *Add(CLI::App &app, const CommandWords &words) final { return Arguments::Add(app, words); }
+    explicit Subcommand(Arguments &&arguments) : Arguments(std::move(arguments)) {}
 };
 
-/// Makes the subcommand that has these arguments. Each has a specialization.
-template <typename Arguments> std::unique_ptr<ISubcommand> MakeSubcommand();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<InitArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<AddArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<LoadArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<SaveArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<HeadersArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<PackArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<CheckArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<ExplainArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<IdsArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<InspectArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsExportArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsImportArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsStatsArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsCodePointsArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsCatArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsListArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsSetArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<StringsAddLanguageArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<MergeArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<GitArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<LayoutsArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<KeptArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<CacheArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<ResolutionsArguments>();
-template <> std::unique_ptr<ISubcommand> MakeSubcommand<ServeArguments>();
+/// Makes the subcommand that has these arguments.
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(InitArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(AddArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(LoadArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(SaveArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(HeadersArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(PackArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(CheckArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(ExplainArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(IdsArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(InspectArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(StringsArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(StringsExportArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(StringsImportArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(StringsStatsArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(StringsCodePointsArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(StringsCatArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(StringsListArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(StringsSetArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(StringsAddLanguageArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(MergeArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(GitArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(LayoutsArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(KeptArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(CacheArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(ResolutionsArguments &&arguments);
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeSubcommand(ServeArguments &&arguments);
 
-/// Makes the subcommands that have these arguments, a std::tuple, in the same order.
-template <typename AllOfThem, size_t... Index>
-[[nodiscard]] std::vector<std::unique_ptr<ISubcommand>> MakeSubcommands(std::index_sequence<Index...> /*places*/)
+/// Makes the subcommand that the words name.
+template <typename... Arguments>
+[[nodiscard]] std::unique_ptr<ISubcommand> MakeChosen(CommandChoice<Arguments...> &commands)
 {
-    std::vector<std::unique_ptr<ISubcommand>> made;
-    (made.push_back(MakeSubcommand<std::tuple_element_t<Index, AllOfThem>>()), ...);
+    std::unique_ptr<ISubcommand> made;
+    size_t index = 0;
+    const auto make = [&](auto &arguments) {
+        if (index++ == commands.chosen)
+            made = MakeSubcommand(std::move(arguments));
+    };
+    std::apply([&](auto &...arguments) { (make(arguments), ...); }, commands.all);
     return made;
-}
-template <typename AllOfThem> [[nodiscard]] std::vector<std::unique_ptr<ISubcommand>> MakeSubcommands()
-{
-    return MakeSubcommands<AllOfThem>(std::make_index_sequence<std::tuple_size_v<AllOfThem>>());
 }

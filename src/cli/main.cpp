@@ -2,7 +2,6 @@
 // The program itself. It has the parser, so help and messages about wrong words need nothing else and come quickly.
 // What the commands do is in libmorvanite-commands.so beside it, with the libraries that it needs.
 
-#include "AllArguments.h"
 #include "CommandLineCompletion.h"
 #include "CommandLineParser.h"
 #include "ExitStatus.h"
@@ -20,7 +19,7 @@ namespace
 {
 
 constexpr char LIBRARY[] = "libmorvanite-commands.so";
-using RunFunction = int (*)(int, char **);
+using RunFunction = int (*)(const char *, CommandLineParser &, int, char **);
 
 /// Gets the path of the library beside the program. Returns false if the path is too long.
 bool FindLibrary(char (&path)[PATH_MAX])
@@ -37,23 +36,13 @@ bool FindLibrary(char (&path)[PATH_MAX])
 }
 
 /// Opens /dev/null for each standard file that is closed; otherwise the next file that is opened would get its number.
+/// It is opened so that reading from the input and writing to the outputs fail, as they do if the file is closed.
 void FillClosedFiles()
 {
     for (int fd = STDIN_FILENO; fd <= STDERR_FILENO; ++fd) {
-        if (fcntl(fd, F_GETFD) == -1 && open("/dev/null", O_RDWR) == -1)
+        if (fcntl(fd, F_GETFD) == -1 && open("/dev/null", fd == STDIN_FILENO ? O_WRONLY : O_RDONLY) == -1)
             return;
     }
-}
-
-/// Whether the parser can be asked here. The library shows words of other characters, or refuses them.
-bool HasOnlyAscii(int argc, char **argv)
-{
-    bool isAscii = true;
-    for (int i = 1; i < argc; ++i) {
-        for (const char *c = argv[i]; *c; ++c)
-            isAscii = isAscii && static_cast<unsigned char>(*c) < 0x80;
-    }
-    return isAscii;
 }
 
 /// Prints the candidates for the last word. Returns nothing, and prints nothing, if the library has to list them.
@@ -69,16 +58,11 @@ std::optional<int> Complete(const CLI::App &program, int argc, char **argv)
 }
 
 /// Does what needs no library. Returns the exit status, or nothing if the library has to run.
-std::optional<int> RunAlone(int argc, char **argv)
+std::optional<int> RunAlone(CommandLineParser &parser, int argc, char **argv)
 {
     const CommandWords words(argc, argv);
-    if (!HasOnlyAscii(argc, argv) || words.BeginWith(DESCRIBE_WORD))
+    if (words.BeginWith(DESCRIBE_WORD))
         return std::nullopt;
-    // Static, so that a program that ends with _exit doesn't destroy them, which would take a fifth of its time.
-    static AllArguments arguments;
-    static CommandLineParser parser([&](CLI::App &program) {
-        std::apply([&](auto &...command) { (command.Add(program, words), ...); }, arguments);
-    });
     return words.BeginWith(COMPLETE_WORD) ? Complete(parser.Program(), argc, argv) : parser.Parse(argc, argv);
 }
 
@@ -88,7 +72,9 @@ int main(int argc, char **argv)
 {
     FillClosedFiles();
     std::signal(SIGPIPE, SIG_IGN);
-    if (const std::optional<int> status = RunAlone(argc, argv))
+    // Static, so that a program that ends with _exit doesn't destroy it, which would take a fifth of its time.
+    static CommandLineParser parser(CommandWords(argc, argv));
+    if (const std::optional<int> status = RunAlone(parser, argc, argv))
         _exit(*status); // everything is written
     char path[PATH_MAX];
     void *const library = FindLibrary(path) ? dlopen(path, RTLD_LAZY | RTLD_LOCAL) : nullptr;
@@ -97,5 +83,5 @@ int main(int argc, char **argv)
         fprintf(stderr, "morvanite-cli: %s must be beside the program: %s\n", LIBRARY, dlerror());
         return FinalStatus(EXIT_FAILED);
     }
-    return reinterpret_cast<RunFunction>(run)(argc, argv);
+    return reinterpret_cast<RunFunction>(run)(MORVANITE_VERSION, parser, argc, argv);
 }

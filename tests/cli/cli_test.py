@@ -10,7 +10,7 @@ import struct
 import threading
 import unittest
 
-from demo import LOADED, DemoProject
+from demo import CLI, LOADED, DemoProject
 
 
 class Cli(DemoProject):
@@ -155,11 +155,15 @@ class Cli(DemoProject):
         for arguments, meant in ((('lod',), "'load'"), (('chek', self.project), "'check'"), (('hlep',), "'help'"),
                                  (('strings', 'exprot'), "'export'"), (('pack', self.project, '--ouput', 'x'), "'--output'"),
                                  (('check', '--format', 'jsn'), "'json'"), (('--setings=x', 'load'), "'--settings'"),
+                                 (('LOAD',), "'load'"), (('load', '--QUIET'), "'--quiet'"),
+                                 (('strings', 'export', '--format', 'xlf'), "'xliff'"), (('--', 'load', 'x'), None),
                                  (('ids', '--', '-x', '--jsn'), None), (('build',), None), (('check', '--format', 'x'), None)):
             status, _, err = self.run_cli(*arguments)
             self.assertEqual((status, 'did you mean' in err), (2, meant is not None), arguments)
             self.assertIn(meant or '', err)
         self.assertIn('text, json or sarif', err)
+        for option in ('--jobs', '--cache', '--output'):
+            self.assertEqual(self.run_cli(*self.to_pack, option, ''), (2, '', f'morvanite-cli: the value of {option} is empty\n'))
         self.assertEqual(self.run_cli('help', 'strings', 'export')[:2], self.run_cli('strings', 'export', '--help')[:2])
         self.assertEqual(self.run_cli('help')[:2], self.run_cli('--help')[:2])
         self.assertEqual(self.run_cli('help', 'pack', 'x')[0], 2)
@@ -288,6 +292,18 @@ class Cli(DemoProject):
             status, _, err = self.run_cli('load', self.project, stdout=full)
         self.assertEqual(status, 1)
         self.assertIn('cannot write the output', err)
+        for words in (('ids', self.project), ('--help',), ('inspect', 'arm/app.res')):
+            closed = ('sh', '-c', 'exec "$0" "$@" >&-', CLI, *words)
+            status, _, err = self.run_program(*closed)
+            self.assertEqual(status, 1, words)
+            self.assertIn('cannot write the output', err)
+
+    def test_numbers_of_the_settings_out_of_range_are_told(self):
+        folder = self.dir / 'settings/morvanite'
+        folder.mkdir(parents=True)
+        (folder / 'Morvanite.ini').write_text('[Pack]\njobs=99\n')
+        status, _, err = self.run_cli(*self.to_pack, '--settings', self.dir / 'settings')
+        self.assertEqual((status, err.count('jobs=99'), err.count('it counts as 64')), (0, 1, 1), err)
 
     def test_a_running_server_executes_commands_and_ends_on_sigterm(self):
         status, out, err = self.run_cli('load', self.project, '--remote')

@@ -36,8 +36,8 @@ int main(int argc, char **argv)
     for (int i = 1; i < argc; ++i) {
         if (const std::optional<int> status = AnswerWithoutWindow(argv[i]))
             return *status;
-        if (const QString why = WhyNotUsable(argv[i]); !why.isEmpty()) {
-            std::fprintf(stderr, "morvanite: %s\n", qUtf8Printable(why));
+        if (const std::string why = WhyNotUsable(argv[i]); !why.empty()) {
+            std::fprintf(stderr, "morvanite: %s\n", why.c_str());
             return 2;
         }
     }

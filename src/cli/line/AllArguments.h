@@ -9,6 +9,6 @@
 
 /// The options and arguments of every command, in the order of the help. `help` itself follows them.
 using AllArguments =
-    std::tuple<InitArguments, AddArguments, LoadArguments, SaveArguments, HeadersArguments, PackArguments,
-               CheckArguments, ExplainArguments, IdsArguments, InspectArguments, StringsArguments, MergeArguments,
-               GitArguments, LayoutsArguments, KeptArguments, CacheArguments, ResolutionsArguments, ServeArguments>;
+    CommandChoice<InitArguments, AddArguments, LoadArguments, SaveArguments, HeadersArguments, PackArguments,
+                  CheckArguments, ExplainArguments, IdsArguments, InspectArguments, StringsArguments, MergeArguments,
+                  GitArguments, LayoutsArguments, KeptArguments, CacheArguments, ResolutionsArguments, ServeArguments>;

@@ -5,7 +5,7 @@
 
 CLI::App *CheckArguments::Add(CLI::App &app, const CommandWords &words)
 {
-    CLI::App *subcommand = app.add_subcommand("check", "Check a project for faults in its texts, files and layouts");
+    CLI::App *subcommand = app.add_subcommand(NAME, "Check a project for faults in its texts, files and layouts");
     if (!words.Name(*subcommand))
         return subcommand;
     CLI::Option *projectOption =
@@ -37,7 +37,7 @@ CLI::App *CheckArguments::Add(CLI::App &app, const CommandWords &words)
 
 CLI::App *ExplainArguments::Add(CLI::App &app, const CommandWords &words)
 {
-    CLI::App *subcommand = app.add_subcommand("explain", "Explain an error code or a rule of the check, or list all");
+    CLI::App *subcommand = app.add_subcommand(NAME, "Explain an error code or a rule of the check, or list all");
     if (!words.Name(*subcommand))
         return subcommand;
     subcommand->add_option("CODE", code, "The number of an error, the code of a finding, or a rule")->type_name("");

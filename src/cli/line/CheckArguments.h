@@ -8,6 +8,7 @@
 /// The options and arguments of `check`.
 struct CheckArguments
 {
+    static constexpr char NAME[] = "check";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
@@ -26,6 +27,7 @@ struct CheckArguments
 /// The options and arguments of `explain`.
 struct ExplainArguments
 {
+    static constexpr char NAME[] = "explain";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string code;

@@ -5,8 +5,9 @@
 #include "CommandLineWalk.h"
 #include "ExitStatus.h"
 #include "Messages.h"
-#include "SharedArguments.h"
+#include "TypedText.h"
 
+#include <algorithm>
 #include <unistd.h>
 
 namespace
@@ -52,6 +53,22 @@ bool NamesMerge(const CLI::App &app, const std::vector<std::string> &words)
     return walk.Command().get_name() == MERGE;
 }
 
+/// Returns the first option of the parsed command that has an empty value; null if there is none. An empty argument can
+/// be right, such as a text.
+const CLI::Option *FindEmpty(const CLI::App &app)
+{
+    for (const CLI::App *command : app.get_subcommands()) {
+        for (const CLI::Option *option : CommandLine::OptionsOf(*command)) {
+            const std::vector<std::string> &values = option->results();
+            if (std::find(values.begin(), values.end(), std::string()) != values.end())
+                return option;
+        }
+        if (const CLI::Option *const option = FindEmpty(*command))
+            return option;
+    }
+    return nullptr;
+}
+
 int StatusOf(bool isPrinted)
 {
     return isPrinted ? int(EXIT_FINE) : FinalStatus(EXIT_FAILED);
@@ -59,7 +76,7 @@ int StatusOf(bool isPrinted)
 
 } // namespace
 
-CommandLineParser::CommandLineParser(const std::function<void(CLI::App &program)> &addCommands)
+CommandLineParser::CommandLineParser(const CommandWords &words)
     : app(std::make_unique<CLI::App>("Manage, number and pack the resources of applications for small devices",
                                      "morvanite-cli"))
 {
@@ -77,7 +94,7 @@ CommandLineParser::CommandLineParser(const std::function<void(CLI::App &program)
     AddChoice(*app, "--color", color, "auto|always|never", "When messages have colours (default: auto)");
     app->require_subcommand(1);
     app->fallthrough();
-    addCommands(*app);
+    commands.Add(*app, words);
     help = app->add_subcommand("help", "Show the commands, or the options of a command");
     help->add_option("COMMAND", helpWords, "A command, such as pack or strings import")->type_name("");
 }
@@ -86,8 +103,15 @@ CommandLineParser::~CommandLineParser() = default;
 
 std::optional<int> CommandLineParser::Parse(int argc, const char *const *argv)
 {
-    if (NamesMerge(*app, {argv + 1, argv + argc}))
+    isMerge = NamesMerge(*app, {argv + 1, argv + argc});
+    if (isMerge)
         SetMergeStatus();
+    for (int i = 1; i < argc; ++i) {
+        if (const std::string why = WhyNotUsable(argv[i]); !why.empty()) {
+            ComplainUtf8(why);
+            return FinalStatus(EXIT_WRONG_USE);
+        }
+    }
     try {
         app->parse(argc, argv);
     } catch (const CLI::CallForHelp &) {
@@ -99,6 +123,10 @@ std::optional<int> CommandLineParser::Parse(int argc, const char *const *argv)
         return FinalStatus(EXIT_WRONG_USE);
     }
     SetColorMode(color);
+    if (const CLI::Option *const option = FindEmpty(*app)) {
+        ComplainUtf8("the value of " + CommandLine::NamesOf(*option).front() + " is empty");
+        return FinalStatus(EXIT_WRONG_USE);
+    }
     return help->parsed() ? std::optional(PrintHelpOfWords()) : std::nullopt;
 }
 

@@ -1,33 +1,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <functional>
+#include "AllArguments.h"
+
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
-namespace CLI
-{
-class App;
-} // namespace CLI
-
-/// Parses the command line of morvanite-cli. Has the options of the program and the command `help`; the other commands
-/// are added to it.
+/// Parses the command line of morvanite-cli, and has what it says: the options of the program, and the options and
+/// arguments of each command.
 class CommandLineParser
 {
 public:
-    /// `addCommands` adds all commands but `help` to the program.
-    explicit CommandLineParser(const std::function<void(CLI::App &program)> &addCommands);
+    explicit CommandLineParser(const CommandWords &words);
     ~CommandLineParser();
     CommandLineParser(const CommandLineParser &) = delete;
     CommandLineParser &operator=(const CommandLineParser &) = delete;
 
     [[nodiscard]] const CLI::App &Program() const { return *app; }
 
-    /// Parses the words after the program's name, and calls the callback of the command. Returns nothing if that
-    /// command is to be run. Returns the exit status if nothing is left to do: help or version are printed, or the
-    /// message about a wrong word.
+    /// Parses the words after the program's name. Returns nothing if the command that they name is to be run. Returns
+    /// the exit status if nothing is left to do: help or version are printed, or the message about a wrong word.
     [[nodiscard]] std::optional<int> Parse(int argc, const char *const *argv);
 
     // The options of the program.
@@ -36,6 +30,9 @@ public:
     bool isQuiet = false;
     bool isVerbose = false;
     std::string color;
+
+    AllArguments commands;
+    bool isMerge = false; ///< whether the words name the command that git runs
 
 private:
     [[nodiscard]] int PrintHelpOfWords() const;

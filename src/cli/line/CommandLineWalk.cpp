@@ -32,14 +32,17 @@ void CommandLineWalk::Take(const std::string &word)
         awaiting = nullptr;
     } else if (!hasOptionsEnded && BeginsWithDash(word) && word != "-") {
         TakeOption(word);
-    } else if (const CLI::App *const command = FindCommand(word)) {
+    } else if (const CLI::App *const command = hasOptionsEnded ? nullptr : FindCommand(word)) {
         app = command;
         arguments = CommandLine::ArgumentsOf(*app);
     } else if (!arguments.empty()) {
         TakeValue(*arguments.front(), word);
         if (arguments.front()->get_items_expected_max() <= 1)
             arguments.erase(arguments.begin());
-    } else if (const auto commands = CommandLine::CommandsOf(*app); !commands.empty()) {
+    } else if (const auto commands = CommandLine::CommandsOf(*app); !commands.empty() && hasOptionsEnded) {
+        if (fault.empty())
+            fault = "'" + word + "' is behind \"--\", where only arguments are; put the command before it";
+    } else if (!commands.empty()) {
         std::vector<std::string> names;
         for (const CLI::App *known : commands)
             names.push_back(known->get_name());
@@ -81,7 +84,7 @@ void CommandLineWalk::TakeValue(const CLI::Option &option, const std::string &va
     const std::vector<std::string> choices = CommandLine::ChoicesOf(CommandLine::PlaceholderOf(option));
     if (choices.empty() || !fault.empty() || std::find(choices.begin(), choices.end(), value) != choices.end())
         return;
-    const std::string nearest = NearestWord(value, choices);
+    const std::string nearest = value == "xlf" ? "xliff" : NearestWord(value, choices); // the extension of XLIFF files
     fault = "'" + value + "' is no value of " + CommandLine::NamesOf(option).front() + "; " +
             (nearest.empty() ? "use " + CommandLine::Alternatives(choices) : "did you mean '" + nearest + "'?");
 }

@@ -5,7 +5,7 @@
 
 CLI::App *PackArguments::Add(CLI::App &app, const CommandWords &words)
 {
-    CLI::App *subcommand = app.add_subcommand("pack", "Pack a project's resources into a copy of an application file");
+    CLI::App *subcommand = app.add_subcommand(NAME, "Pack a project's resources into a copy of an application file");
     if (!words.Name(*subcommand))
         return subcommand;
     AddProject(*subcommand, project);
@@ -79,7 +79,7 @@ std::vector<CLI::Option *> PackArguments::AddSpeedOptions(CLI::App &subcommand)
 CLI::App *CacheArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *subcommand =
-        app.add_subcommand("cache", "Show or delete the converted pictures that packs keep in a folder");
+        app.add_subcommand(NAME, "Show or delete the converted pictures that packs keep in a folder");
     if (!words.Name(*subcommand))
         return subcommand;
     CLI::Option *statsFlag =
@@ -93,7 +93,7 @@ CLI::App *CacheArguments::Add(CLI::App &app, const CommandWords &words)
 
 CLI::App *InspectArguments::Add(CLI::App &app, const CommandWords &words)
 {
-    CLI::App *subcommand = app.add_subcommand("inspect", "Show the contents of a packed file, or compare two");
+    CLI::App *subcommand = app.add_subcommand(NAME, "Show the contents of a packed file, or compare two");
     if (!words.Name(*subcommand))
         return subcommand;
     subcommand->add_option("FILE", file, "A packed application, a side file or a DLL-side file")

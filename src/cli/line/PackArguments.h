@@ -10,6 +10,7 @@
 /// The options and arguments of `pack`.
 struct PackArguments
 {
+    static constexpr char NAME[] = "pack";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
@@ -40,6 +41,7 @@ private:
 /// The options and arguments of `cache`.
 struct CacheArguments
 {
+    static constexpr char NAME[] = "cache";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     bool stats = false;
@@ -51,6 +53,7 @@ struct CacheArguments
 /// The options and arguments of `inspect`.
 struct InspectArguments
 {
+    static constexpr char NAME[] = "inspect";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string file;

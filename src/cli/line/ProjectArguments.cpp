@@ -5,13 +5,11 @@
 
 CLI::App *InitArguments::Add(CLI::App &app, const CommandWords &words)
 {
-    CLI::App *subcommand = app.add_subcommand("init", "Make the files of a new project in a folder");
+    CLI::App *subcommand = app.add_subcommand(NAME, "Make the files of a new project in a folder");
     if (!words.Name(*subcommand))
         return subcommand;
     subcommand->add_option("DIR", folder, "The folder; it is made if it doesn't exist")->type_name("")->required();
-    subcommand->add_option("--name", name, "The project's name (default: the name of the folder)")
-        ->type_name("NAME")
-        ->each([this](const std::string &) { hasName = true; });
+    subcommand->add_option("--name", name, "The project's name (default: the name of the folder)")->type_name("NAME");
     subcommand->add_option("--resolution", resolutions, "A screen, such as 240x320; can be repeated")
         ->type_name("WxH")
         ->allow_extra_args(false)
@@ -29,16 +27,14 @@ CLI::App *InitArguments::Add(CLI::App &app, const CommandWords &words)
 
 CLI::App *AddArguments::Add(CLI::App &app, const CommandWords &words)
 {
-    CLI::App *subcommand = app.add_subcommand("add", "Add files to a project and save it");
+    CLI::App *subcommand = app.add_subcommand(NAME, "Add files to a project and save it");
     if (!words.Name(*subcommand))
         return subcommand;
     AddProject(*subcommand, project);
     subcommand->add_option("FILE", files, "A picture, a sound, a video or another file")->type_name("")->required();
     subcommand->add_option("--resolution", resolution, "The screen of the pictures (default: all screens)")
         ->type_name("WxH");
-    subcommand->add_option("--id", id, "The ID of a single file (default: from its name)")
-        ->type_name("ID")
-        ->each([this](const std::string &) { hasId = true; });
+    subcommand->add_option("--id", id, "The ID of a single file (default: from its name)")->type_name("ID");
     subcommand->add_flag("--push", isPush, "Give the files IDs of the type Push");
     subcommand->add_flag("--copy", canCopy, "Copy files that are outside of the project's folder into it");
     subcommand->add_flag("--dry-run", dryRun, SAVE_DRY_RUN_HELP);
@@ -47,7 +43,7 @@ CLI::App *AddArguments::Add(CLI::App &app, const CommandWords &words)
 
 CLI::App *LoadArguments::Add(CLI::App &app, const CommandWords &words)
 {
-    CLI::App *subcommand = app.add_subcommand("load", "Open a project and report its errors");
+    CLI::App *subcommand = app.add_subcommand(NAME, "Open a project and report its errors");
     if (!words.Name(*subcommand))
         return subcommand;
     AddProject(*subcommand, project);
@@ -58,7 +54,7 @@ CLI::App *LoadArguments::Add(CLI::App &app, const CommandWords &words)
 
 CLI::App *SaveArguments::Add(CLI::App &app, const CommandWords &words)
 {
-    CLI::App *subcommand = app.add_subcommand("save", "Number a project's IDs and save its headers and files");
+    CLI::App *subcommand = app.add_subcommand(NAME, "Number a project's IDs and save its headers and files");
     if (!words.Name(*subcommand))
         return subcommand;
     AddProject(*subcommand, project);
@@ -70,7 +66,7 @@ CLI::App *SaveArguments::Add(CLI::App &app, const CommandWords &words)
 CLI::App *HeadersArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *subcommand =
-        app.add_subcommand("headers", "Write a project's headers to a folder without changing the project");
+        app.add_subcommand(NAME, "Write a project's headers to a folder without changing the project");
     if (!words.Name(*subcommand))
         return subcommand;
     AddProject(*subcommand, project);
@@ -90,7 +86,7 @@ CLI::App *HeadersArguments::Add(CLI::App &app, const CommandWords &words)
 
 CLI::App *IdsArguments::Add(CLI::App &app, const CommandWords &words)
 {
-    CLI::App *subcommand = app.add_subcommand("ids", "List a project's IDs and their numbers, sorted by name");
+    CLI::App *subcommand = app.add_subcommand(NAME, "List a project's IDs and their numbers, sorted by name");
     if (!words.Name(*subcommand))
         return subcommand;
     AddProject(*subcommand, project);
@@ -105,7 +101,7 @@ CLI::App *IdsArguments::Add(CLI::App &app, const CommandWords &words)
 
 CLI::App *LayoutsArguments::Add(CLI::App &app, const CommandWords &words)
 {
-    CLI::App *subcommand = app.add_subcommand("layouts", "List a project's layouts and their components");
+    CLI::App *subcommand = app.add_subcommand(NAME, "List a project's layouts and their components");
     if (!words.Name(*subcommand))
         return subcommand;
     AddProject(*subcommand, project);
@@ -116,7 +112,7 @@ CLI::App *LayoutsArguments::Add(CLI::App &app, const CommandWords &words)
 
 CLI::App *KeptArguments::Add(CLI::App &app, const CommandWords &words)
 {
-    CLI::App *subcommand = app.add_subcommand("kept", "List or restore the copies of files that saves replaced");
+    CLI::App *subcommand = app.add_subcommand(NAME, "List or restore the copies of files that saves replaced");
     if (!words.Name(*subcommand))
         return subcommand;
     AddProject(*subcommand, project);
@@ -128,5 +124,5 @@ CLI::App *KeptArguments::Add(CLI::App &app, const CommandWords &words)
 
 CLI::App *ResolutionsArguments::Add(CLI::App &app, const CommandWords & /*words*/)
 {
-    return app.add_subcommand("resolutions", "List the screen sizes of the settings");
+    return app.add_subcommand(NAME, "List the screen sizes of the settings");
 }

@@ -8,11 +8,11 @@
 /// The options and arguments of `init`.
 struct InitArguments
 {
+    static constexpr char NAME[] = "init";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string folder;
     std::string name;
-    bool hasName = false; ///< whether --name is given
     std::vector<std::string> resolutions;
     std::vector<std::string> languages;
     std::string git = "safe";
@@ -23,13 +23,13 @@ struct InitArguments
 /// The options and arguments of `add`.
 struct AddArguments
 {
+    static constexpr char NAME[] = "add";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
     std::vector<std::string> files;
     std::string resolution;
     std::string id;
-    bool hasId = false; ///< whether --id is given
     bool isPush = false;
     bool canCopy = false;
     bool dryRun = false;
@@ -38,6 +38,7 @@ struct AddArguments
 /// The options and arguments of `load`.
 struct LoadArguments
 {
+    static constexpr char NAME[] = "load";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
@@ -48,6 +49,7 @@ struct LoadArguments
 /// The options and arguments of `save`.
 struct SaveArguments
 {
+    static constexpr char NAME[] = "save";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
@@ -58,6 +60,7 @@ struct SaveArguments
 /// The options and arguments of `headers`.
 struct HeadersArguments
 {
+    static constexpr char NAME[] = "headers";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
@@ -70,6 +73,7 @@ struct HeadersArguments
 /// The options and arguments of `ids`.
 struct IdsArguments
 {
+    static constexpr char NAME[] = "ids";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
@@ -80,6 +84,7 @@ struct IdsArguments
 /// The options and arguments of `layouts`.
 struct LayoutsArguments
 {
+    static constexpr char NAME[] = "layouts";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
@@ -90,6 +95,7 @@ struct LayoutsArguments
 /// The options and arguments of `kept`.
 struct KeptArguments
 {
+    static constexpr char NAME[] = "kept";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
     std::string project;
@@ -99,5 +105,6 @@ struct KeptArguments
 /// The options and arguments of `resolutions`.
 struct ResolutionsArguments
 {
+    static constexpr char NAME[] = "resolutions";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 };

@@ -23,3 +23,8 @@ void AddChoice(CLI::App &subcommand, const char *name, std::string &value, const
         ->check(CLI::IsMember(CommandLine::ChoicesOf(choices)).description(""))
         ->type_name(choices);
 }
+
+void NoteIfNamed(CLI::App &command, size_t index, size_t &chosen)
+{
+    command.callback([index, &chosen] { chosen = index; });
+}

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 namespace CLI
@@ -33,8 +34,8 @@ private:
 };
 
 // What the arguments of several commands have in common. The structures of the commands, such as LoadArguments, have
-// the values of their options and arguments. Their `Add` adds the command to the parser and, if the words name it,
-// binds its options to the object, which must stay where it is until the words are parsed.
+// their names, and the values of their options and arguments. Their `Add` adds the command to the parser and, if the
+// words name it, binds its options to the object, which must stay where it is until the words are parsed.
 
 inline constexpr char DEPFILE_HELP[] = "Write the list of files read, for make or ninja";
 inline constexpr char JSON_HELP[] = "Print JSON";
@@ -47,3 +48,27 @@ void AddProject(CLI::App &subcommand, std::string &project);
 
 /// Adds an option whose value is one of `choices`, which has "|" between them.
 void AddChoice(CLI::App &subcommand, const char *name, std::string &value, const char *choices, const char *help);
+
+/// Sets `chosen` to `index` if the words that are parsed name the command.
+void NoteIfNamed(CLI::App &command, size_t index, size_t &chosen);
+
+/// The options and arguments of several commands, of which the words name one.
+template <typename... Arguments> struct CommandChoice
+{
+    /// Adds the commands to the parser; only one if it is certainly meant, because the first word is its name. This
+    /// object must stay where it is until the words are parsed.
+    void Add(CLI::App &app, const CommandWords &words)
+    {
+        const bool isCertain = (words.BeginWith(Arguments::NAME) || ...);
+        size_t index = 0;
+        const auto add = [&](auto &command) {
+            if (!isCertain || words.BeginWith(command.NAME))
+                NoteIfNamed(*command.Add(app, words), index, chosen);
+            ++index;
+        };
+        std::apply([&](auto &...command) { (add(command), ...); }, all);
+    }
+
+    std::tuple<Arguments...> all;
+    size_t chosen = 0; ///< the index of the command that the words name
+};

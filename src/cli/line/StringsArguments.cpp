@@ -20,7 +20,7 @@ void AddProjectLanguages(CLI::App &subcommand, std::vector<std::string> &wanted)
 CLI::App *StringsExportArguments::Add(CLI::App &strings, const CommandWords &words)
 {
     CLI::App *const subcommand = strings.add_subcommand(
-        "export", "Write the string table to a workbook (.xls, .xlsx or .csv) or to translation files (.po, .xlf)");
+        NAME, "Write the string table to a workbook (.xls, .xlsx or .csv) or to translation files (.po, .xlf)");
     if (!words.Name(*subcommand))
         return subcommand;
     AddProject(*subcommand, project);
@@ -48,7 +48,7 @@ CLI::App *StringsExportArguments::Add(CLI::App &strings, const CommandWords &wor
 CLI::App *StringsImportArguments::Add(CLI::App &strings, const CommandWords &words)
 {
     CLI::App *const subcommand = strings.add_subcommand(
-        "import", "Fill the string table from a workbook, or from translation files, and save the project");
+        NAME, "Fill the string table from a workbook, or from translation files, and save the project");
     if (!words.Name(*subcommand))
         return subcommand;
     AddProject(*subcommand, project);
@@ -80,7 +80,7 @@ CLI::App *StringsImportArguments::Add(CLI::App &strings, const CommandWords &wor
 
 CLI::App *StringsStatsArguments::Add(CLI::App &strings, const CommandWords &words)
 {
-    CLI::App *subcommand = strings.add_subcommand("stats", "Count the texts of each language");
+    CLI::App *subcommand = strings.add_subcommand(NAME, "Count the texts of each language");
     if (!words.Name(*subcommand))
         return subcommand;
     AddProject(*subcommand, project);
@@ -90,7 +90,7 @@ CLI::App *StringsStatsArguments::Add(CLI::App &strings, const CommandWords &word
 
 CLI::App *StringsCodePointsArguments::Add(CLI::App &strings, const CommandWords &words)
 {
-    CLI::App *subcommand = strings.add_subcommand("codepoints", "List the characters that the texts use");
+    CLI::App *subcommand = strings.add_subcommand(NAME, "List the characters that the texts use");
     if (!words.Name(*subcommand))
         return subcommand;
     AddProject(*subcommand, project);
@@ -107,7 +107,7 @@ CLI::App *StringsCodePointsArguments::Add(CLI::App &strings, const CommandWords 
 
 CLI::App *StringsCatArguments::Add(CLI::App &strings, const CommandWords &words)
 {
-    CLI::App *subcommand = strings.add_subcommand("cat", "Print a string file as UTF-8, for git");
+    CLI::App *subcommand = strings.add_subcommand(NAME, "Print a string file as UTF-8, for git");
     if (!words.Name(*subcommand))
         return subcommand;
     subcommand->add_option("FILE", file, "The string file")->type_name("")->required();
@@ -116,7 +116,7 @@ CLI::App *StringsCatArguments::Add(CLI::App &strings, const CommandWords &words)
 
 CLI::App *StringsListArguments::Add(CLI::App &strings, const CommandWords &words)
 {
-    CLI::App *subcommand = strings.add_subcommand("list", "List the texts of a project");
+    CLI::App *subcommand = strings.add_subcommand(NAME, "List the texts of a project");
     if (!words.Name(*subcommand))
         return subcommand;
     AddProject(*subcommand, project);
@@ -128,7 +128,7 @@ CLI::App *StringsListArguments::Add(CLI::App &strings, const CommandWords &words
 
 CLI::App *StringsSetArguments::Add(CLI::App &strings, const CommandWords &words)
 {
-    CLI::App *subcommand = strings.add_subcommand("set", "Set texts of a string and save the project");
+    CLI::App *subcommand = strings.add_subcommand(NAME, "Set texts of a string and save the project");
     if (!words.Name(*subcommand))
         return subcommand;
     AddProject(*subcommand, project);
@@ -146,7 +146,7 @@ CLI::App *StringsSetArguments::Add(CLI::App &strings, const CommandWords &words)
 
 CLI::App *StringsAddLanguageArguments::Add(CLI::App &strings, const CommandWords &words)
 {
-    CLI::App *subcommand = strings.add_subcommand("add-language", "Add languages to a project and save it");
+    CLI::App *subcommand = strings.add_subcommand(NAME, "Add languages to a project and save it");
     if (!words.Name(*subcommand))
         return subcommand;
     AddProject(*subcommand, project);
@@ -155,18 +155,12 @@ CLI::App *StringsAddLanguageArguments::Add(CLI::App &strings, const CommandWords
     return subcommand;
 }
 
-CLI::App *StringsArguments::AddGroup(CLI::App &app)
-{
-    CLI::App *const subcommand =
-        app.add_subcommand("strings", "List, set, count, export or import the strings of a project");
-    subcommand->require_subcommand(1);
-    return subcommand;
-}
-
 CLI::App *StringsArguments::Add(CLI::App &app, const CommandWords &words)
 {
-    CLI::App *const subcommand = AddGroup(app);
+    CLI::App *const subcommand =
+        app.add_subcommand(NAME, "List, set, count, export or import the strings of a project");
+    subcommand->require_subcommand(1);
     if (words.Name(*subcommand))
-        std::apply([&](auto &...part) { (part.Add(*subcommand, words), ...); }, parts);
+        parts.Add(*subcommand, words);
     return subcommand;
 }

@@ -3,13 +3,12 @@
 
 #include "SharedArguments.h"
 
-#include <tuple>
-
 // The options and arguments of the commands for the string table.
 
 /// The options and arguments of `strings export`.
 struct StringsExportArguments
 {
+    static constexpr char NAME[] = "export";
     CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
@@ -23,6 +22,7 @@ struct StringsExportArguments
 /// The options and arguments of `strings import`.
 struct StringsImportArguments
 {
+    static constexpr char NAME[] = "import";
     CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
@@ -44,6 +44,7 @@ struct StringsImportArguments
 /// The options and arguments of `strings stats`.
 struct StringsStatsArguments
 {
+    static constexpr char NAME[] = "stats";
     CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
@@ -53,6 +54,7 @@ struct StringsStatsArguments
 /// The options and arguments of `strings codepoints`.
 struct StringsCodePointsArguments
 {
+    static constexpr char NAME[] = "codepoints";
     CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
@@ -64,6 +66,7 @@ struct StringsCodePointsArguments
 /// The options and arguments of `strings cat`.
 struct StringsCatArguments
 {
+    static constexpr char NAME[] = "cat";
     CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string file;
@@ -72,6 +75,7 @@ struct StringsCatArguments
 /// The options and arguments of `strings list`.
 struct StringsListArguments
 {
+    static constexpr char NAME[] = "list";
     CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
@@ -83,6 +87,7 @@ struct StringsListArguments
 /// The options and arguments of `strings set`.
 struct StringsSetArguments
 {
+    static constexpr char NAME[] = "set";
     CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
@@ -95,6 +100,7 @@ struct StringsSetArguments
 /// The options and arguments of `strings add-language`.
 struct StringsAddLanguageArguments
 {
+    static constexpr char NAME[] = "add-language";
     CLI::App *Add(CLI::App &strings, const CommandWords &words);
 
     std::string project;
@@ -105,13 +111,10 @@ struct StringsAddLanguageArguments
 /// The subcommands of `strings`.
 struct StringsArguments
 {
-    using Parts =
-        std::tuple<StringsExportArguments, StringsImportArguments, StringsStatsArguments, StringsCodePointsArguments,
-                   StringsCatArguments, StringsListArguments, StringsSetArguments, StringsAddLanguageArguments>;
-
-    /// Adds `strings` alone; the caller adds the parts.
-    static CLI::App *AddGroup(CLI::App &app);
+    static constexpr char NAME[] = "strings";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
-    Parts parts;
+    CommandChoice<StringsExportArguments, StringsImportArguments, StringsStatsArguments, StringsCodePointsArguments,
+                  StringsCatArguments, StringsListArguments, StringsSetArguments, StringsAddLanguageArguments>
+        parts;
 };

@@ -6,7 +6,7 @@
 CLI::App *MergeArguments::Add(CLI::App &app, const CommandWords &words)
 {
     CLI::App *subcommand =
-        app.add_subcommand("merge", "Merge two versions of a string file or of a resource list, for git");
+        app.add_subcommand(NAME, "Merge two versions of a string file or of a resource list, for git");
     if (!words.Name(*subcommand))
         return subcommand;
     const char *const helps[] = {"The version that both sides have changed; may be empty",
@@ -22,7 +22,7 @@ CLI::App *MergeArguments::Add(CLI::App &app, const CommandWords &words)
 
 CLI::App *GitArguments::Add(CLI::App &app, const CommandWords &words)
 {
-    CLI::App *subcommand = app.add_subcommand("git", "Let git merge string files and resource lists and show changes");
+    CLI::App *subcommand = app.add_subcommand(NAME, "Let git merge string files and resource lists and show changes");
     if (!words.Name(*subcommand))
         return subcommand;
     subcommand->require_subcommand(1);
@@ -35,7 +35,7 @@ CLI::App *GitArguments::Add(CLI::App &app, const CommandWords &words)
 
 CLI::App *ServeArguments::Add(CLI::App &app, const CommandWords &words)
 {
-    CLI::App *subcommand = app.add_subcommand("serve", "Run the commands of IDEs without a window, until SIGTERM");
+    CLI::App *subcommand = app.add_subcommand(NAME, "Run the commands of IDEs without a window, until SIGTERM");
     if (!words.Name(*subcommand))
         return subcommand;
     subcommand

@@ -265,7 +265,7 @@ int IdeCommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &recor
     parameters->depfile = packDepfile;
     parameters->headers = packHeaders;
     parameters->budget = packBudget;
-    parameters->options = PackOptionsOf(doc.env.settings);
+    parameters->options = PackOptionsOf(doc.env.settings, [&doc](const QString &text) { doc.env.Explain(text); });
     if (packOptions)
         packOptions(parameters->options);
     parameters->projectFiles = doc.ProjectFiles();

@@ -89,7 +89,11 @@ public:
             written.push_back(shown);
             return;
         }
+        const bool isSourceGone = errno == EFAULT;
         Fail(shown);
+        if (isSourceGone) // read, so that the view of the file notes that it was cut short
+            [[maybe_unused]]
+            const volatile char last = bytes.back();
         if (file.IsOpen()) // leave no incomplete file behind
             unlinkat(current.Get(), name.constData(), 0);
     }

@@ -5,6 +5,7 @@
 #include "ElfSections.h"
 #include "HostFiles.h"
 
+#include <cerrno>
 #include <cstring>
 
 namespace
@@ -133,7 +134,10 @@ QString ReadKind(InspectResult &result)
 QString InspectFile(const QString &path, InspectResult &result)
 {
     result = InspectResult();
-    if (const int error = result.file.Open(path, LARGEST_FILE))
+    const int error = result.file.Open(path, LARGEST_FILE);
+    if (error == EINVAL)
+        return QStringLiteral("it is a device or a pipe, but only a regular file can be inspected");
+    if (error != 0)
         return QStringLiteral("can't be read: ") + QString::fromLocal8Bit(std::strerror(error));
     const QString wrong = ReadKind(result);
     const QString cut = WhyCutShort(result);

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <functional>
+
 class Settings;
 
 /// How a pack works. All but `sorted` change only how long it takes: the files that it makes are the same.
@@ -16,5 +18,6 @@ struct PackOptions
     bool sorted = false;                   ///< the tables of the payload are in ascending order of their keys
 };
 
-/// The keys of the section "Pack" of the settings. A number out of its range becomes the nearest one in it.
-[[nodiscard]] PackOptions PackOptionsOf(const Settings &settings);
+/// The keys of the section "Pack" of the settings. A number out of its range becomes the nearest one in it, and `tell`
+/// gets a message about it.
+[[nodiscard]] PackOptions PackOptionsOf(const Settings &settings, const std::function<void(const QString &)> &tell);

@@ -22,6 +22,15 @@ template <typename Value> using NameMap = std::unordered_map<std::string, Value,
 
 std::string LowerUtf8(std::string_view name)
 {
+    std::string lower(name);
+    bool isAscii = true;
+    for (char &c : lower) {
+        isAscii = isAscii && (c & 0x80) == 0;
+        if (c >= 'A' && c <= 'Z')
+            c = char(c - 'A' + 'a');
+    }
+    if (isAscii) // nearly every name
+        return lower;
     return ToLowerSimple(QString::fromUtf8(name.data(), qsizetype(name.size()))).toStdString();
 }
 

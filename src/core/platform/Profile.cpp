@@ -50,13 +50,13 @@ Profile Profile::Parse(QByteArrayView bytes)
     }
     const qsizetype unit = profile.IsUtf16() ? 2 : 1;
     bytes.chop(bytes.size() % unit); // an incomplete unit at the end
+    profile.lines.reserve(bytes.count('\n') + 1);
     QString section;
     for (qsizetype at = profile.mark.size(); at < bytes.size();) {
-        qsizetype end = at;
-        while (end < bytes.size() &&
-               !(bytes[end] == '\n' && (unit == 1 || (end + 1 < bytes.size() && !bytes[end + 1]))))
-            end += unit;
-        end = std::min(end + unit, bytes.size());
+        qsizetype end = bytes.indexOf('\n', at);
+        while (unit == 2 && end >= 0 && ((end - at) % unit != 0 || bytes[end + 1] != 0))
+            end = bytes.indexOf('\n', end + 1);
+        end = end < 0 ? bytes.size() : end + unit;
         profile.AddLine(bytes.sliced(at, end - at), section);
         at = end;
     }
@@ -65,8 +65,7 @@ Profile Profile::Parse(QByteArrayView bytes)
 
 void Profile::AddLine(QByteArrayView raw, QString &section)
 {
-    QStringDecoder decode(IsUtf16() ? QStringDecoder::Utf16LE : QStringDecoder::Utf8);
-    QString text = decode(raw);
+    QString text = IsUtf16() ? QStringDecoder(QStringDecoder::Utf16LE)(raw) : QString::fromUtf8(raw);
     const bool isFed = text.endsWith(u'\n');
     text.chop(isFed);
     const bool isReturned = text.endsWith(u'\r');

@@ -10,9 +10,15 @@
 namespace
 {
 
+// Qt looks every character up in its tables, also those of ASCII, which nearly all names consist of.
 char16_t Upper(char16_t c)
 {
-    return QChar(c).toUpper().unicode();
+    return c >= 0x80 ? QChar(c).toUpper().unicode() : c >= u'a' && c <= u'z' ? char16_t(c - u'a' + u'A') : c;
+}
+
+char16_t Lower(char16_t c)
+{
+    return c >= 0x80 ? QChar(c).toLower().unicode() : c >= u'A' && c <= u'Z' ? char16_t(c - u'A' + u'a') : c;
 }
 
 } // namespace
@@ -26,14 +32,14 @@ bool EqualsNoCase(QStringView a, QStringView b)
 QString ToUpperSimple(QStringView text)
 {
     QString result(text.size(), Qt::Uninitialized);
-    std::transform(text.begin(), text.end(), result.begin(), [](QChar c) { return c.toUpper(); });
+    std::transform(text.begin(), text.end(), result.begin(), [](QChar c) { return QChar(Upper(c.unicode())); });
     return result;
 }
 
 QString ToLowerSimple(QStringView text)
 {
     QString result(text.size(), Qt::Uninitialized);
-    std::transform(text.begin(), text.end(), result.begin(), [](QChar c) { return c.toLower(); });
+    std::transform(text.begin(), text.end(), result.begin(), [](QChar c) { return QChar(Lower(c.unicode())); });
     return result;
 }
 

@@ -3,6 +3,20 @@
 
 #include <algorithm>
 
+namespace
+{
+
+std::string Lower(std::string word)
+{
+    for (char &c : word) {
+        if (c >= 'A' && c <= 'Z')
+            c = char(c - 'A' + 'a');
+    }
+    return word;
+}
+
+} // namespace
+
 size_t TypingErrors(const std::string &a, const std::string &b)
 {
     // Three rows of the table of distances between the beginnings of both words.
@@ -33,7 +47,7 @@ std::string NearestWord(const std::string &word, const std::vector<std::string> 
     std::string nearest;
     size_t least = std::max<size_t>(1, word.size() / 3) + 1;
     for (const std::string &candidate : candidates) {
-        const size_t distance = TypingErrors(word, candidate);
+        const size_t distance = TypingErrors(Lower(word), Lower(candidate));
         if (distance < least) {
             least = distance;
             nearest = candidate;

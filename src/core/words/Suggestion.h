@@ -9,5 +9,6 @@
 [[nodiscard]] size_t TypingErrors(const std::string &a, const std::string &b);
 
 /// Returns the candidate that a mistyped word probably means: the one with the fewest TypingErrors, and of those the
-/// first. Empty if all have more than a third of the word's length, or more than 1 if that is larger.
+/// first. The case of ASCII letters doesn't count. Empty if all have more than a third of the word's length, or more
+/// than 1 if that is larger.
 [[nodiscard]] std::string NearestWord(const std::string &word, const std::vector<std::string> &candidates);

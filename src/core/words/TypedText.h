@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Text.h"
+#include <string>
+#include <string_view>
 
 /// Explains why this program can't use an argument of its command line; empty when it can. Texts and paths are UTF-8
 /// here, and a name that isn't UTF-8 could become the name of another file. Shows bytes that aren't UTF-8 as "\xNN".
-[[nodiscard]] QString WhyNotUsable(QByteArrayView typed);
+[[nodiscard]] std::string WhyNotUsable(std::string_view typed);
