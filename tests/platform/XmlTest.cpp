@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "Xml.h"
+#include "XmlElements.h"
 #include "XmlWriter.h"
 
 #include "Environment.h"
 #include "TempFolder.h"
+
+#include <cstdio>
+#include <random>
 
 namespace
 {
@@ -94,6 +97,73 @@ TEST_F(Xml, ReportsTheRowsOfTheParserForAllLineEnds)
         EXPECT_EQ(RowsOf(document).count(' '), 6);
         EXPECT_EQ(RowsOf(document), RowsOf(plain));
     }
+}
+
+TEST_F(Xml, MakesElementsOneAtATimeAsInTheWholeDocument)
+{
+    const auto shown = [](const TiXmlElement *element) {
+        if (!element)
+            return QByteArray();
+        TiXmlPrinter printer;
+        element->Accept(&printer);
+        return QByteArray::number(RowOf(*element)) + RowsOf(*element) + printer.CStr();
+    };
+    constexpr const char *TOKENS[] = {"<FILE id=\"a\" type='>'>",
+                                      "<FILE id=\"a\">",
+                                      "<FILE  b=\"<\" c=\"&#x;\">",
+                                      "</FILE>",
+                                      "<IMAGE a=\"\" a=\"\"/>",
+                                      "<R>",
+                                      "<R x=\"1\"\n\ty=\"/>\">",
+                                      "</R>",
+                                      "</R >",
+                                      "<b/>",
+                                      "<b /",
+                                      ">",
+                                      "\n",
+                                      " ",
+                                      "text",
+                                      "&amp;&x;",
+                                      "&#65;",
+                                      "&#x",
+                                      "<!-- <b/> -->",
+                                      "\xc3",
+                                      "\xc3\xa4",
+                                      "\f",
+                                      "<![CDATA[<b>]]>"};
+    std::mt19937 random(3); // the same documents each time
+    int inPieces = 0;
+    int inOne = 0;
+    for (int n = 0; n < 8000; ++n) {
+        QByteArray text = n % 3 == 0 ? "\n<APP id=\"x\">" : "<APP>\n";
+        for (size_t i = random() % 8; i > 0; --i) {
+            if (random() % 4 != 0)
+                text += random() % 2 ? "<FILE id=\"a\">x &amp;\ny</FILE>\n" : "<R>\n<IMAGE>p</IMAGE><b/>\n </R>";
+            else
+                text += TOKENS[random() % std::size(TOKENS)];
+        }
+        text += n % 5 == 0 ? "</APP> <b/>" : "</APP>\n";
+        (void)std::remove(folder.Path("list.xml").toUtf8().constData()); // to overwrite a file takes longer
+        folder.Put("list.xml", text);
+        document.Clear();
+        document.ClearError();
+        const int code = LoadXml(env, folder.Path("list.xml"), document);
+        XmlElements elements;
+        ASSERT_EQ(elements.Load(env, folder.Path("list.xml")), code) << text.constData();
+        ASSERT_EQ(elements.Document().ErrorRow(), document.ErrorRow()) << text.constData();
+        if (code != 0)
+            continue;
+        const TiXmlElement *const outermost = document.FirstChildElement();
+        const TiXmlElement *const found = elements.Document().FirstChildElement();
+        ASSERT_EQ(RowOf(*found), RowOf(*outermost)) << text.constData();
+        const TiXmlElement *child = outermost->FirstChildElement();
+        ++(child && !found->FirstChildElement() ? inPieces : inOne);
+        for (; child; child = child->NextSiblingElement())
+            ASSERT_EQ(shown(elements.Next()), shown(child)) << text.constData();
+        ASSERT_EQ(elements.Next(), nullptr);
+    }
+    EXPECT_GT(inPieces, 500);
+    EXPECT_GT(inOne, 500);
 }
 
 TEST_F(Xml, ConvertsTextFromAndToTheCodePage)
