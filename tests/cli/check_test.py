@@ -102,6 +102,9 @@ class Check(DemoProject):
             (self.dir / 'morvanite-check.ini').write_text(settings)
             found = json.loads(self.run_cli('check', self.project, '--format', 'json', '--header', '../none.h')[1])['findings']
             self.assertNotIn(str(self.dir.parent), ''.join(finding['text'] for finding in found))
+        (self.dir / 'morvanite-check.ini').unlink()
+        (self.dir / 'morvanite-check.ini').symlink_to('morvanite-check.ini')
+        self.assertIn('the symbolic links at its path lead in a circle', self.run_cli('check', self.project)[1])
 
     def test_sarif_has_the_form_of_its_schema(self):
         (self.dir / 'morvanite-check.ini').write_text('[Sources]\nfiles=*.c\n')
