@@ -50,6 +50,13 @@ bool IsOfMode(const QByteArray &path, mode_t mode)
     return lstat(path.constData(), &info) == 0 && (info.st_mode & S_IFMT) == mode;
 }
 
+/// Returns whether a process has a file locked, which may be a process of another container.
+bool IsLocked(const QByteArray &path)
+{
+    const FileHandle file(open(path.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    return file.IsOpen() && flock(file.Get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+}
+
 QByteArrayList TemporaryFilesIn(const QByteArray &folder)
 {
     QByteArrayList names;
@@ -125,7 +132,7 @@ std::vector<Leftovers::Found> Leftovers::Beside(const QByteArray &target)
 void Leftovers::RemoveBeside(const QByteArray &target)
 {
     for (const Found &file : Beside(target)) {
-        if (IsGone(file.process) && IsOfMode(file.path, S_IFREG))
+        if (IsGone(file.process) && IsOfMode(file.path, S_IFREG) && !IsLocked(file.path))
             unlink(file.path.constData());
     }
 }

@@ -39,7 +39,7 @@ class Leftovers
 {
 public:
     /// Removes the temporary files beside the file `target` whose processes no longer exist. Doesn't remove files with
-    /// other names, anything that isn't a plain file, or files of a running process.
+    /// other names, anything that isn't a plain file, locked files, or files of a running process.
     void RemoveBeside(const QByteArray &target);
     /// Removes folders of such names (TemporaryFolder) with their content if no process has them locked. On a file
     /// system without locks, removes those whose processes no longer exist.
