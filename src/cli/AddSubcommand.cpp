@@ -129,8 +129,9 @@ private:
     [[nodiscard]] QString FindPlace(CResDoc &document, QString &path)
     {
         QString stored = path;
-        if (ToStoredPath(document, stored) != FILE_EDIT_DONE || IsRelativePath(stored))
-            return {}; // the first is refused later
+        (void)ToStoredPath(document, stored); // a name that the list can't have is refused later
+        if (IsRelativePath(stored))
+            return {};
         if (!canCopy)
             return u"it is outside of the project's folder, so it would be missing on other machines; copy it there, "
                    u"or "

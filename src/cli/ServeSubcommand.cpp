@@ -19,13 +19,17 @@
 namespace
 {
 
-/// Returns a descriptor that is readable once the process is asked to end.
+/// Returns a descriptor that is readable once the process is asked to end. Signals that were ignored when the process
+/// started, as by nohup, stay ignored.
 FileHandle EndSignals()
 {
     sigset_t signals;
     sigemptyset(&signals);
-    sigaddset(&signals, SIGTERM);
-    sigaddset(&signals, SIGINT);
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        struct sigaction action = {};
+        if (sigaction(signal, nullptr, &action) == 0 && action.sa_handler != SIG_IGN)
+            sigaddset(&signals, signal);
+    }
     sigprocmask(SIG_BLOCK, &signals, nullptr);
     return FileHandle(signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
 }

@@ -97,15 +97,17 @@ TEST(FileList, RefusesFilesThatNoProjectCanHave)
     world.list.Fill(&world.audio, 1);
     const FileList::Additions added = world.list.AddFiles(
         {pipe, u"/dev/null"_s, world.folder.Path("broken.wav"), world.folder.Path("none.wav"), world.Put("\u4e00.wav"),
-         world.Put("back\\slash.wav"), world.folder.Path("no\uFFFDname.wav"), u"/"_s + QString(5000, u'x') + u".wav"_s,
-         world.Put(qPrintable(deep + u"deep.wav"_s)), world.folder.Path("link.wav"), world.folder.Path("locked.wav")});
+         world.Put("back\\slash.wav"), world.Put("two  blanks.wav"), world.folder.Path("no\uFFFDname.wav"),
+         u"/"_s + QString(5000, u'x') + u".wav"_s, world.Put(qPrintable(deep + u"deep.wav"_s)),
+         world.folder.Path("link.wav"), world.folder.Path("locked.wav")});
     EXPECT_EQ(added.added, 3) << "the deep one, the link and the one that can't be read";
     QStringList why;
     for (const QString &line : added.refusals)
         why << line.section(u": "_s, 1);
     QStringList expected;
-    for (const int code : {FILE_NOT_REGULAR, FILE_WRONG_TYPE, FILE_NOT_FOUND, FILE_NOT_FOUND,
-                           FILE_NAME_NOT_IN_CODE_PAGE, FILE_NAME_HAS_BACKSLASH, FILE_NAME_NOT_UTF8, FILE_PATH_TOO_LONG})
+    for (const int code :
+         {FILE_NOT_REGULAR, FILE_WRONG_TYPE, FILE_NOT_FOUND, FILE_NOT_FOUND, FILE_NAME_NOT_IN_CODE_PAGE,
+          FILE_NAME_HAS_BACKSLASH, FILE_NAME_NOT_KEPT_BY_LIST, FILE_NAME_NOT_UTF8, FILE_PATH_TOO_LONG})
         expected << FileEditMessage(code);
     EXPECT_EQ(why.join(u'\n').toStdString(), expected.join(u'\n').toStdString());
     EXPECT_EQ(world.list.Files(), 3);

@@ -68,6 +68,7 @@ TEST(CheckSettings, EveryLineWithoutMeaningIsAFindingAtItsLine)
         {"[Check]\nsource English", "neither a section"},
         {"[Check]\n=English", "neither a section"},
         {"[Check]\n[Font", "alone in its line"},
+        {"[Check]\n[check]\nsource=Nowhereish", "a second time"},
         {"[Check]\n[Font] default=ui.ttf 16", "alone in its line"},
         {"[Language]\n8=de_AT", "isn't a BCP 47 code"},
     };

@@ -124,11 +124,12 @@ class Begin(DemoProject):
     def test_add_refuses_what_a_project_cannot_have_and_then_changes_nothing(self):
         outside = str(SAMPLE / 'res/240x320/sun.png')
         (self.dir / 'new.png').write_bytes(b'new')
+        (self.dir / 'two  blanks.png').write_bytes(b'new')
         (self.dir / 'res/sun.png').write_bytes(b'another')
         before = hashes(self.dir)
         for arguments, status, reason in (
                 ((outside,), 1, 'outside of the project'), ((outside, '--copy'), 1, 'exists and is another file'),
-                (('res',), 1, 'folder'), (('none.png',), 1, 'not found'), (('tune.mp3', '--resolution', '240x320'), 1, 'only for pictures'),
+                (('res',), 1, 'folder'), (('none.png',), 1, 'not found'), (('two  blanks.png',), 1, 'two blanks in a row'), (('tune.mp3', '--resolution', '240x320'), 1, 'only for pictures'),
                 (('logo.png', '--id', 'ID_FILE_TUNE'), 1, 'already exists'), (('logo.png', '--id', '1'), 2, 'begin with a digit'),
                 (('logo.png', 'tune.mp3', '--id', 'ID_X'), 2, 'single file'), (('logo.png', '--resolution', '1x1'), 2, 'nearest')):
             done = self.run_cli('add', self.project, 'new.png', *arguments) if status == 1 and '--id' not in arguments else \

@@ -73,9 +73,11 @@ class Check(DemoProject):
         (self.dir / 'main.c').write_text('show(ID_STRING_HI);\n')
         (self.dir / 'morvanite-check.ini').write_text('[Sources]\nfiles=*.c\n')
         (self.dir / 'link').symlink_to('logo.png')
+        (self.dir / 'clock.h').write_text('int hours;\n')
+        (self.dir / 'demo.vcproj').write_text('<VisualStudioProject><Files><File RelativePath=".\\Clock.h"/></Files></VisualStudioProject>')
         before = self.state()
         for option in ('-o', '--write-baseline'):
-            for name in ('config.xml', 'res/demo.res.xml', 'res/ref_list_demo.txt', 'link', 'tune.mp3', 'main.c', 'morvanite-check.ini'):
+            for name in ('config.xml', 'res/demo.res.xml', 'res/ref_list_demo.txt', 'link', 'tune.mp3', 'main.c', 'clock.h', 'morvanite-check.ini'):
                 status, out, err = self.check(option, name)
                 self.assertEqual((status, out), (2, ''), name)
                 self.assertIn(f'{name} is not written because it is the same file as', err)
@@ -100,6 +102,9 @@ class Check(DemoProject):
             (self.dir / 'morvanite-check.ini').write_text(settings)
             found = json.loads(self.run_cli('check', self.project, '--format', 'json', '--header', '../none.h')[1])['findings']
             self.assertNotIn(str(self.dir.parent), ''.join(finding['text'] for finding in found))
+        (self.dir / 'morvanite-check.ini').unlink()
+        (self.dir / 'morvanite-check.ini').symlink_to('morvanite-check.ini')
+        self.assertIn('the symbolic links at its path lead in a circle', self.run_cli('check', self.project)[1])
 
     def test_sarif_has_the_form_of_its_schema(self):
         (self.dir / 'morvanite-check.ini').write_text('[Sources]\nfiles=*.c\n')

@@ -140,7 +140,7 @@ class Git(DemoProject):
             (self.dir / LIST).write_text(base.replace('</APP>', '<!-- %s --></APP>' % branch))
             self.commit()
         out = self.git('merge', '--no-edit', 'other', status=1)
-        self.assertIn(LIST + ': not merged: ours: line 1: the comment "main" would be lost', out)
+        self.assertIn(LIST + ': not merged: ours: line 5: the comment "main" would be lost', out)
         self.assertEqual((self.dir / LIST).read_text().splitlines()[4:],
                          in_conflict(['<!-- main --></APP>'], ['<!-- other --></APP>']))
 

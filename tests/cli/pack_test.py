@@ -58,7 +58,7 @@ class Pack(DemoProject):
     def test_a_signal_ends_the_converter_and_leaves_no_temporary_file(self):
         (self.dir / 'temp').mkdir()
         before = self.names()
-        for number, temp in ((signal.SIGTERM, ()), (signal.SIGINT, ('--temp', 'temp'))):
+        for number, temp in ((signal.SIGTERM, ()), (signal.SIGINT, ('--temp', 'temp')), (signal.SIGHUP, ())):
             program = self.use_converter(SLOW_AT_THE_SECOND_CALL)
             for name in ('ran', 'pid'):
                 (program / name).unlink(missing_ok=True)
@@ -88,7 +88,7 @@ class Pack(DemoProject):
         before = self.names()
         program = self.use_converter('printf half > "$4"; touch temp_image; trap "" TERM; sleep 60 & '
                                      f'echo $! $$ > "{self.dir}/program/pid.$$.new"; mv "{self.dir}/program/pid.$$.new" "{self.dir}/program/pid.$$"; wait')
-        for number in (signal.SIGTERM, signal.SIGINT):
+        for number in (signal.SIGTERM, signal.SIGHUP):
             packing = subprocess.Popen([CLI, *self.to_pack, '--convert-images', '1', '--jobs', '4', '--cache', 'tmp/cache'],
                                        env=self.env, cwd=self.dir, stdout=subprocess.DEVNULL)
             self.addCleanup(packing.wait)

@@ -80,7 +80,8 @@ TEST_F(ListMerge, RefusesWhatItWouldLoseOrMistake)
 {
     const QByteArray good = List(File("A", "a"));
     for (const auto &[list, reason] : {
-             std::pair(List("<!-- note -->\n"), "the comment \"note\""),
+             std::pair(List(File("A", "a") + "<!-- note -->\n"), "line 3: the comment \"note\""),
+             {List("") + "<!-- end -->\n", "line 3: the comment \"end\""},
              {List("loose\n"), "the text \"loose\""},
              {List("<NEWS/>\n"), "line 2: <NEWS> isn't known here"},
              {List(File("A", "a") + File("A", "b")), "line 3: <FILE A> is in line 2 too"},

@@ -5,8 +5,10 @@
 
 #include <QDir>
 
+#include <atomic>
 #include <fcntl.h>
 #include <random>
+#include <thread>
 
 namespace
 {
@@ -236,6 +238,16 @@ TEST(PictureCache, NeverFailsAPackAndSaysOnceWhatIsWrong)
     EXPECT_EQ(project.TakeExplained(), "converted pictures can't be kept in the cache " + project.Narrow("full") +
                                            ": File too large; the pack goes on without them\n");
     EXPECT_TRUE(FilesIn(project.folder.Path("full")).empty());
+    std::atomic<bool> isDone = false;
+    std::thread clearing([&] {
+        while (!isDone)
+            (void)PictureCache(project.Narrow("full"), 1 << 20).Clear();
+    });
+    for (int n = 0; n < 300; ++n)
+        full.Add(project.env, key, project.Narrow("large"));
+    isDone = true;
+    clearing.join();
+    EXPECT_EQ(project.TakeExplained(), "") << "another program cleared the cache meanwhile";
     full.Add(project.env, key, project.Narrow("large"));
     EXPECT_EQ(full.Find(key).size, 5000);
 }

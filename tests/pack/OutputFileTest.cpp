@@ -26,8 +26,10 @@ struct OutputFileTest : testing::Test, PackProject
     /// Writes a file. Returns 0 or an error number.
     int Make(const char *file, const OutputRights &rights)
     {
+        const int foreseen = ErrorOfOutput(Narrow(file), rights);
         OutputFile written(env);
         const int error = written.Begin(Narrow(file), rights);
+        EXPECT_EQ(foreseen, error) << file;
         if (error != 0)
             return error;
         EXPECT_TRUE(written.Write("new") && written.Flush());

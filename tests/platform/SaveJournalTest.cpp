@@ -8,6 +8,7 @@
 #include <csignal>
 #include <linux/filter.h>
 #include <linux/seccomp.h>
+#include <sys/file.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -103,6 +104,18 @@ TEST_F(Journal, FinishesASaveThatWasKilledBetweenItsRenames)
         EXPECT_EQ(Contents(), QByteArrayList({"new", "new", isThere ? "edited" : "new"}));
         EXPECT_EQ(folder.Names("demo/res") + folder.Names("inc"), QStringList({u"list"_s, u"strings"_s, u"ids.h"_s}));
     }
+}
+
+TEST_F(Journal, OfASaveThatWasKilledBeforeItsRenamesIsRemovedUnlessAnotherContainerWritesIt)
+{
+    PutOld();
+    for (const char *name : {"demo/res/..demo.journal.1000000000-0", "demo/res/..demo.journal.1000000000-1"})
+        folder.Put(name, "");
+    const FileHandle written = FileHandle::OpenRead(folder.Path("demo/res/..demo.journal.1000000000-1"));
+    ASSERT_EQ(flock(written.Get(), LOCK_EX), 0);
+    EXPECT_TRUE(FinishInterruptedSave(env, project));
+    EXPECT_EQ(folder.Names("demo/res"), QStringList({u"..demo.journal.1000000000-1"_s, u"list"_s, u"strings"_s}));
+    EXPECT_TRUE(said.isEmpty());
 }
 
 /// Makes locks fail, as on some network file systems.

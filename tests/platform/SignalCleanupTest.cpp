@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "SignalCleanup.h"
 
+#include "Leftovers.h"
 #include "TempFolder.h"
 #include "TemporaryFolder.h"
 
@@ -88,14 +89,19 @@ TEST(TemporaryFolder, IsRemovedAtTheEndBySignalsAndAfterAKillAtTheNextRun)
     };
     EXPECT_EQ(run(0), 0);
     EXPECT_EQ(folder.Names(), QStringList());
-    EXPECT_EQ(WTERMSIG(run(SIGTERM)), SIGTERM);
-    EXPECT_EQ(folder.Names(), QStringList());
+    for (const int signal : {SIGTERM, SIGHUP}) {
+        EXPECT_EQ(WTERMSIG(run(signal)), signal);
+        EXPECT_EQ(folder.Names(), QStringList());
+    }
     EXPECT_EQ(WTERMSIG(run(SIGKILL)), SIGKILL);
     EXPECT_EQ(folder.Names().size(), 1);
     folder.MakeFolder(".other.1000000000-0");
+    folder.MakeFolder(".tables.1000000000-1"); // in use by a container, whose processes have their own numbers
+    FileHandle lock;
+    EXPECT_EQ(LockTemporaryFolder(parent + "/.tables.1000000000-1", lock, IfLocked::Fail), 0);
     const TemporaryFolder made(parent, "tables");
     EXPECT_EQ(made.Error(), 0);
-    EXPECT_EQ(folder.Names(),
-              QStringList({u".other.1000000000-0"_s, QString::fromUtf8(made.Path().mid(parent.size() + 1))}));
+    EXPECT_EQ(folder.Names(), QStringList({u".other.1000000000-0"_s, u".tables.1000000000-1"_s,
+                                           QString::fromUtf8(made.Path().mid(parent.size() + 1))}));
     EXPECT_EQ(TemporaryFolder(parent + "/nowhere", "x").Error(), ENOENT);
 }

@@ -96,6 +96,7 @@ TEST_F(Xml, ReportsTheRowsOfTheParserForAllLineEnds)
         EXPECT_STREQ(document.FirstChildElement()->Attribute("b"), "<no>\n");
         EXPECT_EQ(RowsOf(document).count(' '), 6);
         EXPECT_EQ(RowsOf(document), RowsOf(plain));
+        EXPECT_EQ(RowOf(*document.FirstChild()->NextSibling()), 2) << "the comment";
     }
 }
 

@@ -9,8 +9,25 @@
 #include "ProjectFiles.h"
 #include "ProjectInputs.h"
 #include "SourceFiles.h"
+#include "Xml.h"
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// Compares the files that the elements <File> below a node of the project file name, for the build of the application.
+void CompareBuildFiles(OutputGuard &guard, const TiXmlNode &node, const QString &folder)
+{
+    const TiXmlElement *const element = node.ToElement();
+    const char *const path = element && element->ValueStr() == "File" ? element->Attribute("RelativePath") : nullptr;
+    if (path)
+        guard.Compare(HostPath(ResolvePath(QString::fromUtf8(path), folder)));
+    for (const TiXmlNode *child = node.FirstChild(); child; child = child->NextSibling())
+        CompareBuildFiles(guard, *child, folder);
+}
+
+} // namespace
 
 QString ClashOfOutputs(const QStringList &outputs, Environment &env, const QString &project, CResDoc *document,
                        const CheckSettings &settings)
@@ -33,6 +50,9 @@ QString ClashOfOutputs(const QStringList &outputs, Environment &env, const QStri
                                     paths.Absolute(paths.StringPath()), DirectoryOf(project) + u"/morvanite.ini"_s})
             guard.Compare(HostPath(file));
     }
+    // The load needs no project file, so one that is missing or isn't XML is no fault here.
+    if (TiXmlDocument projectFile; LoadXml(env, project, projectFile) == 0)
+        CompareBuildFiles(guard, projectFile, DirectoryOf(project));
     guard.Compare(HostPath(settings.file));
     for (const QString &pattern : settings.sourceFiles) {
         for (const QString &source : FilesOfPattern(DirectoryOf(project), pattern))

@@ -30,6 +30,8 @@ bool CheckRun::Step()
         TakeFiles();
     }
     const std::span<const Rule> rules = AllRules();
+    if (departures != document.ids.Departures())
+        Renew(); // in the same step as a rule, so that edits between the steps can't delay it for ever
     if (parts) {
         if (!parts->Step(input, report))
             parts.reset();
@@ -43,9 +45,7 @@ bool CheckRun::Step()
             parts = rule.parts();
             return true;
         }
-        if (departures != document.ids.Departures())
-            Renew();
-        rule.project(input, report); // in the same step, so that edits between the steps can't delay it for ever
+        rule.project(input, report);
         return true;
     }
     return Complete();

@@ -312,6 +312,8 @@ CheckSettings ReadCheckSettings(const QString &folder, std::vector<Finding> &fin
     }
     for (const int line : profile.BrokenHeads())
         tell(u"a section must be alone in its line, as in [Check]"_s, line);
+    for (const int line : profile.RepeatedHeads())
+        tell(u"the section is there a second time, and only the first one counts: move the keys there"_s, line);
     for (const int line : profile.StrayLines())
         tell(u"the line is neither a section such as [Check], nor a key with \"=\" and a value, nor a comment that "
              u"begins "

@@ -58,6 +58,47 @@ bool CanCompareSources(const CheckInput &input)
     return !input.settings.sourceFiles.isEmpty() && !HasLeftOutResources(input.loaded);
 }
 
+/// Looks for IDs that no source uses, some names in each part.
+class UnusedIds final : public RuleInParts
+{
+public:
+    bool Step(const CheckInput &input, RuleReport &report) override
+    {
+        if (!CanCompareSources(input))
+            return false;
+        const SourceNames &names = input.facts->Sources(input);
+        if (last.isNull())
+            TellOfPatterns(names, input, report);
+        if (names.files == 0)
+            return false; // all IDs would be unused
+        const std::vector<IDRecord *> &sorted = input.facts->Ids(input);
+        auto next = std::upper_bound(sorted.begin(), sorted.end(), last,
+                                     [](const NarrowText &name, const IDRecord *of) { return name < of->name; });
+        for (int n = 0; n < NAMES_AT_ONCE && next != sorted.end(); ++n) {
+            const IDRecord &record = **next;
+            if (!names.used.contains(record.name) && !IsOfComponent(record))
+                AddForId(report, input.document, record, u"no source file and no layout uses the ID"_s);
+            last = record.name;
+            while (next != sorted.end() && (*next)->name == last)
+                ++next;
+        }
+        return next != sorted.end();
+    }
+
+private:
+    static void TellOfPatterns(const SourceNames &names, const CheckInput &input, RuleReport &report)
+    {
+        for (const QString &pattern : names.patternsWithoutFile)
+            report.Add({.file = input.settings.file,
+                        .line = input.settings.sourceFilesLine,
+                        .text = u"section Sources, key files: no file matches \"%1\""_s.arg(pattern),
+                        .basis = HashOf(pattern)});
+    }
+
+    static constexpr int NAMES_AT_ONCE = 1000;
+    NarrowText last; // the last name that was looked at; the IDs may change between the parts
+};
+
 } // namespace
 
 void IdInvalid(const CheckInput &input, RuleReport &report)
@@ -87,23 +128,9 @@ void IdCase(const CheckInput &input, RuleReport &report)
     }
 }
 
-void IdUnused(const CheckInput &input, RuleReport &report)
+std::unique_ptr<RuleInParts> BeginIdUnused()
 {
-    if (!CanCompareSources(input))
-        return;
-    const CResModel &model = input.document;
-    const SourceNames &names = input.facts->Sources(input);
-    for (const QString &pattern : names.patternsWithoutFile)
-        report.Add({.file = input.settings.file,
-                    .line = input.settings.sourceFilesLine,
-                    .text = u"section Sources, key files: no file matches \"%1\""_s.arg(pattern),
-                    .basis = HashOf(pattern)});
-    if (names.files == 0)
-        return; // all IDs would be unused
-    ForEachName(input.facts->Ids(input), [&](const IDRecord &record) {
-        if (!names.used.contains(record.name) && !IsOfComponent(record))
-            AddForId(report, model, record, u"no source file and no layout uses the ID"_s);
-    });
+    return std::make_unique<UnusedIds>();
 }
 
 void IdUndefined(const CheckInput &input, RuleReport &report)

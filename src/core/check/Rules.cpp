@@ -112,7 +112,7 @@ constexpr Rule RULES[] = {
     {"id-unused", Ids, Warning, "no source file uses an ID",
      "None of the files in section Sources and no layout uses the ID. Delete the resource, or ignore the ID in section "
      "Ignore if it is used in another way.",
-     nullptr, 0, IdUnused},
+     nullptr, 0, nullptr, nullptr, BeginIdUnused},
     {"id-undefined", Ids, Error, "a source file uses an ID that doesn't exist",
      "A file in section Sources uses a name with the project's prefix that no resource has. The application doesn't "
      "compile or uses an old header. Correct the name, or add the resource.",
@@ -146,7 +146,7 @@ constexpr Rule RULES[] = {
     {"header-stale", Project, Warning, "a generated header isn't what a save would write",
      "The application is compiled with other numbers than the pack has. Save the project, or let the build make the "
      "headers.",
-     nullptr, 0, HeaderStale},
+     nullptr, 0, nullptr, nullptr, BeginHeaderStale},
     {"lists-unsaved", Project, Note, "a list of the project isn't in the form that a save writes",
      "The next save changes lines that nobody edited. Save the project once.", nullptr, 0, nullptr, nullptr,
      BeginListsUnsaved},

@@ -96,22 +96,40 @@ private:
     std::optional<StringFileComparison> strings;
 };
 
+/// Compares the headers with what a save would write: makes them all, and then compares one in each part.
+class HeaderComparison final : public RuleInParts
+{
+public:
+    bool Step(const CheckInput &input, RuleReport &report) override
+    {
+        CResDoc &document = input.document;
+        if (document.IsModified())
+            return false; // a save is needed anyway
+        if (!canMake) {
+            canMake = CanMakeHeaders(input);
+            return canMake; // otherwise another rule reports this
+        }
+        if (headers.empty()) {
+            const QString folder = document.env.settings.String("Path", "header_output", ".\\ResID");
+            return IDGen::MakeHeaders(input.facts->Ids(input), folder, document, headers) == 0 && !headers.empty();
+        }
+        const GeneratedHeader &header = headers[next++];
+        Compare(ResolvePath(header.path, DirectoryOf(document.PathName())), header.text, 1,
+                u"the header isn't up to date: a save would change it from this line on"_s, report);
+        return next < headers.size();
+    }
+
+private:
+    bool canMake = false;
+    std::vector<GeneratedHeader> headers;
+    size_t next = 0; // of the headers
+};
+
 } // namespace
 
-void HeaderStale(const CheckInput &input, RuleReport &report)
+std::unique_ptr<RuleInParts> BeginHeaderStale()
 {
-    CResDoc &document = input.document;
-    if (document.IsModified() || !CanMakeHeaders(input))
-        return; // a save is needed anyway, or another rule reports this
-    const QString folder = document.env.settings.String("Path", "header_output", ".\\ResID");
-    std::vector<GeneratedHeader> headers;
-    if (IDGen::MakeHeaders(&document.ids, folder, document, headers) != 0)
-        return;
-    for (const GeneratedHeader &header : headers) {
-        const QString file = ResolvePath(header.path, DirectoryOf(document.PathName()));
-        Compare(file, header.text, 1, u"the header isn't up to date: a save would change it from this line on"_s,
-                report);
-    }
+    return std::make_unique<HeaderComparison>();
 }
 
 std::unique_ptr<RuleInParts> BeginListsUnsaved()

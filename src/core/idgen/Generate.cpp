@@ -118,9 +118,13 @@ private:
 int IDGen::MakeHeaders(IDPool *pool, const QString &outputFolder, CResModel &document,
                        std::vector<GeneratedHeader> &headers)
 {
-    Environment &env = document.env;
-    const std::vector<IDRecord *> sorted = pool ? SortedIds(*pool) : std::vector<IDRecord *>();
-    if (const int result = pool ? FillSorted(env, sorted) : FillValue(env, pool))
+    return pool ? MakeHeaders(SortedIds(*pool), outputFolder, document, headers) : FillValue(document.env, pool);
+}
+
+int IDGen::MakeHeaders(const std::vector<IDRecord *> &sorted, const QString &outputFolder, CResModel &document,
+                       std::vector<GeneratedHeader> &headers)
+{
+    if (const int result = FillSorted(document.env, sorted))
         return result;
     if (outputFolder.isEmpty())
         return 0;

@@ -10,6 +10,7 @@
 class CResModel;
 class Environment;
 class IDPool;
+class IDRecord;
 
 /// Numbers the IDs of a project and writes the C headers with the numbers.
 class IDGen
@@ -27,6 +28,10 @@ public:
     /// Writes nothing. Returns the result of FillValue; there is no header unless it is 0.
     [[nodiscard]] static int MakeHeaders(IDPool *pool, const QString &outputFolder, CResModel &document,
                                          std::vector<GeneratedHeader> &headers);
+
+    /// The same for IDs that are sorted already (SortedIds).
+    [[nodiscard]] static int MakeHeaders(const std::vector<IDRecord *> &sorted, const QString &outputFolder,
+                                         CResModel &document, std::vector<GeneratedHeader> &headers);
 
     /// The paths of the headers that `Generate` writes into `outputFolder`.
     [[nodiscard]] static QStringList Headers(const QString &outputFolder, const CResModel &document);

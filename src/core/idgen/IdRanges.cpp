@@ -2,6 +2,7 @@
 #include "IdRanges.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 const IdRange *RangeOf(const IDRecord &record)
@@ -36,6 +37,19 @@ quint32 CountIn(const IdRange &range, std::span<IDRecord *const> sorted)
 
 bool FitInRanges(std::span<IDRecord *const> sorted)
 {
-    const auto fits = [&](const IdRange &range) { return CountIn(range, sorted) <= range.Size(); };
-    return fits(NORMAL_IDS) && std::all_of(std::begin(PUSH_IDS), std::end(PUSH_IDS), fits);
+    quint32 normal = 0;
+    std::array<quint32, std::size(PUSH_IDS)> push{};
+    const IDRecord *first = nullptr; // of the records with the same name, which share a number
+    for (const IDRecord *record : sorted) {
+        if (first && first->name == record->name)
+            continue;
+        first = record;
+        const IdRange *const range = RangeOf(*record);
+        if (!range)
+            continue;
+        quint32 &used = range == &NORMAL_IDS ? normal : push[size_t(range - PUSH_IDS)];
+        if (++used > range->Size())
+            return false;
+    }
+    return true;
 }

@@ -55,11 +55,13 @@ public:
             problem = u"line %1: %2"_s.arg(row).arg(why);
     }
 
+    /// `row` is the place of a node that isn't a comment.
     void RefuseNode(const TiXmlNode &node, int row)
     {
         const QString what = Cut(QString::fromUtf8(node.Value()).simplified());
-        Refuse(row, node.ToComment() ? u"the comment \"%1\" would be lost, as in a save of the project"_s.arg(what)
-                                     : u"the text \"%1\" does not belong to a resource"_s.arg(what));
+        Refuse(node.ToComment() ? RowOf(node) : row,
+               node.ToComment() ? u"the comment \"%1\" would be lost, as in a save of the project"_s.arg(what)
+                                : u"the text \"%1\" does not belong to a resource"_s.arg(what));
     }
 
     ListElement Take(const TiXmlElement &from, const QByteArray &parent)

@@ -32,6 +32,36 @@ bool IsFolderClosed(int error)
     return error == EACCES || error == EPERM || error == EROFS || error == ENAMETOOLONG;
 }
 
+/// Returns the system's error number or 0.
+int ErrorOfAccess(const QByteArray &path, int mode)
+{
+    return faccessat(AT_FDCWD, path.constData(), mode, AT_EACCESS) == 0 ? 0 : errno;
+}
+
+/// What has the name of an output before the pack, and what that means for the output.
+struct OldFile
+{
+    OldFile(const QByteArray &path, const OutputRights &rights)
+    {
+        exists = stat(path.constData(), &info) == 0;
+        error = exists || errno == ENOENT ? 0 : errno;
+        struct stat name;
+        const bool isLink = lstat(path.constData(), &name) == 0 && S_ISLNK(name.st_mode);
+        isOwn = exists && !isLink && info.st_nlink == 1 && info.st_uid == geteuid();
+        isFresh = !exists || (isOwn && rights.replacesReadOnly);
+        if (exists && S_ISREG(info.st_mode) && !isFresh)
+            error = ErrorOfAccess(path, W_OK);
+        isDirect = exists && (!S_ISREG(info.st_mode) || info.st_nlink > 1);
+    }
+
+    struct stat info = {};
+    int error = 0; // the system's error number if it can't be replaced
+    bool exists = false;
+    bool isOwn = false;    // the user owns it, and it has no other name
+    bool isFresh = false;  // the output gets the permissions of a new file
+    bool isDirect = false; // it is written without a temporary file beside it
+};
+
 } // namespace
 
 QByteArray OutputPath(const QString &path)
@@ -54,6 +84,19 @@ OutputRights RightsOfInput(const FileHandle &input)
     return rights;
 }
 
+int ErrorOfOutput(const QByteArray &host, const OutputRights &rights)
+{
+    const OldFile old(host, rights);
+    if (old.error != 0)
+        return old.error;
+    const int errorOfFolder = old.isDirect ? 0 : ErrorOfAccess(FolderOf(FollowLinks(host)), W_OK | X_OK);
+    if (!old.isDirect && errorOfFolder == 0)
+        return 0;
+    if (!old.exists)
+        return errorOfFolder;
+    return S_ISDIR(old.info.st_mode) ? EISDIR : ErrorOfAccess(host, W_OK);
+}
+
 int OutputFile::Begin(const QByteArray &host, const OutputRights &rights)
 {
     path = host;
@@ -65,23 +108,15 @@ int OutputFile::Begin(const QByteArray &host, const OutputRights &rights)
 
 int OutputFile::Open(const OutputRights &rights)
 {
-    struct stat old;
-    const bool exists = stat(path.constData(), &old) == 0;
-    if (!exists && errno != ENOENT)
-        return errno;
-    if (exists && !S_ISREG(old.st_mode))
+    const OldFile old(path, rights);
+    if (old.error != 0)
+        return old.error;
+    if (old.isDirect)
         return OpenDirectly(rights.fresh);
-    struct stat name;
-    const bool isLink = lstat(path.constData(), &name) == 0 && S_ISLNK(name.st_mode);
-    const bool isOwn = exists && !isLink && old.st_nlink == 1 && old.st_uid == geteuid();
-    const bool isFresh = !exists || (isOwn && rights.replacesReadOnly);
-    if (!isFresh && access(path.constData(), W_OK) != 0)
-        return errno;
-    if (exists && old.st_nlink > 1)
-        return OpenDirectly(rights.fresh);
-    if (const int error = OpenBeside(isFresh ? rights.fresh : S_IRUSR | S_IWUSR))
+    if (const int error = OpenBeside(old.isFresh ? rights.fresh : S_IRUSR | S_IWUSR))
         return IsFolderClosed(error) ? OpenDirectly(rights.fresh) : error;
-    if (isFresh || GiveTo(isOwn ? uid_t(-1) : old.st_uid, isOwn ? gid_t(-1) : old.st_gid, old.st_mode))
+    if (old.isFresh ||
+        GiveTo(old.isOwn ? uid_t(-1) : old.info.st_uid, old.isOwn ? gid_t(-1) : old.info.st_gid, old.info.st_mode))
         return 0;
     Drop();
     return OpenDirectly(rights.fresh);

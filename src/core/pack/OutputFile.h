@@ -25,6 +25,10 @@ struct OutputRights
 /// The rights of a copy of the input: the input's permissions, but never read-only.
 [[nodiscard]] OutputRights RightsOfInput(const FileHandle &input);
 
+/// Returns the system's error number with which OutputFile::Begin would certainly fail; 0 if none is known. Changes
+/// nothing.
+[[nodiscard]] int ErrorOfOutput(const QByteArray &host, const OutputRights &rights);
+
 /// A file that a pack makes. It is written in the same folder as ".NAME.PID-N" and renamed in one step once it is
 /// complete. The old file stays until then, and is kept if anything fails. Symbolic links are followed.
 ///

@@ -60,13 +60,9 @@ int PutInPlace(PackRun &run, OutputFile &output, OutputFile &side, int code)
 }
 
 /// Writes the side file's payload, which is that of the finished output.
-int CopySection(PackRun &run, const ElfImage &elf, const PackImage &image, const OutputFile &output, OutputFile &side)
+int CopySection(const PackRun &run, const ElfImage &elf, qint64 size, const FileHandle &output, OutputFile &side)
 {
-    const FileHandle *const made = output.Made();
-    if (!made)
-        return image.Write(run.Env(), side);
-    const qint64 size = qint64(image.Total());
-    const bool isWhole = side.Copy(*made, run.outputHost, qint64(elf.PayloadOffset()), size) == size && side.Flush();
+    const bool isWhole = side.Copy(output, run.outputHost, qint64(elf.PayloadOffset()), size) == size && side.Flush();
     return isWhole ? PACK_OK : PACK_WRITE;
 }
 
@@ -100,14 +96,18 @@ int Packer::PackToTarget(PackRun &run)
 
     OutputFile side(env);
     int code = PACK_OK;
-    if (phases) {
+    if (phases && output.Made()) {
         phases->Repeat();
-        code = output.Made() ? PACK_OK : image->CheckParts(env);
-        if (code == PACK_OK)
-            code = WriteSideFile(run, side, [&] { return CopySection(run, elf, *image, output, side); });
+        const qint64 size = qint64(image->Total());
+        image.reset(); // the side file may need the room that its temporary file has on the disk
+        code = WriteSideFile(run, side, [&] { return CopySection(run, elf, size, *output.Made(), side); });
     } else {
-        image.emplace(run.memory, EntryPadding::FourBytes);
-        code = BuildPayload(run, 0, *image);
+        if (phases) {
+            phases->Repeat();
+        } else {
+            image.emplace(run.memory, EntryPadding::FourBytes);
+            code = BuildPayload(run, 0, *image);
+        }
         if (code == PACK_OK)
             code = image->CheckParts(env);
         if (code == PACK_OK)

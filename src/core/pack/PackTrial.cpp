@@ -3,7 +3,6 @@
 
 #include "ElfImage.h"
 #include "Environment.h"
-#include "FilePlace.h"
 #include "OutputFile.h"
 #include "PackCodes.h"
 #include "PackFailure.h"
@@ -11,9 +10,6 @@
 #include "PackRun.h"
 #include "ProjectFiles.h"
 
-#include <cerrno>
-#include <sys/stat.h>
-#include <unistd.h>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -21,23 +17,9 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Returns the system's error number with which a file certainly can't be written; 0 if none is known.
-int ErrorOfOutput(const QByteArray &host)
+void CheckOutput(PackTrial &trial, const QByteArray &host, const OutputRights &rights)
 {
-    struct stat info;
-    const QByteArray folder = FolderOf(host);
-    if (stat(host.constData(), &info) == 0) {
-        const bool mayWrite = access(host.constData(), W_OK) == 0 || access(folder.constData(), W_OK | X_OK) == 0;
-        return S_ISDIR(info.st_mode) ? EISDIR : mayWrite ? 0 : EACCES;
-    }
-    if (stat(folder.constData(), &info) != 0)
-        return errno;
-    return !S_ISDIR(info.st_mode) ? ENOTDIR : access(folder.constData(), W_OK | X_OK) != 0 ? errno : 0;
-}
-
-void CheckOutput(PackTrial &trial, const QByteArray &host)
-{
-    if (const int error = ErrorOfOutput(host))
+    if (const int error = ErrorOfOutput(host, rights))
         trial.Note(error, QString::fromUtf8(host));
 }
 
@@ -128,9 +110,9 @@ void Packer::Try(const packinfo &parameters, CResModel &document, PackTrial &tri
         TryTarget(run);
     else
         TryDll(run);
-    CheckOutput(trial, paths.output);
+    CheckOutput(trial, paths.output, {.replacesReadOnly = true});
     if (!paths.side.isEmpty())
-        CheckOutput(trial, paths.side);
+        CheckOutput(trial, paths.side, {});
 }
 
 void Packer::Measure(const packinfo &info, CResModel &document, PackTrial &trial)

@@ -29,7 +29,8 @@ static_assert(MARK_SIZE + HASH_SIZE == PictureCache::ENTRY_END);
 
 constexpr qsizetype KEY_DIGITS = 2 * HASH_SIZE;
 constexpr char UNFINISHED[] = ".new-"; // begins the name of a file that is being written
-constexpr time_t ABANDONED_S = 3600;   // an unfinished file of this age has no writer any more
+constexpr int MOST_UNFINISHED = 1000;
+constexpr time_t ABANDONED_S = 3600; // an unfinished file of this age has no writer any more
 
 bool IsDigits(QByteArrayView text)
 {
@@ -181,20 +182,19 @@ int PictureCache::Write(const QByteArray &key, const QByteArray &converted)
         return 0;
     if (const int error = MakeFolders(path))
         return error;
-    QByteArray made = path + '/' + UNFINISHED + "XXXXXX";
+    QByteArray made;
     FileHandle to;
     SignalCleanup cleanup;
-    {
+    for (int number = 0; !to.IsOpen(); ++number) {
+        made = path + '/' + UNFINISHED + QByteArray::number(getpid()) + '-' + QByteArray::number(number);
         const SignalHold hold;
-        to = FileHandle(mkostemp(made.data(), O_CLOEXEC));
-        if (!to.IsOpen())
+        // Other users may read a shared cache as far as the process's mask lets them.
+        to = FileHandle(open(made.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+        if (to.IsOpen())
+            cleanup = SignalCleanup::OfFile(made);
+        else if (errno != EEXIST || number == MOST_UNFINISHED)
             return errno;
-        cleanup = SignalCleanup::OfFile(made);
     }
-    // Other users may read a shared cache as far as the process's mask lets them.
-    const mode_t mask = umask(0);
-    umask(mask);
-    (void)fchmod(to.Get(), 0666 & ~mask);
     Hash hash;
     errno = 0;
     const auto copy = [&](const char *bytes, size_t count) { return to.WriteAll(bytes, count); };
@@ -204,7 +204,7 @@ int PictureCache::Write(const QByteArray &key, const QByteArray &converted)
         return 0;
     const int error = errno;
     unlink(made.constData());
-    return error;
+    return isWritten && error == ENOENT ? 0 : error; // the cache was cleared meanwhile
 }
 
 void PictureCache::Add(const Environment &env, const QByteArray &key, const QByteArray &converted)

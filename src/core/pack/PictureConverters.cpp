@@ -103,6 +103,14 @@ QString PictureConverters::FolderOfPlace(size_t place) const
     return folder ? QString::fromUtf8(folder->Path()) + u'/' : env.ProgramDir();
 }
 
+void PictureConverters::BeginEnd()
+{
+    for (const Place &place : places) {
+        if (place.user)
+            place.user->tool.BeginEnd();
+    }
+}
+
 std::optional<size_t> PictureConverters::FreePlace()
 {
     for (size_t at = 0; at < places.size(); ++at) {

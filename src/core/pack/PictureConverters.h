@@ -27,6 +27,8 @@ public:
 
     /// How many pictures of a phase may be begun before it is their turn.
     [[nodiscard]] size_t Ahead() const { return places.size() > 1 ? AHEAD_OF_EACH * places.size() : 0; }
+    /// Asks all running converters to end, and doesn't wait.
+    void BeginEnd();
     /// Called when a converter has ended while one of them is waited for; may be empty.
     std::function<void()> whenFree;
 

@@ -60,6 +60,7 @@ PictureQueue::PictureQueue(PackContext &packContext, std::vector<PictureFile::Re
 PictureQueue::~PictureQueue()
 {
     context.converters.whenFree = nullptr;
+    context.converters.BeginEnd(); // all at the same time; the pictures then end them one after the other
 }
 
 bool PictureQueue::Next()

@@ -14,6 +14,8 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
+const QString LINKS_IN_A_CIRCLE = u"the symbolic links at its path lead in a circle: remove one of them"_s;
+
 /// Explains which permission is missing to write a file, and what to do.
 QString WaysToRights(const QByteArray &host)
 {
@@ -53,6 +55,8 @@ QString WaysToWrite(const QByteArray &host, int error)
     case ENOENT:
     case ENOTDIR:
         return WaysToPlace(host);
+    case ELOOP:
+        return LINKS_IN_A_CIRCLE;
     case ENAMETOOLONG:
         return u"move the project to a shorter path"_s;
     default:
@@ -73,6 +77,8 @@ QString WaysToRead(int error)
         return u"a folder has the file's name: move or rename the folder"_s;
     case EINVAL:
         return u"a device or a pipe has the file's name: move or rename it"_s;
+    case ELOOP:
+        return LINKS_IN_A_CIRCLE;
     case EFBIG:
         return u"a project's file can't be that large: check its contents"_s;
     default:

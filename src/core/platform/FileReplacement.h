@@ -7,7 +7,7 @@
 class Leftovers;
 
 /// A new file that is written beside the file it replaces, and then renamed over it. If it isn't put in place, it is
-/// removed, also when SIGINT or SIGTERM ends the program (SignalCleanup). Mode, owner and the symbolic links to the old
+/// removed, also when a signal ends the program (SignalCleanup). Mode, owner and the symbolic links to the old
 /// file don't change.
 ///
 ///     FileReplacement file;

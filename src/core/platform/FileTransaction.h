@@ -43,10 +43,10 @@ public:
     [[nodiscard]] bool IsUnchanged(const QString &absolute) const;
 
     /// Puts all written files into their places, in the order of writing, and ends the transaction. On failure, returns
-    /// the path of the file that the system refused, as it was passed to Write; no file has changed then. SIGINT and
-    /// SIGTERM are delayed meanwhile. `mayReplace`, unless it is empty, is called right before the first file is put
-    /// into its place, when no other save of the project is running any more. If it returns false, it has explained
-    /// why, and the first file counts as refused.
+    /// the path of the file that the system refused, as it was passed to Write; no file has changed then. Signals that
+    /// end the program are delayed meanwhile (SignalHold). `mayReplace`, unless it is empty, is called right before the
+    /// first file is put into its place, when no other save of the project is running any more. If it returns false, it
+    /// has explained why, and the first file counts as refused.
     [[nodiscard]] std::optional<QString> Commit(const std::function<bool()> &mayReplace = {});
 
 private:

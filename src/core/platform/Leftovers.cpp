@@ -8,7 +8,9 @@
 #include <cerrno>
 #include <csignal>
 #include <dirent.h>
+#include <fcntl.h>
 #include <limits>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -46,6 +48,13 @@ bool IsOfMode(const QByteArray &path, mode_t mode)
 {
     struct stat info;
     return lstat(path.constData(), &info) == 0 && (info.st_mode & S_IFMT) == mode;
+}
+
+/// Returns whether a process has a file locked, which may be a process of another container.
+bool IsLocked(const QByteArray &path)
+{
+    const FileHandle file(open(path.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    return file.IsOpen() && flock(file.Get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
 }
 
 QByteArrayList TemporaryFilesIn(const QByteArray &folder)
@@ -87,7 +96,23 @@ QByteArray TemporaryName(const QByteArray &target, qint64 process, int number)
            QByteArray::number(number);
 }
 
-QByteArrayList Leftovers::Abandoned(const QByteArray &target)
+int LockTemporaryFolder(const QByteArray &path, FileHandle &handle, IfLocked ifLocked)
+{
+    handle = FileHandle(open(path.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    if (!handle.IsOpen())
+        return errno;
+    while (flock(handle.Get(), LOCK_EX | (ifLocked == IfLocked::Fail ? LOCK_NB : 0)) != 0) {
+        if (errno != EINTR)
+            return errno;
+    }
+    struct stat opened;
+    struct stat named;
+    const bool isInPlace = fstat(handle.Get(), &opened) == 0 && lstat(path.constData(), &named) == 0 &&
+                           opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+    return isInPlace ? 0 : ENOENT;
+}
+
+std::vector<Leftovers::Found> Leftovers::Beside(const QByteArray &target)
 {
     const QByteArray folder = FolderOf(target);
     auto known = byFolder.find(folder);
@@ -95,28 +120,33 @@ QByteArrayList Leftovers::Abandoned(const QByteArray &target)
         known = byFolder.emplace(folder, TemporaryFilesIn(folder)).first;
     const QByteArray start = StartOfNames(target);
     const QByteArray place = target.left(target.lastIndexOf('/') + 1);
-    QByteArrayList paths;
+    std::vector<Found> found;
     for (const QByteArray &name : known->second) {
         const TemporaryFile file(name);
-        if (file.start == start && IsGone(file.process))
-            paths.append(place + name);
+        if (file.start == start)
+            found.push_back({place + name, file.process});
     }
-    return paths;
+    return found;
 }
 
 void Leftovers::RemoveBeside(const QByteArray &target)
 {
-    for (const QByteArray &path : Abandoned(target)) {
-        if (IsOfMode(path, S_IFREG))
-            unlink(path.constData());
+    for (const Found &file : Beside(target)) {
+        if (IsGone(file.process) && IsOfMode(file.path, S_IFREG) && !IsLocked(file.path))
+            unlink(file.path.constData());
     }
 }
 
 void Leftovers::RemoveFoldersBeside(const QByteArray &target)
 {
-    for (const QByteArray &path : Abandoned(target)) {
-        if (IsOfMode(path, S_IFDIR))
-            QDir(QString::fromUtf8(path)).removeRecursively();
+    for (const Found &folder : Beside(target)) {
+        if (!IsOfMode(folder.path, S_IFDIR))
+            continue;
+        FileHandle lock; // held while the folder is removed
+        const int error = LockTemporaryFolder(folder.path, lock, IfLocked::Fail);
+        const bool hasNoLocks = error != 0 && error != EWOULDBLOCK;
+        if (error == 0 || (hasNoLocks && IsGone(folder.process)))
+            QDir(QString::fromUtf8(folder.path)).removeRecursively();
     }
 }
 

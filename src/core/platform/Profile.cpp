@@ -4,6 +4,7 @@
 #include "HostFiles.h"
 #include "Text.h"
 
+#include <QSet>
 #include <QStringDecoder>
 #include <QStringEncoder>
 
@@ -145,12 +146,16 @@ int Profile::Int(QStringView section, QStringView key, int fallback) const
 QList<std::pair<QString, QString>> Profile::Keys() const
 {
     QList<std::pair<QString, QString>> keys;
+    const QList<int> repeated = RepeatedHeads();
     QString section;
+    bool counts = true;
     for (const Line &line : lines) {
-        if (line.isHead)
+        if (line.isHead) {
             section = QStringView(line.text).trimmed().sliced(1).split(u']').front().trimmed().toString();
-        else if (!line.key.isEmpty())
+            counts = !std::binary_search(repeated.begin(), repeated.end(), int(&line - lines.constData()) + 1);
+        } else if (counts && !line.key.isEmpty()) {
             keys.emplaceBack(section, QStringView(line.text).first(line.text.indexOf(u'=')).trimmed().toString());
+        }
     }
     return keys;
 }
@@ -175,6 +180,19 @@ QList<int> Profile::BrokenHeads() const
         const QStringView behind = text.sliced(close + 1).trimmed();
         if (lines[i].isHead && (close < 0 || (!behind.isEmpty() && !behind.startsWith(u';'))))
             numbers.append(int(i) + 1);
+    }
+    return numbers;
+}
+
+QList<int> Profile::RepeatedHeads() const
+{
+    QList<int> numbers;
+    QSet<QString> sections;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        if (lines[i].isHead && sections.contains(lines[i].section))
+            numbers.append(int(i) + 1);
+        else if (lines[i].isHead)
+            sections.insert(lines[i].section);
     }
     return numbers;
 }

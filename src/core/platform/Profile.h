@@ -39,7 +39,8 @@ public:
     /// Returns the decimal number, with an optional sign, that the value begins with; 0 if it begins with none.
     [[nodiscard]] int Int(QStringView section, QStringView key, int fallback) const;
 
-    /// Returns section and key of each line that has a key, in the order and spelling of the file.
+    /// Returns section and key of each line that has a key, in the order and spelling of the file. Leaves out those of
+    /// repeated sections, which don't count.
     [[nodiscard]] QList<std::pair<QString, QString>> Keys() const;
 
     /// Returns the numbers of the lines, from 1, that have no meaning: those that are neither empty nor a comment, a
@@ -48,6 +49,8 @@ public:
     /// Returns the numbers of the lines that begin a section, but aren't "[NAME]": the bracket isn't closed, or
     /// something other than a comment follows it.
     [[nodiscard]] QList<int> BrokenHeads() const;
+    /// Returns the numbers of the lines, from 1, that begin a section of which there is an earlier one.
+    [[nodiscard]] QList<int> RepeatedHeads() const;
 
     /// Returns the lines of a section without comments and empty lines. Stops before the line that would exceed `limit`
     /// characters, counting one character more for each line and one for the end.

@@ -6,6 +6,7 @@
 #include "Paths.h"
 #include "SignalCleanup.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -137,14 +138,22 @@ RunningTool::RunningTool(Environment &env, const QStringList &commandLine, const
     }
 }
 
+void RunningTool::BeginEnd()
+{
+    if (killAt || !IsRunning())
+        return;
+    SignalCleanup::EndChild(child, SIGTERM);
+    killAt = std::chrono::steady_clock::now() + std::chrono::seconds(1);
+}
+
 void RunningTool::End()
 {
+    BeginEnd();
     if (!IsRunning())
         return;
-    constexpr int PATIENCE_MS = 1000;
-    SignalCleanup::EndChild(child, SIGTERM);
+    const auto patience = std::chrono::ceil<std::chrono::milliseconds>(*killAt - std::chrono::steady_clock::now());
     pollfd ends{Handle(), POLLIN, 0};
-    if (!handle.IsOpen() || poll(&ends, 1, PATIENCE_MS) != 1)
+    if (!handle.IsOpen() || poll(&ends, 1, std::max(int(patience.count()), 0)) != 1)
         SignalCleanup::EndChild(child, SIGKILL);
     WaitForEnd();
     TakeStatus();

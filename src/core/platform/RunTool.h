@@ -6,6 +6,9 @@
 
 #include <QStringList>
 
+#include <chrono>
+#include <optional>
+
 class Environment;
 
 /// The result of RunTool when the tool couldn't be started.
@@ -42,7 +45,10 @@ public:
     RunningTool(const RunningTool &) = delete;
     RunningTool &operator=(const RunningTool &) = delete;
 
-    /// Ends the tool if it still runs: SIGTERM, and SIGKILL after a second.
+    /// Sends SIGTERM to the tool, unless that was done or the tool has ended, and doesn't wait. To end several tools,
+    /// call this for all of them before `End`.
+    void BeginEnd();
+    /// Ends the tool if it still runs: BeginEnd, and SIGKILL a second after that.
     void End();
     [[nodiscard]] bool IsRunning();
     /// Waits for the tool's end without a time limit.
@@ -59,6 +65,7 @@ private:
     FileHandle handle;
     SignalCleanup cleanup;
     ToolEnd state;
+    std::optional<std::chrono::steady_clock::time_point> killAt; // once it has got SIGTERM
 };
 
 /// Runs an outside tool and waits for its end without a time limit. The first word of the command line is the tool's
@@ -67,7 +74,7 @@ private:
 ///
 /// The tool gets this process's environment variables (and the settings folder of `env`) and its current folder. Its
 /// standard input is empty, its standard output is discarded, and its standard error is this process's. It gets no
-/// other open files. When SIGINT or SIGTERM ends this program, the tool is ended too (SignalCleanup).
+/// other open files. When SIGINT, SIGTERM or SIGHUP ends this program, the tool is ended too (SignalCleanup).
 ///
 /// `end`, if not null, is set to how the tool ended.
 [[nodiscard]] int RunTool(Environment &env, const QStringList &commandLine, ToolEnd *end = nullptr);

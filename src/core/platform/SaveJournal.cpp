@@ -92,10 +92,9 @@ std::optional<std::vector<Renaming>> Parse(const QByteArray &text, const Project
     return renamings;
 }
 
-/// Returns whether the journal is outside of the project because of a link.
-bool IsOutside(const QByteArray &journal, const SavedProject &project)
+/// Returns whether the journal is outside of the project because of a link. Sets `place` to where the link leads.
+bool IsOutside(const QByteArray &journal, const SavedProject &project, QByteArray &place)
 {
-    QByteArray place;
     return !project.followsLinks &&
            !StaysInProject(TemporaryName(journal, getpid(), 0), HostPath(project.folder), place);
 }
@@ -114,9 +113,13 @@ public:
         bool isThere = false;
         if (!Lock(isThere))
             return false;
-        if (isThere && IsOutside(path, project))
-            return Refuse(u"a symbolic link leads out of the project to it"_s);
-        return !isThere || Finish();
+        QByteArray place;
+        const bool isOutside = IsOutside(path, project, place);
+        if (isThere)
+            return isOutside ? Refuse(u"a symbolic link leads out of the project to it"_s) : Finish();
+        if (!isOutside)
+            Leftovers().RemoveBeside(path); // of a save that was killed before its journal had this name
+        return true;
     }
 
     /// Returns whether there is a journal that no process is using.
@@ -263,8 +266,10 @@ int SaveJournal::Begin(Environment &env, const SavedProject &project, const std:
 {
     constexpr int MOST_TRIES = 100; // a try fails when another process was faster
     const QByteArray place = HostPath(project.journal);
-    if (IsOutside(place, project))
-        return ELOOP;
+    if (QByteArray leadsTo; IsOutside(place, project, leadsTo)) {
+        env.ExplainFailure(WhyOutside(project.journal, leadsTo));
+        return EBUSY;
+    }
     const ProjectPlaces places(project);
     for (int i = 0; i < MOST_TRIES; ++i) {
         if (!FinishInterruptedSave(env, project))

@@ -28,7 +28,8 @@ public:
 
     /// Writes the journal of a project with those of `entries` that a journal may name. If another process saves the
     /// project, waits for it to finish. Returns 0, or the system's error number: EBUSY when the other process takes too
-    /// long or an older save can't be finished; the environment has explained it then.
+    /// long, an older save can't be finished, or a link leads out of the project to the journal; the environment has
+    /// explained it then.
     [[nodiscard]] int Begin(Environment &env, const SavedProject &project, const std::vector<Entry> &entries);
 
     /// Removes the journal, if there is one. Call it when all files have their final names.
@@ -43,7 +44,8 @@ private:
 /// it before the project's files are read or written. Returns false, after explaining it, when the files may be a
 /// mixture of two saves: the journal names a file that a save of this project wouldn't write or a file that was changed
 /// since, or the system refuses to rename a file. A file that was changed since is never overwritten. A generated file
-/// that was changed since keeps its content and doesn't make this function fail.
+/// that was changed since keeps its content and doesn't make this function fail. Removes the temporary file of a
+/// journal that was never completed.
 [[nodiscard]] bool FinishInterruptedSave(Environment &env, const SavedProject &project);
 
 /// Returns whether there is such a save to finish, and changes nothing. Waits for a save that is running; if that save

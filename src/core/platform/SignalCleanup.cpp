@@ -28,7 +28,7 @@ namespace
 
 using Entry = SignalCleanup::Entry;
 
-constexpr int END_SIGNALS[] = {SIGINT, SIGTERM};
+constexpr int END_SIGNALS[] = {SIGINT, SIGTERM, SIGHUP};
 
 /// The first entry. It is global because a signal handler gets no arguments of ours.
 std::atomic<Entry *> first = nullptr;

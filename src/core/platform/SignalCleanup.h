@@ -6,8 +6,8 @@
 #include <csignal>
 #include <sys/types.h>
 
-/// Cleans up one thing when SIGINT or SIGTERM ends the program: removes a temporary file or folder, or ends a child
-/// process. The thing is registered as long as this object exists. Main thread only.
+/// Cleans up one thing when SIGINT, SIGTERM or SIGHUP ends the program: removes a temporary file or folder, or ends a
+/// child process. The thing is registered as long as this object exists. Main thread only.
 ///
 ///     SignalCleanup::Install();                       // once, at the start of the program
 ///     SignalCleanup file;
@@ -21,10 +21,10 @@
 class SignalCleanup
 {
 public:
-    /// Installs the handlers. SIGINT and SIGTERM then first end the registered children (SIGTERM, and SIGKILL for a
-    /// child that still exists after a second), then remove the registered files and folders, and then end the process
-    /// with the signal's own status. A signal that was ignored when the process started stays ignored. A forked process
-    /// that doesn't call this again removes and ends nothing.
+    /// Installs the handlers. Each of these signals then first ends the registered children (SIGTERM, and SIGKILL for a
+    /// child that still exists after a second), then removes the registered files and folders, and then ends the
+    /// process with the signal's own status. A signal that was ignored when the process started, as by nohup, stays
+    /// ignored. A forked process that doesn't call this again removes and ends nothing.
     static void Install();
 
     /// Registers nothing.
@@ -57,7 +57,8 @@ private:
     Entry *entry = nullptr;
 };
 
-/// Blocks SIGINT and SIGTERM while it exists. For steps that must not be interrupted, such as the renames of a save.
+/// Blocks SIGINT, SIGTERM and SIGHUP while it exists. For steps that must not be interrupted, such as the renames of a
+/// save.
 class SignalHold
 {
 public:

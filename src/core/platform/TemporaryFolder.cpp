@@ -21,13 +21,17 @@ int TemporaryFolder::Make(const QByteArray &target)
     for (int number = 0; number < MOST_TEMPORARY_FILES; ++number) {
         const QByteArray tried = TemporaryName(target, getpid(), number);
         const SignalHold hold; // a signal between the two steps would leave the folder
-        if (mkdir(tried.constData(), S_IRWXU) == 0) {
-            cleanup = SignalCleanup::OfFolder(tried);
-            path = tried;
-            return 0;
+        if (mkdir(tried.constData(), S_IRWXU) != 0) {
+            if (errno != EEXIST)
+                return errno;
+            continue;
         }
-        if (errno != EEXIST)
-            return errno;
+        // Before the lock, another process may have taken the folder for one that was left.
+        if (LockTemporaryFolder(tried, lock, IfLocked::Wait) == ENOENT)
+            continue;
+        cleanup = SignalCleanup::OfFolder(tried);
+        path = tried;
+        return 0;
     }
     return EEXIST;
 }

@@ -19,10 +19,10 @@ int ParseXml(const Environment &env, QByteArrayView bytes, TiXmlDocument &docume
     return ParseXmlText(XmlText(env, bytes.toByteArray()), document);
 }
 
-int RowOf(const TiXmlElement &element)
+int RowOf(const TiXmlNode &node)
 {
-    const auto row = reinterpret_cast<qintptr>(element.GetUserData());
-    return row > 0 ? int(row) : element.Row();
+    const auto row = reinterpret_cast<qintptr>(node.GetUserData());
+    return row > 0 ? int(row) : node.Row();
 }
 
 NarrowText FromXml(const Environment &env, const char *text)

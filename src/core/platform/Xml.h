@@ -15,8 +15,9 @@ class Environment;
 [[nodiscard]] int LoadXml(const Environment &env, const QString &path, TiXmlDocument &document);
 [[nodiscard]] int ParseXml(const Environment &env, QByteArrayView bytes, TiXmlDocument &document);
 
-/// Returns the row, from 1, in which an element of such a document begins. The parser's own row count is switched off.
-[[nodiscard]] int RowOf(const TiXmlElement &element);
+/// Returns the row, from 1, in which an element or a comment of such a document begins. The parser's own row count is
+/// switched off.
+[[nodiscard]] int RowOf(const TiXmlNode &node);
 
 /// Calls `function(element)` for each child element of an element, in order, and `other(node)` for each child that is
 /// neither an element nor a comment.

@@ -40,8 +40,8 @@ public:
 
     /// The position at which the check ended.
     [[nodiscard]] const char *Place() const { return at; }
-    /// The positions at which the elements begin, in order.
-    [[nodiscard]] const std::vector<const char *> &Elements() const { return elements; }
+    /// The positions at which the elements and comments begin, in order.
+    [[nodiscard]] const std::vector<const char *> &Nodes() const { return nodes; }
 
 private:
     [[nodiscard]] const char *Next(char c) const
@@ -63,6 +63,7 @@ private:
         if (rest.size() > 1 && BeginsXmlName(rest[1])) { // most tags are start tags
             return StartTag();
         } else if (rest.startsWith("<!--")) {
+            nodes.push_back(at);
             Skip(4, "-->");
         } else if (rest.startsWith("<![CDATA[")) {
             Skip(9, "]]>");
@@ -97,7 +98,7 @@ private:
     bool StartTag()
     {
         int attributes = 0;
-        elements.push_back(at);
+        nodes.push_back(at);
         for (++at; at < end && *at != '>'; ++at) {
             attributes += *at == '=';
             if (*at == '"' || *at == '\'') {
@@ -116,7 +117,7 @@ private:
     const char *end;
     int depth = 0;
     int tags = 0;
-    std::vector<const char *> elements;
+    std::vector<const char *> nodes;
 };
 
 /// Returns the node after `node` in the order of the document.
@@ -131,17 +132,17 @@ TiXmlNode *NextInDocument(TiXmlNode *node)
 
 /// Sets the row of each element. The parser's own count would take a tenth of its time, because it looks at each
 /// character once more. Returns false when the parser found other elements than the guard.
-bool SetRows(TiXmlDocument &document, const char *text, const std::vector<const char *> &elements)
+bool SetRows(TiXmlDocument &document, const char *text, const std::vector<const char *> &nodes)
 {
     size_t known = 0;
     qintptr row = 1;
     for (TiXmlNode *node = NextInDocument(&document); node; node = NextInDocument(node)) {
-        if (!node->ToElement())
+        if (!node->ToElement() && !node->ToComment())
             continue;
-        if (known == elements.size())
+        if (known == nodes.size())
             return false;
-        row += std::count(text, elements[known], '\n');
-        text = elements[known++];
+        row += std::count(text, nodes[known], '\n');
+        text = nodes[known++];
         node->SetUserData(reinterpret_cast<void *>(row));
     }
     return true;
@@ -214,7 +215,7 @@ int ParseXmlText(const QByteArray &text, TiXmlDocument &document)
     document.SetTabSize(0); // the parser counts no rows
     document.Parse(text.constData(), nullptr, TIXML_ENCODING_UTF8);
     document.SetTabSize(tabSize);
-    if (document.Error() || !SetRows(document, text.constData(), guard.Elements())) {
+    if (document.Error() || !SetRows(document, text.constData(), guard.Nodes())) {
         document.Clear();
         document.ClearError();
         document.Parse(text.constData(), nullptr, TIXML_ENCODING_UTF8); // for the row of the error

@@ -6,6 +6,17 @@
 #include "Paths.h"
 #include "ResModel.h"
 
+namespace
+{
+
+/// Returns whether a load reads the same path from the list: it condenses blanks and drops outer quotation marks.
+bool IsKeptByList(const QString &stored)
+{
+    return !stored.contains(u"  ") && !stored.endsWith(u' ') && !stored.endsWith(u'"');
+}
+
+} // namespace
+
 int ToStoredPath(const CResModel &model, QString &path)
 {
     const QString folderOfProject = DirectoryOf(model.PathName());
@@ -15,7 +26,9 @@ int ToStoredPath(const CResModel &model, QString &path)
     if (path != absolute && !absolute.startsWith(folderOfProject) &&
         !IsSameFile(HostPath(absolute), HostPath(ResolvePath(path, folderOfProject))))
         path = absolute;
-    return model.env.NarrowToWide(model.env.WideToNarrow(path)) == path ? FILE_EDIT_DONE : FILE_NAME_NOT_IN_CODE_PAGE;
+    if (model.env.NarrowToWide(model.env.WideToNarrow(path)) != path)
+        return FILE_NAME_NOT_IN_CODE_PAGE;
+    return IsKeptByList(path) ? FILE_EDIT_DONE : FILE_NAME_NOT_KEPT_BY_LIST;
 }
 
 int AddFileResource(CResModel &model, CResFolder &folder, const QString &path, const QString &storedAt,

@@ -25,6 +25,10 @@ QString FileEditMessage(int code)
         return QStringLiteral("The code page of the project lacks a character of its path. Rename it first.");
     case FILE_NAME_HAS_BACKSLASH:
         return QStringLiteral("Its path contains a \"\\\", which separates folders in a project. Rename it first.");
+    case FILE_NAME_NOT_KEPT_BY_LIST:
+        return QStringLiteral(
+            "The list of resources would lose a part of its path: two blanks in a row become one, and "
+            "a blank or a quotation mark at the end is dropped. Rename it first.");
     case FILE_PATH_TOO_LONG:
         return QStringLiteral("Its path is too long.");
     case FILE_NOT_FOUND:

@@ -39,7 +39,9 @@ void UnreadContent::LookAtNodes(const TiXmlNode &parent, int row, Text text) con
         if (node->ToElement() || node->ToDeclaration() || isText)
             continue;
         const QString what = Cut(QString::fromUtf8(node->Value()).simplified());
-        tell(next ? RowOf(*next) : row,
+        tell(node->ToComment() ? RowOf(*node)
+             : next            ? RowOf(*next)
+                               : row,
              node->ToComment() ? u"a save drops the comment \"%1\""_s.arg(what)
                                : u"the text \"%1\" is left out: it does not belong to a resource"_s.arg(what),
              node->ToComment() != nullptr);
