@@ -150,6 +150,8 @@ int StringsImportSubcommand::Run(Session &session)
     const QString path = AbsolutePath(project);
     if ((!dryRun && !session.LockProject(path)) || (strict && HasInterruptedSave(session.env, path)))
         return EXIT_FAILED;
+    if (isWorkbook)
+        BeginReading();
     CResDoc *const document = session.OpenQuietly(path);
     if (!document || (strict && !TellOfOpening(session, document->PathName(), document, true)))
         return EXIT_FAILED;
@@ -183,12 +185,17 @@ int StringsImportSubcommand::Import(Session &session, CResDoc &document)
     return status;
 }
 
-int StringsImportSubcommand::ImportWorkbook(Session &session, CResDoc &document, IImportWatch *watch) const
+void StringsImportSubcommand::BeginReading()
 {
-    ImportFile file = files.front();
+    ImportFile &file = files.front();
     if (!file.content)
         file.name = file.path; // in messages too, so that they say which of several folders it is in
-    std::optional<SpreadsheetImport> import(std::in_place, document, std::move(file), options);
+    reading = std::make_unique<SheetReading>(std::move(file), options.sheet);
+}
+
+int StringsImportSubcommand::ImportWorkbook(Session &session, CResDoc &document, IImportWatch *watch)
+{
+    std::optional<SpreadsheetImport> import(std::in_place, document, std::move(reading), options);
     const SpreadsheetResult result = import->Read(watch);
     if (!result.reason.isEmpty())
         Complain(result.reason);
