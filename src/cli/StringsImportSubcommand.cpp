@@ -77,6 +77,12 @@ bool StringsImportSubcommand::ChooseFiles()
         const std::string extension = format == "xliff" ? "xlf" : format;
         files.push_back({AbsolutePath(name == INPUT ? "-." + extension : name), shown});
     }
+    for (auto file = files.begin(); file != files.end(); ++file) {
+        if (std::any_of(files.begin(), file, [&](const ImportFile &other) { return other.path == file->path; })) {
+            Complain(u"%1: it is named twice; name each file once"_s.arg(file->name));
+            return false;
+        }
+    }
     const auto isTranslation = [](const ImportFile &file) { return TranslationFormatOf(file.path) != nullptr; };
     isWorkbook = std::none_of(files.begin(), files.end(), isTranslation);
     options.replace = replace;

@@ -300,7 +300,9 @@ SpreadsheetResult SpreadsheetImport::Read(IImportWatch *watch)
 SpreadsheetResult ImportSpreadsheet(CResModel &document, const QString &path)
 {
     SpreadsheetImport import(document, {path, path});
-    const SpreadsheetResult result = import.Read();
+    SpreadsheetResult result = import.Read();
+    if (result.code == 0 && !import.Plan().ChangesRows())
+        result.reason = NothingImported();
     import.Plan().Apply();
     return result;
 }
