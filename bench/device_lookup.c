@@ -1,5 +1,5 @@
 /* SPDX-License-Identifier: MIT */
-/* Opens a language, and then looks up each key in it. */
+/* Opens a language, and then looks up each key in it, and once more without the open language. */
 #include "device_program.h"
 #include "morvanite_device.h"
 
@@ -16,7 +16,7 @@ void _start(void)
         leave(2);
     mark_end();
     for (i = 0; i < KEYS; ++i) {
-        morvanite_string string;
+        morvanite_string string, found;
         morvanite_result result;
         uint32_t length = 0;
 
@@ -29,6 +29,11 @@ void _start(void)
             ++length;
         if (length != string.length)
             leave(4);
+        mark_begin();
+        result = morvanite_find_text(&payload, 0, keys[i].number, &found);
+        mark_end();
+        if (result != MORVANITE_OK || found.units != string.units || found.length != string.length)
+            leave(5);
     }
     leave(0);
 }

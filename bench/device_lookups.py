@@ -49,10 +49,10 @@ def count(trace, begin, end):
 
 
 def of_payload(payload, keys):
-    """Returns the instructions of opening language 0, and the mean of those of a look-up in it."""
-    opening, *lookups = between_marks([os.path.join(HERE, 'device_lookup.c'), os.path.join(DEVICE, 'morvanite_device.c')],
+    """Returns the mean of the instructions of a look-up in language 0 when it is open, and when it isn't."""
+    _, *lookups = between_marks([os.path.join(HERE, 'device_lookup.c'), os.path.join(DEVICE, 'morvanite_device.c')],
                                       payload, keys)
-    return opening, sum(lookups) / len(lookups)
+    return sum(lookups[::2]) / len(keys), sum(lookups[1::2]) / len(keys)
 
 
 def of_mo(mo, keys):

@@ -198,7 +198,7 @@ class Suite:
         self.table.compare('pack 50,000 rows in 12 languages; msgfmt', ours, peer, 0.27, 0.16)
 
     def device(self):
-        """Counts the instructions of a look-up on the device, under emulation. The language is open."""
+        """Counts the instructions of a look-up on the device, under emulation."""
         folder = self.folder('device')
         project = inputs.project(folder, [], strings=True)
         rows = 50000
@@ -208,8 +208,11 @@ class Suite:
         mo = os.path.join(folder, 'language.mo')
         Run(['msgfmt', '--no-hash', '-o', mo, pos[0]]).once()
         keys = [(row + 1, 'ID_STRING_%05d' % row) for row in random.Random(3).sample(range(rows), 64)]
-        self.table.row('text look-up among 50,000, Cortex-M0; .mo', device_lookups.of_payload(side, keys)[1],
-                       device_lookups.of_mo(mo, keys), lambda count: '%.0f' % count, 0.6, 0.1)
+        peer = device_lookups.of_mo(mo, keys)
+        opened, at_once = device_lookups.of_payload(side, keys)
+        for name, ours, aim in (('text look-up among 50,000, Cortex-M0; .mo', opened, 0.1),
+                                ('in a language that is not open; .mo', at_once, 0.25)):
+            self.table.row(name, ours, peer, lambda count: '%.0f' % count, 0.6, aim)
 
     def check(self):
         folder = self.folder('check')

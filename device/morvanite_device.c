@@ -2,9 +2,8 @@
 /* See docs/payload-format.md for the bytes:
  *
  *     directory   name, zero byte, offset (4), size (4); again and again, up to the empty name
- *     items       key (4), offset (4); again and again, up to the key 0xFFFFFFFF;
- *                 its offset is where the last item ends
- *     language    count (4), then id (4), offset (4); again and again, up to the id 0xFFFFFFFF
+ *     items       key (4), offset (4); again and again, up to the key 0xFFFFFFFF; its offset is the end of the last
+ * item language    count (4), then id (4), offset (4); again and again, up to the id 0xFFFFFFFF
  *
  * Numbers are little-endian and may be at any address. A range is checked by subtraction, never by a sum that could
  * wrap around. */
@@ -12,34 +11,30 @@
 
 /* Where the processor has the payload's byte order, a number at a multiple of 4 is read by one load. The type may be
  * used for bytes that are declared as something else. Loops over tables are compiled twice, for such numbers and for
- * others, since a call in each step would take more time than the rest of the step. */
+ * others, since a call in each step would take more time than the rest. What is SHARED is smaller as a function. */
 #if defined(__GNUC__) && defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
-#define HAS_WORDS 1
+#define IS_ALIGNED(at) (((uintptr_t)(at)&3u) == 0)
 typedef uint32_t __attribute__((__may_alias__)) word;
 #define FOR_EACH_READER static inline __attribute__((__always_inline__))
+#define SHARED static __attribute__((__noinline__))
 #else
-#define HAS_WORDS 0
+#define IS_ALIGNED(at) 0
 typedef uint32_t word;
 #define FOR_EACH_READER static
+#define SHARED static
 #endif
 
 #define PAIR_SIZE 8u
 #define END_KEY UINT32_C(0xFFFFFFFF)
 #define REPLACEMENT_CHARACTER 0xFFFDu
 
-/* Bits of a table's `order`: what the walk of its opening found. */
-#define IS_SORTED 1u        /* no key is less than the one before it */
-#define IS_DISTINCT 2u      /* every key is greater than the one before it */
-#define HAS_ORDERED_DATA 4u /* no offset is less than the one before it */
+/* Bits of a table's `order`: what the walk of its opening found, or what is assumed without one. */
+#define HAS_ORDERED_KEYS 1u /* every key is greater than the one before it */
+#define HAS_ORDERED_DATA 2u /* no offset is less than the one before it */
 
 /* Return the number at an address, and the key at a position of a table. */
 typedef uint32_t reader(const uint8_t *at);
 typedef uint32_t key_reader(const morvanite_table *table, uint32_t position);
-
-static int is_aligned(const uint8_t *at)
-{
-    return HAS_WORDS && ((uintptr_t)at & 3u) == 0;
-}
 
 FOR_EACH_READER uint32_t read_word(const uint8_t *at)
 {
@@ -48,7 +43,7 @@ FOR_EACH_READER uint32_t read_word(const uint8_t *at)
 
 static uint32_t read_u32(const uint8_t *at)
 {
-    if (is_aligned(at))
+    if (IS_ALIGNED(at))
         return read_word(at);
     return (uint32_t)at[0] | (uint32_t)at[1] << 8 | (uint32_t)at[2] << 16 | (uint32_t)at[3] << 24;
 }
@@ -56,16 +51,13 @@ static uint32_t read_u32(const uint8_t *at)
 /* A pair of a table, and the offset of the next one. There is always a next one, since the last one ends the table. */
 typedef struct pair
 {
-    uint32_t key;
-    uint32_t offset;
-    uint32_t next;
+    uint32_t key, offset, next;
 } pair;
 
-FOR_EACH_READER void read_numbers(const uint8_t *at, pair *numbers, reader *read)
+FOR_EACH_READER pair pair_at(const uint8_t *at, reader *read)
 {
-    numbers->key = read(at);
-    numbers->offset = read(at + 4);
-    numbers->next = read(at + PAIR_SIZE + 4);
+    pair numbers = {read(at), read(at + 4), read(at + PAIR_SIZE + 4)};
+    return numbers;
 }
 
 /* Returns 0 if the table has no such position. */
@@ -76,58 +68,52 @@ static int read_pair(const morvanite_table *table, uint32_t position, pair *numb
     if (position >= table->count)
         return 0;
     at = table->pairs + position * PAIR_SIZE;
-    if (is_aligned(at))
-        read_numbers(at, numbers, read_word);
-    else
-        read_numbers(at, numbers, read_u32);
+    *numbers = IS_ALIGNED(at) ? pair_at(at, read_word) : pair_at(at, read_u32);
     return 1;
 }
 
-/* Returns the address of the pair that ends the table, which must be before `end`, or null. Sets `order`, and `last` to
- * the last key. */
-FOR_EACH_READER const uint8_t *walk_pairs(morvanite_table *table, const uint8_t *end, uint32_t *last, reader *read)
+/* Returns the address of the pair that ends the table, which must be before `end`, or null. Sets `order`. */
+FOR_EACH_READER const uint8_t *walk_pairs(const uint8_t *at, const uint8_t *end, uint32_t *order, reader *read)
 {
-    const uint8_t *at;
-    uint32_t order = IS_SORTED | IS_DISTINCT | HAS_ORDERED_DATA;
-    uint32_t last_key = 0;
+    uint32_t found = HAS_ORDERED_KEYS | HAS_ORDERED_DATA;
+    uint32_t least_key = 0;
     uint32_t last_offset = 0;
 
-    for (at = table->pairs; at != end; at += PAIR_SIZE) {
+    for (; at != end; at += PAIR_SIZE) {
         uint32_t key = read(at);
         uint32_t offset = read(at + 4);
         if (offset < last_offset)
-            order &= ~HAS_ORDERED_DATA;
+            found &= ~HAS_ORDERED_DATA;
         if (key == END_KEY) {
-            table->order = order;
-            *last = last_key;
+            *order = found;
             return at;
         }
-        if (key < last_key)
-            order &= ~IS_SORTED;
-        if (key <= last_key)
-            order &= ~IS_DISTINCT;
-        last_key = key;
+        if (key < least_key)
+            found &= ~HAS_ORDERED_KEYS;
+        least_key = key + 1;
         last_offset = offset;
     }
     return 0;
 }
 
-/* Opens a table that ends within `limit` pairs. */
-static morvanite_result open_table(morvanite_table *table, const uint8_t *pairs, uint32_t limit)
+/* The same for a table of any address, which must end within `limit` pairs. */
+static const uint8_t *find_end(const uint8_t *pairs, uint32_t limit, uint32_t *order)
 {
     const uint8_t *end = pairs + limit * PAIR_SIZE;
-    uint32_t last;
 
+    return IS_ALIGNED(pairs) ? walk_pairs(pairs, end, order, read_word) : walk_pairs(pairs, end, order, read_u32);
+}
+
+/* Sets all but the order of a table of `count` pairs, which are followed by the pair that ends it. */
+static void set_table(morvanite_table *table, const uint8_t *pairs, uint32_t count)
+{
     table->pairs = pairs;
-    table->count = 0;
+    table->count = count;
     table->index = 0;
-    end = is_aligned(pairs) ? walk_pairs(table, end, &last, read_word) : walk_pairs(table, end, &last, read_u32);
-    if (!end)
-        return MORVANITE_DAMAGED;
-    table->count = (uint32_t)(end - pairs) / PAIR_SIZE;
-    table->first = read_u32(pairs);
-    table->gaps = last - table->first - (table->count - 1);
-    return MORVANITE_OK;
+    if (count > 0) {
+        table->first = read_u32(pairs);
+        table->gaps = read_u32(pairs + (count - 1) * PAIR_SIZE) - table->first - (count - 1);
+    }
 }
 
 /* The key at a position of the index if the table has one, and otherwise at a position of the table. */
@@ -142,16 +128,15 @@ FOR_EACH_READER uint32_t word_at(const morvanite_table *table, uint32_t position
     return read_word(table->pairs + position * PAIR_SIZE);
 }
 
-/* The first position with that key, or the table's count: from `low` to `high` in a sorted table, and otherwise before
+/* The first position with that key, if there is one: from `low` to `high` in a sorted table, and otherwise before
  * `high`. */
 FOR_EACH_READER uint32_t search(const morvanite_table *table, uint32_t low, uint32_t high, uint32_t key,
                                 uint32_t is_sorted, key_reader *read)
 {
     if (!is_sorted) {
-        for (; low < high; ++low)
-            if (read(table, low) == key)
-                return low;
-        return table->count;
+        while (low < high && read(table, low) != key)
+            ++low;
+        return low;
     }
     while (low < high) {
         uint32_t middle = (low + high) / 2;
@@ -160,10 +145,10 @@ FOR_EACH_READER uint32_t search(const morvanite_table *table, uint32_t low, uint
         else
             high = middle;
     }
-    return low < table->count && read(table, low) == key ? low : table->count;
+    return low;
 }
 
-/* The first position with that key, or the table's count. */
+/* Returns the first position with that key, or the table's count. */
 static uint32_t find_key(const morvanite_table *table, uint32_t key)
 {
     uint32_t low = 0;
@@ -171,7 +156,7 @@ static uint32_t find_key(const morvanite_table *table, uint32_t key)
 
     if (high == 0) /* the table may not be open */
         return 0;
-    if (table->order & IS_DISTINCT) { /* such a table has no index */
+    if (table->order & HAS_ORDERED_KEYS) { /* such a table has no index */
         /* Before the wanted pair there is one for each of the `distance` numbers from the first key on, less at most
          * all `gaps` of the table. If the subtraction wraps around, `low` is too great for any position. */
         uint32_t distance = key - table->first;
@@ -180,51 +165,45 @@ static uint32_t find_key(const morvanite_table *table, uint32_t key)
         if (high > distance)
             high = distance;
     }
-    if (!table->index && is_aligned(table->pairs))
-        return search(table, low, high, key, table->order & IS_SORTED, word_at);
-    low = search(table, low, high, key, table->index != 0 || (table->order & IS_SORTED), key_at);
-    return table->index && low < table->count ? table->index[low] : low;
+    if (!table->index && IS_ALIGNED(table->pairs))
+        low = search(table, low, high, key, table->order & HAS_ORDERED_KEYS, word_at);
+    else
+        low = search(table, low, high, key, table->index != 0 || (table->order & HAS_ORDERED_KEYS), key_at);
+    if (table->index && low < table->count)
+        low = table->index[low];
+    return low < table->count && read_u32(table->pairs + low * PAIR_SIZE) == key ? low : table->count;
 }
 
 /* Equal keys stay in the table's order, so that the first one is found, as in a linear search. */
-static int is_before(const morvanite_table *table, uint32_t left, uint32_t right)
+SHARED int is_before(const morvanite_table *table, uint32_t left, uint32_t right)
 {
-    uint32_t left_key = read_u32(table->pairs + left * PAIR_SIZE);
-    uint32_t right_key = read_u32(table->pairs + right * PAIR_SIZE);
+    uint32_t left_key = key_at(table, left);
+    uint32_t right_key = key_at(table, right);
     return left_key < right_key || (left_key == right_key && left < right);
 }
 
 morvanite_result morvanite_make_index(morvanite_table *table, uint32_t *order, uint32_t room)
 {
-    uint32_t unsorted = table->count; /* order[0 .. unsorted) is a heap with the greatest on top */
-    uint32_t root = table->count / 2; /* the heap starts here while it is being built */
+    uint32_t step = table->count;
     uint32_t i;
 
-    if (table->count == 0 || (table->order & IS_SORTED))
+    if (table->count == 0 || (table->order & HAS_ORDERED_KEYS))
         return MORVANITE_OK;
     if (room < table->count)
         return MORVANITE_NO_ROOM;
+    table->index = 0; /* so that a second index is made like the first */
     for (i = 0; i < table->count; ++i)
         order[i] = i;
-    while (unsorted > 1) {
-        uint32_t hole;
-        uint32_t moved;
-        if (root > 0) {
-            moved = order[--root];
-        } else {
-            moved = order[--unsorted];
-            order[unsorted] = order[0];
+    /* Sorts by insertion in ever smaller steps: at the last step, of 1, hardly any pair has far to go. */
+    while (step > 1) {
+        step = (step / 2 - step / 16) | 1u;
+        for (i = step; i < table->count; ++i) {
+            uint32_t moved = order[i];
+            uint32_t hole = i;
+            for (; hole >= step && is_before(table, moved, order[hole - step]); hole -= step)
+                order[hole] = order[hole - step];
+            order[hole] = moved;
         }
-        for (hole = root; hole < unsorted / 2;) {
-            uint32_t child = 2 * hole + 1;
-            if (child + 1 < unsorted && is_before(table, order[child], order[child + 1]))
-                ++child;
-            if (!is_before(table, moved, order[child]))
-                break;
-            order[hole] = order[child];
-            hole = child;
-        }
-        order[hole] = moved;
     }
     table->index = order;
     return MORVANITE_OK;
@@ -279,13 +258,11 @@ morvanite_result morvanite_next_entry(const morvanite_payload *payload, uint32_t
     return MORVANITE_DAMAGED;
 }
 
-static int is_named(const morvanite_entry *entry, const char *name)
+static int is_equal(const char *left, const char *right)
 {
-    uint32_t i = 0;
-
-    while (name[i] != 0 && name[i] == entry->name[i])
-        ++i;
-    return name[i] == entry->name[i];
+    for (; *left != 0 && *left == *right; ++left)
+        ++right;
+    return *left == *right;
 }
 
 morvanite_result morvanite_find_entry(const morvanite_payload *payload, const char *name, morvanite_entry *entry)
@@ -295,7 +272,7 @@ morvanite_result morvanite_find_entry(const morvanite_payload *payload, const ch
     for (;;) {
         uint32_t before = cursor;
         morvanite_result result = morvanite_next_entry(payload, &cursor, entry);
-        if (cursor == before || is_named(entry, name))
+        if (cursor == before || is_equal(entry->name, name))
             return result;
     }
 }
@@ -307,6 +284,7 @@ morvanite_result morvanite_open(morvanite_payload *payload, const void *bytes, u
     uint32_t last = 0; /* where the last entry begins: the table's, since a file may have the same name */
     uint32_t first_data = 0;
     uint32_t offset;
+    const uint8_t *end;
     morvanite_entry entry;
     morvanite_result result;
 
@@ -325,9 +303,11 @@ morvanite_result morvanite_open(morvanite_payload *payload, const void *bytes, u
     }
     /* The data begins after the directory, at the next multiple of 4; with another base it wouldn't. */
     if (result == MORVANITE_NOT_FOUND && first_data == ((cursor + 9 + 3) & ~UINT32_C(3)) &&
-        morvanite_next_entry(payload, &last, &entry) == MORVANITE_OK && is_named(&entry, block_name) &&
-        open_table(&payload->items, entry.data, entry.size / PAIR_SIZE) == MORVANITE_OK)
+        morvanite_next_entry(payload, &last, &entry) == MORVANITE_OK && is_equal(entry.name, block_name) &&
+        (end = find_end(entry.data, entry.size / PAIR_SIZE, &payload->items.order)) != 0) {
+        set_table(&payload->items, entry.data, (uint32_t)(end - entry.data) / PAIR_SIZE);
         return MORVANITE_OK;
+    }
     payload->size = 0;
     return MORVANITE_DAMAGED;
 }
@@ -352,40 +332,64 @@ morvanite_result morvanite_find_item(const morvanite_payload *payload, uint32_t 
     return morvanite_item_at(payload, find_key(&payload->items, key), item);
 }
 
-morvanite_result morvanite_open_language(const morvanite_item *item, morvanite_language *language)
+/* Sets `language` as if its table were in order, without a walk. MORVANITE_DAMAGED: the table's count and the end of
+ * its texts don't match the item's size. */
+static morvanite_result set_language(const morvanite_item *item, morvanite_language *language)
 {
-    uint32_t count;
+    uint32_t pairs; /* with the one that ends the table, whose offset is the end of the texts */
 
     language->number = item->key - MORVANITE_LANGUAGE_KEY(0);
     language->strings.count = 0;
-    if (!MORVANITE_IS_LANGUAGE(item->key))
+    if (language->number > 0xFFFFu)
         return MORVANITE_NOT_FOUND;
-    if (item->size < 4)
+    pairs = item->size < 4 ? 0 : read_u32(item->data);
+    if (pairs - 1 >= (item->size - 4) / PAIR_SIZE)
         return MORVANITE_DAMAGED;
-    count = read_u32(item->data); /* with the pair that ends the table */
-    if (count > (item->size - 4) / PAIR_SIZE)
+    language->data = item->data;
+    language->size = read_u32(item->data + pairs * PAIR_SIZE);
+    if (language->size > item->size)
         return MORVANITE_DAMAGED;
-    if (open_table(&language->strings, item->data + 4, count) == MORVANITE_OK && language->strings.count == count - 1) {
-        language->data = item->data;
-        language->size = read_u32(item->data + count * PAIR_SIZE); /* the offset of the pair that ends the table */
-        if (language->size <= item->size)
-            return MORVANITE_OK;
-    }
-    language->strings.count = 0;
+    language->strings.order = HAS_ORDERED_KEYS | HAS_ORDERED_DATA;
+    set_table(&language->strings, item->data + 4, pairs - 1);
+    return MORVANITE_OK;
+}
+
+/* Walks the table of a language that is set, and notes its order. MORVANITE_DAMAGED: it ends before its last pair. */
+static morvanite_result walk_language(morvanite_language *language)
+{
+    morvanite_table *table = &language->strings;
+
+    if (find_end(table->pairs, table->count + 1, &table->order) == table->pairs + table->count * PAIR_SIZE)
+        return MORVANITE_OK;
+    table->count = 0;
     return MORVANITE_DAMAGED;
+}
+
+morvanite_result morvanite_open_language(const morvanite_item *item, morvanite_language *language)
+{
+    morvanite_result result = set_language(item, language);
+
+    return result == MORVANITE_OK ? walk_language(language) : result;
+}
+
+/* Finds and sets a language. */
+SHARED morvanite_result locate_language(const morvanite_payload *payload, uint32_t number, morvanite_language *language)
+{
+    morvanite_item item;
+    morvanite_result result = MORVANITE_NOT_FOUND;
+
+    language->strings.count = 0;
+    if (number < 0xFFFFu)
+        result = morvanite_find_item(payload, MORVANITE_LANGUAGE_KEY(number), &item);
+    return result == MORVANITE_OK ? set_language(&item, language) : result;
 }
 
 morvanite_result morvanite_find_language(const morvanite_payload *payload, uint32_t number,
                                          morvanite_language *language)
 {
-    morvanite_item item;
-    morvanite_result result;
+    morvanite_result result = locate_language(payload, number, language);
 
-    language->strings.count = 0;
-    if (number > 0xFFFEu)
-        return MORVANITE_NOT_FOUND;
-    result = morvanite_find_item(payload, MORVANITE_LANGUAGE_KEY(number), &item);
-    return result == MORVANITE_OK ? morvanite_open_language(&item, language) : result;
+    return result == MORVANITE_OK ? walk_language(language) : result;
 }
 
 morvanite_result morvanite_string_at(const morvanite_language *language, uint32_t position, morvanite_string *string)
@@ -402,8 +406,9 @@ morvanite_result morvanite_string_at(const morvanite_language *language, uint32_
     /* The first string is after the count and all pairs; a smaller offset would return their bytes as text. */
     if (at < 4 + (language->strings.count + 1) * PAIR_SIZE)
         return MORVANITE_DAMAGED;
-    /* The zero unit is one of the last two before the next string. */
-    if ((language->strings.order & HAS_ORDERED_DATA) && numbers.next - at > 4)
+    /* The zero unit is one of the last two before the next string. The order may be assumed: see morvanite_find_text.
+     */
+    if ((language->strings.order & HAS_ORDERED_DATA) && numbers.next > at && numbers.next - at > 4)
         at += (numbers.next - at - 4) & ~UINT32_C(1);
     for (; at < language->size && language->size - at >= 2; at += 2)
         if ((language->data[at] | language->data[at + 1]) == 0) {
@@ -419,12 +424,16 @@ morvanite_result morvanite_find_string(const morvanite_language *language, uint3
     return morvanite_string_at(language, find_key(&language->strings, id), string);
 }
 
+/* Looks the text up as in a table that is in order. Only if that doesn't find it, the table is walked. */
 morvanite_result morvanite_find_text(const morvanite_payload *payload, uint32_t number, uint32_t id,
                                      morvanite_string *string)
 {
     morvanite_language language;
-    morvanite_result result = morvanite_find_language(payload, number, &language);
+    morvanite_result result = locate_language(payload, number, &language);
 
+    if (result != MORVANITE_OK || morvanite_find_string(&language, id, string) == MORVANITE_OK)
+        return result;
+    result = walk_language(&language);
     return result == MORVANITE_OK ? morvanite_find_string(&language, id, string) : result;
 }
 
@@ -439,13 +448,10 @@ uint16_t morvanite_string_unit(const morvanite_string *string, uint32_t i)
 static uint32_t next_character(const morvanite_string *string, uint32_t *i)
 {
     uint32_t unit = morvanite_string_unit(string, (*i)++);
-    uint32_t low;
+    uint32_t low = unit >> 10 == 0xD800u >> 10 ? morvanite_string_unit(string, *i) : 0;
 
-    if (unit < 0xD800u || unit > 0xDFFFu)
-        return unit;
-    low = morvanite_string_unit(string, *i);
-    if (unit > 0xDBFFu || low < 0xDC00u || low > 0xDFFFu)
-        return REPLACEMENT_CHARACTER;
+    if (low >> 10 != 0xDC00u >> 10)
+        return unit >> 11 == 0xD800u >> 11 ? REPLACEMENT_CHARACTER : unit;
     ++*i;
     return 0x10000u + ((unit - 0xD800u) << 10) + (low - 0xDC00u);
 }
@@ -463,10 +469,8 @@ uint32_t morvanite_string_utf8(const morvanite_string *string, char *buffer, uin
         uint32_t lead = more == 0 ? 0 : (0xF80u >> more) & 0xFFu;
         if (written == needed && room - written > more + 1) {
             buffer[written++] = (char)(lead | character >> (6 * more));
-            while (more > 0) {
-                --more;
+            while (more-- > 0)
                 buffer[written++] = (char)(0x80u | (character >> (6 * more) & 0x3Fu));
-            }
             needed = written;
         } else if (needed < UINT32_C(0xFFFFFFF0)) { /* a text of gigabytes: stop counting, don't wrap */
             needed += more + 1;
@@ -480,19 +484,15 @@ uint32_t morvanite_string_utf8(const morvanite_string *string, char *buffer, uin
 morvanite_result morvanite_find_appended(const void *file, uint32_t file_size, const uint8_t **payload, uint32_t *size,
                                          uint32_t *base)
 {
-    static const uint8_t magic[8] = {'.', 'z', 'p', '_', 'r', 'e', 's', 0};
+    static const char magic[] = {'.', 'z', 'p', '_', 'r', 'e', 's', 0};
     const uint8_t *bytes = (const uint8_t *)file;
     uint32_t at;
-    uint32_t i;
 
     if (file_size < sizeof magic + 4)
         return MORVANITE_NOT_FOUND;
     at = read_u32(bytes + file_size - 4);
-    if (at > file_size - 4 - sizeof magic)
+    if (at > file_size - 4 - sizeof magic || !is_equal((const char *)bytes + at, magic))
         return MORVANITE_NOT_FOUND;
-    for (i = 0; i < sizeof magic; ++i)
-        if (bytes[at + i] != magic[i])
-            return MORVANITE_NOT_FOUND;
     *payload = bytes + at + sizeof magic;
     *base = at + (uint32_t)sizeof magic;
     *size = file_size - 4 - *base;

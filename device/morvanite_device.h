@@ -108,7 +108,7 @@ typedef struct morvanite_string
 /* Opens the `size` bytes at `bytes`. The payload's offsets are relative to `base`: 0 for a section packed with the
  * default settings and for a side file; see docs/device-reader.md for other cases.
  *
- * Walks the directory and the table of items once, and notes whether its keys are in ascending order. If they are,
+ * Walks the directory and the table of items once, and notes whether each key is greater than the one before it. If so,
  * look-ups take a number of steps logarithmic in the number of items. MORVANITE_DAMAGED: one of them has no end within
  * the bytes, the directory has no table, or `base` isn't the payload's. A payload that isn't open is empty: look-ups in
  * it return MORVANITE_NOT_FOUND. */
@@ -133,10 +133,10 @@ morvanite_result morvanite_item_at(const morvanite_payload *payload, uint32_t po
 morvanite_result morvanite_find_language(const morvanite_payload *payload, uint32_t number,
                                          morvanite_language *language);
 
-/* Opens an item that MORVANITE_IS_LANGUAGE. Walks its table once, so keep a language open that is used often. If the
- * IDs are in ascending order, look-ups take a number of steps logarithmic in the number of strings, and if they have no
- * gaps, one step. MORVANITE_NOT_FOUND: the item is of another kind. MORVANITE_DAMAGED: the table's count, its end and
- * the item's size don't match. A language that isn't open has no strings. */
+/* Opens an item that MORVANITE_IS_LANGUAGE. Walks its table once, so keep a language open that is used often. If each
+ * ID is greater than the one before it, look-ups take a number of steps logarithmic in the number of strings, and if
+ * they have no gaps, one step. MORVANITE_NOT_FOUND: the item is of another kind. MORVANITE_DAMAGED: the table's count,
+ * its end and the item's size don't match. A language that isn't open has no strings. */
 morvanite_result morvanite_open_language(const morvanite_item *item, morvanite_language *language);
 
 /* The first string with that ID. MORVANITE_DAMAGED: it doesn't begin and end within its table. */
@@ -146,13 +146,17 @@ morvanite_result morvanite_find_string(const morvanite_language *language, uint3
  * MORVANITE_DAMAGED: it doesn't begin and end within its table; its id is set, units is null and length is 0. */
 morvanite_result morvanite_string_at(const morvanite_language *language, uint32_t position, morvanite_string *string);
 
-/* morvanite_find_language and morvanite_find_string in one: it walks the language's table each time. */
+/* A string with that ID in the language with that number, which needn't be open. Takes as many steps as a look-up in
+ * the open language if each of its IDs is greater than the one before it; otherwise, or if there is no such string, it
+ * walks the table each time. It checks no more of the table than it reads: in a damaged one that can't be opened it may
+ * find a string. If the IDs aren't in order and several strings have this one, which no pack writes, it may be any of
+ * them. */
 morvanite_result morvanite_find_text(const morvanite_payload *payload, uint32_t number, uint32_t id,
                                      morvanite_string *string);
 
 /* Sorts the positions of the table's pairs into `order`, which the table then uses: look-ups take a number of steps
  * logarithmic in `count`, and have the same results as before. For `items` of a payload and `strings` of a language. A
- * table whose keys are in ascending order already needs no index: nothing is done, even with a `room` of 0.
+ * table whose keys ascend already, none of them twice, needs no index: nothing is done, even with a `room` of 0.
  * MORVANITE_NO_ROOM: `room`, the number of elements of `order`, is less than `count`; look-ups stay linear. */
 morvanite_result morvanite_make_index(morvanite_table *table, uint32_t *order, uint32_t room);
 

@@ -217,7 +217,7 @@ public:
         return {result, entry(of)};
     }
 
-    /// Opens the language each time. Keep a `language` open instead if texts are looked up often.
+    /// See morvanite_find_text. A `language` that is kept open is faster.
     found<text> find_text(uint32_t number, uint32_t id) const noexcept
     {
         morvanite_string string = morvanite_string();

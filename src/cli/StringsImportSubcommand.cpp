@@ -77,6 +77,12 @@ bool StringsImportSubcommand::ChooseFiles()
         const std::string extension = format == "xliff" ? "xlf" : format;
         files.push_back({AbsolutePath(name == INPUT ? "-." + extension : name), shown});
     }
+    for (auto file = files.begin(); file != files.end(); ++file) {
+        if (std::any_of(files.begin(), file, [&](const ImportFile &other) { return other.path == file->path; })) {
+            Complain(u"%1: it is named twice; name each file once"_s.arg(file->name));
+            return false;
+        }
+    }
     const auto isTranslation = [](const ImportFile &file) { return TranslationFormatOf(file.path) != nullptr; };
     isWorkbook = std::none_of(files.begin(), files.end(), isTranslation);
     options.replace = replace;
@@ -150,6 +156,8 @@ int StringsImportSubcommand::Run(Session &session)
     const QString path = AbsolutePath(project);
     if ((!dryRun && !session.LockProject(path)) || (strict && HasInterruptedSave(session.env, path)))
         return EXIT_FAILED;
+    if (isWorkbook)
+        BeginReading();
     CResDoc *const document = session.OpenQuietly(path);
     if (!document || (strict && !TellOfOpening(session, document->PathName(), document, true)))
         return EXIT_FAILED;
@@ -183,12 +191,17 @@ int StringsImportSubcommand::Import(Session &session, CResDoc &document)
     return status;
 }
 
-int StringsImportSubcommand::ImportWorkbook(Session &session, CResDoc &document, IImportWatch *watch) const
+void StringsImportSubcommand::BeginReading()
 {
-    ImportFile file = files.front();
+    ImportFile &file = files.front();
     if (!file.content)
         file.name = file.path; // in messages too, so that they say which of several folders it is in
-    std::optional<SpreadsheetImport> import(std::in_place, document, std::move(file), options);
+    reading = std::make_unique<SheetReading>(std::move(file), options.sheet);
+}
+
+int StringsImportSubcommand::ImportWorkbook(Session &session, CResDoc &document, IImportWatch *watch)
+{
+    std::optional<SpreadsheetImport> import(std::in_place, document, std::move(reading), options);
     const SpreadsheetResult result = import->Read(watch);
     if (!result.reason.isEmpty())
         Complain(result.reason);

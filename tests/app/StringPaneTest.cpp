@@ -381,6 +381,10 @@ TEST(StringPane, ExportsAndImportsByDialogs)
     EXPECT_TRUE(window.Table().history.CanRedo() && !window.Table().Copied().empty());
     choose(ACTION_IMPORT, book + u".xls"_s);
     EXPECT_EQ(window.Shown(0, 4), "Deux");
+    const std::string nothing = NothingImported().toStdString();
+    EXPECT_THAT(window.OutputText(), testing::Not(testing::HasSubstr(nothing)));
+    choose(ACTION_IMPORT, book + u".xls"_s);
+    EXPECT_THAT(window.OutputText(), testing::HasSubstr(nothing));
     EXPECT_FALSE(window.Table().history.CanRedo() || window.Table().history.CanUndo());
     EXPECT_TRUE(window.Table().Copied().empty());
     window.folder.Put("bad.xls", "no workbook");
@@ -425,5 +429,9 @@ TEST(StringPane, ExportsAndImportsTranslationFilesByDialogs)
     window.folder.Put("all_ar.po", window.folder.Get("all_ar.po").replace("a\\tb", "b"));
     ChooseFile(window, ACTION_IMPORT, both);
     EXPECT_EQ(window.TreeRows().last(), u"ID_B|Push|b|Two|Deux|b"_s);
+    const std::string nothing = NothingImported().toStdString();
+    EXPECT_THAT(window.OutputText(), testing::Not(testing::HasSubstr(nothing)));
+    ChooseFile(window, ACTION_IMPORT, both);
+    EXPECT_THAT(window.OutputText(), testing::HasSubstr(nothing));
     window.Document().SetModifiedFlag(false);
 }

@@ -347,6 +347,8 @@ class Translations(DemoProject):
         status, _, err = self.import_('a.xlsx', 'a.csv')
         self.assertEqual((status, err), (2, 'morvanite-cli: several files can only be imported together if they are '
                                             'translation files (.po, .xlf)\n'))
+        status, _, err = self.import_('a.po', './a.po')
+        self.assertEqual((status, err), (2, 'morvanite-cli: ./a.po: it is named twice; name each file once\n'))
 
 
 if __name__ == '__main__':

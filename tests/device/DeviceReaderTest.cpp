@@ -108,7 +108,6 @@ TEST(DeviceReader, ASortedTableNeedsNoIndex)
 {
     const ExactBytes memory(PayloadBuilder()
                                 .Item(1, "one")
-                                .Item(1, "again")
                                 .Item(9, "nine")
                                 .Language(0, {{3, u"a"}, {4, u"b"}, {7, u"c"}})
                                 .Language(1, {{3, u"a"}, {7, u"c"}, {4, u"b"}})
@@ -143,6 +142,29 @@ TEST(DeviceReader, TheLengthOfATextIsThatOfTheProject)
     // The last two texts exchanged: the offsets don't show where a text ends, so its first zero unit counts.
     whole.replace(whole.find(PayloadBuilder::U32({3, 56})), 16, PayloadBuilder::U32({3, 64, 4, 56}));
     EXPECT_EQ(lengths(whole), (std::vector<std::uint32_t>{0, 1, 4, 3}));
+}
+
+TEST(DeviceReader, FindsATextAsInTheOpenLanguageWithoutOpeningIt)
+{
+    const std::u16string zeroWithin(u"a\0b", 3);
+    for (const std::vector<std::uint32_t> &ids :
+         {std::vector<std::uint32_t>{}, {7}, {1, 2, 3, 4}, {0, 5, 6, 90, 91}, {4, 2, 9, 1}, {9, 8, 7, 1}}) {
+        PayloadBuilder::Strings strings;
+        for (const std::uint32_t id : ids)
+            strings.emplace_back(id, std::u16string(id % 5, u'x') + zeroWithin);
+        const ExactBytes memory(PayloadBuilder().Language(3, strings).Item(1, "one").Build(), ids.size() % 2);
+        morvanite_payload payload;
+        morvanite_language language;
+        ASSERT_EQ(morvanite_open(&payload, memory.Data(), memory.Size(), 0), MORVANITE_OK);
+        ASSERT_EQ(morvanite_find_language(&payload, 3, &language), MORVANITE_OK);
+        for (std::uint32_t id = 0; id < 100; ++id) {
+            morvanite_string opened{};
+            morvanite_string found{};
+            const morvanite_result result = morvanite_find_string(&language, id, &opened);
+            ASSERT_EQ(morvanite_find_text(&payload, 3, id, &found), result) << id;
+            ASSERT_TRUE(found.units == opened.units && found.length == opened.length) << id;
+        }
+    }
 }
 
 TEST(DeviceReader, ConvertsUtf16ToUtf8)
@@ -218,7 +240,7 @@ TEST(DeviceReader, ReportsDamageAndReadsTheOtherParts)
                                                 {noLanguage, 88, {6}},
                                                 {noLanguage, 92, {32, 0xFFFFFFF}},
                                                 {noString, 92, {4}},
-                                                {noString, 84, {0, 18, 19, 27, 28, 0xFFFFFFFE}},
+                                                {noString, 84, {0, 18, 19, 27, 28, 0xFFFFFFF0, 0xFFFFFFFE}},
                                                 {noString, 100, {0x00010001}}})
         for (const std::uint32_t number : numbers)
             EXPECT_THAT(ReadEverything(WithU32(whole, at, number)), HasSubstr(expected)) << at << ' ' << number;

@@ -71,6 +71,17 @@ inline std::string ShowString(const morvanite_string &string)
     return utf8.data() + std::string(1, '\n');
 }
 
+/// Reads a text without opening its language. What it finds depends on the damage of the language's table.
+inline void ReadText(const morvanite_payload &payload, std::uint32_t language, std::uint32_t id)
+{
+    morvanite_string found;
+    if (morvanite_find_text(&payload, language, id, &found) != MORVANITE_OK)
+        return;
+    if (found.id != id)
+        throw std::logic_error("a look-up of the text " + std::to_string(id) + " found " + std::to_string(found.id));
+    ShowString(found);
+}
+
 inline std::string ShowItem(const morvanite_item &item)
 {
     morvanite_language language;
@@ -96,6 +107,13 @@ inline std::string ReadEverythingAt(const ExactBytes &memory, std::uint32_t base
         const bool hasBytes = result == MORVANITE_OK || entry.data != nullptr || entry.size != 0;
         text += entry.name + (hasBytes ? ' ' + std::string(entry.data, entry.data + entry.size) : " damaged") + '\n';
     }
+    morvanite_item item;
+    for (std::uint32_t i = 0; i < 16 && morvanite_item_at(&payload, i, &item) != MORVANITE_NOT_FOUND; ++i)
+        if (MORVANITE_IS_LANGUAGE(item.key))
+            for (std::uint32_t at = 4; at + 8 <= item.size && at < 4 + 8 * 16; at += 8)
+                ReadText(payload, item.key & 0xFFFFU,
+                         item.data[at] | std::uint32_t{item.data[at + 1]} << 8 |
+                             std::uint32_t{item.data[at + 2]} << 16 | std::uint32_t{item.data[at + 3]} << 24);
     return text + ReadTable(payload, &morvanite_payload::items, &morvanite_item::key, &morvanite_item::data,
                             &morvanite_item::size, morvanite_item_at, morvanite_find_item, ShowItem);
 }

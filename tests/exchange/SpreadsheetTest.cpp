@@ -139,6 +139,24 @@ TEST(Spreadsheet, ReportsEachFaultWithMessageCellAndCode)
     }
 }
 
+TEST(Spreadsheet, AnExportWarnsOfHalfASurrogatePairUnlessTheFormatKeepsIt)
+{
+    const char *warning = "Warning 1: the text of ID_A in English is written with U+FFFD, since it has characters that "
+                          "the format can't have.\r\n";
+    SheetProject project;
+    ASSERT_EQ(project.Read(FILE_HEAD + "ID_A|Normal||a|b\nID_B|Normal||\xF0\x9F\x98\x80|\n##number|2\n"), 0);
+    auto &head = static_cast<CStringRes &>(*project.root.FindFolder(KIND_STRINGS, 2)->subfolders[0]->resources.First());
+    CStringRes *const cell = head.FindLanguage(9);
+    ASSERT_NE(cell, nullptr);
+    cell->SetText(QString(QChar(0xD83D)) + u'x');
+    (void)project.Messages();
+    for (const auto &[file, expected] : {std::pair{"out.xls", ""}, {"out.xlsx", warning}, {"out.csv", warning}}) {
+        EXPECT_EQ(ExportSpreadsheet(project, project.folder.Path(file)).code, 0);
+        EXPECT_THAT(project.Messages(), testing::StartsWith(std::string(expected) + "[demo] export - 0 error(s)"))
+            << file;
+    }
+}
+
 TEST(Spreadsheet, AnExportReadsBackEqualInEachFormatAndAFailedOneKeepsTheOldFile)
 {
     const QByteArray table =
@@ -152,6 +170,7 @@ TEST(Spreadsheet, AnExportReadsBackEqualInEachFormatAndAFailedOneKeepsTheOldFile
         SheetProject other;
         EXPECT_EQ(ImportSpreadsheet(other, project.folder.Path(file)).code, 0) << file;
         EXPECT_EQ(other.Written(), table.toStdString());
+        EXPECT_EQ(ImportSpreadsheet(other, project.folder.Path(file)).reason, NothingImported());
     }
     SheetProject project;
     ASSERT_EQ(project.Read(FILE_HEAD + "ID_A|Normal|" + QByteArray(40000, 'x') + "||\n##number|1\n"), 0);

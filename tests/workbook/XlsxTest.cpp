@@ -193,6 +193,22 @@ TEST(Xlsx, RefusesEveryTruncationAndSurvivesDamage)
     }
 }
 
+TEST(Xlsx, ReadsALargePartToItsEndAndRefusesItsDamage)
+{
+    std::mt19937 random(1);
+    QByteArray rows;
+    for (int i = 0; i < 60'000; ++i)
+        rows += "<row><c><v>" + QByteArray::number(random()) + "</v></c></row>";
+    rows += "<row><c><v>7</v></c></row>";
+    const QByteArray whole = Package().Set("xl/sheet.xml", SheetOf(rows), true).Build();
+    EXPECT_EQ(Read(ReadXlsx, whole).size(), 60'001U);
+    for (const qsizetype at : {whole.size() / 3, whole.size() / 2, whole.size() * 9 / 10}) {
+        QByteArray damaged = whole;
+        damaged[at] = char(damaged[at] ^ 0x10);
+        EXPECT_TRUE(ReadFailing(ReadXlsx, damaged).HasFailed()) << at;
+    }
+}
+
 TEST(Xlsx, RefusesZipBombsWithLittleMemory)
 {
     const auto sheet = [](const QByteArray &rows) {

@@ -16,6 +16,12 @@ bool IsPlain(QChar c)
     return !EndsLine(c) && c.category() != QChar::Other_Control;
 }
 
+/// Returns whether a text is shown as it is.
+bool IsLine(QStringView text, qsizetype most)
+{
+    return WholePart(text, most).size() == text.size() && std::all_of(text.begin(), text.end(), IsPlain);
+}
+
 } // namespace
 
 QStringView WholePart(QStringView text, qsizetype most)
@@ -27,10 +33,15 @@ QStringView WholePart(QStringView text, qsizetype most)
 
 QString CellLine(const QString &text, qsizetype most)
 {
+    return IsLine(text, most) ? text : CellLine(QStringView(text), most);
+}
+
+QString CellLine(QStringView text, qsizetype most)
+{
+    if (IsLine(text, most))
+        return text.toString();
     const QStringView shown = WholePart(text, most);
     const bool isCut = shown.size() < text.size();
-    if (!isCut && std::all_of(shown.begin(), shown.end(), IsPlain))
-        return text;
     QString line;
     line.reserve(shown.size() + 1);
     for (qsizetype i = 0; i < shown.size(); ++i) {

@@ -107,12 +107,12 @@ QVariant StringGridModel::data(const QModelIndex &index, int role) const
     const int col = index.column();
     switch (role) {
     case Qt::DisplayRole:
-        return CellLine(table->CellText(row, col), LONGEST_SHOWN);
+        return Line(row, col);
     case Qt::EditRole:
         return table->CellText(row, col);
     case Qt::ToolTipRole: {
         const QString text = table->CellText(row, col);
-        return CellLine(text, LONGEST_SHOWN) == text ? QVariant() : LiteralTip(text);
+        return Line(row, col) == text ? QVariant() : LiteralTip(text);
     }
     case Qt::AccessibleTextRole:
         return Accessible(row, col);
@@ -136,10 +136,15 @@ QVariant StringGridModel::headerData(int section, Qt::Orientation orientation, i
     return table->ColumnTitle(section);
 }
 
+QString StringGridModel::Line(int tableRow, int col) const
+{
+    return col < StringTable::DESCRIPTION_COLUMN ? CellLine(table->CellText(tableRow, col), LONGEST_SHOWN)
+                                                 : CellLine(table->CellView(tableRow, col), LONGEST_SHOWN);
+}
+
 QString StringGridModel::Accessible(int tableRow, int col) const
 {
-    QString text =
-        IsMarkedGap(tableRow, col) ? u"(no text)"_s : CellLine(table->CellText(tableRow, col), LONGEST_SHOWN);
+    QString text = IsMarkedGap(tableRow, col) ? u"(no text)"_s : Line(tableRow, col);
     for (const QString &finding : FindingLines(FindingsOf(tableRow, col)))
         text += u"; "_s + finding;
     return table->CellText(tableRow, StringTable::ID_COLUMN) + u", "_s + table->ColumnTitle(col) + u": "_s + text;

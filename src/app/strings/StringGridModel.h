@@ -113,6 +113,8 @@ private:
     void CheckRow(int tableRow);
     void TellMarks();
     [[nodiscard]] std::vector<const Finding *> FindingsOf(int tableRow, int col) const;
+    /// The text of a cell as the grid shows it.
+    [[nodiscard]] QString Line(int tableRow, int col) const;
     [[nodiscard]] QString Accessible(int tableRow, int col) const;
     [[nodiscard]] bool IsMarkedGap(int tableRow, int col) const;
 

@@ -70,6 +70,8 @@ bool StringTransfer::ImportTranslations(const QStringList &paths)
     if (!import.Read(files))
         return false;
     const int kept = import.Plan().Count(CellFate::Kept);
+    if (!import.Plan().ChangesRows())
+        document.env.Explain(NothingImported());
     import.Plan().Apply();
     if (kept > 0)
         document.env.Explain(u"texts of the table that differ from those of the files stay: %1"_s.arg(kept));

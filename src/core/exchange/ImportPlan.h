@@ -8,6 +8,7 @@
 
 #include <QStringList>
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <unordered_map>
@@ -70,6 +71,11 @@ public:
     [[nodiscard]] std::optional<qint32> LanguageOf(quint32 column) const;
     /// Returns how many texts have that fate. Kinds of rows don't count, nor do texts beyond the languages.
     [[nodiscard]] int Count(CellFate fate) const { return counts[size_t(fate)]; }
+    /// Returns whether the import makes or changes a row of the table.
+    [[nodiscard]] bool ChangesRows() const
+    {
+        return std::any_of(rows.begin(), rows.end(), [](const Row &row) { return row.changes; });
+    }
     /// Returns what the import does with the texts of the planned row `index`, from left to right. Only before `Apply`.
     [[nodiscard]] std::vector<Cell> Cells(size_t index) const;
     /// The texts that are refused, as "ID (Language)".

@@ -14,8 +14,8 @@ enum SpreadsheetCode : int
     SHEET_EMPTY = 4306,  ///< fewer than 3 columns or rows
 };
 
-/// The result of an import or export: 0 or its code, and what is wrong with the workbook, in plain words, if the report
-/// doesn't say it.
+/// The result of an import or export: 0 or its code, and in plain words what the report doesn't say, such as what is
+/// wrong with the workbook.
 struct SpreadsheetResult
 {
     int code = 0;
@@ -23,7 +23,7 @@ struct SpreadsheetResult
 };
 
 /// Imports the first sheet of a workbook into the string table, as `SpreadsheetImport` plans it. After a failure the
-/// languages that the header has before it are imported too.
+/// languages that the header has before it are imported too. An import that changes no row has that as its reason.
 [[nodiscard]] SpreadsheetResult ImportSpreadsheet(CResModel &document, const QString &path);
 
 /// What of the string table is exported.
@@ -34,7 +34,14 @@ struct SpreadsheetChoice
     qint32 source = -1;
 };
 
-/// Writes the string table into a workbook and replaces the file at `path`. On failure the old file stays.
+/// The reason of an import that leaves the string table as it is.
+[[nodiscard]] inline QString NothingImported()
+{
+    return QStringLiteral("the import changes no row of the string table");
+}
+
+/// Writes the string table into a workbook and replaces the file at `path`. On failure the old file stays. A text with
+/// half a surrogate pair gets U+FFFD in its place, with a warning, unless the format is .xls, which keeps it.
 [[nodiscard]] SpreadsheetResult ExportSpreadsheet(CResModel &document, const QString &path,
                                                   const SpreadsheetChoice &choice = {});
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Environment.h"
+#include "IdNames.h"
 #include "LackingSource.h"
 #include "Paths.h"
 #include "ResModel.h"
@@ -18,8 +19,10 @@ namespace
 class TableSource : public ISheetSource
 {
 public:
-    TableSource(const CResModel &model, const CResFolder &strings, const SpreadsheetChoice &exportChoice)
-        : document(model), choice(exportChoice)
+    /// The format keeps half a surrogate pair only if `keepsHalfPairs`.
+    TableSource(const CResModel &model, const CResFolder &strings, const SpreadsheetChoice &exportChoice,
+                bool keepsHalfPairs)
+        : document(model), choice(exportChoice), warnsOfHalfPairs(!keepsHalfPairs)
     {
         for (const auto &folder : strings.subfolders) {
             if (folders.empty() || IsChosen(folder->index))
@@ -106,12 +109,18 @@ private:
         for (const CResFolder *folder : folders) {
             const CStringRes *cell = head.FindLanguage(folder->index);
             cells.push_back(cell ? cell->Text() : QStringView());
+            if (warnsOfHalfPairs && !cells.back().isValidUtf16())
+                document.env.Report({"export.text-changed", Severity::Warning, {}, 0, id, {}},
+                                    "the text of %s in %s is written with U+FFFD, since it has characters that the "
+                                    "format can't have.",
+                                    Shown(id).constData(), Shown(folder->title).constData());
         }
         next = FirstFrom(next->NextInFolder());
     }
 
     const CResModel &document;
     const SpreadsheetChoice &choice;
+    const bool warnsOfHalfPairs;
     std::vector<const CResFolder *> folders; // the Description, and the languages to export
     qint64 count = 0;
     int lacking = 0;
@@ -128,10 +137,12 @@ SpreadsheetResult ExportSpreadsheet(CResModel &document, const QString &path, co
 {
     Environment &env = document.env;
     env.ResetCounts();
+    env.LimitWarnings();
     SpreadsheetResult result;
     const CResFolder none;
     const CResFolder *strings = document.root.FindFolder(KIND_STRINGS, 2);
-    TableSource source(document, strings ? *strings : none, choice);
+    const bool isUtf16 = EqualsNoCase(FileExtension(path), u"xls");
+    TableSource source(document, strings ? *strings : none, choice, isUtf16);
     if (const CResFolder *const from = strings ? strings->FindFolder(KIND_LANGUAGE, choice.source, 1) : nullptr)
         ReportLackingSource(env, source.Lacking(), from->title);
     const WorkbookResult written = WriteWorkbook(path, source);

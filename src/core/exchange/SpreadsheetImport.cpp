@@ -42,16 +42,6 @@ QString PlaceOf(const QString &name, const Sheet &sheet)
     return sheet.name.isEmpty() ? name + u':' : QStringLiteral("%1, sheet \"%2\":").arg(name, sheet.name);
 }
 
-WorkbookResult ReadSheet(const ImportFile &file, Sheet &sheet)
-{
-    if (!file.content)
-        return ReadWorkbook(file.path, sheet);
-    WorkbookResult result = ReadWorkbookBytes(*file.content, FileExtension(file.path), sheet);
-    if (result.HasFailed())
-        result.reason = file.name + QStringLiteral(": ") + result.reason;
-    return result;
-}
-
 /// The texts of a sheet, row by row.
 class SheetTexts : public IImportSource
 {
@@ -273,12 +263,17 @@ QString CellName(quint32 column, quint32 row)
 }
 
 SpreadsheetImport::SpreadsheetImport(CResModel &model, ImportFile workbook, const ImportOptions &importOptions)
-    : document(model), file(std::move(workbook)), ownNames(importOptions.ownNames),
-      texts(std::make_unique<SheetTexts>(sheet,
-                                         importOptions.unguard && !EqualsNoCase(FileExtension(file.path), u"csv"))),
-      plan(model, *texts, file.path, importOptions)
+    : SpreadsheetImport(model, std::make_unique<SheetReading>(std::move(workbook), importOptions.sheet), importOptions)
 {
-    sheet.wanted = importOptions.sheet;
+}
+
+SpreadsheetImport::SpreadsheetImport(CResModel &model, std::unique_ptr<SheetReading> begun,
+                                     const ImportOptions &importOptions)
+    : document(model), reading(std::move(begun)), ownNames(importOptions.ownNames),
+      texts(std::make_unique<SheetTexts>(sheet, importOptions.unguard &&
+                                                    !EqualsNoCase(FileExtension(reading->File().path), u"csv"))),
+      plan(model, *texts, reading->File().path, importOptions)
+{
 }
 
 SpreadsheetResult SpreadsheetImport::Read(IImportWatch *watch)
@@ -288,7 +283,8 @@ SpreadsheetResult SpreadsheetImport::Read(IImportWatch *watch)
     env.ResetCounts();
     env.LimitWarnings(); // each of a million rows may have a warning
     SpreadsheetResult result;
-    const WorkbookResult opened = ReadSheet(file, sheet);
+    const ImportFile &file = reading->File();
+    const WorkbookResult opened = reading->Take(sheet);
     if (opened.HasFailed()) {
         const bool isNone = opened.fault == WorkbookFault::NoWorkbook;
         env.Report({isNone ? "sheet.no-workbook" : "sheet.broken", Severity::Error, file.path, 0, {}, opened.reason},
@@ -304,7 +300,9 @@ SpreadsheetResult SpreadsheetImport::Read(IImportWatch *watch)
 SpreadsheetResult ImportSpreadsheet(CResModel &document, const QString &path)
 {
     SpreadsheetImport import(document, {path, path});
-    const SpreadsheetResult result = import.Read();
+    SpreadsheetResult result = import.Read();
+    if (result.code == 0 && !import.Plan().ChangesRows())
+        result.reason = NothingImported();
     import.Plan().Apply();
     return result;
 }

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ImportFile.h"
 #include "ImportWatch.h"
-#include "Sheet.h"
+#include "SheetReading.h"
 #include "Spreadsheet.h"
 
 #include <memory>
@@ -18,6 +17,8 @@ class SpreadsheetImport
 {
 public:
     SpreadsheetImport(CResModel &model, ImportFile workbook, const ImportOptions &importOptions = {});
+    /// The sheet of the options is being read already.
+    SpreadsheetImport(CResModel &model, std::unique_ptr<SheetReading> begun, const ImportOptions &importOptions);
 
     /// Reads the settings again and the workbook, and makes the plan. Logs what is wrong; errors in a row don't stop
     /// it. After a failure the plan has the languages that the header has before it, and no rows.
@@ -27,7 +28,7 @@ public:
 
 private:
     CResModel &document;
-    ImportFile file;
+    std::unique_ptr<SheetReading> reading;
     bool ownNames;
     Sheet sheet;
     std::unique_ptr<IImportSource> texts; // the texts of the sheet

@@ -4,19 +4,22 @@
 #include "StringTable.h"
 #include "TextFinder.h"
 
+#include <optional>
+
 namespace
 {
 
-/// Replaces everything that the finder finds in a text by `replacement`, from left to right.
-QString Replaced(const QString &text, const TextFinder &finder, const QString &replacement)
+/// Replaces everything that the finder finds in a text by `replacement`, from left to right. Returns nullopt if it
+/// finds nothing.
+std::optional<QString> Replaced(QStringView text, const TextFinder &finder, const QString &replacement)
 {
     QString result;
     qsizetype end = 0; // of the part that has been copied
     for (qsizetype at = finder.IndexIn(text); at >= 0; at = finder.IndexIn(text, end)) {
-        result.append(QStringView(text).sliced(end, at - end)).append(replacement);
+        result.append(text.sliced(end, at - end)).append(replacement);
         end = at + finder.Size();
     }
-    return end == 0 ? text : result.append(QStringView(text).sliced(end));
+    return end == 0 ? std::nullopt : std::optional(result.append(text.sliced(end)));
 }
 
 } // namespace
@@ -34,9 +37,9 @@ std::vector<CellChange> PlanReplace(const StringTable &table, const std::vector<
         for (const int col : columns) {
             if (col < StringTable::DESCRIPTION_COLUMN)
                 continue;
-            const QString now = table.CellText(row, col);
-            if (QString then = Replaced(now, finder, line); then != now)
-                changes.push_back({row, col, std::move(then)});
+            const QStringView now = table.CellView(row, col);
+            if (auto then = Replaced(now, finder, line); then && *then != now)
+                changes.push_back({row, col, std::move(*then)});
         }
     }
     return changes;

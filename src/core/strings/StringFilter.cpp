@@ -165,7 +165,10 @@ std::vector<int> RowsThatMeet(const StringCondition &condition, const StringTabl
 
 bool HasText(const StringCondition &condition, const StringTable &table, int row, int col)
 {
-    return !condition.text.isEmpty() && table.Head(row) &&
-           (condition.column == StringCondition::ANY_COLUMN || condition.column == col) &&
-           TextFinder(condition.text, condition.matchCase).In(table.CellText(row, col));
+    if (condition.text.isEmpty() || !table.Head(row) ||
+        (condition.column != StringCondition::ANY_COLUMN && condition.column != col))
+        return false;
+    const TextFinder finder(condition.text, condition.matchCase);
+    return col < StringTable::DESCRIPTION_COLUMN ? finder.In(table.CellText(row, col))
+                                                 : finder.In(table.CellView(row, col));
 }

@@ -189,8 +189,13 @@ QString StringTable::CellText(int row, int col) const
         return model.env.NarrowToWide(head->Id()->name);
     if (col == KIND_COLUMN)
         return (head->Id()->push ? PUSH_WORD : NORMAL_WORD).toString();
+    return CellView(row, col).toString();
+}
+
+QStringView StringTable::CellView(int row, int col) const
+{
     const CStringRes *record = CellRecord(row, col);
-    return record ? record->Text().toString() : QString();
+    return record ? record->Text() : QStringView();
 }
 
 int StringTable::RowOf(const NarrowText &name, int hint) const

@@ -166,6 +166,9 @@ public:
     [[nodiscard]] CStringRes *CellRecord(int row, int col) const;
     /// The text that a cell shows; "<New>" in column 0 of the new-row line.
     [[nodiscard]] QString CellText(int row, int col) const;
+    /// The text of a cell of the description or a language, which isn't copied: valid until that text changes. Empty
+    /// for the other columns.
+    [[nodiscard]] QStringView CellView(int row, int col) const;
     /// Returns the row with that ID, whose last known number is `hint`; -1 if there is none. The time doesn't depend on
     /// the size of the table.
     [[nodiscard]] int RowOf(const NarrowText &name, int hint) const;

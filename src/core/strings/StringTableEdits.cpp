@@ -172,10 +172,15 @@ void StringTable::FillRow(CStringRes &head, const Snapshot &snapshot)
     head.Id()->push = snapshot.push;
     head.Id()->pushKind = snapshot.pushKind;
     RowBuilder cells(model, head);
+    auto next = snapshot.texts.begin(); // the texts are usually in the order of the folders
     for (const auto &folder : Strings()->subfolders) {
-        const auto text = std::find_if(snapshot.texts.begin(), snapshot.texts.end(),
-                                       [&](const auto &each) { return each.first == folder->index; });
-        if (text != snapshot.texts.end())
+        const auto isOfFolder = [&](const auto &each) { return each.first == folder->index; };
+        auto text = std::find_if(next, snapshot.texts.end(), isOfFolder);
+        if (text == snapshot.texts.end())
+            text = std::find_if(snapshot.texts.begin(), next, isOfFolder);
+        else
+            next = text + 1;
+        if (text != snapshot.texts.end() && isOfFolder(*text))
             cells.Add(*folder, text->second);
     }
 }

@@ -2,13 +2,10 @@
 #include "ZipFile.h"
 
 #include "ByteReader.h"
-
-#define ZLIB_CONST // zlib doesn't write to its input
-#include <zlib.h>
+#include "PartUnpacker.h"
 
 #include <algorithm>
 #include <array>
-#include <memory>
 
 // The fields of the file that are read, little-endian (APPNOTE, PKWARE):
 //
@@ -37,7 +34,6 @@ constexpr quint16 DEFLATED = 8;
 constexpr quint64 SMALL_PART = 16 << 20; // bytes; the compression ratio of larger parts is limited
 constexpr quint64 MOST_SHRINKING = 100;  // sheets shrink to a tenth or a thirtieth; a ZIP bomb to a thousandth
 constexpr quint64 LARGEST_PART = 1 << 30;
-constexpr qsizetype PIECE = 64 << 10;
 
 WorkbookResult Broken(const QString &reason)
 {
@@ -75,55 +71,6 @@ bool ReadWideNumbers(QByteArrayView extra, std::array<quint64 *, 3> numbers)
     }
     return true;
 }
-
-/// Unpacks the data of a part piece by piece.
-class Unpacker
-{
-public:
-    Unpacker(QByteArrayView data, bool isDeflated) : stored(data), isInflating(isDeflated)
-    {
-        stream.next_in = reinterpret_cast<const Bytef *>(data.data());
-        stream.avail_in = uInt(data.size());
-        if (isDeflated)
-            isReady = inflateInit2(&stream, -MAX_WBITS) == Z_OK;
-    }
-    ~Unpacker() { inflateEnd(&stream); }
-    Unpacker(const Unpacker &) = delete;
-    Unpacker &operator=(const Unpacker &) = delete;
-
-    /// Returns the next bytes; empty at the end, nullopt when they are damaged.
-    std::optional<QByteArrayView> Next() { return isInflating ? NextInflated() : NextStored(); }
-
-private:
-    QByteArrayView NextStored()
-    {
-        const QByteArrayView piece = stored.first(std::min(stored.size(), PIECE));
-        stored = stored.sliced(piece.size());
-        return piece;
-    }
-
-    std::optional<QByteArrayView> NextInflated()
-    {
-        if (isAtEnd)
-            return QByteArrayView();
-        stream.next_out = buffer.get();
-        stream.avail_out = PIECE;
-        const int status = isReady ? inflate(&stream, Z_NO_FLUSH) : Z_MEM_ERROR;
-        isAtEnd = status == Z_STREAM_END;
-        const QByteArrayView piece(buffer.get(), PIECE - qsizetype(stream.avail_out));
-        const bool isCut = isAtEnd ? stream.avail_in > 0 : piece.isEmpty();
-        if ((status != Z_OK && !isAtEnd) || isCut)
-            return std::nullopt;
-        return piece;
-    }
-
-    QByteArrayView stored;
-    bool isInflating;
-    z_stream stream{};
-    std::unique_ptr<Bytef[]> buffer{new Bytef[PIECE]};
-    bool isReady = false;
-    bool isAtEnd = false;
-};
 
 } // namespace
 
@@ -235,9 +182,8 @@ WorkbookResult ZipFile::Read(const QByteArray &name, const std::function<bool(QB
                                              .arg(part.size)
                                              .arg(most)
                                              .arg(part.data.size())};
-    Unpacker unpacker(part.data, part.method == DEFLATED);
+    PartUnpacker unpacker(part.data, part.method == DEFLATED, part.size);
     quint64 size = 0;
-    uLong crc = 0;
     for (;;) {
         const auto piece = unpacker.Next();
         size += piece ? quint64(piece->size()) : 0;
@@ -245,11 +191,10 @@ WorkbookResult ZipFile::Read(const QByteArray &name, const std::function<bool(QB
             return broken(QStringLiteral(" is damaged: it can't be decompressed"));
         if (piece->isEmpty())
             break;
-        crc = crc32_z(crc, reinterpret_cast<const Bytef *>(piece->data()), size_t(piece->size()));
         if (!take(*piece))
             return {};
     }
-    if (size != part.size || crc != part.crc)
+    if (size != part.size || unpacker.Checksum() != part.crc)
         return broken(QStringLiteral(" is damaged: its size or checksum is wrong"));
     return {};
 }
