@@ -96,23 +96,16 @@ bool Session::LockProject(const QString &project)
 
 CResDoc *Session::OpenQuietly(const QString &project)
 {
-    // The report is only kept until it has a problem: it can have 100,000 warnings.
-    QByteArray kept;
-    StandardOutput errors(STDERR_FILENO);
+    QByteArray lines;
     QStringList explained;
-    const auto idleOutput = std::exchange(handler.idleOutput, [&](QStringView text) {
-        kept += text.toUtf8();
-        if (isVerbose || env.ErrorCount + env.WarningCount > 0)
-            errors.WriteBytes(std::exchange(kept, {}));
-    });
+    const auto idleOutput = std::exchange(handler.idleOutput, [&](QStringView text) { lines += text.toUtf8(); });
     const auto explain = std::exchange(env.explain, [&](const QString &text) { explained += text; });
     CDocument *document = documents.OpenDocumentFile(project);
     env.explain = explain;
     handler.idleOutput = idleOutput;
     const bool hasFailed = StatusAfter(EXIT_FINE) != EXIT_FINE;
     if (isVerbose || !document || hasFailed || env.ErrorCount + env.WarningCount > 0)
-        errors.WriteBytes(kept);
-    errors.Flush();
+        StandardOutput(STDERR_FILENO).WriteBytes(lines);
     for (const QString &text : explained)
         Complain(text);
     if (!document)

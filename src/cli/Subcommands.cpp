@@ -68,16 +68,16 @@ int Run(CommandLineParser &parser, int argc, char **argv)
 
 } // namespace
 
-/// Does what the program can't do alone. `release` is that of the program, whose parser has parsed the words. Returns
-/// the exit status.
-extern "C" __attribute__((visibility("default"))) int MorvaniteRun(const char *release, CommandLineParser &parser,
-                                                                   int argc, char **argv)
+/// Returns whether a program of that release, whose parser has that size in bytes, can call MorvaniteRun.
+extern "C" __attribute__((visibility("default"))) bool MorvaniteFits(const char *release, size_t parserSize)
 {
-    if (std::string_view(release) != MORVANITE_VERSION) { // the parser may have other members
-        ComplainUtf8(std::string("libmorvanite-commands.so is of release " MORVANITE_VERSION ", but the program of ") +
-                     release + "; install both from one package");
-        return FinalStatus(EXIT_FAILED);
-    }
+    return std::string_view(release) == MORVANITE_VERSION && parserSize == sizeof(CommandLineParser);
+}
+
+/// Does what the program can't do alone. `parser` is that of the program, and has parsed the words. Returns the exit
+/// status.
+extern "C" __attribute__((visibility("default"))) int MorvaniteRun(CommandLineParser &parser, int argc, char **argv)
+{
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN); // a file that grows beyond the limit is an error like any other
     try {

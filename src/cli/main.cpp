@@ -19,7 +19,8 @@ namespace
 {
 
 constexpr char LIBRARY[] = "libmorvanite-commands.so";
-using RunFunction = int (*)(const char *, CommandLineParser &, int, char **);
+using FitsFunction = bool (*)(const char *, size_t);
+using RunFunction = int (*)(CommandLineParser &, int, char **);
 
 /// Gets the path of the library beside the program. Returns false if the path is too long.
 bool FindLibrary(char (&path)[PATH_MAX])
@@ -78,10 +79,16 @@ int main(int argc, char **argv)
         _exit(*status); // everything is written
     char path[PATH_MAX];
     void *const library = FindLibrary(path) ? dlopen(path, RTLD_LAZY | RTLD_LOCAL) : nullptr;
-    void *const run = library ? dlsym(library, "MorvaniteRun") : nullptr;
+    void *const fits = library ? dlsym(library, "MorvaniteFits") : nullptr;
+    void *const run = fits ? dlsym(library, "MorvaniteRun") : nullptr;
     if (!run) {
         fprintf(stderr, "morvanite-cli: %s must be beside the program: %s\n", LIBRARY, dlerror());
         return FinalStatus(EXIT_FAILED);
     }
-    return reinterpret_cast<RunFunction>(run)(MORVANITE_VERSION, parser, argc, argv);
+    if (!reinterpret_cast<FitsFunction>(fits)(MORVANITE_VERSION, sizeof(CommandLineParser))) {
+        fprintf(stderr, "morvanite-cli: %s is of another release than the program: install both from one package\n",
+                path);
+        return FinalStatus(EXIT_FAILED);
+    }
+    return reinterpret_cast<RunFunction>(run)(parser, argc, argv);
 }

@@ -101,7 +101,7 @@ void StringMemory::FreeRegion()
 char *StringMemory::Pages(std::size_t size)
 {
     if (size != BLOCK_SIZE || blocksBefore < BLOCKS_OUTSIDE_REGIONS) {
-        ++blocksBefore;
+        blocksBefore += size == BLOCK_SIZE;
         return MapAligned(size, ALIGNMENT);
     }
     if (regionSize == 0) {

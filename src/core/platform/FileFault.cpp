@@ -48,6 +48,8 @@ QString WaysToWrite(const QByteArray &host, int error)
         return u"your disk quota is used up: free some space"_s;
     case EFBIG:
         return u"the file is larger than this program may write: raise the limit (ulimit -f)"_s;
+    case EOVERFLOW:
+        return u"it would be larger than 1 GiB: divide the project"_s;
     case EISDIR:
         return u"a folder has the file's name: move or rename the folder"_s;
     case EINVAL:

@@ -32,8 +32,8 @@ public:
     FileTransaction(const FileTransaction &) = delete;
     FileTransaction &operator=(const FileTransaction &) = delete;
 
-    /// Writes a file beside its place, unless the file there has the same content: that one stays as it is. Returns 0, or
-    /// the system's error number, which the environment has explained; ELOOP when a link leads out of the project.
+    /// Writes a file beside its place, unless the file there has the same content: that one stays as it is. Returns 0,
+    /// or the system's error number, which the environment has explained; ELOOP when a link leads out of the project.
     [[nodiscard]] int Write(QStringView path, const FilePieces &content, IfRefused ifRefused);
 
     /// Returns the absolute paths of the written files that replace a file with other bytes.

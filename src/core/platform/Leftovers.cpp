@@ -53,7 +53,10 @@ bool IsOfMode(const QByteArray &path, mode_t mode)
 /// Returns whether a process has a file locked, which may be a process of another container.
 bool IsLocked(const QByteArray &path)
 {
-    const FileHandle file(open(path.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    constexpr int HOW = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+    FileHandle file(open(path.constData(), O_RDWR | HOW)); // a network file system locks only files opened for writing
+    if (!file.IsOpen())
+        file = FileHandle(open(path.constData(), O_RDONLY | HOW));
     return file.IsOpen() && flock(file.Get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
 }
 

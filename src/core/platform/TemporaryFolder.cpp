@@ -27,8 +27,13 @@ int TemporaryFolder::Make(const QByteArray &target)
             continue;
         }
         // Before the lock, another process may have taken the folder for one that was left.
-        if (LockTemporaryFolder(tried, lock, IfLocked::Wait) == ENOENT)
+        const int lockError = LockTemporaryFolder(tried, lock, IfLocked::Wait);
+        if (lockError == ENOENT)
             continue;
+        if (lockError == EMFILE || lockError == ENFILE || lockError == ENOMEM) { // locks may be there all the same
+            rmdir(tried.constData());
+            return lockError;
+        }
         cleanup = SignalCleanup::OfFolder(tried);
         path = tried;
         return 0;

@@ -186,9 +186,10 @@ const TiXmlElement *XmlElements::Next()
 {
     if (!isInPieces) {
         TiXmlElement *const outermost = document.FirstChildElement();
-        if (current)
-            outermost->RemoveChild(current);
-        current = outermost ? outermost->FirstChildElement() : nullptr;
+        TiXmlElement *const done = current;
+        current = done ? done->NextSiblingElement() : outermost ? outermost->FirstChildElement() : nullptr;
+        if (done)
+            outermost->RemoveChild(done);
         return current;
     }
     if (next == pieces.size())

@@ -5,9 +5,8 @@
 
 #include <vector>
 
-/// An XML file with up to a hundred thousand elements in its outermost one, which are read one after another. The
-/// parser makes each of them when it is asked for, so that only one is in memory at a time. Each element is the same as
-/// after LoadXml.
+/// An XML file with very many elements in its outermost one, which are read one after another. The parser makes each of
+/// them when it is asked for, so that only one is in memory at a time. Each element is the same as after LoadXml.
 ///
 /// In a file with other content than plain elements, such as comments, the parser makes all elements at once.
 ///

@@ -14,6 +14,6 @@ class CResModel;
 /// On failure the old file is unchanged.
 [[nodiscard]] int WriteStringFile(const QString &path, CResModel &document);
 
-/// Makes the content that WriteStringFile writes (FilePieces). Returns 0, EFBIG for more than 1 GiB, or an error of
+/// Makes the content that WriteStringFile writes (FilePieces). Returns 0, EOVERFLOW for more than 1 GiB, or an error of
 /// `put`.
 [[nodiscard]] int PutStringFile(const CResModel &document, const PutPiece &put);

@@ -20,7 +20,7 @@ constexpr qsizetype PIECE = 32 * 1024;                 // characters; a whole fi
 /// Returns whether an error is about writing the file (no room, or a disk failure) and not about opening it.
 bool FellShort(int error)
 {
-    return error == ENOSPC || error == EDQUOT || error == EFBIG || error == EIO;
+    return error == ENOSPC || error == EDQUOT || error == EFBIG || error == EOVERFLOW || error == EIO;
 }
 
 } // namespace
@@ -33,7 +33,7 @@ int PutStringFile(const CResModel &document, const PutPiece &put)
         const auto *bytes = reinterpret_cast<const char *>(text.out.constData());
         const QByteArrayView piece(bytes, text.out.size() * qsizetype(sizeof(QChar)));
         size += piece.size();
-        const int error = size > LARGEST_FILE ? EFBIG : put(piece);
+        const int error = size > LARGEST_FILE ? EOVERFLOW : put(piece);
         text.out.truncate(0); // keeps its memory
         return error;
     };
