@@ -2,8 +2,8 @@
 /* See docs/payload-format.md for the bytes:
  *
  *     directory   name, zero byte, offset (4), size (4); again and again, up to the empty name
- *     items       key (4), offset (4); again and again, up to the key 0xFFFFFFFF; its offset is the end of the last
- * item language    count (4), then id (4), offset (4); again and again, up to the id 0xFFFFFFFF
+ *     items       key (4), offset (4); again and again, up to the key 0xFFFFFFFF, whose offset is the items' end
+ *     language    count (4), then id (4), offset (4); again and again, up to the id 0xFFFFFFFF
  *
  * Numbers are little-endian and may be at any address. A range is checked by subtraction, never by a sum that could
  * wrap around. */
@@ -60,16 +60,12 @@ FOR_EACH_READER pair pair_at(const uint8_t *at, reader *read)
     return numbers;
 }
 
-/* Returns 0 if the table has no such position. */
-static int read_pair(const morvanite_table *table, uint32_t position, pair *numbers)
+/* The pair at a position of the table, which must have it. */
+static pair read_pair(const morvanite_table *table, uint32_t position)
 {
-    const uint8_t *at;
+    const uint8_t *at = table->pairs + position * PAIR_SIZE;
 
-    if (position >= table->count)
-        return 0;
-    at = table->pairs + position * PAIR_SIZE;
-    *numbers = IS_ALIGNED(at) ? pair_at(at, read_word) : pair_at(at, read_u32);
-    return 1;
+    return IS_ALIGNED(at) ? pair_at(at, read_word) : pair_at(at, read_u32);
 }
 
 /* Returns the address of the pair that ends the table, which must be before `end`, or null. Sets `order`. */
@@ -105,7 +101,7 @@ static const uint8_t *find_end(const uint8_t *pairs, uint32_t limit, uint32_t *o
 }
 
 /* Sets all but the order of a table of `count` pairs, which are followed by the pair that ends it. */
-static void set_table(morvanite_table *table, const uint8_t *pairs, uint32_t count)
+SHARED void set_table(morvanite_table *table, const uint8_t *pairs, uint32_t count)
 {
     table->pairs = pairs;
     table->count = count;
@@ -243,12 +239,10 @@ static const uint8_t *find_range(const morvanite_payload *payload, uint32_t offs
 morvanite_result morvanite_next_entry(const morvanite_payload *payload, uint32_t *cursor, morvanite_entry *entry)
 {
     uint32_t offset;
-    morvanite_result result;
+    morvanite_result result = MORVANITE_NOT_FOUND;
 
-    /* A payload that couldn't be opened has no directory. */
-    if (payload->size == 0)
-        return MORVANITE_NOT_FOUND;
-    result = read_entry(payload, cursor, entry, &offset);
+    if (payload->size > 0) /* a payload that couldn't be opened has no directory */
+        result = read_entry(payload, cursor, entry, &offset);
     if (result != MORVANITE_OK)
         return result;
     entry->data = find_range(payload, offset, entry->size);
@@ -316,8 +310,9 @@ morvanite_result morvanite_item_at(const morvanite_payload *payload, uint32_t po
 {
     pair numbers;
 
-    if (!read_pair(&payload->items, position, &numbers))
+    if (position >= payload->items.count)
         return MORVANITE_NOT_FOUND;
+    numbers = read_pair(&payload->items, position);
     item->key = numbers.key;
     item->size = numbers.next - numbers.offset;
     item->data = numbers.offset > numbers.next ? 0 : find_range(payload, numbers.offset, item->size);
@@ -397,8 +392,9 @@ morvanite_result morvanite_string_at(const morvanite_language *language, uint32_
     pair numbers;
     uint32_t at;
 
-    if (!read_pair(&language->strings, position, &numbers))
+    if (position >= language->strings.count)
         return MORVANITE_NOT_FOUND;
+    numbers = read_pair(&language->strings, position);
     string->id = numbers.key;
     string->units = 0;
     string->length = 0;
@@ -406,8 +402,7 @@ morvanite_result morvanite_string_at(const morvanite_language *language, uint32_
     /* The first string is after the count and all pairs; a smaller offset would return their bytes as text. */
     if (at < 4 + (language->strings.count + 1) * PAIR_SIZE)
         return MORVANITE_DAMAGED;
-    /* The zero unit is one of the last two before the next string. The order may be assumed: see morvanite_find_text.
-     */
+    /* The zero unit is one of the last two before the next string, if the order that is noted is the table's. */
     if ((language->strings.order & HAS_ORDERED_DATA) && numbers.next > at && numbers.next - at > 4)
         at += (numbers.next - at - 4) & ~UINT32_C(1);
     for (; at < language->size && language->size - at >= 2; at += 2)
@@ -424,24 +419,29 @@ morvanite_result morvanite_find_string(const morvanite_language *language, uint3
     return morvanite_string_at(language, find_key(&language->strings, id), string);
 }
 
-/* Looks the text up as in a table that is in order. Only if that doesn't find it, the table is walked. */
+/* Looks the text up as in a table that is in order. If it is there and has no zero unit within, its end is the same in
+ * any order of the offsets. Only otherwise the table is walked. */
 morvanite_result morvanite_find_text(const morvanite_payload *payload, uint32_t number, uint32_t id,
                                      morvanite_string *string)
 {
-    morvanite_language language;
-    morvanite_result result = locate_language(payload, number, &language);
+    morvanite_language language; /* without strings if it isn't found */
+    morvanite_result result;
 
-    if (result != MORVANITE_OK || morvanite_find_string(&language, id, string) == MORVANITE_OK)
-        return result;
-    result = walk_language(&language);
+    (void)locate_language(payload, number, &language);
+    if (morvanite_find_string(&language, id, string) == MORVANITE_OK) {
+        const uint8_t *unit = string->units;
+        while ((unit[0] | unit[1]) != 0) /* one follows the text */
+            unit += 2;
+        if (unit == string->units + 2 * string->length)
+            return MORVANITE_OK;
+    }
+    result = morvanite_find_language(payload, number, &language);
     return result == MORVANITE_OK ? morvanite_find_string(&language, id, string) : result;
 }
 
 uint16_t morvanite_string_unit(const morvanite_string *string, uint32_t i)
 {
-    if (i >= string->length)
-        return 0;
-    return (uint16_t)(string->units[2 * i] | string->units[2 * i + 1] << 8);
+    return i < string->length ? (uint16_t)(string->units[2 * i] | string->units[2 * i + 1] << 8) : 0;
 }
 
 /* Returns the character at `*i` and moves `*i` after it. */

@@ -147,10 +147,10 @@ morvanite_result morvanite_find_string(const morvanite_language *language, uint3
 morvanite_result morvanite_string_at(const morvanite_language *language, uint32_t position, morvanite_string *string);
 
 /* A string with that ID in the language with that number, which needn't be open. Takes as many steps as a look-up in
- * the open language if each of its IDs is greater than the one before it; otherwise, or if there is no such string, it
- * walks the table each time. It checks no more of the table than it reads: in a damaged one that can't be opened it may
- * find a string. If the IDs aren't in order and several strings have this one, which no pack writes, it may be any of
- * them. */
+ * the open language, and one for each code unit, if each of its IDs is greater than the one before it; otherwise, or if
+ * there is no such string or it has a zero character, it walks the table each time. It checks no more of the table than
+ * it reads: in a damaged one that can't be opened it may find a string. If the IDs aren't in order and several strings
+ * have this one, which no pack writes, it may be any of them. */
 morvanite_result morvanite_find_text(const morvanite_payload *payload, uint32_t number, uint32_t id,
                                      morvanite_string *string);
 

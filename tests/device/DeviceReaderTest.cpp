@@ -97,6 +97,14 @@ TEST(DeviceReader, EveryLookUpFindsTheFirstMatchOfASearchInAnyPayload)
         }
         Bytes payload = builder.Language(4, strings).Build();
         ReadEverything(payload);
+        if (!keys.empty()) { // two texts exchanged
+            const std::size_t offsets = payload.rfind(PayloadBuilder::U32({keys.size() + 1, keys[0]})) + 8;
+            const std::size_t left = offsets + 8 * below(keys.size());
+            const std::size_t right = offsets + 8 * below(keys.size());
+            const Bytes moved = payload.substr(left, 4);
+            payload.replace(left, 4, payload.substr(right, 4)).replace(right, 4, moved);
+            ReadEverything(payload);
+        }
         for (std::uint32_t damage = below(3); damage > 0; --damage)
             payload = WithU32(payload, 4 * below(payload.size() / 4 - 1),
                               *rc::gen::element(0U, 1U, 5U, first + 7, 60U, 400U, 0x7FFFFFFFU, 0xFFFFFFFFU));
@@ -134,8 +142,10 @@ TEST(DeviceReader, TheLengthOfATextIsThatOfTheProject)
         EXPECT_EQ(morvanite_open(&payload, memory.Data(), memory.Size(), 0), MORVANITE_OK);
         EXPECT_EQ(morvanite_find_language(&payload, 0, &language), MORVANITE_OK);
         std::vector<std::uint32_t> found;
-        for (std::uint32_t i = 0; morvanite_string_at(&language, i, &string) == MORVANITE_OK; ++i)
+        for (std::uint32_t i = 0; morvanite_string_at(&language, i, &string) == MORVANITE_OK; ++i) {
             found.push_back(string.length);
+            ReadText(payload, 0, string.id);
+        }
         return found;
     };
     EXPECT_EQ(lengths(whole), (std::vector<std::uint32_t>{0, 3, 3, 4}));

@@ -71,15 +71,27 @@ inline std::string ShowString(const morvanite_string &string)
     return utf8.data() + std::string(1, '\n');
 }
 
-/// Reads a text without opening its language. What it finds depends on the damage of the language's table.
-inline void ReadText(const morvanite_payload &payload, std::uint32_t language, std::uint32_t id)
+/// Reads a text without opening its language. Throws if it isn't that of the open language. If the language can't be
+/// opened, or has several texts with this ID, the result may be any of them.
+inline void ReadText(const morvanite_payload &payload, std::uint32_t number, std::uint32_t id)
 {
-    morvanite_string found;
-    if (morvanite_find_text(&payload, language, id, &found) != MORVANITE_OK)
-        return;
-    if (found.id != id)
+    morvanite_string found{};
+    const morvanite_result result = morvanite_find_text(&payload, number, id, &found);
+    if (result == MORVANITE_OK && found.id != id)
         throw std::logic_error("a look-up of the text " + std::to_string(id) + " found " + std::to_string(found.id));
-    ShowString(found);
+    if (result == MORVANITE_OK)
+        ShowString(found);
+    morvanite_language language;
+    morvanite_string string{};
+    std::uint32_t same = 0;
+    if (morvanite_find_language(&payload, number, &language) != MORVANITE_OK)
+        return;
+    for (std::uint32_t i = 0; morvanite_string_at(&language, i, &string) != MORVANITE_NOT_FOUND; ++i)
+        same += string.id == id ? 1 : 0;
+    string = {};
+    if (same <= 1 && (morvanite_find_string(&language, id, &string) != result || found.units != string.units ||
+                      found.length != string.length))
+        throw std::logic_error("a look-up found another text " + std::to_string(id) + " than in the open language");
 }
 
 inline std::string ShowItem(const morvanite_item &item)
