@@ -97,6 +97,7 @@ bool Session::LockProject(const QString &project)
 CResDoc *Session::OpenQuietly(const QString &project)
 {
     QByteArray lines;
+    lines.reserve(16 << 20); // it can have 100,000 warnings; memory that isn't written to costs nothing
     QStringList explained;
     const auto idleOutput = std::exchange(handler.idleOutput, [&](QStringView text) { lines += text.toUtf8(); });
     const auto explain = std::exchange(env.explain, [&](const QString &text) { explained += text; });

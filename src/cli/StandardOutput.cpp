@@ -66,6 +66,10 @@ void StandardOutput::WriteBytes(QByteArrayView bytes)
     const qint64 now = Now();
     if (held.isEmpty())
         heldSince = now;
+    if (bytes.size() >= HOLD_AT_MOST) { // needn't be copied first
+        Flush();
+        return WriteOut(bytes);
+    }
     held.append(bytes);
     if (held.size() >= HOLD_AT_MOST || now - heldSince >= HOLD_NO_LONGER)
         Flush();
@@ -73,20 +77,25 @@ void StandardOutput::WriteBytes(QByteArrayView bytes)
 
 void StandardOutput::Flush()
 {
+    WriteOut(held);
+    held.clear();
+}
+
+void StandardOutput::WriteOut(QByteArrayView bytes)
+{
     qsizetype done = 0;
-    while (done < held.size()) {
-        const ssize_t put = write(fd, held.constData() + done, size_t(held.size() - done));
+    while (!broken && done < bytes.size()) {
+        const ssize_t put = write(fd, bytes.data() + done, size_t(bytes.size() - done));
         if (put < 0 && errno == EINTR)
             continue;
         if (put < 0) {
             if (errno != EPIPE && fd != STDERR_FILENO)
                 Complain(QStringLiteral("cannot write the output: ") + QString::fromLocal8Bit(strerror(errno)));
             broken = true; // the command still completes its work on files
-            break;
+            return;
         }
         done += put;
     }
-    held.clear();
 }
 
 void StandardOutput::Close()

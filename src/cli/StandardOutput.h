@@ -29,6 +29,8 @@ public:
     [[nodiscard]] bool IsBroken() const { return broken; }
 
 private:
+    void WriteOut(QByteArrayView bytes);
+
     int fd;
     bool open = false;
     bool broken = false;

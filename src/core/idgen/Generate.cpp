@@ -49,9 +49,17 @@ public:
         const QString fileName = MainHeader(env);
         const QString path = ResolvePath(fileName, outputFolder);
         Header header(env.WideToNarrow(path));
-        DefineThoseOf(sorted, /*push=*/false, header);
+        header.Reserve(sorted.size());
+        std::vector<size_t> pushed;
+        for (size_t i = 0; i < sorted.size(); ++i) {
+            if (sorted[i]->push)
+                pushed.push_back(i);
+            else
+                DefineOnce(sorted, i, header);
+        }
         header.EmptyLine();
-        DefineThoseOf(sorted, /*push=*/true, header);
+        for (const size_t i : pushed)
+            DefineOnce(sorted, i, header);
         headers.push_back({path, fileName, header.Finish()});
     }
 
@@ -62,47 +70,41 @@ private:
         Header header(env.WideToNarrow(fileName));
         if (const CResFolder *images = document.root.FindFolder(KIND_COMPONENT, component, 2)) {
             for (const CBaseRes *image : images->resources) {
-                (void)Define(*image->Id(), header);
+                Define(*image->Id(), header);
                 inComponents.insert(image->Id()->name);
             }
         }
         headers.push_back({outputFolder + u'\\' + fileName, fileName, header.Finish()});
     }
 
-    void DefineThoseOf(const std::vector<IDRecord *> &sorted, bool push, Header &header)
+    /// Defines an ID, unless a header of this run has it already. A name whose records differ in kind has one line, in
+    /// the first group.
+    void DefineOnce(const std::vector<IDRecord *> &sorted, size_t i, Header &header)
     {
-        const NarrowText *last = nullptr; // equal names are adjacent
-        for (size_t i = 0; i < sorted.size(); ++i) {
-            const IDRecord &record = *sorted[i];
-            if (record.push != push || (last && *last == record.name) || inComponents.contains(record.name) ||
-                written.contains(record.name))
-                continue;
-            last = &record.name;
-            if (!Define(record, header))
-                continue;
-            // A name whose records differ in kind has one line, in the first group. Only names with several records are
-            // remembered.
-            const bool hasBefore = i > 0 && sorted[i - 1]->name == record.name;
-            if (hasBefore || (i + 1 < sorted.size() && sorted[i + 1]->name == record.name))
-                written.insert(record.name);
-        }
+        const IDRecord &record = *sorted[i];
+        if (inComponents.contains(record.name) || written.contains(record.name))
+            return;
+        const bool isRepeated = (i > 0 && sorted[i - 1]->name == record.name) ||
+                                (i + 1 < sorted.size() && sorted[i + 1]->name == record.name);
+        if (isRepeated) // only these are remembered
+            written.insert(record.name);
+        Define(record, header);
     }
 
-    /// Adds an ID's line to a header. Returns false for a name with a control character: text after a line end in it
-    /// would become lines of the header.
-    bool Define(const IDRecord &record, Header &header)
+    /// Adds an ID's line to a header, unless the name has a control character: text after a line end in it would become
+    /// lines of the header.
+    void Define(const IDRecord &record, Header &header)
     {
         const auto isControl = [](char c) { return quint8(c) < 0x20 || c == 0x7F; };
         if (std::none_of(record.name.begin(), record.name.end(), isControl)) {
             header.Define(record);
-            return true;
+            return;
         }
         QByteArray shown = env.Shown(record.name);
         std::replace_if(shown.begin(), shown.end(), isControl, '?');
         env.ExplainFailure(
             QStringLiteral("the ID [%1] contains a control character, so it is left out of the headers; rename it")
                 .arg(QString::fromUtf8(shown)));
-        return false;
     }
 
     CResModel &document;

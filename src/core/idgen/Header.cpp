@@ -53,6 +53,12 @@ Header::Header(const NarrowText &fileName) : guard(GuardName(fileName))
     text.replace("\n", LINE_END);
 }
 
+void Header::Reserve(size_t ids)
+{
+    constexpr qsizetype LINE = 48; // bytes; a longer one costs a copy of the text at most
+    text.reserve(text.size() + LINE * qsizetype(ids));
+}
+
 void Header::Define(const IDRecord &record)
 {
     char number[16];

@@ -18,6 +18,8 @@ public:
     /// Begins with the banner and the include guard, which are both made from `fileName`.
     explicit Header(const NarrowText &fileName);
 
+    /// Reserves memory for the lines of so many IDs.
+    void Reserve(size_t ids);
     void Define(const IDRecord &record);
     void EmptyLine() { text += "\r\n"; }
     /// Ends the header and returns its whole text.

@@ -11,6 +11,8 @@ namespace
 {
 
 constexpr qsizetype INDENT = 4; // blanks per level
+// To grow the buffer copies it, while memory that isn't written to costs nothing.
+constexpr qsizetype FIRST_SIZE = 64 * 1024; // bytes
 
 /// Returns the entity for a character, or null if it needs none.
 constexpr const char *EntityOf(char c)
@@ -44,7 +46,7 @@ constexpr auto IS_PLAIN = [] {
 char *XmlWriter::Room(qsizetype size)
 {
     if (buffer.size() - used < size)
-        buffer.resize(std::max(buffer.size() * 2, used + size + 4096));
+        buffer.resize(std::max(buffer.size() * 4, used + size + FIRST_SIZE));
     return buffer.data() + used;
 }
 
