@@ -78,6 +78,16 @@ TEST(Workbook, ReadsBackEveryTable)
     }
 }
 
+TEST(Workbook, StopsWhenTheCallerNoLongerWantsTheSheet)
+{
+    const std::atomic<bool> stop = true;
+    for (const auto &[name, write, read, tables] : FORMATS) {
+        Sheet sheet;
+        sheet.stop = &stop;
+        EXPECT_EQ(read(Written(write, {{u"a"_s}}), sheet).fault, Stopped) << name;
+    }
+}
+
 TEST(Workbook, AThreadThatUnpacksGetsNoSignalThatEndsTheProgram)
 {
     const PartUnpacker unpacker("x", /*isDeflated=*/false, 2 << 20);
