@@ -41,7 +41,8 @@ struct SpreadsheetChoice
 }
 
 /// Writes the string table into a workbook and replaces the file at `path`. On failure the old file stays. A text with
-/// half a surrogate pair gets U+FFFD in its place, with a warning, unless the format is .xls, which keeps it.
+/// half a surrogate pair gets U+FFFD in its place, with a warning, unless the format is .xls, which keeps it; so does a
+/// text with U+0000 in .csv.
 [[nodiscard]] SpreadsheetResult ExportSpreadsheet(CResModel &document, const QString &path,
                                                   const SpreadsheetChoice &choice = {});
 
