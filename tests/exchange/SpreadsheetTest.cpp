@@ -288,6 +288,9 @@ TEST(Spreadsheet, AnImportReloadsTheLanguageTable)
     project.folder.Put("bin/tuvik.ini", "[Language]\nEnglish=9\nElvish=1234\n");
     ASSERT_EQ(project.Import("Number of Language|1\nString ID|Description|Elvish\nID_A||x\n"), 0);
     EXPECT_EQ(project.Text(1234), u"x"_s);
+    project.folder.Put("in.csv", "Number of Language,2\nString ID,Description,Elvish,English\nID_A,,x,\n");
+    EXPECT_EQ(ImportSpreadsheet(project, project.folder.Path("in.csv")).reason, QString()) << "English is made";
+    EXPECT_EQ(ImportSpreadsheet(project, project.folder.Path("in.csv")).reason, NothingImported());
 }
 
 TEST(Spreadsheet, ReportsAThousandWarningsLineByLine)

@@ -70,7 +70,7 @@ bool StringTransfer::ImportTranslations(const QStringList &paths)
     if (!import.Read(files))
         return false;
     const int kept = import.Plan().Count(CellFate::Kept);
-    if (!import.Plan().ChangesRows())
+    if (!import.Plan().ChangesTable())
         document.env.Explain(NothingImported());
     import.Plan().Apply();
     if (kept > 0)
