@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "OutputPump.h"
 
+#include "SignalCleanup.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <climits>
@@ -52,6 +54,7 @@ OutputPump::OutputPump(FileHandle file) : target(std::move(file)), isSocket(Type
     output = FileHandle(ends[0]);
     input = FileHandle(ends[1]);
     fcntl(output.Get(), F_SETFL, O_NONBLOCK);
+    const SignalHold hold;
     thread = std::thread([this] { Run(); });
 }
 

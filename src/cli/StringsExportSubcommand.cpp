@@ -90,7 +90,8 @@ int StringsExportSubcommand::Export(Session &session, CResDoc &document)
 /// Returns false, with a message, if the export would replace a file of the project.
 bool StringsExportSubcommand::MayWrite(const QStringList &outputs, CResDoc &document, const CheckSettings &settings)
 {
-    const QString clash = ClashOfOutputs(outputs, document.env, document.PathName(), &document, settings);
+    const QString clash =
+        ClashOfOutputs(outputs, document.env, document.PathName(), &document, settings, IfBuildFile::Replace);
     if (!clash.isEmpty())
         Complain(clash);
     return clash.isEmpty();

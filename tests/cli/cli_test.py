@@ -221,7 +221,8 @@ class Cli(DemoProject):
         strings = self.dir / 'res/ref_list_demo.txt'
         before = strings.read_bytes()
         imported = '[demo] import - 0 error(s), 0 warning(s)\r\n'
-        for name in ('table.xls', 'table.xlsx', 'table.csv'):
+        (self.dir / 'demo.vcproj').write_text('<VisualStudioProject><Files><File RelativePath=".\\table.csv"/></Files></VisualStudioProject>')
+        for name in ('table.xls', 'table.xlsx', 'table.csv', 'table.csv'):
             self.assertEqual(self.run_cli('strings', 'export', self.project, name),
                              (0, '[demo] export - 0 error(s), 0 warning(s)\r\n', ''))
             self.assertEqual(self.run_cli('strings', 'import', self.project, name, '--dry-run'),

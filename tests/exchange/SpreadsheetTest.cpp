@@ -139,21 +139,25 @@ TEST(Spreadsheet, ReportsEachFaultWithMessageCellAndCode)
     }
 }
 
-TEST(Spreadsheet, AnExportWarnsOfHalfASurrogatePairUnlessTheFormatKeepsIt)
+TEST(Spreadsheet, AnExportWarnsOfHalfASurrogatePairAndNullsUnlessTheFormatKeepsThem)
 {
-    const char *warning = "Warning 1: the text of ID_A in English is written with U+FFFD, since it has characters that "
-                          "the format can't have.\r\n";
+    const auto warning = [](const std::string &number, const std::string &language) {
+        return "Warning " + number + ": the text of ID_A in " + language +
+               " is written with U+FFFD, since it has characters that the format can't have.\r\n";
+    };
+    const std::string ofPair = warning("1", "Description");
     SheetProject project;
     ASSERT_EQ(project.Read(FILE_HEAD + "ID_A|Normal||a|b\nID_B|Normal||\xF0\x9F\x98\x80|\n##number|2\n"), 0);
     auto &head = static_cast<CStringRes &>(*project.root.FindFolder(KIND_STRINGS, 2)->subfolders[0]->resources.First());
     CStringRes *const cell = head.FindLanguage(9);
     ASSERT_NE(cell, nullptr);
-    cell->SetText(QString(QChar(0xD83D)) + u'x');
+    head.SetText(QString(QChar(0xD83D)) + u'x');
+    cell->SetText(u"a\0b"_s);
     (void)project.Messages();
-    for (const auto &[file, expected] : {std::pair{"out.xls", ""}, {"out.xlsx", warning}, {"out.csv", warning}}) {
+    for (const auto &[file, expected] :
+         {std::pair{"out.xls", ""s}, {"out.xlsx", ofPair}, {"out.csv", ofPair + warning("2", "English")}}) {
         EXPECT_EQ(ExportSpreadsheet(project, project.folder.Path(file)).code, 0);
-        EXPECT_THAT(project.Messages(), testing::StartsWith(std::string(expected) + "[demo] export - 0 error(s)"))
-            << file;
+        EXPECT_THAT(project.Messages(), testing::StartsWith(expected + "[demo] export - 0 error(s)")) << file;
     }
 }
 
@@ -284,6 +288,9 @@ TEST(Spreadsheet, AnImportReloadsTheLanguageTable)
     project.folder.Put("bin/tuvik.ini", "[Language]\nEnglish=9\nElvish=1234\n");
     ASSERT_EQ(project.Import("Number of Language|1\nString ID|Description|Elvish\nID_A||x\n"), 0);
     EXPECT_EQ(project.Text(1234), u"x"_s);
+    project.folder.Put("in.csv", "Number of Language,2\nString ID,Description,Elvish,English\nID_A,,x,\n");
+    EXPECT_EQ(ImportSpreadsheet(project, project.folder.Path("in.csv")).reason, QString()) << "English is made";
+    EXPECT_EQ(ImportSpreadsheet(project, project.folder.Path("in.csv")).reason, NothingImported());
 }
 
 TEST(Spreadsheet, ReportsAThousandWarningsLineByLine)

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 // Tests that in every format a written text reads back equal, is what other programs read, or is refused.
 #include "FileLimit.h"
+#include "PartUnpacker.h"
 #include "TempFolder.h"
 #include "TestTable.h"
 
 #include <QProcess>
 #include <QThread>
+
+#include <csignal>
+#include <unistd.h>
 
 namespace
 {
@@ -71,6 +75,30 @@ TEST(Workbook, ReadsBackEveryTable)
             ASSERT_EQ(Read(read, Written(write, rows)), rows) << name << ' ' << seed;
         }
         EXPECT_EQ(Read(read, Written(write, {})), Rows()) << name;
+    }
+}
+
+TEST(Workbook, StopsWhenTheCallerNoLongerWantsTheSheet)
+{
+    const std::atomic<bool> stop = true;
+    for (const auto &[name, write, read, tables] : FORMATS) {
+        Sheet sheet;
+        sheet.stop = &stop;
+        EXPECT_EQ(read(Written(write, {{u"a"_s}}), sheet).fault, Stopped) << name;
+    }
+}
+
+TEST(Workbook, AThreadThatUnpacksGetsNoSignalThatEndsTheProgram)
+{
+    const PartUnpacker unpacker("x", /*isDeflated=*/false, 2 << 20);
+    const QStringList threads = QDir(u"/proc/self/task"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    EXPECT_EQ(threads.size(), 2);
+    for (const QString &thread : threads) {
+        QFile status(u"/proc/self/task/%1/status"_s.arg(thread));
+        ASSERT_TRUE(status.open(QIODevice::ReadOnly));
+        const QByteArray all = status.readAll();
+        const quint64 blocked = all.mid(all.indexOf("SigBlk:") + 7, 17).trimmed().toULongLong(nullptr, 16);
+        EXPECT_EQ((blocked >> (SIGTERM - 1) & 1) != 0, thread.toInt() != getpid());
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include "PictureDecoding.h"
 #include "PictureInput.h"
+#include "SignalCleanup.h"
 
 #include <QTimer>
 
@@ -81,6 +82,7 @@ void PictureWorkers::StartWorker(const std::unique_lock<std::mutex> &)
     if (workers == threads.maxThreadCount())
         return;
     ++workers;
+    const SignalHold hold; // the pool may start a thread
     threads.start([this] { Work(); });
 }
 

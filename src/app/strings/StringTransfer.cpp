@@ -70,7 +70,7 @@ bool StringTransfer::ImportTranslations(const QStringList &paths)
     if (!import.Read(files))
         return false;
     const int kept = import.Plan().Count(CellFate::Kept);
-    if (!import.Plan().ChangesRows())
+    if (!import.Plan().ChangesTable())
         document.env.Explain(NothingImported());
     import.Plan().Apply();
     if (kept > 0)
@@ -112,7 +112,8 @@ void StringTransfer::Export()
 
 void StringTransfer::ExportWorkbook(const QString &path)
 {
-    const QString clash = ClashOfOutputs({path}, document.env, document.PathName(), &document, SettingsOf(document));
+    const QString clash = ClashOfOutputs({path}, document.env, document.PathName(), &document, SettingsOf(document),
+                                         IfBuildFile::Replace);
     SpreadsheetResult result;
     if (clash.isEmpty()) {
         const WaitCursor cursor;
@@ -138,7 +139,7 @@ void StringTransfer::ExportToTranslations(const QString &path, const Translation
     for (const TranslationExportJob::File &file : job.files)
         names << file.path;
     if (why.isEmpty())
-        why = ClashOfOutputs(names, document.env, document.PathName(), &document, settings);
+        why = ClashOfOutputs(names, document.env, document.PathName(), &document, settings, IfBuildFile::Replace);
     if (why.isEmpty() && !MayReplace(names, path))
         return;
     if (why.isEmpty()) {

@@ -17,20 +17,20 @@ namespace
 {
 
 /// Compares the files that the elements <File> below a node of the project file name, for the build of the application.
-void CompareBuildFiles(OutputGuard &guard, const TiXmlNode &node, const QString &folder)
+void CompareBuildFiles(OutputGuard &guard, const TiXmlNode &node, const QString &folder, HostPaths &hosts)
 {
     const TiXmlElement *const element = node.ToElement();
     const char *const path = element && element->ValueStr() == "File" ? element->Attribute("RelativePath") : nullptr;
     if (path)
-        guard.Compare(HostPath(ResolvePath(QString::fromUtf8(path), folder)));
+        guard.Compare(hosts.Resolve(ResolvePath(QString::fromUtf8(path), folder)));
     for (const TiXmlNode *child = node.FirstChild(); child; child = child->NextSibling())
-        CompareBuildFiles(guard, *child, folder);
+        CompareBuildFiles(guard, *child, folder, hosts);
 }
 
 } // namespace
 
 QString ClashOfOutputs(const QStringList &outputs, Environment &env, const QString &project, CResDoc *document,
-                       const CheckSettings &settings)
+                       const CheckSettings &settings, IfBuildFile ifBuildFile)
 {
     std::vector<QByteArray> hosts;
     for (const QString &output : outputs) {
@@ -51,8 +51,11 @@ QString ClashOfOutputs(const QStringList &outputs, Environment &env, const QStri
             guard.Compare(HostPath(file));
     }
     // The load needs no project file, so one that is missing or isn't XML is no fault here.
-    if (TiXmlDocument projectFile; LoadXml(env, project, projectFile) == 0)
-        CompareBuildFiles(guard, projectFile, DirectoryOf(project));
+    TiXmlDocument projectFile;
+    if (ifBuildFile == IfBuildFile::Refuse && LoadXml(env, project, projectFile) == 0) {
+        HostPaths paths;
+        CompareBuildFiles(guard, projectFile, DirectoryOf(project), paths);
+    }
     guard.Compare(HostPath(settings.file));
     for (const QString &pattern : settings.sourceFiles) {
         for (const QString &source : FilesOfPattern(DirectoryOf(project), pattern))

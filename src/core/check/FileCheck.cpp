@@ -4,6 +4,7 @@
 #include "FileCheckInput.h"
 #include "RuleReport.h"
 #include "Rules.h"
+#include "SignalCleanup.h"
 
 FileCheck::FileCheck(const CheckInput &input, std::shared_ptr<const CheckSettings> checkSettings,
                      std::function<void()> ended)
@@ -16,6 +17,7 @@ FileCheck::FileCheck(const CheckInput &input, std::shared_ptr<const CheckSetting
         request = SourceRequestOf(input);
         request->stop = &stop;
     }
+    const SignalHold hold;
     thread = std::thread([this] { Run(); });
 }
 

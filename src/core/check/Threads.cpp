@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Threads.h"
 
+#include "SignalCleanup.h"
+
 #include <algorithm>
 #include <thread>
 #include <vector>
@@ -14,8 +16,11 @@ size_t ThreadsFor(size_t items, size_t worthAThread, size_t most)
 void RunInThreads(size_t count, const std::function<void(size_t number)> &work)
 {
     std::vector<std::thread> threads;
-    for (size_t number = 1; number < count; ++number)
-        threads.emplace_back(work, number);
+    {
+        const SignalHold hold;
+        for (size_t number = 1; number < count; ++number)
+            threads.emplace_back(work, number);
+    }
     work(0);
     for (std::thread &thread : threads)
         thread.join();

@@ -296,6 +296,21 @@ void ImportPlan::PutKind(const Row &row, std::vector<Cell> &all) const
         all.push_back({row.row, *kindColumn, fate, {}, text});
 }
 
+bool ImportPlan::IsMade(const Language &language) const
+{
+    return language.number == DESCRIPTION || language.isUsed ||
+           (makesUnused && !options.onlyExisting && language.isWanted);
+}
+
+bool ImportPlan::ChangesTable() const
+{
+    for (size_t i = 0; i < languages.size(); ++i) {
+        if (!folders[i] && IsMade(languages[i]))
+            return true;
+    }
+    return std::any_of(rows.begin(), rows.end(), [](const Row &row) { return row.changes; });
+}
+
 void ImportPlan::Apply()
 {
     rowsByName = {};
@@ -304,10 +319,8 @@ void ImportPlan::Apply()
     std::vector<CResFolder *> targets; // null: nothing is imported into the language
     std::vector<CResFolder *> all;
     for (const Language &language : languages) {
-        const bool isMade = language.number == DESCRIPTION || language.isUsed ||
-                            (makesUnused && !options.onlyExisting && language.isWanted);
-        targets.push_back(isMade ? &made.Ensure(language.number, language.title) : nullptr);
-        if (isMade)
+        targets.push_back(IsMade(language) ? &made.Ensure(language.number, language.title) : nullptr);
+        if (targets.back())
             all.push_back(targets.back());
     }
     CellFinder finder(all);

@@ -8,7 +8,6 @@
 
 #include <QStringList>
 
-#include <algorithm>
 #include <array>
 #include <optional>
 #include <unordered_map>
@@ -71,11 +70,8 @@ public:
     [[nodiscard]] std::optional<qint32> LanguageOf(quint32 column) const;
     /// Returns how many texts have that fate. Kinds of rows don't count, nor do texts beyond the languages.
     [[nodiscard]] int Count(CellFate fate) const { return counts[size_t(fate)]; }
-    /// Returns whether the import makes or changes a row of the table.
-    [[nodiscard]] bool ChangesRows() const
-    {
-        return std::any_of(rows.begin(), rows.end(), [](const Row &row) { return row.changes; });
-    }
+    /// Returns whether the import makes or changes a row of the table, or makes a language. Only before `Apply`.
+    [[nodiscard]] bool ChangesTable() const;
     /// Returns what the import does with the texts of the planned row `index`, from left to right. Only before `Apply`.
     [[nodiscard]] std::vector<Cell> Cells(size_t index) const;
     /// The texts that are refused, as "ID (Language)".
@@ -125,6 +121,8 @@ private:
         std::optional<Place> source = {};
     };
 
+    /// Returns whether the import makes the language if the project lacks it.
+    [[nodiscard]] bool IsMade(const Language &language) const;
     void AddLostRow(quint32 row, CellFate fate);
     /// Returns the index of the first row with an ID, or NONE.
     [[nodiscard]] size_t FirstOf(const NarrowText &name) const;

@@ -2,6 +2,7 @@
 #include "SheetReading.h"
 
 #include "Paths.h"
+#include "SignalCleanup.h"
 
 #include <utility>
 
@@ -23,6 +24,8 @@ WorkbookResult ReadSheet(const ImportFile &file, Sheet &sheet)
 SheetReading::SheetReading(ImportFile workbook, const QString &wanted) : file(std::move(workbook))
 {
     sheet.wanted = wanted;
+    sheet.stop = &stop;
+    const SignalHold hold;
     // Without a thread it is read by Take.
     result = std::async(std::launch::async | std::launch::deferred, [this] { return ReadSheet(file, sheet); });
 }
@@ -31,5 +34,6 @@ WorkbookResult SheetReading::Take(Sheet &to)
 {
     WorkbookResult outcome = result.get();
     to = std::move(sheet);
+    to.stop = nullptr;
     return outcome;
 }

@@ -5,15 +5,18 @@
 #include "Sheet.h"
 #include "Workbook.h"
 
+#include <atomic>
 #include <future>
 
 /// Reads a sheet of a workbook, in a thread of its own if the system has one, while the caller does other work, such as
-/// loading the project. The destructor waits for the end of the reading.
+/// loading the project.
 class SheetReading
 {
 public:
     /// Begins. `wanted` is the sheet's name or number, as in `Sheet::wanted`.
     SheetReading(ImportFile workbook, const QString &wanted);
+    /// Ends the reading early, and waits for its end.
+    ~SheetReading() { stop = true; }
     SheetReading(const SheetReading &) = delete;
     SheetReading &operator=(const SheetReading &) = delete;
 
@@ -23,6 +26,7 @@ public:
 
 private:
     const ImportFile file;
+    std::atomic<bool> stop = false;
     Sheet sheet;
     std::future<WorkbookResult> result; // the last member: its destructor waits
 };

@@ -23,7 +23,7 @@ struct SpreadsheetResult
 };
 
 /// Imports the first sheet of a workbook into the string table, as `SpreadsheetImport` plans it. After a failure the
-/// languages that the header has before it are imported too. An import that changes no row has that as its reason.
+/// languages that the header has before it are imported too. An import that changes nothing has that as its reason.
 [[nodiscard]] SpreadsheetResult ImportSpreadsheet(CResModel &document, const QString &path);
 
 /// What of the string table is exported.
@@ -37,11 +37,12 @@ struct SpreadsheetChoice
 /// The reason of an import that leaves the string table as it is.
 [[nodiscard]] inline QString NothingImported()
 {
-    return QStringLiteral("the import changes no row of the string table");
+    return QStringLiteral("the import changes nothing in the string table");
 }
 
 /// Writes the string table into a workbook and replaces the file at `path`. On failure the old file stays. A text with
-/// half a surrogate pair gets U+FFFD in its place, with a warning, unless the format is .xls, which keeps it.
+/// half a surrogate pair gets U+FFFD in its place, with a warning, unless the format is .xls, which keeps it; so does a
+/// text with U+0000 in .csv.
 [[nodiscard]] SpreadsheetResult ExportSpreadsheet(CResModel &document, const QString &path,
                                                   const SpreadsheetChoice &choice = {});
 

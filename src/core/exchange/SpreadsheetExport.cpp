@@ -19,10 +19,11 @@ namespace
 class TableSource : public ISheetSource
 {
 public:
-    /// The format keeps half a surrogate pair only if `keepsHalfPairs`.
+    /// `extension` is the format.
     TableSource(const CResModel &model, const CResFolder &strings, const SpreadsheetChoice &exportChoice,
-                bool keepsHalfPairs)
-        : document(model), choice(exportChoice), warnsOfHalfPairs(!keepsHalfPairs)
+                const QString &extension)
+        : document(model), choice(exportChoice), keepsHalfPairs(EqualsNoCase(extension, u"xls")),
+          keepsNulls(!EqualsNoCase(extension, u"csv"))
     {
         for (const auto &folder : strings.subfolders) {
             if (folders.empty() || IsChosen(folder->index))
@@ -109,18 +110,31 @@ private:
         for (const CResFolder *folder : folders) {
             const CStringRes *cell = head.FindLanguage(folder->index);
             cells.push_back(cell ? cell->Text() : QStringView());
-            if (warnsOfHalfPairs && !cells.back().isValidUtf16())
-                document.env.Report({"export.text-changed", Severity::Warning, {}, 0, id, {}},
-                                    "the text of %s in %s is written with U+FFFD, since it has characters that the "
-                                    "format can't have.",
-                                    Shown(id).constData(), Shown(folder->title).constData());
+            if (!Keeps(cells.back()))
+                TellChanged(folder->index == DESCRIPTION ? DESCRIPTION_WORD.toString() : folder->title);
         }
         next = FirstFrom(next->NextInFolder());
     }
 
+    /// Returns whether the format has all characters of a text.
+    [[nodiscard]] bool Keeps(QStringView text) const
+    {
+        return (keepsHalfPairs || text.isValidUtf16()) && (keepsNulls || !text.contains(u'\0'));
+    }
+
+    /// Warns about the text of the present row in a language.
+    void TellChanged(const QString &language) const
+    {
+        document.env.Report({"export.text-changed", Severity::Warning, {}, 0, id, {}},
+                            "the text of %s in %s is written with U+FFFD, since it has characters that the format "
+                            "can't have.",
+                            Shown(id).constData(), Shown(language).constData());
+    }
+
     const CResModel &document;
     const SpreadsheetChoice &choice;
-    const bool warnsOfHalfPairs;
+    const bool keepsHalfPairs;               // of surrogates
+    const bool keepsNulls;                   // U+0000
     std::vector<const CResFolder *> folders; // the Description, and the languages to export
     qint64 count = 0;
     int lacking = 0;
@@ -141,8 +155,7 @@ SpreadsheetResult ExportSpreadsheet(CResModel &document, const QString &path, co
     SpreadsheetResult result;
     const CResFolder none;
     const CResFolder *strings = document.root.FindFolder(KIND_STRINGS, 2);
-    const bool isUtf16 = EqualsNoCase(FileExtension(path), u"xls");
-    TableSource source(document, strings ? *strings : none, choice, isUtf16);
+    TableSource source(document, strings ? *strings : none, choice, FileExtension(path));
     if (const CResFolder *const from = strings ? strings->FindFolder(KIND_LANGUAGE, choice.source, 1) : nullptr)
         ReportLackingSource(env, source.Lacking(), from->title);
     const WorkbookResult written = WriteWorkbook(path, source);

@@ -301,7 +301,7 @@ SpreadsheetResult ImportSpreadsheet(CResModel &document, const QString &path)
 {
     SpreadsheetImport import(document, {path, path});
     SpreadsheetResult result = import.Read();
-    if (result.code == 0 && !import.Plan().ChangesRows())
+    if (result.code == 0 && !import.Plan().ChangesTable())
         result.reason = NothingImported();
     import.Plan().Apply();
     return result;

@@ -57,8 +57,11 @@ private:
     Entry *entry = nullptr;
 };
 
-/// Blocks SIGINT, SIGTERM and SIGHUP while it exists. For steps that must not be interrupted, such as the renames of a
-/// save.
+/// Blocks SIGINT, SIGTERM and SIGHUP in the calling thread while it exists. For steps that must not be interrupted,
+/// such as the renames of a save.
+///
+/// A thread that is started meanwhile never gets these signals. Start each thread so: the system gives a signal to any
+/// thread that doesn't block it, and the handler would run there even while the main thread holds the signals.
 class SignalHold
 {
 public:

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "FolderWatch.h"
 
+#include "SignalCleanup.h"
+
 #include <algorithm>
 #include <array>
-#include <csignal>
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/resource.h>
@@ -20,31 +21,12 @@ namespace
 constexpr auto GATHER_TIME = 30ms;
 constexpr int LOWEST_PRIORITY = 19;
 
-/// A thread that is started while this object exists gets no signals, so the program's handlers run on their usual
-/// threads.
-class SignalsBlocked
-{
-public:
-    SignalsBlocked()
-    {
-        sigset_t all;
-        sigfillset(&all);
-        pthread_sigmask(SIG_SETMASK, &all, &before);
-    }
-    ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &before, nullptr); }
-    SignalsBlocked(const SignalsBlocked &) = delete;
-    SignalsBlocked &operator=(const SignalsBlocked &) = delete;
-
-private:
-    sigset_t before;
-};
-
 } // namespace
 
 FolderWatch::FolderWatch(Notify notify, const WatchTimes &waits)
     : tell(std::move(notify)), times(waits), wake(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
 {
-    const SignalsBlocked blocked;
+    const SignalHold hold;
     thread = std::thread([this] { Run(); });
 }
 

@@ -81,7 +81,7 @@ public:
     {
         WorkbookResult result;
         while (at < text.size() && !result.HasFailed()) {
-            result = ReadField();
+            result = sheet.IsStopped() ? WorkbookResult{WorkbookFault::Stopped, {}} : ReadField();
             if (at == text.size())
                 break;
             const QChar end = text[at++];

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "PartUnpacker.h"
 
+#include "SignalCleanup.h"
+
 #include <algorithm>
 #include <system_error>
 
@@ -19,6 +21,7 @@ PartUnpacker::PartUnpacker(QByteArrayView data, bool isDeflated, quint64 size) :
         isReady = inflateInit2(&stream, -MAX_WBITS) == Z_OK;
     if (size < LARGE)
         return;
+    const SignalHold hold;
     try {
         thread = std::thread([this] { Run(); });
     } catch (const std::system_error &) {

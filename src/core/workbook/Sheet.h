@@ -3,6 +3,7 @@
 
 #include "TextPool.h"
 
+#include <atomic>
 #include <span>
 #include <vector>
 
@@ -29,6 +30,9 @@ public:
     /// Which sheet of a workbook is read: its name, or its number from 1; empty for the first one. Set it before
     /// reading.
     QString wanted;
+    /// When another thread makes this true, the reading soon fails with WorkbookFault::Stopped. Null: it can't be
+    /// stopped. Set it before reading.
+    const std::atomic<bool> *stop = nullptr;
     /// The sheet's name; empty if the format has none.
     QString name;
     /// The last row, from 1, if the file ends within it: it has no line end and fewer fields than row 2. 0 otherwise.
@@ -36,6 +40,8 @@ public:
     /// Contains the texts of the cells; cells may share a text.
     TextPool texts;
 
+    /// Returns whether the reading must end now.
+    [[nodiscard]] bool IsStopped() const { return stop && *stop; }
     /// Adds a cell. Ignores a cell without a text, and a cell outside of the limits of a sheet.
     void Add(quint32 row, quint32 column, TextPool::Ref text);
     void Add(quint32 row, quint32 column, QStringView text) { Add(row, column, texts.Add(text)); }

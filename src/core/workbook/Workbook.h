@@ -11,6 +11,7 @@ enum class WorkbookFault
     Broken,      ///< the file is a workbook, but a part of it can't be read
     TooLarge,    ///< the sheet doesn't fit the format, or the file needs more memory than it may take
     CannotWrite, ///< the file couldn't be written
+    Stopped,     ///< the caller no longer wants the sheet (Sheet::stop)
 };
 
 struct WorkbookResult

@@ -121,6 +121,8 @@ WorkbookResult XlsParser::ReadTexts(BiffCursor data)
         return BrokenXls(QStringLiteral("the table of texts has no count"));
     texts.clear();
     for (quint32 i = 0; i < *count; ++i) {
+        if (sheet.IsStopped())
+            return {WorkbookFault::Stopped, {}};
         const auto text = data.Text(sheet.texts);
         if (!text)
             return BrokenXls(QStringLiteral("the table of texts ends within text %1 of %2").arg(i + 1).arg(*count));

@@ -38,6 +38,8 @@ WorkbookResult XlsSheetReader::Read()
         return wrong;
     // A chart in the sheet has a BOF and an EOF of its own.
     for (quint64 depth = 1; depth > 0;) {
+        if (sheet.IsStopped())
+            return {WorkbookFault::Stopped, {}};
         const auto record = records.Next();
         if (!record)
             return records.CutOff();

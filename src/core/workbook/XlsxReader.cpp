@@ -42,6 +42,7 @@ WorkbookResult ReadXlsx(const QByteArray &file, Sheet &sheet)
     if (file.startsWith(QByteArrayView(COMPOUND_FILE.data(), qsizetype(COMPOUND_FILE.size()))))
         return ExplainCompoundFile(file);
     ZipFile zip;
+    zip.StopWhen(sheet.stop);
     const WorkbookResult result = zip.Open(file);
     if (result.HasFailed())
         return result;

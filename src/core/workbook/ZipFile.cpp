@@ -185,6 +185,8 @@ WorkbookResult ZipFile::Read(const QByteArray &name, const std::function<bool(QB
     PartUnpacker unpacker(part.data, part.method == DEFLATED, part.size);
     quint64 size = 0;
     for (;;) {
+        if (stop && *stop)
+            return {WorkbookFault::Stopped, {}};
         const auto piece = unpacker.Next();
         size += piece ? quint64(piece->size()) : 0;
         if (!piece || size > part.size)

@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QHash>
 
+#include <atomic>
 #include <functional>
 
 /// Reads the parts of a ZIP file in memory.
@@ -23,6 +24,10 @@ class ZipFile
 public:
     /// Finds the parts. NoWorkbook when the bytes aren't those of a ZIP file.
     [[nodiscard]] WorkbookResult Open(QByteArrayView bytes);
+
+    /// Makes `Read` fail with Stopped at the next piece once the flag is true. It may be null, and must outlive this
+    /// object.
+    void StopWhen(const std::atomic<bool> *stopped) { stop = stopped; }
 
     [[nodiscard]] bool Has(const QByteArray &name) const { return parts.contains(name.toLower()); }
 
@@ -48,6 +53,7 @@ private:
     [[nodiscard]] QString CheckOverlaps();
 
     QByteArrayView file;
+    const std::atomic<bool> *stop = nullptr;
     QHash<QByteArray, Part> parts; // by name in lower case
     QList<QByteArray> names;
     std::vector<std::pair<quint64, quint64>> taken; // start and end of each part, including its header
