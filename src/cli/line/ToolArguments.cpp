@@ -35,7 +35,8 @@ CLI::App *GitArguments::Add(CLI::App &app, const CommandWords &words)
 
 CLI::App *ServeArguments::Add(CLI::App &app, const CommandWords &words)
 {
-    CLI::App *subcommand = app.add_subcommand(NAME, "Run the commands of IDEs without a window, until a signal ends it");
+    CLI::App *subcommand =
+        app.add_subcommand(NAME, "Run the commands of IDEs without a window, until a signal ends it");
     if (!words.Name(*subcommand))
         return subcommand;
     subcommand

@@ -7,11 +7,11 @@
 
 class Environment;
 
-/// Reads an XML file into `document`. All XML files are read by these functions, and by XmlElements: they convert the file to UTF-8 and
-/// check limits before the parser gets it: nesting (256), attributes of an element (128), number of tags (4 million)
-/// and size (256 MiB). Returns 0; -1 when the file can't be opened (errno has the reason); -2 when it isn't
-/// well-formed, and then `document.ErrorRow()` is the row of the error. That row is 0 for an empty file and for one
-/// that doesn't exist.
+/// Reads an XML file into `document`. All XML files are read by these functions, and by XmlElements: they convert the
+/// file to UTF-8 and check limits before the parser gets it: nesting (256), attributes of an element (128), number of
+/// tags (4 million) and size (256 MiB). Returns 0; -1 when the file can't be opened (errno has the reason); -2 when it
+/// isn't well-formed, and then `document.ErrorRow()` is the row of the error. That row is 0 for an empty file and for
+/// one that doesn't exist.
 [[nodiscard]] int LoadXml(const Environment &env, const QString &path, TiXmlDocument &document);
 [[nodiscard]] int ParseXml(const Environment &env, QByteArrayView bytes, TiXmlDocument &document);
 
