@@ -172,5 +172,5 @@ private:
 
 std::unique_ptr<ISubcommand> MakeSubcommand(GitArguments &&arguments)
 {
-    return std::make_unique<GitSubcommand>(std::move(arguments));
+    return std::make_unique<GitSubcommand>(arguments);
 }

@@ -24,5 +24,5 @@ public:
 
 std::unique_ptr<ISubcommand> MakeSubcommand(ResolutionsArguments &&arguments)
 {
-    return std::make_unique<ResolutionsSubcommand>(std::move(arguments));
+    return std::make_unique<ResolutionsSubcommand>(arguments);
 }

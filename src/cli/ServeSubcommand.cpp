@@ -124,5 +124,5 @@ private:
 
 std::unique_ptr<ISubcommand> MakeSubcommand(ServeArguments &&arguments)
 {
-    return std::make_unique<ServeSubcommand>(std::move(arguments));
+    return std::make_unique<ServeSubcommand>(arguments);
 }

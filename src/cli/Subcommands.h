@@ -20,7 +20,7 @@ public:
 template <typename Arguments> class Subcommand : public ISubcommand, protected Arguments
 {
 public:
-    explicit Subcommand(Arguments &&arguments) : Arguments(std::move(arguments)) {}
+    explicit Subcommand(Arguments arguments) : Arguments(std::move(arguments)) {}
 };
 
 /// Makes the subcommand that has these arguments.
