@@ -441,7 +441,7 @@ morvanite_result morvanite_find_text(const morvanite_payload *payload, uint32_t 
 
 uint16_t morvanite_string_unit(const morvanite_string *string, uint32_t i)
 {
-    return i < string->length ? (uint16_t)(string->units[2 * i] | string->units[2 * i + 1] << 8) : 0;
+    return (uint16_t)(i < string->length ? string->units[2 * i] | string->units[2 * i + 1] << 8 : 0);
 }
 
 /* Returns the character at `*i` and moves `*i` after it. */
