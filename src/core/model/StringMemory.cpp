@@ -52,8 +52,8 @@ std::size_t BytesOf(std::size_t length)
     return (UnitsBefore(length) + length) * sizeof(char16_t);
 }
 
-// A large table has its blocks side by side in regions of this size, so that the system can give it large pages. To
-// make a page for each 4 KiB would take a third of the time of its load. Small tables would need more memory so.
+// A large table has its blocks side by side in regions of this size, so that the system can give it large pages: pages
+// of 4 KiB take a third of the time of its load. A small table would only need more memory with regions.
 constexpr std::size_t REGION_SIZE = 2 * 1024 * 1024; // a large page
 constexpr int BLOCKS_OUTSIDE_REGIONS = 8;
 
