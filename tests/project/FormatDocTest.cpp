@@ -68,7 +68,9 @@ TEST(FormatPages, ExampleSettingsAreRead)
 
     folder.Put("demo/morvanite.ini", Example("settings", u"ini project"_s));
     Settings settings = env.settings;
-    EXPECT_EQ(settings.UseProject(folder.Path("demo/morvanite.ini")), QStringList()) << "a key without effect";
+    QStringList ignored;
+    EXPECT_EQ(settings.UseProject(folder.Path("demo/morvanite.ini"), ignored), 0);
+    EXPECT_EQ(ignored, QStringList()) << "a key without effect";
     EXPECT_EQ(settings.String("Text", "code_page"), u"936"_s);
     EXPECT_EQ(settings.Int("Layout", "folders", 0), 1);
 }

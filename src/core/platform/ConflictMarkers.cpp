@@ -104,17 +104,21 @@ private:
 
 std::vector<ConflictMarker> FindConflictMarkers(const QString &path, size_t most)
 {
-    constexpr qsizetype PIECE = 256 * 1024; // stays in the processor's cache
+    constexpr qint64 PIECE = 256 * 1024; // stays in the processor's cache
+    constexpr qint64 LEAST = 4096;       // far above what a piece may leave to the next one
     MarkerSearch search(most);
     const FileHandle file = FileHandle::OpenRead(path);
-    QByteArray buffer(PIECE, Qt::Uninitialized);
+    if (!file.IsOpen())
+        return {};
+    const qsizetype room = std::clamp(file.Size() + 1, LEAST, PIECE); // one more, to see the file's end
+    QByteArray buffer(room, Qt::Uninitialized);
     qsizetype held = 0;
-    while (file.IsOpen() && !search.IsFull()) {
-        const ssize_t got = file.Read(buffer.data() + held, size_t(PIECE - held));
+    while (!search.IsFull()) {
+        const ssize_t got = file.Read(buffer.data() + held, size_t(room - held));
         if (got < 0)
             break;
         const qsizetype size = held + got;
-        const bool isLast = size < PIECE;
+        const bool isLast = size < room;
         const qsizetype done = search.Take(QByteArrayView(buffer.constData(), size), isLast);
         if (isLast)
             break;

@@ -126,12 +126,12 @@ void Environment::SelectCodePage()
 bool Environment::UseProjectSettings(const QString &folder)
 {
     const QString file = ResolvePath(QStringLiteral("morvanite.ini"), folder);
-    Profile unused;
-    if (const int error = Profile::Read(file, unused); error != 0 && error != ENOENT) {
+    QStringList ignored;
+    if (const int error = settings.UseProject(file, ignored); error != 0) {
         Explain(WhyNotRead(file, error)); // without its settings the project would lose what they give it
         return false;
     }
-    for (const QString &key : settings.UseProject(file))
+    for (const QString &key : ignored)
         Explain(QStringLiteral("%1: %2 is ignored because a project can't have this setting").arg(file, key));
     SelectCodePage();
     if (codePageUnknown) {

@@ -6,7 +6,18 @@
 FileStamp FileStamp::Of(QStringView path)
 {
     struct stat info;
-    return stat(HostPath(path).constData(), &info) == 0 ? FileStamp(info) : FileStamp();
+    QByteArray exact = path.toUtf8();
+    exact.replace('\\', '/');
+    if (stat(exact.constData(), &info) == 0)
+        return FileStamp(info);
+    const QByteArray other = HostPaths().Resolve(path);
+    return other != exact && stat(other.constData(), &info) == 0 ? FileStamp(info) : FileStamp();
+}
+
+FileStamp FileStamp::Of(const FileHandle &file)
+{
+    struct stat info;
+    return fstat(file.Get(), &info) == 0 ? FileStamp(info) : FileStamp();
 }
 
 FileStamps FileStamps::Renewed() const

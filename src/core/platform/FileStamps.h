@@ -22,6 +22,8 @@ public:
     }
     /// Returns the stamp of the file at `path`. Follows links.
     [[nodiscard]] static FileStamp Of(QStringView path);
+    /// Returns the stamp of an open file; that of a file that doesn't exist if `file` isn't open.
+    [[nodiscard]] static FileStamp Of(const class FileHandle &file);
 
     [[nodiscard]] bool IsThere() const { return isThere; }
     bool operator==(const FileStamp &other) const = default;

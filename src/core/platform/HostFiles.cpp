@@ -33,8 +33,12 @@ FileHandle FileHandle::OpenRead(QStringView path)
     QByteArray host = path.toUtf8();
     host.replace('\\', '/');
     FileHandle file(open(host.constData(), FLAGS));
-    if (!file.IsOpen() && errno == ENOENT && !host.isEmpty())
-        file = FileHandle(open(HostPaths().Resolve(path).constData(), FLAGS));
+    if (!file.IsOpen() && errno == ENOENT && !host.isEmpty()) {
+        const QByteArray other = HostPaths().Resolve(path);
+        errno = ENOENT;
+        if (other != host)
+            file = FileHandle(open(other.constData(), FLAGS));
+    }
     struct stat info = {};
     if (file.IsOpen() && (fstat(file.Get(), &info) != 0 || !S_ISREG(info.st_mode))) {
         const int error = S_ISDIR(info.st_mode) ? EISDIR : EINVAL;
@@ -86,8 +90,11 @@ bool FileHandle::WriteAll(const void *bytes, size_t size) const
 int ReadFile(QStringView path, QByteArray &bytes, qint64 limit)
 {
     const FileHandle file = FileHandle::OpenRead(path);
-    if (!file.IsOpen())
-        return errno;
+    return file.IsOpen() ? ReadFile(file, bytes, limit) : errno;
+}
+
+int ReadFile(const FileHandle &file, QByteArray &bytes, qint64 limit)
+{
     const qint64 size = file.Size();
     if (size < 0)
         return errno;

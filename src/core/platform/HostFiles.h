@@ -37,6 +37,8 @@ private:
 
 /// Reads a whole file. Returns 0, or the system's error number (EFBIG for a file above `limit` bytes).
 [[nodiscard]] int ReadFile(QStringView path, QByteArray &bytes, qint64 limit = qint64(1) << 31);
+/// The same for an open file.
+[[nodiscard]] int ReadFile(const class FileHandle &file, QByteArray &bytes, qint64 limit = qint64(1) << 31);
 
 /// What to do when a character device or a pipe (FIFO) has the name of a file that is to be written.
 enum class IfDevice

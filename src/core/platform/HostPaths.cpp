@@ -252,5 +252,9 @@ QByteArray HostPath(QStringView path)
 
 bool PathExists(QStringView path)
 {
-    return !path.isEmpty() && access(HostPath(path).constData(), F_OK) == 0;
+    const QByteArray exact = WithSlashes(path);
+    if (exact.isEmpty() || access(exact.constData(), F_OK) == 0)
+        return !exact.isEmpty();
+    const QByteArray other = HostPaths().Resolve(path);
+    return other != exact && access(other.constData(), F_OK) == 0;
 }

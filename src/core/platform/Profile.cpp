@@ -9,6 +9,7 @@
 #include <QStringEncoder>
 
 #include <algorithm>
+#include <cerrno>
 
 namespace
 {
@@ -35,8 +36,14 @@ Profile Profile::Load(const QString &path)
 
 int Profile::Read(const QString &path, Profile &profile)
 {
+    const FileHandle file = FileHandle::OpenRead(path);
+    return file.IsOpen() ? Read(file, profile) : errno;
+}
+
+int Profile::Read(const FileHandle &file, Profile &profile)
+{
     QByteArray bytes;
-    const int error = ReadFile(path, bytes, LARGEST_FILE);
+    const int error = ReadFile(file, bytes, LARGEST_FILE);
     if (error == 0)
         profile = Parse(bytes);
     return error;
@@ -51,21 +58,28 @@ Profile Profile::Parse(QByteArrayView bytes)
     }
     const qsizetype unit = profile.IsUtf16() ? 2 : 1;
     bytes.chop(bytes.size() % unit); // an incomplete unit at the end
-    profile.lines.reserve(bytes.count('\n') + 1);
+    profile.content = bytes.toByteArray();
+    profile.lines.reserve(std::count(bytes.begin(), bytes.end(), '\n') + 1);
     QString section;
     for (qsizetype at = profile.mark.size(); at < bytes.size();) {
         qsizetype end = bytes.indexOf('\n', at);
         while (unit == 2 && end >= 0 && ((end - at) % unit != 0 || bytes[end + 1] != 0))
             end = bytes.indexOf('\n', end + 1);
         end = end < 0 ? bytes.size() : end + unit;
-        profile.AddLine(bytes.sliced(at, end - at), section);
+        profile.AddLine(QByteArray::fromRawData(profile.content.constData() + at, end - at), section);
         at = end;
     }
     return profile;
 }
 
-void Profile::AddLine(QByteArrayView raw, QString &section)
+void Profile::AddLine(const QByteArray &raw, QString &section)
 {
+    if (!IsUtf16() && raw.startsWith(';')) { // most lines of a file with comments, so they are not decoded
+        if (lines.isEmpty() && raw.endsWith("\r\n"))
+            lineEnd = QStringLiteral("\r\n");
+        lines.append({raw, QStringLiteral(";"), section, {}, false});
+        return;
+    }
     QString text = IsUtf16() ? QStringDecoder(QStringDecoder::Utf16LE)(raw) : QString::fromUtf8(raw);
     const bool isFed = text.endsWith(u'\n');
     text.chop(isFed);
@@ -84,7 +98,7 @@ void Profile::AddLine(QByteArrayView raw, QString &section)
         if (equals > 0)
             key = ToUpperSimple(trimmed.first(equals).trimmed());
     }
-    lines.append({raw.toByteArray(), text, section, key, isHead});
+    lines.append({raw, text, section, key, isHead});
 }
 
 QByteArray Profile::Encoded(const QString &text) const

@@ -29,6 +29,7 @@ public:
     static Profile Load(const QString &path);
     /// The same. Returns 0, or the system's error number when the profile couldn't be read.
     [[nodiscard]] static int Read(const QString &path, Profile &profile);
+    [[nodiscard]] static int Read(const class FileHandle &file, Profile &profile);
     static Profile Parse(QByteArrayView bytes);
 
     [[nodiscard]] bool Has(QStringView section, QStringView key) const;
@@ -64,8 +65,8 @@ public:
 private:
     struct Line
     {
-        QByteArray raw;  // as it is in the file, with its line end
-        QString text;    // without its line end
+        QByteArray raw;  // as it is in the file, with its line end; without a copy of its own if it was read
+        QString text;    // without its line end; of a comment only its first character
         QString section; // the section that the line is in, in upper case
         QString key;     // in upper case; empty unless the line is `key=value`
         bool isHead;     // the line begins the section
@@ -75,10 +76,11 @@ private:
     [[nodiscard]] std::pair<qsizetype, qsizetype> Range(const QString &upperSection) const;
     [[nodiscard]] bool IsUtf16() const { return mark.size() == 2; }
     [[nodiscard]] QByteArray Encoded(const QString &text) const;
-    void AddLine(QByteArrayView raw, QString &section);
+    void AddLine(const QByteArray &raw, QString &section);
 
     [[nodiscard]] const Line *Find(QStringView section, QStringView key) const;
 
+    QByteArray content; // the file as it was read, whose bytes the lines share; never changed
     QList<Line> lines;
     QString lineEnd = QStringLiteral("\n");
     QByteArray mark; // the byte order mark that the file begins with

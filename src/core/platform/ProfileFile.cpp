@@ -13,8 +13,12 @@ ProfileFile::ProfileFile(QString filePath) : path(std::move(filePath))
 
 void ProfileFile::Read()
 {
-    stamp = FileStamp::Of(path); // first, so that the next Refresh finds a change during the reading
-    content = Profile::Load(path);
+    content = Profile();
+    const FileHandle file = FileHandle::OpenRead(path);
+    error = file.IsOpen() ? 0 : errno;
+    stamp = FileStamp::Of(file); // first, so that the next Refresh finds a change during the reading
+    if (error == 0)
+        error = Profile::Read(file, content);
 }
 
 void ProfileFile::Refresh()
@@ -26,7 +30,7 @@ void ProfileFile::Refresh()
 bool ProfileFile::Set(const QList<ProfileEntry> &entries)
 {
     Profile changed;
-    if (const int error = Profile::Read(path, changed); error != 0 && error != ENOENT)
+    if (const int fault = Profile::Read(path, changed); fault != 0 && fault != ENOENT)
         return false; // writing it back would empty it
     for (const ProfileEntry &entry : entries)
         changed.Set(entry.section, entry.key, entry.value);
@@ -34,5 +38,6 @@ bool ProfileFile::Set(const QList<ProfileEntry> &entries)
         return false;
     content = std::move(changed);
     stamp = FileStamp::Of(path);
+    error = 0;
     return true;
 }

@@ -12,6 +12,8 @@ public:
     explicit ProfileFile(QString path);
 
     [[nodiscard]] const Profile &Content() const { return content; }
+    /// Returns 0, or the system's error number if the file couldn't be read (ENOENT: there is none).
+    [[nodiscard]] int Error() const { return error; }
 
     /// Reads the file again if it has been changed or replaced since it was read.
     void Refresh();
@@ -26,4 +28,5 @@ private:
     QString path;
     Profile content;
     FileStamp stamp; // of the file that was read
+    int error = 0;
 };

@@ -5,6 +5,7 @@
 #include "Paths.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <iterator>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -71,16 +72,19 @@ const Profile *Settings::ProjectsOwn(const QString &section, const QString &key)
     return counts ? &project->Content() : nullptr;
 }
 
-QStringList Settings::UseProject(const QString &file)
+int Settings::UseProject(const QString &file, QStringList &ignored)
 {
+    ProfileFile read(file);
+    if (read.Error() != 0 && read.Error() != ENOENT)
+        return read.Error();
     projectFile = file;
-    project.emplace(file);
-    QStringList ignored;
+    project = std::move(read);
+    ignored.clear();
     for (const auto &[section, key] : project->Content().Keys()) {
         if (!IsProjectKey(section, key))
             ignored.append(QStringLiteral("[%1] %2").arg(section, key));
     }
-    return ignored;
+    return 0;
 }
 
 void Settings::Refresh()

@@ -19,9 +19,10 @@ public:
     [[nodiscard]] QString String(const char *section, const char *key, const char *fallback = "") const;
     [[nodiscard]] int Int(const char *section, const char *key, int fallback) const;
 
-    /// Reads the settings of a project and drops those of the previous one. Returns each key of the file that doesn't
-    /// count, in the form "[Section] key".
-    [[nodiscard]] QStringList UseProject(const QString &file);
+    /// Reads the settings of a project and drops those of the previous one. Sets `ignored` to the keys of the file that
+    /// don't count, in the form "[Section] key". Returns 0, also if there is no file, or the system's error number; no
+    /// setting has changed then.
+    [[nodiscard]] int UseProject(const QString &file, QStringList &ignored);
 
     /// The path of the project's file, which need not exist; empty before there is a project.
     [[nodiscard]] const QString &ProjectFile() const { return projectFile; }

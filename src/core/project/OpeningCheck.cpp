@@ -5,6 +5,7 @@
 #include "ConflictMarkers.h"
 #include "Environment.h"
 #include "FileFault.h"
+#include "HostFiles.h"
 #include "Paths.h"
 #include "Profile.h"
 #include "ProjectContext.h"
@@ -100,7 +101,11 @@ void OpeningCheck::AddConflictMarkers(std::vector<Finding> &reasons) const
         files = {paths.ConfigPath(), paths.Absolute(paths.ResourcePath()), paths.Absolute(paths.StringPath())};
     }
     const QString folder = DirectoryOf(projectPath);
-    files += {folder + u"/morvanite.ini"_s, folder + u"/preview.lst"_s, V1ListPath(projectPath)};
+    HostPaths paths; // most projects have none of these files
+    for (const QString &file : {folder + u"/morvanite.ini"_s, folder + u"/preview.lst"_s, V1ListPath(projectPath)}) {
+        if (paths.Exists(file))
+            files.append(file);
+    }
     for (const QString &file : files) {
         for (const ConflictMarker &found : FindConflictMarkers(file))
             reasons.push_back(

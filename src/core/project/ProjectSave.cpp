@@ -8,18 +8,34 @@
 
 using namespace Qt::StringLiterals;
 
+namespace
+{
+
+/// Returns the folder of the resource list, with a slash at the end.
+QString ListFolder(const Environment &env, const QString &projectFolder)
+{
+    return ResolvePath(env.settings.String("Path", "main_xml", "res"), projectFolder) + u'/';
+}
+
+QString JournalIn(const QString &listFolder, const QString &projectName)
+{
+    return listFolder + u".%1.journal"_s.arg(projectName);
+}
+
+} // namespace
+
 SavedProject SavedProjectOf(const Environment &env, const QString &path)
 {
     const QString folder = DirectoryOf(path);
     const auto placeOf = [&](const char *section, const char *key, const char *otherwise, const QString &base) {
         return ResolvePath(env.settings.String(section, key, otherwise), base);
     };
-    const QString lists = placeOf("Path", "main_xml", "res", folder) + u'/';
+    const QString lists = ListFolder(env, folder);
     const QString headers = placeOf("Path", "header_output", ".\\ResID", folder);
     const QString name = FileTitle(path);
     SavedProject project;
     project.folder = folder;
-    project.journal = lists + u".%1.journal"_s.arg(name);
+    project.journal = JournalIn(lists, name);
     project.files = {lists + name + u".res.xml"_s, lists + u"ref_list_%1.txt"_s.arg(name),
                      placeOf("ResID", "main_header", "ResID.h", headers)};
     project.patterns = {lists + u"layout_%1_%s.xml"_s.arg(name),
@@ -58,5 +74,5 @@ bool HasInterruptedSave(Environment &env, const QString &path)
 
 bool HasJournal(const Environment &env, const QString &path)
 {
-    return PathExists(SavedProjectOf(env, path).journal);
+    return PathExists(JournalIn(ListFolder(env, DirectoryOf(path)), FileTitle(path)));
 }
