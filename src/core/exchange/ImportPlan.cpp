@@ -147,6 +147,11 @@ void ImportPlan::PlanTexts(Row &row, const IDRecord *record, const QString &id)
             fates.push_back(isDescription ? quint8(CellFate::Same) : quint8(PASSED_OVER));
             continue;
         }
+        if (!isNoted && IsUnchanged(row, i, record)) {
+            fates.push_back(quint8(CellFate::Same));
+            ++counts[size_t(CellFate::Same)];
+            continue;
+        }
         const QString text = source.Text(row.row, language.column);
         if (text.isEmpty() && !isDescription) {
             fates.push_back(PASSED_OVER);
@@ -167,6 +172,13 @@ void ImportPlan::PlanTexts(Row &row, const IDRecord *record, const QString &id)
         if (IsTaken(quint8(fate)))
             row.changes = language.isUsed = true;
     }
+}
+
+bool ImportPlan::IsUnchanged(const Row &row, size_t language, const IDRecord *record) const
+{
+    const CStringRes *const cell =
+        record && folders[language] && languages[language].isWanted ? cells.Find(record, *folders[language]) : nullptr;
+    return cell && cell->HasText() && source.HasText(row.row, languages[language].column, cell->Text());
 }
 
 CellFate ImportPlan::FateOf(const Row &row, size_t language, const QString &text, const Before &before) const

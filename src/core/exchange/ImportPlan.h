@@ -127,6 +127,9 @@ private:
     /// Returns the index of the first row with an ID, or NONE.
     [[nodiscard]] size_t FirstOf(const NarrowText &name) const;
     void PlanTexts(Row &row, const IDRecord *record, const QString &id);
+    /// Returns whether the table has the same text already, as most texts of most imports are. Only for a row with
+    /// an ID that no earlier row has.
+    [[nodiscard]] bool IsUnchanged(const Row &row, size_t language, const IDRecord *record) const;
     [[nodiscard]] CellFate FateOf(const Row &row, size_t language, const QString &text, const Before &before) const;
     void NotePlaces(const Row &row);
     void Refuse(quint32 row, quint32 column, const QString &id, const QString &language);

@@ -53,6 +53,10 @@ public:
         const QString text = sheet.At(row, column);
         return isGuarded ? WithoutCsvGuard(text).toString() : text;
     }
+    bool HasText(quint32 row, quint32 column, QStringView text) const override
+    {
+        return isGuarded ? Text(row, column) == text : sheet.HasText(row, column, text);
+    }
     quint32 EndColumn(quint32 row) const override { return sheet.EndColumn(row); }
     ImportPlace PlaceOf(quint32 row, quint32 column) const override
     {

@@ -13,8 +13,7 @@ namespace
 int TakeNumber(QStringView &text)
 {
     const bool isSigned = text.startsWith(u'+') || text.startsWith(u'-');
-    const auto end =
-        std::find_if(text.begin() + isSigned, text.end(), [](QChar c) { return c < u'0' || c > u'9'; });
+    const auto end = std::find_if(text.begin() + isSigned, text.end(), [](QChar c) { return c < u'0' || c > u'9'; });
     const int number = LeadingNumber(text.first(end - text.begin()));
     text = text.sliced(end - text.begin());
     return number;

@@ -53,10 +53,10 @@ quint32 Sheet::EndColumn(quint32 row) const
     return all.empty() ? 0 : all.back().column + 1;
 }
 
-QString Sheet::At(quint32 row, quint32 column) const
+TextPool::Ref Sheet::RefAt(quint32 row, quint32 column) const
 {
     const std::span<const Cell> all = CellsOf(row);
     const auto found = std::lower_bound(all.begin(), all.end(), column,
                                         [](const Cell &cell, quint32 number) { return cell.column < number; });
-    return found != all.end() && found->column == column ? texts.Text(found->text) : QString();
+    return found != all.end() && found->column == column ? found->text : TextPool::Ref();
 }

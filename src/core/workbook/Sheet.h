@@ -49,7 +49,12 @@ public:
     void Finish();
 
     /// Returns the text of a cell; empty when it has none.
-    [[nodiscard]] QString At(quint32 row, quint32 column) const;
+    [[nodiscard]] QString At(quint32 row, quint32 column) const { return texts.Text(RefAt(row, column)); }
+    /// Returns whether `text` is the text of a cell. Faster than `At`.
+    [[nodiscard]] bool HasText(quint32 row, quint32 column, QStringView text) const
+    {
+        return texts.IsText(RefAt(row, column), text);
+    }
     /// The numbers of rows and columns of the smallest rectangle that contains all texts.
     [[nodiscard]] quint32 UsedRows() const { return usedRows; }
     [[nodiscard]] quint32 UsedColumns() const { return usedColumns; }
@@ -60,6 +65,7 @@ public:
 
 private:
     [[nodiscard]] std::span<const Cell> CellsOf(quint32 row) const;
+    [[nodiscard]] TextPool::Ref RefAt(quint32 row, quint32 column) const;
 
     std::vector<Cell> cells;        // sorted by row and column after Finish
     std::vector<quint32> rowStarts; // for each row, its first cell; a last one for the end

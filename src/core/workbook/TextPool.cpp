@@ -31,6 +31,32 @@ TextPool::Ref TextPool::Add(QStringView text)
     return ref;
 }
 
+TextPool::Ref TextPool::AddLatin1(QByteArrayView characters)
+{
+    Ref ref;
+    ref.at = quint32(file.size() + added.size());
+    ref.length = quint32(characters.size()) & 0x7FFFFFFF;
+    added.append(characters);
+    return ref;
+}
+
+bool TextPool::IsText(Ref ref, QStringView text) const
+{
+    if (qsizetype(ref.length) != text.size())
+        return false;
+    if (ref.IsEmpty())
+        return true;
+    const QByteArrayView bytes = Bytes(ref);
+    if (!ref.isWide)
+        return QtPrivate::equalStrings(QLatin1String(bytes.data(), bytes.size()), text);
+    const char *at = bytes.data();
+    return std::all_of(text.begin(), text.end(), [&at](QChar c) {
+        const bool isSame = qFromLittleEndian<char16_t>(at) == c.unicode();
+        at += sizeof(char16_t);
+        return isSame;
+    });
+}
+
 QByteArrayView TextPool::Bytes(Ref ref) const
 {
     const bool isInFile = ref.at < file.size();

@@ -35,7 +35,12 @@ public:
     /// Removes the text that was added last.
     void TakeBack(Ref last) { added.truncate(added.size() - last.Size()); }
 
+    /// Adds a text whose characters are all Latin-1.
+    Ref AddLatin1(QByteArrayView characters);
+
     [[nodiscard]] QString Text(Ref ref) const;
+    /// Returns whether a text of the pool is `text`. Faster than `Text`.
+    [[nodiscard]] bool IsText(Ref ref, QStringView text) const;
     /// Returns the characters of a text. They are valid until the next text is added.
     [[nodiscard]] QByteArrayView Bytes(Ref ref) const;
 

@@ -93,7 +93,7 @@ private:
     void Leave(int place, QByteArrayView content) override
     {
         if (place == TEXT)
-            AppendRun(DecodeXlsxText(content));
+            AppendText(content);
         else if (place == INLINE && type == Type::Text)
             AddGathered();
         else if (place == VALUE)
@@ -118,6 +118,7 @@ private:
     {
         ++column;
         text.resize(0);
+        stored.reset();
         if (reference) {
             std::string_view rest = *reference;
             column = TakeColumn(rest);
@@ -190,10 +191,32 @@ private:
         Add(FormatFloat(number));
     }
 
+    /// Stores a text that needs no decoding at once. Most texts of most sheets are such a text.
+    void AppendText(QByteArrayView utf8)
+    {
+        if (!text.isEmpty() || stored || !IsPlainXlsxText(utf8))
+            return AppendRun(DecodeXlsxText(utf8));
+        if (Grant(utf8.size()))
+            stored = sheet.texts.AddLatin1(utf8);
+    }
+
+    [[nodiscard]] bool Grant(qsizetype length)
+    {
+        const bool isGranted = budget.GrantText(length);
+        if (!isGranted)
+            FailInCell(WorkbookFault::TooLarge, QStringLiteral("the texts take too much memory"));
+        return isGranted;
+    }
+
     void AppendRun(QString run)
     {
-        if (!budget.GrantText(run.size()))
-            return FailInCell(WorkbookFault::TooLarge, QStringLiteral("the texts take too much memory"));
+        if (!Grant(run.size()))
+            return;
+        if (stored) {
+            text = sheet.texts.Text(*stored);
+            sheet.texts.TakeBack(*stored);
+            stored.reset();
+        }
         if (text.isEmpty())
             text = std::move(run); // most texts are one run
         else
@@ -208,8 +231,9 @@ private:
 
     void AddGathered()
     {
-        AddGranted(sheet.texts.Add(text));
+        AddGranted(stored ? *stored : sheet.texts.Add(text));
         text.resize(0);
+        stored.reset();
     }
 
     void AddGranted(TextPool::Ref granted)
@@ -231,7 +255,8 @@ private:
     quint64 row = 0; // row and column are from 1
     quint64 column = 0;
     Type type = Type::None;
-    QString text; // of the runs of the cell so far
+    QString text;                        // of the runs of the cell so far
+    std::optional<TextPool::Ref> stored; // instead of `text`: the text is in the pool, at its end
 };
 
 } // namespace

@@ -82,6 +82,11 @@ char *PutWide(char *to, char32_t character)
 
 } // namespace
 
+bool IsPlainXlsxText(QByteArrayView utf8)
+{
+    return std::all_of(utf8.begin(), utf8.end(), [](char c) { return uchar(c) < 0x80 && c != '_'; });
+}
+
 QString DecodeXlsxText(QByteArrayView utf8)
 {
     const QString raw = FromUtf8(utf8);

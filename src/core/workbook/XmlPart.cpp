@@ -4,6 +4,8 @@
 #include "ExpatParser.h"
 #include "ZipFile.h"
 
+#include <cstring>
+
 namespace
 {
 
@@ -15,7 +17,7 @@ constexpr qint64 LONGEST_TAG = 1 << 20;  // bytes; expat scans a tag from its st
 std::optional<std::string_view> XmlAttributes::Find(std::string_view name) const
 {
     for (const XML_Char *const *pair = list; *pair; pair += 2) {
-        if (name == pair[0])
+        if (std::strncmp(pair[0], name.data(), name.size()) == 0 && pair[0][name.size()] == 0)
             return pair[1];
     }
     return std::nullopt;
