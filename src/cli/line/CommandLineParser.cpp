@@ -53,16 +53,16 @@ bool NamesMerge(const CLI::App &app, const std::vector<std::string> &words)
     return walk.Command().get_name() == MERGE;
 }
 
-/// Returns the first option of the parsed command that has an empty value; null if there is none. An empty argument can
-/// be right, such as a text.
+/// Returns the first option of the program or of the parsed command that has an empty value; null if there is none. An
+/// empty argument can be right, such as a text.
 const CLI::Option *FindEmpty(const CLI::App &app)
 {
+    for (const CLI::Option *option : CommandLine::OptionsOf(app)) {
+        const std::vector<std::string> &values = option->results();
+        if (std::find(values.begin(), values.end(), std::string()) != values.end())
+            return option;
+    }
     for (const CLI::App *command : app.get_subcommands()) {
-        for (const CLI::Option *option : CommandLine::OptionsOf(*command)) {
-            const std::vector<std::string> &values = option->results();
-            if (std::find(values.begin(), values.end(), std::string()) != values.end())
-                return option;
-        }
         if (const CLI::Option *const option = FindEmpty(*command))
             return option;
     }
