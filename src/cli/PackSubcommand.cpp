@@ -13,6 +13,7 @@
 #include "RemoteSubcommand.h"
 #include "ScreenSize.h"
 #include "Subcommands.h"
+#include "TargetKind.h"
 
 namespace
 {
@@ -79,9 +80,9 @@ private:
                          .arg(QString::fromLatin1(option), QString::fromStdString(word), QString::fromLatin1(right)));
             return false;
         };
-        if (!PackModeOf(QString::fromStdString(target)))
+        if (!ParseTargetKind(target))
             return refuse("--target", target, "axf (an ELF file) or dll");
-        if (!ParseScreenSize(QString::fromStdString(resolution))) // stricter than for an IDE's record
+        if (!ParseScreenSize(resolution)) // stricter than for an IDE's record
             return refuse("--resolution", resolution, "a width and a height in pixels, such as 240x320");
         if (jobs && (*jobs < 1 || *jobs > PackOptions::MOST_JOBS))
             return refuse("--jobs", std::to_string(*jobs), "a number from 1 to 64");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Session.h"
 
+#include "CurrentFolder.h"
 #include "HostFiles.h"
 #include "Paths.h"
 #include "ProjectSave.h"
@@ -19,7 +20,7 @@ QString AbsolutePath(const std::string &typed)
         return path;
     if (!IsRelativePath(path))
         return CanonicalPath(path);
-    if (const std::string why = WhyNotUsable(CurrentFolderBytes().toStdString()); !why.empty()) {
+    if (const std::string why = WhyNotUsable(CurrentFolderBytes()); !why.empty()) {
         ComplainUtf8(why);
         _exit(FinalStatus(EXIT_WRONG_USE));
     }

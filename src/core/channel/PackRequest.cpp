@@ -3,6 +3,7 @@
 
 #include "CResoTable.h"
 #include "Environment.h"
+#include "TargetKind.h"
 
 #include <algorithm>
 #include <limits>
@@ -58,11 +59,10 @@ std::optional<ScreenSize> ParseResolution(QStringView text)
 
 std::optional<PackMode> PackModeOf(QStringView targetKind)
 {
-    if (EqualsNoCase(targetKind, u"dll"))
-        return PACK_TO_DLL;
-    if (EqualsNoCase(targetKind, u"axf"))
-        return PACK_TO_TARGET;
-    return std::nullopt;
+    const auto kind = ParseTargetKind(targetKind.toUtf8().toStdString());
+    if (!kind)
+        return std::nullopt;
+    return *kind == TargetKind::Dll ? PACK_TO_DLL : PACK_TO_TARGET;
 }
 
 std::optional<packinfo> PackInfoOf(const PackCommandRecord &record, const Environment &env,

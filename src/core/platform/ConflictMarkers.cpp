@@ -106,7 +106,7 @@ std::vector<ConflictMarker> FindConflictMarkers(const QString &path, size_t most
 {
     constexpr qsizetype PIECE = 256 * 1024; // stays in the processor's cache
     MarkerSearch search(most);
-    const FileHandle file = FileHandle::OpenRead(path);
+    const FileHandle file = OpenRead(path);
     QByteArray buffer(PIECE, Qt::Uninitialized);
     qsizetype held = 0;
     while (file.IsOpen() && !search.IsFull()) {
