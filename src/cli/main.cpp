@@ -61,7 +61,7 @@ std::optional<int> Complete(const CLI::App &program, int argc, char **argv)
     return isComplete ? std::optional(Print(candidates) ? 0 : 1) : std::nullopt;
 }
 
-/// Returns whether the words have an option of the program for which the library has to run, whatever the command does.
+/// Returns whether the words have an option that only the library knows how to follow, whatever the command is.
 bool NeedsLibrary(const CommandLineParser &parser)
 {
     return parser.settings || parser.isVerbose || !parser.debugLog.empty();
