@@ -70,7 +70,7 @@ private:
         if (resolution.empty())
             return true;
         session.tables.LoadOnce(session.env);
-        screen = ParseScreenSize(QString::fromStdString(resolution));
+        screen = ParseScreenSize(resolution);
         const QString why =
             screen ? WhyNotListed(session.tables.resolutions, *screen) : u"it isn't a size such as 240x320"_s;
         if (!why.isEmpty())

@@ -66,7 +66,7 @@ private:
         }
         session.tables.LoadOnce(session.env);
         for (const std::string &typed : resolutions) {
-            const auto size = ParseScreenSize(QString::fromStdString(typed));
+            const auto size = ParseScreenSize(typed);
             const QString why =
                 size ? WhyNotListed(session.tables.resolutions, *size) : u"it isn't a size such as 240x320"_s;
             if (!why.isEmpty()) {

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 bool ReadScreenSizes(const std::vector<std::string> &values, std::vector<ScreenSize> &sizes)
 {
     for (const std::string &value : values) {
-        const auto size = ParseScreenSize(QString::fromStdString(value));
+        const auto size = ParseScreenSize(value);
         if (!size) {
             Complain(u"--resolution %1 isn't a size such as 240x320"_s.arg(QString::fromStdString(value)));
             return false;

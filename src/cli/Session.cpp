@@ -2,9 +2,8 @@
 #include "Session.h"
 
 #include "HostFiles.h"
-#include "Paths.h"
 #include "ProjectSave.h"
-#include "TypedText.h"
+#include "TypedPath.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -14,16 +13,7 @@
 
 QString AbsolutePath(const std::string &typed)
 {
-    const QString path = QString::fromStdString(typed);
-    if (path.isEmpty())
-        return path;
-    if (!IsRelativePath(path))
-        return CanonicalPath(path);
-    if (const std::string why = WhyNotUsable(CurrentFolderBytes().toStdString()); !why.empty()) {
-        ComplainUtf8(why);
-        _exit(FinalStatus(EXIT_WRONG_USE));
-    }
-    return CanonicalPath(CurrentFolder() + u'/' + path);
+    return QString::fromStdU16String(AbsoluteTypedPath(typed));
 }
 
 Session::Session(const QString &debugLogName, const QString &configFolder, bool verbose)

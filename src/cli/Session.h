@@ -53,6 +53,5 @@ private:
     bool hasFailures = false; // true if any operation so far had a failure
 };
 
-/// The absolute form of a path that a user typed. Ends the program with a message if the current folder's name isn't
-/// UTF-8.
+/// The same as AbsoluteTypedPath.
 [[nodiscard]] QString AbsolutePath(const std::string &typed);

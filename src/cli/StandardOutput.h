@@ -2,39 +2,37 @@
 #pragma once
 
 #include "IdeCommandHandler.h"
+#include "OutputStream.h"
 
-/// Writes to a stream of the process, as UTF-8. Text for a closed stream is silently dropped.
-class StandardOutput final : public IReportPipe
+/// A stream of the process as the destination of a report and of Qt's texts. Text for a closed stream is silently
+/// dropped.
+class StandardOutput final : public IReportPipe, private OutputStream
 {
 public:
-    explicit StandardOutput(int descriptor) : fd(descriptor) {}
-    ~StandardOutput() override;
+    using OutputStream::OutputStream;
 
-    bool Open() override;
-    [[nodiscard]] bool IsOpen() const override { return open; }
-    /// Writes a part of a report, which says what a command does. With hasOnlyProblems, only whole lines are written.
-    void Write(QStringView text) override;
-    /// Writes what the user has asked for, such as a list. hasOnlyProblems doesn't matter.
+    bool Open() override { return isOpen = true; }
+    [[nodiscard]] bool IsOpen() const override { return isOpen; }
+    /// See OutputStream::WriteReport.
+    void Write(QStringView text) override { WriteReport(ViewOf(text.toUtf8())); }
+    /// See OutputStream::Write.
     void Print(QStringView text) { WriteBytes(text.toUtf8()); }
     /// Prints a plan, which was asked for, or writes what was done.
     void Tell(QStringView text, bool isPlan) { isPlan ? Print(text) : Write(text); }
-    /// The same for text that is UTF-8 already.
-    void WriteBytes(QByteArrayView bytes);
-    void Flush() override;
-    void Close() override;
-    /// Leaves out the lines of a report that are neither an error nor a warning.
-    bool hasOnlyProblems = false;
+    /// The same as Print for text that is UTF-8 already.
+    void WriteBytes(QByteArrayView bytes) { OutputStream::Write(ViewOf(bytes)); }
+    void Flush() override { OutputStream::Flush(); }
+    void Close() override
+    {
+        Flush();
+        isOpen = false;
+    }
 
-    /// True if some of the text couldn't be written.
-    [[nodiscard]] bool IsBroken() const { return broken; }
+    using OutputStream::hasOnlyProblems;
+    using OutputStream::IsBroken;
 
 private:
-    void WriteOut(QByteArrayView bytes);
+    static std::string_view ViewOf(QByteArrayView bytes) { return {bytes.data(), size_t(bytes.size())}; }
 
-    int fd;
-    bool open = false;
-    bool broken = false;
-    QByteArray held;
-    QByteArray begun;     // the last line as far as it is known, while only problems are wanted
-    qint64 heldSince = 0; // milliseconds of a steady clock
+    bool isOpen = false;
 };

@@ -111,7 +111,7 @@ TEST_F(Journal, OfASaveThatWasKilledBeforeItsRenamesIsRemovedUnlessAnotherContai
     PutOld();
     for (const char *name : {"demo/res/..demo.journal.1000000000-0", "demo/res/..demo.journal.1000000000-1"})
         folder.Put(name, "");
-    const FileHandle written = FileHandle::OpenRead(folder.Path("demo/res/..demo.journal.1000000000-1"));
+    const FileHandle written = OpenRead(folder.Path("demo/res/..demo.journal.1000000000-1"));
     ASSERT_EQ(flock(written.Get(), LOCK_EX), 0);
     EXPECT_TRUE(FinishInterruptedSave(env, project));
     EXPECT_EQ(folder.Names("demo/res"), QStringList({u"..demo.journal.1000000000-1"_s, u"list"_s, u"strings"_s}));

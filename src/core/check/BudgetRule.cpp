@@ -40,7 +40,7 @@ public:
 private:
     std::optional<quint64> Measure(const QString &file, QString &fault) const
     {
-        const FileHandle handle = FileHandle::OpenRead(file);
+        const FileHandle handle = OpenRead(file);
         const qint64 fileSize = handle.IsOpen() ? handle.Size() : -1;
         if (fileSize < 0) {
             fault = u"it can't be read: "_s + ReadFault(errno);

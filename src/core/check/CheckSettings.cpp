@@ -61,7 +61,7 @@ QString ReadTarget(CheckSettings &settings, const QString &value)
 {
     std::vector<ScreenSize> sizes;
     for (const QString &word : Words(value)) {
-        const auto size = ParseScreenSize(word);
+        const auto size = ParseScreenSize(word.toStdString());
         if (!size)
             return u"\"%1\" isn't the size of a screen, such as 240x320"_s.arg(word);
         sizes.push_back(*size);

@@ -161,7 +161,7 @@ const QByteArray &FileSurvey::DigestOf(const SurveyedFile &file) const
     if (known != digests.constEnd())
         return *known;
     QCryptographicHash hash(QCryptographicHash::Blake2b_256);
-    const FileHandle handle = FileHandle::OpenRead(file.found);
+    const FileHandle handle = OpenRead(file.found);
     QByteArray piece(64 * 1024, Qt::Uninitialized);
     ssize_t got = handle.IsOpen() ? 0 : -1;
     while (got >= 0 && !IsStopped() && (got = handle.Read(piece.data(), size_t(piece.size()))) > 0)

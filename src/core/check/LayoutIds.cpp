@@ -33,7 +33,7 @@ QSet<NarrowText> IdsInLayouts(const CResDoc &document, const QSet<NarrowText> &n
 {
     QSet<NarrowText> used;
     for (const ListedLayout &layout : ListLayouts(document)) {
-        const auto size = ParseScreenSize(layout.resolution); // nothing for the layouts of no screen
+        const auto size = ParseScreenSize(layout.resolution.toStdString()); // nothing for the layouts of no screen
         if (!size || screens.empty() || std::find(screens.begin(), screens.end(), *size) != screens.end())
             AddUsed(layout.layout->components, names, used);
     }

@@ -104,7 +104,7 @@ void AddAll(const std::vector<Finding> &findings, const char *rule, RuleReport &
 /// Returns what is wrong with the encoding of the string file; empty if nothing is, or if the file can't be read.
 QString WrongEncoding(const QString &path)
 {
-    const FileHandle file = FileHandle::OpenRead(path);
+    const FileHandle file = OpenRead(path);
     uchar mark[2] = {};
     if (!file.IsOpen())
         return {};

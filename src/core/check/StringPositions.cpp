@@ -78,7 +78,7 @@ void PlaceInStringFile(CResDoc &document, std::vector<Finding> &findings)
         for (Finding *finding : ofRow)
             finding->file = path;
     }
-    const FileHandle file = FileHandle::OpenRead(path);
+    const FileHandle file = OpenRead(path);
     if (!file.IsOpen())
         return;
     Utf16Lines lines([&](void *buffer, size_t size) { return file.Read(buffer, size); });

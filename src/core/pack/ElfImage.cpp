@@ -105,7 +105,7 @@ class ElfInput
 {
 public:
     ElfInput(Environment &environment, const QString &path)
-        : env(environment), shown(path.toUtf8()), file(FileHandle::OpenRead(path)), openError(file.IsOpen() ? 0 : errno)
+        : env(environment), shown(path.toUtf8()), file(OpenRead(path)), openError(file.IsOpen() ? 0 : errno)
     {
     }
 

@@ -48,7 +48,7 @@ int WriteOutputFile(PackRun &run, const FileHandle &input, quint32 inputSize, co
 
 int Packer::PackToDLL(PackRun &run)
 {
-    const FileHandle input = FileHandle::OpenRead(QString::fromUtf8(run.inputHost));
+    const FileHandle input = OpenRead(QString::fromUtf8(run.inputHost));
     const qint64 inputSize = input.IsOpen() ? input.Size() : -1;
     if (inputSize < 0) {
         run.Env().Explain(QStringLiteral("cannot read %1: %2")

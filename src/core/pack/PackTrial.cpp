@@ -44,7 +44,7 @@ void TryTarget(PackRun &run)
 void TryDll(PackRun &run)
 {
     PackTrial &trial = *run.trial;
-    const FileHandle input = FileHandle::OpenRead(QString::fromUtf8(run.inputHost));
+    const FileHandle input = OpenRead(QString::fromUtf8(run.inputHost));
     const qint64 size = input.IsOpen() ? input.Size() : -1;
     const bool isThere = size >= 0;
     if (!isThere)

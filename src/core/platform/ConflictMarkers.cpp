@@ -107,7 +107,7 @@ std::vector<ConflictMarker> FindConflictMarkers(const QString &path, size_t most
     constexpr qint64 PIECE = 256 * 1024; // stays in the processor's cache
     constexpr qint64 LEAST = 4096;       // far above what a piece may leave to the next one
     MarkerSearch search(most);
-    const FileHandle file = FileHandle::OpenRead(path);
+    const FileHandle file = OpenRead(path);
     if (!file.IsOpen())
         return {};
     const qsizetype room = std::clamp(file.Size() + 1, LEAST, PIECE); // one more, to see the file's end

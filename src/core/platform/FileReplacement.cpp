@@ -182,10 +182,10 @@ bool FileReplacement::Replaces() const
 {
     if (isSame)
         return false;
-    const FileHandle before = FileHandle::OpenRead(QString::fromUtf8(target));
+    const FileHandle before = OpenRead(QString::fromUtf8(target));
     if (!before.IsOpen())
         return errno != ENOENT;
-    const FileHandle after = FileHandle::OpenRead(QString::fromUtf8(temporary));
+    const FileHandle after = OpenRead(QString::fromUtf8(temporary));
     return !after.IsOpen() || !HaveSameBytes(before, after);
 }
 

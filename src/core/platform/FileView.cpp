@@ -87,7 +87,7 @@ int FileView::Open(QStringView path, qint64 limit)
 {
     mapping.reset();
     inMemory.clear();
-    FileHandle file = FileHandle::OpenRead(path);
+    FileHandle file = OpenRead(path);
     if (!file.IsOpen())
         return errno;
     const qint64 size = file.Size();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "HostFiles.h"
 
+#include "CurrentFolder.h"
 #include "Paths.h"
 
 #include <QDir>
@@ -8,25 +9,12 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <climits>
 #include <cstdlib>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-FileHandle::~FileHandle()
-{
-    if (fd >= 0)
-        close(fd);
-}
-
-FileHandle &FileHandle::operator=(FileHandle &&other) noexcept
-{
-    std::swap(fd, other.fd);
-    return *this;
-}
-
-FileHandle FileHandle::OpenRead(QStringView path)
+FileHandle OpenRead(QStringView path)
 {
     // Non-blocking, so that a pipe in the place of a file doesn't hang the program.
     constexpr int FLAGS = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
@@ -48,48 +36,9 @@ FileHandle FileHandle::OpenRead(QStringView path)
     return file;
 }
 
-qint64 FileHandle::Size() const
-{
-    struct stat info;
-    return fstat(fd, &info) == 0 ? qint64(info.st_size) : -1;
-}
-
-ssize_t FileHandle::Read(void *buffer, size_t size) const
-{
-    size_t done = 0;
-    while (done < size) {
-        const ssize_t got = read(fd, static_cast<char *>(buffer) + done, size - done);
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got < 0)
-            return -1;
-        if (got == 0)
-            break;
-        done += size_t(got);
-    }
-    return ssize_t(done);
-}
-
-bool FileHandle::WriteAll(const void *bytes, size_t size) const
-{
-    size_t done = 0;
-    while (done < size) {
-        const ssize_t put = write(fd, static_cast<const char *>(bytes) + done, size - done);
-        if (put < 0 && errno == EINTR)
-            continue;
-        if (put <= 0) {
-            if (put == 0)
-                errno = ENOSPC;
-            return false;
-        }
-        done += size_t(put);
-    }
-    return true;
-}
-
 int ReadFile(QStringView path, QByteArray &bytes, qint64 limit)
 {
-    const FileHandle file = FileHandle::OpenRead(path);
+    const FileHandle file = OpenRead(path);
     return file.IsOpen() ? ReadFile(file, bytes, limit) : errno;
 }
 
@@ -119,15 +68,9 @@ bool SetCurrentFolder(QStringView path)
     return chdir(HostPath(path).constData()) == 0;
 }
 
-QByteArray CurrentFolderBytes()
-{
-    char path[PATH_MAX];
-    return getcwd(path, sizeof path) ? QByteArray(path) : QByteArray();
-}
-
 QString CurrentFolder()
 {
-    return QString::fromUtf8(CurrentFolderBytes());
+    return QString::fromStdString(CurrentFolderBytes());
 }
 
 bool IsSameFile(const QByteArray &a, const QByteArray &b)

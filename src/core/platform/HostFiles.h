@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "FileHandle.h"
 #include "Text.h"
 
 #include <functional>
@@ -38,7 +39,7 @@ private:
 /// Reads a whole file. Returns 0, or the system's error number (EFBIG for a file above `limit` bytes).
 [[nodiscard]] int ReadFile(QStringView path, QByteArray &bytes, qint64 limit = qint64(1) << 31);
 /// The same for an open file.
-[[nodiscard]] int ReadFile(const class FileHandle &file, QByteArray &bytes, qint64 limit = qint64(1) << 31);
+[[nodiscard]] int ReadFile(const FileHandle &file, QByteArray &bytes, qint64 limit = qint64(1) << 31);
 
 /// What to do when a character device or a pipe (FIFO) has the name of a file that is to be written.
 enum class IfDevice
@@ -64,38 +65,16 @@ using FilePieces = std::function<int(const PutPiece &put)>;
 [[nodiscard]] int WriteFileAtomically(QStringView path, const FilePieces &content,
                                       IfDevice ifDevice = IfDevice::Refuse);
 
-/// Owns a file descriptor; the destructor closes it.
-class FileHandle
-{
-public:
-    explicit FileHandle(int descriptor = -1) : fd(descriptor) {}
-    ~FileHandle();
-    FileHandle(FileHandle &&other) noexcept : fd(other.fd) { other.fd = -1; }
-    FileHandle &operator=(FileHandle &&other) noexcept;
-    [[nodiscard]] bool IsOpen() const { return fd >= 0; }
-    [[nodiscard]] int Get() const { return fd; }
-
-    /// Opens a file for reading. Matches names without regard to case if no file has the exact name. If the result
-    /// isn't open, errno has the reason. Folders are refused.
-    static FileHandle OpenRead(QStringView path);
-    /// Returns the file's size in bytes, or -1.
-    [[nodiscard]] qint64 Size() const;
-    /// Reads up to `size` bytes and continues after interrupts. Returns the number of bytes, or -1.
-    [[nodiscard]] ssize_t Read(void *buffer, size_t size) const;
-    /// Writes all bytes. On failure, returns false and sets errno.
-    [[nodiscard]] bool WriteAll(const void *bytes, size_t size) const;
-
-private:
-    int fd;
-};
+/// Opens a file for reading. Matches names without regard to case if no file has the exact name. If the result isn't
+/// open, errno has the reason. Folders are refused.
+[[nodiscard]] FileHandle OpenRead(QStringView path);
 
 /// Makes one folder. False when it wasn't made.
 bool CreateFolderOnDisk(QStringView path);
 /// Sets the current folder of the process. On failure (errno has the reason) it doesn't change; it may be another
 /// project's folder, so a caller that goes on with relative paths would read and write there.
 [[nodiscard]] bool SetCurrentFolder(QStringView path);
-[[nodiscard]] QByteArray CurrentFolderBytes();
-/// The same as text. The text is no valid path when the name isn't UTF-8.
+/// The current folder as text. The text is no valid path when the name isn't UTF-8.
 [[nodiscard]] QString CurrentFolder();
 /// True when both names lead to the same file on the disk.
 [[nodiscard]] bool IsSameFile(const QByteArray &a, const QByteArray &b);

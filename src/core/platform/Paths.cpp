@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Paths.h"
 
-#include <QStringList>
+#include "Utf16Paths.h"
 
 #include <algorithm>
 
@@ -35,7 +35,7 @@ bool SamePath(QStringView a, QStringView b)
 
 bool IsRelativePath(QStringView path)
 {
-    return !(path.startsWith(u'/') || path.startsWith(u"\\\\") || (path.size() > 1 && path[1] == u':'));
+    return IsRelativeUtf16Path(UnitsOf(path));
 }
 
 QString DirectoryOf(QStringView path)
@@ -66,29 +66,7 @@ QString FileExtension(QStringView path)
 
 QString CanonicalPath(QStringView path)
 {
-    const bool rooted = path.startsWith(u'/') || path.startsWith(u"\\\\");
-    const bool hasDrive = path.size() > 1 && path[1] == u':';
-    QStringList kept;
-    qsizetype at = 0;
-    while (at <= path.size()) {
-        qsizetype end = at;
-        while (end < path.size() && !IsSeparator(path[end]))
-            ++end;
-        const QStringView part = path.sliced(at, end - at);
-        at = end + 1;
-        if (part.isEmpty() || part == u".")
-            continue;
-        if (part != u"..")
-            kept.append(part.toString());
-        else if (!kept.isEmpty() && kept.last() != u"..")
-            kept.resize(kept.size() - (hasDrive && kept.size() == 1 ? 0 : 1));
-        else if (!rooted)
-            kept.append(part.toString());
-    }
-    const QString joined = kept.join(u'/');
-    if (rooted)
-        return u'/' + joined;
-    return joined.isEmpty() ? QStringLiteral(".") : joined;
+    return QString::fromStdU16String(CanonicalUtf16Path(UnitsOf(path)));
 }
 
 bool IsSamePath(QStringView a, QStringView b)

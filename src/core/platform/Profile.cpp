@@ -36,7 +36,7 @@ Profile Profile::Load(const QString &path)
 
 int Profile::Read(const QString &path, Profile &profile)
 {
-    const FileHandle file = FileHandle::OpenRead(path);
+    const FileHandle file = OpenRead(path);
     return file.IsOpen() ? Read(file, profile) : errno;
 }
 

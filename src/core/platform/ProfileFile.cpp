@@ -14,7 +14,7 @@ ProfileFile::ProfileFile(QString filePath) : path(std::move(filePath))
 void ProfileFile::Read()
 {
     content = Profile();
-    const FileHandle file = FileHandle::OpenRead(path);
+    const FileHandle file = OpenRead(path);
     error = file.IsOpen() ? 0 : errno;
     stamp = FileStamp::Of(file); // first, so that the next Refresh finds a change during the reading
     if (error == 0)

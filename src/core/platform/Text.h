@@ -4,8 +4,16 @@
 #include <QByteArray>
 #include <QString>
 
+#include <string_view>
+
 /// Text in the ANSI code page: ID names, paths in records, everything in XML. Wide text is QString.
 using NarrowText = QByteArray;
+
+/// Returns a text for the functions that don't need Qt.
+[[nodiscard]] inline std::u16string_view UnitsOf(QStringView text)
+{
+    return {text.utf16(), size_t(text.size())};
+}
 
 /// Returns whether two texts are equal without regard to case, one character at a time (Unicode simple case mapping).
 [[nodiscard]] bool EqualsNoCase(QStringView a, QStringView b);

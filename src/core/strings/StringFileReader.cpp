@@ -38,7 +38,7 @@ bool HasText(FieldCursor fields)
 
 int ReadStringFile(const QString &path, CResModel &document)
 {
-    const FileHandle file = FileHandle::OpenRead(path);
+    const FileHandle file = OpenRead(path);
     if (!file.IsOpen()) {
         const QString why = WhyNotRead(path, errno);
         document.env.Report({"strings.unreadable", Severity::Error, ResolvePath(path, CurrentFolder()), 0, {}, why},

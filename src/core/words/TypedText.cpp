@@ -20,9 +20,9 @@ constexpr struct
     {0xF0, 0xF0, 4, 0x90, 0xBF}, {0xF1, 0xF3, 4, 0x80, 0xBF}, {0xF4, 0xF4, 4, 0x80, 0x8F},
 };
 
-/// Returns the size in bytes of the UTF-8 character that `bytes` begin with; 0 when they begin with none. `bytes` must
-/// not be empty.
-size_t FirstCharacter(std::string_view bytes)
+} // namespace
+
+size_t Utf8CharacterSize(std::string_view bytes)
 {
     const auto at = [bytes](size_t index) { return static_cast<uint8_t>(bytes[index]); };
     for (const auto &form : FORMS) {
@@ -37,15 +37,13 @@ size_t FirstCharacter(std::string_view bytes)
     return 0;
 }
 
-} // namespace
-
 std::string WhyNotUsable(std::string_view typed)
 {
     constexpr char DIGITS[] = "0123456789abcdef";
     std::string shown;
     bool isUsable = true;
     for (std::string_view rest = typed; !rest.empty();) {
-        const size_t size = FirstCharacter(rest);
+        const size_t size = Utf8CharacterSize(rest);
         if (size > 0) {
             shown += rest.substr(0, size);
         } else {

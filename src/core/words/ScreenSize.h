@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
-
 #include <optional>
+#include <string_view>
 
 /// The size of a screen, in pixels.
 struct ScreenSize
@@ -15,4 +14,4 @@ struct ScreenSize
 
 /// Reads a size that a user typed, such as "240x320"; "X" and "*" may separate the numbers too. Returns nullopt for any
 /// other text, and for a side of 0. A number beyond 32 bits gives the nearest that fits.
-[[nodiscard]] std::optional<ScreenSize> ParseScreenSize(QStringView text);
+[[nodiscard]] std::optional<ScreenSize> ParseScreenSize(std::string_view text);
