@@ -110,7 +110,7 @@ std::vector<ConflictMarker> FindConflictMarkers(const QString &path, size_t most
     const FileHandle file = OpenRead(path);
     if (!file.IsOpen())
         return {};
-    const qsizetype room = std::clamp(file.Size() + 1, LEAST, PIECE); // one more, to see the file's end
+    const qsizetype room = std::clamp(qint64(file.Size()) + 1, LEAST, PIECE); // one more, to see the file's end
     QByteArray buffer(room, Qt::Uninitialized);
     qsizetype held = 0;
     while (!search.IsFull()) {
