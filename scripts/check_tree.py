@@ -19,7 +19,7 @@ SOURCES = ('*.h', '*.hpp', '*.c', '*.cpp', '*.py', '*.sh', '*.cmake', '*CMakeLis
 UNPLAIN = r'\b(?:stands?|standing|lies?|lying|bears|mends?|mending)\b'
 # Files of the core that may open a file for writing: the one that replaces project files in one step, and the pack.
 WRITERS = ('src/core/platform/FileReplacement.cpp', 'src/core/pack/', 'src/core/inspect/Extract.cpp',
-           'src/core/channel/LocalSocket.cpp',
+           'src/core/wire/LocalSocket.cpp',
            'src/core/platform/RunTool.cpp',
            'src/core/platform/SaveJournal.cpp', 'src/core/platform/Leftovers.cpp')  # open files only for a lock
 

@@ -2,6 +2,7 @@
 // A command as it is received: 4 bytes of dwData, and the record. Runs the handler for a document that never opens,
 // and computes what would be packed. Aborts if a command leaves any state behind or its report has no end.
 #include "CResoTable.h"
+#include "CommandRecord.h"
 #include "IdeCommandHandler.h"
 #include "PackRequest.h"
 
@@ -50,16 +51,21 @@ public:
 };
 
 /// Checks what must be true of every record that was read, and of the request to the packer.
-void CheckRecord(const PackCommandRecord &record, const Environment &env, const CResoTable &resolutions)
+void CheckRecord(const PackRequest &request, const Environment &env, const CResoTable &resolutions)
 {
-    for (const QString *path : {&record.projectPath, &record.inputFile, &record.outputFile})
+    for (const QString *path : {&request.projectPath, &request.inputFile, &request.outputFile})
         Require(path->size() <= 260 && !path->contains(QChar(u'\0')));
-    Require(record.resolution.size() <= 32 && record.targetKind.size() <= 32);
-    if (const auto parameters = PackInfoOf(record, env, resolutions)) {
+    Require(request.resolution.size() <= 32 && request.targetKind.size() <= 32);
+    if (const auto parameters = PackInfoOf(request, env, resolutions)) {
         Require(parameters->scope >= -1 && parameters->scope < resolutions.Count());
         Require(parameters->packmode == PACK_TO_TARGET || parameters->packmode == PACK_TO_DLL);
     }
-    QString error;
+}
+
+/// Checks that a record that was read is built as it was.
+void CheckBuilding(const PackCommandRecord &record)
+{
+    std::string error;
     if (const auto built = BuildRecord(record, error)) {
         const auto again = ParsePackCommandRecord(*built);
         Require(again && again->inputFile == record.inputFile && again->version == record.version);
@@ -85,9 +91,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     Require(handler.Handle(id, record) == 1);
     Require(!report.open && documents.Documents().empty());
     Require(report.text.isEmpty() || report.text.contains(u" done\r\n"));
-    if (const auto path = ParseCommandRecord(record))
-        Require(handler.GetCommandID(&path->projectPath) == 0);
-    if (const auto parsed = ParsePackCommandRecord(record))
-        CheckRecord(*parsed, env, resolutions);
+    if (const auto path = ProjectPathOf(record))
+        Require(handler.GetCommandID(&*path) == 0);
+    if (const auto request = PackRequestOf(record))
+        CheckRecord(*request, env, resolutions);
+    if (const auto parsed = ParsePackCommandRecord({record.data(), size_t(record.size())}))
+        CheckBuilding(*parsed);
     return 0;
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "OpeningReport.h"
 #include "ProjectSave.h"
-#include "RemoteSubcommand.h"
 #include "Subcommands.h"
 
 namespace
@@ -14,14 +13,12 @@ public:
 
     int Run(Session &session) override
     {
-        const CommandRecord record{AbsolutePath(project)};
-        if (remote)
-            return RunRemotely(session, IDE_COMMAND_LOAD, record);
-        if (strict && HasInterruptedSave(session.env, record.projectPath))
+        const QString path = AbsolutePath(project);
+        if (strict && HasInterruptedSave(session.env, path))
             return EXIT_FAILED;
-        session.handler.Load(record);
-        auto *const document = static_cast<CResDoc *>(session.documents.FindDocument(record.projectPath));
-        return TellOfOpening(session, record.projectPath, document, strict) ? session.LastStatus() : int(EXIT_FAILED);
+        session.handler.Load(path);
+        auto *const document = static_cast<CResDoc *>(session.documents.FindDocument(path));
+        return TellOfOpening(session, path, document, strict) ? session.LastStatus() : int(EXIT_FAILED);
     }
 };
 

@@ -10,10 +10,7 @@
 #include "ProjectInputs.h"
 #include "ProjectSave.h"
 #include "PseudoTranslation.h"
-#include "RemoteSubcommand.h"
-#include "ScreenSize.h"
 #include "Subcommands.h"
-#include "TargetKind.h"
 
 namespace
 {
@@ -27,7 +24,7 @@ public:
     {
         if (!HasRightWords())
             return EXIT_WRONG_USE;
-        PackCommandRecord request;
+        PackRequest request;
         request.projectPath = AbsolutePath(project);
         request.inputFile = AbsolutePath(input);
         request.outputFile = AbsolutePath(output);
@@ -35,8 +32,6 @@ public:
         request.targetKind = QString::fromStdString(target);
         request.imageConvert = convertImages;
         request.version = version;
-        if (remote)
-            return RunRemotely(session, request);
         // Opening would finish a save that was interrupted.
         if ((strict || dryRun) && HasInterruptedSave(session.env, request.projectPath))
             return EXIT_FAILED;
@@ -76,14 +71,11 @@ private:
     [[nodiscard]] bool HasRightWords()
     {
         const auto refuse = [](const char *option, const std::string &word, const char *right) {
-            Complain(QStringLiteral("%1 is \"%2\", but it must be %3")
-                         .arg(QString::fromLatin1(option), QString::fromStdString(word), QString::fromLatin1(right)));
+            ComplainOfValue(option, word, right);
             return false;
         };
-        if (!ParseTargetKind(target))
-            return refuse("--target", target, "axf (an ELF file) or dll");
-        if (!ParseScreenSize(resolution)) // stricter than for an IDE's record
-            return refuse("--resolution", resolution, "a width and a height in pixels, such as 240x320");
+        if (!HasKnownTarget())
+            return false;
         if (jobs && (*jobs < 1 || *jobs > PackOptions::MOST_JOBS))
             return refuse("--jobs", std::to_string(*jobs), "a number from 1 to 64");
         const auto isBytes = [&](const char *option, const std::string &word, quint64 &bytes) {
@@ -94,7 +86,7 @@ private:
         return isBytes("--budget", budget, budgetBytes) && isBytes("--cache-size", cacheSize, cacheBytes);
     }
 
-    int TryToPack(Session &session, const PackCommandRecord &request)
+    int TryToPack(Session &session, const PackRequest &request)
     {
         CResDoc *const document = session.OpenQuietly(request.projectPath);
         if (!document) {
@@ -112,7 +104,7 @@ private:
         return session.StatusAfter(isWhole && trial.faults.empty() ? EXIT_FINE : EXIT_FAILED);
     }
 
-    static QString OutputOf(const PackCommandRecord &request)
+    static QString OutputOf(const PackRequest &request)
     {
         return request.outputFile.isEmpty() ? request.inputFile + QStringLiteral(".pkd") : request.outputFile;
     }
@@ -144,7 +136,7 @@ private:
         return wrong.isEmpty();
     }
 
-    static int WriteDependencies(Session &session, const PackCommandRecord &request, const QString &path,
+    static int WriteDependencies(Session &session, const PackRequest &request, const QString &path,
                                  std::vector<QByteArray> inputs)
     {
         inputs.push_back(request.inputFile.toUtf8());

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "OpeningReport.h"
 #include "ProjectSave.h"
-#include "RemoteSubcommand.h"
 #include "Subcommands.h"
 
 namespace
@@ -15,15 +14,12 @@ public:
     int Run(Session &session) override
     {
         const QString path = AbsolutePath(project);
-        const CommandRecord record{path};
-        if (remote)
-            return RunRemotely(session, IDE_COMMAND_SAVE, record);
         if (!session.LockProject(path) || (strict && HasInterruptedSave(session.env, path)))
             return EXIT_FAILED;
         CResDoc *const document = session.OpenQuietly(path); // opening has no lines in the report of a save
         if (!TellOfOpening(session, path, document, strict && document) || !document)
             return EXIT_FAILED;
-        session.handler.Save(record);
+        session.handler.Save(path);
         // The report of a save has no error line for these.
         if (document->lastSave.write != 0)
             Complain(path + QStringLiteral(": failed to save the resources"));

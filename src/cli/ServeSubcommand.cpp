@@ -87,8 +87,8 @@ public:
             } catch (const std::bad_alloc &) { // the next command may need less
                 Complain(QStringLiteral("there was not enough memory for a command"));
             }
-            if (const auto project = ParseCommandRecord(record)) // every record begins with the project
-                idle.Used(project->projectPath, Clock::now());
+            if (const auto project = ProjectPathOf(record)) // every record begins with the project
+                idle.Used(*project, Clock::now());
             return answer;
         });
         QString error;

@@ -5,12 +5,12 @@
 #include "CommandLineDescription.h"
 #include "CommandLineParser.h"
 #include "CompletionSources.h"
+#include "RemoteCommand.h"
 #include "Session.h"
 #include "SignalCleanup.h"
 
 #include <QFileInfo>
 
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
@@ -57,7 +57,8 @@ int Run(CommandLineParser &parser, int argc, char **argv)
     SignalCleanup::Install(); // `serve` blocks the signals and reads them itself
     Session session(QString::fromStdString(parser.debugLog), settings, parser.isVerbose);
     session.report.hasOnlyProblems = parser.isQuiet;
-    int status = MakeChosen(parser.commands)->Run(session);
+    const std::optional<int> remote = RunRemotely(parser.commands, parser.isQuiet);
+    int status = remote ? *remote : MakeChosen(parser.commands)->Run(session);
     session.report.Flush();
     if (session.report.IsBroken())
         status = EXIT_FAILED;
@@ -78,8 +79,6 @@ extern "C" __attribute__((visibility("default"))) bool MorvaniteFits(const char 
 /// status.
 extern "C" __attribute__((visibility("default"))) int MorvaniteRun(CommandLineParser &parser, int argc, char **argv)
 {
-    std::signal(SIGPIPE, SIG_IGN);
-    std::signal(SIGXFSZ, SIG_IGN); // a file that grows beyond the limit is an error like any other
     try {
         return Run(parser, argc, argv);
     } catch (const std::bad_alloc &) {

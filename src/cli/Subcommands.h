@@ -56,11 +56,6 @@ template <typename... Arguments>
 [[nodiscard]] std::unique_ptr<ISubcommand> MakeChosen(CommandChoice<Arguments...> &commands)
 {
     std::unique_ptr<ISubcommand> made;
-    size_t index = 0;
-    const auto make = [&](auto &arguments) {
-        if (index++ == commands.chosen)
-            made = MakeSubcommand(std::move(arguments));
-    };
-    std::apply([&](auto &...arguments) { (make(arguments), ...); }, commands.all);
+    commands.UseChosen([&made](auto &arguments) { made = MakeSubcommand(std::move(arguments)); });
     return made;
 }

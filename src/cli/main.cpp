@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
-// The program itself. It has the parser, so help and messages about wrong words need nothing else and come quickly.
+// The program itself. It has the parser and the client of a running window, so help, messages about wrong words and
+// commands with --remote need nothing else and come quickly.
 // What the commands do is in libmorvanite-commands.so beside it, with the libraries that it needs.
 
 #include "CommandLineCompletion.h"
 #include "CommandLineParser.h"
 #include "ExitStatus.h"
 #include "Messages.h"
+#include "RemoteCommand.h"
 
 #include <climits>
 #include <csignal>
@@ -13,6 +15,7 @@
 #include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <new>
 #include <unistd.h>
 
 namespace
@@ -58,13 +61,23 @@ std::optional<int> Complete(const CLI::App &program, int argc, char **argv)
     return isComplete ? std::optional(Print(candidates) ? 0 : 1) : std::nullopt;
 }
 
+/// Returns whether the words have an option that only the library knows how to follow, whatever the command is.
+bool NeedsLibrary(const CommandLineParser &parser)
+{
+    return parser.settings || parser.isVerbose || !parser.debugLog.empty();
+}
+
 /// Does what needs no library. Returns the exit status, or nothing if the library has to run.
 std::optional<int> RunAlone(CommandLineParser &parser, int argc, char **argv)
 {
     const CommandWords words(argc, argv);
     if (words.BeginWith(DESCRIBE_WORD))
         return std::nullopt;
-    return words.BeginWith(COMPLETE_WORD) ? Complete(parser.Program(), argc, argv) : parser.Parse(argc, argv);
+    if (words.BeginWith(COMPLETE_WORD))
+        return Complete(parser.Program(), argc, argv);
+    if (const std::optional<int> status = parser.Parse(argc, argv))
+        return status;
+    return NeedsLibrary(parser) ? std::nullopt : RunRemotely(parser.commands, parser.isQuiet);
 }
 
 } // namespace
@@ -73,10 +86,16 @@ int main(int argc, char **argv)
 {
     FillClosedFiles();
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN); // a file that grows beyond the limit is an error like any other
     // Static, so that a program that ends with _exit doesn't destroy it, which would take a fifth of its time.
     static CommandLineParser parser(CommandWords(argc, argv));
-    if (const std::optional<int> status = RunAlone(parser, argc, argv))
-        _exit(*status); // everything is written
+    try {
+        if (const std::optional<int> status = RunAlone(parser, argc, argv))
+            _exit(*status); // everything is written
+    } catch (const std::bad_alloc &) {
+        ComplainUtf8("out of memory");
+        return FinalStatus(EXIT_FAILED);
+    }
     char path[PATH_MAX];
     void *const library = FindLibrary(path) ? dlopen(path, RTLD_LAZY | RTLD_LOCAL) : nullptr;
     void *const fits = library ? dlsym(library, "MorvaniteFits") : nullptr;

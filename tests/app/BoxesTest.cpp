@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Tests the boxes and dialogs of the program as a user operates them.
-#include "IdeCommandHandler.h"
+#include "CommandRecord.h"
 #include "TestWindow.h"
 
 #include <QComboBox>

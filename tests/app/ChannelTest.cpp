@@ -128,9 +128,10 @@ TEST(Channel, ACommandWaitsForAnOpenBoxButASecondStartDoesNot)
     window.Frame().showMinimized();
     std::atomic<bool> isShown = false, isOver = false;
     QString error;
+    std::string why;
     std::thread others([&] {
         isShown = ShowFirstInstance(5000, error) == FirstInstance::Shown;
-        (void)IdeCommandClient::Run(IDE_COMMAND_LOAD, RecordOf(window.Project()), {}, error);
+        (void)IdeCommandClient::Run(IDE_COMMAND_LOAD, RecordOf(window.Project()), {}, why);
         isOver = true;
     });
     QTimer::singleShot(400, [&] {

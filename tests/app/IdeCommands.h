@@ -9,22 +9,23 @@
 #include <thread>
 
 /// Sends a command as an IDE does, while the window processes events. Returns the report.
-inline std::string Send(quint32 command, const QByteArray &record)
+inline std::string Send(quint32 command, const std::string &record)
 {
-    QString report, error;
+    QString report;
+    std::string error;
     std::atomic<bool> isOver = false;
     std::thread ide([&] {
         (void)IdeCommandClient::Run(
-            command, record, [&](QStringView text) { report += text; }, error);
+            command, record, [&](std::u16string_view text) { report += text; }, error);
         isOver = true;
     });
     EXPECT_TRUE(TestWindow::WaitFor([&] { return isOver.load(); }));
     ide.join();
-    return (report + error).toStdString();
+    return report.toStdString() + error;
 }
 
-inline QByteArray RecordOf(const QString &path)
+inline std::string RecordOf(const QString &path)
 {
-    QString error;
-    return BuildRecord(CommandRecord{path}, error).value();
+    std::string error;
+    return BuildRecord(CommandRecord{path.toStdU16String()}, error).value();
 }

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NoticeText.h"
+
+#include "CommandRecord.h"
 #include "TestWindow.h"
 
 #include <QClipboard>

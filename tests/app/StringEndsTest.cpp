@@ -134,7 +134,7 @@ TEST(StringEnds, CommandsAndClosingWaitForADialogOrABox)
             std::thread ide;
             WhenOpen<QDialog>(window, [&](QDialog &dialog) {
                 ide = std::thread([&] {
-                    QString error;
+                    std::string error;
                     (void)IdeCommandClient::Run(command, RecordOf(window.Project()), {}, error);
                     isOver = true;
                 });

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Tests the decisions of a project's views, and their behaviour with the keyboard and the mouse.
+#include "CommandRecord.h"
 #include "MenuTable.h"
 #include "ProgramStyle.h"
 #include "ResourceCounts.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Tests the window while another program changes the files of its projects.
 #include "CFileWatchDlg.h"
+#include "CommandRecord.h"
 #include "StringWindow.h"
 
 #include <QFileInfo>

@@ -13,13 +13,13 @@ namespace
 
 PackCommandRecord FullRecord()
 {
-    return {u"/x/demo.vcproj"_s, u"/x/äpp.axf"_s, u"/x/app.out"_s, u"240*320"_s, u"Axf"_s, -2, 0x01020304};
+    return {u"/x/demo.vcproj", u"/x/äpp.axf", u"/x/app.out", u"240*320", u"Axf", -2, 0x01020304};
 }
 
 QByteArray Built(const PackCommandRecord &record)
 {
-    QString error;
-    return BuildRecord(record, error).value();
+    std::string error;
+    return QByteArray::fromStdString(BuildRecord(record, error).value());
 }
 
 TEST(CommandRecord, HasItsFieldsAtTheirOffsetsAndIsReadAsBuilt)
@@ -32,22 +32,22 @@ TEST(CommandRecord, HasItsFieldsAtTheirOffsetsAndIsReadAsBuilt)
     EXPECT_EQ(bytes.mid(1560, 4), QByteArray("2\0004\0", 4));
     EXPECT_EQ(bytes.mid(1624, 8), QByteArray("A\0x\0f\0\0\0", 8));
     EXPECT_EQ(bytes.mid(1688), QByteArray("\xfe\xff\xff\xff\x04\x03\x02\x01", 8));
-    EXPECT_EQ(Built(ParsePackCommandRecord(bytes + QByteArray(5000, 'x')).value()), bytes);
-    EXPECT_EQ(ParseCommandRecord(bytes.first(520)).value().projectPath, u"/x/demo.vcproj"_s);
-    EXPECT_EQ(ParsePackCommandRecord(QByteArray(1696, 'a')).value().resolution, QString(32, QChar(0x6161)))
+    EXPECT_EQ(Built(ParsePackCommandRecord(bytes.toStdString() + std::string(5000, 'x')).value()), bytes);
+    EXPECT_EQ(ParseCommandRecord(bytes.first(520).toStdString()).value().projectPath, u"/x/demo.vcproj");
+    EXPECT_EQ(ParsePackCommandRecord(std::string(1696, 'a')).value().resolution, std::u16string(32, 0x6161))
         << "the text fills its field";
 }
 
 TEST(CommandRecord, IsNotBuiltFromTextThatDoesNotFit)
 {
-    QString error;
-    EXPECT_TRUE(BuildRecord(CommandRecord{QString(259, u'a')}, error));
-    EXPECT_FALSE(BuildRecord(CommandRecord{QString(260, u'a')}, error));
-    EXPECT_TRUE(error.startsWith(u"the project path has 260 characters, but a command has room for 259 only: aaa"_s));
-    EXPECT_FALSE(BuildRecord(PackCommandRecord{{}, {}, {}, {}, QString(32, u'a')}, error));
-    EXPECT_TRUE(error.startsWith(u"the target kind has 32 characters, but a command has room for 31"_s));
-    EXPECT_FALSE(BuildRecord(CommandRecord{u"a"_s + QChar(u'\0') + u"b"_s}, error));
-    EXPECT_EQ(error, u"the project path contains a null character"_s);
+    std::string error;
+    EXPECT_TRUE(BuildRecord(CommandRecord{std::u16string(259, u'a')}, error));
+    EXPECT_FALSE(BuildRecord(CommandRecord{std::u16string(260, u'a')}, error));
+    EXPECT_TRUE(error.starts_with("the project path has 260 characters, but a command has room for 259 only: aaa"));
+    EXPECT_FALSE(BuildRecord(PackCommandRecord{{}, {}, {}, {}, std::u16string(32, u'a')}, error));
+    EXPECT_TRUE(error.starts_with("the target kind has 32 characters, but a command has room for 31"));
+    EXPECT_FALSE(BuildRecord(CommandRecord{{u"a\0b", 3}}, error));
+    EXPECT_EQ(error, "the project path contains a null character");
 }
 
 /// Returns "240,320", or "-" for a text that is refused.
@@ -75,7 +75,7 @@ TEST(PackRequest, BecomesTheParametersOfAPack)
     CResoTable resolutions;
     resolutions.Add("", 176, 220);
     resolutions.Add("", 240, 320);
-    PackCommandRecord record = FullRecord();
+    PackRequest record = PackRequestOf(Built(FullRecord())).value();
     auto parameters = PackInfoOf(record, env, resolutions);
     ASSERT_TRUE(parameters);
     EXPECT_EQ(parameters->inputfilename, "/x/äpp.axf");

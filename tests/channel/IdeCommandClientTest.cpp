@@ -37,17 +37,17 @@ protected:
         });
     }
 
-    std::optional<quint32> Run()
+    std::optional<uint32_t> Run()
     {
         return IdeCommandClient::Run(
-            5, QByteArrayView("record"), [this](QStringView text) { pieces += text.toString(); }, error);
+            5, "record", [this](std::u16string_view text) { pieces += QStringView(text).toString(); }, error);
     }
 
     TestRuntime runtime;
     QByteArray windowPath = runtime.Path(WINDOW_SOCKET);
     QByteArray pipePath = runtime.Path(PIPE_SOCKET);
     QStringList pieces;
-    QString error;
+    std::string error;
     std::jthread window;
 };
 
@@ -63,7 +63,7 @@ TEST_F(IdeCommandClientTest, ReturnsTheAnswerAndTheReportInWholeCharacters)
             SendBytes(pipe, QByteArray(1, byte));
         return true;
     });
-    EXPECT_EQ(Run(), 1U) << qPrintable(error);
+    EXPECT_EQ(Run(), 1U) << error;
     EXPECT_EQ(pieces.takeLast(), QChar(0xd83d)) << "half a character is alone in the report too";
     for (const QString &piece : pieces)
         ASSERT_FALSE(piece.back().isHighSurrogate()) << "a character was split";
@@ -73,11 +73,11 @@ TEST_F(IdeCommandClientTest, ReturnsTheAnswerAndTheReportInWholeCharacters)
 TEST_F(IdeCommandClientTest, ReportsThatNoWindowAnswersOrAnIdeOwnsThePipe)
 {
     EXPECT_FALSE(Run());
-    EXPECT_TRUE(error.startsWith(u"Morvanite is not running"_s)) << qPrintable(error);
+    EXPECT_TRUE(error.starts_with("Morvanite is not running")) << error;
     ListenAt(windowPath); // those of programs that were killed
     ListenAt(pipePath);
     EXPECT_FALSE(Run());
-    EXPECT_TRUE(error.startsWith(u"Morvanite is not running"_s)) << qPrintable(error);
+    EXPECT_TRUE(error.starts_with("Morvanite is not running")) << error;
     EXPECT_NE(access(pipePath.constData(), F_OK), 0);
     unlink(windowPath.constData());
     BeginWindow(1, [](const QByteArray &) {
@@ -85,12 +85,12 @@ TEST_F(IdeCommandClientTest, ReportsThatNoWindowAnswersOrAnIdeOwnsThePipe)
         return false;
     });
     EXPECT_FALSE(Run());
-    EXPECT_EQ(error, u"Morvanite ended before it answered"_s);
+    EXPECT_EQ(error, "Morvanite ended before it answered");
     EXPECT_EQ(pieces.join(QString()), u"half a rep"_s);
     const FileHandle ide = ListenAt(pipePath);
     const FileHandle busy = ConnectTo(pipePath); // an IDE without a free place is still running
     EXPECT_FALSE(Run());
-    EXPECT_TRUE(error.startsWith(u"another program listens at "_s)) << qPrintable(error);
+    EXPECT_TRUE(error.starts_with("another program listens at ")) << error;
 }
 
 TEST_F(IdeCommandClientTest, Serves64ClientsInTurnsWithSeparateReports)
@@ -102,9 +102,10 @@ TEST_F(IdeCommandClientTest, Serves64ClientsInTurnsWithSeparateReports)
     std::vector<std::jthread> clients;
     for (int i = 0; i < 64; ++i) {
         clients.emplace_back([record = QByteArray::number(100000 + i)] {
-            QString report, why;
-            const auto sink = [&](QStringView text) { report += text; };
-            EXPECT_EQ(IdeCommandClient::Run(5, record, sink, why), 1U) << qPrintable(why);
+            QString report;
+            std::string why;
+            const auto sink = [&](std::u16string_view text) { report += text; };
+            EXPECT_EQ(IdeCommandClient::Run(5, record.toStdString(), sink, why), 1U) << why;
             EXPECT_EQ(report, QString::fromLatin1(record.repeated(100)));
         });
     }

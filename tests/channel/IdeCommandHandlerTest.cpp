@@ -28,8 +28,8 @@ class IdeCommandHandlerTest : public ::testing::Test
 protected:
     IdeCommandHandlerTest()
     {
-        QString error;
-        EXPECT_TRUE(ide.Open(runtime.Path(PIPE_SOCKET), ListeningSocket::Turn::Now, error));
+        std::string error;
+        EXPECT_TRUE(ide.Open(runtime.Path(PIPE_SOCKET).toStdString(), ListeningSocket::Turn::Now, error));
         project.services.GetCommandID = [this](const QString &path) { return handler.GetCommandID(&path); };
         handler.idleOutput = [this](QStringView text) { pane += text.toUtf8(); };
         handler.bringToTop = [this] { ++raised; };
@@ -42,8 +42,8 @@ protected:
     QByteArray Run(quint32 id, qsizetype size = 1696)
     {
         project.trace.clear();
-        QString error;
-        EXPECT_EQ(handler.Handle(id, BuildRecord(request, error).value().first(size)), 1);
+        std::string error;
+        EXPECT_EQ(handler.Handle(id, QByteArray::fromStdString(BuildRecord(request, error).value()).first(size)), 1);
         const QByteArray bytes = ReadAll(ide.Accept());
         return QString(reinterpret_cast<const QChar *>(bytes.constData()), bytes.size() / 2).toUtf8();
     }
@@ -56,7 +56,7 @@ protected:
     CDocManager documents{[this] { return std::make_unique<TestDocument>(project, saves); }};
     ReportPipe pipe;
     IdeCommandHandler handler{*project.env, documents, pipe};
-    PackCommandRecord request{project.Path(), u"app.dll"_s, u"out.dll"_s, u"240x320"_s, u"Dll"_s};
+    PackCommandRecord request{project.Path().toStdU16String(), u"app.dll", u"out.dll", u"240x320", u"Dll"};
     QByteArray pane;
     int raised = 0;
 };
@@ -70,7 +70,7 @@ TEST_F(IdeCommandHandlerTest, LoadOpensAndSaveSavesAProjectWithItsPathInAnyCase)
     EXPECT_EQ(Run(IDE_COMMAND_LOAD), LOADED + "\r\n\r\nload done\r\n");
     EXPECT_EQ(project.trace, "Morvanite: m_uCmdId=2948455419d\nMorvanite got LOAD command\n"
                              "Morvanite finished LOAD command\nMorvanite ENDed LOAD command\n");
-    request.projectPath = request.projectPath.toUpper();
+    request.projectPath = project.Path().toUpper().toStdU16String();
     EXPECT_EQ(Run(IDE_COMMAND_LOAD), "\r\n\r\nload done\r\n");
     EXPECT_EQ(Run(IDE_COMMAND_SAVE), "[demo] save - 0 error(s), 0 warning(s)\r\n\r\n\r\nsave done\r\n");
     EXPECT_TRUE(project.trace.startsWith("Morvanite: m_uCmdId=2948455420d\nMorvanite got SAVE command\n"));
@@ -86,7 +86,7 @@ TEST_F(IdeCommandHandlerTest, PackOpensTheProjectAndAcceptsEverySpellingOfTheRes
     QByteArray opening = LOADED;
     for (const auto &[resolution, found] : {std::pair(u"240x320"_s, true), {u"240*320"_s, true}, {u"1x1"_s, false}}) {
         QDir::setCurrent(u"/"_s);
-        request.resolution = resolution;
+        request.resolution = resolution.toStdU16String();
         const QByteArray report = Run(IDE_COMMAND_PACK);
         EXPECT_TRUE(report.startsWith(opening + "\r\npack resource started\r\n")) << report.constData();
         EXPECT_TRUE(report.endsWith("\r\npack resource done, result=0\r\n\r\n\r\npack done\r\n")) << report.constData();
@@ -106,21 +106,21 @@ TEST_F(IdeCommandHandlerTest, ReturnsACodeForEachFailure)
     EXPECT_EQ(Run(IDE_COMMAND_LOAD), LOADED + "\r\n\r\nload done\r\n");
     saves = false;
     EXPECT_EQ(Run(IDE_COMMAND_SAVE), "\r\n\r\nsave done\r\n\r\n### error 29 ###\r\n");
-    request.resolution = u"240"_s;
+    request.resolution = u"240";
     EXPECT_EQ(Run(IDE_COMMAND_PACK), "\r\n\r\npack done\r\n\r\n### error 87 ###\r\n");
-    request.resolution = u"240x320"_s;
+    request.resolution = u"240x320";
     project.folder.Put("demo/morvanite.ini", "[Text]\ncode_page=1252\n");
     QString explained;
     project.env->explain = [&](const QString &text) { explained = text; };
-    request.inputFile = u"/home/Müller/日本/app.dll"_s;
+    request.inputFile = u"/home/Müller/日本/app.dll";
     EXPECT_TRUE(Run(IDE_COMMAND_PACK).endsWith("\r\n### error -1046 ###\r\n"));
-    EXPECT_TRUE(explained.contains(u"/home/Müller/日本/app.dll"_s) && explained.contains(u"\"日\""_s))
+    EXPECT_TRUE(explained.contains(u"/home/Müller/日本/app.dll") && explained.contains(u"\"日\""_s))
         << qPrintable(explained);
     QFile::remove(project.folder.Path("demo/morvanite.ini"));
     request.inputFile.clear();
     EXPECT_TRUE(Run(IDE_COMMAND_PACK).endsWith("\r\n\r\npack done\r\n\r\n### error -1000 ###\r\n"));
     EXPECT_EQ(handler.LastError(), -1000);
-    request.projectPath = project.folder.Path("none.vcproj");
+    request.projectPath = project.folder.Path("none.vcproj").toStdU16String();
     EXPECT_EQ(Run(IDE_COMMAND_LOAD), "\r\n### error 7 ###\r\n\r\n\r\nload done\r\n\r\n### error 110 ###\r\n");
     EXPECT_EQ(Run(IDE_COMMAND_PACK), "\r\n### error 7 ###\r\n\r\n\r\npack done\r\n\r\n### error 404 ###\r\n");
     EXPECT_TRUE(project.trace.endsWith("Morvanite finished PACK command, err code=404\n"));

@@ -4,6 +4,7 @@
 #include "LocalSocket.h"
 #include "RuntimeFolder.h"
 
+#include <QByteArray>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -32,7 +33,7 @@ private:
 inline FileHandle ListenAt(const QByteArray &path, int backlog = 0)
 {
     FileHandle listener = MakeSocket();
-    const sockaddr_un address = SocketAddress(path);
+    const sockaddr_un address = SocketAddress(path.toStdString());
     EXPECT_EQ(bind(listener.Get(), reinterpret_cast<const sockaddr *>(&address), sizeof address), 0);
     EXPECT_EQ(listen(listener.Get(), backlog), 0);
     return listener;
@@ -46,7 +47,7 @@ inline FileHandle AcceptAt(const FileHandle &listener)
 inline FileHandle ConnectTo(const QByteArray &path)
 {
     FileHandle connection = MakeSocket();
-    EXPECT_EQ(ConnectSocket(connection, path), 0);
+    EXPECT_EQ(ConnectSocket(connection, path.toStdString()), 0);
     return connection;
 }
 

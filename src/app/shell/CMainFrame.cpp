@@ -4,6 +4,7 @@
 #include "Actions.h"
 #include "CInfoPane.h"
 #include "CZEP10ResDlg.h"
+#include "CommandRecord.h"
 #include "DroppedFiles.h"
 #include "Environment.h"
 #include "FindingCountsButton.h"

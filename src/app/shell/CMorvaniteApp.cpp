@@ -2,6 +2,7 @@
 #include "CMorvaniteApp.h"
 
 #include "Boxes.h"
+#include "CommandRecord.h"
 #include "Paths.h"
 #include "SingleInstance.h"
 

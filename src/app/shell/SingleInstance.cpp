@@ -23,7 +23,7 @@ FirstInstance Hangs(QString &error)
 
 /// Connects the socket. Returns 0 or an error number. Tries again until the deadline while the other end's queue is
 /// full; never blocks otherwise.
-int Connect(const FileHandle &socket, const QByteArray &path, const QDeadlineTimer &deadline)
+int Connect(const FileHandle &socket, const std::string &path, const QDeadlineTimer &deadline)
 {
     int failure = ConnectSocket(socket, path);
     while (failure == EAGAIN && !deadline.hasExpired()) {
@@ -38,9 +38,12 @@ int Connect(const FileHandle &socket, const QByteArray &path, const QDeadlineTim
 FirstInstance ShowFirstInstance(int milliseconds, QString &error)
 {
     const QDeadlineTimer deadline(milliseconds);
-    const QByteArray path = SocketPath(WINDOW_SOCKET, error);
-    if (path.isEmpty())
+    std::string why;
+    const std::string path = SocketPath(WINDOW_SOCKET, why);
+    if (path.empty()) {
+        error = QString::fromStdString(why);
         return FirstInstance::NoAnswer;
+    }
     const FileHandle window = MakeSocket(SOCK_NONBLOCK);
     if (const int failure = Connect(window, path, deadline); failure == EAGAIN)
         return Hangs(error);

@@ -39,6 +39,13 @@ void ComplainUtf8(std::string_view text)
     (void)!write(STDERR_FILENO, line.data(), line.size());
 }
 
+void ComplainOfValue(std::string_view option, std::string_view value, std::string_view right)
+{
+    std::string text(option);
+    text.append(" is \"").append(value).append("\", but it must be ").append(right);
+    ComplainUtf8(text);
+}
+
 bool Print(std::string_view text)
 {
     while (!text.empty()) {

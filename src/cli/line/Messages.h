@@ -21,5 +21,8 @@ void SetColorMode(const std::string &value);
 /// Writes "morvanite-cli: " and the text (UTF-8) to standard error.
 void ComplainUtf8(std::string_view text);
 
+/// Says that the value of an option must be `right`, such as "a number from 1 to 64". All texts are UTF-8.
+void ComplainOfValue(std::string_view option, std::string_view value, std::string_view right);
+
 /// Writes a text (UTF-8) to standard output. Returns false, with a message unless the reader has gone, if that fails.
 [[nodiscard]] bool Print(std::string_view text);

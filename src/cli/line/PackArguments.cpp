@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "PackArguments.h"
 
+#include "Messages.h"
+#include "ScreenSize.h"
+#include "TargetKind.h"
+
 #include <CLI/CLI.hpp>
 
 CLI::App *PackArguments::Add(CLI::App &app, const CommandWords &words)
@@ -74,6 +78,19 @@ std::vector<CLI::Option *> PackArguments::AddSpeedOptions(CLI::App &subcommand)
                         "The most bytes that the files in the cache have; K and M are units (default: 1024M)")
             ->type_name("BYTES"),
     };
+}
+
+bool PackArguments::HasKnownTarget() const
+{
+    if (!ParseTargetKind(target)) {
+        ComplainOfValue("--target", target, "axf (an ELF file) or dll");
+        return false;
+    }
+    if (!ParseScreenSize(resolution)) { // stricter than for an IDE's record
+        ComplainOfValue("--resolution", resolution, "a width and a height in pixels, such as 240x320");
+        return false;
+    }
+    return true;
 }
 
 CLI::App *CacheArguments::Add(CLI::App &app, const CommandWords &words)

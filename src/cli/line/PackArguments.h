@@ -13,6 +13,9 @@ struct PackArguments
     static constexpr char NAME[] = "pack";
     CLI::App *Add(CLI::App &app, const CommandWords &words);
 
+    /// Returns false, with a message, if `target` or `resolution` is none that a pack knows.
+    [[nodiscard]] bool HasKnownTarget() const;
+
     std::string project;
     std::string input;
     std::string output;

@@ -69,6 +69,13 @@ template <typename... Arguments> struct CommandChoice
         std::apply([&](auto &...command) { (add(command), ...); }, all);
     }
 
+    /// Calls `use` with the arguments of the command that the words name.
+    template <typename Use> void UseChosen(const Use &use)
+    {
+        size_t index = 0;
+        std::apply([&](auto &...command) { ((index++ == chosen ? use(command) : void()), ...); }, all);
+    }
+
     std::tuple<Arguments...> all;
     size_t chosen = 0; ///< the index of the command that the words name
 };

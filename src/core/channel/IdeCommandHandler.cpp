@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "IdeCommandHandler.h"
 
+#include "CommandRecord.h"
 #include "HostFiles.h"
 #include "PackCodes.h"
 #include "PackFailure.h"
-#include "PackRequest.h"
 #include "PackTrial.h"
 #include "Paths.h"
 #include "ProjectLayouts.h"
@@ -98,13 +98,13 @@ int IdeCommandHandler::Handle(quint32 dwData, QByteArrayView record)
     Running running(*this, dwData);
     switch (dwData) {
     case IDE_COMMAND_LOAD:
-        RunLoad(ParseCommandRecord(record));
+        RunLoad(ProjectPathOf(record));
         break;
     case IDE_COMMAND_SAVE:
-        RunSave(ParseCommandRecord(record));
+        RunSave(ProjectPathOf(record));
         break;
     case IDE_COMMAND_PACK:
-        RunPack(ParsePackCommandRecord(record));
+        RunPack(PackRequestOf(record));
         break;
     default:
         running.LeavePipe();
@@ -113,22 +113,22 @@ int IdeCommandHandler::Handle(quint32 dwData, QByteArrayView record)
     return 1;
 }
 
-void IdeCommandHandler::Load(const CommandRecord &record)
+void IdeCommandHandler::Load(const QString &projectPath)
 {
     const Running running(*this, IDE_COMMAND_LOAD);
-    RunLoad(record);
+    RunLoad(projectPath);
 }
 
-void IdeCommandHandler::Save(const CommandRecord &record)
+void IdeCommandHandler::Save(const QString &projectPath)
 {
     const Running running(*this, IDE_COMMAND_SAVE);
-    RunSave(record);
+    RunSave(projectPath);
 }
 
-void IdeCommandHandler::Pack(const PackCommandRecord &record)
+void IdeCommandHandler::Pack(const PackRequest &request)
 {
     const Running running(*this, IDE_COMMAND_PACK);
-    RunPack(record);
+    RunPack(request);
 }
 
 quint32 IdeCommandHandler::GetCommandID(const QString *docPath) const
@@ -142,14 +142,14 @@ quint32 IdeCommandHandler::GetCommandID(const QString *docPath) const
     return 0;
 }
 
-void IdeCommandHandler::RunLoad(const std::optional<CommandRecord> &record)
+void IdeCommandHandler::RunLoad(const std::optional<QString> &projectPath)
 {
     int errorCode = 0;
-    if (record) {
+    if (projectPath) {
         env.DebugTrace("Morvanite got LOAD command\n");
         OpenPipe();
-        CommandTarget = &record->projectPath;
-        const auto *doc = dynamic_cast<CResDoc *>(documents.OpenDocumentFile(record->projectPath));
+        CommandTarget = &*projectPath;
+        const auto *doc = dynamic_cast<CResDoc *>(documents.OpenDocumentFile(*projectPath));
         if (!doc || doc->IsUnreadable())
             errorCode = int(ReportCode::NotLoaded);
         if (bringToTop)
@@ -160,14 +160,14 @@ void IdeCommandHandler::RunLoad(const std::optional<CommandRecord> &record)
     Report("\r\n\r\nload done\r\n", errorCode);
 }
 
-void IdeCommandHandler::RunSave(const std::optional<CommandRecord> &record)
+void IdeCommandHandler::RunSave(const std::optional<QString> &projectPath)
 {
     int errorCode = 0;
-    if (record) {
+    if (projectPath) {
         env.DebugTrace("Morvanite got SAVE command\n");
         OpenPipe();
-        CDocument *doc = documents.FindDocument(record->projectPath);
-        CommandTarget = &record->projectPath;
+        CDocument *doc = documents.FindDocument(*projectPath);
+        CommandTarget = &*projectPath;
         if (doc && !doc->DoFileSave())
             errorCode = int(ReportCode::SaveFailed);
     }
@@ -175,17 +175,17 @@ void IdeCommandHandler::RunSave(const std::optional<CommandRecord> &record)
     Report("\r\n\r\nsave done\r\n", errorCode);
 }
 
-void IdeCommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
+void IdeCommandHandler::RunPack(const std::optional<PackRequest> &request)
 {
     int errorCode = 0;
-    if (record) {
+    if (request) {
         OpenPipe();
         env.DebugTrace("Morvanite got PACK command\n");
-        CDocument *open = documents.FindDocument(record->projectPath);
-        CommandTarget = &record->projectPath;
-        env.DebugTrace("Morvanite: m_szCmdTarget=%s\n", qUtf8Printable(record->projectPath));
+        CDocument *open = documents.FindDocument(request->projectPath);
+        CommandTarget = &request->projectPath;
+        env.DebugTrace("Morvanite: m_szCmdTarget=%s\n", qUtf8Printable(request->projectPath));
         if (!open)
-            open = documents.OpenDocumentFile(record->projectPath);
+            open = documents.OpenDocumentFile(request->projectPath);
         else
             open->OnOpenAgain();
         auto *const doc = dynamic_cast<CResDoc *>(open);
@@ -194,7 +194,7 @@ void IdeCommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
                 QStringLiteral(
                     "%1: nothing was packed because the project's files can't be read, and the project that is open "
                     "here is older or incomplete. Repair the files, or close the project and open it again")
-                    .arg(record->projectPath));
+                    .arg(request->projectPath));
             errorCode = PACK_UNREADABLE;
         } else if (doc) {
             if (beforePack && !beforePack(*doc)) {
@@ -202,8 +202,8 @@ void IdeCommandHandler::RunPack(const std::optional<PackCommandRecord> &record)
                 lastError = 0;
                 return;
             }
-            NumberIds(*doc, record->projectPath);
-            errorCode = PackDocument(*doc, *record);
+            NumberIds(*doc, request->projectPath);
+            errorCode = PackDocument(*doc, *request);
         } else {
             errorCode = int(ReportCode::NoDocument);
         }
@@ -217,9 +217,9 @@ namespace
 
 /// Returns false, and explains why, if the code page can't express the path of the input or of the output: the pack
 /// would use another file.
-bool HasPathsOfCodePage(const Environment &env, const PackCommandRecord &record)
+bool HasPathsOfCodePage(const Environment &env, const PackRequest &request)
 {
-    for (const QString &path : {record.inputFile, record.outputFile}) {
+    for (const QString &path : {request.inputFile, request.outputFile}) {
         const QString missing = env.codePage.FirstMissing(path);
         if (missing.isEmpty())
             continue;
@@ -246,20 +246,20 @@ void IdeCommandHandler::NumberIds(CResDoc &doc, const QString &projectPath) cons
                                .arg(projectPath));
 }
 
-void IdeCommandHandler::TryPack(CResDoc &document, const PackCommandRecord &record, PackTrial &trial)
+void IdeCommandHandler::TryPack(CResDoc &document, const PackRequest &request, PackTrial &trial)
 {
     env.FailureCount = 0;
-    NumberIds(document, record.projectPath);
-    if (const int code = PackDocument(document, record, &trial))
+    NumberIds(document, request.projectPath);
+    if (const int code = PackDocument(document, request, &trial))
         trial.Note(code, {});
 }
 
-int IdeCommandHandler::PackDocument(CResDoc &doc, const PackCommandRecord &record, PackTrial *trial)
+int IdeCommandHandler::PackDocument(CResDoc &doc, const PackRequest &request, PackTrial *trial)
 {
-    auto parameters = PackInfoOf(record, doc.env, doc.tables.resolutions);
+    auto parameters = PackInfoOf(request, doc.env, doc.tables.resolutions);
     if (!parameters)
         return int(ReportCode::BadPackRequest);
-    if (!HasPathsOfCodePage(doc.env, record))
+    if (!HasPathsOfCodePage(doc.env, request))
         return PACK_CODE_PAGE;
     parameters->temp = packTemp;
     parameters->depfile = packDepfile;

@@ -3,22 +3,14 @@
 
 #include "CResDoc.h"
 #include "CodeText.h"
-#include "CommandRecord.h"
 #include "Environment.h"
 #include "PackOptions.h"
+#include "PackRequest.h"
 
 #include <functional>
 #include <span>
 
 struct PackTrial;
-
-/// The commands of an IDE, with their numbers in the message.
-enum IdeCommand : quint32
-{
-    IDE_COMMAND_LOAD = 0xAFBDDBFB,
-    IDE_COMMAND_SAVE = 0xAFBDDBFC,
-    IDE_COMMAND_PACK = 0xAFBDDBFD,
-};
 
 /// Explains the error code of a pack's report in one sentence; empty for 0.
 [[nodiscard]] QString PackReportText(int errorCode);
@@ -68,16 +60,16 @@ public:
     /// passed on after the pipe is closed and the command has ended.
     int Handle(quint32 dwData, QByteArrayView record);
 
-    // The same with parsed records, whose paths may be longer than a message allows.
-    void Load(const CommandRecord &record);
-    void Save(const CommandRecord &record);
-    void Pack(const PackCommandRecord &record);
+    // The same with what a record says. The paths may be longer than a record allows.
+    void Load(const QString &projectPath);
+    void Save(const QString &projectPath);
+    void Pack(const PackRequest &request);
 
     /// The command that is running for the document with that path (NamesSameFile); 0 if there is none.
     [[nodiscard]] quint32 GetCommandID(const QString *docPath) const;
 
     /// Tries a pack of an open document (Packer::Try): nothing is written, and there is no report. Numbers the IDs.
-    void TryPack(CResDoc &document, const PackCommandRecord &record, PackTrial &trial);
+    void TryPack(CResDoc &document, const PackRequest &request, PackTrial &trial);
 
     /// Receives the output while no command runs; empty by default.
     Environment::Sink idleOutput;
@@ -105,11 +97,11 @@ public:
 private:
     class Running;
     // Without a record, the message was too short.
-    void RunLoad(const std::optional<CommandRecord> &record);
-    void RunSave(const std::optional<CommandRecord> &record);
-    void RunPack(const std::optional<PackCommandRecord> &record);
+    void RunLoad(const std::optional<QString> &projectPath);
+    void RunSave(const std::optional<QString> &projectPath);
+    void RunPack(const std::optional<PackRequest> &request);
     void NumberIds(CResDoc &doc, const QString &projectPath) const;
-    [[nodiscard]] int PackDocument(CResDoc &doc, const PackCommandRecord &record, PackTrial *trial = nullptr);
+    [[nodiscard]] int PackDocument(CResDoc &doc, const PackRequest &request, PackTrial *trial = nullptr);
     void OpenPipe();
     void Report(const char *doneText, int errorCode);
 

@@ -65,14 +65,18 @@ IdeCommandServer::~IdeCommandServer() = default;
 
 bool IdeCommandServer::Listen(QString &error)
 {
-    const QByteArray path = SocketPath(WINDOW_SOCKET, error);
-    if (path.isEmpty() || !listener.Open(path, ListeningSocket::Turn::Now, error))
+    std::string why;
+    const std::string path = SocketPath(WINDOW_SOCKET, why);
+    if (path.empty() || !listener.Open(path, ListeningSocket::Turn::Now, why)) {
+        error = QString::fromStdString(why);
         return false;
+    }
     epoll = FileHandle(epoll_create1(EPOLL_CLOEXEC));
     readyEvent = FileHandle(eventfd(1, EFD_CLOEXEC | EFD_NONBLOCK));
     spare = FileHandle(open("/dev/null", O_RDONLY | O_CLOEXEC));
     if (!epoll.IsOpen() || !readyEvent.IsOpen()) {
-        error = QStringLiteral("cannot create the descriptors of the command channel: ") + SystemErrorText(errno);
+        error = QStringLiteral("cannot create the descriptors of the command channel: ") +
+                QString::fromStdString(SystemErrorText(errno));
         epoll = FileHandle();
         return false;
     }

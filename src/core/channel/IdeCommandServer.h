@@ -3,6 +3,9 @@
 
 #include "LocalSocket.h"
 
+#include <QByteArray>
+#include <QString>
+
 #include <deque>
 #include <functional>
 #include <memory>

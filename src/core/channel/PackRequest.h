@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "CommandRecord.h"
 #include "Packer.h"
 #include "ScreenSize.h"
 
@@ -10,6 +9,22 @@
 class CResoTable;
 class Environment;
 
+/// What the record of PACK says.
+struct PackRequest
+{
+    QString projectPath;
+    QString inputFile;
+    QString outputFile; ///< empty: the input's name and ".pkd"
+    QString resolution;
+    QString targetKind;
+    int imageConvert = 0;
+    int version = 0;
+};
+
+// What a record says; nothing if it has too few bytes.
+[[nodiscard]] std::optional<QString> ProjectPathOf(QByteArrayView record);
+[[nodiscard]] std::optional<PackRequest> PackRequestOf(QByteArrayView record);
+
 /// Parses two numbers like the scan format "%d%*[Xx*]%d": blanks before either number, signs, at least one of X, x and
 /// * immediately after the first, any text after the second. A number beyond 32 bits gives the nearest that fits.
 [[nodiscard]] std::optional<ScreenSize> ParseResolution(QStringView text);
@@ -17,7 +32,7 @@ class Environment;
 /// "axf" or "dll", without regard to case.
 [[nodiscard]] std::optional<PackMode> PackModeOf(QStringView targetKind);
 
-/// The parameters of the pack that a record requests; nothing if its resolution or target kind isn't recognised. A
+/// The parameters of the pack that is requested; nothing if the resolution or target kind isn't recognised. A
 /// resolution that isn't in the table has the scope -1.
-[[nodiscard]] std::optional<packinfo> PackInfoOf(const PackCommandRecord &record, const Environment &env,
+[[nodiscard]] std::optional<packinfo> PackInfoOf(const PackRequest &request, const Environment &env,
                                                  const CResoTable &resolutions);

@@ -22,7 +22,7 @@ bool SetBlocking(int socket, bool blocks)
 }
 
 /// Connects to a socket with a full backlog and waits for a place in it.
-int ConnectWaiting(const FileHandle &socket, const QByteArray &path)
+int ConnectWaiting(const FileHandle &socket, const std::string &path)
 {
     if (!SetBlocking(socket.Get(), true) ||
         setsockopt(socket.Get(), SOL_SOCKET, SO_SNDTIMEO, &BUSY_WAIT, sizeof BUSY_WAIT) != 0)
@@ -36,9 +36,9 @@ int ConnectWaiting(const FileHandle &socket, const QByteArray &path)
 bool ReportPipe::Open()
 {
     Close();
-    QString error;
-    const QByteArray path = SocketPath(PIPE_SOCKET, error);
-    if (path.isEmpty())
+    std::string error;
+    const std::string path = SocketPath(PIPE_SOCKET, error);
+    if (path.empty())
         return false;
     FileHandle socket = MakeSocket(SOCK_NONBLOCK);
     if (!socket.IsOpen())

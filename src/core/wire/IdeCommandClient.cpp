@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "IdeCommandClient.h"
 
+#include "LittleEndian.h"
 #include "LocalSocket.h"
 #include "RuntimeFolder.h"
-
-#include <QtEndian>
+#include "Utf16.h"
 
 #include <array>
 #include <cerrno>
 #include <poll.h>
-
-using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -49,7 +47,7 @@ public:
         if (size < 0 && (errno == EAGAIN || errno == EINTR))
             return;
         if (size > 0) {
-            held.append(bytes.data(), qsizetype(size));
+            held.append(bytes.data(), size_t(size));
             Pass(Rest::Hold);
         } else {
             Pass(Rest::Give);
@@ -69,53 +67,51 @@ private:
     /// will arrive.
     void Pass(Rest rest)
     {
-        QString text(held.size() / 2, Qt::Uninitialized);
-        qFromLittleEndian<char16_t>(held.constData(), text.size(), text.data());
-        if (rest == Rest::Hold && !text.isEmpty() && text.back().isHighSurrogate())
-            text.chop(1);
-        held.remove(0, text.size() * 2);
-        if (!text.isEmpty() && sink)
+        std::u16string text = Utf16OfBytes(held);
+        if (rest == Rest::Hold && !text.empty() && IsHighSurrogate(text.back()))
+            text.pop_back();
+        held.erase(0, text.size() * 2);
+        if (!text.empty() && sink)
             sink(text);
     }
 
     const ListeningSocket &pipe;
     const IdeCommandClient::Sink &sink;
     FileHandle connection;
-    QByteArray held;
+    std::string held;
 };
 
 /// Connects to the window. The result isn't open, and `error` says why, if no window is running.
-FileHandle ConnectToWindow(QString &error)
+FileHandle ConnectToWindow(std::string &error)
 {
-    const QByteArray path = SocketPath(WINDOW_SOCKET, error);
-    if (path.isEmpty())
+    const std::string path = SocketPath(WINDOW_SOCKET, error);
+    if (path.empty())
         return FileHandle();
     FileHandle window = MakeSocket();
     const int failure = ConnectSocket(window, path);
-    const QString shown = QString::fromLocal8Bit(path);
     if (failure == ENOENT || failure == ECONNREFUSED)
-        error = u"Morvanite is not running: no program listens at %1; start it, or start \"morvanite-cli serve\""_s.arg(
-            shown);
+        error =
+            "Morvanite is not running: no program listens at " + path + "; start it, or start \"morvanite-cli serve\"";
     else if (failure != 0)
-        error = u"Morvanite can't be reached at %1: %2"_s.arg(shown, SystemErrorText(failure));
+        error = "Morvanite can't be reached at " + path + ": " + SystemErrorText(failure);
     else if (!IsSameUser(window.Get()))
-        error = u"the program that listens at %1 belongs to another user"_s.arg(shown);
+        error = "the program that listens at " + path + " belongs to another user";
     else
         return window;
     return FileHandle();
 }
 
-bool SendCommand(const FileHandle &window, quint32 dwData, QByteArrayView record)
+bool SendCommand(const FileHandle &window, uint32_t dwData, std::string_view record)
 {
-    QByteArray message(8, '\0');
-    qToLittleEndian<quint32>(dwData, message.data());
-    qToLittleEndian<quint32>(quint32(record.size()), message.data() + 4);
-    message.append(record.data(), record.size());
-    return SendAll(window.Get(), message.constData(), size_t(message.size()));
+    std::string message(8, '\0');
+    PutLittleEndian(dwData, message.data());
+    PutLittleEndian(uint32_t(record.size()), message.data() + 4);
+    message += record;
+    return SendAll(window.Get(), message.data(), message.size());
 }
 
 /// Reads report and answer at the same time until both are complete. Returns nothing if the window ends first.
-std::optional<quint32> Collect(const FileHandle &window, ReportReader &reader)
+std::optional<uint32_t> Collect(const FileHandle &window, ReportReader &reader)
 {
     std::array<char, 4> answer{};
     size_t received = 0;
@@ -140,15 +136,16 @@ std::optional<quint32> Collect(const FileHandle &window, ReportReader &reader)
     }
     if (received < answer.size())
         return std::nullopt;
-    return qFromLittleEndian<quint32>(answer.data());
+    return GetLittleEndian<uint32_t>(answer.data());
 }
 
 } // namespace
 
-std::optional<quint32> IdeCommandClient::Run(quint32 dwData, QByteArrayView record, const Sink &report, QString &error)
+std::optional<uint32_t> IdeCommandClient::Run(uint32_t dwData, std::string_view record, const Sink &report,
+                                              std::string &error)
 {
-    const QByteArray pipePath = SocketPath(PIPE_SOCKET, error);
-    if (pipePath.isEmpty())
+    const std::string pipePath = SocketPath(PIPE_SOCKET, error);
+    if (pipePath.empty())
         return std::nullopt;
     ListeningSocket pipe;
     if (!pipe.Open(pipePath, ListeningSocket::Turn::Wait, error))
@@ -156,12 +153,12 @@ std::optional<quint32> IdeCommandClient::Run(quint32 dwData, QByteArrayView reco
     const FileHandle window = ConnectToWindow(error);
     if (!window.IsOpen())
         return std::nullopt;
-    std::optional<quint32> answer;
+    std::optional<uint32_t> answer;
     if (SendCommand(window, dwData, record)) {
         ReportReader reader(pipe, report);
         answer = Collect(window, reader);
     }
     if (!answer)
-        error = u"Morvanite ended before it answered"_s;
+        error = "Morvanite ended before it answered";
     return answer;
 }

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QByteArrayView>
-#include <QString>
-
+#include <cstdint>
 #include <functional>
 #include <optional>
+#include <string>
+#include <string_view>
 
 /// Sends one command to the running window and collects its report, as an IDE does.
 ///
@@ -15,11 +15,11 @@ class IdeCommandClient
 {
 public:
     /// Gets the report piece by piece as it arrives; a piece never ends within a character.
-    using Sink = std::function<void(QStringView)>;
+    using Sink = std::function<void(std::u16string_view)>;
 
     /// Returns the window's answer once the report is complete. Returns nothing, and `error` says why, if no window is
     /// running, an IDE already serves the pipe, or the window ends before it answers; the sink then has the part of the
     /// report that arrived.
-    [[nodiscard]] static std::optional<quint32> Run(quint32 dwData, QByteArrayView record, const Sink &report,
-                                                    QString &error);
+    [[nodiscard]] static std::optional<uint32_t> Run(uint32_t dwData, std::string_view record, const Sink &report,
+                                                     std::string &error);
 };

@@ -1,10 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QByteArray>
-#include <QString>
-
+#include <cstdint>
 #include <optional>
+#include <string>
+#include <string_view>
+
+/// The commands of an IDE, with their numbers in the message.
+enum IdeCommand : uint32_t
+{
+    IDE_COMMAND_LOAD = 0xAFBDDBFB,
+    IDE_COMMAND_SAVE = 0xAFBDDBFC,
+    IDE_COMMAND_PACK = 0xAFBDDBFD,
+};
 
 /// The record of LOAD and SAVE.
 ///
@@ -14,7 +22,7 @@
 /// A text ends at its first null character, or at the end of its field. Bytes after the last field are ignored.
 struct CommandRecord
 {
-    QString projectPath; ///< full path of the ".vcproj" file
+    std::u16string projectPath; ///< full path of the ".vcproj" file
 };
 
 /// The record of PACK.
@@ -29,23 +37,23 @@ struct CommandRecord
 ///       1692     4  version, signed
 struct PackCommandRecord
 {
-    QString projectPath;
-    QString inputFile;
-    QString outputFile;
-    QString resolution;
-    QString targetKind;
-    qint32 imageConvert = 0;
-    qint32 version = 0;
+    std::u16string projectPath;
+    std::u16string inputFile;
+    std::u16string outputFile;
+    std::u16string resolution;
+    std::u16string targetKind;
+    int32_t imageConvert = 0;
+    int32_t version = 0;
 };
 
-constexpr qsizetype COMMAND_RECORD_SIZE = 520;
-constexpr qsizetype PACK_COMMAND_RECORD_SIZE = 1696;
+constexpr size_t COMMAND_RECORD_SIZE = 520;
+constexpr size_t PACK_COMMAND_RECORD_SIZE = 1696;
 
 /// Returns nothing if there are fewer bytes than the record has.
-[[nodiscard]] std::optional<CommandRecord> ParseCommandRecord(QByteArrayView bytes);
-[[nodiscard]] std::optional<PackCommandRecord> ParsePackCommandRecord(QByteArrayView bytes);
+[[nodiscard]] std::optional<CommandRecord> ParseCommandRecord(std::string_view bytes);
+[[nodiscard]] std::optional<PackCommandRecord> ParsePackCommandRecord(std::string_view bytes);
 
 /// Returns the bytes to send. Returns nothing, and `error` says why, if a text doesn't fit into its field with a
 /// terminator (259 or 31 characters) or contains a null character.
-[[nodiscard]] std::optional<QByteArray> BuildRecord(const CommandRecord &record, QString &error);
-[[nodiscard]] std::optional<QByteArray> BuildRecord(const PackCommandRecord &record, QString &error);
+[[nodiscard]] std::optional<std::string> BuildRecord(const CommandRecord &record, std::string &error);
+[[nodiscard]] std::optional<std::string> BuildRecord(const PackCommandRecord &record, std::string &error);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "LocalSocket.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -8,19 +9,17 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-using namespace Qt::StringLiterals;
-
-QString SystemErrorText(int number)
+std::string SystemErrorText(int number)
 {
-    return QString::fromLocal8Bit(std::strerror(number));
+    return std::strerror(number);
 }
 
-sockaddr_un SocketAddress(const QByteArray &path)
+sockaddr_un SocketAddress(const std::string &path)
 {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
-    const size_t size = qMin(size_t(path.size()), sizeof address.sun_path - 1);
-    std::memcpy(address.sun_path, path.constData(), size);
+    const size_t size = std::min(path.size(), sizeof address.sun_path - 1);
+    std::memcpy(address.sun_path, path.c_str(), size);
     return address;
 }
 
@@ -29,7 +28,7 @@ FileHandle MakeSocket(int flags)
     return FileHandle(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | flags, 0));
 }
 
-int ConnectSocket(const FileHandle &socket, const QByteArray &path)
+int ConnectSocket(const FileHandle &socket, const std::string &path)
 {
     const sockaddr_un address = SocketAddress(path);
     while (connect(socket.Get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0) {
@@ -66,20 +65,19 @@ namespace
 {
 
 /// Takes the lock of a socket. The result isn't open, and `error` says why, if that fails.
-FileHandle TakeLock(const QByteArray &path, ListeningSocket::Turn turn, QString &error)
+FileHandle TakeLock(const std::string &path, ListeningSocket::Turn turn, std::string &error)
 {
-    const QByteArray name = path + ".lock";
-    FileHandle lock(open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
+    const std::string name = path + ".lock";
+    FileHandle lock(open(name.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
     if (!lock.IsOpen()) {
-        error = u"the lock file %1 can't be opened: %2"_s.arg(QString::fromLocal8Bit(name), SystemErrorText(errno));
+        error = "the lock file " + name + " can't be opened: " + SystemErrorText(errno);
         return lock;
     }
     while (flock(lock.Get(), turn == ListeningSocket::Turn::Wait ? LOCK_EX : LOCK_EX | LOCK_NB) != 0) {
         if (errno == EINTR)
             continue;
-        error = errno == EWOULDBLOCK ? u"another program listens at %1"_s.arg(QString::fromLocal8Bit(path))
-                                     : u"the lock file %1 can't be locked: %2"_s.arg(QString::fromLocal8Bit(name),
-                                                                                     SystemErrorText(errno));
+        error = errno == EWOULDBLOCK ? "another program listens at " + path
+                                     : "the lock file " + name + " can't be locked: " + SystemErrorText(errno);
         return FileHandle();
     }
     return lock;
@@ -87,18 +85,17 @@ FileHandle TakeLock(const QByteArray &path, ListeningSocket::Turn turn, QString 
 
 /// Removes the socket that a dead program left at `path`. Returns false, and `error` says why, if something else is
 /// there.
-bool RemoveStale(const QByteArray &path, QString &error)
+bool RemoveStale(const std::string &path, std::string &error)
 {
-    const QString shown = QString::fromLocal8Bit(path);
     struct stat info;
-    if (lstat(path.constData(), &info) != 0) {
+    if (lstat(path.c_str(), &info) != 0) {
         if (errno == ENOENT)
             return true;
-        error = u"%1 can't be examined: %2"_s.arg(shown, SystemErrorText(errno));
+        error = path + " can't be examined: " + SystemErrorText(errno);
         return false;
     }
     if (!S_ISSOCK(info.st_mode)) {
-        error = u"%1 is not a socket; remove it"_s.arg(shown);
+        error = path + " is not a socket; remove it";
         return false;
     }
     const FileHandle probe = MakeSocket(SOCK_NONBLOCK);
@@ -106,12 +103,11 @@ bool RemoveStale(const QByteArray &path, QString &error)
     if (answer == ENOENT)
         return true;
     if (answer != ECONNREFUSED) { // a full backlog (EAGAIN) means that a program listens, too
-        error = u"another program listens at %1"_s.arg(shown);
+        error = "another program listens at " + path;
         return false;
     }
-    if (unlink(path.constData()) != 0 && errno != ENOENT) {
-        error = u"%1 was left by a program that has ended, and it can't be removed: %2"_s.arg(shown,
-                                                                                              SystemErrorText(errno));
+    if (unlink(path.c_str()) != 0 && errno != ENOENT) {
+        error = path + " was left by a program that has ended, and it can't be removed: " + SystemErrorText(errno);
         return false;
     }
     return true;
@@ -122,11 +118,11 @@ bool RemoveStale(const QByteArray &path, QString &error)
 ListeningSocket::~ListeningSocket()
 {
     struct stat info;
-    if (listener.IsOpen() && lstat(path.constData(), &info) == 0 && info.st_dev == device && info.st_ino == inode)
-        unlink(path.constData());
+    if (listener.IsOpen() && lstat(path.c_str(), &info) == 0 && info.st_dev == device && info.st_ino == inode)
+        unlink(path.c_str());
 }
 
-bool ListeningSocket::Open(const QByteArray &socketPath, Turn turn, QString &error)
+bool ListeningSocket::Open(const std::string &socketPath, Turn turn, std::string &error)
 {
     FileHandle newLock = TakeLock(socketPath, turn, error);
     if (!newLock.IsOpen() || !RemoveStale(socketPath, error))
@@ -135,9 +131,9 @@ bool ListeningSocket::Open(const QByteArray &socketPath, Turn turn, QString &err
     const sockaddr_un address = SocketAddress(socketPath);
     struct stat info;
     if (!socket.IsOpen() || bind(socket.Get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0 ||
-        chmod(socketPath.constData(), 0600) != 0 || lstat(socketPath.constData(), &info) != 0 ||
+        chmod(socketPath.c_str(), 0600) != 0 || lstat(socketPath.c_str(), &info) != 0 ||
         listen(socket.Get(), SOMAXCONN) != 0) {
-        error = u"the socket %1 can't be created: %2"_s.arg(QString::fromLocal8Bit(socketPath), SystemErrorText(errno));
+        error = "the socket " + socketPath + " can't be created: " + SystemErrorText(errno);
         return false;
     }
     path = socketPath;

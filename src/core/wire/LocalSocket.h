@@ -1,23 +1,24 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HostFiles.h"
+#include "FileHandle.h"
 
+#include <string>
 #include <sys/socket.h>
 #include <sys/types.h>
 #include <sys/un.h>
 
 /// The text of a system error number.
-[[nodiscard]] QString SystemErrorText(int number);
+[[nodiscard]] std::string SystemErrorText(int number);
 
 /// The address of a path, which must have come from `SocketPath`.
-[[nodiscard]] sockaddr_un SocketAddress(const QByteArray &path);
+[[nodiscard]] sockaddr_un SocketAddress(const std::string &path);
 
 /// A stream socket that is closed in child processes.
 [[nodiscard]] FileHandle MakeSocket(int flags = 0);
 
 /// Connects. Returns 0, or the system's error number. Continues after interrupts.
-[[nodiscard]] int ConnectSocket(const FileHandle &socket, const QByteArray &path);
+[[nodiscard]] int ConnectSocket(const FileHandle &socket, const std::string &path);
 
 /// True if the other end runs as this user.
 [[nodiscard]] bool IsSameUser(int connection);
@@ -45,7 +46,7 @@ public:
     ListeningSocket &operator=(const ListeningSocket &) = delete;
 
     /// Returns false, and `error` says why, if another program listens or the socket can't be made.
-    [[nodiscard]] bool Open(const QByteArray &path, Turn turn, QString &error);
+    [[nodiscard]] bool Open(const std::string &path, Turn turn, std::string &error);
     /// The listening descriptor, which is non-blocking; -1 if not open.
     [[nodiscard]] int Get() const { return listener.Get(); }
     /// Accepts the next waiting connection of this user; those of other users are closed. The result isn't open, and
@@ -55,7 +56,7 @@ public:
 private:
     FileHandle lock;
     FileHandle listener;
-    QByteArray path;
+    std::string path;
     dev_t device = 0;
     ino_t inode = 0;
 };
