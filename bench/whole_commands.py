@@ -344,6 +344,22 @@ class Suite:
         self.table.difference('a project with 99,999 resources; load', Run([ours, project]), Run([ours]),
                               Run([self.cli, 'load', project]), 1.2)
 
+    def remote(self, project, hello):
+        """Times a command without a server, and one that a server runs which has the project open."""
+        runtime = self.folder('runtime')
+        os.chmod(runtime, 0o700)
+        os.environ['MORVANITE_RUNTIME_DIR'] = runtime
+        command = [self.cli, 'load', project, '--remote']
+        self.table.compare('load --remote, nobody listens; hello in C++', Run(command, status=1), hello, 1.5, 1.0)
+        server = subprocess.Popen([self.cli, 'serve'])
+        try:
+            while server.poll() is None and subprocess.run(command, capture_output=True, check=False).returncode != 0:
+                time.sleep(0.01)
+            self.table.compare('load --remote, open already; hello in C++', Run(command), hello, 2.0, 1.5)
+        finally:
+            server.terminate()
+            server.wait()
+
     def starts(self):
         hello = Run([os.path.join(self.peers, 'peer_hello')])
         for words, status in (('--version', 0), ('--help', 0), ('pack --help', 0), ('chek', 2), ('pack --inptu', 2)):
@@ -352,6 +368,7 @@ class Suite:
         project = inputs.project(self.folder('tiny'), [])
         self.table.compare('load a tiny project; an empty QtCore program', Run([self.cli, 'load', project]),
                            Run([os.path.join(self.peers, 'peer_qtcore')]), 1.4, 1.1)
+        self.remote(project, hello)
         folder = self.folder('one')
         _, paths = inputs.images(folder, 1, 1, 1)
         target = os.path.join(folder, 'converted')
