@@ -57,6 +57,15 @@ class Remote(DemoProject):
         self.assertEqual(self.run_cli('-q', 'load', '\u4e2d\U0001f600.vcproj', '--remote'),
                          (1, '### error 7 ###\r\n### error 110 ###\r\n', ''))
 
+    def test_only_the_settings_of_the_server_count(self):
+        self.serve()
+        folder = self.dir / 'settings/morvanite'
+        folder.mkdir(parents=True)
+        (folder / 'Morvanite.ini').write_text('[Text]\ncode_page=none-such\n')
+        self.env['XDG_CONFIG_HOME'] = str(folder.parent)
+        self.assertEqual(self.run_cli('load', self.project)[0], 1)
+        self.assertEqual(self.run_cli('load', self.project, '--remote')[0], 0)
+
     def test_a_report_that_cannot_be_written_is_a_failure(self):
         self.serve()
         with open('/dev/full', 'wb') as full:
