@@ -63,6 +63,9 @@ TEST(CheckSettings, EveryLineWithoutMeaningIsAFindingAtItsLine)
         {"[Font]\ndefault=ui.ttf 1001", "a file and a size"},
         {"[Limit]\nID_*=height 12", "\"height 12\" isn't a limit"},
         {"[Limit]\nID_*=length 0", "\"length 0\" isn't a limit"},
+        {"[Audio]\nchannels=0", "\"0\" isn't a number above 0"},
+        {"[Audio]\ncodec=flac", "\"flac\" isn't a codec; use pcm, "},
+        {"[Audio]\nsize=1", "has the keys"},
         {"[Language]\nGerman=de", "number of a language"},
         {"[Language]\n65535=de", "number of a language"},
         {"[Check]\nsource English", "neither a section"},
@@ -77,7 +80,7 @@ TEST(CheckSettings, EveryLineWithoutMeaningIsAFindingAtItsLine)
         SCOPED_TRACE(settings.constData());
         project.PutSettings(settings + '\n');
         EXPECT_THAT(project.Findings({"check-settings"}),
-                    ElementsAre(AllOf(HasSubstr("demo/morvanite-check.ini:2 "), HasSubstr(text))));
+                    ElementsAre(AllOf(HasSubstr("morvanite-check.ini:2 "), HasSubstr(text))));
     }
     project.PutSettings("; one\n\n [check] ; two\nSOURCE=0\nplaceholders=none\ntarget=240x320\n"
                         "[Limit]\nID_*=length 3, width 4, lines 5\n[Language]\n0=en\n[Ignore]\nid-case=ID_*\n");

@@ -51,14 +51,14 @@ struct CheckedProject : TestProject
         return findings;
     }
 
-    /// The findings of some rules as "FILE:LINE ID: text", sorted by the check.
+    /// The findings of some rules as "FILE:LINE ID: text" without folders, sorted by the check.
     std::vector<std::string> Findings(const QByteArrayList &rules)
     {
         std::vector<std::string> lines;
         for (const Finding &finding : Check()) {
             if (rules.contains(finding.code))
                 lines.push_back(QStringLiteral("%1:%2 %3: %4")
-                                    .arg(QDir(folder.Path()).relativeFilePath(finding.file))
+                                    .arg(QFileInfo(finding.file).fileName())
                                     .arg(finding.line)
                                     .arg(finding.id, finding.text)
                                     .toStdString());

@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "CheckProject.h"
+#include "CheckedProject.h"
 #include "PictureFiles.h"
-#include "Rules.h"
-#include "TestProject.h"
-#include "TextContext.h"
-
-#include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
@@ -15,32 +10,16 @@ namespace
 {
 
 /// A project whose list has these lines between `<APP>` in line 1 and `</APP>`.
-struct CheckedFiles : TestProject
+struct CheckedFiles : CheckedProject
 {
-    explicit CheckedFiles(const QByteArrayList &lines) : TestProject("<APP>\n" + lines.join('\n') + "\n</APP>") {}
-
+    explicit CheckedFiles(const QByteArrayList &lines) : CheckedProject("<APP>\n" + lines.join('\n') + "\n</APP>") {}
     void Put(const QByteArray &name, const QByteArray &bytes) const { folder.Put("demo/" + name, bytes); }
-
-    /// Runs one rule. Returns its findings as "FILE:LINE ID: text".
-    std::vector<std::string> Findings(QStringView rule, std::vector<ScreenSize> screens = {})
+    /// The findings of a rule for some screens, by default all.
+    std::vector<std::string> Findings(const QByteArray &rule, std::vector<ScreenSize> ofScreens = {})
     {
-        CResDoc *const document = Open();
-        EXPECT_NE(document, nullptr);
-        CheckSettings settings;
-        settings.audio = audio;
-        std::fill(settings.levels.begin(), settings.levels.end(), RuleLevel::Off);
-        settings.levels[IndexOf(*FindRule(rule))] = RuleLevel::Warning;
-        const TextContext texts(*document, settings);
-        std::vector<std::string> found;
-        for (const Finding &finding : CheckProject({*document, settings, texts, {}, std::move(screens), {}}))
-            found.push_back(u"%1:%2 %3: %4"_s.arg(QFileInfo(finding.file).fileName())
-                                .arg(finding.line)
-                                .arg(finding.id, finding.text)
-                                .toStdString());
-        return found;
+        screens = std::move(ofScreens);
+        return CheckedProject::Findings({rule});
     }
-
-    AudioLimits audio;
 };
 
 } // namespace
@@ -52,12 +31,12 @@ TEST(FileRules, AMissingFileIsOneThatCannotBeReadAsWritten)
                           R"(<FILE id="ID_NONE"></FILE>)", R"(<RESOLUTION width="320" height="240" class="image">)",
                           R"(<IMAGE id="ID_GONE_IMAGE">gone.png</IMAGE>)", "</RESOLUTION>"});
     project.Put("data/here.bin", "x");
-    EXPECT_THAT(project.Findings(u"file-missing"),
+    EXPECT_THAT(project.Findings("file-missing"),
                 ElementsAre("demo.res.xml:3 ID_GONE: the file .\\data\\gone.bin doesn't exist",
                             "demo.res.xml:4 ID_FOLDER: .\\data isn't a regular file",
                             "demo.res.xml:5 ID_NONE: the list names no file",
                             "demo.res.xml:7 ID_GONE_IMAGE: the file gone.png doesn't exist"));
-    EXPECT_EQ(project.Findings(u"file-missing", {{240, 320}}).size(), 3U) << "the other screen isn't checked";
+    EXPECT_EQ(project.Findings("file-missing", {{240, 320}}).size(), 3U) << "the other screen isn't checked";
 }
 
 TEST(FileRules, NamesThatDifferInCaseAndPathsOutOfTheProject)
@@ -68,9 +47,9 @@ TEST(FileRules, NamesThatDifferInCaseAndPathsOutOfTheProject)
                           R"(<FILE id="ID_ABSOLUTE">/etc/hostname</FILE>)"});
     project.Put("Data/Here.bin", "x");
     project.Put("../above.bin", "x");
-    EXPECT_THAT(project.Findings(u"file-case"),
+    EXPECT_THAT(project.Findings("file-case"),
                 ElementsAre("demo.res.xml:3 ID_CASE: the file data\\here.BIN is called Data/Here.bin on the disk"));
-    EXPECT_THAT(project.Findings(u"file-outside"),
+    EXPECT_THAT(project.Findings("file-outside"),
                 ElementsAre("demo.res.xml:4 ID_ABOVE: the file ..\\above.bin is above the project's folder",
                             "demo.res.xml:6 ID_ABSOLUTE: the path /etc/hostname is absolute"));
 }
@@ -89,13 +68,13 @@ TEST(FileRules, ContentThatIsNotWhatTheNameSays)
     project.Put("f.jpg", PngFile(4, 4));
     project.Put("g.png", "\x89PNG\r\n\x1A\n and no more");
     project.Put("h.png", "12345678");
-    EXPECT_THAT(project.Findings(u"file-type"),
+    EXPECT_THAT(project.Findings("file-type"),
                 ElementsAre("demo.res.xml:2 ID_WAV: the file a.wav doesn't begin as WAV files do",
                             "demo.res.xml:7 ID_JPG: the content of the file f.jpg is PNG"));
-    EXPECT_THAT(project.Findings(u"image-unreadable"),
+    EXPECT_THAT(project.Findings("image-unreadable"),
                 ElementsAre("demo.res.xml:8 ID_PNG: the image g.png can't be read: the file ends before its size"));
     EXPECT_THAT(
-        project.Findings(u"file-empty"),
+        project.Findings("file-empty"),
         ElementsAre(
             "demo.res.xml:9 ID_SHORT: the file h.png has 8 bytes, and a pack refuses images of 8 bytes or less"));
 }
@@ -115,15 +94,15 @@ TEST(FileRules, ImagesThatNoConverterTakes)
     project.Put("g.gif", "neither of them");
     project.Put("h.GIF", GifFile(4, 4));
     const std::string ends = " doesn't end in bmp, gif, jpg or png, so the image can't be converted";
-    EXPECT_THAT(project.Findings(u"image-format"),
+    EXPECT_THAT(project.Findings("image-format"),
                 ElementsAre("demo.res.xml:2 ID_WEBP: the format of the image a.png is WebP, which can't be converted",
                             "demo.res.xml:3 ID_SVG: the format of the image b.svg is SVG, which can't be converted",
                             "demo.res.xml:4 ID_JPEG: the name c.jpeg" + ends,
                             "demo.res.xml:6 ID_PUSH: the name e.img" + ends,
                             "demo.res.xml:7 ID_TIFF: the name f.tif" + ends));
-    EXPECT_THAT(project.Findings(u"file-type"), IsEmpty());
+    EXPECT_THAT(project.Findings("file-type"), IsEmpty());
     EXPECT_THAT(
-        project.Findings(u"image-unreadable"),
+        project.Findings("image-unreadable"),
         ElementsAre("demo.res.xml:8 ID_NOISE: the image g.gif doesn't begin as BMP, GIF, JPEG and PNG files do"));
 }
 
@@ -142,21 +121,15 @@ TEST(FileRules, EqualFilesCountWhereOnePayloadHasBoth)
     project.Put("x.png", PngFile(20, 10));
     project.Put("y.png", PngFile(20, 11));
     project.Put("v.png", PngFile(20, 11));
-    EXPECT_THAT(
-        project.Findings(u"duplicate-file"),
-        ElementsAre(
-            "demo.res.xml:3 ID_B: the file b.bin has the same bytes as a.bin of ID_A; one resource for both saves "
-            "100004 "
-            "bytes",
-            "demo.res.xml:5 ID_D: the file a.bin has the same bytes as a.bin of ID_A; one resource for both saves "
-            "100004 "
-            "bytes",
-            "demo.res.xml:12 ID_X: the file x.png has the same bytes as x.png of ID_Z; one resource for both saves 63 "
-            "bytes",
-            "demo.res.xml:14 ID_ANY: the file v.png has the same bytes as y.png of ID_Y; one resource for both saves "
-            "63 "
-            "bytes"));
-    EXPECT_THAT(project.Findings(u"image-same-everywhere"),
+    const auto same = [](const std::string &place, const char *file, const char *first, const char *bytes) {
+        return "demo.res.xml:" + place + ": the file " + file + " has the same bytes as " + first +
+               "; one resource for both saves " + bytes + " bytes";
+    };
+    EXPECT_THAT(project.Findings("duplicate-file"), ElementsAre(same("3 ID_B", "b.bin", "a.bin of ID_A", "100004"),
+                                                                same("5 ID_D", "a.bin", "a.bin of ID_A", "100004"),
+                                                                same("12 ID_X", "x.png", "x.png of ID_Z", "63"),
+                                                                same("14 ID_ANY", "v.png", "y.png of ID_Y", "63")));
+    EXPECT_THAT(project.Findings("image-same-everywhere"),
                 ElementsAre("demo.res.xml:7 ID_X: all 2 screens have this image with the same bytes; put the image "
                             "into Default once"));
 }
@@ -175,15 +148,15 @@ TEST(FileRules, ImagesAndTheirScreens)
     project.Put("e.png", PngFile(20, 48));
     project.Put("f.png", PngFile(999, 999));
     EXPECT_THAT(
-        project.Findings(u"image-too-large"),
+        project.Findings("image-too-large"),
         ElementsAre("demo.res.xml:5 ID_LARGE: the image c.png has 241 x 320 pixels, more than the screen 240x320"));
     EXPECT_THAT(
-        project.Findings(u"image-size-differs"),
+        project.Findings("image-size-differs"),
         ElementsAre("demo.res.xml:9 ID_ICON: the size 20 x 48 on 320x240 isn't in proportion to 20 x 20 on 240x320"));
-    EXPECT_THAT(project.Findings(u"image-resolution-missing"),
+    EXPECT_THAT(project.Findings("image-resolution-missing"),
                 ElementsAre("demo.res.xml:5 ID_LARGE: there is an image for 240x320, but none for 320x240"));
-    EXPECT_THAT(project.Findings(u"image-resolution-missing", {{240, 320}}), IsEmpty());
-    EXPECT_EQ(project.Findings(u"image-resolution-missing", {{240, 320}, {176, 220}}).size(), 3U);
+    EXPECT_THAT(project.Findings("image-resolution-missing", {{240, 320}}), IsEmpty());
+    EXPECT_EQ(project.Findings("image-resolution-missing", {{240, 320}, {176, 220}}).size(), 3U);
 }
 
 TEST(FileRules, SoundsThatTheDeviceDoesNotPlay)
@@ -193,11 +166,13 @@ TEST(FileRules, SoundsThatTheDeviceDoesNotPlay)
     project.Put("a.wav", WaveFile(1, 1, 8000, 16));
     project.Put("b.wav", WaveFile(17, 2, 44100, 4));
     project.Put("c.wav", WaveFile(1, 1, 8000, 16).first(40));
+    const QByteArray on = "[Severity]\naudio-format=warning\n";
+    project.Put("morvanite-check.ini", on);
     const std::string cut = "demo.res.xml:4 ID_CUT: c.wav: its header is cut off";
-    EXPECT_THAT(project.Findings(u"audio-format"), ElementsAre(cut));
-    project.audio = {.codecs = {1, 2}, .rates = {8000, 16000}, .channels = {1}, .bits = {}};
+    EXPECT_THAT(project.Findings("audio-format"), ElementsAre(cut));
+    project.Put("morvanite-check.ini", on + "[Audio]\ncodec=PCM, 2\nRate=8000, 16000\nchannels=1\n");
     EXPECT_THAT(
-        project.Findings(u"audio-format"),
+        project.Findings("audio-format"),
         ElementsAre("demo.res.xml:3 ID_WRONG: b.wav: the codec is ima-adpcm, not pcm, adpcm; it has 44100 samples "
                     "a second, not 8000, 16000; it has 2 channels, not 1",
                     cut));
@@ -215,7 +190,7 @@ TEST(FileRules, LinesOfTheListsOfFurtherFiles)
     project.Put("demo_res.lst", "a\\chime.mid\n.\\B\\CHIME.MID\r\n.\\b\\zep-2.0\r\n" + fits + "\r\n.\\x" + fits +
                                     "\r\n.\\b\\chime.mid\r\n");
     EXPECT_THAT(
-        project.Findings(u"list-line"),
+        project.Findings("list-line"),
         ElementsAre("demo_res.lst:3 : the name zep-2.0 is reserved for a part of the payload",
                     "demo_res.lst:5 : the line has more than 255 bytes, and the rest is read as the next line",
                     "demo_res.lst:6 : the file name chime.mid is also in line 1; the device finds only one of them",
@@ -261,20 +236,5 @@ TEST(FileRules, PicturesThatAreCutOffOrThatTheConverterDoesNotRead)
             wanted.push_back("demo.res.xml:" + std::to_string(i + 2) + " ID_" + name.first(1).toUpper().toStdString() +
                              ": the image " + name.toStdString() + " can't be read: " + fault);
     }
-    EXPECT_EQ(project.Findings(u"image-unreadable"), wanted);
-}
-
-TEST(FileRules, TheSettingsNameTheFormsOfSounds)
-{
-    const TempFolder folder;
-    folder.Put("morvanite-check.ini",
-               "[Audio]\ncodec=PCM, ima-adpcm, 49\nRate=8000, 16000\nchannels=0\nbits=many\nsize=1\n");
-    std::vector<Finding> findings;
-    const AudioLimits audio = ReadCheckSettings(folder.Path(), findings).audio;
-    EXPECT_THAT(audio.codecs, ElementsAre(1, 17, 49));
-    EXPECT_THAT(audio.rates, ElementsAre(8000, 16000));
-    std::vector<int> lines;
-    for (const Finding &finding : findings)
-        lines.push_back(finding.line);
-    EXPECT_THAT(lines, testing::UnorderedElementsAre(4, 5, 6));
+    EXPECT_EQ(project.Findings("image-unreadable"), wanted);
 }

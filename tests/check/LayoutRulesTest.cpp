@@ -40,11 +40,11 @@ TEST(LayoutRules, TheFindingsOfLayoutsCheck)
 {
     LayoutProject project({R"(<Window name="fine" count="1" />)", R"(<Door />)", R"(<Window colour="1" />)",
                            R"(<Window count="many" />)", R"(<Window src="@ID_NONE" />)", R"(<Window name="fine" />)"});
-    EXPECT_THAT(project.Findings({"layout-class"}), ElementsAre(StartsWith("demo/res/main.xml:4 ID_MAIN: ")));
-    EXPECT_THAT(project.Findings({"layout-property"}), ElementsAre(StartsWith("demo/res/main.xml:5 ID_MAIN: ")));
-    EXPECT_THAT(project.Findings({"layout-value"}), ElementsAre(StartsWith("demo/res/main.xml:6 ID_MAIN: ")));
-    EXPECT_THAT(project.Findings({"layout-reference"}), ElementsAre(StartsWith("demo/res/main.xml:7 ID_MAIN: ")));
-    EXPECT_THAT(project.Findings({"layout-name"}), ElementsAre(StartsWith("demo/res/main.xml:8 ID_MAIN: ")));
+    EXPECT_THAT(project.Findings({"layout-class"}), ElementsAre(StartsWith("main.xml:4 ID_MAIN: ")));
+    EXPECT_THAT(project.Findings({"layout-property"}), ElementsAre(StartsWith("main.xml:5 ID_MAIN: ")));
+    EXPECT_THAT(project.Findings({"layout-value"}), ElementsAre(StartsWith("main.xml:6 ID_MAIN: ")));
+    EXPECT_THAT(project.Findings({"layout-reference"}), ElementsAre(StartsWith("main.xml:7 ID_MAIN: ")));
+    EXPECT_THAT(project.Findings({"layout-name"}), ElementsAre(StartsWith("main.xml:8 ID_MAIN: ")));
     project.screens = {{320, 240}};
     EXPECT_THAT(project.Findings({"layout-class", "layout-name"}), IsEmpty()) << "the other screen isn't checked";
 }
@@ -66,7 +66,6 @@ TEST(LayoutRules, ComponentsBeyondTheirScreen)
                            R"x(<Window name="empty" pos="(900, 900)" size="(0, 0)" anchor="(0, 0)" />)x"});
     EXPECT_THAT(
         project.Findings({"layout-outside"}),
-        ElementsAre(
-            "demo/res/main.xml:4 ID_MAIN: the component \"wide\" is from 0,0 to 241,10, and the screen has 240x320",
-            HasSubstr("demo/res/main.xml:6 ID_MAIN: the component \"moved\" is from -5,0")));
+        ElementsAre("main.xml:4 ID_MAIN: the component \"wide\" is from 0,0 to 241,10, and the screen has 240x320",
+                    HasSubstr("main.xml:6 ID_MAIN: the component \"moved\" is from -5,0")));
 }

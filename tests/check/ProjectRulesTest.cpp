@@ -45,9 +45,9 @@ TEST(LoadRules, EachFaultOfAListBelongsToOneRule)
                            "</APP>\n");
     project.folder.Put("demo/a.bin", "0123456789");
     EXPECT_THAT(project.Findings({"id-conflict"}),
-                ElementsAre("demo/res/demo.res.xml:3 ID_A: <FILE> is left out: another resource has the ID ID_A"));
+                ElementsAre("demo.res.xml:3 ID_A: <FILE> is left out: another resource has the ID ID_A"));
     EXPECT_THAT(project.Findings({"element-dropped"}),
-                ElementsAre(StartsWith("demo/res/demo.res.xml:4 ID_B: <SOUND> is left out")));
+                ElementsAre(StartsWith("demo.res.xml:4 ID_B: <SOUND> is left out")));
     EXPECT_THAT(
         project.Findings({"resolution-unlisted"}),
         ElementsAre(HasSubstr("res.xml:5 : <RESOLUTION> is left out: the list of screen sizes doesn't contain 99x99")));
@@ -62,19 +62,19 @@ TEST(LoadRules, TheFormOfTheStringFile)
     CheckedProject project;
     project.PutStrings(Strings("ID_A|Normal|about|Yes|Oui|Ja\nID_A|Normal|about|Yes|Oh oui\n"));
     EXPECT_THAT(project.Findings({"string-file-form", "id-conflict"}),
-                ElementsAre(StartsWith("demo/res/ref_list_demo.txt:3 ID_A: the text \"Ja\" is left out"),
-                            StartsWith("demo/res/ref_list_demo.txt:4 ID_A: the text \"Oui\" is left out")));
+                ElementsAre(StartsWith("ref_list_demo.txt:3 ID_A: the text \"Ja\" is left out"),
+                            StartsWith("ref_list_demo.txt:4 ID_A: the text \"Oui\" is left out")));
 
     project.PutStrings(Strings("ID_A|Normal|about|Yes|Oui\n", "3"));
     EXPECT_THAT(project.Findings({"string-file-form"}),
-                ElementsAre("demo/res/ref_list_demo.txt:2 : line 1 says that there are 3 languages, but line 2 has 2"));
+                ElementsAre("ref_list_demo.txt:2 : line 1 says that there are 3 languages, but line 2 has 2"));
 
     const QByteArray whole = StringFileBytes(Strings("ID_A|Normal|about|Yes|Oui\n"));
     project.folder.Put("demo/res/ref_list_demo.txt", whole.sliced(2));
     EXPECT_THAT(project.Findings({"string-file-form"}), ElementsAre(HasSubstr("doesn't begin with the bytes FF FE")));
     project.folder.Put("demo/res/ref_list_demo.txt", Strings("ID_A|Normal|about|Yes|Oui\n"));
     EXPECT_THAT(project.Findings({"string-file-form", "project-unreadable"}),
-                ElementsAre("demo/demo.vcproj:0 : the project can't be opened, so nothing else was checked",
+                ElementsAre("demo.vcproj:0 : the project can't be opened, so nothing else was checked",
                             HasSubstr("doesn't begin with the bytes FF FE")));
 }
 
@@ -112,19 +112,19 @@ TEST(SavedFormRules, WhatASaveWouldChange)
     CheckedProject project;
     project.PutStrings(Strings("ID_A|normal|about|Yes|Oui\nID_B|Normal|about|Yes|Oui\n"));
     EXPECT_THAT(project.Findings({"lists-unsaved"}),
-                ElementsAre("demo/res/ref_list_demo.txt:3 : a save would change the file, from this line on"));
+                ElementsAre("ref_list_demo.txt:3 : a save would change the file, from this line on"));
     project.PutStrings(Strings("ID_A|Normal|about|Yes|Oui\n"));
     project.folder.Put("demo/res/demo.res.xml",
                        "<APP id=\"APP_demo\">\n    <RESOLUTION width=\"240\" height=\"320\" class=\"image\" />\n"
                        "  <STRING>res\\ref_list_demo.txt</STRING>\n</APP>\n");
     EXPECT_THAT(project.Findings({"lists-unsaved"}),
-                ElementsAre("demo/res/demo.res.xml:3 : a save would change the file, from this line on"));
+                ElementsAre("demo.res.xml:3 : a save would change the file, from this line on"));
 
     EXPECT_THAT(project.Findings({"header-stale"}), IsEmpty()) << "there is no header that could be out of date";
     ASSERT_TRUE(project.Open()->DoFileSave());
     EXPECT_THAT(project.Findings({"header-stale", "lists-unsaved"}), IsEmpty());
     project.PutStrings(Strings("ID_A|Normal|about|Yes|Oui\nID_B|Normal|about|Yes|Oui\n"));
-    EXPECT_THAT(project.Findings({"header-stale"}), ElementsAre(HasSubstr("demo/ResID/ResID.h:")));
+    EXPECT_THAT(project.Findings({"header-stale"}), ElementsAre(HasSubstr("ResID.h:")));
 }
 
 TEST(IdRules, NamesThatCAndPeopleMisread)
@@ -137,11 +137,11 @@ TEST(IdRules, NamesThatCAndPeopleMisread)
                                "1D|Normal|about|Yes|Oui\n"
                                "Integer|Normal|about|Yes|Oui\n"));
     EXPECT_THAT(project.Findings({"id-invalid"}),
-                ElementsAre("demo/res/ref_list_demo.txt:3 int: this is a keyword of C or C++",
+                ElementsAre("ref_list_demo.txt:3 int: this is a keyword of C or C++",
                             HasSubstr("ref_list_demo.txt:6 ID_É: an ID can have only the letters A to Z"),
                             HasSubstr("ref_list_demo.txt:7 1D: an ID has 1 to 64 letters")));
     EXPECT_THAT(project.Findings({"id-case"}),
-                ElementsAre("demo/res/ref_list_demo.txt:5 integer: the ID differs from Integer only in case"));
+                ElementsAre("ref_list_demo.txt:5 integer: the ID differs from Integer only in case"));
 }
 
 TEST(IdRules, SourcesAndLayoutsUseIds)
@@ -165,9 +165,9 @@ TEST(IdRules, SourcesAndLayoutsUseIds)
     project.folder.Put("demo/src/.hidden/a.c", "ID_HIDDEN\n");
     project.folder.Put("app/ResID.h", "int a = ID_UNUSED;\n");
     EXPECT_THAT(project.Findings({"id-unused"}),
-                ElementsAre("demo/morvanite-check.ini:2 : section Sources, key files: no file matches \"none/*.c\"",
-                            "demo/res/demo.res.xml:3 ID_UNUSED: no source file and no layout uses the ID",
-                            "demo/res/main.xml:2 ID_MAIN: no source file and no layout uses the ID"));
+                ElementsAre("morvanite-check.ini:2 : section Sources, key files: no file matches \"none/*.c\"",
+                            "demo.res.xml:3 ID_UNUSED: no source file and no layout uses the ID",
+                            "main.xml:2 ID_MAIN: no source file and no layout uses the ID"));
     const std::vector<Finding> all = project.Check();
     const auto gone = std::find_if(all.begin(), all.end(), [](const Finding &f) { return f.id == u"ID_GONE"; });
     ASSERT_NE(gone, all.end());

@@ -2,7 +2,6 @@
 """What the check says of pictures, compared with ImageMagick. Usage: headers_test.py MORVANITE-CLI"""
 
 import json
-import os
 import pathlib
 import random
 import re
@@ -10,13 +9,13 @@ import shutil
 import struct
 import subprocess
 import sys
-import tempfile
 import unittest
 import zlib
 
-CLI = os.path.abspath(sys.argv[1])
-CONFIG = (b'<config><resolution><Width>1</Width><Height>1</Height></resolution>'
-          b'<zxa><zepversion>20</zepversion></zxa></config>')
+sys.path[:0] = [str(pathlib.Path(__file__).parents[1] / folder) for folder in ('cli', 'tools')]
+from demo import DemoProject  # noqa: E402
+from pictures import chunk  # noqa: E402
+
 # What ImageMagick makes of a gradient: the options, and the file with the prefix for the form.
 FORMS = [('-type TrueColor', 'png24:a.png'), ('-type Palette -colors 7', 'png8:b.png'), ('', 'png32:c.png'),
          ('', 'png48:d.png'), ('-interlace PNG', 'png:e.png'), ('-colorspace gray -depth 1', 'png:f.png'),
@@ -27,10 +26,6 @@ FORMS = [('-type TrueColor', 'png24:a.png'), ('-type Palette -colors 7', 'png8:b
          ('-colorspace gray', 'jpg:s.jpg'), ('-colorspace CMYK', 'jpg:t.jpg'), ('-set comment %s' % ('x' * 65000), 'jpg:u.jpg'),
          ('-set comment %s' % ('x' * 65000), 'png:v.png'), ('-set comment %s' % ('x' * 65000), 'gif:w.gif')]
 SIZES = [(2, 1), (37, 91), (700, 3)]
-
-
-def png_chunk(kind, data):
-    return struct.pack('>I', len(data)) + kind + data + struct.pack('>I', zlib.crc32(kind + data))
 
 
 def predicted(kind, left, above, corner):
@@ -49,29 +44,22 @@ def png(rows, channels, filter_of_row):
                                       for x, value in enumerate(row))
         above = row
     header = struct.pack('>IIBBBBB', len(rows[0]), len(rows), 8, {2: 4, 4: 6}[channels], 0, 0, 0)
-    return (b'\x89PNG\r\n\x1a\n' + png_chunk(b'IHDR', header) + png_chunk(b'IDAT', zlib.compress(data)) +
-            png_chunk(b'IEND', b''))
+    return (b'\x89PNG\r\n\x1a\n' + chunk(b'IHDR', header) + chunk(b'IDAT', zlib.compress(data)) +
+            chunk(b'IEND', b''))
 
 
-class CheckedPictures(unittest.TestCase):
-    def setUp(self):
-        self.dir = pathlib.Path(tempfile.mkdtemp())
-        self.addCleanup(shutil.rmtree, self.dir, ignore_errors=True)
-        for name, content in {'bin/Morvanite.ini': b'[Path]\nreso_set=sizes.ini\n', 'config.xml': CONFIG,
-                              'bin/sizes.ini': b'[Resolution]\n1x1\n'}.items():
-            (self.dir / name).parent.mkdir(exist_ok=True)
-            (self.dir / name).write_bytes(content)
-        (self.dir / 'res').mkdir()
-
+class CheckedPictures(DemoProject):
     def findings(self, elements, *rules):
-        """The texts of the findings by ID."""
+        """The texts of the findings by ID, on a screen of one pixel."""
+        (self.dir / 'bin').mkdir(exist_ok=True)
+        (self.dir / 'bin/Morvanite.ini').write_text('[Path]\nreso_set=sizes.ini\n')
+        (self.dir / 'bin/sizes.ini').write_text('[Resolution]\n1x1\n')
+        self.env['MORVANITE_PROGRAM_DIR'] = str(self.dir / 'bin')
         (self.dir / 'res/demo.res.xml').write_text('<APP>\n' + '\n'.join(elements) + '\n</APP>\n')
-        env = dict(os.environ, MORVANITE_PROGRAM_DIR=str(self.dir / 'bin'), XDG_CONFIG_HOME=str(self.dir / 'none'))
-        command = [CLI, 'check', 'demo.vcproj', '--format', 'json', '--fail-on', 'never']
-        done = subprocess.run(command + [f'--rule={rule}' for rule in rules], cwd=self.dir, env=env, timeout=120,
-                              stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False)
-        self.assertEqual((done.returncode, done.stderr), (0, b''))
-        return {finding.get('id'): finding['text'] for finding in json.loads(done.stdout)['findings']}
+        status, out, err = self.run_cli('check', self.project, '--format', 'json', '--fail-on', 'never',
+                                        *(f'--rule={rule}' for rule in rules))
+        self.assertEqual((status, err), (0, ''))
+        return {finding.get('id'): finding['text'] for finding in json.loads(out)['findings']}
 
     def make(self, *arguments):
         subprocess.run(['convert', *arguments], cwd=self.dir, check=True, timeout=60)
@@ -142,5 +130,4 @@ class CheckedPictures(unittest.TestCase):
 
 
 if __name__ == '__main__':
-    sys.argv[1:] = sys.argv[2:]
-    unittest.main()
+    unittest.main(argv=sys.argv[:1])

@@ -13,10 +13,11 @@ import re
 import shutil
 import subprocess
 import sys
-import tempfile
 import unittest
 
-CLI = sys.argv.pop()
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / 'cli'))
+from demo import DemoProject  # noqa: E402
+
 PLACEHOLDERS = ('%d', '%i', '%u', '%x', '%ld', '%hhd', '%zu', '%f', '%.2lf', '%Lf', '%c', '%s', '%-8s', '%p', '%*d', '%.*f', '%%',
                 '%02d', '%+d', '%1$d', '%2$d', '%1$s', '%2$s', '%1$*2$d', '%', '%!', '%y', '')
 
@@ -30,25 +31,15 @@ def pairs():
         yield f'{source};', f'{rng.choice((source, text))};'
 
 
-class Printf(unittest.TestCase):
-    def setUp(self):
-        self.dir = pathlib.Path(tempfile.mkdtemp())
-        self.addCleanup(shutil.rmtree, self.dir, ignore_errors=True)
-
+class Printf(DemoProject):
     def found_by_check(self, texts):
-        (self.dir / 'res').mkdir()
-        (self.dir / 'demo.vcproj').touch()
-        (self.dir / 'config.xml').write_text('<config><resolution><Width>240</Width><Height>320</Height></resolution>'
-                                             '<zxa><zepversion>20</zepversion></zxa></config>')
-        (self.dir / 'res/demo.res.xml').write_text('<APP id="APP_demo"><STRING>res\\ref_list_demo.txt</STRING></APP>')
         (self.dir / 'morvanite-check.ini').write_text('[Check]\nplaceholders=printf\n')
         rows = ['Number of Language\t2', 'String ID\tResource Type\tDescription\tEnglish(0)\tFrench(6)']
         rows += [f'ID_{i}\tNormal\t\t{source}\t{text}' for i, (source, text) in enumerate(texts)] + [f'##number\t{len(texts)}']
         (self.dir / 'res/ref_list_demo.txt').write_bytes('\r\n'.join(rows + ['']).encode('utf-16'))
-        done = subprocess.run((CLI, 'check', self.dir / 'demo.vcproj', '--rule', 'placeholder-mismatch', '--format', 'json'),
-                              stdout=subprocess.PIPE, check=False)
-        self.assertEqual(done.returncode, 1)
-        return {int(finding['id'][3:]) for finding in json.loads(done.stdout)['findings']}
+        status, out, _ = self.run_cli('check', self.project, '--rule', 'placeholder-mismatch', '--format', 'json')
+        self.assertEqual(status, 1)
+        return {int(finding['id'][3:]) for finding in json.loads(out)['findings']}
 
     def found_by_msgfmt(self, texts):
         """What msgfmt says of each pair that it says anything of, by number."""
@@ -77,4 +68,4 @@ class Printf(unittest.TestCase):
 
 
 if __name__ == '__main__':
-    unittest.main()
+    unittest.main(argv=sys.argv[:1])
