@@ -31,21 +31,20 @@ class Begin(DemoProject):
         return done[1], done[2]
 
     def test_a_new_project_loads_checks_clean_and_is_as_a_save_writes_it(self):
-        layouts = self.dir / 'with layouts/morvanite/Morvanite.ini'
-        layouts.parent.mkdir(parents=True)
-        layouts.write_text('[Layout]\nfolders=1\n')
-        for options in ((), ('--git', 'text'), ('--git', 'none'), ('--cmake',), ('--settings', layouts.parents[1])):
+        for options in ((), ('--git', 'text'), ('--git', 'none'), ('--cmake',), ('with layouts',)):
             with self.subTest(options):
+                if options == ('with layouts',):
+                    self.put_settings('[Layout]\nfolders=1\n')
+                    options = ()
                 out, err = self.init(*options)
                 before = hashes(self.new)
                 self.assertEqual({line[12:] for line in out.splitlines() if line.startswith('made ')}, set(before))
                 self.assertEqual((err, len(out.split('\nNext:\n')[1].splitlines())), ('', 3))
-                settings = options if '--settings' in options else ()
-                status, out, err = self.run_cli('load', self.vcproj, *settings)
+                status, out, err = self.run_cli('load', self.vcproj)
                 self.assertEqual((status, err), (0, ''))
                 self.assertIn('[app] open - 0 error(s), 0 warning(s)', out)
-                self.assertEqual(self.run_cli('check', self.vcproj, '--fail-on', 'note', *settings), (0, '', ''))
-                self.assertEqual(self.run_cli('save', self.vcproj, *settings)[::2], (0, ''))
+                self.assertEqual(self.run_cli('check', self.vcproj, '--fail-on', 'note'), (0, '', ''))
+                self.assertEqual(self.run_cli('save', self.vcproj)[::2], (0, ''))
                 after = hashes(self.new)
                 self.assertIsNotNone(after.pop('ResID/ResID.h'))
                 self.assertEqual(before, after)
@@ -103,13 +102,13 @@ class Begin(DemoProject):
     def test_add_gives_the_ids_of_the_window(self):
         for name in ('Sun 1.png', 'sun_1.png', 'chime.WAV', 'data.bin'):
             (self.dir / name).write_bytes(name.encode())
-        before = hashes(self.dir)
+        before = self.state()
         arguments = ('add', self.project, 'Sun 1.png', 'sun_1.png', 'chime.WAV', 'data.bin')
         out = ('new\tID_IMAGE_SUN_1\t.\\Sun 1.png\nnew\tID_IMAGE_SUN_11\t.\\sun_1.png\n'
                'new\tID_AUDIO_CHIME\t.\\chime.WAV\nnew\tID_FILE_DATA\t.\\data.bin\n')
         note = f'morvanite-cli: {self.dir}/sun_1.png: the ID ID_IMAGE_SUN_1 is taken, so this file has ID_IMAGE_SUN_11; --id gives another ID to a file that is added alone\n'
         self.assertEqual(self.run_cli(*arguments, '--dry-run'), (0, out, note))
-        self.assertEqual(hashes(self.dir), before)
+        self.assertEqual(self.state(), before)
         self.assertEqual(self.run_cli(*arguments, '-q'), (0, '', note))
         self.assertEqual(self.run_cli(*arguments), (0, out.replace('new', 'same'), ''))
         out = 'new\tID_A\t.\\Sun 1.png\n'
@@ -126,7 +125,7 @@ class Begin(DemoProject):
         (self.dir / 'new.png').write_bytes(b'new')
         (self.dir / 'two  blanks.png').write_bytes(b'new')
         (self.dir / 'res/sun.png').write_bytes(b'another')
-        before = hashes(self.dir)
+        before = self.state()
         for arguments, status, reason in (
                 ((outside,), 1, 'outside of the project'), ((outside, '--copy'), 1, 'exists and is another file'),
                 (('res',), 1, 'folder'), (('none.png',), 1, 'not found'), (('two  blanks.png',), 1, 'two blanks in a row'), (('tune.mp3', '--resolution', '240x320'), 1, 'only for pictures'),
@@ -136,7 +135,7 @@ class Begin(DemoProject):
                 self.run_cli('add', self.project, *arguments)
             self.assertEqual(done[:2], (status, ''), arguments)
             self.assertIn(reason, done[2])
-            self.assertEqual(hashes(self.dir), before, arguments)
+            self.assertEqual(self.state(), before, arguments)
         status, out, _ = self.run_cli('add', self.project, outside, '--copy', '--resolution', '176x220')
         copy = self.dir / 'res/176x220/sun.png'
         self.assertEqual((status, out), (0, 'copied\t%s\t%s\nnew\tID_IMAGE_SUN\t.\\res\\176x220\\sun.png\n' % (outside, copy)))
@@ -162,7 +161,7 @@ class Begin(DemoProject):
             {'language': 0, 'name': 'English', 'text': ''}, {'language': 8, 'name': 'German', 'text': 'Größe "ß"'}]})
 
     def test_a_text_that_cannot_be_set_changes_nothing(self):
-        before = hashes(self.dir)
+        before = self.state()
         for arguments, status, reason in (
                 (('ID_X', '--language', 'de', 'x'), 2, 'has "English"'), (('ID_X', '--language', 'en', 'x', 'y'), 2, '2 texts for 1'),
                 (('ID_X', '--language', 'en', '--language', '0', 'x', 'y'), 2, 'a text of this language already'),
@@ -175,19 +174,19 @@ class Begin(DemoProject):
                          (0, 'same\tID_STRING_HI\tEnglish\tHi\n', ''))
         self.assertEqual(self.run_cli('strings', 'add-language', self.project, 'Klingon')[:2], (2, ''))
         self.assertEqual(self.run_cli('strings', 'list', self.project, '--language', 'de')[:2], (2, ''))
-        self.assertEqual(hashes(self.dir), before)
+        self.assertEqual(self.state(), before)
 
     def test_a_project_that_would_lose_something_is_not_changed(self):
         listing = self.dir / 'res/demo.res.xml'
         listing.write_bytes(listing.read_bytes().replace(b'</APP>', b'<NEWS>.\\lost.bin</NEWS></APP>'))
-        before = hashes(self.dir)
+        before = self.state()
         for arguments in (('add', self.project, 'app.axf'), ('strings', 'add-language', self.project, 'de'),
                           ('strings', 'set', self.project, 'ID_X', '--language', 'en', 'x')):
             status, out, err = self.run_cli(*arguments)
             self.assertEqual((status, out), (1, ''))
             self.assertIn('res/demo.res.xml:5: ', err)
             self.assertIn('nothing is changed', err)
-        self.assertEqual(hashes(self.dir), before)
+        self.assertEqual(self.state(), before)
 
 
 if __name__ == '__main__':

@@ -79,19 +79,13 @@ class Cli(DemoProject):
         status, out, err = self.run_cli('save', self.project)
         self.assertEqual((status, out), (0, '[demo] save - 0 error(s), 0 warning(s)\r\n\r\n\r\nsave done\r\n'))
         self.assertIn('kept in ' + str(self.dir / 'state/morvanite/kept/demo-'), err)
+        self.assertIn('Warning 1: unknown XML tag [NEWS] discarded (Line 6).', err)
         self.assertNotIn(b'lost.bin', listing.read_bytes())
         self.assertRegex(self.run_cli('kept', 'demo.vcproj')[1], r'(?m)^1\t[-:T0-9]+\t.*/res/demo\.res\.xml$')
         status, out, _ = self.run_cli('kept', self.project, '--restore', '1')
         self.assertEqual((status, listing.read_bytes()), (0, before))
         self.assertRegex(out, 'are kept in .*/2$')
         self.assertEqual(self.run_cli('kept', self.project, '--restore', '7')[0], 1)
-
-    def test_save_fails_if_the_numbers_overflow(self):
-        names = ''.join(f'<FILE id="ID_{i}" type="Push">.\\a.mp3</FILE>' for i in range(1001))
-        (self.dir / 'res/demo.res.xml').write_text(f'<APP>{names}</APP>')
-        status, _, err = self.run_cli('save', self.project)
-        self.assertEqual(status, 1)
-        self.assertIn('failed to generate header files', err)
 
     def test_pack_prints_every_phase_and_inspect_reads_the_result(self):
         status, out, err = self.run_cli(*self.to_pack, '--convert-images', '1', '--depfile', 'deps')
@@ -170,25 +164,16 @@ class Cli(DemoProject):
         version = json.loads(self.run_cli('--describe')[1])['release']  # from CMakeLists.txt
         self.assertEqual(self.run_cli('-V'), self.run_cli('--version'))
         self.assertEqual(self.run_cli('--version')[:2], (0, 'morvanite-cli %s\n' % version))
-        for command in ('load', 'save', 'pack', 'ids', 'inspect', 'strings', 'layouts', 'kept', 'serve'):
-            self.assertEqual(self.run_cli(command, '--help')[0], 0)
-            self.assertIn(command, self.run_cli('--help')[1])
-
-    def use_layouts(self, content, catalogue='catalogue.xml'):
-        settings = self.dir / 'none/morvanite/Morvanite.ini'
-        settings.parent.mkdir(parents=True, exist_ok=True)
-        settings.write_text(f'[Layout]\nfolders=1\ncatalogue={catalogue}\n')
-        (self.dir / 'res/screens.xml').write_text(content)
-        listing = self.dir / 'res/demo.res.xml'
-        listing.write_text(listing.read_text().replace('class="image">', 'class="image layout"><LAYOUT>res\\screens.xml</LAYOUT>'))
 
     def test_lists_and_checks_layouts(self):
         status, _, err = self.run_cli('layouts', self.project)
         self.assertEqual(status, 1)
         self.assertIn('set folders=1', err)
-        self.use_layouts('<TarvoXML>\n<Layout id="ID_START">\n<Screen name="start" background="@ID_IMAGE_LOGO">\n'
-                         '<Label pos="(1,2)" name="hi" text="@ID_STRING_HI">\n<TextStyle prop="textStyle" font="large"/></Label>\n'
-                         '<Panel/></Screen></Layout></TarvoXML>')
+        self.put_settings('[Layout]\nfolders=1\ncatalogue=catalogue.xml\n')
+        layouts = ('<TarvoXML>\n<Layout id="ID_START">\n<Screen name="start" background="@ID_IMAGE_LOGO">\n'
+                   '<Label pos="(1,2)" name="hi" text="@ID_STRING_HI">\n<TextStyle prop="textStyle" font="large"/></Label>\n'
+                   '<Panel/></Screen></Layout></TarvoXML>')
+        self.put_layouts(layouts)
         self.assertEqual(self.run_cli('layouts', self.project),
                          (0, '240x320 ID_START\n  Screen "start" background="@ID_IMAGE_LOGO"\n'
                              '    Label "hi" pos="(1,2)" text="@ID_STRING_HI"\n'
@@ -196,25 +181,17 @@ class Cli(DemoProject):
         self.assertEqual(self.run_cli('layouts', self.project, '--check'), (0, '', ''))
         layout, = json.loads(self.run_cli('layouts', self.project, '--json')[1])['layouts']
         self.assertEqual((layout['resolution'], layout['id'], layout['file']), ('240x320', 'ID_START', 'res/screens.xml'))
-        label = layout['components'][0]['components'][0]
-        self.assertEqual((label['class'], label['name'], label['properties']['pos']), ('Label', 'hi', '(1,2)'))
-        self.assertEqual(label['components'][0]['member'], 'textStyle')
-
-    def test_the_check_of_layouts_names_file_and_line(self):
-        wrong = ('<TarvoXML>\n<Layout id="ID_START">\n<Screen background="@ID_STRING_HI" colour="x">\n'
-                 '<Label pos="1,2" text="@ID_START"/></Screen></Layout></TarvoXML>')
-        self.use_layouts(wrong)
+        self.put_layouts(layouts.replace('@ID_STRING_HI', '@ID_START').replace('(1,2)', '1,2'))
         self.assertEqual(self.run_cli('layouts', self.project, '--check'),
-                         (1, 'res/screens.xml, line 3: "ID_STRING_HI" is not an image\n'
-                             'res/screens.xml, line 3: "Screen" has no property "colour"\n'
-                             'res/screens.xml, line 4: the value "1,2" of "pos" is not of the type ZulPoint\n'
+                         (1, 'res/screens.xml, line 4: the value "1,2" of "pos" is not of the type ZulPoint\n'
                              'res/screens.xml, line 4: "ID_START" is not a string\n', ''))
         (self.dir / 'bad.xml').write_text('<catalogue version="1">\n<class name="A" base="B"/></catalogue>')
-        self.use_layouts(wrong.replace('ID_STRING_HI', 'ID_NOBODY').replace('</Layout>', ''), self.dir / 'bad.xml')
+        self.put_settings(f'[Layout]\nfolders=1\ncatalogue={self.dir}/bad.xml\n')
+        self.put_layouts(layouts.replace('</Layout>', ''))
         status, out, _ = self.run_cli('layouts', self.project, '--check')
         self.assertEqual(status, 1)
         self.assertIn('bad.xml, line 2: unknown base "B"\n', out)
-        self.assertIn('screens.xml, line 4: this is not well-formed XML', out)
+        self.assertIn('screens.xml, line 6: this is not well-formed XML', out)
         self.assertEqual(self.run_cli('layouts', self.project)[:2], (1, ''))
 
     def test_exports_and_imports_strings_and_a_dry_run_changes_nothing(self):
@@ -245,10 +222,6 @@ class Cli(DemoProject):
         status, _, err = self.run_cli('strings', 'import', self.project, name)
         self.assertTrue(status == 1 and 'so nothing is saved; fix ID_TWO (English)' in err, err)
         self.assertEqual(strings.read_bytes(), after)
-        (self.dir / 'cut.csv').write_text('"')
-        status, out, err = self.run_cli('strings', 'import', self.project, 'cut.csv')
-        self.assertEqual(status, 1)
-        self.assertTrue(out.startswith('Error 1: failed to import from Excel.\r\n') and 'cut.csv: line 1: ' in err, out + err)
         strings.write_bytes(after.decode('utf-16').replace('ID_NEW', 'ID_IMAGE_LOGO').encode('utf-16'))
         status, out, err = self.run_cli('strings', 'import', self.project, name)
         self.assertTrue((status, out) == (1, '') and 'ID conflicts' in err and 'nothing is imported' in err, out + err)
@@ -268,19 +241,6 @@ class Cli(DemoProject):
             self.assertEqual(status, 1)
             self.assertTrue(out.endswith(f'\r\n\r\npack done\r\n\r\n### error {code} ###\r\n'), out)
             self.assertTrue(f'morvanite-cli: the pack failed with {code}: ' in err and words in err, err)
-
-    def test_save_reports_omitted_content_on_standard_error(self):
-        (self.dir / 'res/demo.res.xml').write_text('<APP><NEWS/></APP>')
-        status, out, err = self.run_cli('save', self.project)
-        self.assertEqual((status, out), (0, '[demo] save - 0 error(s), 0 warning(s)\r\n\r\n\r\nsave done\r\n'))
-        self.assertIn('Warning 1: unknown XML tag [NEWS] discarded (Line 2).', err)
-
-    def test_a_path_may_be_longer_than_a_message_of_the_channel(self):
-        deep = self.dir / ('deep' * 40) / ('deep' * 40)
-        (deep / 'res').mkdir(parents=True)
-        (deep / 'config.xml').write_bytes((self.dir / 'config.xml').read_bytes())
-        (deep / 'res/demo.res.xml').write_text('<APP/>')
-        self.assertEqual(self.run_cli('load', str(deep / 'demo.vcproj'))[0], 0)
 
     def test_a_closed_or_full_output_does_not_stop_work_on_files(self):
         reader, writer = os.pipe()

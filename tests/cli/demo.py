@@ -64,6 +64,22 @@ class DemoProject(unittest.TestCase):
     def run_cli(self, *arguments, **options):
         return self.run_program(CLI, *arguments, **options)
 
+    def state(self):
+        """Every file of the folder, with its time and its bytes."""
+        return {str(path): (path.stat().st_mtime_ns, path.read_bytes()) for path in self.dir.rglob('*') if path.is_file()}
+
+    def put_settings(self, text):
+        """Writes the user's settings."""
+        settings = self.dir / 'none/morvanite/Morvanite.ini'
+        settings.parent.mkdir(parents=True, exist_ok=True)
+        settings.write_text(text)
+
+    def put_layouts(self, content):
+        """Makes this the layout file of the project's screen."""
+        (self.dir / 'res/screens.xml').write_text(content)
+        listing = self.dir / 'res/demo.res.xml'
+        listing.write_text(listing.read_text().replace('class="image">', 'class="image layout"><LAYOUT>res\\screens.xml</LAYOUT>'))
+
     def serve(self):
         """Starts a server and waits until it listens."""
         server = subprocess.Popen([CLI, 'serve'], env=self.env, stdin=subprocess.DEVNULL, stderr=subprocess.PIPE)

@@ -5,39 +5,29 @@ import pathlib
 import random
 import re
 import shutil
-import struct
+import sys
 import unittest
-import zlib
 
-from demo import CLI, FILES, DemoProject
+from demo import FILES, DemoProject
+
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / 'tools'))
+from pictures import bmp, png  # noqa: E402
 
 SAMPLE = pathlib.Path(__file__).parents[2] / 'sample'
 
 
-def chunk(kind, data):
-    return struct.pack('>I', len(data)) + kind + data + struct.pack('>I', zlib.crc32(kind + data))
-
-
-def png(chance, width, height):
-    """Returns a picture of random type: grey, colours, or colours with an alpha channel that is perhaps opaque."""
-    kind, size = chance.choice([(0, 1), (2, 3), (6, 4)])
-    opaque = chance.random() < 0.5
-    pixel = lambda: bytes(chance.randrange(256) for _ in range(min(size, 3))) + (b'\xff' if opaque else chance.choice([b'\xff', b'\x07'])) * (size == 4)
-    rows = b''.join(b'\0' + b''.join(pixel() for _ in range(width)) for _ in range(height))
-    return (b'\x89PNG\r\n\x1a\n' + chunk(b'IHDR', struct.pack('>IIBBBBB', width, height, 8, kind, 0, 0, 0)) +
-            chunk(b'IDAT', zlib.compress(rows)) + chunk(b'IEND', b''))
-
-
-def bmp(chance, width, height):
-    row = (width * 3 + 3) // 4 * 4
-    return (struct.pack('<2sIII', b'BM', 54 + row * height, 0, 54) +
-            struct.pack('<IiiHHIIiiII', 40, width, height, 1, 24, 0, 0, 0, 0, 0, 0) + chance.randbytes(row * height))
+def random_picture(chance):
+    """Returns a grey PNG, one of colours, one with an alpha channel that is perhaps opaque, or a BMP, and its extension."""
+    width, height = chance.randrange(1, 40), chance.randrange(1, 40)
+    kind, channels = chance.choice([(0, 1), (2, 3), (6, 4), (None, 3)])
+    if kind is None:
+        return bmp(width, height, 24, chance.randbytes((width * 3 + 3) // 4 * 4 * height)), 'bmp'
+    alphas = chance.choice([(255,), (255, 7)])
+    return png([[(*chance.choices(range(256), k=min(channels, 3)), chance.choice(alphas))[:channels] for _ in range(width)]
+                for _ in range(height)], kind), 'png'
 
 
 class DryRun(DemoProject):
-    def state(self):
-        return {path: (path.stat().st_mtime_ns, path.is_file() and path.read_bytes()) for path in self.dir.rglob('*')}
-
     def dry_run(self, *options):
         """Returns the exit status, the sizes by name, and the errors."""
         before = self.state()
@@ -91,8 +81,8 @@ class DryRun(DemoProject):
             chance = random.Random(seed)
             lines = []
             for n in range(chance.randrange(12)):
-                make, kind = chance.choice([(png, 'png'), (bmp, 'bmp')])
-                (self.dir / f'p{n}.{kind}').write_bytes(make(chance, chance.randrange(1, 40), chance.randrange(1, 40)))
+                picture, kind = random_picture(chance)
+                (self.dir / f'p{n}.{kind}').write_bytes(picture)
                 lines.append(f'<IMAGE id="ID_IMAGE_{n}" type="{chance.choice(["Push", "Normal"])}">.\\p{n}.{kind}</IMAGE>')
             files = chance.randrange(5)
             for n in range(files):
@@ -105,9 +95,7 @@ class DryRun(DemoProject):
                 FILES['res/ref_list_demo.txt'].decode('utf-16').replace('ID_STRING_HI', texts + 'ID_STRING_HI').encode('utf-16'))
             (self.dir / 'demo_res.lst').write_text('.\\app.axf\r\n.\\logo.png\r\n')
             (self.dir / 'app.axf').write_bytes(FILES['app.axf'] + bytes(seed))
-            settings = self.dir / 'none/morvanite/Morvanite.ini'
-            settings.parent.mkdir(parents=True, exist_ok=True)
-            settings.write_text(f'[ResID]\nrelativeoffset={seed % 2}\n')
+            self.put_settings(f'[ResID]\nrelativeoffset={seed % 2}\n')
             for target, convert in (('axf', str(seed % 2)), ('dll', '1')):
                 self.assert_sizes_are_those_of_a_pack(self.project, '--input', 'app.axf', '--target', target,
                                                       '--resolution', '240x320', '--convert-images', convert)

@@ -8,9 +8,6 @@ from demo import CLI, DemoProject
 
 
 class Strict(DemoProject):
-    def state(self):
-        return {str(path): (path.stat().st_mtime_ns, path.read_bytes()) for path in self.dir.rglob('*') if path.is_file()}
-
     def change(self, name, old, new, encoding='utf-8'):
         file = self.dir / name
         text = file.read_bytes().decode(encoding)

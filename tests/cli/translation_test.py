@@ -5,7 +5,6 @@
 import json
 import os
 import pathlib
-import re
 import shutil
 import subprocess
 import unittest
