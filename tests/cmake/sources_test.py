@@ -13,14 +13,13 @@ import sys
 import tempfile
 import unittest
 
-CLI, REPOSITORY, GENERATOR = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2]), sys.argv[3]
-NOBODY = 65534
+REPOSITORY, GENERATOR = os.path.abspath(sys.argv[2]), sys.argv[3]
+sys.path.insert(0, REPOSITORY + '/tests/cli')
+from demo import CLI, FILES  # noqa: E402
 
-LIST = ('<APP id="APP_demo">\n<IMAGE id="ID_IMAGE_LOGO" type="Normal">.\\logo.png</IMAGE>\n'
-        '<RESOLUTION width="240" height="320" class="image">\n<IMAGE id="ID_IMAGE_OWN" type="Normal">.\\logo.png</IMAGE>\n'
-        '</RESOLUTION>\n<STRING>res\\ref_list_demo.txt</STRING>\n</APP>\n')
-STRINGS = ('Number of Language\t1\r\nString ID\tResource Type\tDescription\tEnglish(0)\r\n'
-           'ID_STRING_HI\tNormal\tgreeting\tHi\r\n##number\t1\r\n')
+NOBODY = 65534
+LIST = FILES['res/demo.res.xml'].decode()
+STRINGS = FILES['res/ref_list_demo.txt'].decode('utf-16')
 BUILD = '''cmake_minimum_required(VERSION 3.20)
 project(Demo LANGUAGES C)
 find_package(Morvanite 1.0 REQUIRED PATHS "{repository}")
@@ -38,14 +37,11 @@ class Sources(unittest.TestCase):
         self.user = {}
         (self.app / 'res').mkdir(parents=True)
         (self.app / 'settings/morvanite').mkdir(parents=True)
-        shutil.copy(pathlib.Path(REPOSITORY, 'sample/art/AppLogo.png'), self.app / 'logo.png')
+        for name, content in FILES.items():
+            (self.app / name).write_bytes(content)
         self.put('demo.vcproj', '')
         self.put('main.c', '#include "ResID.h"\nint main(void) { return ID_STRING_HI == 0; }\n')
-        self.put('config.xml', '<config><resolution><Width>240</Width><Height>320</Height></resolution>'
-                               '<zxa><zepversion>20</zepversion></zxa></config>')
         self.put('settings/morvanite/Morvanite.ini', '[Application]\n')
-        self.put('res/demo.res.xml', LIST)
-        self.put('res/ref_list_demo.txt', STRINGS, 'utf-16')
         self.put('CMakeLists.txt', BUILD.format(repository=REPOSITORY, size='240x320'))
 
     def put(self, name, text, encoding='utf-8'):
@@ -89,7 +85,7 @@ class Sources(unittest.TestCase):
         for folder in ('one', 'two'):
             self.assertEqual(self.configure(folder)[0], 0)
             self.assertEqual(self.steps(folder), ['Building C', 'Linking C', 'Numbering the', 'Packing the'])
-        self.put('res/demo.res.xml', LIST.replace('ID_IMAGE_OWN', 'ID_IMAGE_MINE'))
+        self.put('res/demo.res.xml', LIST.replace('ID_IMAGE_LOGO', 'ID_IMAGE_MINE'))
         for folder in ('one', 'two'):
             self.assertNotEqual(self.steps(folder), [])
         for folder in ('one', 'two', 'one'):

@@ -122,10 +122,13 @@ inline std::string ReadEverythingAt(const ExactBytes &memory, std::uint32_t base
     morvanite_item item;
     for (std::uint32_t i = 0; i < 16 && morvanite_item_at(&payload, i, &item) != MORVANITE_NOT_FOUND; ++i)
         if (MORVANITE_IS_LANGUAGE(item.key))
-            for (std::uint32_t at = 4; at + 8 <= item.size && at < 4 + 8 * 16; at += 8)
-                ReadText(payload, item.key & 0xFFFFU,
-                         item.data[at] | std::uint32_t{item.data[at + 1]} << 8 |
-                             std::uint32_t{item.data[at + 2]} << 16 | std::uint32_t{item.data[at + 3]} << 24);
+            for (std::uint32_t at = 4; at + 8 <= item.size && at < 4 + 8 * 16; at += 8) {
+                const std::uint32_t id = item.data[at] | std::uint32_t{item.data[at + 1]} << 8 |
+                                         std::uint32_t{item.data[at + 2]} << 16 |
+                                         std::uint32_t{item.data[at + 3]} << 24;
+                for (const std::uint32_t wanted : {id, id + 1}) // the second is often absent
+                    ReadText(payload, item.key & 0xFFFFU, wanted);
+            }
     return text + ReadTable(payload, &morvanite_payload::items, &morvanite_item::key, &morvanite_item::data,
                             &morvanite_item::size, morvanite_item_at, morvanite_find_item, ShowItem);
 }

@@ -27,34 +27,13 @@ using Texts = std::map<QString, std::map<qint32, QString>>;
 
 QString AnyText()
 {
-    static const std::vector<QString> PIECES = {u"a"_s,
-                                                u" "_s,
-                                                u"\""_s,
-                                                u"\\"_s,
-                                                u"\\n"_s,
-                                                u"%s"_s,
-                                                u"é"_s,
-                                                u"中"_s,
-                                                u"\U0001F600"_s,
-                                                u"<b>"_s,
-                                                u"&lt;"_s,
-                                                u"]]>"_s,
-                                                u"\u2028"_s,
-                                                u"\u00A0"_s,
-                                                u"#~ "_s,
-                                                u"msgid"_s,
-                                                u"\uFEFF"_s,
-                                                u"'"_s,
-                                                u"\v"_s,
-                                                u"\x7F"_s,
-                                                u"{0}"_s,
-                                                u"max-length: 3"_s,
-                                                QString(QChar(0xD800)),
-                                                QString(QChar(0)),
-                                                u"\uFFFE"_s};
+    static const QStringList PIECES =
+        u"a| |\"|\\|\\n|%s|é|中|\U0001F600|<b>|&lt;|]]>|\u2028|\u00A0|#~ |msgid|\uFEFF|'|\v|\x7F|{0}|max-length: 3|\uFFFE"_s
+            .split(u'|') +
+        QStringList{QString(QChar(0xD800)), QString(QChar(0))};
     QString text;
     for (int count = *rc::gen::elementOf(std::vector<int>{0, 1, 2, 5}); count > 0; --count)
-        text += *rc::gen::elementOf(PIECES);
+        text += PIECES[*rc::gen::inRange<qsizetype>(0, PIECES.size())];
     return text;
 }
 

@@ -128,7 +128,7 @@ TEST(ProjectReader, OpensAndSavesAProjectInAChineseCodePage)
     EXPECT_TRUE(project.folder.Get("demo/res/demo.res.xml").contains(">.\\\xcd\xbc.bin</FILE>"));
 }
 
-TEST(ProjectReader, RefusesEveryTruncatedListAndHugeOnes)
+TEST(ProjectReader, RefusesEveryTruncatedList)
 {
     const QByteArray whole =
         "<?xml version=\"1.0\"?><!-- c --><APP id=\"APP_demo\"><FILE id=\"ID_A\" type='Push'>\xe4\xb8\xad.wav</FILE>"
@@ -143,16 +143,6 @@ TEST(ProjectReader, RefusesEveryTruncatedListAndHugeOnes)
     for (qsizetype size = 0; size < whole.size(); ++size)
         EXPECT_FALSE(opens(whole.first(size))) << size;
     EXPECT_TRUE(opens(whole));
-
-    EXPECT_FALSE(
-        opens("<APP>" + QByteArray("<FILE id=\"A\">").repeated(300) + QByteArray("</FILE>").repeated(300) + "</APP>"));
-    QByteArray wide = "<APP><FILE";
-    for (int i = 0; i < 100'000; ++i)
-        wide += " a" + QByteArray::number(i) + "=\"1\"";
-    EXPECT_FALSE(opens(wide + "/></APP>"));
-    for (const char byte : {'<', '\n'})
-        EXPECT_FALSE(opens(QByteArray(300 << 20, byte)));
-    EXPECT_FALSE(opens("<APP>" + QByteArray(20 << 20, ' ')));
 }
 
 TEST(ProjectReader, DoesNotHangOnPipesAndFoldersInsteadOfFiles)

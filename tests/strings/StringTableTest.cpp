@@ -217,31 +217,6 @@ TEST(StringTable, RepeatedPastesCopyTheSourcesUntilOneChanges)
     EXPECT_EQ(project.grid.TakeMessage(), 130) << "the name of the copy would be too long";
 }
 
-TEST(StringTable, SnapshotsOfOneIdKeepTheirOwnKinds)
-{
-    TableProject project(TWO_LANGUAGES + "ID_A|Push|||\n##number|1\n");
-    project.table.Copy({0});
-    project.Paste();
-    project.Mod(0, 1, u"Normal"_s);
-    project.table.Copy({0});
-    project.Paste();
-    for (int step = 0; step < 3; ++step)
-        project.table.history.Undo();
-    project.table.history.Redo();
-    EXPECT_EQ(project.Dump(), u"ID_A Push   |ID_A_COPY_0001 Push   "_s);
-    project.Delete({0});
-    project.Type(0, u"ID_A"_s);
-    project.Delete({1});
-    for (int step = 0; step < 3; ++step)
-        project.table.history.Undo();
-    EXPECT_EQ(project.Dump(), u"ID_A Push   |ID_A_COPY_0001 Push   "_s);
-    project.table.Forget();
-    project.strings.Clear();
-    project.table.history.Undo();
-    project.Paste();
-    EXPECT_EQ(project.table.RowCount(), 0);
-}
-
 TEST(StringTable, CommandsFindTheirRowsAndLanguagesAfterMovesOrDoNothing)
 {
     TableProject project(TWO_LANGUAGES + "ID_A|Normal||a|x\nID_B|Normal||b|y\nID_C|Normal||c|z\n##number|3\n");

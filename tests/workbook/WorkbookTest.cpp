@@ -217,21 +217,3 @@ TEST(Workbook, WritesTheSameBytesForTheSameTableAndNoOtherFiles)
     EXPECT_EQ(QDir(u"/proc/self/fd"_s).count(), openFiles);
     before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
 }
-
-TEST(Workbook, AFullDiskNeverLeavesATruncatedWorkbook)
-{
-    const Rows rows(300, {u"ID"_s, QString(), u"some text"_s});
-    TestTable table(rows);
-    for (const auto &[name, write, read, tables] : FORMATS) {
-        SCOPED_TRACE(name);
-        const TempFolder folder;
-        const QByteArray whole = Written(write, rows);
-        for (rlim_t limit = rlim_t(whole.size() - 1) % 1'777; limit < 100'000; limit += 1'777) { // up to 1 byte too few
-            folder.Put(name, "as before");
-            const WorkbookResult result = WithFileLimit(limit, [&] { return WriteWorkbook(folder.Path(name), table); });
-            EXPECT_TRUE(result.fault == None || result.fault == CannotWrite);
-            ASSERT_TRUE(folder.Get(name) == (result.HasFailed() ? "as before" : whole)) << limit;
-            EXPECT_EQ(folder.Names().size(), 1);
-        }
-    }
-}
