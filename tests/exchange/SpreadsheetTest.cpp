@@ -98,23 +98,42 @@ TEST(Spreadsheet, ReportsEachFaultWithMessageCellAndCode)
     const auto expected = [](const char *word, const char *cell) {
         return "Error 1: invalid file format; \"" + std::string(word) + "\" expected at cell " + cell + ".\r\n";
     };
-    for (const auto &[sheet, code, message] : {
-             std::tuple(QByteArray("a|b\nc|d\n"), 4306, "Warning 1: the sheet is almost empty.\r\n"s),
-             {"a|b|c\nd|e|f\n", 4306, "Warning 1: the sheet is almost empty.\r\n"},
-             {"Number|2|x\nString ID|y|z\na|b|c\n", 11, expected("Number of Language", "A1")},
-             {"My Number of Languages|3\nString ID|resource type|Description|a|b\nx\n", 11, tooFew},
-             {"Number of Language|2\nString ID|Description|a\nx\n", 11, tooFew},
-             {"Number of Language|2\nID|Resource Type|Description|a|b\nx\n", 11, expected("String ID", "A2")},
-             {"Number of Language|1\nString ID|RESOURCE TYPE|Description|a\nx\n", 11, expected("Resource Type", "B2")},
-             {"Number of Language|1\nString ID|Resource Type|Text|a\nx\n", 11, expected("Description", "C2")},
-             {"Number of Language|1\nString ID|Text|a\nx\n", 11, expected("Description", "B2")},
-             {"Number of Language|2\nString ID|Description|French|Elvish\nx\n", 1608,
-              "Error 1: language \"Elvish\" is unrecognized.\r\n"},
-             {"Number of Language|no|x\nString ID|Description\nx\n", 0, "Warning 1: Number of Language = 0.\r\n"},
-         }) {
+    struct Fault
+    {
+        QByteArray sheet;
+        int code;
+        std::string message;
+        const char *explanation = "";
+    };
+    const Fault faults[] = {
+        {"a|b\nc|d\n", 4306, "Warning 1: the sheet is almost empty.\r\n",
+         "in.csv: there are texts in 2 rows and 2 columns, and a string table has at least 3 of each; only the first "
+         "sheet "
+         "is read, and its first row must have \"Number of Language\" in A1 and the number of languages in B1\n"},
+        {"a|b|c\nd|e|f\n", 4306, "Warning 1: the sheet is almost empty.\r\n"},
+        {"Number|2|x\nString ID|y|z\na|b|c\n", 11, expected("Number of Language", "A1"),
+         "in.csv: has \"Number\" in cell A1; only the first sheet"},
+        {"My Number of Languages|3\nString ID|resource type|Description|a|b\nx\n", 11, tooFew},
+        {"Number of Language|2\nString ID|Description|a\nx\n", 11, tooFew,
+         "in.csv: cell B1 says 2 languages, which need 4 columns, but only 3 columns have texts\n"},
+        {"Number of Language|2\n|Resource Type|Description|a|b\nx\n", 11, expected("String ID", "A2"),
+         "in.csv: cell A2 has nothing instead of \"String ID\"\n"},
+        {"Number of Language|1\nString ID|RESOURCE TYPE|Description|a\nx\n", 11, expected("Resource Type", "B2")},
+        {"Number of Language|1\nString ID|Resource Type|Text|a\nx\n", 11, expected("Description", "C2")},
+        {"Number of Language|1\nString ID|Text|a\nx\n", 11, expected("Description", "B2")},
+        {"Number of Language|2\nString ID|Description|French|Elvish\nx\n", 1608,
+         "Error 1: language \"Elvish\" is unrecognized.\r\n",
+         "in.csv: cell D2 has \"Elvish\", but neither the project nor section Language of tuvik.ini has"},
+        {"Number of Language|no|x\nString ID|Description\nx\n", 0, "Warning 1: Number of Language = 0.\r\n",
+         "in.csv: cell B1 has \"no\" instead of the number of languages, so no language is read\n"},
+    };
+    for (const auto &[sheet, code, message, explanation] : faults) {
         SheetProject project;
+        std::string explained;
+        project.env.explain = [&explained](const QString &text) { explained += text.toStdString() + '\n'; };
         EXPECT_EQ(project.Import(sheet), code) << sheet.constData();
         EXPECT_THAT(project.Messages(), testing::StartsWith(message + (code == 0 ? "" : "[demo] import - ")));
+        EXPECT_THAT(explained, HasSubstr(explanation));
     }
     SheetProject project;
     const auto image = project.CreateFileRes("ID_IMAGE", ANY_RESOLUTION);
@@ -210,29 +229,11 @@ TEST(Spreadsheet, AnExportWithLanguagesKnownOnlyToTheProjectReadsBack)
     EXPECT_EQ(other.Import("Number of Language|1\nString ID|Description|\nID_A||x\n"), 1608);
 }
 
-TEST(Spreadsheet, ExplainsErrorsWithFileCellAndExpectation)
+TEST(Spreadsheet, AnExplanationNamesTheSheetOfAWorkbook)
 {
     SheetProject project;
     std::string explained;
     project.env.explain = [&explained](const QString &text) { explained += text.toStdString() + '\n'; };
-    for (const auto &[sheet, expected] : {
-             std::pair("Notes|x\nc|d\n", "in.csv: there are texts in 2 rows and 2 columns, and a string table has at "
-                                         "least 3 of each; only the first sheet is read, and its first row must have "
-                                         "\"Number of Language\" in A1 and the number of languages in B1\n"),
-             {"Notes|2|x\nString ID|y|z\na|b|c\n", "in.csv: has \"Notes\" in cell A1; only the first sheet"},
-             {"Number of Language|2\n|Resource Type|Description|a|b\nx\n",
-              "in.csv: cell A2 has nothing instead of \"String ID\"\n"},
-             {"Number of Language|2\nString ID|Description|a\nx\n",
-              "in.csv: cell B1 says 2 languages, which need 4 columns, but only 3 columns have texts\n"},
-             {"Number of Language|no|x\nString ID|Description\nx\n",
-              "in.csv: cell B1 has \"no\" instead of the number of languages, so no language is read\n"},
-             {"Number of Language|1\nString ID|Description|Elvish\nx\n",
-              "in.csv: cell C2 has \"Elvish\", but neither the project nor section Language of tuvik.ini has"},
-         }) {
-        explained.clear();
-        (void)project.Import(sheet);
-        EXPECT_THAT(explained, HasSubstr(expected));
-    }
     for (const QString &file : {project.folder.Path("out.xls"), project.folder.Path("out.xlsx")}) {
         SheetProject empty;
         ASSERT_EQ(ExportSpreadsheet(empty, file).code, 0);

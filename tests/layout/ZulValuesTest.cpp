@@ -163,6 +163,7 @@ TEST(ZulValues, StoresAndShowsAnyTextAsItsValue)
     const struct
     {
         const char *type, *text, *shown;
+        const char *stored = nullptr; ///< if it isn't the text
     } values[] = {
         {"ZulBool", "ZUL_TRUE", "true"},
         {"ZulBool", "yes", "false"},
@@ -182,29 +183,20 @@ TEST(ZulValues, StoresAndShowsAnyTextAsItsValue)
         {"ZulPoint", "(1,2", "(1, 2)"},
         {"ZulFPoint", "(0.5, 1)", "0.5,1"},
         {"ZulFPoint", "0.5,1", "0,0"},
+        {"ZulColor", "#12345", "RGB(18, 52, 5)", "#123405"},
+        {"ZulColor", "#80ff8040", "RGB(255, 128, 64)", "#80FF8040"},
+        {"ZulColor", "RGB( 1, 2, 3", "RGB(1, 2, 3)", "#010203"},
+        {"ZulColor", "#1234", "RGB(0, 0, 0)", ""},
+        {"ZulColor", "RGB(1,x,3)", "RGB(0, 0, 0)", ""},
+        {"ZulColor", "rgb(1,2,3)", "RGB(0, 0, 0)", ""},
     };
-    for (const auto &[type, text, shown] : values) {
+    for (const auto &[type, text, shown, stored] : values) {
         EXPECT_EQ(Value(type).After(text), shown) << type << ' ' << text;
-        EXPECT_EQ(Value(type, text).record.value, text);
+        EXPECT_EQ(Value(type, text).record.value, stored ? stored : text) << type << ' ' << text;
     }
+    for (const auto &[text, alpha] : {std::pair("#12345", 0), {"#80ff8040", 0x80}, {"RGB(1,2,3)", 0}, {"#1234", 255}})
+        EXPECT_EQ(static_cast<const CZulColor &>(Value("ZulColor", text).base).alpha, alpha) << text;
     // Members after the error keep their values.
     EXPECT_EQ(Value("ZulMsec", "7ms").After("later"), "7ms");
     EXPECT_EQ(Value("ZulPoint", "(1,2)").After("(9,x)"), "(9, 2)");
-}
-
-TEST(ZulValues, StoresColorsInOneForm)
-{
-    const struct
-    {
-        const char *text, *stored, *shown;
-        int alpha;
-    } colors[] = {{"#12345", "#123405", "RGB(18, 52, 5)", 0},     {"#80ff8040", "#80FF8040", "RGB(255, 128, 64)", 0x80},
-                  {"RGB( 1, 2, 3", "#010203", "RGB(1, 2, 3)", 0}, {"#1234", "", "RGB(0, 0, 0)", 255},
-                  {"RGB(1,x,3)", "", "RGB(0, 0, 0)", 255},        {"rgb(1,2,3)", "", "RGB(0, 0, 0)", 255}};
-    for (const auto &[text, stored, shown, alpha] : colors) {
-        const Value color("ZulColor", text);
-        EXPECT_EQ(color.base.GetText(), shown);
-        EXPECT_EQ(color.record.value, stored);
-        EXPECT_EQ(static_cast<const CZulColor &>(color.base).alpha, alpha);
-    }
 }

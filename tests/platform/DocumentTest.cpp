@@ -28,12 +28,6 @@ struct FakeDocument : CDocument
     void OnCloseDocument() override { happened << u"closed "_s + m_strPathName; }
 };
 
-struct CountingView : CView
-{
-    void OnUpdate(CView *, long hint, CView *) override { updates += hint == 0; }
-    int updates = 0;
-};
-
 } // namespace
 
 TEST(Documents, OpenEachPathOnceAndReportAndCloseOneThatDoesNotLoad)
@@ -48,17 +42,4 @@ TEST(Documents, OpenEachPathOnceAndReportAndCloseOneThatDoesNotLoad)
     documents.OpenDocumentFile(u"/q"_s);
     documents.CloseAll();
     EXPECT_EQ(happened.join(u", "), u"opened /Demo, reported /bad 7, closed /bad, opened /q, closed /q, closed /Demo");
-}
-
-TEST(Documents, UpdateEveryViewExceptTheSender)
-{
-    FakeDocument document;
-    CountingView a, b;
-    document.AddView(&a);
-    document.AddView(&b);
-    document.UpdateAllViews(&a);
-    document.RemoveView(&b);
-    EXPECT_TRUE(a.updates == 0 && b.updates == 1);
-    document.UpdateAllViews(nullptr);
-    EXPECT_TRUE(a.updates == 1 && b.updates == 1);
 }
