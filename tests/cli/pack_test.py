@@ -216,15 +216,5 @@ class Pack(DemoProject):
             self.assertIn(f'{self.dir}/{name} is not written', err)
             self.assertNotIn(b': \\', (self.dir / name).read_bytes())
 
-    def test_refuses_a_file_of_the_project_as_the_output(self):
-        self.run_cli('save', self.project)
-        for name in ('logo.png', 'res/demo.res.xml', 'ResID/ResID.h'):
-            before = (self.dir / name).read_bytes()
-            status, out, err = self.run_cli(*self.to_pack, '--output', name)
-            self.assertTrue(status == 1 and out.endswith('### error -1001 ###\r\n'), out)
-            self.assertIn(f'{self.dir}/{name} is not written', err)
-            self.assertEqual((self.dir / name).read_bytes(), before)
-
-
 if __name__ == '__main__':
     unittest.main(argv=['pack_test'])

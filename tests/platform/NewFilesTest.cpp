@@ -24,14 +24,3 @@ TEST(NewFiles, MakesWhatIsMissingAndKeepsWhatExists)
     EXPECT_EQ(folder.Names("a"), QStringList({u"kept"_s, u"link"_s}));
 }
 
-TEST(NewFiles, MakesNothingIfAFileCannotBeMade)
-{
-    const TempFolder folder;
-    folder.Put("a/file", "no folder");
-    NewFiles files;
-    for (const char *name : {"a/new/one", "a/file/two", "three"})
-        files.Add(folder.Path(name), "bytes");
-    EXPECT_TRUE(files.Make().contains(u"a/file\" exists, but it isn't a folder"_s));
-    EXPECT_EQ(folder.Names(), QStringList({u"a"_s}));
-    EXPECT_EQ(folder.Names("a"), QStringList({u"file"_s}));
-}
