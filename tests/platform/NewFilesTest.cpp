@@ -23,4 +23,3 @@ TEST(NewFiles, MakesWhatIsMissingAndKeepsWhatExists)
     EXPECT_EQ(folder.Names(), QStringList({u"a"_s}));
     EXPECT_EQ(folder.Names("a"), QStringList({u"kept"_s, u"link"_s}));
 }
-
