@@ -13,6 +13,21 @@ const QByteArray ROWS =
 
 } // namespace
 
+TEST(StringUndo, RestoresOldValuesEvenIfTheyAreNotValidInput)
+{
+    TableProject project(TWO_LANGUAGES + "1st id|Push|d|a|\nid_low|Normal||b|\n##number|2\n");
+    const QString start = project.Dump();
+    project.Mod(0, 0, u"id_first"_s);
+    project.Mod(1, 0, u"ID_LOW"_s);
+    project.table.history.Undo();
+    project.table.history.Undo();
+    EXPECT_EQ(project.Dump(), start);
+    project.Delete({0, 1});
+    project.table.history.Undo();
+    EXPECT_EQ(project.Dump(), start);
+    EXPECT_EQ(project.grid.TakeMessage(), 0);
+}
+
 TEST(StringUndo, RestoresARowBetweenItsRemainingNeighbours)
 {
     for (const auto &[gone, tree] : {std::pair(QByteArrayList{}, "ID_A ID_B ID_C ID_D ID_E"),
@@ -65,6 +80,17 @@ TEST(StringUndo, ARebuildKeepsTheCopiedRowsThatStillExist)
     EXPECT_TRUE(heads.DeleteResource(project.table.Head(2)));
     project.table.Rebuild();
     EXPECT_TRUE(project.table.Copied().empty());
+}
+
+TEST(StringUndo, FindsRowsAfterTheyMoved)
+{
+    TableProject project(ROWS);
+    project.table.Reorder({2, 3, 1, 0}); // C D B A
+    EXPECT_EQ(NamesIn(*project.strings.subfolders.front()), "ID_A ID_B ID_C ID_D");
+    ASSERT_EQ(project.table.DeleteRow(1), 0);
+    EXPECT_EQ(project.table.RowOf("ID_A", 0), 2);
+    EXPECT_EQ(project.table.RowOf("ID_C", 2), 0);
+    EXPECT_EQ(project.table.RowOf("ID_D", 1), -1);
 }
 
 TEST(StringUndo, DeletingALanguageRemovesItsColumnAndOtherFoldersKeepTheHistory)
