@@ -7,7 +7,6 @@
 #include "TestModel.h"
 
 #include <algorithm>
-#include <functional>
 #include <map>
 
 using namespace Qt::StringLiterals;
@@ -29,8 +28,8 @@ struct FakeControls : IEditControls
     void SetChoices(const QStringList &list) override { choices = list; }
     [[nodiscard]] int Choice() const override { return choice; }
     void Choose(int chosen) override { choice = chosen; }
-    void SetSwatch(const EditColor &color) override { swatch = color; }
-    [[nodiscard]] std::optional<EditColor> AskColor(const EditColor &start) override { return answer(start); }
+    void SetSwatch(const EditColor &) override {}
+    [[nodiscard]] std::optional<EditColor> AskColor(const EditColor &) override { return {}; }
 
     std::map<EditControl, QRect> shown;
     std::map<EditControl, QString> texts;
@@ -38,8 +37,6 @@ struct FakeControls : IEditControls
     EditControl focus = EditControl::Grid;
     QStringList choices;
     int choice = -1;
-    EditColor swatch;
-    std::function<std::optional<EditColor>(const EditColor &start)> answer;
 };
 
 inline const char PROPERTIES[] =

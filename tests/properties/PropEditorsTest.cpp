@@ -164,19 +164,6 @@ TEST(PropEditors, OfferEveryParentExceptDescendants)
     }));
 }
 
-TEST(PropEditors, CloseWhenTheyLoseTheFocus)
-{
-    for (const char *property : {"s32", "bool", "size"}) {
-        EditedLayout layout;
-        const auto editor = layout.Open(QString::fromUtf8(property));
-        EXPECT_TRUE(editor->WantsApply(EditControl::Grid, EditEvent::FocusLost));
-        layout.controls.focus = editor->First();
-        EXPECT_FALSE(editor->WantsApply(EditControl::Grid, EditEvent::FocusLost));
-        layout.controls.focus = EditControl::Text1; // only a size has this field
-        EXPECT_EQ(editor->WantsApply(editor->First(), EditEvent::FocusLost), property != QByteArray("size"));
-    }
-}
-
 TEST(SelectString, StartsAtTheSecondChoice)
 {
     const QStringList choices = {u"ab"_s, u"Abc"_s, u"ac"_s};
