@@ -243,6 +243,18 @@ TEST(FindingsPane, TheStatusBarCountsWithLittleRoomFewer)
     FindingCountsButton &counts = window.Frame().Findings().Counts();
     EXPECT_TRUE(counts.isVisible());
     EXPECT_EQ(counts.text(), u"5 errors, 1 warning"_s);
+    auto &bar = TestWindow::Find<FindingsBar>(window.Pane());
+    const auto isWord = [&bar] {
+        const auto buttons = bar.findChildren<QAbstractButton *>();
+        return std::any_of(buttons.begin(), buttons.end(), [](auto *button) { return button->text() == u"5 errors"; });
+    };
+    window.Frame().addDockWidget(Qt::BottomDockWidgetArea, &window.Frame().Bars().OutputBar());
+    window.Settle();
+    EXPECT_TRUE(isWord());
+    QFont large = bar.font();
+    large.setPixelSize(90);
+    bar.setFont(large);
+    EXPECT_FALSE(isWord()) << "the pane has room for the number only";
     window.Frame().resize(500, 600);
     window.Settle();
     EXPECT_EQ(counts.text(), u"5 errors"_s);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "FolderKinds.h"
 #include "TestWindow.h"
 
 #include <QLineEdit>
@@ -57,6 +58,7 @@ TEST(ProjectWindow, ShowsTheFoldersInUseAndOpensThem)
 
     window.Document().UpdateAllViews(nullptr);
     EXPECT_EQ(window.Selected()->title, u"240x320"_s) << "a refill keeps the selection";
+    EXPECT_EQ(EntryOf(KIND_COMPONENT | KIND_FLAG_OFF).icon, UiIcon::None);
 }
 
 TEST(ProjectWindow, ClearAsksAndMarksTheProjectModifiedUntilItIsSaved)

@@ -117,6 +117,14 @@ TEST(StringPane, AsksBeforeItDeletes)
     window.Frame().RunAction(ACTION_UNDO);
     window.Frame().RunAction(ACTION_UNDO);
     EXPECT_EQ(window.Ids(), "ID_A2 ID_A10 ID_C <New> ");
+
+    window.Answer({QMessageBox::Yes, QMessageBox::Ok});
+    window.Grid().SelectAlone(2, 0);
+    window.Frame().RunAction(ACTION_DELETE);
+    window.Document().root.FindFolder(KIND_AUDIO, 2)->AddResource(window.Document().CreateFileRes("ID_C", -1));
+    window.Frame().RunAction(ACTION_UNDO);
+    EXPECT_TRUE(window.WaitFor([&] { return window.boxes.size() == 5; }));
+    EXPECT_EQ(window.boxes.last(), u"The ID already exists, or it is reserved."_s);
 }
 
 TEST(StringPane, SortsByAClickAndRemembersOrderAndWidths)
@@ -167,9 +175,9 @@ TEST(StringPane, ReturnsToItsRow)
 TEST(StringPane, ALongCommandShowsTheWaitCursorAndKeepsTheSelection)
 {
     QByteArray table = "Number of Language|1\nString ID|Resource Type|Description|English(9)\n";
-    for (int row = 100; row < 220; ++row)
+    for (int row = 0; row < 50'000; ++row)
         table += "ID_" + QByteArray::number(row) + "|Normal|d|t\n";
-    StringWindow window(table + "##number|120\n");
+    StringWindow window(table + "##number|50000\n");
     bool isWaiting = false;
     QObject::connect(window.Grid().model(), &QAbstractItemModel::modelReset, [&isWaiting] {
         const QCursor *const pointer = QGuiApplication::overrideCursor();
@@ -178,7 +186,7 @@ TEST(StringPane, ALongCommandShowsTheWaitCursorAndKeepsTheSelection)
     window.Frame().RunAction(ACTION_SELECT_ALL);
     window.Frame().RunAction(ACTION_COPY);
     window.Grid().Select({5, 7});
-    for (const auto &[action, rows] : {std::pair(ACTION_PASTE, 240), {ACTION_UNDO, 120}}) {
+    for (const auto &[action, rows] : {std::pair(ACTION_PASTE, 100'000), {ACTION_UNDO, 50'000}}) {
         window.Frame().RunAction(action);
         EXPECT_TRUE(std::exchange(isWaiting, false));
         EXPECT_EQ(window.Table().RowCount(), rows);
@@ -190,7 +198,7 @@ TEST(StringPane, ExtendsTheSelectionToANewLanguage)
 {
     StringWindow window;
     window.Grid().SelectAlone(1, 0);
-    CResFolder &strings = *window.Document().root.FindFolder(KIND_STRINGS, 2);
+    CResFolder &strings = *window.Strings();
     strings.AddFolder(window.Document().CreateFolder(KIND_LANGUAGE, 1));
     window.Table().AddLanguageColumn(*strings.FindFolder(KIND_LANGUAGE, 1, 1));
     EXPECT_TRUE(window.Grid().selectionModel()->isSelected(window.Grid().model()->index(1, 5)));

@@ -255,6 +255,7 @@ TEST(Contents, RenameAndDeleteLayoutsAndKeepTheKeysOfALabelEditor)
         window.Child().Selected().SelectFolder(folder);
     Contents(window).setFocus();
     EXPECT_FALSE(window.Frame().IsEnabled(ACTION_DELETE)) << "no row is selected";
+    EXPECT_TRUE(window.Frame().IsEnabled(ACTION_NEW_LAYOUT)) << "as in the tree";
     Contents(window).setCurrentRow(0);
     window.Answer({QMessageBox::Yes});
     window.Frame().RunAction(ACTION_DELETE);

@@ -7,6 +7,7 @@
 #include "TestModel.h"
 
 #include <algorithm>
+#include <functional>
 #include <map>
 
 using namespace Qt::StringLiterals;
@@ -29,7 +30,7 @@ struct FakeControls : IEditControls
     [[nodiscard]] int Choice() const override { return choice; }
     void Choose(int chosen) override { choice = chosen; }
     void SetSwatch(const EditColor &) override {}
-    [[nodiscard]] std::optional<EditColor> AskColor(const EditColor &) override { return {}; }
+    [[nodiscard]] std::optional<EditColor> AskColor(const EditColor &start) override { return answer(start); }
 
     std::map<EditControl, QRect> shown;
     std::map<EditControl, QString> texts;
@@ -37,6 +38,7 @@ struct FakeControls : IEditControls
     EditControl focus = EditControl::Grid;
     QStringList choices;
     int choice = -1;
+    std::function<std::optional<EditColor>(const EditColor &start)> answer; // of the dialog of colours
 };
 
 inline const char PROPERTIES[] =

@@ -164,6 +164,19 @@ TEST(PropEditors, OfferEveryParentExceptDescendants)
     }));
 }
 
+TEST(PropEditors, MayBeDestroyedWhileTheDialogOfColorsIsOpen)
+{
+    EditedLayout layout;
+    auto editor = layout.Open(u"color"_s);
+    layout.controls.answer = [&](const EditColor &) {
+        editor->Close();
+        editor.reset();
+        return EditColor{9, 9, 9};
+    };
+    EXPECT_FALSE(editor->WantsApply(EditControl::Swatch, EditEvent::Clicked));
+    EXPECT_EQ(layout.Row(u"color"_s).value, QString());
+}
+
 TEST(SelectString, StartsAtTheSecondChoice)
 {
     const QStringList choices = {u"ab"_s, u"Abc"_s, u"ac"_s};
