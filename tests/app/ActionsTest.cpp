@@ -1,25 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "ActionRoute.h"
-#include "MenuTable.h"
 #include "TestWindow.h"
 
 #include <QClipboard>
 #include <QLineEdit>
 #include <QMimeData>
-
-TEST(EditActions, ApplyToTheControlThatHasTheFocus)
-{
-    const auto enabled = [](ActionId id, EditControlState state) { return EditActionState(id, state)->enabled; };
-    EXPECT_TRUE(enabled(ACTION_UNDO, {false, true, false, false}) &&
-                !enabled(ACTION_UNDO, {true, true, false, false}) &&
-                !enabled(ACTION_UNDO, {false, false, false, false}));
-    EXPECT_TRUE(enabled(ACTION_PASTE, {false, false, false, true}) &&
-                !enabled(ACTION_PASTE, {true, false, false, true}) &&
-                !enabled(ACTION_PASTE, {false, false, false, false}));
-    for (const ActionId id : {ACTION_COPY, ACTION_CUT})
-        EXPECT_TRUE(enabled(id, {false, false, true, false}) && !enabled(id, {}));
-    EXPECT_FALSE(EditActionState(ACTION_SAVE, {}));
-}
 
 TEST(EditActions, PasteIsEnabledByTheClipboardInTextControls)
 {
@@ -38,29 +22,6 @@ TEST(EditActions, PasteIsEnabledByTheClipboardInTextControls)
         window.Settle();
         EXPECT_EQ(window.Frame().IsEnabled(ACTION_PASTE), isText);
     }
-}
-
-TEST(ActionRoute, SendsAnActionToTheFirstTargetThatClaimsItIfEnabled)
-{
-    struct Target : IActionTarget
-    {
-        Target(ActionId claimed, bool isEnabled) : id(claimed), enabled(isEnabled) {}
-        [[nodiscard]] std::optional<ActionState> StateOf(ActionId asked) const override
-        {
-            return asked == id ? std::optional(ActionState{enabled}) : std::nullopt;
-        }
-        void Run(ActionId) override { ++runs; }
-        ActionId id;
-        bool enabled;
-        int runs = 0;
-    } first(ACTION_COPY, false), second(ACTION_COPY, true), third(ACTION_SAVE, true);
-    ActionRoute route;
-    route.targets = [&] { return std::vector<IActionTarget *>{nullptr, &first, &second, &third}; };
-    for (const ActionId id : {ACTION_COPY, ACTION_SAVE, ACTION_OPEN})
-        route.Run(id);
-    EXPECT_TRUE(first.runs == 0 && second.runs == 0 && third.runs == 1);
-    EXPECT_TRUE(!route.StateOf(ACTION_COPY).enabled && !route.StateOf(ACTION_OPEN).enabled &&
-                route.StateOf(ACTION_SAVE).enabled);
 }
 
 namespace

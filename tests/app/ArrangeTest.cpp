@@ -38,8 +38,7 @@ TEST(Arrange, CascadeKeepsAllTitleBarsVisible)
 
 TEST(Arrange, KeepsTheFocus)
 {
-    TestWindow window;
-    window.Start({window.Project()});
+    OpenWindow window;
     for (const ActionId id : {ACTION_TILE, ACTION_CASCADE}) {
         window.Child().showMaximized();
         window.Tree().setFocus();
@@ -67,26 +66,6 @@ TEST(Arrange, CtrlF4ClosesTheActiveProjectAndAsks)
             window.Child().showNormal();
     }
     EXPECT_EQ(window.Frame().ActiveChild(), nullptr);
-}
-
-TEST(Arrange, ButtonsOfTitleBarsAreVisibleOnADarkDesktop)
-{
-    TestWindow window;
-    window.MakeProject("other", "<APP/>");
-    window.Start({window.Project(), window.Project("other")});
-    QPalette dark(QColor(0x2B, 0x2B, 0x2B));
-    window.Frame().setPalette(dark);
-    window.Frame().RunAction(ACTION_TILE);
-    window.Settle();
-    for (QMdiSubWindow *child : window.Frame().findChild<QMdiArea *>()->subWindowList()) {
-        const QImage bar = child->grab(QRect(child->width() - 70, 4, 66, 18)).toImage();
-        int lightest = 0;
-        for (int y = 0; y < bar.height(); ++y) {
-            for (int x = 0; x < bar.width(); ++x)
-                lightest = qMax(lightest, qGray(bar.pixel(x, y)));
-        }
-        EXPECT_GT(lightest, 200) << child->windowTitle().toStdString();
-    }
 }
 
 TEST(MainFrame, ToolTipsOfTheToolBarNameTheKeys)

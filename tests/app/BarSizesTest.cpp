@@ -20,10 +20,15 @@ Settings SettingsOf(const TestWindow &window)
     return Settings(window.folder.Path("bin/Morvanite.ini"), window.folder.Path("user/morvanite/Morvanite.ini"));
 }
 
+CSizingControlBar &Output(const TestWindow &window)
+{
+    return window.Frame().Bars().OutputBar();
+}
+
 /// Drags the divider between the Output bar, docked at the right, and the area to its left.
 void DragDivider(const TestWindow &window, int by)
 {
-    const QPoint place = window.Frame().Bars().OutputBar().geometry().topLeft() + QPoint(-2, 100);
+    const QPoint place = Output(window).geometry().topLeft() + QPoint(-2, 100);
     QTest::mousePress(&window.Frame(), Qt::LeftButton, {}, place);
     QTest::mouseMove(&window.Frame(), place + QPoint(by, 0));
     window.Settle();
@@ -37,33 +42,33 @@ TEST(BarSizes, AreKeptForEachPlaceAndRestoredAfterARestart)
 {
     TestWindow window;
     window.Start();
-    const int first = window.Frame().Bars().OutputBar().width();
+    const int first = Output(window).width();
     EXPECT_TRUE(first > 100 && first <= window.Frame().width() / 4) << first;
     DragDivider(window, -80);
-    const int sideWidth = window.Frame().Bars().OutputBar().width();
+    const int sideWidth = Output(window).width();
     EXPECT_EQ(sideWidth, first + 80);
     for (const bool isRestarted : {false, true}) {
         for (const Qt::DockWidgetArea area : {Qt::BottomDockWidgetArea, Qt::TopDockWidgetArea}) {
-            window.Frame().addDockWidget(area, &window.Frame().Bars().OutputBar());
+            window.Frame().addDockWidget(area, &Output(window));
             window.Settle();
-            EXPECT_NEAR(window.Frame().Bars().OutputBar().height(), 150, 2) << isRestarted;
+            EXPECT_NEAR(Output(window).height(), 150, 2) << isRestarted;
         }
-        window.Frame().Bars().OutputBar().setFloating(true);
+        Output(window).setFloating(true);
         window.Settle();
-        EXPECT_EQ(window.Frame().Bars().OutputBar().size(), isRestarted ? QSize(333, 222) : QSize(400, 150));
-        window.Frame().Bars().OutputBar().windowHandle()->resize(333, 222); // the user drags its corner
+        EXPECT_EQ(Output(window).size(), isRestarted ? QSize(333, 222) : QSize(400, 150));
+        Output(window).windowHandle()->resize(333, 222); // the user drags its corner
         window.Settle();
-        window.Frame().Bars().OutputBar().hide();
-        window.Frame().Bars().OutputBar().move(9000, 9000); // its screen is disconnected
-        window.Frame().Bars().OutputBar().show();
+        Output(window).hide();
+        Output(window).move(9000, 9000); // its screen is disconnected
+        Output(window).show();
         window.Settle();
-        EXPECT_TRUE(window.Frame().screen()->geometry().contains(window.Frame().Bars().OutputBar().geometry()));
-        window.Frame().Bars().OutputBar().resize(700, 90); // docking does this before it docks
+        EXPECT_TRUE(window.Frame().screen()->geometry().contains(Output(window).geometry()));
+        Output(window).resize(700, 90); // docking does this before it docks
         window.Settle();
-        window.Frame().Bars().OutputBar().setFloating(false);
-        window.Frame().addDockWidget(Qt::RightDockWidgetArea, &window.Frame().Bars().OutputBar());
+        Output(window).setFloating(false);
+        window.Frame().addDockWidget(Qt::RightDockWidgetArea, &Output(window));
         window.Settle();
-        EXPECT_EQ(window.Frame().Bars().OutputBar().width(), sideWidth) << isRestarted;
+        EXPECT_EQ(Output(window).width(), sideWidth) << isRestarted;
         window.Frame().close();
         const Settings settings = SettingsOf(window);
         EXPECT_EQ(settings.Int("DockState-SCBar-2", "sizeHorzCY", 0), 150);
@@ -71,29 +76,28 @@ TEST(BarSizes, AreKeptForEachPlaceAndRestoredAfterARestart)
         EXPECT_EQ(settings.String("DockState-SCBar-2", "sizeFloatCX"), u"333");
         window.Restart();
     }
-    EXPECT_EQ(window.Frame().Bars().OutputBar().width(), sideWidth);
+    EXPECT_EQ(Output(window).width(), sideWidth);
 }
 
 TEST(BarSizes, AreKeptWhenASmallWindowReducesThem)
 {
-    TestWindow window;
-    window.Start({window.Project()});
+    OpenWindow window;
     window.Frame().resize(1400, 700);
     window.Settle();
     DragDivider(window, -450);
-    const int chosen = window.Frame().Bars().OutputBar().width();
+    const int chosen = Output(window).width();
     for (int round = 0; round < 2; ++round) {
         window.Frame().resize(500, 450);
         window.Settle();
-        EXPECT_LT(window.Frame().Bars().OutputBar().width(), chosen);
+        EXPECT_LT(Output(window).width(), chosen);
         window.Frame().close();
         EXPECT_EQ(SettingsOf(window).Int("DockState-SCBar-2", "sizeVertCX", 0), chosen);
         EXPECT_EQ(SettingsOf(window).Int("split1st", "width", 0), 200);
         window.Restart();
-        EXPECT_LT(window.Frame().Bars().OutputBar().width(), chosen);
+        EXPECT_LT(Output(window).width(), chosen);
         window.Frame().resize(1400, 700);
         window.Settle();
-        EXPECT_EQ(window.Frame().Bars().OutputBar().width(), chosen);
+        EXPECT_EQ(Output(window).width(), chosen);
     }
 }
 
@@ -104,7 +108,7 @@ TEST(BarSizes, AreWrittenOnceOnClosing)
     window.Start({window.Project(), window.Project("other")});
     window.Child().findChild<QSplitter *>()->handle(1)->setFocus();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right); // so that the windows have different settings to store
-    window.Frame().Bars().OutputBar().hide();
+    Output(window).hide();
     const FileHandle events(inotify_init1(IN_NONBLOCK));
     // IN_CREATE too: inotify merges equal events that follow each other.
     ASSERT_GE(inotify_add_watch(events.Get(), window.folder.Path("bin").toUtf8(), IN_CREATE | IN_MOVED_TO), 0);

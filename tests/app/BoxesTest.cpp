@@ -31,8 +31,7 @@ QStringList FilesIn(const QFileDialog &dialog)
 
 TEST(UserBoxes, FileDialogShowsFilesWithoutADotAndSelectsTheGivenFile)
 {
-    TestWindow window;
-    window.Start({window.Project()});
+    OpenWindow window;
     window.folder.Put("demo/res/pics/README", "");
     window.folder.Put("demo/res/pics/Old.png", "");
     window.folder.Put("demo/res/pics/a.wav", "");
@@ -78,8 +77,7 @@ TEST(UserBoxes, FileDialogAddsTheOnlyExtensionOfItsTypeToATypedName)
 
 TEST(UserBoxes, SaveDialogAddsTheExtensionOfItsTypeAndAsksBeforeItReplaces)
 {
-    TestWindow window;
-    window.Start({window.Project()});
+    OpenWindow window;
     window.folder.Put("demo/texts.csv", "");
     const QString filter = u"Excel files (*.xls)|*.xls|Text (*.csv; *.tsv)|*.csv; *.tsv||"_s;
     IViewBoxes &boxes = window.Frame().Boxes();

@@ -11,19 +11,7 @@
 
 #include <thread>
 
-TEST(Channel, WritesACommandsExplanationsToStandardErrorAndThenToThePane)
-{
-    TestWindow window;
-    window.MakeProject("bad", "<APP>");
-    window.Start();
-    testing::internal::CaptureStderr();
-    Send(IDE_COMMAND_LOAD, RecordOf(window.Project("bad")));
-    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::ContainsRegex("morvanite: .*bad.res.xml"));
-    EXPECT_TRUE(TestWindow::WaitFor([&] { return window.OutputText().find("bad.res.xml") != std::string::npos; }))
-        << window.OutputText();
-}
-
-TEST(Channel, RunsIdeCommandsInTheWindowWithoutBoxesOrOutput)
+TEST(Channel, RunsIdeCommandsInTheWindowWithoutBoxes)
 {
     TestWindow window;
     window.MakeProject("bad", "<APP>");
@@ -38,8 +26,12 @@ TEST(Channel, RunsIdeCommandsInTheWindowWithoutBoxesOrOutput)
     window.Document().SetModifiedFlag(true);
     EXPECT_THAT(Send(IDE_COMMAND_SAVE, RecordOf(window.Project())), testing::EndsWith("\r\n\r\nsave done\r\n"));
     EXPECT_FALSE(window.Document().IsModified());
+    testing::internal::CaptureStderr();
     EXPECT_THAT(Send(IDE_COMMAND_LOAD, RecordOf(window.Project("bad"))),
                 testing::EndsWith("\r\n### error 110 ###\r\n"));
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::ContainsRegex("morvanite: .*bad.res.xml"));
+    EXPECT_TRUE(TestWindow::WaitFor([&] { return window.OutputText().find("bad.res.xml") != std::string::npos; }))
+        << "the explanation is in the pane after the command";
     EXPECT_EQ(window.boxes, QStringList());
     EXPECT_EQ(window.Frame().statusBar()->currentMessage(), QString());
 
@@ -58,8 +50,7 @@ TEST(Channel, RunsIdeCommandsInTheWindowWithoutBoxesOrOutput)
 
 TEST(Channel, ACommandEndsAnUnfinishedUserAction)
 {
-    TestWindow window;
-    window.folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\n");
+    TestWindow window(TestWindow::WITH_LAYOUTS);
     window.MakeProject("other", "<APP/>");
     window.Start({window.Project()});
     QTimer::singleShot(0, [&] {
@@ -73,9 +64,17 @@ TEST(Channel, ACommandEndsAnUnfinishedUserAction)
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 
     Send(IDE_COMMAND_LOAD, RecordOf(window.Project()));
-    window.Frame().activateWindow();
+    window.Activate();
     window.Tree().setFocus();
-    window.Settle();
+    QTest::keyClick(&window.Frame(), Qt::Key_F, Qt::AltModifier);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    Send(IDE_COMMAND_SAVE, RecordOf(window.Project()));
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_EQ(QApplication::focusWidget(), &window.Tree());
+    window.Document().SetModifiedFlag(true);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_FALSE(window.Document().IsModified()) << "the closed menu has released the keyboard";
+
     window.Tree().setCurrentItem(window.Row(u"Layouts"_s)->child(0));
     window.Frame().RunAction(ACTION_NEW_LAYOUT);
     window.Tree().findChild<QLineEdit *>()->setText(u"1 bad"_s);
@@ -87,22 +86,6 @@ TEST(Channel, ACommandEndsAnUnfinishedUserAction)
     Send(IDE_COMMAND_LOAD, RecordOf(window.Project("other")));
     EXPECT_TRUE(TestWindow::WaitFor([&] { return !window.boxes.isEmpty(); }));
     EXPECT_EQ(window.boxes, QStringList(u"The ID is invalid."_s)) << "after the end of the command";
-}
-
-TEST(Channel, ACommandThatClosesAMenuReleasesTheKeyboard)
-{
-    TestWindow window;
-    window.MakeProject("other", "<APP/>");
-    window.Start({window.Project()});
-    window.Tree().setFocus();
-    QTest::keyClick(&window.Frame(), Qt::Key_F, Qt::AltModifier);
-    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
-    Send(IDE_COMMAND_SAVE, RecordOf(window.Project()));
-    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-    EXPECT_EQ(QApplication::focusWidget(), &window.Tree());
-    window.Document().SetModifiedFlag(true);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
-    EXPECT_FALSE(window.Document().IsModified());
 }
 
 TEST(Channel, WaitsUntilNoCommandIsRunning)
@@ -121,31 +104,6 @@ TEST(Channel, WaitsUntilNoCommandIsRunning)
     EXPECT_EQ(done, 1);
 }
 
-TEST(Channel, ACommandWaitsForAnOpenBoxButASecondStartDoesNot)
-{
-    TestWindow window;
-    window.Start();
-    window.Frame().showMinimized();
-    std::atomic<bool> isShown = false, isOver = false;
-    QString error;
-    std::string why;
-    std::thread others([&] {
-        isShown = ShowFirstInstance(5000, error) == FirstInstance::Shown;
-        (void)IdeCommandClient::Run(IDE_COMMAND_LOAD, RecordOf(window.Project()), {}, why);
-        isOver = true;
-    });
-    QTimer::singleShot(400, [&] {
-        EXPECT_TRUE(isShown.load() && !window.Frame().isMinimized());
-        EXPECT_FALSE(isOver.load());
-        if (QWidget *box = QApplication::activeModalWidget())
-            box->close();
-    });
-    window.Frame().Boxes().MessageBox(u"wait"_s);
-    EXPECT_TRUE(TestWindow::WaitFor([&] { return isOver.load(); }));
-    others.join();
-    EXPECT_NE(window.Frame().ActiveChild(), nullptr);
-}
-
 TEST(SingleInstance, ASecondStartRaisesTheFirstAndReportsOneThatHangs)
 {
     TestWindow window;
@@ -153,14 +111,13 @@ TEST(SingleInstance, ASecondStartRaisesTheFirstAndReportsOneThatHangs)
     EXPECT_EQ(ShowFirstInstance(1000, error), FirstInstance::None);
     window.Start();
     window.Frame().showMinimized();
-    std::atomic<bool> isOver = false;
-    std::thread second([&] {
-        EXPECT_EQ(ShowFirstInstance(5000, error), FirstInstance::Shown);
-        isOver = true;
+    std::thread second([&] { EXPECT_EQ(ShowFirstInstance(5000, error), FirstInstance::Shown); });
+    QTimer::singleShot(0, [&] {
+        EXPECT_TRUE(TestWindow::WaitFor([&] { return !window.Frame().isMinimized(); })) << "a box doesn't delay it";
+        QApplication::activeModalWidget()->close();
     });
-    EXPECT_TRUE(TestWindow::WaitFor([&] { return isOver.load(); }));
+    window.Frame().Boxes().MessageBox(u"wait"_s);
     second.join();
-    EXPECT_FALSE(window.Frame().isMinimized());
     EXPECT_EQ(ShowFirstInstance(200, error), FirstInstance::NoAnswer) << "its events don't run here";
     EXPECT_TRUE(error.contains(u"doesn't answer"_s));
 

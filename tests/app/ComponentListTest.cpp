@@ -5,29 +5,25 @@
 #include "CLotScreenView.h"
 #include "LayoutPanes.h"
 #include "LinedTree.h"
-#include "StringWindow.h"
+#include "TestWindow.h"
 #include "ToolboxList.h"
 
-#include <QElapsedTimer>
 #include <QLineEdit>
 
 namespace
 {
 
-const QByteArray RESOURCES = "<APP><RESOLUTION width=\"240\" height=\"320\" class=\"layout\">"
-                             "<LAYOUT>res\\l.xml</LAYOUT></RESOLUTION></APP>";
 const QString START = u"Label: cp02*\n.Base!\n..Unknown!: deep\nButton: cp01\n"_s;
 
 /// A window with a project of two layouts, opened at the first.
 struct ComponentWindow : TestWindow
 {
     ComponentWindow()
+        : TestWindow(WITH_LAYOUTS + "catalogue=catalogue.xml\n[split2nd]\nheight=150\n[split3rd]\nwidth=170\n")
     {
-        folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\ncatalogue=catalogue.xml\n"
-                                        "[split2nd]\nheight=150\n[split3rd]\nwidth=170\n");
         folder.Put("bin/catalogue.xml", "<catalogue version=\"1\"><class name=\"Base\" excluded=\"true\"/>"
                                         "<class name=\"Label\" base=\"Base\"/><class name=\"Button\"/></catalogue>");
-        MakeProject("demo", RESOURCES);
+        MakeProject("demo", "<APP>" + LAYOUT_LIST + "</APP>");
         PutLayouts("<Label name=\"cp02\"><Base><Unknown name=\"deep\"/></Base></Label><Button name=\"cp01\"/>");
         Start({Project()});
         Frame().resize(1000, 700);
@@ -43,8 +39,8 @@ struct ComponentWindow : TestWindow
         Tree().setCurrentItem(Row(folderLabel));
         Settle();
     }
-    [[nodiscard]] LayoutPanes &Panes() const { return StringWindow::Find<LayoutPanes>(Child()); }
-    [[nodiscard]] LinedTree &List() const { return StringWindow::Find<LinedTree>(Panes().List()); }
+    [[nodiscard]] LayoutPanes &Panes() const { return Find<LayoutPanes>(Child()); }
+    [[nodiscard]] LinedTree &List() const { return Find<LinedTree>(Panes().List()); }
     [[nodiscard]] ToolboxList &Toolbox() const { return Frame().Bars().Classes(); }
     [[nodiscard]] bool IsToolboxShown() const { return Frame().Bars().IsToolboxShown(); }
     void Add(const char *type) const { Panes().AddComponent(*Document().classes->Find(type)); }
@@ -95,16 +91,18 @@ TEST(ComponentList, SelectsAddsAndDeletesComponents)
     window.Toolbox().setCurrentRow(0);
     QTest::keyClick(&window.Toolbox(), Qt::Key_Enter);
     EXPECT_EQ(window.Shown(), u"Label: cp04*\n"_s);
+    auto &grid = TestWindow::Find<CListGrid>(window.Panes().Grid());
+    grid.SelectAlone(0, 0);
+    QTest::keyClicks(&grid, u"typed"_s);
     window.Frame().RunAction(ACTION_SAVE);
-    EXPECT_TRUE(window.folder.Get("demo/res/l.xml").contains("<Layout id=\"ID_ONE\" />"));
+    const QByteArray saved = window.folder.Get("demo/res/l.xml");
+    EXPECT_TRUE(saved.contains("<Layout id=\"ID_ONE\" />") && saved.contains("name=\"typed\"")) << saved.toStdString();
 }
 
 /// Everything that destroys the components of a layout, or changes them while another pane is shown.
 TEST(ComponentList, ForgetsDestroyedComponentsAndShowsNewOnes)
 {
     ComponentWindow window;
-    QElapsedTimer clock;
-    clock.start();
     for (const auto &[components, shown] :
          {std::pair(QByteArray("<Button name=\"other\"/>"), u"Button: other*\n"_s),
           {"<Label>" + QByteArray("<Button/>").repeated(5000) + "</Label>",
@@ -121,18 +119,14 @@ TEST(ComponentList, ForgetsDestroyedComponentsAndShowsNewOnes)
         EXPECT_EQ(window.Document().TakeInChanges(), CResDoc::Outside::TakenIn);
         EXPECT_EQ(window.Shown(), shown + u"Base!\n"_s);
     }
-    EXPECT_LT(clock.elapsed(), 10'000); // milliseconds
     window.Document().ClearFolder(*window.Document().root.FindFolder(KIND_FILES, 1));
     EXPECT_EQ(window.Shown(), u"Button: a*\n.Label: l\nBase!\n"_s) << "the cleared folder has no layout";
-    for (int round = 1; round <= 1000; ++round) {
-        auto &grid = StringWindow::Find<CListGrid>(window.Panes().Grid());
+    auto &grid = TestWindow::Find<CListGrid>(window.Panes().Grid());
+    for (int round = 1; round <= 300; ++round) {
         grid.SelectAlone(0, 0);
         QTest::keyClicks(&grid, u"dropped"_s);
         ASSERT_FALSE(grid.viewport()->findChild<QLineEdit *>()->isHidden()) << "the editor of the name";
-        QTimer::singleShot(0, [] {
-            if (auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget()))
-                box->button(QMessageBox::Yes)->click();
-        });
+        WhenOpen<QMessageBox>(window, [](QMessageBox &box) { box.button(QMessageBox::Yes)->click(); });
         window.Panes().List().Run(ACTION_DELETE);
         window.Add("Label");
         ASSERT_TRUE(window.Shown().endsWith(u": cp%1*\n"_s.arg(round, 2, 16, QChar(u'0')))) << round;
@@ -161,7 +155,7 @@ TEST(ComponentList, RestoresSplittersAndToolboxForTheActiveProject)
         EXPECT_TRUE(QApplication::focusWidget() == pane || pane->isAncestorOf(QApplication::focusWidget()));
     }
     window.MakeProject("plain", "<APP/>");
-    window.MakeProject("rich", RESOURCES);
+    window.MakeProject("rich", "<APP>" + TestWindow::LAYOUT_LIST + "</APP>");
     window.folder.Put("rich/res/l.xml", "<TarvoXML><Layout id=\"ID_ONE\"/></TarvoXML>");
     window.folder.Put("rich/morvanite.ini", "[Layout]\nfolders=1\ncatalogue=rich.xml\n");
     window.folder.Put("bin/rich.xml", "<catalogue version=\"1\"><class name=\"Dial\"/></catalogue>");

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "FileWindow.h"
 
-#include <QMenu>
 #include <QScrollBar>
 
 #include <unistd.h>
@@ -16,12 +15,11 @@ TEST(FilePane, ListsSortsAndRemembersTheOrder)
               "ID_GONE|Normal|.\\res\\gone.png\n<New>||");
     EXPECT_EQ(window.Grid().Widths(), (std::vector<int>{200, 80, 400}));
     EXPECT_TRUE(window.Grid().model()->index(3, 0).data(Qt::ToolTipRole).toString().contains(u"not found"_s));
-    QHeaderView &header = *window.Grid().horizontalHeader();
     for (int clicks = 0; clicks < 2; ++clicks)
-        QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, QPoint(header.sectionViewportPosition(2) + 20, 5));
+        window.ClickHeader(window.Grid(), 2);
     EXPECT_EQ(window.Rows().first(), u"ID_GONE|Normal|.\\res\\gone.png"_s);
     EXPECT_EQ(window.Rows().last(), u"<New>||"_s);
-    header.resizeSection(1, 91);
+    window.Grid().horizontalHeader()->resizeSection(1, 91);
     window.Frame().RunAction(ACTION_THUMBNAILS);
     EXPECT_EQ(window.Grid().rowHeight(0), 40);
     window.app.reset();
@@ -118,7 +116,7 @@ TEST(FilePane, PlacesTheButtonAndTheBoxOfTypes)
     window.Grid().Select({0, 1, 2});
     EXPECT_FALSE(isPlaced());
     window.Frame().RunAction(ACTION_PUSH_FILE);
-    EXPECT_EQ(window.Rows()[0] + window.Rows()[2], u"ID_A|Normal|.\\res\\a.wavID_B10|Push|.\\res\\b10.txt"_s);
+    EXPECT_TRUE(window.Rows()[2].startsWith(u"ID_B10|Push|"_s));
     EXPECT_FALSE(window.Document().IsModified());
 }
 
@@ -126,20 +124,16 @@ TEST(FilePane, AddsDroppedFilesAndReportsTheRestInOneBox)
 {
     FileWindow window;
     window.Go(KIND_AUDIO);
-    window.Answer({QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok});
+    window.Answer({QMessageBox::Ok, QMessageBox::Ok});
     for (const char *name : {"x.bmp", "one.wav", "two.mp3", "sub/three.wav"})
         window.folder.Put(name, "x");
-    window.Drop(QStringList{window.folder.Path("x.bmp")});
-    ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 1; }));
-    EXPECT_EQ(window.boxes[0], u"\"x.bmp\": Inappropriate file type."_s);
-    window.Activate();
     window.Grid().SelectAlone(0, 0);
     window.Drop(QList<QUrl>{QUrl::fromLocalFile(window.folder.Path("sub")),
                             QUrl::fromLocalFile(window.folder.Path("one.wav")), QUrl::fromEncoded("file:///%FF%FE.wav"),
                             QUrl::fromLocalFile(window.folder.Path("x.bmp")),
                             QUrl::fromLocalFile(window.folder.Path("two.mp3"))});
-    ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 2; }));
-    EXPECT_THAT(window.boxes[1].toStdString(),
+    ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 1; }));
+    EXPECT_THAT(window.boxes[0].toStdString(),
                 testing::MatchesRegex("\"[^\n]*.wav\": Its path isn't valid UTF-8[^\n]*\n"
                                       "\"x.bmp\": Inappropriate file type."));
     EXPECT_EQ(window.List().Files(), 3);
@@ -151,10 +145,9 @@ TEST(FilePane, AddsDroppedFilesAndReportsTheRestInOneBox)
         many << window.folder.Path(("none" + QByteArray::number(i) + ".wav").constData());
     window.Activate();
     window.Drop(many);
-    ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 3; }));
-    EXPECT_TRUE(window.boxes[2].endsWith(u"\n... and 5 more; the output lists them all"_s));
+    ASSERT_TRUE(window.WaitFor([&] { return window.boxes.size() == 2; }));
+    EXPECT_TRUE(window.boxes[1].endsWith(u"\n... and 5 more; the output lists them all"_s));
     EXPECT_THAT(window.OutputText(), testing::HasSubstr("none24.wav"));
-    window.Document().SetModifiedFlag(false);
 }
 
 TEST(FilePane, BrowsesImportsOpensAndDeletes)
@@ -207,7 +200,6 @@ TEST(FilePane, BrowsesImportsOpensAndDeletes)
     EXPECT_EQ(window.boxes.mid(2), (QStringList{u"The selected item(s) will be deleted. Continue?"_s,
                                                 u"The selected item(s) will be deleted. Continue?"_s,
                                                 u"All the item(s) will be deleted. Continue?"_s}));
-    window.Document().SetModifiedFlag(false);
 }
 
 TEST(FilePane, HasItsMenuAndForgetsDestroyedFolders)
@@ -215,14 +207,7 @@ TEST(FilePane, HasItsMenuAndForgetsDestroyedFolders)
     FileWindow window;
     window.Grid().Select({0, 1});
     std::string shown;
-    QTimer::singleShot(0, [&] {
-        for (const QAction *action : QApplication::activePopupWidget()->actions())
-            shown +=
-                action->isSeparator() ? "/" : (action->isEnabled() ? "" : "-") + action->text().toStdString() + '|';
-        QApplication::activePopupWidget()->close();
-    });
-    QContextMenuEvent menu(QContextMenuEvent::Keyboard, QPoint(9, 9), window.Grid().mapToGlobal(QPoint(9, 9)));
-    QApplication::sendEvent(&window.Grid(), &menu);
+    window.OpenMenu(window.Grid(), [&shown](const QWidget &menu) { shown = TestWindow::MenuEntriesOf(menu); });
     EXPECT_EQ(shown,
               "&New|&Import...|/-Rename|-&Browse...|/-&Open|-Open &Folder|/&Delete\tDel|Delete &All|/-Push Resource|");
 
@@ -238,5 +223,4 @@ TEST(FilePane, HasItsMenuAndForgetsDestroyedFolders)
     EXPECT_EQ(window.Rows().size(), 4);
     window.Frame().RunAction(ACTION_SELECT_ALL);
     EXPECT_EQ(window.Grid().SelectedRows().size(), 4U);
-    window.Document().SetModifiedFlag(false);
 }

@@ -3,13 +3,11 @@
 #include "CFileWatchDlg.h"
 #include "CTreeFltrDlg.h"
 #include "FileWindow.h"
+#include "RandomUser.h"
 
 #include <QAbstractItemModelTester>
-#include <QLineEdit>
-#include <QScrollBar>
 #include <QTreeWidget>
 
-#include <random>
 #include <set>
 
 #include <sys/stat.h>
@@ -27,33 +25,19 @@ const QByteArray IMAGES = "<RESOLUTION width=\"240\" height=\"320\" class=\"imag
                           "<RESOLUTION width=\"320\" height=\"240\" class=\"image\">"
                           "<IMAGE id=\"ID_P\" type=\"Push\">..\\in\\cut.png</IMAGE></RESOLUTION></APP>";
 
-struct FileWalk : FileWindow
+struct FileWalk : FileWindow, RandomUser
 {
-    explicit FileWalk(unsigned seed) : FileWindow(RESOURCES.chopped(6) + IMAGES), random(seed)
-    {
-        FillDisk();
-        QObject::connect(&boxTimer, &QTimer::timeout, [this] { AnswerBox(); });
-        boxTimer.start(1);
-    }
-    ~FileWalk() { Document().SetModifiedFlag(false); }
-
-    void Step();
-    /// Checks what must be true after every action.
-    void Check() const;
+    explicit FileWalk(unsigned seed) : FileWindow(RESOURCES.chopped(6) + IMAGES), RandomUser(seed) { FillDisk(); }
 
 private:
-    int Below(int end) { return int(random() % unsigned(end)); }
-    template <typename T, size_t N> const T &OneOf(const T (&all)[N]) { return all[size_t(Below(int(N)))]; }
-
     void FillDisk() const;
-    void AnswerBox();
-    void Key(Qt::Key key) const { QTest::keyClick(QApplication::focusWidget(), key); }
+    void Step() override;
+    void Check() const override;
+    void Fill(QDialog &dialog) override;
     void Rename();
     void ChooseType();
-    void SelectSome();
     void ClickAnywhere();
     void DropSome();
-    void HideOrResize();
     void OtherFolder();
     void ClearAFolder();
     void ChangeTheDisk();
@@ -68,8 +52,6 @@ private:
                env.NarrowToWide(res.path);
     }
 
-    std::mt19937 random;
-    QTimer boxTimer;
     std::set<const CBaseRes *> withTypeBox; // whose cell may show the type that the box was closed with
 };
 
@@ -111,25 +93,15 @@ std::string FileWalk::TreeRows() const
     return rows.join(u'\n').toStdString();
 }
 
-void FileWalk::AnswerBox()
+void FileWalk::Fill(QDialog &dialog)
 {
-    if (QWidget *const menu = QApplication::activePopupWidget())
-        menu->close();
-    QWidget *const open = QApplication::activeModalWidget();
-    if (auto *const box = qobject_cast<QMessageBox *>(open)) {
-        const auto buttons = box->buttons();
-        return buttons[Below(int(buttons.size()))]->click();
-    }
-    auto *const dialog = qobject_cast<QDialog *>(open);
-    if (auto *const files = qobject_cast<QFileDialog *>(open))
+    if (auto *const files = qobject_cast<QFileDialog *>(&dialog))
         files->selectFile(folder.Path(OneOf({"in/1.wav", "in/p.png", "in/3.avi", "in/4.txt", "in/pipe.wav"})));
-    if (auto *const resolutions = dynamic_cast<CTreeFltrDlg *>(open)) {
-        QTreeWidget &tree = StringWindow::Find<QTreeWidget>(*resolutions);
+    if (dynamic_cast<CTreeFltrDlg *>(&dialog)) {
+        auto &tree = Find<QTreeWidget>(dialog);
         tree.setCurrentItem(tree.topLevelItem(0)->child(Below(3)));
         QTest::keyClick(&tree, Qt::Key_Space);
     }
-    if (dialog)
-        QMetaObject::invokeMethod(dialog, Below(3) ? &QDialog::accept : &QDialog::reject, Qt::QueuedConnection);
 }
 
 void FileWalk::Rename()
@@ -157,33 +129,19 @@ void FileWalk::ChooseType()
         Key(OneOf(ENDS));
 }
 
-void FileWalk::SelectSome()
-{
-    std::vector<int> rows;
-    for (int row = 0; row < Grid().model()->rowCount(); ++row) {
-        if (Below(4) == 0)
-            rows.push_back(row);
-    }
-    Grid().setFocus();
-    Grid().Select(rows);
-}
-
 void FileWalk::ClickAnywhere()
 {
     QWidget &sheet = *Grid().viewport();
-    const QPoint place(Below(sheet.width()), Below(sheet.height()));
+    const QPoint place = PointIn(sheet);
     if (Below(4) == 0) {
         QContextMenuEvent menu(QContextMenuEvent::Mouse, place, sheet.mapToGlobal(place));
         QApplication::sendEvent(&sheet, &menu);
     } else if (Below(4) == 0) {
-        QHeaderView &header = *Grid().horizontalHeader();
-        QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
-                          QPoint(header.sectionViewportPosition(Below(header.count())) + 20, 5));
+        ClickHeader(Grid(), Below(3));
     } else if (Below(4) == 0) {
-        QTest::mouseDClick(&sheet, Qt::LeftButton, {}, place);
-        QTest::mouseRelease(&sheet, Qt::LeftButton, {}, place); // QTest doesn't send the second release
+        TestWindow::DoubleClick(sheet, place);
     } else {
-        QTest::mouseClick(&sheet, Qt::LeftButton, {}, place);
+        TestWindow::Click(sheet, place);
     }
 }
 
@@ -198,19 +156,6 @@ void FileWalk::DropSome()
         urls << QUrl::fromEncoded("file:///%FF.wav") << QUrl(u"https://example.org/a.wav"_s);
     if (!urls.isEmpty() && View().isVisible())
         Drop(urls);
-}
-
-void FileWalk::HideOrResize()
-{
-    switch (Below(3)) {
-    case 0:
-        return Grid().horizontalHeader()->resizeSection(Below(3), Below(5) * 100);
-    case 1:
-        return Frame().resize(500 + Below(4) * 100, 250 + Below(300));
-    default:
-        for (QScrollBar *bar : {Grid().horizontalScrollBar(), Grid().verticalScrollBar()})
-            bar->setValue(Below(bar->maximum() + 1));
-    }
 }
 
 void FileWalk::OtherFolder()
@@ -275,54 +220,24 @@ void FileWalk::WriteFromOutside()
 
 void FileWalk::Step()
 {
-    QCoreApplication::processEvents();
-    while (!QApplication::activeWindow()) { // without a screen no window manager activates a window below a box
-        Frame().activateWindow();
-        QCoreApplication::processEvents(); // may open a box
-    }
+    WakeUp();
     if (!QApplication::focusWidget())
         Grid().setFocus();
-    switch (Below(40)) {
-    case 0:
-        return Below(2) ? SaveAndReload() : WriteFromOutside();
-    case 1:
-        return Below(3) ? ChangeTheDisk() : ClearAFolder();
-    case 2: { // an IDE's command begins during any user action
-        const CMainFrame::Busy busy(Frame(), 0xAFBDDBFC);
-        return QCoreApplication::processEvents();
-    }
-    case 3:
-    case 4:
-    case 5:
-        return OtherFolder();
-    case 6:
-    case 7:
-        return HideOrResize();
-    case 8:
-    case 9:
-    case 10:
-        return DropSome();
-    case 11:
-    case 12:
-    case 13:
-        return SelectSome();
-    case 14:
-    case 15:
-    case 16:
-    case 17:
-        return ClickAnywhere();
-    case 18:
-    case 19:
-    case 20:
-    case 21:
-        return ChooseType();
-    case 22:
-    case 23:
-    case 24:
-        return Frame().RunAction(OneOf(PLAIN));
-    default:
-        return Rename();
-    }
+    ActOneOf({{1, [&] { Below(2) ? SaveAndReload() : WriteFromOutside(); }},
+              {1, [&] { Below(3) ? ChangeTheDisk() : ClearAFolder(); }},
+              {1,
+               [&] { // an IDE's command begins during any user action
+                   const CMainFrame::Busy busy(Frame(), 0xAFBDDBFC);
+                   QCoreApplication::processEvents();
+               }},
+              {3, [&] { OtherFolder(); }},
+              {2, [&] { ResizeOrScroll(Grid(), Frame()); }},
+              {3, [&] { DropSome(); }},
+              {3, [&] { SelectSome(Grid(), 4); }},
+              {4, [&] { ClickAnywhere(); }},
+              {4, [&] { ChooseType(); }},
+              {3, [&] { Frame().RunAction(OneOf(PLAIN)); }},
+              {15, [&] { Rename(); }}});
 }
 
 void FileWalk::Check() const
@@ -363,12 +278,6 @@ void FileWalk::Check() const
         << Editor().IsOpen() << TypeBox().IsOpen() << Button().isVisible();
 }
 
-void FailOnWarning(QtMsgType, const QMessageLogContext &, const QString &text)
-{
-    if (!text.startsWith(u"This plugin does not support"_s)) // comes from the platform plugin that has no screen
-        ADD_FAILURE() << qPrintable(text);
-}
-
 class FileWalkFrom : public testing::TestWithParam<unsigned>
 {
 };
@@ -377,21 +286,10 @@ class FileWalkFrom : public testing::TestWithParam<unsigned>
 
 TEST_P(FileWalkFrom, ListShowsEveryFileOfTheFolder)
 {
-    const QtMessageHandler before = qInstallMessageHandler(FailOnWarning);
-    {
-        FileWalk walk(GetParam());
-        const QAbstractItemModelTester tester(walk.Grid().model(),
-                                              QAbstractItemModelTester::FailureReportingMode::Warning);
-        for (int step = 0; step < 1'000 && !HasFailure(); ++step) {
-            SCOPED_TRACE(step);
-            walk.Step();
-            do
-                QCoreApplication::processEvents();
-            while (QApplication::activeModalWidget() || QApplication::activePopupWidget());
-            walk.Check();
-        }
-    }
-    qInstallMessageHandler(before);
+    const FailOnWarnings guard;
+    FileWalk walk(GetParam());
+    const QAbstractItemModelTester tester(walk.Grid().model(), QAbstractItemModelTester::FailureReportingMode::Warning);
+    walk.Run(1'000);
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, FileWalkFrom, testing::Range(1U, 5U));

@@ -5,7 +5,7 @@
 #include "CellEditor.h"
 #include "ChoiceBox.h"
 #include "FileGrid.h"
-#include "StringWindow.h"
+#include "TestWindow.h"
 
 #include <QFileDialog>
 #include <QImage>
@@ -15,9 +15,8 @@
 struct FileWindow : TestWindow
 {
     explicit FileWindow(const QByteArray &resources = RESOURCES)
+        : TestWindow("[Resource Type]\nCount=3\nType_0=Normal\nType_1=Push\nType_2=Other\n")
     {
-        folder.Put("bin/Morvanite.ini",
-                   "[Path]\nreso_set=sizes.ini\n[Resource Type]\nCount=3\nType_0=Normal\nType_1=Push\nType_2=Other\n");
         MakeProject("demo", resources);
         for (const char *name : {"a.wav", "b2.avi", "b10.txt"})
             folder.Put(QByteArray("demo/res/") + name, "x");
@@ -37,18 +36,14 @@ struct FileWindow : TestWindow
         Grid().setFocus();
     }
 
-    [[nodiscard]] CFileView &View() const { return StringWindow::Find<CFileView>(Child()); }
+    [[nodiscard]] CFileView &View() const { return Find<CFileView>(Child()); }
     [[nodiscard]] FileGrid &Grid() const { return View().Grid(); }
     [[nodiscard]] FileList &List() const { return View().List(); }
-    [[nodiscard]] CellEditor &Editor() const { return StringWindow::Find<CellEditor>(Grid()); }
-    [[nodiscard]] ChoiceBox &TypeBox() const { return StringWindow::Find<ChoiceBox>(Grid()); }
-    [[nodiscard]] QPushButton &Button() const { return StringWindow::Find<QPushButton>(*Grid().viewport()); }
-    [[nodiscard]] QPoint At(int row, int col) const
-    {
-        return Grid().visualRect(Grid().model()->index(row, col)).center();
-    }
-    void Click(int row, int col) const { QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, At(row, col)); }
-    void DoubleClick(int row, int col) const { TestWindow::DoubleClick(*Grid().viewport(), At(row, col)); }
+    [[nodiscard]] CellEditor &Editor() const { return Find<CellEditor>(Grid()); }
+    [[nodiscard]] ChoiceBox &TypeBox() const { return Find<ChoiceBox>(Grid()); }
+    [[nodiscard]] QPushButton &Button() const { return Find<QPushButton>(*Grid().viewport()); }
+    void Click(int row, int col) const { ClickCell(Grid(), row, col); }
+    void DoubleClick(int row, int col) const { TestWindow::DoubleClick(*Grid().viewport(), PlaceOf(Grid(), row, col)); }
 
     /// Returns what the list shows: the cells of a row with "|" between them.
     [[nodiscard]] QStringList Rows() const

@@ -4,28 +4,17 @@
 #include "DetailsStrip.h"
 #include "FilterChoice.h"
 #include "TableProject.h"
+#include "TestWindow.h"
 
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
-#include <QTest>
 #include <QToolButton>
 #include <QWheelEvent>
 
-using namespace Qt::StringLiterals;
-
 namespace
 {
-
-template <typename Widget> Widget *Named(const QWidget &in, const QString &accessibleName)
-{
-    for (Widget *widget : in.findChildren<Widget *>()) {
-        if (widget->accessibleName() == accessibleName)
-            return widget;
-    }
-    return nullptr;
-}
 
 struct OpenBar : TableProject
 {
@@ -48,9 +37,9 @@ struct OpenBar : TableProject
 
     QString told;
     FindBar bar;
-    QLineEdit &text = *Named<QLineEdit>(bar, u"Find"_s);
-    FilterChoice &column = *Named<FilterChoice>(bar, u"Column"_s);
-    FilterChoice &missing = *Named<FilterChoice>(bar, u"Missing in"_s);
+    QLineEdit &text = TestWindow::Named<QLineEdit>(bar, u"Find"_s);
+    FilterChoice &column = TestWindow::Named<FilterChoice>(bar, u"Column"_s);
+    FilterChoice &missing = TestWindow::Named<FilterChoice>(bar, u"Missing in"_s);
 };
 
 } // namespace
@@ -67,7 +56,7 @@ TEST(FindBar, ReportsEachChangeOnceAndTheNavigationKeys)
     QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&open.column, &wheel);
     EXPECT_EQ(open.Take(), QString()) << "the wheel changes only a focused choice";
-    QTest::mouseClick(Named<QToolButton>(open.bar, u"Match case"_s), Qt::LeftButton);
+    QTest::mouseClick(&TestWindow::Named<QToolButton>(open.bar, u"Match case"_s), Qt::LeftButton);
     QTest::keyClick(&open.column, Qt::Key_Down);
     QTest::keyClicks(&open.missing, u"French"_s);
     EXPECT_EQ(open.bar.Condition(), (StringCondition{u"ab"_s, true, 0, 4, StringCondition::Kind::Any}));
@@ -75,7 +64,7 @@ TEST(FindBar, ReportsEachChangeOnceAndTheNavigationKeys)
     EXPECT_EQ(open.Take(), u"changed changed changed "_s);
 
     open.bar.ShowReplace(true);
-    QTest::keyClicks(Named<QLineEdit>(open.bar, u"Replace with"_s), u"c\r"_s);
+    QTest::keyClicks(&TestWindow::Named<QLineEdit>(open.bar, u"Replace with"_s), u"c\r"_s);
     EXPECT_EQ(open.Take() + open.bar.Replacement(), u"replace c"_s);
     QTest::keyClick(&open.missing, Qt::Key_Escape);
     EXPECT_EQ(open.bar.Condition(), StringCondition());

@@ -23,11 +23,9 @@ const QByteArray FAULTY = "Number of Language|2\nString ID|Resource Type|Descrip
 /// A window with a project that has faults in strings, an image of two screens, and a layout.
 struct FaultyWindow : StringWindow
 {
-    explicit FaultyWindow(bool hasSettings = true) : StringWindow(FAULTY)
+    explicit FaultyWindow(bool hasSettings = true) : StringWindow(FAULTY, WITH_LAYOUTS + "catalogue=catalogue.xml\n")
     {
         app.reset();
-        folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\ncatalogue=catalogue.xml\n"
-                                        "[Resource Type]\nCount=2\nType_0=Normal\nType_1=Push\n");
         folder.Put("bin/catalogue.xml", "<catalogue version=\"1\"><class name=\"Base\"/>"
                                         "<class name=\"Panel\" base=\"Base\"/></catalogue>");
         MakeProject("demo", "<APP>\n<RESOLUTION width=\"176\" height=\"220\" class=\"image\">\n"
@@ -39,17 +37,11 @@ struct FaultyWindow : StringWindow
                             "<STRING>res\\ref_list_demo.txt</STRING></APP>");
         folder.Put("demo/res/l.xml", "<TarvoXML>\n<Layout id=\"ID_L\">\n<Panel name=\"outer\">\n"
                                      "<Panel name=\"inner\" colour=\"1\"/>\n</Panel>\n</Layout>\n</TarvoXML>\n");
-        if (hasSettings)
-            PutSettings();
+        if (hasSettings) // only these rules, so that the tests know the number of findings
+            folder.Put("demo/morvanite-check.ini",
+                       "[Severity]\nno-such-rule=off\nlists-unsaved=off\nheader-stale=off\nlanguage-unknown=off\n"
+                       "image-resolution-missing=off\nid-unused=off\nsame-as-source=off\nimage-same-everywhere=off\n");
         Open();
-    }
-
-    void PutSettings() const
-    {
-        // only these, so that the tests know their number
-        folder.Put("demo/morvanite-check.ini", "[Severity]\nno-such-rule=off\nlists-unsaved=off\nheader-stale="
-                                               "off\nlanguage-unknown=off\nimage-resolution-missing=off\n"
-                                               "id-unused=off\nsame-as-source=off\nimage-same-everywhere=off\n");
     }
 
     [[nodiscard]] FindingsPane &Pane() const { return Frame().Bars().Findings(); }
@@ -148,13 +140,13 @@ TEST(FindingsPane, EnterGoesToCellsFilesAndComponents)
     for (const auto &[place, screen] :
          {std::pair(u"demo.res.xml:3"_s, u"176x220"_s), {u"demo.res.xml:6"_s, u"320x240"_s}}) {
         window.Enter(window.RowOf(u"file-missing"_s, place));
-        auto &list = StringWindow::Find<CListGrid>(*window.Child().Panes()[1]);
+        auto &list = TestWindow::Find<CListGrid>(*window.Child().Panes()[1]);
         EXPECT_TRUE(list.hasFocus() && list.currentIndex().data().toString() == u"ID_I"_s);
         EXPECT_EQ(window.Selected()->title, screen);
     }
 
     window.Enter(window.RowOf(u"layout-property"_s));
-    auto &panes = StringWindow::Find<LayoutPanes>(window.Child());
+    auto &panes = TestWindow::Find<LayoutPanes>(window.Child());
     ASSERT_NE(panes.List().Selected(), nullptr);
     EXPECT_EQ(panes.List().Selected()->propName, "inner");
 
@@ -162,18 +154,6 @@ TEST(FindingsPane, EnterGoesToCellsFilesAndComponents)
     window.Enter(window.RowOf(u"check-settings"_s));
     EXPECT_EQ(window.Selected(), before);
     EXPECT_TRUE(window.Told().ends_with("(morvanite-check.ini:2)")) << window.Told();
-}
-
-TEST(FindingsPane, TellsThatAnIdIsGone)
-{
-    FaultyWindow window;
-    window.ShowFindings();
-    const int row = window.RowOf(u"translation-missing"_s);
-    window.Child().Check().Stop(); // so that the list keeps the finding
-    window.Document().ClearByKind(*window.Strings());
-    window.Pane().Select(row);
-    window.Frame().Findings().Run(ACTION_GO_TO_FINDING);
-    EXPECT_TRUE(window.Told().ends_with("the project has no resource ID_A")) << window.Told();
 }
 
 TEST(FindingsPane, F8StepsFromTheFocusAndBeginsAgain)
@@ -204,7 +184,7 @@ TEST(FindingsPane, F8StepsFromTheFocusAndBeginsAgain)
     EXPECT_TRUE(TestWindow::WaitFor([&] { return window.Pane().List().RowCount() == 5; }));
 }
 
-TEST(FindingsPane, F8DoesNotMoveTheSelectionBelowABox)
+TEST(FindingsPane, F8GoesNowhereBelowABoxOrToADestroyedResource)
 {
     FaultyWindow window;
     window.Child().Check().Stop();
@@ -217,6 +197,14 @@ TEST(FindingsPane, F8DoesNotMoveTheSelectionBelowABox)
     box.close();
     window.Settle();
     EXPECT_EQ(window.Shown(window.Grid().currentIndex().row(), 0), "ID_B");
+
+    window.ShowFindings();
+    const int row = window.RowOf(u"translation-missing"_s);
+    window.Child().Check().Stop(); // so that the list keeps the finding
+    window.Document().ClearByKind(*window.Strings());
+    window.Pane().Select(row);
+    window.Frame().Findings().Run(ACTION_GO_TO_FINDING);
+    EXPECT_TRUE(window.Told().ends_with("the project has no resource ID_A")) << window.Told();
 }
 
 TEST(FindingsPane, KeepsTheSelectionWhileTheFindingsChange)
@@ -224,9 +212,7 @@ TEST(FindingsPane, KeepsTheSelectionWhileTheFindingsChange)
     FaultyWindow window;
     window.ShowFindings();
     window.Pane().Select(window.RowOf(u"file-missing"_s, u":6"_s));
-    window.Edit(2, 4);
-    window.Type(u"%d mers"_s);
-    window.Key(Qt::Key_Return);
+    window.Put(2, 4, u"%d mers"_s);
     EXPECT_TRUE(TestWindow::WaitFor([&] { return window.Pane().List().RowCount() == 5; }));
     EXPECT_EQ(window.Pane().Current(), window.RowOf(u"file-missing"_s, u":6"_s));
     EXPECT_EQ(window.Pane().Grid().SelectedRows(), std::vector<int>{window.Pane().Current()});
@@ -257,6 +243,18 @@ TEST(FindingsPane, TheStatusBarCountsWithLittleRoomFewer)
     FindingCountsButton &counts = window.Frame().Findings().Counts();
     EXPECT_TRUE(counts.isVisible());
     EXPECT_EQ(counts.text(), u"5 errors, 1 warning"_s);
+    auto &bar = TestWindow::Find<FindingsBar>(window.Pane());
+    const auto isWord = [&bar] {
+        const auto buttons = bar.findChildren<QAbstractButton *>();
+        return std::any_of(buttons.begin(), buttons.end(), [](auto *button) { return button->text() == u"5 errors"; });
+    };
+    window.Frame().addDockWidget(Qt::BottomDockWidgetArea, &window.Frame().Bars().OutputBar());
+    window.Settle();
+    EXPECT_TRUE(isWord());
+    QFont large = bar.font();
+    large.setPixelSize(90);
+    bar.setFont(large);
+    EXPECT_FALSE(isWord()) << "the pane has room for the number only";
     window.Frame().resize(500, 600);
     window.Settle();
     EXPECT_EQ(counts.text(), u"5 errors"_s);

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Tests the choice of a project's languages from the language table, without a window.
+// Tests the choice of a project's languages from the language table: without a window, and in the dialog of check
+// boxes.
 #include "CLangFltr.h"
+#include "CListFltrDlg.h"
 #include "FakeBoxes.h"
+#include "Settings.h"
 #include "TableProject.h"
+#include "TestWindow.h"
 
-using namespace Qt::StringLiterals;
+#include <QPushButton>
 
 namespace
 {
@@ -29,10 +33,6 @@ struct LanguageChoice : TableProject
         EXPECT_TRUE(choice.InitList(list));
         list.onCheck = [this](qint32 number, bool checked) { choice.OnCheck(number, checked); };
     }
-    void Sort(int state)
-    {
-        list.Sort(state, [this](qint32 a, qint32 b, int col) { return choice.Compare(a, b, col); });
-    }
     void Turn(std::initializer_list<qint32> numbers)
     {
         for (const qint32 number : numbers) {
@@ -46,11 +46,15 @@ struct LanguageChoice : TableProject
     {
         boxes.asked.clear();
         boxes.answers = {answer};
-        QStringList result{choice.Apply(list) ? u"closed"_s : u"open"_s};
-        result += boxes.asked;
+        const QString result = choice.Apply(list) ? u"closed"_s : u"open"_s;
+        return (QStringList{result} + boxes.asked + Columns()).join(u'|').toStdString();
+    }
+    [[nodiscard]] QStringList Columns() const
+    {
+        QStringList languages;
         for (int col = StringTable::FIRST_LANGUAGE_COLUMN; col < table.ColumnCount(); ++col)
-            result += table.ColumnLanguage(col)->title;
-        return result.join(u'|').toStdString();
+            languages += table.ColumnLanguage(col)->title;
+        return languages;
     }
 
     CountingObserver observer;
@@ -59,24 +63,39 @@ struct LanguageChoice : TableProject
     CheckList list;
 };
 
-} // namespace
-
-TEST(LanguageChoice, ShowsTheLanguagesOfTheTableInItsOrderAndSortsThemByNameOrNumber)
+/// The dialog of the choice.
+struct LanguageDialog : LanguageChoice
 {
-    LanguageChoice project;
-    const auto sorted = [&](int state) {
-        project.Sort(state);
-        QStringList rows;
-        for (const CheckList::Row &row : project.list.rows)
-            rows += row.texts.join(u'=') + (row.checked ? u"*"_s : QString());
-        return rows.join(u' ').toStdString();
-    };
-    EXPECT_EQ(sorted(0), "French=12 English=9* Text10=1 Text9=2") << "only languages have a row";
-    EXPECT_EQ(sorted(1), "English=9* French=12 Text9=2 Text10=1");
-    EXPECT_EQ(sorted(-2), "French=12 English=9* Text9=2 Text10=1");
-    for (const int state : {3, INT_MIN})
-        EXPECT_EQ(sorted(state), "French=12 English=9* Text9=2 Text10=1") << state;
-}
+    LanguageDialog() { ShowActive(dialog); }
+
+    /// Returns the languages as the dialog shows them, with "*" after a checked one.
+    [[nodiscard]] std::string Rows() const
+    {
+        QStringList shown;
+        for (int row = 0; row < grid.model()->rowCount(); ++row) {
+            const QModelIndex cell = grid.model()->index(row, 0);
+            shown += cell.data().toString() + (cell.data(Qt::CheckStateRole) == Qt::Checked ? u"*"_s : QString());
+        }
+        return shown.join(u' ').toStdString();
+    }
+    void Click(int row, int col, int x) const
+    {
+        const QRect cell = grid.visualRect(grid.model()->index(row, col));
+        TestWindow::Click(*grid.viewport(), {cell.left() + x, cell.center().y()});
+    }
+    Settings StoredSettings() const
+    {
+        folder.Put("a.ini", "[wnd_1002]\n0=130\nsort=-2\n");
+        return {folder.Path("a.ini"), folder.Path("user/a.ini")};
+    }
+
+    Settings settings = StoredSettings();
+    CListFltrDlg dialog{choice, settings};
+    CListGrid &grid = *dialog.findChild<CListGrid *>();
+    QList<QPushButton *> buttons = dialog.findChildren<QPushButton *>();
+};
+
+} // namespace
 
 TEST(LanguageChoice, AsksWithTheCountsOfChangesAndChangesNothingBeforeTheAnswer)
 {
@@ -109,23 +128,59 @@ TEST(LanguageChoice, AddsTheDescriptionAndThenLanguagesInTheOrderOfTheList)
         project.DeleteFolder(*project.strings.subfolders.back());
     project.table.Rebuild();
     project.Open();
-    project.Sort(-1);
     project.list.SetAll(true);
     EXPECT_EQ(project.Ok(), "closed|OK/Cancel: 4 language(s) will be added, and 0 will be deleted."
-                            "|Text10|Text9|French|English");
+                            "|French|English|Text10|Text9");
     EXPECT_EQ(project.strings.subfolders.front()->index, -1);
     project.Type(6, u"Hello"_s);
     EXPECT_EQ(project.Dump(), u"ID_STRING_0001 Normal     HELLO"_s);
 }
 
-TEST(LanguageChoice, DeletingALanguageKeepsTheHistoryButItsCommandsFail)
+TEST(LanguageDialog, ChecksLanguagesByKeysMouseAndButtons)
 {
-    LanguageChoice project(TWO_LANGUAGES + "ID_A|Normal||Hello|Bonjour\n##number|1\n");
-    project.Mod(0, 3, u"Bye"_s);
-    project.Mod(0, 4, u"Salut"_s);
-    project.Turn({12});
-    (void)project.Ok();
-    project.table.history.Undo();
-    EXPECT_EQ(StringEditMessage(project.grid.TakeMessage()), u"The language does not exist"_s);
-    EXPECT_EQ(project.Dump(), u"ID_A Normal  Bye"_s);
+    LanguageDialog open;
+    EXPECT_EQ(open.grid.Widths(), (std::vector<int>{130, 150}));
+    EXPECT_EQ(open.Rows(), "French English* Text9 Text10") << "stored as sorted by number, the last first";
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Down, Qt::Key_Right, Qt::Key_Space})
+        QTest::keyClick(open.dialog.focusWidget(), key);
+    EXPECT_EQ(open.Rows(), "French* English Text9 Text10");
+    open.Click(2, 0, 60);
+    open.Click(0, 1, 10);
+    EXPECT_EQ(open.Rows(), "French* English Text9 Text10") << "clicks beside the boxes";
+    for (int i = 0; i < 3; ++i)
+        open.Click(2, 0, 10);
+    EXPECT_EQ(open.Rows(), "French* English Text9* Text10");
+    open.buttons[1]->click(); // Clear All
+    EXPECT_EQ(open.Rows(), "French English Text9 Text10");
+    open.buttons[0]->click(); // Select All
+    EXPECT_EQ(open.Rows(), "French* English* Text9* Text10*");
+    QTest::keyClick(&open.grid, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&open.grid, Qt::Key_Space);
+    EXPECT_EQ(open.Rows(), "French English Text9 Text10") << "all that are selected";
+}
+
+TEST(LanguageDialog, AppliesTheChoiceInTheShownOrderAndStoresItsStateOnClosing)
+{
+    LanguageDialog open;
+    open.Click(0, 0, 60); // French, which stays selected
+    TestWindow::ClickHeader(open.grid, 0);
+    open.buttons[0]->click();
+    open.boxes.answers = {false, true};
+    QTest::keyClick(&open.grid, Qt::Key_Return);
+    EXPECT_TRUE(open.dialog.isVisible()) << "not applied";
+    EXPECT_EQ(open.grid.SelectedRows(), std::vector<int>{1});
+    EXPECT_EQ(open.Rows(), "English* French* Text9* Text10*");
+    TestWindow::ClickHeader(open.grid, 0);
+    open.grid.setColumnWidth(1, 0);
+    QTest::keyClick(&open.grid, Qt::Key_Return);
+    EXPECT_EQ(open.dialog.result(), QDialog::Accepted);
+    EXPECT_EQ(open.boxes.asked.last(), u"OK/Cancel: 3 language(s) will be added, and 0 will be deleted."_s);
+    EXPECT_EQ(open.Columns(), (QStringList{u"English"_s, u"Old"_s, u"Text10"_s, u"Text9"_s, u"French"_s}));
+    EXPECT_EQ(open.folder.Get("a.ini"), "[wnd_1002]\n0=130\nsort=-1\n1=0\n");
+
+    const LanguageDialog other;
+    TestWindow::ClickHeader(other.grid, 1);
+    QTest::keyClick(&other.grid, Qt::Key_Escape);
+    EXPECT_EQ(other.boxes.asked, QStringList());
+    EXPECT_TRUE(other.folder.Get("a.ini").contains("sort=2")) << "stored nevertheless";
 }

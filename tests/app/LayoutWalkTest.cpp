@@ -7,16 +7,13 @@
 #include "LayoutPanes.h"
 #include "LinedTree.h"
 #include "PropertyModel.h"
+#include "RandomUser.h"
 #include "StringWindow.h"
 #include "TestCatalogue.h"
 #include "ToolboxList.h"
 
-#include <QAbstractItemModelTester>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QScrollBar>
-
-#include <random>
 
 namespace
 {
@@ -44,39 +41,31 @@ const Qt::Key ENDS[] = {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab, Qt::Key_Esca
 const ActionId ZOOMS[] = {ACTION_ZOOM_IN, ACTION_ZOOM_OUT, ACTION_FIT_VIEW, ActionId(ACTION_ZOOM_PRESET),
                           ACTION_ZOOM_CUSTOM};
 
-struct LayoutWalk : TestWindow
+struct LayoutWalk : TestWindow, RandomUser
 {
-    explicit LayoutWalk(unsigned seed) : random(seed)
+    explicit LayoutWalk(unsigned seed)
+        : TestWindow(WITH_LAYOUTS + "pictures=1\ncatalogue=classes.xml\n[split2nd]\nheight=200\n"), RandomUser(seed)
     {
-        folder.Put("bin/Morvanite.ini",
-                   "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\npictures=1\ncatalogue=classes.xml\n"
-                   "[split2nd]\nheight=200\n");
         folder.Put("bin/classes.xml", CLASSES);
         MakeProject("demo", RESOURCES);
         folder.Put("demo/res/ref_list_demo.txt", StringFileBytes(StringWindow::THREE_ROWS));
         PutLayouts();
         Start({Project()});
         Frame().resize(900, 700);
-        boxTimer.callOnTimeout([this] { AnswerBox(); });
-        boxTimer.start(1);
         GoTo(KIND_LAYOUT);
     }
-    ~LayoutWalk() { Document().SetModifiedFlag(false); }
 
-    void Step();
-    /// Checks what must be true after every action.
-    void Check() const;
     /// Returns all layouts as the file has them.
     [[nodiscard]] std::string Layouts() const;
     void SaveAndReload();
 
 private:
-    int Below(int end) { return int(random() % unsigned(end)); }
-    template <typename T, size_t N> const T &OneOf(const T (&all)[N]) { return all[size_t(Below(int(N)))]; }
-    [[nodiscard]] LayoutPanes &Panes() const { return StringWindow::Find<LayoutPanes>(Child()); }
-    [[nodiscard]] LinedTree &List() const { return StringWindow::Find<LinedTree>(Panes().List()); }
+    void Step() override;
+    void Check() const override;
+    [[nodiscard]] LayoutPanes &Panes() const { return Find<LayoutPanes>(Child()); }
+    [[nodiscard]] LinedTree &List() const { return Find<LinedTree>(Panes().List()); }
     [[nodiscard]] CLotScreenView &Preview() const { return Panes().Preview(); }
-    [[nodiscard]] CListGrid &Grid() const { return StringWindow::Find<CListGrid>(Panes().Grid()); }
+    [[nodiscard]] CListGrid &Grid() const { return Find<CListGrid>(Panes().Grid()); }
     [[nodiscard]] const PropertyModel &Model() const { return static_cast<const PropertyModel &>(*Grid().model()); }
     [[nodiscard]] CLayoutRes *Layout() const
     {
@@ -105,19 +94,7 @@ private:
                                          "</Layout><Layout id=\"ID_TWO\"/><Layout id=\"ID_THREE\">" + Components(3) +
                                          "</Layout></TarvoXML>");
     }
-    void AnswerBox()
-    {
-        if (QWidget *const menu = QApplication::activePopupWidget())
-            menu->close();
-        QWidget *const open = QApplication::activeModalWidget();
-        if (auto *const box = qobject_cast<QMessageBox *>(open)) {
-            const auto buttons = box->buttons();
-            buttons[Below(int(buttons.size()))]->click();
-        } else if (auto *const dialog = qobject_cast<QDialog *>(open)) {
-            QMetaObject::invokeMethod(dialog, Below(3) ? &QDialog::accept : &QDialog::reject, Qt::QueuedConnection);
-        }
-    }
-    static void Key(Qt::Key key)
+    static void KeyIfPossible(Qt::Key key)
     {
         if (QApplication::focusWidget()) // there is no focus widget below a box
             QTest::keyClick(QApplication::focusWidget(), key);
@@ -127,14 +104,13 @@ private:
         QWidget &sheet = *List().viewport();
         if (Below(3) == 0) {
             List().setFocus();
-            return Key(OneOf({Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right, Qt::Key_End}));
+            return KeyIfPossible(OneOf({Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right, Qt::Key_End}));
         }
-        QTest::mouseClick(&sheet, Below(8) ? Qt::LeftButton : Qt::RightButton, {},
-                          QPoint(Below(sheet.width()), Below(sheet.height())));
+        QTest::mouseClick(&sheet, Below(8) ? Qt::LeftButton : Qt::RightButton, {}, PointIn(sheet));
     }
     void ClickInPreview()
     {
-        const QPoint place(Below(Preview().viewport()->width()), Below(Preview().viewport()->height()));
+        const QPoint place = PointIn(*Preview().viewport());
         const PreviewEntries entries = Layout() ? EntriesOf(*Layout()) : PreviewEntries();
         const QPoint point = Preview().Zoom().LayoutPoint(place, Preview().Place());
         const bool isThrough = Below(3) == 0;
@@ -161,18 +137,18 @@ private:
         for (int again = Below(3); again >= 0 && !QApplication::activeModalWidget(); --again) {
             QWidget *const focus = QApplication::focusWidget();
             if (qobject_cast<QComboBox *>(focus))
-                Key(OneOf({Qt::Key_Down, Qt::Key_Up, Qt::Key_F, Qt::Key_N, Qt::Key_End}));
+                KeyIfPossible(OneOf({Qt::Key_Down, Qt::Key_Up, Qt::Key_F, Qt::Key_N, Qt::Key_End}));
             else if (auto *const line = qobject_cast<QLineEdit *>(focus))
                 line->insert(Below(3) ? OneOf({u""_s, u"n"_s}) + QString::number(Below(300)) : OneOf(TYPED));
             if (Below(2))
-                Key(OneOf(ENDS));
+                KeyIfPossible(OneOf(ENDS));
         }
     }
     void AddOrDelete()
     {
         if (Below(3) == 0) {
             List().setFocus();
-            return Key(Qt::Key_Delete);
+            return KeyIfPossible(Qt::Key_Delete);
         }
         ToolboxList &toolbox = Frame().Bars().Classes();
         DoubleClick(*toolbox.viewport(), toolbox.visualItemRect(toolbox.item(Below(toolbox.count() + 1))).center());
@@ -193,8 +169,7 @@ private:
         } else if (Below(2)) {
             Preview().horizontalScrollBar()->setValue(Below(100));
         } else {
-            Frame().resize(500 + Below(5) * 100, 500 + Below(5) * 80);
-            Grid().horizontalHeader()->resizeSection(Below(3), Below(5) * 100);
+            ResizeOrScroll(Grid(), Frame());
         }
     }
     void OtherFolder()
@@ -241,9 +216,6 @@ private:
         Document().SetModifiedFlag(false);
         EXPECT_EQ(Document().TakeInChanges(), CResDoc::Outside::TakenIn);
     }
-
-    std::mt19937 random;
-    QTimer boxTimer;
 };
 
 std::string LayoutWalk::Layouts() const
@@ -276,11 +248,7 @@ void LayoutWalk::SaveAndReload()
 
 void LayoutWalk::Step()
 {
-    QCoreApplication::processEvents();
-    while (!QApplication::activeWindow()) { // without a screen no window manager activates a window below a box
-        Frame().activateWindow();
-        QCoreApplication::processEvents(); // may open a box
-    }
+    WakeUp();
     if (!QApplication::focusWidget())
         Tree().setFocus();
     const int what = Below(60);
@@ -296,11 +264,12 @@ void LayoutWalk::Step()
         return CheckOut();
     if (what < 12 || !Layout())
         return OtherFolder();
-    constexpr void (LayoutWalk::*OFTEN[])() = {
-        &LayoutWalk::ClickInList,  &LayoutWalk::ClickInPreview, &LayoutWalk::FilterProperties,
-        &LayoutWalk::AddOrDelete,  &LayoutWalk::Zoom,           &LayoutWalk::AddOrDelete,
-        &LayoutWalk::EditProperty, &LayoutWalk::EditProperty,   &LayoutWalk::EditProperty};
-    (this->*OneOf(OFTEN))();
+    ActOneOf({{1, [&] { ClickInList(); }},
+              {1, [&] { ClickInPreview(); }},
+              {1, [&] { FilterProperties(); }},
+              {2, [&] { AddOrDelete(); }},
+              {1, [&] { Zoom(); }},
+              {3, [&] { EditProperty(); }}});
 }
 
 void LayoutWalk::Check() const
@@ -336,12 +305,6 @@ void LayoutWalk::Check() const
     }
 }
 
-void FailOnWarning(QtMsgType, const QMessageLogContext &, const QString &text)
-{
-    if (!text.startsWith(u"This plugin does not support"_s)) // comes from the platform plugin that has no screen
-        ADD_FAILURE() << qPrintable(text);
-}
-
 class LayoutWalkFrom : public testing::TestWithParam<unsigned>
 {
 };
@@ -350,21 +313,10 @@ class LayoutWalkFrom : public testing::TestWithParam<unsigned>
 
 TEST_P(LayoutWalkFrom, ThreePanesShowTheSameTree)
 {
-    const QtMessageHandler before = qInstallMessageHandler(FailOnWarning);
-    {
-        LayoutWalk walk(GetParam());
-        for (int step = 0; step < 500 && !HasFailure(); ++step) {
-            SCOPED_TRACE(step);
-            walk.Step();
-            do
-                QCoreApplication::processEvents();
-            while (QApplication::activeModalWidget() || QApplication::activePopupWidget());
-            QCoreApplication::sendPostedEvents(); // events of the last box
-            walk.Check();
-        }
-        walk.SaveAndReload();
-    }
-    qInstallMessageHandler(before);
+    const FailOnWarnings guard;
+    LayoutWalk walk(GetParam());
+    walk.Run(500);
+    walk.SaveAndReload();
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, LayoutWalkFrom, testing::Range(1U, 4U));

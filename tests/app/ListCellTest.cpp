@@ -112,15 +112,11 @@ TEST(ListCellDelegate, ShowsDirectionAndGapInEveryState)
 
 TEST(TextDirection, FollowsTheLanguageOfTheName)
 {
-    for (const char *const name :
-         {"Arabic",         "Arabic (Egypt)", "arabic-egypt", "Hebrew",          "Modern Hebrew", "PERSIAN",
-          "Farsi",          "Dari",           "Urdu",         "Urdu_PK",         "Yiddish",       "Pashto",
-          "Uyghur",         "Uighur",         "Sindhi",       "Central Kurdish", "Dhivehi",       "Syriac",
-          "Uzbek (Arabic)", "العربية",        "עברית",        "فارسی",           "(اردو)"})
+    for (const char *const name : {"Arabic", "Arabic (Egypt)", "arabic-egypt", "Modern Hebrew", "PERSIAN", "Urdu_PK",
+                                   "Central Kurdish", "Uzbek (Arabic)", "العربية", "עברית", "فارسی", "(اردو)"})
         EXPECT_EQ(DirectionOfLanguage(QString::fromUtf8(name)), Qt::RightToLeft) << name;
-    for (const char *const name : {"", "English", "Simplified Chinese", "中文", "Hindi", "हिन्दी", "Kurdish", "Greek",
-                                   "English (Saudi Arabia)", "Spanish (Darien)", "Russian", "ไทย", "Language 1",
-                                   "1: Français", "C", "Kazakh", "Somali", "Maltese", "Turkish"})
+    for (const char *const name : {"", "中文", "हिन्दी", "Kurdish", "English (Saudi Arabia)", "Spanish (Darien)", "ไทย",
+                                   "1: Français", "C", "Maltese"})
         EXPECT_EQ(DirectionOfLanguage(QString::fromUtf8(name)), Qt::LeftToRight) << name;
 }
 

@@ -31,8 +31,7 @@ TEST(NoticeText, IsHighEnoughForAllItsLines)
 
 TEST(NoticeBar, CanBeReadCopiedAndDismissedByTheKeyboard)
 {
-    TestWindow window;
-    window.Start({window.Project()});
+    OpenWindow window;
     window.Tree().setFocus();
     NoticeBar &bar = window.Child().Notice();
     EXPECT_FALSE(bar.isVisible());
@@ -101,8 +100,7 @@ TEST(NoticeBar, AppearsOnlyInTheWindowOfAProjectThatIsBeingLoaded)
 
 TEST(NoticeBar, MessagesOfASaveOnClosingAppearInABoxAndOnStandardError)
 {
-    TestWindow window;
-    window.Start({window.Project()});
+    OpenWindow window;
     window.Frame().Notices().Add(window.Document(), u"seen before"_s);
     const auto changeOutside = [&window] {
         window.folder.Put("demo/res/demo.res.xml", "<APP><IMAGE id=\"ID_OTHER\" type=\"Normal\">b.png</IMAGE></APP>");

@@ -2,7 +2,6 @@
 #include "TestWindow.h"
 
 #include <QClipboard>
-#include <QContextMenuEvent>
 #include <QTextBlock>
 
 TEST(InfoPane, ScrollsToTheEndUnlessTheUserScrolledAway)
@@ -83,35 +82,10 @@ TEST(InfoPane, TheMenuKeyOpensTheMenuInsideThePane)
         pane.GoToEnd();
         if (isAllSelected)
             pane.Run(ACTION_SELECT_ALL);
-        QTimer::singleShot(0, [&pane] {
-            QWidget *const menu = QApplication::activePopupWidget();
-            EXPECT_TRUE(pane.viewport()->rect().contains(pane.viewport()->mapFromGlobal(menu->pos())));
-            menu->close();
+        TestWindow::OpenMenu(*pane.viewport(), [&pane](const QWidget &menu) {
+            EXPECT_TRUE(pane.viewport()->rect().contains(pane.viewport()->mapFromGlobal(menu.pos())));
         });
-        QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(), QPoint());
-        QApplication::sendEvent(pane.viewport(), &key);
     }
-}
-
-TEST(MainFrame, ShowsSimultaneousMessagesOneByOne)
-{
-    TestWindow window;
-    window.Start();
-    qsizetype most = 0;
-    QTimer look;
-    QObject::connect(&look, &QTimer::timeout, [&most] {
-        const QWidgetList widgets = QApplication::topLevelWidgets();
-        most = qMax(most, std::count_if(widgets.begin(), widgets.end(), [](const QWidget *widget) {
-                        return widget->isVisible() && widget->inherits("QMessageBox");
-                    }));
-    });
-    look.start(1);
-    window.Answer({QMessageBox::Ok, QMessageBox::Ok});
-    for (const QString &text : {u"first"_s, u"second"_s})
-        window.Frame().Boxes().ShowMessage(text);
-    EXPECT_TRUE(TestWindow::WaitFor([&window] { return window.boxes.size() == 2; }));
-    EXPECT_EQ(window.boxes, QStringList({u"first"_s, u"second"_s}));
-    EXPECT_EQ(most, 1);
 }
 
 TEST(MainFrame, DropsTextWrittenWhileTheOutputIsHidden)

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Tests the preview that draws the images and texts of its components, in a window.
 #include "CLotScreenView.h"
-#include "StringWindow.h"
+#include "StringFileBytes.h"
+#include "TestWindow.h"
 
 #include <QImage>
 
@@ -13,10 +14,9 @@ namespace
 struct ArtWindow : TestWindow
 {
     explicit ArtWindow(bool hasPictures)
+        : TestWindow(WITH_LAYOUTS + "catalogue=catalogue.xml\npictures=" + (hasPictures ? "1" : "0") +
+                     "\n[split3rd]\nwidth=100\n")
     {
-        folder.Put("bin/Morvanite.ini",
-                   "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\ncatalogue=catalogue.xml\npictures=" +
-                       QByteArray(hasPictures ? "1" : "0") + "\n[split3rd]\nwidth=100\n");
         folder.Put("bin/catalogue.xml",
                    "<catalogue version=\"1\"><enumeration name=\"Fit\"><item name=\"stretch\"/><item name=\"tile\"/>"
                    "</enumeration><class name=\"Thing\"><member name=\"pos\" type=\"ZulPoint\"/><member name=\"size\" "
@@ -24,8 +24,8 @@ struct ArtWindow : TestWindow
                    "<member name=\"picture\" type=\"ZulImageSrc\"/><member name=\"text\" type=\"ZulWString\"/>"
                    "<member name=\"color\" type=\"ZulColor\"/></class></catalogue>");
         MakeProject("demo", "<APP><IMAGE id=\"ID_RED\" type=\"Normal\">.\\res\\RED.png</IMAGE>"
-                            "<RESOLUTION width=\"240\" height=\"320\" class=\"layout\"><LAYOUT>res\\l.xml</LAYOUT>"
-                            "</RESOLUTION><STRING>res\\ref_list_demo.txt</STRING></APP>");
+                            "<STRING>res\\ref_list_demo.txt</STRING>" +
+                                LAYOUT_LIST + "</APP>");
         folder.Put("demo/res/ref_list_demo.txt", StringFileBytes("Number of Language|1\nString ID|Resource Type|"
                                                                  "Description|English(0)\nID_TEXT|Normal||MMMMMM\n"
                                                                  "##number|1\n"));
@@ -50,7 +50,7 @@ struct ArtWindow : TestWindow
         picture.fill(color);
         EXPECT_TRUE(picture.save(folder.Path("demo/res/red.png")));
     }
-    [[nodiscard]] CLotScreenView &View() const { return StringWindow::Find<CLotScreenView>(Child()); }
+    [[nodiscard]] CLotScreenView &View() const { return Find<CLotScreenView>(Child()); }
     /// Returns the painted image, from the corner of the screen on.
     [[nodiscard]] QImage Painted() const
     {

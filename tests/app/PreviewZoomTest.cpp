@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "PreviewZoom.h"
 
-#include "CLayoutRes.h"
-#include "CResoTable.h"
-#include "TestModel.h"
-
 #include <rapidcheck.h>
 
 #include <gtest/gtest.h>
@@ -27,19 +23,6 @@ TEST(PreviewZoom, ScalesTowardZeroAndPlacesTheScreen)
     constexpr qint32 MAX = std::numeric_limits<qint32>::max();
     EXPECT_EQ(zoom.Scaled(MAX), MAX);
     EXPECT_EQ(zoom.Scaled(-MAX), -MAX - 1);
-
-    CResoTable resolutions;
-    resolutions.Add({}, 240, 320);
-    TestModel model;
-    IDRecord *record = model.ids.Allocate("ID_A", 1);
-    const auto file = std::make_shared<LayoutFileObject>(model.env, model.ids, 0);
-    const ClassCatalogue catalogue;
-    const auto layout = CLayoutRes::CreateEmpty(record, file, catalogue);
-    record->Release();
-    EXPECT_EQ(ScreenOf(layout.get(), resolutions), QSize(240, 320));
-    file->resolution = 1;
-    EXPECT_EQ(ScreenOf(layout.get(), resolutions), QSize(0, 0));
-    EXPECT_EQ(ScreenOf(nullptr, resolutions), QSize(0, 0));
 }
 
 TEST(PreviewZoom, StepsWithinItsLimitsAndFitsBeyondThem)
@@ -70,18 +53,6 @@ TEST(PreviewZoom, StepsWithinItsLimitsAndFitsBeyondThem)
     EXPECT_EQ(zoom.CustomizeLabel(), QStringLiteral("&Customize..."));
     EXPECT_EQ(at(20).MarkedEntry(), PreviewZoom::PRESETS.size());
     EXPECT_EQ(zoom.CustomizeLabel(), QStringLiteral("Customize(20%)..."));
-}
-
-TEST(PreviewZoom, FollowsTheWheelWithAtMostOneModifierKey)
-{
-    for (const Qt::KeyboardModifiers keys : {Qt::AltModifier | Qt::NoModifier, Qt::ControlModifier | Qt::ShiftModifier})
-        EXPECT_EQ(WheelMoveOf(120, keys), WheelMove::Nothing);
-    EXPECT_EQ(WheelMoveOf(-1, Qt::ControlModifier | Qt::KeypadModifier), WheelMove::Zoom);
-    EXPECT_EQ(WheelMoveOf(1, Qt::ShiftModifier), WheelMove::LineLeft);
-    EXPECT_EQ(WheelMoveOf(-1, Qt::ShiftModifier), WheelMove::LineRight);
-    EXPECT_EQ(WheelMoveOf(1, Qt::NoModifier), WheelMove::LineUp);
-    EXPECT_EQ(WheelMoveOf(-1, Qt::NoModifier), WheelMove::LineDown);
-    EXPECT_EQ(WheelMoveOf(0, Qt::ControlModifier), WheelMove::Nothing);
 }
 
 TEST(PreviewZoom, KeepsThePointUnderThePointer)

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "ProjectTree.h"
+#include "FolderKinds.h"
 #include "TestWindow.h"
 
-#include <QDropEvent>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -60,22 +58,12 @@ TEST(ProjectWindow, ShowsTheFoldersInUseAndOpensThem)
 
     window.Document().UpdateAllViews(nullptr);
     EXPECT_EQ(window.Selected()->title, u"240x320"_s) << "a refill keeps the selection";
-    for (const bool isGone : {false, true}) {
-        window.Document().treeGoes.Tell(window.Document().root);
-        EXPECT_EQ(window.Selected(), nullptr) << "the view forgets what a reload destroys";
-        if (isGone)
-            window.Document().root.FindFolder(KIND_RESO_IMAGES, 1, 2)->kind |= KIND_FLAG_OFF;
-        window.Document().UpdateAllViews(nullptr);
-        EXPECT_EQ(window.Selected()->title, isGone ? QString() : u"240x320"_s);
-    }
-    EXPECT_EQ(window.Selected(), &window.Document().root);
     EXPECT_EQ(EntryOf(KIND_COMPONENT | KIND_FLAG_OFF).icon, UiIcon::None);
 }
 
 TEST(ProjectWindow, ClearAsksAndMarksTheProjectModifiedUntilItIsSaved)
 {
-    TestWindow window;
-    window.Start({window.Project()});
+    OpenWindow window;
     EXPECT_EQ(window.Frame().windowTitle(), u"Morvanite - [demo[*]]"_s);
     EXPECT_FALSE(window.Frame().isWindowModified());
     window.Tree().SetContextFolder(CProjView::FolderOf(window.Row(u"Images"_s)));
@@ -93,15 +81,11 @@ TEST(ProjectWindow, ClearAsksAndMarksTheProjectModifiedUntilItIsSaved)
     window.Settle();
     EXPECT_EQ(window.Frame().windowTitle(), u"Morvanite - demo[*]"_s);
     EXPECT_TRUE(window.Frame().isWindowModified());
-    window.Frame().activateWindow();
-    window.Settle();
+    window.Activate();
     QTest::keyClick(&window.Frame(), Qt::Key_S, Qt::ControlModifier);
     EXPECT_FALSE(window.Document().IsModified());
     window.Settle();
     EXPECT_FALSE(window.Frame().isWindowModified());
-    window.Child().showMaximized();
-    window.Settle();
-    EXPECT_EQ(window.Frame().windowTitle(), u"Morvanite - [demo[*]]"_s);
     window.Frame().RunAction(ACTION_CLOSE);
     window.Settle();
     EXPECT_EQ(window.Frame().windowTitle(), u"Morvanite"_s);
@@ -110,8 +94,7 @@ TEST(ProjectWindow, ClearAsksAndMarksTheProjectModifiedUntilItIsSaved)
 
 TEST(ProjectWindow, ClosingAsksAboutChangesAndKeepsAProjectThatCannotBeSaved)
 {
-    TestWindow window;
-    window.Start({window.Project()});
+    OpenWindow window;
     window.Document().SetModifiedFlag(true);
     const QSignalSpy ended(qApp, &QGuiApplication::lastWindowClosed);
     window.Answer({QMessageBox::Cancel});
@@ -183,16 +166,9 @@ TEST(ProjectWindow, OpensDroppedProjectsAndRefusesOtherFiles)
     TestWindow window;
     window.MakeProject("other", "<APP/>");
     window.Start();
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(window.Project()), QUrl::fromLocalFile(window.folder.Path("a.png")),
-                  QUrl::fromLocalFile(window.Project("other")), QUrl::fromLocalFile(window.folder.Path("b.png"))});
     window.Answer({QMessageBox::Ok});
-    QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(&window.Frame(), &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop(QPointF(9, 9), Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(&window.Frame(), &drop);
-    window.Settle();
+    window.DropOn(window.Frame(), window.UrlsOf({window.Project(), window.folder.Path("a.png"), window.Project("other"),
+                                                 window.folder.Path("b.png")}));
     EXPECT_TRUE(window.boxes.size() == 1 && window.boxes[0].contains(u"a.png\n"_s) &&
                 window.boxes[0].endsWith(u"b.png"_s));
     EXPECT_EQ(window.app->Documents().Documents().size(), 2U);
@@ -215,10 +191,8 @@ TEST(ProjectWindow, OpensDroppedProjectsAndRefusesOtherFiles)
 
 TEST(ProjectWindow, CanBeUsedByTheKeyboard)
 {
-    TestWindow window;
-    window.Start({window.Project()});
-    window.Frame().activateWindow();
-    window.Settle();
+    OpenWindow window;
+    window.Activate();
     window.Tree().setFocus();
     QTest::keyClick(&window.Frame(), Qt::Key_F6);
     EXPECT_EQ(QApplication::focusWidget(), &DefaultView(window));
@@ -235,15 +209,12 @@ TEST(ProjectWindow, CanBeUsedByTheKeyboard)
     EXPECT_EQ(window.Tree().selectedItems(), QList<QTreeWidgetItem *>({window.Row(u"Strings"_s)}))
         << "nothing deselects a folder";
 
-    const auto isCopyOn = [&window] {
-        const QList<QAction *> edit = window.Frame().menuBar()->actions()[1]->menu()->actions();
-        return std::any_of(edit.begin(), edit.end(),
-                           [](const QAction *entry) { return entry->text() == u"&Copy"_s && entry->isEnabled(); });
-    };
     window.Frame().Bars().Output().setFocus();
     window.Frame().RunAction(ACTION_SELECT_ALL);
     QTest::keyClick(&window.Frame(), Qt::Key_E, Qt::AltModifier);
-    EXPECT_TRUE(QApplication::activePopupWidget() && isCopyOn()) << "applies to the control that regains focus";
+    ASSERT_TRUE(QApplication::activePopupWidget());
+    EXPECT_THAT(window.MenuEntriesOf(*QApplication::activePopupWidget()), testing::HasSubstr("|&Copy|"))
+        << "enabled: it applies to the control that regains the focus";
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
     QTest::keyClick(window.Frame().menuBar(), Qt::Key_Escape);
     EXPECT_EQ(QApplication::focusWidget(), &window.Frame().Bars().Output());
@@ -252,8 +223,7 @@ TEST(ProjectWindow, CanBeUsedByTheKeyboard)
     const int before = window.Tree().width();
     for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
         window.Child().setLayoutDirection(direction);
-        window.Frame().activateWindow();
-        window.Settle();
+        window.Activate();
         window.Frame().RunAction(ACTION_SPLIT);
         const bool isMirrored = direction == Qt::RightToLeft;
         QTest::keyClick(QApplication::focusWidget(), isMirrored ? Qt::Key_Left : Qt::Key_Right);
@@ -277,9 +247,7 @@ TEST(ProjectWindow, CanBeUsedByTheKeyboard)
 
 TEST(ProjectWindow, CreatesRenamesAndDeletesLayoutsInTheTree)
 {
-    TestWindow window;
-    window.folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\n");
-    window.Start({window.Project()});
+    OpenWindow window(TestWindow::WITH_LAYOUTS);
     QTreeWidgetItem *const layouts = window.Row(u"Layouts"_s);
     ASSERT_NE(layouts, nullptr);
     window.Tree().setCurrentItem(layouts->child(0));
@@ -301,26 +269,17 @@ TEST(ProjectWindow, CreatesRenamesAndDeletesLayoutsInTheTree)
     window.Tree().findChild<QLineEdit *>()->setText(u"id_second"_s);
     window.Answer({QMessageBox::Cancel});
     EXPECT_FALSE(window.Frame().close()) << "the typed text counts";
-    window.Frame().activateWindow();
-    window.Settle();
+    window.Activate();
     window.Frame().RunAction(ACTION_RENAME);
     QLineEdit *const again = window.Tree().findChild<QLineEdit *>();
     ASSERT_NE(again, nullptr);
     again->setText(u"id_image"_s);
-    bool isLabelLeft = false;
-    QTimer look;
-    QObject::connect(&look, &QTimer::timeout, [&] {
-        if (QApplication::activeModalWidget())
-            isLabelLeft = window.Frame().focusWidget() == &window.Tree();
-    });
-    look.start(1);
     window.Answer({QMessageBox::Ok, QMessageBox::Ok});
     QTest::keyClick(again, Qt::Key_Return);
     window.Settle();
-    EXPECT_TRUE(isLabelLeft && window.boxes.size() == 2) << "the tree has the focus again";
-    look.stop();
-    window.Frame().activateWindow();
-    window.Settle();
+    EXPECT_EQ(window.boxes.size(), 2);
+    window.Activate();
+    EXPECT_EQ(QApplication::focusWidget(), &window.Tree()) << "the label is left";
     window.Frame().RunAction(ACTION_RENAME);
     window.Tree().findChild<QLineEdit *>()->setText(u"id_image"_s);
     EXPECT_FALSE(window.Frame().close()) << "the program doesn't end when the user must correct a text";
@@ -331,21 +290,18 @@ TEST(ProjectWindow, CreatesRenamesAndDeletesLayoutsInTheTree)
     QListWidget &list = DefaultView(window);
     list.item(0)->setText(u"no good"_s);
     window.Settle();
-    list.item(0)->setText(u"id_main"_s);
-    EXPECT_EQ(RowsOf(list), "ID_MAIN");
-    list.item(0)->setText(u"id_start"_s);
-    window.Tree().SetContextFolder(CProjView::FolderOf(layouts->child(0)->child(0)));
-    EXPECT_TRUE(window.Tree().StateOf(ACTION_RENAME)->enabled);
+    list.item(0)->setText(u"  "_s);
+    EXPECT_EQ(RowsOf(list), "ID_SECOND") << "a blank name is dropped";
+    list.item(0)->setText(u" id_start "_s);
+    EXPECT_EQ(RowsOf(list), "ID_START");
     window.Frame().RunAction(ACTION_SAVE);
-    EXPECT_FALSE(window.Tree().StateOf(ACTION_RENAME)->enabled) << "an action has run since that folder's menu";
     window.Tree().setCurrentItem(layouts->child(0)->child(0));
     EXPECT_TRUE(window.folder.Get("demo/res/layout_demo_240x320.xml").contains("ID_START"));
 
     window.Answer({QMessageBox::No, QMessageBox::Yes});
     window.Tree().setFocus();
     for (const int left : {1, 0}) {
-        window.Frame().activateWindow();
-        window.Settle();
+        window.Activate();
         QTest::keyClick(&window.Tree(), Qt::Key_Delete);
         window.Settle();
         EXPECT_EQ(layouts->child(0)->childCount(), left);
@@ -353,21 +309,4 @@ TEST(ProjectWindow, CreatesRenamesAndDeletesLayoutsInTheTree)
     EXPECT_EQ(window.boxes.size(), 6);
     EXPECT_EQ(window.boxes[3], u"The ID is invalid."_s);
     EXPECT_FALSE(window.Document().IsIdInUse(u"ID_START"_s));
-}
-
-TEST(ProjectTree, RenamesALayoutInUpperCaseAndOnlyToAFreeValidName)
-{
-    TestWindow window;
-    window.Start({window.Project()});
-    CResFolder layout(KIND_LAYOUT, 1);
-    layout.title = u"ID_LAYOUT_0001"_s;
-    layout.AddResource(window.Document().CreateFileRes("ID_LAYOUT_0001", 1));
-    EXPECT_EQ(EndLabelEdit(window.Document(), layout, u"  "_s).message, QString());
-    EXPECT_EQ(EndLabelEdit(window.Document(), layout, u"1 a"_s).message, u"The ID is invalid."_s);
-    EXPECT_EQ(EndLabelEdit(window.Document(), layout, u"id_image"_s).message,
-              u"The ID already exists, or it is reserved."_s);
-    EXPECT_EQ(layout.title, u"ID_LAYOUT_0001"_s);
-    EXPECT_EQ(EndLabelEdit(window.Document(), layout, u" id_start "_s).label, u"ID_START"_s);
-    EXPECT_EQ(layout.resources.First()->Id()->name, "ID_START");
-    EXPECT_TRUE(!CanEditLabel(&window.Document().root) && !CanEditLabel(nullptr) && CanEditLabel(&layout));
 }

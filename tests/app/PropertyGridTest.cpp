@@ -19,10 +19,8 @@ namespace
 /// A property grid in a window of its own, for a component of an open project.
 struct PropertyWindow : TestWindow
 {
-    PropertyWindow()
+    PropertyWindow() : TestWindow(WITH_LAYOUTS + "catalogue=classes.xml\n[wnd_1019]\n2=77\n")
     {
-        folder.Put("bin/Morvanite.ini",
-                   "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\ncatalogue=classes.xml\n[wnd_1019]\n2=77\n");
         folder.Put("bin/classes.xml", CLASSES);
         Start({Project()});
         layout = static_cast<CLayoutRes *>(Document().CreateLayoutRes(1)->resources.First());
@@ -44,14 +42,11 @@ struct PropertyWindow : TestWindow
         return layout->AddComponent(Document().env, std::move(component));
     }
 
-    [[nodiscard]] CListGrid &Grid() const { return StringWindow::Find<CListGrid>(*view); }
-    template <typename Widget = QLineEdit> [[nodiscard]] Widget &Named(const QString &accessibleName) const
+    [[nodiscard]] CListGrid &Grid() const { return Find<CListGrid>(*view); }
+    /// Returns the control of an editor with that accessible name.
+    template <typename Widget = QLineEdit> [[nodiscard]] Widget &Control(const QString &name) const
     {
-        for (Widget *found : Grid().viewport()->findChildren<Widget *>()) {
-            if (!found->isHidden() && found->accessibleName() == accessibleName)
-                return *found;
-        }
-        throw std::runtime_error("no such control shows");
+        return Named<Widget>(*Grid().viewport(), name);
     }
     /// Returns whether an editor is open.
     [[nodiscard]] bool IsOpen() const
@@ -74,30 +69,18 @@ struct PropertyWindow : TestWindow
     }
     [[nodiscard]] QByteArray Stored(const NarrowText &name) const { return box->component->GetAttribute(name); }
 
-    /// Clicks on a row as the user does: on the widget at that place, which may be an editor's control.
-    void Click(const QString &name, int col = 0) const
+    void Click(const QString &name) const
     {
         WakeUp();
-        const QModelIndex cell = Grid().model()->index(RowOf(name), col);
-        Grid().scrollTo(cell);
-        QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, Grid().visualRect(cell).center());
+        Grid().scrollTo(Grid().model()->index(RowOf(name), 0));
+        ClickCell(Grid(), RowOf(name), 0);
     }
-    void WakeUp() const
+    void WakeUp() const override
     {
         while (QApplication::activeWindow() != view.get()) {
             view->activateWindow();
             Settle();
         }
-    }
-    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const
-    {
-        WakeUp();
-        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    }
-    void Type(const QString &text) const
-    {
-        WakeUp();
-        QTest::keyClicks(QApplication::focusWidget(), text);
     }
 
     CLayoutRes *layout = nullptr;
@@ -116,29 +99,20 @@ struct PropertyWindow : TestWindow
         "<member name='area' type='ZulRect'/><member name='picture' type='ZulImageSrc'/></class></catalogue>";
 };
 
-/// Returns the rows as the grid shows them: "*" before a bold name, "#" before a heading.
-std::string RowsOf(const CListGrid &grid)
+/// Clicks on the swatch, and chooses a colour in the dialog that opens, or cancels it. Returns the colour that the
+/// dialog began with.
+QColor ChooseColor(ColorButton &swatch, const QColor &color)
 {
-    QString rows;
-    for (int row = 0; row < grid.model()->rowCount(); ++row) {
-        const auto cell = [&](int col) { return grid.model()->index(row, col); };
-        rows += (cell(0).data(ROLE_IS_SET).toBool()       ? u"*"_s
-                 : cell(0).data(ROLE_IS_HEADING).toBool() ? u"#"_s
-                                                          : u""_s) +
-                cell(0).data().toString() + u'|' + cell(1).data().toString() + u'|' + cell(2).data().toString() + u'\n';
-    }
-    return rows.toStdString();
-}
-
-/// Chooses a colour in the dialog that opens next, or cancels it.
-void ChooseColor(const QColor &color)
-{
-    QTimer::singleShot(50, [color] {
+    QColor start;
+    QTimer::singleShot(50, [&] {
         auto *const dialog = dynamic_cast<QColorDialog *>(QApplication::activeModalWidget());
         ASSERT_TRUE(dialog);
+        start = dialog->currentColor();
         dialog->setCurrentColor(color);
         color.isValid() ? dialog->accept() : dialog->reject();
     });
+    TestWindow::Click(swatch, swatch.rect().center());
+    return start;
 }
 
 } // namespace
@@ -146,11 +120,14 @@ void ChooseColor(const QColor &color)
 TEST(PropertyGrid, ShowsThePropertiesOfAComponentAndFiltersThem)
 {
     PropertyWindow window;
-    EXPECT_EQ(RowsOf(window.Grid()),
-              "Class|box|Box\nParent Component|None|---\n#edges||Edges\n    top||ZulS32\n    bottom||ZulS32\n"
-              "*tint|RGB(16, 32, 48)|ZulColor\n*wait|2s|ZulMsec\ncount||ZulS32\nside||Side\narea||ZulRect\n"
-              "picture||ZulImageSrc\n#Base Class||Shape\n*    pos|(1, 2)|ZulPoint\n    size||ZulSize\n"
-              "    shown||ZulBool\n");
+    const auto cell = [&](const QString &name, int col) {
+        return window.Grid().model()->index(window.RowOf(name), col);
+    };
+    EXPECT_EQ(window.Grid().model()->rowCount(), 15);
+    EXPECT_TRUE(cell(u"tint"_s, 0).data(ROLE_IS_SET).toBool() && !cell(u"count"_s, 0).data(ROLE_IS_SET).toBool());
+    EXPECT_TRUE(cell(u"edges"_s, 0).data(ROLE_IS_HEADING).toBool());
+    EXPECT_EQ(cell(u"top"_s, 0).data().toString() + cell(u"top"_s, 2).data().toString(), u"    topZulS32"_s);
+    EXPECT_EQ(window.Value(u"tint"_s) + window.Value(u"wait"_s) + window.Value(u"pos"_s), "RGB(16, 32, 48)2s(1, 2)");
     EXPECT_EQ(window.Grid().Widths(), (std::vector<int>{150, 400, 77}));
     EXPECT_EQ(window.view->State().last().key + window.view->State().last().value, u"sort0"_s);
 
@@ -186,13 +163,13 @@ TEST(PropertyGrid, EveryEditorIsReachableByTheKeyboard)
     window.Key(Qt::Key_F2);
     window.Type(u"5"_s);
     window.Key(Qt::Key_PageDown); // a text box doesn't use this key, and it must not reach the grid
-    EXPECT_EQ(window.Named(u"top"_s).text(), u"5"_s);
+    EXPECT_EQ(window.Control(u"top"_s).text(), u"5"_s);
     window.Key(Qt::Key_Escape);
     EXPECT_TRUE(window.Grid().hasFocus() && !window.IsOpen() && window.Value(u"top"_s).empty());
 
     window.Click(u"area"_s);
     window.Key(Qt::Key_Tab);
-    EXPECT_TRUE(window.Named(u"area, Top"_s).hasFocus());
+    EXPECT_TRUE(window.Control(u"area, Top"_s).hasFocus());
     window.Key(Qt::Key_Backtab, Qt::ShiftModifier);
     for (const auto *const number : {u"1", u"2", u"3", u"4"}) {
         window.Type(QString::fromUtf16(number));
@@ -206,10 +183,10 @@ TEST(PropertyGrid, EveryEditorIsReachableByTheKeyboard)
     window.Key(Qt::Key_Down);
     window.Key(Qt::Key_Down);
     window.Type(u"r"_s);
-    EXPECT_EQ(window.Named<QComboBox>(u"side"_s).currentText(), u"right"_s);
-    QWheelEvent wheel({5, 5}, window.Named<QComboBox>(u"side"_s).mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {},
+    EXPECT_EQ(window.Control<QComboBox>(u"side"_s).currentText(), u"right"_s);
+    QWheelEvent wheel({5, 5}, window.Control<QComboBox>(u"side"_s).mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {},
                       Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&window.Named<QComboBox>(u"side"_s), &wheel);
+    QApplication::sendEvent(&window.Control<QComboBox>(u"side"_s), &wheel);
     window.Key(Qt::Key_Return);
     EXPECT_EQ(window.Stored("side"), "right");
     EXPECT_EQ(window.Stored("wait"), "2000ms") << "an unused editor changes nothing";
@@ -220,7 +197,7 @@ TEST(PropertyGrid, EndingAnEditorAppliesItsValueAndMenusDoNotEndIt)
     PropertyWindow window;
     const auto type = [&](const QString &number) {
         window.Click(u"count"_s);
-        EXPECT_TRUE(window.Named(u"count"_s).hasFocus());
+        EXPECT_TRUE(window.Control(u"count"_s).hasFocus());
         EXPECT_EQ(window.Grid().horizontalScrollBar()->value(), 0) << "the name stays visible";
         window.Type(number);
     };
@@ -229,8 +206,8 @@ TEST(PropertyGrid, EndingAnEditorAppliesItsValueAndMenusDoNotEndIt)
     menu.show();
     for (const Qt::FocusReason reason : {Qt::PopupFocusReason, Qt::MenuBarFocusReason}) {
         menu.setFocus(reason);
-        window.Named(u"count"_s).setFocus(reason);
-        EXPECT_EQ(window.Named(u"count"_s).text(), u"1"_s);
+        window.Control(u"count"_s).setFocus(reason);
+        EXPECT_EQ(window.Control(u"count"_s).text(), u"1"_s);
     }
     const std::vector<std::function<void()>> ends{
         [&] { window.Click(u"top"_s); }, [&] { window.Grid().setColumnWidth(0, 160); },
@@ -244,7 +221,7 @@ TEST(PropertyGrid, EndingAnEditorAppliesItsValueAndMenusDoNotEndIt)
     }
     window.view->resize(220, 200);
     window.Click(u"wait"_s);
-    EXPECT_GE(window.Named(u"wait"_s).width(), 100) << "and as much of the value as can be";
+    EXPECT_GE(window.Control(u"wait"_s).width(), 100) << "and as much of the value as can be";
     window.Key(Qt::Key_Escape);
     window.Grid().horizontalScrollBar()->setValue(0);
     window.view->resize(400, 400);
@@ -284,17 +261,19 @@ TEST(PropertyGrid, WritesAColorFromTheDialogWhenTheEditorEnds)
 {
     PropertyWindow window;
     window.Click(u"tint"_s);
-    auto &swatch = window.Named<ColorButton>(u"tint, color"_s);
+    auto &swatch = window.Control<ColorButton>(u"tint, color"_s);
     EXPECT_EQ(swatch.toolTip(), u"#102030"_s);
-    ChooseColor({});
-    QTest::mouseClick(&swatch, Qt::LeftButton);
+    EXPECT_EQ(ChooseColor(swatch, {}), QColor(16, 32, 48));
     window.WakeUp();
     EXPECT_TRUE(window.IsOpen());
+    for (const auto &[part, typed] : {std::pair(u"tint, Red"_s, u"300"_s), {u"tint, Green"_s, u"x"_s}})
+        window.Control(part).setText(typed);
+    EXPECT_EQ(ChooseColor(swatch, {}), QColor(255, 0, 48)) << "of what is typed, as far as it is a colour";
+    window.Key(Qt::Key_Escape);
     for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return}) {
         window.Click(u"tint"_s);
-        ChooseColor(QColor(1, 2, 3));
-        QTest::mouseClick(&swatch, Qt::LeftButton);
-        EXPECT_EQ(window.Named(u"tint, Blue"_s).text(), u"3"_s);
+        ChooseColor(swatch, QColor(1, 2, 3));
+        EXPECT_EQ(window.Control(u"tint, Blue"_s).text(), u"3"_s);
         EXPECT_EQ(swatch.Color(), QColor(1, 2, 3));
         EXPECT_EQ(window.Value(u"tint"_s), "RGB(16, 32, 48)");
         window.Key(key);
@@ -302,8 +281,7 @@ TEST(PropertyGrid, WritesAColorFromTheDialogWhenTheEditorEnds)
     EXPECT_EQ(window.Value(u"tint"_s), "RGB(1, 2, 3)");
     window.Click(u"tint"_s);
     QTimer::singleShot(20, [&] { window.view->LetGo(); }); // a reload does this
-    ChooseColor(QColor(4, 5, 6));
-    QTest::mouseClick(&swatch, Qt::LeftButton);
+    ChooseColor(swatch, QColor(4, 5, 6));
     window.Settle();
     EXPECT_TRUE(!window.IsOpen() && window.Grid().model()->rowCount() == 0);
     EXPECT_EQ(window.Stored("tint"), "#010203");
@@ -342,7 +320,7 @@ TEST(PropertyGrid, TheEditMenuAppliesToTheTextBoxAndPastedLineEndsBecomeBlanks)
     PropertyWindow window;
     FocusedEdit edit;
     window.Click(u"Class"_s);
-    QLineEdit &line = window.Named(u"Class"_s);
+    QLineEdit &line = window.Control(u"Class"_s);
     EXPECT_TRUE(edit.StateOf(ACTION_COPY)->enabled) << "all is selected";
     EXPECT_EQ(FocusedEdit::EditedView(&line), &window.Grid());
     QGuiApplication::clipboard()->setText(u"a\r\nb"_s);

@@ -4,18 +4,11 @@
 #include "ReloadQueue.h"
 #include "CFileWatchDlg.h"
 #include "Document.h"
+#include "TestWindow.h"
 
-#include <QAbstractButton>
-#include <QApplication>
 #include <QLabel>
-#include <QPushButton>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 #include <map>
-
-using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -126,9 +119,7 @@ TEST(FileWatchDialog, StoresItsFlagsOnlyOnYesAndFitsTheScreen)
     qint32 file = 0, type = 1;
     const auto show = [&](bool hasChanges, const QString &path, qint32 *typeFlag, bool isYes) {
         CFileWatchDlg dialog(path, &file, typeFlag, hasChanges);
-        dialog.show();
-        QApplication::setActiveWindow(&dialog);
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        ShowActive(dialog);
         EXPECT_LT(dialog.width(), dialog.screen()->availableSize().width());
         QStringList texts{dialog.windowTitle()};
         for (const QLabel *label : dialog.findChildren<QLabel *>())

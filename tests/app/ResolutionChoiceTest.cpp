@@ -12,41 +12,11 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QTest>
 
 #include <random>
 
 namespace
 {
-
-/// Records its calls.
-struct FakeTreeHelper : ITreeFltrHelper
-{
-    void InitTree(CheckTree &tree) override
-    {
-        tree.items = {
-            {u"A"_s, &folders[0], true, {{u"a1"_s, &folders[1], true, {}}, {u"a2"_s, &folders[2], false, {}}}},
-            {u"B"_s, &folders[3], false, {}}};
-    }
-    bool Apply(CheckTree &) override
-    {
-        told += u"OK"_s;
-        return mayClose;
-    }
-    void OnCheck(CResFolder *folder, bool checked) override
-    {
-        told += QString::number(folder - &folders[0]) + (checked ? u"+ "_s : u"- "_s);
-    }
-
-    CResFolder folders[4];
-    QString told;
-    bool mayClose = false;
-};
-
-std::string TakeTold(FakeTreeHelper &helper)
-{
-    return std::exchange(helper.told, {}).toStdString();
-}
 
 /// Returns the position of a row's check box, or of its text.
 QPoint PlaceIn(const QTreeWidget &tree, const QString &label, bool isText)
@@ -121,55 +91,47 @@ TEST(ResolutionChoice, AsksWithTheCountsOfChanges)
     }
     EXPECT_TRUE(doc.IsModified());
     EXPECT_FALSE(doc.IsIdInUse(u"ID_WIDE"_s)) << "it was deleted with its resolution";
-
-    for (const auto &folder : images->subfolders)
-        CResModel::PutIntoUse(*folder);
-    FakeBoxes boxes;
-    CResoFltr choice(doc, images, nullptr, boxes);
-    CheckTree tree;
-    choice.InitTree(tree);
-    tree.onCheck = [&](CResFolder *folder, bool checked) { choice.OnCheck(folder, checked); };
-    tree.SetAll(false);
-    tree.SetAll(true);
-    EXPECT_TRUE(choice.Apply(tree));
-    EXPECT_EQ(boxes.asked, QStringList());
 }
 
 TEST(ResolutionChoice, TheDialogAppliesACheckToTheRowsBelow)
 {
-    FakeTreeHelper helper;
-    CTreeFltrDlg dialog(helper);
-    dialog.show();
-    QApplication::setActiveWindow(&dialog);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    TestProject project(TWO_SCREENS, "[Layout]\nfolders=1\n");
+    CResDoc &doc = *project.Open();
+    FakeBoxes boxes;
+    CResoFltr choice(doc, doc.root.FindFolder(KIND_IMAGES, 2), doc.root.FindFolder(KIND_LAYOUTS, 2), boxes);
+    CTreeFltrDlg dialog(choice);
+    ShowActive(dialog);
     auto &tree = *dialog.findChild<QTreeWidget *>();
-    QList<QPushButton *> buttons = dialog.findChildren<QPushButton *>();
-    EXPECT_EQ(TakeTold(helper), "");
-    EXPECT_TRUE(tree.topLevelItem(0)->isExpanded());
-    const auto click = [&](const QString &label, bool isText) {
-        QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, PlaceIn(tree, label, isText));
+    const auto checks = [&tree] { // of Images, its resolutions, Layouts, its resolutions
+        std::string all;
+        for (QTreeWidgetItemIterator item(&tree); *item; ++item)
+            all += (*item)->checkState(0) == Qt::Checked ? 'x' : '-';
+        return all;
     };
-    click(u"A"_s, true);
-    EXPECT_EQ(TakeTold(helper), "") << "a click on the label";
+    const auto click = [&](const QString &label, bool isText) {
+        TestWindow::Click(*tree.viewport(), PlaceIn(tree, label, isText));
+    };
+    EXPECT_TRUE(tree.topLevelItem(0)->isExpanded());
+    click(u"Images"_s, true);
+    EXPECT_EQ(checks(), "x-xxx-x-") << "a click on the label changes nothing";
     QTest::keyClick(dialog.focusWidget(), Qt::Key_Space);
-    EXPECT_EQ(TakeTold(helper), "0- 1- ");
-    click(u"A"_s, false);
-    EXPECT_EQ(TakeTold(helper), "0+ 1+ 2+ ");
-    EXPECT_EQ(tree.topLevelItem(0)->child(1)->checkState(0), Qt::Checked);
-    click(u"a2"_s, false);
-    EXPECT_EQ(TakeTold(helper), "2- ");
-    EXPECT_EQ(tree.topLevelItem(0)->checkState(0), Qt::Checked) << "the rows above stay";
+    EXPECT_EQ(checks(), "----x-x-");
+    click(u"Images"_s, false);
+    EXPECT_EQ(checks(), "xxxxx-x-");
+    click(u"176x220"_s, false);
+    EXPECT_EQ(checks(), "x-xxx-x-") << "the rows above stay";
+    const QList<QPushButton *> buttons = dialog.findChildren<QPushButton *>();
     buttons[0]->click();
-    EXPECT_EQ(TakeTold(helper), "2+ 3+ ");
+    EXPECT_EQ(checks(), "xxxxxxxx");
     buttons[1]->click();
-    EXPECT_EQ(TakeTold(helper), "0- 1- 2- 3- ");
-    EXPECT_EQ(tree.topLevelItem(1)->checkState(0), Qt::Unchecked);
+    EXPECT_EQ(checks(), "--------");
+    boxes.answers = {false, true};
     QTest::keyClick(&tree, Qt::Key_Return);
-    EXPECT_EQ(TakeTold(helper), "OK");
     EXPECT_TRUE(dialog.isVisible()) << "not applied";
-    helper.mayClose = true;
     QTest::keyClick(&tree, Qt::Key_Return);
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_TRUE(boxes.asked.last().startsWith(u"Yes/No: 0 resolution(s) will be added, and 3 will be deleted."_s));
+    EXPECT_EQ(InUse(doc), "Default:0 Default:0");
 }
 
 TEST(ResolutionChoice, TheCommandUpdatesTreePanesAndSelection)
@@ -186,7 +148,7 @@ TEST(ResolutionChoice, TheCommandUpdatesTreePanesAndSelection)
                 return;
             auto &tree = *dialog->findChild<QTreeWidget *>();
             if (!std::exchange(isChosen, true))
-                QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, PlaceIn(tree, u"320x240"_s, false));
+                window.Click(*tree.viewport(), PlaceIn(tree, u"320x240"_s, false));
             QTest::keyClick(&tree, Qt::Key_Return);
         });
         user.start(10);
@@ -226,9 +188,7 @@ TEST(ZoomDialog, AcceptsNumbersInItsRange)
 
     TestWindow boxes;
     CZoomRatioDlg dialog(100);
-    dialog.show();
-    QApplication::setActiveWindow(&dialog);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    ShowActive(dialog);
     boxes.Answer({QMessageBox::Ok});
     QTest::keyClicks(dialog.focusWidget(), u"a9-"_s);
     QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);

@@ -69,9 +69,7 @@ TEST(Selection, ReplacesADestroyedNodeByTheOneThatTakesItsPlace)
 
 TEST(Selection, TheWindowHidesRowsOfADestroyedFolderAndShowsNewOnesAfterTheUpdate)
 {
-    TestWindow window;
-    window.folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n[Layout]\nfolders=1\n");
-    window.Start({window.Project()});
+    OpenWindow window(TestWindow::WITH_LAYOUTS);
     CResDoc &doc = window.Document();
     CResFolder &screen = *doc.root.FindFolder(KIND_RESO_LAYOUTS, 1, 2);
     for (const char *title : {"ID_A", "ID_B", "ID_C"})

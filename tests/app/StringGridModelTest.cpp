@@ -2,6 +2,7 @@
 #include "StringGridModel.h"
 #include "GridWalk.h"
 #include "ListCellDelegate.h"
+#include "RandomUser.h"
 
 #include <QAbstractItemModelTester>
 
@@ -137,16 +138,11 @@ void MixedBatch(GridWalk &walk)
     }
 }
 
-void FailOnWarning(QtMsgType, const QMessageLogContext &, const QString &text)
-{
-    ADD_FAILURE() << qPrintable(text);
-}
-
 } // namespace
 
 TEST(StringGridModel, SignalsEveryChange)
 {
-    const QtMessageHandler before = qInstallMessageHandler(FailOnWarning);
+    const FailOnWarnings guard;
     for (unsigned seed = 1; seed <= 60 && !testing::Test::HasFailure(); ++seed) {
         SCOPED_TRACE(seed);
         WatchedModel model;
@@ -179,7 +175,6 @@ TEST(StringGridModel, SignalsEveryChange)
             ASSERT_TRUE(!kept.isValid() || walk.table.Head(model.TableRow(kept.row())) == head) << step;
         }
     }
-    qInstallMessageHandler(before);
 }
 
 TEST(StringGridModel, ResetsOnceForALongBatch)

@@ -40,20 +40,13 @@ struct MarkedWindow : StringWindow
     {
         return Grid().model()->index(row, col).data(ROLE_FINDINGS).toString().toStdString();
     }
-    void Put(int row, int col, const QString &text) const
-    {
-        Edit(row, col);
-        Type(text);
-        Key(Qt::Key_Return);
-    }
     [[nodiscard]] QString Tip(int row, int col) const
     {
-        const QPoint place = Grid().visualRect(Grid().model()->index(row, col)).center();
+        const QPoint place = PlaceOf(Grid(), row, col);
         QHelpEvent help(QEvent::ToolTip, place, Grid().viewport()->mapToGlobal(place));
         QApplication::sendEvent(Grid().viewport(), &help);
         return QToolTip::text();
     }
-    ~MarkedWindow() { Document().SetModifiedFlag(false); }
 };
 
 constexpr char MISSING[] = "warning: the translation is missing [translation-missing]";
@@ -113,7 +106,7 @@ TEST(StringMarks, SayWhatIsWrongWhereverTheUserLooks)
     window.Frame().RunAction(ACTION_DETAILS);
     const auto shown = [&] {
         QStringList texts;
-        for (const QLabel *label : StringWindow::Find<DetailsStrip>(window.View()).findChildren<QLabel *>()) {
+        for (const QLabel *label : TestWindow::Find<DetailsStrip>(window.View()).findChildren<QLabel *>()) {
             if (label->isVisible() && label->text().contains(u'['))
                 texts << label->text();
         }
@@ -121,11 +114,11 @@ TEST(StringMarks, SayWhatIsWrongWhereverTheUserLooks)
     };
     window.Grid().SelectAlone(1, 4);
     EXPECT_EQ(shown(), MISSING);
-    const int height = StringWindow::Find<DetailsStrip>(window.View()).height();
+    const int height = TestWindow::Find<DetailsStrip>(window.View()).height();
     window.Grid().SelectAlone(2, 4);
     window.Settle();
     EXPECT_EQ(shown(), "");
-    EXPECT_EQ(StringWindow::Find<DetailsStrip>(window.View()).height(), height) << "the grid must not jump";
+    EXPECT_EQ(TestWindow::Find<DetailsStrip>(window.View()).height(), height) << "the grid must not jump";
     window.Child().Check().Stop();
     EXPECT_EQ(window.Mark(1, 4), UiIcon::None);
 }
@@ -143,11 +136,4 @@ TEST(StringMarks, FollowSavesLanguagesAndSettings)
     window.Wait();
     EXPECT_EQ(window.Child().Check().Counts().errors, 0);
     EXPECT_EQ(window.Mark(0, 3), UiIcon::None);
-}
-
-TEST(StringMarks, AreOffWithoutSettings)
-{
-    const StringWindow window;
-    EXPECT_FALSE(window.Child().Check().IsOn());
-    EXPECT_FALSE(window.Grid().model()->index(1, 4).data(ROLE_MARK).isValid());
 }

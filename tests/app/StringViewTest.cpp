@@ -50,7 +50,6 @@ TEST(StringView, EditsCellsByTheKeyboard)
         EXPECT_EQ(window.Shown(each.row, each.col), each.text);
         EXPECT_EQ(window.Table().history.CanUndo(), each.undoable);
         EXPECT_EQ(window.Document().IsModified(), each.undoable);
-        window.Document().SetModifiedFlag(false);
     }
 }
 
@@ -68,65 +67,15 @@ TEST(StringView, TabSkipsHiddenColumns)
     EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{0}) << "Shift must not extend the selection";
 }
 
-/// Everything besides keys that ends the editing.
-TEST(StringView, AppliesTheTextWhateverEndsTheEditing)
-{
-    const std::pair<const char *, void (*)(StringWindow &)> ends[] = {
-        {"click elsewhere",
-         [](StringWindow &window) {
-             QTest::mouseClick(window.Grid().viewport(), Qt::LeftButton, {},
-                               window.Grid().visualRect(window.Grid().model()->index(2, 3)).center());
-         }},
-        {"column resized", [](StringWindow &window) { window.Grid().horizontalHeader()->resizeSection(0, 90); }},
-        {"view resized", [](StringWindow &window) { window.Frame().resize(900, 500); }},
-        {"scroll", [](StringWindow &window) { window.Grid().horizontalScrollBar()->setValue(5); }},
-        {"focus to the tree", [](StringWindow &window) { window.Tree().setFocus(); }},
-        {"save", [](StringWindow &window) { window.Frame().RunAction(ACTION_SAVE); }},
-        {"sort", [](StringWindow &window) { window.Grid().SortBy(2); }},
-        {"an update of all views", [](StringWindow &window) { window.Document().UpdateAllViews(nullptr); }},
-        {"a command of an IDE", [](StringWindow &window) { const CMainFrame::Busy busy(window.Frame(), 0xAFBDDBFC); }},
-    };
-    for (const auto &[what, end] : ends) {
-        SCOPED_TRACE(what);
-        StringWindow window;
-        window.Grid().horizontalHeader()->resizeSection(2, 900);
-        window.Settle();
-        window.Edit(1, 3);
-        ASSERT_EQ(window.Edited(), "1,3");
-        window.Type(u"Zehn"_s);
-        end(window);
-        window.Settle();
-        EXPECT_EQ(window.Edited(), "");
-        const int row = window.Table().RowOf("ID_A10", 1);
-        EXPECT_EQ(window.Table().CellText(row, 3), u"Zehn"_s);
-        window.Document().SetModifiedFlag(false);
-    }
-}
-
 TEST(StringView, EnterSelectsAndEditsTheFocusedRow)
 {
     StringWindow window;
-    window.Edit(0, 3);
-    window.Type(u"Deux"_s);
-    window.Key(Qt::Key_Return);
+    window.Put(0, 3, u"Deux"_s);
     window.Grid().SelectAlone(2, 0);
     window.Frame().RunAction(ACTION_UNDO); // moves the focus but not the selection
     window.Key(Qt::Key_Return);
     EXPECT_EQ(window.Edited(), "0,3");
     EXPECT_EQ(window.Grid().SelectedRows(), std::vector<int>{0});
-    window.Document().SetModifiedFlag(false);
-}
-
-TEST(StringView, ClosingTheWindowAppliesTheText)
-{
-    StringWindow window;
-    window.Edit(0, 3);
-    window.Type(u"Deux"_s);
-    window.Answer({QMessageBox::Cancel});
-    window.Child().close(); // like the close button of the window
-    EXPECT_EQ(window.boxes, QStringList{u"Save changes to demo?"_s});
-    EXPECT_EQ(window.Shown(0, 3), "Deux");
-    window.Document().SetModifiedFlag(false);
 }
 
 TEST(StringView, MenusDoNotEndTheEditing)
@@ -146,7 +95,6 @@ TEST(StringView, MenusDoNotEndTheEditing)
     EXPECT_EQ(window.Grid().SelectedRows().size(), 1U);
     window.Frame().RunAction(ACTION_REDO); // has no such rule: it applies the typed text first
     EXPECT_EQ(window.Edited(), "");
-    window.Document().SetModifiedFlag(false);
 }
 
 TEST(StringView, KeepsLongTextsCompleteAndOnOneLine)
@@ -179,7 +127,6 @@ TEST(StringView, KeepsLongTextsCompleteAndOnOneLine)
     window.Type(QString(70, u'i'));
     EXPECT_EQ(window.Editor().text().size(), 64);
     window.Key(Qt::Key_Escape);
-    window.Document().SetModifiedFlag(false);
 }
 
 TEST(StringView, ExplainsOnceWhyAnIdIsRefusedAndReturnsToTheCell)
@@ -206,10 +153,7 @@ TEST(StringView, ExplainsOnceWhyAnIdIsRefusedAndReturnsToTheCell)
 TEST(StringView, ChoosesTheKindInABox)
 {
     StringWindow window;
-    const auto click = [&](int row, int col) {
-        QTest::mouseClick(window.Grid().viewport(), Qt::LeftButton, {},
-                          window.Grid().visualRect(window.Grid().model()->index(row, col)).center());
-    };
+    const auto click = [&](int row, int col) { window.ClickCell(window.Grid(), row, col); };
     click(0, 1);
     ASSERT_TRUE(window.TypeBox().isVisible());
     EXPECT_EQ(window.TypeBox().currentText(), u"Push"_s);

@@ -1,18 +1,15 @@
 // SPDX-License-Identifier: MIT
 // Tests the string view and its table with random user actions.
-#include "CFileWatchDlg.h"
 #include "CListFltrDlg.h"
 #include "FilterChoice.h"
 #include "FindBar.h"
+#include "RandomUser.h"
 #include "StringFile.h"
 #include "StringWindow.h"
 
 #include <QAbstractItemModelTester>
 #include <QClipboard>
 #include <QLineEdit>
-#include <QScrollBar>
-
-#include <random>
 
 namespace
 {
@@ -24,18 +21,11 @@ const ActionId PLAIN[] = {ACTION_UNDO,        ACTION_UNDO,    ACTION_UNDO,     A
 const Qt::Key ENDS[] = {Qt::Key_Return, Qt::Key_Tab,  Qt::Key_Tab,   Qt::Key_Backtab,
                         Qt::Key_Up,     Qt::Key_Down, Qt::Key_Escape};
 
-/// Makes random user actions in the window of a project's strings. Answers boxes at random too.
-struct StringWalk : StringWindow
+struct StringWalk : StringWindow, RandomUser
 {
-    explicit StringWalk(unsigned seed) : random(seed)
-    {
-        QObject::connect(&boxTimer, &QTimer::timeout, [this] { AnswerBox(); });
-        boxTimer.start(1);
-    }
-    ~StringWalk() { Document().SetModifiedFlag(false); }
+    explicit StringWalk(unsigned seed) : RandomUser(seed) {}
 
-    int Below(int end) { return int(random() % unsigned(end)); }
-    template <typename T, size_t N> const T &OneOf(const T (&all)[N]) { return all[size_t(Below(int(N)))]; }
+private:
     QString Text()
     {
         static const QStringList texts =
@@ -45,56 +35,32 @@ struct StringWalk : StringWindow
         return texts[Below(int(texts.size()))];
     }
 
-    void Step();
-    /// Checks what must be true after every action.
-    void Check() const;
-
-private:
-    void AnswerBox();
+    void Step() override;
+    void Check() const override;
+    void Fill(QDialog &dialog) override;
     void TypeAndGoOn();
     void PasteText(QWidget &into, const QString &text);
-    void SelectSome();
     void Filter();
     void PasteCells();
     void Replace();
-    void Languages() { Frame().RunAction(ACTION_LANGUAGE); }
-    void HideOrResize();
     void ReadStringsAgain();
     void ReloadAnother();
     void Clear();
     void OtherNode();
-
-    std::mt19937 random;
-    QTimer boxTimer;
 };
-
-void FailOnWarning(QtMsgType, const QMessageLogContext &, const QString &text)
-{
-    if (!text.startsWith(u"This plugin does not support"_s)) // comes from the platform plugin that has no screen
-        ADD_FAILURE() << qPrintable(text);
-}
 
 } // namespace
 
-void StringWalk::AnswerBox()
+void StringWalk::Fill(QDialog &dialog)
 {
-    QWidget *const open = QApplication::activeModalWidget();
-    if (auto *const box = qobject_cast<QMessageBox *>(open)) {
-        const auto buttons = box->buttons();
-        return buttons[Below(int(buttons.size()))]->click();
-    }
-    if (auto *const reload = dynamic_cast<CFileWatchDlg *>(open)) // asks about a file that another program has written
-        QMetaObject::invokeMethod(reload, Below(2) ? &QDialog::accept : &QDialog::reject, Qt::QueuedConnection);
-    auto *const languages = dynamic_cast<CListFltrDlg *>(open);
-    if (!languages)
+    if (!dynamic_cast<CListFltrDlg *>(&dialog))
         return;
-    auto &list = Find<CListGrid>(*languages);
+    auto &list = Find<CListGrid>(dialog);
     for (int row = 0; row < list.model()->rowCount(); ++row) {
         list.SelectAlone(row, 0);
         if (Below(4) == 0)
             QTest::keyClick(&list, Qt::Key_Space);
     }
-    QMetaObject::invokeMethod(languages, Below(3) ? &QDialog::accept : &QDialog::reject, Qt::QueuedConnection);
 }
 
 /// Types into the editor, if it is open or the row in focus has one. Then presses a key that leaves it, or doesn't.
@@ -124,21 +90,10 @@ void StringWalk::PasteText(QWidget &into, const QString &text)
     Frame().RunAction(Below(3) ? ACTION_PASTE : ACTION_UNDO);
 }
 
-void StringWalk::SelectSome()
-{
-    std::vector<int> rows;
-    for (int row = 0; row < Grid().model()->rowCount(); ++row) {
-        if (Below(3) == 0)
-            rows.push_back(row);
-    }
-    Grid().setFocus();
-    Grid().Select(rows);
-}
-
 void StringWalk::Filter()
 {
     if (Below(4) == 0 && Find<FindBar>(View()).isVisible()) {
-        Named<QLineEdit>(u"Find"_s).setFocus();
+        Named<QLineEdit>(View(), u"Find"_s).setFocus();
         return Key(Qt::Key_Escape);
     }
     if (!Find<FindBar>(View()).isVisible())
@@ -147,10 +102,10 @@ void StringWalk::Filter()
         return; // a typed text was refused
     const StringCondition before = Find<FindBar>(View()).Condition();
     if (Below(2)) {
-        auto &choice = Named<FilterChoice>(OneOf({u"Column"_s, u"Missing in"_s, u"Kind"_s}));
+        auto &choice = Named<FilterChoice>(View(), OneOf({u"Column"_s, u"Missing in"_s, u"Kind"_s}));
         choice.setCurrentIndex(Below(choice.count()));
     } else {
-        auto &text = Named<QLineEdit>(u"Find"_s);
+        auto &text = Named<QLineEdit>(View(), u"Find"_s);
         text.setFocus();
         Below(3) ? text.setText(OneOf({u""_s, u"a"_s, u"i"_s, u"id"_s, u"ID_A"_s})) : PasteText(text, Text());
     }
@@ -176,28 +131,12 @@ void StringWalk::PasteCells()
 void StringWalk::Replace()
 {
     Frame().RunAction(ACTION_REPLACE);
-    auto &replacement = Named<QLineEdit>(u"Replace with"_s);
+    auto &replacement = Named<QLineEdit>(View(), u"Replace with"_s);
     if (!replacement.isVisible())
         return;
     replacement.setText(Text());
     replacement.setFocus();
     Key(Qt::Key_Return);
-}
-
-void StringWalk::HideOrResize()
-{
-    const int col = Below(Grid().model()->columnCount());
-    switch (Below(4)) {
-    case 0:
-        return Grid().HideColumn(col, Below(3) != 0);
-    case 1:
-        return Grid().horizontalHeader()->resizeSection(col, Below(5) * 100);
-    case 2:
-        return Frame().resize(500 + Below(4) * 100, 250 + Below(300));
-    default:
-        for (QScrollBar *bar : {Grid().horizontalScrollBar(), Grid().verticalScrollBar()})
-            bar->setValue(Below(bar->maximum() + 1));
-    }
 }
 
 /// Does what a change of the watched string file does.
@@ -245,53 +184,27 @@ void StringWalk::OtherNode()
 void StringWalk::Step()
 {
     WakeUp();
-    switch (Below(60)) {
-    case 0:
-        return Below(2) ? SaveAndReload() : Below(2) ? ReadStringsAgain() : ReloadAnother();
-    case 1:
-        return Below(4) ? OtherNode() : Clear();
-    case 2:
-    case 3:
-        return Languages();
-    case 4: { // an IDE's command begins during any user action
-        const CMainFrame::Busy busy(Frame(), 0xAFBDDBFC);
-        return QCoreApplication::processEvents();
-    }
-    case 5:
-    case 6:
-        return Replace();
-    case 7:
-    case 8:
-    case 9:
-        return PasteCells();
-    case 10:
-    case 11:
-        return HideOrResize();
-    case 12:
-    case 13:
-    case 14:
-        return Filter();
-    case 15:
-    case 16: {
-        QHeaderView &header = *Grid().horizontalHeader();
-        const QPoint place(header.sectionViewportPosition(Below(header.count())) + 20, 5);
-        return QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, place);
-    }
-    case 17:
-    case 18: {
-        const QRect sheet = Grid().viewport()->rect();
-        const QPoint place(Below(sheet.width()), Below(sheet.height()));
-        return Below(2) ? QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, place)
-                        : QTest::mouseDClick(Grid().viewport(), Qt::LeftButton, {}, place);
-    }
-    case 19:
-    case 20:
-    case 21:
-    case 22:
-        return SelectSome();
-    default:
-        return Below(2) ? TypeAndGoOn() : Frame().RunAction(OneOf(PLAIN));
-    }
+    QWidget &sheet = *Grid().viewport();
+    const int col = Below(Grid().model()->columnCount());
+    ActOneOf({{1, [&] { Below(2)   ? SaveAndReload()
+                        : Below(2) ? ReadStringsAgain()
+                                   : ReloadAnother(); }},
+              {1, [&] { Below(4) ? OtherNode() : Clear(); }},
+              {2, [&] { Frame().RunAction(ACTION_LANGUAGE); }},
+              {1,
+               [&] { // an IDE's command begins during any user action
+                   const CMainFrame::Busy busy(Frame(), 0xAFBDDBFC);
+                   QCoreApplication::processEvents();
+               }},
+              {2, [&] { Replace(); }},
+              {3, [&] { PasteCells(); }},
+              {2, [&] { Below(4) ? ResizeOrScroll(Grid(), Frame()) : Grid().HideColumn(col, Below(3) != 0); }},
+              {3, [&] { Filter(); }},
+              {2, [&] { ClickHeader(Grid(), col); }},
+              {2, [&] { Below(2) ? Click(sheet, PointIn(sheet)) : DoubleClick(sheet, PointIn(sheet)); }},
+              {4, [&] { SelectSome(Grid(), 3); }},
+              {19, [&] { TypeAndGoOn(); }},
+              {18, [&] { Frame().RunAction(OneOf(PLAIN)); }}});
 }
 
 void StringWalk::Check() const
@@ -330,27 +243,10 @@ class StringWalkFrom : public testing::TestWithParam<unsigned>
 
 TEST_P(StringWalkFrom, GridTreeAndFileStayEqual)
 {
-    const QtMessageHandler before = qInstallMessageHandler(FailOnWarning);
-    {
-        StringWalk walk(GetParam());
-        QTimer user; // refuses to load what another program has changed, if the window asks
-        QObject::connect(&user, &QTimer::timeout, [] {
-            if (auto *const dialog = dynamic_cast<CFileWatchDlg *>(QApplication::activeModalWidget()))
-                dialog->reject();
-        });
-        user.start(1);
-        const QAbstractItemModelTester tester(walk.Grid().model(),
-                                              QAbstractItemModelTester::FailureReportingMode::Warning);
-        for (int step = 0; step < 2'000 && !HasFailure(); ++step) {
-            SCOPED_TRACE(step);
-            walk.Step();
-            do
-                QCoreApplication::processEvents();
-            while (QApplication::activeModalWidget());
-            walk.Check();
-        }
-    }
-    qInstallMessageHandler(before);
+    const FailOnWarnings guard;
+    StringWalk walk(GetParam());
+    const QAbstractItemModelTester tester(walk.Grid().model(), QAbstractItemModelTester::FailureReportingMode::Warning);
+    walk.Run(2'000);
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, StringWalkFrom, testing::Range(1U, 7U));

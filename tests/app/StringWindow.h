@@ -8,16 +8,12 @@
 #include "StringGrid.h"
 #include "TestWindow.h"
 
-#include <QHeaderView>
-#include <QTest>
-
 /// A window with a project of strings, opened at its strings.
 struct StringWindow : TestWindow
 {
-    explicit StringWindow(const QByteArray &strings = THREE_ROWS)
+    explicit StringWindow(const QByteArray &strings = THREE_ROWS, const QByteArray &settings = {})
+        : TestWindow("[Resource Type]\nCount=2\nType_0=Normal\nType_1=Push\n" + settings)
     {
-        folder.Put("bin/Morvanite.ini",
-                   "[Path]\nreso_set=sizes.ini\n[Resource Type]\nCount=2\nType_0=Normal\nType_1=Push\n");
         folder.Put("bin/tuvik.ini", "[Language]\nEnglish=9\nFrench=12\nArabic=1\n");
         MakeProject("demo", "<APP><STRING>res\\ref_list_demo.txt</STRING></APP>");
         folder.Put("demo/res/ref_list_demo.txt", StringFileBytes(strings));
@@ -33,26 +29,6 @@ struct StringWindow : TestWindow
         Grid().setFocus();
     }
 
-    /// Returns the first descendant of that class.
-    template <typename Widget> static Widget &Find(const QWidget &parent)
-    {
-        for (QWidget *child : parent.findChildren<QWidget *>()) {
-            if (auto *const found = dynamic_cast<Widget *>(child))
-                return *found;
-        }
-        throw std::runtime_error("there is no such widget");
-    }
-
-    /// Returns the descendant of the view with that class and name.
-    template <typename Widget> [[nodiscard]] Widget &Named(const QString &accessibleName) const
-    {
-        for (QWidget *child : View().findChildren<QWidget *>()) {
-            if (auto *const found = dynamic_cast<Widget *>(child); found && child->accessibleName() == accessibleName)
-                return *found;
-        }
-        throw std::runtime_error("there is no such widget");
-    }
-
     [[nodiscard]] CStringView &View() const { return Find<CStringView>(Child()); }
     [[nodiscard]] StringGrid &Grid() const { return View().Grid(); }
     [[nodiscard]] StringTable &Table() const { return View().Table(); }
@@ -64,31 +40,27 @@ struct StringWindow : TestWindow
     {
         return Grid().model()->index(row, col).data().toString().toStdString();
     }
+    /// Returns the IDs that the grid shows, in its order.
+    [[nodiscard]] std::string Ids() const
+    {
+        std::string ids;
+        for (int row = 0; row < Grid().model()->rowCount(); ++row)
+            ids += Shown(row, 0) + ' ';
+        return ids;
+    }
     /// Opens the editor of a cell, as a double click does.
     void Edit(int row, int col) const
     {
         Grid().SelectAlone(row, col);
         Grid().scrollTo(Grid().model()->index(row, col));
-        DoubleClick(*Grid().viewport(), Grid().visualRect(Grid().model()->index(row, col)).center());
+        DoubleClick(*Grid().viewport(), PlaceOf(Grid(), row, col));
     }
-    /// Activates the window: without a screen no window manager activates a window below a box.
-    void WakeUp() const
+    /// Replaces the text of a cell by the keyboard.
+    void Put(int row, int col, const QString &text) const
     {
-        QCoreApplication::processEvents();
-        while (!QApplication::activeWindow()) {
-            Frame().activateWindow();
-            QCoreApplication::processEvents(); // may open a box
-        }
-    }
-    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const
-    {
-        WakeUp();
-        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    }
-    void Type(const QString &text) const
-    {
-        WakeUp();
-        QTest::keyClicks(QApplication::focusWidget(), text);
+        Edit(row, col);
+        Type(text);
+        Key(Qt::Key_Return);
     }
     /// Returns the cell of the editor as "row,column"; empty while it is closed.
     [[nodiscard]] std::string Edited() const

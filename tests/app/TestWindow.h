@@ -3,14 +3,17 @@
 
 #include "Actions.h"
 #include "CInfoPane.h"
+#include "CListGrid.h"
 #include "CMorvaniteApp.h"
 #include "CSizingControlBar.h"
 #include "TempFolder.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QDeadlineTimer>
 #include <QDragEnterEvent>
+#include <QHeaderView>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
@@ -26,18 +29,19 @@ using namespace Qt::StringLiterals;
 /// The folders of a program and of a project called demo, and the program itself once a test starts it.
 struct TestWindow
 {
-    TestWindow()
+    /// `settings` are added to those of the program.
+    explicit TestWindow(const QByteArray &settings = {})
     {
         qputenv("XDG_CONFIG_HOME", folder.Path("user").toUtf8());
         qputenv("XDG_STATE_HOME", folder.Path("state").toUtf8());
         qputenv("MORVANITE_PROGRAM_DIR", folder.Path("bin").toUtf8());
         qputenv("MORVANITE_RUNTIME_DIR", folder.Path("run").toUtf8());
-        folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n");
+        folder.Put("bin/Morvanite.ini", "[Path]\nreso_set=sizes.ini\n" + settings);
         folder.Put("bin/sizes.ini", "[Resolution]\n176x220\n240x320\n320x240\n");
         folder.Put("bin/tuvik.ini", "[Language]\nEnglish=0\n");
         MakeProject("demo", "<APP><IMAGE id=\"ID_IMAGE\" type=\"Normal\">a.png</IMAGE></APP>");
     }
-    ~TestWindow()
+    virtual ~TestWindow()
     {
         qunsetenv("MORVANITE_PROGRAM_DIR");
         qunsetenv("MORVANITE_RUNTIME_DIR");
@@ -135,11 +139,92 @@ struct TestWindow
         Settle();
     }
 
+    static void Click(QWidget &widget, const QPoint &place) { QTest::mouseClick(&widget, Qt::LeftButton, {}, place); }
     static void DoubleClick(QWidget &widget, const QPoint &place)
     {
         QTest::mouseClick(&widget, Qt::LeftButton, {}, place);
         QTest::mouseDClick(&widget, Qt::LeftButton, {}, place);
         QTest::mouseRelease(&widget, Qt::LeftButton, {}, place); // QTest doesn't send the second release
+    }
+
+    [[nodiscard]] static QPoint PlaceOf(const QTableView &grid, int row, int col)
+    {
+        return grid.visualRect(grid.model()->index(row, col)).center();
+    }
+    static void ClickCell(const QTableView &grid, int row, int col)
+    {
+        Click(*grid.viewport(), PlaceOf(grid, row, col));
+    }
+    static void ClickHeader(const QTableView &grid, int col)
+    {
+        const QHeaderView &header = *grid.horizontalHeader();
+        Click(*header.viewport(), {header.sectionViewportPosition(col) + 20, 5});
+    }
+    /// Opens a widget's menu by the key for it, calls `use` with the menu, and closes it.
+    static void OpenMenu(QWidget &widget, const std::function<void(QWidget &)> &use)
+    {
+        QTimer::singleShot(0, [&use] {
+            QWidget *const menu = QApplication::activePopupWidget();
+            ASSERT_NE(menu, nullptr);
+            use(*menu);
+            menu->close();
+        });
+        QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+        QApplication::sendEvent(&widget, &key);
+    }
+    /// Returns the entries of a menu: "-" before a disabled one, "*" before a checked one, "|" after each, and "/" for
+    /// a separator.
+    [[nodiscard]] static std::string MenuEntriesOf(const QWidget &menu)
+    {
+        QString all;
+        for (const QAction *entry : menu.actions()) {
+            if (entry->isSeparator())
+                all += u'/';
+            else
+                all += (entry->isEnabled() ? u""_s : u"-"_s) + (entry->isChecked() ? u"*"_s : u""_s) + entry->text() +
+                       u'|';
+        }
+        return all.toStdString();
+    }
+
+    /// Returns the first descendant of that class.
+    template <typename Widget> [[nodiscard]] static Widget &Find(const QWidget &parent)
+    {
+        for (QWidget *child : parent.findChildren<QWidget *>()) {
+            if (auto *const found = dynamic_cast<Widget *>(child))
+                return *found;
+        }
+        throw std::runtime_error("there is no such widget");
+    }
+    /// Returns the descendant with that class and accessible name.
+    template <typename Widget> [[nodiscard]] static Widget &Named(const QWidget &parent, const QString &name)
+    {
+        for (QWidget *child : parent.findChildren<QWidget *>()) {
+            if (auto *const found = dynamic_cast<Widget *>(child); found && child->accessibleName() == name)
+                return *found;
+        }
+        throw std::runtime_error("there is no such widget");
+    }
+
+    /// Activates the window: without a screen no window manager activates a window below a box.
+    virtual void WakeUp() const
+    {
+        QCoreApplication::processEvents();
+        while (!QApplication::activeWindow()) {
+            Frame().activateWindow();
+            QCoreApplication::processEvents(); // may open a box
+        }
+    }
+    /// Presses a key where the focus is.
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        WakeUp();
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+    void Type(const QString &text) const
+    {
+        WakeUp();
+        QTest::keyClicks(QApplication::focusWidget(), text);
     }
 
     [[nodiscard]] CMainFrame &Frame() const { return app->Frame(); }
@@ -158,6 +243,10 @@ struct TestWindow
         return Frame().Bars().Output().toPlainText().toStdString();
     }
 
+    static inline const QByteArray WITH_LAYOUTS = "[Layout]\nfolders=1\n";
+    /// An element of a resource list: the layouts for 240x320 are in res/l.xml.
+    static inline const QByteArray LAYOUT_LIST = "<RESOLUTION width=\"240\" height=\"320\" class=\"layout\">"
+                                                 "<LAYOUT>res\\l.xml</LAYOUT></RESOLUTION>";
     TempFolder folder;
     std::unique_ptr<CMorvaniteApp> app;
     QStringList boxes;
@@ -165,12 +254,26 @@ struct TestWindow
     std::unique_ptr<QTimer> answering;
 };
 
+/// The program with the project demo open.
+struct OpenWindow : TestWindow
+{
+    explicit OpenWindow(const QByteArray &settings = {}) : TestWindow(settings) { Start({Project()}); }
+};
+
+/// Shows a dialog that no action opens, and activates it.
+inline void ShowActive(QDialog &dialog)
+{
+    dialog.show();
+    QApplication::setActiveWindow(&dialog);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+}
+
 /// Calls `what` once with the dialog or box that opens next, and always closes it.
-template <typename Dialog> void WhenOpen(TestWindow &window, std::function<void(Dialog &)> what)
+template <typename Dialog> void WhenOpen(const TestWindow &window, std::function<void(Dialog &)> what)
 {
     auto *const timer = new QTimer(&window.Frame());
     QObject::connect(timer, &QTimer::timeout, timer, [timer, what = std::move(what)] {
-        const QPointer<Dialog> dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
+        const QPointer<Dialog> dialog = dynamic_cast<Dialog *>(QApplication::activeModalWidget());
         if (!dialog)
             return;
         timer->stop();

@@ -41,9 +41,7 @@ TEST(V1ListDialog, AddsAndRemovesFilesAndWritesThemOnlyOnOk)
     program.folder.Put("demo_res.lst", ".\\a.gif\r\n/x/c.png");
     CZEP10ResDlg dialog(*program.env, project, boxes);
     auto &grid = *dynamic_cast<CListGrid *>(dialog.findChild<QTableView *>());
-    dialog.show();
-    QApplication::setActiveWindow(&dialog);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    ShowActive(dialog);
     EXPECT_EQ(grid.Widths(), (std::vector<int>{100, 270}));
     const std::string before = Shown(dialog);
     EXPECT_EQ(before, "a.gif=" + program.folder.Path("a.gif").toStdString() + " c.png=/x/c.png");
@@ -78,21 +76,14 @@ TEST(V1ListDialog, OpensForTheLastOpenedProjectAndIgnoresOkWithoutOne)
     TestWindow window;
     window.folder.Put("demo/demo_res.lst", ".\\a.gif");
     window.Start();
-    const auto run = [&] { // presses OK, and then Cancel if the dialog stays open
+    const auto run = [&] { // presses OK, and cancels the dialog if it stays open
         std::string shown;
-        QTimer user;
-        QObject::connect(&user, &QTimer::timeout, [&] {
-            auto *const dialog = dynamic_cast<CZEP10ResDlg *>(QApplication::activeModalWidget());
-            if (!dialog)
-                return;
-            shown = Shown(*dialog);
-            Press(*dialog, u"OK"_s);
-            if (dialog->isVisible()) {
+        WhenOpen<CZEP10ResDlg>(window, [&shown](CZEP10ResDlg &dialog) {
+            shown = Shown(dialog);
+            Press(dialog, u"OK"_s);
+            if (dialog.isVisible())
                 shown += "open";
-                Press(*dialog, u"Cancel"_s);
-            }
         });
-        user.start(10);
         window.Frame().RunAction(ACTION_V1_LIST);
         return shown;
     };

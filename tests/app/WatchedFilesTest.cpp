@@ -88,9 +88,7 @@ TEST(WatchedFiles, AskOnceAboutAChangeAndNeverAboutTheProgramsOwnSave)
     EXPECT_EQ(window.AskedUntil([&] { return window.Shows("Three"); }), "demo.res.xml");
 
     window.Activate();
-    window.Edit(0, 3);
-    window.Type(u"Here"_s);
-    window.Key(Qt::Key_Return);
+    window.Put(0, 3, u"Here"_s);
     window.Frame().RunAction(ACTION_SAVE);
     EXPECT_EQ(window.Asked(), "");
     EXPECT_FALSE(window.Document().IsModified());
@@ -135,9 +133,7 @@ TEST(WatchedFiles, KeepTheProjectOnAHalfWrittenListAndLoadTheNextVersion)
 {
     WatchedWindow window;
     const QByteArray list = window.folder.Get("demo/res/demo.res.xml");
-    window.Edit(0, 3);
-    window.Type(u"Unsaved"_s);
-    window.Key(Qt::Key_Return);
+    window.Put(0, 3, u"Unsaved"_s);
     window.Answer({QMessageBox::Ok});
     window.folder.Put("demo/res/demo.res.xml", "<APP><STR");
     EXPECT_EQ(window.AskedUntil([&] { return !window.boxes.isEmpty(); }),

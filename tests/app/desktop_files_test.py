@@ -88,18 +88,6 @@ class Files(desktop_strings_test.Lists):
         self.answer('Return')  # the box about the file of another kind
         source.kill()
 
-    def open_images(self):
-        program, window = self.open()
-        self.xdotool('windowsize', '--sync', window, 1270, 800)
-        self.until_active(window)
-        self.select(window, *TO_240_X_320)
-        return program, window
-
-    def select(self, window, *keys):
-        """Selects a row of the project tree by keys, and moves to the list of that folder."""
-        self.xdotool('mousemove', '--window', window, 60, 70, 'click', 1)
-        self.press(*keys, 'F6', 'ctrl+Home')
-
     def edit(self, window):
         new = [self.project / 'res/240x320' / name for name in ('hail.png', 'hail2.png', 'hail.txt')]
         for path in new:
@@ -151,10 +139,10 @@ class Files(desktop_strings_test.Lists):
         return self.what_is_copied_by('ctrl+a', 'ctrl+shift+c')
 
     def test_adds_renames_saves_and_restores_files(self):
-        program, window = self.open_images()
+        program, window = self.open_at(*TO_240_X_320)
         self.edit(window)
         self.press('ctrl+s')
-        until(lambda: not self.windows(CHANGED))
+        self.until_saved()
         text = self.resources.read_text()
         for line in (r'<IMAGE id="ID_IMAGE_BACKDROP" type="Normal">.\res\240x320\background.jpg</IMAGE>',
                      r'<IMAGE id="ID_IMAGE_CLOUD" type="Push">.\res\320x240\cloud.png</IMAGE>',
@@ -179,7 +167,7 @@ class Files(desktop_strings_test.Lists):
         self.assertGreater(int(re.search(r'^0=(\d+)', remembered, re.M)[1]), 210)
         self.assertIn('\nthumbnails=1\n', (self.dir / 'bin/Morvanite.ini').read_text())
 
-        program, window = self.open_images()
+        program, window = self.open_at(*TO_240_X_320)
         self.press('space', 'F2')
         self.xdotool('type', '--delay', 20, 'id_image_last\n')
         self.press('ctrl+s')

@@ -26,13 +26,13 @@ void FillGap(SampleWindow &window, Frames &frames)
     window.FitColumns(135, {176, 0, 0, 104, 96, 0, 0, 116, 60});
     frames.Take();
     window.GoToCell(window.Grid(), 9, 7);
-    SampleWindow::Press(Qt::Key_Return);
+    window.Key(Qt::Key_Return);
     frames.Take();
     for (const QString &part : {u"पाले "_s, u"की "_s, u"चेतावनी"_s}) {
         SampleWindow::Type(part);
         frames.Take();
     }
-    SampleWindow::Press(Qt::Key_Return);
+    window.Key(Qt::Key_Return);
     frames.Take();
 }
 
@@ -50,10 +50,10 @@ void MovePanel(SampleWindow &window, Frames &frames)
     frames.Take();
     window.ClickProperty(u"pos"_s);
     frames.Take();
-    SampleWindow::Press(Qt::Key_F2);
+    window.Key(Qt::Key_F2);
     SampleWindow::Type(u"16"_s);
     frames.Take();
-    SampleWindow::Press(Qt::Key_Return);
+    window.Key(Qt::Key_Return);
     frames.Take();
 }
 

@@ -92,16 +92,15 @@ void TakeFiles(SampleWindow &window, Pictures &pictures)
     window.Go(window.Row(u"Files"_s));
     window.FitColumns(220, {220, 110, 310});
     const auto click = [&window](int row, int col) {
-        QTableView &grid = window.Grid();
-        window.GoToCell(grid, row, col);
-        QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, grid.visualRect(grid.currentIndex()).center());
+        window.GoToCell(window.Grid(), row, col);
+        window.ClickCell(window.Grid(), row, col);
     };
     click(1, 1);
     pictures.Take("files", frame);
-    SampleWindow::Press(Qt::Key_Escape);
+    window.Key(Qt::Key_Escape);
     TakeDialog(window, pictures, "files-menu", [&] {
         QWidget &list = *window.Grid().viewport();
-        const QPoint place = window.Grid().visualRect(window.Grid().model()->index(1, 0)).center();
+        const QPoint place = window.PlaceOf(window.Grid(), 1, 0);
         QContextMenuEvent event(QContextMenuEvent::Mouse, place, list.mapToGlobal(place));
         QApplication::sendEvent(&list, &event);
     });
@@ -127,10 +126,10 @@ void TakeStrings(SampleWindow &window, Pictures &pictures)
     pictures.Take("strings", frame);
     frame.resize(1120, 446);
     window.GoToCell(grid, 9, 7); // a gap
-    SampleWindow::Press(Qt::Key_Return);
+    window.Key(Qt::Key_Return);
     SampleWindow::Type(u"पाले"_s);
     pictures.Take("strings-edit", frame);
-    SampleWindow::Press(Qt::Key_Escape);
+    window.Key(Qt::Key_Escape);
     TakeDialog(window, pictures, "languages", [&] { frame.RunAction(ACTION_LANGUAGE); });
     window.GoToCell(grid, 0, 3);
     QApplication::clipboard()->setText(u"ID\tEnglish\tKorean\nID_STRING_CLEAR\tClear sky\t맑은 하늘\n"
@@ -151,10 +150,7 @@ void TakeFindings(SampleWindow &window, Pictures &pictures)
 {
     CMainFrame &frame = window.Frame();
     frame.resize(1120, 560);
-    for (auto *button : window.Child().findChildren<QAbstractButton *>()) {
-        if (button->accessibleName() == u"Close the find bar"_s)
-            button->click();
-    }
+    window.Named<QAbstractButton>(window.Child(), u"Close the find bar"_s).click();
     frame.RunAction(ACTION_FINDINGS);
     window.PutOutputBelow(210);
     FindingsPane &pane = frame.Bars().Findings();
@@ -184,7 +180,7 @@ void TakeLayouts(SampleWindow &window, Pictures &pictures)
     window.Settle();
     window.ClickProperty(u"bgColor"_s);
     pictures.Take("layout-properties", panes.Grid());
-    SampleWindow::Press(Qt::Key_Escape);
+    window.Key(Qt::Key_Escape);
 }
 
 void TakeTiledProjects(SampleWindow &window, Pictures &pictures)

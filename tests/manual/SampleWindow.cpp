@@ -6,7 +6,6 @@
 #include "CLotScreenView.h"
 #include "LayoutPanes.h"
 
-#include <QDockWidget>
 #include <QSplitter>
 #include <QTableView>
 #include <QTreeWidget>
@@ -62,11 +61,7 @@ void SampleWindow::FitColumns(int treeWidth, const QList<int> &widths) const
 
 LayoutPanes &SampleWindow::Panes() const
 {
-    for (QWidget *widget : Child().findChildren<QWidget *>()) {
-        if (auto *const panes = dynamic_cast<LayoutPanes *>(widget))
-            return *panes;
-    }
-    throw std::runtime_error("No layout is shown.");
+    return Find<LayoutPanes>(Child());
 }
 
 void SampleWindow::FitPanes(int height, int listWidth) const
@@ -92,21 +87,17 @@ void SampleWindow::ClickProperty(const QString &property) const
     for (int row = 0; row < grid.model()->rowCount(); ++row) {
         if (grid.model()->index(row, 0).data().toString().trimmed() != property)
             continue;
-        const QModelIndex value = grid.model()->index(row, 1);
-        grid.scrollTo(value, QAbstractItemView::PositionAtCenter);
+        grid.scrollTo(grid.model()->index(row, 1), QAbstractItemView::PositionAtCenter);
         Settle();
-        QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, grid.visualRect(value).center());
+        ClickCell(grid, row, 1);
     }
     Settle();
 }
 
 void SampleWindow::PutOutputBelow(int height) const
 {
-    for (QDockWidget *bar : Frame().findChildren<QDockWidget *>()) {
-        if (bar->windowTitle() != u"Output"_s)
-            continue;
-        Frame().addDockWidget(Qt::BottomDockWidgetArea, bar);
-        Frame().resizeDocks({bar}, {height}, Qt::Vertical);
-    }
+    CSizingControlBar &bar = Frame().Bars().OutputBar();
+    Frame().addDockWidget(Qt::BottomDockWidgetArea, &bar);
+    Frame().resizeDocks({&bar}, {height}, Qt::Vertical);
     Settle();
 }

@@ -42,12 +42,6 @@ struct SampleWindow : TestWindow
     /// Docks the output below the project.
     void PutOutputBelow(int height) const;
 
-    /// Presses a key in the widget that has the focus.
-    static void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-    {
-        if (QApplication::focusWidget())
-            QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    }
     /// Enters a text as an input method does, which works for every script.
     static void Type(const QString &text)
     {

@@ -29,7 +29,7 @@ struct FakeControls : IEditControls
     void SetChoices(const QStringList &list) override { choices = list; }
     [[nodiscard]] int Choice() const override { return choice; }
     void Choose(int chosen) override { choice = chosen; }
-    void SetSwatch(const EditColor &color) override { swatch = color; }
+    void SetSwatch(const EditColor &) override {}
     [[nodiscard]] std::optional<EditColor> AskColor(const EditColor &start) override { return answer(start); }
 
     std::map<EditControl, QRect> shown;
@@ -38,8 +38,7 @@ struct FakeControls : IEditControls
     EditControl focus = EditControl::Grid;
     QStringList choices;
     int choice = -1;
-    EditColor swatch;
-    std::function<std::optional<EditColor>(const EditColor &start)> answer;
+    std::function<std::optional<EditColor>(const EditColor &start)> answer; // of the dialog of colours
 };
 
 inline const char PROPERTIES[] =

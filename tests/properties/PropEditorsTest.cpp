@@ -164,17 +164,17 @@ TEST(PropEditors, OfferEveryParentExceptDescendants)
     }));
 }
 
-TEST(PropEditors, CloseWhenTheyLoseTheFocus)
+TEST(PropEditors, MayBeDestroyedWhileTheDialogOfColorsIsOpen)
 {
-    for (const char *property : {"s32", "bool", "size"}) {
-        EditedLayout layout;
-        const auto editor = layout.Open(QString::fromUtf8(property));
-        EXPECT_TRUE(editor->WantsApply(EditControl::Grid, EditEvent::FocusLost));
-        layout.controls.focus = editor->First();
-        EXPECT_FALSE(editor->WantsApply(EditControl::Grid, EditEvent::FocusLost));
-        layout.controls.focus = EditControl::Text1; // only a size has this field
-        EXPECT_EQ(editor->WantsApply(editor->First(), EditEvent::FocusLost), property != QByteArray("size"));
-    }
+    EditedLayout layout;
+    auto editor = layout.Open(u"color"_s);
+    layout.controls.answer = [&](const EditColor &) {
+        editor->Close();
+        editor.reset();
+        return EditColor{9, 9, 9};
+    };
+    EXPECT_FALSE(editor->WantsApply(EditControl::Swatch, EditEvent::Clicked));
+    EXPECT_EQ(layout.Row(u"color"_s).value, QString());
 }
 
 TEST(SelectString, StartsAtTheSecondChoice)
