@@ -156,7 +156,7 @@ class Cli(DemoProject):
             self.assertEqual((status, 'did you mean' in err), (2, meant is not None), arguments)
             self.assertIn(meant or '', err)
         self.assertIn('text, json or sarif', err)
-        for option in ('--jobs', '--cache', '--output', '--debug-log'):
+        for option in ('--jobs', '--cache', '--output', '--debug-log', '--settings'):
             self.assertEqual(self.run_cli(*self.to_pack, option, ''), (2, '', f'morvanite-cli: the value of {option} is empty\n'))
         self.assertEqual(self.run_cli('help', 'strings', 'export')[:2], self.run_cli('strings', 'export', '--help')[:2])
         self.assertEqual(self.run_cli('help')[:2], self.run_cli('--help')[:2])

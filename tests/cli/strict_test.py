@@ -48,7 +48,7 @@ class Strict(DemoProject):
         for arguments in commands:
             self.assert_refused(arguments, 'res/demo.res.xml:3: <NEWS> is left out')
         self.assertTrue(self.assert_refused(commands[0]).endswith('\r\n\r\nload done\r\n'), 'the report is unchanged')
-        for folder in ('nobody', 'logo.png', ''):
+        for folder in ('nobody', 'logo.png'):
             self.assert_refused(('load', self.project, '--settings', folder), '--settings', 'no such folder', status=2)
 
     def test_names_a_missing_file_of_the_program(self):

@@ -5,6 +5,7 @@
 import json
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import unittest
