@@ -38,6 +38,8 @@ enum class IfLocked
 class Leftovers
 {
 public:
+    /// Returns whether anything beside the file `target` has the name of such a file or folder.
+    [[nodiscard]] bool AreBeside(const QByteArray &target) { return !Beside(target).empty(); }
     /// Removes the temporary files beside the file `target` whose processes no longer exist. Doesn't remove files with
     /// other names, anything that isn't a plain file, locked files, or files of a running process.
     void RemoveBeside(const QByteArray &target);

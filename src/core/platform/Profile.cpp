@@ -74,10 +74,11 @@ Profile Profile::Parse(QByteArrayView bytes)
 
 void Profile::AddLine(const QByteArray &raw, QString &section)
 {
-    if (!IsUtf16() && raw.startsWith(';')) { // most lines of a file with comments, so they are not decoded
+    const bool isComment = raw.startsWith(';');
+    if (!IsUtf16() && (isComment || raw == "\n" || raw == "\r\n")) { // most lines, so they are not decoded
         if (lines.isEmpty() && raw.endsWith("\r\n"))
             lineEnd = QStringLiteral("\r\n");
-        lines.append({raw, QStringLiteral(";"), section, {}, false});
+        lines.append({raw, isComment ? QStringLiteral(";") : QString(), section, {}, false});
         return;
     }
     QString text = IsUtf16() ? QStringDecoder(QStringDecoder::Utf16LE)(raw) : QString::fromUtf8(raw);

@@ -113,12 +113,15 @@ public:
         bool isThere = false;
         if (!Lock(isThere))
             return false;
+        Leftovers leftovers; // of a save that was killed before its journal had this name
+        if (!isThere && !leftovers.AreBeside(path))
+            return true;
         QByteArray place;
         const bool isOutside = IsOutside(path, project, place);
         if (isThere)
             return isOutside ? Refuse(u"a symbolic link leads out of the project to it"_s) : Finish();
         if (!isOutside)
-            Leftovers().RemoveBeside(path); // of a save that was killed before its journal had this name
+            leftovers.RemoveBeside(path);
         return true;
     }
 
