@@ -3,33 +3,9 @@
 
 #include "Environment.h"
 #include "Paths.h"
+#include "ScreenSizeScan.h"
 
 #include <algorithm>
-
-namespace
-{
-
-/// Removes the number that a text begins with and returns it; 0 if there is none.
-int TakeNumber(QStringView &text)
-{
-    const bool isSigned = text.startsWith(u'+') || text.startsWith(u'-');
-    const auto end = std::find_if(text.begin() + isSigned, text.end(), [](QChar c) { return c < u'0' || c > u'9'; });
-    const int number = LeadingNumber(text.first(end - text.begin()));
-    text = text.sliced(end - text.begin());
-    return number;
-}
-
-/// Removes what may be between width and height, and returns how many characters it were.
-qsizetype TakeSeparators(QStringView &text)
-{
-    const auto end =
-        std::find_if(text.begin(), text.end(), [](QChar c) { return !QStringView(u"*xX \t").contains(c); });
-    const qsizetype count = end - text.begin();
-    text = text.sliced(count);
-    return count;
-}
-
-} // namespace
 
 void ProcessTables::LoadOnce(const Environment &env)
 {
@@ -38,12 +14,8 @@ void ProcessTables::LoadOnce(const Environment &env)
         if (!file.isEmpty()) {
             MakeAbsolute(file, env.ProgramDir());
             for (const QString &line : Profile::Load(file).Section(u"Resolution")) {
-                QStringView rest = line;
-                const int width = TakeNumber(rest);
-                const qsizetype separators = TakeSeparators(rest);
-                const int height = TakeNumber(rest);
-                if (separators > 0)
-                    resolutions.Add({}, width, height);
+                if (const auto size = ScanScreenSize(line, u"*xX \t"))
+                    resolutions.Add({}, size->width, size->height);
             }
         }
     }
