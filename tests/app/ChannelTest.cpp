@@ -68,6 +68,7 @@ TEST(Channel, ACommandEndsAnUnfinishedUserAction)
     window.Tree().setFocus();
     QTest::keyClick(&window.Frame(), Qt::Key_F, Qt::AltModifier);
     ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    TestWindow::Settle(); // the screen activates the menu later, and must not do so after the command has closed it
     Send(IDE_COMMAND_SAVE, RecordOf(window.Project()));
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
     EXPECT_EQ(QApplication::focusWidget(), &window.Tree());
