@@ -6,6 +6,12 @@ namespace
 
 constexpr char FILE_PREFIX[8] = {}; // before a file's own bytes, in a pack that converts images
 
+/// The host path of a resource whose path is `shown`.
+QByteArray HostOf(QByteArray shown)
+{
+    return shown.replace('\\', '/');
+}
+
 int ReadFileResource(PackContext &context, const QByteArray &host, const QByteArray &shown)
 {
     Environment &env = context.Env();
@@ -45,9 +51,7 @@ int AddFile(PackContext &context, const CFileRes &res)
             return PACK_MEMORY;
         image.AddBytes({FILE_PREFIX, sizeof FILE_PREFIX});
     }
-    QByteArray host = shown;
-    host.replace('\\', '/');
-    return ReadFileResource(context, host, shown);
+    return ReadFileResource(context, HostOf(shown), shown);
 }
 
 /// Gathers the file resources in their order. Returns false if one of them has no ID.
@@ -67,6 +71,15 @@ bool Gather(const CResFolder &root, std::vector<const CFileRes *> &resources)
 }
 
 } // namespace
+
+void ListFiles(const PackContext &context, std::vector<QByteArray> &hosts)
+{
+    std::vector<const CFileRes *> resources;
+    if (!Gather(context.document.root, resources))
+        return;
+    for (const CFileRes *res : resources)
+        hosts.push_back(HostOf(context.Env().Shown(res->path)));
+}
 
 int ConstructFiles(PackContext &context)
 {

@@ -95,6 +95,18 @@ int AddImage(PackContext &context, const CFileRes &res, PictureFile &picture)
 
 } // namespace
 
+void ListImages(const PackContext &context, std::vector<QByteArray> &hosts)
+{
+    Images images;
+    if (!GatherImages(context.document.root, context.info.scope, images))
+        return;
+    for (const CFileRes *image : images) {
+        const PictureFile::Request request = RequestOf(context, *image);
+        if (!request.converts)
+            hosts.push_back(PackFiles::HostOf(request.path));
+    }
+}
+
 int ConstructImages(PackContext &context)
 {
     Images images;

@@ -15,13 +15,6 @@ namespace
 
 constexpr qint64 SMALL = 32 << 10; // bytes; to copy a larger file later costs less than to keep it in memory
 
-QByteArray WithSlashes(QStringView path)
-{
-    QByteArray host = path.toUtf8();
-    host.replace('\\', '/');
-    return host;
-}
-
 /// Opens `found.host` and fills in what is there. Returns the error number if it isn't open.
 int OpenAndLook(PackFile &found, OutputGuard *guard)
 {
@@ -87,7 +80,7 @@ int ReadIntoPayload(PackContext &context, const PackFile &file, const ReadReques
     } else if (file.isMade) {
         if (const int code = image.AddMade(file))
             return code == PACK_FILE_READ ? failContent() : code;
-    } else if (context.files.HasRoom(file)) {
+    } else if (context.files.TakeRoom(file)) {
         const QByteArrayView content = context.files.Content(file);
         if (content.isNull())
             return errno == ENOMEM ? int(PACK_MEMORY) : failContent();
@@ -154,9 +147,16 @@ QByteArray AbsoluteHost(const QByteArray &host)
     return host.startsWith('/') ? host : ResolvePath(QString::fromUtf8(host), CurrentFolder()).toUtf8();
 }
 
+QByteArray PackFiles::HostOf(QStringView path)
+{
+    QByteArray host = path.toUtf8();
+    host.replace('\\', '/');
+    return host;
+}
+
 PackFile PackFiles::Open(QStringView path)
 {
-    return OpenHost(WithSlashes(path));
+    return OpenHost(HostOf(path));
 }
 
 PackFile PackFiles::OpenHost(const QByteArray &host)
@@ -176,24 +176,41 @@ PackFile PackFiles::OpenHost(const QByteArray &host)
     return found;
 }
 
+void PackFiles::WillOpen(const std::vector<QByteArray> &hosts)
+{
+    if (!sizesOnly)
+        ahead.push_back(std::make_unique<ReadAhead>(hosts, kept, SMALL, room));
+}
+
 /// Looks at `found.host`, which isn't opened if its content is known.
 int PackFiles::Look(PackFile &found)
 {
+    if (const ReadAhead::File *const read = ahead.empty() ? nullptr : ahead.back()->Take(found.host)) {
+        Know(found, read->info, read->content);
+        kept.insert(found.host, {found.stamp, found.content});
+        return 0;
+    }
     struct stat info;
     const auto known = kept.constFind(found.host);
     if (known == kept.cend() || stat(found.host.constData(), &info) != 0 || FileStamp(info) != known->stamp)
         return OpenAndLook(found, &guard);
-    guard.Compare(found.host, info);
-    found.exists = true;
-    found.size = qint64(info.st_size);
-    found.stamp = known->stamp;
-    found.content = known->content;
+    Know(found, info, known->content);
     return 0;
 }
 
-bool PackFiles::HasRoom(const PackFile &file) const
+/// Fills in what is known of a file without opening it.
+void PackFiles::Know(PackFile &found, const struct stat &info, QByteArrayView content)
 {
-    return !file.content.isNull() || (file.size <= SMALL && quint64(file.size) <= room);
+    guard.Compare(found.host, info);
+    found.exists = true;
+    found.size = qint64(info.st_size);
+    found.stamp = FileStamp(info);
+    found.content = content;
+}
+
+bool PackFiles::TakeRoom(const PackFile &file)
+{
+    return !file.content.isNull() || (file.size <= SMALL && room.Take(quint64(file.size)));
 }
 
 QByteArrayView PackFiles::Content(const PackFile &file)
@@ -204,7 +221,6 @@ QByteArrayView PackFiles::Content(const PackFile &file)
     char *const place = memory.Take(quint64(file.size));
     if (!place || !file.ReadTo(place))
         return {};
-    room -= quint64(file.size);
     const QByteArrayView content(place, file.size);
     kept.insert(file.host, {file.stamp, content});
     return content;
@@ -221,7 +237,7 @@ PackFile PackFiles::OpenMade(const QByteArray &host)
 
 QByteArray PackFiles::Find(QStringView path)
 {
-    QByteArray host = WithSlashes(path);
+    QByteArray host = HostOf(path);
     struct stat info;
     if (stat(host.constData(), &info) != 0) {
         host = paths.Resolve(path);

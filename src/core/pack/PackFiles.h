@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "FileStamps.h"
 #include "HostFiles.h"
 #include "OutputGuard.h"
 #include "PieceMemory.h"
-
-#include <QHash>
+#include "ReadAhead.h"
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 class Environment;
@@ -45,6 +44,10 @@ public:
     {
     }
 
+    /// The host path with which Open begins.
+    [[nodiscard]] static QByteArray HostOf(QStringView path);
+    /// Says which files will be opened next, in this order, so that small ones can be read ahead.
+    void WillOpen(const std::vector<QByteArray> &hosts);
     /// A relative path is relative to the current folder.
     [[nodiscard]] PackFile Open(QStringView path);
     /// Does the same with a host path.
@@ -54,29 +57,25 @@ public:
     /// Returns the absolute host path of an existing file or folder, which counts as read; empty if there is none.
     [[nodiscard]] QByteArray Find(QStringView path);
 
-    /// True if Content should be called: the file is small, and there is room for it.
-    [[nodiscard]] bool HasRoom(const PackFile &file) const;
+    /// Returns true if Content should be called: the file is small, and now has room.
+    [[nodiscard]] bool TakeRoom(const PackFile &file);
     /// Returns the file's bytes, which stay valid as long as this object. Returns null if the file ended early (errno
     /// is then 0) or couldn't be read.
     [[nodiscard]] QByteArrayView Content(const PackFile &file);
 
 private:
-    /// The content of a file as it was when it had the stamp.
-    struct Kept
-    {
-        FileStamp stamp;
-        QByteArrayView content;
-    };
     int Look(PackFile &found);
+    void Know(PackFile &found, const struct stat &info, QByteArrayView content);
     void Note(const QByteArray &host);
 
     HostPaths paths;
     std::vector<QByteArray> *inputs;
     OutputGuard &guard;
-    quint64 room; // bytes
+    Room room;
     bool sizesOnly;
     PieceMemory memory;
-    QHash<QByteArray, Kept> kept; // by host path
+    KeptFiles kept;
+    std::vector<std::unique_ptr<ReadAhead>> ahead; // the last one is in use, the others own contents
 };
 
 /// Why a file couldn't be read into the payload.

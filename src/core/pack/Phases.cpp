@@ -66,6 +66,10 @@ int FailPhase(Environment &env, const char *errorLine, int code)
 int ConstructResources(PackContext &context)
 {
     Environment &env = context.Env();
+    std::vector<QByteArray> hosts;
+    ListFiles(context, hosts);
+    ListImages(context, hosts);
+    context.files.WillOpen(hosts);
     for (const Phase &phase : PHASES) {
         if (*phase.firstLine)
             env.WriteOutput("%s", phase.firstLine);

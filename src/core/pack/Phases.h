@@ -63,3 +63,7 @@ int FailPhase(Environment &env, const char *errorLine, int code);
 [[nodiscard]] int ConstructFiles(PackContext &context);
 [[nodiscard]] int ConstructImages(PackContext &context);
 [[nodiscard]] int ConstructLayouts(PackContext &context);
+
+// Add the host paths of the files that these phases will open, in their order.
+void ListFiles(const PackContext &context, std::vector<QByteArray> &hosts);
+void ListImages(const PackContext &context, std::vector<QByteArray> &hosts);
