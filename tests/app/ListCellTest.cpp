@@ -10,6 +10,7 @@
 #include <QScrollBar>
 #include <QStandardItemModel>
 #include <QStyleOption>
+#include <QTest>
 
 #include <gmock/gmock.h>
 
@@ -136,6 +137,25 @@ TEST(CListGrid, FindsTheRectangleOfARowInBothDirections)
             EXPECT_EQ(grid.RowRect(1).adjusted(0, 0, -1, -1), cells) << direction << ' ' << width; // without grid lines
         }
     }
+}
+
+TEST(CListGrid, TypedLettersFindRowsByTheFirstColumn)
+{
+    QStandardItemModel model(3, 2);
+    const char *const texts[3][2] = {{"apple", "pear"}, {"plum", "cherry"}, {"peach", "plum"}};
+    for (int row = 0; row < 3; ++row) {
+        for (int col = 0; col < 2; ++col)
+            model.setItem(row, col, new QStandardItem(QString::fromLatin1(texts[row][col])));
+    }
+    CListGrid grid;
+    grid.setModel(&model);
+    grid.show();
+    QTest::keyClicks(&grid, u"pl"_s);
+    EXPECT_EQ(grid.currentIndex().row(), 1) << "without a current row";
+    QTest::qWait(QApplication::keyboardInputInterval() + 50);
+    grid.selectionModel()->setCurrentIndex(model.index(0, 1), QItemSelectionModel::NoUpdate);
+    QTest::keyClicks(&grid, u"pea"_s);
+    EXPECT_EQ(grid.currentIndex(), model.index(2, 1)) << "not \"pear\" of the column with the focus, which stays";
 }
 
 /// A mark takes its place from the text, at the side where the text begins, and is seen on a selected row.

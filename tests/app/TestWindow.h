@@ -268,13 +268,13 @@ inline void ShowActive(QDialog &dialog)
     EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
 }
 
-/// Calls `what` once with the dialog or box that opens next, and always closes it.
+/// Calls `what` once with the dialog or box that opens next, when it is active, and always closes it.
 template <typename Dialog> void WhenOpen(const TestWindow &window, std::function<void(Dialog &)> what)
 {
     auto *const timer = new QTimer(&window.Frame());
     QObject::connect(timer, &QTimer::timeout, timer, [timer, what = std::move(what)] {
         const QPointer<Dialog> dialog = dynamic_cast<Dialog *>(QApplication::activeModalWidget());
-        if (!dialog)
+        if (!dialog || !dialog->isActiveWindow())
             return;
         timer->stop();
         timer->deleteLater();

@@ -174,7 +174,7 @@ TEST_F(FileChangeMonitor, RunsItsThreadWhileFilesAreWatchedAndAssignsIncreasingH
 
 TEST_F(FileChangeMonitor, SendsOneNoticeForACheckoutOfAProject)
 {
-    Restart({400ms, 10s, 1s, 1s});
+    Restart({1500ms, 10s, 1s, 1s});
     Shell("mkdir res && git init -q . && git config user.name n && git config user.email e && git config gc.auto 0 &&"
           "for state in old new; do for i in $(seq 999); do echo $state > res/$i; done; echo $state > config;"
           "git add . && git commit -q -m $state; done");
