@@ -10,10 +10,10 @@ OutputGuard::OutputGuard(const std::vector<QByteArray> &outputs)
     }
 }
 
-void OutputGuard::Compare(const QByteArray &host, const struct stat &info)
+void OutputGuard::Compare(const QByteArray &host, dev_t device, ino_t inode)
 {
     for (const Replaced &one : replaced) {
-        if (one.inode == info.st_ino && one.device == info.st_dev && !HasClash()) {
+        if (one.inode == inode && one.device == device && !HasClash()) {
             output = one.host;
             file = host;
         }
@@ -24,7 +24,7 @@ void OutputGuard::Compare(const QByteArray &host)
 {
     struct stat info;
     if (IsNeeded() && stat(host.constData(), &info) == 0)
-        Compare(host, info);
+        Compare(host, info.st_dev, info.st_ino);
 }
 
 QString OutputGuard::ClashText() const

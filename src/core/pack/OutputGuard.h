@@ -18,8 +18,9 @@ public:
     /// False when no file can be one of the outputs.
     [[nodiscard]] bool IsNeeded() const { return !replaced.empty(); }
 
-    /// Compares a file of the project whose `info` is known. The first file that is an output is remembered.
-    void Compare(const QByteArray &host, const struct stat &info);
+    /// Compares a file of the project whose identity on the disk is known. The first file that is an output is
+    /// remembered.
+    void Compare(const QByteArray &host, dev_t device, ino_t inode);
     /// Does the same for a file that may not exist.
     void Compare(const QByteArray &host);
 

@@ -13,7 +13,7 @@
 namespace
 {
 
-constexpr qint64 SMALL = 32 << 10; // bytes; to copy a larger file later costs less than to keep it in memory
+constexpr quint64 SMALL = 32 << 10; // bytes; to copy a larger file later costs less than to keep it in memory
 
 /// Opens `found.host` and fills in what is there. Returns the error number if it isn't open.
 int OpenAndLook(PackFile &found, OutputGuard *guard)
@@ -28,9 +28,10 @@ int OpenAndLook(PackFile &found, OutputGuard *guard)
     const bool known = (error ? stat(found.host.constData(), &info) : fstat(found.file.Get(), &info)) == 0;
     found.exists = known || !error;
     if (known && guard)
-        guard->Compare(found.host, info);
+        guard->Compare(found.host, info.st_dev, info.st_ino);
     found.size = known ? qint64(info.st_size) : -1;
-    found.stamp = known ? FileStamp(info) : FileStamp();
+    if (known)
+        found.known = KeptFile(info, {});
     if (known && !S_ISREG(info.st_mode))
         found.file = FileHandle();
     return error;
@@ -40,8 +41,8 @@ int OpenAndLook(PackFile &found, OutputGuard *guard)
 
 bool PackFile::ReadTo(char *place) const
 {
-    if (!content.isNull()) {
-        std::memcpy(place, content.data(), size_t(size));
+    if (!known.content.isNull()) {
+        std::memcpy(place, known.content.data(), size_t(size));
         return true;
     }
     errno = 0;
@@ -176,53 +177,53 @@ PackFile PackFiles::OpenHost(const QByteArray &host)
     return found;
 }
 
-void PackFiles::WillOpen(const std::vector<QByteArray> &hosts)
+void PackFiles::WillOpen(std::vector<QByteArray> hosts)
 {
+    ahead.reset(); // first: both would need memory
     if (!sizesOnly)
-        ahead.push_back(std::make_unique<ReadAhead>(hosts, kept, SMALL, room));
+        ahead = std::make_unique<ReadAhead>(std::move(hosts), kept, SMALL, room, aheadMemory);
 }
 
 /// Looks at `found.host`, which isn't opened if its content is known.
 int PackFiles::Look(PackFile &found)
 {
-    if (const ReadAhead::File *const read = ahead.empty() ? nullptr : ahead.back()->Take(found.host)) {
-        Know(found, read->info, read->content);
-        kept.insert(found.host, {found.stamp, found.content});
+    if (const KeptFile *const read = ahead ? ahead->Take(found.host) : nullptr) {
+        Know(found, *read);
+        kept.insert(found.host, *read);
         return 0;
     }
     struct stat info;
     const auto known = kept.constFind(found.host);
     if (known == kept.cend() || stat(found.host.constData(), &info) != 0 || FileStamp(info) != known->stamp)
         return OpenAndLook(found, &guard);
-    Know(found, info, known->content);
+    Know(found, *known);
     return 0;
 }
 
 /// Fills in what is known of a file without opening it.
-void PackFiles::Know(PackFile &found, const struct stat &info, QByteArrayView content)
+void PackFiles::Know(PackFile &found, const KeptFile &file)
 {
-    guard.Compare(found.host, info);
+    guard.Compare(found.host, file.device, file.inode);
     found.exists = true;
-    found.size = qint64(info.st_size);
-    found.stamp = FileStamp(info);
-    found.content = content;
+    found.size = file.content.size();
+    found.known = file;
 }
 
 bool PackFiles::TakeRoom(const PackFile &file)
 {
-    return !file.content.isNull() || (file.size <= SMALL && room.Take(quint64(file.size)));
+    return !file.known.content.isNull() || (quint64(file.size) <= SMALL && room.Take(quint64(file.size)));
 }
 
 QByteArrayView PackFiles::Content(const PackFile &file)
 {
-    if (!file.content.isNull())
-        return file.content;
+    if (!file.known.content.isNull())
+        return file.known.content;
     errno = ENOMEM;
     char *const place = memory.Take(quint64(file.size));
     if (!place || !file.ReadTo(place))
         return {};
     const QByteArrayView content(place, file.size);
-    kept.insert(file.host, {file.stamp, content});
+    kept.insert(file.host, file.known.With(content));
     return content;
 }
 
@@ -244,7 +245,7 @@ QByteArray PackFiles::Find(QStringView path)
         if (host.isEmpty() || stat(host.constData(), &info) != 0)
             return {};
     }
-    guard.Compare(host, info);
+    guard.Compare(host, info.st_dev, info.st_ino);
     Note(host);
     return AbsoluteHost(host);
 }

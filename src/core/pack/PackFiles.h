@@ -23,10 +23,9 @@ struct PackFile
     int error = 0;           ///< the system's error number if it can't be read; 0: not a regular file
     bool isSizeOnly = false; ///< its content isn't needed
     bool isMade = false;     ///< made by this pack, which may delete it soon
-    FileStamp stamp;
-    QByteArrayView content; ///< null if it hasn't been read; valid as long as the PackFiles
+    KeptFile known;          ///< its content, if it was read, is valid as long as the PackFiles
 
-    [[nodiscard]] bool IsReadable() const { return file.IsOpen() || !content.isNull(); }
+    [[nodiscard]] bool IsReadable() const { return file.IsOpen() || !known.content.isNull(); }
     /// Reads the whole file into `place`. Returns false if it ended early (errno is then 0) or couldn't be read.
     [[nodiscard]] bool ReadTo(char *place) const;
 };
@@ -47,7 +46,7 @@ public:
     /// The host path with which Open begins.
     [[nodiscard]] static QByteArray HostOf(QStringView path);
     /// Says which files will be opened next, in this order, so that small ones can be read ahead.
-    void WillOpen(const std::vector<QByteArray> &hosts);
+    void WillOpen(std::vector<QByteArray> hosts);
     /// A relative path is relative to the current folder.
     [[nodiscard]] PackFile Open(QStringView path);
     /// Does the same with a host path.
@@ -65,7 +64,7 @@ public:
 
 private:
     int Look(PackFile &found);
-    void Know(PackFile &found, const struct stat &info, QByteArrayView content);
+    void Know(PackFile &found, const KeptFile &file);
     void Note(const QByteArray &host);
 
     HostPaths paths;
@@ -74,8 +73,9 @@ private:
     Room room;
     bool sizesOnly;
     PieceMemory memory;
+    std::deque<PieceMemory> aheadMemory;
     KeptFiles kept;
-    std::vector<std::unique_ptr<ReadAhead>> ahead; // the last one is in use, the others own contents
+    std::unique_ptr<ReadAhead> ahead; // null before WillOpen
 };
 
 /// Why a file couldn't be read into the payload.

@@ -69,7 +69,7 @@ int ConstructResources(PackContext &context)
     std::vector<QByteArray> hosts;
     ListFiles(context, hosts);
     ListImages(context, hosts);
-    context.files.WillOpen(hosts);
+    context.files.WillOpen(std::move(hosts));
     for (const Phase &phase : PHASES) {
         if (*phase.firstLine)
             env.WriteOutput("%s", phase.firstLine);

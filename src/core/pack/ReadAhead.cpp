@@ -5,8 +5,11 @@
 #include "SignalCleanup.h"
 #include "Threads.h"
 
+#include <QSet>
+
 #include <fcntl.h>
 #include <system_error>
+#include <utility>
 
 namespace
 {
@@ -26,20 +29,23 @@ bool Room::Take(quint64 bytes)
     return false;
 }
 
-ReadAhead::ReadAhead(const std::vector<QByteArray> &hosts, const KeptFiles &kept, qint64 largest, Room &all)
-    : most(largest), room(all)
+ReadAhead::ReadAhead(std::vector<QByteArray> hosts, const KeptFiles &kept, quint64 largest, Room &all,
+                     std::deque<PieceMemory> &memory)
+    : most(largest), room(all), memories(memory)
 {
-    byHost.reserve(qsizetype(hosts.size()));
-    for (const QByteArray &host : hosts) {
-        Entry *&entry = byHost[host];
-        if (entry)
+    QSet<QByteArray> seen;
+    seen.reserve(qsizetype(hosts.size()));
+    for (QByteArray &host : hosts) {
+        if (seen.contains(host))
             continue;
-        entry = &entries.emplace_back();
-        entry->host = host;
-        entry->kept = kept.value(host);
+        seen.insert(host);
+        Entry &entry = entries.emplace_back();
+        entry.file = kept.value(host);
+        entry.host = std::move(host);
     }
     const size_t count = ThreadsFor(entries.size(), FILES_WORTH_A_THREAD, MOST_THREADS);
-    memories.resize(count);
+    while (memories.size() < count)
+        memories.emplace_back();
     const SignalHold hold;
     try {
         for (size_t i = 1; i < count; ++i) {
@@ -74,30 +80,34 @@ bool ReadAhead::ReadOne(PieceMemory &memory)
 
 void ReadAhead::Read(Entry &entry, PieceMemory &memory)
 {
-    struct stat &info = entry.file.info;
-    const KeptFile &kept = entry.kept;
+    struct stat info;
+    const KeptFile kept = std::exchange(entry.file, {});
     if (!kept.content.isNull() && stat(entry.host.constData(), &info) == 0 && FileStamp(info) == kept.stamp) {
-        entry.file.content = kept.content;
+        entry.file = kept;
         return;
     }
+    if (!room.Take(most)) // before the file is opened, as many others may follow
+        return;
+    quint64 used = 0;
     // Non-blocking, so that a pipe in place of a file doesn't hang the program.
     const FileHandle handle(open(entry.host.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    if (!handle.IsOpen() || fstat(handle.Get(), &info) != 0 || !S_ISREG(info.st_mode) || info.st_size > most ||
-        !room.Take(quint64(info.st_size)))
-        return;
-    char *const place = memory.Take(quint64(info.st_size));
-    if (place && handle.Read(place, size_t(info.st_size)) == info.st_size)
-        entry.file.content = {place, qsizetype(info.st_size)};
+    if (handle.IsOpen() && fstat(handle.Get(), &info) == 0 && S_ISREG(info.st_mode) && quint64(info.st_size) <= most) {
+        used = quint64(info.st_size);
+        char *const place = memory.Take(used);
+        if (place && handle.Read(place, used) == info.st_size)
+            entry.file = KeptFile(info, {place, qsizetype(used)});
+    }
+    room.GiveBack(most - used);
 }
 
-const ReadAhead::File *ReadAhead::Take(const QByteArray &host)
+const KeptFile *ReadAhead::Take(const QByteArray &host)
 {
-    Entry *const entry = byHost.take(host);
-    if (!entry)
+    if (asked == entries.size() || entries[asked].host != host)
         return nullptr;
-    while (!entry->isDone) {
+    const Entry &entry = entries[asked++];
+    while (!entry.isDone) {
         if (!ReadOne(memories.front()))
-            entry->isDone.wait(false);
+            entry.isDone.wait(false);
     }
-    return entry->file.content.isNull() ? nullptr : &entry->file;
+    return entry.file.content.isNull() ? nullptr : &entry.file;
 }

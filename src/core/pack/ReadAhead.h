@@ -18,16 +18,33 @@ public:
     explicit Room(quint64 bytes) : left(bytes) {}
     /// Returns false, and takes nothing, if there are fewer.
     [[nodiscard]] bool Take(quint64 bytes);
+    void GiveBack(quint64 bytes) { left += bytes; }
 
 private:
     std::atomic<quint64> left;
 };
 
-/// The content of a file, and the stamp that the file had before it was read.
+/// A file as it was when it was looked at, and its content.
 struct KeptFile
 {
+    KeptFile() = default;
+    KeptFile(const struct stat &info, QByteArrayView bytes)
+        : content(bytes), stamp(info), device(info.st_dev), inode(info.st_ino)
+    {
+    }
+
+    /// The same file, with its content.
+    [[nodiscard]] KeptFile With(QByteArrayView bytes) const
+    {
+        KeptFile file = *this;
+        file.content = bytes;
+        return file;
+    }
+
+    QByteArrayView content; ///< null if it wasn't read
     FileStamp stamp;
-    QByteArrayView content;
+    dev_t device = 0;
+    ino_t inode = 0;
 };
 using KeptFiles = QHash<QByteArray, KeptFile>; ///< by host path
 
@@ -40,42 +57,35 @@ using KeptFiles = QHash<QByteArray, KeptFile>; ///< by host path
 class ReadAhead
 {
 public:
-    /// A file that was read.
-    struct File
-    {
-        struct stat info = {}; ///< before it was read
-        QByteArrayView content;
-    };
-
     /// Starts to read the regular files with these host paths, as far as they have at most `largest` bytes and there is
-    /// room. Those of `kept` are read only if they have changed. `all` must live longer than this object.
-    ReadAhead(const std::vector<QByteArray> &hosts, const KeptFiles &kept, qint64 largest, Room &all);
+    /// room. Those of `kept` are read only if they have changed. The contents are in `memory`, which must live longer
+    /// than this object, as `all` must.
+    ReadAhead(std::vector<QByteArray> hosts, const KeptFiles &kept, quint64 largest, Room &all,
+              std::deque<PieceMemory> &memory);
     /// Stops early.
     ~ReadAhead();
     ReadAhead(const ReadAhead &) = delete;
     ReadAhead &operator=(const ReadAhead &) = delete;
 
-    /// Waits until the file is read, and returns it; null if it is left to the pack. Each file of the list is returned
-    /// once. The calling thread, always the same, reads others meanwhile. The content is valid as long as this object
-    /// or the kept file.
-    [[nodiscard]] const File *Take(const QByteArray &host);
+    /// Waits until the file is read, and returns it; null if it is left to the pack or isn't the next one of the list.
+    /// The calling thread, always the same, reads others meanwhile.
+    [[nodiscard]] const KeptFile *Take(const QByteArray &host);
 
 private:
     struct Entry
     {
         QByteArray host;
-        KeptFile kept; // the content is null if there is none
-        File file;
+        KeptFile file; // at first as it is kept, if it is
         std::atomic<bool> isDone = false;
     };
     [[nodiscard]] bool ReadOne(PieceMemory &memory);
     void Read(Entry &entry, PieceMemory &memory);
 
-    std::deque<Entry> entries;
-    QHash<QByteArray, Entry *> byHost;
-    const qint64 most; // bytes of a file
+    std::deque<Entry> entries; // each path once
+    size_t asked = 0;          // the number of those that were taken
+    const quint64 most;        // bytes of a file
     Room &room;
-    std::atomic<size_t> next = 0;     // the first entry that no thread has begun
-    std::deque<PieceMemory> memories; // one for each thread, the first for the calling one
+    std::deque<PieceMemory> &memories; // for each thread one; the first is that of the calling thread
+    std::atomic<size_t> next = 0;      // the first entry that no thread has begun
     std::vector<std::thread> threads;
 };
