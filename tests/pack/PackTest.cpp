@@ -101,6 +101,39 @@ TEST(Pack, PacksListedFilesTextsFilesAndImagesInOrder)
     }
 }
 
+TEST(Pack, IsTheSameWhetherFilesAreReadAheadOrNot)
+{
+    PackProject project;
+    const auto add = [&](CResFolder &to, int n, const QByteArray &stored, const QByteArray &content) {
+        project.folder.Put(QByteArray(stored).replace('\\', '/').constData(), content);
+        return project.AddFile(to, stored, quint32(n));
+    };
+    for (int n = 1; n <= 300; ++n) {
+        const QByteArray name = "res\\" + QByteArray::number(n);
+        add(n % 2 ? project.audio : project.wideImages, n, n % 2 ? name : name + ".tga", name.repeated(n * 20));
+    }
+    project.AddFile(project.audio, "res\\7", 301);
+    add(project.audio, 302, "res\\Case", "written in another case")->path = "RES\\case";
+
+    std::vector<QByteArray> inputs[2];
+    QByteArray payloads[2];
+    for (const int isAhead : {0, 1}) {
+        project.info.fileMemory = isAhead ? quint64(20) << 20 : 0;
+        ASSERT_EQ(project.Pack(PACK_TO_TARGET, &inputs[isAhead]), 0) << project.output.constData();
+        payloads[isAhead] = project.folder.Get("arm/app.res");
+    }
+    EXPECT_TRUE(payloads[1].contains("written in another case"));
+    EXPECT_EQ(payloads[0], payloads[1]);
+    EXPECT_EQ(inputs[0], inputs[1]);
+
+    ASSERT_EQ(unlink("res/9"), 0);
+    ASSERT_EQ(link("app.out", "res/9"), 0);
+    EXPECT_EQ(project.Pack(), PACK_SAME_FILE) << "an output is a file of the project";
+    ASSERT_EQ(unlink("res/9"), 0);
+    EXPECT_EQ(project.Pack(), PACK_NOT_THERE);
+    EXPECT_EQ(project.folder.Get("arm/app.res"), payloads[0]);
+}
+
 TEST(Pack, PutsTheTablesInAscendingOrderIfTheOptionSaysSo)
 {
     PackProject project;

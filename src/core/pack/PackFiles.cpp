@@ -179,8 +179,8 @@ PackFile PackFiles::OpenHost(const QByteArray &host)
 
 void PackFiles::WillOpen(std::vector<QByteArray> hosts)
 {
-    ahead.reset(); // first: both would need memory
-    if (!sizesOnly)
+    ahead.reset(); // before the new one is made, since both need memory
+    if (!sizesOnly && ReadAhead::IsOfUse(hosts.size()))
         ahead = std::make_unique<ReadAhead>(std::move(hosts), kept, SMALL, room, aheadMemory);
 }
 
@@ -200,7 +200,7 @@ int PackFiles::Look(PackFile &found)
     return 0;
 }
 
-/// Fills in what is known of a file without opening it.
+/// Fills in what is known of a file without opening it, and compares it with the outputs.
 void PackFiles::Know(PackFile &found, const KeptFile &file)
 {
     guard.Compare(found.host, file.device, file.inode);

@@ -43,9 +43,9 @@ public:
     {
     }
 
-    /// The host path with which Open begins.
+    /// The host path that Open tries first.
     [[nodiscard]] static QByteArray HostOf(QStringView path);
-    /// Says which files will be opened next, in this order, so that small ones can be read ahead.
+    /// Tells which files will be opened, in this order, so that small ones can be read ahead.
     void WillOpen(std::vector<QByteArray> hosts);
     /// A relative path is relative to the current folder.
     [[nodiscard]] PackFile Open(QStringView path);
@@ -75,7 +75,7 @@ private:
     PieceMemory memory;
     std::deque<PieceMemory> aheadMemory;
     KeptFiles kept;
-    std::unique_ptr<ReadAhead> ahead; // null before WillOpen
+    std::unique_ptr<ReadAhead> ahead; // null if nothing is read ahead
 };
 
 /// Why a file couldn't be read into the payload.

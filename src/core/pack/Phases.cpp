@@ -4,8 +4,14 @@
 namespace
 {
 
+/// From here on files are read ahead: not before, because the phases up to here may convert pictures for minutes, in
+/// which files can change.
 int BeginBlock(PackContext &context)
 {
+    std::vector<QByteArray> hosts;
+    ListFiles(context, hosts);
+    ListImages(context, hosts);
+    context.files.WillOpen(std::move(hosts));
     context.image.BeginBlock();
     return PACK_OK;
 }
@@ -66,10 +72,6 @@ int FailPhase(Environment &env, const char *errorLine, int code)
 int ConstructResources(PackContext &context)
 {
     Environment &env = context.Env();
-    std::vector<QByteArray> hosts;
-    ListFiles(context, hosts);
-    ListImages(context, hosts);
-    context.files.WillOpen(std::move(hosts));
     for (const Phase &phase : PHASES) {
         if (*phase.firstLine)
             env.WriteOutput("%s", phase.firstLine);

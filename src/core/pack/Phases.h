@@ -64,6 +64,7 @@ int FailPhase(Environment &env, const char *errorLine, int code);
 [[nodiscard]] int ConstructImages(PackContext &context);
 [[nodiscard]] int ConstructLayouts(PackContext &context);
 
-// Add the host paths of the files that these phases will open, in their order.
+// Add the host paths of the files that these phases will open, in their order: not of images that are converted. They
+// add nothing if a resource has no ID, with which the phase fails.
 void ListFiles(const PackContext &context, std::vector<QByteArray> &hosts);
 void ListImages(const PackContext &context, std::vector<QByteArray> &hosts);

@@ -7,8 +7,9 @@
 
 #include <QSet>
 
+#include <exception>
 #include <fcntl.h>
-#include <system_error>
+#include <new>
 #include <utility>
 
 namespace
@@ -27,6 +28,11 @@ bool Room::Take(quint64 bytes)
             return true;
     }
     return false;
+}
+
+bool ReadAhead::IsOfUse(size_t files)
+{
+    return ThreadsFor(files, FILES_WORTH_A_THREAD, MOST_THREADS) > 1;
 }
 
 ReadAhead::ReadAhead(std::vector<QByteArray> hosts, const KeptFiles &kept, quint64 largest, Room &all,
@@ -54,7 +60,8 @@ ReadAhead::ReadAhead(std::vector<QByteArray> hosts, const KeptFiles &kept, quint
                 }
             });
         }
-    } catch (const std::system_error &) { // the user has too many threads; fewer do the same
+    } catch (const std::exception &) {
+        // Too many threads, or too little memory for one more. Those that began do all the work.
     }
 }
 
@@ -72,7 +79,10 @@ bool ReadAhead::ReadOne(PieceMemory &memory)
     if (number >= entries.size())
         return false;
     Entry &entry = entries[number];
-    Read(entry, memory);
+    try {
+        Read(entry, memory);
+    } catch (const std::bad_alloc &) { // left to the pack
+    }
     entry.isDone = true;
     entry.isDone.notify_one();
     return true;
