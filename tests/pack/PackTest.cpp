@@ -126,9 +126,12 @@ TEST(Pack, IsTheSameWhetherFilesAreReadAheadOrNot)
     EXPECT_EQ(payloads[0], payloads[1]);
     EXPECT_EQ(inputs[0], inputs[1]);
 
+    const QByteArray small = "an old output that is small enough to be read ahead";
+    project.folder.Put("app.out", small);
     ASSERT_EQ(unlink("res/9"), 0);
     ASSERT_EQ(link("app.out", "res/9"), 0);
-    EXPECT_EQ(project.Pack(), PACK_SAME_FILE) << "an output is a file of the project";
+    EXPECT_EQ(project.Pack(), PACK_SAME_FILE);
+    EXPECT_EQ(project.folder.Get("res/9"), small) << "an output that is a file of the project is not written";
     ASSERT_EQ(unlink("res/9"), 0);
     EXPECT_EQ(project.Pack(), PACK_NOT_THERE);
     EXPECT_EQ(project.folder.Get("arm/app.res"), payloads[0]);
